@@ -1,0 +1,32 @@
+# Build options and the compiler flags that every target of this project shares.
+
+option(TESSARY_TESTS "Build the tests" ON)
+option(TESSARY_BENCHMARKS "Build the benchmarks" OFF)
+option(TESSARY_FUZZ "Build the libFuzzer targets (clang only)" OFF)
+option(TESSARY_COVERAGE "Measure line coverage" OFF)
+set(TESSARY_SANITIZE "" CACHE STRING "Sanitizers, as -fsanitize= takes them")
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+find_program(TESSARY_CCACHE ccache)
+if(TESSARY_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${TESSARY_CCACHE})
+endif()
+
+add_library(tessary_flags INTERFACE)
+target_compile_options(tessary_flags INTERFACE
+    -Wall -Wextra -Wconversion -Wshadow -Werror)
+target_compile_definitions(tessary_flags INTERFACE
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
+if(TESSARY_SANITIZE)
+    target_compile_options(tessary_flags INTERFACE
+        -fsanitize=${TESSARY_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(tessary_flags INTERFACE -fsanitize=${TESSARY_SANITIZE})
+endif()
+if(TESSARY_COVERAGE)
+    target_compile_options(tessary_flags INTERFACE --coverage)
+    target_link_options(tessary_flags INTERFACE --coverage)
+endif()
