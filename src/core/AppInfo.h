@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QHashFunctions>
+#include <QString>
+
+#include <functional>
+
+namespace tessary {
+
+/// One installed iOS app whose documents can be reached. A value.
+struct AppInfo {
+    QString bundleIdentifier;
+    QString displayName;
+    bool fileSharingEnabled = false;
+    bool documentsInPlace = false;
+
+    [[nodiscard]] QString id() const {
+        return bundleIdentifier;
+    }
+
+    bool operator==(const AppInfo&) const = default;
+};
+
+[[nodiscard]] inline std::size_t qHash(const AppInfo& app, std::size_t seed = 0) {
+    return qHashMulti(seed, app.bundleIdentifier, app.displayName, app.fileSharingEnabled,
+                      app.documentsInPlace);
+}
+
+} // namespace tessary
+
+template <>
+struct std::hash<tessary::AppInfo> {
+    std::size_t operator()(const tessary::AppInfo& app) const {
+        return tessary::qHash(app);
+    }
+};

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+#include <QStringView>
+
+#include <array>
+#include <optional>
+
+namespace tessary {
+
+enum class FileCategory { folder, image, video, audio, document, archive, apk, code, other };
+
+inline constexpr std::array allFileCategories{
+    FileCategory::folder, FileCategory::image,    FileCategory::video,
+    FileCategory::audio,  FileCategory::document, FileCategory::archive,
+    FileCategory::apk,    FileCategory::code,     FileCategory::other};
+
+/// The name that the user sees.
+[[nodiscard]] QString rawValue(FileCategory category);
+[[nodiscard]] std::optional<FileCategory> fileCategoryFromRawValue(const QString& text);
+[[nodiscard]] QString sfSymbol(FileCategory category);
+
+/// The category of a file by its lower-cased extension; `other` for an unknown or empty one.
+[[nodiscard]] FileCategory fileCategoryForExtension(QStringView extension);
+
+} // namespace tessary

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+#include <functional>
+
+namespace tessary {
+
+/// One storage of a device. A value; `id` is unique within one device.
+struct StorageVolume {
+    QString id;
+    QString name;
+    /// Capacity and free space in bytes. Whoever takes them from a device clamps them to the
+    /// signed 64-bit range; free may exceed total.
+    std::uint64_t totalBytes = 0;
+    std::uint64_t freeBytes = 0;
+    bool isSDCard = false;
+
+    /// 0 when more is free than there is.
+    [[nodiscard]] qint64 usedBytes() const;
+    /// Used share between 0 and 1; 0 for an unknown capacity.
+    [[nodiscard]] double usageRatio() const;
+    [[nodiscard]] QString formattedFreeSpace() const;
+    /// "<free> free of <total>", nothing clamped. Fatal for a value above the signed range.
+    [[nodiscard]] QString formattedCapacity() const;
+
+    bool operator==(const StorageVolume&) const = default;
+};
+
+[[nodiscard]] std::size_t qHash(const StorageVolume& volume, std::size_t seed = 0);
+
+} // namespace tessary
+
+template <>
+struct std::hash<tessary::StorageVolume> {
+    std::size_t operator()(const tessary::StorageVolume& volume) const {
+        return tessary::qHash(volume);
+    }
+};

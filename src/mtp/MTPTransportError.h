@@ -1,0 +1,63 @@
+#pragma once
+
+#include "platform/UsbCode.h"
+
+#include <QString>
+
+#include <exception>
+
+namespace tessary {
+
+/// The one error of the MTP library. A value; `description` is the text for people and `what()`
+/// the same in UTF-8.
+class MTPTransportError : public std::exception {
+public:
+    enum class Case {
+        underlying,
+        notConnected,
+        timeout,
+        pipeStalled,
+        exclusiveAccessDenied,
+        bufferOverflow,
+        connectionClosed,
+        invalidPacketHeader,
+    };
+
+    /// A case without a payload.
+    explicit MTPTransportError(Case kind);
+    [[nodiscard]] static MTPTransportError underlying(const QString& message);
+    /// `underlying` for a failed pipe call: `what` names it ("USB Read failed"), `code` is shown
+    /// as a signed hexadecimal number.
+    [[nodiscard]] static MTPTransportError pipe(const QString& what, UsbCode code);
+
+    [[nodiscard]] Case kind() const {
+        return kind_;
+    }
+    /// The message of `underlying`; empty for every other case.
+    [[nodiscard]] const QString& message() const {
+        return message_;
+    }
+    /// The platform's code behind a failed pipe call; usb::success for every other error.
+    [[nodiscard]] UsbCode code() const {
+        return code_;
+    }
+
+    [[nodiscard]] QString description() const;
+    [[nodiscard]] const char* what() const noexcept override {
+        return utf8_.constData();
+    }
+
+    bool operator==(const MTPTransportError& other) const {
+        return kind_ == other.kind_ && message_ == other.message_;
+    }
+
+private:
+    MTPTransportError(Case kind, QString message, UsbCode code);
+
+    Case kind_;
+    QString message_;
+    UsbCode code_ = usb::success;
+    QByteArray utf8_;
+};
+
+} // namespace tessary
