@@ -3,31 +3,51 @@
 #include <QLocale>
 
 #include <array>
-#include <cmath>
+#include <limits>
 
 namespace tessary {
 
-QString formatBytes(qint64 bytes) {
-    // Decimals shown for bytes, kB, MB and everything above.
-    static constexpr std::array<int, 4> decimals{0, 0, 1, 2};
+namespace {
 
-    // 999 999 bytes are 1.0 MB and not 1000 kB: what rounds up to the next unit is shown in it.
-    double value = std::abs(static_cast<double>(bytes));
-    std::size_t unit = 0;
-    double scale = 1;
-    for (; unit < 6; ++unit) {
-        const double step = std::pow(10.0, -decimals[std::min(unit, decimals.size() - 1)]);
-        const double shown = std::round(value / scale / step) * step;
-        if (shown < 1000)
-            break;
-        scale *= 1000;
-    }
-    if (value < scale)
-        value = scale;
-    const auto rounded = static_cast<qint64>(std::min(value, 9.2e18));
-    return QLocale().formattedDataSize(bytes < 0 ? -rounded : rounded,
-                                       decimals[std::min(unit, decimals.size() - 1)],
+struct Unit {
+    quint64 size; ///< in bytes
+    int decimals;
+};
+
+constexpr std::array<Unit, 7> units{{{1, 0},
+                                     {1'000, 0},
+                                     {1'000'000, 1},
+                                     {1'000'000'000, 2},
+                                     {1'000'000'000'000, 2},
+                                     {1'000'000'000'000'000, 2},
+                                     {1'000'000'000'000'000'000, 2}}};
+
+/// `bytes` rounded to the last decimal that the unit shows.
+quint64 rounded(quint64 bytes, const Unit& unit) {
+    quint64 step = unit.size;
+    for (int i = 0; i < unit.decimals; ++i)
+        step /= 10;
+    return (bytes + step / 2) / step * step;
+}
+
+} // namespace
+
+QString formatBytes(qint64 bytes) {
+    const quint64 magnitude =
+        bytes < 0 ? 0 - static_cast<quint64>(bytes) : static_cast<quint64>(bytes);
+    // What rounds up to the next unit is shown in it: 999 999 bytes are 1.0 MB and not 1000 kB.
+    auto unit = units.begin();
+    while (unit + 1 != units.end() && rounded(magnitude, *unit) >= (unit + 1)->size)
+        ++unit;
+    const auto shown = static_cast<qint64>(rounded(magnitude, *unit));
+    return QLocale().formattedDataSize(bytes < 0 ? -shown : shown, unit->decimals,
                                        QLocale::DataSizeSIFormat);
+}
+
+qint64 signedByteCount(std::uint64_t bytes) {
+    if (bytes > static_cast<std::uint64_t>(std::numeric_limits<qint64>::max()))
+        qFatal("a byte count is above the signed 64-bit range");
+    return static_cast<qint64>(bytes);
 }
 
 } // namespace tessary

@@ -4,7 +4,6 @@
 #include "core/RecordHash.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace tessary {
 
@@ -32,12 +31,6 @@ constexpr std::array modeTable{
     ModeRow{ProtocolMode::mtp, QLatin1StringView("Standard MTP")},
     ModeRow{ProtocolMode::adbTurbo, QLatin1StringView("Turbo Mode (ADB)")},
 };
-
-qint64 toSigned(std::uint64_t bytes) {
-    if (bytes > static_cast<std::uint64_t>(std::numeric_limits<qint64>::max()))
-        qFatal("storage size above the signed 64-bit range");
-    return static_cast<qint64>(bytes);
-}
 
 } // namespace
 
@@ -91,8 +84,8 @@ std::optional<QString> DeviceInfo::formattedStorageSummary() const {
     qint64 total = 0;
     qint64 free = 0;
     if (platform == DevicePlatform::android && !volumes.empty()) {
-        total = toSigned(volumes.front().totalBytes);
-        free = toSigned(volumes.front().freeBytes);
+        total = signedByteCount(volumes.front().totalBytes);
+        free = signedByteCount(volumes.front().freeBytes);
     } else {
         if (!freeStorageBytes || !totalStorageBytes)
             return std::nullopt;

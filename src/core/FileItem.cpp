@@ -23,9 +23,11 @@ QString FileItem::id() const {
 }
 
 QString FileItem::fileExtension() const {
-    // Like a path extension: a leading dot starts a hidden name, not an extension.
-    const qsizetype dot = name.lastIndexOf(QLatin1Char('.'));
-    return dot <= 0 ? QString() : name.mid(dot + 1).toLower();
+    // Like a path extension: a leading dot starts a hidden name, not an extension. A hostile name
+    // may hold slashes.
+    const QStringView last = QStringView(name).mid(name.lastIndexOf(QLatin1Char('/')) + 1);
+    const qsizetype dot = last.lastIndexOf(QLatin1Char('.'));
+    return dot <= 0 ? QString() : last.mid(dot + 1).toString().toLower();
 }
 
 FileCategory FileItem::category() const {

@@ -4,22 +4,10 @@
 
 #include <QHashFunctions>
 
-#include <limits>
-
 namespace tessary {
 
-namespace {
-
-qint64 toSigned(std::uint64_t bytes) {
-    if (bytes > static_cast<std::uint64_t>(std::numeric_limits<qint64>::max()))
-        qFatal("storage size above the signed 64-bit range");
-    return static_cast<qint64>(bytes);
-}
-
-} // namespace
-
 qint64 StorageVolume::usedBytes() const {
-    return totalBytes < freeBytes ? 0 : toSigned(totalBytes - freeBytes);
+    return totalBytes < freeBytes ? 0 : signedByteCount(totalBytes - freeBytes);
 }
 
 double StorageVolume::usageRatio() const {
@@ -28,11 +16,11 @@ double StorageVolume::usageRatio() const {
 }
 
 QString StorageVolume::formattedFreeSpace() const {
-    return formatBytes(toSigned(freeBytes)) + QStringLiteral(" free");
+    return formatBytes(signedByteCount(freeBytes)) + QStringLiteral(" free");
 }
 
 QString StorageVolume::formattedCapacity() const {
-    return formattedFreeSpace() + QStringLiteral(" of ") + formatBytes(toSigned(totalBytes));
+    return formattedFreeSpace() + QStringLiteral(" of ") + formatBytes(signedByteCount(totalBytes));
 }
 
 std::size_t qHash(const StorageVolume& volume, std::size_t seed) {

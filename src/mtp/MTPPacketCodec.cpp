@@ -59,14 +59,70 @@ private:
     std::size_t at_;
 };
 
-std::optional<QDateTime> firstMatch(const QString& text,
-                                    std::span<const QLatin1StringView> formats) {
-    for (const QLatin1StringView format : formats) {
-        const QDateTime date = QLocale::c().toDateTime(text, format);
-        if (date.isValid())
-            return date;
+/// A date and time in local time. In the hour that a change to summer time leaves out, clocks that
+/// were not changed yet are right: QDateTime has no value there.
+QDateTime localDate(QDate date, QTime time) {
+    const QDateTime local(date, time);
+    if (local.isValid() || !date.isValid() || !time.isValid())
+        return local;
+    const int offset = QDateTime(date.addDays(-1), time).offsetFromUtc();
+    return QDateTime(date, time, Qt::UTC).addSecs(-offset).toLocalTime();
+}
+
+/// The digits after the dot of a date, as milliseconds.
+std::optional<int> milliseconds(QStringView digits) {
+    int value = 0;
+    int weight = 100;
+    for (const QChar c : digits) {
+        if (c < QLatin1Char('0') || c > QLatin1Char('9'))
+            return std::nullopt;
+        value += weight * (c.unicode() - u'0');
+        weight /= 10;
     }
-    return std::nullopt;
+    return digits.isEmpty() ? std::nullopt : std::optional(value);
+}
+
+/// The date in `text` when it looks like `pattern`: a letter of "yMdHms" stands for one digit, a
+/// final "S" for one or more, anything else for itself. By hand since a listing parses two dates a
+/// file, and QLocale takes longer for them than for all the rest.
+std::optional<QDateTime> matchDate(QStringView text, QLatin1StringView pattern) {
+    constexpr QLatin1StringView letters("yMdHms");
+    std::array<int, 6> fields{};
+    const bool hasFraction = pattern.endsWith(QLatin1Char('S'));
+    const qsizetype fixedSize = pattern.size() - (hasFraction ? 1 : 0);
+    if (hasFraction ? text.size() < fixedSize : text.size() != fixedSize)
+        return std::nullopt;
+    for (qsizetype i = 0; i < fixedSize; ++i) {
+        const qsizetype letter = letters.indexOf(pattern[i]);
+        const QChar c = text[i];
+        if (letter < 0 ? c != pattern[i] : c < QLatin1Char('0') || c > QLatin1Char('9'))
+            return std::nullopt;
+        if (letter >= 0) {
+            int& field = fields[static_cast<std::size_t>(letter)];
+            field = 10 * field + (c.unicode() - u'0');
+        }
+    }
+    const auto fraction = hasFraction ? milliseconds(text.mid(fixedSize)) : std::optional(0);
+    if (!fraction)
+        return std::nullopt;
+    const auto [year, month, day, hour, minute, second] = fields;
+    const QDateTime date =
+        localDate(QDate(year, month, day), QTime(hour, minute, second, *fraction));
+    return date.isValid() ? std::optional(date) : std::nullopt;
+}
+
+/// ISO 8601, also in its basic form with a time zone ("20240131T235959Z").
+std::optional<QDateTime> isoDate(QString text) {
+    // Only whole date-times: the parser would also take a lone date.
+    const qsizetype separator = text.indexOf(QLatin1Char('T'));
+    if (separator < 0)
+        return std::nullopt;
+    if (separator == 8 && text.size() > 15) {
+        for (const auto& [at, mark] : {std::pair{13, u':'}, {11, u':'}, {6, u'-'}, {4, u'-'}})
+            text.insert(at, QChar(mark));
+    }
+    const QDateTime date = QDateTime::fromString(text, Qt::ISODate);
+    return date.isValid() ? std::optional(date) : std::nullopt;
 }
 
 } // namespace
@@ -217,26 +273,20 @@ std::optional<std::pair<QString, std::size_t>> MTPPacketCodec::decodeString(Byte
 }
 
 std::optional<QDateTime> MTPPacketCodec::parseMTPDate(const QString& text) {
-    static constexpr std::array fractional{QLatin1StringView("yyyyMMdd'T'HHmmss.z"),
-                                           QLatin1StringView("yyyy-MM-dd'T'HH:mm:ss.z")};
-    static constexpr std::array whole{QLatin1StringView("yyyyMMdd'T'HHmmss"),
-                                      QLatin1StringView("yyyy-MM-dd'T'HH:mm:ss")};
-    static constexpr std::array blank{QLatin1StringView("yyyy-MM-dd HH:mm:ss")};
+    static constexpr std::array fractional{QLatin1StringView("yyyyMMddTHHmmss.S"),
+                                           QLatin1StringView("yyyy-MM-ddTHH:mm:ss.S")};
+    static constexpr std::array whole{QLatin1StringView("yyyyMMddTHHmmss"),
+                                      QLatin1StringView("yyyy-MM-ddTHH:mm:ss"),
+                                      QLatin1StringView("yyyy-MM-dd HH:mm:ss")};
 
     const QString trimmed = text.trimmed();
-    if (trimmed.isEmpty())
-        return std::nullopt;
-    if (trimmed.contains(QLatin1Char('.')))
-        return firstMatch(trimmed, fractional);
-    if (const auto date = firstMatch(trimmed, whole))
-        return date;
-    // Only whole date-times: the parser would also take a lone date.
-    if (trimmed.contains(QLatin1Char('T'))) {
-        const QDateTime date = QDateTime::fromString(trimmed, Qt::ISODate);
-        if (date.isValid())
+    const bool hasFraction = trimmed.contains(QLatin1Char('.'));
+    for (const QLatin1StringView pattern : hasFraction
+                                               ? std::span<const QLatin1StringView>(fractional)
+                                               : std::span<const QLatin1StringView>(whole))
+        if (const auto date = matchDate(trimmed, pattern))
             return date;
-    }
-    return firstMatch(trimmed, blank);
+    return hasFraction ? std::nullopt : isoDate(trimmed);
 }
 
 QString MTPPacketCodec::formatMTPDate(const QDateTime& date) {

@@ -71,7 +71,9 @@ public:
     [[nodiscard]] static std::optional<std::pair<QString, std::size_t>>
     decodeString(ByteView from, std::size_t at);
 
-    /// Dates are texts in local time, such as "20240131T235959" or "2024-01-31 23:59:59".
+    /// Dates are texts in local time ("20240131T235959", "2024-01-31T23:59:59", both also with a
+    /// fraction of a second, and "2024-01-31 23:59:59") or ISO 8601 with a time zone. No value for
+    /// anything else. White space around them does not count.
     [[nodiscard]] static std::optional<QDateTime> parseMTPDate(const QString& text);
     /// "yyyyMMddTHHmmss" in local time.
     [[nodiscard]] static QString formatMTPDate(const QDateTime& date);

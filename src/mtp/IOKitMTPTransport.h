@@ -1,0 +1,72 @@
+#pragma once
+
+#include "mtp/MTPInterfaceConnection.h"
+#include "mtp/MTPTransport.h"
+#include "platform/UsbBus.h"
+
+#include <memory>
+#include <mutex>
+
+namespace tessary {
+
+/// MTP containers over the bulk pipes of one USB device.
+///
+/// open() fails with `notConnected` when no such device or no usable interface is there, with
+/// `exclusiveAccessDenied` when another program holds it, and with `underlying` otherwise.
+class IOKitMTPTransport final : public MTPTransportProtocol {
+public:
+    static constexpr std::size_t writeChunkSize = 0x40000;
+
+    /// `bus` must outlive the transport.
+    IOKitMTPTransport(UsbBus& bus, MTPDeviceAddress address);
+    /// Any device with these IDs.
+    IOKitMTPTransport(UsbBus& bus, std::uint32_t vendorID, std::uint32_t productID);
+    ~IOKitMTPTransport() override;
+
+    void open() override;
+    void close() override;
+    using MTPTransportProtocol::send;
+    void send(ByteView data, const MTPByteProgress& progress) override;
+    [[nodiscard]] Bytes receive(std::size_t maxBytes) override;
+    using MTPTransportProtocol::receivePacket;
+    [[nodiscard]] MTPPacket receivePacket(std::chrono::milliseconds patience) override;
+    void sendContainer(const MTPContainerHeader& header, std::uint64_t payloadSize,
+                       const MTPDataSource& source, const MTPStreamOptions& options) override;
+    [[nodiscard]] MTPPacket receiveContainer(const MTPDataSink& sink,
+                                             const MTPStreamOptions& options) override;
+    void recover(std::uint32_t transactionID, MTPDataPhase phase) noexcept override;
+
+private:
+    void requireOpen() const;
+    void write(ByteView chunk);
+    [[nodiscard]] UsbCode readOnce(UsbTimeouts timeouts);
+    [[noreturn]] void failRead(UsbCode code);
+    void fill(std::size_t count);
+    [[nodiscard]] Bytes take(std::size_t count);
+    [[nodiscard]] MTPContainerHeader receiveHeader(std::chrono::milliseconds patience);
+    void awaitFirstByte(std::chrono::milliseconds patience);
+    void skipStrayByte();
+    void receivePayload(std::uint64_t size, const MTPDataSink& sink,
+                        const MTPStreamOptions& options);
+    void receiveUntilShortPacket(const MTPDataSink& sink, const MTPStreamOptions& options);
+    [[nodiscard]] UsbCode requestCancel(std::uint32_t transactionID);
+    void endDataPhase();
+    void drain();
+    void forget();
+
+    UsbBus& bus_;
+    const MTPDeviceAddress address_;
+
+    std::mutex mutex_; ///< held during each public call; guards everything below
+    std::optional<MTPInterfaceConnection> connection_; ///< while open
+    Bytes incomingStream_;                             ///< read from the device, not handed out yet
+    /// The last container carried data, and the last read was filled to its end: a zero-length
+    /// packet that comes next is the end of that data phase.
+    bool afterData_ = false;
+    bool lastReadWasFull_ = false;
+    /// The data container that is being sent, and how much of it the device has.
+    MTPContainerHeader outgoing_;
+    std::uint64_t outgoingWritten_ = 0;
+};
+
+} // namespace tessary

@@ -1,0 +1,388 @@
+#include "mtp/MTPClient.h"
+
+#include "core/LittleEndian.h"
+#include "mtp/MTPPacketCodec.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace tessary {
+
+namespace {
+
+constexpr std::uint16_t rawOk = static_cast<std::uint16_t>(MTPResponseCode::ok);
+constexpr std::uint16_t rawAlreadyOpen =
+    static_cast<std::uint16_t>(MTPResponseCode::sessionAlreadyOpen);
+constexpr std::uint32_t full32Bits = 0xFFFFFFFF;
+
+QString hexadecimal(std::uint16_t code) {
+    return QString::number(code, 16).toUpper();
+}
+
+bool isData(const MTPPacket& packet) {
+    return packet.header.type == MTPContainerType::data;
+}
+
+bool isResponse(const MTPPacket& packet) {
+    return packet.header.type == MTPContainerType::response;
+}
+
+MTPTransportError refusal(const QString& failure, std::uint16_t code) {
+    return MTPTransportError::underlying(failure + hexadecimal(code));
+}
+
+/// The object handle among the parameters of a SendObjectInfo response: storage, parent, object.
+std::uint32_t announcedHandle(const MTPPacket& response) {
+    return response.payload.size() < 12 ? 0 : readLittleEndian<std::uint32_t>(response.payload, 8);
+}
+
+} // namespace
+
+MTPClient::MTPClient(std::unique_ptr<MTPTransportProtocol> transport)
+    : transport_(std::move(transport)) {}
+
+MTPClient::~MTPClient() {
+    transport_->close();
+}
+
+std::uint32_t MTPClient::sendCommand(MTPOperationCode operation, Parameters parameters) {
+    // What a failed transaction left in the pipe must not be taken for the answer to this one.
+    if (!isSettled_)
+        transport_->recover(transactionIDCounter_ - 1, MTPDataPhase::toHost);
+    const std::uint32_t transactionID = transactionIDCounter_++;
+    isSettled_ = false;
+    transport_->send(MTPPacketCodec::buildCommandPacket(operation, transactionID, parameters));
+    return transactionID;
+}
+
+void MTPClient::sendData(MTPOperationCode operation, std::uint32_t transactionID,
+                         ByteView payload) {
+    transport_->send(MTPPacketCodec::buildDataPacket(operation, transactionID, payload));
+}
+
+/// The last container of a transaction.
+MTPPacket MTPClient::receiveResponse(std::chrono::milliseconds patience) {
+    MTPPacket response = transport_->receivePacket(patience);
+    isSettled_ = true;
+    return response;
+}
+
+/// The first container of a transaction with a data phase, which a refusal takes the place of.
+MTPPacket MTPClient::receiveFirst() {
+    MTPPacket first = transport_->receivePacket();
+    isSettled_ = isResponse(first);
+    return first;
+}
+
+/// Reads a response whose content no longer matters.
+void MTPClient::skipResponse() {
+    try {
+        (void)receiveResponse();
+    } catch (const MTPTransportError&) {
+        // The failure that led here is the one to report.
+    }
+}
+
+void MTPClient::expectOk(const QString& failure, std::chrono::milliseconds patience) {
+    const MTPPacket response = receiveResponse(patience);
+    if (response.header.code != rawOk)
+        throw refusal(failure, response.header.code);
+}
+
+void MTPClient::openSession(std::uint32_t sessionID) {
+    const std::scoped_lock lock(mutex_);
+    transport_->open();
+    isSettled_ = true;
+    sessionID_ = sessionID;
+    MTPPacket response = openSessionAnswer();
+    if (response.header.code == rawAlreadyOpen) {
+        sendCommand(MTPOperationCode::closeSession, {});
+        (void)receiveResponse();
+        sendCommand(MTPOperationCode::openSession, {sessionID_});
+        response = receiveResponse();
+        if (response.header.code == rawAlreadyOpen)
+            response.header.code = rawOk;
+    }
+    if (response.header.code != rawOk)
+        throw refusal(QStringLiteral("OpenSession failed with code 0x"), response.header.code);
+    isOpen_ = true;
+}
+
+/// The device's answer to OpenSession. A client that died in mid-transfer leaves data in the pipe;
+/// what is no response makes room for one more try.
+MTPPacket MTPClient::openSessionAnswer() {
+    const std::uint32_t transactionID = sendCommand(MTPOperationCode::openSession, {sessionID_});
+    bool stale = false;
+    MTPPacket answer;
+    try {
+        answer = receiveResponse();
+        stale = !isResponse(answer);
+    } catch (const MTPTransportError& error) {
+        if (error.kind() != MTPTransportError::Case::timeout &&
+            error.kind() != MTPTransportError::Case::invalidPacketHeader)
+            throw;
+        stale = true;
+    }
+    if (!stale)
+        return answer;
+    transport_->recover(transactionID, MTPDataPhase::toHost);
+    isSettled_ = true;
+    sendCommand(MTPOperationCode::openSession, {sessionID_});
+    return receiveResponse();
+}
+
+void MTPClient::closeSession() {
+    const std::scoped_lock lock(mutex_);
+    if (!isOpen_)
+        return;
+    try {
+        // A device that has just failed is not asked for more: the next client finds the session
+        // open and closes it.
+        if (isSettled_) {
+            sendCommand(MTPOperationCode::closeSession, {});
+            (void)receiveResponse();
+        } else {
+            transport_->recover(transactionIDCounter_ - 1, MTPDataPhase::toHost);
+        }
+    } catch (const MTPTransportError&) {
+        // The device may be gone; its session ends with it.
+    }
+    isSettled_ = true;
+    transport_->close();
+    isOpen_ = false;
+}
+
+std::vector<std::uint32_t> MTPClient::getStorageIDs() {
+    const std::scoped_lock lock(mutex_);
+    sendCommand(MTPOperationCode::getStorageIDs, {});
+    const MTPPacket first = receiveFirst();
+    if (isResponse(first) && first.header.code == rawOk)
+        return {};
+    if (!isData(first)) {
+        const MTPContainerHeader& header = first.header;
+        const QString type = mtpContainerTypeName(header.type);
+        std::printf("Received unexpected packet instead of DATA: length=%u, type=%s, code=0x%s, "
+                    "txID=%u\n",
+                    header.length, qUtf8Printable(type), qUtf8Printable(hexadecimal(header.code)),
+                    header.transactionID);
+        throw MTPTransportError::underlying(
+            QStringLiteral("Expected data packet for GetStorageIDs (got type %1, code 0x%2)")
+                .arg(type, hexadecimal(header.code)));
+    }
+    expectOk(QStringLiteral("GetStorageIDs failed: 0x"));
+    return MTPPacketCodec::decodeStorageIDs(first.payload);
+}
+
+/// The payload of a data container, or no value when the device sent something else. The response
+/// has not been read.
+std::optional<Bytes> MTPClient::receiveDataset() {
+    MTPPacket first = receiveFirst();
+    if (!isData(first))
+        return std::nullopt;
+    return std::move(first.payload);
+}
+
+MTPStorageInfo MTPClient::getStorageInfo(std::uint32_t storageID) {
+    const std::scoped_lock lock(mutex_);
+    sendCommand(MTPOperationCode::getStorageInfo, {storageID});
+    const auto dataset = receiveDataset();
+    const auto info =
+        dataset ? MTPPacketCodec::decodeStorageInfo(*dataset, storageID) : std::nullopt;
+    if (!info) {
+        if (dataset)
+            skipResponse();
+        throw MTPTransportError::underlying(QStringLiteral("Failed to parse StorageInfo"));
+    }
+    expectOk(QStringLiteral("GetStorageInfo response error: 0x"));
+    return *info;
+}
+
+std::optional<int> MTPClient::getBatteryLevel() {
+    const std::scoped_lock lock(mutex_);
+    sendCommand(MTPOperationCode::getDevicePropValue, {mtpBatteryLevelProperty});
+    const auto value = receiveDataset();
+    if (!value)
+        return std::nullopt;
+    const MTPPacket response = receiveResponse();
+    if (value->empty() || response.header.code != rawOk)
+        return std::nullopt;
+    return static_cast<int>(value->front());
+}
+
+std::vector<std::uint32_t> MTPClient::getObjectHandles(std::uint32_t storageID,
+                                                       std::uint32_t parentHandle) {
+    const std::scoped_lock lock(mutex_);
+    sendCommand(MTPOperationCode::getObjectHandles, {storageID, 0, parentHandle});
+    const MTPPacket first = receiveFirst();
+    const QString failure = QStringLiteral("GetObjectHandles failed: 0x");
+    if (isResponse(first) && first.header.code != rawOk)
+        throw refusal(failure, first.header.code);
+    if (!isResponse(first))
+        expectOk(failure);
+    return MTPPacketCodec::decodeObjectHandles(first.payload);
+}
+
+MTPObjectInfo MTPClient::getObjectInfo(std::uint32_t handle) {
+    const std::scoped_lock lock(mutex_);
+    sendCommand(MTPOperationCode::getObjectInfo, {handle});
+    const auto dataset = receiveDataset();
+    auto info = dataset ? MTPPacketCodec::decodeObjectInfo(*dataset, handle) : std::nullopt;
+    if (!info) {
+        if (dataset)
+            skipResponse();
+        throw MTPTransportError::underlying(
+            QStringLiteral("Failed to parse ObjectInfo for handle %1").arg(handle));
+    }
+    expectOk(QStringLiteral("GetObjectInfo failed: 0x"));
+    if (info->compressedSize == full32Bits)
+        info->true64BitSize = objectSizeLocked(handle);
+    return *info;
+}
+
+std::optional<std::uint64_t> MTPClient::getObjectSize(std::uint32_t handle) {
+    const std::scoped_lock lock(mutex_);
+    return objectSizeLocked(handle);
+}
+
+std::optional<std::uint64_t> MTPClient::objectSizeLocked(std::uint32_t handle) {
+    if (!objectSizeSupported_)
+        return std::nullopt;
+    sendCommand(MTPOperationCode::getObjectPropValue,
+                {handle, static_cast<std::uint32_t>(MTPObjectProperty::objectSize)});
+    const MTPPacket first = receiveFirst();
+    if (!isData(first)) {
+        // All but the refusal of this one handle holds for every other object as well.
+        objectSizeSupported_ =
+            first.header.code == static_cast<std::uint16_t>(MTPResponseCode::invalidObjectHandle);
+        return std::nullopt;
+    }
+    const MTPPacket response = receiveResponse();
+    if (response.header.code != rawOk || first.payload.size() < sizeof(std::uint64_t))
+        return std::nullopt;
+    return readLittleEndian<std::uint64_t>(first.payload, 0);
+}
+
+Bytes MTPClient::getObject(std::uint32_t handle) {
+    Bytes bytes;
+    getObject(handle,
+              [&bytes](ByteView more) { bytes.insert(bytes.end(), more.begin(), more.end()); });
+    return bytes;
+}
+
+std::uint64_t MTPClient::getObject(std::uint32_t handle, const MTPDataSink& sink,
+                                   const MTPStreamOptions& options) {
+    const std::scoped_lock lock(mutex_);
+    const QString failure = QStringLiteral("GetObject failed: 0x");
+    const std::uint32_t transactionID = sendCommand(MTPOperationCode::getObject, {handle});
+    std::uint64_t received = 0;
+    const MTPDataSink countingSink = [&](ByteView bytes) {
+        sink(bytes);
+        received += bytes.size();
+    };
+    MTPPacket first;
+    try {
+        first = transport_->receiveContainer(countingSink, options);
+        isSettled_ = isResponse(first);
+        // Whatever a device calls the container, its payload is the data phase.
+        if (!isResponse(first) && !first.payload.empty())
+            countingSink(first.payload);
+    } catch (...) {
+        transport_->recover(transactionID, MTPDataPhase::toHost);
+        isSettled_ = true;
+        throw;
+    }
+    if (isResponse(first) && first.header.code != rawOk)
+        throw refusal(failure, first.header.code);
+    if (!isResponse(first))
+        expectOk(failure);
+    return received;
+}
+
+/// Phase one of an upload, and the whole of making a folder.
+std::uint32_t MTPClient::sendObjectInfo(const MTPObjectInfo& info, const QString& failure) {
+    const std::uint32_t transactionID =
+        sendCommand(MTPOperationCode::sendObjectInfo, {info.storageID, info.parentObject});
+    sendData(MTPOperationCode::sendObjectInfo, transactionID,
+             MTPPacketCodec::encodeObjectInfo(info));
+    const MTPPacket response = receiveResponse();
+    if (response.header.code != rawOk)
+        throw refusal(failure, response.header.code);
+    return announcedHandle(response);
+}
+
+std::uint32_t MTPClient::sendObject(ByteView data, const QString& filename,
+                                    std::uint32_t parentHandle, std::uint32_t storageID,
+                                    const MTPByteProgress& progress) {
+    const MTPDataSource source = [rest = data](std::span<std::byte> buffer) mutable {
+        const std::size_t count = std::min(buffer.size(), rest.size());
+        std::copy_n(rest.begin(), count, buffer.begin());
+        rest = rest.subspan(count);
+        return count;
+    };
+    MTPStreamOptions options;
+    options.progress = progress;
+    return sendObject(source, data.size(), filename, parentHandle, storageID, options);
+}
+
+std::uint32_t MTPClient::sendObject(const MTPDataSource& source, std::uint64_t size,
+                                    const QString& filename, std::uint32_t parentHandle,
+                                    std::uint32_t storageID, const MTPStreamOptions& options) {
+    const std::scoped_lock lock(mutex_);
+    MTPObjectInfo info;
+    info.storageID = storageID;
+    info.parentObject = parentHandle;
+    info.filename = filename;
+    info.compressedSize = static_cast<std::uint32_t>(std::min<std::uint64_t>(size, full32Bits));
+    const std::uint32_t handle = sendObjectInfo(info, QStringLiteral("SendObjectInfo failed: 0x"));
+
+    const std::uint32_t transactionID = sendCommand(MTPOperationCode::sendObject, {});
+    MTPContainerHeader header;
+    header.type = MTPContainerType::data;
+    header.code = static_cast<std::uint16_t>(MTPOperationCode::sendObject);
+    header.transactionID = transactionID;
+    header.length = static_cast<std::uint32_t>(
+        std::min<std::uint64_t>(size, full32Bits - MTPContainerHeader::size) +
+        MTPContainerHeader::size);
+    MTPPacket response;
+    try {
+        transport_->sendContainer(header, size, source, options);
+        response = receiveResponse(workPatience);
+    } catch (...) {
+        transport_->recover(transactionID, MTPDataPhase::toDevice);
+        isSettled_ = true;
+        throw;
+    }
+    if (response.header.code != rawOk)
+        throw refusal(QStringLiteral("SendObject failed: 0x"), response.header.code);
+    return handle;
+}
+
+std::uint32_t MTPClient::createFolder(const QString& name, std::uint32_t parentHandle,
+                                      std::uint32_t storageID) {
+    const std::scoped_lock lock(mutex_);
+    MTPObjectInfo info;
+    info.storageID = storageID;
+    info.objectFormat = MTPObjectFormat::associationFolder;
+    info.parentObject = parentHandle;
+    info.associationType = 1; // generic folder
+    info.filename = name;
+    return sendObjectInfo(info, QStringLiteral("CreateFolder failed: 0x"));
+}
+
+void MTPClient::renameObject(std::uint32_t handle, const QString& newName) {
+    const std::scoped_lock lock(mutex_);
+    const std::uint32_t transactionID =
+        sendCommand(MTPOperationCode::setObjectPropValue,
+                    {handle, static_cast<std::uint32_t>(MTPObjectProperty::objectFileName)});
+    sendData(MTPOperationCode::setObjectPropValue, transactionID,
+             MTPPacketCodec::encodeString(newName));
+    expectOk(QStringLiteral("RenameObject failed: 0x"));
+}
+
+void MTPClient::deleteObject(std::uint32_t handle) {
+    const std::scoped_lock lock(mutex_);
+    sendCommand(MTPOperationCode::deleteObject, {handle, 0});
+    expectOk(QStringLiteral("DeleteObject failed: 0x"), workPatience);
+}
+
+} // namespace tessary
