@@ -59,11 +59,14 @@ private:
     std::size_t at_;
 };
 
-/// A date and time in local time. In the hour that a change to summer time leaves out, clocks that
-/// were not changed yet are right: QDateTime has no value there.
-QDateTime localDate(QDate date, QTime time) {
+/// A date and time in local time; no value when there is no such day or time. In the hour that a
+/// change to summer time leaves out, where QDateTime has no value, it is the time of a clock that
+/// was not put forward yet.
+std::optional<QDateTime> localDate(QDate date, QTime time) {
+    if (!date.isValid() || !time.isValid())
+        return std::nullopt;
     const QDateTime local(date, time);
-    if (local.isValid() || !date.isValid() || !time.isValid())
+    if (local.isValid())
         return local;
     const int offset = QDateTime(date.addDays(-1), time).offsetFromUtc();
     return QDateTime(date, time, Qt::UTC).addSecs(-offset).toLocalTime();
@@ -106,9 +109,7 @@ std::optional<QDateTime> matchDate(QStringView text, QLatin1StringView pattern) 
     if (!fraction)
         return std::nullopt;
     const auto [year, month, day, hour, minute, second] = fields;
-    const QDateTime date =
-        localDate(QDate(year, month, day), QTime(hour, minute, second, *fraction));
-    return date.isValid() ? std::optional(date) : std::nullopt;
+    return localDate(QDate(year, month, day), QTime(hour, minute, second, *fraction));
 }
 
 /// ISO 8601, also in its basic form with a time zone ("20240131T235959Z").

@@ -1,0 +1,336 @@
+#include "mtp/MTPPacketCodec.h"
+#include "mtp/HexBytes.h"
+#include "support/QtPrinters.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+namespace tessary {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// Written by hand from the layouts, so that encoder and decoder cannot share a mistake.
+const Bytes header = hexBytes("10000000 0300 0120 78563412");
+const Bytes handles = hexBytes("03000000 01000000 FFFFFFFF 78563412");
+const Bytes sdCard = hexBytes("0400 0200 0100 0000000800000000 FFFFFFFF01000000 40000000"
+                              "08 'SD card' 0000 05 'A-12' 0000");
+const Bytes photo = hexBytes("01000100 0138 0100 40420F00 0838 00100000 A0000000 78000000"
+                             "A00F0000 B80B0000 18000000 07000000 0200 03000000 09000000"
+                             "06 'a.jpg' 0000"
+                             "10 '20240131T235958' 0000"
+                             "12 '20240201T000102.5' 0000"
+                             "04 'sun' 0000");
+
+const std::pair<const char*, Bytes> vectors[] = {
+    {"header", header}, {"handles", handles}, {"storage info", sdCard}, {"object info", photo}};
+
+QDateTime local(int year, int month, int day, int hour, int minute, int second, int ms = 0) {
+    return {QDate(year, month, day), QTime(hour, minute, second, ms)};
+}
+
+TEST(MTPHeader, isTwelveLittleEndianBytes) {
+    const MTPContainerHeader response{16, MTPContainerType::response, 0x2001, 0x12345678};
+    EXPECT_EQ(MTPPacketCodec::encodeHeader(response), header);
+    EXPECT_EQ(MTPPacketCodec::decodeHeader(header), response);
+}
+
+TEST(MTPHeader, anyLengthFieldIsKeptAsItIs) {
+    const std::pair<const char*, std::uint32_t> rows[] = {
+        {"00000000", 0},  {"0B000000", 11},         {"0C000000", 12},
+        {"0D000000", 13}, {"FFFFFF7F", 0x7FFFFFFF}, {"FFFFFFFF", 0xFFFFFFFF}};
+    for (const auto& [bytes, length] : rows) {
+        Bytes container = hexBytes(bytes);
+        container.insert(container.end(), header.begin() + 4, header.end());
+        const auto decoded = MTPPacketCodec::decodeHeader(container);
+        ASSERT_TRUE(decoded) << bytes;
+        EXPECT_EQ(decoded->length, length);
+    }
+}
+
+TEST(MTPHeader, typeOutOfRangeIsUndefined) {
+    const std::pair<const char*, MTPContainerType> rows[] = {
+        {"0000", MTPContainerType::undefined}, {"0400", MTPContainerType::event},
+        {"0500", MTPContainerType::undefined}, {"0700", MTPContainerType::undefined},
+        {"0103", MTPContainerType::undefined}, {"FFFF", MTPContainerType::undefined}};
+    for (const auto& [type, expected] : rows) {
+        const Bytes container = hexBytes("0C000000" + std::string(type) + "FFFF 00000000");
+        const auto decoded = MTPPacketCodec::decodeHeader(container);
+        ASSERT_TRUE(decoded) << type;
+        EXPECT_EQ(decoded->type, expected) << type;
+        EXPECT_EQ(decoded->code, 0xFFFF);
+    }
+}
+
+TEST(MTPContainers, commandCarriesItsParameters) {
+    EXPECT_EQ(MTPPacketCodec::buildCommandPacket(MTPOperationCode::closeSession, 7, {}),
+              hexBytes("0C000000 0100 0310 07000000"));
+    const std::uint32_t parameters[] = {0x00010001, 0, 0xFFFFFFFF};
+    EXPECT_EQ(MTPPacketCodec::buildCommandPacket(MTPOperationCode::getObjectHandles, 0x01020304,
+                                                 parameters),
+              hexBytes("18000000 0100 0710 04030201 01000100 00000000 FFFFFFFF"));
+}
+
+TEST(MTPContainers, dataCarriesItsPayload) {
+    EXPECT_EQ(MTPPacketCodec::buildDataPacket(MTPOperationCode::sendObject, 2, {}),
+              hexBytes("0C000000 0200 0D10 02000000"));
+    EXPECT_EQ(MTPPacketCodec::buildDataPacket(MTPOperationCode::setObjectPropValue, 2,
+                                              hexBytes("00 'a' 0000")),
+              hexBytes("11000000 0200 0498 02000000 00 'a' 0000"));
+}
+
+TEST(MTPContainers, lengthBeyond32BitsIsFatal) {
+    // Never read: the length is refused first.
+    const ByteView tooLong(header.data(), 0xFFFFFFFF - 11);
+    EXPECT_DEATH((void)MTPPacketCodec::buildDataPacket(MTPOperationCode::sendObject, 1, tooLong),
+                 "32-bit");
+}
+
+TEST(MTPArrays, wholeArraysAreReadAndOthersAreEmpty) {
+    EXPECT_THAT(MTPPacketCodec::decodeObjectHandles(handles),
+                ElementsAre(1U, 0xFFFFFFFFU, 0x12345678U));
+    EXPECT_THAT(MTPPacketCodec::decodeStorageIDs(hexBytes("01000000 01000100 AA")),
+                ElementsAre(0x00010001U));
+    const std::pair<const char*, const char*> rows[] = {
+        {"count of 0", "00000000 01000000"},
+        {"count says 3, two are there", "03000000 01000000 02000000"},
+        {"a byte is missing", "01000000 010000"},
+        {"4 x count wraps to 0", "00000040 01000000"},
+        {"4 x count wraps to 4", "01000040 01000000"},
+        {"largest count", "FFFFFFFF 01000000 02000000"},
+    };
+    for (const auto& [name, bytes] : rows) {
+        EXPECT_THAT(MTPPacketCodec::decodeObjectHandles(hexBytes(bytes)), IsEmpty()) << name;
+        EXPECT_THAT(MTPPacketCodec::decodeStorageIDs(hexBytes(bytes)), IsEmpty()) << name;
+    }
+}
+
+TEST(MTPStrings, lengthByteCountsTheTerminator) {
+    EXPECT_EQ(MTPPacketCodec::encodeString(QString()), hexBytes("00"));
+    EXPECT_EQ(MTPPacketCodec::encodeString(QStringLiteral("ab")), hexBytes("03 'ab' 0000"));
+    EXPECT_EQ(MTPPacketCodec::encodeString(QStringLiteral("\U0001F600")),
+              hexBytes("03 3DD8 00DE 0000"));
+}
+
+TEST(MTPStrings, longTextIsCutAt254Units) {
+    const std::tuple<int, int, std::size_t> rows[] = {
+        {254, 255, 511}, {255, 255, 511}, {300, 255, 511}, {253, 254, 509}};
+    for (const auto& [units, lengthByte, size] : rows) {
+        const Bytes encoded = MTPPacketCodec::encodeString(QString(units, QLatin1Char('x')));
+        ASSERT_EQ(encoded.size(), size) << units;
+        EXPECT_EQ(std::to_integer<int>(encoded[0]), lengthByte) << units;
+        EXPECT_EQ(encoded[size - 2], std::byte{0}) << units;
+        EXPECT_EQ(encoded[size - 1], std::byte{0}) << units;
+    }
+    // The cut may split a character: the codec does not look at characters.
+    const QString text = QString(253, QLatin1Char('x')) + QStringLiteral("\U0001F600");
+    const auto decoded = MTPPacketCodec::decodeString(MTPPacketCodec::encodeString(text), 0);
+    ASSERT_TRUE(decoded);
+    EXPECT_EQ(decoded->first, text.left(254));
+}
+
+TEST(MTPStrings, decodingTrustsNoLengthByte) {
+    const struct {
+        const char* name;
+        const char* bytes;
+        std::size_t at;
+        std::optional<std::pair<QString, std::size_t>> expected;
+    } rows[] = {
+        {"empty", "00", 0, {{QString(), 1}}},
+        {"only a terminator", "01 0000", 0, {{QString(), 3}}},
+        {"at an offset", "FF 02 'a' 0000 FF", 1, {{QStringLiteral("a"), 5}}},
+        {"terminator is not checked", "02 'a' FFFF", 0, {{QStringLiteral("a"), 5}}},
+        {"NUL inside", "03 0000 'a' 0000", 0, {{QString(QChar(0)) + QLatin1Char('a'), 7}}},
+        {"lone surrogate", "02 00D8 0000", 0, {{QString(QChar(0xD800)), 5}}},
+        {"at the end", "02 'a' 0000", 5, std::nullopt},
+        {"beyond the end", "02 'a' 0000", 6, std::nullopt},
+        {"far beyond the end", "02 'a' 0000", ~std::size_t{0}, std::nullopt},
+        {"one byte short", "02 'a' 00", 0, std::nullopt},
+        {"largest length, nothing there", "FF", 0, std::nullopt},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(MTPPacketCodec::decodeString(hexBytes(row.bytes), row.at), row.expected)
+            << row.name;
+}
+
+TEST(MTPStorageDataset, fieldsStandWhereTheLayoutSays) {
+    const MTPStorageInfo expected{0x00020001,
+                                  4,
+                                  2,
+                                  1,
+                                  0x08000000,
+                                  0x1FFFFFFFF,
+                                  64,
+                                  QStringLiteral("SD card"),
+                                  QStringLiteral("A-12")};
+    EXPECT_EQ(MTPPacketCodec::decodeStorageInfo(sdCard, 0x00020001), expected);
+    EXPECT_TRUE(expected.isRemovable());
+    EXPECT_EQ(expected.usedSpaceInBytes(), 0U);
+    EXPECT_EQ(expected.usagePercentage(), 0.0);
+}
+
+TEST(MTPStorageDataset, unreadableStringsAreEmptyAndOneByteLong) {
+    const std::string fixed = "0300 0200 0000 0000000800000000 0000000400000000 FFFFFFFF";
+    const struct {
+        const char* name;
+        const char* strings;
+        const char* description;
+        const char* volume;
+    } rows[] = {
+        {"none", "", "Internal Storage", ""},
+        {"empty description", "00 02 'v' 0000", "Internal Storage", "v"},
+        {"description is cut", "09 'ab'", "Internal Storage", ""},
+        {"the next field starts one byte on", "7F 02 'v' 0000", "Internal Storage", "v"},
+    };
+    for (const auto& row : rows) {
+        const auto info = MTPPacketCodec::decodeStorageInfo(hexBytes(fixed + row.strings), 1);
+        ASSERT_TRUE(info) << row.name;
+        EXPECT_EQ(info->storageDescription, QString::fromLatin1(row.description)) << row.name;
+        EXPECT_EQ(info->volumeIdentifier, QString::fromLatin1(row.volume)) << row.name;
+        EXPECT_FALSE(info->isRemovable());
+        EXPECT_EQ(info->usagePercentage(), 0.5);
+    }
+}
+
+TEST(MTPObjectDataset, fieldsStandWhereTheLayoutSays) {
+    const MTPObjectInfo expected{42,
+                                 0x00010001,
+                                 MTPObjectFormat::exifJpeg,
+                                 1,
+                                 1'000'000,
+                                 std::nullopt,
+                                 0x3808,
+                                 4096,
+                                 160,
+                                 120,
+                                 4000,
+                                 3000,
+                                 24,
+                                 7,
+                                 2,
+                                 3,
+                                 9,
+                                 QStringLiteral("a.jpg"),
+                                 local(2024, 1, 31, 23, 59, 58),
+                                 local(2024, 2, 1, 0, 1, 2, 500),
+                                 QStringLiteral("sun")};
+    EXPECT_EQ(MTPPacketCodec::decodeObjectInfo(photo, 42), expected);
+}
+
+TEST(MTPObjectDataset, encodingSendsNoDates) {
+    const auto info = MTPPacketCodec::decodeObjectInfo(photo, 42);
+    ASSERT_TRUE(info);
+    Bytes expected(photo.begin(), photo.begin() + 52);
+    const Bytes strings = hexBytes("06 'a.jpg' 0000 00 00 04 'sun' 0000");
+    expected.insert(expected.end(), strings.begin(), strings.end());
+    EXPECT_EQ(MTPPacketCodec::encodeObjectInfo(*info), expected);
+}
+
+TEST(MTPObjectDataset, formatSaysWhatIsAFolder) {
+    const std::tuple<const char*, MTPObjectFormat, bool> rows[] = {
+        {"0130", MTPObjectFormat::associationFolder, true},
+        {"84B9", MTPObjectFormat::mkv, false},
+        {"0338", MTPObjectFormat::undefined, false},
+        {"FFFF", MTPObjectFormat::undefined, false}};
+    for (const auto& [format, expected, isDirectory] : rows) {
+        Bytes bytes = photo;
+        std::ranges::copy(hexBytes(format), bytes.begin() + 4);
+        const auto info = MTPPacketCodec::decodeObjectInfo(bytes, 1);
+        ASSERT_TRUE(info) << format;
+        EXPECT_EQ(info->objectFormat, expected) << format;
+        EXPECT_EQ(info->isDirectory(), isDirectory) << format;
+    }
+}
+
+TEST(MTPObjectDataset, trueSizeWinsOverThe32BitOne) {
+    MTPObjectInfo info;
+    info.compressedSize = 0xFFFFFFFF;
+    EXPECT_EQ(info.effectiveSize(), 0xFFFFFFFFU);
+    info.true64BitSize = 5'000'000'000;
+    EXPECT_EQ(info.effectiveSize(), 5'000'000'000U);
+}
+
+TEST(MTPTruncation, everyDecoderStandsEveryCut) {
+    for (const auto& [name, whole] : vectors) {
+        for (std::size_t size = 0; size <= whole.size(); ++size) {
+            // A buffer of exactly that size: the address sanitizer sees a read past it.
+            const Bytes cut(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size));
+            EXPECT_EQ(MTPPacketCodec::decodeHeader(cut).has_value(), size >= 12) << name << size;
+            EXPECT_EQ(MTPPacketCodec::decodeStorageInfo(cut, 1).has_value(), size >= 26)
+                << name << size;
+            EXPECT_EQ(MTPPacketCodec::decodeObjectInfo(cut, 1).has_value(), size >= 52)
+                << name << size;
+            const std::size_t most = size < 4 ? 0 : (size - 4) / 4;
+            EXPECT_LE(MTPPacketCodec::decodeObjectHandles(cut).size(), most);
+            EXPECT_LE(MTPPacketCodec::decodeStorageIDs(cut).size(), most);
+            for (std::size_t at = 0; at <= size; ++at) {
+                const auto text = MTPPacketCodec::decodeString(cut, at);
+                EXPECT_LE(text ? at + text->second : 0, size);
+            }
+        }
+    }
+    const Bytes shortArray(handles.begin(), handles.end() - 1);
+    EXPECT_THAT(MTPPacketCodec::decodeObjectHandles(shortArray), IsEmpty());
+}
+
+TEST(MTPTruncation, cutDatasetKeepsTheStringsThatAreWhole) {
+    // The cut takes the last byte of the keywords.
+    const auto info = MTPPacketCodec::decodeObjectInfo(Bytes(photo.begin(), photo.end() - 1), 1);
+    ASSERT_TRUE(info);
+    EXPECT_EQ(info->filename, QStringLiteral("a.jpg"));
+    EXPECT_TRUE(info->dateModified);
+    EXPECT_EQ(info->keywords, QString());
+}
+
+/// Any UTF-16 units, lone surrogates and NUL among them; sometimes more than fit.
+QString anyText() {
+    QString text;
+    for (const auto unit : *rc::gen::arbitrary<std::vector<std::uint16_t>>())
+        text += QChar(unit);
+    return text.repeated(*rc::gen::inRange(1, 8));
+}
+
+RC_GTEST_PROP(MTPRoundTrip, textComesBackCutAt254Units, (std::uint8_t before)) {
+    const QString text = anyText();
+    Bytes bytes(before);
+    const Bytes encoded = MTPPacketCodec::encodeString(text);
+    bytes.insert(bytes.end(), encoded.begin(), encoded.end());
+    const auto decoded = MTPPacketCodec::decodeString(bytes, before);
+    RC_ASSERT(decoded.has_value());
+    RC_ASSERT(decoded->first == text.left(254));
+    RC_ASSERT(decoded->second == encoded.size());
+}
+
+RC_GTEST_PROP(MTPRoundTrip, objectInfoComesBackWithoutItsDates,
+              (std::uint32_t handle, std::uint16_t small, std::array<std::uint32_t, 11> wide)) {
+    MTPObjectInfo info;
+    info.id = handle;
+    info.storageID = wide[0];
+    info.objectFormat = *rc::gen::element(MTPObjectFormat::undefined, MTPObjectFormat::flac,
+                                          MTPObjectFormat::associationFolder);
+    info.protectionStatus = small;
+    info.compressedSize = wide[1];
+    info.thumbFormat = static_cast<std::uint16_t>(~small);
+    info.thumbCompressedSize = wide[2];
+    info.thumbPixWidth = wide[3];
+    info.thumbPixHeight = wide[4];
+    info.imagePixWidth = wide[5];
+    info.imagePixHeight = wide[6];
+    info.imageBitDepth = wide[7];
+    info.parentObject = wide[8];
+    info.associationType = static_cast<std::uint16_t>(small ^ 0x5555);
+    info.associationDesc = wide[9];
+    info.sequenceNumber = wide[10];
+    info.filename = anyText().left(254);
+    info.keywords = anyText().left(254);
+    MTPObjectInfo sent = info;
+    sent.true64BitSize = 5'000'000'000;
+    sent.dateModified = local(2024, 1, 31, 23, 59, 59);
+    RC_ASSERT(MTPPacketCodec::decodeObjectInfo(MTPPacketCodec::encodeObjectInfo(sent), handle) ==
+              info);
+}
+
+} // namespace
+} // namespace tessary
