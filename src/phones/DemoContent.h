@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+
+namespace tessary {
+
+/// Sample content for a virtual phone's storage, generated: the same bytes at each call. Blocking,
+/// well under a second.
+class DemoContent {
+public:
+    /// Files in the folder "Download/Archive", the one with very many files.
+    static constexpr int archiveFiles = 3000;
+
+    /// Fills `folder` (created when missing) as a phone's internal storage: DCIM/Camera with
+    /// pictures, Documents, Music, Download. File dates spread over the two years before `until`.
+    /// False when a file cannot be written.
+    [[nodiscard]] static bool fillPhone(const QString& folder, const QDateTime& until = newest());
+    /// A smaller set, as on a memory card.
+    [[nodiscard]] static bool fillCard(const QString& folder, const QDateTime& until = newest());
+
+    /// The date of the newest file when none is given.
+    [[nodiscard]] static QDateTime newest();
+};
+
+} // namespace tessary

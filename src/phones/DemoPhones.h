@@ -1,0 +1,32 @@
+#pragma once
+
+#include "phones/VirtualAndroid.h"
+
+namespace tessary {
+
+/// A bus with two virtual Android phones for trying the program out. Their storages lie in folders
+/// below the one that is given, which are filled with sample content first.
+class DemoPhones {
+public:
+    /// Blocking, about a second. The folder is the caller's, who also removes it (a temporary one).
+    explicit DemoPhones(const QString& folder);
+    ~DemoPhones();
+    DemoPhones(const DemoPhones&) = delete;
+    DemoPhones& operator=(const DemoPhones&) = delete;
+
+    [[nodiscard]] UsbBus& bus() {
+        return bus_;
+    }
+    [[nodiscard]] VirtualUsbBus& virtualBus() {
+        return bus_;
+    }
+    [[nodiscard]] std::vector<std::unique_ptr<VirtualAndroid>>& androids() {
+        return androids_;
+    }
+
+private:
+    VirtualUsbBus bus_;
+    std::vector<std::unique_ptr<VirtualAndroid>> androids_;
+};
+
+} // namespace tessary
