@@ -285,7 +285,7 @@ std::optional<QDateTime> MTPPacketCodec::parseMTPDate(const QString& text) {
     for (const QLatin1StringView pattern : hasFraction
                                                ? std::span<const QLatin1StringView>(fractional)
                                                : std::span<const QLatin1StringView>(whole))
-        if (const auto date = matchDate(trimmed, pattern))
+        if (auto date = matchDate(trimmed, pattern))
             return date;
     return hasFraction ? std::nullopt : isoDate(trimmed);
 }
