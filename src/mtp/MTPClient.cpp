@@ -27,10 +27,6 @@ bool isResponse(const MTPPacket& packet) {
     return packet.header.type == MTPContainerType::response;
 }
 
-MTPTransportError refusal(const QString& failure, std::uint16_t code) {
-    return MTPTransportError::underlying(failure + hexadecimal(code));
-}
-
 /// The object handle among the parameters of a SendObjectInfo response: storage, parent, object.
 std::uint32_t announcedHandle(const MTPPacket& response) {
     return response.payload.size() < 12 ? 0 : readLittleEndian<std::uint32_t>(response.payload, 8);
@@ -86,7 +82,7 @@ void MTPClient::skipResponse() {
 void MTPClient::expectOk(const QString& failure, std::chrono::milliseconds patience) {
     const MTPPacket response = receiveResponse(patience);
     if (response.header.code != rawOk)
-        throw refusal(failure, response.header.code);
+        throw MTPTransportError::refusal(failure, response.header.code);
 }
 
 void MTPClient::openSession(std::uint32_t sessionID) {
@@ -104,7 +100,8 @@ void MTPClient::openSession(std::uint32_t sessionID) {
             response.header.code = rawOk;
     }
     if (response.header.code != rawOk)
-        throw refusal(QStringLiteral("OpenSession failed with code 0x"), response.header.code);
+        throw MTPTransportError::refusal(QStringLiteral("OpenSession failed with code 0x"),
+                                         response.header.code);
     isOpen_ = true;
 }
 
@@ -216,7 +213,7 @@ std::vector<std::uint32_t> MTPClient::getObjectHandles(std::uint32_t storageID,
     const MTPPacket first = receiveFirst();
     const QString failure = QStringLiteral("GetObjectHandles failed: 0x");
     if (isResponse(first) && first.header.code != rawOk)
-        throw refusal(failure, first.header.code);
+        throw MTPTransportError::refusal(failure, first.header.code);
     if (!isResponse(first))
         expectOk(failure);
     return MTPPacketCodec::decodeObjectHandles(first.payload);
@@ -292,7 +289,7 @@ std::uint64_t MTPClient::getObject(std::uint32_t handle, const MTPDataSink& sink
         throw;
     }
     if (isResponse(first) && first.header.code != rawOk)
-        throw refusal(failure, first.header.code);
+        throw MTPTransportError::refusal(failure, first.header.code);
     if (!isResponse(first))
         expectOk(failure);
     return received;
@@ -306,7 +303,7 @@ std::uint32_t MTPClient::sendObjectInfo(const MTPObjectInfo& info, const QString
              MTPPacketCodec::encodeObjectInfo(info));
     const MTPPacket response = receiveResponse();
     if (response.header.code != rawOk)
-        throw refusal(failure, response.header.code);
+        throw MTPTransportError::refusal(failure, response.header.code);
     return announcedHandle(response);
 }
 
@@ -353,7 +350,8 @@ std::uint32_t MTPClient::sendObject(const MTPDataSource& source, std::uint64_t s
         throw;
     }
     if (response.header.code != rawOk)
-        throw refusal(QStringLiteral("SendObject failed: 0x"), response.header.code);
+        throw MTPTransportError::refusal(QStringLiteral("SendObject failed: 0x"),
+                                         response.header.code);
     return handle;
 }
 
@@ -377,6 +375,13 @@ void MTPClient::renameObject(std::uint32_t handle, const QString& newName) {
     sendData(MTPOperationCode::setObjectPropValue, transactionID,
              MTPPacketCodec::encodeString(newName));
     expectOk(QStringLiteral("RenameObject failed: 0x"));
+}
+
+void MTPClient::moveObject(std::uint32_t handle, std::uint32_t storageID,
+                           std::uint32_t parentHandle) {
+    const std::scoped_lock lock(mutex_);
+    sendCommand(MTPOperationCode::moveObject, {handle, storageID, parentHandle});
+    expectOk(QStringLiteral("MoveObject failed: 0x"), workPatience);
 }
 
 void MTPClient::deleteObject(std::uint32_t handle) {

@@ -66,6 +66,8 @@ public:
                                std::uint32_t storageID);
 
     void renameObject(std::uint32_t handle, const QString& newName);
+    /// Moves an object into another folder; `parentHandle` 0 is the root of the storage here.
+    void moveObject(std::uint32_t handle, std::uint32_t storageID, std::uint32_t parentHandle);
     void deleteObject(std::uint32_t handle);
 
 private:

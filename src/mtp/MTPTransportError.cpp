@@ -40,6 +40,12 @@ MTPTransportError MTPTransportError::pipe(const QString& what, UsbCode code) {
     return {Case::underlying, what + QStringLiteral(": 0x") + signedHexadecimal(code), code};
 }
 
+MTPTransportError MTPTransportError::refusal(const QString& failure, std::uint16_t response) {
+    MTPTransportError error = underlying(failure + QString::number(response, 16).toUpper());
+    error.response_ = response;
+    return error;
+}
+
 QString MTPTransportError::description() const {
     return descriptions[static_cast<std::size_t>(kind_)] + message_;
 }

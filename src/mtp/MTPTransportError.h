@@ -4,7 +4,9 @@
 
 #include <QString>
 
+#include <cstdint>
 #include <exception>
+#include <optional>
 
 namespace tessary {
 
@@ -30,6 +32,9 @@ public:
     /// as a signed hexadecimal number.
     [[nodiscard]] static MTPTransportError pipe(const QString& what, UsbCode code);
 
+    /// `underlying` for a device's refusal: `failure` and the response code in hexadecimal.
+    [[nodiscard]] static MTPTransportError refusal(const QString& failure, std::uint16_t response);
+
     [[nodiscard]] Case kind() const {
         return kind_;
     }
@@ -40,6 +45,15 @@ public:
     /// The platform's code behind a failed pipe call; usb::success for every other error.
     [[nodiscard]] UsbCode code() const {
         return code_;
+    }
+
+    /// The device's response code behind a refusal; no value for every other error.
+    [[nodiscard]] std::optional<std::uint16_t> response() const {
+        return response_;
+    }
+    /// The device answered, only not as hoped: the connection itself is sound.
+    [[nodiscard]] bool isProtocolFailure() const {
+        return kind_ == Case::underlying && code_ == usb::success;
     }
 
     [[nodiscard]] QString description() const;
@@ -57,6 +71,7 @@ private:
     Case kind_;
     QString message_;
     UsbCode code_ = usb::success;
+    std::optional<std::uint16_t> response_;
     QByteArray utf8_;
 };
 

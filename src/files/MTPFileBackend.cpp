@@ -1,0 +1,351 @@
+#include "files/MTPFileBackend.h"
+
+#include "core/CancellationError.h"
+#include "core/DiagnosticsLogger.h"
+#include "core/TessaryError.h"
+#include "files/DevicePath.h"
+#include "files/MTPDownload.h"
+#include "files/MTPUpload.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace tessary {
+
+namespace {
+
+TessaryError notFound(const QString& path) {
+    return TessaryError::fileIOError(
+        QStringLiteral("There is no %1 on the phone. It may have been deleted or renamed: refresh "
+                       "the folder.")
+            .arg(path));
+}
+
+/// The location of a path, or an error that says what is missing.
+MTPLocation requireLocation(MTPSession& session, const QString& path, const QString& noStorage) {
+    if (const auto location = session.locate(path))
+        return *location;
+    throw TessaryError::fileIOError(noStorage);
+}
+
+const QString& noStorageText() {
+    static const QString text = QStringLiteral("No storage available");
+    return text;
+}
+
+struct Found {
+    MTPLocation location;
+    MTPResolvedObject object;
+};
+
+/// The object at a path; blanks around it count only when a name on the phone really has them.
+Found find(MTPSession& session, const QString& path, const std::stop_token& stop,
+           const QString& noStorage = noStorageText()) {
+    for (const QString& candidate : {path, path.trimmed()}) {
+        const MTPLocation location = requireLocation(session, candidate, noStorage);
+        if (auto object = session.resolve(location, stop))
+            return {location, *std::move(object)};
+        if (candidate == path.trimmed())
+            break;
+    }
+    throw notFound(path);
+}
+
+Found findFolder(MTPSession& session, const QString& path, const std::stop_token& stop,
+                 const QString& noStorage = noStorageText()) {
+    Found found = find(session, path, stop, noStorage);
+    if (!found.object.isDirectory())
+        throw TessaryError::fileIOError(QStringLiteral("%1 is not a folder.").arg(path));
+    return found;
+}
+
+/// The object of an item, confirmed to be the one that the user saw. A name may hold "/", so that
+/// the item's path alone does not tell the folder.
+Found findItem(MTPSession& session, const FileItem& item, const std::stop_token& stop) {
+    const QString ending = QLatin1Char('/') + item.name;
+    if (item.name.isEmpty() || !item.path.endsWith(ending))
+        return find(session, item.path, stop);
+    const Found folder =
+        findFolder(session, item.path.chopped(ending.size()) + QLatin1Char('/'), stop);
+    const MTPLocation location = folder.location.child(item.name);
+    auto object =
+        session.resolveChild(folder.location, folder.object.handle, item.name, item.handle, stop);
+    if (!object || object->isDirectory() != item.isDirectory)
+        throw notFound(item.path);
+    return {location, *std::move(object)};
+}
+
+qint64 sizeOf(const MTPObjectInfo& info) {
+    constexpr auto limit = static_cast<std::uint64_t>(std::numeric_limits<qint64>::max());
+    return static_cast<qint64>(std::min(info.effectiveSize(), limit));
+}
+
+FileItem itemOf(const MTPObjectInfo& info, const MTPLocation& folder, bool askedBelowStorage) {
+    // Entries of different storages stay apart where their paths coincide.
+    const QString identity =
+        (askedBelowStorage ? QStringLiteral("/storage") : QStringLiteral("/sdcard")) +
+        joinPath(folder.isRoot() ? QString() : folder.path, info.filename);
+    const QString path = joinPath(folder.shownPath(), info.filename);
+    const bool isFolder = info.isDirectory();
+    return {info.filename,
+            path,
+            isFolder,
+            isFolder ? 0 : sizeOf(info),
+            info.dateModified,
+            info.id,
+            folder.prefix.isEmpty() ? identity : path};
+}
+
+std::uint64_t clampToSigned(std::uint64_t bytes) {
+    return std::min(bytes, static_cast<std::uint64_t>(std::numeric_limits<qint64>::max()));
+}
+
+StorageVolume volumeOf(const MTPStorageInfo& info) {
+    return {QString::number(info.id), info.storageDescription, clampToSigned(info.maxCapacity),
+            clampToSigned(info.freeSpaceInBytes), info.isRemovable()};
+}
+
+void requireUsableName(const QString& name) {
+    constexpr qsizetype longestName = 254;
+    if (!isSafeName(name) || name.size() > longestName)
+        throw TessaryError::fileIOError(
+            QStringLiteral("\"%1\" cannot be a name on the phone.").arg(name));
+}
+
+/// Deletes an object. A folder that the device won't delete whole is emptied first, deepest first.
+void deleteObject(MTPSession& session, std::uint32_t storageID, const MTPObjectInfo& info,
+                  int depth, const std::stop_token& stop) {
+    constexpr int maxDepth = 128;
+    throwIfStopped(stop);
+    try {
+        session.client().deleteObject(info.id);
+        return;
+    } catch (const MTPTransportError& error) {
+        const bool mayHoldFiles =
+            info.isDirectory() && error.isProtocolFailure() && depth < maxDepth;
+        if (!mayHoldFiles)
+            throw;
+    }
+    std::vector<MTPObjectInfo> children;
+    session.forEachChild(
+        storageID, info.id,
+        [&](MTPObjectInfo&& child) {
+            children.push_back(std::move(child));
+            return true;
+        },
+        stop);
+    for (const MTPObjectInfo& child : children)
+        deleteObject(session, storageID, child, depth + 1, stop);
+    session.client().deleteObject(info.id);
+}
+
+} // namespace
+
+MTPFileBackend::MTPFileBackend(UsbBus& bus)
+    : bus_(bus), watch_(bus.watch([this](const UsbEvent& event) {
+          if (event.kind == UsbEvent::Kind::detached)
+              cache_.dropLocation(event.entry.location);
+      })) {}
+
+MTPFileBackend::~MTPFileBackend() = default;
+
+std::shared_ptr<DeviceLane> MTPFileBackend::laneOf(const DeviceInfo& device) {
+    const QString key = MTPHandleCache::deviceKey(device.udid, device.usbLocation);
+    const std::scoped_lock lock(mutex_);
+    std::shared_ptr<DeviceLane>& lane = lanes_[key];
+    if (!lane)
+        lane = std::make_shared<DeviceLane>();
+    return lane;
+}
+
+/// Runs `work(session, turn)` in a session of its own, once nobody else uses the device.
+template <typename Work>
+void MTPFileBackend::withSession(const DeviceInfo& device, const std::stop_token& stop, Work work) {
+    DeviceLane::Turn turn = laneOf(device)->enter(stop);
+    MTPSession session(bus_, device, cache_);
+    work(session, turn);
+}
+
+/// Runs `work(session)` in a session of its own, or in between two steps of whoever has one.
+template <typename Work>
+void MTPFileBackend::asGuest(const DeviceInfo& device, const std::stop_token& stop, Work work) {
+    const auto turn = laneOf(device)->enterOrVisit(work, stop);
+    if (!turn)
+        return;
+    MTPSession session(bus_, device, cache_);
+    work(session);
+}
+
+std::vector<FileItem> MTPFileBackend::listDirectory(const QString& path, const DeviceInfo& device,
+                                                    const std::stop_token& stop) {
+    std::vector<FileItem> items;
+    const bool askedBelowStorage = path.trimmed().startsWith(QLatin1StringView("/storage/"));
+    asGuest(device, stop, [&](MTPSession& session) {
+        if (session.storageIDs().empty())
+            return;
+        const Found folder = findFolder(session, path, stop);
+        session.forEachChild(
+            folder.location.storageID, folder.object.handle,
+            [&](MTPObjectInfo&& info) {
+                session.remember(folder.location.child(info.filename), info.id);
+                items.push_back(itemOf(info, folder.location, askedBelowStorage));
+                return true;
+            },
+            stop);
+    });
+    return items;
+}
+
+FileItem MTPFileBackend::itemAt(const QString& path, const DeviceInfo& device,
+                                const std::stop_token& stop) {
+    std::optional<FileItem> item;
+    asGuest(device, stop, [&](MTPSession& session) {
+        const Found found = find(session, path, stop);
+        if (found.object.info) {
+            MTPLocation folder = found.location;
+            folder.path = parentPath(found.location.path);
+            item = itemOf(*found.object.info, folder, false);
+        } else {
+            const MTPStorageInfo storage =
+                session.client().getStorageInfo(found.location.storageID);
+            item = FileItem(storage.storageDescription, found.location.shownPath(), true, 0,
+                            std::nullopt);
+        }
+    });
+    return *item;
+}
+
+void MTPFileBackend::downloadFile(const FileItem& item, const QString& localFile,
+                                  const DeviceInfo& device, const FileProgressCallback& progress,
+                                  const std::stop_token& stop) {
+    withSession(device, stop, [&](MTPSession& session, DeviceLane::Turn&) {
+        if (session.storageIDs().empty())
+            throw TessaryError::fileIOError(noStorageText());
+        const Found found = findItem(session, item, stop);
+        if (!found.object.info || found.object.isDirectory())
+            throw TessaryError::fileIOError(QStringLiteral("No MTP handle for file ") + item.name);
+        downloadObject(session, *found.object.info, localFile, progress, stop);
+    });
+}
+
+TransferOutcome MTPFileBackend::downloadDirectory(const FileItem& item, const QString& localFolder,
+                                                  const DeviceInfo& device,
+                                                  const TransferProgressCallback& progress,
+                                                  const std::stop_token& stop) {
+    TransferOutcome outcome;
+    withSession(device, stop, [&](MTPSession& session, DeviceLane::Turn& turn) {
+        const Found found = findItem(session, item, stop);
+        if (!found.object.isDirectory())
+            throw TessaryError::fileIOError(QStringLiteral("%1 is not a folder.").arg(item.path));
+        outcome = downloadFolder(session, turn, found.location, found.object.handle, localFolder,
+                                 progress, stop);
+    });
+    return outcome;
+}
+
+void MTPFileBackend::uploadFile(const QString& localFile, const QString& remoteParentPath,
+                                const DeviceInfo& device, const FileProgressCallback& progress,
+                                const std::stop_token& stop) {
+    withSession(device, stop, [&](MTPSession& session, DeviceLane::Turn& turn) {
+        const Found folder = findFolder(session, remoteParentPath, stop,
+                                        QStringLiteral("No MTP storage found for upload"));
+        MTPUpload(session, turn, stop)
+            .file(localFile, folder.location, folder.object.handle, progress);
+    });
+}
+
+TransferOutcome MTPFileBackend::uploadDirectory(const QString& localFolder,
+                                                const QString& remoteParentPath,
+                                                const DeviceInfo& device,
+                                                const TransferProgressCallback& progress,
+                                                const std::stop_token& stop) {
+    TransferOutcome outcome;
+    withSession(device, stop, [&](MTPSession& session, DeviceLane::Turn& turn) {
+        const Found folder = findFolder(session, remoteParentPath, stop,
+                                        QStringLiteral("No MTP storage found for upload"));
+        outcome = MTPUpload(session, turn, stop)
+                      .folder(localFolder, folder.location, folder.object.handle, progress);
+    });
+    return outcome;
+}
+
+void MTPFileBackend::createFolder(const QString& name, const QString& parentPath,
+                                  const DeviceInfo& device, const std::stop_token& stop) {
+    requireUsableName(name);
+    withSession(device, stop, [&](MTPSession& session, DeviceLane::Turn&) {
+        const Found parent = findFolder(session, parentPath, stop);
+        const std::uint32_t storageID = parent.location.storageID;
+        if (session.findChild(storageID, parent.object.handle, name, stop))
+            throw TessaryError::fileIOError(
+                QStringLiteral("\"%1\" is already on the phone.").arg(name));
+        session.client().createFolder(name, parent.object.handle, storageID);
+    });
+}
+
+void MTPFileBackend::deleteFile(const FileItem& item, const DeviceInfo& device,
+                                const std::stop_token& stop) {
+    withSession(device, stop, [&](MTPSession& session, DeviceLane::Turn&) {
+        const Found found = findItem(session, item, stop);
+        if (!found.object.info)
+            throw TessaryError::fileIOError(QStringLiteral("A whole storage cannot be deleted."));
+        session.forget(found.location);
+        deleteObject(session, found.location.storageID, *found.object.info, 0, stop);
+    });
+}
+
+void MTPFileBackend::renameItem(const FileItem& item, const QString& newName,
+                                const DeviceInfo& device, const std::stop_token& stop) {
+    requireUsableName(newName);
+    withSession(device, stop, [&](MTPSession& session, DeviceLane::Turn&) {
+        const Found found = findItem(session, item, stop);
+        if (!found.object.info)
+            throw TessaryError::fileIOError(QStringLiteral("A whole storage cannot be renamed."));
+        session.forget(found.location);
+        session.client().renameObject(found.object.handle, newName);
+    });
+}
+
+void MTPFileBackend::moveItem(const FileItem& item, const QString& newParentPath,
+                              const DeviceInfo& device, const std::stop_token& stop) {
+    withSession(device, stop, [&](MTPSession& session, DeviceLane::Turn&) {
+        const Found found = findItem(session, item, stop);
+        const Found target = findFolder(session, newParentPath, stop);
+        if (!found.object.info)
+            throw TessaryError::fileIOError(QStringLiteral("A whole storage cannot be moved."));
+        if (target.location.storageID != found.location.storageID)
+            throw TessaryError::fileIOError(
+                QStringLiteral("The phone cannot move files from one storage to another. Copy "
+                               "them instead."));
+        const QString inside = found.location.path + QLatin1Char('/');
+        if (target.location.path == found.location.path || target.location.path.startsWith(inside))
+            throw TessaryError::fileIOError(
+                QStringLiteral("A folder cannot be moved into itself."));
+        if (session.findChild(target.location.storageID, target.object.handle, item.name, stop))
+            throw TessaryError::fileIOError(
+                QStringLiteral("\"%1\" is already there.").arg(item.name));
+        session.forget(found.location);
+        session.client().moveObject(found.object.handle, target.location.storageID,
+                                    target.location.isRoot() ? 0 : target.object.handle);
+    });
+}
+
+std::optional<LiveDeviceInfo> MTPFileBackend::fetchLiveDeviceInfo(const DeviceInfo& device) {
+    LiveDeviceInfo info;
+    const auto notice = [](const QString& text) {
+        DiagnosticsLogger::shared().mtp.standard("Storage stats fetch notice: %s", {text});
+    };
+    const auto turn = laneOf(device)->tryEnter();
+    if (!turn)
+        return std::nullopt;
+    try {
+        MTPSession session(bus_, device, cache_);
+        info.battery = session.client().getBatteryLevel();
+        for (const std::uint32_t id : session.storageIDs())
+            info.volumes.push_back(volumeOf(session.client().getStorageInfo(id)));
+    } catch (const MTPTransportError& error) {
+        notice(error.description());
+    }
+    return info;
+}
+
+} // namespace tessary

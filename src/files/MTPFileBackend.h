@@ -1,0 +1,92 @@
+#pragma once
+
+#include "core/DeviceInfo.h"
+#include "core/FileItem.h"
+#include "files/DeviceLane.h"
+#include "files/MTPSession.h"
+#include "files/TransferOutcome.h"
+#include "platform/UsbBus.h"
+
+#include <QHash>
+#include <QString>
+
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <stop_token>
+#include <vector>
+
+namespace tessary {
+
+/// What a device tells of itself between operations.
+struct LiveDeviceInfo {
+    std::optional<int> battery; ///< percent
+    std::vector<StorageVolume> volumes;
+
+    bool operator==(const LiveDeviceInfo&) const = default;
+};
+
+/// File operations on Android devices over MTP. Each operation opens one session and closes it at
+/// its end; those on one device take turns, and a listing that finds a folder transfer running
+/// does its work between two files of it, on that transfer's session. Thread-safe and blocking.
+///
+/// A path that does not resolve is TessaryError::fileIOError, wherever it is used. Failures of the
+/// device are MTPTransportError, and CancellationError follows a stop request.
+class MTPFileBackend {
+public:
+    /// `bus` must outlive the backend.
+    explicit MTPFileBackend(UsbBus& bus);
+    ~MTPFileBackend();
+
+    /// The children of a folder, in the device's order. Empty while the device offers no storage.
+    [[nodiscard]] std::vector<FileItem> listDirectory(const QString& path, const DeviceInfo& device,
+                                                      const std::stop_token& stop);
+    /// The entry at a path; the root is a folder called after its storage.
+    [[nodiscard]] FileItem itemAt(const QString& path, const DeviceInfo& device,
+                                  const std::stop_token& stop);
+
+    void downloadFile(const FileItem& item, const QString& localFile, const DeviceInfo& device,
+                      const FileProgressCallback& progress, const std::stop_token& stop);
+    /// Copies the content of a folder into `localFolder`.
+    [[nodiscard]] TransferOutcome
+    downloadDirectory(const FileItem& item, const QString& localFolder, const DeviceInfo& device,
+                      const TransferProgressCallback& progress, const std::stop_token& stop);
+    void uploadFile(const QString& localFile, const QString& remoteParentPath,
+                    const DeviceInfo& device, const FileProgressCallback& progress,
+                    const std::stop_token& stop);
+    [[nodiscard]] TransferOutcome uploadDirectory(const QString& localFolder,
+                                                  const QString& remoteParentPath,
+                                                  const DeviceInfo& device,
+                                                  const TransferProgressCallback& progress,
+                                                  const std::stop_token& stop);
+
+    void createFolder(const QString& name, const QString& parentPath, const DeviceInfo& device,
+                      const std::stop_token& stop);
+    /// Deletes a file or a folder with everything in it. The device is asked first whether the
+    /// handle still names the item.
+    void deleteFile(const FileItem& item, const DeviceInfo& device, const std::stop_token& stop);
+    void renameItem(const FileItem& item, const QString& newName, const DeviceInfo& device,
+                    const std::stop_token& stop);
+    /// Moves an item into another folder of the same storage.
+    void moveItem(const FileItem& item, const QString& newParentPath, const DeviceInfo& device,
+                  const std::stop_token& stop);
+
+    /// Battery and storages. No value while something else uses the device: the figures that are
+    /// known stay. Never throws; what cannot be read is logged and left out.
+    [[nodiscard]] std::optional<LiveDeviceInfo> fetchLiveDeviceInfo(const DeviceInfo& device);
+
+private:
+    [[nodiscard]] std::shared_ptr<DeviceLane> laneOf(const DeviceInfo& device);
+    template <typename Work>
+    void withSession(const DeviceInfo& device, const std::stop_token& stop, Work work);
+    template <typename Work>
+    void asGuest(const DeviceInfo& device, const std::stop_token& stop, Work work);
+
+    UsbBus& bus_;
+    MTPHandleCache cache_;
+    std::mutex mutex_;
+    QHash<QString, std::shared_ptr<DeviceLane>> lanes_; ///< guarded by mutex_
+    std::unique_ptr<UsbWatch> watch_;                   ///< last: its callbacks use the cache
+};
+
+} // namespace tessary

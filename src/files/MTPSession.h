@@ -1,0 +1,108 @@
+#pragma once
+
+#include "core/DeviceInfo.h"
+#include "files/MTPHandleCache.h"
+#include "mtp/MTPClient.h"
+#include "platform/UsbBus.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <stop_token>
+#include <vector>
+
+namespace tessary {
+
+/// A place on one storage of a device.
+struct MTPLocation {
+    std::uint32_t storageID = 0;
+    QString path;   ///< storage-relative, begins with "/", no "/" at the end but for the root
+    QString prefix; ///< what stands in front of `path` for the user: "" for the first storage,
+                    ///< "/storage/<id>" for every other one
+
+    [[nodiscard]] bool isRoot() const {
+        return path.size() == 1;
+    }
+    /// The path as the user addresses it.
+    [[nodiscard]] QString shownPath() const;
+    [[nodiscard]] MTPLocation child(const QString& name) const;
+};
+
+/// What a location stands for on the device.
+struct MTPResolvedObject {
+    std::uint32_t handle = mtpRootHandle;
+    std::optional<MTPObjectInfo> info; ///< none for the root of a storage
+
+    [[nodiscard]] bool isDirectory() const {
+        return !info || info->isDirectory();
+    }
+};
+
+/// One MTP session with one device, open from construction to destruction, with the path walking
+/// that every operation shares. Used by one thread at a time; failures are MTPTransportError.
+class MTPSession {
+public:
+    /// Called for each child; false ends the walk.
+    using ChildVisitor = std::function<bool(MTPObjectInfo&&)>;
+    /// Called for a child whose information cannot be read.
+    using UnreadableVisitor = std::function<void(std::uint32_t handle, const MTPTransportError&)>;
+
+    MTPSession(UsbBus& bus, const DeviceInfo& device, MTPHandleCache& cache);
+    ~MTPSession();
+    MTPSession(const MTPSession&) = delete;
+    MTPSession& operator=(const MTPSession&) = delete;
+
+    [[nodiscard]] MTPClient& client() {
+        return client_;
+    }
+    /// Asked of the device once a session. Empty while it is locked.
+    [[nodiscard]] const std::vector<std::uint32_t>& storageIDs();
+
+    /// The location of a path: on the first storage, or on the one that "/storage/<id>/" names.
+    /// No value while the device offers no storage.
+    [[nodiscard]] std::optional<MTPLocation> locate(const QString& path);
+
+    /// The object at a location. Cached handles are used only when the device confirms name and
+    /// parent; otherwise the folder is listed. No value when a component has no match.
+    [[nodiscard]] std::optional<MTPResolvedObject>
+    resolve(const MTPLocation& location, std::optional<std::uint32_t> hint = std::nullopt,
+            const std::stop_token& stop = {});
+
+    /// The same for one name in a folder whose handle is known; `hint` is a handle that it may
+    /// have.
+    [[nodiscard]] std::optional<MTPResolvedObject>
+    resolveChild(const MTPLocation& folder, std::uint32_t folderHandle, const QString& name,
+                 std::optional<std::uint32_t> hint, const std::stop_token& stop);
+
+    /// The handles of a folder's children, as the device lists them.
+    [[nodiscard]] std::vector<std::uint32_t> childHandles(std::uint32_t storageID,
+                                                          std::uint32_t folder);
+
+    /// Reads the information of each child of a folder, each handle once. Without `unreadable` a
+    /// child that cannot be read is left out and logged; a broken connection always throws.
+    void forEachChild(std::uint32_t storageID, std::uint32_t folder, const ChildVisitor& visit,
+                      const std::stop_token& stop, const UnreadableVisitor& unreadable = {});
+
+    [[nodiscard]] std::optional<MTPObjectInfo> findChild(std::uint32_t storageID,
+                                                         std::uint32_t folder, const QString& name,
+                                                         const std::stop_token& stop);
+
+    /// Drops a location and everything below it from the cache.
+    void forget(const MTPLocation& location);
+    /// Keeps a handle for the next time.
+    void remember(const MTPLocation& location, std::uint32_t handle);
+
+private:
+    [[nodiscard]] MTPObjectKey key(const MTPLocation& location) const;
+    [[nodiscard]] std::optional<MTPObjectInfo> confirm(std::uint32_t handle, const QString& name,
+                                                       std::uint32_t parent);
+
+    const QString deviceKey_;
+    MTPHandleCache& cache_;
+    MTPClient client_;
+    std::optional<std::vector<std::uint32_t>> storageIDs_;
+};
+
+} // namespace tessary

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "files/DeviceLane.h"
+#include "files/MTPSession.h"
+#include "files/TransferOutcome.h"
+
+#include <QHash>
+#include <QSet>
+#include <QString>
+
+#include <stop_token>
+
+namespace tessary {
+
+/// Copies local files and folders to a device within one session. Each folder on the device is
+/// listed at most once. A file that is there already is replaced without ever being without
+/// either version: the new one is sent under a temporary name, the old one deleted, the new one
+/// renamed; a device that cannot rename refuses the copy instead. What a failed or cancelled
+/// upload left on the device is removed.
+///
+/// Calls throw TessaryError, MTPTransportError or CancellationError.
+class MTPUpload {
+public:
+    MTPUpload(MTPSession& session, DeviceLane::Turn& turn, std::stop_token stop);
+
+    /// Copies one file into a folder of the device, under its own name.
+    void file(const QString& localFile, const MTPLocation& folder, std::uint32_t folderHandle,
+              const FileProgressCallback& progress);
+
+    /// Copies a local folder, as a folder of that name, into a folder of the device. Folders that
+    /// are there already are filled up. Files that cannot be read here, or that the device
+    /// refuses, are left out and named in the outcome; a full storage ends the copy.
+    [[nodiscard]] TransferOutcome folder(const QString& localFolder, const MTPLocation& parent,
+                                         std::uint32_t parentHandle,
+                                         const TransferProgressCallback& progress);
+
+private:
+    /// A folder on the device and what it held when this upload first looked.
+    struct Folder {
+        MTPLocation location;
+        std::uint32_t handle = 0;
+        QHash<QString, MTPObjectInfo> contents;
+        QSet<std::uint32_t> handles;
+    };
+
+    Folder open(const MTPLocation& location, std::uint32_t handle);
+    Folder makeFolder(const Folder& parent, const QString& name);
+    void send(const QString& localFile, const QString& name, Folder& folder,
+              const FileProgressCallback& progress);
+    void replace(const QString& localFile, const MTPObjectInfo& old, Folder& folder,
+                 const FileProgressCallback& progress);
+    [[nodiscard]] std::uint32_t transfer(const QString& localFile, const QString& name,
+                                         const Folder& folder,
+                                         const FileProgressCallback& progress);
+    [[nodiscard]] std::optional<MTPObjectInfo> findNew(const Folder& folder, const QString& name,
+                                                       std::uint32_t announced);
+    void removeLeftover(const Folder& folder, const QString& name) noexcept;
+
+    MTPSession& session_;
+    DeviceLane::Turn& turn_;
+    const std::stop_token stop_;
+};
+
+} // namespace tessary

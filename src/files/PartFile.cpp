@@ -1,0 +1,68 @@
+#include "files/PartFile.h"
+
+#include "core/TessaryError.h"
+
+#include <QFileInfo>
+#include <QUuid>
+
+#include <filesystem>
+#include <system_error>
+
+namespace tessary {
+
+namespace {
+
+QString temporaryPath(const QString& target) {
+    return QFileInfo(target).absolutePath() + QLatin1Char('/') + PartFile::namePrefix +
+           QUuid::createUuid().toString(QUuid::Id128).left(12);
+}
+
+} // namespace
+
+PartFile::PartFile(const QString& target) : target_(target), file_(temporaryPath(target)) {
+    if (QFileInfo(target).isDir())
+        throw TessaryError::fileIOError(
+            QStringLiteral("Cannot write %1: a folder of this name is there.").arg(target));
+    if (!file_.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
+        throw TessaryError::fileIOError(
+            QStringLiteral("Cannot write into %1: %2")
+                .arg(QFileInfo(target).absolutePath(), file_.errorString()));
+}
+
+PartFile::~PartFile() {
+    if (!isCommitted_)
+        file_.remove();
+}
+
+void PartFile::write(ByteView bytes) {
+    const auto* data = reinterpret_cast<const char*>(bytes.data());
+    const auto count = static_cast<qint64>(bytes.size());
+    for (qint64 written = 0; written < count;) {
+        const qint64 step = file_.write(data + written, count - written);
+        if (step <= 0)
+            throw TessaryError::fileIOError(
+                QStringLiteral("Cannot write %1: %2").arg(target_, file_.errorString()));
+        written += step;
+    }
+    size_ += count;
+}
+
+void PartFile::commit(const std::optional<QDateTime>& modified) {
+    // A date that the file system cannot hold is no reason to lose the copy.
+    if (modified)
+        (void)file_.setFileTime(*modified, QFileDevice::FileModificationTime);
+    file_.close();
+    if (file_.error() != QFileDevice::NoError)
+        throw TessaryError::fileIOError(
+            QStringLiteral("Cannot write %1: %2").arg(target_, file_.errorString()));
+    std::error_code failure;
+    std::filesystem::rename(file_.filesystemFileName(), QFile(target_).filesystemFileName(),
+                            failure);
+    if (failure)
+        throw TessaryError::fileIOError(
+            QStringLiteral("Cannot write %1: %2")
+                .arg(target_, QString::fromLocal8Bit(failure.message().c_str())));
+    isCommitted_ = true;
+}
+
+} // namespace tessary

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "core/TransferProgress.h"
+#include "files/LocalTree.h"
+
+#include <functional>
+#include <vector>
+
+namespace tessary {
+
+/// Where a folder transfer stands; called on the thread that copies, after each piece.
+using TransferProgressCallback = std::function<void(const TransferProgress&)>;
+
+/// Bytes done and in all of one file; called on the thread that copies.
+using FileProgressCallback = std::function<void(qint64 done, qint64 total)>;
+
+/// How a folder transfer ended. What had to be left out is named; everything else was copied.
+struct TransferOutcome {
+    TransferProgress progress;
+    std::vector<SkippedItem> skipped;
+
+    [[nodiscard]] bool isComplete() const {
+        return skipped.empty();
+    }
+};
+
+} // namespace tessary
