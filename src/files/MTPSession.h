@@ -66,9 +66,8 @@ public:
 
     /// The object at a location. Cached handles are used only when the device confirms name and
     /// parent; otherwise the folder is listed. No value when a component has no match.
-    [[nodiscard]] std::optional<MTPResolvedObject>
-    resolve(const MTPLocation& location, std::optional<std::uint32_t> hint = std::nullopt,
-            const std::stop_token& stop = {});
+    [[nodiscard]] std::optional<MTPResolvedObject> resolve(const MTPLocation& location,
+                                                           const std::stop_token& stop);
 
     /// The same for one name in a folder whose handle is known; `hint` is a handle that it may
     /// have.
