@@ -1,0 +1,222 @@
+#include "platform/linux/LinuxUsbInterface.h"
+
+#include "platform/linux/LibusbCodes.h"
+#include "platform/linux/LibusbHandle.h"
+#include "platform/linux/LibusbTransfer.h"
+#include "platform/linux/LinuxUsbReadStream.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+
+namespace tessary {
+
+using namespace std::chrono;
+using Memory = LibusbTransfer::Memory;
+
+namespace {
+
+constexpr std::size_t maxStreamDepth = 64;
+
+/// A time-out of 0 would be none at all further down.
+steady_clock::time_point deadline(milliseconds timeout) {
+    return steady_clock::now() + std::clamp(timeout, 1ms, milliseconds(1h));
+}
+
+steady_clock::time_point deadline(UsbTimeouts timeouts) {
+    return deadline(std::max(timeouts.noData, timeouts.completion));
+}
+
+std::uint16_t packetSize(const libusb_endpoint_descriptor& endpoint) {
+    const auto size = static_cast<std::uint16_t>(endpoint.wMaxPacketSize & 0x7FF);
+    return size <= 1024 ? size : std::uint16_t(0);
+}
+
+/// A read that ends within a packet fails when the device fills that packet.
+std::size_t roundUpToPackets(std::size_t length, std::size_t packet) {
+    if (packet == 0)
+        packet = 1024;
+    return (length + packet - 1) / packet * packet;
+}
+
+void copy(std::span<std::byte> to, std::span<const std::byte> from) {
+    std::ranges::copy(from.first(std::min(from.size(), to.size())), to.begin());
+}
+
+} // namespace
+
+LinuxUsbInterface::LinuxUsbInterface(const LibusbHandle& handle,
+                                     const libusb_interface_descriptor& setting)
+    : handle_(handle),
+      number_(setting.bInterfaceNumber),
+      class_(setting.bInterfaceClass),
+      subclass_(setting.bInterfaceSubClass) {
+    for (const auto& endpoint : std::span(setting.endpoint, setting.bNumEndpoints)) {
+        const bool in = endpoint.bEndpointAddress & LIBUSB_ENDPOINT_IN;
+        pipes_.push_back(
+            {endpoint.bEndpointAddress,
+             {in ? UsbDirection::in : UsbDirection::out,
+              static_cast<UsbTransferType>(endpoint.bmAttributes & LIBUSB_TRANSFER_TYPE_MASK),
+              packetSize(endpoint)}});
+    }
+}
+
+LinuxUsbInterface::~LinuxUsbInterface() {
+    close();
+}
+
+std::uint8_t LinuxUsbInterface::number() const {
+    return number_;
+}
+
+std::uint8_t LinuxUsbInterface::interfaceClass() const {
+    return class_;
+}
+
+std::uint8_t LinuxUsbInterface::interfaceSubclass() const {
+    return subclass_;
+}
+
+UsbCode LinuxUsbInterface::open() {
+    return claim(false);
+}
+
+UsbCode LinuxUsbInterface::openSeize() {
+    return claim(true);
+}
+
+UsbCode LinuxUsbInterface::claim(bool fromKernel) {
+    if (open_)
+        return usb::success;
+    // With "auto detach" libusb takes the interface from a kernel driver and claims it in one step,
+    // leaves it alone when another program claimed it, and gives it back on release.
+    libusb_set_auto_detach_kernel_driver(handle_.get(), fromKernel);
+    const UsbCode code = usbCodeOfError(libusb_claim_interface(handle_.get(), number_));
+    open_ = code == usb::success;
+    seized_ = fromKernel;
+    return code;
+}
+
+void LinuxUsbInterface::close() {
+    if (!open_.exchange(false))
+        return;
+    libusb_set_auto_detach_kernel_driver(handle_.get(), seized_);
+    libusb_release_interface(handle_.get(), number_);
+}
+
+std::uint8_t LinuxUsbInterface::endpointCount() const {
+    return static_cast<std::uint8_t>(pipes_.size());
+}
+
+std::optional<UsbPipeProperties> LinuxUsbInterface::pipeProperties(std::uint8_t pipe) const {
+    if (pipe < 1 || pipe > pipes_.size())
+        return std::nullopt;
+    return pipes_[pipe - 1u].properties;
+}
+
+const LinuxUsbInterface::Pipe* LinuxUsbInterface::dataPipe(std::uint8_t number,
+                                                           UsbDirection direction) const {
+    if (number < 1 || number > pipes_.size())
+        return nullptr;
+    const Pipe& pipe = pipes_[number - 1u];
+    const bool carriesData = pipe.properties.transferType == UsbTransferType::bulk ||
+                             pipe.properties.transferType == UsbTransferType::interrupt;
+    return carriesData && pipe.properties.direction == direction ? &pipe : nullptr;
+}
+
+UsbCode LinuxUsbInterface::readPipeTO(std::uint8_t pipe, std::span<std::byte> buffer,
+                                      std::size_t& transferred, UsbTimeouts timeouts) {
+    transferred = 0;
+    if (!open_)
+        return usb::notOpen;
+    const Pipe* source = dataPipe(pipe, UsbDirection::in);
+    if (!source || buffer.empty() || buffer.size() > maxRequestSize)
+        return usb::badArgument;
+    const std::size_t length = roundUpToPackets(buffer.size(), source->properties.maxPacketSize);
+    const auto transfer = LibusbTransfer::make(handle_, length, Memory::heap);
+    if (!transfer)
+        return usb::noMemory;
+    UsbCode code = transfer->submit(source->address, libusbType(source->properties), length);
+    if (code != usb::success)
+        return code;
+    code = transfer->finish(deadline(timeouts));
+    const std::size_t arrived = transfer->transferred();
+    copy(buffer, transfer->buffer().first(arrived));
+    transferred = std::min(arrived, buffer.size());
+    return arrived > buffer.size() ? usb::overrun : code;
+}
+
+UsbCode LinuxUsbInterface::writePipeTO(std::uint8_t pipe, std::span<const std::byte> data,
+                                       std::size_t& transferred, UsbTimeouts timeouts) {
+    transferred = 0;
+    if (!open_)
+        return usb::notOpen;
+    const Pipe* target = dataPipe(pipe, UsbDirection::out);
+    if (!target || data.size() > maxRequestSize)
+        return usb::badArgument;
+    const auto transfer = LibusbTransfer::make(handle_, data.size(), Memory::heap);
+    if (!transfer)
+        return usb::noMemory;
+    copy(transfer->buffer(), data);
+    UsbCode code = transfer->submit(target->address, libusbType(target->properties), data.size());
+    if (code != usb::success)
+        return code;
+    code = transfer->finish(deadline(timeouts));
+    transferred = transfer->transferred();
+    return code;
+}
+
+UsbCode LinuxUsbInterface::clearPipeStallBothEnds(std::uint8_t pipe) {
+    if (!open_)
+        return usb::notOpen;
+    if (pipe < 1 || pipe > pipes_.size())
+        return usb::badArgument;
+    return usbCodeOfError(libusb_clear_halt(handle_.get(), pipes_[pipe - 1u].address));
+}
+
+std::unique_ptr<UsbReadStream>
+LinuxUsbInterface::readStream(std::uint8_t pipe, std::size_t requestSize, std::size_t depth) {
+    const Pipe* source = dataPipe(pipe, UsbDirection::in);
+    if (!open_ || !source || requestSize < 1 || requestSize > maxRequestSize || depth < 1 ||
+        depth > maxStreamDepth)
+        return nullptr;
+    std::vector<std::unique_ptr<LibusbTransfer>> transfers;
+    for (std::size_t i = 0; i < depth; ++i) {
+        transfers.push_back(LibusbTransfer::make(handle_, requestSize, Memory::mapped));
+        if (!transfers.back())
+            return nullptr;
+    }
+    return std::make_unique<LinuxUsbReadStream>(std::move(transfers), source->address,
+                                                source->properties);
+}
+
+UsbCode LinuxUsbInterface::controlRequest(const UsbControlRequest& request,
+                                          std::span<std::byte> data, std::size_t& transferred,
+                                          milliseconds timeout) {
+    transferred = 0;
+    if (!open_)
+        return usb::notOpen;
+    if (data.size() > UINT16_MAX)
+        return usb::badArgument;
+    const auto transfer =
+        LibusbTransfer::make(handle_, LIBUSB_CONTROL_SETUP_SIZE + data.size(), Memory::heap);
+    if (!transfer)
+        return usb::noMemory;
+    const bool in = request.requestType & LIBUSB_ENDPOINT_IN;
+    const std::span<std::byte> payload = transfer->buffer().subspan(LIBUSB_CONTROL_SETUP_SIZE);
+    libusb_fill_control_setup(reinterpret_cast<unsigned char*>(transfer->buffer().data()),
+                              request.requestType, request.request, request.value, request.index,
+                              static_cast<std::uint16_t>(data.size()));
+    if (!in)
+        copy(payload, data);
+    UsbCode code = transfer->submitControl();
+    if (code != usb::success)
+        return code;
+    code = transfer->finish(deadline(timeout));
+    transferred = std::min(transfer->transferred(), data.size());
+    if (in)
+        copy(data, payload.first(transferred));
+    return code;
+}
+
+} // namespace tessary

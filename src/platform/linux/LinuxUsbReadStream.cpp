@@ -1,0 +1,76 @@
+#include "platform/linux/LinuxUsbReadStream.h"
+
+#include <algorithm>
+
+namespace tessary {
+
+using std::chrono::steady_clock;
+
+libusb_transfer_type libusbType(const UsbPipeProperties& pipe) {
+    return static_cast<libusb_transfer_type>(pipe.transferType);
+}
+
+LinuxUsbReadStream::LinuxUsbReadStream(std::vector<std::unique_ptr<LibusbTransfer>> transfers,
+                                       std::uint8_t endpoint, UsbPipeProperties pipe)
+    : idle_(std::move(transfers)), endpoint_(endpoint), pipe_(pipe) {}
+
+LinuxUsbReadStream::~LinuxUsbReadStream() {
+    static_cast<void>(cancelAll());
+}
+
+UsbCode LinuxUsbReadStream::submit(std::size_t length) {
+    const bool wholePackets = pipe_.maxPacketSize == 0 || length % pipe_.maxPacketSize == 0;
+    if (idle_.empty() || length == 0 || !wholePackets)
+        return usb::badArgument;
+    const UsbCode code = idle_.back()->submit(endpoint_, libusbType(pipe_), length);
+    if (code == usb::success) {
+        flying_.push_back(std::move(idle_.back()));
+        idle_.pop_back();
+    }
+    return code;
+}
+
+UsbCode LinuxUsbReadStream::next(std::span<const std::byte>& data, UsbTimeouts timeouts) {
+    data = {};
+    if (flying_.empty())
+        return usb::badArgument;
+    LibusbTransfer& oldest = *flying_.front();
+    const auto timeout =
+        std::max({timeouts.noData, timeouts.completion, std::chrono::milliseconds(1)});
+    const bool inTime = oldest.waitUntil(steady_clock::now() + timeout);
+    if (!inTime && !cancelAll())
+        return usb::noDevice;
+    UsbCode code = oldest.result();
+    if (code == usb::aborted)
+        code = usb::timeout;
+    data = oldest.buffer().first(oldest.transferred());
+    if (code != usb::success && inTime && !cancelAll())
+        return code;
+    // A time-out that was overtaken by the data is none: the reads behind it stay in the queue, and
+    // what they got before they were cancelled is handed out like anything else.
+    const std::size_t done = code == usb::success ? 1 : flying_.size();
+    // Taken from the back, idle transfers are used in turn: this one last.
+    for (std::size_t i = 0; i < done; ++i) {
+        idle_.insert(idle_.begin(), std::move(flying_.front()));
+        flying_.pop_front();
+    }
+    return code;
+}
+
+std::size_t LinuxUsbReadStream::inFlight() const {
+    return flying_.size();
+}
+
+/// False when some had to be abandoned: the stream is of no use then.
+bool LinuxUsbReadStream::cancelAll() {
+    // From the newest: else one would take over the data of the one that was cancelled before it.
+    for (auto transfer = flying_.rbegin(); transfer != flying_.rend(); ++transfer)
+        (*transfer)->cancel();
+    const auto until = steady_clock::now() + LibusbTransfer::cancelBound;
+    bool settled = true;
+    for (const auto& transfer : flying_)
+        settled = transfer->settle(until) && settled;
+    return settled;
+}
+
+} // namespace tessary

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QByteArray>
+#include <QStringList>
+
+namespace tessary {
+
+/// The other processes that have the file `path` open, as "name (process N)", in order of N. Of
+/// other users' processes only root sees the files.
+[[nodiscard]] QStringList programsWithOpenFile(const QByteArray& path);
+
+} // namespace tessary

@@ -1,0 +1,132 @@
+#include "platform/linux/UdevMonitor.h"
+
+#include "platform/linux/UsbRegistry.h"
+
+#include <poll.h>
+#include <pthread.h>
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <set>
+
+namespace tessary {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+const char* eventSource() {
+    return ::access("/run/udev/control", F_OK) == 0 ? "udev" : "kernel";
+}
+
+} // namespace
+
+std::unique_ptr<UdevMonitor> UdevMonitor::start(Callback callback) {
+    std::unique_ptr<UdevMonitor> watch(new UdevMonitor);
+    watch->callback_ = std::move(callback);
+    watch->context_.reset(udev_new());
+    if (!watch->context_)
+        return nullptr;
+    watch->monitor_.reset(udev_monitor_new_from_netlink(watch->context_.get(), eventSource()));
+    watch->stopEvent_ = ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+    udev_monitor* monitor = watch->monitor_.get();
+    if (!monitor || watch->stopEvent_ < 0 ||
+        udev_monitor_filter_add_match_subsystem_devtype(monitor, "usb", "usb_device") < 0 ||
+        udev_monitor_enable_receiving(monitor) < 0)
+        return nullptr;
+    // After listening began: what comes from now on is either in this list or told of.
+    for (UsbRegistryEntry& one : UsbRegistry::scan())
+        watch->known_.emplace(one.sysPath, one.entry);
+    watch->thread_ = std::thread([self = watch.get()] { self->run(); });
+    pthread_setname_np(watch->thread_.native_handle(), "tessary-usb");
+    return watch;
+}
+
+UdevMonitor::~UdevMonitor() {
+    if (thread_.joinable()) {
+        eventfd_write(stopEvent_, 1);
+        thread_.join();
+    }
+    if (stopEvent_ >= 0)
+        ::close(stopEvent_);
+}
+
+void UdevMonitor::run() {
+    std::array<pollfd, 2> sources{
+        {{udev_monitor_get_fd(monitor_.get()), POLLIN, 0}, {stopEvent_, POLLIN, 0}}};
+    while (true) {
+        if (::poll(sources.data(), sources.size(), -1) < 0 && errno != EINTR)
+            return;
+        if (sources[1].revents)
+            return;
+        if (!sources[0].revents)
+            continue;
+        errno = 0;
+        if (const UdevDevicePointer device(udev_monitor_receive_device(monitor_.get())); device)
+            handle(device.get());
+        else if (errno == ENOBUFS)
+            rescan();
+    }
+}
+
+void UdevMonitor::handle(udev_device* device) {
+    const QByteArray action = udev_device_get_action(device);
+    const QByteArray sysPath = udev_device_get_syspath(device);
+    if (action == "remove") {
+        awaitRemoval(sysPath);
+        detach(sysPath);
+    } else if (action == "add") {
+        if (const auto found = UsbRegistry::read(device))
+            attach(sysPath, found->entry);
+    }
+}
+
+/// The kernel tells of a removal just before it carries it out. Who is told lists the devices anew
+/// and must not find the old one any more.
+void UdevMonitor::awaitRemoval(const QByteArray& sysPath) const {
+    const auto known = known_.find(sysPath);
+    for (int tries = 0; tries < 100 && known != known_.end(); ++tries) {
+        if (!UsbRegistry::isAttached({known->second, sysPath, {}}))
+            return;
+        std::this_thread::sleep_for(2ms);
+    }
+}
+
+/// The kernel dropped messages: what is known is compared with what is there.
+void UdevMonitor::rescan() {
+    const std::vector<UsbRegistryEntry> attached = UsbRegistry::scan();
+    std::set<QByteArray> gone;
+    for (const auto& [sysPath, entry] : known_)
+        gone.insert(sysPath);
+    for (const UsbRegistryEntry& one : attached)
+        gone.erase(one.sysPath);
+    for (const QByteArray& sysPath : gone)
+        detach(sysPath);
+    for (const UsbRegistryEntry& one : attached)
+        attach(one.sysPath, one.entry);
+}
+
+void UdevMonitor::attach(const QByteArray& sysPath, const UsbDeviceEntry& entry) {
+    if (const auto known = known_.find(sysPath); known != known_.end()) {
+        if (known->second.id == entry.id)
+            return;
+        // Taken out and put in again before this thread looked.
+        detach(sysPath);
+    }
+    known_.insert_or_assign(sysPath, entry);
+    callback_({UsbEvent::Kind::attached, entry});
+}
+
+void UdevMonitor::detach(const QByteArray& sysPath) {
+    const auto known = known_.find(sysPath);
+    if (known == known_.end())
+        return;
+    const UsbDeviceEntry entry = known->second;
+    known_.erase(known);
+    callback_({UsbEvent::Kind::detached, entry});
+}
+
+} // namespace tessary

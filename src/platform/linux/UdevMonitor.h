@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/UsbBus.h"
+#include "platform/linux/UdevPointers.h"
+
+#include <QByteArray>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <thread>
+
+namespace tessary {
+
+/// Tells of USB devices that come and go, on a thread of its own named "tessary-usb", from the
+/// moment it is made until it is destroyed. Not to be destroyed from within the callback.
+///
+/// Listens to udevd where it runs, since only after its rules is a device node usable, and to the
+/// kernel where it does not.
+class UdevMonitor : public UsbWatch {
+public:
+    using Callback = std::function<void(const UsbEvent&)>;
+
+    /// Null where this process gets no such messages.
+    [[nodiscard]] static std::unique_ptr<UdevMonitor> start(Callback callback);
+    ~UdevMonitor() override;
+
+private:
+    UdevMonitor() = default;
+    void run();
+    void handle(udev_device* device);
+    void awaitRemoval(const QByteArray& sysPath) const;
+    void rescan();
+    void attach(const QByteArray& sysPath, const UsbDeviceEntry& entry);
+    void detach(const QByteArray& sysPath);
+
+    Callback callback_;
+    UdevPointer context_;
+    UdevMonitorPointer monitor_;
+    int stopEvent_ = -1;
+    std::map<QByteArray, UsbDeviceEntry> known_; ///< by folder in sysfs; only the thread's
+    std::thread thread_;
+};
+
+} // namespace tessary

@@ -1,0 +1,66 @@
+#include "platform/SystemUsbBus.h"
+#include "platform/linux/OpenFiles.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryFile>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <filesystem>
+
+namespace tessary {
+namespace {
+
+using namespace std::chrono;
+using testing::IsEmpty;
+
+// Transfers, seizing and hot plug need a device: the emulated machine tests them.
+
+TEST(LinuxUsbBus, machineWithoutUsbHasAnEmptyBus) {
+    if (std::filesystem::exists("/sys/bus/usb/devices"))
+        GTEST_SKIP() << "this machine has USB";
+    EXPECT_THAT(makeSystemUsbBus()->devices(), IsEmpty());
+}
+
+TEST(LinuxUsbBus, idOfNoAttachmentResolvesToNothing) {
+    const auto bus = makeSystemUsbBus();
+    for (const std::uint64_t id : {std::uint64_t(0), std::uint64_t(1), UINT64_MAX}) {
+        EXPECT_EQ(bus->device(id), nullptr) << id;
+        EXPECT_THAT(bus->programsHolding(id), IsEmpty()) << id;
+    }
+}
+
+TEST(LinuxUsbBus, watchesEndAtOnceAndSideBySide) {
+    const auto bus = makeSystemUsbBus();
+    const auto start = steady_clock::now();
+    for (int round = 0; round < 20; ++round) {
+        const auto first = bus->watch([](const UsbEvent&) {});
+        const auto second = bus->watch([](const UsbEvent&) {});
+        ASSERT_EQ(first == nullptr, second == nullptr);
+    }
+    EXPECT_LT(steady_clock::now() - start, 5s);
+}
+
+TEST(OpenFiles, namesOtherProcessesOnly) {
+    QTemporaryFile file; // open in this process, too
+    ASSERT_TRUE(file.open());
+    const QByteArray path = QFile::encodeName(file.fileName());
+    EXPECT_THAT(programsWithOpenFile(path), IsEmpty());
+
+    QProcess holder;
+    holder.setStandardInputFile(file.fileName());
+    holder.start(QStringLiteral("sleep"), {QStringLiteral("60")});
+    ASSERT_TRUE(holder.waitForStarted());
+    const QString expected = QStringLiteral("sleep (process %1)").arg(holder.processId());
+    EXPECT_THAT(programsWithOpenFile(path), testing::ElementsAre(expected));
+
+    holder.kill();
+    ASSERT_TRUE(holder.waitForFinished());
+    EXPECT_THAT(programsWithOpenFile(path), IsEmpty());
+}
+
+} // namespace
+} // namespace tessary
