@@ -21,7 +21,9 @@ bool isRootHandle(std::uint32_t handle) {
     return handle == mtpRootHandle || handle == alternativeRoot;
 }
 
-MTPDeviceAddress addressOf(const DeviceInfo& device) {
+} // namespace
+
+MTPDeviceAddress mtpAddressOf(const DeviceInfo& device) {
     MTPDeviceAddress address;
     address.vendorID = device.vendorId;
     address.productID = device.productId;
@@ -32,8 +34,6 @@ MTPDeviceAddress addressOf(const DeviceInfo& device) {
     address.location = device.usbLocation;
     return address;
 }
-
-} // namespace
 
 QString MTPLocation::shownPath() const {
     if (prefix.isEmpty())
@@ -48,7 +48,7 @@ MTPLocation MTPLocation::child(const QString& name) const {
 MTPSession::MTPSession(UsbBus& bus, const DeviceInfo& device, MTPHandleCache& cache)
     : deviceKey_(MTPHandleCache::deviceKey(device.udid, device.usbLocation)),
       cache_(cache),
-      client_(std::make_unique<IOKitMTPTransport>(bus, addressOf(device))) {
+      client_(std::make_unique<IOKitMTPTransport>(bus, mtpAddressOf(device))) {
     client_.openSession(1);
 }
 

@@ -3,6 +3,7 @@
 #include "core/DeviceInfo.h"
 #include "files/MTPHandleCache.h"
 #include "mtp/MTPClient.h"
+#include "mtp/MTPInterfaceConnection.h"
 #include "platform/UsbBus.h"
 
 #include <QString>
@@ -39,6 +40,9 @@ struct MTPResolvedObject {
         return !info || info->isDirectory();
     }
 };
+
+/// How the transport finds a device.
+[[nodiscard]] MTPDeviceAddress mtpAddressOf(const DeviceInfo& device);
 
 /// One MTP session with one device, open from construction to destruction, with the path walking
 /// that every operation shares. Used by one thread at a time; failures are MTPTransportError.

@@ -1,0 +1,226 @@
+#include "files/DeviceFileService.h"
+
+#include "core/CancellationError.h"
+#include "core/DiagnosticsLogger.h"
+#include "core/TessaryError.h"
+#include "files/DevicePath.h"
+#include "mtp/MTPInterfaceConnection.h"
+#include "platform/SystemUsbBus.h"
+#include "platform/qt/QtProcessRunner.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFileInfo>
+#include <QThreadPool>
+
+namespace tessary {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto processLimit = 5s;
+constexpr auto stagingPatience = 2s;
+
+const DeviceInfo& require(const std::optional<DeviceInfo>& device) {
+    if (!device)
+        throw TessaryError::deviceNotFound(QStringLiteral("no phone was chosen"));
+    return *device;
+}
+
+QString usrBin(QLatin1StringView program) {
+    return QStringLiteral("/usr/bin") + program;
+}
+
+/// A folder that only this user can read: other users of a shared temporary directory must not
+/// see, or plant, what is dragged out of a phone.
+QString makeStagingDirectory() {
+    const QString wanted = QDir::tempPath() + QStringLiteral("/TessaryAndroidStaging");
+    constexpr auto ownerOnly =
+        QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner;
+    QDir().mkpath(wanted);
+    if (QFileInfo(wanted).isDir() && !QFileInfo(wanted).isSymLink() &&
+        QFile::setPermissions(wanted, ownerOnly))
+        return wanted;
+    const QString own = QDir::homePath() + QStringLiteral("/.cache/TessaryAndroidStaging");
+    QDir().mkpath(own);
+    return own;
+}
+
+} // namespace
+
+DeviceFileService& DeviceFileService::shared() {
+    static UsbBus& bus = *makeSystemUsbBus().release();
+    static ProcessRunner& processes = *new QtProcessRunner;
+    static DeviceFileService& service = *new DeviceFileService(bus, processes);
+    return service;
+}
+
+DeviceFileService::DeviceFileService(UsbBus& bus, ProcessRunner& processes)
+    : bus_(bus), processes_(processes), mtp_(bus), stagingDirectory_(makeStagingDirectory()) {}
+
+DeviceFileService::~DeviceFileService() {
+    stopStaging_.request_stop();
+    std::unique_lock lock(stagingMutex_);
+    staged_.wait(lock, [this] { return staging_.isEmpty(); });
+}
+
+std::vector<FileItem> DeviceFileService::listDirectory(const QString& at,
+                                                       const std::optional<DeviceInfo>& device,
+                                                       const std::stop_token& stop) {
+    if (!device)
+        return {};
+    return mtp_.listDirectory(at, *device, stop);
+}
+
+FileItem DeviceFileService::itemAt(const QString& path, const std::optional<DeviceInfo>& device,
+                                   const std::stop_token& stop) {
+    return mtp_.itemAt(path, require(device), stop);
+}
+
+void DeviceFileService::downloadFile(const FileItem& item, const QString& to,
+                                     const std::optional<DeviceInfo>& device,
+                                     const FileProgressCallback& progress,
+                                     const std::stop_token& stop) {
+    mtp_.downloadFile(item, to, require(device), progress, stop);
+}
+
+TransferOutcome DeviceFileService::downloadDirectory(const FileItem& item, const QString& to,
+                                                     const std::optional<DeviceInfo>& device,
+                                                     const TransferProgressCallback& progress,
+                                                     const std::stop_token& stop) {
+    if (!isSafeName(item.name))
+        throw TessaryError::fileIOError(
+            QStringLiteral("The name \"%1\" cannot be used on this computer. Rename the folder on "
+                           "the phone first.")
+                .arg(item.name));
+    return downloadDirectoryContents(item, joinPath(to, item.name), device, progress, stop);
+}
+
+TransferOutcome DeviceFileService::downloadDirectoryContents(
+    const FileItem& item, const QString& localFolder, const std::optional<DeviceInfo>& device,
+    const TransferProgressCallback& progress, const std::stop_token& stop) {
+    return mtp_.downloadDirectory(item, localFolder, require(device), progress, stop);
+}
+
+void DeviceFileService::uploadFile(const QString& localFile, const QString& remoteParentPath,
+                                   const std::optional<DeviceInfo>& device,
+                                   const FileProgressCallback& progress,
+                                   const std::stop_token& stop) {
+    mtp_.uploadFile(localFile, remoteParentPath, require(device), progress, stop);
+}
+
+TransferOutcome DeviceFileService::uploadDirectory(const QString& localFolder,
+                                                   const QString& remoteParentPath,
+                                                   const std::optional<DeviceInfo>& device,
+                                                   const TransferProgressCallback& progress,
+                                                   const std::stop_token& stop) {
+    return mtp_.uploadDirectory(localFolder, remoteParentPath, require(device), progress, stop);
+}
+
+void DeviceFileService::createFolder(const QString& name, const QString& parentPath,
+                                     const std::optional<DeviceInfo>& device,
+                                     const std::stop_token& stop) {
+    mtp_.createFolder(name, parentPath, require(device), stop);
+}
+
+void DeviceFileService::deleteFile(const FileItem& item, const std::optional<DeviceInfo>& device,
+                                   const std::stop_token& stop) {
+    mtp_.deleteFile(item, require(device), stop);
+}
+
+void DeviceFileService::renameItem(const FileItem& item, const QString& newName,
+                                   const std::optional<DeviceInfo>& device,
+                                   const std::stop_token& stop) {
+    mtp_.renameItem(item, newName, require(device), stop);
+}
+
+void DeviceFileService::moveItem(const FileItem& item, const QString& newParentPath,
+                                 const std::optional<DeviceInfo>& device,
+                                 const std::stop_token& stop) {
+    mtp_.moveItem(item, newParentPath, require(device), stop);
+}
+
+std::optional<LiveDeviceInfo> DeviceFileService::fetchLiveDeviceInfo(const DeviceInfo& device) {
+    return mtp_.fetchLiveDeviceInfo(device);
+}
+
+QString DeviceFileService::stagingPath(const FileItem& item, const DeviceInfo& device) const {
+    const QStringList identity{device.id(), device.usbLocation, item.id(),
+                               QString::number(item.size),
+                               item.modifiedDateOrEpoch().toString(Qt::ISODateWithMs)};
+    const QByteArray key =
+        QCryptographicHash::hash(identity.join(QChar::Null).toUtf8(), QCryptographicHash::Sha256)
+            .toHex()
+            .left(32);
+    return joinPath(joinPath(stagingDirectory_, QString::fromLatin1(key)), item.name);
+}
+
+QString DeviceFileService::stageItemForDrag(const FileItem& item,
+                                            const std::optional<DeviceInfo>& device) {
+    if (!isSafeName(item.name))
+        throw TessaryError::fileIOError(
+            QStringLiteral("The name \"%1\" cannot be used on this computer.").arg(item.name));
+    const QString path = stagingPath(item, require(device));
+    std::unique_lock lock(stagingMutex_);
+    if (!staging_.contains(path)) {
+        if (QFileInfo::exists(path))
+            return path;
+        staging_.insert(path);
+        QThreadPool::globalInstance()->start([this, item, device, path] {
+            try {
+                QDir().mkpath(parentPath(path));
+                downloadFile(item, path, device, {}, stopStaging_.get_token());
+            } catch (const CancellationError&) {
+                // The service ends; nobody waits for the copy any more.
+            } catch (const std::exception& error) {
+                DiagnosticsLogger::shared().mtp.standard("MTP fetch notice: %s",
+                                                         {QString::fromUtf8(error.what())});
+            }
+            const std::scoped_lock doneLock(stagingMutex_);
+            staging_.remove(path);
+            staged_.notify_all();
+        });
+    }
+    staged_.wait_for(lock, stagingPatience, [&] { return !staging_.contains(path); });
+    return path;
+}
+
+bool DeviceFileService::isConflictingAppRunning() {
+    return processes_
+        .run(usrBin(QLatin1StringView("/pgrep")),
+             {QStringLiteral("-if"), QStringLiteral("Android File Transfer|OpenMTP")}, processLimit)
+        .succeeded();
+}
+
+void DeviceFileService::killConflictingAgents() {
+    const QString pkill = usrBin(QLatin1StringView("/pkill"));
+    const QString hard = QStringLiteral("-9");
+    const QString byCommandLine = QStringLiteral("-if");
+    for (const QStringList& arguments :
+         {QStringList{hard, byCommandLine, QStringLiteral("Android File Transfer")},
+          QStringList{hard, byCommandLine, QStringLiteral("OpenMTP")},
+          QStringList{hard, QStringLiteral("-x"), QStringLiteral("ptpcamerad")}})
+        (void)processes_.run(pkill, arguments, processLimit);
+    if (const auto adb = findAdbBinary())
+        (void)processes_.run(*adb, {QStringLiteral("kill-server")}, processLimit);
+}
+
+QStringList DeviceFileService::programsHolding(const DeviceInfo& device) {
+    const auto entry = findMTPDevice(bus_, mtpAddressOf(device));
+    return entry ? bus_.programsHolding(entry->id) : QStringList();
+}
+
+std::optional<QString> DeviceFileService::findAdbBinary() const {
+    for (const QString& path :
+         {QDir::homePath() + QStringLiteral("/Library/Android/sdk/platform-tools/adb"),
+          QStringLiteral("/opt/homebrew/bin/adb"), QStringLiteral("/usr/local/bin/adb"),
+          usrBin(QLatin1StringView("/adb"))}) {
+        const QFileInfo info(path);
+        if (info.isFile() && info.isExecutable())
+            return path;
+    }
+    return std::nullopt;
+}
+
+} // namespace tessary

@@ -1,0 +1,113 @@
+#pragma once
+
+#include "core/DeviceInfo.h"
+#include "core/FileItem.h"
+#include "files/MTPFileBackend.h"
+#include "files/TransferOutcome.h"
+#include "platform/ProcessRunner.h"
+#include "platform/UsbBus.h"
+
+#include <QSet>
+#include <QString>
+
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <stop_token>
+#include <vector>
+
+namespace tessary {
+
+/// The one file interface over Android devices. Every call blocks and may come from any thread but
+/// the one that draws; those on one device take turns. Failures are TessaryError and
+/// MTPTransportError; a stop request ends a call with CancellationError. A call without a device
+/// fails with `deviceNotFound`, only a listing is then empty.
+///
+/// Device paths are storage-relative and begin with "/"; "/sdcard" and "/storage/emulated/0" are
+/// the root, "/storage/<id>" is the root of another storage. Local paths are files of this
+/// machine.
+class DeviceFileService {
+public:
+    /// The instance on this machine's USB bus. Made on first use, never released.
+    [[nodiscard]] static DeviceFileService& shared();
+
+    /// `bus` and `processes` must outlive the service.
+    DeviceFileService(UsbBus& bus, ProcessRunner& processes);
+    /// Waits for staging copies that are under way; they are cancelled.
+    ~DeviceFileService();
+
+    [[nodiscard]] std::vector<FileItem> listDirectory(const QString& at,
+                                                      const std::optional<DeviceInfo>& device,
+                                                      const std::stop_token& stop = {});
+    /// The entry at a path; the root is a folder called after its storage.
+    [[nodiscard]] FileItem itemAt(const QString& path, const std::optional<DeviceInfo>& device,
+                                  const std::stop_token& stop = {});
+
+    /// Copies a file to `to`, a path that ends in the new file's name. The file appears whole,
+    /// with the phone's date, or not at all; an older one is replaced.
+    void downloadFile(const FileItem& item, const QString& to,
+                      const std::optional<DeviceInfo>& device,
+                      const FileProgressCallback& progress = {}, const std::stop_token& stop = {});
+    /// Copies a folder into the local folder `to`, under its own name.
+    [[nodiscard]] TransferOutcome downloadDirectory(const FileItem& item, const QString& to,
+                                                    const std::optional<DeviceInfo>& device,
+                                                    const TransferProgressCallback& progress = {},
+                                                    const std::stop_token& stop = {});
+    /// Copies a folder's content into `localFolder`, which is made when it is missing.
+    [[nodiscard]] TransferOutcome downloadDirectoryContents(
+        const FileItem& item, const QString& localFolder, const std::optional<DeviceInfo>& device,
+        const TransferProgressCallback& progress = {}, const std::stop_token& stop = {});
+    void uploadFile(const QString& localFile, const QString& remoteParentPath,
+                    const std::optional<DeviceInfo>& device,
+                    const FileProgressCallback& progress = {}, const std::stop_token& stop = {});
+    [[nodiscard]] TransferOutcome uploadDirectory(const QString& localFolder,
+                                                  const QString& remoteParentPath,
+                                                  const std::optional<DeviceInfo>& device,
+                                                  const TransferProgressCallback& progress = {},
+                                                  const std::stop_token& stop = {});
+
+    void createFolder(const QString& name, const QString& parentPath,
+                      const std::optional<DeviceInfo>& device, const std::stop_token& stop = {});
+    void deleteFile(const FileItem& item, const std::optional<DeviceInfo>& device,
+                    const std::stop_token& stop = {});
+    void renameItem(const FileItem& item, const QString& newName,
+                    const std::optional<DeviceInfo>& device, const std::stop_token& stop = {});
+    void moveItem(const FileItem& item, const QString& newParentPath,
+                  const std::optional<DeviceInfo>& device, const std::stop_token& stop = {});
+
+    /// Battery and storages; no value while the device is busy. Never throws.
+    [[nodiscard]] std::optional<LiveDeviceInfo> fetchLiveDeviceInfo(const DeviceInfo& device);
+
+    /// A local copy for dragging out, in a folder that is the item's own: by device, path, size
+    /// and date. A copy that is complete is returned at once. Otherwise it is started, and the
+    /// call returns its path after at most two seconds, complete or not.
+    [[nodiscard]] QString stageItemForDrag(const FileItem& item,
+                                           const std::optional<DeviceInfo>& device);
+
+    /// Whether a program runs that is known to compete for phones.
+    [[nodiscard]] bool isConflictingAppRunning();
+    /// Ends the programs that are known to compete for phones, without asking them.
+    void killConflictingAgents();
+    /// The programs that hold this device right now.
+    [[nodiscard]] QStringList programsHolding(const DeviceInfo& device);
+
+    /// The adb executable of this machine: the first that is there of the home folder's Android
+    /// tools and the usual places.
+    [[nodiscard]] std::optional<QString> findAdbBinary() const;
+
+private:
+    [[nodiscard]] QString stagingPath(const FileItem& item, const DeviceInfo& device) const;
+
+    UsbBus& bus_;
+    ProcessRunner& processes_;
+    MTPFileBackend mtp_;
+    QString stagingDirectory_;
+
+    std::mutex stagingMutex_;
+    std::condition_variable staged_;
+    QSet<QString> staging_; ///< paths of copies under way; guarded by stagingMutex_
+    std::stop_source stopStaging_;
+};
+
+} // namespace tessary
