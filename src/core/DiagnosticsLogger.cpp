@@ -1,27 +1,11 @@
 #include "core/DiagnosticsLogger.h"
 
+#include "core/Printable.h"
 #include "core/SystemLogSink.h"
 
 #include <array>
 
 namespace tessary {
-
-namespace {
-
-QString printable(const QString& text) {
-    QString result;
-    result.reserve(text.size());
-    for (const QChar c : text) {
-        if (c.category() == QChar::Other_Control || c == QChar::LineSeparator ||
-            c == QChar::ParagraphSeparator)
-            result += QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
-        else
-            result += c;
-    }
-    return result;
-}
-
-} // namespace
 
 const char* logLevelName(LogLevel level) {
     static constexpr std::array names{"debug", "info", "default", "error"};

@@ -1,0 +1,96 @@
+#include "files/ErrorAdvice.h"
+
+#include "core/TessaryError.h"
+#include "mtp/MTPTransportError.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+namespace tessary {
+
+namespace {
+
+using View = QLatin1StringView;
+using Case = MTPTransportError::Case;
+
+constexpr View plugInAgain("Plug the phone in again, unlock it and choose File transfer on it.");
+
+struct CodeRow {
+    UsbCode code;
+    View message;
+    View advice;
+};
+
+constexpr std::array codeTable{
+    CodeRow{usb::noDevice, View("The phone was unplugged."), plugInAgain},
+    CodeRow{usb::timeout, View("The phone does not answer."),
+            View("Unlock it. If that does not help, unplug it and plug it in again.")},
+    CodeRow{usb::pipeStalled, View("The phone broke the transfer off."),
+            View("Try again. If that does not help, unplug the phone and plug it in again.")},
+    CodeRow{usb::notPermitted, View("This user may not open the phone's USB device."),
+            View("Install the udev rule that comes with Tessary, then plug the phone in again.")},
+};
+
+struct ResponseRow {
+    MTPResponseCode response;
+    View message;
+    View advice;
+};
+
+constexpr std::array responseTable{
+    ResponseRow{MTPResponseCode::storeFull, View("The storage of the phone is full."),
+                View("Delete something on the phone, or copy less.")},
+    ResponseRow{MTPResponseCode::storeReadOnly, View("This storage of the phone is read-only."),
+                View("Choose another folder.")},
+    ResponseRow{MTPResponseCode::objectWriteProtected, View("The phone protects this file."),
+                View("")},
+    ResponseRow{MTPResponseCode::accessDenied, View("The phone does not allow this."),
+                View("Unlock it, and try another folder.")},
+    ResponseRow{MTPResponseCode::storeNotAvailable,
+                View("The storage of the phone is not available."),
+                View("Unlock the phone and choose File transfer on it.")},
+    ResponseRow{MTPResponseCode::deviceBusy, View("The phone is busy."),
+                View("Wait a moment and try again.")},
+    ResponseRow{MTPResponseCode::operationNotSupported, View("The phone cannot do this."),
+                View("")},
+    ResponseRow{MTPResponseCode::sessionNotOpen, View("The phone ended the connection."),
+                plugInAgain},
+};
+
+template <typename Row>
+ErrorAdvice from(const Row& row, const QString& detail) {
+    return {row.message + QStringLiteral(" (%1)").arg(detail), row.advice};
+}
+
+ErrorAdvice forTransport(const MTPTransportError& error, const QStringList& holders) {
+    if (error.kind() == Case::exclusiveAccessDenied) {
+        const QString who =
+            holders.isEmpty() ? QStringLiteral("Another program") : holders.join(View(", "));
+        return {who + QStringLiteral(" is using the phone."),
+                QStringLiteral("Close it, or unmount the phone in the desktop's file manager, and "
+                               "try again.")};
+    }
+    if (error.kind() == Case::notConnected)
+        return {QStringLiteral("The phone is not connected."), plugInAgain};
+    const UsbCode code = error.kind() == Case::timeout ? usb::timeout : error.code();
+    for (const CodeRow& row : codeTable)
+        if (row.code == code)
+            return from(row, error.description());
+    for (const ResponseRow& row : responseTable)
+        if (error.response() == static_cast<std::uint16_t>(row.response))
+            return from(row, error.description());
+    return {error.description(), {}};
+}
+
+} // namespace
+
+ErrorAdvice adviceFor(const std::exception& error, const QStringList& holders) {
+    if (const auto* transport = dynamic_cast<const MTPTransportError*>(&error))
+        return forTransport(*transport, holders);
+    if (const auto* own = dynamic_cast<const TessaryError*>(&error))
+        return {own->description(), {}};
+    return {QString::fromUtf8(error.what()), {}};
+}
+
+} // namespace tessary

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <exception>
+
+namespace tessary {
+
+/// A failure in words for the person with the phone: what happened, and what to do about it.
+struct ErrorAdvice {
+    QString message;
+    QString advice; ///< empty when there is nothing to do
+};
+
+/// The words for a failure of the file service. `holders` are the programs that hold the phone,
+/// as far as they are known. Pure.
+[[nodiscard]] ErrorAdvice adviceFor(const std::exception& error, const QStringList& holders = {});
+
+} // namespace tessary
