@@ -30,3 +30,7 @@ if(TESSARY_COVERAGE)
     target_compile_options(tessary_flags INTERFACE --coverage)
     target_link_options(tessary_flags INTERFACE --coverage)
 endif()
+if(TESSARY_FUZZ)
+    # Coverage of the libraries, by which libFuzzer finds its way.
+    target_compile_options(tessary_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()
