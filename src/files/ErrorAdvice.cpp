@@ -1,6 +1,7 @@
 #include "files/ErrorAdvice.h"
 
 #include "core/TessaryError.h"
+#include "mtp/MTPCodes.h"
 #include "mtp/MTPTransportError.h"
 
 #include <algorithm>

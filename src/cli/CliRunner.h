@@ -1,0 +1,51 @@
+#pragma once
+
+#include "cli/CommandLine.h"
+#include "files/DeviceFileService.h"
+
+#include <cstdio>
+#include <stop_token>
+
+namespace tessary {
+
+/// Carries out what the command line asks for, with the same services as the window. Results go to
+/// `out`, progress and failures to `error`. Blocking; one run at a time.
+class CliRunner {
+public:
+    enum ExitStatus { done = 0, failed = 1, wrongUsage = 2, interrupted = 130 };
+
+    /// Everything must outlive the runner.
+    CliRunner(UsbBus& bus, DeviceFileService& files, std::FILE* out, std::FILE* error);
+
+    /// Never throws: every failure is one clear line on `error` and an exit status.
+    [[nodiscard]] ExitStatus run(const CliRequest& request, const std::stop_token& stop) noexcept;
+
+private:
+    void devices();
+    void list();
+    void info();
+    void get();
+    void put();
+    void makeFolders();
+    void remove();
+    void move();
+
+    [[nodiscard]] DeviceInfo chosenDevice();
+    void finish(const TransferOutcome& outcome);
+    void print(const QJsonValue& document);
+    void printLine(const QString& line);
+    void fail(const QString& message);
+
+    UsbBus& bus_;
+    DeviceFileService& files_;
+    std::FILE* out_;
+    std::FILE* error_;
+
+    // Of the current run.
+    CliRequest request_;
+    std::stop_token stop_;
+    std::optional<DeviceInfo> device_;
+    ExitStatus status_ = done;
+};
+
+} // namespace tessary

@@ -1,0 +1,162 @@
+#include "cli/CommandLine.h"
+
+#include <CLI/CLI.hpp>
+#include <QDir>
+#include <QFileInfo>
+
+#include <string>
+
+namespace tessary {
+
+namespace {
+
+constexpr int wrongUsage = 2;
+
+QString text(const std::string& bytes) {
+    return QFile::decodeName(QByteArray::fromStdString(bytes));
+}
+
+/// What CLI11 fills while it parses.
+struct Raw {
+    bool json = false;
+    bool demo = false;
+    std::vector<std::string> usb;
+    std::string device;
+    std::vector<std::string> paths;
+    std::string path;
+    std::string target;
+    std::string local;
+};
+
+/// "VID:PID" in hexadecimal.
+std::optional<UsbIds> parseIds(const std::string& ids) {
+    const QStringList parts = text(ids).split(QLatin1Char(':'));
+    if (parts.size() != 2)
+        return std::nullopt;
+    bool vendorOk = false;
+    bool productOk = false;
+    const UsbIds parsed{parts[0].toUShort(&vendorOk, 16), parts[1].toUShort(&productOk, 16)};
+    if (!vendorOk || !productOk)
+        return std::nullopt;
+    return parsed;
+}
+
+struct Subcommand {
+    CLI::App* app = nullptr;
+    CliRequest::Command command = CliRequest::Command::devices;
+};
+
+std::vector<Subcommand> addSubcommands(CLI::App& app, Raw& raw) {
+    using Command = CliRequest::Command;
+    std::vector<Subcommand> commands;
+    const auto add = [&](const char* name, const char* help, Command command) -> CLI::App& {
+        CLI::App* sub = app.add_subcommand(name, help);
+        sub->add_flag("--json", raw.json, "Print one JSON document");
+        commands.push_back({sub, command});
+        return *sub;
+    };
+    const auto addDevice = [&](CLI::App& sub) {
+        sub.add_option("DEVICE", raw.device, "udid, a unique prefix of one, or a unique name")
+            ->required();
+    };
+
+    add("devices", "List the devices that are attached", Command::devices);
+
+    CLI::App& list = add("ls", "List a folder of a device", Command::list);
+    addDevice(list);
+    list.add_option("PATH", raw.path, "Folder or file on the device")->default_val("/");
+
+    CLI::App& info =
+        add("info", "Show what is known of a device, or of one path on it", Command::info);
+    addDevice(info);
+    info.add_option("PATH", raw.path, "File or folder on the device");
+
+    CLI::App& get = add("get", "Copy a file or folder from a device", Command::get);
+    addDevice(get);
+    get.add_option("PATH", raw.path, "File or folder on the device")->required();
+    get.add_option("LOCAL", raw.local, "Folder here, or the name of the copy")->required();
+
+    CLI::App& put = add("put", "Copy a file or folder into a folder of a device", Command::put);
+    addDevice(put);
+    put.add_option("LOCAL", raw.local, "File or folder here")->required();
+    put.add_option("PATH", raw.path, "Folder on the device")->required();
+
+    CLI::App& makeFolder = add("mkdir", "Make folders on a device", Command::makeFolder);
+    addDevice(makeFolder);
+    makeFolder.add_option("PATH", raw.paths, "The new folders")->required();
+
+    CLI::App& remove =
+        add("rm", "Delete files, and folders with everything in them", Command::remove);
+    addDevice(remove);
+    remove.add_option("PATH", raw.paths, "Files and folders on the device")->required();
+
+    CLI::App& move = add("mv", "Rename or move a file or folder on a device", Command::move);
+    addDevice(move);
+    move.add_option("PATH", raw.path, "File or folder on the device")->required();
+    move.add_option("TARGET", raw.target, "A new name, a new path, or a folder that exists")
+        ->required();
+    return commands;
+}
+
+CliRequest requestOf(const Raw& raw, CliRequest::Command command) {
+    CliRequest request;
+    request.command = command;
+    request.json = raw.json;
+    request.demo = raw.demo;
+    request.device = text(raw.device);
+    for (const std::string& path : raw.paths)
+        request.paths.append(text(path));
+    if (!raw.path.empty())
+        request.paths.append(text(raw.path));
+    if (!raw.target.empty())
+        request.paths.append(text(raw.target));
+    if (!raw.local.empty())
+        request.localPath = QFileInfo(text(raw.local)).absoluteFilePath();
+    return request;
+}
+
+} // namespace
+
+std::variant<CliRequest, CliUsage> parseCommandLine(const QStringList& arguments) {
+    CLI::App app("Browse phones and copy files to and from them.", "tessary-cli");
+    app.require_subcommand(1);
+    app.fallthrough();
+    Raw raw;
+    app.add_option("--usb", raw.usb,
+                   "Also accept this USB device (VID:PID, hexadecimal) as an MTP phone")
+        ->allow_extra_args(false);
+    app.add_flag("--demo", raw.demo, "Start virtual phones, and use only those");
+    const std::vector<Subcommand> commands = addSubcommands(app, raw);
+
+    std::vector<std::string> reversed;
+    for (auto it = arguments.crbegin(); it != arguments.crend(); ++it)
+        reversed.push_back(QFile::encodeName(*it).toStdString());
+    try {
+        app.parse(reversed);
+    } catch (const CLI::Success&) {
+        for (const Subcommand& sub : commands)
+            if (sub.app->parsed())
+                return CliUsage{0, text(sub.app->help("tessary-cli"))};
+        return CliUsage{0, text(app.help())};
+    } catch (const CLI::ParseError& error) {
+        return CliUsage{wrongUsage,
+                        text(std::string(error.what()) + "\nRun tessary-cli --help for help.\n")};
+    }
+    for (const Subcommand& sub : commands) {
+        if (!sub.app->parsed())
+            continue;
+        CliRequest request = requestOf(raw, sub.command);
+        for (const std::string& ids : raw.usb) {
+            const auto parsed = parseIds(ids);
+            if (!parsed)
+                return CliUsage{wrongUsage,
+                                QStringLiteral("--usb takes VID:PID in hexadecimal, not \"%1\".\n")
+                                    .arg(text(ids))};
+            request.alsoAccept.push_back(*parsed);
+        }
+        return request;
+    }
+    return CliUsage{wrongUsage, text(app.help())};
+}
+
+} // namespace tessary

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "devices/AndroidDevices.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+#include <variant>
+#include <vector>
+
+namespace tessary {
+
+/// What the command line asks for. Paths on this machine are absolute.
+struct CliRequest {
+    enum class Command { devices, list, info, get, put, makeFolder, remove, move };
+
+    Command command = Command::devices;
+    QString device;    ///< udid, prefix of one, or name
+    QStringList paths; ///< on the device
+    QString localPath;
+    bool json = false;
+    bool demo = false;
+    std::vector<UsbIds> alsoAccept; ///< --usb
+};
+
+/// Why there is no request: help was asked for, or the usage was wrong.
+struct CliUsage {
+    int exitStatus = 0; ///< 0 for help, 2 for wrong usage
+    QString text;
+};
+
+/// Reads the arguments (without the program's name). Pure but for the working directory.
+[[nodiscard]] std::variant<CliRequest, CliUsage> parseCommandLine(const QStringList& arguments);
+
+} // namespace tessary

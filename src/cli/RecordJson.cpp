@@ -1,0 +1,75 @@
+#include "cli/RecordJson.h"
+
+#include <QJsonArray>
+
+namespace tessary {
+
+namespace {
+
+template <typename T>
+void insertIf(QJsonObject& object, QLatin1StringView key, const std::optional<T>& value) {
+    if (value)
+        object.insert(key, QJsonValue(*value));
+}
+
+using View = QLatin1StringView;
+
+} // namespace
+
+QJsonObject toJson(const StorageVolume& volume) {
+    return {{View("id"), volume.id},
+            {View("name"), volume.name},
+            {View("totalBytes"), static_cast<qint64>(volume.totalBytes)},
+            {View("freeBytes"), static_cast<qint64>(volume.freeBytes)},
+            {View("isSDCard"), volume.isSDCard}};
+}
+
+QJsonObject toJson(const DeviceInfo& device) {
+    QJsonObject object{
+        {View("udid"), device.udid},
+        {View("platform"), rawValue(device.platform)},
+        {View("handle"), static_cast<qint64>(device.handle)},
+        {View("productId"), static_cast<qint64>(device.productId)},
+        {View("vendorId"), static_cast<qint64>(device.vendorId)},
+        {View("connectionType"), static_cast<qint64>(rawValue(device.connectionType))},
+        {View("protocolMode"), rawValue(device.protocolMode)},
+        {View("isLocked"), device.isLocked}};
+    insertIf(object, View("deviceName"), device.deviceName);
+    insertIf(object, View("manufacturer"), device.manufacturer);
+    insertIf(object, View("serialNumber"), device.serialNumber);
+    insertIf(object, View("batteryLevel"), device.batteryLevel);
+    insertIf(object, View("freeStorageBytes"), device.freeStorageBytes);
+    insertIf(object, View("totalStorageBytes"), device.totalStorageBytes);
+    QJsonArray volumes;
+    for (const StorageVolume& volume : device.volumes)
+        volumes.append(toJson(volume));
+    object.insert(View("volumes"), volumes);
+    if (!device.usbLocation.isEmpty())
+        object.insert(View("usbLocation"), device.usbLocation);
+    return object;
+}
+
+QJsonObject toJson(const FileItem& item) {
+    QJsonObject object{{View("name"), item.name},
+                       {View("path"), item.path},
+                       {View("isDirectory"), item.isDirectory},
+                       {View("size"), item.size}};
+    if (item.modifiedDate)
+        object.insert(View("modifiedDate"), item.modifiedDate->toUTC().toString(Qt::ISODate));
+    if (item.handle)
+        object.insert(View("handle"), static_cast<qint64>(*item.handle));
+    return object;
+}
+
+QJsonObject toJson(const TransferOutcome& outcome) {
+    QJsonArray skipped;
+    for (const SkippedItem& item : outcome.skipped)
+        skipped.append(QJsonObject{{View("path"), item.path}, {View("reason"), item.reason}});
+    return {{View("totalFiles"), outcome.progress.totalFiles},
+            {View("completedFiles"), outcome.progress.completedFiles},
+            {View("totalBytes"), outcome.progress.totalBytes},
+            {View("completedBytes"), outcome.progress.completedBytes},
+            {View("skipped"), skipped}};
+}
+
+} // namespace tessary

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "core/DeviceInfo.h"
+#include "core/FileItem.h"
+#include "files/TransferOutcome.h"
+
+#include <QJsonObject>
+
+namespace tessary {
+
+// Records as JSON objects with their field names. Absent values are left out; dates are ISO 8601
+// in UTC; enumerations are their raw values.
+
+[[nodiscard]] QJsonObject toJson(const StorageVolume& volume);
+[[nodiscard]] QJsonObject toJson(const DeviceInfo& device);
+[[nodiscard]] QJsonObject toJson(const FileItem& item);
+[[nodiscard]] QJsonObject toJson(const TransferOutcome& outcome);
+
+} // namespace tessary

@@ -1,0 +1,79 @@
+#include "cli/CliRunner.h"
+#include "cli/CommandLine.h"
+#include "cli/StopSignals.h"
+#include "phones/DemoPhones.h"
+#include "platform/SystemUsbBus.h"
+#include "platform/qt/QtProcessRunner.h"
+
+#include <QCoreApplication>
+#include <QTemporaryDir>
+#include <unistd.h>
+
+#include <cstdio>
+#include <thread>
+
+using namespace tessary;
+
+namespace {
+
+/// A stream for results on the real standard output. From then on whatever libraries print there
+/// goes to standard error instead, so that nothing spoils a JSON document.
+std::FILE* takeStandardOutput() {
+    const int saved = dup(STDOUT_FILENO);
+    dup2(STDERR_FILENO, STDOUT_FILENO);
+    std::FILE* stream = saved < 0 ? nullptr : fdopen(saved, "w");
+    return stream == nullptr ? stderr : stream;
+}
+
+/// The phones that the run works on: this machine's, or virtual ones.
+class Phones {
+public:
+    explicit Phones(bool demo) {
+        if (demo)
+            demo_ = std::make_unique<DemoPhones>(folder_.path());
+        else
+            system_ = makeSystemUsbBus();
+    }
+
+    UsbBus& bus() {
+        return demo_ ? demo_->bus() : *system_;
+    }
+
+private:
+    QTemporaryDir folder_;
+    std::unique_ptr<DemoPhones> demo_;
+    std::unique_ptr<UsbBus> system_;
+};
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const StopSignals signals;
+    QCoreApplication app(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("tessary-cli"));
+    std::FILE* out = takeStandardOutput();
+
+    const auto parsed = parseCommandLine(QCoreApplication::arguments().mid(1));
+    if (const auto* usage = std::get_if<CliUsage>(&parsed)) {
+        std::fputs(qUtf8Printable(usage->text), usage->exitStatus == 0 ? out : stderr);
+        std::fflush(out);
+        return usage->exitStatus;
+    }
+    const CliRequest& request = std::get<CliRequest>(parsed);
+
+    int status = CliRunner::failed;
+    std::jthread work([&] {
+        {
+            Phones phones(request.demo);
+            QtProcessRunner processes;
+            DeviceFileService files(phones.bus(), processes);
+            status = CliRunner(phones.bus(), files, out, stderr).run(request, signals.token());
+        }
+        QMetaObject::invokeMethod(
+            &app, [] { QCoreApplication::quit(); }, Qt::QueuedConnection);
+    });
+    QCoreApplication::exec();
+    work.join();
+    std::fclose(out);
+    return status;
+}
