@@ -120,8 +120,12 @@ UsbCode LibusbTransfer::finish(steady_clock::time_point until) {
     cancel();
     if (!settle(steady_clock::now() + cancelBound))
         return usb::noDevice;
+    return timeoutResult();
+}
+
+UsbCode LibusbTransfer::timeoutResult() const {
     const UsbCode code = result();
-    return code == usb::aborted ? usb::timeout : code;
+    return code == usb::aborted || code == usb::generalError ? usb::timeout : code;
 }
 
 std::size_t LibusbTransfer::transferred() const {

@@ -54,6 +54,9 @@ public:
     /// Bytes transferred, of a finished transfer, whatever its result.
     [[nodiscard]] std::size_t transferred() const;
     [[nodiscard]] UsbCode result() const;
+    /// The result of a transfer that was cancelled because its time had passed. Host controllers
+    /// differ in how such a one ends; what counts is whether it completed after all.
+    [[nodiscard]] UsbCode timeoutResult() const;
 
     /// How long a cancelled transfer may take to end before it is abandoned.
     static constexpr std::chrono::milliseconds cancelBound{2000};

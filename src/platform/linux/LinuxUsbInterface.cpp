@@ -17,6 +17,8 @@ using Memory = LibusbTransfer::Memory;
 namespace {
 
 constexpr std::size_t maxStreamDepth = 64;
+/// Below this, setting up a mapping costs more than the copy that it saves.
+constexpr std::size_t worthMapping = 32 * 1024;
 
 /// A time-out of 0 would be none at all further down.
 steady_clock::time_point deadline(milliseconds timeout) {
@@ -181,8 +183,9 @@ LinuxUsbInterface::readStream(std::uint8_t pipe, std::size_t requestSize, std::s
         depth > maxStreamDepth)
         return nullptr;
     std::vector<std::unique_ptr<LibusbTransfer>> transfers;
+    const Memory memory = requestSize < worthMapping ? Memory::heap : Memory::mapped;
     for (std::size_t i = 0; i < depth; ++i) {
-        transfers.push_back(LibusbTransfer::make(handle_, requestSize, Memory::mapped));
+        transfers.push_back(LibusbTransfer::make(handle_, requestSize, memory));
         if (!transfers.back())
             return nullptr;
     }

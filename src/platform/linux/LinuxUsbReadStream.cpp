@@ -40,9 +40,7 @@ UsbCode LinuxUsbReadStream::next(std::span<const std::byte>& data, UsbTimeouts t
     const bool inTime = oldest.waitUntil(steady_clock::now() + timeout);
     if (!inTime && !cancelAll())
         return usb::noDevice;
-    UsbCode code = oldest.result();
-    if (code == usb::aborted)
-        code = usb::timeout;
+    const UsbCode code = inTime && !cancelled_ ? oldest.result() : oldest.timeoutResult();
     data = oldest.buffer().first(oldest.transferred());
     if (code != usb::success && inTime && !cancelAll())
         return code;
@@ -54,6 +52,7 @@ UsbCode LinuxUsbReadStream::next(std::span<const std::byte>& data, UsbTimeouts t
         idle_.insert(idle_.begin(), std::move(flying_.front()));
         flying_.pop_front();
     }
+    cancelled_ = cancelled_ && !flying_.empty();
     return code;
 }
 
@@ -64,6 +63,7 @@ std::size_t LinuxUsbReadStream::inFlight() const {
 /// False when some had to be abandoned: the stream is of no use then.
 bool LinuxUsbReadStream::cancelAll() {
     // From the newest: else one would take over the data of the one that was cancelled before it.
+    cancelled_ = true;
     for (auto transfer = flying_.rbegin(); transfer != flying_.rend(); ++transfer)
         (*transfer)->cancel();
     const auto until = steady_clock::now() + LibusbTransfer::cancelBound;

@@ -29,6 +29,7 @@ private:
 
     std::vector<std::unique_ptr<LibusbTransfer>> idle_;
     std::deque<std::unique_ptr<LibusbTransfer>> flying_; ///< oldest first
+    bool cancelled_ = false;                             ///< what is flying was cancelled
     std::uint8_t endpoint_;
     UsbPipeProperties pipe_;
 };

@@ -1,0 +1,365 @@
+// Runs inside the emulated machine, on its real kernel and host controller: the system's USB bus
+// against an emulated MTP responder with one file, "pattern.bin", and an emulated hub.
+
+#include "core/LittleEndian.h"
+#include "platform/SystemUsbBus.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <condition_variable>
+#include <filesystem>
+#include <iostream>
+#include <mutex>
+#include <thread>
+
+namespace tessary {
+namespace {
+
+using namespace std::chrono;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+constexpr UsbTimeouts patient{5s, 5s};
+constexpr UsbTimeouts impatient{150ms, 150ms};
+
+constexpr std::uint16_t getDeviceInfo = 0x1001;
+constexpr std::uint16_t openSession = 0x1002;
+constexpr std::uint16_t getObjectHandles = 0x1007;
+constexpr std::uint16_t getObjectInfo = 0x1008;
+constexpr std::uint16_t getObject = 0x1009;
+constexpr std::uint16_t responseOK = 0x2001;
+
+std::byte patternAt(std::size_t i) {
+    return static_cast<std::byte>((i * 7 + (i >> 9)) & 0xFF);
+}
+
+std::optional<UsbDeviceEntry> findEntry(UsbBus& bus, std::uint16_t vendor, std::uint16_t product) {
+    for (const UsbDeviceEntry& entry : bus.devices())
+        if (entry.vendorID == vendor && entry.productID == product)
+            return entry;
+    return std::nullopt;
+}
+
+std::optional<UsbDeviceEntry> findResponder(UsbBus& bus) {
+    return findEntry(bus, 0x46F4, 0x0004);
+}
+
+class UsbBusProbe : public testing::Test {
+protected:
+    void SetUp() override {
+        const auto found = findResponder(*bus);
+        ASSERT_TRUE(found) << "the responder is not listed";
+        entry = *found;
+    }
+
+    void openInterface() {
+        device = bus->device(entry.id);
+        ASSERT_TRUE(device);
+        ASSERT_EQ(device->open(), usb::success);
+        auto found = device->interfaces(std::uint8_t(6), std::uint8_t(1));
+        ASSERT_THAT(found, SizeIs(1));
+        interface = std::move(found.front());
+        for (std::uint8_t pipe = 1; pipe <= interface->endpointCount(); ++pipe) {
+            const auto properties = interface->pipeProperties(pipe);
+            if (properties->transferType == UsbTransferType::bulk)
+                (properties->direction == UsbDirection::in ? in : out) = pipe;
+        }
+        ASSERT_NE(in, 0);
+        ASSERT_NE(out, 0);
+        ASSERT_EQ(interface->pipeProperties(in)->maxPacketSize, 512);
+    }
+
+    void claim() {
+        openInterface();
+        ASSERT_EQ(interface->open(), usb::success);
+    }
+
+    void command(std::uint16_t code, std::initializer_list<std::uint32_t> parameters = {}) {
+        Bytes bytes;
+        appendLittleEndian(bytes, static_cast<std::uint32_t>(12 + 4 * parameters.size()));
+        appendLittleEndian(bytes, std::uint16_t(1));
+        appendLittleEndian(bytes, code);
+        appendLittleEndian(bytes, code == openSession ? 0 : ++transaction);
+        for (const std::uint32_t parameter : parameters)
+            appendLittleEndian(bytes, parameter);
+        std::size_t written = 0;
+        ASSERT_EQ(interface->writePipeTO(out, bytes, written, patient), usb::success);
+        ASSERT_EQ(written, bytes.size());
+    }
+
+    /// One read of at most `size` bytes.
+    Bytes read(std::size_t size, UsbCode expected = usb::success, UsbTimeouts timeouts = patient) {
+        Bytes bytes(size);
+        std::size_t count = 0;
+        EXPECT_EQ(interface->readPipeTO(in, bytes, count, timeouts), expected);
+        bytes.resize(count);
+        return bytes;
+    }
+
+    void expectResponse() {
+        const Bytes response = read(512);
+        ASSERT_GE(response.size(), 12u);
+        EXPECT_EQ(readLittleEndian<std::uint16_t>(response, 4), 3);
+        EXPECT_EQ(readLittleEndian<std::uint16_t>(response, 6), responseOK);
+    }
+
+    void expectWorking() {
+        command(getDeviceInfo);
+        EXPECT_GT(read(4096).size(), 100u);
+        expectResponse();
+    }
+
+    std::uint32_t findPatternObject() {
+        command(openSession, {1});
+        EXPECT_THAT(read(512), SizeIs(testing::Ge(12u))); // done, or still open from before
+        command(getObjectHandles, {0xFFFFFFFF, 0, 0xFFFFFFFF});
+        const Bytes handles = read(65536);
+        expectResponse();
+        for (std::size_t at = 16; at + 4 <= handles.size(); at += 4) {
+            const auto handle = readLittleEndian<std::uint32_t>(handles, at);
+            command(getObjectInfo, {handle});
+            const Bytes info = read(4096);
+            expectResponse();
+            QString name;
+            for (std::size_t c = 12 + 53; c + 2 < info.size() && name.size() < 11; c += 2)
+                name.append(QChar(readLittleEndian<std::uint16_t>(info, c)));
+            if (name == u"pattern.bin") {
+                patternSize = readLittleEndian<std::uint32_t>(info, 12 + 8);
+                return handle;
+            }
+        }
+        ADD_FAILURE() << "no pattern.bin";
+        return 0;
+    }
+
+    std::unique_ptr<UsbBus> bus = makeSystemUsbBus();
+    UsbDeviceEntry entry;
+    std::unique_ptr<UsbDevice> device;
+    std::unique_ptr<UsbInterface> interface;
+    std::uint8_t in = 0;
+    std::uint8_t out = 0;
+    std::uint32_t transaction = 0;
+    std::size_t patternSize = 0;
+};
+
+TEST_F(UsbBusProbe, listsTheDeviceWithoutOpeningIt) {
+    EXPECT_EQ(entry.vendorName, u"QEMU");
+    EXPECT_EQ(entry.productName, u"QEMU filesharing");
+    EXPECT_EQ(entry.registryName, u"QEMU filesharing");
+    EXPECT_FALSE(entry.serialNumber.isEmpty());
+    EXPECT_FALSE(entry.location.isEmpty());
+    EXPECT_THAT(bus->programsHolding(entry.id), IsEmpty());
+}
+
+TEST_F(UsbBusProbe, silentPipeTimesOutAndLosesNothing) {
+    claim();
+    const auto start = steady_clock::now();
+    EXPECT_THAT(read(4096, usb::timeout, impatient), IsEmpty());
+    EXPECT_THAT(read(4096, usb::timeout, {0ms, 0ms}), IsEmpty());
+    EXPECT_LT(steady_clock::now() - start, 2s);
+    expectWorking();
+}
+
+TEST_F(UsbBusProbe, bufferSmallerThanThePacketIsAnOverrunAndNoMore) {
+    claim();
+    command(getDeviceInfo);
+    EXPECT_THAT(read(100, usb::overrun), SizeIs(100));
+    expectResponse();
+    expectWorking();
+}
+
+TEST_F(UsbBusProbe, stalledPipeWorksAgainOnceCleared) {
+    claim();
+    std::size_t count = 0;
+    EXPECT_EQ(interface->writePipeTO(out, {}, count, patient), usb::pipeStalled);
+    EXPECT_EQ(interface->clearPipeStallBothEnds(out), usb::success);
+    EXPECT_EQ(interface->clearPipeStallBothEnds(in), usb::success);
+    expectWorking();
+}
+
+TEST_F(UsbBusProbe, streamDeliversAllInOrder) {
+    claim();
+    const std::uint32_t handle = findPatternObject();
+    command(getObject, {handle});
+    constexpr std::size_t request = 65536;
+    const auto stream = interface->readStream(in, request, 4);
+    ASSERT_TRUE(stream);
+    EXPECT_EQ(stream->submit(100), usb::badArgument);
+    std::size_t received = 0;
+    const std::size_t total = patternSize + 12;
+    std::size_t requested = 0;
+    const auto submit = [&] {
+        const std::size_t length = std::min(request, (total - requested + 511) / 512 * 512);
+        ASSERT_EQ(stream->submit(length), usb::success);
+        requested += length;
+    };
+    while (stream->inFlight() < 4)
+        submit();
+    EXPECT_EQ(stream->submit(512), usb::badArgument) << "more reads than its depth";
+    while (received < total) {
+        std::span<const std::byte> data;
+        ASSERT_EQ(stream->next(data, patient), usb::success) << "after " << received;
+        ASSERT_FALSE(data.empty());
+        for (const std::byte value : data) {
+            if (received >= 12) {
+                ASSERT_EQ(value, patternAt(received - 12)) << "at " << received - 12;
+            }
+            ++received;
+        }
+        if (requested < total)
+            submit();
+    }
+    EXPECT_EQ(received, total);
+    expectResponse();
+}
+
+TEST_F(UsbBusProbe, streamEndsInMidTransferAndTheDeviceGoesOn) {
+    claim();
+    const std::uint32_t handle = findPatternObject();
+    command(getObject, {handle});
+    {
+        const auto stream = interface->readStream(in, 65536, 4);
+        ASSERT_TRUE(stream);
+        for (int i = 0; i < 4; ++i)
+            ASSERT_EQ(stream->submit(65536), usb::success);
+        std::span<const std::byte> data;
+        ASSERT_EQ(stream->next(data, patient), usb::success);
+    }
+    Bytes cancel;
+    appendLittleEndian(cancel, std::uint16_t(0x4001));
+    appendLittleEndian(cancel, transaction);
+    std::size_t count = 0;
+    EXPECT_EQ(interface->controlRequest({0x21, 0x64, 0, 0}, cancel, count, 1s), usb::success);
+    EXPECT_EQ(count, cancel.size());
+    EXPECT_THAT(read(4096, usb::timeout, impatient), IsEmpty());
+    expectWorking();
+}
+
+TEST_F(UsbBusProbe, idleStreamTimesOutAndEndsAtOnce) {
+    claim();
+    const auto start = steady_clock::now();
+    {
+        const auto stream = interface->readStream(in, 4096, 3);
+        for (int i = 0; i < 3; ++i)
+            ASSERT_EQ(stream->submit(4096), usb::success);
+        std::span<const std::byte> data;
+        EXPECT_EQ(stream->next(data, impatient), usb::timeout);
+        EXPECT_THAT(data, IsEmpty());
+        EXPECT_EQ(stream->inFlight(), 0u);
+        ASSERT_EQ(stream->submit(4096), usb::success);
+    }
+    EXPECT_LT(steady_clock::now() - start, 2s);
+    expectWorking();
+}
+
+TEST_F(UsbBusProbe, otherProgramsInterfaceIsNeitherOpenedNorSeized) {
+    claim();
+    const auto second = makeSystemUsbBus()->device(entry.id);
+    ASSERT_TRUE(second);
+    ASSERT_EQ(second->open(), usb::success);
+    {
+        const auto taken = second->interfaces(std::uint8_t(6), std::nullopt);
+        ASSERT_THAT(taken, SizeIs(1));
+        EXPECT_EQ(taken[0]->open(), usb::exclusiveAccess);
+        EXPECT_EQ(taken[0]->openSeize(), usb::exclusiveAccess);
+        interface->close();
+        EXPECT_EQ(taken[0]->open(), usb::success);
+        EXPECT_EQ(interface->open(), usb::exclusiveAccess);
+    }
+    EXPECT_EQ(interface->open(), usb::success) << "the destructor closes";
+    expectWorking();
+}
+
+TEST_F(UsbBusProbe, kernelsInterfaceIsSeizedOnRequestAndGivenBack) {
+    const auto hubEntry = findEntry(*bus, 0x0409, 0x55AA);
+    ASSERT_TRUE(hubEntry) << "the hub is not listed";
+    const std::filesystem::path driver =
+        "/sys/bus/usb/devices/" + hubEntry->location.toStdString() + ":1.0/driver";
+    ASSERT_TRUE(std::filesystem::exists(driver));
+    const auto hub = bus->device(hubEntry->id);
+    ASSERT_EQ(hub->open(), usb::success);
+    const auto interfaces = hub->interfaces(std::uint8_t(9), std::nullopt);
+    ASSERT_THAT(interfaces, SizeIs(1));
+    EXPECT_EQ(interfaces[0]->open(), usb::exclusiveAccess);
+    EXPECT_EQ(interfaces[0]->openSeize(), usb::success);
+    EXPECT_EQ(std::filesystem::read_symlink(driver).filename(), "usbfs");
+    std::size_t count = 1;
+    std::array<std::byte, 16> data{};
+    EXPECT_EQ(interfaces[0]->controlRequest({0xA1, 0x7F, 0, 0}, data, count, 1s), usb::pipeStalled);
+    EXPECT_EQ(count, 0u);
+    interfaces[0]->close();
+    EXPECT_EQ(std::filesystem::read_symlink(driver).filename(), "hub");
+}
+
+/// The machine's operator unplugs the device when told so, and plugs it in again.
+TEST_F(UsbBusProbe, unpluggingEndsReadsAndMakesTheIdStale) {
+    struct Log {
+        std::mutex mutex;
+        std::condition_variable changed;
+        std::vector<UsbEvent> events;
+    } log;
+    const auto watch = bus->watch([&](const UsbEvent& event) {
+        const std::scoped_lock lock(log.mutex);
+        log.events.push_back(event);
+        log.changed.notify_all();
+    });
+    ASSERT_TRUE(watch);
+    const auto awaitEvents = [&](std::size_t count) {
+        std::unique_lock lock(log.mutex);
+        return log.changed.wait_for(lock, 20s, [&] { return log.events.size() >= count; });
+    };
+
+    claim();
+    auto stream = interface->readStream(in, 65536, 4);
+    for (int i = 0; i < 4; ++i)
+        ASSERT_EQ(stream->submit(65536), usb::success);
+    std::cout << "@@unplug" << std::endl;
+    std::span<const std::byte> data;
+    EXPECT_EQ(stream->next(data, {20s, 20s}), usb::noDevice);
+    ASSERT_TRUE(awaitEvents(1));
+    EXPECT_EQ(log.events[0].kind, UsbEvent::Kind::detached);
+    EXPECT_EQ(log.events[0].entry, entry);
+    EXPECT_EQ(bus->device(entry.id), nullptr);
+    EXPECT_FALSE(findResponder(*bus));
+    std::size_t count = 0;
+    EXPECT_EQ(interface->writePipeTO(out, Bytes(12), count, patient), usb::noDevice);
+    EXPECT_THAT(read(512, usb::noDevice), IsEmpty());
+    stream.reset();
+
+    std::cout << "@@plug" << std::endl;
+    ASSERT_TRUE(awaitEvents(2));
+    EXPECT_EQ(log.events[1].kind, UsbEvent::Kind::attached);
+    const UsbDeviceEntry again = log.events[1].entry;
+    EXPECT_EQ(again.location, entry.location);
+    EXPECT_EQ(again.productName, entry.productName);
+    EXPECT_NE(again.id, entry.id);
+    EXPECT_EQ(bus->device(entry.id), nullptr) << "the old id means the new attachment";
+    EXPECT_NE(device->open(), usb::noDevice) << "still open";
+    interface.reset();
+    device->close();
+    EXPECT_EQ(device->open(), usb::noDevice);
+
+    entry = again;
+    claim();
+    expectWorking();
+}
+
+TEST_F(UsbBusProbe, holdsTheDevice) {
+    claim();
+    std::this_thread::sleep_for(3s);
+}
+
+TEST_F(UsbBusProbe, namesTheProgramThatHoldsTheDevice) {
+    QStringList holders;
+    for (int tries = 0; tries < 40 && holders.isEmpty(); ++tries) {
+        holders = bus->programsHolding(entry.id);
+        std::this_thread::sleep_for(100ms);
+    }
+    ASSERT_THAT(holders, SizeIs(1));
+    EXPECT_TRUE(holders[0].startsWith(u"UsbBusProbe (process ")) << holders[0].toStdString();
+}
+
+} // namespace
+} // namespace tessary

@@ -1,0 +1,260 @@
+#!/usr/bin/env python3
+"""Tests the real USB path in an emulated machine: Debian's kernel, an xHCI controller and QEMU's MTP
+responder, which is a foreign implementation of the phone's side. Needs no root, KVM or USB."""
+
+import argparse
+import contextlib
+import hashlib
+import json
+import os
+import pathlib
+import signal
+import sys
+import tempfile
+import time
+
+import initramfs
+import kernel
+from machine import Machine, MachineError
+
+MIB = 1024 * 1024
+CLI = "tessary-cli --usb 46F4:0004"
+
+
+class Failure(Exception):
+    pass
+
+
+def check(condition, text, result=None):
+    if condition:
+        return
+    if result:
+        text += f"\nexit status {result.status} after {result.seconds:.1f} s"
+        text += f"\n--- standard output\n{result.output[-3000:]}\n--- standard error\n{result.errors[-3000:]}"
+    raise Failure(text)
+
+
+def sha256(path):
+    with open(path, "rb") as file:
+        return hashlib.file_digest(file, "sha256").hexdigest()
+
+
+def fill_phone(folder):
+    many = folder / "many"
+    many.mkdir(parents=True)
+    for number in range(1000):
+        (many / f"file {number:04}.txt").write_text(f"{number}\n")
+    full = folder / "full"
+    (full / "inner").mkdir(parents=True)
+    for name in ("a.txt", "b.txt", "inner/c.txt"):
+        (full / name).write_text(name)
+    (folder / "single.txt").write_text("to be removed")
+    (folder / "pattern.bin").write_bytes(bytes((i * 7 + (i >> 9)) & 0xFF for i in range(3_000_000)))
+    (folder / "big.bin").write_bytes(os.urandom(64 * MIB))
+    with open(folder / "endless.bin", "wb") as file:
+        file.truncate(1536 * MIB)
+
+
+class Test:
+    def __init__(self, machine, phone):
+        self.machine = machine
+        self.phone = phone  # the responder's folder on this machine
+        self.device = None  # its id for tessary-cli
+
+    # The USB bus, by the probe
+
+    def probe(self, *names):
+        return "UsbBusProbe --gtest_brief=1 --gtest_filter=" + ":".join(f"UsbBusProbe.{n}" for n in names)
+
+    def expect_probe(self, result):
+        check(result.status == 0, "the probe failed", result)
+
+    def pipes_work(self):
+        apart = "*-*.unplugging*:*.holds*:*.namesTheProgram*"  # they need something from outside
+        self.expect_probe(self.machine.run(self.probe(apart), 60))
+
+    def holder_is_named(self):
+        both = f"{self.probe('holdsTheDevice')} >/dev/null & {self.probe('namesTheProgram*')}"
+        self.expect_probe(self.machine.run(f"{both}; status=$?; wait; exit $status", 60))
+
+    def hot_plug_is_noticed(self):
+        # Past the shell's redirection, so that the marks come at once.
+        self.machine.start(self.probe("unplugging*") + " >/dev/console")
+        self.machine.await_text("@@unplug", 30)
+        time.sleep(0.2)
+        self.unplug()
+        self.machine.await_text("@@plug", 30)
+        self.plug()
+        self.expect_probe(self.machine.finish(60))
+
+    def plug(self):
+        self.machine.plug("usb-mtp", "phone", rootdir=str(self.phone), readonly=False, port="1")
+
+    def unplug(self):
+        self.machine.unplug("phone")
+
+    def await_enumeration(self):
+        look = "grep -q 46f4 /sys/bus/usb/devices/*/idVendor"
+        result = self.machine.run(f"for i in $(seq 100); do {look} && exit 0; usleep 50000; done; exit 1", 20)
+        check(result.status == 0, "the kernel found no device", result)
+
+    # The services, by tessary-cli
+
+    def cli(self, command, seconds=60):
+        return self.machine.run(f"{CLI} {command}", seconds)
+
+    def expect(self, command, seconds=60):
+        result = self.cli(command, seconds)
+        check(result.status == 0, f"failed: {command}", result)
+        return result
+
+    def names(self, folder):
+        listing = json.loads(self.expect(f"ls '{self.device}' {folder} --json").output)
+        return sorted(item["name"] for item in listing)
+
+    def device_is_listed(self):
+        result = self.expect("devices --json")
+        found = [one for one in json.loads(result.output) if "QEMU" in one["name"]]
+        check(len(found) == 1, "the device is not listed", result)
+        self.device = found[0]["udid"]
+
+    def thousand_files_are_listed(self):
+        start = time.monotonic()
+        result = self.expect(f"ls '{self.device}' /many --json", 60)
+        listed = sorted(item["name"] for item in json.loads(result.output))
+        check(listed == sorted(os.listdir(self.phone / "many")), "the listing differs", result)
+        return f"{result.seconds:.1f} s, {time.monotonic() - start:.1f} s with its output"
+
+    def copies_are_equal(self):
+        down = self.expect(f"get '{self.device}' /big.bin /tmp/big.bin", 90)
+        digest = self.machine.run("sha256sum /tmp/big.bin", 60)
+        check(digest.output.split()[:1] == [sha256(self.phone / "big.bin")], "the download differs", digest)
+        up = self.expect(f"mkdir '{self.device}' /upload") and self.expect(
+            f"put '{self.device}' /tmp/big.bin /upload", 90
+        )
+        check(
+            sha256(self.phone / "upload/big.bin") == sha256(self.phone / "big.bin"), "the upload differs", up
+        )
+        self.machine.run("rm /tmp/big.bin")
+        return f"download {64 / down.seconds:.1f} MiB/s, upload {64 / up.seconds:.1f} MiB/s, start-up included"
+
+    def files_and_folders_are_removed(self):
+        self.expect(f"rm '{self.device}' /single.txt")
+        check(not (self.phone / "single.txt").exists(), "the file is still there")
+        self.expect(f"rm '{self.device}' /full")
+        check(not (self.phone / "full").exists(), "the folder is still there")
+        self.expect(f"mkdir '{self.device}' /new")
+        check((self.phone / "new").is_dir(), "the folder was not made")
+
+    def start_download(self):
+        """Starts one that never ends by itself, and waits until it is well on its way."""
+        watch = (
+            "(while [ $(du -s /tmp/part | cut -f1) -lt 8192 ]; do usleep 20000; done;"
+            " echo @@running >/dev/console) & "
+        )
+        self.machine.run("mkdir -p /tmp/part")
+        self.machine.start(f"{watch} exec {CLI} get '{self.device}' /endless.bin /tmp/part/endless.bin")
+        self.machine.await_text("@@running", 60)
+
+    def expect_no_partial_file(self):
+        left = self.machine.run("ls -A /tmp/part")
+        check(left.output == "", "a partial file is left", left)
+
+    def expect_broken_off(self, result, status):
+        check(result.status == status, f"exit status {status} was expected", result)
+        check(result.errors.strip() != "" or status == 130, "no word on standard error", result)
+
+    def interrupted_download_ends_cleanly(self):
+        self.start_download()
+        self.machine.interrupt("tessary-cli")
+        result = self.machine.finish(20)
+        self.expect_broken_off(result, 130)
+        self.expect_no_partial_file()
+        check("single.txt" not in self.names("/"), "the listing afterwards is wrong")
+        return f"{result.seconds:.1f} s"
+
+    def unplugged_download_fails_at_once(self):
+        self.start_download()
+        start = time.monotonic()
+        self.unplug()
+        result = self.machine.finish(30)
+        took = time.monotonic() - start
+        self.expect_broken_off(result, 1)
+        check(took < 10, f"it took {took:.1f} s", result)
+        self.expect_no_partial_file()
+        return f"{took:.1f} s: {result.errors.strip().splitlines()[-1]}"
+
+    def plugged_in_again_it_works(self):
+        self.plug()
+        self.await_enumeration()
+        self.device_is_listed()
+        check("pattern.bin" in self.names("/"), "the listing is wrong")
+
+
+def run(arguments, scratch):
+    phone = scratch / "phone"
+    fill_phone(phone)
+    image, modules = kernel.kernel_files(arguments.cache)
+    programs = [arguments.probe] + ([arguments.cli] if arguments.cli else [])
+    initramfs.build(scratch / "initramfs", modules, programs)
+    devices = ["qemu-xhci,id=xhci", "usb-hub,port=2"]
+    with Machine(image, scratch / "initramfs", scratch, devices) as machine:
+        test = Test(machine, phone)
+        steps = [
+            test.pipes_work,
+            test.holder_is_named,
+            test.hot_plug_is_noticed,
+        ]
+        if arguments.cli:
+            steps += [
+                test.device_is_listed,
+                test.thousand_files_are_listed,
+                test.copies_are_equal,
+                test.files_and_folders_are_removed,
+                test.interrupted_download_ends_cleanly,
+                test.unplugged_download_fails_at_once,
+                test.plugged_in_again_it_works,
+            ]
+        current = "boot"
+        try:
+            start = time.monotonic()
+            machine.await_text("@@booted\n", 120)
+            test.plug()
+            test.await_enumeration()
+            report("boot", start, None)
+            for step in steps:
+                current = step.__name__
+                start = time.monotonic()
+                report(current, start, step())
+        except (Failure, MachineError, OSError, ValueError, KeyError) as error:
+            print(f"FAIL {current}: {error}")
+            with contextlib.suppress(MachineError):
+                print("--- kernel log\n" + machine.run("dmesg | tail -n 40", 10).output)
+            print(f"--- console\n{machine.console[-4000:]}")
+            print(f"--- emulator\n{machine.emulator_errors()}")
+            return 1
+    return 0
+
+
+def report(step, start, remark):
+    text = f"PASS {step} ({time.monotonic() - start:.1f} s)"
+    print(text + (f": {remark}" if remark else ""), flush=True)
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--probe", type=pathlib.Path, required=True, help="the UsbBusProbe program")
+    parser.add_argument("--cli", type=pathlib.Path, help="the tessary-cli program; without it, only the bus")
+    parser.add_argument("--cache", type=pathlib.Path, required=True, help="folder that keeps the kernel")
+    arguments = parser.parse_args()
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
+    try:
+        with tempfile.TemporaryDirectory(prefix="tessary-qemu-") as scratch:
+            return run(arguments, pathlib.Path(scratch))
+    except kernel.KernelError as error:
+        print(f"FAIL {error}")
+        return 1
+
+
+if __name__ == "__main__":
+    sys.exit(main())
