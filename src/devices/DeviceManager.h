@@ -1,0 +1,88 @@
+#pragma once
+
+#include "core/DeviceInfo.h"
+#include "devices/AndroidDevices.h"
+#include "devices/DeviceTrouble.h"
+#include "platform/UsbBus.h"
+
+#include <QHash>
+#include <QObject>
+#include <QTimer>
+
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace tessary {
+
+class DeviceFileService;
+class DeviceInquiry;
+
+/// The list of attached devices, kept current. Lives on the main thread and never makes it wait:
+/// the bus is read, phones are asked and child processes run in the background, and the last
+/// answer counts until a new one is there.
+///
+/// An attach or detach shows at once, details (battery, storages, lock state) as soon as the phone
+/// has told them. A phone that something else uses keeps its last figures; one that does not
+/// answer delays no other, and is never asked twice at the same time.
+class DeviceManager : public QObject {
+    Q_OBJECT
+
+public:
+    static constexpr std::chrono::milliseconds listInterval{1500};
+    static constexpr std::chrono::milliseconds storageInterval{5000};
+
+    /// `bus` and `files` must outlive the manager and the work that it has started in the
+    /// background. Devices with an id in `alsoAccept` count as phones although no rule knows them.
+    DeviceManager(UsbBus& bus, DeviceFileService& files, std::vector<UsbIds> alsoAccept = {},
+                  QObject* parent = nullptr);
+    /// The same with another way of asking devices.
+    DeviceManager(UsbBus& bus, std::shared_ptr<DeviceInquiry> inquiry,
+                  std::vector<UsbIds> alsoAccept = {}, QObject* parent = nullptr);
+    /// Ends what startListening() began. Answers that are still to come are dropped.
+    ~DeviceManager() override;
+
+    /// Watches the bus, starts both timers and refreshes the list with storage. Calling it again
+    /// starts the timers anew.
+    void startListening();
+    /// Ends the watch and the timers. The list stays as it is; answers that are still to come are
+    /// dropped.
+    void stopListening();
+
+    /// Reads the bus anew, and asks devices for details: those that are new or lack some, or all
+    /// with `forceStorageRefresh`. Returns at once; changes are told by signals.
+    void refreshDeviceList(bool forceStorageRefresh);
+    /// Asks these devices for battery and storage, whatever is known already.
+    void refreshStorageInfo(const std::vector<DeviceInfo>& forDevices);
+
+    /// Sorted by udid.
+    [[nodiscard]] const std::vector<DeviceInfo>& devices() const {
+        return devices_;
+    }
+    /// The device with this `DeviceInfo::id()`, while it is attached.
+    [[nodiscard]] std::optional<DeviceInfo> device(const QString& id) const;
+    /// Whether a program runs that competes for Android devices.
+    [[nodiscard]] bool hasUSBConflict() const {
+        return hasUSBConflict_;
+    }
+    /// What keeps this attached device (by `DeviceInfo::id()`) from being read; no value when the
+    /// last attempt went well.
+    [[nodiscard]] std::optional<DeviceTrouble> trouble(const QString& id) const;
+
+    /// The user's choice of protocol for a device. It holds for as long as the program runs, also
+    /// while the device is away.
+    void chooseProtocolMode(const QString& udid, ProtocolMode mode);
+
+Q_SIGNALS:
+    /// The list differs from what it was, in any field of any device.
+    void devicesChanged();
+    void hasUSBConflictChanged(bool hasConflict);
+    /// trouble() has another answer for this device.
+    void troubleChanged(const QString& id);
+    /// Every device that was in the list at the last refresh with storage has answered, failed, or
+    /// was busy.
+    void detailsSettled();
+};
+
+} // namespace tessary
