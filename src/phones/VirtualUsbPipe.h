@@ -10,6 +10,7 @@
 #include <deque>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -19,7 +20,8 @@ namespace tessary {
 /// it ends the transfer.
 struct VirtualUsbChunk {
     std::unique_ptr<std::byte[]> storage;
-    std::size_t capacity = 0;
+    std::size_t allocated = 0; ///< bytes of storage
+    std::size_t capacity = 0;  ///< bytes of it to use
     std::size_t begin = 0;
     std::size_t end = 0;
     /// A short packet follows the last whole one here: the rest of the bytes, or a zero-length
@@ -46,7 +48,7 @@ public:
     using Clock = std::chrono::steady_clock;
 
     static constexpr std::size_t defaultCapacity = std::size_t{1} << 20;
-    static constexpr std::size_t largestChunk = std::size_t{256} << 10;
+    static constexpr std::size_t largestChunk = std::size_t{1} << 20;
 
     explicit VirtualUsbPipe(std::size_t packetSize, std::size_t capacity = defaultCapacity);
 
@@ -100,13 +102,23 @@ public:
     [[nodiscard]] std::size_t queuedBytes() const;
 
 private:
-    struct Reading;
-    [[nodiscard]] bool consume(Reading& reading);
+    struct Reading {
+        std::span<std::byte> buffer;
+        std::size_t filled = 0;
+    };
+
+    [[nodiscard]] std::optional<UsbCode> consume(Reading& reading);
+    [[nodiscard]] bool takeWhole(VirtualUsbChunk& chunk, std::size_t length);
+    [[nodiscard]] std::size_t suggestedChunk() const;
+    [[nodiscard]] bool hasRoom(std::size_t size) const;
+    void push(VirtualUsbChunk chunk);
     void popFront();
     [[nodiscard]] VirtualUsbChunk newChunk(std::size_t capacity);
     void recycleLocked(VirtualUsbChunk chunk);
     template <typename Step>
-    UsbCode wait(std::unique_lock<std::mutex>& lock, UsbTimeouts timeouts, Step step);
+    UsbCode hostWait(std::unique_lock<std::mutex>& lock, UsbTimeouts timeouts, Step step);
+    template <typename Ready>
+    UsbCode deviceWait(std::unique_lock<std::mutex>& lock, Ready ready);
 
     const std::size_t packetSize_;
     const std::size_t capacity_;

@@ -27,6 +27,7 @@ public:
     static constexpr std::uint8_t outPipe = 2;
     static constexpr std::uint8_t eventPipe = 3;
 
+    /// `whenUnplugged` is called once, by the thread that pulls the cable.
     VirtualUsbPort(VirtualUsbFunction& function, UsbDeviceEntry entry,
                    std::function<void()> whenUnplugged);
 
@@ -45,11 +46,12 @@ public:
     /// Null for a pipe number that does not exist.
     [[nodiscard]] VirtualUsbPipe* pipe(std::uint8_t number);
 
-    /// Hands the pipes to the function. Once.
-    void plug();
-    /// Pulls the cable: closes the pipes, tells the function and the bus. Later calls do nothing,
-    /// but return only when the function is no longer used by any other thread.
+    /// Hands `self`, which is this port, to the function. Once.
+    void plug(const std::shared_ptr<VirtualUsbPort>& self);
+    /// Pulls the cable: closes the pipes, tells the function and the bus. Later calls do nothing.
     void unplug();
+    /// After unplug(): waits until no other thread is inside the function.
+    void waitUnused();
     [[nodiscard]] bool isPlugged() const;
 
     [[nodiscard]] Guarded<VirtualOpenFaults>& openFaults() {

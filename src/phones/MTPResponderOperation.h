@@ -1,0 +1,19 @@
+#pragma once
+
+#include "phones/MTPResponder.h"
+
+namespace tessary {
+
+/// One row of the table of operations that the phone knows.
+struct MTPResponder::Operation {
+    MTPOperationCode code;
+    void (MTPResponder::*run)(Transaction&);
+    std::size_t leastParameters = 0;
+    bool receivesData = false;
+    bool needsSession = true;
+};
+
+/// Thrown by an operation that the phone never answers.
+struct MTPNoAnswer {};
+
+} // namespace tessary

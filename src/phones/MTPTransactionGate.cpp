@@ -1,0 +1,71 @@
+#include "phones/MTPTransactionGate.h"
+
+namespace tessary {
+
+void MTPTransactionGate::reset() {
+    const std::lock_guard lock(mutex_);
+    transaction_.reset();
+    cancelled_ = unplugged_ = silent_ = false;
+    busyUntil_ = {};
+}
+
+void MTPTransactionGate::beginData(std::uint32_t transactionID) {
+    const std::lock_guard lock(mutex_);
+    transaction_ = transactionID;
+    cancelled_ = false;
+}
+
+bool MTPTransactionGate::endData() {
+    const std::lock_guard lock(mutex_);
+    transaction_.reset();
+    return cancelled_;
+}
+
+MTPTransactionGate::Pause MTPTransactionGate::pause(std::chrono::nanoseconds duration) {
+    std::unique_lock lock(mutex_);
+    const auto interrupted = [this] { return unplugged_ || (transaction_ && cancelled_); };
+    changed_.wait_until(lock, Clock::now() + duration, interrupted);
+    if (unplugged_)
+        return Pause::unplugged;
+    return interrupted() ? Pause::cancelled : Pause::over;
+}
+
+void MTPTransactionGate::beBusy(std::chrono::milliseconds duration) {
+    const std::lock_guard lock(mutex_);
+    cancelled_ = false;
+    busyUntil_ = Clock::now() + duration;
+}
+
+bool MTPTransactionGate::isSilent() const {
+    const std::lock_guard lock(mutex_);
+    return silent_;
+}
+
+bool MTPTransactionGate::cancel(std::uint32_t transactionID,
+                                const std::function<void()>& interruptPipes) {
+    const std::lock_guard lock(mutex_);
+    if (transaction_ != transactionID)
+        return false;
+    cancelled_ = true;
+    interruptPipes();
+    changed_.notify_all();
+    return true;
+}
+
+bool MTPTransactionGate::isBusy() const {
+    const std::lock_guard lock(mutex_);
+    return cancelled_ || Clock::now() < busyUntil_;
+}
+
+void MTPTransactionGate::unplug() {
+    const std::lock_guard lock(mutex_);
+    unplugged_ = true;
+    changed_.notify_all();
+}
+
+void MTPTransactionGate::silence() {
+    const std::lock_guard lock(mutex_);
+    silent_ = true;
+}
+
+} // namespace tessary

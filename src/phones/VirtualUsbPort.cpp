@@ -1,0 +1,98 @@
+#include "phones/VirtualUsbPort.h"
+
+#include <utility>
+
+namespace tessary {
+
+namespace {
+
+constexpr std::size_t eventPacketSize = 64;
+constexpr std::size_t eventCapacity = 1024;
+
+} // namespace
+
+VirtualUsbPort::VirtualUsbPort(VirtualUsbFunction& function, UsbDeviceEntry entry,
+                               std::function<void()> whenUnplugged)
+    : entry_(std::move(entry)),
+      description_(function.description()),
+      in_(description_.maxPacketSize),
+      out_(description_.maxPacketSize),
+      events_(eventPacketSize, eventCapacity),
+      whenUnplugged_(std::move(whenUnplugged)),
+      function_(&function) {}
+
+VirtualUsbPipe* VirtualUsbPort::pipe(std::uint8_t number) {
+    switch (number) {
+    case inPipe:
+        return &in_;
+    case outPipe:
+        return &out_;
+    case eventPipe:
+        return &events_;
+    default:
+        return nullptr;
+    }
+}
+
+void VirtualUsbPort::plug(const std::shared_ptr<VirtualUsbPort>& self) {
+    const std::lock_guard lock(functionMutex_);
+    if (function_)
+        function_->plugged(self);
+}
+
+void VirtualUsbPort::unplug() {
+    {
+        const std::lock_guard lock(mutex_);
+        if (!plugged_)
+            return;
+        plugged_ = false;
+    }
+    in_.close();
+    out_.close();
+    events_.close();
+    {
+        const std::lock_guard lock(functionMutex_);
+        std::exchange(function_, nullptr)->unplugged();
+    }
+    whenUnplugged_();
+}
+
+void VirtualUsbPort::waitUnused() {
+    const std::lock_guard lock(functionMutex_);
+}
+
+bool VirtualUsbPort::isPlugged() const {
+    const std::lock_guard lock(mutex_);
+    return plugged_;
+}
+
+UsbCode VirtualUsbPort::claim(std::uint8_t interfaceNumber) {
+    const std::lock_guard lock(mutex_);
+    if (!plugged_)
+        return usb::noDevice;
+    return claimed_.insert(interfaceNumber).second ? usb::success : usb::exclusiveAccess;
+}
+
+void VirtualUsbPort::release(std::uint8_t interfaceNumber) {
+    const std::lock_guard lock(mutex_);
+    claimed_.erase(interfaceNumber);
+}
+
+UsbCode VirtualUsbPort::control(const UsbControlRequest& request, std::span<std::byte> data,
+                                std::size_t& transferred) {
+    const std::lock_guard lock(functionMutex_);
+    return function_ ? function_->control(request, data, transferred) : usb::noDevice;
+}
+
+UsbCode VirtualUsbPort::clearStall(std::uint8_t number) {
+    VirtualUsbPipe* const halted = pipe(number);
+    if (!halted)
+        return usb::badArgument;
+    const std::lock_guard lock(functionMutex_);
+    if (!function_)
+        return usb::noDevice;
+    function_->haltCleared(number, halted->hostClearStall());
+    return usb::success;
+}
+
+} // namespace tessary
