@@ -1,7 +1,5 @@
 #include "platform/linux/UdevMonitor.h"
 
-#include "platform/linux/UsbRegistry.h"
-
 #include <poll.h>
 #include <pthread.h>
 #include <sys/eventfd.h>
@@ -27,15 +25,8 @@ const char* eventSource() {
 std::unique_ptr<UdevMonitor> UdevMonitor::start(Callback callback) {
     std::unique_ptr<UdevMonitor> watch(new UdevMonitor);
     watch->callback_ = std::move(callback);
-    watch->context_.reset(udev_new());
-    if (!watch->context_)
-        return nullptr;
-    watch->monitor_.reset(udev_monitor_new_from_netlink(watch->context_.get(), eventSource()));
     watch->stopEvent_ = ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
-    udev_monitor* monitor = watch->monitor_.get();
-    if (!monitor || watch->stopEvent_ < 0 ||
-        udev_monitor_filter_add_match_subsystem_devtype(monitor, "usb", "usb_device") < 0 ||
-        udev_monitor_enable_receiving(monitor) < 0)
+    if (watch->stopEvent_ < 0 || !watch->listen())
         return nullptr;
     // After listening began: what comes from now on is either in this list or told of.
     for (UsbRegistryEntry& one : UsbRegistry::scan())
@@ -43,6 +34,18 @@ std::unique_ptr<UdevMonitor> UdevMonitor::start(Callback callback) {
     watch->thread_ = std::thread([self = watch.get()] { self->run(); });
     pthread_setname_np(watch->thread_.native_handle(), "tessary-usb");
     return watch;
+}
+
+bool UdevMonitor::listen() {
+    const std::scoped_lock lock(udevMutex());
+    context_.reset(udev_new());
+    if (!context_)
+        return false;
+    monitor_.reset(udev_monitor_new_from_netlink(context_.get(), eventSource()));
+    return monitor_ &&
+           udev_monitor_filter_add_match_subsystem_devtype(monitor_.get(), "usb", "usb_device") >=
+               0 &&
+           udev_monitor_enable_receiving(monitor_.get()) >= 0;
 }
 
 UdevMonitor::~UdevMonitor() {
@@ -64,23 +67,32 @@ void UdevMonitor::run() {
             return;
         if (!sources[0].revents)
             continue;
-        errno = 0;
-        if (const UdevDevicePointer device(udev_monitor_receive_device(monitor_.get())); device)
-            handle(device.get());
+        if (const auto message = receive())
+            handle(*message);
         else if (errno == ENOBUFS)
             rescan();
     }
 }
 
-void UdevMonitor::handle(udev_device* device) {
-    const QByteArray action = udev_device_get_action(device);
-    const QByteArray sysPath = udev_device_get_syspath(device);
-    if (action == "remove") {
-        awaitRemoval(sysPath);
-        detach(sysPath);
-    } else if (action == "add") {
-        if (const auto found = UsbRegistry::read(device))
-            attach(sysPath, found->entry);
+std::optional<UdevMonitor::Message> UdevMonitor::receive() {
+    const std::scoped_lock lock(udevMutex());
+    errno = 0;
+    const UdevDevicePointer device(udev_monitor_receive_device(monitor_.get()));
+    if (!device)
+        return std::nullopt;
+    Message message{udev_device_get_action(device.get()), udev_device_get_syspath(device.get()),
+                    std::nullopt};
+    if (message.action == "add")
+        message.found = UsbRegistry::read(device.get());
+    return message;
+}
+
+void UdevMonitor::handle(const Message& message) {
+    if (message.action == "remove") {
+        awaitRemoval(message.sysPath);
+        detach(message.sysPath);
+    } else if (message.found) {
+        attach(message.sysPath, message.found->entry);
     }
 }
 

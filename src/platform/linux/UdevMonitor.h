@@ -2,12 +2,14 @@
 
 #include "platform/UsbBus.h"
 #include "platform/linux/UdevPointers.h"
+#include "platform/linux/UsbRegistry.h"
 
 #include <QByteArray>
 
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <thread>
 
 namespace tessary {
@@ -26,9 +28,17 @@ public:
     ~UdevMonitor() override;
 
 private:
+    struct Message {
+        QByteArray action;
+        QByteArray sysPath;
+        std::optional<UsbRegistryEntry> found; ///< of an added device, unless it is gone again
+    };
+
     UdevMonitor() = default;
+    [[nodiscard]] bool listen();
     void run();
-    void handle(udev_device* device);
+    [[nodiscard]] std::optional<Message> receive();
+    void handle(const Message& message);
     void awaitRemoval(const QByteArray& sysPath) const;
     void rescan();
     void attach(const QByteArray& sysPath, const UsbDeviceEntry& entry);

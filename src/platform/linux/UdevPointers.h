@@ -3,6 +3,7 @@
 #include <libudev.h>
 
 #include <memory>
+#include <mutex>
 
 namespace tessary {
 
@@ -21,6 +22,12 @@ struct UdevRelease {
         udev_monitor_unref(handle);
     }
 };
+
+/// Held around every use of libudev: its handles share the seed of its hash tables, unguarded.
+inline std::mutex& udevMutex() {
+    static std::mutex mutex;
+    return mutex;
+}
 
 using UdevPointer = std::unique_ptr<udev, UdevRelease>;
 using UdevDevicePointer = std::unique_ptr<udev_device, UdevRelease>;

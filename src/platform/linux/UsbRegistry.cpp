@@ -49,6 +49,7 @@ std::optional<UsbRegistryEntry> UsbRegistry::read(udev_device* device) {
 }
 
 std::vector<UsbRegistryEntry> UsbRegistry::scan() {
+    const std::scoped_lock lock(udevMutex());
     std::vector<UsbRegistryEntry> found;
     const UdevPointer context(udev_new());
     const UdevEnumeratePointer enumeration(context ? udev_enumerate_new(context.get()) : nullptr);

@@ -29,7 +29,7 @@ public:
     /// In order of location.
     [[nodiscard]] static std::vector<UsbRegistryEntry> scan();
     [[nodiscard]] static std::optional<UsbRegistryEntry> find(std::uint64_t id);
-    /// No value when the device is gone or isn't a whole USB device.
+    /// No value when the device is gone or isn't a whole USB device. The caller holds udevMutex().
     [[nodiscard]] static std::optional<UsbRegistryEntry> read(udev_device* device);
     /// Whether the entry's folder is still the one that was read.
     [[nodiscard]] static bool isAttached(const UsbRegistryEntry& entry);
