@@ -93,22 +93,37 @@ std::optional<DeviceInfo> extractAndroidDevice(const UsbDeviceEntry& from) {
     return deviceOf(from);
 }
 
-std::vector<DeviceInfo> scanAndroidDevices(UsbBus& bus, const std::vector<UsbIds>& alsoAccept) {
+std::vector<DeviceInfo> androidDevices(std::span<const UsbDeviceEntry> entries,
+                                       std::span<const UsbIds> alsoAccept,
+                                       const AttachedUdids& named) {
+    // Who has a udid keeps it, wherever the others are plugged in.
+    QSet<QString> taken;
+    for (const UsbDeviceEntry& entry : entries)
+        if (const auto udid = named.constFind(entry.id); udid != named.cend())
+            taken.insert(*udid);
+
     std::vector<DeviceInfo> devices;
-    QSet<QString> udids;
-    for (const UsbDeviceEntry& entry : bus.devices()) {
+    for (const UsbDeviceEntry& entry : entries) {
         auto device = extractAndroidDevice(entry);
         const UsbIds ids{entry.vendorID, entry.productID};
         if (!device && std::find(alsoAccept.begin(), alsoAccept.end(), ids) != alsoAccept.end())
             device = deviceOf(entry);
         if (!device)
             continue;
-        if (udids.contains(device->udid))
-            device->udid += QLatin1Char('-') + entry.location;
-        udids.insert(device->udid);
+        if (const auto udid = named.constFind(entry.id); udid != named.cend()) {
+            device->udid = *udid;
+        } else {
+            while (taken.contains(device->udid))
+                device->udid += QLatin1Char('-') + entry.location;
+            taken.insert(device->udid);
+        }
         devices.push_back(*std::move(device));
     }
     return devices;
+}
+
+std::vector<DeviceInfo> scanAndroidDevices(UsbBus& bus, const std::vector<UsbIds>& alsoAccept) {
+    return androidDevices(bus.devices(), alsoAccept);
 }
 
 } // namespace tessary

@@ -3,7 +3,11 @@
 #include "core/DeviceInfo.h"
 #include "platform/UsbBus.h"
 
+#include <QHash>
+
+#include <cstdint>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace tessary {
@@ -20,9 +24,18 @@ struct UsbIds {
 /// Its volumes and battery are not known yet, and it is in MTP mode.
 [[nodiscard]] std::optional<DeviceInfo> extractAndroidDevice(const UsbDeviceEntry& from);
 
-/// Every Android device on the bus, in order of location. Two that would have the same udid (no
-/// serial number, or the same one) get their location added to it, all but the one whose location
-/// comes first. Opens no device.
+/// The udids that devices have, by the id of their attachment.
+using AttachedUdids = QHash<std::uint64_t, QString>;
+
+/// The Android devices among the entries of a bus, in the same order. A device in `named` keeps
+/// the udid that it has there. Others have their serial number or the stand-in for it; one whose
+/// udid is taken already (two phones without a serial number, or with the same one) gets its
+/// location added to it. Pure.
+[[nodiscard]] std::vector<DeviceInfo> androidDevices(std::span<const UsbDeviceEntry> entries,
+                                                     std::span<const UsbIds> alsoAccept,
+                                                     const AttachedUdids& named = {});
+
+/// The Android devices of a bus. Opens no device.
 [[nodiscard]] std::vector<DeviceInfo> scanAndroidDevices(UsbBus& bus,
                                                          const std::vector<UsbIds>& alsoAccept);
 
