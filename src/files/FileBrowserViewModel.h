@@ -1,0 +1,295 @@
+#pragma once
+
+#include "core/DeviceInfo.h"
+#include "files/BrowserHistory.h"
+#include "files/BrowserSelection.h"
+#include "files/ErrorAdvice.h"
+#include "files/FileAccess.h"
+#include "files/FileRows.h"
+#include "files/PreviewCache.h"
+#include "files/TransferViewModel.h"
+#include "files/Typeahead.h"
+
+#include <QObject>
+#include <QTimer>
+#include <QUuid>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <stop_token>
+#include <vector>
+
+namespace tessary {
+
+/// One step of the path bar.
+struct PathComponent {
+    QUuid id;
+    QString name;
+    QString path; ///< where a click goes
+};
+
+enum class ViewMode { list, grid };
+
+/// What the browser has to show.
+enum class BrowserState {
+    ready,      ///< the folder, or nothing yet
+    failed,     ///< it could not be read: see error()
+    folderGone, ///< it is not on the phone any more; navigateUp() goes to what is left of its path
+    deviceLost, ///< the connection is gone; what was shown stays, and nothing can be done with it
+};
+
+/// How far a deletion or a move of several entries is.
+struct EditProgress {
+    int done = 0;
+    int total = 0;
+};
+
+/// Local copies for dragging entries out.
+struct DragFiles {
+    QStringList localPaths;
+    std::vector<SkippedItem> notReady; ///< with the reason for each
+};
+
+/// The collaborators of a browser; each outlives it.
+struct BrowserSetup {
+    using OpenAndroid = std::function<std::shared_ptr<FileAccess>(const DeviceInfo&)>;
+
+    OpenAndroid openAndroid;          ///< empty: over DeviceFileService::shared()
+    PreviewCache* previews = nullptr; ///< null: the shared one
+    Typeahead::Clock clock;           ///< empty: the steady clock
+};
+
+/// The state of the file browser for one connection: the folder shown, its rows, path bar,
+/// history, selection, and what the user does to entries. Lives on the main thread; whatever asks
+/// a device runs in the background, and an answer that is no longer wanted is dropped. Nothing
+/// throws: failures are error().
+///
+/// Every action on entries takes ids (FileItem::id()) and ignores those that are not in the folder.
+class FileBrowserViewModel : public QObject {
+    Q_OBJECT
+
+public:
+    explicit FileBrowserViewModel(TransferViewModel& transfers, BrowserSetup setup = {},
+                                  QObject* parent = nullptr);
+    /// Stops what is under way.
+    ~FileBrowserViewModel() override;
+
+    // --- connection ---
+    /// Opens an Android device at `initialPath`, with a history of its own.
+    void connectAndroid(const DeviceInfo& device, const QString& initialPath);
+    /// Opens any connection. `device` is empty when none stands behind it.
+    void open(std::shared_ptr<FileAccess> files, const std::optional<DeviceInfo>& device,
+              const QString& initialPath);
+    /// The device has been unplugged.
+    void loseDevice();
+    /// Newer facts about the device shown (its volumes' names, battery).
+    void updateDevice(const DeviceInfo& device);
+
+    [[nodiscard]] const std::optional<DeviceInfo>& activeDevice() const {
+        return activeDevice_;
+    }
+    [[nodiscard]] const std::shared_ptr<FileAccess>& files() const {
+        return files_;
+    }
+    [[nodiscard]] const QString& appName() const {
+        return appName_;
+    }
+
+    // --- where we are ---
+    [[nodiscard]] const QString& currentPath() const {
+        return currentPath_;
+    }
+    [[nodiscard]] const QString& rootPath() const {
+        return rootPath_;
+    }
+    [[nodiscard]] const std::vector<PathComponent>& breadcrumbs() const {
+        return breadcrumbs_;
+    }
+    [[nodiscard]] BrowserState state() const {
+        return state_;
+    }
+    /// A load is under way. True from the start until the first one ends.
+    [[nodiscard]] bool isLoading() const {
+        return isLoading_;
+    }
+    /// The last failure and what to do about it.
+    [[nodiscard]] const std::optional<ErrorAdvice>& error() const {
+        return error_;
+    }
+    [[nodiscard]] std::optional<QString> errorMessage() const;
+    void dismissError();
+
+    void navigateTo(const QString& path, bool recordHistory = true);
+    /// Enters a folder of the listing.
+    void enterFolder(const QString& itemId);
+    void navigateUp();
+    void goBack();
+    void goForward();
+    [[nodiscard]] bool canNavigateUp() const;
+    [[nodiscard]] bool canGoBack() const;
+    [[nodiscard]] bool canGoForward() const;
+    [[nodiscard]] const BrowserHistory& history() const {
+        return history_;
+    }
+    /// Reads the folder again; selection and unchanged rows stay.
+    void reload();
+    /// Gives up the load under way; what is shown stays.
+    void cancelLoading();
+
+    // --- what is shown ---
+    /// Entries of the folder as they came.
+    [[nodiscard]] const std::vector<FileItem>& items() const;
+    /// The rows, for a list model. Lives as long as this.
+    [[nodiscard]] FileRows& rows() {
+        return rows_;
+    }
+    [[nodiscard]] const FileRows& rows() const {
+        return rows_;
+    }
+    /// A copy of the rows' entries.
+    [[nodiscard]] std::vector<FileItem> filteredItems() const;
+    [[nodiscard]] const FileItem* itemWithId(const QString& id) const;
+
+    [[nodiscard]] const QString& searchText() const {
+        return rows_.filter();
+    }
+    void setSearchText(const QString& text);
+    [[nodiscard]] const FileSortOrder& sortOrder() const {
+        return rows_.sortOrder();
+    }
+    void setSortOrder(const FileSortOrder& order);
+    [[nodiscard]] ViewMode viewMode() const {
+        return viewMode_;
+    }
+    void setViewMode(ViewMode mode);
+
+    // --- selection ---
+    [[nodiscard]] const QSet<QString>& selectedItems() const {
+        return selection_.ids();
+    }
+    /// The selected entries in the order of the rows.
+    [[nodiscard]] std::vector<FileItem> selectedEntries() const;
+    [[nodiscard]] const std::optional<QString>& lastSelectedItemID() const {
+        return selection_.anchor();
+    }
+    /// The entry that the keyboard is on.
+    [[nodiscard]] const std::optional<QString>& currentItemID() const {
+        return selection_.current();
+    }
+    void selectItem(const QString& id, SelectionChange how = SelectionChange::replace);
+    void selectNextItem(bool extend = false);
+    void selectPreviousItem(bool extend = false);
+    /// Up and down in a grid: `step` is the number of columns, negative to go up.
+    void moveSelection(int step, bool extend = false);
+    void selectAll();
+    void clearSelection();
+    /// Takes over a selection that a view has made by itself.
+    void setSelection(const QSet<QString>& ids, const QString& currentId);
+    /// One typed letter of type-to-select.
+    void handleTypeahead(const QString& character);
+
+    // --- edits: each runs in the background and reloads the folder at its end ---
+    [[nodiscard]] bool isEditing() const {
+        return edits_ > 0;
+    }
+    [[nodiscard]] const EditProgress& editProgress() const {
+        return editProgress_;
+    }
+    /// What is done stays done.
+    void cancelEdits();
+    /// "New Folder", or "New Folder 2" and so on when that is taken.
+    [[nodiscard]] QString freeFolderName() const;
+    /// An empty name stands for freeFolderName(). The new folder is selected.
+    void createFolder(const QString& name = {});
+    /// Deletes entries one after the other; one report for all that failed.
+    void deleteItems(const QStringList& ids);
+    void renameItem(const QString& id, const QString& newName);
+    void moveSelectedItems(const QString& toFolderId);
+    void moveSelectedItemsToPath(const QString& path);
+    void moveItemsToPath(const QStringList& ids, const QString& path);
+
+    // --- copies ---
+    /// Queues a download of each entry into a local folder. A name that this computer cannot hold
+    /// becomes a failed job.
+    void downloadItems(const QStringList& ids, const QString& localFolder);
+    /// Queues an upload of each local file or folder into the folder shown, or into one of its
+    /// folders.
+    void uploadFiles(const QStringList& localPaths, const QString& intoFolderId = {});
+    /// Answers with previewReady or previewFailed. A call drops the one before it.
+    void cacheFileForPreview(const QString& id);
+    void cancelPreview();
+    /// `whenReady` is called on the main thread, unless this is gone by then. Folders and what
+    /// takes more than about two seconds are not ready.
+    void prepareDragURLs(const QStringList& ids, std::function<void(const DragFiles&)> whenReady);
+
+Q_SIGNALS:
+    void connectionChanged(); ///< activeDevice, files, appName
+    void pathChanged();       ///< currentPath, rootPath, breadcrumbs
+    void historyChanged();    ///< canGoBack, canGoForward
+    void stateChanged();      ///< state, isLoading
+    void errorChanged();
+    void searchTextChanged();
+    void sortOrderChanged();
+    void viewModeChanged();
+    void selectionChanged(); ///< also the current entry
+    void editingChanged();   ///< isEditing, editProgress
+    /// The new folder is there and selected; a view may start renaming it.
+    void folderCreated(const QString& id);
+    void itemRenamed(const QString& oldPath, const QString& newPath);
+    void itemsDeleted(const QStringList& paths);
+    void previewReady(const QString& id, const QString& localFile);
+    void previewFailed(const QString& id, const tessary::ErrorAdvice& error);
+
+private:
+    struct EditReport;
+    using Edit = std::function<void(EditReport&, const std::stop_token&)>;
+
+    void load(bool isReload);
+    void applyListing(const std::shared_ptr<const FileListing>& listing, bool isReload);
+    void applyLoadFailure(const std::exception_ptr& failure, const QString& livingFolder);
+    void setCurrentPath(const QString& path);
+    void setState(BrowserState state, bool isLoading);
+    void setError(const std::optional<ErrorAdvice>& error);
+    void setSelection(const BrowserSelection& selection);
+    void selectPath(const QString& path);
+    void reloadSoon(const QUuid& finishedJob);
+    void runEdit(Edit edit);
+    void editEach(const QStringList& ids, const QString& verb,
+                  std::function<void(FileAccess&, const FileItem&, const std::stop_token&)> action,
+                  std::function<void(const QStringList&)> whenDone = {});
+    [[nodiscard]] std::vector<FileItem> itemsWithIds(const QStringList& ids) const;
+
+    TransferViewModel& transfers_;
+    BrowserSetup::OpenAndroid openAndroid_;
+    PreviewCache& previews_;
+
+    std::shared_ptr<FileAccess> files_;
+    std::optional<DeviceInfo> activeDevice_;
+    QString appName_ = QStringLiteral("Documents");
+    QString currentPath_ = QStringLiteral("/");
+    QString rootPath_ = QStringLiteral("/");
+    std::vector<PathComponent> breadcrumbs_;
+    BrowserHistory history_;
+    BrowserState state_ = BrowserState::ready;
+    bool isLoading_ = true;
+    std::optional<ErrorAdvice> error_;
+    QString livingFolder_; ///< where "up" goes from a folder that is gone
+
+    FileRows rows_;
+    BrowserSelection selection_;
+    Typeahead typeahead_;
+    ViewMode viewMode_ = ViewMode::list;
+
+    std::uint64_t loadNumber_ = 0; ///< answers of older loads are dropped
+    std::stop_source stopLoad_{std::nostopstate};
+    QString pathToSelect_; ///< selected once it appears in the listing
+    QTimer reloadTimer_;
+    int edits_ = 0;
+    EditProgress editProgress_;
+    std::stop_source stopEdits_;
+    std::stop_source stopPreview_{std::nostopstate};
+    std::uint64_t previewNumber_ = 0;
+};
+
+} // namespace tessary

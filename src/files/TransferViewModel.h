@@ -1,0 +1,127 @@
+#pragma once
+
+#include "core/TransferSpeed.h"
+#include "files/ErrorAdvice.h"
+#include "files/FileAccess.h"
+#include "files/TransferEngine.h"
+#include "files/TransferJob.h"
+
+#include <QHash>
+#include <QObject>
+#include <QTimer>
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace tessary {
+
+/// The queue as a whole: what is under way since it was last empty.
+struct TransferSummary {
+    int queued = 0;
+    int running = 0;  ///< 0 or 1
+    int finished = 0; ///< in the list, whatever their outcome
+    qint64 doneBytes = 0;
+    qint64 totalBytes = 0;
+    double bytesPerSecond = 0;
+    std::optional<std::chrono::seconds> timeLeft;
+
+    [[nodiscard]] bool isIdle() const {
+        return queued + running == 0;
+    }
+    bool operator==(const TransferSummary&) const = default;
+};
+
+/// How a download ended: null for success, else what went wrong (CancellationError included).
+using TransferFinished = std::function<void(const std::exception_ptr&)>;
+
+/// The list of transfers that the user sees, oldest first, and what they ask of it. Lives on the
+/// main thread and does no I/O there beyond reading the facts of a local file that is to be
+/// uploaded.
+///
+/// A folder transfer that had to leave something out ends as `failed`, with an error that counts
+/// and names what is missing ("3 of 200 files were not copied: ..."): `completed` means that all of
+/// it is there.
+class TransferViewModel : public QObject {
+    Q_OBJECT
+
+public:
+    /// Progress reaches the list at most this often.
+    static constexpr std::chrono::milliseconds progressInterval{66};
+
+    /// `engine` must outlive this.
+    explicit TransferViewModel(TransferEngine& engine = TransferEngine::shared(),
+                               QObject* parent = nullptr);
+    /// Cancels what has not finished.
+    ~TransferViewModel() override;
+
+    [[nodiscard]] const std::vector<TransferJob>& jobs() const {
+        return jobs_;
+    }
+    /// -1 for an id that is not in the list.
+    [[nodiscard]] int indexOf(const QUuid& jobId) const;
+    [[nodiscard]] const TransferSummary& summary() const {
+        return summary_;
+    }
+
+    /// Copies a local file or folder into the device folder `remotePath`. Returns the job's id.
+    QUuid enqueueUpload(const QString& localURL, const QString& remotePath,
+                        const std::shared_ptr<FileAccess>& files);
+    /// Copies a file or folder of the device to `localURL`, the path of the copy itself, whose
+    /// folder exists. An older file of that path is replaced, folders are merged. `onFinished` is
+    /// called on the main thread.
+    QUuid enqueueDownload(const FileItem& item, const QString& localURL,
+                          const std::shared_ptr<FileAccess>& files,
+                          TransferFinished onFinished = {});
+
+    /// The job is shown as cancelled at once. No effect on one that has finished.
+    void cancelJob(const QUuid& jobId);
+    void cancelAll();
+    /// Removes every job that has finished.
+    void clearCompleted();
+
+Q_SIGNALS:
+    void jobAboutToBeAdded(int index);
+    void jobAdded(int index);
+    void jobChanged(int index);
+    void jobsAboutToBeRemoved(int first, int last);
+    void jobsRemoved(int first, int last);
+    void summaryChanged();
+    /// The job has reached its last state; emitted once a job.
+    void jobFinished(const QUuid& jobId);
+    /// After every successful job.
+    void transferComplete();
+
+private:
+    struct Running;
+    struct Failure;
+
+    int append(TransferJob job);
+    void enqueue(const TransferJob& job, TransferEngine::Work work,
+                 const std::shared_ptr<FileAccess>& files);
+    void markJobInProgress(const QUuid& id);
+    void updateProgress(int index, const TransferProgress& progress);
+    void completeJob(const QUuid& id, const std::shared_ptr<Failure>& failure);
+    void finish(int index);
+    void takeProgress();
+    void measureNext();
+    void setTotals(TransferJob& job, qint64 files, qint64 bytes);
+    void updateSummary();
+
+    TransferEngine& engine_;
+    std::vector<TransferJob> jobs_;
+    QHash<QUuid, int> indexes_;
+    QHash<QUuid, TransferFinished> onFinished_;
+    std::deque<QUuid> toMeasure_;
+    bool isMeasuring_ = false;
+    std::stop_source stopMeasuring_;
+    std::shared_ptr<Running> running_; ///< null while no job runs
+    TransferSpeed speed_;
+    QTimer progressTimer_;
+    TransferSummary summary_;
+    qint64 queuedBytes_ = 0;        ///< totals of the queued jobs
+    qint64 finishedBatchBytes_ = 0; ///< of the jobs that finished since the queue was empty
+};
+
+} // namespace tessary
