@@ -64,7 +64,7 @@ std::vector<Subcommand> addSubcommands(CLI::App& app, Raw& raw) {
 
     CLI::App& list = add("ls", "List a folder of a device", Command::list);
     addDevice(list);
-    list.add_option("PATH", raw.path, "Folder or file on the device")->default_val("/");
+    list.add_option("PATH", raw.path, "Folder on the device; / when left out");
 
     CLI::App& info =
         add("info", "Show what is known of a device, or of one path on it", Command::info);
@@ -108,6 +108,8 @@ CliRequest requestOf(const Raw& raw, CliRequest::Command command) {
         request.paths.append(text(path));
     if (!raw.path.empty())
         request.paths.append(text(raw.path));
+    if (command == CliRequest::Command::list && raw.path.empty())
+        request.paths.append(QStringLiteral("/"));
     if (!raw.target.empty())
         request.paths.append(text(raw.target));
     if (!raw.local.empty())

@@ -1,0 +1,259 @@
+#include "cli/CliRunner.h"
+#include "phones/VirtualAndroid.h"
+#include "platform/qt/QtProcessRunner.h"
+#include "support/QtPrinters.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using namespace tessary;
+
+namespace {
+
+using Command = CliRequest::Command;
+
+/// A stream in memory that a run writes to.
+class Capture {
+public:
+    Capture() : stream_(open_memstream(&text_, &size_)) {}
+    ~Capture() {
+        std::fclose(stream_);
+        std::free(text_);
+    }
+    Capture(const Capture&) = delete;
+    Capture& operator=(const Capture&) = delete;
+
+    std::FILE* stream() {
+        return stream_;
+    }
+    QString text() {
+        std::fflush(stream_);
+        return QString::fromUtf8(text_, static_cast<qsizetype>(size_));
+    }
+
+private:
+    char* text_ = nullptr;
+    std::size_t size_ = 0;
+    std::FILE* stream_;
+};
+
+struct Result {
+    CliRunner::ExitStatus status;
+    QString out;
+    QString error;
+
+    [[nodiscard]] QJsonDocument json() const {
+        return QJsonDocument::fromJson(out.toUtf8());
+    }
+};
+
+VirtualAndroidConfig config(const QString& folder) {
+    VirtualStorage storage;
+    storage.folder = folder;
+    VirtualAndroidConfig result;
+    result.serialNumber = QStringLiteral("ABC123");
+    result.storages.push_back(storage);
+    return result;
+}
+
+class CliRunnerTest : public ::testing::Test {
+protected:
+    CliRunnerTest() {
+        write(QStringLiteral("DCIM/one.txt"), "one");
+        write(QStringLiteral("DCIM/sub/two.txt"), "second");
+        write(QStringLiteral("big.bin"), QByteArray(3 * 1024 * 1024, 'b'));
+        phone_.plugInto(bus_);
+    }
+
+    void write(const QString& path, const QByteArray& content) {
+        const QString full = onPhone(path);
+        QDir().mkpath(QFileInfo(full).path());
+        QFile file(full);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    }
+
+    [[nodiscard]] QString onPhone(const QString& path) const {
+        return folder_.filePath(QStringLiteral("phone/") + path);
+    }
+    [[nodiscard]] QString here(const QString& path) const {
+        return folder_.filePath(path);
+    }
+    static QByteArray content(const QString& path) {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
+    }
+
+    Result run(Command command, const QStringList& paths = {}, const QString& local = {},
+               bool json = false, const std::stop_token& stop = {}) {
+        CliRequest request;
+        request.command = command;
+        request.device = device_;
+        request.paths = paths;
+        request.localPath = local;
+        request.json = json;
+        Capture out;
+        Capture error;
+        CliRunner runner(bus_, files_, out.stream(), error.stream());
+        const auto status = runner.run(request, stop);
+        return {status, out.text(), error.text()};
+    }
+
+    QTemporaryDir folder_;
+    VirtualUsbBus bus_;
+    VirtualAndroid phone_{config(folder_.filePath(QStringLiteral("phone")))};
+    QtProcessRunner processes_;
+    DeviceFileService files_{bus_, processes_};
+    QString device_ = QStringLiteral("ABC");
+};
+
+} // namespace
+
+TEST_F(CliRunnerTest, devicesAreListedWithBatteryAndStorage) {
+    const Result json = run(Command::devices, {}, {}, true);
+    EXPECT_EQ(json.status, CliRunner::done);
+    const QJsonObject device = json.json().array().at(0).toObject();
+    EXPECT_EQ(device.value(QStringLiteral("udid")).toString(), QStringLiteral("ABC123"));
+    EXPECT_EQ(device.value(QStringLiteral("deviceName")).toString(),
+              QStringLiteral("Google Pixel 7"));
+    EXPECT_EQ(device.value(QStringLiteral("batteryLevel")).toInt(), 80);
+    EXPECT_EQ(device.value(QStringLiteral("volumes")).toArray().size(), 1);
+    EXPECT_TRUE(run(Command::devices).out.contains(QStringLiteral("free of")));
+
+    phone_.setLocked(true);
+    EXPECT_TRUE(run(Command::devices).out.contains(QStringLiteral("unlock it")));
+}
+
+TEST_F(CliRunnerTest, deviceIsChosenByPrefixOrName) {
+    device_ = QStringLiteral("google pixel 7");
+    EXPECT_EQ(run(Command::info).status, CliRunner::done);
+    device_ = QStringLiteral("XYZ");
+    const Result missing = run(Command::list, {QStringLiteral("/")});
+    EXPECT_EQ(missing.status, CliRunner::failed);
+    EXPECT_TRUE(missing.error.contains(QStringLiteral("\"XYZ\" is not attached")));
+
+    VirtualAndroidConfig second = config(folder_.filePath(QStringLiteral("second")));
+    second.serialNumber = QStringLiteral("ABC999");
+    second.location = QStringLiteral("1-2");
+    VirtualAndroid other(second);
+    other.plugInto(bus_);
+    device_ = QStringLiteral("ABC");
+    const Result ambiguous = run(Command::info);
+    EXPECT_EQ(ambiguous.status, CliRunner::failed);
+    EXPECT_TRUE(ambiguous.error.contains(QStringLiteral("fits 2 devices")));
+    device_ = QStringLiteral("ABC9");
+    EXPECT_EQ(run(Command::info).status, CliRunner::done);
+}
+
+TEST_F(CliRunnerTest, listingShowsFoldersFirstAndNoTerminalCommands) {
+    write(QStringLiteral("a\x1b[31mred\nline.txt"), "x");
+    const Result text = run(Command::list, {QStringLiteral("/")});
+    EXPECT_EQ(text.status, CliRunner::done);
+    EXPECT_TRUE(text.out.section(QLatin1Char('\n'), 0, 0).endsWith(QStringLiteral("DCIM/")));
+    EXPECT_FALSE(text.out.contains(QChar(0x1b)));
+    EXPECT_EQ(text.out.count(QLatin1Char('\n')), 3);
+    const Result json = run(Command::list, {QStringLiteral("/sdcard/DCIM")}, {}, true);
+    EXPECT_EQ(json.json().array().size(), 2);
+    const Result missing = run(Command::list, {QStringLiteral("/nowhere")});
+    EXPECT_EQ(missing.status, CliRunner::failed);
+    EXPECT_EQ(missing.error.count(QLatin1Char('\n')), 1);
+    EXPECT_TRUE(missing.out.isEmpty());
+}
+
+TEST_F(CliRunnerTest, getCopiesIntoAFolderOrUnderANewName) {
+    EXPECT_EQ(run(Command::get, {QStringLiteral("/DCIM/one.txt")}, here({})).status,
+              CliRunner::done);
+    EXPECT_EQ(content(here(QStringLiteral("one.txt"))), "one");
+    EXPECT_EQ(run(Command::get, {QStringLiteral("/DCIM")}, here(QStringLiteral("copy"))).status,
+              CliRunner::done);
+    EXPECT_EQ(content(here(QStringLiteral("copy/sub/two.txt"))), "second");
+    EXPECT_EQ(run(Command::get, {QStringLiteral("/DCIM")}, here({})).status, CliRunner::done);
+    EXPECT_EQ(content(here(QStringLiteral("DCIM/one.txt"))), "one");
+}
+
+TEST_F(CliRunnerTest, whatIsLeftOutOfAFolderIsNamedAndFails) {
+    phone_.faults().update([](VirtualFaults& faults) {
+        faults.nameOverrides[QStringLiteral("one.txt")] = QStringLiteral("..");
+    });
+    const Result result =
+        run(Command::get, {QStringLiteral("/DCIM")}, here(QStringLiteral("copy")), true);
+    EXPECT_EQ(result.status, CliRunner::failed);
+    EXPECT_TRUE(result.error.contains(QStringLiteral("Not copied")));
+    EXPECT_EQ(content(here(QStringLiteral("copy/sub/two.txt"))), "second");
+    EXPECT_EQ(result.json().object().value(QStringLiteral("skipped")).toArray().size(), 1);
+}
+
+TEST_F(CliRunnerTest, putMakeMoveAndRemoveChangeThePhone) {
+    const QString local = here(QStringLiteral("new.txt"));
+    QFile file(local);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("fresh");
+    file.close();
+    EXPECT_EQ(run(Command::makeFolder, {QStringLiteral("/Docs")}).status, CliRunner::done);
+    EXPECT_EQ(run(Command::put, {QStringLiteral("/Docs")}, local).status, CliRunner::done);
+    EXPECT_EQ(content(onPhone(QStringLiteral("Docs/new.txt"))), "fresh");
+    EXPECT_EQ(run(Command::put, {QStringLiteral("/Nowhere")}, local).status, CliRunner::failed);
+
+    EXPECT_EQ(run(Command::move, {QStringLiteral("/Docs/new.txt"), QStringLiteral("b.txt")}).status,
+              CliRunner::done);
+    EXPECT_EQ(run(Command::move, {QStringLiteral("/Docs/b.txt"), QStringLiteral("/DCIM")}).status,
+              CliRunner::done);
+    EXPECT_EQ(content(onPhone(QStringLiteral("DCIM/b.txt"))), "fresh");
+    EXPECT_EQ(
+        run(Command::move, {QStringLiteral("/DCIM/b.txt"), QStringLiteral("/Docs/c.txt")}).status,
+        CliRunner::done);
+    EXPECT_EQ(content(onPhone(QStringLiteral("Docs/c.txt"))), "fresh");
+
+    EXPECT_EQ(run(Command::remove, {QStringLiteral("/Docs"), QStringLiteral("/big.bin")}).status,
+              CliRunner::done);
+    EXPECT_FALSE(QFileInfo::exists(onPhone(QStringLiteral("Docs"))));
+    EXPECT_FALSE(QFileInfo::exists(onPhone(QStringLiteral("big.bin"))));
+}
+
+TEST_F(CliRunnerTest, interruptedCopyLeavesNoFile) {
+    std::stop_source stop;
+    stop.request_stop();
+    const Result result = run(Command::get, {QStringLiteral("/big.bin")},
+                              here(QStringLiteral("big.bin")), false, stop.get_token());
+    EXPECT_EQ(result.status, CliRunner::interrupted);
+    EXPECT_EQ(QDir(here({})).entryList(QDir::Files | QDir::Hidden), QStringList());
+}
+
+TEST_F(CliRunnerTest, unpluggingAtAnyPointIsSaidInOneLineWithTheNextStep) {
+    const QString target = here(QStringLiteral("big.bin"));
+    unsigned phase = 1;
+    for (;; ++phase) {
+        SCOPED_TRACE(phase);
+        phone_.faults().update([phase](VirtualFaults& faults) {
+            faults.unplug = VirtualByteFault{UsbDirection::in, 5, phase};
+        });
+        const Result result = run(Command::get, {QStringLiteral("/big.bin")}, target);
+        if (result.status == CliRunner::done)
+            break;
+        EXPECT_EQ(result.status, CliRunner::failed);
+        EXPECT_EQ(result.error.count(QLatin1Char('\n')), 1) << result.error.toStdString();
+        EXPECT_TRUE(result.error.contains(QStringLiteral("Plug the phone in again")))
+            << result.error.toStdString();
+        EXPECT_EQ(QDir(here({})).entryList(QDir::Files | QDir::Hidden), QStringList());
+        phone_.unplug();
+        phone_.plugInto(bus_);
+    }
+    EXPECT_GT(phase, 5U);
+    EXPECT_EQ(content(target).size(), 3 * 1024 * 1024);
+}
+
+TEST_F(CliRunnerTest, anotherProgramHoldingThePhoneIsNamed) {
+    VirtualOpenFaults held;
+    held.interfaceOpen = usb::exclusiveAccess;
+    held.interfaceSeize = usb::exclusiveAccess;
+    bus_.setOpenFaults(QStringLiteral("1-1"), held);
+    bus_.setProgramsHolding(QStringLiteral("1-1"), {QStringLiteral("gvfsd-mtp (process 12)")});
+    const Result result = run(Command::list, {QStringLiteral("/")});
+    EXPECT_EQ(result.status, CliRunner::failed);
+    EXPECT_TRUE(result.error.contains(QStringLiteral("gvfsd-mtp (process 12) is using the phone")));
+}
