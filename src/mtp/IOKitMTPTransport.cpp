@@ -1,19 +1,15 @@
 #include "mtp/IOKitMTPTransport.h"
 
 #include "core/CancellationError.h"
-#include "core/LittleEndian.h"
 #include "mtp/MTPPacketCodec.h"
+#include "mtp/MTPRecovery.h"
 
 #include <algorithm>
-#include <array>
 #include <deque>
-#include <thread>
 
 namespace tessary {
 
 namespace {
-
-using namespace std::chrono_literals;
 
 constexpr std::size_t minimumReadSize = 4096;
 constexpr std::size_t streamRequestSize = 0x40000;
@@ -21,16 +17,9 @@ constexpr std::size_t streamDepth = 4;
 /// A response container has at most five parameters.
 constexpr std::uint32_t longestResponse = MTPContainerHeader::size + 5 * 4;
 
-/// Still image class requests on the default pipe.
-constexpr UsbControlRequest cancelRequest{0x21, 0x64, 0, 0};
-constexpr UsbControlRequest deviceStatusRequest{0xA1, 0x67, 0, 0};
-constexpr auto controlTimeout = 1000ms;
-constexpr auto statusPollInterval = 20ms;
-/// How long a device may be busy with a cancellation, and how long the rest of a broken-off data
-/// phase is read at the most.
-constexpr auto recoveryLimit = 10s;
-/// The pipe counts as empty when nothing has come for this long.
-constexpr auto quietTime = 300ms;
+/// Data and response; and for how many broken-off transactions they are looked out for.
+constexpr int containersPerTransaction = 2;
+constexpr std::size_t abandonedLimit = 8 * containersPerTransaction;
 
 constexpr UsbTimeouts pipeTimeouts{MTPTransportProtocol::pipeTimeout,
                                    MTPTransportProtocol::pipeTimeout};
@@ -42,6 +31,11 @@ std::size_t roundUp(std::size_t size, std::size_t packetSize) {
 bool isResponse(const MTPContainerHeader& header) {
     return header.type == MTPContainerType::response && header.length >= MTPContainerHeader::size &&
            header.length <= longestResponse;
+}
+
+/// The payload that a header announces.
+std::uint64_t announcedSize(const MTPContainerHeader& header) {
+    return header.length <= MTPContainerHeader::size ? 0 : header.length - MTPContainerHeader::size;
 }
 
 /// The payload of a data container: its length field, unless that cannot hold the true size.
@@ -56,7 +50,7 @@ std::optional<std::uint64_t> payloadSize(const MTPContainerHeader& header,
         static_cast<std::uint32_t>(*expected + MTPContainerHeader::size) == header.length;
     if (cut)
         return expected;
-    return header.length <= MTPContainerHeader::size ? 0 : header.length - MTPContainerHeader::size;
+    return announcedSize(header);
 }
 
 MTPDataSink keepIn(Bytes& bytes) {
@@ -87,11 +81,17 @@ void IOKitMTPTransport::close() {
     forget();
 }
 
-/// Drops what is known of the pipes' state.
+/// Drops what is known of a connection.
 void IOKitMTPTransport::forget() {
     incomingStream_.clear();
+    abandoned_.clear();
+    resetFraming();
+}
+
+void IOKitMTPTransport::resetFraming() {
     afterData_ = false;
     lastReadWasFull_ = false;
+    outgoing_ = {};
     outgoingWritten_ = 0;
 }
 
@@ -103,6 +103,8 @@ void IOKitMTPTransport::requireOpen() const {
 void IOKitMTPTransport::send(ByteView data, const MTPByteProgress& progress) {
     const std::scoped_lock lock(mutex_);
     requireOpen();
+    outgoing_ = MTPPacketCodec::decodeHeader(data).value_or(MTPContainerHeader{});
+    outgoingWritten_ = 0;
     for (std::size_t sent = 0; sent < data.size();) {
         const ByteView chunk = data.subspan(sent, std::min(writeChunkSize, data.size() - sent));
         write(chunk);
@@ -140,7 +142,6 @@ void IOKitMTPTransport::sendContainer(const MTPContainerHeader& header, std::uin
             read += count;
         }
         write(ByteView(chunk).first(filled));
-        outgoingWritten_ += filled;
         filled = 0;
         if (options.progress)
             options.progress(static_cast<qint64>(read), static_cast<qint64>(payloadSize));
@@ -156,6 +157,7 @@ void IOKitMTPTransport::write(ByteView chunk) {
     std::size_t transferred = 0;
     const UsbCode code =
         interface.writePipeTO(connection_->outPipe, chunk, transferred, pipeTimeouts);
+    outgoingWritten_ += code == usb::success ? chunk.size() : transferred;
     if (code == usb::success)
         return;
     if (code != usb::noDevice)
@@ -219,7 +221,7 @@ MTPPacket IOKitMTPTransport::receivePacket(std::chrono::milliseconds patience) {
     requireOpen();
     MTPPacket packet;
     packet.header = receiveHeader(patience);
-    receivePayload(*payloadSize(packet.header, packet.header.length), keepIn(packet.payload), {});
+    receivePayload(announcedSize(packet.header), keepIn(packet.payload), {});
     return packet;
 }
 
@@ -230,17 +232,33 @@ MTPPacket IOKitMTPTransport::receiveContainer(const MTPDataSink& sink,
     MTPPacket packet;
     packet.header = receiveHeader(pipeTimeout);
     const bool isData = packet.header.type == MTPContainerType::data;
-    if (const auto size = payloadSize(packet.header, options.expectedSize); size && isData)
-        receivePayload(*size, sink, options);
-    else if (isData)
-        receiveUntilShortPacket(sink, options);
+    if (isData)
+        receiveData(packet.header, sink, options);
     else
-        receivePayload(*payloadSize(packet.header, packet.header.length), keepIn(packet.payload),
-                       {});
+        receivePayload(announcedSize(packet.header), keepIn(packet.payload), {});
     return packet;
 }
 
+/// The payload of a data container, however its size is told.
+void IOKitMTPTransport::receiveData(const MTPContainerHeader& header, const MTPDataSink& sink,
+                                    const MTPStreamOptions& options) {
+    if (const auto size = payloadSize(header, options.expectedSize))
+        receivePayload(*size, sink, options);
+    else
+        receiveUntilShortPacket(sink, options);
+}
+
+/// The header of the next container that belongs to a transaction under way.
 MTPContainerHeader IOKitMTPTransport::receiveHeader(std::chrono::milliseconds patience) {
+    for (;;) {
+        const MTPContainerHeader header = receiveAnyHeader(patience);
+        if (!isAbandoned(header))
+            return header;
+        receiveData(header, [](ByteView) {}, {});
+    }
+}
+
+MTPContainerHeader IOKitMTPTransport::receiveAnyHeader(std::chrono::milliseconds patience) {
     awaitFirstByte(patience);
     fill(MTPContainerHeader::size);
     if (afterData_)
@@ -255,15 +273,16 @@ MTPContainerHeader IOKitMTPTransport::receiveHeader(std::chrono::milliseconds pa
 
 /// Waits until there is anything to read, as long as the caller has patience.
 void IOKitMTPTransport::awaitFirstByte(std::chrono::milliseconds patience) {
-    const auto deadline = std::chrono::steady_clock::now() + patience;
-    bool terminatorMayFollow = afterData_ && lastReadWasFull_;
+    auto waits = std::max<std::int64_t>(patience / pipeTimeout, 1);
+    // Such a packet ends a transfer of whole packets; some devices send one after any data.
+    bool zeroPacketMayFollow = afterData_ || lastReadWasFull_;
     while (incomingStream_.empty()) {
         const UsbCode code = readOnce(pipeTimeouts);
-        if (code == usb::timeout && std::chrono::steady_clock::now() < deadline)
+        if (code == usb::timeout && --waits > 0)
             continue;
         if (code != usb::success)
             failRead(code);
-        if (incomingStream_.empty() && !std::exchange(terminatorMayFollow, false))
+        if (incomingStream_.empty() && !std::exchange(zeroPacketMayFollow, false))
             throw MTPTransportError(MTPTransportError::Case::timeout);
     }
 }
@@ -364,78 +383,54 @@ void IOKitMTPTransport::receiveUntilShortPacket(const MTPDataSink& sink,
     } while (lastReadWasFull_);
 }
 
-void IOKitMTPTransport::recover(std::uint32_t transactionID, MTPDataPhase phase) noexcept {
+MTPPipeState IOKitMTPTransport::recover(std::uint32_t transactionID, MTPDataPhase phase) noexcept {
     const std::scoped_lock lock(mutex_);
     if (!connection_)
-        return;
-    try {
-        // A device that knows no cancelling gets the end of its data, or is read to the end of it.
-        if (requestCancel(transactionID) == usb::pipeStalled && phase == MTPDataPhase::toDevice)
-            endDataPhase();
-        drain();
-    } catch (const MTPTransportError&) {
-        // Whatever is still wrong with the pipes, the next transaction reports.
-    }
-    forget();
-}
-
-/// Asks the device to drop the transaction and waits until it has. usb::pipeStalled when it does
-/// not know the request.
-UsbCode IOKitMTPTransport::requestCancel(std::uint32_t transactionID) {
-    UsbInterface& interface = *connection_->interface;
-    Bytes message; // u16 CancelTransaction event, u32 transaction ID
-    appendLittleEndian(message, static_cast<std::uint16_t>(MTPEventCode::cancelTransaction));
-    appendLittleEndian(message, transactionID);
-    std::size_t transferred = 0;
-    UsbControlRequest request = cancelRequest;
-    request.index = interface.number();
-    const UsbCode cancelled =
-        interface.controlRequest(request, message, transferred, controlTimeout);
-    if (cancelled != usb::success)
-        return cancelled;
-
-    // Only an answer that says busy is waited out: some devices answer with nothing at all.
-    const auto deadline = std::chrono::steady_clock::now() + recoveryLimit;
-    request = deviceStatusRequest;
-    request.index = interface.number();
-    while (std::chrono::steady_clock::now() < deadline) {
-        std::array<std::byte, 32> status{}; // u16 length, u16 response code, stalled endpoints
-        const UsbCode code = interface.controlRequest(request, status, transferred, controlTimeout);
-        const bool busy = code == usb::success && transferred >= 4 &&
-                          readLittleEndian<std::uint16_t>(status, 2) ==
-                              static_cast<std::uint16_t>(MTPResponseCode::deviceBusy);
-        if (!busy)
-            break;
-        std::this_thread::sleep_for(statusPollInterval);
-    }
-    return usb::success;
+        return MTPPipeState::quiet;
+    const bool cancelled = cancelMTPTransaction(*connection_, transactionID);
+    // A device that knows no cancelling gets the end of its data, or is read to the end of it.
+    if (!cancelled && phase == MTPDataPhase::toDevice)
+        endDataPhase();
+    const bool held = !incomingStream_.empty();
+    const MTPPipeState state = drainMTPPipe(*connection_);
+    incomingStream_.clear();
+    resetFraming();
+    abandon(transactionID);
+    return state == MTPPipeState::quiet && held ? MTPPipeState::drained : state;
 }
 
 /// Ends a data phase before its announced size: by a short packet, or by an empty one.
-void IOKitMTPTransport::endDataPhase() {
-    if (outgoingWritten_ == 0) {
-        outgoing_.length = MTPContainerHeader::size;
-        write(MTPPacketCodec::encodeHeader(outgoing_));
-    } else if (outgoingWritten_ % connection_->maxPacketSize == 0) {
-        write({});
+void IOKitMTPTransport::endDataPhase() noexcept {
+    try {
+        if (outgoingWritten_ == 0) {
+            outgoing_.length = MTPContainerHeader::size;
+            write(MTPPacketCodec::encodeHeader(outgoing_));
+        } else if (outgoingWritten_ % connection_->maxPacketSize == 0) {
+            write({});
+        }
+    } catch (const MTPTransportError&) {
+        // Whatever is still wrong with the pipe, the next transaction reports.
     }
 }
 
-/// Reads and drops what the device still sends, until it is quiet.
-void IOKitMTPTransport::drain() {
-    const auto deadline = std::chrono::steady_clock::now() + recoveryLimit;
-    UsbInterface& interface = *connection_->interface;
-    Bytes buffer(roundUp(streamRequestSize, connection_->maxPacketSize));
-    bool stallCleared = false;
-    while (std::chrono::steady_clock::now() < deadline) {
-        std::size_t transferred = 0;
-        const UsbCode code =
-            interface.readPipeTO(connection_->inPipe, buffer, transferred, {quietTime, quietTime});
-        if (code == usb::pipeStalled && !std::exchange(stallCleared, true))
-            interface.clearPipeStallBothEnds(connection_->inPipe);
-        else if (code != usb::success && !(code == usb::timeout && transferred > 0))
-            return;
+/// What a late device still answers to a broken-off transaction is not the answer to the next one.
+void IOKitMTPTransport::abandon(std::uint32_t transactionID) {
+    if (std::find(abandoned_.begin(), abandoned_.end(), transactionID) != abandoned_.end())
+        return;
+    abandoned_.insert(abandoned_.end(), containersPerTransaction, transactionID);
+    if (abandoned_.size() > abandonedLimit)
+        abandoned_.erase(abandoned_.begin(), abandoned_.begin() + containersPerTransaction);
+}
+
+/// True, at most once for each container of the transaction, when a container is such a late one.
+bool IOKitMTPTransport::isAbandoned(const MTPContainerHeader& header) {
+    const auto found = std::find(abandoned_.begin(), abandoned_.end(), header.transactionID);
+    if (found == abandoned_.end()) {
+        abandoned_.clear(); // containers come in order: nothing older follows
+        return false;
     }
+    abandoned_.erase(found);
+    return true;
 }
 
 } // namespace tessary

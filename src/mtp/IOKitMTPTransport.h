@@ -34,7 +34,7 @@ public:
                        const MTPDataSource& source, const MTPStreamOptions& options) override;
     [[nodiscard]] MTPPacket receiveContainer(const MTPDataSink& sink,
                                              const MTPStreamOptions& options) override;
-    void recover(std::uint32_t transactionID, MTPDataPhase phase) noexcept override;
+    MTPPipeState recover(std::uint32_t transactionID, MTPDataPhase phase) noexcept override;
 
 private:
     void requireOpen() const;
@@ -44,15 +44,19 @@ private:
     void fill(std::size_t count);
     [[nodiscard]] Bytes take(std::size_t count);
     [[nodiscard]] MTPContainerHeader receiveHeader(std::chrono::milliseconds patience);
+    [[nodiscard]] MTPContainerHeader receiveAnyHeader(std::chrono::milliseconds patience);
     void awaitFirstByte(std::chrono::milliseconds patience);
     void skipStrayByte();
+    void receiveData(const MTPContainerHeader& header, const MTPDataSink& sink,
+                     const MTPStreamOptions& options);
     void receivePayload(std::uint64_t size, const MTPDataSink& sink,
                         const MTPStreamOptions& options);
     void receiveUntilShortPacket(const MTPDataSink& sink, const MTPStreamOptions& options);
-    [[nodiscard]] UsbCode requestCancel(std::uint32_t transactionID);
-    void endDataPhase();
-    void drain();
+    void endDataPhase() noexcept;
+    void abandon(std::uint32_t transactionID);
+    [[nodiscard]] bool isAbandoned(const MTPContainerHeader& header);
     void forget();
+    void resetFraming();
 
     UsbBus& bus_;
     const MTPDeviceAddress address_;
@@ -60,11 +64,13 @@ private:
     std::mutex mutex_; ///< held during each public call; guards everything below
     std::optional<MTPInterfaceConnection> connection_; ///< while open
     Bytes incomingStream_;                             ///< read from the device, not handed out yet
-    /// The last container carried data, and the last read was filled to its end: a zero-length
-    /// packet that comes next is the end of that data phase.
+    /// The last container carried data.
     bool afterData_ = false;
+    /// The last read was filled to its end: the transfer may go on, or end by a zero-length packet.
     bool lastReadWasFull_ = false;
-    /// The data container that is being sent, and how much of it the device has.
+    /// Transaction IDs that recover() was called for, once for each container that may still come.
+    std::vector<std::uint32_t> abandoned_;
+    /// The container that is being sent, and how many bytes of it the device has.
     MTPContainerHeader outgoing_;
     std::uint64_t outgoingWritten_ = 0;
 };

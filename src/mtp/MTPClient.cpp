@@ -4,6 +4,7 @@
 #include "mtp/MTPPacketCodec.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 
 namespace tessary {
@@ -21,6 +22,26 @@ QString hexadecimal(std::uint16_t code) {
 
 bool isData(const MTPPacket& packet) {
     return packet.header.type == MTPContainerType::data;
+}
+
+/// No second try can help.
+bool isGone(const MTPTransportError& error) {
+    return error.kind() == MTPTransportError::Case::notConnected || error.code() == usb::noDevice;
+}
+
+/// The device has no such property, whatever the object.
+bool isUnsupportedProperty(std::uint16_t response) {
+    constexpr std::uint16_t invalidObjectPropCode = 0xA801;
+    constexpr std::uint16_t objectPropNotSupported = 0xA80A;
+    constexpr std::array codes{
+        static_cast<std::uint16_t>(MTPResponseCode::operationNotSupported),
+        static_cast<std::uint16_t>(MTPResponseCode::parameterNotSupported),
+        static_cast<std::uint16_t>(MTPResponseCode::devicePropNotSupported),
+        static_cast<std::uint16_t>(MTPResponseCode::invalidParameter),
+        invalidObjectPropCode,
+        objectPropNotSupported,
+    };
+    return std::find(codes.begin(), codes.end(), response) != codes.end();
 }
 
 bool isResponse(const MTPPacket& packet) {
@@ -43,23 +64,32 @@ MTPClient::~MTPClient() {
 
 std::uint32_t MTPClient::sendCommand(MTPOperationCode operation, Parameters parameters) {
     // What a failed transaction left in the pipe must not be taken for the answer to this one.
-    if (!isSettled_)
-        transport_->recover(transactionIDCounter_ - 1, MTPDataPhase::toHost);
+    if (!isSettled_ && recover() == MTPPipeState::busy)
+        throw MTPTransportError(MTPTransportError::Case::timeout);
     const std::uint32_t transactionID = transactionIDCounter_++;
     isSettled_ = false;
+    phase_ = MTPDataPhase::toHost;
     transport_->send(MTPPacketCodec::buildCommandPacket(operation, transactionID, parameters));
     return transactionID;
 }
 
 void MTPClient::sendData(MTPOperationCode operation, std::uint32_t transactionID,
                          ByteView payload) {
+    phase_ = MTPDataPhase::toDevice;
     transport_->send(MTPPacketCodec::buildDataPacket(operation, transactionID, payload));
+}
+
+/// Ends the last transaction, which was broken off, on the device's side.
+MTPPipeState MTPClient::recover() {
+    const MTPPipeState state = transport_->recover(transactionIDCounter_ - 1, phase_);
+    isSettled_ = state != MTPPipeState::busy;
+    return state;
 }
 
 /// The last container of a transaction.
 MTPPacket MTPClient::receiveResponse(std::chrono::milliseconds patience) {
     MTPPacket response = transport_->receivePacket(patience);
-    isSettled_ = true;
+    isSettled_ = isResponse(response);
     return response;
 }
 
@@ -88,7 +118,17 @@ void MTPClient::expectOk(const QString& failure, std::chrono::milliseconds patie
 void MTPClient::openSession(std::uint32_t sessionID) {
     const std::scoped_lock lock(mutex_);
     transport_->open();
-    isSettled_ = true;
+    try {
+        startSession(sessionID);
+    } catch (...) {
+        // The next try finds the device anew, and others find it free.
+        closeTransport();
+        throw;
+    }
+    isOpen_ = true;
+}
+
+void MTPClient::startSession(std::uint32_t sessionID) {
     sessionID_ = sessionID;
     MTPPacket response = openSessionAnswer();
     if (response.header.code == rawAlreadyOpen) {
@@ -97,35 +137,47 @@ void MTPClient::openSession(std::uint32_t sessionID) {
         sendCommand(MTPOperationCode::openSession, {sessionID_});
         response = receiveResponse();
         if (response.header.code == rawAlreadyOpen)
-            response.header.code = rawOk;
+            return;
     }
     if (response.header.code != rawOk)
         throw MTPTransportError::refusal(QStringLiteral("OpenSession failed with code 0x"),
                                          response.header.code);
-    isOpen_ = true;
 }
 
-/// The device's answer to OpenSession. A client that died in mid-transfer leaves data in the pipe;
-/// what is no response makes room for one more try.
+/// The device's answer to OpenSession. A client that died in mid-transfer leaves its data or its
+/// response in the pipe, or a device that takes OpenSession for the rest of an upload: whatever
+/// is no answer to this transaction makes room for one more try.
 MTPPacket MTPClient::openSessionAnswer() {
-    const std::uint32_t transactionID = sendCommand(MTPOperationCode::openSession, {sessionID_});
-    bool stale = false;
-    MTPPacket answer;
+    std::optional<MTPPacket> answer;
     try {
+        const std::uint32_t transactionID =
+            sendCommand(MTPOperationCode::openSession, {sessionID_});
         answer = receiveResponse();
-        stale = !isResponse(answer);
+        if (isResponse(*answer) && answer->header.transactionID == transactionID)
+            return *std::move(answer);
     } catch (const MTPTransportError& error) {
-        if (error.kind() != MTPTransportError::Case::timeout &&
-            error.kind() != MTPTransportError::Case::invalidPacketHeader)
+        if (isGone(error))
             throw;
-        stale = true;
     }
-    if (!stale)
-        return answer;
-    transport_->recover(transactionID, MTPDataPhase::toHost);
+    const bool pipeWasEmpty = recover() == MTPPipeState::quiet;
+    const bool sessionIsOpen =
+        answer && (answer->header.code == rawOk || answer->header.code == rawAlreadyOpen);
+    if (pipeWasEmpty && sessionIsOpen)
+        return *std::move(answer); // a device whose responses carry any transaction ID
+    try {
+        sendCommand(MTPOperationCode::openSession, {sessionID_});
+        return receiveResponse();
+    } catch (const MTPTransportError&) {
+        if (!answer)
+            throw;
+        return *std::move(answer);
+    }
+}
+
+void MTPClient::closeTransport() {
+    transport_->close();
     isSettled_ = true;
-    sendCommand(MTPOperationCode::openSession, {sessionID_});
-    return receiveResponse();
+    isOpen_ = false;
 }
 
 void MTPClient::closeSession() {
@@ -139,14 +191,12 @@ void MTPClient::closeSession() {
             sendCommand(MTPOperationCode::closeSession, {});
             (void)receiveResponse();
         } else {
-            transport_->recover(transactionIDCounter_ - 1, MTPDataPhase::toHost);
+            recover();
         }
     } catch (const MTPTransportError&) {
         // The device may be gone; its session ends with it.
     }
-    isSettled_ = true;
-    transport_->close();
-    isOpen_ = false;
+    closeTransport();
 }
 
 std::vector<std::uint32_t> MTPClient::getStorageIDs() {
@@ -200,8 +250,11 @@ std::optional<int> MTPClient::getBatteryLevel() {
     const auto value = receiveDataset();
     if (!value)
         return std::nullopt;
-    const MTPPacket response = receiveResponse();
-    if (value->empty() || response.header.code != rawOk)
+    if (value->empty()) {
+        skipResponse();
+        return std::nullopt;
+    }
+    if (receiveResponse().header.code != rawOk)
         return std::nullopt;
     return static_cast<int>(value->front());
 }
@@ -248,9 +301,7 @@ std::optional<std::uint64_t> MTPClient::objectSizeLocked(std::uint32_t handle) {
                 {handle, static_cast<std::uint32_t>(MTPObjectProperty::objectSize)});
     const MTPPacket first = receiveFirst();
     if (!isData(first)) {
-        // All but the refusal of this one handle holds for every other object as well.
-        objectSizeSupported_ =
-            first.header.code == static_cast<std::uint16_t>(MTPResponseCode::invalidObjectHandle);
+        objectSizeSupported_ = !isUnsupportedProperty(first.header.code);
         return std::nullopt;
     }
     const MTPPacket response = receiveResponse();
@@ -270,7 +321,7 @@ std::uint64_t MTPClient::getObject(std::uint32_t handle, const MTPDataSink& sink
                                    const MTPStreamOptions& options) {
     const std::scoped_lock lock(mutex_);
     const QString failure = QStringLiteral("GetObject failed: 0x");
-    const std::uint32_t transactionID = sendCommand(MTPOperationCode::getObject, {handle});
+    sendCommand(MTPOperationCode::getObject, {handle});
     std::uint64_t received = 0;
     const MTPDataSink countingSink = [&](ByteView bytes) {
         sink(bytes);
@@ -284,8 +335,7 @@ std::uint64_t MTPClient::getObject(std::uint32_t handle, const MTPDataSink& sink
         if (!isResponse(first) && !first.payload.empty())
             countingSink(first.payload);
     } catch (...) {
-        transport_->recover(transactionID, MTPDataPhase::toHost);
-        isSettled_ = true;
+        recover();
         throw;
     }
     if (isResponse(first) && first.header.code != rawOk)
@@ -341,12 +391,12 @@ std::uint32_t MTPClient::sendObject(const MTPDataSource& source, std::uint64_t s
         std::min<std::uint64_t>(size, full32Bits - MTPContainerHeader::size) +
         MTPContainerHeader::size);
     MTPPacket response;
+    phase_ = MTPDataPhase::toDevice;
     try {
         transport_->sendContainer(header, size, source, options);
         response = receiveResponse(workPatience);
     } catch (...) {
-        transport_->recover(transactionID, MTPDataPhase::toDevice);
-        isSettled_ = true;
+        recover();
         throw;
     }
     if (response.header.code != rawOk)

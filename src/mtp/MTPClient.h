@@ -26,7 +26,7 @@ public:
     MTPClient& operator=(const MTPClient&) = delete;
 
     /// Opens the transport and a session. A session that an earlier client left open is closed
-    /// first; stale data in the pipe is drained once.
+    /// first; stale data in the pipe is drained once. After a failure the transport is closed.
     void openSession(std::uint32_t sessionID);
     /// Closes session and transport. Whatever the device answers, or does not, is ignored.
     void closeSession();
@@ -74,6 +74,7 @@ private:
     using Parameters = std::initializer_list<std::uint32_t>;
 
     std::uint32_t sendCommand(MTPOperationCode operation, Parameters parameters);
+    MTPPipeState recover();
     void sendData(MTPOperationCode operation, std::uint32_t transactionID, ByteView payload);
     [[nodiscard]] MTPPacket
     receiveResponse(std::chrono::milliseconds patience = MTPTransportProtocol::pipeTimeout);
@@ -81,7 +82,9 @@ private:
     void skipResponse();
     void expectOk(const QString& failure,
                   std::chrono::milliseconds patience = MTPTransportProtocol::pipeTimeout);
+    void startSession(std::uint32_t sessionID);
     [[nodiscard]] MTPPacket openSessionAnswer();
+    void closeTransport();
     [[nodiscard]] std::optional<Bytes> receiveDataset();
     [[nodiscard]] std::optional<std::uint64_t> objectSizeLocked(std::uint32_t handle);
     std::uint32_t sendObjectInfo(const MTPObjectInfo& info, const QString& failure);
@@ -92,7 +95,8 @@ private:
     std::uint32_t transactionIDCounter_ = 1;
     bool isOpen_ = false;
     bool objectSizeSupported_ = true;
-    bool isSettled_ = true; ///< the last transaction ran to its response
+    bool isSettled_ = true;                     ///< the last transaction ran to its response
+    MTPDataPhase phase_ = MTPDataPhase::toHost; ///< of the last transaction
 };
 
 } // namespace tessary

@@ -35,7 +35,7 @@ std::vector<UsbDeviceEntry> candidates(UsbBus& bus, const MTPDeviceAddress& addr
                (!address.serialNumber.isEmpty() && entry.serialNumber != address.serialNumber);
     });
     const auto there = std::find_if(found.begin(), found.end(), [&](const UsbDeviceEntry& entry) {
-        return entry.location == address.location;
+        return !address.location.isEmpty() && entry.location == address.location;
     });
     if (there != found.end())
         return {*there};
@@ -66,7 +66,9 @@ UsbCode openInterface(UsbInterface& interface) {
 }
 
 bool findPipes(MTPInterfaceConnection& connection) {
-    for (std::uint8_t pipe = 1; pipe <= connection.interface->endpointCount(); ++pipe) {
+    const int count = connection.interface->endpointCount();
+    for (int number = 1; number <= count; ++number) {
+        const auto pipe = static_cast<std::uint8_t>(number);
         const auto properties = connection.interface->pipeProperties(pipe);
         if (!properties || properties->transferType != UsbTransferType::bulk)
             continue;

@@ -34,6 +34,13 @@ struct MTPStreamOptions {
 /// Which way the payload of a broken-off transaction was going.
 enum class MTPDataPhase { toHost, toDevice };
 
+/// What recover() found, and how it left the pipes.
+enum class MTPPipeState {
+    quiet,   ///< nothing was left in them
+    drained, ///< what was left in them has been dropped
+    busy,    ///< the device is still sending: nothing else can be asked of it yet
+};
+
 /// A byte pipe to one MTP device. Every call blocks, may come from any thread and is carried out
 /// alone. Failures are MTPTransportError; `notConnected` while closed.
 class MTPTransportProtocol {
@@ -77,8 +84,9 @@ public:
                                                      const MTPStreamOptions& options) = 0;
 
     /// Brings the pipes to rest after a transaction that was broken off, so that the next one may
-    /// start: asks the device to cancel, and drains what it still sends. Never throws, bounded.
-    virtual void recover(std::uint32_t transactionID, MTPDataPhase phase) noexcept = 0;
+    /// start: asks the device to cancel, and drains what it still sends. What it sends of that
+    /// transaction later is dropped when it comes. Never throws, bounded.
+    virtual MTPPipeState recover(std::uint32_t transactionID, MTPDataPhase phase) noexcept = 0;
 };
 
 } // namespace tessary

@@ -96,7 +96,9 @@ MTPPacket MockMTPTransport::receiveContainer(const MTPDataSink& sink,
     return packet;
 }
 
-void MockMTPTransport::recover(std::uint32_t, MTPDataPhase) noexcept {}
+MTPPipeState MockMTPTransport::recover(std::uint32_t, MTPDataPhase) noexcept {
+    return MTPPipeState::quiet;
+}
 
 void MockMTPTransport::enqueueIncoming(const MTPPacket& packet) {
     Bytes raw = MTPPacketCodec::encodeHeader(packet.header);

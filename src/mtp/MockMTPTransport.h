@@ -24,7 +24,7 @@ public:
                        const MTPDataSource& source, const MTPStreamOptions& options) override;
     [[nodiscard]] MTPPacket receiveContainer(const MTPDataSink& sink,
                                              const MTPStreamOptions& options) override;
-    void recover(std::uint32_t transactionID, MTPDataPhase phase) noexcept override;
+    MTPPipeState recover(std::uint32_t transactionID, MTPDataPhase phase) noexcept override;
 
     void enqueueIncoming(const MTPPacket& packet);
     void enqueueIncoming(ByteView raw);

@@ -1,0 +1,291 @@
+#include "mtp/IOKitMTPTransport.h"
+
+#include "support/MTPContainers.h"
+#include "support/MTPFailure.h"
+#include "support/ScriptedUsbBus.h"
+
+#include <gmock/gmock.h>
+
+#include <numeric>
+
+namespace tessary {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::Pair;
+using ::testing::SizeIs;
+
+class IOKitMTPTransportTest : public ::testing::Test {
+protected:
+    IOKitMTPTransportTest() {
+        transport_.open();
+        bus_.log.clear();
+    }
+
+    /// A response comes through, so the stream is in step.
+    void expectInStep() {
+        bus_.send(responseOf(0x2001, 99));
+        const MTPPacket packet = transport_.receivePacket();
+        EXPECT_EQ(packet.header, (MTPContainerHeader{12, MTPContainerType::response, 0x2001, 99}));
+    }
+
+    ScriptedUsbBus bus_;
+    IOKitMTPTransport transport_{bus_, 0x18D1, 0x4EE1};
+};
+
+Bytes slice(const Bytes& bytes, std::size_t from, std::size_t count) {
+    const auto begin = bytes.begin() + static_cast<std::ptrdiff_t>(from);
+    return {begin, begin + static_cast<std::ptrdiff_t>(std::min(count, bytes.size() - from))};
+}
+
+TEST_F(IOKitMTPTransportTest, sendsInChunksWithProgress) {
+    const Bytes data = patternOf(600'000);
+    Bytes sent;
+    bus_.afterWrite = [&](ByteView chunk) { sent.insert(sent.end(), chunk.begin(), chunk.end()); };
+    std::vector<std::pair<qint64, qint64>> progress;
+    transport_.send(data, [&](qint64 done, qint64 total) { progress.emplace_back(done, total); });
+    EXPECT_THAT(bus_.log, ElementsAre("write 262144", "write 262144", "write 75712"));
+    EXPECT_THAT(progress,
+                ElementsAre(Pair(262144, 600000), Pair(524288, 600000), Pair(600000, 600000)));
+    EXPECT_EQ(sent, data);
+}
+
+TEST_F(IOKitMTPTransportTest, sendsNoEmptyPacketAndNoPadding) {
+    transport_.send(Bytes(1024));
+    transport_.send(Bytes(13));
+    transport_.send({});
+    transport_.send(Bytes(2 * 262144));
+    EXPECT_THAT(bus_.log, ElementsAre("write 1024", "write 13", "write 262144", "write 262144"));
+}
+
+TEST_F(IOKitMTPTransportTest, failedCallsTellTheirCodeAndClearTheHalt) {
+    struct Row {
+        UsbCode code;
+        std::string text;
+    };
+    const std::vector<Row> rows{{usb::timeout, "0x-1FFFFD2A"},
+                                {usb::pipeStalled, "0x-1FFFBFB1"},
+                                {usb::generalError, "0x-1FFFFD44"},
+                                {UsbCode{0x1F}, "0x1F"},
+                                {std::numeric_limits<UsbCode>::min(), "0x-80000000"}};
+    for (const Row& row : rows) {
+        bus_.log.clear();
+        bus_.writeCodes = {row.code};
+        EXPECT_EQ(mtpFailureOf([&] { transport_.send(Bytes(600'000)); }),
+                  "MTP Transport error: USB Write failed: " + row.text);
+        EXPECT_THAT(bus_.log, ElementsAre("write 262144", "clear 2"));
+        bus_.log.clear();
+        bus_.fail(row.code);
+        EXPECT_EQ(mtpFailureOf([&] { (void)transport_.receive(12); }),
+                  "MTP Transport error: USB Read failed: " + row.text);
+        EXPECT_THAT(bus_.log, ElementsAre("clear 1"));
+        expectInStep();
+    }
+}
+
+TEST_F(IOKitMTPTransportTest, receiveHandsOutWhatArrived) {
+    const Bytes data = patternOf(5000);
+    bus_.send(data);
+    EXPECT_EQ(transport_.receive(12), slice(data, 0, 12));
+    bus_.fail(usb::pipeStalled); // is not read while enough is held
+    EXPECT_EQ(transport_.receive(84), slice(data, 12, 84));
+    EXPECT_EQ(transport_.receive(4000), slice(data, 96, 4000)); // held to the last byte
+    EXPECT_THAT(transport_.receive(0), IsEmpty());
+    EXPECT_EQ(transport_.receive(12), slice(data, 4096, 12));
+    bus_.incoming = {};
+    bus_.send(slice(data, 0, 100));
+    EXPECT_THAT(transport_.receive(2000),
+                SizeIs(904 - 12 + 100)); // one read, short of what is asked
+    bus_.sendEmptyPacket();
+    EXPECT_THAT(transport_.receive(10), IsEmpty());
+    EXPECT_EQ(bus_.readBufferLimit, 4096U);
+}
+
+TEST_F(IOKitMTPTransportTest, readsWholePacketsOfAnySize) {
+    for (const std::uint16_t packetSize :
+         std::initializer_list<std::uint16_t>{8, 64, 1000, 1024, 65535}) {
+        ScriptedUsbBus bus;
+        for (UsbPipeProperties& pipe : bus.attached[0].interfaces[0].pipes)
+            pipe.maxPacketSize = packetSize;
+        IOKitMTPTransport transport(bus, 0x18D1, 0x4EE1);
+        transport.open();
+        bus.send(Bytes(1));
+        EXPECT_THAT(transport.receive(1), SizeIs(1));
+        EXPECT_GE(bus.readBufferLimit, 4096U);
+        EXPECT_EQ(bus.readBufferLimit % packetSize, 0U) << packetSize;
+    }
+}
+
+TEST_F(IOKitMTPTransportTest, containerIsJoinedFromItsPieces) {
+    const Bytes payload = patternOf(3000);
+    const Bytes container = dataOf(0x1008, 7, payload);
+    struct Row {
+        const char* name;
+        std::vector<std::size_t> cuts;
+    };
+    std::vector<std::size_t> packets(container.size() / 512);
+    std::iota(packets.begin(), packets.end(), 1);
+    for (std::size_t& cut : packets)
+        cut *= 512;
+    for (const Row& row : {Row{"whole", {}},
+                           {"of 512 bytes", packets},
+                           {"header first", {12}},
+                           {"header in pieces", {1, 2, 11}},
+                           {"inside the payload", {13, 100}},
+                           {"last byte alone", {container.size() - 1}}}) {
+        std::size_t from = 0;
+        for (const std::size_t cut : row.cuts) {
+            bus_.send(slice(container, from, cut - from));
+            from = cut;
+        }
+        bus_.send(slice(container, from, container.size() - from));
+        const MTPPacket packet = transport_.receivePacket();
+        EXPECT_EQ(packet.header, (MTPContainerHeader{3012, MTPContainerType::data, 0x1008, 7}))
+            << row.name;
+        EXPECT_EQ(packet.payload, payload) << row.name;
+        expectInStep();
+    }
+}
+
+TEST_F(IOKitMTPTransportTest, bytesBeyondTheContainerAreKeptForTheNext) {
+    for (const std::size_t size : {4U, 500U, 5000U, 300'000U}) {
+        const Bytes payload = patternOf(size);
+        bus_.send(dataOf(0x1007, 7, payload) + responseOf(0x2001, 7, {1, 2}) +
+                  responseOf(0x2002, 8));
+        EXPECT_EQ(transport_.receivePacket().payload, payload) << size;
+        EXPECT_THAT(transport_.receivePacket().payload, SizeIs(8)) << size;
+        EXPECT_EQ(transport_.receivePacket().header.code, 0x2002) << size;
+        expectInStep();
+    }
+}
+
+TEST_F(IOKitMTPTransportTest, containerWithoutPayloadNeedsOneRead) {
+    for (const std::uint32_t length : {0U, 11U, 12U}) {
+        bus_.send(containerOf(length, 3, 0x2001, 5, {}));
+        bus_.fail(usb::generalError); // of a read that must not be made
+        const MTPPacket packet = transport_.receivePacket();
+        EXPECT_EQ(packet.header.length, length);
+        EXPECT_THAT(packet.payload, IsEmpty());
+        bus_.incoming = {};
+    }
+    bus_.send(containerOf(13, 3, 0x2001, 5, Bytes{std::byte{1}}));
+    EXPECT_THAT(transport_.receivePacket().payload, ElementsAre(std::byte{1}));
+    EXPECT_THAT(bus_.log, IsEmpty());
+}
+
+TEST_F(IOKitMTPTransportTest, promisedBytesThatNeverComeCostNoMemory) {
+    for (const std::uint32_t length : {13U, 513U, 0x7FFFFFFFU, 0xFFFFFFFFU}) {
+        bus_.readBufferLimit = 0;
+        bus_.send(containerOf(length, 2, 0x1009, 5, {}));
+        EXPECT_EQ(mtpFailureOf([&] { (void)transport_.receivePacket(); }), mtpReadTimedOut);
+        bus_.send(containerOf(length, 2, 0x1009, 5, {}));
+        EXPECT_EQ(mtpFailureOf([&] { (void)transport_.receiveContainer([](ByteView) {}, {}); }),
+                  mtpReadTimedOut);
+        EXPECT_LE(bus_.readBufferLimit, 1U << 20) << length;
+        transport_.recover(5, MTPDataPhase::toHost);
+        expectInStep();
+    }
+}
+
+TEST_F(IOKitMTPTransportTest, undecodableTypeIsUndefined) {
+    bus_.send(containerOf(12, 7, 0x2001, 5, {}));
+    EXPECT_EQ(transport_.receivePacket().header.type, MTPContainerType::undefined);
+}
+
+TEST_F(IOKitMTPTransportTest, emptyPacketInsideContainerIsTimeout) {
+    struct Row {
+        const char* name;
+        Bytes before;
+    };
+    const Bytes container = dataOf(0x1008, 7, patternOf(2000));
+    for (const Row& row : {Row{"before anything", {}},
+                           {"inside the header", slice(container, 0, 5)},
+                           {"after the header", slice(container, 0, 12)},
+                           {"inside the payload", slice(container, 0, 600)}}) {
+        if (!row.before.empty())
+            bus_.send(row.before);
+        bus_.sendEmptyPacket();
+        EXPECT_EQ(mtpFailureOf([&] { (void)transport_.receivePacket(); }), mtpTimeout) << row.name;
+        transport_.recover(7, MTPDataPhase::toHost);
+        expectInStep();
+    }
+}
+
+TEST_F(IOKitMTPTransportTest, oneEmptyPacketBehindDataIsItsEnd) {
+    // 4096 and 512 × n + 4096 fill their last read to the end, 1000 does not.
+    for (const std::size_t size : {1000U, 4096U, 4096U + 512U, 4096U + 262144U}) {
+        const Bytes data = dataOf(0x1007, 7, patternOf(size - 12));
+        bus_.send(data);
+        bus_.sendEmptyPacket();
+        bus_.send(responseOf(0x2001, 7));
+        EXPECT_THAT(transport_.receivePacket().payload, SizeIs(size - 12));
+        EXPECT_EQ(transport_.receivePacket().header.code, 0x2001) << size;
+
+        bus_.send(data);
+        bus_.send(responseOf(0x2001, 7)); // without a terminator
+        EXPECT_THAT(transport_.receivePacket().payload, SizeIs(size - 12));
+        EXPECT_EQ(transport_.receivePacket().header.code, 0x2001) << size;
+
+        bus_.send(data);
+        for (int i = 0; i < 3; ++i)
+            bus_.sendEmptyPacket();
+        EXPECT_THAT(transport_.receivePacket().payload, SizeIs(size - 12));
+        EXPECT_EQ(mtpFailureOf([&] { (void)transport_.receivePacket(); }), mtpTimeout) << size;
+        transport_.recover(7, MTPDataPhase::toHost);
+        expectInStep();
+    }
+}
+
+TEST_F(IOKitMTPTransportTest, dataAndResponseOfWholePacketsAreTerminatedTogether) {
+    bus_.send(dataOf(0x1007, 7, patternOf(4096 - 24)) + responseOf(0x2001, 7));
+    bus_.sendEmptyPacket();
+    EXPECT_THAT(transport_.receivePacket().payload, SizeIs(4096 - 24));
+    EXPECT_EQ(transport_.receivePacket().header.code, 0x2001);
+    expectInStep();
+}
+
+TEST_F(IOKitMTPTransportTest, strayByteBehindDataIsSkipped) {
+    for (const std::size_t size : {100U, 500U, 4096U - 12U, 5000U, 262144U}) {
+        for (const std::byte stray : {std::byte{0}, std::byte{0x0C}, std::byte{0xFF}}) {
+            bus_.send(dataOf(0x1008, 7, patternOf(size)) + Bytes{stray});
+            bus_.send(responseOf(0x2001, 7, {3}));
+            EXPECT_THAT(transport_.receivePacket().payload, SizeIs(size));
+            const MTPPacket response = transport_.receivePacket();
+            EXPECT_EQ(response.header.code, 0x2001) << size;
+            EXPECT_THAT(response.payload, SizeIs(4)) << size;
+            expectInStep();
+        }
+    }
+}
+
+TEST_F(IOKitMTPTransportTest, patienceIsForTheFirstByteOnly) {
+    bus_.fail(usb::timeout);
+    bus_.fail(usb::timeout);
+    bus_.send(responseOf(0x2001, 7));
+    EXPECT_EQ(transport_.receivePacket(std::chrono::seconds(15)).header.code, 0x2001);
+    EXPECT_THAT(bus_.log, IsEmpty());
+
+    for (int i = 0; i < 3; ++i)
+        bus_.fail(usb::timeout);
+    bus_.send(responseOf(0x2001, 7));
+    EXPECT_EQ(mtpFailureOf([&] { (void)transport_.receivePacket(std::chrono::seconds(15)); }),
+              mtpReadTimedOut);
+    transport_.recover(7, MTPDataPhase::toHost);
+
+    bus_.send(slice(responseOf(0x2001, 7), 0, 5));
+    EXPECT_EQ(mtpFailureOf([&] { (void)transport_.receivePacket(std::chrono::seconds(15)); }),
+              mtpReadTimedOut);
+}
+
+TEST_F(IOKitMTPTransportTest, goneDeviceIsNotTouchedAgain) {
+    bus_.unplug();
+    EXPECT_EQ(mtpFailureOf([&] { transport_.send(Bytes(12)); }),
+              "MTP Transport error: USB Write failed: 0x-1FFFFD40");
+    EXPECT_EQ(mtpFailureOf([&] { (void)transport_.receivePacket(); }),
+              "MTP Transport error: USB Read failed: 0x-1FFFFD40");
+    EXPECT_THAT(bus_.log, ElementsAre("write 12"));
+}
+
+} // namespace
+} // namespace tessary

@@ -1,0 +1,215 @@
+#include "mtp/MTPInterfaceConnection.h"
+
+#include "mtp/IOKitMTPTransport.h"
+#include "support/MTPFailure.h"
+#include "support/ScriptedUsbBus.h"
+
+#include <gmock/gmock.h>
+
+namespace tessary {
+namespace {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+constexpr UsbPipeProperties bulkIn{UsbDirection::in, UsbTransferType::bulk, 512};
+constexpr UsbPipeProperties bulkOut{UsbDirection::out, UsbTransferType::bulk, 512};
+constexpr UsbPipeProperties events{UsbDirection::in, UsbTransferType::interrupt, 64};
+
+const MTPDeviceAddress anyOfModel{0x18D1, 0x4EE1, {}, {}};
+
+std::string openFailure(ScriptedUsbBus& bus, const MTPDeviceAddress& address = anyOfModel) {
+    return mtpFailureOf([&] { (void)openMTPInterface(bus, address); });
+}
+
+TEST(MTPInterfaceConnection, opensOnlyTheAskedModel) {
+    ScriptedUsbBus bus;
+    bus.attach("1-2").entry.productID = 0x4EE2;
+    bus.attach("1-3").entry.vendorID = 0x04E8;
+    (void)openMTPInterface(bus, {0x18D1, 0x4EE2, {}, {}});
+    EXPECT_THAT(bus.log, ElementsAre("open 1-2", "open interface 0"));
+    EXPECT_EQ(openFailure(bus, {0x18D1, 0x4EE3, {}, {}}), mtpNotConnected);
+    // Alike in the lower half only.
+    EXPECT_EQ(openFailure(bus, {0x118D1, 0x4EE1, {}, {}}), mtpNotConnected);
+    EXPECT_EQ(openFailure(bus, {0x18D1, 0x14EE1, {}, {}}), mtpNotConnected);
+}
+
+TEST(MTPInterfaceConnection, someVendorsAreNeverOpened) {
+    for (const std::uint16_t vendor :
+         std::initializer_list<std::uint16_t>{0x05AC, 0x0BC2, 0x1058}) {
+        ScriptedUsbBus bus;
+        bus.attached[0].entry.vendorID = vendor;
+        EXPECT_EQ(openFailure(bus, {vendor, 0x4EE1, {}, {}}), mtpNotConnected);
+        EXPECT_THAT(bus.log, IsEmpty()) << vendor;
+        EXPECT_FALSE(findMTPDevice(bus, {vendor, 0x4EE1, {}, {}}));
+    }
+}
+
+TEST(MTPInterfaceConnection, interfaceQualifiesByItsClass) {
+    struct Row {
+        std::uint8_t interfaceClass;
+        std::uint8_t subclass;
+        bool qualifies;
+    };
+    for (const Row& row : {Row{6, 1, true},
+                           {6, 0, true},
+                           {255, 1, true},
+                           {255, 255, false},
+                           {255, 66, false},
+                           {8, 6, false},
+                           {3, 1, false}}) {
+        ScriptedUsbBus bus;
+        bus.attached[0].interfaces[0].interfaceClass = row.interfaceClass;
+        bus.attached[0].interfaces[0].subclass = row.subclass;
+        EXPECT_EQ(openFailure(bus), row.qualifies ? "none" : mtpNotConnected)
+            << int(row.interfaceClass) << "/" << int(row.subclass);
+    }
+}
+
+TEST(MTPInterfaceConnection, interfaceWithoutBulkPairIsPassedOver) {
+    ScriptedUsbBus bus;
+    auto& interfaces = bus.attached[0].interfaces;
+    interfaces.assign(3, {});
+    interfaces[0].pipes = {events};
+    interfaces[1].pipes = {bulkIn, events};
+    interfaces[2].pipes = {events, bulkOut, bulkIn};
+    const MTPInterfaceConnection connection = openMTPInterface(bus, anyOfModel);
+    EXPECT_EQ(connection.interface->number(), 2);
+    EXPECT_EQ(connection.outPipe, 2);
+    EXPECT_EQ(connection.inPipe, 3);
+    EXPECT_EQ(connection.maxPacketSize, 512);
+
+    interfaces.resize(2);
+    EXPECT_EQ(openFailure(bus), mtpNotConnected);
+}
+
+TEST(MTPInterfaceConnection, liesInDescriptorsAreSurvived) {
+    ScriptedUsbBus bus;
+    auto& pipes = bus.attached[0].interfaces[0].pipes;
+    pipes = {{UsbDirection::in, UsbTransferType::bulk, 0},
+             {UsbDirection::out, UsbTransferType::bulk, 0}};
+    EXPECT_GE(openMTPInterface(bus, anyOfModel).maxPacketSize, 8);
+    pipes.assign(255, events);
+    EXPECT_EQ(openFailure(bus), mtpNotConnected);
+}
+
+TEST(MTPInterfaceConnection, heldDeviceIsSeized) {
+    ScriptedUsbBus bus;
+    bus.attached[0].openCodes = {usb::exclusiveAccess};
+    (void)openMTPInterface(bus, anyOfModel);
+    EXPECT_THAT(bus.log, ElementsAre("open 1-1", "seize 1-1", "open interface 0"));
+}
+
+TEST(MTPInterfaceConnection, heldInterfaceIsTriedAgainThenSeized) {
+    struct Row {
+        std::deque<UsbCode> codes;
+        std::vector<std::string> calls;
+        std::string failure;
+    };
+    const std::string denied = "Exclusive access denied by macOS PTPCamera/Photos daemon.";
+    const std::string open = "open interface 0";
+    const std::string seize = "seize interface 0";
+    const UsbCode held = usb::exclusiveAccess;
+    const std::vector<Row> rows{
+        {{held}, {open, open}, "none"},
+        {{held, held}, {open, open, seize}, "none"},
+        {{held, usb::noMemory}, {open, open, seize}, "none"},
+        {{held, held, held}, {open, open, seize}, denied},
+        {{usb::notPermitted}, {open}, "MTP Transport error: USB open failed: 0x-1FFFFD1E"},
+        {{usb::noDevice}, {open}, mtpNotConnected},
+    };
+    for (const Row& row : rows) {
+        ScriptedUsbBus bus;
+        bus.attached[0].interfaces[0].openCodes = row.codes;
+        EXPECT_EQ(openFailure(bus), row.failure);
+        bus.log.erase(bus.log.begin());
+        EXPECT_EQ(bus.log, row.calls);
+    }
+}
+
+TEST(MTPInterfaceConnection, deviceThatMayNotBeOpenedSaysWhy) {
+    ScriptedUsbBus bus;
+    bus.attached[0].openCodes = {usb::notPermitted};
+    EXPECT_EQ(openFailure(bus), "MTP Transport error: USB open failed: 0x-1FFFFD1E");
+    bus.attached[0].openCodes = {usb::exclusiveAccess, usb::exclusiveAccess};
+    EXPECT_EQ(openFailure(bus), "Exclusive access denied by macOS PTPCamera/Photos daemon.");
+    EXPECT_THAT(bus.log, Not(Contains("open interface 0")));
+}
+
+TEST(MTPInterfaceConnection, tellsTwoPhonesOfOneModelApart) {
+    struct Row {
+        const char* name;
+        const char* serial;
+        const char* location;
+        std::string opened; ///< empty: refused
+    };
+    const std::vector<Row> rows{
+        {"by serial", "B", "", "1-2"},
+        {"by location", "", "1-2", "1-2"},
+        {"by both", "A", "1-1", "1-1"},
+        {"moved to another port", "B", "1-9", "1-2"},
+        {"another phone in its port", "A", "1-2", "1-1"},
+        {"one without a serial moved", "", "1-9", ""},
+        {"another serial", "C", "", ""},
+        {"another serial in that port", "C", "1-1", ""},
+        {"nothing known", "", "", ""},
+    };
+    for (const Row& row : rows) {
+        ScriptedUsbBus bus;
+        bus.attached[0].entry.serialNumber = QStringLiteral("A");
+        bus.attach("1-2", QStringLiteral("B"));
+        const MTPDeviceAddress address{0x18D1, 0x4EE1, QString::fromLatin1(row.serial),
+                                       QString::fromLatin1(row.location)};
+        const auto found = findMTPDevice(bus, address);
+        EXPECT_EQ(found ? found->location.toStdString() : std::string(), row.opened) << row.name;
+        EXPECT_EQ(openFailure(bus, address) == "none", !row.opened.empty()) << row.name;
+        if (row.opened.empty())
+            EXPECT_THAT(bus.log, IsEmpty()) << row.name;
+        else
+            EXPECT_THAT(bus.log, Contains("open " + row.opened)) << row.name;
+    }
+}
+
+TEST(MTPInterfaceConnection, clonesWithOneSerialAreToldApartByTheirPort) {
+    ScriptedUsbBus bus;
+    bus.attached[0].entry.serialNumber = QStringLiteral("0123456789ABCDEF");
+    bus.attach("1-2", QStringLiteral("0123456789ABCDEF"));
+    MTPDeviceAddress address{0x18D1, 0x4EE1, QStringLiteral("0123456789ABCDEF"), {}};
+    EXPECT_THAT(openFailure(bus, address), ::testing::HasSubstr("several phones of this model"));
+    address.location = QStringLiteral("1-2");
+    EXPECT_EQ(findMTPDevice(bus, address)->location, QStringLiteral("1-2"));
+}
+
+TEST(IOKitMTPTransportLifecycle, everythingFailsWhileClosed) {
+    ScriptedUsbBus bus;
+    IOKitMTPTransport transport(bus, anyOfModel);
+    const Bytes bytes(12);
+    const auto expectClosed = [&] {
+        EXPECT_EQ(mtpFailureOf([&] { transport.send(bytes); }), mtpNotConnected);
+        EXPECT_EQ(mtpFailureOf([&] { transport.send({}); }), mtpNotConnected);
+        EXPECT_EQ(mtpFailureOf([&] { (void)transport.receive(1); }), mtpNotConnected);
+        EXPECT_EQ(mtpFailureOf([&] { (void)transport.receivePacket(); }), mtpNotConnected);
+        EXPECT_EQ(mtpFailureOf([&] { transport.sendContainer({}, 0, {}, {}); }), mtpNotConnected);
+        EXPECT_EQ(mtpFailureOf([&] { (void)transport.receiveContainer({}, {}); }), mtpNotConnected);
+        EXPECT_EQ(transport.recover(1, MTPDataPhase::toHost), MTPPipeState::quiet);
+    };
+    expectClosed();
+    transport.open();
+    transport.open(); // once is enough
+    EXPECT_EQ(bus.logged("open 1-1"), 1U);
+    bus.send(bytes);
+    EXPECT_EQ(transport.receive(2).size(), 2U);
+    transport.close();
+    transport.close();
+    expectClosed();
+
+    // Nothing of the first connection is left in the second.
+    transport.open();
+    bus.send({std::byte{7}});
+    EXPECT_THAT(transport.receive(2), ElementsAre(std::byte{7}));
+}
+
+} // namespace
+} // namespace tessary

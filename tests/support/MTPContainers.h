@@ -1,0 +1,66 @@
+#pragma once
+
+#include "core/LittleEndian.h"
+#include "mtp/MTPTypes.h"
+
+#include <vector>
+
+namespace tessary {
+
+// Containers as a device would send them, put together without the codec that is under test.
+
+/// A container with any length in its header.
+inline Bytes containerOf(std::uint32_t length, std::uint16_t type, std::uint16_t code,
+                         std::uint32_t transactionID, ByteView payload) {
+    Bytes bytes;
+    appendLittleEndian(bytes, length);
+    appendLittleEndian(bytes, type);
+    appendLittleEndian(bytes, code);
+    appendLittleEndian(bytes, transactionID);
+    bytes.insert(bytes.end(), payload.begin(), payload.end());
+    return bytes;
+}
+
+inline Bytes wholeContainer(std::uint16_t type, std::uint16_t code, std::uint32_t transactionID,
+                            ByteView payload) {
+    return containerOf(static_cast<std::uint32_t>(12 + payload.size()), type, code, transactionID,
+                       payload);
+}
+
+inline Bytes commandOf(std::uint16_t operation, std::uint32_t transactionID,
+                       const std::vector<std::uint32_t>& parameters) {
+    Bytes payload;
+    for (const std::uint32_t parameter : parameters)
+        appendLittleEndian(payload, parameter);
+    return wholeContainer(1, operation, transactionID, payload);
+}
+
+inline Bytes dataOf(std::uint16_t operation, std::uint32_t transactionID, ByteView payload) {
+    return wholeContainer(2, operation, transactionID, payload);
+}
+
+inline Bytes responseOf(std::uint16_t code, std::uint32_t transactionID,
+                        const std::vector<std::uint32_t>& parameters = {}) {
+    Bytes payload;
+    for (const std::uint32_t parameter : parameters)
+        appendLittleEndian(payload, parameter);
+    return wholeContainer(3, code, transactionID, payload);
+}
+
+/// Bytes that differ at every place where a copy could go wrong.
+inline Bytes patternOf(std::size_t size) {
+    Bytes bytes(size);
+    std::uint32_t state = 1;
+    for (std::byte& byte : bytes) {
+        state = state * 1664525 + 1013904223;
+        byte = static_cast<std::byte>(state >> 24);
+    }
+    return bytes;
+}
+
+inline Bytes operator+(Bytes left, const Bytes& right) {
+    left.insert(left.end(), right.begin(), right.end());
+    return left;
+}
+
+} // namespace tessary

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "mtp/MTPTransportError.h"
+
+#include <string>
+
+namespace tessary {
+
+/// The description of the MTPTransportError that `call` throws; "none" when it throws nothing.
+template <typename Call>
+std::string mtpFailureOf(Call&& call) {
+    try {
+        call();
+    } catch (const MTPTransportError& error) {
+        return error.description().toStdString();
+    }
+    return "none";
+}
+
+inline constexpr const char* mtpNotConnected = "MTP USB Transport is not connected.";
+inline constexpr const char* mtpTimeout = "MTP USB read/write operation timed out.";
+inline constexpr const char* mtpReadTimedOut = "MTP Transport error: USB Read failed: 0x-1FFFFD2A";
+inline constexpr const char* mtpReadStalled = "MTP Transport error: USB Read failed: 0x-1FFFBFB1";
+inline constexpr const char* mtpWriteStalled = "MTP Transport error: USB Write failed: 0x-1FFFBFB1";
+
+} // namespace tessary
