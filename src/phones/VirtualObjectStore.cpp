@@ -58,7 +58,6 @@ VirtualObjectStore::VirtualObjectStore(std::vector<VirtualStorage> storages, boo
         std::error_code ignored;
         fs::create_directories(storage.folder.toStdString(), ignored);
     }
-    renewHandles();
 }
 
 void VirtualObjectStore::renewHandles() {
