@@ -1,0 +1,59 @@
+#include "phones/DemoPhones.h"
+
+#include "phones/DemoContent.h"
+
+#include <QDir>
+
+namespace tessary {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Slow enough for progress to be seen.
+constexpr double demoMegabytesPerSecond = 30;
+
+} // namespace
+
+DemoPhones::DemoPhones(const QString& folder) {
+    const QDir disk(folder);
+
+    VirtualAndroidConfig first;
+    first.serialNumber = u"DEMO0001"_s;
+    first.storages.resize(2);
+    first.storages[0].folder = disk.filePath(u"pixel"_s);
+    first.storages[1].folder = disk.filePath(u"pixel-card"_s);
+    first.storages[1].description = u"SD card"_s;
+    first.storages[1].volumeIdentifier = u"DEMO-CARD"_s;
+    first.storages[1].removable = true;
+    first.storages[1].capacity = std::uint64_t{32} << 30;
+    first.storages[1].free = std::uint64_t{21} << 30;
+
+    VirtualAndroidConfig second;
+    second.vendorID = 0x04E8;
+    second.productID = 0x6860;
+    second.vendorName = u"SAMSUNG"_s;
+    second.productName = u"Galaxy A54"_s;
+    second.serialNumber = u"DEMO0002"_s;
+    second.location = u"1-2"_s;
+    second.battery = 35;
+    second.storages.resize(1);
+    second.storages[0].folder = disk.filePath(u"galaxy"_s);
+    second.storages[0].free = std::uint64_t{9} << 30;
+
+    (void)DemoContent::fillPhone(first.storages[0].folder);
+    (void)DemoContent::fillCard(first.storages[1].folder);
+    (void)DemoContent::fillCard(second.storages[0].folder);
+
+    for (VirtualAndroidConfig* config : {&first, &second}) {
+        auto& android =
+            androids_.emplace_back(std::make_unique<VirtualAndroid>(std::move(*config)));
+        android->faults().update(
+            [](VirtualFaults& faults) { faults.megabytesPerSecond = demoMegabytesPerSecond; });
+        android->plugInto(bus_);
+    }
+}
+
+DemoPhones::~DemoPhones() = default;
+
+} // namespace tessary
