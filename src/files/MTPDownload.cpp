@@ -6,6 +6,7 @@
 #include "files/PartFile.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QSet>
 
 #include <algorithm>
@@ -18,6 +19,9 @@ namespace {
 /// Deeper trees are a device's mistake: paths of a real one are far shorter.
 constexpr int maxDepth = 128;
 
+/// Bytes of one component of a path, as file systems have it.
+constexpr qsizetype longestLocalName = 255;
+
 qint64 toSigned(std::uint64_t size) {
     constexpr auto limit = static_cast<std::uint64_t>(std::numeric_limits<qint64>::max());
     return static_cast<qint64>(std::min(size, limit));
@@ -29,8 +33,13 @@ struct PlannedFile {
     QString localFile;
 };
 
+struct PlannedFolder {
+    QString devicePath;
+    QString localFolder;
+};
+
 struct Plan {
-    std::vector<QString> localFolders; ///< a folder comes before what it holds
+    std::vector<PlannedFolder> folders; ///< a folder comes before what it holds
     std::vector<PlannedFile> files;
     std::vector<SkippedItem> skipped;
     qint64 byteCount = 0;
@@ -50,7 +59,7 @@ public:
 private:
     void walk(const MTPLocation& folder, std::uint32_t handle, const QString& localFolder,
               int depth) {
-        plan_.localFolders.push_back(localFolder);
+        plan_.folders.push_back({folder.shownPath(), localFolder});
         visited_.insert(handle);
         std::vector<MTPObjectInfo> children;
         const auto unreadable = [&](std::uint32_t child, const MTPTransportError& error) {
@@ -65,7 +74,7 @@ private:
                 },
                 stop_, unreadable);
         } catch (const MTPTransportError& error) {
-            if (!error.isProtocolFailure())
+            if (!error.isProtocolFailure() || depth == 0)
                 throw;
             skip(folder, error.description());
         }
@@ -79,6 +88,10 @@ private:
                 continue;
             }
             const QString name = freeName(info.filename, taken);
+            if (QFile::encodeName(name).size() > longestLocalName) {
+                skip(place, QStringLiteral("its name is too long for this computer"));
+                continue;
+            }
             taken.insert(name);
             const QString local = joinPath(localFolder, name);
             if (!info.isDirectory()) {
@@ -132,7 +145,7 @@ qint64 downloadObject(MTPSession& session, const MTPObjectInfo& info, const QStr
     session.client().getObject(
         info.id, [&part](ByteView bytes) { part.write(bytes); }, options);
     if (options.expectedSize && part.size() != total)
-        throw TessaryError::fileIOError(
+        throw MTPTransportError::underlying(
             QStringLiteral("The phone sent %1 of the %2 bytes of %3. Copy it again.")
                 .arg(part.size())
                 .arg(total)
@@ -158,14 +171,28 @@ TransferOutcome downloadFolder(MTPSession& session, DeviceLane::Turn& turn,
             progress(state);
     };
     report();
-    for (const QString& path : plan.localFolders)
-        if (!QDir().mkpath(path))
-            throw TessaryError::fileIOError(
-                QStringLiteral("Cannot create the folder %1 on this computer.").arg(path));
+    if (!QDir().mkpath(localFolder))
+        throw TessaryError::fileIOError(
+            QStringLiteral("Cannot create the folder %1 on this computer.").arg(localFolder));
+    QSet<QString> unusable; // local folders that cannot be made: a file is in the way
+    for (const PlannedFolder& planned : plan.folders)
+        if (!QDir().mkpath(planned.localFolder)) {
+            unusable.insert(planned.localFolder);
+            outcome.skipped.push_back(
+                {planned.devicePath,
+                 QStringLiteral("the folder cannot be created on this computer")});
+        }
 
     for (const PlannedFile& file : plan.files) {
         throwIfStopped(stop);
         turn.letGuestsIn(session);
+        if (unusable.contains(parentPath(file.localFile)))
+            continue;
+        if (QFileInfo(file.localFile).isDir()) {
+            outcome.skipped.push_back(
+                {file.devicePath, QStringLiteral("a folder of this name is on this computer")});
+            continue;
+        }
         state.currentFileTotal = toSigned(file.info.effectiveSize());
         try {
             const qint64 size = downloadObject(

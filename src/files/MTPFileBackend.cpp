@@ -59,12 +59,18 @@ Found findFolder(MTPSession& session, const QString& path, const std::stop_token
     return found;
 }
 
-/// The object of an item, confirmed to be the one that the user saw. A name may hold "/", so that
-/// the item's path alone does not tell the folder.
+/// The object of an item, confirmed to be the one that the user saw. A name may be empty or hold
+/// "/", so that the item's path alone does not tell the folder.
 Found findItem(MTPSession& session, const FileItem& item, const std::stop_token& stop) {
     const QString ending = QLatin1Char('/') + item.name;
-    if (item.name.isEmpty() || !item.path.endsWith(ending))
-        return find(session, item.path, stop);
+    const bool isEntry = item.path.endsWith(ending) && (item.handle || !item.name.isEmpty());
+    if (!isEntry) {
+        Found found = find(session, item.path, stop);
+        const auto& info = found.object.info; // none: a storage, which has no name of its own
+        if (info && (info->filename != item.name || info->isDirectory() != item.isDirectory))
+            throw notFound(item.path);
+        return found;
+    }
     const Found folder =
         findFolder(session, item.path.chopped(ending.size()) + QLatin1Char('/'), stop);
     const MTPLocation location = folder.location.child(item.name);
@@ -112,7 +118,8 @@ void requireUsableName(const QString& name) {
             QStringLiteral("\"%1\" cannot be a name on the phone.").arg(name));
 }
 
-/// Deletes an object. A folder that the device won't delete whole is emptied first, deepest first.
+/// Deletes an object. A folder that the device won't delete whole is emptied first, deepest first;
+/// what it lists there but says to be elsewhere stays.
 void deleteObject(MTPSession& session, std::uint32_t storageID, const MTPObjectInfo& info,
                   int depth, const std::stop_token& stop) {
     constexpr int maxDepth = 128;
@@ -130,7 +137,8 @@ void deleteObject(MTPSession& session, std::uint32_t storageID, const MTPObjectI
     session.forEachChild(
         storageID, info.id,
         [&](MTPObjectInfo&& child) {
-            children.push_back(std::move(child));
+            if (child.parentObject == info.id)
+                children.push_back(std::move(child));
             return true;
         },
         stop);
@@ -300,6 +308,14 @@ void MTPFileBackend::renameItem(const FileItem& item, const QString& newName,
         const Found found = findItem(session, item, stop);
         if (!found.object.info)
             throw TessaryError::fileIOError(QStringLiteral("A whole storage cannot be renamed."));
+        if (newName == item.name)
+            return;
+        // Some phones would put the item in the place of the one that has this name.
+        const std::uint32_t parent = found.object.info->parentObject;
+        if (session.findChild(found.location.storageID, parent == 0 ? mtpRootHandle : parent,
+                              newName, stop))
+            throw TessaryError::fileIOError(
+                QStringLiteral("\"%1\" is already on the phone.").arg(newName));
         session.forget(found.location);
         session.client().renameObject(found.object.handle, newName);
     });
@@ -330,6 +346,7 @@ void MTPFileBackend::moveItem(const FileItem& item, const QString& newParentPath
 }
 
 std::optional<LiveDeviceInfo> MTPFileBackend::fetchLiveDeviceInfo(const DeviceInfo& device) {
+    constexpr int fullBattery = 100;
     LiveDeviceInfo info;
     const auto notice = [](const QString& text) {
         DiagnosticsLogger::shared().mtp.standard("Storage stats fetch notice: %s", {text});
@@ -340,8 +357,17 @@ std::optional<LiveDeviceInfo> MTPFileBackend::fetchLiveDeviceInfo(const DeviceIn
     try {
         MTPSession session(bus_, device, cache_);
         info.battery = session.client().getBatteryLevel();
-        for (const std::uint32_t id : session.storageIDs())
-            info.volumes.push_back(volumeOf(session.client().getStorageInfo(id)));
+        if (info.battery > fullBattery)
+            info.battery.reset();
+        for (const std::uint32_t id : session.storageIDs()) {
+            try {
+                info.volumes.push_back(volumeOf(session.client().getStorageInfo(id)));
+            } catch (const MTPTransportError& error) {
+                if (!error.isProtocolFailure())
+                    throw;
+                notice(error.description());
+            }
+        }
     } catch (const MTPTransportError& error) {
         notice(error.description());
     }

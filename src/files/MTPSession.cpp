@@ -93,14 +93,14 @@ void MTPSession::remember(const MTPLocation& location, std::uint32_t handle) {
     cache_.store(key(location), handle);
 }
 
-/// The object of a handle, when it still is the one called `name` in the folder `parent`.
 std::optional<MTPObjectInfo> MTPSession::confirm(std::uint32_t handle, const QString& name,
-                                                 std::uint32_t parent) {
+                                                 std::uint32_t storageID, std::uint32_t folder) {
     try {
         MTPObjectInfo info = client_.getObjectInfo(handle);
-        const bool sameParent = info.parentObject == parent ||
-                                (isRootHandle(parent) && isRootHandle(info.parentObject));
-        if (info.filename == name && sameParent)
+        // The roots of two storages have one handle: only the storage tells their entries apart.
+        const bool sameFolder = info.parentObject == folder ||
+                                (isRootHandle(folder) && isRootHandle(info.parentObject));
+        if (info.filename == name && sameFolder && info.storageID == storageID)
             return info;
     } catch (const MTPTransportError& error) {
         if (!error.isProtocolFailure())
@@ -132,9 +132,9 @@ MTPSession::resolveChild(const MTPLocation& folder, std::uint32_t folderHandle, 
     const auto cached = cache_.find(key(location));
     std::optional<MTPObjectInfo> info;
     if (hint)
-        info = confirm(*hint, name, folderHandle);
+        info = confirm(*hint, name, folder.storageID, folderHandle);
     if (!info && cached && cached != hint) {
-        info = confirm(*cached, name, folderHandle);
+        info = confirm(*cached, name, folder.storageID, folderHandle);
         if (!info)
             forget(location);
     }

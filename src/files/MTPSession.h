@@ -92,6 +92,11 @@ public:
                                                          std::uint32_t folder, const QString& name,
                                                          const std::stop_token& stop);
 
+    /// The object of a handle, when it is the one called `name` in that folder of that storage.
+    [[nodiscard]] std::optional<MTPObjectInfo> confirm(std::uint32_t handle, const QString& name,
+                                                       std::uint32_t storageID,
+                                                       std::uint32_t folder);
+
     /// Drops a location and everything below it from the cache.
     void forget(const MTPLocation& location);
     /// Keeps a handle for the next time.
@@ -99,8 +104,6 @@ public:
 
 private:
     [[nodiscard]] MTPObjectKey key(const MTPLocation& location) const;
-    [[nodiscard]] std::optional<MTPObjectInfo> confirm(std::uint32_t handle, const QString& name,
-                                                       std::uint32_t parent);
 
     const QString deviceKey_;
     MTPHandleCache& cache_;

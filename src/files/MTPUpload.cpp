@@ -83,7 +83,11 @@ MTPUpload::Folder MTPUpload::open(const MTPLocation& location, std::uint32_t han
             folder.contents.insert(info.filename, std::move(info));
             return true;
         },
-        stop_);
+        stop_,
+        // Nobody knows its name, but it was there before: never a leftover of this upload.
+        [&](std::uint32_t unreadable, const MTPTransportError&) {
+            folder.handles.insert(unreadable);
+        });
     return folder;
 }
 
@@ -148,6 +152,7 @@ void MTPUpload::replace(const QString& localFile, const MTPObjectInfo& old, Fold
                            "renamed (%3).")
                 .arg(name, parkedAs, error.description()));
     }
+    folder.handles.insert(sent->id);
     session_.remember(folder.location.child(name), sent->id);
 }
 
@@ -188,16 +193,8 @@ std::uint32_t MTPUpload::transfer(const QString& localFile, const QString& name,
 /// The object of this name that was not in the folder before.
 std::optional<MTPObjectInfo> MTPUpload::findNew(const Folder& folder, const QString& name,
                                                 std::uint32_t announced) {
-    const auto isIt = [&](std::uint32_t handle) -> std::optional<MTPObjectInfo> {
-        try {
-            MTPObjectInfo info = session_.client().getObjectInfo(handle);
-            if (info.filename == name)
-                return info;
-        } catch (const MTPTransportError& error) {
-            if (!error.isProtocolFailure())
-                throw;
-        }
-        return std::nullopt;
+    const auto isIt = [&](std::uint32_t handle) {
+        return session_.confirm(handle, name, folder.location.storageID, folder.handle);
     };
     if (announced != 0)
         if (auto info = isIt(announced))

@@ -1,0 +1,171 @@
+#include "support/FileServiceFixture.h"
+
+#include <QDirIterator>
+
+namespace tessary {
+namespace {
+
+VirtualAndroidConfig withCard() {
+    VirtualAndroidConfig config;
+    config.storages.resize(2);
+    config.storages[1].removable = true;
+    return config;
+}
+
+class FileEditsTest : public FileServiceFixture {
+protected:
+    FileEditsTest() : FileServiceFixture(withCard()) {
+        phone().write(QStringLiteral("A/f.txt"), "f");
+        phone().write(QStringLiteral("A/sub/g.txt"), "g");
+        phone().write(QStringLiteral("B/f.txt"), "other f");
+    }
+    void createFolder(const char* name, const char* in) {
+        service_->createFolder(QString::fromUtf8(name), QString::fromUtf8(in), phone().info);
+    }
+    void rename(const char* path, const QString& name) {
+        service_->renameItem(item(path), name, phone().info);
+    }
+    void move(const char* path, const char* into) {
+        service_->moveItem(item(path), QString::fromUtf8(into), phone().info);
+    }
+    void remove(const char* path) {
+        service_->deleteFile(item(path), phone().info);
+    }
+    /// Every file of the phone with its content, sorted.
+    [[nodiscard]] QStringList everything() {
+        QStringList all;
+        QDirIterator walk(phone().disk.path(), QDir::Files | QDir::Hidden,
+                          QDirIterator::Subdirectories);
+        while (walk.hasNext()) {
+            const QString path = QDir(phone().disk.path()).relativeFilePath(walk.next());
+            all.append(path + u'=' + QString::fromUtf8(phone().disk.read(path)));
+        }
+        all.sort();
+        return all;
+    }
+};
+
+TEST_F(FileEditsTest, newFolderIsMadeOnce) {
+    createFolder("New", "/A/sub/");
+    EXPECT_EQ(phone().names(QStringLiteral("A/sub")),
+              (QStringList{QStringLiteral("New"), QStringLiteral("g.txt")}));
+    EXPECT_TRUE(item("/A/sub/New").isDirectory);
+    createFolder("Top", "/");
+    EXPECT_TRUE(phone().names().contains(QStringLiteral("Top")));
+    phone().android.clearRequestLog();
+    for (const char* taken : {"sub", "f.txt"})
+        EXPECT_TRUE(
+            failureOf([&] { createFolder(taken, "/A"); }).contains(QStringLiteral("already")))
+            << taken;
+    for (const QString& name : {QString(), QStringLiteral("."), QStringLiteral(".."),
+                                QStringLiteral("a/b"), QString(255, QLatin1Char('x'))})
+        EXPECT_FALSE(failureOf([&] {
+                         service_->createFolder(name, QStringLiteral("/A"), phone().info);
+                     }).isEmpty());
+    EXPECT_EQ(phone().requests(MTPOperationCode::sendObjectInfo), 0U);
+}
+
+TEST_F(FileEditsTest, deleteTakesAFileOrAFullFolderWithEverythingInIt) {
+    remove("/A/f.txt");
+    EXPECT_EQ(phone().names(QStringLiteral("A")), QStringList(QStringLiteral("sub")));
+    for (const bool refusesFull : {false, true}) {
+        phone().write(QStringLiteral("A/x/y/z/deep.txt"), "d");
+        phone().write(QStringLiteral("A/x/1.txt"), "1");
+        phone().disk.makeFolder(QStringLiteral("0/A/x/empty"));
+        phone().android.behaviour().update(
+            [&](VirtualBehaviour& behaviour) { behaviour.refusesFullFolders = refusesFull; });
+        phone().android.clearRequestLog();
+        remove("/A/x");
+        EXPECT_EQ(phone().names(QStringLiteral("A")), QStringList(QStringLiteral("sub")));
+        EXPECT_EQ(phone().requests(MTPOperationCode::deleteObject), refusesFull ? 9U : 1U);
+    }
+    EXPECT_EQ(everything(), (QStringList{QStringLiteral("0/A/sub/g.txt=g"),
+                                         QStringLiteral("0/B/f.txt=other f")}));
+}
+
+TEST_F(FileEditsTest, emptyingAFolderNeverLeavesIt) {
+    // A phone that lists other folders' objects in a folder which it will not delete whole.
+    phone().android.behaviour().update(
+        [](VirtualBehaviour& behaviour) { behaviour.refusesFullFolders = true; });
+    const FileItem folder = item("/A");
+    const std::uint32_t stranger = *item("/B/f.txt").handle;
+    phone().fault([&](VirtualFaults& faults) {
+        faults.foldersHoldThemselves = true;
+        faults.rewrite = [=](const VirtualAnswer& answer) -> std::optional<Bytes> {
+            if (answer.operation !=
+                    static_cast<std::uint16_t>(MTPOperationCode::getObjectHandles) ||
+                answer.type != MTPContainerType::data)
+                return std::nullopt;
+            Bytes list = answer.container; // one more handle at its end
+            list[12] = static_cast<std::byte>(static_cast<int>(list[12]) + 1);
+            list[0] = static_cast<std::byte>(static_cast<int>(list[0]) + 4);
+            for (int shift = 0; shift < 32; shift += 8)
+                list.push_back(static_cast<std::byte>(stranger >> shift));
+            return list;
+        };
+    });
+    (void)failureOf([&] { service_->deleteFile(folder, phone().info); });
+    EXPECT_EQ(phone().content(QStringLiteral("B/f.txt")), "other f");
+    EXPECT_FALSE(phone().names(QStringLiteral("A")).contains(QStringLiteral("f.txt")));
+}
+
+TEST_F(FileEditsTest, refusedDeletionIsReported) {
+    phone().refuse(MTPOperationCode::deleteObject, MTPResponseCode::objectWriteProtected);
+    for (const char* path : {"/A/f.txt", "/A"})
+        EXPECT_FALSE(failureOf([&] { remove(path); }).isEmpty()) << path;
+    EXPECT_EQ(everything().size(), 3);
+}
+
+TEST_F(FileEditsTest, renameChangesTheNameAndNothingElse) {
+    const QString name = QStringLiteral("Ünï 🎉.txt");
+    rename("/A/f.txt", name);
+    EXPECT_EQ(phone().content(QStringLiteral("A/") + name), "f");
+    rename("/A/sub", QStringLiteral("renamed"));
+    EXPECT_EQ(listedNames("/A/renamed"), QStringList(QStringLiteral("g.txt")));
+    EXPECT_FALSE(failureOf([&] { (void)list("/A/sub"); }).isEmpty());
+    EXPECT_NO_THROW(rename("/B/f.txt", QStringLiteral("f.txt")));
+    EXPECT_EQ(phone().content(QStringLiteral("B/f.txt")), "other f");
+}
+
+TEST_F(FileEditsTest, renameOntoAnotherEntryOrToNoNameNeverReachesThePhone) {
+    const FileItem file = item("/A/f.txt");
+    for (const QString& name : {QStringLiteral("sub"), QString(), QStringLiteral(".."),
+                                QStringLiteral("x/y"), QString(255, QLatin1Char('x'))})
+        EXPECT_FALSE(failureOf([&] { service_->renameItem(file, name, phone().info); }).isEmpty())
+            << name.toStdString();
+    EXPECT_EQ(phone().requests(MTPOperationCode::setObjectPropValue), 0U);
+    EXPECT_FALSE(failureOf([&] { rename("/", QStringLiteral("x")); }).isEmpty());
+    EXPECT_EQ(everything().size(), 3);
+}
+
+TEST_F(FileEditsTest, moveWithinAStorageTakesTheObjectAlong) {
+    move("/A/sub", "/B");
+    EXPECT_EQ(phone().content(QStringLiteral("B/sub/g.txt")), "g");
+    EXPECT_FALSE(failureOf([&] { (void)list("/A/sub"); }).isEmpty());
+    EXPECT_EQ(listedNames("/B/sub"), QStringList(QStringLiteral("g.txt")));
+    move("/B/sub/g.txt", "/");
+    EXPECT_EQ(phone().content(QStringLiteral("g.txt")), "g");
+}
+
+TEST_F(FileEditsTest, impossibleMovesAreRefusedBeforeThePhoneIsAsked) {
+    struct {
+        const char* name;
+        const char* what;
+        const char* into;
+    } const rows[] = {{"into itself", "/A", "/A"},
+                      {"into what is in it", "/A", "/A/sub"},
+                      {"name is taken", "/A/f.txt", "/B"},
+                      {"where it is", "/A/f.txt", "/A"},
+                      {"no such folder", "/A/f.txt", "/C"},
+                      {"into a file", "/A/f.txt", "/B/f.txt"},
+                      {"other storage", "/A/f.txt", "/storage/131073"},
+                      {"whole storage", "/", "/A"}};
+    const QStringList before = everything();
+    for (const auto& row : rows)
+        EXPECT_FALSE(failureOf([&] { move(row.what, row.into); }).isEmpty()) << row.name;
+    EXPECT_EQ(phone().requests(MTPOperationCode::moveObject), 0U);
+    EXPECT_EQ(everything(), before);
+}
+
+} // namespace
+} // namespace tessary

@@ -1,0 +1,427 @@
+#include "files/PartFile.h"
+#include "support/FileServiceFixture.h"
+#include "support/OrdinaryUser.h"
+
+#include <sys/stat.h>
+
+#include <map>
+#include <thread>
+
+namespace tessary {
+namespace {
+
+using namespace std::chrono_literals;
+
+const QByteArray oldContent("the old version");
+const QByteArray newContent("the new version, longer");
+
+VirtualAndroidConfig smallCard() {
+    VirtualAndroidConfig config;
+    config.storages.resize(1);
+    config.storages[0].free = 10'000;
+    return config;
+}
+
+class UploadTest : public FileServiceFixture {
+protected:
+    using FileServiceFixture::FileServiceFixture;
+
+    void upload(const QString& file, const char* into, const FileProgressCallback& progress = {},
+                const std::stop_token& stop = {}) {
+        service_->uploadFile(file, QString::fromUtf8(into), phone().info, progress, stop);
+    }
+    TransferOutcome uploadFolder(const char* folder, const char* into,
+                                 const TransferProgressCallback& progress = {},
+                                 const std::stop_token& stop = {}) {
+        return service_->uploadDirectory(local_.path(QString::fromUtf8(folder)),
+                                         QString::fromUtf8(into), phone().info, progress, stop);
+    }
+    /// Prepares a file of one name here and on the phone; returns the one here.
+    QString twoVersions() {
+        phone().write(QStringLiteral("DCIM/a.txt"), oldContent);
+        return local_.write(QStringLiteral("a.txt"), newContent);
+    }
+    /// Whether one of the two versions is on the phone, whole, whatever its name.
+    [[nodiscard]] bool holdsAVersion() {
+        for (const QString& name : phone().names(QStringLiteral("DCIM"))) {
+            const QByteArray content = phone().content(QStringLiteral("DCIM/") + name);
+            if (content == oldContent || content == newContent)
+                return true;
+        }
+        return false;
+    }
+    void expectOldVersionAlone(const std::string& trace) {
+        EXPECT_EQ(phone().names(QStringLiteral("DCIM")), QStringList(QStringLiteral("a.txt")))
+            << trace;
+        EXPECT_EQ(phone().content(QStringLiteral("DCIM/a.txt")), oldContent) << trace;
+    }
+};
+
+class SmallCardUploadTest : public UploadTest {
+protected:
+    SmallCardUploadTest() : UploadTest(smallCard()) {}
+};
+
+TEST_F(UploadTest, newFileArrivesWhole) {
+    phone().disk.makeFolder(QStringLiteral("0/DCIM"));
+    for (const int size : {0, 1, 500, 512, 0x40000 - 12, 0x40000, 1'000'003}) {
+        const QByteArray bytes(size, 'u');
+        const QString file = local_.write(QStringLiteral("f%1.bin").arg(size), bytes);
+        qint64 last = -1;
+        upload(file, "/sdcard/DCIM", [&](qint64 done, qint64 total) {
+            EXPECT_GE(done, last);
+            EXPECT_EQ(total, size);
+            last = done;
+        });
+        EXPECT_EQ(last, size);
+        EXPECT_EQ(phone().content(QStringLiteral("DCIM/f%1.bin").arg(size)), bytes) << size;
+    }
+}
+
+TEST_F(UploadTest, missingFolderIsAnErrorAndNothingLandsInTheRoot) {
+    const QString file = local_.write(QStringLiteral("a.txt"), newContent);
+    local_.write(QStringLiteral("folder/b.txt"), newContent);
+    phone().write(QStringLiteral("file"), "x");
+    for (const char* path :
+         {"/missing", "/missing/deeper", "/file", "/file/x", "/..", "/storage/99/x"}) {
+        EXPECT_FALSE(failureOf([&] { upload(file, path); }).isEmpty()) << path;
+        EXPECT_FALSE(failureOf([&] { (void)uploadFolder("folder", path); }).isEmpty()) << path;
+        EXPECT_FALSE(failureOf([&] {
+                         service_->createFolder(QStringLiteral("new"), QString::fromUtf8(path),
+                                                phone().info);
+                     }).isEmpty())
+            << path;
+        EXPECT_FALSE(failureOf([&] { (void)list(path); }).isEmpty()) << path;
+    }
+    EXPECT_EQ(phone().names(), QStringList(QStringLiteral("file")));
+}
+
+TEST_F(UploadTest, fileThatIsThereIsReplaced) {
+    upload(twoVersions(), "/DCIM");
+    EXPECT_EQ(phone().names(QStringLiteral("DCIM")), QStringList(QStringLiteral("a.txt")));
+    EXPECT_EQ(phone().content(QStringLiteral("DCIM/a.txt")), newContent);
+    // The same on phones whose announced handle is worth nothing.
+    phone().android.behaviour().update([](VirtualBehaviour& b) { b.forgetsSentHandle = true; });
+    local_.write(QStringLiteral("a.txt"), "third");
+    upload(local_.path(QStringLiteral("a.txt")), "/DCIM");
+    EXPECT_EQ(phone().names(QStringLiteral("DCIM")), QStringList(QStringLiteral("a.txt")));
+    EXPECT_EQ(phone().content(QStringLiteral("DCIM/a.txt")), "third");
+}
+
+TEST_F(UploadTest, folderIsNotReplacedByAFile) {
+    phone().write(QStringLiteral("DCIM/a.txt/inside"), "kept");
+    const QString file = local_.write(QStringLiteral("a.txt"), newContent);
+    EXPECT_FALSE(failureOf([&] { upload(file, "/DCIM"); }).isEmpty());
+    EXPECT_EQ(phone().content(QStringLiteral("DCIM/a.txt/inside")), "kept");
+}
+
+TEST_F(UploadTest, phoneThatCannotRenameKeepsTheOldVersionAndSaysSo) {
+    const QString file = twoVersions();
+    phone().android.behaviour().update([](VirtualBehaviour& b) {
+        b.unsupportedOperations = {
+            static_cast<std::uint16_t>(MTPOperationCode::setObjectPropValue)};
+    });
+    EXPECT_TRUE(
+        failureOf([&] { upload(file, "/DCIM"); }).contains(QStringLiteral("cannot replace files")));
+    expectOldVersionAlone("no rename");
+    EXPECT_EQ(phone().requests(MTPOperationCode::sendObject), 1U);
+}
+
+TEST_F(UploadTest, refusalAtAnyStepOfAReplacementKeepsAVersion) {
+    using enum MTPOperationCode;
+    const QString file = twoVersions();
+    for (const MTPOperationCode operation : {getStorageIDs, getObjectHandles, sendObjectInfo,
+                                             sendObject, setObjectPropValue, deleteObject})
+        for (const bool always : {false, true}) {
+            phone().refuse(operation, MTPResponseCode::accessDenied, always);
+            const bool failed = !failureOf([&] { upload(file, "/DCIM"); }).isEmpty();
+            phone().fault([](VirtualFaults& faults) { faults.errors.clear(); });
+            // A root that is refused once is asked for in the other way.
+            EXPECT_TRUE(failed || (operation == getObjectHandles && !always));
+            if (!failed)
+                (void)twoVersions();
+            const std::string trace =
+                std::to_string(static_cast<int>(operation)) + (always ? " always" : " once");
+            // Only what cannot be deleted at all stays beside the old version.
+            if (operation == deleteObject && always) {
+                EXPECT_EQ(phone().content(QStringLiteral("DCIM/a.txt")), oldContent);
+                QDir(phone().disk.path(QStringLiteral("0/DCIM"))).removeRecursively();
+                (void)twoVersions();
+            } else {
+                expectOldVersionAlone(trace);
+            }
+        }
+    // The last step: the old version is gone, the new one is there under the name that is told.
+    phone().fault([&](VirtualFaults& faults) {
+        faults.rewrite = [&](const VirtualAnswer& answer) -> std::optional<Bytes> {
+            if (answer.operation == static_cast<std::uint16_t>(deleteObject))
+                phone().refuse(setObjectPropValue, MTPResponseCode::accessDenied);
+            return std::nullopt;
+        };
+    });
+    const QString failure = failureOf([&] { upload(file, "/DCIM"); });
+    const QStringList names = phone().names(QStringLiteral("DCIM"));
+    ASSERT_EQ(names.size(), 1);
+    EXPECT_TRUE(failure.contains(names[0])) << failure.toStdString();
+    EXPECT_EQ(phone().content(QStringLiteral("DCIM/") + names[0]), newContent);
+}
+
+TEST_F(UploadTest, unpluggingAtAnyStepOfAReplacementKeepsAVersion) {
+    const QString file = twoVersions();
+    int failures = 0;
+    for (const UsbDirection direction : {UsbDirection::out, UsbDirection::in})
+        for (const std::uint64_t after : {0, 12, 20})
+            for (unsigned phase = 1; phase <= 8; ++phase) {
+                phone().fault([&](VirtualFaults& faults) {
+                    faults.unplug = VirtualByteFault{direction, after, phase};
+                });
+                const bool failed = !failureOf([&] { upload(file, "/DCIM"); }).isEmpty();
+                phone().fault([](VirtualFaults& faults) { faults.unplug.reset(); });
+                failures += failed ? 1 : 0;
+                EXPECT_TRUE(holdsAVersion()) << after << " bytes of phase " << phase;
+                if (!failed) {
+                    EXPECT_EQ(phone().content(QStringLiteral("DCIM/a.txt")), newContent);
+                }
+                QDir(phone().disk.path(QStringLiteral("0/DCIM"))).removeRecursively();
+                (void)twoVersions();
+                replug();
+            }
+    EXPECT_GT(failures, 15);
+    // Between the commands there is no data phase: the cable is pulled while the phone works.
+    for (const MTPOperationCode operation :
+         {MTPOperationCode::setObjectPropValue, MTPOperationCode::deleteObject}) {
+        phone().android.clearRequestLog();
+        phone().fault([&](VirtualFaults& faults) {
+            faults.delay[static_cast<std::uint16_t>(operation)] = 200ms;
+        });
+        std::jthread hand([&](const std::stop_token& stop) {
+            while (phone().requests(operation) == 0 && !stop.stop_requested())
+                std::this_thread::sleep_for(1ms);
+            phone().android.unplug();
+        });
+        EXPECT_FALSE(failureOf([&] { upload(file, "/DCIM"); }).isEmpty());
+        hand.join();
+        EXPECT_TRUE(holdsAVersion());
+        phone().fault([](VirtualFaults& faults) { faults.delay.clear(); });
+        ASSERT_NE(phone().android.plugInto(bus_), 0U);
+    }
+}
+
+TEST_F(UploadTest, neighbourWhoseInformationFailsOnceIsNotTakenForALeftover) {
+    const QString file = twoVersions();
+    const FileItem folder = item("/DCIM"); // known from now on, so that the file's info is next
+    replug();
+    (void)list("/");
+    phone().android.clearRequestLog();
+    // The old file's information fails when the folder is listed; the phone then refuses a second
+    // object of that name, and the old one must survive the cleaning up.
+    const auto count = std::make_shared<int>(0);
+    phone().fault([&](VirtualFaults& faults) {
+        faults.rewrite = [count](const VirtualAnswer& answer) -> std::optional<Bytes> {
+            const bool isInfo =
+                answer.operation == static_cast<std::uint16_t>(MTPOperationCode::getObjectInfo) &&
+                answer.type == MTPContainerType::data;
+            if (!isInfo || ++*count != 2)
+                return std::nullopt;
+            Bytes cut(answer.container.begin(), answer.container.begin() + 12);
+            cut[0] = std::byte{12};
+            cut[1] = cut[2] = cut[3] = std::byte{0};
+            return cut;
+        };
+    });
+    EXPECT_FALSE(failureOf([&] { upload(file, "/DCIM"); }).isEmpty());
+    expectOldVersionAlone("unreadable once");
+}
+
+TEST_F(UploadTest, cancelAndFailureLeaveNoPartialObject) {
+    phone().disk.makeFolder(QStringLiteral("0/DCIM"));
+    const QString file = local_.write(QStringLiteral("big.bin"), QByteArray(2'000'000, 'b'));
+    for (const bool keepsPartial : {false, true})
+        for (const qint64 after : {qint64{1}, qint64{1'000'000}, qint64{2'000'000}}) {
+            phone().android.behaviour().update([&](VirtualBehaviour& behaviour) {
+                behaviour.keepsPartialObjects = keepsPartial;
+                behaviour.createsObjectEarly = keepsPartial;
+            });
+            std::stop_source stop;
+            try {
+                upload(
+                    file, "/DCIM",
+                    [&](qint64 done, qint64) {
+                        if (done >= after)
+                            stop.request_stop();
+                    },
+                    stop.get_token());
+                EXPECT_EQ(after, 2'000'000) << "only the end comes too late to cancel";
+                EXPECT_EQ(phone().content(QStringLiteral("DCIM/big.bin")).size(), 2'000'000);
+                service_->deleteFile(item("/DCIM/big.bin"), phone().info);
+            } catch (const CancellationError&) {
+                EXPECT_TRUE(phone().names(QStringLiteral("DCIM")).isEmpty()) << after;
+            }
+        }
+    phone().fault([](VirtualFaults& faults) {
+        faults.stall = VirtualByteFault{UsbDirection::out, 700'000, 2};
+    });
+    EXPECT_FALSE(failureOf([&] { upload(file, "/DCIM"); }).isEmpty());
+    EXPECT_TRUE(phone().names(QStringLiteral("DCIM")).isEmpty());
+}
+
+TEST_F(UploadTest, fileThatShrinksWhileItIsReadIsAnErrorAndLeavesNothing) {
+    phone().disk.makeFolder(QStringLiteral("0/DCIM"));
+    const QString file = local_.write(QStringLiteral("log.txt"), QByteArray(2'000'000, 'l'));
+    const QString failure = failureOf(
+        [&] { upload(file, "/DCIM", [&](qint64, qint64) { QFile::resize(file, 1000); }); });
+    EXPECT_TRUE(failure.contains(QStringLiteral("shorter"))) << failure.toStdString();
+    EXPECT_TRUE(phone().names(QStringLiteral("DCIM")).isEmpty());
+    EXPECT_EQ(listedNames("/"), QStringList(QStringLiteral("DCIM")));
+}
+
+TEST_F(UploadTest, whatIsNoFileIsRefusedBeforeThePhoneHearsOfIt) {
+    const QString pipe = local_.path(QStringLiteral("pipe"));
+    ASSERT_EQ(mkfifo(qPrintable(pipe), 0600), 0);
+    const QString dangling = local_.path(QStringLiteral("dangling"));
+    QFile::link(local_.path(QStringLiteral("gone")), dangling);
+    for (const QString& path : {pipe, dangling, local_.path(), local_.path(QStringLiteral("gone"))})
+        EXPECT_FALSE(failureOf([&] { upload(path, "/"); }).isEmpty()) << path.toStdString();
+    const QString longName = local_.write(QString(255, QLatin1Char('n')), "x");
+    EXPECT_FALSE(failureOf([&] { upload(longName, "/"); }).isEmpty());
+    EXPECT_EQ(phone().requests(MTPOperationCode::sendObjectInfo), 0U);
+    upload(local_.write(QString(250, QLatin1Char('n')), "x"), "/");
+    EXPECT_EQ(phone().names(), QStringList(QString(250, QLatin1Char('n'))));
+}
+
+TEST_F(UploadTest, folderIsMergedIntoOneOfItsNameAndOddFilesAreNamed) {
+    local_.write(QStringLiteral("Trip/a.txt"), newContent);
+    local_.write(QStringLiteral("Trip/sub/b.txt"), newContent);
+    local_.write(QStringLiteral("Trip/sub/deep/c.txt"), newContent);
+    local_.makeFolder(QStringLiteral("Trip/empty"));
+    local_.write(QStringLiteral("Trip/clash/inside"), newContent);
+    local_.write(QStringLiteral("Trip/") + QString(255, QLatin1Char('n')), "x");
+    ASSERT_EQ(mkfifo(qPrintable(local_.path(QStringLiteral("Trip/pipe"))), 0600), 0);
+    QFile::link(QStringLiteral("gone"), local_.path(QStringLiteral("Trip/dangling")));
+    phone().write(QStringLiteral("Up/Trip/a.txt"), oldContent);
+    phone().write(QStringLiteral("Up/Trip/sub/theirs.txt"), oldContent);
+    phone().write(QStringLiteral("Up/Trip/clash"), "a file where a folder should be");
+    std::vector<TransferProgress> reports;
+
+    const TransferOutcome outcome =
+        uploadFolder("Trip", "/Up", [&](const TransferProgress& now) { reports.push_back(now); });
+
+    EXPECT_EQ(phone().content(QStringLiteral("Up/Trip/a.txt")), newContent);
+    EXPECT_EQ(phone().content(QStringLiteral("Up/Trip/sub/b.txt")), newContent);
+    EXPECT_EQ(phone().content(QStringLiteral("Up/Trip/sub/theirs.txt")), oldContent);
+    EXPECT_EQ(phone().content(QStringLiteral("Up/Trip/sub/deep/c.txt")), newContent);
+    EXPECT_EQ(phone().content(QStringLiteral("Up/Trip/clash")), "a file where a folder should be");
+    EXPECT_EQ(phone().names(QStringLiteral("Up/Trip")),
+              (QStringList{QStringLiteral("a.txt"), QStringLiteral("clash"),
+                           QStringLiteral("empty"), QStringLiteral("sub")}));
+    QStringList skipped = skippedPaths(outcome);
+    skipped.sort();
+    EXPECT_EQ(skipped, (QStringList{QStringLiteral("clash"), QStringLiteral("clash/inside"),
+                                    QStringLiteral("dangling"), QString(255, QLatin1Char('n')),
+                                    QStringLiteral("pipe")}));
+    const qint64 size = newContent.size();
+    EXPECT_EQ(reports.front(), (TransferProgress{5, 0, 4 * size + 1, 0, 0, 0}));
+    EXPECT_EQ(reports.back().completedFiles, 3);
+    EXPECT_EQ(reports.back().completedBytes, 3 * size);
+    EXPECT_EQ(outcome.progress, reports.back());
+}
+
+TEST_F(UploadTest, fileThatCannotBeReadHereIsNamedAndTheRestIsSent) {
+    local_.write(QStringLiteral("Trip/a"), "a");
+    local_.write(QStringLiteral("Trip/secret"), "s");
+    local_.write(QStringLiteral("Trip/z"), "z");
+    QFile::setPermissions(local_.path(), QFile::Permissions(0x7777));
+    QFile::setPermissions(local_.path(QStringLiteral("Trip/secret")), QFile::Permissions());
+    QFile::setPermissions(phone().disk.path(), QFile::Permissions(0x7777));
+    QFile::setPermissions(phone().disk.path(QStringLiteral("0")), QFile::Permissions(0x7777));
+    const OrdinaryUser user;
+    const TransferOutcome outcome = uploadFolder("Trip", "/");
+    EXPECT_EQ(skippedPaths(outcome), QStringList(QStringLiteral("secret")));
+    EXPECT_EQ(phone().names(QStringLiteral("Trip")),
+              (QStringList{QStringLiteral("a"), QStringLiteral("z")}));
+}
+
+TEST_F(UploadTest, cancelledFolderStopsAndLeavesWholeFilesOnly) {
+    for (int n = 0; n < 6; ++n)
+        local_.write(QStringLiteral("Trip/%1").arg(n), QByteArray(700'000, 'x'));
+    std::stop_source stop;
+    EXPECT_THROW((void)uploadFolder(
+                     "Trip", "/",
+                     [&](const TransferProgress& now) {
+                         if (now.completedFiles == 2 && now.currentFileBytes > 0)
+                             stop.request_stop();
+                     },
+                     stop.get_token()),
+                 CancellationError);
+    EXPECT_EQ(phone().names(QStringLiteral("Trip")).size(), 2);
+}
+
+TEST_F(UploadTest, listingGetsInBetweenTwoFilesOfAnUpload) {
+    for (int n = 0; n < 20; ++n)
+        local_.write(QStringLiteral("Trip/%1").arg(n), "x");
+    phone().write(QStringLiteral("Other/x"), "x");
+    std::jthread lister;
+    std::atomic<qint64> listed = -1;
+    (void)uploadFolder("Trip", "/", [&](const TransferProgress& now) {
+        if (now.completedFiles == 1 && !lister.joinable())
+            lister = std::jthread([&] { listed = static_cast<qint64>(list("/Other").size()); });
+        if (lister.joinable() && listed < 0)
+            std::this_thread::sleep_for(10ms);
+        if (now.completedFiles == 20) {
+            EXPECT_EQ(listed, 1);
+        }
+    });
+    lister.join();
+    EXPECT_EQ(phone().requests(MTPOperationCode::openSession), 1U);
+}
+
+TEST_F(UploadTest, folderOfFiftyFilesOpensOneSessionAndListsEachFolderOnce) {
+    for (int n = 0; n < 50; ++n) {
+        local_.write(QStringLiteral("Trip/%1.txt").arg(n), "x");
+        phone().write(QStringLiteral("Up/Trip/%1.txt").arg(n * 2), "y");
+    }
+    phone().write(QStringLiteral("Alarms/x"), "x");
+    (void)uploadFolder("Trip", "/Up");
+    EXPECT_EQ(phone().requests(MTPOperationCode::openSession), 1U);
+    std::map<std::uint32_t, int> listings;
+    for (const VirtualRequest& request : phone().android.requestLog())
+        if (request.operation == static_cast<std::uint16_t>(MTPOperationCode::getObjectHandles))
+            ++listings[request.parameters.at(2)];
+    EXPECT_EQ(listings.size(), 3U); // the root, Up, Trip
+    for (const auto& [folder, count] : listings)
+        EXPECT_EQ(count, 1) << folder;
+    EXPECT_EQ(phone().names(QStringLiteral("Up/Trip")).size(), 75);
+
+    phone().android.clearRequestLog();
+    EXPECT_TRUE(
+        service_->downloadDirectory(item("/Up/Trip"), local_.path(), phone().info).isComplete());
+    EXPECT_EQ(phone().requests(MTPOperationCode::openSession), 2U); // item() and the copy
+}
+
+TEST_F(SmallCardUploadTest, fullStorageIsSaidEndsTheCopyAndLeavesNothingBehind) {
+    local_.write(QStringLiteral("Trip/a"), QByteArray(4000, 'a'));
+    local_.write(QStringLiteral("Trip/b"), QByteArray(9000, 'b'));
+    local_.write(QStringLiteral("Trip/c"), QByteArray(10, 'c'));
+    const auto isFull = [&](auto work) {
+        try {
+            work();
+        } catch (const MTPTransportError& error) {
+            return error.response() == static_cast<std::uint16_t>(MTPResponseCode::storeFull);
+        }
+        return false;
+    };
+    EXPECT_TRUE(isFull([&] { (void)uploadFolder("Trip", "/"); }));
+    EXPECT_EQ(phone().names(QStringLiteral("Trip")), QStringList(QStringLiteral("a")));
+    // The same when the phone notices only while the bytes come.
+    phone().fault([](VirtualFaults& faults) { faults.storeFullAfter = 1000; });
+    for (const bool keepsPartial : {false, true}) {
+        phone().android.behaviour().update(
+            [&](VirtualBehaviour& behaviour) { behaviour.keepsPartialObjects = keepsPartial; });
+        const QString file = local_.write(QStringLiteral("d"), QByteArray(3000, 'd'));
+        EXPECT_TRUE(isFull([&] { upload(file, "/"); }));
+        EXPECT_EQ(phone().names(), QStringList(QStringLiteral("Trip")));
+    }
+}
+
+} // namespace
+} // namespace tessary

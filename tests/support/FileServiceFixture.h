@@ -1,0 +1,81 @@
+#pragma once
+
+#include "core/CancellationError.h"
+#include "core/TessaryError.h"
+#include "files/DeviceFileService.h"
+#include "support/FakeProcessRunner.h"
+#include "support/PluggedPhone.h"
+#include "support/QtPrinters.h"
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace tessary {
+
+/// A file service over a virtual bus, with one phone plugged in unless a test wants others.
+class FileServiceFixture : public testing::Test {
+protected:
+    explicit FileServiceFixture(VirtualAndroidConfig config = {}) {
+        plugIn(std::move(config));
+    }
+    ~FileServiceFixture() override {
+        phone_.reset(); // unplugged before the service and the bus go
+    }
+
+    /// Puts another phone in the place of the one that is plugged in.
+    void plugIn(VirtualAndroidConfig config) {
+        phone_.reset();
+        phone_ = std::make_unique<PluggedPhone>(bus_, std::move(config));
+    }
+    [[nodiscard]] PluggedPhone& phone() {
+        return *phone_;
+    }
+    [[nodiscard]] FileItem item(const char* path) {
+        return service_->itemAt(QString::fromUtf8(path), phone().info);
+    }
+    [[nodiscard]] std::vector<FileItem> list(const char* path) {
+        return service_->listDirectory(QString::fromUtf8(path), phone().info);
+    }
+    [[nodiscard]] QStringList listedNames(const char* path) {
+        QStringList names;
+        for (const FileItem& entry : list(path))
+            names.append(entry.name);
+        return names;
+    }
+    /// Pulls the cable and plugs it in again: every handle is another one.
+    void replug() {
+        phone().android.unplug();
+        ASSERT_NE(phone().android.plugInto(bus_), 0U);
+    }
+
+    /// The text of the TessaryError or MTPTransportError that `work` throws; empty without one.
+    template <typename Work>
+    static QString failureOf(Work work) {
+        try {
+            work();
+        } catch (const TessaryError& error) {
+            return error.message();
+        } catch (const MTPTransportError& error) {
+            return error.description();
+        }
+        return {};
+    }
+
+    static QStringList skippedPaths(const TransferOutcome& outcome) {
+        QStringList paths;
+        for (const SkippedItem& skipped : outcome.skipped)
+            paths.append(skipped.path);
+        return paths;
+    }
+
+    VirtualUsbBus bus_;
+    FakeProcessRunner processes_;
+    const TemporaryFolder local_; ///< this computer's side
+    std::unique_ptr<DeviceFileService> service_ =
+        std::make_unique<DeviceFileService>(bus_, processes_);
+
+private:
+    std::unique_ptr<PluggedPhone> phone_;
+};
+
+} // namespace tessary

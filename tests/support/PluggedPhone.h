@@ -1,0 +1,75 @@
+#pragma once
+
+#include "core/DeviceInfo.h"
+#include "phones/VirtualAndroid.h"
+#include "support/TemporaryFolder.h"
+
+namespace tessary {
+
+/// A virtual Android phone that is plugged in, with its storages in a temporary folder.
+class PluggedPhone {
+public:
+    static constexpr std::uint32_t firstStorage = 0x00010001;
+    static constexpr std::uint32_t secondStorage = 0x00020001;
+
+    /// `storages` are what `config` names, or one; their folders are "0", "1", … of `disk`.
+    explicit PluggedPhone(VirtualUsbBus& bus, VirtualAndroidConfig config = {})
+        : android(onDisk(std::move(config), disk)), info(describe(android.config())) {
+        if (android.plugInto(bus) == 0)
+            throw std::runtime_error("the location is taken");
+    }
+
+    /// The content of a file of the first storage; a null array when there is none.
+    [[nodiscard]] QByteArray content(const QString& path) const {
+        return disk.read(QStringLiteral("0/") + path);
+    }
+    QString write(const QString& path, const QByteArray& bytes) const {
+        return disk.write(QStringLiteral("0/") + path, bytes);
+    }
+    [[nodiscard]] QStringList names(const QString& folder = QString()) const {
+        return disk.names(QStringLiteral("0/") + folder);
+    }
+    [[nodiscard]] std::size_t requests(MTPOperationCode operation) const {
+        return android.requestCount(operation);
+    }
+    /// Sets one fault, or several, beside those that are set already.
+    template <typename Change>
+    void fault(Change change) {
+        android.faults().update(change);
+    }
+    /// Refuses an operation from now on, or once.
+    void refuse(MTPOperationCode operation, MTPResponseCode code, bool always = true) {
+        fault([&](VirtualFaults& faults) {
+            faults.errors[static_cast<std::uint16_t>(operation)] = {
+                static_cast<std::uint16_t>(code), always};
+        });
+    }
+
+    const TemporaryFolder disk;
+    VirtualAndroid android;
+    DeviceInfo info; ///< as device discovery would describe it
+
+private:
+    static VirtualAndroidConfig onDisk(VirtualAndroidConfig config, const TemporaryFolder& disk) {
+        if (config.storages.empty())
+            config.storages.resize(1);
+        for (std::size_t n = 0; n < config.storages.size(); ++n)
+            config.storages[n].folder = disk.makeFolder(QString::number(n));
+        return config;
+    }
+
+    static DeviceInfo describe(const VirtualAndroidConfig& config) {
+        DeviceInfo device;
+        device.platform = DevicePlatform::android;
+        device.protocolMode = ProtocolMode::mtp;
+        device.vendorId = config.vendorID;
+        device.productId = config.productID;
+        device.usbLocation = config.location;
+        device.udid =
+            config.serialNumber.isEmpty() ? QStringLiteral("USB-18D1-4EE1") : config.serialNumber;
+        device.serialNumber = device.udid;
+        return device;
+    }
+};
+
+} // namespace tessary
