@@ -1,4 +1,4 @@
-"""The emulated machine's whole file system: busybox, kernel modules, and programs with their libraries."""
+"""The emulated machine's file system: busybox, kernel modules, programs with their libraries."""
 
 import pathlib
 import re
@@ -55,13 +55,13 @@ class Archive:
 
 
 def _libraries(program):
-    """What ldd lists, the loader included: absolute paths on this machine, kept inside the other."""
+    """What ldd lists, the loader included: paths on this machine, which the other one keeps."""
     listing = subprocess.run(["ldd", str(program)], capture_output=True, text=True, check=True)
     return re.findall(r"(/\S+) \(0x", listing.stdout)
 
 
 def build(target, modules, programs):
-    """Writes the archive. `programs` land in /bin of the emulated machine, under their own names."""
+    """Writes the archive. `programs` land in /bin under their own names."""
     busybox = shutil.which("busybox")
     if not busybox:
         raise FileNotFoundError("busybox is needed (package busybox-static)")

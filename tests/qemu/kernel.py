@@ -1,4 +1,4 @@
-"""Debian's own kernel and the modules that the emulated machine needs, unpacked but not installed."""
+"""Debian's own kernel and the modules that the emulated machine needs: unpacked, not installed."""
 
 import fcntl
 import pathlib
@@ -31,7 +31,8 @@ def _run(command, folder=None):
 
 def _package_name():
     """The package behind linux-image-amd64, which changes its name with every kernel."""
-    names = re.findall(r"Depends: (linux-image-\S+)", _run(["apt-cache", "depends", "linux-image-amd64"]))
+    dependencies = _run(["apt-cache", "depends", "linux-image-amd64"])
+    names = re.findall(r"Depends: (linux-image-\S+)", dependencies)
     if not names:
         raise KernelError("apt knows no package linux-image-amd64")
     return names[0]
