@@ -47,7 +47,7 @@ TEST(DemoContent, picturesAreWholePngFiles) {
     const QByteArray png = DemoMedia::picture(31, 9, 4);
     ASSERT_EQ(png.left(8).toHex(), "89504e470d0a1a0a");
     EXPECT_EQ(png.mid(8, 21).toHex().toStdString(), "0000000d494844520000001f00000009"
-                                      "0802000000");
+                                                    "0802000000");
     // The picture's rows, out of the one IDAT chunk: each has a filter byte and 31 pixels.
     const auto length = static_cast<qsizetype>(qFromBigEndian<quint32>(png.constData() + 33));
     ASSERT_EQ(png.mid(37, 4), "IDAT");

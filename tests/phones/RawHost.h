@@ -6,8 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <numeric>
-
 namespace tessary {
 
 /// The host's side of a virtual phone, down to the bytes: no codec and no transport in between.
@@ -44,11 +42,11 @@ public:
 
     /// One transfer, or as much of it as fits.
     UsbCode read(Bytes& bytes, std::size_t most = 1 << 20, UsbTimeouts timeouts = soon) {
-        bytes.resize(most);
         std::size_t transferred = 0;
+        const std::span<std::byte> buffer = std::span(buffer_).first(most);
         const UsbCode code =
-            interface_->readPipeTO(VirtualUsbPort::inPipe, bytes, transferred, timeouts);
-        bytes.resize(transferred);
+            interface_->readPipeTO(VirtualUsbPort::inPipe, buffer, transferred, timeouts);
+        bytes.assign(buffer.begin(), buffer.begin() + static_cast<std::ptrdiff_t>(transferred));
         return code;
     }
 
@@ -89,7 +87,7 @@ public:
         Answer answer;
         Bytes bytes;
         while (answer.code == 0) {
-            answer.usb = read(bytes, 16 << 20);
+            answer.usb = read(bytes, buffer_.size());
             if (answer.usb != usb::success || bytes.size() < 12)
                 return answer;
             const ByteView payload = ByteView(bytes).subspan(12);
@@ -167,6 +165,7 @@ public:
     std::uint32_t transactionID = 0; ///< of the last command
 
 private:
+    Bytes buffer_ = Bytes(16 << 20);
     std::unique_ptr<UsbDevice> device_;
     std::unique_ptr<UsbInterface> interface_;
 };
