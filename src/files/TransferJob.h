@@ -1,12 +1,14 @@
 #pragma once
 
 #include "core/TransferProgress.h"
-#include "files/LocalTree.h"
+#include "files/TransferOutcome.h"
 
+#include <QByteArray>
 #include <QString>
 #include <QUuid>
 
 #include <chrono>
+#include <exception>
 #include <optional>
 #include <vector>
 
@@ -56,6 +58,24 @@ struct TransferJob {
 /// "3 of 200 files were not copied: a.txt (too large), b.txt (...)": what a folder transfer left
 /// out, the first few by name. Empty without any.
 [[nodiscard]] QString skippedDescription(const std::vector<SkippedItem>& skipped,
-                                         qint64 totalFiles);
+                                         qint64 copiedFiles);
+
+/// How a folder transfer that left something out counts: as a failure that says what is missing.
+class IncompleteTransferError : public std::exception {
+public:
+    explicit IncompleteTransferError(TransferOutcome outcome);
+
+    [[nodiscard]] const TransferOutcome& outcome() const {
+        return outcome_;
+    }
+    /// skippedDescription() in UTF-8.
+    [[nodiscard]] const char* what() const noexcept override {
+        return utf8_.constData();
+    }
+
+private:
+    TransferOutcome outcome_;
+    QByteArray utf8_;
+};
 
 } // namespace tessary

@@ -13,6 +13,8 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <stop_token>
 #include <vector>
 
 namespace tessary {
@@ -94,19 +96,20 @@ Q_SIGNALS:
     void transferComplete();
 
 private:
-    struct Running;
+    struct Feed;
     struct Failure;
 
-    int append(TransferJob job);
-    void enqueue(const TransferJob& job, TransferEngine::Work work,
-                 const std::shared_ptr<FileAccess>& files);
-    void markJobInProgress(const QUuid& id);
-    void updateProgress(int index, const TransferProgress& progress);
-    void completeJob(const QUuid& id, const std::shared_ptr<Failure>& failure);
-    void finish(int index);
-    void takeProgress();
+    QUuid append(TransferJob job);
+    void
+    start(const QUuid& id, const std::shared_ptr<FileAccess>& files,
+          std::function<void(FileAccess&, const TransferProgressCallback&, const std::stop_token&)>
+              work);
+    void markJobInProgress(const QUuid& id, const std::shared_ptr<Feed>& feed);
+    void updateProgress(TransferJob& job, const TransferProgress& progress);
+    void completeJob(const QUuid& id, const std::shared_ptr<Feed>& feed, const Failure& failure);
+    void finish(int index, TransferJob::TransferStatus status, const std::exception_ptr& error);
+    void showProgress();
     void measureNext();
-    void setTotals(TransferJob& job, qint64 files, qint64 bytes);
     void updateSummary();
 
     TransferEngine& engine_;
@@ -115,13 +118,16 @@ private:
     QHash<QUuid, TransferFinished> onFinished_;
     std::deque<QUuid> toMeasure_;
     bool isMeasuring_ = false;
-    std::stop_source stopMeasuring_;
-    std::shared_ptr<Running> running_; ///< null while no job runs
-    TransferSpeed speed_;
+    std::shared_ptr<Feed> feed_; ///< of the running job; null while none runs
     QTimer progressTimer_;
     TransferSummary summary_;
-    qint64 queuedBytes_ = 0;        ///< totals of the queued jobs
-    qint64 finishedBatchBytes_ = 0; ///< of the jobs that finished since the queue was empty
+    TransferSummary announced_; ///< as of the last summaryChanged
+
+    // Of the jobs since the queue was last empty:
+    TransferSpeed speed_;
+    qint64 queuedBytes_ = 0;   ///< totals of those that wait
+    qint64 finishedBytes_ = 0; ///< totals of those that have ended, however they did
+    qint64 movedBytes_ = 0;    ///< what those that have ended really copied
 };
 
 } // namespace tessary
