@@ -7,9 +7,11 @@
 
 #include <QHash>
 #include <QObject>
+#include <QSet>
 #include <QTimer>
 
 #include <chrono>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -18,6 +20,7 @@ namespace tessary {
 
 class DeviceFileService;
 class DeviceInquiry;
+struct DeviceAnswer;
 
 /// The list of attached devices, kept current. Lives on the main thread and never makes it wait:
 /// the bus is read, phones are asked and child processes run in the background, and the last
@@ -80,9 +83,53 @@ Q_SIGNALS:
     void hasUSBConflictChanged(bool hasConflict);
     /// trouble() has another answer for this device.
     void troubleChanged(const QString& id);
-    /// Every device that was in the list at the last refresh with storage has answered, failed, or
-    /// was busy.
+    /// No question to a device in the list is under way any more: each has answered, failed or is
+    /// busy. Emitted after every round of questions, also when the list is empty.
     void detailsSettled();
+
+private:
+    using Attachment = std::uint64_t; ///< UsbDeviceEntry::id
+
+    void startAndroidListening();
+    void release(std::unique_ptr<UsbWatch> watch);
+    void usbChanged(const UsbEvent& event);
+    void scan(bool forceStorageRefresh);
+    void rebuild(bool forceStorageRefresh);
+    void carryOverDetails(DeviceInfo& fresh) const;
+    void publish(std::vector<DeviceInfo> devices);
+    void setTrouble(const QString& id, const std::optional<DeviceTrouble>& trouble);
+    void checkConflict();
+    void refreshDetailsForDevices(const std::vector<DeviceInfo>& devices);
+    void ask(const DeviceInfo& device);
+    void answered(const QString& id, const DeviceAnswer& answer);
+    [[nodiscard]] bool isAsking(const DeviceInfo& device) const;
+    void tellWhenSettled();
+
+    UsbBus& bus_;
+    const std::shared_ptr<DeviceInquiry> inquiry_; ///< also held by questions under way
+    const std::vector<UsbIds> alsoAccept_;
+
+    QTimer timer_;
+    QTimer storageTimer_;
+    std::unique_ptr<UsbWatch> watch_;
+    /// Counts calls of stopListening(): an answer to a question of an earlier period is dropped.
+    unsigned period_ = 0;
+
+    // The bus as it was last read, and kept up with events since.
+    std::vector<UsbDeviceEntry> entries_;
+    bool isScanning_ = false;
+    bool scanIsOutdated_ = false; ///< an event came while one was under way
+
+    std::vector<DeviceInfo> devices_;
+    QHash<QString, Attachment> attachments_; ///< of devices_, by id
+    AttachedUdids udids_;                    ///< of the attached Android devices
+    QHash<QString, DeviceInfo> details_; ///< what is known of each device, by id; also of gone ones
+    QHash<QString, DeviceTrouble> troubles_;   ///< of devices_, by id
+    QHash<QString, ProtocolMode> chosenModes_; ///< by udid
+    QSet<Attachment> asking_;                  ///< questions under way
+
+    bool hasUSBConflict_ = false;
+    bool isCheckingConflict_ = false;
 };
 
 } // namespace tessary

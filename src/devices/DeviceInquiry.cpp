@@ -1,0 +1,68 @@
+#include "devices/DeviceInquiry.h"
+
+#include "core/TessaryError.h"
+#include "files/DeviceFileService.h"
+#include "files/ErrorAdvice.h"
+#include "mtp/MTPTransport.h"
+
+#include <chrono>
+
+namespace tessary {
+
+namespace {
+
+using Outcome = DeviceAnswer::Outcome;
+
+DeviceTrouble troubleOf(const MTPTransportError& error, const QStringList& holders) {
+    using Kind = DeviceTrouble::Kind;
+    const bool isHeld = error.kind() == MTPTransportError::Case::exclusiveAccessDenied;
+    const ErrorAdvice words = adviceFor(error, holders);
+    return {isHeld                              ? Kind::heldByProgram
+            : error.code() == usb::notPermitted ? Kind::notPermitted
+                                                : Kind::notAnswering,
+            isHeld ? holders : QStringList(), words.message, words.advice};
+}
+
+bool isGone(const MTPTransportError& error) {
+    return error.kind() == MTPTransportError::Case::notConnected || error.code() == usb::noDevice;
+}
+
+} // namespace
+
+DeviceAnswer FileServiceInquiry::ask(const DeviceInfo& device) {
+    const auto start = std::chrono::steady_clock::now();
+    auto figures = files_.fetchLiveDeviceInfo(device);
+    const auto passed = std::chrono::steady_clock::now() - start;
+    if (!figures)
+        return {Outcome::busy, {}, {}};
+    if (!figures->volumes.empty())
+        return {Outcome::answered, *std::move(figures), {}};
+    if (passed >= MTPTransportProtocol::pipeTimeout)
+        return {Outcome::failed,
+                {},
+                troubleOf(MTPTransportError(MTPTransportError::Case::timeout), {})};
+    return whyNoStorage(device, *std::move(figures));
+}
+
+/// A locked phone and one that cannot be opened look the same in the figures. A listing tells them
+/// apart: it is empty for the one and throws for the other.
+DeviceAnswer FileServiceInquiry::whyNoStorage(const DeviceInfo& device, LiveDeviceInfo figures) {
+    try {
+        if (files_.listDirectory(QStringLiteral("/"), device).empty())
+            return {Outcome::answered, std::move(figures), {}};
+        // Unlocked a moment after the figures were read: the next attempt has them.
+        return {Outcome::busy, {}, {}};
+    } catch (const TessaryError&) {
+        return {Outcome::busy, {}, {}};
+    } catch (const MTPTransportError& error) {
+        if (isGone(error))
+            return {Outcome::gone, {}, {}};
+        return {Outcome::failed, {}, troubleOf(error, files_.programsHolding(device))};
+    }
+}
+
+bool FileServiceInquiry::isConflictingAppRunning() {
+    return files_.isConflictingAppRunning();
+}
+
+} // namespace tessary

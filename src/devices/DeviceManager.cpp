@@ -1,0 +1,314 @@
+#include "devices/DeviceManager.h"
+
+#include "core/Background.h"
+#include "core/DiagnosticsLogger.h"
+#include "devices/DeviceInquiry.h"
+#include "files/DeviceFileService.h"
+
+#include <QPointer>
+
+#include <algorithm>
+#include <utility>
+
+namespace tessary {
+
+namespace {
+
+/// Devices whose details are kept while they are away. A device that shows up under ever new names
+/// must not fill the memory.
+constexpr qsizetype rememberedDevices = 256;
+
+bool lacksDetails(const DeviceInfo& device) {
+    return device.volumes.empty() || !device.batteryLevel;
+}
+
+const DeviceInfo* find(const std::vector<DeviceInfo>& devices, const QString& id) {
+    const auto found = std::find_if(devices.begin(), devices.end(),
+                                    [&](const DeviceInfo& one) { return one.id() == id; });
+    return found == devices.end() ? nullptr : &*found;
+}
+
+} // namespace
+
+DeviceManager::DeviceManager(UsbBus& bus, DeviceFileService& files, std::vector<UsbIds> alsoAccept,
+                             QObject* parent)
+    : DeviceManager(bus, std::make_shared<FileServiceInquiry>(files), std::move(alsoAccept),
+                    parent) {}
+
+DeviceManager::DeviceManager(UsbBus& bus, std::shared_ptr<DeviceInquiry> inquiry,
+                             std::vector<UsbIds> alsoAccept, QObject* parent)
+    : QObject(parent), bus_(bus), inquiry_(std::move(inquiry)), alsoAccept_(std::move(alsoAccept)) {
+    MainThread::assertCurrent();
+    timer_.setInterval(listInterval);
+    connect(&timer_, &QTimer::timeout, this, [this] { refreshDeviceList(false); });
+    storageTimer_.setInterval(storageInterval);
+    connect(&storageTimer_, &QTimer::timeout, this, [this] { refreshStorageInfo(devices_); });
+}
+
+DeviceManager::~DeviceManager() {
+    stopListening();
+}
+
+void DeviceManager::startListening() {
+    startAndroidListening();
+    timer_.start();
+    storageTimer_.start();
+    refreshDeviceList(true);
+}
+
+void DeviceManager::stopListening() {
+    timer_.stop();
+    storageTimer_.stop();
+    release(std::move(watch_));
+    ++period_;
+}
+
+void DeviceManager::startAndroidListening() {
+    DiagnosticsLogger::shared().usb.info("Starting IOKit USB hotplug monitoring for Android...");
+    const auto changed = [guard = QPointer<DeviceManager>(this),
+                          period = period_](const UsbEvent& event) {
+        MainThread::post([guard, period, event] {
+            if (guard && guard->period_ == period)
+                guard->usbChanged(event);
+        });
+    };
+    // A watch begins with a look at every device, which takes as long as one that hangs.
+    runInBackground(
+        this, [&bus = bus_, changed] { return bus.watch(changed); },
+        [this, period = period_](BackgroundResult<std::unique_ptr<UsbWatch>> result) {
+            if (!result.succeeded())
+                return;
+            std::unique_ptr<UsbWatch> watch = result.take();
+            if (period == period_)
+                std::swap(watch, watch_);
+            release(std::move(watch));
+        });
+}
+
+/// Ends a watch in the background: it waits for its thread, which may be looking at a device.
+void DeviceManager::release(std::unique_ptr<UsbWatch> watch) {
+    if (watch)
+        runInBackground(
+            this, [ended = std::move(watch)] {}, [](const BackgroundResult<void>&) {});
+}
+
+/// Shows an attach or detach at once, and reads the bus anew for what the event does not tell.
+void DeviceManager::usbChanged(const UsbEvent& event) {
+    std::erase_if(entries_, [&](const UsbDeviceEntry& entry) {
+        return entry.id == event.entry.id || entry.location == event.entry.location;
+    });
+    if (event.kind == UsbEvent::Kind::attached)
+        entries_.insert(std::upper_bound(entries_.begin(), entries_.end(), event.entry,
+                                         [](const UsbDeviceEntry& a, const UsbDeviceEntry& b) {
+                                             return a.location < b.location;
+                                         }),
+                        event.entry);
+    scanIsOutdated_ = isScanning_;
+    if (!isScanning_)
+        rebuild(false);
+    refreshDeviceList(false);
+}
+
+void DeviceManager::refreshDeviceList(bool forceStorageRefresh) {
+    checkConflict();
+    if (isScanning_)
+        rebuild(forceStorageRefresh); // the last answer serves until the next one is there
+    else
+        scan(forceStorageRefresh);
+}
+
+/// Names and serial numbers come from the kernel, which makes their reader wait while a device is
+/// being set up or does not react: the bus is read in the background.
+void DeviceManager::scan(bool forceStorageRefresh) {
+    isScanning_ = true;
+    scanIsOutdated_ = false;
+    runInBackground(
+        this, [&bus = bus_] { return bus.devices(); },
+        [this, forceStorageRefresh,
+         period = period_](BackgroundResult<std::vector<UsbDeviceEntry>> result) {
+            isScanning_ = false;
+            if (period != period_) {
+                if (timer_.isActive())
+                    scan(true);
+            } else if (scanIsOutdated_) {
+                scan(forceStorageRefresh);
+            } else {
+                if (result.succeeded())
+                    entries_ = result.take();
+                rebuild(forceStorageRefresh);
+            }
+        });
+}
+
+void DeviceManager::rebuild(bool forceStorageRefresh) {
+    std::vector<DeviceInfo> fresh = androidDevices(entries_, alsoAccept_, udids_);
+    udids_.clear();
+    QHash<QString, Attachment> attachments;
+    for (const DeviceInfo& device : fresh) {
+        const auto entry =
+            std::find_if(entries_.begin(), entries_.end(), [&](const UsbDeviceEntry& one) {
+                return one.location == device.usbLocation;
+            });
+        udids_.insert(entry->id, device.udid);
+        attachments.insert(device.id(), entry->id);
+    }
+    std::stable_sort(fresh.begin(), fresh.end(),
+                     [](const DeviceInfo& a, const DeviceInfo& b) { return a.udid < b.udid; });
+
+    std::vector<DeviceInfo> toAsk;
+    for (DeviceInfo& device : fresh) {
+        carryOverDetails(device);
+        const auto before = attachments_.constFind(device.id());
+        const bool isNew =
+            before == attachments_.cend() || *before != attachments.value(device.id());
+        if (isNew || forceStorageRefresh || lacksDetails(device))
+            toAsk.push_back(device);
+    }
+    std::swap(attachments_, attachments);
+    publish(std::move(fresh));
+    for (auto before = attachments.cbegin(); before != attachments.cend(); ++before)
+        if (attachments_.value(before.key()) != before.value())
+            setTrouble(before.key(), std::nullopt);
+    refreshDetailsForDevices(toAsk);
+    tellWhenSettled();
+}
+
+/// Gives a device that was just found what is known of it, so that no detail blinks.
+void DeviceManager::carryOverDetails(DeviceInfo& fresh) const {
+    const auto current = std::find_if(devices_.begin(), devices_.end(), [&](const DeviceInfo& one) {
+        return one.udid == fresh.udid;
+    });
+    const auto remembered = details_.constFind(fresh.id());
+    const DeviceInfo* known = current != devices_.end()       ? &*current
+                              : remembered != details_.cend() ? &*remembered
+                                                              : nullptr;
+    if (known != nullptr) {
+        if (!fresh.deviceName)
+            fresh.deviceName = known->deviceName;
+        if (!fresh.manufacturer)
+            fresh.manufacturer = known->manufacturer;
+        if (!fresh.serialNumber)
+            fresh.serialNumber = known->serialNumber;
+        fresh.batteryLevel = known->batteryLevel;
+        fresh.isLocked = known->isLocked;
+        fresh.freeStorageBytes = known->freeStorageBytes;
+        fresh.totalStorageBytes = known->totalStorageBytes;
+        fresh.volumes = known->volumes;
+    }
+    fresh.protocolMode = chosenModes_.value(fresh.udid, fresh.protocolMode);
+}
+
+void DeviceManager::publish(std::vector<DeviceInfo> devices) {
+    if (devices == devices_)
+        return;
+    devices_ = std::move(devices);
+    if (details_.size() >= rememberedDevices)
+        details_.clear();
+    for (const DeviceInfo& device : devices_)
+        details_.insert(device.id(), device);
+    Q_EMIT devicesChanged();
+}
+
+void DeviceManager::setTrouble(const QString& id, const std::optional<DeviceTrouble>& trouble) {
+    if (this->trouble(id) == trouble)
+        return;
+    if (trouble)
+        troubles_.insert(id, *trouble);
+    else
+        troubles_.remove(id);
+    Q_EMIT troubleChanged(id);
+}
+
+void DeviceManager::checkConflict() {
+    if (isCheckingConflict_)
+        return;
+    isCheckingConflict_ = true;
+    runInBackground(
+        this, [inquiry = inquiry_] { return inquiry->isConflictingAppRunning(); },
+        [this, period = period_](BackgroundResult<bool> result) {
+            isCheckingConflict_ = false;
+            const bool hasConflict = result.succeeded() ? result.take() : hasUSBConflict_;
+            if (period != period_ || hasConflict == hasUSBConflict_)
+                return;
+            hasUSBConflict_ = hasConflict;
+            Q_EMIT hasUSBConflictChanged(hasConflict);
+        });
+}
+
+void DeviceManager::refreshStorageInfo(const std::vector<DeviceInfo>& forDevices) {
+    refreshDetailsForDevices(forDevices);
+}
+
+void DeviceManager::refreshDetailsForDevices(const std::vector<DeviceInfo>& devices) {
+    for (const DeviceInfo& device : devices)
+        if (attachments_.contains(device.id()) && !isAsking(device))
+            ask(device);
+}
+
+/// Each question is work of its own: a device that hangs delays no other.
+void DeviceManager::ask(const DeviceInfo& device) {
+    const QString id = device.id();
+    const Attachment attachment = attachments_.value(id);
+    asking_.insert(attachment);
+    runInBackground(
+        this, [inquiry = inquiry_, device] { return inquiry->ask(device); },
+        [this, id, attachment, period = period_](BackgroundResult<DeviceAnswer> result) {
+            asking_.remove(attachment);
+            if (period != period_)
+                return;
+            if (result.succeeded() && attachments_.value(id) == attachment)
+                answered(id, result.take());
+            tellWhenSettled();
+        });
+}
+
+void DeviceManager::answered(const QString& id, const DeviceAnswer& answer) {
+    using Outcome = DeviceAnswer::Outcome;
+    if (answer.outcome == Outcome::failed)
+        setTrouble(id, answer.trouble);
+    if (answer.outcome != Outcome::answered)
+        return;
+    std::vector<DeviceInfo> devices = devices_;
+    for (DeviceInfo& device : devices) {
+        if (device.id() != id)
+            continue;
+        if (answer.figures.battery)
+            device.batteryLevel = answer.figures.battery;
+        device.volumes = answer.figures.volumes;
+        device.isLocked = device.volumes.empty();
+    }
+    publish(std::move(devices));
+    setTrouble(id, std::nullopt);
+}
+
+bool DeviceManager::isAsking(const DeviceInfo& device) const {
+    return asking_.contains(attachments_.value(device.id()));
+}
+
+void DeviceManager::tellWhenSettled() {
+    const bool isAnyAsked = std::any_of(devices_.begin(), devices_.end(),
+                                        [this](const DeviceInfo& one) { return isAsking(one); });
+    if (!isScanning_ && !isAnyAsked)
+        Q_EMIT detailsSettled();
+}
+
+std::optional<DeviceInfo> DeviceManager::device(const QString& id) const {
+    const DeviceInfo* found = find(devices_, id);
+    return found == nullptr ? std::nullopt : std::optional(*found);
+}
+
+std::optional<DeviceTrouble> DeviceManager::trouble(const QString& id) const {
+    const auto found = troubles_.constFind(id);
+    return found == troubles_.cend() ? std::nullopt : std::optional(*found);
+}
+
+void DeviceManager::chooseProtocolMode(const QString& udid, ProtocolMode mode) {
+    chosenModes_.insert(udid, mode);
+    std::vector<DeviceInfo> devices = devices_;
+    for (DeviceInfo& device : devices)
+        if (device.udid == udid)
+            device.protocolMode = mode;
+    publish(std::move(devices));
+}
+
+} // namespace tessary
