@@ -52,7 +52,9 @@ MTPResponderLink::MTPResponderLink(std::shared_ptr<VirtualUsbPort> port, MTPTran
 void MTPResponderLink::breakOff(MTPLinkBroken::Why why) {
     // The gate is asked first: a cancel request that is just being handled is then through, and
     // does not interrupt the pipes of the next transaction.
-    gate_.endData();
+    const bool cancelled = gate_.endData();
+    if (cancelled && why != MTPLinkBroken::Why::cancelled)
+        gate_.beBusy({}); // it came too late; the phone is not busy with it
     port_->in().resume();
     port_->out().resume();
     joined_ = {};
