@@ -1,0 +1,56 @@
+#include "support/FileServiceFixture.h"
+
+namespace tessary {
+namespace {
+
+constexpr qint64 size = (qint64{4} << 30) + 5'000;
+
+/// Zeros beyond 4 GiB with a mark at the end, in both directions.
+class LargeFileTest : public FileServiceFixture {
+protected:
+    static void mark(const QString& path) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.seek(size - 4));
+        ASSERT_EQ(file.write("mark"), 4);
+    }
+    static void expectMark(const QString& path, const char* trace) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << trace;
+        EXPECT_EQ(file.size(), size) << trace;
+        ASSERT_TRUE(file.seek(size - 4)) << trace;
+        EXPECT_EQ(file.readAll(), "mark") << trace;
+    }
+};
+
+TEST_F(LargeFileTest, moreThanFourGigabytesComeWholeHoweverThePhoneTellsTheSize) {
+    mark(phone().disk.writeSparse(QStringLiteral("0/D/film"), size));
+    for (const bool cutsSizes : {false, true}) {
+        const char* trace = cutsSizes ? "size cut to 32 bits" : "size beyond 32 bits";
+        phone().android.behaviour().update(
+            [&](VirtualBehaviour& behaviour) { behaviour.cutsSizesTo32Bits = cutsSizes; });
+        qint64 last = 0;
+        const TransferOutcome outcome = service_->downloadDirectory(
+            item("/D"), local_.path(), phone().info, [&](const TransferProgress& now) {
+                const qint64 done = now.completedBytes + now.currentFileBytes;
+                EXPECT_GE(done, last);
+                last = done;
+            });
+        EXPECT_TRUE(outcome.isComplete()) << trace;
+        EXPECT_EQ(outcome.progress.totalBytes, size) << trace;
+        EXPECT_EQ(last, size) << trace;
+        expectMark(local_.path(QStringLiteral("D/film")), trace);
+        QFile::remove(local_.path(QStringLiteral("D/film")));
+    }
+    EXPECT_EQ(list("/D")[0].size, 5'000) << "what a phone of that kind tells";
+}
+
+TEST_F(LargeFileTest, moreThanFourGigabytesAreSentWhole) {
+    const QString film = local_.writeSparse(QStringLiteral("film"), size);
+    mark(film);
+    service_->uploadFile(film, QStringLiteral("/"), phone().info);
+    expectMark(phone().disk.path(QStringLiteral("0/film")), "upload");
+    EXPECT_EQ(list("/")[0].size, size);
+}
+
+} // namespace
+} // namespace tessary
