@@ -231,15 +231,14 @@ MTPPacket IOKitMTPTransport::receiveContainer(const MTPDataSink& sink,
     requireOpen();
     MTPPacket packet;
     packet.header = receiveHeader(pipeTimeout);
-    const bool isData = packet.header.type == MTPContainerType::data;
-    if (isData)
-        receiveData(packet.header, sink, options);
-    else
+    if (packet.header.type == MTPContainerType::response)
         receivePayload(announcedSize(packet.header), keepIn(packet.payload), {});
+    else
+        receiveData(packet.header, sink, options);
     return packet;
 }
 
-/// The payload of a data container, however its size is told.
+/// The payload of a container, however its size is told.
 void IOKitMTPTransport::receiveData(const MTPContainerHeader& header, const MTPDataSink& sink,
                                     const MTPStreamOptions& options) {
     if (const auto size = payloadSize(header, options.expectedSize))

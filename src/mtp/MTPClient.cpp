@@ -144,6 +144,18 @@ void MTPClient::startSession(std::uint32_t sessionID) {
                                          response.header.code);
 }
 
+/// A response; no value when something else came, of which no more than the beginning is read.
+std::optional<MTPPacket> MTPClient::receiveAnswerOrStaleData() {
+    struct StaleData {};
+    try {
+        MTPPacket answer = transport_->receiveContainer([](ByteView) { throw StaleData(); }, {});
+        isSettled_ = isResponse(answer);
+        return isSettled_ ? std::optional(std::move(answer)) : std::nullopt;
+    } catch (const StaleData&) {
+        return std::nullopt;
+    }
+}
+
 /// The device's answer to OpenSession. A client that died in mid-transfer leaves its data or its
 /// response in the pipe, or a device that takes OpenSession for the rest of an upload: whatever
 /// is no answer to this transaction makes room for one more try.
@@ -152,8 +164,8 @@ MTPPacket MTPClient::openSessionAnswer() {
     try {
         const std::uint32_t transactionID =
             sendCommand(MTPOperationCode::openSession, {sessionID_});
-        answer = receiveResponse();
-        if (isResponse(*answer) && answer->header.transactionID == transactionID)
+        answer = receiveAnswerOrStaleData();
+        if (answer && answer->header.transactionID == transactionID)
             return *std::move(answer);
     } catch (const MTPTransportError& error) {
         if (isGone(error))
@@ -331,9 +343,6 @@ std::uint64_t MTPClient::getObject(std::uint32_t handle, const MTPDataSink& sink
     try {
         first = transport_->receiveContainer(countingSink, options);
         isSettled_ = isResponse(first);
-        // Whatever a device calls the container, its payload is the data phase.
-        if (!isResponse(first) && !first.payload.empty())
-            countingSink(first.payload);
     } catch (...) {
         recover();
         throw;

@@ -84,6 +84,7 @@ private:
                   std::chrono::milliseconds patience = MTPTransportProtocol::pipeTimeout);
     void startSession(std::uint32_t sessionID);
     [[nodiscard]] MTPPacket openSessionAnswer();
+    [[nodiscard]] std::optional<MTPPacket> receiveAnswerOrStaleData();
     void closeTransport();
     [[nodiscard]] std::optional<Bytes> receiveDataset();
     [[nodiscard]] std::optional<std::uint64_t> objectSizeLocked(std::uint32_t handle);

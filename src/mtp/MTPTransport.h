@@ -76,9 +76,9 @@ public:
     virtual void sendContainer(const MTPContainerHeader& header, std::uint64_t payloadSize,
                                const MTPDataSource& source, const MTPStreamOptions& options) = 0;
 
-    /// Receives one container. The payload of a data container goes to `sink`, that of any other
-    /// is in the result. A data container of length 0xFFFFFFFF carries `options.expectedSize`
-    /// bytes or, when that is not known, ends with the first short packet.
+    /// Receives one container. The payload of a response is in the result, that of any other goes
+    /// to `sink`. A data container of length 0xFFFFFFFF carries `options.expectedSize` bytes or,
+    /// when that is not known, ends with the first short packet.
     /// After any failure the device may still be sending: call recover().
     [[nodiscard]] virtual MTPPacket receiveContainer(const MTPDataSink& sink,
                                                      const MTPStreamOptions& options) = 0;

@@ -84,7 +84,7 @@ void MockMTPTransport::sendContainer(const MTPContainerHeader& header, std::uint
 MTPPacket MockMTPTransport::receiveContainer(const MTPDataSink& sink,
                                              const MTPStreamOptions& options) {
     MTPPacket packet = receivePacket();
-    if (packet.header.type != MTPContainerType::data)
+    if (packet.header.type == MTPContainerType::response)
         return packet;
     throwIfStopped(options.stop);
     if (!packet.payload.empty())

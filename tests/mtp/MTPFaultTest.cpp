@@ -1,0 +1,299 @@
+#include "MTPPhoneFixture.h"
+
+#include <chrono>
+
+namespace tessary {
+namespace {
+
+using ::testing::HasSubstr;
+using Clock = std::chrono::steady_clock;
+
+constexpr std::size_t bigSize = 3'000'000;
+const char* const gone = "0x-1FFFFD40";
+const char* const stalled = "0x-1FFFBFB1";
+
+/// An operation with a data phase of `phaseBytes` bytes, header included.
+struct Operation {
+    const char* name;
+    UsbDirection direction;
+    std::uint64_t phaseBytes;
+    std::function<void(MTPClient&, std::uint32_t handle)> run;
+};
+
+void PrintTo(const Operation& operation, std::ostream* out) {
+    *out << operation.name;
+}
+
+constexpr std::uint32_t onlyStorage = PluggedPhone::firstStorage;
+const Bytes bigContent = patternOf(bigSize);
+
+const std::vector<Operation> operations{
+    {"storages", UsbDirection::in, 12 + 8,
+     [](MTPClient& client, std::uint32_t) { (void)client.getStorageIDs(); }},
+    {"storageInfo", UsbDirection::in, 12 + 26 + 49 + 1,
+     [](MTPClient& client, std::uint32_t) { (void)client.getStorageInfo(onlyStorage); }},
+    {"battery", UsbDirection::in, 12 + 1,
+     [](MTPClient& client, std::uint32_t) { (void)client.getBatteryLevel(); }},
+    {"handles", UsbDirection::in, 12 + 4 + 4 * 200,
+     [](MTPClient& client, std::uint32_t) {
+         (void)client.getObjectHandles(onlyStorage, mtpRootHandle);
+     }},
+    {"objectInfo", UsbDirection::in, 12 + 53,
+     [](MTPClient& client, std::uint32_t handle) { (void)client.getObjectInfo(handle); }},
+    {"objectSize", UsbDirection::in, 12 + 8,
+     [](MTPClient& client, std::uint32_t handle) { (void)client.getObjectSize(handle); }},
+    {"object", UsbDirection::in, 12 + bigSize,
+     [](MTPClient& client, std::uint32_t handle) { (void)client.getObject(handle); }},
+    {"folder", UsbDirection::out, 12 + 64,
+     [](MTPClient& client, std::uint32_t) {
+         client.createFolder(QStringLiteral("new"), mtpRootHandle, onlyStorage);
+     }},
+    {"rename", UsbDirection::out, 12 + 9,
+     [](MTPClient& client, std::uint32_t handle) {
+         client.renameObject(handle, QStringLiteral("new"));
+     }},
+    {"uploadInfo", UsbDirection::out, 12 + 64,
+     [](MTPClient& client, std::uint32_t) {
+         client.sendObject(bigContent, QStringLiteral("new"), mtpRootHandle, onlyStorage);
+     }},
+};
+
+/// Where something may go wrong: around the header, around packets, inside, at the end.
+std::vector<std::uint64_t> interestingBytes(std::uint64_t phaseBytes) {
+    std::vector<std::uint64_t> places{0,
+                                      1,
+                                      11,
+                                      12,
+                                      13,
+                                      511,
+                                      512,
+                                      513,
+                                      1024,
+                                      4095,
+                                      4096,
+                                      4097,
+                                      262143,
+                                      262144,
+                                      300'000,
+                                      phaseBytes / 2,
+                                      phaseBytes - 1,
+                                      phaseBytes};
+    std::sort(places.begin(), places.end());
+    places.erase(std::unique(places.begin(), places.end()), places.end());
+    std::erase_if(places, [&](std::uint64_t place) { return place > phaseBytes; });
+    return places;
+}
+
+class MTPFaultTest : public MTPPhoneFixture {
+protected:
+    MTPFaultTest() {
+        for (int i = 0; i < 198; ++i)
+            put(QStringLiteral("file%1").arg(i), {});
+        put(QStringLiteral("big"), bigContent);
+        put(QStringLiteral("small"), patternOf(100));
+    }
+    /// What the operation changed is undone, so that it can be done again.
+    void tidyUp() {
+        for (const QString& name : {QStringLiteral("new"), QStringLiteral("big")})
+            if (const std::uint32_t handle = find(client_, name))
+                client_.deleteObject(handle);
+        put(QStringLiteral("big"), bigContent);
+    }
+};
+
+class EveryOperationTest : public MTPFaultTest, public ::testing::WithParamInterface<Operation> {};
+
+TEST_P(EveryOperationTest, unpluggingFailsAtOnceAndPluggingInMends) {
+    const Operation& operation = GetParam();
+    for (const std::uint64_t bytes : interestingBytes(operation.phaseBytes)) {
+        SCOPED_TRACE(bytes);
+        const std::uint32_t handle = find(client_, QStringLiteral("big"));
+        phone_.fault([&](VirtualFaults& faults) {
+            faults.unplug = VirtualByteFault{operation.direction, bytes, 1};
+        });
+        const auto start = Clock::now();
+        EXPECT_THAT(mtpFailureOf([&] { operation.run(client_, handle); }), HasSubstr(gone));
+        EXPECT_THAT(mtpFailureOf([&] { (void)client_.getStorageIDs(); }), HasSubstr(gone));
+        EXPECT_LT(Clock::now() - start, std::chrono::milliseconds(2500));
+        replug();
+        EXPECT_EQ(phone_.names().size(), 200) << "nothing half done is left";
+        operation.run(client_, find(client_, QStringLiteral("big")));
+        tidyUp();
+    }
+    expectUsable();
+}
+
+TEST_P(EveryOperationTest, stallFailsAndTheSessionGoesOn) {
+    const Operation& operation = GetParam();
+    if (operation.direction == UsbDirection::out)
+        return; // a dataset is in the pipe whole before the phone can halt it
+    for (const std::uint64_t bytes :
+         {std::uint64_t{0}, std::uint64_t{12}, operation.phaseBytes / 2, operation.phaseBytes}) {
+        SCOPED_TRACE(bytes);
+        const std::uint32_t handle = find(client_, QStringLiteral("big"));
+        phone_.fault([&](VirtualFaults& faults) {
+            faults.stall = VirtualByteFault{operation.direction, bytes, 1};
+        });
+        EXPECT_THAT(mtpFailureOf([&] { operation.run(client_, handle); }), HasSubstr(stalled));
+        operation.run(client_, handle);
+    }
+    expectUsable();
+}
+
+TEST_P(EveryOperationTest, refusalLeavesTheSessionUsable) {
+    const Operation& operation = GetParam();
+    const std::uint32_t handle = find(client_, QStringLiteral("big"));
+    for (const auto code : {MTPOperationCode::getStorageIDs, MTPOperationCode::getStorageInfo,
+                            MTPOperationCode::getDevicePropValue,
+                            MTPOperationCode::getObjectHandles, MTPOperationCode::getObjectInfo,
+                            MTPOperationCode::getObject, MTPOperationCode::sendObjectInfo,
+                            MTPOperationCode::sendObject, MTPOperationCode::setObjectPropValue})
+        phone_.refuse(code, MTPResponseCode::storeNotAvailable, false);
+    (void)mtpFailureOf([&] { operation.run(client_, handle); });
+    phone_.fault([](VirtualFaults& faults) { faults.errors.clear(); });
+    operation.run(client_, handle);
+    expectUsable();
+}
+
+INSTANTIATE_TEST_SUITE_P(Operations, EveryOperationTest, ::testing::ValuesIn(operations),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST_F(MTPFaultTest, uploadIsUnpluggedAnywhere) {
+    for (const std::uint64_t bytes : interestingBytes(bigSize + 12)) {
+        SCOPED_TRACE(bytes);
+        phone_.fault([&](VirtualFaults& faults) {
+            faults.unplug = VirtualByteFault{UsbDirection::out, bytes, 2};
+        });
+        EXPECT_THAT(mtpFailureOf([&] { upload(client_, QStringLiteral("new"), bigContent); }),
+                    HasSubstr(gone));
+        replug();
+        EXPECT_FALSE(phone_.names().contains(QStringLiteral("new")));
+        upload(client_, QStringLiteral("new"), bigContent);
+        EXPECT_EQ(phone_.content(QStringLiteral("new")), asArray(bigContent));
+        client_.deleteObject(find(client_, QStringLiteral("new")));
+    }
+}
+
+TEST_F(MTPFaultTest, uploadIsStalledAnywhere) {
+    // The pipe holds a megabyte: only a write that waits for room notices.
+    for (const std::uint64_t bytes : {0, 1, 12, 512, 513, 262144, 300'000, 1'500'000}) {
+        SCOPED_TRACE(bytes);
+        phone_.fault([&](VirtualFaults& faults) {
+            faults.stall = VirtualByteFault{UsbDirection::out, bytes, 2};
+        });
+        EXPECT_THAT(mtpFailureOf([&] { upload(client_, QStringLiteral("new"), bigContent); }),
+                    HasSubstr(stalled));
+        EXPECT_EQ(client_.getStorageIDs().size(), 1U);
+        EXPECT_FALSE(phone_.names().contains(QStringLiteral("new")));
+    }
+    expectUsable();
+}
+
+TEST_F(MTPFaultTest, fullStorageIsToldByItsCode) {
+    phone_.fault([](VirtualFaults& faults) { faults.storeFullAfter = 1'000'000; });
+    EXPECT_EQ(mtpFailureOf([&] { upload(client_, QStringLiteral("new"), bigContent); }),
+              mtpFailure("SendObject failed: 0x200C"));
+    expectUsable();
+}
+
+TEST_F(MTPFaultTest, lateAnswerIsNotTakenForTheNext) {
+    put(QStringLiteral("folder/inside"), {});
+    const std::uint32_t folder = find(client_, QStringLiteral("folder"));
+    phone_.fault([](VirtualFaults& faults) {
+        faults.delay[0x1007] = MTPTransportProtocol::pipeTimeout + std::chrono::milliseconds(700);
+    });
+    const auto start = Clock::now();
+    EXPECT_EQ(mtpFailureOf([&] { (void)client_.getObjectHandles(storage, mtpRootHandle); }),
+              mtpReadTimedOut);
+    EXPECT_LT(Clock::now() - start, std::chrono::milliseconds(5500));
+    phone_.fault([](VirtualFaults& faults) { faults.delay.clear(); });
+    EXPECT_EQ(client_.getObjectHandles(storage, folder).size(), 1U);
+    expectUsable(1);
+}
+
+TEST_F(MTPFaultTest, indexingPauseAfterAnUploadIsWaitedFor) {
+    phone_.fault([](VirtualFaults& faults) {
+        faults.sendObjectPause = MTPTransportProtocol::pipeTimeout + std::chrono::milliseconds(300);
+    });
+    upload(client_, QStringLiteral("new"), patternOf(1000));
+    phone_.fault([](VirtualFaults& faults) { faults.sendObjectPause = {}; });
+    expectUsable();
+}
+
+/// What a client that dies without a word leaves behind.
+struct DeadClient {
+    const char* name;
+    std::function<void(IOKitMTPTransport&, std::uint32_t handle)> lastWords;
+};
+
+void PrintTo(const DeadClient& client, std::ostream* out) {
+    *out << client.name;
+}
+
+const auto endlessThenDead = [left = 5](std::span<std::byte> buffer) mutable {
+    return --left > 0 ? buffer.size() : 0;
+};
+
+void announce(IOKitMTPTransport& transport, std::uint32_t size) {
+    transport.send(commandOf(0x100C, 2, {onlyStorage, mtpRootHandle}));
+    MTPObjectInfo info;
+    info.filename = QStringLiteral("half");
+    info.compressedSize = size;
+    transport.send(dataOf(0x100C, 2, MTPPacketCodec::encodeObjectInfo(info)));
+    (void)transport.receivePacket();
+    transport.send(commandOf(0x100D, 3, {}));
+}
+
+class DeadClientTest : public MTPFaultTest, public ::testing::WithParamInterface<DeadClient> {};
+
+TEST_P(DeadClientTest, nextClientWorks) {
+    const std::uint32_t handle = find(client_, QStringLiteral("big"));
+    client_.closeSession();
+    {
+        IOKitMTPTransport transport(bus_, phone_.info.vendorId, phone_.info.productId);
+        transport.open();
+        transport.send(commandOf(0x1002, 1, {1}));
+        (void)transport.receivePacket();
+        GetParam().lastWords(transport, handle);
+    }
+    client_.openSession(1);
+    expectUsable();
+    EXPECT_FALSE(phone_.names().contains(QStringLiteral("half")));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, DeadClientTest,
+    ::testing::Values(
+        DeadClient{"idle", [](IOKitMTPTransport&, std::uint32_t) {}},
+        DeadClient{"inDownload",
+                   [](IOKitMTPTransport& transport, std::uint32_t handle) {
+                       transport.send(commandOf(0x1009, 2, {handle}));
+                       (void)transport.receive(4096);
+                   }},
+        DeadClient{"beforeDownloadData",
+                   [](IOKitMTPTransport& transport, std::uint32_t handle) {
+                       transport.send(commandOf(0x1009, 2, {handle}));
+                   }},
+        DeadClient{"beforeResponse",
+                   [](IOKitMTPTransport& transport, std::uint32_t) {
+                       transport.send(commandOf(0x1004, 2, {}));
+                       (void)transport.receivePacket();
+                   }},
+        DeadClient{"beforeDataset",
+                   [](IOKitMTPTransport& transport, std::uint32_t) {
+                       transport.send(commandOf(0x100C, 2, {onlyStorage, mtpRootHandle}));
+                   }},
+        DeadClient{"inUpload",
+                   [](IOKitMTPTransport& transport, std::uint32_t) {
+                       announce(transport, 8'000'000);
+                       (void)mtpFailureOf([&] {
+                           transport.sendContainer({8'000'012, MTPContainerType::data, 0x100D, 3},
+                                                   8'000'000, endlessThenDead, {});
+                       });
+                   }},
+        DeadClient{"beforeUploadData",
+                   [](IOKitMTPTransport& transport, std::uint32_t) { announce(transport, 1000); }}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+} // namespace
+} // namespace tessary

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "mtp/IOKitMTPTransport.h"
+#include "mtp/MTPClient.h"
+#include "mtp/MTPPacketCodec.h"
+#include "support/MTPContainers.h"
+#include "support/MTPFailure.h"
+#include "support/PluggedPhone.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+namespace tessary {
+
+/// A client with an open session on a virtual phone.
+class MTPPhoneFixture : public ::testing::Test {
+protected:
+    static constexpr std::uint32_t storage = PluggedPhone::firstStorage;
+
+    explicit MTPPhoneFixture(VirtualAndroidConfig config = {}) : phone_(bus_, std::move(config)) {
+        client_.openSession(1);
+    }
+
+    [[nodiscard]] std::unique_ptr<MTPTransportProtocol> newTransport() {
+        return std::make_unique<IOKitMTPTransport>(bus_, phone_.info.vendorId,
+                                                   phone_.info.productId);
+    }
+    void replug() {
+        phone_.android.unplug();
+        ASSERT_NE(phone_.android.plugInto(bus_), 0U);
+        client_.closeSession();
+        client_.openSession(1);
+    }
+
+    static QByteArray asArray(const Bytes& bytes) {
+        return {reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size())};
+    }
+    void put(const QString& name, const Bytes& content) const {
+        phone_.write(name, asArray(content));
+    }
+
+    /// The handle of a file or folder in the root; 0 when there is none.
+    static std::uint32_t find(MTPClient& client, const QString& name) {
+        for (const std::uint32_t handle : client.getObjectHandles(storage, mtpRootHandle))
+            if (client.getObjectInfo(handle).filename == name)
+                return handle;
+        return 0;
+    }
+    static MTPDataSource sourceOf(const Bytes& content) {
+        return [&content, at = std::size_t{0}](std::span<std::byte> buffer) mutable {
+            const std::size_t count = std::min(buffer.size(), content.size() - at);
+            std::copy_n(content.begin() + static_cast<std::ptrdiff_t>(at), count, buffer.begin());
+            at += count;
+            return count;
+        };
+    }
+    static void upload(MTPClient& client, const QString& name, const Bytes& content,
+                       const MTPStreamOptions& options = {}) {
+        client.sendObject(sourceOf(content), content.size(), name, mtpRootHandle, storage, options);
+    }
+
+    /// Both directions still work: on this client, on this session. After a read that timed out
+    /// one halt has been cleared without need.
+    void expectUsable(std::size_t timeouts = 0) {
+        static const Bytes content = patternOf(70'000);
+        const QString name = QStringLiteral("proof%1").arg(++proofs_);
+        upload(client_, name, content);
+        EXPECT_EQ(phone_.content(name), asArray(content));
+        const std::uint32_t handle = find(client_, name);
+        EXPECT_EQ(client_.getObject(handle), content);
+        client_.deleteObject(handle);
+        EXPECT_FALSE(phone_.names().contains(name));
+        EXPECT_EQ(phone_.android.needlessHaltClears(), timeouts);
+    }
+
+    VirtualUsbBus bus_;
+    PluggedPhone phone_;
+    MTPClient client_{newTransport()};
+
+private:
+    int proofs_ = 0;
+};
+
+} // namespace tessary
