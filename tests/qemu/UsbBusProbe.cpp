@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <atomic>
 #include <condition_variable>
 #include <filesystem>
 #include <iostream>
@@ -251,6 +252,24 @@ TEST_F(UsbBusProbe, idleStreamTimesOutAndEndsAtOnce) {
         ASSERT_EQ(stream->submit(4096), usb::success);
     }
     EXPECT_LT(steady_clock::now() - start, 2s);
+    expectWorking();
+}
+
+TEST_F(UsbBusProbe, controlRequestDoesNotWaitForARead) {
+    claim();
+    std::atomic<bool> reading = true;
+    std::thread reader([&] {
+        EXPECT_THAT(read(4096, usb::timeout, {3s, 3s}), IsEmpty());
+        reading = false;
+    });
+    std::this_thread::sleep_for(100ms);
+    for (int i = 0; i < 5; ++i) {
+        std::size_t count = 0;
+        std::array<std::byte, 16> status{};
+        EXPECT_EQ(interface->controlRequest({0xA1, 0x67, 0, 0}, status, count, 1s), usb::success);
+    }
+    EXPECT_TRUE(reading);
+    reader.join();
     expectWorking();
 }
 
