@@ -270,18 +270,21 @@ MTPContainerHeader IOKitMTPTransport::receiveAnyHeader(std::chrono::milliseconds
     return *header;
 }
 
-/// Waits until there is anything to read, as long as the caller has patience.
+/// Waits until there is anything of a container to read, as long as the caller has patience.
 void IOKitMTPTransport::awaitFirstByte(std::chrono::milliseconds patience) {
     auto waits = std::max<std::int64_t>(patience / pipeTimeout, 1);
     // Such a packet ends a transfer of whole packets; some devices send one after any data.
     bool zeroPacketMayFollow = afterData_ || lastReadWasFull_;
-    while (incomingStream_.empty()) {
+    // A single byte behind data is a stray one, see below.
+    const std::size_t enough = afterData_ ? 2 : 1;
+    while (incomingStream_.size() < enough) {
+        const std::size_t held = incomingStream_.size();
         const UsbCode code = readOnce(pipeTimeouts);
         if (code == usb::timeout && --waits > 0)
             continue;
         if (code != usb::success)
             failRead(code);
-        if (incomingStream_.empty() && !std::exchange(zeroPacketMayFollow, false))
+        if (incomingStream_.size() == held && !std::exchange(zeroPacketMayFollow, false))
             throw MTPTransportError(MTPTransportError::Case::timeout);
     }
 }

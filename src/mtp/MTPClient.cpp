@@ -1,5 +1,6 @@
 #include "mtp/MTPClient.h"
 
+#include "core/CancellationError.h"
 #include "core/LittleEndian.h"
 #include "mtp/MTPPacketCodec.h"
 
@@ -15,6 +16,7 @@ constexpr std::uint16_t rawOk = static_cast<std::uint16_t>(MTPResponseCode::ok);
 constexpr std::uint16_t rawAlreadyOpen =
     static_cast<std::uint16_t>(MTPResponseCode::sessionAlreadyOpen);
 constexpr std::uint32_t full32Bits = 0xFFFFFFFF;
+constexpr std::size_t firstPieceSize = 0x40000 - MTPContainerHeader::size;
 
 QString hexadecimal(std::uint16_t code) {
     return QString::number(code, 16).toUpper();
@@ -46,6 +48,27 @@ bool isUnsupportedProperty(std::uint16_t response) {
 
 bool isResponse(const MTPPacket& packet) {
     return packet.header.type == MTPContainerType::response;
+}
+
+/// As much of a payload as goes out with its header.
+Bytes firstPiece(const MTPDataSource& source, std::uint64_t size) {
+    Bytes piece(static_cast<std::size_t>(std::min<std::uint64_t>(size, firstPieceSize)));
+    for (std::size_t filled = 0; filled < piece.size();) {
+        const std::size_t count = source(std::span(piece).subspan(filled));
+        if (count == 0)
+            throw MTPTransportError::underlying(
+                QStringLiteral("the data ended after %1 of %2 bytes").arg(filled).arg(size));
+        filled += count;
+    }
+    return piece;
+}
+
+/// Moves as many bytes as fit.
+std::size_t takeFront(Bytes& from, std::span<std::byte> to) {
+    const std::size_t count = std::min(from.size(), to.size());
+    std::copy_n(from.begin(), count, to.begin());
+    from.erase(from.begin(), from.begin() + static_cast<std::ptrdiff_t>(count));
+    return count;
 }
 
 /// The object handle among the parameters of a SendObjectInfo response: storage, parent, object.
@@ -332,6 +355,7 @@ Bytes MTPClient::getObject(std::uint32_t handle) {
 std::uint64_t MTPClient::getObject(std::uint32_t handle, const MTPDataSink& sink,
                                    const MTPStreamOptions& options) {
     const std::scoped_lock lock(mutex_);
+    throwIfStopped(options.stop);
     const QString failure = QStringLiteral("GetObject failed: 0x");
     sendCommand(MTPOperationCode::getObject, {handle});
     std::uint64_t received = 0;
@@ -384,6 +408,13 @@ std::uint32_t MTPClient::sendObject(const MTPDataSource& source, std::uint64_t s
                                     const QString& filename, std::uint32_t parentHandle,
                                     std::uint32_t storageID, const MTPStreamOptions& options) {
     const std::scoped_lock lock(mutex_);
+    // A transfer that fails before its first bytes has not begun: a device may miss a cancellation
+    // that comes before data does.
+    Bytes first = firstPiece(source, size);
+    throwIfStopped(options.stop);
+    const MTPDataSource whole = [&](std::span<std::byte> buffer) {
+        return first.empty() ? source(buffer) : takeFront(first, buffer);
+    };
     MTPObjectInfo info;
     info.storageID = storageID;
     info.parentObject = parentHandle;
@@ -402,7 +433,7 @@ std::uint32_t MTPClient::sendObject(const MTPDataSource& source, std::uint64_t s
     MTPPacket response;
     phase_ = MTPDataPhase::toDevice;
     try {
-        transport_->sendContainer(header, size, source, options);
+        transport_->sendContainer(header, size, whole, options);
         response = receiveResponse(workPatience);
     } catch (...) {
         recover();

@@ -356,21 +356,27 @@ TEST_F(MTPClientTest, progressReportsTheUpload) {
     EXPECT_THAT(progress, ElementsAre(std::pair(3, 3)));
 }
 
-TEST_F(MTPClientTest, stoppedTransfersLeaveTheClientUsable) {
+TEST_F(MTPClientTest, transferThatCannotBeginIsNotAnnounced) {
+    struct Unreadable {};
+    const MTPDataSource broken = [](std::span<std::byte>) -> std::size_t { throw Unreadable(); };
+    const MTPDataSource empty = [](std::span<std::byte>) { return std::size_t{0}; };
+    const MTPDataSource source = [](std::span<std::byte> buffer) { return buffer.size(); };
+    const auto upload = [&](const MTPDataSource& from, const MTPStreamOptions& options) {
+        client_.sendObject(from, 3, QStringLiteral("b"), 7, storage, options);
+    };
     std::stop_source stop;
     stop.request_stop();
-    MTPStreamOptions options;
-    options.stop = stop.get_token();
-    answer({dataOf(0x1009, 1, abc)});
+    MTPStreamOptions stopped;
+    stopped.stop = stop.get_token();
     EXPECT_THROW(client_.getObject(
-                     0x99, [](ByteView) {}, options),
+                     0x99, [](ByteView) {}, stopped),
                  CancellationError);
-    expectUsable(2);
-    answer({responseOf(ok, 3)});
-    const MTPDataSource source = [](std::span<std::byte> buffer) { return buffer.size(); };
-    EXPECT_THROW(client_.sendObject(source, 3, QStringLiteral("b"), 7, storage, options),
-                 CancellationError);
-    expectUsable(5);
+    EXPECT_THROW(upload(source, stopped), CancellationError);
+    EXPECT_THROW(upload(broken, {}), Unreadable);
+    EXPECT_EQ(mtpFailureOf([&] { upload(empty, {}); }),
+              mtpFailure("the data ended after 0 of 3 bytes"));
+    EXPECT_TRUE(sent().empty());
+    expectUsable(1);
 }
 
 TEST(MTPClientUpload, sizeBeyond32BitsIsAnnouncedAsUnknown) {

@@ -42,10 +42,17 @@ protected:
 
     /// The handle of a file or folder in the root; 0 when there is none.
     static std::uint32_t find(MTPClient& client, const QString& name) {
-        for (const std::uint32_t handle : client.getObjectHandles(storage, mtpRootHandle))
-            if (client.getObjectInfo(handle).filename == name)
-                return handle;
-        return 0;
+        std::uint32_t found = 0;
+        for (const std::uint32_t handle : client.getObjectHandles(storage, mtpRootHandle)) {
+            // Another thread may have deleted it meanwhile.
+            (void)mtpFailureOf([&] {
+                if (client.getObjectInfo(handle).filename == name)
+                    found = handle;
+            });
+            if (found != 0)
+                break;
+        }
+        return found;
     }
     static MTPDataSource sourceOf(const Bytes& content) {
         return [&content, at = std::size_t{0}](std::span<std::byte> buffer) mutable {

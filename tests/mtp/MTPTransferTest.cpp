@@ -1,0 +1,283 @@
+#include "MTPPhoneFixture.h"
+#include "core/CancellationError.h"
+
+#include <atomic>
+#include <thread>
+
+namespace tessary {
+namespace {
+
+/// One way of cutting a conversation into transfers.
+struct Framing {
+    const char* name;
+    std::function<void(VirtualFaults&)> set;
+    std::uint16_t packetSize = 512;
+};
+
+void PrintTo(const Framing& framing, std::ostream* out) {
+    *out << framing.name;
+}
+
+VirtualAndroidConfig withPackets(std::uint16_t size) {
+    VirtualAndroidConfig config;
+    config.maxPacketSize = size;
+    return config;
+}
+
+struct FramedPhone : public MTPPhoneFixture {
+    explicit FramedPhone(std::uint16_t packetSize) : MTPPhoneFixture(withPackets(packetSize)) {}
+    void TestBody() override {}
+
+    /// Objects whose containers end around a packet, around the first read, around a request.
+    void transferAllSizes() {
+        for (const std::size_t size :
+             {0U, 1U, 51U, 52U, 53U, 499U, 500U, 501U, 1012U, 4083U, 4084U, 4085U, 4596U, 262131U,
+              262132U, 262133U, 266228U, 1'000'000U}) {
+            SCOPED_TRACE(size);
+            const Bytes content = patternOf(size);
+            upload(client_, QStringLiteral("object"), content);
+            EXPECT_EQ(phone_.content(QStringLiteral("object")), asArray(content));
+            const std::uint32_t handle = find(client_, QStringLiteral("object"));
+            EXPECT_EQ(client_.getObjectInfo(handle).effectiveSize(), size);
+            EXPECT_EQ(client_.getObjectSize(handle), size);
+            EXPECT_EQ(client_.getObject(handle), content);
+            client_.renameObject(handle, QStringLiteral("renamed"));
+            client_.deleteObject(handle);
+        }
+        EXPECT_EQ(client_.getBatteryLevel(), 80);
+        EXPECT_EQ(client_.getStorageInfo(storage).id, storage);
+        client_.createFolder(QStringLiteral("folder"), mtpRootHandle, storage);
+        EXPECT_EQ(phone_.names(), QStringList{QStringLiteral("folder")});
+        EXPECT_EQ(phone_.android.cancelRequests(), 0U) << "nothing needed mending";
+        EXPECT_EQ(phone_.android.needlessHaltClears(), 0U);
+    }
+
+    void set(const std::function<void(VirtualFaults&)>& change) {
+        phone_.fault(change);
+    }
+};
+
+class FramingTest : public ::testing::TestWithParam<Framing> {};
+
+TEST_P(FramingTest, everySizeComesThroughBothWays) {
+    FramedPhone phone(GetParam().packetSize);
+    phone.set(GetParam().set);
+    phone.transferAllSizes();
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, FramingTest,
+    ::testing::Values(
+        Framing{"plain", [](VirtualFaults&) {}}, Framing{"packetsOf64", [](VirtualFaults&) {}, 64},
+        Framing{"packetsOf1024", [](VirtualFaults&) {}, 1024},
+        Framing{"headerAlone", [](VirtualFaults& faults) { faults.headerInOwnTransfer = true; }},
+        Framing{"joined", [](VirtualFaults& faults) { faults.dataAndResponseJoined = true; }},
+        Framing{"noZeroPacket", [](VirtualFaults& faults) { faults.omitsZeroPacket = true; }},
+        Framing{"extraZeroPacket", [](VirtualFaults& faults) { faults.extraZeroPacket = true; }},
+        Framing{"extraByte", [](VirtualFaults& faults) { faults.extraByte = true; }},
+        Framing{"extraByteJoined",
+                [](VirtualFaults& faults) {
+                    faults.extraByte = true;
+                    faults.dataAndResponseJoined = true;
+                }},
+        Framing{"headerAloneNoZeroPacket",
+                [](VirtualFaults& faults) {
+                    faults.headerInOwnTransfer = true;
+                    faults.omitsZeroPacket = true;
+                },
+                64},
+        Framing{"headerAloneExtraByte",
+                [](VirtualFaults& faults) {
+                    faults.headerInOwnTransfer = true;
+                    faults.extraByte = true;
+                    faults.extraZeroPacket = true;
+                }},
+        Framing{"junkTransactionIDs",
+                [](VirtualFaults& faults) { faults.junkTransactionID = true; }}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+/// A phone that cancels in its own way.
+struct Cancelling {
+    const char* name;
+    std::function<void(VirtualBehaviour&)> set;
+};
+
+void PrintTo(const Cancelling& cancelling, std::ostream* out) {
+    *out << cancelling.name;
+}
+
+class CancelTest : public MTPPhoneFixture, public ::testing::WithParamInterface<Cancelling> {
+protected:
+    static constexpr std::size_t size = 6'000'000;
+
+    CancelTest() {
+        phone_.android.behaviour().update(GetParam().set);
+        put(QStringLiteral("big"), content_);
+        put(QStringLiteral("small"), patternOf(100));
+    }
+
+    /// Before it begins, the first pieces, somewhere, before the last piece.
+    static constexpr std::initializer_list<qint64> places{0, 1, 262'144, 3'000'000, 5'700'000};
+
+    const Bytes content_ = patternOf(size);
+};
+
+TEST_P(CancelTest, downloadMayBeStoppedAnywhere) {
+    const std::uint32_t handle = find(client_, QStringLiteral("big"));
+    for (const qint64 place : places) {
+        SCOPED_TRACE(place);
+        std::stop_source stop;
+        MTPStreamOptions options;
+        options.stop = stop.get_token();
+        options.progress = [&](qint64 done, qint64) {
+            if (done >= place)
+                stop.request_stop();
+        };
+        if (place == 0)
+            stop.request_stop();
+        EXPECT_THROW(client_.getObject(
+                         handle, [](ByteView) {}, options),
+                     CancellationError);
+        EXPECT_EQ(client_.getObjectInfo(handle).filename, QStringLiteral("big"));
+    }
+    EXPECT_EQ(client_.getObject(handle), content_);
+    expectUsable();
+}
+
+TEST_P(CancelTest, uploadMayBeStoppedAnywhere) {
+    const QStringList before = phone_.names();
+    for (const qint64 place : places) {
+        SCOPED_TRACE(place);
+        std::stop_source stop;
+        MTPStreamOptions options;
+        options.stop = stop.get_token();
+        options.progress = [&](qint64 done, qint64) {
+            if (done >= place)
+                stop.request_stop();
+        };
+        if (place == 0)
+            stop.request_stop();
+        EXPECT_THROW(upload(client_, QStringLiteral("new"), content_, options), CancellationError);
+        EXPECT_EQ(client_.getStorageIDs().size(), 1U);
+        EXPECT_EQ(phone_.names(), before);
+    }
+    upload(client_, QStringLiteral("new"), content_);
+    EXPECT_EQ(phone_.content(QStringLiteral("new")), asArray(content_));
+    expectUsable();
+}
+
+TEST_P(CancelTest, fullDiskHereAndVanishedFileHereLeaveTheSessionUsable) {
+    struct DiskFull {};
+    const MTPDataSink sink = [taken = std::size_t{0}](ByteView bytes) mutable {
+        taken += bytes.size();
+        if (taken > 1'000'000)
+            throw DiskFull();
+    };
+    EXPECT_THROW(client_.getObject(find(client_, QStringLiteral("big")), sink), DiskFull);
+    const MTPDataSource source = [given = std::size_t{0}](std::span<std::byte> buffer) mutable {
+        given += buffer.size();
+        return given > 1'000'000 ? 0 : buffer.size();
+    };
+    EXPECT_THAT(mtpFailureOf([&] {
+                    client_.sendObject(source, size, QStringLiteral("new"), mtpRootHandle, storage);
+                }),
+                ::testing::HasSubstr("the data ended after"));
+    EXPECT_FALSE(phone_.names().contains(QStringLiteral("new")));
+    expectUsable();
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, CancelTest,
+    ::testing::Values(
+        Cancelling{"byTheBook", [](VirtualBehaviour&) {}},
+        Cancelling{"refused",
+                   [](VirtualBehaviour& behaviour) { behaviour.refusesCancelRequest = true; }},
+        Cancelling{"withoutStatus",
+                   [](VirtualBehaviour& behaviour) { behaviour.refusesStatusRequest = true; }},
+        Cancelling{"answered",
+                   [](VirtualBehaviour& behaviour) { behaviour.answersCancelled = true; }},
+        Cancelling{"slow",
+                   [](VirtualBehaviour& behaviour) {
+                       behaviour.busyAfterCancel = std::chrono::milliseconds(200);
+                       behaviour.answersCancelled = true;
+                   }}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+class MTPConcurrencyTest : public MTPPhoneFixture {};
+
+TEST_F(MTPConcurrencyTest, callersOfOneClientTakeTurns) {
+    constexpr int callers = 4;
+    constexpr int rounds = 8;
+    const Bytes content = patternOf(400'000);
+    put(QStringLiteral("shared"), content);
+    const std::uint32_t shared = find(client_, QStringLiteral("shared"));
+    std::atomic<int> whole = 0;
+    {
+        std::vector<std::jthread> threads;
+        for (int caller = 0; caller < callers; ++caller) {
+            threads.emplace_back([&, caller] {
+                for (int round = 0; round < rounds; ++round) {
+                    const QString name = QStringLiteral("%1-%2").arg(caller).arg(round);
+                    upload(client_, name, content);
+                    const std::uint32_t handle = find(client_, name);
+                    const bool same = client_.getObject(handle) == content &&
+                                      client_.getObject(shared) == content &&
+                                      client_.getBatteryLevel() == 80;
+                    client_.deleteObject(handle);
+                    whole += same ? 1 : 0;
+                }
+            });
+        }
+        // One of them changes its mind all the time.
+        threads.emplace_back([&] {
+            for (int round = 0; round < 3; ++round) {
+                std::stop_source stop;
+                MTPStreamOptions options;
+                options.stop = stop.get_token();
+                options.progress = [&](qint64, qint64) { stop.request_stop(); };
+                EXPECT_THROW(client_.getObject(
+                                 shared, [](ByteView) {}, options),
+                             CancellationError);
+            }
+        });
+    }
+    EXPECT_EQ(whole, callers * rounds);
+    EXPECT_EQ(phone_.names(), QStringList{QStringLiteral("shared")});
+    expectUsable();
+}
+
+TEST_F(MTPConcurrencyTest, unpluggingWakesEveryCaller) {
+    phone_.fault([](VirtualFaults& faults) { faults.hang.insert(0x1004); });
+    std::atomic<int> failed = 0;
+    const auto start = std::chrono::steady_clock::now();
+    {
+        std::vector<std::jthread> threads;
+        for (int caller = 0; caller < 4; ++caller)
+            threads.emplace_back([&] {
+                if (mtpFailureOf([&] { (void)client_.getStorageIDs(); }) != "none")
+                    ++failed;
+            });
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        phone_.android.unplug();
+    }
+    EXPECT_EQ(failed, 4);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+}
+
+TEST_F(MTPConcurrencyTest, twoPhonesOfOneModelAreKeptApart) {
+    VirtualAndroidConfig config;
+    config.serialNumber = QStringLiteral("SECOND");
+    config.location = QStringLiteral("1-2");
+    PluggedPhone second(bus_, config);
+    MTPDeviceAddress address{config.vendorID, config.productID, config.serialNumber, {}};
+    MTPClient other(std::make_unique<IOKitMTPTransport>(bus_, address));
+    other.openSession(1);
+    upload(other, QStringLiteral("there"), patternOf(10));
+    upload(client_, QStringLiteral("here"), patternOf(10));
+    EXPECT_EQ(phone_.names(), QStringList{QStringLiteral("here")});
+    EXPECT_EQ(second.names(), QStringList{QStringLiteral("there")});
+    other.closeSession();
+}
+
+} // namespace
+} // namespace tessary
