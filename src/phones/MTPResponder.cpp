@@ -16,6 +16,7 @@ constexpr std::uint8_t cancelRequestType = 0x21;
 constexpr std::uint8_t cancelRequest = 0x64;
 constexpr std::uint8_t statusRequestType = 0xA1;
 constexpr std::uint8_t statusRequest = 0x67;
+constexpr std::chrono::milliseconds catchUpTime{200};
 
 } // namespace
 
@@ -103,6 +104,8 @@ UsbCode MTPResponder::control(VirtualUsbPort& port, const UsbControlRequest& req
         if (behaviour.refusesCancelRequest || !wellFormed)
             return usb::pipeStalled;
         transferred = data.size();
+        // A pipe here takes more than a real one: let the phone come to what the host has written.
+        (void)port.out().deviceWaitEmpty(catchUpTime);
         gate_.cancel(readLittleEndian<std::uint32_t>(data, 2), [&] {
             port.in().interrupt(false);
             port.out().interrupt(true);
