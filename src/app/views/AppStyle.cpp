@@ -1,0 +1,35 @@
+#include "app/views/AppStyle.h"
+
+#include <QApplication>
+
+namespace tessary {
+
+namespace {
+
+constexpr QLatin1StringView plainStyle("fusion");
+
+} // namespace
+
+AppStyle::AppStyle() : QProxyStyle(QString(plainStyle)) {}
+
+QSize AppStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                                 const QWidget* widget) const {
+    const QSize plain = QProxyStyle::sizeFromContents(type, option, size, widget);
+    switch (type) {
+    case CT_PushButton:
+        return plain + QSize(20, 4);
+    case CT_LineEdit:
+        return plain + QSize(0, 4);
+    case CT_ToolButton:
+        return plain + QSize(2, 2);
+    default:
+        return plain;
+    }
+}
+
+void setUpStyle() {
+    if (QApplication::style()->name() == plainStyle)
+        QApplication::setStyle(new AppStyle);
+}
+
+} // namespace tessary

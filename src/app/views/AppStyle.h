@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace tessary {
+
+/// The plain style of Qt with the room around buttons that desktops' own styles have. Used where no
+/// desktop brings a style of its own.
+class AppStyle : public QProxyStyle {
+public:
+    AppStyle();
+
+    [[nodiscard]] QSize sizeFromContents(ContentsType type, const QStyleOption* option,
+                                         const QSize& size, const QWidget* widget) const override;
+};
+
+/// Puts AppStyle in the place of the plain style. Once at start.
+void setUpStyle();
+
+} // namespace tessary

@@ -1,0 +1,111 @@
+#include "app/views/BreadcrumbBar.h"
+
+#include "app/Translations.h"
+
+#include <QFontMetrics>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QToolButton>
+
+namespace tessary {
+
+namespace {
+
+constexpr int longestPart = 220; // pixels; longer names are cut in the middle
+constexpr int partPadding = 26;  // pixels around a name, separator included
+
+} // namespace
+
+BreadcrumbBar::BreadcrumbBar(QWidget* parent) : QWidget(parent), layout_(new QHBoxLayout(this)) {
+    setObjectName(QStringLiteral("breadcrumbs"));
+    setAccessibleName(tessary::tr("Path"));
+    layout_->setContentsMargins(0, 0, 0, 0);
+    layout_->setSpacing(0);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    setMinimumHeight(30);
+}
+
+void BreadcrumbBar::setPath(std::vector<Breadcrumb> path) {
+    path_ = std::move(path);
+    rebuild();
+}
+
+void BreadcrumbBar::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    rebuild();
+}
+
+int BreadcrumbBar::widthOf(const Breadcrumb& part) const {
+    return std::min(fontMetrics().horizontalAdvance(part.name), longestPart) + partPadding;
+}
+
+void BreadcrumbBar::rebuild() {
+    while (QLayoutItem* old = layout_->takeAt(0)) {
+        if (QWidget* widget = old->widget()) {
+            widget->hide();
+            widget->deleteLater();
+        }
+        delete old;
+    }
+    if (path_.empty())
+        return;
+    // The last part always shows; from there towards the root as many as there is room for.
+    int room = width() - widthOf(path_.front()) - 40;
+    std::size_t first = path_.size();
+    while (first > 1 && (first == path_.size() || room - widthOf(path_[first - 1]) > 0))
+        room -= widthOf(path_[--first]);
+    addPart(path_.front(), path_.size() == 1);
+    if (first > 1)
+        addOverflow(1, first);
+    for (std::size_t i = first; i < path_.size(); ++i) {
+        addSeparator();
+        addPart(path_[i], i + 1 == path_.size());
+    }
+    layout_->addStretch(1);
+}
+
+void BreadcrumbBar::addPart(const Breadcrumb& part, bool isLast) {
+    auto* button = new QToolButton;
+    button->setAutoRaise(true);
+    button->setText(fontMetrics()
+                        .elidedText(part.name, Qt::ElideMiddle, longestPart)
+                        .replace(QLatin1Char('&'), QStringLiteral("&&")));
+    button->setAccessibleName(part.name);
+    button->setToolTip(part.path);
+    if (isLast) {
+        QFont bold = button->font();
+        bold.setWeight(QFont::DemiBold);
+        button->setFont(bold);
+    }
+    connect(button, &QToolButton::clicked, this, [this, path = part.path] {
+        if (onChosen_)
+            onChosen_(path);
+    });
+    layout_->addWidget(button);
+}
+
+void BreadcrumbBar::addOverflow(std::size_t first, std::size_t end) {
+    addSeparator();
+    auto* button = new QToolButton;
+    button->setAutoRaise(true);
+    button->setText(QStringLiteral("…"));
+    button->setAccessibleName(tessary::tr("Folders in between"));
+    button->setPopupMode(QToolButton::InstantPopup);
+    auto* menu = new QMenu(button);
+    for (std::size_t i = first; i < end; ++i)
+        menu->addAction(path_[i].name, this, [this, path = path_[i].path] {
+            if (onChosen_)
+                onChosen_(path);
+        });
+    button->setMenu(menu);
+    layout_->addWidget(button);
+}
+
+void BreadcrumbBar::addSeparator() {
+    auto* separator = new QLabel(QStringLiteral("›"));
+    separator->setForegroundRole(QPalette::PlaceholderText);
+    layout_->addWidget(separator);
+}
+
+} // namespace tessary

@@ -1,0 +1,493 @@
+#include "app/views/BrowserView.h"
+
+#include "app/Translations.h"
+#include "app/views/BreadcrumbBar.h"
+#include "app/views/FileViews.h"
+#include "app/views/Icons.h"
+#include "app/views/PlaceholderView.h"
+#include "core/ByteFormat.h"
+#include "core/Printable.h"
+
+#include <QAbstractItemView>
+#include <QAction>
+#include <QActionGroup>
+#include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QStandardPaths>
+#include <QToolButton>
+
+namespace tessary {
+
+namespace {
+
+QString downloadsFolder() {
+    return QStandardPaths::writableLocation(QStandardPaths::DownloadLocation);
+}
+
+QToolButton* toolButton(QAction* action) {
+    auto* button = new QToolButton;
+    button->setDefaultAction(action);
+    button->setAutoRaise(true);
+    button->setIconSize({22, 22});
+    button->setAccessibleName(action->text());
+    const QString keys = action->shortcut().toString(QKeySequence::NativeText);
+    action->setToolTip(keys.isEmpty() ? action->text()
+                                      : QStringLiteral("%1 (%2)").arg(action->text(), keys));
+    return button;
+}
+
+/// "3 items", and what they hold.
+QString selectionText(const std::vector<FileItem>& items) {
+    qint64 bytes = 0;
+    bool hasFolder = false;
+    for (const FileItem& item : items) {
+        bytes += item.size;
+        hasFolder = hasFolder || item.isDirectory;
+    }
+    const QString count = tessary::tr("%1 selected").arg(items.size());
+    return hasFolder ? count : QStringLiteral("%1 (%2)").arg(count, formatBytes(bytes));
+}
+
+} // namespace
+
+BrowserView::Dialogs BrowserView::systemDialogs() {
+    return {[](QWidget* parent) {
+                return QFileDialog::getExistingDirectory(parent, tessary::tr("Copy to"),
+                                                         downloadsFolder());
+            },
+            [](QWidget* parent) {
+                return QFileDialog::getOpenFileNames(parent,
+                                                     tessary::tr("Copy Files to the Phone"));
+            },
+            [](QWidget* parent) {
+                return QFileDialog::getExistingDirectory(parent,
+                                                         tessary::tr("Copy a Folder to the Phone"));
+            }};
+}
+
+BrowserView::BrowserView(FileBrowserViewModel& browser, Dialogs dialogs, QWidget* parent)
+    : QWidget(parent),
+      browser_(browser),
+      dialogs_(std::move(dialogs)),
+      model_(browser),
+      breadcrumbs_(new BreadcrumbBar),
+      filter_(new QLineEdit),
+      stack_(new QStackedWidget),
+      table_(new FileTableView(browser, model_)),
+      grid_(new FileGridView(browser, model_)),
+      placeholder_(new PlaceholderView),
+      status_(new QLabel) {
+    setObjectName(QStringLiteral("browserView"));
+    setAcceptDrops(true);
+    makeActions();
+    for (QWidget* page : {static_cast<QWidget*>(table_), static_cast<QWidget*>(grid_),
+                          static_cast<QWidget*>(placeholder_)})
+        stack_->addWidget(page);
+    for (QAbstractItemView* view :
+         {static_cast<QAbstractItemView*>(table_), static_cast<QAbstractItemView*>(grid_)}) {
+        connectSelection(*view, model_, browser_);
+        view->installEventFilter(this);
+        connect(view, &QAbstractItemView::doubleClicked, this, &BrowserView::openSelected);
+        connect(view, &QWidget::customContextMenuRequested, this, &BrowserView::showContextMenu);
+    }
+    placeholder_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(placeholder_, &QWidget::customContextMenuRequested, this,
+            &BrowserView::showContextMenu);
+    status_->setContentsMargins(14, 5, 14, 5);
+    status_->setForegroundRole(QPalette::PlaceholderText);
+    status_->setObjectName(QStringLiteral("browserStatus"));
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(makeToolbar());
+    column->addWidget(stack_, 1);
+    column->addWidget(status_);
+    connectBrowser();
+    showPath();
+    showContent();
+}
+
+QAction* BrowserView::addCommand(const char* iconName, const QString& text,
+                                 const QList<QKeySequence>& shortcuts, std::function<void()> run) {
+    auto* action = new QAction(icon(iconName), text, this);
+    action->setShortcuts(shortcuts);
+    action->setShortcutContext(Qt::WindowShortcut);
+    connect(action, &QAction::triggered, this, [run = std::move(run)] { run(); });
+    addAction(action);
+    return action;
+}
+
+void BrowserView::makeActions() {
+    const auto keys = [](auto... sequences) {
+        return QList<QKeySequence>{QKeySequence(sequences)...};
+    };
+    actions_.back = addCommand("go-previous", tessary::tr("Back"), keys(Qt::ALT | Qt::Key_Left),
+                               [this] { browser_.goBack(); });
+    actions_.forward = addCommand("go-next", tessary::tr("Forward"), keys(Qt::ALT | Qt::Key_Right),
+                                  [this] { browser_.goForward(); });
+    actions_.up = addCommand("go-up", tessary::tr("Enclosing Folder"), keys(Qt::ALT | Qt::Key_Up),
+                             [this] { browser_.navigateUp(); });
+    actions_.reload =
+        addCommand("view-refresh", tessary::tr("Reload"), keys(Qt::Key_F5, Qt::CTRL | Qt::Key_R),
+                   [this] { browser_.reload(); });
+    actions_.open = addCommand("document-open-folder", tessary::tr("browser.openFolder"),
+                               keys(Qt::ALT | Qt::Key_Down), [this] { openSelected(); });
+    actions_.newFolder =
+        addCommand("folder-new", tessary::tr("browser.newFolder"),
+                   keys(Qt::CTRL | Qt::SHIFT | Qt::Key_N), [this] { browser_.createFolder(); });
+    actions_.rename = addCommand("edit-rename", tessary::tr("browser.rename"), keys(Qt::Key_F2),
+                                 [this] { renameSelected(); });
+    actions_.remove = addCommand("edit-delete", tessary::tr("browser.delete"), keys(Qt::Key_Delete),
+                                 [this] { removeSelected(); });
+    actions_.download = addCommand("download", tessary::tr("browser.download"),
+                                   keys(Qt::CTRL | Qt::Key_D), [this] { downloadSelected(); });
+    actions_.uploadFiles =
+        addCommand("document-import", tessary::tr("Copy Files Here…"), keys(Qt::CTRL | Qt::Key_U),
+                   [this] { upload(dialogs_.chooseFiles(this)); });
+    actions_.uploadFolder =
+        addCommand("document-import", tessary::tr("Copy a Folder Here…"),
+                   keys(Qt::CTRL | Qt::SHIFT | Qt::Key_U), [this] {
+                       const QString folder = dialogs_.chooseFolder(this);
+                       upload(folder.isEmpty() ? QStringList() : QStringList{folder});
+                   });
+    actions_.selectAll =
+        addCommand("edit-select-all", tessary::tr("Select All"), keys(QKeySequence::SelectAll),
+                   [this] { browser_.selectAll(); });
+    actions_.find =
+        addCommand("edit-find", tessary::tr("Filter"), keys(QKeySequence::Find), [this] {
+            filter_->setFocus();
+            filter_->selectAll();
+        });
+    actions_.asList = addCommand("view-list-details", tessary::tr("As List"),
+                                 keys(Qt::CTRL | Qt::Key_1), [this] { setGrid(false); });
+    actions_.asGrid = addCommand("view-list-icons", tessary::tr("As Grid"),
+                                 keys(Qt::CTRL | Qt::Key_2), [this] { setGrid(true); });
+    auto* modes = new QActionGroup(this);
+    for (QAction* mode : {actions_.asList, actions_.asGrid}) {
+        mode->setCheckable(true);
+        modes->addAction(mode);
+    }
+    actions_.asList->setChecked(true);
+    // A key that also edits text belongs to the field that has the focus.
+    for (QAction* action : {actions_.remove, actions_.selectAll, actions_.rename})
+        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+}
+
+QWidget* BrowserView::makeToolbar() {
+    filter_->setObjectName(QStringLiteral("filter"));
+    filter_->setPlaceholderText(tessary::tr("browser.filter"));
+    filter_->setAccessibleName(tessary::tr("browser.filter"));
+    filter_->setClearButtonEnabled(true);
+    filter_->setFixedWidth(190);
+    filter_->installEventFilter(this);
+    connect(filter_, &QLineEdit::textChanged, this,
+            [this](const QString& text) { browser_.setSearchText(text); });
+    breadcrumbs_->setOnChosen([this](const QString& path) { browser_.navigateTo(path); });
+
+    auto* uploadButton = toolButton(actions_.uploadFiles);
+    auto* uploadMenu = new QMenu(uploadButton);
+    uploadMenu->addAction(actions_.uploadFiles);
+    uploadMenu->addAction(actions_.uploadFolder);
+    uploadButton->setMenu(uploadMenu);
+    uploadButton->setPopupMode(QToolButton::MenuButtonPopup);
+
+    auto* bar = new QWidget;
+    bar->setObjectName(QStringLiteral("toolbar"));
+    auto* row = new QHBoxLayout(bar);
+    row->setContentsMargins(8, 6, 10, 6);
+    row->setSpacing(2);
+    for (QAction* action : {actions_.back, actions_.forward, actions_.up})
+        row->addWidget(toolButton(action));
+    row->addSpacing(6);
+    row->addWidget(breadcrumbs_, 1);
+    row->addSpacing(6);
+    for (QAction* action : {actions_.newFolder, actions_.download})
+        row->addWidget(toolButton(action));
+    row->addWidget(uploadButton);
+    row->addSpacing(8);
+    row->addWidget(toolButton(actions_.asList));
+    row->addWidget(toolButton(actions_.asGrid));
+    row->addSpacing(8);
+    row->addWidget(filter_);
+    return bar;
+}
+
+void BrowserView::connectBrowser() {
+    const auto on = [this](auto signal, void (BrowserView::*slot)()) {
+        connect(&browser_, signal, this, slot);
+    };
+    on(&FileBrowserViewModel::pathChanged, &BrowserView::showPath);
+    on(&FileBrowserViewModel::stateChanged, &BrowserView::showContent);
+    on(&FileBrowserViewModel::viewModeChanged, &BrowserView::showContent);
+    on(&FileBrowserViewModel::connectionChanged, &BrowserView::showContent);
+    on(&FileBrowserViewModel::errorChanged, &BrowserView::showContent);
+    on(&FileBrowserViewModel::selectionChanged, &BrowserView::showStatus);
+    on(&FileBrowserViewModel::historyChanged, &BrowserView::updateActions);
+    on(&FileBrowserViewModel::editingChanged, &BrowserView::showStatus);
+    for (auto signal : {&QAbstractItemModel::modelReset})
+        connect(&model_, signal, this, &BrowserView::showContent);
+    connect(&model_, &QAbstractItemModel::rowsInserted, this, &BrowserView::showContent);
+    connect(&model_, &QAbstractItemModel::rowsRemoved, this, &BrowserView::showContent);
+    connect(&browser_, &FileBrowserViewModel::searchTextChanged, this, [this] {
+        if (filter_->text() != browser_.searchText())
+            filter_->setText(browser_.searchText());
+        showContent();
+    });
+    connect(&browser_, &FileBrowserViewModel::folderCreated, this, [this](const QString& id) {
+        QAbstractItemView& view = currentListing();
+        const QModelIndex index = model_.indexOf(id);
+        view.scrollTo(index);
+        view.setFocus();
+        view.edit(index);
+    });
+}
+
+QAbstractItemView& BrowserView::currentListing() const {
+    if (browser_.viewMode() == ViewMode::grid)
+        return *grid_;
+    return *table_;
+}
+
+void BrowserView::showPath() {
+    std::vector<Breadcrumb> path;
+    for (const PathComponent& part : browser_.breadcrumbs())
+        path.push_back({printable(part.name), part.path});
+    breadcrumbs_->setPath(std::move(path));
+    updateActions();
+}
+
+void BrowserView::showContent() {
+    const bool isEmpty = model_.rowCount() == 0;
+    const auto words = browser_.error().value_or(ErrorAdvice{});
+    const auto page = [this](QWidget* widget) { stack_->setCurrentWidget(widget); };
+    switch (browser_.state()) {
+    case BrowserState::deviceLost:
+        placeholder_->show(
+            QStringLiteral("smartphone"), tessary::tr("The phone is gone"),
+            tessary::tr("Plug it in again, unlock it and choose File transfer on it."));
+        page(placeholder_);
+        break;
+    case BrowserState::folderGone:
+        placeholder_->show(QStringLiteral("folder"), tessary::tr("browser.folderNotFound"),
+                           tessary::tr("It may have been deleted or moved on the phone."),
+                           tessary::tr("Enclosing Folder"), [this] { browser_.navigateUp(); });
+        page(placeholder_);
+        break;
+    case BrowserState::failed:
+        placeholder_->show(QStringLiteral("dialog-error"), tessary::tr("browser.connectionFailed"),
+                           words.message + QLatin1Char('\n') + words.advice,
+                           tessary::tr("browser.retry"), [this] { browser_.reload(); });
+        page(placeholder_);
+        break;
+    case BrowserState::ready:
+        if (!isEmpty) {
+            page(&currentListing());
+        } else if (browser_.isLoading()) {
+            placeholder_->show(QStringLiteral("folder"), tessary::tr("browser.loading"), {}, {}, {},
+                               true);
+            page(placeholder_);
+        } else if (!browser_.searchText().trimmed().isEmpty() && !browser_.items().empty()) {
+            placeholder_->show(QStringLiteral("edit-find"), tessary::tr("browser.noResults"),
+                               tessary::tr("Nothing here has “%1” in its name.")
+                                   .arg(printable(browser_.searchText().trimmed())),
+                               tessary::tr("Clear the Filter"), [this] { filter_->clear(); });
+            page(placeholder_);
+        } else {
+            placeholder_->show(QStringLiteral("folder"), tessary::tr("browser.emptyFolder"),
+                               tessary::tr("Drop files here to copy them to the phone."));
+            page(placeholder_);
+        }
+        break;
+    }
+    showStatus();
+}
+
+void BrowserView::showStatus() {
+    const auto shown = static_cast<qsizetype>(model_.rowCount());
+    const auto inAll = static_cast<qsizetype>(browser_.items().size());
+    QString text = shown == inAll
+                       ? (inAll == 1 ? tessary::tr("1 item") : tessary::tr("%1 items").arg(inAll))
+                       : tessary::tr("%1 of %2 items").arg(shown).arg(inAll);
+    if (const auto selected = browser_.selectedEntries(); !selected.empty())
+        text += QStringLiteral("  ·  ") + selectionText(selected);
+    if (browser_.isEditing() && browser_.editProgress().total > 1)
+        text += QStringLiteral("  ·  ") + tessary::tr("%1 of %2 done")
+                                              .arg(browser_.editProgress().done)
+                                              .arg(browser_.editProgress().total);
+    else if (browser_.isLoading())
+        text += QStringLiteral("  ·  ") + tessary::tr("reading…");
+    status_->setText(text);
+    updateActions();
+}
+
+void BrowserView::updateActions() {
+    const std::size_t selected = static_cast<std::size_t>(browser_.selectedItems().size());
+    const bool isUsable =
+        browser_.files() != nullptr && browser_.state() != BrowserState::deviceLost;
+    actions_.back->setEnabled(isUsable && browser_.canGoBack());
+    actions_.forward->setEnabled(isUsable && browser_.canGoForward());
+    actions_.up->setEnabled(isUsable && browser_.canNavigateUp());
+    for (QAction* action : {actions_.reload, actions_.newFolder, actions_.uploadFiles,
+                            actions_.uploadFolder, actions_.selectAll, actions_.find})
+        action->setEnabled(isUsable);
+    for (QAction* action : {actions_.open, actions_.rename})
+        action->setEnabled(isUsable && selected == 1);
+    for (QAction* action : {actions_.remove, actions_.download})
+        action->setEnabled(isUsable && selected > 0);
+}
+
+void BrowserView::setGrid(bool grid) {
+    browser_.setViewMode(grid ? ViewMode::grid : ViewMode::list);
+    (grid ? actions_.asGrid : actions_.asList)->setChecked(true);
+    currentListing().setFocus();
+}
+
+QStringList BrowserView::selectedIds() const {
+    QStringList ids;
+    for (const FileItem& item : browser_.selectedEntries())
+        ids.append(item.id());
+    return ids;
+}
+
+void BrowserView::openSelected() {
+    const auto selected = browser_.selectedEntries();
+    if (selected.size() == 1 && selected.front().isDirectory)
+        browser_.enterFolder(selected.front().id());
+}
+
+void BrowserView::renameSelected() {
+    const QStringList ids = selectedIds();
+    if (ids.size() != 1)
+        return;
+    QAbstractItemView& view = currentListing();
+    const QModelIndex index = model_.indexOf(ids.front());
+    view.setCurrentIndex(index);
+    view.edit(index);
+}
+
+void BrowserView::removeSelected() {
+    const auto selected = browser_.selectedEntries();
+    if (selected.empty())
+        return;
+    QMessageBox question(QMessageBox::Warning, tessary::tr("browser.delete"),
+                         tessary::tr("browser.deleteConfirm"), QMessageBox::NoButton, this);
+    const QString what =
+        selected.size() == 1
+            ? tessary::tr("“%1” will be deleted from the phone.")
+                  .arg(printable(selected.front().name))
+            : tessary::tr("%1 items will be deleted from the phone.").arg(selected.size());
+    question.setInformativeText(what + QLatin1Char(' ') + tessary::tr("This cannot be undone."));
+    QAbstractButton* remove =
+        question.addButton(tessary::tr("browser.delete"), QMessageBox::DestructiveRole);
+    question.setDefaultButton(question.addButton(QMessageBox::Cancel));
+    const QStringList ids = selectedIds();
+    question.exec();
+    if (question.clickedButton() == remove)
+        browser_.deleteItems(ids);
+}
+
+void BrowserView::downloadSelected() {
+    const QStringList ids = selectedIds();
+    if (ids.isEmpty())
+        return;
+    const QString target = dialogs_.chooseTargetFolder(this);
+    if (!target.isEmpty())
+        browser_.downloadItems(ids, target);
+}
+
+void BrowserView::upload(const QStringList& paths) {
+    if (!paths.isEmpty())
+        browser_.uploadFiles(paths);
+}
+
+void BrowserView::showContextMenu(const QPoint& position) {
+    QMenu menu(this);
+    if (browser_.selectedItems().isEmpty()) {
+        for (QAction* action : {actions_.newFolder, actions_.uploadFiles, actions_.uploadFolder})
+            menu.addAction(action);
+        menu.addSeparator();
+        menu.addAction(actions_.reload);
+    } else {
+        const auto selected = browser_.selectedEntries();
+        if (selected.size() == 1 && selected.front().isDirectory)
+            menu.addAction(actions_.open);
+        menu.addAction(actions_.download);
+        menu.addSeparator();
+        menu.addAction(actions_.rename);
+        menu.addAction(actions_.remove);
+    }
+    if (const auto* view = qobject_cast<QAbstractScrollArea*>(sender()))
+        menu.exec(view->viewport()->mapToGlobal(position));
+    else
+        menu.exec(placeholder_->mapToGlobal(position));
+}
+
+bool BrowserView::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (watched == filter_) {
+        if (key == Qt::Key_Escape)
+            filter_->clear();
+        if (key == Qt::Key_Escape || key == Qt::Key_Return || key == Qt::Key_Down)
+            currentListing().setFocus();
+        return false;
+    }
+    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+        openSelected();
+        return true;
+    }
+    if (key == Qt::Key_Backspace) {
+        browser_.navigateUp();
+        return true;
+    }
+    return false;
+}
+
+void BrowserView::dragEnterEvent(QDragEnterEvent* event) {
+    const bool isUsable = browser_.files() != nullptr && browser_.state() == BrowserState::ready;
+    if (isUsable && event->mimeData()->hasUrls()) {
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+    }
+}
+
+void BrowserView::dragMoveEvent(QDragMoveEvent* event) {
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+/// The folder of the listing at a position of this widget; empty for anything else.
+QString BrowserView::folderUnder(const QPoint& position) const {
+    const QAbstractItemView& view = currentListing();
+    if (stack_->currentWidget() != &view)
+        return {};
+    const QModelIndex index = view.indexAt(view.viewport()->mapFrom(this, position));
+    return index.data(FileListModel::isDirectoryRole).toBool()
+               ? index.data(FileListModel::idRole).toString()
+               : QString();
+}
+
+void BrowserView::dropEvent(QDropEvent* event) {
+    QStringList paths;
+    for (const QUrl& url : event->mimeData()->urls())
+        if (url.isLocalFile())
+            paths.append(url.toLocalFile());
+    if (paths.isEmpty())
+        return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    browser_.uploadFiles(paths, folderUnder(event->position().toPoint()));
+}
+
+} // namespace tessary

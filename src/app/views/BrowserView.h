@@ -1,0 +1,105 @@
+#pragma once
+
+#include "files/FileBrowserViewModel.h"
+#include "files/FileListModel.h"
+
+#include <QHash>
+#include <QWidget>
+
+#include <functional>
+
+class QAbstractItemView;
+class QAction;
+class QLabel;
+class QLineEdit;
+class QMenu;
+class QStackedWidget;
+class QToolButton;
+
+namespace tessary {
+
+class BreadcrumbBar;
+class FileGridView;
+class FileTableView;
+class PlaceholderView;
+
+/// The files of one device: toolbar, listing, and a line about what is selected. It shows what the
+/// browser's view model has, and hands every wish of the user to it.
+class BrowserView : public QWidget {
+public:
+    /// The commands, for menus. Their state follows the browser.
+    struct Actions {
+        QAction* back;
+        QAction* forward;
+        QAction* up;
+        QAction* reload;
+        QAction* open;
+        QAction* newFolder;
+        QAction* rename;
+        QAction* remove;
+        QAction* download;
+        QAction* uploadFiles;
+        QAction* uploadFolder;
+        QAction* selectAll;
+        QAction* find;
+        QAction* asList;
+        QAction* asGrid;
+    };
+
+    /// Asks the user for a local folder, or for local files or a folder; empty when he declined.
+    struct Dialogs {
+        std::function<QString(QWidget*)> chooseTargetFolder;
+        std::function<QStringList(QWidget*)> chooseFiles;
+        std::function<QString(QWidget*)> chooseFolder;
+    };
+    [[nodiscard]] static Dialogs systemDialogs();
+
+    /// `browser` must outlive the view.
+    BrowserView(FileBrowserViewModel& browser, Dialogs dialogs, QWidget* parent = nullptr);
+
+    [[nodiscard]] const Actions& actions() const {
+        return actions_;
+    }
+    /// The listing that is shown, table or grid.
+    [[nodiscard]] QAbstractItemView& currentListing() const;
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QAction* addCommand(const char* iconName, const QString& text,
+                        const QList<QKeySequence>& shortcuts, std::function<void()> run);
+    void makeActions();
+    QWidget* makeToolbar();
+    void connectBrowser();
+    void showPath();
+    void showContent();
+    void showStatus();
+    void updateActions();
+    void showContextMenu(const QPoint& position);
+    void openSelected();
+    void renameSelected();
+    void removeSelected();
+    void downloadSelected();
+    void upload(const QStringList& paths);
+    void setGrid(bool grid);
+    [[nodiscard]] QStringList selectedIds() const;
+    [[nodiscard]] QString folderUnder(const QPoint& position) const;
+
+    FileBrowserViewModel& browser_;
+    Dialogs dialogs_;
+    FileListModel model_;
+    Actions actions_{};
+    BreadcrumbBar* breadcrumbs_;
+    QLineEdit* filter_;
+    QStackedWidget* stack_;
+    FileTableView* table_;
+    FileGridView* grid_;
+    PlaceholderView* placeholder_;
+    QLabel* status_;
+};
+
+} // namespace tessary

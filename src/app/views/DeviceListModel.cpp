@@ -1,0 +1,99 @@
+#include "app/views/DeviceListModel.h"
+
+#include "app/Translations.h"
+#include "app/views/Icons.h"
+#include "core/ByteFormat.h"
+#include "core/Printable.h"
+
+#include <algorithm>
+
+namespace tessary {
+
+DeviceListModel::DeviceListModel(const DeviceManager& manager, QObject* parent)
+    : QAbstractListModel(parent), manager_(manager), devices_(manager.devices()) {
+    connect(&manager, &DeviceManager::devicesChanged, this, &DeviceListModel::update);
+}
+
+int DeviceListModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(devices_.size());
+}
+
+QVariant DeviceListModel::data(const QModelIndex& index, int role) const {
+    const DeviceInfo* device = deviceAt(index);
+    if (device == nullptr)
+        return {};
+    const QString name = printable(device->deviceName.value_or(device->udid));
+    switch (role) {
+    case Qt::DisplayRole:
+        return name;
+    case Qt::DecorationRole:
+        return icon(systemImage(device->platform));
+    case Qt::ToolTipRole:
+        return QStringLiteral("%1\n%2").arg(name, printable(device->udid));
+    case Qt::AccessibleTextRole:
+        return QStringLiteral("%1, %2, %3")
+            .arg(name, deviceDetail(*device), deviceStorageText(*device));
+    default:
+        return {};
+    }
+}
+
+const DeviceInfo* DeviceListModel::deviceAt(const QModelIndex& index) const {
+    if (!index.isValid() || index.row() >= rowCount())
+        return nullptr;
+    return &devices_[static_cast<std::size_t>(index.row())];
+}
+
+QModelIndex DeviceListModel::indexOf(const QString& id) const {
+    const auto found = std::find_if(devices_.begin(), devices_.end(),
+                                    [&](const DeviceInfo& device) { return device.id() == id; });
+    return found == devices_.end() ? QModelIndex()
+                                   : index(static_cast<int>(found - devices_.begin()));
+}
+
+void DeviceListModel::update() {
+    const std::vector<DeviceInfo>& now = manager_.devices();
+    const auto holds = [](const std::vector<DeviceInfo>& list, const DeviceInfo& device) {
+        return std::any_of(list.begin(), list.end(),
+                           [&](const DeviceInfo& other) { return other.id() == device.id(); });
+    };
+    for (int row = rowCount() - 1; row >= 0; --row) {
+        if (holds(now, devices_[static_cast<std::size_t>(row)]))
+            continue;
+        beginRemoveRows({}, row, row);
+        devices_.erase(devices_.begin() + row);
+        endRemoveRows();
+    }
+    for (std::size_t i = 0; i < now.size(); ++i) {
+        const int row = static_cast<int>(i);
+        if (i >= devices_.size() || devices_[i].id() != now[i].id()) {
+            beginInsertRows({}, row, row);
+            devices_.insert(devices_.begin() + row, now[i]);
+            endInsertRows();
+        } else if (devices_[i] != now[i]) {
+            devices_[i] = now[i];
+            Q_EMIT dataChanged(index(row), index(row));
+        }
+    }
+}
+
+QString deviceDetail(const DeviceInfo& device) {
+    const QString mode = tessary::tr(rawValue(device.protocolMode));
+    if (!device.batteryLevel)
+        return mode;
+    return QStringLiteral("%1  ·  %2")
+        .arg(mode, tessary::tr("Battery %1 %").arg(*device.batteryLevel));
+}
+
+QString deviceStorageText(const DeviceInfo& device) {
+    if (device.isLocked)
+        return tessary::tr("Locked: unlock it");
+    if (device.volumes.empty())
+        return device.formattedStorageSummary().value_or(tessary::tr("Reading storage…"));
+    const StorageVolume& first = device.volumes.front();
+    return tessary::tr("%1 free of %2")
+        .arg(formatBytes(static_cast<qint64>(std::min(first.freeBytes, first.totalBytes))),
+             formatBytes(static_cast<qint64>(first.totalBytes)));
+}
+
+} // namespace tessary

@@ -1,0 +1,52 @@
+#include "app/views/FileItemDelegate.h"
+
+#include "app/Translations.h"
+#include "app/views/Icons.h"
+#include "core/Printable.h"
+#include "files/FileListModel.h"
+
+#include <QLineEdit>
+#include <QTimer>
+
+namespace tessary {
+
+QString FileItemDelegate::displayText(const QVariant& value, const QLocale& locale) const {
+    if (value.typeId() == QMetaType::QDateTime) {
+        // Seconds only take room.
+        const QDateTime date = value.toDateTime().toLocalTime();
+        QString timeFormat = locale.timeFormat(QLocale::ShortFormat);
+        timeFormat.remove(QStringLiteral(":ss"));
+        return QStringLiteral("%1  %2").arg(locale.toString(date.date(), QLocale::ShortFormat),
+                                            locale.toString(date.time(), timeFormat));
+    }
+    return printable(QStyledItemDelegate::displayText(value, locale));
+}
+
+void FileItemDelegate::initStyleOption(QStyleOptionViewItem* option,
+                                       const QModelIndex& index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (index.column() == FileListModel::kindColumn)
+        option->text = tessary::tr(option->text);
+    if (index.column() == FileListModel::sizeColumn)
+        option->displayAlignment = Qt::AlignRight | Qt::AlignVCenter;
+    if (index.column() != FileListModel::nameColumn)
+        return;
+    option->features |= QStyleOptionViewItem::HasDecoration;
+    option->icon = fileIcon(index.data(FileListModel::iconNameRole).toString());
+}
+
+void FileItemDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
+    QStyledItemDelegate::setEditorData(editor, index);
+    auto* line = qobject_cast<QLineEdit*>(editor);
+    if (line == nullptr)
+        return;
+    const QString name = line->text();
+    const qsizetype dot = name.lastIndexOf(QLatin1Char('.'));
+    const bool hasStem = dot > 0 && !index.data(FileListModel::isDirectoryRole).toBool();
+    // The view selects everything right after this.
+    QTimer::singleShot(0, line, [line, length = hasStem ? dot : name.size()] {
+        line->setSelection(0, static_cast<int>(length));
+    });
+}
+
+} // namespace tessary

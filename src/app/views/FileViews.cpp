@@ -1,0 +1,138 @@
+#include "app/views/FileViews.h"
+
+#include "app/Translations.h"
+#include "app/views/FileItemDelegate.h"
+
+#include <QHeaderView>
+#include <QMouseEvent>
+
+namespace tessary {
+
+namespace {
+
+void setUp(QAbstractItemView& view, FileListModel& model) {
+    view.setModel(&model);
+    view.setItemDelegate(new FileItemDelegate(&view));
+    view.setSelectionMode(QAbstractItemView::ExtendedSelection);
+    view.setSelectionBehavior(QAbstractItemView::SelectRows);
+    view.setEditTriggers(QAbstractItemView::EditKeyPressed);
+    view.setDragDropMode(QAbstractItemView::NoDragDrop);
+    view.setContextMenuPolicy(Qt::CustomContextMenu);
+    view.setFrameShape(QFrame::NoFrame);
+    view.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+}
+
+QSet<QString> selectedIds(const QItemSelectionModel& selection) {
+    QSet<QString> ids;
+    for (const QModelIndex& index : selection.selectedRows(FileListModel::nameColumn))
+        ids.insert(index.data(FileListModel::idRole).toString());
+    return ids;
+}
+
+/// Neighbouring rows become one range: a selection of everything is one range, not 100,000.
+QItemSelection rangesOf(const FileListModel& model, const QSet<QString>& ids) {
+    QList<int> rows;
+    for (const QString& id : ids)
+        if (const QModelIndex index = model.indexOf(id); index.isValid())
+            rows.append(index.row());
+    std::sort(rows.begin(), rows.end());
+    QItemSelection selection;
+    for (qsizetype i = 0; i < rows.size();) {
+        qsizetype end = i;
+        while (end + 1 < rows.size() && rows[end + 1] == rows[end] + 1)
+            ++end;
+        selection.append(QItemSelectionRange(
+            model.index(rows[i], 0), model.index(rows[end], FileListModel::columnsInAll - 1)));
+        i = end + 1;
+    }
+    return selection;
+}
+
+} // namespace
+
+void connectSelection(QAbstractItemView& view, FileListModel& model,
+                      FileBrowserViewModel& browser) {
+    QItemSelectionModel* selection = view.selectionModel();
+    const auto take = [&browser, selection] {
+        const QString current = selection->currentIndex()
+                                    .siblingAtColumn(FileListModel::nameColumn)
+                                    .data(FileListModel::idRole)
+                                    .toString();
+        browser.setSelection(selectedIds(*selection), current);
+    };
+    QObject::connect(selection, &QItemSelectionModel::selectionChanged, &browser, take);
+    QObject::connect(&browser, &FileBrowserViewModel::selectionChanged, selection,
+                     [&view, &model, &browser, selection] {
+                         if (selectedIds(*selection) == browser.selectedItems())
+                             return;
+                         const QSignalBlocker quiet(&browser);
+                         selection->select(rangesOf(model, browser.selectedItems()),
+                                           QItemSelectionModel::ClearAndSelect |
+                                               QItemSelectionModel::Rows);
+                         const auto current = browser.currentItemID();
+                         if (!current)
+                             return;
+                         const QModelIndex index = model.indexOf(*current);
+                         selection->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+                         view.scrollTo(index);
+                     });
+}
+
+FileTableView::FileTableView(FileBrowserViewModel& browser, FileListModel& model, QWidget* parent)
+    : QTreeView(parent), browser_(browser) {
+    setObjectName(QStringLiteral("fileTable"));
+    setAccessibleName(tessary::tr("Files"));
+    setUp(*this, model);
+    setRootIsDecorated(false);
+    setUniformRowHeights(true);
+    setAlternatingRowColors(true);
+    setAllColumnsShowFocus(true);
+    setSortingEnabled(true);
+    setIconSize({24, 24});
+    sortByColumn(FileListModel::nameColumn, Qt::AscendingOrder);
+    header()->setStretchLastSection(false);
+    header()->setSectionResizeMode(FileListModel::nameColumn, QHeaderView::Stretch);
+    header()->setHighlightSections(false);
+    header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    header()->setStyleSheet(QStringLiteral("QHeaderView::section { padding: 4px 8px; }"));
+    header()->resizeSection(FileListModel::sizeColumn, 110);
+    header()->resizeSection(FileListModel::dateColumn, 170);
+    header()->resizeSection(FileListModel::kindColumn, 130);
+    setStyleSheet(QStringLiteral("QTreeView::item { height: 32px; padding: 0 8px 0 4px; }"));
+}
+
+void FileTableView::keyboardSearch(const QString& search) {
+    browser_.handleTypeahead(search);
+}
+
+void FileTableView::mousePressEvent(QMouseEvent* event) {
+    // A press beside the rows drops the selection, as in every file manager.
+    if (!indexAt(event->pos()).isValid())
+        clearSelection();
+    QTreeView::mousePressEvent(event);
+}
+
+FileGridView::FileGridView(FileBrowserViewModel& browser, FileListModel& model, QWidget* parent)
+    : QListView(parent), browser_(browser) {
+    setObjectName(QStringLiteral("fileGrid"));
+    setAccessibleName(tessary::tr("Files"));
+    setUp(*this, model);
+    setModelColumn(FileListModel::nameColumn);
+    setViewMode(QListView::IconMode);
+    setMovement(QListView::Static);
+    setResizeMode(QListView::Adjust);
+    setLayoutMode(QListView::Batched);
+    setBatchSize(500);
+    setUniformItemSizes(true);
+    setWordWrap(true);
+    setTextElideMode(Qt::ElideMiddle);
+    setIconSize({64, 64});
+    setGridSize({140, 124});
+    setSpacing(4);
+}
+
+void FileGridView::keyboardSearch(const QString& search) {
+    browser_.handleTypeahead(search);
+}
+
+} // namespace tessary

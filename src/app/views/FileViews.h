@@ -1,0 +1,39 @@
+#pragma once
+
+#include "files/FileBrowserViewModel.h"
+#include "files/FileListModel.h"
+
+#include <QListView>
+#include <QTreeView>
+
+namespace tessary {
+
+/// The files as a table with sortable columns.
+class FileTableView : public QTreeView {
+public:
+    FileTableView(FileBrowserViewModel& browser, FileListModel& model, QWidget* parent = nullptr);
+
+    void keyboardSearch(const QString& search) override;
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+
+private:
+    FileBrowserViewModel& browser_;
+};
+
+/// The files as a grid of icons.
+class FileGridView : public QListView {
+public:
+    FileGridView(FileBrowserViewModel& browser, FileListModel& model, QWidget* parent = nullptr);
+
+    void keyboardSearch(const QString& search) override;
+
+private:
+    FileBrowserViewModel& browser_;
+};
+
+/// Keeps the selection of a view and that of the browser the same, in both directions.
+void connectSelection(QAbstractItemView& view, FileListModel& model, FileBrowserViewModel& browser);
+
+} // namespace tessary

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QWidget>
+
+#include <functional>
+
+class QLabel;
+class QProgressBar;
+class QPushButton;
+
+namespace tessary {
+
+/// A picture and a few words where there are no files to show, with one step to take.
+class PlaceholderView : public QWidget {
+public:
+    explicit PlaceholderView(QWidget* parent = nullptr);
+
+    /// Without an `action` there is no button; `isBusy` shows that something is under way.
+    void show(const QString& iconName, const QString& title, const QString& detail,
+              const QString& actionTitle = {}, std::function<void()> action = {},
+              bool isBusy = false);
+
+private:
+    QLabel* picture_;
+    QLabel* title_;
+    QLabel* detail_;
+    QPushButton* button_;
+    QProgressBar* busy_;
+    std::function<void()> action_;
+};
+
+} // namespace tessary

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QFrame>
+#include <QString>
+
+#include <functional>
+#include <vector>
+
+class QHBoxLayout;
+class QLabel;
+class QToolButton;
+
+namespace tessary {
+
+/// One step that a banner offers.
+struct BannerAction {
+    QString title;
+    std::function<void()> run;
+};
+
+struct BannerMessage {
+    enum class Kind { information, warning, error };
+    Kind kind = Kind::information;
+    QString text;   ///< what happened
+    QString advice; ///< what to do; may be empty
+    std::vector<BannerAction> actions;
+    bool canBeClosed = true;
+
+    [[nodiscard]] bool isSame(const BannerMessage& other) const {
+        return kind == other.kind && text == other.text && advice == other.advice;
+    }
+};
+
+/// A strip above the files that says what is wrong and what to do about it.
+class StatusBanner : public QFrame {
+public:
+    explicit StatusBanner(QWidget* parent = nullptr);
+
+    /// Shows a message in place of the one before.
+    void show(const BannerMessage& message);
+    void clear();
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void applyColours();
+
+    QLabel* icon_;
+    QLabel* text_;
+    QLabel* advice_;
+    QHBoxLayout* buttons_;
+    QToolButton* close_;
+    BannerMessage message_;
+};
+
+} // namespace tessary

@@ -1,0 +1,229 @@
+#include "app/views/Tour.h"
+
+#include "app/views/StatusBanner.h"
+
+#include <QAbstractItemView>
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QLineEdit>
+#include <QPainter>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <cstdio>
+#include <stdexcept>
+
+namespace tessary {
+
+namespace {
+
+constexpr int stepLimit = 20'000; // ms that a step may take
+constexpr int settleTime = 250;   // ms for layouts and animations
+constexpr double slowSpeed = 6;   // MB/s, so that a transfer can be seen running
+
+} // namespace
+
+Tour::Tour(MainWindow& window, TourPhone phone, const QString& folder)
+    : window_(window), phone_(std::move(phone)), folder_(folder) {}
+
+bool Tour::run() {
+    try {
+        if (!QDir().mkpath(folder_))
+            throw std::runtime_error("the folder for the screenshots cannot be made");
+        welcome();
+        browse();
+        edit();
+        transfer();
+        fail();
+        lockAndLose();
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "tessary: the tour stopped: %s\n", error.what());
+        return false;
+    }
+    std::fprintf(stderr, "tessary: %d screenshots are in %s\n", number_, qUtf8Printable(folder_));
+    return true;
+}
+
+void Tour::waitFor(const char* what, const std::function<bool()>& condition) {
+    QElapsedTimer clock;
+    clock.start();
+    while (!condition()) {
+        if (clock.elapsed() > stepLimit)
+            throw std::runtime_error(std::string("waited in vain for ") + what);
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 20);
+        QEventLoop pause;
+        QTimer::singleShot(10, &pause, &QEventLoop::quit);
+        pause.exec();
+    }
+}
+
+void Tour::settle() {
+    QEventLoop pause;
+    QTimer::singleShot(settleTime, &pause, &QEventLoop::quit);
+    pause.exec();
+}
+
+void Tour::shoot(const QString& name) {
+    settle();
+    const QString file = QStringLiteral("%1/%2-%3.png")
+                             .arg(folder_)
+                             .arg(++number_, 2, 10, QLatin1Char('0'))
+                             .arg(name);
+    // A dialog stands in front of the window: both are in the picture.
+    QPixmap picture = window_.grab();
+    if (QWidget* dialog = QApplication::activeModalWidget()) {
+        QPainter painter(&picture);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.fillRect(picture.rect(), QColor(0, 0, 0, 70));
+        const QPixmap front = dialog->grab();
+        painter.drawPixmap((window_.width() - dialog->width()) / 2,
+                           (window_.height() - dialog->height()) / 2, front);
+    }
+    if (!picture.save(file))
+        throw std::runtime_error("cannot write " + file.toStdString());
+}
+
+void Tour::open(const QString& path) {
+    window_.browser().navigateTo(path);
+    waitFor("a folder", [this] { return !window_.browser().isLoading(); });
+}
+
+void Tour::selectNamed(const QStringList& names) {
+    FileBrowserViewModel& browser = window_.browser();
+    SelectionChange how = SelectionChange::replace;
+    for (const FileItem& item : browser.filteredItems()) {
+        if (!names.contains(item.name))
+            continue;
+        browser.selectItem(item.id(), how);
+        how = SelectionChange::toggle;
+    }
+}
+
+void Tour::welcome() {
+    shoot(QStringLiteral("welcome"));
+    phone_.plugIn();
+    waitFor("the phone's storage", [this] {
+        const auto& device = window_.browser().activeDevice();
+        return device && device->isDataAccessible() && !window_.browser().isLoading();
+    });
+}
+
+void Tour::browse() {
+    FileBrowserViewModel& browser = window_.browser();
+    shoot(QStringLiteral("storage"));
+    open(QStringLiteral("/sdcard/DCIM/Camera"));
+    const auto rows = browser.filteredItems();
+    for (std::size_t i = 1; i < std::min<std::size_t>(rows.size(), 4); ++i)
+        browser.selectItem(rows[i].id(),
+                           i == 1 ? SelectionChange::replace : SelectionChange::extend);
+    shoot(QStringLiteral("list"));
+    browser.setViewMode(ViewMode::grid);
+    window_.browserView().currentListing().setFocus();
+    shoot(QStringLiteral("grid"));
+    browser.setViewMode(ViewMode::list);
+    open(QStringLiteral("/sdcard/Download/Archive"));
+    browser.setSearchText(QStringLiteral("12"));
+    shoot(QStringLiteral("filter"));
+    browser.setSearchText(QStringLiteral("no such name"));
+    shoot(QStringLiteral("no-results"));
+    browser.setSearchText({});
+}
+
+void Tour::edit() {
+    FileBrowserViewModel& browser = window_.browser();
+    open(QStringLiteral("/sdcard/Documents"));
+    bool isMade = false;
+    const auto made = QObject::connect(&browser, &FileBrowserViewModel::folderCreated, &window_,
+                                       [&isMade] { isMade = true; });
+    browser.createFolder();
+    waitFor("the new folder", [&isMade] { return isMade; });
+    QObject::disconnect(made);
+    shoot(QStringLiteral("new-folder"));
+    window_.browserView().currentListing().setFocus();
+
+    // The question is a dialog that runs its own loop: the picture is taken from within it.
+    QTimer::singleShot(settleTime, &window_, [this] {
+        if (QWidget* question = QApplication::activeModalWidget()) {
+            shoot(QStringLiteral("delete-question"));
+            question->close();
+        }
+    });
+    window_.browserView().actions().remove->trigger();
+}
+
+void Tour::transfer() {
+    FileBrowserViewModel& browser = window_.browser();
+    TransferViewModel& transfers = window_.transfers();
+    const QTemporaryDir target;
+    phone_.setSpeed(slowSpeed);
+    open(QStringLiteral("/sdcard"));
+    selectNamed({QStringLiteral("Music"), QStringLiteral("DCIM"), QStringLiteral("Documents")});
+    QStringList ids;
+    for (const FileItem& item : browser.selectedEntries())
+        ids.append(item.id());
+    browser.downloadItems(ids, target.path());
+    waitFor("a running transfer", [&] {
+        return std::any_of(transfers.jobs().begin(), transfers.jobs().end(),
+                           [](const TransferJob& job) {
+                               return job.status == TransferJob::TransferStatus::inProgress &&
+                                      job.bytesPerSecond > 0 && job.fractionDone() > 0.25;
+                           });
+    });
+    shoot(QStringLiteral("transfer-running"));
+    phone_.setSpeed(0);
+    waitFor("the end of the transfers", [&] { return transfers.summary().isIdle(); });
+    shoot(QStringLiteral("transfer-finished"));
+    transfers.clearCompleted();
+}
+
+void Tour::fail() {
+    TransferViewModel& transfers = window_.transfers();
+    phone_.setStorageFull(true);
+    open(QStringLiteral("/sdcard/Download"));
+    window_.browser().createFolder(QStringLiteral("Backup"));
+    waitFor("an error", [this] { return window_.browser().error().has_value(); });
+    shoot(QStringLiteral("error-banner"));
+    window_.browser().dismissError();
+    const QTemporaryDir source;
+    QFile file(source.filePath(QStringLiteral("Holiday.mp4")));
+    if (!file.open(QIODevice::WriteOnly) || !file.resize(4'000'000))
+        throw std::runtime_error("cannot write a sample file");
+    file.close();
+    window_.browser().uploadFiles({file.fileName()});
+    waitFor("a failed transfer",
+            [&] { return !transfers.jobs().empty() && transfers.jobs().back().isFinished(); });
+    shoot(QStringLiteral("transfer-failed"));
+    phone_.setStorageFull(false);
+    transfers.clearCompleted();
+
+    phone_.setHeld(true);
+    waitFor("the other program", [this] {
+        const auto* banner = window_.findChild<StatusBanner*>(QStringLiteral("statusBanner"));
+        return banner != nullptr && banner->isVisible();
+    });
+    shoot(QStringLiteral("held-by-another-program"));
+    phone_.setHeld(false);
+}
+
+void Tour::lockAndLose() {
+    phone_.setLocked(true);
+    waitFor("the locked phone", [this] {
+        const auto& device = window_.browser().activeDevice();
+        return device && device->isLocked;
+    });
+    shoot(QStringLiteral("locked"));
+    phone_.setLocked(false);
+    waitFor("the unlocked phone", [this] {
+        const auto& device = window_.browser().activeDevice();
+        return device && device->isDataAccessible() && !window_.browser().isLoading();
+    });
+    phone_.unplug();
+    waitFor("the loss of the phone",
+            [this] { return window_.browser().state() == BrowserState::deviceLost; });
+    shoot(QStringLiteral("phone-gone"));
+}
+
+} // namespace tessary

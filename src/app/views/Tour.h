@@ -1,0 +1,55 @@
+#pragma once
+
+#include "app/views/MainWindow.h"
+
+#include <QString>
+
+#include <functional>
+
+namespace tessary {
+
+/// What a tour may do to the virtual phone that it is shown on.
+struct TourPhone {
+    std::function<void()> plugIn;
+    std::function<void()> unplug;
+    std::function<void(bool)> setLocked;
+    /// The next uploads find the storage full, or not.
+    std::function<void(bool)> setStorageFull;
+    /// Another program holds the phone, or not.
+    std::function<void(bool)> setHeld;
+    /// Megabytes a second; 0 for no limit.
+    std::function<void(double)> setSpeed;
+};
+
+/// Walks through the window as a person would and writes numbered screenshots. Main thread.
+class Tour {
+public:
+    /// `window` must outlive the tour; it is shown already, with no phone plugged in.
+    Tour(MainWindow& window, TourPhone phone, const QString& folder);
+
+    /// False, with the reason on standard error, when a step did not come about or a picture could
+    /// not be written.
+    [[nodiscard]] bool run();
+
+private:
+    void welcome();
+    void browse();
+    void edit();
+    void transfer();
+    void fail();
+    void lockAndLose();
+
+    /// Lets the window work until `condition` holds; throws when it does not within a bound.
+    void waitFor(const char* what, const std::function<bool()>& condition);
+    void settle();
+    void open(const QString& path);
+    void selectNamed(const QStringList& names);
+    void shoot(const QString& name);
+
+    MainWindow& window_;
+    TourPhone phone_;
+    QString folder_;
+    int number_ = 0;
+};
+
+} // namespace tessary

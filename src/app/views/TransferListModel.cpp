@@ -1,0 +1,76 @@
+#include "app/views/TransferListModel.h"
+
+#include "app/Translations.h"
+#include "app/views/Icons.h"
+#include "core/ByteFormat.h"
+#include "core/Printable.h"
+
+namespace tessary {
+
+TransferListModel::TransferListModel(TransferViewModel& transfers, QObject* parent)
+    : QAbstractListModel(parent), transfers_(transfers) {
+    connect(&transfers, &TransferViewModel::jobAboutToBeAdded, this,
+            [this](int row) { beginInsertRows({}, row, row); });
+    connect(&transfers, &TransferViewModel::jobAdded, this, [this] { endInsertRows(); });
+    connect(&transfers, &TransferViewModel::jobsAboutToBeRemoved, this,
+            [this](int first, int last) { beginRemoveRows({}, first, last); });
+    connect(&transfers, &TransferViewModel::jobsRemoved, this, [this] { endRemoveRows(); });
+    connect(&transfers, &TransferViewModel::jobChanged, this,
+            [this](int row) { Q_EMIT dataChanged(index(row), index(row)); });
+}
+
+int TransferListModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(transfers_.jobs().size());
+}
+
+const TransferJob* TransferListModel::jobAt(const QModelIndex& index) const {
+    if (!index.isValid() || index.row() >= rowCount())
+        return nullptr;
+    return &transfers_.jobs()[static_cast<std::size_t>(index.row())];
+}
+
+QVariant TransferListModel::data(const QModelIndex& index, int role) const {
+    const TransferJob* job = jobAt(index);
+    if (job == nullptr)
+        return {};
+    switch (role) {
+    case Qt::DisplayRole:
+        return printable(job->name);
+    case Qt::DecorationRole:
+        return icon(job->type == TransferJob::TransferType::upload ? "arrow-up" : "arrow-down");
+    case Qt::ToolTipRole:
+        return QStringLiteral("%1\n→ %2%3")
+            .arg(printable(job->sourcePath), printable(job->destinationPath),
+                 job->advice.isEmpty() ? QString() : QLatin1Char('\n') + job->advice);
+    case Qt::AccessibleTextRole:
+        return QStringLiteral("%1 %2, %3")
+            .arg(tessary::tr(rawValue(job->type)), printable(job->name), transferDetail(*job));
+    default:
+        return {};
+    }
+}
+
+QString transferDetail(const TransferJob& job) {
+    using Status = TransferJob::TransferStatus;
+    if (job.status == Status::failed)
+        return printable(job.error.value_or(QString()) +
+                         (job.advice.isEmpty() ? QString() : QLatin1Char(' ') + job.advice));
+    if (job.status == Status::completed)
+        return QStringLiteral("%1  ·  %2")
+            .arg(tessary::tr(rawValue(job.status)), formatBytes(job.progress.totalBytes));
+    if (job.status != Status::inProgress)
+        return tessary::tr(rawValue(job.status));
+    if (job.isFinishing)
+        return tessary::tr("Finishing: the phone is still storing the file");
+    QString text = job.progress.bytesDescription();
+    if (job.progress.totalFiles > 1)
+        text += QStringLiteral("  ·  ") + job.progress.fileCountDescription();
+    if (job.bytesPerSecond >= 1)
+        text +=
+            QStringLiteral("  ·  %1/s").arg(formatBytes(static_cast<qint64>(job.bytesPerSecond)));
+    if (job.timeLeft)
+        text += QStringLiteral("  ·  ") + tessary::tr("%1 left").arg(formatDuration(*job.timeLeft));
+    return text;
+}
+
+} // namespace tessary

@@ -1,0 +1,102 @@
+#include "app/views/TransferPanel.h"
+
+#include "app/Translations.h"
+#include "app/views/TransferDelegate.h"
+#include "core/ByteFormat.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListView>
+#include <QPushButton>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+namespace tessary {
+
+QString summaryText(const TransferSummary& summary) {
+    if (summary.isIdle())
+        return tessary::tr("All transfers have ended");
+    const int inAll = summary.finished + summary.running + summary.queued;
+    QString text = tessary::tr("%1 of %2").arg(summary.finished + summary.running).arg(inAll) +
+                   QStringLiteral("  ·  %1 / %2")
+                       .arg(formatBytes(summary.doneBytes), formatBytes(summary.totalBytes));
+    if (summary.bytesPerSecond >= 1)
+        text += QStringLiteral("  ·  %1/s")
+                    .arg(formatBytes(static_cast<qint64>(summary.bytesPerSecond)));
+    if (summary.timeLeft)
+        text +=
+            QStringLiteral("  ·  ") + tessary::tr("%1 left").arg(formatDuration(*summary.timeLeft));
+    return text;
+}
+
+TransferPanel::TransferPanel(TransferViewModel& transfers, QWidget* parent)
+    : QWidget(parent),
+      transfers_(transfers),
+      model_(transfers),
+      title_(new QLabel),
+      cancelAll_(new QPushButton(tessary::tr("Cancel All"))),
+      clear_(new QPushButton(tessary::tr("Clear Finished"))),
+      list_(new QListView) {
+    setObjectName(QStringLiteral("transferPanel"));
+    auto* heading = new QLabel(tessary::tr("Transfers"));
+    QFont bold = heading->font();
+    bold.setWeight(QFont::DemiBold);
+    heading->setFont(bold);
+    title_->setForegroundRole(QPalette::PlaceholderText);
+    title_->setObjectName(QStringLiteral("transferSummary"));
+
+    list_->setObjectName(QStringLiteral("transferList"));
+    list_->setAccessibleName(tessary::tr("Transfers"));
+    list_->setModel(&model_);
+    list_->setItemDelegate(new TransferDelegate(
+        [this](const QModelIndex& index) {
+            if (const TransferJob* job = model_.jobAt(index))
+                transfers_.cancelJob(job->id);
+        },
+        list_));
+    list_->setFrameShape(QFrame::NoFrame);
+    list_->setUniformItemSizes(true);
+    list_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    list_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    auto* cancel = new QShortcut(QKeySequence::Delete, list_);
+    cancel->setContext(Qt::WidgetShortcut);
+    connect(cancel, &QShortcut::activated, this, &TransferPanel::cancelSelected);
+    connect(cancelAll_, &QPushButton::clicked, this, [this] { transfers_.cancelAll(); });
+    connect(clear_, &QPushButton::clicked, this, [this] { transfers_.clearCompleted(); });
+    connect(&model_, &QAbstractItemModel::rowsInserted, this, [this] { list_->scrollToBottom(); });
+    connect(&transfers_, &TransferViewModel::summaryChanged, this, &TransferPanel::showSummary);
+    connect(&model_, &QAbstractItemModel::rowsRemoved, this, &TransferPanel::showSummary);
+
+    auto* header = new QHBoxLayout;
+    header->setContentsMargins(14, 6, 10, 6);
+    header->setSpacing(12);
+    header->addWidget(heading);
+    header->addWidget(title_, 1);
+    header->addWidget(cancelAll_);
+    header->addWidget(clear_);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addLayout(header);
+    column->addWidget(list_, 1);
+    showSummary();
+}
+
+void TransferPanel::showSummary() {
+    const TransferSummary& summary = transfers_.summary();
+    title_->setText(summaryText(summary));
+    cancelAll_->setVisible(!summary.isIdle());
+    clear_->setEnabled(summary.finished > 0);
+    setVisible(!transfers_.jobs().empty());
+}
+
+void TransferPanel::cancelSelected() {
+    QList<QUuid> ids;
+    for (const QModelIndex& index : list_->selectionModel()->selectedIndexes())
+        if (const TransferJob* job = model_.jobAt(index))
+            ids.append(job->id);
+    for (const QUuid& id : ids)
+        transfers_.cancelJob(id);
+}
+
+} // namespace tessary
