@@ -170,6 +170,7 @@ std::shared_ptr<DeviceLane> MTPFileBackend::laneOf(const DeviceInfo& device) {
 template <typename Work>
 void MTPFileBackend::withSession(const DeviceInfo& device, const std::stop_token& stop, Work work) {
     DeviceLane::Turn turn = laneOf(device)->enter(stop);
+    throwIfStopped(stop);
     MTPSession session(bus_, device, cache_);
     work(session, turn);
 }

@@ -206,6 +206,26 @@ TEST_F(DeviceFileServiceTest, pollsDoNotTouchABusyPhone) {
     EXPECT_TRUE(service_->fetchLiveDeviceInfo(phone().info));
 }
 
+TEST_F(DeviceFileServiceTest, stoppedCallsEndAsCancelled) {
+    phone().write(QStringLiteral("A/f"), "f");
+    const FileItem file = item("/A/f");
+    const FileItem folder = item("/A");
+    std::stop_source stop;
+    stop.request_stop();
+    const std::stop_token stopped = stop.get_token();
+    const DeviceInfo& device = phone().info;
+    EXPECT_THROW((void)service_->listDirectory(file.path.left(2), device, stopped),
+                 CancellationError);
+    EXPECT_THROW(
+        service_->downloadFile(file, local_.path(QStringLiteral("f")), device, {}, stopped),
+        CancellationError);
+    EXPECT_THROW((void)service_->downloadDirectory(folder, local_.path(), device, {}, stopped),
+                 CancellationError);
+    EXPECT_THROW(service_->deleteFile(file, device, stopped), CancellationError);
+    EXPECT_TRUE(local_.names().isEmpty());
+    EXPECT_EQ(phone().content(QStringLiteral("A/f")), "f");
+}
+
 TEST_F(DeviceFileServiceTest, callsFromManyThreadsTakeTurns) {
     for (int n = 0; n < 10; ++n)
         phone().write(QStringLiteral("D/%1").arg(n), QByteArray(1000, 'd'));
