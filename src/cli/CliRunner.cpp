@@ -1,5 +1,7 @@
 #include "cli/CliRunner.h"
 
+#include "cli/DeviceChanges.h"
+#include "cli/DeviceFollower.h"
 #include "cli/ProgressPrinter.h"
 #include "cli/RecordJson.h"
 #include "core/ByteFormat.h"
@@ -20,6 +22,9 @@
 namespace tessary {
 
 namespace {
+
+/// Time for a silent phone to be given up on.
+constexpr std::chrono::seconds detailsPatience(15);
 
 QString shownDate(const FileItem& item) {
     return item.modifiedDate ? item.modifiedDate->toString(QStringLiteral("yyyy-MM-dd HH:mm"))
@@ -49,9 +54,10 @@ CliRunner::CliRunner(UsbBus& bus, DeviceFileService& files, std::FILE* out, std:
 CliRunner::ExitStatus CliRunner::run(const CliRequest& request,
                                      const std::stop_token& stop) noexcept {
     using Step = void (CliRunner::*)();
-    static constexpr std::array<Step, 8> steps{
-        &CliRunner::devices, &CliRunner::list,        &CliRunner::info,   &CliRunner::get,
-        &CliRunner::put,     &CliRunner::makeFolders, &CliRunner::remove, &CliRunner::move};
+    static constexpr std::array<Step, 9> steps{
+        &CliRunner::devices,     &CliRunner::watch,  &CliRunner::list,
+        &CliRunner::info,        &CliRunner::get,    &CliRunner::put,
+        &CliRunner::makeFolders, &CliRunner::remove, &CliRunner::move};
     request_ = request;
     stop_ = stop;
     device_.reset();
@@ -117,33 +123,50 @@ DeviceInfo CliRunner::chosenDevice() {
             .arg(request_.device));
 }
 
+/// Devices that have not told their figures by then are listed without.
 void CliRunner::devices() {
-    std::vector<DeviceInfo> all = scanAndroidDevices(bus_, request_.alsoAccept);
-    for (DeviceInfo& device : all) {
+    DeviceFollower follower(DeviceFollower::Mode::once, bus_, files_, request_.alsoAccept);
+    const auto end = std::chrono::steady_clock::now() + detailsPatience;
+    DeviceSnapshot now;
+    while (!now.isSettled) {
+        const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
+            end - std::chrono::steady_clock::now());
+        auto next = follower.next(stop_, left);
         throwIfStopped(stop_);
-        addLiveInfo(device, files_.fetchLiveDeviceInfo(device));
+        if (!next)
+            break;
+        now = *std::move(next);
     }
     if (request_.json) {
         QJsonArray array;
-        for (const DeviceInfo& device : all)
-            array.append(toJson(device));
+        for (const DeviceInfo& device : now.devices)
+            array.append(toJson(device, troubleOf(now, device)));
         print(array);
         return;
     }
-    if (all.empty())
+    if (now.devices.empty())
         printLine(QStringLiteral("No device is attached. Plug a phone in, unlock it and choose "
                                  "File transfer on it."));
-    for (const DeviceInfo& device : all) {
-        const QString battery = device.batteryLevel
-                                    ? QStringLiteral("%1 %").arg(*device.batteryLevel)
-                                    : QStringLiteral("-");
-        printLine(QStringLiteral("%1  %2  %3  %4  battery %5  %6")
-                      .arg(printable(device.udid).leftJustified(20),
-                           printable(device.deviceName.value_or(QString())).leftJustified(24),
-                           rawValue(device.platform), rawValue(device.protocolMode), battery,
-                           device.isLocked ? QStringLiteral("no storage: unlock it and choose "
-                                                            "File transfer on it")
-                                           : device.formattedStorageSummary().value_or(QString())));
+    for (const DeviceInfo& device : now.devices)
+        printLine(deviceLine(device, troubleOf(now, device)));
+}
+
+/// Ends with a stop request only.
+void CliRunner::watch() {
+    DeviceFollower follower(DeviceFollower::Mode::listening, bus_, files_, request_.alsoAccept);
+    DeviceSnapshot before;
+    while (true) {
+        auto after = follower.next(stop_, DeviceManager::storageInterval);
+        throwIfStopped(stop_);
+        if (!after)
+            continue;
+        for (const DeviceChange& change : changesBetween(before, *after))
+            printLine(request_.json
+                          ? QString::fromUtf8(
+                                QJsonDocument(toJson(change)).toJson(QJsonDocument::Compact))
+                          : changeLine(change));
+        std::fflush(out_);
+        before = *std::move(after);
     }
 }
 

@@ -9,7 +9,9 @@
 namespace tessary {
 
 /// Carries out what the command line asks for, with the same services as the window. Results go to
-/// `out`, progress and failures to `error`. Blocking; one run at a time.
+/// `out`, progress and failures to `error`. Blocking; one run at a time. Listing and watching
+/// devices need the main thread's event loop, and may leave work in the background: call
+/// Background::shutDown() before anything that the runner uses goes.
 class CliRunner {
 public:
     enum ExitStatus { done = 0, failed = 1, wrongUsage = 2, interrupted = 130 };
@@ -22,6 +24,7 @@ public:
 
 private:
     void devices();
+    void watch();
     void list();
     void info();
     void get();

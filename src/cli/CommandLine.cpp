@@ -49,9 +49,10 @@ struct Subcommand {
 std::vector<Subcommand> addSubcommands(CLI::App& app, Raw& raw) {
     using Command = CliRequest::Command;
     std::vector<Subcommand> commands;
-    const auto add = [&](const char* name, const char* help, Command command) -> CLI::App& {
+    const auto add = [&](const char* name, const char* help, Command command,
+                         const char* jsonHelp = "Print one JSON document") -> CLI::App& {
         CLI::App* sub = app.add_subcommand(name, help);
-        sub->add_flag("--json", raw.json, "Print one JSON document");
+        sub->add_flag("--json", raw.json, jsonHelp);
         commands.push_back({sub, command});
         return *sub;
     };
@@ -61,6 +62,8 @@ std::vector<Subcommand> addSubcommands(CLI::App& app, Raw& raw) {
     };
 
     add("devices", "List the devices that are attached", Command::devices);
+    add("watch", "Print attach, detach and changes as they happen", Command::watch,
+        "Print one JSON object a line");
 
     CLI::App& list = add("ls", "List a folder of a device", Command::list);
     addDevice(list);

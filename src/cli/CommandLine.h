@@ -13,7 +13,7 @@ namespace tessary {
 
 /// What the command line asks for. Paths on this machine are absolute.
 struct CliRequest {
-    enum class Command { devices, list, info, get, put, makeFolder, remove, move };
+    enum class Command { devices, watch, list, info, get, put, makeFolder, remove, move };
 
     Command command = Command::devices;
     QString device;    ///< udid, prefix of one, or name

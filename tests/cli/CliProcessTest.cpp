@@ -12,13 +12,13 @@ namespace {
 constexpr int patience = 60'000; // ms
 
 /// The program itself, on its virtual phones.
-struct Run {
+struct ProgramRun {
     int status = -1;
     QByteArray out;
     QByteArray error;
 
-    explicit Run(const QStringList& arguments,
-                 const QString& program = QStringLiteral(TESSARY_CLI)) {
+    explicit ProgramRun(const QStringList& arguments,
+                        const QString& program = QStringLiteral(TESSARY_CLI)) {
         QProcess process;
         process.start(program, arguments);
         if (!process.waitForFinished(patience))
@@ -32,7 +32,8 @@ struct Run {
 } // namespace
 
 TEST(CliProcess, jsonIsAllThatStandardOutputHolds) {
-    const Run run({QStringLiteral("--demo"), QStringLiteral("devices"), QStringLiteral("--json")});
+    const ProgramRun run(
+        {QStringLiteral("--demo"), QStringLiteral("devices"), QStringLiteral("--json")});
     EXPECT_EQ(run.status, 0) << run.error.toStdString();
     const QJsonDocument document = QJsonDocument::fromJson(run.out);
     EXPECT_TRUE(document.isArray());
@@ -40,19 +41,32 @@ TEST(CliProcess, jsonIsAllThatStandardOutputHolds) {
 }
 
 TEST(CliProcess, exitStatusTellsWrongUsageFromFailure) {
-    const Run usage({QStringLiteral("get")});
+    const ProgramRun usage({QStringLiteral("get")});
     EXPECT_EQ(usage.status, 2);
     EXPECT_FALSE(usage.error.isEmpty());
     EXPECT_TRUE(usage.out.isEmpty());
-    const Run failure({QStringLiteral("--demo"), QStringLiteral("ls"), QStringLiteral("nobody")});
+    const ProgramRun failure(
+        {QStringLiteral("--demo"), QStringLiteral("ls"), QStringLiteral("nobody")});
     EXPECT_EQ(failure.status, 1);
     EXPECT_EQ(failure.error.count('\n'), 1) << failure.error.toStdString();
-    EXPECT_EQ(Run({QStringLiteral("--help")}).status, 0);
+    EXPECT_EQ(ProgramRun({QStringLiteral("--help")}).status, 0);
 }
 
 TEST(CliProcess, closedStandardOutputEndsTheProgram) {
-    const Run run({QStringLiteral("-c"),
-                   QStringLiteral("'%1' --demo devices | true").arg(QStringLiteral(TESSARY_CLI))},
-                  QStringLiteral("/bin/sh"));
+    const ProgramRun run(
+        {QStringLiteral("-c"),
+         QStringLiteral("'%1' --demo devices | true").arg(QStringLiteral(TESSARY_CLI))},
+        QStringLiteral("/bin/sh"));
     EXPECT_EQ(run.status, 0);
+}
+
+TEST(CliProcess, watchEndsCleanlyWhenItIsInterrupted) {
+    QProcess process;
+    process.start(QStringLiteral(TESSARY_CLI), {QStringLiteral("--demo"), QStringLiteral("watch")});
+    ASSERT_TRUE(process.waitForReadyRead(patience));
+    EXPECT_TRUE(process.readAllStandardOutput().startsWith("attached"));
+    ::kill(static_cast<pid_t>(process.processId()), SIGINT);
+    ASSERT_TRUE(process.waitForFinished(patience));
+    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(process.exitCode(), 130);
 }

@@ -1,15 +1,20 @@
 #include "cli/CliRunner.h"
+#include "core/Background.h"
 #include "phones/VirtualAndroid.h"
 #include "platform/qt/QtProcessRunner.h"
 #include "support/QtPrinters.h"
 
+#include <QCoreApplication>
 #include <QDir>
+#include <QEventLoop>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+
+#include <thread>
 
 using namespace tessary;
 
@@ -64,10 +69,18 @@ VirtualAndroidConfig config(const QString& folder) {
 class CliRunnerTest : public ::testing::Test {
 protected:
     CliRunnerTest() {
+        static int count = 1;
+        static char name[] = "test";
+        static char* arguments[] = {name, nullptr};
+        static const QCoreApplication application(count, arguments);
+        Background::restart();
         write(QStringLiteral("DCIM/one.txt"), "one");
         write(QStringLiteral("DCIM/sub/two.txt"), "second");
         write(QStringLiteral("big.bin"), QByteArray(3 * 1024 * 1024, 'b'));
         phone_.plugInto(bus_);
+    }
+    ~CliRunnerTest() override {
+        EXPECT_TRUE(Background::shutDown(std::chrono::seconds(30)));
     }
 
     void write(const QString& path, const QByteArray& content) {
@@ -100,7 +113,15 @@ protected:
         Capture out;
         Capture error;
         CliRunner runner(bus_, files_, out.stream(), error.stream());
-        const auto status = runner.run(request, stop);
+        CliRunner::ExitStatus status = CliRunner::failed;
+        // As in the program: the main thread's event loop turns while the work is done elsewhere.
+        QEventLoop loop;
+        std::jthread work([&] {
+            status = runner.run(request, stop);
+            QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+        });
+        loop.exec();
+        work.join();
         return {status, out.text(), error.text()};
     }
 
@@ -127,6 +148,44 @@ TEST_F(CliRunnerTest, devicesAreListedWithBatteryAndStorage) {
 
     phone_.setLocked(true);
     EXPECT_TRUE(run(Command::devices).out.contains(QStringLiteral("unlock it")));
+}
+
+TEST_F(CliRunnerTest, phoneThatCannotBeOpenedIsListedWithTheReason) {
+    bus_.setProgramsHolding(QStringLiteral("1-1"), {QStringLiteral("gvfsd-mtp")});
+    bus_.setOpenFaults(QStringLiteral("1-1"), {usb::exclusiveAccess, usb::exclusiveAccess,
+                                               usb::exclusiveAccess, usb::exclusiveAccess});
+    const Result lines = run(Command::devices);
+    EXPECT_EQ(lines.status, CliRunner::done);
+    EXPECT_TRUE(lines.out.contains(QStringLiteral("gvfsd-mtp is using the phone")));
+    const QJsonObject device = run(Command::devices, {}, {}, true).json().array().at(0).toObject();
+    EXPECT_EQ(device.value(QStringLiteral("trouble")).toObject().value(QStringLiteral("kind")),
+              QStringLiteral("heldByProgram"));
+}
+
+TEST_F(CliRunnerTest, watchPrintsWhatHappensUntilItIsInterrupted) {
+    using namespace std::chrono_literals;
+    std::stop_source stop;
+    std::jthread user([&] {
+        const auto sessions = [this] {
+            return phone_.requestCount(MTPOperationCode::closeSession);
+        };
+        while (sessions() == 0)
+            std::this_thread::sleep_for(10ms);
+        std::this_thread::sleep_for(200ms);
+        phone_.unplug();
+        std::this_thread::sleep_for(200ms);
+        stop.request_stop();
+    });
+    const Result result = run(Command::watch, {}, {}, true, stop.get_token());
+    EXPECT_EQ(result.status, CliRunner::interrupted);
+    QStringList events;
+    for (const QString& line : result.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+        const QJsonDocument document = QJsonDocument::fromJson(line.toUtf8());
+        ASSERT_TRUE(document.isObject()) << line.toStdString();
+        events.append(document.object().value(QStringLiteral("event")).toString());
+    }
+    EXPECT_EQ(events, (QStringList{QStringLiteral("attached"), QStringLiteral("changed"),
+                                   QStringLiteral("detached")}));
 }
 
 TEST_F(CliRunnerTest, deviceIsChosenByPrefixOrName) {

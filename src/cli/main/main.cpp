@@ -1,6 +1,7 @@
 #include "cli/CliRunner.h"
 #include "cli/CommandLine.h"
 #include "cli/StopSignals.h"
+#include "core/Background.h"
 #include "phones/DemoPhones.h"
 #include "platform/SystemUsbBus.h"
 #include "platform/qt/QtProcessRunner.h"
@@ -9,12 +10,17 @@
 #include <QTemporaryDir>
 #include <unistd.h>
 
+#include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <thread>
 
 using namespace tessary;
 
 namespace {
+
+/// How long work that nobody waits for any more may hold up the end of the program.
+constexpr std::chrono::seconds backgroundPatience(3);
 
 /// A stream for results on the real standard output. From then on whatever libraries print there
 /// goes to standard error instead, so that nothing spoils a JSON document.
@@ -68,6 +74,10 @@ int main(int argc, char** argv) {
             QtProcessRunner processes;
             DeviceFileService files(phones.bus(), processes);
             status = CliRunner(phones.bus(), files, out, stderr).run(request, signals.token());
+            if (!Background::shutDown(backgroundPatience)) {
+                std::fclose(out);
+                std::_Exit(status); // a phone that hangs uses what would go now
+            }
         }
         QMetaObject::invokeMethod(
             &app, [] { QCoreApplication::quit(); }, Qt::QueuedConnection);
