@@ -5,20 +5,29 @@
 #include "core/Printable.h"
 #include "files/FileListModel.h"
 
+#include <QDateTime>
 #include <QLineEdit>
+#include <QLocale>
 #include <QTimer>
 
 namespace tessary {
 
+namespace {
+
+/// Date and time without seconds, which only take room.
+QString shownDate(const QDateTime& date, const QLocale& locale) {
+    if (!date.isValid())
+        return QStringLiteral("--");
+    const QDateTime local = date.toLocalTime();
+    QString timeFormat = locale.timeFormat(QLocale::ShortFormat);
+    timeFormat.remove(QStringLiteral(":ss"));
+    return QStringLiteral("%1  %2").arg(locale.toString(local.date(), QLocale::ShortFormat),
+                                        locale.toString(local.time(), timeFormat));
+}
+
+} // namespace
+
 QString FileItemDelegate::displayText(const QVariant& value, const QLocale& locale) const {
-    if (value.typeId() == QMetaType::QDateTime) {
-        // Seconds only take room.
-        const QDateTime date = value.toDateTime().toLocalTime();
-        QString timeFormat = locale.timeFormat(QLocale::ShortFormat);
-        timeFormat.remove(QStringLiteral(":ss"));
-        return QStringLiteral("%1  %2").arg(locale.toString(date.date(), QLocale::ShortFormat),
-                                            locale.toString(date.time(), timeFormat));
-    }
     return printable(QStyledItemDelegate::displayText(value, locale));
 }
 
@@ -27,6 +36,8 @@ void FileItemDelegate::initStyleOption(QStyleOptionViewItem* option,
     QStyledItemDelegate::initStyleOption(option, index);
     if (index.column() == FileListModel::kindColumn)
         option->text = tessary::tr(option->text);
+    if (index.column() == FileListModel::dateColumn)
+        option->text = shownDate(index.data(FileListModel::dateRole).toDateTime(), option->locale);
     if (index.column() == FileListModel::sizeColumn)
         option->displayAlignment = Qt::AlignRight | Qt::AlignVCenter;
     if (index.column() != FileListModel::nameColumn)

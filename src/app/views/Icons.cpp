@@ -49,8 +49,13 @@ QIcon fileIcon(const QString& symbol) {
     static QHash<QString, QIcon> drawn;
     const QString key = symbol + QLatin1Char(' ') + QIcon::themeName();
     auto found = drawn.constFind(key);
-    if (found == drawn.constEnd())
-        found = drawn.insert(key, QIcon(icon(symbol).pixmap(drawnSize, drawnSize)));
+    if (found == drawn.constEnd()) {
+        const QPixmap picture = icon(symbol).pixmap(drawnSize, drawnSize);
+        QIcon both(picture);
+        // A selected row has a ground of its own: tinted, the icon would vanish in it.
+        both.addPixmap(picture, QIcon::Selected);
+        found = drawn.insert(key, both);
+    }
     return *found;
 }
 

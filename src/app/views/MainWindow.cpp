@@ -61,7 +61,7 @@ MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* p
     right->addWidget(pages_);
     right->addWidget(transferPanel_);
     right->setStretchFactor(0, 1);
-    right->setSizes({540, 170});
+    right->setSizes({510, 200});
     right->setChildrenCollapsible(false);
     right->setHandleWidth(1);
     auto* content = new QWidget;

@@ -20,9 +20,18 @@ namespace tessary {
 
 namespace {
 
-constexpr int stepLimit = 20'000; // ms that a step may take
-constexpr int settleTime = 250;   // ms for layouts and animations
-constexpr double slowSpeed = 6;   // MB/s, so that a transfer can be seen running
+constexpr int stepLimit = 20'000;        // ms that a step may take
+constexpr int settleTime = 250;          // ms for layouts and animations
+constexpr double slowSpeed = 4;          // MB/s, so that a transfer can be seen running
+constexpr qint64 sampleSize = 9'000'000; // bytes
+
+/// Makes a local file that takes a while to copy.
+QString writeSample(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || !file.resize(sampleSize))
+        throw std::runtime_error("cannot write a sample file");
+    return path;
+}
 
 } // namespace
 
@@ -158,6 +167,10 @@ void Tour::transfer() {
     FileBrowserViewModel& browser = window_.browser();
     TransferViewModel& transfers = window_.transfers();
     const QTemporaryDir target;
+    const QTemporaryDir source;
+    QStringList videos;
+    for (const char* name : {"Sunset.mp4", "Concert.mp4"})
+        videos.append(writeSample(source.filePath(QString::fromLatin1(name))));
     phone_.setSpeed(slowSpeed);
     open(QStringLiteral("/sdcard"));
     selectNamed({QStringLiteral("Music"), QStringLiteral("DCIM"), QStringLiteral("Documents")});
@@ -165,6 +178,7 @@ void Tour::transfer() {
     for (const FileItem& item : browser.selectedEntries())
         ids.append(item.id());
     browser.downloadItems(ids, target.path());
+    browser.uploadFiles(videos);
     waitFor("a running transfer", [&] {
         return std::any_of(transfers.jobs().begin(), transfers.jobs().end(),
                            [](const TransferJob& job) {
@@ -188,11 +202,7 @@ void Tour::fail() {
     shoot(QStringLiteral("error-banner"));
     window_.browser().dismissError();
     const QTemporaryDir source;
-    QFile file(source.filePath(QStringLiteral("Holiday.mp4")));
-    if (!file.open(QIODevice::WriteOnly) || !file.resize(4'000'000))
-        throw std::runtime_error("cannot write a sample file");
-    file.close();
-    window_.browser().uploadFiles({file.fileName()});
+    window_.browser().uploadFiles({writeSample(source.filePath(QStringLiteral("Holiday.mp4")))});
     waitFor("a failed transfer",
             [&] { return !transfers.jobs().empty() && transfers.jobs().back().isFinished(); });
     shoot(QStringLiteral("transfer-failed"));

@@ -63,7 +63,7 @@ TransferPanel::TransferPanel(TransferViewModel& transfers, QWidget* parent)
     connect(cancel, &QShortcut::activated, this, &TransferPanel::cancelSelected);
     connect(cancelAll_, &QPushButton::clicked, this, [this] { transfers_.cancelAll(); });
     connect(clear_, &QPushButton::clicked, this, [this] { transfers_.clearCompleted(); });
-    connect(&model_, &QAbstractItemModel::rowsInserted, this, [this] { list_->scrollToBottom(); });
+    connect(&model_, &QAbstractItemModel::dataChanged, this, &TransferPanel::followRunningJob);
     connect(&transfers_, &TransferViewModel::summaryChanged, this, &TransferPanel::showSummary);
     connect(&model_, &QAbstractItemModel::rowsRemoved, this, &TransferPanel::showSummary);
 
@@ -88,6 +88,16 @@ void TransferPanel::showSummary() {
     cancelAll_->setVisible(!summary.isIdle());
     clear_->setEnabled(summary.finished > 0);
     setVisible(!transfers_.jobs().empty());
+}
+
+/// Brings a job into view when it starts; afterwards the user may scroll where he likes.
+void TransferPanel::followRunningJob(const QModelIndex& changed) {
+    const TransferJob* job = model_.jobAt(changed);
+    if (job == nullptr || job->status != TransferJob::TransferStatus::inProgress ||
+        job->id == followed_)
+        return;
+    followed_ = job->id;
+    list_->scrollTo(changed);
 }
 
 void TransferPanel::cancelSelected() {

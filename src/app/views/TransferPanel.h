@@ -2,6 +2,7 @@
 
 #include "app/views/TransferListModel.h"
 
+#include <QUuid>
 #include <QWidget>
 
 class QLabel;
@@ -18,6 +19,7 @@ public:
 
 private:
     void showSummary();
+    void followRunningJob(const QModelIndex& changed);
     void cancelSelected();
 
     TransferViewModel& transfers_;
@@ -26,6 +28,7 @@ private:
     QPushButton* cancelAll_;
     QPushButton* clear_;
     QListView* list_;
+    QUuid followed_;
 };
 
 /// "2 of 5 · 34 MB / 120 MB · 12 MB/s · 7 s left".
