@@ -87,6 +87,7 @@ TEST_F(FolderUploadTest, unpluggingEndsTheCopyAndLeavesWholeFilesOnly) {
             });
             const QString failure = failureOf([&] { (void)uploadFolder("Trip", "/"); });
             EXPECT_EQ(failure.isEmpty(), phone().android.isPlugged()) << phase;
+            phone().android.unplug(); // waits until the phone has cleaned up
             for (const QString& name : phone().names(QStringLiteral("Trip")))
                 EXPECT_EQ(phone().content(QStringLiteral("Trip/") + name).size(), 100'000) << phase;
             phone().fault([](VirtualFaults& faults) { faults.unplug.reset(); });

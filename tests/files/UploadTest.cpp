@@ -147,6 +147,7 @@ TEST_F(UploadTest, unpluggingAtAnyStepOfAReplacementKeepsAVersion) {
                 });
                 const bool failed = !failureOf([&] { upload(file, "/DCIM"); }).isEmpty();
                 phone().fault([](VirtualFaults& faults) { faults.unplug.reset(); });
+                phone().android.unplug(); // waits until the phone has cleaned up
                 failures += failed ? 1 : 0;
                 EXPECT_TRUE(holdsAVersion()) << after << " bytes of phase " << phase;
                 if (!failed) {
