@@ -40,9 +40,13 @@ DeviceManager::DeviceManager(UsbBus& bus, std::shared_ptr<DeviceInquiry> inquiry
     : QObject(parent), bus_(bus), inquiry_(std::move(inquiry)), alsoAccept_(std::move(alsoAccept)) {
     MainThread::assertCurrent();
     timer_.setInterval(listInterval);
-    connect(&timer_, &QTimer::timeout, this, [this] { refreshDeviceList(false); });
+    connect(&timer_, &QTimer::timeout, this, [this] { refreshList(false); });
     storageTimer_.setInterval(storageInterval);
-    connect(&storageTimer_, &QTimer::timeout, this, [this] { refreshStorageInfo(devices_); });
+    connect(&storageTimer_, &QTimer::timeout, this, [this] {
+        // A child process costs more than all else here: not at each poll of the list.
+        checkConflict();
+        refreshStorageInfo(devices_);
+    });
 }
 
 DeviceManager::~DeviceManager() {
@@ -111,6 +115,10 @@ void DeviceManager::usbChanged(const UsbEvent& event) {
 
 void DeviceManager::refreshDeviceList(bool forceStorageRefresh) {
     checkConflict();
+    refreshList(forceStorageRefresh);
+}
+
+void DeviceManager::refreshList(bool forceStorageRefresh) {
     if (isScanning_)
         rebuild(forceStorageRefresh); // the last answer serves until the next one is there
     else

@@ -65,7 +65,8 @@ public:
     }
     /// The device with this `DeviceInfo::id()`, while it is attached.
     [[nodiscard]] std::optional<DeviceInfo> device(const QString& id) const;
-    /// Whether a program runs that competes for Android devices.
+    /// Whether a program runs that competes for Android devices. Asked at each refresh that is not
+    /// a timer's, and every `storageInterval`.
     [[nodiscard]] bool hasUSBConflict() const {
         return hasUSBConflict_;
     }
@@ -93,6 +94,7 @@ private:
     void startAndroidListening();
     void release(std::unique_ptr<UsbWatch> watch);
     void usbChanged(const UsbEvent& event);
+    void refreshList(bool forceStorageRefresh);
     void scan(bool forceStorageRefresh);
     void rebuild(bool forceStorageRefresh);
     void carryOverDetails(DeviceInfo& fresh) const;

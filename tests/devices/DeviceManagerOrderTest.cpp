@@ -1,0 +1,251 @@
+#include "devices/DeviceManagerFixture.h"
+
+#include <atomic>
+#include <condition_variable>
+#include <map>
+#include <mutex>
+
+namespace tessary {
+namespace {
+
+/// Holds up those who pass while it is closed.
+class Gate {
+public:
+    ~Gate() {
+        open();
+    }
+    void close() {
+        const std::scoped_lock lock(mutex_);
+        isClosed_ = true;
+    }
+    void open() {
+        const std::scoped_lock lock(mutex_);
+        isClosed_ = false;
+        changed_.notify_all();
+    }
+    void pass() {
+        std::unique_lock lock(mutex_);
+        ++waiting_;
+        changed_.wait(lock, [this] { return !isClosed_; });
+        --waiting_;
+    }
+    [[nodiscard]] int waiting() const {
+        const std::scoped_lock lock(mutex_);
+        return waiting_;
+    }
+
+private:
+    mutable std::mutex mutex_;
+    std::condition_variable changed_;
+    bool isClosed_ = false; ///< guarded by mutex_
+    int waiting_ = 0;       ///< guarded by mutex_
+};
+
+/// A bus whose scans, watches and events are in the test's hands.
+class ScriptedBus final : public UsbBus {
+public:
+    using Callback = std::function<void(const UsbEvent&)>;
+
+    [[nodiscard]] std::vector<UsbDeviceEntry> devices() override {
+        std::vector<UsbDeviceEntry> seen;
+        {
+            const std::scoped_lock lock(mutex_);
+            seen = entries_;
+        }
+        scans_.pass(); // what it saw is old when it returns
+        return seen;
+    }
+    [[nodiscard]] std::unique_ptr<UsbDevice> device(std::uint64_t) override {
+        return nullptr;
+    }
+    [[nodiscard]] std::unique_ptr<UsbWatch> watch(Callback callback) override {
+        const std::scoped_lock lock(mutex_);
+        callback_ = std::move(callback);
+        return std::make_unique<Watch>(watchEnds_);
+    }
+    [[nodiscard]] QStringList programsHolding(std::uint64_t) override {
+        return {};
+    }
+
+    /// Changes what is attached, and tells of it when it is watched.
+    void attach(std::uint64_t id) {
+        const UsbDeviceEntry entry{id,
+                                   0x18D1,
+                                   0x4EE1,
+                                   QStringLiteral("Pixel"),
+                                   QStringLiteral("Google"),
+                                   QStringLiteral("Pixel"),
+                                   QStringLiteral("A"),
+                                   QStringLiteral("1-1")};
+        tell({entry}, {UsbEvent::Kind::attached, entry});
+    }
+    void detach(std::uint64_t id) {
+        UsbDeviceEntry entry;
+        entry.id = id;
+        entry.location = QStringLiteral("1-1");
+        tell({}, {UsbEvent::Kind::detached, entry});
+    }
+    [[nodiscard]] bool isWatched() {
+        const std::scoped_lock lock(mutex_);
+        return static_cast<bool>(callback_);
+    }
+
+    Gate scans_;
+    Gate watchEnds_;
+
+private:
+    struct Watch final : UsbWatch {
+        explicit Watch(Gate& gate) : end(gate) {}
+        ~Watch() override {
+            end.pass();
+        }
+        Gate& end;
+    };
+
+    void tell(std::vector<UsbDeviceEntry> entries, const UsbEvent& event) {
+        Callback callback;
+        {
+            const std::scoped_lock lock(mutex_);
+            entries_ = std::move(entries);
+            callback = callback_;
+        }
+        if (callback)
+            callback(event);
+    }
+
+    std::mutex mutex_; ///< guards all below
+    std::vector<UsbDeviceEntry> entries_;
+    Callback callback_;
+};
+
+/// Answers with rising battery levels, in the order of the questions.
+class ScriptedInquiry final : public DeviceInquiry {
+public:
+    [[nodiscard]] DeviceAnswer ask(const DeviceInfo&) override {
+        const int number = ++questions_;
+        mostAtOnce_ = std::max<int>(mostAtOnce_, ++atOnce_);
+        gate_.pass();
+        --atOnce_;
+        if (throws_)
+            throw std::runtime_error("no memory");
+        return {DeviceAnswer::Outcome::answered, {number, {StorageVolume{}}}, {}};
+    }
+    [[nodiscard]] bool isConflictingAppRunning() override {
+        return false;
+    }
+
+    Gate gate_;
+    std::atomic<int> questions_ = 0;
+    std::atomic<int> atOnce_ = 0;
+    std::atomic<int> mostAtOnce_ = 0;
+    std::atomic<bool> throws_ = false;
+};
+
+/// What comes late, in the wrong order or not at all.
+class DeviceManagerOrderTest : public DeviceManagerFixture {
+protected:
+    DeviceManagerOrderTest() {
+        use(std::make_unique<DeviceManager>(scripted_, inquiry_));
+    }
+    ~DeviceManagerOrderTest() override {
+        manager_.reset();
+        for (Gate* gate : {&scripted_.scans_, &scripted_.watchEnds_, &inquiry_->gate_})
+            gate->open();
+        EXPECT_TRUE(Background::shutDown(60s));
+    }
+    void listen() {
+        manager_->startListening();
+        ASSERT_TRUE(eventually([&] { return scripted_.isWatched() && rounds_ > 0; }));
+    }
+    [[nodiscard]] std::optional<int> battery() const {
+        const auto found = device("A");
+        return found ? found->batteryLevel : std::nullopt;
+    }
+
+    ScriptedBus scripted_;
+    const std::shared_ptr<ScriptedInquiry> inquiry_ = std::make_shared<ScriptedInquiry>();
+};
+
+TEST_F(DeviceManagerOrderTest, eventsShowWhileTheBusHangs) {
+    listen();
+    scripted_.scans_.close();
+    manager_->refreshDeviceList(false);
+    ASSERT_TRUE(eventually([&] { return scripted_.scans_.waiting() == 1; }));
+    scripted_.attach(1);
+    EXPECT_TRUE(eventually([&] { return battery().has_value(); }, 1s));
+    scripted_.detach(1);
+    EXPECT_TRUE(eventually([&] { return udids().isEmpty(); }, 1s));
+    EXPECT_EQ(scripted_.scans_.waiting(), 1) << "one scan at a time";
+}
+
+TEST_F(DeviceManagerOrderTest, slowScanDoesNotBringBackWhatWasUnplugged) {
+    listen();
+    scripted_.attach(1);
+    ASSERT_TRUE(eventually([&] { return battery().has_value(); }));
+    scripted_.scans_.close();
+    manager_->refreshDeviceList(false);
+    ASSERT_TRUE(eventually([&] { return scripted_.scans_.waiting() == 1; }));
+    scripted_.detach(1);
+    ASSERT_TRUE(eventually([&] { return udids().isEmpty(); }));
+    const int before = changes_;
+    scripted_.scans_.open();
+    runLoopFor(300ms);
+    EXPECT_EQ(changes_, before);
+}
+
+TEST_F(DeviceManagerOrderTest, deviceIsNeverAskedTwiceAtOnce) {
+    listen();
+    inquiry_->gate_.close();
+    scripted_.attach(1);
+    ASSERT_TRUE(eventually([&] { return inquiry_->questions_ == 1; }));
+    for (int n = 0; n < 5; ++n) {
+        manager_->refreshDeviceList(true);
+        manager_->refreshStorageInfo(manager_->devices());
+        runLoopFor(20ms);
+    }
+    manager_->stopListening();
+    manager_->startListening();
+    runLoopFor(50ms);
+    EXPECT_EQ(inquiry_->questions_, 1);
+    inquiry_->gate_.open();
+    EXPECT_TRUE(eventually([&] { return battery().has_value(); }));
+    EXPECT_EQ(inquiry_->mostAtOnce_, 1);
+}
+
+TEST_F(DeviceManagerOrderTest, lateAnswerIsNotTakenForADeviceThatWasReplugged) {
+    listen();
+    inquiry_->gate_.close();
+    scripted_.attach(1);
+    ASSERT_TRUE(eventually([&] { return inquiry_->questions_ == 1; }));
+    scripted_.detach(1);
+    scripted_.attach(2);
+    ASSERT_TRUE(eventually([&] { return inquiry_->questions_ == 2; }));
+    bool sawFirst = false;
+    QObject::connect(manager_.get(), &DeviceManager::devicesChanged,
+                     [&] { sawFirst |= battery() == 1; });
+    inquiry_->gate_.open();
+    ASSERT_TRUE(eventually([&] { return battery() == 2; }));
+    EXPECT_FALSE(sawFirst);
+}
+
+TEST_F(DeviceManagerOrderTest, questionThatThrowsIsAskedAgain) {
+    listen();
+    inquiry_->throws_ = true;
+    scripted_.attach(1);
+    ASSERT_TRUE(eventually([&] { return inquiry_->questions_ == 1; }));
+    inquiry_->throws_ = false;
+    EXPECT_TRUE(eventually([&] { return battery().has_value(); }));
+}
+
+TEST_F(DeviceManagerOrderTest, endingAWatchDoesNotHoldUpTheMainThread) {
+    listen();
+    scripted_.watchEnds_.close();
+    const auto start = std::chrono::steady_clock::now();
+    manager_->stopListening();
+    manager_->startListening();
+    manager_.reset();
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 1s);
+}
+
+} // namespace
+} // namespace tessary
