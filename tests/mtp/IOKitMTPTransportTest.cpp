@@ -246,15 +246,21 @@ TEST_F(IOKitMTPTransportTest, dataAndResponseOfWholePacketsAreTerminatedTogether
 }
 
 TEST_F(IOKitMTPTransportTest, strayByteBehindDataIsSkipped) {
-    for (const std::size_t size : {100U, 500U, 4096U - 12U, 5000U, 262144U}) {
+    // 4083 bytes fill the first read to its end, stray byte and all.
+    for (const std::size_t size : {0U, 100U, 500U, 4083U, 4084U, 5000U, 262144U}) {
         for (const std::byte stray : {std::byte{0}, std::byte{0x0C}, std::byte{0xFF}}) {
-            bus_.send(dataOf(0x1008, 7, patternOf(size)) + Bytes{stray});
-            bus_.send(responseOf(0x2001, 7, {3}));
-            EXPECT_THAT(transport_.receivePacket().payload, SizeIs(size));
-            const MTPPacket response = transport_.receivePacket();
-            EXPECT_EQ(response.header.code, 0x2001) << size;
-            EXPECT_THAT(response.payload, SizeIs(4)) << size;
-            expectInStep();
+            for (const bool terminated : {false, true}) {
+                SCOPED_TRACE(size);
+                bus_.send(dataOf(0x1008, 7, patternOf(size)) + Bytes{stray});
+                if (terminated)
+                    bus_.sendEmptyPacket();
+                bus_.send(responseOf(0x2001, 7, {3}));
+                EXPECT_THAT(transport_.receivePacket().payload, SizeIs(size));
+                const MTPPacket response = transport_.receivePacket();
+                EXPECT_EQ(response.header.code, 0x2001);
+                EXPECT_THAT(response.payload, SizeIs(4));
+                expectInStep();
+            }
         }
     }
 }
