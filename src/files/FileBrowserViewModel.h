@@ -1,7 +1,9 @@
 #pragma once
 
 #include "core/DeviceInfo.h"
+#include "files/BrowserEdit.h"
 #include "files/BrowserHistory.h"
+#include "files/BrowserLoad.h"
 #include "files/BrowserSelection.h"
 #include "files/ErrorAdvice.h"
 #include "files/FileAccess.h"
@@ -49,6 +51,12 @@ struct EditProgress {
 struct DragFiles {
     QStringList localPaths;
     std::vector<SkippedItem> notReady; ///< with the reason for each
+};
+
+/// What a download does when something of its name is in the local folder.
+enum class NameClash {
+    keepBoth, ///< the copy gets a number: "a (2).txt"
+    replace,  ///< a file is replaced, a folder merged
 };
 
 /// The collaborators of a browser; each outlives it.
@@ -191,7 +199,7 @@ public:
 
     // --- edits: each runs in the background and reloads the folder at its end ---
     [[nodiscard]] bool isEditing() const {
-        return edits_ > 0;
+        return !edits_.empty();
     }
     [[nodiscard]] const EditProgress& editProgress() const {
         return editProgress_;
@@ -212,10 +220,16 @@ public:
     // --- copies ---
     /// Queues a download of each entry into a local folder. A name that this computer cannot hold
     /// becomes a failed job.
-    void downloadItems(const QStringList& ids, const QString& localFolder);
+    void downloadItems(const QStringList& ids, const QString& localFolder,
+                       NameClash clash = NameClash::keepBoth);
+    /// The entries that downloadItems would find something of their name for in a local folder.
+    [[nodiscard]] QStringList namesTakenIn(const QString& localFolder,
+                                           const QStringList& ids) const;
     /// Queues an upload of each local file or folder into the folder shown, or into one of its
     /// folders.
     void uploadFiles(const QStringList& localPaths, const QString& intoFolderId = {});
+    /// The names of local files that an entry of the folder shown has too.
+    [[nodiscard]] QStringList namesTakenHere(const QStringList& localPaths) const;
     /// Answers with previewReady or previewFailed. A call drops the one before it.
     void cacheFileForPreview(const QString& id);
     void cancelPreview();
@@ -242,22 +256,28 @@ Q_SIGNALS:
     void previewFailed(const QString& id, const tessary::ErrorAdvice& error);
 
 private:
-    struct EditReport;
-    using Edit = std::function<void(EditReport&, const std::stop_token&)>;
+    /// An entry to select once a listing shows it.
+    struct Awaited {
+        QString name;
+        bool isNewFolder = false;
+    };
+    using EditAction = std::function<void(FileAccess&, const FileItem&, const std::stop_token&)>;
+    using EditDone = std::function<void(const QStringList& donePaths)>;
 
+    void stopAll();
+    void show(const QString& path);
     void load(bool isReload);
-    void applyListing(const std::shared_ptr<const FileListing>& listing, bool isReload);
-    void applyLoadFailure(const std::exception_ptr& failure, const QString& livingFolder);
-    void setCurrentPath(const QString& path);
+    void applyLoad(const BrowserLoad& load, bool isReload);
     void setState(BrowserState state, bool isLoading);
-    void setError(const std::optional<ErrorAdvice>& error);
-    void setSelection(const BrowserSelection& selection);
-    void selectPath(const QString& path);
-    void reloadSoon(const QUuid& finishedJob);
-    void runEdit(Edit edit);
-    void editEach(const QStringList& ids, const QString& verb,
-                  std::function<void(FileAccess&, const FileItem&, const std::stop_token&)> action,
-                  std::function<void(const QStringList&)> whenDone = {});
+    void setError(const std::optional<ErrorAdvice>& error, bool isOfLoad = false);
+    void changeSelection(const BrowserSelection& selection);
+    void selectAwaited();
+    void reloadAfter(const QUuid& finishedJob);
+    void edit(std::vector<FileItem> items, const QString& verb, EditAction action,
+              EditDone whenDone);
+    void applyEdit(const BrowserEditReport& report, const FileAccess* editedFiles,
+                   const QString& path);
+    void refuse(const QString& verb, const FileItem& item, const QString& reason);
     [[nodiscard]] std::vector<FileItem> itemsWithIds(const QStringList& ids) const;
 
     TransferViewModel& transfers_;
@@ -274,22 +294,22 @@ private:
     BrowserState state_ = BrowserState::ready;
     bool isLoading_ = true;
     std::optional<ErrorAdvice> error_;
-    QString livingFolder_; ///< where "up" goes from a folder that is gone
+    bool isErrorOfLoad_ = false; ///< else of an action: a reload leaves it
+    QString livingFolder_;       ///< where "up" goes from a folder that is gone
 
     FileRows rows_;
     BrowserSelection selection_;
     Typeahead typeahead_;
     ViewMode viewMode_ = ViewMode::list;
+    std::optional<Awaited> awaited_;
 
     std::uint64_t loadNumber_ = 0; ///< answers of older loads are dropped
     std::stop_source stopLoad_{std::nostopstate};
-    QString pathToSelect_; ///< selected once it appears in the listing
     QTimer reloadTimer_;
-    int edits_ = 0;
+    std::vector<std::stop_source> edits_; ///< one for each that is under way
     EditProgress editProgress_;
-    std::stop_source stopEdits_;
-    std::stop_source stopPreview_{std::nostopstate};
     std::uint64_t previewNumber_ = 0;
+    std::stop_source stopPreview_{std::nostopstate};
 };
 
 } // namespace tessary

@@ -38,8 +38,6 @@ public:
     [[nodiscard]] int indexOf(const QString& id) const {
         return indexes_.value(id, -1);
     }
-    [[nodiscard]] bool hasName(const QString& name) const;
-
     /// A text in the form in which names are compared without regard to case.
     [[nodiscard]] QString folded(const QString& text) const;
     [[nodiscard]] const QString& foldedName(int index) const {

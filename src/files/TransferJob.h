@@ -29,6 +29,7 @@ struct TransferJob {
 
     QString name;       ///< of what is copied
     QString deviceName; ///< the other side
+    QString connection; ///< FileAccess::identity() of the other side
     bool isDirectory = false;
     /// The totals are not known yet: the folder is still being counted.
     bool isMeasuring = false;

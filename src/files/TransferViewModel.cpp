@@ -115,7 +115,10 @@ QUuid TransferViewModel::enqueueUpload(const QString& localURL, const QString& r
     job.name = lastComponent(localURL);
     job.sourcePath = localURL;
     job.destinationPath = joinPath(folder, job.name);
-    job.deviceName = files ? files->deviceName() : QString();
+    if (files) {
+        job.deviceName = files->deviceName();
+        job.connection = files->identity();
+    }
     job.isDirectory = local.isDir();
     job.isMeasuring = job.isDirectory;
     if (!job.isDirectory) {
@@ -147,7 +150,10 @@ QUuid TransferViewModel::enqueueDownload(const FileItem& item, const QString& lo
     job.name = item.name;
     job.sourcePath = item.path;
     job.destinationPath = localURL;
-    job.deviceName = files ? files->deviceName() : QString();
+    if (files) {
+        job.deviceName = files->deviceName();
+        job.connection = files->identity();
+    }
     job.isDirectory = item.isDirectory;
     job.isMeasuring = item.isDirectory;
     if (!item.isDirectory) {

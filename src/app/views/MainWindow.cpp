@@ -92,7 +92,11 @@ MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* p
     showPage();
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow() {
+    // The views show what the members below hold: they go first.
+    hide();
+    delete takeCentralWidget();
+}
 
 QWidget* MainWindow::makeSidebar() {
     deviceList_->setObjectName(QStringLiteral("deviceList"));

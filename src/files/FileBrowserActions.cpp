@@ -1,0 +1,299 @@
+// What the user does to the entries of a browser: edits, copies, previews and drags.
+
+#include "core/Background.h"
+#include "core/CancellationError.h"
+#include "core/DiagnosticsLogger.h"
+#include "files/DevicePath.h"
+#include "files/FileBrowserViewModel.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+#include <atomic>
+
+namespace tessary {
+
+namespace {
+
+/// Stages each entry; blocking.
+DragFiles stage(FileAccess& files, const std::vector<FileItem>& items,
+                const std::stop_token& stop) {
+    DragFiles drag;
+    for (const FileItem& item : items) {
+        throwIfStopped(stop);
+        if (item.isDirectory) {
+            drag.notReady.push_back({item.path, QStringLiteral("folders are copied, not dragged")});
+            continue;
+        }
+        try {
+            const QString path = files.stageItemForDrag(item);
+            if (QFileInfo(path).isFile())
+                drag.localPaths << path;
+            else
+                drag.notReady.push_back(
+                    {item.path, QStringLiteral("it is still being copied from the phone")});
+        } catch (const CancellationError&) {
+            throw;
+        } catch (const std::exception& error) {
+            drag.notReady.push_back({item.path, adviceFor(error).message});
+        }
+    }
+    return drag;
+}
+
+} // namespace
+
+void FileBrowserViewModel::cancelEdits() {
+    for (std::stop_source& stop : edits_)
+        stop.request_stop();
+}
+
+QString FileBrowserViewModel::freeFolderName() const {
+    return tessary::freeFolderName(items());
+}
+
+/// Does something to each entry in the background, reports, and reads the folder again.
+void FileBrowserViewModel::edit(std::vector<FileItem> items, const QString& verb, EditAction action,
+                                EditDone whenDone) {
+    if (!files_ || items.empty())
+        return;
+    const auto total = static_cast<int>(items.size());
+    if (edits_.empty())
+        editProgress_ = {};
+    editProgress_.total += total;
+    // The main thread shows the newest count, however many there were.
+    const QPointer<FileBrowserViewModel> self(this);
+    const auto shown = std::make_shared<std::atomic<bool>>(true);
+    const auto done = std::make_shared<std::atomic<int>>(editProgress_.done);
+    const auto progress = [self, shown, done](int count, int before) {
+        *done = before + count;
+        if (!shown->exchange(false))
+            return;
+        MainThread::post([self, shown, done] {
+            *shown = true;
+            if (!self || !self->isEditing())
+                return;
+            self->editProgress_.done = *done;
+            Q_EMIT self->editingChanged();
+        });
+    };
+    const auto source = std::make_shared<std::stop_source>(std::nostopstate);
+    *source = runInBackground(
+        this,
+        [files = files_, items = std::move(items), verb, action, progress,
+         before = editProgress_.done](const std::stop_token& stop) {
+            return editEach(
+                *files, items, verb,
+                [&](const FileItem& item, const std::stop_token& token) {
+                    action(*files, item, token);
+                },
+                [&](int count) { progress(count, before); }, stop);
+        },
+        [this, source, whenDone, files = files_,
+         path = currentPath_](BackgroundResult<BrowserEditReport> result) {
+            edits_.erase(std::find(edits_.begin(), edits_.end(), *source));
+            Q_EMIT editingChanged();
+            if (!result.succeeded())
+                return;
+            const BrowserEditReport report = result.take();
+            if (whenDone && !report.donePaths.isEmpty())
+                whenDone(report.donePaths);
+            applyEdit(report, files.get(), path);
+        });
+    edits_.push_back(*source);
+    Q_EMIT editingChanged();
+}
+
+void FileBrowserViewModel::applyEdit(const BrowserEditReport& report, const FileAccess* editedFiles,
+                                     const QString& path) {
+    if (report.error)
+        setError(report.error);
+    if (!files_ || files_->identity() != editedFiles->identity() || path != currentPath_)
+        return;
+    if (report.isDeviceLost)
+        setState(BrowserState::deviceLost, false);
+    else
+        reload();
+}
+
+void FileBrowserViewModel::refuse(const QString& verb, const FileItem& item,
+                                  const QString& reason) {
+    setError(ErrorAdvice{QStringLiteral("Failed to %1 %2: %3").arg(verb, item.name, reason), {}});
+}
+
+void FileBrowserViewModel::createFolder(const QString& name) {
+    const QString wanted = name.isEmpty() ? freeFolderName() : name;
+    // The folder does not exist yet: an entry that only carries its name and place.
+    FileItem folder(wanted, joinPath(currentPath_, wanted), true, 0, std::nullopt);
+    edit(
+        {std::move(folder)}, QStringLiteral("create"),
+        [parent = currentPath_](FileAccess& files, const FileItem& item,
+                                const std::stop_token& stop) {
+            files.createFolder(item.name, parent, stop);
+        },
+        [this, wanted, parent = currentPath_](const QStringList&) {
+            if (parent == currentPath_)
+                awaited_ = Awaited{wanted, true};
+        });
+}
+
+void FileBrowserViewModel::deleteItems(const QStringList& ids) {
+    edit(
+        itemsWithIds(ids), QStringLiteral("delete"),
+        [](FileAccess& files, const FileItem& item, const std::stop_token& stop) {
+            files.deleteItem(item, stop);
+        },
+        [this](const QStringList& paths) { Q_EMIT itemsDeleted(paths); });
+}
+
+void FileBrowserViewModel::renameItem(const QString& id, const QString& newName) {
+    const FileItem* item = itemWithId(id);
+    if (!item || newName == item->name)
+        return;
+    const QString verb = QStringLiteral("rename");
+    if (newName.isEmpty()) {
+        refuse(verb, *item, QStringLiteral("a name cannot be empty"));
+        return;
+    }
+    // Phones let two entries share a name: then neither could be told from the other.
+    const auto isTaken = [&](const FileItem& other) { return other.name == newName; };
+    if (std::any_of(items().begin(), items().end(), isTaken)) {
+        refuse(verb, *item, QStringLiteral("\"%1\" is already there").arg(newName));
+        return;
+    }
+    edit(
+        {*item}, verb,
+        [newName](FileAccess& files, const FileItem& entry, const std::stop_token& stop) {
+            files.renameItem(entry, newName, stop);
+        },
+        [this, newName, folder = currentPath_](const QStringList& paths) {
+            if (folder == currentPath_)
+                awaited_ = Awaited{newName};
+            Q_EMIT itemRenamed(paths.front(), joinPath(parentPath(paths.front()), newName));
+        });
+}
+
+void FileBrowserViewModel::moveSelectedItems(const QString& toFolderId) {
+    const FileItem* folder = itemWithId(toFolderId);
+    if (!folder || !folder->isDirectory)
+        return;
+    QStringList ids;
+    for (const QString& id : selection_.ids())
+        if (id != toFolderId)
+            ids << id;
+    moveItemsToPath(ids, folder->path);
+}
+
+void FileBrowserViewModel::moveSelectedItemsToPath(const QString& path) {
+    moveItemsToPath(QStringList(selection_.ids().begin(), selection_.ids().end()), path);
+}
+
+void FileBrowserViewModel::moveItemsToPath(const QStringList& ids, const QString& path) {
+    if (!files_)
+        return;
+    const QString target = files_->canonicalPath(path);
+    if (target == currentPath_)
+        return;
+    edit(itemsWithIds(ids), QStringLiteral("move"),
+         [target](FileAccess& files, const FileItem& item, const std::stop_token& stop) {
+             files.moveItem(item, target, stop);
+         },
+         {});
+}
+
+void FileBrowserViewModel::downloadItems(const QStringList& ids, const QString& localFolder,
+                                         NameClash clash) {
+    if (!files_)
+        return;
+    QStringList taken;
+    for (const FileItem& item : itemsWithIds(ids)) {
+        // A job with such a name fails by itself, in words; the name must not become a path.
+        QString name = isSafeName(item.name) ? item.name : QString();
+        if (!name.isEmpty() && (clash == NameClash::keepBoth || taken.contains(name.toLower())))
+            name = freeLocalName(name, localFolder, taken);
+        taken << name.toLower();
+        transfers_.enqueueDownload(item, name.isEmpty() ? localFolder : joinPath(localFolder, name),
+                                   files_);
+    }
+}
+
+QStringList FileBrowserViewModel::namesTakenIn(const QString& localFolder,
+                                               const QStringList& ids) const {
+    QStringList names;
+    for (const FileItem& item : itemsWithIds(ids))
+        if (isSafeName(item.name) && QFileInfo::exists(joinPath(localFolder, item.name)))
+            names << item.name;
+    return names;
+}
+
+void FileBrowserViewModel::uploadFiles(const QStringList& localPaths, const QString& intoFolderId) {
+    if (!files_)
+        return;
+    const FileItem* folder = intoFolderId.isEmpty() ? nullptr : itemWithId(intoFolderId);
+    if (!intoFolderId.isEmpty() && (!folder || !folder->isDirectory))
+        return;
+    const QString target = folder ? files_->canonicalPath(folder->path) : currentPath_;
+    for (const QString& path : localPaths)
+        transfers_.enqueueUpload(path, target, files_);
+}
+
+QStringList FileBrowserViewModel::namesTakenHere(const QStringList& localPaths) const {
+    QSet<QString> here;
+    for (const FileItem& item : items())
+        here.insert(item.name);
+    QStringList names;
+    for (const QString& path : localPaths)
+        if (here.contains(lastComponent(path)))
+            names << lastComponent(path);
+    return names;
+}
+
+void FileBrowserViewModel::cacheFileForPreview(const QString& id) {
+    const FileItem* item = itemWithId(id);
+    cancelPreview();
+    if (!files_ || !item)
+        return;
+    const std::uint64_t number = previewNumber_;
+    stopPreview_ = runInBackground(
+        this,
+        [files = files_, item = *item, &previews = previews_](const std::stop_token& stop) {
+            return previews.fetch(*files, item, {}, stop);
+        },
+        [this, id, number, files = files_](BackgroundResult<QString> result) {
+            if (number != previewNumber_)
+                return;
+            try {
+                const QString path = result.take();
+                Q_EMIT previewReady(id, path);
+            } catch (const CancellationError&) {
+                // Nobody waits for it.
+            } catch (const std::exception& error) {
+                const ErrorAdvice words = adviceFor(error);
+                DiagnosticsLogger::shared().ui.error("Failed to cache file for preview: %s",
+                                                     {words.message});
+                Q_EMIT previewFailed(id, words);
+            }
+        });
+}
+
+void FileBrowserViewModel::cancelPreview() {
+    ++previewNumber_;
+    stopPreview_.request_stop();
+}
+
+void FileBrowserViewModel::prepareDragURLs(const QStringList& ids,
+                                           std::function<void(const DragFiles&)> whenReady) {
+    if (!files_)
+        return;
+    runInBackground(
+        this,
+        [files = files_, items = itemsWithIds(ids)](const std::stop_token& stop) {
+            return stage(*files, items, stop);
+        },
+        [whenReady = std::move(whenReady)](BackgroundResult<DragFiles> result) {
+            if (result.succeeded())
+                whenReady(result.take());
+        });
+}
+
+} // namespace tessary

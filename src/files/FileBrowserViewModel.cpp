@@ -1,0 +1,416 @@
+#include "files/FileBrowserViewModel.h"
+
+#include "core/Background.h"
+#include "core/CancellationError.h"
+#include "core/DiagnosticsLogger.h"
+#include "files/AndroidFileAccess.h"
+#include "files/DevicePath.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tessary {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// After an upload the folder is read again: soon after the last one, and in between not so often
+/// that the phone is kept from copying.
+constexpr auto reloadPause = 300ms;
+constexpr auto reloadPauseInQueue = 3s;
+
+BrowserSetup::OpenAndroid overSharedService() {
+    return [](const DeviceInfo& device) {
+        return std::make_shared<AndroidFileAccess>(DeviceFileService::shared(), device);
+    };
+}
+
+std::vector<PathComponent> breadcrumbsOf(const BrowserRoot& root, const QString& path) {
+    std::vector<PathComponent> components{{QUuid::createUuid(), root.name, root.path}};
+    QString soFar = root.path;
+    for (const QString& name :
+         path.mid(root.path.size()).split(QLatin1Char('/'), Qt::SkipEmptyParts)) {
+        soFar = joinPath(soFar, name);
+        components.push_back({QUuid::createUuid(), name, soFar});
+    }
+    return components;
+}
+
+} // namespace
+
+FileBrowserViewModel::FileBrowserViewModel(TransferViewModel& transfers, BrowserSetup setup,
+                                           QObject* parent)
+    : QObject(parent),
+      transfers_(transfers),
+      openAndroid_(setup.openAndroid ? std::move(setup.openAndroid) : overSharedService()),
+      previews_(setup.previews ? *setup.previews : PreviewCache::shared()),
+      breadcrumbs_(breadcrumbsOf({QStringLiteral("/"), QStringLiteral("Root")}, currentPath_)),
+      typeahead_(std::move(setup.clock)) {
+    reloadTimer_.setSingleShot(true);
+    connect(&reloadTimer_, &QTimer::timeout, this, &FileBrowserViewModel::reload);
+    connect(&transfers_, &TransferViewModel::jobFinished, this, &FileBrowserViewModel::reloadAfter);
+}
+
+FileBrowserViewModel::~FileBrowserViewModel() {
+    stopAll();
+}
+
+void FileBrowserViewModel::stopAll() {
+    ++loadNumber_;
+    stopLoad_.request_stop();
+    cancelPreview();
+    cancelEdits();
+    reloadTimer_.stop();
+}
+
+void FileBrowserViewModel::connectAndroid(const DeviceInfo& device, const QString& initialPath) {
+    open(openAndroid_(device), device, initialPath);
+}
+
+void FileBrowserViewModel::open(std::shared_ptr<FileAccess> files,
+                                const std::optional<DeviceInfo>& device,
+                                const QString& initialPath) {
+    cancelPreview();
+    reloadTimer_.stop();
+    files_ = std::move(files);
+    activeDevice_ = device;
+    history_ = {};
+    Q_EMIT connectionChanged();
+    const QString path = files_->canonicalPath(initialPath);
+    history_.record(path);
+    Q_EMIT historyChanged();
+    show(path);
+}
+
+void FileBrowserViewModel::loseDevice() {
+    if (!files_)
+        return;
+    stopAll();
+    setState(BrowserState::deviceLost, false);
+    setError(ErrorAdvice{QStringLiteral("The phone was unplugged."),
+                         QStringLiteral("Plug the phone in again, unlock it and choose File "
+                                        "transfer on it.")},
+             true);
+}
+
+void FileBrowserViewModel::updateDevice(const DeviceInfo& device) {
+    if (!activeDevice_ || activeDevice_->udid != device.udid || *activeDevice_ == device)
+        return;
+    const bool isBack = state_ == BrowserState::deviceLost;
+    const bool isUnlocked = !activeDevice_->isDataAccessible() && device.isDataAccessible();
+    activeDevice_ = device;
+    files_ = openAndroid_(device);
+    const BrowserRoot root = files_->rootOf(currentPath_);
+    if (!breadcrumbs_.empty() && breadcrumbs_.front().name != root.name) {
+        breadcrumbs_.front().name = root.name;
+        Q_EMIT pathChanged();
+    }
+    Q_EMIT connectionChanged();
+    if (isBack || isUnlocked)
+        reload();
+}
+
+std::optional<QString> FileBrowserViewModel::errorMessage() const {
+    return error_ ? std::optional(error_->message) : std::nullopt;
+}
+
+void FileBrowserViewModel::dismissError() {
+    setError(std::nullopt);
+}
+
+void FileBrowserViewModel::navigateTo(const QString& path, bool recordHistory) {
+    if (!files_)
+        return;
+    const QString target = files_->canonicalPath(path);
+    if (recordHistory && target != currentPath_) {
+        history_.record(target);
+        Q_EMIT historyChanged();
+    }
+    show(target);
+}
+
+/// Goes to a folder of which nothing is known yet.
+void FileBrowserViewModel::show(const QString& path) {
+    changeSelection({});
+    typeahead_.reset();
+    awaited_.reset();
+    setError(std::nullopt);
+    if (path != currentPath_ || rows_.listing().size() > 0)
+        rows_.reset(FileListing::make({}, QLocale()));
+    const BrowserRoot root = files_->rootOf(path);
+    currentPath_ = path;
+    rootPath_ = root.path;
+    breadcrumbs_ = breadcrumbsOf(root, path);
+    Q_EMIT pathChanged();
+    load(false);
+}
+
+void FileBrowserViewModel::enterFolder(const QString& itemId) {
+    const FileItem* item = itemWithId(itemId);
+    if (item && item->isDirectory)
+        navigateTo(item->path);
+}
+
+bool FileBrowserViewModel::canNavigateUp() const {
+    return files_ && currentPath_ != rootPath_;
+}
+
+void FileBrowserViewModel::navigateUp() {
+    if (!canNavigateUp())
+        return;
+    const QString left = lastComponent(currentPath_);
+    const bool isGone = state_ == BrowserState::folderGone;
+    navigateTo(isGone ? livingFolder_ : parentPath(currentPath_));
+    if (!isGone)
+        awaited_ = Awaited{left};
+}
+
+bool FileBrowserViewModel::canGoBack() const {
+    return history_.canGoBack();
+}
+
+bool FileBrowserViewModel::canGoForward() const {
+    return history_.canGoForward();
+}
+
+void FileBrowserViewModel::goBack() {
+    if (!files_ || !history_.canGoBack())
+        return;
+    const QString path = history_.back();
+    Q_EMIT historyChanged();
+    show(path);
+}
+
+void FileBrowserViewModel::goForward() {
+    if (!files_ || !history_.canGoForward())
+        return;
+    const QString path = history_.forward();
+    Q_EMIT historyChanged();
+    show(path);
+}
+
+void FileBrowserViewModel::reload() {
+    if (files_)
+        load(true);
+}
+
+void FileBrowserViewModel::load(bool isReload) {
+    reloadTimer_.stop();
+    stopLoad_.request_stop();
+    const std::uint64_t number = ++loadNumber_;
+    setState(isReload ? state_ : BrowserState::ready, true);
+    stopLoad_ = runInBackground(
+        this,
+        [files = files_, path = currentPath_, locale = QLocale()](const std::stop_token& stop) {
+            return loadFolder(*files, path, locale, stop);
+        },
+        [this, number, isReload](BackgroundResult<BrowserLoad> result) {
+            // Of a folder that is not wanted any more, or stopped.
+            if (number == loadNumber_ && result.succeeded())
+                applyLoad(result.take(), isReload);
+        });
+}
+
+void FileBrowserViewModel::applyLoad(const BrowserLoad& load, bool isReload) {
+    if (!load.listing) {
+        const bool isAndroid = activeDevice_ && activeDevice_->platform == DevicePlatform::android;
+        DiagnosticsLogger::shared().ui.error(
+            isAndroid ? "FileBrowserViewModel Android listDirectory error: %s"
+                      : "FileBrowserViewModel navigateTo error: %s",
+            {load.error.message});
+        livingFolder_ = load.livingFolder.value_or(QString());
+        if (load.livingFolder)
+            rows_.reset(FileListing::make({}, QLocale()));
+        BrowserSelection selection = selection_;
+        selection.prune(rows_);
+        changeSelection(selection);
+        setState(load.isDeviceLost   ? BrowserState::deviceLost
+                 : load.livingFolder ? BrowserState::folderGone
+                                     : BrowserState::failed,
+                 false);
+        setError(load.error, true);
+        return;
+    }
+    if (isReload)
+        rows_.update(load.listing);
+    else
+        rows_.reset(load.listing);
+    BrowserSelection selection = selection_;
+    selection.prune(rows_);
+    changeSelection(selection);
+    setState(BrowserState::ready, false);
+    if (isErrorOfLoad_)
+        setError(std::nullopt);
+    selectAwaited();
+}
+
+void FileBrowserViewModel::cancelLoading() {
+    if (!isLoading_ || !files_)
+        return;
+    ++loadNumber_;
+    stopLoad_.request_stop();
+    const bool isShown = state_ != BrowserState::ready || rows_.listing().size() > 0;
+    setState(isShown ? state_ : BrowserState::failed, false);
+    if (!isShown)
+        setError(ErrorAdvice{QStringLiteral("The folder was not read."),
+                             QStringLiteral("Refresh it to try again.")},
+                 true);
+}
+
+void FileBrowserViewModel::setState(BrowserState state, bool isLoading) {
+    if (state == state_ && isLoading == isLoading_)
+        return;
+    state_ = state;
+    isLoading_ = isLoading;
+    Q_EMIT stateChanged();
+}
+
+void FileBrowserViewModel::setError(const std::optional<ErrorAdvice>& error, bool isOfLoad) {
+    isErrorOfLoad_ = error && isOfLoad;
+    if (!error && !error_)
+        return;
+    error_ = error;
+    Q_EMIT errorChanged();
+}
+
+const std::vector<FileItem>& FileBrowserViewModel::items() const {
+    return rows_.listing().items();
+}
+
+std::vector<FileItem> FileBrowserViewModel::filteredItems() const {
+    std::vector<FileItem> shown;
+    shown.reserve(static_cast<std::size_t>(rows_.count()));
+    for (int row = 0; row < rows_.count(); ++row)
+        shown.push_back(rows_.item(row));
+    return shown;
+}
+
+const FileItem* FileBrowserViewModel::itemWithId(const QString& id) const {
+    const int index = rows_.listing().indexOf(id);
+    return index < 0 ? nullptr : &rows_.listing().item(index);
+}
+
+std::vector<FileItem> FileBrowserViewModel::itemsWithIds(const QStringList& ids) const {
+    std::vector<FileItem> found;
+    for (const QString& id : ids)
+        if (const FileItem* item = itemWithId(id))
+            found.push_back(*item);
+    return found;
+}
+
+void FileBrowserViewModel::setSearchText(const QString& text) {
+    if (text == rows_.filter())
+        return;
+    rows_.setFilter(text);
+    // What cannot be seen must not be deleted with the rest.
+    BrowserSelection selection = selection_;
+    selection.prune(rows_);
+    changeSelection(selection);
+    Q_EMIT searchTextChanged();
+}
+
+void FileBrowserViewModel::setSortOrder(const FileSortOrder& order) {
+    if (order == rows_.sortOrder())
+        return;
+    rows_.setSortOrder(order);
+    Q_EMIT sortOrderChanged();
+}
+
+void FileBrowserViewModel::setViewMode(ViewMode mode) {
+    if (std::exchange(viewMode_, mode) != mode)
+        Q_EMIT viewModeChanged();
+}
+
+std::vector<FileItem> FileBrowserViewModel::selectedEntries() const {
+    std::vector<FileItem> selected;
+    for (int row = 0; row < rows_.count(); ++row)
+        if (selection_.ids().contains(rows_.id(row)))
+            selected.push_back(rows_.item(row));
+    return selected;
+}
+
+void FileBrowserViewModel::changeSelection(const BrowserSelection& selection) {
+    if (selection == selection_)
+        return;
+    selection_ = selection;
+    Q_EMIT selectionChanged();
+}
+
+void FileBrowserViewModel::selectItem(const QString& id, SelectionChange how) {
+    const int row = rows_.rowOf(id);
+    if (row < 0)
+        return;
+    BrowserSelection selection = selection_;
+    selection.select(rows_, row, how);
+    changeSelection(selection);
+}
+
+void FileBrowserViewModel::selectNextItem(bool extend) {
+    moveSelection(1, extend);
+}
+
+void FileBrowserViewModel::selectPreviousItem(bool extend) {
+    moveSelection(-1, extend);
+}
+
+void FileBrowserViewModel::moveSelection(int step, bool extend) {
+    BrowserSelection selection = selection_;
+    selection.move(rows_, step, extend);
+    changeSelection(selection);
+}
+
+void FileBrowserViewModel::selectAll() {
+    BrowserSelection selection = selection_;
+    selection.selectAll(rows_);
+    changeSelection(selection);
+}
+
+void FileBrowserViewModel::clearSelection() {
+    changeSelection({});
+}
+
+void FileBrowserViewModel::setSelection(const QSet<QString>& ids, const QString& currentId) {
+    BrowserSelection selection = selection_;
+    selection.set(rows_, ids, currentId);
+    changeSelection(selection);
+}
+
+void FileBrowserViewModel::handleTypeahead(const QString& character) {
+    const int current = selection_.current() ? rows_.rowOf(*selection_.current()) : -1;
+    const int row = typeahead_.type(character, rows_, current);
+    if (row >= 0)
+        selectItem(rows_.id(row));
+}
+
+/// Selects the entry that an action announced, once the folder shows it.
+void FileBrowserViewModel::selectAwaited() {
+    if (!awaited_)
+        return;
+    const Awaited awaited = *std::exchange(awaited_, std::nullopt);
+    for (int row = 0; row < rows_.count(); ++row) {
+        if (rows_.item(row).name != awaited.name)
+            continue;
+        const QString id = rows_.id(row);
+        selectItem(id);
+        if (awaited.isNewFolder)
+            Q_EMIT folderCreated(id);
+        return;
+    }
+}
+
+/// Reads the folder again after an upload into it.
+void FileBrowserViewModel::reloadAfter(const QUuid& finishedJob) {
+    const int index = transfers_.indexOf(finishedJob);
+    if (!files_ || index < 0)
+        return;
+    const TransferJob& job = transfers_.jobs()[static_cast<std::size_t>(index)];
+    if (job.type != TransferJob::TransferType::upload || job.connection != files_->identity() ||
+        files_->canonicalPath(parentPath(job.destinationPath)) != currentPath_)
+        return;
+    const bool isLast = transfers_.summary().isIdle();
+    if (isLast || !reloadTimer_.isActive())
+        reloadTimer_.start(isLast ? reloadPause : reloadPauseInQueue);
+}
+
+} // namespace tessary
