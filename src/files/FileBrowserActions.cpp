@@ -259,7 +259,7 @@ void FileBrowserViewModel::cacheFileForPreview(const QString& id) {
         [files = files_, item = *item, &previews = previews_](const std::stop_token& stop) {
             return previews.fetch(*files, item, {}, stop);
         },
-        [this, id, number, files = files_](BackgroundResult<QString> result) {
+        [this, id, number](BackgroundResult<QString> result) {
             if (number != previewNumber_)
                 return;
             try {
