@@ -1,7 +1,7 @@
 #include "cli/CliRunner.h"
 #include "core/Background.h"
 #include "phones/VirtualAndroid.h"
-#include "platform/qt/QtProcessRunner.h"
+#include "support/FakeProcessRunner.h"
 #include "support/QtPrinters.h"
 
 #include <QCoreApplication>
@@ -118,7 +118,7 @@ protected:
         QEventLoop loop;
         std::jthread work([&] {
             status = runner.run(request, stop);
-            QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+            MainThread::post([&loop] { loop.quit(); });
         });
         loop.exec();
         work.join();
@@ -128,7 +128,7 @@ protected:
     QTemporaryDir folder_;
     VirtualUsbBus bus_;
     VirtualAndroid phone_{config(folder_.filePath(QStringLiteral("phone")))};
-    QtProcessRunner processes_;
+    FakeProcessRunner processes_;
     DeviceFileService files_{bus_, processes_};
     QString device_ = QStringLiteral("ABC");
 };

@@ -232,7 +232,7 @@ TEST_F(DeviceManagerOrderTest, questionThatThrowsIsAskedAgain) {
     listen();
     inquiry_->throws_ = true;
     scripted_.attach(1);
-    ASSERT_TRUE(eventually([&] { return inquiry_->questions_ == 1; }));
+    ASSERT_TRUE(eventually([&] { return inquiry_->questions_ > 0; }));
     inquiry_->throws_ = false;
     EXPECT_TRUE(eventually([&] { return battery().has_value(); }));
 }
