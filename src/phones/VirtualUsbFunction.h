@@ -44,7 +44,7 @@ public:
 
     /// Plugged in: the pipes of `port` work from now on. Called by the thread that attaches.
     virtual void plugged(std::shared_ptr<VirtualUsbPort> port) = 0;
-    /// Unplugged: the pipes are closed already. Any thread, its own included; must not wait.
+    /// Unplugged: the pipes are about to close. Any thread, its own included; must not wait.
     virtual void unplugged() = 0;
 
     /// A class request to the interface, called by the host's thread; quick. usb::pipeStalled

@@ -47,14 +47,15 @@ void VirtualUsbPort::unplug() {
             return;
         plugged_ = false;
     }
-    in_.close();
-    out_.close();
-    events_.close();
     {
         const std::lock_guard lock(functionMutex_);
         std::exchange(function_, nullptr)->unplugged();
     }
+    // Off the bus before any call ends with usb::noDevice: who sees that may plug in again.
     whenUnplugged_();
+    in_.close();
+    out_.close();
+    events_.close();
 }
 
 void VirtualUsbPort::waitUnused() {

@@ -48,7 +48,8 @@ public:
 
     /// Hands `self`, which is this port, to the function. Once.
     void plug(const std::shared_ptr<VirtualUsbPort>& self);
-    /// Pulls the cable: closes the pipes, tells the function and the bus. Later calls do nothing.
+    /// Pulls the cable: tells the function and the bus, then closes the pipes. Later calls do
+    /// nothing.
     void unplug();
     /// After unplug(): waits until no other thread is inside the function.
     void waitUnused();

@@ -97,8 +97,8 @@ public:
 
     [[nodiscard]] virtual std::uint8_t endpointCount() const = 0;
     /// Pipes are numbered from 1 to endpointCount(); no value for any other number.
-    [[nodiscard]] virtual std::optional<UsbPipeProperties> pipeProperties(
-        std::uint8_t pipe) const = 0;
+    [[nodiscard]] virtual std::optional<UsbPipeProperties>
+    pipeProperties(std::uint8_t pipe) const = 0;
 
     /// Reads until `buffer` is full or a short packet ends the transfer. `transferred` tells what
     /// arrived, also when the call fails.
@@ -111,14 +111,12 @@ public:
 
     /// A stream of at most `depth` reads of at most `requestSize` bytes each on an IN pipe; null
     /// when the platform has no memory for it.
-    [[nodiscard]] virtual std::unique_ptr<UsbReadStream> readStream(std::uint8_t pipe,
-                                                                    std::size_t requestSize,
-                                                                    std::size_t depth) = 0;
+    [[nodiscard]] virtual std::unique_ptr<UsbReadStream>
+    readStream(std::uint8_t pipe, std::size_t requestSize, std::size_t depth) = 0;
 
     /// Control request on the default pipe; `data` is sent or filled according to the direction.
     virtual UsbCode controlRequest(const UsbControlRequest& request, std::span<std::byte> data,
-                                   std::size_t& transferred,
-                                   std::chrono::milliseconds timeout) = 0;
+                                   std::size_t& transferred, std::chrono::milliseconds timeout) = 0;
 };
 
 /// One device. Blocking; used by one thread at a time.
@@ -138,8 +136,9 @@ public:
 
     /// The interfaces of the active configuration with this class and subclass; no value means
     /// any. The device must be open.
-    [[nodiscard]] virtual std::vector<std::unique_ptr<UsbInterface>> interfaces(
-        std::optional<std::uint8_t> interfaceClass, std::optional<std::uint8_t> subclass) = 0;
+    [[nodiscard]] virtual std::vector<std::unique_ptr<UsbInterface>>
+    interfaces(std::optional<std::uint8_t> interfaceClass,
+               std::optional<std::uint8_t> subclass) = 0;
 };
 
 struct UsbEvent {
@@ -168,8 +167,8 @@ public:
 
     /// Calls `callback` on a thread of the bus at each attach and detach until the watch is
     /// destroyed; never from within this call. Null where the platform cannot tell.
-    [[nodiscard]] virtual std::unique_ptr<UsbWatch> watch(
-        std::function<void(const UsbEvent&)> callback) = 0;
+    [[nodiscard]] virtual std::unique_ptr<UsbWatch>
+    watch(std::function<void(const UsbEvent&)> callback) = 0;
 
     /// Names of other programs that hold the device open, as far as this user may know.
     [[nodiscard]] virtual QStringList programsHolding(std::uint64_t id) = 0;

@@ -11,6 +11,7 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QActionGroup>
+#include <QApplication>
 #include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QHBoxLayout>
@@ -443,6 +444,9 @@ bool BrowserView::eventFilter(QObject* watched, QEvent* event) {
             currentListing().setFocus();
         return false;
     }
+    // A key that the editor of a name leaves over is not meant for the listing.
+    if (QApplication::focusWidget() != watched)
+        return false;
     if (key == Qt::Key_Return || key == Qt::Key_Enter) {
         openSelected();
         return true;
