@@ -20,6 +20,7 @@ QString text(const std::string& bytes) {
 struct Raw {
     bool json = false;
     bool demo = false;
+    std::string demoFolder;
     std::vector<std::string> usb;
     std::string device;
     std::vector<std::string> paths;
@@ -105,7 +106,9 @@ CliRequest requestOf(const Raw& raw, CliRequest::Command command) {
     CliRequest request;
     request.command = command;
     request.json = raw.json;
-    request.demo = raw.demo;
+    request.demo = raw.demo || !raw.demoFolder.empty();
+    if (!raw.demoFolder.empty())
+        request.demoFolder = QFileInfo(text(raw.demoFolder)).absoluteFilePath();
     request.device = text(raw.device);
     for (const std::string& path : raw.paths)
         request.paths.append(text(path));
@@ -131,6 +134,8 @@ std::variant<CliRequest, CliUsage> parseCommandLine(const QStringList& arguments
                    "Also accept this USB device (VID:PID, hexadecimal) as an MTP phone")
         ->allow_extra_args(false);
     app.add_flag("--demo", raw.demo, "Start virtual phones, and use only those");
+    app.add_option("--demo-folder", raw.demoFolder,
+                   "The same, with the phones' files kept in this folder from run to run");
     const std::vector<Subcommand> commands = addSubcommands(app, raw);
 
     std::vector<std::string> reversed;

@@ -21,6 +21,7 @@ struct CliRequest {
     QString localPath;
     bool json = false;
     bool demo = false;
+    QString demoFolder; ///< where the virtual phones keep their files; empty: a temporary folder
     std::vector<UsbIds> alsoAccept; ///< --usb
 };
 

@@ -8,15 +8,9 @@ namespace tessary {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/// Slow enough for progress to be seen.
-constexpr double demoMegabytesPerSecond = 30;
-
-} // namespace
-
-DemoPhones::DemoPhones(const QString& folder) {
+DemoPhones::DemoPhones(const QString& folder, double megabytesPerSecond) {
     const QDir disk(folder);
+    const bool isNew = !disk.exists(u"pixel"_s);
 
     VirtualAndroidConfig first;
     first.serialNumber = u"DEMO0001"_s;
@@ -41,15 +35,18 @@ DemoPhones::DemoPhones(const QString& folder) {
     second.storages[0].folder = disk.filePath(u"galaxy"_s);
     second.storages[0].free = std::uint64_t{9} << 30;
 
-    (void)DemoContent::fillPhone(first.storages[0].folder);
-    (void)DemoContent::fillCard(first.storages[1].folder);
-    (void)DemoContent::fillCard(second.storages[0].folder);
+    if (isNew) {
+        (void)DemoContent::fillPhone(first.storages[0].folder);
+        (void)DemoContent::fillCard(first.storages[1].folder);
+        (void)DemoContent::fillCard(second.storages[0].folder);
+    }
 
     for (VirtualAndroidConfig* config : {&first, &second}) {
         auto& android =
             androids_.emplace_back(std::make_unique<VirtualAndroid>(std::move(*config)));
-        android->faults().update(
-            [](VirtualFaults& faults) { faults.megabytesPerSecond = demoMegabytesPerSecond; });
+        android->faults().update([megabytesPerSecond](VirtualFaults& faults) {
+            faults.megabytesPerSecond = megabytesPerSecond;
+        });
         android->plugInto(bus_);
     }
 }

@@ -8,8 +8,10 @@ namespace tessary {
 /// below the one that is given, which are filled with sample content first.
 class DemoPhones {
 public:
-    /// Blocking, about a second. The folder is the caller's, who also removes it (a temporary one).
-    explicit DemoPhones(const QString& folder);
+    /// Blocking, about a second. The folder is the caller's; what an earlier run left in it is used
+    /// as it is. `megabytesPerSecond` slows the phones down, so that progress can be seen; 0 for no
+    /// limit.
+    explicit DemoPhones(const QString& folder, double megabytesPerSecond = 0);
     ~DemoPhones();
     DemoPhones(const DemoPhones&) = delete;
     DemoPhones& operator=(const DemoPhones&) = delete;

@@ -17,11 +17,14 @@ using namespace tessary;
 
 namespace {
 
+/// As fast as a good cable, and slow enough for progress to be seen.
+constexpr double demoMegabytesPerSecond = 30;
+
 /// The phones that the window works on: this machine's, or virtual ones.
 struct Phones {
     explicit Phones(bool demo) {
         if (demo)
-            virtualPhones = std::make_unique<DemoPhones>(folder.path());
+            virtualPhones = std::make_unique<DemoPhones>(folder.path(), demoMegabytesPerSecond);
         else
             systemBus = makeSystemUsbBus();
     }

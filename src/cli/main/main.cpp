@@ -34,9 +34,10 @@ std::FILE* takeStandardOutput() {
 /// The phones that the run works on: this machine's, or virtual ones.
 class Phones {
 public:
-    explicit Phones(bool demo) {
-        if (demo)
-            demo_ = std::make_unique<DemoPhones>(folder_.path());
+    explicit Phones(const CliRequest& request) {
+        if (request.demo)
+            demo_ = std::make_unique<DemoPhones>(request.demoFolder.isEmpty() ? folder_.path()
+                                                                              : request.demoFolder);
         else
             system_ = makeSystemUsbBus();
     }
@@ -70,7 +71,7 @@ int main(int argc, char** argv) {
     int status = CliRunner::failed;
     std::jthread work([&] {
         {
-            Phones phones(request.demo);
+            Phones phones(request);
             QtProcessRunner processes;
             DeviceFileService files(phones.bus(), processes);
             status = CliRunner(phones.bus(), files, out, stderr).run(request, signals.token());
