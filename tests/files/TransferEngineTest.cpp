@@ -1,0 +1,216 @@
+#include "files/TransferEngine.h"
+#include "core/CancellationError.h"
+#include "core/TessaryError.h"
+#include "files/FakeFileAccess.h"
+
+#include <gtest/gtest.h>
+
+#include <future>
+#include <thread>
+
+#include <pthread.h>
+
+namespace tessary {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// What the engine told, in order, and waiting for it.
+class Journal {
+public:
+    void add(const std::string& entry) {
+        const std::scoped_lock lock(mutex_);
+        entries_.push_back(entry);
+        changed_.notify_all();
+    }
+    [[nodiscard]] std::vector<std::string> entries() const {
+        const std::scoped_lock lock(mutex_);
+        return entries_;
+    }
+    [[nodiscard]] bool waitFor(const std::string& entry) {
+        std::unique_lock lock(mutex_);
+        return changed_.wait_for(lock, 20s, [&] {
+            return std::find(entries_.begin(), entries_.end(), entry) != entries_.end();
+        });
+    }
+
+private:
+    mutable std::mutex mutex_;
+    std::condition_variable changed_;
+    std::vector<std::string> entries_;
+};
+
+class TransferEngineTest : public testing::Test {
+protected:
+    QUuid enqueue(const std::string& name, TransferEngine::Work work = {}) {
+        const QUuid id = QUuid::createUuid();
+        if (!work)
+            work = [this, name](const TransferProgressCallback&, const std::stop_token&) {
+                journal_.add("work " + name);
+            };
+        engine_->enqueue(id, std::move(work),
+                         {.onStart = [this, name] { journal_.add("start " + name); },
+                          .onProgress =
+                              [this, name](const TransferProgress& progress) {
+                                  journal_.add("progress " + name + " " +
+                                               std::to_string(progress.completedBytes));
+                              },
+                          .onComplete =
+                              [this, name](const std::exception_ptr& error) {
+                                  journal_.add(outcome(error) + " " + name);
+                              }});
+        return id;
+    }
+    QUuid enqueueHeld(const std::string& name, Gate& gate) {
+        return enqueue(name, [&gate](const TransferProgressCallback&, const std::stop_token& stop) {
+            gate.pass(stop);
+        });
+    }
+    static std::string outcome(const std::exception_ptr& error) {
+        if (!error)
+            return "done";
+        try {
+            std::rethrow_exception(error);
+        } catch (const CancellationError&) {
+            return "cancelled";
+        } catch (const TessaryError& known) {
+            return known.description().toStdString();
+        } catch (...) {
+            return "unknown";
+        }
+    }
+
+    Journal journal_;
+    std::unique_ptr<TransferEngine> engine_ = std::make_unique<TransferEngine>();
+};
+
+TEST_F(TransferEngineTest, jobsRunOneAfterTheOtherInTheirOrder) {
+    enqueue("a", [this](const TransferProgressCallback& progress, const std::stop_token&) {
+        char name[16] = {};
+        pthread_getname_np(pthread_self(), name, sizeof name);
+        journal_.add(name);
+        progress({.completedBytes = 7});
+    });
+    enqueue("b");
+    enqueue("c");
+    ASSERT_TRUE(journal_.waitFor("done c"));
+    EXPECT_EQ(
+        journal_.entries(),
+        (std::vector<std::string>{"start a", "tessary-copy", "progress a 7", "done a", "start b",
+                                  "work b", "done b", "start c", "work c", "done c"}));
+}
+
+TEST_F(TransferEngineTest, failureReachesItsJobOnlyAndTheNextRuns) {
+    enqueue("a", [](const TransferProgressCallback&, const std::stop_token&) {
+        throw TessaryError::fileIOError(QStringLiteral("full"));
+    });
+    enqueue("b", [](const TransferProgressCallback&, const std::stop_token&) { throw 42; });
+    enqueue("c");
+    ASSERT_TRUE(journal_.waitFor("done c"));
+    EXPECT_EQ(journal_.entries(),
+              (std::vector<std::string>{"start a", "File I/O error: full a", "start b", "unknown b",
+                                        "start c", "work c", "done c"}));
+}
+
+TEST_F(TransferEngineTest, waitingJobThatIsCancelledHearsNothing) {
+    Gate gate;
+    enqueueHeld("a", gate);
+    const QUuid b = enqueue("b");
+    enqueue("c");
+    ASSERT_TRUE(journal_.waitFor("start a"));
+    engine_->cancelJob(b);
+    gate.open();
+    ASSERT_TRUE(journal_.waitFor("done c"));
+    EXPECT_EQ(journal_.entries(),
+              (std::vector<std::string>{"start a", "done a", "start c", "work c", "done c"}));
+    engine_->cancelJob(b); // no effect
+}
+
+TEST_F(TransferEngineTest, runningJobThatIsCancelledLetsTheNextStart) {
+    Gate gate;
+    const QUuid a = enqueueHeld("a", gate);
+    enqueue("b");
+    ASSERT_TRUE(journal_.waitFor("start a"));
+    engine_->cancelJob(a);
+    ASSERT_TRUE(journal_.waitFor("done b"));
+    EXPECT_EQ(journal_.entries(),
+              (std::vector<std::string>{"start a", "cancelled a", "start b", "work b", "done b"}));
+}
+
+TEST_F(TransferEngineTest, jobMayQueueAndCancelFromItsOwnWork) {
+    QUuid c;
+    enqueue("a", [&](const TransferProgressCallback&, const std::stop_token&) {
+        c = enqueue("c");
+        enqueue("d");
+        engine_->cancelJob(c);
+    });
+    ASSERT_TRUE(journal_.waitFor("done d"));
+    EXPECT_EQ(journal_.entries(),
+              (std::vector<std::string>{"start a", "done a", "start d", "work d", "done d"}));
+}
+
+TEST_F(TransferEngineTest, stopEndsTheRunningJobAndDropsTheRest) {
+    Gate gate;
+    enqueueHeld("a", gate);
+    enqueue("b");
+    ASSERT_TRUE(journal_.waitFor("start a"));
+    EXPECT_TRUE(engine_->stop(20s));
+    EXPECT_TRUE(engine_->stop(20s));
+    enqueue("c");
+    engine_.reset();
+    EXPECT_EQ(journal_.entries(), (std::vector<std::string>{"start a", "cancelled a"}));
+}
+
+TEST_F(TransferEngineTest, workThatIgnoresTheStopIsLeftBehind) {
+    const auto mayEnd = std::make_shared<std::atomic<bool>>(false);
+    const auto hasEnded = std::make_shared<std::promise<void>>();
+    engine_->enqueue(
+        QUuid::createUuid(),
+        [=](const TransferProgressCallback&, const std::stop_token&) {
+            while (!*mayEnd)
+                std::this_thread::sleep_for(1ms);
+        },
+        {.onStart = [this] { journal_.add("start"); },
+         .onProgress = {},
+         .onComplete = [hasEnded](const std::exception_ptr&) { hasEnded->set_value(); }});
+    ASSERT_TRUE(journal_.waitFor("start"));
+    EXPECT_FALSE(engine_->stop(20ms));
+    *mayEnd = true;
+    EXPECT_EQ(hasEnded->get_future().wait_for(20s), std::future_status::ready);
+}
+
+TEST_F(TransferEngineTest, manyThreadsQueueAndCancelAtOnce) {
+    constexpr int threads = 4;
+    constexpr int jobs = 100;
+    std::atomic<int> running = 0;
+    std::atomic<int> overlaps = 0;
+    std::atomic<int> completed = 0;
+    {
+        std::vector<std::jthread> callers;
+        for (int t = 0; t < threads; ++t)
+            callers.emplace_back([&] {
+                for (int i = 0; i < jobs; ++i) {
+                    const QUuid id = QUuid::createUuid();
+                    engine_->enqueue(
+                        id,
+                        [&](const TransferProgressCallback&, const std::stop_token&) {
+                            overlaps += running++ > 0 ? 1 : 0;
+                            --running;
+                        },
+                        {.onStart = {},
+                         .onProgress = {},
+                         .onComplete = [&](const std::exception_ptr&) { ++completed; }});
+                    if (i % 3 == 0)
+                        engine_->cancelJob(id);
+                }
+            });
+    }
+    enqueue("last");
+    ASSERT_TRUE(journal_.waitFor("done last"));
+    EXPECT_EQ(overlaps, 0);
+    EXPECT_GE(completed, threads * (jobs - jobs / 3 - 1));
+    EXPECT_LE(completed, threads * jobs);
+}
+
+} // namespace
+} // namespace tessary
