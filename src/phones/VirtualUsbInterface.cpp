@@ -92,6 +92,9 @@ UsbCode VirtualUsbInterface::writePipeTO(std::uint8_t pipe, std::span<const std:
     transferred = 0;
     if (!open_)
         return usb::notOpen;
+    // The pipes close one after the other: a call that begins after the first has is too late.
+    if (!port_->isPlugged())
+        return usb::noDevice;
     VirtualUsbPipe* const target = pipeFor(pipe, UsbDirection::out);
     return target ? target->hostWrite(data, transferred, timeouts) : usb::badArgument;
 }
