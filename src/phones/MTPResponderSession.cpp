@@ -16,35 +16,25 @@ void MTPResponder::serve(MTPResponderLink& link, const MTPCommand& command) {
               std::chrono::steady_clock::now()});
     while (gate_.isSilent())
         link.pause(std::chrono::hours(1));
-    const Operation* const known = operation(command.operation);
-    gate_.beginTransaction(command.transactionID, known && known->data != Operation::Data::none);
     Transaction transaction{command, link, behaviour_.get(), {}};
     auto code = static_cast<std::uint16_t>(MTPResponseCode::ok);
-    bool answers = true;
-    bool cancelled = false;
     try {
-        perform(known, transaction);
+        perform(operation(command.operation), transaction);
     } catch (const MTPRefusal& refusal) {
         code = refusal.code;
         transaction.answer.clear();
     } catch (const MTPNoAnswer&) {
-        answers = false;
+        return;
     } catch (const MTPLinkBroken& broken) {
-        cancelled = broken.why == MTPLinkBroken::Why::cancelled;
-        if (!cancelled) {
-            link.closeTransaction();
+        if (broken.why != MTPLinkBroken::Why::cancelled)
             throw;
-        }
-    }
-    cancelled = link.closeTransaction() || cancelled;
-    if (cancelled) {
         gate_.beBusy(transaction.behaviour.busyAfterCancel);
-        answers = transaction.behaviour.answersCancelled;
+        if (!transaction.behaviour.answersCancelled)
+            return;
         code = static_cast<std::uint16_t>(MTPResponseCode::transactionCancelled);
         transaction.answer.clear();
     }
-    if (answers)
-        link.sendResponse(command, code, transaction.answer);
+    link.sendResponse(command, code, transaction.answer);
 }
 
 void MTPResponder::perform(const Operation* operation, Transaction& transaction) {
@@ -66,7 +56,7 @@ void MTPResponder::perform(const Operation* operation, Transaction& transaction)
         (this->*operation->run)(transaction);
         return;
     }
-    if (operation && operation->data == Operation::Data::fromHost) {
+    if (operation && operation->receivesData) {
         try {
             transaction.link.receiveData(transaction.command, [](ByteView) {});
         } catch (const MTPRefusal&) {

@@ -2,48 +2,22 @@
 
 namespace tessary {
 
-namespace {
-
-/// How long a command that the host has written may take to the phone.
-constexpr std::chrono::milliseconds takeUpTime{50};
-
-} // namespace
-
 void MTPTransactionGate::reset() {
     const std::lock_guard lock(mutex_);
-    taken_.reset();
     transaction_.reset();
-    inData_ = cancelled_ = unplugged_ = silent_ = false;
+    cancelled_ = unplugged_ = silent_ = false;
     busyUntil_ = {};
 }
 
-void MTPTransactionGate::beginTransaction(std::uint32_t transactionID, bool hasData) {
+void MTPTransactionGate::beginData(std::uint32_t transactionID) {
     const std::lock_guard lock(mutex_);
-    taken_ = transactionID;
-    if (hasData)
-        transaction_ = transactionID;
+    transaction_ = transactionID;
     cancelled_ = false;
-    changed_.notify_all();
-}
-
-bool MTPTransactionGate::endTransaction() {
-    const std::lock_guard lock(mutex_);
-    transaction_.reset();
-    inData_ = false;
-    return cancelled_;
-}
-
-bool MTPTransactionGate::beginData() {
-    const std::lock_guard lock(mutex_);
-    inData_ = true;
-    return !cancelled_;
 }
 
 bool MTPTransactionGate::endData() {
     const std::lock_guard lock(mutex_);
-    if (inData_)
-        transaction_.reset();
-    inData_ = false;
+    transaction_.reset();
     return cancelled_;
 }
 
@@ -69,9 +43,8 @@ bool MTPTransactionGate::isSilent() const {
 
 bool MTPTransactionGate::cancel(std::uint32_t transactionID,
                                 const std::function<void()>& interruptPipes) {
-    std::unique_lock lock(mutex_);
-    changed_.wait_for(lock, takeUpTime, [&] { return unplugged_ || taken_ == transactionID; });
-    if (unplugged_ || transaction_ != transactionID)
+    const std::lock_guard lock(mutex_);
+    if (transaction_ != transactionID)
         return false;
     cancelled_ = true;
     interruptPipes();

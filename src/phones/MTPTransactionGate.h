@@ -20,13 +20,8 @@ public:
 
     // The phone's side.
 
-    /// A command was taken up. When it has a data phase, it can be cancelled until that is over.
-    void beginTransaction(std::uint32_t transactionID, bool hasData);
-    /// True when it was cancelled and beBusy() has not been called for that.
-    bool endTransaction();
-    /// False when the transaction was cancelled before its data phase.
-    [[nodiscard]] bool beginData();
-    /// True when the data phase was cancelled. From now on the transaction cannot be.
+    void beginData(std::uint32_t transactionID);
+    /// True when the data phase was cancelled.
     bool endData();
     [[nodiscard]] Pause pause(std::chrono::nanoseconds duration);
     void beBusy(std::chrono::milliseconds duration);
@@ -34,9 +29,8 @@ public:
 
     // The host's side.
 
-    /// Cancels this transaction unless its data phase is over, running `interruptPipes` before the
-    /// phone can see it. Waits a moment for the phone to take the command up. False when there is
-    /// nothing to cancel.
+    /// Cancels the data phase of this transaction, running `interruptPipes` before the phone can
+    /// see it; false when none is under way.
     bool cancel(std::uint32_t transactionID, const std::function<void()>& interruptPipes);
     [[nodiscard]] bool isBusy() const;
     void unplug();
@@ -48,9 +42,7 @@ private:
 
     mutable std::mutex mutex_; ///< guards all below
     std::condition_variable changed_;
-    std::optional<std::uint32_t> taken_;       ///< the last command that was taken up
-    std::optional<std::uint32_t> transaction_; ///< that command, while it can be cancelled
-    bool inData_ = false;
+    std::optional<std::uint32_t> transaction_;
     bool cancelled_ = false;
     bool unplugged_ = false;
     bool silent_ = false;
