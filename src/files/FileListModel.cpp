@@ -66,7 +66,7 @@ int FileListModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant FileListModel::data(const QModelIndex& index, int role) const {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+    if (!index.isValid())
         return {};
     const FileItem& item = browser_.rows().item(index.row());
     switch (role) {
@@ -97,8 +97,7 @@ QVariant FileListModel::data(const QModelIndex& index, int role) const {
 }
 
 bool FileListModel::setData(const QModelIndex& index, const QVariant& value, int role) {
-    if (role != Qt::EditRole || index.column() != nameColumn ||
-        !checkIndex(index, CheckIndexOption::IndexIsValid))
+    if (role != Qt::EditRole || !index.isValid() || index.column() != nameColumn)
         return false;
     const QString name = value.toString();
     if (name.isEmpty() || name == browser_.rows().item(index.row()).name)
@@ -115,7 +114,7 @@ QVariant FileListModel::headerData(int section, Qt::Orientation orientation, int
 }
 
 Qt::ItemFlags FileListModel::flags(const QModelIndex& index) const {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+    if (!index.isValid())
         return Qt::ItemIsDropEnabled; // on the folder itself
     Qt::ItemFlags flags = QAbstractTableModel::flags(index) | Qt::ItemIsDragEnabled;
     if (index.column() == nameColumn)

@@ -5,6 +5,7 @@
 #include "core/MainThread.h"
 #include "core/TessaryError.h"
 #include "files/DevicePath.h"
+#include "files/TransferEnd.h"
 
 #include <QFileInfo>
 #include <QPointer>
@@ -56,34 +57,6 @@ struct TransferViewModel::Feed {
     std::optional<TransferProgress> take() {
         const std::scoped_lock lock(mutex);
         return std::exchange(latest, std::nullopt);
-    }
-};
-
-/// How the work of a job ended, in words.
-struct TransferViewModel::Failure {
-    std::exception_ptr error; ///< null for success
-    bool isCancelled = false;
-    ErrorAdvice words;
-    std::vector<SkippedItem> skipped;
-
-    static Failure from(const std::exception_ptr& error, FileAccess* files) {
-        Failure failure;
-        failure.error = error;
-        if (!error)
-            return failure;
-        try {
-            std::rethrow_exception(error);
-        } catch (const CancellationError&) {
-            failure.isCancelled = true;
-        } catch (const IncompleteTransferError& incomplete) {
-            failure.words.message = QString::fromUtf8(incomplete.what());
-            failure.skipped = incomplete.outcome().skipped;
-        } catch (const std::exception& other) {
-            failure.words = adviceFor(other, files ? files->programsHolding() : QStringList());
-        } catch (...) {
-            failure.words.message = QStringLiteral("The copy failed for an unknown reason.");
-        }
-        return failure;
     }
 };
 
@@ -225,9 +198,9 @@ void TransferViewModel::start(
          .onProgress = [feed](const TransferProgress& progress) { feed->put(progress); },
          .onComplete =
              [self, feed, files](const std::exception_ptr& error) {
-                 MainThread::post([self, feed, failure = Failure::from(error, files.get())] {
+                 MainThread::post([self, feed, end = TransferEnd::from(error, files.get())] {
                      if (self)
-                         self->completeJob(feed->id, feed, failure);
+                         self->completeJob(feed->id, feed, end);
                  });
              }});
 }
@@ -277,7 +250,7 @@ void TransferViewModel::showProgress() {
 }
 
 void TransferViewModel::completeJob(const QUuid& id, const std::shared_ptr<Feed>& feed,
-                                    const Failure& failure) {
+                                    const TransferEnd& end) {
     const int index = indexOf(id);
     if (index < 0)
         return;
@@ -286,20 +259,20 @@ void TransferViewModel::completeJob(const QUuid& id, const std::shared_ptr<Feed>
         return;
     if (const auto progress = feed->take())
         updateProgress(job, *progress);
-    if (!failure.error) {
+    if (!end.error) {
         job.progress.completedFiles = job.progress.totalFiles;
         job.progress.completedBytes = job.progress.totalBytes;
         job.progress.currentFileBytes = 0;
         job.progress.currentFileTotal = 0;
         finish(index, Status::completed, nullptr);
         Q_EMIT transferComplete();
-    } else if (failure.isCancelled) {
-        finish(index, Status::cancelled, failure.error);
+    } else if (end.isCancelled) {
+        finish(index, Status::cancelled, end.error);
     } else {
-        job.error = failure.words.message;
-        job.advice = failure.words.advice;
-        job.skipped = failure.skipped;
-        finish(index, Status::failed, failure.error);
+        job.error = end.words.message;
+        job.advice = end.words.advice;
+        job.skipped = end.skipped;
+        finish(index, Status::failed, end.error);
     }
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "core/TransferSpeed.h"
-#include "files/ErrorAdvice.h"
 #include "files/FileAccess.h"
 #include "files/TransferEngine.h"
 #include "files/TransferJob.h"
@@ -18,6 +17,8 @@
 #include <vector>
 
 namespace tessary {
+
+struct TransferEnd;
 
 /// The queue as a whole: what is under way since it was last empty.
 struct TransferSummary {
@@ -97,7 +98,6 @@ Q_SIGNALS:
 
 private:
     struct Feed;
-    struct Failure;
 
     QUuid append(TransferJob job);
     void
@@ -106,7 +106,7 @@ private:
               work);
     void markJobInProgress(const QUuid& id, const std::shared_ptr<Feed>& feed);
     void updateProgress(TransferJob& job, const TransferProgress& progress);
-    void completeJob(const QUuid& id, const std::shared_ptr<Feed>& feed, const Failure& failure);
+    void completeJob(const QUuid& id, const std::shared_ptr<Feed>& feed, const TransferEnd& end);
     void finish(int index, TransferJob::TransferStatus status, const std::exception_ptr& error);
     void showProgress();
     void measureNext();

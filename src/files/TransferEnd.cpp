@@ -1,0 +1,28 @@
+#include "files/TransferEnd.h"
+
+#include "core/CancellationError.h"
+#include "files/TransferJob.h"
+
+namespace tessary {
+
+TransferEnd TransferEnd::from(const std::exception_ptr& error, FileAccess* files) {
+    TransferEnd end;
+    end.error = error;
+    if (!error)
+        return end;
+    try {
+        std::rethrow_exception(error);
+    } catch (const CancellationError&) {
+        end.isCancelled = true;
+    } catch (const IncompleteTransferError& incomplete) {
+        end.words.message = QString::fromUtf8(incomplete.what());
+        end.skipped = incomplete.outcome().skipped;
+    } catch (const std::exception& other) {
+        end.words = adviceFor(other, files ? files->programsHolding() : QStringList());
+    } catch (...) {
+        end.words.message = QStringLiteral("The copy failed for an unknown reason.");
+    }
+    return end;
+}
+
+} // namespace tessary

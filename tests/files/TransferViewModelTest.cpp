@@ -1,0 +1,333 @@
+#include "files/TransferViewModel.h"
+#include "core/CancellationError.h"
+#include "files/FakeFileAccess.h"
+#include "files/MainLoop.h"
+#include "mtp/MTPTransportError.h"
+#include "support/TemporaryFolder.h"
+
+#include <gmock/gmock.h>
+
+namespace tessary {
+namespace {
+
+using testing::ElementsAre;
+using Status = TransferJob::TransferStatus;
+
+class TransferViewModelTest : public MainLoop {
+protected:
+    TransferViewModelTest() {
+        QObject::connect(&model_, &TransferViewModel::jobChanged,
+                         [this](int index) { statuses_.push_back(job(index).status); });
+        QObject::connect(&model_, &TransferViewModel::transferComplete, [this] { ++successes_; });
+        QObject::connect(&model_, &TransferViewModel::jobFinished, [this] { ++finished_; });
+    }
+    ~TransferViewModelTest() override {
+        gate_.open();
+    }
+
+    [[nodiscard]] const TransferJob& job(int index) const {
+        return model_.jobs().at(static_cast<std::size_t>(index));
+    }
+    [[nodiscard]] std::vector<Status> allStatuses() const {
+        std::vector<Status> statuses;
+        for (const TransferJob& entry : model_.jobs())
+            statuses.push_back(entry.status);
+        return statuses;
+    }
+    QUuid download(const char* name, qint64 size = 10, TransferFinished onFinished = {}) {
+        const QString text = QString::fromUtf8(name);
+        return model_.enqueueDownload({text, QStringLiteral("/root/") + text, false, size, {}},
+                                      local_.path(text), files_, std::move(onFinished));
+    }
+    QUuid downloadFolder(const char* name) {
+        const QString text = QString::fromUtf8(name);
+        return model_.enqueueDownload({text, QStringLiteral("/root/") + text, true, 0, {}},
+                                      local_.path(text), files_);
+    }
+    /// Every operation on the device waits for the gate.
+    void hold() {
+        files_->setScript(
+            [this](const QString&, const std::stop_token& stop) { gate_.pass(stop); });
+    }
+    void failWith(const std::function<void()>& raise) {
+        files_->setScript([raise](const QString&, const std::stop_token&) { raise(); });
+    }
+    void finishAll() {
+        ASSERT_TRUE(eventually([this] { return model_.summary().isIdle(); }));
+    }
+
+    const TemporaryFolder local_;
+    std::shared_ptr<FakeFileAccess> files_ = std::make_shared<FakeFileAccess>();
+    Gate gate_;
+    TransferEngine engine_;
+    TransferViewModel model_{engine_};
+    std::vector<Status> statuses_;
+    int successes_ = 0;
+    int finished_ = 0;
+};
+
+TEST_F(TransferViewModelTest, uploadGoesIntoTheFolderUnderItsOwnName) {
+    const QString file = local_.write(QStringLiteral("a.txt"), "12345");
+    const std::pair<const char*, const char*> rows[] = {
+        {"/", "/a.txt"}, {"", "/a.txt"}, {"/DCIM/", "/DCIM/a.txt"}, {"/DCIM", "/DCIM/a.txt"}};
+    for (const auto& [folder, destination] : rows) {
+        const QUuid id = model_.enqueueUpload(file, QString::fromLatin1(folder), files_);
+        const TransferJob& queued = job(model_.indexOf(id));
+        EXPECT_EQ(queued.destinationPath, QString::fromLatin1(destination)) << folder;
+        EXPECT_EQ(queued.status, Status::queued);
+        EXPECT_EQ(queued.progress.totalFiles, 1);
+        EXPECT_EQ(queued.progress.totalBytes, 5);
+    }
+    finishAll();
+}
+
+TEST_F(TransferViewModelTest, successShowsAllFilesAndBytesDone) {
+    files_->setProgress({{4, 10}}); // a last report never comes
+    bool succeeded = false;
+    download("a", 10, [&](const std::exception_ptr& error) { succeeded = !error; });
+    finishAll();
+    EXPECT_EQ(job(0).status, Status::completed);
+    EXPECT_EQ(job(0).progress,
+              (TransferProgress{
+                  .totalFiles = 1, .completedFiles = 1, .totalBytes = 10, .completedBytes = 10}));
+    EXPECT_TRUE(succeeded);
+    EXPECT_EQ(successes_, 1);
+    EXPECT_EQ(statuses_.front(), Status::inProgress);
+    EXPECT_TRUE(local_.has(QStringLiteral("a")));
+}
+
+TEST_F(TransferViewModelTest, failureSaysWhatToDoAndKeepsTheCounters) {
+    files_->setScript([](const QString&, const std::stop_token&) {
+        throw MTPTransportError(MTPTransportError::Case::exclusiveAccessDenied);
+    });
+    std::exception_ptr told;
+    download("a", 10, [&](const std::exception_ptr& error) { told = error; });
+    finishAll();
+    EXPECT_EQ(job(0).status, Status::failed);
+    EXPECT_EQ(job(0).error, QStringLiteral("Another program is using the phone."));
+    EXPECT_TRUE(job(0).advice.contains(QStringLiteral("Close it")));
+    EXPECT_EQ(job(0).progress.totalBytes, 10);
+    EXPECT_THROW(std::rethrow_exception(told), MTPTransportError);
+    EXPECT_EQ(successes_, 0);
+}
+
+TEST_F(TransferViewModelTest, withoutADeviceTheJobFails) {
+    files_.reset();
+    download("a");
+    finishAll();
+    EXPECT_EQ(job(0).error, QStringLiteral("File I/O error: No device connected for download"));
+}
+
+TEST_F(TransferViewModelTest, nameThatLeadsElsewhereIsNotCopied) {
+    for (const char* name : {"..", ".", "", "a/b"}) {
+        model_.enqueueDownload({QString::fromLatin1(name), QStringLiteral("/root/x"), false, 1, {}},
+                               local_.path(QStringLiteral("target")), files_);
+        finishAll();
+        EXPECT_EQ(model_.jobs().back().status, Status::failed) << name;
+    }
+    EXPECT_TRUE(files_->log().isEmpty());
+}
+
+TEST_F(TransferViewModelTest, folderThatMissesSomethingIsAFailureThatNamesIt) {
+    TransferOutcome outcome;
+    outcome.progress = {.totalFiles = 9, .completedFiles = 8, .totalBytes = 90};
+    outcome.skipped = {{QStringLiteral("/root/d/x"), QStringLiteral("too large")}};
+    files_->setOutcome(outcome);
+    downloadFolder("d");
+    EXPECT_TRUE(job(0).isMeasuring);
+    finishAll();
+    EXPECT_EQ(job(0).status, Status::failed);
+    EXPECT_EQ(job(0).error, QStringLiteral("1 of 9 files was not copied: /root/d/x (too large)"));
+    EXPECT_EQ(job(0).skipped, outcome.skipped);
+    EXPECT_EQ(job(0).progress, outcome.progress);
+    EXPECT_FALSE(job(0).isMeasuring);
+}
+
+TEST_F(TransferViewModelTest, folderToUploadIsCountedWhileItWaits) {
+    local_.write(QStringLiteral("d/a"), "123");
+    local_.write(QStringLiteral("d/e/b"), "4567");
+    hold();
+    download("first");
+    model_.enqueueUpload(local_.path(QStringLiteral("d")), QStringLiteral("/root"), files_);
+    EXPECT_TRUE(job(1).isMeasuring);
+    ASSERT_TRUE(eventually([&] { return !job(1).isMeasuring; }));
+    EXPECT_EQ(job(1).status, Status::queued);
+    EXPECT_EQ(job(1).progress.totalFiles, 2);
+    EXPECT_EQ(job(1).progress.totalBytes, 7);
+    EXPECT_EQ(model_.summary().totalBytes, 17);
+    gate_.open();
+    finishAll();
+}
+
+TEST_F(TransferViewModelTest, queuedJobThatIsCancelledNeverRuns) {
+    hold();
+    download("a");
+    bool wasCancelled = false;
+    const QUuid b = download("b", 10, [&](const std::exception_ptr& error) {
+        try {
+            std::rethrow_exception(error);
+        } catch (const CancellationError&) {
+            wasCancelled = true;
+        }
+    });
+    download("c");
+    ASSERT_TRUE(eventually([&] { return job(0).status == Status::inProgress; }));
+    model_.cancelJob(b);
+    EXPECT_EQ(job(1).status, Status::cancelled);
+    EXPECT_TRUE(wasCancelled);
+    gate_.open();
+    finishAll();
+    EXPECT_THAT(allStatuses(),
+                ElementsAre(Status::completed, Status::cancelled, Status::completed));
+    EXPECT_EQ(files_->count(QStringLiteral("download b")), 0);
+}
+
+TEST_F(TransferViewModelTest, runningJobThatIsCancelledStaysCancelled) {
+    // The work does not notice: it ends well although it was cancelled.
+    files_->setScript([this](const QString& operation, const std::stop_token&) {
+        if (operation == QStringLiteral("download a"))
+            gate_.pass({});
+    });
+    const QUuid a = download("a");
+    download("b");
+    ASSERT_TRUE(eventually([&] { return job(0).status == Status::inProgress; }));
+    model_.cancelJob(a);
+    EXPECT_EQ(job(0).status, Status::cancelled);
+    EXPECT_FALSE(job(0).error);
+    model_.cancelJob(a); // no effect
+    gate_.open();
+    finishAll();
+    EXPECT_THAT(allStatuses(), ElementsAre(Status::cancelled, Status::completed));
+    EXPECT_EQ(finished_, 2);
+    model_.cancelJob(a);
+    EXPECT_EQ(job(0).status, Status::cancelled);
+}
+
+TEST_F(TransferViewModelTest, cancelBetweenStartAndItsNewsIsKept) {
+    hold();
+    const QUuid a = download("a");
+    // The engine has started it; the main thread has not heard of it yet.
+    while (gate_.waiting() == 0)
+        std::this_thread::sleep_for(1ms);
+    model_.cancelJob(a);
+    turnFor(100ms);
+    EXPECT_THAT(statuses_, ElementsAre(Status::cancelled));
+    EXPECT_TRUE(model_.summary().isIdle());
+}
+
+TEST_F(TransferViewModelTest, clearingLeavesWhatIsNotFinished) {
+    files_->setScript([this](const QString& operation, const std::stop_token& stop) {
+        if (operation == QStringLiteral("download c"))
+            gate_.pass(stop);
+    });
+    download("a");
+    download("b");
+    const QUuid c = download("c");
+    const QUuid d = download("d");
+    const QUuid e = download("e");
+    model_.cancelJob(d);
+    ASSERT_TRUE(eventually([&] { return job(2).status == Status::inProgress; }));
+    std::vector<std::pair<int, int>> removed;
+    QObject::connect(&model_, &TransferViewModel::jobsRemoved,
+                     [&](int first, int last) { removed.emplace_back(first, last); });
+    model_.clearCompleted();
+    EXPECT_THAT(removed, ElementsAre(std::pair(3, 3), std::pair(0, 1)));
+    ASSERT_EQ(model_.jobs().size(), 2U);
+    EXPECT_EQ(model_.indexOf(c), 0);
+    EXPECT_EQ(model_.indexOf(e), 1);
+    EXPECT_EQ(model_.indexOf(d), -1);
+    EXPECT_EQ(model_.summary().finished, 0);
+    gate_.open();
+    finishAll();
+    model_.clearCompleted();
+    EXPECT_TRUE(model_.jobs().empty());
+}
+
+TEST_F(TransferViewModelTest, progressReachesTheListInMeasureAndTheLastAlways) {
+    constexpr qint64 steps = 200'000;
+    std::vector<std::pair<qint64, qint64>> progress;
+    for (qint64 i = 1; i <= steps; ++i)
+        progress.emplace_back(i, steps);
+    files_->setProgress(progress);
+    const auto start = std::chrono::steady_clock::now();
+    download("a", steps);
+    finishAll();
+    const auto passed = std::chrono::steady_clock::now() - start;
+    EXPECT_LE(static_cast<qint64>(statuses_.size()),
+              passed / TransferViewModel::progressInterval + 3);
+    EXPECT_EQ(job(0).progress.completedBytes, steps);
+}
+
+TEST_F(TransferViewModelTest, lastProgressIsSeenWhenTheJobFailsRightAfterIt) {
+    files_->setProgress({{3, 10}, {7, 10}});
+    model_.enqueueDownload({QStringLiteral("a"), QStringLiteral("/root/a"), false, 10, {}},
+                           local_.path(QStringLiteral("missing/folder/a")), files_);
+    finishAll();
+    EXPECT_EQ(job(0).status, Status::failed);
+    EXPECT_EQ(job(0).progress.currentFileBytes, 7);
+}
+
+TEST_F(TransferViewModelTest, jobWhoseBytesAreAllAcrossIsFinishing) {
+    class Slow : public FakeFileAccess {
+    public:
+        explicit Slow(Gate& held) : gate_(held) {}
+        void uploadFile(const QString&, const QString&, const FileProgressCallback& progress,
+                        const std::stop_token& stop) override {
+            progress(10, 10);
+            gate_.pass(stop); // the phone works on it
+        }
+
+    private:
+        Gate& gate_;
+    };
+    model_.enqueueUpload(local_.write(QStringLiteral("a"), "0123456789"), QStringLiteral("/root"),
+                         std::make_shared<Slow>(gate_));
+    ASSERT_TRUE(eventually([&] { return job(0).isFinishing; }));
+    EXPECT_EQ(job(0).status, Status::inProgress);
+    EXPECT_FALSE(job(0).timeLeft);
+    gate_.open();
+    finishAll();
+    EXPECT_FALSE(job(0).isFinishing);
+    EXPECT_EQ(job(0).status, Status::completed);
+}
+
+TEST_F(TransferViewModelTest, thousandJobsStayQuick) {
+    constexpr int count = 1000;
+    const auto start = std::chrono::steady_clock::now();
+    for (int i = 0; i < count; ++i)
+        download(qPrintable(QStringLiteral("f%1").arg(i)), 100);
+    finishAll();
+    EXPECT_EQ(successes_, count);
+    EXPECT_EQ(finished_, count);
+    EXPECT_EQ(model_.summary().finished, count);
+    EXPECT_EQ(model_.summary().doneBytes, count * 100);
+
+    hold();
+    for (int i = 0; i < count; ++i)
+        download(qPrintable(QStringLiteral("g%1").arg(i)), 100);
+    model_.cancelAll();
+    EXPECT_TRUE(model_.summary().isIdle());
+    model_.clearCompleted();
+    EXPECT_TRUE(model_.jobs().empty());
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 20s);
+}
+
+TEST_F(TransferViewModelTest, modelThatGoesEndsItsJobs) {
+    hold();
+    auto model = std::make_unique<TransferViewModel>(engine_);
+    int told = 0;
+    for (int i = 0; i < 3; ++i)
+        model->enqueueDownload({QStringLiteral("a"), QStringLiteral("/root/a"), false, 1, {}},
+                               local_.path(QStringLiteral("a")), files_,
+                               [&](const std::exception_ptr&) { ++told; });
+    while (gate_.waiting() == 0)
+        std::this_thread::sleep_for(1ms);
+    model.reset();
+    ASSERT_TRUE(eventually([&] { return gate_.waiting() == 0; }));
+    turnFor(30ms);
+    EXPECT_EQ(told, 0);
+    EXPECT_EQ(files_->count(QStringLiteral("download a")), 1);
+}
+
+} // namespace
+} // namespace tessary
