@@ -23,27 +23,28 @@ constexpr std::chrono::milliseconds catchUpTime{200};
 std::span<const MTPResponder::Operation> MTPResponder::operations() {
     using Code = MTPOperationCode;
     using R = MTPResponder;
+    using enum Operation::Data;
     static constexpr std::array table{
-        Operation{Code::getDeviceInfo, &R::getDeviceInfo, 0, false, false},
-        Operation{Code::openSession, &R::openSession, 1, false, false},
+        Operation{Code::getDeviceInfo, &R::getDeviceInfo, 0, toHost, false},
+        Operation{Code::openSession, &R::openSession, 1, none, false},
         Operation{Code::closeSession, &R::closeSession},
-        Operation{Code::getStorageIDs, &R::getStorageIDs},
-        Operation{Code::getStorageInfo, &R::getStorageInfo, 1},
+        Operation{Code::getStorageIDs, &R::getStorageIDs, 0, toHost},
+        Operation{Code::getStorageInfo, &R::getStorageInfo, 1, toHost},
         Operation{Code::getNumObjects, &R::getNumObjects, 1},
-        Operation{Code::getObjectHandles, &R::getObjectHandles, 1},
-        Operation{Code::getObjectInfo, &R::getObjectInfo, 1},
-        Operation{Code::getObject, &R::getObject, 1},
+        Operation{Code::getObjectHandles, &R::getObjectHandles, 1, toHost},
+        Operation{Code::getObjectInfo, &R::getObjectInfo, 1, toHost},
+        Operation{Code::getObject, &R::getObject, 1, toHost},
         Operation{Code::deleteObject, &R::deleteObject, 1},
-        Operation{Code::sendObjectInfo, &R::sendObjectInfo, 0, true},
-        Operation{Code::sendObject, &R::sendObject, 0, true},
-        Operation{Code::getDevicePropDesc, &R::getDevicePropDesc, 1},
-        Operation{Code::getDevicePropValue, &R::getDevicePropValue, 1},
+        Operation{Code::sendObjectInfo, &R::sendObjectInfo, 0, fromHost},
+        Operation{Code::sendObject, &R::sendObject, 0, fromHost},
+        Operation{Code::getDevicePropDesc, &R::getDevicePropDesc, 1, toHost},
+        Operation{Code::getDevicePropValue, &R::getDevicePropValue, 1, toHost},
         Operation{Code::moveObject, &R::moveObject, 3},
-        Operation{Code::getPartialObject, &R::getPartialObject, 3},
-        Operation{Code::getObjectPropsSupported, &R::getObjectPropsSupported, 1},
-        Operation{Code::getObjectPropValue, &R::getObjectPropValue, 2},
-        Operation{Code::setObjectPropValue, &R::setObjectPropValue, 2, true},
-        Operation{Code::androidGetPartialObject64, &R::getPartialObject64, 4},
+        Operation{Code::getPartialObject, &R::getPartialObject, 3, toHost},
+        Operation{Code::getObjectPropsSupported, &R::getObjectPropsSupported, 1, toHost},
+        Operation{Code::getObjectPropValue, &R::getObjectPropValue, 2, toHost},
+        Operation{Code::setObjectPropValue, &R::setObjectPropValue, 2, fromHost},
+        Operation{Code::androidGetPartialObject64, &R::getPartialObject64, 4, toHost},
     };
     return table;
 }

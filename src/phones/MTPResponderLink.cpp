@@ -61,6 +61,16 @@ void MTPResponderLink::breakOff(MTPLinkBroken::Why why) {
     throw MTPLinkBroken{why};
 }
 
+bool MTPResponderLink::closeTransaction() {
+    const bool cancelled = gate_.endTransaction();
+    if (cancelled) {
+        port_->in().resume();
+        port_->out().resume();
+        joined_ = {};
+    }
+    return cancelled;
+}
+
 void MTPResponderLink::check(UsbCode code) {
     if (code == usb::aborted)
         breakOff(MTPLinkBroken::Why::cancelled);
@@ -113,7 +123,7 @@ MTPCommand MTPResponderLink::receiveCommand() {
 }
 
 void MTPResponderLink::receiveData(const MTPCommand& command, const Sink& sink) {
-    Phase phase(*this, command, UsbDirection::out);
+    Phase phase(*this, UsbDirection::out);
     VirtualUsbChunk chunk;
     do {
         chunk = take(&phase);
@@ -184,21 +194,19 @@ void MTPResponderLink::sendDataset(const MTPCommand& command, const Bytes& datas
     Bytes container =
         headerOf(MTPContainerType::data, command.operation, command.transactionID, dataset.size());
     container.insert(container.end(), dataset.begin(), dataset.end());
-    (void)sendData(command, rewritten(command, MTPContainerType::data, std::move(container)), 0,
-                   {});
+    (void)sendData(rewritten(command, MTPContainerType::data, std::move(container)), 0, {});
 }
 
 bool MTPResponderLink::sendStream(const MTPCommand& command, std::uint64_t size,
                                   const Source& source) {
     const Bytes header =
         headerOf(MTPContainerType::data, command.operation, command.transactionID, size);
-    return sendData(command, rewritten(command, MTPContainerType::data, header), size, source);
+    return sendData(rewritten(command, MTPContainerType::data, header), size, source);
 }
 
-bool MTPResponderLink::sendData(const MTPCommand& command, const Bytes& head, std::uint64_t size,
-                                const Source& source) {
+bool MTPResponderLink::sendData(const Bytes& head, std::uint64_t size, const Source& source) {
     const VirtualFaults faults = faults_.get();
-    Phase phase(*this, command, UsbDirection::in);
+    Phase phase(*this, UsbDirection::in);
     Writer writer(*this, &phase);
     const std::size_t split =
         faults.headerInOwnTransfer ? std::min(head.size(), MTPContainerHeader::size) : 0;

@@ -61,6 +61,9 @@ public:
 
     void pause(std::chrono::nanoseconds duration);
 
+    /// The operation is over; true when it was cancelled without having noticed.
+    bool closeTransaction();
+
 private:
     class Phase;
     class Writer;
@@ -70,8 +73,7 @@ private:
     void check(UsbCode code);
     [[noreturn]] void breakOff(MTPLinkBroken::Why why);
     [[noreturn]] void halt(bool hostIsWriting);
-    bool sendData(const MTPCommand& command, const Bytes& head, std::uint64_t size,
-                  const Source& source);
+    bool sendData(const Bytes& head, std::uint64_t size, const Source& source);
     [[nodiscard]] Bytes rewritten(const MTPCommand& command, MTPContainerType type,
                                   Bytes container);
 

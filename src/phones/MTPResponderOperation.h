@@ -6,10 +6,12 @@ namespace tessary {
 
 /// One row of the table of operations that the phone knows.
 struct MTPResponder::Operation {
+    enum class Data { none, toHost, fromHost };
+
     MTPOperationCode code;
     void (MTPResponder::*run)(Transaction&);
     std::size_t leastParameters = 0;
-    bool receivesData = false;
+    Data data = Data::none;
     bool needsSession = true;
 };
 

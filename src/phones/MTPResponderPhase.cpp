@@ -21,14 +21,14 @@ std::optional<std::uint64_t> arm(std::optional<VirtualByteFault>& fault, UsbDire
 
 } // namespace
 
-MTPResponderLink::Phase::Phase(MTPResponderLink& link, const MTPCommand& command,
-                               UsbDirection direction)
+MTPResponderLink::Phase::Phase(MTPResponderLink& link, UsbDirection direction)
     : link_(link), direction_(direction), paceTime_(VirtualUsbPipe::Clock::now()) {
     link_.faults_.update([&](VirtualFaults& faults) {
         unplugAt_ = arm(faults.unplug, direction);
         stallAt_ = arm(faults.stall, direction);
     });
-    link_.gate_.beginData(command.transactionID);
+    if (!link_.gate_.beginData())
+        link_.breakOff(MTPLinkBroken::Why::cancelled);
 }
 
 MTPResponderLink::Phase::~Phase() {

@@ -7,7 +7,7 @@ namespace tessary {
 /// One data phase: counts its bytes, fires the faults that are set for them, keeps the pace.
 class MTPResponderLink::Phase {
 public:
-    Phase(MTPResponderLink& link, const MTPCommand& command, UsbDirection direction);
+    Phase(MTPResponderLink& link, UsbDirection direction);
     ~Phase();
     Phase(const Phase&) = delete;
     Phase& operator=(const Phase&) = delete;

@@ -16,25 +16,35 @@ void MTPResponder::serve(MTPResponderLink& link, const MTPCommand& command) {
               std::chrono::steady_clock::now()});
     while (gate_.isSilent())
         link.pause(std::chrono::hours(1));
+    const Operation* const known = operation(command.operation);
+    gate_.beginTransaction(command.transactionID, known && known->data != Operation::Data::none);
     Transaction transaction{command, link, behaviour_.get(), {}};
     auto code = static_cast<std::uint16_t>(MTPResponseCode::ok);
+    bool answers = true;
+    bool cancelled = false;
     try {
-        perform(operation(command.operation), transaction);
+        perform(known, transaction);
     } catch (const MTPRefusal& refusal) {
         code = refusal.code;
         transaction.answer.clear();
     } catch (const MTPNoAnswer&) {
-        return;
+        answers = false;
     } catch (const MTPLinkBroken& broken) {
-        if (broken.why != MTPLinkBroken::Why::cancelled)
+        cancelled = broken.why == MTPLinkBroken::Why::cancelled;
+        if (!cancelled) {
+            link.closeTransaction();
             throw;
+        }
+    }
+    cancelled = link.closeTransaction() || cancelled;
+    if (cancelled) {
         gate_.beBusy(transaction.behaviour.busyAfterCancel);
-        if (!transaction.behaviour.answersCancelled)
-            return;
+        answers = transaction.behaviour.answersCancelled;
         code = static_cast<std::uint16_t>(MTPResponseCode::transactionCancelled);
         transaction.answer.clear();
     }
-    link.sendResponse(command, code, transaction.answer);
+    if (answers)
+        link.sendResponse(command, code, transaction.answer);
 }
 
 void MTPResponder::perform(const Operation* operation, Transaction& transaction) {
@@ -56,7 +66,7 @@ void MTPResponder::perform(const Operation* operation, Transaction& transaction)
         (this->*operation->run)(transaction);
         return;
     }
-    if (operation && operation->receivesData) {
+    if (operation && operation->data == Operation::Data::fromHost) {
         try {
             transaction.link.receiveData(transaction.command, [](ByteView) {});
         } catch (const MTPRefusal&) {

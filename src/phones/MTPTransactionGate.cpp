@@ -2,22 +2,48 @@
 
 namespace tessary {
 
+namespace {
+
+/// How long a command that the host has written may take to the phone.
+constexpr std::chrono::milliseconds takeUpTime{50};
+
+} // namespace
+
 void MTPTransactionGate::reset() {
     const std::lock_guard lock(mutex_);
+    taken_.reset();
     transaction_.reset();
-    cancelled_ = unplugged_ = silent_ = false;
+    inData_ = cancelled_ = unplugged_ = silent_ = false;
     busyUntil_ = {};
 }
 
-void MTPTransactionGate::beginData(std::uint32_t transactionID) {
+void MTPTransactionGate::beginTransaction(std::uint32_t transactionID, bool hasData) {
     const std::lock_guard lock(mutex_);
-    transaction_ = transactionID;
+    taken_ = transactionID;
+    if (hasData)
+        transaction_ = transactionID;
     cancelled_ = false;
+    changed_.notify_all();
+}
+
+bool MTPTransactionGate::endTransaction() {
+    const std::lock_guard lock(mutex_);
+    transaction_.reset();
+    inData_ = false;
+    return cancelled_;
+}
+
+bool MTPTransactionGate::beginData() {
+    const std::lock_guard lock(mutex_);
+    inData_ = true;
+    return !cancelled_;
 }
 
 bool MTPTransactionGate::endData() {
     const std::lock_guard lock(mutex_);
-    transaction_.reset();
+    if (inData_)
+        transaction_.reset();
+    inData_ = false;
     return cancelled_;
 }
 
@@ -43,8 +69,9 @@ bool MTPTransactionGate::isSilent() const {
 
 bool MTPTransactionGate::cancel(std::uint32_t transactionID,
                                 const std::function<void()>& interruptPipes) {
-    const std::lock_guard lock(mutex_);
-    if (transaction_ != transactionID)
+    std::unique_lock lock(mutex_);
+    changed_.wait_for(lock, takeUpTime, [&] { return unplugged_ || taken_ == transactionID; });
+    if (unplugged_ || transaction_ != transactionID)
         return false;
     cancelled_ = true;
     interruptPipes();

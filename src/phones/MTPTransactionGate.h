@@ -20,8 +20,13 @@ public:
 
     // The phone's side.
 
-    void beginData(std::uint32_t transactionID);
-    /// True when the data phase was cancelled.
+    /// A command was taken up. When it has a data phase, it can be cancelled until that is over.
+    void beginTransaction(std::uint32_t transactionID, bool hasData);
+    /// True when it was cancelled and beBusy() has not been called for that.
+    bool endTransaction();
+    /// False when the transaction was cancelled before its data phase.
+    [[nodiscard]] bool beginData();
+    /// True when the data phase was cancelled. From now on the transaction cannot be.
     bool endData();
     [[nodiscard]] Pause pause(std::chrono::nanoseconds duration);
     void beBusy(std::chrono::milliseconds duration);
@@ -29,8 +34,9 @@ public:
 
     // The host's side.
 
-    /// Cancels the data phase of this transaction, running `interruptPipes` before the phone can
-    /// see it; false when none is under way.
+    /// Cancels this transaction unless its data phase is over, running `interruptPipes` before the
+    /// phone can see it. Waits a moment for the phone to take the command up. False when there is
+    /// nothing to cancel.
     bool cancel(std::uint32_t transactionID, const std::function<void()>& interruptPipes);
     [[nodiscard]] bool isBusy() const;
     void unplug();
@@ -42,7 +48,9 @@ private:
 
     mutable std::mutex mutex_; ///< guards all below
     std::condition_variable changed_;
-    std::optional<std::uint32_t> transaction_;
+    std::optional<std::uint32_t> taken_;       ///< the last command that was taken up
+    std::optional<std::uint32_t> transaction_; ///< that command, while it can be cancelled
+    bool inData_ = false;
     bool cancelled_ = false;
     bool unplugged_ = false;
     bool silent_ = false;

@@ -77,6 +77,36 @@ TEST_F(VirtualCancel, commandRightAfterItIsNotLost) {
     }
 }
 
+TEST_F(VirtualCancel, comesInTimeBeforeTheDataPhase) {
+    phone().write(QStringLiteral("f"), QByteArray(1000, 'x'));
+    host().openSession();
+    const std::uint32_t file = host().handles(storage).at(0);
+    phone().fault([](VirtualFaults& faults) { faults.delay = {{0x1009, 10s}, {0x100C, 10s}}; });
+    const auto start = std::chrono::steady_clock::now();
+    ASSERT_EQ(host().command(0x1009, {file}), usb::success);
+    EXPECT_EQ(host().cancel(host().transactionID), usb::success);
+    EXPECT_TRUE(host().isQuiet());
+    EXPECT_EQ(host().run(0x1004).code, ok);
+    ASSERT_EQ(host().command(0x100C, {storage, root}), usb::success);
+    ASSERT_EQ(host().write(RawHost::container(2, 0x100C, host().transactionID,
+                                              RawHost::objectInfo(u"g", 1))),
+              usb::success);
+    EXPECT_EQ(host().cancel(host().transactionID), usb::success);
+    EXPECT_EQ(host().run(0x1004).code, ok) << "the dropped data phase is not taken for a command";
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 10s);
+}
+
+TEST_F(VirtualCancel, operationWithoutADataPhaseGoesOn) {
+    phone().write(QStringLiteral("f"), "x");
+    host().openSession();
+    const std::uint32_t file = host().handles(storage).at(0);
+    phone().fault([](VirtualFaults& faults) { faults.delay[0x100B] = 100ms; });
+    ASSERT_EQ(host().command(0x100B, {file, 0}), usb::success);
+    EXPECT_EQ(host().cancel(host().transactionID), usb::success);
+    EXPECT_EQ(host().answer().code, ok);
+    EXPECT_TRUE(phone().names().isEmpty());
+}
+
 TEST_F(VirtualCancel, optionsKeepThePartAndAnswer) {
     behave([](VirtualBehaviour& behaviour) {
         behaviour.keepsPartialObjects = true;
