@@ -1,0 +1,89 @@
+#include "platform/qt/JsonUserDefaults.h"
+#include "support/QtPrinters.h"
+#include "support/TemporaryFolder.h"
+
+#include <QJsonArray>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <thread>
+
+using namespace tessary;
+
+namespace {
+
+const QString key = QStringLiteral("Tessary_AppLanguage");
+
+class JsonUserDefaultsTest : public testing::Test {
+protected:
+    TemporaryFolder folder_;
+    const QString file_ = folder_.path(QStringLiteral("tessary/settings.json"));
+};
+
+TEST_F(JsonUserDefaultsTest, valuesOutliveTheStore) {
+    {
+        JsonUserDefaults defaults(file_);
+        EXPECT_TRUE(defaults.value(key).isUndefined());
+        defaults.setValue(key, QStringLiteral("日本語 \" \n"));
+        defaults.setValue(QStringLiteral("list"), QJsonArray{1, QStringLiteral("two"), true});
+        defaults.setValue(QStringLiteral("gone"), 1);
+        defaults.setValue(QStringLiteral("gone"), QJsonValue::Undefined);
+    }
+    const JsonUserDefaults again(file_);
+    EXPECT_EQ(again.value(key), QStringLiteral("日本語 \" \n"));
+    EXPECT_EQ(again.value(QStringLiteral("list")).toArray().size(), 3);
+    EXPECT_TRUE(again.value(QStringLiteral("gone")).isUndefined());
+}
+
+TEST_F(JsonUserDefaultsTest, filesOfAnyShapeAreTakenAndNothingOfThemIsLost) {
+    const std::pair<const char*, QByteArray> rows[] = {
+        {"cut off", "{\"Tessary_AppLanguage\": \"de"},
+        {"array", "[1, 2]"},
+        {"binary", QByteArray("\0\xff\xfe{", 4)},
+        {"nested beyond measure", QByteArray(200'000, '[')},
+    };
+    for (const auto& [name, content] : rows) {
+        SCOPED_TRACE(name);
+        folder_.write(QStringLiteral("tessary/settings.json"), content);
+        JsonUserDefaults defaults(file_);
+        EXPECT_TRUE(defaults.value(key).isUndefined());
+        defaults.setValue(key, QStringLiteral("de"));
+        EXPECT_EQ(JsonUserDefaults(file_).value(key), QStringLiteral("de"));
+        EXPECT_EQ(folder_.read(QStringLiteral("tessary/settings.json.damaged")), content);
+        QFile::remove(file_ + QStringLiteral(".damaged"));
+    }
+}
+
+TEST_F(JsonUserDefaultsTest, anEmptyFileIsNoDamage) {
+    folder_.write(QStringLiteral("tessary/settings.json"), " \n");
+    JsonUserDefaults(file_).setValue(key, 1);
+    EXPECT_EQ(folder_.names(QStringLiteral("tessary")),
+              QStringList(QStringLiteral("settings.json")));
+}
+
+TEST_F(JsonUserDefaultsTest, changesOfTwoProgramsDoNotUndoEachOther) {
+    JsonUserDefaults window(file_);
+    JsonUserDefaults commandLine(file_);
+    const auto count = [](UserDefaults& defaults, const QString& prefix) {
+        for (int i = 0; i < 20; ++i)
+            defaults.setValue(prefix + QString::number(i), i);
+    };
+    std::jthread other([&] { count(commandLine, QStringLiteral("cli")); });
+    count(window, QStringLiteral("window"));
+    other.join();
+    const JsonUserDefaults after(file_);
+    for (const char* prefix : {"cli", "window"})
+        for (int i = 0; i < 20; ++i)
+            EXPECT_EQ(after.value(QString::fromLatin1(prefix) + QString::number(i)), i);
+}
+
+TEST_F(JsonUserDefaultsTest, aStoreThatCannotBeWrittenKeepsTheValueForThisRun) {
+    // A file where the folder should be: no user may write below it.
+    folder_.write(QStringLiteral("tessary"), "in the way");
+    JsonUserDefaults defaults(file_);
+    defaults.setValue(key, QStringLiteral("fr"));
+    EXPECT_EQ(defaults.value(key), QStringLiteral("fr"));
+    EXPECT_EQ(folder_.read(QStringLiteral("tessary")), "in the way");
+}
+
+} // namespace
