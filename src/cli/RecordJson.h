@@ -2,7 +2,7 @@
 
 #include "core/DeviceInfo.h"
 #include "core/FileItem.h"
-#include "files/TransferOutcome.h"
+#include "core/TransferOutcome.h"
 
 #include <QJsonObject>
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/PathNames.h"
+
 #include <QString>
 
 namespace tessary {
@@ -11,18 +13,5 @@ namespace tessary {
 
 /// The same without dropping blanks: names on a phone may begin and end with them.
 [[nodiscard]] QString storageRelativePath(const QString& path);
-
-/// `folder` and `name` with exactly one "/" between them.
-[[nodiscard]] QString joinPath(const QString& folder, const QString& name);
-
-/// Everything before the last component, "/" for what lies at the root.
-[[nodiscard]] QString parentPath(const QString& path);
-
-/// The last component; empty for the root.
-[[nodiscard]] QString lastComponent(const QString& path);
-
-/// Whether a name from a device may become one component of a local path: not empty, not "." or
-/// "..", and without "/" and NUL.
-[[nodiscard]] bool isSafeName(const QString& name);
 
 } // namespace tessary

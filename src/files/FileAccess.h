@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/FileItem.h"
-#include "files/TransferOutcome.h"
+#include "core/TransferOutcome.h"
 
 #include <QString>
 #include <QStringList>

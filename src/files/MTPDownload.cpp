@@ -1,9 +1,9 @@
 #include "files/MTPDownload.h"
 
 #include "core/CancellationError.h"
+#include "core/PartFile.h"
 #include "core/TessaryError.h"
 #include "files/DevicePath.h"
-#include "files/PartFile.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -18,9 +18,6 @@ namespace {
 
 /// Deeper trees are a device's mistake: paths of a real one are far shorter.
 constexpr int maxDepth = 128;
-
-/// Bytes of one component of a path, as file systems have it.
-constexpr qsizetype longestLocalName = 255;
 
 qint64 toSigned(std::uint64_t size) {
     constexpr auto limit = static_cast<std::uint64_t>(std::numeric_limits<qint64>::max());
@@ -88,7 +85,7 @@ private:
                 continue;
             }
             const QString name = freeName(info.filename, taken);
-            if (QFile::encodeName(name).size() > longestLocalName) {
+            if (isTooLongName(name)) {
                 skip(place, QStringLiteral("its name is too long for this computer"));
                 continue;
             }

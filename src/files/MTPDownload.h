@@ -1,8 +1,8 @@
 #pragma once
 
+#include "core/TransferOutcome.h"
 #include "files/DeviceLane.h"
 #include "files/MTPSession.h"
-#include "files/TransferOutcome.h"
 
 #include <QString>
 

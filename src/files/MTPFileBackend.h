@@ -2,9 +2,9 @@
 
 #include "core/DeviceInfo.h"
 #include "core/FileItem.h"
+#include "core/TransferOutcome.h"
 #include "files/DeviceLane.h"
 #include "files/MTPSession.h"
-#include "files/TransferOutcome.h"
 #include "platform/UsbBus.h"
 
 #include <QHash>

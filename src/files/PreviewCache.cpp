@@ -1,8 +1,8 @@
 #include "files/PreviewCache.h"
 
+#include "core/PartFile.h"
 #include "core/TessaryError.h"
 #include "files/DevicePath.h"
-#include "files/PartFile.h"
 
 #include <QCryptographicHash>
 #include <QDateTime>

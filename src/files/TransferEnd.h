@@ -1,8 +1,8 @@
 #pragma once
 
+#include "core/LocalTree.h"
 #include "files/ErrorAdvice.h"
 #include "files/FileAccess.h"
-#include "files/LocalTree.h"
 
 #include <exception>
 #include <vector>

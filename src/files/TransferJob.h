@@ -1,7 +1,7 @@
 #pragma once
 
+#include "core/TransferOutcome.h"
 #include "core/TransferProgress.h"
-#include "files/TransferOutcome.h"
 
 #include <QByteArray>
 #include <QString>

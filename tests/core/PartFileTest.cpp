@@ -1,4 +1,4 @@
-#include "files/PartFile.h"
+#include "core/PartFile.h"
 #include "core/TessaryError.h"
 #include "support/OrdinaryUser.h"
 #include "support/QtPrinters.h"

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "core/LocalTree.h"
 #include "core/TransferProgress.h"
-#include "files/LocalTree.h"
 
 #include <functional>
 #include <vector>

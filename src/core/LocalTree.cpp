@@ -1,4 +1,4 @@
-#include "files/LocalTree.h"
+#include "core/LocalTree.h"
 
 #include "core/TessaryError.h"
 

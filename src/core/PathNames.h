@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+
+namespace tessary {
+
+// Paths with "/" between components, on a device or here. Pure.
+
+/// `folder` and `name` with exactly one "/" between them.
+[[nodiscard]] QString joinPath(const QString& folder, const QString& name);
+
+/// Everything before the last component, "/" for what lies at the root.
+[[nodiscard]] QString parentPath(const QString& path);
+
+/// The last component; empty for the root.
+[[nodiscard]] QString lastComponent(const QString& path);
+
+/// Whether a name from a device may become one component of a local path: not empty, not "." or
+/// "..", and without "/" and NUL.
+[[nodiscard]] bool isSafeName(const QString& name);
+
+/// Whether a name has more bytes than the file systems of this machine hold in one component.
+[[nodiscard]] bool isTooLongName(const QString& name);
+
+} // namespace tessary
