@@ -12,14 +12,14 @@ namespace tessary {
 
 namespace {
 
-QString temporaryPath(const QString& target) {
+QString freshPathBeside(const QString& target) {
     return QFileInfo(target).absolutePath() + QLatin1Char('/') + PartFile::namePrefix +
            QUuid::createUuid().toString(QUuid::Id128).left(12);
 }
 
 } // namespace
 
-PartFile::PartFile(const QString& target) : target_(target), file_(temporaryPath(target)) {
+PartFile::PartFile(const QString& target) : target_(target), file_(freshPathBeside(target)) {
     if (QFileInfo(target).isDir())
         throw TessaryError::fileIOError(
             QStringLiteral("Cannot write %1: a folder of this name is there.").arg(target));

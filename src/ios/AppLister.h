@@ -1,0 +1,22 @@
+#pragma once
+
+#include "core/AppInfo.h"
+#include "ios/LockdownSession.h"
+
+#include <vector>
+
+namespace tessary {
+
+/// The apps of a device whose documents can be opened.
+class AppLister {
+public:
+    /// The user's apps that share files, by display name. Blocking. Throws
+    /// TessaryError::serviceStartFailed or ::instProxyFailed.
+    [[nodiscard]] static std::vector<AppInfo> listFileSharingApps(LockdownSession& session);
+
+    /// The same from the installation proxy's answer, an array of dictionaries. An app without an
+    /// identifier, or one that does not share files, is left out. Pure.
+    [[nodiscard]] static std::vector<AppInfo> fileSharingAppsIn(plist_t answer);
+};
+
+} // namespace tessary
