@@ -132,4 +132,24 @@ bool DemoContent::fillCard(const QString& folder, const QDateTime& until) {
     return filler.isComplete();
 }
 
+bool DemoContent::fillNotes(const QString& folder, const QDateTime& until) {
+    Filler filler(folder, until);
+    filler.addDocuments();
+    filler.addArchive(u"Journal"_s, notesFiles);
+    return filler.isComplete();
+}
+
+bool DemoContent::fillPictures(const QString& folder, const QDateTime& until) {
+    Filler filler(folder, until);
+    filler.addPictures(u"Albums/Mountains"_s, 8, 9000);
+    filler.addPictures(u"Albums/Sketches"_s, 4, 9500);
+    return filler.isComplete();
+}
+
+bool DemoContent::fillMusic(const QString& folder, const QDateTime& until) {
+    Filler filler(folder, until);
+    filler.addMusic(u"Recordings"_s, 5, 70);
+    return filler.isComplete();
+}
+
 } // namespace tessary

@@ -19,6 +19,15 @@ public:
     /// A smaller set, as on a memory card.
     [[nodiscard]] static bool fillCard(const QString& folder, const QDateTime& until = newest());
 
+    /// The documents of three apps of an iPhone: notes (with a folder of `notesFiles` files),
+    /// pictures, and music.
+    [[nodiscard]] static bool fillNotes(const QString& folder, const QDateTime& until = newest());
+    [[nodiscard]] static bool fillPictures(const QString& folder,
+                                           const QDateTime& until = newest());
+    [[nodiscard]] static bool fillMusic(const QString& folder, const QDateTime& until = newest());
+    /// Files in the folder "Journal" of the notes.
+    static constexpr int notesFiles = 500;
+
     /// The date of the newest file when none is given.
     [[nodiscard]] static QDateTime newest();
 };

@@ -4,6 +4,8 @@
 
 #include <QDir>
 
+#include <stdexcept>
+
 namespace tessary {
 
 using namespace Qt::StringLiterals;
@@ -48,6 +50,14 @@ DemoPhones::DemoPhones(const QString& folder, double megabytesPerSecond) {
             faults.megabytesPerSecond = megabytesPerSecond;
         });
         android->plugInto(bus_);
+    }
+
+    try {
+        iPhones_ = std::make_unique<DemoIPhones>(folder, socketFolder_.filePath(u"mux"_s),
+                                                 megabytesPerSecond);
+        iPhones_->mux().useInThisProcess();
+    } catch (const std::runtime_error& error) {
+        qWarning("No virtual iPhones: %s", error.what());
     }
 }
 

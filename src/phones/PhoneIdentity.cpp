@@ -1,0 +1,142 @@
+#include "phones/PhoneIdentity.h"
+
+#include <openssl/encoder.h>
+#include <openssl/evp.h>
+#include <openssl/pem.h>
+#include <openssl/ssl.h>
+#include <openssl/x509.h>
+#include <openssl/x509v3.h>
+
+#include <stdexcept>
+
+namespace tessary {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Freer {
+    void operator()(EVP_PKEY* key) const {
+        EVP_PKEY_free(key);
+    }
+    void operator()(X509* certificate) const {
+        X509_free(certificate);
+    }
+    void operator()(BIO* bio) const {
+        BIO_free(bio);
+    }
+    void operator()(OSSL_ENCODER_CTX* encoder) const {
+        OSSL_ENCODER_CTX_free(encoder);
+    }
+};
+template <typename T>
+using Owned = std::unique_ptr<T, Freer>;
+
+/// The phone's key, and that of the host's root and host certificates.
+struct Keys {
+    Owned<EVP_PKEY> device{EVP_RSA_gen(2048)};
+    Owned<EVP_PKEY> host{EVP_RSA_gen(2048)};
+};
+
+const Keys& keys() {
+    static const Keys made;
+    if (!made.device || !made.host)
+        throw std::runtime_error("no keys for the virtual iPhone");
+    return made;
+}
+
+template <typename Write>
+QByteArray pem(Write&& write) {
+    const Owned<BIO> bio(BIO_new(BIO_s_mem()));
+    if (!bio || write(bio.get()) != 1)
+        throw std::runtime_error("no PEM for the virtual iPhone");
+    char* text = nullptr;
+    const long length = BIO_get_mem_data(bio.get(), &text);
+    return {text, static_cast<qsizetype>(length)};
+}
+
+QByteArray privateKeyPem(EVP_PKEY* key) {
+    return pem([key](BIO* bio) {
+        return PEM_write_bio_PrivateKey(bio, key, nullptr, nullptr, 0, nullptr, nullptr);
+    });
+}
+
+Owned<X509> certificateOf(const QVariant& text) {
+    const QByteArray bytes = text.toByteArray();
+    const Owned<BIO> bio(BIO_new_mem_buf(bytes.constData(), static_cast<int>(bytes.size())));
+    return Owned<X509>(PEM_read_bio_X509(bio.get(), nullptr, nullptr, nullptr));
+}
+
+/// A certificate for a key, valid for ten years, signed with the host's key.
+QByteArray makeCertificate(EVP_PKEY* key, bool isRoot) {
+    constexpr long tenYears = 10L * 365 * 24 * 3600;
+    const Owned<X509> certificate(X509_new());
+    X509* made = certificate.get();
+    X509_set_version(made, 2);
+    ASN1_INTEGER_set(X509_get_serialNumber(made), 0);
+    X509_gmtime_adj(X509_getm_notBefore(made), -24L * 3600);
+    X509_gmtime_adj(X509_getm_notAfter(made), tenYears);
+    X509_set_pubkey(made, key);
+    X509V3_CTX context;
+    X509V3_set_ctx(&context, made, made, nullptr, nullptr, 0);
+    if (X509_EXTENSION* extension =
+            X509V3_EXT_conf_nid(nullptr, &context, NID_basic_constraints,
+                                isRoot ? "critical,CA:TRUE" : "critical,CA:FALSE")) {
+        X509_add_ext(made, extension, -1);
+        X509_EXTENSION_free(extension);
+    }
+    X509_sign(made, keys().host.get(), EVP_sha256());
+    return pem([made](BIO* bio) { return PEM_write_bio_X509(bio, made); });
+}
+
+} // namespace
+
+void TlsContextFreer::operator()(SSL_CTX* context) const {
+    SSL_CTX_free(context);
+}
+
+QByteArray PhoneIdentity::devicePublicKey() {
+    const Owned<OSSL_ENCODER_CTX> encoder(OSSL_ENCODER_CTX_new_for_pkey(
+        keys().device.get(), EVP_PKEY_PUBLIC_KEY, "PEM", "type-specific", nullptr));
+    return pem([&](BIO* bio) { return OSSL_ENCODER_to_bio(encoder.get(), bio); });
+}
+
+QVariantMap PhoneIdentity::pairRecord(const QString& hostID, const QString& systemBUID) {
+    const QByteArray hostKey = privateKeyPem(keys().host.get());
+    return {{u"HostID"_s, hostID},
+            {u"SystemBUID"_s, systemBUID},
+            {u"RootCertificate"_s, makeCertificate(keys().host.get(), true)},
+            {u"RootPrivateKey"_s, hostKey},
+            {u"HostCertificate"_s, makeCertificate(keys().host.get(), false)},
+            {u"HostPrivateKey"_s, hostKey},
+            {u"DeviceCertificate"_s, makeCertificate(keys().device.get(), false)},
+            {u"EscrowBag"_s, QByteArray(32, 'e')},
+            {u"WiFiMACAddress"_s, u"02:00:00:00:00:01"_s}};
+}
+
+TlsContext PhoneIdentity::tlsContext(const QVariantMap& pairRecord) {
+    TlsContext context(SSL_CTX_new(TLS_server_method()));
+    const Owned<X509> certificate = certificateOf(pairRecord[u"DeviceCertificate"_s]);
+    if (!context || !certificate)
+        return nullptr;
+    // Hosts sign the certificates that they make with SHA-1, which the usual level refuses.
+    SSL_CTX_set_security_level(context.get(), 0);
+    if (SSL_CTX_use_certificate(context.get(), certificate.get()) != 1 ||
+        SSL_CTX_use_PrivateKey(context.get(), keys().device.get()) != 1)
+        return nullptr;
+    // A host must show a certificate; whether it is the right one is asked when it is known whole.
+    SSL_CTX_set_verify(context.get(), SSL_VERIFY_PEER | SSL_VERIFY_FAIL_IF_NO_PEER_CERT,
+                       [](int, X509_STORE_CTX*) { return 1; });
+    return context;
+}
+
+bool PhoneIdentity::isHost(X509* certificate, const QVariantMap& pairRecord) {
+    for (const QString& key : {u"RootCertificate"_s, u"HostCertificate"_s}) {
+        const Owned<X509> known = certificateOf(pairRecord[key]);
+        if (certificate != nullptr && known && X509_cmp(certificate, known.get()) == 0)
+            return true;
+    }
+    return false;
+}
+
+} // namespace tessary
