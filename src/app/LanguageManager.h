@@ -1,0 +1,70 @@
+#pragma once
+
+#include "app/AppLanguage.h"
+#include "platform/MemoryUserDefaults.h"
+
+#include <QLocale>
+#include <QObject>
+#include <QStringList>
+
+#include <memory>
+
+namespace tessary {
+
+/// The language of the interface: the user's choice, and the texts in it. Setting it also sets
+/// QLocale's default, by which numbers, dates and byte counts are written. Lives on the main
+/// thread.
+class LanguageManager : public QObject {
+    Q_OBJECT
+
+public:
+    static constexpr QLatin1StringView userDefaultsKey{"Tessary_AppLanguage"};
+
+    /// The one that tr() asks. Until the application gives it the user's settings it follows the
+    /// system and keeps nothing.
+    [[nodiscard]] static LanguageManager& shared();
+
+    /// Starts with the stored choice; with `system` when there is none or it makes no sense.
+    explicit LanguageManager(
+        std::shared_ptr<UserDefaults> store = std::make_shared<MemoryUserDefaults>(),
+        QStringList preferredLanguages = QLocale::system().uiLanguages());
+
+    /// Takes the choice that is kept there, and keeps it there from now on.
+    void useStore(std::shared_ptr<UserDefaults> store);
+
+    [[nodiscard]] AppLanguage selectedLanguage() const {
+        return selected_;
+    }
+    /// Stores the choice at once.
+    void setSelectedLanguage(AppLanguage language);
+
+    /// The language that texts are in: the selected one, or what `system` comes to.
+    [[nodiscard]] AppLanguage effectiveLanguage() const;
+    [[nodiscard]] QLocale currentLocale() const;
+
+    /// The text for a key; see tr().
+    [[nodiscard]] QString localized(const QString& key) const;
+
+Q_SIGNALS:
+    void selectedLanguageChanged();
+    /// Texts are in another language now: whoever shows some sets them anew.
+    void languageChanged();
+
+private:
+    void select(AppLanguage language);
+
+    std::shared_ptr<UserDefaults> store_;
+    const QStringList preferredLanguages_;
+    AppLanguage selected_ = AppLanguage::system;
+};
+
+/// Calls `setTexts` now and again whenever the interface's language changes, for as long as
+/// `context` lives: keepTranslated(label, [label] { label->setText(tr("browser.retry")); }).
+template <typename SetTexts>
+void keepTranslated(QObject* context, SetTexts setTexts) {
+    setTexts();
+    QObject::connect(&LanguageManager::shared(), &LanguageManager::languageChanged, context,
+                     std::move(setTexts));
+}
+
+} // namespace tessary

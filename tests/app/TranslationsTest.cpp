@@ -1,0 +1,187 @@
+#include "app/Translations.h"
+#include "core/DeviceInfo.h"
+#include "core/FileCategory.h"
+#include "files/TransferJob.h"
+#include "support/QtPrinters.h"
+
+#include <QDirIterator>
+#include <QFile>
+#include <QMap>
+#include <QRegularExpression>
+#include <QSet>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace tessary;
+using testing::IsEmpty;
+
+namespace {
+
+const QString literalsOnly = QStringLiteral(R"x(((?:\s*"(?:[^"\\]|\\.)*")+))x");
+
+/// The text of adjacent string literals.
+QString unquoted(const QString& literals) {
+    static const QRegularExpression one(QStringLiteral(R"x("((?:[^"\\]|\\.)*)")x"));
+    QString text;
+    for (const auto& match : one.globalMatch(literals))
+        text += match.captured(1);
+    return text.replace(QLatin1StringView("\\\""), QLatin1StringView("\""));
+}
+
+/// What a source passes to calls that match `opening`.
+QStringList keysAfter(const QString& opening, const QString& source) {
+    QStringList keys;
+    const QRegularExpression call(opening + literalsOnly);
+    for (const auto& match : call.globalMatch(source))
+        keys.append(unquoted(match.captured(1)));
+    return keys;
+}
+
+QString sourceOf(const QString& relative) {
+    QFile file(QStringLiteral(TESSARY_SOURCES "/") + relative);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << relative.toStdString();
+    return QString::fromUtf8(file.readAll());
+}
+
+/// Key -> where the window takes it from.
+QMap<QString, QString> usedKeys() {
+    QMap<QString, QString> used;
+    const auto add = [&](const QString& where, const QStringList& keys) {
+        for (const QString& key : keys)
+            if (key.size() > 2 && key != QLatin1StringView("Another program")) // half a message
+                used.insert(key, where);
+    };
+    QDirIterator sources(QStringLiteral(TESSARY_SOURCES "/app"),
+                         {QStringLiteral("*.cpp"), QStringLiteral("*.h")}, QDir::Files,
+                         QDirIterator::Subdirectories);
+    while (sources.hasNext()) {
+        const QString path = sources.next();
+        const QString name = path.mid(static_cast<int>(sizeof(TESSARY_SOURCES)));
+        add(name, keysAfter(QStringLiteral(R"(\btr(?:Message)?\()"), sourceOf(name)));
+    }
+    // Words of lower layers that views show.
+    const std::pair<const char*, const char*> others[] = {
+        {"app/TranslatedMessage.cpp", R"((?<=[{,])(?=\s*"))"},
+        {"files/ErrorAdvice.cpp", R"((?:View\(|plugInAgain\(|QStringLiteral\()(?=\s*"[A-Z]))"},
+        {"files/FileListModel.cpp", R"(QLatin1StringView\()"},
+        {"files/BrowserLoad.cpp", R"(QStringLiteral\()"},
+        {"files/TransferEnd.cpp", R"(QStringLiteral\()"},
+    };
+    for (const auto& [file, opening] : others)
+        add(QString::fromLatin1(file),
+            keysAfter(QString::fromLatin1(opening), sourceOf(QString::fromLatin1(file))));
+    for (const FileCategory category : allFileCategories)
+        add(QStringLiteral("FileCategory"), {rawValue(category)});
+    for (const ProtocolMode mode : {ProtocolMode::afc, ProtocolMode::mtp, ProtocolMode::adbTurbo})
+        add(QStringLiteral("ProtocolMode"), {rawValue(mode)});
+    using Job = TransferJob;
+    for (const auto type : {Job::TransferType::upload, Job::TransferType::download})
+        add(QStringLiteral("TransferType"), {rawValue(type)});
+    using Status = Job::TransferStatus;
+    for (const auto status :
+         {Status::queued, Status::inProgress, Status::completed, Status::failed, Status::cancelled})
+        add(QStringLiteral("TransferStatus"), {rawValue(status)});
+    return used;
+}
+
+/// Texts that are the same in English.
+const QMap<AppLanguage, QStringList>& sameInEnglish() {
+    const auto words = [](const char* list) {
+        return QString::fromUtf8(list).split(QLatin1Char('|'));
+    };
+    static const QMap<AppLanguage, QStringList> same{
+        {AppLanguage::de, words("Downloads|Apps|Updates|Version|Filter|Name|Video|Audio|OK")},
+        {AppLanguage::es, words("General|Audio")},
+        {AppLanguage::fr, words("Documents|Apps|Version|Image|Audio|Document|Archive|OK")},
+        {AppLanguage::it, words("File|Video|Audio|OK")},
+        {AppLanguage::ptBR, words("Downloads|Apps|1 item|OK")},
+        {AppLanguage::ja, words("OK")},
+        {AppLanguage::ko, {}},
+        {AppLanguage::zhHans, {}},
+        {AppLanguage::zhHant, {}},
+    };
+    return same;
+}
+
+QStringList holes(const QString& text) {
+    static const QRegularExpression hole(QStringLiteral("%\\d"));
+    QStringList found;
+    for (const auto& match : hole.globalMatch(text))
+        found.append(match.captured());
+    found.sort();
+    return found;
+}
+
+std::string at(AppLanguage language, const QString& key) {
+    return (rawValue(language) + QStringLiteral(": ") + key).toStdString();
+}
+
+TEST(Translations, everyKeyThatTheWindowUsesIsInTheEnglishTable) {
+    const auto& english = Translations::dictionary().at(AppLanguage::en);
+    const auto used = usedKeys();
+    EXPECT_GT(used.size(), 120);
+    for (auto key = used.cbegin(); key != used.cend(); ++key)
+        EXPECT_TRUE(english.contains(key.key()))
+            << "add to src/app/translations/*.cpp: \"" << key.key().toStdString() << "\" of "
+            << key.value().toStdString();
+}
+
+TEST(Translations, everyLanguageHasTheKeysOfEnglishAndNoOthers) {
+    const auto& dictionary = Translations::dictionary();
+    EXPECT_EQ(dictionary.size(), allAppLanguages.size() - 1);
+    const auto keysOf = [&](AppLanguage language) {
+        const QStringList keys = dictionary.at(language).keys();
+        return QSet<QString>(keys.begin(), keys.end());
+    };
+    const QSet<QString> english = keysOf(AppLanguage::en);
+    for (const auto& [language, texts] : dictionary) {
+        for (const QString& missing : english - keysOf(language))
+            ADD_FAILURE() << "missing in " << at(language, missing);
+        for (const QString& stray : keysOf(language) - english)
+            ADD_FAILURE() << "not in the English table: " << at(language, stray);
+    }
+}
+
+TEST(Translations, noTextIsLeftInEnglish) {
+    const auto& dictionary = Translations::dictionary();
+    const auto& english = dictionary.at(AppLanguage::en);
+    for (auto same = sameInEnglish().cbegin(); same != sameInEnglish().cend(); ++same) {
+        const auto& texts = dictionary.at(same.key());
+        for (auto text = texts.cbegin(); text != texts.cend(); ++text)
+            EXPECT_TRUE(*text != english.value(text.key()) || same->contains(*text))
+                << at(same.key(), *text);
+    }
+}
+
+TEST(Translations, textsHaveTheHolesOfTheEnglishOneAndNoLooseEnds) {
+    const auto& dictionary = Translations::dictionary();
+    const auto& english = dictionary.at(AppLanguage::en);
+    for (const auto& [language, texts] : dictionary) {
+        for (auto text = texts.cbegin(); text != texts.cend(); ++text) {
+            const QString& original = english.value(text.key());
+            EXPECT_EQ(holes(*text), holes(original)) << at(language, text.key());
+            EXPECT_FALSE(text->isEmpty()) << at(language, text.key());
+            EXPECT_FALSE(text->endsWith(QLatin1Char(' '))) << at(language, text.key());
+            EXPECT_EQ(text->startsWith(QLatin1Char(' ')) && language != AppLanguage::ko,
+                      original.startsWith(QLatin1Char(' ')) && language != AppLanguage::ko)
+                << at(language, text.key());
+        }
+    }
+}
+
+TEST(Translations, requiredEnglishTextsAreVerbatim) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"browser.filter", "Filter..."},
+        {"browser.loading", "Loading directory contents…"},
+        {"browser.folderNotFoundDesc",
+         "This folder could not be found on the device. It may have been deleted or moved. Would "
+         "you like to remove it from your Favorites?"},
+        {"settings.checkUpdates", "Check for Updates…"},
+        {"sidebar.cameraPhotos", "Camera & Photos"},
+    };
+    const auto& english = Translations::dictionary().at(AppLanguage::en);
+    for (const auto& [key, text] : rows)
+        EXPECT_EQ(english.value(QString::fromUtf8(key)), QString::fromUtf8(text));
+}
+
+} // namespace
