@@ -12,8 +12,8 @@ constexpr auto shutDownLimit = 10s;
 
 } // namespace
 
-TessaryApp::TessaryApp(UsbBus& bus, DeviceFileService& files, TessaryAppSetup setup)
-    : files_(files), setup_(std::move(setup)), deviceManager_(bus, files, setup_.alsoAccept) {}
+TessaryApp::TessaryApp(DeviceSources sources, DeviceFileService& files, TessaryAppSetup setup)
+    : files_(files), setup_(std::move(setup)), deviceManager_(sources, files, setup_.alsoAccept) {}
 
 TessaryApp::~TessaryApp() {
     deviceManager_.stopListening();

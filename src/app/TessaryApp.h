@@ -26,8 +26,8 @@ class TessaryApp : public QObject {
     Q_OBJECT
 
 public:
-    /// `bus` and `files` must outlive the application.
-    TessaryApp(UsbBus& bus, DeviceFileService& files, TessaryAppSetup setup);
+    /// `sources` and `files` must outlive the application.
+    TessaryApp(DeviceSources sources, DeviceFileService& files, TessaryAppSetup setup);
     /// Ends what runs in the background, each with a bound.
     ~TessaryApp() override;
 

@@ -29,9 +29,9 @@ public:
         listening ///< until it is destroyed
     };
 
-    /// Not on the main thread. `bus` and `files` must outlive the follower and the background work
-    /// that its manager starts.
-    DeviceFollower(Mode mode, UsbBus& bus, DeviceFileService& files,
+    /// Not on the main thread. `sources` and `files` must outlive the follower and the background
+    /// work that its manager starts.
+    DeviceFollower(Mode mode, DeviceSources sources, DeviceFileService& files,
                    const std::vector<UsbIds>& alsoAccept);
     /// Waits until the manager is gone.
     ~DeviceFollower();

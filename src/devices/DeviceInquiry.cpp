@@ -1,6 +1,7 @@
 #include "devices/DeviceInquiry.h"
 
 #include "core/TessaryError.h"
+#include "devices/IPhoneInquiry.h"
 #include "files/DeviceFileService.h"
 #include "files/ErrorAdvice.h"
 #include "mtp/MTPTransport.h"
@@ -23,6 +24,13 @@ DeviceTrouble troubleOf(const MTPTransportError& error, const QStringList& holde
             isHeld ? holders : QStringList(), words.message, words.advice};
 }
 
+DeviceAnswer failedWith(DeviceTrouble trouble) {
+    DeviceAnswer answer;
+    answer.outcome = Outcome::failed;
+    answer.trouble = std::move(trouble);
+    return answer;
+}
+
 bool isGone(const MTPTransportError& error) {
     return error.kind() == MTPTransportError::Case::notConnected || error.code() == usb::noDevice;
 }
@@ -30,17 +38,17 @@ bool isGone(const MTPTransportError& error) {
 } // namespace
 
 DeviceAnswer FileServiceInquiry::ask(const DeviceInfo& device) {
+    if (device.platform == DevicePlatform::iOS)
+        return askIPhone(device);
     const auto start = std::chrono::steady_clock::now();
     auto figures = files_.fetchLiveDeviceInfo(device);
     const auto passed = std::chrono::steady_clock::now() - start;
     if (!figures)
-        return {Outcome::busy, {}, {}};
+        return {Outcome::busy};
     if (!figures->volumes.empty())
-        return {Outcome::answered, *std::move(figures), {}};
+        return {Outcome::answered, *std::move(figures)};
     if (passed >= MTPTransportProtocol::pipeTimeout)
-        return {Outcome::failed,
-                {},
-                troubleOf(MTPTransportError(MTPTransportError::Case::timeout), {})};
+        return failedWith(troubleOf(MTPTransportError(MTPTransportError::Case::timeout), {}));
     return whyNoStorage(device, *std::move(figures));
 }
 
@@ -49,15 +57,15 @@ DeviceAnswer FileServiceInquiry::ask(const DeviceInfo& device) {
 DeviceAnswer FileServiceInquiry::whyNoStorage(const DeviceInfo& device, LiveDeviceInfo figures) {
     try {
         if (files_.listDirectory(QStringLiteral("/"), device).empty())
-            return {Outcome::answered, std::move(figures), {}};
+            return {Outcome::answered, std::move(figures)};
         // Unlocked a moment after the figures were read: the next attempt has them.
-        return {Outcome::busy, {}, {}};
+        return {Outcome::busy};
     } catch (const TessaryError&) {
-        return {Outcome::busy, {}, {}};
+        return {Outcome::busy};
     } catch (const MTPTransportError& error) {
         if (isGone(error))
-            return {Outcome::gone, {}, {}};
-        return {Outcome::failed, {}, troubleOf(error, files_.programsHolding(device))};
+            return {Outcome::gone};
+        return failedWith(troubleOf(error, files_.programsHolding(device)));
     }
 }
 

@@ -3,6 +3,7 @@
 #include "core/DeviceInfo.h"
 #include "devices/DeviceTrouble.h"
 #include "files/MTPFileBackend.h"
+#include "ios/LockdownSession.h"
 
 #include <optional>
 
@@ -13,14 +14,17 @@ class DeviceFileService;
 /// What came of asking a device for its figures.
 struct DeviceAnswer {
     enum class Outcome {
-        answered, ///< with `figures`; one without a storage is locked
+        answered, ///< with `figures`; an Android phone without a storage is locked
         busy,     ///< something else uses it
         gone,     ///< it was unplugged
         failed,   ///< with `trouble`
     };
     Outcome outcome = Outcome::busy;
-    LiveDeviceInfo figures;
-    std::optional<DeviceTrouble> trouble;
+    LiveDeviceInfo figures{}; ///< of an Android phone
+    std::optional<DeviceTrouble> trouble{};
+    // Of an iPhone; no value for what it does not tell:
+    std::optional<QString> deviceName{};
+    std::optional<StorageInfo> storage{};
 };
 
 /// Asks for what a bus does not tell. Calls block, though not without end, and may come from any
@@ -35,7 +39,8 @@ public:
     [[nodiscard]] virtual bool isConflictingAppRunning() = 0;
 };
 
-/// Asks by way of the file service, which orders it with everything else that uses a device.
+/// Asks Android phones by way of the file service, which orders it with everything else that uses
+/// a device, and iPhones over a session of its own.
 class FileServiceInquiry : public DeviceInquiry {
 public:
     /// `files` must outlive it.

@@ -3,6 +3,7 @@
 #include "core/Background.h"
 #include "core/DiagnosticsLogger.h"
 #include "devices/DeviceInquiry.h"
+#include "devices/IOSDevices.h"
 #include "files/DeviceFileService.h"
 
 #include <QPointer>
@@ -18,10 +19,6 @@ namespace {
 /// must not fill the memory.
 constexpr qsizetype rememberedDevices = 256;
 
-bool lacksDetails(const DeviceInfo& device) {
-    return device.volumes.empty() || !device.batteryLevel;
-}
-
 const DeviceInfo* find(const std::vector<DeviceInfo>& devices, const QString& id) {
     const auto found = std::find_if(devices.begin(), devices.end(),
                                     [&](const DeviceInfo& one) { return one.id() == id; });
@@ -30,18 +27,29 @@ const DeviceInfo* find(const std::vector<DeviceInfo>& devices, const QString& id
 
 } // namespace
 
-DeviceManager::DeviceManager(UsbBus& bus, DeviceFileService& files, std::vector<UsbIds> alsoAccept,
-                             QObject* parent)
-    : DeviceManager(bus, std::make_shared<FileServiceInquiry>(files), std::move(alsoAccept),
+DeviceManager::DeviceManager(DeviceSources sources, DeviceFileService& files,
+                             std::vector<UsbIds> alsoAccept, QObject* parent)
+    : DeviceManager(sources, std::make_shared<FileServiceInquiry>(files), std::move(alsoAccept),
                     parent) {}
 
-DeviceManager::DeviceManager(UsbBus& bus, std::shared_ptr<DeviceInquiry> inquiry,
+DeviceManager::DeviceManager(DeviceSources sources, std::shared_ptr<DeviceInquiry> inquiry,
                              std::vector<UsbIds> alsoAccept, QObject* parent)
-    : QObject(parent), bus_(bus), inquiry_(std::move(inquiry)), alsoAccept_(std::move(alsoAccept)) {
+    : QObject(parent),
+      bus_(sources.usb),
+      inquiry_(std::move(inquiry)),
+      alsoAccept_(std::move(alsoAccept)),
+      iphones_(sources.multiplexer) {
     MainThread::assertCurrent();
     timer_.setInterval(listInterval);
     connect(&timer_, &QTimer::timeout, this, [this] { refreshList(false); });
     storageTimer_.setInterval(storageInterval);
+    connect(&iphones_, &MultiplexerFeed::wasRead, this, [this] { rebuild(false); });
+    connect(&iphones_, &MultiplexerFeed::eventCame, this, [this] {
+        // Trust may have been granted: whoever refused is asked again at once.
+        for (const DeviceInfo& device : devices_)
+            if (device.platform == DevicePlatform::iOS && trouble(device.id()))
+                refreshStorageInfo({device});
+    });
     connect(&storageTimer_, &QTimer::timeout, this, [this] {
         // A child process costs more than all else here: not at each poll of the list.
         checkConflict();
@@ -55,6 +63,7 @@ DeviceManager::~DeviceManager() {
 
 void DeviceManager::startListening() {
     startAndroidListening();
+    iphones_.start();
     timer_.start();
     storageTimer_.start();
     refreshDeviceList(true);
@@ -64,6 +73,7 @@ void DeviceManager::stopListening() {
     timer_.stop();
     storageTimer_.stop();
     release(std::move(watch_));
+    iphones_.stop();
     ++period_;
 }
 
@@ -119,6 +129,7 @@ void DeviceManager::refreshDeviceList(bool forceStorageRefresh) {
 }
 
 void DeviceManager::refreshList(bool forceStorageRefresh) {
+    iphones_.refresh();
     if (isScanning_)
         rebuild(forceStorageRefresh); // the last answer serves until the next one is there
     else
@@ -148,21 +159,38 @@ void DeviceManager::scan(bool forceStorageRefresh) {
         });
 }
 
-void DeviceManager::rebuild(bool forceStorageRefresh) {
-    std::vector<DeviceInfo> fresh = androidDevices(entries_, alsoAccept_, udids_);
+/// What bus and multiplexer have, sorted, and the attachment of each.
+std::vector<DeviceInfo> DeviceManager::attachedDevices(QHash<QString, Attachment>& attachments) {
+    std::vector<DeviceInfo> devices = androidDevices(entries_, alsoAccept_, udids_);
     udids_.clear();
-    QHash<QString, Attachment> attachments;
-    for (const DeviceInfo& device : fresh) {
+    for (const DeviceInfo& device : devices) {
         const auto entry =
             std::find_if(entries_.begin(), entries_.end(), [&](const UsbDeviceEntry& one) {
                 return one.location == device.usbLocation;
             });
         udids_.insert(entry->id, device.udid);
-        attachments.insert(device.id(), entry->id);
+        attachments.insert(device.id(), {false, entry->id});
     }
-    std::stable_sort(fresh.begin(), fresh.end(),
+    for (DeviceInfo& phone : iosDevices(iphones_.entries())) {
+        attachments.insert(phone.id(), {true, phone.handle});
+        devices.push_back(std::move(phone));
+    }
+    std::stable_sort(devices.begin(), devices.end(),
                      [](const DeviceInfo& a, const DeviceInfo& b) { return a.udid < b.udid; });
+    return devices;
+}
 
+/// Whether the next poll has something to ask. A refused handshake costs an iPhone dear and asks
+/// its owner again: it waits for an event or the storage timer.
+bool DeviceManager::lacksDetails(const DeviceInfo& device) const {
+    if (device.platform == DevicePlatform::iOS)
+        return !device.deviceName && !trouble(device.id());
+    return device.volumes.empty() || !device.batteryLevel;
+}
+
+void DeviceManager::rebuild(bool forceStorageRefresh) {
+    QHash<QString, Attachment> attachments;
+    std::vector<DeviceInfo> fresh = attachedDevices(attachments);
     std::vector<DeviceInfo> toAsk;
     for (DeviceInfo& device : fresh) {
         carryOverDetails(device);
@@ -280,6 +308,15 @@ void DeviceManager::answered(const QString& id, const DeviceAnswer& answer) {
     for (DeviceInfo& device : devices) {
         if (device.id() != id)
             continue;
+        if (device.platform == DevicePlatform::iOS) {
+            if (answer.deviceName)
+                device.deviceName = answer.deviceName;
+            if (answer.storage) {
+                device.freeStorageBytes = answer.storage->freeBytes;
+                device.totalStorageBytes = answer.storage->totalBytes;
+            }
+            continue;
+        }
         if (answer.figures.battery)
             device.batteryLevel = answer.figures.battery;
         device.volumes = answer.figures.volumes;
@@ -296,7 +333,7 @@ bool DeviceManager::isAsking(const DeviceInfo& device) const {
 void DeviceManager::tellWhenSettled() {
     const bool isAnyAsked = std::any_of(devices_.begin(), devices_.end(),
                                         [this](const DeviceInfo& one) { return isAsking(one); });
-    if (!isScanning_ && !isAnyAsked)
+    if (!isScanning_ && !iphones_.isReading() && !isAnyAsked)
         Q_EMIT detailsSettled();
 }
 

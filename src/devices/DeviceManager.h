@@ -2,7 +2,9 @@
 
 #include "core/DeviceInfo.h"
 #include "devices/AndroidDevices.h"
+#include "devices/DeviceSources.h"
 #include "devices/DeviceTrouble.h"
+#include "devices/MultiplexerFeed.h"
 #include "platform/UsbBus.h"
 
 #include <QHash>
@@ -14,6 +16,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace tessary {
@@ -23,8 +26,8 @@ class DeviceInquiry;
 struct DeviceAnswer;
 
 /// The list of attached devices, kept current. Lives on the main thread and never makes it wait:
-/// the bus is read, phones are asked and child processes run in the background, and the last
-/// answer counts until a new one is there.
+/// bus and multiplexer are read, phones are asked and child processes run in the background, and
+/// the last answer counts until a new one is there.
 ///
 /// An attach or detach shows at once, details (battery, storages, lock state) as soon as the phone
 /// has told them. A phone that something else uses keeps its last figures; one that does not
@@ -36,25 +39,25 @@ public:
     static constexpr std::chrono::milliseconds listInterval{1500};
     static constexpr std::chrono::milliseconds storageInterval{5000};
 
-    /// `bus` and `files` must outlive the manager and the work that it has started in the
+    /// `sources` and `files` must outlive the manager and the work that it has started in the
     /// background. Devices with an id in `alsoAccept` count as phones although no rule knows them.
-    DeviceManager(UsbBus& bus, DeviceFileService& files, std::vector<UsbIds> alsoAccept = {},
-                  QObject* parent = nullptr);
+    DeviceManager(DeviceSources sources, DeviceFileService& files,
+                  std::vector<UsbIds> alsoAccept = {}, QObject* parent = nullptr);
     /// The same with another way of asking devices.
-    DeviceManager(UsbBus& bus, std::shared_ptr<DeviceInquiry> inquiry,
+    DeviceManager(DeviceSources sources, std::shared_ptr<DeviceInquiry> inquiry,
                   std::vector<UsbIds> alsoAccept = {}, QObject* parent = nullptr);
     /// Ends what startListening() began. Answers that are still to come are dropped.
     ~DeviceManager() override;
 
-    /// Watches the bus, starts both timers and refreshes the list with storage. Calling it again
-    /// starts the timers anew.
+    /// Watches bus and multiplexer, starts both timers and refreshes the list with storage. Calling
+    /// it again starts the timers anew.
     void startListening();
     /// Ends the watch and the timers. The list stays as it is; answers that are still to come are
     /// dropped.
     void stopListening();
 
-    /// Reads the bus anew, and asks devices for details: those that are new or lack some, or all
-    /// with `forceStorageRefresh`. Returns at once; changes are told by signals.
+    /// Reads bus and multiplexer anew, and asks devices for details: those that are new or lack
+    /// some, or all with `forceStorageRefresh`. Returns at once; changes are told by signals.
     void refreshDeviceList(bool forceStorageRefresh);
     /// Asks these devices for battery and storage, whatever is known already.
     void refreshStorageInfo(const std::vector<DeviceInfo>& forDevices);
@@ -89,7 +92,8 @@ Q_SIGNALS:
     void detailsSettled();
 
 private:
-    using Attachment = std::uint64_t; ///< UsbDeviceEntry::id
+    /// One plugging: whether the number is the multiplexer's handle, else UsbDeviceEntry::id.
+    using Attachment = std::pair<bool, std::uint64_t>;
 
     void startAndroidListening();
     void release(std::unique_ptr<UsbWatch> watch);
@@ -97,12 +101,14 @@ private:
     void refreshList(bool forceStorageRefresh);
     void scan(bool forceStorageRefresh);
     void rebuild(bool forceStorageRefresh);
+    [[nodiscard]] std::vector<DeviceInfo> attachedDevices(QHash<QString, Attachment>& attachments);
     void carryOverDetails(DeviceInfo& fresh) const;
     void publish(std::vector<DeviceInfo> devices);
     void setTrouble(const QString& id, const std::optional<DeviceTrouble>& trouble);
     void checkConflict();
     void refreshDetailsForDevices(const std::vector<DeviceInfo>& devices);
     void ask(const DeviceInfo& device);
+    [[nodiscard]] bool lacksDetails(const DeviceInfo& device) const;
     void answered(const QString& id, const DeviceAnswer& answer);
     [[nodiscard]] bool isAsking(const DeviceInfo& device) const;
     void tellWhenSettled();
@@ -121,6 +127,7 @@ private:
     std::vector<UsbDeviceEntry> entries_;
     bool isScanning_ = false;
     bool scanIsOutdated_ = false; ///< an event came while one was under way
+    MultiplexerFeed iphones_;
 
     std::vector<DeviceInfo> devices_;
     QHash<QString, Attachment> attachments_; ///< of devices_, by id

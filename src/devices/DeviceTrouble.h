@@ -10,6 +10,7 @@ struct DeviceTrouble {
     enum class Kind {
         heldByProgram, ///< another program uses it: `programs`, as far as they are known
         notPermitted,  ///< this user may not open USB devices
+        refused,       ///< it wants to be unlocked, or to trust this computer first
         notAnswering,  ///< it stays silent, or answers nonsense
     };
     Kind kind = Kind::notAnswering;

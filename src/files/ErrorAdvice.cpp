@@ -59,6 +59,64 @@ constexpr std::array responseTable{
                 plugInAgain},
 };
 
+struct AFCRow {
+    AFCError error;
+    View advice;
+};
+
+constexpr View plugInPhone("Plug the phone in again and unlock it.");
+
+constexpr std::array afcTable{
+    AFCRow{AFCError::noSpaceLeft, View("The phone is full: delete something on it, or copy less.")},
+    AFCRow{AFCError::permDenied, View("The app does not allow this.")},
+    AFCRow{AFCError::opTimeout, View("The phone does not answer: unlock it. If that does not help, "
+                                     "unplug it and plug it in again.")},
+    AFCRow{AFCError::serviceNotConnected, plugInPhone},
+    AFCRow{AFCError::muxError, plugInPhone},
+    AFCRow{AFCError::notEnoughData, plugInPhone},
+    AFCRow{AFCError::opHeaderInvalid, plugInPhone},
+    AFCRow{AFCError::sslError, plugInPhone},
+};
+
+struct LockdownRow {
+    View status; ///< at the end of the error's text
+    View advice;
+};
+
+constexpr std::array lockdownTable{
+    LockdownRow{View(": -17"), View("Unlock the phone and try again.")},
+    LockdownRow{View(": -18"), View("Unplug the phone, plug it in again and tap Trust on it.")},
+    LockdownRow{View(": -19"), View("Unlock the phone and tap Trust on it.")},
+};
+
+/// What a person can do about a failure of the iPhone layer.
+QString adviceForPhone(const TessaryError& error) {
+    using Kind = TessaryError::Case;
+    switch (error.kind()) {
+    case Kind::afcError:
+        for (const AFCRow& row : afcTable)
+            if (row.error == error.afc())
+                return row.advice;
+        return {};
+    case Kind::lockdownFailed:
+        for (const LockdownRow& row : lockdownTable)
+            if (error.message().endsWith(row.status))
+                return row.advice;
+        return QStringLiteral("Unlock the phone, tap Trust on it when it asks, and try again.");
+    case Kind::serviceStartFailed:
+    case Kind::instProxyFailed:
+        return QStringLiteral("Unlock the phone and try again.");
+    case Kind::houseArrestFailed:
+        return QStringLiteral("Unlock the phone. If that does not help, the app does not share "
+                              "its files with computers.");
+    case Kind::deviceNotFound:
+    case Kind::fileIOError:
+    case Kind::transferCancelled:
+        break;
+    }
+    return {};
+}
+
 template <typename Row>
 ErrorAdvice from(const Row& row, const QString& detail) {
     return {row.message + QStringLiteral(" (%1)").arg(detail), row.advice};
@@ -90,7 +148,7 @@ ErrorAdvice adviceFor(const std::exception& error, const QStringList& holders) {
     if (const auto* transport = dynamic_cast<const MTPTransportError*>(&error))
         return forTransport(*transport, holders);
     if (const auto* own = dynamic_cast<const TessaryError*>(&error))
-        return {own->description(), {}};
+        return {own->description(), adviceForPhone(*own)};
     return {QString::fromUtf8(error.what()), {}};
 }
 

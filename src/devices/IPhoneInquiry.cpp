@@ -1,0 +1,30 @@
+#include "devices/IPhoneInquiry.h"
+
+#include "core/TessaryError.h"
+#include "files/ErrorAdvice.h"
+
+namespace tessary {
+
+DeviceAnswer askIPhone(const DeviceInfo& device) {
+    using Outcome = DeviceAnswer::Outcome;
+    DeviceAnswer answer;
+    try {
+        LockdownSession session(device.udid);
+        answer.outcome = Outcome::answered;
+        if (!device.deviceName)
+            answer.deviceName = session.deviceName();
+        answer.storage = session.getStorageInfo();
+    } catch (const TessaryError& error) {
+        if (error.kind() == TessaryError::Case::deviceNotFound) {
+            answer.outcome = Outcome::gone;
+            return answer;
+        }
+        const ErrorAdvice words = adviceFor(error);
+        answer.outcome = Outcome::failed;
+        answer.trouble =
+            DeviceTrouble{DeviceTrouble::Kind::refused, {}, words.message, words.advice};
+    }
+    return answer;
+}
+
+} // namespace tessary
