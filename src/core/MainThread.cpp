@@ -14,7 +14,7 @@ namespace {
 /// What was posted and not yet called, and the object whose events wake the main thread.
 class Mailbox : public QObject {
 public:
-    /// Made on first use and never released: worker threads may outlive the application object.
+    /// Made with the first application object and never released: worker threads may outlive it.
     static Mailbox& shared() {
         static Mailbox& mailbox = *new Mailbox;
         return mailbox;
@@ -46,10 +46,6 @@ public:
     }
 
 private:
-    Mailbox() {
-        moveToThread(QCoreApplication::instance()->thread());
-    }
-
     /// With the lock held.
     void wake() {
         if (isAwake_)
@@ -63,7 +59,14 @@ private:
     bool isAwake_ = false;                      ///< an event is on its way; guarded by mutex_
 };
 
+/// So that it belongs to the main thread, whoever posts first.
+void makeMailbox() {
+    Mailbox::shared();
+}
+
 } // namespace
+
+Q_COREAPP_STARTUP_FUNCTION(makeMailbox)
 
 bool MainThread::isCurrent() {
     const QCoreApplication* application = QCoreApplication::instance();

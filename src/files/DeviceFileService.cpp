@@ -3,6 +3,7 @@
 #include "core/CancellationError.h"
 #include "core/DiagnosticsLogger.h"
 #include "core/TessaryError.h"
+#include "core/ThreadName.h"
 #include "files/DevicePath.h"
 #include "mtp/MTPInterfaceConnection.h"
 #include "platform/SystemUsbBus.h"
@@ -11,7 +12,6 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
-#include <QThreadPool>
 
 namespace tessary {
 
@@ -61,8 +61,6 @@ DeviceFileService::DeviceFileService(UsbBus& bus, ProcessRunner& processes)
 
 DeviceFileService::~DeviceFileService() {
     stopStaging_.request_stop();
-    std::unique_lock lock(stagingMutex_);
-    staged_.wait(lock, [this] { return staging_.isEmpty(); });
 }
 
 std::vector<FileItem> DeviceFileService::listDirectory(const QString& at,
@@ -166,8 +164,12 @@ QString DeviceFileService::stageItemForDrag(const FileItem& item,
     if (!staging_.contains(path)) {
         if (QFileInfo::exists(path))
             return path;
+        // None is at work, so that none needs the lock to end.
+        if (staging_.isEmpty())
+            stagingThreads_.clear();
         staging_.insert(path);
-        QThreadPool::globalInstance()->start([this, item, device, path] {
+        stagingThreads_.emplace_back([this, item, device, path] {
+            nameCurrentThread("tessary-staging");
             try {
                 QDir().mkpath(parentPath(path));
                 downloadFile(item, path, device, {}, stopStaging_.get_token());
@@ -200,7 +202,11 @@ void DeviceFileService::killConflictingAgents() {
     for (const QStringList& arguments :
          {QStringList{hard, byCommandLine, QStringLiteral("Android File Transfer")},
           QStringList{hard, byCommandLine, QStringLiteral("OpenMTP")},
-          QStringList{hard, QStringLiteral("-x"), QStringLiteral("ptpcamerad")}})
+          QStringList{hard, QStringLiteral("-x"), QStringLiteral("ptpcamerad")},
+          // The Linux desktops' own: they are asked to end, which unmounts, and start again when
+          // they are next needed.
+          QStringList{QStringLiteral("-x"),
+                      QStringLiteral("gvfsd-mtp|gvfsd-gphoto2|kiod[56]|(simple-|j|go-)?mtpfs")}})
         (void)processes_.run(pkill, arguments, processLimit);
     if (const auto adb = findAdbBinary())
         (void)processes_.run(*adb, {QStringLiteral("kill-server")}, processLimit);

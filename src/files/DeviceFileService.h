@@ -15,6 +15,7 @@
 #include <mutex>
 #include <optional>
 #include <stop_token>
+#include <thread>
 #include <vector>
 
 namespace tessary {
@@ -87,7 +88,7 @@ public:
 
     /// Whether a program runs that is known to compete for phones.
     [[nodiscard]] bool isConflictingAppRunning();
-    /// Ends the programs that are known to compete for phones, without asking them.
+    /// Ends the programs that are known to compete for phones; whoever calls it has asked the user.
     void killConflictingAgents();
     /// The programs that hold this device right now.
     [[nodiscard]] QStringList programsHolding(const DeviceInfo& device);
@@ -108,6 +109,7 @@ private:
     std::condition_variable staged_;
     QSet<QString> staging_; ///< paths of copies under way; guarded by stagingMutex_
     std::stop_source stopStaging_;
+    std::vector<std::jthread> stagingThreads_; ///< guarded by stagingMutex_; last: joined first
 };
 
 } // namespace tessary

@@ -80,7 +80,7 @@ MTPUpload::Folder MTPUpload::open(const MTPLocation& location, std::uint32_t han
         location.storageID, handle,
         [&](MTPObjectInfo&& info) {
             folder.handles.insert(info.id);
-            folder.contents.insert(info.filename, std::move(info));
+            folder.contents.insert(info.filename, info);
             return true;
         },
         stop_,
@@ -270,8 +270,9 @@ TransferOutcome MTPUpload::folder(const QString& localFolder, const MTPLocation&
         state.currentFileTotal = entry.size;
         try {
             if (entry.isDirectory) {
-                Folder made = makeFolder(*into, name);
-                folders.insert(entry.relativePath, std::move(made));
+                // Made first: the insertion moves what `into` points to.
+                const Folder made = makeFolder(*into, name);
+                folders.insert(entry.relativePath, made);
             } else {
                 send(joinPath(localFolder, entry.relativePath), name, *into,
                      [&](qint64 done, qint64 total) {

@@ -117,7 +117,7 @@ QUuid TransferViewModel::enqueueUpload(const QString& localURL, const QString& r
 
 QUuid TransferViewModel::enqueueDownload(const FileItem& item, const QString& localURL,
                                          const std::shared_ptr<FileAccess>& files,
-                                         TransferFinished onFinished) {
+                                         const TransferFinished& onFinished) {
     TransferJob job;
     job.type = Type::download;
     job.name = item.name;
@@ -135,7 +135,7 @@ QUuid TransferViewModel::enqueueDownload(const FileItem& item, const QString& lo
     }
     const QUuid id = append(std::move(job));
     if (onFinished)
-        onFinished_.insert(id, std::move(onFinished));
+        onFinished_.insert(id, onFinished);
     start(id, files,
           [=](FileAccess& device, const TransferProgressCallback& progress,
               const std::stop_token& stop) {

@@ -76,7 +76,7 @@ public:
     /// called on the main thread.
     QUuid enqueueDownload(const FileItem& item, const QString& localURL,
                           const std::shared_ptr<FileAccess>& files,
-                          TransferFinished onFinished = {});
+                          const TransferFinished& onFinished = {});
 
     /// The job is shown as cancelled at once. No effect on one that has finished.
     void cancelJob(const QUuid& jobId);

@@ -376,6 +376,8 @@ TEST_F(DeviceFileServiceTest, conflictingProgramsAreLookedForAndEndedByExactComm
                    QStringLiteral("Android File Transfer")},
                   {pkill, QStringLiteral("-9"), QStringLiteral("-if"), QStringLiteral("OpenMTP")},
                   {pkill, QStringLiteral("-9"), QStringLiteral("-x"), QStringLiteral("ptpcamerad")},
+                  {pkill, QStringLiteral("-x"),
+                   QStringLiteral("gvfsd-mtp|gvfsd-gphoto2|kiod[56]|(simple-|j|go-)?mtpfs")},
                   {adb, QStringLiteral("kill-server")}}));
 }
 

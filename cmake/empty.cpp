@@ -1,1 +1,0 @@
-// Keeps a library without sources buildable.
