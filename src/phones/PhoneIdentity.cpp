@@ -89,10 +89,26 @@ QByteArray makeCertificate(EVP_PKEY* key, bool isRoot) {
     return pem([made](BIO* bio) { return PEM_write_bio_X509(bio, made); });
 }
 
+/// Whether the certificate that a host shows is one of its record's.
+int isHost(X509_STORE_CTX* shown, void* pairRecord) {
+    const auto& record = *static_cast<const QVariantMap*>(pairRecord);
+    for (const QString& key : {u"RootCertificate"_s, u"HostCertificate"_s}) {
+        const Owned<X509> known = certificateOf(record[key]);
+        if (known && X509_cmp(X509_STORE_CTX_get0_cert(shown), known.get()) == 0)
+            return 1;
+    }
+    X509_STORE_CTX_set_error(shown, X509_V_ERR_CERT_REJECTED);
+    return 0;
+}
+
 } // namespace
 
 void TlsContextFreer::operator()(SSL_CTX* context) const {
     SSL_CTX_free(context);
+}
+
+void PhoneIdentity::prepareKeys() {
+    (void)keys();
 }
 
 QByteArray PhoneIdentity::devicePublicKey() {
@@ -124,19 +140,12 @@ TlsContext PhoneIdentity::tlsContext(const QVariantMap& pairRecord) {
     if (SSL_CTX_use_certificate(context.get(), certificate.get()) != 1 ||
         SSL_CTX_use_PrivateKey(context.get(), keys().device.get()) != 1)
         return nullptr;
-    // A host must show a certificate; whether it is the right one is asked when it is known whole.
-    SSL_CTX_set_verify(context.get(), SSL_VERIFY_PEER | SSL_VERIFY_FAIL_IF_NO_PEER_CERT,
-                       [](int, X509_STORE_CTX*) { return 1; });
+    // In version 1.3 a host would learn of its refusal only after the handshake.
+    SSL_CTX_set_max_proto_version(context.get(), TLS1_2_VERSION);
+    SSL_CTX_set_options(context.get(), SSL_OP_NO_RENEGOTIATION);
+    SSL_CTX_set_verify(context.get(), SSL_VERIFY_PEER | SSL_VERIFY_FAIL_IF_NO_PEER_CERT, nullptr);
+    SSL_CTX_set_cert_verify_callback(context.get(), isHost, const_cast<QVariantMap*>(&pairRecord));
     return context;
-}
-
-bool PhoneIdentity::isHost(X509* certificate, const QVariantMap& pairRecord) {
-    for (const QString& key : {u"RootCertificate"_s, u"HostCertificate"_s}) {
-        const Owned<X509> known = certificateOf(pairRecord[key]);
-        if (certificate != nullptr && known && X509_cmp(certificate, known.get()) == 0)
-            return true;
-    }
-    return false;
 }
 
 } // namespace tessary

@@ -18,17 +18,19 @@ using TlsContext = std::unique_ptr<SSL_CTX, TlsContextFreer>;
 /// RSA keys are made once a process, at the first call (some tenths of a second). Thread-safe.
 class PhoneIdentity {
 public:
+    /// Makes the keys now, so that no later call does.
+    static void prepareKeys();
+
     /// PKCS #1, PEM: what lockdown tells as "DevicePublicKey".
     [[nodiscard]] static QByteArray devicePublicKey();
 
     /// A host's whole pair record: certificates, keys, "HostID" and "SystemBUID".
     [[nodiscard]] static QVariantMap pairRecord(const QString& hostID, const QString& systemBUID);
 
-    /// TLS for sessions with the host of a pair record: the phone shows its "DeviceCertificate" and
-    /// asks for the host's. Null when the certificate is not for the phone's key.
+    /// TLS for sessions with the host of a pair record, which has to outlive the context: the phone
+    /// shows its "DeviceCertificate", and takes only the record's certificates from the host. Null
+    /// when the certificate is not for the phone's key.
     [[nodiscard]] static TlsContext tlsContext(const QVariantMap& pairRecord);
-    /// Whether a host's certificate is one of the record's.
-    [[nodiscard]] static bool isHost(X509* certificate, const QVariantMap& pairRecord);
 };
 
 } // namespace tessary

@@ -105,10 +105,6 @@ void PhoneStream::endTls() {
     tls_.reset();
 }
 
-std::unique_ptr<X509, void (*)(X509*)> PhoneStream::hostCertificate() const {
-    return {tls_ ? SSL_get1_peer_certificate(tls_.get()) : nullptr, &X509_free};
-}
-
 bool PhoneStream::pause(std::chrono::milliseconds time) {
     if (time <= std::chrono::milliseconds::zero())
         return true;

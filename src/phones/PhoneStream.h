@@ -37,8 +37,6 @@ public:
     [[nodiscard]] bool startTls(SSL_CTX* context);
     /// Says goodbye in TLS and goes on in plain.
     void endTls();
-    /// The host's certificate; null without TLS or when it showed none.
-    [[nodiscard]] std::unique_ptr<X509, void (*)(X509*)> hostCertificate() const;
 
     /// Waits, at most so long; false as soon as the connection is gone.
     [[nodiscard]] bool pause(std::chrono::milliseconds time);

@@ -52,18 +52,18 @@ void VirtualIPhone::leaveWifi() {
 }
 
 void VirtualIPhone::detach(VirtualLink link) {
-    VirtualMux* mux = nullptr;
-    {
-        const std::lock_guard lock(mutex_);
-        mux = mux_;
-    }
-    if (mux != nullptr)
+    if (VirtualMux* mux = currentMux())
         mux->detach(*this, link);
 }
 
 bool VirtualIPhone::isPlugged() const {
+    const VirtualMux* mux = currentMux();
+    return mux != nullptr && mux->isAttached(*this, VirtualLink::cable);
+}
+
+VirtualMux* VirtualIPhone::currentMux() const {
     const std::lock_guard lock(mutex_);
-    return mux_ != nullptr && mux_->isAttached(*this, VirtualLink::cable);
+    return mux_;
 }
 
 void VirtualIPhone::muxGone() {
@@ -194,13 +194,9 @@ void VirtualIPhone::serve(std::uint16_t port, PhoneStream& stream) {
         offer = std::move(*found);
         offers_.erase(found); // a service that was started takes one connection
     }
-    if (config_.serviceTls) {
-        const QVariantMap host = knownHost(offer.hostID);
-        const TlsContext context = PhoneIdentity::tlsContext(host);
-        if (!stream.startTls(context.get()) ||
-            !PhoneIdentity::isHost(stream.hostCertificate().get(), host))
-            return;
-    }
+    const QVariantMap host = config_.serviceTls ? knownHost(offer.hostID) : QVariantMap();
+    if (config_.serviceTls && !stream.startTls(PhoneIdentity::tlsContext(host).get()))
+        return;
     if (offer.service == HouseArrestResponder::service)
         HouseArrestResponder(*this, stream).run();
     else if (offer.service == InstallationProxyResponder::service)

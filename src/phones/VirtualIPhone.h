@@ -111,6 +111,8 @@ private:
     [[nodiscard]] bool strikes(const QString& request, bool afterwards, VirtualCut& cut);
     void detach(VirtualLink link);
     void muxGone();
+    /// To be called without the phone's mutex: the mux's comes first.
+    [[nodiscard]] VirtualMux* currentMux() const;
 
     const VirtualIPhoneConfig config_;
     Guarded<VirtualIPhoneFaults> faults_;

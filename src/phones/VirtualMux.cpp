@@ -1,6 +1,7 @@
 #include "phones/VirtualMux.h"
 
 #include "phones/MuxSession.h"
+#include "phones/PhoneIdentity.h"
 #include "phones/PhoneSockets.h"
 #include "phones/ThreadName.h"
 
@@ -140,9 +141,7 @@ void VirtualMux::detach(VirtualIPhone& phone, VirtualLink link) {
         tellAll({{u"MessageType"_s, u"Detached"_s}, {u"DeviceID"_s, id}});
         wake();
     }
-    if (std::none_of(attachments_.begin(), attachments_.end(),
-                     [&](const Attachment& each) { return each.phone == &phone; }))
-        phone.muxGone();
+    // One of the phone's own threads cannot wait for itself. Who comes later waits for it.
     const auto own = std::this_thread::get_id();
     if (std::any_of(connections_.begin(), connections_.end(),
                     [own](const Connection& each) { return each.thread.get_id() == own; }))
@@ -151,6 +150,13 @@ void VirtualMux::detach(VirtualIPhone& phone, VirtualLink link) {
         return std::none_of(connections_.begin(), connections_.end(),
                             [&](const Connection& each) { return uses(each, phone, link); });
     });
+    const bool isGone =
+        std::none_of(attachments_.begin(), attachments_.end(),
+                     [&](const Attachment& each) { return each.phone == &phone; }) &&
+        std::none_of(connections_.begin(), connections_.end(),
+                     [&](const Connection& each) { return each.phone == &phone; });
+    if (isGone)
+        phone.muxGone();
 }
 
 bool VirtualMux::isAttached(const VirtualIPhone& phone, VirtualLink link) const {
@@ -228,6 +234,7 @@ VirtualIPhone* VirtualMux::connectTo(Connection& connection, std::uint32_t devic
 }
 
 QByteArray VirtualMux::pairRecord(const QString& udid) {
+    PhoneIdentity::prepareKeys(); // not while everybody waits for the mutex
     const std::lock_guard lock(mutex_);
     if (const auto saved = records_.find(udid); saved != records_.end())
         return saved->second;
