@@ -78,56 +78,48 @@ SyncPlanner::SyncPlanner(const SyncPlanInput& input) : input_(input) {
     SyncObstacles obstacles(input.local, input.device);
     const QSet<QString> clashes =
         clashingPaths(input.local, input.device, input.localNames, input.deviceNames);
-    drafts_.reserve(std::max(input.local.files.size(), input.device.files.size()));
+    // More than there are paths: what is not used takes no memory.
+    actions_.reserve(input.local.files.size() + input.device.files.size());
     forEachPath(input.local.files, input.device.files, record,
                 [&](const QString& path, const SyncFileEntry* local, const SyncFileEntry* device,
                     const SyncFileEntry* known) {
-                    Draft draft;
-                    draft.action.relativePath = path;
-                    draft.action.local = local;
-                    draft.action.device = device;
-                    draft.action.record = known;
+                    SyncPlannedAction action;
+                    action.relativePath = path;
+                    action.local = local;
+                    action.device = device;
+                    action.record = known;
+                    Pending pending = Pending::nothing;
                     QString reason = obstacles.reasonFor(path, local != nullptr, device != nullptr);
-                    if (!reason.isEmpty()) {
-                        obstruct(draft, std::move(reason));
-                    } else if (local == nullptr && device == nullptr) {
-                        return;
-                    } else {
-                        decide(draft);
-                        const bool acts =
-                            draft.action.isWork() || draft.pending != Pending::nothing;
+                    if (reason.isEmpty() && (local != nullptr || device != nullptr)) {
+                        pending = decide(action);
+                        const bool acts = action.isWork() || pending != Pending::nothing;
                         if (acts && isUnderAny(path, clashes))
-                            obstruct(draft, QStringLiteral("another name differs from it only in "
-                                                           "case or in the form of its letters"));
-                        else if (reason = nameRefusal(draft.action); acts && !reason.isEmpty())
-                            obstruct(draft, std::move(reason));
+                            reason = QStringLiteral("another name differs from it only in case or "
+                                                    "in the form of its letters");
+                        else if (acts)
+                            reason = nameRefusal(action);
                     }
-                    const bool isNothing = draft.action.kind == Kind::skip &&
-                                           draft.action.detail.isEmpty() &&
-                                           draft.pending == Pending::nothing;
-                    if (!isNothing)
-                        drafts_.push_back(std::move(draft));
+                    if (!reason.isEmpty()) {
+                        action.kind = Kind::skip;
+                        action.detail = std::move(reason);
+                        pending = Pending::nothing;
+                    }
+                    if (action.kind == Kind::skip && action.detail.isEmpty() &&
+                        pending == Pending::nothing)
+                        return;
+                    actions_.push_back(std::move(action));
+                    pending_.push_back(pending);
                 });
-}
-
-void SyncPlanner::obstruct(Draft& draft, QString reason) const {
-    draft.action.kind = Kind::skip;
-    draft.action.detail = std::move(reason);
-    draft.pending = Pending::nothing;
 }
 
 /// Sets an action's kind, or what it waits for. A kind `skip` without a reason means that nothing
 /// is to be done and nothing recorded.
-void SyncPlanner::decide(Draft& draft) const {
-    const SyncPlannedAction& action = draft.action;
-    if (action.local != nullptr && action.device != nullptr)
-        decideBoth(draft);
-    else
-        decideOne(draft);
+SyncPlanner::Pending SyncPlanner::decide(SyncPlannedAction& action) const {
+    return action.local != nullptr && action.device != nullptr ? decideBoth(action)
+                                                               : decideOne(action);
 }
 
-void SyncPlanner::decideBoth(Draft& draft) const {
-    SyncPlannedAction& action = draft.action;
+SyncPlanner::Pending SyncPlanner::decideBoth(SyncPlannedAction& action) const {
     const SyncFileEntry& local = *action.local;
     const SyncFileEntry& device = *action.device;
     const bool localUnchanged = action.record != nullptr && isLocalUnchanged(local, *action.record);
@@ -136,26 +128,25 @@ void SyncPlanner::decideBoth(Draft& draft) const {
     if (localUnchanged && deviceUnchanged) {
         action.isVouched = true;
         settle(action, true);
-        return;
+        return Pending::nothing;
     }
     if (local.size != device.size) {
         settle(action, false);
-        return;
+        return Pending::nothing;
     }
     if (!localUnchanged && !deviceUnchanged) {
-        if (isSameDate(local.modifiedDate, device.modifiedDate))
-            settle(action, true);
-        else
-            draft.pending = Pending::sample;
-        return;
+        if (!isSameDate(local.modifiedDate, device.modifiedDate))
+            return Pending::sample;
+        settle(action, true);
+        return Pending::nothing;
     }
     const QDateTime& changed = localUnchanged ? device.modifiedDate : local.modifiedDate;
-    if (const auto& known = action.record->differingDate; known && isSameDate(*known, changed)) {
-        action.knownToDiffer = true;
-        settle(action, false);
-    } else {
-        draft.pending = Pending::sample;
-    }
+    const auto& known = action.record->differingDate;
+    if (!known || !isSameDate(*known, changed))
+        return Pending::sample;
+    action.knownToDiffer = true;
+    settle(action, false);
+    return Pending::nothing;
 }
 
 /// Both sides have the file: what follows from whether it is the same.
@@ -186,20 +177,19 @@ void SyncPlanner::settle(SyncPlannedAction& action, bool isEqual) const {
     action.deletesSource = isMove;
 }
 
-void SyncPlanner::decideOne(Draft& draft) const {
-    SyncPlannedAction& action = draft.action;
+SyncPlanner::Pending SyncPlanner::decideOne(SyncPlannedAction& action) const {
     const bool isLocal = action.local != nullptr;
+    const bool isTwoWay = input_.mode == SyncMode::biDirectional;
     const SyncFileEntry& present = isLocal ? *action.local : *action.device;
     const SyncMode source = isLocal ? SyncMode::toiPhone : SyncMode::toMac;
-    if (input_.mode != SyncMode::biDirectional && input_.mode != source)
-        return;
-    if (input_.mode == SyncMode::biDirectional && input_.deletes && action.record != nullptr &&
-        action.record->size == present.size) {
-        draft.pending = Pending::deletion;
-        return;
-    }
+    if (!isTwoWay && input_.mode != source)
+        return Pending::nothing;
+    if (isTwoWay && input_.deletes && action.record != nullptr &&
+        action.record->size == present.size)
+        return Pending::deletion;
     action.kind = isLocal ? Kind::upload : Kind::download;
-    action.deletesSource = input_.moves && input_.mode != SyncMode::biDirectional;
+    action.deletesSource = input_.moves && !isTwoWay;
+    return Pending::nothing;
 }
 
 /// Why the side that an action would write to cannot hold the name; empty when it can.
@@ -219,10 +209,10 @@ QString SyncPlanner::nameRefusal(const SyncPlannedAction& action) const {
 
 std::vector<DeletionCandidate> SyncPlanner::deletionCandidates() const {
     std::vector<DeletionCandidate> candidates;
-    for (const Draft& draft : drafts_) {
-        if (draft.pending != Pending::deletion)
+    for (std::size_t n = 0; n < actions_.size(); ++n) {
+        if (pending_[n] != Pending::deletion)
             continue;
-        const SyncPlannedAction& action = draft.action;
+        const SyncPlannedAction& action = actions_[n];
         DeletionCandidate candidate;
         candidate.relativePath = action.relativePath;
         candidate.targetLocation = action.local != nullptr ? Location::localMac
@@ -238,9 +228,8 @@ std::vector<DeletionCandidate> SyncPlanner::deletionCandidates() const {
 }
 
 QString SyncPlanner::massDeletionWarning() const {
-    const auto count = static_cast<std::size_t>(
-        std::count_if(drafts_.begin(), drafts_.end(),
-                      [](const Draft& draft) { return draft.pending == Pending::deletion; }));
+    const auto count =
+        static_cast<std::size_t>(std::count(pending_.begin(), pending_.end(), Pending::deletion));
     if (count == 0)
         return {};
     const std::size_t recorded = input_.record->size();
@@ -261,9 +250,9 @@ QString SyncPlanner::massDeletionWarning() const {
 
 QStringList SyncPlanner::pathsToCompare() const {
     QStringList paths;
-    for (const Draft& draft : drafts_)
-        if (draft.pending == Pending::sample)
-            paths.append(draft.action.relativePath);
+    for (std::size_t n = 0; n < actions_.size(); ++n)
+        if (pending_[n] == Pending::sample)
+            paths.append(actions_[n].relativePath);
     return paths;
 }
 
@@ -303,13 +292,12 @@ QString SyncPlanner::conflictName(const SyncPlannedAction& action, QSet<QString>
 SyncPlan SyncPlanner::plan(bool deletionsConfirmed, const QSet<QString>& equal) {
     SyncPlan plan;
     QSet<QString> taken;
-    plan.actions.reserve(drafts_.size());
-    for (Draft& draft : drafts_) {
-        SyncPlannedAction& action = draft.action;
-        if (draft.pending == Pending::sample) {
+    for (std::size_t n = 0; n < actions_.size(); ++n) {
+        SyncPlannedAction& action = actions_[n];
+        if (pending_[n] == Pending::sample) {
             settle(action, equal.contains(action.relativePath));
             action.knownToDiffer = action.kind == Kind::leave;
-        } else if (draft.pending == Pending::deletion) {
+        } else if (pending_[n] == Pending::deletion) {
             if (action.local != nullptr)
                 action.kind = deletionsConfirmed ? Kind::deleteLocal : Kind::upload;
             else
@@ -321,9 +309,8 @@ SyncPlan SyncPlanner::plan(bool deletionsConfirmed, const QSet<QString>& equal) 
             ++plan.totalFiles;
         if (qAddOverflow(plan.totalBytes, action.bytes(), &plan.totalBytes))
             plan.totalBytes = std::numeric_limits<qint64>::max();
-        plan.actions.push_back(std::move(action));
     }
-    drafts_.clear();
+    plan.actions = std::move(actions_);
     return plan;
 }
 

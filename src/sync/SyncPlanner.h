@@ -49,22 +49,19 @@ private:
     using Kind = SyncPlannedAction::Kind;
     /// What an action still waits for.
     enum class Pending : unsigned char { nothing, sample, deletion };
-    struct Draft {
-        SyncPlannedAction action;
-        Pending pending = Pending::nothing;
-    };
 
-    void decide(Draft& draft) const;
-    void decideBoth(Draft& draft) const;
-    void decideOne(Draft& draft) const;
+    [[nodiscard]] Pending decide(SyncPlannedAction& action) const;
+    [[nodiscard]] Pending decideBoth(SyncPlannedAction& action) const;
+    [[nodiscard]] Pending decideOne(SyncPlannedAction& action) const;
     void settle(SyncPlannedAction& action, bool isEqual) const;
-    void obstruct(Draft& draft, QString reason) const;
     [[nodiscard]] QString nameRefusal(const SyncPlannedAction& action) const;
     [[nodiscard]] QString conflictName(const SyncPlannedAction& action, QSet<QString>& taken) const;
     [[nodiscard]] bool isTaken(const QString& path) const;
 
     SyncPlanInput input_;
-    std::vector<Draft> drafts_; ///< in the order of the paths
+    // In the order of the paths, of one length:
+    std::vector<SyncPlannedAction> actions_;
+    std::vector<Pending> pending_;
 };
 
 } // namespace tessary
