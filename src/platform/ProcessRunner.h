@@ -5,6 +5,9 @@
 #include <QStringList>
 
 #include <chrono>
+#include <functional>
+#include <optional>
+#include <stop_token>
 
 namespace tessary {
 
@@ -14,6 +17,8 @@ struct ProcessResult {
         exited,     ///< with `exitStatus`
         crashed,    ///< by a signal
         timedOut,   ///< and was ended
+        cancelled,  ///< by the stop request, and was ended
+        flooded,    ///< it printed more than `outputLimit`, and was ended
         notStarted, ///< no such program, or not allowed
     };
     Outcome outcome = Outcome::notStarted;
@@ -26,15 +31,38 @@ struct ProcessResult {
     }
 };
 
-/// Runs other programs. Thread-safe; each call blocks until the child has ended.
+/// One run of another program.
+struct ProcessRequest {
+    QString program;
+    QStringList arguments;
+    /// How long it may take; no value for a run that only its end or `stop` ends.
+    std::optional<std::chrono::milliseconds> limit;
+    std::stop_token stop;
+    /// Called on the caller's thread about every `ProcessRunner::tick` while the child runs. What
+    /// it throws ends the child and is thrown on.
+    std::function<void()> whileRunning;
+    qint64 outputLimit = qint64{256} << 20; ///< bytes of standard output and error each
+};
+
+/// Runs other programs. Thread-safe; each call blocks until the child has ended, and no child
+/// outlives its call or this program.
 class ProcessRunner {
 public:
+    static constexpr std::chrono::milliseconds tick{20};
+
     virtual ~ProcessRunner() = default;
 
     /// Runs a program with these arguments, never through a shell, and with no standard input.
     /// After `limit` the child is ended and waited for.
     [[nodiscard]] virtual ProcessResult run(const QString& program, const QStringList& arguments,
                                             std::chrono::milliseconds limit) = 0;
+
+    /// The same with all that a long run needs. The child is ended and waited for as soon as the
+    /// request is asked to stop. A runner that starts no children may ignore the stop request.
+    [[nodiscard]] virtual ProcessResult follow(const ProcessRequest& request) {
+        return run(request.program, request.arguments,
+                   request.limit.value_or(std::chrono::hours(1)));
+    }
 };
 
 } // namespace tessary
