@@ -1,0 +1,118 @@
+#include "phones/AdbdFiles.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <string_view>
+#include <system_error>
+
+namespace tessary {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view cardLink = "/sdcard";
+constexpr std::array<std::string_view, 3> roots{cardLink, "/storage/emulated/0",
+                                                "/storage/self/primary"};
+
+/// The folder of this machine cannot hold what names the phone's own link.
+bool isCardLink(const std::string& path) {
+    return path == cardLink;
+}
+
+} // namespace
+
+std::optional<fs::path> AdbdFiles::resolve(const std::string& path) const {
+    for (const std::string_view root : roots) {
+        if (!path.starts_with(root) || (path.size() > root.size() && path[root.size()] != '/'))
+            continue;
+        std::string inside = path.substr(root.size());
+        inside.erase(0, inside.find_first_not_of('/'));
+        const fs::path relative(inside);
+        // Nothing above the storage can be reached.
+        if (std::find(relative.begin(), relative.end(), "..") != relative.end() ||
+            relative.is_absolute())
+            return std::nullopt;
+        return inside.empty() ? root_ : root_ / relative;
+    }
+    return std::nullopt;
+}
+
+int AdbdFiles::status(const std::string& path, bool follow, struct stat& status) const {
+    const auto local = resolve(path);
+    if (!local)
+        return ENOENT;
+    const bool looksThrough = follow || path.ends_with('/');
+    const int result =
+        looksThrough ? ::stat(local->c_str(), &status) : ::lstat(local->c_str(), &status);
+    if (result != 0)
+        return errno;
+    if (!looksThrough && isCardLink(path)) {
+        status.st_mode = S_IFLNK | 0777;
+        status.st_size = static_cast<off_t>(std::string_view("/storage/self/primary").size());
+    }
+    return 0;
+}
+
+int AdbdFiles::list(const std::string& path, std::vector<AdbdEntry>& entries) const {
+    const auto local = resolve(path);
+    if (!local)
+        return ENOENT;
+    std::error_code failure;
+    fs::directory_iterator iterator(*local, failure);
+    if (failure)
+        return failure.value();
+    const auto add = [&](std::string name, const fs::path& place) {
+        AdbdEntry entry{std::move(name), {}, {}};
+        if (::lstat(place.c_str(), &entry.status) != 0)
+            return;
+        if (S_ISLNK(entry.status.st_mode))
+            entry.target = fs::read_symlink(place, failure).string();
+        entries.push_back(std::move(entry));
+    };
+    add(".", *local);
+    add("..", *local);
+    for (; iterator != fs::directory_iterator(); iterator.increment(failure)) {
+        add(iterator->path().filename().string(), iterator->path());
+        if (failure)
+            return failure.value();
+    }
+    std::sort(entries.begin(), entries.end(),
+              [](const AdbdEntry& a, const AdbdEntry& b) { return a.name < b.name; });
+    return 0;
+}
+
+int AdbdFiles::makeFolders(const std::string& path) const {
+    const auto local = resolve(path);
+    if (!local)
+        return EROFS;
+    std::error_code failure;
+    fs::create_directories(*local, failure);
+    return failure.value();
+}
+
+int AdbdFiles::removeAll(const std::string& path) const {
+    const auto local = resolve(path);
+    if (!local)
+        return 0;
+    if (*local == root_)
+        return EBUSY;
+    std::error_code failure;
+    fs::remove_all(*local, failure);
+    return failure.value();
+}
+
+int AdbdFiles::move(const std::string& from, const std::string& to) const {
+    const auto source = resolve(from);
+    auto target = resolve(to);
+    if (!source || !target)
+        return ENOENT;
+    std::error_code failure;
+    if (fs::is_directory(*target, failure))
+        *target /= source->filename();
+    fs::rename(*source, *target, failure);
+    return failure.value();
+}
+
+} // namespace tessary

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "phones/AdbServer.h"
+#include "phones/VirtualAdbd.h"
+#include "platform/qt/QtProcessRunner.h"
+#include "support/QtPrinters.h"
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <memory>
+#include <thread>
+
+namespace tessary {
+
+using namespace std::chrono_literals;
+
+/// The adb that tests drive.
+inline QString realAdb() {
+    return QStringLiteral("/usr/bin/adb");
+}
+
+/// The real adb, with a server of the test's own, and one virtual phone that it reaches.
+class AdbFixture : public testing::Test {
+protected:
+    explicit AdbFixture(AdbdConfig config = {}) {
+        config.folder = disk_.makeFolder(QStringLiteral("phone"));
+        adbd_ = std::make_unique<VirtualAdbd>(std::move(config));
+        adbd_->start();
+    }
+
+    void SetUp() override {
+        connectPhone();
+    }
+
+    void connectPhone() {
+        server_.connect(serial());
+        ASSERT_TRUE(reaches(QStringLiteral("device"))) << devices().toStdString();
+    }
+    [[nodiscard]] QString serial() const {
+        return adbd_->address();
+    }
+    ProcessResult adb(const QStringList& arguments, std::chrono::milliseconds limit = 30s) {
+        return runner_.run(realAdb(), QStringList{QStringLiteral("-s"), serial()} + arguments,
+                           limit);
+    }
+    ProcessResult shell(const char* line) {
+        return adb({QStringLiteral("shell"), QString::fromUtf8(line)});
+    }
+    [[nodiscard]] QString devices() {
+        return QString::fromUtf8(
+            runner_.run(realAdb(), {QStringLiteral("devices")}, 10s).standardOutput);
+    }
+    /// Waits until adb gives the phone this state.
+    [[nodiscard]] bool reaches(const QString& state) {
+        const auto end = std::chrono::steady_clock::now() + 20s;
+        const QString line = serial() + QLatin1Char('\t') + state;
+        while (!devices().contains(line)) {
+            if (std::chrono::steady_clock::now() > end)
+                return false;
+            std::this_thread::sleep_for(50ms);
+        }
+        return true;
+    }
+    QString write(const QString& path, const QByteArray& content) const {
+        return disk_.write(QStringLiteral("phone/") + path, content);
+    }
+    [[nodiscard]] QByteArray content(const QString& path) const {
+        return disk_.read(QStringLiteral("phone/") + path);
+    }
+    /// Bytes of which no two pieces are the same.
+    [[nodiscard]] static QByteArray manyBytes(int count) {
+        QByteArray bytes(count, Qt::Uninitialized);
+        for (int n = 0; n < count; ++n)
+            bytes[n] = static_cast<char>(n * 31 + n / 251);
+        return bytes;
+    }
+
+    const TemporaryFolder disk_; ///< "phone" is the phone's storage
+    const TemporaryFolder keys_;
+    AdbServer server_{realAdb(), keys_.path()};
+    QtProcessRunner runner_{server_.environment()};
+    std::unique_ptr<VirtualAdbd> adbd_;
+};
+
+} // namespace tessary
