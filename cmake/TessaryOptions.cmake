@@ -4,6 +4,9 @@ option(TESSARY_TESTS "Build the tests" ON)
 option(TESSARY_BENCHMARKS "Build the benchmarks" OFF)
 option(TESSARY_FUZZ "Build the libFuzzer targets (clang only)" OFF)
 option(TESSARY_COVERAGE "Measure line coverage" OFF)
+set(TESSARY_UPDATE_ENDPOINT "https://updates.tessary.example" CACHE STRING
+    "The server that announces updates, at /tessary/version.json")
+set(TESSARY_HOMEPAGE "https://tessary.example" CACHE STRING "The product's homepage")
 set(TESSARY_SANITIZE "" CACHE STRING "Sanitizers, as -fsanitize= takes them")
 
 set(CMAKE_CXX_STANDARD 20)

@@ -183,6 +183,9 @@ constexpr std::array rows{
     TranslationRow{"Server returned non-200 status", "O servidor respondeu com um status diferente de 200"},
     TranslationRow{"Invalid version data format", "Formato de dados de versão inválido"},
     TranslationRow{"The server did not answer in time", "O servidor não respondeu a tempo"},
+    TranslationRow{"The server's answer is too long", "A resposta do servidor é longa demais"},
+    TranslationRow{"The address is not a safe one", "O endereço não é seguro"},
+    TranslationRow{"The server redirects without end", "O servidor redireciona sem fim"},
     // what went wrong, and what to do
     TranslationRow{"%1 is using the phone.", "%1 está usando o telefone."},
     TranslationRow{"Another program is using the phone.", "Outro programa está usando o telefone."},

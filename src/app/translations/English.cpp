@@ -183,6 +183,9 @@ constexpr std::array rows{
     TranslationRow{"Server returned non-200 status", nullptr},
     TranslationRow{"Invalid version data format", nullptr},
     TranslationRow{"The server did not answer in time", nullptr},
+    TranslationRow{"The server's answer is too long", nullptr},
+    TranslationRow{"The address is not a safe one", nullptr},
+    TranslationRow{"The server redirects without end", nullptr},
     // what went wrong, and what to do
     TranslationRow{"%1 is using the phone.", nullptr},
     TranslationRow{"Another program is using the phone.", nullptr},

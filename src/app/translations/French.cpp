@@ -183,6 +183,9 @@ constexpr std::array rows{
     TranslationRow{"Server returned non-200 status", "Le serveur a répondu avec un statut autre que 200"},
     TranslationRow{"Invalid version data format", "Format des données de version non valide"},
     TranslationRow{"The server did not answer in time", "Le serveur n’a pas répondu à temps"},
+    TranslationRow{"The server's answer is too long", "La réponse du serveur est trop longue"},
+    TranslationRow{"The address is not a safe one", "L’adresse n’est pas sûre"},
+    TranslationRow{"The server redirects without end", "Le serveur redirige sans fin"},
     // what went wrong, and what to do
     TranslationRow{"%1 is using the phone.", "%1 utilise le téléphone."},
     TranslationRow{"Another program is using the phone.", "Un autre programme utilise le téléphone."},

@@ -183,6 +183,9 @@ constexpr std::array rows{
     TranslationRow{"Server returned non-200 status", "Der Server antwortete mit einem anderen Status als 200"},
     TranslationRow{"Invalid version data format", "Ungültiges Format der Versionsdaten"},
     TranslationRow{"The server did not answer in time", "Der Server hat nicht rechtzeitig geantwortet"},
+    TranslationRow{"The server's answer is too long", "Die Antwort des Servers ist zu lang"},
+    TranslationRow{"The address is not a safe one", "Die Adresse ist nicht sicher"},
+    TranslationRow{"The server redirects without end", "Der Server leitet endlos weiter"},
     // what went wrong, and what to do
     TranslationRow{"%1 is using the phone.", "%1 benutzt das Telefon."},
     TranslationRow{"Another program is using the phone.", "Ein anderes Programm benutzt das Telefon."},

@@ -183,6 +183,9 @@ constexpr std::array rows{
     TranslationRow{"Server returned non-200 status", "Il server ha risposto con uno stato diverso da 200"},
     TranslationRow{"Invalid version data format", "Formato dei dati di versione non valido"},
     TranslationRow{"The server did not answer in time", "Il server non ha risposto in tempo"},
+    TranslationRow{"The server's answer is too long", "La risposta del server è troppo lunga"},
+    TranslationRow{"The address is not a safe one", "L’indirizzo non è sicuro"},
+    TranslationRow{"The server redirects without end", "Il server reindirizza all’infinito"},
     // what went wrong, and what to do
     TranslationRow{"%1 is using the phone.", "%1 sta usando il telefono."},
     TranslationRow{"Another program is using the phone.", "Un altro programma sta usando il telefono."},

@@ -183,6 +183,9 @@ constexpr std::array rows{
     TranslationRow{"Server returned non-200 status", "サーバが 200 以外のステータスを返しました"},
     TranslationRow{"Invalid version data format", "バージョンデータの形式が正しくありません"},
     TranslationRow{"The server did not answer in time", "サーバから時間内に応答がありませんでした"},
+    TranslationRow{"The server's answer is too long", "サーバからの応答が長すぎます"},
+    TranslationRow{"The address is not a safe one", "安全なアドレスではありません"},
+    TranslationRow{"The server redirects without end", "サーバが際限なくリダイレクトします"},
     // what went wrong, and what to do
     TranslationRow{"%1 is using the phone.", "%1 がデバイスを使用しています。"},
     TranslationRow{"Another program is using the phone.", "ほかのプログラムがデバイスを使用しています。"},

@@ -183,6 +183,9 @@ constexpr std::array rows{
     TranslationRow{"Server returned non-200 status", "서버가 200이 아닌 상태를 반환했습니다"},
     TranslationRow{"Invalid version data format", "버전 데이터 형식이 잘못되었습니다"},
     TranslationRow{"The server did not answer in time", "서버가 제시간에 응답하지 않았습니다"},
+    TranslationRow{"The server's answer is too long", "서버의 응답이 너무 깁니다"},
+    TranslationRow{"The address is not a safe one", "안전한 주소가 아닙니다"},
+    TranslationRow{"The server redirects without end", "서버가 끝없이 리디렉션합니다"},
     // what went wrong, and what to do
     TranslationRow{"%1 is using the phone.", "%1이(가) 휴대폰을 사용 중입니다."},
     TranslationRow{"Another program is using the phone.", "다른 프로그램이 휴대폰을 사용 중입니다."},

@@ -183,6 +183,9 @@ constexpr std::array rows{
     TranslationRow{"Server returned non-200 status", "服务器返回了非 200 状态"},
     TranslationRow{"Invalid version data format", "版本数据格式无效"},
     TranslationRow{"The server did not answer in time", "服务器未及时响应"},
+    TranslationRow{"The server's answer is too long", "服务器的响应过长"},
+    TranslationRow{"The address is not a safe one", "该地址不安全"},
+    TranslationRow{"The server redirects without end", "服务器无限重定向"},
     // what went wrong, and what to do
     TranslationRow{"%1 is using the phone.", "%1 正在使用手机。"},
     TranslationRow{"Another program is using the phone.", "另一个程序正在使用手机。"},

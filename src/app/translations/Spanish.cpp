@@ -183,6 +183,9 @@ constexpr std::array rows{
     TranslationRow{"Server returned non-200 status", "El servidor respondió con un estado distinto de 200"},
     TranslationRow{"Invalid version data format", "Formato de datos de versión no válido"},
     TranslationRow{"The server did not answer in time", "El servidor no respondió a tiempo"},
+    TranslationRow{"The server's answer is too long", "La respuesta del servidor es demasiado larga"},
+    TranslationRow{"The address is not a safe one", "La dirección no es segura"},
+    TranslationRow{"The server redirects without end", "El servidor redirige sin fin"},
     // what went wrong, and what to do
     TranslationRow{"%1 is using the phone.", "%1 está usando el teléfono."},
     TranslationRow{"Another program is using the phone.", "Otro programa está usando el teléfono."},

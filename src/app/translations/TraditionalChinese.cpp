@@ -183,6 +183,9 @@ constexpr std::array rows{
     TranslationRow{"Server returned non-200 status", "伺服器傳回非 200 的狀態"},
     TranslationRow{"Invalid version data format", "版本資料格式無效"},
     TranslationRow{"The server did not answer in time", "伺服器未及時回應"},
+    TranslationRow{"The server's answer is too long", "伺服器的回應過長"},
+    TranslationRow{"The address is not a safe one", "該位址不安全"},
+    TranslationRow{"The server redirects without end", "伺服器無限重新導向"},
     // what went wrong, and what to do
     TranslationRow{"%1 is using the phone.", "%1 正在使用手機。"},
     TranslationRow{"Another program is using the phone.", "另一個程式正在使用手機。"},

@@ -1,0 +1,133 @@
+#include "app/UpdateCheckerService.h"
+
+#include "core/Background.h"
+#include "core/CancellationError.h"
+#include "core/DiagnosticsLogger.h"
+#include "core/Product.h"
+
+#include <QUuid>
+
+namespace tessary {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+HttpRequest manifestRequest(const QUrl& endpoint) {
+    HttpRequest request;
+    // A new address each time: no cache on the way can answer.
+    request.url = QUrl(endpoint.toString(QUrl::StripTrailingSlash) +
+                       QStringLiteral("/tessary/version.json?random=") +
+                       QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper());
+    request.headers = {{"Cache-Control", "no-cache, no-store, must-revalidate"},
+                       {"Pragma", "no-cache"}};
+    request.timeout = 60s;
+    return request;
+}
+
+UpdateInfo fetch(HttpClient& http, const QUrl& endpoint, const std::stop_token& stop) {
+    const HttpResponse response = http.get(manifestRequest(endpoint), stop);
+    if (response.status != 200)
+        throw HttpError(QStringLiteral("Server returned non-200 status"));
+    auto info = parseUpdateManifest(response.body);
+    if (!info)
+        throw HttpError(QStringLiteral("Invalid version data format"));
+    return *std::move(info);
+}
+
+} // namespace
+
+UpdateSource UpdateSource::builtIn() {
+    return {QUrl(QStringLiteral(TESSARY_UPDATE_ENDPOINT)), QUrl(QStringLiteral(TESSARY_HOMEPAGE)),
+            productVersion()};
+}
+
+UpdateCheckerService::UpdateCheckerService(std::shared_ptr<HttpClient> http,
+                                           std::shared_ptr<UserDefaults> store,
+                                           std::function<void(const QUrl&)> openAddress,
+                                           UpdateSource source)
+    : http_(std::move(http)),
+      store_(std::move(store)),
+      openAddress_(std::move(openAddress)),
+      source_(std::move(source)) {}
+
+void UpdateCheckerService::checkForUpdates(bool isUserInitiated) {
+    isUserInitiated_ = isUserInitiated || (isChecking_ && isUserInitiated_);
+    if (isChecking_)
+        return;
+    isChecking_ = true;
+    checkErrorMessage_.reset();
+    Q_EMIT stateChanged();
+    runInBackground(
+        this,
+        [http = http_, endpoint = source_.endpoint](const std::stop_token& stop) {
+            return fetch(*http, endpoint, stop);
+        },
+        [this](BackgroundResult<UpdateInfo> result) {
+            try {
+                finish(result.take(), {});
+            } catch (const CancellationError&) {
+                isChecking_ = false; // the program ends
+            } catch (const std::exception& error) {
+                finish(std::nullopt, QString::fromUtf8(error.what()));
+            }
+        });
+}
+
+void UpdateCheckerService::finish(const std::optional<UpdateInfo>& newest, const QString& failure) {
+    isChecking_ = false;
+    if (!newest) {
+        DiagnosticsLogger::shared().ui.error("Update check error: %s", {failure});
+        if (isUserInitiated_)
+            checkErrorMessage_ =
+                QStringLiteral("Failed to check for updates (%1). Please try again later.")
+                    .arg(failure);
+    } else if (!isNewerVersion(newest->version, source_.currentVersion)) {
+        availableUpdate_.reset();
+        showUpToDateAlert_ = isUserInitiated_;
+    } else if (newest->version != store_->value(skippedVersionKey).toString()) {
+        availableUpdate_ = newest;
+    }
+    Q_EMIT stateChanged();
+}
+
+void UpdateCheckerService::checkAtStart() {
+    if (checksAutomatically())
+        checkForUpdates(false);
+}
+
+bool UpdateCheckerService::checksAutomatically() const {
+    return store_->value(autoCheckKey).toBool(true);
+}
+
+void UpdateCheckerService::setChecksAutomatically(bool on) {
+    store_->setValue(autoCheckKey, on);
+    Q_EMIT stateChanged();
+}
+
+void UpdateCheckerService::skipVersion(const QString& version) {
+    store_->setValue(skippedVersionKey, version);
+    dismissUpdate();
+}
+
+void UpdateCheckerService::dismissUpdate() {
+    availableUpdate_.reset();
+    Q_EMIT stateChanged();
+}
+
+void UpdateCheckerService::dismissUpToDateAlert() {
+    showUpToDateAlert_ = false;
+    Q_EMIT stateChanged();
+}
+
+void UpdateCheckerService::dismissError() {
+    checkErrorMessage_.reset();
+    Q_EMIT stateChanged();
+}
+
+void UpdateCheckerService::openHomepage(const QString& url) {
+    const QUrl address(url, QUrl::StrictMode);
+    openAddress_(isSafeAddress(address) ? address : source_.homepage);
+}
+
+} // namespace tessary

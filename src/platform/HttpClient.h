@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <QUrl>
+
+#include <chrono>
+#include <stdexcept>
+#include <stop_token>
+#include <utility>
+
+namespace tessary {
+
+struct HttpRequest {
+    QUrl url;
+    QList<std::pair<QByteArray, QByteArray>> headers;
+    std::chrono::milliseconds timeout{60'000}; ///< for everything together, redirects included
+    qint64 maxBodyBytes = 256 * 1024;          ///< a longer answer is a failure
+};
+
+struct HttpResponse {
+    int status = 0;
+    QByteArray body; ///< whole
+};
+
+/// A request that brought no answer; `what()` says why, in English.
+class HttpError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+    explicit HttpError(const QString& text) : std::runtime_error(text.toStdString()) {}
+};
+
+/// Whether an address may be opened: https, or http on this machine's loopback; with a host, and
+/// with no user name in it.
+[[nodiscard]] bool isSafeAddress(const QUrl& url);
+
+/// Fetches pages. Thread-safe; each call blocks until the answer is complete, for `timeout` at
+/// most, and is not for the main thread.
+class HttpClient {
+public:
+    virtual ~HttpClient() = default;
+
+    /// Fetches a page past every cache. Addresses that are not safe are not opened, those that the
+    /// server redirects to included. Throws HttpError, and CancellationError once `stop` is asked
+    /// for.
+    [[nodiscard]] virtual HttpResponse get(const HttpRequest& request,
+                                           const std::stop_token& stop) = 0;
+};
+
+} // namespace tessary

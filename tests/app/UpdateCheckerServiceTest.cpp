@@ -1,0 +1,169 @@
+#include "app/UpdateCheckerService.h"
+#include "files/MainLoop.h"
+#include "platform/MemoryUserDefaults.h"
+#include "platform/qt/QtHttpClient.h"
+#include "support/ScriptedHttpServer.h"
+
+#include <QRegularExpression>
+#include <gmock/gmock.h>
+
+using namespace tessary;
+using testing::ElementsAre;
+
+namespace {
+
+using Server = ScriptedHttpServer;
+
+QByteArray manifest(const char* version) {
+    return QByteArray(R"({"version": ")") + version + R"(", "release_notes": "Notes"})";
+}
+
+/// A checker of version 1.9 that asks a real server on this machine.
+class UpdateCheckerServiceTest : public MainLoop {
+protected:
+    void start(const Server& server) {
+        checker_ = std::make_unique<UpdateCheckerService>(
+            std::make_shared<QtHttpClient>(), store_,
+            [this](const QUrl& address) { opened_.append(address.toString()); },
+            UpdateSource{server.url(), QUrl(QStringLiteral("https://tessary.example")),
+                         QStringLiteral("1.9")});
+    }
+    void check(bool isUserInitiated) {
+        checker_->checkForUpdates(isUserInitiated);
+        EXPECT_TRUE(checker_->isChecking());
+        EXPECT_TRUE(eventually([this] { return !checker_->isChecking(); }));
+    }
+    [[nodiscard]] bool isSilent() const {
+        return !checker_->availableUpdate() && !checker_->showUpToDateAlert() &&
+               !checker_->checkErrorMessage();
+    }
+
+    std::shared_ptr<UserDefaults> store_ = std::make_shared<MemoryUserDefaults>();
+    QStringList opened_;
+    std::unique_ptr<UpdateCheckerService> checker_;
+};
+
+TEST_F(UpdateCheckerServiceTest, aNewerVersionIsOfferedUntilItIsSkipped) {
+    QByteArray version = "1.10";
+    const Server server([&](const QByteArray&) { return Server::ok(manifest(version)); });
+    start(server);
+    check(false);
+    ASSERT_TRUE(checker_->availableUpdate().has_value());
+    EXPECT_EQ(checker_->availableUpdate()->version, QStringLiteral("1.10"));
+
+    checker_->skipVersion(QStringLiteral("1.10"));
+    EXPECT_TRUE(isSilent());
+    check(false);
+    EXPECT_TRUE(isSilent());
+    version = "1.11";
+    check(false);
+    EXPECT_TRUE(checker_->availableUpdate().has_value());
+}
+
+TEST_F(UpdateCheckerServiceTest, eachRequestHasAnAddressOfItsOwnAndAsksNoCache) {
+    const Server server(Server::ok(manifest("1.9")));
+    start(server);
+    check(false);
+    check(false);
+    const auto requests = server.requests();
+    ASSERT_EQ(requests.size(), 2u);
+    const QRegularExpression line(QStringLiteral(
+        "^GET /tessary/version\\.json\\?random=([0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}) HTTP"));
+    const auto first = line.match(QString::fromLatin1(requests[0]));
+    EXPECT_TRUE(first.hasMatch()) << requests[0].toStdString();
+    EXPECT_NE(first.captured(1), line.match(QString::fromLatin1(requests[1])).captured(1));
+    EXPECT_TRUE(requests[0].contains("Cache-Control: no-cache, no-store, must-revalidate\r\n"));
+    EXPECT_TRUE(requests[0].contains("Pragma: no-cache\r\n"));
+}
+
+TEST_F(UpdateCheckerServiceTest, onlyACheckOfTheUsersTellsThatNothingWasFound) {
+    const Server server(Server::ok(manifest("1.9")));
+    start(server);
+    check(false);
+    EXPECT_TRUE(isSilent());
+    check(true);
+    EXPECT_TRUE(checker_->showUpToDateAlert());
+    checker_->dismissUpToDateAlert();
+    EXPECT_TRUE(isSilent());
+}
+
+TEST_F(UpdateCheckerServiceTest, onlyACheckOfTheUsersTellsThatItFailed) {
+    const std::pair<QByteArray, QString> rows[] = {
+        {"HTTP/1.1 503 Busy\r\nContent-Length: 0\r\n\r\n",
+         QStringLiteral("Server returned non-200 status")},
+        {Server::ok("<html>captive portal</html>"), QStringLiteral("Invalid version data format")},
+        {Server::redirect("http://tessary.example/"),
+         QStringLiteral("The address is not a safe one")},
+    };
+    for (const auto& [answer, why] : rows) {
+        const Server server(answer);
+        start(server);
+        check(false);
+        EXPECT_TRUE(isSilent());
+        check(true);
+        EXPECT_EQ(
+            checker_->checkErrorMessage(),
+            QStringLiteral("Failed to check for updates (%1). Please try again later.").arg(why));
+        checker_->dismissError();
+        EXPECT_TRUE(isSilent());
+    }
+    const Server cut("HTTP/1.1 200 OK\r\nContent-Length: 900\r\n\r\n" + manifest("1.10"));
+    start(cut);
+    check(true);
+    EXPECT_FALSE(checker_->availableUpdate().has_value());
+    EXPECT_TRUE(checker_->checkErrorMessage().has_value());
+}
+
+TEST_F(UpdateCheckerServiceTest, aLateAnswerStillCountsAndTheUserMayJoinTheSilentCheck) {
+    std::promise<void> answerNow;
+    const Server server([&, wait = answerNow.get_future().share()](const QByteArray&) {
+        wait.wait();
+        return Server::ok(manifest("1.9"));
+    });
+    start(server);
+    checker_->checkForUpdates(false);
+    checker_->checkForUpdates(true);
+    turnFor(100ms);
+    EXPECT_TRUE(checker_->isChecking());
+    answerNow.set_value();
+    EXPECT_TRUE(eventually([this] { return checker_->showUpToDateAlert(); }));
+    EXPECT_EQ(server.requests().size(), 1u);
+}
+
+TEST_F(UpdateCheckerServiceTest, theProgramEndsWhileTheServerIsStillSilent) {
+    const Server server{QByteArray()};
+    start(server);
+    checker_->checkForUpdates(false);
+    EXPECT_TRUE(eventually([&] { return !server.requests().empty(); }));
+    const auto begin = std::chrono::steady_clock::now();
+    checker_.reset();
+    EXPECT_TRUE(Background::shutDown(10s));
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, 5s);
+}
+
+TEST_F(UpdateCheckerServiceTest, theSettingGovernsOnlyTheCheckAtTheStart) {
+    const Server server(Server::ok(manifest("1.10")));
+    start(server);
+    EXPECT_TRUE(checker_->checksAutomatically());
+    checker_->setChecksAutomatically(false);
+    checker_->checkAtStart();
+    EXPECT_FALSE(checker_->isChecking());
+    check(true);
+    EXPECT_TRUE(checker_->availableUpdate().has_value());
+    // What is stored there may be anything.
+    store_->setValue(UpdateCheckerService::autoCheckKey, QStringLiteral("maybe"));
+    store_->setValue(UpdateCheckerService::skippedVersionKey, 1.1);
+    EXPECT_TRUE(checker_->checksAutomatically());
+}
+
+TEST_F(UpdateCheckerServiceTest, onlySafeAddressesReachTheBrowser) {
+    const Server server{QByteArray()};
+    start(server);
+    for (const char* address : {"https://tessary.example/get", "", "http://tessary.example/get",
+                                "file:///bin/sh", "not an address"})
+        checker_->openHomepage(QString::fromLatin1(address));
+    const QString home = QStringLiteral("https://tessary.example");
+    EXPECT_EQ(opened_, QStringList({home + QStringLiteral("/get"), home, home, home, home}));
+}
+
+} // namespace
