@@ -62,7 +62,7 @@ QMap<QString, QString> usedKeys() {
     // Words of lower layers that views show.
     const std::pair<const char*, const char*> others[] = {
         {"app/TranslatedMessage.cpp", R"((?<=[{,])(?=\s*"))"},
-        {"files/ErrorAdvice.cpp", R"((?:View\(|plugInAgain\(|QStringLiteral\()(?=\s*"[A-Z]))"},
+        {"files/ErrorAdvice.cpp", R"(\w\((?=\s*"[A-Z]))"},
         {"files/FileListModel.cpp", R"(QLatin1StringView\()"},
         {"files/BrowserLoad.cpp", R"(QStringLiteral\()"},
         {"files/TransferEnd.cpp", R"(QStringLiteral\()"},
