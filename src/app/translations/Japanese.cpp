@@ -36,7 +36,7 @@ constexpr std::array rows{
     TranslationRow{"browser.openFolder", "フォルダを開く"},
     TranslationRow{"browser.addToFavorites", "よく使う項目に追加"},
     TranslationRow{"browser.removeFromFavorites", "よく使う項目から削除"},
-    TranslationRow{"browser.deleteConfirm", "選択した項目を削除しますか?"},
+    TranslationRow{"browser.deleteConfirm", "選択した項目を削除しますか？"},
     TranslationRow{"browser.loading", "フォルダの内容を読み込み中…"},
     TranslationRow{"browser.loadingAndroid", "デバイスのストレージを読み込み中…"},
     TranslationRow{"browser.emptyFolder", "このフォルダは空です"},
@@ -44,7 +44,7 @@ constexpr std::array rows{
     TranslationRow{"browser.connectionFailed", "接続に失敗しました"},
     TranslationRow{"browser.retry", "再試行"},
     TranslationRow{"browser.folderNotFound", "フォルダが見つかりません"},
-    TranslationRow{"browser.folderNotFoundDesc", "このフォルダはデバイス上に見つかりません。削除または移動された可能性があります。よく使う項目から削除しますか?"},
+    TranslationRow{"browser.folderNotFoundDesc", "このフォルダはデバイス上に見つかりません。削除または移動された可能性があります。よく使う項目から削除しますか？"},
     TranslationRow{"browser.keep", "残す"},
     // settings
     TranslationRow{"settings.title", "設定"},
