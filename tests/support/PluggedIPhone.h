@@ -1,0 +1,73 @@
+#pragma once
+
+#include "ios/AFCClient.h"
+#include "phones/VirtualIPhone.h"
+#include "phones/VirtualMux.h"
+#include "support/TemporaryFolder.h"
+
+#include <memory>
+
+namespace tessary {
+
+/// A multiplexer that this process finds, with one virtual iPhone plugged in. Its app "notes"
+/// shares the folder that path() and the rest are relative to. One at a time in a process.
+class PluggedIPhone {
+public:
+    explicit PluggedIPhone(const VirtualIPhoneConfig& wishes = {})
+        : mux(socketFolder().path(QStringLiteral("mux"))), phone(config(wishes)) {
+        mux.useInThisProcess();
+        phone.plugInto(mux);
+    }
+
+    [[nodiscard]] QString udid() const {
+        return phone.config().udid;
+    }
+    [[nodiscard]] std::unique_ptr<AFCClient> open(SerialQueue::Patience patience = {}) const {
+        return std::make_unique<AFCClient>(std::make_unique<LockdownSession>(udid()), bundleId,
+                                           std::stop_token(), patience);
+    }
+    /// What lies in the app's documents on the phone's disk.
+    [[nodiscard]] QString inDocuments(const QString& relative) const {
+        return QStringLiteral("notes/Documents/") + relative;
+    }
+    void write(const QString& relative, const QByteArray& content) const {
+        disk.write(inDocuments(relative), content);
+    }
+    [[nodiscard]] QByteArray read(const QString& relative) const {
+        return disk.read(inDocuments(relative));
+    }
+    [[nodiscard]] bool has(const QString& relative) const {
+        return disk.has(inDocuments(relative));
+    }
+    template <typename Change>
+    void faults(Change change) {
+        phone.faults().update(change);
+    }
+    [[nodiscard]] std::size_t count(const char* request) {
+        return phone.requestCount(QString::fromLatin1(request));
+    }
+
+    static inline const QString bundleId = QStringLiteral("com.example.notes");
+
+    TemporaryFolder disk;
+    VirtualMux mux;
+    VirtualIPhone phone;
+
+private:
+    /// The same in every test: the environment does not change while threads read it.
+    static TemporaryFolder& socketFolder() {
+        static TemporaryFolder folder;
+        return folder;
+    }
+    VirtualIPhoneConfig config(VirtualIPhoneConfig wishes) const {
+        VirtualIPhoneApp notes;
+        notes.bundleID = bundleId;
+        notes.displayName = QStringLiteral("Notes");
+        notes.name = notes.displayName;
+        notes.folder = disk.path(QStringLiteral("notes"));
+        wishes.apps.insert(wishes.apps.begin(), notes);
+        return wishes;
+    }
+};
+
+} // namespace tessary
