@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace tessary {
 
@@ -195,7 +196,8 @@ std::size_t AFCFile::write(ByteView bytes) {
 }
 
 void AFCFile::close() {
-    isOpen_ = false;
+    if (!std::exchange(isOpen_, false))
+        return;
     connection_.require([this](afc_client_t afc) { return afc_file_close(afc, handle_); });
 }
 

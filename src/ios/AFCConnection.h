@@ -89,7 +89,7 @@ public:
     [[nodiscard]] std::size_t read(std::span<std::byte> buffer);
     /// Bytes that the device has taken. At most AFCConnection::writeLimit() at a time.
     [[nodiscard]] std::size_t write(ByteView bytes);
-    /// What the device says when the file is closed.
+    /// Throws what the device says when the file is closed. Nothing once it is closed.
     void close();
 
 private:

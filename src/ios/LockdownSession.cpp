@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <condition_variable>
+#include <csignal>
 #include <limits>
 #include <mutex>
 
@@ -29,6 +30,18 @@ qint64 toSigned(std::uint64_t bytes) {
     return static_cast<qint64>(std::min(bytes, limit));
 }
 
+/// The library writes to connections that may be gone, which by default ends the program. Whoever
+/// has chosen otherwise keeps the choice.
+void ignoreBrokenPipes() {
+    static const bool done = [] {
+        struct sigaction current {};
+        if (sigaction(SIGPIPE, nullptr, &current) == 0 && current.sa_handler == SIG_DFL)
+            std::signal(SIGPIPE, SIG_IGN);
+        return true;
+    }();
+    (void)done;
+}
+
 } // namespace
 
 std::optional<StorageInfo> storageFromDiskUsage(plist_t diskUsage) {
@@ -42,6 +55,7 @@ std::optional<StorageInfo> storageFromDiskUsage(plist_t diskUsage) {
 LockdownSession::LockdownSession(const QString& udid, const std::stop_token& stop,
                                  const Pause& pause)
     : udid_(udid.toUtf8()) {
+    ignoreBrokenPipes();
     for (int attempt = 1;; ++attempt) {
         throwIfStopped(stop);
         idevice_t device = nullptr;

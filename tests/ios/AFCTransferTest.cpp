@@ -1,0 +1,212 @@
+#include "ios/AFCClient.h"
+
+#include "core/CancellationError.h"
+#include "support/Application.h"
+#include "support/IOSFailure.h"
+#include "support/PluggedIPhone.h"
+#include "support/QtPrinters.h"
+
+#include <QFileInfo>
+#include <QTimeZone>
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+
+namespace tessary {
+namespace {
+
+using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
+
+constexpr qint64 mebibyte = qint64{1} << 20;
+
+QByteArray pattern(qint64 size) {
+    QByteArray bytes(size, Qt::Uninitialized);
+    for (qint64 i = 0; i < size; ++i)
+        bytes[i] = static_cast<char>((i * 31 + i / 4096) & 0xFF);
+    return bytes;
+}
+
+class AFCTransferTest : public Application, public testing::Test {
+protected:
+    void refuse(const char* request, std::uint64_t status) {
+        iphone_.faults([&](VirtualIPhoneFaults& faults) {
+            faults.statuses[QString::fromLatin1(request)] = {status, false};
+        });
+    }
+    /// Stops a call once the phone has seen so many requests of a kind.
+    std::jthread stopAfter(const char* request, std::size_t requests, std::stop_source& stop) {
+        return std::jthread([this, request, requests, stop]() mutable {
+            while (iphone_.count(request) < requests)
+                std::this_thread::sleep_for(1ms);
+            stop.request_stop();
+        });
+    }
+
+    TemporaryFolder here_;
+    PluggedIPhone iphone_;
+    std::unique_ptr<AFCClient> client_ = iphone_.open();
+};
+
+TEST_F(AFCTransferTest, bytesDatesAndProgressAreRightAtEverySize) {
+    const QDateTime date(QDate(2021, 3, 4), QTime(5, 6, 7), QTimeZone::utc());
+    for (const qint64 size :
+         {qint64{0}, qint64{1}, mebibyte - 1, mebibyte, mebibyte + 1, 5 * mebibyte / 2}) {
+        const QByteArray content = pattern(size);
+        const QString source = here_.write(u"source"_s, content);
+        QFile file(source);
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(file.setFileTime(date, QFileDevice::FileModificationTime));
+        file.close();
+        std::vector<std::pair<qint64, qint64>> sent;
+        std::vector<std::pair<qint64, qint64>> received;
+        const auto into = [](auto& list) {
+            return [&list](qint64 done, qint64 total) { list.emplace_back(done, total); };
+        };
+        client_->uploadFile(source, u"/up"_s, into(sent));
+        EXPECT_EQ(iphone_.read(u"up"_s), content);
+        EXPECT_EQ(client_->itemAt(u"/up"_s).modifiedDate, date);
+        EXPECT_EQ(client_->downloadFile(u"/up"_s, here_.path(u"down"_s), size, into(received)),
+                  size);
+        EXPECT_EQ(here_.read(u"down"_s), content);
+        EXPECT_EQ(QFileInfo(here_.path(u"down"_s)).lastModified(), date);
+        EXPECT_TRUE(sent.empty()); // told on the main thread, afterwards
+        const auto pieces = static_cast<std::size_t>((size + mebibyte - 1) / mebibyte);
+        EXPECT_TRUE(eventually([&] { return received.size() >= pieces; }));
+        EXPECT_EQ(received, sent);
+        ASSERT_EQ(sent.size(), pieces);
+        if (size > 0) {
+            EXPECT_EQ(sent.back(), std::pair(size, size));
+        }
+    }
+    EXPECT_EQ(here_.names(), QStringList({u"down"_s, u"source"_s}));
+}
+
+TEST_F(AFCTransferTest, anOlderFileIsReplacedOnlyByAWholeCopy) {
+    iphone_.write(u"a"_s, pattern(3 * mebibyte));
+    here_.write(u"a"_s, "old");
+    refuse("afc.fileRead", 20);
+    EXPECT_EQ(failureOf([&] { client_->downloadFile(u"/a"_s, here_.path(u"a"_s), 3 * mebibyte); }),
+              u"AFC Error: ioError (code 20)"_s);
+    EXPECT_EQ(here_.read(u"a"_s), QByteArray("old"));
+    EXPECT_EQ(here_.names(), QStringList(u"a"_s));
+    client_->downloadFile(u"/a"_s, here_.path(u"a"_s), 3 * mebibyte);
+    EXPECT_EQ(here_.read(u"a"_s), pattern(3 * mebibyte));
+}
+
+TEST_F(AFCTransferTest, shortAnswersAreReadOnUntilTheEnd) {
+    iphone_.write(u"a"_s, pattern(300'000));
+    iphone_.faults([](VirtualIPhoneFaults& faults) { faults.longestRead = 70'001; });
+    client_->downloadFile(u"/a"_s, here_.path(u"a"_s), 300'000);
+    EXPECT_EQ(here_.read(u"a"_s), pattern(300'000));
+}
+
+TEST_F(AFCTransferTest, aFileThatDiffersFromItsSizeIsNotKept) {
+    iphone_.write(u"a"_s, "12345");
+    for (const char* size : {"4", "6", "0"}) {
+        iphone_.faults([size](VirtualIPhoneFaults& faults) {
+            faults.rewriteFileInfo = [size](const QString&, const QStringList&) {
+                return QStringList({u"st_size"_s, QString::fromLatin1(size)});
+            };
+        });
+        EXPECT_EQ(failureOf([&] { client_->downloadFile(u"/a"_s, here_.path(u"a"_s), 5); }),
+                  u"File I/O error: The phone sent 5 of the %1 bytes of a. Copy it again."_s.arg(
+                      QString::fromLatin1(size)));
+    }
+    EXPECT_TRUE(here_.names().isEmpty());
+    iphone_.faults([](VirtualIPhoneFaults& faults) {
+        faults.rewriteFileInfo = [](const QString&, const QStringList&) {
+            return QStringList({u"st_size"_s, u"five"_s});
+        };
+    });
+    EXPECT_EQ(client_->downloadFile(u"/a"_s, here_.path(u"a"_s), 5), 5);
+}
+
+TEST_F(AFCTransferTest, localTroubleIsAFileError) {
+    iphone_.write(u"a"_s, "12345");
+    here_.makeFolder(u"folder"_s);
+    EXPECT_EQ(failureOf([&] { client_->downloadFile(u"/a"_s, here_.path(u"none/a"_s), 5); }),
+              u"File I/O error: Cannot open local file for writing: "_s + here_.path(u"none/a"_s));
+    EXPECT_EQ(failureOf([&] { client_->downloadFile(u"/a"_s, here_.path(u"folder"_s), 5); }),
+              u"File I/O error: Cannot open local file for writing: "_s + here_.path(u"folder"_s));
+    EXPECT_EQ(failureOf([&] { client_->uploadFile(here_.path(u"none"_s), u"/b"_s); }),
+              u"File I/O error: Cannot open local file for reading: "_s + here_.path(u"none"_s));
+    EXPECT_FALSE(iphone_.has(u"b"_s));
+}
+
+TEST_F(AFCTransferTest, aFullPhoneKeepsNoPartOfTheCopy) {
+    const QString big = here_.write(u"big"_s, pattern(3 * mebibyte));
+    iphone_.faults([](VirtualIPhoneFaults& faults) { faults.storeFullAfter = 2 * mebibyte; });
+    EXPECT_EQ(failureOf([&] { client_->uploadFile(big, u"/big"_s); }),
+              u"AFC Error: noSpaceLeft (code 18)"_s);
+    EXPECT_FALSE(iphone_.has(u"big"_s));
+    EXPECT_FALSE(client_->isLost());
+}
+
+TEST_F(AFCTransferTest, aCancelledUploadLeavesNothing) {
+    const QString big = here_.write(u"big"_s, pattern(16 * mebibyte));
+    iphone_.faults([](VirtualIPhoneFaults& faults) { faults.delay[u"afc.fileWrite"_s] = 20ms; });
+    std::stop_source stop;
+    const auto stopper = stopAfter("afc.fileWrite", 1, stop);
+    EXPECT_THROW(client_->uploadFile(big, u"/big"_s, {}, stop.get_token()), CancellationError);
+    EXPECT_FALSE(iphone_.has(u"big"_s));
+    EXPECT_LT(iphone_.count("afc.fileWrite"), 8U);
+}
+
+TEST_F(AFCTransferTest, aCancelledDownloadLeavesNothing) {
+    iphone_.write(u"big"_s, pattern(16 * mebibyte));
+    iphone_.faults([](VirtualIPhoneFaults& faults) { faults.delay[u"afc.fileRead"_s] = 20ms; });
+    std::stop_source stop;
+    const auto stopper = stopAfter("afc.fileRead", 1, stop);
+    EXPECT_THROW(
+        client_->downloadFile(u"/big"_s, here_.path(u"big"_s), 16 * mebibyte, {}, stop.get_token()),
+        CancellationError);
+    EXPECT_TRUE(here_.names().isEmpty());
+    EXPECT_EQ(client_->listContents(u"/"_s).size(), 1U); // the queue goes on
+}
+
+TEST_F(AFCTransferTest, aFileThatShrinksWhileItIsSentIsNotKept) {
+    const QString path = here_.write(u"a"_s, pattern(4 * mebibyte));
+    iphone_.faults([](VirtualIPhoneFaults& faults) { faults.delay[u"afc.fileWrite"_s] = 100ms; });
+    std::jthread shrink([&] {
+        while (iphone_.count("afc.fileWrite") < 1)
+            std::this_thread::sleep_for(1ms);
+        EXPECT_TRUE(QFile::resize(path, mebibyte));
+    });
+    EXPECT_EQ(failureOf([&] { client_->uploadFile(path, u"/a"_s); }),
+              u"AFC Error: writeError (code 5)"_s);
+    EXPECT_FALSE(iphone_.has(u"a"_s));
+}
+
+TEST_F(AFCTransferTest, aSilentPhoneKeepsNobodyWhoWantsToStop) {
+    iphone_.write(u"big"_s, pattern(4 * mebibyte));
+    iphone_.faults([](VirtualIPhoneFaults& faults) {
+        faults.byteFault = {VirtualIPhoneByteFault::Direction::toHost, 2 * mebibyte,
+                            VirtualCut::stall};
+    });
+    std::stop_source stop;
+    const auto stopper = stopAfter("afc.fileRead", 2, stop);
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_THROW(
+        client_->downloadFile(u"/big"_s, here_.path(u"big"_s), 4 * mebibyte, {}, stop.get_token()),
+        CancellationError);
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, 10s);
+    EXPECT_TRUE(here_.names().isEmpty());
+    iphone_.phone.unplug(); // or the client's end would wait for the library's own patience
+}
+
+TEST_F(AFCTransferTest, silenceWithoutAnEndIsATimeout) {
+    client_ = iphone_.open({.afterStop = 100ms, .ofSilence = 500ms});
+    iphone_.faults([](VirtualIPhoneFaults& faults) { faults.hang.insert(u"afc.readDir"_s); });
+    EXPECT_EQ(failureOf([&] { (void)client_->listContents(u"/"_s); }),
+              u"AFC Error: opTimeout (code 12)"_s);
+    EXPECT_TRUE(client_->isLost());
+    EXPECT_EQ(failureOf([&] { (void)client_->listContents(u"/"_s); }),
+              u"AFC Error: serviceNotConnected (code 11)"_s);
+    iphone_.phone.unplug();
+}
+
+} // namespace
+} // namespace tessary

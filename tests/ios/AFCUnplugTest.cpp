@@ -1,0 +1,169 @@
+#include "core/CancellationError.h"
+#include "ios/AppLister.h"
+#include "support/IOSFailure.h"
+#include "support/PluggedIPhone.h"
+#include "support/QtPrinters.h"
+
+#include <QDir>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace tessary {
+namespace {
+
+using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
+
+/// Far below the library's own 30 seconds of patience.
+constexpr auto bound = 5s;
+constexpr qint64 size = qint64{5} << 19; // two pieces and a half
+
+struct Operation {
+    const char* name;
+    std::vector<const char*> requests; ///< that it makes
+    std::function<void(AFCClient&, const TemporaryFolder&)> run;
+};
+
+std::vector<Operation> operations() {
+    return {
+        {"list",
+         {"afc.readDir", "afc.getFileInfo"},
+         [](AFCClient& client, const TemporaryFolder&) { (void)client.listContents(u"/"_s); }},
+        {"createDirectory",
+         {"afc.makeDir"},
+         [](AFCClient& client, const TemporaryFolder&) { client.createDirectory(u"/x"_s); }},
+        {"remove",
+         {"afc.removePath", "afc.readDir", "afc.getFileInfo"},
+         [](AFCClient& client, const TemporaryFolder&) { client.removePath(u"/tree"_s); }},
+        {"rename",
+         {"afc.renamePath"},
+         [](AFCClient& client, const TemporaryFolder&) { client.renamePath(u"/a"_s, u"/b"_s); }},
+        {"upload",
+         {"afc.fileOpen", "afc.fileWrite", "afc.fileClose"},
+         [](AFCClient& client, const TemporaryFolder& here) {
+             client.uploadFile(here.path(u"source"_s), u"/up"_s);
+         }},
+        {"download",
+         {"afc.fileOpen", "afc.fileRead", "afc.fileClose", "afc.getFileInfo"},
+         [](AFCClient& client, const TemporaryFolder& here) {
+             (void)client.downloadFile(u"/a"_s, here.path(u"target/a"_s), size);
+         }},
+        {"sample",
+         {"afc.fileOpen", "afc.fileRead"},
+         [](AFCClient& client, const TemporaryFolder&) {
+             (void)client.readSampleBytes(u"/a"_s, 100);
+         }},
+        {"downloadFolder",
+         {"afc.readDir", "afc.getFileInfo", "afc.fileOpen", "afc.fileRead", "afc.fileClose"},
+         [](AFCClient& client, const TemporaryFolder& here) {
+             (void)client.downloadDirectory(u"/"_s, here.path(u"target"_s));
+         }},
+        {"uploadFolder",
+         {"afc.fileOpen", "afc.fileWrite", "afc.fileClose"},
+         [](AFCClient& client, const TemporaryFolder& here) {
+             (void)client.uploadDirectory(here.path(u"folder"_s), u"/tree"_s);
+         }},
+    };
+}
+
+TEST(AFCUnplug, endsEveryOperationAtEveryRequestSoonAndLeavesNoPart) {
+    for (const Operation& operation : operations()) {
+        for (const char* request : operation.requests) {
+            for (const bool afterwards : {false, true}) {
+                SCOPED_TRACE(std::string(operation.name) + " at " + request +
+                             (afterwards ? ", afterwards" : ""));
+                PluggedIPhone iphone;
+                const TemporaryFolder here;
+                here.write(u"source"_s, QByteArray(size, 's'));
+                here.write(u"folder/one"_s, QByteArray(size, '1'));
+                here.makeFolder(u"target"_s);
+                iphone.write(u"a"_s, QByteArray(size, 'a'));
+                iphone.write(u"tree/b"_s, "b");
+                const auto client = iphone.open();
+                iphone.faults([&](VirtualIPhoneFaults& faults) {
+                    faults.requestFault = {QString::fromLatin1(request), 1, afterwards,
+                                           VirtualCut::unplug};
+                });
+                const auto begin = std::chrono::steady_clock::now();
+                const QString failure = failureOf([&] { operation.run(*client, here); });
+                EXPECT_LT(std::chrono::steady_clock::now() - begin, bound);
+                EXPECT_TRUE(failure.startsWith(u"AFC Error: "_s)) << failure.toStdString();
+                EXPECT_TRUE(client->isLost());
+                EXPECT_EQ(failureOf([&] { (void)client->listContents(u"/"_s); }),
+                          u"AFC Error: serviceNotConnected (code 11)"_s);
+                for (const QString& name : here.names(u"target"_s))
+                    EXPECT_EQ(here.read(u"target/"_s + name).size(), size) << name.toStdString();
+            }
+        }
+    }
+}
+
+TEST(AFCUnplug, inTheMiddleOfTheDataEndsTransfersSoon) {
+    using Direction = VirtualIPhoneByteFault::Direction;
+    for (const auto cut : {VirtualCut::unplug, VirtualCut::close}) {
+        for (const std::uint64_t bytes : {1, 39, 41, 1'000'000, 1'048'616, 2'000'000}) {
+            SCOPED_TRACE(bytes);
+            PluggedIPhone iphone;
+            const TemporaryFolder here;
+            here.write(u"source"_s, QByteArray(size, 's'));
+            iphone.write(u"a"_s, QByteArray(size, 'a'));
+            for (const auto direction : {Direction::toHost, Direction::toPhone}) {
+                iphone.phone.plugInto(iphone.mux);
+                const auto client = iphone.open();
+                iphone.faults([&](VirtualIPhoneFaults& faults) {
+                    faults.byteFault = {direction, bytes, cut};
+                });
+                const auto begin = std::chrono::steady_clock::now();
+                const QString failure = failureOf([&] {
+                    if (direction == Direction::toHost)
+                        (void)client->downloadFile(u"/a"_s, here.path(u"a"_s), size);
+                    else
+                        client->uploadFile(here.path(u"source"_s), u"/up"_s);
+                });
+                EXPECT_LT(std::chrono::steady_clock::now() - begin, bound);
+                EXPECT_TRUE(failure.startsWith(u"AFC Error: "_s)) << failure.toStdString();
+                EXPECT_TRUE(client->isLost());
+                EXPECT_EQ(here.names(), QStringList(u"source"_s));
+            }
+        }
+    }
+}
+
+TEST(AFCUnplug, whileOpeningIsAnError) {
+    const struct {
+        const char* request;
+        const char* error;
+    } rows[] = {{"lockdown.StartSession", "Device not found: "},
+                {"lockdown.StartService", "House Arrest error: "},
+                {"houseArrest.VendDocuments", "House Arrest error: "},
+                {"afc.readDir", "AFC Error: "}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.request);
+        PluggedIPhone iphone;
+        iphone.faults([&](VirtualIPhoneFaults& faults) {
+            faults.requestFault = {QString::fromLatin1(row.request), 1, false, VirtualCut::unplug};
+        });
+        const auto begin = std::chrono::steady_clock::now();
+        const QString failure = failureOf([&] { (void)iphone.open()->listContents(u"/"_s); });
+        EXPECT_LT(std::chrono::steady_clock::now() - begin, bound);
+        EXPECT_TRUE(failure.startsWith(QString::fromLatin1(row.error))) << failure.toStdString();
+    }
+}
+
+TEST(AFCUnplug, whileAppsAreListedIsAnError) {
+    PluggedIPhone iphone;
+    LockdownSession session(iphone.udid());
+    iphone.faults([](VirtualIPhoneFaults& faults) {
+        faults.requestFault = {u"installationProxy.Browse"_s, 1, false, VirtualCut::unplug};
+    });
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_TRUE(failureOf([&] {
+                    (void)AppLister::listFileSharingApps(session);
+                }).startsWith(u"InstProxy error: Browse failed: "_s));
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, bound);
+}
+
+} // namespace
+} // namespace tessary
