@@ -2,8 +2,8 @@
 
 #include "core/DeviceInfo.h"
 #include "core/FileItem.h"
+#include "core/TransferOutcome.h"
 #include "files/MTPFileBackend.h"
-#include "files/TransferOutcome.h"
 #include "platform/ProcessRunner.h"
 #include "platform/UsbBus.h"
 

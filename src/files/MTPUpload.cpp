@@ -1,10 +1,10 @@
 #include "files/MTPUpload.h"
 
 #include "core/CancellationError.h"
+#include "core/LocalTree.h"
+#include "core/PartFile.h"
 #include "core/TessaryError.h"
 #include "files/DevicePath.h"
-#include "files/LocalTree.h"
-#include "files/PartFile.h"
 
 #include <QDir>
 #include <QFile>

@@ -82,6 +82,8 @@ void AFCConnection::openClient() {
     const afc_error_t probe =
         ask([&](afc_client_t afc) { return afc_read_directory(afc, "/Documents", &texts); });
     const AFCTexts owner(texts);
+    if (isLost_)
+        throw errorOf(probe);
     if (probe == AFC_E_SUCCESS && texts != nullptr)
         workingRootPath_ = QStringLiteral("/Documents");
 }

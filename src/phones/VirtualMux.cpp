@@ -325,6 +325,8 @@ void VirtualMux::start(FileHandle socket, VirtualIPhone* phone, std::uint16_t po
         const std::lock_guard lock(mutex_);
         connection.phone = nullptr;
         connection.isDone = true;
+        // A host that waits until it can write is woken by this alone: what was not read goes too.
+        connection.socket = FileHandle();
         connectionEnded_.notify_all();
     });
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "files/TransferOutcome.h"
+#include "core/TransferOutcome.h"
 #include "sync/SyncManifest.h"
 #include "sync/SyncScan.h"
 

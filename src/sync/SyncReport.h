@@ -1,6 +1,6 @@
 #pragma once
 
-#include "files/LocalTree.h"
+#include "core/LocalTree.h"
 #include "sync/SyncPair.h"
 
 #include <QString>
