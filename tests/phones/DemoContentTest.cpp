@@ -75,6 +75,13 @@ TEST(DemoPhones, showTheirContentOverTheBus) {
     EXPECT_EQ(host.run(0x1004).data, RawHost::words({2, 0x00010001, 0x00020001}));
     EXPECT_EQ(host.handles(0x00010001).size(), 5U);
     EXPECT_EQ(host.handles(0x00020001).size(), 2U);
+
+    ASSERT_NE(demo.iPhones(), nullptr);
+    EXPECT_EQ(qgetenv("USBMUXD_SOCKET_ADDRESS"), demo.iPhones()->mux().address());
+    for (const auto& phone : demo.iPhones()->phones())
+        EXPECT_TRUE(phone->isPlugged());
+    EXPECT_EQ(folder.names(QStringLiteral("iphone/notes/Documents/Journal")).size(),
+              DemoContent::notesFiles);
 }
 
 } // namespace
