@@ -71,6 +71,21 @@ std::vector<FileItem> DeviceFileService::listDirectory(const QString& at,
     return mtp_.listDirectory(at, *device, stop);
 }
 
+std::vector<FileItem> DeviceFileService::listDirectoryChecked(const QString& at,
+                                                              const DeviceInfo& device,
+                                                              const std::stop_token& stop) {
+    return mtp_.listDirectory(at, device, stop, ListingRule::checked);
+}
+
+std::optional<FileItem> DeviceFileService::entryAt(const QString& path, const DeviceInfo& device,
+                                                   const std::stop_token& stop) {
+    return mtp_.entryAt(path, device, stop);
+}
+
+std::shared_ptr<void> DeviceFileService::hold(const DeviceInfo& device) {
+    return mtp_.hold(device);
+}
+
 FileItem DeviceFileService::itemAt(const QString& path, const std::optional<DeviceInfo>& device,
                                    const std::stop_token& stop) {
     return mtp_.itemAt(path, require(device), stop);
@@ -106,6 +121,13 @@ void DeviceFileService::uploadFile(const QString& localFile, const QString& remo
                                    const FileProgressCallback& progress,
                                    const std::stop_token& stop) {
     mtp_.uploadFile(localFile, remoteParentPath, require(device), progress, stop);
+}
+
+void DeviceFileService::uploadFile(const QString& localFile, const QString& remoteParentPath,
+                                   const DeviceInfo& device, bool mayReplace,
+                                   MTPUploadMemory& memory, const FileProgressCallback& progress,
+                                   const std::stop_token& stop) {
+    mtp_.uploadFile(localFile, remoteParentPath, device, mayReplace, memory, progress, stop);
 }
 
 TransferOutcome DeviceFileService::uploadDirectory(const QString& localFolder,

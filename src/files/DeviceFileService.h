@@ -41,9 +41,17 @@ public:
     [[nodiscard]] std::vector<FileItem> listDirectory(const QString& at,
                                                       const std::optional<DeviceInfo>& device,
                                                       const std::stop_token& stop = {});
+    /// The same, failing when an entry's facts cannot be read: what is not listed is not there.
+    [[nodiscard]] std::vector<FileItem> listDirectoryChecked(const QString& at,
+                                                             const DeviceInfo& device,
+                                                             const std::stop_token& stop = {});
     /// The entry at a path; the root is a folder called after its storage.
     [[nodiscard]] FileItem itemAt(const QString& path, const std::optional<DeviceInfo>& device,
                                   const std::stop_token& stop = {});
+
+    /// The same; no value when nothing is at the path.
+    [[nodiscard]] std::optional<FileItem> entryAt(const QString& path, const DeviceInfo& device,
+                                                  const std::stop_token& stop = {});
 
     /// Copies a file to `to`, a path that ends in the new file's name. The file appears whole,
     /// with the phone's date, or not at all; an older one is replaced.
@@ -62,6 +70,11 @@ public:
     void uploadFile(const QString& localFile, const QString& remoteParentPath,
                     const std::optional<DeviceInfo>& device,
                     const FileProgressCallback& progress = {}, const std::stop_token& stop = {});
+    /// The same for one of several files: no folder is listed twice, and a file of that name is an
+    /// error unless `mayReplace`.
+    void uploadFile(const QString& localFile, const QString& remoteParentPath,
+                    const DeviceInfo& device, bool mayReplace, MTPUploadMemory& memory,
+                    const FileProgressCallback& progress, const std::stop_token& stop);
     [[nodiscard]] TransferOutcome uploadDirectory(const QString& localFolder,
                                                   const QString& remoteParentPath,
                                                   const std::optional<DeviceInfo>& device,
@@ -76,6 +89,9 @@ public:
                     const std::optional<DeviceInfo>& device, const std::stop_token& stop = {});
     void moveItem(const FileItem& item, const QString& newParentPath,
                   const std::optional<DeviceInfo>& device, const std::stop_token& stop = {});
+
+    /// Until the result goes, this thread's calls for the device share one connection.
+    [[nodiscard]] std::shared_ptr<void> hold(const DeviceInfo& device);
 
     /// Battery and storages; no value while the device is busy. Never throws.
     [[nodiscard]] std::optional<LiveDeviceInfo> fetchLiveDeviceInfo(const DeviceInfo& device);

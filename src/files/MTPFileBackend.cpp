@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <thread>
 
 namespace tessary {
 
@@ -166,18 +167,78 @@ std::shared_ptr<DeviceLane> MTPFileBackend::laneOf(const DeviceInfo& device) {
     return lane;
 }
 
-/// Runs `work(session, turn)` in a session of its own, once nobody else uses the device.
+/// A session that outlives one call, and the turn that it needs.
+struct MTPFileBackend::Held {
+    const std::thread::id owner = std::this_thread::get_id();
+    const QString key;
+    std::optional<DeviceLane::Turn> turn; ///< both below are the owner's
+    std::unique_ptr<MTPSession> session;
+
+    void close() {
+        session.reset();
+        turn.reset();
+    }
+};
+
+std::shared_ptr<void> MTPFileBackend::hold(const DeviceInfo& device) {
+    auto held = std::make_shared<Held>(
+        Held{.key = MTPHandleCache::deviceKey(device.udid, device.usbLocation),
+             .turn = {},
+             .session = {}});
+    const std::scoped_lock lock(mutex_);
+    held_.push_back(held);
+    return {held.get(), [this, held](void*) {
+                {
+                    const std::scoped_lock removeLock(mutex_);
+                    std::erase(held_, held);
+                }
+                held->close();
+            }};
+}
+
+std::shared_ptr<MTPFileBackend::Held> MTPFileBackend::heldHere(const DeviceInfo& device) {
+    const QString key = MTPHandleCache::deviceKey(device.udid, device.usbLocation);
+    const std::scoped_lock lock(mutex_);
+    for (const auto& held : held_)
+        if (held->owner == std::this_thread::get_id() && held->key == key)
+            return held;
+    return nullptr;
+}
+
+/// Runs `work(session, turn)` once nobody else uses the device: in the session that this thread
+/// holds, or in one of its own.
 template <typename Work>
 void MTPFileBackend::withSession(const DeviceInfo& device, const std::stop_token& stop, Work work) {
-    DeviceLane::Turn turn = laneOf(device)->enter(stop);
-    throwIfStopped(stop);
-    MTPSession session(bus_, device, cache_);
-    work(session, turn);
+    const auto held = heldHere(device);
+    if (!held) {
+        DeviceLane::Turn turn = laneOf(device)->enter(stop);
+        throwIfStopped(stop);
+        MTPSession session(bus_, device, cache_);
+        work(session, turn);
+        return;
+    }
+    try {
+        if (!held->session) {
+            held->turn.emplace(laneOf(device)->enter(stop));
+            throwIfStopped(stop);
+            held->session = std::make_unique<MTPSession>(bus_, device, cache_);
+        }
+        held->turn->letGuestsIn(*held->session);
+        work(*held->session, *held->turn);
+    } catch (const MTPTransportError& error) {
+        if (!error.isProtocolFailure())
+            held->close();
+        throw;
+    }
 }
 
 /// Runs `work(session)` in a session of its own, or in between two steps of whoever has one.
 template <typename Work>
 void MTPFileBackend::asGuest(const DeviceInfo& device, const std::stop_token& stop, Work work) {
+    if (heldHere(device)) {
+        withSession(device, stop, [&](MTPSession& session, DeviceLane::Turn&) { work(session); });
+        return;
+    }
     const auto turn = laneOf(device)->enterOrVisit(work, stop);
     if (!turn)
         return;
@@ -186,12 +247,18 @@ void MTPFileBackend::asGuest(const DeviceInfo& device, const std::stop_token& st
 }
 
 std::vector<FileItem> MTPFileBackend::listDirectory(const QString& path, const DeviceInfo& device,
-                                                    const std::stop_token& stop) {
+                                                    const std::stop_token& stop, ListingRule rule) {
     std::vector<FileItem> items;
+    MTPSession::UnreadableVisitor unreadable;
+    if (rule == ListingRule::checked)
+        unreadable = [](std::uint32_t, const MTPTransportError& error) { throw error; };
     const bool askedBelowStorage = path.trimmed().startsWith(QLatin1StringView("/storage/"));
     asGuest(device, stop, [&](MTPSession& session) {
-        if (session.storageIDs().empty())
+        if (session.storageIDs().empty()) {
+            if (rule == ListingRule::checked)
+                throw TessaryError::fileIOError(noStorageText());
             return;
+        }
         const Found folder = findFolder(session, path, stop);
         session.forEachChild(
             folder.location.storageID, folder.object.handle,
@@ -200,7 +267,7 @@ std::vector<FileItem> MTPFileBackend::listDirectory(const QString& path, const D
                 items.push_back(itemOf(info, folder.location, askedBelowStorage));
                 return true;
             },
-            stop);
+            stop, unreadable);
     });
     return items;
 }
@@ -222,6 +289,21 @@ FileItem MTPFileBackend::itemAt(const QString& path, const DeviceInfo& device,
         }
     });
     return *item;
+}
+
+std::optional<FileItem> MTPFileBackend::entryAt(const QString& path, const DeviceInfo& device,
+                                                const std::stop_token& stop) {
+    std::optional<FileItem> item;
+    asGuest(device, stop, [&](MTPSession& session) {
+        const MTPLocation location = requireLocation(session, path, noStorageText());
+        const auto object = session.resolve(location, stop);
+        if (!object || !object->info)
+            return;
+        MTPLocation folder = location;
+        folder.path = parentPath(location.path);
+        item = itemOf(*object->info, folder, false);
+    });
+    return item;
 }
 
 void MTPFileBackend::downloadFile(const FileItem& item, const QString& localFile,
@@ -260,6 +342,17 @@ void MTPFileBackend::uploadFile(const QString& localFile, const QString& remoteP
                                         QStringLiteral("No MTP storage found for upload"));
         MTPUpload(session, turn, stop)
             .file(localFile, folder.location, folder.object.handle, progress);
+    });
+}
+
+void MTPFileBackend::uploadFile(const QString& localFile, const QString& remoteParentPath,
+                                const DeviceInfo& device, bool mayReplace, MTPUploadMemory& memory,
+                                const FileProgressCallback& progress, const std::stop_token& stop) {
+    withSession(device, stop, [&](MTPSession& session, DeviceLane::Turn& turn) {
+        const Found folder = findFolder(session, remoteParentPath, stop,
+                                        QStringLiteral("No MTP storage found for upload"));
+        MTPUpload(session, turn, stop)
+            .file(localFile, folder.location, folder.object.handle, mayReplace, memory, progress);
     });
 }
 

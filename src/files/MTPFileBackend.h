@@ -5,6 +5,7 @@
 #include "core/TransferOutcome.h"
 #include "files/DeviceLane.h"
 #include "files/MTPSession.h"
+#include "files/MTPUpload.h"
 #include "platform/UsbBus.h"
 
 #include <QHash>
@@ -26,6 +27,12 @@ struct LiveDeviceInfo {
     bool operator==(const LiveDeviceInfo&) const = default;
 };
 
+/// What a listing does with an entry whose facts cannot be read.
+enum class ListingRule {
+    lenient, ///< leaves it out
+    checked  ///< fails
+};
+
 /// File operations on Android devices over MTP. Each operation opens one session and closes it at
 /// its end; those on one device take turns, and a listing that finds a folder transfer running
 /// does its work between two files of it, on that transfer's session. Thread-safe and blocking.
@@ -39,11 +46,17 @@ public:
     ~MTPFileBackend();
 
     /// The children of a folder, in the device's order. Empty while the device offers no storage.
+    /// A checked listing fails then.
     [[nodiscard]] std::vector<FileItem> listDirectory(const QString& path, const DeviceInfo& device,
-                                                      const std::stop_token& stop);
+                                                      const std::stop_token& stop,
+                                                      ListingRule rule = ListingRule::lenient);
     /// The entry at a path; the root is a folder called after its storage.
     [[nodiscard]] FileItem itemAt(const QString& path, const DeviceInfo& device,
                                   const std::stop_token& stop);
+
+    /// The same; no value when the device has storage and nothing at the path.
+    [[nodiscard]] std::optional<FileItem> entryAt(const QString& path, const DeviceInfo& device,
+                                                  const std::stop_token& stop);
 
     void downloadFile(const FileItem& item, const QString& localFile, const DeviceInfo& device,
                       const FileProgressCallback& progress, const std::stop_token& stop);
@@ -54,6 +67,11 @@ public:
     void uploadFile(const QString& localFile, const QString& remoteParentPath,
                     const DeviceInfo& device, const FileProgressCallback& progress,
                     const std::stop_token& stop);
+    /// The same for one of several files: each folder is listed once, and a file of that name is
+    /// an error unless `mayReplace`.
+    void uploadFile(const QString& localFile, const QString& remoteParentPath,
+                    const DeviceInfo& device, bool mayReplace, MTPUploadMemory& memory,
+                    const FileProgressCallback& progress, const std::stop_token& stop);
     [[nodiscard]] TransferOutcome uploadDirectory(const QString& localFolder,
                                                   const QString& remoteParentPath,
                                                   const DeviceInfo& device,
@@ -75,7 +93,15 @@ public:
     /// known stay. Never throws; what cannot be read is logged and left out.
     [[nodiscard]] std::optional<LiveDeviceInfo> fetchLiveDeviceInfo(const DeviceInfo& device);
 
+    /// Until the result goes, the calls of this thread for the device share one session, and the
+    /// device waits for them; listings from elsewhere are let in between two calls. A call that
+    /// loses the connection closes the session; the next one opens another.
+    [[nodiscard]] std::shared_ptr<void> hold(const DeviceInfo& device);
+
 private:
+    struct Held;
+
+    [[nodiscard]] std::shared_ptr<Held> heldHere(const DeviceInfo& device);
     [[nodiscard]] std::shared_ptr<DeviceLane> laneOf(const DeviceInfo& device);
     template <typename Work>
     void withSession(const DeviceInfo& device, const std::stop_token& stop, Work work);
@@ -86,6 +112,7 @@ private:
     MTPHandleCache cache_;
     std::mutex mutex_;
     QHash<QString, std::shared_ptr<DeviceLane>> lanes_; ///< guarded by mutex_
+    std::vector<std::shared_ptr<Held>> held_;           ///< guarded by mutex_
     std::unique_ptr<UsbWatch> watch_;                   ///< last: its callbacks use the cache
 };
 

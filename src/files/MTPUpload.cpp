@@ -97,6 +97,25 @@ void MTPUpload::file(const QString& localFile, const MTPLocation& folder,
     send(localFile, QFileInfo(localFile).fileName(), target, progress);
 }
 
+void MTPUpload::file(const QString& localFile, const MTPLocation& folder,
+                     std::uint32_t folderHandle, bool mayReplace, MTPUploadMemory& memory,
+                     const FileProgressCallback& progress) {
+    const QString key = folder.shownPath();
+    const QString name = QFileInfo(localFile).fileName();
+    // After a failure nobody knows what the folder holds: it is forgotten.
+    auto known = memory.folders_.take(key);
+    if (known.folder.handle != folderHandle || known.sent.contains(name))
+        known = {open(folder, folderHandle), {}};
+    const bool isNew = !known.folder.contents.contains(name);
+    if (!isNew && !mayReplace)
+        throw TessaryError::fileIOError(
+            QStringLiteral("\"%1\" has appeared on the phone meanwhile.").arg(name));
+    send(localFile, name, known.folder, progress);
+    if (isNew)
+        known.sent.insert(name);
+    memory.folders_.insert(key, std::move(known));
+}
+
 /// Sends a file under its name, as a new one or in place of an old one.
 void MTPUpload::send(const QString& localFile, const QString& name, Folder& folder,
                      const FileProgressCallback& progress) {
@@ -109,7 +128,7 @@ void MTPUpload::send(const QString& localFile, const QString& name, Folder& fold
     if (old->isDirectory())
         throw TessaryError::fileIOError(
             QStringLiteral("A folder named \"%1\" is already on the phone.").arg(name));
-    replace(localFile, *old, folder, progress);
+    replace(localFile, MTPObjectInfo(*old), folder, progress);
 }
 
 void MTPUpload::replace(const QString& localFile, const MTPObjectInfo& old, Folder& folder,
@@ -153,6 +172,9 @@ void MTPUpload::replace(const QString& localFile, const MTPObjectInfo& old, Fold
                 .arg(name, parkedAs, error.description()));
     }
     folder.handles.insert(sent->id);
+    MTPObjectInfo now = *sent;
+    now.filename = name;
+    folder.contents.insert(name, std::move(now));
     session_.remember(folder.location.child(name), sent->id);
 }
 

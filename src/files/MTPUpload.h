@@ -12,6 +12,8 @@
 
 namespace tessary {
 
+class MTPUploadMemory;
+
 /// Copies local files and folders to a device within one session. Each folder on the device is
 /// listed at most once. A file that is there already is replaced without ever being without
 /// either version: the new one is sent under a temporary name, the old one deleted, the new one
@@ -21,11 +23,24 @@ namespace tessary {
 /// Calls throw TessaryError, MTPTransportError or CancellationError.
 class MTPUpload {
 public:
+    /// A folder on the device and what it held when an upload first looked.
+    struct Folder {
+        MTPLocation location;
+        std::uint32_t handle = 0;
+        QHash<QString, MTPObjectInfo> contents;
+        QSet<std::uint32_t> handles;
+    };
+
     MTPUpload(MTPSession& session, DeviceLane::Turn& turn, std::stop_token stop);
 
     /// Copies one file into a folder of the device, under its own name.
     void file(const QString& localFile, const MTPLocation& folder, std::uint32_t folderHandle,
               const FileProgressCallback& progress);
+
+    /// The same for one of several files, with what is remembered of the folder from the last one.
+    /// A file of that name is an error unless `mayReplace`.
+    void file(const QString& localFile, const MTPLocation& folder, std::uint32_t folderHandle,
+              bool mayReplace, MTPUploadMemory& memory, const FileProgressCallback& progress);
 
     /// Copies a local folder, as a folder of that name, into a folder of the device. Folders that
     /// are there already are filled up. Files that cannot be read here, or that the device
@@ -35,14 +50,6 @@ public:
                                          const TransferProgressCallback& progress);
 
 private:
-    /// A folder on the device and what it held when this upload first looked.
-    struct Folder {
-        MTPLocation location;
-        std::uint32_t handle = 0;
-        QHash<QString, MTPObjectInfo> contents;
-        QSet<std::uint32_t> handles;
-    };
-
     Folder open(const MTPLocation& location, std::uint32_t handle);
     Folder makeFolder(const Folder& parent, const QString& name);
     void send(const QString& localFile, const QString& name, Folder& folder,
@@ -59,6 +66,18 @@ private:
     MTPSession& session_;
     DeviceLane::Turn& turn_;
     const std::stop_token stop_;
+};
+
+/// What is known of the folders of one device that files were sent to one by one, so that each is
+/// listed once only. Used by one thread. Others may change the folders meanwhile: keep it for one
+/// run, no longer.
+class MTPUploadMemory {
+    friend class MTPUpload;
+    struct Known {
+        MTPUpload::Folder folder;
+        QSet<QString> sent; ///< names whose objects were not looked up
+    };
+    QHash<QString, Known> folders_; ///< by the path as the user addresses it
 };
 
 } // namespace tessary
