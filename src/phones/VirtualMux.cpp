@@ -297,8 +297,11 @@ void VirtualMux::accept(int door) {
     if (found == doors_.end())
         return;
     FileHandle socket = PhoneSockets::accept(door);
-    if (!socket.isOpen())
+    if (!socket.isOpen()) {
+        // Out of descriptors, perhaps: whoever waits is still there at the next look.
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
         return;
+    }
     VirtualIPhone* phone = found->phone;
     const std::uint16_t port = found->port;
     if (phone != nullptr && port != VirtualIPhone::lockdownPort)

@@ -1,5 +1,6 @@
 #include "phones/AFCCodec.h"
 #include "phones/IPhoneFixture.h"
+#include "phones/RawMuxHost.h"
 
 #include <sys/stat.h>
 
@@ -166,6 +167,73 @@ TEST_F(AFCResponderTest, oddNamesInfosAndShortReadsComeOnDemand) {
     EXPECT_THAT(list(container_, "/Documents"), ElementsAre(".", "..", "a/b\n\""));
     EXPECT_THAT(info("/Documents/plain"), ElementsAre(std::pair("st_size", "many")));
     EXPECT_EQ(read(openFile("/Documents/plain", AFC_FOPEN_RDONLY), 5), "12");
+}
+
+/// The start of a packet, with what its header claims.
+Bytes packet(std::uint64_t packetLength, std::uint64_t headLength, std::uint64_t operation,
+             std::initializer_list<std::uint64_t> numbers = {}) {
+    const auto head = AFCCodec::encodeHeader({packetLength, headLength, 1, operation});
+    Bytes bytes(head.begin(), head.end());
+    for (const std::uint64_t number : numbers)
+        appendLittleEndian(bytes, number);
+    return bytes;
+}
+
+TEST_F(AFCResponderTest, hostilePacketsAreRefusedOrEndTheirConnection) {
+    constexpr std::uint64_t huge = ~std::uint64_t{0};
+    folder_.write(documents("a"), "a");
+    const auto code = [](AFCOperation operation) { return static_cast<std::uint64_t>(operation); };
+    const struct {
+        const char* name;
+        Bytes bytes;
+        std::uint64_t status; ///< 0: the connection ends
+    } rows[] = {
+        {"no magic", Bytes(40, std::byte{0}), 0},
+        {"lengths of everything", packet(huge, huge, 3), 0},
+        {"a head longer than its packet", packet(40, 48, 3), 0},
+        {"a path of gigabytes", packet(std::uint64_t{1} << 40, std::uint64_t{1} << 40, 3), 0},
+        {"a path behind the head of gigabytes", packet(std::uint64_t{1} << 40, 40, 3), 0},
+        {"no path", packet(40, 40, code(AFCOperation::readDir)), 7},
+        {"half a number", packet(44, 44, code(AFCOperation::fileClose)), 7},
+        {"one name of two", packet(48, 48, code(AFCOperation::renamePath), {0x4141414141414141}),
+         7},
+        {"no such file", packet(56, 56, code(AFCOperation::fileRead), {99, huge}), 7},
+        {"a write to no file", packet(56, 48, code(AFCOperation::fileWrite), {99, 0}), 7},
+        {"a write without a file", packet(44, 40, code(AFCOperation::fileWrite)), 7},
+        {"a seek from nowhere", packet(64, 64, code(AFCOperation::fileSeek), {1, 9, huge}), 7},
+        {"an open in no mode", packet(56, 56, code(AFCOperation::fileOpen), {huge, 0x61}), 7},
+        {"a date at the end of time", packet(56, 56, code(AFCOperation::setFileModTime), {huge, 0}),
+         10},
+        {"no operation", packet(40, 40, huge), 15},
+    };
+    const std::uint32_t device = [this] {
+        const auto devices = RawMuxHost(*mux_).ask({{u"MessageType"_s, u"ListDevices"_s}});
+        return devices[u"DeviceList"_s].toList()[0].toMap()[u"DeviceID"_s].toUInt();
+    }();
+    for (const auto& row : rows) {
+        RawMuxHost host(*mux_);
+        const auto port = phone_->offerService(u"com.apple.mobile.house_arrest"_s, {});
+        ASSERT_EQ(host.connectTo(device, port), 0) << row.name;
+        host.sendMessage(
+            {{u"Command"_s, u"VendDocuments"_s}, {u"Identifier"_s, u"org.test.notes"_s}});
+        const Bytes granted = host.receiveBytes(4);
+        ASSERT_EQ(granted.size(), 4U) << row.name;
+        (void)host.receiveBytes(std::to_integer<std::size_t>(granted[2]) << 8 |
+                                std::to_integer<std::size_t>(granted[3]));
+        host.send(row.bytes);
+        // What claims to be longer than it is ends here.
+        host.send(Bytes(row.status == 0
+                            ? 0
+                            : AFCCodec::decodeHeader(row.bytes)->packetLength - row.bytes.size()));
+        if (row.status == 0)
+            host.stopSending();
+        const Bytes answer = host.receiveBytes(48);
+        ASSERT_EQ(answer.size(), row.status == 0 ? 0U : 48U) << row.name;
+        if (row.status != 0) {
+            EXPECT_EQ(readLittleEndian<std::uint64_t>(answer, 40), row.status) << row.name;
+        }
+    }
+    EXPECT_THAT(list(container_, "/Documents"), ElementsAre(".", "..", "a"));
 }
 
 TEST_F(AFCResponderTest, headersThatContradictThemselvesAreNone) {

@@ -39,6 +39,13 @@ public:
     void send(const QVariantMap& message, std::uint32_t tag = 7) {
         send(encodeMuxPacket(message, tag));
     }
+    /// A property list as services take it, behind its length.
+    void sendMessage(const QVariantMap& message) {
+        const Bytes list = PlistCodec::encode(message, PlistForm::xml);
+        const auto length = qToBigEndian(static_cast<quint32>(list.size()));
+        send(std::as_bytes(std::span(&length, 1)));
+        send(list);
+    }
     void stopSending() {
         ::shutdown(socket_.get(), SHUT_WR);
     }

@@ -165,6 +165,26 @@ TEST_F(VirtualIPhoneTest, aRequestCanBeLostBeforeOrAfterItIsCarriedOut) {
     }
 }
 
+TEST_F(VirtualIPhoneTest, delayedRequestsComeLateAndHungOnesEndWithTheCable) {
+    VirtualIPhone& phone = plugIn();
+    const Container container = open();
+    fault([](auto& faults) {
+        faults.delay[u"afc.readDir"_s] = std::chrono::milliseconds(200);
+        faults.hang.insert(u"afc.makeDir"_s);
+    });
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_THAT(list(container, "/Documents"), ElementsAre(".", ".."));
+    EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(200));
+    const std::jthread cable([&phone] {
+        while (phone.requestCount(u"afc.makeDir"_s) == 0)
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        phone.unplug();
+    });
+    EXPECT_NE(afc_make_directory(container.afc.get(), "/Documents/x"), AFC_E_SUCCESS);
+    EXPECT_FALSE(folder_.has(documents("x")));
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
+}
+
 TEST_F(VirtualIPhoneTest, aPhoneGoesWhileItIsUsedFromManySides) {
     VirtualIPhone& phone = plugIn();
     folder_.writeSparse(u"org.test.notes/Documents/big"_s, 8 << 20);
