@@ -13,7 +13,14 @@ constexpr auto shutDownLimit = 10s;
 } // namespace
 
 TessaryApp::TessaryApp(DeviceSources sources, DeviceFileService& files, TessaryAppSetup setup)
-    : files_(files), setup_(std::move(setup)), deviceManager_(sources, files, setup_.alsoAccept) {}
+    : files_(files),
+      setup_(std::move(setup)),
+      deviceManager_(sources, files, setup_.alsoAccept),
+      updateChecker_(setup_.http, setup_.defaults, setup_.openAddress),
+      favoritesManager_(setup_.defaults),
+      languageManager_(LanguageManager::shared()) {
+    languageManager_.useStore(setup_.defaults);
+}
 
 TessaryApp::~TessaryApp() {
     deviceManager_.stopListening();

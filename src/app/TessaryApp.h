@@ -1,8 +1,13 @@
 #pragma once
 
+#include "app/FavoritesManager.h"
+#include "app/LanguageManager.h"
+#include "app/UpdateCheckerService.h"
 #include "devices/DeviceManager.h"
 #include "files/DeviceFileService.h"
 #include "files/TransferEngine.h"
+#include "platform/MemoryUserDefaults.h"
+#include "platform/qt/QtHttpClient.h"
 
 #include <QObject>
 
@@ -18,6 +23,11 @@ struct TessaryAppSetup {
     bool isDemo = false; ///< the phones are virtual ones
     /// Starts the program again with virtual phones and ends this one.
     std::function<void()> startDemo;
+    /// The user's settings; until the end of the program when there are none.
+    std::shared_ptr<UserDefaults> defaults = std::make_shared<MemoryUserDefaults>();
+    std::shared_ptr<HttpClient> http = std::make_shared<QtHttpClient>();
+    /// Shows a page in the user's browser.
+    std::function<void(const QUrl&)> openAddress = [](const QUrl&) {};
 };
 
 /// The application: owns the managers for its whole life and hands them to the windows. Lives on
@@ -34,11 +44,32 @@ public:
     [[nodiscard]] DeviceManager& deviceManager() {
         return deviceManager_;
     }
+    [[nodiscard]] UpdateCheckerService& updateChecker() {
+        return updateChecker_;
+    }
+    [[nodiscard]] FavoritesManager& favoritesManager() {
+        return favoritesManager_;
+    }
+    [[nodiscard]] LanguageManager& languageManager() {
+        return languageManager_;
+    }
+    /// Where windows keep their sizes and the like.
+    [[nodiscard]] UserDefaults& defaults() {
+        return *setup_.defaults;
+    }
     [[nodiscard]] DeviceFileService& files() {
         return files_;
     }
     [[nodiscard]] TransferEngine& transferEngine() {
         return engine_;
+    }
+    /// Whether the notice that nothing newer was found is due; false puts it away.
+    [[nodiscard]] bool showUpToDateAlertBinding() const {
+        return updateChecker_.showUpToDateAlert();
+    }
+    void setShowUpToDateAlertBinding(bool shown) {
+        if (!shown)
+            updateChecker_.dismissUpToDateAlert();
     }
     [[nodiscard]] bool isDemo() const {
         return setup_.isDemo;
@@ -52,6 +83,9 @@ private:
     TessaryAppSetup setup_;
     TransferEngine engine_;
     DeviceManager deviceManager_;
+    UpdateCheckerService updateChecker_;
+    FavoritesManager favoritesManager_;
+    LanguageManager& languageManager_;
 };
 
 } // namespace tessary

@@ -1,5 +1,7 @@
 #include "cli/CommandLine.h"
 
+#include "core/Product.h"
+
 #include <CLI/CLI.hpp>
 #include <QDir>
 #include <QFileInfo>
@@ -129,6 +131,8 @@ std::variant<CliRequest, CliUsage> parseCommandLine(const QStringList& arguments
     CLI::App app("Browse phones and copy files to and from them.", "tessary-cli");
     app.require_subcommand(1);
     app.fallthrough();
+    app.set_version_flag("--version", "tessary-cli " + productVersion().toStdString(),
+                         "Print the version and end");
     Raw raw;
     app.add_option("--usb", raw.usb,
                    "Also accept this USB device (VID:PID, hexadecimal) as an MTP phone")
@@ -143,6 +147,8 @@ std::variant<CliRequest, CliUsage> parseCommandLine(const QStringList& arguments
         reversed.push_back(QFile::encodeName(*it).toStdString());
     try {
         app.parse(reversed);
+    } catch (const CLI::CallForVersion& version) {
+        return CliUsage{0, text(version.what()) + QLatin1Char('\n')};
     } catch (const CLI::Success&) {
         for (const Subcommand& sub : commands)
             if (sub.app->parsed())

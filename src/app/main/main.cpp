@@ -1,21 +1,35 @@
+#include "app/QtTexts.h"
 #include "app/TessaryApp.h"
 #include "app/views/AppStyle.h"
+#include "app/views/ApplicationWindows.h"
 #include "app/views/Icons.h"
 #include "app/views/MainWindow.h"
 #include "app/views/Tour.h"
+#include "app/views/UpdateAlerts.h"
 #include "core/Background.h"
+#include "core/Product.h"
 #include "phones/DemoPhones.h"
 #include "platform/SystemUsbBus.h"
+#include "platform/SystemUserDefaults.h"
 #include "platform/qt/QtProcessRunner.h"
+#include "platform/qt/SingleInstance.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QDesktopServices>
 #include <QProcess>
 #include <QTemporaryDir>
+
+#include <algorithm>
+#include <array>
+#include <string_view>
 
 using namespace tessary;
 
 namespace {
+
+/// Where the desktop leaves its leave to take the focus.
+constexpr const char* activationToken = "XDG_ACTIVATION_TOKEN";
 
 /// As fast as a good cable, and slow enough for progress to be seen.
 constexpr double demoMegabytesPerSecond = 30;
@@ -71,14 +85,29 @@ TourPhone tourPhone(DemoPhones& phones) {
     return controls;
 }
 
+/// Help and the version are there without a display, too.
+bool asksForText(int argc, char** argv) {
+    constexpr std::array<std::string_view, 5> options{"-h", "--help", "--help-all", "-v",
+                                                      "--version"};
+    return std::any_of(argv + 1, argv + argc, [&](const char* argument) {
+        return std::ranges::find(options, argument) != options.end();
+    });
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("Tessary"));
-    QApplication::setDesktopFileName(QStringLiteral("tessary"));
+    const std::unique_ptr<QCoreApplication> application =
+        asksForText(argc, argv) ? std::make_unique<QCoreApplication>(argc, argv)
+                                : std::make_unique<QApplication>(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("Tessary"));
+    QCoreApplication::setApplicationVersion(productVersion());
+    QGuiApplication::setDesktopFileName(QStringLiteral("tessary"));
     QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Browse phones and copy files to and from them."));
     parser.addHelpOption();
+    parser.addVersionOption();
     const QCommandLineOption demo(QStringLiteral("demo"),
                                   QStringLiteral("Work on virtual phones with sample files."));
     const QCommandLineOption tour(QStringLiteral("tour"),
@@ -86,11 +115,27 @@ int main(int argc, char** argv) {
                                                  "numbered screenshots into <folder> and end."),
                                   QStringLiteral("folder"));
     parser.addOptions({demo, tour});
-    parser.process(application);
+    parser.process(*application);
     setUpStyle();
     setUpIconTheme();
 
-    Phones phones(parser.isSet(demo) || parser.isSet(tour));
+    const bool isDemo = parser.isSet(demo) || parser.isSet(tour);
+
+    AppDelegate* delegate = nullptr;
+    // The virtual phones may be tried beside the real ones; a tour disturbs nobody.
+    SingleInstance instance(isDemo ? QStringLiteral("tessary-demo") : QStringLiteral("tessary"));
+    if (!parser.isSet(tour) &&
+        instance.claim(
+            [&delegate](const QByteArray& token) {
+                if (!token.isEmpty())
+                    qputenv(activationToken, token);
+                if (delegate != nullptr)
+                    delegate->reopen();
+            },
+            qgetenv(activationToken)) == SingleInstance::Outcome::raisedOther)
+        return 0;
+
+    Phones phones(isDemo);
     QtProcessRunner processes;
     DeviceFileService files(phones.bus(), processes);
     TessaryAppSetup setup;
@@ -100,14 +145,27 @@ int main(int argc, char** argv) {
                                 {QStringLiteral("--demo")});
         QApplication::closeAllWindows();
     };
+    if (!parser.isSet(tour))
+        setup.defaults = makeSystemUserDefaults();
+    setup.openAddress = [](const QUrl& address) { QDesktopServices::openUrl(address); };
     TessaryApp app(phones.bus(), files, setup);
     if (parser.isSet(tour))
         for (const auto& phone : phones.virtualPhones->androids())
             phone->unplug();
+    const QtTexts qtTexts;
     MainWindow window(app);
     window.show();
-    if (!parser.isSet(tour))
-        return QApplication::exec();
+    if (!parser.isSet(tour)) {
+        ApplicationWindows windows(window);
+        const UpdateAlerts alerts(app.updateChecker(), window);
+        delegate = &windows.delegate();
+        delegate->applicationDidFinishLaunching();
+        if (!isDemo)
+            app.updateChecker().checkAtStart();
+        const int status = QApplication::exec();
+        delegate = nullptr;
+        return status;
+    }
     Tour walk(window, tourPhone(*phones.virtualPhones), parser.value(tour));
     QMetaObject::invokeMethod(
         &window, [&] { QApplication::exit(walk.run() ? 0 : 1); }, Qt::QueuedConnection);

@@ -1,0 +1,74 @@
+#include "app/views/UpdateAlerts.h"
+
+#include "app/Translations.h"
+#include "core/Printable.h"
+
+#include <QPushButton>
+
+namespace tessary {
+
+namespace {
+
+constexpr int longestNotes = 1500; // they come from a server
+
+} // namespace
+
+UpdateAlerts::UpdateAlerts(UpdateCheckerService& checker, QWidget& window)
+    : checker_(checker), window_(window) {
+    connect(&checker, &UpdateCheckerService::stateChanged, this, &UpdateAlerts::show);
+}
+
+void UpdateAlerts::show() {
+    if (box_)
+        return;
+    if (const auto& failure = checker_.checkErrorMessage()) {
+        QMessageBox& box = open(tessary::tr("Update Check Failed"), trMessage(*failure));
+        connect(&box, &QMessageBox::finished, this, [this] { checker_.dismissError(); });
+    } else if (checker_.showUpToDateAlert()) {
+        QMessageBox& box = open(QStringLiteral("Tessary"),
+                                QStringLiteral("Tessary v") + checker_.currentVersion() +
+                                    tessary::tr(" is currently the newest version."));
+        connect(&box, &QMessageBox::finished, this, [this] { checker_.dismissUpToDateAlert(); });
+    } else if (const auto& update = checker_.availableUpdate()) {
+        offer(*update);
+    }
+}
+
+QMessageBox& UpdateAlerts::open(const QString& title, const QString& text) {
+    box_ = new QMessageBox(QMessageBox::NoIcon, title, title, QMessageBox::NoButton, &window_);
+    box_->setAttribute(Qt::WA_DeleteOnClose);
+    box_->setObjectName(QStringLiteral("updateAlert"));
+    box_->setTextFormat(Qt::PlainText);
+    box_->setInformativeText(text);
+    box_->addButton(tessary::tr("OK"), QMessageBox::AcceptRole);
+    // Put away first: what is told next may need a box of its own.
+    connect(box_, &QMessageBox::finished, this, [this] { box_ = nullptr; });
+    box_->open();
+    return *box_;
+}
+
+void UpdateAlerts::offer(const UpdateInfo& update) {
+    QString notes = update.releaseNotes.trimmed().left(longestNotes);
+    if (notes.isEmpty())
+        notes = tessary::tr("A new version of Tessary is available.");
+    QMessageBox& box =
+        open(tessary::tr("Tessary %1 is available").arg(printable(update.version)), notes);
+    box.removeButton(box.buttons().constFirst());
+    const QPushButton* download =
+        box.addButton(tessary::tr("browser.download"), QMessageBox::AcceptRole);
+    const QPushButton* skip =
+        update.mandatory ? nullptr
+                         : box.addButton(tessary::tr("Skip This Version"), QMessageBox::ActionRole);
+    box.setEscapeButton(box.addButton(tessary::tr("Later"), QMessageBox::RejectRole));
+    connect(&box, &QMessageBox::finished, this, [this, &box, download, skip, update] {
+        const QAbstractButton* clicked = box.clickedButton();
+        if (clicked != nullptr && clicked == skip)
+            checker_.skipVersion(update.version);
+        else
+            checker_.dismissUpdate();
+        if (clicked == download)
+            checker_.openHomepage(update.downloadUrl);
+    });
+}
+
+} // namespace tessary
