@@ -1,5 +1,6 @@
 #include "cli/CliRunner.h"
 
+#include "cli/ChosenDevice.h"
 #include "cli/DeviceChanges.h"
 #include "cli/DeviceFollower.h"
 #include "cli/ProgressPrinter.h"
@@ -8,8 +9,11 @@
 #include "core/CancellationError.h"
 #include "core/Printable.h"
 #include "core/TessaryError.h"
+#include "files/AndroidFileAccess.h"
+#include "files/AppFileAccess.h"
 #include "files/DevicePath.h"
 #include "files/ErrorAdvice.h"
+#include "ios/AppLister.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -46,21 +50,32 @@ void addLiveInfo(DeviceInfo& device, const std::optional<LiveDeviceInfo>& live) 
     device.isLocked = live->volumes.empty();
 }
 
+void addPhoneInfo(DeviceInfo& device, const std::stop_token& stop) {
+    LockdownSession session(device.udid, stop);
+    device.deviceName = session.deviceName();
+    if (const auto storage = session.getStorageInfo()) {
+        device.freeStorageBytes = storage->freeBytes;
+        device.totalStorageBytes = storage->totalBytes;
+    }
+}
+
 } // namespace
 
-CliRunner::CliRunner(UsbBus& bus, DeviceFileService& files, std::FILE* out, std::FILE* error)
-    : bus_(bus), files_(files), out_(out), error_(error) {}
+CliRunner::CliRunner(DeviceSources sources, DeviceFileService& files, std::FILE* out,
+                     std::FILE* error)
+    : sources_(sources), service_(files), out_(out), error_(error) {}
 
 CliRunner::ExitStatus CliRunner::run(const CliRequest& request,
                                      const std::stop_token& stop) noexcept {
     using Step = void (CliRunner::*)();
-    static constexpr std::array<Step, 9> steps{
-        &CliRunner::devices,     &CliRunner::watch,  &CliRunner::list,
-        &CliRunner::info,        &CliRunner::get,    &CliRunner::put,
-        &CliRunner::makeFolders, &CliRunner::remove, &CliRunner::move};
+    static constexpr std::array<Step, 10> steps{
+        &CliRunner::devices, &CliRunner::watch, &CliRunner::apps, &CliRunner::list,
+        &CliRunner::info,    &CliRunner::get,   &CliRunner::put,  &CliRunner::makeFolders,
+        &CliRunner::remove,  &CliRunner::move};
     request_ = request;
     stop_ = stop;
     device_.reset();
+    files_.reset();
     status_ = done;
     try {
         (this->*steps[static_cast<std::size_t>(request.command)])();
@@ -68,7 +83,7 @@ CliRunner::ExitStatus CliRunner::run(const CliRequest& request,
         fail(QStringLiteral("Interrupted."));
         return interrupted;
     } catch (const std::exception& error) {
-        const QStringList holders = device_ ? files_.programsHolding(*device_) : QStringList();
+        const QStringList holders = files_ ? files_->programsHolding() : QStringList();
         const ErrorAdvice words = adviceFor(error, holders);
         fail(words.advice.isEmpty() ? words.message
                                     : words.message + QLatin1Char(' ') + words.advice);
@@ -91,41 +106,34 @@ void CliRunner::printLine(const QString& line) {
     std::fprintf(out_, "%s\n", qUtf8Printable(line));
 }
 
-DeviceInfo CliRunner::chosenDevice() {
-    const std::vector<DeviceInfo> all = scanAndroidDevices(bus_, request_.alsoAccept);
-    using Test = bool (*)(const DeviceInfo&, const QString&);
-    static constexpr std::array<Test, 3> tests{
-        [](const DeviceInfo& device, const QString& wanted) { return device.udid == wanted; },
-        [](const DeviceInfo& device, const QString& wanted) {
-            return device.udid.startsWith(wanted);
-        },
-        [](const DeviceInfo& device, const QString& wanted) {
-            return device.deviceName.value_or(QString()).compare(wanted, Qt::CaseInsensitive) == 0;
-        }};
-    for (const Test test : tests) {
-        std::vector<DeviceInfo> matching;
-        std::copy_if(all.begin(), all.end(), std::back_inserter(matching),
-                     [&](const DeviceInfo& device) { return test(device, request_.device); });
-        if (matching.size() > 1)
-            throw TessaryError::deviceNotFound(
-                QStringLiteral("\"%1\" fits %2 devices. Give more of the udid: see tessary-cli "
-                               "devices.")
-                    .arg(request_.device)
-                    .arg(matching.size()));
-        if (matching.size() == 1) {
-            device_ = matching.front();
-            return *device_;
-        }
-    }
-    throw TessaryError::deviceNotFound(
-        QStringLiteral("\"%1\" is not attached. Plug it in, unlock it and choose File transfer on "
-                       "it; tessary-cli devices lists what is there.")
-            .arg(request_.device));
+const DeviceInfo& CliRunner::chosenDevice() {
+    if (!device_)
+        device_ = chooseDevice(sources_, request_, stop_);
+    return *device_;
+}
+
+FileAccess& CliRunner::files() {
+    if (files_)
+        return *files_;
+    const DeviceInfo& device = chosenDevice();
+    const bool isIPhone = device.platform == DevicePlatform::iOS;
+    if (isIPhone && request_.app.isEmpty())
+        throw TessaryError::fileIOError(
+            QStringLiteral("The files of an iPhone are those of its apps. Give one with --app; "
+                           "tessary-cli apps %1 lists them.")
+                .arg(request_.device));
+    if (!isIPhone && !request_.app.isEmpty())
+        throw TessaryError::fileIOError(QStringLiteral("--app is for iPhones only."));
+    if (isIPhone)
+        files_ = std::make_unique<AppFileAccess>(device, AppInfo{request_.app, request_.app, true});
+    else
+        files_ = std::make_unique<AndroidFileAccess>(service_, device);
+    return *files_;
 }
 
 /// Devices that have not told their figures by then are listed without.
 void CliRunner::devices() {
-    DeviceFollower follower(DeviceFollower::Mode::once, bus_, files_, request_.alsoAccept);
+    DeviceFollower follower(DeviceFollower::Mode::once, sources_, service_, request_.alsoAccept);
     const auto end = std::chrono::steady_clock::now() + detailsPatience;
     DeviceSnapshot now;
     while (!now.isSettled) {
@@ -153,7 +161,8 @@ void CliRunner::devices() {
 
 /// Ends with a stop request only.
 void CliRunner::watch() {
-    DeviceFollower follower(DeviceFollower::Mode::listening, bus_, files_, request_.alsoAccept);
+    DeviceFollower follower(DeviceFollower::Mode::listening, sources_, service_,
+                            request_.alsoAccept);
     DeviceSnapshot before;
     while (true) {
         auto after = follower.next(stop_, DeviceManager::storageInterval);
@@ -170,10 +179,30 @@ void CliRunner::watch() {
     }
 }
 
+void CliRunner::apps() {
+    const DeviceInfo& device = chosenDevice();
+    if (device.platform != DevicePlatform::iOS)
+        throw TessaryError::fileIOError(
+            QStringLiteral("\"%1\" is no iPhone: it has files of its own, not of apps.")
+                .arg(request_.device));
+    LockdownSession session(device.udid, stop_);
+    const std::vector<AppInfo> apps = AppLister::listFileSharingApps(session);
+    if (request_.json) {
+        QJsonArray array;
+        for (const AppInfo& app : apps)
+            array.append(toJson(app));
+        print(array);
+        return;
+    }
+    if (apps.empty())
+        printLine(QStringLiteral("No app on this iPhone shares its files."));
+    for (const AppInfo& app : apps)
+        printLine(QStringLiteral("%1  %2").arg(printable(app.bundleIdentifier).leftJustified(40),
+                                               printable(app.displayName)));
+}
+
 void CliRunner::list() {
-    const DeviceInfo device = chosenDevice();
-    const QString& path = request_.paths.front();
-    std::vector<FileItem> items = files_.listDirectory(path, device, stop_);
+    std::vector<FileItem> items = files().listDirectory(request_.paths.front(), stop_);
     std::stable_sort(items.begin(), items.end(), [](const FileItem& a, const FileItem& b) {
         if (a.isDirectory != b.isDirectory)
             return a.isDirectory;
@@ -194,9 +223,8 @@ void CliRunner::list() {
 }
 
 void CliRunner::info() {
-    DeviceInfo device = chosenDevice();
     if (!request_.paths.isEmpty()) {
-        const FileItem item = files_.itemAt(request_.paths.front(), device, stop_);
+        const FileItem item = files().itemAt(request_.paths.front(), stop_);
         if (request_.json) {
             print(toJson(item));
             return;
@@ -208,29 +236,43 @@ void CliRunner::info() {
         printLine(QStringLiteral("modified  %1").arg(shownDate(item)));
         return;
     }
-    addLiveInfo(device, files_.fetchLiveDeviceInfo(device));
+    DeviceInfo device = chosenDevice();
+    if (device.platform == DevicePlatform::iOS)
+        addPhoneInfo(device, stop_);
+    else
+        addLiveInfo(device, service_.fetchLiveDeviceInfo(device));
     if (request_.json) {
         print(toJson(device));
         return;
     }
+    printDevice(device);
+}
+
+void CliRunner::printDevice(const DeviceInfo& device) {
     printLine(QStringLiteral("name      %1").arg(printable(device.deviceName.value_or(QString()))));
     printLine(QStringLiteral("udid      %1").arg(printable(device.udid)));
     printLine(QStringLiteral("platform  %1").arg(rawValue(device.platform)));
     printLine(QStringLiteral("mode      %1").arg(rawValue(device.protocolMode)));
-    printLine(QStringLiteral("plugged   %1").arg(device.usbLocation));
+    const QString place = device.platform == DevicePlatform::android ? device.usbLocation
+                          : device.connectionType == ConnectionType::usb
+                              ? QStringLiteral("USB")
+                              : QStringLiteral("network");
+    printLine(QStringLiteral("plugged   %1").arg(place));
     if (device.batteryLevel)
         printLine(QStringLiteral("battery   %1 %").arg(*device.batteryLevel));
     for (const StorageVolume& volume : device.volumes)
         printLine(QStringLiteral("storage   %1: %2 (/storage/%3)")
                       .arg(printable(volume.name), volume.formattedCapacity(), volume.id));
+    if (device.totalStorageBytes)
+        printLine(QStringLiteral("storage   %1")
+                      .arg(device.formattedStorageSummary().value_or(QString())));
     if (device.isLocked)
         printLine(QStringLiteral("storage   none: unlock the phone and choose File transfer on "
                                  "it"));
 }
 
 void CliRunner::get() {
-    const DeviceInfo device = chosenDevice();
-    const FileItem item = files_.itemAt(request_.paths.front(), device, stop_);
+    const FileItem item = files().itemAt(request_.paths.front(), stop_);
     const bool intoFolder = QFileInfo(request_.localPath).isDir();
     if (intoFolder && !isSafeName(item.name))
         throw TessaryError::fileIOError(
@@ -241,32 +283,30 @@ void CliRunner::get() {
         intoFolder ? joinPath(request_.localPath, item.name) : request_.localPath;
     ProgressPrinter printer(error_);
     if (item.isDirectory) {
-        finish(files_.downloadDirectoryContents(
-            item, target, device,
-            [&printer](const TransferProgress& progress) { printer.show(progress); }, stop_));
+        finish(files().downloadDirectoryContents(
+            item, target, [&printer](const TransferProgress& progress) { printer.show(progress); },
+            stop_));
         return;
     }
-    files_.downloadFile(
-        item, target, device, [&printer](qint64 all, qint64 total) { printer.show(all, total); },
-        stop_);
+    files().downloadFile(
+        item, target, [&printer](qint64 all, qint64 total) { printer.show(all, total); }, stop_);
     if (request_.json)
         print(QJsonObject{{QLatin1StringView("path"), target},
                           {QLatin1StringView("size"), QFileInfo(target).size()}});
 }
 
 void CliRunner::put() {
-    const DeviceInfo device = chosenDevice();
     const QString& folder = request_.paths.front();
     const QFileInfo local(request_.localPath);
     ProgressPrinter printer(error_);
     if (local.isDir()) {
-        finish(files_.uploadDirectory(
-            request_.localPath, folder, device,
+        finish(files().uploadDirectory(
+            request_.localPath, folder,
             [&printer](const TransferProgress& progress) { printer.show(progress); }, stop_));
         return;
     }
-    files_.uploadFile(
-        request_.localPath, folder, device,
+    files().uploadFile(
+        request_.localPath, folder,
         [&printer](qint64 all, qint64 total) { printer.show(all, total); }, stop_);
     if (request_.json)
         print(QJsonObject{{QLatin1StringView("path"), joinPath(folder, local.fileName())},
@@ -282,24 +322,21 @@ void CliRunner::finish(const TransferOutcome& outcome) {
 }
 
 void CliRunner::makeFolders() {
-    const DeviceInfo device = chosenDevice();
     for (const QString& path : request_.paths)
-        files_.createFolder(lastComponent(path), parentPath(path), device, stop_);
+        files().createFolder(lastComponent(path), parentPath(path), stop_);
     if (request_.json)
         print(QJsonArray::fromStringList(request_.paths));
 }
 
 void CliRunner::remove() {
-    const DeviceInfo device = chosenDevice();
     for (const QString& path : request_.paths)
-        files_.deleteFile(files_.itemAt(path, device, stop_), device, stop_);
+        files().deleteItem(files().itemAt(path, stop_), stop_);
     if (request_.json)
         print(QJsonArray::fromStringList(request_.paths));
 }
 
 void CliRunner::move() {
-    const DeviceInfo device = chosenDevice();
-    FileItem item = files_.itemAt(request_.paths[0], device, stop_);
+    FileItem item = files().itemAt(request_.paths[0], stop_);
     const QString& target = request_.paths[1];
     const QString oldFolder = parentPath(item.path);
 
@@ -310,7 +347,7 @@ void CliRunner::move() {
         folder = parentPath(target);
         name = lastComponent(target);
         try {
-            const FileItem existing = files_.itemAt(target, device, stop_);
+            const FileItem existing = files().itemAt(target, stop_);
             if (existing.isDirectory) {
                 folder = existing.path;
                 name = item.name;
@@ -318,14 +355,14 @@ void CliRunner::move() {
         } catch (const TessaryError&) {
             // Nothing of this name is there: it is the new one.
         }
-        folder = files_.itemAt(folder, device, stop_).path;
+        folder = files().itemAt(folder, stop_).path;
     }
     if (folder != oldFolder) {
-        files_.moveItem(item, folder, device, stop_);
+        files().moveItem(item, folder, stop_);
         item.path = joinPath(folder, item.name);
     }
     if (name != item.name)
-        files_.renameItem(item, name, device, stop_);
+        files().renameItem(item, name, stop_);
     if (request_.json)
         print(QJsonObject{{QLatin1StringView("path"), joinPath(folder, name)}});
 }

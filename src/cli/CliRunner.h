@@ -1,9 +1,13 @@
 #pragma once
 
 #include "cli/CommandLine.h"
+#include "devices/DeviceSources.h"
 #include "files/DeviceFileService.h"
+#include "files/FileAccess.h"
 
 #include <cstdio>
+#include <memory>
+#include <optional>
 #include <stop_token>
 
 namespace tessary {
@@ -17,7 +21,7 @@ public:
     enum ExitStatus { done = 0, failed = 1, wrongUsage = 2, interrupted = 130 };
 
     /// Everything must outlive the runner.
-    CliRunner(UsbBus& bus, DeviceFileService& files, std::FILE* out, std::FILE* error);
+    CliRunner(DeviceSources sources, DeviceFileService& files, std::FILE* out, std::FILE* error);
 
     /// Never throws: every failure is one clear line on `error` and an exit status.
     [[nodiscard]] ExitStatus run(const CliRequest& request, const std::stop_token& stop) noexcept;
@@ -25,6 +29,7 @@ public:
 private:
     void devices();
     void watch();
+    void apps();
     void list();
     void info();
     void get();
@@ -33,14 +38,17 @@ private:
     void remove();
     void move();
 
-    [[nodiscard]] DeviceInfo chosenDevice();
+    [[nodiscard]] const DeviceInfo& chosenDevice();
+    /// The files of the chosen device, or of the chosen app of it.
+    [[nodiscard]] FileAccess& files();
+    void printDevice(const DeviceInfo& device);
     void finish(const TransferOutcome& outcome);
     void print(const QJsonValue& document);
     void printLine(const QString& line);
     void fail(const QString& message);
 
-    UsbBus& bus_;
-    DeviceFileService& files_;
+    const DeviceSources sources_;
+    DeviceFileService& service_;
     std::FILE* out_;
     std::FILE* error_;
 
@@ -48,6 +56,7 @@ private:
     CliRequest request_;
     std::stop_token stop_;
     std::optional<DeviceInfo> device_;
+    std::unique_ptr<FileAccess> files_; ///< null until it is needed
     ExitStatus status_ = done;
 };
 

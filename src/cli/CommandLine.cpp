@@ -25,6 +25,7 @@ struct Raw {
     std::string demoFolder;
     std::vector<std::string> usb;
     std::string device;
+    std::string app;
     std::vector<std::string> paths;
     std::string path;
     std::string target;
@@ -59,14 +60,21 @@ std::vector<Subcommand> addSubcommands(CLI::App& app, Raw& raw) {
         commands.push_back({sub, command});
         return *sub;
     };
-    const auto addDevice = [&](CLI::App& sub) {
+    const auto addAnyDevice = [&](CLI::App& sub) {
         sub.add_option("DEVICE", raw.device, "udid, a unique prefix of one, or a unique name")
             ->required();
+    };
+    const auto addDevice = [&](CLI::App& sub) {
+        addAnyDevice(sub);
+        sub.add_option("--app", raw.app, "Bundle identifier of the iPhone app to work in");
     };
 
     add("devices", "List the devices that are attached", Command::devices);
     add("watch", "Print attach, detach and changes as they happen", Command::watch,
         "Print one JSON object a line");
+
+    CLI::App& apps = add("apps", "List the apps of an iPhone that share files", Command::apps);
+    addAnyDevice(apps);
 
     CLI::App& list = add("ls", "List a folder of a device", Command::list);
     addDevice(list);
@@ -112,6 +120,7 @@ CliRequest requestOf(const Raw& raw, CliRequest::Command command) {
     if (!raw.demoFolder.empty())
         request.demoFolder = QFileInfo(text(raw.demoFolder)).absoluteFilePath();
     request.device = text(raw.device);
+    request.app = text(raw.app);
     for (const std::string& path : raw.paths)
         request.paths.append(text(path));
     if (!raw.path.empty())

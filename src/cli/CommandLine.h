@@ -13,11 +13,12 @@ namespace tessary {
 
 /// What the command line asks for. Paths on this machine are absolute.
 struct CliRequest {
-    enum class Command { devices, watch, list, info, get, put, makeFolder, remove, move };
+    enum class Command { devices, watch, apps, list, info, get, put, makeFolder, remove, move };
 
     Command command = Command::devices;
     QString device;    ///< udid, prefix of one, or name
     QStringList paths; ///< on the device
+    QString app;       ///< --app: bundle identifier of an iPhone app
     QString localPath;
     bool json = false;
     bool demo = false;

@@ -18,7 +18,7 @@ using View = QLatin1StringView;
 /// In the order of the kinds.
 constexpr std::array kindNames{View("attached"), View("detached"), View("changed"),
                                View("conflict")};
-constexpr std::array troubleNames{View("heldByProgram"), View("notPermitted"),
+constexpr std::array troubleNames{View("heldByProgram"), View("notPermitted"), View("refused"),
                                   View("notAnswering")};
 constexpr View troubleField("trouble");
 
@@ -71,6 +71,8 @@ QString shownFields(const DeviceChange& change) {
             shown.append(shownTrouble(change.trouble));
         else if (field == View("batteryLevel"))
             shown.append(shownBattery(device));
+        else if (field == View("deviceName"))
+            shown.append(printable(device.deviceName.value_or(QString())));
         else if (field == View("protocolMode"))
             shown.append(rawValue(device.protocolMode));
         else if (field == View("volumes") || field == View("isLocked") ||

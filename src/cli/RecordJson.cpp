@@ -49,6 +49,13 @@ QJsonObject toJson(const DeviceInfo& device) {
     return object;
 }
 
+QJsonObject toJson(const AppInfo& app) {
+    return {{View("bundleIdentifier"), app.bundleIdentifier},
+            {View("displayName"), app.displayName},
+            {View("fileSharingEnabled"), app.fileSharingEnabled},
+            {View("documentsInPlace"), app.documentsInPlace}};
+}
+
 QJsonObject toJson(const FileItem& item) {
     QJsonObject object{{View("name"), item.name},
                        {View("path"), item.path},

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/AppInfo.h"
 #include "core/DeviceInfo.h"
 #include "core/FileItem.h"
 #include "core/TransferOutcome.h"
@@ -13,6 +14,7 @@ namespace tessary {
 
 [[nodiscard]] QJsonObject toJson(const StorageVolume& volume);
 [[nodiscard]] QJsonObject toJson(const DeviceInfo& device);
+[[nodiscard]] QJsonObject toJson(const AppInfo& app);
 [[nodiscard]] QJsonObject toJson(const FileItem& item);
 [[nodiscard]] QJsonObject toJson(const TransferOutcome& outcome);
 

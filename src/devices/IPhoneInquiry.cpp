@@ -1,6 +1,7 @@
 #include "devices/IPhoneInquiry.h"
 
 #include "core/TessaryError.h"
+#include "files/BusyPhones.h"
 #include "files/ErrorAdvice.h"
 
 namespace tessary {
@@ -8,6 +9,8 @@ namespace tessary {
 DeviceAnswer askIPhone(const DeviceInfo& device) {
     using Outcome = DeviceAnswer::Outcome;
     DeviceAnswer answer;
+    if (BusyPhones::shared().isBusy(device.udid))
+        return answer;
     try {
         LockdownSession session(device.udid);
         answer.outcome = Outcome::answered;

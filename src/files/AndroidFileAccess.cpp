@@ -60,6 +60,10 @@ std::vector<FileItem> AndroidFileAccess::listDirectory(const QString& at,
     return service_.listDirectory(at, device_, stop);
 }
 
+FileItem AndroidFileAccess::itemAt(const QString& path, const std::stop_token& stop) {
+    return service_.itemAt(path, device_, stop);
+}
+
 void AndroidFileAccess::downloadFile(const FileItem& item, const QString& to,
                                      const FileProgressCallback& progress,
                                      const std::stop_token& stop) {

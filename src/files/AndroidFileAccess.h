@@ -20,6 +20,7 @@ public:
 
     [[nodiscard]] std::vector<FileItem> listDirectory(const QString& at,
                                                       const std::stop_token& stop) override;
+    [[nodiscard]] FileItem itemAt(const QString& path, const std::stop_token& stop) override;
     void downloadFile(const FileItem& item, const QString& to, const FileProgressCallback& progress,
                       const std::stop_token& stop) override;
     [[nodiscard]] TransferOutcome

@@ -41,6 +41,8 @@ public:
 
     [[nodiscard]] virtual std::vector<FileItem> listDirectory(const QString& at,
                                                               const std::stop_token& stop) = 0;
+    /// The entry at a path; the root is a folder called after itself.
+    [[nodiscard]] virtual FileItem itemAt(const QString& path, const std::stop_token& stop) = 0;
 
     /// Copies a file to `to`, a path that ends in the new file's name: whole or not at all.
     virtual void downloadFile(const FileItem& item, const QString& to,

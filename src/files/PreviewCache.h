@@ -32,8 +32,10 @@ public:
     [[nodiscard]] QString fetch(FileAccess& files, const FileItem& item,
                                 const FileProgressCallback& progress, const std::stop_token& stop);
 
-private:
+    /// Where the copy of a file lies once there is one.
     [[nodiscard]] QString pathOf(const FileAccess& files, const FileItem& item) const;
+
+private:
     void makeRoom(const QString& keep);
 
     const QString folder_;

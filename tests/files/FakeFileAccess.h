@@ -111,6 +111,9 @@ public:
             throw TessaryError::fileIOError(QStringLiteral("There is no %1").arg(at));
         return found->second;
     }
+    FileItem itemAt(const QString& path, const std::stop_token&) override {
+        throw TessaryError::fileIOError(QStringLiteral("There is no %1").arg(path));
+    }
     void downloadFile(const FileItem& item, const QString& to, const FileProgressCallback& progress,
                       const std::stop_token& stop) override {
         begin(QStringLiteral("download ") + item.name, stop);

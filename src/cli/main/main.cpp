@@ -2,6 +2,7 @@
 #include "cli/CommandLine.h"
 #include "cli/StopSignals.h"
 #include "core/Background.h"
+#include "ios/Multiplexer.h"
 #include "phones/DemoPhones.h"
 #include "platform/SystemUsbBus.h"
 #include "platform/qt/QtProcessRunner.h"
@@ -45,11 +46,16 @@ public:
     UsbBus& bus() {
         return demo_ ? demo_->bus() : *system_;
     }
+    /// The same for this machine's iPhones and virtual ones: it is found by the environment.
+    DeviceSources sources() {
+        return {bus(), &multiplexer_};
+    }
 
 private:
     QTemporaryDir folder_;
     std::unique_ptr<DemoPhones> demo_;
     std::unique_ptr<UsbBus> system_;
+    SystemMultiplexer multiplexer_;
 };
 
 } // namespace
@@ -74,7 +80,7 @@ int main(int argc, char** argv) {
             Phones phones(request);
             QtProcessRunner processes;
             DeviceFileService files(phones.bus(), processes);
-            status = CliRunner(phones.bus(), files, out, stderr).run(request, signals.token());
+            status = CliRunner(phones.sources(), files, out, stderr).run(request, signals.token());
             if (!Background::shutDown(backgroundPatience)) {
                 std::fclose(out);
                 std::_Exit(status); // a phone that hangs uses what would go now

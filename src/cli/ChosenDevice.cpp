@@ -1,0 +1,71 @@
+#include "cli/ChosenDevice.h"
+
+#include "core/CancellationError.h"
+#include "core/TessaryError.h"
+#include "devices/IOSDevices.h"
+#include "ios/LockdownSession.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tessary {
+
+namespace {
+
+void readNames(std::vector<DeviceInfo>& devices, const std::stop_token& stop) {
+    for (DeviceInfo& device : devices) {
+        throwIfStopped(stop);
+        if (device.platform != DevicePlatform::iOS || device.deviceName)
+            continue;
+        try {
+            device.deviceName = LockdownSession(device.udid, stop).deviceName();
+        } catch (const TessaryError&) {
+            // One that does not tell its name cannot be called by it.
+        }
+    }
+}
+
+} // namespace
+
+DeviceInfo chooseDevice(DeviceSources sources, const CliRequest& request,
+                        const std::stop_token& stop) {
+    std::vector<DeviceInfo> all = scanAndroidDevices(sources.usb, request.alsoAccept);
+    if (sources.multiplexer != nullptr)
+        for (DeviceInfo& phone : scanIOSDevices(*sources.multiplexer))
+            all.push_back(std::move(phone));
+    using Test = bool (*)(const DeviceInfo&, const QString&);
+    struct Rule {
+        bool needsNames;
+        Test fits;
+    };
+    static constexpr std::array rules{
+        Rule{false,
+             [](const DeviceInfo& device, const QString& wanted) { return device.udid == wanted; }},
+        Rule{false, [](const DeviceInfo& device,
+                       const QString& wanted) { return device.udid.startsWith(wanted); }},
+        Rule{true, [](const DeviceInfo& device, const QString& wanted) {
+                 return device.deviceName.value_or(QString()).compare(wanted,
+                                                                      Qt::CaseInsensitive) == 0;
+             }}};
+    for (const Rule& rule : rules) {
+        if (rule.needsNames)
+            readNames(all, stop);
+        std::vector<DeviceInfo> matching;
+        std::copy_if(all.begin(), all.end(), std::back_inserter(matching),
+                     [&](const DeviceInfo& device) { return rule.fits(device, request.device); });
+        if (matching.size() > 1)
+            throw TessaryError::deviceNotFound(
+                QStringLiteral("\"%1\" fits %2 devices. Give more of the udid: see tessary-cli "
+                               "devices.")
+                    .arg(request.device)
+                    .arg(matching.size()));
+        if (matching.size() == 1)
+            return matching.front();
+    }
+    throw TessaryError::deviceNotFound(
+        QStringLiteral("\"%1\" is not attached. Plug it in, unlock it and choose File transfer on "
+                       "it; tessary-cli devices lists what is there.")
+            .arg(request.device));
+}
+
+} // namespace tessary

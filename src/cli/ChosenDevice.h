@@ -1,0 +1,17 @@
+#pragma once
+
+#include "cli/CommandLine.h"
+#include "core/DeviceInfo.h"
+#include "devices/DeviceSources.h"
+
+#include <stop_token>
+
+namespace tessary {
+
+/// The one attached device that a request's text fits: as a udid, else as the beginning of one,
+/// else as a name. Blocking: the names of iPhones are asked of them, when it comes to names.
+/// TessaryError::deviceNotFound, in words that say what to do, when none or several fit.
+[[nodiscard]] DeviceInfo chooseDevice(DeviceSources sources, const CliRequest& request,
+                                      const std::stop_token& stop);
+
+} // namespace tessary
