@@ -320,10 +320,12 @@ void PhoneContainer::write(const FileHandle& file, std::span<const std::byte> by
     if (limit)
         room = std::min(room,
                         *limit - std::min<std::uint64_t>(*limit, static_cast<std::uint64_t>(at)));
-    // What lies inside the file takes no new space.
+    // What lies inside the file takes no new space; a gap that is jumped over does.
     const auto inside = static_cast<std::uint64_t>(std::max<off_t>(facts.st_size - at, 0));
+    const auto gap = static_cast<std::uint64_t>(std::max<off_t>(at - facts.st_size, 0));
+    const std::uint64_t free = phone_.freeBytes();
     if (room > inside)
-        room = inside + std::min(room - inside, phone_.freeBytes());
+        room = inside + std::min(room - inside, free - std::min(gap, free));
     for (std::size_t done = 0; done < room;) {
         const ssize_t written = ::write(file.get(), bytes.data() + done, room - done);
         if (written < 0 && errno == EINTR)
@@ -332,7 +334,7 @@ void PhoneContainer::write(const FileHandle& file, std::span<const std::byte> by
         done += static_cast<std::size_t>(written);
     }
     if (room > inside)
-        (void)phone_.addUsed(static_cast<std::int64_t>(room - inside));
+        (void)phone_.addUsed(static_cast<std::int64_t>(room - inside + gap));
     if (room < bytes.size())
         refuse(afc::noSpaceLeft);
 }

@@ -57,7 +57,8 @@ struct VirtualIPhoneConfig {
     VirtualTrust trust = VirtualTrust::trusted;
     /// The multiplexer has a pair record from the start. Else the host pairs first.
     bool isPaired = true;
-    bool isLocked = false;   ///< no service starts: "PasswordProtected"
+    /// Not unlocked since it was switched on: no pairing, session or service, "PasswordProtected".
+    bool isLocked = false;
     bool sessionTls = true;  ///< lockdown sessions go on under TLS
     bool serviceTls = false; ///< so do services
     /// The first answer of the installation proxy's Browse holds so many apps, and each one after.

@@ -140,6 +140,11 @@ TEST_F(AFCResponderTest, aFullPhoneTakesWhatFits) {
     EXPECT_EQ(folder_.read(documents("a")), "1234567123");
     EXPECT_EQ(afc_remove_path(afc(), "/Documents/a"), AFC_E_SUCCESS);
     EXPECT_EQ(phone_->freeBytes(), 10U);
+    const std::uint64_t sparse = openFile("/Documents/c", AFC_FOPEN_WR);
+    EXPECT_EQ(afc_file_seek(afc(), sparse, 8, SEEK_SET), AFC_E_SUCCESS);
+    EXPECT_EQ(write(sparse, "123"), AFC_E_NO_SPACE_LEFT);
+    EXPECT_EQ(phone_->freeBytes(), 0U);
+    phone_->setFree(10);
     fault([](auto& faults) { faults.storeFullAfter = 3; });
     EXPECT_EQ(write(openFile("/Documents/b", AFC_FOPEN_WR), "1234567"), AFC_E_NO_SPACE_LEFT);
     EXPECT_EQ(folder_.read(documents("b")), "123");
