@@ -1,5 +1,7 @@
 #include "files/FileListModel.h"
 
+#include "files/EntryMimeData.h"
+
 #include <array>
 
 namespace tessary {
@@ -139,6 +141,29 @@ QHash<int, QByteArray> FileListModel::roleNames() const {
                   {sizeRole, "size"},
                   {dateRole, "date"}});
     return names;
+}
+
+QStringList FileListModel::mimeTypes() const {
+    return {QString(EntryMimeData::format)};
+}
+
+QMimeData* FileListModel::mimeData(const QModelIndexList& indexes) const {
+    const std::shared_ptr<FileAccess>& files = browser_.files();
+    std::vector<FileItem> items;
+    for (const QModelIndex& index : indexes)
+        if (index.column() == nameColumn)
+            items.push_back(browser_.rows().item(index.row()));
+    if (files == nullptr || items.empty())
+        return nullptr;
+    return new EntryMimeData(files->identity(), std::move(items));
+}
+
+Qt::DropActions FileListModel::supportedDragActions() const {
+    return Qt::CopyAction | Qt::MoveAction;
+}
+
+Qt::DropActions FileListModel::supportedDropActions() const {
+    return Qt::CopyAction | Qt::MoveAction;
 }
 
 QModelIndex FileListModel::indexOf(const QString& id) const {

@@ -42,6 +42,12 @@ public:
     void sort(int column, Qt::SortOrder order) override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
+    [[nodiscard]] QStringList mimeTypes() const override;
+    /// An EntryMimeData of these rows' entries.
+    [[nodiscard]] QMimeData* mimeData(const QModelIndexList& indexes) const override;
+    [[nodiscard]] Qt::DropActions supportedDragActions() const override;
+    [[nodiscard]] Qt::DropActions supportedDropActions() const override;
+
     /// The first column's index of an entry; invalid when it is not shown.
     [[nodiscard]] QModelIndex indexOf(const QString& id) const;
 

@@ -1,114 +1,17 @@
-#include "app/views/MainWindow.h"
-#include "app/TessaryApp.h"
+#include "WindowFixture.h"
 #include "app/views/StatusBanner.h"
-#include "core/Background.h"
-#include "phones/VirtualAndroid.h"
-#include "platform/qt/QtProcessRunner.h"
-#include "support/PluggedPhone.h"
-#include "support/QtPrinters.h"
 #include "support/StallWatch.h"
 
-#include <QApplication>
 #include <QDragEnterEvent>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTest>
-#include <QTreeView>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-using namespace tessary;
-
+namespace tessary {
 namespace {
 
-constexpr int patience = 15'000; // ms
-
-/// A window on a virtual phone, used by mouse and keyboard.
-class MainWindowTest : public ::testing::Test {
-protected:
-    MainWindowTest() {
-        Background::restart();
-        phone_.write(QStringLiteral("DCIM/alpha.txt"), "a");
-        phone_.write(QStringLiteral("DCIM/beta.txt"), "bb");
-        phone_.write(QStringLiteral("DCIM/Trip/one.txt"), "one");
-        phone_.write(QStringLiteral("readme.md"), "hello");
-        app_ = std::make_unique<TessaryApp>(bus_, files_, TessaryAppSetup{});
-        window_ = std::make_unique<MainWindow>(*app_, dialogs());
-        window_->show();
-        window_->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get(), patience));
-        EXPECT_TRUE(wait([this] { return isShown(QStringLiteral("DCIM")); }));
-    }
-
-    ~MainWindowTest() override {
-        window_.reset();
-        app_.reset();
-    }
-
-    BrowserView::Dialogs dialogs() {
-        return {[this](QWidget*) { return local_.path(); },
-                [this](QWidget*) { return filesToCopy_; }, [](QWidget*) { return QString(); }};
-    }
-
-    static bool wait(const std::function<bool()>& condition) {
-        return QTest::qWaitFor(condition, patience);
-    }
-
-    [[nodiscard]] QTreeView& table() const {
-        return *window_->findChild<QTreeView*>(QStringLiteral("fileTable"));
-    }
-    [[nodiscard]] QModelIndex row(const QString& name) const {
-        const QAbstractItemModel& model = *table().model();
-        for (int i = 0; i < model.rowCount(); ++i)
-            if (model.index(i, 0).data().toString() == name)
-                return model.index(i, 0);
-        return {};
-    }
-    [[nodiscard]] bool isShown(const QString& name) const {
-        return !window_->browser().isLoading() && row(name).isValid();
-    }
-
-    void click(const QString& name, Qt::KeyboardModifiers keys = {}) {
-        // There is no window manager that would give the focus back after a dialog.
-        window_->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get(), patience));
-        const QRect cell = table().visualRect(row(name));
-        QTest::mouseClick(table().viewport(), Qt::LeftButton, keys, cell.center());
-    }
-    void doubleClick(const QString& name) {
-        const QPoint spot = table().visualRect(row(name)).center();
-        QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, spot);
-        QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, spot);
-    }
-    void press(Qt::Key key, Qt::KeyboardModifiers keys = {}) {
-        QTest::keyClick(QApplication::focusWidget() != nullptr ? QApplication::focusWidget()
-                                                               : window_.get(),
-                        key, keys);
-    }
-    void openFolder() {
-        doubleClick(QStringLiteral("DCIM"));
-        ASSERT_TRUE(wait([this] { return isShown(QStringLiteral("alpha.txt")); }));
-    }
-    [[nodiscard]] QStringList selectedNames() const {
-        QStringList names;
-        for (const FileItem& item : window_->browser().selectedEntries())
-            names.append(item.name);
-        return names;
-    }
-
-    TemporaryFolder local_;
-    QStringList filesToCopy_;
-    VirtualUsbBus bus_;
-    PluggedPhone phone_{bus_};
-    QtProcessRunner processes_;
-    DeviceFileService files_{bus_, processes_};
-    std::unique_ptr<TessaryApp> app_;
-    std::unique_ptr<MainWindow> window_;
-};
-
-} // namespace
+class MainWindowTest : public WindowFixture {};
 
 TEST_F(MainWindowTest, foldersAreEnteredAndLeftByMouseAndKeys) {
     openFolder();
@@ -279,8 +182,5 @@ TEST_F(MainWindowTest, mainThreadNeverWaitsForThePhone) {
                 static_cast<long long>(watch.longest()));
 }
 
-int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    ::testing::InitGoogleMock(&argc, argv);
-    return RUN_ALL_TESTS();
-}
+} // namespace
+} // namespace tessary

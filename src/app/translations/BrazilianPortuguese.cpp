@@ -246,6 +246,19 @@ constexpr std::array rows{
     TranslationRow{"Failed to delete %1: %2", "Não foi possível apagar %1: %2"},
     TranslationRow{"Failed to rename %1: %2", "Não foi possível renomear %1: %2"},
     TranslationRow{"Failed to move %1: %2", "Não foi possível mover %1: %2"},
+    TranslationRow{"Already There", "Já existe"},
+    TranslationRow{"Do the same for the other %1", "Fazer o mesmo com os outros %1"},
+    TranslationRow{"Into “%1”", "Para “%1”"},
+    TranslationRow{"Keep Both", "Manter ambos"},
+    TranslationRow{"New: %1", "Novo: %1"},
+    TranslationRow{"Replace", "Substituir"},
+    TranslationRow{"Replacing merges the folders; files of the same name in them are replaced.", "Ao substituir, as pastas são combinadas; os arquivos de mesmo nome são substituídos."},
+    TranslationRow{"Skip", "Pular"},
+    TranslationRow{"There: %1", "Existente: %1"},
+    TranslationRow{"“%1” is already there.", "“%1” já existe."},
+    TranslationRow{"Works with every phone, nothing to set up.", "Funciona com qualquer telefone, sem configuração."},
+    TranslationRow{"Faster and sees more. Needs USB debugging on the phone.", "Mais rápido e vê mais. Requer depuração USB no telefone."},
+    TranslationRow{"Drop a folder here to keep it at hand.", "Solte uma pasta aqui para tê-la à mão."},
 };
 // clang-format on
 

@@ -246,6 +246,19 @@ constexpr std::array rows{
     TranslationRow{"Failed to delete %1: %2", nullptr},
     TranslationRow{"Failed to rename %1: %2", nullptr},
     TranslationRow{"Failed to move %1: %2", nullptr},
+    TranslationRow{"Already There", "Already There"},
+    TranslationRow{"Do the same for the other %1", "Do the same for the other %1"},
+    TranslationRow{"Into “%1”", "Into “%1”"},
+    TranslationRow{"Keep Both", "Keep Both"},
+    TranslationRow{"New: %1", "New: %1"},
+    TranslationRow{"Replace", "Replace"},
+    TranslationRow{"Replacing merges the folders; files of the same name in them are replaced.", "Replacing merges the folders; files of the same name in them are replaced."},
+    TranslationRow{"Skip", "Skip"},
+    TranslationRow{"There: %1", "There: %1"},
+    TranslationRow{"“%1” is already there.", "“%1” is already there."},
+    TranslationRow{"Works with every phone, nothing to set up.", "Works with every phone, nothing to set up."},
+    TranslationRow{"Faster and sees more. Needs USB debugging on the phone.", "Faster and sees more. Needs USB debugging on the phone."},
+    TranslationRow{"Drop a folder here to keep it at hand.", "Drop a folder here to keep it at hand."},
 };
 // clang-format on
 

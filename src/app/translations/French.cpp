@@ -246,6 +246,19 @@ constexpr std::array rows{
     TranslationRow{"Failed to delete %1: %2", "Impossible de supprimer %1 : %2"},
     TranslationRow{"Failed to rename %1: %2", "Impossible de renommer %1 : %2"},
     TranslationRow{"Failed to move %1: %2", "Impossible de déplacer %1 : %2"},
+    TranslationRow{"Already There", "Existe déjà"},
+    TranslationRow{"Do the same for the other %1", "Faire de même pour les %1 autres"},
+    TranslationRow{"Into “%1”", "Dans « %1 »"},
+    TranslationRow{"Keep Both", "Conserver les deux"},
+    TranslationRow{"New: %1", "Nouveau : %1"},
+    TranslationRow{"Replace", "Remplacer"},
+    TranslationRow{"Replacing merges the folders; files of the same name in them are replaced.", "Le remplacement fusionne les dossiers ; les fichiers de même nom y sont remplacés."},
+    TranslationRow{"Skip", "Ignorer"},
+    TranslationRow{"There: %1", "Existant : %1"},
+    TranslationRow{"“%1” is already there.", "« %1 » existe déjà."},
+    TranslationRow{"Works with every phone, nothing to set up.", "Fonctionne avec tous les téléphones, sans configuration."},
+    TranslationRow{"Faster and sees more. Needs USB debugging on the phone.", "Plus rapide et voit davantage. Nécessite le débogage USB sur le téléphone."},
+    TranslationRow{"Drop a folder here to keep it at hand.", "Déposez un dossier ici pour le garder à portée de main."},
 };
 // clang-format on
 

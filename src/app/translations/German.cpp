@@ -246,6 +246,19 @@ constexpr std::array rows{
     TranslationRow{"Failed to delete %1: %2", "%1 konnte nicht gelöscht werden: %2"},
     TranslationRow{"Failed to rename %1: %2", "%1 konnte nicht umbenannt werden: %2"},
     TranslationRow{"Failed to move %1: %2", "%1 konnte nicht verschoben werden: %2"},
+    TranslationRow{"Already There", "Bereits vorhanden"},
+    TranslationRow{"Do the same for the other %1", "Für die übrigen %1 ebenso verfahren"},
+    TranslationRow{"Into “%1”", "In „%1“"},
+    TranslationRow{"Keep Both", "Beide behalten"},
+    TranslationRow{"New: %1", "Neu: %1"},
+    TranslationRow{"Replace", "Ersetzen"},
+    TranslationRow{"Replacing merges the folders; files of the same name in them are replaced.", "Beim Ersetzen werden die Ordner zusammengeführt; gleichnamige Dateien darin werden ersetzt."},
+    TranslationRow{"Skip", "Überspringen"},
+    TranslationRow{"There: %1", "Vorhanden: %1"},
+    TranslationRow{"“%1” is already there.", "„%1“ ist bereits vorhanden."},
+    TranslationRow{"Works with every phone, nothing to set up.", "Geht mit jedem Telefon, ohne Einrichtung."},
+    TranslationRow{"Faster and sees more. Needs USB debugging on the phone.", "Schneller und sieht mehr. Braucht USB-Debugging auf dem Telefon."},
+    TranslationRow{"Drop a folder here to keep it at hand.", "Ziehen Sie einen Ordner hierher, um ihn griffbereit zu haben."},
 };
 // clang-format on
 

@@ -246,6 +246,19 @@ constexpr std::array rows{
     TranslationRow{"Failed to delete %1: %2", "Impossibile eliminare %1: %2"},
     TranslationRow{"Failed to rename %1: %2", "Impossibile rinominare %1: %2"},
     TranslationRow{"Failed to move %1: %2", "Impossibile spostare %1: %2"},
+    TranslationRow{"Already There", "Esiste già"},
+    TranslationRow{"Do the same for the other %1", "Fai lo stesso per gli altri %1"},
+    TranslationRow{"Into “%1”", "In “%1”"},
+    TranslationRow{"Keep Both", "Mantieni entrambi"},
+    TranslationRow{"New: %1", "Nuovo: %1"},
+    TranslationRow{"Replace", "Sostituisci"},
+    TranslationRow{"Replacing merges the folders; files of the same name in them are replaced.", "La sostituzione unisce le cartelle; i file con lo stesso nome vengono sostituiti."},
+    TranslationRow{"Skip", "Salta"},
+    TranslationRow{"There: %1", "Esistente: %1"},
+    TranslationRow{"“%1” is already there.", "“%1” esiste già."},
+    TranslationRow{"Works with every phone, nothing to set up.", "Funziona con ogni telefono, senza configurazione."},
+    TranslationRow{"Faster and sees more. Needs USB debugging on the phone.", "Più veloce e vede di più. Richiede il debug USB sul telefono."},
+    TranslationRow{"Drop a folder here to keep it at hand.", "Trascina qui una cartella per averla a portata di mano."},
 };
 // clang-format on
 

@@ -246,6 +246,19 @@ constexpr std::array rows{
     TranslationRow{"Failed to delete %1: %2", "%1 を削除できませんでした: %2"},
     TranslationRow{"Failed to rename %1: %2", "%1 の名前を変更できませんでした: %2"},
     TranslationRow{"Failed to move %1: %2", "%1 を移動できませんでした: %2"},
+    TranslationRow{"Already There", "すでに存在します"},
+    TranslationRow{"Do the same for the other %1", "残りの%1項目にも同じ操作をする"},
+    TranslationRow{"Into “%1”", "「%1」へ"},
+    TranslationRow{"Keep Both", "両方を残す"},
+    TranslationRow{"New: %1", "新しい項目: %1"},
+    TranslationRow{"Replace", "置き換える"},
+    TranslationRow{"Replacing merges the folders; files of the same name in them are replaced.", "置き換えるとフォルダは結合され、同じ名前のファイルは置き換えられます。"},
+    TranslationRow{"Skip", "スキップ"},
+    TranslationRow{"There: %1", "既存の項目: %1"},
+    TranslationRow{"“%1” is already there.", "「%1」はすでに存在します。"},
+    TranslationRow{"Works with every phone, nothing to set up.", "どの電話でも設定なしで使えます。"},
+    TranslationRow{"Faster and sees more. Needs USB debugging on the phone.", "高速で、より多くの項目を表示します。電話のUSBデバッグが必要です。"},
+    TranslationRow{"Drop a folder here to keep it at hand.", "フォルダをここにドロップするとすぐに開けます。"},
 };
 // clang-format on
 

@@ -246,6 +246,19 @@ constexpr std::array rows{
     TranslationRow{"Failed to delete %1: %2", "%1을(를) 삭제하지 못함: %2"},
     TranslationRow{"Failed to rename %1: %2", "%1의 이름을 바꾸지 못함: %2"},
     TranslationRow{"Failed to move %1: %2", "%1을(를) 옮기지 못함: %2"},
+    TranslationRow{"Already There", "이미 있음"},
+    TranslationRow{"Do the same for the other %1", "나머지 %1개에도 동일하게 적용"},
+    TranslationRow{"Into “%1”", "‘%1’(으)로"},
+    TranslationRow{"Keep Both", "둘 다 유지"},
+    TranslationRow{"New: %1", "새 항목: %1"},
+    TranslationRow{"Replace", "대치"},
+    TranslationRow{"Replacing merges the folders; files of the same name in them are replaced.", "대치하면 폴더가 병합되고 이름이 같은 파일은 대치됩니다."},
+    TranslationRow{"Skip", "건너뛰기"},
+    TranslationRow{"There: %1", "기존 항목: %1"},
+    TranslationRow{"“%1” is already there.", "‘%1’ 항목이 이미 있습니다."},
+    TranslationRow{"Works with every phone, nothing to set up.", "모든 휴대폰에서 설정 없이 작동합니다."},
+    TranslationRow{"Faster and sees more. Needs USB debugging on the phone.", "더 빠르고 더 많이 보여 줍니다. 휴대폰의 USB 디버깅이 필요합니다."},
+    TranslationRow{"Drop a folder here to keep it at hand.", "폴더를 여기에 놓으면 바로 열 수 있습니다."},
 };
 // clang-format on
 

@@ -246,6 +246,19 @@ constexpr std::array rows{
     TranslationRow{"Failed to delete %1: %2", "无法删除 %1：%2"},
     TranslationRow{"Failed to rename %1: %2", "无法重命名 %1：%2"},
     TranslationRow{"Failed to move %1: %2", "无法移动 %1：%2"},
+    TranslationRow{"Already There", "已存在"},
+    TranslationRow{"Do the same for the other %1", "对其余 %1 项执行相同操作"},
+    TranslationRow{"Into “%1”", "到“%1”"},
+    TranslationRow{"Keep Both", "保留两者"},
+    TranslationRow{"New: %1", "新项目：%1"},
+    TranslationRow{"Replace", "替换"},
+    TranslationRow{"Replacing merges the folders; files of the same name in them are replaced.", "替换会合并文件夹；其中的同名文件会被替换。"},
+    TranslationRow{"Skip", "跳过"},
+    TranslationRow{"There: %1", "现有项目：%1"},
+    TranslationRow{"“%1” is already there.", "“%1”已存在。"},
+    TranslationRow{"Works with every phone, nothing to set up.", "适用于所有手机，无需设置。"},
+    TranslationRow{"Faster and sees more. Needs USB debugging on the phone.", "更快，可见内容更多。需要在手机上开启 USB 调试。"},
+    TranslationRow{"Drop a folder here to keep it at hand.", "将文件夹拖到此处以便随时打开。"},
 };
 // clang-format on
 

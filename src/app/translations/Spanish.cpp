@@ -246,6 +246,19 @@ constexpr std::array rows{
     TranslationRow{"Failed to delete %1: %2", "No se pudo eliminar %1: %2"},
     TranslationRow{"Failed to rename %1: %2", "No se pudo renombrar %1: %2"},
     TranslationRow{"Failed to move %1: %2", "No se pudo mover %1: %2"},
+    TranslationRow{"Already There", "Ya existe"},
+    TranslationRow{"Do the same for the other %1", "Hacer lo mismo con los otros %1"},
+    TranslationRow{"Into “%1”", "En «%1»"},
+    TranslationRow{"Keep Both", "Conservar ambos"},
+    TranslationRow{"New: %1", "Nuevo: %1"},
+    TranslationRow{"Replace", "Reemplazar"},
+    TranslationRow{"Replacing merges the folders; files of the same name in them are replaced.", "Al reemplazar se combinan las carpetas; los archivos del mismo nombre se reemplazan."},
+    TranslationRow{"Skip", "Omitir"},
+    TranslationRow{"There: %1", "Existente: %1"},
+    TranslationRow{"“%1” is already there.", "«%1» ya existe."},
+    TranslationRow{"Works with every phone, nothing to set up.", "Funciona con todos los teléfonos, sin configurar nada."},
+    TranslationRow{"Faster and sees more. Needs USB debugging on the phone.", "Más rápido y ve más. Requiere depuración USB en el teléfono."},
+    TranslationRow{"Drop a folder here to keep it at hand.", "Suelta aquí una carpeta para tenerla a mano."},
 };
 // clang-format on
 

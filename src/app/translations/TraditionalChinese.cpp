@@ -246,6 +246,19 @@ constexpr std::array rows{
     TranslationRow{"Failed to delete %1: %2", "無法刪除 %1：%2"},
     TranslationRow{"Failed to rename %1: %2", "無法重新命名 %1：%2"},
     TranslationRow{"Failed to move %1: %2", "無法移動 %1：%2"},
+    TranslationRow{"Already There", "已存在"},
+    TranslationRow{"Do the same for the other %1", "對其餘 %1 項執行相同操作"},
+    TranslationRow{"Into “%1”", "到「%1」"},
+    TranslationRow{"Keep Both", "保留兩者"},
+    TranslationRow{"New: %1", "新項目：%1"},
+    TranslationRow{"Replace", "取代"},
+    TranslationRow{"Replacing merges the folders; files of the same name in them are replaced.", "取代會合併檔案夾；其中的同名檔案會被取代。"},
+    TranslationRow{"Skip", "略過"},
+    TranslationRow{"There: %1", "現有項目：%1"},
+    TranslationRow{"“%1” is already there.", "「%1」已存在。"},
+    TranslationRow{"Works with every phone, nothing to set up.", "適用於所有手機，無需設定。"},
+    TranslationRow{"Faster and sees more. Needs USB debugging on the phone.", "更快，可見內容更多。需要在手機上開啟 USB 偵錯。"},
+    TranslationRow{"Drop a folder here to keep it at hand.", "將檔案夾拖到此處以便隨時開啟。"},
 };
 // clang-format on
 

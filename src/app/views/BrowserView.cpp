@@ -2,18 +2,23 @@
 
 #include "app/Translations.h"
 #include "app/views/BreadcrumbBar.h"
+#include "app/views/ClashQuestion.h"
 #include "app/views/FileViews.h"
 #include "app/views/Icons.h"
 #include "app/views/PlaceholderView.h"
+#include "core/Background.h"
 #include "core/ByteFormat.h"
 #include "core/Printable.h"
+#include "files/EntryMimeData.h"
 
 #include <QAbstractItemView>
 #include <QAction>
 #include <QActionGroup>
 #include <QApplication>
+#include <QDir>
 #include <QDragEnterEvent>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -173,6 +178,12 @@ void BrowserView::makeActions() {
                                  keys(Qt::CTRL | Qt::Key_1), [this] { setGrid(false); });
     actions_.asGrid = addCommand("view-list-icons", tessary::tr("As Grid"),
                                  keys(Qt::CTRL | Qt::Key_2), [this] { setGrid(true); });
+    actions_.favorite = addCommand("bookmark-new", tessary::tr("browser.addToFavorites"),
+                                   keys(Qt::CTRL | Qt::Key_B), [this] {
+                                       const auto [name, path] = favoriteCandidate();
+                                       if (!path.isEmpty() && favorites_.toggle)
+                                           favorites_.toggle(name, path);
+                                   });
     auto* modes = new QActionGroup(this);
     for (QAction* mode : {actions_.asList, actions_.asGrid}) {
         mode->setCheckable(true);
@@ -345,6 +356,27 @@ void BrowserView::updateActions() {
         action->setEnabled(isUsable && selected == 1);
     for (QAction* action : {actions_.remove, actions_.download})
         action->setEnabled(isUsable && selected > 0);
+    const QString path = favoriteCandidate().second;
+    const bool isFavorite = favorites_.contains && favorites_.contains(path);
+    actions_.favorite->setEnabled(isUsable && !path.isEmpty());
+    actions_.favorite->setText(isFavorite ? tessary::tr("browser.removeFromFavorites")
+                                          : tessary::tr("browser.addToFavorites"));
+}
+
+void BrowserView::setFavorites(Favorites favorites) {
+    favorites_ = std::move(favorites);
+    updateActions();
+}
+
+/// Name and path of the folder that a favorite would be made of: the selected one, or the one
+/// shown; empty when something else is selected.
+std::pair<QString, QString> BrowserView::favoriteCandidate() const {
+    const auto selected = browser_.selectedEntries();
+    if (selected.size() == 1 && selected.front().isDirectory)
+        return {selected.front().name, browser_.files()->canonicalPath(selected.front().path)};
+    if (!selected.empty() || browser_.breadcrumbs().empty())
+        return {};
+    return {browser_.breadcrumbs().back().name, browser_.currentPath()};
 }
 
 void BrowserView::setGrid(bool grid) {
@@ -402,13 +434,82 @@ void BrowserView::downloadSelected() {
     if (ids.isEmpty())
         return;
     const QString target = dialogs_.chooseTargetFolder(this);
-    if (!target.isEmpty())
-        browser_.downloadItems(ids, target);
+    if (target.isEmpty())
+        return;
+    const QStringList taken = browser_.namesTakenIn(target, ids);
+    std::vector<Clash> clashes;
+    for (const FileItem& item : browser_.selectedEntries()) {
+        if (!taken.contains(item.name))
+            continue;
+        const QFileInfo existing(QDir(target), item.name);
+        clashes.push_back({item.id(),
+                           item.name,
+                           item.isDirectory,
+                           {item.size, item.modifiedDate},
+                           {existing.size(), existing.lastModified()}});
+    }
+    const auto choices = askAboutClashes(this, clashes, true);
+    if (!choices)
+        return;
+    QStringList replacing;
+    QStringList keeping;
+    for (const QString& id : ids) {
+        const ClashChoice choice = choices->value(id, ClashChoice::keepBoth);
+        if (choice != ClashChoice::skip)
+            (choice == ClashChoice::replace ? replacing : keeping).append(id);
+    }
+    if (!replacing.isEmpty())
+        browser_.downloadItems(replacing, target, NameClash::replace);
+    if (!keeping.isEmpty())
+        browser_.downloadItems(keeping, target, NameClash::keepBoth);
 }
 
-void BrowserView::upload(const QStringList& paths) {
-    if (!paths.isEmpty())
-        browser_.uploadFiles(paths);
+void BrowserView::upload(const QStringList& paths, const QString& intoFolderId) {
+    if (paths.isEmpty() || browser_.files() == nullptr)
+        return;
+    const FileItem* folder = intoFolderId.isEmpty() ? nullptr : browser_.itemWithId(intoFolderId);
+    if (folder == nullptr) {
+        uploadBeside(paths, {}, browser_.items());
+        return;
+    }
+    // What is in a folder that is not shown has to be read first.
+    runInBackground(
+        this,
+        [files = browser_.files(), path = folder->path](const std::stop_token& stop) {
+            return files->listDirectory(path, stop);
+        },
+        [this, paths, intoFolderId](BackgroundResult<std::vector<FileItem>> listing) {
+            // A folder that cannot be read takes no files either: the copy says why.
+            uploadBeside(paths, intoFolderId,
+                         listing.succeeded() ? listing.take() : std::vector<FileItem>());
+        });
+}
+
+/// Uploads next to these entries, of which some may have to be replaced.
+void BrowserView::uploadBeside(const QStringList& paths, const QString& intoFolderId,
+                               const std::vector<FileItem>& entries) {
+    QHash<QString, const FileItem*> byName;
+    for (const FileItem& item : entries)
+        byName.insert(item.name, &item);
+    std::vector<Clash> clashes;
+    for (const QString& path : paths) {
+        const QFileInfo local(path);
+        if (const FileItem* item = byName.value(local.fileName()))
+            clashes.push_back({path,
+                               item->name,
+                               local.isDir(),
+                               {local.size(), local.lastModified()},
+                               {item->size, item->modifiedDate}});
+    }
+    const auto choices = askAboutClashes(this, clashes, false);
+    if (!choices)
+        return;
+    QStringList wanted;
+    for (const QString& path : paths)
+        if (choices->value(path, ClashChoice::replace) == ClashChoice::replace)
+            wanted.append(path);
+    if (!wanted.isEmpty())
+        browser_.uploadFiles(wanted, intoFolderId);
 }
 
 void BrowserView::showContextMenu(const QPoint& position) {
@@ -417,12 +518,15 @@ void BrowserView::showContextMenu(const QPoint& position) {
         for (QAction* action : {actions_.newFolder, actions_.uploadFiles, actions_.uploadFolder})
             menu.addAction(action);
         menu.addSeparator();
+        menu.addAction(actions_.favorite);
         menu.addAction(actions_.reload);
     } else {
         const auto selected = browser_.selectedEntries();
         if (selected.size() == 1 && selected.front().isDirectory)
             menu.addAction(actions_.open);
         menu.addAction(actions_.download);
+        if (selected.size() == 1 && selected.front().isDirectory)
+            menu.addAction(actions_.favorite);
         menu.addSeparator();
         menu.addAction(actions_.rename);
         menu.addAction(actions_.remove);
@@ -458,17 +562,47 @@ bool BrowserView::eventFilter(QObject* watched, QEvent* event) {
     return false;
 }
 
+/// Entries that the window itself drags: from this connection, and not onto themselves.
+const EntryMimeData* BrowserView::ownEntries(const QDropEvent& event) const {
+    const auto* entries = qobject_cast<const EntryMimeData*>(event.mimeData());
+    return entries != nullptr && browser_.files() != nullptr &&
+                   entries->identity() == browser_.files()->identity()
+               ? entries
+               : nullptr;
+}
+
 void BrowserView::dragEnterEvent(QDragEnterEvent* event) {
     const bool isUsable = browser_.files() != nullptr && browser_.state() == BrowserState::ready;
-    if (isUsable && event->mimeData()->hasUrls()) {
-        event->setDropAction(Qt::CopyAction);
-        event->accept();
-    }
+    if (isUsable && (ownEntries(*event) != nullptr || event->mimeData()->hasUrls()))
+        event->acceptProposedAction();
 }
 
 void BrowserView::dragMoveEvent(QDragMoveEvent* event) {
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
+    const QString folder = folderUnder(event->position().toPoint());
+    if (const EntryMimeData* entries = ownEntries(*event)) {
+        const bool isOntoItself =
+            std::any_of(entries->items().begin(), entries->items().end(),
+                        [&folder](const FileItem& item) { return item.id() == folder; });
+        event->setDropAction(Qt::MoveAction);
+        event->setAccepted(!folder.isEmpty() && !isOntoItself);
+    } else {
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+    }
+    showDropTarget(event->isAccepted() ? folder : QString());
+}
+
+void BrowserView::dragLeaveEvent(QDragLeaveEvent* event) {
+    showDropTarget({});
+    QWidget::dragLeaveEvent(event);
+}
+
+void BrowserView::showDropTarget(const QString& folderId) {
+    const FileItem* folder = folderId.isEmpty() ? nullptr : browser_.itemWithId(folderId);
+    if (folder != nullptr)
+        status_->setText(tessary::tr("Into “%1”").arg(printable(folder->name)));
+    else
+        showStatus();
 }
 
 /// The folder of the listing at a position of this widget; empty for anything else.
@@ -483,6 +617,19 @@ QString BrowserView::folderUnder(const QPoint& position) const {
 }
 
 void BrowserView::dropEvent(QDropEvent* event) {
+    showDropTarget({});
+    const QString folder = folderUnder(event->position().toPoint());
+    if (const EntryMimeData* entries = ownEntries(*event)) {
+        QStringList ids;
+        for (const FileItem& item : entries->items())
+            ids.append(item.id());
+        if (const FileItem* target = browser_.itemWithId(folder)) {
+            event->setDropAction(Qt::MoveAction);
+            event->accept();
+            browser_.moveItemsToPath(ids, target->path);
+        }
+        return;
+    }
     QStringList paths;
     for (const QUrl& url : event->mimeData()->urls())
         if (url.isLocalFile())
@@ -491,7 +638,7 @@ void BrowserView::dropEvent(QDropEvent* event) {
         return;
     event->setDropAction(Qt::CopyAction);
     event->accept();
-    browser_.uploadFiles(paths, folderUnder(event->position().toPoint()));
+    upload(paths, folder);
 }
 
 } // namespace tessary

@@ -19,6 +19,7 @@ class QToolButton;
 namespace tessary {
 
 class BreadcrumbBar;
+class EntryMimeData;
 class FileGridView;
 class FileTableView;
 class PlaceholderView;
@@ -44,6 +45,13 @@ public:
         QAction* find;
         QAction* asList;
         QAction* asGrid;
+        QAction* favorite;
+    };
+
+    /// What the view asks and tells about favorites.
+    struct Favorites {
+        std::function<bool(const QString& path)> contains;
+        std::function<void(const QString& name, const QString& path)> toggle;
     };
 
     /// Asks the user for a local folder, or for local files or a folder; empty when he declined.
@@ -60,12 +68,16 @@ public:
     [[nodiscard]] const Actions& actions() const {
         return actions_;
     }
+    void setFavorites(Favorites favorites);
+    /// Favorites have changed.
+    void updateActions();
     /// The listing that is shown, table or grid.
     [[nodiscard]] QAbstractItemView& currentListing() const;
 
 protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -78,19 +90,24 @@ private:
     void showPath();
     void showContent();
     void showStatus();
-    void updateActions();
     void showContextMenu(const QPoint& position);
     void openSelected();
     void renameSelected();
     void removeSelected();
     void downloadSelected();
-    void upload(const QStringList& paths);
+    void upload(const QStringList& paths, const QString& intoFolderId = {});
+    void uploadBeside(const QStringList& paths, const QString& intoFolderId,
+                      const std::vector<FileItem>& entries);
     void setGrid(bool grid);
     [[nodiscard]] QStringList selectedIds() const;
+    [[nodiscard]] std::pair<QString, QString> favoriteCandidate() const;
+    [[nodiscard]] const EntryMimeData* ownEntries(const QDropEvent& event) const;
+    void showDropTarget(const QString& folderId);
     [[nodiscard]] QString folderUnder(const QPoint& position) const;
 
     FileBrowserViewModel& browser_;
     Dialogs dialogs_;
+    Favorites favorites_;
     FileListModel model_;
     Actions actions_{};
     BreadcrumbBar* breadcrumbs_;

@@ -38,8 +38,10 @@ void FileItemDelegate::initStyleOption(QStyleOptionViewItem* option,
         option->text = tessary::tr(option->text);
     if (index.column() == FileListModel::dateColumn)
         option->text = shownDate(index.data(FileListModel::dateRole).toDateTime(), option->locale);
-    if (index.column() == FileListModel::sizeColumn)
+    if (index.column() == FileListModel::sizeColumn) {
         option->displayAlignment = Qt::AlignRight | Qt::AlignVCenter;
+        option->text += QChar(0x2003); // keeps it apart from the date
+    }
     if (index.column() != FileListModel::nameColumn)
         return;
     option->features |= QStyleOptionViewItem::HasDecoration;

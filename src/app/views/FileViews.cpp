@@ -1,10 +1,15 @@
 #include "app/views/FileViews.h"
 
 #include "app/Translations.h"
+#include "app/views/DragOut.h"
 #include "app/views/FileItemDelegate.h"
+#include "app/views/Icons.h"
+#include "core/Printable.h"
 
+#include <QDrag>
 #include <QHeaderView>
 #include <QMouseEvent>
+#include <QPainter>
 
 namespace tessary {
 
@@ -16,10 +21,48 @@ void setUp(QAbstractItemView& view, FileListModel& model) {
     view.setSelectionMode(QAbstractItemView::ExtendedSelection);
     view.setSelectionBehavior(QAbstractItemView::SelectRows);
     view.setEditTriggers(QAbstractItemView::EditKeyPressed);
-    view.setDragDropMode(QAbstractItemView::NoDragDrop);
+    view.setDragDropMode(QAbstractItemView::DragOnly); // drops are the browser view's
     view.setContextMenuPolicy(Qt::CustomContextMenu);
     view.setFrameShape(QFrame::NoFrame);
     view.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+}
+
+/// Drags the selected entries, under a picture of what is dragged.
+void dragSelected(QAbstractItemView& view, FileBrowserViewModel& browser) {
+    std::vector<FileItem> items = browser.selectedEntries();
+    if (items.empty() || browser.files() == nullptr)
+        return;
+    const QFontMetrics metrics = view.fontMetrics();
+    const QString label =
+        items.size() == 1 ? metrics.elidedText(printable(items.front().name), Qt::ElideMiddle, 220)
+                          : tessary::tr("%1 items").arg(items.size());
+    const QIcon icon = fileIcon(items.front().iconName());
+    constexpr int iconSize = 32;
+    constexpr int margin = 8;
+    const qreal ratio = view.devicePixelRatioF();
+    QPixmap picture(
+        (QSizeF(iconSize + metrics.horizontalAdvance(label) + 3 * margin, iconSize + 2 * margin) *
+         ratio)
+            .toSize());
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::transparent);
+    {
+        QPainter painter(&picture);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(view.palette().highlight());
+        const QRectF ground(QPointF(0, 0), QSizeF(picture.size()) / ratio);
+        painter.drawRoundedRect(ground, margin, margin);
+        icon.paint(&painter, margin, margin, iconSize, iconSize);
+        painter.setPen(view.palette().color(QPalette::HighlightedText));
+        painter.drawText(ground.adjusted(iconSize + 2 * margin, 0, -margin, 0),
+                         Qt::AlignVCenter | Qt::AlignLeft, label);
+    }
+    auto* drag = new QDrag(&view);
+    drag->setMimeData(new DragOutData(browser, browser.files()->identity(), std::move(items)));
+    drag->setPixmap(picture);
+    drag->setHotSpot({margin, margin});
+    drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::CopyAction);
 }
 
 QSet<QString> selectedIds(const QItemSelectionModel& selection) {
@@ -112,6 +155,10 @@ void FileTableView::mousePressEvent(QMouseEvent* event) {
     QTreeView::mousePressEvent(event);
 }
 
+void FileTableView::startDrag(Qt::DropActions) {
+    dragSelected(*this, browser_);
+}
+
 FileGridView::FileGridView(FileBrowserViewModel& browser, FileListModel& model, QWidget* parent)
     : QListView(parent), browser_(browser) {
     setObjectName(QStringLiteral("fileGrid"));
@@ -133,6 +180,10 @@ FileGridView::FileGridView(FileBrowserViewModel& browser, FileListModel& model, 
 
 void FileGridView::keyboardSearch(const QString& search) {
     browser_.handleTypeahead(search);
+}
+
+void FileGridView::startDrag(Qt::DropActions) {
+    dragSelected(*this, browser_);
 }
 
 } // namespace tessary

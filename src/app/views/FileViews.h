@@ -17,6 +17,7 @@ public:
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void startDrag(Qt::DropActions supportedActions) override;
 
 private:
     FileBrowserViewModel& browser_;
@@ -28,6 +29,9 @@ public:
     FileGridView(FileBrowserViewModel& browser, FileListModel& model, QWidget* parent = nullptr);
 
     void keyboardSearch(const QString& search) override;
+
+protected:
+    void startDrag(Qt::DropActions supportedActions) override;
 
 private:
     FileBrowserViewModel& browser_;

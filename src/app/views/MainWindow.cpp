@@ -1,7 +1,6 @@
 #include "app/views/MainWindow.h"
 
 #include "app/Translations.h"
-#include "app/views/DeviceDelegate.h"
 #include "app/views/Icons.h"
 #include "app/views/PlaceholderView.h"
 #include "app/views/StatusBanner.h"
@@ -13,7 +12,6 @@
 
 #include <QApplication>
 #include <QHideEvent>
-#include <QLabel>
 #include <QListView>
 #include <QMenuBar>
 #include <QShowEvent>
@@ -41,7 +39,7 @@ MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* p
       transfers_(app.transferEngine()),
       browser_(transfers_, browserSetup(app)),
       devices_(app.deviceManager()),
-      deviceList_(new QListView),
+      sidebar_(new Sidebar(devices_, app.favoritesManager(), sidebarWishes())),
       banner_(new StatusBanner),
       pages_(new QStackedWidget),
       welcome_(new WelcomeView([&app] { app.startDemo(); })),
@@ -72,7 +70,7 @@ MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* p
     column->addWidget(right, 1);
 
     auto* split = new QSplitter(Qt::Horizontal);
-    split->addWidget(makeSidebar());
+    split->addWidget(sidebar_);
     split->addWidget(content);
     split->setStretchFactor(1, 1);
     split->setSizes({250, 930});
@@ -81,6 +79,29 @@ MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* p
     setCentralWidget(split);
     makeMenus();
 
+    connect(sidebar_->deviceList().selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &MainWindow::chooseDevice);
+    browserView_->setFavorites(
+        {[this](const QString& path) {
+             const auto& device = browser_.activeDevice();
+             return device && app_.favoritesManager().isFavorite(device->udid, path, std::nullopt);
+         },
+         [this](const QString& name, const QString& path) {
+             if (const auto& device = browser_.activeDevice())
+                 app_.favoritesManager().toggleFavorite(device->udid, name, path);
+         }});
+    connect(&app.favoritesManager(), &FavoritesManager::favoritesChanged, browserView_,
+            &BrowserView::updateActions);
+    connect(&browser_, &FileBrowserViewModel::connectionChanged, this, &MainWindow::showSidebar);
+    connect(&browser_, &FileBrowserViewModel::pathChanged, this,
+            [this] { sidebar_->showFolder(browser_.currentPath()); });
+    connect(&browser_, &FileBrowserViewModel::itemsDeleted, this, [this](const QStringList& paths) {
+        const auto& device = browser_.activeDevice();
+        for (const QString& path : paths)
+            if (device)
+                app_.favoritesManager().removeFavorites(browser_.files()->canonicalPath(path),
+                                                        device->udid, std::nullopt);
+    });
     connect(&app.deviceManager(), &DeviceManager::devicesChanged, this,
             &MainWindow::deviceListChanged);
     connect(&app.deviceManager(), &DeviceManager::troubleChanged, this, [this] {
@@ -98,37 +119,13 @@ MainWindow::~MainWindow() {
     delete takeCentralWidget();
 }
 
-QWidget* MainWindow::makeSidebar() {
-    deviceList_->setObjectName(QStringLiteral("deviceList"));
-    deviceList_->setAccessibleName(tessary::tr("sidebar.connectedDevices"));
-    deviceList_->setModel(&devices_);
-    deviceList_->setItemDelegate(new DeviceDelegate(deviceList_));
-    deviceList_->setFrameShape(QFrame::NoFrame);
-    deviceList_->setMouseTracking(true);
-    deviceList_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    deviceList_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    deviceList_->viewport()->setBackgroundRole(QPalette::AlternateBase);
-    connect(deviceList_->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            &MainWindow::chooseDevice);
-
-    auto* heading = new QLabel(tessary::tr("sidebar.connectedDevices"));
-    QFont font = heading->font();
-    font.setPointSizeF(font.pointSizeF() * 0.88);
-    font.setWeight(QFont::DemiBold);
-    heading->setFont(font);
-    heading->setForegroundRole(QPalette::PlaceholderText);
-    heading->setContentsMargins(16, 12, 10, 4);
-
-    auto* sidebar = new QWidget;
-    sidebar->setMinimumWidth(200);
-    sidebar->setAutoFillBackground(true);
-    sidebar->setBackgroundRole(QPalette::AlternateBase);
-    auto* column = new QVBoxLayout(sidebar);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->addWidget(heading);
-    column->addWidget(deviceList_, 1);
-    return sidebar;
+Sidebar::Wishes MainWindow::sidebarWishes() {
+    return {[this](const DeviceFavorite& favorite) { openFavorite(favorite); },
+            [this](const QString& path) { browser_.navigateTo(path); },
+            [this](ProtocolMode mode) {
+                if (const auto& device = browser_.activeDevice())
+                    app_.deviceManager().chooseProtocolMode(device->udid, mode);
+            }};
 }
 
 void MainWindow::makeMenus() {
@@ -156,6 +153,8 @@ void MainWindow::makeMenus() {
     QMenu* go = menuBar()->addMenu(tessary::tr("Go"));
     for (QAction* action : {actions.back, actions.forward, actions.up})
         go->addAction(action);
+    go->addSeparator();
+    go->addAction(actions.favorite);
 }
 
 void MainWindow::showEvent(QShowEvent* event) {
@@ -193,10 +192,24 @@ void MainWindow::deviceListChanged() {
         }
     }
     // The first phone to come is the one that the user has just plugged in.
-    if (!deviceList_->currentIndex().isValid() && devices_.rowCount() > 0)
-        deviceList_->setCurrentIndex(devices_.index(0));
+    QListView& list = sidebar_->deviceList();
+    if (!list.currentIndex().isValid() && devices_.rowCount() > 0)
+        list.setCurrentIndex(devices_.index(0));
+    showSidebar();
     showPage();
     showBanner();
+}
+
+void MainWindow::showSidebar() {
+    FavoriteSource source;
+    source.files = browser_.files();
+    const bool isLost = browser_.state() == BrowserState::deviceLost;
+    sidebar_->showDevice(isLost ? std::nullopt : browser_.activeDevice(), source);
+    sidebar_->showFolder(browser_.currentPath());
+}
+
+void MainWindow::openFavorite(const DeviceFavorite& favorite) {
+    browser_.navigateTo(favorite.path);
 }
 
 void MainWindow::chooseDevice(const QModelIndex& index) {

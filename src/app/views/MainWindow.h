@@ -3,12 +3,12 @@
 #include "app/TessaryApp.h"
 #include "app/views/BrowserView.h"
 #include "app/views/DeviceListModel.h"
+#include "app/views/Sidebar.h"
 #include "files/FileBrowserViewModel.h"
 #include "files/TransferViewModel.h"
 
 #include <QMainWindow>
 
-class QListView;
 class QStackedWidget;
 
 namespace tessary {
@@ -44,10 +44,12 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    QWidget* makeSidebar();
+    [[nodiscard]] Sidebar::Wishes sidebarWishes();
     void makeMenus();
     void deviceListChanged();
     void chooseDevice(const QModelIndex& index);
+    void showSidebar();
+    void openFavorite(const DeviceFavorite& favorite);
     void showPage();
     void showBanner();
     void releaseDevice();
@@ -56,7 +58,7 @@ private:
     TransferViewModel transfers_;
     FileBrowserViewModel browser_;
     DeviceListModel devices_;
-    QListView* deviceList_;
+    Sidebar* sidebar_;
     StatusBanner* banner_;
     QStackedWidget* pages_;
     WelcomeView* welcome_;

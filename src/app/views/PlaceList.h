@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QListView>
+
+class QLabel;
+
+namespace tessary {
+
+class PlaceListModel;
+
+/// One section of the sidebar: a heading, and rows that take no more room than they need. Without
+/// rows it is gone, unless it has words for that.
+class PlaceList : public QWidget {
+public:
+    /// `model` must outlive it. `headingKey` is for tr().
+    PlaceList(const char* headingKey, PlaceListModel& model, QWidget* parent = nullptr);
+
+    [[nodiscard]] QListView& view() const {
+        return *view_;
+    }
+    /// A key for tr(): shown in place of rows.
+    void setHint(const char* key);
+    /// Marks a row, or none.
+    void mark(const QModelIndex& index);
+
+private:
+    void fit();
+
+    PlaceListModel& model_;
+    QListView* view_;
+    QLabel* hint_;
+    bool hasHint_ = false;
+};
+
+/// The small heading above a section.
+[[nodiscard]] QWidget* makeSectionHeading(const char* key);
+
+} // namespace tessary
