@@ -61,17 +61,17 @@ void addPhoneInfo(DeviceInfo& device, const std::stop_token& stop) {
 
 } // namespace
 
-CliRunner::CliRunner(DeviceSources sources, DeviceFileService& files, std::FILE* out,
-                     std::FILE* error)
-    : sources_(sources), service_(files), out_(out), error_(error) {}
+CliRunner::CliRunner(DeviceSources sources, DeviceFileService& files, UserDefaults& defaults,
+                     std::FILE* out, std::FILE* error)
+    : sources_(sources), service_(files), defaults_(defaults), out_(out), error_(error) {}
 
 CliRunner::ExitStatus CliRunner::run(const CliRequest& request,
                                      const std::stop_token& stop) noexcept {
     using Step = void (CliRunner::*)();
-    static constexpr std::array<Step, 10> steps{
+    static constexpr std::array<Step, 11> steps{
         &CliRunner::devices, &CliRunner::watch, &CliRunner::apps, &CliRunner::list,
         &CliRunner::info,    &CliRunner::get,   &CliRunner::put,  &CliRunner::makeFolders,
-        &CliRunner::remove,  &CliRunner::move};
+        &CliRunner::remove, &CliRunner::move, &CliRunner::sync};
     request_ = request;
     stop_ = stop;
     device_.reset();

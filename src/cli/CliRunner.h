@@ -4,6 +4,8 @@
 #include "devices/DeviceSources.h"
 #include "files/DeviceFileService.h"
 #include "files/FileAccess.h"
+#include "platform/UserDefaults.h"
+#include "sync/SyncReport.h"
 
 #include <cstdio>
 #include <memory>
@@ -21,7 +23,8 @@ public:
     enum ExitStatus { done = 0, failed = 1, wrongUsage = 2, interrupted = 130 };
 
     /// Everything must outlive the runner.
-    CliRunner(DeviceSources sources, DeviceFileService& files, std::FILE* out, std::FILE* error);
+    CliRunner(DeviceSources sources, DeviceFileService& files, UserDefaults& defaults,
+              std::FILE* out, std::FILE* error);
 
     /// Never throws: every failure is one clear line on `error` and an exit status.
     [[nodiscard]] ExitStatus run(const CliRequest& request, const std::stop_token& stop) noexcept;
@@ -37,6 +40,8 @@ private:
     void makeFolders();
     void remove();
     void move();
+    void sync();
+    [[nodiscard]] bool mayGoOn(const SyncQuestion& question);
 
     [[nodiscard]] const DeviceInfo& chosenDevice();
     /// The files of the chosen device, or of the chosen app of it.
@@ -49,6 +54,7 @@ private:
 
     const DeviceSources sources_;
     DeviceFileService& service_;
+    UserDefaults& defaults_;
     std::FILE* out_;
     std::FILE* error_;
 

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <array>
 #include <string>
 
 namespace tessary {
@@ -30,7 +31,23 @@ struct Raw {
     std::string path;
     std::string target;
     std::string local;
+    std::string mode;
+    bool move = false;
+    bool noDelete = false;
+    bool yes = false;
+    bool yesAll = false;
+    bool keep = false;
+    bool dryRun = false;
 };
+
+struct ModeName {
+    const char* name;
+    SyncMode mode;
+};
+
+constexpr std::array modeNames{ModeName{"both", SyncMode::biDirectional},
+                               ModeName{"to-device", SyncMode::toiPhone},
+                               ModeName{"to-mac", SyncMode::toMac}};
 
 /// "VID:PID" in hexadecimal.
 std::optional<UsbIds> parseIds(const std::string& ids) {
@@ -49,6 +66,28 @@ struct Subcommand {
     CLI::App* app = nullptr;
     CliRequest::Command command = CliRequest::Command::devices;
 };
+
+template <typename AddDevice>
+void addSync(CLI::App& sync, Raw& raw, const AddDevice& addDevice) {
+    addDevice(sync);
+    sync.add_option("LOCAL", raw.local, "Folder here")->required();
+    sync.add_option("PATH", raw.path, "Folder on the device")->required();
+    std::vector<std::string> names;
+    for (const ModeName& mode : modeNames)
+        names.emplace_back(mode.name);
+    sync.add_option("--mode", raw.mode, "Which way files flow")
+        ->required()
+        ->check(CLI::IsMember(names));
+    sync.add_flag("--move", raw.move, "One way only: delete each file that has arrived");
+    sync.add_flag("--no-delete", raw.noDelete, "Copy back what was deleted on one side");
+    CLI::Option* yes =
+        sync.add_flag("--yes", raw.yes, "Delete without asking; refuse what looks like a mistake");
+    CLI::Option* yesAll = sync.add_flag("--yes-all", raw.yesAll, "Delete without asking at all");
+    CLI::Option* keep = sync.add_flag("--keep", raw.keep, "Delete nothing in this run");
+    yes->excludes(yesAll)->excludes(keep);
+    yesAll->excludes(keep);
+    sync.add_flag("--dry-run", raw.dryRun, "Print what would be done, and do nothing");
+}
 
 std::vector<Subcommand> addSubcommands(CLI::App& app, Raw& raw) {
     using Command = CliRequest::Command;
@@ -109,6 +148,9 @@ std::vector<Subcommand> addSubcommands(CLI::App& app, Raw& raw) {
     move.add_option("PATH", raw.path, "File or folder on the device")->required();
     move.add_option("TARGET", raw.target, "A new name, a new path, or a folder that exists")
         ->required();
+
+    addSync(add("sync", "Keep a folder here and a folder on a device in step", Command::sync), raw,
+            addDevice);
     return commands;
 }
 
@@ -129,6 +171,16 @@ CliRequest requestOf(const Raw& raw, CliRequest::Command command) {
         request.paths.append(QStringLiteral("/"));
     if (!raw.target.empty())
         request.paths.append(text(raw.target));
+    for (const ModeName& mode : modeNames)
+        if (raw.mode == mode.name)
+            request.mode = mode.mode;
+    request.moves = raw.move;
+    request.deletes = !raw.noDelete;
+    request.isDryRun = raw.dryRun;
+    request.answer = raw.yesAll ? CliRequest::Answer::yesAll
+                     : raw.yes  ? CliRequest::Answer::yes
+                     : raw.keep ? CliRequest::Answer::keep
+                                : CliRequest::Answer::ask;
     if (!raw.local.empty())
         request.localPath = QFileInfo(text(raw.local)).absoluteFilePath();
     return request;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "devices/AndroidDevices.h"
+#include "sync/SyncPair.h"
 
 #include <QString>
 #include <QStringList>
@@ -13,7 +14,14 @@ namespace tessary {
 
 /// What the command line asks for. Paths on this machine are absolute.
 struct CliRequest {
-    enum class Command { devices, watch, apps, list, info, get, put, makeFolder, remove, move };
+    enum class Command { devices, watch, apps, list, info, get, put, makeFolder, remove, move, sync };
+    /// What a sync answers when it has something to delete.
+    enum class Answer {
+        ask,   ///< the user, at a terminal; refuse elsewhere
+        keep,  ///< --keep: delete nothing
+        yes,   ///< --yes: delete, but refuse what looks like a mistake
+        yesAll ///< --yes-all: delete
+    };
 
     Command command = Command::devices;
     QString device;    ///< udid, prefix of one, or name
@@ -24,6 +32,13 @@ struct CliRequest {
     bool demo = false;
     QString demoFolder; ///< where the virtual phones keep their files; empty: a temporary folder
     std::vector<UsbIds> alsoAccept; ///< --usb
+
+    // Of a sync:
+    SyncMode mode = SyncMode::biDirectional;
+    bool moves = false;
+    bool deletes = true;
+    bool isDryRun = false;
+    Answer answer = Answer::ask;
 };
 
 /// Why there is no request: help was asked for, or the usage was wrong.

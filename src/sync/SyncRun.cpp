@@ -5,6 +5,8 @@
 #include "sync/SyncPlanner.h"
 #include "sync/SyncWorker.h"
 
+#include <QDir>
+
 namespace tessary {
 
 namespace {
@@ -126,7 +128,7 @@ const SyncFiles* SyncRun::record() const {
     const bool isThisPair =
         host->second.deviceUDID == pair.deviceUDID &&
         remotePath(host->second.remoteFolderPath, {}) == remotePath(pair.remoteFolderPath, {}) &&
-        host->second.localFolderPath == pair.localFolderPath;
+        QDir::cleanPath(host->second.localFolderPath) == QDir::cleanPath(pair.localFolderPath);
     return isThisPair ? &host->second.files : nullptr;
 }
 

@@ -1,6 +1,7 @@
 #include "cli/CliRunner.h"
 #include "core/Background.h"
 #include "phones/VirtualAndroid.h"
+#include "platform/MemoryUserDefaults.h"
 #include "support/FakeProcessRunner.h"
 #include "support/QtPrinters.h"
 
@@ -110,9 +111,12 @@ protected:
         request.paths = paths;
         request.localPath = local;
         request.json = json;
+        return run(request, stop);
+    }
+    Result run(const CliRequest& request, const std::stop_token& stop = {}) {
         Capture out;
         Capture error;
-        CliRunner runner(bus_, files_, out.stream(), error.stream());
+        CliRunner runner(bus_, files_, defaults_, out.stream(), error.stream());
         CliRunner::ExitStatus status = CliRunner::failed;
         // As in the program: the main thread's event loop turns while the work is done elsewhere.
         QEventLoop loop;
@@ -130,6 +134,7 @@ protected:
     VirtualAndroid phone_{config(folder_.filePath(QStringLiteral("phone")))};
     FakeProcessRunner processes_;
     DeviceFileService files_{bus_, processes_};
+    MemoryUserDefaults defaults_;
     QString device_ = QStringLiteral("ABC");
 };
 
@@ -315,4 +320,54 @@ TEST_F(CliRunnerTest, anotherProgramHoldingThePhoneIsNamed) {
     const Result result = run(Command::list, {QStringLiteral("/")});
     EXPECT_EQ(result.status, CliRunner::failed);
     EXPECT_TRUE(result.error.contains(QStringLiteral("gvfsd-mtp (process 12) is using the phone")));
+}
+
+TEST_F(CliRunnerTest, syncPreviewsCopiesAndDeletesOnlyOnRequest) {
+    using Answer = CliRequest::Answer;
+    CliRequest request;
+    request.command = Command::sync;
+    request.device = device_;
+    request.paths = QStringList(QStringLiteral("/DCIM"));
+    request.localPath = here(QStringLiteral("pictures"));
+    request.json = true;
+    const auto lengths = [](const Result& result, const char* key) {
+        return result.json().object().value(QString::fromLatin1(key)).toArray().size();
+    };
+
+    request.isDryRun = true;
+    EXPECT_EQ(lengths(run(request), "items"), 2);
+    EXPECT_FALSE(QFileInfo::exists(request.localPath));
+
+    request.isDryRun = false;
+    Result result = run(request);
+    EXPECT_EQ(result.status, CliRunner::done);
+    EXPECT_EQ(lengths(result, "downloaded"), 2);
+    EXPECT_EQ(content(request.localPath + QStringLiteral("/sub/two.txt")), "second");
+
+    // Nobody can be asked here, and half of the files is no matter to be careless about.
+    QFile::remove(request.localPath + QStringLiteral("/sub/two.txt"));
+    result = run(request);
+    EXPECT_EQ(result.status, CliRunner::failed);
+    EXPECT_EQ(lengths(result, "errors"), 1);
+    EXPECT_EQ(content(onPhone(QStringLiteral("DCIM/sub/two.txt"))), "second");
+
+    request.answer = Answer::yes;
+    result = run(request);
+    EXPECT_EQ(lengths(result, "deleted"), 1);
+    EXPECT_EQ(content(onPhone(QStringLiteral("DCIM/sub/two.txt"))), "(missing)");
+
+    QFile::remove(request.localPath + QStringLiteral("/one.txt"));
+    EXPECT_EQ(run(request).status, CliRunner::failed); // the folder is empty now
+    request.answer = Answer::keep;
+    EXPECT_EQ(lengths(run(request), "downloaded"), 1);
+    QFile::remove(request.localPath + QStringLiteral("/one.txt"));
+    request.answer = Answer::yesAll;
+    EXPECT_EQ(lengths(run(request), "deleted"), 1);
+
+    QDir(request.localPath).removeRecursively();
+    request.answer = Answer::keep;
+    result = run(request);
+    EXPECT_EQ(result.status, CliRunner::failed);
+    EXPECT_TRUE(result.error.contains(QStringLiteral("is gone")));
+    EXPECT_FALSE(QFileInfo::exists(request.localPath));
 }

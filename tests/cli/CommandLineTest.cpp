@@ -94,3 +94,24 @@ TEST(CommandLine, helpIsNoFailure) {
         EXPECT_TRUE(answer->text.contains(QStringLiteral("tessary-cli")));
     }
 }
+
+TEST(CommandLine, syncTakesItsModeAndOneAnswer) {
+    const auto sync = [](const char* options) {
+        return request((QStringLiteral("sync P /tmp/x /Music ") + QString::fromLatin1(options))
+                           .split(QLatin1Char(' '), Qt::SkipEmptyParts));
+    };
+    const auto move = sync("--mode to-mac --move --no-delete --yes-all --dry-run");
+    ASSERT_TRUE(move);
+    EXPECT_EQ(move->command, CliRequest::Command::sync);
+    EXPECT_EQ(move->mode, SyncMode::toMac);
+    EXPECT_TRUE(move->moves && move->isDryRun && !move->deletes);
+    EXPECT_EQ(move->answer, CliRequest::Answer::yesAll);
+    EXPECT_EQ(move->localPath, QStringLiteral("/tmp/x"));
+    EXPECT_EQ(move->paths, QStringList{QStringLiteral("/Music")});
+    const auto both = sync("--mode both");
+    ASSERT_TRUE(both);
+    EXPECT_EQ(both->answer, CliRequest::Answer::ask);
+    EXPECT_TRUE(both->deletes);
+    for (const char* wrong : {"", "--mode sideways", "--mode both --yes --keep"})
+        EXPECT_FALSE(sync(wrong)) << wrong;
+}

@@ -5,6 +5,7 @@
 #include "ios/Multiplexer.h"
 #include "phones/DemoPhones.h"
 #include "platform/SystemUsbBus.h"
+#include "platform/SystemUserDefaults.h"
 #include "platform/qt/QtProcessRunner.h"
 
 #include <QCoreApplication>
@@ -80,7 +81,8 @@ int main(int argc, char** argv) {
             Phones phones(request);
             QtProcessRunner processes;
             DeviceFileService files(phones.bus(), processes);
-            status = CliRunner(phones.sources(), files, out, stderr).run(request, signals.token());
+            const auto defaults = makeSystemUserDefaults();
+            status = CliRunner(phones.sources(), files, *defaults, out, stderr).run(request, signals.token());
             if (!Background::shutDown(backgroundPatience)) {
                 std::fclose(out);
                 std::_Exit(status); // a phone that hangs uses what would go now

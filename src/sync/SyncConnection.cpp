@@ -1,0 +1,21 @@
+#include "sync/SyncConnection.h"
+
+#include "ios/AFCClient.h"
+#include "ios/LockdownSession.h"
+#include "sync/AndroidSyncBackend.h"
+#include "sync/iOSSyncBackend.h"
+
+namespace tessary {
+
+SyncConnector deviceConnector(DeviceFileService& files) {
+    return [&files](const SyncPair& pair, const DeviceInfo& device,
+                    const std::stop_token& stop) -> std::unique_ptr<SyncDeviceBackend> {
+        if (device.platform == DevicePlatform::android)
+            return std::make_unique<AndroidSyncBackend>(files, device, stop);
+        auto session = std::make_unique<LockdownSession>(device.udid, stop);
+        return std::make_unique<iOSSyncBackend>(
+            std::make_unique<AFCClient>(std::move(session), pair.appBundleID, stop), stop);
+    };
+}
+
+} // namespace tessary
