@@ -64,10 +64,19 @@ void quietly(const char* what, Work work) {
 iOSSyncBackend::iOSSyncBackend(std::unique_ptr<AFCClient> client, std::stop_token stop)
     : client_(std::move(client)), stop_(std::move(stop)) {}
 
+/// Pairs have paths below the app's working folder, the client those of the container.
+QString iOSSyncBackend::onDevice(const QString& path) const {
+    const QString& root = client_->workingRootPath();
+    const QLatin1Char slash('/');
+    if (root == slash)
+        return path;
+    return path == slash ? root : root + path;
+}
+
 SyncScan iOSSyncBackend::scanDirectory(const QString& remoteRoot) {
     return scanTree(remoteRoot, [this](const QString& path) {
         std::vector<FileItem> items =
-            client_->listContents(path, stop_, AFCClient::EntryFacts::required);
+            client_->listContents(onDevice(path), stop_, AFCClient::EntryFacts::required);
         folders_.insert(path);
         return items;
     });
@@ -75,13 +84,15 @@ SyncScan iOSSyncBackend::scanDirectory(const QString& remoteRoot) {
 
 SyncScan iOSSyncBackend::scanFolder(const QString& remotePath) {
     SyncScan scan;
-    addListing(scan, client_->listContents(remotePath, stop_, AFCClient::EntryFacts::required), {});
+    addListing(scan,
+               client_->listContents(onDevice(remotePath), stop_, AFCClient::EntryFacts::required),
+               {});
     return scan;
 }
 
 std::optional<FileItem> iOSSyncBackend::entryAt(const QString& remotePath) {
     try {
-        return client_->itemAt(remotePath, stop_);
+        return client_->itemAt(onDevice(remotePath), stop_);
     } catch (const TessaryError& error) {
         if (error.kind() == TessaryError::Case::afcError && error.afc() == AFCError::objectNotFound)
             return std::nullopt;
@@ -102,8 +113,8 @@ bool iOSSyncBackend::areFilesMatching(const QString& localFile, const QString& r
     if (localSize == remoteSize && localSize > 0)
         quietly("sample not read: %s", [&] {
             const auto sample = localSample(localFile);
-            areEqual =
-                sample && *sample == client_->readSampleBytes(remotePath, syncSampleSize, stop_);
+            areEqual = sample && *sample == client_->readSampleBytes(onDevice(remotePath),
+                                                                     syncSampleSize, stop_);
         });
     return areEqual;
 }
@@ -111,7 +122,7 @@ bool iOSSyncBackend::areFilesMatching(const QString& localFile, const QString& r
 void iOSSyncBackend::downloadFile(const QString& remotePath, const QString& localFile,
                                   qint64 fileSize, const FileProgressCallback& progress) {
     const ProgressRelay relay(progress);
-    client_->downloadFile(remotePath, localFile, fileSize, relay.callback(), stop_);
+    client_->downloadFile(onDevice(remotePath), localFile, fileSize, relay.callback(), stop_);
 }
 
 void iOSSyncBackend::ensureFolder(const QString& path) {
@@ -123,7 +134,7 @@ void iOSSyncBackend::ensureFolder(const QString& path) {
         throw TessaryError::fileIOError(
             QStringLiteral("A file named %1 is on the device where a folder is needed.").arg(path));
     if (!item)
-        client_->createDirectory(path, stop_);
+        client_->createDirectory(onDevice(path), stop_);
     folders_.insert(path);
 }
 
@@ -135,15 +146,15 @@ void iOSSyncBackend::uploadFile(const QString& localFile, const QString& remoteP
         folder, PartFile::namePrefix + QUuid::createUuid().toString(QUuid::Id128).left(12));
     {
         const ProgressRelay relay(progress);
-        client_->uploadFile(localFile, temporary, relay.callback(), stop_);
+        client_->uploadFile(localFile, onDevice(temporary), relay.callback(), stop_);
     }
     const auto existing = entryAt(remotePath);
     if (existing && (existing->isDirectory || !mayReplace)) {
-        client_->removePath(temporary, stop_);
+        client_->removePath(onDevice(temporary), stop_);
         throw TessaryError::fileIOError(
             QStringLiteral("%1 has appeared on the device meanwhile.").arg(remotePath));
     }
-    client_->renamePath(temporary, remotePath, stop_);
+    client_->renamePath(onDevice(temporary), onDevice(remotePath), stop_);
 }
 
 void iOSSyncBackend::deleteRemoteFile(const QString& remotePath) {
@@ -151,7 +162,7 @@ void iOSSyncBackend::deleteRemoteFile(const QString& remotePath) {
     if (!item || item->isDirectory)
         throw TessaryError::fileIOError(
             QStringLiteral("%1 is not on the device any more. Sync again.").arg(remotePath));
-    client_->removePath(remotePath, stop_);
+    client_->removePath(onDevice(remotePath), stop_);
 }
 
 void iOSSyncBackend::cleanupEmptyRemoteDirectories(const QString& path, const QString& rootPath) {
@@ -163,9 +174,10 @@ void iOSSyncBackend::cleanupEmptyRemoteDirectories(const QString& path, const QS
             if (!item)
                 continue; // gone already
             const auto facts = AFCClient::EntryFacts::required;
-            if (!item->isDirectory || !client_->listContents(folder, stop_, facts).empty())
+            if (!item->isDirectory ||
+                !client_->listContents(onDevice(folder), stop_, facts).empty())
                 return;
-            client_->removePath(folder, stop_);
+            client_->removePath(onDevice(folder), stop_);
             folders_.remove(folder);
         }
     });
@@ -180,7 +192,7 @@ std::optional<SyncManifest> iOSSyncBackend::loadRemoteManifest(const QString& re
         if (!item || item->isDirectory || item->size > SyncManifest::maxBytes || !folder.isValid())
             return;
         QFile file(folder.filePath(QStringLiteral("manifest")));
-        client_->downloadFile(path, file.fileName(), item->size, {}, stop_);
+        client_->downloadFile(onDevice(path), file.fileName(), item->size, {}, stop_);
         if (file.open(QIODevice::ReadOnly))
             manifest = SyncManifest::decode(file.read(SyncManifest::maxBytes));
     });

@@ -33,6 +33,7 @@ public:
     [[nodiscard]] SyncNameRules nameRules() const override;
 
 private:
+    [[nodiscard]] QString onDevice(const QString& path) const;
     [[nodiscard]] std::optional<FileItem> entryAt(const QString& remotePath);
     void ensureFolder(const QString& path);
 
