@@ -4,6 +4,7 @@
 #include "core/CancellationError.h"
 #include "core/DiagnosticsLogger.h"
 #include "files/AndroidFileAccess.h"
+#include "files/AppFileAccess.h"
 #include "files/DevicePath.h"
 
 #include <algorithm>
@@ -26,6 +27,17 @@ BrowserSetup::OpenAndroid overSharedService() {
     };
 }
 
+BrowserSetup::OpenApp overOwnConnection() {
+    return [](const DeviceInfo& device, const AppInfo& app) {
+        return std::make_shared<AppFileAccess>(device, app);
+    };
+}
+
+const QString& noAppName() {
+    static const QString name = QStringLiteral("Documents");
+    return name;
+}
+
 std::vector<PathComponent> breadcrumbsOf(const BrowserRoot& root, const QString& path) {
     std::vector<PathComponent> components{{QUuid::createUuid(), root.name, root.path}};
     QString soFar = root.path;
@@ -44,6 +56,7 @@ FileBrowserViewModel::FileBrowserViewModel(TransferViewModel& transfers, Browser
     : QObject(parent),
       transfers_(transfers),
       openAndroid_(setup.openAndroid ? std::move(setup.openAndroid) : overSharedService()),
+      openApp_(setup.openApp ? std::move(setup.openApp) : overOwnConnection()),
       previews_(setup.previews ? *setup.previews : PreviewCache::shared()),
       breadcrumbs_(breadcrumbsOf({QStringLiteral("/"), QStringLiteral("Root")}, currentPath_)),
       typeahead_(std::move(setup.clock)) {
@@ -54,6 +67,15 @@ FileBrowserViewModel::FileBrowserViewModel(TransferViewModel& transfers, Browser
 
 FileBrowserViewModel::~FileBrowserViewModel() {
     stopAll();
+    letGo(std::move(files_));
+}
+
+/// Ends a connection in the background: saying goodbye to a phone takes its time.
+void FileBrowserViewModel::letGo(std::shared_ptr<FileAccess> files) {
+    if (files)
+        runInBackground(
+            this, [ended = std::move(files)]() mutable { ended.reset(); },
+            [](const BackgroundResult<void>&) {});
 }
 
 void FileBrowserViewModel::stopAll() {
@@ -68,13 +90,28 @@ void FileBrowserViewModel::connectAndroid(const DeviceInfo& device, const QStrin
     open(openAndroid_(device), device, initialPath);
 }
 
+void FileBrowserViewModel::connect(const QString& udid, const QString& bundleId,
+                                   const QString& appName, const DeviceInfo& device,
+                                   const QString& targetPath) {
+    DeviceInfo phone = device;
+    phone.udid = udid;
+    const AppInfo app{bundleId, appName.isEmpty() ? bundleId : appName, true, false};
+    open(openApp_(phone, app), phone, targetPath);
+    isConnecting_ = true;
+    appName_ = app.displayName;
+    Q_EMIT connectionChanged();
+}
+
 void FileBrowserViewModel::open(std::shared_ptr<FileAccess> files,
                                 const std::optional<DeviceInfo>& device,
                                 const QString& initialPath) {
     cancelPreview();
     reloadTimer_.stop();
-    files_ = std::move(files);
+    std::swap(files_, files);
+    letGo(std::move(files));
     activeDevice_ = device;
+    appName_ = noAppName();
+    isConnecting_ = false;
     history_ = {};
     Q_EMIT connectionChanged();
     const QString path = files_->canonicalPath(initialPath);
@@ -89,8 +126,10 @@ void FileBrowserViewModel::loseDevice() {
     stopAll();
     setState(BrowserState::deviceLost, false);
     setError(ErrorAdvice{QStringLiteral("The phone was unplugged."),
-                         QStringLiteral("Plug the phone in again, unlock it and choose File "
-                                        "transfer on it.")},
+                         activeDevice_ && activeDevice_->platform == DevicePlatform::iOS
+                             ? QStringLiteral("Plug the phone in again and unlock it.")
+                             : QStringLiteral("Plug the phone in again, unlock it and choose File "
+                                              "transfer on it.")},
              true);
 }
 
@@ -100,7 +139,9 @@ void FileBrowserViewModel::updateDevice(const DeviceInfo& device) {
     const bool isBack = state_ == BrowserState::deviceLost;
     const bool isUnlocked = !activeDevice_->isDataAccessible() && device.isDataAccessible();
     activeDevice_ = device;
-    files_ = openAndroid_(device);
+    // The connection to an app is opened anew by itself, wherever the phone is plugged in.
+    if (device.platform == DevicePlatform::android)
+        files_ = openAndroid_(device);
     const BrowserRoot root = files_->rootOf(currentPath_);
     if (!breadcrumbs_.empty() && breadcrumbs_.front().name != root.name) {
         breadcrumbs_.front().name = root.name;
@@ -216,9 +257,11 @@ void FileBrowserViewModel::applyLoad(const BrowserLoad& load, bool isReload) {
     if (!load.listing) {
         const bool isAndroid = activeDevice_ && activeDevice_->platform == DevicePlatform::android;
         DiagnosticsLogger::shared().ui.error(
-            isAndroid ? "FileBrowserViewModel Android listDirectory error: %s"
-                      : "FileBrowserViewModel navigateTo error: %s",
+            isAndroid       ? "FileBrowserViewModel Android listDirectory error: %s"
+            : isConnecting_ ? "FileBrowserViewModel connect iOS error: %s"
+                            : "FileBrowserViewModel navigateTo error: %s",
             {load.error.message});
+        isConnecting_ = false;
         livingFolder_ = load.livingFolder.value_or(QString());
         if (load.livingFolder)
             rows_.reset(FileListing::make({}, QLocale()));
@@ -232,6 +275,7 @@ void FileBrowserViewModel::applyLoad(const BrowserLoad& load, bool isReload) {
         setError(load.error, true);
         return;
     }
+    isConnecting_ = false;
     if (isReload)
         rows_.update(load.listing);
     else

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/AppInfo.h"
 #include "core/DeviceInfo.h"
 #include "files/BrowserEdit.h"
 #include "files/BrowserHistory.h"
@@ -63,7 +64,10 @@ enum class NameClash {
 struct BrowserSetup {
     using OpenAndroid = std::function<std::shared_ptr<FileAccess>(const DeviceInfo&)>;
 
+    using OpenApp = std::function<std::shared_ptr<FileAccess>(const DeviceInfo&, const AppInfo&)>;
+
     OpenAndroid openAndroid;          ///< empty: over DeviceFileService::shared()
+    OpenApp openApp;                  ///< empty: over an AppFileAccess of its own
     PreviewCache* previews = nullptr; ///< null: the shared one
     Typeahead::Clock clock;           ///< empty: the steady clock
 };
@@ -86,6 +90,11 @@ public:
     // --- connection ---
     /// Opens an Android device at `initialPath`, with a history of its own.
     void connectAndroid(const DeviceInfo& device, const QString& initialPath);
+    using QObject::connect;
+    /// Opens the documents of an iPhone app at `targetPath`, with a history of its own. `device`
+    /// has this udid.
+    void connect(const QString& udid, const QString& bundleId, const QString& appName,
+                 const DeviceInfo& device, const QString& targetPath);
     /// Opens any connection. `device` is empty when none stands behind it.
     void open(std::shared_ptr<FileAccess> files, const std::optional<DeviceInfo>& device,
               const QString& initialPath);
@@ -100,6 +109,7 @@ public:
     [[nodiscard]] const std::shared_ptr<FileAccess>& files() const {
         return files_;
     }
+    /// The iPhone app whose documents are shown; "Documents" when there is none.
     [[nodiscard]] const QString& appName() const {
         return appName_;
     }
@@ -265,6 +275,7 @@ private:
     using EditDone = std::function<void(const QStringList& donePaths)>;
 
     void stopAll();
+    void letGo(std::shared_ptr<FileAccess> files);
     void show(const QString& path);
     void load(bool isReload);
     void applyLoad(const BrowserLoad& load, bool isReload);
@@ -282,6 +293,7 @@ private:
 
     TransferViewModel& transfers_;
     BrowserSetup::OpenAndroid openAndroid_;
+    BrowserSetup::OpenApp openApp_;
     PreviewCache& previews_;
 
     std::shared_ptr<FileAccess> files_;
@@ -303,6 +315,7 @@ private:
     ViewMode viewMode_ = ViewMode::list;
     std::optional<Awaited> awaited_;
 
+    bool isConnecting_ = false;    ///< to an app: the first load is under way
     std::uint64_t loadNumber_ = 0; ///< answers of older loads are dropped
     std::stop_source stopLoad_{std::nostopstate};
     QTimer reloadTimer_;

@@ -1,0 +1,214 @@
+// The browser, its transfers and its list of apps, on a virtual iPhone by way of the real library.
+
+#include "files/AppFileAccess.h"
+#include "files/AppListViewModel.h"
+#include "files/FileBrowserViewModel.h"
+#include "files/MainLoop.h"
+#include "support/IOSFailure.h"
+#include "support/PluggedIPhone.h"
+
+#include <QFileInfo>
+
+namespace tessary {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class AppBrowserTest : public MainLoop {
+protected:
+    AppBrowserTest() {
+        iphone_.write(u"a.txt"_s, "content");
+        iphone_.write(u"folder/b.txt"_s, "second");
+        device_.udid = iphone_.udid();
+        device_.handle = 1;
+        device_.deviceName = u"Ada’s iPhone"_s;
+        setup_.previews = &previews_;
+        setup_.openApp = [this](const DeviceInfo& device, const AppInfo& app) {
+            return std::make_shared<AppFileAccess>(device, app,
+                                                   AppFileAccess::Setup{.staging = &previews_});
+        };
+        browser_ = std::make_unique<FileBrowserViewModel>(transfers_, setup_);
+    }
+    ~AppBrowserTest() override {
+        browser_.reset();
+        EXPECT_TRUE(engine_.stop(20s));
+        EXPECT_TRUE(Background::shutDown(30s));
+    }
+    void connect() {
+        browser_->connect(device_.udid, PluggedIPhone::bundleId, u"Notes"_s, device_, u"/"_s);
+        ASSERT_TRUE(loaded());
+    }
+    [[nodiscard]] bool loaded() {
+        return eventually([this] { return !browser_->isLoading(); });
+    }
+    [[nodiscard]] bool idle() {
+        return eventually([this] { return transfers_.summary().isIdle(); });
+    }
+    QStringList names() const {
+        QStringList names;
+        for (const FileItem& item : browser_->filteredItems())
+            names << item.name;
+        return names;
+    }
+    AppFileAccess access() {
+        return AppFileAccess(device_, {PluggedIPhone::bundleId, u"Notes"_s, true, false},
+                             {.staging = &previews_});
+    }
+
+    TemporaryFolder here_;
+    PreviewCache previews_{here_.path(u"cache"_s)};
+    PluggedIPhone iphone_;
+    DeviceInfo device_;
+    BrowserSetup setup_;
+    TransferEngine engine_;
+    TransferViewModel transfers_{engine_};
+    std::unique_ptr<FileBrowserViewModel> browser_;
+};
+
+TEST_F(AppBrowserTest, aPhonesAppIsChosenAndItsDocumentsAreShown) {
+    AppListViewModel apps;
+    apps.setDevice(device_);
+    ASSERT_TRUE(eventually([&] { return apps.state() == AppListState::ready; }));
+    const AppInfo app = apps.apps().front();
+    browser_->connect(device_.udid, app.bundleIdentifier, app.displayName, device_, u"/"_s);
+    ASSERT_TRUE(loaded());
+    EXPECT_EQ(names(), QStringList({u"folder"_s, u"a.txt"_s}));
+    EXPECT_EQ(browser_->appName(), u"Notes"_s);
+    EXPECT_EQ(browser_->breadcrumbs().front().name, u"Documents"_s);
+    EXPECT_EQ(browser_->rootPath(), u"/"_s);
+    browser_->enterFolder(u"/folder"_s);
+    ASSERT_TRUE(loaded());
+    EXPECT_EQ(names(), QStringList(u"b.txt"_s));
+    EXPECT_EQ(browser_->filteredItems().front().path, u"/folder/b.txt"_s);
+    EXPECT_EQ(browser_->breadcrumbs().back().name, u"folder"_s);
+    browser_->goBack();
+    ASSERT_TRUE(loaded());
+    EXPECT_TRUE(browser_->canGoForward());
+    EXPECT_EQ(iphone_.count("houseArrest.VendDocuments"), 1U); // one connection for all
+}
+
+TEST_F(AppBrowserTest, copiesGoBothWaysWithProgress) {
+    connect();
+    here_.write(u"up/x.bin"_s, QByteArray(3 << 20, 'x'));
+    here_.write(u"up/sub/y"_s, "y");
+    here_.makeFolder(u"down"_s);
+    browser_->uploadFiles({here_.path(u"up"_s), here_.path(u"up/sub/y"_s)});
+    browser_->downloadItems({u"/a.txt"_s, u"/folder"_s}, here_.path(u"down"_s));
+    ASSERT_TRUE(idle());
+    for (const TransferJob& job : transfers_.jobs()) {
+        EXPECT_EQ(job.status, TransferJob::TransferStatus::completed)
+            << job.error.value_or(QString()).toStdString();
+        EXPECT_EQ(job.deviceName, u"Notes (Ada’s iPhone)"_s);
+    }
+    EXPECT_EQ(iphone_.read(u"up/x.bin"_s), QByteArray(3 << 20, 'x'));
+    EXPECT_EQ(iphone_.read(u"y"_s), QByteArray("y"));
+    EXPECT_EQ(here_.read(u"down/a.txt"_s), QByteArray("content"));
+    EXPECT_EQ(here_.read(u"down/folder/b.txt"_s), QByteArray("second"));
+    // The folder is read again by itself.
+    EXPECT_TRUE(eventually([&] { return names().contains(u"up"_s); }));
+}
+
+TEST_F(AppBrowserTest, editsReachThePhone) {
+    connect();
+    browser_->createFolder(u"new"_s);
+    ASSERT_TRUE(eventually([&] { return names().contains(u"new"_s); }));
+    browser_->renameItem(u"/a.txt"_s, u"b\U0001F600.txt"_s);
+    ASSERT_TRUE(eventually([&] { return names().contains(u"b\U0001F600.txt"_s); }));
+    browser_->moveItemsToPath({u"/b\U0001F600.txt"_s}, u"/new"_s);
+    ASSERT_TRUE(eventually([&] { return iphone_.has(u"new/b\U0001F600.txt"_s); }));
+    browser_->deleteItems({u"/folder"_s});
+    ASSERT_TRUE(eventually([&] { return names() == QStringList(u"new"_s); }));
+    EXPECT_FALSE(iphone_.has(u"folder"_s));
+    EXPECT_FALSE(browser_->error());
+}
+
+TEST_F(AppBrowserTest, aPreviewAndADragFindTheirCopies) {
+    connect();
+    QString preview;
+    QObject::connect(browser_.get(), &FileBrowserViewModel::previewReady,
+                     [&](const QString&, const QString& path) { preview = path; });
+    browser_->cacheFileForPreview(u"/a.txt"_s);
+    ASSERT_TRUE(eventually([&] { return !preview.isEmpty(); }));
+    EXPECT_EQ(QFileInfo(preview).fileName(), u"a.txt"_s);
+    DragFiles drag;
+    browser_->prepareDragURLs({u"/a.txt"_s, u"/folder"_s},
+                              [&](const DragFiles& files) { drag = files; });
+    ASSERT_TRUE(eventually([&] { return !drag.localPaths.isEmpty(); }));
+    EXPECT_EQ(QFileInfo(drag.localPaths.front()).size(), 7);
+    EXPECT_EQ(drag.notReady.size(), 1U);
+}
+
+TEST_F(AppBrowserTest, anUnpluggedPhoneIsLostAndFoundAgain) {
+    connect();
+    iphone_.phone.unplug();
+    browser_->reload();
+    ASSERT_TRUE(eventually([&] { return browser_->state() == BrowserState::deviceLost; }));
+    EXPECT_EQ(names().size(), 2);
+    device_.handle = iphone_.phone.plugInto(iphone_.mux);
+    browser_->updateDevice(device_);
+    ASSERT_TRUE(eventually(
+        [&] { return !browser_->isLoading() && browser_->state() == BrowserState::ready; }));
+    EXPECT_FALSE(browser_->error());
+}
+
+TEST_F(AppBrowserTest, aLostConnectionToAPhoneThatIsThereHealsItself) {
+    connect();
+    iphone_.faults([](VirtualIPhoneFaults& faults) {
+        faults.requestFault = {u"afc.readDir"_s, 1, false, VirtualCut::close};
+    });
+    browser_->reload();
+    ASSERT_TRUE(loaded());
+    EXPECT_EQ(browser_->state(), BrowserState::ready);
+    EXPECT_FALSE(browser_->error());
+    EXPECT_EQ(iphone_.count("houseArrest.VendDocuments"), 2U);
+}
+
+TEST_F(AppBrowserTest, nothingIsReplacedByANewNameNorAnythingOutsideReached) {
+    AppFileAccess files = access();
+    const FileItem item = files.itemAt(u"/a.txt"_s, {});
+    iphone_.write(u"folder/a.txt"_s, "other");
+    EXPECT_TRUE(
+        failureOf([&] { files.moveItem(item, u"/folder"_s, {}); }).contains(u"already there"_s));
+    EXPECT_EQ(iphone_.read(u"folder/a.txt"_s), QByteArray("other"));
+    EXPECT_TRUE(
+        failureOf([&] { files.moveItem(item, u"/none"_s, {}); }).contains(u"objectNotFound"_s));
+    EXPECT_FALSE(iphone_.has(u"none"_s));
+    EXPECT_TRUE(failureOf([&] {
+                    files.createFolder(u"x"_s, u"/none"_s, {});
+                }).contains(u"objectNotFound"_s));
+    for (const QString& name : {u""_s, u"."_s, u".."_s, u"a/b"_s}) {
+        EXPECT_NE(failureOf([&] { files.renameItem(item, name, {}); }), u"nothing was thrown"_s);
+        EXPECT_NE(failureOf([&] { files.createFolder(name, u"/"_s, {}); }),
+                  u"nothing was thrown"_s);
+    }
+    const FileItem folder = files.itemAt(u"/folder"_s, {});
+    EXPECT_TRUE(
+        failureOf([&] { files.moveItem(folder, u"/folder/in"_s, {}); }).contains(u"into itself"_s));
+    EXPECT_TRUE(failureOf([&] {
+                    files.deleteItem(files.itemAt(u"/"_s, {}), {});
+                }).contains(u"as a whole"_s));
+    EXPECT_EQ(iphone_.read(u"a.txt"_s), QByteArray("content"));
+}
+
+TEST_F(AppBrowserTest, aFolderCalledLikeTheContainersRootIsAFolder) {
+    iphone_.write(u"Documents/inner"_s, "1");
+    AppFileAccess files = access();
+    EXPECT_EQ(files.listDirectory(u"/Documents"_s, {}).front().path, u"/Documents/inner"_s);
+    files.deleteItem(files.itemAt(u"/Documents"_s, {}), {});
+    EXPECT_FALSE(iphone_.has(u"Documents"_s));
+    EXPECT_TRUE(iphone_.has(u"a.txt"_s));
+}
+
+TEST_F(AppBrowserTest, aPhoneIsBusyForAsLongAsACallRuns) {
+    BusyPhones busy;
+    AppFileAccess files(device_, {PluggedIPhone::bundleId, u"Notes"_s, true, false},
+                        {.busy = &busy, .staging = &previews_});
+    iphone_.faults([](VirtualIPhoneFaults& faults) { faults.delay[u"afc.readDir"_s] = 300ms; });
+    std::jthread lister([&] { (void)files.listDirectory(u"/"_s, {}); });
+    EXPECT_TRUE(eventually([&] { return busy.isBusy(device_.udid); }));
+    lister.join();
+    EXPECT_FALSE(busy.isBusy(device_.udid));
+}
+
+} // namespace
+} // namespace tessary
