@@ -33,11 +33,6 @@ BrowserSetup::OpenApp overOwnConnection() {
     };
 }
 
-const QString& noAppName() {
-    static const QString name = QStringLiteral("Documents");
-    return name;
-}
-
 std::vector<PathComponent> breadcrumbsOf(const BrowserRoot& root, const QString& path) {
     std::vector<PathComponent> components{{QUuid::createUuid(), root.name, root.path}};
     QString soFar = root.path;
@@ -68,88 +63,6 @@ FileBrowserViewModel::FileBrowserViewModel(TransferViewModel& transfers, Browser
 FileBrowserViewModel::~FileBrowserViewModel() {
     stopAll();
     letGo(std::move(files_));
-}
-
-/// Ends a connection in the background: saying goodbye to a phone takes its time.
-void FileBrowserViewModel::letGo(std::shared_ptr<FileAccess> files) {
-    if (files)
-        runInBackground(
-            this, [ended = std::move(files)]() mutable { ended.reset(); },
-            [](const BackgroundResult<void>&) {});
-}
-
-void FileBrowserViewModel::stopAll() {
-    ++loadNumber_;
-    stopLoad_.request_stop();
-    cancelPreview();
-    cancelEdits();
-    reloadTimer_.stop();
-}
-
-void FileBrowserViewModel::connectAndroid(const DeviceInfo& device, const QString& initialPath) {
-    open(openAndroid_(device), device, initialPath);
-}
-
-void FileBrowserViewModel::connect(const QString& udid, const QString& bundleId,
-                                   const QString& appName, const DeviceInfo& device,
-                                   const QString& targetPath) {
-    DeviceInfo phone = device;
-    phone.udid = udid;
-    const AppInfo app{bundleId, appName.isEmpty() ? bundleId : appName, true, false};
-    open(openApp_(phone, app), phone, targetPath);
-    isConnecting_ = true;
-    appName_ = app.displayName;
-    Q_EMIT connectionChanged();
-}
-
-void FileBrowserViewModel::open(std::shared_ptr<FileAccess> files,
-                                const std::optional<DeviceInfo>& device,
-                                const QString& initialPath) {
-    cancelPreview();
-    reloadTimer_.stop();
-    std::swap(files_, files);
-    letGo(std::move(files));
-    activeDevice_ = device;
-    appName_ = noAppName();
-    isConnecting_ = false;
-    history_ = {};
-    Q_EMIT connectionChanged();
-    const QString path = files_->canonicalPath(initialPath);
-    history_.record(path);
-    Q_EMIT historyChanged();
-    show(path);
-}
-
-void FileBrowserViewModel::loseDevice() {
-    if (!files_)
-        return;
-    stopAll();
-    setState(BrowserState::deviceLost, false);
-    setError(ErrorAdvice{QStringLiteral("The phone was unplugged."),
-                         activeDevice_ && activeDevice_->platform == DevicePlatform::iOS
-                             ? QStringLiteral("Plug the phone in again and unlock it.")
-                             : QStringLiteral("Plug the phone in again, unlock it and choose File "
-                                              "transfer on it.")},
-             true);
-}
-
-void FileBrowserViewModel::updateDevice(const DeviceInfo& device) {
-    if (!activeDevice_ || activeDevice_->udid != device.udid || *activeDevice_ == device)
-        return;
-    const bool isBack = state_ == BrowserState::deviceLost;
-    const bool isUnlocked = !activeDevice_->isDataAccessible() && device.isDataAccessible();
-    activeDevice_ = device;
-    // The connection to an app is opened anew by itself, wherever the phone is plugged in.
-    if (device.platform == DevicePlatform::android)
-        files_ = openAndroid_(device);
-    const BrowserRoot root = files_->rootOf(currentPath_);
-    if (!breadcrumbs_.empty() && breadcrumbs_.front().name != root.name) {
-        breadcrumbs_.front().name = root.name;
-        Q_EMIT pathChanged();
-    }
-    Q_EMIT connectionChanged();
-    if (isBack || isUnlocked)
-        reload();
 }
 
 std::optional<QString> FileBrowserViewModel::errorMessage() const {

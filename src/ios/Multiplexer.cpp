@@ -2,58 +2,77 @@
 
 #include "core/DiagnosticsLogger.h"
 
-#include <pthread.h>
 #include <usbmuxd.h>
 
 #include <cstring>
+#include <mutex>
 #include <utility>
 
 namespace tessary {
 
 namespace {
 
-/// The library ends its thread by cancelling it, which no C++ frame survives.
-class CancellationOff {
+/// The process's one subscription, and who listens to it. The library's thread does not survive
+/// that subscriptions end and begin at the same time: this one is made once and stays.
+class Events {
 public:
-    CancellationOff() {
-        pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, &before_);
+    /// Never released: the library's thread uses it until the process ends.
+    static Events& shared() {
+        static Events& events = *new Events;
+        return events;
     }
-    ~CancellationOff() {
-        pthread_setcancelstate(before_, nullptr);
+
+    /// The library's status; 0 when there is a subscription.
+    [[nodiscard]] int subscribe() {
+        const std::scoped_lock lock(subscribing_);
+        if (!isSubscribed_) {
+            const int status = usbmuxd_events_subscribe(
+                &context_,
+                [](const usbmuxd_event_t*, void* self) { static_cast<Events*>(self)->tell(); },
+                this);
+            if (status != 0)
+                return status;
+            isSubscribed_ = true;
+        }
+        return 0;
     }
-    CancellationOff(const CancellationOff&) = delete;
-    CancellationOff& operator=(const CancellationOff&) = delete;
+    void add(const std::function<void()>* listener) {
+        const std::scoped_lock lock(mutex_);
+        listeners_.push_back(listener);
+    }
+    /// The listener is not called any more when this returns.
+    void remove(const std::function<void()>* listener) {
+        const std::scoped_lock lock(mutex_);
+        std::erase(listeners_, listener);
+    }
 
 private:
-    int before_ = PTHREAD_CANCEL_ENABLE;
+    void tell() {
+        const std::scoped_lock lock(mutex_);
+        for (const std::function<void()>* listener : listeners_)
+            (*listener)();
+    }
+
+    std::mutex subscribing_;
+    usbmuxd_subscription_context_t context_ = nullptr; ///< guarded by subscribing_
+    bool isSubscribed_ = false;                        ///< guarded by subscribing_
+    std::mutex mutex_;
+    std::vector<const std::function<void()>*> listeners_; ///< guarded by mutex_
 };
 
 class Subscription : public MultiplexerWatch {
 public:
     explicit Subscription(std::function<void()> changed) : changed_(std::move(changed)) {
-        status_ = usbmuxd_events_subscribe(
-            &context_,
-            [](const usbmuxd_event_t*, void* self) {
-                const CancellationOff guard;
-                static_cast<Subscription*>(self)->changed_();
-            },
-            this);
+        Events::shared().add(&changed_);
     }
     ~Subscription() override {
-        if (status_ == 0)
-            usbmuxd_events_unsubscribe(context_);
+        Events::shared().remove(&changed_);
     }
     Subscription(const Subscription&) = delete;
     Subscription& operator=(const Subscription&) = delete;
 
-    [[nodiscard]] int status() const {
-        return status_;
-    }
-
 private:
     const std::function<void()> changed_;
-    usbmuxd_subscription_context_t context_ = nullptr;
-    int status_ = 0;
 };
 
 } // namespace
@@ -76,11 +95,11 @@ std::vector<MultiplexerEntry> SystemMultiplexer::devices() {
 }
 
 std::unique_ptr<MultiplexerWatch> SystemMultiplexer::watch(std::function<void()> changed) {
-    auto subscription = std::make_unique<Subscription>(std::move(changed));
-    if (subscription->status() == 0)
-        return subscription;
+    const int status = Events::shared().subscribe();
+    if (status == 0)
+        return std::make_unique<Subscription>(std::move(changed));
     DiagnosticsLogger::shared().usb.error("Failed to subscribe to usbmuxd events: %d",
-                                          {QString::number(subscription->status())});
+                                          {QString::number(status)});
     return nullptr;
 }
 

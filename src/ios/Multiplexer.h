@@ -22,7 +22,7 @@ struct MultiplexerEntry {
     bool operator==(const MultiplexerEntry&) const = default;
 };
 
-/// A subscription to the multiplexer's events; ends when it goes. That may take a moment.
+/// A subscription to the multiplexer's events; ends when it goes.
 class MultiplexerWatch {
 public:
     virtual ~MultiplexerWatch() = default;

@@ -1,0 +1,154 @@
+// What our client adds to the library's own read and write calls: a bare loop over those calls and
+// the client copy the same file, by turns, in one run. The bare loop is what a minimal program
+// would do: read a piece, write it to a file.
+//
+// The last line of each direction is the ratio of the medians. The exit status is 1 when one of
+// them is below 95 %.
+
+#include "ios/AFCConnection.h"
+#include "support/Application.h"
+#include "support/PluggedIPhone.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <vector>
+
+namespace tessary {
+namespace {
+
+using namespace Qt::StringLiterals;
+using Clock = std::chrono::steady_clock;
+
+constexpr qint64 fileSize = qint64{512} << 20;
+constexpr std::uint32_t piece = 1U << 20;
+constexpr int rounds = 7;
+
+/// The container as the library opens it, with nothing of ours in between.
+class BareConnection {
+public:
+    explicit BareConnection(const QString& udid) : session_(udid) {
+        const LockdownService service = session_.startService(HOUSE_ARREST_SERVICE_NAME);
+        house_arrest_client_t house = nullptr;
+        house_arrest_client_new(session_.device(), service.get(), &house);
+        house_.reset(house);
+        house_arrest_send_command(house, "VendDocuments",
+                                  PluggedIPhone::bundleId.toUtf8().constData());
+        plist_t result = nullptr;
+        house_arrest_get_result(house, &result);
+        const PlistHandle owner(result);
+        afc_client_t client = nullptr;
+        afc_client_new_from_house_arrest_client(house, &client);
+        client_.reset(client);
+    }
+
+    bool download(const char* remote, const char* local) {
+        std::uint64_t file = 0;
+        afc_file_open(client_.get(), remote, AFC_FOPEN_RDONLY, &file);
+        const int out = ::open(local, O_WRONLY | O_CREAT | O_TRUNC, 0600);
+        std::uint32_t count = 0;
+        bool isWhole = out >= 0;
+        while (isWhole && afc_file_read(client_.get(), file, buffer_.data(), piece, &count) == 0 &&
+               count > 0)
+            isWhole = ::write(out, buffer_.data(), count) == static_cast<ssize_t>(count);
+        ::close(out);
+        return afc_file_close(client_.get(), file) == 0 && isWhole;
+    }
+    bool upload(const char* local, const char* remote) {
+        std::uint64_t file = 0;
+        afc_file_open(client_.get(), remote, AFC_FOPEN_WR, &file);
+        const int in = ::open(local, O_RDONLY);
+        bool isWhole = in >= 0;
+        ssize_t count = 0;
+        while (isWhole && (count = ::read(in, buffer_.data(), piece)) > 0) {
+            std::uint32_t written = 0;
+            isWhole = afc_file_write(client_.get(), file, buffer_.data(),
+                                     static_cast<std::uint32_t>(count), &written) == 0 &&
+                      written == count;
+        }
+        ::close(in);
+        return afc_file_close(client_.get(), file) == 0 && isWhole;
+    }
+
+private:
+    LockdownSession session_;
+    HouseArrestHandle house_;
+    AFCHandle client_;
+    std::vector<char> buffer_ = std::vector<char>(piece);
+};
+
+double megabytesPerSecond(const std::function<void()>& copy) {
+    const auto begin = Clock::now();
+    copy();
+    const std::chrono::duration<double> time = Clock::now() - begin;
+    return static_cast<double>(fileSize) / 1e6 / time.count();
+}
+
+double median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+/// The client's speed as a part of the bare loop's.
+double compare(const char* direction, const std::function<void()>& bare,
+               const std::function<void()>& ours) {
+    std::vector<double> bareSpeeds;
+    std::vector<double> ourSpeeds;
+    bare(); // both files are in the page cache from here on
+    for (int round = 0; round < rounds; ++round) {
+        // By turns who is first, so that a slow moment hits both alike.
+        if (round % 2 == 0)
+            bareSpeeds.push_back(megabytesPerSecond(bare));
+        ourSpeeds.push_back(megabytesPerSecond(ours));
+        if (round % 2 != 0)
+            bareSpeeds.push_back(megabytesPerSecond(bare));
+    }
+    const double ratio = median(ourSpeeds) / median(bareSpeeds);
+    std::printf("%-9s bare loop %7.0f MB/s   client %7.0f MB/s   ratio %5.1f %%\n", direction,
+                median(bareSpeeds), median(ourSpeeds), ratio * 100);
+    return ratio;
+}
+
+int run() {
+    const Application application;
+    const TemporaryFolder here;
+    PluggedIPhone iphone;
+    {
+        QByteArray content(piece, 'x');
+        iphone.write(u"big"_s, {});
+        QFile file(iphone.disk.path(iphone.inDocuments(u"big"_s)));
+        bool isWritten = file.open(QIODevice::WriteOnly);
+        for (qint64 done = 0; isWritten && done < fileSize; done += piece)
+            isWritten = file.write(content) == piece;
+        if (!isWritten)
+            return 1;
+    }
+    BareConnection bare(iphone.udid());
+    const auto client = iphone.open();
+    const QString local = here.path(u"big"_s);
+    const QByteArray localPath = local.toUtf8();
+    const FileProgressCallback progress = [](qint64, qint64) {};
+    bool isWhole = true;
+    const double down = compare(
+        "download",
+        [&] { isWhole = isWhole && bare.download("/Documents/big", localPath.constData()); },
+        [&] {
+            isWhole =
+                isWhole && client->downloadFile(u"/big"_s, local, fileSize, progress) == fileSize;
+        });
+    const double up = compare(
+        "upload", [&] { isWhole = isWhole && bare.upload(localPath.constData(), "/Documents/up"); },
+        [&] { client->uploadFile(local, u"/up"_s, progress); });
+    constexpr double wanted = 0.95;
+    return isWhole && down >= wanted && up >= wanted ? 0 : 1;
+}
+
+} // namespace
+} // namespace tessary
+
+int main() {
+    return tessary::run();
+}

@@ -1,0 +1,140 @@
+// The iPhone half of the device list, on a virtual multiplexer by way of the real libraries.
+
+#include "devices/DeviceManagerFixture.h"
+#include "files/BusyPhones.h"
+#include "files/DeviceFileService.h"
+#include "ios/Multiplexer.h"
+#include "support/FakeProcessRunner.h"
+#include "support/PluggedIPhone.h"
+
+namespace tessary {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class IPhoneListTest : public DeviceManagerFixture {
+protected:
+    IPhoneListTest() {
+        use(std::make_unique<DeviceManager>(DeviceSources(bus_, &multiplexer_), files_));
+    }
+    ~IPhoneListTest() override {
+        manager_.reset();
+        EXPECT_TRUE(Background::shutDown(60s));
+        QCoreApplication::processEvents();
+    }
+    [[nodiscard]] const DeviceInfo* only() const {
+        return manager_->devices().size() == 1 ? &manager_->devices().front() : nullptr;
+    }
+    [[nodiscard]] bool hasDetails() const {
+        return only() != nullptr && only()->deviceName && only()->totalStorageBytes;
+    }
+    static VirtualIPhoneConfig asking() {
+        VirtualIPhoneConfig config;
+        config.isPaired = false;
+        config.trust = VirtualTrust::asking;
+        return config;
+    }
+
+    SystemMultiplexer multiplexer_;
+    FakeProcessRunner processes_;
+    DeviceFileService files_{bus_, processes_};
+};
+
+TEST_F(IPhoneListTest, phonesComeAndGoWithTheirDetails) {
+    PluggedIPhone iphone;
+    manager_->startListening();
+    ASSERT_TRUE(eventually([&] { return hasDetails(); }));
+    EXPECT_EQ(only()->udid, iphone.udid());
+    EXPECT_EQ(only()->platform, DevicePlatform::iOS);
+    EXPECT_EQ(only()->protocolMode, ProtocolMode::afc);
+    EXPECT_EQ(only()->connectionType, ConnectionType::usb);
+    EXPECT_EQ(only()->deviceName, u"iPhone"_s);
+    EXPECT_EQ(only()->totalStorageBytes, 128'000'000'000);
+    EXPECT_TRUE(only()->isDataAccessible());
+    const std::uint32_t handle = only()->handle;
+
+    // At once by their events, and not at the next poll.
+    manager_->stopListening();
+    manager_->startListening();
+    ASSERT_TRUE(eventually([&] { return hasDetails(); }));
+    runLoopFor(300ms);
+    iphone.phone.unplug();
+    EXPECT_TRUE(eventually([&] { return manager_->devices().empty(); }));
+    iphone.phone.plugInto(iphone.mux);
+    ASSERT_TRUE(eventually([&] { return hasDetails(); }));
+    EXPECT_NE(only()->handle, handle);
+}
+
+TEST_F(IPhoneListTest, aPhoneOnCableAndWifiIsOneRow) {
+    VirtualIPhoneConfig config;
+    config.wifiAddress = u"127.0.0.31"_s;
+    PluggedIPhone iphone(config);
+    ASSERT_NE(iphone.phone.joinWifi(iphone.mux), 0U);
+    refresh(true);
+    ASSERT_TRUE(eventually([&] { return hasDetails(); }));
+    EXPECT_EQ(only()->connectionType, ConnectionType::usb);
+    iphone.phone.unplug();
+    ASSERT_TRUE(eventually([&] {
+        manager_->refreshDeviceList(false);
+        runLoopFor(20ms);
+        return only() != nullptr && only()->connectionType == ConnectionType::network;
+    }));
+    EXPECT_EQ(only()->deviceName, u"iPhone"_s); // carried over
+}
+
+TEST_F(IPhoneListTest, withoutAMultiplexerThereIsQuietUntilOneAppears) {
+    auto gone = std::make_unique<PluggedIPhone>();
+    gone.reset();
+    manager_->startListening();
+    runLoopFor(200ms);
+    EXPECT_TRUE(manager_->devices().empty());
+    EXPECT_EQ(changes_, 0);
+    PluggedIPhone iphone;
+    EXPECT_TRUE(eventually([&] { return hasDetails(); }));
+}
+
+TEST_F(IPhoneListTest, aPhoneThatWantsTrustSaysSoAndIsNotPestered) {
+    PluggedIPhone iphone(asking());
+    manager_->refreshDeviceList(true);
+    const auto trouble = [&] {
+        return only() == nullptr ? std::nullopt : manager_->trouble(only()->id());
+    };
+    ASSERT_TRUE(eventually([&] { return trouble().has_value(); }, 60s));
+    EXPECT_EQ(trouble()->kind, DeviceTrouble::Kind::refused);
+    EXPECT_EQ(trouble()->message, u"Lockdown error: Handshake failed: -19"_s);
+    EXPECT_EQ(trouble()->advice, u"Unlock the phone and tap Trust on it."_s);
+    const std::size_t asked = iphone.count("lockdown.Pair");
+    for (int i = 0; i < 5; ++i)
+        refresh(false);
+    EXPECT_EQ(iphone.count("lockdown.Pair"), asked);
+
+    iphone.phone.setTrust(VirtualTrust::trusted);
+    manager_->refreshStorageInfo(manager_->devices());
+    ASSERT_TRUE(eventually([&] { return hasDetails(); }, 60s));
+    EXPECT_FALSE(trouble());
+}
+
+TEST_F(IPhoneListTest, aBusyPhoneIsLeftAlone) {
+    PluggedIPhone iphone;
+    {
+        const BusyPhones::Mark mark(BusyPhones::shared(), iphone.udid());
+        refresh(true);
+        ASSERT_NE(only(), nullptr);
+        EXPECT_EQ(iphone.count("lockdown.StartSession"), 0U);
+    }
+    refresh(true);
+    EXPECT_TRUE(eventually([&] { return hasDetails(); }));
+}
+
+TEST_F(IPhoneListTest, unchangedPhonesArePublishedOnce) {
+    PluggedIPhone iphone;
+    refresh(true);
+    ASSERT_TRUE(eventually([&] { return hasDetails(); }));
+    const int before = changes_;
+    refresh(true);
+    refresh(false);
+    EXPECT_EQ(changes_, before);
+}
+
+} // namespace
+} // namespace tessary
