@@ -67,9 +67,9 @@ struct BrowserSetup {
     using OpenApp = std::function<std::shared_ptr<FileAccess>(const DeviceInfo&, const AppInfo&)>;
 
     OpenAndroid openAndroid;          ///< empty: over DeviceFileService::shared()
-    OpenApp openApp;                  ///< empty: over an AppFileAccess of its own
     PreviewCache* previews = nullptr; ///< null: the shared one
     Typeahead::Clock clock;           ///< empty: the steady clock
+    OpenApp openApp{};                ///< empty: over an AppFileAccess of its own
 };
 
 /// The state of the file browser for one connection: the folder shown, its rows, path bar,
