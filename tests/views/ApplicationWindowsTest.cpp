@@ -1,0 +1,156 @@
+#include "app/views/ApplicationWindows.h"
+#include "app/LanguageManager.h"
+#include "app/QtTexts.h"
+#include "app/views/UpdateAlerts.h"
+#include "core/Background.h"
+#include "platform/MemoryUserDefaults.h"
+#include "support/QtPrinters.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace tessary;
+
+namespace {
+
+constexpr int patience = 15'000; // ms
+
+/// A server that has this manifest, or none.
+class FakeHttp final : public HttpClient {
+public:
+    [[nodiscard]] HttpResponse get(const HttpRequest&, const std::stop_token&) override {
+        return {body.isEmpty() ? 404 : 200, body};
+    }
+    QByteArray body;
+};
+
+class ApplicationWindowsTest : public testing::Test {
+protected:
+    ApplicationWindowsTest() {
+        Background::restart();
+        LanguageManager::shared().setSelectedLanguage(AppLanguage::en);
+        window_.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&window_, patience));
+    }
+    ~ApplicationWindowsTest() override {
+        EXPECT_TRUE(Background::shutDown(std::chrono::seconds(30)));
+    }
+
+    QMessageBox* box() {
+        QMessageBox* found = nullptr;
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&] {
+                found = window_.findChild<QMessageBox*>(QStringLiteral("updateAlert"));
+                return found != nullptr && found->isVisible();
+            },
+            patience));
+        return found;
+    }
+    /// Closes the box with the button of this text.
+    void press(const QString& text) {
+        QMessageBox* shown = box();
+        ASSERT_NE(shown, nullptr);
+        for (QAbstractButton* button : shown->buttons()) {
+            if (button->text().remove(QLatin1Char('&')) != text)
+                continue;
+            QTest::mouseClick(button, Qt::LeftButton);
+            EXPECT_TRUE(QTest::qWaitFor(
+                [&] { return window_.findChildren<QMessageBox*>().isEmpty(); }, patience));
+            return;
+        }
+        FAIL() << "no button " << text.toStdString();
+    }
+
+    QWidget window_;
+    QStringList opened_;
+    std::shared_ptr<FakeHttp> http_ = std::make_shared<FakeHttp>();
+    std::shared_ptr<UserDefaults> store_ = std::make_shared<MemoryUserDefaults>();
+    UpdateCheckerService checker_{http_,
+                                  store_,
+                                  [this](const QUrl& url) { opened_.append(url.toString()); },
+                                  {QUrl(QStringLiteral("https://tessary.example")),
+                                   QUrl(QStringLiteral("https://tessary.example/home")),
+                                   QStringLiteral("1.9")}};
+    UpdateAlerts alerts_{checker_, window_};
+};
+
+TEST_F(ApplicationWindowsTest, whatTheUserAskedForIsTold) {
+    checker_.checkForUpdates(true);
+    ASSERT_NE(box(), nullptr);
+    EXPECT_EQ(box()->windowTitle(), QStringLiteral("Update Check Failed"));
+    EXPECT_EQ(box()->informativeText(),
+              QStringLiteral("Failed to check for updates (Server returned non-200 status). "
+                             "Please try again later."));
+    press(QStringLiteral("OK"));
+    EXPECT_EQ(checker_.checkErrorMessage(), std::nullopt);
+
+    http_->body = R"({"version": "1.9"})";
+    checker_.checkForUpdates(true);
+    ASSERT_NE(box(), nullptr);
+    EXPECT_EQ(box()->informativeText(),
+              QStringLiteral("Tessary v1.9 is currently the newest version."));
+    press(QStringLiteral("OK"));
+    EXPECT_FALSE(checker_.showUpToDateAlert());
+
+    LanguageManager::shared().setSelectedLanguage(AppLanguage::de);
+    http_->body.clear();
+    checker_.checkForUpdates(true);
+    ASSERT_NE(box(), nullptr);
+    EXPECT_EQ(box()->windowTitle(), QStringLiteral("Update-Suche fehlgeschlagen"));
+    EXPECT_FALSE(box()->informativeText().contains(QStringLiteral("Failed")));
+    press(QStringLiteral("OK"));
+}
+
+TEST_F(ApplicationWindowsTest, anUpdateIsOfferedAsPlainTextAndLeadsToSafePagesOnly) {
+    http_->body = R"({"version": "2.0", "release_notes": "<h1>Big</h1>",
+                      "download_url": "file:///bin/sh"})";
+    checker_.checkForUpdates(false);
+    ASSERT_NE(box(), nullptr);
+    EXPECT_EQ(box()->windowTitle(), QStringLiteral("Tessary 2.0 is available"));
+    EXPECT_EQ(box()->textFormat(), Qt::PlainText);
+    press(QStringLiteral("Later"));
+    EXPECT_TRUE(opened_.isEmpty());
+
+    checker_.checkForUpdates(false);
+    press(QStringLiteral("Download"));
+    EXPECT_EQ(opened_, QStringList(QStringLiteral("https://tessary.example/home")));
+
+    checker_.checkForUpdates(false);
+    press(QStringLiteral("Skip This Version"));
+    EXPECT_EQ(store_->value(UpdateCheckerService::skippedVersionKey), QStringLiteral("2.0"));
+}
+
+TEST_F(ApplicationWindowsTest, theProgramEndsWithItsLastMainWindow) {
+    ApplicationWindows windows(window_);
+    QDialog question(&window_);
+    QWidget second;
+    second.show();
+    question.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&second, patience));
+    bool hasEnded = false;
+    QObject::connect(qApp, &QCoreApplication::aboutToQuit, &windows, [&] { hasEnded = true; });
+    QTimer::singleShot(0, &windows, [&] { window_.close(); });
+    QTimer::singleShot(200, &windows, [&] {
+        EXPECT_FALSE(hasEnded);
+        second.close();
+    });
+    QTimer::singleShot(patience, qApp, [] { QApplication::exit(1); });
+    EXPECT_EQ(QApplication::exec(), 0);
+    EXPECT_TRUE(hasEnded);
+}
+
+TEST_F(ApplicationWindowsTest, aMinimizedWindowComesBack) {
+    ApplicationWindows windows(window_);
+    window_.showMinimized();
+    windows.delegate().reopen();
+    EXPECT_FALSE(window_.isMinimized());
+    EXPECT_TRUE(window_.isVisible());
+}
+
+} // namespace
