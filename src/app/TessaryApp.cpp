@@ -23,9 +23,13 @@ TessaryApp::TessaryApp(DeviceSources sources, DeviceFileService& files, TessaryA
 }
 
 TessaryApp::~TessaryApp() {
+    stop();
+}
+
+bool TessaryApp::stop() {
     deviceManager_.stopListening();
-    engine_.stop(shutDownLimit);
-    (void)Background::shutDown(shutDownLimit);
+    const bool copyHasEnded = engine_.stop(shutDownLimit);
+    return Background::shutDown(shutDownLimit) && copyHasEnded;
 }
 
 } // namespace tessary

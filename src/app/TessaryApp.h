@@ -38,8 +38,13 @@ class TessaryApp : public QObject {
 public:
     /// `sources` and `files` must outlive the application.
     TessaryApp(DeviceSources sources, DeviceFileService& files, TessaryAppSetup setup);
-    /// Ends what runs in the background, each with a bound.
+    /// stop(), whatever comes of it.
     ~TessaryApp() override;
+
+    /// Ends what runs in the background, each with a bound; nothing is to be started afterwards.
+    /// False when something hangs: it goes on using `files` and what that uses, which then must not
+    /// be destroyed.
+    bool stop();
 
     [[nodiscard]] DeviceManager& deviceManager() {
         return deviceManager_;

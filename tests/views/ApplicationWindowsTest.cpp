@@ -8,7 +8,8 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -124,6 +125,21 @@ TEST_F(ApplicationWindowsTest, anUpdateIsOfferedAsPlainTextAndLeadsToSafePagesOn
     checker_.checkForUpdates(false);
     press(QStringLiteral("Skip This Version"));
     EXPECT_EQ(store_->value(UpdateCheckerService::skippedVersionKey), QStringLiteral("2.0"));
+}
+
+TEST_F(ApplicationWindowsTest, theCommandChecksAndFollowsTheLanguage) {
+    QMenuBar menus;
+    alerts_.addCommand(menus);
+    QMenu* help = menus.actions().constFirst()->menu();
+    QAction* check = help->actions().constFirst();
+    EXPECT_EQ(check->text(), QStringLiteral("Check for Updates…"));
+    LanguageManager::shared().setSelectedLanguage(AppLanguage::de);
+    EXPECT_EQ(help->title(), QStringLiteral("Hilfe"));
+    EXPECT_EQ(check->text(), QStringLiteral("Nach Updates suchen …"));
+    check->trigger();
+    EXPECT_FALSE(check->isEnabled());
+    press(QStringLiteral("OK"));
+    EXPECT_TRUE(check->isEnabled());
 }
 
 TEST_F(ApplicationWindowsTest, theProgramEndsWithItsLastMainWindow) {

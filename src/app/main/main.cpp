@@ -17,11 +17,13 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDesktopServices>
+#include <QMenuBar>
 #include <QProcess>
 #include <QTemporaryDir>
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <string_view>
 
 using namespace tessary;
@@ -157,13 +159,16 @@ int main(int argc, char** argv) {
     window.show();
     if (!parser.isSet(tour)) {
         ApplicationWindows windows(window);
-        const UpdateAlerts alerts(app.updateChecker(), window);
+        UpdateAlerts alerts(app.updateChecker(), window);
+        alerts.addCommand(*window.menuBar());
         delegate = &windows.delegate();
         delegate->applicationDidFinishLaunching();
         if (!isDemo)
             app.updateChecker().checkAtStart();
         const int status = QApplication::exec();
         delegate = nullptr;
+        if (!app.stop())
+            std::_Exit(status); // a phone that hangs uses what would go now
         return status;
     }
     Tour walk(window, tourPhone(*phones.virtualPhones), parser.value(tour));

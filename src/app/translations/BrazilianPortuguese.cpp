@@ -69,6 +69,7 @@ constexpr std::array rows{
     TranslationRow{"Keep", "Manter"},
     TranslationRow{"System Default", "Idioma do sistema"},
     // menus
+    TranslationRow{"Help", "Ajuda"},
     TranslationRow{"File", "Arquivo"},
     TranslationRow{"Edit", "Editar"},
     TranslationRow{"View", "Exibir"},

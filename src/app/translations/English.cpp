@@ -69,6 +69,7 @@ constexpr std::array rows{
     TranslationRow{"Keep", nullptr},
     TranslationRow{"System Default", nullptr},
     // menus
+    TranslationRow{"Help", nullptr},
     TranslationRow{"File", nullptr},
     TranslationRow{"Edit", nullptr},
     TranslationRow{"View", nullptr},

@@ -69,6 +69,7 @@ constexpr std::array rows{
     TranslationRow{"Keep", "Conserver"},
     TranslationRow{"System Default", "Langue du système"},
     // menus
+    TranslationRow{"Help", "Aide"},
     TranslationRow{"File", "Fichier"},
     TranslationRow{"Edit", "Édition"},
     TranslationRow{"View", "Affichage"},

@@ -69,6 +69,7 @@ constexpr std::array rows{
     TranslationRow{"Keep", "Behalten"},
     TranslationRow{"System Default", "Systemsprache"},
     // menus
+    TranslationRow{"Help", "Hilfe"},
     TranslationRow{"File", "Datei"},
     TranslationRow{"Edit", "Bearbeiten"},
     TranslationRow{"View", "Darstellung"},

@@ -69,6 +69,7 @@ constexpr std::array rows{
     TranslationRow{"Keep", "Mantieni"},
     TranslationRow{"System Default", "Lingua di sistema"},
     // menus
+    TranslationRow{"Help", "Aiuto"},
     TranslationRow{"File", "File"},
     TranslationRow{"Edit", "Modifica"},
     TranslationRow{"View", "Vista"},

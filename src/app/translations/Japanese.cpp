@@ -69,6 +69,7 @@ constexpr std::array rows{
     TranslationRow{"Keep", "残す"},
     TranslationRow{"System Default", "システムの言語"},
     // menus
+    TranslationRow{"Help", "ヘルプ"},
     TranslationRow{"File", "ファイル"},
     TranslationRow{"Edit", "編集"},
     TranslationRow{"View", "表示"},

@@ -69,6 +69,7 @@ constexpr std::array rows{
     TranslationRow{"Keep", "유지"},
     TranslationRow{"System Default", "시스템 기본값"},
     // menus
+    TranslationRow{"Help", "도움말"},
     TranslationRow{"File", "파일"},
     TranslationRow{"Edit", "편집"},
     TranslationRow{"View", "보기"},

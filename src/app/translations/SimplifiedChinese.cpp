@@ -69,6 +69,7 @@ constexpr std::array rows{
     TranslationRow{"Keep", "保留"},
     TranslationRow{"System Default", "系统默认"},
     // menus
+    TranslationRow{"Help", "帮助"},
     TranslationRow{"File", "文件"},
     TranslationRow{"Edit", "编辑"},
     TranslationRow{"View", "显示"},

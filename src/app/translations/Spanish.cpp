@@ -69,6 +69,7 @@ constexpr std::array rows{
     TranslationRow{"Keep", "Conservar"},
     TranslationRow{"System Default", "Idioma del sistema"},
     // menus
+    TranslationRow{"Help", "Ayuda"},
     TranslationRow{"File", "Archivo"},
     TranslationRow{"Edit", "Edición"},
     TranslationRow{"View", "Ver"},

@@ -69,6 +69,7 @@ constexpr std::array rows{
     TranslationRow{"Keep", "保留"},
     TranslationRow{"System Default", "系統預設"},
     // menus
+    TranslationRow{"Help", "輔助說明"},
     TranslationRow{"File", "檔案"},
     TranslationRow{"Edit", "編輯"},
     TranslationRow{"View", "檢視"},

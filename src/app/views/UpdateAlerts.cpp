@@ -1,8 +1,10 @@
 #include "app/views/UpdateAlerts.h"
 
+#include "app/LanguageManager.h"
 #include "app/Translations.h"
 #include "core/Printable.h"
 
+#include <QMenuBar>
 #include <QPushButton>
 
 namespace tessary {
@@ -16,6 +18,18 @@ constexpr int longestNotes = 1500; // they come from a server
 UpdateAlerts::UpdateAlerts(UpdateCheckerService& checker, QWidget& window)
     : checker_(checker), window_(window) {
     connect(&checker, &UpdateCheckerService::stateChanged, this, &UpdateAlerts::show);
+}
+
+void UpdateAlerts::addCommand(QMenuBar& menus) {
+    QMenu* help = menus.addMenu(QString());
+    QAction* check = help->addAction(QString(), this, [this] { checker_.checkForUpdates(true); });
+    check->setMenuRole(QAction::ApplicationSpecificRole);
+    keepTranslated(help, [help, check] {
+        help->setTitle(tessary::tr("Help"));
+        check->setText(tessary::tr("settings.checkUpdates"));
+    });
+    connect(&checker_, &UpdateCheckerService::stateChanged, check,
+            [this, check] { check->setEnabled(!checker_.isChecking()); });
 }
 
 void UpdateAlerts::show() {

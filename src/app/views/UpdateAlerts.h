@@ -5,13 +5,18 @@
 #include <QMessageBox>
 #include <QPointer>
 
+class QMenuBar;
+
 namespace tessary {
 
-/// What came of a look for updates, told over the main window.
+/// The command that looks for updates, and what came of it, told over the main window.
 class UpdateAlerts : public QObject {
 public:
     /// `checker` and `window` must outlive this.
     UpdateAlerts(UpdateCheckerService& checker, QWidget& window);
+
+    /// Adds "Check for Updates…" in a menu of its own.
+    void addCommand(QMenuBar& menus);
 
 private:
     void show();
