@@ -16,15 +16,15 @@ constexpr std::size_t mebibyte = std::size_t{1} << 20;
 constexpr std::size_t networkWriteLimit = std::size_t{64} << 10;
 
 /// Statuses that the library gives when the link is broken or out of step.
-bool isLinkFailure(afc_error_t status) {
-    constexpr std::array failures{AFC_E_OP_HEADER_INVALID, AFC_E_MUX_ERROR, AFC_E_NO_MEM,
-                                  AFC_E_NOT_ENOUGH_DATA};
-    return std::find(failures.begin(), failures.end(), status) != failures.end() ||
-           static_cast<int>(status) == static_cast<int>(AFCError::sslError);
+bool isLinkFailure(AFCStatus status) {
+    constexpr std::array failures{AFCError::opHeaderInvalid, AFCError::muxError, AFCError::noMem,
+                                  AFCError::notEnoughData, AFCError::sslError};
+    return std::find(failures.begin(), failures.end(), afcErrorFromStatus(status)) !=
+           failures.end();
 }
 
-TessaryError errorOf(afc_error_t status) {
-    return TessaryError::afcError(afcErrorFromStatus(static_cast<std::int32_t>(status)));
+TessaryError errorOf(AFCStatus status) {
+    return TessaryError::afcError(afcErrorFromStatus(status));
 }
 
 } // namespace
@@ -74,12 +74,12 @@ HouseArrestHandle AFCConnection::openHouseArrest(const QString& bundleId) {
 
 void AFCConnection::openClient() {
     afc_client_t handle = nullptr;
-    const afc_error_t status = afc_client_new_from_house_arrest_client(houseArrest_.get(), &handle);
+    const AFCStatus status = afc_client_new_from_house_arrest_client(houseArrest_.get(), &handle);
     afc_.reset(handle);
     if (status != AFC_E_SUCCESS || !afc_)
         throw errorOf(status == AFC_E_SUCCESS ? AFC_E_UNKNOWN_ERROR : status);
     char** texts = nullptr;
-    const afc_error_t probe =
+    const AFCStatus probe =
         ask([&](afc_client_t afc) { return afc_read_directory(afc, "/Documents", &texts); });
     const AFCTexts owner(texts);
     if (isLost_)
@@ -89,10 +89,10 @@ void AFCConnection::openClient() {
 }
 
 template <typename Request>
-afc_error_t AFCConnection::ask(const Request& request) {
+AFCStatus AFCConnection::ask(const Request& request) {
     if (isLost_)
         return AFC_E_SERVICE_NOT_CONNECTED;
-    const afc_error_t status = request(afc_.get());
+    const AFCStatus status = request(afc_.get());
     if (isLinkFailure(status))
         isLost_ = true;
     beat_();
@@ -101,7 +101,7 @@ afc_error_t AFCConnection::ask(const Request& request) {
 
 template <typename Request>
 void AFCConnection::require(const Request& request) {
-    const afc_error_t status = ask(request);
+    const AFCStatus status = ask(request);
     if (status != AFC_E_SUCCESS)
         throw errorOf(status);
 }
@@ -109,7 +109,7 @@ void AFCConnection::require(const Request& request) {
 QStringList AFCConnection::readDirectory(const QString& path) {
     char** texts = nullptr;
     const QByteArray name = path.toUtf8();
-    const afc_error_t status =
+    const AFCStatus status =
         ask([&](afc_client_t afc) { return afc_read_directory(afc, name.constData(), &texts); });
     const AFCTexts owner(texts);
     if (status != AFC_E_SUCCESS)
@@ -126,7 +126,7 @@ QStringList AFCConnection::readDirectory(const QString& path) {
 std::optional<AFCFileInfo> AFCConnection::fileInfo(const QString& path) {
     char** texts = nullptr;
     const QByteArray name = path.toUtf8();
-    const afc_error_t status =
+    const AFCStatus status =
         ask([&](afc_client_t afc) { return afc_get_file_info(afc, name.constData(), &texts); });
     const AFCTexts owner(texts);
     if (isLost_)

@@ -18,6 +18,10 @@
 
 namespace tessary {
 
+/// A status as the library hands it on: any number that a device sends, and not only those that
+/// its enumeration has.
+using AFCStatus = std::int32_t;
+
 /// The container of one app, opened through house arrest: each call is one request of the AFC
 /// protocol. Paths are the device's own. Calls block, for 30 seconds at most on a silent link,
 /// and are made on one thread; only isLost() and markLost() may come from any.
@@ -62,7 +66,7 @@ private:
     void openClient();
     /// Makes one request; its status.
     template <typename Request>
-    [[nodiscard]] afc_error_t ask(const Request& request);
+    [[nodiscard]] AFCStatus ask(const Request& request);
     /// The same, where everything but success is thrown.
     template <typename Request>
     void require(const Request& request);
