@@ -56,8 +56,23 @@ DeviceFileService& DeviceFileService::shared() {
     return service;
 }
 
-DeviceFileService::DeviceFileService(UsbBus& bus, ProcessRunner& processes)
-    : bus_(bus), processes_(processes), mtp_(bus), stagingDirectory_(makeStagingDirectory()) {}
+DeviceFileService::DeviceFileService(UsbBus& bus, ProcessRunner& processes,
+                                     std::optional<QStringList> adbPaths)
+    : bus_(bus),
+      processes_(processes),
+      mtp_(bus),
+      adbTool_(processes, std::move(adbPaths)),
+      adb_(adbTool_),
+      stagingDirectory_(makeStagingDirectory()) {}
+
+bool DeviceFileService::usesAdb(const DeviceInfo& device) const {
+    return device.protocolMode == ProtocolMode::adbTurbo && adbTool_.find();
+}
+
+template <typename Work>
+auto DeviceFileService::onBackend(const DeviceInfo& device, Work work) {
+    return usesAdb(device) ? work(adb_) : work(mtp_);
+}
 
 DeviceFileService::~DeviceFileService() {
     stopStaging_.request_stop();
@@ -68,34 +83,50 @@ std::vector<FileItem> DeviceFileService::listDirectory(const QString& at,
                                                        const std::stop_token& stop) {
     if (!device)
         return {};
-    return mtp_.listDirectory(at, *device, stop);
+    return onBackend(*device,
+                     [&](auto& backend) { return backend.listDirectory(at, *device, stop); });
+}
+
+QByteArray DeviceFileService::readSampleBytes(const QString& path, qint64 maxBytes,
+                                              const DeviceInfo& device,
+                                              const std::stop_token& stop) {
+    return adb_.readSample(path, maxBytes, device, stop);
 }
 
 std::vector<FileItem> DeviceFileService::listDirectoryChecked(const QString& at,
                                                               const DeviceInfo& device,
-                                                              const std::stop_token& stop) {
-    return mtp_.listDirectory(at, device, stop, ListingRule::checked);
+                                                              const std::stop_token& stop,
+                                                              std::vector<SkippedItem>* skipped) {
+    if (!usesAdb(device))
+        return mtp_.listDirectory(at, device, stop, ListingRule::checked);
+    CheckedListing listing = adb_.listChecked(at, device, stop);
+    if (skipped != nullptr)
+        *skipped = std::move(listing.skipped);
+    return std::move(listing.items);
 }
 
 std::optional<FileItem> DeviceFileService::entryAt(const QString& path, const DeviceInfo& device,
                                                    const std::stop_token& stop) {
-    return mtp_.entryAt(path, device, stop);
+    return onBackend(device, [&](auto& backend) { return backend.entryAt(path, device, stop); });
 }
 
 std::shared_ptr<void> DeviceFileService::hold(const DeviceInfo& device) {
-    return mtp_.hold(device);
+    return usesAdb(device) ? nullptr : mtp_.hold(device); // adb keeps its own connection
 }
 
 FileItem DeviceFileService::itemAt(const QString& path, const std::optional<DeviceInfo>& device,
                                    const std::stop_token& stop) {
-    return mtp_.itemAt(path, require(device), stop);
+    const DeviceInfo& chosen = require(device);
+    return onBackend(chosen, [&](auto& backend) { return backend.itemAt(path, chosen, stop); });
 }
 
 void DeviceFileService::downloadFile(const FileItem& item, const QString& to,
                                      const std::optional<DeviceInfo>& device,
                                      const FileProgressCallback& progress,
                                      const std::stop_token& stop) {
-    mtp_.downloadFile(item, to, require(device), progress, stop);
+    const DeviceInfo& chosen = require(device);
+    onBackend(chosen,
+              [&](auto& backend) { backend.downloadFile(item, to, chosen, progress, stop); });
 }
 
 TransferOutcome DeviceFileService::downloadDirectory(const FileItem& item, const QString& to,
@@ -113,21 +144,30 @@ TransferOutcome DeviceFileService::downloadDirectory(const FileItem& item, const
 TransferOutcome DeviceFileService::downloadDirectoryContents(
     const FileItem& item, const QString& localFolder, const std::optional<DeviceInfo>& device,
     const TransferProgressCallback& progress, const std::stop_token& stop) {
-    return mtp_.downloadDirectory(item, localFolder, require(device), progress, stop);
+    const DeviceInfo& chosen = require(device);
+    return onBackend(chosen, [&](auto& backend) {
+        return backend.downloadDirectory(item, localFolder, chosen, progress, stop);
+    });
 }
 
 void DeviceFileService::uploadFile(const QString& localFile, const QString& remoteParentPath,
                                    const std::optional<DeviceInfo>& device,
                                    const FileProgressCallback& progress,
                                    const std::stop_token& stop) {
-    mtp_.uploadFile(localFile, remoteParentPath, require(device), progress, stop);
+    const DeviceInfo& chosen = require(device);
+    onBackend(chosen, [&](auto& backend) {
+        backend.uploadFile(localFile, remoteParentPath, chosen, progress, stop);
+    });
 }
 
 void DeviceFileService::uploadFile(const QString& localFile, const QString& remoteParentPath,
                                    const DeviceInfo& device, bool mayReplace,
                                    MTPUploadMemory& memory, const FileProgressCallback& progress,
                                    const std::stop_token& stop) {
-    mtp_.uploadFile(localFile, remoteParentPath, device, mayReplace, memory, progress, stop);
+    if (usesAdb(device))
+        adb_.uploadFile(localFile, remoteParentPath, device, progress, stop, mayReplace);
+    else
+        mtp_.uploadFile(localFile, remoteParentPath, device, mayReplace, memory, progress, stop);
 }
 
 TransferOutcome DeviceFileService::uploadDirectory(const QString& localFolder,
@@ -135,34 +175,41 @@ TransferOutcome DeviceFileService::uploadDirectory(const QString& localFolder,
                                                    const std::optional<DeviceInfo>& device,
                                                    const TransferProgressCallback& progress,
                                                    const std::stop_token& stop) {
-    return mtp_.uploadDirectory(localFolder, remoteParentPath, require(device), progress, stop);
+    const DeviceInfo& chosen = require(device);
+    return onBackend(chosen, [&](auto& backend) {
+        return backend.uploadDirectory(localFolder, remoteParentPath, chosen, progress, stop);
+    });
 }
 
 void DeviceFileService::createFolder(const QString& name, const QString& parentPath,
                                      const std::optional<DeviceInfo>& device,
                                      const std::stop_token& stop) {
-    mtp_.createFolder(name, parentPath, require(device), stop);
+    const DeviceInfo& chosen = require(device);
+    onBackend(chosen, [&](auto& backend) { backend.createFolder(name, parentPath, chosen, stop); });
 }
 
 void DeviceFileService::deleteFile(const FileItem& item, const std::optional<DeviceInfo>& device,
                                    const std::stop_token& stop) {
-    mtp_.deleteFile(item, require(device), stop);
+    const DeviceInfo& chosen = require(device);
+    onBackend(chosen, [&](auto& backend) { backend.deleteFile(item, chosen, stop); });
 }
 
 void DeviceFileService::renameItem(const FileItem& item, const QString& newName,
                                    const std::optional<DeviceInfo>& device,
                                    const std::stop_token& stop) {
-    mtp_.renameItem(item, newName, require(device), stop);
+    const DeviceInfo& chosen = require(device);
+    onBackend(chosen, [&](auto& backend) { backend.renameItem(item, newName, chosen, stop); });
 }
 
 void DeviceFileService::moveItem(const FileItem& item, const QString& newParentPath,
                                  const std::optional<DeviceInfo>& device,
                                  const std::stop_token& stop) {
-    mtp_.moveItem(item, newParentPath, require(device), stop);
+    const DeviceInfo& chosen = require(device);
+    onBackend(chosen, [&](auto& backend) { backend.moveItem(item, newParentPath, chosen, stop); });
 }
 
 std::optional<LiveDeviceInfo> DeviceFileService::fetchLiveDeviceInfo(const DeviceInfo& device) {
-    return mtp_.fetchLiveDeviceInfo(device);
+    return onBackend(device, [&](auto& backend) { return backend.fetchLiveDeviceInfo(device); });
 }
 
 QString DeviceFileService::stagingPath(const FileItem& item, const DeviceInfo& device) const {
@@ -240,15 +287,15 @@ QStringList DeviceFileService::programsHolding(const DeviceInfo& device) {
 }
 
 std::optional<QString> DeviceFileService::findAdbBinary() const {
-    for (const QString& path :
-         {QDir::homePath() + QStringLiteral("/Library/Android/sdk/platform-tools/adb"),
-          QStringLiteral("/opt/homebrew/bin/adb"), QStringLiteral("/usr/local/bin/adb"),
-          usrBin(QLatin1StringView("/adb"))}) {
-        const QFileInfo info(path);
-        if (info.isFile() && info.isExecutable())
-            return path;
-    }
-    return std::nullopt;
+    return adbTool_.find();
+}
+
+bool DeviceFileService::isAdbDeviceConnected(const std::optional<QString>& serial) {
+    return adbTool_.isConnected(serial);
+}
+
+std::vector<AdbDevice> DeviceFileService::adbDevices(QString* failure) {
+    return adbTool_.devices(failure);
 }
 
 } // namespace tessary

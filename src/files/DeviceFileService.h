@@ -3,6 +3,7 @@
 #include "core/DeviceInfo.h"
 #include "core/FileItem.h"
 #include "core/TransferOutcome.h"
+#include "files/ADBFileBackend.h"
 #include "files/MTPFileBackend.h"
 #include "platform/ProcessRunner.h"
 #include "platform/UsbBus.h"
@@ -25,16 +26,21 @@ namespace tessary {
 /// MTPTransportError; a stop request ends a call with CancellationError. A call without a device
 /// fails with `deviceNotFound`, only a listing is then empty.
 ///
+/// A device in the mode `adbTurbo` is reached by the adb tool of this machine; in every other mode,
+/// and where there is no such tool, over MTP.
+///
 /// Device paths are storage-relative and begin with "/"; "/sdcard" and "/storage/emulated/0" are
-/// the root, "/storage/<id>" is the root of another storage. Local paths are files of this
-/// machine.
+/// the root, "/storage/<id>" is the root of another storage over MTP. Over adb, Android's other
+/// folders can be named as well ("/data/local/tmp"). Local paths are files of this machine.
 class DeviceFileService {
 public:
     /// The instance on this machine's USB bus. Made on first use, never released.
     [[nodiscard]] static DeviceFileService& shared();
 
-    /// `bus` and `processes` must outlive the service.
-    DeviceFileService(UsbBus& bus, ProcessRunner& processes);
+    /// `bus` and `processes` must outlive the service. `adbPaths` is where adb is looked for,
+    /// instead of the usual places.
+    DeviceFileService(UsbBus& bus, ProcessRunner& processes,
+                      std::optional<QStringList> adbPaths = {});
     /// Waits for staging copies that are under way; they are cancelled.
     ~DeviceFileService();
 
@@ -42,9 +48,15 @@ public:
                                                       const std::optional<DeviceInfo>& device,
                                                       const std::stop_token& stop = {});
     /// The same, failing when an entry's facts cannot be read: what is not listed is not there.
-    [[nodiscard]] std::vector<FileItem> listDirectoryChecked(const QString& at,
-                                                             const DeviceInfo& device,
-                                                             const std::stop_token& stop = {});
+    /// What can be no part of a copy (links, special files) is put into `skipped` instead.
+    [[nodiscard]] std::vector<FileItem>
+    listDirectoryChecked(const QString& at, const DeviceInfo& device,
+                         const std::stop_token& stop = {},
+                         std::vector<SkippedItem>* skipped = nullptr);
+    /// The first bytes of a file, read by adb; TessaryError where there is none.
+    [[nodiscard]] QByteArray readSampleBytes(const QString& path, qint64 maxBytes,
+                                             const DeviceInfo& device,
+                                             const std::stop_token& stop = {});
     /// The entry at a path; the root is a folder called after its storage.
     [[nodiscard]] FileItem itemAt(const QString& path, const std::optional<DeviceInfo>& device,
                                   const std::stop_token& stop = {});
@@ -112,13 +124,27 @@ public:
     /// The adb executable of this machine: the first that is there of the home folder's Android
     /// tools and the usual places.
     [[nodiscard]] std::optional<QString> findAdbBinary() const;
+    /// Whether adb reaches a phone with this serial number; without one, whether it reaches
+    /// exactly one phone. Starts adb's server when none runs.
+    [[nodiscard]] bool isAdbDeviceConnected(const std::optional<QString>& serial);
+    /// The phones that adb reaches, or is being refused by. Starts adb's server when none runs.
+    /// Why there is no answer is in `failure`.
+    [[nodiscard]] std::vector<AdbDevice> adbDevices(QString* failure = nullptr);
+
+    /// Whether the device's files are reached through adb.
+    [[nodiscard]] bool usesAdb(const DeviceInfo& device) const;
 
 private:
+    /// Calls `work(backend)` with the backend of the device's mode; MTP when there is no adb.
+    template <typename Work>
+    auto onBackend(const DeviceInfo& device, Work work);
     [[nodiscard]] QString stagingPath(const FileItem& item, const DeviceInfo& device) const;
 
     UsbBus& bus_;
     ProcessRunner& processes_;
     MTPFileBackend mtp_;
+    ADBTool adbTool_;
+    ADBFileBackend adb_;
     QString stagingDirectory_;
 
     std::mutex stagingMutex_;

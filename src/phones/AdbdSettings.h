@@ -43,7 +43,7 @@ struct AdbdFaults {
     /// Added to each size that the phone tells.
     std::int64_t sizeLie = 0;
     double megabytesPerSecond = 0; ///< of 10^6 bytes, for contents of files; 0 for no limit
-    /// Names that sync listings hold besides the true ones.
+    /// Names that sync listings hold besides the true ones, and that can be pulled.
     std::vector<QByteArray> extraNames;
     /// May replace what a command prints, and its exit status by 0. Runs on the phone's thread.
     std::function<std::optional<QByteArray>(const QByteArray& command)> rewrite;

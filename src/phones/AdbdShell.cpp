@@ -19,7 +19,7 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-constexpr std::string_view special = "$`*?|<>()#~!{}[]\"\n\r&;=%^";
+constexpr std::string_view special = "$`*?|<>()#~!{}[]\"\n\r&;";
 
 AdbdShellResult failed(const std::string& text) {
     return {{}, text + '\n', 1};

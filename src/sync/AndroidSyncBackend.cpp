@@ -44,11 +44,19 @@ std::shared_ptr<void> AndroidSyncBackend::holdConnection() {
 }
 
 SyncScan AndroidSyncBackend::scanDirectory(const QString& remoteRoot) {
-    return scanTree(remoteRoot, [this](const QString& path) {
-        std::vector<FileItem> items = service_.listDirectoryChecked(path, device_, stop_);
+    std::vector<SkippedItem> all;
+    SyncScan scan = scanTree(remoteRoot, [&](const QString& path) {
+        std::vector<SkippedItem> skipped;
+        std::vector<FileItem> items = service_.listDirectoryChecked(path, device_, stop_, &skipped);
+        // By the paths as the scan names them, whatever the phone calls the folder.
+        for (const SkippedItem& one : skipped)
+            all.push_back({joinPath(path, lastComponent(one.path)), one.reason});
         folders_.insert(path);
         return items;
     });
+    for (const SkippedItem& one : all)
+        scan.unusable[one.path.mid(joinPath(remoteRoot, {}).size())] = one.reason;
+    return scan;
 }
 
 SyncScan AndroidSyncBackend::scanFolder(const QString& remotePath) {
@@ -58,9 +66,18 @@ SyncScan AndroidSyncBackend::scanFolder(const QString& remotePath) {
 }
 
 /// Over MTP there is no way to read the beginning of a file alone.
-bool AndroidSyncBackend::areFilesMatching(const QString&, const QString&, qint64 localSize,
-                                          qint64 remoteSize) {
-    return localSize == 0 && remoteSize == 0;
+bool AndroidSyncBackend::areFilesMatching(const QString& localFile, const QString& remotePath,
+                                          qint64 localSize, qint64 remoteSize) {
+    if (localSize != remoteSize || localSize == 0)
+        return localSize == remoteSize;
+    if (!service_.usesAdb(device_))
+        return false;
+    bool isEqual = false;
+    quietly("sample not read: %s", [&] {
+        isEqual = localSample(localFile) ==
+                  service_.readSampleBytes(remotePath, syncSampleSize, device_, stop_);
+    });
+    return isEqual;
 }
 
 std::optional<SyncFileEntry> AndroidSyncBackend::statFile(const QString& remotePath) {
@@ -118,8 +135,10 @@ void AndroidSyncBackend::cleanupEmptyRemoteDirectories(const QString& path,
             const auto item = service_.entryAt(folder, device_, stop_);
             if (!item)
                 continue; // gone already
+            std::vector<SkippedItem> links;
             if (!item->isDirectory ||
-                !service_.listDirectoryChecked(folder, device_, stop_).empty())
+                !service_.listDirectoryChecked(folder, device_, stop_, &links).empty() ||
+                !links.empty())
                 return;
             service_.deleteFile(*item, device_, stop_);
             folders_.remove(folder);

@@ -1,0 +1,343 @@
+#include "files/ADBFileBackend.h"
+
+#include "core/CancellationError.h"
+#include "core/DiagnosticsLogger.h"
+#include "core/TessaryError.h"
+#include "files/ADBPaths.h"
+#include "files/ADBTransfer.h"
+#include "files/DevicePath.h"
+
+#include <algorithm>
+
+namespace tessary {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto listingLimit = 60s;
+constexpr auto editLimit = 10min; // a folder of many files is deleted one by one
+
+constexpr QByteArrayView endMarker("tessary-end-of-listing");
+
+QString listingCommand(const QString& folder) {
+    return QStringLiteral("ls -la ") + phoneShellQuoted(folder + QLatin1Char('/'));
+}
+
+/// Throws when what a listing printed tells that there is no such folder to read.
+void requireListable(const ProcessResult& result, const QString& folder) {
+    const QByteArray text = result.standardError + result.standardOutput;
+    const QByteArray sign = "ls: " + folder.toUtf8() + "/: ";
+    if (!text.contains(sign))
+        return;
+    if (text.contains(sign + "No such file"))
+        throwNotOnPhone(folder);
+    if (text.contains(sign + "Not a directory"))
+        throw TessaryError::fileIOError(QStringLiteral("%1 is not a folder.").arg(folder));
+    throw TessaryError::fileIOError(
+        QStringLiteral("The phone does not allow %1 to be read.").arg(folder));
+}
+
+/// What lies below a folder, for the totals of a copy. What cannot be read counts nothing.
+void addTotals(const ADBFileBackend& backend, const QString& folder, const DeviceInfo& device,
+               const std::stop_token& stop, int depth, ADBTreeTotals& totals) {
+    constexpr int maxDepth = 64;
+    std::vector<QString> folders;
+    try {
+        for (const FileItem& item : backend.listDirectory(folder, device, stop)) {
+            if (item.isDirectory && isSafeName(item.name)) {
+                folders.push_back(item.path);
+            } else if (!item.isDirectory) {
+                ++totals.files;
+                qint64 sum = 0;
+                if (!qAddOverflow(totals.bytes, item.size, &sum))
+                    totals.bytes = sum;
+            }
+        }
+    } catch (const TessaryError&) {
+        return;
+    }
+    for (const QString& child : folders)
+        if (depth < maxDepth)
+            addTotals(backend, child, device, stop, depth + 1, totals);
+}
+
+void requireAbsent(const std::optional<ADBFileFacts>& facts, const QString& name) {
+    if (facts)
+        throw TessaryError::fileIOError(
+            QStringLiteral("\"%1\" is already on the phone.").arg(name));
+}
+
+/// Renames or moves; `newPath` is free.
+void move(const ADBShell& shell, const QString& oldPath, const QString& newPath) {
+    const auto before = shell.stat({oldPath, newPath});
+    if (!before[0])
+        throwNotOnPhone(oldPath);
+    // On a storage that ignores case, another spelling of the name is the item itself.
+    const bool isItself = before[1] && before[1]->identity == before[0]->identity;
+    if (!isItself)
+        requireAbsent(before[1], lastComponent(newPath));
+    const ProcessResult result = shell.run(QStringLiteral("mv ") + phoneShellQuoted(oldPath) +
+                                               QLatin1Char(' ') + phoneShellQuoted(newPath),
+                                           editLimit);
+    const auto after = shell.stat({oldPath, newPath});
+    if (!after[1] || (!isItself && after[0])) {
+        const QString reason = adbFailure(result);
+        throw TessaryError::fileIOError(
+            QStringLiteral("The phone did not rename %1. %2").arg(oldPath, reason).trimmed());
+    }
+}
+
+void notice(const QString& text) {
+    DiagnosticsLogger::shared().adb.standard("Storage stats fetch notice: %s", {text});
+}
+
+} // namespace
+
+/// Marks a device as busy for as long as a copy runs.
+class ADBFileBackend::Busy {
+public:
+    Busy(ADBFileBackend& backend, const DeviceInfo& device)
+        : backend_(backend), udid_(device.udid) {
+        const std::scoped_lock lock(backend_.mutex_);
+        ++backend_.copies_[udid_];
+    }
+    ~Busy() {
+        const std::scoped_lock lock(backend_.mutex_);
+        if (--backend_.copies_[udid_] == 0)
+            backend_.copies_.remove(udid_);
+    }
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+
+private:
+    ADBFileBackend& backend_;
+    const QString udid_;
+};
+
+std::vector<FileItem> ADBFileBackend::listDirectory(const QString& path, const DeviceInfo& device,
+                                                    const std::stop_token& stop) const {
+    const QString folder = androidPath(path);
+    const ProcessResult result = tool_.run(tool_.request(
+        device, {QStringLiteral("shell"), listingCommand(folder)}, listingLimit, stop));
+    if (result.outcome == ProcessResult::Outcome::notStarted) {
+        DiagnosticsLogger::shared().adb.error("Failed to execute adb shell ls: %s",
+                                              {adbFailure(result)});
+        return {};
+    }
+    std::vector<FileItem> items = parseLsOutput(result.standardOutput, folder);
+    if (!items.empty())
+        return items;
+    requireListable(result, folder);
+    if (isAdbConnectionFailure(result))
+        throw TessaryError::fileIOError(adbFailure(result));
+    // Even an empty folder prints a line; nothing at all is a link that died.
+    if (!result.standardOutput.contains("total"))
+        throw TessaryError::fileIOError(
+            result.standardOutput.trimmed().isEmpty()
+                ? QStringLiteral("The connection to the phone broke off.")
+                : QStringLiteral("adb answers nonsense."));
+    return items;
+}
+
+CheckedListing ADBFileBackend::listChecked(const QString& path, const DeviceInfo& device,
+                                           const std::stop_token& stop) const {
+    const QString folder = androidPath(path);
+    const ProcessResult result = ADBShell(tool_, device, stop)
+                                     .run(listingCommand(folder) + QStringLiteral(" && echo ") +
+                                              QString::fromLatin1(endMarker),
+                                          listingLimit);
+    if (auto listing = parseCheckedLsOutput(result.standardOutput, folder, endMarker);
+        listing && result.standardError.trimmed().isEmpty() && result.succeeded())
+        return *std::move(listing);
+    requireListable(result, folder);
+    throw TessaryError::fileIOError(
+        QStringLiteral("The folder %1 cannot be read whole.").arg(folder));
+}
+
+std::optional<FileItem> ADBFileBackend::entryAt(const QString& path, const DeviceInfo& device,
+                                                const std::stop_token& stop) const {
+    const QString clean = androidPath(path);
+    const auto facts = ADBShell(tool_, device, stop).stat({clean, clean + QLatin1Char('/')});
+    if (!facts[0])
+        return std::nullopt;
+    const bool isFolder = facts[1] && facts[1]->isFolder();
+    const bool isRoot = clean == androidPath({});
+    return FileItem(isRoot ? QStringLiteral("Internal Storage") : lastComponent(clean), clean,
+                    isFolder, isFolder ? 0 : facts[0]->size, facts[0]->modified);
+}
+
+FileItem ADBFileBackend::itemAt(const QString& path, const DeviceInfo& device,
+                                const std::stop_token& stop) const {
+    auto item = entryAt(path, device, stop);
+    if (!item)
+        throwNotOnPhone(androidPath(path));
+    return *std::move(item);
+}
+
+QByteArray ADBFileBackend::readSample(const QString& path, qint64 maxBytes,
+                                      const DeviceInfo& device, const std::stop_token& stop) const {
+    const ProcessResult result =
+        ADBShell(tool_, device, stop)
+            .run(QStringLiteral("head -c %1 ").arg(maxBytes) + phoneShellQuoted(androidPath(path)));
+    if (!result.succeeded())
+        throw TessaryError::fileIOError(adbFailure(result));
+    return result.standardOutput.left(maxBytes);
+}
+
+void ADBFileBackend::downloadFile(const FileItem& item, const QString& localFile,
+                                  const DeviceInfo& device, const FileProgressCallback& progress,
+                                  const std::stop_token& stop) {
+    const QString path = requireItemPath(item);
+    const Busy busy(*this, device);
+    pullFile(ADBShell(tool_, device, stop), path, item.size, localFile, progress);
+}
+
+TransferOutcome ADBFileBackend::downloadDirectory(const FileItem& item, const QString& localFolder,
+                                                  const DeviceInfo& device,
+                                                  const TransferProgressCallback& progress,
+                                                  const std::stop_token& stop) {
+    const QString path = androidPath(item.path);
+    const Busy busy(*this, device);
+    const ADBShell shell(tool_, device, stop);
+    shell.requireFolder(path);
+    ADBTreeTotals totals;
+    addTotals(*this, path, device, stop, 0, totals);
+    return pullFolder(shell, path, totals, localFolder, progress);
+}
+
+void ADBFileBackend::uploadFile(const QString& localFile, const QString& remoteParentPath,
+                                const DeviceInfo& device, const FileProgressCallback& progress,
+                                const std::stop_token& stop, bool mayReplace) {
+    const Busy busy(*this, device);
+    const ADBShell shell(tool_, device, stop);
+    const QString folder = androidPath(remoteParentPath);
+    const QString name = lastComponent(localFile);
+    if (!mayReplace)
+        requireAbsent(shell.stat(joinPath(folder, name)), name);
+    pushFile(shell, localFile, folder, progress);
+}
+
+TransferOutcome ADBFileBackend::uploadDirectory(const QString& localFolder,
+                                                const QString& remoteParentPath,
+                                                const DeviceInfo& device,
+                                                const TransferProgressCallback& progress,
+                                                const std::stop_token& stop) {
+    const Busy busy(*this, device);
+    return pushFolder(ADBShell(tool_, device, stop), localFolder, androidPath(remoteParentPath),
+                      progress);
+}
+
+void ADBFileBackend::createFolder(const QString& name, const QString& parentPath,
+                                  const DeviceInfo& device, const std::stop_token& stop) const {
+    requireUsableName(name);
+    const ADBShell shell(tool_, device, stop);
+    const QString parent = androidPath(parentPath);
+    const QString path = joinPath(parent, name);
+    shell.requireFolder(parent);
+    requireAbsent(shell.stat(path), name);
+    const ProcessResult result = shell.run(QStringLiteral("mkdir -p ") + phoneShellQuoted(path));
+    if (!shell.stat(path))
+        throw TessaryError::fileIOError(QStringLiteral("The phone did not make the folder %1. %2")
+                                            .arg(path, adbFailure(result))
+                                            .trimmed());
+}
+
+void ADBFileBackend::deleteFile(const FileItem& item, const DeviceInfo& device,
+                                const std::stop_token& stop) const {
+    const QString path = requireItemPath(item);
+    const ADBShell shell(tool_, device, stop);
+    const ProcessResult result =
+        shell.run(QStringLiteral("rm -rf ") + phoneShellQuoted(path), editLimit);
+    if (shell.stat(path))
+        throw TessaryError::fileIOError(QStringLiteral("The phone did not delete %1. %2")
+                                            .arg(path, adbFailure(result))
+                                            .trimmed());
+}
+
+void ADBFileBackend::renameItem(const FileItem& item, const QString& newName,
+                                const DeviceInfo& device, const std::stop_token& stop) const {
+    requireUsableName(newName);
+    const QString path = requireItemPath(item);
+    if (newName != item.name)
+        move(ADBShell(tool_, device, stop), path, joinPath(parentPath(path), newName));
+}
+
+void ADBFileBackend::moveItem(const FileItem& item, const QString& newParentPath,
+                              const DeviceInfo& device, const std::stop_token& stop) const {
+    const QString path = requireItemPath(item);
+    const QString parent = androidPath(newParentPath);
+    if (parent == path || parent.startsWith(path + QLatin1Char('/')))
+        throw TessaryError::fileIOError(QStringLiteral("A folder cannot be moved into itself."));
+    const ADBShell shell(tool_, device, stop);
+    shell.requireFolder(parent);
+    move(shell, path, joinPath(parent, item.name));
+}
+
+std::optional<LiveDeviceInfo> ADBFileBackend::fetchLiveDeviceInfo(const DeviceInfo& device) const {
+    {
+        const std::scoped_lock lock(mutex_);
+        if (copies_.contains(device.udid))
+            return std::nullopt;
+    }
+    LiveDeviceInfo info;
+    try {
+        const auto ask = [&](const QStringList& words) {
+            const ProcessResult result = tool_.run(tool_.request(
+                device, QStringList(QStringLiteral("shell")) + words, ADBTool::shortLimit, {}));
+            if (const QString reason = adbFailure(result); !reason.isEmpty())
+                notice(reason);
+            return result.standardOutput;
+        };
+        info.battery =
+            parseBatteryLevel(ask({QStringLiteral("dumpsys"), QStringLiteral("battery")}));
+        info.volumes = parseDiskFree(
+            ask({QStringLiteral("df"), QStringLiteral("-k"), QStringLiteral("/sdcard")}));
+    } catch (const std::exception& error) {
+        notice(QString::fromUtf8(error.what()));
+    }
+    return info;
+}
+
+std::optional<int> parseBatteryLevel(const QByteArray& output) {
+    constexpr int full = 100;
+    const QByteArray sign = "level:";
+    for (const QByteArray& line : output.split('\n')) {
+        if (!line.trimmed().startsWith(sign))
+            continue;
+        bool isNumber = false;
+        const int level = line.trimmed().mid(sign.size()).trimmed().toInt(&isNumber);
+        return isNumber && level >= 0 && level <= full ? std::optional(level) : std::nullopt;
+    }
+    return std::nullopt;
+}
+
+std::vector<StorageVolume> parseDiskFree(const QByteArray& output) {
+    constexpr std::uint64_t unit = 1024;
+    constexpr std::uint64_t limit = std::uint64_t{1} << 53; // in units: below the signed range
+    // A long name of a file system may stand on a line of its own.
+    QList<QByteArray> fields;
+    for (const QByteArray& line : output.split('\n'))
+        if (!line.startsWith("Filesystem"))
+            fields += line.simplified().split(' ');
+    fields.removeAll(QByteArray());
+    for (qsizetype n = 1; n + 3 < fields.size(); ++n) {
+        bool isTotal = false;
+        bool isUsed = false;
+        bool isFree = false;
+        const std::uint64_t total = fields[n].toULongLong(&isTotal);
+        (void)fields[n + 1].toULongLong(&isUsed);
+        const std::uint64_t free = fields[n + 2].toULongLong(&isFree);
+        if (!isTotal || !isUsed || !isFree || total >= limit || free >= limit)
+            continue;
+        const QByteArray mount = fields.value(n + 4);
+        const bool isEmulated = mount.contains("emulated") || fields[n - 1].contains("fuse") ||
+                                mount == "/sdcard" || mount.isEmpty();
+        return {StorageVolume{
+            isEmulated ? QStringLiteral("internal") : lastComponent(QString::fromUtf8(mount)),
+            QStringLiteral("Internal Storage"), total * unit, free * unit, false}};
+    }
+    return {};
+}
+
+} // namespace tessary

@@ -1,0 +1,319 @@
+#include "core/CancellationError.h"
+#include "core/TessaryError.h"
+#include "files/ADBTransfer.h"
+#include "files/DeviceFileService.h"
+#include "phones/VirtualUsbBus.h"
+#include "support/AdbFixture.h"
+
+#include <sys/stat.h>
+
+#include <gmock/gmock.h>
+
+namespace tessary {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+using testing::HasSubstr;
+
+class ADBFileBackendTest : public AdbFixture {
+protected:
+    using AdbFixture::AdbFixture;
+
+    [[nodiscard]] DeviceInfo device() const {
+        DeviceInfo info;
+        info.platform = DevicePlatform::android;
+        info.protocolMode = ProtocolMode::adbTurbo;
+        info.udid = serial();
+        info.serialNumber = serial();
+        return info;
+    }
+    FileItem item(const QString& path) {
+        return service_.itemAt(path, device());
+    }
+    template <typename Work>
+    static std::string failureOf(Work work) {
+        try {
+            work();
+        } catch (const TessaryError& error) {
+            return error.message().toStdString();
+        }
+        return {};
+    }
+    /// Names that hold what shells and listings give a meaning to.
+    static QStringList oddNames() {
+        QStringList names{u"-rf"_s,     u"--"_s,
+                          u" lead"_s,   u"trail "_s,
+                          u"a  b"_s,    u"it's"_s,
+                          u"''"_s,      u"\"q\""_s,
+                          u"a -> b"_s,  u"$(reboot)"_s,
+                          u"`id`"_s,    u"$HOME"_s,
+                          u"a;b"_s,     u"a&&b"_s,
+                          u"a|b"_s,     u"<>"_s,
+                          u"*?[x]"_s,   u"\\n"_s,
+                          u"\\"_s,      u"#x"_s,
+                          u"~"_s,       u"!!"_s,
+                          u"{a,b}"_s,   u"%s %n"_s,
+                          u"ä📷"_s,      u"2020-01-01 10:00 x"_s,
+                          u"total 4"_s, u"\ttab"_s,
+                          u".hidden"_s, u"..."_s,
+                          u"=x"_s,      u"a:b"_s};
+        for (char c = 1; c < 127; ++c)
+            if (c != '\n' && c != '/')
+                names.append(u"byte "_s + QLatin1Char(c) + u" x"_s);
+        return names;
+    }
+
+    VirtualUsbBus bus_;
+    DeviceFileService service_{bus_, runner_, QStringList{realAdb()}};
+};
+
+TEST_F(ADBFileBackendTest, fiveThousandOddNamesAreListedAsTheyAre) {
+    QSet<QString> expected;
+    const QStringList odd = oddNames();
+    for (int n = 0; n < 5000; ++n) {
+        QString name = odd[n % odd.size()];
+        if (n >= odd.size())
+            name += QString::number(n);
+        write(u"odd/"_s + name, {});
+        expected.insert(name);
+    }
+    QSet<QString> listed;
+    for (const FileItem& entry : service_.listDirectory(u"/sdcard/odd"_s, device()))
+        listed.insert(entry.name);
+    EXPECT_EQ(listed, expected);
+    EXPECT_EQ(service_.listDirectoryChecked(u"/odd"_s, device()).size(), 5000u);
+    EXPECT_TRUE(adbd_->violations().empty());
+}
+
+TEST_F(ADBFileBackendTest, hostileNamesTravelAndAreEditedAsThemselves) {
+    for (const QString& name : oddNames()) {
+        SCOPED_TRACE(name.toStdString());
+        const QString local = disk_.write(u"up/"_s + name, "content of " + name.toUtf8());
+        service_.uploadFile(local, u"/"_s, device());
+        const FileItem there = item(u"/sdcard/"_s + name);
+        EXPECT_EQ(there.name, name);
+        service_.downloadFile(there, disk_.path(u"down"_s), device());
+        EXPECT_EQ(disk_.read(u"down"_s), "content of " + name.toUtf8());
+        service_.renameItem(there, u"plain"_s, device());
+        service_.renameItem(item(u"/plain"_s), name, device());
+        service_.deleteFile(there, device());
+        EXPECT_FALSE(disk_.has(u"phone/"_s + name));
+        if (HasFailure())
+            break;
+    }
+    EXPECT_EQ(adbd_->violations(), std::vector<QByteArray>());
+}
+
+TEST_F(ADBFileBackendTest, downloadIsByteEqualAndKeepsTheDate) {
+    const QByteArray bytes = manyBytes(5'000'000);
+    const QString there = write(u"DCIM/film.mp4"_s, bytes);
+    QFile file(there);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    const QDateTime date(QDate(2019, 5, 6), QTime(7, 8, 9));
+    file.setFileTime(date, QFileDevice::FileModificationTime);
+    file.close();
+    qint64 last = 0;
+    service_.downloadFile(item(u"/DCIM/film.mp4"_s), disk_.path(u"film.mp4"_s), device(),
+                          [&](qint64 arrived, qint64 total) {
+                              EXPECT_LE(arrived, total);
+                              last = arrived;
+                          });
+    EXPECT_EQ(last, bytes.size());
+    EXPECT_EQ(disk_.read(u"film.mp4"_s), bytes);
+    EXPECT_EQ(QFileInfo(disk_.path(u"film.mp4"_s)).lastModified(), date);
+    EXPECT_EQ(item(u"/DCIM/film.mp4"_s).modifiedDate, date);
+}
+
+TEST_F(ADBFileBackendTest, foldersTravelWholeWithTrueProgress) {
+    for (int n = 0; n < 150; ++n)
+        disk_.write(u"local/sub %1/f%2"_s.arg(n % 3).arg(n), manyBytes(1000 + n));
+    disk_.write(u"local/big"_s, manyBytes(3'000'000));
+    disk_.makeFolder(u"local/empty/er"_s);
+    const auto up = service_.uploadDirectory(disk_.path(u"local"_s), u"/sdcard"_s, device());
+    EXPECT_TRUE(up.isComplete());
+    EXPECT_EQ(up.progress.completedFiles, 151);
+    EXPECT_EQ(up.progress.completedBytes, up.progress.totalBytes);
+    EXPECT_TRUE(disk_.has(u"phone/local/empty/er"_s));
+
+    adbd_->faults().update([](AdbdFaults& faults) { faults.megabytesPerSecond = 3; });
+    disk_.write(u"back/big"_s, "old");
+    std::vector<qint64> seen;
+    const auto down = service_.downloadDirectory(
+        item(u"/local"_s), disk_.path(u"back"_s), device(), [&](const TransferProgress& progress) {
+            seen.push_back(progress.completedBytes);
+            EXPECT_EQ(progress.totalBytes, up.progress.totalBytes);
+        });
+    EXPECT_TRUE(down.isComplete());
+    EXPECT_EQ(down.progress.completedFiles, 151);
+    EXPECT_TRUE(std::is_sorted(seen.begin(), seen.end()));
+    EXPECT_TRUE(std::any_of(seen.begin(), seen.end(), [&](qint64 bytes) {
+        return bytes > 0 && bytes < up.progress.totalBytes;
+    }));
+    for (int n = 0; n < 150; ++n)
+        EXPECT_EQ(disk_.read(u"back/local/sub %1/f%2"_s.arg(n % 3).arg(n)), manyBytes(1000 + n));
+    EXPECT_EQ(disk_.names(u"back/local"_s).size(), 5);
+    EXPECT_EQ(disk_.read(u"back/big"_s), "old");
+}
+
+TEST_F(ADBFileBackendTest, cancelledCopyEndsWithinASecondAndLeavesNothing) {
+    adbd_->faults().update([](AdbdFaults& faults) { faults.megabytesPerSecond = 2; });
+    write(u"big"_s, manyBytes(20'000'000));
+    disk_.write(u"target"_s, "old");
+    const QString local = disk_.write(u"local.bin"_s, manyBytes(20'000'000));
+    const FileItem there = item(u"/big"_s);
+    const auto cancelled = [&](const auto& work) {
+        std::stop_source stop;
+        std::chrono::steady_clock::time_point asked;
+        const std::jthread canceller([&] {
+            std::this_thread::sleep_for(400ms);
+            asked = std::chrono::steady_clock::now();
+            stop.request_stop();
+        });
+        EXPECT_THROW(work(stop.get_token()), CancellationError);
+        EXPECT_LT(std::chrono::steady_clock::now() - asked, 1s);
+    };
+    cancelled([&](const std::stop_token& stop) {
+        service_.downloadFile(there, disk_.path(u"target"_s), device(), {}, stop);
+    });
+    cancelled([&](const std::stop_token& stop) {
+        service_.uploadFile(local, u"/"_s, device(), {}, stop);
+    });
+    EXPECT_EQ(disk_.read(u"target"_s), "old");
+    EXPECT_EQ(disk_.names(), (QStringList{u"local.bin"_s, u"phone"_s, u"target"_s}));
+}
+
+TEST_F(ADBFileBackendTest, editsAreRefusedWhereTheyWouldDoHarm) {
+    write(u"a/x"_s, "x");
+    write(u"a/y"_s, "y");
+    EXPECT_THAT(failureOf([&] { service_.renameItem(item(u"/a/x"_s), u"y"_s, device()); }),
+                HasSubstr("already on the phone"));
+    EXPECT_THAT(failureOf([&] { service_.moveItem(item(u"/a"_s), u"/a"_s, device()); }),
+                HasSubstr("into itself"));
+    EXPECT_THAT(failureOf([&] { service_.createFolder(u"a"_s, u"/"_s, device()); }),
+                HasSubstr("already on the phone"));
+    EXPECT_THAT(failureOf([&] { service_.deleteFile(item(u"/"_s), device()); }),
+                HasSubstr("whole storage"));
+    for (const char* path : {"/sdcard/a/../a", "/sdcard/..", "/sdcard/a/."}) {
+        const QString text = QString::fromUtf8(path);
+        const FileItem hostile(text.section(u'/', -1), text, true, 0, std::nullopt);
+        EXPECT_NE(failureOf([&] { service_.deleteFile(hostile, device()); }), "");
+    }
+    EXPECT_EQ(content(u"a/x"_s), "x");
+    EXPECT_EQ(content(u"a/y"_s), "y");
+    service_.createFolder(u"b"_s, u"/sdcard"_s, device());
+    service_.moveItem(item(u"/a/x"_s), u"/b"_s, device());
+    EXPECT_EQ(content(u"b/x"_s), "x");
+}
+
+TEST_F(ADBFileBackendTest, whatIsMissingIsNotFoundForEveryCaller) {
+    const QString local = disk_.write(u"f"_s, "f");
+    for (const auto& work : std::vector<std::function<void()>>{
+             [&] { (void)service_.listDirectory(u"/none"_s, device()); },
+             [&] { (void)service_.listDirectoryChecked(u"/none"_s, device()); },
+             [&] { (void)item(u"/none"_s); },
+             [&] { service_.uploadFile(local, u"/none"_s, device()); },
+             [&] { service_.createFolder(u"x"_s, u"/none"_s, device()); }})
+        EXPECT_THAT(failureOf(work), HasSubstr("There is no /sdcard/none on the phone"));
+    EXPECT_TRUE(disk_.names(u"phone"_s).isEmpty());
+}
+
+TEST_F(ADBFileBackendTest, phoneThatRefusesLiesOrGoesIsAnErrorAndNoSuccess) {
+    const QString local = disk_.write(u"f.bin"_s, manyBytes(3'000'000));
+    std::vector<qint64> seen;
+    const auto push = [&] {
+        seen.clear();
+        return failureOf([&] {
+            service_.uploadFile(local, u"/"_s, device(),
+                                [&](qint64 sent, qint64) { seen.push_back(sent); });
+        });
+    };
+    const auto never = testing::Not(testing::Contains(qint64{3'000'000}));
+
+    adbd_->faults().update([](AdbdFaults& faults) { faults.sizeLie = -1; });
+    EXPECT_THAT(push(), HasSubstr("ADB push failed for f.bin: the phone has 2999999 of 3000000"));
+    EXPECT_THAT(seen, never);
+    adbd_->faults().set({});
+
+    adbd_->faults().update([](AdbdFaults& faults) { faults.readOnly = true; });
+    EXPECT_THAT(push(),
+                HasSubstr("ADB push failed for f.bin: This storage of the phone is read-only"));
+    EXPECT_THAT(failureOf([&] { service_.createFolder(u"x"_s, u"/"_s, device()); }),
+                HasSubstr("did not make the folder"));
+    write(u"stays"_s, "1");
+    EXPECT_THAT(failureOf([&] { service_.deleteFile(item(u"/stays"_s), device()); }),
+                HasSubstr("did not delete"));
+    adbd_->faults().set({});
+
+    adbd_->faults().update([](AdbdFaults& faults) { faults.dropAfter = 1'000'000; });
+    EXPECT_THAT(push(), HasSubstr("ADB push failed for f.bin"));
+    EXPECT_THAT(seen, never);
+    EXPECT_TRUE(reaches(u"device"_s));
+    write(u"big"_s, manyBytes(3'000'000));
+    const FileItem there = item(u"/big"_s);
+    adbd_->faults().update([](AdbdFaults& faults) { faults.dropAfter = 1'000'000; });
+    EXPECT_THAT(failureOf([&] { service_.downloadFile(there, disk_.path(u"d"_s), device()); }),
+                HasSubstr("ADB pull failed for big"));
+    EXPECT_FALSE(disk_.has(u"d"_s));
+}
+
+TEST_F(ADBFileBackendTest, listingThatEndsEarlyFailsTheCheckedOneOnly) {
+    write(u"a"_s, "1");
+    adbd_->faults().update([](AdbdFaults& faults) {
+        faults.rewrite = [](const QByteArray& command) -> std::optional<QByteArray> {
+            if (!command.startsWith("ls "))
+                return std::nullopt;
+            return "total 8\n-rw-rw---- 1 root root 5 2024-03-05 17:08 seen\nls: /sdcard/b: "
+                   "Permission denied\n";
+        };
+    });
+    EXPECT_EQ(service_.listDirectory(u"/"_s, device()).size(), 1u);
+    EXPECT_THAT(failureOf([&] { (void)service_.listDirectoryChecked(u"/"_s, device()); }),
+                HasSubstr("cannot be read whole"));
+}
+
+TEST_F(ADBFileBackendTest, namesThatLeadElsewhereDoNotLeaveTheTargetFolder) {
+    write(u"folder/a"_s, "1");
+    write(u"escaped"_s, "x"); // what "../escaped" names on the phone
+    adbd_->faults().update([](AdbdFaults& faults) {
+        faults.extraNames = {"../escaped", "../../escaped", "../../../escaped", ".."};
+    });
+    const std::string failure = failureOf([&] {
+        (void)service_.downloadDirectoryContents(item(u"/folder"_s), disk_.path(u"x/y/z"_s),
+                                                 device());
+    });
+    EXPECT_THAT(failure, HasSubstr("ADB directory pull failed for folder"));
+    EXPECT_FALSE(disk_.has(u"x/escaped"_s));
+    EXPECT_FALSE(disk_.has(u"x/y/escaped"_s));
+    EXPECT_EQ(disk_.names(u"x/y"_s), QStringList(u"z"_s));
+    EXPECT_FALSE(disk_.has(u"x/y/z/escaped"_s));
+}
+
+TEST_F(ADBFileBackendTest, figuresAndSamplesAreRead) {
+    adbd_->setBattery(55);
+    const auto live = service_.fetchLiveDeviceInfo(device());
+    ASSERT_TRUE(live);
+    EXPECT_EQ(live->battery, 55);
+    EXPECT_EQ(live->volumes, (std::vector{StorageVolume{u"internal"_s, u"Internal Storage"_s,
+                                                        std::uint64_t{128} << 30,
+                                                        std::uint64_t{64} << 30, false}}));
+    const QByteArray bytes = manyBytes(10'000);
+    write(u"it's"_s, bytes);
+    EXPECT_EQ(service_.readSampleBytes(u"/sdcard/it's"_s, 4096, device()), bytes.left(4096));
+    EXPECT_TRUE(service_.isAdbDeviceConnected(serial()));
+    EXPECT_FALSE(service_.isAdbDeviceConnected(u"other"_s));
+}
+
+TEST(PushEstimateTest, neverClaimsCompletion) {
+    using Seconds = std::chrono::duration<double>;
+    constexpr qint64 large = 209'715'200; // ten seconds
+    EXPECT_EQ(estimatedPushProgress(Seconds(1), large), large / 10);
+    EXPECT_EQ(estimatedPushProgress(Seconds(100), large), large / 10 * 9);
+    EXPECT_EQ(estimatedPushProgress(Seconds(0.25), 1000), 500);
+    EXPECT_EQ(estimatedPushProgress(Seconds(9), 1), 0);
+    EXPECT_EQ(estimatedPushProgress(Seconds(9), 0), 0);
+}
+
+} // namespace
+
+} // namespace tessary

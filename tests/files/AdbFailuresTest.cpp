@@ -1,0 +1,114 @@
+#include "core/TessaryError.h"
+#include "files/DeviceFileService.h"
+#include "phones/VirtualUsbBus.h"
+#include "platform/qt/QtProcessRunner.h"
+#include "support/FakeProcessRunner.h"
+#include "support/PluggedPhone.h"
+#include "support/QtPrinters.h"
+
+#include <gmock/gmock.h>
+
+namespace tessary {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+using testing::HasSubstr;
+
+/// A phone on USB, and a program in adb's place.
+class AdbFailuresTest : public testing::Test {
+protected:
+    QString useProgram(const QByteArray& script) {
+        const QString path = disk_.write(u"adb"_s, "#!/bin/sh\n" + script);
+        QFile::setPermissions(path, QFileDevice::ReadOwner | QFileDevice::WriteOwner |
+                                        QFileDevice::ExeOwner);
+        return path;
+    }
+    std::string listingFailure(const QByteArray& script) {
+        DeviceFileService service(bus_, processes_, QStringList{useProgram(script)});
+        try {
+            (void)service.listDirectory(u"/"_s, device());
+        } catch (const TessaryError& error) {
+            return error.message().toStdString();
+        }
+        return {};
+    }
+    [[nodiscard]] DeviceInfo device() const {
+        DeviceInfo info = phone_.info;
+        info.protocolMode = ProtocolMode::adbTurbo;
+        return info;
+    }
+
+    const TemporaryFolder disk_;
+    VirtualUsbBus bus_;
+    PluggedPhone phone_{bus_, [] {
+                            VirtualAndroidConfig config;
+                            config.serialNumber = u"SER 1"_s;
+                            return config;
+                        }()};
+    QtProcessRunner processes_;
+};
+
+TEST_F(AdbFailuresTest, withoutAdbThePhoneIsReachedOverMTP) {
+    phone_.write(u"over usb"_s, "1");
+    DeviceFileService service(bus_, processes_, QStringList{disk_.path(u"missing"_s)});
+    EXPECT_FALSE(service.findAdbBinary());
+    EXPECT_FALSE(service.isAdbDeviceConnected(u"SER 1"_s));
+    const auto items = service.listDirectory(u"/"_s, device());
+    ASSERT_EQ(items.size(), 1u);
+    EXPECT_EQ(items[0].name, u"over usb"_s);
+}
+
+TEST_F(AdbFailuresTest, adbThatFailsGivesAClearMessage) {
+    EXPECT_THAT(listingFailure("kill -SEGV $$"), HasSubstr("adb crashed"));
+    EXPECT_THAT(listingFailure("head -c 100000 /dev/zero; echo x"), HasSubstr("nonsense"));
+    EXPECT_THAT(listingFailure("exit 0"), HasSubstr("broke off"));
+    EXPECT_THAT(listingFailure("echo 'error: device unauthorized.' >&2; exit 1"),
+                HasSubstr("tap Allow"));
+    EXPECT_THAT(listingFailure("echo 'error: device offline' >&2; exit 1"), HasSubstr("offline"));
+    EXPECT_THAT(listingFailure("echo '* daemon not running; starting now at tcp:5037' >&2\n"
+                               "echo \"error: device 'SER 1' not found\" >&2; exit 1"),
+                HasSubstr("USB debugging"));
+}
+
+TEST_F(AdbFailuresTest, deviceIsNamedBySerialUnlessItIsAStandIn) {
+    const QString adb = useProgram("exit 0");
+    FakeProcessRunner processes;
+    DeviceFileService service(bus_, processes, QStringList{adb});
+    DeviceInfo info = device();
+    const auto argumentsFor = [&](const QString& serial) {
+        info.serialNumber = serial;
+        try {
+            (void)service.listDirectory(u"/it's"_s, info);
+        } catch (const TessaryError&) {
+            // Nothing answers here.
+        }
+        return processes.calls().back().mid(1);
+    };
+    const QStringList listing{u"shell"_s, uR"(ls -la '/sdcard/it'\''s/')"_s};
+    EXPECT_EQ(argumentsFor(u"emulator-5554"_s),
+              (QStringList{u"-s"_s, u"emulator-5554"_s} + listing));
+    EXPECT_EQ(argumentsFor(u"SER 1"_s), (QStringList{u"-s"_s, u"SER 1"_s} + listing));
+    EXPECT_EQ(argumentsFor(u"USB-1234"_s), listing);
+    EXPECT_EQ(argumentsFor({}), listing);
+}
+
+TEST_F(AdbFailuresTest, twoPhonesOfOneSerialAreToldApartByTheirPlace) {
+    const QString adb = useProgram("case \"$1\" in devices) printf 'List of devices attached\\n"
+                                   "TWIN                   device usb:1-1 transport_id:1\\n"
+                                   "TWIN                   device usb:1-2 transport_id:2\\n';;\n"
+                                   "*) echo \"total $2\"; echo \"-rw-rw---- 1 a b 1 2024-01-01 "
+                                   "10:00 $2\";; esac");
+    DeviceFileService service(bus_, processes_, QStringList{adb});
+    ASSERT_EQ(service.adbDevices().size(), 2u);
+    DeviceInfo info = device();
+    info.serialNumber = u"TWIN"_s;
+    info.usbLocation = u"1-2"_s;
+    const auto items = service.listDirectory(u"/"_s, info);
+    ASSERT_EQ(items.size(), 1u);
+    EXPECT_EQ(items[0].name, u"usb:1-2"_s);
+}
+
+} // namespace
+
+} // namespace tessary
