@@ -84,6 +84,7 @@ TEST(SerialQueue, workThatHasNotBegunNeverRunsOnceItsCallerIsStopped) {
 }
 
 TEST(SerialQueue, silenceEndsTheWaitAndSignsOfLifeProlongIt) {
+    Hang hang; // outlives the queue, whose thread waits for it
     SerialQueue queue("test", shortPatience);
     EXPECT_EQ(queue.run([beat = queue.pulse()] {
         for (int i = 0; i < 10; ++i) {
@@ -93,7 +94,6 @@ TEST(SerialQueue, silenceEndsTheWaitAndSignsOfLifeProlongIt) {
         return 1;
     }),
               1);
-    Hang hang;
     EXPECT_THROW(queue.run([&] { hang.released.wait(); }), QueueStalled);
     // Whoever comes next does not wait for the silent call without end either.
     EXPECT_THROW(queue.run([] {}), QueueStalled);
