@@ -16,7 +16,7 @@
 
 namespace tessary {
 
-inline constexpr int patience = 15'000; // ms
+inline constexpr int windowPatience = 15'000; // ms
 
 /// A window on a virtual phone, used by mouse and keyboard.
 class WindowFixture : public ::testing::Test {
@@ -31,7 +31,7 @@ protected:
         window_ = std::make_unique<MainWindow>(*app_, dialogs());
         window_->show();
         window_->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get(), patience));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get(), windowPatience));
         EXPECT_TRUE(wait([this] { return isShown(QStringLiteral("DCIM")); }));
     }
 
@@ -46,7 +46,7 @@ protected:
     }
 
     static bool wait(const std::function<bool()>& condition) {
-        return QTest::qWaitFor(condition, patience);
+        return QTest::qWaitFor(condition, windowPatience);
     }
 
     [[nodiscard]] QTreeView& table() const {
@@ -66,7 +66,7 @@ protected:
     void click(const QString& name, Qt::KeyboardModifiers keys = {}) {
         // There is no window manager that would give the focus back after a dialog.
         window_->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get(), patience));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get(), windowPatience));
         const QRect cell = table().visualRect(row(name));
         QTest::mouseClick(table().viewport(), Qt::LeftButton, keys, cell.center());
     }

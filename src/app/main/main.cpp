@@ -8,6 +8,7 @@
 #include "app/views/UpdateAlerts.h"
 #include "core/Background.h"
 #include "core/Product.h"
+#include "ios/Multiplexer.h"
 #include "phones/DemoPhones.h"
 #include "platform/SystemUsbBus.h"
 #include "platform/SystemUserDefaults.h"
@@ -49,9 +50,15 @@ struct Phones {
         return virtualPhones ? virtualPhones->bus() : *systemBus;
     }
 
+    /// This machine's iPhones and virtual ones are found alike: by the environment.
+    DeviceSources sources() {
+        return {bus(), &multiplexer};
+    }
+
     QTemporaryDir folder;
     std::unique_ptr<DemoPhones> virtualPhones;
     std::unique_ptr<UsbBus> systemBus;
+    SystemMultiplexer multiplexer;
 };
 
 /// What the tour does to the first virtual phone; the others stay unplugged.
@@ -81,6 +88,26 @@ TourPhone tourPhone(DemoPhones& phones) {
     };
     controls.setSpeed = [&](double megabytesPerSecond) {
         phone.faults().update([megabytesPerSecond](VirtualFaults& faults) {
+            faults.megabytesPerSecond = megabytesPerSecond;
+        });
+    };
+    return controls;
+}
+
+/// The first iPhone likewise.
+TourIPhone tourIPhone(DemoPhones& phones) {
+    TourIPhone controls;
+    DemoIPhones* iPhones = phones.iPhones();
+    if (iPhones == nullptr)
+        throw std::runtime_error("the virtual iPhones cannot be reached");
+    VirtualIPhone& phone = *iPhones->phones().front();
+    controls.plugIn = [&phone, iPhones] { phone.plugInto(iPhones->mux()); };
+    controls.unplug = [&phone] { phone.unplug(); };
+    controls.setTrusted = [&phone](bool trusted) {
+        phone.setTrust(trusted ? VirtualTrust::trusted : VirtualTrust::asking);
+    };
+    controls.setSpeed = [&phone](double megabytesPerSecond) {
+        phone.faults().update([megabytesPerSecond](VirtualIPhoneFaults& faults) {
             faults.megabytesPerSecond = megabytesPerSecond;
         });
     };
@@ -150,10 +177,13 @@ int main(int argc, char** argv) {
     if (!parser.isSet(tour))
         setup.defaults = makeSystemUserDefaults();
     setup.openAddress = [](const QUrl& address) { QDesktopServices::openUrl(address); };
-    TessaryApp app(phones.bus(), files, setup);
-    if (parser.isSet(tour))
+    TessaryApp app(phones.sources(), files, setup);
+    if (parser.isSet(tour)) {
         for (const auto& phone : phones.virtualPhones->androids())
             phone->unplug();
+        for (const auto& phone : phones.virtualPhones->iPhones()->phones())
+            phone->unplug();
+    }
     const QtTexts qtTexts;
     MainWindow window(app);
     window.show();
@@ -171,7 +201,8 @@ int main(int argc, char** argv) {
             std::_Exit(status); // a phone that hangs uses what would go now
         return status;
     }
-    Tour walk(window, tourPhone(*phones.virtualPhones), parser.value(tour));
+    Tour walk(window, tourPhone(*phones.virtualPhones), tourIPhone(*phones.virtualPhones),
+              parser.value(tour));
     QMetaObject::invokeMethod(
         &window, [&] { QApplication::exit(walk.run() ? 0 : 1); }, Qt::QueuedConnection);
     return QApplication::exec();

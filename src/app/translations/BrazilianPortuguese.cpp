@@ -260,6 +260,10 @@ constexpr std::array rows{
     TranslationRow{"Works with every phone, nothing to set up.", "Funciona com qualquer telefone, sem configuração."},
     TranslationRow{"Faster and sees more. Needs USB debugging on the phone.", "Mais rápido e vê mais. Requer depuração USB no telefone."},
     TranslationRow{"Drop a folder here to keep it at hand.", "Solte uma pasta aqui para tê-la à mão."},
+    TranslationRow{"Looking for apps…", "Procurando apps…"},
+    TranslationRow{"No Apps That Share Files", "Nenhum app compartilha arquivos"},
+    TranslationRow{"No Matching Apps", "Nenhum app correspondente"},
+    TranslationRow{"No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.", "Nenhum app neste iPhone compartilha seus arquivos. Só é possível abrir no computador os apps cujos autores ativaram o compartilhamento de arquivos; fotos e apps que guardam seus documentos para si, não."},
 };
 // clang-format on
 

@@ -260,6 +260,10 @@ constexpr std::array rows{
     TranslationRow{"Works with every phone, nothing to set up.", "Works with every phone, nothing to set up."},
     TranslationRow{"Faster and sees more. Needs USB debugging on the phone.", "Faster and sees more. Needs USB debugging on the phone."},
     TranslationRow{"Drop a folder here to keep it at hand.", "Drop a folder here to keep it at hand."},
+    TranslationRow{"Looking for apps…", "Looking for apps…"},
+    TranslationRow{"No Apps That Share Files", "No Apps That Share Files"},
+    TranslationRow{"No Matching Apps", "No Matching Apps"},
+    TranslationRow{"No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.", "No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot."},
 };
 // clang-format on
 

@@ -260,6 +260,10 @@ constexpr std::array rows{
     TranslationRow{"Works with every phone, nothing to set up.", "Fonctionne avec tous les téléphones, sans configuration."},
     TranslationRow{"Faster and sees more. Needs USB debugging on the phone.", "Plus rapide et voit davantage. Nécessite le débogage USB sur le téléphone."},
     TranslationRow{"Drop a folder here to keep it at hand.", "Déposez un dossier ici pour le garder à portée de main."},
+    TranslationRow{"Looking for apps…", "Recherche des apps…"},
+    TranslationRow{"No Apps That Share Files", "Aucune app ne partage de fichiers"},
+    TranslationRow{"No Matching Apps", "Aucune app correspondante"},
+    TranslationRow{"No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.", "Aucune app de cet iPhone ne partage ses fichiers. Seules les apps dont le partage de fichiers a été activé par leur éditeur peuvent être ouvertes depuis un ordinateur ; les photos et les apps qui gardent leurs documents pour elles ne le peuvent pas."},
 };
 // clang-format on
 

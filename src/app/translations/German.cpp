@@ -260,6 +260,10 @@ constexpr std::array rows{
     TranslationRow{"Works with every phone, nothing to set up.", "Geht mit jedem Telefon, ohne Einrichtung."},
     TranslationRow{"Faster and sees more. Needs USB debugging on the phone.", "Schneller und sieht mehr. Braucht USB-Debugging auf dem Telefon."},
     TranslationRow{"Drop a folder here to keep it at hand.", "Ziehen Sie einen Ordner hierher, um ihn griffbereit zu haben."},
+    TranslationRow{"Looking for apps…", "Apps werden gesucht …"},
+    TranslationRow{"No Apps That Share Files", "Keine Apps, die Dateien freigeben"},
+    TranslationRow{"No Matching Apps", "Keine passenden Apps"},
+    TranslationRow{"No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.", "Keine App auf diesem iPhone gibt ihre Dateien frei. Von einem Computer aus lassen sich nur Apps öffnen, deren Hersteller die Dateifreigabe eingeschaltet haben; Fotos und Apps, die ihre Dokumente für sich behalten, nicht."},
 };
 // clang-format on
 

@@ -260,6 +260,10 @@ constexpr std::array rows{
     TranslationRow{"Works with every phone, nothing to set up.", "Funziona con ogni telefono, senza configurazione."},
     TranslationRow{"Faster and sees more. Needs USB debugging on the phone.", "Più veloce e vede di più. Richiede il debug USB sul telefono."},
     TranslationRow{"Drop a folder here to keep it at hand.", "Trascina qui una cartella per averla a portata di mano."},
+    TranslationRow{"Looking for apps…", "Ricerca delle app…"},
+    TranslationRow{"No Apps That Share Files", "Nessuna app condivide file"},
+    TranslationRow{"No Matching Apps", "Nessuna app corrispondente"},
+    TranslationRow{"No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.", "Nessuna app su questo iPhone condivide i propri file. Da un computer si possono aprire solo le app i cui autori hanno attivato la condivisione dei file; le foto e le app che tengono per sé i documenti no."},
 };
 // clang-format on
 

@@ -260,6 +260,10 @@ constexpr std::array rows{
     TranslationRow{"Works with every phone, nothing to set up.", "どの電話でも設定なしで使えます。"},
     TranslationRow{"Faster and sees more. Needs USB debugging on the phone.", "高速で、より多くの項目を表示します。電話のUSBデバッグが必要です。"},
     TranslationRow{"Drop a folder here to keep it at hand.", "フォルダをここにドロップするとすぐに開けます。"},
+    TranslationRow{"Looking for apps…", "アプリを検索中…"},
+    TranslationRow{"No Apps That Share Files", "ファイルを共有するアプリがありません"},
+    TranslationRow{"No Matching Apps", "一致するアプリがありません"},
+    TranslationRow{"No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.", "このiPhoneにはファイルを共有するアプリがありません。コンピュータから開けるのは、開発元がファイル共有を有効にしたアプリだけです。写真や、書類を公開しないアプリは開けません。"},
 };
 // clang-format on
 

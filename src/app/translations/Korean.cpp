@@ -260,6 +260,10 @@ constexpr std::array rows{
     TranslationRow{"Works with every phone, nothing to set up.", "모든 휴대폰에서 설정 없이 작동합니다."},
     TranslationRow{"Faster and sees more. Needs USB debugging on the phone.", "더 빠르고 더 많이 보여 줍니다. 휴대폰의 USB 디버깅이 필요합니다."},
     TranslationRow{"Drop a folder here to keep it at hand.", "폴더를 여기에 놓으면 바로 열 수 있습니다."},
+    TranslationRow{"Looking for apps…", "앱을 찾는 중…"},
+    TranslationRow{"No Apps That Share Files", "파일을 공유하는 앱 없음"},
+    TranslationRow{"No Matching Apps", "일치하는 앱 없음"},
+    TranslationRow{"No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.", "이 iPhone에는 파일을 공유하는 앱이 없습니다. 제작자가 파일 공유를 켠 앱만 컴퓨터에서 열 수 있으며, 사진이나 문서를 공개하지 않는 앱은 열 수 없습니다."},
 };
 // clang-format on
 

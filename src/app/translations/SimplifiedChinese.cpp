@@ -260,6 +260,10 @@ constexpr std::array rows{
     TranslationRow{"Works with every phone, nothing to set up.", "适用于所有手机，无需设置。"},
     TranslationRow{"Faster and sees more. Needs USB debugging on the phone.", "更快，可见内容更多。需要在手机上开启 USB 调试。"},
     TranslationRow{"Drop a folder here to keep it at hand.", "将文件夹拖到此处以便随时打开。"},
+    TranslationRow{"Looking for apps…", "正在查找 App…"},
+    TranslationRow{"No Apps That Share Files", "没有共享文件的 App"},
+    TranslationRow{"No Matching Apps", "没有匹配的 App"},
+    TranslationRow{"No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.", "此 iPhone 上没有共享文件的 App。只有开发者开启了文件共享的 App 才能在电脑上打开；照片以及不公开文稿的 App 则不能。"},
 };
 // clang-format on
 

@@ -260,6 +260,10 @@ constexpr std::array rows{
     TranslationRow{"Works with every phone, nothing to set up.", "Funciona con todos los teléfonos, sin configurar nada."},
     TranslationRow{"Faster and sees more. Needs USB debugging on the phone.", "Más rápido y ve más. Requiere depuración USB en el teléfono."},
     TranslationRow{"Drop a folder here to keep it at hand.", "Suelta aquí una carpeta para tenerla a mano."},
+    TranslationRow{"Looking for apps…", "Buscando apps…"},
+    TranslationRow{"No Apps That Share Files", "Ninguna app comparte archivos"},
+    TranslationRow{"No Matching Apps", "Ninguna app coincide"},
+    TranslationRow{"No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.", "Ninguna app de este iPhone comparte sus archivos. Desde un ordenador solo se pueden abrir las apps cuyos autores activaron el uso compartido de archivos; las fotos y las apps que se reservan sus documentos, no."},
 };
 // clang-format on
 

@@ -260,6 +260,10 @@ constexpr std::array rows{
     TranslationRow{"Works with every phone, nothing to set up.", "適用於所有手機，無需設定。"},
     TranslationRow{"Faster and sees more. Needs USB debugging on the phone.", "更快，可見內容更多。需要在手機上開啟 USB 偵錯。"},
     TranslationRow{"Drop a folder here to keep it at hand.", "將檔案夾拖到此處以便隨時開啟。"},
+    TranslationRow{"Looking for apps…", "正在尋找 App⋯"},
+    TranslationRow{"No Apps That Share Files", "沒有分享檔案的 App"},
+    TranslationRow{"No Matching Apps", "沒有符合的 App"},
+    TranslationRow{"No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.", "此 iPhone 上沒有分享檔案的 App。只有開發者開啟檔案分享的 App 才能在電腦上打開；照片以及不公開文件的 App 則不行。"},
 };
 // clang-format on
 

@@ -184,6 +184,11 @@ void BrowserView::makeActions() {
                                        if (!path.isEmpty() && favorites_.toggle)
                                            favorites_.toggle(name, path);
                                    });
+    actions_.apps = addCommand("view-list-icons", tessary::tr("browser.apps"),
+                               keys(Qt::CTRL | Qt::SHIFT | Qt::Key_A), [this] {
+                                   if (showApps_)
+                                       showApps_();
+                               });
     auto* modes = new QActionGroup(this);
     for (QAction* mode : {actions_.asList, actions_.asGrid}) {
         mode->setCheckable(true);
@@ -204,7 +209,12 @@ QWidget* BrowserView::makeToolbar() {
     filter_->installEventFilter(this);
     connect(filter_, &QLineEdit::textChanged, this,
             [this](const QString& text) { browser_.setSearchText(text); });
-    breadcrumbs_->setOnChosen([this](const QString& path) { browser_.navigateTo(path); });
+    breadcrumbs_->setOnChosen([this](const QString& path) {
+        if (path.isEmpty())
+            actions_.apps->trigger();
+        else
+            browser_.navigateTo(path);
+    });
 
     auto* uploadButton = toolButton(actions_.uploadFiles);
     auto* uploadMenu = new QMenu(uploadButton);
@@ -242,6 +252,7 @@ void BrowserView::connectBrowser() {
     on(&FileBrowserViewModel::stateChanged, &BrowserView::showContent);
     on(&FileBrowserViewModel::viewModeChanged, &BrowserView::showContent);
     on(&FileBrowserViewModel::connectionChanged, &BrowserView::showContent);
+    on(&FileBrowserViewModel::connectionChanged, &BrowserView::showPath);
     on(&FileBrowserViewModel::errorChanged, &BrowserView::showContent);
     on(&FileBrowserViewModel::selectionChanged, &BrowserView::showStatus);
     on(&FileBrowserViewModel::historyChanged, &BrowserView::updateActions);
@@ -272,6 +283,8 @@ QAbstractItemView& BrowserView::currentListing() const {
 
 void BrowserView::showPath() {
     std::vector<Breadcrumb> path;
+    if (isInApp())
+        path.push_back({printable(browser_.appName()), {}});
     for (const PathComponent& part : browser_.breadcrumbs())
         path.push_back({printable(part.name), part.path});
     breadcrumbs_->setPath(std::move(path));
@@ -286,7 +299,8 @@ void BrowserView::showContent() {
     case BrowserState::deviceLost:
         placeholder_->show(
             QStringLiteral("smartphone"), tessary::tr("The phone is gone"),
-            tessary::tr("Plug it in again, unlock it and choose File transfer on it."));
+            isInApp() ? tessary::tr("Plug the phone in again and unlock it.")
+                      : tessary::tr("Plug it in again, unlock it and choose File transfer on it."));
         page(placeholder_);
         break;
     case BrowserState::folderGone:
@@ -356,11 +370,21 @@ void BrowserView::updateActions() {
         action->setEnabled(isUsable && selected == 1);
     for (QAction* action : {actions_.remove, actions_.download})
         action->setEnabled(isUsable && selected > 0);
+    actions_.apps->setVisible(isInApp());
     const QString path = favoriteCandidate().second;
     const bool isFavorite = favorites_.contains && favorites_.contains(path);
     actions_.favorite->setEnabled(isUsable && !path.isEmpty());
     actions_.favorite->setText(isFavorite ? tessary::tr("browser.removeFromFavorites")
                                           : tessary::tr("browser.addToFavorites"));
+}
+
+void BrowserView::setShowApps(std::function<void()> showApps) {
+    showApps_ = std::move(showApps);
+}
+
+bool BrowserView::isInApp() const {
+    const auto& device = browser_.activeDevice();
+    return device && device->platform == DevicePlatform::iOS;
 }
 
 void BrowserView::setFavorites(Favorites favorites) {

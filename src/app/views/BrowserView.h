@@ -46,6 +46,7 @@ public:
         QAction* asList;
         QAction* asGrid;
         QAction* favorite;
+        QAction* apps; ///< back to the apps of an iPhone
     };
 
     /// What the view asks and tells about favorites.
@@ -69,6 +70,8 @@ public:
         return actions_;
     }
     void setFavorites(Favorites favorites);
+    /// What leads back to the apps of an iPhone.
+    void setShowApps(std::function<void()> showApps);
     /// Favorites have changed.
     void updateActions();
     /// The listing that is shown, table or grid.
@@ -99,6 +102,7 @@ private:
     void uploadBeside(const QStringList& paths, const QString& intoFolderId,
                       const std::vector<FileItem>& entries);
     void setGrid(bool grid);
+    [[nodiscard]] bool isInApp() const;
     [[nodiscard]] QStringList selectedIds() const;
     [[nodiscard]] std::pair<QString, QString> favoriteCandidate() const;
     [[nodiscard]] const EntryMimeData* ownEntries(const QDropEvent& event) const;
@@ -108,6 +112,7 @@ private:
     FileBrowserViewModel& browser_;
     Dialogs dialogs_;
     Favorites favorites_;
+    std::function<void()> showApps_;
     FileListModel model_;
     Actions actions_{};
     BreadcrumbBar* breadcrumbs_;

@@ -1,6 +1,7 @@
 #include "app/views/MainWindow.h"
 
 #include "app/Translations.h"
+#include "app/views/AppListView.h"
 #include "app/views/Icons.h"
 #include "app/views/PlaceholderView.h"
 #include "app/views/StatusBanner.h"
@@ -44,6 +45,8 @@ MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* p
       pages_(new QStackedWidget),
       welcome_(new WelcomeView([&app] { app.startDemo(); })),
       notice_(new PlaceholderView),
+      appList_(new AppListView(
+          apps_, [this](const AppInfo& info) { openApp(info, QStringLiteral("/")); })),
       browserView_(new BrowserView(browser_, std::move(dialogs))),
       transferPanel_(new TransferPanel(transfers_)) {
     setWindowTitle(app.isDemo() ? tessary::tr("Tessary: Virtual Phones")
@@ -53,7 +56,7 @@ MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* p
     setMinimumSize(760, 460);
 
     for (QWidget* page : {static_cast<QWidget*>(welcome_), static_cast<QWidget*>(notice_),
-                          static_cast<QWidget*>(browserView_)})
+                          static_cast<QWidget*>(appList_), static_cast<QWidget*>(browserView_)})
         pages_->addWidget(page);
     auto* right = new QSplitter(Qt::Vertical);
     right->addWidget(pages_);
@@ -84,12 +87,15 @@ MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* p
     browserView_->setFavorites(
         {[this](const QString& path) {
              const auto& device = browser_.activeDevice();
-             return device && app_.favoritesManager().isFavorite(device->udid, path, std::nullopt);
+             return device && app_.favoritesManager().isFavorite(device->udid, path, chosenAppId());
          },
          [this](const QString& name, const QString& path) {
              if (const auto& device = browser_.activeDevice())
-                 app_.favoritesManager().toggleFavorite(device->udid, name, path);
+                 app_.favoritesManager().toggleFavorite(
+                     device->udid, name, path, chosenAppId(),
+                     chosenApp_ ? std::optional(chosenApp_->displayName) : std::nullopt);
          }});
+    browserView_->setShowApps([this] { showApps(); });
     connect(&app.favoritesManager(), &FavoritesManager::favoritesChanged, browserView_,
             &BrowserView::updateActions);
     connect(&browser_, &FileBrowserViewModel::connectionChanged, this, &MainWindow::showSidebar);
@@ -100,7 +106,7 @@ MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* p
         for (const QString& path : paths)
             if (device)
                 app_.favoritesManager().removeFavorites(browser_.files()->canonicalPath(path),
-                                                        device->udid, std::nullopt);
+                                                        device->udid, chosenAppId());
     });
     connect(&app.deviceManager(), &DeviceManager::devicesChanged, this,
             &MainWindow::deviceListChanged);
@@ -151,7 +157,7 @@ void MainWindow::makeMenus() {
     view->addAction(actions.reload);
 
     QMenu* go = menuBar()->addMenu(tessary::tr("Go"));
-    for (QAction* action : {actions.back, actions.forward, actions.up})
+    for (QAction* action : {actions.back, actions.forward, actions.up, actions.apps})
         go->addAction(action);
     go->addSeparator();
     go->addAction(actions.favorite);
@@ -175,21 +181,104 @@ void MainWindow::changeEvent(QEvent* event) {
         setUpIconTheme();
 }
 
+std::optional<DeviceInfo> MainWindow::chosenDevice() const {
+    const DeviceInfo* device = devices_.deviceAt(sidebar_->deviceList().currentIndex());
+    return device == nullptr ? std::nullopt : std::optional(*device);
+}
+
+std::optional<DeviceInfo> MainWindow::attached(const DeviceInfo& device) const {
+    // An iPhone has another handle at each plugging.
+    for (const DeviceInfo& other : app_.deviceManager().devices())
+        if (other.id() == device.id() ||
+            (device.platform == DevicePlatform::iOS && other.udid == device.udid))
+            return other;
+    return std::nullopt;
+}
+
+std::optional<QString> MainWindow::chosenAppId() const {
+    return chosenApp_ ? std::optional(chosenApp_->bundleIdentifier) : std::nullopt;
+}
+
+void MainWindow::openApp(const AppInfo& app, const QString& path) {
+    const auto device = apps_.device();
+    if (!device)
+        return;
+    chosenApp_ = app;
+    isChoosingApp_ = false;
+    browser_.connect(device->udid, app.bundleIdentifier, app.displayName, *device, path);
+    showPage();
+    browserView_->currentListing().setFocus();
+}
+
+void MainWindow::showApps() {
+    const auto device = chosenDevice();
+    if (!device || device->platform != DevicePlatform::iOS)
+        return;
+    isChoosingApp_ = true;
+    apps_.setDevice(*device);
+    showPage();
+    appList_->setFocus();
+}
+
+void MainWindow::showSidebar() {
+    const auto device = chosenDevice();
+    FavoriteSource source;
+    if (device && browser_.activeDevice() && browser_.activeDevice()->udid == device->udid) {
+        source.files = browser_.files();
+        source.appBundleId = chosenAppId();
+        if (chosenApp_)
+            source.appName = chosenApp_->displayName;
+    }
+    sidebar_->showDevice(device, source);
+    sidebar_->showFolder(source.files && !isChoosingApp_ ? browser_.currentPath() : QString());
+}
+
+void MainWindow::openFavorite(const DeviceFavorite& favorite) {
+    const auto device = chosenDevice();
+    if (!device)
+        return;
+    if (!favorite.appBundleId) {
+        browser_.navigateTo(favorite.path);
+        return;
+    }
+    if (chosenAppId() == favorite.appBundleId && browser_.state() != BrowserState::deviceLost &&
+        browser_.activeDevice() && browser_.activeDevice()->udid == device->udid) {
+        isChoosingApp_ = false;
+        browser_.navigateTo(favorite.path);
+        showPage();
+        return;
+    }
+    apps_.setDevice(*device);
+    openApp({*favorite.appBundleId, favorite.appName.value_or(*favorite.appBundleId), true, false},
+            favorite.path);
+}
+
 void MainWindow::deviceListChanged() {
-    const auto& active = browser_.activeDevice();
+    const auto active = browser_.activeDevice();
     if (active) {
-        if (const auto now = app_.deviceManager().device(active->id())) {
+        const auto now = attached(*active);
+        const bool isLost = browser_.state() == BrowserState::deviceLost;
+        if (!now) {
+            if (!isLost)
+                browser_.loseDevice();
+        } else {
             const bool wasLocked = !active->isDataAccessible();
-            const bool isBack = browser_.state() == BrowserState::deviceLost;
             const QString path = browser_.currentPath();
             browser_.updateDevice(*now);
-            if (isBack)
+            if (isLost && chosenApp_)
+                browser_.connect(now->udid, chosenApp_->bundleIdentifier, chosenApp_->displayName,
+                                 *now, path);
+            else if (isLost)
                 browser_.connectAndroid(*now, path);
             else if (wasLocked && now->isDataAccessible())
                 browser_.reload();
-        } else if (browser_.state() != BrowserState::deviceLost) {
-            browser_.loseDevice();
         }
+    }
+    if (const auto listed = apps_.device()) {
+        if (const auto now = attached(*listed))
+            apps_.setDevice(*now);
+        else
+            apps_.clear();
     }
     // The first phone to come is the one that the user has just plugged in.
     QListView& list = sidebar_->deviceList();
@@ -200,35 +289,34 @@ void MainWindow::deviceListChanged() {
     showBanner();
 }
 
-void MainWindow::showSidebar() {
-    FavoriteSource source;
-    source.files = browser_.files();
-    const bool isLost = browser_.state() == BrowserState::deviceLost;
-    sidebar_->showDevice(isLost ? std::nullopt : browser_.activeDevice(), source);
-    sidebar_->showFolder(browser_.currentPath());
-}
-
-void MainWindow::openFavorite(const DeviceFavorite& favorite) {
-    browser_.navigateTo(favorite.path);
-}
-
 void MainWindow::chooseDevice(const QModelIndex& index) {
     const DeviceInfo* device = devices_.deviceAt(index);
     const auto& active = browser_.activeDevice();
-    if (device != nullptr &&
-        (!active || active->id() != device->id() || browser_.state() == BrowserState::deviceLost))
+    const bool isShown = device != nullptr && active && active->udid == device->udid &&
+                         browser_.state() != BrowserState::deviceLost;
+    isChoosingApp_ = false;
+    if (device != nullptr && device->platform == DevicePlatform::iOS) {
+        isChoosingApp_ = !isShown;
+        apps_.setDevice(*device);
+    } else if (device != nullptr && (!isShown || active->id() != device->id())) {
+        chosenApp_.reset();
         browser_.connectAndroid(*device, QStringLiteral("/"));
+    }
+    showSidebar();
     showPage();
     showBanner();
 }
 
 void MainWindow::showPage() {
     const auto& active = browser_.activeDevice();
-    const bool isLocked = active && browser_.state() != BrowserState::deviceLost &&
-                          active->isLocked && !app_.deviceManager().trouble(active->id());
+    const bool isLost = browser_.state() == BrowserState::deviceLost;
+    const bool isLocked =
+        active && !isLost && active->isLocked && !app_.deviceManager().trouble(active->id());
     const bool isListEmpty = app_.deviceManager().devices().empty();
-    if (isListEmpty && (!active || browser_.state() == BrowserState::deviceLost)) {
+    if (isListEmpty && (!active || isLost)) {
         pages_->setCurrentWidget(welcome_);
+    } else if (isChoosingApp_ && chosenDevice()) {
+        pages_->setCurrentWidget(appList_);
     } else if (isLocked) {
         notice_->show(
             QStringLiteral("object-locked"), tessary::tr("This phone is locked"),
@@ -241,8 +329,10 @@ void MainWindow::showPage() {
 }
 
 void MainWindow::showBanner() {
-    const auto& active = browser_.activeDevice();
-    const auto trouble = active ? app_.deviceManager().trouble(active->id()) : std::nullopt;
+    const auto shown = isChoosingApp_ ? chosenDevice() : browser_.activeDevice();
+    // What keeps the apps from being listed stands where they would be.
+    const auto trouble =
+        shown && !isChoosingApp_ ? app_.deviceManager().trouble(shown->id()) : std::nullopt;
     BannerMessage message;
     message.kind = BannerMessage::Kind::warning;
     if (trouble) {

@@ -4,6 +4,7 @@
 #include "app/views/BrowserView.h"
 #include "app/views/DeviceListModel.h"
 #include "app/views/Sidebar.h"
+#include "files/AppListViewModel.h"
 #include "files/FileBrowserViewModel.h"
 #include "files/TransferViewModel.h"
 
@@ -13,6 +14,7 @@ class QStackedWidget;
 
 namespace tessary {
 
+class AppListView;
 class PlaceholderView;
 class StatusBanner;
 class TransferPanel;
@@ -34,6 +36,11 @@ public:
     [[nodiscard]] TransferViewModel& transfers() {
         return transfers_;
     }
+    [[nodiscard]] AppListViewModel& apps() {
+        return apps_;
+    }
+    /// Shows the documents of one of apps().
+    void openApp(const AppInfo& app, const QString& path);
     [[nodiscard]] BrowserView& browserView() {
         return *browserView_;
     }
@@ -48,6 +55,12 @@ private:
     void makeMenus();
     void deviceListChanged();
     void chooseDevice(const QModelIndex& index);
+    /// The device that is chosen in the sidebar.
+    [[nodiscard]] std::optional<DeviceInfo> chosenDevice() const;
+    /// The attached device that is the same phone, wherever it is plugged in.
+    [[nodiscard]] std::optional<DeviceInfo> attached(const DeviceInfo& device) const;
+    [[nodiscard]] std::optional<QString> chosenAppId() const;
+    void showApps();
     void showSidebar();
     void openFavorite(const DeviceFavorite& favorite);
     void showPage();
@@ -57,12 +70,16 @@ private:
     TessaryApp& app_;
     TransferViewModel transfers_;
     FileBrowserViewModel browser_;
+    AppListViewModel apps_;
+    std::optional<AppInfo> chosenApp_; ///< whose documents are browsed
+    bool isChoosingApp_ = false;
     DeviceListModel devices_;
     Sidebar* sidebar_;
     StatusBanner* banner_;
     QStackedWidget* pages_;
     WelcomeView* welcome_;
     PlaceholderView* notice_;
+    AppListView* appList_;
     BrowserView* browserView_;
     TransferPanel* transferPanel_;
 };

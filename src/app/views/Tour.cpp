@@ -35,8 +35,8 @@ QString writeSample(const QString& path) {
 
 } // namespace
 
-Tour::Tour(MainWindow& window, TourPhone phone, const QString& folder)
-    : window_(window), phone_(std::move(phone)), folder_(folder) {}
+Tour::Tour(MainWindow& window, TourPhone phone, TourIPhone iPhone, const QString& folder)
+    : window_(window), phone_(std::move(phone)), iPhone_(std::move(iPhone)), folder_(folder) {}
 
 bool Tour::run() {
     try {
@@ -48,6 +48,7 @@ bool Tour::run() {
         transfer();
         fail();
         lockAndLose();
+        iPhone();
     } catch (const std::exception& error) {
         std::fprintf(stderr, "tessary: the tour stopped: %s\n", error.what());
         return false;
@@ -234,6 +235,39 @@ void Tour::lockAndLose() {
     waitFor("the loss of the phone",
             [this] { return window_.browser().state() == BrowserState::deviceLost; });
     shoot(QStringLiteral("phone-gone"));
+}
+
+void Tour::iPhone() {
+    FileBrowserViewModel& browser = window_.browser();
+    AppListViewModel& apps = window_.apps();
+    iPhone_.setTrusted(false);
+    iPhone_.plugIn();
+    waitFor("the untrusted iPhone", [&] { return apps.state() == AppListState::failed; });
+    shoot(QStringLiteral("iphone-untrusted"));
+    iPhone_.setTrusted(true);
+    apps.reload();
+    waitFor("the apps", [&] {
+        const auto& device = apps.device();
+        return apps.state() == AppListState::ready && device && device->totalStorageBytes;
+    });
+    shoot(QStringLiteral("iphone-apps"));
+    window_.openApp(apps.apps().back(), QStringLiteral("/"));
+    waitFor("the documents", [&] { return !browser.isLoading(); });
+    browser.enterFolder(browser.items().front().id());
+    waitFor("a folder of documents", [&] { return !browser.isLoading(); });
+    shoot(QStringLiteral("iphone-documents"));
+    const QTemporaryDir source;
+    iPhone_.setSpeed(slowSpeed);
+    browser.uploadFiles({writeSample(source.filePath(QStringLiteral("Talk.mp4")))});
+    waitFor("a running transfer", [this] {
+        const auto& jobs = window_.transfers().jobs();
+        return !jobs.empty() && jobs.back().fractionDone() > 0.2;
+    });
+    shoot(QStringLiteral("iphone-transfer"));
+    iPhone_.setSpeed(0);
+    waitFor("the end of the transfer", [this] { return window_.transfers().summary().isIdle(); });
+    window_.transfers().clearCompleted();
+    iPhone_.unplug();
 }
 
 } // namespace tessary

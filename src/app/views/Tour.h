@@ -21,11 +21,19 @@ struct TourPhone {
     std::function<void(double)> setSpeed;
 };
 
+/// The same for the iPhone of the tour.
+struct TourIPhone {
+    std::function<void()> plugIn;
+    std::function<void()> unplug;
+    std::function<void(bool)> setTrusted;
+    std::function<void(double)> setSpeed;
+};
+
 /// Walks through the window as a person would and writes numbered screenshots. Main thread.
 class Tour {
 public:
     /// `window` must outlive the tour; it is shown already, with no phone plugged in.
-    Tour(MainWindow& window, TourPhone phone, const QString& folder);
+    Tour(MainWindow& window, TourPhone phone, TourIPhone iPhone, const QString& folder);
 
     /// False, with the reason on standard error, when a step did not come about or a picture could
     /// not be written.
@@ -38,6 +46,7 @@ private:
     void transfer();
     void fail();
     void lockAndLose();
+    void iPhone();
 
     /// Lets the window work until `condition` holds; throws when it does not within a bound.
     void waitFor(const char* what, const std::function<bool()>& condition);
@@ -48,6 +57,7 @@ private:
 
     MainWindow& window_;
     TourPhone phone_;
+    TourIPhone iPhone_;
     QString folder_;
     int number_ = 0;
 };
