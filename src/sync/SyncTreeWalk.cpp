@@ -62,12 +62,6 @@ SyncScan scanTree(const QString& root, const SyncListing& list) {
     return scan;
 }
 
-QString shellQuoted(const QString& text) {
-    QString quoted = text;
-    quoted.replace(QLatin1Char('\''), QStringLiteral("'\\''"));
-    return QLatin1Char('\'') + quoted + QLatin1Char('\'');
-}
-
 std::optional<QByteArray> localSample(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))

@@ -19,9 +19,6 @@ void addListing(SyncScan& scan, const std::vector<FileItem>& items, const QStrin
 /// fails with TessaryError::fileIOError.
 [[nodiscard]] SyncScan scanTree(const QString& root, const SyncListing& list);
 
-/// `text` in single quotes for a device's shell.
-[[nodiscard]] QString shellQuoted(const QString& text);
-
 /// The first bytes of a local file that the sample check compares; no value when it cannot be read.
 [[nodiscard]] std::optional<QByteArray> localSample(const QString& path);
 
