@@ -36,6 +36,15 @@ qint64 saturatedSum(qint64 a, qint64 b) {
     return qAddOverflow(a, b, &sum) ? std::numeric_limits<qint64>::max() : sum;
 }
 
+/// The same for a file of the device: a listing may have cut the date to a whole minute.
+bool isSameOnDevice(const std::optional<SyncFileEntry>& now, const SyncFileEntry& before) {
+    constexpr qint64 minute = 60'000;
+    const qint64 listed = before.modifiedDate.toMSecsSinceEpoch();
+    return isSame(now, before) ||
+           (now && now->size == before.size && listed % minute == 0 &&
+            now->modifiedDate.toMSecsSinceEpoch() / minute == listed / minute);
+}
+
 const QString& changedMeanwhile() {
     static const QString text =
         QStringLiteral("it changed while the folders were being synced; it was left as it is");
@@ -178,7 +187,7 @@ bool SyncWorker::isLocalAsScanned(const Action& action) {
 
 bool SyncWorker::isDeviceAsScanned(const Action& action) {
     const auto now = setup_.device.statFile(remote(action.relativePath));
-    return action.device == nullptr ? !now : isSame(now, *action.device);
+    return action.device == nullptr ? !now : isSameOnDevice(now, *action.device);
 }
 
 /// Copies a local file to the device, in place of what the scan saw there. Returns it as it was
@@ -309,7 +318,7 @@ bool SyncWorker::removeLocal(const QString& relativePath, const SyncFileEntry& e
 
 bool SyncWorker::removeRemote(const QString& relativePath, const SyncFileEntry& expected) {
     const auto now = setup_.device.statFile(remote(relativePath));
-    if (now && !isSame(now, expected)) {
+    if (now && !isSameOnDevice(now, expected)) {
         skip(relativePath, changedMeanwhile());
         return false;
     }
