@@ -20,6 +20,7 @@ TessaryApp::TessaryApp(DeviceSources sources, DeviceFileService& files, TessaryA
       favoritesManager_(setup_.defaults),
       languageManager_(LanguageManager::shared()) {
     languageManager_.useStore(setup_.defaults);
+    deviceManager_.rememberModesIn(setup_.defaults);
 }
 
 TessaryApp::~TessaryApp() {

@@ -2,6 +2,7 @@
 
 #include "core/CancellationError.h"
 #include "core/TessaryError.h"
+#include "devices/AdbPhones.h"
 #include "devices/IOSDevices.h"
 #include "ios/LockdownSession.h"
 
@@ -28,8 +29,9 @@ void readNames(std::vector<DeviceInfo>& devices, const std::stop_token& stop) {
 } // namespace
 
 DeviceInfo chooseDevice(DeviceSources sources, const CliRequest& request,
-                        const std::stop_token& stop) {
+                        const std::stop_token& stop, const std::vector<AdbDevice>& reachedByAdb) {
     std::vector<DeviceInfo> all = scanAndroidDevices(sources.usb, request.alsoAccept);
+    addAdbPhones(all, reachedByAdb);
     if (sources.multiplexer != nullptr)
         for (DeviceInfo& phone : scanIOSDevices(*sources.multiplexer))
             all.push_back(std::move(phone));

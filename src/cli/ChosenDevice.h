@@ -3,8 +3,10 @@
 #include "cli/CommandLine.h"
 #include "core/DeviceInfo.h"
 #include "devices/DeviceSources.h"
+#include "files/AdbDevices.h"
 
 #include <stop_token>
+#include <vector>
 
 namespace tessary {
 
@@ -12,6 +14,7 @@ namespace tessary {
 /// else as a name. Blocking: the names of iPhones are asked of them, when it comes to names.
 /// TessaryError::deviceNotFound, in words that say what to do, when none or several fit.
 [[nodiscard]] DeviceInfo chooseDevice(DeviceSources sources, const CliRequest& request,
-                                      const std::stop_token& stop);
+                                      const std::stop_token& stop,
+                                      const std::vector<AdbDevice>& reachedByAdb = {});
 
 } // namespace tessary

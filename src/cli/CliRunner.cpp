@@ -9,6 +9,7 @@
 #include "core/CancellationError.h"
 #include "core/Printable.h"
 #include "core/TessaryError.h"
+#include "devices/DeviceManager.h"
 #include "files/AndroidFileAccess.h"
 #include "files/AppFileAccess.h"
 #include "files/DevicePath.h"
@@ -19,6 +20,7 @@
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QJsonObject>
 
 #include <algorithm>
 #include <array>
@@ -71,7 +73,7 @@ CliRunner::ExitStatus CliRunner::run(const CliRequest& request,
     static constexpr std::array<Step, 11> steps{
         &CliRunner::devices, &CliRunner::watch, &CliRunner::apps, &CliRunner::list,
         &CliRunner::info,    &CliRunner::get,   &CliRunner::put,  &CliRunner::makeFolders,
-        &CliRunner::remove, &CliRunner::move, &CliRunner::sync};
+        &CliRunner::remove,  &CliRunner::move,  &CliRunner::sync};
     request_ = request;
     stop_ = stop;
     device_.reset();
@@ -107,8 +109,22 @@ void CliRunner::printLine(const QString& line) {
 }
 
 const DeviceInfo& CliRunner::chosenDevice() {
-    if (!device_)
-        device_ = chooseDevice(sources_, request_, stop_);
+    if (device_)
+        return *device_;
+    const bool wantsAdb = request_.protocol == ProtocolMode::adbTurbo;
+    if (wantsAdb && !service_.findAdbBinary())
+        throw TessaryError::fileIOError(
+            QStringLiteral("adb is not installed. Install it, or use --protocol mtp."));
+    std::vector<AdbDevice> reached;
+    if (wantsAdb || (sources_.asksAdb && !request_.protocol))
+        reached = service_.adbDevices();
+    DeviceInfo device = chooseDevice(sources_, request_, stop_, reached);
+    if (device.platform == DevicePlatform::android) {
+        const auto chosen = protocolModeFromRawValue(
+            defaults_.value(DeviceManager::protocolModesKey).toObject()[device.udid].toString());
+        device.protocolMode = request_.protocol.value_or(chosen.value_or(device.protocolMode));
+    }
+    device_ = std::move(device);
     return *device_;
 }
 

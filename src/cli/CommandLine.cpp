@@ -24,6 +24,7 @@ struct Raw {
     bool json = false;
     bool demo = false;
     std::string demoFolder;
+    std::string protocol;
     std::vector<std::string> usb;
     std::string device;
     std::string app;
@@ -198,6 +199,8 @@ std::variant<CliRequest, CliUsage> parseCommandLine(const QStringList& arguments
     app.add_option("--usb", raw.usb,
                    "Also accept this USB device (VID:PID, hexadecimal) as an MTP phone")
         ->allow_extra_args(false);
+    app.add_option("--protocol", raw.protocol, "Reach an Android phone in this way: mtp or adb")
+        ->check(CLI::IsMember({"mtp", "adb"}));
     app.add_flag("--demo", raw.demo, "Start virtual phones, and use only those");
     app.add_option("--demo-folder", raw.demoFolder,
                    "The same, with the phones' files kept in this folder from run to run");
@@ -223,6 +226,8 @@ std::variant<CliRequest, CliUsage> parseCommandLine(const QStringList& arguments
         if (!sub.app->parsed())
             continue;
         CliRequest request = requestOf(raw, sub.command);
+        if (!raw.protocol.empty())
+            request.protocol = raw.protocol == "adb" ? ProtocolMode::adbTurbo : ProtocolMode::mtp;
         for (const std::string& ids : raw.usb) {
             const auto parsed = parseIds(ids);
             if (!parsed)

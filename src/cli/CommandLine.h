@@ -14,7 +14,19 @@ namespace tessary {
 
 /// What the command line asks for. Paths on this machine are absolute.
 struct CliRequest {
-    enum class Command { devices, watch, apps, list, info, get, put, makeFolder, remove, move, sync };
+    enum class Command {
+        devices,
+        watch,
+        apps,
+        list,
+        info,
+        get,
+        put,
+        makeFolder,
+        remove,
+        move,
+        sync
+    };
     /// What a sync answers when it has something to delete.
     enum class Answer {
         ask,   ///< the user, at a terminal; refuse elsewhere
@@ -31,7 +43,8 @@ struct CliRequest {
     bool json = false;
     bool demo = false;
     QString demoFolder; ///< where the virtual phones keep their files; empty: a temporary folder
-    std::vector<UsbIds> alsoAccept; ///< --usb
+    std::vector<UsbIds> alsoAccept;       ///< --usb
+    std::optional<ProtocolMode> protocol; ///< --protocol, for Android phones
 
     // Of a sync:
     SyncMode mode = SyncMode::biDirectional;

@@ -19,7 +19,7 @@ using View = QLatin1StringView;
 constexpr std::array kindNames{View("attached"), View("detached"), View("changed"),
                                View("conflict")};
 constexpr std::array troubleNames{View("heldByProgram"), View("notPermitted"), View("refused"),
-                                  View("notAnswering")};
+                                  View("notAnswering"), View("adbMissing")};
 constexpr View troubleField("trouble");
 
 View nameOf(Kind kind) {

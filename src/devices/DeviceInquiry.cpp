@@ -45,8 +45,20 @@ DeviceAnswer FileServiceInquiry::ask(const DeviceInfo& device) {
     const auto passed = std::chrono::steady_clock::now() - start;
     if (!figures)
         return {Outcome::busy};
-    if (!figures->volumes.empty())
-        return {Outcome::answered, *std::move(figures)};
+    if (!figures->volumes.empty()) {
+        DeviceAnswer answer{Outcome::answered, *std::move(figures)};
+        if (device.protocolMode == ProtocolMode::adbTurbo && !files_.usesAdb(device))
+            answer.trouble = DeviceTrouble{
+                DeviceTrouble::Kind::adbMissing,
+                {},
+                QStringLiteral(
+                    "Turbo mode needs adb, which is not installed. The phone is used over "
+                    "Standard MTP instead."),
+                QStringLiteral("Install the adb tool, or switch the phone to Standard MTP.")};
+        return answer;
+    }
+    if (files_.usesAdb(device))
+        return whyNoAdb(device);
     if (passed >= MTPTransportProtocol::pipeTimeout)
         return failedWith(troubleOf(MTPTransportError(MTPTransportError::Case::timeout), {}));
     return whyNoStorage(device, *std::move(figures));
@@ -67,6 +79,20 @@ DeviceAnswer FileServiceInquiry::whyNoStorage(const DeviceInfo& device, LiveDevi
             return {Outcome::gone};
         return failedWith(troubleOf(error, files_.programsHolding(device)));
     }
+}
+
+/// A phone that adb reaches always has a storage: what keeps it from telling is in the failure.
+DeviceAnswer FileServiceInquiry::whyNoAdb(const DeviceInfo& device) {
+    try {
+        (void)files_.listDirectory(QStringLiteral("/"), device);
+        return {Outcome::busy}; // the next attempt has the figures
+    } catch (const TessaryError& error) {
+        return failedWith({DeviceTrouble::Kind::notAnswering, {}, error.message(), {}});
+    }
+}
+
+std::vector<AdbDevice> FileServiceInquiry::adbDevices() {
+    return files_.adbDevices();
 }
 
 bool FileServiceInquiry::isConflictingAppRunning() {

@@ -2,6 +2,7 @@
 
 #include "core/DeviceInfo.h"
 #include "devices/DeviceTrouble.h"
+#include "files/AdbDevices.h"
 #include "files/MTPFileBackend.h"
 #include "ios/LockdownSession.h"
 
@@ -14,7 +15,8 @@ class DeviceFileService;
 /// What came of asking a device for its figures.
 struct DeviceAnswer {
     enum class Outcome {
-        answered, ///< with `figures`; an Android phone without a storage is locked
+        answered, ///< with `figures`, and perhaps a hint in `trouble`; an Android phone without a
+                  ///< storage is locked
         busy,     ///< something else uses it
         gone,     ///< it was unplugged
         failed,   ///< with `trouble`
@@ -37,6 +39,10 @@ public:
     [[nodiscard]] virtual DeviceAnswer ask(const DeviceInfo& device) = 0;
     /// Whether a program runs that is known to compete for phones.
     [[nodiscard]] virtual bool isConflictingAppRunning() = 0;
+    /// The phones that adb reaches, or is refused by.
+    [[nodiscard]] virtual std::vector<AdbDevice> adbDevices() {
+        return {};
+    }
 };
 
 /// Asks Android phones by way of the file service, which orders it with everything else that uses
@@ -48,8 +54,10 @@ public:
 
     [[nodiscard]] DeviceAnswer ask(const DeviceInfo& device) override;
     [[nodiscard]] bool isConflictingAppRunning() override;
+    [[nodiscard]] std::vector<AdbDevice> adbDevices() override;
 
 private:
+    [[nodiscard]] DeviceAnswer whyNoAdb(const DeviceInfo& device);
     [[nodiscard]] DeviceAnswer whyNoStorage(const DeviceInfo& device, LiveDeviceInfo figures);
 
     DeviceFileService& files_;

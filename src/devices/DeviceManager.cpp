@@ -2,10 +2,12 @@
 
 #include "core/Background.h"
 #include "core/DiagnosticsLogger.h"
+#include "devices/AdbPhones.h"
 #include "devices/DeviceInquiry.h"
 #include "devices/IOSDevices.h"
 #include "files/DeviceFileService.h"
 
+#include <QJsonObject>
 #include <QPointer>
 
 #include <algorithm>
@@ -38,6 +40,7 @@ DeviceManager::DeviceManager(DeviceSources sources, std::shared_ptr<DeviceInquir
       bus_(sources.usb),
       inquiry_(std::move(inquiry)),
       alsoAccept_(std::move(alsoAccept)),
+      asksAdb_(sources.asksAdb),
       iphones_(sources.multiplexer) {
     MainThread::assertCurrent();
     timer_.setInterval(listInterval);
@@ -130,6 +133,7 @@ void DeviceManager::refreshDeviceList(bool forceStorageRefresh) {
 
 void DeviceManager::refreshList(bool forceStorageRefresh) {
     iphones_.refresh();
+    askAdb();
     if (isScanning_)
         rebuild(forceStorageRefresh); // the last answer serves until the next one is there
     else
@@ -159,7 +163,37 @@ void DeviceManager::scan(bool forceStorageRefresh) {
         });
 }
 
-/// What bus and multiplexer have, sorted, and the attachment of each.
+/// Its last answer counts until the next one is there: adb may have to start its server first.
+void DeviceManager::askAdb() {
+    if (!asksAdb_ || isAskingAdb_)
+        return;
+    isAskingAdb_ = true;
+    runInBackground(
+        this, [inquiry = inquiry_] { return inquiry->adbDevices(); },
+        [this, period = period_](BackgroundResult<std::vector<AdbDevice>> result) {
+            isAskingAdb_ = false;
+            if (period != period_)
+                return;
+            std::vector<AdbDevice> found;
+            if (result.succeeded())
+                found = result.take();
+            if (std::exchange(adb_, found) != adb_)
+                rebuild(false);
+            else
+                tellWhenSettled();
+        });
+}
+
+/// A number for a phone that is on no bus. It says whether adb still reaches the same one.
+DeviceManager::Attachment DeviceManager::adbAttachment(const QString& serial) const {
+    constexpr std::uint64_t apart = std::uint64_t{1} << 63; // from what the bus gives out
+    const auto found = std::find_if(adb_.begin(), adb_.end(),
+                                    [&](const AdbDevice& one) { return one.serial == serial; });
+    const QString key = serial + (found == adb_.end() ? QString() : found->transportId);
+    return {false, apart | qHash(key)};
+}
+
+/// What bus, adb and multiplexer have, sorted, and the attachment of each.
 std::vector<DeviceInfo> DeviceManager::attachedDevices(QHash<QString, Attachment>& attachments) {
     std::vector<DeviceInfo> devices = androidDevices(entries_, alsoAccept_, udids_);
     udids_.clear();
@@ -175,6 +209,10 @@ std::vector<DeviceInfo> DeviceManager::attachedDevices(QHash<QString, Attachment
         attachments.insert(phone.id(), {true, phone.handle});
         devices.push_back(std::move(phone));
     }
+    const std::size_t attached = devices.size();
+    addAdbPhones(devices, adb_);
+    for (std::size_t n = attached; n < devices.size(); ++n)
+        attachments.insert(devices[n].id(), adbAttachment(devices[n].udid));
     std::stable_sort(devices.begin(), devices.end(),
                      [](const DeviceInfo& a, const DeviceInfo& b) { return a.udid < b.udid; });
     return devices;
@@ -323,7 +361,7 @@ void DeviceManager::answered(const QString& id, const DeviceAnswer& answer) {
         device.isLocked = device.volumes.empty();
     }
     publish(std::move(devices));
-    setTrouble(id, std::nullopt);
+    setTrouble(id, answer.trouble);
 }
 
 bool DeviceManager::isAsking(const DeviceInfo& device) const {
@@ -333,7 +371,7 @@ bool DeviceManager::isAsking(const DeviceInfo& device) const {
 void DeviceManager::tellWhenSettled() {
     const bool isAnyAsked = std::any_of(devices_.begin(), devices_.end(),
                                         [this](const DeviceInfo& one) { return isAsking(one); });
-    if (!isScanning_ && !iphones_.isReading() && !isAnyAsked)
+    if (!isScanning_ && !isAskingAdb_ && !iphones_.isReading() && !isAnyAsked)
         Q_EMIT detailsSettled();
 }
 
@@ -349,11 +387,24 @@ std::optional<DeviceTrouble> DeviceManager::trouble(const QString& id) const {
 
 void DeviceManager::chooseProtocolMode(const QString& udid, ProtocolMode mode) {
     chosenModes_.insert(udid, mode);
+    if (defaults_) {
+        QJsonObject modes = defaults_->value(protocolModesKey).toObject();
+        modes.insert(udid, rawValue(mode));
+        defaults_->setValue(protocolModesKey, modes);
+    }
     std::vector<DeviceInfo> devices = devices_;
     for (DeviceInfo& device : devices)
         if (device.udid == udid)
             device.protocolMode = mode;
     publish(std::move(devices));
+}
+
+void DeviceManager::rememberModesIn(std::shared_ptr<UserDefaults> defaults) {
+    defaults_ = std::move(defaults);
+    const QJsonObject modes = defaults_->value(protocolModesKey).toObject();
+    for (auto choice = modes.begin(); choice != modes.end(); ++choice)
+        if (const auto mode = protocolModeFromRawValue(choice.value().toString()))
+            chosenModes_.insert(choice.key(), *mode);
 }
 
 } // namespace tessary

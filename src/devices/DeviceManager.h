@@ -5,7 +5,9 @@
 #include "devices/DeviceSources.h"
 #include "devices/DeviceTrouble.h"
 #include "devices/MultiplexerFeed.h"
+#include "files/AdbDevices.h"
 #include "platform/UsbBus.h"
+#include "platform/UserDefaults.h"
 
 #include <QHash>
 #include <QObject>
@@ -77,9 +79,14 @@ public:
     /// last attempt went well.
     [[nodiscard]] std::optional<DeviceTrouble> trouble(const QString& id) const;
 
-    /// The user's choice of protocol for a device. It holds for as long as the program runs, also
-    /// while the device is away.
+    /// The user's choice of protocol for a device. It holds also while the device is away, and from
+    /// start to start once there is a store for it.
     void chooseProtocolMode(const QString& udid, ProtocolMode mode);
+
+    /// Takes the choices that were made before from this store, and keeps new ones there.
+    void rememberModesIn(std::shared_ptr<UserDefaults> defaults);
+    /// Of the store: an object of modes, as their raw values, by udid.
+    static inline const QString protocolModesKey = QStringLiteral("Tessary_ProtocolModes");
 
 Q_SIGNALS:
     /// The list differs from what it was, in any field of any device.
@@ -96,6 +103,8 @@ private:
     using Attachment = std::pair<bool, std::uint64_t>;
 
     void startAndroidListening();
+    void askAdb();
+    [[nodiscard]] Attachment adbAttachment(const QString& serial) const;
     void release(std::unique_ptr<UsbWatch> watch);
     void usbChanged(const UsbEvent& event);
     void refreshList(bool forceStorageRefresh);
@@ -116,6 +125,10 @@ private:
     UsbBus& bus_;
     const std::shared_ptr<DeviceInquiry> inquiry_; ///< also held by questions under way
     const std::vector<UsbIds> alsoAccept_;
+    const bool asksAdb_;
+    std::vector<AdbDevice> adb_; ///< adb's last answer
+    bool isAskingAdb_ = false;
+    std::shared_ptr<UserDefaults> defaults_; ///< may be null
 
     QTimer timer_;
     QTimer storageTimer_;

@@ -12,6 +12,7 @@ struct DeviceTrouble {
         notPermitted,  ///< this user may not open USB devices
         refused,       ///< it wants to be unlocked, or to trust this computer first
         notAnswering,  ///< it stays silent, or answers nonsense
+        adbMissing,    ///< it is read over MTP although Turbo mode was chosen
     };
     Kind kind = Kind::notAnswering;
     QStringList programs;

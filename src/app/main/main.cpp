@@ -52,7 +52,7 @@ struct Phones {
 
     /// This machine's iPhones and virtual ones are found alike: by the environment.
     DeviceSources sources() {
-        return {bus(), &multiplexer};
+        return {bus(), &multiplexer, virtualPhones == nullptr};
     }
 
     QTemporaryDir folder;

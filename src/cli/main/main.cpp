@@ -49,7 +49,7 @@ public:
     }
     /// The same for this machine's iPhones and virtual ones: it is found by the environment.
     DeviceSources sources() {
-        return {bus(), &multiplexer_};
+        return {bus(), &multiplexer_, demo_ == nullptr};
     }
 
 private:
@@ -82,7 +82,8 @@ int main(int argc, char** argv) {
             QtProcessRunner processes;
             DeviceFileService files(phones.bus(), processes);
             const auto defaults = makeSystemUserDefaults();
-            status = CliRunner(phones.sources(), files, *defaults, out, stderr).run(request, signals.token());
+            status = CliRunner(phones.sources(), files, *defaults, out, stderr)
+                         .run(request, signals.token());
             if (!Background::shutDown(backgroundPatience)) {
                 std::fclose(out);
                 std::_Exit(status); // a phone that hangs uses what would go now
