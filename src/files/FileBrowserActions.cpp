@@ -254,11 +254,22 @@ void FileBrowserViewModel::cacheFileForPreview(const QString& id) {
     if (!files_ || !item)
         return;
     const std::uint64_t number = previewNumber_;
+    // The main thread shows the newest figure, however many there were.
+    const QPointer<FileBrowserViewModel> self(this);
+    const auto shown = std::make_shared<std::atomic<bool>>(true);
+    const auto progress = [self, shown, id, number](qint64 done, qint64 total) {
+        if (!shown->exchange(false))
+            return;
+        MainThread::post([self, shown, id, number, done, total] {
+            *shown = true;
+            if (self && number == self->previewNumber_)
+                Q_EMIT self->previewProgress(id, done, total);
+        });
+    };
     stopPreview_ = runInBackground(
         this,
-        [files = files_, item = *item, &previews = previews_](const std::stop_token& stop) {
-            return previews.fetch(*files, item, {}, stop);
-        },
+        [files = files_, item = *item, &previews = previews_, progress](
+            const std::stop_token& stop) { return previews.fetch(*files, item, progress, stop); },
         [this, id, number](BackgroundResult<QString> result) {
             if (number != previewNumber_)
                 return;

@@ -113,6 +113,10 @@ public:
     [[nodiscard]] const QString& appName() const {
         return appName_;
     }
+    /// Where copies are queued.
+    [[nodiscard]] const TransferViewModel& transfers() const {
+        return transfers_;
+    }
 
     // --- where we are ---
     [[nodiscard]] const QString& currentPath() const {
@@ -262,6 +266,8 @@ Q_SIGNALS:
     void folderCreated(const QString& id);
     void itemRenamed(const QString& oldPath, const QString& newPath);
     void itemsDeleted(const QStringList& paths);
+    /// Bytes of the copy that a preview waits for; not for each piece.
+    void previewProgress(const QString& id, qint64 done, qint64 total);
     void previewReady(const QString& id, const QString& localFile);
     void previewFailed(const QString& id, const tessary::ErrorAdvice& error);
 

@@ -91,10 +91,10 @@ const QMap<AppLanguage, QStringList>& sameInEnglish() {
     };
     static const QMap<AppLanguage, QStringList> same{
         {AppLanguage::de, words("Downloads|Apps|Updates|Version|Filter|Name|Video|Audio|OK")},
-        {AppLanguage::es, words("General|Audio")},
+        {AppLanguage::es, words("General|Audio|%1 bytes")},
         {AppLanguage::fr, words("Documents|Apps|Version|Image|Audio|Document|Archive|OK")},
         {AppLanguage::it, words("File|Video|Audio|OK")},
-        {AppLanguage::ptBR, words("Downloads|Apps|1 item|OK")},
+        {AppLanguage::ptBR, words("Downloads|Apps|1 item|OK|%1 bytes")},
         {AppLanguage::ja, words("OK")},
         {AppLanguage::ko, {}},
         {AppLanguage::zhHans, {}},

@@ -6,6 +6,8 @@
 #include "app/views/FileViews.h"
 #include "app/views/Icons.h"
 #include "app/views/PlaceholderView.h"
+#include "app/views/PreviewWindow.h"
+#include "app/views/PropertiesDialog.h"
 #include "core/Background.h"
 #include "core/ByteFormat.h"
 #include "core/Printable.h"
@@ -189,6 +191,16 @@ void BrowserView::makeActions() {
                                    if (showApps_)
                                        showApps_();
                                });
+    actions_.quickLook = addCommand("view-preview", tessary::tr("browser.quickLook"),
+                                    keys(Qt::Key_Space), [this] { quickLook(); });
+    actions_.properties =
+        addCommand("document-properties", tessary::tr("Properties"),
+                   keys(Qt::ALT | Qt::Key_Return, Qt::ALT | Qt::Key_Enter, Qt::CTRL | Qt::Key_I),
+                   [this] { showProperties(); });
+    // Space has other uses wherever there are no files.
+    actions_.quickLook->setShortcutContext(Qt::WidgetShortcut);
+    table_->addAction(actions_.quickLook);
+    grid_->addAction(actions_.quickLook);
     auto* modes = new QActionGroup(this);
     for (QAction* mode : {actions_.asList, actions_.asGrid}) {
         mode->setCheckable(true);
@@ -368,7 +380,8 @@ void BrowserView::updateActions() {
         action->setEnabled(isUsable);
     for (QAction* action : {actions_.open, actions_.rename})
         action->setEnabled(isUsable && selected == 1);
-    for (QAction* action : {actions_.remove, actions_.download})
+    for (QAction* action :
+         {actions_.remove, actions_.download, actions_.quickLook, actions_.properties})
         action->setEnabled(isUsable && selected > 0);
     actions_.apps->setVisible(isInApp());
     const QString path = favoriteCandidate().second;
@@ -407,6 +420,20 @@ void BrowserView::setGrid(bool grid) {
     browser_.setViewMode(grid ? ViewMode::grid : ViewMode::list);
     (grid ? actions_.asGrid : actions_.asList)->setChecked(true);
     currentListing().setFocus();
+}
+
+void BrowserView::quickLook() {
+    if (preview_ == nullptr)
+        preview_ = new PreviewWindow(
+            browser_,
+            [this] { return browser_.viewMode() == ViewMode::grid ? grid_->columns() : 1; }, this);
+    preview_->toggle();
+}
+
+void BrowserView::showProperties() {
+    const auto selected = browser_.selectedEntries();
+    if (!selected.empty() && browser_.files())
+        (new PropertiesDialog(browser_.files(), selected, this))->show();
 }
 
 QStringList BrowserView::selectedIds() const {
@@ -548,12 +575,15 @@ void BrowserView::showContextMenu(const QPoint& position) {
         const auto selected = browser_.selectedEntries();
         if (selected.size() == 1 && selected.front().isDirectory)
             menu.addAction(actions_.open);
+        menu.addAction(actions_.quickLook);
         menu.addAction(actions_.download);
         if (selected.size() == 1 && selected.front().isDirectory)
             menu.addAction(actions_.favorite);
         menu.addSeparator();
         menu.addAction(actions_.rename);
         menu.addAction(actions_.remove);
+        menu.addSeparator();
+        menu.addAction(actions_.properties);
     }
     if (const auto* view = qobject_cast<QAbstractScrollArea*>(sender()))
         menu.exec(view->viewport()->mapToGlobal(position));

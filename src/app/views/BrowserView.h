@@ -23,6 +23,7 @@ class EntryMimeData;
 class FileGridView;
 class FileTableView;
 class PlaceholderView;
+class PreviewWindow;
 
 /// The files of one device: toolbar, listing, and a line about what is selected. It shows what the
 /// browser's view model has, and hands every wish of the user to it.
@@ -47,6 +48,8 @@ public:
         QAction* asGrid;
         QAction* favorite;
         QAction* apps; ///< back to the apps of an iPhone
+        QAction* quickLook;
+        QAction* properties;
     };
 
     /// What the view asks and tells about favorites.
@@ -103,6 +106,8 @@ private:
                       const std::vector<FileItem>& entries);
     void setGrid(bool grid);
     [[nodiscard]] bool isInApp() const;
+    void quickLook();
+    void showProperties();
     [[nodiscard]] QStringList selectedIds() const;
     [[nodiscard]] std::pair<QString, QString> favoriteCandidate() const;
     [[nodiscard]] const EntryMimeData* ownEntries(const QDropEvent& event) const;
@@ -122,6 +127,7 @@ private:
     FileGridView* grid_;
     PlaceholderView* placeholder_;
     QLabel* status_;
+    PreviewWindow* preview_ = nullptr; ///< made when it is first opened
 };
 
 } // namespace tessary

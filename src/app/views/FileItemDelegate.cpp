@@ -2,6 +2,7 @@
 
 #include "app/Translations.h"
 #include "app/views/Icons.h"
+#include "app/views/ThumbnailStore.h"
 #include "core/Printable.h"
 #include "files/FileListModel.h"
 
@@ -46,6 +47,15 @@ void FileItemDelegate::initStyleOption(QStyleOptionViewItem* option,
         return;
     option->features |= QStyleOptionViewItem::HasDecoration;
     option->icon = fileIcon(index.data(FileListModel::iconNameRole).toString());
+    if (thumbnails_ == nullptr || option->widget == nullptr)
+        return;
+    const QPixmap thumbnail = thumbnails_->find(index.data(FileListModel::idRole).toString(),
+                                                option->widget->devicePixelRatioF());
+    if (thumbnail.isNull())
+        return;
+    option->icon = QIcon(thumbnail);
+    // A selected entry's picture keeps its colours.
+    option->icon.addPixmap(thumbnail, QIcon::Selected);
 }
 
 void FileItemDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {

@@ -4,12 +4,15 @@
 #include "app/views/DragOut.h"
 #include "app/views/FileItemDelegate.h"
 #include "app/views/Icons.h"
+#include "app/views/ThumbnailStore.h"
 #include "core/Printable.h"
 
 #include <QDrag>
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QPainter>
+
+#include <algorithm>
 
 namespace tessary {
 
@@ -104,21 +107,22 @@ void connectSelection(QAbstractItemView& view, FileListModel& model,
         browser.setSelection(selectedIds(*selection), current);
     };
     QObject::connect(selection, &QItemSelectionModel::selectionChanged, &browser, take);
-    QObject::connect(&browser, &FileBrowserViewModel::selectionChanged, selection,
-                     [&view, &model, &browser, selection] {
-                         if (selectedIds(*selection) == browser.selectedItems())
-                             return;
-                         const QSignalBlocker quiet(&browser);
-                         selection->select(rangesOf(model, browser.selectedItems()),
-                                           QItemSelectionModel::ClearAndSelect |
-                                               QItemSelectionModel::Rows);
-                         const auto current = browser.currentItemID();
-                         if (!current)
-                             return;
-                         const QModelIndex index = model.indexOf(*current);
-                         selection->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
-                         view.scrollTo(index);
-                     });
+    QObject::connect(
+        &browser, &FileBrowserViewModel::selectionChanged, selection,
+        [&view, &model, &browser, selection] {
+            if (selectedIds(*selection) == browser.selectedItems())
+                return;
+            const QSignalBlocker quiet(&browser);
+            // First: the browser takes a selection over with the view's current entry.
+            const auto current = browser.currentItemID();
+            const QModelIndex index = current ? model.indexOf(*current) : QModelIndex();
+            if (index.isValid())
+                selection->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+            selection->select(rangesOf(model, browser.selectedItems()),
+                              QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+            if (index.isValid())
+                view.scrollTo(index);
+        });
 }
 
 FileTableView::FileTableView(FileBrowserViewModel& browser, FileListModel& model, QWidget* parent)
@@ -173,9 +177,14 @@ FileGridView::FileGridView(FileBrowserViewModel& browser, FileListModel& model, 
     setUniformItemSizes(true);
     setWordWrap(true);
     setTextElideMode(Qt::ElideMiddle);
-    setIconSize({64, 64});
-    setGridSize({140, 124});
+    setIconSize({96, 96});
+    setGridSize({140, 152});
     setSpacing(4);
+    showThumbnails(*this, model, browser);
+}
+
+int FileGridView::columns() const {
+    return std::max(viewport()->width() / gridSize().width(), 1);
 }
 
 void FileGridView::keyboardSearch(const QString& search) {

@@ -30,6 +30,9 @@ public:
 
     void keyboardSearch(const QString& search) override;
 
+    /// Entries beside one another.
+    [[nodiscard]] int columns() const;
+
 protected:
     void startDrag(Qt::DropActions supportedActions) override;
 

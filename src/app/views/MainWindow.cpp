@@ -141,6 +141,9 @@ void MainWindow::makeMenus() {
                             actions.uploadFolder})
         file->addAction(action);
     file->addSeparator();
+    for (QAction* action : {actions.quickLook, actions.properties})
+        file->addAction(action);
+    file->addSeparator();
     QAction* quit =
         file->addAction(tessary::tr("Quit Tessary"), this, [] { QApplication::closeAllWindows(); });
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));

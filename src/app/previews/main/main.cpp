@@ -6,16 +6,11 @@
 #include <QCoreApplication>
 #include <QFile>
 
-#include <csignal>
 #include <cstdio>
 #include <exception>
 
 #include <sys/resource.h>
 #include <unistd.h>
-
-#ifdef __linux__
-#include <sys/prctl.h>
-#endif
 
 using namespace tessary;
 
@@ -40,9 +35,6 @@ void limitThisProcess() {
     limit(RLIMIT_AS, maxMemory);
 #endif
     (void)!nice(politeness);
-#ifdef __linux__
-    (void)prctl(PR_SET_PDEATHSIG, SIGKILL);
-#endif
 }
 
 } // namespace
