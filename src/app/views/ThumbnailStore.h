@@ -44,6 +44,11 @@ public:
     /// there is none; thumbnailReady tells when it is made.
     [[nodiscard]] QPixmap find(const QString& id, qreal scale);
 
+    /// Nothing waits and nothing is being made.
+    [[nodiscard]] bool isIdle() const {
+        return !loads_.isBusy && !makes_.isBusy && loads_.wishes.empty() && makes_.wishes.empty();
+    }
+
     /// Tells whether an entry can be seen. Without it everything that is asked for is made.
     void setIsVisible(std::function<bool(const QString& id)> isVisible) {
         isVisible_ = std::move(isVisible);

@@ -1,10 +1,14 @@
 #include "app/views/Tour.h"
 
+#include "app/views/PreviewWindow.h"
+#include "app/views/PropertiesDialog.h"
 #include "app/views/StatusBanner.h"
+#include "app/views/ThumbnailStore.h"
 
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QEventLoop>
@@ -33,6 +37,16 @@ QString writeSample(const QString& path) {
     return path;
 }
 
+/// What stands in front of the window; null when nothing does.
+QWidget* openDialog(MainWindow& window) {
+    if (QWidget* modal = QApplication::activeModalWidget())
+        return modal;
+    for (auto* dialog : window.findChildren<QDialog*>())
+        if (dialog->isVisible())
+            return dialog;
+    return nullptr;
+}
+
 } // namespace
 
 Tour::Tour(MainWindow& window, TourPhone phone, TourIPhone iPhone, const QString& folder)
@@ -44,6 +58,8 @@ bool Tour::run() {
             throw std::runtime_error("the folder for the screenshots cannot be made");
         welcome();
         browse();
+        preview();
+        properties();
         edit();
         transfer();
         fail();
@@ -84,7 +100,7 @@ void Tour::shoot(const QString& name) {
                              .arg(name);
     // A dialog stands in front of the window: both are in the picture.
     QPixmap picture = window_.grab();
-    if (QWidget* dialog = QApplication::activeModalWidget()) {
+    if (QWidget* dialog = openDialog(window_)) {
         QPainter painter(&picture);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.fillRect(picture.rect(), QColor(0, 0, 0, 70));
@@ -132,6 +148,9 @@ void Tour::browse() {
     shoot(QStringLiteral("list"));
     browser.setViewMode(ViewMode::grid);
     window_.browserView().currentListing().setFocus();
+    auto* thumbnails = window_.browserView().currentListing().findChild<ThumbnailStore*>();
+    waitFor("the thumbnails",
+            [thumbnails] { return thumbnails != nullptr && thumbnails->isIdle(); });
     shoot(QStringLiteral("grid"));
     browser.setViewMode(ViewMode::list);
     open(QStringLiteral("/sdcard/Download/Archive"));
@@ -140,6 +159,45 @@ void Tour::browse() {
     browser.setSearchText(QStringLiteral("no such name"));
     shoot(QStringLiteral("no-results"));
     browser.setSearchText({});
+}
+
+void Tour::preview() {
+    open(QStringLiteral("/sdcard/DCIM/Camera"));
+    window_.browser().selectItem(window_.browser().filteredItems().at(2).id());
+    window_.browserView().actions().quickLook->trigger();
+    const auto shows = [this](const char* page) {
+        const auto* widget =
+            window_.findChild<PreviewWindow*>()->findChild<QWidget*>(QString::fromLatin1(page));
+        return widget != nullptr && widget->isVisible();
+    };
+    waitFor("the preview of a picture", [&] { return shows("previewPicture"); });
+    shoot(QStringLiteral("preview-picture"));
+    window_.browserView().actions().quickLook->trigger();
+    open(QStringLiteral("/sdcard/Documents/Travel"));
+    selectNamed({QStringLiteral("Packing list.md")});
+    window_.browserView().actions().quickLook->trigger();
+    waitFor("the preview of a text", [&] { return shows("previewText"); });
+    shoot(QStringLiteral("preview-text"));
+    window_.browserView().actions().quickLook->trigger();
+    open(QStringLiteral("/sdcard/Music/First Songs"));
+    window_.browser().selectItem(window_.browser().filteredItems().at(1).id());
+    window_.browserView().actions().quickLook->trigger();
+    shoot(QStringLiteral("preview-facts"));
+    window_.browserView().actions().quickLook->trigger();
+}
+
+void Tour::properties() {
+    open(QStringLiteral("/sdcard"));
+    for (const QStringList& names :
+         {QStringList{QStringLiteral("Documents")},
+          QStringList{QStringLiteral("DCIM"), QStringLiteral("Music")}}) {
+        selectNamed(names);
+        window_.browserView().actions().properties->trigger();
+        auto* dialog = window_.findChild<PropertiesDialog*>();
+        waitFor("the count", [dialog] { return dialog != nullptr && !dialog->isCounting(); });
+        shoot(QStringLiteral("properties"));
+        delete dialog;
+    }
 }
 
 void Tour::edit() {

@@ -42,6 +42,8 @@ public:
 private:
     void welcome();
     void browse();
+    void preview();
+    void properties();
     void edit();
     void transfer();
     void fail();
