@@ -176,7 +176,7 @@ TEST_F(PreviewTest, arrowKeysWalkThroughEveryKindOfFile) {
     EXPECT_EQ(preview(), nullptr);
 
     openPreview(QStringLiteral("Folder"));
-    EXPECT_THAT(textOf("previewCaption").toStdString(), testing::HasSubstr("Folder"));
+    EXPECT_THAT(textOf("previewFactsLine").toStdString(), testing::HasSubstr("Folder"));
     press(preview(), Qt::Key_Escape);
     EXPECT_EQ(preview(), nullptr);
 }

@@ -369,6 +369,7 @@ void BrowserView::showStatus() {
 }
 
 void BrowserView::updateActions() {
+    (browser_.viewMode() == ViewMode::grid ? actions_.asGrid : actions_.asList)->setChecked(true);
     const std::size_t selected = static_cast<std::size_t>(browser_.selectedItems().size());
     const bool isUsable =
         browser_.files() != nullptr && browser_.state() != BrowserState::deviceLost;

@@ -64,6 +64,7 @@ FactsView::FactsView(QWidget* parent)
         label->setTextFormat(Qt::PlainText);
         label->setFixedWidth(columnWidth);
     }
+    facts_->setObjectName(QStringLiteral("previewFactsLine"));
     note_->setObjectName(QStringLiteral("previewNote"));
     facts_->setForegroundRole(QPalette::PlaceholderText);
     progress_->setObjectName(QStringLiteral("previewProgress"));

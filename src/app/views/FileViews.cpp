@@ -178,7 +178,10 @@ FileGridView::FileGridView(FileBrowserViewModel& browser, FileListModel& model, 
     setWordWrap(true);
     setTextElideMode(Qt::ElideMiddle);
     setIconSize({96, 96});
-    setGridSize({140, 152});
+    setGridSize({140, 146});
+    setViewportMargins(8, 10, 8, 0);
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::Base);
     setSpacing(4);
     showThumbnails(*this, model, browser);
 }

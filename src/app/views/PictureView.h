@@ -7,6 +7,8 @@ namespace tessary {
 
 /// A picture in the middle of its room, made to fit and never larger than it is.
 class PictureView : public QWidget {
+    Q_OBJECT
+
 public:
     explicit PictureView(QWidget* parent = nullptr);
 

@@ -254,9 +254,10 @@ void PreviewWindow::showText(const std::optional<TextSample>& sample) {
     text_->setPlainText(sample->text);
     stack_->setCurrentWidget(text_);
     text_->setFocus();
+    QString caption = factsLine(*item_);
     if (sample->isCut)
-        caption_->setText(caption_->text() + QStringLiteral("  ·  ") +
-                          tessary::tr("only its beginning is shown"));
+        caption += QStringLiteral("  ·  ") + tessary::tr("only its beginning is shown");
+    caption_->setText(caption);
 }
 
 void PreviewWindow::showPicture(const Picture& picture) {
@@ -284,7 +285,7 @@ void PreviewWindow::showFacts(const QString& note) {
     facts_->showNote(note);
     stack_->setCurrentWidget(facts_);
     setFocus();
-    caption_->setText(item_ ? factsLine(*item_) : QString());
+    caption_->clear(); // the facts stand above it
     pageLabel_->clear();
     previousPage_->hide();
     nextPage_->hide();

@@ -26,6 +26,8 @@ class PictureView;
 /// documents, the beginning of texts, and the facts of everything else. Arrow keys walk on through
 /// the listing, space and escape close it. It follows the browser's selection while it is open.
 class PreviewWindow : public QDialog {
+    Q_OBJECT
+
 public:
     /// `browser` must outlive the window. `columns` tells how many entries stand beside one
     /// another in the listing.

@@ -19,6 +19,8 @@ namespace tessary {
 /// The facts of one entry of a device, or of several together. The content of folders is counted
 /// in the background; closing the dialog, or its button, stops that.
 class PropertiesDialog : public QDialog {
+    Q_OBJECT
+
 public:
     /// `items` are not empty. The dialog deletes itself when it is closed.
     PropertiesDialog(std::shared_ptr<FileAccess> files, std::vector<FileItem> items,
