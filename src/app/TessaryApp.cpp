@@ -1,6 +1,7 @@
 #include "app/TessaryApp.h"
 
 #include "core/Background.h"
+#include "sync/SyncConnection.h"
 
 namespace tessary {
 
@@ -16,6 +17,7 @@ TessaryApp::TessaryApp(DeviceSources sources, DeviceFileService& files, TessaryA
     : files_(files),
       setup_(std::move(setup)),
       deviceManager_(sources, files, setup_.alsoAccept),
+      syncManager_(*setup_.defaults, deviceConnector(files)),
       updateChecker_(setup_.http, setup_.defaults, setup_.openAddress),
       favoritesManager_(setup_.defaults),
       languageManager_(LanguageManager::shared()) {
@@ -29,6 +31,7 @@ TessaryApp::~TessaryApp() {
 
 bool TessaryApp::stop() {
     deviceManager_.stopListening();
+    syncManager_.cancelAll();
     const bool copyHasEnded = engine_.stop(shutDownLimit);
     return Background::shutDown(shutDownLimit) && copyHasEnded;
 }

@@ -8,6 +8,7 @@
 #include "files/TransferEngine.h"
 #include "platform/MemoryUserDefaults.h"
 #include "platform/qt/QtHttpClient.h"
+#include "sync/SyncManager.h"
 
 #include <QObject>
 
@@ -49,6 +50,9 @@ public:
     [[nodiscard]] DeviceManager& deviceManager() {
         return deviceManager_;
     }
+    [[nodiscard]] SyncManager& syncManager() {
+        return syncManager_;
+    }
     [[nodiscard]] UpdateCheckerService& updateChecker() {
         return updateChecker_;
     }
@@ -88,6 +92,7 @@ private:
     TessaryAppSetup setup_;
     TransferEngine engine_;
     DeviceManager deviceManager_;
+    SyncManager syncManager_;
     UpdateCheckerService updateChecker_;
     FavoritesManager favoritesManager_;
     LanguageManager& languageManager_;

@@ -41,30 +41,27 @@ std::optional<SyncPair> SyncViewModel::draft(const QString& localFolder) const {
 }
 
 QString SyncViewModel::sentence(const SyncPair& pair) {
-    const QString device =
-        pair.isAndroid() ? QStringLiteral("the phone") : QStringLiteral("the iPhone");
     switch (pair.syncMode) {
     case SyncMode::biDirectional:
-        return QStringLiteral("New and changed files are copied both ways. ") +
-               (pair.deleteSyncEnabled
-                    ? QStringLiteral("Files deleted on one side are deleted on the other after "
-                                     "you agreed.")
-                    : QStringLiteral("Files deleted on one side are copied back."));
+        return pair.deleteSyncEnabled
+                   ? QStringLiteral("New and changed files are copied both ways. Files deleted on "
+                                    "one side are deleted on the other after you agreed.")
+                   : QStringLiteral("New and changed files are copied both ways. Files deleted on "
+                                    "one side are copied back.");
     case SyncMode::toiPhone:
         return pair.moveFilesEnabled
-                   ? QStringLiteral("Files are moved to %1: each is deleted here once it has "
-                                    "arrived.")
-                         .arg(device)
-                   : QStringLiteral("New and changed files are copied to %1. Nothing is deleted.")
-                         .arg(device);
+                   ? QStringLiteral("Files are moved to the phone: each is deleted here once it "
+                                    "has arrived.")
+                   : QStringLiteral("New and changed files are copied to the phone. Nothing is "
+                                    "deleted.");
     case SyncMode::toMac:
         break;
     }
     return pair.moveFilesEnabled
-               ? QStringLiteral("Files are moved here: each is deleted on %1 once it has arrived.")
-                     .arg(device)
-               : QStringLiteral("New and changed files of %1 are copied here. Nothing is deleted.")
-                     .arg(device);
+               ? QStringLiteral("Files are moved here: each is deleted on the phone once it has "
+                                "arrived.")
+               : QStringLiteral("New and changed files of the phone are copied here. Nothing is "
+                                "deleted.");
 }
 
 SyncManager::OnDeleteConfirm SyncViewModel::confirm() {

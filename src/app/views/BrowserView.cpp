@@ -201,6 +201,11 @@ void BrowserView::makeActions() {
     actions_.quickLook->setShortcutContext(Qt::WidgetShortcut);
     table_->addAction(actions_.quickLook);
     grid_->addAction(actions_.quickLook);
+    actions_.sync =
+        addCommand("folder-sync", tessary::tr("Sync"), keys(Qt::CTRL | Qt::Key_Y), [this] {
+            if (showSync_)
+                showSync_(*syncButton_);
+        });
     auto* modes = new QActionGroup(this);
     for (QAction* mode : {actions_.asList, actions_.asGrid}) {
         mode->setCheckable(true);
@@ -248,6 +253,8 @@ QWidget* BrowserView::makeToolbar() {
     for (QAction* action : {actions_.newFolder, actions_.download})
         row->addWidget(toolButton(action));
     row->addWidget(uploadButton);
+    syncButton_ = toolButton(actions_.sync);
+    row->addWidget(syncButton_);
     row->addSpacing(8);
     row->addWidget(toolButton(actions_.asList));
     row->addWidget(toolButton(actions_.asGrid));
@@ -394,6 +401,10 @@ void BrowserView::updateActions() {
 
 void BrowserView::setShowApps(std::function<void()> showApps) {
     showApps_ = std::move(showApps);
+}
+
+void BrowserView::setShowSync(std::function<void(const QWidget& anchor)> showSync) {
+    showSync_ = std::move(showSync);
 }
 
 bool BrowserView::isInApp() const {

@@ -48,6 +48,7 @@ public:
         QAction* asGrid;
         QAction* favorite;
         QAction* apps; ///< back to the apps of an iPhone
+        QAction* sync;
         QAction* quickLook;
         QAction* properties;
     };
@@ -75,6 +76,8 @@ public:
     void setFavorites(Favorites favorites);
     /// What leads back to the apps of an iPhone.
     void setShowApps(std::function<void()> showApps);
+    /// What opens the sync menu below a widget.
+    void setShowSync(std::function<void(const QWidget& anchor)> showSync);
     /// Favorites have changed.
     void updateActions();
     /// The listing that is shown, table or grid.
@@ -118,10 +121,12 @@ private:
     Dialogs dialogs_;
     Favorites favorites_;
     std::function<void()> showApps_;
+    std::function<void(const QWidget&)> showSync_;
     FileListModel model_;
     Actions actions_{};
     BreadcrumbBar* breadcrumbs_;
     QLineEdit* filter_;
+    QToolButton* syncButton_ = nullptr;
     QStackedWidget* stack_;
     FileTableView* table_;
     FileGridView* grid_;

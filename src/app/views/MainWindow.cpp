@@ -5,6 +5,8 @@
 #include "app/views/Icons.h"
 #include "app/views/PlaceholderView.h"
 #include "app/views/StatusBanner.h"
+#include "app/views/SyncDialogs.h"
+#include "app/views/SyncPanel.h"
 #include "app/views/TransferPanel.h"
 #include "app/views/WelcomeView.h"
 #include "core/Background.h"
@@ -12,9 +14,13 @@
 #include "files/AndroidFileAccess.h"
 
 #include <QApplication>
+#include <QCloseEvent>
+#include <QFileDialog>
 #include <QHideEvent>
 #include <QListView>
 #include <QMenuBar>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QShowEvent>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -40,6 +46,7 @@ MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* p
       transfers_(app.transferEngine()),
       browser_(transfers_, browserSetup(app)),
       devices_(app.deviceManager()),
+      sync_(app.syncManager(), app.deviceManager()),
       sidebar_(new Sidebar(devices_, app.favoritesManager(), sidebarWishes())),
       banner_(new StatusBanner),
       pages_(new QStackedWidget),
@@ -48,6 +55,13 @@ MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* p
       appList_(new AppListView(
           apps_, [this](const AppInfo& info) { openApp(info, QStringLiteral("/")); })),
       browserView_(new BrowserView(browser_, std::move(dialogs))),
+      syncPanel_(new SyncPanel(
+          sync_, [this] { syncDialogs_->makePair(); }, this)),
+      syncDialogs_(new SyncDialogs(sync_, *this,
+                                   [](QWidget* asker, const QString& startAt) {
+                                       return QFileDialog::getExistingDirectory(
+                                           asker, tessary::tr("Folder on this computer"), startAt);
+                                   })),
       transferPanel_(new TransferPanel(transfers_)) {
     setWindowTitle(app.isDemo() ? tessary::tr("Tessary: Virtual Phones")
                                 : QStringLiteral("Tessary"));
@@ -81,6 +95,7 @@ MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* p
     split->setHandleWidth(1);
     setCentralWidget(split);
     makeMenus();
+    connectSync();
 
     connect(sidebar_->deviceList().selectionModel(), &QItemSelectionModel::currentChanged, this,
             &MainWindow::chooseDevice);
@@ -138,7 +153,7 @@ void MainWindow::makeMenus() {
     const BrowserView::Actions& actions = browserView_->actions();
     QMenu* file = menuBar()->addMenu(tessary::tr("File"));
     for (QAction* action : {actions.newFolder, actions.open, actions.download, actions.uploadFiles,
-                            actions.uploadFolder})
+                            actions.uploadFolder, actions.sync})
         file->addAction(action);
     file->addSeparator();
     for (QAction* action : {actions.quickLook, actions.properties})
@@ -182,6 +197,45 @@ void MainWindow::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::ApplicationPaletteChange)
         setUpIconTheme();
+}
+
+void MainWindow::connectSync() {
+    browserView_->setShowSync([this](const QWidget& anchor) {
+        std::optional<DeviceInfo> device;
+        if (browser_.state() == BrowserState::ready && !isChoosingApp_)
+            device = browser_.activeDevice();
+        app_.syncManager().setBrowsingContext(device, chosenApp_, browser_.currentPath());
+        syncPanel_->popUpBelow(anchor);
+    });
+    connect(&app_.syncManager(), &SyncManager::syncDidComplete, this, [this](const QUuid& id) {
+        const SyncPair* pair = app_.syncManager().pair(id);
+        const auto& device = browser_.activeDevice();
+        if (pair != nullptr && device && device->udid == pair->deviceUDID &&
+            browser_.state() != BrowserState::deviceLost)
+            browser_.reload();
+    });
+}
+
+/// What is under way is not thrown away by a slip of the hand.
+void MainWindow::closeEvent(QCloseEvent* event) {
+    const bool isCopying = !transfers_.summary().isIdle();
+    if (isCopying || app_.syncManager().isRunning()) {
+        QMessageBox question(QMessageBox::Question, tessary::tr("Quit Tessary"),
+                             isCopying ? tessary::tr("Files are still being copied.")
+                                       : tessary::tr("A sync is still running."),
+                             QMessageBox::NoButton, this);
+        question.setInformativeText(
+            tessary::tr("Quitting cancels this. What has arrived whole stays."));
+        QAbstractButton* quit =
+            question.addButton(tessary::tr("Quit Tessary"), QMessageBox::DestructiveRole);
+        question.setDefaultButton(question.addButton(QMessageBox::Cancel));
+        question.exec();
+        if (question.clickedButton() != quit) {
+            event->ignore();
+            return;
+        }
+    }
+    QMainWindow::closeEvent(event);
 }
 
 std::optional<DeviceInfo> MainWindow::chosenDevice() const {

@@ -7,6 +7,7 @@
 #include "files/AppListViewModel.h"
 #include "files/FileBrowserViewModel.h"
 #include "files/TransferViewModel.h"
+#include "sync/SyncViewModel.h"
 
 #include <QMainWindow>
 
@@ -17,6 +18,8 @@ namespace tessary {
 class AppListView;
 class PlaceholderView;
 class StatusBanner;
+class SyncDialogs;
+class SyncPanel;
 class TransferPanel;
 class WelcomeView;
 
@@ -36,6 +39,9 @@ public:
     [[nodiscard]] TransferViewModel& transfers() {
         return transfers_;
     }
+    [[nodiscard]] SyncViewModel& sync() {
+        return sync_;
+    }
     [[nodiscard]] AppListViewModel& apps() {
         return apps_;
     }
@@ -49,6 +55,7 @@ protected:
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     [[nodiscard]] Sidebar::Wishes sidebarWishes();
@@ -61,6 +68,7 @@ private:
     [[nodiscard]] std::optional<DeviceInfo> attached(const DeviceInfo& device) const;
     [[nodiscard]] std::optional<QString> chosenAppId() const;
     void showApps();
+    void connectSync();
     void showSidebar();
     void openFavorite(const DeviceFavorite& favorite);
     void showPage();
@@ -74,6 +82,7 @@ private:
     std::optional<AppInfo> chosenApp_; ///< whose documents are browsed
     bool isChoosingApp_ = false;
     DeviceListModel devices_;
+    SyncViewModel sync_;
     Sidebar* sidebar_;
     StatusBanner* banner_;
     QStackedWidget* pages_;
@@ -81,6 +90,8 @@ private:
     PlaceholderView* notice_;
     AppListView* appList_;
     BrowserView* browserView_;
+    SyncPanel* syncPanel_;
+    SyncDialogs* syncDialogs_;
     TransferPanel* transferPanel_;
 };
 

@@ -14,6 +14,7 @@
 #include <QEventLoop>
 #include <QLineEdit>
 #include <QPainter>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -62,6 +63,7 @@ bool Tour::run() {
         properties();
         edit();
         transfer();
+        sync();
         fail();
         lockAndLose();
         iPhone();
@@ -100,7 +102,10 @@ void Tour::shoot(const QString& name) {
                              .arg(name);
     // A dialog stands in front of the window: both are in the picture.
     QPixmap picture = window_.grab();
-    if (QWidget* dialog = openDialog(window_)) {
+    if (QWidget* popup = QApplication::activePopupWidget()) {
+        QPainter painter(&picture);
+        painter.drawPixmap(window_.mapFromGlobal(popup->pos()), popup->grab());
+    } else if (QWidget* dialog = openDialog(window_)) {
         QPainter painter(&picture);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.fillRect(picture.rect(), QColor(0, 0, 0, 70));
@@ -293,6 +298,61 @@ void Tour::lockAndLose() {
     waitFor("the loss of the phone",
             [this] { return window_.browser().state() == BrowserState::deviceLost; });
     shoot(QStringLiteral("phone-gone"));
+}
+
+void Tour::sync() {
+    SyncViewModel& sync = window_.sync();
+    const QTemporaryDir folder;
+    open(QStringLiteral("/sdcard/Documents"));
+    window_.browserView().actions().sync->trigger();
+    auto* panel = window_.findChild<QWidget*>(QStringLiteral("syncPanel"));
+    panel->hide();
+
+    const auto front = [this](const char* name) -> QDialog* {
+        for (QDialog* dialog : window_.findChildren<QDialog*>(QString::fromLatin1(name)))
+            if (dialog->isVisible())
+                return dialog;
+        return nullptr;
+    };
+    const auto shown = [&](const char* name) {
+        waitFor(name, [&] { return front(name) != nullptr; });
+        return front(name);
+    };
+    QMetaObject::invokeMethod(
+        panel,
+        [panel] {
+            for (QPushButton* button : panel->findChildren<QPushButton*>())
+                if (button->objectName() == QStringLiteral("makePair"))
+                    button->click();
+        },
+        Qt::QueuedConnection);
+    QDialog* sheet = shown("syncPairSheet");
+    const QString local = folder.filePath(QStringLiteral("Documents"));
+    QDir().mkpath(local);
+    sheet->findChild<QLineEdit*>(QStringLiteral("syncLocalFolder"))->setText(local);
+    shoot(QStringLiteral("sync-sheet"));
+    sheet->accept();
+    QDialog* preview = shown("syncPreview");
+    waitFor("the preview", [&] { return sync.preview() && sync.preview()->plan; });
+    shoot(QStringLiteral("sync-preview"));
+    preview->accept();
+    const auto hasRun = [&] { return !sync.manager().isRunning(); };
+    waitFor("the sync", hasRun);
+
+    const QStringList files = QDir(local).entryList(QDir::Files);
+    if (!files.isEmpty())
+        QFile::remove(local + QLatin1Char('/') + files.front());
+    const QUuid pair = sync.manager().syncPairs().front().id;
+    sync.run(pair);
+    QDialog* question = shown("syncQuestion");
+    shoot(QStringLiteral("sync-question"));
+    question->reject();
+    waitFor("the sync", hasRun);
+    window_.browserView().actions().sync->trigger();
+    waitFor("the sync menu", [&] { return panel->isVisible(); });
+    shoot(QStringLiteral("sync-menu"));
+    panel->hide();
+    sync.manager().removeSyncPair(pair);
 }
 
 void Tour::iPhone() {

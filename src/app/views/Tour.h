@@ -49,6 +49,7 @@ private:
     void fail();
     void lockAndLose();
     void iPhone();
+    void sync();
 
     /// Lets the window work until `condition` holds; throws when it does not within a bound.
     void waitFor(const char* what, const std::function<bool()>& condition);
