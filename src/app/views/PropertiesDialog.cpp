@@ -126,10 +126,13 @@ PropertiesDialog::~PropertiesDialog() {
 }
 
 void PropertiesDialog::makeHeading(QVBoxLayout& column) {
-    const bool isOne = items_.size() == 1;
     auto* picture = new QLabel;
+    const QString first = items_.front().iconName();
+    const bool isOfOneKind = std::all_of(items_.begin(), items_.end(), [&](const FileItem& item) {
+        return item.iconName() == first;
+    });
     picture->setPixmap(
-        icon(isOne ? items_.front().iconName() : QStringLiteral("doc")).pixmap(iconSide, iconSide));
+        icon(isOfOneKind ? first : QStringLiteral("doc")).pixmap(iconSide, iconSide));
     title_->setObjectName(QStringLiteral("propertiesTitle"));
     title_->setTextFormat(Qt::PlainText);
     title_->setTextInteractionFlags(Qt::TextSelectableByMouse);
