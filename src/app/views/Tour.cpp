@@ -298,11 +298,20 @@ void Tour::lockAndLose() {
     waitFor("the loss of the phone",
             [this] { return window_.browser().state() == BrowserState::deviceLost; });
     shoot(QStringLiteral("phone-gone"));
+
+    SyncManager& sync = window_.sync().manager();
+    const QUuid pair = sync.syncPairs().front().id;
+    window_.sync().run(pair);
+    waitFor("the failed sync",
+            [&] { return sync.pair(pair)->status.kind == SyncStatus::Kind::error; });
+    window_.browserView().actions().sync->trigger();
+    shoot(QStringLiteral("sync-error"));
+    window_.findChild<QWidget*>(QStringLiteral("syncPanel"))->hide();
+    sync.removeSyncPair(pair);
 }
 
 void Tour::sync() {
     SyncViewModel& sync = window_.sync();
-    const QTemporaryDir folder;
     open(QStringLiteral("/sdcard/Documents"));
     window_.browserView().actions().sync->trigger();
     auto* panel = window_.findChild<QWidget*>(QStringLiteral("syncPanel"));
@@ -327,7 +336,7 @@ void Tour::sync() {
         },
         Qt::QueuedConnection);
     QDialog* sheet = shown("syncPairSheet");
-    const QString local = folder.filePath(QStringLiteral("Documents"));
+    const QString local = syncFolder_.filePath(QStringLiteral("Documents"));
     QDir().mkpath(local);
     sheet->findChild<QLineEdit*>(QStringLiteral("syncLocalFolder"))->setText(local);
     shoot(QStringLiteral("sync-sheet"));
@@ -352,7 +361,6 @@ void Tour::sync() {
     waitFor("the sync menu", [&] { return panel->isVisible(); });
     shoot(QStringLiteral("sync-menu"));
     panel->hide();
-    sync.manager().removeSyncPair(pair);
 }
 
 void Tour::iPhone() {

@@ -3,6 +3,7 @@
 #include "app/views/MainWindow.h"
 
 #include <QString>
+#include <QTemporaryDir>
 
 #include <functional>
 
@@ -62,6 +63,7 @@ private:
     TourPhone phone_;
     TourIPhone iPhone_;
     QString folder_;
+    QTemporaryDir syncFolder_;
     int number_ = 0;
 };
 
