@@ -340,6 +340,7 @@ constexpr std::array rows{
     TranslationRow{"Move to iPhone", "Mover para o dispositivo"},
     TranslationRow{"Move to Android", "Mover para o dispositivo"},
     TranslationRow{"Move to Mac", "Mover para o computador"},
+    TranslationRow{"Needs your attention", "Requer sua atenção"},
 };
 // clang-format on
 

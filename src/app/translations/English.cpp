@@ -340,6 +340,7 @@ constexpr std::array rows{
     TranslationRow{"Move to iPhone", "Move to iPhone"},
     TranslationRow{"Move to Android", "Move to Android"},
     TranslationRow{"Move to Mac", "Move to Mac"},
+    TranslationRow{"Needs your attention", "Needs your attention"},
 };
 // clang-format on
 

@@ -340,6 +340,7 @@ constexpr std::array rows{
     TranslationRow{"Move to iPhone", "Déplacer vers l’appareil"},
     TranslationRow{"Move to Android", "Déplacer vers l’appareil"},
     TranslationRow{"Move to Mac", "Déplacer vers l’ordinateur"},
+    TranslationRow{"Needs your attention", "Nécessite votre attention"},
 };
 // clang-format on
 

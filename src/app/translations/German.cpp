@@ -340,6 +340,7 @@ constexpr std::array rows{
     TranslationRow{"Move to iPhone", "Auf das Gerät verschieben"},
     TranslationRow{"Move to Android", "Auf das Gerät verschieben"},
     TranslationRow{"Move to Mac", "Auf den Computer verschieben"},
+    TranslationRow{"Needs your attention", "Braucht Ihre Aufmerksamkeit"},
 };
 // clang-format on
 

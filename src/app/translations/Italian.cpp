@@ -340,6 +340,7 @@ constexpr std::array rows{
     TranslationRow{"Move to iPhone", "Sposta sul dispositivo"},
     TranslationRow{"Move to Android", "Sposta sul dispositivo"},
     TranslationRow{"Move to Mac", "Sposta sul computer"},
+    TranslationRow{"Needs your attention", "Richiede attenzione"},
 };
 // clang-format on
 

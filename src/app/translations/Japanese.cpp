@@ -340,6 +340,7 @@ constexpr std::array rows{
     TranslationRow{"Move to iPhone", "デバイスに移動"},
     TranslationRow{"Move to Android", "デバイスに移動"},
     TranslationRow{"Move to Mac", "コンピュータに移動"},
+    TranslationRow{"Needs your attention", "確認が必要です"},
 };
 // clang-format on
 

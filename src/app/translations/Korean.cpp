@@ -340,6 +340,7 @@ constexpr std::array rows{
     TranslationRow{"Move to iPhone", "기기로 이동"},
     TranslationRow{"Move to Android", "기기로 이동"},
     TranslationRow{"Move to Mac", "컴퓨터로 이동"},
+    TranslationRow{"Needs your attention", "확인이 필요합니다"},
 };
 // clang-format on
 

@@ -340,6 +340,7 @@ constexpr std::array rows{
     TranslationRow{"Move to iPhone", "移到设备"},
     TranslationRow{"Move to Android", "移到设备"},
     TranslationRow{"Move to Mac", "移到电脑"},
+    TranslationRow{"Needs your attention", "需要您处理"},
 };
 // clang-format on
 

@@ -340,6 +340,7 @@ constexpr std::array rows{
     TranslationRow{"Move to iPhone", "Mover al dispositivo"},
     TranslationRow{"Move to Android", "Mover al dispositivo"},
     TranslationRow{"Move to Mac", "Mover al ordenador"},
+    TranslationRow{"Needs your attention", "Requiere su atención"},
 };
 // clang-format on
 

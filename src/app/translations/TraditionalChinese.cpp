@@ -340,6 +340,7 @@ constexpr std::array rows{
     TranslationRow{"Move to iPhone", "移到裝置"},
     TranslationRow{"Move to Android", "移到裝置"},
     TranslationRow{"Move to Mac", "移到電腦"},
+    TranslationRow{"Needs your attention", "需要您處理"},
 };
 // clang-format on
 

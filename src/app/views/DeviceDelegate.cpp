@@ -103,10 +103,10 @@ void DeviceDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
         painter->drawRoundedRect(used, barHeight / 2.0, barHeight / 2.0);
     }
     painter->setPen(faint);
-    painter->drawText(
-        QRect(inner.left(), barTop + barHeight + 2, inner.width(), line),
-        Qt::AlignLeft | Qt::AlignVCenter,
-        smallMetrics.elidedText(deviceStorageText(*device), Qt::ElideRight, inner.width()));
+    painter->drawText(QRect(inner.left(), barTop + barHeight + 2, inner.width(), line),
+                      Qt::AlignLeft | Qt::AlignVCenter,
+                      smallMetrics.elidedText(index.data(DeviceListModel::stateRole).toString(),
+                                              Qt::ElideRight, inner.width()));
 
     if ((option.state & QStyle::State_HasFocus) != 0 &&
         (option.state & QStyle::State_KeyboardFocusChange) != 0) {

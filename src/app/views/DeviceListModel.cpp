@@ -12,6 +12,10 @@ namespace tessary {
 DeviceListModel::DeviceListModel(const DeviceManager& manager, QObject* parent)
     : QAbstractListModel(parent), manager_(manager), devices_(manager.devices()) {
     connect(&manager, &DeviceManager::devicesChanged, this, &DeviceListModel::update);
+    connect(&manager, &DeviceManager::troubleChanged, this, [this](const QString& id) {
+        if (const QModelIndex row = indexOf(id); row.isValid())
+            Q_EMIT dataChanged(row, row);
+    });
 }
 
 int DeviceListModel::rowCount(const QModelIndex& parent) const {
@@ -30,9 +34,12 @@ QVariant DeviceListModel::data(const QModelIndex& index, int role) const {
         return icon(systemImage(device->platform));
     case Qt::ToolTipRole:
         return QStringLiteral("%1\n%2").arg(name, printable(device->udid));
+    case stateRole:
+        return manager_.trouble(device->id()) ? tessary::tr("Needs your attention")
+                                              : deviceStorageText(*device);
     case Qt::AccessibleTextRole:
         return QStringLiteral("%1, %2, %3")
-            .arg(name, deviceDetail(*device), deviceStorageText(*device));
+            .arg(name, deviceDetail(*device), data(index, stateRole).toString());
     default:
         return {};
     }

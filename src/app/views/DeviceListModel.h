@@ -14,7 +14,8 @@ class DeviceListModel : public QAbstractListModel {
     Q_OBJECT
 
 public:
-    enum Role { deviceRole = Qt::UserRole + 1 };
+    /// The line below the storage bar: free space, or that something is the matter.
+    static constexpr int stateRole = Qt::UserRole + 1;
 
     /// `manager` must outlive the model.
     explicit DeviceListModel(const DeviceManager& manager, QObject* parent = nullptr);

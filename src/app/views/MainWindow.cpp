@@ -320,6 +320,7 @@ void MainWindow::deviceListChanged() {
                 browser_.loseDevice();
         } else {
             const bool wasLocked = !active->isDataAccessible();
+            const bool hasOtherMode = active->protocolMode != now->protocolMode;
             const QString path = browser_.currentPath();
             browser_.updateDevice(*now);
             if (isLost && chosenApp_)
@@ -327,7 +328,7 @@ void MainWindow::deviceListChanged() {
                                  *now, path);
             else if (isLost)
                 browser_.connectAndroid(*now, path);
-            else if (wasLocked && now->isDataAccessible())
+            else if ((wasLocked || hasOtherMode) && now->isDataAccessible())
                 browser_.reload();
         }
     }
