@@ -124,7 +124,11 @@ QStringList ADBTool::defaultPaths() {
 }
 
 std::optional<QString> ADBTool::find() const {
-    for (const QString& path : paths_.value_or(defaultPaths())) {
+    return findAmong(paths_.value_or(defaultPaths()));
+}
+
+std::optional<QString> ADBTool::findAmong(const QStringList& paths) {
+    for (const QString& path : paths) {
         const QFileInfo info(path);
         if (info.isFile() && info.isExecutable())
             return path;

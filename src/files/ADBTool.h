@@ -37,6 +37,8 @@ public:
     [[nodiscard]] static QStringList defaultPaths();
 
     [[nodiscard]] std::optional<QString> find() const;
+    /// The first of these paths that is an executable file.
+    [[nodiscard]] static std::optional<QString> findAmong(const QStringList& paths);
 
     /// Asks for the phones that adb reaches; starts adb's server when none runs. A phone on the
     /// network is asked for its own serial number once. Empty when adb fails, with the reason in

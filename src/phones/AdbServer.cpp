@@ -46,46 +46,76 @@ bool answers(std::uint16_t port) {
            0;
 }
 
+/// Where adb keeps its keys.
+QProcessEnvironment keyEnvironment(const QString& folder) {
+    QProcessEnvironment environment;
+    environment.insert(QStringLiteral("HOME"), folder);
+    environment.insert(QStringLiteral("ANDROID_USER_HOME"), folder);
+    return environment;
+}
+
 } // namespace
 
-AdbServer::AdbServer(QString adb, QString keyFolder)
-    : adb_(std::move(adb)), keyFolder_(std::move(keyFolder)), port_(findPort()) {
+AdbServer::AdbServer(QString keyFolder) : keyFolder_(std::move(keyFolder)), port_(findPort()) {}
+
+AdbServer::~AdbServer() = default;
+
+void AdbServer::start(QString adb) {
+    adb_ = std::move(adb);
     thread_ = std::jthread([this](const std::stop_token& stop) {
         setThreadName("adb-server");
+        // Only phones that it is told to connect to: those on this machine's USB and network, and
+        // emulators, are the user's own.
+        QProcessEnvironment environment = keyEnvironment(keyFolder_);
+        for (const QString& source :
+             {QStringLiteral("ADB_USB"), QStringLiteral("ADB_EMU"), QStringLiteral("ADB_MDNS")})
+            environment.insert(source, QStringLiteral("0"));
         ProcessRequest request;
         request.program = adb_;
-        request.arguments = {QStringLiteral("nodaemon"), QStringLiteral("server")};
+        request.arguments = {QStringLiteral("-L"), QStringLiteral("tcp:%1").arg(port_),
+                             QStringLiteral("nodaemon"), QStringLiteral("server")};
         request.stop = stop;
-        (void)QtProcessRunner(environment()).follow(request);
+        (void)QtProcessRunner(environment).follow(request);
     });
+}
+
+void AdbServer::awaitStart(const std::stop_token& stop) const {
     const auto end = std::chrono::steady_clock::now() + startPatience;
     while (!answers(port_)) {
-        if (std::chrono::steady_clock::now() > end)
+        if (stop.stop_requested() || std::chrono::steady_clock::now() > end)
             throw std::runtime_error("adb's server does not start");
         std::this_thread::sleep_for(10ms);
     }
 }
 
-AdbServer::~AdbServer() = default;
-
 QProcessEnvironment AdbServer::environment() const {
-    QProcessEnvironment environment;
-    environment.insert(QStringLiteral("ANDROID_ADB_SERVER_PORT"), QString::number(port_));
-    environment.insert(QStringLiteral("HOME"), keyFolder_);
-    environment.insert(QStringLiteral("ANDROID_USER_HOME"), keyFolder_);
+    QProcessEnvironment environment = keyEnvironment(keyFolder_);
+    // With a number for its host the server counts as another machine's: adb starts none of its
+    // own there. This variable is also stronger than those for port and host alone.
+    environment.insert(QStringLiteral("ADB_SERVER_SOCKET"),
+                       QStringLiteral("tcp:127.0.0.1:%1").arg(port_));
     return environment;
 }
 
-void AdbServer::connect(const QString& address) const {
-    command({QStringLiteral("connect"), address});
+void AdbServer::connect(const QString& address, const std::stop_token& stop) const {
+    (void)command({QStringLiteral("connect"), address}, stop);
 }
 
 void AdbServer::disconnect(const QString& address) const {
-    command({QStringLiteral("disconnect"), address});
+    (void)command({QStringLiteral("disconnect"), address}, {});
 }
 
-void AdbServer::command(const QStringList& arguments) const {
-    (void)QtProcessRunner(environment()).run(adb_, arguments, commandPatience);
+bool AdbServer::awaitPhone(const QString& address, const std::stop_token& stop) const {
+    return command({QStringLiteral("-s"), address, QStringLiteral("wait-for-device")}, stop);
+}
+
+bool AdbServer::command(const QStringList& arguments, const std::stop_token& stop) const {
+    ProcessRequest request;
+    request.program = adb_;
+    request.arguments = arguments;
+    request.limit = commandPatience;
+    request.stop = stop;
+    return QtProcessRunner(environment()).follow(request).succeeded();
 }
 
 } // namespace tessary

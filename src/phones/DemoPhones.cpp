@@ -1,6 +1,7 @@
 #include "phones/DemoPhones.h"
 
 #include "phones/DemoContent.h"
+#include "phones/ThreadName.h"
 
 #include <QDir>
 
@@ -15,7 +16,7 @@ DemoPhones::DemoPhones(const QString& folder, double megabytesPerSecond) {
     const bool isNew = !disk.exists(u"pixel"_s);
 
     VirtualAndroidConfig first;
-    first.serialNumber = u"DEMO0001"_s;
+    first.serialNumber = debuggedSerial;
     first.storages.resize(2);
     first.storages[0].folder = disk.filePath(u"pixel"_s);
     first.storages[1].folder = disk.filePath(u"pixel-card"_s);
@@ -52,9 +53,17 @@ DemoPhones::DemoPhones(const QString& folder, double megabytesPerSecond) {
         android->plugInto(bus_);
     }
 
+    AdbdConfig debugged;
+    debugged.serialNumber = debuggedSerial;
+    debugged.folder = disk.filePath(u"pixel"_s);
+    adbd_ = std::make_unique<VirtualAdbd>(std::move(debugged));
+    adbd_->faults().update([megabytesPerSecond](AdbdFaults& faults) {
+        faults.megabytesPerSecond = megabytesPerSecond;
+    });
+
     try {
-        iPhones_ = std::make_unique<DemoIPhones>(folder, socketFolder_.filePath(u"mux"_s),
-                                                 megabytesPerSecond);
+        iPhones_ =
+            std::make_unique<DemoIPhones>(folder, own_.filePath(u"mux"_s), megabytesPerSecond);
         iPhones_->mux().useInThisProcess();
     } catch (const std::runtime_error& error) {
         qWarning("No virtual iPhones: %s", error.what());
@@ -62,5 +71,38 @@ DemoPhones::DemoPhones(const QString& folder, double megabytesPerSecond) {
 }
 
 DemoPhones::~DemoPhones() = default;
+
+QString DemoPhones::ownFolder(const QString& name) const {
+    QDir(own_.path()).mkdir(name);
+    return own_.filePath(name);
+}
+
+void DemoPhones::startAdb(const std::optional<QString>& executable) {
+    if (!executable)
+        return;
+    try {
+        adbd_->start();
+    } catch (const std::runtime_error& error) {
+        qWarning("The virtual phone is not debugged: %s", error.what());
+        return;
+    }
+    startsAdb_ = true;
+    adbServer_.start(*executable);
+    adbStart_ = std::jthread([this](const std::stop_token& stop) {
+        setThreadName("adb-start");
+        try {
+            adbServer_.awaitStart(stop);
+            adbServer_.connect(adbd_->address(), stop);
+            (void)adbServer_.awaitPhone(adbd_->address(), stop);
+        } catch (const std::runtime_error& error) {
+            qWarning("The virtual phone is not debugged: %s", error.what());
+        }
+    });
+}
+
+void DemoPhones::awaitAdb() {
+    if (adbStart_.joinable())
+        adbStart_.join();
+}
 
 } // namespace tessary

@@ -1,15 +1,23 @@
 #pragma once
 
+#include "phones/AdbServer.h"
 #include "phones/DemoIPhones.h"
+#include "phones/VirtualAdbd.h"
 #include "phones/VirtualAndroid.h"
 
+#include <QProcessEnvironment>
 #include <QTemporaryDir>
+
+#include <optional>
+#include <thread>
 
 namespace tessary {
 
 /// Virtual phones for trying the program out: a bus with two Android phones, and a multiplexer with
 /// an iPhone and an iPad, which libraries find by the environment of this process. Their storages
-/// lie in folders below the one that is given, which are filled with sample content first.
+/// lie in folders below the one that is given, which are filled with sample content first. The
+/// first Android phone also has USB debugging on, for which there is an adb server apart from the
+/// user's.
 class DemoPhones {
 public:
     /// Blocking, about a second. The folder is the caller's; what an earlier run left in it is used
@@ -35,11 +43,35 @@ public:
         return iPhones_.get();
     }
 
+    /// The serial number of the phone that adb can reach.
+    static inline const QString debuggedSerial = QStringLiteral("DEMO0001");
+
+    /// Starts the adb server and connects it to the first phone, in the background; without an
+    /// executable nothing happens. To be called once.
+    void startAdb(const std::optional<QString>& executable);
+    [[nodiscard]] bool startsAdb() const {
+        return startsAdb_;
+    }
+    /// Waits for the background, a few seconds at most; whether adb reaches the phone then is for
+    /// adb to tell.
+    void awaitAdb();
+    /// What adb commands need so that they work on these phones only; also when adb is not
+    /// started, and they reach none.
+    [[nodiscard]] QProcessEnvironment adbEnvironment() const {
+        return adbServer_.environment();
+    }
+
 private:
-    QTemporaryDir socketFolder_; ///< short of name, as a socket's path has to be
+    [[nodiscard]] QString ownFolder(const QString& name) const;
+
+    QTemporaryDir own_; ///< short of name, as a socket's path has to be
     std::unique_ptr<DemoIPhones> iPhones_;
     VirtualUsbBus bus_;
     std::vector<std::unique_ptr<VirtualAndroid>> androids_;
+    std::unique_ptr<VirtualAdbd> adbd_;
+    AdbServer adbServer_{ownFolder(QStringLiteral("adb"))};
+    bool startsAdb_ = false;
+    std::jthread adbStart_; ///< the last: it uses the others
 };
 
 } // namespace tessary

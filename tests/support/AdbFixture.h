@@ -21,17 +21,15 @@ inline QString realAdb() {
     return QStringLiteral("/usr/bin/adb");
 }
 
-/// The real adb, with a server of the test's own, and one virtual phone that it reaches.
-class AdbFixture : public testing::Test {
+/// The real adb, with a server of the test's own, and one virtual phone that it can reach.
+class AdbPhone {
 protected:
-    explicit AdbFixture(AdbdConfig config = {}) {
+    explicit AdbPhone(AdbdConfig config = {}) {
         config.folder = disk_.makeFolder(QStringLiteral("phone"));
         adbd_ = std::make_unique<VirtualAdbd>(std::move(config));
         adbd_->start();
-    }
-
-    void SetUp() override {
-        connectPhone();
+        server_.start(realAdb());
+        server_.awaitStart();
     }
 
     void connectPhone() {
@@ -79,9 +77,19 @@ protected:
 
     const TemporaryFolder disk_; ///< "phone" is the phone's storage
     const TemporaryFolder keys_;
-    AdbServer server_{realAdb(), keys_.path()};
+    AdbServer server_{keys_.path()};
     QtProcessRunner runner_{server_.environment()};
     std::unique_ptr<VirtualAdbd> adbd_;
+};
+
+/// A test that begins with the phone connected.
+class AdbFixture : public testing::Test, protected AdbPhone {
+protected:
+    explicit AdbFixture(AdbdConfig config = {}) : AdbPhone(std::move(config)) {}
+
+    void SetUp() override {
+        connectPhone();
+    }
 };
 
 } // namespace tessary

@@ -8,6 +8,7 @@
 #include "app/views/UpdateAlerts.h"
 #include "core/Background.h"
 #include "core/Product.h"
+#include "files/ADBTool.h"
 #include "ios/Multiplexer.h"
 #include "phones/DemoPhones.h"
 #include "platform/SystemUsbBus.h"
@@ -52,7 +53,11 @@ struct Phones {
 
     /// This machine's iPhones and virtual ones are found alike: by the environment.
     DeviceSources sources() {
-        return {bus(), &multiplexer, virtualPhones == nullptr};
+        return {bus(), &multiplexer, virtualPhones == nullptr || virtualPhones->startsAdb()};
+    }
+    /// What leads child processes to these phones.
+    [[nodiscard]] QProcessEnvironment environment() const {
+        return virtualPhones ? virtualPhones->adbEnvironment() : QProcessEnvironment();
     }
 
     QTemporaryDir folder;
@@ -165,7 +170,10 @@ int main(int argc, char** argv) {
         return 0;
 
     Phones phones(isDemo);
-    QtProcessRunner processes;
+    // A tour unplugs the phones, which adb would go on showing.
+    if (isDemo && !parser.isSet(tour))
+        phones.virtualPhones->startAdb(ADBTool::findAmong(ADBTool::defaultPaths()));
+    QtProcessRunner processes(phones.environment());
     DeviceFileService files(phones.bus(), processes);
     TessaryAppSetup setup;
     setup.isDemo = phones.virtualPhones != nullptr;

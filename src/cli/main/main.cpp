@@ -2,6 +2,8 @@
 #include "cli/CommandLine.h"
 #include "cli/StopSignals.h"
 #include "core/Background.h"
+#include "devices/DeviceManager.h"
+#include "files/ADBTool.h"
 #include "ios/Multiplexer.h"
 #include "phones/DemoPhones.h"
 #include "platform/SystemUsbBus.h"
@@ -9,6 +11,7 @@
 #include "platform/qt/QtProcessRunner.h"
 
 #include <QCoreApplication>
+#include <QJsonObject>
 #include <QTemporaryDir>
 #include <unistd.h>
 
@@ -36,12 +39,18 @@ std::FILE* takeStandardOutput() {
 /// The phones that the run works on: this machine's, or virtual ones.
 class Phones {
 public:
-    explicit Phones(const CliRequest& request) {
-        if (request.demo)
-            demo_ = std::make_unique<DemoPhones>(request.demoFolder.isEmpty() ? folder_.path()
-                                                                              : request.demoFolder);
-        else
+    Phones(const CliRequest& request, const UserDefaults& defaults) {
+        if (!request.demo) {
             system_ = makeSystemUsbBus();
+            return;
+        }
+        demo_ = std::make_unique<DemoPhones>(request.demoFolder.isEmpty() ? folder_.path()
+                                                                          : request.demoFolder);
+        // The run is over before adb would be there by itself: it is waited for, or not started.
+        if (!wantsAdb(request, defaults))
+            return;
+        demo_->startAdb(ADBTool::findAmong(ADBTool::defaultPaths()));
+        demo_->awaitAdb();
     }
 
     UsbBus& bus() {
@@ -49,10 +58,22 @@ public:
     }
     /// The same for this machine's iPhones and virtual ones: it is found by the environment.
     DeviceSources sources() {
-        return {bus(), &multiplexer_, demo_ == nullptr};
+        return {bus(), &multiplexer_, demo_ == nullptr || demo_->startsAdb()};
+    }
+    /// What leads child processes to these phones.
+    [[nodiscard]] QProcessEnvironment environment() const {
+        return demo_ ? demo_->adbEnvironment() : QProcessEnvironment();
     }
 
 private:
+    static bool wantsAdb(const CliRequest& request, const UserDefaults& defaults) {
+        const auto chosen = protocolModeFromRawValue(defaults.value(DeviceManager::protocolModesKey)
+                                                         .toObject()[DemoPhones::debuggedSerial]
+                                                         .toString());
+        return request.protocol.value_or(chosen.value_or(ProtocolMode::mtp)) ==
+               ProtocolMode::adbTurbo;
+    }
+
     QTemporaryDir folder_;
     std::unique_ptr<DemoPhones> demo_;
     std::unique_ptr<UsbBus> system_;
@@ -78,10 +99,10 @@ int main(int argc, char** argv) {
     int status = CliRunner::failed;
     std::jthread work([&] {
         {
-            Phones phones(request);
-            QtProcessRunner processes;
-            DeviceFileService files(phones.bus(), processes);
             const auto defaults = makeSystemUserDefaults();
+            Phones phones(request, *defaults);
+            QtProcessRunner processes(phones.environment());
+            DeviceFileService files(phones.bus(), processes);
             status = CliRunner(phones.sources(), files, *defaults, out, stderr)
                          .run(request, signals.token());
             if (!Background::shutDown(backgroundPatience)) {

@@ -1,11 +1,15 @@
+#include "phones/DemoContent.h"
 #include "phones/DemoIPhones.h"
+#include "phones/VirtualAdbd.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QDir>
 #include <QTemporaryDir>
 
 #include <csignal>
 #include <cstdio>
+#include <memory>
 #include <stdexcept>
 
 using namespace tessary;
@@ -22,6 +26,17 @@ sigset_t stopSignals() {
     return signals;
 }
 
+/// The debugging daemon of an Android phone with sample content below a folder.
+std::unique_ptr<VirtualAdbd> startAdbd(const QString& folder) {
+    AdbdConfig config;
+    config.folder = QDir(folder).filePath(QStringLiteral("pixel"));
+    if (!QDir(config.folder).exists())
+        (void)DemoContent::fillPhone(config.folder);
+    auto adbd = std::make_unique<VirtualAdbd>(std::move(config));
+    adbd->start();
+    return adbd;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -32,25 +47,31 @@ int main(int argc, char** argv) {
     QCoreApplication::setApplicationName(QStringLiteral("tessary-phones"));
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        QStringLiteral("Serves a virtual iPhone and a virtual iPad to the programs of this machine "
-                       "until it is interrupted."));
+        QStringLiteral("Serves a virtual iPhone and a virtual iPad, and an Android phone for adb, "
+                       "to the programs of this machine until it is interrupted."));
     parser.addHelpOption();
     parser.addPositionalArgument(QStringLiteral("socket"),
                                  QStringLiteral("Where to listen: a path of at most 107 bytes."));
     const QCommandLineOption folder(QStringLiteral("folder"),
-                                    QStringLiteral("Keep the apps' files in <folder>. Otherwise "
+                                    QStringLiteral("Keep the phones' files in <folder>. Otherwise "
                                                    "they end with the program."),
                                     QStringLiteral("folder"));
-    parser.addOption(folder);
+    const QCommandLineOption adb(QStringLiteral("adb"),
+                                 QStringLiteral("Also serve an Android phone with USB debugging "
+                                                "on, and print how adb connects to it."));
+    parser.addOptions({folder, adb});
     parser.process(app);
     if (parser.positionalArguments().size() != 1)
         parser.showHelp(2);
 
     const QTemporaryDir temporary;
     try {
-        DemoIPhones phones(parser.isSet(folder) ? parser.value(folder) : temporary.path(),
-                           parser.positionalArguments().constFirst());
+        const QString disk = parser.isSet(folder) ? parser.value(folder) : temporary.path();
+        DemoIPhones phones(disk, parser.positionalArguments().constFirst());
         std::printf("export USBMUXD_SOCKET_ADDRESS='%s'\n", phones.mux().address().constData());
+        const std::unique_ptr<VirtualAdbd> adbd = parser.isSet(adb) ? startAdbd(disk) : nullptr;
+        if (adbd)
+            std::printf("adb connect %s\n", qUtf8Printable(adbd->address()));
         std::fflush(stdout);
         int received = 0;
         sigwait(&signals, &received);
