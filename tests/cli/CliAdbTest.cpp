@@ -53,6 +53,12 @@ TEST_F(CliAdbTest, everyCommandWorksThroughAdb) {
     EXPECT_EQ(phone("get", {QStringLiteral("/new/b.txt"), disk_.path(QStringLiteral("back"))}),
               CliRunner::done);
     EXPECT_EQ(disk_.read(QStringLiteral("back")), "content");
+    disk_.write(QStringLiteral("mac/deep/song"), "la");
+    EXPECT_EQ(phone("sync", {disk_.path(QStringLiteral("mac")), QStringLiteral("/sdcard/new"),
+                             QStringLiteral("--mode"), QStringLiteral("both")}),
+              CliRunner::done);
+    EXPECT_EQ(content(QStringLiteral("new/deep/song")), "la");
+    EXPECT_EQ(disk_.read(QStringLiteral("mac/b.txt")), "content");
     EXPECT_EQ(phone("rm", {QStringLiteral("/new")}), CliRunner::done);
     EXPECT_TRUE(disk_.names(QStringLiteral("phone")).isEmpty());
     EXPECT_EQ(run({QStringLiteral("ls"), QStringLiteral("unknown")}), CliRunner::failed);

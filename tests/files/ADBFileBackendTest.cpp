@@ -6,6 +6,7 @@
 #include "support/AdbFixture.h"
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <gmock/gmock.h>
 
@@ -62,6 +63,18 @@ protected:
             if (c != '\n' && c != '/')
                 names.append(u"byte "_s + QLatin1Char(c) + u" x"_s);
         return names;
+    }
+
+    /// Processes that this one has started and not waited for, the adb server among them.
+    static int children() {
+        int count = 0;
+        for (const QString& name : QDir(u"/proc"_s).entryList(QDir::Dirs)) {
+            QFile status(u"/proc/%1/status"_s.arg(name));
+            if (status.open(QIODevice::ReadOnly))
+                count +=
+                    status.readAll().contains("\nPPid:\t" + QByteArray::number(getpid()) + '\n');
+        }
+        return count;
     }
 
     VirtualUsbBus bus_;
@@ -172,6 +185,7 @@ TEST_F(ADBFileBackendTest, cancelledCopyEndsWithinASecondAndLeavesNothing) {
         });
         EXPECT_THROW(work(stop.get_token()), CancellationError);
         EXPECT_LT(std::chrono::steady_clock::now() - asked, 1s);
+        EXPECT_EQ(children(), 1) << "adb's server alone";
     };
     cancelled([&](const std::stop_token& stop) {
         service_.downloadFile(there, disk_.path(u"target"_s), device(), {}, stop);
