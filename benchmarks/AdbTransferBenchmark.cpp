@@ -121,7 +121,7 @@ int run() {
     };
     const FileProgressCallback progress = [](qint64, qint64) {};
     const double push = compare(
-        "push",
+        "push", disk.path(u"phone/big"_s),
         [&] {
             command({u"push"_s, local, u"/sdcard/big"_s});
         },
@@ -131,7 +131,7 @@ int run() {
     const FileItem item = service.itemAt(u"/sdcard/big"_s, device);
     const QString back = disk.path(u"back"_s);
     const double pull = compare(
-        "pull",
+        "pull", back,
         [&] {
             command({u"pull"_s, u"-a"_s, u"/sdcard/big"_s, back});
         },
