@@ -33,7 +33,9 @@ public:
     void look() {
         constexpr auto interval = 100ms;
         constexpr auto patience = 2s;
-        if (Clock::now() < next_)
+        constexpr int restBetweenLooks = 15; // times as long as a look took: it slows the push down
+        const auto begin = Clock::now();
+        if (begin < next_)
             return;
         const ProcessResult result = shell_.tool().run(shell_.tool().request(
             shell_.device(),
@@ -54,7 +56,8 @@ public:
         }
         if (progress_)
             progress_(std::max<qint64>(shown, 0), total_);
-        next_ = Clock::now() + interval;
+        const Clock::duration rest = restBetweenLooks * (Clock::now() - begin);
+        next_ = std::max(begin + interval, Clock::now() + std::min<Clock::duration>(rest, 1s));
     }
 
 private:
@@ -68,9 +71,11 @@ private:
     Clock::time_point lastChange_ = start_;
 };
 
-/// Pushes one file into a folder that is known to be there.
+enum class TargetFolder { isKnown, isChecked };
+
+/// Pushes one file into a folder. Each question to the phone takes time: all are asked in one.
 void pushOne(const ADBShell& shell, const QString& localFile, const QString& remoteFolder,
-             const FileProgressCallback& progress) {
+             TargetFolder targetFolder, const FileProgressCallback& progress) {
     const QFileInfo local(localFile);
     const QString name = local.fileName();
     requireUsableName(name);
@@ -78,8 +83,14 @@ void pushOne(const ADBShell& shell, const QString& localFile, const QString& rem
         throw TessaryError::fileIOError(QStringLiteral("Cannot read %1.").arg(localFile));
     const qint64 total = local.size();
     const QString remote = joinPath(remoteFolder, name);
+    QStringList asked{remote + QLatin1Char('/')};
+    if (targetFolder == TargetFolder::isChecked)
+        asked += {remoteFolder, remoteFolder + QLatin1Char('/')};
+    const auto present = shell.stat(asked);
+    if (targetFolder == TargetFolder::isChecked)
+        ADBShell::requireFolder(remoteFolder, present[1], present[2]);
     // adb would put the file into a folder of its name.
-    if (const auto present = shell.stat(remote + QLatin1Char('/')))
+    if (present[0])
         throw TessaryError::fileIOError(
             QStringLiteral("A folder \"%1\" is already on the phone.").arg(name));
     if (progress)
@@ -223,10 +234,11 @@ private:
         throwIfStopped(shell_.stopToken());
         state().currentFileTotal = file.size;
         try {
-            pushOne(shell_, localPath(file), remoteFolder, [&](qint64 sent, qint64) {
-                state().currentFileBytes = sent;
-                report();
-            });
+            pushOne(shell_, localPath(file), remoteFolder, TargetFolder::isKnown,
+                    [&](qint64 sent, qint64) {
+                        state().currentFileBytes = sent;
+                        report();
+                    });
             ++state().completedFiles;
             state().completedBytes += file.size;
         } catch (const TessaryError& error) {
@@ -262,8 +274,7 @@ qint64 estimatedPushProgress(std::chrono::duration<double> passed, qint64 total)
 
 void pushFile(const ADBShell& shell, const QString& localFile, const QString& remoteFolder,
               const FileProgressCallback& progress) {
-    shell.requireFolder(remoteFolder);
-    pushOne(shell, localFile, remoteFolder, progress);
+    pushOne(shell, localFile, remoteFolder, TargetFolder::isChecked, progress);
 }
 
 TransferOutcome pushFolder(const ADBShell& shell, const QString& localFolder,

@@ -83,9 +83,14 @@ std::optional<ADBFileFacts> ADBShell::stat(const QString& path) const {
 
 void ADBShell::requireFolder(const QString& path) const {
     const auto facts = stat({path, path + QLatin1Char('/')});
-    if (!facts[0] && !facts[1])
+    requireFolder(path, facts[0], facts[1]);
+}
+
+void ADBShell::requireFolder(const QString& path, const std::optional<ADBFileFacts>& itself,
+                             const std::optional<ADBFileFacts>& target) {
+    if (!itself && !target)
         throwNotOnPhone(path);
-    if (!facts[1] || !facts[1]->isFolder())
+    if (!target || !target->isFolder())
         throw TessaryError::fileIOError(QStringLiteral("%1 is not a folder.").arg(path));
 }
 

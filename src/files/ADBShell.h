@@ -42,6 +42,9 @@ public:
     [[nodiscard]] std::optional<ADBFileFacts> stat(const QString& path) const;
     /// Throws when there is no folder at the path.
     void requireFolder(const QString& path) const;
+    /// The same where the facts of the path, and of it with a "/" behind, were read before.
+    static void requireFolder(const QString& path, const std::optional<ADBFileFacts>& itself,
+                              const std::optional<ADBFileFacts>& target);
 
     [[nodiscard]] const ADBTool& tool() const {
         return tool_;
