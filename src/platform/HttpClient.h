@@ -21,7 +21,9 @@ struct HttpRequest {
 
 struct HttpResponse {
     int status = 0;
-    QByteArray body; ///< whole
+    /// Whole where the server told its length. One that came in chunks may have been cut off
+    /// without a trace, so that content that needs an end has to be checked for one.
+    QByteArray body;
 };
 
 /// A request that brought no answer; `what()` says why, in English.
