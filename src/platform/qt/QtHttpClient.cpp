@@ -60,9 +60,20 @@ QNetworkRequest networkRequest(const QUrl& url, const HttpRequest& request) {
                       QNetworkRequest::ManualRedirectPolicy);
     made.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
     made.setAttribute(QNetworkRequest::CacheSaveControlAttribute, false);
+    // Whether a body is whole shows only as it travels, not once it is unpacked.
+    made.setRawHeader("Accept-Encoding", "identity");
     for (const auto& [name, value] : request.headers)
         made.setRawHeader(name, value);
     return made;
+}
+
+/// The library takes a connection that ends early for the end of the answer, now and then.
+bool isWhole(const QNetworkReply& reply, const QByteArray& body) {
+    if (!reply.hasRawHeader("Content-Length"))
+        return true;
+    bool isNumber = false;
+    const qint64 length = reply.rawHeader("Content-Length").trimmed().toLongLong(&isNumber);
+    return isNumber && body.size() == length;
 }
 
 } // namespace
@@ -92,6 +103,8 @@ HttpResponse QtHttpClient::get(const HttpRequest& request, const std::stop_token
         // From 400 on, the status is an error to the library too.
         if (reply->error() != QNetworkReply::NoError && response.status < 400)
             throw HttpError(reply->errorString());
+        if (!isWhole(*reply, response.body))
+            throw HttpError(QStringLiteral("The server's answer was cut off"));
         if (!target.isValid())
             return response;
         url = url.resolved(target.toUrl());
