@@ -12,6 +12,48 @@ namespace {
 
 /// Messages of the lower layers that hold names, the narrower before the wider.
 constexpr std::array patterns{
+    "Error: %1",
+    "Removing %1 from %2",
+    "A file named %1 is on the phone where a folder is needed.",
+    "A file named %1 is on the device where a folder is needed.",
+    "Cannot read the folder %1: %2",
+    "Cannot create the folder %1: %2",
+    "Cannot delete %1: %2",
+    "Cannot keep %1 as %2.",
+    "The folder of %1 was replaced while it was being synced.",
+    "The folder %1 is gone, although it was synced before. Is its disk missing? Going on makes a "
+    "new, empty folder.",
+    "The folder %1 is missing.",
+    "The folder on this computer is empty, although %1 files were in it after the last sync. Is "
+    "its disk missing?",
+    "The folder on the device is empty, although %1 files were in it after the last sync. Is its "
+    "memory card missing?",
+    "%1 of the %2 files of the last sync would be deleted.",
+    "The device lists %1 inside itself.",
+    "The device does not show %1 as it was sent. It was not deleted here.",
+    "The device does not show %1 as it was sent. Sync again.",
+    "%1 is not on this computer's disk as it was received.",
+    "%1 changed while it was being copied. Sync again.",
+    "%1 has appeared on the device meanwhile.",
+    "%1 is not on the device any more. Sync again.",
+    "%1 is a file on one side and a folder on the other",
+    "in %1: %2",
+    "The phone does not allow %1 to be read.",
+    "The phone did not rename %1. %2",
+    "The phone did not make the folder %1. %2",
+    "The phone did not delete %1. %2",
+    "The folder %1 cannot be made on the phone. %2",
+    "The folder %1 cannot be read whole.",
+    "The name \"%1\" cannot be used.",
+    "ADB pull failed for %1: %2",
+    "ADB directory pull failed for %1: %2",
+    "ADB push failed for %1: %2",
+    "the phone has %1 of %2 bytes.",
+    "adb ended with status %1.",
+    "A folder \"%1\" is already on the phone.",
+    "\"%1\" cannot be the name of a file.",
+    "\"%1\" is already there.",
+    "\"%1\" cannot be moved into itself.",
     "Device not found: %1",
     "Lockdown error: %1",
     "Failed to start service: %1",
@@ -36,6 +78,7 @@ constexpr std::array patterns{
     "Cannot write %1: %2",
     "Cannot read %1: %2",
     "Cannot create the folder %1 on this computer.",
+    "Cannot read %1.",
 };
 
 struct Pattern {
@@ -49,7 +92,7 @@ struct Pattern {
             QRegularExpression::DotMatchesEverythingOption);
         // "What was tried: why not" and "What failed (why)": the reason is a message again.
         endsWithReason =
-            QRegularExpression(QStringLiteral(": %\\d$|\\(%1\\)")).match(key).hasMatch();
+            QRegularExpression(QStringLiteral("[:.] %\\d$|\\(%1\\)")).match(key).hasMatch();
     }
 
     QString key;
@@ -69,12 +112,29 @@ QString filled(const QString& text, const QStringList& values) {
     }
 }
 
+/// What a sync did: "2 uploaded, 1 deleted"; empty when the message is none of that.
+QString trCounts(const QString& message) {
+    static const QRegularExpression count(QStringLiteral("^(\\d+) (\\D+)$"));
+    const auto& english = Translations::dictionary().at(AppLanguage::en);
+    QStringList parts;
+    for (const QString& part : message.split(QStringLiteral(", "))) {
+        const auto match = count.match(part);
+        const QString key = match.hasMatch() ? QStringLiteral("%1 ") + match.captured(2) : part;
+        if (!english.contains(key))
+            return {};
+        parts.append(match.hasMatch() ? tr(key).arg(match.captured(1)) : tr(key));
+    }
+    return parts.join(QStringLiteral(", "));
+}
+
 } // namespace
 
 QString trMessage(const QString& message) {
     static const std::vector<Pattern> known(patterns.begin(), patterns.end());
     if (const QString whole = tr(message); whole != message)
         return whole;
+    if (const QString counts = trCounts(message); !counts.isEmpty())
+        return counts;
     for (const Pattern& pattern : known) {
         const auto match = pattern.regex.match(message);
         if (!match.hasMatch())

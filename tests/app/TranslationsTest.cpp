@@ -1,4 +1,5 @@
 #include "app/Translations.h"
+#include "app/LanguageManager.h"
 #include "core/DeviceInfo.h"
 #include "core/FileCategory.h"
 #include "files/TransferJob.h"
@@ -61,11 +62,21 @@ QMap<QString, QString> usedKeys() {
     }
     // Words of lower layers that views show.
     const std::pair<const char*, const char*> others[] = {
-        {"app/TranslatedMessage.cpp", R"((?<=[{,])(?=\s*"))"},
+        {"app/TranslatedMessage.cpp", R"(\n    (?="))"},
         {"files/ErrorAdvice.cpp", R"(\w\((?=\s*"[A-Z]))"},
         {"files/FileListModel.cpp", R"(QLatin1StringView\()"},
         {"files/BrowserLoad.cpp", R"(QStringLiteral\()"},
         {"files/TransferEnd.cpp", R"(QStringLiteral\()"},
+        {"files/ADBTool.cpp", R"(,\s+View\()"},
+        {"sync/SyncManager.cpp", R"(SyncStatus::syncing\(QStringLiteral\()"},
+        {"sync/SyncRun.cpp", R"(tell\(QStringLiteral\()"},
+        {"sync/SyncWorker.cpp", R"(begin\(QStringLiteral\()"},
+        {"sync/SyncTreeWalk.cpp", R"(unusable\[path\] = QStringLiteral\()"},
+        {"sync/DiskSyncFolder.cpp", R"(unusable\[path\] = QStringLiteral\()"},
+        {"app/views/BrowserActions.cpp", R"(&Actions::\w+, "[\w-]+",)"},
+        {"app/views/MainMenu.cpp", R"(addMenu\(bar,)"},
+        {"app/views/WelcomeView.cpp", R"(translated\()"},
+        {"app/views/WelcomeView.cpp", R"(step\(\d,)"},
     };
     for (const auto& [file, opening] : others)
         add(QString::fromLatin1(file),
@@ -182,6 +193,26 @@ TEST(Translations, requiredEnglishTextsAreVerbatim) {
     const auto& english = Translations::dictionary().at(AppLanguage::en);
     for (const auto& [key, text] : rows)
         EXPECT_EQ(english.value(QString::fromUtf8(key)), QString::fromUtf8(text));
+}
+
+/// In German, where the order of words shows whether a message was taken apart rightly.
+TEST(Translations, messagesWithNamesAreTakenApartAndPutTogetherAgain) {
+    LanguageManager::shared().setSelectedLanguage(AppLanguage::de);
+    const std::pair<const char*, const char*> rows[] = {
+        {"Error: Cannot read the folder /a: b: no such file",
+         "Fehler: Der Ordner /a kann nicht gelesen werden: b: no such file"},
+        {"Error: The phone did not delete /sdcard/x. The phone does not allow this.",
+         "Fehler: Das Telefon hat /sdcard/x nicht gelöscht. Das Telefon erlaubt das nicht."},
+        {"in Old: its name is not valid text", "in „Old“: der Name ist kein gültiger Text"},
+        {"2 uploaded, 1 kept twice, 1 skipped",
+         "2 hochgeladen, 1 doppelt behalten, 1 übersprungen"},
+        {"Up to date, 3 skipped", "Auf dem neuesten Stand, 3 übersprungen"},
+        {"Removing %2 from Mac", "%2 wird von Mac entfernt"},
+        {"2 of a kind, 1 deleted", "2 of a kind, 1 deleted"},
+    };
+    for (const auto& [message, expected] : rows)
+        EXPECT_EQ(trMessage(QString::fromUtf8(message)), QString::fromUtf8(expected));
+    LanguageManager::shared().setSelectedLanguage(AppLanguage::system);
 }
 
 } // namespace
