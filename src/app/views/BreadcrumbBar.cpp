@@ -19,7 +19,6 @@ constexpr int partPadding = 26;  // pixels around a name, separator included
 
 BreadcrumbBar::BreadcrumbBar(QWidget* parent) : QWidget(parent), layout_(new QHBoxLayout(this)) {
     setObjectName(QStringLiteral("breadcrumbs"));
-    setAccessibleName(tessary::tr("Path"));
     layout_->setContentsMargins(0, 0, 0, 0);
     layout_->setSpacing(0);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);

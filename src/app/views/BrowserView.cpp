@@ -1,10 +1,10 @@
 #include "app/views/BrowserView.h"
 
+#include "app/LanguageManager.h"
 #include "app/Translations.h"
 #include "app/views/BreadcrumbBar.h"
 #include "app/views/ClashQuestion.h"
 #include "app/views/FileViews.h"
-#include "app/views/Icons.h"
 #include "app/views/PlaceholderView.h"
 #include "app/views/PreviewWindow.h"
 #include "app/views/PropertiesDialog.h"
@@ -15,13 +15,13 @@
 
 #include <QAbstractItemView>
 #include <QAction>
-#include <QActionGroup>
 #include <QApplication>
 #include <QDir>
 #include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -39,18 +39,6 @@ namespace {
 
 QString downloadsFolder() {
     return QStandardPaths::writableLocation(QStandardPaths::DownloadLocation);
-}
-
-QToolButton* toolButton(QAction* action) {
-    auto* button = new QToolButton;
-    button->setDefaultAction(action);
-    button->setAutoRaise(true);
-    button->setIconSize({22, 22});
-    button->setAccessibleName(action->text());
-    const QString keys = action->shortcut().toString(QKeySequence::NativeText);
-    action->setToolTip(keys.isEmpty() ? action->text()
-                                      : QStringLiteral("%1 (%2)").arg(action->text(), keys));
-    return button;
 }
 
 /// "3 items", and what they hold.
@@ -96,7 +84,7 @@ BrowserView::BrowserView(FileBrowserViewModel& browser, Dialogs dialogs, QWidget
       status_(new QLabel) {
     setObjectName(QStringLiteral("browserView"));
     setAcceptDrops(true);
-    makeActions();
+    connectActions();
     for (QWidget* page : {static_cast<QWidget*>(table_), static_cast<QWidget*>(grid_),
                           static_cast<QWidget*>(placeholder_)})
         stack_->addWidget(page);
@@ -121,106 +109,67 @@ BrowserView::BrowserView(FileBrowserViewModel& browser, Dialogs dialogs, QWidget
     column->addWidget(stack_, 1);
     column->addWidget(status_);
     connectBrowser();
+    keepTranslated(this, [this] { showTexts(); });
+}
+
+void BrowserView::connectActions() {
+    const auto on = [this](QAction* action, auto run) {
+        connect(action, &QAction::triggered, this, run);
+    };
+    on(actions_.back, [this] { browser_.goBack(); });
+    on(actions_.forward, [this] { browser_.goForward(); });
+    on(actions_.up, [this] { browser_.navigateUp(); });
+    on(actions_.reload, [this] { browser_.reload(); });
+    on(actions_.open, [this] { openSelected(); });
+    on(actions_.newFolder, [this] { browser_.createFolder(); });
+    on(actions_.rename, [this] { renameSelected(); });
+    on(actions_.remove, [this] { removeSelected(); });
+    on(actions_.download, [this] { downloadSelected(); });
+    on(actions_.uploadFiles, [this] { upload(dialogs_.chooseFiles(this)); });
+    on(actions_.uploadFolder, [this] {
+        const QString folder = dialogs_.chooseFolder(this);
+        upload(folder.isEmpty() ? QStringList() : QStringList{folder});
+    });
+    on(actions_.selectAll, [this] { browser_.selectAll(); });
+    on(actions_.find, [this] {
+        filter_->setFocus();
+        filter_->selectAll();
+    });
+    on(actions_.asList, [this] { setGrid(false); });
+    on(actions_.asGrid, [this] { setGrid(true); });
+    on(actions_.favorite, [this] {
+        const auto [name, path] = favoriteCandidate();
+        if (!path.isEmpty() && favorites_.toggle)
+            favorites_.toggle(name, path);
+    });
+    on(actions_.apps, [this] {
+        if (showApps_)
+            showApps_();
+    });
+    on(actions_.sync, [this] {
+        if (showSync_)
+            showSync_(*syncButton_);
+    });
+    on(actions_.quickLook, [this] { quickLook(); });
+    on(actions_.properties, [this] { showProperties(); });
+    table_->addAction(actions_.quickLook);
+    grid_->addAction(actions_.quickLook);
+}
+
+void BrowserView::showTexts() {
+    filter_->setPlaceholderText(tessary::tr("browser.filter"));
+    filter_->setAccessibleName(tessary::tr("browser.filter"));
+    if (auto* clear = filter_->findChild<QToolButton*>())
+        clear->setAccessibleName(tessary::tr("Clear the Filter"));
+    breadcrumbs_->setAccessibleName(tessary::tr("Path"));
+    table_->setAccessibleName(tessary::tr("Files"));
+    grid_->setAccessibleName(tessary::tr("Files"));
     showPath();
     showContent();
 }
 
-QAction* BrowserView::addCommand(const char* iconName, const QString& text,
-                                 const QList<QKeySequence>& shortcuts, std::function<void()> run) {
-    auto* action = new QAction(icon(iconName), text, this);
-    action->setShortcuts(shortcuts);
-    action->setShortcutContext(Qt::WindowShortcut);
-    connect(action, &QAction::triggered, this, [run = std::move(run)] { run(); });
-    addAction(action);
-    return action;
-}
-
-void BrowserView::makeActions() {
-    const auto keys = [](auto... sequences) {
-        return QList<QKeySequence>{QKeySequence(sequences)...};
-    };
-    actions_.back = addCommand("go-previous", tessary::tr("Back"), keys(Qt::ALT | Qt::Key_Left),
-                               [this] { browser_.goBack(); });
-    actions_.forward = addCommand("go-next", tessary::tr("Forward"), keys(Qt::ALT | Qt::Key_Right),
-                                  [this] { browser_.goForward(); });
-    actions_.up = addCommand("go-up", tessary::tr("Enclosing Folder"), keys(Qt::ALT | Qt::Key_Up),
-                             [this] { browser_.navigateUp(); });
-    actions_.reload =
-        addCommand("view-refresh", tessary::tr("Reload"), keys(Qt::Key_F5, Qt::CTRL | Qt::Key_R),
-                   [this] { browser_.reload(); });
-    actions_.open = addCommand("document-open-folder", tessary::tr("browser.openFolder"),
-                               keys(Qt::ALT | Qt::Key_Down), [this] { openSelected(); });
-    actions_.newFolder =
-        addCommand("folder-new", tessary::tr("browser.newFolder"),
-                   keys(Qt::CTRL | Qt::SHIFT | Qt::Key_N), [this] { browser_.createFolder(); });
-    actions_.rename = addCommand("edit-rename", tessary::tr("browser.rename"), keys(Qt::Key_F2),
-                                 [this] { renameSelected(); });
-    actions_.remove = addCommand("edit-delete", tessary::tr("browser.delete"), keys(Qt::Key_Delete),
-                                 [this] { removeSelected(); });
-    actions_.download = addCommand("download", tessary::tr("browser.download"),
-                                   keys(Qt::CTRL | Qt::Key_D), [this] { downloadSelected(); });
-    actions_.uploadFiles =
-        addCommand("document-import", tessary::tr("Copy Files Here…"), keys(Qt::CTRL | Qt::Key_U),
-                   [this] { upload(dialogs_.chooseFiles(this)); });
-    actions_.uploadFolder =
-        addCommand("document-import", tessary::tr("Copy a Folder Here…"),
-                   keys(Qt::CTRL | Qt::SHIFT | Qt::Key_U), [this] {
-                       const QString folder = dialogs_.chooseFolder(this);
-                       upload(folder.isEmpty() ? QStringList() : QStringList{folder});
-                   });
-    actions_.selectAll =
-        addCommand("edit-select-all", tessary::tr("Select All"), keys(QKeySequence::SelectAll),
-                   [this] { browser_.selectAll(); });
-    actions_.find =
-        addCommand("edit-find", tessary::tr("Filter"), keys(QKeySequence::Find), [this] {
-            filter_->setFocus();
-            filter_->selectAll();
-        });
-    actions_.asList = addCommand("view-list-details", tessary::tr("As List"),
-                                 keys(Qt::CTRL | Qt::Key_1), [this] { setGrid(false); });
-    actions_.asGrid = addCommand("view-list-icons", tessary::tr("As Grid"),
-                                 keys(Qt::CTRL | Qt::Key_2), [this] { setGrid(true); });
-    actions_.favorite = addCommand("bookmark-new", tessary::tr("browser.addToFavorites"),
-                                   keys(Qt::CTRL | Qt::Key_B), [this] {
-                                       const auto [name, path] = favoriteCandidate();
-                                       if (!path.isEmpty() && favorites_.toggle)
-                                           favorites_.toggle(name, path);
-                                   });
-    actions_.apps = addCommand("view-list-icons", tessary::tr("browser.apps"),
-                               keys(Qt::CTRL | Qt::SHIFT | Qt::Key_A), [this] {
-                                   if (showApps_)
-                                       showApps_();
-                               });
-    actions_.quickLook = addCommand("view-preview", tessary::tr("browser.quickLook"),
-                                    keys(Qt::Key_Space), [this] { quickLook(); });
-    actions_.properties =
-        addCommand("document-properties", tessary::tr("Properties"),
-                   keys(Qt::ALT | Qt::Key_Return, Qt::ALT | Qt::Key_Enter, Qt::CTRL | Qt::Key_I),
-                   [this] { showProperties(); });
-    // Space has other uses wherever there are no files.
-    actions_.quickLook->setShortcutContext(Qt::WidgetShortcut);
-    table_->addAction(actions_.quickLook);
-    grid_->addAction(actions_.quickLook);
-    actions_.sync =
-        addCommand("folder-sync", tessary::tr("Sync"), keys(Qt::CTRL | Qt::Key_Y), [this] {
-            if (showSync_)
-                showSync_(*syncButton_);
-        });
-    auto* modes = new QActionGroup(this);
-    for (QAction* mode : {actions_.asList, actions_.asGrid}) {
-        mode->setCheckable(true);
-        modes->addAction(mode);
-    }
-    actions_.asList->setChecked(true);
-    // A key that also edits text belongs to the field that has the focus.
-    for (QAction* action : {actions_.remove, actions_.selectAll, actions_.rename})
-        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-}
-
 QWidget* BrowserView::makeToolbar() {
     filter_->setObjectName(QStringLiteral("filter"));
-    filter_->setPlaceholderText(tessary::tr("browser.filter"));
-    filter_->setAccessibleName(tessary::tr("browser.filter"));
     filter_->setClearButtonEnabled(true);
     filter_->setFixedWidth(190);
     filter_->installEventFilter(this);
@@ -233,7 +182,7 @@ QWidget* BrowserView::makeToolbar() {
             browser_.navigateTo(path);
     });
 
-    auto* uploadButton = toolButton(actions_.uploadFiles);
+    auto* uploadButton = makeToolButton(*actions_.uploadFiles);
     auto* uploadMenu = new QMenu(uploadButton);
     uploadMenu->addAction(actions_.uploadFiles);
     uploadMenu->addAction(actions_.uploadFolder);
@@ -246,18 +195,18 @@ QWidget* BrowserView::makeToolbar() {
     row->setContentsMargins(8, 6, 10, 6);
     row->setSpacing(2);
     for (QAction* action : {actions_.back, actions_.forward, actions_.up})
-        row->addWidget(toolButton(action));
+        row->addWidget(makeToolButton(*action));
     row->addSpacing(6);
     row->addWidget(breadcrumbs_, 1);
     row->addSpacing(6);
     for (QAction* action : {actions_.newFolder, actions_.download})
-        row->addWidget(toolButton(action));
+        row->addWidget(makeToolButton(*action));
     row->addWidget(uploadButton);
-    syncButton_ = toolButton(actions_.sync);
+    syncButton_ = makeToolButton(*actions_.sync);
     row->addWidget(syncButton_);
     row->addSpacing(8);
-    row->addWidget(toolButton(actions_.asList));
-    row->addWidget(toolButton(actions_.asGrid));
+    row->addWidget(makeToolButton(*actions_.asList));
+    row->addWidget(makeToolButton(*actions_.asGrid));
     row->addSpacing(8);
     row->addWidget(filter_);
     return bar;
@@ -300,6 +249,10 @@ QAbstractItemView& BrowserView::currentListing() const {
     return *table_;
 }
 
+QHeaderView& BrowserView::columns() const {
+    return *table_->header();
+}
+
 void BrowserView::showPath() {
     std::vector<Breadcrumb> path;
     if (isInApp())
@@ -330,7 +283,8 @@ void BrowserView::showContent() {
         break;
     case BrowserState::failed:
         placeholder_->show(QStringLiteral("dialog-error"), tessary::tr("browser.connectionFailed"),
-                           words.message + QLatin1Char('\n') + words.advice,
+                           printable(trMessage(words.message)) + QLatin1Char('\n') +
+                               tessary::tr(words.advice),
                            tessary::tr("browser.retry"), [this] { browser_.reload(); });
         page(placeholder_);
         break;

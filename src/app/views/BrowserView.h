@@ -1,7 +1,8 @@
 #pragma once
 
+#include "app/views/BrowserActions.h"
+#include "app/views/TranslatedFileModel.h"
 #include "files/FileBrowserViewModel.h"
-#include "files/FileListModel.h"
 
 #include <QHash>
 #include <QWidget>
@@ -9,7 +10,7 @@
 #include <functional>
 
 class QAbstractItemView;
-class QAction;
+class QHeaderView;
 class QLabel;
 class QLineEdit;
 class QMenu;
@@ -29,30 +30,6 @@ class PreviewWindow;
 /// browser's view model has, and hands every wish of the user to it.
 class BrowserView : public QWidget {
 public:
-    /// The commands, for menus. Their state follows the browser.
-    struct Actions {
-        QAction* back;
-        QAction* forward;
-        QAction* up;
-        QAction* reload;
-        QAction* open;
-        QAction* newFolder;
-        QAction* rename;
-        QAction* remove;
-        QAction* download;
-        QAction* uploadFiles;
-        QAction* uploadFolder;
-        QAction* selectAll;
-        QAction* find;
-        QAction* asList;
-        QAction* asGrid;
-        QAction* favorite;
-        QAction* apps; ///< back to the apps of an iPhone
-        QAction* sync;
-        QAction* quickLook;
-        QAction* properties;
-    };
-
     /// What the view asks and tells about favorites.
     struct Favorites {
         std::function<bool(const QString& path)> contains;
@@ -70,7 +47,7 @@ public:
     /// `browser` must outlive the view.
     BrowserView(FileBrowserViewModel& browser, Dialogs dialogs, QWidget* parent = nullptr);
 
-    [[nodiscard]] const Actions& actions() const {
+    [[nodiscard]] const BrowserActions& actions() const {
         return actions_;
     }
     void setFavorites(Favorites favorites);
@@ -82,6 +59,8 @@ public:
     void updateActions();
     /// The listing that is shown, table or grid.
     [[nodiscard]] QAbstractItemView& currentListing() const;
+    /// The table's columns.
+    [[nodiscard]] QHeaderView& columns() const;
 
 protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -91,9 +70,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    QAction* addCommand(const char* iconName, const QString& text,
-                        const QList<QKeySequence>& shortcuts, std::function<void()> run);
-    void makeActions();
+    void connectActions();
+    void showTexts();
     QWidget* makeToolbar();
     void connectBrowser();
     void showPath();
@@ -122,8 +100,8 @@ private:
     Favorites favorites_;
     std::function<void()> showApps_;
     std::function<void(const QWidget&)> showSync_;
-    FileListModel model_;
-    Actions actions_{};
+    TranslatedFileModel model_;
+    const BrowserActions actions_{*this};
     BreadcrumbBar* breadcrumbs_;
     QLineEdit* filter_;
     QToolButton* syncButton_ = nullptr;

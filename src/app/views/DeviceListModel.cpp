@@ -1,5 +1,6 @@
 #include "app/views/DeviceListModel.h"
 
+#include "app/LanguageManager.h"
 #include "app/Translations.h"
 #include "app/views/Icons.h"
 #include "core/ByteFormat.h"
@@ -15,6 +16,10 @@ DeviceListModel::DeviceListModel(const DeviceManager& manager, QObject* parent)
     connect(&manager, &DeviceManager::troubleChanged, this, [this](const QString& id) {
         if (const QModelIndex row = indexOf(id); row.isValid())
             Q_EMIT dataChanged(row, row);
+    });
+    connect(&LanguageManager::shared(), &LanguageManager::languageChanged, this, [this] {
+        if (const int rows = rowCount(); rows > 0)
+            Q_EMIT dataChanged(index(0), index(rows - 1));
     });
 }
 

@@ -1,6 +1,5 @@
 #include "app/views/FileItemDelegate.h"
 
-#include "app/Translations.h"
 #include "app/views/Icons.h"
 #include "app/views/ThumbnailStore.h"
 #include "core/Printable.h"
@@ -35,8 +34,6 @@ QString FileItemDelegate::displayText(const QVariant& value, const QLocale& loca
 void FileItemDelegate::initStyleOption(QStyleOptionViewItem* option,
                                        const QModelIndex& index) const {
     QStyledItemDelegate::initStyleOption(option, index);
-    if (index.column() == FileListModel::kindColumn)
-        option->text = tessary::tr(option->text);
     if (index.column() == FileListModel::dateColumn)
         option->text = shownDate(index.data(FileListModel::dateRole).toDateTime(), option->locale);
     if (index.column() == FileListModel::sizeColumn) {

@@ -128,7 +128,6 @@ void connectSelection(QAbstractItemView& view, FileListModel& model,
 FileTableView::FileTableView(FileBrowserViewModel& browser, FileListModel& model, QWidget* parent)
     : QTreeView(parent), browser_(browser) {
     setObjectName(QStringLiteral("fileTable"));
-    setAccessibleName(tessary::tr("Files"));
     setUp(*this, model);
     setRootIsDecorated(false);
     setUniformRowHeights(true);
@@ -137,6 +136,13 @@ FileTableView::FileTableView(FileBrowserViewModel& browser, FileListModel& model
     setSortingEnabled(true);
     setIconSize({24, 24});
     sortByColumn(FileListModel::nameColumn, Qt::AscendingOrder);
+    connect(&browser, &FileBrowserViewModel::sortOrderChanged, this, [this] {
+        if (browser_.sortOrder().empty())
+            return;
+        const FileComparator& first = browser_.sortOrder().front();
+        header()->setSortIndicator(static_cast<int>(first.field),
+                                   first.descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+    });
     header()->setStretchLastSection(false);
     header()->setSectionResizeMode(FileListModel::nameColumn, QHeaderView::Stretch);
     header()->setHighlightSections(false);
@@ -166,7 +172,6 @@ void FileTableView::startDrag(Qt::DropActions) {
 FileGridView::FileGridView(FileBrowserViewModel& browser, FileListModel& model, QWidget* parent)
     : QListView(parent), browser_(browser) {
     setObjectName(QStringLiteral("fileGrid"));
-    setAccessibleName(tessary::tr("Files"));
     setUp(*this, model);
     setModelColumn(FileListModel::nameColumn);
     setViewMode(QListView::IconMode);

@@ -1,14 +1,18 @@
 #include "app/views/MainWindow.h"
 
+#include "app/LanguageManager.h"
 #include "app/Translations.h"
 #include "app/views/AppListView.h"
 #include "app/views/Icons.h"
+#include "app/views/MainMenu.h"
 #include "app/views/PlaceholderView.h"
+#include "app/views/SettingsWindow.h"
 #include "app/views/StatusBanner.h"
 #include "app/views/SyncDialogs.h"
 #include "app/views/SyncPanel.h"
 #include "app/views/TransferPanel.h"
 #include "app/views/WelcomeView.h"
+#include "app/views/WindowMemory.h"
 #include "core/Background.h"
 #include "core/Printable.h"
 #include "files/AndroidFileAccess.h"
@@ -63,8 +67,6 @@ MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* p
                                            asker, tessary::tr("Folder on this computer"), startAt);
                                    })),
       transferPanel_(new TransferPanel(transfers_)) {
-    setWindowTitle(app.isDemo() ? tessary::tr("Tessary: Virtual Phones")
-                                : QStringLiteral("Tessary"));
     setWindowIcon(icon("smartphone"));
     resize(1180, 740);
     setMinimumSize(760, 460);
@@ -94,7 +96,8 @@ MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* p
     split->setChildrenCollapsible(false);
     split->setHandleWidth(1);
     setCentralWidget(split);
-    makeMenus();
+    makeMainMenus(*menuBar(), browserView_->actions(),
+                  {[this] { showSettings(); }, [] { QApplication::closeAllWindows(); }});
     connectSync();
 
     connect(sidebar_->deviceList().selectionModel(), &QItemSelectionModel::currentChanged, this,
@@ -131,13 +134,31 @@ MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* p
     });
     connect(&browser_, &FileBrowserViewModel::errorChanged, this, &MainWindow::showBanner);
     connect(&browser_, &FileBrowserViewModel::stateChanged, this, &MainWindow::showBanner);
-    showPage();
+    memory_ = new WindowMemory({*this, *split, browserView_->columns(), browser_}, app.defaults());
+    keepTranslated(this, [this] { showTexts(); });
 }
 
 MainWindow::~MainWindow() {
     // The views show what the members below hold: they go first.
     hide();
+    delete settings_;
     delete takeCentralWidget();
+}
+
+void MainWindow::showTexts() {
+    setWindowTitle(app_.isDemo() ? tessary::tr("Tessary: Virtual Phones")
+                                 : QStringLiteral("Tessary"));
+    setLocale(QLocale()); // dates and numbers of every view in it
+    showPage();
+    showBanner();
+}
+
+void MainWindow::showSettings() {
+    if (settings_ == nullptr)
+        settings_ = new SettingsWindow(app_, sync_, *memory_, this);
+    settings_->show();
+    settings_->raise();
+    settings_->activateWindow();
 }
 
 Sidebar::Wishes MainWindow::sidebarWishes() {
@@ -147,38 +168,6 @@ Sidebar::Wishes MainWindow::sidebarWishes() {
                 if (const auto& device = browser_.activeDevice())
                     app_.deviceManager().chooseProtocolMode(device->udid, mode);
             }};
-}
-
-void MainWindow::makeMenus() {
-    const BrowserView::Actions& actions = browserView_->actions();
-    QMenu* file = menuBar()->addMenu(tessary::tr("File"));
-    for (QAction* action : {actions.newFolder, actions.open, actions.download, actions.uploadFiles,
-                            actions.uploadFolder, actions.sync})
-        file->addAction(action);
-    file->addSeparator();
-    for (QAction* action : {actions.quickLook, actions.properties})
-        file->addAction(action);
-    file->addSeparator();
-    QAction* quit =
-        file->addAction(tessary::tr("Quit Tessary"), this, [] { QApplication::closeAllWindows(); });
-    quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
-    quit->setMenuRole(QAction::QuitRole);
-
-    QMenu* edit = menuBar()->addMenu(tessary::tr("Edit"));
-    for (QAction* action : {actions.rename, actions.remove, actions.selectAll, actions.find})
-        edit->addAction(action);
-
-    QMenu* view = menuBar()->addMenu(tessary::tr("View"));
-    for (QAction* action : {actions.asList, actions.asGrid})
-        view->addAction(action);
-    view->addSeparator();
-    view->addAction(actions.reload);
-
-    QMenu* go = menuBar()->addMenu(tessary::tr("Go"));
-    for (QAction* action : {actions.back, actions.forward, actions.up, actions.apps})
-        go->addAction(action);
-    go->addSeparator();
-    go->addAction(actions.favorite);
 }
 
 void MainWindow::showEvent(QShowEvent* event) {
@@ -394,7 +383,7 @@ void MainWindow::showBanner() {
     BannerMessage message;
     message.kind = BannerMessage::Kind::warning;
     if (trouble) {
-        message.text = tessary::tr(printable(trouble->message));
+        message.text = printable(trMessage(trouble->message));
         message.advice = tessary::tr(trouble->advice);
         message.canBeClosed = false;
         if (trouble->kind == DeviceTrouble::Kind::heldByProgram)
@@ -410,7 +399,7 @@ void MainWindow::showBanner() {
         return;
     }
     message.kind = BannerMessage::Kind::error;
-    message.text = printable(error->message);
+    message.text = printable(trMessage(error->message));
     message.advice = tessary::tr(error->advice);
     message.actions.push_back({tessary::tr("browser.retry"), [this] {
                                    browser_.dismissError();

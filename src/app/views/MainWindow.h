@@ -17,11 +17,13 @@ namespace tessary {
 
 class AppListView;
 class PlaceholderView;
+class SettingsWindow;
 class StatusBanner;
 class SyncDialogs;
 class SyncPanel;
 class TransferPanel;
 class WelcomeView;
+class WindowMemory;
 
 /// The main window: devices on the left, the files of the chosen one on the right, transfers below,
 /// and a banner when something stands in the way.
@@ -47,6 +49,8 @@ public:
     }
     /// Shows the documents of one of apps().
     void openApp(const AppInfo& app, const QString& path);
+    /// Opens the settings, or brings them to the front.
+    void showSettings();
     [[nodiscard]] BrowserView& browserView() {
         return *browserView_;
     }
@@ -59,7 +63,7 @@ protected:
 
 private:
     [[nodiscard]] Sidebar::Wishes sidebarWishes();
-    void makeMenus();
+    void showTexts();
     void deviceListChanged();
     void chooseDevice(const QModelIndex& index);
     /// The device that is chosen in the sidebar.
@@ -93,6 +97,8 @@ private:
     SyncPanel* syncPanel_;
     SyncDialogs* syncDialogs_;
     TransferPanel* transferPanel_;
+    WindowMemory* memory_;
+    SettingsWindow* settings_ = nullptr; ///< made when it is first opened
 };
 
 } // namespace tessary

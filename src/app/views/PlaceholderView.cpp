@@ -61,6 +61,7 @@ void PlaceholderView::show(const QString& iconName, const QString& title, const 
     button_->setText(actionTitle);
     button_->setVisible(static_cast<bool>(action_));
     busy_->setVisible(isBusy);
+    busy_->setAccessibleName(title);
     setAccessibleName(title);
     setAccessibleDescription(detail);
 }

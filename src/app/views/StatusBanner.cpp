@@ -1,5 +1,6 @@
 #include "app/views/StatusBanner.h"
 
+#include "app/LanguageManager.h"
 #include "app/Translations.h"
 #include "app/views/Icons.h"
 
@@ -56,8 +57,10 @@ StatusBanner::StatusBanner(QWidget* parent)
     }
     close_->setAutoRaise(true);
     close_->setIcon(icon("dialog-close"));
-    close_->setAccessibleName(tessary::tr("Close this message"));
-    close_->setToolTip(tessary::tr("Close this message"));
+    keepTranslated(close_, [this] {
+        close_->setAccessibleName(tessary::tr("Close this message"));
+        close_->setToolTip(tessary::tr("Close this message"));
+    });
     connect(close_, &QToolButton::clicked, this, &StatusBanner::clear);
 
     auto* texts = new QVBoxLayout;

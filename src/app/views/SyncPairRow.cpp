@@ -41,6 +41,13 @@ QString arrow(SyncMode mode) {
     return QStringLiteral("↔");
 }
 
+/// A line of SyncManager's history, "date: what happened", in the interface's language.
+QString trHistory(const QString& line) {
+    const QString separator = QStringLiteral(": ");
+    const auto at = line.indexOf(separator);
+    return line.left(at + separator.size()) + trMessage(line.mid(at + separator.size()));
+}
+
 } // namespace
 
 SyncPairRow::SyncPairRow(SyncViewModel& sync, const QUuid& id, QWidget* parent)
@@ -101,13 +108,14 @@ void SyncPairRow::update() {
                  QStringLiteral("  ·  ") + pair->progress.bytesDescription();
     else if (const QString history = sync_.manager().historyLine(id_);
              !isRunning && !history.isEmpty())
-        state = pair->status.kind == SyncStatus::Kind::error ? state : history;
+        state = pair->status.kind == SyncStatus::Kind::error ? state : trHistory(history);
     state_->setText(printable(state));
     QPalette colours = palette();
     if (pair->status.kind == SyncStatus::Kind::error)
         colours.setColor(QPalette::WindowText, QColor(206, 58, 58));
     state_->setPalette(colours);
     progress_->setVisible(isRunning);
+    progress_->setAccessibleName(title_->text());
     const bool hasTotal = pair->progress.totalFiles > 0;
     progress_->setRange(0, hasTotal ? 100 : 0);
     if (hasTotal)

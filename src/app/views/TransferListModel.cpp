@@ -1,9 +1,12 @@
 #include "app/views/TransferListModel.h"
 
+#include "app/LanguageManager.h"
 #include "app/Translations.h"
 #include "app/views/Icons.h"
 #include "core/ByteFormat.h"
 #include "core/Printable.h"
+
+#include <algorithm>
 
 namespace tessary {
 
@@ -17,6 +20,10 @@ TransferListModel::TransferListModel(TransferViewModel& transfers, QObject* pare
     connect(&transfers, &TransferViewModel::jobsRemoved, this, [this] { endRemoveRows(); });
     connect(&transfers, &TransferViewModel::jobChanged, this,
             [this](int row) { Q_EMIT dataChanged(index(row), index(row)); });
+    connect(&LanguageManager::shared(), &LanguageManager::languageChanged, this, [this] {
+        if (const int rows = rowCount(); rows > 0)
+            Q_EMIT dataChanged(index(0), index(rows - 1));
+    });
 }
 
 int TransferListModel::rowCount(const QModelIndex& parent) const {
@@ -41,7 +48,7 @@ QVariant TransferListModel::data(const QModelIndex& index, int role) const {
     case Qt::ToolTipRole:
         return QStringLiteral("%1\n→ %2%3")
             .arg(printable(job->sourcePath), printable(job->destinationPath),
-                 job->advice.isEmpty() ? QString() : QLatin1Char('\n') + job->advice);
+                 job->advice.isEmpty() ? QString() : QLatin1Char('\n') + tessary::tr(job->advice));
     case Qt::AccessibleTextRole:
         return QStringLiteral("%1 %2, %3")
             .arg(tessary::tr(rawValue(job->type)), printable(job->name), transferDetail(*job));
@@ -53,8 +60,9 @@ QVariant TransferListModel::data(const QModelIndex& index, int role) const {
 QString transferDetail(const TransferJob& job) {
     using Status = TransferJob::TransferStatus;
     if (job.status == Status::failed)
-        return printable(job.error.value_or(QString()) +
-                         (job.advice.isEmpty() ? QString() : QLatin1Char(' ') + job.advice));
+        return printable(
+            trMessage(job.error.value_or(QString())) +
+            (job.advice.isEmpty() ? QString() : QLatin1Char(' ') + tessary::tr(job.advice)));
     if (job.status == Status::completed)
         return QStringLiteral("%1  ·  %2")
             .arg(tessary::tr(rawValue(job.status)), formatBytes(job.progress.totalBytes));
@@ -64,7 +72,10 @@ QString transferDetail(const TransferJob& job) {
         return tessary::tr("Finishing: the phone is still storing the file");
     QString text = job.progress.bytesDescription();
     if (job.progress.totalFiles > 1)
-        text += QStringLiteral("  ·  ") + job.progress.fileCountDescription();
+        text += QStringLiteral("  ·  ") +
+                tessary::tr("%1/%2 files")
+                    .arg(std::min(job.progress.completedFiles, job.progress.totalFiles))
+                    .arg(job.progress.totalFiles);
     if (job.bytesPerSecond >= 1)
         text +=
             QStringLiteral("  ·  %1/s").arg(formatBytes(static_cast<qint64>(job.bytesPerSecond)));

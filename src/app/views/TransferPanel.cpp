@@ -1,5 +1,6 @@
 #include "app/views/TransferPanel.h"
 
+#include "app/LanguageManager.h"
 #include "app/Translations.h"
 #include "app/views/TransferDelegate.h"
 #include "core/ByteFormat.h"
@@ -34,11 +35,11 @@ TransferPanel::TransferPanel(TransferViewModel& transfers, QWidget* parent)
       transfers_(transfers),
       model_(transfers),
       title_(new QLabel),
-      cancelAll_(new QPushButton(tessary::tr("Cancel All"))),
-      clear_(new QPushButton(tessary::tr("Clear Finished"))),
+      cancelAll_(new QPushButton),
+      clear_(new QPushButton),
       list_(new QListView) {
     setObjectName(QStringLiteral("transferPanel"));
-    auto* heading = new QLabel(tessary::tr("Transfers"));
+    auto* heading = new QLabel;
     QFont bold = heading->font();
     bold.setWeight(QFont::DemiBold);
     heading->setFont(bold);
@@ -46,7 +47,6 @@ TransferPanel::TransferPanel(TransferViewModel& transfers, QWidget* parent)
     title_->setObjectName(QStringLiteral("transferSummary"));
 
     list_->setObjectName(QStringLiteral("transferList"));
-    list_->setAccessibleName(tessary::tr("Transfers"));
     list_->setModel(&model_);
     list_->setItemDelegate(new TransferDelegate(
         [this](const QModelIndex& index) {
@@ -79,7 +79,13 @@ TransferPanel::TransferPanel(TransferViewModel& transfers, QWidget* parent)
     column->setSpacing(0);
     column->addLayout(header);
     column->addWidget(list_, 1);
-    showSummary();
+    keepTranslated(this, [this, heading] {
+        heading->setText(tessary::tr("Transfers"));
+        list_->setAccessibleName(tessary::tr("Transfers"));
+        cancelAll_->setText(tessary::tr("Cancel All"));
+        clear_->setText(tessary::tr("Clear Finished"));
+        showSummary();
+    });
 }
 
 void TransferPanel::showSummary() {

@@ -1,5 +1,6 @@
 #include "app/views/WelcomeView.h"
 
+#include "app/LanguageManager.h"
 #include "app/Translations.h"
 #include "app/views/Icons.h"
 
@@ -12,31 +13,38 @@ namespace tessary {
 
 namespace {
 
-QLabel* label(const QString& text, double scale, QFont::Weight weight) {
-    auto* result = new QLabel(text);
-    QFont font = result->font();
+/// Gives a label a font that differs from the window's.
+QLabel* styled(QLabel* label, double scale, QFont::Weight weight) {
+    QFont font = label->font();
     font.setPointSizeF(font.pointSizeF() * scale);
     font.setWeight(weight);
-    result->setFont(font);
-    result->setWordWrap(true);
-    return result;
+    label->setFont(font);
+    return label;
+}
+
+/// A label with the text of a key of tr().
+QLabel* translated(const char* key, double scale, QFont::Weight weight) {
+    auto* label = styled(new QLabel, scale, weight);
+    label->setWordWrap(true);
+    keepTranslated(label, [label, key] { label->setText(tessary::tr(key)); });
+    return label;
 }
 
 /// "1  Plug the phone in", with what to know about it below.
-QWidget* step(int number, const QString& title, const QString& detail) {
+QWidget* step(int number, const char* titleKey, const char* detailKey) {
     auto* row = new QWidget;
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(14);
-    auto* badge = label(QString::number(number), 1.1, QFont::Bold);
+    auto* badge = styled(new QLabel(QString::number(number)), 1.1, QFont::Bold);
     badge->setAlignment(Qt::AlignCenter);
     badge->setFixedSize(30, 30);
     badge->setStyleSheet(QStringLiteral(
         "background: palette(highlight); color: palette(highlighted-text); border-radius: 15px;"));
     auto* texts = new QVBoxLayout;
     texts->setSpacing(1);
-    texts->addWidget(label(title, 1.05, QFont::DemiBold));
-    texts->addWidget(label(detail, 1.0, QFont::Normal));
+    texts->addWidget(translated(titleKey, 1.05, QFont::DemiBold));
+    texts->addWidget(translated(detailKey, 1.0, QFont::Normal));
     layout->addWidget(badge, 0, Qt::AlignTop);
     layout->addLayout(texts, 1);
     return row;
@@ -49,13 +57,16 @@ WelcomeView::WelcomeView(std::function<void()> startDemo, QWidget* parent) : QWi
     auto* picture = new QLabel;
     picture->setPixmap(icon("smartphone").pixmap(96, 96));
     picture->setAlignment(Qt::AlignCenter);
-    auto* title = label(tessary::tr("Connect a phone"), 1.8, QFont::DemiBold);
+    auto* title = translated("Connect a phone", 1.8, QFont::DemiBold);
     title->setAlignment(Qt::AlignCenter);
 
-    auto* demo = new QPushButton(tessary::tr("Try It with a Virtual Phone"));
+    auto* demo = new QPushButton;
     demo->setObjectName(QStringLiteral("startDemo"));
-    demo->setToolTip(
-        tessary::tr("Starts Tessary again with two virtual phones, which hold sample files"));
+    keepTranslated(demo, [demo] {
+        demo->setText(tessary::tr("Try It with a Virtual Phone"));
+        demo->setToolTip(
+            tessary::tr("Starts Tessary again with two virtual phones, which hold sample files"));
+    });
     connect(demo, &QPushButton::clicked, this, [run = std::move(startDemo)] { run(); });
 
     auto* column = new QWidget;
@@ -65,14 +76,11 @@ WelcomeView::WelcomeView(std::function<void()> startDemo, QWidget* parent) : QWi
     content->addWidget(picture);
     content->addWidget(title);
     content->addSpacing(4);
-    content->addWidget(step(1, tessary::tr("Plug it in"),
-                            tessary::tr("Use a cable that carries data: some only charge.")));
-    content->addWidget(step(2, tessary::tr("Unlock it"),
-                            tessary::tr("A locked phone shows nothing of its storage.")));
+    content->addWidget(step(1, "Plug it in", "Use a cable that carries data: some only charge."));
+    content->addWidget(step(2, "Unlock it", "A locked phone shows nothing of its storage."));
     content->addWidget(
-        step(3, tessary::tr("Choose “File transfer” on it"),
-             tessary::tr("Android asks in a notification that says “Charging this device "
-                         "via USB”.")));
+        step(3, "Choose “File transfer” on it",
+             "Android asks in a notification that says “Charging this device via USB”."));
     content->addSpacing(8);
     content->addWidget(demo, 0, Qt::AlignCenter);
 

@@ -1,0 +1,40 @@
+#pragma once
+
+class QAction;
+class QToolButton;
+class QWidget;
+
+namespace tessary {
+
+/// The commands of the browser, for menus and toolbars. Their texts and tool tips follow the
+/// interface's language, their state the browser.
+struct BrowserActions {
+    /// Makes them as children of `owner`, to whose window their keys belong.
+    explicit BrowserActions(QWidget& owner);
+
+    QAction* back;
+    QAction* forward;
+    QAction* up;
+    QAction* reload;
+    QAction* open;
+    QAction* newFolder;
+    QAction* rename;
+    QAction* remove;
+    QAction* download;
+    QAction* uploadFiles;
+    QAction* uploadFolder;
+    QAction* selectAll;
+    QAction* find;
+    QAction* asList;
+    QAction* asGrid;
+    QAction* favorite;
+    QAction* apps; ///< back to the apps of an iPhone
+    QAction* sync;
+    QAction* quickLook;
+    QAction* properties;
+};
+
+/// A toolbar button for a command, which has its name for those who do not see the icon.
+[[nodiscard]] QToolButton* makeToolButton(QAction& action);
+
+} // namespace tessary

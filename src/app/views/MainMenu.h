@@ -1,0 +1,20 @@
+#pragma once
+
+#include "app/views/BrowserActions.h"
+
+#include <functional>
+
+class QMenuBar;
+
+namespace tessary {
+
+/// What the menus do besides the browser's commands.
+struct MainMenuWishes {
+    std::function<void()> showSettings;
+    std::function<void()> quit;
+};
+
+/// Fills the main window's menus; their texts follow the interface's language.
+void makeMainMenus(QMenuBar& bar, const BrowserActions& actions, const MainMenuWishes& wishes);
+
+} // namespace tessary

@@ -1,0 +1,209 @@
+#include "WindowFixture.h"
+#include "app/Translations.h"
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QProgressBar>
+#include <QTabWidget>
+
+namespace tessary {
+namespace {
+
+/// Every text of a window that can be seen or heard.
+QStringList textsOf(const QWidget& window) {
+    QStringList texts{window.windowTitle()};
+    for (const QAction* action : window.findChildren<QAction*>())
+        texts << action->text() << action->toolTip();
+    for (const QWidget* widget : window.findChildren<QWidget*>()) {
+        if (const auto* menu = qobject_cast<const QMenu*>(widget))
+            texts << menu->title();
+        if (!widget->isVisible())
+            continue;
+        texts << widget->accessibleName() << widget->toolTip();
+        if (const auto* label = qobject_cast<const QLabel*>(widget))
+            texts << label->text();
+        if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
+            texts << button->text();
+        if (const auto* line = qobject_cast<const QLineEdit*>(widget))
+            texts << line->placeholderText();
+        if (const auto* tabs = qobject_cast<const QTabWidget*>(widget))
+            for (int i = 0; i < tabs->count(); ++i)
+                texts << tabs->tabText(i);
+        if (const auto* header = qobject_cast<const QHeaderView*>(widget))
+            for (int i = 0; i < header->count(); ++i)
+                texts << header->model()->headerData(i, Qt::Horizontal).toString();
+        if (const auto* view = qobject_cast<const QAbstractItemView*>(widget);
+            view != nullptr && view->model() != nullptr)
+            for (int row = 0; row < view->model()->rowCount(); ++row)
+                for (int column = 0; column < view->model()->columnCount(); ++column)
+                    texts << view->model()->index(row, column).data().toString();
+    }
+    return texts;
+}
+
+/// Which of these texts are English although the language has others for them.
+QStringList leftInEnglish(const QStringList& texts, AppLanguage language) {
+    const auto& english = Translations::dictionary().at(AppLanguage::en);
+    const auto& translated = Translations::dictionary().at(language);
+    QSet<QString> fine;
+    QSet<QString> wrong;
+    for (auto row = english.cbegin(); row != english.cend(); ++row)
+        (translated.value(row.key()) == *row ? fine : wrong).insert(*row);
+    QStringList left;
+    for (const QString& text : texts)
+        if (wrong.contains(text) && !fine.contains(text))
+            left.append(text);
+    return left;
+}
+
+class SettingsTest : public WindowFixture {
+protected:
+    [[nodiscard]] QWidget* settings() const {
+        return window_->findChild<QWidget*>(QStringLiteral("settingsWindow"));
+    }
+    void openSettings() {
+        press(Qt::Key_Comma, Qt::ControlModifier);
+        ASSERT_TRUE(wait([this] { return settings() != nullptr && settings()->isVisible(); }));
+        settings()->activateWindow();
+        ASSERT_TRUE(wait([this] { return QApplication::activeWindow() == settings(); }));
+    }
+    /// Walks to a control of the settings with the Tab key.
+    void tabTo(const char* name) {
+        const auto* target = settings()->findChild<QWidget*>(QString::fromLatin1(name));
+        ASSERT_NE(target, nullptr) << name;
+        std::string passed;
+        for (int i = 0; i < 20 && QApplication::focusWidget() != target; ++i) {
+            if (const QWidget* focus = QApplication::focusWidget())
+                passed += std::string(" ") + focus->metaObject()->className();
+            press(Qt::Key_Tab);
+        }
+        ASSERT_EQ(QApplication::focusWidget(), target) << name << " after" << passed;
+    }
+    void chooseGerman() {
+        openSettings();
+        tabTo("language");
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("Deu"));
+        EXPECT_EQ(app_->languageManager().selectedLanguage(), AppLanguage::de);
+    }
+    [[nodiscard]] QTabWidget& tabs() const {
+        return *settings()->findChild<QTabWidget*>();
+    }
+};
+
+TEST_F(SettingsTest, choosingALanguageChangesTheOpenWindowsAtOnce) {
+    openFolder();
+    click(QStringLiteral("alpha.txt"));
+    press(Qt::Key_D, Qt::ControlModifier);
+    ASSERT_TRUE(wait([this] { return !local_.read(QStringLiteral("alpha.txt")).isNull(); }));
+    ASSERT_TRUE(wait([this] { return window_->transfers().summary().isIdle(); }));
+    const QAbstractItemModel& files = *table().model();
+    EXPECT_EQ(files.headerData(1, Qt::Horizontal).toString(), QStringLiteral("Size"));
+    chooseGerman();
+    EXPECT_EQ(settings()->windowTitle(), QStringLiteral("Einstellungen"));
+    EXPECT_EQ(files.headerData(1, Qt::Horizontal).toString(), QStringLiteral("Größe"));
+    EXPECT_EQ(window_->menuBar()->actions().constFirst()->text(), QStringLiteral("Datei"));
+    EXPECT_EQ(files.index(row(QStringLiteral("Trip")).row(), 3).data(), QStringLiteral("Ordner"));
+    EXPECT_EQ(window_->locale().language(), QLocale::German);
+    EXPECT_THAT(leftInEnglish(textsOf(*window_), AppLanguage::de), testing::IsEmpty());
+    for (int i = 0; i < tabs().count(); ++i) {
+        tabs().setCurrentIndex(i);
+        EXPECT_THAT(leftInEnglish(textsOf(*settings()), AppLanguage::de), testing::IsEmpty());
+    }
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(wait([this] { return !settings()->isVisible(); }));
+}
+
+TEST_F(SettingsTest, theLanguageReachesWhatIsShownWithoutAPhone) {
+    phone_.android.unplug();
+    ASSERT_TRUE(wait([this] {
+        return window_->findChild<QWidget*>(QStringLiteral("welcomeView"))->isVisible();
+    }));
+    chooseGerman();
+    EXPECT_THAT(leftInEnglish(textsOf(*window_), AppLanguage::de), testing::IsEmpty());
+}
+
+TEST_F(SettingsTest, failuresAreToldInTheLanguage) {
+    chooseGerman();
+    press(Qt::Key_Escape);
+    phone_.android.setLocked(true);
+    EXPECT_TRUE(wait([this] {
+        return textsOf(*window_).contains(QStringLiteral("Dieses Telefon ist gesperrt"));
+    }));
+    EXPECT_THAT(leftInEnglish(textsOf(*window_), AppLanguage::de), testing::IsEmpty());
+    VirtualOpenFaults held;
+    held.interfaceOpen = held.interfaceSeize = usb::exclusiveAccess;
+    bus_.setOpenFaults(phone_.info.usbLocation, held);
+    bus_.setProgramsHolding(phone_.info.usbLocation, {QStringLiteral("gvfsd-mtp (process 7)")});
+    EXPECT_TRUE(wait([this] {
+        return textsOf(*window_).contains(
+            QStringLiteral("gvfsd-mtp (process 7) benutzt das Telefon."));
+    }));
+    EXPECT_THAT(leftInEnglish(textsOf(*window_), AppLanguage::de), testing::IsEmpty());
+}
+
+TEST_F(SettingsTest, theSilentUpdateCheckIsSwitchedByTheKeyboard) {
+    openSettings();
+    tabs().setCurrentIndex(2);
+    EXPECT_TRUE(app_->updateChecker().checksAutomatically());
+    tabTo("autoCheck");
+    press(Qt::Key_Space);
+    EXPECT_FALSE(app_->updateChecker().checksAutomatically());
+}
+
+/// Controls without a name for those who do not see them.
+QStringList namelessIn(const QWidget& window) {
+    QStringList nameless;
+    for (QWidget* widget : window.findChildren<QWidget*>()) {
+        const bool isControl = widget->focusPolicy() != Qt::NoFocus ||
+                               qobject_cast<QAbstractButton*>(widget) != nullptr ||
+                               qobject_cast<QProgressBar*>(widget) != nullptr ||
+                               qobject_cast<QComboBox*>(widget) != nullptr;
+        if (!widget->isVisible() || !isControl || widget->window() != &window)
+            continue;
+        const QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(widget);
+        if (spoken == nullptr || spoken->text(QAccessible::Name).isEmpty())
+            nameless.append(QStringLiteral("%1 \"%2\" in %3")
+                                .arg(QString::fromLatin1(widget->metaObject()->className()),
+                                     widget->objectName(), widget->parentWidget()->objectName()));
+    }
+    return nameless;
+}
+
+TEST_F(SettingsTest, everyControlHasAnAccessibleName) {
+    app_->favoritesManager().toggleFavorite(phone_.info.udid, QStringLiteral("Camera"),
+                                            QStringLiteral("/sdcard/DCIM"));
+    openFolder();
+    window_->browser().setSearchText(QStringLiteral("alpha")); // shows the field's button
+    click(QStringLiteral("alpha.txt"));
+    press(Qt::Key_D, Qt::ControlModifier);
+    ASSERT_TRUE(wait([this] { return !window_->transfers().jobs().empty(); }));
+    EXPECT_THAT(namelessIn(*window_), testing::IsEmpty());
+    press(Qt::Key_2, Qt::ControlModifier);
+    window_->browser().setSearchText(QStringLiteral("no such name"));
+    EXPECT_THAT(namelessIn(*window_), testing::IsEmpty());
+    SyncPair pair;
+    pair.deviceUDID = phone_.info.udid;
+    pair.deviceName = pair.appName = QStringLiteral("Phone");
+    pair.localFolderPath = local_.path();
+    app_->syncManager().addSyncPair(pair);
+    openSettings();
+    for (int i = 0; i < tabs().count(); ++i) {
+        tabs().setCurrentIndex(i);
+        EXPECT_THAT(namelessIn(*settings()), testing::IsEmpty()) << "tab " << i;
+    }
+    settings()->close();
+    phone_.android.unplug();
+    ASSERT_TRUE(wait([this] {
+        return window_->findChild<QWidget*>(QStringLiteral("welcomeView"))->isVisible();
+    }));
+    EXPECT_THAT(namelessIn(*window_), testing::IsEmpty());
+}
+
+} // namespace
+} // namespace tessary

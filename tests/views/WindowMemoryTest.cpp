@@ -1,0 +1,92 @@
+#include "app/views/WindowMemory.h"
+#include "WindowFixture.h"
+
+#include <QHeaderView>
+#include <QJsonArray>
+#include <QJsonObject>
+
+namespace tessary {
+namespace {
+
+class WindowMemoryTest : public WindowFixture {
+protected:
+    /// Closes the window and opens one on the same settings.
+    void openAnew() {
+        window_.reset();
+        window_ = std::make_unique<MainWindow>(*app_, dialogs());
+        window_->show();
+        window_->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get(), windowPatience));
+        ASSERT_TRUE(wait([this] { return isShown(QStringLiteral("DCIM")); }));
+    }
+};
+
+TEST_F(WindowMemoryTest, theNextWindowIsLikeTheLast) {
+    window_->resize(900, 600);
+    table().header()->resizeSection(FileListModel::dateColumn, 222);
+    QTest::mouseClick(
+        table().header()->viewport(), Qt::LeftButton, {},
+        {table().header()->sectionViewportPosition(FileListModel::dateColumn) + 20, 8});
+    press(Qt::Key_2, Qt::ControlModifier);
+    const FileSortOrder order = window_->browser().sortOrder();
+    ASSERT_EQ(order.front().field, FileField::modified);
+    openAnew();
+    EXPECT_EQ(window_->size(), QSize(900, 600));
+    EXPECT_EQ(table().header()->sectionSize(FileListModel::dateColumn), 222);
+    EXPECT_EQ(table().header()->sortIndicatorSection(), FileListModel::dateColumn);
+    EXPECT_EQ(window_->browser().sortOrder(), order);
+    EXPECT_EQ(window_->browser().viewMode(), ViewMode::grid);
+}
+
+TEST_F(WindowMemoryTest, eachDeviceIsShownInItsOwnWay) {
+    press(Qt::Key_2, Qt::ControlModifier);
+    QJsonArray devices = app_->defaults().value(WindowMemory::devicesKey).toArray();
+    ASSERT_EQ(devices.size(), 1);
+    QJsonObject other = devices[0].toObject();
+    other[QStringLiteral("device")] = QStringLiteral("another phone");
+    app_->defaults().setValue(WindowMemory::devicesKey, QJsonArray{other});
+    openAnew();
+    EXPECT_EQ(window_->browser().viewMode(), ViewMode::list);
+    press(Qt::Key_2, Qt::ControlModifier);
+    EXPECT_EQ(app_->defaults().value(WindowMemory::devicesKey).toArray().size(), 2);
+}
+
+TEST_F(WindowMemoryTest, nonsenseInTheSettingsLeavesAUsableWindow) {
+    const QJsonValue nonsense[] = {
+        QJsonObject{{QStringLiteral("width"), -5},
+                    {QStringLiteral("height"), 1e300},
+                    {QStringLiteral("sidebar"), 2'000'000'000},
+                    {QStringLiteral("columns"), QJsonArray{-3, 1e9, QStringLiteral("wide")}}},
+        QJsonObject{{QStringLiteral("width"), 999'999}, {QStringLiteral("height"), 999'999}},
+        QJsonArray{1, 2}, QStringLiteral("window")};
+    for (const QJsonValue& value : nonsense) {
+        window_.reset();
+        app_->defaults().setValue(WindowMemory::windowKey, value);
+        app_->defaults().setValue(
+            WindowMemory::devicesKey,
+            QJsonArray{QJsonObject{{QStringLiteral("device"), phone_.info.udid},
+                                   {QStringLiteral("column"), 77}},
+                       5});
+        openAnew();
+        EXPECT_LE(window_->width(), 1400);
+        EXPECT_GE(window_->width(), window_->minimumWidth());
+        EXPECT_GE(table().width(), 300);
+        press(Qt::Key_2, Qt::ControlModifier);
+        EXPECT_EQ(window_->browser().viewMode(), ViewMode::grid);
+    }
+}
+
+TEST_F(WindowMemoryTest, switchedOffItForgets) {
+    auto* memory = window_->findChild<QObject*>(QStringLiteral("windowMemory"));
+    ASSERT_NE(memory, nullptr);
+    press(Qt::Key_2, Qt::ControlModifier);
+    static_cast<WindowMemory*>(memory)->setOn(false);
+    window_->resize(900, 600);
+    openAnew();
+    EXPECT_NE(window_->width(), 900);
+    EXPECT_EQ(window_->browser().viewMode(), ViewMode::list);
+    EXPECT_TRUE(app_->defaults().value(WindowMemory::devicesKey).isUndefined());
+}
+
+} // namespace
+} // namespace tessary
