@@ -436,6 +436,7 @@ constexpr std::array rows{
     TranslationRow{"\"%1\" is already there.", "“%1” já está lá."},
     TranslationRow{"The documents of an app cannot be deleted as a whole.", "Os documentos de um app não podem ser apagados em bloco."},
     TranslationRow{"\"%1\" cannot be moved into itself.", "“%1” não pode ser movido para dentro de si mesmo."},
+    TranslationRow{"The server's answer was cut off", "A resposta do servidor foi cortada"},
 };
 // clang-format on
 

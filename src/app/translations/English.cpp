@@ -436,6 +436,7 @@ constexpr std::array rows{
     TranslationRow{"\"%1\" is already there.", "\"%1\" is already there."},
     TranslationRow{"The documents of an app cannot be deleted as a whole.", "The documents of an app cannot be deleted as a whole."},
     TranslationRow{"\"%1\" cannot be moved into itself.", "\"%1\" cannot be moved into itself."},
+    TranslationRow{"The server's answer was cut off", "The server's answer was cut off"},
 };
 // clang-format on
 

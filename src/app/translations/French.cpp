@@ -436,6 +436,7 @@ constexpr std::array rows{
     TranslationRow{"\"%1\" is already there.", "« %1 » est déjà là."},
     TranslationRow{"The documents of an app cannot be deleted as a whole.", "Les documents d’une app ne peuvent pas être supprimés en bloc."},
     TranslationRow{"\"%1\" cannot be moved into itself.", "« %1 » ne peut pas être déplacé dans lui-même."},
+    TranslationRow{"The server's answer was cut off", "La réponse du serveur a été tronquée"},
 };
 // clang-format on
 

@@ -436,6 +436,7 @@ constexpr std::array rows{
     TranslationRow{"\"%1\" is already there.", "„%1“ ist schon da."},
     TranslationRow{"The documents of an app cannot be deleted as a whole.", "Die Dokumente einer App lassen sich nicht als Ganzes löschen."},
     TranslationRow{"\"%1\" cannot be moved into itself.", "„%1“ kann nicht in sich selbst verschoben werden."},
+    TranslationRow{"The server's answer was cut off", "Die Antwort des Servers wurde abgeschnitten"},
 };
 // clang-format on
 

@@ -436,6 +436,7 @@ constexpr std::array rows{
     TranslationRow{"\"%1\" is already there.", "«%1» è già lì."},
     TranslationRow{"The documents of an app cannot be deleted as a whole.", "I documenti di un’app non si possono eliminare in blocco."},
     TranslationRow{"\"%1\" cannot be moved into itself.", "«%1» non può essere spostato dentro se stesso."},
+    TranslationRow{"The server's answer was cut off", "La risposta del server è stata troncata"},
 };
 // clang-format on
 

@@ -436,6 +436,7 @@ constexpr std::array rows{
     TranslationRow{"\"%1\" is already there.", "「%1」はすでにあります。"},
     TranslationRow{"The documents of an app cannot be deleted as a whole.", "アプリの書類をまとめて削除することはできません。"},
     TranslationRow{"\"%1\" cannot be moved into itself.", "「%1」をそれ自身の中に移動できません。"},
+    TranslationRow{"The server's answer was cut off", "サーバーの応答が途中で切れました"},
 };
 // clang-format on
 

@@ -436,6 +436,7 @@ constexpr std::array rows{
     TranslationRow{"\"%1\" is already there.", "‘%1’이(가) 이미 있습니다."},
     TranslationRow{"The documents of an app cannot be deleted as a whole.", "앱의 문서를 통째로 삭제할 수 없습니다."},
     TranslationRow{"\"%1\" cannot be moved into itself.", "‘%1’을(를) 그 자신 안으로 옮길 수 없습니다."},
+    TranslationRow{"The server's answer was cut off", "서버의 응답이 중간에 끊겼습니다"},
 };
 // clang-format on
 

@@ -436,6 +436,7 @@ constexpr std::array rows{
     TranslationRow{"\"%1\" is already there.", "“%1”已存在。"},
     TranslationRow{"The documents of an app cannot be deleted as a whole.", "无法整体删除 App 的文稿。"},
     TranslationRow{"\"%1\" cannot be moved into itself.", "无法将“%1”移到其自身中。"},
+    TranslationRow{"The server's answer was cut off", "服务器的响应被截断"},
 };
 // clang-format on
 

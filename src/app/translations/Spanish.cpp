@@ -436,6 +436,7 @@ constexpr std::array rows{
     TranslationRow{"\"%1\" is already there.", "«%1» ya está ahí."},
     TranslationRow{"The documents of an app cannot be deleted as a whole.", "Los documentos de una aplicación no se pueden eliminar en bloque."},
     TranslationRow{"\"%1\" cannot be moved into itself.", "«%1» no se puede mover dentro de sí mismo."},
+    TranslationRow{"The server's answer was cut off", "La respuesta del servidor se cortó"},
 };
 // clang-format on
 

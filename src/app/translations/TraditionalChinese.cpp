@@ -436,6 +436,7 @@ constexpr std::array rows{
     TranslationRow{"\"%1\" is already there.", "「%1」已存在。"},
     TranslationRow{"The documents of an app cannot be deleted as a whole.", "無法整體刪除 App 的文件。"},
     TranslationRow{"\"%1\" cannot be moved into itself.", "無法將「%1」移到其自身中。"},
+    TranslationRow{"The server's answer was cut off", "伺服器的回應被截斷"},
 };
 // clang-format on
 
