@@ -25,3 +25,12 @@ function(tessary_test name)
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES LABELS ${arg_LABEL} TIMEOUT ${arg_TIMEOUT})
 endfunction()
+
+# tessary_uses_qt_threads(<test>...)
+#
+# For tests of what Qt does on threads of its own (HTTP). Those run none of our code and hand all over
+# under mutexes that the thread sanitizer does not see: it looks at our code alone there.
+function(tessary_uses_qt_threads)
+    set_property(TEST ${ARGN} APPEND PROPERTY ENVIRONMENT_MODIFICATION
+        "TSAN_OPTIONS=string_append::ignore_interceptors_accesses=1")
+endfunction()
