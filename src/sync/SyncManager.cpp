@@ -229,10 +229,15 @@ void SyncManager::start(const Job& job) {
         if (std::exchange(latest->isPosted, true))
             return;
         MainThread::post([self, id, latest] {
-            const std::scoped_lock takeLock(latest->mutex);
-            latest->isPosted = false;
+            SyncProgress newest;
+            {
+                const std::scoped_lock takeLock(latest->mutex);
+                latest->isPosted = false;
+                newest = latest->value;
+            }
+            // Who hears of it may do anything: without the lock.
             if (self && self->running_ && self->running_->id == id)
-                self->setProgress(id, latest->value);
+                self->setProgress(id, newest);
         });
     };
     const auto run = [pair, device = *device, connect = connect_, events, confirm = job.confirm,
