@@ -15,7 +15,11 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
 #include <thread>
+#include <unistd.h>
 
 using namespace tessary;
 
@@ -23,29 +27,39 @@ namespace {
 
 using Command = CliRequest::Command;
 
-/// A stream in memory that a run writes to.
+/// A stream that a run writes to, and that another thread may read meanwhile.
 class Capture {
 public:
-    Capture() : stream_(open_memstream(&text_, &size_)) {}
     ~Capture() {
         std::fclose(stream_);
-        std::free(text_);
     }
+    Capture() = default;
     Capture(const Capture&) = delete;
     Capture& operator=(const Capture&) = delete;
 
     std::FILE* stream() {
         return stream_;
     }
-    QString text() {
-        std::fflush(stream_);
-        return QString::fromUtf8(text_, static_cast<qsizetype>(size_));
+    /// What has been written and flushed.
+    [[nodiscard]] QString text() const {
+        QByteArray bytes(1 << 20, Qt::Uninitialized);
+        const ssize_t count =
+            ::pread(fileno(stream_), bytes.data(), static_cast<std::size_t>(bytes.size()), 0);
+        return QString::fromUtf8(bytes.left(std::max<qsizetype>(count, 0)));
+    }
+    [[nodiscard]] bool eventuallyHolds(const char* part) const {
+        using namespace std::chrono_literals;
+        const auto end = std::chrono::steady_clock::now() + 20s;
+        while (!text().contains(QLatin1StringView(part))) {
+            if (std::chrono::steady_clock::now() > end)
+                return false;
+            std::this_thread::sleep_for(5ms);
+        }
+        return true;
     }
 
 private:
-    char* text_ = nullptr;
-    std::size_t size_ = 0;
-    std::FILE* stream_;
+    std::FILE* const stream_ = std::tmpfile();
 };
 
 struct Result {
@@ -115,6 +129,9 @@ protected:
     }
     Result run(const CliRequest& request, const std::stop_token& stop = {}) {
         Capture out;
+        return run(request, stop, out);
+    }
+    Result run(const CliRequest& request, const std::stop_token& stop, Capture& out) {
         Capture error;
         CliRunner runner(bus_, files_, defaults_, out.stream(), error.stream());
         CliRunner::ExitStatus status = CliRunner::failed;
@@ -126,6 +143,8 @@ protected:
         });
         loop.exec();
         work.join();
+        std::fflush(out.stream());
+        std::fflush(error.stream());
         return {status, out.text(), error.text()};
     }
 
@@ -168,20 +187,19 @@ TEST_F(CliRunnerTest, phoneThatCannotBeOpenedIsListedWithTheReason) {
 }
 
 TEST_F(CliRunnerTest, watchPrintsWhatHappensUntilItIsInterrupted) {
-    using namespace std::chrono_literals;
     std::stop_source stop;
+    Capture out;
     std::jthread user([&] {
-        const auto sessions = [this] {
-            return phone_.requestCount(MTPOperationCode::closeSession);
-        };
-        while (sessions() == 0)
-            std::this_thread::sleep_for(10ms);
-        std::this_thread::sleep_for(200ms);
+        EXPECT_TRUE(out.eventuallyHolds("changed"));
         phone_.unplug();
-        std::this_thread::sleep_for(200ms);
+        EXPECT_TRUE(out.eventuallyHolds("detached"));
         stop.request_stop();
     });
-    const Result result = run(Command::watch, {}, {}, true, stop.get_token());
+    CliRequest request;
+    request.command = Command::watch;
+    request.device = device_;
+    request.json = true;
+    const Result result = run(request, stop.get_token(), out);
     EXPECT_EQ(result.status, CliRunner::interrupted);
     QStringList events;
     for (const QString& line : result.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {

@@ -85,10 +85,10 @@ TEST(SerialQueue, workThatHasNotBegunNeverRunsOnceItsCallerIsStopped) {
 
 TEST(SerialQueue, silenceEndsTheWaitAndSignsOfLifeProlongIt) {
     Hang hang; // outlives the queue, whose thread waits for it
-    SerialQueue queue("test", shortPatience);
+    SerialQueue queue("test", {20ms, 800ms});
     EXPECT_EQ(queue.run([beat = queue.pulse()] {
         for (int i = 0; i < 10; ++i) {
-            std::this_thread::sleep_for(30ms);
+            std::this_thread::sleep_for(100ms);
             beat();
         }
         return 1;

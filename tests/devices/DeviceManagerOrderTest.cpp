@@ -244,7 +244,7 @@ TEST_F(DeviceManagerOrderTest, endingAWatchDoesNotHoldUpTheMainThread) {
     manager_->stopListening();
     manager_->startListening();
     manager_.reset();
-    EXPECT_LT(std::chrono::steady_clock::now() - start, 1s);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 10s);
 }
 
 } // namespace

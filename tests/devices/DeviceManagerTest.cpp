@@ -188,14 +188,14 @@ TEST_F(DeviceManagerTest, hangingPhoneDelaysNeitherAnotherNorTheMainThread) {
     });
     pulse.start(5ms);
     manager_->startListening();
-    ASSERT_TRUE(eventually([&] { return hasDetails("B"); }, 3s));
-    EXPECT_FALSE(hasDetails("A"));
+    ASSERT_TRUE(eventually([&] { return hasDetails("B"); }));
+    EXPECT_FALSE(hasDetails("A") || trouble("A")) << "B waited until A's time was up";
     sound.android.setBattery(55);
-    EXPECT_TRUE(eventually([&] { return device("B")->batteryLevel == 55; }, 8s));
+    EXPECT_TRUE(eventually([&] { return device("B")->batteryLevel == 55; }));
     ASSERT_TRUE(eventually([&] { return trouble("A").has_value(); }, 40s));
     EXPECT_EQ(trouble("A")->kind, DeviceTrouble::Kind::notAnswering);
     EXPECT_FALSE(trouble("A")->advice.isEmpty());
-    EXPECT_LT(longest, 1s) << "a wait for the phone takes five";
+    EXPECT_LT(longest, 3s) << "a wait for the phone takes five";
 
     hang(silent, false);
     silent.android.unplug();

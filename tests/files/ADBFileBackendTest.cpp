@@ -169,7 +169,7 @@ TEST_F(ADBFileBackendTest, foldersTravelWholeWithTrueProgress) {
     EXPECT_EQ(disk_.read(u"back/big"_s), "old");
 }
 
-TEST_F(ADBFileBackendTest, cancelledCopyEndsWithinASecondAndLeavesNothing) {
+TEST_F(ADBFileBackendTest, cancelledCopyEndsSoonAndLeavesNothing) {
     adbd_->faults().update([](AdbdFaults& faults) { faults.megabytesPerSecond = 2; });
     write(u"big"_s, manyBytes(20'000'000));
     disk_.write(u"target"_s, "old");
@@ -184,7 +184,7 @@ TEST_F(ADBFileBackendTest, cancelledCopyEndsWithinASecondAndLeavesNothing) {
             stop.request_stop();
         });
         EXPECT_THROW(work(stop.get_token()), CancellationError);
-        EXPECT_LT(std::chrono::steady_clock::now() - asked, 1s);
+        EXPECT_LT(std::chrono::steady_clock::now() - asked, 5s);
         EXPECT_EQ(children(), 1) << "adb's server alone";
     };
     cancelled([&](const std::stop_token& stop) {

@@ -324,7 +324,7 @@ TEST_F(DeviceFileServiceTest, stagedCopyIsTheItemsOwnAndIsMadeOnce) {
 
 TEST_F(DeviceFileServiceTest, stagingReturnsInTimeAndEndsWithTheService) {
     const Environment temporary("TMPDIR", local_.makeFolder(QStringLiteral("tmp")));
-    phone().write(QStringLiteral("big"), QByteArray(8'000'000, 'b'));
+    phone().write(QStringLiteral("big"), QByteArray(30'000'000, 'b'));
     const FileItem big = item("/big");
     phone().fault([](VirtualFaults& faults) { faults.megabytesPerSecond = 1; });
     const auto start = std::chrono::steady_clock::now();
@@ -334,10 +334,10 @@ TEST_F(DeviceFileServiceTest, stagingReturnsInTimeAndEndsWithTheService) {
         path = service.stageItemForDrag(big, phone().info);
         const auto waited = std::chrono::steady_clock::now() - start;
         EXPECT_GE(waited, 1900ms);
-        EXPECT_LT(waited, 3s);
+        EXPECT_LT(waited, 10s);
         EXPECT_FALSE(QFileInfo::exists(path));
     }
-    EXPECT_LT(std::chrono::steady_clock::now() - start, 5s);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 20s);
     EXPECT_FALSE(QFileInfo::exists(path));
     FileItem evil = big;
     evil.name = QStringLiteral("..");

@@ -30,7 +30,7 @@ protected:
     /// Waits until somebody waits for the lane, which must be busy.
     void awaitWaiter() {
         // A guest or a user that waits is all that keeps polls out of a free lane.
-        std::this_thread::sleep_for(20ms);
+        std::this_thread::sleep_for(100ms);
     }
 
     const std::shared_ptr<DeviceLane> lane_ = std::make_shared<DeviceLane>();

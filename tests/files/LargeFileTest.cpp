@@ -1,3 +1,4 @@
+#include "core/CancellationError.h"
 #include "support/FileServiceFixture.h"
 
 namespace tessary {
@@ -22,26 +23,37 @@ protected:
     }
 };
 
-TEST_F(LargeFileTest, moreThanFourGigabytesComeWholeHoweverThePhoneTellsTheSize) {
+TEST_F(LargeFileTest, moreThanFourGigabytesComeWhole) {
     mark(phone().disk.writeSparse(QStringLiteral("0/D/film"), size));
-    for (const bool cutsSizes : {false, true}) {
-        const char* trace = cutsSizes ? "size cut to 32 bits" : "size beyond 32 bits";
-        phone().android.behaviour().update(
-            [&](VirtualBehaviour& behaviour) { behaviour.cutsSizesTo32Bits = cutsSizes; });
-        qint64 last = 0;
-        const TransferOutcome outcome = service_->downloadDirectory(
-            item("/D"), local_.path(), phone().info, [&](const TransferProgress& now) {
-                const qint64 done = now.completedBytes + now.currentFileBytes;
-                EXPECT_GE(done, last);
-                last = done;
-            });
-        EXPECT_TRUE(outcome.isComplete()) << trace;
-        EXPECT_EQ(outcome.progress.totalBytes, size) << trace;
-        EXPECT_EQ(last, size) << trace;
-        expectMark(local_.path(QStringLiteral("D/film")), trace);
-        QFile::remove(local_.path(QStringLiteral("D/film")));
-    }
+    qint64 last = 0;
+    const TransferOutcome outcome = service_->downloadDirectory(
+        item("/D"), local_.path(), phone().info, [&](const TransferProgress& now) {
+            const qint64 done = now.completedBytes + now.currentFileBytes;
+            EXPECT_GE(done, last);
+            last = done;
+        });
+    EXPECT_TRUE(outcome.isComplete());
+    EXPECT_EQ(outcome.progress.totalBytes, size);
+    EXPECT_EQ(last, size);
+    expectMark(local_.path(QStringLiteral("D/film")), "download");
+}
+
+TEST_F(LargeFileTest, sizeThatThePhoneCutsTo32BitsIsNotBelieved) {
+    phone().disk.writeSparse(QStringLiteral("0/D/film"), size);
+    phone().android.behaviour().update(
+        [](VirtualBehaviour& behaviour) { behaviour.cutsSizesTo32Bits = true; });
     EXPECT_EQ(list("/D")[0].size, 5'000) << "what a phone of that kind tells";
+    std::stop_source stop;
+    EXPECT_THROW((void)service_->downloadDirectory(
+                     item("/D"), local_.path(), phone().info,
+                     [&](const TransferProgress& now) {
+                         if (now.currentFileBytes < 1'000'000)
+                             return;
+                         EXPECT_EQ(now.currentFileTotal, size);
+                         stop.request_stop();
+                     },
+                     stop.get_token()),
+                 CancellationError);
 }
 
 TEST_F(LargeFileTest, moreThanFourGigabytesAreSentWhole) {

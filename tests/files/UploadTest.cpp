@@ -163,7 +163,7 @@ TEST_F(UploadTest, unpluggingAtAnyStepOfAReplacementKeepsAVersion) {
          {MTPOperationCode::setObjectPropValue, MTPOperationCode::deleteObject}) {
         phone().android.clearRequestLog();
         phone().fault([&](VirtualFaults& faults) {
-            faults.delay[static_cast<std::uint16_t>(operation)] = 200ms;
+            faults.delay[static_cast<std::uint16_t>(operation)] = 4s;
         });
         std::jthread hand([&](const std::stop_token& stop) {
             while (phone().requests(operation) == 0 && !stop.stop_requested())

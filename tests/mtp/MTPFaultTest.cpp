@@ -114,7 +114,7 @@ TEST_P(EveryOperationTest, unpluggingFailsAtOnceAndPluggingInMends) {
         const auto start = Clock::now();
         EXPECT_THAT(mtpFailureOf([&] { operation.run(client_, handle); }), HasSubstr(gone));
         EXPECT_THAT(mtpFailureOf([&] { (void)client_.getStorageIDs(); }), HasSubstr(gone));
-        EXPECT_LT(Clock::now() - start, std::chrono::milliseconds(2500));
+        EXPECT_LT(Clock::now() - start, MTPTransportProtocol::pipeTimeout);
         replug();
         EXPECT_EQ(phone_.names().size(), 200) << "nothing half done is left";
         operation.run(client_, find(client_, QStringLiteral("big")));
@@ -202,10 +202,8 @@ TEST_F(MTPFaultTest, lateAnswerIsNotTakenForTheNext) {
     phone_.fault([](VirtualFaults& faults) {
         faults.delay[0x1007] = MTPTransportProtocol::pipeTimeout + std::chrono::milliseconds(700);
     });
-    const auto start = Clock::now();
     EXPECT_EQ(mtpFailureOf([&] { (void)client_.getObjectHandles(storage, mtpRootHandle); }),
               mtpReadTimedOut);
-    EXPECT_LT(Clock::now() - start, std::chrono::milliseconds(5500));
     phone_.fault([](VirtualFaults& faults) { faults.delay.clear(); });
     EXPECT_EQ(client_.getObjectHandles(storage, folder).size(), 1U);
     expectUsable(1);

@@ -172,9 +172,8 @@ TEST_F(MTPRecoveryTest, haltedPipesAreCleared) {
 TEST_F(MTPRecoveryTest, goneDeviceIsLeftAtOnce) {
     breakUploadOff(300'000);
     bus_.unplug();
-    const auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(transport_.recover(9, MTPDataPhase::toDevice), MTPPipeState::quiet);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(100));
+    EXPECT_THAT(bus_.log, ::testing::Each(::testing::StrNe("status"))) << "nothing is waited for";
 }
 
 TEST_F(MTPRecoveryTest, lateContainersOfBrokenOffTransactionAreDropped) {

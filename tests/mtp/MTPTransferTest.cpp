@@ -257,11 +257,12 @@ TEST_F(MTPConcurrencyTest, unpluggingWakesEveryCaller) {
                 if (mtpFailureOf([&] { (void)client_.getStorageIDs(); }) != "none")
                     ++failed;
             });
-        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        while (phone_.requests(MTPOperationCode::getStorageIDs) == 0)
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
         phone_.android.unplug();
     }
     EXPECT_EQ(failed, 4);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, MTPTransportProtocol::pipeTimeout);
 }
 
 TEST_F(MTPConcurrencyTest, twoPhonesOfOneModelAreKeptApart) {

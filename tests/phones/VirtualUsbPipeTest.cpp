@@ -123,7 +123,9 @@ TEST(VirtualUsbPipe, fullPipeBlocksTheDeviceUntilTheHostReads) {
         for (int i = 0; i < 8; ++i, ++sent)
             put(pipe, patternBytes(packet), false);
     });
-    std::this_thread::sleep_for(30ms);
+    while (sent < 4)
+        std::this_thread::sleep_for(1ms);
+    std::this_thread::sleep_for(30ms); // in which a pipe without a bound would take the rest
     EXPECT_EQ(sent, 4);
     EXPECT_EQ(pipe.queuedBytes(), 4 * packet);
     Bytes buffer(8 * packet);
@@ -189,6 +191,9 @@ TEST(VirtualUsbPipe, stalledPipeRefusesWritesAndDropsWhatItHeld) {
 TEST(VirtualUsbPipe, closingWakesBothSides) {
     VirtualUsbPipe in(packet);
     VirtualUsbPipe out(packet, packet);
+    Bytes buffer(packet);
+    std::size_t transferred = 0;
+    EXPECT_EQ(out.hostWrite(patternBytes(4 * packet), transferred, soon), usb::success);
     std::jthread puller([&] {
         std::this_thread::sleep_for(20ms);
         in.close();
@@ -198,9 +203,6 @@ TEST(VirtualUsbPipe, closingWakesBothSides) {
         VirtualUsbChunk chunk;
         EXPECT_EQ(in.deviceTake(chunk), usb::noDevice);
     });
-    Bytes buffer(packet);
-    std::size_t transferred = 0;
-    EXPECT_EQ(out.hostWrite(patternBytes(4 * packet), transferred, soon), usb::success);
     EXPECT_EQ(out.hostWrite(buffer, transferred, soon), usb::noDevice);
     EXPECT_EQ(in.hostRead(buffer, transferred, soon), usb::noDevice);
 }
