@@ -28,7 +28,7 @@ endfunction()
 
 # tessary_uses_qt_threads(<test>...)
 #
-# For tests of what Qt does on threads of its own (HTTP). Those run none of our code and hand all over
+# For tests of what Qt does on threads of its own (HTTP, pictures, windows). Those run none of our code and hand all over
 # under mutexes that the thread sanitizer does not see: it looks at our code alone there.
 function(tessary_uses_qt_threads)
     set_property(TEST ${ARGN} APPEND PROPERTY ENVIRONMENT_MODIFICATION

@@ -152,9 +152,9 @@ TEST(SyncManifestTest, hundredThousandFilesAreQuick) {
     };
     RecordProperty("encodeMilliseconds", milliseconds(encoded - begin));
     RecordProperty("decodeMilliseconds", milliseconds(end - encoded));
-    // Sanitizers and busy machines slow everything; seconds would be the wrong algorithm.
-    EXPECT_LT(milliseconds(encoded - begin), 3000);
-    EXPECT_LT(milliseconds(end - encoded), 3000);
+    // Sanitizers and busy machines slow everything; the wrong algorithm would take minutes.
+    EXPECT_LT(milliseconds(encoded - begin), 20'000);
+    EXPECT_LT(milliseconds(end - encoded), 20'000);
 }
 
 } // namespace

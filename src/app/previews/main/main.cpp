@@ -31,7 +31,7 @@ void limit(Resource resource, rlim_t most) {
 void limitThisProcess() {
     limit(RLIMIT_CPU, maxCpuSeconds);
     limit(RLIMIT_CORE, 0);
-#ifndef __SANITIZE_ADDRESS__
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
     limit(RLIMIT_AS, maxMemory);
 #endif
     (void)!nice(politeness);
