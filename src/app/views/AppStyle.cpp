@@ -27,6 +27,13 @@ QSize AppStyle::sizeFromContents(ContentsType type, const QStyleOption* option, 
     }
 }
 
+int AppStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                          const QWidget* widget) const {
+    constexpr int besideTitles = 7;
+    return metric == PM_HeaderMargin ? besideTitles
+                                     : QProxyStyle::pixelMetric(metric, option, widget);
+}
+
 void setUpStyle() {
     if (QApplication::style()->name() == plainStyle)
         QApplication::setStyle(new AppStyle);

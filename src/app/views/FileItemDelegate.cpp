@@ -31,6 +31,12 @@ QString FileItemDelegate::displayText(const QVariant& value, const QLocale& loca
     return printable(QStyledItemDelegate::displayText(value, locale));
 }
 
+QSize FileItemDelegate::sizeHint(const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const {
+    constexpr int lowestRow = 32;
+    return QStyledItemDelegate::sizeHint(option, index).expandedTo({0, lowestRow});
+}
+
 void FileItemDelegate::initStyleOption(QStyleOptionViewItem* option,
                                        const QModelIndex& index) const {
     QStyledItemDelegate::initStyleOption(option, index);

@@ -18,6 +18,8 @@ public:
     }
 
     [[nodiscard]] QString displayText(const QVariant& value, const QLocale& locale) const override;
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const override;
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;
 
 protected:

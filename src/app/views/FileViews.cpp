@@ -147,11 +147,9 @@ FileTableView::FileTableView(FileBrowserViewModel& browser, FileListModel& model
     header()->setSectionResizeMode(FileListModel::nameColumn, QHeaderView::Stretch);
     header()->setHighlightSections(false);
     header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    header()->setStyleSheet(QStringLiteral("QHeaderView::section { padding: 4px 8px; }"));
     header()->resizeSection(FileListModel::sizeColumn, 110);
     header()->resizeSection(FileListModel::dateColumn, 170);
     header()->resizeSection(FileListModel::kindColumn, 130);
-    setStyleSheet(QStringLiteral("QTreeView::item { height: 32px; padding: 0 8px 0 4px; }"));
 }
 
 void FileTableView::keyboardSearch(const QString& search) {

@@ -5,6 +5,8 @@
 #include "app/views/PlaceListModel.h"
 
 #include <QLabel>
+#include <QPainter>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 namespace tessary {
@@ -13,16 +15,46 @@ namespace {
 
 constexpr int rowHeight = 28;
 
-/// A row's ground with round corners, as the devices have it.
-QString viewStyle() {
-    return QStringLiteral("QListView { background: transparent; outline: 0; }"
-                          "QListView::item { height: %1px; padding-left: 10px;"
-                          " border-radius: 6px; margin: 0 6px; }"
-                          "QListView::item:hover { background: palette(midlight); }"
-                          "QListView::item:selected { background: palette(highlight);"
-                          " color: palette(highlighted-text); }")
-        .arg(rowHeight);
-}
+/// A row with round corners, as the devices have them.
+class PlaceDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const override {
+        return {QStyledItemDelegate::sizeHint(option, index).width(), rowHeight};
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& plain,
+               const QModelIndex& index) const override {
+        constexpr int margin = 6;
+        constexpr int padding = 14;
+        constexpr int gap = 6;
+        QStyleOptionViewItem option = plain;
+        initStyleOption(&option, index);
+        const bool isSelected = (option.state & QStyle::State_Selected) != 0;
+        const bool isHovered = (option.state & QStyle::State_MouseOver) != 0;
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        if (isSelected || isHovered) {
+            QColor ground = option.palette.color(QPalette::Highlight);
+            ground.setAlphaF(isSelected ? 1.0F : 0.12F);
+            painter->setPen(Qt::NoPen);
+            painter->setBrush(ground);
+            painter->drawRoundedRect(option.rect.adjusted(margin, 0, -margin, 0), margin, margin);
+        }
+        QRect place = option.rect.adjusted(margin + padding, 0, -2 * margin, 0);
+        const int side = option.decorationSize.height();
+        option.icon.paint(painter, place.left(), place.center().y() - side / 2, side, side);
+        place.setLeft(place.left() + side + gap);
+        painter->setPen(
+            option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));
+        painter->drawText(
+            place, Qt::AlignVCenter | Qt::AlignLeft,
+            option.fontMetrics.elidedText(option.text, Qt::ElideMiddle, place.width()));
+        painter->restore();
+    }
+};
 
 } // namespace
 
@@ -50,7 +82,7 @@ PlaceList::PlaceList(const char* headingKey, PlaceListModel& model, QWidget* par
     view_->setTextElideMode(Qt::ElideMiddle);
     view_->setMouseTracking(true);
     view_->setUniformItemSizes(true);
-    view_->setStyleSheet(viewStyle());
+    view_->setItemDelegate(new PlaceDelegate(view_));
     view_->viewport()->setAutoFillBackground(false);
     hint_->setWordWrap(true);
     hint_->setForegroundRole(QPalette::PlaceholderText);

@@ -108,7 +108,7 @@ void StatusBanner::clear() {
 
 void StatusBanner::changeEvent(QEvent* event) {
     QFrame::changeEvent(event);
-    if (event->type() == QEvent::ApplicationPaletteChange)
+    if (event->type() == QEvent::PaletteChange)
         applyColours();
 }
 
@@ -117,7 +117,7 @@ void StatusBanner::applyColours() {
     const QColor ground = parentWidget() != nullptr
                               ? parentWidget()->palette().color(QPalette::Window)
                               : palette().color(QPalette::Base);
-    QPalette colours = palette();
+    QPalette colours; // of the rest the window decides
     colours.setColor(QPalette::Window, mixed(ground, colour, 0.14));
     setPalette(colours);
 }

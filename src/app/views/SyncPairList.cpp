@@ -13,6 +13,7 @@ namespace tessary {
 SyncPairList::SyncPairList(SyncViewModel& sync, QWidget* parent)
     : QWidget(parent), sync_(sync), none_(new QLabel), rows_(new QVBoxLayout) {
     none_->setWordWrap(true);
+    none_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     none_->setForegroundRole(QPalette::PlaceholderText);
     auto* content = new QWidget;
     rows_->setContentsMargins(0, 0, 0, 0);

@@ -110,7 +110,7 @@ void SyncPairRow::update() {
              !isRunning && !history.isEmpty())
         state = pair->status.kind == SyncStatus::Kind::error ? state : trHistory(history);
     state_->setText(printable(state));
-    QPalette colours = palette();
+    QPalette colours;
     if (pair->status.kind == SyncStatus::Kind::error)
         colours.setColor(QPalette::WindowText, QColor(206, 58, 58));
     state_->setPalette(colours);

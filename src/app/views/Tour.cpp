@@ -61,6 +61,9 @@ bool Tour::run() {
         browse();
         preview();
         properties();
+        settings();
+        languages();
+        dark();
         edit();
         transfer();
         sync();

@@ -46,6 +46,9 @@ private:
     void preview();
     void properties();
     void edit();
+    void settings();
+    void languages();
+    void dark();
     void transfer();
     void fail();
     void lockAndLose();
