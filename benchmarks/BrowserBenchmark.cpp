@@ -1,6 +1,7 @@
 #include "app/views/AppStyle.h"
 #include "app/views/BrowserView.h"
 #include "app/views/Icons.h"
+#include "core/Background.h"
 #include "files/FakeFileAccess.h"
 
 #include <QAbstractItemView>
