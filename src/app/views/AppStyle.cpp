@@ -27,6 +27,14 @@ QSize AppStyle::sizeFromContents(ContentsType type, const QStyleOption* option, 
     }
 }
 
+QRect AppStyle::subElementRect(SubElement element, const QStyleOption* option,
+                               const QWidget* widget) const {
+    QRect place = QProxyStyle::subElementRect(element, option, widget);
+    if (element == SE_HeaderArrow && option != nullptr)
+        place.moveCenter({place.center().x(), option->rect.center().y()});
+    return place;
+}
+
 int AppStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                           const QWidget* widget) const {
     constexpr int besideTitles = 7;

@@ -45,7 +45,7 @@ public:
         }
         QRect place = option.rect.adjusted(margin + padding, 0, -2 * margin, 0);
         const int side = option.decorationSize.height();
-        option.icon.paint(painter, place.left(), place.center().y() - side / 2, side, side);
+        option.icon.paint(painter, QRect(place.left(), place.top(), side, place.height()));
         place.setLeft(place.left() + side + gap);
         painter->setPen(
             option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));

@@ -21,7 +21,7 @@ QPalette darkPalette() {
     dark.setColor(QPalette::ToolTipBase, window);
     dark.setColor(QPalette::ToolTipText, text);
     dark.setColor(QPalette::PlaceholderText, QColor(161, 169, 177));
-    dark.setColor(QPalette::Highlight, QColor(61, 174, 233));
+    dark.setColor(QPalette::Highlight, QColor(34, 110, 160));
     dark.setColor(QPalette::HighlightedText, text);
     dark.setColor(QPalette::Link, QColor(29, 153, 243));
     for (const QPalette::ColorRole role :
