@@ -1,6 +1,7 @@
 #include "app/views/AppStyle.h"
 
 #include <QApplication>
+#include <QStyleOption>
 
 namespace tessary {
 
