@@ -1,7 +1,6 @@
 #include "app/views/AppStyle.h"
 
 #include <QApplication>
-#include <QStyleOption>
 
 namespace tessary {
 
@@ -26,14 +25,6 @@ QSize AppStyle::sizeFromContents(ContentsType type, const QStyleOption* option, 
     default:
         return plain;
     }
-}
-
-QRect AppStyle::subElementRect(SubElement element, const QStyleOption* option,
-                               const QWidget* widget) const {
-    QRect place = QProxyStyle::subElementRect(element, option, widget);
-    if (element == SE_HeaderArrow && option != nullptr)
-        place.moveCenter({place.center().x(), option->rect.center().y()});
-    return place;
 }
 
 int AppStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,

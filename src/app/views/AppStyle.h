@@ -12,8 +12,6 @@ public:
 
     [[nodiscard]] QSize sizeFromContents(ContentsType type, const QStyleOption* option,
                                          const QSize& size, const QWidget* widget) const override;
-    [[nodiscard]] QRect subElementRect(SubElement element, const QStyleOption* option,
-                                       const QWidget* widget) const override;
     [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option,
                                   const QWidget* widget) const override;
 };
