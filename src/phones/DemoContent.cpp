@@ -30,7 +30,7 @@ constexpr std::array documents{
     TextRow{"Documents/Travel/Itinerary.html",
             "<!doctype html>\n<title>Itinerary</title>\n<h1>Three days by the sea</h1>\n"
             "<ol><li>Train north</li><li>Lighthouse</li><li>Back home</li></ol>\n"},
-    TextRow{"Documents/Work/Budget.csv",
+    TextRow{"Documents/Household/Budget.csv",
             "item,planned,spent\nrent,900,900\nfood,350,331\ntravel,120,164\nbooks,40,58\n"},
     TextRow{"Documents/日本語ノート.txt", "ひらがな、カタカナ、漢字。\n"},
     TextRow{"Download/notes.json", "{\n  \"title\": \"Notes\",\n  \"items\": [1, 2, 3]\n}\n"},
