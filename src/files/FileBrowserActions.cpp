@@ -237,17 +237,6 @@ void FileBrowserViewModel::uploadFiles(const QStringList& localPaths, const QStr
         transfers_.enqueueUpload(path, target, files_);
 }
 
-QStringList FileBrowserViewModel::namesTakenHere(const QStringList& localPaths) const {
-    QSet<QString> here;
-    for (const FileItem& item : items())
-        here.insert(item.name);
-    QStringList names;
-    for (const QString& path : localPaths)
-        if (here.contains(lastComponent(path)))
-            names << lastComponent(path);
-    return names;
-}
-
 void FileBrowserViewModel::cacheFileForPreview(const QString& id) {
     const FileItem* item = itemWithId(id);
     cancelPreview();

@@ -242,8 +242,6 @@ public:
     /// Queues an upload of each local file or folder into the folder shown, or into one of its
     /// folders.
     void uploadFiles(const QStringList& localPaths, const QString& intoFolderId = {});
-    /// The names of local files that an entry of the folder shown has too.
-    [[nodiscard]] QStringList namesTakenHere(const QStringList& localPaths) const;
     /// Answers with previewReady or previewFailed. A call drops the one before it.
     void cacheFileForPreview(const QString& id);
     void cancelPreview();

@@ -173,7 +173,6 @@ TEST_F(FileBrowserEditTest, editThatEndsElsewhereDoesNotReloadWhatIsShown) {
 TEST_F(FileBrowserEditTest, uploadsGoIntoTheFolderShownWhichIsReadAgain) {
     const QString one = local_.write(QStringLiteral("one.bin"), "1");
     const QString two = local_.write(QStringLiteral("a.txt"), "2");
-    EXPECT_THAT(browser_.namesTakenHere({one, two}), ElementsAre(QStringLiteral("a.txt")));
     browser_.uploadFiles({one});
     ASSERT_TRUE(eventually([this] { return names().contains(QStringLiteral("one.bin")); }));
     browser_.uploadFiles({two}, QStringLiteral("/root/dir"));
