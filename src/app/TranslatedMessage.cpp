@@ -14,7 +14,6 @@ namespace {
 constexpr std::array patterns{
     "Error: %1",
     "Removing %1 from %2",
-    "A file named %1 is on the phone where a folder is needed.",
     "A file named %1 is on the device where a folder is needed.",
     "Cannot read the folder %1: %2",
     "Cannot create the folder %1: %2",

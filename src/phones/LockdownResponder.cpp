@@ -6,6 +6,7 @@
 #include "phones/NotificationProxyResponder.h"
 #include "phones/PhoneIdentity.h"
 
+#include <QHash>
 #include <QUuid>
 
 #include <algorithm>
@@ -72,32 +73,33 @@ bool LockdownResponder::switchTls() {
 }
 
 QVariantMap LockdownResponder::handle(const QString& name, const QVariantMap& request) {
-    if (name == u"QueryType"_s)
-        return {{u"Type"_s, u"com.apple.mobile.lockdown"_s}};
-    if (name == u"GetValue"_s)
-        return getValue(request);
-    if (name == u"SetValue"_s)
-        return setValue(request);
-    if (name == u"Pair"_s)
-        return pair(request);
-    if (name == u"ValidatePair"_s)
-        return validatePair(request);
-    if (name == u"Unpair"_s)
-        return unpair(request);
-    if (name == u"StartSession"_s)
-        return startSession(request);
-    if (name == u"StopSession"_s)
-        return stopSession(request);
-    if (name == u"StartService"_s)
-        return startService(request);
-    if (name == u"Goodbye"_s) {
-        ends_ = true;
-        return {{u"Result"_s, u"Success"_s}};
-    }
-    return error(u"InvalidRequest"_s);
+    using Handler = QVariantMap (LockdownResponder::*)(const QVariantMap&);
+    static const QHash<QString, Handler> handlers{
+        {u"QueryType"_s, &LockdownResponder::queryType},
+        {u"GetValue"_s, &LockdownResponder::getValue},
+        {u"SetValue"_s, &LockdownResponder::setValue},
+        {u"Pair"_s, &LockdownResponder::pair},
+        {u"ValidatePair"_s, &LockdownResponder::validatePair},
+        {u"Unpair"_s, &LockdownResponder::unpair},
+        {u"StartSession"_s, &LockdownResponder::startSession},
+        {u"StopSession"_s, &LockdownResponder::stopSession},
+        {u"StartService"_s, &LockdownResponder::startService},
+        {u"Goodbye"_s, &LockdownResponder::goodbye},
+    };
+    const Handler handler = handlers.value(name);
+    return handler != nullptr ? (this->*handler)(request) : error(u"InvalidRequest"_s);
 }
 
-QVariantMap LockdownResponder::getValue(const QVariantMap& request) const {
+QVariantMap LockdownResponder::queryType(const QVariantMap&) {
+    return {{u"Type"_s, u"com.apple.mobile.lockdown"_s}};
+}
+
+QVariantMap LockdownResponder::goodbye(const QVariantMap&) {
+    ends_ = true;
+    return {{u"Result"_s, u"Success"_s}};
+}
+
+QVariantMap LockdownResponder::getValue(const QVariantMap& request) {
     const QString domain = request[u"Domain"_s].toString();
     const QString key = request[u"Key"_s].toString();
     QVariantMap answer;

@@ -15,7 +15,8 @@ public:
 private:
     /// The answer's own keys, beside "Request"; "Error" in it refuses.
     [[nodiscard]] QVariantMap handle(const QString& name, const QVariantMap& request);
-    [[nodiscard]] QVariantMap getValue(const QVariantMap& request) const;
+    [[nodiscard]] QVariantMap queryType(const QVariantMap& request);
+    [[nodiscard]] QVariantMap getValue(const QVariantMap& request);
     [[nodiscard]] QVariantMap setValue(const QVariantMap& request);
     [[nodiscard]] QVariantMap pair(const QVariantMap& request);
     [[nodiscard]] QVariantMap validatePair(const QVariantMap& request);
@@ -23,6 +24,7 @@ private:
     [[nodiscard]] QVariantMap startSession(const QVariantMap& request);
     [[nodiscard]] QVariantMap stopSession(const QVariantMap& request);
     [[nodiscard]] QVariantMap startService(const QVariantMap& request);
+    [[nodiscard]] QVariantMap goodbye(const QVariantMap& request);
 
     /// Switches TLS on or off after the answer, as sessions begin and end.
     [[nodiscard]] bool switchTls();

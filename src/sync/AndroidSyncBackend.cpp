@@ -1,13 +1,7 @@
 #include "sync/AndroidSyncBackend.h"
 
-#include "core/CancellationError.h"
-#include "core/DiagnosticsLogger.h"
-#include "core/TessaryError.h"
 #include "files/DevicePath.h"
 #include "sync/SyncTreeWalk.h"
-
-#include <QFile>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <array>
@@ -20,18 +14,6 @@ namespace {
 constexpr std::array storageRoots{
     QLatin1StringView("/"), QLatin1StringView("/sdcard"), QLatin1StringView("/storage"),
     QLatin1StringView("/storage/emulated"), QLatin1StringView("/storage/emulated/0")};
-
-/// Runs what must never fail but by cancellation; `what` goes to the log.
-template <typename Work>
-void quietly(const char* what, Work work) {
-    try {
-        work();
-    } catch (const CancellationError&) {
-        throw;
-    } catch (const std::exception& error) {
-        DiagnosticsLogger::shared().transfer.standard(what, {QString::fromUtf8(error.what())});
-    }
-}
 
 } // namespace
 
@@ -51,7 +33,7 @@ SyncScan AndroidSyncBackend::scanDirectory(const QString& remoteRoot) {
         // By the paths as the scan names them, whatever the phone calls the folder.
         for (const SkippedItem& one : skipped)
             all.push_back({joinPath(path, lastComponent(one.path)), one.reason});
-        folders_.insert(path);
+        noteFolder(path);
         return items;
     });
     for (const SkippedItem& one : all)
@@ -65,114 +47,49 @@ SyncScan AndroidSyncBackend::scanFolder(const QString& remotePath) {
     return scan;
 }
 
-/// Over MTP there is no way to read the beginning of a file alone.
-bool AndroidSyncBackend::areFilesMatching(const QString& localFile, const QString& remotePath,
-                                          qint64 localSize, qint64 remoteSize) {
-    if (localSize != remoteSize || localSize == 0)
-        return localSize == remoteSize;
+std::optional<FileItem> AndroidSyncBackend::entryAt(const QString& remotePath) {
+    return service_.entryAt(remotePath, device_, stop_);
+}
+
+bool AndroidSyncBackend::isEmptyFolder(const QString& remotePath) {
+    std::vector<SkippedItem> links;
+    return service_.listDirectoryChecked(remotePath, device_, stop_, &links).empty() &&
+           links.empty();
+}
+
+bool AndroidSyncBackend::isAlwaysThere(const QString& remotePath) const {
+    return std::find(storageRoots.begin(), storageRoots.end(), remotePath) != storageRoots.end();
+}
+
+void AndroidSyncBackend::makeFolder(const QString& remotePath) {
+    service_.createFolder(lastComponent(remotePath), parentPath(remotePath), device_, stop_);
+}
+
+void AndroidSyncBackend::remove(const FileItem& item, const QString&) {
+    service_.deleteFile(item, device_, stop_);
+}
+
+void AndroidSyncBackend::fetch(const FileItem& item, const QString&, const QString& localFile,
+                               const FileProgressCallback& progress) {
+    service_.downloadFile(item, localFile, device_, progress, stop_);
+}
+
+std::optional<QByteArray> AndroidSyncBackend::sample(const QString& remotePath) {
     if (!service_.usesAdb(device_))
-        return false;
-    bool isEqual = false;
-    quietly("sample not read: %s", [&] {
-        isEqual = localSample(localFile) ==
-                  service_.readSampleBytes(remotePath, syncSampleSize, device_, stop_);
-    });
-    return isEqual;
-}
-
-std::optional<SyncFileEntry> AndroidSyncBackend::statFile(const QString& remotePath) {
-    const auto item = service_.entryAt(remotePath, device_, stop_);
-    if (!item || item->isDirectory)
         return std::nullopt;
-    return SyncFileEntry{item->size, syncDate(item->modifiedDate), {}, {}};
-}
-
-FileItem AndroidSyncBackend::require(const QString& remotePath) {
-    auto item = service_.entryAt(remotePath, device_, stop_);
-    if (!item || item->isDirectory)
-        throw TessaryError::fileIOError(
-            QStringLiteral("%1 is not on the phone any more. Sync again.").arg(remotePath));
-    return *std::move(item);
+    return service_.readSampleBytes(remotePath, syncSampleSize, device_, stop_);
 }
 
 void AndroidSyncBackend::downloadFile(const QString& remotePath, const QString& localFile, qint64,
                                       const FileProgressCallback& progress) {
-    service_.downloadFile(require(remotePath), localFile, device_, progress, stop_);
-}
-
-void AndroidSyncBackend::ensureRemoteDirectory(const QString& path) {
-    if (folders_.contains(path) ||
-        std::find(storageRoots.begin(), storageRoots.end(), path) != storageRoots.end())
-        return;
-    const QString parent = parentPath(path);
-    ensureRemoteDirectory(parent);
-    const auto item = service_.entryAt(path, device_, stop_);
-    if (item && !item->isDirectory)
-        throw TessaryError::fileIOError(
-            QStringLiteral("A file named %1 is on the phone where a folder is needed.").arg(path));
-    if (!item)
-        service_.createFolder(lastComponent(path), parent, device_, stop_);
-    folders_.insert(path);
+    fetch(requireFile(remotePath), remotePath, localFile, progress);
 }
 
 void AndroidSyncBackend::uploadFile(const QString& localFile, const QString& remotePath,
                                     bool mayReplace, const FileProgressCallback& progress) {
     const QString parent = parentPath(remotePath);
-    ensureRemoteDirectory(parent);
+    ensureFolder(parent);
     service_.uploadFile(localFile, parent, device_, mayReplace, uploads_, progress, stop_);
-}
-
-void AndroidSyncBackend::deleteRemoteFile(const QString& remotePath) {
-    service_.deleteFile(require(remotePath), device_, stop_);
-}
-
-void AndroidSyncBackend::cleanupEmptyRemoteDirectories(const QString& path,
-                                                       const QString& rootPath) {
-    quietly("empty folder not removed: %s", [&] {
-        const QString inside = rootPath.endsWith(u'/') ? rootPath : rootPath + QLatin1Char('/');
-        for (QString folder = path; folder.startsWith(inside) && folder != rootPath;
-             folder = parentPath(folder)) {
-            const auto item = service_.entryAt(folder, device_, stop_);
-            if (!item)
-                continue; // gone already
-            std::vector<SkippedItem> links;
-            if (!item->isDirectory ||
-                !service_.listDirectoryChecked(folder, device_, stop_, &links).empty() ||
-                !links.empty())
-                return;
-            service_.deleteFile(*item, device_, stop_);
-            folders_.remove(folder);
-        }
-    });
-}
-
-std::optional<SyncManifest> AndroidSyncBackend::loadRemoteManifest(const QString& remoteRoot) {
-    std::optional<SyncManifest> manifest;
-    quietly("sync manifest not read: %s", [&] {
-        const QString path = joinPath(remoteRoot, SyncManifest::fileName);
-        const auto item = service_.entryAt(path, device_, stop_);
-        const QTemporaryDir folder;
-        if (!item || item->isDirectory || item->size > SyncManifest::maxBytes || !folder.isValid())
-            return;
-        QFile file(folder.filePath(QStringLiteral("manifest")));
-        service_.downloadFile(*item, file.fileName(), device_, {}, stop_);
-        if (file.open(QIODevice::ReadOnly))
-            manifest = SyncManifest::decode(file.read(SyncManifest::maxBytes));
-    });
-    return manifest;
-}
-
-void AndroidSyncBackend::saveRemoteManifest(const SyncManifest& manifest,
-                                            const QString& remoteRoot) {
-    quietly("sync manifest not written: %s", [&] {
-        const QTemporaryDir folder;
-        QFile file(folder.filePath(SyncManifest::fileName));
-        const QByteArray json = manifest.encode();
-        if (!file.open(QIODevice::WriteOnly) || file.write(json) != json.size() || !file.flush())
-            throw TessaryError::fileIOError(file.errorString());
-        file.close();
-        service_.uploadFile(file.fileName(), remoteRoot, device_, true, uploads_, {}, stop_);
-    });
 }
 
 SyncNameRules AndroidSyncBackend::nameRules() const {

@@ -356,7 +356,6 @@ constexpr std::array rows{
     TranslationRow{"%1 deleted", "%1 apagados"},
     TranslationRow{"%1 kept twice", "%1 mantidos em dobro"},
     TranslationRow{"%1 skipped", "%1 ignorados"},
-    TranslationRow{"A file named %1 is on the phone where a folder is needed.", "No telefone há um arquivo chamado %1 onde é preciso uma pasta."},
     TranslationRow{"A file named %1 is on the device where a folder is needed.", "No dispositivo há um arquivo chamado %1 onde é preciso uma pasta."},
     TranslationRow{"Cannot read the folder %1: %2", "Não é possível ler a pasta %1: %2"},
     TranslationRow{"Cannot create the folder %1: %2", "Não é possível criar a pasta %1: %2"},

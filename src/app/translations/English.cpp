@@ -356,7 +356,6 @@ constexpr std::array rows{
     TranslationRow{"%1 deleted", "%1 deleted"},
     TranslationRow{"%1 kept twice", "%1 kept twice"},
     TranslationRow{"%1 skipped", "%1 skipped"},
-    TranslationRow{"A file named %1 is on the phone where a folder is needed.", "A file named %1 is on the phone where a folder is needed."},
     TranslationRow{"A file named %1 is on the device where a folder is needed.", "A file named %1 is on the device where a folder is needed."},
     TranslationRow{"Cannot read the folder %1: %2", "Cannot read the folder %1: %2"},
     TranslationRow{"Cannot create the folder %1: %2", "Cannot create the folder %1: %2"},

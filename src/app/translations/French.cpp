@@ -356,7 +356,6 @@ constexpr std::array rows{
     TranslationRow{"%1 deleted", "%1 supprimés"},
     TranslationRow{"%1 kept twice", "%1 gardés en double"},
     TranslationRow{"%1 skipped", "%1 ignorés"},
-    TranslationRow{"A file named %1 is on the phone where a folder is needed.", "Un fichier nommé %1 se trouve sur le téléphone là où il faut un dossier."},
     TranslationRow{"A file named %1 is on the device where a folder is needed.", "Un fichier nommé %1 se trouve sur l’appareil là où il faut un dossier."},
     TranslationRow{"Cannot read the folder %1: %2", "Impossible de lire le dossier %1 : %2"},
     TranslationRow{"Cannot create the folder %1: %2", "Impossible de créer le dossier %1 : %2"},

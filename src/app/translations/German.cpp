@@ -356,7 +356,6 @@ constexpr std::array rows{
     TranslationRow{"%1 deleted", "%1 gelöscht"},
     TranslationRow{"%1 kept twice", "%1 doppelt behalten"},
     TranslationRow{"%1 skipped", "%1 übersprungen"},
-    TranslationRow{"A file named %1 is on the phone where a folder is needed.", "Auf dem Telefon liegt eine Datei namens %1, wo ein Ordner gebraucht wird."},
     TranslationRow{"A file named %1 is on the device where a folder is needed.", "Auf dem Gerät liegt eine Datei namens %1, wo ein Ordner gebraucht wird."},
     TranslationRow{"Cannot read the folder %1: %2", "Der Ordner %1 kann nicht gelesen werden: %2"},
     TranslationRow{"Cannot create the folder %1: %2", "Der Ordner %1 kann nicht angelegt werden: %2"},

@@ -356,7 +356,6 @@ constexpr std::array rows{
     TranslationRow{"%1 deleted", "%1 eliminati"},
     TranslationRow{"%1 kept twice", "%1 mantenuti due volte"},
     TranslationRow{"%1 skipped", "%1 saltati"},
-    TranslationRow{"A file named %1 is on the phone where a folder is needed.", "Sul telefono c’è un file di nome %1 dove serve una cartella."},
     TranslationRow{"A file named %1 is on the device where a folder is needed.", "Sul dispositivo c’è un file di nome %1 dove serve una cartella."},
     TranslationRow{"Cannot read the folder %1: %2", "Impossibile leggere la cartella %1: %2"},
     TranslationRow{"Cannot create the folder %1: %2", "Impossibile creare la cartella %1: %2"},

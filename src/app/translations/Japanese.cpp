@@ -356,7 +356,6 @@ constexpr std::array rows{
     TranslationRow{"%1 deleted", "%1 個を削除"},
     TranslationRow{"%1 kept twice", "%1 個は両方を保持"},
     TranslationRow{"%1 skipped", "%1 個をスキップ"},
-    TranslationRow{"A file named %1 is on the phone where a folder is needed.", "フォルダが必要な場所に、デバイス上では %1 というファイルがあります。"},
     TranslationRow{"A file named %1 is on the device where a folder is needed.", "フォルダが必要な場所に、デバイス上では %1 というファイルがあります。"},
     TranslationRow{"Cannot read the folder %1: %2", "フォルダ %1 を読み込めません: %2"},
     TranslationRow{"Cannot create the folder %1: %2", "フォルダ %1 を作成できません: %2"},

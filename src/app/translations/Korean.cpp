@@ -356,7 +356,6 @@ constexpr std::array rows{
     TranslationRow{"%1 deleted", "%1개 삭제됨"},
     TranslationRow{"%1 kept twice", "%1개는 둘 다 유지"},
     TranslationRow{"%1 skipped", "%1개 건너뜀"},
-    TranslationRow{"A file named %1 is on the phone where a folder is needed.", "폴더가 필요한 위치에 휴대폰에는 %1 파일이 있습니다."},
     TranslationRow{"A file named %1 is on the device where a folder is needed.", "폴더가 필요한 위치에 기기에는 %1 파일이 있습니다."},
     TranslationRow{"Cannot read the folder %1: %2", "폴더 %1을(를) 읽을 수 없습니다: %2"},
     TranslationRow{"Cannot create the folder %1: %2", "폴더 %1을(를) 만들 수 없습니다: %2"},

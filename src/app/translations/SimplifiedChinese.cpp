@@ -356,7 +356,6 @@ constexpr std::array rows{
     TranslationRow{"%1 deleted", "删除 %1 个"},
     TranslationRow{"%1 kept twice", "%1 个保留两份"},
     TranslationRow{"%1 skipped", "跳过 %1 个"},
-    TranslationRow{"A file named %1 is on the phone where a folder is needed.", "手机上需要文件夹的位置有一个名为 %1 的文件。"},
     TranslationRow{"A file named %1 is on the device where a folder is needed.", "设备上需要文件夹的位置有一个名为 %1 的文件。"},
     TranslationRow{"Cannot read the folder %1: %2", "无法读取文件夹 %1：%2"},
     TranslationRow{"Cannot create the folder %1: %2", "无法创建文件夹 %1：%2"},

@@ -356,7 +356,6 @@ constexpr std::array rows{
     TranslationRow{"%1 deleted", "%1 eliminados"},
     TranslationRow{"%1 kept twice", "%1 conservados por duplicado"},
     TranslationRow{"%1 skipped", "%1 omitidos"},
-    TranslationRow{"A file named %1 is on the phone where a folder is needed.", "En el teléfono hay un archivo llamado %1 donde hace falta una carpeta."},
     TranslationRow{"A file named %1 is on the device where a folder is needed.", "En el dispositivo hay un archivo llamado %1 donde hace falta una carpeta."},
     TranslationRow{"Cannot read the folder %1: %2", "No se puede leer la carpeta %1: %2"},
     TranslationRow{"Cannot create the folder %1: %2", "No se puede crear la carpeta %1: %2"},

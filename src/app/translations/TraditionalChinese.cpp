@@ -356,7 +356,6 @@ constexpr std::array rows{
     TranslationRow{"%1 deleted", "刪除 %1 個"},
     TranslationRow{"%1 kept twice", "%1 個保留兩份"},
     TranslationRow{"%1 skipped", "略過 %1 個"},
-    TranslationRow{"A file named %1 is on the phone where a folder is needed.", "手機上需要檔案夾的位置有一個名為 %1 的檔案。"},
     TranslationRow{"A file named %1 is on the device where a folder is needed.", "裝置上需要檔案夾的位置有一個名為 %1 的檔案。"},
     TranslationRow{"Cannot read the folder %1: %2", "無法讀取檔案夾 %1：%2"},
     TranslationRow{"Cannot create the folder %1: %2", "無法建立檔案夾 %1：%2"},

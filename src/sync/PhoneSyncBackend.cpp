@@ -1,0 +1,119 @@
+#include "sync/PhoneSyncBackend.h"
+
+#include "core/CancellationError.h"
+#include "core/DiagnosticsLogger.h"
+#include "core/PathNames.h"
+#include "core/TessaryError.h"
+#include "sync/SyncTreeWalk.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+namespace tessary {
+
+namespace {
+
+/// Runs what must never fail but by cancellation; `what` goes to the log.
+template <typename Work>
+void quietly(const char* what, Work work) {
+    try {
+        work();
+    } catch (const CancellationError&) {
+        throw;
+    } catch (const std::exception& error) {
+        DiagnosticsLogger::shared().transfer.standard(what, {QString::fromUtf8(error.what())});
+    }
+}
+
+} // namespace
+
+bool PhoneSyncBackend::areFilesMatching(const QString& localFile, const QString& remotePath,
+                                        qint64 localSize, qint64 remoteSize) {
+    if (localSize != remoteSize || localSize == 0)
+        return localSize == remoteSize;
+    bool isEqual = false;
+    quietly("sample not read: %s", [&] {
+        const auto theirs = sample(remotePath);
+        isEqual = theirs && theirs == localSample(localFile);
+    });
+    return isEqual;
+}
+
+std::optional<SyncFileEntry> PhoneSyncBackend::statFile(const QString& remotePath) {
+    const auto item = entryAt(remotePath);
+    if (!item || item->isDirectory)
+        return std::nullopt;
+    return SyncFileEntry{item->size, syncDate(item->modifiedDate), {}, {}};
+}
+
+FileItem PhoneSyncBackend::requireFile(const QString& remotePath) {
+    auto item = entryAt(remotePath);
+    if (!item || item->isDirectory)
+        throw TessaryError::fileIOError(
+            QStringLiteral("%1 is not on the device any more. Sync again.").arg(remotePath));
+    return *std::move(item);
+}
+
+void PhoneSyncBackend::ensureFolder(const QString& remotePath) {
+    if (folders_.contains(remotePath) || isAlwaysThere(remotePath))
+        return;
+    ensureFolder(parentPath(remotePath));
+    const auto item = entryAt(remotePath);
+    if (item && !item->isDirectory)
+        throw TessaryError::fileIOError(
+            QStringLiteral("A file named %1 is on the device where a folder is needed.")
+                .arg(remotePath));
+    if (!item)
+        makeFolder(remotePath);
+    folders_.insert(remotePath);
+}
+
+void PhoneSyncBackend::deleteRemoteFile(const QString& remotePath) {
+    remove(requireFile(remotePath), remotePath);
+}
+
+void PhoneSyncBackend::cleanupEmptyRemoteDirectories(const QString& path, const QString& rootPath) {
+    quietly("empty folder not removed: %s", [&] {
+        const QString inside = rootPath.endsWith(u'/') ? rootPath : rootPath + QLatin1Char('/');
+        for (QString folder = path; folder.startsWith(inside) && folder != rootPath;
+             folder = parentPath(folder)) {
+            const auto item = entryAt(folder);
+            if (!item)
+                continue; // gone already
+            if (!item->isDirectory || !isEmptyFolder(folder))
+                return;
+            remove(*item, folder);
+            folders_.remove(folder);
+        }
+    });
+}
+
+std::optional<SyncManifest> PhoneSyncBackend::loadRemoteManifest(const QString& remoteRoot) {
+    std::optional<SyncManifest> manifest;
+    quietly("sync manifest not read: %s", [&] {
+        const QString path = joinPath(remoteRoot, SyncManifest::fileName);
+        const auto item = entryAt(path);
+        const QTemporaryDir folder;
+        if (!item || item->isDirectory || item->size > SyncManifest::maxBytes || !folder.isValid())
+            return;
+        QFile file(folder.filePath(QStringLiteral("manifest")));
+        fetch(*item, path, file.fileName(), {});
+        if (file.open(QIODevice::ReadOnly))
+            manifest = SyncManifest::decode(file.read(SyncManifest::maxBytes));
+    });
+    return manifest;
+}
+
+void PhoneSyncBackend::saveRemoteManifest(const SyncManifest& manifest, const QString& remoteRoot) {
+    quietly("sync manifest not written: %s", [&] {
+        const QTemporaryDir folder;
+        QFile file(folder.filePath(SyncManifest::fileName));
+        const QByteArray json = manifest.encode();
+        if (!file.open(QIODevice::WriteOnly) || file.write(json) != json.size() || !file.flush())
+            throw TessaryError::fileIOError(file.errorString());
+        file.close();
+        uploadFile(file.fileName(), joinPath(remoteRoot, SyncManifest::fileName), true, {});
+    });
+}
+
+} // namespace tessary

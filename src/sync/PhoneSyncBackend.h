@@ -1,0 +1,50 @@
+#pragma once
+
+#include "core/FileItem.h"
+#include "sync/SyncDeviceBackend.h"
+
+#include <QSet>
+
+namespace tessary {
+
+/// What the backends of all phones share: the rules of a run in terms of the few things that each
+/// connection does in its own way. Those block, throw the errors of their layer, and
+/// CancellationError.
+class PhoneSyncBackend : public SyncDeviceBackend {
+public:
+    [[nodiscard]] bool areFilesMatching(const QString& localFile, const QString& remotePath,
+                                        qint64 localSize, qint64 remoteSize) final;
+    void deleteRemoteFile(const QString& remotePath) final;
+    void cleanupEmptyRemoteDirectories(const QString& path, const QString& rootPath) final;
+    [[nodiscard]] std::optional<SyncManifest> loadRemoteManifest(const QString& remoteRoot) final;
+    void saveRemoteManifest(const SyncManifest& manifest, const QString& remoteRoot) final;
+    [[nodiscard]] std::optional<SyncFileEntry> statFile(const QString& remotePath) final;
+
+protected:
+    /// What is at a path now; no value when there is nothing.
+    [[nodiscard]] virtual std::optional<FileItem> entryAt(const QString& remotePath) = 0;
+    /// Whether a folder holds nothing at all, nor what a listing leaves out.
+    [[nodiscard]] virtual bool isEmptyFolder(const QString& remotePath) = 0;
+    /// Whether a folder is there on every phone and never to be made.
+    [[nodiscard]] virtual bool isAlwaysThere(const QString& remotePath) const = 0;
+    virtual void makeFolder(const QString& remotePath) = 0;
+    /// Removes a file or an empty folder.
+    virtual void remove(const FileItem& item, const QString& remotePath) = 0;
+    virtual void fetch(const FileItem& item, const QString& remotePath, const QString& localFile,
+                       const FileProgressCallback& progress) = 0;
+    /// The first `syncSampleSize` bytes of a file; no value where only whole files can be read.
+    [[nodiscard]] virtual std::optional<QByteArray> sample(const QString& remotePath) = 0;
+
+    /// The file at a path; a message for the user when there is none.
+    [[nodiscard]] FileItem requireFile(const QString& remotePath);
+    /// Makes a folder and those above it where they are missing.
+    void ensureFolder(const QString& remotePath);
+    void noteFolder(const QString& remotePath) {
+        folders_.insert(remotePath);
+    }
+
+private:
+    QSet<QString> folders_; ///< that are known to be there
+};
+
+} // namespace tessary
