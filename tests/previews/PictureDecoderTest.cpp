@@ -186,8 +186,9 @@ TEST_F(PictureDecoderTest, programThatHangsCrashesOrTalksNonsenseIsAnError) {
     QElapsedTimer clock;
     clock.start();
     for (const char* script :
-         {"exec sleep 60", "kill -SEGV $$", "echo nonsense", "exit 1", "", "exec cat /dev/zero"})
+         {"kill -SEGV $$", "echo nonsense", "exit 1", "", "exec cat /dev/zero"})
         EXPECT_THROW((void)shell(script), PictureError) << script;
+    EXPECT_THROW((void)shell("exec sleep 60"), PictureTimeoutError);
     EXPECT_THROW((void)PictureDecoder(QStringLiteral("/no/such/program")).decode({}, {}),
                  PictureError);
     EXPECT_THROW((void)PictureDecoder(QString()).decode({}, {}), PictureError);

@@ -32,6 +32,12 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+/// One that was not decoded in time: on a busy machine it may be the next time.
+class PictureTimeoutError : public PictureError {
+public:
+    using PictureError::PictureError;
+};
+
 /// A picture as bytes for the way between two processes of one machine; all numbers little-endian:
 ///
 ///      0  4  "TPIC"

@@ -43,6 +43,8 @@ Picture PictureDecoder::decode(const PictureRequest& request, const std::stop_to
     QtProcessRunner runner;
     const ProcessResult result = runner.follow(child);
     throwIfStopped(stop);
+    if (result.outcome == ProcessResult::Outcome::timedOut)
+        throw PictureTimeoutError("the picture was not decoded in time");
     if (!result.succeeded())
         throw PictureError("the picture cannot be decoded");
     auto picture = decodePicture(result.standardOutput);

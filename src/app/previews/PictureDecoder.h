@@ -17,8 +17,8 @@ public:
     explicit PictureDecoder(QString program = installedProgram(),
                             std::chrono::milliseconds limit = defaultLimit);
 
-    /// PictureError for what cannot be decoded within the limits, CancellationError once `stop`
-    /// asks for it.
+    /// PictureError for what cannot be decoded within the limits (PictureTimeoutError for the limit
+    /// of time), CancellationError once `stop` asks for it.
     [[nodiscard]] Picture decode(const PictureRequest& request, const std::stop_token& stop) const;
 
     /// Empty when there is none.

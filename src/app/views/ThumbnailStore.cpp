@@ -192,6 +192,8 @@ void ThumbnailStore::makeNext() {
             } catch (const CancellationError&) {
                 // It gave way to something else and is made afterwards.
                 makes_.wishes.push_back(wish);
+            } catch (const PictureTimeoutError&) {
+                // As below: the machine was too busy for it.
             } catch (const PictureError&) {
                 wished_.remove(wish.key);
                 failed_.insert(wish.key);
