@@ -87,11 +87,8 @@ void MTPResponder::unplugged() {
 }
 
 void MTPResponder::haltCleared(bool needed) {
-    if (needed)
-        return;
-    ++needlessHaltClears_;
-    if (faults_.update([](VirtualFaults& faults) { return faults.upsetByNeedlessClear; }))
-        gate_.silence();
+    if (!needed)
+        ++needlessHaltClears_;
 }
 
 UsbCode MTPResponder::control(VirtualUsbPort& port, const UsbControlRequest& request,

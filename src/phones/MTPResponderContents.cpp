@@ -11,7 +11,6 @@ namespace tessary {
 namespace {
 
 constexpr std::uint32_t anySize = 0xFFFFFFFF;
-constexpr std::uint16_t objectTooLarge = 0xA809;
 
 std::size_t readSome(int file, std::span<std::byte> buffer, std::uint64_t offset) {
     for (;;) {
@@ -69,8 +68,6 @@ void MTPResponder::sendRange(Transaction& transaction, std::uint64_t offset, std
     const VirtualObject object = store_.object(transaction.command.parameter(0));
     if (object.isFolder)
         throw MTPRefusal(MTPResponseCode::invalidObjectHandle);
-    if (offset >= object.size && most > 0 && transaction.behaviour.hangsBeyondEnd)
-        throw MTPNoAnswer();
     if (offset > object.size)
         throw MTPRefusal(MTPResponseCode::invalidParameter);
     const FileHandle file = store_.openFile(object.handle);
@@ -107,19 +104,15 @@ void MTPResponder::sendObjectInfo(Transaction& transaction) {
     pending.handle = store_.reserve(storageID, parent, info->filename);
     pending.announcedSize = info->compressedSize;
     pending.isOnDisk = store_.exists(pending.handle);
-    const bool replaces = transaction.behaviour.replacesSameName && pending.isOnDisk &&
-                          !info->isDirectory() && !store_.object(pending.handle).isFolder;
-    if (pending.isOnDisk && !replaces)
+    if (pending.isOnDisk)
         throw MTPRefusal(MTPResponseCode::generalError);
     if (info->isDirectory()) {
         store_.createFolder(pending.handle);
     } else {
         const bool sizeKnown = pending.announcedSize != anySize;
-        if (sizeKnown && pending.announcedSize > storage.largestFile.value_or(anySize))
-            throw MTPRefusal(objectTooLarge);
         if (sizeKnown && pending.announcedSize > storage.free)
             throw MTPRefusal(MTPResponseCode::storeFull);
-        if (transaction.behaviour.createsObjectEarly && !pending.isOnDisk) {
+        if (transaction.behaviour.createsObjectEarly) {
             (void)store_.createFile(pending.handle, false);
             pending.isOnDisk = true;
         }
@@ -133,10 +126,7 @@ class MTPResponder::Arrival {
 public:
     Arrival(VirtualObjectStore& store, const Pending& pending, const VirtualFaults& faults,
             bool keepsPartial)
-        : store_(store),
-          pending_(pending),
-          keepsPartial_(keepsPartial),
-          tooLargeAt_(store.storage(pending.storageID).largestFile.value_or(unlimited)) {
+        : store_(store), pending_(pending), keepsPartial_(keepsPartial) {
         if (pending.isOnDisk)
             store.addUsed(pending.storageID,
                           -static_cast<std::int64_t>(store.object(pending.handle).size));
@@ -162,8 +152,6 @@ public:
     void add(ByteView bytes) {
         if (bytes_ + bytes.size() > fullAt_)
             throw MTPRefusal(MTPResponseCode::storeFull);
-        if (bytes_ + bytes.size() > tooLargeAt_)
-            throw MTPRefusal(objectTooLarge);
         writeAll(file_.get(), bytes);
         bytes_ += bytes.size();
     }
@@ -180,7 +168,6 @@ private:
     VirtualObjectStore& store_;
     const Pending pending_;
     const bool keepsPartial_;
-    const std::uint64_t tooLargeAt_;
     std::uint64_t fullAt_ = unlimited;
     FileHandle file_;
     std::uint64_t bytes_ = 0;

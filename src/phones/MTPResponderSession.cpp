@@ -14,8 +14,6 @@ constexpr std::size_t largestDataset = std::size_t{64} << 10;
 void MTPResponder::serve(MTPResponderLink& link, const MTPCommand& command) {
     log_.add({command.operation, command.transactionID, command.parameters,
               std::chrono::steady_clock::now()});
-    while (gate_.isSilent())
-        link.pause(std::chrono::hours(1));
     const Operation* const known = operation(command.operation);
     gate_.beginTransaction(command.transactionID, known && known->data != Operation::Data::none);
     Transaction transaction{command, link, behaviour_.get(), {}};
@@ -87,11 +85,7 @@ void MTPResponder::checkOrder(const Operation* operation, const Transaction& tra
     checkTransactionID(operation, command.transactionID);
     if (!operation || transaction.behaviour.unsupportedOperations.contains(command.operation))
         throw MTPRefusal(MTPResponseCode::operationNotSupported);
-    std::size_t least = operation->leastParameters;
-    if (operation->code == MTPOperationCode::deleteObject &&
-        transaction.behaviour.deleteNeedsFormat)
-        least = 2;
-    if (command.parameters.size() < least)
+    if (command.parameters.size() < operation->leastParameters)
         throw MTPRefusal(MTPResponseCode::invalidParameter);
 }
 

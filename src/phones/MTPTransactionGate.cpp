@@ -13,7 +13,7 @@ void MTPTransactionGate::reset() {
     const std::lock_guard lock(mutex_);
     taken_.reset();
     transaction_.reset();
-    inData_ = cancelled_ = unplugged_ = silent_ = false;
+    inData_ = cancelled_ = unplugged_ = false;
     busyUntil_ = {};
 }
 
@@ -62,11 +62,6 @@ void MTPTransactionGate::beBusy(std::chrono::milliseconds duration) {
     busyUntil_ = Clock::now() + duration;
 }
 
-bool MTPTransactionGate::isSilent() const {
-    const std::lock_guard lock(mutex_);
-    return silent_;
-}
-
 bool MTPTransactionGate::cancel(std::uint32_t transactionID,
                                 const std::function<void()>& interruptPipes) {
     std::unique_lock lock(mutex_);
@@ -88,11 +83,6 @@ void MTPTransactionGate::unplug() {
     const std::lock_guard lock(mutex_);
     unplugged_ = true;
     changed_.notify_all();
-}
-
-void MTPTransactionGate::silence() {
-    const std::lock_guard lock(mutex_);
-    silent_ = true;
 }
 
 } // namespace tessary

@@ -30,7 +30,6 @@ public:
     bool endData();
     [[nodiscard]] Pause pause(std::chrono::nanoseconds duration);
     void beBusy(std::chrono::milliseconds duration);
-    [[nodiscard]] bool isSilent() const;
 
     // The host's side.
 
@@ -40,8 +39,6 @@ public:
     bool cancel(std::uint32_t transactionID, const std::function<void()>& interruptPipes);
     [[nodiscard]] bool isBusy() const;
     void unplug();
-    /// The phone answers nothing more on this attachment.
-    void silence();
 
 private:
     using Clock = std::chrono::steady_clock;
@@ -53,7 +50,6 @@ private:
     bool inData_ = false;
     bool cancelled_ = false;
     bool unplugged_ = false;
-    bool silent_ = false;
     Clock::time_point busyUntil_;
 };
 

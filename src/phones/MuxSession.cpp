@@ -35,16 +35,9 @@ void MuxSession::run() {
 
 bool MuxSession::handle(const QVariantMap& request, std::uint32_t tag) {
     const QString type = request[u"MessageType"_s].toString();
-    const QString name = u"mux."_s + type;
     const QString record = request[u"PairRecordID"_s].toString();
-    mux_.log_.add(
-        {name, record, request[u"DeviceID"_s].toULongLong(), std::chrono::steady_clock::now()});
-    const auto refusal = mux_.refusals_.update([&name](auto& refusals) {
-        const auto found = refusals.find(name);
-        return found == refusals.end() ? VirtualMux::Result::ok : found->second;
-    });
-    if (refusal != VirtualMux::Result::ok)
-        return answer(refusal, tag);
+    mux_.log_.add({u"mux."_s + type, record, request[u"DeviceID"_s].toULongLong(),
+                   std::chrono::steady_clock::now()});
 
     if (type == u"Connect"_s)
         return connect(request, tag);

@@ -20,10 +20,6 @@ struct VirtualBehaviour {
     std::set<std::uint16_t> unsupportedOperations;
     /// A folder that is not empty is refused with "partial deletion"; nothing is deleted.
     bool refusesFullFolders = false;
-    /// DeleteObject with one parameter is refused.
-    bool deleteNeedsFormat = false;
-    /// A second object of a name replaces the first. The rule is to refuse it.
-    bool replacesSameName = false;
     /// What has arrived of an interrupted or cancelled object stays.
     bool keepsPartialObjects = false;
     /// The handle from SendObjectInfo names nothing after SendObject.
@@ -34,8 +30,6 @@ struct VirtualBehaviour {
     bool cutsSizesTo32Bits = false;
     /// A locked phone answers GetStorageIDs without a data phase.
     bool omitsEmptyStorageList = false;
-    /// GetPartialObject from beyond the end is not answered.
-    bool hangsBeyondEnd = false;
 
     /// The control requests are refused by a stall.
     bool refusesCancelRequest = false;

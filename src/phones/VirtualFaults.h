@@ -61,8 +61,6 @@ struct VirtualFaults {
     bool extraZeroPacket = false;       ///< after every data phase that ends with a short packet
     bool extraByte = false;             ///< data phases are one byte longer than announced
     bool junkTransactionID = false;     ///< in responses
-    /// A halt that is cleared without need leaves the phone silent until it is plugged in again.
-    bool upsetByNeedlessClear = false;
 
     bool repeatsHandles = false;        ///< handle lists name each object twice
     bool foldersHoldThemselves = false; ///< handle lists of a folder name the folder too

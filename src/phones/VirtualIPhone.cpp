@@ -91,10 +91,6 @@ void VirtualIPhone::setName(const QString& name) {
     state_.name = name;
 }
 
-void VirtualIPhone::setFree(std::uint64_t bytes) {
-    free_ = bytes;
-}
-
 VirtualIPhone::State VirtualIPhone::state() const {
     const std::lock_guard lock(mutex_);
     return state_;
@@ -132,11 +128,9 @@ QVariantMap VirtualIPhone::hostRecord() {
 }
 
 QVariantMap VirtualIPhone::knownHost(const QString& hostID) {
-    const bool forgotAll = faults_.update([](auto& faults) { return faults.forgetsHosts; });
     const std::lock_guard lock(mutex_);
     const auto found = hosts_.find(hostID);
-    const bool isKnown =
-        found != hosts_.end() && state_.trust == VirtualTrust::trusted && !forgotAll;
+    const bool isKnown = found != hosts_.end() && state_.trust == VirtualTrust::trusted;
     return isKnown ? found->second : QVariantMap();
 }
 

@@ -46,8 +46,6 @@ public:
     void setLocked(bool locked);
     void setBattery(int percent);
     void setName(const QString& name);
-    /// Bytes.
-    void setFree(std::uint64_t bytes);
 
     /// May be changed at any time; each request sees it afresh.
     [[nodiscard]] Guarded<VirtualIPhoneFaults>& faults() {

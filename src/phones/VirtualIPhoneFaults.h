@@ -51,8 +51,6 @@ struct VirtualIPhoneFaults {
     /// one the connection ends instead.
     unsigned handshakesToFail = 0;
     QString handshakeError;
-    /// The phone has forgotten its hosts: "InvalidHostID".
-    bool forgetsHosts = false;
     /// Lockdown requests that are refused with this "Error".
     std::map<QString, QString> lockdownErrors;
     /// Services that lockdown does not start, and the "Error".

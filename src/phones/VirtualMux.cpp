@@ -87,12 +87,6 @@ void VirtualMux::useInThisProcess() const {
     ::setenv("USBMUXD_SOCKET_ADDRESS", address().constData(), 1);
 }
 
-std::size_t VirtualMux::openConnections() const {
-    const std::lock_guard lock(mutex_);
-    return static_cast<std::size_t>(std::count_if(connections_.begin(), connections_.end(),
-                                                  [](const auto& each) { return !each.isDone; }));
-}
-
 std::uint32_t VirtualMux::attach(VirtualIPhone& phone, VirtualLink link) {
     const std::lock_guard lock(mutex_);
     {

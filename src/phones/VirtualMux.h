@@ -1,7 +1,6 @@
 #pragma once
 
 #include "phones/FileHandle.h"
-#include "phones/Guarded.h"
 #include "phones/VirtualIPhone.h"
 
 #include <condition_variable>
@@ -44,12 +43,6 @@ public:
     [[nodiscard]] VirtualIPhoneLog& log() {
         return log_;
     }
-    /// Requests ("mux.Connect") that are refused, and the result.
-    [[nodiscard]] Guarded<std::map<QString, Result>>& refusals() {
-        return refusals_;
-    }
-    /// Connections that are open at the moment, those to the daemon itself included.
-    [[nodiscard]] std::size_t openConnections() const;
 
 private:
     friend class VirtualIPhone;
@@ -104,7 +97,6 @@ private:
 
     const QString path_;
     VirtualIPhoneLog log_;
-    Guarded<std::map<QString, Result>> refusals_;
     FileHandle wakeIn_;
     FileHandle wakeOut_;
 

@@ -3,7 +3,6 @@
 #include <QString>
 
 #include <cstdint>
-#include <optional>
 
 namespace tessary {
 
@@ -18,7 +17,6 @@ struct VirtualStorage {
     std::uint64_t capacity = std::uint64_t{128} << 30; ///< bytes
     /// Bytes; falls and rises with what the host sends and deletes.
     std::uint64_t free = std::uint64_t{64} << 30;
-    std::optional<std::uint64_t> largestFile; ///< bytes; larger ones are refused (a FAT card)
 };
 
 } // namespace tessary

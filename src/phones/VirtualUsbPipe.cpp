@@ -312,11 +312,6 @@ void VirtualUsbPipe::close() {
     changed_.notify_all();
 }
 
-std::size_t VirtualUsbPipe::queuedBytes() const {
-    const std::lock_guard lock(mutex_);
-    return queued_;
-}
-
 VirtualUsbChunk VirtualUsbPipe::newChunk(std::size_t capacity) {
     VirtualUsbChunk chunk;
     if (capacity >= smallestPooled) {

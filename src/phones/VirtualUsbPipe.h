@@ -99,7 +99,6 @@ public:
     void resume();
     /// Unplugged: every call, waiting or to come, ends with usb::noDevice.
     void close();
-    [[nodiscard]] std::size_t queuedBytes() const;
 
 private:
     struct Reading {
