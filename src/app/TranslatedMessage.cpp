@@ -66,6 +66,7 @@ constexpr std::array patterns{
     "Failed to check for updates (%1). Please try again later.",
     "%1 is using the phone.",
     "The folder \"%1\" is not on the phone any more.",
+    "There is no \"%1\" on the phone.",
     "There is no %1 on the phone. It may have been deleted or renamed: refresh the folder.",
     "The phone sent %1 of the %2 bytes of %3. Copy it again.",
     "The name \"%1\" cannot be used on this computer.",

@@ -59,6 +59,7 @@ void FileBrowserViewModel::open(std::shared_ptr<FileAccess> files,
     appName_ = noAppName();
     isConnecting_ = false;
     history_ = {};
+    knownFolders_.clear();
     Q_EMIT connectionChanged();
     const QString path = files_->canonicalPath(initialPath);
     history_.record(path);

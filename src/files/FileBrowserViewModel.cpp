@@ -89,6 +89,7 @@ void FileBrowserViewModel::show(const QString& path) {
     changeSelection({});
     typeahead_.reset();
     awaited_.reset();
+    ++typedNumber_;
     setError(std::nullopt);
     if (path != currentPath_ || rows_.listing().size() > 0)
         rows_.reset(FileListing::make({}, QLocale()));
@@ -189,6 +190,7 @@ void FileBrowserViewModel::applyLoad(const BrowserLoad& load, bool isReload) {
         return;
     }
     isConnecting_ = false;
+    knownFolders_.note(currentPath_, load.listing->items());
     if (isReload)
         rows_.update(load.listing);
     else

@@ -9,6 +9,7 @@
 #include "files/ErrorAdvice.h"
 #include "files/FileAccess.h"
 #include "files/FileRows.h"
+#include "files/KnownFolders.h"
 #include "files/PreviewCache.h"
 #include "files/TransferViewModel.h"
 #include "files/Typeahead.h"
@@ -140,9 +141,20 @@ public:
         return error_;
     }
     [[nodiscard]] std::optional<QString> errorMessage() const;
+    /// Whether a folder could not be read; else error() is about something else that was asked.
+    [[nodiscard]] bool isErrorOfLoad() const {
+        return isErrorOfLoad_;
+    }
     void dismissError();
 
     void navigateTo(const QString& path, bool recordHistory = true);
+    /// Goes to a path that the user typed, absolute or from the folder shown on; to a file's
+    /// folder, where it is selected. `whenDone(false)`: nothing is there, and error() says so. It
+    /// is not called when another folder was opened meanwhile.
+    void goToTyped(const QString& typed, std::function<void(bool isThere)> whenDone);
+    /// What a path that is being typed may become, of the folders seen so far; as it was typed up
+    /// to the last "/".
+    [[nodiscard]] QStringList pathCompletions(const QString& typed) const;
     /// Enters a folder of the listing.
     void enterFolder(const QString& itemId);
     void navigateUp();
@@ -312,6 +324,8 @@ private:
     std::optional<ErrorAdvice> error_;
     bool isErrorOfLoad_ = false; ///< else of an action: a reload leaves it
     QString livingFolder_;       ///< where "up" goes from a folder that is gone
+    KnownFolders knownFolders_;
+    std::uint64_t typedNumber_ = 0; ///< answers about older typed paths are dropped
 
     FileRows rows_;
     BrowserSelection selection_;

@@ -65,6 +65,7 @@ QMap<QString, QString> usedKeys() {
         {"app/TranslatedMessage.cpp", R"(\n    (?="))"},
         {"files/ErrorAdvice.cpp", R"(\w\((?=\s*"[A-Z]))"},
         {"files/FileListModel.cpp", R"(QLatin1StringView\()"},
+        {"files/FileBrowserPaths.cpp", R"(QStringLiteral\((?="[A-Z]))"},
         {"files/BrowserLoad.cpp", R"(QStringLiteral\()"},
         {"files/TransferEnd.cpp", R"(QStringLiteral\()"},
         {"files/ADBTool.cpp", R"(,\s+View\()"},

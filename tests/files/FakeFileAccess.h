@@ -111,7 +111,10 @@ public:
             throw TessaryError::fileIOError(QStringLiteral("There is no %1").arg(at));
         return found->second;
     }
-    FileItem itemAt(const QString& path, const std::stop_token&) override {
+    FileItem itemAt(const QString& path, const std::stop_token& stop) override {
+        for (const FileItem& item : listDirectory(parentPath(path), stop))
+            if (item.path == path)
+                return item;
         throw TessaryError::fileIOError(QStringLiteral("There is no %1").arg(path));
     }
     void downloadFile(const FileItem& item, const QString& to, const FileProgressCallback& progress,

@@ -436,6 +436,9 @@ constexpr std::array rows{
     TranslationRow{"The documents of an app cannot be deleted as a whole.", "Os documentos de um app não podem ser apagados em bloco."},
     TranslationRow{"\"%1\" cannot be moved into itself.", "“%1” não pode ser movido para dentro de si mesmo."},
     TranslationRow{"The server's answer was cut off", "A resposta do servidor foi cortada"},
+    TranslationRow{"Go to Folder…", "Ir para a pasta…"},
+    TranslationRow{"There is no \"%1\" on the phone.", "Não há “%1” no telefone."},
+    TranslationRow{"Check the spelling, or choose the folder below.", "Confira a grafia ou escolha a pasta abaixo."},
 };
 // clang-format on
 

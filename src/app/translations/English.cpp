@@ -436,6 +436,9 @@ constexpr std::array rows{
     TranslationRow{"The documents of an app cannot be deleted as a whole.", "The documents of an app cannot be deleted as a whole."},
     TranslationRow{"\"%1\" cannot be moved into itself.", "\"%1\" cannot be moved into itself."},
     TranslationRow{"The server's answer was cut off", "The server's answer was cut off"},
+    TranslationRow{"Go to Folder…", "Go to Folder…"},
+    TranslationRow{"There is no \"%1\" on the phone.", "There is no \"%1\" on the phone."},
+    TranslationRow{"Check the spelling, or choose the folder below.", "Check the spelling, or choose the folder below."},
 };
 // clang-format on
 

@@ -436,6 +436,9 @@ constexpr std::array rows{
     TranslationRow{"The documents of an app cannot be deleted as a whole.", "Les documents d’une app ne peuvent pas être supprimés en bloc."},
     TranslationRow{"\"%1\" cannot be moved into itself.", "« %1 » ne peut pas être déplacé dans lui-même."},
     TranslationRow{"The server's answer was cut off", "La réponse du serveur a été tronquée"},
+    TranslationRow{"Go to Folder…", "Aller au dossier…"},
+    TranslationRow{"There is no \"%1\" on the phone.", "« %1 » n’existe pas sur le téléphone."},
+    TranslationRow{"Check the spelling, or choose the folder below.", "Vérifiez l’orthographe ou choisissez le dossier ci-dessous."},
 };
 // clang-format on
 

@@ -436,6 +436,9 @@ constexpr std::array rows{
     TranslationRow{"The documents of an app cannot be deleted as a whole.", "Die Dokumente einer App lassen sich nicht als Ganzes löschen."},
     TranslationRow{"\"%1\" cannot be moved into itself.", "„%1“ kann nicht in sich selbst verschoben werden."},
     TranslationRow{"The server's answer was cut off", "Die Antwort des Servers wurde abgeschnitten"},
+    TranslationRow{"Go to Folder…", "Gehe zu Ordner …"},
+    TranslationRow{"There is no \"%1\" on the phone.", "„%1“ gibt es auf dem Telefon nicht."},
+    TranslationRow{"Check the spelling, or choose the folder below.", "Prüfen Sie die Schreibweise oder wählen Sie den Ordner unten aus."},
 };
 // clang-format on
 

@@ -436,6 +436,9 @@ constexpr std::array rows{
     TranslationRow{"The documents of an app cannot be deleted as a whole.", "I documenti di un’app non si possono eliminare in blocco."},
     TranslationRow{"\"%1\" cannot be moved into itself.", "«%1» non può essere spostato dentro se stesso."},
     TranslationRow{"The server's answer was cut off", "La risposta del server è stata troncata"},
+    TranslationRow{"Go to Folder…", "Vai alla cartella…"},
+    TranslationRow{"There is no \"%1\" on the phone.", "«%1» non è sul telefono."},
+    TranslationRow{"Check the spelling, or choose the folder below.", "Controlla l’ortografia o scegli la cartella qui sotto."},
 };
 // clang-format on
 

@@ -436,6 +436,9 @@ constexpr std::array rows{
     TranslationRow{"The documents of an app cannot be deleted as a whole.", "アプリの書類をまとめて削除することはできません。"},
     TranslationRow{"\"%1\" cannot be moved into itself.", "「%1」をそれ自身の中に移動できません。"},
     TranslationRow{"The server's answer was cut off", "サーバーの応答が途中で切れました"},
+    TranslationRow{"Go to Folder…", "フォルダへ移動…"},
+    TranslationRow{"There is no \"%1\" on the phone.", "デバイスに「%1」はありません。"},
+    TranslationRow{"Check the spelling, or choose the folder below.", "入力を確認するか、下からフォルダを選択してください。"},
 };
 // clang-format on
 

@@ -436,6 +436,9 @@ constexpr std::array rows{
     TranslationRow{"The documents of an app cannot be deleted as a whole.", "앱의 문서를 통째로 삭제할 수 없습니다."},
     TranslationRow{"\"%1\" cannot be moved into itself.", "‘%1’을(를) 그 자신 안으로 옮길 수 없습니다."},
     TranslationRow{"The server's answer was cut off", "서버의 응답이 중간에 끊겼습니다"},
+    TranslationRow{"Go to Folder…", "폴더로 이동…"},
+    TranslationRow{"There is no \"%1\" on the phone.", "휴대폰에 ‘%1’이(가) 없습니다."},
+    TranslationRow{"Check the spelling, or choose the folder below.", "철자를 확인하거나 아래에서 폴더를 선택하세요."},
 };
 // clang-format on
 

@@ -436,6 +436,9 @@ constexpr std::array rows{
     TranslationRow{"The documents of an app cannot be deleted as a whole.", "无法整体删除 App 的文稿。"},
     TranslationRow{"\"%1\" cannot be moved into itself.", "无法将“%1”移到其自身中。"},
     TranslationRow{"The server's answer was cut off", "服务器的响应被截断"},
+    TranslationRow{"Go to Folder…", "前往文件夹…"},
+    TranslationRow{"There is no \"%1\" on the phone.", "手机上没有“%1”。"},
+    TranslationRow{"Check the spelling, or choose the folder below.", "请检查拼写，或在下方选择文件夹。"},
 };
 // clang-format on
 

@@ -436,6 +436,9 @@ constexpr std::array rows{
     TranslationRow{"The documents of an app cannot be deleted as a whole.", "Los documentos de una aplicación no se pueden eliminar en bloque."},
     TranslationRow{"\"%1\" cannot be moved into itself.", "«%1» no se puede mover dentro de sí mismo."},
     TranslationRow{"The server's answer was cut off", "La respuesta del servidor se cortó"},
+    TranslationRow{"Go to Folder…", "Ir a la carpeta…"},
+    TranslationRow{"There is no \"%1\" on the phone.", "«%1» no está en el teléfono."},
+    TranslationRow{"Check the spelling, or choose the folder below.", "Comprueba la ortografía o elige la carpeta más abajo."},
 };
 // clang-format on
 

@@ -436,6 +436,9 @@ constexpr std::array rows{
     TranslationRow{"The documents of an app cannot be deleted as a whole.", "無法整體刪除 App 的文件。"},
     TranslationRow{"\"%1\" cannot be moved into itself.", "無法將「%1」移到其自身中。"},
     TranslationRow{"The server's answer was cut off", "伺服器的回應被截斷"},
+    TranslationRow{"Go to Folder…", "前往檔案夾…"},
+    TranslationRow{"There is no \"%1\" on the phone.", "手機上沒有「%1」。"},
+    TranslationRow{"Check the spelling, or choose the folder below.", "請檢查拼字，或在下方選擇檔案夾。"},
 };
 // clang-format on
 

@@ -1,11 +1,13 @@
 #include "app/views/BreadcrumbBar.h"
 
 #include "app/Translations.h"
+#include "app/views/PathEdit.h"
 
 #include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QToolButton>
 
 namespace tessary {
@@ -23,11 +25,46 @@ BreadcrumbBar::BreadcrumbBar(QWidget* parent) : QWidget(parent), layout_(new QHB
     layout_->setSpacing(0);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     setMinimumHeight(30);
+    setCursor(Qt::IBeamCursor);
 }
 
 void BreadcrumbBar::setPath(std::vector<Breadcrumb> path) {
+    const bool isOther = path != path_;
     path_ = std::move(path);
+    if (isOther)
+        stopTyping();
     rebuild();
+}
+
+void BreadcrumbBar::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton)
+        startTyping();
+}
+
+void BreadcrumbBar::startTyping() {
+    if (edit_ == nullptr) {
+        edit_ = new PathEdit(
+            {typing_.complete, typing_.enter, [this] { stopTyping(); }, typing_.changed}, this);
+        edit_->setAccessibleName(tessary::tr("Path"));
+        edit_->setCursor(Qt::IBeamCursor);
+        edit_->setText(typing_.path());
+        rebuild();
+    }
+    edit_->show();
+    edit_->setFocus();
+    edit_->selectAll();
+}
+
+void BreadcrumbBar::stopTyping() {
+    PathEdit* edit = std::exchange(edit_, nullptr);
+    if (edit == nullptr)
+        return;
+    const bool hadFocus = edit->hasFocus();
+    edit->hide();
+    edit->deleteLater(); // it may be what calls
+    rebuild();
+    if (hadFocus)
+        typing_.ended();
 }
 
 void BreadcrumbBar::resizeEvent(QResizeEvent* event) {
@@ -41,11 +78,16 @@ int BreadcrumbBar::widthOf(const Breadcrumb& part) const {
 
 void BreadcrumbBar::rebuild() {
     while (QLayoutItem* old = layout_->takeAt(0)) {
-        if (QWidget* widget = old->widget()) {
+        QWidget* widget = old->widget();
+        if (widget != nullptr && widget != edit_) {
             widget->hide();
             widget->deleteLater();
         }
         delete old;
+    }
+    if (edit_ != nullptr) {
+        layout_->addWidget(edit_);
+        return;
     }
     if (path_.empty())
         return;
@@ -66,6 +108,7 @@ void BreadcrumbBar::rebuild() {
 
 void BreadcrumbBar::addPart(const Breadcrumb& part, bool isLast) {
     auto* button = new QToolButton;
+    button->setCursor(Qt::ArrowCursor);
     button->setAutoRaise(true);
     button->setText(fontMetrics()
                         .elidedText(part.name, Qt::ElideMiddle, longestPart)
@@ -87,6 +130,7 @@ void BreadcrumbBar::addPart(const Breadcrumb& part, bool isLast) {
 void BreadcrumbBar::addOverflow(std::size_t first, std::size_t end) {
     addSeparator();
     auto* button = new QToolButton;
+    button->setCursor(Qt::ArrowCursor);
     button->setAutoRaise(true);
     button->setText(QStringLiteral("…"));
     button->setAccessibleName(tessary::tr("Folders in between"));

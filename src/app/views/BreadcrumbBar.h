@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QWidget>
 
 #include <functional>
@@ -10,15 +11,29 @@ class QHBoxLayout;
 
 namespace tessary {
 
+class PathEdit;
+
 struct Breadcrumb {
     QString name;
     QString path;
+
+    bool operator==(const Breadcrumb&) const = default;
 };
 
 /// The path of the folder being shown, root first; each part leads there. When there is too little
-/// room the parts after the root give way to a menu.
+/// room the parts after the root give way to a menu. A click beside the parts makes the path a
+/// text to be edited.
 class BreadcrumbBar : public QWidget {
 public:
+    /// What typing a path asks of its surroundings.
+    struct Typing {
+        std::function<QString()> path; ///< to begin with
+        std::function<QStringList(const QString& typed)> complete;
+        std::function<void(const QString& typed)> enter;
+        std::function<void()> changed; ///< what was entered before counts no more
+        std::function<void()> ended;
+    };
+
     explicit BreadcrumbBar(QWidget* parent = nullptr);
 
     void setPath(std::vector<Breadcrumb> path);
@@ -26,8 +41,16 @@ public:
     void setOnChosen(std::function<void(const QString&)> onChosen) {
         onChosen_ = std::move(onChosen);
     }
+    void setTyping(Typing typing) {
+        typing_ = std::move(typing);
+    }
+    /// Shows the path as a text with the focus in it.
+    void startTyping();
+    /// Shows the parts again.
+    void stopTyping();
 
 protected:
+    void mousePressEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
@@ -40,6 +63,8 @@ private:
     QHBoxLayout* layout_;
     std::vector<Breadcrumb> path_;
     std::function<void(const QString&)> onChosen_;
+    Typing typing_;
+    PathEdit* edit_ = nullptr; ///< while a path is being typed
 };
 
 } // namespace tessary

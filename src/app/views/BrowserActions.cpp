@@ -27,12 +27,14 @@ QList<QKeySequence> keys(auto... sequences) {
     return {QKeySequence(sequences)...};
 }
 
-const std::array<Row, 20>& commands() {
+const std::array<Row, 21>& commands() {
     using Actions = BrowserActions;
-    static const std::array<Row, 20> rows{{
+    static const std::array<Row, 21> rows{{
         {&Actions::back, "go-previous", "Back", keys(Qt::ALT | Qt::Key_Left)},
         {&Actions::forward, "go-next", "Forward", keys(Qt::ALT | Qt::Key_Right)},
         {&Actions::up, "go-up", "Enclosing Folder", keys(Qt::ALT | Qt::Key_Up)},
+        {&Actions::goTo, "edit-rename", "Go to Folder…",
+         keys(Qt::CTRL | Qt::Key_L, Qt::CTRL | Qt::SHIFT | Qt::Key_G)},
         {&Actions::reload, "view-refresh", "Reload", keys(Qt::Key_F5, Qt::CTRL | Qt::Key_R)},
         {&Actions::open, "document-open-folder", "browser.openFolder",
          keys(Qt::ALT | Qt::Key_Down)},

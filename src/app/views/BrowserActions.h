@@ -15,6 +15,7 @@ struct BrowserActions {
     QAction* back;
     QAction* forward;
     QAction* up;
+    QAction* goTo; ///< a path that is typed
     QAction* reload;
     QAction* open;
     QAction* newFolder;

@@ -48,7 +48,7 @@ void makeMainMenus(QMenuBar& bar, const BrowserActions& actions, const MainMenuW
              a.quickLook, a.properties, nullptr, settings, nullptr, quit});
     addMenu(bar, "Edit", {a.rename, a.remove, a.selectAll, a.find});
     addMenu(bar, "View", {a.asList, a.asGrid, nullptr, a.reload});
-    addMenu(bar, "Go", {a.back, a.forward, a.up, a.apps, nullptr, a.favorite});
+    addMenu(bar, "Go", {a.back, a.forward, a.up, a.goTo, a.apps, nullptr, a.favorite});
 }
 
 } // namespace tessary

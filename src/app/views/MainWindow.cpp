@@ -401,10 +401,11 @@ void MainWindow::showBanner() {
     message.kind = BannerMessage::Kind::error;
     message.text = printable(trMessage(error->message));
     message.advice = tessary::tr(error->advice);
-    message.actions.push_back({tessary::tr("browser.retry"), [this] {
-                                   browser_.dismissError();
-                                   browser_.reload();
-                               }});
+    if (browser_.isErrorOfLoad())
+        message.actions.push_back({tessary::tr("browser.retry"), [this] {
+                                       browser_.dismissError();
+                                       browser_.reload();
+                                   }});
     banner_->show(message);
 }
 

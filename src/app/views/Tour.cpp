@@ -1,10 +1,5 @@
 #include "app/views/Tour.h"
 
-#include "app/views/PreviewWindow.h"
-#include "app/views/PropertiesDialog.h"
-#include "app/views/StatusBanner.h"
-#include "app/views/ThumbnailStore.h"
-
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
@@ -25,18 +20,7 @@ namespace tessary {
 
 namespace {
 
-constexpr int stepLimit = 20'000;        // ms that a step may take
-constexpr int settleTime = 250;          // ms for layouts and animations
-constexpr double slowSpeed = 4;          // MB/s, so that a transfer can be seen running
-constexpr qint64 sampleSize = 9'000'000; // bytes
-
-/// Makes a local file that takes a while to copy.
-QString writeSample(const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || !file.resize(sampleSize))
-        throw std::runtime_error("cannot write a sample file");
-    return path;
-}
+constexpr int stepLimit = 20'000; // ms that a step may take
 
 /// What stands in front of the window; null when nothing does.
 QWidget* openDialog(MainWindow& window) {
@@ -59,6 +43,7 @@ bool Tour::run() {
             throw std::runtime_error("the folder for the screenshots cannot be made");
         welcome();
         browse();
+        typePath();
         preview();
         properties();
         settings();
@@ -143,146 +128,6 @@ void Tour::welcome() {
         const auto& device = window_.browser().activeDevice();
         return device && device->isDataAccessible() && !window_.browser().isLoading();
     });
-}
-
-void Tour::browse() {
-    FileBrowserViewModel& browser = window_.browser();
-    shoot(QStringLiteral("storage"));
-    open(QStringLiteral("/sdcard/DCIM/Camera"));
-    const auto rows = browser.filteredItems();
-    for (std::size_t i = 1; i < std::min<std::size_t>(rows.size(), 4); ++i)
-        browser.selectItem(rows[i].id(),
-                           i == 1 ? SelectionChange::replace : SelectionChange::extend);
-    shoot(QStringLiteral("list"));
-    browser.setViewMode(ViewMode::grid);
-    window_.browserView().currentListing().setFocus();
-    auto* thumbnails = window_.browserView().currentListing().findChild<ThumbnailStore*>();
-    waitFor("the thumbnails",
-            [thumbnails] { return thumbnails != nullptr && thumbnails->isIdle(); });
-    shoot(QStringLiteral("grid"));
-    browser.setViewMode(ViewMode::list);
-    open(QStringLiteral("/sdcard/Download/Archive"));
-    browser.setSearchText(QStringLiteral("12"));
-    shoot(QStringLiteral("filter"));
-    browser.setSearchText(QStringLiteral("no such name"));
-    shoot(QStringLiteral("no-results"));
-    browser.setSearchText({});
-}
-
-void Tour::preview() {
-    open(QStringLiteral("/sdcard/DCIM/Camera"));
-    window_.browser().selectItem(window_.browser().filteredItems().at(2).id());
-    window_.browserView().actions().quickLook->trigger();
-    const auto shows = [this](const char* page) {
-        const auto* widget =
-            window_.findChild<PreviewWindow*>()->findChild<QWidget*>(QString::fromLatin1(page));
-        return widget != nullptr && widget->isVisible();
-    };
-    waitFor("the preview of a picture", [&] { return shows("previewPicture"); });
-    shoot(QStringLiteral("preview-picture"));
-    window_.browserView().actions().quickLook->trigger();
-    open(QStringLiteral("/sdcard/Documents/Travel"));
-    selectNamed({QStringLiteral("Packing list.md")});
-    window_.browserView().actions().quickLook->trigger();
-    waitFor("the preview of a text", [&] { return shows("previewText"); });
-    shoot(QStringLiteral("preview-text"));
-    window_.browserView().actions().quickLook->trigger();
-    open(QStringLiteral("/sdcard/Music/First Songs"));
-    window_.browser().selectItem(window_.browser().filteredItems().at(1).id());
-    window_.browserView().actions().quickLook->trigger();
-    shoot(QStringLiteral("preview-facts"));
-    window_.browserView().actions().quickLook->trigger();
-}
-
-void Tour::properties() {
-    open(QStringLiteral("/sdcard"));
-    for (const QStringList& names :
-         {QStringList{QStringLiteral("Documents")},
-          QStringList{QStringLiteral("DCIM"), QStringLiteral("Music")}}) {
-        selectNamed(names);
-        window_.browserView().actions().properties->trigger();
-        auto* dialog = window_.findChild<PropertiesDialog*>();
-        waitFor("the count", [dialog] { return dialog != nullptr && !dialog->isCounting(); });
-        shoot(QStringLiteral("properties"));
-        delete dialog;
-    }
-}
-
-void Tour::edit() {
-    FileBrowserViewModel& browser = window_.browser();
-    open(QStringLiteral("/sdcard/Documents"));
-    bool isMade = false;
-    const auto made = QObject::connect(&browser, &FileBrowserViewModel::folderCreated, &window_,
-                                       [&isMade] { isMade = true; });
-    browser.createFolder();
-    waitFor("the new folder", [&isMade] { return isMade; });
-    QObject::disconnect(made);
-    shoot(QStringLiteral("new-folder"));
-    window_.browserView().currentListing().setFocus();
-
-    // The question is a dialog that runs its own loop: the picture is taken from within it.
-    QTimer::singleShot(settleTime, &window_, [this] {
-        if (QWidget* question = QApplication::activeModalWidget()) {
-            shoot(QStringLiteral("delete-question"));
-            question->close();
-        }
-    });
-    window_.browserView().actions().remove->trigger();
-}
-
-void Tour::transfer() {
-    FileBrowserViewModel& browser = window_.browser();
-    TransferViewModel& transfers = window_.transfers();
-    const QTemporaryDir target;
-    const QTemporaryDir source;
-    QStringList videos;
-    for (const char* name : {"Sunset.mp4", "Concert.mp4"})
-        videos.append(writeSample(source.filePath(QString::fromLatin1(name))));
-    phone_.setSpeed(slowSpeed);
-    open(QStringLiteral("/sdcard"));
-    selectNamed({QStringLiteral("Music"), QStringLiteral("DCIM"), QStringLiteral("Documents")});
-    QStringList ids;
-    for (const FileItem& item : browser.selectedEntries())
-        ids.append(item.id());
-    browser.downloadItems(ids, target.path());
-    browser.uploadFiles(videos);
-    waitFor("a running transfer", [&] {
-        return std::any_of(transfers.jobs().begin(), transfers.jobs().end(),
-                           [](const TransferJob& job) {
-                               return job.status == TransferJob::TransferStatus::inProgress &&
-                                      job.bytesPerSecond > 0 && job.fractionDone() > 0.25;
-                           });
-    });
-    shoot(QStringLiteral("transfer-running"));
-    phone_.setSpeed(0);
-    waitFor("the end of the transfers", [&] { return transfers.summary().isIdle(); });
-    shoot(QStringLiteral("transfer-finished"));
-    transfers.clearCompleted();
-}
-
-void Tour::fail() {
-    TransferViewModel& transfers = window_.transfers();
-    phone_.setStorageFull(true);
-    open(QStringLiteral("/sdcard/Download"));
-    window_.browser().createFolder(QStringLiteral("Backup"));
-    waitFor("an error", [this] { return window_.browser().error().has_value(); });
-    shoot(QStringLiteral("error-banner"));
-    window_.browser().dismissError();
-    const QTemporaryDir source;
-    window_.browser().uploadFiles({writeSample(source.filePath(QStringLiteral("Holiday.mp4")))});
-    waitFor("a failed transfer",
-            [&] { return !transfers.jobs().empty() && transfers.jobs().back().isFinished(); });
-    shoot(QStringLiteral("transfer-failed"));
-    phone_.setStorageFull(false);
-    transfers.clearCompleted();
-
-    phone_.setHeld(true);
-    waitFor("the other program", [this] {
-        const auto* banner = window_.findChild<StatusBanner*>(QStringLiteral("statusBanner"));
-        return banner != nullptr && banner->isVisible();
-    });
-    shoot(QStringLiteral("held-by-another-program"));
-    phone_.setHeld(false);
 }
 
 void Tour::lockAndLose() {

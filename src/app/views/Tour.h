@@ -41,8 +41,12 @@ public:
     [[nodiscard]] bool run();
 
 private:
+    static constexpr double slowSpeed = 4; ///< MB/s, so that a transfer can be seen running
+    static constexpr int settleTime = 250; ///< ms for layouts and animations
+
     void welcome();
     void browse();
+    void typePath();
     void preview();
     void properties();
     void edit();
@@ -61,6 +65,8 @@ private:
     void open(const QString& path);
     void selectNamed(const QStringList& names);
     void shoot(const QString& name);
+    /// Makes a local file that takes a while to copy.
+    static QString writeSample(const QString& path);
 
     MainWindow& window_;
     TourPhone phone_;
