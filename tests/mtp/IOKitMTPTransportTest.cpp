@@ -51,14 +51,6 @@ TEST_F(IOKitMTPTransportTest, sendsInChunksWithProgress) {
     EXPECT_EQ(sent, data);
 }
 
-TEST_F(IOKitMTPTransportTest, sendsNoEmptyPacketAndNoPadding) {
-    transport_.send(Bytes(1024));
-    transport_.send(Bytes(13));
-    transport_.send({});
-    transport_.send(Bytes(2 * 262144));
-    EXPECT_THAT(bus_.log, ElementsAre("write 1024", "write 13", "write 262144", "write 262144"));
-}
-
 TEST_F(IOKitMTPTransportTest, failedCallsTellTheirCodeAndClearTheHalt) {
     struct Row {
         UsbCode code;
@@ -102,52 +94,6 @@ TEST_F(IOKitMTPTransportTest, receiveHandsOutWhatArrived) {
     EXPECT_EQ(bus_.readBufferLimit, 4096U);
 }
 
-TEST_F(IOKitMTPTransportTest, readsWholePacketsOfAnySize) {
-    for (const std::uint16_t packetSize :
-         std::initializer_list<std::uint16_t>{8, 64, 1000, 1024, 65535}) {
-        ScriptedUsbBus bus;
-        for (UsbPipeProperties& pipe : bus.attached[0].interfaces[0].pipes)
-            pipe.maxPacketSize = packetSize;
-        IOKitMTPTransport transport(bus, 0x18D1, 0x4EE1);
-        transport.open();
-        bus.send(Bytes(1));
-        EXPECT_THAT(transport.receive(1), SizeIs(1));
-        EXPECT_GE(bus.readBufferLimit, 4096U);
-        EXPECT_EQ(bus.readBufferLimit % packetSize, 0U) << packetSize;
-    }
-}
-
-TEST_F(IOKitMTPTransportTest, containerIsJoinedFromItsPieces) {
-    const Bytes payload = patternOf(3000);
-    const Bytes container = dataOf(0x1008, 7, payload);
-    struct Row {
-        const char* name;
-        std::vector<std::size_t> cuts;
-    };
-    std::vector<std::size_t> packets(container.size() / 512);
-    std::iota(packets.begin(), packets.end(), 1);
-    for (std::size_t& cut : packets)
-        cut *= 512;
-    for (const Row& row : {Row{"whole", {}},
-                           {"of 512 bytes", packets},
-                           {"header first", {12}},
-                           {"header in pieces", {1, 2, 11}},
-                           {"inside the payload", {13, 100}},
-                           {"last byte alone", {container.size() - 1}}}) {
-        std::size_t from = 0;
-        for (const std::size_t cut : row.cuts) {
-            bus_.send(slice(container, from, cut - from));
-            from = cut;
-        }
-        bus_.send(slice(container, from, container.size() - from));
-        const MTPPacket packet = transport_.receivePacket();
-        EXPECT_EQ(packet.header, (MTPContainerHeader{3012, MTPContainerType::data, 0x1008, 7}))
-            << row.name;
-        EXPECT_EQ(packet.payload, payload) << row.name;
-        expectInStep();
-    }
-}
-
 TEST_F(IOKitMTPTransportTest, bytesBeyondTheContainerAreKeptForTheNext) {
     for (const std::size_t size : {4U, 500U, 5000U, 300'000U}) {
         const Bytes payload = patternOf(size);
@@ -186,11 +132,6 @@ TEST_F(IOKitMTPTransportTest, promisedBytesThatNeverComeCostNoMemory) {
         transport_.recover(5, MTPDataPhase::toHost);
         expectInStep();
     }
-}
-
-TEST_F(IOKitMTPTransportTest, undecodableTypeIsUndefined) {
-    bus_.send(containerOf(12, 7, 0x2001, 5, {}));
-    EXPECT_EQ(transport_.receivePacket().header.type, MTPContainerType::undefined);
 }
 
 TEST_F(IOKitMTPTransportTest, emptyPacketInsideContainerIsTimeout) {
@@ -245,26 +186,6 @@ TEST_F(IOKitMTPTransportTest, dataAndResponseOfWholePacketsAreTerminatedTogether
     expectInStep();
 }
 
-TEST_F(IOKitMTPTransportTest, strayByteBehindDataIsSkipped) {
-    // 4083 bytes fill the first read to its end, stray byte and all.
-    for (const std::size_t size : {0U, 100U, 500U, 4083U, 4084U, 5000U, 262144U}) {
-        for (const std::byte stray : {std::byte{0}, std::byte{0x0C}, std::byte{0xFF}}) {
-            for (const bool terminated : {false, true}) {
-                SCOPED_TRACE(size);
-                bus_.send(dataOf(0x1008, 7, patternOf(size)) + Bytes{stray});
-                if (terminated)
-                    bus_.sendEmptyPacket();
-                bus_.send(responseOf(0x2001, 7, {3}));
-                EXPECT_THAT(transport_.receivePacket().payload, SizeIs(size));
-                const MTPPacket response = transport_.receivePacket();
-                EXPECT_EQ(response.header.code, 0x2001);
-                EXPECT_THAT(response.payload, SizeIs(4));
-                expectInStep();
-            }
-        }
-    }
-}
-
 TEST_F(IOKitMTPTransportTest, patienceIsForTheFirstByteOnly) {
     bus_.fail(usb::timeout);
     bus_.fail(usb::timeout);
@@ -282,15 +203,6 @@ TEST_F(IOKitMTPTransportTest, patienceIsForTheFirstByteOnly) {
     bus_.send(slice(responseOf(0x2001, 7), 0, 5));
     EXPECT_EQ(mtpFailureOf([&] { (void)transport_.receivePacket(std::chrono::seconds(15)); }),
               mtpReadTimedOut);
-}
-
-TEST_F(IOKitMTPTransportTest, goneDeviceIsNotTouchedAgain) {
-    bus_.unplug();
-    EXPECT_EQ(mtpFailureOf([&] { transport_.send(Bytes(12)); }),
-              "MTP Transport error: USB Write failed: 0x-1FFFFD40");
-    EXPECT_EQ(mtpFailureOf([&] { (void)transport_.receivePacket(); }),
-              "MTP Transport error: USB Read failed: 0x-1FFFFD40");
-    EXPECT_THAT(bus_.log, ElementsAre("write 12"));
 }
 
 } // namespace

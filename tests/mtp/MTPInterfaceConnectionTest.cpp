@@ -12,7 +12,6 @@ namespace {
 using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using ::testing::Not;
 
 constexpr UsbPipeProperties bulkIn{UsbDirection::in, UsbTransferType::bulk, 512};
 constexpr UsbPipeProperties bulkOut{UsbDirection::out, UsbTransferType::bulk, 512};
@@ -48,23 +47,14 @@ TEST(MTPInterfaceConnection, someVendorsAreNeverOpened) {
 }
 
 TEST(MTPInterfaceConnection, interfaceQualifiesByItsClass) {
-    struct Row {
-        std::uint8_t interfaceClass;
-        std::uint8_t subclass;
-        bool qualifies;
-    };
-    for (const Row& row : {Row{6, 1, true},
-                           {6, 0, true},
-                           {255, 1, true},
-                           {255, 255, false},
-                           {255, 66, false},
-                           {8, 6, false},
-                           {3, 1, false}}) {
+    const std::tuple<std::uint8_t, std::uint8_t, bool> rows[] = {
+        {6, 0, true}, {255, 1, true}, {255, 66, false}, {8, 6, false}};
+    for (const auto& [interfaceClass, subclass, qualifies] : rows) {
         ScriptedUsbBus bus;
-        bus.attached[0].interfaces[0].interfaceClass = row.interfaceClass;
-        bus.attached[0].interfaces[0].subclass = row.subclass;
-        EXPECT_EQ(openFailure(bus), row.qualifies ? "none" : mtpNotConnected)
-            << int(row.interfaceClass) << "/" << int(row.subclass);
+        bus.attached[0].interfaces[0].interfaceClass = interfaceClass;
+        bus.attached[0].interfaces[0].subclass = subclass;
+        EXPECT_EQ(openFailure(bus), qualifies ? "none" : mtpNotConnected)
+            << int(interfaceClass) << "/" << int(subclass);
     }
 }
 
@@ -95,47 +85,36 @@ TEST(MTPInterfaceConnection, liesInDescriptorsAreSurvived) {
     EXPECT_EQ(openFailure(bus), mtpNotConnected);
 }
 
-TEST(MTPInterfaceConnection, heldDeviceIsSeized) {
-    ScriptedUsbBus bus;
-    bus.attached[0].openCodes = {usb::exclusiveAccess};
-    (void)openMTPInterface(bus, anyOfModel);
-    EXPECT_THAT(bus.log, ElementsAre("open 1-1", "seize 1-1", "open interface 0"));
-}
-
-TEST(MTPInterfaceConnection, heldInterfaceIsTriedAgainThenSeized) {
+TEST(MTPInterfaceConnection, whatIsHeldIsSeizedAndRefusalsSayWhy) {
     struct Row {
-        std::deque<UsbCode> codes;
-        std::vector<std::string> calls;
+        std::deque<UsbCode> device;
+        std::deque<UsbCode> interface;
+        std::vector<std::string> calls; ///< after the first attempt to open the device
         std::string failure;
     };
     const std::string denied = "Exclusive access denied by macOS PTPCamera/Photos daemon.";
+    const std::string notPermitted = "MTP Transport error: USB open failed: 0x-1FFFFD1E";
     const std::string open = "open interface 0";
     const std::string seize = "seize interface 0";
     const UsbCode held = usb::exclusiveAccess;
     const std::vector<Row> rows{
-        {{held}, {open, open}, "none"},
-        {{held, held}, {open, open, seize}, "none"},
-        {{held, usb::noMemory}, {open, open, seize}, "none"},
-        {{held, held, held}, {open, open, seize}, denied},
-        {{usb::notPermitted}, {open}, "MTP Transport error: USB open failed: 0x-1FFFFD1E"},
-        {{usb::noDevice}, {open}, mtpNotConnected},
+        {{}, {held}, {open, open}, "none"},
+        {{}, {held, held}, {open, open, seize}, "none"},
+        {{}, {held, held, held}, {open, open, seize}, denied},
+        {{}, {usb::notPermitted}, {open}, notPermitted},
+        {{}, {usb::noDevice}, {open}, mtpNotConnected},
+        {{held}, {}, {"seize 1-1", open}, "none"},
+        {{held, held}, {}, {"seize 1-1"}, denied},
+        {{usb::notPermitted}, {}, {}, notPermitted},
     };
     for (const Row& row : rows) {
         ScriptedUsbBus bus;
-        bus.attached[0].interfaces[0].openCodes = row.codes;
+        bus.attached[0].openCodes = row.device;
+        bus.attached[0].interfaces[0].openCodes = row.interface;
         EXPECT_EQ(openFailure(bus), row.failure);
         bus.log.erase(bus.log.begin());
         EXPECT_EQ(bus.log, row.calls);
     }
-}
-
-TEST(MTPInterfaceConnection, deviceThatMayNotBeOpenedSaysWhy) {
-    ScriptedUsbBus bus;
-    bus.attached[0].openCodes = {usb::notPermitted};
-    EXPECT_EQ(openFailure(bus), "MTP Transport error: USB open failed: 0x-1FFFFD1E");
-    bus.attached[0].openCodes = {usb::exclusiveAccess, usb::exclusiveAccess};
-    EXPECT_EQ(openFailure(bus), "Exclusive access denied by macOS PTPCamera/Photos daemon.");
-    EXPECT_THAT(bus.log, Not(Contains("open interface 0")));
 }
 
 TEST(MTPInterfaceConnection, tellsTwoPhonesOfOneModelApart) {
@@ -148,11 +127,9 @@ TEST(MTPInterfaceConnection, tellsTwoPhonesOfOneModelApart) {
     const std::vector<Row> rows{
         {"by serial", "B", "", "1-2"},
         {"by location", "", "1-2", "1-2"},
-        {"by both", "A", "1-1", "1-1"},
         {"moved to another port", "B", "1-9", "1-2"},
         {"another phone in its port", "A", "1-2", "1-1"},
         {"one without a serial moved", "", "1-9", ""},
-        {"another serial", "C", "", ""},
         {"another serial in that port", "C", "1-1", ""},
         {"nothing known", "", "", ""},
     };
@@ -188,8 +165,6 @@ TEST(IOKitMTPTransportLifecycle, everythingFailsWhileClosed) {
     const Bytes bytes(12);
     const auto expectClosed = [&] {
         EXPECT_EQ(mtpFailureOf([&] { transport.send(bytes); }), mtpNotConnected);
-        EXPECT_EQ(mtpFailureOf([&] { transport.send({}); }), mtpNotConnected);
-        EXPECT_EQ(mtpFailureOf([&] { (void)transport.receive(1); }), mtpNotConnected);
         EXPECT_EQ(mtpFailureOf([&] { (void)transport.receivePacket(); }), mtpNotConnected);
         EXPECT_EQ(mtpFailureOf([&] { transport.sendContainer({}, 0, {}, {}); }), mtpNotConnected);
         EXPECT_EQ(mtpFailureOf([&] { (void)transport.receiveContainer({}, {}); }), mtpNotConnected);

@@ -4,7 +4,8 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <rapidcheck/gtest.h>
+
+#include <ctime>
 
 namespace tessary {
 namespace {
@@ -37,19 +38,6 @@ TEST(MTPHeader, isTwelveLittleEndianBytes) {
     EXPECT_EQ(MTPPacketCodec::decodeHeader(header), response);
 }
 
-TEST(MTPHeader, anyLengthFieldIsKeptAsItIs) {
-    const std::pair<const char*, std::uint32_t> rows[] = {
-        {"00000000", 0},  {"0B000000", 11},         {"0C000000", 12},
-        {"0D000000", 13}, {"FFFFFF7F", 0x7FFFFFFF}, {"FFFFFFFF", 0xFFFFFFFF}};
-    for (const auto& [bytes, length] : rows) {
-        Bytes container = hexBytes(bytes);
-        container.insert(container.end(), header.begin() + 4, header.end());
-        const auto decoded = MTPPacketCodec::decodeHeader(container);
-        ASSERT_TRUE(decoded) << bytes;
-        EXPECT_EQ(decoded->length, length);
-    }
-}
-
 TEST(MTPHeader, typeOutOfRangeIsUndefined) {
     const std::pair<const char*, MTPContainerType> rows[] = {
         {"0000", MTPContainerType::undefined}, {"0400", MTPContainerType::event},
@@ -64,18 +52,11 @@ TEST(MTPHeader, typeOutOfRangeIsUndefined) {
     }
 }
 
-TEST(MTPContainers, commandCarriesItsParameters) {
-    EXPECT_EQ(MTPPacketCodec::buildCommandPacket(MTPOperationCode::closeSession, 7, {}),
-              hexBytes("0C000000 0100 0310 07000000"));
+TEST(MTPContainers, carryParametersOrPayload) {
     const std::uint32_t parameters[] = {0x00010001, 0, 0xFFFFFFFF};
     EXPECT_EQ(MTPPacketCodec::buildCommandPacket(MTPOperationCode::getObjectHandles, 0x01020304,
                                                  parameters),
               hexBytes("18000000 0100 0710 04030201 01000100 00000000 FFFFFFFF"));
-}
-
-TEST(MTPContainers, dataCarriesItsPayload) {
-    EXPECT_EQ(MTPPacketCodec::buildDataPacket(MTPOperationCode::sendObject, 2, {}),
-              hexBytes("0C000000 0200 0D10 02000000"));
     EXPECT_EQ(MTPPacketCodec::buildDataPacket(MTPOperationCode::setObjectPropValue, 2,
                                               hexBytes("00 'a' 0000")),
               hexBytes("11000000 0200 0498 02000000 00 'a' 0000"));
@@ -124,11 +105,6 @@ TEST(MTPStrings, longTextIsCutAt254Units) {
         EXPECT_EQ(encoded[size - 2], std::byte{0}) << units;
         EXPECT_EQ(encoded[size - 1], std::byte{0}) << units;
     }
-    // The cut may split a character: the codec does not look at characters.
-    const QString text = QString(253, QLatin1Char('x')) + QStringLiteral("\U0001F600");
-    const auto decoded = MTPPacketCodec::decodeString(MTPPacketCodec::encodeString(text), 0);
-    ASSERT_TRUE(decoded);
-    EXPECT_EQ(decoded->first, text.left(254));
 }
 
 TEST(MTPStrings, decodingTrustsNoLengthByte) {
@@ -228,30 +204,6 @@ TEST(MTPObjectDataset, encodingSendsNoDates) {
     EXPECT_EQ(MTPPacketCodec::encodeObjectInfo(*info), expected);
 }
 
-TEST(MTPObjectDataset, formatSaysWhatIsAFolder) {
-    const std::tuple<const char*, MTPObjectFormat, bool> rows[] = {
-        {"0130", MTPObjectFormat::associationFolder, true},
-        {"84B9", MTPObjectFormat::mkv, false},
-        {"0338", MTPObjectFormat::undefined, false},
-        {"FFFF", MTPObjectFormat::undefined, false}};
-    for (const auto& [format, expected, isDirectory] : rows) {
-        Bytes bytes = photo;
-        std::ranges::copy(hexBytes(format), bytes.begin() + 4);
-        const auto info = MTPPacketCodec::decodeObjectInfo(bytes, 1);
-        ASSERT_TRUE(info) << format;
-        EXPECT_EQ(info->objectFormat, expected) << format;
-        EXPECT_EQ(info->isDirectory(), isDirectory) << format;
-    }
-}
-
-TEST(MTPObjectDataset, trueSizeWinsOverThe32BitOne) {
-    MTPObjectInfo info;
-    info.compressedSize = 0xFFFFFFFF;
-    EXPECT_EQ(info.effectiveSize(), 0xFFFFFFFFU);
-    info.true64BitSize = 5'000'000'000;
-    EXPECT_EQ(info.effectiveSize(), 5'000'000'000U);
-}
-
 TEST(MTPTruncation, everyDecoderStandsEveryCut) {
     for (const auto& [name, whole] : vectors) {
         for (std::size_t size = 0; size <= whole.size(); ++size) {
@@ -284,52 +236,69 @@ TEST(MTPTruncation, cutDatasetKeepsTheStringsThatAreWhole) {
     EXPECT_EQ(info->keywords, QString());
 }
 
-/// Any UTF-16 units, lone surrogates and NUL among them; sometimes more than fit.
-QString anyText() {
-    QString text;
-    for (const auto unit : *rc::gen::arbitrary<std::vector<std::uint16_t>>())
-        text += QChar(unit);
-    return text.repeated(*rc::gen::inRange(1, 8));
+/// Makes a time zone the local one.
+class MTPDate : public testing::Test {
+protected:
+    MTPDate() {
+        qputenv("TZ", "Europe/Berlin");
+        tzset();
+    }
+    ~MTPDate() override {
+        qunsetenv("TZ");
+        tzset();
+    }
+
+    /// The date in UTC, "none" without one.
+    static std::string parse(const char* text) {
+        const auto date = MTPPacketCodec::parseMTPDate(QString::fromUtf8(text));
+        return date ? date->toUTC().toString(Qt::ISODateWithMs).toStdString() : "none";
+    }
+};
+
+TEST_F(MTPDate, formsAreReadInLocalTimeUnlessTheyNameAZone) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"20240131T235959", "2024-01-31T22:59:59.000Z"},
+        {"20240731T235959", "2024-07-31T21:59:59.000Z"},
+        {"20240131T235959.5", "2024-01-31T22:59:59.500Z"},
+        {"20240131T235959.1239999", "2024-01-31T22:59:59.123Z"},
+        {"2024-01-31T23:59:59", "2024-01-31T22:59:59.000Z"},
+        {"2024-01-31 23:59:59", "2024-01-31T22:59:59.000Z"},
+        {" \t20240131T235959\r\n", "2024-01-31T22:59:59.000Z"},
+        {"19691231T235959", "1969-12-31T22:59:59.000Z"},
+        {"2024-01-31T23:59:59+05:30", "2024-01-31T18:29:59.000Z"},
+        {"20240131T235959Z", "2024-01-31T23:59:59.000Z"},
+        {"20240131T235959-0800", "2024-02-01T07:59:59.000Z"},
+    };
+    for (const auto& [text, utc] : rows)
+        EXPECT_EQ(parse(text), utc) << text;
 }
 
-RC_GTEST_PROP(MTPRoundTrip, textComesBackCutAt254Units, (std::uint8_t before)) {
-    const QString text = anyText();
-    Bytes bytes(before);
-    const Bytes encoded = MTPPacketCodec::encodeString(text);
-    bytes.insert(bytes.end(), encoded.begin(), encoded.end());
-    const auto decoded = MTPPacketCodec::decodeString(bytes, before);
-    RC_ASSERT(decoded.has_value());
-    RC_ASSERT(decoded->first == text.left(254));
-    RC_ASSERT(decoded->second == encoded.size());
+TEST_F(MTPDate, anythingElseIsNoDate) {
+    for (const char* text :
+         {"", "2024-01-31", "20240131T2359", "20240131T2359599", "20240131t235959",
+          "20240230T000000", "00000000T000000", "20240131T240000", "20240131T235960",
+          "20240131T235959.", "20240131T235959.-1", "20240131T235959.5.5", "20240131T 35959",
+          "2024013\u0661T235959", "20240131T235959 x", "TTTTTTTTTTTTTTTTTTTT"})
+        EXPECT_EQ(parse(text), "none") << text;
 }
 
-RC_GTEST_PROP(MTPRoundTrip, objectInfoComesBackWithoutItsDates,
-              (std::uint32_t handle, std::uint16_t small, std::array<std::uint32_t, 11> wide)) {
-    MTPObjectInfo info;
-    info.id = handle;
-    info.storageID = wide[0];
-    info.objectFormat = *rc::gen::element(MTPObjectFormat::undefined, MTPObjectFormat::flac,
-                                          MTPObjectFormat::associationFolder);
-    info.protectionStatus = small;
-    info.compressedSize = wide[1];
-    info.thumbFormat = static_cast<std::uint16_t>(~small);
-    info.thumbCompressedSize = wide[2];
-    info.thumbPixWidth = wide[3];
-    info.thumbPixHeight = wide[4];
-    info.imagePixWidth = wide[5];
-    info.imagePixHeight = wide[6];
-    info.imageBitDepth = wide[7];
-    info.parentObject = wide[8];
-    info.associationType = static_cast<std::uint16_t>(small ^ 0x5555);
-    info.associationDesc = wide[9];
-    info.sequenceNumber = wide[10];
-    info.filename = anyText().left(254);
-    info.keywords = anyText().left(254);
-    MTPObjectInfo sent = info;
-    sent.true64BitSize = 5'000'000'000;
-    sent.dateModified = local(2024, 1, 31, 23, 59, 59);
-    RC_ASSERT(MTPPacketCodec::decodeObjectInfo(MTPPacketCodec::encodeObjectInfo(sent), handle) ==
-              info);
+TEST_F(MTPDate, clockChangesLoseNoDate) {
+    // 02:30 does not exist on this day: a clock not yet put forward shows it at 03:30.
+    EXPECT_EQ(parse("20240331T023000"), "2024-03-31T01:30:00.000Z");
+    EXPECT_EQ(parse("20240331T015959"), "2024-03-31T00:59:59.000Z");
+    EXPECT_EQ(parse("20240331T030000"), "2024-03-31T01:00:00.000Z");
+    // 02:30 exists twice.
+    const std::string twice = parse("20241027T023000");
+    EXPECT_TRUE(twice == "2024-10-27T00:30:00.000Z" || twice == "2024-10-27T01:30:00.000Z");
+}
+
+TEST_F(MTPDate, formattedDateIsLocalAndReadBack) {
+    const QDateTime date(QDate(2024, 7, 31), QTime(21, 59, 59), Qt::UTC);
+    EXPECT_EQ(MTPPacketCodec::formatMTPDate(date), QStringLiteral("20240731T235959"));
+    EXPECT_EQ(MTPPacketCodec::parseMTPDate(MTPPacketCodec::formatMTPDate(date)), date);
+    QLocale::setDefault(QLocale(QLocale::Arabic, QLocale::Egypt));
+    EXPECT_EQ(MTPPacketCodec::formatMTPDate(date), QStringLiteral("20240731T235959"));
+    QLocale::setDefault(QLocale::c());
 }
 
 } // namespace

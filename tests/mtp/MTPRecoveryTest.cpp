@@ -98,12 +98,6 @@ TEST_F(MTPRecoveryTest, whatIsLeftInThePipeIsDropped) {
     EXPECT_EQ(nextCode(), 0x2002);
 }
 
-TEST_F(MTPRecoveryTest, bytesThatAreHeldCountAsLeft) {
-    bus_.send(responseOf(0x2001, 7) + responseOf(0x2001, 7));
-    EXPECT_EQ(nextCode(), 0x2001);
-    EXPECT_EQ(transport_.recover(7, MTPDataPhase::toHost), MTPPipeState::drained);
-}
-
 TEST_F(MTPRecoveryTest, refusedCancelMeansReadingToTheEnd) {
     bus_.cancelCodes = {usb::pipeStalled};
     bus_.incoming.push_back({{}, std::uint64_t{100} << 20, usb::success});
