@@ -1,11 +1,6 @@
 #include "core/MainThread.h"
-#include "core/Background.h"
 #include "core/TessaryError.h"
-
-#include <QCoreApplication>
-#include <QEventLoop>
-
-#include <gtest/gtest.h>
+#include "files/MainLoop.h"
 
 #include <atomic>
 #include <thread>
@@ -16,32 +11,7 @@
 namespace tessary {
 namespace {
 
-using namespace std::chrono_literals;
-
-class MainThreadTest : public testing::Test {
-protected:
-    MainThreadTest() {
-        static int count = 1;
-        static char name[] = "test";
-        static char* arguments[] = {name, nullptr};
-        static const QCoreApplication application(count, arguments);
-        Background::restart();
-    }
-    ~MainThreadTest() override {
-        EXPECT_TRUE(Background::shutDown(30s));
-        QCoreApplication::processEvents();
-    }
-
-    template <typename Test>
-    [[nodiscard]] static bool eventually(Test holds, std::chrono::milliseconds limit = 20s) {
-        const auto end = std::chrono::steady_clock::now() + limit;
-        while (!holds() && std::chrono::steady_clock::now() < end) {
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-            std::this_thread::sleep_for(1ms);
-        }
-        return holds();
-    }
-};
+using MainThreadTest = MainLoop;
 
 TEST_F(MainThreadTest, postsOfEachThreadArriveOnTheMainThreadInTheirOrder) {
     constexpr int threads = 4;
@@ -64,31 +34,6 @@ TEST_F(MainThreadTest, postsOfEachThreadArriveOnTheMainThreadInTheirOrder) {
     ASSERT_TRUE(eventually([&] { return total == threads * posts; }));
     for (const std::vector<int>& order : arrived)
         EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
-}
-
-TEST_F(MainThreadTest, nestedEventLoopGoesOnWithWhatWasPostedLater) {
-    std::vector<int> order;
-    QEventLoop dialog;
-    MainThread::post([&] {
-        order.push_back(1);
-        dialog.exec();
-        order.push_back(4);
-    });
-    MainThread::post([&] { order.push_back(2); });
-    MainThread::post([&] {
-        order.push_back(3);
-        dialog.quit();
-    });
-    ASSERT_TRUE(eventually([&] { return order.size() == 4; }));
-    EXPECT_EQ(order, (std::vector{1, 2, 3, 4}));
-}
-
-TEST_F(MainThreadTest, otherThreadIsNotTheMainOne) {
-    bool isMain = true;
-    std::thread([&] { isMain = MainThread::isCurrent(); }).join();
-    EXPECT_FALSE(isMain);
-    EXPECT_TRUE(MainThread::isCurrent());
-    EXPECT_DEATH(std::thread([] { MainThread::assertCurrent(); }).join(), "main");
 }
 
 TEST_F(MainThreadTest, resultAndExceptionOfTheWorkAreDelivered) {
@@ -140,7 +85,7 @@ TEST_F(MainThreadTest, resultForAContextThatIsGoneIsDropped) {
     context.reset();
     mayEnd = true;
     ASSERT_TRUE(eventually([&] { return hasEnded.load(); }));
-    (void)eventually([] { return false; }, 50ms);
+    turnFor(50ms);
     EXPECT_FALSE(isDelivered);
 }
 
@@ -164,7 +109,7 @@ TEST_F(MainThreadTest, shutDownStopsWhatRunsAndDropsWhatWaits) {
     EXPECT_EQ(started, Background::maxThreads);
     runInBackground(
         &context, [&] { ++started; }, [](BackgroundResult<void>) {});
-    (void)eventually([] { return false; }, 20ms);
+    turnFor(20ms);
     EXPECT_EQ(started, Background::maxThreads) << "work was taken after the end";
 }
 
@@ -185,21 +130,6 @@ TEST_F(MainThreadTest, shutDownWaitsNoLongerThanItsLimit) {
     EXPECT_FALSE(Background::shutDown(50ms));
     EXPECT_LT(std::chrono::steady_clock::now() - start, 10s);
     *mayEnd = true;
-}
-
-TEST_F(MainThreadTest, workCanBeAskedToStop) {
-    QObject context;
-    bool wasStopped = false;
-    std::stop_source stop = runInBackground(
-        &context,
-        [](const std::stop_token& token) {
-            while (!token.stop_requested())
-                std::this_thread::sleep_for(1ms);
-            return true;
-        },
-        [&](BackgroundResult<bool> result) { wasStopped = result.take(); });
-    stop.request_stop();
-    EXPECT_TRUE(eventually([&] { return wasStopped; }));
 }
 
 } // namespace

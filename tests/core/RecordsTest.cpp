@@ -1,15 +1,16 @@
-#include "core/AppInfo.h"
+#include "core/AFCError.h"
+#include "core/ByteFormat.h"
 #include "core/DeviceInfo.h"
 #include "core/FileItem.h"
+#include "core/PathNames.h"
+#include "core/TransferProgress.h"
 #include "support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 
 #include <QLocale>
-#include <QSet>
-#include <QTimeZone>
 
-#include <unordered_set>
+#include <limits>
 
 namespace tessary {
 namespace {
@@ -37,27 +38,6 @@ protected:
     }
 };
 
-TEST_F(Records, everyRawValueLeadsBackToItsCase) {
-    for (const DevicePlatform platform : allDevicePlatforms)
-        EXPECT_EQ(devicePlatformFromRawValue(rawValue(platform)), platform);
-    for (const FileCategory category : allFileCategories)
-        EXPECT_EQ(fileCategoryFromRawValue(rawValue(category)), category);
-    for (const ProtocolMode mode : {ProtocolMode::afc, ProtocolMode::mtp, ProtocolMode::adbTurbo})
-        EXPECT_EQ(protocolModeFromRawValue(rawValue(mode)), mode);
-    EXPECT_EQ(connectionTypeFromRawValue(1), ConnectionType::usb);
-    EXPECT_EQ(connectionTypeFromRawValue(2), ConnectionType::network);
-}
-
-TEST_F(Records, unknownRawValuesHaveNoCase) {
-    for (const std::uint32_t raw : {0U, 3U, 0xFFFFFFFFU})
-        EXPECT_FALSE(connectionTypeFromRawValue(raw)) << raw;
-    for (const char* raw : {"Turbo Mode", "standard mtp", "", "Android", "Folder "}) {
-        EXPECT_FALSE(protocolModeFromRawValue(QString::fromLatin1(raw))) << raw;
-        EXPECT_FALSE(fileCategoryFromRawValue(QString::fromLatin1(raw))) << raw;
-    }
-    EXPECT_FALSE(devicePlatformFromRawValue(QStringLiteral("ios")));
-}
-
 TEST_F(Records, categoryFollowsTheLastExtensionOnly) {
     const struct {
         const char* name;
@@ -65,99 +45,25 @@ TEST_F(Records, categoryFollowsTheLastExtensionOnly) {
         const char* extension;
     } rows[] = {
         {"photo.JPG", FileCategory::image, "jpg"},
-        {"raw.dng", FileCategory::image, "dng"},
-        {"scan.tiff", FileCategory::other, "tiff"},
         {"clip.3gp", FileCategory::video, "3gp"},
         {"stream.ts", FileCategory::code, "ts"},
         {"song.opus", FileCategory::audio, "opus"},
         {"REPORT.PDF", FileCategory::document, "pdf"},
-        {"kernel.log", FileCategory::document, "log"},
         {"backup.tar.gz", FileCategory::archive, "gz"},
         {"game.xapk", FileCategory::apk, "xapk"},
-        {"page.html", FileCategory::code, "html"},
         {"table.csv", FileCategory::other, "csv"},
         {"x.jpgx", FileCategory::other, "jpgx"},
-        {"x.jp", FileCategory::other, "jp"},
         {"jpg", FileCategory::other, ""},
         {"ends in a dot.", FileCategory::other, ""},
         {".jpg", FileCategory::other, ""},
-        {"..", FileCategory::other, ""},
         {"", FileCategory::other, ""},
         {"hostile.jpg/plain", FileCategory::other, ""},
         {"x.jpg mp3", FileCategory::other, "jpg mp3"},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(file(row.name).category(), row.category) << row.name;
+        EXPECT_EQ(file(row.name, true).category(), FileCategory::folder) << row.name;
         EXPECT_EQ(file(row.name).fileExtension(), QString::fromLatin1(row.extension)) << row.name;
-    }
-}
-
-TEST_F(Records, folderIsAFolderWhateverItsName) {
-    const FileItem folder = file("holiday.jpg", true);
-    EXPECT_EQ(folder.category(), FileCategory::folder);
-    EXPECT_EQ(folder.iconName(), QStringLiteral("folder.fill"));
-    EXPECT_EQ(folder.formattedSize(), QStringLiteral("--"));
-    EXPECT_EQ(file("a.apk").iconName(), QStringLiteral("shippingbox.fill"));
-    EXPECT_EQ(file("a.apk").formattedSize(), QStringLiteral("2 kB"));
-}
-
-TEST_F(Records, fileWithoutDateSortsAsTheEpoch) {
-    FileItem item = file("a");
-    EXPECT_EQ(item.modifiedDateOrEpoch(), QDateTime(QDate(1970, 1, 1), QTime(0, 0), Qt::UTC));
-    item.modifiedDate = QDateTime(QDate(2024, 1, 31), QTime(12, 0), Qt::UTC);
-    EXPECT_EQ(item.modifiedDateOrEpoch(), *item.modifiedDate);
-}
-
-TEST_F(Records, fileIdentityIsTheExplicitIdOrThePath) {
-    const QString path = QStringLiteral("/DCIM");
-    const FileItem plain(QStringLiteral("DCIM"), path, true, 0, std::nullopt);
-    const FileItem sameId(QStringLiteral("DCIM"), path, true, 0, std::nullopt, std::nullopt, path);
-    const FileItem otherId(QStringLiteral("DCIM"), path, true, 0, std::nullopt, 7,
-                           QStringLiteral("65538:/DCIM"));
-    EXPECT_EQ(plain.id(), sameId.id());
-    EXPECT_NE(plain, sameId);
-    EXPECT_NE(qHash(plain), qHash(sameId));
-    EXPECT_EQ(otherId.id(), QStringLiteral("65538:/DCIM"));
-}
-
-TEST_F(Records, deviceIdNamesTheAttachment) {
-    DeviceInfo device;
-    device.udid = QStringLiteral("abc");
-    device.handle = 7;
-    EXPECT_EQ(device.id(), QStringLiteral("abc-7"));
-    device.handle = 0xFFFFFFFF;
-    EXPECT_EQ(device.id(), QStringLiteral("abc-4294967295"));
-}
-
-TEST_F(Records, anyChangedFieldMakesDevicesDiffer) {
-    const DeviceInfo base = androidPhone();
-    const std::pair<const char*, void (*)(DeviceInfo&)> changes[] = {
-        {"udid", [](DeviceInfo& d) { d.udid += QLatin1Char('x'); }},
-        {"platform", [](DeviceInfo& d) { d.platform = DevicePlatform::iOS; }},
-        {"handle", [](DeviceInfo& d) { d.handle = 1; }},
-        {"productId", [](DeviceInfo& d) { d.productId = 1; }},
-        {"vendorId", [](DeviceInfo& d) { d.vendorId = 1; }},
-        {"connectionType", [](DeviceInfo& d) { d.connectionType = ConnectionType::network; }},
-        {"protocolMode", [](DeviceInfo& d) { d.protocolMode = ProtocolMode::adbTurbo; }},
-        {"empty name", [](DeviceInfo& d) { d.deviceName = QString(); }},
-        {"manufacturer", [](DeviceInfo& d) { d.manufacturer = QStringLiteral("Acme"); }},
-        {"serialNumber", [](DeviceInfo& d) { d.serialNumber = QStringLiteral("1"); }},
-        {"battery of 0", [](DeviceInfo& d) { d.batteryLevel = 0; }},
-        {"isLocked", [](DeviceInfo& d) { d.isLocked = true; }},
-        {"freeStorageBytes", [](DeviceInfo& d) { d.freeStorageBytes = 0; }},
-        {"totalStorageBytes", [](DeviceInfo& d) { d.totalStorageBytes = 0; }},
-        {"free space of a volume", [](DeviceInfo& d) { --d.volumes.front().freeBytes; }},
-        {"volumes", [](DeviceInfo& d) { d.volumes.push_back(d.volumes.front()); }},
-        {"usbLocation", [](DeviceInfo& d) { d.usbLocation = QStringLiteral("1-4"); }},
-    };
-    std::unordered_set<DeviceInfo> seen{base};
-    for (const auto& [name, change] : changes) {
-        DeviceInfo other = base;
-        change(other);
-        EXPECT_NE(other, base) << name;
-        EXPECT_NE(qHash(other), qHash(base)) << name;
-        EXPECT_TRUE(seen.insert(other).second) << name;
-        EXPECT_FALSE(seen.insert(other).second) << name;
     }
 }
 
@@ -209,21 +115,88 @@ TEST_F(Records, volumeWithMoreFreeThanTotalIsShownAsItIs) {
     EXPECT_EQ(StorageVolume{}.usageRatio(), 0.0);
 }
 
-TEST_F(Records, sizesAboveTheSignedRangeAreFatal) {
-    const StorageVolume huge{{}, {}, std::uint64_t{1} << 63, 0, false};
-    EXPECT_DEATH((void)huge.formattedCapacity(), "signed 64-bit");
-    DeviceInfo device = androidPhone();
-    device.volumes = {huge};
-    EXPECT_DEATH((void)device.formattedStorageSummary(), "signed 64-bit");
+TEST_F(Records, byteFormatPicksTheUnitAfterRounding) {
+    const struct {
+        qint64 bytes;
+        const char* text;
+    } rows[] = {
+        {0, "0 bytes"},
+        {999, "999 bytes"},
+        {1'000, "1 kB"},
+        {1'500, "2 kB"},
+        {999'499, "999 kB"},
+        {999'500, "1.0 MB"},
+        {1'250'000, "1.3 MB"},
+        {999'949'999, "999.9 MB"},
+        {999'950'000, "1.00 GB"},
+        {999'994'999'999, "999.99 GB"},
+        {999'995'000'000, "1.00 TB"},
+        {std::numeric_limits<qint64>::max(), "9.22 EB"},
+        {-999'500, "-1.0 MB"},
+        {std::numeric_limits<qint64>::min(), "-9.22 EB"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(formatBytes(row.bytes), QString::fromLatin1(row.text)) << row.bytes;
 }
 
-TEST_F(Records, appIdentityIsItsBundle) {
-    const AppInfo app{QStringLiteral("org.example.notes"), QStringLiteral("Notes"), true, false};
-    AppInfo inPlace = app;
-    inPlace.documentsInPlace = true;
-    EXPECT_EQ(app.id(), inPlace.id());
-    EXPECT_NE(app, inPlace);
-    EXPECT_EQ((QSet<AppInfo>{app, inPlace, app}.size()), 2);
+TEST_F(Records, byteFormatFollowsTheDefaultLocale) {
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    EXPECT_EQ(formatBytes(1'250'000'000), QStringLiteral("1,25 GB"));
+    EXPECT_EQ(formatBytes(12), QStringLiteral("12 Bytes"));
+}
+
+TEST(AFCErrorText, namesTheCaseAndItsNumber) {
+    const struct {
+        std::int32_t status;
+        const char* text;
+    } rows[] = {
+        {0, "AFC Error: success (code 0)"},        {1, "AFC Error: unknownError (code 1)"},
+        {8, "AFC Error: objectNotFound (code 8)"}, {24, "AFC Error: unknownError (code 1)"},
+        {30, "AFC Error: muxError (code 30)"},     {34, "AFC Error: sslError (code 34)"},
+        {35, "AFC Error: unknownError (code 1)"},  {-1, "AFC Error: unknownError (code 1)"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(description(afcErrorFromStatus(row.status)), QString::fromLatin1(row.text))
+            << row.status;
+}
+
+TEST_F(Records, neverShowsMoreDoneThanThereIs) {
+    TransferProgress progress{10, 3, 4'000'000, 1'000'000, 500'000, 900'000};
+    EXPECT_EQ(progress.fileCountDescription(), QStringLiteral("3/10 files"));
+    EXPECT_EQ(progress.bytesDescription(), QStringLiteral("1.5 MB / 4.0 MB"));
+    progress.completedFiles = 11;
+    progress.completedBytes = 4'000'000;
+    EXPECT_EQ(progress.fileCountDescription(), QStringLiteral("10/10 files"));
+    EXPECT_EQ(progress.bytesDescription(), QStringLiteral("4.0 MB / 4.0 MB"));
+}
+
+TEST(PathNames, joinsAndTakesApart) {
+    EXPECT_EQ(joinPath(QStringLiteral("/"), QStringLiteral("a")), QStringLiteral("/a"));
+    EXPECT_EQ(joinPath(QStringLiteral("/a"), QStringLiteral("b")), QStringLiteral("/a/b"));
+    EXPECT_EQ(joinPath(QStringLiteral("/a/"), QStringLiteral("b")), QStringLiteral("/a/b"));
+    struct {
+        const char* path;
+        const char* parent;
+        const char* last;
+    } const rows[] = {{"/", "/", ""},        {"/a", "/", "a"},
+                      {"/a/", "/", "a"},     {"/a/b.txt", "/a", "b.txt"},
+                      {"/a/b//", "/a", "b"}, {"a", "/", "a"}};
+    for (const auto& row : rows) {
+        EXPECT_EQ(parentPath(QString::fromLatin1(row.path)), QString::fromLatin1(row.parent));
+        EXPECT_EQ(lastComponent(QString::fromLatin1(row.path)), QString::fromLatin1(row.last));
+    }
+}
+
+TEST(PathNames, onlyAPlainNameIsSafe) {
+    for (const QString& name :
+         {QString(), QStringLiteral("."), QStringLiteral(".."), QStringLiteral("a/b"),
+          QStringLiteral("/"), QStringLiteral("../x"), QString(QChar::Null),
+          QStringLiteral("a") + QChar::Null + QStringLiteral(".txt")})
+        EXPECT_FALSE(isSafeName(name)) << testing::PrintToString(name);
+    for (const QString& name :
+         {QStringLiteral("..."), QStringLiteral(".hidden"), QStringLiteral(" "),
+          QStringLiteral("a\\b"), QStringLiteral("a\nb"), QString(QChar(0xD800))})
+        EXPECT_TRUE(isSafeName(name)) << testing::PrintToString(name);
 }
 
 } // namespace

@@ -27,13 +27,6 @@ struct Hang {
     std::latch begun{1};
 };
 
-TEST(SerialQueue, returnsValuesAndPassesErrorsOn) {
-    SerialQueue queue("test");
-    EXPECT_EQ(queue.run([] { return 7; }), 7);
-    EXPECT_THROW(queue.run([] { throw std::out_of_range("x"); }), std::out_of_range);
-    EXPECT_EQ(queue.run([] { return std::make_unique<int>(8); }).operator*(), 8);
-}
-
 TEST(SerialQueue, runsOneAtATimeInOrderOnItsNamedThread) {
     SerialQueue queue("com.tessary.afc");
     std::vector<int> order;
