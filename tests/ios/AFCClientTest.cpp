@@ -64,23 +64,6 @@ TEST(AFCClientOpening, theContainerIsTriedWhenTheDocumentsAreRefused) {
               "com.apple.mobile.house_arrest failed: -27"_s);
 }
 
-TEST(AFCClientOpening, aDevelopersAppOpensByItsContainer) {
-    const TemporaryFolder disk;
-    VirtualIPhoneConfig config;
-    VirtualIPhoneApp own;
-    own.bundleID = u"com.example.own"_s;
-    own.folder = disk.makeFolder(u"own"_s);
-    own.isDebuggable = true;
-    config.apps = {own};
-    PluggedIPhone iphone(config);
-    iphone.faults([](VirtualIPhoneFaults& faults) {
-        faults.houseArrestErrors[u"VendDocuments"_s] = u"InstallationLookupFailed"_s;
-    });
-    AFCClient client(std::make_unique<LockdownSession>(iphone.udid()), own.bundleID);
-    EXPECT_EQ(client.workingRootPath(), u"/Documents"_s);
-    EXPECT_TRUE(client.listContents(u"/"_s).empty());
-}
-
 class AFCClientTest : public testing::Test {
 protected:
     PluggedIPhone iphone_;
@@ -133,18 +116,6 @@ TEST_F(AFCClientTest, oddFactsLeaveDefaultsAndRequiredOnesFail) {
                  TessaryError);
 }
 
-TEST_F(AFCClientTest, makesRenamesAndRemoves) {
-    client_->createDirectory(u"/new"_s);
-    EXPECT_TRUE(iphone_.has(u"new"_s));
-    iphone_.write(u"new/a"_s, "1");
-    client_->renamePath(u"/new/a"_s, u"/b"_s);
-    EXPECT_EQ(iphone_.read(u"b"_s), QByteArray("1"));
-    client_->removePath(u"/b"_s);
-    EXPECT_FALSE(iphone_.has(u"b"_s));
-    EXPECT_EQ(failureOf([&] { client_->removePath(u"/b"_s); }), notFound);
-    EXPECT_EQ(failureOf([&] { client_->renamePath(u"/b"_s, u"/c"_s); }), notFound);
-}
-
 TEST(AFCClientRemoving, aFullFolderGoesWithItsTreeWhateverTheRefusalsNumber) {
     VirtualIPhoneConfig config;
     for (const std::uint64_t status : {33, 1}) {
@@ -167,22 +138,6 @@ TEST_F(AFCClientTest, removalStaysInItsFolderWhateverNamesAreListed) {
         [](VirtualIPhoneFaults& faults) { faults.nameOverrides[u"inner"_s] = u"../precious"_s; });
     EXPECT_THROW(client_->removePath(u"/tree"_s), TessaryError);
     EXPECT_TRUE(iphone_.has(u"precious"_s));
-}
-
-TEST_F(AFCClientTest, statusesAreMapped) {
-    const struct {
-        std::uint64_t status;
-        const char* text;
-    } rows[] = {{25, "AFC Error: unknownError (code 1)"},
-                {99, "AFC Error: unknownError (code 1)"},
-                {10, "AFC Error: permDenied (code 10)"},
-                {16, "AFC Error: objectExists (code 16)"}};
-    for (const auto& row : rows) {
-        refuse(iphone_, "afc.makeDir", row.status);
-        EXPECT_EQ(failureOf([&] { client_->createDirectory(u"/x"_s); }),
-                  QString::fromLatin1(row.text));
-    }
-    EXPECT_NO_THROW(client_->createDirectory(u"/x"_s));
 }
 
 TEST_F(AFCClientTest, aFolderCalledLikeTheRootIsNotTheRoot) {

@@ -143,13 +143,5 @@ TEST_F(AFCFolderTest, cancellingStopsAtOnceAndListingsComeInBetween) {
     EXPECT_LT(here_.names(u"many"_s).size(), 60);
 }
 
-TEST_F(AFCFolderTest, aMissingFolderFailsAsAWhole) {
-    EXPECT_EQ(failureOf([&] { (void)client_->downloadDirectory(u"/none"_s, here_.path(u"x"_s)); }),
-              u"AFC Error: objectNotFound (code 8)"_s);
-    EXPECT_EQ(failureOf([&] { (void)client_->uploadDirectory(here_.path(u"none"_s), u"/x"_s); }),
-              u"File I/O error: Cannot enumerate "_s + here_.path(u"none"_s));
-    EXPECT_TRUE(here_.names().isEmpty());
-}
-
 } // namespace
 } // namespace tessary

@@ -145,25 +145,24 @@ TEST_F(AFCTransferTest, aFullPhoneKeepsNoPartOfTheCopy) {
     EXPECT_FALSE(client_->isLost());
 }
 
-TEST_F(AFCTransferTest, aCancelledUploadLeavesNothing) {
+TEST_F(AFCTransferTest, cancelledCopiesLeaveNothing) {
     const QString big = here_.write(u"big"_s, pattern(16 * mebibyte));
-    iphone_.faults([](VirtualIPhoneFaults& faults) { faults.delay[u"afc.fileWrite"_s] = 100ms; });
-    std::stop_source stop;
-    const auto stopper = stopAfter("afc.fileWrite", 1, stop);
-    EXPECT_THROW(client_->uploadFile(big, u"/big"_s, {}, stop.get_token()), CancellationError);
-    EXPECT_FALSE(iphone_.has(u"big"_s));
-    EXPECT_LT(iphone_.count("afc.fileWrite"), 16U);
-}
-
-TEST_F(AFCTransferTest, aCancelledDownloadLeavesNothing) {
     iphone_.write(u"big"_s, pattern(16 * mebibyte));
-    iphone_.faults([](VirtualIPhoneFaults& faults) { faults.delay[u"afc.fileRead"_s] = 100ms; });
-    std::stop_source stop;
-    const auto stopper = stopAfter("afc.fileRead", 1, stop);
-    EXPECT_THROW(
-        client_->downloadFile(u"/big"_s, here_.path(u"big"_s), 16 * mebibyte, {}, stop.get_token()),
-        CancellationError);
-    EXPECT_TRUE(here_.names().isEmpty());
+    iphone_.faults([](VirtualIPhoneFaults& faults) {
+        faults.delay[u"afc.fileRead"_s] = 100ms;
+        faults.delay[u"afc.fileWrite"_s] = 100ms;
+    });
+    std::stop_source stopUp;
+    const auto upStopper = stopAfter("afc.fileWrite", 1, stopUp);
+    EXPECT_THROW(client_->uploadFile(big, u"/up"_s, {}, stopUp.get_token()), CancellationError);
+    EXPECT_FALSE(iphone_.has(u"up"_s));
+    EXPECT_LT(iphone_.count("afc.fileWrite"), 16U);
+    std::stop_source stopDown;
+    const auto downStopper = stopAfter("afc.fileRead", 1, stopDown);
+    EXPECT_THROW(client_->downloadFile(u"/big"_s, here_.path(u"down"_s), 16 * mebibyte, {},
+                                       stopDown.get_token()),
+                 CancellationError);
+    EXPECT_EQ(here_.names(), QStringList(u"big"_s));
     EXPECT_EQ(client_->listContents(u"/"_s).size(), 1U); // the queue goes on
 }
 

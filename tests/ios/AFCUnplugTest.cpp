@@ -1,5 +1,4 @@
 #include "core/CancellationError.h"
-#include "ios/AppLister.h"
 #include "support/IOSFailure.h"
 #include "support/PluggedIPhone.h"
 #include "support/QtPrinters.h"
@@ -153,19 +152,6 @@ TEST(AFCUnplug, whileOpeningIsAnError) {
         EXPECT_LT(std::chrono::steady_clock::now() - begin, bound);
         EXPECT_TRUE(failure.startsWith(QString::fromLatin1(row.error))) << failure.toStdString();
     }
-}
-
-TEST(AFCUnplug, whileAppsAreListedIsAnError) {
-    PluggedIPhone iphone;
-    LockdownSession session(iphone.udid());
-    iphone.faults([](VirtualIPhoneFaults& faults) {
-        faults.requestFault = {u"installationProxy.Browse"_s, 1, false, VirtualCut::unplug};
-    });
-    const auto begin = std::chrono::steady_clock::now();
-    EXPECT_TRUE(failureOf([&] {
-                    (void)AppLister::listFileSharingApps(session);
-                }).startsWith(u"InstProxy error: Browse failed: "_s));
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, bound);
 }
 
 } // namespace

@@ -1,8 +1,10 @@
+#include "ios/AFCClient.h"
+#include "ios/AFCFileInfo.h"
 #include "ios/AppLister.h"
 #include "ios/LockdownSession.h"
 #include "support/QtPrinters.h"
 
-#include <QStringList>
+#include <QTimeZone>
 
 #include <gtest/gtest.h>
 
@@ -13,46 +15,37 @@
 namespace tessary {
 namespace {
 
-struct UsageCase {
-    const char* name;
-    std::vector<std::pair<const char*, std::uint64_t>> values;
-    std::optional<StorageInfo> expected;
-};
-
-class DiskUsage : public testing::TestWithParam<UsageCase> {};
-
-TEST_P(DiskUsage, isReadInEachForm) {
-    const PlistHandle usage(plist_new_dict());
-    for (const auto& [key, value] : GetParam().values)
-        plist_dict_set_item(usage.get(), key, plist_new_uint(value));
-    EXPECT_EQ(storageFromDiskUsage(usage.get()), GetParam().expected);
+TEST(DiskUsage, isReadInEachForm) {
+    constexpr qint64 largest = std::numeric_limits<qint64>::max();
+    const struct {
+        const char* name;
+        std::vector<std::pair<const char*, std::uint64_t>> values;
+        std::optional<StorageInfo> expected;
+    } rows[] = {
+        {"whole disk",
+         {{"TotalDiskCapacity", 100},
+          {"TotalDataCapacity", 80},
+          {"AmountDataAvailable", 30},
+          {"TotalDataAvailable", 40}},
+         StorageInfo{30, 100}},
+        {"data only, and clamped",
+         {{"TotalDataCapacity", 64'000'000'000}, {"TotalDataAvailable", 70'000'000'000}},
+         StorageInfo{64'000'000'000, 64'000'000'000}},
+        {"nothing free is known", {{"TotalDiskCapacity", 100}}, StorageInfo{0, 100}},
+        {"zero is not missing", {{"TotalDiskCapacity", 0}, {"TotalDataCapacity", 80}}, {}},
+        {"no capacity", {{"AmountDataAvailable", 30}}, {}},
+        {"above 63 bits",
+         {{"TotalDiskCapacity", std::numeric_limits<std::uint64_t>::max()},
+          {"AmountDataAvailable", std::uint64_t{1} << 63}},
+         StorageInfo{largest, largest}},
+    };
+    for (const auto& row : rows) {
+        const PlistHandle usage(plist_new_dict());
+        for (const auto& [key, value] : row.values)
+            plist_dict_set_item(usage.get(), key, plist_new_uint(value));
+        EXPECT_EQ(storageFromDiskUsage(usage.get()), row.expected) << row.name;
+    }
 }
-
-constexpr qint64 largest = std::numeric_limits<qint64>::max();
-
-INSTANTIATE_TEST_SUITE_P(
-    Forms, DiskUsage,
-    testing::Values(
-        UsageCase{"wholeDisk",
-                  {{"TotalDiskCapacity", 100},
-                   {"TotalDataCapacity", 80},
-                   {"AmountDataAvailable", 30},
-                   {"TotalDataAvailable", 40}},
-                  StorageInfo{30, 100}},
-        UsageCase{"dataOnlyAndClamped",
-                  {{"TotalDataCapacity", 64'000'000'000}, {"TotalDataAvailable", 70'000'000'000}},
-                  StorageInfo{64'000'000'000, 64'000'000'000}},
-        UsageCase{"mixed",
-                  {{"TotalDiskCapacity", 100}, {"TotalDataAvailable", 40}},
-                  StorageInfo{40, 100}},
-        UsageCase{"nothingFreeIsKnown", {{"TotalDiskCapacity", 100}}, StorageInfo{0, 100}},
-        UsageCase{"zeroIsNotMissing", {{"TotalDiskCapacity", 0}, {"TotalDataCapacity", 80}}, {}},
-        UsageCase{"noCapacity", {{"AmountDataAvailable", 30}}, {}}, UsageCase{"empty", {}, {}},
-        UsageCase{"above63Bits",
-                  {{"TotalDiskCapacity", std::numeric_limits<std::uint64_t>::max()},
-                   {"AmountDataAvailable", std::uint64_t{1} << 63}},
-                  StorageInfo{largest, largest}}),
-    [](const auto& row) { return row.param.name; });
 
 TEST(DiskUsage, whatIsNoDictionaryOfNumbersTellsNothing) {
     EXPECT_EQ(storageFromDiskUsage(nullptr), std::nullopt);
@@ -63,72 +56,85 @@ TEST(DiskUsage, whatIsNoDictionaryOfNumbersTellsNothing) {
     EXPECT_EQ(storageFromDiskUsage(usage.get()), std::nullopt);
 }
 
-/// The installation proxy's answer, entry by entry.
-class Answer {
-public:
-    Answer& add(const char* identifier, const char* displayName, const char* name,
-                plist_t sharing) {
+TEST(AppLister, listsOnlyAppsThatShareFilesAndHaveAnIdentifier) {
+    const PlistHandle apps(plist_new_array());
+    const auto add = [&apps](const char* identifier, plist_t sharing) {
         plist_t entry = plist_new_dict();
-        const auto put = [entry](const char* key, const char* text) {
-            if (text != nullptr)
-                plist_dict_set_item(entry, key, plist_new_string(text));
-        };
-        put("CFBundleIdentifier", identifier);
-        put("CFBundleDisplayName", displayName);
-        put("CFBundleName", name);
+        if (identifier != nullptr)
+            plist_dict_set_item(entry, "CFBundleIdentifier", plist_new_string(identifier));
         if (sharing != nullptr)
             plist_dict_set_item(entry, "UIFileSharingEnabled", sharing);
-        plist_array_append_item(array_.get(), entry);
-        return *this;
-    }
-    [[nodiscard]] QStringList names() const {
-        QStringList names;
-        for (const AppInfo& app : AppLister::fileSharingAppsIn(array_.get()))
-            names.append(app.displayName);
-        return names;
-    }
-    [[nodiscard]] plist_t plist() const {
-        return array_.get();
-    }
-
-private:
-    PlistHandle array_{plist_new_array()};
-};
-
-plist_t yes() {
-    return plist_new_bool(1);
-}
-
-TEST(AppLister, namesFallBackFromDisplayNameToNameToIdentifier) {
-    Answer answer;
-    answer.add("com.a", "Shown", "Bundle", yes())
-        .add("com.b", "", "Bundle", yes())
-        .add("com.c", nullptr, "Name", yes())
-        .add("com.d", nullptr, nullptr, yes());
-    EXPECT_EQ(answer.names(), QStringList({QStringLiteral("Bundle"), QStringLiteral("com.d"),
-                                           QStringLiteral("Name"), QStringLiteral("Shown")}));
-    EXPECT_EQ(AppLister::fileSharingAppsIn(answer.plist()).back(),
-              (AppInfo{QStringLiteral("com.a"), QStringLiteral("Shown"), true, false}));
-}
-
-TEST(AppLister, onlyAppsThatShareFilesAndHaveAnIdentifierAreListed) {
-    Answer answer;
-    answer.add("com.a", "No", nullptr, plist_new_bool(0))
-        .add("com.b", "Missing", nullptr, nullptr)
-        .add("com.c", "Text", nullptr, plist_new_string("true"))
-        .add(nullptr, "Nobody", nullptr, yes());
-    plist_array_append_item(answer.plist(), plist_new_string("no dictionary"));
-    EXPECT_EQ(answer.names(), QStringList());
+        plist_array_append_item(apps.get(), entry);
+    };
+    add("com.no", plist_new_bool(0));
+    add("com.missing", nullptr);
+    add("com.text", plist_new_string("true"));
+    add(nullptr, plist_new_bool(1));
+    plist_array_append_item(apps.get(), plist_new_string("no dictionary"));
+    EXPECT_TRUE(AppLister::fileSharingAppsIn(apps.get()).empty());
     EXPECT_TRUE(AppLister::fileSharingAppsIn(nullptr).empty());
+    add("com.only", plist_new_bool(1));
+    const AppInfo only{QStringLiteral("com.only"), QStringLiteral("com.only"), true, false};
+    EXPECT_EQ(AppLister::fileSharingAppsIn(apps.get()), std::vector{only});
 }
 
-TEST(AppLister, sortsWithoutRegardToCase) {
-    Answer answer;
-    for (const char* name : {"banana", "cherry", "Apple", "éclair", "Zebra"})
-        answer.add(name, name, nullptr, yes());
-    EXPECT_EQ(answer.names(), QStringList({QStringLiteral("Apple"), QStringLiteral("banana"),
-                                           QStringLiteral("cherry"), QStringLiteral("éclair"),
-                                           QStringLiteral("Zebra")}));
+QDateTime utc(qint64 milliseconds) {
+    return QDateTime::fromMSecsSinceEpoch(milliseconds, QTimeZone::utc());
+}
+
+TEST(FileInfo, isReadAsFarAsItMakesSense) {
+    constexpr qint64 largest = std::numeric_limits<qint64>::max();
+    const struct {
+        const char* name;
+        std::vector<const char*> texts;
+        AFCFileInfo expected;
+    } rows[] = {
+        {"file",
+         {"st_size", "123", "st_blocks", "8", "st_nlink", "1", "st_ifmt", "S_IFREG", "st_mtime",
+          "1700000000123456789", "st_birthtime", "1"},
+         {false, false, 123, utc(1'700'000'000'123)}},
+        {"folder", {"st_ifmt", "S_IFDIR", "st_size", "64"}, {true, false, 64, {}}},
+        {"link", {"st_ifmt", "S_IFLNK", "LinkTarget", "/"}, {false, true, {}, {}}},
+        {"key without value", {"st_size", "5", "st_ifmt"}, {false, false, 5, {}}},
+        {"value that is a key", {"st_ifmt", "st_size", "7", "st_size"}, {}},
+        {"negative size", {"st_size", "-1"}, {}},
+        {"size with a tail", {"st_size", "12kB"}, {}},
+        {"empty size", {"st_size", ""}, {}},
+        {"size above 63 bits", {"st_size", "18446744073709551615"}, {false, false, largest, {}}},
+        {"size above 64 bits", {"st_size", "18446744073709551616"}, {}},
+        {"latest time",
+         {"st_mtime", "18446744073709551615"},
+         {false, false, {}, utc(18'446'744'073'709)}},
+        {"time that is none", {"st_mtime", "yesterday"}, {}},
+    };
+    for (const auto& row : rows) {
+        std::vector<const char*> texts = row.texts;
+        texts.push_back(nullptr);
+        EXPECT_EQ(parseFileInfo(texts.data()), row.expected) << row.name;
+    }
+    EXPECT_EQ(parseFileInfo(nullptr), AFCFileInfo{});
+}
+
+TEST(RemotePath, resolvesAgainstTheWorkingRoot) {
+    const struct {
+        const char* root;
+        const char* path;
+        const char* expected;
+    } rows[] = {
+        {"/Documents", "photos/a.jpg", "/Documents/photos/a.jpg"},
+        {"/Documents", "/a.jpg", "/Documents/a.jpg"},
+        {"/Documents", "/", "/Documents"},
+        {"/Documents", "/Documents/x", "/Documents/x"},
+        {"/Documents", "/DocumentsOld", "/DocumentsOld"},
+        {"Documents", "/a", "/Documents/a"},
+        {"/", "/", "/"},
+        {"", "/a", "/a"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(
+            AFCClient::resolveRemotePath(QString::fromUtf8(row.path), QString::fromUtf8(row.root)),
+            QString::fromUtf8(row.expected))
+            << row.path;
 }
 
 } // namespace

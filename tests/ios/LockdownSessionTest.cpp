@@ -34,16 +34,6 @@ TEST(LockdownSession, aDeviceThatIsNotThereIsLookedUpFiveTimes) {
     EXPECT_EQ(pauses.count, 4);
 }
 
-TEST(LockdownSession, withoutAMultiplexerNoDeviceIsFound) {
-    {
-        const PluggedIPhone gone; // its address stays in the environment
-    }
-    CountedPauses pauses;
-    EXPECT_EQ(failureOf([&] { LockdownSession(u"absent"_s, {}, pauses.pause); }),
-              u"Device not found: absent"_s);
-    EXPECT_EQ(pauses.count, 4);
-}
-
 TEST(LockdownSession, aPhoneThatIsStillStartingIsGivenFiveAttempts) {
     for (const unsigned failing : {0U, 1U, 4U}) {
         PluggedIPhone iphone;
@@ -111,27 +101,6 @@ TEST(LockdownSession, tellsNameAndStorage) {
         EXPECT_EQ(session.getStorageInfo(), row.expected) << static_cast<int>(row.form);
         EXPECT_FALSE(session.usesNetwork());
     }
-}
-
-TEST(LockdownSession, dataCapacityAloneIsClamped) {
-    PluggedIPhone iphone;
-    iphone.faults([](VirtualIPhoneFaults& faults) {
-        faults.domains[u"com.apple.disk_usage"_s] = {
-            {u"TotalDataCapacity"_s, quint64{64'000'000'000}},
-            {u"TotalDataAvailable"_s, quint64{70'000'000'000}}};
-    });
-    LockdownSession session(iphone.udid());
-    EXPECT_EQ(session.getStorageInfo(), (StorageInfo{64'000'000'000, 64'000'000'000}));
-}
-
-TEST(LockdownSession, aRefusedServiceIsNamedWithItsStatus) {
-    PluggedIPhone iphone;
-    iphone.faults([](VirtualIPhoneFaults& faults) {
-        faults.serviceErrors[u"com.example.none"_s] = u"InvalidService"_s;
-    });
-    LockdownSession session(iphone.udid());
-    EXPECT_EQ(failureOf([&] { (void)session.startService("com.example.none"); }),
-              u"Failed to start service: com.example.none failed: -27"_s);
 }
 
 VirtualIPhoneApp app(const QString& bundleID, const QString& displayName,
