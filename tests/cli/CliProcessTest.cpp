@@ -1,17 +1,13 @@
 #include "support/QtPrinters.h"
 #include "support/TemporaryFolder.h"
 
-#include <QJsonDocument>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
 #include <poll.h>
 #include <sys/socket.h>
-
-#include <csignal>
 
 namespace {
 
@@ -74,15 +70,6 @@ private:
 
 } // namespace
 
-TEST(CliProcess, jsonIsAllThatStandardOutputHolds) {
-    const ProgramRun run(
-        {QStringLiteral("--demo"), QStringLiteral("devices"), QStringLiteral("--json")});
-    EXPECT_EQ(run.status, 0) << run.error.toStdString();
-    const QJsonDocument document = QJsonDocument::fromJson(run.out);
-    EXPECT_TRUE(document.isArray());
-    EXPECT_FALSE(document.isEmpty());
-}
-
 TEST(CliProcess, exitStatusTellsWrongUsageFromFailure) {
     const ProgramRun usage({QStringLiteral("get")});
     EXPECT_EQ(usage.status, 2);
@@ -101,17 +88,6 @@ TEST(CliProcess, closedStandardOutputEndsTheProgram) {
          QStringLiteral("'%1' --demo devices | true").arg(QStringLiteral(TESSARY_CLI))},
         QStringLiteral("/bin/sh"));
     EXPECT_EQ(run.status, 0);
-}
-
-TEST(CliProcess, watchEndsCleanlyWhenItIsInterrupted) {
-    QProcess process;
-    process.start(QStringLiteral(TESSARY_CLI), {QStringLiteral("--demo"), QStringLiteral("watch")});
-    ASSERT_TRUE(process.waitForReadyRead(patience));
-    EXPECT_TRUE(process.readAllStandardOutput().startsWith("attached"));
-    ::kill(static_cast<pid_t>(process.processId()), SIGINT);
-    ASSERT_TRUE(process.waitForFinished(patience));
-    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
-    EXPECT_EQ(process.exitCode(), 130);
 }
 
 TEST(CliProcess, virtualPhoneIsReachedThroughAnAdbServerOfItsOwn) {

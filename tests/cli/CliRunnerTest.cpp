@@ -1,19 +1,13 @@
 #include "cli/CliRunner.h"
-#include "core/Background.h"
-#include "phones/VirtualAndroid.h"
+#include "files/MainLoop.h"
 #include "platform/MemoryUserDefaults.h"
 #include "support/FakeProcessRunner.h"
-#include "support/QtPrinters.h"
+#include "support/PluggedPhone.h"
 
-#include <QCoreApplication>
-#include <QDir>
 #include <QEventLoop>
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <chrono>
@@ -48,7 +42,6 @@ public:
         return QString::fromUtf8(bytes.left(std::max<qsizetype>(count, 0)));
     }
     [[nodiscard]] bool eventuallyHolds(const char* part) const {
-        using namespace std::chrono_literals;
         const auto end = std::chrono::steady_clock::now() + 20s;
         while (!text().contains(QLatin1StringView(part))) {
             if (std::chrono::steady_clock::now() > end)
@@ -72,49 +65,23 @@ struct Result {
     }
 };
 
-VirtualAndroidConfig config(const QString& folder) {
-    VirtualStorage storage;
-    storage.folder = folder;
-    VirtualAndroidConfig result;
-    result.serialNumber = QStringLiteral("ABC123");
-    result.storages.push_back(storage);
-    return result;
+VirtualAndroidConfig config(const char* serial, const char* location) {
+    VirtualAndroidConfig made;
+    made.serialNumber = QString::fromLatin1(serial);
+    made.location = QString::fromLatin1(location);
+    return made;
 }
 
-class CliRunnerTest : public ::testing::Test {
+class CliRunnerTest : public MainLoop {
 protected:
     CliRunnerTest() {
-        static int count = 1;
-        static char name[] = "test";
-        static char* arguments[] = {name, nullptr};
-        static const QCoreApplication application(count, arguments);
-        Background::restart();
-        write(QStringLiteral("DCIM/one.txt"), "one");
-        write(QStringLiteral("DCIM/sub/two.txt"), "second");
-        write(QStringLiteral("big.bin"), QByteArray(3 * 1024 * 1024, 'b'));
-        phone_.plugInto(bus_);
-    }
-    ~CliRunnerTest() override {
-        EXPECT_TRUE(Background::shutDown(std::chrono::seconds(30)));
+        phone_.write(QStringLiteral("DCIM/one.txt"), "one");
+        phone_.write(QStringLiteral("DCIM/sub/two.txt"), "second");
+        phone_.write(QStringLiteral("big.bin"), QByteArray(3 * 1024 * 1024, 'b'));
     }
 
-    void write(const QString& path, const QByteArray& content) {
-        const QString full = onPhone(path);
-        QDir().mkpath(QFileInfo(full).path());
-        QFile file(full);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
-    }
-
-    [[nodiscard]] QString onPhone(const QString& path) const {
-        return folder_.filePath(QStringLiteral("phone/") + path);
-    }
     [[nodiscard]] QString here(const QString& path) const {
-        return folder_.filePath(path);
-    }
-    static QByteArray content(const QString& path) {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
+        return folder_.path(path);
     }
 
     Result run(Command command, const QStringList& paths = {}, const QString& local = {},
@@ -148,9 +115,9 @@ protected:
         return {status, out.text(), error.text()};
     }
 
-    QTemporaryDir folder_;
+    TemporaryFolder folder_;
     VirtualUsbBus bus_;
-    VirtualAndroid phone_{config(folder_.filePath(QStringLiteral("phone")))};
+    PluggedPhone phone_{bus_, config("ABC123", "1-1")};
     FakeProcessRunner processes_;
     DeviceFileService files_{bus_, processes_};
     MemoryUserDefaults defaults_;
@@ -170,7 +137,7 @@ TEST_F(CliRunnerTest, devicesAreListedWithBatteryAndStorage) {
     EXPECT_EQ(device.value(QStringLiteral("volumes")).toArray().size(), 1);
     EXPECT_TRUE(run(Command::devices).out.contains(QStringLiteral("free of")));
 
-    phone_.setLocked(true);
+    phone_.android.setLocked(true);
     EXPECT_TRUE(run(Command::devices).out.contains(QStringLiteral("unlock it")));
 }
 
@@ -191,7 +158,7 @@ TEST_F(CliRunnerTest, watchPrintsWhatHappensUntilItIsInterrupted) {
     Capture out;
     std::jthread user([&] {
         EXPECT_TRUE(out.eventuallyHolds("changed"));
-        phone_.unplug();
+        phone_.android.unplug();
         EXPECT_TRUE(out.eventuallyHolds("detached"));
         stop.request_stop();
     });
@@ -219,11 +186,7 @@ TEST_F(CliRunnerTest, deviceIsChosenByPrefixOrName) {
     EXPECT_EQ(missing.status, CliRunner::failed);
     EXPECT_TRUE(missing.error.contains(QStringLiteral("\"XYZ\" is not attached")));
 
-    VirtualAndroidConfig second = config(folder_.filePath(QStringLiteral("second")));
-    second.serialNumber = QStringLiteral("ABC999");
-    second.location = QStringLiteral("1-2");
-    VirtualAndroid other(second);
-    other.plugInto(bus_);
+    const PluggedPhone second(bus_, config("ABC999", "1-2"));
     device_ = QStringLiteral("ABC");
     const Result ambiguous = run(Command::info);
     EXPECT_EQ(ambiguous.status, CliRunner::failed);
@@ -233,7 +196,7 @@ TEST_F(CliRunnerTest, deviceIsChosenByPrefixOrName) {
 }
 
 TEST_F(CliRunnerTest, listingShowsFoldersFirstAndNoTerminalCommands) {
-    write(QStringLiteral("a\x1b[31mred\nline.txt"), "x");
+    phone_.write(QStringLiteral("a\x1b[31mred\nline.txt"), "x");
     const Result text = run(Command::list, {QStringLiteral("/")});
     EXPECT_EQ(text.status, CliRunner::done);
     EXPECT_TRUE(text.out.section(QLatin1Char('\n'), 0, 0).endsWith(QStringLiteral("DCIM/")));
@@ -250,51 +213,40 @@ TEST_F(CliRunnerTest, listingShowsFoldersFirstAndNoTerminalCommands) {
 TEST_F(CliRunnerTest, getCopiesIntoAFolderOrUnderANewName) {
     EXPECT_EQ(run(Command::get, {QStringLiteral("/DCIM/one.txt")}, here({})).status,
               CliRunner::done);
-    EXPECT_EQ(content(here(QStringLiteral("one.txt"))), "one");
+    EXPECT_EQ(folder_.read(QStringLiteral("one.txt")), "one");
     EXPECT_EQ(run(Command::get, {QStringLiteral("/DCIM")}, here(QStringLiteral("copy"))).status,
               CliRunner::done);
-    EXPECT_EQ(content(here(QStringLiteral("copy/sub/two.txt"))), "second");
-    EXPECT_EQ(run(Command::get, {QStringLiteral("/DCIM")}, here({})).status, CliRunner::done);
-    EXPECT_EQ(content(here(QStringLiteral("DCIM/one.txt"))), "one");
+    EXPECT_EQ(folder_.read(QStringLiteral("copy/sub/two.txt")), "second");
 }
 
 TEST_F(CliRunnerTest, whatIsLeftOutOfAFolderIsNamedAndFails) {
-    phone_.faults().update([](VirtualFaults& faults) {
+    phone_.android.faults().update([](VirtualFaults& faults) {
         faults.nameOverrides[QStringLiteral("one.txt")] = QStringLiteral("..");
     });
     const Result result =
         run(Command::get, {QStringLiteral("/DCIM")}, here(QStringLiteral("copy")), true);
     EXPECT_EQ(result.status, CliRunner::failed);
     EXPECT_TRUE(result.error.contains(QStringLiteral("Not copied")));
-    EXPECT_EQ(content(here(QStringLiteral("copy/sub/two.txt"))), "second");
+    EXPECT_EQ(folder_.read(QStringLiteral("copy/sub/two.txt")), "second");
     EXPECT_EQ(result.json().object().value(QStringLiteral("skipped")).toArray().size(), 1);
 }
 
 TEST_F(CliRunnerTest, putMakeMoveAndRemoveChangeThePhone) {
-    const QString local = here(QStringLiteral("new.txt"));
-    QFile file(local);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("fresh");
-    file.close();
+    const QString local = folder_.write(QStringLiteral("new.txt"), "fresh");
     EXPECT_EQ(run(Command::makeFolder, {QStringLiteral("/Docs")}).status, CliRunner::done);
     EXPECT_EQ(run(Command::put, {QStringLiteral("/Docs")}, local).status, CliRunner::done);
-    EXPECT_EQ(content(onPhone(QStringLiteral("Docs/new.txt"))), "fresh");
+    EXPECT_EQ(phone_.content(QStringLiteral("Docs/new.txt")), "fresh");
     EXPECT_EQ(run(Command::put, {QStringLiteral("/Nowhere")}, local).status, CliRunner::failed);
 
     EXPECT_EQ(run(Command::move, {QStringLiteral("/Docs/new.txt"), QStringLiteral("b.txt")}).status,
               CliRunner::done);
     EXPECT_EQ(run(Command::move, {QStringLiteral("/Docs/b.txt"), QStringLiteral("/DCIM")}).status,
               CliRunner::done);
-    EXPECT_EQ(content(onPhone(QStringLiteral("DCIM/b.txt"))), "fresh");
-    EXPECT_EQ(
-        run(Command::move, {QStringLiteral("/DCIM/b.txt"), QStringLiteral("/Docs/c.txt")}).status,
-        CliRunner::done);
-    EXPECT_EQ(content(onPhone(QStringLiteral("Docs/c.txt"))), "fresh");
+    EXPECT_EQ(phone_.content(QStringLiteral("DCIM/b.txt")), "fresh");
 
     EXPECT_EQ(run(Command::remove, {QStringLiteral("/Docs"), QStringLiteral("/big.bin")}).status,
               CliRunner::done);
-    EXPECT_FALSE(QFileInfo::exists(onPhone(QStringLiteral("Docs"))));
-    EXPECT_FALSE(QFileInfo::exists(onPhone(QStringLiteral("big.bin"))));
+    EXPECT_EQ(phone_.names(), QStringList(QStringLiteral("DCIM")));
 }
 
 TEST_F(CliRunnerTest, interruptedCopyLeavesNoFile) {
@@ -303,7 +255,7 @@ TEST_F(CliRunnerTest, interruptedCopyLeavesNoFile) {
     const Result result = run(Command::get, {QStringLiteral("/big.bin")},
                               here(QStringLiteral("big.bin")), false, stop.get_token());
     EXPECT_EQ(result.status, CliRunner::interrupted);
-    EXPECT_EQ(QDir(here({})).entryList(QDir::Files | QDir::Hidden), QStringList());
+    EXPECT_EQ(folder_.names(), QStringList());
 }
 
 TEST_F(CliRunnerTest, unpluggingAtAnyPointIsSaidInOneLineWithTheNextStep) {
@@ -311,7 +263,7 @@ TEST_F(CliRunnerTest, unpluggingAtAnyPointIsSaidInOneLineWithTheNextStep) {
     unsigned phase = 1;
     for (;; ++phase) {
         SCOPED_TRACE(phase);
-        phone_.faults().update([phase](VirtualFaults& faults) {
+        phone_.android.faults().update([phase](VirtualFaults& faults) {
             faults.unplug = VirtualByteFault{UsbDirection::in, 5, phase};
         });
         const Result result = run(Command::get, {QStringLiteral("/big.bin")}, target);
@@ -321,23 +273,12 @@ TEST_F(CliRunnerTest, unpluggingAtAnyPointIsSaidInOneLineWithTheNextStep) {
         EXPECT_EQ(result.error.count(QLatin1Char('\n')), 1) << result.error.toStdString();
         EXPECT_TRUE(result.error.contains(QStringLiteral("Plug the phone in again")))
             << result.error.toStdString();
-        EXPECT_EQ(QDir(here({})).entryList(QDir::Files | QDir::Hidden), QStringList());
-        phone_.unplug();
-        phone_.plugInto(bus_);
+        EXPECT_EQ(folder_.names(), QStringList());
+        phone_.android.unplug();
+        phone_.android.plugInto(bus_);
     }
     EXPECT_GT(phase, 5U);
-    EXPECT_EQ(content(target).size(), 3 * 1024 * 1024);
-}
-
-TEST_F(CliRunnerTest, anotherProgramHoldingThePhoneIsNamed) {
-    VirtualOpenFaults held;
-    held.interfaceOpen = usb::exclusiveAccess;
-    held.interfaceSeize = usb::exclusiveAccess;
-    bus_.setOpenFaults(QStringLiteral("1-1"), held);
-    bus_.setProgramsHolding(QStringLiteral("1-1"), {QStringLiteral("gvfsd-mtp (process 12)")});
-    const Result result = run(Command::list, {QStringLiteral("/")});
-    EXPECT_EQ(result.status, CliRunner::failed);
-    EXPECT_TRUE(result.error.contains(QStringLiteral("gvfsd-mtp (process 12) is using the phone")));
+    EXPECT_EQ(folder_.read(QStringLiteral("big.bin")).size(), 3 * 1024 * 1024);
 }
 
 TEST_F(CliRunnerTest, syncPreviewsCopiesAndDeletesOnlyOnRequest) {
@@ -360,19 +301,19 @@ TEST_F(CliRunnerTest, syncPreviewsCopiesAndDeletesOnlyOnRequest) {
     Result result = run(request);
     EXPECT_EQ(result.status, CliRunner::done);
     EXPECT_EQ(lengths(result, "downloaded"), 2);
-    EXPECT_EQ(content(request.localPath + QStringLiteral("/sub/two.txt")), "second");
+    EXPECT_EQ(folder_.read(QStringLiteral("pictures/sub/two.txt")), "second");
 
     // Nobody can be asked here, and half of the files is no matter to be careless about.
     QFile::remove(request.localPath + QStringLiteral("/sub/two.txt"));
     result = run(request);
     EXPECT_EQ(result.status, CliRunner::failed);
     EXPECT_EQ(lengths(result, "errors"), 1);
-    EXPECT_EQ(content(onPhone(QStringLiteral("DCIM/sub/two.txt"))), "second");
+    EXPECT_EQ(phone_.content(QStringLiteral("DCIM/sub/two.txt")), "second");
 
     request.answer = Answer::yes;
     result = run(request);
     EXPECT_EQ(lengths(result, "deleted"), 1);
-    EXPECT_EQ(content(onPhone(QStringLiteral("DCIM/sub/two.txt"))), "(missing)");
+    EXPECT_EQ(phone_.content(QStringLiteral("DCIM/sub/two.txt")), QByteArray());
 
     QFile::remove(request.localPath + QStringLiteral("/one.txt"));
     EXPECT_EQ(run(request).status, CliRunner::failed); // the folder is empty now

@@ -6,8 +6,6 @@
 namespace tessary {
 namespace {
 
-using Kind = DeviceChange::Kind;
-
 DeviceInfo phone(const char* udid) {
     DeviceInfo device;
     device.udid = QString::fromUtf8(udid);
@@ -27,12 +25,6 @@ QString lineBetween(const DeviceSnapshot& before, const DeviceSnapshot& after) {
     if (changes.size() != 1)
         return QStringLiteral("%1 changes").arg(changes.size());
     return changeLine(changes.front()).simplified();
-}
-
-TEST(DeviceChangesTest, equalSnapshotsHaveNoChanges) {
-    DeviceSnapshot settled = snapshotOf({phone("A")});
-    settled.isSettled = true;
-    EXPECT_TRUE(changesBetween(snapshotOf({phone("A")}), settled).empty());
 }
 
 TEST(DeviceChangesTest, phonesThatGoAreToldBeforeThoseThatCome) {
@@ -66,17 +58,6 @@ TEST(DeviceChangesTest, eachChangedDetailIsShownOnce) {
                                         QStringLiteral("Close.")});
     EXPECT_EQ(lineBetween(before, after), QStringLiteral("changed A Phone Held. Close."));
     EXPECT_EQ(lineBetween(after, before), QStringLiteral("changed A Phone can be read again"));
-}
-
-TEST(DeviceChangesTest, conflictIsAnEventOfItsOwn) {
-    DeviceSnapshot after = snapshotOf({phone("A")});
-    after.hasUSBConflict = true;
-    const auto changes = changesBetween(snapshotOf({phone("A")}), after);
-    ASSERT_EQ(changes.size(), 1U);
-    EXPECT_EQ(changes[0].kind, Kind::conflict);
-    EXPECT_EQ(toJson(changes[0]),
-              (QJsonObject{{QStringLiteral("event"), QStringLiteral("conflict")},
-                           {QStringLiteral("hasUSBConflict"), true}}));
 }
 
 TEST(DeviceChangesTest, namesFromAPhoneCannotForgeALine) {
