@@ -227,7 +227,7 @@ void SyncWorker::upload(const Action& action) {
         return;
     if (!action.deletesSource) {
         report_.uploaded.append(path);
-        toConfirm_.insert_or_assign(path, Transferred{*sent, true});
+        toConfirm_.insert_or_assign(path, Transferred{*sent, {}});
         return;
     }
     const auto arrived = setup_.device.statFile(remote(path));
@@ -256,7 +256,7 @@ void SyncWorker::download(const Action& action) {
             QStringLiteral("%1 is not on this computer's disk as it was received.").arg(path));
     if (!action.deletesSource) {
         report_.downloaded.append(path);
-        toConfirm_.insert_or_assign(path, Transferred{*arrived, false});
+        toConfirm_.insert_or_assign(path, Transferred{*arrived, *action.device});
         return;
     }
     if (removeRemote(path, *action.device))
@@ -339,7 +339,7 @@ void SyncWorker::resolveConflict(const Action& action) {
         return;
     }
     if (setup_.local.hasSameContent(path, copy.path(), stop_)) {
-        toConfirm_.insert_or_assign(path, Transferred{*action.local, false});
+        toConfirm_.insert_or_assign(path, Transferred{*action.local, *action.device});
         return;
     }
     if (action.deviceWins) {
@@ -350,13 +350,13 @@ void SyncWorker::resolveConflict(const Action& action) {
         }
         setup_.local.putInPlace(copy.path(), path, action.device->modifiedDate);
         if (const auto arrived = setup_.local.stat(path))
-            toConfirm_.insert_or_assign(path, Transferred{*arrived, false});
+            toConfirm_.insert_or_assign(path, Transferred{*arrived, *action.device});
     } else {
         keepLoserOfDevice(action, copy.path());
         begin(QStringLiteral("Uploading"), path);
         addBytes(action.local->size);
         if (const auto sent = send(path, &action))
-            toConfirm_.insert_or_assign(path, Transferred{*sent, true});
+            toConfirm_.insert_or_assign(path, Transferred{*sent, {}});
     }
 }
 
@@ -369,7 +369,7 @@ void SyncWorker::keepLoserHere(const Action& action) {
     if (!sent)
         throw TessaryError::fileIOError(
             QStringLiteral("%1 changed while it was being copied. Sync again.").arg(action.detail));
-    toConfirm_.insert_or_assign(action.detail, Transferred{*sent, true});
+    toConfirm_.insert_or_assign(action.detail, Transferred{*sent, {}});
     report_.conflicts.append(action.detail);
 }
 
@@ -382,7 +382,7 @@ void SyncWorker::keepLoserOfDevice(const Action& action, const QString& temporar
     if (!sent)
         throw TessaryError::fileIOError(
             QStringLiteral("%1 changed while it was being copied. Sync again.").arg(action.detail));
-    toConfirm_.insert_or_assign(action.detail, Transferred{*sent, true});
+    toConfirm_.insert_or_assign(action.detail, Transferred{*sent, {}});
     report_.conflicts.append(action.detail);
 }
 
@@ -411,10 +411,14 @@ void SyncWorker::confirmTransfers() {
         if (listing == listings.end())
             listing = listings.emplace(folder, setup_.device.scanFolder(remote(folder))).first;
         const auto& there = listing->second.files;
-        const auto device = there.find(nameOf(path));
-        if (device != there.end() && device->second.size == transferred.local.size)
-            enter(path, transferred.local, device->second);
-        else if (transferred.toDevice)
+        const auto found = there.find(nameOf(path));
+        const auto device =
+            found == there.end() ? std::optional<SyncFileEntry>() : std::optional(found->second);
+        const auto& fetched = transferred.fetched;
+        if (fetched ? isSameOnDevice(device, *fetched)
+                    : device && device->size == transferred.local.size)
+            enter(path, transferred.local, *device);
+        else if (!fetched)
             throw TessaryError::fileIOError(
                 QStringLiteral("The device does not show %1 as it was sent. Sync again.")
                     .arg(path));

@@ -29,7 +29,8 @@ private:
     using Action = SyncPlannedAction;
     struct Transferred {
         SyncFileEntry local; ///< as it is here, or was when it was sent
-        bool toDevice = false;
+        /// Of a file that was fetched: as the scan saw it on the device. No value: it was sent.
+        std::optional<SyncFileEntry> fetched;
     };
 
     void upload(const Action& action);
