@@ -38,7 +38,6 @@ TEST_F(JsonUserDefaultsTest, valuesOutliveTheStore) {
 TEST_F(JsonUserDefaultsTest, filesOfAnyShapeAreTakenAndNothingOfThemIsLost) {
     const std::pair<const char*, QByteArray> rows[] = {
         {"cut off", "{\"Tessary_AppLanguage\": \"de"},
-        {"array", "[1, 2]"},
         {"binary", QByteArray("\0\xff\xfe{", 4)},
         {"nested beyond measure", QByteArray(200'000, '[')},
     };
@@ -52,13 +51,6 @@ TEST_F(JsonUserDefaultsTest, filesOfAnyShapeAreTakenAndNothingOfThemIsLost) {
         EXPECT_EQ(folder_.read(QStringLiteral("tessary/settings.json.damaged")), content);
         QFile::remove(file_ + QStringLiteral(".damaged"));
     }
-}
-
-TEST_F(JsonUserDefaultsTest, anEmptyFileIsNoDamage) {
-    folder_.write(QStringLiteral("tessary/settings.json"), " \n");
-    JsonUserDefaults(file_).setValue(key, 1);
-    EXPECT_EQ(folder_.names(QStringLiteral("tessary")),
-              QStringList(QStringLiteral("settings.json")));
 }
 
 TEST_F(JsonUserDefaultsTest, changesOfTwoProgramsDoNotUndoEachOther) {

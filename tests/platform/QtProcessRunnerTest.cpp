@@ -6,7 +6,6 @@
 
 #include <csignal>
 #include <filesystem>
-#include <stdexcept>
 #include <thread>
 
 #include <sys/wait.h>
@@ -95,13 +94,6 @@ TEST_F(QtProcessRunnerTest, stopRequestEndsTheChildAndWaitsForIt) {
     EXPECT_EQ(threadsWithChildren(), 0);
 }
 
-TEST_F(QtProcessRunnerTest, whatIsThrownWhileTheChildRunsEndsIt) {
-    ProcessRequest request = shell("exec sleep 60");
-    request.whileRunning = [] { throw std::runtime_error("enough"); };
-    EXPECT_THROW((void)runner_.follow(request), std::runtime_error);
-    EXPECT_EQ(threadsWithChildren(), 0);
-}
-
 TEST_F(QtProcessRunnerTest, serverThatKeepsTheOutputOpenHoldsNobodyUp) {
     const auto start = std::chrono::steady_clock::now();
     const ProcessResult result = runner_.follow(shell("echo done; sleep 30 & exit 0"));
@@ -135,14 +127,6 @@ TEST_F(QtProcessRunnerTest, childDiesWithTheThreadThatStartedIt) {
         ended = !status.open(QIODevice::ReadOnly) || status.readAll().contains(") Z ");
     }
     EXPECT_TRUE(ended);
-}
-
-TEST_F(QtProcessRunnerTest, additionalVariablesAreAddedToTheEnvironment) {
-    QProcessEnvironment additional;
-    additional.insert(QStringLiteral("TESSARY_TEST"), QStringLiteral("a b"));
-    QtProcessRunner runner(additional);
-    EXPECT_EQ(runner.follow(shell("printf %s \"$TESSARY_TEST\"; test -n \"$PATH\"")).standardOutput,
-              "a b");
 }
 
 } // namespace

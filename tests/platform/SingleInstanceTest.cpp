@@ -2,7 +2,6 @@
 #include "files/MainLoop.h"
 #include "support/TemporaryFolder.h"
 
-#include <QLocalSocket>
 #include <gmock/gmock.h>
 
 #include <future>
@@ -61,22 +60,6 @@ TEST_F(SingleInstanceTest, oneThatHangsHoldsNobodyUpForLong) {
     // Its event loop does not turn.
     EXPECT_EQ(instance()->claim(raise_), Outcome::noAnswer);
     EXPECT_LT(std::chrono::steady_clock::now() - start, 15s);
-}
-
-TEST_F(SingleInstanceTest, clientsThatTalkNonsenseRaiseNothing) {
-    const auto first = instance();
-    ASSERT_EQ(first->claim(raise_), Outcome::first);
-    QLocalSocket client;
-    client.connectToServer(folder_.path(QStringLiteral("tessary.socket")));
-    ASSERT_TRUE(client.waitForConnected(2000));
-    client.write(QByteArray(5000, 'x'));
-    EXPECT_TRUE(eventually([&] { return client.state() == QLocalSocket::UnconnectedState; }));
-    EXPECT_THAT(raised_, testing::IsEmpty());
-}
-
-TEST_F(SingleInstanceTest, aFolderThatTakesNoFilesIsNoObstacle) {
-    SingleInstance nowhere(QStringLiteral("tessary"), folder_.path(QStringLiteral("missing")));
-    EXPECT_EQ(nowhere.claim(raise_), Outcome::noAnswer);
 }
 
 } // namespace
