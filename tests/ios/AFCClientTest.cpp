@@ -1,6 +1,5 @@
 #include "ios/AFCClient.h"
 
-#include "core/CancellationError.h"
 #include "support/IOSFailure.h"
 #include "support/PluggedIPhone.h"
 #include "support/QtPrinters.h"
@@ -146,13 +145,6 @@ TEST_F(AFCClientTest, aFolderCalledLikeTheRootIsNotTheRoot) {
     client_->removePath(u"/Documents/Documents"_s);
     EXPECT_FALSE(iphone_.has(u"Documents"_s));
     EXPECT_TRUE(iphone_.has(u"keep"_s));
-}
-
-TEST_F(AFCClientTest, aStoppedCallDoesNothing) {
-    std::stop_source stop;
-    stop.request_stop();
-    EXPECT_THROW(client_->createDirectory(u"/x"_s, stop.get_token()), CancellationError);
-    EXPECT_FALSE(iphone_.has(u"x"_s));
 }
 
 } // namespace

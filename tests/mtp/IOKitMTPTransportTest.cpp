@@ -30,25 +30,22 @@ protected:
         EXPECT_EQ(packet.header, (MTPContainerHeader{12, MTPContainerType::response, 0x2001, 99}));
     }
 
+    /// Sends `size` zeros in one data container.
+    void upload(std::uint32_t length, std::uint64_t size) {
+        const MTPDataSource zeros = [](std::span<std::byte> buffer) { return buffer.size(); };
+        transport_.sendContainer({length, MTPContainerType::data, 0x100D, 7}, size, zeros, {});
+    }
+
     ScriptedUsbBus bus_;
     IOKitMTPTransport transport_{bus_, 0x18D1, 0x4EE1};
 };
 
+constexpr std::uint64_t gibibyte = std::uint64_t{1} << 30;
+constexpr std::uint32_t unknown = 0xFFFFFFFF;
+
 Bytes slice(const Bytes& bytes, std::size_t from, std::size_t count) {
     const auto begin = bytes.begin() + static_cast<std::ptrdiff_t>(from);
     return {begin, begin + static_cast<std::ptrdiff_t>(std::min(count, bytes.size() - from))};
-}
-
-TEST_F(IOKitMTPTransportTest, sendsInChunksWithProgress) {
-    const Bytes data = patternOf(600'000);
-    Bytes sent;
-    bus_.afterWrite = [&](ByteView chunk) { sent.insert(sent.end(), chunk.begin(), chunk.end()); };
-    std::vector<std::pair<qint64, qint64>> progress;
-    transport_.send(data, [&](qint64 done, qint64 total) { progress.emplace_back(done, total); });
-    EXPECT_THAT(bus_.log, ElementsAre("write 262144", "write 262144", "write 75712"));
-    EXPECT_THAT(progress,
-                ElementsAre(Pair(262144, 600000), Pair(524288, 600000), Pair(600000, 600000)));
-    EXPECT_EQ(sent, data);
 }
 
 TEST_F(IOKitMTPTransportTest, failedCallsTellTheirCodeAndClearTheHalt) {
@@ -203,6 +200,107 @@ TEST_F(IOKitMTPTransportTest, patienceIsForTheFirstByteOnly) {
     bus_.send(slice(responseOf(0x2001, 7), 0, 5));
     EXPECT_EQ(mtpFailureOf([&] { (void)transport_.receivePacket(std::chrono::seconds(15)); }),
               mtpReadTimedOut);
+}
+
+TEST_F(IOKitMTPTransportTest, otherContainersAreKeptFromTheSink) {
+    bus_.send(responseOf(0x2009, 7, {1, 2}));
+    const MTPPacket packet =
+        transport_.receiveContainer([](ByteView) { ADD_FAILURE() << "no data"; }, {});
+    EXPECT_EQ(packet.header.code, 0x2009);
+    EXPECT_EQ(packet.payload.size(), 8U);
+}
+
+TEST_F(IOKitMTPTransportTest, objectsBeyond32BitsArriveWhole) {
+    constexpr std::uint64_t whole = 5 * gibibyte - 12; // packets
+    constexpr auto low = static_cast<std::uint32_t>(5 * gibibyte + 12);
+    const struct {
+        const char* name;
+        std::uint32_t length;
+        std::optional<std::uint64_t> expected;
+        std::uint64_t payload;
+        bool terminated; ///< by a zero-length packet
+    } rows[] = {
+        {"expected", unknown, 5 * gibibyte, 5 * gibibyte, false},
+        {"expected whole packets", unknown, whole, whole, false},
+        {"until a short packet", unknown, std::nullopt, 5 * gibibyte, false},
+        {"until an empty packet", unknown, std::nullopt, whole, true},
+        {"length cut to 32 bits", low, 5 * gibibyte, 5 * gibibyte, false},
+        {"the header tells the truth", 1012, 5 * gibibyte, 1000, false},
+    };
+    for (const auto& row : rows) {
+        bus_.incoming.push_back({containerOf(row.length, 2, 0x1009, 7, {}), row.payload, {}});
+        if (row.terminated)
+            bus_.sendEmptyPacket();
+        std::uint64_t received = 0;
+        qint64 reported = 0;
+        MTPStreamOptions options;
+        options.expectedSize = row.expected;
+        options.progress = [&](qint64 done, qint64) { reported = done; };
+        (void)transport_.receiveContainer([&](ByteView bytes) { received += bytes.size(); },
+                                          options);
+        EXPECT_EQ(received, row.payload) << row.name;
+        EXPECT_EQ(reported, static_cast<qint64>(row.payload)) << row.name;
+        expectInStep();
+        EXPECT_LE(bus_.readBufferLimit, 1U << 20) << row.name;
+    }
+}
+
+TEST_F(IOKitMTPTransportTest, headerAndFirstBytesGoOutTogether) {
+    Bytes sent;
+    bus_.afterWrite = [&](ByteView chunk) { sent.insert(sent.end(), chunk.begin(), chunk.end()); };
+    const Bytes payload = patternOf(600'000);
+    std::size_t at = 0;
+    // A source may give less than it is asked for.
+    const MTPDataSource source = [&](std::span<std::byte> buffer) {
+        const std::size_t count = std::min({buffer.size(), payload.size() - at, std::size_t{999}});
+        std::copy_n(payload.begin() + static_cast<std::ptrdiff_t>(at), count, buffer.begin());
+        at += count;
+        return count;
+    };
+    std::vector<std::pair<qint64, qint64>> progress;
+    MTPStreamOptions options;
+    options.progress = [&](qint64 done, qint64 total) { progress.emplace_back(done, total); };
+    transport_.sendContainer({600'012, MTPContainerType::data, 0x100D, 7}, payload.size(), source,
+                             options);
+    EXPECT_THAT(bus_.log, ElementsAre("write 262144", "write 262144", "write 75724"));
+    EXPECT_EQ(sent, dataOf(0x100D, 7, payload));
+    EXPECT_THAT(progress,
+                ElementsAre(Pair(262132, 600000), Pair(524276, 600000), Pair(600000, 600000)));
+}
+
+TEST_F(IOKitMTPTransportTest, onlyUnknownLengthIsClosedByAnEmptyPacket) {
+    struct Row {
+        const char* name;
+        std::uint32_t length;
+        std::uint64_t size;
+        bool closed;
+    };
+    for (const Row& row : {Row{"known, whole packets", 524288, 524276, false},
+                           {"unknown, whole packets", unknown, 5 * gibibyte - 12, true},
+                           {"unknown, one packet", unknown, 500, true},
+                           {"unknown, short packet", unknown, 5 * gibibyte, false}}) {
+        bus_.log.clear();
+        bus_.writtenSize = 0;
+        upload(row.length, row.size);
+        EXPECT_EQ(bus_.writtenSize, row.size + 12) << row.name;
+        EXPECT_EQ(bus_.logged("write 0"), row.closed ? 1U : 0U) << row.name;
+        EXPECT_EQ(bus_.log.back() == "write 0", row.closed) << row.name;
+    }
+}
+
+TEST_F(IOKitMTPTransportTest, sourceThatEndsEarlyBreaksTheTransferOff) {
+    std::size_t rest = 300'000;
+    const MTPDataSource source = [&](std::span<std::byte> buffer) {
+        const std::size_t count = std::min(rest, buffer.size());
+        rest -= count;
+        return count;
+    };
+    EXPECT_EQ(mtpFailureOf([&] {
+                  transport_.sendContainer({600'012, MTPContainerType::data, 0x100D, 7}, 600'000,
+                                           source, {});
+              }),
+              "MTP Transport error: the data ended after 300000 of 600000 bytes");
+    EXPECT_THAT(bus_.log, ElementsAre("write 262144")); // stops at a packet boundary
 }
 
 } // namespace

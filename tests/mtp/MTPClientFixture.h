@@ -1,6 +1,5 @@
 #pragma once
 
-#include "HexBytes.h"
 #include "mtp/MTPClient.h"
 #include "mtp/MockMTPTransport.h"
 #include "support/MTPContainers.h"

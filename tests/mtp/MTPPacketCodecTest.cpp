@@ -1,5 +1,5 @@
 #include "mtp/MTPPacketCodec.h"
-#include "mtp/HexBytes.h"
+#include "support/MTPContainers.h"
 #include "support/QtPrinters.h"
 
 #include <gmock/gmock.h>
@@ -62,13 +62,6 @@ TEST(MTPContainers, carryParametersOrPayload) {
               hexBytes("11000000 0200 0498 02000000 00 'a' 0000"));
 }
 
-TEST(MTPContainers, lengthBeyond32BitsIsFatal) {
-    // Never read: the length is refused first.
-    const ByteView tooLong(header.data(), 0xFFFFFFFF - 11);
-    EXPECT_DEATH((void)MTPPacketCodec::buildDataPacket(MTPOperationCode::sendObject, 1, tooLong),
-                 "32-bit");
-}
-
 TEST(MTPArrays, wholeArraysAreReadAndOthersAreEmpty) {
     EXPECT_THAT(MTPPacketCodec::decodeObjectHandles(handles),
                 ElementsAre(1U, 0xFFFFFFFFU, 0x12345678U));
@@ -86,13 +79,6 @@ TEST(MTPArrays, wholeArraysAreReadAndOthersAreEmpty) {
         EXPECT_THAT(MTPPacketCodec::decodeObjectHandles(hexBytes(bytes)), IsEmpty()) << name;
         EXPECT_THAT(MTPPacketCodec::decodeStorageIDs(hexBytes(bytes)), IsEmpty()) << name;
     }
-}
-
-TEST(MTPStrings, lengthByteCountsTheTerminator) {
-    EXPECT_EQ(MTPPacketCodec::encodeString(QString()), hexBytes("00"));
-    EXPECT_EQ(MTPPacketCodec::encodeString(QStringLiteral("ab")), hexBytes("03 'ab' 0000"));
-    EXPECT_EQ(MTPPacketCodec::encodeString(QStringLiteral("\U0001F600")),
-              hexBytes("03 3DD8 00DE 0000"));
 }
 
 TEST(MTPStrings, longTextIsCutAt254Units) {
@@ -195,15 +181,6 @@ TEST(MTPObjectDataset, fieldsStandWhereTheLayoutSays) {
     EXPECT_EQ(MTPPacketCodec::decodeObjectInfo(photo, 42), expected);
 }
 
-TEST(MTPObjectDataset, encodingSendsNoDates) {
-    const auto info = MTPPacketCodec::decodeObjectInfo(photo, 42);
-    ASSERT_TRUE(info);
-    Bytes expected(photo.begin(), photo.begin() + 52);
-    const Bytes strings = hexBytes("06 'a.jpg' 0000 00 00 04 'sun' 0000");
-    expected.insert(expected.end(), strings.begin(), strings.end());
-    EXPECT_EQ(MTPPacketCodec::encodeObjectInfo(*info), expected);
-}
-
 TEST(MTPTruncation, everyDecoderStandsEveryCut) {
     for (const auto& [name, whole] : vectors) {
         for (std::size_t size = 0; size <= whole.size(); ++size) {
@@ -225,15 +202,6 @@ TEST(MTPTruncation, everyDecoderStandsEveryCut) {
     }
     const Bytes shortArray(handles.begin(), handles.end() - 1);
     EXPECT_THAT(MTPPacketCodec::decodeObjectHandles(shortArray), IsEmpty());
-}
-
-TEST(MTPTruncation, cutDatasetKeepsTheStringsThatAreWhole) {
-    // The cut takes the last byte of the keywords.
-    const auto info = MTPPacketCodec::decodeObjectInfo(Bytes(photo.begin(), photo.end() - 1), 1);
-    ASSERT_TRUE(info);
-    EXPECT_EQ(info->filename, QStringLiteral("a.jpg"));
-    EXPECT_TRUE(info->dateModified);
-    EXPECT_EQ(info->keywords, QString());
 }
 
 /// Makes a time zone the local one.

@@ -1,4 +1,3 @@
-#include "HexBytes.h"
 #include "mtp/IOKitMTPTransport.h"
 #include "support/MTPContainers.h"
 #include "support/MTPFailure.h"
@@ -87,17 +86,6 @@ TEST_F(MTPRecoveryTest, haltsThatTheStatusTellsOfAreCleared) {
     EXPECT_THAT(bus_.log, ElementsAre("cancel", "status", "clear 1", "clear 2"));
 }
 
-TEST_F(MTPRecoveryTest, whatIsLeftInThePipeIsDropped) {
-    bus_.send(dataOf(0x1009, 7, Bytes(600'000)));
-    EXPECT_THROW((void)transport_.receiveContainer([](ByteView) { throw 1; }, {}), int);
-    bus_.sendEmptyPacket();
-    bus_.send(responseOf(0x2001, 7));
-    EXPECT_EQ(transport_.recover(7, MTPDataPhase::toHost), MTPPipeState::drained);
-    EXPECT_EQ(transport_.recover(7, MTPDataPhase::toHost), MTPPipeState::quiet);
-    bus_.send(responseOf(0x2002, 8));
-    EXPECT_EQ(nextCode(), 0x2002);
-}
-
 TEST_F(MTPRecoveryTest, refusedCancelMeansReadingToTheEnd) {
     bus_.cancelCodes = {usb::pipeStalled};
     bus_.incoming.push_back({{}, std::uint64_t{100} << 20, usb::success});
@@ -126,26 +114,19 @@ TEST_F(MTPRecoveryTest, refusedCancelEndsAnUploadByTheShortestWrite) {
     }
 }
 
-TEST_F(MTPRecoveryTest, acceptedCancelWritesNothingMore) {
-    breakUploadOff(300'000);
-    transport_.recover(9, MTPDataPhase::toDevice);
-    EXPECT_THAT(bus_.log, ElementsAre("cancel", "status"));
-}
-
-TEST_F(MTPRecoveryTest, finishedUploadIsNotEndedTwice) {
+TEST_F(MTPRecoveryTest, onlyADatasetThatCouldNotBeWrittenIsEnded) {
     transport_.send(dataOf(0x100C, 9, Bytes(100)));
     bus_.log.clear();
     bus_.cancelCodes = {usb::pipeStalled};
     transport_.recover(9, MTPDataPhase::toDevice);
     EXPECT_THAT(bus_.log, ElementsAre("cancel"));
-}
 
-TEST_F(MTPRecoveryTest, datasetThatCouldNotBeWrittenIsEnded) {
     bus_.writeCodes = {usb::timeout};
-    EXPECT_NE(mtpFailureOf([&] { transport_.send(dataOf(0x100C, 9, Bytes(100))); }), "none");
+    EXPECT_NE(mtpFailureOf([&] { transport_.send(dataOf(0x100C, 10, Bytes(100))); }), "none");
+    bus_.written.clear();
     bus_.cancelCodes = {usb::timeout};
-    transport_.recover(9, MTPDataPhase::toDevice);
-    EXPECT_EQ(bus_.written, dataOf(0x100C, 9, {}));
+    transport_.recover(10, MTPDataPhase::toDevice);
+    EXPECT_EQ(bus_.written, dataOf(0x100C, 10, {}));
 }
 
 TEST_F(MTPRecoveryTest, haltedPipesAreCleared) {

@@ -1,7 +1,5 @@
 #include "phones/PhoneFixture.h"
 
-#include "mtp/HexBytes.h"
-
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>

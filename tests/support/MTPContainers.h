@@ -3,6 +3,7 @@
 #include "core/LittleEndian.h"
 #include "mtp/MTPTypes.h"
 
+#include <string_view>
 #include <vector>
 
 namespace tessary {
@@ -45,6 +46,26 @@ inline Bytes responseOf(std::uint16_t code, std::uint32_t transactionID,
     for (const std::uint32_t parameter : parameters)
         appendLittleEndian(payload, parameter);
     return wholeContainer(3, code, transactionID, payload);
+}
+
+/// The bytes of hexadecimal digits; blanks are skipped and "'abc'" stands for the letters as
+/// UTF-16 units in little-endian order: "04 'abc' 0000".
+inline Bytes hexBytes(std::string_view text) {
+    Bytes bytes;
+    const auto digit = [](char c) { return c <= '9' ? c - '0' : c - 'A' + 10; };
+    bool quoted = false;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '\'') {
+            quoted = !quoted;
+        } else if (quoted) {
+            bytes.push_back(static_cast<std::byte>(text[i]));
+            bytes.push_back(std::byte{0});
+        } else if (text[i] != ' ') {
+            bytes.push_back(static_cast<std::byte>(16 * digit(text[i]) + digit(text[i + 1])));
+            ++i;
+        }
+    }
+    return bytes;
 }
 
 /// Bytes that differ at every place where a copy could go wrong.

@@ -25,7 +25,5 @@ inline std::string mtpFailure(const char* message) {
 inline constexpr const char* mtpNotConnected = "MTP USB Transport is not connected.";
 inline constexpr const char* mtpTimeout = "MTP USB read/write operation timed out.";
 inline constexpr const char* mtpReadTimedOut = "MTP Transport error: USB Read failed: 0x-1FFFFD2A";
-inline constexpr const char* mtpReadStalled = "MTP Transport error: USB Read failed: 0x-1FFFBFB1";
-inline constexpr const char* mtpWriteStalled = "MTP Transport error: USB Write failed: 0x-1FFFBFB1";
 
 } // namespace tessary
