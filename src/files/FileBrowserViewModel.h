@@ -146,6 +146,10 @@ public:
         return isErrorOfLoad_;
     }
     void dismissError();
+    /// Tells the user about something that went wrong with what was asked.
+    void showError(const ErrorAdvice& error) {
+        setError(error);
+    }
 
     void navigateTo(const QString& path, bool recordHistory = true);
     /// Goes to a path that the user typed, absolute or from the folder shown on; to a file's

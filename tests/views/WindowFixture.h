@@ -42,7 +42,12 @@ protected:
 
     BrowserView::Dialogs dialogs() {
         return {[this](QWidget*) { return local_.path(); },
-                [this](QWidget*) { return filesToCopy_; }, [](QWidget*) { return QString(); }};
+                [this](QWidget*) {
+                    if (whileChoosing_)
+                        whileChoosing_();
+                    return filesToCopy_;
+                },
+                [](QWidget*) { return QString(); }};
     }
 
     static bool wait(const std::function<bool()>& condition) {
@@ -93,6 +98,7 @@ protected:
 
     TemporaryFolder local_;
     QStringList filesToCopy_;
+    std::function<void()> whileChoosing_; ///< happens while the user looks for files
     VirtualUsbBus bus_;
     PluggedPhone phone_{bus_};
     QtProcessRunner processes_;

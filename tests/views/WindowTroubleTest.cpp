@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QDir>
+#include <QLabel>
 #include <QMessageBox>
 #include <QTimer>
 
@@ -40,6 +41,37 @@ TEST_F(WindowTroubleTest, phoneMayGoUnderAnOpenQuestion) {
     EXPECT_TRUE(wait([this] { return isShown(QStringLiteral("alpha.txt")); }))
         << "nothing is deleted on a phone that went away meanwhile";
     EXPECT_EQ(phone_.content(QStringLiteral("DCIM/alpha.txt")), "a");
+}
+
+/// Paths tell the entries of one folder apart, not those of two phones.
+TEST_F(WindowTroubleTest, answersCountOnlyForThePhoneThatWasAskedAbout) {
+    VirtualAndroidConfig config;
+    config.serialNumber = QStringLiteral("SECOND");
+    config.location = QStringLiteral("1-7");
+    PluggedPhone second(bus_, config);
+    second.write(QStringLiteral("DCIM/kept.txt"), "kept");
+    second.write(QStringLiteral("other.txt"), "other");
+    filesToCopy_ = {local_.write(QStringLiteral("up.txt"), "up")};
+    whileChoosing_ = [&] {
+        phone_.android.unplug();
+        EXPECT_TRUE(wait([this] { return isShown(QStringLiteral("other.txt")); }));
+    };
+    press(Qt::Key_U, Qt::ControlModifier);
+    EXPECT_TRUE(window_->browser().error());
+    EXPECT_TRUE(window_->transfers().jobs().empty());
+
+    phone_.android.plugInto(bus_);
+    click(QStringLiteral("DCIM"));
+    whileAsked(QStringLiteral("Delete"), [&] {
+        for (const QLabel* label : QApplication::activeModalWidget()->findChildren<QLabel*>())
+            EXPECT_EQ(label->textFormat(), Qt::PlainText) << "a name may look like HTML";
+        second.android.unplug();
+        EXPECT_TRUE(wait([this] { return isShown(QStringLiteral("readme.md")); }));
+    });
+    press(Qt::Key_Delete);
+    EXPECT_FALSE(window_->browser().isEditing());
+    for (const QLabel* label : window_->findChildren<QLabel*>())
+        EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->text().toStdString();
 }
 
 TEST_F(WindowTroubleTest, folderThatVanishesLeadsBackToWhatIsLeft) {

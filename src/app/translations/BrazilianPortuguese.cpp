@@ -439,6 +439,7 @@ constexpr std::array rows{
     TranslationRow{"Go to Folder…", "Ir para a pasta…"},
     TranslationRow{"There is no \"%1\" on the phone.", "Não há “%1” no telefone."},
     TranslationRow{"Check the spelling, or choose the folder below.", "Confira a grafia ou escolha a pasta abaixo."},
+    TranslationRow{"Another folder is shown by now. Nothing was done.", "Outra pasta está sendo mostrada agora. Nada foi feito."},
 };
 // clang-format on
 

@@ -439,6 +439,7 @@ constexpr std::array rows{
     TranslationRow{"Go to Folder…", "Go to Folder…"},
     TranslationRow{"There is no \"%1\" on the phone.", "There is no \"%1\" on the phone."},
     TranslationRow{"Check the spelling, or choose the folder below.", "Check the spelling, or choose the folder below."},
+    TranslationRow{"Another folder is shown by now. Nothing was done.", "Another folder is shown by now. Nothing was done."},
 };
 // clang-format on
 

@@ -439,6 +439,7 @@ constexpr std::array rows{
     TranslationRow{"Go to Folder…", "Aller au dossier…"},
     TranslationRow{"There is no \"%1\" on the phone.", "« %1 » n’existe pas sur le téléphone."},
     TranslationRow{"Check the spelling, or choose the folder below.", "Vérifiez l’orthographe ou choisissez le dossier ci-dessous."},
+    TranslationRow{"Another folder is shown by now. Nothing was done.", "Un autre dossier est affiché entre-temps. Rien n’a été fait."},
 };
 // clang-format on
 

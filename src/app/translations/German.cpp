@@ -439,6 +439,7 @@ constexpr std::array rows{
     TranslationRow{"Go to Folder…", "Gehe zu Ordner …"},
     TranslationRow{"There is no \"%1\" on the phone.", "„%1“ gibt es auf dem Telefon nicht."},
     TranslationRow{"Check the spelling, or choose the folder below.", "Prüfen Sie die Schreibweise oder wählen Sie den Ordner unten aus."},
+    TranslationRow{"Another folder is shown by now. Nothing was done.", "Inzwischen wird ein anderer Ordner angezeigt. Es wurde nichts getan."},
 };
 // clang-format on
 

@@ -439,6 +439,7 @@ constexpr std::array rows{
     TranslationRow{"Go to Folder…", "Vai alla cartella…"},
     TranslationRow{"There is no \"%1\" on the phone.", "«%1» non è sul telefono."},
     TranslationRow{"Check the spelling, or choose the folder below.", "Controlla l’ortografia o scegli la cartella qui sotto."},
+    TranslationRow{"Another folder is shown by now. Nothing was done.", "Nel frattempo viene mostrata un’altra cartella. Non è stato fatto nulla."},
 };
 // clang-format on
 

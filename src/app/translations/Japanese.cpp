@@ -439,6 +439,7 @@ constexpr std::array rows{
     TranslationRow{"Go to Folder…", "フォルダへ移動…"},
     TranslationRow{"There is no \"%1\" on the phone.", "デバイスに「%1」はありません。"},
     TranslationRow{"Check the spelling, or choose the folder below.", "入力を確認するか、下からフォルダを選択してください。"},
+    TranslationRow{"Another folder is shown by now. Nothing was done.", "別のフォルダが表示されているため、何も行いませんでした。"},
 };
 // clang-format on
 

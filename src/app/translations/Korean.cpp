@@ -439,6 +439,7 @@ constexpr std::array rows{
     TranslationRow{"Go to Folder…", "폴더로 이동…"},
     TranslationRow{"There is no \"%1\" on the phone.", "휴대폰에 ‘%1’이(가) 없습니다."},
     TranslationRow{"Check the spelling, or choose the folder below.", "철자를 확인하거나 아래에서 폴더를 선택하세요."},
+    TranslationRow{"Another folder is shown by now. Nothing was done.", "이제 다른 폴더가 표시되고 있습니다. 아무 작업도 하지 않았습니다."},
 };
 // clang-format on
 

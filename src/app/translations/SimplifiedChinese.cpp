@@ -439,6 +439,7 @@ constexpr std::array rows{
     TranslationRow{"Go to Folder…", "前往文件夹…"},
     TranslationRow{"There is no \"%1\" on the phone.", "手机上没有“%1”。"},
     TranslationRow{"Check the spelling, or choose the folder below.", "请检查拼写，或在下方选择文件夹。"},
+    TranslationRow{"Another folder is shown by now. Nothing was done.", "现在显示的是另一个文件夹。未执行任何操作。"},
 };
 // clang-format on
 

@@ -439,6 +439,7 @@ constexpr std::array rows{
     TranslationRow{"Go to Folder…", "Ir a la carpeta…"},
     TranslationRow{"There is no \"%1\" on the phone.", "«%1» no está en el teléfono."},
     TranslationRow{"Check the spelling, or choose the folder below.", "Comprueba la ortografía o elige la carpeta más abajo."},
+    TranslationRow{"Another folder is shown by now. Nothing was done.", "Ahora se muestra otra carpeta. No se ha hecho nada."},
 };
 // clang-format on
 

@@ -439,6 +439,7 @@ constexpr std::array rows{
     TranslationRow{"Go to Folder…", "前往檔案夾…"},
     TranslationRow{"There is no \"%1\" on the phone.", "手機上沒有「%1」。"},
     TranslationRow{"Check the spelling, or choose the folder below.", "請檢查拼字，或在下方選擇檔案夾。"},
+    TranslationRow{"Another folder is shown by now. Nothing was done.", "現在顯示的是另一個資料夾。未執行任何操作。"},
 };
 // clang-format on
 

@@ -2,6 +2,8 @@
 
 #include "app/Translations.h"
 #include "app/views/PathEdit.h"
+#include "app/views/PlainText.h"
+#include "core/Printable.h"
 
 #include <QFontMetrics>
 #include <QHBoxLayout>
@@ -114,7 +116,7 @@ void BreadcrumbBar::addPart(const Breadcrumb& part, bool isLast) {
                         .elidedText(part.name, Qt::ElideMiddle, longestPart)
                         .replace(QLatin1Char('&'), QStringLiteral("&&")));
     button->setAccessibleName(part.name);
-    button->setToolTip(part.path);
+    button->setToolTip(plainToolTip(printable(part.path)));
     if (isLast) {
         QFont bold = button->font();
         bold.setWeight(QFont::DemiBold);

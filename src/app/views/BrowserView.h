@@ -80,6 +80,9 @@ private:
     void showContextMenu(const QPoint& position);
     void openSelected();
     void renameSelected();
+    /// Remembers the folder shown. The result tells whether it is still shown, once a question was
+    /// answered: ids of another phone's entries look the same. Tells the user when it is not.
+    [[nodiscard]] std::function<bool()> shownHere();
     void removeSelected();
     void downloadSelected();
     void upload(const QStringList& paths, const QString& intoFolderId = {});

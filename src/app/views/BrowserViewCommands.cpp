@@ -5,6 +5,7 @@
 #include "app/views/BrowserView.h"
 #include "app/views/FileViews.h"
 #include "app/views/PlaceholderView.h"
+#include "app/views/PlainText.h"
 #include "core/Printable.h"
 
 #include <QAction>
@@ -31,10 +32,17 @@ void BrowserView::connectActions() {
     on(actions_.rename, [this] { renameSelected(); });
     on(actions_.remove, [this] { removeSelected(); });
     on(actions_.download, [this] { downloadSelected(); });
-    on(actions_.uploadFiles, [this] { upload(dialogs_.chooseFiles(this)); });
+    on(actions_.uploadFiles, [this] {
+        const auto isStillHere = shownHere();
+        const QStringList files = dialogs_.chooseFiles(this);
+        if (!files.isEmpty() && isStillHere())
+            upload(files);
+    });
     on(actions_.uploadFolder, [this] {
+        const auto isStillHere = shownHere();
         const QString folder = dialogs_.chooseFolder(this);
-        upload(folder.isEmpty() ? QStringList() : QStringList{folder});
+        if (!folder.isEmpty() && isStillHere())
+            upload({folder});
     });
     on(actions_.selectAll, [this] { browser_.selectAll(); });
     on(actions_.find, [this] {
@@ -151,6 +159,19 @@ void BrowserView::renameSelected() {
     view.edit(index);
 }
 
+std::function<bool()> BrowserView::shownHere() {
+    const auto identity = [this] {
+        return browser_.files() == nullptr ? QString() : browser_.files()->identity();
+    };
+    return [this, identity, files = identity(), path = browser_.currentPath()] {
+        const bool isHere = files == identity() && path == browser_.currentPath();
+        if (!isHere)
+            browser_.showError(
+                {QStringLiteral("Another folder is shown by now. Nothing was done."), {}});
+        return isHere;
+    };
+}
+
 void BrowserView::removeSelected() {
     const auto selected = browser_.selectedEntries();
     if (selected.empty())
@@ -166,9 +187,11 @@ void BrowserView::removeSelected() {
     QAbstractButton* remove =
         question.addButton(tessary::tr("browser.delete"), QMessageBox::DestructiveRole);
     question.setDefaultButton(question.addButton(QMessageBox::Cancel));
+    makePlain(question);
     const QStringList ids = selectedIds();
+    const auto isStillHere = shownHere();
     question.exec();
-    if (question.clickedButton() == remove)
+    if (question.clickedButton() == remove && isStillHere())
         browser_.deleteItems(ids);
 }
 

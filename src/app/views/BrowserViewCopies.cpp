@@ -48,8 +48,9 @@ void BrowserView::downloadSelected() {
     const QStringList ids = selectedIds();
     if (ids.isEmpty())
         return;
+    const auto isStillHere = shownHere();
     const QString target = dialogs_.chooseTargetFolder(this);
-    if (target.isEmpty())
+    if (target.isEmpty() || !isStillHere())
         return;
     const QStringList taken = browser_.namesTakenIn(target, ids);
     std::vector<Clash> clashes;

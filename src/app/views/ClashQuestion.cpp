@@ -1,6 +1,7 @@
 #include "app/views/ClashQuestion.h"
 
 #include "app/Translations.h"
+#include "app/views/PlainText.h"
 #include "core/ByteFormat.h"
 #include "core/Printable.h"
 
@@ -59,6 +60,7 @@ askAboutClashes(QWidget* parent, const std::vector<Clash>& clashes, bool canKeep
             question.setCheckBox(all);
         else
             delete all;
+        makePlain(question);
         question.exec();
         const QAbstractButton* clicked = question.clickedButton();
         ClashChoice choice = ClashChoice::skip;

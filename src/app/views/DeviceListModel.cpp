@@ -3,6 +3,7 @@
 #include "app/LanguageManager.h"
 #include "app/Translations.h"
 #include "app/views/Icons.h"
+#include "app/views/PlainText.h"
 #include "core/ByteFormat.h"
 #include "core/Printable.h"
 
@@ -38,7 +39,7 @@ QVariant DeviceListModel::data(const QModelIndex& index, int role) const {
     case Qt::DecorationRole:
         return icon(systemImage(device->platform));
     case Qt::ToolTipRole:
-        return QStringLiteral("%1\n%2").arg(name, printable(device->udid));
+        return plainToolTip(QStringLiteral("%1\n%2").arg(name, printable(device->udid)));
     case stateRole:
         return manager_.trouble(device->id()) ? tessary::tr("Needs your attention")
                                               : deviceStorageText(*device);

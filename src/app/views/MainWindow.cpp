@@ -6,6 +6,7 @@
 #include "app/views/Icons.h"
 #include "app/views/MainMenu.h"
 #include "app/views/PlaceholderView.h"
+#include "app/views/PlainText.h"
 #include "app/views/SettingsWindow.h"
 #include "app/views/StatusBanner.h"
 #include "app/views/SyncDialogs.h"
@@ -136,6 +137,7 @@ MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* p
     connect(&browser_, &FileBrowserViewModel::stateChanged, this, &MainWindow::showBanner);
     memory_ = new WindowMemory({*this, *split, browserView_->columns(), browser_}, app.defaults());
     keepTranslated(this, [this] { showTexts(); });
+    makePlain(*this);
 }
 
 MainWindow::~MainWindow() {
@@ -218,6 +220,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         QAbstractButton* quit =
             question.addButton(tessary::tr("Quit Tessary"), QMessageBox::DestructiveRole);
         question.setDefaultButton(question.addButton(QMessageBox::Cancel));
+        makePlain(question);
         question.exec();
         if (question.clickedButton() != quit) {
             event->ignore();

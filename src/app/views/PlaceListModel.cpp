@@ -2,6 +2,7 @@
 
 #include "app/Translations.h"
 #include "app/views/Icons.h"
+#include "app/views/PlainText.h"
 #include "core/Printable.h"
 #include "files/EntryMimeData.h"
 
@@ -72,7 +73,7 @@ QVariant PlaceListModel::data(const QModelIndex& index, int role) const {
     case Qt::DecorationRole:
         return icon(place->iconName);
     case Qt::ToolTipRole:
-        return place->toolTip.isEmpty() ? printable(place->path) : place->toolTip;
+        return plainToolTip(place->toolTip.isEmpty() ? printable(place->path) : place->toolTip);
     default:
         return {};
     }

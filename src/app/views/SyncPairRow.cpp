@@ -2,6 +2,7 @@
 
 #include "app/Translations.h"
 #include "app/views/Icons.h"
+#include "app/views/PlainText.h"
 #include "core/Printable.h"
 
 #include <QDir>
@@ -87,6 +88,7 @@ SyncPairRow::SyncPairRow(SyncViewModel& sync, const QUuid& id, QWidget* parent)
     row->addLayout(texts, 1);
     for (QToolButton* each : {run_, cancel_, remove_})
         row->addWidget(each, 0, Qt::AlignTop);
+    makePlain(*this);
     update();
 }
 
@@ -98,7 +100,7 @@ void SyncPairRow::update() {
     const QString local = QDir(pair->localFolderPath).dirName();
     title_->setText(printable(local) + QLatin1Char(' ') + arrow(pair->syncMode) + QLatin1Char(' ') +
                     printable(pair->displayRemotePath()));
-    title_->setToolTip(printable(pair->localFolderPath));
+    title_->setToolTip(plainToolTip(printable(pair->localFolderPath)));
     detail_->setText(QStringLiteral("%1  ·  %2  ·  %3")
                          .arg(printable(pair->deviceName), printable(pair->appName),
                               tessary::tr(pair->modeDisplayName())));
@@ -134,6 +136,7 @@ void SyncPairRow::remove() {
     question.setInformativeText(tessary::tr("No file is deleted on either side."));
     QAbstractButton* yes = question.addButton(tessary::tr("Remove"), QMessageBox::DestructiveRole);
     question.setDefaultButton(question.addButton(QMessageBox::Cancel));
+    makePlain(question);
     question.exec();
     if (question.clickedButton() == yes)
         sync_.manager().removeSyncPair(id_);

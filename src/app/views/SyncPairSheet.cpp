@@ -1,6 +1,7 @@
 #include "app/views/SyncPairSheet.h"
 
 #include "app/Translations.h"
+#include "app/views/PlainText.h"
 #include "core/Printable.h"
 #include "sync/SyncViewModel.h"
 
@@ -78,6 +79,7 @@ SyncPairSheet::SyncPairSheet(SyncPair draft, ChooseFolder chooseFolder, QWidget*
     connect(mode_, &QComboBox::currentIndexChanged, this, &SyncPairSheet::change);
     connect(deletes_, &QCheckBox::toggled, this, &SyncPairSheet::change);
     connect(moves_, &QCheckBox::toggled, this, &SyncPairSheet::change);
+    makePlain(*this);
     change();
 }
 

@@ -2,6 +2,7 @@
 
 #include "app/Translations.h"
 #include "app/views/Icons.h"
+#include "app/views/PlainText.h"
 #include "core/ByteFormat.h"
 #include "core/Printable.h"
 
@@ -109,6 +110,7 @@ SyncPreviewDialog::SyncPreviewDialog(QWidget* parent)
     column->addWidget(busy_);
     column->addWidget(list_, 1);
     column->addWidget(buttons);
+    makePlain(*this);
 }
 
 void SyncPreviewDialog::show(const SyncViewModel::Preview& preview) {
@@ -136,7 +138,7 @@ void SyncPreviewDialog::fill(const SyncPreview& plan) {
         auto* row = new QTreeWidgetItem(
             {printable(item.relativePath), formatBytes(item.size), actionText(item) + reason});
         row->setIcon(0, icon(actionIcon(item)));
-        row->setToolTip(0, printable(item.relativePath));
+        row->setToolTip(0, plainToolTip(printable(item.relativePath)));
         row->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
         rows.append(row);
     }

@@ -1,6 +1,7 @@
 #include "app/views/SyncQuestionDialog.h"
 
 #include "app/Translations.h"
+#include "app/views/PlainText.h"
 #include "core/ByteFormat.h"
 #include "core/Printable.h"
 
@@ -40,7 +41,7 @@ QTreeWidget* makeList(const std::vector<DeletionCandidate>& candidates) {
             where += QStringLiteral("  ·  ") + tessary::tr("edited since the last sync");
         auto* row = new QTreeWidgetItem(
             {printable(candidate.relativePath), formatBytes(candidate.size), where});
-        row->setToolTip(0, printable(candidate.relativePath));
+        row->setToolTip(0, plainToolTip(printable(candidate.relativePath)));
         row->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
         rows.append(row);
     }
@@ -94,6 +95,7 @@ SyncQuestionDialog::SyncQuestionDialog(const SyncQuestion& question, QWidget* pa
         title->setText(tessary::tr("The folder on this computer is gone"));
     }
     column->addWidget(buttons);
+    makePlain(*this);
 }
 
 } // namespace tessary

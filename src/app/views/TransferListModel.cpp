@@ -3,6 +3,7 @@
 #include "app/LanguageManager.h"
 #include "app/Translations.h"
 #include "app/views/Icons.h"
+#include "app/views/PlainText.h"
 #include "core/ByteFormat.h"
 #include "core/Printable.h"
 
@@ -46,9 +47,11 @@ QVariant TransferListModel::data(const QModelIndex& index, int role) const {
     case Qt::DecorationRole:
         return icon(job->type == TransferJob::TransferType::upload ? "arrow-up" : "arrow-down");
     case Qt::ToolTipRole:
-        return QStringLiteral("%1\n→ %2%3")
-            .arg(printable(job->sourcePath), printable(job->destinationPath),
-                 job->advice.isEmpty() ? QString() : QLatin1Char('\n') + tessary::tr(job->advice));
+        return plainToolTip(QStringLiteral("%1\n→ %2%3")
+                                .arg(printable(job->sourcePath), printable(job->destinationPath),
+                                     job->advice.isEmpty()
+                                         ? QString()
+                                         : QLatin1Char('\n') + tessary::tr(job->advice)));
     case Qt::AccessibleTextRole:
         return QStringLiteral("%1 %2, %3")
             .arg(tessary::tr(rawValue(job->type)), printable(job->name), transferDetail(*job));

@@ -2,6 +2,7 @@
 
 #include "app/LanguageManager.h"
 #include "app/Translations.h"
+#include "app/views/PlainText.h"
 #include "core/Printable.h"
 
 #include <QMenuBar>
@@ -52,11 +53,11 @@ QMessageBox& UpdateAlerts::open(const QString& title, const QString& text) {
     box_ = new QMessageBox(QMessageBox::NoIcon, title, title, QMessageBox::NoButton, &window_);
     box_->setAttribute(Qt::WA_DeleteOnClose);
     box_->setObjectName(QStringLiteral("updateAlert"));
-    box_->setTextFormat(Qt::PlainText);
     box_->setInformativeText(text);
     box_->addButton(tessary::tr("OK"), QMessageBox::AcceptRole);
     // Put away first: what is told next may need a box of its own.
     connect(box_, &QMessageBox::finished, this, [this] { box_ = nullptr; });
+    makePlain(*box_);
     box_->open();
     return *box_;
 }

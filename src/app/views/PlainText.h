@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+namespace tessary {
+
+/// Shows the texts of all labels in a widget as they are. Left alone, a label takes a phone's file
+/// name that looks like HTML for it, and loads whatever picture that names. Of a message box: after
+/// its last text was set, before it is shown.
+void makePlain(QWidget& widget);
+
+/// A text for a tool tip, which shows it as it is.
+[[nodiscard]] QString plainToolTip(const QString& text);
+
+} // namespace tessary
