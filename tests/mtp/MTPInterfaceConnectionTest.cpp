@@ -75,16 +75,6 @@ TEST(MTPInterfaceConnection, interfaceWithoutBulkPairIsPassedOver) {
     EXPECT_EQ(openFailure(bus), mtpNotConnected);
 }
 
-TEST(MTPInterfaceConnection, liesInDescriptorsAreSurvived) {
-    ScriptedUsbBus bus;
-    auto& pipes = bus.attached[0].interfaces[0].pipes;
-    pipes = {{UsbDirection::in, UsbTransferType::bulk, 0},
-             {UsbDirection::out, UsbTransferType::bulk, 0}};
-    EXPECT_GE(openMTPInterface(bus, anyOfModel).maxPacketSize, 8);
-    pipes.assign(255, events);
-    EXPECT_EQ(openFailure(bus), mtpNotConnected);
-}
-
 TEST(MTPInterfaceConnection, whatIsHeldIsSeizedAndRefusalsSayWhy) {
     struct Row {
         std::deque<UsbCode> device;

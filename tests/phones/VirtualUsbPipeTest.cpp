@@ -112,21 +112,5 @@ TEST(VirtualUsbPipe, fullPipeBlocksTheDeviceUntilTheHostReads) {
     EXPECT_EQ(transferred, buffer.size());
 }
 
-TEST(VirtualUsbPipe, stallComesAfterTheDataThatWasSentBefore) {
-    VirtualUsbPipe pipe(packet);
-    put(pipe, patternOf(packet), false);
-    pipe.stallBehindData();
-    Bytes buffer(4 * packet);
-    std::size_t transferred = 0;
-    EXPECT_EQ(pipe.hostRead(buffer, transferred, soon), usb::pipeStalled);
-    EXPECT_EQ(transferred, packet);
-    EXPECT_EQ(pipe.hostRead(buffer, transferred, soon), usb::pipeStalled);
-    EXPECT_TRUE(pipe.hostClearStall());
-    EXPECT_FALSE(pipe.hostClearStall());
-    put(pipe, patternOf(5), true);
-    EXPECT_EQ(pipe.hostRead(buffer, transferred, soon), usb::success);
-    EXPECT_EQ(transferred, 5U);
-}
-
 } // namespace
 } // namespace tessary
