@@ -32,13 +32,6 @@ bool LockdownValues::isPublic(const QString& domain, const QString& key) {
 }
 
 std::optional<QVariantMap> LockdownValues::domain(const QString& name, bool inSession) const {
-    const auto replaced =
-        phone_.faults().update([&](VirtualIPhoneFaults& faults) -> std::optional<QVariantMap> {
-            const auto found = faults.domains.find(name);
-            return found == faults.domains.end() ? std::nullopt : std::optional(found->second);
-        });
-    if (replaced)
-        return replaced;
     if (name == u"com.apple.disk_usage"_s)
         return diskUsage();
     if (name == u"com.apple.mobile.battery"_s)
@@ -93,29 +86,19 @@ QVariantMap LockdownValues::general() const {
     };
 }
 
-std::optional<QVariantMap> LockdownValues::diskUsage() const {
+QVariantMap LockdownValues::diskUsage() const {
     constexpr quint64 system = 12'000'000'000;
     const auto total = static_cast<quint64>(phone_.config().capacity);
     const auto data = total > system ? total - system : total;
     const auto free = static_cast<quint64>(phone_.freeBytes());
-    switch (phone_.config().diskUsage) {
-    case VirtualDiskUsage::full:
-        return QVariantMap{{u"AmountDataAvailable"_s, free},
-                           {u"AmountDataReserved"_s, quint64{209'715'200}},
-                           {u"AmountRestoreAvailable"_s, free},
-                           {u"TotalDataAvailable"_s, free + quint64{209'715'200}},
-                           {u"TotalDataCapacity"_s, data},
-                           {u"TotalDiskCapacity"_s, total},
-                           {u"TotalSystemAvailable"_s, quint64{0}},
-                           {u"TotalSystemCapacity"_s, total - data}};
-    case VirtualDiskUsage::dataOnly:
-        return QVariantMap{{u"TotalDataAvailable"_s, free}, {u"TotalDataCapacity"_s, total}};
-    case VirtualDiskUsage::empty:
-        return QVariantMap{{u"NANDInfo"_s, QByteArray(4, '\0')}};
-    case VirtualDiskUsage::refused:
-        break;
-    }
-    return std::nullopt;
+    return {{u"AmountDataAvailable"_s, free},
+            {u"AmountDataReserved"_s, quint64{209'715'200}},
+            {u"AmountRestoreAvailable"_s, free},
+            {u"TotalDataAvailable"_s, free + quint64{209'715'200}},
+            {u"TotalDataCapacity"_s, data},
+            {u"TotalDiskCapacity"_s, total},
+            {u"TotalSystemAvailable"_s, quint64{0}},
+            {u"TotalSystemCapacity"_s, total - data}};
 }
 
 QVariantMap LockdownValues::battery() const {

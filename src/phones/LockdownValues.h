@@ -17,7 +17,7 @@ public:
 
 private:
     [[nodiscard]] QVariantMap general() const;
-    [[nodiscard]] std::optional<QVariantMap> diskUsage() const;
+    [[nodiscard]] QVariantMap diskUsage() const;
     [[nodiscard]] QVariantMap battery() const;
 
     VirtualIPhone& phone_;

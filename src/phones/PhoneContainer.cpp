@@ -214,12 +214,11 @@ FileHandle PhoneContainer::open(const std::string& path, std::uint64_t mode) {
 }
 
 void PhoneContainer::makeFolder(const std::string& path) {
-    const bool strict = phone_.config().strictMakeDirectory;
-    const Place made = place(path, !strict);
+    const Place made = place(path, true);
     if (::mkdirat(made.folder.get(), made.name.c_str(), folderMode) == 0)
         return;
     const int error = errno;
-    if (error != EEXIST || strict || !S_ISDIR(factsOf(made.folder, made.name).st_mode))
+    if (error != EEXIST || !S_ISDIR(factsOf(made.folder, made.name).st_mode))
         refuse(statusFor(error));
 }
 
@@ -267,8 +266,6 @@ void PhoneContainer::rename(const std::string& from, const std::string& to) {
     struct stat replaced {};
     const bool replaces =
         ::fstatat(target.folder.get(), target.name.c_str(), &replaced, AT_SYMLINK_NOFOLLOW) == 0;
-    if (replaces && !phone_.config().renameReplaces)
-        refuse(afc::objectExists);
     check(::renameat(source.folder.get(), source.name.c_str(), target.folder.get(),
                      target.name.c_str()) == 0);
     if (replaces)

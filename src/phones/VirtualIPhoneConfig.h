@@ -28,14 +28,6 @@ enum class VirtualTrust {
     denied,  ///< "UserDeniedPairing"
 };
 
-/// How the phone tells its storage in the lockdown domain "com.apple.disk_usage".
-enum class VirtualDiskUsage {
-    full,     ///< every key
-    dataOnly, ///< "TotalDataCapacity" and "TotalDataAvailable" alone
-    empty,    ///< a dictionary without these keys
-    refused,  ///< the domain is not told
-};
-
 /// What a virtual iPhone is when it is made.
 struct VirtualIPhoneConfig {
     QString udid = QStringLiteral("00008101-000A1B2C3D4E001E");
@@ -51,7 +43,6 @@ struct VirtualIPhoneConfig {
     std::uint64_t capacity = std::uint64_t{128} * 1'000'000'000; ///< bytes
     /// Bytes; falls and rises with what the host writes and deletes.
     std::uint64_t free = std::uint64_t{64} * 1'000'000'000;
-    VirtualDiskUsage diskUsage = VirtualDiskUsage::full;
     int battery = 80; ///< percent
 
     VirtualTrust trust = VirtualTrust::trusted;
@@ -67,10 +58,6 @@ struct VirtualIPhoneConfig {
     /// House arrest's VendDocuments shows the documents as the root. Else they are "/Documents",
     /// and nothing outside is readable.
     bool documentsAreRoot = false;
-    /// Making a folder that is there, or below one that is missing, is refused. Else, as phones do
-    /// it, what is missing is made.
-    bool strictMakeDirectory = false;
-    bool renameReplaces = true; ///< else renaming onto a name that is taken is "object exists"
     /// Removing a folder that is not empty answers this: 33, and 1 on some phones.
     std::uint64_t fullFolderStatus = 33;
 };

@@ -51,13 +51,8 @@ struct VirtualIPhoneFaults {
     /// one the connection ends instead.
     unsigned handshakesToFail = 0;
     QString handshakeError;
-    /// Lockdown requests that are refused with this "Error".
-    std::map<QString, QString> lockdownErrors;
     /// Services that lockdown does not start, and the "Error".
     std::map<QString, QString> serviceErrors;
-    /// What GetValue answers for a whole domain instead.
-    std::map<QString, QVariantMap> domains;
-
     /// House arrest commands that are refused with this "Error".
     std::map<QString, QString> houseArrestErrors;
     /// The installation proxy refuses to browse with this "Error".

@@ -63,6 +63,23 @@ TEST(AFCClientOpening, theContainerIsTriedWhenTheDocumentsAreRefused) {
               "com.apple.mobile.house_arrest failed: -27"_s);
 }
 
+TEST(AFCClientOpening, aDevelopersAppOpensByItsContainer) {
+    const TemporaryFolder disk;
+    VirtualIPhoneConfig config;
+    VirtualIPhoneApp own;
+    own.bundleID = u"com.example.own"_s;
+    own.folder = disk.makeFolder(u"own"_s);
+    own.isDebuggable = true;
+    config.apps = {own};
+    PluggedIPhone iphone(config);
+    iphone.faults([](VirtualIPhoneFaults& faults) {
+        faults.houseArrestErrors[u"VendDocuments"_s] = u"InstallationLookupFailed"_s;
+    });
+    AFCClient client(std::make_unique<LockdownSession>(iphone.udid()), own.bundleID);
+    EXPECT_EQ(client.workingRootPath(), u"/Documents"_s);
+    EXPECT_TRUE(client.listContents(u"/"_s).empty());
+}
+
 class AFCClientTest : public testing::Test {
 protected:
     PluggedIPhone iphone_;

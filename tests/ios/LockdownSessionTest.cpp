@@ -105,5 +105,18 @@ TEST(AppLister, listsTheUsersAppsThatShareFilesFromSeveralAnswers) {
     EXPECT_EQ(names, QStringList({u"Apple"_s, u"banana"_s, u"Bundle"_s, u"cherry"_s, u"Notes"_s}));
 }
 
+TEST(AppLister, refusalsAreNamed) {
+    PluggedIPhone iphone;
+    LockdownSession session(iphone.udid());
+    iphone.faults([](VirtualIPhoneFaults& faults) { faults.browseError = u"APIInternalError"_s; });
+    EXPECT_EQ(failureOf([&] { (void)AppLister::listFileSharingApps(session); }),
+              u"InstProxy error: Browse failed: -8"_s);
+    iphone.faults([](VirtualIPhoneFaults& faults) {
+        faults.serviceErrors[u"com.apple.mobile.installation_proxy"_s] = u"PasswordProtected"_s;
+    });
+    EXPECT_EQ(failureOf([&] { (void)AppLister::listFileSharingApps(session); }),
+              u"Failed to start service: com.apple.mobile.installation_proxy failed: -17"_s);
+}
+
 } // namespace
 } // namespace tessary
