@@ -6,8 +6,10 @@
 #include "files/ADBPaths.h"
 #include "files/ADBTransfer.h"
 #include "files/DevicePath.h"
+#include "files/PhoneNames.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace tessary {
 
@@ -60,6 +62,28 @@ void addTotals(const ADBFileBackend& backend, const QString& folder, const Devic
     for (const QString& child : folders)
         if (depth < maxDepth)
             addTotals(backend, child, device, stop, depth + 1, totals);
+}
+
+/// The same in one command, which older phones may not know: then folder by folder.
+ADBTreeTotals totalsOf(const ADBFileBackend& backend, const ADBShell& shell,
+                       const QString& folder) {
+    ADBTreeTotals totals;
+    const ProcessResult found =
+        shell.run(QStringLiteral("find ") + phoneShellQuoted(folder + QLatin1Char('/')) +
+                      QStringLiteral(" -type f -exec stat -c '%s' '{}' +"),
+                  listingLimit);
+    for (const QByteArray& line : found.standardOutput.split('\n')) {
+        bool isNumber = false;
+        const qint64 size = line.trimmed().toLongLong(&isNumber);
+        if (!isNumber || size < 0)
+            continue;
+        ++totals.files;
+        if (qAddOverflow(totals.bytes, size, &totals.bytes))
+            totals.bytes = std::numeric_limits<qint64>::max();
+    }
+    if (totals.files == 0 && !(found.succeeded() && found.standardError.isEmpty()))
+        addTotals(backend, folder, shell.device(), shell.stopToken(), 0, totals);
+    return totals;
 }
 
 void requireAbsent(const std::optional<ADBFileFacts>& facts, const QString& name) {
@@ -201,9 +225,7 @@ TransferOutcome ADBFileBackend::downloadDirectory(const FileItem& item, const QS
     const Busy busy(*this, device);
     const ADBShell shell(tool_, device, stop);
     shell.requireFolder(path);
-    ADBTreeTotals totals;
-    addTotals(*this, path, device, stop, 0, totals);
-    return pullFolder(shell, path, totals, localFolder, progress);
+    return pullFolder(shell, path, totalsOf(*this, shell, path), localFolder, progress);
 }
 
 void ADBFileBackend::uploadFile(const QString& localFile, const QString& remoteParentPath,
@@ -230,7 +252,7 @@ TransferOutcome ADBFileBackend::uploadDirectory(const QString& localFolder,
 
 void ADBFileBackend::createFolder(const QString& name, const QString& parentPath,
                                   const DeviceInfo& device, const std::stop_token& stop) const {
-    requireUsableName(name);
+    requireNameForADB(name);
     const ADBShell shell(tool_, device, stop);
     const QString parent = androidPath(parentPath);
     const QString path = joinPath(parent, name);
@@ -247,8 +269,13 @@ void ADBFileBackend::deleteFile(const FileItem& item, const DeviceInfo& device,
                                 const std::stop_token& stop) const {
     const QString path = requireItemPath(item);
     const ADBShell shell(tool_, device, stop);
-    const ProcessResult result =
-        shell.run(QStringLiteral("rm -rf ") + phoneShellQuoted(path), editLimit);
+    const auto facts = shell.stat(path);
+    // A link counts as a folder in listings; only the link itself is deleted.
+    if (!facts || (!facts->isLink() && facts->isFolder() != item.isDirectory))
+        throwNotOnPhone(path);
+    const QString command =
+        facts->isFolder() ? QStringLiteral("rm -rf ") : QStringLiteral("rm -f ");
+    const ProcessResult result = shell.run(command + phoneShellQuoted(path), editLimit);
     if (shell.stat(path))
         throw TessaryError::fileIOError(QStringLiteral("The phone did not delete %1. %2")
                                             .arg(path, adbFailure(result))
@@ -257,7 +284,7 @@ void ADBFileBackend::deleteFile(const FileItem& item, const DeviceInfo& device,
 
 void ADBFileBackend::renameItem(const FileItem& item, const QString& newName,
                                 const DeviceInfo& device, const std::stop_token& stop) const {
-    requireUsableName(newName);
+    requireNameForADB(newName);
     const QString path = requireItemPath(item);
     if (newName != item.name)
         move(ADBShell(tool_, device, stop), path, joinPath(parentPath(path), newName));

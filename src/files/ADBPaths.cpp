@@ -58,11 +58,4 @@ QString requireItemPath(const FileItem& item) {
     return path;
 }
 
-void requireUsableName(const QString& name) {
-    constexpr qsizetype longestName = 255; // bytes
-    if (!isSafeName(name) || name.toUtf8().size() > longestName)
-        throw TessaryError::fileIOError(
-            QStringLiteral("\"%1\" cannot be a name on the phone.").arg(name));
-}
-
 } // namespace tessary

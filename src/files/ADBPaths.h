@@ -15,7 +15,4 @@ namespace tessary {
 /// name is none, when its path leads elsewhere ("..") or when it is a whole storage.
 [[nodiscard]] QString requireItemPath(const FileItem& item);
 
-/// Throws TessaryError::fileIOError for what cannot be a name on a phone.
-void requireUsableName(const QString& name);
-
 } // namespace tessary

@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSet>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -24,9 +25,10 @@ using Clock = std::chrono::steady_clock;
 /// Ends a transfer that has come to a standstill.
 class StallGuard {
 public:
-    void saw(qint64 bytes) {
-        if (bytes != last_) {
-            last_ = bytes;
+    /// Takes any figure that grows as long as something arrives.
+    void saw(qint64 arrived) {
+        if (arrived != last_) {
+            last_ = arrived;
             since_ = Clock::now();
         } else if (Clock::now() - since_ > adbStallLimit) {
             throw TessaryError::fileIOError(QStringLiteral(
@@ -126,7 +128,7 @@ TransferOutcome pullFolder(const ADBShell& shell, const QString& remoteFolder,
             return;
         const LocalDirectoryStats arrived = calculateLocalDirectoryStats(arrival);
         nextLook = std::max(now + interval, Clock::now() + restBetweenLooks * (Clock::now() - now));
-        guard.saw(arrived.totalBytes);
+        guard.saw(arrived.totalFiles + arrived.totalBytes); // a file may be empty
         // The last file may be on its way still.
         state.completedFiles = std::clamp<qint64>(arrived.totalFiles - 1, 0, totals.files);
         state.completedBytes = std::min(arrived.totalBytes, totals.bytes);
@@ -138,30 +140,44 @@ TransferOutcome pullFolder(const ADBShell& shell, const QString& remoteFolder,
                  lastComponent(remoteFolder),
                  reason.isEmpty() ? QStringLiteral("nothing arrived.") : reason);
 
-    const LocalDirectoryStats arrived = calculateLocalDirectoryStats(arrival);
     const LocalTree tree = collectLocalFiles(arrival);
     outcome.skipped = tree.skipped;
+    state.totalFiles = tree.fileCount;
+    state.totalBytes = tree.byteCount;
+    state.completedFiles = 0;
+    state.completedBytes = 0;
+    QSet<QString> unusable; // folders that cannot be made here: something is in the way
     for (const LocalEntry& entry : tree.entries) {
         const QString source = joinPath(arrival, entry.relativePath);
         const QString target = joinPath(localFolder, entry.relativePath);
+        const auto skip = [&](const QString& why) {
+            outcome.skipped.push_back({joinPath(remoteFolder, entry.relativePath), why});
+        };
+        if (unusable.contains(parentPath(target))) {
+            if (entry.isDirectory)
+                unusable.insert(target);
+            continue;
+        }
         if (entry.isDirectory) {
-            if (!QDir().mkpath(target))
-                outcome.skipped.push_back(
-                    {joinPath(remoteFolder, entry.relativePath),
-                     QStringLiteral("the folder cannot be created on this computer")});
+            if (!QDir().mkpath(target)) {
+                unusable.insert(target);
+                skip(QStringLiteral("the folder cannot be created on this computer"));
+            }
             continue;
         }
         if (QFileInfo(target).isDir()) {
-            outcome.skipped.push_back(
-                {joinPath(remoteFolder, entry.relativePath),
-                 QStringLiteral("a folder of this name is on this computer")});
+            skip(QStringLiteral("a folder of this name is on this computer"));
             continue;
         }
         QFile::setPermissions(source, permissions);
-        moveInto(source, target);
+        try {
+            moveInto(source, target);
+            ++state.completedFiles;
+            state.completedBytes += entry.size;
+        } catch (const TessaryError& error) {
+            skip(error.message());
+        }
     }
-    state.totalFiles = state.completedFiles = arrived.totalFiles;
-    state.totalBytes = state.completedBytes = arrived.totalBytes;
     report();
     return outcome;
 }

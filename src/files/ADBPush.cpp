@@ -2,11 +2,14 @@
 
 #include "core/CancellationError.h"
 #include "core/DiagnosticsLogger.h"
+#include "core/PartFile.h"
 #include "core/TessaryError.h"
-#include "files/ADBPaths.h"
 #include "files/DevicePath.h"
+#include "files/LsOutput.h"
+#include "files/PhoneNames.h"
 
 #include <QFileInfo>
+#include <QSet>
 
 #include <algorithm>
 
@@ -71,28 +74,43 @@ private:
     Clock::time_point lastChange_ = start_;
 };
 
-enum class TargetFolder { isKnown, isChecked };
+/// A file on the phone that goes with this, unless it was put in its place.
+class RemotePart {
+public:
+    RemotePart(const ADBShell& shell, const QString& folder)
+        : shell_(shell.tool(), shell.device(), {}), path_(joinPath(folder, newPartName())) {}
+    ~RemotePart() {
+        if (isInPlace_)
+            return;
+        try {
+            // The phone removes what it has of a push that breaks off: this is for the rest.
+            constexpr auto patience = 3s;
+            shell_.run(QStringLiteral("rm -f ") + phoneShellQuoted(path_), patience);
+        } catch (const std::exception&) {
+            // The failure that led here is the one to report.
+        }
+    }
+    RemotePart(const RemotePart&) = delete;
+    RemotePart& operator=(const RemotePart&) = delete;
 
-/// Pushes one file into a folder. Each question to the phone takes time: all are asked in one.
-void pushOne(const ADBShell& shell, const QString& localFile, const QString& remoteFolder,
-             TargetFolder targetFolder, const FileProgressCallback& progress) {
-    const QFileInfo local(localFile);
+    [[nodiscard]] const QString& path() const {
+        return path_;
+    }
+    void setInPlace() {
+        isInPlace_ = true;
+    }
+
+private:
+    const ADBShell shell_; // not stopped with the copy
+    const QString path_;
+    bool isInPlace_ = false;
+};
+
+/// Sends the bytes to a path where nothing is, and compares the sizes.
+void sendBytes(const ADBShell& shell, const QFileInfo& local, const QString& remote,
+               const FileProgressCallback& progress) {
     const QString name = local.fileName();
-    requireUsableName(name);
-    if (!local.isFile() || !local.isReadable())
-        throw TessaryError::fileIOError(QStringLiteral("Cannot read %1.").arg(localFile));
     const qint64 total = local.size();
-    const QString remote = joinPath(remoteFolder, name);
-    QStringList asked{remote + QLatin1Char('/')};
-    if (targetFolder == TargetFolder::isChecked)
-        asked += {remoteFolder, remoteFolder + QLatin1Char('/')};
-    const auto present = shell.stat(asked);
-    if (targetFolder == TargetFolder::isChecked)
-        ADBShell::requireFolder(remoteFolder, present[1], present[2]);
-    // adb would put the file into a folder of its name.
-    if (present[0])
-        throw TessaryError::fileIOError(
-            QStringLiteral("A folder \"%1\" is already on the phone.").arg(name));
     if (progress)
         progress(0, total);
     PushWatch watch(shell, remote, total, progress);
@@ -109,6 +127,67 @@ void pushOne(const ADBShell& shell, const QString& localFile, const QString& rem
     if (arrived->size != total)
         failPush(name,
                  QStringLiteral("the phone has %1 of %2 bytes.").arg(arrived->size).arg(total));
+}
+
+/// A storage that ignores case finds a file under a name that is not its own.
+void requireOwnSpelling(const ADBShell& shell, const QString& folder, const QString& name) {
+    const ProcessResult listed =
+        shell.run(QStringLiteral("ls -la ") + phoneShellQuoted(folder + QLatin1Char('/')));
+    QString other;
+    for (const FileItem& item : parseLsOutput(listed.standardOutput, folder)) {
+        if (item.name == name)
+            return;
+        if (isSameToPhones(item.name, name))
+            other = item.name;
+    }
+    if (!other.isEmpty())
+        throwSameToPhone(other, name);
+}
+
+/// Puts a file in the place of another: adb itself would first delete the old one.
+void replaceFile(const ADBShell& shell, const QFileInfo& local, const QString& folder,
+                 const FileProgressCallback& progress) {
+    const QString name = local.fileName();
+    const QString remote = joinPath(folder, name);
+    requireOwnSpelling(shell, folder, name);
+    RemotePart part(shell, folder);
+    sendBytes(shell, local, part.path(), progress);
+    const ProcessResult moved = shell.run(QStringLiteral("mv -f ") + phoneShellQuoted(part.path()) +
+                                          QLatin1Char(' ') + phoneShellQuoted(remote));
+    const auto after = shell.stat({part.path(), remote});
+    if (after[0] || !after[1] || after[1]->size != local.size())
+        failPush(name, QStringLiteral("the phone did not put it in the place of the old file. %1")
+                           .arg(adbFailure(moved))
+                           .trimmed());
+    part.setInPlace();
+}
+
+enum class TargetFolder { isKnown, isChecked };
+
+/// Pushes one file into a folder. Each question to the phone takes time: all are asked in one.
+void pushOne(const ADBShell& shell, const QString& localFile, const QString& remoteFolder,
+             TargetFolder targetFolder, const FileProgressCallback& progress) {
+    const QFileInfo local(localFile);
+    const QString name = local.fileName();
+    requireNameForADB(name);
+    if (!local.isFile() || !local.isReadable())
+        throw TessaryError::fileIOError(QStringLiteral("Cannot read %1.").arg(localFile));
+    const qint64 total = local.size();
+    const QString remote = joinPath(remoteFolder, name);
+    QStringList asked{remote, remote + QLatin1Char('/')};
+    if (targetFolder == TargetFolder::isChecked)
+        asked += {remoteFolder, remoteFolder + QLatin1Char('/')};
+    const auto present = shell.stat(asked);
+    if (targetFolder == TargetFolder::isChecked)
+        ADBShell::requireFolder(remoteFolder, present[2], present[3]);
+    // adb would put the file into a folder of its name.
+    if (present[1])
+        throw TessaryError::fileIOError(
+            QStringLiteral("A folder \"%1\" is already on the phone.").arg(name));
+    if (present[0])
+        replaceFile(shell, local, remoteFolder, progress);
+    else
+        sendBytes(shell, local, remote, progress);
     if (progress)
         progress(total, total);
 }
@@ -160,9 +239,9 @@ public:
         makeFolders(tree);
         for (const Batch& batch : batchesOf(tree.entries, remoteFolder_)) {
             throwIfStopped(shell_.stopToken());
-            if (batch.files.size() == 1 || !pushTogether(batch))
-                for (const LocalEntry& file : batch.files)
-                    pushAlone(file, batch.remoteFolder);
+            const std::vector<LocalEntry> rest = pushTogether(batch);
+            for (const LocalEntry& file : rest)
+                pushAlone(file, batch.remoteFolder);
         }
         return std::move(outcome_);
     }
@@ -191,32 +270,69 @@ private:
             else
                 folders.append(path);
         }
+        isNew_ = !shell_.stat(remoteFolder_);
+        QStringList commands;
+        QStringList asked;
         for (const QString& folder : folders) {
-            const ProcessResult made =
-                shell_.run(QStringLiteral("mkdir -p ") + phoneShellQuoted(folder));
-            if (!shell_.stat(folder + QLatin1Char('/')))
+            commands.append(QStringLiteral("mkdir -p ") + phoneShellQuoted(folder));
+            asked.append(folder + QLatin1Char('/'));
+        }
+        const std::vector<ProcessResult> made = shell_.runEach(commands);
+        const auto there = shell_.stat(asked);
+        for (std::size_t n = 0; n < there.size(); ++n)
+            if (!there[n])
                 throw TessaryError::fileIOError(
                     QStringLiteral("The folder %1 cannot be made on the phone. %2")
-                        .arg(folder, adbFailure(made)));
-        }
+                        .arg(folders[static_cast<qsizetype>(n)], adbFailure(made.back())));
     }
 
-    /// False when the files have to be tried one by one.
-    bool pushTogether(const Batch& batch) {
-        QStringList words{QStringLiteral("push")};
-        QStringList remotes;
-        for (const LocalEntry& file : batch.files) {
-            words.append(localPath(file));
-            remotes.append(joinPath(batch.remoteFolder, lastComponent(file.relativePath)));
+    /// The files of a batch that have to travel alone: those that are on the phone already, and
+    /// those whose names a phone may not tell from another's.
+    std::vector<LocalEntry> takeSingleFiles(Batch& batch) {
+        std::vector<std::optional<ADBFileFacts>> present(batch.files.size());
+        if (!isNew_)
+            present = shell_.stat(remotePaths(batch));
+        QSet<QString> names;
+        std::vector<LocalEntry> together;
+        std::vector<LocalEntry> alone;
+        for (std::size_t n = 0; n < batch.files.size(); ++n) {
+            const LocalEntry& file = batch.files[n];
+            const QString name = nameForPhones(lastComponent(file.relativePath));
+            const bool isSingle = present[n] || names.contains(name);
+            names.insert(name);
+            (isSingle ? alone : together).push_back(file);
         }
+        batch.files = std::move(together);
+        return alone;
+    }
+
+    static QStringList remotePaths(const Batch& batch) {
+        QStringList paths;
+        for (const LocalEntry& file : batch.files)
+            paths.append(joinPath(batch.remoteFolder, lastComponent(file.relativePath)));
+        return paths;
+    }
+
+    /// Sends what may travel in one command; returns what has to be sent one by one.
+    std::vector<LocalEntry> pushTogether(Batch batch) {
+        if (batch.files.size() < 2)
+            return batch.files;
+        std::vector<LocalEntry> alone = takeSingleFiles(batch);
+        if (batch.files.empty())
+            return alone;
+        QStringList words{QStringLiteral("push")};
+        for (const LocalEntry& file : batch.files)
+            words.append(localPath(file));
         words.append(batch.remoteFolder + QLatin1Char('/'));
         const ProcessResult result = shell_.tool().run(
             shell_.tool().request(shell_.device(), words, adbStallLimit, shell_.stopToken()));
         if (isAdbConnectionFailure(result))
             failPush(lastComponent(localFolder_), adbFailure(result));
-        if (!result.succeeded())
-            return false;
-        const auto arrived = shell_.stat(remotes);
+        if (!result.succeeded()) {
+            alone.insert(alone.begin(), batch.files.begin(), batch.files.end());
+            return alone;
+        }
+        const auto arrived = shell_.stat(remotePaths(batch));
         for (std::size_t n = 0; n < arrived.size(); ++n) {
             const LocalEntry& file = batch.files[n];
             if (!arrived[n] || arrived[n]->size != QFileInfo(localPath(file)).size()) {
@@ -227,7 +343,7 @@ private:
             state().completedBytes += file.size;
         }
         report();
-        return true;
+        return alone;
     }
 
     void pushAlone(const LocalEntry& file, const QString& remoteFolder) {
@@ -256,6 +372,7 @@ private:
     const QString remoteFolder_;
     const TransferProgressCallback& progress_;
     TransferOutcome outcome_;
+    bool isNew_ = false; ///< nothing was at the target's place before
 };
 
 } // namespace
@@ -280,7 +397,7 @@ void pushFile(const ADBShell& shell, const QString& localFile, const QString& re
 TransferOutcome pushFolder(const ADBShell& shell, const QString& localFolder,
                            const QString& remoteFolder, const TransferProgressCallback& progress) {
     const QString name = lastComponent(localFolder);
-    requireUsableName(name);
+    requireNameForADB(name);
     shell.requireFolder(remoteFolder);
     return FolderPush(shell, localFolder, joinPath(remoteFolder, name), progress).run();
 }

@@ -1,6 +1,7 @@
 #include "files/ADBShell.h"
 
 #include "core/TessaryError.h"
+#include "files/PhoneNames.h"
 
 #include <QTimeZone>
 
@@ -32,13 +33,6 @@ std::optional<ADBFileFacts> factsOf(const QByteArray& line) {
 
 } // namespace
 
-void throwNotOnPhone(const QString& path) {
-    throw TessaryError::fileIOError(
-        QStringLiteral("There is no %1 on the phone. It may have been deleted or renamed: refresh "
-                       "the folder.")
-            .arg(path));
-}
-
 ProcessResult ADBShell::run(const QString& line,
                             std::optional<std::chrono::milliseconds> limit) const {
     ProcessResult result =
@@ -48,32 +42,34 @@ ProcessResult ADBShell::run(const QString& line,
     return result;
 }
 
-std::vector<std::optional<ADBFileFacts>> ADBShell::stat(const QStringList& paths) const {
+std::vector<ProcessResult> ADBShell::runEach(const QStringList& commands) const {
     constexpr qsizetype longestLine = 3000; // older phones take no more than 4096 bytes
-    std::vector<std::optional<ADBFileFacts>> all;
-    for (qsizetype next = 0; next < paths.size();) {
-        QString line;
-        qsizetype asked = 0;
-        while (next < paths.size() && (asked == 0 || line.size() < longestLine)) {
-            line += QStringLiteral("stat -c '%f %s %Y %d %i' ") + phoneShellQuoted(paths[next++]) +
-                    QStringLiteral("; echo ") + endOfPath + QStringLiteral("; ");
-            ++asked;
-        }
-        line.chop(2);
-        const ProcessResult result = run(line);
-        std::optional<ADBFileFacts> current;
-        for (const QByteArray& text : result.standardOutput.split('\n')) {
-            if (text.trimmed() == QByteArrayView(endOfPath)) {
-                all.push_back(std::exchange(current, std::nullopt));
-                --asked;
-            } else if (auto facts = factsOf(text)) {
-                current = std::move(facts);
-            }
-        }
-        if (asked != 0)
-            throw TessaryError::fileIOError(
-                QStringLiteral("The connection to the phone broke off."));
+    std::vector<ProcessResult> results;
+    for (qsizetype next = 0; next < commands.size();) {
+        QString line = commands[next++];
+        while (next < commands.size() && line.size() < longestLine)
+            line += QStringLiteral("; ") + commands[next++];
+        results.push_back(run(line));
     }
+    return results;
+}
+
+std::vector<std::optional<ADBFileFacts>> ADBShell::stat(const QStringList& paths) const {
+    QStringList commands;
+    for (const QString& path : paths)
+        commands.append(QStringLiteral("stat -c '%f %s %Y %d %i' ") + phoneShellQuoted(path) +
+                        QStringLiteral("; echo ") + endOfPath);
+    std::vector<std::optional<ADBFileFacts>> all;
+    std::optional<ADBFileFacts> current;
+    for (const ProcessResult& result : runEach(commands))
+        for (const QByteArray& text : result.standardOutput.split('\n')) {
+            if (text.trimmed() == QByteArrayView(endOfPath))
+                all.push_back(std::exchange(current, std::nullopt));
+            else if (auto facts = factsOf(text))
+                current = std::move(facts);
+        }
+    if (all.size() != static_cast<std::size_t>(paths.size()))
+        throw TessaryError::fileIOError(QStringLiteral("The connection to the phone broke off."));
     return all;
 }
 

@@ -20,6 +20,9 @@ struct ADBFileFacts {
     [[nodiscard]] bool isFolder() const {
         return (mode & 0xF000) == 0x4000;
     }
+    [[nodiscard]] bool isLink() const {
+        return (mode & 0xF000) == 0xA000;
+    }
 };
 
 /// Commands on one phone's shell. Used within one operation, on one thread. Failures are
@@ -35,6 +38,10 @@ public:
     /// Runs one command line. Throws when adb or the phone fails, but for a command's own failure.
     ProcessResult run(const QString& line,
                       std::optional<std::chrono::milliseconds> limit = ADBTool::shortLimit) const;
+
+    /// Runs commands in as few lines as they fit into; one result for each line. None of them may
+    /// depend on another.
+    std::vector<ProcessResult> runEach(const QStringList& commands) const;
 
     /// The facts of each path, no value for one that is not there. A path that ends in "/" is
     /// looked at through a link.
@@ -61,8 +68,5 @@ private:
     const DeviceInfo& device_;
     const std::stop_token stop_;
 };
-
-/// The error for a path at which nothing is.
-[[noreturn]] void throwNotOnPhone(const QString& path);
 
 } // namespace tessary

@@ -6,6 +6,7 @@
 #include "files/DevicePath.h"
 #include "files/MTPDownload.h"
 #include "files/MTPUpload.h"
+#include "files/PhoneNames.h"
 
 #include <algorithm>
 #include <limits>
@@ -14,13 +15,6 @@
 namespace tessary {
 
 namespace {
-
-TessaryError notFound(const QString& path) {
-    return TessaryError::fileIOError(
-        QStringLiteral("There is no %1 on the phone. It may have been deleted or renamed: refresh "
-                       "the folder.")
-            .arg(path));
-}
 
 /// The location of a path, or an error that says what is missing.
 MTPLocation requireLocation(MTPSession& session, const QString& path, const QString& noStorage) {
@@ -49,7 +43,7 @@ Found find(MTPSession& session, const QString& path, const std::stop_token& stop
         if (candidate == path.trimmed())
             break;
     }
-    throw notFound(path);
+    throwNotOnPhone(path);
 }
 
 Found findFolder(MTPSession& session, const QString& path, const std::stop_token& stop,
@@ -69,7 +63,7 @@ Found findItem(MTPSession& session, const FileItem& item, const std::stop_token&
         Found found = find(session, item.path, stop);
         const auto& info = found.object.info; // none: a storage, which has no name of its own
         if (info && (info->filename != item.name || info->isDirectory() != item.isDirectory))
-            throw notFound(item.path);
+            throwNotOnPhone(item.path);
         return found;
     }
     const Found folder =
@@ -78,7 +72,7 @@ Found findItem(MTPSession& session, const FileItem& item, const std::stop_token&
     auto object =
         session.resolveChild(folder.location, folder.object.handle, item.name, item.handle, stop);
     if (!object || object->isDirectory() != item.isDirectory)
-        throw notFound(item.path);
+        throwNotOnPhone(item.path);
     return {location, *std::move(object)};
 }
 
@@ -110,13 +104,6 @@ std::uint64_t clampToSigned(std::uint64_t bytes) {
 StorageVolume volumeOf(const MTPStorageInfo& info) {
     return {QString::number(info.id), info.storageDescription, clampToSigned(info.maxCapacity),
             clampToSigned(info.freeSpaceInBytes), info.isRemovable()};
-}
-
-void requireUsableName(const QString& name) {
-    constexpr qsizetype longestName = 254;
-    if (!isSafeName(name) || name.size() > longestName)
-        throw TessaryError::fileIOError(
-            QStringLiteral("\"%1\" cannot be a name on the phone.").arg(name));
 }
 
 /// Deletes an object. A folder that the device won't delete whole is emptied first, deepest first;
@@ -373,7 +360,7 @@ TransferOutcome MTPFileBackend::uploadDirectory(const QString& localFolder,
 
 void MTPFileBackend::createFolder(const QString& name, const QString& parentPath,
                                   const DeviceInfo& device, const std::stop_token& stop) {
-    requireUsableName(name);
+    requireNameForMTP(name);
     withSession(device, stop, [&](MTPSession& session, DeviceLane::Turn&) {
         const Found parent = findFolder(session, parentPath, stop);
         const std::uint32_t storageID = parent.location.storageID;
@@ -397,7 +384,7 @@ void MTPFileBackend::deleteFile(const FileItem& item, const DeviceInfo& device,
 
 void MTPFileBackend::renameItem(const FileItem& item, const QString& newName,
                                 const DeviceInfo& device, const std::stop_token& stop) {
-    requireUsableName(newName);
+    requireNameForMTP(newName);
     withSession(device, stop, [&](MTPSession& session, DeviceLane::Turn&) {
         const Found found = findItem(session, item, stop);
         if (!found.object.info)

@@ -2,14 +2,13 @@
 
 #include "core/CancellationError.h"
 #include "core/LocalTree.h"
-#include "core/PartFile.h"
 #include "core/TessaryError.h"
 #include "files/DevicePath.h"
+#include "files/PhoneNames.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QUuid>
 
 #include <algorithm>
 
@@ -17,21 +16,8 @@ namespace tessary {
 
 namespace {
 
-/// MTP strings hold no more UTF-16 units.
-constexpr qsizetype longestName = 254;
-
-QString temporaryName() {
-    return PartFile::namePrefix + QUuid::createUuid().toString(QUuid::Id128).left(12);
-}
-
 bool isStorageFull(const MTPTransportError& error) {
     return error.response() == static_cast<std::uint16_t>(MTPResponseCode::storeFull);
-}
-
-void requireUsableName(const QString& name) {
-    if (!isSafeName(name) || name.size() > longestName)
-        throw TessaryError::fileIOError(
-            QStringLiteral("\"%1\" cannot be a name on the phone.").arg(name));
 }
 
 /// A local file that is read once, from the front.
@@ -119,7 +105,7 @@ void MTPUpload::file(const QString& localFile, const MTPLocation& folder,
 /// Sends a file under its name, as a new one or in place of an old one.
 void MTPUpload::send(const QString& localFile, const QString& name, Folder& folder,
                      const FileProgressCallback& progress) {
-    requireUsableName(name);
+    requireNameForMTP(name);
     const auto old = folder.contents.constFind(name);
     if (old == folder.contents.constEnd()) {
         session_.remember(folder.location.child(name), transfer(localFile, name, folder, progress));
@@ -135,7 +121,7 @@ void MTPUpload::replace(const QString& localFile, const MTPObjectInfo& old, Fold
                         const FileProgressCallback& progress) {
     MTPClient& client = session_.client();
     const QString name = old.filename;
-    const QString sentAs = temporaryName();
+    const QString sentAs = newPartName();
     const auto sent = findNew(folder, sentAs, transfer(localFile, sentAs, folder, progress));
     if (!sent)
         throw TessaryError::fileIOError(
@@ -143,7 +129,7 @@ void MTPUpload::replace(const QString& localFile, const MTPObjectInfo& old, Fold
                 .arg(name));
 
     // Whether the phone can rename at all shows before the old version is touched.
-    const QString parkedAs = temporaryName();
+    const QString parkedAs = newPartName();
     try {
         client.renameObject(sent->id, parkedAs);
     } catch (const MTPTransportError& error) {
@@ -240,7 +226,7 @@ void MTPUpload::removeLeftover(const Folder& folder, const QString& name) noexce
 }
 
 MTPUpload::Folder MTPUpload::makeFolder(const Folder& parent, const QString& name) {
-    requireUsableName(name);
+    requireNameForMTP(name);
     const MTPLocation location = parent.location.child(name);
     const auto old = parent.contents.constFind(name);
     if (old != parent.contents.constEnd()) {

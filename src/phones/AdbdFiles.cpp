@@ -21,6 +21,22 @@ bool isCardLink(const std::string& path) {
     return path == cardLink;
 }
 
+/// A path with each name as the folder that holds it has it, whatever its case.
+fs::path spelledAsStored(const fs::path& root, const fs::path& relative) {
+    fs::path path = root;
+    for (const fs::path& name : relative) {
+        fs::path next = path / name;
+        std::error_code failure;
+        if (!fs::exists(fs::symlink_status(next, failure)))
+            for (const fs::directory_entry& entry : fs::directory_iterator(path, failure))
+                if (QString::fromStdString(entry.path().filename().string())
+                        .compare(QString::fromStdString(name.string()), Qt::CaseInsensitive) == 0)
+                    next = entry.path();
+        path = next;
+    }
+    return path;
+}
+
 } // namespace
 
 std::optional<fs::path> AdbdFiles::resolve(const std::string& path) const {
@@ -34,7 +50,9 @@ std::optional<fs::path> AdbdFiles::resolve(const std::string& path) const {
         if (std::find(relative.begin(), relative.end(), "..") != relative.end() ||
             relative.is_absolute())
             return std::nullopt;
-        return inside.empty() ? root_ : root_ / relative;
+        if (inside.empty())
+            return root_;
+        return ignoresCase_ ? spelledAsStored(root_, relative) : root_ / relative;
     }
     return std::nullopt;
 }
@@ -103,13 +121,26 @@ int AdbdFiles::removeAll(const std::string& path) const {
     return failure.value();
 }
 
+int AdbdFiles::removeFile(const std::string& path) const {
+    const auto local = resolve(path);
+    std::error_code failure;
+    if (!local || !fs::exists(fs::symlink_status(*local, failure)))
+        return 0;
+    if (fs::is_directory(fs::symlink_status(*local, failure)))
+        return EISDIR;
+    fs::remove(*local, failure);
+    return failure.value();
+}
+
 int AdbdFiles::move(const std::string& from, const std::string& to) const {
     const auto source = resolve(from);
     auto target = resolve(to);
     if (!source || !target)
         return ENOENT;
     std::error_code failure;
-    if (fs::is_directory(*target, failure))
+    if (*source == *target)
+        target->replace_filename(fs::path(to).filename()); // another spelling of its name
+    else if (fs::is_directory(*target, failure))
         *target /= source->filename();
     fs::rename(*source, *target, failure);
     return failure.value();

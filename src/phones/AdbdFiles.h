@@ -22,7 +22,8 @@ struct AdbdEntry {
 /// folder of this machine. Errors are errno values; paths are absolute, of the phone.
 class AdbdFiles {
 public:
-    explicit AdbdFiles(const QString& folder) : root_(folder.toStdString()) {}
+    explicit AdbdFiles(const AdbdConfig& config)
+        : root_(config.folder.toStdString()), ignoresCase_(config.ignoresCase) {}
 
     /// Where a path lies on this machine; no value for what is outside the phone's storage.
     [[nodiscard]] std::optional<std::filesystem::path> resolve(const std::string& path) const;
@@ -35,11 +36,14 @@ public:
 
     [[nodiscard]] int makeFolders(const std::string& path) const;
     [[nodiscard]] int removeAll(const std::string& path) const;
+    /// As `rm -f`: no folder.
+    [[nodiscard]] int removeFile(const std::string& path) const;
     /// As `mv`: into `to` when that is a folder, else in its place.
     [[nodiscard]] int move(const std::string& from, const std::string& to) const;
 
 private:
     const std::filesystem::path root_;
+    const bool ignoresCase_;
 };
 
 } // namespace tessary

@@ -28,6 +28,7 @@ struct AdbdConfig {
     AdbdListingForm listing = AdbdListingForm::minutes;
     bool hasShellV2 = true;                            ///< else no exit status reaches the host
     bool asksForKeys = false;                          ///< else any computer is let in
+    bool ignoresCase = false;                          ///< in names of files
     std::uint64_t capacity = std::uint64_t{128} << 30; ///< bytes
     std::uint64_t free = std::uint64_t{64} << 30;
 };

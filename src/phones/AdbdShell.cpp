@@ -31,7 +31,7 @@ std::string reason(int code) {
 
 AdbdShellResult list(AdbdState& state, const Words& words) {
     const std::string& path = words[2];
-    const AdbdFiles files(state.config.folder);
+    const AdbdFiles files(state.config);
     const std::int64_t lie = state.faults.get().sizeLie;
     std::vector<AdbdEntry> entries;
     struct stat status = {};
@@ -63,7 +63,7 @@ AdbdShellResult stat(AdbdState& state, const Words& words) {
         return failed("stat: needs 1 argument");
     const std::string& path = words[next];
     struct stat status = {};
-    if (const int code = AdbdFiles(state.config.folder).status(path, follow, status))
+    if (const int code = AdbdFiles(state.config).status(path, follow, status))
         return failed("stat: '" + path + "': " + reason(code));
     std::string text;
     for (std::size_t i = 0; i < format.size(); ++i) {
@@ -98,21 +98,48 @@ AdbdShellResult stat(AdbdState& state, const Words& words) {
 
 AdbdShellResult makeFolders(AdbdState& state, const Words& words) {
     const int code =
-        state.faults.get().readOnly ? EROFS : AdbdFiles(state.config.folder).makeFolders(words[2]);
+        state.faults.get().readOnly ? EROFS : AdbdFiles(state.config).makeFolders(words[2]);
     return code == 0 ? AdbdShellResult() : failed("mkdir: '" + words[2] + "': " + reason(code));
 }
 
 AdbdShellResult removeAll(AdbdState& state, const Words& words) {
     const int code =
-        state.faults.get().readOnly ? EROFS : AdbdFiles(state.config.folder).removeAll(words[2]);
+        state.faults.get().readOnly ? EROFS : AdbdFiles(state.config).removeAll(words[2]);
     return code == 0 ? AdbdShellResult() : failed("rm: " + words[2] + ": " + reason(code));
 }
 
+AdbdShellResult removeFile(AdbdState& state, const Words& words) {
+    const int code =
+        state.faults.get().readOnly ? EROFS : AdbdFiles(state.config).removeFile(words[2]);
+    return code == 0 ? AdbdShellResult() : failed("rm: " + words[2] + ": " + reason(code));
+}
+
+/// `mv [-f] FROM TO`
 AdbdShellResult move(AdbdState& state, const Words& words) {
-    const int code = state.faults.get().readOnly
-                         ? EROFS
-                         : AdbdFiles(state.config.folder).move(words[1], words[2]);
-    return code == 0 ? AdbdShellResult() : failed("mv: bad '" + words[1] + "': " + reason(code));
+    const std::string& from = words[words.size() - 2];
+    const int code =
+        state.faults.get().readOnly ? EROFS : AdbdFiles(state.config).move(from, words.back());
+    return code == 0 ? AdbdShellResult() : failed("mv: bad '" + from + "': " + reason(code));
+}
+
+/// `find FOLDER -type f -exec stat -c FORMAT {} +`
+AdbdShellResult findFiles(AdbdState& state, const Words& words) {
+    AdbdShellResult all;
+    std::vector<AdbdEntry> entries;
+    const AdbdFiles files(state.config);
+    if (const int code = files.list(words[1], entries))
+        return failed("find: " + words[1] + ": " + reason(code));
+    for (const AdbdEntry& entry : entries) {
+        if (entry.name == "." || entry.name == "..")
+            continue;
+        Words below = words;
+        below[1] += (below[1].ends_with('/') ? "" : "/") + entry.name;
+        if (S_ISDIR(entry.status.st_mode))
+            all.output += findFiles(state, below).output;
+        else if (S_ISREG(entry.status.st_mode))
+            all.output += stat(state, {"stat", "-c", words[7], below[1]}).output;
+    }
+    return all;
 }
 
 AdbdShellResult head(AdbdState& state, const Words& words) {
@@ -122,7 +149,7 @@ AdbdShellResult head(AdbdState& state, const Words& words) {
     if (std::from_chars(digits.data(), digits.data() + digits.size(), count).ec != std::errc() ||
         count > most)
         return failed("head: bad number");
-    const auto local = AdbdFiles(state.config.folder).resolve(words[3]);
+    const auto local = AdbdFiles(state.config).resolve(words[3]);
     const FileHandle file(local ? ::open(local->c_str(), O_RDONLY | O_CLOEXEC) : -1);
     if (!file.isOpen())
         return failed("head: " + words[3] + ": " + reason(ENOENT));
@@ -173,7 +200,10 @@ constexpr std::array knownCommands{
     Known{{"stat", "", ""}, 0, &stat},
     Known{{"mkdir", "-p", ""}, 3, &makeFolders},
     Known{{"rm", "-rf", ""}, 3, &removeAll},
+    Known{{"rm", "-f", ""}, 3, &removeFile},
+    Known{{"mv", "-f", ""}, 4, &move},
     Known{{"mv", "", ""}, 3, &move},
+    Known{{"find", "", "-type"}, 10, &findFiles},
     Known{{"head", "-c", ""}, 4, &head},
     Known{{"df", "-k", "/sdcard"}, 3, &diskFree},
     Known{{"dumpsys", "battery", ""}, 2, &battery},

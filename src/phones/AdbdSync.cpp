@@ -42,9 +42,7 @@ std::uint32_t low32(T value) {
 } // namespace
 
 AdbdSync::AdbdSync(AdbdState& state)
-    : state_(state),
-      files_(state.config.folder),
-      hangs_(state.faults.get().hang.contains("sync")) {}
+    : state_(state), files_(state.config), hangs_(state.faults.get().hang.contains("sync")) {}
 
 AdbdSync::~AdbdSync() {
     pushed_.close();

@@ -19,7 +19,7 @@ using testing::HasSubstr;
 
 class ADBFileBackendTest : public AdbFixture {
 protected:
-    using AdbFixture::AdbFixture;
+    explicit ADBFileBackendTest(AdbdConfig config = {}) : AdbFixture(std::move(config)) {}
 
     [[nodiscard]] DeviceInfo device() const {
         DeviceInfo info;
@@ -269,6 +269,81 @@ TEST_F(ADBFileBackendTest, phoneThatRefusesLiesOrGoesIsAnErrorAndNoSuccess) {
     EXPECT_THAT(failureOf([&] { service_.downloadFile(there, disk_.path(u"d"_s), device()); }),
                 HasSubstr("ADB pull failed for big"));
     EXPECT_FALSE(disk_.has(u"d"_s));
+}
+
+TEST_F(ADBFileBackendTest, brokenReplacementKeepsTheOldVersion) {
+    write(u"local/f.bin"_s, "old");
+    disk_.write(u"local/f.bin"_s, manyBytes(3'000'000));
+    disk_.write(u"local/new"_s, "n");
+    const auto expectOldAlone = [&] {
+        ASSERT_TRUE(reaches(u"device"_s));
+        EXPECT_EQ(content(u"local/f.bin"_s), "old");
+        EXPECT_FALSE(disk_.names(u"phone/local"_s).join(u' ').contains(u"part"_s));
+    };
+    adbd_->faults().update([](AdbdFaults& faults) { faults.dropAfter = 1'000'000; });
+    EXPECT_THAT(failureOf([&] {
+                    service_.uploadFile(disk_.path(u"local/f.bin"_s), u"/local"_s, device());
+                }),
+                HasSubstr("ADB push failed for f.bin"));
+    expectOldAlone();
+    adbd_->faults().update([](AdbdFaults& faults) { faults.dropAfter = 1'000'000; });
+    EXPECT_NE(failureOf([&] {
+                  (void)service_.uploadDirectory(disk_.path(u"local"_s), u"/"_s, device());
+              }),
+              "");
+    expectOldAlone();
+    EXPECT_TRUE(service_.uploadDirectory(disk_.path(u"local"_s), u"/"_s, device()).skipped.empty());
+    EXPECT_EQ(content(u"local/f.bin"_s), manyBytes(3'000'000));
+    EXPECT_EQ(disk_.names(u"phone/local"_s), (QStringList{u"f.bin"_s, u"new"_s}));
+}
+
+TEST_F(ADBFileBackendTest, whatTookTheNameOfADeletedItemStays) {
+    write(u"x"_s, "1");
+    const FileItem seen = item(u"/x"_s);
+    QFile::remove(disk_.path(u"phone/x"_s));
+    EXPECT_THAT(failureOf([&] { service_.deleteFile(seen, device()); }), HasSubstr("There is no"));
+    write(u"x/y"_s, "2");
+    EXPECT_THAT(failureOf([&] { service_.deleteFile(seen, device()); }), HasSubstr("There is no"));
+    EXPECT_EQ(content(u"x/y"_s), "2");
+    service_.deleteFile(item(u"/x"_s), device());
+    EXPECT_TRUE(disk_.names(u"phone"_s).isEmpty());
+}
+
+TEST_F(ADBFileBackendTest, nameInTheWayCostsAFolderPullThatPartOnly) {
+    write(u"f/sub/deep/a"_s, "1");
+    write(u"f/b"_s, "2");
+    disk_.write(u"to/sub"_s, "a file here");
+    const auto outcome =
+        service_.downloadDirectoryContents(item(u"/f"_s), disk_.path(u"to"_s), device());
+    ASSERT_EQ(outcome.skipped.size(), 1u);
+    EXPECT_EQ(outcome.skipped[0].path, u"/sdcard/f/sub"_s);
+    EXPECT_EQ(outcome.progress.completedFiles, 1);
+    EXPECT_EQ(disk_.read(u"to/b"_s), "2");
+    EXPECT_EQ(disk_.read(u"to/sub"_s), "a file here");
+}
+
+class CaselessPhoneTest : public ADBFileBackendTest {
+protected:
+    CaselessPhoneTest()
+        : ADBFileBackendTest([] {
+              AdbdConfig config;
+              config.ignoresCase = true;
+              return config;
+          }()) {}
+};
+
+TEST_F(CaselessPhoneTest, otherSpellingOfANameIsNotOverwritten) {
+    write(u"img.jpg"_s, "old");
+    const QString local = disk_.write(u"up/IMG.JPG"_s, "new");
+    EXPECT_THAT(failureOf([&] { service_.uploadFile(local, u"/"_s, device()); }),
+                HasSubstr("takes \"IMG.JPG\" for the same name"));
+    EXPECT_EQ(content(u"img.jpg"_s), "old");
+    disk_.write(u"up/img.jpg"_s, "third");
+    const auto outcome = service_.uploadDirectory(disk_.path(u"up"_s), u"/"_s, device());
+    EXPECT_EQ(outcome.skipped.size(), 1u);
+    EXPECT_EQ(content(u"up/IMG.JPG"_s), "new");
+    service_.renameItem(item(u"/img.jpg"_s), u"Img.jpg"_s, device());
+    EXPECT_EQ(content(u"Img.jpg"_s), "old");
 }
 
 TEST_F(ADBFileBackendTest, listingThatEndsEarlyFailsTheCheckedOneOnly) {

@@ -440,6 +440,10 @@ constexpr std::array rows{
     TranslationRow{"There is no \"%1\" on the phone.", "Não há “%1” no telefone."},
     TranslationRow{"Check the spelling, or choose the folder below.", "Confira a grafia ou escolha a pasta abaixo."},
     TranslationRow{"Another folder is shown by now. Nothing was done.", "Outra pasta está sendo mostrada agora. Nada foi feito."},
+    TranslationRow{"\"%1\" is on the phone, which takes \"%2\" for the same name. Rename one of the two first.", "“%1” está no telefone, que considera “%2” o mesmo nome. Renomeie um dos dois primeiro."},
+    TranslationRow{"the phone did not put it in the place of the old file. %1", "o telefone não o colocou no lugar do arquivo antigo. %1"},
+    TranslationRow{"the phone did not put it in the place of the old file.", "o telefone não o colocou no lugar do arquivo antigo."},
+    TranslationRow{"\"%1\" has changed on the phone meanwhile. It was kept.", "“%1” mudou no telefone nesse meio tempo. Ele foi mantido."},
 };
 // clang-format on
 

@@ -440,6 +440,10 @@ constexpr std::array rows{
     TranslationRow{"There is no \"%1\" on the phone.", "There is no \"%1\" on the phone."},
     TranslationRow{"Check the spelling, or choose the folder below.", "Check the spelling, or choose the folder below."},
     TranslationRow{"Another folder is shown by now. Nothing was done.", "Another folder is shown by now. Nothing was done."},
+    TranslationRow{"\"%1\" is on the phone, which takes \"%2\" for the same name. Rename one of the two first.", "\"%1\" is on the phone, which takes \"%2\" for the same name. Rename one of the two first."},
+    TranslationRow{"the phone did not put it in the place of the old file. %1", "the phone did not put it in the place of the old file. %1"},
+    TranslationRow{"the phone did not put it in the place of the old file.", "the phone did not put it in the place of the old file."},
+    TranslationRow{"\"%1\" has changed on the phone meanwhile. It was kept.", "\"%1\" has changed on the phone meanwhile. It was kept."},
 };
 // clang-format on
 

@@ -440,6 +440,10 @@ constexpr std::array rows{
     TranslationRow{"There is no \"%1\" on the phone.", "« %1 » n’existe pas sur le téléphone."},
     TranslationRow{"Check the spelling, or choose the folder below.", "Vérifiez l’orthographe ou choisissez le dossier ci-dessous."},
     TranslationRow{"Another folder is shown by now. Nothing was done.", "Un autre dossier est affiché entre-temps. Rien n’a été fait."},
+    TranslationRow{"\"%1\" is on the phone, which takes \"%2\" for the same name. Rename one of the two first.", "« %1 » est sur le téléphone, qui prend « %2 » pour le même nom. Renommez d’abord l’un des deux."},
+    TranslationRow{"the phone did not put it in the place of the old file. %1", "le téléphone ne l’a pas mis à la place de l’ancien fichier. %1"},
+    TranslationRow{"the phone did not put it in the place of the old file.", "le téléphone ne l’a pas mis à la place de l’ancien fichier."},
+    TranslationRow{"\"%1\" has changed on the phone meanwhile. It was kept.", "« %1 » a changé entre-temps sur le téléphone. Il a été conservé."},
 };
 // clang-format on
 

@@ -440,6 +440,10 @@ constexpr std::array rows{
     TranslationRow{"There is no \"%1\" on the phone.", "„%1“ gibt es auf dem Telefon nicht."},
     TranslationRow{"Check the spelling, or choose the folder below.", "Prüfen Sie die Schreibweise oder wählen Sie den Ordner unten aus."},
     TranslationRow{"Another folder is shown by now. Nothing was done.", "Inzwischen wird ein anderer Ordner angezeigt. Es wurde nichts getan."},
+    TranslationRow{"\"%1\" is on the phone, which takes \"%2\" for the same name. Rename one of the two first.", "„%1“ ist auf dem Telefon, das „%2“ für denselben Namen hält. Benennen Sie zuerst eine der beiden Dateien um."},
+    TranslationRow{"the phone did not put it in the place of the old file. %1", "das Telefon hat sie nicht an die Stelle der alten Datei gesetzt. %1"},
+    TranslationRow{"the phone did not put it in the place of the old file.", "das Telefon hat sie nicht an die Stelle der alten Datei gesetzt."},
+    TranslationRow{"\"%1\" has changed on the phone meanwhile. It was kept.", "„%1“ wurde auf dem Telefon inzwischen geändert und blieb erhalten."},
 };
 // clang-format on
 

@@ -440,6 +440,10 @@ constexpr std::array rows{
     TranslationRow{"There is no \"%1\" on the phone.", "«%1» non è sul telefono."},
     TranslationRow{"Check the spelling, or choose the folder below.", "Controlla l’ortografia o scegli la cartella qui sotto."},
     TranslationRow{"Another folder is shown by now. Nothing was done.", "Nel frattempo viene mostrata un’altra cartella. Non è stato fatto nulla."},
+    TranslationRow{"\"%1\" is on the phone, which takes \"%2\" for the same name. Rename one of the two first.", "“%1” è sul telefono, che considera “%2” lo stesso nome. Rinomina prima uno dei due."},
+    TranslationRow{"the phone did not put it in the place of the old file. %1", "il telefono non lo ha messo al posto del vecchio file. %1"},
+    TranslationRow{"the phone did not put it in the place of the old file.", "il telefono non lo ha messo al posto del vecchio file."},
+    TranslationRow{"\"%1\" has changed on the phone meanwhile. It was kept.", "“%1” nel frattempo è cambiato sul telefono. È stato conservato."},
 };
 // clang-format on
 

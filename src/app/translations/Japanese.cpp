@@ -440,6 +440,10 @@ constexpr std::array rows{
     TranslationRow{"There is no \"%1\" on the phone.", "デバイスに「%1」はありません。"},
     TranslationRow{"Check the spelling, or choose the folder below.", "入力を確認するか、下からフォルダを選択してください。"},
     TranslationRow{"Another folder is shown by now. Nothing was done.", "別のフォルダが表示されているため、何も行いませんでした。"},
+    TranslationRow{"\"%1\" is on the phone, which takes \"%2\" for the same name. Rename one of the two first.", "“%1”が電話にあり、電話は“%2”を同じ名前とみなします。先にどちらかの名前を変更してください。"},
+    TranslationRow{"the phone did not put it in the place of the old file. %1", "電話が古いファイルと置き換えませんでした。%1"},
+    TranslationRow{"the phone did not put it in the place of the old file.", "電話が古いファイルと置き換えませんでした。"},
+    TranslationRow{"\"%1\" has changed on the phone meanwhile. It was kept.", "“%1”はその間に電話で変更されました。そのまま残しました。"},
 };
 // clang-format on
 

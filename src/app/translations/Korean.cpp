@@ -440,6 +440,10 @@ constexpr std::array rows{
     TranslationRow{"There is no \"%1\" on the phone.", "휴대폰에 ‘%1’이(가) 없습니다."},
     TranslationRow{"Check the spelling, or choose the folder below.", "철자를 확인하거나 아래에서 폴더를 선택하세요."},
     TranslationRow{"Another folder is shown by now. Nothing was done.", "이제 다른 폴더가 표시되고 있습니다. 아무 작업도 하지 않았습니다."},
+    TranslationRow{"\"%1\" is on the phone, which takes \"%2\" for the same name. Rename one of the two first.", "“%1”이(가) 휴대폰에 있으며, 휴대폰은 “%2”을(를) 같은 이름으로 취급합니다. 먼저 둘 중 하나의 이름을 바꾸세요."},
+    TranslationRow{"the phone did not put it in the place of the old file. %1", "휴대폰이 이전 파일을 대체하지 않았습니다. %1"},
+    TranslationRow{"the phone did not put it in the place of the old file.", "휴대폰이 이전 파일을 대체하지 않았습니다."},
+    TranslationRow{"\"%1\" has changed on the phone meanwhile. It was kept.", "“%1”이(가) 그 사이에 휴대폰에서 변경되어 그대로 두었습니다."},
 };
 // clang-format on
 

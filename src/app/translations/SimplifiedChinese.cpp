@@ -440,6 +440,10 @@ constexpr std::array rows{
     TranslationRow{"There is no \"%1\" on the phone.", "手机上没有“%1”。"},
     TranslationRow{"Check the spelling, or choose the folder below.", "请检查拼写，或在下方选择文件夹。"},
     TranslationRow{"Another folder is shown by now. Nothing was done.", "现在显示的是另一个文件夹。未执行任何操作。"},
+    TranslationRow{"\"%1\" is on the phone, which takes \"%2\" for the same name. Rename one of the two first.", "手机上已有“%1”，手机将“%2”视为同一名称。请先重命名其中一个。"},
+    TranslationRow{"the phone did not put it in the place of the old file. %1", "手机没有用它替换旧文件。%1"},
+    TranslationRow{"the phone did not put it in the place of the old file.", "手机没有用它替换旧文件。"},
+    TranslationRow{"\"%1\" has changed on the phone meanwhile. It was kept.", "“%1”在此期间在手机上已更改，已予以保留。"},
 };
 // clang-format on
 

@@ -440,6 +440,10 @@ constexpr std::array rows{
     TranslationRow{"There is no \"%1\" on the phone.", "«%1» no está en el teléfono."},
     TranslationRow{"Check the spelling, or choose the folder below.", "Comprueba la ortografía o elige la carpeta más abajo."},
     TranslationRow{"Another folder is shown by now. Nothing was done.", "Ahora se muestra otra carpeta. No se ha hecho nada."},
+    TranslationRow{"\"%1\" is on the phone, which takes \"%2\" for the same name. Rename one of the two first.", "«%1» está en el teléfono, que toma «%2» por el mismo nombre. Cambie antes el nombre de uno de los dos."},
+    TranslationRow{"the phone did not put it in the place of the old file. %1", "el teléfono no lo puso en el lugar del archivo antiguo. %1"},
+    TranslationRow{"the phone did not put it in the place of the old file.", "el teléfono no lo puso en el lugar del archivo antiguo."},
+    TranslationRow{"\"%1\" has changed on the phone meanwhile. It was kept.", "«%1» ha cambiado entretanto en el teléfono. Se ha conservado."},
 };
 // clang-format on
 

@@ -440,6 +440,10 @@ constexpr std::array rows{
     TranslationRow{"There is no \"%1\" on the phone.", "手機上沒有「%1」。"},
     TranslationRow{"Check the spelling, or choose the folder below.", "請檢查拼字，或在下方選擇檔案夾。"},
     TranslationRow{"Another folder is shown by now. Nothing was done.", "現在顯示的是另一個資料夾。未執行任何操作。"},
+    TranslationRow{"\"%1\" is on the phone, which takes \"%2\" for the same name. Rename one of the two first.", "手機上已有「%1」，手機將「%2」視為同一名稱。請先重新命名其中一個。"},
+    TranslationRow{"the phone did not put it in the place of the old file. %1", "手機沒有用它取代舊檔案。%1"},
+    TranslationRow{"the phone did not put it in the place of the old file.", "手機沒有用它取代舊檔案。"},
+    TranslationRow{"\"%1\" has changed on the phone meanwhile. It was kept.", "「%1」在此期間在手機上已變更，已予以保留。"},
 };
 // clang-format on
 
