@@ -47,6 +47,7 @@ private:
     [[nodiscard]] MTPContainerHeader receiveAnyHeader(std::chrono::milliseconds patience);
     void awaitFirstByte(std::chrono::milliseconds patience);
     void skipStrayByte();
+    [[nodiscard]] Bytes receiveDataset(const MTPContainerHeader& header);
     void receiveData(const MTPContainerHeader& header, const MTPDataSink& sink,
                      const MTPStreamOptions& options);
     void receivePayload(std::uint64_t size, const MTPDataSink& sink,

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <limits>
 
 namespace tessary {
 
@@ -319,7 +320,10 @@ std::optional<std::uint64_t> MTPClient::objectSizeLocked(std::uint32_t handle) {
     const MTPPacket response = receiveResponse();
     if (response.header.code != rawOk || first.payload.size() < sizeof(std::uint64_t))
         return std::nullopt;
-    return readLittleEndian<std::uint64_t>(first.payload, 0);
+    const auto size = readLittleEndian<std::uint64_t>(first.payload, 0);
+    // No object is that large: then its end is where the device says so.
+    constexpr auto most = static_cast<std::uint64_t>(std::numeric_limits<qint64>::max());
+    return size <= most ? std::optional(size) : std::nullopt;
 }
 
 /// Phase one of an upload, and the whole of making a folder.

@@ -19,9 +19,6 @@ constexpr UsbControlRequest deviceStatusRequest{0xA1, 0x67, 0, 0};
 constexpr std::size_t statusHeaderSize = 4;
 constexpr auto controlTimeout = 1000ms;
 constexpr auto statusPollInterval = 20ms;
-/// How long a device may be busy with a cancellation, and how long the rest of a broken-off data
-/// phase is read at the most.
-constexpr auto recoveryLimit = 10s;
 /// The pipe counts as empty when nothing has come for this long.
 constexpr auto quietTime = 300ms;
 constexpr std::size_t drainReadSize = 0x40000;
@@ -31,7 +28,7 @@ void awaitCancelled(const MTPInterfaceConnection& connection) {
     UsbInterface& interface = *connection.interface;
     UsbControlRequest request = deviceStatusRequest;
     request.index = interface.number();
-    const auto deadline = Clock::now() + recoveryLimit;
+    const auto deadline = Clock::now() + mtpRecoveryLimit;
     while (Clock::now() < deadline) {
         std::array<std::byte, 32> status{};
         std::size_t transferred = 0;
@@ -73,7 +70,7 @@ MTPPipeState drainMTPPipe(const MTPInterfaceConnection& connection) {
     Bytes buffer((drainReadSize + packetSize - 1) / packetSize * packetSize);
     MTPPipeState state = MTPPipeState::quiet;
     bool stalledBefore = false;
-    const auto deadline = Clock::now() + recoveryLimit;
+    const auto deadline = Clock::now() + mtpRecoveryLimit;
     while (Clock::now() < deadline) {
         std::size_t transferred = 0;
         const UsbCode code =

@@ -3,11 +3,16 @@
 #include "mtp/MTPInterfaceConnection.h"
 #include "mtp/MTPTransport.h"
 
+#include <chrono>
 #include <cstdint>
 
 namespace tessary {
 
 // Two steps that bring the pipes of a broken-off transaction to rest. Blocking, bounded.
+
+/// How long a device may be busy with a cancellation, and how long the rest of a broken-off data
+/// phase is read at the most.
+inline constexpr std::chrono::seconds mtpRecoveryLimit{10};
 
 /// Asks the device to drop a transaction and waits until it has. False when it does not know the
 /// request.

@@ -62,8 +62,9 @@ public:
     /// At most `maxBytes` bytes; fewer when the device sent fewer, none for a zero-length packet.
     [[nodiscard]] virtual Bytes receive(std::size_t maxBytes) = 0;
 
-    /// One whole container. A device that stays silent before the first byte is waited for as long
-    /// as `patience` (at least pipeTimeout).
+    /// One whole container, whose payload may have 64 MiB, else `bufferOverflow`. A device that
+    /// stays silent before the first byte is waited for as long as `patience` (at least
+    /// pipeTimeout).
     [[nodiscard]] virtual MTPPacket receivePacket(std::chrono::milliseconds patience) = 0;
     [[nodiscard]] MTPPacket receivePacket() {
         return receivePacket(pipeTimeout);

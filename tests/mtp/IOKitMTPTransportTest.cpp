@@ -121,7 +121,10 @@ TEST_F(IOKitMTPTransportTest, promisedBytesThatNeverComeCostNoMemory) {
     for (const std::uint32_t length : {13U, 513U, 0x7FFFFFFFU, 0xFFFFFFFFU}) {
         bus_.readBufferLimit = 0;
         bus_.send(containerOf(length, 2, 0x1009, 5, {}));
-        EXPECT_EQ(mtpFailureOf([&] { (void)transport_.receivePacket(); }), mtpReadTimedOut);
+        // What is kept whole has a limit of its own.
+        EXPECT_EQ(mtpFailureOf([&] { (void)transport_.receivePacket(); }),
+                  length > 1000U ? "MTP USB buffer overflow." : mtpReadTimedOut);
+        transport_.recover(5, MTPDataPhase::toHost);
         bus_.send(containerOf(length, 2, 0x1009, 5, {}));
         EXPECT_EQ(mtpFailureOf([&] { (void)transport_.receiveContainer([](ByteView) {}, {}); }),
                   mtpReadTimedOut);

@@ -226,6 +226,8 @@ TEST_F(MTPClientTest, trueSizeOfLargeObjectComesFromItsProperty) {
     EXPECT_EQ(info.effectiveSize(), 0x140000000U);
     EXPECT_THAT(sent(),
                 ElementsAre(commandOf(0x1008, 1, {0x99}), commandOf(0x9803, 2, {0x99, 0xDC04})));
+    answer({dataOf(0x9803, 3, hexBytes("FFFFFFFFFFFFFFFF")), responseOf(ok, 3)});
+    EXPECT_EQ(client_.getObjectSize(0x99), std::nullopt) << "no object is that large";
 }
 
 TEST_F(MTPClientTest, missingSizePropertyIsAskedForOnce) {
