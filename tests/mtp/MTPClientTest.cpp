@@ -1,31 +1,69 @@
 #include "mtp/MTPClient.h"
 
-#include "MTPClientFixture.h"
 #include "core/CancellationError.h"
 #include "mtp/IOKitMTPTransport.h"
+#include "mtp/MockMTPTransport.h"
+#include "support/MTPContainers.h"
+#include "support/MTPFailure.h"
 #include "support/ScriptedUsbBus.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <ranges>
 
 namespace tessary {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+constexpr std::uint16_t ok = 0x2001;
+constexpr std::uint32_t storage = 0x00010001;
+
+/// A client on a transport in memory.
+class MTPClientTest : public ::testing::Test {
+protected:
+    void answer(std::initializer_list<Bytes> containers) {
+        for (const Bytes& container : containers)
+            mock_->enqueueIncoming(ByteView(container));
+    }
+    std::vector<Bytes> sent() {
+        std::vector<Bytes> buffers;
+        while (auto buffer = mock_->popOutgoing())
+            buffers.push_back(*std::move(buffer));
+        return buffers;
+    }
+    /// The next call finds the client able to go on.
+    void expectUsable(std::uint32_t nextTransactionID) {
+        (void)sent();
+        answer({dataOf(0x1004, nextTransactionID, hexBytes("01000000 01000100")),
+                responseOf(ok, nextTransactionID)});
+        EXPECT_THAT(client_.getStorageIDs(), ::testing::ElementsAre(storage));
+        EXPECT_THAT(sent(), ::testing::ElementsAre(commandOf(0x1004, nextTransactionID, {})));
+    }
+
+    MockMTPTransport* mock_ = new MockMTPTransport;
+    MTPClient client_{std::unique_ptr<MTPTransportProtocol>(mock_)};
+};
 
 /// The dataset of a storage called "SD", and of a file called "a" with 5 bytes.
 const Bytes storageDataset = hexBytes("0400 0200 0000 0010000000000000 0004000000000000 FFFFFFFF"
                                       "03 'SD' 0000  00");
 
-Bytes objectDataset(std::uint32_t size, std::string_view name = "02 'a' 0000") {
+Bytes objectDataset(std::uint32_t size) {
     Bytes bytes = hexBytes("01000100 0030 0000");
     appendLittleEndian(bytes, size);
-    return bytes + Bytes(40) + hexBytes(name) + hexBytes("00 00 00");
+    return bytes + Bytes(40) + hexBytes("02 'a' 0000 00 00 00");
 }
 
-struct Transaction {
+struct Operation {
     const char* name;
     std::function<std::string(MTPClient&)> call; ///< gives the result as a text
+    std::vector<Bytes> commands;                 ///< the exact bytes that go out
     std::vector<Bytes> answers;
-    std::vector<Bytes> commands; ///< the exact bytes that go out
-    std::string outcome;         ///< the result, or the failure
+    std::string result;
+    std::string refused; ///< what comes of the response 0x2009 in place of the first answer
 };
 
 std::string text(const std::vector<std::uint32_t>& values) {
@@ -62,17 +100,6 @@ std::string object(MTPClient& client) {
 std::string upload(MTPClient& client) {
     return std::to_string(client.sendObject(hexBytes("414243"), QStringLiteral("b.t"), 7, storage));
 }
-std::string folder(MTPClient& client) {
-    return std::to_string(client.createFolder(QStringLiteral("New"), 7, storage));
-}
-std::string renaming(MTPClient& client) {
-    client.renameObject(0x99, QStringLiteral("new"));
-    return "done";
-}
-std::string moving(MTPClient& client) {
-    client.moveObject(0x99, storage, 7);
-    return "done";
-}
 std::string deletion(MTPClient& client) {
     client.deleteObject(0x99);
     return "done";
@@ -85,139 +112,161 @@ const Bytes uploadDataset = hexBytes("01000100 0030 0000 03000000 0000 00000000 
 const Bytes folderDataset = hexBytes("01000100 0130 0000 00000000 0000 00000000 00000000 00000000 "
                                      "00000000 00000000 00000000 07000000 0100 00000000 00000000 "
                                      "04 'New' 0000 00 00 00");
-const std::vector<Bytes> storagesOut{commandOf(0x1004, 1, {})};
-const std::vector<Bytes> storageInfoOut{commandOf(0x1005, 1, {storage})};
-const std::vector<Bytes> batteryOut{commandOf(0x1015, 1, {0x5001})};
-const std::vector<Bytes> handlesOut{commandOf(0x1007, 1, {storage, 0, 0xFFFFFFFF})};
-const std::vector<Bytes> objectInfoOut{commandOf(0x1008, 1, {0x99})};
-const std::vector<Bytes> objectOut{commandOf(0x1009, 1, {0x99})};
-const std::vector<Bytes> uploadInfoOut{commandOf(0x100C, 1, {storage, 7}),
-                                       dataOf(0x100C, 1, uploadDataset)};
-const std::vector<Bytes> uploadOut{uploadInfoOut[0], uploadInfoOut[1], commandOf(0x100D, 2, {}),
-                                   dataOf(0x100D, 2, abc)};
-const std::vector<Bytes> folderOut{commandOf(0x100C, 1, {storage, 7}),
-                                   dataOf(0x100C, 1, folderDataset)};
-const std::vector<Bytes> renameOut{commandOf(0x9804, 1, {0x99, 0xDC07}),
-                                   dataOf(0x9804, 1, hexBytes("04 'new' 0000"))};
-const std::vector<Bytes> moveOut{commandOf(0x1019, 1, {0x99, storage, 7})};
-const std::vector<Bytes> deleteOut{commandOf(0x100B, 1, {0x99, 0})};
-
 const Bytes done = responseOf(ok, 1);
 const Bytes twoValues = hexBytes("02000000 05000000 06000000");
 
-const std::vector<Transaction> transactions{
-    {"storages", storages, {dataOf(0x1004, 1, twoValues), done}, storagesOut, "5 6 "},
-    {"storagesBareOk", storages, {done}, storagesOut, ""},
-    {"storagesTruncatedArray",
+const std::vector<Operation> operations{
+    {"storages",
      storages,
-     {dataOf(0x1004, 1, hexBytes("02000000 05000000")), done},
-     storagesOut,
-     ""},
-    {"storagesRefused",
-     storages,
-     {responseOf(0x2003, 1)},
-     storagesOut,
-     mtpFailure("Expected data packet for GetStorageIDs (got type response, code 0x2003)")},
-    {"storagesSilent", storages, {}, storagesOut, mtpTimeout},
-
+     {commandOf(0x1004, 1, {})},
+     {dataOf(0x1004, 1, twoValues), done},
+     "5 6 ",
+     mtpFailure("Expected data packet for GetStorageIDs (got type response, code 0x2009)")},
     {"storageInfo",
      storageInfo,
+     {commandOf(0x1005, 1, {storage})},
      {dataOf(0x1005, 1, storageDataset), done},
-     storageInfoOut,
-     "SD 4096 1024 65537"},
-    {"storageInfoTooShort",
-     storageInfo,
-     {dataOf(0x1005, 1, Bytes(25)), done},
-     storageInfoOut,
+     "SD 4096 1024 65537",
      mtpFailure("Failed to parse StorageInfo")},
-
-    {"battery", battery, {dataOf(0x1015, 1, hexBytes("55")), done}, batteryOut, "85"},
-    {"batteryNotSupported", battery, {responseOf(0x2005, 1)}, batteryOut, "unknown"},
-    {"batteryEmptyData", battery, {dataOf(0x1015, 1, {}), done}, batteryOut, "unknown"},
-
-    {"handles", handles, {dataOf(0x1007, 1, twoValues), done}, handlesOut, "5 6 "},
-    {"handlesBareOk", handles, {done}, handlesOut, ""},
-    {"handlesTruncated",
+    {"battery",
+     battery,
+     {commandOf(0x1015, 1, {0x5001})},
+     {dataOf(0x1015, 1, hexBytes("55")), done},
+     "85",
+     "unknown"},
+    {"handles",
      handles,
-     {dataOf(0x1007, 1, hexBytes("03000000 05000000 06000000")), done},
-     handlesOut,
-     ""},
-    {"handlesRefused",
-     handles,
-     {responseOf(0x2009, 1)},
-     handlesOut,
+     {commandOf(0x1007, 1, {storage, 0, 0xFFFFFFFF})},
+     {dataOf(0x1007, 1, twoValues), done},
+     "5 6 ",
      mtpFailure("GetObjectHandles failed: 0x2009")},
-
     {"objectInfo",
      objectInfo,
+     {commandOf(0x1008, 1, {0x99})},
      {dataOf(0x1008, 1, objectDataset(5)), done},
-     objectInfoOut,
-     "a 5 153"},
-    {"objectInfoTooShort",
-     objectInfo,
-     {dataOf(0x1008, 1, Bytes(51)), done},
-     objectInfoOut,
+     "a 5 153",
      mtpFailure("Failed to parse ObjectInfo for handle 153")},
-
-    {"object", object, {dataOf(0x1009, 1, abc), done}, objectOut, "ABC"},
-    {"objectEmpty", object, {dataOf(0x1009, 1, {}), done}, objectOut, ""},
-    {"objectWithoutData", object, {done}, objectOut, ""},
-    {"objectRefused",
+    {"object",
      object,
-     {responseOf(0x2009, 1)},
-     objectOut,
+     {commandOf(0x1009, 1, {0x99})},
+     {dataOf(0x1009, 1, abc), done},
+     "ABC",
      mtpFailure("GetObject failed: 0x2009")},
-    {"objectBrokenOff",
-     object,
-     {dataOf(0x1009, 1, abc), responseOf(0x2007, 1)},
-     objectOut,
-     mtpFailure("GetObject failed: 0x2007")},
-
-    {"upload", upload, {responseOf(ok, 1, {storage, 7, 42}), responseOf(ok, 2)}, uploadOut, "42"},
-    {"uploadWithoutHandle", upload, {done, responseOf(ok, 2)}, uploadOut, "0"},
-    {"uploadInfoRefused",
+    {"upload",
      upload,
-     {responseOf(0x200C, 1)},
-     uploadInfoOut,
-     mtpFailure("SendObjectInfo failed: 0x200C")},
-    {"uploadRefused",
-     upload,
-     {done, responseOf(0x200C, 2)},
-     uploadOut,
-     mtpFailure("SendObject failed: 0x200C")},
-
-    {"folder", folder, {responseOf(ok, 1, {storage, 7, 43})}, folderOut, "43"},
-    {"rename", renaming, {done}, renameOut, "done"},
-    {"move", moving, {done}, moveOut, "done"},
-    {"delete", deletion, {done}, deleteOut, "done"},
-    {"deleteRefused",
+     {commandOf(0x100C, 1, {storage, 7}), dataOf(0x100C, 1, uploadDataset),
+      commandOf(0x100D, 2, {}), dataOf(0x100D, 2, abc)},
+     {responseOf(ok, 1, {storage, 7, 42}), responseOf(ok, 2)},
+     "42",
+     mtpFailure("SendObjectInfo failed: 0x2009")},
+    {"folder",
+     [](MTPClient& client) {
+         return std::to_string(client.createFolder(QStringLiteral("New"), 7, storage));
+     },
+     {commandOf(0x100C, 1, {storage, 7}), dataOf(0x100C, 1, folderDataset)},
+     {responseOf(ok, 1, {storage, 7, 43})},
+     "43",
+     mtpFailure("CreateFolder failed: 0x2009")},
+    {"rename",
+     [](MTPClient& client) {
+         client.renameObject(0x99, QStringLiteral("new"));
+         return "done";
+     },
+     {commandOf(0x9804, 1, {0x99, 0xDC07}), dataOf(0x9804, 1, hexBytes("04 'new' 0000"))},
+     {done},
+     "done",
+     mtpFailure("RenameObject failed: 0x2009")},
+    {"move",
+     [](MTPClient& client) {
+         client.moveObject(0x99, storage, 7);
+         return "done";
+     },
+     {commandOf(0x1019, 1, {0x99, storage, 7})},
+     {done},
+     "done",
+     mtpFailure("MoveObject failed: 0x2009")},
+    {"deletion",
      deletion,
-     {responseOf(0x2012, 1)},
-     deleteOut,
-     mtpFailure("DeleteObject failed: 0x2012")},
-    {"junkTransactionID", deletion, {responseOf(ok, 0x5A5A5A5A)}, deleteOut, "done"},
-    {"shortHeader",
-     deletion,
-     {Bytes(11)},
-     deleteOut,
-     "Received invalid MTP container packet header."},
+     {commandOf(0x100B, 1, {0x99, 0})},
+     {done},
+     "done",
+     mtpFailure("DeleteObject failed: 0x2009")},
 };
 
-class TransactionTest : public MTPClientTest, public ::testing::WithParamInterface<Transaction> {};
+class OperationTest : public MTPClientTest, public ::testing::WithParamInterface<Operation> {
+protected:
+    /// The result or the failure. Nothing goes out but what should, and the client can go on.
+    std::string outcome(const std::vector<Bytes>& answers) {
+        for (const Bytes& container : answers)
+            mock_->enqueueIncoming(ByteView(container));
+        std::string result;
+        const std::string failure = mtpFailureOf([&] { result = GetParam().call(client_); });
+        const std::vector<Bytes> out = sent();
+        EXPECT_TRUE(std::ranges::equal(out, GetParam().commands | std::views::take(out.size())));
+        expectUsable(out.size() == 4 ? 3 : 2);
+        return failure == "none" ? result : failure;
+    }
+};
 
-TEST_P(TransactionTest, sendsAndUnderstands) {
-    const Transaction& row = GetParam();
-    for (const Bytes& container : row.answers)
-        mock_->enqueueIncoming(ByteView(container));
-    std::string outcome;
-    const std::string failure = mtpFailureOf([&] { outcome = row.call(client_); });
-    EXPECT_EQ(failure == "none" ? outcome : failure, row.outcome);
-    EXPECT_EQ(sent(), row.commands);
-    expectUsable(row.commands.size() == 4 ? 3 : 2);
+TEST_P(OperationTest, sendsItsBytesAndUnderstandsTheAnswer) {
+    EXPECT_EQ(outcome(GetParam().answers), GetParam().result);
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, TransactionTest, ::testing::ValuesIn(transactions),
+TEST_P(OperationTest, refusalIsTold) {
+    EXPECT_EQ(outcome({responseOf(0x2009, 1)}), GetParam().refused);
+}
+
+TEST_P(OperationTest, refusalAtTheEndIsTold) {
+    std::vector<Bytes> answers = GetParam().answers;
+    answers.back() = responseOf(0x2009, GetParam().commands.size() == 4 ? 2 : 1);
+    EXPECT_THAT(outcome(answers), ::testing::AnyOf(HasSubstr("0x2009"), "unknown"));
+}
+
+TEST_P(OperationTest, silenceIsATimeout) {
+    EXPECT_EQ(outcome({}), mtpTimeout);
+}
+
+INSTANTIATE_TEST_SUITE_P(Operations, OperationTest, ::testing::ValuesIn(operations),
                          [](const auto& row) { return std::string(row.param.name); });
+
+TEST_F(MTPClientTest, oddAnswersAreUnderstoodOrRefused) {
+    struct Row {
+        const char* name;
+        std::string (*call)(MTPClient&);
+        std::vector<Bytes> answers;
+        std::string outcome;
+    };
+    const Row rows[] = {
+        {"storages without data", storages, {done}, ""},
+        {"handles without data", handles, {done}, ""},
+        {"truncated handles",
+         handles,
+         {dataOf(0x1007, 1, hexBytes("03000000 05000000")), done},
+         ""},
+        {"short storage info",
+         storageInfo,
+         {dataOf(0x1005, 1, Bytes(25)), done},
+         mtpFailure("Failed to parse StorageInfo")},
+        {"short object info",
+         objectInfo,
+         {dataOf(0x1008, 1, Bytes(51)), done},
+         mtpFailure("Failed to parse ObjectInfo for handle 153")},
+        {"empty battery", battery, {dataOf(0x1015, 1, {}), done}, "unknown"},
+        {"empty object", object, {dataOf(0x1009, 1, {}), done}, ""},
+        {"upload without a handle", upload, {done, responseOf(ok, 2)}, "0"},
+        {"junk transaction ID", deletion, {responseOf(ok, 0x5A5A5A5A)}, "done"},
+        {"short header", deletion, {Bytes(11)}, "Received invalid MTP container packet header."},
+    };
+    for (const Row& row : rows) {
+        auto* mock = new MockMTPTransport;
+        MTPClient client{std::unique_ptr<MTPTransportProtocol>(mock)};
+        for (const Bytes& container : row.answers)
+            mock->enqueueIncoming(ByteView(container));
+        std::string result;
+        const std::string failure = mtpFailureOf([&] { result = row.call(client); });
+        EXPECT_EQ(failure == "none" ? result : failure, row.outcome) << row.name;
+    }
+}
 
 TEST_F(MTPClientTest, trueSizeOfLargeObjectComesFromItsProperty) {
     answer({dataOf(0x1008, 1, objectDataset(0xFFFFFFFF)), responseOf(ok, 1),
@@ -294,6 +343,86 @@ TEST(MTPClientUpload, sizeBeyond32BitsIsAnnouncedAsUnknown) {
         EXPECT_EQ(readLittleEndian<std::uint32_t>(bus.written, 20 + 12 + 60 + 12), row.length);
         EXPECT_EQ(bus.writtenSize, 20 + 12 + 60 + 12 + 12 + row.size);
     }
+}
+
+TEST_F(MTPClientTest, openSessionOfAnEarlierClientIsClosedFirst) {
+    for (const std::uint16_t last : {ok, std::uint16_t{0x201E}}) {
+        const std::uint32_t first = last == ok ? 1 : 4;
+        answer({responseOf(0x201E, first), responseOf(0x2002, first + 1),
+                responseOf(last, first + 2)});
+        client_.openSession(1);
+        EXPECT_THAT(sent(),
+                    ElementsAre(commandOf(0x1002, first, {1}), commandOf(0x1003, first + 1, {}),
+                                commandOf(0x1002, first + 2, {1})));
+    }
+    expectUsable(7);
+}
+
+TEST_F(MTPClientTest, refusedSessionLeavesTheTransportClosed) {
+    answer({responseOf(0x2019, 1)});
+    EXPECT_EQ(mtpFailureOf([&] { client_.openSession(1); }),
+              mtpFailure("OpenSession failed with code 0x2019"));
+    EXPECT_FALSE(mock_->isOpen());
+    answer({responseOf(0x201E, 2), responseOf(ok, 3), responseOf(0x2002, 4)});
+    EXPECT_EQ(mtpFailureOf([&] { client_.openSession(1); }),
+              mtpFailure("OpenSession failed with code 0x2002"));
+    answer({responseOf(ok, 5)});
+    client_.openSession(1);
+    EXPECT_TRUE(mock_->isOpen());
+}
+
+TEST_F(MTPClientTest, closingIsQuietWhateverTheDeviceSays) {
+    for (const std::uint32_t first : {1U, 3U}) { // transaction IDs go on
+        answer({responseOf(ok, first)});
+        client_.openSession(1);
+        if (first == 1)
+            answer({responseOf(0x2003, first + 1)}); // else silence
+        client_.closeSession();
+        client_.closeSession();
+        EXPECT_FALSE(mock_->isOpen());
+        EXPECT_THAT(sent(),
+                    ElementsAre(commandOf(0x1002, first, {1}), commandOf(0x1003, first + 1, {})));
+    }
+}
+
+/// A client on pipes whose content is scripted.
+class MTPClientOnPipesTest : public ::testing::Test {
+protected:
+    MTPClientOnPipesTest() {
+        bus_.send(responseOf(ok, 1));
+        client_.openSession(1);
+        bus_.log.clear();
+        bus_.written.clear();
+    }
+
+    ScriptedUsbBus bus_;
+    MTPClient client_{std::make_unique<IOKitMTPTransport>(bus_, 0x18D1, 0x4EE1)};
+};
+
+TEST_F(MTPClientOnPipesTest, failedTransactionIsSettledBeforeTheNext) {
+    EXPECT_EQ(mtpFailureOf([&] { (void)client_.getObjectHandles(storage, 1); }), mtpReadTimedOut);
+    EXPECT_EQ(bus_.logged("cancel"), 0U);
+    // What comes too late is the answer to the first question, not to the second.
+    bus_.afterWrite = [&](ByteView) {
+        bus_.send(dataOf(0x1007, 2, hexBytes("01000000 11000000")));
+        bus_.send(responseOf(ok, 2));
+        bus_.send(dataOf(0x1007, 3, hexBytes("01000000 22000000")));
+        bus_.send(responseOf(ok, 3));
+    };
+    EXPECT_THAT(client_.getObjectHandles(storage, 2), ElementsAre(0x22U));
+    EXPECT_EQ(bus_.logged("cancel"), 1U);
+    EXPECT_EQ(bus_.controls[0].data, hexBytes("0140 02000000"));
+}
+
+TEST(MTPClientSession, goneDeviceIsNotTriedTwice) {
+    ScriptedUsbBus bus;
+    bus.unplug();
+    MTPClient client(std::make_unique<IOKitMTPTransport>(bus, 0x18D1, 0x4EE1));
+    EXPECT_THAT(mtpFailureOf([&] { client.openSession(1); }), HasSubstr("0x-1FFFFD40"));
+    EXPECT_EQ(bus.logged("write 16"), 1U);
+    EXPECT_EQ(bus.logged("open 1-1"), 1U);
+    EXPECT_THAT(mtpFailureOf([&] { client.openSession(1); }), HasSubstr("0x-1FFFFD40"));
+    EXPECT_EQ(bus.logged("open 1-1"), 2U);
 }
 
 } // namespace
