@@ -22,6 +22,10 @@ endif()
 add_library(tessary_flags INTERFACE)
 target_compile_options(tessary_flags INTERFACE
     -Wall -Wextra -Wconversion -Wshadow -Werror)
+if(CMAKE_CXX_COMPILER_ID MATCHES Clang)
+    # std::array counts the rows of a translation table in one fold expression.
+    target_compile_options(tessary_flags INTERFACE -fbracket-depth=1024)
+endif()
 target_compile_definitions(tessary_flags INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
 if(TESSARY_SANITIZE)

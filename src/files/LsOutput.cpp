@@ -198,6 +198,31 @@ bool isDots(const QString& name) {
     return name == QLatin1StringView(".") || name == QLatin1StringView("..");
 }
 
+std::optional<LsEntry> lsEntry(View line) {
+    const Pieces pieces(line);
+    if (pieces.count < 2 || pieces.pieces[0].begin != 0 || !isPermissions(pieces[0]))
+        return std::nullopt;
+    if (auto unreadable = unreadableEntry(pieces))
+        return unreadable;
+    const auto date = findDate(pieces);
+    if (!date)
+        return std::nullopt;
+    const qsizetype nameStart = pieces.pieces[date->last].end + 1;
+    if (nameStart >= line.size())
+        return std::nullopt;
+    LsEntry entry;
+    entry.type = pieces[0][0];
+    entry.modified = date->date;
+    const bool isDevice = entry.type == 'c' || entry.type == 'b'; // "major, minor" for a size
+    const qint64 size = isDevice ? 0 : number(pieces[date->first - 1]);
+    View name = line.sliced(nameStart);
+    if (entry.type == 'l')
+        name = withoutTarget(name, size);
+    entry.name = QString::fromUtf8(name);
+    entry.size = entry.type == 'd' ? 0 : std::max<qint64>(size, 0);
+    return entry;
+}
+
 /// Calls `visit` for each line that is not empty. Carriage returns count as line ends only when
 /// every line has one: a name may end with one.
 void forEachLine(const QByteArray& output, const std::function<bool(View)>& visit) {
@@ -222,28 +247,11 @@ void forEachLine(const QByteArray& output, const std::function<bool(View)>& visi
 } // namespace
 
 std::optional<LsEntry> parseLsLine(QByteArrayView line) {
-    const Pieces pieces(line);
-    if (pieces.count < 2 || pieces.pieces[0].begin != 0 || !isPermissions(pieces[0]))
-        return std::nullopt;
-    if (auto unreadable = unreadableEntry(pieces))
-        return unreadable;
-    const auto date = findDate(pieces);
-    if (!date)
-        return std::nullopt;
-    const qsizetype nameStart = pieces.pieces[date->last].end + 1;
-    if (nameStart >= line.size())
-        return std::nullopt;
-    LsEntry entry;
-    entry.type = pieces[0][0];
-    entry.modified = date->date;
-    const bool isDevice = entry.type == 'c' || entry.type == 'b'; // "major, minor" for a size
-    const qint64 size = isDevice ? 0 : number(pieces[date->first - 1]);
-    View name = line.sliced(nameStart);
-    if (entry.type == 'l')
-        name = withoutTarget(name, size);
-    entry.name = QString::fromUtf8(name);
-    entry.size = entry.type == 'd' ? 0 : std::max<qint64>(size, 0);
-    return entry;
+    auto entry = lsEntry(line);
+    // No file system has such a name: a path made of it would lead out of the folder.
+    const bool isName = entry && !entry->name.isEmpty() && !entry->name.contains(u'/') &&
+                        !entry->name.contains(QChar(u'\0'));
+    return isName ? std::move(entry) : std::nullopt;
 }
 
 std::vector<FileItem> parseLsOutput(const QByteArray& output, const QString& parentPath) {

@@ -23,7 +23,8 @@ struct LsEntry {
 };
 
 /// The entry of a line without its line break; no value for one that is none. The name is what
-/// stands behind the date and one blank: it keeps all its own blanks. A link's target is cut off.
+/// stands behind the date and one blank: it keeps all its own blanks. A link's target is cut off. A
+/// "name" with a slash is none.
 [[nodiscard]] std::optional<LsEntry> parseLsLine(QByteArrayView line);
 
 /// The entries that can be read out of `ls -la` output, without "." and "..". Folders and links
