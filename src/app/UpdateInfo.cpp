@@ -25,8 +25,9 @@ std::optional<UpdateInfo> decode(const QByteArray& body) {
 
 /// The text with a quote and a comma at the end of lines that lack them before the next key.
 QString repaired(QString text) {
+    // Looks at each run of white space no more than twice: an answer may hold nothing else.
     static const QRegularExpression openLine(QStringLiteral(
-        R"x(([^\"])\s*\n\s*\"(download_url|homepage_url|pub_date|mandatory|version|build)\")x"));
+        R"x(([^\"\s]|(?<=\")\s)[^\S\n]*+\n\s*+\"(download_url|homepage_url|pub_date|mandatory|version|build)\")x"));
     return text.replace(openLine, QStringLiteral("\\1\",\n  \"\\2\""));
 }
 

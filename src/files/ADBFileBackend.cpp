@@ -282,6 +282,17 @@ void ADBFileBackend::deleteFile(const FileItem& item, const DeviceInfo& device,
                                             .trimmed());
 }
 
+void ADBFileBackend::deleteEmptyFolder(const FileItem& item, const DeviceInfo& device,
+                                       const std::stop_token& stop) const {
+    const QString path = requireItemPath(item);
+    const ProcessResult result =
+        ADBShell(tool_, device, stop).run(QStringLiteral("rmdir ") + phoneShellQuoted(path));
+    if (!result.succeeded())
+        throw TessaryError::fileIOError(QStringLiteral("The phone did not delete %1. %2")
+                                            .arg(path, adbFailure(result))
+                                            .trimmed());
+}
+
 void ADBFileBackend::renameItem(const FileItem& item, const QString& newName,
                                 const DeviceInfo& device, const std::stop_token& stop) const {
     requireNameForADB(newName);

@@ -63,6 +63,9 @@ public:
                       const std::stop_token& stop) const;
     void deleteFile(const FileItem& item, const DeviceInfo& device,
                     const std::stop_token& stop) const;
+    /// Deletes a folder, unless there is something in it.
+    void deleteEmptyFolder(const FileItem& item, const DeviceInfo& device,
+                           const std::stop_token& stop) const;
     void renameItem(const FileItem& item, const QString& newName, const DeviceInfo& device,
                     const std::stop_token& stop) const;
     void moveItem(const FileItem& item, const QString& newParentPath, const DeviceInfo& device,

@@ -194,6 +194,11 @@ void DeviceFileService::deleteFile(const FileItem& item, const std::optional<Dev
     onBackend(chosen, [&](auto& backend) { backend.deleteFile(item, chosen, stop); });
 }
 
+void DeviceFileService::deleteEmptyFolder(const FileItem& item, const DeviceInfo& device,
+                                          const std::stop_token& stop) {
+    onBackend(device, [&](auto& backend) { backend.deleteEmptyFolder(item, device, stop); });
+}
+
 void DeviceFileService::renameItem(const FileItem& item, const QString& newName,
                                    const std::optional<DeviceInfo>& device,
                                    const std::stop_token& stop) {

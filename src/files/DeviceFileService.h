@@ -97,6 +97,9 @@ public:
                       const std::optional<DeviceInfo>& device, const std::stop_token& stop = {});
     void deleteFile(const FileItem& item, const std::optional<DeviceInfo>& device,
                     const std::stop_token& stop = {});
+    /// Deletes a folder, unless there is something in it.
+    void deleteEmptyFolder(const FileItem& item, const DeviceInfo& device,
+                           const std::stop_token& stop = {});
     void renameItem(const FileItem& item, const QString& newName,
                     const std::optional<DeviceInfo>& device, const std::stop_token& stop = {});
     void moveItem(const FileItem& item, const QString& newParentPath,

@@ -382,6 +382,20 @@ void MTPFileBackend::deleteFile(const FileItem& item, const DeviceInfo& device,
     });
 }
 
+void MTPFileBackend::deleteEmptyFolder(const FileItem& item, const DeviceInfo& device,
+                                       const std::stop_token& stop) {
+    withSession(device, stop, [&](MTPSession& session, DeviceLane::Turn&) {
+        const Found found = findItem(session, item, stop);
+        // Phones delete what is in a folder along with it: looked at once more, right before.
+        if (!found.object.info || !found.object.isDirectory() ||
+            !session.childHandles(found.location.storageID, found.object.handle).empty())
+            throw TessaryError::fileIOError(
+                QStringLiteral("The phone did not delete %1.").arg(item.path));
+        session.forget(found.location);
+        session.client().deleteObject(found.object.handle);
+    });
+}
+
 void MTPFileBackend::renameItem(const FileItem& item, const QString& newName,
                                 const DeviceInfo& device, const std::stop_token& stop) {
     requireNameForMTP(newName);

@@ -83,6 +83,9 @@ public:
     /// Deletes a file or a folder with everything in it. The device is asked first whether the
     /// handle still names the item.
     void deleteFile(const FileItem& item, const DeviceInfo& device, const std::stop_token& stop);
+    /// Deletes a folder, unless there is something in it.
+    void deleteEmptyFolder(const FileItem& item, const DeviceInfo& device,
+                           const std::stop_token& stop);
     void renameItem(const FileItem& item, const QString& newName, const DeviceInfo& device,
                     const std::stop_token& stop);
     /// Moves an item into another folder of the same storage.

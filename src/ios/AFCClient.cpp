@@ -234,11 +234,13 @@ auto AFCClient::onQueue(Work work, const std::stop_token& stop) {
 }
 
 std::vector<FileItem> AFCClient::listContents(const QString& at, const std::stop_token& stop,
-                                              EntryFacts facts) {
-    return onQueue(
-        [at, stop, facts, path = resolveRemotePath(at)](AFCConnection& connection) {
+                                              EntryFacts facts, std::vector<SkippedItem>* links) {
+    const bool takesLinks = links == nullptr;
+    auto [listed, found] = onQueue(
+        [at, stop, facts, takesLinks, path = resolveRemotePath(at)](AFCConnection& connection) {
             const QStringList names = connection.readDirectory(path);
             std::vector<FileItem> items;
+            std::vector<SkippedItem> skipped;
             items.reserve(static_cast<std::size_t>(names.size()));
             for (const QString& name : names) {
                 throwIfStopped(stop);
@@ -247,12 +249,19 @@ std::vector<FileItem> AFCClient::listContents(const QString& at, const std::stop
                     throw TessaryError::fileIOError(
                         QStringLiteral("The phone does not tell what %1 is.")
                             .arg(joinPath(at, name)));
-                items.push_back(itemFrom(name, joinPath(at, name), info));
+                if (info && info->isLink && !takesLinks)
+                    skipped.push_back({joinPath(at, name),
+                                       QStringLiteral("it is a link; links are not followed")});
+                else
+                    items.push_back(itemFrom(name, joinPath(at, name), info));
             }
             sortForDisplay(items);
-            return items;
+            return std::pair(std::move(items), std::move(skipped));
         },
         stop);
+    if (links != nullptr)
+        *links = std::move(found);
+    return std::move(listed);
 }
 
 FileItem AFCClient::itemAt(const QString& path, const std::stop_token& stop) {
@@ -275,6 +284,12 @@ void AFCClient::createDirectory(const QString& at, const std::stop_token& stop) 
 void AFCClient::removePath(const QString& path, const std::stop_token& stop) {
     onQueue([resolved = resolveRemotePath(path),
              stop](AFCConnection& connection) { removeTree(connection, resolved, stop, 0); },
+            stop);
+}
+
+void AFCClient::removeEntry(const QString& path, const std::stop_token& stop) {
+    onQueue([resolved = resolveRemotePath(path)](
+                AFCConnection& connection) { connection.removePath(resolved); },
             stop);
 }
 

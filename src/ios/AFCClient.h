@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/FileItem.h"
+#include "core/LocalTree.h"
 #include "core/SerialQueue.h"
 #include "core/TransferOutcome.h"
 #include "ios/LockdownSession.h"
@@ -56,15 +57,19 @@ public:
     [[nodiscard]] static QString resolveRemotePath(const QString& path,
                                                    const QString& workingRootPath);
 
-    /// Folders first, then by name. Names are hostile.
+    /// Folders first, then by name. Names are hostile. Links are listed as files, unless there are
+    /// `links` to put them into, with the reason why they cannot be copied.
     [[nodiscard]] std::vector<FileItem> listContents(const QString& at,
                                                      const std::stop_token& stop = {},
-                                                     EntryFacts facts = EntryFacts::optional);
+                                                     EntryFacts facts = EntryFacts::optional,
+                                                     std::vector<SkippedItem>* links = nullptr);
     /// One path. `objectNotFound` when the device does not tell what is there.
     [[nodiscard]] FileItem itemAt(const QString& path, const std::stop_token& stop = {});
     void createDirectory(const QString& at, const std::stop_token& stop = {});
     /// Removes a file, or a folder with everything in it; the first failure ends it.
     void removePath(const QString& path, const std::stop_token& stop = {});
+    /// Removes a file or an empty folder; one that holds something fails.
+    void removeEntry(const QString& path, const std::stop_token& stop = {});
     /// Replaces what may be at `to`.
     void renamePath(const QString& from, const QString& to, const std::stop_token& stop = {});
     void setModifiedDate(const QString& path, const QDateTime& date,

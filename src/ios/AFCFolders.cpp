@@ -87,13 +87,16 @@ public:
     void walk(const QString& remotePath, const QString& localPath, int depth = 0) {
         folders.push_back({remotePath, localPath});
         std::vector<FileItem> items;
+        std::vector<SkippedItem> links;
         try {
-            items = client_.listContents(remotePath, stop_);
+            items =
+                client_.listContents(remotePath, stop_, AFCClient::EntryFacts::optional, &links);
         } catch (const TessaryError& error) {
             if (depth == 0 || client_.isLost())
                 throw;
             skipped.push_back({remotePath, error.description()});
         }
+        skipped.insert(skipped.end(), links.begin(), links.end());
         QSet<QString> taken;
         for (FileItem& item : items) {
             const QString name = lastComponentIfSafe(item.name);

@@ -1,5 +1,7 @@
 #include "phones/AdbdFiles.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -130,6 +132,15 @@ int AdbdFiles::removeFile(const std::string& path) const {
         return EISDIR;
     fs::remove(*local, failure);
     return failure.value();
+}
+
+int AdbdFiles::removeFolder(const std::string& path) const {
+    const auto local = resolve(path);
+    if (!local)
+        return ENOENT;
+    if (*local == root_)
+        return EBUSY;
+    return ::rmdir(local->c_str()) == 0 ? 0 : errno;
 }
 
 int AdbdFiles::move(const std::string& from, const std::string& to) const {

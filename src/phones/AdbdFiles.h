@@ -38,6 +38,8 @@ public:
     [[nodiscard]] int removeAll(const std::string& path) const;
     /// As `rm -f`: no folder.
     [[nodiscard]] int removeFile(const std::string& path) const;
+    /// As `rmdir`.
+    [[nodiscard]] int removeFolder(const std::string& path) const;
     /// As `mv`: into `to` when that is a folder, else in its place.
     [[nodiscard]] int move(const std::string& from, const std::string& to) const;
 

@@ -159,6 +159,12 @@ AdbdShellResult head(AdbdState& state, const Words& words) {
     return {text, {}, 0};
 }
 
+AdbdShellResult removeFolder(AdbdState& state, const Words& words) {
+    const int code =
+        state.faults.get().readOnly ? EROFS : AdbdFiles(state.config).removeFolder(words[1]);
+    return code == 0 ? AdbdShellResult() : failed("rmdir: '" + words[1] + "': " + reason(code));
+}
+
 AdbdShellResult diskFree(AdbdState& state, const Words&) {
     const std::uint64_t all = state.config.capacity / 1024;
     const std::uint64_t free = state.config.free / 1024;
@@ -209,6 +215,7 @@ constexpr std::array knownCommands{
     Known{{"dumpsys", "battery", ""}, 2, &battery},
     Known{{"getprop", "ro.serialno", ""}, 2, &getProperty},
     Known{{"echo", "", ""}, 2, &echo},
+    Known{{"rmdir", "", ""}, 2, &removeFolder},
 };
 
 const Known* find(const Words& words) {

@@ -26,19 +26,11 @@ std::shared_ptr<void> AndroidSyncBackend::holdConnection() {
 }
 
 SyncScan AndroidSyncBackend::scanDirectory(const QString& remoteRoot) {
-    std::vector<SkippedItem> all;
-    SyncScan scan = scanTree(remoteRoot, [&](const QString& path) {
-        std::vector<SkippedItem> skipped;
+    return scanTree(remoteRoot, [this](const QString& path, std::vector<SkippedItem>& skipped) {
         std::vector<FileItem> items = service_.listDirectoryChecked(path, device_, stop_, &skipped);
-        // By the paths as the scan names them, whatever the phone calls the folder.
-        for (const SkippedItem& one : skipped)
-            all.push_back({joinPath(path, lastComponent(one.path)), one.reason});
         noteFolder(path);
         return items;
     });
-    for (const SkippedItem& one : all)
-        scan.unusable[one.path.mid(joinPath(remoteRoot, {}).size())] = one.reason;
-    return scan;
 }
 
 SyncScan AndroidSyncBackend::scanFolder(const QString& remotePath) {
@@ -66,7 +58,10 @@ void AndroidSyncBackend::makeFolder(const QString& remotePath) {
 }
 
 void AndroidSyncBackend::remove(const FileItem& item, const QString&) {
-    service_.deleteFile(item, device_, stop_);
+    if (item.isDirectory)
+        service_.deleteEmptyFolder(item, device_, stop_);
+    else
+        service_.deleteFile(item, device_, stop_);
 }
 
 void AndroidSyncBackend::fetch(const FileItem& item, const QString&, const QString& localFile,
@@ -80,9 +75,11 @@ std::optional<QByteArray> AndroidSyncBackend::sample(const QString& remotePath) 
     return service_.readSampleBytes(remotePath, syncSampleSize, device_, stop_);
 }
 
-void AndroidSyncBackend::downloadFile(const QString& remotePath, const QString& localFile, qint64,
-                                      const FileProgressCallback& progress) {
-    fetch(requireFile(remotePath), remotePath, localFile, progress);
+void AndroidSyncBackend::downloadFile(const QString& remotePath, const QString& localFile,
+                                      qint64 fileSize, const FileProgressCallback& progress) {
+    // The service looks for itself whether the file is there.
+    fetch(FileItem(lastComponent(remotePath), remotePath, false, fileSize, std::nullopt),
+          remotePath, localFile, progress);
 }
 
 void AndroidSyncBackend::uploadFile(const QString& localFile, const QString& remotePath,

@@ -11,9 +11,12 @@
 #include <QFileInfo>
 #include <QUuid>
 
+#include <cerrno>
 #include <chrono>
+#include <fcntl.h>
 #include <filesystem>
 #include <system_error>
+#include <unistd.h>
 
 namespace tessary {
 
@@ -69,6 +72,17 @@ void readPieces(const QString& path, const std::stop_token& stop, Take take) {
         if (!take(piece) || piece.isEmpty())
             return;
     }
+}
+
+void flushToDisk(const QString& path) {
+    const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    const bool isDone = file >= 0 && ::fsync(file) == 0;
+    const int reason = errno;
+    if (file >= 0)
+        ::close(file);
+    if (!isDone)
+        throw failure(QStringLiteral("Cannot write %1").arg(path),
+                      std::error_code(reason, std::generic_category()));
 }
 
 void logFailure(const char* what, const QString& reason) {
@@ -133,7 +147,7 @@ void DiskSyncFolder::scanFolder(SyncScan& scan, const QString& relativeFolder,
         } else if (type != fs::file_type::regular) {
             scan.unusable[path] = QStringLiteral("it is not a regular file");
         } else if (name.startsWith(PartFile::namePrefix)) {
-            scan.leftovers.push_back(path);
+            scan.leftovers.emplace(path, QDateTime());
         } else if (!QFileInfo(pathOf(path)).isReadable()) {
             scan.unusable[path] = QStringLiteral("it cannot be read");
         } else if (auto entry = entryAt(pathOf(path))) {
@@ -217,6 +231,16 @@ void DiskSyncFolder::putInPlace(const QString& temporaryPath, const QString& rel
         throw failure(QStringLiteral("Cannot write %1").arg(pathOf(relativePath)), error);
 }
 
+void DiskSyncFolder::flush(const QString& relativePath) {
+    requireRealFolders(relativePath);
+    QString path = pathOf(relativePath);
+    flushToDisk(path);
+    while (path != root_) {
+        path = parentPath(path);
+        flushToDisk(path);
+    }
+}
+
 void DiskSyncFolder::discard(const QString& temporaryPath) noexcept {
     std::error_code error;
     fs::remove(diskPath(temporaryPath), error);
@@ -272,7 +296,7 @@ std::optional<SyncManifest> DiskSyncFolder::loadManifest() {
     QFile file(path);
     if (!entry || entry->size > SyncManifest::maxBytes || !file.open(QIODevice::ReadOnly))
         return std::nullopt;
-    return SyncManifest::decode(file.read(SyncManifest::maxBytes));
+    return SyncManifest::decode(file.readAll());
 }
 
 void DiskSyncFolder::saveManifest(const SyncManifest& manifest) {

@@ -2,16 +2,11 @@
 
 #include "sync/SyncLocalFolder.h"
 
-#include <chrono>
-
 namespace tessary {
 
 /// A folder of this computer's disk as the local side of a run.
 class DiskSyncFolder final : public SyncLocalFolder {
 public:
-    /// A temporary file that was written to within this time belongs to somebody who is at work.
-    static constexpr std::chrono::minutes leftoverAge{10};
-
     explicit DiskSyncFolder(QString root);
 
     [[nodiscard]] bool exists() override;
@@ -25,6 +20,7 @@ public:
                                       const std::stop_token& stop) override;
     void putInPlace(const QString& temporaryPath, const QString& relativePath,
                     const QDateTime& date) override;
+    void flush(const QString& relativePath) override;
     void discard(const QString& temporaryPath) noexcept override;
     void copyTo(const QString& relativePath, const QString& newRelativePath,
                 const std::stop_token& stop) override;

@@ -40,9 +40,11 @@ bool PhoneSyncBackend::areFilesMatching(const QString& localFile, const QString&
 }
 
 std::optional<SyncFileEntry> PhoneSyncBackend::statFile(const QString& remotePath) {
+    seen_.reset();
     const auto item = entryAt(remotePath);
     if (!item || item->isDirectory)
         return std::nullopt;
+    seen_ = {remotePath, *item};
     return SyncFileEntry{item->size, syncDate(item->modifiedDate), {}, {}};
 }
 
@@ -69,7 +71,8 @@ void PhoneSyncBackend::ensureFolder(const QString& remotePath) {
 }
 
 void PhoneSyncBackend::deleteRemoteFile(const QString& remotePath) {
-    remove(requireFile(remotePath), remotePath);
+    const auto seen = std::exchange(seen_, std::nullopt);
+    remove(seen && seen->first == remotePath ? seen->second : requireFile(remotePath), remotePath);
 }
 
 void PhoneSyncBackend::cleanupEmptyRemoteDirectories(const QString& path, const QString& rootPath) {
@@ -98,8 +101,8 @@ std::optional<SyncManifest> PhoneSyncBackend::loadRemoteManifest(const QString& 
             return;
         QFile file(folder.filePath(QStringLiteral("manifest")));
         fetch(*item, path, file.fileName(), {});
-        if (file.open(QIODevice::ReadOnly))
-            manifest = SyncManifest::decode(file.read(SyncManifest::maxBytes));
+        if (file.size() <= SyncManifest::maxBytes && file.open(QIODevice::ReadOnly))
+            manifest = SyncManifest::decode(file.readAll());
     });
     return manifest;
 }

@@ -28,7 +28,8 @@ protected:
     /// Whether a folder is there on every phone and never to be made.
     [[nodiscard]] virtual bool isAlwaysThere(const QString& remotePath) const = 0;
     virtual void makeFolder(const QString& remotePath) = 0;
-    /// Removes a file or an empty folder.
+    /// Removes a file or an empty folder. One that holds something stays, with an error: it may
+    /// have been filled since it was looked at.
     virtual void remove(const FileItem& item, const QString& remotePath) = 0;
     virtual void fetch(const FileItem& item, const QString& remotePath, const QString& localFile,
                        const FileProgressCallback& progress) = 0;
@@ -44,6 +45,8 @@ protected:
     }
 
 private:
+    /// What statFile found last, and where: its deletion, which is next, needs no other look.
+    std::optional<std::pair<QString, FileItem>> seen_;
     QSet<QString> folders_; ///< that are known to be there
 };
 

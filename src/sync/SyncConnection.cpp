@@ -1,5 +1,6 @@
 #include "sync/SyncConnection.h"
 
+#include "files/BusyPhones.h"
 #include "ios/AFCClient.h"
 #include "ios/LockdownSession.h"
 #include "sync/AndroidSyncBackend.h"
@@ -12,9 +13,11 @@ SyncConnector deviceConnector(DeviceFileService& files) {
                     const std::stop_token& stop) -> std::unique_ptr<SyncDeviceBackend> {
         if (device.platform == DevicePlatform::android)
             return std::make_unique<AndroidSyncBackend>(files, device, stop);
+        const BusyPhones::Mark connecting(BusyPhones::shared(), device.udid);
         auto session = std::make_unique<LockdownSession>(device.udid, stop);
         return std::make_unique<iOSSyncBackend>(
-            std::make_unique<AFCClient>(std::move(session), pair.appBundleID, stop), stop);
+            std::make_unique<AFCClient>(std::move(session), pair.appBundleID, stop), device.udid,
+            stop);
     };
 }
 

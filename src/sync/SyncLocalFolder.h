@@ -6,10 +6,14 @@
 #include <QDateTime>
 #include <QString>
 
+#include <chrono>
 #include <optional>
 #include <stop_token>
 
 namespace tessary {
+
+/// A temporary file that was written to within this time belongs to somebody who is at work.
+inline constexpr std::chrono::minutes leftoverAge{10};
 
 /// The local side of one run: a folder, and nothing outside it. Links are never followed. Blocking;
 /// used by one thread. Failures are TessaryError::fileIOError.
@@ -38,6 +42,8 @@ public:
     /// Dates a temporary file and renames it over an entry.
     virtual void putInPlace(const QString& temporaryPath, const QString& relativePath,
                             const QDateTime& date) = 0;
+    /// Returns once an entry would survive a power cut: its content and the names that lead to it.
+    virtual void flush(const QString& relativePath) = 0;
     /// Removes a temporary file that may be there. Never throws.
     virtual void discard(const QString& temporaryPath) noexcept = 0;
     /// Copies an entry, date included, to a name that nothing has.

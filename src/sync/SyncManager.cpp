@@ -174,12 +174,15 @@ void SyncManager::syncPair(const QUuid& id, DeviceManager& deviceManager,
     if (pair(id) == nullptr || isRunningOrWaiting(id))
         return;
     waiting_.push_back({id, &deviceManager, onDeleteConfirm});
-    if (!running_)
+    if (running_)
+        Q_EMIT syncPairChanged(id);
+    else
         startNext();
 }
 
 void SyncManager::cancel(const QUuid& id) {
-    std::erase_if(waiting_, [&](const Job& job) { return job.id == id; });
+    if (std::erase_if(waiting_, [&](const Job& job) { return job.id == id; }) > 0)
+        Q_EMIT syncPairChanged(id);
     if (running_ && running_->id == id) {
         running_->isCancelled = true;
         running_->stop.request_stop();
@@ -187,7 +190,8 @@ void SyncManager::cancel(const QUuid& id) {
 }
 
 void SyncManager::cancelAll() {
-    waiting_.clear();
+    for (const Job& job : std::exchange(waiting_, {}))
+        Q_EMIT syncPairChanged(job.id);
     if (running_)
         cancel(running_->id);
 }

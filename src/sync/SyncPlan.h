@@ -39,10 +39,6 @@ struct SyncPlannedAction {
     [[nodiscard]] bool isWork() const {
         return kind != Kind::alreadyInSync && kind != Kind::leave && kind != Kind::skip;
     }
-    /// Whether it moves bytes from one side to the other.
-    [[nodiscard]] bool isTransfer() const {
-        return kind == Kind::upload || kind == Kind::download || kind == Kind::conflict;
-    }
     /// Bytes that it moves at least.
     [[nodiscard]] qint64 bytes() const;
 };

@@ -168,10 +168,13 @@ QSet<QString> SyncRun::compareSamples(const QStringList& paths) {
 
 /// What an earlier run left unfinished is of no use to anybody.
 void SyncRun::removeLeftovers() {
-    for (const QString& path : localScan_.leftovers)
+    for (const auto& [path, date] : localScan_.leftovers)
         setup_.local.removeLeftover(path);
-    for (const QString& path : deviceScan_.leftovers) {
+    const QDateTime now = setup_.now();
+    for (const auto& [path, date] : deviceScan_.leftovers) {
         throwIfStopped(stop_);
+        if (std::chrono::milliseconds(date.msecsTo(now)) < leftoverAge)
+            continue;
         try {
             setup_.device.deleteRemoteFile(remotePath(deviceRoot(setup_.pair), path));
         } catch (const CancellationError&) {

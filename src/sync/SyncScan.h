@@ -2,13 +2,13 @@
 
 #include "sync/SyncManifest.h"
 
+#include <QDateTime>
 #include <QString>
 #include <QStringView>
 
 #include <functional>
 #include <map>
 #include <set>
-#include <vector>
 
 namespace tessary {
 
@@ -19,8 +19,8 @@ struct SyncScan {
     /// What is there and cannot be synced (links, sockets, unreadable files, names that no path
     /// can hold), with the reason. Neither a file nor the lack of one.
     std::map<QString, QString> unusable;
-    /// Temporary files that an earlier run left.
-    std::vector<QString> leftovers;
+    /// Temporary files that an earlier run left, with the dates that a device lists for them.
+    std::map<QString, QDateTime> leftovers;
     bool hasManifest = false; ///< ".tessary.sync" is in the root
 };
 

@@ -19,8 +19,11 @@ void walk(SyncScan& scan, const QString& folder, const QString& prefix, const Sy
     if (depth > maxDepth)
         throw TessaryError::fileIOError(
             QStringLiteral("The device lists %1 inside itself.").arg(folder));
-    const std::vector<FileItem> items = list(folder);
+    std::vector<SkippedItem> skipped;
+    const std::vector<FileItem> items = list(folder, skipped);
     addListing(scan, items, prefix);
+    for (const SkippedItem& one : skipped)
+        scan.unusable[prefix + lastComponent(one.path)] = one.reason;
     for (const FileItem& item : items) {
         const QString path = prefix + item.name;
         if (item.isDirectory && scan.folders.contains(path))
@@ -45,7 +48,7 @@ void addListing(SyncScan& scan, const std::vector<FileItem>& items, const QStrin
         } else if (item.isDirectory) {
             scan.folders.insert(path);
         } else if (item.name.startsWith(PartFile::namePrefix)) {
-            scan.leftovers.push_back(path);
+            scan.leftovers.insert_or_assign(path, syncDate(item.modifiedDate));
         } else if (item.size < 0) {
             scan.unusable[path] = QStringLiteral("the device does not tell its size");
         } else {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/FileItem.h"
+#include "core/LocalTree.h"
 #include "sync/SyncScan.h"
 
 #include <functional>
@@ -8,8 +9,10 @@
 
 namespace tessary {
 
-/// Lists a folder of a device, checked.
-using SyncListing = std::function<std::vector<FileItem>(const QString& path)>;
+/// Lists a folder of a device, checked. What cannot be synced goes into `skipped`, whose paths
+/// count by their last component.
+using SyncListing =
+    std::function<std::vector<FileItem>(const QString& path, std::vector<SkippedItem>& skipped)>;
 
 /// One checked listing of a device folder as a scan: files, folders, and what cannot be synced.
 /// `prefix` is put in front of the names.

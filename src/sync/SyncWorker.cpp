@@ -3,6 +3,7 @@
 #include "core/CancellationError.h"
 #include "core/TessaryError.h"
 #include "sync/SyncPlanner.h"
+#include "sync/SyncTemporaryCopy.h"
 
 #include <QtNumeric>
 
@@ -45,32 +46,6 @@ bool isSameOnDevice(const std::optional<SyncFileEntry>& now, const SyncFileEntry
             now->modifiedDate.toMSecsSinceEpoch() / minute == listed / minute);
 }
 
-const QString& changedMeanwhile() {
-    static const QString text =
-        QStringLiteral("it changed while the folders were being synced; it was left as it is");
-    return text;
-}
-
-/// A temporary file of the local folder; removed unless it was put in place.
-class TemporaryCopy {
-public:
-    TemporaryCopy(SyncLocalFolder& folder, const QString& relativePath)
-        : folder_(folder), path_(folder.temporaryPathFor(relativePath)) {}
-    ~TemporaryCopy() {
-        folder_.discard(path_);
-    }
-    TemporaryCopy(const TemporaryCopy&) = delete;
-    TemporaryCopy& operator=(const TemporaryCopy&) = delete;
-
-    [[nodiscard]] const QString& path() const {
-        return path_;
-    }
-
-private:
-    SyncLocalFolder& folder_;
-    const QString path_;
-};
-
 } // namespace
 
 SyncWorker::SyncWorker(SyncRunSetup& setup, SyncRunEvents& events, QString remoteRoot,
@@ -80,6 +55,12 @@ SyncWorker::SyncWorker(SyncRunSetup& setup, SyncRunEvents& events, QString remot
       root_(std::move(remoteRoot)),
       progress_(progress),
       stop_(std::move(stop)) {}
+
+const QString& SyncWorker::changedMeanwhile() {
+    static const QString text =
+        QStringLiteral("it changed while the folders were being synced; it was left as it is");
+    return text;
+}
 
 QString SyncWorker::remote(const QString& relativePath) const {
     return SyncRun::remotePath(root_, relativePath);
@@ -193,16 +174,25 @@ bool SyncWorker::isDeviceAsScanned(const Action& action) {
 /// Copies a local file to the device, in place of what the scan saw there. Returns it as it was
 /// sent. Otherwise it was skipped: one of the two changed, or is gone.
 std::optional<SyncFileEntry> SyncWorker::send(const QString& relativePath, const Action* replaced) {
+    bool hasArrived = false;
     for (int attempt = 0; attempt < maxSends; ++attempt) {
         const auto before = setup_.local.stat(relativePath);
         const bool replaces = replaced != nullptr && replaced->device != nullptr;
-        const bool isAsScanned = attempt > 0 || !replaces || isDeviceAsScanned(*replaced);
+        const bool isAsScanned = hasArrived || !replaces || isDeviceAsScanned(*replaced);
         if (!before || !isAsScanned) {
             skip(relativePath, changedMeanwhile());
             return std::nullopt;
         }
-        setup_.device.uploadFile(setup_.local.pathOf(relativePath), remote(relativePath),
-                                 replaces || attempt > 0, byteProgress());
+        try {
+            setup_.device.uploadFile(setup_.local.pathOf(relativePath), remote(relativePath),
+                                     replaces || hasArrived, byteProgress());
+        } catch (const TessaryError&) {
+            // A file that grows or shrinks on its way is refused.
+            if (isSame(setup_.local.stat(relativePath), *before))
+                throw;
+            continue;
+        }
+        hasArrived = true;
         fileBytes_ += before->size;
         report_.transferredBytes += before->size;
         if (isSame(setup_.local.stat(relativePath), *before))
@@ -242,7 +232,7 @@ void SyncWorker::upload(const Action& action) {
 void SyncWorker::download(const Action& action) {
     const QString& path = action.relativePath;
     begin(action.deletesSource ? QStringLiteral("Moving") : QStringLiteral("Downloading"), path);
-    const TemporaryCopy copy(setup_.local, path);
+    const SyncTemporaryCopy copy(setup_.local, path);
     fetch(path, copy.path(), action.device->size);
     if (setup_.local.temporarySize(copy.path()) != action.device->size ||
         !isLocalAsScanned(action)) {
@@ -259,6 +249,7 @@ void SyncWorker::download(const Action& action) {
         toConfirm_.insert_or_assign(path, Transferred{*arrived, *action.device});
         return;
     }
+    setup_.local.flush(path);
     if (removeRemote(path, *action.device))
         report_.moved.append(path);
 }
@@ -270,7 +261,7 @@ void SyncWorker::deleteMovedSource(const Action& action) {
     begin(QStringLiteral("Moving (already on destination)"), path);
     if (!action.isVouched) {
         addBytes(action.device->size);
-        const TemporaryCopy copy(setup_.local, path);
+        const SyncTemporaryCopy copy(setup_.local, path);
         fetch(path, copy.path(), action.device->size);
         if (!setup_.local.hasSameContent(path, copy.path(), stop_)) {
             skip(path, QStringLiteral("another file of this name, size and date is on the other "
@@ -283,6 +274,8 @@ void SyncWorker::deleteMovedSource(const Action& action) {
         skip(path, changedMeanwhile());
         return;
     }
+    if (!fromHere)
+        setup_.local.flush(path);
     if (fromHere ? removeLocal(path, *action.local) : removeRemote(path, *action.device))
         report_.moved.append(path);
 }
@@ -326,64 +319,6 @@ bool SyncWorker::removeRemote(const QString& relativePath, const SyncFileEntry& 
         setup_.device.deleteRemoteFile(remote(relativePath));
     deviceEmptied_.insert(folderOf(relativePath));
     return true;
-}
-
-void SyncWorker::resolveConflict(const Action& action) {
-    const QString& path = action.relativePath;
-    begin(QStringLiteral("Downloading"), path);
-    const TemporaryCopy copy(setup_.local, path);
-    fetch(path, copy.path(), action.device->size);
-    if (setup_.local.temporarySize(copy.path()) != action.device->size ||
-        !isLocalAsScanned(action) || !isDeviceAsScanned(action)) {
-        skip(path, changedMeanwhile());
-        return;
-    }
-    if (setup_.local.hasSameContent(path, copy.path(), stop_)) {
-        toConfirm_.insert_or_assign(path, Transferred{*action.local, *action.device});
-        return;
-    }
-    if (action.deviceWins) {
-        keepLoserHere(action);
-        if (!isLocalAsScanned(action)) {
-            skip(path, changedMeanwhile());
-            return;
-        }
-        setup_.local.putInPlace(copy.path(), path, action.device->modifiedDate);
-        if (const auto arrived = setup_.local.stat(path))
-            toConfirm_.insert_or_assign(path, Transferred{*arrived, *action.device});
-    } else {
-        keepLoserOfDevice(action, copy.path());
-        begin(QStringLiteral("Uploading"), path);
-        addBytes(action.local->size);
-        if (const auto sent = send(path, &action))
-            toConfirm_.insert_or_assign(path, Transferred{*sent, {}});
-    }
-}
-
-/// The local version, under its conflict name, on both sides.
-void SyncWorker::keepLoserHere(const Action& action) {
-    setup_.local.copyTo(action.relativePath, action.detail, stop_);
-    begin(QStringLiteral("Uploading"), action.detail);
-    addBytes(action.local->size);
-    const auto sent = send(action.detail);
-    if (!sent)
-        throw TessaryError::fileIOError(
-            QStringLiteral("%1 changed while it was being copied. Sync again.").arg(action.detail));
-    toConfirm_.insert_or_assign(action.detail, Transferred{*sent, {}});
-    report_.conflicts.append(action.detail);
-}
-
-/// The device's version, which was fetched already, under its conflict name, on both sides.
-void SyncWorker::keepLoserOfDevice(const Action& action, const QString& temporary) {
-    setup_.local.putInPlace(temporary, action.detail, action.device->modifiedDate);
-    begin(QStringLiteral("Uploading"), action.detail);
-    addBytes(action.device->size);
-    const auto sent = send(action.detail);
-    if (!sent)
-        throw TessaryError::fileIOError(
-            QStringLiteral("%1 changed while it was being copied. Sync again.").arg(action.detail));
-    toConfirm_.insert_or_assign(action.detail, Transferred{*sent, {}});
-    report_.conflicts.append(action.detail);
 }
 
 SyncFiles SyncWorker::finish() {

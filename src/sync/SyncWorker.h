@@ -57,6 +57,7 @@ private:
     void addBytes(qint64 bytes);
     void confirmTransfers();
     void skip(const QString& relativePath, const QString& reason);
+    [[nodiscard]] static const QString& changedMeanwhile(); ///< a reason
     void enter(const QString& relativePath, const SyncFileEntry& local,
                const SyncFileEntry& device);
 

@@ -45,8 +45,9 @@ private:
 
 } // namespace
 
-iOSSyncBackend::iOSSyncBackend(std::unique_ptr<AFCClient> client, std::stop_token stop)
-    : client_(std::move(client)), stop_(std::move(stop)) {}
+iOSSyncBackend::iOSSyncBackend(std::unique_ptr<AFCClient> client, const QString& udid,
+                               std::stop_token stop)
+    : busy_(BusyPhones::shared(), udid), client_(std::move(client)), stop_(std::move(stop)) {}
 
 /// Pairs have paths below the app's working folder, the client those of the container.
 QString iOSSyncBackend::onDevice(const QString& path) const {
@@ -58,9 +59,9 @@ QString iOSSyncBackend::onDevice(const QString& path) const {
 }
 
 SyncScan iOSSyncBackend::scanDirectory(const QString& remoteRoot) {
-    return scanTree(remoteRoot, [this](const QString& path) {
+    return scanTree(remoteRoot, [this](const QString& path, std::vector<SkippedItem>& skipped) {
         std::vector<FileItem> items =
-            client_->listContents(onDevice(path), stop_, AFCClient::EntryFacts::required);
+            client_->listContents(onDevice(path), stop_, AFCClient::EntryFacts::required, &skipped);
         noteFolder(path);
         return items;
     });
@@ -98,7 +99,7 @@ void iOSSyncBackend::makeFolder(const QString& remotePath) {
 }
 
 void iOSSyncBackend::remove(const FileItem&, const QString& remotePath) {
-    client_->removePath(onDevice(remotePath), stop_);
+    client_->removeEntry(onDevice(remotePath), stop_);
 }
 
 void iOSSyncBackend::fetch(const FileItem& item, const QString& remotePath,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files/BusyPhones.h"
 #include "ios/AFCClient.h"
 #include "sync/PhoneSyncBackend.h"
 
@@ -12,7 +13,8 @@ namespace tessary {
 /// temporary name and renamed over the old one: neither is ever missing.
 class iOSSyncBackend final : public PhoneSyncBackend {
 public:
-    iOSSyncBackend(std::unique_ptr<AFCClient> client, std::stop_token stop);
+    /// The phone `udid` counts as busy for as long as the backend lives.
+    iOSSyncBackend(std::unique_ptr<AFCClient> client, const QString& udid, std::stop_token stop);
 
     [[nodiscard]] SyncScan scanDirectory(const QString& remoteRoot) override;
     [[nodiscard]] SyncScan scanFolder(const QString& remotePath) override;
@@ -35,6 +37,7 @@ protected:
 private:
     [[nodiscard]] QString onDevice(const QString& path) const;
 
+    const BusyPhones::Mark busy_;
     const std::unique_ptr<AFCClient> client_;
     const std::stop_token stop_;
 };

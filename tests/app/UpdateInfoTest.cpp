@@ -56,6 +56,8 @@ TEST(UpdateManifest, handEditedManifestsStillTellTheVersion) {
         {"a comma too many",
          R"({"version" : "2.0", "download_url":"https://a.example", "release_notes": "N",})", "2.0",
          QStringLiteral("N"), "https://a.example"},
+        {"blank lines without end", "{\"version\": \"2.0\",," + QByteArray(200'000, '\n'), "2.0",
+         defaultNotes, ""},
         {"broken, with a version only", R"({"version": "2.0",,,)", "2.0", defaultNotes, ""},
         {"no JSON at all", R"(<p>"version": "2.0"</p>)", "2.0", defaultNotes, ""},
     };

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <set>
 
 namespace tessary {
 
@@ -37,6 +38,7 @@ struct MemoryWorld {
     int failAt = -1;                  ///< the call that fails
     bool failsLate = false;           ///< it has done its work by then
     std::function<void()> beforeCall; ///< somebody else at work
+    std::set<QString> unflushed;      ///< files of the computer that a power cut would take
     bool isReplacing = false;         ///< the call under way removes or replaces a file
 
     [[nodiscard]] QDateTime now() {
@@ -141,8 +143,12 @@ public:
             [&] {
                 const auto node = world_.temporary.extract(temporary);
                 world_.mac[path] = {node.mapped().content, date};
+                world_.unflushed.insert(path);
             },
             true);
+    }
+    void flush(const QString& path) override {
+        world_.step([&] { world_.unflushed.erase(path); });
     }
     void discard(const QString& temporary) noexcept override {
         world_.quietStep([&] { world_.temporary.erase(temporary); });
@@ -241,6 +247,7 @@ public:
             true);
     }
     void deleteRemoteFile(const QString& remotePath) override {
+        EXPECT_FALSE(world_.unflushed.contains(below(root, remotePath)));
         world_.step([&] { world_.device.erase(below(root, remotePath)); }, true);
     }
     void cleanupEmptyRemoteDirectories(const QString& path, const QString&) override {

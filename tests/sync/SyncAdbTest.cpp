@@ -1,3 +1,4 @@
+#include "core/TessaryError.h"
 #include "files/DeviceFileService.h"
 #include "phones/VirtualUsbBus.h"
 #include "support/AdbFixture.h"
@@ -100,9 +101,15 @@ TEST_F(SyncAdbTest, editsDeletionsConflictsAndMovesGoAcross) {
     EXPECT_EQ(report.conflicts.size(), 1);
     EXPECT_EQ(below(pair_.localFolderPath), below(disk_.path(u"phone/Sync"_s)));
 
+    write(u"Sync/deep/er/moved"_s, "moved");
     pair_.syncMode = SyncMode::toMac;
     pair_.moveFilesEnabled = true;
-    EXPECT_EQ(run().moved.size(), 3);
+    EXPECT_EQ(run().moved.size(), 4);
+    EXPECT_FALSE(disk_.has(u"phone/Sync/deep"_s));
+    write(u"full/a"_s, "a");
+    const FileItem full = service_.itemAt(u"/sdcard/full"_s, device_);
+    EXPECT_THROW(service_.deleteEmptyFolder(full, device_), TessaryError);
+    EXPECT_TRUE(disk_.has(u"phone/full/a"_s));
     EXPECT_THAT(below(disk_.path(u"phone/Sync"_s)), IsEmpty());
 }
 

@@ -197,6 +197,19 @@ TEST_F(SyncRunTest, fileThatChangesDuringTheRunIsNeverLost) {
     }
 }
 
+TEST_F(SyncRunTest, fileThatGrowsWhileItIsSentIsSentAgainAndEndsNoRun) {
+    here("a", "1");
+    here("b", "2");
+    world_.beforeCall = [&] {
+        if (!world_.isReplacing || world_.failAt >= 0)
+            return;
+        here("a", "1, and more", 100);
+        world_.failAt = world_.calls; // the phone is sent more than it was told
+    };
+    EXPECT_EQ(run().uploaded.size(), 2);
+    EXPECT_EQ(world_.device.at(QStringLiteral("a")).content, "1, and more");
+}
+
 TEST_F(SyncRunTest, cancellationAtAnyCallLeavesTheManifestsAlone) {
     for (int call = 0;; ++call) {
         world_ = MemoryWorld();

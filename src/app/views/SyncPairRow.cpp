@@ -105,7 +105,10 @@ void SyncPairRow::update() {
                          .arg(printable(pair->deviceName), printable(pair->appName),
                               tessary::tr(pair->modeDisplayName())));
     QString state = trMessage(pair->status.label());
-    if (pair->status.kind == SyncStatus::Kind::syncing && pair->progress.totalFiles > 0)
+    const bool isWaiting = isRunning && pair->status.kind != SyncStatus::Kind::syncing;
+    if (isWaiting)
+        state = tessary::tr("Queued");
+    else if (pair->status.kind == SyncStatus::Kind::syncing && pair->progress.totalFiles > 0)
         state += QStringLiteral("  ") + pair->progress.filesDescription() +
                  QStringLiteral("  ·  ") + pair->progress.bytesDescription();
     else if (const QString history = sync_.manager().historyLine(id_);
@@ -113,7 +116,7 @@ void SyncPairRow::update() {
         state = pair->status.kind == SyncStatus::Kind::error ? state : trHistory(history);
     state_->setText(printable(state));
     QPalette colours;
-    if (pair->status.kind == SyncStatus::Kind::error)
+    if (pair->status.kind == SyncStatus::Kind::error && !isWaiting)
         colours.setColor(QPalette::WindowText, QColor(206, 58, 58));
     state_->setPalette(colours);
     progress_->setVisible(isRunning);

@@ -92,8 +92,7 @@ private:
     QHash<QString, QString> keys_;     ///< by id, of the folder shown
     Lane loads_;                       ///< from the disk
     Lane makes_;                       ///< from the phone
-    QString folder_;
-    std::uint64_t generation_ = 0; ///< answers of an older one are dropped
+    std::uint64_t generation_ = 0;     ///< answers of an older one are dropped
 };
 
 /// Shows thumbnails in a view of a browser's files whose delegate is a FileItemDelegate, as large

@@ -21,7 +21,7 @@ QByteArray contentOf(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly) || file.isSequential() || file.size() > longestFile)
         throw PictureError("the file cannot be read");
-    return file.read(longestFile);
+    return file.readAll(); // read(n) takes n bytes of memory before it reads
 }
 
 QByteArray formatOf(const QByteArray& bytes) {

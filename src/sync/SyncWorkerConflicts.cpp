@@ -1,0 +1,67 @@
+// Files that were changed on both sides.
+
+#include "core/TessaryError.h"
+#include "sync/SyncTemporaryCopy.h"
+#include "sync/SyncWorker.h"
+
+namespace tessary {
+
+void SyncWorker::resolveConflict(const Action& action) {
+    const QString& path = action.relativePath;
+    begin(QStringLiteral("Downloading"), path);
+    const SyncTemporaryCopy copy(setup_.local, path);
+    fetch(path, copy.path(), action.device->size);
+    if (setup_.local.temporarySize(copy.path()) != action.device->size ||
+        !isLocalAsScanned(action) || !isDeviceAsScanned(action)) {
+        skip(path, changedMeanwhile());
+        return;
+    }
+    if (setup_.local.hasSameContent(path, copy.path(), stop_)) {
+        toConfirm_.insert_or_assign(path, Transferred{*action.local, *action.device});
+        return;
+    }
+    if (action.deviceWins) {
+        keepLoserHere(action);
+        if (!isLocalAsScanned(action)) {
+            skip(path, changedMeanwhile());
+            return;
+        }
+        setup_.local.putInPlace(copy.path(), path, action.device->modifiedDate);
+        if (const auto arrived = setup_.local.stat(path))
+            toConfirm_.insert_or_assign(path, Transferred{*arrived, *action.device});
+    } else {
+        keepLoserOfDevice(action, copy.path());
+        begin(QStringLiteral("Uploading"), path);
+        addBytes(action.local->size);
+        if (const auto sent = send(path, &action))
+            toConfirm_.insert_or_assign(path, Transferred{*sent, {}});
+    }
+}
+
+/// The local version, under its conflict name, on both sides.
+void SyncWorker::keepLoserHere(const Action& action) {
+    setup_.local.copyTo(action.relativePath, action.detail, stop_);
+    begin(QStringLiteral("Uploading"), action.detail);
+    addBytes(action.local->size);
+    const auto sent = send(action.detail);
+    if (!sent)
+        throw TessaryError::fileIOError(
+            QStringLiteral("%1 changed while it was being copied. Sync again.").arg(action.detail));
+    toConfirm_.insert_or_assign(action.detail, Transferred{*sent, {}});
+    report_.conflicts.append(action.detail);
+}
+
+/// The device's version, which was fetched already, under its conflict name, on both sides.
+void SyncWorker::keepLoserOfDevice(const Action& action, const QString& temporary) {
+    setup_.local.putInPlace(temporary, action.detail, action.device->modifiedDate);
+    begin(QStringLiteral("Uploading"), action.detail);
+    addBytes(action.device->size);
+    const auto sent = send(action.detail);
+    if (!sent)
+        throw TessaryError::fileIOError(
+            QStringLiteral("%1 changed while it was being copied. Sync again.").arg(action.detail));
+    toConfirm_.insert_or_assign(action.detail, Transferred{*sent, {}});
+    report_.conflicts.append(action.detail);
+}
+
+} // namespace tessary
