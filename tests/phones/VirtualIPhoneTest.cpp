@@ -80,6 +80,7 @@ protected:
     std::string open(const char* bundleID = "org.test.notes",
                      const char* command = "VendDocuments") {
         afc_.reset();
+        houseArrest_.reset();
         idevice_t device = nullptr;
         idevice_new(&device, qPrintable(phone_->config().udid));
         device_.reset(device);
