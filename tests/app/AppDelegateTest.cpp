@@ -1,5 +1,5 @@
 #include "app/AppDelegate.h"
-#include "files/MainLoop.h"
+#include "support/MainLoop.h"
 
 #include <gmock/gmock.h>
 

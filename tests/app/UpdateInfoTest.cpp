@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
 using namespace tessary;
 
 namespace {
@@ -19,53 +20,44 @@ const QByteArray whole = R"({
 })";
 
 TEST(UpdateManifest, wholeManifestIsRead) {
-    const UpdateInfo expected{QStringLiteral("1.10.2"),
-                              QStringLiteral("42"),
-                              QStringLiteral("Faster \"copies\"."),
-                              QStringLiteral("https://tessary.example/get"),
-                              QStringLiteral("https://tessary.example"),
-                              QStringLiteral("2026-05-01"),
+    const UpdateInfo expected{u"1.10.2"_s,
+                              u"42"_s,
+                              u"Faster \"copies\"."_s,
+                              u"https://tessary.example/get"_s,
+                              u"https://tessary.example"_s,
+                              u"2026-05-01"_s,
                               true};
     EXPECT_EQ(parseUpdateManifest(whole), expected);
     EXPECT_EQ(parseUpdateManifest("\xef\xbb\xbf" + whole), expected);
 }
 
 TEST(UpdateManifest, handEditedManifestsStillTellTheVersion) {
-    const QString defaultNotes = QStringLiteral("A new version of Tessary is available.");
+    const QString defaultNotes = u"A new version of Tessary is available."_s;
     struct Row {
         const char* name;
         QByteArray body;
-        const char* version;
         QString notes;
         const char* download;
     };
     const Row rows[] = {
-        {"only a version", R"({"version": "2.0"})", "2.0", {}, ""},
-        {"other fields of other types",
-         R"({"version": "2.0", "build": 7, "mandatory": "yes"})",
-         "2.0",
-         {},
-         ""},
+        {"fields of other types", R"({"version": "2.0", "build": 7, "mandatory": "yes"})", {}, ""},
         {"notes without their quote and comma",
          "{\"version\": \"2.0\", \"release_notes\": \"New\n  \"download_url\": "
          "\"https://a.example\"}",
-         "2.0", QStringLiteral("New"), "https://a.example"},
-        {"the same with more lines",
-         "{\n  \"version\": \"2.0\",\n  \"release_notes\": \"New\n  \"pub_date\": \"today\"\n}",
-         "2.0", QStringLiteral("New\n  "), ""},
+         u"New"_s, "https://a.example"},
         {"a comma too many",
-         R"({"version" : "2.0", "download_url":"https://a.example", "release_notes": "N",})", "2.0",
-         QStringLiteral("N"), "https://a.example"},
-        {"blank lines without end", "{\"version\": \"2.0\",," + QByteArray(200'000, '\n'), "2.0",
+         R"({"version" : "2.0", "download_url":"https://a.example", "release_notes": "N",})",
+         u"N"_s, "https://a.example"},
+        {"broken, with a version only", R"({"version": "2.0",,,)", defaultNotes, ""},
+        {"no JSON at all", R"(<p>"version": "2.0"</p>)", defaultNotes, ""},
+        {"blank lines without end", "{\"version\": \"2.0\",," + QByteArray(200'000, '\n'),
          defaultNotes, ""},
-        {"broken, with a version only", R"({"version": "2.0",,,)", "2.0", defaultNotes, ""},
-        {"no JSON at all", R"(<p>"version": "2.0"</p>)", "2.0", defaultNotes, ""},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
         const auto info = parseUpdateManifest(row.body);
         ASSERT_TRUE(info.has_value());
-        EXPECT_EQ(info->version, QString::fromLatin1(row.version));
+        EXPECT_EQ(info->version, u"2.0"_s);
         EXPECT_EQ(info->releaseNotes, row.notes);
         EXPECT_EQ(info->downloadUrl, QString::fromLatin1(row.download));
         EXPECT_FALSE(info->mandatory);
@@ -83,7 +75,7 @@ TEST(UpdateManifest, withoutAVersionThereIsNothing) {
 TEST(UpdateManifest, everyCutOfAManifestIsTaken) {
     for (qsizetype size = 0; size < whole.size(); ++size) {
         const auto info = parseUpdateManifest(whole.left(size));
-        EXPECT_TRUE(!info || info->version == QStringLiteral("1.10.2")) << size;
+        EXPECT_TRUE(!info || info->version == u"1.10.2"_s) << size;
     }
 }
 

@@ -1,7 +1,7 @@
 #include "cli/CliRunner.h"
-#include "files/MainLoop.h"
 #include "platform/MemoryUserDefaults.h"
 #include "support/FakeProcessRunner.h"
+#include "support/MainLoop.h"
 #include "support/PluggedPhone.h"
 
 #include <QEventLoop>

@@ -1,6 +1,6 @@
 #include "core/MainThread.h"
 #include "core/TessaryError.h"
-#include "files/MainLoop.h"
+#include "support/MainLoop.h"
 
 #include <atomic>
 #include <thread>

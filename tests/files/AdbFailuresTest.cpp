@@ -49,16 +49,6 @@ protected:
     QtProcessRunner processes_;
 };
 
-TEST_F(AdbFailuresTest, withoutAdbThePhoneIsReachedOverMTP) {
-    phone_.write(u"over usb"_s, "1");
-    DeviceFileService service(bus_, processes_, QStringList{disk_.path(u"missing"_s)});
-    EXPECT_FALSE(service.findAdbBinary());
-    EXPECT_FALSE(service.isAdbDeviceConnected(u"SER 1"_s));
-    const auto items = service.listDirectory(u"/"_s, device());
-    ASSERT_EQ(items.size(), 1u);
-    EXPECT_EQ(items[0].name, u"over usb"_s);
-}
-
 TEST_F(AdbFailuresTest, adbThatFailsGivesAClearMessage) {
     EXPECT_THAT(listingFailure("kill -SEGV $$"), HasSubstr("adb crashed"));
     EXPECT_THAT(listingFailure("head -c 100000 /dev/zero; echo x"), HasSubstr("nonsense"));
@@ -72,25 +62,21 @@ TEST_F(AdbFailuresTest, adbThatFailsGivesAClearMessage) {
 }
 
 TEST_F(AdbFailuresTest, deviceIsNamedBySerialUnlessItIsAStandIn) {
-    const QString adb = useProgram("exit 0");
     FakeProcessRunner processes;
-    DeviceFileService service(bus_, processes, QStringList{adb});
-    DeviceInfo info = device();
-    const auto argumentsFor = [&](const QString& serial) {
+    DeviceFileService service(bus_, processes, QStringList{useProgram("exit 0")});
+    const QStringList listing{u"shell"_s, uR"(ls -la '/sdcard/it'\''s/')"_s};
+    for (const QString& serial : {u"emulator-5554"_s, u"SER 1"_s, u"USB-1234"_s, QString()}) {
+        DeviceInfo info = device();
         info.serialNumber = serial;
         try {
             (void)service.listDirectory(u"/it's"_s, info);
         } catch (const TessaryError&) {
             // Nothing answers here.
         }
-        return processes.calls().back().mid(1);
-    };
-    const QStringList listing{u"shell"_s, uR"(ls -la '/sdcard/it'\''s/')"_s};
-    EXPECT_EQ(argumentsFor(u"emulator-5554"_s),
-              (QStringList{u"-s"_s, u"emulator-5554"_s} + listing));
-    EXPECT_EQ(argumentsFor(u"SER 1"_s), (QStringList{u"-s"_s, u"SER 1"_s} + listing));
-    EXPECT_EQ(argumentsFor(u"USB-1234"_s), listing);
-    EXPECT_EQ(argumentsFor({}), listing);
+        const bool isReal = !serial.isEmpty() && !serial.startsWith(u"USB-"_s);
+        EXPECT_EQ(processes.calls().back().mid(1),
+                  (isReal ? QStringList{u"-s"_s, serial} : QStringList()) + listing);
+    }
 }
 
 TEST_F(AdbFailuresTest, twoPhonesOfOneSerialAreToldApartByTheirPlace) {

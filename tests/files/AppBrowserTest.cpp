@@ -1,13 +1,10 @@
 // The browser, its transfers and its list of apps, on a virtual iPhone by way of the real library.
 
 #include "files/AppFileAccess.h"
-#include "files/AppListViewModel.h"
 #include "files/FileBrowserViewModel.h"
-#include "files/MainLoop.h"
 #include "support/IOSFailure.h"
+#include "support/MainLoop.h"
 #include "support/PluggedIPhone.h"
-
-#include <QFileInfo>
 
 namespace tessary {
 namespace {
@@ -65,28 +62,6 @@ protected:
     std::unique_ptr<FileBrowserViewModel> browser_;
 };
 
-TEST_F(AppBrowserTest, aPhonesAppIsChosenAndItsDocumentsAreShown) {
-    AppListViewModel apps;
-    apps.setDevice(device_);
-    ASSERT_TRUE(eventually([&] { return apps.state() == AppListState::ready; }));
-    const AppInfo app = apps.apps().front();
-    browser_->connect(device_.udid, app.bundleIdentifier, app.displayName, device_, u"/"_s);
-    ASSERT_TRUE(loaded());
-    EXPECT_EQ(names(), QStringList({u"folder"_s, u"a.txt"_s}));
-    EXPECT_EQ(browser_->appName(), u"Notes"_s);
-    EXPECT_EQ(browser_->breadcrumbs().front().name, u"Documents"_s);
-    EXPECT_EQ(browser_->rootPath(), u"/"_s);
-    browser_->enterFolder(u"/folder"_s);
-    ASSERT_TRUE(loaded());
-    EXPECT_EQ(names(), QStringList(u"b.txt"_s));
-    EXPECT_EQ(browser_->filteredItems().front().path, u"/folder/b.txt"_s);
-    EXPECT_EQ(browser_->breadcrumbs().back().name, u"folder"_s);
-    browser_->goBack();
-    ASSERT_TRUE(loaded());
-    EXPECT_TRUE(browser_->canGoForward());
-    EXPECT_EQ(iphone_.count("houseArrest.VendDocuments"), 1U); // one connection for all
-}
-
 TEST_F(AppBrowserTest, copiesGoBothWaysWithProgress) {
     connect();
     here_.write(u"up/x.bin"_s, QByteArray(3 << 20, 'x'));
@@ -119,35 +94,6 @@ TEST_F(AppBrowserTest, editsReachThePhone) {
     browser_->deleteItems({u"/folder"_s});
     ASSERT_TRUE(eventually([&] { return names() == QStringList(u"new"_s); }));
     EXPECT_FALSE(iphone_.has(u"folder"_s));
-    EXPECT_FALSE(browser_->error());
-}
-
-TEST_F(AppBrowserTest, aPreviewAndADragFindTheirCopies) {
-    connect();
-    QString preview;
-    QObject::connect(browser_.get(), &FileBrowserViewModel::previewReady,
-                     [&](const QString&, const QString& path) { preview = path; });
-    browser_->cacheFileForPreview(u"/a.txt"_s);
-    ASSERT_TRUE(eventually([&] { return !preview.isEmpty(); }));
-    EXPECT_EQ(QFileInfo(preview).fileName(), u"a.txt"_s);
-    DragFiles drag;
-    browser_->prepareDragURLs({u"/a.txt"_s, u"/folder"_s},
-                              [&](const DragFiles& files) { drag = files; });
-    ASSERT_TRUE(eventually([&] { return !drag.localPaths.isEmpty(); }));
-    EXPECT_EQ(QFileInfo(drag.localPaths.front()).size(), 7);
-    EXPECT_EQ(drag.notReady.size(), 1U);
-}
-
-TEST_F(AppBrowserTest, anUnpluggedPhoneIsLostAndFoundAgain) {
-    connect();
-    iphone_.phone.unplug();
-    browser_->reload();
-    ASSERT_TRUE(eventually([&] { return browser_->state() == BrowserState::deviceLost; }));
-    EXPECT_EQ(names().size(), 2);
-    device_.handle = iphone_.phone.plugInto(iphone_.mux);
-    browser_->updateDevice(device_);
-    ASSERT_TRUE(eventually(
-        [&] { return !browser_->isLoading() && browser_->state() == BrowserState::ready; }));
     EXPECT_FALSE(browser_->error());
 }
 

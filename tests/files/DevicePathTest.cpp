@@ -1,4 +1,5 @@
 #include "files/DevicePath.h"
+#include "files/MTPHandleCache.h"
 #include "support/QtPrinters.h"
 
 #include <gtest/gtest.h>
@@ -6,40 +7,81 @@
 namespace tessary {
 namespace {
 
-struct NormalizeCase {
-    const char* name;
-    const char* given;
-    const char* expected;
-};
+using namespace Qt::StringLiterals;
 
-class NormalizePath : public testing::TestWithParam<NormalizeCase> {};
-
-TEST_P(NormalizePath, mapsOntoTheStorage) {
-    EXPECT_EQ(normalizePath(QString::fromUtf8(GetParam().given)),
-              QString::fromUtf8(GetParam().expected));
+TEST(DevicePath, pathsAreMappedOntoTheStorage) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"", "/"},
+        {" \t\r\n", "/"},
+        {"/sdcard", "/"},
+        {"/sdcard/", "/"},
+        {"/storage/emulated/0", "/"},
+        {"  /sdcard/DCIM/ \n", "/DCIM/"},
+        {"/storage/emulated/0/DCIM/Camera", "/DCIM/Camera"},
+        {"Music", "/Music"},
+        {"/My Music/a b", "/My Music/a b"},
+        {"/sdcard/sdcard/x", "/sdcard/x"}, // only one prefix is dropped
+        {"/sdcard2/x", "/sdcard2/x"},
+        {"/storage/emulated/01", "/storage/emulated/01"},
+        {"/a/sdcard/x", "/a/sdcard/x"},
+        {"/storage/131073/x", "/storage/131073/x"},
+    };
+    for (const auto& [given, expected] : rows)
+        EXPECT_EQ(normalizePath(QString::fromUtf8(given)), QString::fromUtf8(expected)) << given;
+    EXPECT_EQ(storageRelativePath(u"/sdcard/ a /b "_s), u"/ a /b "_s) << "names keep their blanks";
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Paths, NormalizePath,
-    testing::Values(NormalizeCase{"empty", "", "/"}, NormalizeCase{"onlyBlanks", " \t\r\n", "/"},
-                    NormalizeCase{"root", "/", "/"}, NormalizeCase{"sdcard", "/sdcard", "/"},
-                    NormalizeCase{"sdcardWithSlash", "/sdcard/", "/"},
-                    NormalizeCase{"emulated", "/storage/emulated/0", "/"},
-                    NormalizeCase{"emulatedWithSlash", "/storage/emulated/0/", "/"},
-                    NormalizeCase{"blanksAround", "  /sdcard/DCIM/ \n", "/DCIM/"},
-                    NormalizeCase{"belowEmulated", "/storage/emulated/0/DCIM/Camera",
-                                  "/DCIM/Camera"},
-                    NormalizeCase{"relative", "Music", "/Music"},
-                    NormalizeCase{"blanksInside", "/My Music/a b", "/My Music/a b"},
-                    NormalizeCase{"onlyOnePrefixIsDropped", "/sdcard/sdcard/x", "/sdcard/x"},
-                    NormalizeCase{"longerName", "/sdcard2/x", "/sdcard2/x"},
-                    NormalizeCase{"otherUser", "/storage/emulated/01", "/storage/emulated/01"},
-                    NormalizeCase{"prefixInside", "/a/sdcard/x", "/a/sdcard/x"},
-                    NormalizeCase{"otherStorage", "/storage/131073/x", "/storage/131073/x"}),
-    [](const auto& row) { return row.param.name; });
+QString phone(const char* udid, const char* location) {
+    return MTPHandleCache::deviceKey(QString::fromLatin1(udid), QString::fromLatin1(location));
+}
 
-TEST(DevicePath, blanksOfANameSurviveWithoutTrimming) {
-    EXPECT_EQ(storageRelativePath(QStringLiteral("/sdcard/ a /b ")), QStringLiteral("/ a /b "));
+MTPObjectKey key(const QString& device, const char* path, std::uint32_t storage = 1) {
+    return {device, storage, QString::fromLatin1(path)};
+}
+
+class MTPHandleCacheTest : public testing::Test {
+protected:
+    [[nodiscard]] bool knows(const MTPObjectKey& entry) const {
+        return cache_.find(entry).has_value();
+    }
+
+    MTPHandleCache cache_;
+};
+
+TEST_F(MTPHandleCacheTest, phonesPlacesAndStoragesShareNothing) {
+    cache_.store(key(phone("A", "1-1"), "/DCIM"), 7);
+    EXPECT_EQ(cache_.find(key(phone("A", "1-1"), "/DCIM")), 7U);
+    EXPECT_FALSE(knows(key(phone("B", "1-1"), "/DCIM")));
+    EXPECT_FALSE(knows(key(phone("A", "1-2"), "/DCIM")));
+    EXPECT_FALSE(knows(key(phone("A", "1-1"), "/DCIM", 2)));
+    EXPECT_FALSE(knows(key(phone("A", "1-1"), "/dcim")));
+}
+
+TEST_F(MTPHandleCacheTest, dropTakesWhatLiesBelowAndNothingBeside) {
+    const QString device = phone("A", "1-1");
+    for (const char* path : {"/a", "/a/b", "/a/b/c", "/ab", "/a b"})
+        cache_.store(key(device, path), 1);
+    cache_.store(key(device, "/a", 2), 1);
+    cache_.drop(key(device, "/a"));
+    for (const char* path : {"/a", "/a/b", "/a/b/c"})
+        EXPECT_FALSE(knows(key(device, path))) << path;
+    EXPECT_TRUE(knows(key(device, "/ab")));
+    EXPECT_TRUE(knows(key(device, "/a b")));
+    EXPECT_TRUE(knows(key(device, "/a", 2)));
+}
+
+TEST_F(MTPHandleCacheTest, unpluggingDropsThatPlaceAndThoseUnknown) {
+    for (const char* location : {"1-1", "11-1", "1-11", "1-1.1", ""})
+        cache_.store(key(phone("A", location), "/a"), 1);
+    cache_.dropLocation(u"1-1"_s);
+    EXPECT_FALSE(knows(key(phone("A", "1-1"), "/a")));
+    EXPECT_FALSE(knows(key(phone("A", ""), "/a")));
+    for (const char* location : {"11-1", "1-11", "1-1.1"})
+        EXPECT_TRUE(knows(key(phone("A", location), "/a"))) << location;
+
+    cache_.dropDevice(phone("A", "11-1"));
+    EXPECT_FALSE(knows(key(phone("A", "11-1"), "/a")));
+    EXPECT_TRUE(knows(key(phone("A", "1-11"), "/a")));
 }
 
 } // namespace

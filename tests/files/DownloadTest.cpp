@@ -3,6 +3,8 @@
 namespace tessary {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 class DownloadTest : public FileServiceFixture {
 protected:
     void download(const char* from, const char* to, const FileProgressCallback& progress = {},
@@ -22,12 +24,12 @@ TEST_F(DownloadTest, fileArrivesWholeWithThePhonesDateAndReplacesAnOlderOne) {
                       {"several", 1'700'001}};
     for (const auto& row : rows) {
         const QByteArray bytes = manyBytes(row.size);
-        const QString onPhone = phone().write(QStringLiteral("f.bin"), bytes);
+        const QString onPhone = phone().write(u"f.bin"_s, bytes);
         QFile file(onPhone);
         const QDateTime date(QDate(2021, 5, 6), QTime(7, 8, 9));
         ASSERT_TRUE(file.open(QIODevice::ReadWrite) &&
                     file.setFileTime(date, QFileDevice::FileModificationTime));
-        local_.write(QStringLiteral("f.bin"), "old");
+        local_.write(u"f.bin"_s, "old");
         qint64 last = -1;
         download("/f.bin", "f.bin", [&](qint64 done, qint64 total) {
             EXPECT_GE(done, last) << row.name;
@@ -35,17 +37,17 @@ TEST_F(DownloadTest, fileArrivesWholeWithThePhonesDateAndReplacesAnOlderOne) {
             last = done;
         });
         EXPECT_EQ(last, row.size) << row.name;
-        EXPECT_EQ(local_.read(QStringLiteral("f.bin")), bytes) << row.name;
-        EXPECT_EQ(QFileInfo(local_.path(QStringLiteral("f.bin"))).lastModified(), date) << row.name;
-        EXPECT_EQ(local_.names(), QStringList(QStringLiteral("f.bin")));
+        EXPECT_EQ(local_.read(u"f.bin"_s), bytes) << row.name;
+        EXPECT_EQ(QFileInfo(local_.path(u"f.bin"_s)).lastModified(), date) << row.name;
+        EXPECT_EQ(local_.names(), QStringList(u"f.bin"_s));
     }
 }
 
 TEST_F(DownloadTest, unpluggingAnywhereKeepsTheOldFileAndLeavesNoOther) {
     const QByteArray bytes = manyBytes(600'000);
-    phone().write(QStringLiteral("DCIM/f.bin"), bytes);
-    phone().write(QStringLiteral("Alarms/x"), "x");
-    local_.write(QStringLiteral("f.bin"), "old");
+    phone().write(u"DCIM/f.bin"_s, bytes);
+    phone().write(u"Alarms/x"_s, "x");
+    local_.write(u"f.bin"_s, "old");
     const FileItem file = item("/DCIM/f.bin");
     int failures = 0;
     for (const std::uint64_t after : {0, 12, 511, 512, 300'000, 600'011})
@@ -53,14 +55,13 @@ TEST_F(DownloadTest, unpluggingAnywhereKeepsTheOldFileAndLeavesNoOther) {
             phone().fault([&](VirtualFaults& faults) {
                 faults.unplug = VirtualByteFault{UsbDirection::in, after, phase};
             });
-            const QString failure = failureOf([&] {
-                service_->downloadFile(file, local_.path(QStringLiteral("f.bin")), phone().info);
-            });
+            const QString failure = failureOf(
+                [&] { service_->downloadFile(file, local_.path(u"f.bin"_s), phone().info); });
             phone().fault([](VirtualFaults& faults) { faults.unplug.reset(); });
-            const QByteArray now = local_.read(QStringLiteral("f.bin"));
+            const QByteArray now = local_.read(u"f.bin"_s);
             if (failure.isEmpty()) {
                 EXPECT_EQ(now, bytes);
-                local_.write(QStringLiteral("f.bin"), "old");
+                local_.write(u"f.bin"_s, "old");
             } else {
                 ++failures;
                 EXPECT_EQ(now, "old") << after << " bytes of phase " << phase;
@@ -73,32 +74,32 @@ TEST_F(DownloadTest, unpluggingAnywhereKeepsTheOldFileAndLeavesNoOther) {
 }
 
 TEST_F(DownloadTest, refusalKeepsTheOldFileAndThePhoneUsable) {
-    phone().write(QStringLiteral("f.bin"), manyBytes(5000));
+    phone().write(u"f.bin"_s, manyBytes(5000));
     const FileItem file = item("/f.bin");
     using enum MTPOperationCode;
     for (const MTPOperationCode operation :
          {getStorageIDs, getObjectHandles, getObjectInfo, getObject}) {
-        local_.write(QStringLiteral("f.bin"), "old");
+        local_.write(u"f.bin"_s, "old");
         phone().refuse(operation, MTPResponseCode::accessDenied);
         replug(); // nothing is known, so that every step is asked for
         const QString failure = failureOf([&] {
             service_->downloadFile(FileItem(file.name, file.path, false, 0, std::nullopt),
-                                   local_.path(QStringLiteral("f.bin")), phone().info);
+                                   local_.path(u"f.bin"_s), phone().info);
         });
         EXPECT_FALSE(failure.isEmpty()) << static_cast<int>(operation);
-        EXPECT_EQ(local_.read(QStringLiteral("f.bin")), "old") << static_cast<int>(operation);
+        EXPECT_EQ(local_.read(u"f.bin"_s), "old") << static_cast<int>(operation);
         EXPECT_EQ(local_.names().size(), 1) << static_cast<int>(operation);
         phone().fault([](VirtualFaults& faults) { faults.errors.clear(); });
     }
     // Phones without the property that tells large sizes are as good.
     phone().refuse(getObjectPropValue, MTPResponseCode::operationNotSupported);
     download("/f.bin", "f.bin");
-    EXPECT_EQ(local_.read(QStringLiteral("f.bin")), manyBytes(5000));
+    EXPECT_EQ(local_.read(u"f.bin"_s), manyBytes(5000));
 }
 
 TEST_F(DownloadTest, cancelKeepsTheOldFileAndThePhoneUsable) {
-    phone().write(QStringLiteral("f.bin"), manyBytes(3'000'000));
-    local_.write(QStringLiteral("f.bin"), "old");
+    phone().write(u"f.bin"_s, manyBytes(3'000'000));
+    local_.write(u"f.bin"_s, "old");
     for (const qint64 after : {qint64{1}, qint64{1'000'000}}) {
         std::stop_source stop;
         EXPECT_THROW(download(
@@ -109,17 +110,17 @@ TEST_F(DownloadTest, cancelKeepsTheOldFileAndThePhoneUsable) {
                          },
                          stop.get_token()),
                      CancellationError);
-        EXPECT_EQ(local_.read(QStringLiteral("f.bin")), "old");
+        EXPECT_EQ(local_.read(u"f.bin"_s), "old");
         EXPECT_EQ(local_.names().size(), 1);
     }
     EXPECT_EQ(phone().android.cancelRequests(), 2U);
     download("/f.bin", "f.bin");
-    EXPECT_EQ(local_.read(QStringLiteral("f.bin")), manyBytes(3'000'000));
+    EXPECT_EQ(local_.read(u"f.bin"_s), manyBytes(3'000'000));
 }
 
 TEST_F(DownloadTest, phoneThatSendsLessThanTheSizeItTellsIsNotBelieved) {
-    phone().write(QStringLiteral("f.bin"), manyBytes(5000));
-    local_.write(QStringLiteral("f.bin"), "old");
+    phone().write(u"f.bin"_s, manyBytes(5000));
+    local_.write(u"f.bin"_s, "old");
     // The property tells 6000 bytes of a file that has 5000.
     phone().fault([](VirtualFaults& faults) {
         faults.rewrite = [](const VirtualAnswer& answer) -> std::optional<Bytes> {
@@ -133,8 +134,8 @@ TEST_F(DownloadTest, phoneThatSendsLessThanTheSizeItTellsIsNotBelieved) {
             return container;
         };
     });
-    EXPECT_TRUE(failureOf([&] { download("/f.bin", "f.bin"); }).contains(QStringLiteral("5000")));
-    EXPECT_EQ(local_.read(QStringLiteral("f.bin")), "old");
+    EXPECT_TRUE(failureOf([&] { download("/f.bin", "f.bin"); }).contains(u"5000"_s));
+    EXPECT_EQ(local_.read(u"f.bin"_s), "old");
     EXPECT_EQ(local_.names().size(), 1);
 }
 

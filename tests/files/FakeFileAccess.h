@@ -8,7 +8,6 @@
 #include <QFile>
 #include <QStringList>
 
-#include <algorithm>
 #include <condition_variable>
 #include <functional>
 #include <map>
@@ -44,7 +43,8 @@ private:
     int waiting_ = 0;
 };
 
-/// A scripted device in memory, rooted at "/root". Thread-safe.
+/// A scripted device in memory, rooted at "/root", whose folders can be listed and emptied.
+/// Thread-safe.
 class FakeFileAccess : public FileAccess {
 public:
     /// Called before each operation, named "list /root/a", "delete b.txt", …: may wait or throw.
@@ -61,28 +61,26 @@ public:
     /// Files and, where a name ends in "/", folders (which are empty themselves).
     void fill(const QString& folder, const QStringList& names) {
         const std::scoped_lock lock(mutex_);
-        std::vector<FileItem>& items = folders_[folder];
-        for (const QString& name : names)
-            add(folder, items, name);
-    }
-    void remove(const QString& folder) {
-        const std::scoped_lock lock(mutex_);
-        folders_.erase(folder);
-        std::erase_if(folders_[parentPath(folder)],
-                      [&](const FileItem& item) { return item.path == folder; });
-    }
-    [[nodiscard]] QStringList log() const {
-        const std::scoped_lock lock(mutex_);
-        return log_;
+        for (QString name : names) {
+            const bool isFolder = name.endsWith(QLatin1Char('/'));
+            if (isFolder)
+                name.chop(1);
+            const QString path = joinPath(folder, name);
+            folders_[folder].emplace_back(name, path, isFolder, isFolder ? 0 : 10, std::nullopt);
+            if (isFolder)
+                folders_[path];
+        }
     }
     [[nodiscard]] int count(const QString& operation) const {
-        return static_cast<int>(log().count(operation));
+        const std::scoped_lock lock(mutex_);
+        return static_cast<int>(log_.count(operation));
     }
+    /// What copies of folders end with.
     void setOutcome(TransferOutcome outcome) {
         const std::scoped_lock lock(mutex_);
         outcome_ = std::move(outcome);
     }
-    /// What uploads and downloads of a file report, in this order; (done, total).
+    /// What copies of a file report, in this order; (done, total).
     void setProgress(std::vector<std::pair<qint64, qint64>> progress) {
         const std::scoped_lock lock(mutex_);
         progress_ = std::move(progress);
@@ -98,11 +96,8 @@ public:
         return {QStringLiteral("/root"), QStringLiteral("Internal Storage")};
     }
     QString canonicalPath(const QString& path) const override {
-        const QString clean =
-            path.size() > 1 && path.endsWith(QLatin1Char('/')) ? path.chopped(1) : path;
-        return clean.startsWith(QLatin1StringView("/root")) ? clean : QStringLiteral("/root");
+        return path;
     }
-
     std::vector<FileItem> listDirectory(const QString& at, const std::stop_token& stop) override {
         begin(QStringLiteral("list ") + at, stop);
         const std::scoped_lock lock(mutex_);
@@ -130,24 +125,23 @@ public:
                                               const TransferProgressCallback& progress,
                                               const std::stop_token& stop) override {
         begin(QStringLiteral("download folder ") + item.name, stop);
-        return outcome(progress);
+        const std::scoped_lock lock(mutex_);
+        progress(outcome_.progress);
+        return outcome_;
     }
-    void uploadFile(const QString& localFile, const QString& remoteParentPath,
-                    const FileProgressCallback& progress, const std::stop_token& stop) override {
+    void uploadFile(const QString& localFile, const QString&, const FileProgressCallback& progress,
+                    const std::stop_token& stop) override {
         begin(QStringLiteral("upload ") + lastComponent(localFile), stop);
         report(progress);
-        fill(canonicalPath(remoteParentPath), {lastComponent(localFile)});
     }
     TransferOutcome uploadDirectory(const QString& localFolder, const QString&,
-                                    const TransferProgressCallback& progress,
+                                    const TransferProgressCallback&,
                                     const std::stop_token& stop) override {
         begin(QStringLiteral("upload folder ") + lastComponent(localFolder), stop);
-        return outcome(progress);
+        return {};
     }
-    void createFolder(const QString& name, const QString& parent,
-                      const std::stop_token& stop) override {
+    void createFolder(const QString& name, const QString&, const std::stop_token& stop) override {
         begin(QStringLiteral("create ") + name, stop);
-        fill(parent, {name + QLatin1Char('/')});
     }
     void deleteItem(const FileItem& item, const std::stop_token& stop) override {
         begin(QStringLiteral("delete ") + item.name, stop);
@@ -155,27 +149,15 @@ public:
         std::erase_if(folders_[parentPath(item.path)],
                       [&](const FileItem& other) { return other.path == item.path; });
     }
-    void renameItem(const FileItem& item, const QString& newName,
-                    const std::stop_token& stop) override {
-        begin(QStringLiteral("rename %1 to %2").arg(item.name, newName), stop);
-        const QString folder = parentPath(item.path);
-        deleteItem(item, stop);
-        fill(folder, {newName});
+    void renameItem(const FileItem& item, const QString&, const std::stop_token& stop) override {
+        begin(QStringLiteral("rename ") + item.name, stop);
     }
-    void moveItem(const FileItem& item, const QString& newParentPath,
-                  const std::stop_token& stop) override {
-        begin(QStringLiteral("move %1 to %2").arg(item.name, newParentPath), stop);
-        deleteItem(item, stop);
-        fill(newParentPath, {item.name});
+    void moveItem(const FileItem& item, const QString&, const std::stop_token& stop) override {
+        begin(QStringLiteral("move ") + item.name, stop);
     }
     QString stageItemForDrag(const FileItem& item) override {
         begin(QStringLiteral("stage ") + item.name, {});
-        const std::scoped_lock lock(mutex_);
-        return stagingFolder_ + QLatin1Char('/') + item.name;
-    }
-    void setStagingFolder(const QString& folder) {
-        const std::scoped_lock lock(mutex_);
-        stagingFolder_ = folder;
+        return {};
     }
     QStringList programsHolding() override {
         return {};
@@ -203,28 +185,13 @@ private:
             if (progress)
                 progress(done, total);
     }
-    TransferOutcome outcome(const TransferProgressCallback& progress) {
-        const std::scoped_lock lock(mutex_);
-        progress(outcome_.progress);
-        return outcome_;
-    }
-    void add(const QString& folder, std::vector<FileItem>& items, QString name) {
-        const bool isFolder = name.endsWith(QLatin1Char('/'));
-        if (isFolder)
-            name.chop(1);
-        const QString path = joinPath(folder, name);
-        items.emplace_back(name, path, isFolder, isFolder ? 0 : 10, std::nullopt);
-        if (isFolder)
-            folders_[path];
-    }
 
-    mutable std::mutex mutex_;
+    mutable std::mutex mutex_; ///< guards all below
     Script script_;
     std::map<QString, std::vector<FileItem>> folders_{{QStringLiteral("/root"), {}}};
     QStringList log_;
     TransferOutcome outcome_;
     std::vector<std::pair<qint64, qint64>> progress_;
-    QString stagingFolder_;
 };
 
 } // namespace tessary

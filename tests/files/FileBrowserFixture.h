@@ -2,7 +2,7 @@
 
 #include "files/FakeFileAccess.h"
 #include "files/FileBrowserViewModel.h"
-#include "files/MainLoop.h"
+#include "support/MainLoop.h"
 #include "support/TemporaryFolder.h"
 
 #include <initializer_list>
@@ -53,13 +53,12 @@ protected:
     const TemporaryFolder local_;
     std::shared_ptr<FakeFileAccess> files_ = std::make_shared<FakeFileAccess>();
     PreviewCache previews_{local_.path(QStringLiteral("TessaryCache")), 100};
-    std::chrono::steady_clock::time_point now_{1h};
     TransferEngine engine_;
     TransferViewModel transfers_{engine_};
     FileBrowserViewModel browser_{transfers_,
                                   {.openAndroid = [this](const DeviceInfo&) { return files_; },
                                    .previews = &previews_,
-                                   .clock = [this] { return now_; }}};
+                                   .clock = {}}};
 };
 
 } // namespace tessary

@@ -1,14 +1,18 @@
-#include "files/FakeFileAccess.h"
 #include "files/FileBrowserFixture.h"
+#include "files/FileListModel.h"
 #include "mtp/MTPTransportError.h"
+
+#include <QAbstractItemModelTester>
+#include <QFileInfo>
 
 #include <gmock/gmock.h>
 
 namespace tessary {
 namespace {
 
+using namespace Qt::StringLiterals;
 using testing::ElementsAre;
-using testing::IsEmpty;
+using testing::UnorderedElementsAre;
 
 class FileBrowserViewModelTest : public FileBrowserFixture {
 protected:
@@ -19,97 +23,15 @@ protected:
     }
 };
 
-TEST_F(FileBrowserViewModelTest, newBrowserHasNothingToShowYet) {
-    EXPECT_EQ(browser_.currentPath(), QStringLiteral("/"));
-    EXPECT_EQ(browser_.rootPath(), QStringLiteral("/"));
-    ASSERT_EQ(browser_.breadcrumbs().size(), 1U);
-    EXPECT_EQ(browser_.breadcrumbs()[0].name, QStringLiteral("Root"));
-    EXPECT_EQ(browser_.breadcrumbs()[0].path, QStringLiteral("/"));
-    EXPECT_TRUE(browser_.isLoading());
-    EXPECT_FALSE(browser_.errorMessage());
-    EXPECT_TRUE(browser_.selectedItems().isEmpty());
-    EXPECT_EQ(browser_.viewMode(), ViewMode::list);
-    EXPECT_EQ(browser_.sortOrder().size(), 1U);
-    EXPECT_EQ(browser_.history().index(), -1);
-    EXPECT_EQ(browser_.appName(), QStringLiteral("Documents"));
-    EXPECT_FALSE(browser_.canGoBack() || browser_.canGoForward() || browser_.canNavigateUp());
-}
-
-TEST_F(FileBrowserViewModelTest, nothingCanBeDoneWithoutAConnection) {
-    browser_.navigateTo(QStringLiteral("/x"));
-    browser_.navigateUp();
-    browser_.goBack();
-    browser_.goForward();
-    browser_.reload();
-    browser_.cancelLoading();
-    browser_.loseDevice();
-    browser_.createFolder();
-    browser_.deleteItems({QStringLiteral("x")});
-    browser_.renameItem(QStringLiteral("x"), QStringLiteral("y"));
-    browser_.moveSelectedItemsToPath(QStringLiteral("/x"));
-    browser_.downloadItems({QStringLiteral("x")}, local_.path());
-    browser_.uploadFiles({local_.path()});
-    browser_.cacheFileForPreview(QStringLiteral("x"));
-    browser_.prepareDragURLs({QStringLiteral("x")}, [](const DragFiles&) { FAIL(); });
-    browser_.handleTypeahead(QStringLiteral("x"));
-    browser_.selectNextItem();
-    browser_.selectAll();
-    EXPECT_EQ(browser_.currentPath(), QStringLiteral("/"));
-    EXPECT_TRUE(transfers_.jobs().empty());
-}
-
-TEST_F(FileBrowserViewModelTest, folderIsShownWithItsPathBar) {
-    open("/root/a/deep/");
-    EXPECT_EQ(browser_.currentPath(), QStringLiteral("/root/a/deep"));
-    EXPECT_EQ(browser_.rootPath(), QStringLiteral("/root"));
-    QStringList bar;
-    for (const PathComponent& component : browser_.breadcrumbs())
-        bar << component.name + QLatin1Char('=') + component.path;
-    EXPECT_THAT(bar, ElementsAre(QStringLiteral("Internal Storage=/root"),
-                                 QStringLiteral("a=/root/a"), QStringLiteral("deep=/root/a/deep")));
-    EXPECT_THAT(names(), ElementsAre(QStringLiteral("two.txt")));
-}
-
-TEST_F(FileBrowserViewModelTest, historyGoesBackAndForward) {
+TEST_F(FileBrowserViewModelTest, hiddenEntriesAreNoLongerSelected) {
     open("/root");
-    go("/root/a");
-    go("/root/a/deep");
-    browser_.goBack();
-    EXPECT_EQ(browser_.currentPath(), QStringLiteral("/root/a"));
-    EXPECT_TRUE(browser_.canGoForward());
-    browser_.goForward();
-    EXPECT_EQ(browser_.currentPath(), QStringLiteral("/root/a/deep"));
-    EXPECT_FALSE(browser_.canGoForward());
-    browser_.goForward();
-    browser_.goBack();
-    browser_.goBack();
-    browser_.goBack();
-    EXPECT_EQ(browser_.currentPath(), QStringLiteral("/root")) << "back at the first does nothing";
-    go("/root/b");
-    EXPECT_FALSE(browser_.canGoForward()) << "a new folder drops what lay ahead";
-    browser_.navigateTo(QStringLiteral("/root/b"));
-    settle();
-    EXPECT_EQ(browser_.history().paths().size(), 2U) << "the folder shown is not recorded again";
-    browser_.navigateTo(QStringLiteral("/root/a"), false);
-    settle();
-    EXPECT_EQ(browser_.history().paths().size(), 2U);
-}
-
-TEST_F(FileBrowserViewModelTest, upStopsAtTheRootAndSelectsWhereOneCameFrom) {
-    open("/root/a/deep");
-    browser_.navigateUp();
-    settle();
-    EXPECT_EQ(browser_.currentPath(), QStringLiteral("/root/a"));
-    EXPECT_EQ(browser_.selectedItems(), QSet<QString>{QStringLiteral("/root/a/deep")});
-    browser_.navigateUp();
-    settle();
-    EXPECT_FALSE(browser_.canNavigateUp());
-    browser_.navigateUp();
-    EXPECT_EQ(browser_.currentPath(), QStringLiteral("/root"));
-    browser_.enterFolder(QStringLiteral("/root/readme.txt"));
-    EXPECT_EQ(browser_.currentPath(), QStringLiteral("/root")) << "a file cannot be entered";
-    browser_.enterFolder(QStringLiteral("/root/b"));
-    EXPECT_EQ(browser_.currentPath(), QStringLiteral("/root/b"));
+    browser_.selectAll();
+    browser_.setSearchText(u"photo"_s);
+    EXPECT_EQ(browser_.selectedItems(), QSet<QString>{u"/root/Photo.jpg"_s});
+    browser_.setSearchText(u"nothing like it"_s);
+    EXPECT_TRUE(browser_.filteredItems().empty());
+    EXPECT_EQ(browser_.items().size(), 4U);
+    EXPECT_TRUE(browser_.selectedItems().isEmpty());
 }
 
 TEST_F(FileBrowserViewModelTest, listingThatArrivesAfterTheUserWentOnIsDropped) {
@@ -117,31 +39,31 @@ TEST_F(FileBrowserViewModelTest, listingThatArrivesAfterTheUserWentOnIsDropped) 
     Gate slow;
     // The device does not notice that nobody wants the answer any more.
     files_->setScript([&](const QString& operation, const std::stop_token&) {
-        if (operation == QStringLiteral("list /root/a"))
+        if (operation == u"list /root/a"_s)
             slow.pass({});
     });
-    browser_.navigateTo(QStringLiteral("/root/a"));
+    browser_.navigateTo(u"/root/a"_s);
     ASSERT_TRUE(eventually([&] { return slow.waiting() == 1; }));
     EXPECT_TRUE(names().isEmpty());
     go("/root/a/deep");
     slow.open();
     turnFor(50ms);
-    EXPECT_THAT(names(), ElementsAre(QStringLiteral("two.txt")));
-    EXPECT_EQ(browser_.currentPath(), QStringLiteral("/root/a/deep"));
+    EXPECT_THAT(names(), ElementsAre(u"two.txt"_s));
+    EXPECT_EQ(browser_.currentPath(), u"/root/a/deep"_s);
 }
 
 TEST_F(FileBrowserViewModelTest, loadIsStoppedWhenTheUserGoesOnOrCancels) {
     Gate never;
     files_->setScript([&](const QString& operation, const std::stop_token& stop) {
-        if (operation != QStringLiteral("list /root/b"))
+        if (operation != u"list /root/b"_s)
             never.pass(stop);
     });
-    browser_.open(files_, std::nullopt, QStringLiteral("/root/a"));
+    browser_.open(files_, std::nullopt, u"/root/a"_s);
     ASSERT_TRUE(eventually([&] { return never.waiting() == 1; }));
     go("/root/b");
     ASSERT_TRUE(eventually([&] { return never.waiting() == 0; }));
 
-    browser_.navigateTo(QStringLiteral("/root/a"));
+    browser_.navigateTo(u"/root/a"_s);
     ASSERT_TRUE(eventually([&] { return never.waiting() == 1; }));
     browser_.cancelLoading();
     EXPECT_FALSE(browser_.isLoading());
@@ -150,118 +72,59 @@ TEST_F(FileBrowserViewModelTest, loadIsStoppedWhenTheUserGoesOnOrCancels) {
     ASSERT_TRUE(eventually([&] { return never.waiting() == 0; }));
 }
 
-TEST_F(FileBrowserViewModelTest, browserThatGoesEndsItsLoad) {
-    Gate never;
-    files_->setScript([&](const QString&, const std::stop_token& stop) { never.pass(stop); });
-    auto other = std::make_unique<FileBrowserViewModel>(transfers_);
-    other->open(files_, std::nullopt, QStringLiteral("/root"));
-    ASSERT_TRUE(eventually([&] { return never.waiting() == 1; }));
-    other.reset();
-    EXPECT_TRUE(eventually([&] { return never.waiting() == 0; }));
-}
-
 TEST_F(FileBrowserViewModelTest, reloadKeepsSelectionAndDropsWhatIsGone) {
     open("/root");
-    browser_.selectItem(QStringLiteral("/root/a"));
-    browser_.selectItem(QStringLiteral("/root/readme.txt"), SelectionChange::toggle);
-    files_->remove(QStringLiteral("/root/a"));
-    fill("/root", {"new.txt"});
+    browser_.selectItem(u"/root/a"_s);
+    browser_.selectItem(u"/root/readme.txt"_s, SelectionChange::toggle);
+    files_->setItems(u"/root"_s, {});
+    fill("/root", {"b/", "readme.txt", "Photo.jpg", "new.txt"});
     int resets = 0;
     QObject::connect(&browser_.rows(), &FileRows::wasReset, [&] { ++resets; });
     browser_.reload();
     EXPECT_EQ(names().size(), 4) << "rows stay while the folder is read";
     settle();
     EXPECT_EQ(resets, 0);
-    EXPECT_EQ(browser_.selectedItems(), QSet<QString>{QStringLiteral("/root/readme.txt")});
-    EXPECT_TRUE(names().contains(QStringLiteral("new.txt")));
+    EXPECT_EQ(browser_.selectedItems(), QSet<QString>{u"/root/readme.txt"_s});
+    EXPECT_TRUE(names().contains(u"new.txt"_s));
 }
 
-TEST_F(FileBrowserViewModelTest, navigatingClearsSelectionAndError) {
-    open("/root");
-    browser_.selectAll();
-    EXPECT_EQ(browser_.selectedItems().size(), 4);
-    go("/root/nowhere");
-    EXPECT_TRUE(browser_.errorMessage());
-    go("/root/a");
-    EXPECT_TRUE(browser_.selectedItems().isEmpty());
-    EXPECT_FALSE(browser_.errorMessage());
-    EXPECT_EQ(browser_.state(), BrowserState::ready);
-}
-
-TEST_F(FileBrowserViewModelTest, failureThatPassesIsForgottenByTheReload) {
-    open("/root");
-    files_->setScript([](const QString&, const std::stop_token&) {
-        throw MTPTransportError(MTPTransportError::Case::timeout);
-    });
-    browser_.reload();
-    settle();
-    EXPECT_EQ(browser_.state(), BrowserState::failed);
-    EXPECT_EQ(names().size(), 4) << "what was shown stays";
-    ASSERT_TRUE(browser_.error());
-    EXPECT_TRUE(browser_.error()->message.contains(QStringLiteral("does not answer")));
-    EXPECT_FALSE(browser_.error()->advice.isEmpty());
-    files_->setScript({});
-    browser_.reload();
-    settle();
-    EXPECT_EQ(browser_.state(), BrowserState::ready);
-    EXPECT_FALSE(browser_.error());
-}
-
-TEST_F(FileBrowserViewModelTest, folderThatWasDeletedOnThePhoneLeadsUp) {
-    open("/root");
-    go("/root/a");
-    go("/root/a/deep");
-    files_->remove(QStringLiteral("/root/a/deep"));
-    files_->remove(QStringLiteral("/root/a"));
-    browser_.reload();
-    settle();
-    EXPECT_EQ(browser_.state(), BrowserState::folderGone);
-    EXPECT_TRUE(names().isEmpty());
-    EXPECT_TRUE(browser_.errorMessage()->contains(QStringLiteral("\"deep\"")));
-    browser_.navigateUp();
-    settle();
-    EXPECT_EQ(browser_.currentPath(), QStringLiteral("/root")) << "past what is gone as well";
-    EXPECT_EQ(browser_.state(), BrowserState::ready);
-}
-
-TEST_F(FileBrowserViewModelTest, folderThatIsThereButFailsIsNotCalledGone) {
-    open("/root");
-    files_->setScript([](const QString& operation, const std::stop_token&) {
-        if (operation == QStringLiteral("list /root/a"))
-            throw TessaryError::fileIOError(QStringLiteral("odd"));
-    });
-    go("/root/a");
-    EXPECT_EQ(browser_.state(), BrowserState::failed);
-    EXPECT_EQ(browser_.errorMessage(), QStringLiteral("File I/O error: odd"));
-}
-
-TEST_F(FileBrowserViewModelTest, lostDeviceIsAStateOfItsOwn) {
-    const std::pair<const char*, std::function<void()>> rows[] = {
-        {"transport", [] { throw MTPTransportError(MTPTransportError::Case::notConnected); }},
-        {"usb",
-         [] { throw MTPTransportError::pipe(QStringLiteral("Read failed"), usb::noDevice); }},
-        {"service", [] { throw TessaryError::deviceNotFound(QStringLiteral("gone")); }},
+TEST_F(FileBrowserViewModelTest, failureKeepsTheRowsAndIsForgottenByTheReload) {
+    const std::tuple<const char*, BrowserState, std::function<void()>> rows[] = {
+        {"time-out", BrowserState::failed,
+         [] { throw MTPTransportError(MTPTransportError::Case::timeout); }},
+        {"other", BrowserState::failed, [] { throw TessaryError::fileIOError(u"odd"_s); }},
+        {"transport", BrowserState::deviceLost,
+         [] { throw MTPTransportError(MTPTransportError::Case::notConnected); }},
+        {"usb", BrowserState::deviceLost,
+         [] { throw MTPTransportError::pipe(u"Read failed"_s, usb::noDevice); }},
+        {"service", BrowserState::deviceLost,
+         [] { throw TessaryError::deviceNotFound(u"gone"_s); }},
     };
-    for (const auto& [name, raise] : rows) {
-        files_->setScript({});
-        open("/root");
-        files_->setScript([raise](const QString&, const std::stop_token&) { raise(); });
+    open("/root");
+    for (const auto& [name, state, raise] : rows) {
+        SCOPED_TRACE(name);
+        files_->setScript([raise = raise](const QString&, const std::stop_token&) { raise(); });
         browser_.reload();
         settle();
-        EXPECT_EQ(browser_.state(), BrowserState::deviceLost) << name;
-        EXPECT_EQ(names().size(), 4) << name;
-        EXPECT_TRUE(browser_.error()) << name;
+        EXPECT_EQ(browser_.state(), state);
+        EXPECT_EQ(names().size(), 4);
+        EXPECT_TRUE(browser_.error());
+        files_->setScript({});
+        browser_.reload();
+        settle();
+        EXPECT_EQ(browser_.state(), BrowserState::ready);
+        EXPECT_FALSE(browser_.error());
     }
 }
 
 TEST_F(FileBrowserViewModelTest, unpluggedDeviceComesBackWithItsFolder) {
     DeviceInfo device;
-    device.udid = QStringLiteral("phone");
+    device.udid = u"phone"_s;
     device.platform = DevicePlatform::android;
-    device.volumes = {{QStringLiteral("1"), QStringLiteral("Internal"), 10, 5, false}};
-    browser_.connectAndroid(device, QStringLiteral("/root/a"));
+    device.volumes = {{u"1"_s, u"Internal"_s, 10, 5, false}};
+    browser_.connectAndroid(device, u"/root/a"_s);
     settle();
-    browser_.selectItem(QStringLiteral("/root/a/one.txt"));
+    browser_.selectItem(u"/root/a/one.txt"_s);
     Gate never;
     files_->setScript([&](const QString&, const std::stop_token& stop) { never.pass(stop); });
     browser_.reload();
@@ -270,63 +133,222 @@ TEST_F(FileBrowserViewModelTest, unpluggedDeviceComesBackWithItsFolder) {
     EXPECT_EQ(browser_.state(), BrowserState::deviceLost);
     EXPECT_FALSE(browser_.isLoading());
     files_->setScript({});
-    device.usbLocation = QStringLiteral("2-1");
+    device.usbLocation = u"2-1"_s;
     browser_.updateDevice(device);
     settle();
     EXPECT_EQ(browser_.state(), BrowserState::ready);
-    EXPECT_EQ(browser_.currentPath(), QStringLiteral("/root/a"));
-    EXPECT_EQ(browser_.selectedItems(), QSet<QString>{QStringLiteral("/root/a/one.txt")});
+    EXPECT_EQ(browser_.currentPath(), u"/root/a"_s);
+    EXPECT_EQ(browser_.selectedItems(), QSet<QString>{u"/root/a/one.txt"_s});
     EXPECT_FALSE(browser_.error());
 }
 
-TEST_F(FileBrowserViewModelTest, unlockedPhoneIsReadAgain) {
-    DeviceInfo device;
-    device.udid = QStringLiteral("phone");
-    device.platform = DevicePlatform::android;
-    browser_.connectAndroid(device, QStringLiteral("/root"));
+TEST_F(FileBrowserViewModelTest, persistentIndexesFollowSortFilterAndReload) {
+    open("/root/a");
+    FileListModel model(browser_);
+    const QAbstractItemModelTester tester(&model,
+                                          QAbstractItemModelTester::FailureReportingMode::Fatal);
+    const auto idOf = [](const QModelIndex& index) {
+        return index.data(FileListModel::idRole).toString();
+    };
+    const QPersistentModelIndex deep(model.indexOf(u"/root/a/deep"_s));
+    const QPersistentModelIndex one(model.indexOf(u"/root/a/one.txt"_s));
+    fill("/root/a", {"aa.txt", "z.txt"});
+    browser_.reload();
     settle();
-    const int before = files_->count(QStringLiteral("list /root"));
-    device.batteryLevel = 20;
-    browser_.updateDevice(device);
-    device.volumes = {{QStringLiteral("1"), QStringLiteral("Internal"), 10, 5, false}};
-    browser_.updateDevice(device);
-    settle();
-    device.batteryLevel = 19;
-    browser_.updateDevice(device);
-    settle();
-    EXPECT_EQ(files_->count(QStringLiteral("list /root")), before + 1);
+    EXPECT_EQ(one.row(), 2);
+    model.sort(FileListModel::nameColumn, Qt::DescendingOrder);
+    EXPECT_EQ(deep.row(), 0) << "folders stay in front";
+    EXPECT_EQ(idOf(one), u"/root/a/one.txt"_s);
+    browser_.setSearchText(u"TXT"_s);
+    EXPECT_EQ(model.rowCount(), 3);
+    EXPECT_FALSE(deep.isValid());
+    EXPECT_EQ(idOf(one), u"/root/a/one.txt"_s);
+    EXPECT_FALSE(model.setData(one, u"one.txt"_s, Qt::EditRole)) << "it has that name";
+    go("/root/b");
+    EXPECT_FALSE(one.isValid());
+    EXPECT_EQ(model.rowCount(), 0);
 }
 
-TEST_F(FileBrowserViewModelTest, otherConnectionStartsWithAHistoryOfItsOwn) {
-    open("/root");
-    go("/root/a");
-    open("/root/b");
-    EXPECT_FALSE(browser_.canGoBack());
-    EXPECT_EQ(browser_.history().paths().size(), 1U);
+class FileBrowserEditTest : public FileBrowserFixture {
+protected:
+    FileBrowserEditTest() {
+        fill("/root", {"a.txt", "b.txt", "c.txt", "d.txt", "e.txt", "dir/"});
+        open("/root");
+    }
+    void failOn(const QStringList& operations, const std::function<void()>& raise) {
+        files_->setScript([operations, raise](const QString& operation, const std::stop_token&) {
+            if (operations.contains(operation))
+                raise();
+        });
+    }
+    static void raiseOdd() {
+        throw TessaryError::fileIOError(u"odd"_s);
+    }
+};
+
+TEST_F(FileBrowserEditTest, deletingSeveralReportsOnceAndGoesOn) {
+    QStringList deleted;
+    QObject::connect(&browser_, &FileBrowserViewModel::itemsDeleted,
+                     [&](const QStringList& paths) { deleted = paths; });
+    int errors = 0;
+    QObject::connect(&browser_, &FileBrowserViewModel::errorChanged, [&] { ++errors; });
+    failOn(ids({"delete b.txt", "delete d.txt"}), raiseOdd);
+    browser_.deleteItems(
+        ids({"/root/a.txt", "/root/b.txt", "/root/nowhere", "/root/c.txt", "/root/d.txt"}));
+    EXPECT_TRUE(browser_.isEditing());
+    settle();
+    EXPECT_EQ(errors, 1);
+    EXPECT_EQ(browser_.errorMessage(),
+              u"Failed to delete 2 of 4 items: b.txt (File I/O error: odd), d.txt "
+              "(File I/O error: odd)"_s);
+    EXPECT_THAT(deleted, ElementsAre(u"/root/a.txt"_s, u"/root/c.txt"_s));
+    EXPECT_THAT(names(), ElementsAre(u"dir"_s, u"b.txt"_s, u"d.txt"_s, u"e.txt"_s));
+    EXPECT_EQ(browser_.editProgress().total, 4);
 }
 
-TEST_F(FileBrowserViewModelTest, hiddenEntriesAreNoLongerSelected) {
-    open("/root");
-    browser_.selectAll();
-    browser_.setSearchText(QStringLiteral("photo"));
-    EXPECT_EQ(browser_.selectedItems(), QSet<QString>{QStringLiteral("/root/Photo.jpg")});
-    browser_.setSearchText(QStringLiteral("nothing like it"));
-    EXPECT_TRUE(browser_.filteredItems().empty());
-    EXPECT_EQ(browser_.items().size(), 4U);
-    EXPECT_TRUE(browser_.selectedItems().isEmpty());
+TEST_F(FileBrowserEditTest, lostDeviceEndsTheEditAndCountsTheRest) {
+    failOn(ids({"delete b.txt"}),
+           [] { throw MTPTransportError(MTPTransportError::Case::notConnected); });
+    browser_.deleteItems(ids({"/root/a.txt", "/root/b.txt", "/root/c.txt", "/root/d.txt"}));
+    settle();
+    EXPECT_EQ(browser_.state(), BrowserState::deviceLost);
+    EXPECT_TRUE(browser_.errorMessage()->startsWith(
+        u"Failed to delete 3 of 4 items: b.txt (The phone is not connected.)"_s))
+        << browser_.errorMessage()->toStdString();
+    EXPECT_TRUE(browser_.errorMessage()->endsWith(u"and 2 more"_s));
+    EXPECT_EQ(files_->count(u"delete c.txt"_s), 0);
 }
 
-TEST_F(FileBrowserViewModelTest, typedLettersSelectAndRepeatedOnesGoRound) {
-    fill("/root", {"photo2.jpg", "Pier.jpg"});
+TEST_F(FileBrowserEditTest, cancelledEditLeavesTheRestAndIsNoFailure) {
+    Gate gate;
+    files_->setScript([&](const QString& operation, const std::stop_token& stop) {
+        if (operation == u"delete b.txt"_s)
+            gate.pass(stop);
+    });
+    browser_.deleteItems(ids({"/root/a.txt", "/root/b.txt", "/root/c.txt"}));
+    ASSERT_TRUE(eventually([&] { return gate.waiting() == 1; }));
+    browser_.cancelEdits();
+    settle();
+    EXPECT_FALSE(browser_.error());
+    EXPECT_FALSE(names().contains(u"a.txt"_s));
+    EXPECT_TRUE(names().contains(u"b.txt"_s));
+    EXPECT_TRUE(names().contains(u"c.txt"_s));
+}
+
+TEST_F(FileBrowserEditTest, downloadKeepsWhatIsThereAndNeverLeavesTheFolder) {
+    FileItem twin(u"a.txt"_s, u"/root/a.txt"_s, false, 3, std::nullopt, 7);
+    files_->setItems(u"/root"_s, {FileItem(u"a.txt"_s, u"/root/a.txt"_s, false, 5, std::nullopt),
+                                  twin, FileItem(u".."_s, u"/root/.."_s, false, 5, std::nullopt)});
+    browser_.reload();
+    settle();
+    const QString target = local_.makeFolder(u"in"_s);
+    local_.write(u"in/a.txt"_s, "old");
+    QStringList all;
+    for (int row = 0; row < browser_.rows().count(); ++row)
+        all << browser_.rows().id(row);
+    EXPECT_EQ(browser_.namesTakenIn(target, all).size(), 2);
+    browser_.downloadItems(all, target);
+    settle();
+    EXPECT_EQ(local_.read(u"in/a.txt"_s), "old");
+    EXPECT_THAT(local_.names(u"in"_s),
+                UnorderedElementsAre(u"a.txt"_s, u"a (2).txt"_s, u"a (3).txt"_s));
+    EXPECT_THAT(
+        transfers_.jobs(),
+        testing::Contains(testing::Field(&TransferJob::status, TransferJob::TransferStatus::failed))
+            .Times(1));
+    browser_.downloadItems({u"/root/a.txt"_s}, target, NameClash::replace);
+    settle();
+    EXPECT_EQ(local_.read(u"in/a.txt"_s), "xxxxx");
+}
+
+/// The cache of the fixture holds 100 bytes.
+class FileBrowserPreviewTest : public FileBrowserFixture {
+protected:
+    FileBrowserPreviewTest() {
+        QObject::connect(&browser_, &FileBrowserViewModel::previewReady,
+                         [this](const QString& id, const QString& path) {
+                             ready_ << id;
+                             lastPath_ = path;
+                         });
+        QObject::connect(&browser_, &FileBrowserViewModel::previewFailed,
+                         [this](const QString& id, const ErrorAdvice&) { failed_ << id; });
+    }
+    static FileItem item(const QString& name, qint64 size, int day = 1) {
+        return {name, QStringLiteral("/root/") + name, false, size,
+                QDateTime(QDate(2024, 1, day), QTime(12, 0), Qt::UTC)};
+    }
+    QString fetch(const FileItem& wanted) {
+        return previews_.fetch(*files_, wanted, {}, {});
+    }
+    [[nodiscard]] int copies() const {
+        return static_cast<int>(local_.names(QStringLiteral("TessaryCache")).size());
+    }
+
+    QStringList ready_;
+    QStringList failed_;
+    QString lastPath_;
+};
+
+TEST_F(FileBrowserPreviewTest, copyIsMadeOncePerPathSizeAndDate) {
+    const FileItem original = item(u"a.jpg"_s, 10);
+    FileItem elsewhere = original;
+    elsewhere.path = u"/root/other/a.jpg"_s;
+    FileItem undated = original;
+    undated.modifiedDate.reset();
+    QSet<QString> paths;
+    for (const FileItem& version :
+         {original, original, elsewhere, undated, item(u"a.jpg"_s, 11), item(u"a.jpg"_s, 10, 2)})
+        paths.insert(fetch(version));
+    EXPECT_EQ(paths.size(), 5);
+    EXPECT_EQ(files_->count(u"download a.jpg"_s), 5);
+    EXPECT_EQ(QFileInfo(local_.path(u"TessaryCache"_s)).permissions() &
+                  (QFileDevice::ReadGroup | QFileDevice::ReadOther),
+              QFileDevice::Permissions());
+}
+
+TEST_F(FileBrowserPreviewTest, oldestCopiesGoWhenTheRoomIsFull) {
+    const FileItem a = item(QStringLiteral("a"), 40);
+    const FileItem b = item(QStringLiteral("b"), 40);
+    fetch(a);
+    std::this_thread::sleep_for(20ms);
+    fetch(b);
+    std::this_thread::sleep_for(20ms);
+    ASSERT_TRUE(previews_.find(*files_, a)); // used again: b is the oldest now
+    std::this_thread::sleep_for(20ms);
+    fetch(item(QStringLiteral("c"), 40));
+    EXPECT_TRUE(previews_.find(*files_, a));
+    EXPECT_FALSE(previews_.find(*files_, b));
+    EXPECT_EQ(copies(), 2);
+}
+
+TEST_F(FileBrowserPreviewTest, namesThatCannotLieHereGetAnother) {
+    const QString dots = fetch(item(QStringLiteral(".."), 1));
+    EXPECT_TRUE(dots.startsWith(local_.path(QStringLiteral("TessaryCache/"))));
+    EXPECT_EQ(QFileInfo(dots).fileName(), QStringLiteral("preview"));
+    const QString slash = fetch(item(QStringLiteral("x/../../../evil.jpg"), 1));
+    EXPECT_EQ(QFileInfo(slash).fileName(), QStringLiteral("preview.jpg"));
+    const QString name = QString(300, QChar(0x0635)) + QStringLiteral(".png");
+    EXPECT_EQ(QFileInfo(fetch(item(name, 1))).fileName(), QStringLiteral("preview.png"));
+    EXPECT_EQ(copies(), 3);
+}
+
+TEST_F(FileBrowserPreviewTest, browserAnswersForTheLastOneAskedFor) {
+    fill("/root", {"a.jpg", "b.jpg"});
     open("/root");
-    browser_.handleTypeahead(QStringLiteral("p"));
-    EXPECT_EQ(browser_.lastSelectedItemID(), QStringLiteral("/root/Photo.jpg"));
-    now_ += 200ms;
-    browser_.handleTypeahead(QStringLiteral("P"));
-    EXPECT_EQ(browser_.lastSelectedItemID(), QStringLiteral("/root/photo2.jpg"));
-    now_ += 900ms;
-    browser_.handleTypeahead(QStringLiteral("r"));
-    EXPECT_EQ(browser_.selectedItems(), QSet<QString>{QStringLiteral("/root/readme.txt")});
+    Gate gate;
+    files_->setScript([&](const QString& operation, const std::stop_token& stop) {
+        if (operation == QStringLiteral("download a.jpg"))
+            gate.pass(stop);
+    });
+    browser_.cacheFileForPreview(QStringLiteral("/root/a.jpg"));
+    ASSERT_TRUE(eventually([&] { return gate.waiting() == 1; }));
+    browser_.cacheFileForPreview(QStringLiteral("/root/b.jpg"));
+    ASSERT_TRUE(eventually([this] { return !ready_.isEmpty(); }));
+    ASSERT_TRUE(eventually([&] { return gate.waiting() == 0; })) << "the first was stopped";
+    turnFor(20ms);
+    EXPECT_THAT(ready_, ElementsAre(QStringLiteral("/root/b.jpg")));
+    EXPECT_TRUE(QFileInfo::exists(lastPath_));
+    EXPECT_TRUE(failed_.isEmpty());
 }
 
 } // namespace

@@ -4,12 +4,11 @@
 #include <sys/stat.h>
 
 #include <map>
-#include <thread>
 
 namespace tessary {
 namespace {
 
-using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 
 VirtualAndroidConfig smallCard() {
     VirtualAndroidConfig config;
@@ -26,35 +25,33 @@ protected:
 };
 
 TEST_F(FolderUploadTest, folderIsMergedIntoOneOfItsNameAndOddFilesAreNamed) {
-    local_.write(QStringLiteral("Trip/a.txt"), newContent);
-    local_.write(QStringLiteral("Trip/sub/b.txt"), newContent);
-    local_.write(QStringLiteral("Trip/sub/deep/c.txt"), newContent);
-    local_.makeFolder(QStringLiteral("Trip/empty"));
-    local_.write(QStringLiteral("Trip/clash/inside"), newContent);
-    local_.write(QStringLiteral("Trip/") + QString(255, QLatin1Char('n')), "x");
-    ASSERT_EQ(mkfifo(qPrintable(local_.path(QStringLiteral("Trip/pipe"))), 0600), 0);
-    QFile::link(QStringLiteral("gone"), local_.path(QStringLiteral("Trip/dangling")));
-    phone().write(QStringLiteral("Up/Trip/a.txt"), oldContent);
-    phone().write(QStringLiteral("Up/Trip/sub/theirs.txt"), oldContent);
-    phone().write(QStringLiteral("Up/Trip/clash"), "a file where a folder should be");
+    local_.write(u"Trip/a.txt"_s, newContent);
+    local_.write(u"Trip/sub/b.txt"_s, newContent);
+    local_.write(u"Trip/sub/deep/c.txt"_s, newContent);
+    local_.makeFolder(u"Trip/empty"_s);
+    local_.write(u"Trip/clash/inside"_s, newContent);
+    local_.write(u"Trip/"_s + QString(255, u'n'), "x");
+    ASSERT_EQ(mkfifo(qPrintable(local_.path(u"Trip/pipe"_s)), 0600), 0);
+    QFile::link(u"gone"_s, local_.path(u"Trip/dangling"_s));
+    phone().write(u"Up/Trip/a.txt"_s, oldContent);
+    phone().write(u"Up/Trip/sub/theirs.txt"_s, oldContent);
+    phone().write(u"Up/Trip/clash"_s, "a file where a folder should be");
     std::vector<TransferProgress> reports;
 
     const TransferOutcome outcome =
         uploadFolder("Trip", "/Up", [&](const TransferProgress& now) { reports.push_back(now); });
 
-    EXPECT_EQ(phone().content(QStringLiteral("Up/Trip/a.txt")), newContent);
-    EXPECT_EQ(phone().content(QStringLiteral("Up/Trip/sub/b.txt")), newContent);
-    EXPECT_EQ(phone().content(QStringLiteral("Up/Trip/sub/theirs.txt")), oldContent);
-    EXPECT_EQ(phone().content(QStringLiteral("Up/Trip/sub/deep/c.txt")), newContent);
-    EXPECT_EQ(phone().content(QStringLiteral("Up/Trip/clash")), "a file where a folder should be");
-    EXPECT_EQ(phone().names(QStringLiteral("Up/Trip")),
-              (QStringList{QStringLiteral("a.txt"), QStringLiteral("clash"),
-                           QStringLiteral("empty"), QStringLiteral("sub")}));
+    EXPECT_EQ(phone().content(u"Up/Trip/a.txt"_s), newContent);
+    EXPECT_EQ(phone().content(u"Up/Trip/sub/b.txt"_s), newContent);
+    EXPECT_EQ(phone().content(u"Up/Trip/sub/theirs.txt"_s), oldContent);
+    EXPECT_EQ(phone().content(u"Up/Trip/sub/deep/c.txt"_s), newContent);
+    EXPECT_EQ(phone().content(u"Up/Trip/clash"_s), "a file where a folder should be");
+    EXPECT_EQ(phone().names(u"Up/Trip"_s),
+              (QStringList{u"a.txt"_s, u"clash"_s, u"empty"_s, u"sub"_s}));
     QStringList skipped = skippedPaths(outcome);
     skipped.sort();
-    EXPECT_EQ(skipped, (QStringList{QStringLiteral("clash"), QStringLiteral("clash/inside"),
-                                    QStringLiteral("dangling"), QString(255, QLatin1Char('n')),
-                                    QStringLiteral("pipe")}));
+    EXPECT_EQ(skipped, (QStringList{u"clash"_s, u"clash/inside"_s, u"dangling"_s,
+                                    QString(255, u'n'), u"pipe"_s}));
     const qint64 size = newContent.size();
     EXPECT_EQ(reports.front(), (TransferProgress{5, 0, 4 * size + 1, 0, 0, 0}));
     EXPECT_EQ(reports.back().completedFiles, 3);
@@ -63,23 +60,22 @@ TEST_F(FolderUploadTest, folderIsMergedIntoOneOfItsNameAndOddFilesAreNamed) {
 }
 
 TEST_F(FolderUploadTest, fileThatCannotBeReadHereIsNamedAndTheRestIsSent) {
-    local_.write(QStringLiteral("Trip/a"), "a");
-    local_.write(QStringLiteral("Trip/secret"), "s");
-    local_.write(QStringLiteral("Trip/z"), "z");
+    local_.write(u"Trip/a"_s, "a");
+    local_.write(u"Trip/secret"_s, "s");
+    local_.write(u"Trip/z"_s, "z");
     QFile::setPermissions(local_.path(), QFile::Permissions(0x7777));
-    QFile::setPermissions(local_.path(QStringLiteral("Trip/secret")), QFile::Permissions());
+    QFile::setPermissions(local_.path(u"Trip/secret"_s), QFile::Permissions());
     QFile::setPermissions(phone().disk.path(), QFile::Permissions(0x7777));
-    QFile::setPermissions(phone().disk.path(QStringLiteral("0")), QFile::Permissions(0x7777));
+    QFile::setPermissions(phone().disk.path(u"0"_s), QFile::Permissions(0x7777));
     const OrdinaryUser user;
     const TransferOutcome outcome = uploadFolder("Trip", "/");
-    EXPECT_EQ(skippedPaths(outcome), QStringList(QStringLiteral("secret")));
-    EXPECT_EQ(phone().names(QStringLiteral("Trip")),
-              (QStringList{QStringLiteral("a"), QStringLiteral("z")}));
+    EXPECT_EQ(skippedPaths(outcome), QStringList(u"secret"_s));
+    EXPECT_EQ(phone().names(u"Trip"_s), (QStringList{u"a"_s, u"z"_s}));
 }
 
 TEST_F(FolderUploadTest, unpluggingEndsTheCopyAndLeavesWholeFilesOnly) {
     for (int n = 0; n < 4; ++n)
-        local_.write(QStringLiteral("Trip/%1").arg(n), QByteArray(100'000, 'x'));
+        local_.write(u"Trip/%1"_s.arg(n), QByteArray(100'000, 'x'));
     for (const std::uint64_t after : {12, 50'000})
         for (unsigned phase = 1; phase <= 9; phase += 2) {
             phone().fault([&](VirtualFaults& faults) {
@@ -88,56 +84,35 @@ TEST_F(FolderUploadTest, unpluggingEndsTheCopyAndLeavesWholeFilesOnly) {
             const QString failure = failureOf([&] { (void)uploadFolder("Trip", "/"); });
             EXPECT_EQ(failure.isEmpty(), phone().android.isPlugged()) << phase;
             phone().android.unplug(); // waits until the phone has cleaned up
-            for (const QString& name : phone().names(QStringLiteral("Trip")))
-                EXPECT_EQ(phone().content(QStringLiteral("Trip/") + name).size(), 100'000) << phase;
+            for (const QString& name : phone().names(u"Trip"_s))
+                EXPECT_EQ(phone().content(u"Trip/"_s + name).size(), 100'000) << phase;
             phone().fault([](VirtualFaults& faults) { faults.unplug.reset(); });
-            QDir(phone().disk.path(QStringLiteral("0/Trip"))).removeRecursively();
+            QDir(phone().disk.path(u"0/Trip"_s)).removeRecursively();
             replug();
         }
 }
 
 TEST_F(FolderUploadTest, cancelledFolderStopsAndLeavesWholeFilesOnly) {
     for (int n = 0; n < 6; ++n)
-        local_.write(QStringLiteral("Trip/%1").arg(n), QByteArray(700'000, 'x'));
+        local_.write(u"Trip/%1"_s.arg(n), QByteArray(2'000'000, 'x'));
     std::stop_source stop;
     EXPECT_THROW((void)uploadFolder(
                      "Trip", "/",
                      [&](const TransferProgress& now) {
-                         if (now.completedFiles < 2 || now.currentFileBytes == 0)
-                             return;
-                         awaitReceiver();
-                         stop.request_stop();
+                         if (now.completedFiles == 2 && now.currentFileBytes >= certainlyReceived)
+                             stop.request_stop();
                      },
                      stop.get_token()),
                  CancellationError);
-    EXPECT_EQ(phone().names(QStringLiteral("Trip")).size(), 2);
-}
-
-TEST_F(FolderUploadTest, listingGetsInBetweenTwoFilesOfAnUpload) {
-    for (int n = 0; n < 20; ++n)
-        local_.write(QStringLiteral("Trip/%1").arg(n), "x");
-    phone().write(QStringLiteral("Other/x"), "x");
-    std::jthread lister;
-    std::atomic<qint64> listed = -1;
-    (void)uploadFolder("Trip", "/", [&](const TransferProgress& now) {
-        if (now.completedFiles == 1 && !lister.joinable())
-            lister = std::jthread([&] { listed = static_cast<qint64>(list("/Other").size()); });
-        if (lister.joinable() && listed < 0)
-            std::this_thread::sleep_for(10ms);
-        if (now.completedFiles == 20) {
-            EXPECT_EQ(listed, 1);
-        }
-    });
-    lister.join();
-    EXPECT_EQ(phone().requests(MTPOperationCode::openSession), 1U);
+    EXPECT_EQ(phone().names(u"Trip"_s).size(), 2);
 }
 
 TEST_F(FolderUploadTest, folderOfFiftyFilesOpensOneSessionAndListsEachFolderOnce) {
     for (int n = 0; n < 50; ++n) {
-        local_.write(QStringLiteral("Trip/%1.txt").arg(n), "x");
-        phone().write(QStringLiteral("Up/Trip/%1.txt").arg(n * 2), "y");
+        local_.write(u"Trip/%1.txt"_s.arg(n), "x");
+        phone().write(u"Up/Trip/%1.txt"_s.arg(n * 2), "y");
     }
-    phone().write(QStringLiteral("Alarms/x"), "x");
+    phone().write(u"Alarms/x"_s, "x");
     (void)uploadFolder("Trip", "/Up");
     EXPECT_EQ(phone().requests(MTPOperationCode::openSession), 1U);
     std::map<std::uint32_t, int> listings;
@@ -147,7 +122,7 @@ TEST_F(FolderUploadTest, folderOfFiftyFilesOpensOneSessionAndListsEachFolderOnce
     EXPECT_EQ(listings.size(), 3U); // the root, Up, Trip
     for (const auto& [folder, count] : listings)
         EXPECT_EQ(count, 1) << folder;
-    EXPECT_EQ(phone().names(QStringLiteral("Up/Trip")).size(), 75);
+    EXPECT_EQ(phone().names(u"Up/Trip"_s).size(), 75);
 
     phone().android.clearRequestLog();
     EXPECT_TRUE(
@@ -156,9 +131,9 @@ TEST_F(FolderUploadTest, folderOfFiftyFilesOpensOneSessionAndListsEachFolderOnce
 }
 
 TEST_F(SmallCardUploadTest, fullStorageIsSaidEndsTheCopyAndLeavesNothingBehind) {
-    local_.write(QStringLiteral("Trip/a"), QByteArray(4000, 'a'));
-    local_.write(QStringLiteral("Trip/b"), QByteArray(9000, 'b'));
-    local_.write(QStringLiteral("Trip/c"), QByteArray(10, 'c'));
+    local_.write(u"Trip/a"_s, QByteArray(4000, 'a'));
+    local_.write(u"Trip/b"_s, QByteArray(9000, 'b'));
+    local_.write(u"Trip/c"_s, QByteArray(10, 'c'));
     const auto isFull = [&](auto work) {
         try {
             work();
@@ -168,15 +143,15 @@ TEST_F(SmallCardUploadTest, fullStorageIsSaidEndsTheCopyAndLeavesNothingBehind) 
         return false;
     };
     EXPECT_TRUE(isFull([&] { (void)uploadFolder("Trip", "/"); }));
-    EXPECT_EQ(phone().names(QStringLiteral("Trip")), QStringList(QStringLiteral("a")));
+    EXPECT_EQ(phone().names(u"Trip"_s), QStringList(u"a"_s));
     // The same when the phone notices only while the bytes come.
     phone().fault([](VirtualFaults& faults) { faults.storeFullAfter = 1000; });
     for (const bool keepsPartial : {false, true}) {
         phone().android.behaviour().update(
             [&](VirtualBehaviour& behaviour) { behaviour.keepsPartialObjects = keepsPartial; });
-        const QString file = local_.write(QStringLiteral("d"), QByteArray(3000, 'd'));
+        const QString file = local_.write(u"d"_s, QByteArray(3000, 'd'));
         EXPECT_TRUE(isFull([&] { upload(file, "/"); }));
-        EXPECT_EQ(phone().names(), QStringList(QStringLiteral("Trip")));
+        EXPECT_EQ(phone().names(), QStringList(u"Trip"_s));
     }
 }
 

@@ -4,6 +4,8 @@
 namespace tessary {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 constexpr qint64 size = (qint64{4} << 30) + 5'000;
 
 /// Zeros beyond 4 GiB with a mark at the end, in both directions.
@@ -24,7 +26,7 @@ protected:
 };
 
 TEST_F(LargeFileTest, moreThanFourGigabytesComeWhole) {
-    mark(phone().disk.writeSparse(QStringLiteral("0/D/film"), size));
+    mark(phone().disk.writeSparse(u"0/D/film"_s, size));
     qint64 last = 0;
     const TransferOutcome outcome = service_->downloadDirectory(
         item("/D"), local_.path(), phone().info, [&](const TransferProgress& now) {
@@ -35,11 +37,11 @@ TEST_F(LargeFileTest, moreThanFourGigabytesComeWhole) {
     EXPECT_TRUE(outcome.isComplete());
     EXPECT_EQ(outcome.progress.totalBytes, size);
     EXPECT_EQ(last, size);
-    expectMark(local_.path(QStringLiteral("D/film")), "download");
+    expectMark(local_.path(u"D/film"_s), "download");
 }
 
 TEST_F(LargeFileTest, sizeThatThePhoneCutsTo32BitsIsNotBelieved) {
-    phone().disk.writeSparse(QStringLiteral("0/D/film"), size);
+    phone().disk.writeSparse(u"0/D/film"_s, size);
     phone().android.behaviour().update(
         [](VirtualBehaviour& behaviour) { behaviour.cutsSizesTo32Bits = true; });
     EXPECT_EQ(list("/D")[0].size, 5'000) << "what a phone of that kind tells";
@@ -57,10 +59,10 @@ TEST_F(LargeFileTest, sizeThatThePhoneCutsTo32BitsIsNotBelieved) {
 }
 
 TEST_F(LargeFileTest, moreThanFourGigabytesAreSentWhole) {
-    const QString film = local_.writeSparse(QStringLiteral("film"), size);
+    const QString film = local_.writeSparse(u"film"_s, size);
     mark(film);
-    service_->uploadFile(film, QStringLiteral("/"), phone().info);
-    expectMark(phone().disk.path(QStringLiteral("0/film")), "upload");
+    service_->uploadFile(film, u"/"_s, phone().info);
+    expectMark(phone().disk.path(u"0/film"_s), "upload");
     EXPECT_EQ(list("/")[0].size, size);
 }
 

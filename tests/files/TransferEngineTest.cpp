@@ -1,11 +1,15 @@
 #include "files/TransferEngine.h"
 #include "core/CancellationError.h"
 #include "core/TessaryError.h"
+#include "core/TransferSpeed.h"
 #include "files/FakeFileAccess.h"
+#include "files/TransferJob.h"
+#include "support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 
 #include <future>
+#include <limits>
 #include <thread>
 
 #include <pthread.h>
@@ -13,6 +17,7 @@
 namespace tessary {
 namespace {
 
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 /// What the engine told, in order, and waiting for it.
@@ -84,25 +89,9 @@ protected:
     std::unique_ptr<TransferEngine> engine_ = std::make_unique<TransferEngine>();
 };
 
-TEST_F(TransferEngineTest, jobsRunOneAfterTheOtherInTheirOrder) {
-    enqueue("a", [this](const TransferProgressCallback& progress, const std::stop_token&) {
-        char name[16] = {};
-        pthread_getname_np(pthread_self(), name, sizeof name);
-        journal_.add(name);
-        progress({.completedBytes = 7});
-    });
-    enqueue("b");
-    enqueue("c");
-    ASSERT_TRUE(journal_.waitFor("done c"));
-    EXPECT_EQ(
-        journal_.entries(),
-        (std::vector<std::string>{"start a", "tessary-copy", "progress a 7", "done a", "start b",
-                                  "work b", "done b", "start c", "work c", "done c"}));
-}
-
 TEST_F(TransferEngineTest, failureReachesItsJobOnlyAndTheNextRuns) {
     enqueue("a", [](const TransferProgressCallback&, const std::stop_token&) {
-        throw TessaryError::fileIOError(QStringLiteral("full"));
+        throw TessaryError::fileIOError(u"full"_s);
     });
     enqueue("b", [](const TransferProgressCallback&, const std::stop_token&) { throw 42; });
     enqueue("c");
@@ -112,41 +101,17 @@ TEST_F(TransferEngineTest, failureReachesItsJobOnlyAndTheNextRuns) {
                                         "start c", "work c", "done c"}));
 }
 
-TEST_F(TransferEngineTest, waitingJobThatIsCancelledHearsNothing) {
+TEST_F(TransferEngineTest, cancelledJobsLetTheNextStartAndHearNothingWhenTheyHadNotBegun) {
     Gate gate;
-    enqueueHeld("a", gate);
+    const QUuid a = enqueueHeld("a", gate);
     const QUuid b = enqueue("b");
     enqueue("c");
     ASSERT_TRUE(journal_.waitFor("start a"));
     engine_->cancelJob(b);
-    gate.open();
+    engine_->cancelJob(a);
     ASSERT_TRUE(journal_.waitFor("done c"));
     EXPECT_EQ(journal_.entries(),
-              (std::vector<std::string>{"start a", "done a", "start c", "work c", "done c"}));
-    engine_->cancelJob(b); // no effect
-}
-
-TEST_F(TransferEngineTest, runningJobThatIsCancelledLetsTheNextStart) {
-    Gate gate;
-    const QUuid a = enqueueHeld("a", gate);
-    enqueue("b");
-    ASSERT_TRUE(journal_.waitFor("start a"));
-    engine_->cancelJob(a);
-    ASSERT_TRUE(journal_.waitFor("done b"));
-    EXPECT_EQ(journal_.entries(),
-              (std::vector<std::string>{"start a", "cancelled a", "start b", "work b", "done b"}));
-}
-
-TEST_F(TransferEngineTest, jobMayQueueAndCancelFromItsOwnWork) {
-    QUuid c;
-    enqueue("a", [&](const TransferProgressCallback&, const std::stop_token&) {
-        c = enqueue("c");
-        enqueue("d");
-        engine_->cancelJob(c);
-    });
-    ASSERT_TRUE(journal_.waitFor("done d"));
-    EXPECT_EQ(journal_.entries(),
-              (std::vector<std::string>{"start a", "done a", "start d", "work d", "done d"}));
+              (std::vector<std::string>{"start a", "cancelled a", "start c", "work c", "done c"}));
 }
 
 TEST_F(TransferEngineTest, stopEndsTheRunningJobAndDropsTheRest) {
@@ -210,6 +175,61 @@ TEST_F(TransferEngineTest, manyThreadsQueueAndCancelAtOnce) {
     EXPECT_EQ(overlaps, 0);
     EXPECT_GE(completed, threads * (jobs - jobs / 3 - 1));
     EXPECT_LE(completed, threads * jobs);
+}
+
+using Status = TransferJob::TransferStatus;
+
+TEST(TransferJob, fractionStaysBetweenNothingAndAll) {
+    constexpr qint64 huge = std::numeric_limits<qint64>::max();
+    const struct {
+        const char* name;
+        Status status;
+        TransferProgress progress; ///< files, of them done, bytes, done, of this file
+        double fraction;
+    } rows[] = {
+        {"nothing known", Status::inProgress, {}, 0},
+        {"half", Status::inProgress, {1, 0, 100, 30, 20, 0}, 0.5},
+        {"ran ahead", Status::inProgress, {1, 0, 100, 90, 20, 0}, 1},
+        {"negative", Status::inProgress, {1, 0, 100, -5, -5, 0}, 0},
+        {"would overflow", Status::inProgress, {1, 0, huge, huge, huge, 0}, 1},
+        {"empty files", Status::inProgress, {4, 1, 0, 0, 0, 0}, 0.25},
+        {"completed, of no bytes", Status::completed, {}, 1},
+        {"failed", Status::failed, {1, 0, 100, 30, 0, 0}, 0.3},
+    };
+    for (const auto& row : rows) {
+        TransferJob job;
+        job.status = row.status;
+        job.progress = row.progress;
+        EXPECT_DOUBLE_EQ(job.fractionDone(), row.fraction) << row.name;
+    }
+}
+
+TEST(TransferJob, whatWasLeftOutIsCountedAndNamed) {
+    const std::vector<SkippedItem> three{
+        {u"a"_s, u"too large"_s}, {u"b"_s, u"a link"_s}, {u"c\n"_s, u"odd"_s}};
+    EXPECT_EQ(skippedDescription(three, 197),
+              u"3 of 200 files were not copied: a (too large), b (a link), "
+              "c\\u000a (odd)"_s);
+    EXPECT_EQ(skippedDescription({three.front()}, 1),
+              u"1 of 2 files was not copied: a (too large)"_s);
+    EXPECT_EQ(skippedDescription({}, 5), QString());
+    EXPECT_TRUE(skippedDescription(std::vector<SkippedItem>(1000, three.front()), 0)
+                    .endsWith(u" and 997 more"_s));
+}
+
+TEST(TransferSpeed, settlesAtTheRateAndTellsTheTimeLeft) {
+    TransferSpeed speed;
+    TransferSpeed::Clock::time_point now;
+    EXPECT_FALSE(speed.timeLeft(1000));
+    for (int i = 0; i <= 100; ++i)
+        speed.update(i * 1000, now += 250ms);
+    EXPECT_NEAR(speed.bytesPerSecond(), 4000, 1);
+    EXPECT_EQ(speed.timeLeft(8000), 2s);
+
+    // Nothing arrives any more: the figure goes down, it does not stand still.
+    for (int i = 0; i < 40; ++i)
+        speed.update(100 * 1000, now += 250ms);
+    EXPECT_LT(speed.bytesPerSecond(), 400);
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #include "platform/qt/QtHttpClient.h"
 #include "core/CancellationError.h"
-#include "files/MainLoop.h"
+#include "support/MainLoop.h"
 #include "support/ScriptedHttpServer.h"
 
 #include <gmock/gmock.h>

@@ -1,5 +1,5 @@
 #include "platform/qt/SingleInstance.h"
-#include "files/MainLoop.h"
+#include "support/MainLoop.h"
 #include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
