@@ -2,11 +2,12 @@
 
 #include <atomic>
 #include <condition_variable>
-#include <map>
 #include <mutex>
 
 namespace tessary {
 namespace {
+
+using namespace Qt::StringLiterals;
 
 /// Holds up those who pass while it is closed.
 class Gate {
@@ -69,20 +70,14 @@ public:
 
     /// Changes what is attached, and tells of it when it is watched.
     void attach(std::uint64_t id) {
-        const UsbDeviceEntry entry{id,
-                                   0x18D1,
-                                   0x4EE1,
-                                   QStringLiteral("Pixel"),
-                                   QStringLiteral("Google"),
-                                   QStringLiteral("Pixel"),
-                                   QStringLiteral("A"),
-                                   QStringLiteral("1-1")};
+        const UsbDeviceEntry entry{id,          0x18D1,     0x4EE1, u"Pixel"_s,
+                                   u"Google"_s, u"Pixel"_s, u"A"_s, u"1-1"_s};
         tell({entry}, {UsbEvent::Kind::attached, entry});
     }
     void detach(std::uint64_t id) {
         UsbDeviceEntry entry;
         entry.id = id;
-        entry.location = QStringLiteral("1-1");
+        entry.location = u"1-1"_s;
         tell({}, {UsbEvent::Kind::detached, entry});
     }
     [[nodiscard]] bool isWatched() {
@@ -189,7 +184,7 @@ TEST_F(DeviceManagerOrderTest, slowScanDoesNotBringBackWhatWasUnplugged) {
     ASSERT_TRUE(eventually([&] { return udids().isEmpty(); }));
     const int before = changes_;
     scripted_.scans_.open();
-    runLoopFor(300ms);
+    turnFor(300ms);
     EXPECT_EQ(changes_, before);
 }
 
@@ -201,11 +196,11 @@ TEST_F(DeviceManagerOrderTest, deviceIsNeverAskedTwiceAtOnce) {
     for (int n = 0; n < 5; ++n) {
         manager_->refreshDeviceList(true);
         manager_->refreshStorageInfo(manager_->devices());
-        runLoopFor(20ms);
+        turnFor(20ms);
     }
     manager_->stopListening();
     manager_->startListening();
-    runLoopFor(50ms);
+    turnFor(50ms);
     EXPECT_EQ(inquiry_->questions_, 1);
     inquiry_->gate_.open();
     EXPECT_TRUE(eventually([&] { return battery().has_value(); }));

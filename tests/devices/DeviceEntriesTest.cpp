@@ -1,0 +1,206 @@
+#include "devices/AdbPhones.h"
+#include "devices/AndroidDevices.h"
+#include "devices/IOSDevices.h"
+#include "support/QtPrinters.h"
+
+#include <gmock/gmock.h>
+
+#include <array>
+
+namespace tessary {
+namespace {
+
+using namespace Qt::StringLiterals;
+using testing::ElementsAre;
+
+UsbDeviceEntry entryOf(std::uint16_t vendorID, const char* vendor, const char* product,
+                       const char* serial = "", const char* location = "1-1",
+                       std::uint64_t id = 1) {
+    UsbDeviceEntry entry;
+    entry.id = id;
+    entry.vendorID = vendorID;
+    entry.productID = 0x4EE7;
+    entry.registryName = QString::fromUtf8(product);
+    entry.vendorName = QString::fromUtf8(vendor);
+    entry.productName = QString::fromUtf8(product);
+    entry.serialNumber = QString::fromUtf8(serial);
+    entry.location = QString::fromUtf8(location);
+    return entry;
+}
+
+constexpr std::uint16_t knownVendor = 0x18D1;
+constexpr std::uint16_t unknownVendor = 0x1234;
+
+TEST(AndroidDevicesTest, vendorIsKnownByTheWholeNumber) {
+    EXPECT_TRUE(extractAndroidDevice(entryOf(knownVendor, "", "Phone")));
+    EXPECT_FALSE(extractAndroidDevice(entryOf(knownVendor ^ 0x8000, "", "Phone")));
+}
+
+TEST(AndroidDevicesTest, excludedWordsOverrideKnownVendorsAndHints) {
+    for (const char* word : {"Western Digital", "wd", "APPLE", "VIA Labs", "Burr-Brown"}) {
+        const QByteArray inside = QByteArray("<") + word + ">";
+        EXPECT_FALSE(extractAndroidDevice(entryOf(knownVendor, inside, "Android"))) << word;
+        EXPECT_FALSE(extractAndroidDevice(entryOf(knownVendor, "Google", inside))) << word;
+    }
+}
+
+TEST(AndroidDevicesTest, hintsCountForUnknownVendors) {
+    const struct {
+        const char* name;
+        const char* vendor;
+        const char* product;
+        const char* registry;
+        bool accepted;
+    } rows[] = {
+        {"product", "Acme", "my ANDROID phone", "", true},
+        {"another product", "Acme", "Galaxy S24", "", true},
+        {"the word in the vendor is no hint", "Android", "Acme", "", false},
+        {"vendor", "SAMSUNG Electronics", "SM-1", "", true},
+        {"vendor's name as the product", "Acme", "Samsung", "", true},
+        {"nothing known", "Acme", "Phone", "", false},
+        {"registry name stands in for the product", "Acme", "", "Galaxy Tab", true},
+        {"registry name is no hint beside a product", "Acme", "Phone", "Galaxy Tab", false},
+        {"registry name excludes", "Samsung", "", "Apple Hub", false},
+        {"no name counts as one of an Android", "Acme", "", "", true},
+    };
+    for (const auto& row : rows) {
+        UsbDeviceEntry entry = entryOf(unknownVendor, row.vendor, row.product);
+        entry.registryName = QString::fromUtf8(row.registry);
+        EXPECT_EQ(extractAndroidDevice(entry).has_value(), row.accepted) << row.name;
+    }
+}
+
+TEST(AndroidDevicesTest, deviceHasTheNamesOfTheRegistry) {
+    const std::array<const char*, 4> rows[] = {
+        // vendor, registry, name, manufacturer
+        {"Google", "Pixel 7", "Google Pixel 7", "Google"},
+        {"Android", "Pixel 7", "Pixel 7", "Android"},
+        {"android", "Pixel 7", "android Pixel 7", "android"},
+        {"", "", "Android Device", "Android"},
+    };
+    for (const auto& [vendor, registry, name, manufacturer] : rows) {
+        UsbDeviceEntry entry = entryOf(knownVendor, vendor, "Product");
+        entry.registryName = QString::fromUtf8(registry);
+        const auto device = extractAndroidDevice(entry);
+        ASSERT_TRUE(device);
+        EXPECT_EQ(device->deviceName, QString::fromUtf8(name));
+        EXPECT_EQ(device->manufacturer, QString::fromUtf8(manufacturer));
+    }
+}
+
+QStringList udidsOf(const std::vector<UsbDeviceEntry>& entries, const AttachedUdids& named = {}) {
+    QStringList udids;
+    for (const DeviceInfo& device : androidDevices(entries, {}, named))
+        udids.append(device.udid);
+    return udids;
+}
+
+TEST(AndroidDevicesTest, phonesThatShareASerialNumberAreToldApartByLocation) {
+    for (const char* serial : {"", "0123456789ABCDEF"}) {
+        const std::vector entries{entryOf(knownVendor, "", "A", serial, "1-1", 1),
+                                  entryOf(knownVendor, "", "A", serial, "1-2", 2),
+                                  entryOf(knownVendor, "", "A", serial, "1-3", 3)};
+        const QString base = *serial ? QString::fromLatin1(serial) : u"USB-6353-20199"_s;
+        EXPECT_THAT(udidsOf(entries), ElementsAre(base, base + QLatin1StringView("-1-2"),
+                                                  base + QLatin1StringView("-1-3")));
+        for (const DeviceInfo& device : androidDevices(entries, {}))
+            EXPECT_EQ(device.serialNumber, base);
+    }
+}
+
+TEST(AndroidDevicesTest, udidStaysWithItsAttachment) {
+    const auto first = entryOf(knownVendor, "", "A", "S", "1-1", 1);
+    const auto second = entryOf(knownVendor, "", "A", "S", "1-2", 2);
+    const auto third = entryOf(knownVendor, "", "A", "S", "1-0", 3);
+    const AttachedUdids named{{1, u"S"_s}, {2, u"S-1-2"_s}};
+    EXPECT_THAT(udidsOf({second}, named), ElementsAre(u"S-1-2"_s));
+    // A newcomer in front of the others takes no name from them.
+    EXPECT_THAT(udidsOf({third, first, second}, named),
+                ElementsAre(u"S-1-0"_s, u"S"_s, u"S-1-2"_s));
+}
+
+TEST(AndroidDevicesTest, serialNumberThatLooksLikeAnotherPhonesUdidStaysUnique) {
+    const std::vector entries{entryOf(knownVendor, "", "A", "S", "1-1", 1),
+                              entryOf(knownVendor, "", "A", "S-1-3", "1-2", 2),
+                              entryOf(knownVendor, "", "A", "S", "1-3", 3)};
+    EXPECT_THAT(udidsOf(entries), ElementsAre(u"S"_s, u"S-1-3"_s, u"S-1-3-1-3"_s));
+}
+
+TEST(AndroidDevicesTest, acceptedIdsOverrideEveryRule) {
+    const std::vector entries{entryOf(0x46F4, "QEMU", "Acme"),
+                              entryOf(unknownVendor, "Apple", "Hub")};
+    EXPECT_TRUE(androidDevices(entries, {}).empty());
+    const std::array ids{UsbIds{0x46F4, 0x4EE7}, UsbIds{unknownVendor, 0x4EE7},
+                         UsbIds{0x46F4, 0x0001}};
+    EXPECT_EQ(androidDevices(entries, ids).size(), 2U);
+    EXPECT_TRUE(androidDevices(entries, std::span(ids).last(1)).empty());
+}
+
+DeviceInfo onBus(const QString& serial, const QString& location) {
+    DeviceInfo phone;
+    phone.platform = DevicePlatform::android;
+    phone.protocolMode = ProtocolMode::mtp;
+    phone.udid = phone.serialNumber.emplace(serial);
+    phone.usbLocation = location;
+    return phone;
+}
+
+AdbDevice reached(const QString& serial, const QString& state, const QString& path = {}) {
+    return {serial, state, path, u"Pixel 7"_s, u"1"_s, {}};
+}
+
+TEST(AdbPhonesTest, phoneThatBothKnowIsOneEntryInTurboMode) {
+    std::vector<DeviceInfo> phones{onBus(u"A"_s, u"1-1"_s), onBus(u"B"_s, u"1-2"_s)};
+    addAdbPhones(phones, {reached(u"A"_s, u"device"_s, u"usb:1-1"_s),
+                          reached(u"B"_s, u"unauthorized"_s, u"usb:1-2"_s)});
+    ASSERT_EQ(phones.size(), 2u);
+    EXPECT_EQ(phones[0].protocolMode, ProtocolMode::adbTurbo);
+    EXPECT_EQ(phones[1].protocolMode, ProtocolMode::mtp);
+}
+
+TEST(AdbPhonesTest, phoneOnTheNetworkThatIsAlsoPluggedInStaysOneEntry) {
+    std::vector<DeviceInfo> phones{onBus(u"SERIAL"_s, u"1-1"_s)};
+    AdbDevice device = reached(u"10.0.0.2:5555"_s, u"device"_s);
+    device.phoneSerial = u"SERIAL"_s;
+    addAdbPhones(phones, {device});
+    ASSERT_EQ(phones.size(), 1u);
+    EXPECT_EQ(phones[0].protocolMode, ProtocolMode::adbTurbo);
+}
+
+TEST(AdbPhonesTest, twinsOfOneSerialAreToldApartByTheirPlace) {
+    std::vector<DeviceInfo> phones{onBus(u"TWIN"_s, u"1-1"_s), onBus(u"TWIN"_s, u"1-2"_s)};
+    addAdbPhones(phones, {reached(u"TWIN"_s, u"device"_s, u"usb:1-2"_s)});
+    ASSERT_EQ(phones.size(), 2u);
+    EXPECT_EQ(phones[0].protocolMode, ProtocolMode::mtp);
+    EXPECT_EQ(phones[1].protocolMode, ProtocolMode::adbTurbo);
+}
+
+constexpr ConnectionType cable = ConnectionType::usb;
+constexpr ConnectionType wifi = ConnectionType::network;
+
+MultiplexerEntry entry(const char* udid, std::uint32_t handle, ConnectionType type) {
+    return {QString::fromLatin1(udid), handle, 0x12A8, type};
+}
+
+TEST(IOSDevices, aPhoneOnCableAndWifiIsOneDeviceOnTheCable) {
+    const struct {
+        const char* name;
+        std::vector<MultiplexerEntry> entries;
+        std::uint32_t handle;
+        ConnectionType type;
+    } rows[] = {
+        {"wifiFirst", {entry("a", 1, wifi), entry("a", 2, cable)}, 2, cable},
+        {"cableFirst", {entry("a", 1, cable), entry("a", 2, wifi)}, 1, cable},
+        {"twiceOnWifi", {entry("a", 1, wifi), entry("a", 2, wifi)}, 1, wifi},
+        {"twiceOnCable", {entry("a", 1, cable), entry("a", 2, cable)}, 1, cable},
+    };
+    for (const auto& row : rows) {
+        const auto devices = iosDevices(row.entries);
+        ASSERT_EQ(devices.size(), 1U) << row.name;
+        EXPECT_EQ(devices.front().handle, row.handle) << row.name;
+        EXPECT_EQ(devices.front().connectionType, row.type) << row.name;
+    }
+}
+
+} // namespace
+} // namespace tessary
