@@ -11,6 +11,7 @@
 
 #include <thread>
 
+using namespace Qt::StringLiterals;
 using namespace tessary;
 using namespace std::chrono_literals;
 
@@ -82,7 +83,7 @@ QByteArray replaced(QByteArray bytes, const QByteArray& before, const QByteArray
 class PictureDecoderTest : public testing::Test {
 protected:
     Picture decode(const QByteArray& bytes, int maxSide = 100, int page = 0) {
-        return decoder_.decode({folder_.write(QStringLiteral("file"), bytes), maxSide, page}, {});
+        return decoder_.decode({folder_.write(u"file"_s, bytes), maxSide, page}, {});
     }
 
     TemporaryFolder folder_;
@@ -180,8 +181,8 @@ TEST_F(PictureDecoderTest, brokenBytesNeverDoMoreThanFail) {
 
 TEST_F(PictureDecoderTest, programThatHangsCrashesOrTalksNonsenseIsAnError) {
     const auto shell = [this](const char* script) {
-        const PictureDecoder decoder(QStringLiteral("/bin/sh"), 500ms);
-        return decoder.decode({folder_.write(QStringLiteral("script"), script), 64, 0}, {});
+        const PictureDecoder decoder(u"/bin/sh"_s, 500ms);
+        return decoder.decode({folder_.write(u"script"_s, script), 64, 0}, {});
     };
     QElapsedTimer clock;
     clock.start();
@@ -189,22 +190,24 @@ TEST_F(PictureDecoderTest, programThatHangsCrashesOrTalksNonsenseIsAnError) {
          {"kill -SEGV $$", "echo nonsense", "exit 1", "", "exec cat /dev/zero"})
         EXPECT_THROW((void)shell(script), PictureError) << script;
     EXPECT_THROW((void)shell("exec sleep 60"), PictureTimeoutError);
-    EXPECT_THROW((void)PictureDecoder(QStringLiteral("/no/such/program")).decode({}, {}),
-                 PictureError);
+    EXPECT_THROW((void)PictureDecoder(u"/no/such/program"_s).decode({}, {}), PictureError);
     EXPECT_THROW((void)PictureDecoder(QString()).decode({}, {}), PictureError);
     EXPECT_LT(clock.elapsed(), 20'000);
 }
 
 TEST_F(PictureDecoderTest, decodingStopsWhenItIsAskedTo) {
+    const QString begun = folder_.path(u"begun"_s);
     std::stop_source stop;
-    const std::jthread later([&stop] {
-        std::this_thread::sleep_for(200ms);
+    const std::jthread later([&](const std::stop_token& given) {
+        while (!QFile::exists(begun) && !given.stop_requested())
+            std::this_thread::sleep_for(5ms);
         stop.request_stop();
     });
     QElapsedTimer clock;
     clock.start();
-    const PictureDecoder slow(QStringLiteral("/bin/sh"));
-    const QString script = folder_.write(QStringLiteral("script"), "exec sleep 60");
+    const PictureDecoder slow(u"/bin/sh"_s);
+    const QString script =
+        folder_.write(u"script"_s, "touch '" + begun.toUtf8() + "'; exec sleep 60");
     EXPECT_THROW((void)slow.decode({script, 64, 0}, stop.get_token()), CancellationError);
     EXPECT_LT(clock.elapsed(), 10'000);
 }

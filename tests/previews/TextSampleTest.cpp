@@ -1,5 +1,4 @@
 #include "app/previews/TextSample.h"
-#include "app/previews/PreviewKind.h"
 #include "app/previews/ThumbnailCache.h"
 #include "support/QtPrinters.h"
 #include "support/TemporaryFolder.h"
@@ -8,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
 using namespace tessary;
 
 namespace {
@@ -21,7 +21,7 @@ QByteArray in(QStringConverter::Encoding encoding, const QString& text, bool mar
 } // namespace
 
 TEST(TextSample, encodingIsGuessed) {
-    const QString umlauts = QStringLiteral("Größe, Übermut und Äpfel\n");
+    const QString umlauts = u"Größe, Übermut und Äpfel\n"_s;
     using Code = QStringConverter;
     const std::pair<const char*, QByteArray> rows[] = {
         {"UTF-8", umlauts.toUtf8()},
@@ -57,53 +57,37 @@ TEST(TextSample, bytesThatAreNoTextAreNotShownAsOne) {
     };
     for (const auto& [name, bytes] : rows)
         EXPECT_FALSE(textSampleOf(bytes)) << name;
-    EXPECT_FALSE(readTextSample(QStringLiteral("/no/such/file")));
+    EXPECT_FALSE(readTextSample(u"/no/such/file"_s));
 }
 
 TEST(TextSample, longTextIsCutWithoutBreakingACharacter) {
     const TemporaryFolder folder;
     const QByteArray bytes = "x" + QByteArray("é").repeated(TextSample::maxBytes);
-    const auto sample = readTextSample(folder.write(QStringLiteral("long.txt"), bytes));
+    const auto sample = readTextSample(folder.write(u"long.txt"_s, bytes));
     ASSERT_TRUE(sample);
     EXPECT_TRUE(sample->isCut);
     EXPECT_EQ(sample->text.size(), 1 + (TextSample::maxBytes - 1) / 2);
     EXPECT_FALSE(sample->text.contains(QChar::ReplacementCharacter));
 }
 
-TEST(PreviewKind, followsTheExtensionAndTheSize) {
-    const auto kind = [](const char* name, bool isFolder = false) {
-        return previewKindOf({QString::fromUtf8(name), {}, isFolder, 1, {}});
-    };
-    EXPECT_EQ(kind("a.JPG"), PreviewKind::picture);
-    EXPECT_EQ(kind("a.heic"), PreviewKind::picture);
-    EXPECT_EQ(kind("a.pdf"), PreviewKind::document);
-    EXPECT_EQ(kind("a.md"), PreviewKind::text);
-    for (const char* name : {"a", "a.", ".jpg jpeg", "a.mp4", "a.j"})
-        EXPECT_EQ(kind(name), PreviewKind::facts) << name;
-    EXPECT_EQ(kind("a.jpg", true), PreviewKind::facts);
-    for (const qint64 size : {qint64{0}, thumbnailLimit + 1})
-        EXPECT_FALSE(hasThumbnail({QStringLiteral("a.jpg"), {}, false, size, {}}));
-    EXPECT_TRUE(hasThumbnail({QStringLiteral("a.jpg"), {}, false, thumbnailLimit, {}}));
-}
-
 TEST(ThumbnailCache, keepsWhatFitsAndForgetsWhatItCannotRead) {
     const TemporaryFolder folder;
-    ThumbnailCache cache(folder.path(QStringLiteral("cache")), 3'000);
+    ThumbnailCache cache(folder.path(u"cache"_s), 3'000);
     QImage image(64, 48, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::green);
-    cache.store(QStringLiteral("one"), image);
-    const auto loaded = cache.load(QStringLiteral("one"));
+    cache.store(u"one"_s, image);
+    const auto loaded = cache.load(u"one"_s);
     ASSERT_TRUE(loaded);
     EXPECT_EQ(loaded->size(), image.size());
     EXPECT_EQ(loaded->pixelColor(3, 3), QColor(Qt::green));
-    EXPECT_FALSE(cache.load(QStringLiteral("two")));
-    folder.write(QStringLiteral("cache/two.png"), "no picture");
-    EXPECT_FALSE(cache.load(QStringLiteral("two")));
+    EXPECT_FALSE(cache.load(u"two"_s));
+    folder.write(u"cache/two.png"_s, "no picture");
+    EXPECT_FALSE(cache.load(u"two"_s));
     for (int i = 0; i < 100; ++i)
         cache.store(QString::number(i), image);
     qint64 bytes = 0;
-    for (const QString& name : folder.names(QStringLiteral("cache")))
-        bytes += folder.read(QStringLiteral("cache/") + name).size();
+    for (const QString& name : folder.names(u"cache"_s))
+        bytes += folder.read(u"cache/"_s + name).size();
     EXPECT_LE(bytes, 3'300);
     EXPECT_GT(bytes, 0);
 }

@@ -9,12 +9,14 @@
 namespace tessary {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 /// A window with an iPhone and no other phone, used by mouse and keyboard.
 class IPhoneWindowTest : public ::testing::Test {
 protected:
     IPhoneWindowTest() {
         Background::restart();
-        phone_.write(QStringLiteral("letter.txt"), "dear");
+        phone_.write(u"letter.txt"_s, "dear");
         app_ = std::make_unique<TessaryApp>(DeviceSources(bus_, &multiplexer_), files_,
                                             TessaryAppSetup{});
         window_ = std::make_unique<MainWindow>(
@@ -34,7 +36,7 @@ protected:
         return QTest::qWaitFor(condition, windowPatience);
     }
     [[nodiscard]] QListView& appList() const {
-        return *window_->findChild<QListView*>(QStringLiteral("appList"));
+        return *window_->findChild<QListView*>(u"appList"_s);
     }
     [[nodiscard]] bool showsApps() const {
         return appList().isVisible() && appList().model()->rowCount() > 0;
@@ -42,7 +44,7 @@ protected:
     [[nodiscard]] bool showsLetter() const {
         const auto& items = window_->browser().items();
         return !window_->browser().isLoading() && items.size() == 1 &&
-               items.front().name == QStringLiteral("letter.txt");
+               items.front().name == u"letter.txt"_s;
     }
     void clickFirstApp() {
         const QModelIndex first = appList().model()->index(0, 0);
@@ -62,8 +64,8 @@ protected:
 
 TEST_F(IPhoneWindowTest, appIsChosenAndItsDocumentsAreCopied) {
     ASSERT_TRUE(wait([this] { return showsApps(); }));
-    auto& search = *window_->findChild<QLineEdit*>(QStringLiteral("appSearch"));
-    QTest::keyClicks(&search, QStringLiteral("zzz"));
+    auto& search = *window_->findChild<QLineEdit*>(u"appSearch"_s);
+    QTest::keyClicks(&search, u"zzz"_s);
     EXPECT_TRUE(wait([this] { return !appList().isVisible(); }));
     QTest::keyClick(&search, Qt::Key_Escape);
     ASSERT_TRUE(wait([this] { return showsApps(); }));
@@ -72,13 +74,13 @@ TEST_F(IPhoneWindowTest, appIsChosenAndItsDocumentsAreCopied) {
 
     window_->browser().selectAll();
     window_->browserView().actions().download->trigger();
-    EXPECT_TRUE(wait([this] { return local_.read(QStringLiteral("letter.txt")) == "dear"; }));
+    EXPECT_TRUE(wait([this] { return local_.read(u"letter.txt"_s) == "dear"; }));
 
     window_->browser().clearSelection();
     window_->browserView().actions().favorite->trigger();
     window_->browserView().actions().apps->trigger();
     EXPECT_TRUE(wait([this] { return showsApps(); }));
-    auto& favorites = *window_->findChild<QListView*>(QStringLiteral("favoriteList"));
+    auto& favorites = *window_->findChild<QListView*>(u"favoriteList"_s);
     QCoreApplication::processEvents();
     QTest::mouseClick(favorites.viewport(), Qt::LeftButton, {},
                       favorites.visualRect(favorites.model()->index(0, 0)).center());

@@ -1,39 +1,38 @@
 #include "WindowFixture.h"
-#include "app/views/StatusBanner.h"
 #include "support/StallWatch.h"
 
 #include <QDragEnterEvent>
 #include <QLineEdit>
 #include <QMimeData>
-#include <QPushButton>
-#include <QSignalSpy>
 
 namespace tessary {
 namespace {
+
+using namespace Qt::StringLiterals;
 
 class MainWindowTest : public WindowFixture {};
 
 TEST_F(MainWindowTest, foldersAreEnteredAndLeftByMouseAndKeys) {
     openFolder();
     press(Qt::Key_Left, Qt::AltModifier);
-    EXPECT_TRUE(wait([this] { return isShown(QStringLiteral("readme.md")); }));
+    EXPECT_TRUE(wait([this] { return isShown(u"readme.md"_s); }));
     press(Qt::Key_Right, Qt::AltModifier);
-    EXPECT_TRUE(wait([this] { return isShown(QStringLiteral("beta.txt")); }));
-    click(QStringLiteral("Trip"));
+    EXPECT_TRUE(wait([this] { return isShown(u"beta.txt"_s); }));
+    click(u"Trip"_s);
     press(Qt::Key_Return);
-    EXPECT_TRUE(wait([this] { return isShown(QStringLiteral("one.txt")); }));
+    EXPECT_TRUE(wait([this] { return isShown(u"one.txt"_s); }));
     press(Qt::Key_Backspace);
-    EXPECT_TRUE(wait([this] { return isShown(QStringLiteral("Trip")); }));
-    EXPECT_EQ(window_->browser().currentPath(), QStringLiteral("/sdcard/DCIM"));
+    EXPECT_TRUE(wait([this] { return isShown(u"Trip"_s); }));
+    EXPECT_EQ(window_->browser().currentPath(), u"/sdcard/DCIM"_s);
 }
 
 TEST_F(MainWindowTest, typingSelectsAndTheFilterNarrows) {
     openFolder();
     table().setFocus();
-    QTest::keyClicks(&table(), QStringLiteral("be"));
-    EXPECT_EQ(selectedNames(), QStringList{QStringLiteral("beta.txt")});
+    QTest::keyClicks(&table(), u"be"_s);
+    EXPECT_EQ(selectedNames(), QStringList{u"beta.txt"_s});
     press(Qt::Key_F, Qt::ControlModifier);
-    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("ALPHA"));
+    QTest::keyClicks(QApplication::focusWidget(), u"ALPHA"_s);
     EXPECT_TRUE(wait([this] { return table().model()->rowCount() == 1; }));
     press(Qt::Key_Escape);
     EXPECT_TRUE(wait([this] { return table().model()->rowCount() == 3; }));
@@ -41,11 +40,11 @@ TEST_F(MainWindowTest, typingSelectsAndTheFilterNarrows) {
 
 TEST_F(MainWindowTest, severalRowsAreSelectedAsOnTheDesktop) {
     openFolder();
-    click(QStringLiteral("alpha.txt"));
-    click(QStringLiteral("Trip"), Qt::ControlModifier);
+    click(u"alpha.txt"_s);
+    click(u"Trip"_s, Qt::ControlModifier);
     EXPECT_EQ(selectedNames().size(), 2);
-    click(QStringLiteral("Trip"));
-    click(QStringLiteral("beta.txt"), Qt::ShiftModifier);
+    click(u"Trip"_s);
+    click(u"beta.txt"_s, Qt::ShiftModifier);
     EXPECT_EQ(selectedNames().size(), 3);
     press(Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(selectedNames().size(), 3);
@@ -53,37 +52,31 @@ TEST_F(MainWindowTest, severalRowsAreSelectedAsOnTheDesktop) {
 
 TEST_F(MainWindowTest, renamingInPlaceReachesThePhone) {
     openFolder();
-    click(QStringLiteral("alpha.txt"));
+    click(u"alpha.txt"_s);
     press(Qt::Key_F2);
     auto* editor = table().findChild<QLineEdit*>();
     ASSERT_NE(editor, nullptr);
-    EXPECT_TRUE(wait([editor] { return editor->selectedText() == QStringLiteral("alpha"); }));
-    QTest::keyClicks(editor, QStringLiteral("gamma"));
+    EXPECT_TRUE(wait([editor] { return editor->selectedText() == u"alpha"_s; }));
+    QTest::keyClicks(editor, u"gamma"_s);
     QTest::keyClick(editor, Qt::Key_Return);
-    EXPECT_TRUE(wait([this] { return isShown(QStringLiteral("gamma.txt")); }));
-    EXPECT_EQ(phone_.content(QStringLiteral("DCIM/gamma.txt")), "a");
-    EXPECT_TRUE(phone_.content(QStringLiteral("DCIM/alpha.txt")).isNull());
+    EXPECT_TRUE(wait([this] { return isShown(u"gamma.txt"_s); }));
+    EXPECT_EQ(phone_.content(u"DCIM/gamma.txt"_s), "a");
+    EXPECT_TRUE(phone_.content(u"DCIM/alpha.txt"_s).isNull());
 }
 
 TEST_F(MainWindowTest, deletingAsksFirst) {
     openFolder();
     for (const bool confirms : {false, true}) {
-        click(QStringLiteral("beta.txt"));
+        click(u"beta.txt"_s);
         bool wasAsked = false;
-        QTimer::singleShot(200, window_.get(), [&] {
-            QWidget* question = QApplication::activeModalWidget();
-            ASSERT_NE(question, nullptr);
+        whileAsked(confirms ? u"Delete"_s : u"Cancel"_s, [&] {
             wasAsked = true;
-            for (QPushButton* button : question->findChildren<QPushButton*>())
-                if (button->text().contains(QStringLiteral("Delete")) == confirms) {
-                    QTest::mouseClick(button, Qt::LeftButton);
-                    return;
-                }
+            EXPECT_EQ(phone_.content(u"DCIM/beta.txt"_s), "bb");
         });
         press(Qt::Key_Delete);
         EXPECT_TRUE(wasAsked);
-        EXPECT_TRUE(wait([&] { return !confirms || !row(QStringLiteral("beta.txt")).isValid(); }));
-        EXPECT_EQ(phone_.content(QStringLiteral("DCIM/beta.txt")).isNull(), confirms);
+        EXPECT_TRUE(wait([&] { return !confirms || !row(u"beta.txt"_s).isValid(); }));
+        EXPECT_EQ(phone_.content(u"DCIM/beta.txt"_s).isNull(), confirms);
     }
 }
 
@@ -95,39 +88,38 @@ TEST_F(MainWindowTest, newFolderIsMadeAndNamedInPlace) {
     }));
     auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
     ASSERT_NE(editor, nullptr);
-    EXPECT_TRUE(wait([editor] { return editor->selectedText() == QStringLiteral("New Folder"); }));
-    QTest::keyClicks(editor, QStringLiteral("Letters"));
+    EXPECT_TRUE(wait([editor] { return editor->selectedText() == u"New Folder"_s; }));
+    QTest::keyClicks(editor, u"Letters"_s);
     QTest::keyClick(editor, Qt::Key_Return);
-    EXPECT_TRUE(wait([this] { return isShown(QStringLiteral("Letters")); }));
-    EXPECT_TRUE(phone_.names().contains(QStringLiteral("Letters")));
+    EXPECT_TRUE(wait([this] { return isShown(u"Letters"_s); }));
+    EXPECT_TRUE(phone_.names().contains(u"Letters"_s));
 }
 
 TEST_F(MainWindowTest, filesAreCopiedBothWaysByShortcutAndDrop) {
     openFolder();
-    click(QStringLiteral("alpha.txt"));
-    click(QStringLiteral("Trip"), Qt::ControlModifier);
+    click(u"alpha.txt"_s);
+    click(u"Trip"_s, Qt::ControlModifier);
     press(Qt::Key_D, Qt::ControlModifier);
-    EXPECT_TRUE(wait([this] { return !local_.read(QStringLiteral("Trip/one.txt")).isNull(); }));
+    EXPECT_TRUE(wait([this] { return !local_.read(u"Trip/one.txt"_s).isNull(); }));
     EXPECT_TRUE(wait([this] { return window_->transfers().summary().isIdle(); }));
-    EXPECT_EQ(local_.read(QStringLiteral("alpha.txt")), "a");
+    EXPECT_EQ(local_.read(u"alpha.txt"_s), "a");
 
-    filesToCopy_ = {local_.write(QStringLiteral("up.txt"), "upwards")};
+    filesToCopy_ = {local_.write(u"up.txt"_s, "upwards")};
     press(Qt::Key_U, Qt::ControlModifier);
-    EXPECT_TRUE(wait([this] { return isShown(QStringLiteral("up.txt")); }));
-    EXPECT_EQ(phone_.content(QStringLiteral("DCIM/up.txt")), "upwards");
+    EXPECT_TRUE(wait([this] { return isShown(u"up.txt"_s); }));
+    EXPECT_EQ(phone_.content(u"DCIM/up.txt"_s), "upwards");
 
     QMimeData dropped;
-    dropped.setUrls({QUrl::fromLocalFile(local_.write(QStringLiteral("drop.txt"), "dropped"))});
+    dropped.setUrls({QUrl::fromLocalFile(local_.write(u"drop.txt"_s, "dropped"))});
     BrowserView& view = window_->browserView();
     const QPoint onTrip =
-        table().viewport()->mapTo(&view, table().visualRect(row(QStringLiteral("Trip"))).center());
+        table().viewport()->mapTo(&view, table().visualRect(row(u"Trip"_s)).center());
     QDragEnterEvent enter(onTrip, Qt::CopyAction, &dropped, Qt::LeftButton, {});
     QApplication::sendEvent(&view, &enter);
     EXPECT_TRUE(enter.isAccepted());
     QDropEvent drop(onTrip, Qt::CopyAction, &dropped, Qt::LeftButton, {});
     QApplication::sendEvent(&view, &drop);
-    EXPECT_TRUE(
-        wait([this] { return phone_.content(QStringLiteral("DCIM/Trip/drop.txt")) == "dropped"; }));
+    EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/Trip/drop.txt"_s) == "dropped"; }));
 }
 
 TEST_F(MainWindowTest, unpluggedPhoneComesBackWhereItWas) {
@@ -135,51 +127,37 @@ TEST_F(MainWindowTest, unpluggedPhoneComesBackWhereItWas) {
     phone_.android.unplug();
     EXPECT_TRUE(wait([this] { return window_->browser().state() == BrowserState::deviceLost; }));
     phone_.android.plugInto(bus_);
-    EXPECT_TRUE(wait([this] { return isShown(QStringLiteral("alpha.txt")); }));
-    EXPECT_EQ(window_->browser().currentPath(), QStringLiteral("/sdcard/DCIM"));
+    EXPECT_TRUE(wait([this] { return isShown(u"alpha.txt"_s); }));
+    EXPECT_EQ(window_->browser().currentPath(), u"/sdcard/DCIM"_s);
 }
 
 TEST_F(MainWindowTest, lockedPhoneIsExplainedAndFollowedWhenUnlocked) {
     const auto explained = [this] {
-        for (const QWidget* page : window_->findChildren<QWidget*>(QStringLiteral("placeholder")))
-            if (page->isVisible() &&
-                page->accessibleName() == QStringLiteral("This phone is locked"))
+        for (const QWidget* page : window_->findChildren<QWidget*>(u"placeholder"_s))
+            if (page->isVisible() && page->accessibleName() == u"This phone is locked"_s)
                 return true;
         return false;
     };
     phone_.android.setLocked(true);
     EXPECT_TRUE(wait(explained));
     phone_.android.setLocked(false);
-    EXPECT_TRUE(wait([&] { return !explained() && isShown(QStringLiteral("DCIM")); }));
-}
-
-TEST_F(MainWindowTest, programThatHoldsThePhoneIsNamed) {
-    VirtualOpenFaults held;
-    held.interfaceOpen = held.interfaceSeize = usb::exclusiveAccess;
-    bus_.setOpenFaults(phone_.info.usbLocation, held);
-    bus_.setProgramsHolding(phone_.info.usbLocation, {QStringLiteral("gvfsd-mtp (process 7)")});
-    const auto* banner = window_->findChild<StatusBanner*>(QStringLiteral("statusBanner"));
-    EXPECT_TRUE(wait([banner] {
-        return banner->isVisible() &&
-               banner->accessibleName().contains(QStringLiteral("gvfsd-mtp (process 7)"));
-    }));
+    EXPECT_TRUE(wait([&] { return !explained() && isShown(u"DCIM"_s); }));
 }
 
 TEST_F(MainWindowTest, mainThreadNeverWaitsForThePhone) {
     for (int i = 0; i < 1500; ++i)
-        phone_.write(QStringLiteral("Many/file %1.txt").arg(i), "x");
+        phone_.write(u"Many/file %1.txt"_s.arg(i), "x");
     phone_.fault([](VirtualFaults& faults) { faults.delayEach = std::chrono::milliseconds(1); });
     press(Qt::Key_F5);
-    ASSERT_TRUE(wait([this] { return isShown(QStringLiteral("Many")); }));
+    ASSERT_TRUE(wait([this] { return isShown(u"Many"_s); }));
     const StallWatch watch;
-    doubleClick(QStringLiteral("Many"));
-    ASSERT_TRUE(wait([this] { return isShown(QStringLiteral("file 7.txt")); }));
+    doubleClick(u"Many"_s);
+    ASSERT_TRUE(wait([this] { return isShown(u"file 7.txt"_s); }));
     press(Qt::Key_A, Qt::ControlModifier);
-    window_->browser().setSearchText(QStringLiteral("12"));
+    window_->browser().setSearchText(u"12"_s);
     EXPECT_TRUE(wait([this] { return table().model()->rowCount() < 200; }));
-    RecordProperty("longestStallMs", std::to_string(watch.longest()));
-    std::printf("longest stall of the main thread: %lld ms\n",
-                static_cast<long long>(watch.longest()));
+    // Sanitizers slow all; a wait for the phone would last its 1,500 answers or its time limit.
+    EXPECT_LT(watch.longest(), 1000);
 }
 
 } // namespace

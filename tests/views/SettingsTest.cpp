@@ -15,6 +15,8 @@
 namespace tessary {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 /// Every text of a window that can be seen or heard.
 QStringList textsOf(const QWidget& window) {
     QStringList texts{window.windowTitle()};
@@ -65,7 +67,7 @@ QStringList leftInEnglish(const QStringList& texts, AppLanguage language) {
 class SettingsTest : public WindowFixture {
 protected:
     [[nodiscard]] QWidget* settings() const {
-        return window_->findChild<QWidget*>(QStringLiteral("settingsWindow"));
+        return window_->findChild<QWidget*>(u"settingsWindow"_s);
     }
     void openSettings() {
         press(Qt::Key_Comma, Qt::ControlModifier);
@@ -88,7 +90,7 @@ protected:
     void chooseGerman() {
         openSettings();
         tabTo("language");
-        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("Deu"));
+        QTest::keyClicks(QApplication::focusWidget(), u"Deu"_s);
         EXPECT_EQ(app_->languageManager().selectedLanguage(), AppLanguage::de);
     }
     [[nodiscard]] QTabWidget& tabs() const {
@@ -98,17 +100,17 @@ protected:
 
 TEST_F(SettingsTest, choosingALanguageChangesTheOpenWindowsAtOnce) {
     openFolder();
-    click(QStringLiteral("alpha.txt"));
+    click(u"alpha.txt"_s);
     press(Qt::Key_D, Qt::ControlModifier);
-    ASSERT_TRUE(wait([this] { return !local_.read(QStringLiteral("alpha.txt")).isNull(); }));
+    ASSERT_TRUE(wait([this] { return !local_.read(u"alpha.txt"_s).isNull(); }));
     ASSERT_TRUE(wait([this] { return window_->transfers().summary().isIdle(); }));
     const QAbstractItemModel& files = *table().model();
-    EXPECT_EQ(files.headerData(1, Qt::Horizontal).toString(), QStringLiteral("Size"));
+    EXPECT_EQ(files.headerData(1, Qt::Horizontal).toString(), u"Size"_s);
     chooseGerman();
-    EXPECT_EQ(settings()->windowTitle(), QStringLiteral("Einstellungen"));
-    EXPECT_EQ(files.headerData(1, Qt::Horizontal).toString(), QStringLiteral("Größe"));
-    EXPECT_EQ(window_->menuBar()->actions().constFirst()->text(), QStringLiteral("Datei"));
-    EXPECT_EQ(files.index(row(QStringLiteral("Trip")).row(), 3).data(), QStringLiteral("Ordner"));
+    EXPECT_EQ(settings()->windowTitle(), u"Einstellungen"_s);
+    EXPECT_EQ(files.headerData(1, Qt::Horizontal).toString(), u"Größe"_s);
+    EXPECT_EQ(window_->menuBar()->actions().constFirst()->text(), u"Datei"_s);
+    EXPECT_EQ(files.index(row(u"Trip"_s).row(), 3).data(), u"Ordner"_s);
     EXPECT_EQ(window_->locale().language(), QLocale::German);
     EXPECT_THAT(leftInEnglish(textsOf(*window_), AppLanguage::de), testing::IsEmpty());
     for (int i = 0; i < tabs().count(); ++i) {
@@ -119,31 +121,24 @@ TEST_F(SettingsTest, choosingALanguageChangesTheOpenWindowsAtOnce) {
     EXPECT_TRUE(wait([this] { return !settings()->isVisible(); }));
 }
 
-TEST_F(SettingsTest, theLanguageReachesWhatIsShownWithoutAPhone) {
-    phone_.android.unplug();
-    ASSERT_TRUE(wait([this] {
-        return window_->findChild<QWidget*>(QStringLiteral("welcomeView"))->isVisible();
-    }));
-    chooseGerman();
-    EXPECT_THAT(leftInEnglish(textsOf(*window_), AppLanguage::de), testing::IsEmpty());
-}
-
-TEST_F(SettingsTest, failuresAreToldInTheLanguage) {
+TEST_F(SettingsTest, failuresAndTheWelcomeAreToldInTheLanguage) {
     chooseGerman();
     press(Qt::Key_Escape);
     phone_.android.setLocked(true);
-    EXPECT_TRUE(wait([this] {
-        return textsOf(*window_).contains(QStringLiteral("Dieses Telefon ist gesperrt"));
-    }));
+    EXPECT_TRUE(
+        wait([this] { return textsOf(*window_).contains(u"Dieses Telefon ist gesperrt"_s); }));
     EXPECT_THAT(leftInEnglish(textsOf(*window_), AppLanguage::de), testing::IsEmpty());
     VirtualOpenFaults held;
     held.interfaceOpen = held.interfaceSeize = usb::exclusiveAccess;
     bus_.setOpenFaults(phone_.info.usbLocation, held);
-    bus_.setProgramsHolding(phone_.info.usbLocation, {QStringLiteral("gvfsd-mtp (process 7)")});
+    bus_.setProgramsHolding(phone_.info.usbLocation, {u"gvfsd-mtp (process 7)"_s});
     EXPECT_TRUE(wait([this] {
-        return textsOf(*window_).contains(
-            QStringLiteral("gvfsd-mtp (process 7) benutzt das Telefon."));
+        return textsOf(*window_).contains(u"gvfsd-mtp (process 7) benutzt das Telefon."_s);
     }));
+    EXPECT_THAT(leftInEnglish(textsOf(*window_), AppLanguage::de), testing::IsEmpty());
+    phone_.android.unplug();
+    ASSERT_TRUE(
+        wait([this] { return window_->findChild<QWidget*>(u"welcomeView"_s)->isVisible(); }));
     EXPECT_THAT(leftInEnglish(textsOf(*window_), AppLanguage::de), testing::IsEmpty());
 }
 
@@ -168,28 +163,27 @@ QStringList namelessIn(const QWidget& window) {
             continue;
         const QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(widget);
         if (spoken == nullptr || spoken->text(QAccessible::Name).isEmpty())
-            nameless.append(QStringLiteral("%1 \"%2\" in %3")
-                                .arg(QString::fromLatin1(widget->metaObject()->className()),
-                                     widget->objectName(), widget->parentWidget()->objectName()));
+            nameless.append(u"%1 \"%2\" in %3"_s.arg(
+                QString::fromLatin1(widget->metaObject()->className()), widget->objectName(),
+                widget->parentWidget()->objectName()));
     }
     return nameless;
 }
 
 TEST_F(SettingsTest, everyControlHasAnAccessibleName) {
-    app_->favoritesManager().toggleFavorite(phone_.info.udid, QStringLiteral("Camera"),
-                                            QStringLiteral("/sdcard/DCIM"));
+    app_->favoritesManager().toggleFavorite(phone_.info.udid, u"Camera"_s, u"/sdcard/DCIM"_s);
     openFolder();
-    window_->browser().setSearchText(QStringLiteral("alpha")); // shows the field's button
-    click(QStringLiteral("alpha.txt"));
+    window_->browser().setSearchText(u"alpha"_s); // shows the field's button
+    click(u"alpha.txt"_s);
     press(Qt::Key_D, Qt::ControlModifier);
     ASSERT_TRUE(wait([this] { return !window_->transfers().jobs().empty(); }));
     EXPECT_THAT(namelessIn(*window_), testing::IsEmpty());
     press(Qt::Key_2, Qt::ControlModifier);
-    window_->browser().setSearchText(QStringLiteral("no such name"));
+    window_->browser().setSearchText(u"no such name"_s);
     EXPECT_THAT(namelessIn(*window_), testing::IsEmpty());
     SyncPair pair;
     pair.deviceUDID = phone_.info.udid;
-    pair.deviceName = pair.appName = QStringLiteral("Phone");
+    pair.deviceName = pair.appName = u"Phone"_s;
     pair.localFolderPath = local_.path();
     app_->syncManager().addSyncPair(pair);
     openSettings();
@@ -199,9 +193,8 @@ TEST_F(SettingsTest, everyControlHasAnAccessibleName) {
     }
     settings()->close();
     phone_.android.unplug();
-    ASSERT_TRUE(wait([this] {
-        return window_->findChild<QWidget*>(QStringLiteral("welcomeView"))->isVisible();
-    }));
+    ASSERT_TRUE(
+        wait([this] { return window_->findChild<QWidget*>(u"welcomeView"_s)->isVisible(); }));
     EXPECT_THAT(namelessIn(*window_), testing::IsEmpty());
 }
 

@@ -11,6 +11,8 @@
 namespace tessary {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 /// Keeps the phone's folder DCIM in step with a local one, by the window's own dialogs.
 class SyncWindowTest : public WindowFixture {
 protected:
@@ -37,17 +39,16 @@ protected:
     void makePair() {
         openFolder();
         press(Qt::Key_Y, Qt::ControlModifier);
-        QWidget* panel = window_->findChild<QWidget*>(QStringLiteral("syncPanel"));
+        QWidget* panel = window_->findChild<QWidget*>(u"syncPanel"_s);
         ASSERT_TRUE(wait([&] { return panel->isVisible(); }));
         for (QPushButton* button : panel->findChildren<QPushButton*>())
-            if (button->text() == QStringLiteral("Sync This Folder…"))
+            if (button->text() == u"Sync This Folder…"_s)
                 QTest::mouseClick(button, Qt::LeftButton);
         ASSERT_TRUE(wait([this] { return dialog("syncPairSheet") != nullptr; }));
-        auto* folder =
-            dialog("syncPairSheet")->findChild<QLineEdit*>(QStringLiteral("syncLocalFolder"));
+        auto* folder = dialog("syncPairSheet")->findChild<QLineEdit*>(u"syncLocalFolder"_s);
         folder->selectAll();
         QTest::keyClicks(folder, local_.path());
-        clickButton("syncPairSheet", QStringLiteral("Show What Will Happen"));
+        clickButton("syncPairSheet", u"Show What Will Happen"_s);
     }
     [[nodiscard]] bool hasSynced() const {
         const auto& pairs = app_->syncManager().syncPairs();
@@ -65,46 +66,44 @@ TEST_F(SyncWindowTest, pairIsMadePreviewedAndRun) {
         const QDialog* shown = dialog("syncPreview");
         return shown != nullptr && shown->findChild<QTreeWidget*>()->topLevelItemCount() == 3;
     }));
-    EXPECT_FALSE(local_.has(QStringLiteral("alpha.txt"))) << "a preview does nothing";
-    clickButton("syncPreview", QStringLiteral("Sync Now"));
+    EXPECT_FALSE(local_.has(u"alpha.txt"_s)) << "a preview does nothing";
+    clickButton("syncPreview", u"Sync Now"_s);
     EXPECT_TRUE(wait([this] { return hasSynced(); }));
-    EXPECT_EQ(local_.read(QStringLiteral("Trip/one.txt")), "one");
+    EXPECT_EQ(local_.read(u"Trip/one.txt"_s), "one");
 
-    local_.write(QStringLiteral("new.txt"), "new");
+    local_.write(u"new.txt"_s, "new");
     runAgain();
-    EXPECT_TRUE(wait([this] { return phone_.content(QStringLiteral("DCIM/new.txt")) == "new"; }));
-    EXPECT_TRUE(wait([this] { return isShown(QStringLiteral("new.txt")); }))
-        << "the folder shown is read again";
+    EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/new.txt"_s) == "new"; }));
+    EXPECT_TRUE(wait([this] { return isShown(u"new.txt"_s); })) << "the folder shown is read again";
 }
 
 TEST_F(SyncWindowTest, deletionIsAskedAboutAndOnlyThenDone) {
     ASSERT_NO_FATAL_FAILURE(makePair());
-    clickButton("syncPreview", QStringLiteral("Sync Now"));
+    clickButton("syncPreview", u"Sync Now"_s);
     ASSERT_TRUE(wait([this] { return hasSynced(); }));
-    QFile::remove(local_.path(QStringLiteral("alpha.txt")));
+    QFile::remove(local_.path(u"alpha.txt"_s));
     runAgain();
-    ASSERT_NO_FATAL_FAILURE(clickButton("syncQuestion", QStringLiteral("Keep")));
+    ASSERT_NO_FATAL_FAILURE(clickButton("syncQuestion", u"Keep"_s));
     EXPECT_TRUE(wait([this] { return hasSynced(); }));
-    EXPECT_EQ(local_.read(QStringLiteral("alpha.txt")), "a") << "what is kept comes back";
+    EXPECT_EQ(local_.read(u"alpha.txt"_s), "a") << "what is kept comes back";
 
-    QFile::remove(local_.path(QStringLiteral("alpha.txt")));
+    QFile::remove(local_.path(u"alpha.txt"_s));
     runAgain();
     ASSERT_TRUE(wait([this] { return dialog("syncQuestion") != nullptr; }));
-    EXPECT_EQ(phone_.content(QStringLiteral("DCIM/alpha.txt")), "a");
-    clickButton("syncQuestion", QStringLiteral("Delete"));
-    EXPECT_TRUE(
-        wait([this] { return hasSynced() && !row(QStringLiteral("alpha.txt")).isValid(); }));
+    EXPECT_EQ(phone_.content(u"DCIM/alpha.txt"_s), "a");
+    clickButton("syncQuestion", u"Delete"_s);
+    EXPECT_TRUE(wait([this] { return hasSynced() && !row(u"alpha.txt"_s).isValid(); }));
 }
 
 TEST_F(SyncWindowTest, unpluggedPhoneEndsTheRunAndItsQuestion) {
     ASSERT_NO_FATAL_FAILURE(makePair());
-    clickButton("syncPreview", QStringLiteral("Sync Now"));
+    clickButton("syncPreview", u"Sync Now"_s);
     ASSERT_TRUE(wait([this] { return hasSynced(); }));
-    QFile::remove(local_.path(QStringLiteral("alpha.txt")));
+    QFile::remove(local_.path(u"alpha.txt"_s));
     runAgain();
     ASSERT_TRUE(wait([this] { return dialog("syncQuestion") != nullptr; }));
     phone_.android.unplug();
-    clickButton("syncQuestion", QStringLiteral("Delete"));
+    clickButton("syncQuestion", u"Delete"_s);
     EXPECT_TRUE(wait([this] {
         return app_->syncManager().syncPairs().front().status.kind == SyncStatus::Kind::error;
     }));

@@ -8,8 +8,11 @@
 #include "support/PluggedPhone.h"
 #include "support/QtPrinters.h"
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QMessageBox>
 #include <QTest>
+#include <QTimer>
 #include <QTreeView>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -84,6 +87,21 @@ protected:
         QTest::keyClick(QApplication::focusWidget() != nullptr ? QApplication::focusWidget()
                                                                : window_.get(),
                         key, keys);
+    }
+    /// Does something while the next question is open, then clicks its button.
+    void whileAsked(const QString& button, std::function<void()> meanwhile = {}) {
+        QTimer::singleShot(50, window_.get(), [this, button, meanwhile = std::move(meanwhile)] {
+            auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (question == nullptr) {
+                whileAsked(button, meanwhile);
+                return;
+            }
+            if (meanwhile)
+                meanwhile();
+            for (QAbstractButton* each : question->buttons())
+                if (each->text() == button)
+                    each->click();
+        });
     }
     void openFolder() {
         doubleClick(QStringLiteral("DCIM"));

@@ -8,6 +8,8 @@
 namespace tessary {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 class WindowMemoryTest : public WindowFixture {
 protected:
     /// Closes the window and opens one on the same settings.
@@ -17,7 +19,7 @@ protected:
         window_->show();
         window_->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get(), windowPatience));
-        ASSERT_TRUE(wait([this] { return isShown(QStringLiteral("DCIM")); }));
+        ASSERT_TRUE(wait([this] { return isShown(u"DCIM"_s); }));
     }
 };
 
@@ -38,35 +40,19 @@ TEST_F(WindowMemoryTest, theNextWindowIsLikeTheLast) {
     EXPECT_EQ(window_->browser().viewMode(), ViewMode::grid);
 }
 
-TEST_F(WindowMemoryTest, eachDeviceIsShownInItsOwnWay) {
-    press(Qt::Key_2, Qt::ControlModifier);
-    QJsonArray devices = app_->defaults().value(WindowMemory::devicesKey).toArray();
-    ASSERT_EQ(devices.size(), 1);
-    QJsonObject other = devices[0].toObject();
-    other[QStringLiteral("device")] = QStringLiteral("another phone");
-    app_->defaults().setValue(WindowMemory::devicesKey, QJsonArray{other});
-    openAnew();
-    EXPECT_EQ(window_->browser().viewMode(), ViewMode::list);
-    press(Qt::Key_2, Qt::ControlModifier);
-    EXPECT_EQ(app_->defaults().value(WindowMemory::devicesKey).toArray().size(), 2);
-}
-
 TEST_F(WindowMemoryTest, nonsenseInTheSettingsLeavesAUsableWindow) {
-    const QJsonValue nonsense[] = {
-        QJsonObject{{QStringLiteral("width"), -5},
-                    {QStringLiteral("height"), 1e300},
-                    {QStringLiteral("sidebar"), 2'000'000'000},
-                    {QStringLiteral("columns"), QJsonArray{-3, 1e9, QStringLiteral("wide")}}},
-        QJsonObject{{QStringLiteral("width"), 999'999}, {QStringLiteral("height"), 999'999}},
-        QJsonArray{1, 2}, QStringLiteral("window")};
+    const QJsonValue nonsense[] = {QJsonObject{{u"width"_s, -5},
+                                               {u"height"_s, 1e300},
+                                               {u"sidebar"_s, 2'000'000'000},
+                                               {u"columns"_s, QJsonArray{-3, 1e9, u"wide"_s}}},
+                                   QJsonObject{{u"width"_s, 999'999}, {u"height"_s, 999'999}},
+                                   QJsonArray{1, 2}, u"window"_s};
     for (const QJsonValue& value : nonsense) {
         window_.reset();
         app_->defaults().setValue(WindowMemory::windowKey, value);
         app_->defaults().setValue(
             WindowMemory::devicesKey,
-            QJsonArray{QJsonObject{{QStringLiteral("device"), phone_.info.udid},
-                                   {QStringLiteral("column"), 77}},
-                       5});
+            QJsonArray{QJsonObject{{u"device"_s, phone_.info.udid}, {u"column"_s, 77}}, 5});
         openAnew();
         EXPECT_LE(window_->width(), 1400);
         EXPECT_GE(window_->width(), window_->minimumWidth());
@@ -77,7 +63,7 @@ TEST_F(WindowMemoryTest, nonsenseInTheSettingsLeavesAUsableWindow) {
 }
 
 TEST_F(WindowMemoryTest, switchedOffItForgets) {
-    auto* memory = window_->findChild<QObject*>(QStringLiteral("windowMemory"));
+    auto* memory = window_->findChild<QObject*>(u"windowMemory"_s);
     ASSERT_NE(memory, nullptr);
     press(Qt::Key_2, Qt::ControlModifier);
     static_cast<WindowMemory*>(memory)->setOn(false);

@@ -1,15 +1,14 @@
 #include "WindowFixture.h"
 #include "app/views/DragOut.h"
 
-#include <QAbstractButton>
 #include <QDropEvent>
 #include <QFile>
 #include <QListView>
-#include <QMessageBox>
-#include <QTimer>
 
 namespace tessary {
 namespace {
+
+using namespace Qt::StringLiterals;
 
 class WindowPlacesTest : public WindowFixture {
 protected:
@@ -43,37 +42,24 @@ protected:
     [[nodiscard]] const FileItem& entry(const QString& name) const {
         return *window_->browser().itemWithId(row(name).data(FileListModel::idRole).toString());
     }
-    /// Answers the next question with the button that says `text`, when it has come up.
-    void answer(const QString& text) {
-        QTimer::singleShot(50, window_.get(), [this, text] {
-            const auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            if (question == nullptr) {
-                answer(text);
-                return;
-            }
-            for (QAbstractButton* button : question->buttons())
-                if (button->text() == text)
-                    button->click();
-        });
-    }
 };
 
 TEST_F(WindowPlacesTest, favoritesLeadToTheirFolderAndGoWithIt) {
     openFolder();
     press(Qt::Key_B, Qt::ControlModifier);
-    EXPECT_EQ(favorites(), QStringList{QStringLiteral("DCIM")});
-    click(QStringLiteral("Trip"));
+    EXPECT_EQ(favorites(), QStringList{u"DCIM"_s});
+    click(u"Trip"_s);
     press(Qt::Key_B, Qt::ControlModifier);
-    EXPECT_EQ(favorites(), (QStringList{QStringLiteral("DCIM"), QStringLiteral("Trip")}));
+    EXPECT_EQ(favorites(), (QStringList{u"DCIM"_s, u"Trip"_s}));
 
     clickRow(list("favoriteList"), 1);
-    EXPECT_TRUE(wait([this] { return isShown(QStringLiteral("one.txt")); }));
+    EXPECT_TRUE(wait([this] { return isShown(u"one.txt"_s); }));
     ASSERT_TRUE(wait([this] { return list("volumeList").model()->rowCount() > 0; }));
     clickRow(list("volumeList"), 0);
-    ASSERT_TRUE(wait([this] { return isShown(QStringLiteral("readme.md")); }));
+    ASSERT_TRUE(wait([this] { return isShown(u"readme.md"_s); }));
 
-    click(QStringLiteral("DCIM"));
-    answer(QStringLiteral("Delete"));
+    click(u"DCIM"_s);
+    whileAsked(u"Delete"_s);
     press(Qt::Key_Delete);
     EXPECT_TRUE(wait([this] { return favorites().isEmpty(); }));
 }
@@ -81,30 +67,28 @@ TEST_F(WindowPlacesTest, favoritesLeadToTheirFolderAndGoWithIt) {
 TEST_F(WindowPlacesTest, droppedFoldersBecomeFavoritesAndRowsAreReordered) {
     QAbstractItemModel& model = *list("favoriteList").model();
     const QString identity = window_->browser().files()->identity();
-    const EntryMimeData folder(identity, {entry(QStringLiteral("DCIM"))});
-    const EntryMimeData file(identity, {entry(QStringLiteral("readme.md"))});
-    const EntryMimeData foreign(QStringLiteral("android:other"), {entry(QStringLiteral("DCIM"))});
+    const EntryMimeData folder(identity, {entry(u"DCIM"_s)});
+    const EntryMimeData file(identity, {entry(u"readme.md"_s)});
+    const EntryMimeData foreign(u"android:other"_s, {entry(u"DCIM"_s)});
     for (const EntryMimeData* refused : {&file, &foreign})
         EXPECT_FALSE(model.canDropMimeData(refused, Qt::CopyAction, 0, 0, {}));
     EXPECT_TRUE(model.dropMimeData(&folder, Qt::CopyAction, 0, 0, {}));
     openFolder();
-    click(QStringLiteral("Trip"));
+    click(u"Trip"_s);
     press(Qt::Key_B, Qt::ControlModifier);
-    ASSERT_EQ(favorites(), (QStringList{QStringLiteral("DCIM"), QStringLiteral("Trip")}));
+    ASSERT_EQ(favorites(), (QStringList{u"DCIM"_s, u"Trip"_s}));
     const std::unique_ptr<QMimeData> second(model.mimeData({model.index(1, 0)}));
     model.dropMimeData(second.get(), Qt::MoveAction, 0, 0, {});
-    EXPECT_EQ(favorites(), (QStringList{QStringLiteral("Trip"), QStringLiteral("DCIM")}));
+    EXPECT_EQ(favorites(), (QStringList{u"Trip"_s, u"DCIM"_s}));
 }
 
 TEST_F(WindowPlacesTest, entriesAreMovedByDroppingThemOnAFolder) {
     openFolder();
-    const EntryMimeData own(window_->browser().files()->identity(),
-                            {entry(QStringLiteral("alpha.txt"))});
-    dropOn(QStringLiteral("beta.txt"), own); // no folder: nothing happens
-    dropOn(QStringLiteral("Trip"), own);
-    EXPECT_TRUE(
-        wait([this] { return phone_.content(QStringLiteral("DCIM/Trip/alpha.txt")) == "a"; }));
-    EXPECT_TRUE(wait([this] { return !row(QStringLiteral("alpha.txt")).isValid(); }));
+    const EntryMimeData own(window_->browser().files()->identity(), {entry(u"alpha.txt"_s)});
+    dropOn(u"beta.txt"_s, own); // no folder: nothing happens
+    dropOn(u"Trip"_s, own);
+    EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/Trip/alpha.txt"_s) == "a"; }));
+    EXPECT_TRUE(wait([this] { return !row(u"alpha.txt"_s).isValid(); }));
 }
 
 TEST_F(WindowPlacesTest, whatIsDraggedOutIsWholeOrNothing) {
@@ -115,43 +99,38 @@ TEST_F(WindowPlacesTest, whatIsDraggedOutIsWholeOrNothing) {
         EXPECT_TRUE(data.hasUrls());
         return data.urls();
     };
-    const QList<QUrl> urls = urlsOf({entry(QStringLiteral("beta.txt"))});
+    const QList<QUrl> urls = urlsOf({entry(u"beta.txt"_s)});
     ASSERT_EQ(urls.size(), 1);
     QFile copy(urls.front().toLocalFile());
     ASSERT_TRUE(copy.open(QIODevice::ReadOnly));
     EXPECT_EQ(copy.readAll(), "bb");
-    EXPECT_TRUE(
-        urlsOf({entry(QStringLiteral("beta.txt")), entry(QStringLiteral("Trip"))}).isEmpty());
+    EXPECT_TRUE(urlsOf({entry(u"beta.txt"_s), entry(u"Trip"_s)}).isEmpty());
 }
 
 TEST_F(WindowPlacesTest, takenNamesAreAskedAboutBothWays) {
     openFolder();
-    local_.write(QStringLiteral("alpha.txt"), "mine");
-    const auto local = [this](const char* name) {
-        QFile file(local_.path(QString::fromLatin1(name)));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    };
-    click(QStringLiteral("alpha.txt"));
-    answer(QStringLiteral("Keep Both"));
+    local_.write(u"alpha.txt"_s, "mine");
+    click(u"alpha.txt"_s);
+    whileAsked(u"Keep Both"_s);
     press(Qt::Key_D, Qt::ControlModifier);
-    EXPECT_TRUE(wait([&] { return local("alpha (2).txt") == "a"; }));
-    EXPECT_EQ(local("alpha.txt"), "mine");
-    click(QStringLiteral("alpha.txt"));
-    answer(QStringLiteral("Replace"));
+    EXPECT_TRUE(wait([&] { return local_.read(u"alpha (2).txt"_s) == "a"; }));
+    EXPECT_EQ(local_.read(u"alpha.txt"_s), "mine");
+    click(u"alpha.txt"_s);
+    whileAsked(u"Replace"_s);
     press(Qt::Key_D, Qt::ControlModifier);
-    EXPECT_TRUE(wait([&] { return local("alpha.txt") == "a"; }));
+    EXPECT_TRUE(wait([&] { return local_.read(u"alpha.txt"_s) == "a"; }));
 
-    local_.write(QStringLiteral("alpha.txt"), "newer");
-    filesToCopy_ = {local_.path(QStringLiteral("alpha.txt"))};
-    click(QStringLiteral("beta.txt"));
-    answer(QStringLiteral("Skip"));
+    local_.write(u"alpha.txt"_s, "newer");
+    filesToCopy_ = {local_.path(u"alpha.txt"_s)};
+    click(u"beta.txt"_s);
+    whileAsked(u"Skip"_s);
     press(Qt::Key_U, Qt::ControlModifier);
-    EXPECT_EQ(phone_.content(QStringLiteral("DCIM/alpha.txt")), "a");
-    click(QStringLiteral("beta.txt"));
-    answer(QStringLiteral("Replace"));
+    EXPECT_TRUE(wait([this] { return window_->transfers().summary().isIdle(); }));
+    EXPECT_EQ(phone_.content(u"DCIM/alpha.txt"_s), "a");
+    click(u"beta.txt"_s);
+    whileAsked(u"Replace"_s);
     press(Qt::Key_U, Qt::ControlModifier);
-    EXPECT_TRUE(
-        wait([this] { return phone_.content(QStringLiteral("DCIM/alpha.txt")) == "newer"; }));
+    EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/alpha.txt"_s) == "newer"; }));
 }
 
 } // namespace
