@@ -12,6 +12,30 @@ namespace {
 
 /// Messages of the lower layers that hold names, the narrower before the wider.
 constexpr std::array patterns{
+    "Cannot enumerate %1",
+    "%1 changed while the folder was being read. Sync again.",
+    "The phone lists the folder %1 inside itself.",
+    "%1 holds \"%2\", which is no name of a file.",
+    "Cannot open local file for writing: %1",
+    "Cannot open local file for reading: %1",
+    "The phone does not tell what %1 is.",
+    "The name \"%1\" cannot be used on this computer. Rename the folder on the phone first.",
+    "The name \"%1\" cannot be used on this computer. Rename it on the phone first.",
+    "No MTP handle for file %1",
+    "%1 became shorter while it was being copied. Copy it again.",
+    "\"%1\" has appeared on the phone meanwhile.",
+    "A folder named \"%1\" is already on the phone.",
+    "A file named \"%1\" is already on the phone.",
+    "The phone does not show the new \"%1\". The old one was kept.",
+    "\"%1\" is already on the phone, and this phone cannot replace files. Delete or rename the old "
+    "one first.",
+    "The new \"%1\" is on the phone under the name \"%2\": it could not be renamed (%3).",
+    "The phone does not show the new folder \"%1\".",
+    "\"%1\" is already there",
+    "%1 of %2 files was not copied: %3",
+    "%1 of %2 files were not copied: %3",
+    "Failed to delete %1 of %2 items: %3",
+    "Failed to move %1 of %2 items: %3",
     "Error: %1",
     "Removing %1 from %2",
     "A file named %1 is on the device where a folder is needed.",
@@ -41,6 +65,7 @@ constexpr std::array patterns{
     "The phone did not rename %1. %2",
     "The phone did not make the folder %1. %2",
     "The phone did not delete %1. %2",
+    "The phone did not delete %1.",
     "The folder %1 cannot be made on the phone. %2",
     "The folder %1 cannot be read whole.",
     "The name \"%1\" cannot be used.",
@@ -130,6 +155,36 @@ QString trCounts(const QString& message) {
     return parts.join(QStringLiteral(", "));
 }
 
+/// "name (reason), name (reason) and 3 more", as failures are listed; empty when it is none of
+/// that.
+QString trFailures(const QString& message) {
+    static const QRegularExpression more(QStringLiteral("^(.*\\)) and (\\d+) more$"),
+                                         QRegularExpression::DotMatchesEverythingOption);
+    const auto rest = more.match(message);
+    const QString list = rest.hasMatch() ? rest.captured(1) : message;
+    if (!list.endsWith(u')'))
+        return {};
+    bool isKnown = rest.hasMatch();
+    QStringList items = list.chopped(1).split(QStringLiteral("), "));
+    for (QString& item : items) {
+        // The name may hold brackets, too.
+        for (auto at = item.indexOf(QLatin1StringView(" (")); at >= 0;
+             at = item.indexOf(QLatin1StringView(" ("), at + 1)) {
+            const QString reason = item.mid(at + 2);
+            if (const QString translated = trMessage(reason); translated != reason) {
+                item = item.left(at + 2) + translated;
+                isKnown = true;
+                break;
+            }
+        }
+        item += u')';
+    }
+    if (!isKnown)
+        return {};
+    const QString named = items.join(QStringLiteral(", "));
+    return rest.hasMatch() ? tr("%1 and %2 more").arg(named, rest.captured(2)) : named;
+}
+
 } // namespace
 
 QString trMessage(const QString& message) {
@@ -147,6 +202,8 @@ QString trMessage(const QString& message) {
             values.last() = trMessage(values.last());
         return filled(tr(pattern.key), values);
     }
+    if (const QString failures = trFailures(message); !failures.isEmpty())
+        return failures;
     // A sentence, and in brackets what the layer below said.
     const auto bracket = message.indexOf(QLatin1StringView(". ("));
     if (bracket < 0)

@@ -197,9 +197,38 @@ TEST(Translations, messagesWithNamesAreTakenApartAndPutTogetherAgain) {
         {"Up to date, 3 skipped", "Auf dem neuesten Stand, 3 übersprungen"},
         {"Removing %2 from Mac", "%2 wird von Mac entfernt"},
         {"2 of a kind, 1 deleted", "2 of a kind, 1 deleted"},
+        {"4 of 9 files were not copied: a (1).txt (not a regular file), b (odd) and 2 more",
+         "4 von 9 Dateien wurden nicht kopiert: a (1).txt (keine gewöhnliche Datei), b (odd) und "
+         "2 weitere"},
     };
     for (const auto& [message, expected] : rows)
         EXPECT_EQ(trMessage(QString::fromUtf8(message)), QString::fromUtf8(expected));
+    LanguageManager::shared().setSelectedLanguage(AppLanguage::system);
+}
+
+/// What views are handed as it is, by anything below them.
+TEST(Translations, messagesOfTheLowerLayersAreKnown) {
+    LanguageManager::shared().setSelectedLanguage(AppLanguage::de);
+    const QStringList openings{
+        QStringLiteral(R"x((?:fileIOError|deviceNotFound)\(\s*QStringLiteral\()x"),
+        QStringLiteral(R"x(,\s*QStringLiteral\((?=\s*"(?:an?|the|its?|not|another|folders) ))x")};
+    int found = 0;
+    for (const char* folder : {"core", "ios", "mtp", "files", "sync"}) {
+        QDirIterator sources(QStringLiteral(TESSARY_SOURCES "/%1").arg(QLatin1StringView(folder)),
+                             {QStringLiteral("*.cpp")}, QDir::Files);
+        while (sources.hasNext()) {
+            const QString name = sources.next().mid(static_cast<int>(sizeof(TESSARY_SOURCES)));
+            for (const QString& opening : openings)
+                for (QString text : keysAfter(opening, sourceOf(name))) {
+                    text.replace(QRegularExpression(QStringLiteral("%\\d")), QStringLiteral("x"));
+                    if (text.endsWith(u' '))
+                        text += QStringLiteral("x: x");
+                    EXPECT_NE(trMessage(text), text) << name.toStdString();
+                    ++found;
+                }
+        }
+    }
+    EXPECT_GT(found, 60);
     LanguageManager::shared().setSelectedLanguage(AppLanguage::system);
 }
 

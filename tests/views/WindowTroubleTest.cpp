@@ -1,7 +1,9 @@
 #include "WindowFixture.h"
 
+#include <QAction>
 #include <QDir>
 #include <QLabel>
+#include <QPushButton>
 
 namespace tessary {
 namespace {
@@ -18,6 +20,7 @@ TEST_F(WindowTroubleTest, phoneMayGoUnderAnOpenQuestion) {
         phone_.android.unplug();
         EXPECT_TRUE(
             wait([this] { return window_->browser().state() == BrowserState::deviceLost; }));
+        EXPECT_TRUE(window_->findChild<QLabel*>(u"noDevices"_s)->isVisible());
     });
     press(Qt::Key_Delete);
     phone_.android.plugInto(bus_);
@@ -58,14 +61,25 @@ TEST_F(WindowTroubleTest, answersCountOnlyForThePhoneThatWasAskedAbout) {
 }
 
 TEST_F(WindowTroubleTest, folderThatVanishesLeadsBackToWhatIsLeft) {
-    openFolder();
-    doubleClick(u"Trip"_s);
-    ASSERT_TRUE(wait([this] { return isShown(u"one.txt"_s); }));
-    ASSERT_TRUE(QDir(phone_.disk.path(u"0/DCIM/Trip"_s)).removeRecursively());
-    press(Qt::Key_F5);
-    ASSERT_TRUE(wait([this] { return window_->browser().state() == BrowserState::folderGone; }));
-    press(Qt::Key_Up, Qt::AltModifier);
-    EXPECT_TRUE(wait([this] { return isShown(u"alpha.txt"_s); }));
+    for (const bool isFavorite : {false, true}) {
+        phone_.write(u"DCIM/Trip/one.txt"_s, "one");
+        window_->browser().navigateTo(u"/sdcard/DCIM/Trip"_s);
+        ASSERT_TRUE(wait([this] { return isShown(u"one.txt"_s); }));
+        if (isFavorite)
+            window_->browserView().actions().favorite->trigger();
+        EXPECT_EQ(app_->favoritesManager().favorites().size(), isFavorite ? 1U : 0U);
+        ASSERT_TRUE(QDir(phone_.disk.path(u"0/DCIM/Trip"_s)).removeRecursively());
+        press(Qt::Key_F5);
+        ASSERT_TRUE(
+            wait([this] { return window_->browser().state() == BrowserState::folderGone; }));
+        if (!isFavorite)
+            press(Qt::Key_Up, Qt::AltModifier);
+        for (QPushButton* button : window_->browserView().findChildren<QPushButton*>())
+            if (button->isVisible() && button->text() == u"Remove from Favorites"_s)
+                QTest::mouseClick(button, Qt::LeftButton);
+        EXPECT_TRUE(wait([this] { return isShown(u"alpha.txt"_s); }));
+        EXPECT_TRUE(app_->favoritesManager().favorites().empty());
+    }
 }
 
 } // namespace

@@ -160,9 +160,19 @@ void BrowserView::showContent() {
         page(placeholder_);
         break;
     case BrowserState::folderGone:
-        placeholder_->show(QStringLiteral("folder"), tessary::tr("browser.folderNotFound"),
-                           tessary::tr("It may have been deleted or moved on the phone."),
-                           tessary::tr("Enclosing Folder"), [this] { browser_.navigateUp(); });
+        if (favorites_.contains && favorites_.contains(browser_.currentPath())) {
+            placeholder_->show(QStringLiteral("folder"), tessary::tr("browser.folderNotFound"),
+                               tessary::tr("browser.folderNotFoundDesc"),
+                               tessary::tr("browser.removeFromFavorites"), [this] {
+                                   favorites_.toggle({}, browser_.currentPath());
+                                   browser_.navigateUp();
+                               });
+            placeholder_->addChoice(tessary::tr("browser.keep"), [this] { browser_.navigateUp(); });
+        } else {
+            placeholder_->show(QStringLiteral("folder"), tessary::tr("browser.folderNotFound"),
+                               tessary::tr("It may have been deleted or moved on the phone."),
+                               tessary::tr("Enclosing Folder"), [this] { browser_.navigateUp(); });
+        }
         page(placeholder_);
         break;
     case BrowserState::failed:
@@ -176,8 +186,10 @@ void BrowserView::showContent() {
         if (!isEmpty) {
             page(&currentListing());
         } else if (browser_.isLoading()) {
-            placeholder_->show(QStringLiteral("folder"), tessary::tr("browser.loading"), {}, {}, {},
-                               true);
+            placeholder_->show(QStringLiteral("folder"),
+                               isInApp() ? tessary::tr("browser.loading")
+                                         : tessary::tr("browser.loadingAndroid"),
+                               {}, {}, {}, true);
             page(placeholder_);
         } else if (!browser_.searchText().trimmed().isEmpty() && !browser_.items().empty()) {
             placeholder_->show(QStringLiteral("edit-find"), tessary::tr("browser.noResults"),

@@ -1,5 +1,6 @@
 // What a browser view can be told to do: its toolbar, menus and the commands behind them.
 
+#include "app/LanguageManager.h"
 #include "app/Translations.h"
 #include "app/views/BreadcrumbBar.h"
 #include "app/views/BrowserView.h"
@@ -117,8 +118,14 @@ QWidget* BrowserView::makeToolbar() {
     syncButton_ = makeToolButton(*actions_.sync);
     row->addWidget(syncButton_);
     row->addSpacing(8);
-    row->addWidget(makeToolButton(*actions_.asList));
-    row->addWidget(makeToolButton(*actions_.asGrid));
+    auto* modes = new QWidget;
+    keepTranslated(modes, [modes] { modes->setAccessibleName(tessary::tr("browser.viewMode")); });
+    auto* modeRow = new QHBoxLayout(modes);
+    modeRow->setContentsMargins(0, 0, 0, 0);
+    modeRow->setSpacing(2);
+    modeRow->addWidget(makeToolButton(*actions_.asList));
+    modeRow->addWidget(makeToolButton(*actions_.asGrid));
+    row->addWidget(modes);
     row->addSpacing(8);
     row->addWidget(filter_);
     return bar;

@@ -15,6 +15,7 @@ PlaceholderView::PlaceholderView(QWidget* parent)
       title_(new QLabel),
       detail_(new QLabel),
       button_(new QPushButton),
+      other_(new QPushButton),
       busy_(new QProgressBar) {
     setObjectName(QStringLiteral("placeholder"));
     QFont font = title_->font();
@@ -34,6 +35,10 @@ PlaceholderView::PlaceholderView(QWidget* parent)
         if (action_)
             action_();
     });
+    connect(other_, &QPushButton::clicked, this, [this] {
+        if (otherAction_)
+            otherAction_();
+    });
 
     auto* column = new QWidget;
     column->setFixedWidth(460);
@@ -45,6 +50,7 @@ PlaceholderView::PlaceholderView(QWidget* parent)
     content->addWidget(busy_, 0, Qt::AlignHCenter);
     content->addSpacing(4);
     content->addWidget(button_, 0, Qt::AlignHCenter);
+    content->addWidget(other_, 0, Qt::AlignHCenter);
     auto* outer = new QVBoxLayout(this);
     outer->addStretch(2);
     outer->addWidget(column, 0, Qt::AlignHCenter);
@@ -60,10 +66,17 @@ void PlaceholderView::show(const QString& iconName, const QString& title, const 
     action_ = std::move(action);
     button_->setText(actionTitle);
     button_->setVisible(static_cast<bool>(action_));
+    other_->setVisible(false);
     busy_->setVisible(isBusy);
     busy_->setAccessibleName(title);
     setAccessibleName(title);
     setAccessibleDescription(detail);
+}
+
+void PlaceholderView::addChoice(const QString& title, std::function<void()> action) {
+    otherAction_ = std::move(action);
+    other_->setText(title);
+    other_->setVisible(true);
 }
 
 } // namespace tessary

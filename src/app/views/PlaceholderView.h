@@ -10,7 +10,7 @@ class QPushButton;
 
 namespace tessary {
 
-/// A picture and a few words where there are no files to show, with one step to take.
+/// A picture and a few words where there are no files to show, with a step or two to take.
 class PlaceholderView : public QWidget {
 public:
     explicit PlaceholderView(QWidget* parent = nullptr);
@@ -19,14 +19,18 @@ public:
     void show(const QString& iconName, const QString& title, const QString& detail,
               const QString& actionTitle = {}, std::function<void()> action = {},
               bool isBusy = false);
+    /// Until the next show(): another step, after the first.
+    void addChoice(const QString& title, std::function<void()> action);
 
 private:
     QLabel* picture_;
     QLabel* title_;
     QLabel* detail_;
     QPushButton* button_;
+    QPushButton* other_;
     QProgressBar* busy_;
     std::function<void()> action_;
+    std::function<void()> otherAction_;
 };
 
 } // namespace tessary

@@ -8,6 +8,7 @@
 #include "app/views/PlaceList.h"
 
 #include <QEvent>
+#include <QLabel>
 #include <QListView>
 #include <QMenu>
 #include <QScrollArea>
@@ -30,6 +31,7 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, Wishes w
       favorites_(favorites),
       wishes_(std::move(wishes)),
       deviceList_(new QListView),
+      noDevices_(new QLabel),
       mode_(new ModeSwitch(wishes_.useMode)),
       favoriteModel_(favorites),
       favoriteList_(new PlaceList("sidebar.favorites", favoriteModel_)),
@@ -47,6 +49,15 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, Wishes w
     deviceList_->viewport()->setBackgroundRole(QPalette::AlternateBase);
     for (auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
         connect(&devices, signal, this, [this] { fitDeviceList(); });
+
+    noDevices_->setObjectName(QStringLiteral("noDevices"));
+    noDevices_->setWordWrap(true);
+    noDevices_->setForegroundRole(QPalette::PlaceholderText);
+    noDevices_->setContentsMargins(16, 2, 12, 4);
+    keepTranslated(noDevices_, [this] {
+        noDevices_->setText(tessary::tr("sidebar.noDevices") + QLatin1Char('\n') +
+                            tessary::tr("sidebar.connectPrompt"));
+    });
 
     favoriteList_->view().setObjectName(QStringLiteral("favoriteList"));
     favoriteList_->setHint("Drop a folder here to keep it at hand.");
@@ -88,6 +99,7 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, Wishes w
     column->setSpacing(0);
     column->addWidget(makeSectionHeading("sidebar.connectedDevices"));
     column->addWidget(deviceList_);
+    column->addWidget(noDevices_);
     column->addWidget(mode_);
     for (PlaceList* list : {favoriteList_, shortcutList_, volumeList_})
         column->addWidget(list);
@@ -117,6 +129,7 @@ void Sidebar::fitDeviceList() {
     const int height = rows == 0 ? 0 : deviceList_->sizeHintForRow(0);
     deviceList_->setFixedHeight(std::min(rows, maxShownDevices) * height + (rows > 0 ? 2 : 0));
     deviceList_->setVisible(rows > 0);
+    noDevices_->setVisible(rows == 0);
 }
 
 void Sidebar::showDevice(const std::optional<DeviceInfo>& device, const FavoriteSource& source) {

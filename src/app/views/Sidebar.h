@@ -8,6 +8,7 @@
 #include <functional>
 #include <optional>
 
+class QLabel;
 class QListView;
 
 namespace tessary {
@@ -52,6 +53,7 @@ private:
     FavoriteSource source_;
     QString folder_;
     QListView* deviceList_;
+    QLabel* noDevices_;
     ModeSwitch* mode_;
     FavoriteListModel favoriteModel_;
     PlaceListModel shortcutModel_;
