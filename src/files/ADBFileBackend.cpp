@@ -228,25 +228,24 @@ TransferOutcome ADBFileBackend::downloadDirectory(const FileItem& item, const QS
     return pullFolder(shell, path, totalsOf(*this, shell, path), localFolder, progress);
 }
 
-void ADBFileBackend::uploadFile(const QString& localFile, const QString& remoteParentPath,
+void ADBFileBackend::uploadFile(const LocalSource& source, const QString& remoteParentPath,
                                 const DeviceInfo& device, const FileProgressCallback& progress,
                                 const std::stop_token& stop, bool mayReplace) {
     const Busy busy(*this, device);
     const ADBShell shell(tool_, device, stop);
     const QString folder = androidPath(remoteParentPath);
-    const QString name = lastComponent(localFile);
     if (!mayReplace)
-        requireAbsent(shell.stat(joinPath(folder, name)), name);
-    pushFile(shell, localFile, folder, progress);
+        requireAbsent(shell.stat(joinPath(folder, source.name)), source.name);
+    pushFile(shell, source, folder, progress);
 }
 
-TransferOutcome ADBFileBackend::uploadDirectory(const QString& localFolder,
+TransferOutcome ADBFileBackend::uploadDirectory(const LocalSource& source,
                                                 const QString& remoteParentPath,
                                                 const DeviceInfo& device,
                                                 const TransferProgressCallback& progress,
                                                 const std::stop_token& stop) {
     const Busy busy(*this, device);
-    return pushFolder(ADBShell(tool_, device, stop), localFolder, androidPath(remoteParentPath),
+    return pushFolder(ADBShell(tool_, device, stop), source, androidPath(remoteParentPath),
                       progress);
 }
 

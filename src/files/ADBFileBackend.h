@@ -2,6 +2,7 @@
 
 #include "core/DeviceInfo.h"
 #include "core/FileItem.h"
+#include "core/LocalSource.h"
 #include "core/TransferOutcome.h"
 #include "files/ADBTool.h"
 #include "files/LsOutput.h"
@@ -50,10 +51,10 @@ public:
     downloadDirectory(const FileItem& item, const QString& localFolder, const DeviceInfo& device,
                       const TransferProgressCallback& progress, const std::stop_token& stop);
     /// A file of that name is an error unless `mayReplace`.
-    void uploadFile(const QString& localFile, const QString& remoteParentPath,
+    void uploadFile(const LocalSource& source, const QString& remoteParentPath,
                     const DeviceInfo& device, const FileProgressCallback& progress,
                     const std::stop_token& stop, bool mayReplace = true);
-    [[nodiscard]] TransferOutcome uploadDirectory(const QString& localFolder,
+    [[nodiscard]] TransferOutcome uploadDirectory(const LocalSource& source,
                                                   const QString& remoteParentPath,
                                                   const DeviceInfo& device,
                                                   const TransferProgressCallback& progress,

@@ -145,9 +145,10 @@ void requireOwnSpelling(const ADBShell& shell, const QString& folder, const QStr
 }
 
 /// Puts a file in the place of another: adb itself would first delete the old one.
-void replaceFile(const ADBShell& shell, const QFileInfo& local, const QString& folder,
+void replaceFile(const ADBShell& shell, const LocalSource& source, const QString& folder,
                  const FileProgressCallback& progress) {
-    const QString name = local.fileName();
+    const QFileInfo local(source.path);
+    const QString& name = source.name;
     const QString remote = joinPath(folder, name);
     requireOwnSpelling(shell, folder, name);
     RemotePart part(shell, folder);
@@ -165,13 +166,13 @@ void replaceFile(const ADBShell& shell, const QFileInfo& local, const QString& f
 enum class TargetFolder { isKnown, isChecked };
 
 /// Pushes one file into a folder. Each question to the phone takes time: all are asked in one.
-void pushOne(const ADBShell& shell, const QString& localFile, const QString& remoteFolder,
+void pushOne(const ADBShell& shell, const LocalSource& source, const QString& remoteFolder,
              TargetFolder targetFolder, const FileProgressCallback& progress) {
-    const QFileInfo local(localFile);
-    const QString name = local.fileName();
+    const QFileInfo local(source.path);
+    const QString& name = source.name;
     requireNameForADB(name);
     if (!local.isFile() || !local.isReadable())
-        throw TessaryError::fileIOError(QStringLiteral("Cannot read %1.").arg(localFile));
+        throw TessaryError::fileIOError(QStringLiteral("Cannot read %1.").arg(source.path));
     const qint64 total = local.size();
     const QString remote = joinPath(remoteFolder, name);
     QStringList asked{remote, remote + QLatin1Char('/')};
@@ -185,7 +186,7 @@ void pushOne(const ADBShell& shell, const QString& localFile, const QString& rem
         throw TessaryError::fileIOError(
             QStringLiteral("A folder \"%1\" is already on the phone.").arg(name));
     if (present[0])
-        replaceFile(shell, local, remoteFolder, progress);
+        replaceFile(shell, source, remoteFolder, progress);
     else
         sendBytes(shell, local, remote, progress);
     if (progress)
@@ -389,17 +390,16 @@ qint64 estimatedPushProgress(std::chrono::duration<double> passed, qint64 total)
                       total - 1);
 }
 
-void pushFile(const ADBShell& shell, const QString& localFile, const QString& remoteFolder,
+void pushFile(const ADBShell& shell, const LocalSource& source, const QString& remoteFolder,
               const FileProgressCallback& progress) {
-    pushOne(shell, localFile, remoteFolder, TargetFolder::isChecked, progress);
+    pushOne(shell, source, remoteFolder, TargetFolder::isChecked, progress);
 }
 
-TransferOutcome pushFolder(const ADBShell& shell, const QString& localFolder,
+TransferOutcome pushFolder(const ADBShell& shell, const LocalSource& source,
                            const QString& remoteFolder, const TransferProgressCallback& progress) {
-    const QString name = lastComponent(localFolder);
-    requireNameForADB(name);
+    requireNameForADB(source.name);
     shell.requireFolder(remoteFolder);
-    return FolderPush(shell, localFolder, joinPath(remoteFolder, name), progress).run();
+    return FolderPush(shell, source.path, joinPath(remoteFolder, source.name), progress).run();
 }
 
 } // namespace tessary

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/LocalSource.h"
 #include "core/TransferOutcome.h"
 #include "files/ADBShell.h"
 
@@ -19,14 +20,14 @@ inline constexpr std::chrono::minutes adbStallLimit{3};
 void pullFile(const ADBShell& shell, const QString& remotePath, qint64 size,
               const QString& localFile, const FileProgressCallback& progress);
 
-/// Copies one file into a folder that is there, under its own name, and compares the sizes
+/// Copies one file into a folder that is there, under the source's name, and compares the sizes
 /// afterwards.
-void pushFile(const ADBShell& shell, const QString& localFile, const QString& remoteFolder,
+void pushFile(const ADBShell& shell, const LocalSource& source, const QString& remoteFolder,
               const FileProgressCallback& progress);
 
-/// Copies a local folder, as a folder of that name, into a folder that is there. Many small files
-/// travel together. What cannot be read here, or is refused there, is named in the outcome.
-[[nodiscard]] TransferOutcome pushFolder(const ADBShell& shell, const QString& localFolder,
+/// Copies a local folder, as a folder of the source's name, into a folder that is there. Many small
+/// files travel together. What cannot be read here, or is refused there, is named in the outcome.
+[[nodiscard]] TransferOutcome pushFolder(const ADBShell& shell, const LocalSource& source,
                                          const QString& remoteFolder,
                                          const TransferProgressCallback& progress);
 

@@ -77,17 +77,17 @@ AndroidFileAccess::downloadDirectoryContents(const FileItem& item, const QString
     return service_.downloadDirectoryContents(item, localFolder, device_, progress, stop);
 }
 
-void AndroidFileAccess::uploadFile(const QString& localFile, const QString& remoteParentPath,
+void AndroidFileAccess::uploadFile(const LocalSource& source, const QString& remoteParentPath,
                                    const FileProgressCallback& progress,
                                    const std::stop_token& stop) {
-    service_.uploadFile(localFile, remoteParentPath, device_, progress, stop);
+    service_.uploadFile(source, remoteParentPath, device_, progress, stop);
 }
 
-TransferOutcome AndroidFileAccess::uploadDirectory(const QString& localFolder,
+TransferOutcome AndroidFileAccess::uploadDirectory(const LocalSource& source,
                                                    const QString& remoteParentPath,
                                                    const TransferProgressCallback& progress,
                                                    const std::stop_token& stop) {
-    return service_.uploadDirectory(localFolder, remoteParentPath, device_, progress, stop);
+    return service_.uploadDirectory(source, remoteParentPath, device_, progress, stop);
 }
 
 void AndroidFileAccess::createFolder(const QString& name, const QString& parentPath,

@@ -27,9 +27,9 @@ public:
     downloadDirectoryContents(const FileItem& item, const QString& localFolder,
                               const TransferProgressCallback& progress,
                               const std::stop_token& stop) override;
-    void uploadFile(const QString& localFile, const QString& remoteParentPath,
+    void uploadFile(const LocalSource& source, const QString& remoteParentPath,
                     const FileProgressCallback& progress, const std::stop_token& stop) override;
-    [[nodiscard]] TransferOutcome uploadDirectory(const QString& localFolder,
+    [[nodiscard]] TransferOutcome uploadDirectory(const LocalSource& source,
                                                   const QString& remoteParentPath,
                                                   const TransferProgressCallback& progress,
                                                   const std::stop_token& stop) override;

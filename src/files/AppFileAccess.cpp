@@ -216,19 +216,19 @@ TransferOutcome AppFileAccess::downloadDirectoryContents(const FileItem& item,
     return outcome;
 }
 
-void AppFileAccess::uploadFile(const QString& localFile, const QString& remoteParentPath,
+void AppFileAccess::uploadFile(const LocalSource& source, const QString& remoteParentPath,
                                const FileProgressCallback& progress, const std::stop_token& stop) {
     const BusyPhones::Mark mark(busy_, device_.udid);
     const FileGate gate(progress);
     const auto client = this->client(stop);
-    const QString target = joinPath(canonicalPath(remoteParentPath), lastComponent(localFile));
-    client->uploadFile(localFile, onDevice(*client, target), gate.entrance(), stop);
-    const qint64 size = QFileInfo(localFile).size();
+    const QString target = joinPath(canonicalPath(remoteParentPath), source.name);
+    client->uploadFile(source.path, onDevice(*client, target), gate.entrance(), stop);
+    const qint64 size = QFileInfo(source.path).size();
     if (progress)
         progress(size, size);
 }
 
-TransferOutcome AppFileAccess::uploadDirectory(const QString& localFolder,
+TransferOutcome AppFileAccess::uploadDirectory(const LocalSource& source,
                                                const QString& remoteParentPath,
                                                const TransferProgressCallback& progress,
                                                const std::stop_token& stop) {
@@ -238,9 +238,9 @@ TransferOutcome AppFileAccess::uploadDirectory(const QString& localFolder,
     const QString parent = canonicalPath(remoteParentPath);
     if (!existing(*client, parent, stop).isDirectory)
         throw TessaryError::fileIOError(QStringLiteral("%1 is not a folder.").arg(parent));
-    const QString target = joinPath(parent, lastComponent(localFolder));
+    const QString target = joinPath(parent, source.name);
     TransferOutcome outcome =
-        client->uploadDirectory(localFolder, onDevice(*client, target), gate.entrance(), stop);
+        client->uploadDirectory(source.path, onDevice(*client, target), gate.entrance(), stop);
     if (progress)
         progress(outcome.progress);
     return outcome;

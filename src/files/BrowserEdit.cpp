@@ -5,7 +5,6 @@
 #include "files/BrowserLoad.h"
 #include "files/DevicePath.h"
 
-#include <QFileInfo>
 #include <QSet>
 
 #include <algorithm>
@@ -41,12 +40,6 @@ ErrorAdvice reportOf(const std::vector<EditFailure>& failures, std::size_t faile
         message += QStringLiteral(" and %1 more")
                        .arg(failedInAll - static_cast<std::size_t>(named.size()));
     return {message, first.words.advice};
-}
-
-/// The stem and the extension with its dot; a leading dot starts a hidden name.
-std::pair<QString, QString> splitName(const QString& name) {
-    const qsizetype dot = name.lastIndexOf(QLatin1Char('.'));
-    return dot > 0 ? std::pair(name.left(dot), name.mid(dot)) : std::pair(name, QString());
 }
 
 } // namespace
@@ -88,18 +81,6 @@ QString freeFolderName(const std::vector<FileItem>& items) {
     for (int n = 2; taken.contains(name.toCaseFolded()); ++n)
         name = QStringLiteral("New Folder %1").arg(n);
     return name;
-}
-
-QString freeLocalName(const QString& name, const QString& localFolder, const QStringList& taken) {
-    const auto isTaken = [&](const QString& candidate) {
-        const QFileInfo info(joinPath(localFolder, candidate));
-        return info.exists() || info.isSymLink() || taken.contains(candidate.toLower());
-    };
-    const auto [stem, extension] = splitName(name);
-    QString candidate = name;
-    for (int n = 2; isTaken(candidate); ++n)
-        candidate = QStringLiteral("%1 (%2)%3").arg(stem).arg(n).arg(extension);
-    return candidate;
 }
 
 } // namespace tessary

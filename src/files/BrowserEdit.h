@@ -34,9 +34,4 @@ editEach(FileAccess& files, const std::vector<FileItem>& items, const QString& v
 /// its case.
 [[nodiscard]] QString freeFolderName(const std::vector<FileItem>& items);
 
-/// A name for a copy in a local folder that neither a file there nor `taken` (in lower case) has:
-/// "a.txt", "a (2).txt". Looks at the disk.
-[[nodiscard]] QString freeLocalName(const QString& name, const QString& localFolder,
-                                    const QStringList& taken);
-
 } // namespace tessary

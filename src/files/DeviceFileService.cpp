@@ -150,34 +150,34 @@ TransferOutcome DeviceFileService::downloadDirectoryContents(
     });
 }
 
-void DeviceFileService::uploadFile(const QString& localFile, const QString& remoteParentPath,
+void DeviceFileService::uploadFile(const LocalSource& source, const QString& remoteParentPath,
                                    const std::optional<DeviceInfo>& device,
                                    const FileProgressCallback& progress,
                                    const std::stop_token& stop) {
     const DeviceInfo& chosen = require(device);
     onBackend(chosen, [&](auto& backend) {
-        backend.uploadFile(localFile, remoteParentPath, chosen, progress, stop);
+        backend.uploadFile(source, remoteParentPath, chosen, progress, stop);
     });
 }
 
-void DeviceFileService::uploadFile(const QString& localFile, const QString& remoteParentPath,
+void DeviceFileService::uploadFile(const LocalSource& source, const QString& remoteParentPath,
                                    const DeviceInfo& device, bool mayReplace,
                                    MTPUploadMemory& memory, const FileProgressCallback& progress,
                                    const std::stop_token& stop) {
     if (usesAdb(device))
-        adb_.uploadFile(localFile, remoteParentPath, device, progress, stop, mayReplace);
+        adb_.uploadFile(source, remoteParentPath, device, progress, stop, mayReplace);
     else
-        mtp_.uploadFile(localFile, remoteParentPath, device, mayReplace, memory, progress, stop);
+        mtp_.uploadFile(source, remoteParentPath, device, mayReplace, memory, progress, stop);
 }
 
-TransferOutcome DeviceFileService::uploadDirectory(const QString& localFolder,
+TransferOutcome DeviceFileService::uploadDirectory(const LocalSource& source,
                                                    const QString& remoteParentPath,
                                                    const std::optional<DeviceInfo>& device,
                                                    const TransferProgressCallback& progress,
                                                    const std::stop_token& stop) {
     const DeviceInfo& chosen = require(device);
     return onBackend(chosen, [&](auto& backend) {
-        return backend.uploadDirectory(localFolder, remoteParentPath, chosen, progress, stop);
+        return backend.uploadDirectory(source, remoteParentPath, chosen, progress, stop);
     });
 }
 

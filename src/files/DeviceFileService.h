@@ -2,6 +2,7 @@
 
 #include "core/DeviceInfo.h"
 #include "core/FileItem.h"
+#include "core/LocalSource.h"
 #include "core/TransferOutcome.h"
 #include "files/ADBFileBackend.h"
 #include "files/MTPFileBackend.h"
@@ -79,15 +80,15 @@ public:
     [[nodiscard]] TransferOutcome downloadDirectoryContents(
         const FileItem& item, const QString& localFolder, const std::optional<DeviceInfo>& device,
         const TransferProgressCallback& progress = {}, const std::stop_token& stop = {});
-    void uploadFile(const QString& localFile, const QString& remoteParentPath,
+    void uploadFile(const LocalSource& source, const QString& remoteParentPath,
                     const std::optional<DeviceInfo>& device,
                     const FileProgressCallback& progress = {}, const std::stop_token& stop = {});
     /// The same for one of several files: no folder is listed twice, and a file of that name is an
     /// error unless `mayReplace`.
-    void uploadFile(const QString& localFile, const QString& remoteParentPath,
+    void uploadFile(const LocalSource& source, const QString& remoteParentPath,
                     const DeviceInfo& device, bool mayReplace, MTPUploadMemory& memory,
                     const FileProgressCallback& progress, const std::stop_token& stop);
-    [[nodiscard]] TransferOutcome uploadDirectory(const QString& localFolder,
+    [[nodiscard]] TransferOutcome uploadDirectory(const LocalSource& source,
                                                   const QString& remoteParentPath,
                                                   const std::optional<DeviceInfo>& device,
                                                   const TransferProgressCallback& progress = {},

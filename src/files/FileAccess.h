@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/FileItem.h"
+#include "core/LocalSource.h"
 #include "core/TransferOutcome.h"
 
 #include <QString>
@@ -53,10 +54,12 @@ public:
     downloadDirectoryContents(const FileItem& item, const QString& localFolder,
                               const TransferProgressCallback& progress,
                               const std::stop_token& stop) = 0;
-    virtual void uploadFile(const QString& localFile, const QString& remoteParentPath,
+    /// Copies a file into a folder, under the source's name. An older file of that name is
+    /// replaced.
+    virtual void uploadFile(const LocalSource& source, const QString& remoteParentPath,
                             const FileProgressCallback& progress, const std::stop_token& stop) = 0;
-    /// Copies a local folder into `remoteParentPath`, under its own name.
-    [[nodiscard]] virtual TransferOutcome uploadDirectory(const QString& localFolder,
+    /// Copies a local folder into `remoteParentPath`, under the source's name.
+    [[nodiscard]] virtual TransferOutcome uploadDirectory(const LocalSource& source,
                                                           const QString& remoteParentPath,
                                                           const TransferProgressCallback& progress,
                                                           const std::stop_token& stop) = 0;

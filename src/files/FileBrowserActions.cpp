@@ -201,42 +201,6 @@ void FileBrowserViewModel::moveItemsToPath(const QStringList& ids, const QString
          {});
 }
 
-void FileBrowserViewModel::downloadItems(const QStringList& ids, const QString& localFolder,
-                                         NameClash clash) {
-    if (!files_)
-        return;
-    QStringList taken;
-    for (const FileItem& item : itemsWithIds(ids)) {
-        // A job with such a name fails by itself, in words; the name must not become a path.
-        QString name = isSafeName(item.name) ? item.name : QString();
-        if (!name.isEmpty() && (clash == NameClash::keepBoth || taken.contains(name.toLower())))
-            name = freeLocalName(name, localFolder, taken);
-        taken << name.toLower();
-        transfers_.enqueueDownload(item, name.isEmpty() ? localFolder : joinPath(localFolder, name),
-                                   files_);
-    }
-}
-
-QStringList FileBrowserViewModel::namesTakenIn(const QString& localFolder,
-                                               const QStringList& ids) const {
-    QStringList names;
-    for (const FileItem& item : itemsWithIds(ids))
-        if (isSafeName(item.name) && QFileInfo::exists(joinPath(localFolder, item.name)))
-            names << item.name;
-    return names;
-}
-
-void FileBrowserViewModel::uploadFiles(const QStringList& localPaths, const QString& intoFolderId) {
-    if (!files_)
-        return;
-    const FileItem* folder = intoFolderId.isEmpty() ? nullptr : itemWithId(intoFolderId);
-    if (!intoFolderId.isEmpty() && (!folder || !folder->isDirectory))
-        return;
-    const QString target = folder ? files_->canonicalPath(folder->path) : currentPath_;
-    for (const QString& path : localPaths)
-        transfers_.enqueueUpload(path, target, files_);
-}
-
 void FileBrowserViewModel::cacheFileForPreview(const QString& id) {
     const FileItem* item = itemWithId(id);
     cancelPreview();

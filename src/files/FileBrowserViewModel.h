@@ -6,6 +6,7 @@
 #include "files/BrowserHistory.h"
 #include "files/BrowserLoad.h"
 #include "files/BrowserSelection.h"
+#include "files/CopySurvey.h"
 #include "files/ErrorAdvice.h"
 #include "files/FileAccess.h"
 #include "files/FileRows.h"
@@ -53,12 +54,6 @@ struct EditProgress {
 struct DragFiles {
     QStringList localPaths;
     std::vector<SkippedItem> notReady; ///< with the reason for each
-};
-
-/// What a download does when something of its name is in the local folder.
-enum class NameClash {
-    keepBoth, ///< the copy gets a number: "a (2).txt"
-    replace,  ///< a file is replaced, a folder merged
 };
 
 /// The collaborators of a browser; each outlives it.
@@ -248,15 +243,18 @@ public:
     void moveItemsToPath(const QStringList& ids, const QString& path);
 
     // --- copies ---
-    /// Queues a download of each entry into a local folder. A name that this computer cannot hold
-    /// becomes a failed job.
-    void downloadItems(const QStringList& ids, const QString& localFolder,
-                       NameClash clash = NameClash::keepBoth);
-    /// The entries that downloadItems would find something of their name for in a local folder.
-    [[nodiscard]] QStringList namesTakenIn(const QString& localFolder,
-                                           const QStringList& ids) const;
-    /// Queues an upload of each local file or folder into the folder shown, or into one of its
-    /// folders.
+    using SurveyDone = std::function<void(const CopySurvey&)>;
+    /// Finds out in the background what a copy of entries into a local folder will meet. `whenDone`
+    /// is called on the main thread, unless this is gone by then.
+    void surveyDownload(const QStringList& ids, const QString& localFolder, SurveyDone whenDone);
+    /// The same for local files and folders, into the folder shown or into one of its folders.
+    void surveyUpload(const QStringList& localPaths, const QString& intoFolderId,
+                      SurveyDone whenDone);
+    /// Queues what was surveyed. A name that this computer cannot hold becomes a failed job.
+    void copy(const CopySurvey& survey, const CopyChoices& choices);
+    /// Copies without a question, and keeps what is there already. Looks at the local disk.
+    void downloadItems(const QStringList& ids, const QString& localFolder);
+    /// The same to the phone; what is there already is replaced.
     void uploadFiles(const QStringList& localPaths, const QString& intoFolderId = {});
     /// Answers with previewReady or previewFailed. A call drops the one before it.
     void cacheFileForPreview(const QString& id);

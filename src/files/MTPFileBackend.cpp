@@ -321,29 +321,29 @@ TransferOutcome MTPFileBackend::downloadDirectory(const FileItem& item, const QS
     return outcome;
 }
 
-void MTPFileBackend::uploadFile(const QString& localFile, const QString& remoteParentPath,
+void MTPFileBackend::uploadFile(const LocalSource& source, const QString& remoteParentPath,
                                 const DeviceInfo& device, const FileProgressCallback& progress,
                                 const std::stop_token& stop) {
     withSession(device, stop, [&](MTPSession& session, DeviceLane::Turn& turn) {
         const Found folder = findFolder(session, remoteParentPath, stop,
                                         QStringLiteral("No MTP storage found for upload"));
         MTPUpload(session, turn, stop)
-            .file(localFile, folder.location, folder.object.handle, progress);
+            .file(source, folder.location, folder.object.handle, progress);
     });
 }
 
-void MTPFileBackend::uploadFile(const QString& localFile, const QString& remoteParentPath,
+void MTPFileBackend::uploadFile(const LocalSource& source, const QString& remoteParentPath,
                                 const DeviceInfo& device, bool mayReplace, MTPUploadMemory& memory,
                                 const FileProgressCallback& progress, const std::stop_token& stop) {
     withSession(device, stop, [&](MTPSession& session, DeviceLane::Turn& turn) {
         const Found folder = findFolder(session, remoteParentPath, stop,
                                         QStringLiteral("No MTP storage found for upload"));
         MTPUpload(session, turn, stop)
-            .file(localFile, folder.location, folder.object.handle, mayReplace, memory, progress);
+            .file(source, folder.location, folder.object.handle, mayReplace, memory, progress);
     });
 }
 
-TransferOutcome MTPFileBackend::uploadDirectory(const QString& localFolder,
+TransferOutcome MTPFileBackend::uploadDirectory(const LocalSource& source,
                                                 const QString& remoteParentPath,
                                                 const DeviceInfo& device,
                                                 const TransferProgressCallback& progress,
@@ -353,7 +353,7 @@ TransferOutcome MTPFileBackend::uploadDirectory(const QString& localFolder,
         const Found folder = findFolder(session, remoteParentPath, stop,
                                         QStringLiteral("No MTP storage found for upload"));
         outcome = MTPUpload(session, turn, stop)
-                      .folder(localFolder, folder.location, folder.object.handle, progress);
+                      .folder(source, folder.location, folder.object.handle, progress);
     });
     return outcome;
 }

@@ -77,17 +77,17 @@ MTPUpload::Folder MTPUpload::open(const MTPLocation& location, std::uint32_t han
     return folder;
 }
 
-void MTPUpload::file(const QString& localFile, const MTPLocation& folder,
+void MTPUpload::file(const LocalSource& source, const MTPLocation& folder,
                      std::uint32_t folderHandle, const FileProgressCallback& progress) {
     Folder target = open(folder, folderHandle);
-    send(localFile, QFileInfo(localFile).fileName(), target, progress);
+    send(source.path, source.name, target, progress);
 }
 
-void MTPUpload::file(const QString& localFile, const MTPLocation& folder,
+void MTPUpload::file(const LocalSource& source, const MTPLocation& folder,
                      std::uint32_t folderHandle, bool mayReplace, MTPUploadMemory& memory,
                      const FileProgressCallback& progress) {
     const QString key = folder.shownPath();
-    const QString name = QFileInfo(localFile).fileName();
+    const QString& name = source.name;
     // After a failure nobody knows what the folder holds: it is forgotten.
     auto known = memory.folders_.take(key);
     if (known.folder.handle != folderHandle || known.sent.contains(name))
@@ -96,7 +96,7 @@ void MTPUpload::file(const QString& localFile, const MTPLocation& folder,
     if (!isNew && !mayReplace)
         throw TessaryError::fileIOError(
             QStringLiteral("\"%1\" has appeared on the phone meanwhile.").arg(name));
-    send(localFile, name, known.folder, progress);
+    send(source.path, name, known.folder, progress);
     if (isNew)
         known.sent.insert(name);
     memory.folders_.insert(key, std::move(known));
@@ -245,10 +245,10 @@ MTPUpload::Folder MTPUpload::makeFolder(const Folder& parent, const QString& nam
     return {location, made->id, {}, {}};
 }
 
-TransferOutcome MTPUpload::folder(const QString& localFolder, const MTPLocation& parent,
+TransferOutcome MTPUpload::folder(const LocalSource& source, const MTPLocation& parent,
                                   std::uint32_t parentHandle,
                                   const TransferProgressCallback& progress) {
-    LocalTree tree = collectLocalFiles(localFolder);
+    LocalTree tree = collectLocalFiles(source.path);
     TransferOutcome outcome;
     outcome.skipped = std::move(tree.skipped);
     TransferProgress& state = outcome.progress;
@@ -261,8 +261,7 @@ TransferOutcome MTPUpload::folder(const QString& localFolder, const MTPLocation&
     report();
 
     QHash<QString, Folder> folders; // by relative path; "" is the copied folder itself
-    folders.insert(QString(), makeFolder(open(parent, parentHandle),
-                                         QFileInfo(QDir(localFolder).absolutePath()).fileName()));
+    folders.insert(QString(), makeFolder(open(parent, parentHandle), source.name));
     for (const LocalEntry& entry : tree.entries) {
         throwIfStopped(stop_);
         turn_.letGuestsIn(session_);
@@ -282,7 +281,7 @@ TransferOutcome MTPUpload::folder(const QString& localFolder, const MTPLocation&
                 const Folder made = makeFolder(*into, name);
                 folders.insert(entry.relativePath, made);
             } else {
-                send(joinPath(localFolder, entry.relativePath), name, *into,
+                send(joinPath(source.path, entry.relativePath), name, *into,
                      [&](qint64 done, qint64 total) {
                          state.currentFileBytes = done;
                          state.currentFileTotal = total;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/LocalSource.h"
 #include "core/TransferOutcome.h"
 #include "files/DeviceLane.h"
 #include "files/MTPSession.h"
@@ -33,19 +34,19 @@ public:
 
     MTPUpload(MTPSession& session, DeviceLane::Turn& turn, std::stop_token stop);
 
-    /// Copies one file into a folder of the device, under its own name.
-    void file(const QString& localFile, const MTPLocation& folder, std::uint32_t folderHandle,
+    /// Copies one file into a folder of the device, under the source's name.
+    void file(const LocalSource& source, const MTPLocation& folder, std::uint32_t folderHandle,
               const FileProgressCallback& progress);
 
     /// The same for one of several files, with what is remembered of the folder from the last one.
     /// A file of that name is an error unless `mayReplace`.
-    void file(const QString& localFile, const MTPLocation& folder, std::uint32_t folderHandle,
+    void file(const LocalSource& source, const MTPLocation& folder, std::uint32_t folderHandle,
               bool mayReplace, MTPUploadMemory& memory, const FileProgressCallback& progress);
 
-    /// Copies a local folder, as a folder of that name, into a folder of the device. Folders that
-    /// are there already are filled up. Files that cannot be read here, or that the device
-    /// refuses, are left out and named in the outcome; a full storage ends the copy.
-    [[nodiscard]] TransferOutcome folder(const QString& localFolder, const MTPLocation& parent,
+    /// Copies a local folder, as a folder of the source's name, into a folder of the device.
+    /// Folders that are there already are filled up. Files that cannot be read here, or that the
+    /// device refuses, are left out and named in the outcome; a full storage ends the copy.
+    [[nodiscard]] TransferOutcome folder(const LocalSource& source, const MTPLocation& parent,
                                          std::uint32_t parentHandle,
                                          const TransferProgressCallback& progress);
 

@@ -76,17 +76,17 @@ int TransferViewModel::indexOf(const QUuid& jobId) const {
     return indexes_.value(jobId, -1);
 }
 
-QUuid TransferViewModel::enqueueUpload(const QString& localURL, const QString& remotePath,
+QUuid TransferViewModel::enqueueUpload(const LocalSource& source, const QString& remotePath,
                                        const std::shared_ptr<FileAccess>& files) {
-    const QFileInfo local(localURL);
+    const QFileInfo local(source.path);
     QString folder = remotePath;
     if (folder.size() >= 2 && folder.endsWith(QLatin1Char('/')))
         folder.chop(1);
 
     TransferJob job;
     job.type = Type::upload;
-    job.name = lastComponent(localURL);
-    job.sourcePath = localURL;
+    job.name = source.name;
+    job.sourcePath = source.path;
     job.destinationPath = joinPath(folder, job.name);
     if (files) {
         job.deviceName = files->deviceName();
@@ -104,9 +104,9 @@ QUuid TransferViewModel::enqueueUpload(const QString& localURL, const QString& r
           [=](FileAccess& device, const TransferProgressCallback& progress,
               const std::stop_token& stop) {
               if (isDirectory)
-                  requireComplete(device.uploadDirectory(localURL, remotePath, progress, stop));
+                  requireComplete(device.uploadDirectory(source, remotePath, progress, stop));
               else
-                  device.uploadFile(localURL, remotePath, asJobProgress(progress), stop);
+                  device.uploadFile(source, remotePath, asJobProgress(progress), stop);
           });
     if (isDirectory) {
         toMeasure_.push_back(id);

@@ -68,8 +68,9 @@ public:
         return summary_;
     }
 
-    /// Copies a local file or folder into the device folder `remotePath`. Returns the job's id.
-    QUuid enqueueUpload(const QString& localURL, const QString& remotePath,
+    /// Copies a local file or folder into the device folder `remotePath`, under the source's name.
+    /// Returns the job's id.
+    QUuid enqueueUpload(const LocalSource& source, const QString& remotePath,
                         const std::shared_ptr<FileAccess>& files);
     /// Copies a file or folder of the device to `localURL`, the path of the copy itself, whose
     /// folder exists. An older file of that path is replaced, folders are merged. `onFinished` is

@@ -68,6 +68,8 @@ TEST_F(AppBrowserTest, copiesGoBothWaysWithProgress) {
     here_.write(u"up/sub/y"_s, "y");
     here_.makeFolder(u"down"_s);
     browser_->uploadFiles({here_.path(u"up"_s), here_.path(u"up/sub/y"_s)});
+    transfers_.enqueueUpload({here_.path(u"up/sub"_s), u"sub (2)"_s}, u"/"_s, browser_->files());
+    transfers_.enqueueUpload({here_.path(u"up/sub/y"_s), u"y (2)"_s}, u"/"_s, browser_->files());
     browser_->downloadItems({u"/a.txt"_s, u"/folder"_s}, here_.path(u"down"_s));
     ASSERT_TRUE(idle());
     for (const TransferJob& job : transfers_.jobs()) {
@@ -77,6 +79,8 @@ TEST_F(AppBrowserTest, copiesGoBothWaysWithProgress) {
     }
     EXPECT_EQ(iphone_.read(u"up/x.bin"_s), QByteArray(3 << 20, 'x'));
     EXPECT_EQ(iphone_.read(u"y"_s), QByteArray("y"));
+    EXPECT_EQ(iphone_.read(u"y (2)"_s), QByteArray("y"));
+    EXPECT_EQ(iphone_.read(u"sub (2)/y"_s), QByteArray("y"));
     EXPECT_EQ(here_.read(u"down/a.txt"_s), QByteArray("content"));
     EXPECT_EQ(here_.read(u"down/folder/b.txt"_s), QByteArray("second"));
     // The folder is read again by itself.

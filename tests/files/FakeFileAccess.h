@@ -129,15 +129,15 @@ public:
         progress(outcome_.progress);
         return outcome_;
     }
-    void uploadFile(const QString& localFile, const QString&, const FileProgressCallback& progress,
+    void uploadFile(const LocalSource& source, const QString&, const FileProgressCallback& progress,
                     const std::stop_token& stop) override {
-        begin(QStringLiteral("upload ") + lastComponent(localFile), stop);
+        begin(QStringLiteral("upload ") + source.name, stop);
         report(progress);
     }
-    TransferOutcome uploadDirectory(const QString& localFolder, const QString&,
+    TransferOutcome uploadDirectory(const LocalSource& source, const QString&,
                                     const TransferProgressCallback&,
                                     const std::stop_token& stop) override {
-        begin(QStringLiteral("upload folder ") + lastComponent(localFolder), stop);
+        begin(QStringLiteral("upload folder ") + source.name, stop);
         return {};
     }
     void createFolder(const QString& name, const QString&, const std::stop_token& stop) override {

@@ -493,6 +493,11 @@ constexpr std::array rows{
     TranslationRow{"Failed to delete %1 of %2 items: %3", "Falha ao apagar %1 de %2 itens: %3"},
     TranslationRow{"Failed to move %1 of %2 items: %3", "Falha ao mover %1 de %2 itens: %3"},
     TranslationRow{"%1 and %2 more", "%1 e mais %2"},
+    TranslationRow{"Not Enough Space", "Espaço insuficiente"},
+    TranslationRow{"There is not enough space for this copy.", "Não há espaço suficiente para esta cópia."},
+    TranslationRow{"It needs %1, and %2 are free in “%3”.", "Ela precisa de %1, e em “%3” há %2 livres."},
+    TranslationRow{"It needs at least %1, and %2 are free in “%3”.", "Ela precisa de pelo menos %1, e em “%3” há %2 livres."},
+    TranslationRow{"Copy Anyway", "Copiar mesmo assim"},
 };
 // clang-format on
 

@@ -493,6 +493,11 @@ constexpr std::array rows{
     TranslationRow{"Failed to delete %1 of %2 items: %3", "Failed to delete %1 of %2 items: %3"},
     TranslationRow{"Failed to move %1 of %2 items: %3", "Failed to move %1 of %2 items: %3"},
     TranslationRow{"%1 and %2 more", "%1 and %2 more"},
+    TranslationRow{"Not Enough Space", "Not Enough Space"},
+    TranslationRow{"There is not enough space for this copy.", "There is not enough space for this copy."},
+    TranslationRow{"It needs %1, and %2 are free in “%3”.", "It needs %1, and %2 are free in “%3”."},
+    TranslationRow{"It needs at least %1, and %2 are free in “%3”.", "It needs at least %1, and %2 are free in “%3”."},
+    TranslationRow{"Copy Anyway", "Copy Anyway"},
 };
 // clang-format on
 

@@ -493,6 +493,11 @@ constexpr std::array rows{
     TranslationRow{"Failed to delete %1 of %2 items: %3", "Échec de la suppression de %1 éléments sur %2 : %3"},
     TranslationRow{"Failed to move %1 of %2 items: %3", "Échec du déplacement de %1 éléments sur %2 : %3"},
     TranslationRow{"%1 and %2 more", "%1 et %2 autres"},
+    TranslationRow{"Not Enough Space", "Espace insuffisant"},
+    TranslationRow{"There is not enough space for this copy.", "Il n’y a pas assez d’espace pour cette copie."},
+    TranslationRow{"It needs %1, and %2 are free in “%3”.", "Elle nécessite %1, et %2 sont libres dans « %3 »."},
+    TranslationRow{"It needs at least %1, and %2 are free in “%3”.", "Elle nécessite au moins %1, et %2 sont libres dans « %3 »."},
+    TranslationRow{"Copy Anyway", "Copier quand même"},
 };
 // clang-format on
 

@@ -493,6 +493,11 @@ constexpr std::array rows{
     TranslationRow{"Failed to delete %1 of %2 items: %3", "%1 von %2 Objekten konnten nicht gelöscht werden: %3"},
     TranslationRow{"Failed to move %1 of %2 items: %3", "%1 von %2 Objekten konnten nicht verschoben werden: %3"},
     TranslationRow{"%1 and %2 more", "%1 und %2 weitere"},
+    TranslationRow{"Not Enough Space", "Nicht genug Platz"},
+    TranslationRow{"There is not enough space for this copy.", "Für diese Kopie ist nicht genug Platz."},
+    TranslationRow{"It needs %1, and %2 are free in “%3”.", "Sie braucht %1, und auf „%3“ sind %2 frei."},
+    TranslationRow{"It needs at least %1, and %2 are free in “%3”.", "Sie braucht mindestens %1, und auf „%3“ sind %2 frei."},
+    TranslationRow{"Copy Anyway", "Trotzdem kopieren"},
 };
 // clang-format on
 

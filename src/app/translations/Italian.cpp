@@ -493,6 +493,11 @@ constexpr std::array rows{
     TranslationRow{"Failed to delete %1 of %2 items: %3", "Impossibile eliminare %1 elementi su %2: %3"},
     TranslationRow{"Failed to move %1 of %2 items: %3", "Impossibile spostare %1 elementi su %2: %3"},
     TranslationRow{"%1 and %2 more", "%1 e altri %2"},
+    TranslationRow{"Not Enough Space", "Spazio insufficiente"},
+    TranslationRow{"There is not enough space for this copy.", "Non c’è abbastanza spazio per questa copia."},
+    TranslationRow{"It needs %1, and %2 are free in “%3”.", "Servono %1, e in “%3” sono liberi %2."},
+    TranslationRow{"It needs at least %1, and %2 are free in “%3”.", "Servono almeno %1, e in “%3” sono liberi %2."},
+    TranslationRow{"Copy Anyway", "Copia comunque"},
 };
 // clang-format on
 

@@ -493,6 +493,11 @@ constexpr std::array rows{
     TranslationRow{"Failed to delete %1 of %2 items: %3", "%2 個中 %1 個の項目を削除できませんでした: %3"},
     TranslationRow{"Failed to move %1 of %2 items: %3", "%2 個中 %1 個の項目を移動できませんでした: %3"},
     TranslationRow{"%1 and %2 more", "%1 ほか %2 件"},
+    TranslationRow{"Not Enough Space", "空き容量が不足しています"},
+    TranslationRow{"There is not enough space for this copy.", "このコピーに必要な空き容量がありません。"},
+    TranslationRow{"It needs %1, and %2 are free in “%3”.", "%1 が必要ですが、「%3」の空きは %2 です。"},
+    TranslationRow{"It needs at least %1, and %2 are free in “%3”.", "少なくとも %1 が必要ですが、「%3」の空きは %2 です。"},
+    TranslationRow{"Copy Anyway", "それでもコピー"},
 };
 // clang-format on
 

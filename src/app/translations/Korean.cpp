@@ -493,6 +493,11 @@ constexpr std::array rows{
     TranslationRow{"Failed to delete %1 of %2 items: %3", "항목 %2개 중 %1개를 삭제하지 못함: %3"},
     TranslationRow{"Failed to move %1 of %2 items: %3", "항목 %2개 중 %1개를 옮기지 못함: %3"},
     TranslationRow{"%1 and %2 more", "%1 외 %2개"},
+    TranslationRow{"Not Enough Space", "공간 부족"},
+    TranslationRow{"There is not enough space for this copy.", "이 복사에 필요한 공간이 부족합니다."},
+    TranslationRow{"It needs %1, and %2 are free in “%3”.", "%1이(가) 필요하지만 ‘%3’의 여유 공간은 %2입니다."},
+    TranslationRow{"It needs at least %1, and %2 are free in “%3”.", "최소 %1이(가) 필요하지만 ‘%3’의 여유 공간은 %2입니다."},
+    TranslationRow{"Copy Anyway", "그래도 복사"},
 };
 // clang-format on
 

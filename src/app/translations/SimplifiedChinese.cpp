@@ -493,6 +493,11 @@ constexpr std::array rows{
     TranslationRow{"Failed to delete %1 of %2 items: %3", "%2 个项目中有 %1 个无法删除：%3"},
     TranslationRow{"Failed to move %1 of %2 items: %3", "%2 个项目中有 %1 个无法移动：%3"},
     TranslationRow{"%1 and %2 more", "%1 以及其他 %2 个"},
+    TranslationRow{"Not Enough Space", "空间不足"},
+    TranslationRow{"There is not enough space for this copy.", "没有足够的空间进行此次拷贝。"},
+    TranslationRow{"It needs %1, and %2 are free in “%3”.", "需要 %1，而“%3”的可用空间为 %2。"},
+    TranslationRow{"It needs at least %1, and %2 are free in “%3”.", "至少需要 %1，而“%3”的可用空间为 %2。"},
+    TranslationRow{"Copy Anyway", "仍然拷贝"},
 };
 // clang-format on
 

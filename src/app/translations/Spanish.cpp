@@ -493,6 +493,11 @@ constexpr std::array rows{
     TranslationRow{"Failed to delete %1 of %2 items: %3", "No se pudieron eliminar %1 de %2 elementos: %3"},
     TranslationRow{"Failed to move %1 of %2 items: %3", "No se pudieron mover %1 de %2 elementos: %3"},
     TranslationRow{"%1 and %2 more", "%1 y %2 más"},
+    TranslationRow{"Not Enough Space", "No hay espacio suficiente"},
+    TranslationRow{"There is not enough space for this copy.", "No hay espacio suficiente para esta copia."},
+    TranslationRow{"It needs %1, and %2 are free in “%3”.", "Necesita %1, y en «%3» hay %2 libres."},
+    TranslationRow{"It needs at least %1, and %2 are free in “%3”.", "Necesita al menos %1, y en «%3» hay %2 libres."},
+    TranslationRow{"Copy Anyway", "Copiar de todos modos"},
 };
 // clang-format on
 

@@ -493,6 +493,11 @@ constexpr std::array rows{
     TranslationRow{"Failed to delete %1 of %2 items: %3", "%2 個項目中有 %1 個無法刪除：%3"},
     TranslationRow{"Failed to move %1 of %2 items: %3", "%2 個項目中有 %1 個無法移動：%3"},
     TranslationRow{"%1 and %2 more", "%1 以及其他 %2 個"},
+    TranslationRow{"Not Enough Space", "空間不足"},
+    TranslationRow{"There is not enough space for this copy.", "沒有足夠的空間進行這次拷貝。"},
+    TranslationRow{"It needs %1, and %2 are free in “%3”.", "需要 %1，而「%3」的可用空間為 %2。"},
+    TranslationRow{"It needs at least %1, and %2 are free in “%3”.", "至少需要 %1，而「%3」的可用空間為 %2。"},
+    TranslationRow{"Copy Anyway", "仍要拷貝"},
 };
 // clang-format on
 

@@ -86,8 +86,7 @@ private:
     void removeSelected();
     void downloadSelected();
     void upload(const QStringList& paths, const QString& intoFolderId = {});
-    void uploadBeside(const QStringList& paths, const QString& intoFolderId,
-                      const std::vector<FileItem>& entries);
+    [[nodiscard]] FileBrowserViewModel::SurveyDone askAndCopy();
     void setGrid(bool grid);
     [[nodiscard]] bool isInApp() const;
     void quickLook();

@@ -1,17 +1,15 @@
 #include "app/Translations.h"
 #include "app/views/BrowserView.h"
 #include "app/views/ClashQuestion.h"
-#include "core/Background.h"
 #include "core/Printable.h"
 #include "files/EntryMimeData.h"
 
 #include <QAbstractItemView>
-#include <QDir>
 #include <QDragEnterEvent>
 #include <QFileDialog>
-#include <QFileInfo>
 #include <QLabel>
 #include <QMimeData>
+#include <QPointer>
 #include <QStackedWidget>
 #include <QStandardPaths>
 
@@ -50,82 +48,24 @@ void BrowserView::downloadSelected() {
         return;
     const auto isStillHere = shownHere();
     const QString target = dialogs_.chooseTargetFolder(this);
-    if (target.isEmpty() || !isStillHere())
-        return;
-    const QStringList taken = browser_.namesTakenIn(target, ids);
-    std::vector<Clash> clashes;
-    for (const FileItem& item : browser_.selectedEntries()) {
-        if (!taken.contains(item.name))
-            continue;
-        const QFileInfo existing(QDir(target), item.name);
-        clashes.push_back({item.id(),
-                           item.name,
-                           item.isDirectory,
-                           {item.size, item.modifiedDate},
-                           {existing.size(), existing.lastModified()}});
-    }
-    const auto choices = askAboutClashes(this, clashes, true);
-    if (!choices)
-        return;
-    QStringList replacing;
-    QStringList keeping;
-    for (const QString& id : ids) {
-        const ClashChoice choice = choices->value(id, ClashChoice::keepBoth);
-        if (choice != ClashChoice::skip)
-            (choice == ClashChoice::replace ? replacing : keeping).append(id);
-    }
-    if (!replacing.isEmpty())
-        browser_.downloadItems(replacing, target, NameClash::replace);
-    if (!keeping.isEmpty())
-        browser_.downloadItems(keeping, target, NameClash::keepBoth);
+    if (!target.isEmpty() && isStillHere())
+        browser_.surveyDownload(ids, target, askAndCopy());
 }
 
 void BrowserView::upload(const QStringList& paths, const QString& intoFolderId) {
-    if (paths.isEmpty() || browser_.files() == nullptr)
-        return;
-    const FileItem* folder = intoFolderId.isEmpty() ? nullptr : browser_.itemWithId(intoFolderId);
-    if (folder == nullptr) {
-        uploadBeside(paths, {}, browser_.items());
-        return;
-    }
-    // What is in a folder that is not shown has to be read first.
-    runInBackground(
-        this,
-        [files = browser_.files(), path = folder->path](const std::stop_token& stop) {
-            return files->listDirectory(path, stop);
-        },
-        [this, paths, intoFolderId](BackgroundResult<std::vector<FileItem>> listing) {
-            // A folder that cannot be read takes no files either: the copy says why.
-            uploadBeside(paths, intoFolderId,
-                         listing.succeeded() ? listing.take() : std::vector<FileItem>());
-        });
+    if (!paths.isEmpty())
+        browser_.surveyUpload(paths, intoFolderId, askAndCopy());
 }
 
-/// Uploads next to these entries, of which some may have to be replaced.
-void BrowserView::uploadBeside(const QStringList& paths, const QString& intoFolderId,
-                               const std::vector<FileItem>& entries) {
-    QHash<QString, const FileItem*> byName;
-    for (const FileItem& item : entries)
-        byName.insert(item.name, &item);
-    std::vector<Clash> clashes;
-    for (const QString& path : paths) {
-        const QFileInfo local(path);
-        if (const FileItem* item = byName.value(local.fileName()))
-            clashes.push_back({path,
-                               item->name,
-                               local.isDir(),
-                               {local.size(), local.lastModified()},
-                               {item->size, item->modifiedDate}});
-    }
-    const auto choices = askAboutClashes(this, clashes, false);
-    if (!choices)
-        return;
-    QStringList wanted;
-    for (const QString& path : paths)
-        if (choices->value(path, ClashChoice::replace) == ClashChoice::replace)
-            wanted.append(path);
-    if (!wanted.isEmpty())
-        browser_.uploadFiles(wanted, intoFolderId);
+/// Starts a copy once the user has answered what there is to ask about it.
+FileBrowserViewModel::SurveyDone BrowserView::askAndCopy() {
+    return [self = QPointer<BrowserView>(this)](const CopySurvey& survey) {
+        if (!self)
+            return;
+        const auto choices = askAboutClashes(self, survey);
+        if (choices && askAboutSpace(self, survey, *choices) && self)
+            self->browser_.copy(survey, *choices);
+    };
 }
 
 /// Entries that the window itself drags: from this connection, and not onto themselves.

@@ -10,11 +10,13 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include <algorithm>
+
 namespace tessary {
 
 namespace {
 
-QString sideText(const ClashSide& side, bool isFolder) {
+QString sideText(const CopySide& side, bool isFolder) {
     const QString date = side.date
                              ? QLocale().toString(side.date->toLocalTime(), QLocale::ShortFormat)
                              : QStringLiteral("--");
@@ -23,12 +25,16 @@ QString sideText(const ClashSide& side, bool isFolder) {
 
 } // namespace
 
-std::optional<QHash<QString, ClashChoice>>
-askAboutClashes(QWidget* parent, const std::vector<Clash>& clashes, bool canKeepBoth) {
-    QHash<QString, ClashChoice> choices;
-    std::optional<ClashChoice> forAll;
-    for (std::size_t i = 0; i < clashes.size(); ++i) {
-        const Clash& clash = clashes[i];
+std::optional<CopyChoices> askAboutClashes(QWidget* parent, const CopySurvey& survey) {
+    CopyChoices choices;
+    std::optional<NameClash> forAll;
+    auto others =
+        std::count_if(survey.candidates.begin(), survey.candidates.end(),
+                      [](const auto& candidate) { return candidate.existing.has_value(); });
+    for (const CopyCandidate& clash : survey.candidates) {
+        if (!clash.existing)
+            continue;
+        --others;
         if (forAll) {
             choices.insert(clash.key, *forAll);
             continue;
@@ -39,7 +45,7 @@ askAboutClashes(QWidget* parent, const std::vector<Clash>& clashes, bool canKeep
         question.setObjectName(QStringLiteral("clashQuestion"));
         QString detail = tessary::tr("New: %1").arg(sideText(clash.coming, clash.isFolder)) +
                          QLatin1Char('\n') +
-                         tessary::tr("There: %1").arg(sideText(clash.existing, clash.isFolder));
+                         tessary::tr("There: %1").arg(sideText(*clash.existing, clash.isFolder));
         if (clash.isFolder)
             detail +=
                 QStringLiteral("\n\n") +
@@ -49,25 +55,21 @@ askAboutClashes(QWidget* parent, const std::vector<Clash>& clashes, bool canKeep
         QAbstractButton* replace =
             question.addButton(tessary::tr("Replace"), QMessageBox::DestructiveRole);
         QAbstractButton* keepBoth =
-            canKeepBoth ? question.addButton(tessary::tr("Keep Both"), QMessageBox::AcceptRole)
-                        : nullptr;
+            question.addButton(tessary::tr("Keep Both"), QMessageBox::AcceptRole);
         QPushButton* skip = question.addButton(tessary::tr("Skip"), QMessageBox::ActionRole);
         question.addButton(QMessageBox::Cancel);
         question.setDefaultButton(skip);
-        const std::size_t others = clashes.size() - i - 1;
-        auto* all = new QCheckBox(tessary::tr("Do the same for the other %1").arg(others));
         if (others > 0)
-            question.setCheckBox(all);
-        else
-            delete all;
+            question.setCheckBox(
+                new QCheckBox(tessary::tr("Do the same for the other %1").arg(others)));
         makePlain(question);
         question.exec();
         const QAbstractButton* clicked = question.clickedButton();
-        ClashChoice choice = ClashChoice::skip;
+        NameClash choice = NameClash::skip;
         if (clicked == replace)
-            choice = ClashChoice::replace;
-        else if (keepBoth != nullptr && clicked == keepBoth)
-            choice = ClashChoice::keepBoth;
+            choice = NameClash::replace;
+        else if (clicked == keepBoth)
+            choice = NameClash::keepBoth;
         else if (clicked != skip)
             return std::nullopt;
         choices.insert(clash.key, choice);
@@ -75,6 +77,27 @@ askAboutClashes(QWidget* parent, const std::vector<Clash>& clashes, bool canKeep
             forAll = choice;
     }
     return choices;
+}
+
+bool askAboutSpace(QWidget* parent, const CopySurvey& survey, const CopyChoices& choices) {
+    const qint64 needed = survey.neededBytes(choices);
+    if (!survey.freeBytes || needed <= *survey.freeBytes)
+        return true;
+    QMessageBox question(QMessageBox::Warning, tessary::tr("Not Enough Space"),
+                         tessary::tr("There is not enough space for this copy."),
+                         QMessageBox::NoButton, parent);
+    question.setObjectName(QStringLiteral("spaceQuestion"));
+    const QString words = survey.isPartial
+                              ? tessary::tr("It needs at least %1, and %2 are free in “%3”.")
+                              : tessary::tr("It needs %1, and %2 are free in “%3”.");
+    question.setInformativeText(words.arg(formatBytes(needed), formatBytes(*survey.freeBytes),
+                                          printable(survey.targetName)));
+    QAbstractButton* goOn =
+        question.addButton(tessary::tr("Copy Anyway"), QMessageBox::DestructiveRole);
+    question.setDefaultButton(question.addButton(QMessageBox::Cancel));
+    makePlain(question);
+    question.exec();
+    return question.clickedButton() == goOn;
 }
 
 } // namespace tessary

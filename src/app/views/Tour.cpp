@@ -51,6 +51,7 @@ bool Tour::run() {
         dark();
         edit();
         transfer();
+        copyQuestions();
         sync();
         fail();
         lockAndLose();

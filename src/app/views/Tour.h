@@ -54,6 +54,7 @@ private:
     void languages();
     void dark();
     void transfer();
+    void copyQuestions();
     void fail();
     void lockAndLose();
     void iPhone();

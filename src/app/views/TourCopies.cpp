@@ -1,7 +1,10 @@
+#include "app/views/ClashQuestion.h"
 #include "app/views/StatusBanner.h"
 #include "app/views/Tour.h"
 
+#include <QApplication>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include <algorithm>
 #include <stdexcept>
@@ -49,6 +52,40 @@ void Tour::transfer() {
     waitFor("the end of the transfers", [&] { return transfers.summary().isIdle(); });
     shoot(QStringLiteral("transfer-finished"));
     transfers.clearCompleted();
+}
+
+/// The questions before a copy: each is a dialog that runs its own loop, and is shot from within.
+void Tour::copyQuestions() {
+    FileBrowserViewModel& browser = window_.browser();
+    const QTemporaryDir local;
+    open(QStringLiteral("/sdcard/Documents/Travel"));
+    const auto ask = [&](const QString& name, qint64 size) {
+        QFile file(local.filePath(name));
+        if (!file.open(QIODevice::WriteOnly) || !file.resize(size))
+            throw std::runtime_error("cannot write a sample file");
+        file.close();
+        bool wasAsked = false;
+        QTimer look;
+        QObject::connect(&look, &QTimer::timeout, &window_, [&] {
+            QWidget* question = QApplication::activeModalWidget();
+            if (question == nullptr)
+                return;
+            look.stop();
+            shoot(question->objectName() == QStringLiteral("spaceQuestion")
+                      ? QStringLiteral("not-enough-space")
+                      : QStringLiteral("name-taken"));
+            question->close();
+            wasAsked = true;
+        });
+        look.start(settleTime);
+        browser.surveyUpload({file.fileName()}, {}, [&](const CopySurvey& survey) {
+            const auto choices = askAboutClashes(&window_, survey);
+            (void)(choices && askAboutSpace(&window_, survey, *choices));
+        });
+        waitFor("a question before a copy", [&] { return wasAsked; });
+    };
+    ask(QStringLiteral("Packing list.md"), 2048);
+    ask(QStringLiteral("All videos.mkv"), qint64{214} << 30); // sparse
 }
 
 void Tour::fail() {

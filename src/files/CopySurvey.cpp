@@ -1,0 +1,201 @@
+#include "files/CopySurvey.h"
+
+#include "core/CancellationError.h"
+#include "files/ContentCount.h"
+#include "files/DevicePath.h"
+
+#include <QDirIterator>
+#include <QFileInfo>
+#include <QSet>
+#include <QStorageInfo>
+
+#include <algorithm>
+#include <limits>
+
+namespace tessary {
+
+namespace {
+
+/// Sums of what files claim to hold must not wrap.
+qint64 addBounded(qint64 a, qint64 b) {
+    qint64 sum = 0;
+    return qAddOverflow(a, std::max<qint64>(b, 0), &sum) ? std::numeric_limits<qint64>::max() : sum;
+}
+
+/// The stem and the extension with its dot; a leading dot starts a hidden name.
+std::pair<QString, QString> splitName(const QString& name) {
+    const qsizetype dot = name.lastIndexOf(QLatin1Char('.'));
+    return dot > 0 ? std::pair(name.left(dot), name.mid(dot)) : std::pair(name, QString());
+}
+
+/// Gives each candidate a name that is free, also among the candidates.
+void nameCopies(std::vector<CopyCandidate>& candidates,
+                const std::function<bool(const QString&)>& isTaken) {
+    QSet<QString> given;
+    for (CopyCandidate& candidate : candidates) {
+        if (!isSafeName(candidate.name))
+            continue;
+        candidate.freeName =
+            freeCopyName(candidate.name, candidate.isFolder, [&](const QString& name) {
+                return given.contains(name.toCaseFolded()) || isTaken(name);
+            });
+        given.insert(candidate.freeName.toCaseFolded());
+    }
+}
+
+/// Bytes below a folder of the phone as far as they can be counted.
+qint64 bytesIn(FileAccess& files, const FileItem& folder, bool& isPartial,
+               const std::stop_token& stopCounting, const std::stop_token& stop) {
+    std::stop_source either;
+    const auto forward = [&either] { either.request_stop(); };
+    const std::stop_callback onCounting(stopCounting, forward);
+    const std::stop_callback onStop(stop, forward);
+    ContentCount sofar;
+    try {
+        sofar = countContent(
+            files, {folder}, [&sofar](const ContentCount& count) { sofar = count; },
+            either.get_token());
+    } catch (const CancellationError&) {
+        throwIfStopped(stop);
+        isPartial = true;
+    }
+    return sofar.bytes;
+}
+
+/// The same below a local one.
+qint64 bytesIn(const QString& folder, bool& isPartial, const std::stop_token& stopCounting,
+               const std::stop_token& stop) {
+    qint64 bytes = 0;
+    QDirIterator files(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        throwIfStopped(stop);
+        if (stopCounting.stop_requested()) {
+            isPartial = true;
+            break;
+        }
+        files.next();
+        bytes = addBounded(bytes, files.fileInfo().size());
+    }
+    return bytes;
+}
+
+/// What a folder's disk has free when the queue is done.
+std::optional<qint64> freeBytesAt(const QString& folder,
+                                  const std::vector<QueuedDownload>& queued) {
+    const QStorageInfo disk(folder);
+    if (!disk.isValid() || disk.bytesTotal() <= 0)
+        return std::nullopt;
+    qint64 free = disk.bytesAvailable();
+    QHash<QString, bool> isThere; // a thousand jobs mostly go to one folder
+    for (const QueuedDownload& job : queued) {
+        auto found = isThere.find(job.folder);
+        if (found == isThere.end())
+            found = isThere.insert(job.folder, QStorageInfo(job.folder).device() == disk.device());
+        if (*found)
+            free -= std::min(free, job.bytes);
+    }
+    return free;
+}
+
+} // namespace
+
+QString freeCopyName(const QString& name, bool isFolder,
+                     const std::function<bool(const QString&)>& isTaken) {
+    const auto [stem, extension] = isFolder ? std::pair(name, QString()) : splitName(name);
+    QString candidate = name;
+    for (int n = 2; isTaken(candidate); ++n)
+        candidate = QStringLiteral("%1 (%2)%3").arg(stem).arg(n).arg(extension);
+    return candidate;
+}
+
+qint64 CopySurvey::neededBytes(const CopyChoices& choices) const {
+    qint64 needed = 0;
+    qint64 largestOld = 0;
+    for (const CopyCandidate& candidate : candidates) {
+        const NameClash choice = choices.value(candidate.key, NameClash::keepBoth);
+        if (choice == NameClash::skip)
+            continue;
+        const bool replaces =
+            choice == NameClash::replace && candidate.existing && !candidate.isFolder;
+        const qint64 old = replaces ? std::clamp<qint64>(candidate.existing->size, 0,
+                                                         std::max<qint64>(candidate.bytes, 0))
+                                    : 0;
+        needed = addBounded(needed, candidate.bytes - old);
+        largestOld = std::max(largestOld, old);
+    }
+    return addBounded(needed, largestOld);
+}
+
+CopySurvey surveyDownload(const std::shared_ptr<FileAccess>& files, DownloadPlan plan,
+                          const std::stop_token& stopCounting, const std::stop_token& stop) {
+    CopySurvey survey;
+    survey.files = files;
+    survey.target = plan.target;
+    survey.targetName = lastComponent(plan.target);
+    survey.freeBytes = freeBytesAt(plan.target, plan.queued);
+    const bool mayNotFit =
+        survey.freeBytes && (!plan.mostBytes || *plan.mostBytes > *survey.freeBytes);
+    const auto isTaken = [&plan](const QString& name) {
+        const QFileInfo info(joinPath(plan.target, name));
+        return info.exists() || info.isSymLink();
+    };
+    for (const FileItem& item : plan.items) {
+        throwIfStopped(stop);
+        CopyCandidate candidate{
+            item.id(), item.name, {}, item.isDirectory, {item.size, item.modifiedDate}, {}, 0};
+        if (isSafeName(item.name) && isTaken(item.name)) {
+            const QFileInfo there(joinPath(plan.target, item.name));
+            candidate.existing = CopySide{there.size(), there.lastModified()};
+        }
+        if (!item.isDirectory)
+            candidate.bytes = std::max<qint64>(item.size, 0);
+        else if (mayNotFit)
+            candidate.bytes = bytesIn(*files, item, survey.isPartial, stopCounting, stop);
+        survey.candidates.push_back(std::move(candidate));
+    }
+    nameCopies(survey.candidates, isTaken);
+    survey.items = std::move(plan.items);
+    return survey;
+}
+
+CopySurvey surveyUpload(const std::shared_ptr<FileAccess>& files, UploadPlan plan,
+                        const std::stop_token& stopCounting, const std::stop_token& stop) {
+    CopySurvey survey;
+    survey.isUpload = true;
+    survey.files = files;
+    survey.target = plan.target;
+    survey.targetName = files->deviceName();
+    survey.freeBytes = plan.freeBytes;
+    if (!plan.entries) {
+        try {
+            plan.entries = files->listDirectory(plan.target, stop);
+        } catch (const CancellationError&) {
+            throw;
+        } catch (const std::exception&) {
+            plan.entries.emplace();
+        }
+    }
+    QHash<QString, const FileItem*> byName;
+    QSet<QString> taken;
+    for (const FileItem& item : *plan.entries) {
+        byName.insert(item.name, &item);
+        taken.insert(item.name.toCaseFolded());
+    }
+    for (const QString& path : plan.paths) {
+        throwIfStopped(stop);
+        const QFileInfo local(path);
+        CopyCandidate candidate{path, LocalSource(path).name, {}, local.isDir(), {}, {}, 0};
+        candidate.coming = {local.size(), local.lastModified()};
+        if (const FileItem* there = byName.value(candidate.name))
+            candidate.existing = CopySide{there->size, there->modifiedDate};
+        candidate.bytes = candidate.isFolder && survey.freeBytes
+                              ? bytesIn(path, survey.isPartial, stopCounting, stop)
+                              : candidate.coming.size;
+        survey.candidates.push_back(std::move(candidate));
+    }
+    nameCopies(survey.candidates,
+               [&taken](const QString& name) { return taken.contains(name.toCaseFolded()); });
+    return survey;
+}
+
+} // namespace tessary
