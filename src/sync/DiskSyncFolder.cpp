@@ -76,7 +76,8 @@ void readPieces(const QString& path, const std::stop_token& stop, Take take) {
 
 void flushToDisk(const QString& path) {
     const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
-    const bool isDone = file >= 0 && ::fsync(file) == 0;
+    // Some network disks have no such thing for folders.
+    const bool isDone = file >= 0 && (::fsync(file) == 0 || errno == EINVAL || errno == ENOTSUP);
     const int reason = errno;
     if (file >= 0)
         ::close(file);

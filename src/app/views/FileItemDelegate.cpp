@@ -1,5 +1,6 @@
 #include "app/views/FileItemDelegate.h"
 
+#include "app/Translations.h"
 #include "app/views/Icons.h"
 #include "app/views/ThumbnailStore.h"
 #include "core/Printable.h"
@@ -66,9 +67,11 @@ void FileItemDelegate::setEditorData(QWidget* editor, const QModelIndex& index) 
     auto* line = qobject_cast<QLineEdit*>(editor);
     if (line == nullptr)
         return;
+    const bool isFolder = index.data(FileListModel::isDirectoryRole).toBool();
+    line->setAccessibleName(isFolder ? tessary::tr("browser.newFolderName") : tessary::tr("Name"));
     const QString name = line->text();
     const qsizetype dot = name.lastIndexOf(QLatin1Char('.'));
-    const bool hasStem = dot > 0 && !index.data(FileListModel::isDirectoryRole).toBool();
+    const bool hasStem = dot > 0 && !isFolder;
     // The view selects everything right after this.
     QTimer::singleShot(0, line, [line, length = hasStem ? dot : name.size()] {
         line->setSelection(0, static_cast<int>(length));
