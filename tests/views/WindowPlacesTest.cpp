@@ -4,6 +4,7 @@
 #include <QDropEvent>
 #include <QFile>
 #include <QListView>
+#include <QMimeData>
 
 namespace tessary {
 namespace {
@@ -89,6 +90,16 @@ TEST_F(WindowPlacesTest, entriesAreMovedByDroppingThemOnAFolder) {
     dropOn(u"Trip"_s, own);
     EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/Trip/alpha.txt"_s) == "a"; }));
     EXPECT_TRUE(wait([this] { return !row(u"alpha.txt"_s).isValid(); }));
+}
+
+/// What is in the folder is read first; the user goes on meanwhile.
+TEST_F(WindowPlacesTest, filesDroppedOnAFolderArriveWhateverIsShownByThen) {
+    openFolder();
+    QMimeData dropped;
+    dropped.setUrls({QUrl::fromLocalFile(local_.write(u"drop.txt"_s, "dropped"))});
+    dropOn(u"Trip"_s, dropped);
+    window_->browser().navigateUp();
+    EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/Trip/drop.txt"_s) == "dropped"; }));
 }
 
 TEST_F(WindowPlacesTest, whatIsDraggedOutIsWholeOrNothing) {
