@@ -2,6 +2,7 @@
 
 #include "core/LittleEndian.h"
 
+#include <QStringDecoder>
 #include <QTimeZone>
 
 #include <array>
@@ -25,6 +26,13 @@ std::uint32_t field(ByteView bytes, std::size_t at) {
 
 void appendWord(Bytes& bytes, ADBSyncCommand word) {
     appendLittleEndian(bytes, static_cast<std::uint32_t>(word));
+}
+
+/// A byte order mark in front is part of a name: without it the entry could not be asked for.
+QString nameFrom(ByteView utf8) {
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless |
+                                                     QStringDecoder::Flag::ConvertInitialBom);
+    return decoder.decode(QByteArrayView(utf8.data(), static_cast<qsizetype>(utf8.size())));
 }
 
 } // namespace
@@ -93,10 +101,9 @@ std::optional<ADBDentRecord> ADBSyncCodec::parseDent(ByteView from) {
     if (from.size() - dentHeaderSize < nameLength)
         return std::nullopt;
     const ByteView name = from.subspan(dentHeaderSize, nameLength);
-    return ADBDentRecord{ADBDentEntry{field(from, 4), field(from, 8), field(from, 12),
-                                      QString::fromUtf8(reinterpret_cast<const char*>(name.data()),
-                                                        static_cast<qsizetype>(name.size()))},
-                         dentHeaderSize + nameLength};
+    return ADBDentRecord{
+        ADBDentEntry{field(from, 4), field(from, 8), field(from, 12), nameFrom(name)},
+        dentHeaderSize + nameLength};
 }
 
 } // namespace tessary

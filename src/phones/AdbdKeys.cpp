@@ -10,6 +10,7 @@
 #include <openssl/param_build.h>
 #include <openssl/rand.h>
 #include <openssl/rsa.h>
+#include <openssl/x509.h>
 
 #include <algorithm>
 #include <memory>
@@ -33,14 +34,14 @@ using Number = std::unique_ptr<BIGNUM, Release<BN_free>>;
 using Builder = std::unique_ptr<OSSL_PARAM_BLD, Release<OSSL_PARAM_BLD_free>>;
 using Parameters = std::unique_ptr<OSSL_PARAM, Release<OSSL_PARAM_free>>;
 using Context = std::unique_ptr<EVP_PKEY_CTX, Release<EVP_PKEY_CTX_free>>;
-using Key = std::unique_ptr<EVP_PKEY, Release<EVP_PKEY_free>>;
+using PublicKey = std::unique_ptr<EVP_PKEY, Release<EVP_PKEY_free>>;
 
 const unsigned char* raw(ByteView bytes) {
     return reinterpret_cast<const unsigned char*>(bytes.data());
 }
 
 /// Null when the library does not take it for a key.
-Key makeKey(ByteView modulus, std::uint32_t exponent) {
+PublicKey makeKey(ByteView modulus, std::uint32_t exponent) {
     const Number n(BN_lebin2bn(raw(modulus), static_cast<int>(modulus.size()), nullptr));
     const Number e(BN_new());
     const Builder builder(OSSL_PARAM_BLD_new());
@@ -54,7 +55,12 @@ Key makeKey(ByteView modulus, std::uint32_t exponent) {
     if (!parameters || !context || EVP_PKEY_fromdata_init(context.get()) != 1 ||
         EVP_PKEY_fromdata(context.get(), &key, EVP_PKEY_PUBLIC_KEY, parameters.get()) != 1)
         return nullptr;
-    return Key(key);
+    return PublicKey(key);
+}
+
+Number numberOf(const EVP_PKEY* key, const char* which) {
+    BIGNUM* number = nullptr;
+    return EVP_PKEY_get_bn_param(key, which, &number) == 1 ? Number(number) : nullptr;
 }
 
 bool verifies(EVP_PKEY* key, ByteView token, ByteView signature) {
@@ -74,14 +80,36 @@ bool AdbdKeys::trust(ByteView publicKey) {
     const QByteArray decoded = QByteArray::fromBase64(text.left(text.indexOf(' ')));
     const ByteView bytes(reinterpret_cast<const std::byte*>(decoded.constData()),
                          static_cast<std::size_t>(decoded.size()));
-    if (bytes.size() != keySize || readLittleEndian<std::uint32_t>(bytes, 0) != modulusSize / 4)
+    auto key = fromAdbForm(bytes);
+    if (!key)
+        key = fromPkcs1(bytes);
+    if (!key || !makeKey(key->modulus, key->exponent))
         return false;
-    const ByteView modulus = bytes.subspan(8, modulusSize);
-    const auto exponent = readLittleEndian<std::uint32_t>(bytes, keySize - 4);
-    if (!makeKey(modulus, exponent))
-        return false;
-    keys_.push_back({Bytes(modulus.begin(), modulus.end()), exponent});
+    keys_.push_back(*std::move(key));
     return true;
+}
+
+std::optional<AdbdKeys::Key> AdbdKeys::fromAdbForm(ByteView bytes) {
+    if (bytes.size() != keySize || readLittleEndian<std::uint32_t>(bytes, 0) != modulusSize / 4)
+        return std::nullopt;
+    const ByteView modulus = bytes.subspan(8, modulusSize);
+    return Key{Bytes(modulus.begin(), modulus.end()),
+               readLittleEndian<std::uint32_t>(bytes, keySize - 4)};
+}
+
+std::optional<AdbdKeys::Key> AdbdKeys::fromPkcs1(ByteView der) {
+    const unsigned char* at = raw(der);
+    const PublicKey key(d2i_PublicKey(EVP_PKEY_RSA, nullptr, &at, static_cast<long>(der.size())));
+    if (!key || EVP_PKEY_get_bits(key.get()) != static_cast<int>(8 * modulusSize))
+        return std::nullopt;
+    const Number n = numberOf(key.get(), OSSL_PKEY_PARAM_RSA_N);
+    const Number e = numberOf(key.get(), OSSL_PKEY_PARAM_RSA_E);
+    if (!n || !e || BN_num_bits(e.get()) > 32)
+        return std::nullopt;
+    Key found{Bytes(modulusSize), static_cast<std::uint32_t>(BN_get_word(e.get()))};
+    BN_bn2lebinpad(n.get(), reinterpret_cast<unsigned char*>(found.modulus.data()),
+                   static_cast<int>(modulusSize));
+    return found;
 }
 
 bool AdbdKeys::hasSigned(ByteView token, ByteView signature) const {

@@ -3,14 +3,16 @@
 #include "core/Bytes.h"
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace tessary {
 
 /// The public keys of the computers that a virtual phone trusts.
 ///
-/// A key is what adb sends: base64 of { u32 words of the modulus, u32 -1/n mod 2^32, the modulus,
-/// R^2 mod n (both 256 bytes, little-endian), u32 exponent }, then a blank and the computer's name.
+/// A key is base64, a blank and the computer's name. The base64 is what adb sends, { u32 words of
+/// the modulus, u32 -1/n mod 2^32, the modulus, R^2 mod n (both 256 bytes, little-endian), u32
+/// exponent }, or an RSAPublicKey of PKCS #1 in DER.
 class AdbdKeys {
 public:
     /// False for anything that is no 2048-bit key.
@@ -23,6 +25,9 @@ private:
         Bytes modulus; ///< little-endian
         std::uint32_t exponent = 0;
     };
+    [[nodiscard]] static std::optional<Key> fromAdbForm(ByteView bytes);
+    [[nodiscard]] static std::optional<Key> fromPkcs1(ByteView der);
+
     std::vector<Key> keys_;
 };
 

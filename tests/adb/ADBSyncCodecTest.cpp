@@ -47,6 +47,14 @@ TEST(ADBSyncCodecTest, entryIsReadWithTheBytesItTook) {
               QDateTime::fromString(QStringLiteral("1970-01-02T00:00:00Z"), Qt::ISODate));
 }
 
+TEST(ADBSyncCodecTest, nameKeepsItsByteOrderMarkAndMarksWhatIsNoText) {
+    const auto record =
+        ADBSyncCodec::parseDent(bytesOf("DENT\xA4\x81\0\0\0\0\0\0\0\0\0\0\x06\0\0\0\xEF\xBB\xBF"
+                                        "a\xC3!"sv));
+    ASSERT_TRUE(record && record->entry);
+    EXPECT_EQ(record->entry->name, QStringLiteral("\uFEFFa\uFFFD!"));
+}
+
 TEST(ADBSyncCodecTest, truncatedEntryWaitsForMoreBytes) {
     for (std::size_t length = 0; length < camera.size(); ++length)
         EXPECT_FALSE(ADBSyncCodec::parseDent(ByteView(camera).first(length))) << length;

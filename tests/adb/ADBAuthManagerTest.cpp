@@ -1,0 +1,211 @@
+#include "adb/ADBAuthManager.h"
+#include "adb/ADBMessage.h"
+#include "adb/AsciiBytes.h"
+#include "phones/VirtualAdbd.h"
+#include "platform/linux/FileKeyStore.h"
+#include "platform/qt/QtProcessRunner.h"
+#include "support/QtPrinters.h"
+#include "support/TemporaryFolder.h"
+
+#include <arpa/inet.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+
+#include <gmock/gmock.h>
+
+#include <array>
+#include <chrono>
+
+namespace tessary {
+
+namespace {
+
+using namespace std::chrono_literals;
+using testing::HasSubstr;
+
+const Bytes token = bytesOf("\0\x01token of 20 bytes!"sv);
+
+QByteArray textOf(ByteView bytes) {
+    return {reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size())};
+}
+
+Bytes bytesOfFile(const QByteArray& content) {
+    return bytesOf({content.constData(), static_cast<std::size_t>(content.size())});
+}
+
+class ADBAuthManagerTest : public testing::Test {
+protected:
+    [[nodiscard]] ADBAuthManager manager(const QString& host = QStringLiteral("Ann's desk")) const {
+        return ADBAuthManager(std::make_unique<FileKeyStore>(folder_.path(QStringLiteral("keys"))),
+                              {QStringLiteral("ann"), host});
+    }
+    /// Runs a command in the test's folder.
+    void expectSucceeds(const char* line) {
+        QStringList arguments = QString::fromLatin1(line)
+                                    .replace(QLatin1Char('@'), folder_.path() + QLatin1Char('/'))
+                                    .split(QLatin1Char(' '));
+        const QString program = arguments.takeFirst();
+        const ProcessResult result = runner_.run(program, arguments, 30s);
+        EXPECT_TRUE(result.succeeded())
+            << result.standardOutput.toStdString() << result.standardError.toStdString();
+    }
+    [[nodiscard]] QString storedKey() const {
+        return QStringLiteral("keys/") + ADBAuthManager::keyTag;
+    }
+
+    const TemporaryFolder folder_;
+    QtProcessRunner runner_;
+};
+
+TEST_F(ADBAuthManagerTest, signatureAndExportedKeyHoldForOpenssl) {
+    const Bytes signature = manager().sign(token);
+    EXPECT_EQ(signature.size(), 256u);
+    const QByteArray payload = textOf(manager().getPublicKeyPayload());
+    folder_.write(QStringLiteral("key.der"),
+                  QByteArray::fromBase64(payload.left(payload.indexOf(' '))));
+    folder_.write(QStringLiteral("signature"), textOf(signature));
+    folder_.write(QStringLiteral("token"), textOf(token));
+    expectSucceeds("openssl rsa -RSAPublicKey_in -inform DER -in @key.der -pubout -out @key.pem");
+    expectSucceeds("openssl pkeyutl -verify -pubin -inkey @key.pem -sigfile @signature -in @token "
+                   "-pkeyopt rsa_padding_mode:pkcs1 -pkeyopt digest:sha1");
+}
+
+TEST_F(ADBAuthManagerTest, payloadIsKeyThenUserAtHostThenOneNul) {
+    const QByteArray payload = textOf(manager().getPublicKeyPayload());
+    EXPECT_EQ(payload.mid(payload.indexOf(' ')), QByteArray(" ann@Ann's desk\0", 16));
+    EXPECT_FALSE(payload.left(payload.indexOf(' ')).contains('\n'));
+    EXPECT_TRUE(
+        textOf(manager(QString()).getPublicKeyPayload()).endsWith(QByteArray(" ann@macOS\0", 11)));
+}
+
+TEST_F(ADBAuthManagerTest, keyOfTheAdbToolSignsForItsPublicKeyAndForOurs) {
+    folder_.makeFolder(QStringLiteral("keys"));
+    expectSucceeds("adb keygen @keys/com.kestrine.adb.privatekey");
+    ASSERT_TRUE(folder_.has(storedKey()));
+    const Bytes signature = manager().sign(token);
+    for (const Bytes& publicKey : {bytesOfFile(folder_.read(storedKey() + QStringLiteral(".pub"))),
+                                   manager().getPublicKeyPayload()}) {
+        AdbdKeys phone;
+        ASSERT_TRUE(phone.trust(publicKey)) << textOf(publicKey).toStdString();
+        EXPECT_TRUE(phone.hasSigned(token, signature));
+        EXPECT_FALSE(phone.hasSigned(makeAdbdToken(), signature));
+    }
+}
+
+TEST_F(ADBAuthManagerTest, processesThatStartTogetherEndWithOneKey) {
+    std::array<pid_t, 6> children{};
+    std::array<int, 2> start{};
+    ASSERT_EQ(::pipe(start.data()), 0);
+    for (std::size_t i = 0; i < children.size(); ++i) {
+        children[i] = ::fork();
+        if (children[i] == 0) {
+            ::close(start[1]);
+            char none = 0;
+            (void)!::read(start[0], &none, 1); // until the pipe is closed
+            folder_.write(QStringLiteral("payload%1").arg(i),
+                          textOf(manager().getPublicKeyPayload()));
+            ::_exit(0);
+        }
+    }
+    ::close(start[0]);
+    ::close(start[1]);
+    for (const pid_t child : children)
+        EXPECT_EQ(::waitpid(child, nullptr, 0), child);
+    for (std::size_t i = 0; i < children.size(); ++i)
+        EXPECT_EQ(folder_.read(QStringLiteral("payload%1").arg(i)),
+                  textOf(manager().getPublicKeyPayload()));
+    EXPECT_EQ(folder_.names(QStringLiteral("keys")), QStringList{ADBAuthManager::keyTag});
+}
+
+TEST_F(ADBAuthManagerTest, whatCannotBeUsedIsAnErrorAndStaysAsItIs) {
+    try {
+        (void)manager().sign(ByteView(token).first(19));
+        ADD_FAILURE() << "signed";
+    } catch (const ADBError& error) {
+        EXPECT_EQ(error.kind(), ADBError::Case::notSigned);
+        EXPECT_THAT(error.what(), HasSubstr("Failed to sign challenge token: "));
+    }
+    const QByteArray shortKey = [&] {
+        expectSucceeds("openssl genrsa -out @short 1024");
+        return folder_.read(QStringLiteral("short"));
+    }();
+    for (const QByteArray& stored : {QByteArray("damaged"), QByteArray(""), shortKey}) {
+        folder_.write(storedKey(), stored); // keeps its permissions
+        try {
+            (void)manager().getPublicKeyPayload();
+            ADD_FAILURE() << stored.toStdString();
+        } catch (const ADBError& error) {
+            EXPECT_EQ(error.kind(), ADBError::Case::noKey);
+            EXPECT_THAT(error.what(), HasSubstr("Failed to generate RSA key: "));
+        }
+        EXPECT_EQ(folder_.read(storedKey()), stored);
+    }
+}
+
+/// A host that speaks ADB's messages over a socket.
+class RawAdbHost {
+public:
+    explicit RawAdbHost(std::uint16_t port) : socket_(::socket(AF_INET, SOCK_STREAM, 0)) {
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_port = htons(port);
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        EXPECT_EQ(
+            ::connect(socket_.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address),
+            0);
+        const timeval limit{20, 0};
+        ::setsockopt(socket_.get(), SOL_SOCKET, SO_RCVTIMEO, &limit, sizeof limit);
+    }
+    void send(ADBCommand command, std::uint32_t arg0, std::uint32_t arg1, const Bytes& payload) {
+        const Bytes bytes = ADBMessage(command, arg0, arg1, payload).encode();
+        EXPECT_EQ(::send(socket_.get(), bytes.data(), bytes.size(), MSG_NOSIGNAL),
+                  static_cast<ssize_t>(bytes.size()));
+    }
+    ADBMessage receive() {
+        auto message = ADBMessage::decodeHeader(read(ADBConstants::headerSize));
+        if (!message)
+            return {};
+        message->payload = read(message->dataLength);
+        return *message;
+    }
+
+private:
+    Bytes read(std::size_t count) {
+        Bytes bytes(count);
+        const ssize_t got = ::recv(socket_.get(), bytes.data(), count, MSG_WAITALL);
+        bytes.resize(got > 0 ? static_cast<std::size_t>(got) : 0);
+        return bytes;
+    }
+    FileHandle socket_;
+};
+
+TEST_F(ADBAuthManagerTest, phoneLetsTheKeyInAndKnowsItsSignatureTheNextTime) {
+    AdbdConfig config;
+    config.folder = folder_.makeFolder(QStringLiteral("phone"));
+    config.asksForKeys = true;
+    VirtualAdbd phone(config);
+    phone.start();
+    for (const bool isKnown : {false, true}) {
+        SCOPED_TRACE(isKnown);
+        RawAdbHost host(phone.port());
+        host.send(ADBCommand::cnxn, ADBConstants::versionV2, ADBConstants::maxPayloadV2,
+                  bytesOf(ADBConstants::defaultHostFeatures));
+        ADBMessage answer = host.receive();
+        ASSERT_EQ(adbCommandFromRawValue(answer.command), ADBCommand::auth);
+        ASSERT_EQ(answer.arg0, ADBConstants::authTypeToken);
+        host.send(ADBCommand::auth, ADBConstants::authTypeSignature, 0,
+                  manager().sign(answer.payload));
+        answer = host.receive();
+        if (!isKnown) {
+            ASSERT_EQ(adbCommandFromRawValue(answer.command), ADBCommand::auth);
+            host.send(ADBCommand::auth, ADBConstants::authTypeRSAPublicKey, 0,
+                      manager().getPublicKeyPayload());
+            answer = host.receive();
+        }
+        EXPECT_EQ(adbCommandFromRawValue(answer.command), ADBCommand::cnxn);
+    }
+}
+
+} // namespace
+
+} // namespace tessary
