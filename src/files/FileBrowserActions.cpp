@@ -54,9 +54,12 @@ QString FileBrowserViewModel::freeFolderName() const {
 
 /// Does something to each entry in the background, reports, and reads the folder again.
 void FileBrowserViewModel::edit(std::vector<FileItem> items, const QString& verb, EditAction action,
-                                EditDone whenDone) {
+                                EditDone whenDone, const QStringList& newPaths) {
     if (!files_ || items.empty())
         return;
+    QStringList changedPaths = newPaths;
+    for (const FileItem& item : items)
+        changedPaths << item.path;
     const auto total = static_cast<int>(items.size());
     if (edits_.empty())
         editProgress_ = {};
@@ -89,10 +92,12 @@ void FileBrowserViewModel::edit(std::vector<FileItem> items, const QString& verb
                 },
                 [&](int count) { progress(count, before); }, stop);
         },
-        [this, source, whenDone, files = files_,
+        [this, source, whenDone, changedPaths, files = files_,
          path = currentPath_](BackgroundResult<BrowserEditReport> result) {
             edits_.erase(std::find(edits_.begin(), edits_.end(), *source));
             Q_EMIT editingChanged();
+            for (const QString& changed : changedPaths)
+                folders_.entryChanged(files->identity(), changed);
             if (!result.succeeded())
                 return;
             const BrowserEditReport report = result.take();
@@ -170,7 +175,8 @@ void FileBrowserViewModel::renameItem(const QString& id, const QString& newName)
             if (folder == currentPath_)
                 awaited_ = Awaited{newName};
             Q_EMIT itemRenamed(paths.front(), joinPath(parentPath(paths.front()), newName));
-        });
+        },
+        {joinPath(parentPath(item->path), newName)});
 }
 
 void FileBrowserViewModel::moveSelectedItems(const QString& toFolderId) {
@@ -194,11 +200,16 @@ void FileBrowserViewModel::moveItemsToPath(const QStringList& ids, const QString
     const QString target = files_->canonicalPath(path);
     if (target == currentPath_)
         return;
-    edit(itemsWithIds(ids), QStringLiteral("move"),
-         [target](FileAccess& files, const FileItem& item, const std::stop_token& stop) {
-             files.moveItem(item, target, stop);
-         },
-         {});
+    std::vector<FileItem> items = itemsWithIds(ids);
+    QStringList newPaths;
+    for (const FileItem& item : items)
+        newPaths << joinPath(target, item.name);
+    edit(
+        std::move(items), QStringLiteral("move"),
+        [target](FileAccess& files, const FileItem& item, const std::stop_token& stop) {
+            files.moveItem(item, target, stop);
+        },
+        {}, newPaths);
 }
 
 void FileBrowserViewModel::cacheFileForPreview(const QString& id) {

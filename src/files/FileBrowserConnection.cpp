@@ -60,6 +60,7 @@ void FileBrowserViewModel::open(std::shared_ptr<FileAccess> files,
     isConnecting_ = false;
     history_ = {};
     knownFolders_.clear();
+    folders_.open(*files_, device ? device->id() : QString());
     Q_EMIT connectionChanged();
     const QString path = files_->canonicalPath(initialPath);
     history_.record(path);
@@ -71,6 +72,7 @@ void FileBrowserViewModel::loseDevice() {
     if (!files_)
         return;
     stopAll();
+    folders_.forget(*files_);
     setState(BrowserState::deviceLost, false);
     setError(ErrorAdvice{QStringLiteral("The phone was unplugged."),
                          activeDevice_ && activeDevice_->platform == DevicePlatform::iOS
@@ -85,6 +87,9 @@ void FileBrowserViewModel::updateDevice(const DeviceInfo& device) {
         return;
     const bool isBack = state_ == BrowserState::deviceLost;
     const bool isUnlocked = !activeDevice_->isDataAccessible() && device.isDataAccessible();
+    if (activeDevice_->protocolMode != device.protocolMode)
+        folders_.forget(*files_);
+    folders_.open(*files_, device.id());
     activeDevice_ = device;
     // The connection to an app is opened anew by itself, wherever the phone is plugged in.
     if (device.platform == DevicePlatform::android)

@@ -84,21 +84,26 @@ void FileBrowserViewModel::navigateTo(const QString& path, bool recordHistory) {
     show(target);
 }
 
-/// Goes to a folder of which nothing is known yet.
+/// Goes to another folder, or anew to the one shown.
 void FileBrowserViewModel::show(const QString& path) {
     changeSelection({});
     typeahead_.reset();
     awaited_.reset();
     ++typedNumber_;
     setError(std::nullopt);
-    if (path != currentPath_ || rows_.listing().size() > 0)
-        rows_.reset(FileListing::make({}, QLocale()));
     const BrowserRoot root = files_->rootOf(path);
+    const bool isOther = path != currentPath_;
     currentPath_ = path;
     rootPath_ = root.path;
     breadcrumbs_ = breadcrumbsOf(root, path);
+    auto remembered = folders_.recall(*files_, path);
+    const bool isRemembered = remembered && !remembered->empty();
+    if (isRemembered)
+        rows_.reset(FileListing::make(*std::move(remembered), QLocale()));
+    else if (isOther || rows_.listing().size() > 0)
+        rows_.reset(FileListing::make({}, QLocale()));
     Q_EMIT pathChanged();
-    load(false);
+    load(isRemembered ? Meanwhile::remembered : Meanwhile::nothing);
 }
 
 void FileBrowserViewModel::enterFolder(const QString& itemId) {
@@ -117,8 +122,11 @@ void FileBrowserViewModel::navigateUp() {
     const QString left = lastComponent(currentPath_);
     const bool isGone = state_ == BrowserState::folderGone;
     navigateTo(isGone ? livingFolder_ : parentPath(currentPath_));
-    if (!isGone)
-        awaited_ = Awaited{left};
+    if (isGone)
+        return;
+    awaited_ = Awaited{left};
+    if (rows_.listing().size() > 0)
+        selectAwaited();
 }
 
 bool FileBrowserViewModel::canGoBack() const {
@@ -147,27 +155,40 @@ void FileBrowserViewModel::goForward() {
 
 void FileBrowserViewModel::reload() {
     if (files_)
-        load(true);
+        load(Meanwhile::shown);
 }
 
-void FileBrowserViewModel::load(bool isReload) {
+void FileBrowserViewModel::load(Meanwhile meanwhile) {
     reloadTimer_.stop();
     stopLoad_.request_stop();
     const std::uint64_t number = ++loadNumber_;
-    setState(isReload ? state_ : BrowserState::ready, true);
+    setState(meanwhile == Meanwhile::shown ? state_ : BrowserState::ready, true);
     stopLoad_ = runInBackground(
         this,
         [files = files_, path = currentPath_, locale = QLocale()](const std::stop_token& stop) {
             return loadFolder(*files, path, locale, stop);
         },
-        [this, number, isReload](BackgroundResult<BrowserLoad> result) {
+        [this, number, meanwhile, begun = folders_.now()](BackgroundResult<BrowserLoad> result) {
             // Of a folder that is not wanted any more, or stopped.
-            if (number == loadNumber_ && result.succeeded())
-                applyLoad(result.take(), isReload);
+            if (number != loadNumber_ || !result.succeeded())
+                return;
+            const BrowserLoad loaded = result.take();
+            if (loaded.listing)
+                folders_.remember(*files_, currentPath_, loaded.listing->items(), begun);
+            else
+                forgetAfter(loaded);
+            applyLoad(loaded, meanwhile);
         });
 }
 
-void FileBrowserViewModel::applyLoad(const BrowserLoad& load, bool isReload) {
+void FileBrowserViewModel::forgetAfter(const BrowserLoad& failure) {
+    if (failure.isDeviceLost)
+        folders_.forget(*files_);
+    else
+        folders_.forgetFolder(*files_, currentPath_);
+}
+
+void FileBrowserViewModel::applyLoad(const BrowserLoad& load, Meanwhile meanwhile) {
     if (!load.listing) {
         const bool isAndroid = activeDevice_ && activeDevice_->platform == DevicePlatform::android;
         DiagnosticsLogger::shared().ui.error(
@@ -191,10 +212,10 @@ void FileBrowserViewModel::applyLoad(const BrowserLoad& load, bool isReload) {
     }
     isConnecting_ = false;
     knownFolders_.note(currentPath_, load.listing->items());
-    if (isReload)
-        rows_.update(load.listing);
-    else
+    if (meanwhile == Meanwhile::nothing)
         rows_.reset(load.listing);
+    else
+        rows_.update(load.listing);
     BrowserSelection selection = selection_;
     selection.prune(rows_);
     changeSelection(selection);
@@ -346,10 +367,13 @@ void FileBrowserViewModel::handleTypeahead(const QString& character) {
 void FileBrowserViewModel::selectAwaited() {
     if (!awaited_)
         return;
-    const Awaited awaited = *std::exchange(awaited_, std::nullopt);
+    const Awaited awaited = *awaited_;
+    if (!isLoading_)
+        awaited_.reset();
     for (int row = 0; row < rows_.count(); ++row) {
         if (rows_.item(row).name != awaited.name)
             continue;
+        awaited_.reset();
         const QString id = rows_.id(row);
         selectItem(id);
         if (awaited.isNewFolder)
@@ -361,10 +385,13 @@ void FileBrowserViewModel::selectAwaited() {
 /// Reads the folder again after an upload into it.
 void FileBrowserViewModel::reloadAfter(const QUuid& finishedJob) {
     const int index = transfers_.indexOf(finishedJob);
-    if (!files_ || index < 0)
+    if (index < 0)
         return;
     const TransferJob& job = transfers_.jobs()[static_cast<std::size_t>(index)];
-    if (job.type != TransferJob::TransferType::upload || job.connection != files_->identity() ||
+    if (job.type != TransferJob::TransferType::upload)
+        return;
+    folders_.entryChanged(job.connection, job.destinationPath);
+    if (!files_ || job.connection != files_->identity() ||
         files_->canonicalPath(parentPath(job.destinationPath)) != currentPath_)
         return;
     const bool isLast = transfers_.summary().isIdle();

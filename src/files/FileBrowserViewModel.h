@@ -10,6 +10,7 @@
 #include "files/ErrorAdvice.h"
 #include "files/FileAccess.h"
 #include "files/FileRows.h"
+#include "files/FolderMemory.h"
 #include "files/KnownFolders.h"
 #include "files/PreviewCache.h"
 #include "files/TransferViewModel.h"
@@ -109,6 +110,11 @@ public:
     [[nodiscard]] const QString& appName() const {
         return appName_;
     }
+    /// The folders shown before. Whoever changes a device behind the browser's back has them
+    /// forgotten.
+    [[nodiscard]] FolderMemory& folders() {
+        return folders_;
+    }
     /// Where copies are queued.
     [[nodiscard]] const TransferViewModel& transfers() const {
         return transfers_;
@@ -146,6 +152,7 @@ public:
         setError(error);
     }
 
+    /// A folder that was shown before appears at once, and is read anew behind it.
     void navigateTo(const QString& path, bool recordHistory = true);
     /// Goes to a path that the user typed, absolute or from the folder shown on; to a file's
     /// folder, where it is selected. `whenDone(false)`: nothing is there, and error() says so. It
@@ -289,21 +296,28 @@ private:
         QString name;
         bool isNewFolder = false;
     };
+    /// What is in the rows while a folder is read.
+    enum class Meanwhile {
+        nothing,
+        remembered, ///< as it was when it was last shown
+        shown,      ///< the same folder
+    };
     using EditAction = std::function<void(FileAccess&, const FileItem&, const std::stop_token&)>;
     using EditDone = std::function<void(const QStringList& donePaths)>;
 
     void stopAll();
     void letGo(std::shared_ptr<FileAccess> files);
     void show(const QString& path);
-    void load(bool isReload);
-    void applyLoad(const BrowserLoad& load, bool isReload);
+    void load(Meanwhile meanwhile);
+    void applyLoad(const BrowserLoad& load, Meanwhile meanwhile);
+    void forgetAfter(const BrowserLoad& failure);
     void setState(BrowserState state, bool isLoading);
     void setError(const std::optional<ErrorAdvice>& error, bool isOfLoad = false);
     void changeSelection(const BrowserSelection& selection);
     void selectAwaited();
     void reloadAfter(const QUuid& finishedJob);
     void edit(std::vector<FileItem> items, const QString& verb, EditAction action,
-              EditDone whenDone);
+              EditDone whenDone, const QStringList& newPaths = {});
     void applyEdit(const BrowserEditReport& report, const FileAccess* editedFiles,
                    const QString& path);
     void refuse(const QString& verb, const FileItem& item, const QString& reason);
@@ -329,6 +343,7 @@ private:
     KnownFolders knownFolders_;
     std::uint64_t typedNumber_ = 0; ///< answers about older typed paths are dropped
 
+    FolderMemory folders_;
     FileRows rows_;
     BrowserSelection selection_;
     Typeahead typeahead_;

@@ -199,12 +199,16 @@ void MainWindow::connectSync() {
         syncPanel_->popUpBelow(anchor);
     });
     connect(&app_.syncManager(), &SyncManager::syncDidComplete, this, [this](const QUuid& id) {
+        browser_.folders().forgetAll();
         const SyncPair* pair = app_.syncManager().pair(id);
         const auto& device = browser_.activeDevice();
         if (pair != nullptr && device && device->udid == pair->deviceUDID &&
             browser_.state() != BrowserState::deviceLost)
             browser_.reload();
     });
+    // One that failed has changed something, too.
+    connect(&app_.syncManager(), &SyncManager::idle, this,
+            [this] { browser_.folders().forgetAll(); });
 }
 
 /// What is under way is not thrown away by a slip of the hand.
@@ -303,6 +307,7 @@ void MainWindow::openFavorite(const DeviceFavorite& favorite) {
 }
 
 void MainWindow::deviceListChanged() {
+    browser_.folders().keepOnly(app_.deviceManager().devices());
     const auto active = browser_.activeDevice();
     if (active) {
         const auto now = attached(*active);
