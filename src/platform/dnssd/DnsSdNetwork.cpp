@@ -1,0 +1,104 @@
+#include "core/CancellationError.h"
+#include "platform/dnssd/DnsSdBrowser.h"
+#include "platform/dnssd/DnsServiceRef.h"
+
+#include <arpa/inet.h>
+#include <poll.h>
+
+#include <array>
+#include <chrono>
+
+namespace tessary {
+
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+constexpr auto patience = 5s; // with the network, for each question
+constexpr int tick = 100;     // ms, after which a stop request is noticed
+
+struct Target {
+    QByteArray host; ///< empty while unknown
+    std::uint16_t port = 0;
+};
+
+/// Waits until `isAnswered`, for as long as one is patient. Throws CancellationError.
+template <typename Test>
+void await(DNSServiceRef raw, DNSServiceErrorType error, const std::stop_token& stop,
+           Test isAnswered) {
+    if (error != kDNSServiceErr_NoError)
+        return;
+    const DnsServiceRef question(raw);
+    const auto end = Clock::now() + patience;
+    while (!isAnswered() && Clock::now() < end) {
+        throwIfStopped(stop);
+        pollfd answer{DNSServiceRefSockFD(raw), POLLIN, 0};
+        if (::poll(&answer, 1, tick) > 0 && DNSServiceProcessResult(raw) != kDNSServiceErr_NoError)
+            return;
+    }
+}
+
+Target askTarget(const ServiceEndpoint& service, const std::stop_token& stop) {
+    Target target;
+    const auto answered = [](DNSServiceRef, DNSServiceFlags, std::uint32_t,
+                             DNSServiceErrorType error, const char*, const char* host,
+                             std::uint16_t port, std::uint16_t, const unsigned char*,
+                             void* context) {
+        if (error == kDNSServiceErr_NoError && host)
+            *static_cast<Target*>(context) = {host, ntohs(port)};
+    };
+    DNSServiceRef question = nullptr;
+    const DNSServiceErrorType error = DNSServiceResolve(
+        &question, 0, service.interfaceIndex, service.name.toUtf8().constData(),
+        service.type.toUtf8().constData(), service.domain.toUtf8().constData(), answered, &target);
+    await(question, error, stop, [&] { return !target.host.isEmpty(); });
+    return target;
+}
+
+/// The IPv4 address of a host, asked of the network itself: the system's own look-up may not know
+/// names of the local network.
+QString askAddress(const QByteArray& host, std::uint32_t interfaceIndex,
+                   const std::stop_token& stop) {
+    QString address;
+    const auto answered = [](DNSServiceRef, DNSServiceFlags flags, std::uint32_t,
+                             DNSServiceErrorType error, const char*, std::uint16_t type,
+                             std::uint16_t, std::uint16_t size, const void* data, std::uint32_t,
+                             void* context) {
+        std::array<char, INET_ADDRSTRLEN> text{};
+        if (error == kDNSServiceErr_NoError && (flags & kDNSServiceFlagsAdd) != 0 &&
+            type == kDNSServiceType_A && size == sizeof(in_addr) &&
+            ::inet_ntop(AF_INET, data, text.data(), text.size()))
+            *static_cast<QString*>(context) = QString::fromLatin1(text.data());
+    };
+    DNSServiceRef question = nullptr;
+    const DNSServiceErrorType error =
+        DNSServiceQueryRecord(&question, 0, interfaceIndex, host.constData(), kDNSServiceType_A,
+                              kDNSServiceClass_IN, answered, &address);
+    await(question, error, stop, [&] { return !address.isEmpty(); });
+    return address;
+}
+
+class DnsSdNetwork final : public ServiceNetwork {
+public:
+    std::unique_ptr<ServiceBrowser> browse(const QString& type) override {
+        return std::make_unique<DnsSdBrowser>(type);
+    }
+    std::optional<ServiceAddress> resolve(const ServiceEndpoint& service,
+                                          const std::stop_token& stop) override {
+        const Target target = askTarget(service, stop);
+        if (target.host.isEmpty() || target.port == 0)
+            return std::nullopt;
+        const QString address = askAddress(target.host, service.interfaceIndex, stop);
+        return address.isEmpty() ? std::nullopt
+                                 : std::optional(ServiceAddress{address, target.port});
+    }
+};
+
+} // namespace
+
+std::shared_ptr<ServiceNetwork> makeSystemServiceNetwork() {
+    return std::make_shared<DnsSdNetwork>();
+}
+
+} // namespace tessary

@@ -1,0 +1,168 @@
+#include "adb/WirelessADBDiscovery.h"
+#include "core/MainThread.h"
+#include "support/Application.h"
+#include "support/AvahiNetwork.h"
+#include "support/QtPrinters.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <map>
+
+namespace tessary {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// A network whose reports a test makes up.
+class ScriptedNetwork : public ServiceNetwork {
+public:
+    std::unique_ptr<ServiceBrowser> browse(const QString& type) override {
+        struct Browser : ServiceBrowser {
+            explicit Browser(Changed& slot) : slot_(slot) {}
+            ~Browser() override {
+                Browser::cancel();
+            }
+            void start(Changed changed) override {
+                slot_ = std::move(changed);
+            }
+            void cancel() override {
+                slot_ = nullptr;
+            }
+            Changed& slot_;
+        };
+        return std::make_unique<Browser>(browsers_[type]);
+    }
+    std::optional<ServiceAddress> resolve(const ServiceEndpoint&, const std::stop_token&) override {
+        return std::nullopt;
+    }
+    void report(QLatin1StringView type, const char* names) {
+        ServiceResults results{true, {}};
+        for (const QString& name :
+             QString::fromLatin1(names).split(QLatin1Char(','), Qt::SkipEmptyParts))
+            results.services.push_back({name, type, QStringLiteral("local"), 2});
+        std::thread([&] { browsers_[type](results); }).join();
+    }
+    [[nodiscard]] bool isBrowsing() {
+        return browsers_[WirelessADBDiscovery::connectType] != nullptr;
+    }
+
+private:
+    std::map<QString, ServiceBrowser::Changed> browsers_;
+};
+
+/// What came from a discovery: "name", or "name (pairing)".
+class Watch {
+public:
+    explicit Watch(WirelessADBDiscovery& discovery) {
+        discovery.onDevicesUpdated = [this](const std::vector<DiscoveredWirelessDevice>& found) {
+            EXPECT_TRUE(MainThread::isCurrent());
+            devices = found;
+            std::sort(devices.begin(), devices.end(),
+                      [](const auto& left, const auto& right) { return left.name < right.name; });
+            ++updates;
+        };
+        discovery.onAvailabilityChanged = [this](bool available) { isAvailable = available; };
+    }
+    [[nodiscard]] QStringList names() const {
+        QStringList list;
+        for (const DiscoveredWirelessDevice& device : devices)
+            list << (device.isPairing ? device.name + QStringLiteral(" (pairing)") : device.name);
+        return list;
+    }
+
+    std::vector<DiscoveredWirelessDevice> devices;
+    std::optional<bool> isAvailable;
+    int updates = 0;
+};
+
+class WirelessADBDiscoveryTest : public Application, public testing::Test {};
+
+TEST_F(WirelessADBDiscoveryTest, latestReportOfAPhoneWinsAndPhonesThatGoStay) {
+    const auto network = std::make_shared<ScriptedNetwork>();
+    WirelessADBDiscovery discovery(network);
+    Watch watch(discovery);
+    discovery.startBrowsing();
+    struct Row {
+        QLatin1StringView type;
+        const char* reported;
+        const char* expected;
+    };
+    const auto connectType = WirelessADBDiscovery::connectType;
+    const auto pairingType = WirelessADBDiscovery::pairingType;
+    const std::vector<Row> rows{
+        {connectType, "a,b", "a,b"},
+        {pairingType, "b,c", "a,b (pairing),c (pairing)"},
+        {pairingType, "", "a,b (pairing),c (pairing)"},
+        {connectType, "b", "a,b,c (pairing)"},
+    };
+    for (const Row& row : rows) {
+        const int before = watch.updates;
+        network->report(row.type, row.reported);
+        ASSERT_TRUE(eventually([&] { return watch.updates > before; }));
+        EXPECT_EQ(watch.names().join(QLatin1Char(',')), QString::fromLatin1(row.expected));
+    }
+    EXPECT_EQ(watch.devices[1].endpoint.type, connectType) << "where the last report leads";
+    EXPECT_EQ(watch.isAvailable, true);
+
+    network->report(connectType, "late");
+    discovery.stopBrowsing();
+    const int before = watch.updates;
+    (void)eventually([] { return false; }, std::chrono::milliseconds(50));
+    EXPECT_EQ(watch.updates, before);
+    EXPECT_FALSE(network->isBrowsing());
+    discovery.startBrowsing();
+    network->report(connectType, "");
+    ASSERT_TRUE(eventually([&] { return watch.updates > before; }));
+    EXPECT_THAT(watch.names(), IsEmpty());
+}
+
+class RealNetworkTest : public WirelessADBDiscoveryTest {
+protected:
+    static void SetUpTestSuite() {
+        canHave_ = AvahiNetwork::enter();
+    }
+    void SetUp() override {
+        if (!canHave_)
+            GTEST_SKIP() << "no network namespace can be had here (unshare -n)";
+        network_ = std::make_unique<AvahiNetwork>();
+    }
+
+    static inline bool canHave_ = false;
+    std::unique_ptr<AvahiNetwork> network_;
+};
+
+TEST_F(RealNetworkTest, phonesAreFoundAndResolvedAsSoonAsThereIsADaemon) {
+    const auto services = makeSystemServiceNetwork();
+    WirelessADBDiscovery discovery(services);
+    Watch watch(discovery);
+    discovery.startBrowsing();
+    ASSERT_TRUE(eventually([&] { return watch.isAvailable == false; }));
+    EXPECT_THAT(watch.names(), IsEmpty());
+
+    network_->startDaemon();
+    const QString odd = QStringLiteral("Päd\\.1 x");
+    network_->publish(QStringLiteral("adb-PHONE1-abc"), WirelessADBDiscovery::connectType, 37001);
+    network_->publish(odd, WirelessADBDiscovery::pairingType, 37002);
+    network_->publish(QStringLiteral("printer"), QStringLiteral("_ipp._tcp"), 631);
+    ASSERT_TRUE(eventually([&] { return watch.devices.size() == 2; }));
+    EXPECT_EQ(watch.isAvailable, true);
+    EXPECT_EQ(watch.names(),
+              (QStringList{odd + QStringLiteral(" (pairing)"), QStringLiteral("adb-PHONE1-abc")}));
+    const QString host = QStringLiteral("10.77.0.1");
+    EXPECT_EQ(services->resolve(watch.devices[0].endpoint, {}), (ServiceAddress{host, 37002}));
+    EXPECT_EQ(services->resolve(watch.devices[1].endpoint, {}), (ServiceAddress{host, 37001}));
+
+    network_->stopDaemon();
+    EXPECT_TRUE(eventually([&] { return watch.isAvailable == false; }));
+    EXPECT_EQ(services->resolve(watch.devices[1].endpoint, {}), std::nullopt);
+    const auto start = std::chrono::steady_clock::now();
+    discovery.stopBrowsing();
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+}
+
+} // namespace
+
+} // namespace tessary
