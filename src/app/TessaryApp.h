@@ -7,6 +7,7 @@
 #include "files/DeviceFileService.h"
 #include "files/TransferEngine.h"
 #include "platform/MemoryUserDefaults.h"
+#include "platform/ServiceBrowser.h"
 #include "platform/qt/QtHttpClient.h"
 #include "sync/SyncManager.h"
 
@@ -27,6 +28,8 @@ struct TessaryAppSetup {
     /// The user's settings; until the end of the program when there are none.
     std::shared_ptr<UserDefaults> defaults = std::make_shared<MemoryUserDefaults>();
     std::shared_ptr<HttpClient> http = std::make_shared<QtHttpClient>();
+    /// Where phones with wireless debugging are looked for.
+    std::shared_ptr<ServiceNetwork> network = makeSystemServiceNetwork();
     /// Shows a page in the user's browser.
     std::function<void(const QUrl&)> openAddress = [](const QUrl&) {};
 };
@@ -65,6 +68,9 @@ public:
     /// Where windows keep their sizes and the like.
     [[nodiscard]] UserDefaults& defaults() {
         return *setup_.defaults;
+    }
+    [[nodiscard]] const std::shared_ptr<ServiceNetwork>& network() const {
+        return setup_.network;
     }
     [[nodiscard]] DeviceFileService& files() {
         return files_;

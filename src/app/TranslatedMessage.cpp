@@ -107,6 +107,7 @@ constexpr std::array patterns{
     "Cannot read %1: %2",
     "Cannot create the folder %1 on this computer.",
     "Cannot read %1.",
+    "adb could not reach the phone: %1",
 };
 
 struct Pattern {

@@ -128,6 +128,9 @@ public:
     /// The adb executable of this machine: the first that is there of the home folder's Android
     /// tools and the usual places.
     [[nodiscard]] std::optional<QString> findAdbBinary() const;
+    [[nodiscard]] const ADBTool& adbTool() const {
+        return adbTool_;
+    }
     /// Whether adb reaches a phone with this serial number; without one, whether it reaches
     /// exactly one phone. Starts adb's server when none runs.
     [[nodiscard]] bool isAdbDeviceConnected(const std::optional<QString>& serial);

@@ -1,6 +1,7 @@
 #include "phones/DemoPhones.h"
 
 #include "phones/DemoContent.h"
+#include "phones/DemoNetwork.h"
 #include "phones/ThreadName.h"
 
 #include <QDir>
@@ -97,6 +98,14 @@ void DemoPhones::startAdb(const std::optional<QString>& executable) {
         } catch (const std::runtime_error& error) {
             qWarning("The virtual phone is not debugged: %s", error.what());
         }
+    });
+}
+
+std::shared_ptr<ServiceNetwork> DemoPhones::network() {
+    return std::make_shared<DemoNetwork>([this]() -> std::optional<ServiceAddress> {
+        if (adbd_->port() == 0)
+            return std::nullopt;
+        return ServiceAddress{u"127.0.0.1"_s, adbd_->port()};
     });
 }
 

@@ -4,10 +4,12 @@
 #include "phones/DemoIPhones.h"
 #include "phones/VirtualAdbd.h"
 #include "phones/VirtualAndroid.h"
+#include "platform/ServiceBrowser.h"
 
 #include <QProcessEnvironment>
 #include <QTemporaryDir>
 
+#include <memory>
 #include <optional>
 #include <thread>
 
@@ -37,6 +39,9 @@ public:
     [[nodiscard]] std::vector<std::unique_ptr<VirtualAndroid>>& androids() {
         return androids_;
     }
+
+    /// On which the first phone announces that it can be debugged.
+    [[nodiscard]] std::shared_ptr<ServiceNetwork> network();
 
     /// Null when no multiplexer could listen.
     [[nodiscard]] DemoIPhones* iPhones() {

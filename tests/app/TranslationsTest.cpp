@@ -68,6 +68,7 @@ QMap<QString, QString> usedKeys() {
         {"files/BrowserLoad.cpp", R"(QStringLiteral\()"},
         {"files/TransferEnd.cpp", R"(QStringLiteral\()"},
         {"files/ADBTool.cpp", R"(,\s+View\()"},
+        {"files/ADBWireless.cpp", R"((?:return|:) QStringLiteral\()"},
         {"sync/SyncManager.cpp", R"(SyncStatus::syncing\(QStringLiteral\()"},
         {"sync/SyncRun.cpp", R"(tell\(QStringLiteral\()"},
         {"sync/SyncWorker.cpp", R"(begin\(QStringLiteral\()"},

@@ -131,6 +131,8 @@ bool asksForText(int argc, char** argv) {
 } // namespace
 
 int main(int argc, char** argv) {
+    // Avahi's library for DNS-SD asks on standard error for its own interface to be used instead.
+    qputenv("AVAHI_COMPAT_NOWARN", "1");
     const std::unique_ptr<QCoreApplication> application =
         asksForText(argc, argv) ? std::make_unique<QCoreApplication>(argc, argv)
                                 : std::make_unique<QApplication>(argc, argv);
@@ -182,6 +184,8 @@ int main(int argc, char** argv) {
                                 {QStringLiteral("--demo")});
         QApplication::closeAllWindows();
     };
+    if (isDemo)
+        setup.network = phones.virtualPhones->network();
     if (!parser.isSet(tour))
         setup.defaults = makeSystemUserDefaults();
     setup.openAddress = [](const QUrl& address) { QDesktopServices::openUrl(address); };

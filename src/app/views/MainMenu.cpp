@@ -34,12 +34,15 @@ void makeMainMenus(QMenuBar& bar, const BrowserActions& actions, const MainMenuW
     settings->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
     settings->setMenuRole(QAction::PreferencesRole);
     QObject::connect(settings, &QAction::triggered, &bar, wishes.showSettings);
+    auto* wireless = new QAction(icon("network-wireless"), QString(), &bar);
+    QObject::connect(wireless, &QAction::triggered, &bar, wishes.showWireless);
     auto* quit = new QAction(icon("application-exit"), QString(), &bar);
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     quit->setMenuRole(QAction::QuitRole);
     QObject::connect(quit, &QAction::triggered, &bar, wishes.quit);
-    keepTranslated(settings, [settings, quit] {
+    keepTranslated(settings, [settings, wireless, quit] {
         settings->setText(tessary::tr("settings.title"));
+        wireless->setText(tessary::tr("Wireless Devices…"));
         quit->setText(tessary::tr("Quit Tessary"));
     });
 
@@ -48,7 +51,8 @@ void makeMainMenus(QMenuBar& bar, const BrowserActions& actions, const MainMenuW
              a.quickLook, a.properties, nullptr, settings, nullptr, quit});
     addMenu(bar, "Edit", {a.rename, a.remove, a.selectAll, a.find});
     addMenu(bar, "View", {a.asList, a.asGrid, nullptr, a.reload});
-    addMenu(bar, "Go", {a.back, a.forward, a.up, a.goTo, a.apps, nullptr, a.favorite});
+    addMenu(bar, "Go",
+            {a.back, a.forward, a.up, a.goTo, a.apps, nullptr, a.favorite, nullptr, wireless});
 }
 
 } // namespace tessary

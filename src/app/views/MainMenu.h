@@ -11,6 +11,7 @@ namespace tessary {
 /// What the menus do besides the browser's commands.
 struct MainMenuWishes {
     std::function<void()> showSettings;
+    std::function<void()> showWireless;
     std::function<void()> quit;
 };
 

@@ -14,6 +14,7 @@
 #include "app/views/TransferPanel.h"
 #include "app/views/WelcomeView.h"
 #include "app/views/WindowMemory.h"
+#include "app/views/WirelessDialog.h"
 #include "core/Background.h"
 #include "core/Printable.h"
 #include "files/AndroidFileAccess.h"
@@ -98,7 +99,8 @@ MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* p
     split->setHandleWidth(1);
     setCentralWidget(split);
     makeMainMenus(*menuBar(), browserView_->actions(),
-                  {[this] { showSettings(); }, [] { QApplication::closeAllWindows(); }});
+                  {[this] { showSettings(); }, [this] { showWireless(); },
+                   [] { QApplication::closeAllWindows(); }});
     connectSync();
 
     connect(sidebar_->deviceList().selectionModel(), &QItemSelectionModel::currentChanged, this,
@@ -144,6 +146,7 @@ MainWindow::~MainWindow() {
     // The views show what the members below hold: they go first.
     hide();
     delete settings_;
+    delete wireless_;
     delete takeCentralWidget();
 }
 
@@ -163,13 +166,22 @@ void MainWindow::showSettings() {
     settings_->activateWindow();
 }
 
+void MainWindow::showWireless() {
+    if (wireless_ == nullptr)
+        wireless_ = new WirelessDialog(app_.network(), app_.files().adbTool(), this);
+    wireless_->show();
+    wireless_->raise();
+    wireless_->activateWindow();
+}
+
 Sidebar::Wishes MainWindow::sidebarWishes() {
     return {[this](const DeviceFavorite& favorite) { openFavorite(favorite); },
             [this](const QString& path) { browser_.navigateTo(path); },
             [this](ProtocolMode mode) {
                 if (const auto& device = browser_.activeDevice())
                     app_.deviceManager().chooseProtocolMode(device->udid, mode);
-            }};
+            },
+            [this] { showWireless(); }};
 }
 
 void MainWindow::showEvent(QShowEvent* event) {

@@ -24,6 +24,7 @@ class SyncPanel;
 class TransferPanel;
 class WelcomeView;
 class WindowMemory;
+class WirelessDialog;
 
 /// The main window: devices on the left, the files of the chosen one on the right, transfers below,
 /// and a banner when something stands in the way.
@@ -51,6 +52,8 @@ public:
     void openApp(const AppInfo& app, const QString& path);
     /// Opens the settings, or brings them to the front.
     void showSettings();
+    /// Opens the list of phones on the network, or brings it to the front.
+    void showWireless();
     [[nodiscard]] BrowserView& browserView() {
         return *browserView_;
     }
@@ -99,6 +102,7 @@ private:
     TransferPanel* transferPanel_;
     WindowMemory* memory_;
     SettingsWindow* settings_ = nullptr; ///< made when it is first opened
+    WirelessDialog* wireless_ = nullptr; ///< the same
 };
 
 } // namespace tessary

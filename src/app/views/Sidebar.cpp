@@ -12,6 +12,7 @@
 #include <QListView>
 #include <QMenu>
 #include <QScrollArea>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -21,6 +22,19 @@ namespace tessary {
 namespace {
 
 constexpr int maxShownDevices = 4; ///< more of them scroll
+
+QWidget* makeWirelessButton(const std::function<void()>& showWireless) {
+    auto* button = new QToolButton;
+    button->setObjectName(QStringLiteral("wirelessButton"));
+    button->setIcon(icon("network-wireless"));
+    button->setIconSize({18, 18});
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setAutoRaise(true);
+    button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    keepTranslated(button, [button] { button->setText(tessary::tr("Wireless Devices…")); });
+    QObject::connect(button, &QToolButton::clicked, button, showWireless);
+    return button;
+}
 
 } // namespace
 
@@ -104,6 +118,7 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, Wishes w
     for (PlaceList* list : {favoriteList_, shortcutList_, volumeList_})
         column->addWidget(list);
     column->addStretch(1);
+    column->addWidget(makeWirelessButton(wishes_.showWireless));
     auto* scroll = new QScrollArea;
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);

@@ -25,6 +25,7 @@ public:
         std::function<void(const DeviceFavorite&)> openFavorite;
         std::function<void(const QString& path)> openFolder;
         std::function<void(ProtocolMode)> useMode;
+        std::function<void()> showWireless;
     };
 
     /// Model and manager must outlive it.

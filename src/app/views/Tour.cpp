@@ -47,6 +47,7 @@ bool Tour::run() {
         preview();
         properties();
         settings();
+        wireless();
         languages();
         dark();
         edit();

@@ -52,6 +52,7 @@ private:
     void edit();
     void settings();
     void languages();
+    void wireless();
     void dark();
     void transfer();
     void copyQuestions();

@@ -1,8 +1,10 @@
 #include "app/LanguageManager.h"
 #include "app/views/SettingsWindow.h"
 #include "app/views/Tour.h"
+#include "app/views/WirelessDialog.h"
 
 #include <QApplication>
+#include <QListWidget>
 #include <QPalette>
 #include <QTabWidget>
 
@@ -41,6 +43,15 @@ void Tour::settings() {
     }
     settings->tabs().setCurrentIndex(0);
     settings->hide();
+}
+
+void Tour::wireless() {
+    window_.showWireless();
+    auto* dialog = window_.findChild<WirelessDialog*>();
+    waitFor("the phones on the network", [&] { return dialog->phones().phones().size() == 2; });
+    dialog->findChild<QListWidget*>()->setCurrentRow(0);
+    shoot(QStringLiteral("wireless-devices"));
+    dialog->hide();
 }
 
 void Tour::languages() {

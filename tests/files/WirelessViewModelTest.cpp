@@ -1,0 +1,113 @@
+#include "files/WirelessViewModel.h"
+#include "files/MainLoop.h"
+#include "phones/DemoNetwork.h"
+#include "support/AdbFixture.h"
+
+#include <gmock/gmock.h>
+
+namespace tessary {
+namespace {
+
+using Phone = WirelessViewModel::Phone;
+using State = WirelessViewModel::State;
+using Step = WirelessViewModel::Step;
+using testing::IsEmpty;
+
+/// The list of a network with one phone to connect to, the first, and one to pair.
+class WirelessViewModelTest : public MainLoop {
+protected:
+    ~WirelessViewModelTest() override {
+        EXPECT_TRUE(Background::shutDown(30s)); // before what the work uses goes
+    }
+    void start(WirelessViewModel& phones) {
+        EXPECT_EQ(phones.state(), State::starting);
+        phones.start();
+        ASSERT_TRUE(eventually([&] { return phones.phones().size() == 2; }));
+        EXPECT_EQ(phones.state(), State::looking);
+        EXPECT_FALSE(phones.phones()[0].device.isPairing);
+        EXPECT_TRUE(phones.phones()[1].device.isPairing);
+    }
+    /// How the first phone is after a try to connect to it.
+    Phone connectFirst(WirelessViewModel& phones) {
+        const QString id = phones.phones()[0].device.id;
+        phones.connectTo(id);
+        EXPECT_TRUE(phones.isWorking());
+        EXPECT_EQ(phones.phones()[0].step, Step::working);
+        EXPECT_TRUE(eventually([&] { return !phones.isWorking(); }, 40s));
+        return phones.phones()[0];
+    }
+    std::shared_ptr<DemoNetwork> networkWith(std::optional<ServiceAddress> address) {
+        return std::make_shared<DemoNetwork>([address] { return address; });
+    }
+    /// An adb that prints this and tells what it was asked.
+    QString adbThatPrints(const QByteArray& text) {
+        const QString script = disk_.write(
+            QStringLiteral("adb"), "#!/bin/sh\necho \"$@\" >> '" + disk_.path().toUtf8() +
+                                       "/asked'\ncat <<END\n* daemon started\n" + text + "\nEND\n");
+        QFile(script).setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        return script;
+    }
+
+    const TemporaryFolder disk_;
+    QtProcessRunner runner_;
+};
+
+TEST_F(WirelessViewModelTest, whatAdbSaysIsTold) {
+    struct Row {
+        const char* said;
+        Step step;
+        const char* failure;
+    };
+    const Row rows[] = {
+        {"connected to 10.0.0.2:4711", Step::done, ""},
+        {"already connected to 10.0.0.2:4711", Step::done, ""},
+        {"failed to authenticate to 10.0.0.2:4711", Step::failed,
+         "Allow this computer on the phone, then connect again."},
+        {"cannot connect to 10.0.0.2:4711: Connection refused", Step::failed,
+         "adb could not reach the phone: cannot connect to 10.0.0.2:4711: Connection refused"},
+    };
+    const auto network = networkWith(ServiceAddress{QStringLiteral("10.0.0.2"), 4711});
+    for (const Row& row : rows) {
+        const ADBTool adb(runner_, QStringList{adbThatPrints(row.said)});
+        WirelessViewModel phones(network, adb);
+        start(phones);
+        const Phone phone = connectFirst(phones);
+        EXPECT_EQ(phone.step, row.step) << row.said;
+        EXPECT_EQ(phone.failure, QString::fromLatin1(row.failure));
+    }
+    EXPECT_TRUE(disk_.read(QStringLiteral("asked")).startsWith("connect 10.0.0.2:4711\n"));
+}
+
+TEST_F(WirelessViewModelTest, phoneThatIsNotThereOrNotPairedIsTold) {
+    const ADBTool adb(runner_, QStringList{adbThatPrints("adb: unknown command pair")});
+    WirelessViewModel phones(networkWith(std::nullopt), adb);
+    start(phones);
+    EXPECT_EQ(connectFirst(phones).failure,
+              QStringLiteral("The phone does not answer on the network."));
+    phones.connectTo(QStringLiteral("unknown"));
+    EXPECT_FALSE(phones.isWorking());
+    phones.pair(phones.phones()[1].device.id, QStringLiteral("123456"));
+    phones.stop();
+    EXPECT_FALSE(phones.isWorking());
+    EXPECT_THAT(phones.phones(), IsEmpty());
+    EXPECT_FALSE(disk_.has(QStringLiteral("asked")));
+}
+
+class WirelessAdbTest : public WirelessViewModelTest, protected AdbPhone {};
+
+TEST_F(WirelessAdbTest, connectedPhoneIsReachedByTheRealAdb) {
+    const ADBTool adb(AdbPhone::runner_, QStringList{realAdb()});
+    WirelessViewModel phones(
+        networkWith(ServiceAddress{QStringLiteral("127.0.0.1"), adbd_->port()}), adb);
+    start(phones);
+    const Phone phone = connectFirst(phones);
+    EXPECT_EQ(phone.step, Step::done) << phone.failure.toStdString();
+    EXPECT_TRUE(reaches(QStringLiteral("device")));
+
+    AdbPhone::server_.disconnect(serial());
+    adbd_->stop();
+    EXPECT_EQ(connectFirst(phones).step, Step::failed);
+}
+
+} // namespace
+} // namespace tessary
