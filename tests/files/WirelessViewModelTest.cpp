@@ -1,5 +1,5 @@
 #include "files/WirelessViewModel.h"
-#include "files/MainLoop.h"
+#include "support/MainLoop.h"
 #include "phones/DemoNetwork.h"
 #include "support/AdbFixture.h"
 
