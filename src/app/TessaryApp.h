@@ -7,6 +7,7 @@
 #include "files/DeviceFileService.h"
 #include "files/TransferEngine.h"
 #include "platform/MemoryUserDefaults.h"
+#include "platform/Notifier.h"
 #include "platform/ServiceBrowser.h"
 #include "platform/qt/QtHttpClient.h"
 #include "sync/SyncManager.h"
@@ -32,6 +33,10 @@ struct TessaryAppSetup {
     std::shared_ptr<ServiceNetwork> network = makeSystemServiceNetwork();
     /// Shows a page in the user's browser.
     std::function<void(const QUrl&)> openAddress = [](const QUrl&) {};
+    /// Shows a local file in the desktop's file manager.
+    std::function<void(const QString&)> showInFolder = [](const QString&) {};
+    /// Speaks to the user while he looks elsewhere; may be null.
+    std::shared_ptr<Notifier> notifier{};
 };
 
 /// The application: owns the managers for its whole life and hands them to the windows. Lives on
@@ -85,6 +90,9 @@ public:
     void setShowUpToDateAlertBinding(bool shown) {
         if (!shown)
             updateChecker_.dismissUpToDateAlert();
+    }
+    [[nodiscard]] const TessaryAppSetup& setup() const {
+        return setup_;
     }
     [[nodiscard]] bool isDemo() const {
         return setup_.isDemo;

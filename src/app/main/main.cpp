@@ -13,12 +13,15 @@
 #include "phones/DemoPhones.h"
 #include "platform/SystemUsbBus.h"
 #include "platform/SystemUserDefaults.h"
+#include "platform/linux/DesktopNotifier.h"
+#include "platform/linux/FileManager.h"
 #include "platform/qt/QtProcessRunner.h"
 #include "platform/qt/SingleInstance.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDesktopServices>
+#include <QFileInfo>
 #include <QMenuBar>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -188,6 +191,13 @@ int main(int argc, char** argv) {
         setup.network = phones.virtualPhones->network();
     if (!parser.isSet(tour))
         setup.defaults = makeSystemUserDefaults();
+    setup.showInFolder = [](const QString& path) {
+        showInFileManager(path, [path] {
+            QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(path).absolutePath()));
+        });
+    };
+    if (!parser.isSet(tour))
+        setup.notifier = std::make_shared<DesktopNotifier>();
     setup.openAddress = [](const QUrl& address) { QDesktopServices::openUrl(address); };
     TessaryApp app(phones.sources(), files, setup);
     if (parser.isSet(tour)) {

@@ -520,6 +520,14 @@ constexpr std::array rows{
     TranslationRow{"It needs %1, and %2 are free in “%3”.", "Ela precisa de %1, e em “%3” há %2 livres."},
     TranslationRow{"It needs at least %1, and %2 are free in “%3”.", "Ela precisa de pelo menos %1, e em “%3” há %2 livres."},
     TranslationRow{"Copy Anyway", "Copiar mesmo assim"},
+    TranslationRow{"Show in Folder", "Mostrar na pasta"},
+    TranslationRow{"Copying has finished", "A cópia terminou"},
+    TranslationRow{"Copying went wrong", "A cópia teve problemas"},
+    TranslationRow{"“%1” is copied.", "“%1” foi copiado."},
+    TranslationRow{"%1 items are copied.", "%1 itens foram copiados."},
+    TranslationRow{"“%1” was not copied.", "“%1” não foi copiado."},
+    TranslationRow{"%1 of %2 items were not copied.", "%1 de %2 itens não foram copiados."},
+    TranslationRow{"Internal Storage", "Armazenamento interno"},
 };
 // clang-format on
 

@@ -520,6 +520,14 @@ constexpr std::array rows{
     TranslationRow{"It needs %1, and %2 are free in “%3”.", "It needs %1, and %2 are free in “%3”."},
     TranslationRow{"It needs at least %1, and %2 are free in “%3”.", "It needs at least %1, and %2 are free in “%3”."},
     TranslationRow{"Copy Anyway", "Copy Anyway"},
+    TranslationRow{"Show in Folder", "Show in Folder"},
+    TranslationRow{"Copying has finished", "Copying has finished"},
+    TranslationRow{"Copying went wrong", "Copying went wrong"},
+    TranslationRow{"“%1” is copied.", "“%1” is copied."},
+    TranslationRow{"%1 items are copied.", "%1 items are copied."},
+    TranslationRow{"“%1” was not copied.", "“%1” was not copied."},
+    TranslationRow{"%1 of %2 items were not copied.", "%1 of %2 items were not copied."},
+    TranslationRow{"Internal Storage", "Internal Storage"},
 };
 // clang-format on
 

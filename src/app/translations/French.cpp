@@ -520,6 +520,14 @@ constexpr std::array rows{
     TranslationRow{"It needs %1, and %2 are free in “%3”.", "Elle nécessite %1, et %2 sont libres dans « %3 »."},
     TranslationRow{"It needs at least %1, and %2 are free in “%3”.", "Elle nécessite au moins %1, et %2 sont libres dans « %3 »."},
     TranslationRow{"Copy Anyway", "Copier quand même"},
+    TranslationRow{"Show in Folder", "Afficher dans le dossier"},
+    TranslationRow{"Copying has finished", "La copie est terminée"},
+    TranslationRow{"Copying went wrong", "La copie a rencontré un problème"},
+    TranslationRow{"“%1” is copied.", "« %1 » est copié."},
+    TranslationRow{"%1 items are copied.", "%1 éléments sont copiés."},
+    TranslationRow{"“%1” was not copied.", "« %1 » n’a pas été copié."},
+    TranslationRow{"%1 of %2 items were not copied.", "%1 éléments sur %2 n’ont pas été copiés."},
+    TranslationRow{"Internal Storage", "Stockage interne"},
 };
 // clang-format on
 

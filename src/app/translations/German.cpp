@@ -520,6 +520,14 @@ constexpr std::array rows{
     TranslationRow{"It needs %1, and %2 are free in “%3”.", "Sie braucht %1, und auf „%3“ sind %2 frei."},
     TranslationRow{"It needs at least %1, and %2 are free in “%3”.", "Sie braucht mindestens %1, und auf „%3“ sind %2 frei."},
     TranslationRow{"Copy Anyway", "Trotzdem kopieren"},
+    TranslationRow{"Show in Folder", "Im Ordner anzeigen"},
+    TranslationRow{"Copying has finished", "Das Kopieren ist fertig"},
+    TranslationRow{"Copying went wrong", "Beim Kopieren ging etwas schief"},
+    TranslationRow{"“%1” is copied.", "„%1“ ist kopiert."},
+    TranslationRow{"%1 items are copied.", "%1 Objekte sind kopiert."},
+    TranslationRow{"“%1” was not copied.", "„%1“ wurde nicht kopiert."},
+    TranslationRow{"%1 of %2 items were not copied.", "%1 von %2 Objekten wurden nicht kopiert."},
+    TranslationRow{"Internal Storage", "Interner Speicher"},
 };
 // clang-format on
 

@@ -520,6 +520,14 @@ constexpr std::array rows{
     TranslationRow{"It needs %1, and %2 are free in “%3”.", "Servono %1, e in “%3” sono liberi %2."},
     TranslationRow{"It needs at least %1, and %2 are free in “%3”.", "Servono almeno %1, e in “%3” sono liberi %2."},
     TranslationRow{"Copy Anyway", "Copia comunque"},
+    TranslationRow{"Show in Folder", "Mostra nella cartella"},
+    TranslationRow{"Copying has finished", "Copia terminata"},
+    TranslationRow{"Copying went wrong", "Problemi durante la copia"},
+    TranslationRow{"“%1” is copied.", "“%1” è stato copiato."},
+    TranslationRow{"%1 items are copied.", "Sono stati copiati %1 elementi."},
+    TranslationRow{"“%1” was not copied.", "“%1” non è stato copiato."},
+    TranslationRow{"%1 of %2 items were not copied.", "%1 di %2 elementi non sono stati copiati."},
+    TranslationRow{"Internal Storage", "Memoria interna"},
 };
 // clang-format on
 

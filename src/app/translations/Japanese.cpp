@@ -520,6 +520,14 @@ constexpr std::array rows{
     TranslationRow{"It needs %1, and %2 are free in “%3”.", "%1 が必要ですが、「%3」の空きは %2 です。"},
     TranslationRow{"It needs at least %1, and %2 are free in “%3”.", "少なくとも %1 が必要ですが、「%3」の空きは %2 です。"},
     TranslationRow{"Copy Anyway", "それでもコピー"},
+    TranslationRow{"Show in Folder", "フォルダに表示"},
+    TranslationRow{"Copying has finished", "コピーが完了しました"},
+    TranslationRow{"Copying went wrong", "コピー中に問題が発生しました"},
+    TranslationRow{"“%1” is copied.", "「%1」をコピーしました。"},
+    TranslationRow{"%1 items are copied.", "%1 項目をコピーしました。"},
+    TranslationRow{"“%1” was not copied.", "「%1」はコピーされませんでした。"},
+    TranslationRow{"%1 of %2 items were not copied.", "%2 項目中 %1 項目がコピーされませんでした。"},
+    TranslationRow{"Internal Storage", "内部ストレージ"},
 };
 // clang-format on
 

@@ -520,6 +520,14 @@ constexpr std::array rows{
     TranslationRow{"It needs %1, and %2 are free in “%3”.", "%1이(가) 필요하지만 ‘%3’의 여유 공간은 %2입니다."},
     TranslationRow{"It needs at least %1, and %2 are free in “%3”.", "최소 %1이(가) 필요하지만 ‘%3’의 여유 공간은 %2입니다."},
     TranslationRow{"Copy Anyway", "그래도 복사"},
+    TranslationRow{"Show in Folder", "폴더에서 보기"},
+    TranslationRow{"Copying has finished", "복사가 끝났습니다"},
+    TranslationRow{"Copying went wrong", "복사 중 문제가 발생했습니다"},
+    TranslationRow{"“%1” is copied.", "‘%1’을(를) 복사했습니다."},
+    TranslationRow{"%1 items are copied.", "%1개 항목을 복사했습니다."},
+    TranslationRow{"“%1” was not copied.", "‘%1’을(를) 복사하지 못했습니다."},
+    TranslationRow{"%1 of %2 items were not copied.", "%2개 항목 중 %1개를 복사하지 못했습니다."},
+    TranslationRow{"Internal Storage", "내부 저장소"},
 };
 // clang-format on
 

@@ -520,6 +520,14 @@ constexpr std::array rows{
     TranslationRow{"It needs %1, and %2 are free in “%3”.", "需要 %1，而“%3”的可用空间为 %2。"},
     TranslationRow{"It needs at least %1, and %2 are free in “%3”.", "至少需要 %1，而“%3”的可用空间为 %2。"},
     TranslationRow{"Copy Anyway", "仍然拷贝"},
+    TranslationRow{"Show in Folder", "在文件夹中显示"},
+    TranslationRow{"Copying has finished", "拷贝已完成"},
+    TranslationRow{"Copying went wrong", "拷贝时出错"},
+    TranslationRow{"“%1” is copied.", "“%1”已拷贝。"},
+    TranslationRow{"%1 items are copied.", "已拷贝 %1 个项目。"},
+    TranslationRow{"“%1” was not copied.", "“%1”未能拷贝。"},
+    TranslationRow{"%1 of %2 items were not copied.", "%2 个项目中有 %1 个未能拷贝。"},
+    TranslationRow{"Internal Storage", "内部存储"},
 };
 // clang-format on
 

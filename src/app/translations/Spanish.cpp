@@ -520,6 +520,14 @@ constexpr std::array rows{
     TranslationRow{"It needs %1, and %2 are free in “%3”.", "Necesita %1, y en «%3» hay %2 libres."},
     TranslationRow{"It needs at least %1, and %2 are free in “%3”.", "Necesita al menos %1, y en «%3» hay %2 libres."},
     TranslationRow{"Copy Anyway", "Copiar de todos modos"},
+    TranslationRow{"Show in Folder", "Mostrar en la carpeta"},
+    TranslationRow{"Copying has finished", "La copia ha terminado"},
+    TranslationRow{"Copying went wrong", "La copia ha tenido problemas"},
+    TranslationRow{"“%1” is copied.", "«%1» se ha copiado."},
+    TranslationRow{"%1 items are copied.", "Se han copiado %1 elementos."},
+    TranslationRow{"“%1” was not copied.", "«%1» no se ha copiado."},
+    TranslationRow{"%1 of %2 items were not copied.", "%1 de %2 elementos no se han copiado."},
+    TranslationRow{"Internal Storage", "Almacenamiento interno"},
 };
 // clang-format on
 

@@ -520,6 +520,14 @@ constexpr std::array rows{
     TranslationRow{"It needs %1, and %2 are free in “%3”.", "需要 %1，而「%3」的可用空間為 %2。"},
     TranslationRow{"It needs at least %1, and %2 are free in “%3”.", "至少需要 %1，而「%3」的可用空間為 %2。"},
     TranslationRow{"Copy Anyway", "仍要拷貝"},
+    TranslationRow{"Show in Folder", "在檔案夾中顯示"},
+    TranslationRow{"Copying has finished", "拷貝已完成"},
+    TranslationRow{"Copying went wrong", "拷貝時發生錯誤"},
+    TranslationRow{"“%1” is copied.", "「%1」已拷貝。"},
+    TranslationRow{"%1 items are copied.", "已拷貝 %1 個項目。"},
+    TranslationRow{"“%1” was not copied.", "「%1」未能拷貝。"},
+    TranslationRow{"%1 of %2 items were not copied.", "%2 個項目中有 %1 個未能拷貝。"},
+    TranslationRow{"Internal Storage", "內部儲存空間"},
 };
 // clang-format on
 

@@ -141,8 +141,11 @@ void BrowserView::showPath() {
     std::vector<Breadcrumb> path;
     if (isInApp())
         path.push_back({printable(browser_.appName()), {}});
+    // The root has a name of ours, or the phone's.
     for (const PathComponent& part : browser_.breadcrumbs())
-        path.push_back({printable(part.name), part.path});
+        path.push_back({printable(&part == &browser_.breadcrumbs().front() ? tessary::tr(part.name)
+                                                                           : part.name),
+                        part.path});
     breadcrumbs_->setPath(std::move(path));
     updateActions();
 }

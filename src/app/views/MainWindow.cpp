@@ -1,6 +1,7 @@
 #include "app/views/MainWindow.h"
 
 #include "app/LanguageManager.h"
+#include "app/TransferNotice.h"
 #include "app/Translations.h"
 #include "app/views/AppListView.h"
 #include "app/views/Icons.h"
@@ -68,7 +69,7 @@ MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* p
                                        return QFileDialog::getExistingDirectory(
                                            asker, tessary::tr("Folder on this computer"), startAt);
                                    })),
-      transferPanel_(new TransferPanel(transfers_)) {
+      transferPanel_(new TransferPanel(transfers_, app.setup().showInFolder)) {
     setWindowIcon(icon("smartphone"));
     resize(1180, 740);
     setMinimumSize(760, 460);
@@ -140,6 +141,10 @@ MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* p
     memory_ = new WindowMemory({*this, *split, browserView_->columns(), browser_}, app.defaults());
     keepTranslated(this, [this] { showTexts(); });
     makePlain(*this);
+    if (const auto& notifier = app.setup().notifier)
+        transferNotice_ = std::make_unique<TransferNotice>(
+            transfers_, TransferNotice::Setup{
+                            notifier, [] { return QApplication::activeWindow() != nullptr; }});
 }
 
 MainWindow::~MainWindow() {

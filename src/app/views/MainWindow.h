@@ -21,6 +21,7 @@ class SettingsWindow;
 class StatusBanner;
 class SyncDialogs;
 class SyncPanel;
+class TransferNotice;
 class TransferPanel;
 class WelcomeView;
 class WindowMemory;
@@ -101,8 +102,9 @@ private:
     SyncDialogs* syncDialogs_;
     TransferPanel* transferPanel_;
     WindowMemory* memory_;
-    SettingsWindow* settings_ = nullptr; ///< made when it is first opened
-    WirelessDialog* wireless_ = nullptr; ///< the same
+    std::unique_ptr<TransferNotice> transferNotice_; ///< null without a desktop to speak over
+    SettingsWindow* settings_ = nullptr;             ///< made when it is first opened
+    WirelessDialog* wireless_ = nullptr;             ///< the same
 };
 
 } // namespace tessary

@@ -41,6 +41,12 @@ ModeSwitch::ModeSwitch(std::function<void(ProtocolMode)> useMode, QWidget* paren
     row->setSpacing(0);
     for (QPushButton* button : {standard_, turbo_}) {
         group->addButton(button);
+        // The pressed look alone is hardly seen on a dark ground.
+        connect(button, &QPushButton::toggled, button, [button](bool isOn) {
+            QFont font = button->font();
+            font.setBold(isOn);
+            button->setFont(font);
+        });
         row->addWidget(button, 1);
     }
     connect(standard_, &QPushButton::clicked, this, [useMode] { useMode(ProtocolMode::mtp); });

@@ -2,12 +2,14 @@
 
 #include "app/LanguageManager.h"
 #include "app/Translations.h"
+#include "app/views/Icons.h"
 #include "app/views/TransferDelegate.h"
 #include "core/ByteFormat.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListView>
+#include <QMenu>
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
@@ -30,9 +32,11 @@ QString summaryText(const TransferSummary& summary) {
     return text;
 }
 
-TransferPanel::TransferPanel(TransferViewModel& transfers, QWidget* parent)
+TransferPanel::TransferPanel(TransferViewModel& transfers, ShowInFolder showInFolder,
+                             QWidget* parent)
     : QWidget(parent),
       transfers_(transfers),
+      showInFolder_(std::move(showInFolder)),
       model_(transfers),
       title_(new QLabel),
       cancelAll_(new QPushButton),
@@ -61,6 +65,12 @@ TransferPanel::TransferPanel(TransferViewModel& transfers, QWidget* parent)
     auto* cancel = new QShortcut(QKeySequence::Delete, list_);
     cancel->setContext(Qt::WidgetShortcut);
     connect(cancel, &QShortcut::activated, this, &TransferPanel::cancelSelected);
+    list_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(list_, &QWidget::customContextMenuRequested, this, &TransferPanel::showMenu);
+    connect(list_, &QAbstractItemView::doubleClicked, this, &TransferPanel::showCopy);
+    auto* show = new QShortcut(QKeySequence(Qt::Key_Return), list_);
+    show->setContext(Qt::WidgetShortcut);
+    connect(show, &QShortcut::activated, this, [this] { showCopy(list_->currentIndex()); });
     connect(cancelAll_, &QPushButton::clicked, this, [this] { transfers_.cancelAll(); });
     connect(clear_, &QPushButton::clicked, this, [this] { transfers_.clearCompleted(); });
     connect(&model_, &QAbstractItemModel::dataChanged, this, &TransferPanel::followRunningJob);
@@ -104,6 +114,36 @@ void TransferPanel::followRunningJob(const QModelIndex& changed) {
         return;
     followed_ = job->id;
     list_->scrollTo(changed);
+}
+
+/// Whether a job has left something on this computer that can be shown.
+bool TransferPanel::hasCopy(const QModelIndex& index) const {
+    const TransferJob* job = model_.jobAt(index);
+    return job != nullptr && job->type == TransferJob::TransferType::download &&
+           job->status == TransferJob::TransferStatus::completed;
+}
+
+void TransferPanel::showCopy(const QModelIndex& index) {
+    if (hasCopy(index))
+        showInFolder_(model_.jobAt(index)->destinationPath);
+}
+
+void TransferPanel::showMenu(const QPoint& position) {
+    const QPersistentModelIndex index = list_->indexAt(position);
+    const TransferJob* job = model_.jobAt(index);
+    if (job == nullptr)
+        return;
+    QMenu menu(this);
+    QAction* show = menu.addAction(icon("document-open-folder"), tessary::tr("Show in Folder"));
+    show->setEnabled(hasCopy(index));
+    QAction* cancel = menu.addAction(icon("process-stop"), tessary::tr("browser.cancel"));
+    cancel->setEnabled(!job->isFinished());
+    // The list may change while the menu is open.
+    const QAction* chosen = menu.exec(list_->viewport()->mapToGlobal(position));
+    if (chosen == show)
+        showCopy(index);
+    else if (chosen == cancel)
+        cancelSelected();
 }
 
 void TransferPanel::cancelSelected() {

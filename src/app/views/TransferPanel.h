@@ -5,6 +5,8 @@
 #include <QUuid>
 #include <QWidget>
 
+#include <functional>
+
 class QLabel;
 class QListView;
 class QPushButton;
@@ -14,15 +16,23 @@ namespace tessary {
 /// The transfers: a line about the whole queue, and a row for each. Hidden while there are none.
 class TransferPanel : public QWidget {
 public:
+    /// Shows a local file in the desktop's file manager.
+    using ShowInFolder = std::function<void(const QString& path)>;
+
     /// `transfers` must outlive the panel.
-    explicit TransferPanel(TransferViewModel& transfers, QWidget* parent = nullptr);
+    TransferPanel(TransferViewModel& transfers, ShowInFolder showInFolder,
+                  QWidget* parent = nullptr);
 
 private:
     void showSummary();
     void followRunningJob(const QModelIndex& changed);
     void cancelSelected();
+    [[nodiscard]] bool hasCopy(const QModelIndex& index) const;
+    void showCopy(const QModelIndex& index);
+    void showMenu(const QPoint& position);
 
     TransferViewModel& transfers_;
+    const ShowInFolder showInFolder_;
     TransferListModel model_;
     QLabel* title_;
     QPushButton* cancelAll_;

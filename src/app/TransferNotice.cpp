@@ -1,0 +1,57 @@
+#include "app/TransferNotice.h"
+
+#include "app/Translations.h"
+#include "core/Printable.h"
+
+namespace tessary {
+
+TransferNotice::TransferNotice(TransferViewModel& transfers, Setup setup)
+    : transfers_(transfers), setup_(std::move(setup)) {
+    connect(&transfers, &TransferViewModel::summaryChanged, this, &TransferNotice::follow);
+    connect(&transfers, &TransferViewModel::jobFinished, this, &TransferNotice::count);
+}
+
+void TransferNotice::follow() {
+    if (isRunning_ || transfers_.summary().isIdle())
+        return;
+    isRunning_ = true;
+    began_ = setup_.now();
+    copied_ = 0;
+    failed_ = 0;
+}
+
+void TransferNotice::count(const QUuid& jobId) {
+    const int index = transfers_.indexOf(jobId);
+    if (index < 0)
+        return;
+    const TransferJob& job = transfers_.jobs()[static_cast<std::size_t>(index)];
+    using Status = TransferJob::TransferStatus;
+    if (job.status == Status::completed)
+        ++copied_;
+    else if (job.status == Status::failed)
+        ++failed_;
+    if (job.status != Status::cancelled)
+        lastName_ = job.name;
+    if (!transfers_.summary().isIdle())
+        return;
+    isRunning_ = false;
+    if (copied_ + failed_ > 0 && setup_.now() - began_ >= longQueue && !setup_.isWindowActive())
+        tell();
+}
+
+void TransferNotice::tell() const {
+    const int inAll = copied_ + failed_;
+    const QString name = printable(lastName_);
+    QString text;
+    if (failed_ == 0)
+        text = inAll == 1 ? tessary::tr("“%1” is copied.").arg(name)
+                          : tessary::tr("%1 items are copied.").arg(inAll);
+    else
+        text = inAll == 1 ? tessary::tr("“%1” was not copied.").arg(name)
+                          : tessary::tr("%1 of %2 items were not copied.").arg(failed_).arg(inAll);
+    setup_.notifier->notify(failed_ == 0 ? tessary::tr("Copying has finished")
+                                         : tessary::tr("Copying went wrong"),
+                            text);
+}
+
+} // namespace tessary

@@ -1,0 +1,70 @@
+#include "app/TransferNotice.h"
+#include "app/LanguageManager.h"
+#include "files/FakeFileAccess.h"
+#include "support/Application.h"
+#include "support/QtPrinters.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace tessary;
+
+namespace {
+
+class Heard final : public Notifier {
+public:
+    void notify(const QString& title, const QString& text) override {
+        messages.append(title + QStringLiteral(": ") + text);
+    }
+    QStringList messages;
+};
+
+class TransferNoticeTest : public Application, public testing::Test {};
+
+TEST_F(TransferNoticeTest, onlyTheEndOfALongQueueBehindOtherWindowsIsTold) {
+    using namespace std::chrono_literals;
+    const struct {
+        const char* name;
+        std::chrono::seconds took;
+        bool isActive;
+        const char* items; ///< names; "!" before what fails, "x" before what is cancelled
+        const char* told;
+    } rows[] = {
+        {"short", 9s, false, "a", ""},
+        {"in front", 99s, true, "a", ""},
+        {"one", 11s, false, "a", "Copying has finished: “a” is copied."},
+        {"two", 11s, false, "a b", "Copying has finished: 2 items are copied."},
+        {"a failure", 11s, false, "!a", "Copying went wrong: “!a” was not copied."},
+        {"some fail", 11s, false, "!a b xc", "Copying went wrong: 1 of 2 items were not copied."},
+        {"cancelled", 11s, false, "xa", ""},
+    };
+    LanguageManager::shared().setSelectedLanguage(AppLanguage::en);
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        TransferEngine engine;
+        TransferViewModel transfers(engine);
+        const auto heard = std::make_shared<Heard>();
+        TransferNotice::Clock::time_point now;
+        const TransferNotice notice(transfers,
+                                    {heard, [&] { return row.isActive; }, [&] { return now; }});
+        const auto phone = std::make_shared<FakeFileAccess>();
+        ::tessary::Gate gate;
+        phone->setScript([&](const QString& operation, const std::stop_token& stop) {
+            gate.pass(stop);
+            if (operation.contains(QLatin1Char('!')))
+                throw TessaryError::fileIOError(QStringLiteral("no"));
+        });
+        for (const QString& item : QString::fromLatin1(row.items).split(QLatin1Char(' ')))
+            transfers.enqueueUpload({QStringLiteral("/nowhere"), item}, QStringLiteral("/root"),
+                                    phone);
+        for (const TransferJob& job : std::vector(transfers.jobs()))
+            if (job.name.startsWith(QLatin1Char('x')))
+                transfers.cancelJob(job.id);
+        now += row.took;
+        gate.open();
+        ASSERT_TRUE(eventually([&] { return transfers.summary().isIdle(); }));
+        EXPECT_EQ(heard->messages.join(QLatin1Char('|')), QString::fromUtf8(row.told));
+    }
+}
+
+} // namespace

@@ -1,0 +1,59 @@
+#include "platform/linux/DesktopNotifier.h"
+#include "platform/linux/FileManager.h"
+#include "support/Application.h"
+#include "support/QtPrinters.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace tessary;
+
+namespace {
+
+/// What a desktop has on its bus; runs on a bus of the test's own.
+class Desktop final : public QDBusVirtualObject {
+public:
+    [[nodiscard]] QString introspect(const QString&) const override {
+        return {};
+    }
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& bus) override {
+        calls.push_back(message);
+        return bus.send(message.createReply(QVariant(1U)));
+    }
+    std::vector<QDBusMessage> calls;
+};
+
+class DesktopTest : public Application, public testing::Test {};
+
+TEST_F(DesktopTest, messagesAndFilesReachTheDesktopAndNobodyIsNoFailure) {
+    bool hadNoManager = false;
+    DesktopNotifier().notify(QStringLiteral("t"), QStringLiteral("nobody listens"));
+    showInFileManager(QStringLiteral("/a b"), [&] { hadNoManager = true; });
+    ASSERT_TRUE(eventually([&] { return hadNoManager; }));
+
+    Desktop desktop;
+    QDBusConnection bus =
+        QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("desktop"));
+    for (const char* name : {"Notifications", "FileManager1"}) {
+        const QString whole = QStringLiteral("org.freedesktop.") + QString::fromLatin1(name);
+        ASSERT_TRUE(bus.registerVirtualObject(
+            QLatin1Char('/') + QString(whole).replace(QLatin1Char('.'), QLatin1Char('/')),
+            &desktop));
+        ASSERT_TRUE(bus.registerService(whole));
+    }
+    DesktopNotifier().notify(QStringLiteral("Title"), QStringLiteral("<b>.txt"));
+    ASSERT_TRUE(eventually([&] { return desktop.calls.size() == 1; }));
+    EXPECT_EQ(desktop.calls[0].signature(), QStringLiteral("susssasa{sv}i"));
+    EXPECT_EQ(desktop.calls[0].arguments().at(3).toString(), QStringLiteral("Title"));
+    EXPECT_EQ(desktop.calls[0].arguments().at(4).toString(), QStringLiteral("&lt;b&gt;.txt"));
+    showInFileManager(QStringLiteral("/a b#c"), [] { ADD_FAILURE() << "it was shown"; });
+    ASSERT_TRUE(eventually([&] { return desktop.calls.size() == 2; }));
+    EXPECT_EQ(desktop.calls[1].arguments().at(0).toStringList(),
+              QStringList(QStringLiteral("file:///a%20b%23c")));
+    bus.unregisterObject(QStringLiteral("/org/freedesktop/Notifications"));
+}
+
+} // namespace
