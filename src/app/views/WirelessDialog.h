@@ -13,6 +13,8 @@ namespace tessary {
 
 /// The phones with wireless debugging that are found on the network, while it is open.
 class WirelessDialog : public QDialog {
+    Q_OBJECT
+
 public:
     WirelessDialog(std::shared_ptr<ServiceNetwork> network, const ADBTool& adb,
                    QWidget* parent = nullptr);
