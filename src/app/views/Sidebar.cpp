@@ -8,6 +8,7 @@
 #include "app/views/PlaceList.h"
 
 #include <QEvent>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QListView>
 #include <QMenu>
@@ -30,10 +31,13 @@ QWidget* makeWirelessButton(const std::function<void()>& showWireless) {
     button->setIconSize({18, 18});
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setAutoRaise(true);
-    button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     keepTranslated(button, [button] { button->setText(tessary::tr("Wireless Devices…")); });
     QObject::connect(button, &QToolButton::clicked, button, showWireless);
-    return button;
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(10, 4, 10, 0);
+    layout->addWidget(button, 0, Qt::AlignLeft);
+    return row;
 }
 
 } // namespace

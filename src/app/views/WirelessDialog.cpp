@@ -65,6 +65,8 @@ WirelessDialog::WirelessDialog(std::shared_ptr<ServiceNetwork> network, const AD
     busy_->setTextVisible(false);
     busy_->setFixedHeight(5);
 
+    again_->setAutoDefault(false);
+    connect_->setDefault(true);
     auto* buttons = new QDialogButtonBox;
     buttons->addButton(again_, QDialogButtonBox::ResetRole);
     buttons->addButton(connect_, QDialogButtonBox::ActionRole);
