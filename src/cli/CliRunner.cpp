@@ -24,6 +24,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 namespace tessary {
 
@@ -362,23 +363,33 @@ void CliRunner::move() {
     if (target.contains(QLatin1Char('/'))) {
         folder = parentPath(target);
         name = lastComponent(target);
+        std::optional<FileItem> existing;
         try {
-            const FileItem existing = files().itemAt(target, stop_);
-            if (existing.isDirectory) {
-                folder = existing.path;
-                name = item.name;
-            }
+            existing = files().itemAt(target, stop_);
         } catch (const TessaryError&) {
             // Nothing of this name is there: it is the new one.
         }
+        if (existing && existing->isDirectory) {
+            folder = existing->path;
+            name = item.name;
+        } else if (existing && existing->path != item.path) {
+            throw TessaryError::fileIOError(QStringLiteral("\"%1\" is already there.").arg(name));
+        }
         folder = files().itemAt(folder, stop_).path;
     }
-    if (folder != oldFolder) {
+    const bool isMoved = folder != oldFolder;
+    if (isMoved) {
         files().moveItem(item, folder, stop_);
         item.path = joinPath(folder, item.name);
     }
-    if (name != item.name)
-        files().renameItem(item, name, stop_);
+    try {
+        if (name != item.name)
+            files().renameItem(item, name, stop_);
+    } catch (...) {
+        if (isMoved) // all or nothing
+            files().moveItem(item, oldFolder, stop_);
+        throw;
+    }
     if (request_.json)
         print(QJsonObject{{QLatin1StringView("path"), joinPath(folder, name)}});
 }
