@@ -31,10 +31,6 @@ DeviceAnswer failedWith(DeviceTrouble trouble) {
     return answer;
 }
 
-bool isGone(const MTPTransportError& error) {
-    return error.kind() == MTPTransportError::Case::notConnected || error.code() == usb::noDevice;
-}
-
 } // namespace
 
 DeviceAnswer FileServiceInquiry::ask(const DeviceInfo& device) {
@@ -75,7 +71,7 @@ DeviceAnswer FileServiceInquiry::whyNoStorage(const DeviceInfo& device, LiveDevi
     } catch (const TessaryError&) {
         return {Outcome::busy};
     } catch (const MTPTransportError& error) {
-        if (isGone(error))
+        if (error.isDeviceGone())
             return {Outcome::gone};
         return failedWith(troubleOf(error, files_.programsHolding(device)));
     }

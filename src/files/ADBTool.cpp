@@ -136,13 +136,11 @@ std::optional<QString> ADBTool::findAmong(const QStringList& paths) {
     return std::nullopt;
 }
 
-std::vector<AdbDevice> ADBTool::devices(QString* failure) {
+std::vector<AdbDevice> ADBTool::devices() {
     std::vector<AdbDevice> found;
     if (const auto executable = find()) {
         const ProcessResult result = processes_.run(
             *executable, {QStringLiteral("devices"), QStringLiteral("-l")}, shortLimit);
-        if (failure != nullptr)
-            *failure = adbFailure(result);
         if (result.succeeded())
             found = parseAdbDevices(result.standardOutput);
         for (AdbDevice& device : found)

@@ -41,9 +41,8 @@ public:
     [[nodiscard]] static std::optional<QString> findAmong(const QStringList& paths);
 
     /// Asks for the phones that adb reaches; starts adb's server when none runs. A phone on the
-    /// network is asked for its own serial number once. Empty when adb fails, with the reason in
-    /// `failure`.
-    [[nodiscard]] std::vector<AdbDevice> devices(QString* failure = nullptr);
+    /// network is asked for its own serial number once. Empty when adb fails.
+    [[nodiscard]] std::vector<AdbDevice> devices();
     /// Whether adb reaches a phone with this serial number; without one, whether it reaches
     /// exactly one phone.
     [[nodiscard]] bool isConnected(const std::optional<QString>& serial);

@@ -90,6 +90,10 @@ TransferOutcome AndroidFileAccess::uploadDirectory(const LocalSource& source,
     return service_.uploadDirectory(source, remoteParentPath, device_, progress, stop);
 }
 
+std::shared_ptr<void> AndroidFileAccess::hold() {
+    return service_.hold(device_);
+}
+
 void AndroidFileAccess::createFolder(const QString& name, const QString& parentPath,
                                      const std::stop_token& stop) {
     service_.createFolder(name, parentPath, device_, stop);

@@ -33,6 +33,7 @@ public:
                                                   const QString& remoteParentPath,
                                                   const TransferProgressCallback& progress,
                                                   const std::stop_token& stop) override;
+    [[nodiscard]] std::shared_ptr<void> hold() override;
     void createFolder(const QString& name, const QString& parentPath,
                       const std::stop_token& stop) override;
     void deleteItem(const FileItem& item, const std::stop_token& stop) override;

@@ -49,6 +49,7 @@ editEach(FileAccess& files, const std::vector<FileItem>& items, const QString& v
          const std::function<void(const FileItem&, const std::stop_token&)>& action,
          const std::function<void(int)>& progress, const std::stop_token& stop) {
     BrowserEditReport report;
+    const auto hold = files.hold();
     std::vector<EditFailure> failures;
     std::size_t failedInAll = 0;
     for (std::size_t i = 0; i < items.size() && !stop.stop_requested(); ++i) {
@@ -58,7 +59,7 @@ editEach(FileAccess& files, const std::vector<FileItem>& items, const QString& v
         } catch (const CancellationError&) {
             break;
         } catch (const std::exception& error) {
-            failures.push_back({items[i].name, adviceFor(error, files.programsHolding())});
+            failures.push_back({items[i].name, adviceFor(error, files)});
             ++failedInAll;
             if (isDeviceLost(error)) {
                 report.isDeviceLost = true;

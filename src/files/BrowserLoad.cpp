@@ -45,7 +45,7 @@ std::optional<QString> livingFolderAbove(FileAccess& files, const QString& path,
 
 BrowserLoad failed(FileAccess& files, const std::exception& error) {
     BrowserLoad load;
-    load.error = adviceFor(error, files.programsHolding());
+    load.error = adviceFor(error, files);
     load.isDeviceLost = isDeviceLost(error);
     return load;
 }
@@ -54,9 +54,8 @@ BrowserLoad failed(FileAccess& files, const std::exception& error) {
 
 bool isDeviceLost(const std::exception& error) {
     if (const auto* transport = dynamic_cast<const MTPTransportError*>(&error))
-        return transport->kind() == MTPTransportError::Case::notConnected ||
-               transport->kind() == MTPTransportError::Case::connectionClosed ||
-               transport->code() == usb::noDevice;
+        return transport->isDeviceGone() ||
+               transport->kind() == MTPTransportError::Case::connectionClosed;
     const auto* own = dynamic_cast<const TessaryError*>(&error);
     return own && own->kind() == TessaryError::Case::deviceNotFound;
 }

@@ -299,8 +299,8 @@ bool DeviceFileService::isAdbDeviceConnected(const std::optional<QString>& seria
     return adbTool_.isConnected(serial);
 }
 
-std::vector<AdbDevice> DeviceFileService::adbDevices(QString* failure) {
-    return adbTool_.devices(failure);
+std::vector<AdbDevice> DeviceFileService::adbDevices() {
+    return adbTool_.devices();
 }
 
 } // namespace tessary

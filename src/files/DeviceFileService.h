@@ -135,8 +135,7 @@ public:
     /// exactly one phone. Starts adb's server when none runs.
     [[nodiscard]] bool isAdbDeviceConnected(const std::optional<QString>& serial);
     /// The phones that adb reaches, or is being refused by. Starts adb's server when none runs.
-    /// Why there is no answer is in `failure`.
-    [[nodiscard]] std::vector<AdbDevice> adbDevices(QString* failure = nullptr);
+    [[nodiscard]] std::vector<AdbDevice> adbDevices();
 
     /// Whether the device's files are reached through adb.
     [[nodiscard]] bool usesAdb(const DeviceInfo& device) const;

@@ -21,7 +21,7 @@ void DeviceLane::leave() {
 DeviceLane::Turn DeviceLane::enter(const std::stop_token& stop) {
     std::unique_lock lock(mutex_);
     ++waiting_;
-    const bool isFree = changed_.wait(lock, stop, [this] { return !isBusy_; });
+    const bool isFree = changed_.wait(lock, stop, [this] { return !isBusy_ && guests_.empty(); });
     --waiting_;
     if (!isFree)
         throw CancellationError();
@@ -51,6 +51,7 @@ std::optional<DeviceLane::Turn> DeviceLane::enterOrVisit(const GuestWork& work,
     changed_.wait(lock, [&] { return guest.state != Guest::State::running; });
     --waiting_;
     std::erase(guests_, &guest);
+    changed_.notify_all(); // those who let guests go first
     if (guest.state == Guest::State::done) {
         if (guest.failure)
             std::rethrow_exception(guest.failure);

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
+#include <cstdint>
 #include <deque>
 #include <exception>
 #include <functional>
@@ -15,8 +17,8 @@ namespace tessary {
 class MTPSession;
 
 /// Orders everything that opens a session on one device: one user at a time. A long transfer that
-/// holds the lane may let waiting guests (listings) do their work in between, on its own session.
-/// Thread-safe.
+/// holds the lane may let waiting guests (listings, edits) do their work in between, on its own
+/// session. Thread-safe.
 class DeviceLane : public std::enable_shared_from_this<DeviceLane> {
 public:
     using GuestWork = std::function<void(MTPSession&)>;
@@ -36,11 +38,16 @@ public:
         /// What a guest's work throws goes to the guest.
         void letGuestsIn(MTPSession& session);
 
+        /// DeviceLane::edits() of the lane.
+        [[nodiscard]] std::uint64_t edits() const {
+            return lane_->edits();
+        }
+
     private:
         std::shared_ptr<DeviceLane> lane_; ///< null after a move
     };
 
-    /// Waits until the lane is free. CancellationError when `stop` asks for it.
+    /// Waits until the lane is free and no guest waits. CancellationError when `stop` asks for it.
     [[nodiscard]] Turn enter(const std::stop_token& stop);
 
     /// The lane, when nobody uses it or waits for it.
@@ -51,6 +58,15 @@ public:
     /// TessaryError::fileIOError after guestPatience.
     [[nodiscard]] std::optional<Turn> enterOrVisit(const GuestWork& work,
                                                    const std::stop_token& stop);
+
+    /// How often someone said that the device's files are changed: what a holder knows of them is
+    /// to be looked at again when this is another number.
+    [[nodiscard]] std::uint64_t edits() const {
+        return edits_;
+    }
+    void noteEdit() {
+        ++edits_;
+    }
 
 private:
     struct Guest {
@@ -66,6 +82,7 @@ private:
     bool isBusy_ = false;       ///< guarded by mutex_
     std::deque<Guest*> guests_; ///< guarded by mutex_; each lives on the stack of its caller
     std::size_t waiting_ = 0;   ///< guarded by mutex_
+    std::atomic<std::uint64_t> edits_ = 0;
 };
 
 } // namespace tessary

@@ -1,5 +1,7 @@
 #include "files/ErrorAdvice.h"
 
+#include "files/FileAccess.h"
+
 #include "core/TessaryError.h"
 #include "mtp/MTPCodes.h"
 #include "mtp/MTPTransportError.h"
@@ -150,6 +152,13 @@ ErrorAdvice adviceFor(const std::exception& error, const QStringList& holders) {
     if (const auto* own = dynamic_cast<const TessaryError*>(&error))
         return {own->description(), adviceForPhone(*own)};
     return {QString::fromUtf8(error.what()), {}};
+}
+
+ErrorAdvice adviceFor(const std::exception& error, FileAccess& files) {
+    const auto* transport = dynamic_cast<const MTPTransportError*>(&error);
+    const bool isHeld =
+        transport && transport->kind() == MTPTransportError::Case::exclusiveAccessDenied;
+    return adviceFor(error, isHeld ? files.programsHolding() : QStringList());
 }
 
 } // namespace tessary

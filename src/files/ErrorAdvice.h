@@ -7,6 +7,8 @@
 
 namespace tessary {
 
+class FileAccess;
+
 /// A failure in words for the person with the phone: what happened, and what to do about it.
 struct ErrorAdvice {
     QString message;
@@ -16,5 +18,8 @@ struct ErrorAdvice {
 /// The words for a failure of the file service. `holders` are the programs that hold the phone,
 /// as far as they are known. Pure.
 [[nodiscard]] ErrorAdvice adviceFor(const std::exception& error, const QStringList& holders = {});
+
+/// The same; asks which programs hold the phone when, and only when, that is what failed. Blocking.
+[[nodiscard]] ErrorAdvice adviceFor(const std::exception& error, FileAccess& files);
 
 } // namespace tessary

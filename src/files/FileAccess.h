@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
 #include <stop_token>
 #include <vector>
 
@@ -63,6 +64,12 @@ public:
                                                           const QString& remoteParentPath,
                                                           const TransferProgressCallback& progress,
                                                           const std::stop_token& stop) = 0;
+
+    /// Until the result goes, the calls of this thread share what costs time to set up. May be
+    /// null.
+    [[nodiscard]] virtual std::shared_ptr<void> hold() {
+        return nullptr;
+    }
 
     virtual void createFolder(const QString& name, const QString& parentPath,
                               const std::stop_token& stop) = 0;

@@ -56,7 +56,7 @@ FileBrowserViewModel::FileBrowserViewModel(TransferViewModel& transfers, Browser
       breadcrumbs_(breadcrumbsOf({QStringLiteral("/"), QStringLiteral("Root")}, currentPath_)),
       typeahead_(std::move(setup.clock)) {
     reloadTimer_.setSingleShot(true);
-    connect(&reloadTimer_, &QTimer::timeout, this, &FileBrowserViewModel::reload);
+    connect(&reloadTimer_, &QTimer::timeout, this, &FileBrowserViewModel::reloadSoon);
     connect(&transfers_, &TransferViewModel::jobFinished, this, &FileBrowserViewModel::reloadAfter);
 }
 
@@ -158,8 +158,17 @@ void FileBrowserViewModel::reload() {
         load(Meanwhile::shown);
 }
 
+/// Reads the folder again, after the reading that is under way: a phone that is busy copying would
+/// else never come to the end of one.
+void FileBrowserViewModel::reloadSoon() {
+    isReloadWanted_ = isLoading_;
+    if (!isLoading_)
+        reload();
+}
+
 void FileBrowserViewModel::load(Meanwhile meanwhile) {
     reloadTimer_.stop();
+    isReloadWanted_ = false;
     stopLoad_.request_stop();
     const std::uint64_t number = ++loadNumber_;
     setState(meanwhile == Meanwhile::shown ? state_ : BrowserState::ready, true);
@@ -178,6 +187,9 @@ void FileBrowserViewModel::load(Meanwhile meanwhile) {
             else
                 forgetAfter(loaded);
             applyLoad(loaded, meanwhile);
+            if (!isLoading_ && isReloadWanted_)
+                reloadTimer_.start(transfers_.summary().isIdle() ? reloadPause
+                                                                 : reloadPauseInQueue);
         });
 }
 

@@ -308,6 +308,7 @@ private:
     void stopAll();
     void letGo(std::shared_ptr<FileAccess> files);
     void show(const QString& path);
+    void reloadSoon();
     void load(Meanwhile meanwhile);
     void applyLoad(const BrowserLoad& load, Meanwhile meanwhile);
     void forgetAfter(const BrowserLoad& failure);
@@ -354,6 +355,7 @@ private:
     std::uint64_t loadNumber_ = 0; ///< answers of older loads are dropped
     std::stop_source stopLoad_{std::nostopstate};
     QTimer reloadTimer_;
+    bool isReloadWanted_ = false;         ///< once the folder that is being read was read
     std::vector<std::stop_source> edits_; ///< one for each that is under way
     EditProgress editProgress_;
     std::uint64_t previewNumber_ = 0;

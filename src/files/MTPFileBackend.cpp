@@ -5,6 +5,7 @@
 #include "core/TessaryError.h"
 #include "files/DevicePath.h"
 #include "files/MTPDownload.h"
+#include "files/MTPItems.h"
 #include "files/MTPUpload.h"
 #include "files/PhoneNames.h"
 
@@ -15,66 +16,6 @@
 namespace tessary {
 
 namespace {
-
-/// The location of a path, or an error that says what is missing.
-MTPLocation requireLocation(MTPSession& session, const QString& path, const QString& noStorage) {
-    if (const auto location = session.locate(path))
-        return *location;
-    throw TessaryError::fileIOError(noStorage);
-}
-
-const QString& noStorageText() {
-    static const QString text = QStringLiteral("No storage available");
-    return text;
-}
-
-struct Found {
-    MTPLocation location;
-    MTPResolvedObject object;
-};
-
-/// The object at a path; blanks around it count only when a name on the phone really has them.
-Found find(MTPSession& session, const QString& path, const std::stop_token& stop,
-           const QString& noStorage = noStorageText()) {
-    for (const QString& candidate : {path, path.trimmed()}) {
-        const MTPLocation location = requireLocation(session, candidate, noStorage);
-        if (auto object = session.resolve(location, stop))
-            return {location, *std::move(object)};
-        if (candidate == path.trimmed())
-            break;
-    }
-    throwNotOnPhone(path);
-}
-
-Found findFolder(MTPSession& session, const QString& path, const std::stop_token& stop,
-                 const QString& noStorage = noStorageText()) {
-    Found found = find(session, path, stop, noStorage);
-    if (!found.object.isDirectory())
-        throw TessaryError::fileIOError(QStringLiteral("%1 is not a folder.").arg(path));
-    return found;
-}
-
-/// The object of an item, confirmed to be the one that the user saw. A name may be empty or hold
-/// "/", so that the item's path alone does not tell the folder.
-Found findItem(MTPSession& session, const FileItem& item, const std::stop_token& stop) {
-    const QString ending = QLatin1Char('/') + item.name;
-    const bool isEntry = item.path.endsWith(ending) && (item.handle || !item.name.isEmpty());
-    if (!isEntry) {
-        Found found = find(session, item.path, stop);
-        const auto& info = found.object.info; // none: a storage, which has no name of its own
-        if (info && (info->filename != item.name || info->isDirectory() != item.isDirectory))
-            throwNotOnPhone(item.path);
-        return found;
-    }
-    const Found folder =
-        findFolder(session, item.path.chopped(ending.size()) + QLatin1Char('/'), stop);
-    const MTPLocation location = folder.location.child(item.name);
-    auto object =
-        session.resolveChild(folder.location, folder.object.handle, item.name, item.handle, stop);
-    if (!object || object->isDirectory() != item.isDirectory)
-        throwNotOnPhone(item.path);
-    return {location, *std::move(object)};
-}
 
 qint64 sizeOf(const MTPObjectInfo& info) {
     constexpr auto limit = static_cast<std::uint64_t>(std::numeric_limits<qint64>::max());
@@ -106,34 +47,18 @@ StorageVolume volumeOf(const MTPStorageInfo& info) {
             clampToSigned(info.freeSpaceInBytes), info.isRemovable()};
 }
 
-/// Deletes an object. A folder that the device won't delete whole is emptied first, deepest first;
-/// what it lists there but says to be elsewhere stays.
-void deleteObject(MTPSession& session, std::uint32_t storageID, const MTPObjectInfo& info,
-                  int depth, const std::stop_token& stop) {
-    constexpr int maxDepth = 128;
-    throwIfStopped(stop);
-    try {
-        session.client().deleteObject(info.id);
+/// Throws when a folder has an entry, other than `except`, that a name would clash with.
+void requireFreeName(const MTPFolderContents& contents, const QString& name, const char* words,
+                     std::uint32_t except = 0) {
+    const auto taken = contents.sameName(name, except);
+    if (!taken)
         return;
-    } catch (const MTPTransportError& error) {
-        const bool mayHoldFiles =
-            info.isDirectory() && error.isProtocolFailure() && depth < maxDepth;
-        if (!mayHoldFiles)
-            throw;
-    }
-    std::vector<MTPObjectInfo> children;
-    session.forEachChild(
-        storageID, info.id,
-        [&](MTPObjectInfo&& child) {
-            if (child.parentObject == info.id)
-                children.push_back(std::move(child));
-            return true;
-        },
-        stop);
-    for (const MTPObjectInfo& child : children)
-        deleteObject(session, storageID, child, depth + 1, stop);
-    session.client().deleteObject(info.id);
+    if (*taken != name)
+        throwSameToPhone(*taken, name);
+    throw TessaryError::fileIOError(QString::fromLatin1(words).arg(name));
 }
+
+constexpr const char* alreadyOnPhone = "\"%1\" is already on the phone.";
 
 } // namespace
 
@@ -233,6 +158,38 @@ void MTPFileBackend::asGuest(const DeviceInfo& device, const std::stop_token& st
     work(session);
 }
 
+/// Runs `work(session)`, which changes files, in the session that this thread holds, in one of its
+/// own, or in between two steps of whoever has one.
+template <typename Work>
+void MTPFileBackend::asEditor(const DeviceInfo& device, const std::stop_token& stop, Work work) {
+    const auto held = heldHere(device);
+    const auto lane = laneOf(device);
+    const auto edit = [&](MTPSession& session) {
+        lane->noteEdit();
+        work(session);
+    };
+    try {
+        if (!held || !held->session) {
+            auto turn = lane->enterOrVisit(edit, stop);
+            if (!turn)
+                return;
+            auto session = std::make_unique<MTPSession>(bus_, device, cache_);
+            if (!held) {
+                edit(*session);
+                return;
+            }
+            held->turn.emplace(*std::move(turn));
+            held->session = std::move(session);
+        }
+        held->turn->letGuestsIn(*held->session);
+        edit(*held->session);
+    } catch (const MTPTransportError& error) {
+        if (held && !error.isProtocolFailure())
+            held->close();
+        throw;
+    }
+}
+
 std::vector<FileItem> MTPFileBackend::listDirectory(const QString& path, const DeviceInfo& device,
                                                     const std::stop_token& stop, ListingRule rule) {
     std::vector<FileItem> items;
@@ -243,10 +200,10 @@ std::vector<FileItem> MTPFileBackend::listDirectory(const QString& path, const D
     asGuest(device, stop, [&](MTPSession& session) {
         if (session.storageIDs().empty()) {
             if (rule == ListingRule::checked)
-                throw TessaryError::fileIOError(noStorageText());
+                throw TessaryError::fileIOError(noMTPStorageText());
             return;
         }
-        const Found folder = findFolder(session, path, stop);
+        const MTPFound folder = findMTPFolder(session, path, stop);
         session.forEachChild(
             folder.location.storageID, folder.object.handle,
             [&](MTPObjectInfo&& info) {
@@ -263,7 +220,7 @@ FileItem MTPFileBackend::itemAt(const QString& path, const DeviceInfo& device,
                                 const std::stop_token& stop) {
     std::optional<FileItem> item;
     asGuest(device, stop, [&](MTPSession& session) {
-        const Found found = find(session, path, stop);
+        const MTPFound found = findMTPObject(session, path, stop);
         if (found.object.info) {
             MTPLocation folder = found.location;
             folder.path = parentPath(found.location.path);
@@ -282,7 +239,7 @@ std::optional<FileItem> MTPFileBackend::entryAt(const QString& path, const Devic
                                                 const std::stop_token& stop) {
     std::optional<FileItem> item;
     asGuest(device, stop, [&](MTPSession& session) {
-        const MTPLocation location = requireLocation(session, path, noStorageText());
+        const MTPLocation location = requireMTPLocation(session, path);
         const auto object = session.resolve(location, stop);
         if (!object || !object->info)
             return;
@@ -298,8 +255,8 @@ void MTPFileBackend::downloadFile(const FileItem& item, const QString& localFile
                                   const std::stop_token& stop) {
     withSession(device, stop, [&](MTPSession& session, DeviceLane::Turn&) {
         if (session.storageIDs().empty())
-            throw TessaryError::fileIOError(noStorageText());
-        const Found found = findItem(session, item, stop);
+            throw TessaryError::fileIOError(noMTPStorageText());
+        const MTPFound found = findMTPItem(session, item, stop);
         if (!found.object.info || found.object.isDirectory())
             throw TessaryError::fileIOError(QStringLiteral("No MTP handle for file ") + item.name);
         downloadObject(session, *found.object.info, localFile, progress, stop);
@@ -312,7 +269,7 @@ TransferOutcome MTPFileBackend::downloadDirectory(const FileItem& item, const QS
                                                   const std::stop_token& stop) {
     TransferOutcome outcome;
     withSession(device, stop, [&](MTPSession& session, DeviceLane::Turn& turn) {
-        const Found found = findItem(session, item, stop);
+        const MTPFound found = findMTPItem(session, item, stop);
         if (!found.object.isDirectory())
             throw TessaryError::fileIOError(QStringLiteral("%1 is not a folder.").arg(item.path));
         outcome = downloadFolder(session, turn, found.location, found.object.handle, localFolder,
@@ -325,8 +282,8 @@ void MTPFileBackend::uploadFile(const LocalSource& source, const QString& remote
                                 const DeviceInfo& device, const FileProgressCallback& progress,
                                 const std::stop_token& stop) {
     withSession(device, stop, [&](MTPSession& session, DeviceLane::Turn& turn) {
-        const Found folder = findFolder(session, remoteParentPath, stop,
-                                        QStringLiteral("No MTP storage found for upload"));
+        const MTPFound folder = findMTPFolder(session, remoteParentPath, stop,
+                                              QStringLiteral("No MTP storage found for upload"));
         MTPUpload(session, turn, stop)
             .file(source, folder.location, folder.object.handle, progress);
     });
@@ -336,8 +293,8 @@ void MTPFileBackend::uploadFile(const LocalSource& source, const QString& remote
                                 const DeviceInfo& device, bool mayReplace, MTPUploadMemory& memory,
                                 const FileProgressCallback& progress, const std::stop_token& stop) {
     withSession(device, stop, [&](MTPSession& session, DeviceLane::Turn& turn) {
-        const Found folder = findFolder(session, remoteParentPath, stop,
-                                        QStringLiteral("No MTP storage found for upload"));
+        const MTPFound folder = findMTPFolder(session, remoteParentPath, stop,
+                                              QStringLiteral("No MTP storage found for upload"));
         MTPUpload(session, turn, stop)
             .file(source, folder.location, folder.object.handle, mayReplace, memory, progress);
     });
@@ -350,8 +307,8 @@ TransferOutcome MTPFileBackend::uploadDirectory(const LocalSource& source,
                                                 const std::stop_token& stop) {
     TransferOutcome outcome;
     withSession(device, stop, [&](MTPSession& session, DeviceLane::Turn& turn) {
-        const Found folder = findFolder(session, remoteParentPath, stop,
-                                        QStringLiteral("No MTP storage found for upload"));
+        const MTPFound folder = findMTPFolder(session, remoteParentPath, stop,
+                                              QStringLiteral("No MTP storage found for upload"));
         outcome = MTPUpload(session, turn, stop)
                       .folder(source, folder.location, folder.object.handle, progress);
     });
@@ -361,24 +318,25 @@ TransferOutcome MTPFileBackend::uploadDirectory(const LocalSource& source,
 void MTPFileBackend::createFolder(const QString& name, const QString& parentPath,
                                   const DeviceInfo& device, const std::stop_token& stop) {
     requireNameForMTP(name);
-    withSession(device, stop, [&](MTPSession& session, DeviceLane::Turn&) {
-        const Found parent = findFolder(session, parentPath, stop);
+    asEditor(device, stop, [&](MTPSession& session) {
+        const MTPFound parent = findMTPFolder(session, parentPath, stop);
         const std::uint32_t storageID = parent.location.storageID;
-        if (session.findChild(storageID, parent.object.handle, name, stop))
-            throw TessaryError::fileIOError(
-                QStringLiteral("\"%1\" is already on the phone.").arg(name));
+        MTPFolderContents contents = session.look(parent.location, parent.object.handle, stop);
+        requireFreeName(contents, name, alreadyOnPhone);
         session.client().createFolder(name, parent.object.handle, storageID);
+        contents.insertName(name);
+        session.keep(parent.location, contents);
     });
 }
 
 void MTPFileBackend::deleteFile(const FileItem& item, const DeviceInfo& device,
                                 const std::stop_token& stop) {
-    withSession(device, stop, [&](MTPSession& session, DeviceLane::Turn&) {
-        const Found found = findItem(session, item, stop);
+    asEditor(device, stop, [&](MTPSession& session) {
+        const MTPFound found = findMTPItem(session, item, stop);
         if (!found.object.info)
             throw TessaryError::fileIOError(QStringLiteral("A whole storage cannot be deleted."));
-        session.forget(found.location);
-        deleteObject(session, found.location.storageID, *found.object.info, 0, stop);
+        session.forget(found.location, found.object.isDirectory());
+        deleteMTPObject(session, found.location.storageID, *found.object.info, stop);
     });
 }
 
@@ -399,28 +357,31 @@ void MTPFileBackend::deleteEmptyFolder(const FileItem& item, const DeviceInfo& d
 void MTPFileBackend::renameItem(const FileItem& item, const QString& newName,
                                 const DeviceInfo& device, const std::stop_token& stop) {
     requireNameForMTP(newName);
-    withSession(device, stop, [&](MTPSession& session, DeviceLane::Turn&) {
-        const Found found = findItem(session, item, stop);
+    asEditor(device, stop, [&](MTPSession& session) {
+        const MTPFound found = findMTPItem(session, item, stop);
         if (!found.object.info)
             throw TessaryError::fileIOError(QStringLiteral("A whole storage cannot be renamed."));
         if (newName == item.name)
             return;
         // Some phones would put the item in the place of the one that has this name.
         const std::uint32_t parent = found.object.info->parentObject;
-        if (session.findChild(found.location.storageID, parent == 0 ? mtpRootHandle : parent,
-                              newName, stop))
-            throw TessaryError::fileIOError(
-                QStringLiteral("\"%1\" is already on the phone.").arg(newName));
-        session.forget(found.location);
+        MTPLocation folder = found.location;
+        folder.path = parentPath(found.location.path);
+        MTPFolderContents contents =
+            session.look(folder, parent == 0 ? mtpRootHandle : parent, stop);
+        requireFreeName(contents, newName, alreadyOnPhone, found.object.handle);
+        session.forget(found.location, found.object.isDirectory());
+        contents.remove(found.object.handle); // its name is asked again
         session.client().renameObject(found.object.handle, newName);
+        session.keep(folder, contents);
     });
 }
 
 void MTPFileBackend::moveItem(const FileItem& item, const QString& newParentPath,
                               const DeviceInfo& device, const std::stop_token& stop) {
-    withSession(device, stop, [&](MTPSession& session, DeviceLane::Turn&) {
-        const Found found = findItem(session, item, stop);
-        const Found target = findFolder(session, newParentPath, stop);
+    asEditor(device, stop, [&](MTPSession& session) {
+        const MTPFound found = findMTPItem(session, item, stop);
+        const MTPFound target = findMTPFolder(session, newParentPath, stop);
         if (!found.object.info)
             throw TessaryError::fileIOError(QStringLiteral("A whole storage cannot be moved."));
         if (target.location.storageID != found.location.storageID)
@@ -431,12 +392,13 @@ void MTPFileBackend::moveItem(const FileItem& item, const QString& newParentPath
         if (target.location.path == found.location.path || target.location.path.startsWith(inside))
             throw TessaryError::fileIOError(
                 QStringLiteral("A folder cannot be moved into itself."));
-        if (session.findChild(target.location.storageID, target.object.handle, item.name, stop))
-            throw TessaryError::fileIOError(
-                QStringLiteral("\"%1\" is already there.").arg(item.name));
-        session.forget(found.location);
+        const MTPFolderContents contents =
+            session.look(target.location, target.object.handle, stop);
+        requireFreeName(contents, item.name, "\"%1\" is already there.");
+        session.forget(found.location, found.object.isDirectory());
         session.client().moveObject(found.object.handle, target.location.storageID,
                                     target.location.isRoot() ? 0 : target.object.handle);
+        session.keep(target.location, contents);
     });
 }
 

@@ -35,8 +35,9 @@ enum class ListingRule {
 };
 
 /// File operations on Android devices over MTP. Each operation opens one session and closes it at
-/// its end; those on one device take turns, and a listing that finds a folder transfer running
-/// does its work between two files of it, on that transfer's session. Thread-safe and blocking.
+/// its end; those on one device take turns, and a listing or an edit that finds a folder transfer
+/// running does its work between two files of it, on that transfer's session. Thread-safe and
+/// blocking.
 ///
 /// A path that does not resolve is TessaryError::fileIOError, wherever it is used. Failures of the
 /// device are MTPTransportError, and CancellationError follows a stop request.
@@ -111,6 +112,8 @@ private:
     void withSession(const DeviceInfo& device, const std::stop_token& stop, Work work);
     template <typename Work>
     void asGuest(const DeviceInfo& device, const std::stop_token& stop, Work work);
+    template <typename Work>
+    void asEditor(const DeviceInfo& device, const std::stop_token& stop, Work work);
 
     UsbBus& bus_;
     MTPHandleCache cache_;

@@ -38,25 +38,50 @@ void MTPHandleCache::store(const MTPObjectKey& key, std::uint32_t handle) {
 
 void MTPHandleCache::drop(const MTPObjectKey& key) {
     const QString below = key.path + QLatin1Char('/');
-    const std::scoped_lock lock(mutex_);
-    handles_.removeIf([&](const auto& entry) {
+    const auto isInside = [&](const auto& entry) {
         const MTPObjectKey& other = entry.key();
         return other.device == key.device && other.storageID == key.storageID &&
                (other.path == key.path || other.path.startsWith(below));
-    });
+    };
+    const std::scoped_lock lock(mutex_);
+    handles_.removeIf(isInside);
+    folders_.removeIf(isInside);
 }
 
-void MTPHandleCache::dropDevice(const QString& device) {
+void MTPHandleCache::dropFile(const MTPObjectKey& key) {
     const std::scoped_lock lock(mutex_);
-    handles_.removeIf([&](const auto& entry) { return entry.key().device == device; });
+    handles_.remove(key);
+}
+
+std::optional<MTPFolderContents> MTPHandleCache::takeFolder(const MTPObjectKey& key) {
+    constexpr std::chrono::minutes lifetime(1);
+    const std::scoped_lock lock(mutex_);
+    const auto found = folders_.find(key);
+    if (found == folders_.end())
+        return std::nullopt;
+    const Folder folder = std::move(*found);
+    folders_.erase(found);
+    if (std::chrono::steady_clock::now() - folder.storedAt > lifetime)
+        return std::nullopt;
+    return folder.contents;
+}
+
+void MTPHandleCache::storeFolder(const MTPObjectKey& key, MTPFolderContents contents) {
+    constexpr qsizetype most = 8;
+    const std::scoped_lock lock(mutex_);
+    if (folders_.size() >= most)
+        folders_.clear();
+    folders_.insert(key, {std::move(contents), std::chrono::steady_clock::now()});
 }
 
 void MTPHandleCache::dropLocation(const QString& location) {
-    const std::scoped_lock lock(mutex_);
-    handles_.removeIf([&](const auto& entry) {
+    const auto isThere = [&](const auto& entry) {
         const QString& device = entry.key().device;
         return device.endsWith(locationMark) || device.endsWith(locationMark + location);
-    });
+    };
+    const std::scoped_lock lock(mutex_);
+    handles_.removeIf(isThere);
+    folders_.removeIf(isThere);
 }
 
 } // namespace tessary

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "files/MTPFolderContents.h"
+
 #include <QHash>
 #include <QString>
 
+#include <chrono>
 #include <cstdint>
 #include <mutex>
 #include <optional>
@@ -30,7 +33,14 @@ public:
     void store(const MTPObjectKey& key, std::uint32_t handle);
     /// Drops an object and everything below it.
     void drop(const MTPObjectKey& key);
-    void dropDevice(const QString& device);
+    /// Drops an object that has nothing below it.
+    void dropFile(const MTPObjectKey& key);
+
+    /// What was stored of a folder within the last minute. It is dropped: whoever succeeds with
+    /// what it goes by stores it again.
+    [[nodiscard]] std::optional<MTPFolderContents> takeFolder(const MTPObjectKey& key);
+    void storeFolder(const MTPObjectKey& key, MTPFolderContents contents);
+
     /// Drops what is known of the device that was plugged in there, and of every device whose
     /// place is not known.
     void dropLocation(const QString& location);
@@ -38,6 +48,11 @@ public:
 private:
     mutable std::mutex mutex_;
     QHash<MTPObjectKey, std::uint32_t> handles_; ///< guarded by mutex_
+    struct Folder {
+        MTPFolderContents contents;
+        std::chrono::steady_clock::time_point storedAt;
+    };
+    QHash<MTPObjectKey, Folder> folders_; ///< guarded by mutex_
 };
 
 } // namespace tessary

@@ -85,8 +85,11 @@ MTPObjectKey MTPSession::key(const MTPLocation& location) const {
     return {deviceKey_, location.storageID, location.path};
 }
 
-void MTPSession::forget(const MTPLocation& location) {
-    cache_.drop(key(location));
+void MTPSession::forget(const MTPLocation& location, bool isFolder) {
+    if (isFolder)
+        cache_.drop(key(location));
+    else
+        cache_.dropFile(key(location));
 }
 
 void MTPSession::remember(const MTPLocation& location, std::uint32_t handle) {
@@ -161,13 +164,16 @@ std::vector<std::uint32_t> MTPSession::childHandles(std::uint32_t storageID, std
 
 void MTPSession::forEachChild(std::uint32_t storageID, std::uint32_t folder,
                               const ChildVisitor& visit, const std::stop_token& stop,
-                              const UnreadableVisitor& unreadable) {
+                              const UnreadableVisitor& unreadable,
+                              const std::function<bool(std::uint32_t)>& isKnown) {
     QSet<std::uint32_t> seen;
     for (const std::uint32_t handle : childHandles(storageID, folder)) {
         throwIfStopped(stop);
         if (handle == folder || seen.contains(handle))
             continue;
         seen.insert(handle);
+        if (isKnown && isKnown(handle))
+            continue;
         std::optional<MTPObjectInfo> info;
         try {
             info = client_.getObjectInfo(handle);
@@ -188,6 +194,38 @@ void MTPSession::forEachChild(std::uint32_t storageID, std::uint32_t folder,
         if (!visit(std::move(*info)))
             return;
     }
+}
+
+MTPFolderContents MTPSession::look(const MTPLocation& folder, std::uint32_t handle,
+                                   const std::stop_token& stop) {
+    MTPFolderContents contents = cache_.takeFolder(key(folder)).value_or(MTPFolderContents(handle));
+    // A device may give its handles anew.
+    const MTPObjectInfo* sample = contents.any();
+    if (contents.folder() != handle ||
+        (sample && !confirm(sample->id, sample->filename, folder.storageID, handle)))
+        contents = MTPFolderContents(handle);
+    QSet<std::uint32_t> present;
+    forEachChild(
+        folder.storageID, handle,
+        [&](MTPObjectInfo&& info) {
+            contents.insert(info);
+            return true;
+        },
+        stop,
+        // Nobody knows its name, but it is there.
+        [&](std::uint32_t unreadable, const MTPTransportError&) {
+            contents.insertUnreadable(unreadable);
+        },
+        [&](std::uint32_t child) {
+            present.insert(child);
+            return contents.knows(child);
+        });
+    contents.keepOnly(present);
+    return contents;
+}
+
+void MTPSession::keep(const MTPLocation& folder, const MTPFolderContents& contents) {
+    cache_.storeFolder(key(folder), contents);
 }
 
 std::optional<MTPObjectInfo> MTPSession::findChild(std::uint32_t storageID, std::uint32_t folder,

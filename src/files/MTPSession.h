@@ -83,10 +83,19 @@ public:
     [[nodiscard]] std::vector<std::uint32_t> childHandles(std::uint32_t storageID,
                                                           std::uint32_t folder);
 
-    /// Reads the information of each child of a folder, each handle once. Without `unreadable` a
-    /// child that cannot be read is left out and logged; a broken connection always throws.
+    /// Reads the information of each child of a folder, each handle once, but for those that
+    /// `isKnown` says. Without `unreadable` a child that cannot be read is left out and logged; a
+    /// broken connection always throws.
     void forEachChild(std::uint32_t storageID, std::uint32_t folder, const ChildVisitor& visit,
-                      const std::stop_token& stop, const UnreadableVisitor& unreadable = {});
+                      const std::stop_token& stop, const UnreadableVisitor& unreadable = {},
+                      const std::function<bool(std::uint32_t)>& isKnown = {});
+
+    /// What a folder holds. Of what was kept of it only the handles are asked again, and the
+    /// information of one as a sample.
+    [[nodiscard]] MTPFolderContents look(const MTPLocation& folder, std::uint32_t handle,
+                                         const std::stop_token& stop);
+    /// Keeps what is known of a folder for the next look.
+    void keep(const MTPLocation& folder, const MTPFolderContents& contents);
 
     [[nodiscard]] std::optional<MTPObjectInfo> findChild(std::uint32_t storageID,
                                                          std::uint32_t folder, const QString& name,
@@ -97,8 +106,8 @@ public:
                                                        std::uint32_t storageID,
                                                        std::uint32_t folder);
 
-    /// Drops a location and everything below it from the cache.
-    void forget(const MTPLocation& location);
+    /// Drops a location and everything below it from the cache. What is no folder costs less.
+    void forget(const MTPLocation& location, bool isFolder = true);
     /// Keeps a handle for the next time.
     void remember(const MTPLocation& location, std::uint32_t handle);
 

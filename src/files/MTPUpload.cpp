@@ -61,26 +61,21 @@ MTPUpload::MTPUpload(MTPSession& session, DeviceLane::Turn& turn, std::stop_toke
     : session_(session), turn_(turn), stop_(std::move(stop)) {}
 
 MTPUpload::Folder MTPUpload::open(const MTPLocation& location, std::uint32_t handle) {
-    Folder folder{location, handle, {}, {}};
-    session_.forEachChild(
-        location.storageID, handle,
-        [&](MTPObjectInfo&& info) {
-            folder.handles.insert(info.id);
-            folder.contents.insert(info.filename, info);
-            return true;
-        },
-        stop_,
-        // Nobody knows its name, but it was there before: never a leftover of this upload.
-        [&](std::uint32_t unreadable, const MTPTransportError&) {
-            folder.handles.insert(unreadable);
-        });
-    return folder;
+    const std::uint64_t edits = turn_.edits();
+    return {location, session_.look(location, handle, stop_), edits};
+}
+
+/// Looks again when someone changed files of the device in between.
+void MTPUpload::refresh(Folder& folder) {
+    if (folder.edits != turn_.edits())
+        folder = open(folder.location, folder.contents.folder());
 }
 
 void MTPUpload::file(const LocalSource& source, const MTPLocation& folder,
                      std::uint32_t folderHandle, const FileProgressCallback& progress) {
     Folder target = open(folder, folderHandle);
     send(source.path, source.name, target, progress);
+    session_.keep(target.location, target.contents);
 }
 
 void MTPUpload::file(const LocalSource& source, const MTPLocation& folder,
@@ -89,16 +84,14 @@ void MTPUpload::file(const LocalSource& source, const MTPLocation& folder,
     const QString key = folder.shownPath();
     const QString& name = source.name;
     // After a failure nobody knows what the folder holds: it is forgotten.
-    auto known = memory.folders_.take(key);
-    if (known.folder.handle != folderHandle || known.sent.contains(name))
-        known = {open(folder, folderHandle), {}};
-    const bool isNew = !known.folder.contents.contains(name);
-    if (!isNew && !mayReplace)
+    Folder known = memory.folders_.take(key);
+    if (known.contents.folder() != folderHandle || known.contents.hasNameOnly(name))
+        known = open(folder, folderHandle);
+    refresh(known);
+    if (!mayReplace && known.contents.find(name))
         throw TessaryError::fileIOError(
             QStringLiteral("\"%1\" has appeared on the phone meanwhile.").arg(name));
-    send(source.path, name, known.folder, progress);
-    if (isNew)
-        known.sent.insert(name);
+    send(source.path, name, known, progress);
     memory.folders_.insert(key, std::move(known));
 }
 
@@ -106,9 +99,13 @@ void MTPUpload::file(const LocalSource& source, const MTPLocation& folder,
 void MTPUpload::send(const QString& localFile, const QString& name, Folder& folder,
                      const FileProgressCallback& progress) {
     requireNameForMTP(name);
-    const auto old = folder.contents.constFind(name);
-    if (old == folder.contents.constEnd()) {
+    refresh(folder);
+    const MTPObjectInfo* old = folder.contents.find(name);
+    if (!old) {
+        if (const auto other = folder.contents.sameName(name))
+            throwSameToPhone(*other, name);
         session_.remember(folder.location.child(name), transfer(localFile, name, folder, progress));
+        folder.contents.insertName(name);
         return;
     }
     if (old->isDirectory())
@@ -135,18 +132,25 @@ void MTPUpload::replace(const QString& localFile, const MTPObjectInfo& old, Fold
     } catch (const MTPTransportError& error) {
         if (!error.isProtocolFailure())
             throw;
-        removeLeftover(folder, sentAs);
+        removeSent(folder, sentAs, sent->id);
         throw TessaryError::fileIOError(
             QStringLiteral("\"%1\" is already on the phone, and this phone cannot replace files. "
                            "Delete or rename the old one first.")
                 .arg(name));
     }
+    const auto now =
+        session_.confirm(old.id, name, folder.location.storageID, folder.contents.folder());
+    if (!now || now->effectiveSize() != old.effectiveSize() ||
+        now->dateModified != old.dateModified) {
+        removeSent(folder, parkedAs, sent->id);
+        throw TessaryError::fileIOError(
+            QStringLiteral("\"%1\" has changed on the phone meanwhile. It was kept.").arg(name));
+    }
     try {
-        if (client.getObjectInfo(old.id).filename == name)
-            client.deleteObject(old.id);
+        client.deleteObject(old.id);
     } catch (const MTPTransportError& error) {
         if (error.isProtocolFailure())
-            removeLeftover(folder, parkedAs);
+            removeSent(folder, parkedAs, sent->id);
         throw;
     }
     try {
@@ -157,10 +161,10 @@ void MTPUpload::replace(const QString& localFile, const MTPObjectInfo& old, Fold
                            "renamed (%3).")
                 .arg(name, parkedAs, error.description()));
     }
-    folder.handles.insert(sent->id);
-    MTPObjectInfo now = *sent;
-    now.filename = name;
-    folder.contents.insert(name, std::move(now));
+    folder.contents.remove(old.id);
+    MTPObjectInfo renamed = *sent;
+    renamed.filename = name;
+    folder.contents.insert(renamed);
     session_.remember(folder.location.child(name), sent->id);
 }
 
@@ -169,8 +173,10 @@ std::uint32_t MTPUpload::transfer(const QString& localFile, const QString& name,
                                   const Folder& folder, const FileProgressCallback& progress) {
     UploadSource source(localFile);
     qint64 sent = 0;
+    std::optional<std::uint32_t> announced; // none: the device made nothing
     MTPStreamOptions options;
     options.stop = stop_;
+    options.accepted = [&announced](std::uint32_t handle) { announced = handle; };
     options.progress = [&](qint64 done, qint64 total) {
         sent = done;
         if (progress)
@@ -179,21 +185,22 @@ std::uint32_t MTPUpload::transfer(const QString& localFile, const QString& name,
     try {
         return session_.client().sendObject(
             [&source](std::span<std::byte> buffer) { return source.read(buffer); },
-            static_cast<std::uint64_t>(source.size()), name, folder.handle,
+            static_cast<std::uint64_t>(source.size()), name, folder.contents.folder(),
             folder.location.storageID, options);
     } catch (const MTPTransportError& error) {
         // Some devices stall instead of answering once they have every byte. The object tells.
-        if (sent == source.size() && error.code() == usb::pipeStalled) {
-            const auto object = findNew(folder, name, 0);
+        if (announced && sent == source.size() && error.code() == usb::pipeStalled) {
+            const auto object = findNew(folder, name, *announced);
             if (object && object->effectiveSize() == static_cast<std::uint64_t>(source.size()))
                 return object->id;
         }
         // A device that is gone or mute is not asked for more.
-        if (error.isProtocolFailure() || error.code() == usb::pipeStalled)
-            removeLeftover(folder, name);
+        if (announced && (error.isProtocolFailure() || error.code() == usb::pipeStalled))
+            removeLeftover(folder, name, *announced, source.size());
         throw;
     } catch (...) {
-        removeLeftover(folder, name);
+        if (announced)
+            removeLeftover(folder, name, *announced, source.size());
         throw;
     }
 }
@@ -201,48 +208,65 @@ std::uint32_t MTPUpload::transfer(const QString& localFile, const QString& name,
 /// The object of this name that was not in the folder before.
 std::optional<MTPObjectInfo> MTPUpload::findNew(const Folder& folder, const QString& name,
                                                 std::uint32_t announced) {
-    const auto isIt = [&](std::uint32_t handle) {
-        return session_.confirm(handle, name, folder.location.storageID, folder.handle);
+    const std::uint32_t parent = folder.contents.folder();
+    const auto isIt = [&](std::uint32_t handle) -> std::optional<MTPObjectInfo> {
+        if (handle == 0 || folder.contents.contains(handle))
+            return std::nullopt;
+        return session_.confirm(handle, name, folder.location.storageID, parent);
     };
-    if (announced != 0)
-        if (auto info = isIt(announced))
+    if (auto info = isIt(announced))
+        return info;
+    for (const std::uint32_t handle : session_.childHandles(folder.location.storageID, parent))
+        if (auto info = isIt(handle))
             return info;
-    for (const std::uint32_t handle :
-         session_.childHandles(folder.location.storageID, folder.handle))
-        if (!folder.handles.contains(handle))
-            if (auto info = isIt(handle))
-                return info;
     return std::nullopt;
 }
 
-/// Deletes what a failed upload left; a device that is gone, or refuses, keeps it.
-void MTPUpload::removeLeftover(const Folder& folder, const QString& name) noexcept {
+/// Deletes what a failed upload left; a device that is gone, or refuses, keeps it. What is larger
+/// than the upload is somebody else's.
+void MTPUpload::removeLeftover(const Folder& folder, const QString& name, std::uint32_t announced,
+                               qint64 size) noexcept {
     try {
-        if (const auto leftover = findNew(folder, name, 0))
+        const auto leftover = findNew(folder, name, announced);
+        if (leftover && leftover->effectiveSize() <= static_cast<std::uint64_t>(size))
             session_.client().deleteObject(leftover->id);
     } catch (const MTPTransportError&) {
         // The failure that led here is the one to report.
     }
 }
 
-MTPUpload::Folder MTPUpload::makeFolder(const Folder& parent, const QString& name) {
+/// Deletes a new version that cannot take the place of the old one.
+void MTPUpload::removeSent(const Folder& folder, const QString& name,
+                           std::uint32_t handle) noexcept {
+    try {
+        if (session_.confirm(handle, name, folder.location.storageID, folder.contents.folder()))
+            session_.client().deleteObject(handle);
+    } catch (const MTPTransportError&) {
+        // The failure that led here is the one to report.
+    }
+}
+
+MTPUpload::Folder MTPUpload::makeFolder(Folder& parent, const QString& name) {
     requireNameForMTP(name);
+    refresh(parent);
     const MTPLocation location = parent.location.child(name);
-    const auto old = parent.contents.constFind(name);
-    if (old != parent.contents.constEnd()) {
+    if (const MTPObjectInfo* old = parent.contents.find(name)) {
         if (!old->isDirectory())
             throw TessaryError::fileIOError(
                 QStringLiteral("A file named \"%1\" is already on the phone.").arg(name));
         return open(location, old->id);
     }
+    if (const auto other = parent.contents.sameName(name))
+        throwSameToPhone(*other, name);
     const std::uint32_t announced =
-        session_.client().createFolder(name, parent.handle, parent.location.storageID);
+        session_.client().createFolder(name, parent.contents.folder(), parent.location.storageID);
     const auto made = findNew(parent, name, announced);
     if (!made)
         throw TessaryError::fileIOError(
             QStringLiteral("The phone does not show the new folder \"%1\".").arg(name));
     session_.remember(location, made->id);
-    return {location, made->id, {}, {}};
+    parent.contents.insert(*made);
+    return {location, MTPFolderContents(made->id), turn_.edits()};
 }
 
 TransferOutcome MTPUpload::folder(const LocalSource& source, const MTPLocation& parent,
@@ -261,7 +285,8 @@ TransferOutcome MTPUpload::folder(const LocalSource& source, const MTPLocation& 
     report();
 
     QHash<QString, Folder> folders; // by relative path; "" is the copied folder itself
-    folders.insert(QString(), makeFolder(open(parent, parentHandle), source.name));
+    Folder top = open(parent, parentHandle);
+    folders.insert(QString(), makeFolder(top, source.name));
     for (const LocalEntry& entry : tree.entries) {
         throwIfStopped(stop_);
         turn_.letGuestsIn(session_);

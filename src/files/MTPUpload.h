@@ -6,7 +6,6 @@
 #include "files/MTPSession.h"
 
 #include <QHash>
-#include <QSet>
 #include <QString>
 
 #include <stop_token>
@@ -27,9 +26,8 @@ public:
     /// A folder on the device and what it held when an upload first looked.
     struct Folder {
         MTPLocation location;
-        std::uint32_t handle = 0;
-        QHash<QString, MTPObjectInfo> contents;
-        QSet<std::uint32_t> handles;
+        MTPFolderContents contents;
+        std::uint64_t edits = 0; ///< DeviceLane::edits() when it was looked at
     };
 
     MTPUpload(MTPSession& session, DeviceLane::Turn& turn, std::stop_token stop);
@@ -52,7 +50,7 @@ public:
 
 private:
     Folder open(const MTPLocation& location, std::uint32_t handle);
-    Folder makeFolder(const Folder& parent, const QString& name);
+    Folder makeFolder(Folder& parent, const QString& name);
     void send(const QString& localFile, const QString& name, Folder& folder,
               const FileProgressCallback& progress);
     void replace(const QString& localFile, const MTPObjectInfo& old, Folder& folder,
@@ -62,7 +60,10 @@ private:
                                          const FileProgressCallback& progress);
     [[nodiscard]] std::optional<MTPObjectInfo> findNew(const Folder& folder, const QString& name,
                                                        std::uint32_t announced);
-    void removeLeftover(const Folder& folder, const QString& name) noexcept;
+    void removeLeftover(const Folder& folder, const QString& name, std::uint32_t announced,
+                        qint64 size) noexcept;
+    void removeSent(const Folder& folder, const QString& name, std::uint32_t handle) noexcept;
+    void refresh(Folder& folder);
 
     MTPSession& session_;
     DeviceLane::Turn& turn_;
@@ -74,11 +75,7 @@ private:
 /// run, no longer.
 class MTPUploadMemory {
     friend class MTPUpload;
-    struct Known {
-        MTPUpload::Folder folder;
-        QSet<QString> sent; ///< names whose objects were not looked up
-    };
-    QHash<QString, Known> folders_; ///< by the path as the user addresses it
+    QHash<QString, MTPUpload::Folder> folders_; ///< by the path as the user addresses it
 };
 
 } // namespace tessary

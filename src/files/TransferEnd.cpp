@@ -18,7 +18,7 @@ TransferEnd TransferEnd::from(const std::exception_ptr& error, FileAccess* files
         end.words.message = QString::fromUtf8(incomplete.what());
         end.skipped = incomplete.outcome().skipped;
     } catch (const std::exception& other) {
-        end.words = adviceFor(other, files ? files->programsHolding() : QStringList());
+        end.words = files ? adviceFor(other, *files) : adviceFor(other);
     } catch (...) {
         end.words.message = QStringLiteral("The copy failed for an unknown reason.");
     }

@@ -25,11 +25,6 @@ bool isData(const MTPPacket& packet) {
     return packet.header.type == MTPContainerType::data;
 }
 
-/// No second try can help.
-bool isGone(const MTPTransportError& error) {
-    return error.kind() == MTPTransportError::Case::notConnected || error.code() == usb::noDevice;
-}
-
 /// The device has no such property, whatever the object.
 bool isUnsupportedProperty(std::uint16_t response) {
     constexpr std::uint16_t invalidObjectPropCode = 0xA801;
@@ -169,7 +164,7 @@ MTPPacket MTPClient::openSessionAnswer() {
         if (answer && answer->header.transactionID == transactionID)
             return *std::move(answer);
     } catch (const MTPTransportError& error) {
-        if (isGone(error))
+        if (error.isDeviceGone())
             throw;
     }
     const bool pipeWasEmpty = recover() == MTPPipeState::quiet;

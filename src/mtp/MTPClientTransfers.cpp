@@ -101,6 +101,8 @@ std::uint32_t MTPClient::sendObject(const MTPDataSource& source, std::uint64_t s
     info.filename = filename;
     info.compressedSize = static_cast<std::uint32_t>(std::min<std::uint64_t>(size, full32Bits));
     const std::uint32_t handle = sendObjectInfo(info, QStringLiteral("SendObjectInfo failed: 0x"));
+    if (options.accepted)
+        options.accepted(handle);
 
     const std::uint32_t transactionID = sendCommand(MTPOperationCode::sendObject, {});
     MTPContainerHeader header;

@@ -27,6 +27,9 @@ struct MTPStreamOptions {
     /// The payload's true size in bytes, for containers whose 32-bit length cannot tell it.
     std::optional<std::uint64_t> expectedSize;
     MTPByteProgress progress;
+    /// Told, before the bytes of an upload, that the device has accepted the object, with the
+    /// handle that it announced, or 0.
+    std::function<void(std::uint32_t handle)> accepted;
     /// Ends the transfer between two pieces with CancellationError.
     std::stop_token stop;
 };

@@ -56,6 +56,11 @@ public:
         return kind_ == Case::underlying && code_ == usb::success;
     }
 
+    /// There is no such device any more: no second try can help.
+    [[nodiscard]] bool isDeviceGone() const {
+        return kind_ == Case::notConnected || code_ == usb::noDevice;
+    }
+
     [[nodiscard]] QString description() const;
     [[nodiscard]] const char* what() const noexcept override {
         return utf8_.constData();

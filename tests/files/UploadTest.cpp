@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 
+#include <atomic>
 #include <thread>
 
 namespace tessary {
@@ -200,6 +201,104 @@ TEST_F(UploadTest, neighbourWhoseInformationFailsOnceIsNotTakenForALeftover) {
     });
     EXPECT_FALSE(failureOf([&] { upload(file, "/DCIM"); }).isEmpty());
     expectOldVersionAlone("unreadable once");
+}
+
+TEST_F(UploadTest, fileThatAppearedMeanwhileOutlivesARefusedUpload) {
+    MTPUploadMemory memory;
+    phone().disk.makeFolder(QStringLiteral("0/DCIM"));
+    const auto send = [&](const char* name) {
+        const QString file = local_.write(QString::fromUtf8(name), newContent);
+        return failureOf([&] {
+            service_->uploadFile(file, QStringLiteral("/DCIM"), phone().info, true, memory, {}, {});
+        });
+    };
+    EXPECT_EQ(send("first"), QString());
+    phone().write(QStringLiteral("DCIM/a.txt"), oldContent);
+    phone().refuse(MTPOperationCode::sendObjectInfo, MTPResponseCode::accessDenied);
+    EXPECT_NE(send("a.txt"), QString());
+    EXPECT_EQ(phone().content(QStringLiteral("DCIM/a.txt")), oldContent);
+}
+
+TEST_F(UploadTest, fileThatChangesWhileItsSuccessorIsSentIsKept) {
+    const QString file = twoVersions();
+    const QString failure = failureOf([&] {
+        upload(file, "/DCIM", [&](qint64, qint64) {
+            phone().write(QStringLiteral("DCIM/a.txt"), "edited on the phone");
+        });
+    });
+    EXPECT_TRUE(failure.contains(QStringLiteral("has changed"))) << failure.toStdString();
+    EXPECT_EQ(phone().names(QStringLiteral("DCIM")), QStringList(QStringLiteral("a.txt")));
+    EXPECT_EQ(phone().content(QStringLiteral("DCIM/a.txt")), "edited on the phone");
+}
+
+TEST_F(UploadTest, namesThatPhonesTakeForOneClash) {
+    phone().write(QStringLiteral("DCIM/img.jpg"), oldContent);
+    const QString file = local_.write(QStringLiteral("IMG.JPG"), newContent);
+    EXPECT_TRUE(
+        failureOf([&] { upload(file, "/DCIM"); }).contains(QStringLiteral("for the same name")));
+    local_.write(QStringLiteral("Trip/a"), newContent);
+    local_.write(QStringLiteral("Trip/A"), newContent);
+    EXPECT_EQ(uploadFolder("Trip", "/DCIM").skipped.size(), 1U);
+    phone().write(QStringLiteral("DCIM/b.jpg"), oldContent);
+    const auto rename = [&](const QString& name) {
+        return failureOf([&] { service_->renameItem(item("/DCIM/b.jpg"), name, phone().info); });
+    };
+    EXPECT_TRUE(rename(QStringLiteral("Img.jpg")).contains(QStringLiteral("for the same name")));
+    EXPECT_EQ(rename(QStringLiteral("B.jpg")), QString());
+    EXPECT_EQ(
+        phone().names(QStringLiteral("DCIM")),
+        (QStringList{QStringLiteral("B.jpg"), QStringLiteral("Trip"), QStringLiteral("img.jpg")}));
+}
+
+TEST_F(UploadTest, fullFolderIsReadOnceForManyFilesAndEdits) {
+    for (int n = 0; n < 100; ++n)
+        phone().write(QStringLiteral("DCIM/old %1").arg(n), "x");
+    const auto infosFor = [&](const auto& work) {
+        phone().android.clearRequestLog();
+        EXPECT_EQ(failureOf(work), QString());
+        return phone().requests(MTPOperationCode::getObjectInfo);
+    };
+    const auto send = [&](int n) {
+        upload(local_.write(QStringLiteral("new %1").arg(n), newContent), "/DCIM");
+    };
+    EXPECT_GE(infosFor([&] { send(0); }), 100U);
+    for (int n = 1; n < 4; ++n)
+        EXPECT_LT(infosFor([&] { send(n); }), 6U);
+    EXPECT_LT(infosFor([&] {
+                  service_->createFolder(QStringLiteral("N"), QStringLiteral("/DCIM"),
+                                         phone().info);
+              }),
+              6U);
+    const FileItem first = item("/DCIM/new 1");
+    EXPECT_LT(infosFor([&] { service_->renameItem(first, QStringLiteral("x"), phone().info); }),
+              8U);
+    EXPECT_LT(infosFor([&] { send(1); }), 8U) << "its name is free again";
+    replug(); // the handles are others now
+    EXPECT_GE(infosFor([&] { send(2); }), 100U);
+    EXPECT_EQ(phone().names(QStringLiteral("DCIM")).size(), 106);
+}
+
+TEST_F(UploadTest, editsGetInBetweenTheFilesOfAFolder) {
+    phone().write(QStringLiteral("Trip/z.txt"), oldContent);
+    for (const char* name : {"a", "b", "free", "z.txt"})
+        local_.write(QStringLiteral("Trip/") + QString::fromUtf8(name), newContent);
+    const FileItem old = item("/Trip/z.txt");
+    std::jthread editor;
+    std::atomic<bool> isDone = false;
+    const TransferOutcome outcome = uploadFolder("Trip", "/", [&](const TransferProgress& now) {
+        if (now.completedFiles == 1 && now.currentFileBytes == 0 && !editor.joinable()) {
+            editor = std::jthread([&] {
+                service_->renameItem(old, QStringLiteral("FREE"), phone().info);
+                isDone = true;
+            });
+            std::this_thread::sleep_for(300ms);
+        }
+    });
+    EXPECT_TRUE(isDone) << "before the copy was over";
+    EXPECT_EQ(skippedPaths(outcome), QStringList(QStringLiteral("free")))
+        << "the edit took its name";
+    EXPECT_EQ(phone().content(QStringLiteral("Trip/FREE")), oldContent);
+    EXPECT_EQ(phone().content(QStringLiteral("Trip/z.txt")), newContent);
 }
 
 TEST_F(UploadTest, cancelAndFailureLeaveNoPartialObject) {

@@ -122,7 +122,6 @@ constexpr std::array rows{
     TranslationRow{"1 item", "1 item"},
     TranslationRow{"%1 items", "%1 itens"},
     TranslationRow{"%1 of %2 items", "%1 de %2 itens"},
-    TranslationRow{"%1 of %2 done", "%1 de %2 concluídos"},
     TranslationRow{"reading…", "lendo…"},
     TranslationRow{"“%1” will be deleted from the phone.", "“%1” será apagado do telefone."},
     TranslationRow{"%1 items will be deleted from the phone.", "%1 itens serão apagados do telefone."},
@@ -528,6 +527,7 @@ constexpr std::array rows{
     TranslationRow{"“%1” was not copied.", "“%1” não foi copiado."},
     TranslationRow{"%1 of %2 items were not copied.", "%1 de %2 itens não foram copiados."},
     TranslationRow{"Internal Storage", "Armazenamento interno"},
+    TranslationRow{"%1 of %2 done (Esc stops)", "%1 de %2 concluídos (Esc interrompe)"},
 };
 // clang-format on
 

@@ -122,7 +122,6 @@ constexpr std::array rows{
     TranslationRow{"1 item", nullptr},
     TranslationRow{"%1 items", nullptr},
     TranslationRow{"%1 of %2 items", nullptr},
-    TranslationRow{"%1 of %2 done", nullptr},
     TranslationRow{"reading…", nullptr},
     TranslationRow{"“%1” will be deleted from the phone.", nullptr},
     TranslationRow{"%1 items will be deleted from the phone.", nullptr},
@@ -528,6 +527,7 @@ constexpr std::array rows{
     TranslationRow{"“%1” was not copied.", "“%1” was not copied."},
     TranslationRow{"%1 of %2 items were not copied.", "%1 of %2 items were not copied."},
     TranslationRow{"Internal Storage", "Internal Storage"},
+    TranslationRow{"%1 of %2 done (Esc stops)", "%1 of %2 done (Esc stops)"},
 };
 // clang-format on
 

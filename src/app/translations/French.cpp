@@ -122,7 +122,6 @@ constexpr std::array rows{
     TranslationRow{"1 item", "1 élément"},
     TranslationRow{"%1 items", "%1 éléments"},
     TranslationRow{"%1 of %2 items", "%1 sur %2 éléments"},
-    TranslationRow{"%1 of %2 done", "%1 sur %2 terminés"},
     TranslationRow{"reading…", "lecture…"},
     TranslationRow{"“%1” will be deleted from the phone.", "« %1 » sera supprimé du téléphone."},
     TranslationRow{"%1 items will be deleted from the phone.", "%1 éléments seront supprimés du téléphone."},
@@ -528,6 +527,7 @@ constexpr std::array rows{
     TranslationRow{"“%1” was not copied.", "« %1 » n’a pas été copié."},
     TranslationRow{"%1 of %2 items were not copied.", "%1 éléments sur %2 n’ont pas été copiés."},
     TranslationRow{"Internal Storage", "Stockage interne"},
+    TranslationRow{"%1 of %2 done (Esc stops)", "%1 sur %2 effectués (Échap pour arrêter)"},
 };
 // clang-format on
 

@@ -122,7 +122,6 @@ constexpr std::array rows{
     TranslationRow{"1 item", "1 Objekt"},
     TranslationRow{"%1 items", "%1 Objekte"},
     TranslationRow{"%1 of %2 items", "%1 von %2 Objekten"},
-    TranslationRow{"%1 of %2 done", "%1 von %2 erledigt"},
     TranslationRow{"reading…", "wird gelesen …"},
     TranslationRow{"“%1” will be deleted from the phone.", "„%1“ wird vom Telefon gelöscht."},
     TranslationRow{"%1 items will be deleted from the phone.", "%1 Objekte werden vom Telefon gelöscht."},
@@ -528,6 +527,7 @@ constexpr std::array rows{
     TranslationRow{"“%1” was not copied.", "„%1“ wurde nicht kopiert."},
     TranslationRow{"%1 of %2 items were not copied.", "%1 von %2 Objekten wurden nicht kopiert."},
     TranslationRow{"Internal Storage", "Interner Speicher"},
+    TranslationRow{"%1 of %2 done (Esc stops)", "%1 von %2 erledigt (Esc hält an)"},
 };
 // clang-format on
 

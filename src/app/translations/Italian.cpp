@@ -122,7 +122,6 @@ constexpr std::array rows{
     TranslationRow{"1 item", "1 elemento"},
     TranslationRow{"%1 items", "%1 elementi"},
     TranslationRow{"%1 of %2 items", "%1 di %2 elementi"},
-    TranslationRow{"%1 of %2 done", "%1 di %2 completati"},
     TranslationRow{"reading…", "lettura…"},
     TranslationRow{"“%1” will be deleted from the phone.", "«%1» verrà eliminato dal telefono."},
     TranslationRow{"%1 items will be deleted from the phone.", "%1 elementi verranno eliminati dal telefono."},
@@ -528,6 +527,7 @@ constexpr std::array rows{
     TranslationRow{"“%1” was not copied.", "“%1” non è stato copiato."},
     TranslationRow{"%1 of %2 items were not copied.", "%1 di %2 elementi non sono stati copiati."},
     TranslationRow{"Internal Storage", "Memoria interna"},
+    TranslationRow{"%1 of %2 done (Esc stops)", "%1 di %2 completati (Esc interrompe)"},
 };
 // clang-format on
 

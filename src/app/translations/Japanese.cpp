@@ -122,7 +122,6 @@ constexpr std::array rows{
     TranslationRow{"1 item", "1 項目"},
     TranslationRow{"%1 items", "%1 項目"},
     TranslationRow{"%1 of %2 items", "%2 項目中 %1 項目"},
-    TranslationRow{"%1 of %2 done", "%2 件中 %1 件完了"},
     TranslationRow{"reading…", "読み込み中…"},
     TranslationRow{"“%1” will be deleted from the phone.", "「%1」はデバイスから削除されます。"},
     TranslationRow{"%1 items will be deleted from the phone.", "%1 項目がデバイスから削除されます。"},
@@ -528,6 +527,7 @@ constexpr std::array rows{
     TranslationRow{"“%1” was not copied.", "「%1」はコピーされませんでした。"},
     TranslationRow{"%1 of %2 items were not copied.", "%2 項目中 %1 項目がコピーされませんでした。"},
     TranslationRow{"Internal Storage", "内部ストレージ"},
+    TranslationRow{"%1 of %2 done (Esc stops)", "%2件中%1件完了（Escで中止）"},
 };
 // clang-format on
 

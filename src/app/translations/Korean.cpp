@@ -122,7 +122,6 @@ constexpr std::array rows{
     TranslationRow{"1 item", "항목 1개"},
     TranslationRow{"%1 items", "항목 %1개"},
     TranslationRow{"%1 of %2 items", "항목 %2개 중 %1개"},
-    TranslationRow{"%1 of %2 done", "%2개 중 %1개 완료"},
     TranslationRow{"reading…", "읽는 중…"},
     TranslationRow{"“%1” will be deleted from the phone.", "‘%1’이(가) 휴대폰에서 삭제됩니다."},
     TranslationRow{"%1 items will be deleted from the phone.", "항목 %1개가 휴대폰에서 삭제됩니다."},
@@ -528,6 +527,7 @@ constexpr std::array rows{
     TranslationRow{"“%1” was not copied.", "‘%1’을(를) 복사하지 못했습니다."},
     TranslationRow{"%1 of %2 items were not copied.", "%2개 항목 중 %1개를 복사하지 못했습니다."},
     TranslationRow{"Internal Storage", "내부 저장소"},
+    TranslationRow{"%1 of %2 done (Esc stops)", "%2개 중 %1개 완료(Esc로 중지)"},
 };
 // clang-format on
 

@@ -122,7 +122,6 @@ constexpr std::array rows{
     TranslationRow{"1 item", "1 项"},
     TranslationRow{"%1 items", "%1 项"},
     TranslationRow{"%1 of %2 items", "%2 项中的 %1 项"},
-    TranslationRow{"%1 of %2 done", "已完成 %1/%2"},
     TranslationRow{"reading…", "正在读取…"},
     TranslationRow{"“%1” will be deleted from the phone.", "将从手机中删除“%1”。"},
     TranslationRow{"%1 items will be deleted from the phone.", "将从手机中删除 %1 个项目。"},
@@ -528,6 +527,7 @@ constexpr std::array rows{
     TranslationRow{"“%1” was not copied.", "“%1”未能拷贝。"},
     TranslationRow{"%1 of %2 items were not copied.", "%2 个项目中有 %1 个未能拷贝。"},
     TranslationRow{"Internal Storage", "内部存储"},
+    TranslationRow{"%1 of %2 done (Esc stops)", "已完成 %1/%2（按 Esc 停止）"},
 };
 // clang-format on
 

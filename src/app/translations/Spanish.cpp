@@ -122,7 +122,6 @@ constexpr std::array rows{
     TranslationRow{"1 item", "1 elemento"},
     TranslationRow{"%1 items", "%1 elementos"},
     TranslationRow{"%1 of %2 items", "%1 de %2 elementos"},
-    TranslationRow{"%1 of %2 done", "%1 de %2 hechos"},
     TranslationRow{"reading…", "leyendo…"},
     TranslationRow{"“%1” will be deleted from the phone.", "«%1» se eliminará del teléfono."},
     TranslationRow{"%1 items will be deleted from the phone.", "Se eliminarán %1 elementos del teléfono."},
@@ -528,6 +527,7 @@ constexpr std::array rows{
     TranslationRow{"“%1” was not copied.", "«%1» no se ha copiado."},
     TranslationRow{"%1 of %2 items were not copied.", "%1 de %2 elementos no se han copiado."},
     TranslationRow{"Internal Storage", "Almacenamiento interno"},
+    TranslationRow{"%1 of %2 done (Esc stops)", "%1 de %2 hechos (Esc detiene)"},
 };
 // clang-format on
 

@@ -122,7 +122,6 @@ constexpr std::array rows{
     TranslationRow{"1 item", "1 個項目"},
     TranslationRow{"%1 items", "%1 個項目"},
     TranslationRow{"%1 of %2 items", "%2 個項目中的 %1 個"},
-    TranslationRow{"%1 of %2 done", "已完成 %1/%2"},
     TranslationRow{"reading…", "正在讀取…"},
     TranslationRow{"“%1” will be deleted from the phone.", "將從手機中刪除「%1」。"},
     TranslationRow{"%1 items will be deleted from the phone.", "將從手機中刪除 %1 個項目。"},
@@ -528,6 +527,7 @@ constexpr std::array rows{
     TranslationRow{"“%1” was not copied.", "「%1」未能拷貝。"},
     TranslationRow{"%1 of %2 items were not copied.", "%2 個項目中有 %1 個未能拷貝。"},
     TranslationRow{"Internal Storage", "內部儲存空間"},
+    TranslationRow{"%1 of %2 done (Esc stops)", "已完成 %1/%2（按 Esc 停止）"},
 };
 // clang-format on
 

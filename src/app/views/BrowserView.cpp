@@ -218,8 +218,8 @@ void BrowserView::showStatus() {
                        : tessary::tr("%1 of %2 items").arg(shown).arg(inAll);
     if (const auto selected = browser_.selectedEntries(); !selected.empty())
         text += QStringLiteral("  ·  ") + selectionText(selected);
-    if (browser_.isEditing() && browser_.editProgress().total > 1)
-        text += QStringLiteral("  ·  ") + tessary::tr("%1 of %2 done")
+    if (browser_.isEditing())
+        text += QStringLiteral("  ·  ") + tessary::tr("%1 of %2 done (Esc stops)")
                                               .arg(browser_.editProgress().done)
                                               .arg(browser_.editProgress().total);
     else if (browser_.isLoading())
@@ -304,6 +304,10 @@ bool BrowserView::eventFilter(QObject* watched, QEvent* event) {
     // A key that the editor of a name leaves over is not meant for the listing.
     if (QApplication::focusWidget() != watched)
         return false;
+    if (key == Qt::Key_Escape && browser_.isEditing()) {
+        browser_.cancelEdits();
+        return true;
+    }
     if (key == Qt::Key_Return || key == Qt::Key_Enter) {
         openSelected();
         return true;
