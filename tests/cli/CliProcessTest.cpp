@@ -169,6 +169,9 @@ TEST_F(CliIPhoneTest, anAppsFilesAreCopiedBothWaysAndEdited) {
     EXPECT_EQ(inApp(u"mkdir"_s, {u"/new"_s}).status, 0);
     EXPECT_EQ(inApp(u"put"_s, {here_.path(u"tree"_s), u"/new"_s}).status, 0);
     EXPECT_EQ(iphone_.read(u"new/tree/b.txt"_s), QByteArray("second"));
+    EXPECT_EQ(inApp(u"mv"_s, {u"/a.txt"_s, u"/folder/b.txt"_s}).status, 1);
+    EXPECT_EQ(iphone_.read(u"folder/b.txt"_s), QByteArray("second"));
+    EXPECT_EQ(iphone_.read(u"a.txt"_s), QByteArray("content")) << "not even half of it is done";
     EXPECT_EQ(inApp(u"mv"_s, {u"/a.txt"_s, u"/folder/c.txt"_s}).status, 0);
     EXPECT_EQ(iphone_.read(u"folder/c.txt"_s), QByteArray("content"));
     EXPECT_EQ(inApp(u"rm"_s, {u"/new"_s, u"/folder/b.txt"_s}).status, 0);
