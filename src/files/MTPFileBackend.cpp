@@ -342,8 +342,8 @@ void MTPFileBackend::deleteFile(const FileItem& item, const DeviceInfo& device,
 
 void MTPFileBackend::deleteEmptyFolder(const FileItem& item, const DeviceInfo& device,
                                        const std::stop_token& stop) {
-    withSession(device, stop, [&](MTPSession& session, DeviceLane::Turn&) {
-        const Found found = findItem(session, item, stop);
+    asEditor(device, stop, [&](MTPSession& session) {
+        const MTPFound found = findMTPItem(session, item, stop);
         // Phones delete what is in a folder along with it: looked at once more, right before.
         if (!found.object.info || !found.object.isDirectory() ||
             !session.childHandles(found.location.storageID, found.object.handle).empty())
