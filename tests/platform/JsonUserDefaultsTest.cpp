@@ -3,6 +3,7 @@
 #include "support/TemporaryFolder.h"
 
 #include <QJsonArray>
+#include <QLockFile>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -67,6 +68,21 @@ TEST_F(JsonUserDefaultsTest, changesOfTwoProgramsDoNotUndoEachOther) {
     for (const char* prefix : {"cli", "window"})
         for (int i = 0; i < 20; ++i)
             EXPECT_EQ(after.value(QString::fromLatin1(prefix) + QString::number(i)), i);
+}
+
+TEST_F(JsonUserDefaultsTest, changeThatMeetsALockIsStoredWithTheNext) {
+    JsonUserDefaults defaults(file_);
+    defaults.setValue(QStringLiteral("gone"), 1);
+    {
+        QLockFile other(file_ + QStringLiteral(".lock"));
+        ASSERT_TRUE(other.tryLock(0));
+        defaults.setValue(key, 1);
+        defaults.setValue(QStringLiteral("gone"), QJsonValue::Undefined);
+    }
+    defaults.setValue(QStringLiteral("next"), 2);
+    const JsonUserDefaults again(file_);
+    EXPECT_EQ(again.value(key), 1);
+    EXPECT_TRUE(again.value(QStringLiteral("gone")).isUndefined());
 }
 
 TEST_F(JsonUserDefaultsTest, aStoreThatCannotBeWrittenKeepsTheValueForThisRun) {

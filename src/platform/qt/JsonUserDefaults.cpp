@@ -47,18 +47,26 @@ QJsonValue JsonUserDefaults::value(const QString& key) const {
 
 void JsonUserDefaults::setValue(const QString& key, const QJsonValue& value) {
     const std::scoped_lock lock(mutex_);
+    values_.insert(key, value);
+    unwritten_.insert(key, value);
     QDir().mkpath(QFileInfo(file_).absolutePath());
     QLockFile fileLock(file_ + QStringLiteral(".lock"));
     const bool isLocked = fileLock.tryLock(lockTimeout);
     if (isLocked) {
-        if (const auto current = read(file_))
+        if (const auto current = read(file_)) {
             values_ = *current;
-        else
-            QFile::rename(file_, file_ + QStringLiteral(".damaged"));
+            for (auto it = unwritten_.constBegin(); it != unwritten_.constEnd(); ++it)
+                values_.insert(it.key(), it.value());
+        } else {
+            const QString aside = file_ + QStringLiteral(".damaged");
+            QFile::remove(aside); // of an earlier time; nothing is renamed onto it
+            QFile::rename(file_, aside);
+        }
     }
-    values_.insert(key, value);
     const QString failure = isLocked ? write() : QStringLiteral("another program holds its lock");
-    if (!failure.isEmpty())
+    if (failure.isEmpty())
+        unwritten_.clear();
+    else
         DiagnosticsLogger::shared().ui.error("Cannot store settings in %s: %s", {file_, failure});
 }
 

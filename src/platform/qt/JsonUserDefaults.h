@@ -2,6 +2,7 @@
 
 #include "platform/UserDefaults.h"
 
+#include <QHash>
 #include <QJsonObject>
 
 #include <mutex>
@@ -27,6 +28,8 @@ private:
     const QString file_;
     mutable std::mutex mutex_;
     QJsonObject values_;
+    QHash<QString, QJsonValue>
+        unwritten_; ///< changes that could not be stored: they go with the next one
 };
 
 } // namespace tessary
