@@ -113,8 +113,8 @@ void AndroidFileAccess::moveItem(const FileItem& item, const QString& newParentP
     service_.moveItem(item, newParentPath, device_, stop);
 }
 
-QString AndroidFileAccess::stageItemForDrag(const FileItem& item) {
-    return service_.stageItemForDrag(item, device_);
+QString AndroidFileAccess::stageItemForDrag(const FileItem& item, const std::stop_token& stop) {
+    return service_.stageItemForDrag(item, device_, stop);
 }
 
 QStringList AndroidFileAccess::programsHolding() {

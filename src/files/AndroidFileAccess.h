@@ -41,7 +41,8 @@ public:
                     const std::stop_token& stop) override;
     void moveItem(const FileItem& item, const QString& newParentPath,
                   const std::stop_token& stop) override;
-    [[nodiscard]] QString stageItemForDrag(const FileItem& item) override;
+    [[nodiscard]] QString stageItemForDrag(const FileItem& item,
+                                           const std::stop_token& stop) override;
     [[nodiscard]] QStringList programsHolding() override;
 
 private:

@@ -2,6 +2,7 @@
 
 #include "core/CancellationError.h"
 #include "core/DiagnosticsLogger.h"
+#include "core/EitherStop.h"
 #include "core/PathNames.h"
 #include "core/TessaryError.h"
 
@@ -301,13 +302,14 @@ void AppFileAccess::rename(const FileItem& item, const QString& newPath,
     client->renamePath(onDevice(*client, item.path), target, stop);
 }
 
-QString AppFileAccess::stageItemForDrag(const FileItem& item) {
+QString AppFileAccess::stageItemForDrag(const FileItem& item, const std::stop_token& stop) {
     requireName(item.name);
     const auto isDone = std::make_shared<std::promise<void>>();
     const auto done = isDone->get_future();
-    staging_.post([this, item, isDone] {
+    staging_.post([this, item, isDone, stop] {
         try {
-            (void)staged_.fetch(*this, item, {}, stopStaging_.get_token());
+            const EitherStop either(stopStaging_.get_token(), stop);
+            (void)staged_.fetch(*this, item, {}, either.token());
         } catch (const CancellationError&) {
             // Nobody waits for the copy any more.
         } catch (const std::exception& error) {

@@ -57,7 +57,8 @@ public:
                     const std::stop_token& stop) override;
     void moveItem(const FileItem& item, const QString& newParentPath,
                   const std::stop_token& stop) override;
-    [[nodiscard]] QString stageItemForDrag(const FileItem& item) override;
+    [[nodiscard]] QString stageItemForDrag(const FileItem& item,
+                                           const std::stop_token& stop) override;
     [[nodiscard]] QStringList programsHolding() override {
         return {};
     }

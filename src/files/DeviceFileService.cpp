@@ -2,6 +2,7 @@
 
 #include "core/CancellationError.h"
 #include "core/DiagnosticsLogger.h"
+#include "core/EitherStop.h"
 #include "core/TessaryError.h"
 #include "core/ThreadName.h"
 #include "files/DevicePath.h"
@@ -10,6 +11,7 @@
 #include "platform/qt/QtProcessRunner.h"
 
 #include <QCryptographicHash>
+#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
 
@@ -47,6 +49,14 @@ QString makeStagingDirectory() {
     return own;
 }
 
+/// What was dragged out on an earlier day has long been copied to where it was dropped.
+void removeOldCopies(const QString& folder) {
+    const QDateTime yesterday = QDateTime::currentDateTime().addDays(-1);
+    for (const QFileInfo& copy : QDir(folder).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot))
+        if (!copy.isSymLink() && copy.lastModified() < yesterday)
+            QDir(copy.filePath()).removeRecursively();
+}
+
 } // namespace
 
 DeviceFileService& DeviceFileService::shared() {
@@ -63,7 +73,12 @@ DeviceFileService::DeviceFileService(UsbBus& bus, ProcessRunner& processes,
       mtp_(bus),
       adbTool_(processes, std::move(adbPaths)),
       adb_(adbTool_),
-      stagingDirectory_(makeStagingDirectory()) {}
+      stagingDirectory_(makeStagingDirectory()) {
+    stagingThreads_.emplace_back([folder = stagingDirectory_] {
+        nameCurrentThread("tessary-staging");
+        removeOldCopies(folder);
+    });
+}
 
 bool DeviceFileService::usesAdb(const DeviceInfo& device) const {
     return device.protocolMode == ProtocolMode::adbTurbo && adbTool_.find();
@@ -229,7 +244,8 @@ QString DeviceFileService::stagingPath(const FileItem& item, const DeviceInfo& d
 }
 
 QString DeviceFileService::stageItemForDrag(const FileItem& item,
-                                            const std::optional<DeviceInfo>& device) {
+                                            const std::optional<DeviceInfo>& device,
+                                            const std::stop_token& stop) {
     if (!isSafeName(item.name))
         throw TessaryError::fileIOError(
             QStringLiteral("The name \"%1\" cannot be used on this computer.").arg(item.name));
@@ -238,17 +254,23 @@ QString DeviceFileService::stageItemForDrag(const FileItem& item,
     if (!staging_.contains(path)) {
         if (QFileInfo::exists(path))
             return path;
+        constexpr qsizetype most = 4;
+        const bool hasRoom =
+            staged_.wait_for(lock, stagingPatience, [&] { return staging_.size() < most; });
+        if (!hasRoom || staging_.contains(path))
+            return path;
         // None is at work, so that none needs the lock to end.
         if (staging_.isEmpty())
             stagingThreads_.clear();
         staging_.insert(path);
-        stagingThreads_.emplace_back([this, item, device, path] {
+        stagingThreads_.emplace_back([this, item, device, path, stop] {
             nameCurrentThread("tessary-staging");
             try {
                 QDir().mkpath(parentPath(path));
-                downloadFile(item, path, device, {}, stopStaging_.get_token());
+                const EitherStop either(stopStaging_.get_token(), stop);
+                downloadFile(item, path, device, {}, either.token());
             } catch (const CancellationError&) {
-                // The service ends; nobody waits for the copy any more.
+                // Nobody waits for the copy any more.
             } catch (const std::exception& error) {
                 DiagnosticsLogger::shared().mtp.standard("MTP fetch notice: %s",
                                                          {QString::fromUtf8(error.what())});

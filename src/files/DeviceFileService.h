@@ -114,9 +114,11 @@ public:
 
     /// A local copy for dragging out, in a folder that is the item's own: by device, path, size
     /// and date. A copy that is complete is returned at once. Otherwise it is started, and the
-    /// call returns its path after at most two seconds, complete or not.
+    /// call returns its path after at most two seconds, complete or not. `stop` ends the copy.
+    /// Only a few are made at a time; copies of earlier days are removed at the start.
     [[nodiscard]] QString stageItemForDrag(const FileItem& item,
-                                           const std::optional<DeviceInfo>& device);
+                                           const std::optional<DeviceInfo>& device,
+                                           const std::stop_token& stop = {});
 
     /// Whether a program runs that is known to compete for phones.
     [[nodiscard]] bool isConflictingAppRunning();

@@ -80,8 +80,9 @@ public:
                           const std::stop_token& stop) = 0;
 
     /// A local copy for dragging out. Returns its path after about two seconds at most, even when
-    /// the copy is not complete: then there is no file there yet.
-    [[nodiscard]] virtual QString stageItemForDrag(const FileItem& item) = 0;
+    /// the copy is not complete: then there is no file there yet. `stop` ends the copy.
+    [[nodiscard]] virtual QString stageItemForDrag(const FileItem& item,
+                                                   const std::stop_token& stop) = 0;
     /// The programs that keep this one from the device right now; never throws.
     [[nodiscard]] virtual QStringList programsHolding() = 0;
 };

@@ -19,14 +19,16 @@ namespace {
 DragFiles stage(FileAccess& files, const std::vector<FileItem>& items,
                 const std::stop_token& stop) {
     DragFiles drag;
+    // Then nothing can be dropped elsewhere, and a move within the window needs no copies.
+    for (const FileItem& item : items)
+        if (item.isDirectory)
+            drag.notReady.push_back({item.path, QStringLiteral("folders are copied, not dragged")});
+    if (!drag.notReady.empty())
+        return drag;
     for (const FileItem& item : items) {
         throwIfStopped(stop);
-        if (item.isDirectory) {
-            drag.notReady.push_back({item.path, QStringLiteral("folders are copied, not dragged")});
-            continue;
-        }
         try {
-            const QString path = files.stageItemForDrag(item);
+            const QString path = files.stageItemForDrag(item, stop);
             if (QFileInfo(path).isFile())
                 drag.localPaths << path;
             else
@@ -256,11 +258,12 @@ void FileBrowserViewModel::cancelPreview() {
     stopPreview_.request_stop();
 }
 
-void FileBrowserViewModel::prepareDragURLs(const QStringList& ids,
-                                           std::function<void(const DragFiles&)> whenReady) {
+std::stop_source
+FileBrowserViewModel::prepareDragURLs(const QStringList& ids,
+                                      std::function<void(const DragFiles&)> whenReady) {
     if (!files_)
-        return;
-    runInBackground(
+        return std::stop_source(std::nostopstate);
+    return runInBackground(
         this,
         [files = files_, items = itemsWithIds(ids)](const std::stop_token& stop) {
             return stage(*files, items, stop);

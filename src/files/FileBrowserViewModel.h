@@ -266,9 +266,11 @@ public:
     /// Answers with previewReady or previewFailed. A call drops the one before it.
     void cacheFileForPreview(const QString& id);
     void cancelPreview();
-    /// `whenReady` is called on the main thread, unless this is gone by then. Folders and what
-    /// takes more than about two seconds are not ready.
-    void prepareDragURLs(const QStringList& ids, std::function<void(const DragFiles&)> whenReady);
+    /// `whenReady` is called on the main thread, unless this is gone by then or the result
+    /// was asked to stop, which ends the copies. Folders and what takes more than about two seconds
+    /// are not ready; with a folder nothing is.
+    std::stop_source prepareDragURLs(const QStringList& ids,
+                                     std::function<void(const DragFiles&)> whenReady);
 
 Q_SIGNALS:
     void connectionChanged(); ///< activeDevice, files, appName

@@ -204,7 +204,7 @@ TEST_F(DeviceFileServiceTest, stagedCopyIsTheItemsOwnAndIsMadeOnce) {
                      .permission(QFileDevice::ReadGroup | QFileDevice::ReadOther));
 }
 
-TEST_F(DeviceFileServiceTest, stagingReturnsInTimeAndEndsWithTheService) {
+TEST_F(DeviceFileServiceTest, stagingReturnsInTimeAndEndsWithTheDragOrTheService) {
     const Environment temporary("TMPDIR", local_.makeFolder(u"tmp"_s));
     phone().write(u"big"_s, QByteArray(30'000'000, 'b'));
     const FileItem big = item("/big");
@@ -213,11 +213,18 @@ TEST_F(DeviceFileServiceTest, stagingReturnsInTimeAndEndsWithTheService) {
     QString path;
     {
         DeviceFileService service(bus_, processes_);
-        path = service.stageItemForDrag(big, phone().info);
+        std::stop_source drag;
+        path = service.stageItemForDrag(big, phone().info, drag.get_token());
         const auto waited = std::chrono::steady_clock::now() - start;
         EXPECT_GE(waited, 1900ms);
         EXPECT_LT(waited, 10s);
         EXPECT_FALSE(QFileInfo::exists(path));
+        drag.request_stop(); // the copy ends, and others may use the phone
+        while (!service.fetchLiveDeviceInfo(phone().info) &&
+               std::chrono::steady_clock::now() - start < 15s)
+            std::this_thread::sleep_for(20ms);
+        EXPECT_TRUE(service.fetchLiveDeviceInfo(phone().info));
+        (void)service.stageItemForDrag(big, phone().info);
     }
     EXPECT_LT(std::chrono::steady_clock::now() - start, 20s);
     EXPECT_FALSE(QFileInfo::exists(path));

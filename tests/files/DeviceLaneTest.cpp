@@ -107,6 +107,27 @@ TEST_F(DeviceLaneTest, whatAGuestThrowsIsTheGuestsOwn) {
     EXPECT_THROW(guest.get(), std::runtime_error);
 }
 
+TEST_F(DeviceLaneTest, guestThatWaitsComesBeforeTheNextJob) {
+    std::optional turn(lane_->enter({}));
+    std::vector<std::string> order; // guarded by the lane itself
+    auto job = std::async(std::launch::async, [&] {
+        announceWaiter();
+        const auto mine = lane_->enter({});
+        order.emplace_back("job");
+    });
+    awaitWaiter(); // the job waits for longer than the guest
+    auto guest = std::async(std::launch::async, [&] {
+        announceWaiter();
+        const auto mine = lane_->enterOrVisit([](MTPSession&) { ADD_FAILURE(); }, {});
+        order.emplace_back("guest");
+    });
+    awaitWaiter();
+    turn.reset();
+    guest.get();
+    job.get();
+    EXPECT_EQ(order, (std::vector<std::string>{"guest", "job"}));
+}
+
 TEST_F(DeviceLaneTest, stopRequestEndsEveryWait) {
     std::stop_source stop;
     auto turn = lane_->enter({});

@@ -155,8 +155,8 @@ public:
     void moveItem(const FileItem& item, const QString&, const std::stop_token& stop) override {
         begin(QStringLiteral("move ") + item.name, stop);
     }
-    QString stageItemForDrag(const FileItem& item) override {
-        begin(QStringLiteral("stage ") + item.name, {});
+    QString stageItemForDrag(const FileItem& item, const std::stop_token& stop) override {
+        begin(QStringLiteral("stage ") + item.name, stop);
         return {};
     }
     QStringList programsHolding() override {

@@ -22,17 +22,20 @@ QStringList idsOf(const std::vector<FileItem>& items) {
 DragOutData::DragOutData(FileBrowserViewModel& browser, QString identity,
                          std::vector<FileItem> items)
     : EntryMimeData(std::move(identity), std::move(items)) {
-    browser.prepareDragURLs(idsOf(this->items()), [copies = copies_](const DragFiles& files) {
-        copies->areMade = true;
-        // All or nothing: half of what was dragged would look like all of it.
-        if (!files.notReady.empty())
-            return;
-        for (const QString& path : files.localPaths)
-            copies->urls.append(QUrl::fromLocalFile(path));
-    });
+    stop_ =
+        browser.prepareDragURLs(idsOf(this->items()), [copies = copies_](const DragFiles& files) {
+            copies->areMade = true;
+            // All or nothing: half of what was dragged would look like all of it.
+            if (!files.notReady.empty())
+                return;
+            for (const QString& path : files.localPaths)
+                copies->urls.append(QUrl::fromLocalFile(path));
+        });
 }
 
-DragOutData::~DragOutData() = default;
+DragOutData::~DragOutData() {
+    stop_.request_stop(); // what is not there by now is not dropped any more
+}
 
 bool DragOutData::hasFormat(const QString& mimeType) const {
     return mimeType == uriList || EntryMimeData::hasFormat(mimeType);

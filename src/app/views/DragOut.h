@@ -7,6 +7,7 @@
 #include <QUrl>
 
 #include <memory>
+#include <stop_token>
 
 namespace tessary {
 
@@ -31,6 +32,7 @@ private:
         bool areMade = false;
         QList<QVariant> urls;
     };
+    std::stop_source stop_{std::nostopstate};
     std::shared_ptr<Copies> copies_ = std::make_shared<Copies>();
 };
 
