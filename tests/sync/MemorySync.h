@@ -247,7 +247,8 @@ public:
             true);
     }
     void deleteRemoteFile(const QString& remotePath) override {
-        EXPECT_FALSE(world_.unflushed.contains(below(root, remotePath)));
+        const QString path = below(root, remotePath);
+        EXPECT_FALSE(world_.mac.contains(path) && world_.unflushed.contains(path));
         world_.step([&] { world_.device.erase(below(root, remotePath)); }, true);
     }
     void cleanupEmptyRemoteDirectories(const QString& path, const QString&) override {
