@@ -10,11 +10,12 @@
 namespace tessary {
 namespace {
 
+using namespace Qt::StringLiterals;
 using Kind = SyncPlannedAction::Kind;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const QString path = QStringLiteral("f.txt");
+const QString path = u"f.txt"_s;
 
 QDateTime at(int seconds) {
     return QDateTime::fromSecsSinceEpoch(1'700'000'000 + seconds, QTimeZone::utc());
@@ -25,18 +26,13 @@ SyncFileEntry file(qint64 size, int seconds) {
     return {size, at(seconds), {}, {}};
 }
 
-const QString& nothing() {
-    static const QString text = QStringLiteral("nothing");
-    return text;
-}
-
 QString nameOf(const SyncPlannedAction& action) {
     static constexpr std::array names{
         "upload",  "download", "delete source", "delete remote source",
         "in sync", "conflict", "delete local",  "delete remote",
         "leave",   "skip"};
     QString name = QString::fromLatin1(names[static_cast<std::size_t>(action.kind)]);
-    return action.deletesSource ? name + QStringLiteral(" moving") : name;
+    return action.deletesSource ? name + u" moving"_s : name;
 }
 
 /// Two trees, a record and what to do with them.
@@ -50,175 +46,74 @@ struct Setting {
     SyncNameRules deviceNames;
 
     [[nodiscard]] SyncPlanner planner() const {
-        return SyncPlanner({local,
-                            device,
-                            record ? &*record : nullptr,
-                            mode,
-                            deletes,
-                            moves,
-                            true,
-                            {},
-                            deviceNames,
-                            at(0)});
+        return SyncPlanner({local, device, record ? &*record : nullptr, mode, deletes, moves, true,
+                            SyncNameRules(), deviceNames, at(0)});
     }
     /// What becomes of each path, as "path: action".
-    [[nodiscard]] QStringList plan(bool confirmed = false, const QSet<QString>& equal = {}) const {
+    [[nodiscard]] QStringList plan() const {
         SyncPlanner made = planner();
         QStringList lines;
-        for (const SyncPlannedAction& action : made.plan(confirmed, equal).actions)
-            lines.append(action.relativePath + QStringLiteral(": ") + nameOf(action));
+        for (const SyncPlannedAction& action : made.plan(false, {}).actions)
+            lines.append(action.relativePath + u": "_s + nameOf(action));
         return lines;
     }
     /// What becomes of the one path.
     [[nodiscard]] QString outcome(bool confirmed, bool equal) const {
         SyncPlanner made = planner();
         const SyncPlan plan = made.plan(confirmed, equal ? QSet<QString>{path} : QSet<QString>());
-        return plan.actions.empty() ? nothing() : nameOf(plan.actions.at(0));
+        return plan.actions.empty() ? u"nothing"_s : nameOf(plan.actions.at(0));
     }
 };
 
+enum class Asks { nothing, sample, deletion };
+
+/// One path: what either side and the record of the last run have of it, what the user or the
+/// content is asked for, and what becomes of it in the modes both ways, to the phone and to the
+/// computer; "a/b": a when the samples are equal or the deletion is confirmed, else b.
 struct Row {
     const char* name;
     std::optional<SyncFileEntry> local;
     std::optional<SyncFileEntry> device;
     std::optional<SyncFileEntry> record;
-    bool asksForSample;
-    bool asksForDeletion; ///< in two-way mode
-    /// Of each mode; "a/b": a when samples are equal or deletion is confirmed, else b.
-    std::array<const char*, 3> outcomes;
+    Asks asks; ///< for a deletion in two-way mode alone
+    const char* outcomes;
 };
-
-SyncFileEntry recorded(qint64 size, int local, int device) {
-    return {size, at(local), at(device), {}};
-}
 
 TEST(SyncPlannerTest, decisionTable) {
     const auto none = std::nullopt;
-    const SyncFileEntry r = recorded(5, 100, 900);
-    const SyncFileEntry localSame = file(5, 102);
-    const SyncFileEntry deviceSame = file(5, 898);
+    using enum Asks;
+    const SyncFileEntry r{5, at(100), at(900), {}};
+    const SyncFileEntry same = file(5, 102);  // as recorded, on this computer
+    const SyncFileEntry there = file(5, 898); // on the device
+    const char* const inSync = "in sync, in sync, in sync";
+    const char* const sampled = "in sync/conflict, in sync/upload, in sync/download";
+    const char* const differing = "conflict, upload, download";
+    const char* const toPhone = "upload, upload, nothing";
+    const char* const toHere = "download, nothing, download";
+    const char* const goneThere = "delete local/upload, upload, nothing";
+    const char* const goneHere = "delete remote/download, nothing, download";
     const Row rows[] = {
-        {"both unchanged",
-         localSame,
-         deviceSame,
-         r,
-         false,
-         false,
-         {"in sync", "in sync", "in sync"}},
-        {"local of other size",
-         file(6, 100),
-         deviceSame,
-         r,
-         false,
-         false,
-         {"upload", "upload", "leave"}},
-        {"local touched",
-         file(5, 103),
-         deviceSame,
-         r,
-         true,
-         false,
-         {"in sync/upload", "in sync/upload", "in sync/leave"}},
-        {"device of other size",
-         localSame,
-         file(6, 900),
-         r,
-         false,
-         false,
-         {"download", "leave", "download"}},
-        {"device touched",
-         localSame,
-         file(5, 903),
-         r,
-         true,
-         false,
-         {"in sync/download", "in sync/leave", "in sync/download"}},
-        {"both changed to one date",
-         file(7, 200),
-         file(7, 201),
-         r,
-         false,
-         false,
-         {"in sync", "in sync", "in sync"}},
-        {"both touched",
-         file(5, 200),
-         file(5, 300),
-         r,
-         true,
-         false,
-         {"in sync/conflict", "in sync/upload", "in sync/download"}},
-        {"both changed",
-         file(7, 200),
-         file(8, 200),
-         r,
-         false,
-         false,
-         {"conflict", "upload", "download"}},
-        {"no record, one date",
-         file(5, 1),
-         file(5, 3),
-         none,
-         false,
-         false,
-         {"in sync", "in sync", "in sync"}},
-        {"no record, other dates",
-         file(5, 1),
-         file(5, 4),
-         none,
-         true,
-         false,
-         {"in sync/conflict", "in sync/upload", "in sync/download"}},
-        {"no record, other sizes",
-         file(5, 1),
-         file(6, 1),
-         none,
-         false,
-         false,
-         {"conflict", "upload", "download"}},
-        {"new here", file(5, 1), none, none, false, false, {"upload", "upload", "nothing"}},
-        {"new on the device",
-         none,
-         file(5, 1),
-         none,
-         false,
-         false,
-         {"download", "nothing", "download"}},
-        {"gone from the device",
-         localSame,
-         none,
-         r,
-         false,
-         true,
-         {"delete local/upload", "upload", "nothing"}},
-        {"gone from the device, touched here",
-         file(5, 999),
-         none,
-         r,
-         false,
-         true,
-         {"delete local/upload", "upload", "nothing"}},
-        {"gone here",
-         none,
-         deviceSame,
-         r,
-         false,
-         true,
-         {"delete remote/download", "nothing", "download"}},
-        {"gone from the device, changed here",
-         file(6, 100),
-         none,
-         r,
-         false,
-         false,
-         {"upload", "upload", "nothing"}},
-        {"gone here, changed on the device",
-         none,
-         file(6, 900),
-         r,
-         false,
-         false,
-         {"download", "nothing", "download"}},
-        {"gone from both", none, none, r, false, false, {"nothing", "nothing", "nothing"}},
+        {"unchanged", same, there, r, nothing, inSync},
+        {"local of other size", file(6, 100), there, r, nothing, "upload, upload, leave"},
+        {"local touched", file(5, 103), there, r, sample,
+         "in sync/upload, in sync/upload, in sync/leave"},
+        {"device of other size", same, file(6, 900), r, nothing, "download, leave, download"},
+        {"device touched", same, file(5, 903), r, sample,
+         "in sync/download, in sync/leave, in sync/download"},
+        {"both changed to one date", file(7, 200), file(7, 201), r, nothing, inSync},
+        {"both touched", file(5, 200), file(5, 300), r, sample, sampled},
+        {"both changed", file(7, 200), file(8, 200), r, nothing, differing},
+        {"no record, one date", file(5, 1), file(5, 3), none, nothing, inSync},
+        {"no record, other dates", file(5, 1), file(5, 4), none, sample, sampled},
+        {"no record, other sizes", file(5, 1), file(6, 1), none, nothing, differing},
+        {"new here", file(5, 1), none, none, nothing, toPhone},
+        {"new on the device", none, file(5, 1), none, nothing, toHere},
+        {"gone from the device", same, none, r, deletion, goneThere},
+        {"gone there, touched here", file(5, 999), none, r, deletion, goneThere},
+        {"gone there, changed here", file(6, 100), none, r, nothing, toPhone},
+        {"gone here", none, there, r, deletion, goneHere},
+        {"gone here, changed there", none, file(6, 900), r, nothing, toHere},
+        {"gone from both", none, none, r, nothing, "nothing, nothing, nothing"},
     };
     for (const Row& row : rows) {
         for (const SyncMode mode : allSyncModes) {
@@ -232,12 +127,13 @@ TEST(SyncPlannerTest, decisionTable) {
             if (row.record)
                 setting.record = SyncFiles{{path, *row.record}};
             const bool isTwoWay = mode == SyncMode::biDirectional;
-            EXPECT_EQ(setting.planner().pathsToCompare().size(), row.asksForSample ? 1 : 0);
+            EXPECT_EQ(setting.planner().pathsToCompare().size(), row.asks == sample ? 1 : 0);
             EXPECT_EQ(setting.planner().deletionCandidates().size(),
-                      row.asksForDeletion && isTwoWay ? 1U : 0U);
-            const QStringList expected =
-                QString::fromLatin1(row.outcomes[static_cast<std::size_t>(mode)])
-                    .split(QLatin1Char('/'));
+                      row.asks == deletion && isTwoWay ? 1U : 0U);
+            const QStringList expected = QString::fromLatin1(row.outcomes)
+                                             .split(u", "_s)
+                                             .at(static_cast<int>(mode))
+                                             .split(u'/');
             EXPECT_EQ(setting.outcome(true, true), expected.first());
             EXPECT_EQ(setting.outcome(false, false), expected.last());
             setting.deletes = false;
@@ -250,29 +146,24 @@ TEST(SyncPlannerTest, decisionTable) {
 TEST(SyncPlannerTest, movesDeleteTheSourceAndNothingElse) {
     Setting setting;
     setting.moves = true;
-    setting.local.files = {{QStringLiteral("changed"), file(6, 0)},
-                           {QStringLiteral("new"), file(1, 0)},
-                           {QStringLiteral("same"), file(5, 0)}};
-    setting.device.files = {{QStringLiteral("changed"), file(5, 0)},
-                            {QStringLiteral("other"), file(1, 0)},
-                            {QStringLiteral("same"), file(5, 0)}};
-    setting.record = SyncFiles{{QStringLiteral("changed"), file(5, 0)}};
+    setting.local.files = {
+        {u"changed"_s, file(6, 0)}, {u"new"_s, file(1, 0)}, {u"same"_s, file(5, 0)}};
+    setting.device.files = {
+        {u"changed"_s, file(5, 0)}, {u"other"_s, file(1, 0)}, {u"same"_s, file(5, 0)}};
+    setting.record = SyncFiles{{u"changed"_s, file(5, 0)}};
     setting.mode = SyncMode::toiPhone;
-    EXPECT_THAT(setting.plan(), ElementsAre(QStringLiteral("changed: upload moving"),
-                                            QStringLiteral("new: upload moving"),
-                                            QStringLiteral("same: delete source")));
+    EXPECT_THAT(setting.plan(), ElementsAre(u"changed: upload moving"_s, u"new: upload moving"_s,
+                                            u"same: delete source"_s));
     setting.mode = SyncMode::toMac;
-    EXPECT_THAT(setting.plan(), ElementsAre(QStringLiteral("changed: leave"),
-                                            QStringLiteral("other: download moving"),
-                                            QStringLiteral("same: delete remote source")));
+    EXPECT_THAT(setting.plan(), ElementsAre(u"changed: leave"_s, u"other: download moving"_s,
+                                            u"same: delete remote source"_s));
     setting.mode = SyncMode::biDirectional;
-    EXPECT_THAT(setting.plan(),
-                ElementsAre(QStringLiteral("changed: upload"), QStringLiteral("new: upload"),
-                            QStringLiteral("other: download"), QStringLiteral("same: in sync")));
+    EXPECT_THAT(setting.plan(), ElementsAre(u"changed: upload"_s, u"new: upload"_s,
+                                            u"other: download"_s, u"same: in sync"_s));
     // Only a record of both sides stands for a comparison of the contents.
     setting.mode = SyncMode::toiPhone;
     EXPECT_FALSE(setting.planner().plan(false, {}).actions.back().isVouched);
-    setting.record->insert({QStringLiteral("same"), file(5, 0)});
+    setting.record->insert({u"same"_s, file(5, 0)});
     EXPECT_TRUE(setting.planner().plan(false, {}).actions.back().isVouched);
 }
 
@@ -286,7 +177,7 @@ TEST(SyncPlannerTest, contentKnownToDifferIsNotSampledAgain) {
     EXPECT_TRUE(setting.planner().plan(false, {}).actions.at(0).knownToDiffer);
     setting.record->at(path).differingDate = at(500);
     EXPECT_EQ(setting.planner().pathsToCompare(), QStringList());
-    EXPECT_EQ(setting.plan(), QStringList(QStringLiteral("f.txt: leave")));
+    EXPECT_EQ(setting.plan(), QStringList(u"f.txt: leave"_s));
     setting.local.files[path] = file(5, 600);
     EXPECT_EQ(setting.planner().pathsToCompare(), QStringList(path));
 }
@@ -294,50 +185,20 @@ TEST(SyncPlannerTest, contentKnownToDifferIsNotSampledAgain) {
 TEST(SyncPlannerTest, whatCannotBeSyncedIsSkippedWithAReason) {
     struct Case {
         const char* name;
-        std::vector<const char*> local;
-        std::vector<const char*> device;
-        const char* unusable; ///< on the local side
-        QStringList plan;
-    };
-    const auto lines = [](std::initializer_list<const char*> texts) {
-        QStringList list;
-        for (const char* text : texts)
-            list.append(QString::fromUtf8(text));
-        return list;
+        const char* local; ///< names of files, and after "!" of what is no file
+        const char* device;
+        const char* plan;
     };
     const Case cases[] = {
-        {"file against folder",
-         {"x", "y/a"},
-         {"x/deep/b", "y"},
-         nullptr,
-         lines({"x: skip", "x/deep/b: skip", "y: skip", "y/a: skip"})},
-        {"link in front of files",
-         {"a"},
-         {"l/x", "l"},
-         "l",
-         lines({"a: upload", "l: skip", "l/x: skip"})},
-        {"case",
-         {"A.txt", "b"},
-         {"a.txt"},
-         nullptr,
-         lines({"A.txt: skip", "a.txt: skip", "b: upload"})},
-        {"case of a folder", {"Dir/a"}, {"dir/b"}, nullptr, lines({"Dir/a: skip", "dir/b: skip"})},
-        {"case, and the device keeps both",
-         {"A", "a"},
-         {"A", "a"},
-         nullptr,
-         lines({"A: in sync", "a: in sync"})},
-        {"two of one name for the device",
-         {"N/a", "N/A"},
-         {},
-         nullptr,
-         lines({"N/A: skip", "N/a: skip"})},
-        {"unicode form",
-         {"\xC3\xA9"},
-         {"e\xCC\x81"},
-         nullptr,
-         lines({"e\xCC\x81: skip", "\xC3\xA9: skip"})},
-        {"refused name", {"bad?/x", "good"}, {}, nullptr, lines({"bad?/x: skip", "good: upload"})},
+        {"file against folder", "x y/a", "x/deep/b y",
+         "x: skip, x/deep/b: skip, y: skip, y/a: skip"},
+        {"link in front of files", "a !l", "l/x l", "a: upload, l: skip, l/x: skip"},
+        {"case", "A.txt b", "a.txt", "A.txt: skip, a.txt: skip, b: upload"},
+        {"case of a folder", "Dir/a", "dir/b", "Dir/a: skip, dir/b: skip"},
+        {"case, and the device keeps both", "A a", "A a", "A: in sync, a: in sync"},
+        {"two of one name for the device", "N/a N/A", "", "N/A: skip, N/a: skip"},
+        {"unicode form", "\xC3\xA9", "e\xCC\x81", "e\xCC\x81: skip, \xC3\xA9: skip"},
+        {"refused name", "bad?/x good", "", "bad?/x: skip, good: upload"},
     };
     for (const Case& row : cases) {
         SCOPED_TRACE(row.name);
@@ -345,21 +206,22 @@ TEST(SyncPlannerTest, whatCannotBeSyncedIsSkippedWithAReason) {
         setting.deviceNames.ignoresCase = true;
         setting.deviceNames.ignoresUnicodeForm = true;
         setting.deviceNames.refusal = [](QStringView name) {
-            return name.contains(u'?') ? QStringLiteral("no question marks") : QString();
+            return name.contains(u'?') ? u"no question marks"_s : QString();
         };
-        const auto fill = [](SyncScan& scan, const std::vector<const char*>& names) {
-            for (const char* name : names) {
-                const QString full = QString::fromUtf8(name);
-                scan.files[full] = file(1, 0);
-                for (qsizetype n = full.indexOf(u'/'); n > 0; n = full.indexOf(u'/', n + 1))
-                    scan.folders.insert(full.left(n));
+        const auto fill = [](SyncScan& scan, const char* names) {
+            for (const QString& name : QString::fromUtf8(names).split(u' ', Qt::SkipEmptyParts)) {
+                if (name.startsWith(u'!')) {
+                    scan.unusable[name.mid(1)] = u"a link"_s;
+                    continue;
+                }
+                scan.files[name] = file(1, 0);
+                for (qsizetype n = name.indexOf(u'/'); n > 0; n = name.indexOf(u'/', n + 1))
+                    scan.folders.insert(name.left(n));
             }
         };
         fill(setting.local, row.local);
         fill(setting.device, row.device);
-        if (row.unusable != nullptr)
-            setting.local.unusable[QString::fromUtf8(row.unusable)] = QStringLiteral("a link");
-        EXPECT_EQ(setting.plan(), row.plan);
+        EXPECT_EQ(setting.plan().join(u", "_s), QString::fromUtf8(row.plan));
         for (const SyncPlannedAction& action : setting.planner().plan(true, {}).actions)
             EXPECT_EQ(action.detail.isEmpty(), action.kind != Kind::skip);
     }
@@ -371,23 +233,21 @@ TEST(SyncPlannerTest, conflictCopiesHaveFreeNames) {
         setting.local.files[name] = file(1, 10);
         setting.device.files[name] = file(2, 20);
     };
-    const QString longName = QString(230, QLatin1Char('n')) + QStringLiteral(".jpeg");
-    conflicting(QStringLiteral("d/photo.tar.gz"));
-    conflicting(QStringLiteral(".hidden"));
+    const QString longName = QString(230, u'n') + u".jpeg"_s;
+    conflicting(u"d/photo.tar.gz"_s);
+    conflicting(u".hidden"_s);
     conflicting(longName);
-    setting.local.files[QStringLiteral("d/photo.tar (conflict 2023-11-14 221320).gz")] = file(1, 0);
+    setting.local.files[u"d/photo.tar (conflict 2023-11-14 221320).gz"_s] = file(1, 0);
     std::map<QString, QString> names;
     for (const SyncPlannedAction& action : setting.planner().plan(false, {}).actions)
         if (action.kind == Kind::conflict) {
             names[action.relativePath] = action.detail;
             EXPECT_TRUE(action.deviceWins);
         }
-    EXPECT_EQ(names[QStringLiteral("d/photo.tar.gz")],
-              QStringLiteral("d/photo.tar (conflict 2023-11-14 221320 2).gz"));
-    EXPECT_EQ(names[QStringLiteral(".hidden")],
-              QStringLiteral(".hidden (conflict 2023-11-14 221320)"));
+    EXPECT_EQ(names[u"d/photo.tar.gz"_s], u"d/photo.tar (conflict 2023-11-14 221320 2).gz"_s);
+    EXPECT_EQ(names[u".hidden"_s], u".hidden (conflict 2023-11-14 221320)"_s);
     EXPECT_LE(names[longName].size(), 240);
-    EXPECT_TRUE(names[longName].endsWith(QStringLiteral("(conflict 2023-11-14 221320).jpeg")));
+    EXPECT_TRUE(names[longName].endsWith(u"(conflict 2023-11-14 221320).jpeg"_s));
 }
 
 TEST(SyncPlannerTest, massDeletionIsCalledOneByItsName) {

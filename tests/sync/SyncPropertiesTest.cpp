@@ -4,7 +4,6 @@
 #include <rapidcheck/gtest.h>
 
 #include <array>
-#include <cstdlib>
 #include <iostream>
 #include <set>
 
@@ -12,6 +11,8 @@
 
 namespace tessary {
 namespace {
+
+using namespace Qt::StringLiterals;
 
 struct Counts {
     long cases = 0;
@@ -32,15 +33,13 @@ struct State {
 
 using Random = std::function<int(int limit)>; ///< from 0 up to the limit
 
-const std::array<QString, 7> names{QStringLiteral("a"),     QStringLiteral("b.txt"),
-                                   QStringLiteral("d/a"),   QStringLiteral("d/b"),
-                                   QStringLiteral("d/e/c"), QStringLiteral("x"),
-                                   QStringLiteral("x/deep")};
+const std::array<QString, 7> names{u"a"_s,     u"b.txt"_s, u"d/a"_s,   u"d/b"_s,
+                                   u"d/e/c"_s, u"x"_s,     u"x/deep"_s};
 
 /// A tree holds no file where it has a folder.
 bool fits(const MemoryTree& tree, const QString& name) {
     for (const auto& [other, file] : tree)
-        if (other.startsWith(name + QLatin1Char('/')) || name.startsWith(other + QLatin1Char('/')))
+        if (other.startsWith(name + u'/') || name.startsWith(other + u'/'))
             return false;
     return true;
 }
@@ -259,11 +258,10 @@ RC_GTEST_PROP(SyncPropertiesTest, nothingIsLostWhateverFails, ()) {
     runCase([](int limit) { return *rc::gen::inRange(0, limit); });
 }
 
-TEST(SyncPropertiesTest, countsOfThisRun) {
+TEST(SyncPropertiesTest, everyCallFailedOnce) {
     std::cout << counts().cases << " cases, " << counts().runs << " runs, " << counts().failures
               << " of them with a failure at one call\n";
-    RecordProperty("runs", static_cast<int>(counts().runs));
-    EXPECT_GT(counts().failures, 0);
+    EXPECT_GT(counts().failures, counts().cases);
 }
 
 } // namespace

@@ -1,14 +1,18 @@
-#include "sync/SyncManifest.h"
 #include "support/QtPrinters.h"
+#include "sync/SyncManifest.h"
+#include "sync/SyncPair.h"
 
 #include <QJsonDocument>
+#include <QJsonObject>
 #include <QTimeZone>
 #include <gtest/gtest.h>
 
-#include <chrono>
+#include <limits>
 
 namespace tessary {
 namespace {
+
+using namespace Qt::StringLiterals;
 
 QDateTime date(int year, int month, int day, int hour = 0, int minute = 0, int second = 0) {
     return {QDate(year, month, day), QTime(hour, minute, second), QTimeZone::utc()};
@@ -16,12 +20,11 @@ QDateTime date(int year, int month, int day, int hour = 0, int minute = 0, int s
 
 SyncManifest sample() {
     SyncManifest manifest;
-    SyncHostEntry& host = manifest.hosts[QStringLiteral("HOST-1")];
-    host = {QStringLiteral("Desk"),     QStringLiteral("ABC"), QStringLiteral("/DCIM"),
-            QStringLiteral("/home/me"), date(2024, 5, 1, 10),  {}};
-    host.files[QStringLiteral("a/b.txt")] = {7, date(1969, 12, 31, 23, 59, 59), {}, {}};
-    host.files[QStringLiteral("z")] = {1LL << 40, date(2107, 12, 31, 23, 59, 58), date(2024, 1, 2),
-                                       date(9999, 12, 31)};
+    SyncHostEntry& host = manifest.hosts[u"HOST-1"_s];
+    host = {u"Desk"_s, u"ABC"_s, u"/DCIM"_s, u"/home/me"_s, date(2024, 5, 1, 10), {}};
+    host.files[u"a/b.txt"_s] = {7, date(1969, 12, 31, 23, 59, 59), {}, {}};
+    host.files[u"z"_s] = {1LL << 40, date(2107, 12, 31, 23, 59, 58), date(2024, 1, 2),
+                          date(9999, 12, 31)};
     return manifest;
 }
 
@@ -67,10 +70,8 @@ TEST(SyncManifestTest, jsonIsSortedAndDatedInWholeSeconds) {
 TEST(SyncManifestTest, anyNameSurvives) {
     SyncManifest manifest = sample();
     auto& files = manifest.hosts.begin()->second.files;
-    for (const QString& name :
-         {QStringLiteral("\"quoted\"\\"), QStringLiteral("line\nbreak\x01"),
-          QStringLiteral("snow ☃ and 😀"), QString(QChar(0xD83D)) + QStringLiteral("x"),
-          QStringLiteral("é"), QStringLiteral("e\u0301"), QStringLiteral("… x")})
+    for (const QString& name : {u"\"quoted\"\\"_s, u"line\nbreak\x01"_s, u"snow ☃ and 😀"_s,
+                                QString(QChar(0xD83D)) + u"x"_s, u"é"_s, u"e\u0301"_s, u"… x"_s})
         files[name] = {1, date(2020, 1, 1), {}, {}};
     const QByteArray json = manifest.encode();
     EXPECT_FALSE(QJsonDocument::fromJson(json).isNull());
@@ -127,34 +128,90 @@ TEST(SyncManifestTest, deviceCopyWinsInAMerge) {
         SyncManifest::merged(with({"H1", "H2"}, "here", 2), with({"H2", "H3"}, "device", 3));
     EXPECT_EQ(both.version, 3);
     ASSERT_EQ(both.hosts.size(), 3U);
-    EXPECT_EQ(both.hosts.at(QStringLiteral("H1")).macName, QStringLiteral("here"));
-    EXPECT_EQ(both.hosts.at(QStringLiteral("H2")).macName, QStringLiteral("device"));
+    EXPECT_EQ(both.hosts.at(u"H1"_s).macName, u"here"_s);
+    EXPECT_EQ(both.hosts.at(u"H2"_s).macName, u"device"_s);
     EXPECT_EQ(SyncManifest::merged({}, {}), SyncManifest());
     EXPECT_EQ(SyncManifest::merged(with({}, "", -5), {}).version, 1);
 }
 
-TEST(SyncManifestTest, hundredThousandFilesAreQuick) {
-    SyncManifest manifest = sample();
-    auto& files = manifest.hosts.begin()->second.files;
-    for (int n = 0; n < 100'000; ++n)
-        files[QStringLiteral("DCIM/Camera %1/IMG_2024_%2.jpg").arg(n % 97).arg(n * 7919)] = {
-            n, date(2024, 1, 1).addSecs(n), date(2024, 1, 2).addSecs(n), {}};
-    using Clock = std::chrono::steady_clock;
-    const auto begin = Clock::now();
-    const QByteArray json = manifest.encode();
-    const auto encoded = Clock::now();
-    const auto decoded = SyncManifest::decode(json);
-    const auto end = Clock::now();
-    EXPECT_EQ(decoded, manifest);
-    const auto milliseconds = [](auto duration) {
-        return static_cast<int>(
-            std::chrono::duration_cast<std::chrono::milliseconds>(duration).count());
+SyncPair samplePair() {
+    SyncPair pair;
+    pair.id = QUuid::fromString(u"0f2a9c1e-1111-4222-8333-abcdefabcdef"_s);
+    pair.deviceUDID = u"ABC"_s;
+    pair.deviceName = u"Pixel"_s;
+    pair.appBundleID = SyncPair::deviceStorage;
+    pair.appName = u"Internal"_s;
+    pair.remoteFolderPath = u"/DCIM/Camera"_s;
+    pair.localFolderPath = u"/home/me/Camera"_s;
+    return pair;
+}
+
+QJsonObject onlyPair(const QJsonArray& json) {
+    return json.at(0).toObject();
+}
+
+TEST(SyncPairTest, textsFollowTheModeAndStayWithinTheirTotals) {
+    SyncPair pair = samplePair();
+    pair.syncMode = SyncMode::toiPhone;
+    EXPECT_EQ(pair.modeDisplayName(), u"To Android"_s);
+    pair.appBundleID = u"org.notes"_s;
+    pair.moveFilesEnabled = true;
+    EXPECT_EQ(pair.modeDisplayName(), u"Move to iPhone"_s);
+    SyncProgress progress;
+    EXPECT_EQ(progress.progressPercentDescription(), u"0%"_s);
+    progress.totalBytes = 3000;
+    progress.completedBytes = 1990;
+    progress.currentFileBytes = std::numeric_limits<qint64>::max();
+    EXPECT_EQ(progress.progressPercentDescription(), u"100%"_s);
+    EXPECT_EQ(progress.bytesDescription(), u"3 kB / 3 kB"_s);
+}
+
+TEST(SyncPairTest, pairListSurvivesItsJson) {
+    std::vector<SyncPair> pairs{samplePair(), samplePair()};
+    pairs[0].lastSyncedAt = QDateTime(QDate(2024, 2, 29), QTime(1, 2, 3, 500), QTimeZone::utc());
+    pairs[0].status = SyncStatus::error(u"boom"_s);
+    pairs[0].progress.completedBytes = (1LL << 53) + 1;
+    pairs[1].status = SyncStatus::syncing(u"Scanning folders…"_s);
+    pairs[1].moveFilesEnabled = true;
+    const QJsonArray json = encodeSyncPairs(pairs);
+    EXPECT_EQ(decodeSyncPairs(json), pairs);
+
+    const QJsonObject object = onlyPair(json);
+    EXPECT_EQ(object.value(u"id"_s).toString(), u"0F2A9C1E-1111-4222-8333-ABCDEFABCDEF"_s);
+    EXPECT_DOUBLE_EQ(object.value(u"lastSyncedAt"_s).toDouble(), 730861323.5);
+    EXPECT_EQ(object.value(u"status"_s).toObject(),
+              (QJsonObject{{u"error"_s, QJsonObject{{u"_0"_s, u"boom"_s}}}}));
+    EXPECT_FALSE(json.at(1).toObject().contains(u"lastSyncedAt"_s));
+}
+
+TEST(SyncPairTest, fieldsThatOlderListsLackHaveDefaults) {
+    QJsonObject object = onlyPair(encodeSyncPairs({samplePair()}));
+    for (const char* key : {"deleteSyncEnabled", "moveFilesEnabled", "status", "progress"})
+        object.remove(QString::fromLatin1(key));
+    const auto pairs = decodeSyncPairs(QJsonArray{object});
+    ASSERT_TRUE(pairs);
+    EXPECT_EQ(pairs->at(0), samplePair());
+}
+
+TEST(SyncPairTest, listWithABadPairIsNoList) {
+    using Change = void (*)(QJsonObject&);
+    const std::pair<const char*, Change> rows[] = {
+        {"no device", [](QJsonObject& o) { o.remove(u"deviceUDID"_s); }},
+        {"bad mode", [](QJsonObject& o) { o[u"syncMode"_s] = u"Up"_s; }},
+        {"bad id", [](QJsonObject& o) { o[u"id"_s] = u"7"_s; }},
+        {"status of two keys",
+         [](QJsonObject& o) {
+             o[u"status"_s] = QJsonObject{{u"idle"_s, QJsonObject()}, {u"error"_s, QJsonObject()}};
+         }},
+        {"endless date", [](QJsonObject& o) { o[u"lastSyncedAt"_s] = 1e300; }},
     };
-    RecordProperty("encodeMilliseconds", milliseconds(encoded - begin));
-    RecordProperty("decodeMilliseconds", milliseconds(end - encoded));
-    // Sanitizers and busy machines slow everything; the wrong algorithm would take minutes.
-    EXPECT_LT(milliseconds(encoded - begin), 20'000);
-    EXPECT_LT(milliseconds(end - encoded), 20'000);
+    for (const auto& [name, change] : rows) {
+        QJsonObject object = onlyPair(encodeSyncPairs({samplePair()}));
+        change(object);
+        EXPECT_FALSE(decodeSyncPairs(QJsonArray{object})) << name;
+    }
+    EXPECT_FALSE(decodeSyncPairs(QJsonObject()));
+    EXPECT_FALSE(decodeSyncPairs(QJsonValue::Undefined));
 }
 
 } // namespace
