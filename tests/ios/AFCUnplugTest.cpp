@@ -107,12 +107,11 @@ TEST(AFCUnplug, inTheMiddleOfTheDataEndsTransfersSoon) {
     for (const auto cut : {VirtualCut::unplug, VirtualCut::close}) {
         for (const std::uint64_t bytes : {1, 39, 41, 1'000'000, 1'048'616, 2'000'000}) {
             SCOPED_TRACE(bytes);
-            PluggedIPhone iphone;
-            const TemporaryFolder here;
-            here.write(u"source"_s, QByteArray(size, 's'));
-            iphone.write(u"a"_s, QByteArray(size, 'a'));
             for (const auto direction : {Direction::toHost, Direction::toPhone}) {
-                iphone.phone.plugInto(iphone.mux);
+                PluggedIPhone iphone;
+                const TemporaryFolder here;
+                here.write(u"source"_s, QByteArray(size, 's'));
+                iphone.write(u"a"_s, QByteArray(size, 'a'));
                 const auto client = iphone.open();
                 iphone.faults([&](VirtualIPhoneFaults& faults) {
                     faults.byteFault = {direction, bytes, cut};
