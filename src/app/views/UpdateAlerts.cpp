@@ -37,10 +37,10 @@ void UpdateAlerts::show() {
     if (box_)
         return;
     if (const auto& failure = checker_.checkErrorMessage()) {
-        QMessageBox& box = open(tessary::tr("Update Check Failed"), trMessage(*failure));
+        QMessageBox& box = tell(tessary::tr("Update Check Failed"), trMessage(*failure));
         connect(&box, &QMessageBox::finished, this, [this] { checker_.dismissError(); });
     } else if (checker_.showUpToDateAlert()) {
-        QMessageBox& box = open(QStringLiteral("Tessary"),
+        QMessageBox& box = tell(QStringLiteral("Tessary"),
                                 QStringLiteral("Tessary v") + checker_.currentVersion() +
                                     tessary::tr(" is currently the newest version."));
         connect(&box, &QMessageBox::finished, this, [this] { checker_.dismissUpToDateAlert(); });
@@ -49,17 +49,22 @@ void UpdateAlerts::show() {
     }
 }
 
-QMessageBox& UpdateAlerts::open(const QString& title, const QString& text) {
+QMessageBox& UpdateAlerts::newBox(const QString& title, const QString& text) {
     box_ = new QMessageBox(QMessageBox::NoIcon, title, title, QMessageBox::NoButton, &window_);
     box_->setAttribute(Qt::WA_DeleteOnClose);
     box_->setObjectName(QStringLiteral("updateAlert"));
     box_->setInformativeText(text);
-    box_->addButton(tessary::tr("OK"), QMessageBox::AcceptRole);
     // Put away first: what is told next may need a box of its own.
     connect(box_, &QMessageBox::finished, this, [this] { box_ = nullptr; });
     makePlain(*box_);
-    box_->open();
     return *box_;
+}
+
+QMessageBox& UpdateAlerts::tell(const QString& title, const QString& text) {
+    QMessageBox& box = newBox(title, text);
+    box.addButton(tessary::tr("OK"), QMessageBox::AcceptRole);
+    box.open();
+    return box;
 }
 
 void UpdateAlerts::offer(const UpdateInfo& update) {
@@ -67,8 +72,7 @@ void UpdateAlerts::offer(const UpdateInfo& update) {
     if (notes.isEmpty())
         notes = tessary::tr("A new version of Tessary is available.");
     QMessageBox& box =
-        open(tessary::tr("Tessary %1 is available").arg(printable(update.version)), notes);
-    box.removeButton(box.buttons().constFirst());
+        newBox(tessary::tr("Tessary %1 is available").arg(printable(update.version)), notes);
     const QPushButton* download =
         box.addButton(tessary::tr("browser.download"), QMessageBox::AcceptRole);
     const QPushButton* skip =
@@ -84,6 +88,7 @@ void UpdateAlerts::offer(const UpdateInfo& update) {
         if (clicked == download)
             checker_.openHomepage(update.downloadUrl);
     });
+    box.open();
 }
 
 } // namespace tessary

@@ -20,7 +20,9 @@ public:
 
 private:
     void show();
-    QMessageBox& open(const QString& title, const QString& text);
+    /// A box without buttons, not open yet.
+    QMessageBox& newBox(const QString& title, const QString& text);
+    QMessageBox& tell(const QString& title, const QString& text);
     void offer(const UpdateInfo& update);
 
     UpdateCheckerService& checker_;
