@@ -11,7 +11,7 @@ namespace tessary {
 /// can do no harm when it fails. Thread-safe and blocking: not for the main thread.
 class PictureDecoder {
 public:
-    static constexpr std::chrono::milliseconds defaultLimit{20'000};
+    static constexpr std::chrono::milliseconds defaultLimit{60'000};
 
     /// `program` is the decoding program's path; by default the one that comes with this program.
     explicit PictureDecoder(QString program = installedProgram(),
