@@ -138,7 +138,6 @@ void SyncManager::updateSyncPair(const SyncPair& pair) {
 void SyncManager::removeSyncPair(const QUuid& id) {
     cancel(id);
     std::erase_if(pairs_, [&](const SyncPair& pair) { return pair.id == id; });
-    reports_.remove(id);
     saveSyncPairs();
     Q_EMIT syncPairsChanged();
 }
@@ -273,9 +272,7 @@ void SyncManager::ended(const QUuid& id, const std::function<SyncReport()>& resu
     const bool isCancelled = running_ && running_->isCancelled;
     running_.reset();
     try {
-        SyncReport report = result();
-        addHistory(id, report.summary());
-        reports_.insert(id, std::move(report));
+        addHistory(id, result().summary());
         if (SyncPair* pair = find(id))
             pair->lastSyncedAt = QDateTime::currentDateTimeUtc();
         finish(id, SyncStatus::completed(), QStringLiteral("Completed"));

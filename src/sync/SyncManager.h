@@ -7,7 +7,6 @@
 #include "sync/SyncPair.h"
 #include "sync/SyncReport.h"
 
-#include <QHash>
 #include <QObject>
 #include <QPointer>
 
@@ -91,10 +90,6 @@ public:
 
     /// The last run of a pair in one line; empty before there was one.
     [[nodiscard]] QString historyLine(const QUuid& id) const;
-    /// What the last good run of this session did.
-    [[nodiscard]] SyncReport lastReport(const QUuid& id) const {
-        return reports_.value(id);
-    }
 
 Q_SIGNALS:
     /// Pairs were added, removed or replaced.
@@ -132,7 +127,6 @@ private:
     std::vector<SyncPair> pairs_;
     std::deque<Job> waiting_;
     std::optional<Running> running_;
-    QHash<QUuid, SyncReport> reports_;
     std::optional<DeviceInfo> activeDevice_;
     std::optional<AppInfo> activeApp_;
     QString activeRemotePath_;

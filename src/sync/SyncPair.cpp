@@ -40,10 +40,6 @@ QString rawValue(Location location) {
     return locationNames[static_cast<std::size_t>(location)];
 }
 
-std::optional<Location> deletionLocationFromRawValue(const QString& text) {
-    return fromName<Location>(locationNames, text);
-}
-
 QString SyncStatus::label() const {
     switch (kind) {
     case Kind::idle:

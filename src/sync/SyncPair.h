@@ -108,8 +108,6 @@ struct DeletionCandidate {
 };
 
 [[nodiscard]] QString rawValue(DeletionCandidate::DeletionLocation location);
-[[nodiscard]] std::optional<DeletionCandidate::DeletionLocation>
-deletionLocationFromRawValue(const QString& text);
 
 /// The pair list as JSON: dates in seconds since 2001, absent ones left out.
 [[nodiscard]] QJsonArray encodeSyncPairs(const std::vector<SyncPair>& pairs);
