@@ -24,7 +24,7 @@ protected:
 };
 
 TEST_F(WindowMemoryTest, theNextWindowIsLikeTheLast) {
-    window_->resize(900, 600);
+    window_->resize(760, 600);
     table().header()->resizeSection(FileListModel::dateColumn, 222);
     QTest::mouseClick(
         table().header()->viewport(), Qt::LeftButton, {},
@@ -33,7 +33,7 @@ TEST_F(WindowMemoryTest, theNextWindowIsLikeTheLast) {
     const FileSortOrder order = window_->browser().sortOrder();
     ASSERT_EQ(order.front().field, FileField::modified);
     openAnew();
-    EXPECT_EQ(window_->size(), QSize(900, 600));
+    EXPECT_EQ(window_->size(), QSize(760, 600));
     EXPECT_EQ(table().header()->sectionSize(FileListModel::dateColumn), 222);
     EXPECT_EQ(table().header()->sortIndicatorSection(), FileListModel::dateColumn);
     EXPECT_EQ(window_->browser().sortOrder(), order);
@@ -67,7 +67,7 @@ TEST_F(WindowMemoryTest, switchedOffItForgets) {
     ASSERT_NE(memory, nullptr);
     press(Qt::Key_2, Qt::ControlModifier);
     static_cast<WindowMemory*>(memory)->setOn(false);
-    window_->resize(900, 600);
+    window_->resize(760, 600);
     openAnew();
     EXPECT_NE(window_->width(), 900);
     EXPECT_EQ(window_->browser().viewMode(), ViewMode::list);

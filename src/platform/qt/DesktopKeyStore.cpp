@@ -4,14 +4,19 @@
 #include "platform/SystemKeyStore.h"
 #include "platform/linux/FileKeyStore.h"
 
+#include <QCoreApplication>
 #include <QDir>
+#include <QEvent>
 #include <QLockFile>
 #include <QStandardPaths>
 #include <QThread>
 
 #include <qt6keychain/keychain.h>
 
+#include <deque>
+#include <functional>
 #include <future>
+#include <mutex>
 #include <utility>
 
 namespace tessary {
@@ -25,29 +30,45 @@ constexpr auto patience = 60s;
 
 /// The library keeps its queue on the thread that used it first, so that all its work is done on
 /// one that stays.
-class KeychainThread {
+class KeychainThread : private QObject {
 public:
     static KeychainThread& shared() {
         static KeychainThread thread;
         return thread;
     }
-    void post(const std::function<void()>& work) {
-        QMetaObject::invokeMethod(&context_, work, Qt::QueuedConnection);
+    void post(std::function<void()> work) {
+        const std::scoped_lock lock(mutex_);
+        work_.push_back(std::move(work));
+        QCoreApplication::postEvent(this, new QEvent(QEvent::User));
     }
 
 private:
     KeychainThread() {
         thread_.setObjectName(QStringLiteral("tessary-keys"));
-        context_.moveToThread(&thread_);
+        moveToThread(&thread_);
         thread_.start();
     }
-    ~KeychainThread() {
+    ~KeychainThread() override {
         thread_.quit();
         if (!thread_.wait(QDeadlineTimer(1s)))
             thread_.terminate();
     }
 
-    QObject context_;
+    bool event(QEvent* event) override {
+        if (event->type() != QEvent::User)
+            return QObject::event(event);
+        next()();
+        return true;
+    }
+    std::function<void()> next() {
+        const std::scoped_lock lock(mutex_);
+        auto work = std::move(work_.front());
+        work_.pop_front();
+        return work;
+    }
+
+    std::mutex mutex_;
+    std::deque<std::function<void()>> work_; ///< guarded by mutex_
     QThread thread_;
 };
 
