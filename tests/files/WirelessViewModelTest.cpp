@@ -1,7 +1,7 @@
 #include "files/WirelessViewModel.h"
-#include "support/MainLoop.h"
 #include "phones/DemoNetwork.h"
 #include "support/AdbFixture.h"
+#include "support/MainLoop.h"
 
 #include <gmock/gmock.h>
 
