@@ -9,14 +9,16 @@ namespace tessary {
 
 namespace {
 
-using translations::TranslationRow;
+using namespace translations;
 
-Translations::Texts index(std::span<const TranslationRow> rows) {
+Translations::Texts index(std::span<const TranslationRow> window,
+                          std::span<const TranslationRow> messages) {
     Translations::Texts texts;
-    texts.reserve(static_cast<qsizetype>(rows.size()));
-    for (const TranslationRow& row : rows)
-        texts.insert(QString::fromUtf8(row.key),
-                     QString::fromUtf8(row.text != nullptr ? row.text : row.key));
+    texts.reserve(static_cast<qsizetype>(window.size() + messages.size()));
+    for (const auto rows : {window, messages})
+        for (const TranslationRow& row : rows)
+            texts.insert(QString::fromUtf8(row.key),
+                         QString::fromUtf8(row.text != nullptr ? row.text : row.key));
     return texts;
 }
 
@@ -24,16 +26,16 @@ Translations::Texts index(std::span<const TranslationRow> rows) {
 
 const std::map<AppLanguage, Translations::Texts>& Translations::dictionary() {
     static const std::map<AppLanguage, Texts> texts{
-        {AppLanguage::en, index(translations::english)},
-        {AppLanguage::de, index(translations::german)},
-        {AppLanguage::es, index(translations::spanish)},
-        {AppLanguage::fr, index(translations::french)},
-        {AppLanguage::it, index(translations::italian)},
-        {AppLanguage::ptBR, index(translations::brazilianPortuguese)},
-        {AppLanguage::ja, index(translations::japanese)},
-        {AppLanguage::ko, index(translations::korean)},
-        {AppLanguage::zhHans, index(translations::simplifiedChinese)},
-        {AppLanguage::zhHant, index(translations::traditionalChinese)},
+        {AppLanguage::en, index(window::english, messages::english)},
+        {AppLanguage::de, index(window::german, messages::german)},
+        {AppLanguage::es, index(window::spanish, messages::spanish)},
+        {AppLanguage::fr, index(window::french, messages::french)},
+        {AppLanguage::it, index(window::italian, messages::italian)},
+        {AppLanguage::ptBR, index(window::brazilianPortuguese, messages::brazilianPortuguese)},
+        {AppLanguage::ja, index(window::japanese, messages::japanese)},
+        {AppLanguage::ko, index(window::korean, messages::korean)},
+        {AppLanguage::zhHans, index(window::simplifiedChinese, messages::simplifiedChinese)},
+        {AppLanguage::zhHant, index(window::traditionalChinese, messages::traditionalChinese)},
     };
     return texts;
 }

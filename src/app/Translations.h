@@ -10,8 +10,8 @@
 namespace tessary {
 
 /// The built-in texts of the interface. Keys are dotted identifiers ("browser.retry") or the
-/// English text itself. The tables stand in translations/, one file a language; a new key is added
-/// to each of them.
+/// English text itself. The tables stand in translations/window/ and translations/messages/, one
+/// file a language; a new key is added to each file of its folder.
 class Translations {
 public:
     using Texts = QHash<QString, QString>;

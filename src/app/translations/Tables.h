@@ -10,7 +10,10 @@ struct TranslationRow {
     const char* text;
 };
 
-// Every language has the keys of the English table, in its order.
+// Every language has the keys of the English tables, in their order.
+
+/// What the window says of itself.
+namespace window {
 extern const std::span<const TranslationRow> english;
 extern const std::span<const TranslationRow> german;
 extern const std::span<const TranslationRow> spanish;
@@ -21,5 +24,20 @@ extern const std::span<const TranslationRow> japanese;
 extern const std::span<const TranslationRow> korean;
 extern const std::span<const TranslationRow> simplifiedChinese;
 extern const std::span<const TranslationRow> traditionalChinese;
+} // namespace window
+
+/// What the layers below report, some with places for names.
+namespace messages {
+extern const std::span<const TranslationRow> english;
+extern const std::span<const TranslationRow> german;
+extern const std::span<const TranslationRow> spanish;
+extern const std::span<const TranslationRow> french;
+extern const std::span<const TranslationRow> italian;
+extern const std::span<const TranslationRow> brazilianPortuguese;
+extern const std::span<const TranslationRow> japanese;
+extern const std::span<const TranslationRow> korean;
+extern const std::span<const TranslationRow> simplifiedChinese;
+extern const std::span<const TranslationRow> traditionalChinese;
+} // namespace messages
 
 } // namespace tessary::translations
