@@ -131,17 +131,6 @@ TEST_F(MTPResponderRules, uploadsAreChecked) {
         EXPECT_EQ(host().runOut(0x100D, {}, Bytes(size)).code, 0x2007) << size;
     }
     EXPECT_EQ(phone_.content(QStringLiteral("other")), QByteArray());
-
-    VirtualStorage settings = phone_.android.storages().at(0);
-    settings.free = 1000;
-    phone_.android.setStorage(0, settings);
-    EXPECT_EQ(announce(root, RawHost::objectInfo(u"large", 1001)), 0x200C);
-    EXPECT_EQ(upload(u"fits", Bytes(1000)).code, ok);
-    EXPECT_EQ(phone_.android.storages().at(0).free, 0U);
-    settings.readOnly = true;
-    phone_.android.setStorage(0, settings);
-    EXPECT_EQ(announce(root, RawHost::objectInfo(u"ro", 1)), 0x200E);
-    EXPECT_EQ(host().run(0x100B, {file_, 0}).code, 0x200E);
 }
 
 TEST_F(MTPResponderRules, uploadOfUnknownLengthEndsWithAShortPacket) {

@@ -32,11 +32,11 @@ public:
         std::size_t transferred = 0;
         return interface_->writePipeTO(VirtualUsbPort::outPipe, bytes, transferred, soon);
     }
-    /// One transfer, or as much of it as fits.
-    UsbCode read(Bytes& bytes, UsbTimeouts timeouts = soon, std::size_t most = 1 << 20) {
+    /// One transfer.
+    UsbCode read(Bytes& bytes, UsbTimeouts timeouts = soon) {
         std::size_t transferred = 0;
-        const UsbCode code = interface_->readPipeTO(
-            VirtualUsbPort::inPipe, std::span(buffer_).first(most), transferred, timeouts);
+        const UsbCode code =
+            interface_->readPipeTO(VirtualUsbPort::inPipe, buffer_, transferred, timeouts);
         bytes.assign(buffer_.begin(), buffer_.begin() + static_cast<std::ptrdiff_t>(transferred));
         return code;
     }
@@ -105,27 +105,9 @@ public:
         return bytes;
     }
 
-    UsbCode cancel(std::uint32_t transaction) {
-        Bytes data{std::byte{0x01}, std::byte{0x40}};
-        appendLittleEndian(data, transaction);
-        return control(0x21, 0x64, data);
-    }
-    /// 0x2001, 0x2019, or 0 when the request is refused.
-    std::uint16_t status() {
-        Bytes data(4);
-        return control(0xA1, 0x67, data) == usb::success ? readLittleEndian<std::uint16_t>(data, 2)
-                                                         : std::uint16_t{0};
-    }
-
     std::uint32_t transactionID = 0; ///< of the last command
 
 private:
-    UsbCode control(std::uint8_t type, std::uint8_t request, Bytes& data) {
-        std::size_t transferred = 0;
-        return interface_->controlRequest({type, request, 0, 0}, data, transferred,
-                                          std::chrono::seconds(1));
-    }
-
     Bytes buffer_ = Bytes(1 << 20);
     std::unique_ptr<UsbDevice> device_;
     std::unique_ptr<UsbInterface> interface_;
@@ -143,9 +125,6 @@ protected:
     }
     [[nodiscard]] RawHost& host() {
         return *host_;
-    }
-    void behave(const std::function<void(VirtualBehaviour&)>& change) {
-        phone_.android.behaviour().update(change);
     }
     /// Uploads a file into the root.
     RawHost::Answer upload(std::u16string_view name, ByteView content) {

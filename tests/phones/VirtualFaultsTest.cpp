@@ -1,93 +1,9 @@
 #include "phones/PhoneFixture.h"
 
-#include <thread>
-
 namespace tessary {
 namespace {
 
-using namespace std::chrono_literals;
-
-class VirtualFaultsTest : public PhoneFixture {
-protected:
-    void openWithFile(std::size_t size) {
-        content_ = patternOf(size);
-        phone_.write(QStringLiteral("f"), asArray(content_));
-        host().openSession();
-        file_ = host().handles(storage).at(0);
-    }
-    [[nodiscard]] bool isOkSoon() {
-        for (int i = 0; i < 500 && host().status() != ok; ++i)
-            std::this_thread::sleep_for(5ms);
-        return host().status() == ok;
-    }
-
-    Bytes content_;
-    std::uint32_t file_ = 0;
-};
-
-TEST_F(VirtualFaultsTest, unpluggingOrStallingStopsAtItsByte) {
-    openWithFile(100'000);
-    Bytes received;
-    phone_.fault([](VirtualFaults& faults) { faults.stall = {UsbDirection::in, 2048, 1}; });
-    ASSERT_EQ(host().command(0x1009, {file_}), usb::success);
-    EXPECT_EQ(host().read(received), usb::pipeStalled);
-    EXPECT_EQ(received.size(), 2048U);
-    EXPECT_EQ(host().clearStall(1), usb::success);
-    EXPECT_EQ(host().run(0x1009, {file_}).data, content_) << "one transaction only";
-
-    phone_.fault([](VirtualFaults& faults) { faults.unplug = {UsbDirection::in, 5000, 2}; });
-    EXPECT_EQ(host().run(0x1008, {file_}).code, ok) << "the phase before";
-    ASSERT_EQ(host().command(0x1009, {file_}), usb::success);
-    EXPECT_EQ(host().read(received), usb::noDevice);
-    EXPECT_EQ(received.size(), 5000U / 512 * 512);
-    EXPECT_TRUE(bus_.devices().empty());
-}
-
-TEST_F(VirtualFaultsTest, brokenUploadLeavesNothingUnlessThePhoneKeepsParts) {
-    for (const bool keeps : {false, true}) {
-        behave([&](VirtualBehaviour& behaviour) { behaviour.keepsPartialObjects = keeps; });
-        phone_.fault([](VirtualFaults& faults) { faults.unplug = {UsbDirection::out, 70'000, 2}; });
-        host().openSession();
-        EXPECT_EQ(upload(u"f", Bytes(3'000'000)).usb, usb::noDevice);
-        phone_.android.unplug(); // waits for the phone's thread
-        EXPECT_EQ(phone_.content(QStringLiteral("f")).size(), keeps ? 70'000 - 12 : 0);
-        EXPECT_EQ(phone_.names().isEmpty(), !keeps);
-        phone_.android.plugInto(bus_);
-        reconnect();
-    }
-}
-
-TEST_F(VirtualFaultsTest, cancelledDownloadLeavesTheRestInThePipe) {
-    behave([](VirtualBehaviour& behaviour) { behaviour.busyAfterCancel = 100ms; });
-    openWithFile(8 << 20);
-    ASSERT_EQ(host().command(0x1009, {file_}), usb::success);
-    Bytes bytes;
-    ASSERT_EQ(host().read(bytes, RawHost::soon, 65536), usb::success);
-    EXPECT_EQ(host().status(), ok);
-    EXPECT_EQ(host().cancel(host().transactionID), usb::success);
-    EXPECT_EQ(host().status(), 0x2019);
-    EXPECT_TRUE(isOkSoon());
-    std::size_t left = 0;
-    while (host().read(bytes, RawHost::quiet) == usb::success || !bytes.empty())
-        left += bytes.size();
-    EXPECT_GT(left, 0U);
-    EXPECT_LE(left, (2U << 20)) << "no more than the pipe holds, and no answer";
-    EXPECT_EQ(host().run(0x1004).code, ok);
-}
-
-TEST_F(VirtualFaultsTest, cancelledUploadLeavesNoObject) {
-    host().openSession();
-    ASSERT_EQ(host().runOut(0x100C, {storage, root}, RawHost::objectInfo(u"f", 8 << 20)).code, ok);
-    ASSERT_EQ(host().command(0x100D), usb::success);
-    ASSERT_EQ(host().write(containerOf((8 << 20) + 12, 2, 0x100D, host().transactionID,
-                                       Bytes((2 << 20) - 12))),
-              usb::success);
-    EXPECT_EQ(host().cancel(host().transactionID), usb::success);
-    EXPECT_TRUE(isOkSoon());
-    EXPECT_TRUE(host().isQuiet());
-    EXPECT_TRUE(phone_.names().isEmpty());
-    EXPECT_EQ(upload(u"f", Bytes(100)).code, ok);
-}
+using VirtualFaultsTest = PhoneFixture;
 
 struct FramingCase {
     const char* name;
