@@ -24,7 +24,7 @@ constexpr std::uint32_t storage = 0x00010001;
 /// A client on a transport in memory.
 class MTPClientTest : public ::testing::Test {
 protected:
-    void answer(std::initializer_list<Bytes> containers) {
+    void answer(const std::vector<Bytes>& containers) {
         for (const Bytes& container : containers)
             mock_->enqueueIncoming(ByteView(container));
     }
@@ -39,12 +39,22 @@ protected:
         (void)sent();
         answer({dataOf(0x1004, nextTransactionID, hexBytes("01000000 01000100")),
                 responseOf(ok, nextTransactionID)});
-        EXPECT_THAT(client_.getStorageIDs(), ::testing::ElementsAre(storage));
-        EXPECT_THAT(sent(), ::testing::ElementsAre(commandOf(0x1004, nextTransactionID, {})));
+        EXPECT_THAT(client_->getStorageIDs(), ElementsAre(storage));
+        EXPECT_THAT(sent(), ElementsAre(commandOf(0x1004, nextTransactionID, {})));
+    }
+    /// What a call on a new client returns, or how it fails.
+    std::string outcome(const std::function<std::string(MTPClient&)>& call,
+                        const std::vector<Bytes>& answers) {
+        mock_ = new MockMTPTransport;
+        client_.emplace(std::unique_ptr<MTPTransportProtocol>(mock_));
+        answer(answers);
+        std::string result;
+        const std::string failure = mtpFailureOf([&] { result = call(*client_); });
+        return failure == "none" ? result : failure;
     }
 
     MockMTPTransport* mock_ = new MockMTPTransport;
-    MTPClient client_{std::unique_ptr<MTPTransportProtocol>(mock_)};
+    std::optional<MTPClient> client_{std::in_place, std::unique_ptr<MTPTransportProtocol>(mock_)};
 };
 
 /// The dataset of a storage called "SD", and of a file called "a" with 5 bytes.
@@ -57,21 +67,14 @@ Bytes objectDataset(std::uint32_t size) {
     return bytes + Bytes(40) + hexBytes("02 'a' 0000 00 00 00");
 }
 
-struct Operation {
-    const char* name;
-    std::function<std::string(MTPClient&)> call; ///< gives the result as a text
-    std::vector<Bytes> commands;                 ///< the exact bytes that go out
-    std::vector<Bytes> answers;
-    std::string result;
-    std::string refused; ///< what comes of the response 0x2009 in place of the first answer
-};
-
 std::string text(const std::vector<std::uint32_t>& values) {
     std::string joined;
     for (const std::uint32_t value : values)
         joined += std::to_string(value) + " ";
     return joined;
 }
+
+// Calls whose result is told as a text.
 
 std::string storages(MTPClient& client) {
     return text(client.getStorageIDs());
@@ -100,6 +103,17 @@ std::string object(MTPClient& client) {
 std::string upload(MTPClient& client) {
     return std::to_string(client.sendObject(hexBytes("414243"), QStringLiteral("b.t"), 7, storage));
 }
+std::string folder(MTPClient& client) {
+    return std::to_string(client.createFolder(QStringLiteral("New"), 7, storage));
+}
+std::string renaming(MTPClient& client) {
+    client.renameObject(0x99, QStringLiteral("new"));
+    return "done";
+}
+std::string moving(MTPClient& client) {
+    client.moveObject(0x99, storage, 7);
+    return "done";
+}
 std::string deletion(MTPClient& client) {
     client.deleteObject(0x99);
     return "done";
@@ -115,168 +129,99 @@ const Bytes folderDataset = hexBytes("01000100 0130 0000 00000000 0000 00000000 
 const Bytes done = responseOf(ok, 1);
 const Bytes twoValues = hexBytes("02000000 05000000 06000000");
 
+struct Operation {
+    const char* name;
+    std::string (*call)(MTPClient&);
+    std::vector<Bytes> commands; ///< the exact bytes that go out
+    std::vector<Bytes> answers;
+    std::string result;
+    const char* refused; ///< what comes of the response 0x2009 in place of the first answer
+};
+
+/// A command that is answered with data.
+Operation reading(const char* name, std::string (*call)(MTPClient&), std::uint16_t code,
+                  const std::vector<std::uint32_t>& parameters, const Bytes& data,
+                  const char* result, const char* refused) {
+    return {name,   call,   {commandOf(code, 1, parameters)}, {dataOf(code, 1, data), done},
+            result, refused};
+}
+
+/// A command, or one with data, that is answered with no more than a response.
+Operation changing(const char* name, std::string (*call)(MTPClient&), std::vector<Bytes> commands,
+                   const char* refused) {
+    return {name, call, std::move(commands), {done}, "done", refused};
+}
+
 const std::vector<Operation> operations{
-    {"storages",
-     storages,
-     {commandOf(0x1004, 1, {})},
-     {dataOf(0x1004, 1, twoValues), done},
-     "5 6 ",
-     mtpFailure("Expected data packet for GetStorageIDs (got type response, code 0x2009)")},
-    {"storageInfo",
-     storageInfo,
-     {commandOf(0x1005, 1, {storage})},
-     {dataOf(0x1005, 1, storageDataset), done},
-     "SD 4096 1024 65537",
-     mtpFailure("Failed to parse StorageInfo")},
-    {"battery",
-     battery,
-     {commandOf(0x1015, 1, {0x5001})},
-     {dataOf(0x1015, 1, hexBytes("55")), done},
-     "85",
-     "unknown"},
-    {"handles",
-     handles,
-     {commandOf(0x1007, 1, {storage, 0, 0xFFFFFFFF})},
-     {dataOf(0x1007, 1, twoValues), done},
-     "5 6 ",
-     mtpFailure("GetObjectHandles failed: 0x2009")},
-    {"objectInfo",
-     objectInfo,
-     {commandOf(0x1008, 1, {0x99})},
-     {dataOf(0x1008, 1, objectDataset(5)), done},
-     "a 5 153",
-     mtpFailure("Failed to parse ObjectInfo for handle 153")},
-    {"object",
-     object,
-     {commandOf(0x1009, 1, {0x99})},
-     {dataOf(0x1009, 1, abc), done},
-     "ABC",
-     mtpFailure("GetObject failed: 0x2009")},
+    reading("storages", storages, 0x1004, {}, twoValues, "5 6 ",
+            "Expected data packet for GetStorageIDs (got type response, code 0x2009)"),
+    reading("storage info", storageInfo, 0x1005, {storage}, storageDataset, "SD 4096 1024 65537",
+            "Failed to parse StorageInfo"),
+    reading("battery", battery, 0x1015, {0x5001}, hexBytes("55"), "85", nullptr),
+    reading("handles", handles, 0x1007, {storage, 0, 0xFFFFFFFF}, twoValues, "5 6 ",
+            "GetObjectHandles failed: 0x2009"),
+    reading("object info", objectInfo, 0x1008, {0x99}, objectDataset(5), "a 5 153",
+            "Failed to parse ObjectInfo for handle 153"),
+    reading("object", object, 0x1009, {0x99}, abc, "ABC", "GetObject failed: 0x2009"),
     {"upload",
      upload,
      {commandOf(0x100C, 1, {storage, 7}), dataOf(0x100C, 1, uploadDataset),
       commandOf(0x100D, 2, {}), dataOf(0x100D, 2, abc)},
      {responseOf(ok, 1, {storage, 7, 42}), responseOf(ok, 2)},
      "42",
-     mtpFailure("SendObjectInfo failed: 0x2009")},
+     "SendObjectInfo failed: 0x2009"},
     {"folder",
-     [](MTPClient& client) {
-         return std::to_string(client.createFolder(QStringLiteral("New"), 7, storage));
-     },
+     folder,
      {commandOf(0x100C, 1, {storage, 7}), dataOf(0x100C, 1, folderDataset)},
      {responseOf(ok, 1, {storage, 7, 43})},
      "43",
-     mtpFailure("CreateFolder failed: 0x2009")},
-    {"rename",
-     [](MTPClient& client) {
-         client.renameObject(0x99, QStringLiteral("new"));
-         return "done";
-     },
-     {commandOf(0x9804, 1, {0x99, 0xDC07}), dataOf(0x9804, 1, hexBytes("04 'new' 0000"))},
-     {done},
-     "done",
-     mtpFailure("RenameObject failed: 0x2009")},
-    {"move",
-     [](MTPClient& client) {
-         client.moveObject(0x99, storage, 7);
-         return "done";
-     },
-     {commandOf(0x1019, 1, {0x99, storage, 7})},
-     {done},
-     "done",
-     mtpFailure("MoveObject failed: 0x2009")},
-    {"deletion",
-     deletion,
-     {commandOf(0x100B, 1, {0x99, 0})},
-     {done},
-     "done",
-     mtpFailure("DeleteObject failed: 0x2009")},
+     "CreateFolder failed: 0x2009"},
+    changing("renaming", renaming,
+             {commandOf(0x9804, 1, {0x99, 0xDC07}), dataOf(0x9804, 1, hexBytes("04 'new' 0000"))},
+             "RenameObject failed: 0x2009"),
+    changing("moving", moving, {commandOf(0x1019, 1, {0x99, storage, 7})},
+             "MoveObject failed: 0x2009"),
+    changing("deletion", deletion, {commandOf(0x100B, 1, {0x99, 0})},
+             "DeleteObject failed: 0x2009"),
 };
 
-class OperationTest : public MTPClientTest, public ::testing::WithParamInterface<Operation> {
-protected:
-    /// The result or the failure. Nothing goes out but what should, and the client can go on.
-    std::string outcome(const std::vector<Bytes>& answers) {
-        for (const Bytes& container : answers)
-            mock_->enqueueIncoming(ByteView(container));
-        std::string result;
-        const std::string failure = mtpFailureOf([&] { result = GetParam().call(client_); });
-        const std::vector<Bytes> out = sent();
-        EXPECT_TRUE(std::ranges::equal(out, GetParam().commands | std::views::take(out.size())));
-        expectUsable(out.size() == 4 ? 3 : 2);
-        return failure == "none" ? result : failure;
+TEST_F(MTPClientTest, operationsSendTheirBytesAndTellResultsAndFailures) {
+    for (const Operation& operation : operations) {
+        SCOPED_TRACE(operation.name);
+        const auto expect = [&](const std::vector<Bytes>& answers, const std::string& expected) {
+            EXPECT_THAT(outcome(operation.call, answers), HasSubstr(expected));
+            const std::vector<Bytes> out = sent();
+            EXPECT_TRUE(std::ranges::equal(out, operation.commands | std::views::take(out.size())));
+            expectUsable(out.size() == 4 ? 3 : 2);
+        };
+        std::vector<Bytes> refusedAtTheEnd = operation.answers;
+        refusedAtTheEnd.back() = responseOf(0x2009, operation.commands.size() == 4 ? 2 : 1);
+        expect(operation.answers, operation.result);
+        expect({responseOf(0x2009, 1)},
+               operation.refused ? mtpFailure(operation.refused) : "unknown");
+        expect(refusedAtTheEnd, operation.refused ? "0x2009" : "unknown");
+        expect({}, mtpTimeout);
     }
-};
-
-TEST_P(OperationTest, sendsItsBytesAndUnderstandsTheAnswer) {
-    EXPECT_EQ(outcome(GetParam().answers), GetParam().result);
 }
 
-TEST_P(OperationTest, refusalIsTold) {
-    EXPECT_EQ(outcome({responseOf(0x2009, 1)}), GetParam().refused);
-}
-
-TEST_P(OperationTest, refusalAtTheEndIsTold) {
-    std::vector<Bytes> answers = GetParam().answers;
-    answers.back() = responseOf(0x2009, GetParam().commands.size() == 4 ? 2 : 1);
-    EXPECT_THAT(outcome(answers), ::testing::AnyOf(HasSubstr("0x2009"), "unknown"));
-}
-
-TEST_P(OperationTest, silenceIsATimeout) {
-    EXPECT_EQ(outcome({}), mtpTimeout);
-}
-
-INSTANTIATE_TEST_SUITE_P(Operations, OperationTest, ::testing::ValuesIn(operations),
-                         [](const auto& row) { return std::string(row.param.name); });
-
-TEST_F(MTPClientTest, oddAnswersAreUnderstoodOrRefused) {
-    struct Row {
-        const char* name;
-        std::string (*call)(MTPClient&);
-        std::vector<Bytes> answers;
-        std::string outcome;
-    };
-    const Row rows[] = {
-        {"storages without data", storages, {done}, ""},
-        {"handles without data", handles, {done}, ""},
-        {"truncated handles",
-         handles,
-         {dataOf(0x1007, 1, hexBytes("03000000 05000000")), done},
-         ""},
-        {"short storage info",
-         storageInfo,
-         {dataOf(0x1005, 1, Bytes(25)), done},
-         mtpFailure("Failed to parse StorageInfo")},
-        {"short object info",
-         objectInfo,
-         {dataOf(0x1008, 1, Bytes(51)), done},
-         mtpFailure("Failed to parse ObjectInfo for handle 153")},
-        {"empty battery", battery, {dataOf(0x1015, 1, {}), done}, "unknown"},
-        {"empty object", object, {dataOf(0x1009, 1, {}), done}, ""},
-        {"upload without a handle", upload, {done, responseOf(ok, 2)}, "0"},
-        {"junk transaction ID", deletion, {responseOf(ok, 0x5A5A5A5A)}, "done"},
-        {"short header", deletion, {Bytes(11)}, "Received invalid MTP container packet header."},
-    };
-    for (const Row& row : rows) {
-        auto* mock = new MockMTPTransport;
-        MTPClient client{std::unique_ptr<MTPTransportProtocol>(mock)};
-        for (const Bytes& container : row.answers)
-            mock->enqueueIncoming(ByteView(container));
-        std::string result;
-        const std::string failure = mtpFailureOf([&] { result = row.call(client); });
-        EXPECT_EQ(failure == "none" ? result : failure, row.outcome) << row.name;
-    }
+TEST_F(MTPClientTest, oddAnswersAreUnderstood) {
+    EXPECT_EQ(outcome(storages, {done}), "") << "without data";
+    EXPECT_EQ(outcome(handles, {done}), "") << "without data";
+    EXPECT_EQ(outcome(battery, {dataOf(0x1015, 1, {}), done}), "unknown");
+    EXPECT_EQ(outcome(object, {dataOf(0x1009, 1, {}), done}), "");
+    EXPECT_EQ(outcome(upload, {done, responseOf(ok, 2)}), "0") << "without a handle";
+    EXPECT_EQ(outcome(deletion, {responseOf(ok, 0x5A5A5A5A)}), "done");
 }
 
 TEST_F(MTPClientTest, trueSizeOfLargeObjectComesFromItsProperty) {
     answer({dataOf(0x1008, 1, objectDataset(0xFFFFFFFF)), responseOf(ok, 1),
             dataOf(0x9803, 2, hexBytes("0000004001000000")), responseOf(ok, 2)});
-    const MTPObjectInfo info = client_.getObjectInfo(0x99);
+    const MTPObjectInfo info = client_->getObjectInfo(0x99);
     EXPECT_EQ(info.effectiveSize(), 0x140000000U);
     EXPECT_THAT(sent(),
                 ElementsAre(commandOf(0x1008, 1, {0x99}), commandOf(0x9803, 2, {0x99, 0xDC04})));
     answer({dataOf(0x9803, 3, hexBytes("FFFFFFFFFFFFFFFF")), responseOf(ok, 3)});
-    EXPECT_EQ(client_.getObjectSize(0x99), std::nullopt) << "no object is that large";
+    EXPECT_EQ(client_->getObjectSize(0x99), std::nullopt) << "no object is that large";
 }
 
 TEST_F(MTPClientTest, missingSizePropertyIsAskedForOnce) {
@@ -287,11 +232,11 @@ TEST_F(MTPClientTest, missingSizePropertyIsAskedForOnce) {
     std::uint32_t next = 1;
     for (const Row& row : {Row{0x2009, true}, {0x2019, true}, {0x2002, true}, {0x2005, false}}) {
         answer({responseOf(row.code, next)});
-        EXPECT_EQ(client_.getObjectSize(0x99), std::nullopt);
+        EXPECT_EQ(client_->getObjectSize(0x99), std::nullopt);
         EXPECT_THAT(sent(), ElementsAre(commandOf(0x9803, next, {0x99, 0xDC04})));
         ++next;
     }
-    EXPECT_EQ(client_.getObjectSize(0x99), std::nullopt);
+    EXPECT_EQ(client_->getObjectSize(0x99), std::nullopt);
     EXPECT_TRUE(sent().empty());
 }
 
@@ -301,13 +246,13 @@ TEST_F(MTPClientTest, transferThatCannotBeginIsNotAnnounced) {
     const MTPDataSource empty = [](std::span<std::byte>) { return std::size_t{0}; };
     const MTPDataSource source = [](std::span<std::byte> buffer) { return buffer.size(); };
     const auto upload = [&](const MTPDataSource& from, const MTPStreamOptions& options) {
-        client_.sendObject(from, 3, QStringLiteral("b"), 7, storage, options);
+        client_->sendObject(from, 3, QStringLiteral("b"), 7, storage, options);
     };
     std::stop_source stop;
     stop.request_stop();
     MTPStreamOptions stopped;
     stopped.stop = stop.get_token();
-    EXPECT_THROW(client_.getObject(
+    EXPECT_THROW(client_->getObject(
                      0x99, [](ByteView) {}, stopped),
                  CancellationError);
     EXPECT_THROW(upload(source, stopped), CancellationError);
@@ -350,7 +295,7 @@ TEST_F(MTPClientTest, openSessionOfAnEarlierClientIsClosedFirst) {
         const std::uint32_t first = last == ok ? 1 : 4;
         answer({responseOf(0x201E, first), responseOf(0x2002, first + 1),
                 responseOf(last, first + 2)});
-        client_.openSession(1);
+        client_->openSession(1);
         EXPECT_THAT(sent(),
                     ElementsAre(commandOf(0x1002, first, {1}), commandOf(0x1003, first + 1, {}),
                                 commandOf(0x1002, first + 2, {1})));
@@ -360,25 +305,25 @@ TEST_F(MTPClientTest, openSessionOfAnEarlierClientIsClosedFirst) {
 
 TEST_F(MTPClientTest, refusedSessionLeavesTheTransportClosed) {
     answer({responseOf(0x2019, 1)});
-    EXPECT_EQ(mtpFailureOf([&] { client_.openSession(1); }),
+    EXPECT_EQ(mtpFailureOf([&] { client_->openSession(1); }),
               mtpFailure("OpenSession failed with code 0x2019"));
     EXPECT_FALSE(mock_->isOpen());
     answer({responseOf(0x201E, 2), responseOf(ok, 3), responseOf(0x2002, 4)});
-    EXPECT_EQ(mtpFailureOf([&] { client_.openSession(1); }),
+    EXPECT_EQ(mtpFailureOf([&] { client_->openSession(1); }),
               mtpFailure("OpenSession failed with code 0x2002"));
     answer({responseOf(ok, 5)});
-    client_.openSession(1);
+    client_->openSession(1);
     EXPECT_TRUE(mock_->isOpen());
 }
 
 TEST_F(MTPClientTest, closingIsQuietWhateverTheDeviceSays) {
     for (const std::uint32_t first : {1U, 3U}) { // transaction IDs go on
         answer({responseOf(ok, first)});
-        client_.openSession(1);
+        client_->openSession(1);
         if (first == 1)
             answer({responseOf(0x2003, first + 1)}); // else silence
-        client_.closeSession();
-        client_.closeSession();
+        client_->closeSession();
+        client_->closeSession();
         EXPECT_FALSE(mock_->isOpen());
         EXPECT_THAT(sent(),
                     ElementsAre(commandOf(0x1002, first, {1}), commandOf(0x1003, first + 1, {})));

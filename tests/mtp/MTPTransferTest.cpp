@@ -10,7 +10,7 @@ namespace {
 /// One way of cutting a conversation into transfers.
 struct Framing {
     const char* name;
-    std::function<void(VirtualFaults&)> set;
+    std::vector<bool VirtualFaults::*> faults;
     std::uint16_t packetSize = 512;
 };
 
@@ -48,8 +48,11 @@ struct FramedPhone : public MTPPhoneFixture {
         EXPECT_EQ(phone_.android.needlessHaltClears(), 0U);
     }
 
-    void set(const std::function<void(VirtualFaults&)>& change) {
-        phone_.fault(change);
+    void set(const std::vector<bool VirtualFaults::*>& wanted) {
+        phone_.fault([&](VirtualFaults& faults) {
+            for (const auto fault : wanted)
+                faults.*fault = true;
+        });
     }
 };
 
@@ -57,39 +60,32 @@ class FramingTest : public ::testing::TestWithParam<Framing> {};
 
 TEST_P(FramingTest, everySizeComesThroughBothWays) {
     FramedPhone phone(GetParam().packetSize);
-    phone.set(GetParam().set);
+    phone.set(GetParam().faults);
     phone.transferAllSizes();
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Rows, FramingTest,
-    ::testing::Values(
-        Framing{"plain", [](VirtualFaults&) {}}, Framing{"packetsOf64", [](VirtualFaults&) {}, 64},
-        Framing{"packetsOf1024", [](VirtualFaults&) {}, 1024},
-        Framing{"headerAlone", [](VirtualFaults& faults) { faults.headerInOwnTransfer = true; }},
-        Framing{"joined", [](VirtualFaults& faults) { faults.dataAndResponseJoined = true; }},
-        Framing{"noZeroPacket", [](VirtualFaults& faults) { faults.omitsZeroPacket = true; }},
-        Framing{"extraZeroPacket", [](VirtualFaults& faults) { faults.extraZeroPacket = true; }},
-        Framing{"extraByte", [](VirtualFaults& faults) { faults.extraByte = true; }},
-        Framing{"extraByteJoined",
-                [](VirtualFaults& faults) {
-                    faults.extraByte = true;
-                    faults.dataAndResponseJoined = true;
-                }},
-        Framing{"headerAloneExtraByte",
-                [](VirtualFaults& faults) {
-                    faults.headerInOwnTransfer = true;
-                    faults.extraByte = true;
-                    faults.extraZeroPacket = true;
-                }},
-        Framing{"junkTransactionIDs",
-                [](VirtualFaults& faults) { faults.junkTransactionID = true; }}),
+    ::testing::Values(Framing{"plain", {}}, Framing{"packetsOf64", {}, 64},
+                      Framing{"packetsOf1024", {}, 1024},
+                      Framing{"headerAlone", {&VirtualFaults::headerInOwnTransfer}},
+                      Framing{"joined", {&VirtualFaults::dataAndResponseJoined}},
+                      Framing{"noZeroPacket", {&VirtualFaults::omitsZeroPacket}},
+                      Framing{"extraZeroPacket", {&VirtualFaults::extraZeroPacket}},
+                      Framing{"extraByte", {&VirtualFaults::extraByte}},
+                      Framing{"extraByteJoined",
+                              {&VirtualFaults::extraByte, &VirtualFaults::dataAndResponseJoined}},
+                      Framing{"headerAloneExtraByte",
+                              {&VirtualFaults::headerInOwnTransfer, &VirtualFaults::extraByte,
+                               &VirtualFaults::extraZeroPacket}},
+                      Framing{"junkTransactionIDs", {&VirtualFaults::junkTransactionID}}),
     [](const auto& row) { return std::string(row.param.name); });
 
 /// A phone that cancels in its own way.
 struct Cancelling {
     const char* name;
-    std::function<void(VirtualBehaviour&)> set;
+    std::vector<bool VirtualBehaviour::*> ways;
+    std::chrono::milliseconds busy{50};
 };
 
 class CancelTest : public MTPPhoneFixture, public ::testing::WithParamInterface<Cancelling> {
@@ -97,7 +93,11 @@ protected:
     static constexpr std::size_t size = 6'000'000;
 
     CancelTest() {
-        phone_.android.behaviour().update(GetParam().set);
+        phone_.android.behaviour().update([](VirtualBehaviour& behaviour) {
+            for (const auto way : GetParam().ways)
+                behaviour.*way = true;
+            behaviour.busyAfterCancel = GetParam().busy;
+        });
         put(QStringLiteral("big"), content_);
         put(QStringLiteral("small"), patternOf(100));
     }
@@ -161,18 +161,11 @@ TEST_P(CancelTest, fullDiskHereAndVanishedFileHereLeaveTheSessionUsable) {
 INSTANTIATE_TEST_SUITE_P(
     Rows, CancelTest,
     ::testing::Values(
-        Cancelling{"byTheBook", [](VirtualBehaviour&) {}},
-        Cancelling{"refused",
-                   [](VirtualBehaviour& behaviour) { behaviour.refusesCancelRequest = true; }},
-        Cancelling{"withoutStatus",
-                   [](VirtualBehaviour& behaviour) { behaviour.refusesStatusRequest = true; }},
-        Cancelling{"answered",
-                   [](VirtualBehaviour& behaviour) { behaviour.answersCancelled = true; }},
-        Cancelling{"slow",
-                   [](VirtualBehaviour& behaviour) {
-                       behaviour.busyAfterCancel = std::chrono::milliseconds(200);
-                       behaviour.answersCancelled = true;
-                   }}),
+        Cancelling{"byTheBook", {}},
+        Cancelling{"refused", {&VirtualBehaviour::refusesCancelRequest}},
+        Cancelling{"withoutStatus", {&VirtualBehaviour::refusesStatusRequest}},
+        Cancelling{"answered", {&VirtualBehaviour::answersCancelled}},
+        Cancelling{"slow", {&VirtualBehaviour::answersCancelled}, std::chrono::milliseconds(200)}),
     [](const auto& row) { return std::string(row.param.name); });
 
 class MTPConcurrencyTest : public MTPPhoneFixture {};
