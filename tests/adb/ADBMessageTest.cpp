@@ -49,27 +49,6 @@ TEST(ADBMessageTest, truncatedHeaderOrWrongMagicIsNoMessage) {
     }
 }
 
-TEST(ADBMessageTest, unknownCommandDecodesButHasNoName) {
-    const auto header = ADBMessage::decodeHeader(
-        bytesOf("ABCD\0\0\0\0\0\0\0\0\xFF\xFF\xFF\xFF\0\0\0\0\xBE\xBD\xBC\xBB"sv));
-    ASSERT_TRUE(header);
-    EXPECT_EQ(header->dataLength, 0xFFFFFFFFu);
-    EXPECT_FALSE(adbCommandFromRawValue(header->command));
-}
-
-TEST(ADBMessageTest, commandWordsAreTheirLetters) {
-    const std::pair<ADBCommand, std::string_view> rows[] = {
-        {ADBCommand::cnxn, "CNXN"}, {ADBCommand::auth, "AUTH"}, {ADBCommand::open, "OPEN"},
-        {ADBCommand::okay, "OKAY"}, {ADBCommand::clse, "CLSE"}, {ADBCommand::wrte, "WRTE"},
-        {ADBCommand::stls, "STLS"}};
-    for (const auto& [command, letters] : rows) {
-        Bytes front = ADBMessage(command, 0, 0).encode();
-        front.resize(4);
-        EXPECT_EQ(front, bytesOf(letters)) << letters;
-        EXPECT_EQ(adbCommandFromRawValue(static_cast<std::uint32_t>(command)), command);
-    }
-}
-
 } // namespace
 
 } // namespace tessary

@@ -70,28 +70,6 @@ TEST(ADBSyncCodecTest, doneEndsAListingAndCountsSixteenBytes) {
     EXPECT_FALSE(ADBSyncCodec::parseDent(bytesOf("STAT\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0"sv)));
 }
 
-TEST(ADBSyncCodecTest, onlyFoldersAreDirectories) {
-    const std::pair<std::uint32_t, bool> rows[] = {
-        {0x41ED, true}, {0x81A4, false}, {0xA1FF, false}, {0x61B0, false}, {0xC1ED, false}};
-    for (const auto& [mode, isFolder] : rows)
-        EXPECT_EQ((ADBDentEntry{mode, 0, 0, {}}).isDirectory(), isFolder) << mode;
-}
-
-TEST(ADBSyncCodecTest, wordsAreTheirLetters) {
-    using enum ADBSyncCommand;
-    const std::pair<ADBSyncCommand, std::string_view> rows[] = {
-        {list, "LIST"}, {dent, "DENT"}, {stat, "STAT"}, {lst2, "LST2"},
-        {sta2, "STA2"}, {send, "SEND"}, {recv, "RECV"}, {data, "DATA"},
-        {done, "DONE"}, {okay, "OKAY"}, {fail, "FAIL"}, {quit, "QUIT"}};
-    for (const auto& [word, letters] : rows) {
-        Bytes front = ADBSyncCodec::buildSyncCommand(word, {});
-        front.resize(4);
-        EXPECT_EQ(front, bytesOf(letters)) << letters;
-        EXPECT_EQ(adbSyncCommandFromRawValue(static_cast<std::uint32_t>(word)), word);
-    }
-    EXPECT_FALSE(adbSyncCommandFromRawValue(0x4E584E43));
-}
-
 } // namespace
 
 } // namespace tessary

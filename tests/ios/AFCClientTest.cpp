@@ -102,19 +102,6 @@ TEST_F(AFCClientTest, listsFoldersFirstThenByNameWithFacts) {
     EXPECT_EQ(failureOf([&] { (void)client_->listContents(u"/none"_s); }), notFound);
 }
 
-TEST_F(AFCClientTest, namesOfEveryKindTravelBothWays) {
-    const QStringList names{u"new\nline"_s,          u"quo\"te'"_s,   u"\U0001F600"_s,
-                            u"e\u0301 decomposed"_s, u"é composed"_s, u" blanks "_s};
-    for (const QString& name : names)
-        iphone_.write(name, name.toUtf8());
-    const auto items = client_->listContents(u"/"_s);
-    ASSERT_EQ(items.size(), static_cast<std::size_t>(names.size()));
-    for (const FileItem& item : items) {
-        EXPECT_TRUE(names.contains(item.name));
-        EXPECT_EQ(client_->readSampleBytes(item.path, 100), item.name.toUtf8());
-    }
-}
-
 TEST_F(AFCClientTest, oddFactsLeaveDefaultsAndRequiredOnesFail) {
     iphone_.write(u"a"_s, "123");
     iphone_.faults([](VirtualIPhoneFaults& faults) {

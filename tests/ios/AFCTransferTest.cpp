@@ -3,6 +3,7 @@
 #include "core/CancellationError.h"
 #include "support/Application.h"
 #include "support/IOSFailure.h"
+#include "support/ManyBytes.h"
 #include "support/PluggedIPhone.h"
 #include "support/QtPrinters.h"
 
@@ -22,13 +23,6 @@ using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
 
 constexpr qint64 mebibyte = qint64{1} << 20;
-
-QByteArray pattern(qint64 size) {
-    QByteArray bytes(size, Qt::Uninitialized);
-    for (qint64 i = 0; i < size; ++i)
-        bytes[i] = static_cast<char>((i * 31 + i / 4096) & 0xFF);
-    return bytes;
-}
 
 QStringList pathsOf(const std::vector<SkippedItem>& skipped) {
     QStringList paths;
@@ -81,7 +75,7 @@ TEST_F(AFCTransferTest, bytesDatesAndProgressAreRightAtEverySize) {
     const QDateTime date(QDate(2021, 3, 4), QTime(5, 6, 7), QTimeZone::utc());
     for (const qint64 size :
          {qint64{0}, qint64{1}, mebibyte - 1, mebibyte, mebibyte + 1, 5 * mebibyte / 2}) {
-        const QByteArray content = pattern(size);
+        const QByteArray content = manyBytes(size);
         const QString source = here_.write(u"source"_s, content);
         QFile file(source);
         ASSERT_TRUE(file.open(QIODevice::ReadWrite));
@@ -106,7 +100,7 @@ TEST_F(AFCTransferTest, bytesDatesAndProgressAreRightAtEverySize) {
 }
 
 TEST_F(AFCTransferTest, anOlderFileIsReplacedOnlyByAWholeCopy) {
-    iphone_.write(u"a"_s, pattern(3 * mebibyte));
+    iphone_.write(u"a"_s, manyBytes(3 * mebibyte));
     here_.write(u"a"_s, "old");
     refuse("afc.fileRead", 20);
     EXPECT_EQ(failureOf([&] { client_->downloadFile(u"/a"_s, here_.path(u"a"_s), 3 * mebibyte); }),
@@ -114,14 +108,14 @@ TEST_F(AFCTransferTest, anOlderFileIsReplacedOnlyByAWholeCopy) {
     EXPECT_EQ(here_.read(u"a"_s), QByteArray("old"));
     EXPECT_EQ(here_.names(), QStringList(u"a"_s));
     client_->downloadFile(u"/a"_s, here_.path(u"a"_s), 3 * mebibyte);
-    EXPECT_EQ(here_.read(u"a"_s), pattern(3 * mebibyte));
+    EXPECT_EQ(here_.read(u"a"_s), manyBytes(3 * mebibyte));
 }
 
 TEST_F(AFCTransferTest, shortAnswersAreReadOnUntilTheEnd) {
-    iphone_.write(u"a"_s, pattern(300'000));
+    iphone_.write(u"a"_s, manyBytes(300'000));
     iphone_.faults([](VirtualIPhoneFaults& faults) { faults.longestRead = 70'001; });
     client_->downloadFile(u"/a"_s, here_.path(u"a"_s), 300'000);
-    EXPECT_EQ(here_.read(u"a"_s), pattern(300'000));
+    EXPECT_EQ(here_.read(u"a"_s), manyBytes(300'000));
 }
 
 TEST_F(AFCTransferTest, aFileThatDiffersFromItsSizeIsNotKept) {
@@ -146,7 +140,7 @@ TEST_F(AFCTransferTest, aFileThatDiffersFromItsSizeIsNotKept) {
 }
 
 TEST_F(AFCTransferTest, aFullPhoneKeepsNoPartOfTheCopy) {
-    const QString big = here_.write(u"big"_s, pattern(3 * mebibyte));
+    const QString big = here_.write(u"big"_s, manyBytes(3 * mebibyte));
     iphone_.faults([](VirtualIPhoneFaults& faults) { faults.storeFullAfter = 2 * mebibyte; });
     EXPECT_EQ(failureOf([&] { client_->uploadFile(big, u"/big"_s); }),
               u"AFC Error: noSpaceLeft (code 18)"_s);
@@ -155,8 +149,8 @@ TEST_F(AFCTransferTest, aFullPhoneKeepsNoPartOfTheCopy) {
 }
 
 TEST_F(AFCTransferTest, cancelledCopiesLeaveNothing) {
-    const QString big = here_.write(u"big"_s, pattern(16 * mebibyte));
-    iphone_.write(u"big"_s, pattern(16 * mebibyte));
+    const QString big = here_.write(u"big"_s, manyBytes(16 * mebibyte));
+    iphone_.write(u"big"_s, manyBytes(16 * mebibyte));
     iphone_.faults([](VirtualIPhoneFaults& faults) {
         faults.delay[u"afc.fileRead"_s] = 100ms;
         faults.delay[u"afc.fileWrite"_s] = 100ms;
@@ -176,7 +170,7 @@ TEST_F(AFCTransferTest, cancelledCopiesLeaveNothing) {
 }
 
 TEST_F(AFCTransferTest, aFileThatShrinksWhileItIsSentIsNotKept) {
-    const QString path = here_.write(u"a"_s, pattern(4 * mebibyte));
+    const QString path = here_.write(u"a"_s, manyBytes(4 * mebibyte));
     iphone_.faults([](VirtualIPhoneFaults& faults) { faults.delay[u"afc.fileWrite"_s] = 100ms; });
     std::jthread shrink([&] {
         while (iphone_.count("afc.fileWrite") < 1)
@@ -189,7 +183,7 @@ TEST_F(AFCTransferTest, aFileThatShrinksWhileItIsSentIsNotKept) {
 }
 
 TEST_F(AFCTransferTest, aSilentPhoneKeepsNobodyWhoWantsToStop) {
-    iphone_.write(u"big"_s, pattern(4 * mebibyte));
+    iphone_.write(u"big"_s, manyBytes(4 * mebibyte));
     iphone_.faults([](VirtualIPhoneFaults& faults) {
         faults.byteFault = {VirtualIPhoneByteFault::Direction::toHost, 2 * mebibyte,
                             VirtualCut::stall};

@@ -29,39 +29,35 @@ std::vector<Operation> operations() {
     return {
         {"list",
          {"afc.readDir", "afc.getFileInfo"},
-         [](AFCClient& client, const TemporaryFolder&) { (void)client.listContents(u"/"_s); }},
+         [](auto& client, auto&) { (void)client.listContents(u"/"_s); }},
         {"createDirectory",
          {"afc.makeDir"},
-         [](AFCClient& client, const TemporaryFolder&) { client.createDirectory(u"/x"_s); }},
+         [](auto& client, auto&) { client.createDirectory(u"/x"_s); }},
         {"remove",
          {"afc.removePath", "afc.readDir", "afc.getFileInfo"},
-         [](AFCClient& client, const TemporaryFolder&) { client.removePath(u"/tree"_s); }},
+         [](auto& client, auto&) { client.removePath(u"/tree"_s); }},
         {"rename",
          {"afc.renamePath"},
-         [](AFCClient& client, const TemporaryFolder&) { client.renamePath(u"/a"_s, u"/b"_s); }},
+         [](auto& client, auto&) { client.renamePath(u"/a"_s, u"/b"_s); }},
         {"upload",
          {"afc.fileOpen", "afc.fileWrite", "afc.fileClose"},
-         [](AFCClient& client, const TemporaryFolder& here) {
-             client.uploadFile(here.path(u"source"_s), u"/up"_s);
-         }},
+         [](auto& client, auto& here) { client.uploadFile(here.path(u"source"_s), u"/up"_s); }},
         {"download",
          {"afc.fileOpen", "afc.fileRead", "afc.fileClose", "afc.getFileInfo"},
-         [](AFCClient& client, const TemporaryFolder& here) {
+         [](auto& client, auto& here) {
              (void)client.downloadFile(u"/a"_s, here.path(u"target/a"_s), size);
          }},
         {"sample",
          {"afc.fileOpen", "afc.fileRead"},
-         [](AFCClient& client, const TemporaryFolder&) {
-             (void)client.readSampleBytes(u"/a"_s, 100);
-         }},
+         [](auto& client, auto&) { (void)client.readSampleBytes(u"/a"_s, 100); }},
         {"downloadFolder",
          {"afc.readDir", "afc.getFileInfo", "afc.fileOpen", "afc.fileRead", "afc.fileClose"},
-         [](AFCClient& client, const TemporaryFolder& here) {
+         [](auto& client, auto& here) {
              (void)client.downloadDirectory(u"/"_s, here.path(u"target"_s));
          }},
         {"uploadFolder",
          {"afc.fileOpen", "afc.fileWrite", "afc.fileClose"},
-         [](AFCClient& client, const TemporaryFolder& here) {
+         [](auto& client, auto& here) {
              (void)client.uploadDirectory(here.path(u"folder"_s), u"/tree"_s);
          }},
     };

@@ -3,6 +3,7 @@
 #include "phones/AdbServer.h"
 #include "phones/VirtualAdbd.h"
 #include "platform/qt/QtProcessRunner.h"
+#include "support/ManyBytes.h"
 #include "support/QtPrinters.h"
 #include "support/TemporaryFolder.h"
 
@@ -66,13 +67,6 @@ protected:
     }
     [[nodiscard]] QByteArray content(const QString& path) const {
         return disk_.read(QStringLiteral("phone/") + path);
-    }
-    /// Bytes of which no two pieces are the same.
-    [[nodiscard]] static QByteArray manyBytes(int count) {
-        QByteArray bytes(count, Qt::Uninitialized);
-        for (int n = 0; n < count; ++n)
-            bytes[n] = static_cast<char>(n * 31 + n / 251);
-        return bytes;
     }
 
     const TemporaryFolder disk_; ///< "phone" is the phone's storage

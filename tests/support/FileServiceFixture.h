@@ -4,6 +4,7 @@
 #include "core/TessaryError.h"
 #include "files/DeviceFileService.h"
 #include "support/FakeProcessRunner.h"
+#include "support/ManyBytes.h"
 #include "support/PluggedPhone.h"
 #include "support/QtPrinters.h"
 #include "support/TemporaryFolder.h"
@@ -48,13 +49,6 @@ protected:
         ASSERT_NE(phone().android.plugInto(bus_), 0U);
     }
 
-    /// Bytes of which no two pieces are the same.
-    [[nodiscard]] static QByteArray manyBytes(int count) {
-        QByteArray bytes(count, Qt::Uninitialized);
-        for (int n = 0; n < count; ++n)
-            bytes[n] = static_cast<char>(n * 31 + n / 251);
-        return bytes;
-    }
     /// The text of the TessaryError or MTPTransportError that `work` throws; empty without one.
     template <typename Work>
     static QString failureOf(Work work) {

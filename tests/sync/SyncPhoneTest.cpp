@@ -164,17 +164,5 @@ TEST_F(SyncPhoneTest, phoneThatCannotReplaceKeepsItsVersion) {
     EXPECT_EQ(phoneFiles().at(u"a"_s), "1");
 }
 
-TEST_F(SyncPhoneTest, datesOfAnyCenturyAndTypeComeBack) {
-    for (const auto& [name, year] : {std::pair{"first", 1970}, std::pair{"last", 2107}}) {
-        here(QString::fromUtf8(name), name);
-        setDate(computer_.path(u"mac/"_s + QString::fromUtf8(name)),
-                QDateTime(QDate(year, 1, 2), QTime(3, 4, 5)));
-    }
-    onPhone(u"there"_s, "there");
-    (void)run();
-    EXPECT_EQ(hereFiles(), phoneFiles());
-    expectQuietRun();
-}
-
 } // namespace
 } // namespace tessary

@@ -183,13 +183,8 @@ TEST(SyncPlannerTest, contentKnownToDifferIsNotSampledAgain) {
 }
 
 TEST(SyncPlannerTest, whatCannotBeSyncedIsSkippedWithAReason) {
-    struct Case {
-        const char* name;
-        const char* local; ///< names of files, and after "!" of what is no file
-        const char* device;
-        const char* plan;
-    };
-    const Case cases[] = {
+    // Names of files here and there, and after "!" of what is no file.
+    const std::tuple<const char*, const char*, const char*, const char*> rows[] = {
         {"file against folder", "x y/a", "x/deep/b y",
          "x: skip, x/deep/b: skip, y: skip, y/a: skip"},
         {"link in front of files", "a !l", "l/x l", "a: upload, l: skip, l/x: skip"},
@@ -200,8 +195,8 @@ TEST(SyncPlannerTest, whatCannotBeSyncedIsSkippedWithAReason) {
         {"unicode form", "\xC3\xA9", "e\xCC\x81", "e\xCC\x81: skip, \xC3\xA9: skip"},
         {"refused name", "bad?/x good", "", "bad?/x: skip, good: upload"},
     };
-    for (const Case& row : cases) {
-        SCOPED_TRACE(row.name);
+    for (const auto& [row, local, device, plan] : rows) {
+        SCOPED_TRACE(row);
         Setting setting;
         setting.deviceNames.ignoresCase = true;
         setting.deviceNames.ignoresUnicodeForm = true;
@@ -219,9 +214,9 @@ TEST(SyncPlannerTest, whatCannotBeSyncedIsSkippedWithAReason) {
                     scan.folders.insert(name.left(n));
             }
         };
-        fill(setting.local, row.local);
-        fill(setting.device, row.device);
-        EXPECT_EQ(setting.plan().join(u", "_s), QString::fromUtf8(row.plan));
+        fill(setting.local, local);
+        fill(setting.device, device);
+        EXPECT_EQ(setting.plan().join(u", "_s), QString::fromUtf8(plan));
         for (const SyncPlannedAction& action : setting.planner().plan(true, {}).actions)
             EXPECT_EQ(action.detail.isEmpty(), action.kind != Kind::skip);
     }
@@ -251,26 +246,22 @@ TEST(SyncPlannerTest, conflictCopiesHaveFreeNames) {
 }
 
 TEST(SyncPlannerTest, massDeletionIsCalledOneByItsName) {
-    struct Case {
-        const char* name;
-        int recorded;
-        int goneHere;
-        bool warns;
-    };
-    for (const Case& row : {Case{"few", 30, 19, false}, Case{"half", 40, 20, false},
-                            Case{"more than half", 39, 20, true}, Case{"one of one", 1, 1, true},
-                            Case{"none", 50, 0, false}}) {
-        SCOPED_TRACE(row.name);
+    const std::tuple<const char*, int, int, bool> rows[] = {{"few", 30, 19, false},
+                                                            {"half", 40, 20, false},
+                                                            {"more than half", 39, 20, true},
+                                                            {"one of one", 1, 1, true}};
+    for (const auto& [name, recorded, goneHere, warns] : rows) {
+        SCOPED_TRACE(name);
         Setting setting;
         setting.record.emplace();
-        for (int n = 0; n < row.recorded; ++n) {
-            const QString name = QString::number(n);
-            setting.record->insert({name, file(1, 0)});
-            setting.device.files[name] = file(1, 0);
-            if (n >= row.goneHere)
-                setting.local.files[name] = file(1, 0);
+        for (int n = 0; n < recorded; ++n) {
+            const QString entry = QString::number(n);
+            setting.record->insert({entry, file(1, 0)});
+            setting.device.files[entry] = file(1, 0);
+            if (n >= goneHere)
+                setting.local.files[entry] = file(1, 0);
         }
-        EXPECT_EQ(!setting.planner().massDeletionWarning().isEmpty(), row.warns);
+        EXPECT_EQ(!setting.planner().massDeletionWarning().isEmpty(), warns);
     }
 }
 
