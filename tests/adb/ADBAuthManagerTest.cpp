@@ -1,5 +1,4 @@
 #include "adb/ADBAuthManager.h"
-#include "adb/ADBMessage.h"
 #include "adb/AsciiBytes.h"
 #include "phones/VirtualAdbd.h"
 #include "platform/linux/FileKeyStore.h"
@@ -7,8 +6,6 @@
 #include "support/QtPrinters.h"
 #include "support/TemporaryFolder.h"
 
-#include <arpa/inet.h>
-#include <sys/socket.h>
 #include <sys/wait.h>
 
 #include <gmock/gmock.h>
@@ -139,70 +136,6 @@ TEST_F(ADBAuthManagerTest, whatCannotBeUsedIsAnErrorAndStaysAsItIs) {
             EXPECT_THAT(error.what(), HasSubstr("Failed to generate RSA key: "));
         }
         EXPECT_EQ(folder_.read(storedKey()), stored);
-    }
-}
-
-/// A host that speaks ADB's messages over a socket.
-class RawAdbHost {
-public:
-    explicit RawAdbHost(std::uint16_t port) : socket_(::socket(AF_INET, SOCK_STREAM, 0)) {
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_port = htons(port);
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        EXPECT_EQ(
-            ::connect(socket_.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address),
-            0);
-        const timeval limit{20, 0};
-        ::setsockopt(socket_.get(), SOL_SOCKET, SO_RCVTIMEO, &limit, sizeof limit);
-    }
-    void send(ADBCommand command, std::uint32_t arg0, std::uint32_t arg1, const Bytes& payload) {
-        const Bytes bytes = ADBMessage(command, arg0, arg1, payload).encode();
-        EXPECT_EQ(::send(socket_.get(), bytes.data(), bytes.size(), MSG_NOSIGNAL),
-                  static_cast<ssize_t>(bytes.size()));
-    }
-    ADBMessage receive() {
-        auto message = ADBMessage::decodeHeader(read(ADBConstants::headerSize));
-        if (!message)
-            return {};
-        message->payload = read(message->dataLength);
-        return *message;
-    }
-
-private:
-    Bytes read(std::size_t count) {
-        Bytes bytes(count);
-        const ssize_t got = ::recv(socket_.get(), bytes.data(), count, MSG_WAITALL);
-        bytes.resize(got > 0 ? static_cast<std::size_t>(got) : 0);
-        return bytes;
-    }
-    FileHandle socket_;
-};
-
-TEST_F(ADBAuthManagerTest, phoneLetsTheKeyInAndKnowsItsSignatureTheNextTime) {
-    AdbdConfig config;
-    config.folder = folder_.makeFolder(QStringLiteral("phone"));
-    config.asksForKeys = true;
-    VirtualAdbd phone(config);
-    phone.start();
-    for (const bool isKnown : {false, true}) {
-        SCOPED_TRACE(isKnown);
-        RawAdbHost host(phone.port());
-        host.send(ADBCommand::cnxn, ADBConstants::versionV2, ADBConstants::maxPayloadV2,
-                  bytesOf(ADBConstants::defaultHostFeatures));
-        ADBMessage answer = host.receive();
-        ASSERT_EQ(adbCommandFromRawValue(answer.command), ADBCommand::auth);
-        ASSERT_EQ(answer.arg0, ADBConstants::authTypeToken);
-        host.send(ADBCommand::auth, ADBConstants::authTypeSignature, 0,
-                  manager().sign(answer.payload));
-        answer = host.receive();
-        if (!isKnown) {
-            ASSERT_EQ(adbCommandFromRawValue(answer.command), ADBCommand::auth);
-            host.send(ADBCommand::auth, ADBConstants::authTypeRSAPublicKey, 0,
-                      manager().getPublicKeyPayload());
-            answer = host.receive();
-        }
-        EXPECT_EQ(adbCommandFromRawValue(answer.command), ADBCommand::cnxn);
     }
 }
 

@@ -19,6 +19,7 @@ using ::testing::SizeIs;
 class IOKitMTPTransportTest : public ::testing::Test {
 protected:
     IOKitMTPTransportTest() {
+        bus_.attached[0].interfaces.insert(bus_.attached[0].interfaces.begin(), {8, 6, {}, {}});
         transport_.open();
         bus_.log.clear();
     }
@@ -260,6 +261,58 @@ TEST_F(IOKitMTPTransportTest, onlyUnknownLengthIsClosedByAnEmptyPacket) {
         EXPECT_EQ(bus_.logged("write 0"), row.closed ? 1U : 0U) << row.name;
         EXPECT_EQ(bus_.log.back() == "write 0", row.closed) << row.name;
     }
+}
+
+TEST_F(IOKitMTPTransportTest, cancelNamesTransactionAndInterface) {
+    EXPECT_EQ(transport_.recover(0x01020304, MTPDataPhase::toHost), MTPPipeState::quiet);
+    ASSERT_THAT(bus_.controls, SizeIs(2));
+    const ScriptedControl& cancel = bus_.controls[0];
+    EXPECT_EQ(cancel.request.requestType, 0x21);
+    EXPECT_EQ(cancel.request.request, 0x64);
+    EXPECT_EQ(cancel.request.value, 0);
+    EXPECT_EQ(cancel.request.index, 1); // the second interface
+    EXPECT_EQ(cancel.data, hexBytes("0140 04030201"));
+    const ScriptedControl& status = bus_.controls[1];
+    EXPECT_EQ(status.request.requestType, 0xA1);
+    EXPECT_EQ(status.request.request, 0x67);
+    EXPECT_EQ(status.request.index, 1);
+}
+
+TEST_F(IOKitMTPTransportTest, haltsThatTheStatusTellsOfAreCleared) {
+    bus_.statusAnswers = {hexBytes("0800 1F20 81000000")};
+    transport_.recover(3, MTPDataPhase::toHost);
+    EXPECT_THAT(bus_.log, ElementsAre("cancel", "status", "clear 1", "clear 2"));
+    bus_.log.clear();
+    bus_.statusAnswers = {hexBytes("0400 19")};
+    transport_.recover(3, MTPDataPhase::toHost);
+    EXPECT_THAT(bus_.log, ElementsAre("cancel", "status")) << "a short answer tells nothing";
+}
+
+TEST_F(IOKitMTPTransportTest, lateContainersOfBrokenOffTransactionAreDropped) {
+    transport_.recover(7, MTPDataPhase::toHost);
+    bus_.send(dataOf(0x1007, 7, Bytes(3000)));
+    bus_.send(responseOf(0x2001, 7));
+    bus_.send(responseOf(0x2009, 8));
+    EXPECT_EQ(transport_.receivePacket().header.code, 0x2009);
+
+    transport_.recover(8, MTPDataPhase::toHost);
+    bus_.send(responseOf(0x2001, 8));
+    bus_.send(dataOf(0x1009, 9, Bytes(100)));
+    std::size_t received = 0;
+    const MTPPacket packet =
+        transport_.receiveContainer([&](ByteView bytes) { received += bytes.size(); }, {});
+    EXPECT_EQ(packet.header.transactionID, 9U);
+    EXPECT_EQ(received, 100U);
+}
+
+TEST_F(IOKitMTPTransportTest, constantTransactionIDsAreNotDroppedForEver) {
+    transport_.recover(7, MTPDataPhase::toHost);
+    bus_.send(responseOf(0x2001, 7));
+    bus_.send(responseOf(0x2001, 7));
+    bus_.send(responseOf(0x2002, 7));
+    EXPECT_EQ(transport_.receivePacket().header.code, 0x2002);
+    bus_.send(responseOf(0x2003, 7));
+    EXPECT_EQ(transport_.receivePacket().header.code, 0x2003);
 }
 
 } // namespace
