@@ -32,6 +32,7 @@ TessaryApp::~TessaryApp() {
 bool TessaryApp::stop() {
     deviceManager_.stopListening();
     syncManager_.cancelAll();
+    promisedFiles_.stop();
     const bool copyHasEnded = engine_.stop(shutDownLimit);
     return Background::shutDown(shutDownLimit) && copyHasEnded;
 }

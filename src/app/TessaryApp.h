@@ -5,6 +5,7 @@
 #include "app/UpdateCheckerService.h"
 #include "devices/DeviceManager.h"
 #include "files/DeviceFileService.h"
+#include "files/PromisedFiles.h"
 #include "files/TransferEngine.h"
 #include "platform/MemoryUserDefaults.h"
 #include "platform/Notifier.h"
@@ -83,6 +84,10 @@ public:
     [[nodiscard]] TransferEngine& transferEngine() {
         return engine_;
     }
+    /// What was dragged out of the windows.
+    [[nodiscard]] PromisedFiles& promisedFiles() {
+        return promisedFiles_;
+    }
     /// Whether the notice that nothing newer was found is due; false puts it away.
     [[nodiscard]] bool showUpToDateAlertBinding() const {
         return updateChecker_.showUpToDateAlert();
@@ -104,6 +109,7 @@ public:
 private:
     DeviceFileService& files_;
     TessaryAppSetup setup_;
+    PromisedFiles promisedFiles_;
     TransferEngine engine_;
     DeviceManager deviceManager_;
     SyncManager syncManager_;

@@ -6,6 +6,7 @@
 #include "core/TessaryError.h"
 #include "core/ThreadName.h"
 #include "files/DevicePath.h"
+#include "files/OldCopies.h"
 #include "mtp/MTPInterfaceConnection.h"
 #include "platform/SystemUsbBus.h"
 #include "platform/qt/QtProcessRunner.h"
@@ -47,14 +48,6 @@ QString makeStagingDirectory() {
     const QString own = QDir::homePath() + QStringLiteral("/.cache/TessaryAndroidStaging");
     QDir().mkpath(own);
     return own;
-}
-
-/// What was dragged out on an earlier day has long been copied to where it was dropped.
-void removeOldCopies(const QString& folder) {
-    const QDateTime yesterday = QDateTime::currentDateTime().addDays(-1);
-    for (const QFileInfo& copy : QDir(folder).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot))
-        if (!copy.isSymLink() && copy.lastModified() < yesterday)
-            QDir(copy.filePath()).removeRecursively();
 }
 
 } // namespace

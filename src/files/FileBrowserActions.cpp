@@ -15,7 +15,14 @@ namespace tessary {
 
 namespace {
 
-/// Stages each entry; blocking.
+/// Why an entry cannot be dragged to this computer, whatever the way; empty when it can.
+QString obstacleTo(const FileItem& item) {
+    return isSafeName(item.name) && !isTooLongName(item.name)
+               ? QString()
+               : QStringLiteral("The name \"%1\" cannot be used on this computer.").arg(item.name);
+}
+
+/// Copies each entry beforehand; blocking.
 DragFiles stage(FileAccess& files, const std::vector<FileItem>& items,
                 const std::stop_token& stop) {
     DragFiles drag;
@@ -41,6 +48,20 @@ DragFiles stage(FileAccess& files, const std::vector<FileItem>& items,
         }
     }
     return drag;
+}
+
+/// Promises the entries, or where that cannot be done copies them beforehand; blocking.
+DragFiles prepare(const std::shared_ptr<FileAccess>& files, const std::vector<FileItem>& items,
+                  PromisedFiles* promises, const std::stop_token& stop) {
+    DragFiles drag;
+    for (const FileItem& item : items)
+        if (const QString obstacle = obstacleTo(item); !obstacle.isEmpty())
+            drag.notReady.push_back({item.path, obstacle});
+    if (!drag.notReady.empty())
+        return drag;
+    if (promises != nullptr)
+        drag.localPaths = promises->promise(files, items);
+    return drag.localPaths.isEmpty() ? stage(*files, items, stop) : drag;
 }
 
 } // namespace
@@ -265,9 +286,8 @@ FileBrowserViewModel::prepareDragURLs(const QStringList& ids,
         return std::stop_source(std::nostopstate);
     return runInBackground(
         this,
-        [files = files_, items = itemsWithIds(ids)](const std::stop_token& stop) {
-            return stage(*files, items, stop);
-        },
+        [files = files_, items = itemsWithIds(ids), promises = promises_](
+            const std::stop_token& stop) { return prepare(files, items, promises, stop); },
         [whenReady = std::move(whenReady)](BackgroundResult<DragFiles> result) {
             if (result.succeeded())
                 whenReady(result.take());

@@ -53,14 +53,27 @@ FileBrowserViewModel::FileBrowserViewModel(TransferViewModel& transfers, Browser
       openAndroid_(setup.openAndroid ? std::move(setup.openAndroid) : overSharedService()),
       openApp_(setup.openApp ? std::move(setup.openApp) : overOwnConnection()),
       previews_(setup.previews ? *setup.previews : PreviewCache::shared()),
+      promises_(setup.promises),
       breadcrumbs_(breadcrumbsOf({QStringLiteral("/"), QStringLiteral("Root")}, currentPath_)),
       typeahead_(std::move(setup.clock)) {
     reloadTimer_.setSingleShot(true);
     connect(&reloadTimer_, &QTimer::timeout, this, &FileBrowserViewModel::reloadSoon);
     connect(&transfers_, &TransferViewModel::jobFinished, this, &FileBrowserViewModel::reloadAfter);
+    if (promises_ != nullptr)
+        promises_->reportFailuresTo(
+            [self = QPointer(this)](const FileItem& item, const std::exception& error) {
+                MainThread::post([self, name = item.name, words = adviceFor(error)] {
+                    if (self)
+                        self->setError(ErrorAdvice{
+                            QStringLiteral("Failed to drag out %1: %2").arg(name, words.message),
+                            words.advice});
+                });
+            });
 }
 
 FileBrowserViewModel::~FileBrowserViewModel() {
+    if (promises_ != nullptr)
+        promises_->reportFailuresTo({});
     stopAll();
     letGo(std::move(files_));
 }

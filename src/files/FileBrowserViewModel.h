@@ -13,6 +13,7 @@
 #include "files/FolderMemory.h"
 #include "files/KnownFolders.h"
 #include "files/PreviewCache.h"
+#include "files/PromisedFiles.h"
 #include "files/TransferViewModel.h"
 #include "files/Typeahead.h"
 
@@ -63,10 +64,11 @@ struct BrowserSetup {
 
     using OpenApp = std::function<std::shared_ptr<FileAccess>(const DeviceInfo&, const AppInfo&)>;
 
-    OpenAndroid openAndroid;          ///< empty: over DeviceFileService::shared()
-    PreviewCache* previews = nullptr; ///< null: the shared one
-    Typeahead::Clock clock;           ///< empty: the steady clock
-    OpenApp openApp{};                ///< empty: over an AppFileAccess of its own
+    OpenAndroid openAndroid;           ///< empty: over DeviceFileService::shared()
+    PreviewCache* previews = nullptr;  ///< null: the shared one
+    Typeahead::Clock clock;            ///< empty: the steady clock
+    OpenApp openApp{};                 ///< empty: over an AppFileAccess of its own
+    PromisedFiles* promises = nullptr; ///< null: what is dragged out is copied beforehand
 };
 
 /// The state of the file browser for one connection: the folder shown, its rows, path bar,
@@ -267,8 +269,10 @@ public:
     void cacheFileForPreview(const QString& id);
     void cancelPreview();
     /// `whenReady` is called on the main thread, unless this is gone by then or the result
-    /// was asked to stop, which ends the copies. Folders and what takes more than about two seconds
-    /// are not ready; with a folder nothing is.
+    /// was asked to stop. Where this system can promise files the paths are there at once, and the
+    /// entries are copied as another program reads them. Elsewhere they are copied beforehand:
+    /// folders and what takes more than about two seconds are not ready then; with a folder
+    /// nothing is.
     std::stop_source prepareDragURLs(const QStringList& ids,
                                      std::function<void(const DragFiles&)> whenReady);
 
@@ -330,6 +334,7 @@ private:
     BrowserSetup::OpenAndroid openAndroid_;
     BrowserSetup::OpenApp openApp_;
     PreviewCache& previews_;
+    PromisedFiles* const promises_;
 
     std::shared_ptr<FileAccess> files_;
     std::optional<DeviceInfo> activeDevice_;

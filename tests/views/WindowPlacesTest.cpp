@@ -115,7 +115,10 @@ TEST_F(WindowPlacesTest, whatIsDraggedOutIsWholeOrNothing) {
     QFile copy(urls.front().toLocalFile());
     ASSERT_TRUE(copy.open(QIODevice::ReadOnly));
     EXPECT_EQ(copy.readAll(), "bb");
-    EXPECT_TRUE(urlsOf({entry(u"beta.txt"_s), entry(u"Trip"_s)}).isEmpty());
+    // Folders go out where this machine mounts a folder for what is dragged; elsewhere nothing
+    // does.
+    const QList<QUrl> both = urlsOf({entry(u"beta.txt"_s), entry(u"Trip"_s)});
+    EXPECT_TRUE(both.isEmpty() || QFileInfo(both.back().toLocalFile()).isDir());
 }
 
 TEST_F(WindowPlacesTest, takenNamesAreAskedAboutBothWays) {

@@ -42,6 +42,7 @@ BrowserSetup browserSetup(TessaryApp& app) {
     setup.openAndroid = [&app](const DeviceInfo& device) {
         return std::make_shared<AndroidFileAccess>(app.files(), device);
     };
+    setup.promises = &app.promisedFiles();
     return setup;
 }
 
@@ -230,7 +231,7 @@ void MainWindow::connectSync() {
 
 /// What is under way is not thrown away by a slip of the hand.
 void MainWindow::closeEvent(QCloseEvent* event) {
-    const bool isCopying = !transfers_.summary().isIdle();
+    const bool isCopying = !transfers_.summary().isIdle() || app_.promisedFiles().isBeingRead();
     if (isCopying || app_.syncManager().isRunning()) {
         QMessageBox question(QMessageBox::Question, tessary::tr("Quit Tessary"),
                              isCopying ? tessary::tr("Files are still being copied.")

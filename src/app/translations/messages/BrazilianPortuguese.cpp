@@ -228,6 +228,8 @@ constexpr std::array rows{
     TranslationRow{"Failed to move %1 of %2 items: %3", "Falha ao mover %1 de %2 itens: %3"},
     TranslationRow{"%1 and %2 more", "%1 e mais %2"},
     TranslationRow{"Internal Storage", "Armazenamento interno"},
+    TranslationRow{"Failed to drag out %1: %2", "Não foi possível arrastar %1 para fora da janela: %2"},
+    TranslationRow{"%1 changed while it was being copied. Copy it again.", "%1 mudou durante a cópia. Copie novamente."},
 };
 // clang-format on
 

@@ -228,6 +228,8 @@ constexpr std::array rows{
     TranslationRow{"Failed to move %1 of %2 items: %3", "Failed to move %1 of %2 items: %3"},
     TranslationRow{"%1 and %2 more", "%1 and %2 more"},
     TranslationRow{"Internal Storage", "Internal Storage"},
+    TranslationRow{"Failed to drag out %1: %2", "Failed to drag out %1: %2"},
+    TranslationRow{"%1 changed while it was being copied. Copy it again.", "%1 changed while it was being copied. Copy it again."},
 };
 // clang-format on
 

@@ -228,6 +228,8 @@ constexpr std::array rows{
     TranslationRow{"Failed to move %1 of %2 items: %3", "Échec du déplacement de %1 éléments sur %2 : %3"},
     TranslationRow{"%1 and %2 more", "%1 et %2 autres"},
     TranslationRow{"Internal Storage", "Stockage interne"},
+    TranslationRow{"Failed to drag out %1: %2", "Impossible de faire glisser %1 hors de la fenêtre : %2"},
+    TranslationRow{"%1 changed while it was being copied. Copy it again.", "%1 a changé pendant la copie. Copiez-le à nouveau."},
 };
 // clang-format on
 

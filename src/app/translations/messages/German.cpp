@@ -228,6 +228,8 @@ constexpr std::array rows{
     TranslationRow{"Failed to move %1 of %2 items: %3", "%1 von %2 Objekten konnten nicht verschoben werden: %3"},
     TranslationRow{"%1 and %2 more", "%1 und %2 weitere"},
     TranslationRow{"Internal Storage", "Interner Speicher"},
+    TranslationRow{"Failed to drag out %1: %2", "%1 konnte nicht herausgezogen werden: %2"},
+    TranslationRow{"%1 changed while it was being copied. Copy it again.", "%1 hat sich beim Kopieren geändert. Kopieren Sie es noch einmal."},
 };
 // clang-format on
 

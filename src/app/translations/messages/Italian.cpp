@@ -228,6 +228,8 @@ constexpr std::array rows{
     TranslationRow{"Failed to move %1 of %2 items: %3", "Impossibile spostare %1 elementi su %2: %3"},
     TranslationRow{"%1 and %2 more", "%1 e altri %2"},
     TranslationRow{"Internal Storage", "Memoria interna"},
+    TranslationRow{"Failed to drag out %1: %2", "Impossibile trascinare %1 fuori dalla finestra: %2"},
+    TranslationRow{"%1 changed while it was being copied. Copy it again.", "%1 è cambiato durante la copia. Copialo di nuovo."},
 };
 // clang-format on
 

@@ -228,6 +228,8 @@ constexpr std::array rows{
     TranslationRow{"Failed to move %1 of %2 items: %3", "%2 個中 %1 個の項目を移動できませんでした: %3"},
     TranslationRow{"%1 and %2 more", "%1 ほか %2 件"},
     TranslationRow{"Internal Storage", "内部ストレージ"},
+    TranslationRow{"Failed to drag out %1: %2", "“%1”をウインドウの外にドラッグできませんでした: %2"},
+    TranslationRow{"%1 changed while it was being copied. Copy it again.", "“%1”はコピー中に変更されました。もう一度コピーしてください。"},
 };
 // clang-format on
 

@@ -228,6 +228,8 @@ constexpr std::array rows{
     TranslationRow{"Failed to move %1 of %2 items: %3", "항목 %2개 중 %1개를 옮기지 못함: %3"},
     TranslationRow{"%1 and %2 more", "%1 외 %2개"},
     TranslationRow{"Internal Storage", "내부 저장소"},
+    TranslationRow{"Failed to drag out %1: %2", "%1을(를) 창 밖으로 끌어낼 수 없습니다: %2"},
+    TranslationRow{"%1 changed while it was being copied. Copy it again.", "%1이(가) 복사하는 동안 변경되었습니다. 다시 복사하십시오."},
 };
 // clang-format on
 

@@ -228,6 +228,8 @@ constexpr std::array rows{
     TranslationRow{"Failed to move %1 of %2 items: %3", "%2 个项目中有 %1 个无法移动：%3"},
     TranslationRow{"%1 and %2 more", "%1 以及其他 %2 个"},
     TranslationRow{"Internal Storage", "内部存储"},
+    TranslationRow{"Failed to drag out %1: %2", "无法将“%1”拖出窗口：%2"},
+    TranslationRow{"%1 changed while it was being copied. Copy it again.", "“%1”在拷贝时发生了更改。请重新拷贝。"},
 };
 // clang-format on
 

@@ -228,6 +228,8 @@ constexpr std::array rows{
     TranslationRow{"Failed to move %1 of %2 items: %3", "No se pudieron mover %1 de %2 elementos: %3"},
     TranslationRow{"%1 and %2 more", "%1 y %2 más"},
     TranslationRow{"Internal Storage", "Almacenamiento interno"},
+    TranslationRow{"Failed to drag out %1: %2", "No se pudo arrastrar %1 fuera de la ventana: %2"},
+    TranslationRow{"%1 changed while it was being copied. Copy it again.", "%1 cambió mientras se copiaba. Cópielo de nuevo."},
 };
 // clang-format on
 

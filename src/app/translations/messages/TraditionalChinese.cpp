@@ -228,6 +228,8 @@ constexpr std::array rows{
     TranslationRow{"Failed to move %1 of %2 items: %3", "%2 個項目中有 %1 個無法移動：%3"},
     TranslationRow{"%1 and %2 more", "%1 以及其他 %2 個"},
     TranslationRow{"Internal Storage", "內部儲存空間"},
+    TranslationRow{"Failed to drag out %1: %2", "無法將「%1」拖出視窗：%2"},
+    TranslationRow{"%1 changed while it was being copied. Copy it again.", "「%1」在拷貝時已變更。請重新拷貝。"},
 };
 // clang-format on
 

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "files/FileAccess.h"
+
+#include <condition_variable>
+#include <functional>
+#include <mutex>
+#include <span>
+#include <thread>
+
+namespace tessary {
+
+/// A copy of one file that can be read while it still arrives. Thread-safe.
+class PromisedCopy {
+public:
+    /// Called on a thread of the copy when it fails.
+    using Failed = std::function<void(const FileItem&, const std::exception&)>;
+
+    /// Begins the copy, into `folder`, which is empty and for it alone.
+    PromisedCopy(std::shared_ptr<FileAccess> files, FileItem item, QString folder, Failed failed);
+    /// Ends the copy and removes the folder.
+    ~PromisedCopy();
+    PromisedCopy(const PromisedCopy&) = delete;
+    PromisedCopy& operator=(const PromisedCopy&) = delete;
+
+    /// Fills `into` with what lies at `offset`, once it has arrived; the last bytes only once the
+    /// whole file is known to be good, so that nobody takes a broken copy for a whole one. Throws
+    /// std::system_error (EIO) when the copy failed, EINTR soon after `isGivenUp` says so.
+    std::size_t read(qint64 offset, std::span<std::byte> into,
+                     const std::function<bool()>& isGivenUp);
+    [[nodiscard]] bool isWhole() const;
+    /// Lets every reader go with an error.
+    void stop();
+
+private:
+    enum class State { arriving, whole, failed };
+
+    void run(const std::stop_token& stop);
+    void setState(State state);
+    [[nodiscard]] int descriptor();
+
+    const std::shared_ptr<FileAccess> files_;
+    const FileItem item_;
+    const QString folder_;
+    const Failed failed_;
+    mutable std::mutex mutex_;
+    std::condition_variable changed_;
+    State state_ = State::arriving;
+    int descriptor_ = -1; ///< of the file that arrives; it keeps its content when it is renamed
+    std::jthread thread_;
+};
+
+} // namespace tessary
