@@ -10,6 +10,8 @@
 namespace tessary {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 /// A logger whose records are kept.
 struct Recorder {
     std::vector<LogRecord> records;
@@ -19,30 +21,22 @@ struct Recorder {
 
 TEST(DiagnosticsLogger, placeholdersAreFilledOnceAndInOrder) {
     const struct {
-        const char* name;
         const char* format;
         std::initializer_list<QString> arguments;
         const char* text;
     } rows[] = {
-        {"number", "usbmuxd: %d", {QStringLiteral("-3")}, "usbmuxd: -3"},
-        {"two", "%s for %s", {QStringLiteral("a"), QStringLiteral("b")}, "a for b"},
-        {"argument holds a placeholder",
-         "%s/%s",
-         {QStringLiteral("%s"), QStringLiteral("b")},
-         "%s/b"},
-        {"too few arguments", "%s and %s", {QStringLiteral("a")}, "a and %s"},
-        {"too many arguments", "%s", {QStringLiteral("a"), QStringLiteral("b")}, "a"},
-        {"percent signs", "100% %% %x %", {QStringLiteral("a")}, "100% %% %x %"},
-        {"line break in a name", "%s", {QStringLiteral("a\nforged: b")}, "a\\u000aforged: b"},
-        {"escape and separator",
-         "%s",
-         {QStringLiteral("\u001b[2J\u2028\u0085")},
-         "\\u001b[2J\\u2028\\u0085"},
+        {"usbmuxd: %d", {u"-3"_s}, "usbmuxd: -3"},
+        {"%s/%s", {u"%s"_s, u"b"_s}, "%s/b"},
+        {"%s and %s", {u"a"_s}, "a and %s"},
+        {"%s", {u"a"_s, u"b"_s}, "a"},
+        {"100% %% %x %", {u"a"_s}, "100% %% %x %"},
+        {"%s", {u"a\nforged: b"_s}, "a\\u000aforged: b"},
+        {"%s", {u"\u001b[2J\u2028\u0085"_s}, "\\u001b[2J\\u2028\\u0085"},
     };
     Recorder recorder;
-    for (const auto& row : rows) {
-        recorder.logger.mtp.log(LogLevel::error, row.format, row.arguments);
-        EXPECT_EQ(recorder.records.back().message, QString::fromUtf8(row.text)) << row.name;
+    for (const auto& [format, arguments, text] : rows) {
+        recorder.logger.mtp.log(LogLevel::error, format, arguments);
+        EXPECT_EQ(recorder.records.back().message, QString::fromUtf8(text));
     }
 }
 

@@ -263,33 +263,6 @@ TEST_F(MTPClientTest, transferThatCannotBeginIsNotAnnounced) {
     expectUsable(1);
 }
 
-TEST(MTPClientUpload, sizeBeyond32BitsIsAnnouncedAsUnknown) {
-    struct Row {
-        std::uint64_t size;
-        std::uint32_t announced;
-        std::uint32_t length;
-    };
-    constexpr std::uint32_t full = 0xFFFFFFFF;
-    for (const Row& row : {Row{std::uint64_t{5} << 30, full, full},
-                           {full - 13U, full - 13U, full - 1U},
-                           {600'000, 600'000, 600'012}}) {
-        ScriptedUsbBus bus;
-        MTPClient client(std::make_unique<IOKitMTPTransport>(bus, 0x18D1, 0x4EE1));
-        bus.send(responseOf(ok, 1));
-        client.openSession(1);
-        bus.written.clear();
-        bus.writtenSize = 0;
-        bus.send(responseOf(ok, 2));
-        bus.send(responseOf(ok, 3));
-        const MTPDataSource zeros = [](std::span<std::byte> buffer) { return buffer.size(); };
-        client.sendObject(zeros, row.size, QStringLiteral("b"), 7, storage);
-        // 20 bytes of command, 12 of header and 60 of dataset, 12 of command, then the object
-        EXPECT_EQ(readLittleEndian<std::uint32_t>(bus.written, 20 + 12 + 8), row.announced);
-        EXPECT_EQ(readLittleEndian<std::uint32_t>(bus.written, 20 + 12 + 60 + 12), row.length);
-        EXPECT_EQ(bus.writtenSize, 20 + 12 + 60 + 12 + 12 + row.size);
-    }
-}
-
 TEST_F(MTPClientTest, openSessionOfAnEarlierClientIsClosedFirst) {
     for (const std::uint16_t last : {ok, std::uint16_t{0x201E}}) {
         const std::uint32_t first = last == ok ? 1 : 4;
@@ -328,35 +301,6 @@ TEST_F(MTPClientTest, closingIsQuietWhateverTheDeviceSays) {
         EXPECT_THAT(sent(),
                     ElementsAre(commandOf(0x1002, first, {1}), commandOf(0x1003, first + 1, {})));
     }
-}
-
-/// A client on pipes whose content is scripted.
-class MTPClientOnPipesTest : public ::testing::Test {
-protected:
-    MTPClientOnPipesTest() {
-        bus_.send(responseOf(ok, 1));
-        client_.openSession(1);
-        bus_.log.clear();
-        bus_.written.clear();
-    }
-
-    ScriptedUsbBus bus_;
-    MTPClient client_{std::make_unique<IOKitMTPTransport>(bus_, 0x18D1, 0x4EE1)};
-};
-
-TEST_F(MTPClientOnPipesTest, failedTransactionIsSettledBeforeTheNext) {
-    EXPECT_EQ(mtpFailureOf([&] { (void)client_.getObjectHandles(storage, 1); }), mtpReadTimedOut);
-    EXPECT_EQ(bus_.logged("cancel"), 0U);
-    // What comes too late is the answer to the first question, not to the second.
-    bus_.afterWrite = [&](ByteView) {
-        bus_.send(dataOf(0x1007, 2, hexBytes("01000000 11000000")));
-        bus_.send(responseOf(ok, 2));
-        bus_.send(dataOf(0x1007, 3, hexBytes("01000000 22000000")));
-        bus_.send(responseOf(ok, 3));
-    };
-    EXPECT_THAT(client_.getObjectHandles(storage, 2), ElementsAre(0x22U));
-    EXPECT_EQ(bus_.logged("cancel"), 1U);
-    EXPECT_EQ(bus_.controls[0].data, hexBytes("0140 02000000"));
 }
 
 TEST(MTPClientSession, goneDeviceIsNotTriedTwice) {

@@ -133,37 +133,6 @@ TEST_F(MTPResponderRules, uploadsAreChecked) {
     EXPECT_EQ(phone_.content(QStringLiteral("other")), QByteArray());
 }
 
-TEST_F(MTPResponderRules, uploadOfUnknownLengthEndsWithAShortPacket) {
-    host().openSession();
-    const Bytes content = patternOf(512 * 300 - 12);
-    ASSERT_EQ(announce(root, RawHost::objectInfo(u"f", 0xFFFFFFFF)), ok);
-    ASSERT_EQ(host().command(0x100D), usb::success);
-    ASSERT_EQ(host().write(containerOf(0xFFFFFFFF, 2, 0x100D, host().transactionID, content)),
-              usb::success);
-    EXPECT_TRUE(host().isQuiet()) << "the transfer has not ended";
-    ASSERT_EQ(host().write({}), usb::success);
-    EXPECT_EQ(host().answer().code, ok);
-    EXPECT_EQ(phone_.content(QStringLiteral("f")), asArray(content));
-}
-
-TEST_F(MTPResponderRules, handlesStayUntilThePhoneIsUnplugged) {
-    openAndList();
-    phone_.write(QStringLiteral("first"), "");
-    QFile::remove(phone_.disk.path(QStringLiteral("0/file")));
-    const auto after = host().handles(storage);
-    ASSERT_EQ(after.size(), 2U);
-    EXPECT_EQ(std::ranges::count(after, folder_), 1);
-    EXPECT_EQ(std::ranges::count(after, file_), 0);
-    EXPECT_EQ(host().run(0x1008, {file_}).code, 0x2009);
-    phone_.android.unplug();
-    phone_.android.plugInto(bus_);
-    reconnect();
-    host().openSession();
-    for (const std::uint32_t handle : host().handles(storage))
-        EXPECT_EQ(std::ranges::count(after, handle), 0);
-    EXPECT_EQ(host().run(0x1008, {folder_}).code, 0x2009);
-}
-
 TEST_F(MTPResponderRules, nothingTheHostSendsLeavesTheFolder) {
     ASSERT_TRUE(QFile::link(QStringLiteral("/etc"), phone_.disk.path(QStringLiteral("0/link"))));
     openAndList();

@@ -120,11 +120,8 @@ protected:
     static constexpr std::uint32_t root = 0xFFFFFFFF;
     static constexpr std::uint16_t ok = 0x2001;
 
-    void reconnect() {
-        host_.emplace(bus_, bus_.devices().at(0).id);
-    }
     [[nodiscard]] RawHost& host() {
-        return *host_;
+        return host_;
     }
     /// Uploads a file into the root.
     RawHost::Answer upload(std::u16string_view name, ByteView content) {
@@ -141,7 +138,7 @@ protected:
     PluggedPhone phone_{bus_};
 
 private:
-    std::optional<RawHost> host_{std::in_place, bus_, bus_.devices().at(0).id};
+    RawHost host_{bus_, bus_.devices().at(0).id};
 };
 
 } // namespace tessary

@@ -3,8 +3,8 @@
 import pathlib
 import re
 import shutil
-import stat
 import subprocess
+import tempfile
 
 INIT = """#!/bin/busybox sh
 /bin/busybox --install -s /bin
@@ -12,6 +12,7 @@ export PATH=/bin HOME=/tmp LC_ALL=C.UTF-8
 mount -t proc proc /proc
 mount -t sysfs sysfs /sys
 mount -t devtmpfs devtmpfs /dev
+exec </dev/console >/dev/console 2>&1
 mount -t tmpfs -o size=75% tmpfs /tmp
 echo 1 >/proc/sys/kernel/printk
 for module in {modules}; do insmod /modules/$module; done
@@ -19,39 +20,6 @@ stty -echo -onlcr
 echo @@booted
 while read -r line; do eval "$line"; done
 """
-
-
-class Archive:
-    """A cpio archive in the "newc" format."""
-
-    def __init__(self, file):
-        self._file = file
-        self._count = 0
-        self._folders = set()
-
-    def add(self, name, mode, data=b"", device=(0, 0)):
-        self._count += 1
-        encoded = name.encode() + b"\0"
-        fields = (self._count, mode, 0, 0, 1, 0, len(data), 0, 0, *device, len(encoded), 0)
-        header = b"070701" + b"".join(b"%08X" % field for field in fields) + encoded
-        for part in (header, data):
-            self._file.write(part + b"\0" * (-len(part) % 4))
-
-    def folder(self, name):
-        if name in self._folders:
-            return
-        self._folders.add(name)
-        if "/" in name:
-            self.folder(name.rpartition("/")[0])
-        self.add(name, stat.S_IFDIR | 0o755)
-
-    def file(self, name, data, mode=0o755):
-        if "/" in name:
-            self.folder(name.rpartition("/")[0])
-        self.add(name, stat.S_IFREG | mode, data)
-
-    def close(self):
-        self.add("TRAILER!!!", 0)
 
 
 def _libraries(program):
@@ -65,23 +33,29 @@ def build(target, modules, programs):
     busybox = shutil.which("busybox")
     if not busybox:
         raise FileNotFoundError("busybox is needed (package busybox-static)")
-    with open(target, "wb") as file:
-        archive = Archive(file)
-        for folder in ("bin", "dev", "proc", "sys", "tmp", "modules"):
-            archive.folder(folder)
-        archive.add("dev/console", stat.S_IFCHR | 0o600, device=(5, 1))
-        archive.file("bin/busybox", pathlib.Path(busybox).read_bytes())
-        libraries = set()
+    with tempfile.TemporaryDirectory(dir=target.parent) as scratch:
+        root = pathlib.Path(scratch)
+
+        def put(source, name):
+            (root / name).parent.mkdir(parents=True, exist_ok=True)
+            shutil.copy(source, root / name)
+
+        for folder in ("dev", "proc", "sys", "tmp"):
+            (root / folder).mkdir()
+        put(busybox, "bin/busybox")
+        libraries = set(pathlib.Path("/usr/lib/locale/C.utf8").glob("**/*"))
         for program in programs:
-            archive.file("bin/" + program.name, program.read_bytes())
-            libraries.update(_libraries(program))
-        for locale in pathlib.Path("/usr/lib/locale/C.utf8").glob("*"):
-            if locale.is_file():
-                libraries.add(str(locale))
-        for library in sorted(libraries):
-            archive.file(library.lstrip("/"), pathlib.Path(library).read_bytes())
+            put(program, f"bin/{program.name}")
+            libraries.update(pathlib.Path(library) for library in _libraries(program))
+        for library in libraries:
+            if library.is_file():
+                put(library, str(library).lstrip("/"))
         for module in modules:
-            archive.file("modules/" + module.name, module.read_bytes(), 0o644)
+            put(module, f"modules/{module.name}")
         names = " ".join(module.name for module in modules)
-        archive.file("init", INIT.replace("{modules}", names).encode())
-        archive.close()
+        (root / "init").write_text(INIT.replace("{modules}", names))
+        (root / "init").chmod(0o755)
+        files = "\n".join(str(path.relative_to(root)) for path in sorted(root.rglob("*")))
+        with open(target, "wb") as archive:
+            subprocess.run(["cpio", "--quiet", "-o", "-H", "newc"], cwd=root, stdout=archive,
+                           input=files.encode(), check=True)  # fmt: skip

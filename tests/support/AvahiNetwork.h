@@ -2,13 +2,11 @@
 
 #include "support/TemporaryFolder.h"
 
-#include <QByteArrayList>
 #include <QProcess>
 #include <QStringList>
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <memory>
 #include <vector>
 
@@ -20,7 +18,8 @@ namespace tessary {
 /// started. Nothing outside sees any of it.
 class AvahiNetwork {
 public:
-    /// Starts this test program anew in network and mount namespaces; returns in there only.
+    /// Starts this test program anew, all its tests, in network and mount namespaces; returns in
+    /// there only.
     /// False where they cannot be had.
     [[nodiscard]] static bool enter() {
         if (qEnvironmentVariableIsSet(inside))
@@ -30,18 +29,9 @@ public:
             if (QProcess::execute(QStringLiteral("unshare"), {can, QStringLiteral("true")}) != 0)
                 continue;
             qputenv(inside, "1");
-            QFile line(QStringLiteral("/proc/self/cmdline"));
-            if (!line.open(QIODevice::ReadOnly))
-                return false;
-            QByteArrayList words{"unshare", flags, "--propagation", "private", "/proc/self/exe"};
-            words[4] = QFile::symLinkTarget(QStringLiteral("/proc/self/exe")).toLocal8Bit();
-            words += line.readAll().split('\0').mid(1);
-            words.removeLast(); // what follows the last zero
-            std::vector<char*> arguments;
-            for (QByteArray& word : words)
-                arguments.push_back(word.data());
-            arguments.push_back(nullptr);
-            ::execvp(arguments[0], arguments.data());
+            const QByteArray self = QFile::symLinkTarget(QStringLiteral("/proc/self/exe")).toUtf8();
+            ::execlp("unshare", "unshare", flags, "--propagation", "private", self.constData(),
+                     nullptr);
             return false;
         }
         return false;

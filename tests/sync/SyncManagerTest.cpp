@@ -119,19 +119,6 @@ TEST_F(SyncManagerTest, questionDeletesOnlyWhatWasConfirmedAndGoesWithItsRun) {
     }
 }
 
-TEST_F(SyncManagerTest, runThatFailsEndsInPlainWords) {
-    const SyncPair pair = addPair("one");
-    local_.write(u"one/a"_s, QByteArray(100'000, 'a'));
-    phone_.fault([](VirtualFaults& faults) {
-        faults.unplug = VirtualByteFault{UsbDirection::out, 5000, 2};
-    });
-    sync_->syncPair(pair.id, *manager_, {});
-    wait();
-    EXPECT_EQ(status(pair).kind, Kind::error);
-    EXPECT_TRUE(status(pair).message.startsWith(u"The phone was unplugged."_s));
-    EXPECT_TRUE(completed_.empty());
-}
-
 TEST_F(SyncManagerTest, managerThatGoesInMidRunLeavesNothingWaiting) {
     const SyncPair pair = addPair("one");
     local_.write(u"one/big"_s, QByteArray(3'000'000, 'b'));

@@ -92,19 +92,6 @@ TEST_F(SyncRunTest, conflictKeepsBothVersionsOnBothSides) {
     }
 }
 
-TEST_F(SyncRunTest, movesOfDifferingContentKeepBoth) {
-    pair_.moveFilesEnabled = true;
-    for (const SyncMode mode : {SyncMode::toiPhone, SyncMode::toMac}) {
-        pair_.syncMode = mode;
-        here("a", "1111", 100);
-        onDevice("a", "2222", 101); // one size, one date
-        const SyncReport report = run();
-        EXPECT_FALSE(report.hasChanges());
-        ASSERT_EQ(report.skipped.size(), 1U);
-        EXPECT_EQ(world_.mac.size() + world_.device.size(), 2U);
-    }
-}
-
 /// Somebody changes a file right before the call of this number.
 TEST_F(SyncRunTest, fileThatChangesDuringTheRunIsNeverLost) {
     struct Case {
