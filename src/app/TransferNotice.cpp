@@ -3,6 +3,8 @@
 #include "app/Translations.h"
 #include "core/Printable.h"
 
+#include <QPointer>
+
 namespace tessary {
 
 TransferNotice::TransferNotice(TransferViewModel& transfers, Setup setup)
@@ -51,7 +53,10 @@ void TransferNotice::tell() const {
                           : tessary::tr("%1 of %2 items were not copied.").arg(failed_).arg(inAll);
     setup_.notifier->notify(failed_ == 0 ? tessary::tr("Copying has finished")
                                          : tessary::tr("Copying went wrong"),
-                            text);
+                            text, [self = QPointer(this)] {
+                                if (self)
+                                    self->setup_.showWindow();
+                            });
 }
 
 } // namespace tessary

@@ -23,6 +23,7 @@ public:
     struct Setup {
         std::shared_ptr<Notifier> notifier;
         std::function<bool()> isWindowActive;
+        std::function<void()> showWindow; ///< for who clicks the message
         std::function<Clock::time_point()> now = [] { return Clock::now(); };
     };
 

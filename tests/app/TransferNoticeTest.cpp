@@ -13,10 +13,13 @@ namespace {
 
 class Heard final : public Notifier {
 public:
-    void notify(const QString& title, const QString& text) override {
+    void notify(const QString& title, const QString& text,
+                std::function<void()> whenClicked) override {
         messages.append(title + QStringLiteral(": ") + text);
+        click = std::move(whenClicked);
     }
     QStringList messages;
+    std::function<void()> click;
 };
 
 class TransferNoticeTest : public Application, public testing::Test {};
@@ -45,8 +48,9 @@ TEST_F(TransferNoticeTest, onlyTheEndOfALongQueueBehindOtherWindowsIsTold) {
         TransferViewModel transfers(engine);
         const auto heard = std::make_shared<Heard>();
         TransferNotice::Clock::time_point now;
-        const TransferNotice notice(transfers,
-                                    {heard, [&] { return row.isActive; }, [&] { return now; }});
+        int shown = 0;
+        const TransferNotice notice(transfers, {heard, [&] { return row.isActive; },
+                                                [&shown] { ++shown; }, [&] { return now; }});
         const auto phone = std::make_shared<FakeFileAccess>();
         ::tessary::Gate gate;
         phone->setScript([&](const QString& operation, const std::stop_token& stop) {
@@ -64,6 +68,9 @@ TEST_F(TransferNoticeTest, onlyTheEndOfALongQueueBehindOtherWindowsIsTold) {
         gate.open();
         ASSERT_TRUE(eventually([&] { return transfers.summary().isIdle(); }));
         EXPECT_EQ(heard->messages.join(QLatin1Char('|')), QString::fromUtf8(row.told));
+        if (heard->click)
+            heard->click();
+        EXPECT_EQ(shown, heard->click ? 1 : 0);
     }
 }
 

@@ -30,7 +30,8 @@ class DesktopTest : public Application, public testing::Test {};
 
 TEST_F(DesktopTest, messagesAndFilesReachTheDesktopAndNobodyIsNoFailure) {
     bool hadNoManager = false;
-    DesktopNotifier().notify(QStringLiteral("t"), QStringLiteral("nobody listens"));
+    DesktopNotifier notifier;
+    notifier.notify(QStringLiteral("t"), QStringLiteral("nobody listens"), [] {});
     showInFileManager(QStringLiteral("/a b"), [&] { hadNoManager = true; });
     ASSERT_TRUE(eventually([&] { return hadNoManager; }));
 
@@ -44,11 +45,19 @@ TEST_F(DesktopTest, messagesAndFilesReachTheDesktopAndNobodyIsNoFailure) {
             &desktop));
         ASSERT_TRUE(bus.registerService(whole));
     }
-    DesktopNotifier().notify(QStringLiteral("Title"), QStringLiteral("<b>.txt"));
+    int clicks = 0;
+    notifier.notify(QStringLiteral("Title"), QStringLiteral("<b>.txt"), [&] { ++clicks; });
     ASSERT_TRUE(eventually([&] { return desktop.calls.size() == 1; }));
     EXPECT_EQ(desktop.calls[0].signature(), QStringLiteral("susssasa{sv}i"));
     EXPECT_EQ(desktop.calls[0].arguments().at(3).toString(), QStringLiteral("Title"));
     EXPECT_EQ(desktop.calls[0].arguments().at(4).toString(), QStringLiteral("&lt;b&gt;.txt"));
+    for (const uint id : {9U, 1U}) { // another program's message, then ours
+        QDBusMessage click = QDBusMessage::createSignal(
+            QStringLiteral("/org/freedesktop/Notifications"),
+            QStringLiteral("org.freedesktop.Notifications"), QStringLiteral("ActionInvoked"));
+        bus.send(click << id << QStringLiteral("default"));
+    }
+    EXPECT_TRUE(eventually([&] { return clicks == 1; }));
     showInFileManager(QStringLiteral("/a b#c"), [] { ADD_FAILURE() << "it was shown"; });
     ASSERT_TRUE(eventually([&] { return desktop.calls.size() == 2; }));
     EXPECT_EQ(desktop.calls[1].arguments().at(0).toStringList(),

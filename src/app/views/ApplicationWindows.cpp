@@ -36,11 +36,15 @@ QRect ApplicationWindows::screen() const {
     return mainWindow_.screen()->availableGeometry();
 }
 
+void bringToFront(QWidget& window) {
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
 void ApplicationWindows::activate() {
-    mainWindow_.setWindowState(mainWindow_.windowState() & ~Qt::WindowMinimized);
-    mainWindow_.show();
-    mainWindow_.raise();
-    mainWindow_.activateWindow();
+    bringToFront(mainWindow_);
 }
 
 void ApplicationWindows::terminate() {

@@ -6,6 +6,9 @@
 
 namespace tessary {
 
+/// Has the user see a window again, wherever it is.
+void bringToFront(QWidget& window);
+
 /// The windows of this application, with `mainWindow` as the first of them. Tells the delegate when
 /// one closes.
 class ApplicationWindows : public QObject, public AppWindows {

@@ -224,7 +224,7 @@ void BrowserView::showStatus() {
                                               .arg(browser_.editProgress().total);
     else if (browser_.isLoading())
         text += QStringLiteral("  ·  ") + tessary::tr("reading…");
-    status_->setText(text);
+    status_->setText(browser_.state() == BrowserState::ready ? text : QString());
     updateActions();
 }
 

@@ -11,6 +11,18 @@
 
 namespace tessary {
 
+namespace {
+
+QString nameOf(const DeviceInfo& device) {
+    if (device.deviceName)
+        return printable(*device.deviceName);
+    // An iPhone tells its name only to computers that it trusts.
+    return device.platform == DevicePlatform::iOS ? QStringLiteral("iPhone / iPad")
+                                                  : printable(device.udid);
+}
+
+} // namespace
+
 DeviceListModel::DeviceListModel(const DeviceManager& manager, QObject* parent)
     : QAbstractListModel(parent), manager_(manager), devices_(manager.devices()) {
     connect(&manager, &DeviceManager::devicesChanged, this, &DeviceListModel::update);
@@ -32,7 +44,7 @@ QVariant DeviceListModel::data(const QModelIndex& index, int role) const {
     const DeviceInfo* device = deviceAt(index);
     if (device == nullptr)
         return {};
-    const QString name = printable(device->deviceName.value_or(device->udid));
+    const QString name = nameOf(*device);
     switch (role) {
     case Qt::DisplayRole:
         return name;

@@ -4,6 +4,7 @@
 #include "app/TransferNotice.h"
 #include "app/Translations.h"
 #include "app/views/AppListView.h"
+#include "app/views/ApplicationWindows.h"
 #include "app/views/Icons.h"
 #include "app/views/MainMenu.h"
 #include "app/views/PlaceholderView.h"
@@ -144,8 +145,9 @@ MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* p
     makePlain(*this);
     if (const auto& notifier = app.setup().notifier)
         transferNotice_ = std::make_unique<TransferNotice>(
-            transfers_, TransferNotice::Setup{
-                            notifier, [] { return QApplication::activeWindow() != nullptr; }});
+            transfers_,
+            TransferNotice::Setup{notifier, [] { return QApplication::activeWindow() != nullptr; },
+                                  [this] { bringToFront(*this); }});
 }
 
 MainWindow::~MainWindow() {

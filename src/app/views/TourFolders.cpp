@@ -7,6 +7,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCompleter>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QTimer>
 
@@ -102,7 +103,11 @@ void Tour::edit() {
     waitFor("the new folder", [&isMade] { return isMade; });
     QObject::disconnect(made);
     shoot(QStringLiteral("new-folder"));
-    window_.browserView().currentListing().setFocus();
+    // The new name is taken as it stands.
+    if (auto* editor = window_.browserView().currentListing().findChild<QLineEdit*>()) {
+        QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+        QApplication::sendEvent(editor, &enter);
+    }
 
     // The question is a dialog that runs its own loop: the picture is taken from within it.
     QTimer::singleShot(settleTime, &window_, [this] {
