@@ -1,9 +1,6 @@
-#include "core/AFCError.h"
 #include "core/ByteFormat.h"
-#include "core/DeviceInfo.h"
 #include "core/FileItem.h"
 #include "core/PathNames.h"
-#include "core/TransferProgress.h"
 #include "support/QtPrinters.h"
 
 #include <gtest/gtest.h>
@@ -14,18 +11,6 @@
 
 namespace tessary {
 namespace {
-
-constexpr std::uint64_t gigabyte = 1'000'000'000;
-
-DeviceInfo androidPhone() {
-    DeviceInfo device;
-    device.udid = QStringLiteral("R58M");
-    device.platform = DevicePlatform::android;
-    device.protocolMode = ProtocolMode::mtp;
-    device.volumes = {{QStringLiteral("65537"), QStringLiteral("Internal Storage"), 64 * gigabyte,
-                       16 * gigabyte, false}};
-    return device;
-}
 
 FileItem file(const char* name, bool isDirectory = false) {
     return {QString::fromUtf8(name), QStringLiteral("/x"), isDirectory, 1500, std::nullopt};
@@ -56,19 +41,6 @@ TEST_F(Records, categoryFollowsTheLastExtensionOnly) {
     }
 }
 
-TEST_F(Records, storageSummaryClampsFreeAndTakesTheFirstVolume) {
-    DeviceInfo iPhone;
-    iPhone.freeStorageBytes = 5 * static_cast<qint64>(gigabyte);
-    EXPECT_EQ(iPhone.formattedStorageSummary(), std::nullopt);
-    iPhone.totalStorageBytes = 4 * static_cast<qint64>(gigabyte);
-    EXPECT_EQ(iPhone.formattedStorageSummary(), QStringLiteral("4.00 GB free of 4.00 GB"));
-
-    DeviceInfo android = androidPhone();
-    EXPECT_EQ(android.formattedStorageSummary(), QStringLiteral("16.00 GB free of 64.00 GB"));
-    android.volumes.insert(android.volumes.begin(), StorageVolume{});
-    EXPECT_EQ(android.formattedStorageSummary(), std::nullopt);
-}
-
 TEST_F(Records, byteFormatPicksTheUnitAfterRounding) {
     const std::pair<qint64, const char*> rows[] = {
         {0, "0 bytes"},
@@ -91,40 +63,12 @@ TEST_F(Records, byteFormatFollowsTheDefaultLocale) {
     EXPECT_EQ(formatBytes(12), QStringLiteral("12 Bytes"));
 }
 
-TEST(AFCErrorText, namesTheCaseAndItsNumber) {
-    const std::pair<std::int32_t, const char*> rows[] = {
-        {8, "AFC Error: objectNotFound (code 8)"}, {24, "AFC Error: unknownError (code 1)"},
-        {34, "AFC Error: sslError (code 34)"},     {35, "AFC Error: unknownError (code 1)"},
-        {-1, "AFC Error: unknownError (code 1)"},
-    };
-    for (const auto& [status, text] : rows)
-        EXPECT_EQ(description(afcErrorFromStatus(status)), QString::fromLatin1(text));
-}
-
-TEST_F(Records, neverShowsMoreDoneThanThereIs) {
-    TransferProgress progress{10, 3, 4'000'000, 1'000'000, 500'000, 900'000};
-    EXPECT_EQ(progress.fileCountDescription(), QStringLiteral("3/10 files"));
-    EXPECT_EQ(progress.bytesDescription(), QStringLiteral("1.5 MB / 4.0 MB"));
-    progress.completedFiles = 11;
-    progress.completedBytes = 4'000'000;
-    EXPECT_EQ(progress.fileCountDescription(), QStringLiteral("10/10 files"));
-    EXPECT_EQ(progress.bytesDescription(), QStringLiteral("4.0 MB / 4.0 MB"));
-}
-
-TEST(PathNames, joinsAndTakesApart) {
-    EXPECT_EQ(joinPath(QStringLiteral("/"), QStringLiteral("a")), QStringLiteral("/a"));
-    EXPECT_EQ(joinPath(QStringLiteral("/a"), QStringLiteral("b")), QStringLiteral("/a/b"));
-    EXPECT_EQ(joinPath(QStringLiteral("/a/"), QStringLiteral("b")), QStringLiteral("/a/b"));
-    struct {
-        const char* path;
-        const char* parent;
-        const char* last;
-    } const rows[] = {{"/", "/", ""},        {"/a", "/", "a"},
-                      {"/a/", "/", "a"},     {"/a/b.txt", "/a", "b.txt"},
-                      {"/a/b//", "/a", "b"}, {"a", "/", "a"}};
-    for (const auto& row : rows) {
-        EXPECT_EQ(parentPath(QString::fromLatin1(row.path)), QString::fromLatin1(row.parent));
-        EXPECT_EQ(lastComponent(QString::fromLatin1(row.path)), QString::fromLatin1(row.last));
+TEST(PathNames, areTakenApart) {
+    const std::tuple<const char*, const char*, const char*> rows[] = {
+        {"/", "/", ""}, {"/a/", "/", "a"}, {"/a/b.txt", "/a", "b.txt"}, {"/a/b//", "/a", "b"}};
+    for (const auto& [path, parent, last] : rows) {
+        EXPECT_EQ(parentPath(QString::fromLatin1(path)), QString::fromLatin1(parent));
+        EXPECT_EQ(lastComponent(QString::fromLatin1(path)), QString::fromLatin1(last));
     }
 }
 

@@ -225,13 +225,9 @@ TEST_F(MTPClientTest, trueSizeOfLargeObjectComesFromItsProperty) {
 }
 
 TEST_F(MTPClientTest, missingSizePropertyIsAskedForOnce) {
-    struct Row {
-        std::uint16_t code;
-        bool forgets; ///< asks again for the next object
-    };
     std::uint32_t next = 1;
-    for (const Row& row : {Row{0x2009, true}, {0x2019, true}, {0x2002, true}, {0x2005, false}}) {
-        answer({responseOf(row.code, next)});
+    for (const unsigned code : {0x2009U, 0x2019U, 0x2002U, 0x2005U}) { // the last one for good
+        answer({responseOf(static_cast<std::uint16_t>(code), next)});
         EXPECT_EQ(client_->getObjectSize(0x99), std::nullopt);
         EXPECT_THAT(sent(), ElementsAre(commandOf(0x9803, next, {0x99, 0xDC04})));
         ++next;

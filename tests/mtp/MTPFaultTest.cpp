@@ -31,29 +31,25 @@ void uploadNew(MTPClient& client, std::uint32_t) {
 
 const std::vector<Operation> operations{
     {"storages", UsbDirection::in, 12 + 8,
-     [](MTPClient& client, std::uint32_t) { (void)client.getStorageIDs(); }},
+     [](auto& client, auto) { (void)client.getStorageIDs(); }},
     {"storageInfo", UsbDirection::in, 12 + 26 + 49 + 1,
-     [](MTPClient& client, std::uint32_t) { (void)client.getStorageInfo(onlyStorage); }},
+     [](auto& client, auto) { (void)client.getStorageInfo(onlyStorage); }},
     {"battery", UsbDirection::in, 12 + 1,
-     [](MTPClient& client, std::uint32_t) { (void)client.getBatteryLevel(); }},
+     [](auto& client, auto) { (void)client.getBatteryLevel(); }},
     {"handles", UsbDirection::in, 12 + 4 + 4 * 200,
-     [](MTPClient& client, std::uint32_t) {
-         (void)client.getObjectHandles(onlyStorage, mtpRootHandle);
-     }},
+     [](auto& client, auto) { (void)client.getObjectHandles(onlyStorage, mtpRootHandle); }},
     {"objectInfo", UsbDirection::in, 12 + 53,
-     [](MTPClient& client, std::uint32_t handle) { (void)client.getObjectInfo(handle); }},
+     [](auto& client, auto handle) { (void)client.getObjectInfo(handle); }},
     {"objectSize", UsbDirection::in, 12 + 8,
-     [](MTPClient& client, std::uint32_t handle) { (void)client.getObjectSize(handle); }},
+     [](auto& client, auto handle) { (void)client.getObjectSize(handle); }},
     {"object", UsbDirection::in, 12 + bigSize,
-     [](MTPClient& client, std::uint32_t handle) { (void)client.getObject(handle); }},
+     [](auto& client, auto handle) { (void)client.getObject(handle); }},
     {"folder", UsbDirection::out, 12 + 64,
-     [](MTPClient& client, std::uint32_t) {
+     [](auto& client, auto) {
          client.createFolder(QStringLiteral("new"), mtpRootHandle, onlyStorage);
      }},
     {"rename", UsbDirection::out, 12 + 9,
-     [](MTPClient& client, std::uint32_t handle) {
-         client.renameObject(handle, QStringLiteral("new"));
-     }},
+     [](auto& client, auto handle) { client.renameObject(handle, QStringLiteral("new")); }},
     {"uploadInfo", UsbDirection::out, 12 + 64, uploadNew},
     {"upload", UsbDirection::out, 12 + bigSize, uploadNew, 2},
 };
@@ -203,27 +199,27 @@ TEST_P(DeadClientTest, nextClientWorks) {
 
 INSTANTIATE_TEST_SUITE_P(
     Rows, DeadClientTest,
-    ::testing::Values(
-        DeadClient{"inDownload",
-                   [](IOKitMTPTransport& transport, std::uint32_t handle) {
-                       transport.send(commandOf(0x1009, 2, {handle}));
-                       (void)transport.receive(4096);
-                   }},
-        DeadClient{"beforeResponse",
-                   [](IOKitMTPTransport& transport, std::uint32_t) {
-                       transport.send(commandOf(0x1004, 2, {}));
-                       (void)transport.receivePacket();
-                   }},
-        DeadClient{"inUpload",
-                   [](IOKitMTPTransport& transport, std::uint32_t) {
-                       announce(transport, 8'000'000);
-                       (void)mtpFailureOf([&] {
-                           transport.sendContainer({8'000'012, MTPContainerType::data, 0x100D, 3},
-                                                   8'000'000, endlessThenDead, {});
-                       });
-                   }},
-        DeadClient{"beforeUploadData",
-                   [](IOKitMTPTransport& transport, std::uint32_t) { announce(transport, 1000); }}),
+    ::testing::Values(DeadClient{"inDownload",
+                                 [](auto& transport, auto handle) {
+                                     transport.send(commandOf(0x1009, 2, {handle}));
+                                     (void)transport.receive(4096);
+                                 }},
+                      DeadClient{"beforeResponse",
+                                 [](auto& transport, auto) {
+                                     transport.send(commandOf(0x1004, 2, {}));
+                                     (void)transport.receivePacket();
+                                 }},
+                      DeadClient{"inUpload",
+                                 [](auto& transport, auto) {
+                                     announce(transport, 8'000'000);
+                                     (void)mtpFailureOf([&] {
+                                         transport.sendContainer(
+                                             {8'000'012, MTPContainerType::data, 0x100D, 3},
+                                             8'000'000, endlessThenDead, {});
+                                     });
+                                 }},
+                      DeadClient{"beforeUploadData",
+                                 [](auto& transport, auto) { announce(transport, 1000); }}),
     [](const auto& row) { return std::string(row.param.name); });
 
 } // namespace

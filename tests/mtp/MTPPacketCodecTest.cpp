@@ -47,16 +47,6 @@ TEST(MTPHeader, typeOutOfRangeIsUndefined) {
     }
 }
 
-TEST(MTPContainers, carryParametersOrPayload) {
-    const std::uint32_t parameters[] = {0x00010001, 0, 0xFFFFFFFF};
-    EXPECT_EQ(MTPPacketCodec::buildCommandPacket(MTPOperationCode::getObjectHandles, 0x01020304,
-                                                 parameters),
-              hexBytes("18000000 0100 0710 04030201 01000100 00000000 FFFFFFFF"));
-    EXPECT_EQ(MTPPacketCodec::buildDataPacket(MTPOperationCode::setObjectPropValue, 2,
-                                              hexBytes("00 'a' 0000")),
-              hexBytes("11000000 0200 0498 02000000 00 'a' 0000"));
-}
-
 TEST(MTPArrays, wholeArraysAreReadAndOthersAreEmpty) {
     EXPECT_THAT(MTPPacketCodec::decodeObjectHandles(handles),
                 ElementsAre(1U, 0xFFFFFFFFU, 0x12345678U));

@@ -49,22 +49,6 @@ TEST(VirtualIPhone, toolsListPhonesTheirValuesAndApps) {
     }
 }
 
-TEST(VirtualIPhone, pairingFollowsWhatTheOwnerOfThePhoneAnswers) {
-    VirtualIPhoneConfig config;
-    config.isPaired = false;
-    config.trust = VirtualTrust::asking;
-    PluggedIPhone iphone(config);
-    EXPECT_THAT(run(iphone, "idevicepair", "pair"), HasSubstr("trust dialog"));
-    iphone.phone.setTrust(VirtualTrust::denied);
-    EXPECT_THAT(run(iphone, "idevicepair", "pair"), HasSubstr("denied"));
-    iphone.phone.setLocked(true);
-    EXPECT_THAT(run(iphone, "idevicepair", "pair"), HasSubstr("passcode"));
-    iphone.phone.setLocked(false);
-    iphone.phone.setTrust(VirtualTrust::trusted);
-    EXPECT_THAT(run(iphone, "idevicepair", "pair"), HasSubstr("SUCCESS"));
-    EXPECT_THAT(run(iphone, "idevicepair", "validate"), HasSubstr("SUCCESS"));
-}
-
 TEST(VirtualIPhone, noPathLeavesTheContainer) {
     const PluggedIPhone iphone;
     const QString outside = iphone.disk.write(u"outside/secret"_s, "secret");

@@ -152,17 +152,5 @@ TEST_F(SyncPhoneTest, folderHereThatIsUnfitEndsTheRun) {
     EXPECT_EQ(phoneFiles().size(), 2U);
 }
 
-TEST_F(SyncPhoneTest, phoneThatCannotReplaceKeepsItsVersion) {
-    here(u"a"_s, "1");
-    (void)run();
-    phone().android.behaviour().update([](VirtualBehaviour& behaviour) {
-        behaviour.unsupportedOperations.insert(
-            static_cast<std::uint16_t>(MTPOperationCode::setObjectPropValue));
-    });
-    here(u"a"_s, "edited");
-    EXPECT_THAT(runFailure(), HasSubstr("cannot replace"));
-    EXPECT_EQ(phoneFiles().at(u"a"_s), "1");
-}
-
 } // namespace
 } // namespace tessary

@@ -167,21 +167,6 @@ TEST(SyncPlannerTest, movesDeleteTheSourceAndNothingElse) {
     EXPECT_TRUE(setting.planner().plan(false, {}).actions.back().isVouched);
 }
 
-TEST(SyncPlannerTest, contentKnownToDifferIsNotSampledAgain) {
-    Setting setting;
-    setting.mode = SyncMode::toMac;
-    setting.local.files[path] = file(5, 500);
-    setting.device.files[path] = file(5, 0);
-    setting.record = SyncFiles{{path, file(5, 0)}};
-    EXPECT_EQ(setting.planner().pathsToCompare(), QStringList(path));
-    EXPECT_TRUE(setting.planner().plan(false, {}).actions.at(0).knownToDiffer);
-    setting.record->at(path).differingDate = at(500);
-    EXPECT_EQ(setting.planner().pathsToCompare(), QStringList());
-    EXPECT_EQ(setting.plan(), QStringList(u"f.txt: leave"_s));
-    setting.local.files[path] = file(5, 600);
-    EXPECT_EQ(setting.planner().pathsToCompare(), QStringList(path));
-}
-
 TEST(SyncPlannerTest, whatCannotBeSyncedIsSkippedWithAReason) {
     // Names of files here and there, and after "!" of what is no file.
     const std::tuple<const char*, const char*, const char*, const char*> rows[] = {
