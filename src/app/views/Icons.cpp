@@ -44,6 +44,10 @@ QIcon icon(const char* name) {
     return icon(QString::fromLatin1(name));
 }
 
+QIcon lineIcon(const QString& name) {
+    return QIcon::fromTheme(name + QLatin1StringView("-symbolic"), icon(name));
+}
+
 QIcon fileIcon(const QString& symbol) {
     constexpr int drawnSize = 64;
     static QHash<QString, QIcon> drawn;

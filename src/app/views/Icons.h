@@ -10,6 +10,9 @@ namespace tessary {
 [[nodiscard]] QIcon icon(const QString& name);
 [[nodiscard]] QIcon icon(const char* name);
 
+/// A theme's icon as an outline at every size and scale: themes draw large ones in colour.
+[[nodiscard]] QIcon lineIcon(const QString& name);
+
 /// The icon of a file's symbol name, in colour at every size: themes draw small ones as outlines.
 [[nodiscard]] QIcon fileIcon(const QString& symbol);
 

@@ -71,7 +71,7 @@ QVariant PlaceListModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
         return place->title;
     case Qt::DecorationRole:
-        return icon(place->iconName);
+        return lineIcon(place->iconName);
     case Qt::ToolTipRole:
         return plainToolTip(place->toolTip.isEmpty() ? printable(place->path) : place->toolTip);
     default:
@@ -178,11 +178,11 @@ std::vector<Place> volumesOf(const DeviceInfo& device) {
     std::vector<Place> places;
     for (std::size_t i = 0; i < device.volumes.size(); ++i) {
         const StorageVolume& volume = device.volumes[i];
-        places.push_back({volume.isSDCard ? QStringLiteral("media-flash-sd-mmc")
-                                          : QStringLiteral("drive-harddisk"),
-                          printable(volume.name.isEmpty() ? volume.id : volume.name),
-                          i == 0 ? mainStorage() : QStringLiteral("/storage/") + volume.id,
-                          volume.formattedCapacity()});
+        places.push_back(
+            {volume.isSDCard ? QStringLiteral("media-flash") : QStringLiteral("drive-harddisk"),
+             printable(volume.name.isEmpty() ? volume.id : volume.name),
+             i == 0 ? mainStorage() : QStringLiteral("/storage/") + volume.id,
+             volume.formattedCapacity()});
     }
     return places;
 }

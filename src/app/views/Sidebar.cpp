@@ -27,7 +27,7 @@ constexpr int maxShownDevices = 4; ///< more of them scroll
 QWidget* makeWirelessButton(const std::function<void()>& showWireless) {
     auto* button = new QToolButton;
     button->setObjectName(QStringLiteral("wirelessButton"));
-    button->setIcon(icon("network-wireless"));
+    button->setIcon(lineIcon(QStringLiteral("network-wireless")));
     button->setIconSize({18, 18});
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setAutoRaise(true);
