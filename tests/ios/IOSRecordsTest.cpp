@@ -15,6 +15,8 @@
 namespace tessary {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 TEST(DiskUsage, isReadInEachForm) {
     constexpr qint64 largest = std::numeric_limits<qint64>::max();
     const struct {
@@ -73,7 +75,7 @@ TEST(AppLister, listsOnlyAppsThatShareFilesAndHaveAnIdentifier) {
     EXPECT_TRUE(AppLister::fileSharingAppsIn(apps.get()).empty());
     EXPECT_TRUE(AppLister::fileSharingAppsIn(nullptr).empty());
     add("com.only", plist_new_bool(1));
-    const AppInfo only{QStringLiteral("com.only"), QStringLiteral("com.only"), true, false};
+    const AppInfo only{u"com.only"_s, u"com.only"_s, true, false};
     EXPECT_EQ(AppLister::fileSharingAppsIn(apps.get()), std::vector{only});
 }
 
@@ -113,19 +115,18 @@ TEST(FileInfo, isReadAsFarAsItMakesSense) {
 }
 
 TEST(RemotePath, resolvesAgainstTheWorkingRoot) {
-    const std::tuple<const char*, const char*, const char*> rows[] = {
-        {"/Documents", "photos/a.jpg", "/Documents/photos/a.jpg"},
-        {"/Documents", "/a.jpg", "/Documents/a.jpg"},
-        {"/Documents", "/", "/Documents"},
-        {"/Documents", "/Documents/x", "/Documents/x"},
-        {"/Documents", "/DocumentsOld", "/DocumentsOld"},
-        {"Documents", "/a", "/Documents/a"},
-        {"/", "/", "/"},
-        {"", "/a", "/a"},
+    const auto resolved = [](const char* path, const char* root = "/Documents") {
+        return AFCClient::resolveRemotePath(QString::fromUtf8(path), QString::fromUtf8(root))
+            .toStdString();
     };
-    for (const auto& [root, path, expected] : rows)
-        EXPECT_EQ(AFCClient::resolveRemotePath(QString::fromUtf8(path), QString::fromUtf8(root)),
-                  QString::fromUtf8(expected));
+    EXPECT_EQ(resolved("photos/a.jpg"), "/Documents/photos/a.jpg");
+    EXPECT_EQ(resolved("/a.jpg"), "/Documents/a.jpg");
+    EXPECT_EQ(resolved("/"), "/Documents");
+    EXPECT_EQ(resolved("/Documents/x"), "/Documents/x");
+    EXPECT_EQ(resolved("/DocumentsOld"), "/DocumentsOld");
+    EXPECT_EQ(resolved("/a", "Documents"), "/Documents/a");
+    EXPECT_EQ(resolved("/", "/"), "/");
+    EXPECT_EQ(resolved("/a", ""), "/a");
 }
 
 } // namespace

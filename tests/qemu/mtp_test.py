@@ -51,13 +51,13 @@ def fill_phone(folder):
     for name in ("a.txt", "b.txt", "inner/c.txt"):
         (full / name).write_text(name)
     (folder / "single.txt").write_text("to be removed")
-    (folder / "big.bin").write_bytes(os.urandom(64 * MIB))
     with open(folder / "huge.bin", "wb") as file:
         file.truncate(5 * 1024 * MIB)
     edges = folder / "edges"
     edges.mkdir()
-    # Around one packet, one short read and one long read, with the container's header of 12 bytes.
-    for size in (0, 1, 499, 500, 501, 1012, 4084, 4085, 262132, 262144, 524276, 1048565):
+    # Around one packet, one short read and one long read, with the container's header of 12 bytes;
+    # and many reads.
+    for size in (0, 1, 499, 500, 501, 1012, 4084, 4085, 262132, 262144, 524276, 1048565, 64 * MIB):
         (edges / f"{size} bytes.bin").write_bytes(os.urandom(size))
 
 
@@ -136,8 +136,8 @@ class Test:
         check(item["size"] == 5 * 1024 * MIB, f"5 GiB shown as {item['size']} bytes")
 
     def edge_sizes_are_copied_whole(self):
-        self.expect(f"get '{self.device}' /edges /tmp/down")
-        sums = self.machine.run("cd /tmp/down; sha256sum *")
+        self.expect(f"get '{self.device}' /edges /tmp/down", 90)
+        sums = self.machine.run("cd /tmp/down; sha256sum *", 60)
         edges = sorted((self.phone / "edges").iterdir())
         expected = "".join(f"{sha256(file)}  {file.name}\n" for file in edges)
         check(sums.output == expected, "copies differ", sums)
@@ -146,23 +146,12 @@ class Test:
         unfit = "500 1012 4084 262132 524276 1048565"
         self.machine.run("mv /tmp/down /tmp/back; cd /tmp/back; "
                          f"for size in {unfit}; do rm $size\\ *; done")
-        self.expect(f"put '{self.device}' /tmp/back /")
+        self.expect(f"put '{self.device}' /tmp/back /", 90)
+        self.machine.run("rm -r /tmp/back")
         back = sorted((self.phone / "back").iterdir())
         for file in back:
             check(sha256(file) == sha256(self.phone / "edges" / file.name), f"{file.name} differs")
-        check(len(back) == 6, f"{len(back)} files arrived instead of 6")
-
-    def copies_are_equal(self):
-        down = self.expect(f"get '{self.device}' /big.bin /tmp/big.bin", 90)
-        digest = self.machine.run("sha256sum /tmp/big.bin", 60)
-        original = sha256(self.phone / "big.bin")
-        check(digest.output.split()[:1] == [original], "the download differs", digest)
-        self.expect(f"mkdir '{self.device}' /upload")
-        up = self.expect(f"put '{self.device}' /tmp/big.bin /upload", 90)
-        check(sha256(self.phone / "upload/big.bin") == original, "the upload differs", up)
-        self.machine.run("rm /tmp/big.bin")
-        rates = f"download {64 / down.seconds:.1f} MiB/s, upload {64 / up.seconds:.1f} MiB/s"
-        return rates + ", start-up included"
+        check(len(back) == 7, f"{len(back)} files arrived instead of 7")
 
     def files_and_folders_are_removed(self):
         self.expect(f"rm '{self.device}' /single.txt")
@@ -202,7 +191,7 @@ class Test:
         result = self.machine.finish(20)
         self.expect_broken_off(result, 130)
         self.expect_no_partial_file()
-        check("big.bin" in self.names("/"), "the listing afterwards is wrong")
+        check("huge.bin" in self.names("/"), "the listing afterwards is wrong")
         return f"{result.seconds:.1f} s"
 
     def interrupted_upload_ends_cleanly(self):
@@ -235,15 +224,14 @@ class Test:
         self.plug()
         self.await_enumeration()
         self.device_is_listed()
-        check("big.bin" in self.names("/"), "the listing is wrong")
+        check("huge.bin" in self.names("/"), "the listing is wrong")
 
 
 def run(arguments, scratch):
     phone = scratch / "phone"
     fill_phone(phone)
     image, modules = kernel.kernel_files(arguments.cache)
-    programs = [arguments.probe] + ([arguments.cli] if arguments.cli else [])
-    initramfs.build(scratch / "initramfs", modules, programs)
+    initramfs.build(scratch / "initramfs", modules, [arguments.probe, arguments.cli])
     devices = ["qemu-xhci,id=xhci", "usb-hub,port=2"]
     with Machine(image, scratch / "initramfs", scratch, devices) as machine:
         test = Test(machine, phone)
@@ -251,22 +239,18 @@ def run(arguments, scratch):
             test.pipes_work,
             test.holder_is_named,
             test.hot_plug_is_noticed,
+            test.device_is_listed,
+            test.thousand_files_are_listed,
+            test.sizes_beyond_32_bits_are_told,
+            test.edge_sizes_are_copied_whole,
+            test.files_and_folders_are_removed,
+            test.interrupted_download_ends_cleanly,
+            test.interrupted_upload_ends_cleanly,
+            test.unplugged_download_fails_at_once,
+            test.plugged_in_again_it_works,
+            test.unplugged_upload_fails_at_once,
+            test.plugged_in_again_it_works,
         ]
-        if arguments.cli:
-            steps += [
-                test.device_is_listed,
-                test.thousand_files_are_listed,
-                test.sizes_beyond_32_bits_are_told,
-                test.edge_sizes_are_copied_whole,
-                test.copies_are_equal,
-                test.files_and_folders_are_removed,
-                test.interrupted_download_ends_cleanly,
-                test.interrupted_upload_ends_cleanly,
-                test.unplugged_download_fails_at_once,
-                test.plugged_in_again_it_works,
-                test.unplugged_upload_fails_at_once,
-                test.plugged_in_again_it_works,
-            ]
         current = "boot"
         try:
             start = time.monotonic()
@@ -301,7 +285,7 @@ def out_of_time(*_):
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--probe", type=pathlib.Path, required=True, help="the UsbBusProbe program")
-    parser.add_argument("--cli", type=pathlib.Path, help="tessary-cli; without it, only the bus")
+    parser.add_argument("--cli", type=pathlib.Path, required=True, help="tessary-cli")
     parser.add_argument("--cache", type=pathlib.Path, required=True, help="keeps the kernel")
     arguments = parser.parse_args()
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))

@@ -168,40 +168,40 @@ TEST(SyncPlannerTest, movesDeleteTheSourceAndNothingElse) {
 }
 
 TEST(SyncPlannerTest, whatCannotBeSyncedIsSkippedWithAReason) {
-    // Names of files here and there, and after "!" of what is no file.
-    const std::tuple<const char*, const char*, const char*, const char*> rows[] = {
-        {"file against folder", "x y/a", "x/deep/b y",
-         "x: skip, x/deep/b: skip, y: skip, y/a: skip"},
-        {"link in front of files", "a !l", "l/x l", "a: upload, l: skip, l/x: skip"},
-        {"case", "A.txt b", "a.txt", "A.txt: skip, a.txt: skip, b: upload"},
-        {"case of a folder", "Dir/a", "dir/b", "Dir/a: skip, dir/b: skip"},
-        {"case, and the device keeps both", "A a", "A a", "A: in sync, a: in sync"},
-        {"two of one name for the device", "N/a N/A", "", "N/A: skip, N/a: skip"},
-        {"unicode form", "\xC3\xA9", "e\xCC\x81", "e\xCC\x81: skip, \xC3\xA9: skip"},
-        {"refused name", "bad?/x good", "", "bad?/x: skip, good: upload"},
+    // Names of files here, there, and what becomes of them; after "!" what is no file.
+    const std::pair<const char*, const char*> rows[] = {
+        {"file against folder", "x y/a | x/deep/b y | x: skip, x/deep/b: skip, y: skip, y/a: skip"},
+        {"link in front of files", "a !l | l/x l | a: upload, l: skip, l/x: skip"},
+        {"case", "A.txt b | a.txt | A.txt: skip, a.txt: skip, b: upload"},
+        {"case of a folder", "Dir/a | dir/b | Dir/a: skip, dir/b: skip"},
+        {"case, and the device keeps both", "A a | A a | A: in sync, a: in sync"},
+        {"two of one name for the device", "N/a N/A |  | N/A: skip, N/a: skip"},
+        {"unicode form", "\xC3\xA9 | e\xCC\x81 | e\xCC\x81: skip, \xC3\xA9: skip"},
+        {"refused name", "bad?/x good |  | bad?/x: skip, good: upload"},
     };
-    for (const auto& [row, local, device, plan] : rows) {
-        SCOPED_TRACE(row);
+    for (const auto& [name, trees] : rows) {
+        SCOPED_TRACE(name);
+        const QStringList parts = QString::fromUtf8(trees).split(u" | "_s);
         Setting setting;
         setting.deviceNames.ignoresCase = true;
         setting.deviceNames.ignoresUnicodeForm = true;
-        setting.deviceNames.refusal = [](QStringView name) {
-            return name.contains(u'?') ? u"no question marks"_s : QString();
+        setting.deviceNames.refusal = [](QStringView entry) {
+            return entry.contains(u'?') ? u"no question marks"_s : QString();
         };
-        const auto fill = [](SyncScan& scan, const char* names) {
-            for (const QString& name : QString::fromUtf8(names).split(u' ', Qt::SkipEmptyParts)) {
-                if (name.startsWith(u'!')) {
-                    scan.unusable[name.mid(1)] = u"a link"_s;
+        const auto fill = [](SyncScan& scan, const QString& names) {
+            for (const QString& entry : names.split(u' ', Qt::SkipEmptyParts)) {
+                if (entry.startsWith(u'!')) {
+                    scan.unusable[entry.mid(1)] = u"a link"_s;
                     continue;
                 }
-                scan.files[name] = file(1, 0);
-                for (qsizetype n = name.indexOf(u'/'); n > 0; n = name.indexOf(u'/', n + 1))
-                    scan.folders.insert(name.left(n));
+                scan.files[entry] = file(1, 0);
+                for (qsizetype n = entry.indexOf(u'/'); n > 0; n = entry.indexOf(u'/', n + 1))
+                    scan.folders.insert(entry.left(n));
             }
         };
-        fill(setting.local, local);
-        fill(setting.device, device);
-        EXPECT_EQ(setting.plan().join(u", "_s), QString::fromUtf8(plan));
+        fill(setting.local, parts[0]);
+        fill(setting.device, parts[1]);
+        EXPECT_EQ(setting.plan().join(u", "_s), parts[2]);
         for (const SyncPlannedAction& action : setting.planner().plan(true, {}).actions)
             EXPECT_EQ(action.detail.isEmpty(), action.kind != Kind::skip);
     }
