@@ -53,14 +53,6 @@ TEST(AFCClientOpening, theContainerIsTriedWhenTheDocumentsAreRefused) {
               u"House Arrest error: VendDocuments/VendContainer failed: ApplicationLookupFailed"_s);
     EXPECT_EQ(iphone.count("houseArrest.VendDocuments"), 1U);
     EXPECT_EQ(iphone.count("houseArrest.VendContainer"), 1U);
-
-    iphone.faults([](VirtualIPhoneFaults& faults) {
-        faults.houseArrestErrors.clear();
-        faults.serviceErrors[u"com.apple.mobile.house_arrest"_s] = u"InvalidService"_s;
-    });
-    EXPECT_EQ(failureOf([&] { (void)iphone.open(); }),
-              u"House Arrest error: VendDocuments/VendContainer failed: "
-              "com.apple.mobile.house_arrest failed: -27"_s);
 }
 
 TEST(AFCClientOpening, aDevelopersAppOpensByItsContainer) {

@@ -288,6 +288,25 @@ TEST_F(IOKitMTPTransportTest, haltsThatTheStatusTellsOfAreCleared) {
     EXPECT_THAT(bus_.log, ElementsAre("cancel", "status")) << "a short answer tells nothing";
 }
 
+TEST_F(IOKitMTPTransportTest, refusedCancelEndsAnUploadByTheShortestWrite) {
+    for (const auto& [after, write] : {std::pair{10, "write 12"}, std::pair{300'000, "write 0"}}) {
+        const MTPDataSource source = [rest = static_cast<std::size_t>(after)](auto buffer) mutable {
+            const std::size_t count = std::min(buffer.size(), rest);
+            rest -= count;
+            return count;
+        };
+        EXPECT_NE(mtpFailureOf([&] {
+                      transport_.sendContainer({600'012, MTPContainerType::data, 0x100D, 9},
+                                               600'000, source, {});
+                  }),
+                  "none");
+        bus_.log.clear();
+        bus_.cancelCodes = {usb::pipeStalled};
+        transport_.recover(9, MTPDataPhase::toDevice);
+        EXPECT_THAT(bus_.log, ElementsAre("cancel", write));
+    }
+}
+
 TEST_F(IOKitMTPTransportTest, lateContainersOfBrokenOffTransactionAreDropped) {
     transport_.recover(7, MTPDataPhase::toHost);
     bus_.send(dataOf(0x1007, 7, Bytes(3000)));

@@ -28,12 +28,16 @@ inline Bytes wholeContainer(std::uint16_t type, std::uint16_t code, std::uint32_
                        payload);
 }
 
+inline Bytes wordsOf(const std::vector<std::uint32_t>& values) {
+    Bytes bytes;
+    for (const std::uint32_t value : values)
+        appendLittleEndian(bytes, value);
+    return bytes;
+}
+
 inline Bytes commandOf(std::uint16_t operation, std::uint32_t transactionID,
                        const std::vector<std::uint32_t>& parameters) {
-    Bytes payload;
-    for (const std::uint32_t parameter : parameters)
-        appendLittleEndian(payload, parameter);
-    return wholeContainer(1, operation, transactionID, payload);
+    return wholeContainer(1, operation, transactionID, wordsOf(parameters));
 }
 
 inline Bytes dataOf(std::uint16_t operation, std::uint32_t transactionID, ByteView payload) {
@@ -42,10 +46,7 @@ inline Bytes dataOf(std::uint16_t operation, std::uint32_t transactionID, ByteVi
 
 inline Bytes responseOf(std::uint16_t code, std::uint32_t transactionID,
                         const std::vector<std::uint32_t>& parameters = {}) {
-    Bytes payload;
-    for (const std::uint32_t parameter : parameters)
-        appendLittleEndian(payload, parameter);
-    return wholeContainer(3, code, transactionID, payload);
+    return wholeContainer(3, code, transactionID, wordsOf(parameters));
 }
 
 /// The bytes of hexadecimal digits; blanks are skipped and "'abc'" stands for the letters as
