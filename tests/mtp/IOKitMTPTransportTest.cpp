@@ -278,14 +278,23 @@ TEST_F(IOKitMTPTransportTest, cancelNamesTransactionAndInterface) {
     EXPECT_EQ(status.request.index, 1);
 }
 
-TEST_F(IOKitMTPTransportTest, haltsThatTheStatusTellsOfAreCleared) {
-    bus_.statusAnswers = {hexBytes("0800 1F20 81000000")};
-    transport_.recover(3, MTPDataPhase::toHost);
-    EXPECT_THAT(bus_.log, ElementsAre("cancel", "status", "clear 1", "clear 2"));
-    bus_.log.clear();
-    bus_.statusAnswers = {hexBytes("0400 19")};
-    transport_.recover(3, MTPDataPhase::toHost);
-    EXPECT_THAT(bus_.log, ElementsAre("cancel", "status")) << "a short answer tells nothing";
+TEST_F(IOKitMTPTransportTest, statusIsAskedWhileTheDeviceIsBusyAndTellsOfHalts) {
+    const Bytes busy = hexBytes("0400 1920");
+    const std::pair<std::deque<Bytes>, std::vector<std::string>> rows[] = {
+        {{busy, busy, hexBytes("0400 0120")}, {"cancel", "status", "status", "status"}},
+        {{hexBytes("0400 19"), busy}, {"cancel", "status"}}, // a short answer tells nothing
+        {{hexBytes("0800 1F20 81000000")}, {"cancel", "status", "clear 1", "clear 2"}},
+    };
+    for (const auto& [answers, calls] : rows) {
+        bus_.log.clear();
+        bus_.statusAnswers = answers;
+        transport_.recover(3, MTPDataPhase::toHost);
+        EXPECT_EQ(bus_.log, calls);
+    }
+    bus_.fail(usb::pipeStalled);
+    bus_.send(Bytes(100));
+    EXPECT_EQ(transport_.recover(3, MTPDataPhase::toHost), MTPPipeState::drained);
+    EXPECT_EQ(bus_.log.back(), "clear 1");
 }
 
 TEST_F(IOKitMTPTransportTest, refusedCancelEndsAnUploadByTheShortestWrite) {
