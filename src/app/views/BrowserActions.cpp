@@ -23,6 +23,21 @@ struct Row {
     QList<QKeySequence> shortcuts;
 };
 
+// Where a Mac's file manager has other keys than a Linux desktop's. Qt's "Ctrl" is its Command key.
+#ifdef Q_OS_MACOS
+constexpr auto backKey = Qt::CTRL | Qt::Key_BracketLeft;
+constexpr auto forwardKey = Qt::CTRL | Qt::Key_BracketRight;
+constexpr auto upKey = Qt::CTRL | Qt::Key_Up;
+constexpr auto openKey = Qt::CTRL | Qt::Key_Down;
+constexpr auto removeKey = Qt::CTRL | Qt::Key_Backspace;
+#else
+constexpr auto backKey = Qt::ALT | Qt::Key_Left;
+constexpr auto forwardKey = Qt::ALT | Qt::Key_Right;
+constexpr auto upKey = Qt::ALT | Qt::Key_Up;
+constexpr auto openKey = Qt::ALT | Qt::Key_Down;
+constexpr auto removeKey = Qt::Key_Delete;
+#endif
+
 QList<QKeySequence> keys(auto... sequences) {
     return {QKeySequence(sequences)...};
 }
@@ -30,18 +45,17 @@ QList<QKeySequence> keys(auto... sequences) {
 const std::array<Row, 21>& commands() {
     using Actions = BrowserActions;
     static const std::array<Row, 21> rows{{
-        {&Actions::back, "go-previous", "Back", keys(Qt::ALT | Qt::Key_Left)},
-        {&Actions::forward, "go-next", "Forward", keys(Qt::ALT | Qt::Key_Right)},
-        {&Actions::up, "go-up", "Enclosing Folder", keys(Qt::ALT | Qt::Key_Up)},
+        {&Actions::back, "go-previous", "Back", keys(backKey)},
+        {&Actions::forward, "go-next", "Forward", keys(forwardKey)},
+        {&Actions::up, "go-up", "Enclosing Folder", keys(upKey)},
         {&Actions::goTo, "edit-rename", "Go to Folder…",
          keys(Qt::CTRL | Qt::Key_L, Qt::CTRL | Qt::SHIFT | Qt::Key_G)},
         {&Actions::reload, "view-refresh", "Reload", keys(Qt::Key_F5, Qt::CTRL | Qt::Key_R)},
-        {&Actions::open, "document-open-folder", "browser.openFolder",
-         keys(Qt::ALT | Qt::Key_Down)},
+        {&Actions::open, "document-open-folder", "browser.openFolder", keys(openKey)},
         {&Actions::newFolder, "folder-new", "browser.newFolder",
          keys(Qt::CTRL | Qt::SHIFT | Qt::Key_N)},
         {&Actions::rename, "edit-rename", "browser.rename", keys(Qt::Key_F2)},
-        {&Actions::remove, "edit-delete", "browser.delete", keys(Qt::Key_Delete)},
+        {&Actions::remove, "edit-delete", "browser.delete", keys(removeKey)},
         {&Actions::download, "download", "browser.download", keys(Qt::CTRL | Qt::Key_D)},
         {&Actions::uploadFiles, "document-import", "Copy Files Here…", keys(Qt::CTRL | Qt::Key_U)},
         {&Actions::uploadFolder, "document-import", "Copy a Folder Here…",
