@@ -51,6 +51,17 @@ const Operation operations[] = {
      }},
 };
 
+/// Fails soon and in plain words, and the client is of no more use.
+void expectLostSoon(AFCClient& client, const std::function<void()>& call) {
+    const auto begin = std::chrono::steady_clock::now();
+    const QString failure = failureOf(call);
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, bound);
+    EXPECT_TRUE(failure.startsWith(u"AFC Error: "_s)) << failure.toStdString();
+    EXPECT_TRUE(client.isLost());
+    EXPECT_EQ(failureOf([&] { (void)client.listContents(u"/"_s); }),
+              u"AFC Error: serviceNotConnected (code 11)"_s);
+}
+
 TEST(AFCUnplug, endsEveryOperationAtEveryRequestSoonAndLeavesNoPart) {
     for (const Operation& operation : operations) {
         for (const QString& request : QString::fromLatin1(operation.requests).split(u' ')) {
@@ -68,13 +79,7 @@ TEST(AFCUnplug, endsEveryOperationAtEveryRequestSoonAndLeavesNoPart) {
                 iphone.faults([&](VirtualIPhoneFaults& faults) {
                     faults.requestFault = {u"afc."_s + request, 1, afterwards, VirtualCut::unplug};
                 });
-                const auto begin = std::chrono::steady_clock::now();
-                const QString failure = failureOf([&] { operation.run(*client, here); });
-                EXPECT_LT(std::chrono::steady_clock::now() - begin, bound);
-                EXPECT_TRUE(failure.startsWith(u"AFC Error: "_s)) << failure.toStdString();
-                EXPECT_TRUE(client->isLost());
-                EXPECT_EQ(failureOf([&] { (void)client->listContents(u"/"_s); }),
-                          u"AFC Error: serviceNotConnected (code 11)"_s);
+                expectLostSoon(*client, [&] { operation.run(*client, here); });
                 // No file, or a whole one; nothing under a temporary name.
                 for (const QString& name : here.names(u"target"_s)) {
                     EXPECT_TRUE(name == u"a"_s || name == u"tree"_s) << name.toStdString();
@@ -99,16 +104,12 @@ TEST(AFCUnplug, inTheMiddleOfTheDataEndsTransfersSoon) {
                 iphone.faults([&](VirtualIPhoneFaults& faults) {
                     faults.byteFault = {direction, bytes, cut};
                 });
-                const auto begin = std::chrono::steady_clock::now();
-                const QString failure = failureOf([&] {
+                expectLostSoon(*client, [&] {
                     if (direction == Direction::toHost)
                         (void)client->downloadFile(u"/a"_s, here.path(u"a"_s), size);
                     else
                         client->uploadFile(here.path(source), u"/up"_s);
                 });
-                EXPECT_LT(std::chrono::steady_clock::now() - begin, bound);
-                EXPECT_TRUE(failure.startsWith(u"AFC Error: "_s)) << failure.toStdString();
-                EXPECT_TRUE(client->isLost());
                 EXPECT_EQ(here.names(), QStringList(source));
             }
         }

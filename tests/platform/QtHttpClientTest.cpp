@@ -5,6 +5,8 @@
 
 #include <gmock/gmock.h>
 
+#include <future>
+
 using namespace tessary;
 using testing::HasSubstr;
 
@@ -16,18 +18,8 @@ using Server = ScriptedHttpServer;
 class QtHttpClientTest : public MainLoop {
 protected:
     static HttpResponse get(const HttpRequest& request, const std::stop_token& stop = {}) {
-        std::exception_ptr error;
-        HttpResponse response;
-        std::jthread([&] {
-            try {
-                response = QtHttpClient().get(request, stop);
-            } catch (...) {
-                error = std::current_exception();
-            }
-        }).join();
-        if (error)
-            std::rethrow_exception(error);
-        return response;
+        return std::async(std::launch::async, [&] { return QtHttpClient().get(request, stop); })
+            .get();
     }
     static HttpRequest request(const QUrl& url) {
         HttpRequest request;

@@ -47,7 +47,7 @@ protected:
         entry = *found;
     }
 
-    void openInterface() {
+    void claim() {
         device = bus->device(entry.id);
         ASSERT_TRUE(device);
         ASSERT_EQ(device->open(), usb::success);
@@ -62,10 +62,6 @@ protected:
         ASSERT_NE(in, 0);
         ASSERT_NE(out, 0);
         ASSERT_EQ(interface->pipeProperties(in)->maxPacketSize, 512);
-    }
-
-    void claim() {
-        openInterface();
         ASSERT_EQ(interface->open(), usb::success);
     }
 
