@@ -255,6 +255,7 @@ std::vector<FileItem> AFCClient::listContents(const QString& at, const std::stop
                 else
                     items.push_back(itemFrom(name, joinPath(at, name), info));
             }
+            connection.requireLink();
             sortForDisplay(items);
             return std::pair(std::move(items), std::move(skipped));
         },

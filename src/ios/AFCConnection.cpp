@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <utility>
 
 namespace tessary {
@@ -134,6 +135,15 @@ std::optional<AFCFileInfo> AFCConnection::fileInfo(const QString& path) {
     if (status != AFC_E_SUCCESS || texts == nullptr)
         return std::nullopt;
     return parseFileInfo(texts);
+}
+
+void AFCConnection::requireLink() {
+    char* value = nullptr;
+    const AFCStatus status =
+        ask([&](afc_client_t afc) { return afc_get_device_info_key(afc, "Model", &value); });
+    std::free(value);
+    if (isLost_)
+        throw errorOf(status);
 }
 
 void AFCConnection::makeDirectory(const QString& path) {

@@ -50,10 +50,14 @@ public:
         isLost_ = true;
     }
 
-    /// Names in the order of the device, without "." and "..".
+    /// Names in the order of the device, without "." and "..". Some of them when the link broke off
+    /// meanwhile: see requireLink().
     [[nodiscard]] QStringList readDirectory(const QString& path);
     /// No value when the device refuses to tell; throws when the link has failed.
     [[nodiscard]] std::optional<AFCFileInfo> fileInfo(const QString& path);
+    /// Throws unless the device still answers. The library takes an answer that was cut short for a
+    /// whole one: only what another answer followed is known to have come in full.
+    void requireLink();
     void makeDirectory(const QString& path);
     void removePath(const QString& path);
     void renamePath(const QString& from, const QString& to);

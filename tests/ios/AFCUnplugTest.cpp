@@ -116,6 +116,20 @@ TEST(AFCUnplug, inTheMiddleOfTheDataEndsTransfersSoon) {
     }
 }
 
+TEST(AFCUnplug, inTheMiddleOfAListingIsAnError) {
+    for (const std::uint64_t bytes : {41, 45, 46, 47, 100}) { // the names end at 47
+        PluggedIPhone iphone;
+        iphone.write(u"a"_s, "a");
+        const auto client = iphone.open();
+        iphone.faults([&](VirtualIPhoneFaults& faults) {
+            faults.byteFault = {VirtualIPhoneByteFault::Direction::toHost, bytes,
+                                VirtualCut::close};
+        });
+        EXPECT_NE(failureOf([&] { (void)client->listContents(u"/"_s); }), u"nothing was thrown"_s)
+            << bytes;
+    }
+}
+
 TEST(AFCUnplug, whileOpeningIsAnError) {
     const struct {
         const char* request;
