@@ -10,6 +10,7 @@
 #include <QCollator>
 #include <QFileInfo>
 #include <QLocale>
+#include <QUuid>
 
 #include <algorithm>
 #include <mutex>
@@ -110,6 +111,25 @@ qint64 sendContent(AFCConnection& connection, QFile& local, AFCFile& remote,
         }
         sent += count;
         pieceDone(sent);
+    }
+}
+
+/// Where an upload goes until it is whole: the link may break at any time, and then neither a part
+/// of it nor what it was to replace can be helped any more.
+QString partPathFor(const QString& path) {
+    if (lastComponent(path).startsWith(PartFile::namePrefix))
+        return path;
+    constexpr int digits = 12;
+    return joinPath(parentPath(path),
+                    PartFile::namePrefix + QUuid::createUuid().toString(QUuid::Id128).left(digits));
+}
+
+/// A copy is whole without its date.
+void setDate(AFCConnection& connection, const QString& path, const QDateTime& date) {
+    try {
+        connection.setModifiedDate(path, date);
+    } catch (const TessaryError&) {
+        // A lost link shows at the next request.
     }
 }
 
@@ -323,25 +343,24 @@ void AFCClient::upload(const QString& localURL, const QString& remotePath,
                 throw TessaryError::fileIOError(
                     QStringLiteral("Cannot open local file for reading: %1").arg(localURL));
             const qint64 total = local.size();
-            AFCFile remote(connection, path, AFC_FOPEN_WR);
+            const QString part = partPathFor(path);
+            AFCFile remote(connection, part, AFC_FOPEN_WR);
             try {
                 const qint64 sent = sendContent(connection, local, remote, pieceDone, stop);
                 remote.close();
                 if (sent != total)
                     throw TessaryError::afcError(AFCError::writeError);
+                setDate(connection, part, local.fileTime(QFileDevice::FileModificationTime));
+                if (part != path)
+                    connection.renamePath(part, path);
             } catch (...) {
                 try {
                     remote.close();
-                    connection.removePath(path);
+                    connection.removePath(part);
                 } catch (const TessaryError&) {
                     // The first failure counts.
                 }
                 throw;
-            }
-            try {
-                connection.setModifiedDate(path, local.fileTime(QFileDevice::FileModificationTime));
-            } catch (const TessaryError&) {
-                // The copy is whole without it.
             }
         },
         stop);

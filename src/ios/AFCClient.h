@@ -75,8 +75,9 @@ public:
     void setModifiedDate(const QString& path, const QDateTime& date,
                          const std::stop_token& stop = {});
 
-    /// Copies a local file, with its date where the device takes one. What has arrived of a copy
-    /// that fails or is cancelled is removed again.
+    /// Copies a local file, with its date where the device takes one. It appears whole, in the
+    /// place of an older one, or not at all; what has arrived of a copy that fails or is cancelled
+    /// is removed again while the link lasts.
     void uploadFile(const QString& localURL, const QString& remotePath,
                     const FileProgressCallback& progress = {}, const std::stop_token& stop = {});
     /// Copies a file to a local one, with its date: whole or not at all. `fileSize` is the total

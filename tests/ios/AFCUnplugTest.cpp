@@ -100,6 +100,7 @@ TEST(AFCUnplug, inTheMiddleOfTheDataEndsTransfersSoon) {
                 const TemporaryFolder here;
                 here.write(source, QByteArray(size, 's'));
                 iphone.write(u"a"_s, QByteArray(size, 'a'));
+                iphone.write(u"up"_s, "older");
                 const auto client = iphone.open();
                 iphone.faults([&](VirtualIPhoneFaults& faults) {
                     faults.byteFault = {direction, bytes, cut};
@@ -111,6 +112,7 @@ TEST(AFCUnplug, inTheMiddleOfTheDataEndsTransfersSoon) {
                         client->uploadFile(here.path(source), u"/up"_s);
                 });
                 EXPECT_EQ(here.names(), QStringList(source));
+                EXPECT_EQ(iphone.read(u"up"_s), "older");
             }
         }
     }
