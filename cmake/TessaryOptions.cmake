@@ -2,6 +2,7 @@
 
 option(TESSARY_TESTS "Build the tests" ON)
 option(TESSARY_BENCHMARKS "Build the benchmarks" OFF)
+option(TESSARY_SOAK "Build the soak, a long run on virtual phones" OFF)
 option(TESSARY_FUZZ "Build the libFuzzer targets (clang only)" OFF)
 option(TESSARY_COVERAGE "Measure line coverage" OFF)
 set(TESSARY_UPDATE_ENDPOINT "https://updates.tessary.example" CACHE STRING

@@ -1,0 +1,172 @@
+// What holds once a round is over.
+
+#include "Round.h"
+
+#include "Story.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+
+namespace tessary {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+/// How long a job may take to end once its phone is gone, it was cancelled, or nothing stands in
+/// its way any more. The libraries' own bounds are 30 s, and closing comes on top.
+constexpr auto settleLimit = 120s;
+constexpr auto listLimit = 60s;
+
+} // namespace
+
+void Round::makePeace() {
+    for (SoakPhone* phone : phones_) {
+        phone->heal(dice_);
+        phone->plug();
+    }
+}
+
+/// Everything comes to an end: once all is well again, once the phones are gone, or once it was
+/// cancelled.
+void Round::settle() {
+    QElapsedTimer clock;
+    clock.start();
+    const int way = dice_.between(0, 2);
+    story_.tell("settle", QStringList{u"well"_s, u"gone"_s, u"cancelled"_s}[way]);
+    if (way == 0) {
+        makePeace();
+    } else if (way == 1) {
+        for (SoakPhone* phone : phones_) {
+            phone->isDisturbed = true;
+            phone->unplug();
+        }
+    } else {
+        program_.transfers.cancelAll();
+        program_.browser.cancelEdits();
+        program_.browser.cancelLoading();
+        bench_.pairs.cancel();
+    }
+    Program::await(
+        "the end of all jobs", [this] { return program_.isIdle(); }, settleLimit);
+    story_.raise("longest end of a round (ms)", clock.elapsed());
+    for (const SoakPhone* phone : phones_)
+        if (!phone->isPlugged())
+            Program::await(
+                "the end of a phone in the list", [&] { return !program_.device(*phone); },
+                listLimit);
+    makePeace();
+    for (const SoakPhone* phone : phones_)
+        Program::await(
+            "a phone in the list",
+            [&] {
+                const auto device = program_.device(*phone);
+                return device && device->isDataAccessible();
+            },
+            listLimit);
+    Program::await(
+        "the end of all reading", [this] { return program_.isIdle(); }, settleLimit);
+}
+
+void Round::checkJobs() {
+    using Status = TransferJob::TransferStatus;
+    for (const TransferJob& job : program_.transfers.jobs()) {
+        SoakPhone& phone = *copies_.value(job.id);
+        story_.tell("job", rawValue(job.status) + u' ' + job.destinationPath + u": "_s +
+                               job.error.value_or(QString()));
+        story_.add(qPrintable(u"jobs "_s + rawValue(job.status)), 1);
+        if (job.status == Status::failed && !phone.isDisturbed)
+            throw Broken(u"a copy of %1 in peace failed: %2"_s.arg(job.sourcePath, *job.error));
+        if (job.status != Status::completed)
+            continue;
+        story_.add("bytes of completed jobs", job.progress.completedBytes);
+        const bool isUpload = job.type == TransferJob::TransferType::upload;
+        const QString from = isUpload ? job.sourcePath : phone.onDisk(job.sourcePath);
+        const QString to = isUpload ? phone.onDisk(job.destinationPath) : job.destinationPath;
+        if (!job.isDirectory && Content::seedOf(from) != Content::seedOf(to))
+            throw Broken(u"%1 is not what %2 is"_s.arg(to, from));
+        const QString missing = job.isDirectory
+                                    ? Content::firstMissing(Content::read(from), Content::read(to))
+                                    : QString();
+        if (!missing.isEmpty())
+            throw Broken(u"%1 of %2 is not in %3"_s.arg(missing, from, to));
+    }
+}
+
+/// No file is cut off, no temporary one is left where it could be removed, and nothing is lost.
+void Round::checkFolders() {
+    QStringList parts;
+    (void)Content::read(bench_.folder, &parts);
+    if (!parts.isEmpty())
+        throw Broken(parts.front() + u" was left behind"_s);
+    for (SoakPhone* phone : phones_) {
+        (void)Content::read(phone->folder(), &parts);
+        if (!parts.isEmpty() && !phone->isDisturbed)
+            throw Broken(parts.front() + u" was left on the phone"_s);
+        for (const QString& part : parts)
+            QFile::remove(part);
+        parts.clear();
+        std::vector<quint64> left;
+        for (const auto& [path, seed] : Content::read(phone->folder() + u"/Edits"_s))
+            left.push_back(seed);
+        for (const auto& [path, seed] : edits_[phone])
+            if (!hasDeleted_ && std::find(left.begin(), left.end(), seed) == left.end())
+                throw Broken(u"%1 of %2 was lost"_s.arg(path, phone->name()));
+    }
+}
+
+/// The browser shows what is there, by itself if the phone has only just come back.
+void Round::checkListing(SoakPhone& phone, const QString& path) {
+    if (!program_.show(phone, path))
+        throw Broken(phone.name() + u" is not in the list"_s);
+    std::map<QString, qint64> there;
+    for (const QFileInfo& info :
+         QDir(phone.folder() + path)
+             .entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot))
+        there[info.fileName()] = info.isDir() ? 0 : info.size();
+    QElapsedTimer sinceAsked;
+    sinceAsked.start();
+    const auto showsAll = [&] {
+        // After a failure it is for the user to try again.
+        if (program_.browser.state() == BrowserState::failed && sinceAsked.elapsed() > 2000) {
+            program_.browser.reload();
+            sinceAsked.start();
+        }
+        std::map<QString, qint64> shown;
+        for (const FileItem& item : program_.browser.items())
+            shown[item.name] = item.isDirectory ? 0 : item.size;
+        return !program_.browser.isLoading() && program_.browser.state() == BrowserState::ready &&
+               shown == there;
+    };
+    story_.tell("listing", phone.name() + path);
+    Program::await("the true listing", showsAll, listLimit);
+}
+
+/// Some of it goes, by itself as far as the program can tell.
+void Round::tidy() {
+    program_.transfers.clearCompleted();
+    program_.browser.cancelPreview();
+    program_.browser.setSearchText({});
+    const auto clear = [](const QString& folder) {
+        QDir(folder).removeRecursively();
+        QDir().mkpath(folder);
+    };
+    if (dice_.happens(40))
+        clear(downloads_);
+    if (dice_.happens(10))
+        clear(outbox_);
+    for (SoakPhone* phone : phones_) {
+        phone->clearLogs();
+        for (const char* folder : {"/Inbox", "/Camera", "/Edits"})
+            if (dice_.happens(25))
+                clear(phone->folder() + QString::fromLatin1(folder));
+    }
+    if (const QString path = bench_.content.anyFile(outbox_); !path.isEmpty())
+        bench_.content.change(path);
+    if (const QString path = bench_.content.anyFile(phones_.front()->folder() + u"/Camera"_s);
+        !path.isEmpty())
+        bench_.content.change(path);
+}
+
+} // namespace tessary
