@@ -3,11 +3,11 @@
 #include "support/Application.h"
 #include "support/AvahiNetwork.h"
 #include "support/QtPrinters.h"
+#include "support/ScriptedNetwork.h"
 
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <map>
 
 namespace tessary {
 
@@ -15,43 +15,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-/// A network whose reports a test makes up.
-class ScriptedNetwork : public ServiceNetwork {
-public:
-    std::unique_ptr<ServiceBrowser> browse(const QString& type) override {
-        struct Browser : ServiceBrowser {
-            explicit Browser(Changed& slot) : slot_(slot) {}
-            ~Browser() override {
-                Browser::cancel();
-            }
-            void start(Changed changed) override {
-                slot_ = std::move(changed);
-            }
-            void cancel() override {
-                slot_ = nullptr;
-            }
-            Changed& slot_;
-        };
-        return std::make_unique<Browser>(browsers_[type]);
-    }
-    std::optional<ServiceAddress> resolve(const ServiceEndpoint&, const std::stop_token&) override {
-        return std::nullopt;
-    }
-    void report(QLatin1StringView type, const char* names) {
-        ServiceResults results{true, {}};
-        for (const QString& name :
-             QString::fromLatin1(names).split(QLatin1Char(','), Qt::SkipEmptyParts))
-            results.services.push_back({name, type, QStringLiteral("local"), 2});
-        std::thread([&] { browsers_[type](results); }).join();
-    }
-    [[nodiscard]] bool isBrowsing() {
-        return browsers_[WirelessADBDiscovery::connectType] != nullptr;
-    }
-
-private:
-    std::map<QString, ServiceBrowser::Changed> browsers_;
-};
 
 /// What came from a discovery: "name", or "name (pairing)".
 class Watch {

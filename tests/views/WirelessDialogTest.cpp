@@ -1,0 +1,100 @@
+#include "app/views/WirelessDialog.h"
+
+#include "core/Background.h"
+#include "platform/qt/QtProcessRunner.h"
+#include "support/QtPrinters.h"
+#include "support/ScriptedNetwork.h"
+#include "support/TemporaryFolder.h"
+
+#include <QLabel>
+#include <QListWidget>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace tessary {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class WirelessDialogTest : public ::testing::Test {
+protected:
+    WirelessDialogTest() {
+        Background::restart();
+        dialog_.show();
+        EXPECT_TRUE(wait([this] { return network_->isBrowsing(); }));
+    }
+    ~WirelessDialogTest() override {
+        dialog_.close();
+        EXPECT_TRUE(Background::shutDown(std::chrono::seconds(30)));
+    }
+
+    static bool wait(const std::function<bool()>& condition) {
+        return QTest::qWaitFor(condition, 15'000);
+    }
+    template <typename Widget>
+    Widget& find(const char* name) {
+        return *dialog_.findChild<Widget*>(QString::fromLatin1(name));
+    }
+    bool notes(const char* words) {
+        return wait(
+            [&] { return find<QLabel>("wirelessNote").text().contains(QLatin1StringView(words)); });
+    }
+    QString row(int number) {
+        return find<QListWidget>("wirelessList").item(number)->text();
+    }
+    /// Has adb answer this from now on.
+    void adbSays(const char* words) {
+        QFile script(disk_.write(u"adb"_s, QByteArray("#!/bin/sh\necho '") + words + "'\n"));
+        script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+
+    const TemporaryFolder disk_;
+    QtProcessRunner runner_;
+    const ADBTool adb_{runner_, QStringList{disk_.path(u"adb"_s)}};
+    const std::shared_ptr<ScriptedNetwork> network_ = std::make_shared<ScriptedNetwork>();
+    WirelessDialog dialog_{network_, adb_};
+    QPushButton& connect_ = find<QPushButton>("wirelessConnect");
+};
+
+TEST_F(WirelessDialogTest, tellsWhyNothingIsFound) {
+    auto& busy = *dialog_.findChild<QProgressBar*>();
+    network_->report(WirelessADBDiscovery::connectType, "", false);
+    EXPECT_TRUE(notes("avahi-daemon"));
+    EXPECT_FALSE(busy.isVisible());
+    network_->report(WirelessADBDiscovery::connectType, "");
+    EXPECT_TRUE(notes("developer options"));
+    EXPECT_TRUE(busy.isVisible());
+    EXPECT_FALSE(connect_.isEnabled());
+}
+
+TEST_F(WirelessDialogTest, phoneIsConnectedOrTheFailureTold) {
+    network_->address = ServiceAddress{u"10.0.0.2"_s, 4711};
+    network_->report(WirelessADBDiscovery::connectType, "adb-A-1");
+    network_->report(WirelessADBDiscovery::pairingType, "adb-B-2");
+    auto& list = find<QListWidget>("wirelessList");
+    ASSERT_TRUE(wait([&] { return list.count() == 2; }));
+    EXPECT_TRUE(row(1).endsWith(u"Waiting to be paired"_s));
+    list.setCurrentRow(1);
+    EXPECT_EQ(connect_.text(), u"Pair…"_s);
+    list.setCurrentRow(0);
+    EXPECT_EQ(connect_.text(), u"Connect"_s);
+    const std::pair<const char*, QString> rows[] = {
+        {"failed to authenticate to 10.0.0.2:4711",
+         u"Allow this computer on the phone, then connect again."_s},
+        {"connected to 10.0.0.2:4711", u"Connected"_s},
+    };
+    for (const auto& [said, shown] : rows) {
+        adbSays(said);
+        ASSERT_TRUE(connect_.isEnabled()) << said;
+        QTest::mouseClick(&connect_, Qt::LeftButton);
+        EXPECT_FALSE(connect_.isEnabled()) << "one at a time";
+        EXPECT_TRUE(row(0).endsWith(u"Connecting…"_s));
+        EXPECT_TRUE(wait([&] { return row(0).endsWith(shown); })) << row(0).toStdString();
+    }
+    EXPECT_FALSE(connect_.isEnabled());
+}
+
+} // namespace
+} // namespace tessary
