@@ -9,10 +9,10 @@
 #include "app/views/AppStyle.h"
 #include "app/views/Icons.h"
 #include "app/views/MainWindow.h"
+#include "core/StallWatch.h"
 #include "phones/VirtualAndroid.h"
 #include "platform/qt/QtProcessRunner.h"
 #include "support/PluggedPhone.h"
-#include "support/StallWatch.h"
 
 #include <QApplication>
 #include <QFile>

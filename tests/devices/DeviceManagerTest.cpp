@@ -1,7 +1,7 @@
 #include "devices/DeviceManager.h"
+#include "core/StallWatch.h"
 #include "devices/DeviceManagerFixture.h"
 #include "files/DeviceFileService.h"
-#include "support/StallWatch.h"
 
 #include <atomic>
 #include <semaphore>

@@ -1,5 +1,5 @@
 #include "WindowFixture.h"
-#include "support/StallWatch.h"
+#include "core/StallWatch.h"
 
 #include <QDragEnterEvent>
 #include <QLineEdit>

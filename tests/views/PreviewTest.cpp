@@ -5,12 +5,12 @@
 #include "app/views/PropertiesDialog.h"
 #include "app/views/ThumbnailStore.h"
 #include "core/Background.h"
+#include "core/StallWatch.h"
 #include "phones/DemoMedia.h"
 #include "phones/VirtualAndroid.h"
 #include "platform/qt/QtProcessRunner.h"
 #include "support/PluggedPhone.h"
 #include "support/QtPrinters.h"
-#include "support/StallWatch.h"
 
 #include <QApplication>
 #include <QLabel>

@@ -41,6 +41,7 @@ bool Tour::run() {
     try {
         if (!QDir().mkpath(folder_))
             throw std::runtime_error("the folder for the screenshots cannot be made");
+        watch_.emplace();
         welcome();
         browse();
         typePath();
@@ -61,7 +62,9 @@ bool Tour::run() {
         std::fprintf(stderr, "tessary: the tour stopped: %s\n", error.what());
         return false;
     }
-    std::fprintf(stderr, "tessary: %d screenshots are in %s\n", number_, qUtf8Printable(folder_));
+    std::fprintf(stderr,
+                 "tessary: %d screenshots are in %s; the window never stalled for over %lld ms\n",
+                 number_, qUtf8Printable(folder_), static_cast<long long>(watch_->longest()));
     return true;
 }
 
@@ -105,6 +108,7 @@ void Tour::shoot(const QString& name) {
     }
     if (!picture.save(file))
         throw std::runtime_error("cannot write " + file.toStdString());
+    watch_->restart();
 }
 
 void Tour::open(const QString& path) {

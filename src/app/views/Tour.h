@@ -1,11 +1,13 @@
 #pragma once
 
 #include "app/views/MainWindow.h"
+#include "core/StallWatch.h"
 
 #include <QString>
 #include <QTemporaryDir>
 
 #include <functional>
+#include <optional>
 
 namespace tessary {
 
@@ -70,6 +72,7 @@ private:
     /// Makes a local file that takes a while to copy.
     static QString writeSample(const QString& path);
 
+    std::optional<StallWatch> watch_; ///< of the window, not of the taking of pictures
     MainWindow& window_;
     TourPhone phone_;
     TourIPhone iPhone_;

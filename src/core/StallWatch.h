@@ -8,7 +8,7 @@
 namespace tessary {
 
 /// Measures the longest time for which the main thread did not get round to its event loop. On the
-/// main thread, from construction on.
+/// main thread, from construction on; it never lets the loop rest.
 class StallWatch {
 public:
     StallWatch() {
@@ -18,6 +18,10 @@ public:
         timer_.start(0);
     }
 
+    /// Leaves out the time since the loop was last round.
+    void restart() {
+        clock_.restart();
+    }
     /// Milliseconds.
     [[nodiscard]] qint64 longest() const {
         return longest_;
