@@ -1,5 +1,6 @@
 #include "adb/ADBAuthManager.h"
 
+#include "core/FreeWith.h"
 #include "platform/HostInfo.h"
 
 #include <openssl/bio.h>
@@ -18,15 +19,8 @@ namespace {
 
 constexpr int keyBits = 2048;
 
-template <auto release>
-struct Release {
-    template <typename T>
-    void operator()(T* object) const {
-        release(object);
-    }
-};
-using Text = std::unique_ptr<BIO, Release<BIO_free_all>>;
-using Context = std::unique_ptr<EVP_PKEY_CTX, Release<EVP_PKEY_CTX_free>>;
+using Text = std::unique_ptr<BIO, FreeWith<BIO_free_all>>;
+using Context = std::unique_ptr<EVP_PKEY_CTX, FreeWith<EVP_PKEY_CTX_free>>;
 
 /// What OpenSSL says of the failure that has just happened on this thread.
 QString reasonOr(const QString& unknown) {
@@ -120,7 +114,7 @@ Bytes ADBAuthManager::getPublicKeyPayload() {
     const PrivateKey key = getOrCreatePrivateKey();
     unsigned char* encoded = nullptr;
     const int size = i2d_PublicKey(key.get(), &encoded);
-    const std::unique_ptr<unsigned char, Release<[](void* bytes) { OPENSSL_free(bytes); }>> der(
+    const std::unique_ptr<unsigned char, FreeWith<[](void* bytes) { OPENSSL_free(bytes); }>> der(
         encoded);
     if (size <= 0)
         throw ADBError(ADBError::Case::noPublicKey,

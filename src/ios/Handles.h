@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/FreeWith.h"
+
 #include <libimobiledevice/afc.h>
 #include <libimobiledevice/house_arrest.h>
 #include <libimobiledevice/installation_proxy.h>
@@ -15,21 +17,6 @@ namespace tessary {
 
 // The library's handles, each with the library's own free function.
 
-template <auto free>
-struct FreeWith {
-    template <typename Handle>
-    void operator()(Handle* handle) const {
-        (void)free(handle);
-    }
-};
-
-struct FreePlist {
-    using pointer = plist_t;
-    void operator()(plist_t node) const {
-        plist_free(node);
-    }
-};
-
 template <typename Handle, auto free>
 using LibraryHandle = std::unique_ptr<std::remove_pointer_t<Handle>, FreeWith<free>>;
 
@@ -42,7 +29,7 @@ using AFCHandle = LibraryHandle<afc_client_t, afc_client_free>;
 using InstallationProxyHandle = LibraryHandle<instproxy_client_t, instproxy_client_free>;
 /// A list of texts that ends with a null pointer.
 using AFCTexts = LibraryHandle<char**, afc_dictionary_free>;
-using PlistHandle = std::unique_ptr<void, FreePlist>;
+using PlistHandle = std::unique_ptr<void, FreeWith<plist_free>>;
 using LibraryText = LibraryHandle<char*, std::free>;
 
 } // namespace tessary

@@ -47,7 +47,6 @@ private:
     [[nodiscard]] QString detail(const Request& request) const;
     /// The status that a fault has for the request; 0 for none.
     [[nodiscard]] std::uint64_t refusal(const Request& request);
-    [[nodiscard]] bool readAway(std::uint64_t bytes);
     [[nodiscard]] bool slowDown(std::uint64_t bytes);
 
     [[nodiscard]] bool answerStatus(const Request& request, std::uint64_t status);

@@ -1,10 +1,10 @@
 #include "phones/AdbServer.h"
 
-#include "phones/FileHandle.h"
-#include "phones/ThreadName.h"
+#include "core/FileHandle.h"
+#include "core/ThreadName.h"
+#include "phones/PhoneSockets.h"
 #include "platform/qt/QtProcessRunner.h"
 
-#include <arpa/inet.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
 
@@ -20,28 +20,21 @@ using namespace std::chrono_literals;
 constexpr auto startPatience = 15s;
 constexpr auto commandPatience = 10s;
 
-sockaddr_in loopback(std::uint16_t port) {
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(port);
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    return address;
-}
-
 /// A port that was free a moment ago.
 std::uint16_t findPort() {
     const FileHandle socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    sockaddr_in address = loopback(0);
-    socklen_t size = sizeof address;
-    if (::bind(socket.get(), reinterpret_cast<const sockaddr*>(&address), size) != 0 ||
-        ::getsockname(socket.get(), reinterpret_cast<sockaddr*>(&address), &size) != 0)
+    const sockaddr_in address = PhoneSockets::loopback(0);
+    std::uint16_t port = 0;
+    if (::bind(socket.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0)
+        port = PhoneSockets::portOf(socket);
+    if (port == 0)
         throw std::runtime_error("no port for an adb server");
-    return ntohs(address.sin_port);
+    return port;
 }
 
 bool answers(std::uint16_t port) {
     const FileHandle socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    const sockaddr_in address = loopback(port);
+    const sockaddr_in address = PhoneSockets::loopback(port);
     return ::connect(socket.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) ==
            0;
 }
@@ -63,7 +56,7 @@ AdbServer::~AdbServer() = default;
 void AdbServer::start(QString adb) {
     adb_ = std::move(adb);
     thread_ = std::jthread([this](const std::stop_token& stop) {
-        setThreadName("adb-server");
+        nameCurrentThread("adb-server");
         // Only phones that it is told to connect to: those on this machine's USB and network, and
         // emulators, are the user's own.
         QProcessEnvironment environment = keyEnvironment(keyFolder_);

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "adb/ADBMessage.h"
+#include "core/FileHandle.h"
 #include "phones/AdbdService.h"
-#include "phones/FileHandle.h"
 #include "phones/VirtualAdbd.h"
 
 #include <map>

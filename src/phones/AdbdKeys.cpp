@@ -1,5 +1,6 @@
 #include "phones/AdbdKeys.h"
 
+#include "core/FreeWith.h"
 #include "core/LittleEndian.h"
 
 #include <QByteArray>
@@ -23,18 +24,11 @@ constexpr std::size_t modulusSize = 256; // bytes
 constexpr std::size_t keySize = 4 + 4 + 2 * modulusSize + 4;
 constexpr std::size_t tokenSize = 20;
 
-template <auto release>
-struct Release {
-    template <typename T>
-    void operator()(T* object) const {
-        release(object);
-    }
-};
-using Number = std::unique_ptr<BIGNUM, Release<BN_free>>;
-using Builder = std::unique_ptr<OSSL_PARAM_BLD, Release<OSSL_PARAM_BLD_free>>;
-using Parameters = std::unique_ptr<OSSL_PARAM, Release<OSSL_PARAM_free>>;
-using Context = std::unique_ptr<EVP_PKEY_CTX, Release<EVP_PKEY_CTX_free>>;
-using PublicKey = std::unique_ptr<EVP_PKEY, Release<EVP_PKEY_free>>;
+using Number = std::unique_ptr<BIGNUM, FreeWith<BN_free>>;
+using Builder = std::unique_ptr<OSSL_PARAM_BLD, FreeWith<OSSL_PARAM_BLD_free>>;
+using Parameters = std::unique_ptr<OSSL_PARAM, FreeWith<OSSL_PARAM_free>>;
+using Context = std::unique_ptr<EVP_PKEY_CTX, FreeWith<EVP_PKEY_CTX_free>>;
+using PublicKey = std::unique_ptr<EVP_PKEY, FreeWith<EVP_PKEY_free>>;
 
 const unsigned char* raw(ByteView bytes) {
     return reinterpret_cast<const unsigned char*>(bytes.data());

@@ -1,8 +1,8 @@
 #include "phones/AdbdShell.h"
 
+#include "core/FileHandle.h"
 #include "core/LittleEndian.h"
 #include "phones/AdbdListing.h"
-#include "phones/FileHandle.h"
 
 #include <fcntl.h>
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "adb/ADBSyncCodec.h"
+#include "core/FileHandle.h"
 #include "phones/AdbdFiles.h"
 #include "phones/AdbdService.h"
-#include "phones/FileHandle.h"
 #include "phones/VirtualAdbd.h"
 
 #include <string>

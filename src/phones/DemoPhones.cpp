@@ -1,8 +1,8 @@
 #include "phones/DemoPhones.h"
 
+#include "core/ThreadName.h"
 #include "phones/DemoContent.h"
 #include "phones/DemoNetwork.h"
-#include "phones/ThreadName.h"
 
 #include <QDir>
 
@@ -90,7 +90,7 @@ void DemoPhones::startAdb(const std::optional<QString>& executable) {
     startsAdb_ = true;
     adbServer_.start(*executable);
     adbStart_ = std::jthread([this](const std::stop_token& stop) {
-        setThreadName("adb-start");
+        nameCurrentThread("adb-start");
         try {
             adbServer_.awaitStart(stop);
             adbServer_.connect(adbd_->address(), stop);

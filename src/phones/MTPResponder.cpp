@@ -1,9 +1,9 @@
 #include "phones/MTPResponder.h"
 
 #include "core/LittleEndian.h"
+#include "core/ThreadName.h"
 #include "phones/MTPRefusal.h"
 #include "phones/MTPResponderOperation.h"
-#include "phones/ThreadName.h"
 
 #include <algorithm>
 #include <array>
@@ -124,7 +124,7 @@ UsbCode MTPResponder::control(VirtualUsbPort& port, const UsbControlRequest& req
 }
 
 void MTPResponder::run(const std::shared_ptr<VirtualUsbPort>& port) {
-    setThreadName("virtual-android");
+    nameCurrentThread("virtual-android");
     endSession();
     MTPResponderLink link(port, gate_, faults_);
     for (;;) {

@@ -1,5 +1,6 @@
 #include "phones/PhoneContainer.h"
 
+#include "core/FreeWith.h"
 #include "phones/AFCCodec.h"
 #include "phones/AFCRefusal.h"
 
@@ -20,12 +21,6 @@ constexpr std::size_t deepest = 256;
 constexpr mode_t folderMode = 0755;
 constexpr mode_t fileMode = 0644;
 constexpr int folderFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
-
-struct FolderCloser {
-    void operator()(DIR* folder) const {
-        ::closedir(folder);
-    }
-};
 
 [[noreturn]] void refuse(std::uint64_t status) {
     throw AFCRefusal{status};
@@ -100,7 +95,7 @@ FileHandle openFolder(const FileHandle& folder, const std::string& name) {
 
 std::vector<std::string> namesIn(FileHandle folder) {
     // The stream owns a descriptor of its own.
-    const std::unique_ptr<DIR, FolderCloser> stream(::fdopendir(::dup(folder.get())));
+    const std::unique_ptr<DIR, FreeWith<::closedir>> stream(::fdopendir(::dup(folder.get())));
     check(stream != nullptr);
     std::vector<std::string> names;
     while (const dirent* entry = ::readdir(stream.get())) {

@@ -1,5 +1,7 @@
 #include "phones/PhoneIdentity.h"
 
+#include "core/FreeWith.h"
+
 #include <openssl/encoder.h>
 #include <openssl/evp.h>
 #include <openssl/pem.h>
@@ -15,27 +17,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Freer {
-    void operator()(EVP_PKEY* key) const {
-        EVP_PKEY_free(key);
-    }
-    void operator()(X509* certificate) const {
-        X509_free(certificate);
-    }
-    void operator()(BIO* bio) const {
-        BIO_free(bio);
-    }
-    void operator()(OSSL_ENCODER_CTX* encoder) const {
-        OSSL_ENCODER_CTX_free(encoder);
-    }
-};
-template <typename T>
-using Owned = std::unique_ptr<T, Freer>;
+using Key = std::unique_ptr<EVP_PKEY, FreeWith<EVP_PKEY_free>>;
+using Certificate = std::unique_ptr<X509, FreeWith<X509_free>>;
+using Text = std::unique_ptr<BIO, FreeWith<BIO_free>>;
+using Encoder = std::unique_ptr<OSSL_ENCODER_CTX, FreeWith<OSSL_ENCODER_CTX_free>>;
 
 /// The phone's key, and that of the host's root and host certificates.
 struct Keys {
-    Owned<EVP_PKEY> device{EVP_RSA_gen(2048)};
-    Owned<EVP_PKEY> host{EVP_RSA_gen(2048)};
+    Key device{EVP_RSA_gen(2048)};
+    Key host{EVP_RSA_gen(2048)};
 };
 
 const Keys& keys() {
@@ -47,7 +37,7 @@ const Keys& keys() {
 
 template <typename Write>
 QByteArray pem(Write&& write) {
-    const Owned<BIO> bio(BIO_new(BIO_s_mem()));
+    const Text bio(BIO_new(BIO_s_mem()));
     if (!bio || write(bio.get()) != 1)
         throw std::runtime_error("no PEM for the virtual iPhone");
     char* text = nullptr;
@@ -61,16 +51,16 @@ QByteArray privateKeyPem(EVP_PKEY* key) {
     });
 }
 
-Owned<X509> certificateOf(const QVariant& text) {
+Certificate certificateOf(const QVariant& text) {
     const QByteArray bytes = text.toByteArray();
-    const Owned<BIO> bio(BIO_new_mem_buf(bytes.constData(), static_cast<int>(bytes.size())));
-    return Owned<X509>(PEM_read_bio_X509(bio.get(), nullptr, nullptr, nullptr));
+    const Text bio(BIO_new_mem_buf(bytes.constData(), static_cast<int>(bytes.size())));
+    return Certificate(PEM_read_bio_X509(bio.get(), nullptr, nullptr, nullptr));
 }
 
 /// A certificate for a key, valid for ten years, signed with the host's key.
 QByteArray makeCertificate(EVP_PKEY* key, bool isRoot) {
     constexpr long tenYears = 10L * 365 * 24 * 3600;
-    const Owned<X509> certificate(X509_new());
+    const Certificate certificate(X509_new());
     X509* made = certificate.get();
     X509_set_version(made, 2);
     ASN1_INTEGER_set(X509_get_serialNumber(made), 0);
@@ -93,7 +83,7 @@ QByteArray makeCertificate(EVP_PKEY* key, bool isRoot) {
 int isHost(X509_STORE_CTX* shown, void* pairRecord) {
     const auto& record = *static_cast<const QVariantMap*>(pairRecord);
     for (const QString& key : {u"RootCertificate"_s, u"HostCertificate"_s}) {
-        const Owned<X509> known = certificateOf(record[key]);
+        const Certificate known = certificateOf(record[key]);
         if (known && X509_cmp(X509_STORE_CTX_get0_cert(shown), known.get()) == 0)
             return 1;
     }
@@ -112,8 +102,8 @@ void PhoneIdentity::prepareKeys() {
 }
 
 QByteArray PhoneIdentity::devicePublicKey() {
-    const Owned<OSSL_ENCODER_CTX> encoder(OSSL_ENCODER_CTX_new_for_pkey(
-        keys().device.get(), EVP_PKEY_PUBLIC_KEY, "PEM", "type-specific", nullptr));
+    const Encoder encoder(OSSL_ENCODER_CTX_new_for_pkey(keys().device.get(), EVP_PKEY_PUBLIC_KEY,
+                                                        "PEM", "type-specific", nullptr));
     return pem([&](BIO* bio) { return OSSL_ENCODER_to_bio(encoder.get(), bio); });
 }
 
@@ -132,7 +122,7 @@ QVariantMap PhoneIdentity::pairRecord(const QString& hostID, const QString& syst
 
 TlsContext PhoneIdentity::tlsContext(const QVariantMap& pairRecord) {
     TlsContext context(SSL_CTX_new(TLS_server_method()));
-    const Owned<X509> certificate = certificateOf(pairRecord[u"DeviceCertificate"_s]);
+    const Certificate certificate = certificateOf(pairRecord[u"DeviceCertificate"_s]);
     if (!context || !certificate)
         return nullptr;
     // Hosts sign the certificates that they make with SHA-1, which the usual level refuses.

@@ -2,7 +2,6 @@
 
 #include <arpa/inet.h>
 #include <fcntl.h>
-#include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -14,12 +13,6 @@
 namespace tessary {
 
 namespace {
-
-#ifdef MSG_NOSIGNAL
-constexpr int noSignal = MSG_NOSIGNAL;
-#else
-constexpr int noSignal = 0;
-#endif
 
 constexpr int backlog = 128;
 
@@ -38,6 +31,28 @@ FileHandle makeSocket(int family) {
 }
 
 } // namespace
+
+#ifdef MSG_NOSIGNAL
+const int PhoneSockets::noSignal = MSG_NOSIGNAL;
+#else
+const int PhoneSockets::noSignal = 0;
+#endif
+
+sockaddr_in PhoneSockets::loopback(std::uint16_t port) {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_port = htons(port);
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    return address;
+}
+
+std::uint16_t PhoneSockets::portOf(const FileHandle& socket) {
+    sockaddr_in address{};
+    socklen_t size = sizeof address;
+    const bool isBound =
+        ::getsockname(socket.get(), reinterpret_cast<sockaddr*>(&address), &size) == 0;
+    return isBound ? ntohs(address.sin_port) : std::uint16_t(0);
+}
 
 FileHandle PhoneSockets::listenAt(const QString& path) {
     const QByteArray bytes = path.toLocal8Bit();

@@ -1,18 +1,26 @@
 #pragma once
 
 #include "core/Bytes.h"
-#include "phones/FileHandle.h"
+#include "core/FileHandle.h"
 
 #include <QByteArray>
 #include <QString>
 
 #include <cstdint>
+#include <netinet/in.h>
 
 namespace tessary {
 
-/// The sockets of the virtual multiplexer, none of which children inherit.
+/// The sockets of the virtual phones; children inherit none that is made here.
 class PhoneSockets {
 public:
+    /// A flag for send(): no signal when the other side is gone.
+    static const int noSignal;
+
+    /// A port of this machine, out of reach for others.
+    [[nodiscard]] static sockaddr_in loopback(std::uint16_t port);
+    /// The port that a socket is bound to; 0 for none.
+    [[nodiscard]] static std::uint16_t portOf(const FileHandle& socket);
     /// Listens at a path, for this user only; replaces a socket that nobody listens on any more.
     /// Throws std::runtime_error.
     [[nodiscard]] static FileHandle listenAt(const QString& path);

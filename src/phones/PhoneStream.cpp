@@ -1,5 +1,7 @@
 #include "phones/PhoneStream.h"
 
+#include "phones/PhoneSockets.h"
+
 #include <openssl/ssl.h>
 
 #include <poll.h>
@@ -13,12 +15,6 @@
 namespace tessary {
 
 namespace {
-
-#ifdef MSG_NOSIGNAL
-constexpr int noSignal = MSG_NOSIGNAL;
-#else
-constexpr int noSignal = 0;
-#endif
 
 int tlsLength(std::size_t size) {
     return static_cast<int>(
@@ -59,8 +55,9 @@ bool PhoneStream::read(std::span<std::byte> bytes) {
 
 bool PhoneStream::write(ByteView bytes) {
     while (!bytes.empty()) {
-        const ssize_t sent = tls_ ? SSL_write(tls_.get(), bytes.data(), tlsLength(bytes.size()))
-                                  : ::send(socket_, bytes.data(), bytes.size(), noSignal);
+        const ssize_t sent =
+            tls_ ? SSL_write(tls_.get(), bytes.data(), tlsLength(bytes.size()))
+                 : ::send(socket_, bytes.data(), bytes.size(), PhoneSockets::noSignal);
         if (sent <= 0 && (tls_ || errno != EINTR))
             return false;
         bytes = bytes.subspan(static_cast<std::size_t>(std::max<ssize_t>(sent, 0)));

@@ -1,5 +1,7 @@
 #include "phones/PlistCodec.h"
 
+#include "core/FreeWith.h"
+
 #include <plist/plist.h>
 
 #include <algorithm>
@@ -16,20 +18,9 @@ constexpr int deepest = 64;
 /// The same for the binary form, whose depth shows only in parsing: a short list is not deep.
 constexpr std::size_t longestBinary = 16 * 1024;
 
-struct Freer {
-    void operator()(void* node) const {
-        plist_free(node);
-    }
-};
-using Node = std::unique_ptr<void, Freer>;
-
-struct MemoryFreer {
-    void operator()(void* memory) const {
-        std::free(memory);
-    }
-};
+using Node = std::unique_ptr<void, FreeWith<plist_free>>;
 template <typename T>
-using Memory = std::unique_ptr<T, MemoryFreer>;
+using Memory = std::unique_ptr<T, FreeWith<std::free>>;
 
 plist_t toNode(const QVariant& value);
 

@@ -1,11 +1,11 @@
 #include "phones/VirtualAdbd.h"
 
+#include "core/ThreadName.h"
 #include "phones/AdbdConnection.h"
-#include "phones/ThreadName.h"
+#include "phones/PhoneSockets.h"
 
 #include <QDir>
 
-#include <arpa/inet.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <poll.h>
@@ -19,32 +19,17 @@ namespace {
 
 constexpr int pollInterval = 100; // ms
 
-sockaddr_in loopback(std::uint16_t port) {
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(port);
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    return address;
-}
-
 FileHandle listenAt(std::uint16_t port) {
     FileHandle socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
     const int on = 1;
     ::setsockopt(socket.get(), SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
-    const sockaddr_in address = loopback(port);
+    const sockaddr_in address = PhoneSockets::loopback(port);
     constexpr int waiting = 16;
     if (!socket.isOpen() ||
         ::bind(socket.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
         ::listen(socket.get(), waiting) != 0)
         throw std::runtime_error("no port for a virtual adbd");
     return socket;
-}
-
-std::uint16_t portOf(const FileHandle& socket) {
-    sockaddr_in address{};
-    socklen_t size = sizeof address;
-    ::getsockname(socket.get(), reinterpret_cast<sockaddr*>(&address), &size);
-    return ntohs(address.sin_port);
 }
 
 std::shared_ptr<AdbdState> makeState(AdbdConfig config) {
@@ -71,7 +56,7 @@ void VirtualAdbd::start() {
     if (listener_.isOpen())
         return;
     listener_ = listenAt(port_);
-    port_ = portOf(listener_);
+    port_ = PhoneSockets::portOf(listener_);
     thread_ = std::jthread([this](const std::stop_token& stop) { accept(stop); });
 }
 
@@ -102,7 +87,7 @@ void VirtualAdbd::cut() {
 }
 
 void VirtualAdbd::accept(const std::stop_token& stop) {
-    setThreadName("adbd-accept");
+    nameCurrentThread("adbd-accept");
     const int listener = [this] {
         const std::scoped_lock lock(mutex_);
         return listener_.get();
@@ -119,7 +104,7 @@ void VirtualAdbd::accept(const std::stop_token& stop) {
         auto connection = std::make_shared<AdbdConnection>(state_, std::move(socket));
         const std::scoped_lock lock(mutex_);
         served_.push_back({connection, std::jthread([connection] {
-                               setThreadName("adbd");
+                               nameCurrentThread("adbd");
                                connection->run();
                            })});
     }

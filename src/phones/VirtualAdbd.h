@@ -1,8 +1,8 @@
 #pragma once
 
+#include "core/FileHandle.h"
 #include "phones/AdbdKeys.h"
 #include "phones/AdbdSettings.h"
-#include "phones/FileHandle.h"
 #include "phones/Guarded.h"
 
 #include <QByteArray>

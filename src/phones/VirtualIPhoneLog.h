@@ -1,13 +1,11 @@
 #pragma once
 
+#include "phones/RequestLog.h"
+
 #include <QString>
 
 #include <chrono>
 #include <cstdint>
-#include <deque>
-#include <map>
-#include <mutex>
-#include <vector>
 
 namespace tessary {
 
@@ -21,23 +19,7 @@ struct VirtualIPhoneRequest {
     std::chrono::steady_clock::time_point time;
 };
 
-/// What was asked of a virtual iPhone. Thread-safe. Remembers the last 100,000 requests; the counts
-/// are complete.
-class VirtualIPhoneLog {
-public:
-    void add(VirtualIPhoneRequest request);
-    void clear();
-
-    /// Oldest first.
-    [[nodiscard]] std::vector<VirtualIPhoneRequest> requests() const;
-    [[nodiscard]] std::size_t count(const QString& request) const;
-
-private:
-    static constexpr std::size_t limit = 100'000;
-
-    mutable std::mutex mutex_; ///< guards all below
-    std::deque<VirtualIPhoneRequest> requests_;
-    std::map<QString, std::size_t> counts_;
-};
+/// What was asked of a virtual phone.
+using VirtualIPhoneLog = RequestLog<VirtualIPhoneRequest, &VirtualIPhoneRequest::request>;
 
 } // namespace tessary

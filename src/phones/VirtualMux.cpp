@@ -1,9 +1,9 @@
 #include "phones/VirtualMux.h"
 
+#include "core/ThreadName.h"
 #include "phones/MuxSession.h"
 #include "phones/PhoneIdentity.h"
 #include "phones/PhoneSockets.h"
-#include "phones/ThreadName.h"
 
 #include <poll.h>
 #include <sys/socket.h>
@@ -55,7 +55,7 @@ VirtualMux::VirtualMux(const QString& socketPath) : path_(socketPath) {
     doors_.push_back({PhoneSockets::listenAt(path_), nullptr, 0});
     PhoneSockets::makePipe(wakeOut_, wakeIn_);
     acceptor_ = std::jthread([this](const std::stop_token& stop) {
-        setThreadName("phone-mux");
+        nameCurrentThread("phone-mux");
         blockSignals();
         acceptConnections(stop);
     });
@@ -309,7 +309,7 @@ void VirtualMux::start(FileHandle socket, VirtualIPhone* phone, std::uint16_t po
     connection.phone = phone;
     connection.link = VirtualLink::wifi;
     connection.thread = std::jthread([this, &connection, phone, port] {
-        setThreadName("phone-link");
+        nameCurrentThread("phone-link");
         blockSignals();
         {
             PhoneStream stream(connection.socket.get());

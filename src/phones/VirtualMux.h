@@ -1,6 +1,6 @@
 #pragma once
 
-#include "phones/FileHandle.h"
+#include "core/FileHandle.h"
 #include "phones/VirtualIPhone.h"
 
 #include <condition_variable>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "core/FileHandle.h"
 #include "mtp/MTPCodes.h"
-#include "phones/FileHandle.h"
 #include "phones/VirtualStorage.h"
 
 #include <cstdint>

@@ -1,6 +1,6 @@
 #include "phones/VirtualUsbBus.h"
 
-#include "phones/ThreadName.h"
+#include "core/ThreadName.h"
 #include "phones/VirtualUsbDevice.h"
 
 #include <algorithm>
@@ -113,7 +113,7 @@ void VirtualUsbBus::State::post(UsbEvent::Kind kind, const UsbDeviceEntry& entry
 }
 
 void VirtualUsbBus::State::run(const std::stop_token& stop) {
-    setThreadName("virtual-usb");
+    nameCurrentThread("virtual-usb");
     std::unique_lock lock(mutex_);
     while (wake_.wait(lock, stop, [&] { return !posted_.empty(); })) {
         const Posted posted = std::move(posted_.front());

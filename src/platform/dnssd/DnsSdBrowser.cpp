@@ -1,6 +1,7 @@
 #include "platform/dnssd/DnsSdBrowser.h"
 
 #include "core/DiagnosticsLogger.h"
+#include "core/FileHandle.h"
 #include "platform/dnssd/DnsServiceRef.h"
 
 #include <fcntl.h>
@@ -30,17 +31,14 @@ constexpr std::size_t maxServices = 256;
 
 struct DnsSdBrowser::State {
     explicit State(QString serviceType) : type(std::move(serviceType)) {
-        if (::pipe(wake.data()) != 0)
+        std::array<int, 2> ends{-1, -1};
+        if (::pipe(ends.data()) != 0)
             throw std::system_error(errno, std::generic_category(), "pipe");
-        for (const int end : wake)
+        for (const int end : ends)
             ::fcntl(end, F_SETFD, FD_CLOEXEC);
+        wakeOut = FileHandle(ends[0]);
+        wakeIn = FileHandle(ends[1]);
     }
-    ~State() {
-        ::close(wake[0]);
-        ::close(wake[1]);
-    }
-    State(const State&) = delete;
-    State& operator=(const State&) = delete;
 
     void report() {
         if (reported == results)
@@ -53,7 +51,7 @@ struct DnsSdBrowser::State {
     /// Waits for an answer on a socket, or, without one (-1), for the pause to end. False at the
     /// end of the browsing.
     bool await(int socket) const {
-        std::array<pollfd, 2> waited{pollfd{wake[0], POLLIN, 0}, pollfd{socket, POLLIN, 0}};
+        std::array<pollfd, 2> waited{pollfd{wakeOut.get(), POLLIN, 0}, pollfd{socket, POLLIN, 0}};
         const int limit = socket < 0 ? static_cast<int>(retryPause.count()) : -1;
         while (::poll(waited.data(), waited.size(), limit) < 0 && errno == EINTR) {
         }
@@ -71,7 +69,9 @@ struct DnsSdBrowser::State {
     }
 
     const QString type;
-    std::array<int, 2> wake{-1, -1}; ///< a pipe that ends every wait
+    // The ends of a pipe that ends every wait:
+    FileHandle wakeOut;
+    FileHandle wakeIn;
     std::atomic<bool> isCancelled = false;
     std::mutex mutex; ///< guards `changed`, also while it is called
     Changed changed;
@@ -104,7 +104,7 @@ DnsSdBrowser::~DnsSdBrowser() {
 void DnsSdBrowser::cancel() {
     state_->isCancelled = true;
     const char byte = 0;
-    (void)!::write(state_->wake[1], &byte, 1);
+    (void)!::write(state_->wakeIn.get(), &byte, 1);
     const std::scoped_lock lock(state_->mutex);
     state_->changed = nullptr;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/FreeWith.h"
+
 #include <dns_sd.h>
 
 #include <memory>
@@ -7,13 +9,8 @@
 
 namespace tessary {
 
-struct DeallocateDnsService {
-    void operator()(DNSServiceRef ref) const {
-        DNSServiceRefDeallocate(ref);
-    }
-};
-
 /// One question to the DNS-SD service, ended with it.
-using DnsServiceRef = std::unique_ptr<std::remove_pointer_t<DNSServiceRef>, DeallocateDnsService>;
+using DnsServiceRef =
+    std::unique_ptr<std::remove_pointer_t<DNSServiceRef>, FreeWith<DNSServiceRefDeallocate>>;
 
 } // namespace tessary

@@ -4,7 +4,6 @@
 
 #include <fcntl.h>
 #include <sys/time.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <atomic>
@@ -44,15 +43,16 @@ void disableDiscovery() {
 
 std::unique_ptr<LibusbHandle> LibusbHandle::open(const QByteArray& node, UsbCode& code) {
     std::unique_ptr<LibusbHandle> opened(new LibusbHandle);
-    opened->descriptor_ = ::open(node.constData(), O_RDWR | O_CLOEXEC);
-    if (opened->descriptor_ < 0) {
+    opened->descriptor_ = FileHandle(::open(node.constData(), O_RDWR | O_CLOEXEC));
+    if (!opened->descriptor_.isOpen()) {
         code = codeOfErrno(errno);
         return nullptr;
     }
     disableDiscovery();
     int error = libusb_init(&opened->context_);
     if (error == LIBUSB_SUCCESS)
-        error = libusb_wrap_sys_device(opened->context_, opened->descriptor_, &opened->handle_);
+        error =
+            libusb_wrap_sys_device(opened->context_, opened->descriptor_.get(), &opened->handle_);
     code = usbCodeOfError(error);
     return code == usb::success ? std::move(opened) : nullptr;
 }
@@ -62,8 +62,6 @@ LibusbHandle::~LibusbHandle() {
         libusb_close(handle_);
     if (context_)
         libusb_exit(context_);
-    if (descriptor_ >= 0)
-        ::close(descriptor_);
 }
 
 void LibusbHandle::handleEvents(int* completed, steady_clock::time_point until) const {

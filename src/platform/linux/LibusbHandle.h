@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/FileHandle.h"
 #include "platform/UsbCode.h"
 
 #include <libusb-1.0/libusb.h>
@@ -35,7 +36,7 @@ public:
 private:
     LibusbHandle() = default;
 
-    int descriptor_ = -1;
+    FileHandle descriptor_;
     libusb_context* context_ = nullptr;
     libusb_device_handle* handle_ = nullptr;
 };

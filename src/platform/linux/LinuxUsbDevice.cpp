@@ -1,5 +1,6 @@
 #include "platform/linux/LinuxUsbDevice.h"
 
+#include "core/FreeWith.h"
 #include "platform/linux/LibusbHandle.h"
 #include "platform/linux/LinuxUsbInterface.h"
 
@@ -12,12 +13,6 @@ namespace tessary {
 using namespace std::chrono_literals;
 
 namespace {
-
-struct ReleaseConfig {
-    void operator()(libusb_config_descriptor* config) const {
-        libusb_free_config_descriptor(config);
-    }
-};
 
 /// A device that was plugged in this moment is listed before the kernel has configured it, and has
 /// no interfaces until then.
@@ -73,7 +68,8 @@ LinuxUsbDevice::interfaces(std::optional<std::uint8_t> interfaceClass,
     if (!handle_ ||
         libusb_get_active_config_descriptor(libusb_get_device(handle_->get()), &raw) != 0)
         return found;
-    const std::unique_ptr<libusb_config_descriptor, ReleaseConfig> config(raw);
+    const std::unique_ptr<libusb_config_descriptor, FreeWith<libusb_free_config_descriptor>> config(
+        raw);
     for (const libusb_interface& one : std::span(config->interface, config->bNumInterfaces)) {
         if (one.num_altsetting < 1)
             continue;

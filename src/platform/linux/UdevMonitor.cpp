@@ -25,8 +25,8 @@ const char* eventSource() {
 std::unique_ptr<UdevMonitor> UdevMonitor::start(Callback callback) {
     std::unique_ptr<UdevMonitor> watch(new UdevMonitor);
     watch->callback_ = std::move(callback);
-    watch->stopEvent_ = ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
-    if (watch->stopEvent_ < 0 || !watch->listen())
+    watch->stopEvent_ = FileHandle(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
+    if (!watch->stopEvent_.isOpen() || !watch->listen())
         return nullptr;
     // After listening began: what comes from now on is either in this list or told of.
     for (UsbRegistryEntry& one : UsbRegistry::scan())
@@ -50,16 +50,14 @@ bool UdevMonitor::listen() {
 
 UdevMonitor::~UdevMonitor() {
     if (thread_.joinable()) {
-        eventfd_write(stopEvent_, 1);
+        eventfd_write(stopEvent_.get(), 1);
         thread_.join();
     }
-    if (stopEvent_ >= 0)
-        ::close(stopEvent_);
 }
 
 void UdevMonitor::run() {
     std::array<pollfd, 2> sources{
-        {{udev_monitor_get_fd(monitor_.get()), POLLIN, 0}, {stopEvent_, POLLIN, 0}}};
+        {{udev_monitor_get_fd(monitor_.get()), POLLIN, 0}, {stopEvent_.get(), POLLIN, 0}}};
     while (true) {
         if (::poll(sources.data(), sources.size(), -1) < 0 && errno != EINTR)
             return;

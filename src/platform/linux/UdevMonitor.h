@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/FileHandle.h"
 #include "platform/UsbBus.h"
 #include "platform/linux/UdevPointers.h"
 #include "platform/linux/UsbRegistry.h"
@@ -47,7 +48,7 @@ private:
     Callback callback_;
     UdevPointer context_;
     UdevMonitorPointer monitor_;
-    int stopEvent_ = -1;
+    FileHandle stopEvent_;
     std::map<QByteArray, UsbDeviceEntry> known_; ///< by folder in sysfs; only the thread's
     std::thread thread_;
 };

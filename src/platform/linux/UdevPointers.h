@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/FreeWith.h"
+
 #include <libudev.h>
 
 #include <memory>
@@ -7,31 +9,16 @@
 
 namespace tessary {
 
-/// Owners of libudev's handles.
-struct UdevRelease {
-    void operator()(udev* handle) const {
-        udev_unref(handle);
-    }
-    void operator()(udev_device* handle) const {
-        udev_device_unref(handle);
-    }
-    void operator()(udev_enumerate* handle) const {
-        udev_enumerate_unref(handle);
-    }
-    void operator()(udev_monitor* handle) const {
-        udev_monitor_unref(handle);
-    }
-};
-
 /// Held around every use of libudev: its handles share the seed of its hash tables, unguarded.
 inline std::mutex& udevMutex() {
     static std::mutex mutex;
     return mutex;
 }
 
-using UdevPointer = std::unique_ptr<udev, UdevRelease>;
-using UdevDevicePointer = std::unique_ptr<udev_device, UdevRelease>;
-using UdevEnumeratePointer = std::unique_ptr<udev_enumerate, UdevRelease>;
-using UdevMonitorPointer = std::unique_ptr<udev_monitor, UdevRelease>;
+// Owners of libudev's handles.
+using UdevPointer = std::unique_ptr<udev, FreeWith<udev_unref>>;
+using UdevDevicePointer = std::unique_ptr<udev_device, FreeWith<udev_device_unref>>;
+using UdevEnumeratePointer = std::unique_ptr<udev_enumerate, FreeWith<udev_enumerate_unref>>;
+using UdevMonitorPointer = std::unique_ptr<udev_monitor, FreeWith<udev_monitor_unref>>;
 
 } // namespace tessary

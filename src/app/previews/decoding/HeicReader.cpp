@@ -1,5 +1,7 @@
 #include "app/previews/decoding/PictureReader.h"
 
+#include "core/FreeWith.h"
+
 #include <libheif/heif.h>
 
 #include <algorithm>
@@ -11,16 +13,9 @@ namespace {
 
 constexpr qint64 maxPixels = 64'000'000;
 
-template <auto release>
-struct Release {
-    template <typename T>
-    void operator()(T* handle) const {
-        release(handle);
-    }
-};
-using Context = std::unique_ptr<heif_context, Release<heif_context_free>>;
-using Handle = std::unique_ptr<heif_image_handle, Release<heif_image_handle_release>>;
-using Decoded = std::unique_ptr<heif_image, Release<heif_image_release>>;
+using Context = std::unique_ptr<heif_context, FreeWith<heif_context_free>>;
+using Handle = std::unique_ptr<heif_image_handle, FreeWith<heif_image_handle_release>>;
+using Decoded = std::unique_ptr<heif_image, FreeWith<heif_image_release>>;
 
 void check(const heif_error& error) {
     if (error.code != heif_error_Ok)
