@@ -1,11 +1,9 @@
 #pragma once
 
+#include "core/SerialQueue.h"
 #include "platform/UserDefaults.h"
 
-#include <QHash>
-#include <QJsonObject>
-
-#include <mutex>
+#include <memory>
 
 namespace tessary {
 
@@ -13,23 +11,25 @@ namespace tessary {
 /// at the same time may share it: each change is made to what the file holds at that moment, under
 /// a lock file. What another program changes is seen with the next change of one's own.
 ///
+/// A change holds at once and is written in the background, those that come together in one go. One
+/// that cannot be written is logged and goes with the next.
+///
 /// A file that is no JSON object is set aside as "<file>.damaged" before the first change.
 class JsonUserDefaults final : public UserDefaults {
 public:
     /// Reads the file, if there is one.
     explicit JsonUserDefaults(QString file);
+    /// Waits for what is being written, for a few seconds at most.
+    ~JsonUserDefaults() override;
 
     [[nodiscard]] QJsonValue value(const QString& key) const override;
     void setValue(const QString& key, const QJsonValue& value) override;
 
 private:
-    [[nodiscard]] QString write();
+    struct Store;
 
-    const QString file_;
-    mutable std::mutex mutex_;
-    QJsonObject values_;
-    QHash<QString, QJsonValue>
-        unwritten_; ///< changes that could not be stored: they go with the next one
+    const std::shared_ptr<Store> store_; ///< shared with the writing that outlives this
+    SerialQueue writer_;
 };
 
 } // namespace tessary
