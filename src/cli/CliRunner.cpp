@@ -86,10 +86,7 @@ CliRunner::ExitStatus CliRunner::run(const CliRequest& request,
         fail(QStringLiteral("Interrupted."));
         return interrupted;
     } catch (const std::exception& error) {
-        const QStringList holders = files_ ? files_->programsHolding() : QStringList();
-        const ErrorAdvice words = adviceFor(error, holders);
-        fail(words.advice.isEmpty() ? words.message
-                                    : words.message + QLatin1Char(' ') + words.advice);
+        fail((files_ ? adviceFor(error, *files_) : adviceFor(error)).text());
     }
     std::fflush(out_);
     return status_;
@@ -386,8 +383,8 @@ void CliRunner::move() {
         if (name != item.name)
             files().renameItem(item, name, stop_);
     } catch (...) {
-        if (isMoved) // all or nothing
-            files().moveItem(item, oldFolder, stop_);
+        if (isMoved) // all or nothing, also after a stop request
+            files().moveItem(item, oldFolder, {});
         throw;
     }
     if (request_.json)

@@ -201,7 +201,7 @@ void CliRunner::sync() {
             } catch (const CancellationError&) {
                 throw;
             } catch (const std::exception& failure) {
-                error = adviceFor(failure).message;
+                error = adviceFor(failure).text();
             }
         } else {
             report = run.run();

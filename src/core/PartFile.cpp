@@ -13,11 +13,15 @@ namespace tessary {
 namespace {
 
 QString freshPathBeside(const QString& target) {
-    return QFileInfo(target).absolutePath() + QLatin1Char('/') + PartFile::namePrefix +
-           QUuid::createUuid().toString(QUuid::Id128).left(12);
+    return QFileInfo(target).absolutePath() + QLatin1Char('/') + PartFile::newName();
 }
 
 } // namespace
+
+QString PartFile::newName() {
+    constexpr qsizetype digits = 12;
+    return namePrefix + QUuid::createUuid().toString(QUuid::Id128).left(digits);
+}
 
 PartFile::PartFile(const QString& target) : target_(target), file_(freshPathBeside(target)) {
     if (QFileInfo(target).isDir())
@@ -55,14 +59,18 @@ void PartFile::commit(const std::optional<QDateTime>& modified) {
     if (file_.error() != QFileDevice::NoError)
         throw TessaryError::fileIOError(
             QStringLiteral("Cannot write %1: %2").arg(target_, file_.errorString()));
+    renameOver(file_.fileName(), target_);
+    isCommitted_ = true;
+}
+
+void renameOver(const QString& from, const QString& to) {
     std::error_code failure;
-    std::filesystem::rename(file_.filesystemFileName(), QFile(target_).filesystemFileName(),
+    std::filesystem::rename(QFile(from).filesystemFileName(), QFile(to).filesystemFileName(),
                             failure);
     if (failure)
         throw TessaryError::fileIOError(
             QStringLiteral("Cannot write %1: %2")
-                .arg(target_, QString::fromLocal8Bit(failure.message().c_str())));
-    isCommitted_ = true;
+                .arg(to, QString::fromLocal8Bit(failure.message().c_str())));
 }
 
 } // namespace tessary

@@ -18,6 +18,8 @@ class PartFile {
 public:
     /// What the names of temporary files begin with.
     static constexpr QLatin1StringView namePrefix{".tessary-part-"};
+    /// A name that no file has.
+    [[nodiscard]] static QString newName();
 
     explicit PartFile(const QString& target);
     /// Removes the temporary file when it was not committed.
@@ -42,5 +44,8 @@ private:
     qint64 size_ = 0;
     bool isCommitted_ = false;
 };
+
+/// Renames a local file over another. Throws TessaryError::fileIOError with the system's reason.
+void renameOver(const QString& from, const QString& to);
 
 } // namespace tessary

@@ -2,6 +2,7 @@
 
 #include "core/Background.h"
 #include "core/DiagnosticsLogger.h"
+#include "core/EndInBackground.h"
 #include "devices/AdbPhones.h"
 #include "devices/DeviceInquiry.h"
 #include "devices/IOSDevices.h"
@@ -75,7 +76,7 @@ void DeviceManager::startListening() {
 void DeviceManager::stopListening() {
     timer_.stop();
     storageTimer_.stop();
-    release(std::move(watch_));
+    endInBackground(this, std::move(watch_));
     iphones_.stop();
     ++period_;
 }
@@ -98,15 +99,9 @@ void DeviceManager::startAndroidListening() {
             std::unique_ptr<UsbWatch> watch = result.take();
             if (period == period_)
                 std::swap(watch, watch_);
-            release(std::move(watch));
+            // It waits for its thread, which may be looking at a device.
+            endInBackground(this, std::move(watch));
         });
-}
-
-/// Ends a watch in the background: it waits for its thread, which may be looking at a device.
-void DeviceManager::release(std::unique_ptr<UsbWatch> watch) {
-    if (watch)
-        runInBackground(
-            this, [ended = std::move(watch)] {}, [](const BackgroundResult<void>&) {});
 }
 
 /// Shows an attach or detach at once, and reads the bus anew for what the event does not tell.

@@ -105,7 +105,6 @@ private:
     void startAndroidListening();
     void askAdb();
     [[nodiscard]] Attachment adbAttachment(const QString& serial) const;
-    void release(std::unique_ptr<UsbWatch> watch);
     void usbChanged(const UsbEvent& event);
     void refreshList(bool forceStorageRefresh);
     void scan(bool forceStorageRefresh);

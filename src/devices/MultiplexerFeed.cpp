@@ -1,6 +1,7 @@
 #include "devices/MultiplexerFeed.h"
 
 #include "core/Background.h"
+#include "core/EndInBackground.h"
 
 #include <QPointer>
 
@@ -21,7 +22,7 @@ void MultiplexerFeed::start() {
 }
 
 void MultiplexerFeed::stop() {
-    release(std::move(watch_));
+    endInBackground(this, std::move(watch_));
     ++period_;
 }
 
@@ -42,16 +43,8 @@ void MultiplexerFeed::subscribe() {
             std::unique_ptr<MultiplexerWatch> watch = result.take();
             if (period == period_)
                 std::swap(watch, watch_);
-            release(std::move(watch));
+            endInBackground(this, std::move(watch)); // it waits for the library's thread
         });
-}
-
-/// Ends a subscription in the background: it waits for the library's thread.
-void MultiplexerFeed::release(std::unique_ptr<MultiplexerWatch> watch) {
-    if (watch)
-        runInBackground(
-            this, [ended = std::move(watch)]() mutable { ended.reset(); },
-            [](const BackgroundResult<void>&) {});
 }
 
 void MultiplexerFeed::refresh() {

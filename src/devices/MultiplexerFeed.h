@@ -40,7 +40,6 @@ Q_SIGNALS:
 
 private:
     void subscribe();
-    void release(std::unique_ptr<MultiplexerWatch> watch);
 
     Multiplexer* const multiplexer_;
     std::unique_ptr<MultiplexerWatch> watch_;

@@ -1,5 +1,6 @@
 #include "files/ADBFileBackend.h"
 
+#include "core/ByteCount.h"
 #include "core/CancellationError.h"
 #include "core/DiagnosticsLogger.h"
 #include "core/TessaryError.h"
@@ -9,7 +10,6 @@
 #include "files/PhoneNames.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace tessary {
 
@@ -51,9 +51,7 @@ void addTotals(const ADBFileBackend& backend, const QString& folder, const Devic
                 folders.push_back(item.path);
             } else if (!item.isDirectory) {
                 ++totals.files;
-                qint64 sum = 0;
-                if (!qAddOverflow(totals.bytes, item.size, &sum))
-                    totals.bytes = sum;
+                totals.bytes = addByteCounts(totals.bytes, item.size);
             }
         }
     } catch (const TessaryError&) {
@@ -78,8 +76,7 @@ ADBTreeTotals totalsOf(const ADBFileBackend& backend, const ADBShell& shell,
         if (!isNumber || size < 0)
             continue;
         ++totals.files;
-        if (qAddOverflow(totals.bytes, size, &totals.bytes))
-            totals.bytes = std::numeric_limits<qint64>::max();
+        totals.bytes = addByteCounts(totals.bytes, size);
     }
     if (totals.files == 0 && !(found.succeeded() && found.standardError.isEmpty()))
         addTotals(backend, folder, shell.device(), shell.stopToken(), 0, totals);
@@ -117,27 +114,6 @@ void notice(const QString& text) {
 }
 
 } // namespace
-
-/// Marks a device as busy for as long as a copy runs.
-class ADBFileBackend::Busy {
-public:
-    Busy(ADBFileBackend& backend, const DeviceInfo& device)
-        : backend_(backend), udid_(device.udid) {
-        const std::scoped_lock lock(backend_.mutex_);
-        ++backend_.copies_[udid_];
-    }
-    ~Busy() {
-        const std::scoped_lock lock(backend_.mutex_);
-        if (--backend_.copies_[udid_] == 0)
-            backend_.copies_.remove(udid_);
-    }
-    Busy(const Busy&) = delete;
-    Busy& operator=(const Busy&) = delete;
-
-private:
-    ADBFileBackend& backend_;
-    const QString udid_;
-};
 
 std::vector<FileItem> ADBFileBackend::listDirectory(const QString& path, const DeviceInfo& device,
                                                     const std::stop_token& stop) const {
@@ -213,7 +189,7 @@ void ADBFileBackend::downloadFile(const FileItem& item, const QString& localFile
                                   const DeviceInfo& device, const FileProgressCallback& progress,
                                   const std::stop_token& stop) {
     const QString path = requireItemPath(item);
-    const Busy busy(*this, device);
+    const BusyPhones::Mark busy(copies_, device.udid);
     pullFile(ADBShell(tool_, device, stop), path, item.size, localFile, progress);
 }
 
@@ -222,7 +198,7 @@ TransferOutcome ADBFileBackend::downloadDirectory(const FileItem& item, const QS
                                                   const TransferProgressCallback& progress,
                                                   const std::stop_token& stop) {
     const QString path = androidPath(item.path);
-    const Busy busy(*this, device);
+    const BusyPhones::Mark busy(copies_, device.udid);
     const ADBShell shell(tool_, device, stop);
     shell.requireFolder(path);
     return pullFolder(shell, path, totalsOf(*this, shell, path), localFolder, progress);
@@ -231,7 +207,7 @@ TransferOutcome ADBFileBackend::downloadDirectory(const FileItem& item, const QS
 void ADBFileBackend::uploadFile(const LocalSource& source, const QString& remoteParentPath,
                                 const DeviceInfo& device, const FileProgressCallback& progress,
                                 const std::stop_token& stop, bool mayReplace) {
-    const Busy busy(*this, device);
+    const BusyPhones::Mark busy(copies_, device.udid);
     const ADBShell shell(tool_, device, stop);
     const QString folder = androidPath(remoteParentPath);
     if (!mayReplace)
@@ -244,7 +220,7 @@ TransferOutcome ADBFileBackend::uploadDirectory(const LocalSource& source,
                                                 const DeviceInfo& device,
                                                 const TransferProgressCallback& progress,
                                                 const std::stop_token& stop) {
-    const Busy busy(*this, device);
+    const BusyPhones::Mark busy(copies_, device.udid);
     return pushFolder(ADBShell(tool_, device, stop), source, androidPath(remoteParentPath),
                       progress);
 }
@@ -312,11 +288,8 @@ void ADBFileBackend::moveItem(const FileItem& item, const QString& newParentPath
 }
 
 std::optional<LiveDeviceInfo> ADBFileBackend::fetchLiveDeviceInfo(const DeviceInfo& device) const {
-    {
-        const std::scoped_lock lock(mutex_);
-        if (copies_.contains(device.udid))
-            return std::nullopt;
-    }
+    if (copies_.isBusy(device.udid))
+        return std::nullopt;
     LiveDeviceInfo info;
     try {
         const auto ask = [&](const QStringList& words) {

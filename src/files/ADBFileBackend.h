@@ -5,13 +5,12 @@
 #include "core/LocalSource.h"
 #include "core/TransferOutcome.h"
 #include "files/ADBTool.h"
+#include "files/BusyPhones.h"
 #include "files/LsOutput.h"
 #include "files/MTPFileBackend.h"
 
-#include <QHash>
 #include <QString>
 
-#include <mutex>
 #include <optional>
 #include <stop_token>
 #include <vector>
@@ -76,11 +75,8 @@ public:
     [[nodiscard]] std::optional<LiveDeviceInfo> fetchLiveDeviceInfo(const DeviceInfo& device) const;
 
 private:
-    class Busy;
-
     const ADBTool& tool_;
-    mutable std::mutex mutex_;
-    QHash<QString, int> copies_; ///< under way, by udid; guarded by mutex_
+    BusyPhones copies_; ///< those that a copy is under way with
 };
 
 /// The percent in what `dumpsys battery` prints.

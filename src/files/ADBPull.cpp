@@ -12,8 +12,6 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 
 namespace tessary {
 
@@ -40,16 +38,6 @@ private:
     qint64 last_ = -1;
     Clock::time_point since_ = Clock::now();
 };
-
-void moveInto(const QString& from, const QString& to) {
-    std::error_code failure;
-    std::filesystem::rename(QFile(from).filesystemFileName(), QFile(to).filesystemFileName(),
-                            failure);
-    if (failure)
-        throw TessaryError::fileIOError(
-            QStringLiteral("Cannot write %1: %2")
-                .arg(to, QString::fromLocal8Bit(failure.message().c_str())));
-}
 
 ProcessResult pull(const ADBShell& shell, const QString& remote, const QString& local,
                    std::function<void()> whileRunning) {
@@ -171,7 +159,7 @@ TransferOutcome pullFolder(const ADBShell& shell, const QString& remoteFolder,
         }
         QFile::setPermissions(source, permissions);
         try {
-            moveInto(source, target);
+            renameOver(source, target);
             ++state.completedFiles;
             state.completedBytes += entry.size;
         } catch (const TessaryError& error) {

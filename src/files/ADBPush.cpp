@@ -78,7 +78,7 @@ private:
 class RemotePart {
 public:
     RemotePart(const ADBShell& shell, const QString& folder)
-        : shell_(shell.tool(), shell.device(), {}), path_(joinPath(folder, newPartName())) {}
+        : shell_(shell.tool(), shell.device(), {}), path_(joinPath(folder, PartFile::newName())) {}
     ~RemotePart() {
         if (isInPlace_)
             return;

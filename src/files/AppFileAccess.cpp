@@ -1,5 +1,6 @@
 #include "files/AppFileAccess.h"
 
+#include "core/CallbackGate.h"
 #include "core/CancellationError.h"
 #include "core/DiagnosticsLogger.h"
 #include "core/EitherStop.h"
@@ -23,68 +24,13 @@ constexpr SerialQueue::Patience patienceWithStaging{4s, 24h};
 /// Five attempts, each with the library's own patience.
 constexpr SerialQueue::Patience patienceWithOpening{1s, 3min};
 
-/// Where the main thread finds a caller's callback for as long as the call runs.
-template <typename... Arguments>
-class Gate {
-public:
-    using Callback = std::function<void(Arguments...)>;
-
-    explicit Gate(const Callback& callback) : inner_(std::make_shared<Inner>(&callback)) {}
-    ~Gate() {
-        const std::scoped_lock lock(inner_->mutex);
-        inner_->callback = nullptr;
-    }
-    Gate(const Gate&) = delete;
-    Gate& operator=(const Gate&) = delete;
-
-    /// What leads to the callback until the gate goes, and nowhere afterwards.
-    [[nodiscard]] Callback entrance() const {
-        if (!*inner_->callback)
-            return {};
-        return [inner = inner_](Arguments... arguments) {
-            const std::scoped_lock lock(inner->mutex);
-            if (inner->callback != nullptr)
-                (*inner->callback)(arguments...);
-        };
-    }
-
-private:
-    struct Inner {
-        explicit Inner(const Callback* given) : callback(given) {}
-        std::mutex mutex;
-        const Callback* callback; ///< guarded by mutex
-    };
-    std::shared_ptr<Inner> inner_;
-};
-
-using FileGate = Gate<qint64, qint64>;
-using FolderGate = Gate<const TransferProgress&>;
-
-/// A path of the browser as the client takes it: written out, so that a folder called like the
-/// container's root is not taken for it.
-QString onDevice(const AFCClient& client, const QString& path) {
-    const QString& root = client.workingRootPath();
-    if (root == slash)
-        return path;
-    return path == slash ? root : root + path;
-}
+using FileGate = CallbackGate<qint64, qint64>;
+using FolderGate = CallbackGate<const TransferProgress&>;
 
 void requireName(const QString& name) {
     if (!isSafeName(name))
         throw TessaryError::fileIOError(
             QStringLiteral("\"%1\" cannot be the name of a file.").arg(name));
-}
-
-/// Whether something is at a path.
-bool isTaken(AFCClient& client, const QString& path, const std::stop_token& stop) {
-    try {
-        (void)client.itemAt(path, stop);
-        return true;
-    } catch (const TessaryError& error) {
-        if (error.afc() != AFCError::objectNotFound)
-            throw;
-        return false;
-    }
 }
 
 } // namespace
@@ -159,7 +105,7 @@ std::vector<FileItem> AppFileAccess::listDirectory(const QString& at, const std:
     const BusyPhones::Mark mark(busy_, device_.udid);
     const QString folder = canonicalPath(at);
     const auto list = [&](AFCClient& client) {
-        std::vector<FileItem> items = client.listContents(onDevice(client, folder), stop);
+        std::vector<FileItem> items = client.listContents(client.inContainer(folder), stop);
         for (FileItem& item : items)
             item.path = joinPath(folder, item.name);
         return items;
@@ -182,7 +128,7 @@ FileItem AppFileAccess::itemAt(const QString& path, const std::stop_token& stop)
 
 FileItem AppFileAccess::existing(AFCClient& client, const QString& path,
                                  const std::stop_token& stop) const {
-    FileItem item = client.itemAt(onDevice(client, path), stop);
+    FileItem item = client.itemAt(client.inContainer(path), stop);
     item.path = path;
     item.name = path == slash ? rootOf(path).name : lastComponent(path);
     return item;
@@ -195,7 +141,7 @@ void AppFileAccess::downloadFile(const FileItem& item, const QString& to,
     const FileGate gate(progress);
     const auto client = this->client(stop);
     const qint64 size =
-        client->downloadFile(onDevice(*client, item.path), to, item.size, gate.entrance(), stop);
+        client->downloadFile(client->inContainer(item.path), to, item.size, gate.entrance(), stop);
     if (progress)
         progress(size, size);
 }
@@ -207,8 +153,8 @@ TransferOutcome AppFileAccess::downloadDirectoryContents(const FileItem& item,
     const BusyPhones::Mark mark(busy_, device_.udid);
     const FolderGate gate(progress);
     const auto client = this->client(stop);
-    TransferOutcome outcome =
-        client->downloadDirectory(onDevice(*client, item.path), localFolder, gate.entrance(), stop);
+    TransferOutcome outcome = client->downloadDirectory(client->inContainer(item.path), localFolder,
+                                                        gate.entrance(), stop);
     const QString root = client->workingRootPath() == slash ? QString() : client->workingRootPath();
     for (SkippedItem& skipped : outcome.skipped)
         skipped.path.remove(0, root.size());
@@ -223,7 +169,7 @@ void AppFileAccess::uploadFile(const LocalSource& source, const QString& remoteP
     const FileGate gate(progress);
     const auto client = this->client(stop);
     const QString target = joinPath(canonicalPath(remoteParentPath), source.name);
-    client->uploadFile(source.path, onDevice(*client, target), gate.entrance(), stop);
+    client->uploadFile(source.path, client->inContainer(target), gate.entrance(), stop);
     const qint64 size = QFileInfo(source.path).size();
     if (progress)
         progress(size, size);
@@ -241,7 +187,7 @@ TransferOutcome AppFileAccess::uploadDirectory(const LocalSource& source,
         throw TessaryError::fileIOError(QStringLiteral("%1 is not a folder.").arg(parent));
     const QString target = joinPath(parent, source.name);
     TransferOutcome outcome =
-        client->uploadDirectory(source.path, onDevice(*client, target), gate.entrance(), stop);
+        client->uploadDirectory(source.path, client->inContainer(target), gate.entrance(), stop);
     if (progress)
         progress(outcome.progress);
     return outcome;
@@ -252,10 +198,10 @@ void AppFileAccess::createFolder(const QString& name, const QString& parentPath,
     const BusyPhones::Mark mark(busy_, device_.udid);
     requireName(name);
     const auto client = this->client(stop);
-    const QString path = onDevice(*client, joinPath(canonicalPath(parentPath), name));
+    const QString path = client->inContainer(joinPath(canonicalPath(parentPath), name));
     // Phones make what is missing above it, and say nothing about what is there.
     (void)existing(*client, canonicalPath(parentPath), stop);
-    if (isTaken(*client, path, stop))
+    if (client->findItem(path, stop))
         throw TessaryError::fileIOError(QStringLiteral("\"%1\" is already there.").arg(name));
     client->createDirectory(path, stop);
 }
@@ -268,7 +214,7 @@ void AppFileAccess::deleteItem(const FileItem& item, const std::stop_token& stop
             QStringLiteral("The documents of an app cannot be deleted as a whole."));
     requireName(item.name);
     const auto client = this->client(stop);
-    client->removePath(onDevice(*client, path), stop);
+    client->removePath(client->inContainer(path), stop);
 }
 
 void AppFileAccess::renameItem(const FileItem& item, const QString& newName,
@@ -295,11 +241,11 @@ void AppFileAccess::rename(const FileItem& item, const QString& newPath,
     if (!existing(*client, parentPath(newPath), stop).isDirectory)
         throw TessaryError::fileIOError(
             QStringLiteral("%1 is not a folder.").arg(parentPath(newPath)));
-    const QString target = onDevice(*client, newPath);
-    if (isTaken(*client, target, stop))
+    const QString target = client->inContainer(newPath);
+    if (client->findItem(target, stop))
         throw TessaryError::fileIOError(
             QStringLiteral("\"%1\" is already there.").arg(lastComponent(newPath)));
-    client->renamePath(onDevice(*client, item.path), target, stop);
+    client->renamePath(client->inContainer(item.path), target, stop);
 }
 
 QString AppFileAccess::stageItemForDrag(const FileItem& item, const std::stop_token& stop) {

@@ -1,9 +1,9 @@
 #include "files/ContentCount.h"
 
+#include "core/ByteCount.h"
 #include "core/CancellationError.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace tessary {
 
@@ -17,11 +17,9 @@ struct Folder {
     int depth = 0;
 };
 
-/// `bytes` may come from a lying device: the sum stays in range.
 void addFile(ContentCount& count, qint64 bytes) {
-    constexpr qint64 most = std::numeric_limits<qint64>::max();
     ++count.files;
-    count.bytes += std::min(std::max(bytes, qint64{0}), most - count.bytes);
+    count.bytes = addByteCounts(count.bytes, std::max(bytes, qint64{0}));
 }
 
 } // namespace

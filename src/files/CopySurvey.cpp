@@ -1,6 +1,8 @@
 #include "files/CopySurvey.h"
 
+#include "core/ByteCount.h"
 #include "core/CancellationError.h"
+#include "core/EitherStop.h"
 #include "files/ContentCount.h"
 #include "files/DevicePath.h"
 
@@ -10,17 +12,10 @@
 #include <QStorageInfo>
 
 #include <algorithm>
-#include <limits>
 
 namespace tessary {
 
 namespace {
-
-/// Sums of what files claim to hold must not wrap.
-qint64 addBounded(qint64 a, qint64 b) {
-    qint64 sum = 0;
-    return qAddOverflow(a, std::max<qint64>(b, 0), &sum) ? std::numeric_limits<qint64>::max() : sum;
-}
 
 /// The stem and the extension with its dot; a leading dot starts a hidden name.
 std::pair<QString, QString> splitName(const QString& name) {
@@ -46,15 +41,12 @@ void nameCopies(std::vector<CopyCandidate>& candidates,
 /// Bytes below a folder of the phone as far as they can be counted.
 qint64 bytesIn(FileAccess& files, const FileItem& folder, bool& isPartial,
                const std::stop_token& stopCounting, const std::stop_token& stop) {
-    std::stop_source either;
-    const auto forward = [&either] { either.request_stop(); };
-    const std::stop_callback onCounting(stopCounting, forward);
-    const std::stop_callback onStop(stop, forward);
+    const EitherStop either(stopCounting, stop);
     ContentCount sofar;
     try {
         sofar = countContent(
             files, {folder}, [&sofar](const ContentCount& count) { sofar = count; },
-            either.get_token());
+            either.token());
     } catch (const CancellationError&) {
         throwIfStopped(stop);
         isPartial = true;
@@ -74,7 +66,7 @@ qint64 bytesIn(const QString& folder, bool& isPartial, const std::stop_token& st
             break;
         }
         files.next();
-        bytes = addBounded(bytes, files.fileInfo().size());
+        bytes = addByteCounts(bytes, files.fileInfo().size());
     }
     return bytes;
 }
@@ -120,10 +112,10 @@ qint64 CopySurvey::neededBytes(const CopyChoices& choices) const {
         const qint64 old = replaces ? std::clamp<qint64>(candidate.existing->size, 0,
                                                          std::max<qint64>(candidate.bytes, 0))
                                     : 0;
-        needed = addBounded(needed, candidate.bytes - old);
+        needed = addByteCounts(needed, candidate.bytes - old);
         largestOld = std::max(largestOld, old);
     }
-    return addBounded(needed, largestOld);
+    return addByteCounts(needed, largestOld);
 }
 
 CopySurvey surveyDownload(const std::shared_ptr<FileAccess>& files, DownloadPlan plan,

@@ -13,6 +13,11 @@ class FileAccess;
 struct ErrorAdvice {
     QString message;
     QString advice; ///< empty when there is nothing to do
+
+    /// Both, one after the other.
+    [[nodiscard]] QString text() const {
+        return advice.isEmpty() ? message : message + QLatin1Char(' ') + advice;
+    }
 };
 
 /// The words for a failure of the file service. `holders` are the programs that hold the phone,

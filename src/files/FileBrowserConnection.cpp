@@ -1,6 +1,6 @@
 // What a browser is connected to, and what becomes of that when phones come and go.
 
-#include "core/Background.h"
+#include "core/EndInBackground.h"
 #include "files/FileBrowserViewModel.h"
 
 #include <utility>
@@ -15,14 +15,6 @@ const QString& noAppName() {
 }
 
 } // namespace
-
-/// Ends a connection in the background: saying goodbye to a phone takes its time.
-void FileBrowserViewModel::letGo(std::shared_ptr<FileAccess> files) {
-    if (files)
-        runInBackground(
-            this, [ended = std::move(files)]() mutable { ended.reset(); },
-            [](const BackgroundResult<void>&) {});
-}
 
 void FileBrowserViewModel::stopAll() {
     ++loadNumber_;
@@ -54,7 +46,7 @@ void FileBrowserViewModel::open(std::shared_ptr<FileAccess> files,
     cancelPreview();
     reloadTimer_.stop();
     std::swap(files_, files);
-    letGo(std::move(files));
+    endInBackground(this, std::move(files)); // saying goodbye to a phone takes its time
     activeDevice_ = device;
     appName_ = noAppName();
     isConnecting_ = false;

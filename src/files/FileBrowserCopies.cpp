@@ -1,6 +1,7 @@
 // The copies that a browser starts, and what is found out before.
 
 #include "core/Background.h"
+#include "core/ByteCount.h"
 #include "files/DevicePath.h"
 #include "files/FileBrowserViewModel.h"
 
@@ -24,6 +25,21 @@ std::stop_token countingToken() {
     return source.get_token();
 }
 
+/// Calls `survey` in the background; `whenDone` unless `context` is gone by then.
+template <typename Survey, typename Plan>
+void runSurvey(QObject* context, Survey survey, const std::shared_ptr<FileAccess>& files, Plan plan,
+               FileBrowserViewModel::SurveyDone whenDone) {
+    runInBackground(
+        context,
+        [=, plan = std::move(plan), counting = countingToken()](const std::stop_token& stop) {
+            return survey(files, plan, counting, stop);
+        },
+        [whenDone = std::move(whenDone)](BackgroundResult<CopySurvey> result) {
+            if (result.succeeded())
+                whenDone(result.take());
+        });
+}
+
 /// The storage that a root of an Android phone stands for; null while nothing is known.
 const StorageVolume* volumeOf(const DeviceInfo& device, const QString& root) {
     for (const StorageVolume& volume : device.volumes)
@@ -32,17 +48,14 @@ const StorageVolume* volumeOf(const DeviceInfo& device, const QString& root) {
     return device.volumes.empty() ? nullptr : &device.volumes.front();
 }
 
-qint64 asSigned(std::uint64_t bytes) {
-    return static_cast<qint64>(std::min<std::uint64_t>(bytes, std::numeric_limits<qint64>::max()));
-}
-
 /// Free bytes of the storage below `root` as last heard.
 std::optional<qint64> freeBytesOf(const DeviceInfo& device, const QString& root) {
     if (device.platform == DevicePlatform::iOS)
         return device.freeStorageBytes;
     const StorageVolume* volume = volumeOf(device, root);
-    return volume != nullptr && volume->totalBytes > 0 ? std::optional(asSigned(volume->freeBytes))
-                                                       : std::nullopt;
+    return volume != nullptr && volume->totalBytes > 0
+               ? std::optional(clampedByteCount(volume->freeBytes))
+               : std::nullopt;
 }
 
 /// Bytes that files take there.
@@ -68,16 +81,7 @@ void FileBrowserViewModel::surveyDownload(const QStringList& ids, const QString&
         if (job.type == TransferJob::TransferType::download && !job.isFinished())
             plan.queued.push_back(
                 {parentPath(job.destinationPath), job.progress.totalBytes - job.doneBytes()});
-    runInBackground(
-        this,
-        [files = files_, plan = std::move(plan),
-         counting = countingToken()](const std::stop_token& stop) {
-            return tessary::surveyDownload(files, plan, counting, stop);
-        },
-        [whenDone = std::move(whenDone)](BackgroundResult<CopySurvey> result) {
-            if (result.succeeded())
-                whenDone(result.take());
-        });
+    runSurvey(this, tessary::surveyDownload, files_, std::move(plan), std::move(whenDone));
 }
 
 void FileBrowserViewModel::surveyUpload(const QStringList& localPaths, const QString& intoFolderId,
@@ -97,16 +101,7 @@ void FileBrowserViewModel::surveyUpload(const QStringList& localPaths, const QSt
         if (plan.freeBytes && job.type == TransferJob::TransferType::upload && !job.isFinished() &&
             job.connection == files_->identity())
             *plan.freeBytes -= std::min(*plan.freeBytes, job.progress.totalBytes - job.doneBytes());
-    runInBackground(
-        this,
-        [files = files_, plan = std::move(plan),
-         counting = countingToken()](const std::stop_token& stop) {
-            return tessary::surveyUpload(files, plan, counting, stop);
-        },
-        [whenDone = std::move(whenDone)](BackgroundResult<CopySurvey> result) {
-            if (result.succeeded())
-                whenDone(result.take());
-        });
+    runSurvey(this, tessary::surveyUpload, files_, std::move(plan), std::move(whenDone));
 }
 
 void FileBrowserViewModel::copy(const CopySurvey& survey, const CopyChoices& choices) {
@@ -122,7 +117,8 @@ void FileBrowserViewModel::copy(const CopySurvey& survey, const CopyChoices& cho
         const QString& name = replaces ? candidate.name : candidate.freeName;
         used.insert(name.toCaseFolded());
         if (survey.isUpload)
-            transfers_.enqueueUpload({candidate.key, name}, survey.target, survey.files);
+            transfers_.enqueueUpload({candidate.key, name}, survey.target, survey.files,
+                                     UploadFacts{candidate.isFolder, candidate.coming.size});
         else // a job with an unsafe name fails by itself, in words; it must not become a path
             transfers_.enqueueDownload(
                 survey.items[i], name.isEmpty() ? survey.target : joinPath(survey.target, name),

@@ -41,7 +41,7 @@ TypedPath lookUp(FileAccess& files, const QString& path, const QString& typed,
     } catch (const std::exception& error) {
         // Missing, or not to be read for another reason.
         if (!loadFolder(files, path, QLocale::c(), stop).livingFolder)
-            return {std::nullopt, adviceFor(error, files.programsHolding())};
+            return {std::nullopt, adviceFor(error, files)};
         return {std::nullopt,
                 {QStringLiteral("There is no \"%1\" on the phone.").arg(typed),
                  QStringLiteral("Check the spelling, or choose the folder below.")}};

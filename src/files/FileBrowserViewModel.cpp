@@ -3,6 +3,7 @@
 #include "core/Background.h"
 #include "core/CancellationError.h"
 #include "core/DiagnosticsLogger.h"
+#include "core/EndInBackground.h"
 #include "files/AndroidFileAccess.h"
 #include "files/AppFileAccess.h"
 #include "files/DevicePath.h"
@@ -75,7 +76,7 @@ FileBrowserViewModel::~FileBrowserViewModel() {
     if (promises_ != nullptr)
         promises_->reportFailuresTo({});
     stopAll();
-    letGo(std::move(files_));
+    endInBackground(this, std::move(files_));
 }
 
 std::optional<QString> FileBrowserViewModel::errorMessage() const {

@@ -312,7 +312,6 @@ private:
     using EditDone = std::function<void(const QStringList& donePaths)>;
 
     void stopAll();
-    void letGo(std::shared_ptr<FileAccess> files);
     void show(const QString& path);
     void reloadSoon();
     void load(Meanwhile meanwhile);

@@ -1,6 +1,6 @@
 #include "files/FileListing.h"
 
-#include <QCollator>
+#include "core/NameOrder.h"
 
 #include <algorithm>
 #include <numeric>
@@ -8,11 +8,6 @@
 namespace tessary {
 
 namespace {
-
-/// Numbers in names count as numbers only where a language's rules are in force.
-QLocale withLanguage(const QLocale& locale) {
-    return locale.language() == QLocale::C ? QLocale(QLocale::English) : locale;
-}
 
 template <typename T>
 int order(const T& left, const T& right) {
@@ -26,8 +21,7 @@ std::shared_ptr<const FileListing> FileListing::make(std::vector<FileItem> items
     return std::shared_ptr<const FileListing>(new FileListing(std::move(items), locale));
 }
 
-FileListing::FileListing(std::vector<FileItem> items, const QLocale& locale)
-    : locale_(withLanguage(locale)) {
+FileListing::FileListing(std::vector<FileItem> items, const QLocale& locale) : locale_(locale) {
     items_.reserve(items.size());
     keys_.reserve(items.size());
     indexes_.reserve(static_cast<qsizetype>(items.size()));
@@ -53,9 +47,8 @@ FileListing::FileListing(std::vector<FileItem> items, const QLocale& locale)
 
 /// Orders the names once, so that every later sort compares numbers.
 void FileListing::rankNames() {
-    QCollator collator(locale_);
+    QCollator collator = nameCollator(locale_);
     collator.setNumericMode(true);
-    collator.setCaseSensitivity(Qt::CaseInsensitive);
     std::vector<QCollatorSortKey> sortKeys;
     sortKeys.reserve(items_.size());
     for (const FileItem& item : items_)

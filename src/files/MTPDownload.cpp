@@ -1,8 +1,10 @@
 #include "files/MTPDownload.h"
 
+#include "core/ByteCount.h"
 #include "core/CancellationError.h"
 #include "core/PartFile.h"
 #include "core/TessaryError.h"
+#include "files/CopySurvey.h"
 #include "files/DevicePath.h"
 
 #include <QDir>
@@ -10,7 +12,6 @@
 #include <QSet>
 
 #include <algorithm>
-#include <limits>
 
 namespace tessary {
 
@@ -18,11 +19,6 @@ namespace {
 
 /// Deeper trees are a device's mistake: paths of a real one are far shorter.
 constexpr int maxDepth = 128;
-
-qint64 toSigned(std::uint64_t size) {
-    constexpr auto limit = static_cast<std::uint64_t>(std::numeric_limits<qint64>::max());
-    return static_cast<qint64>(std::min(size, limit));
-}
 
 struct PlannedFile {
     MTPObjectInfo info;
@@ -84,7 +80,9 @@ private:
                 skip(place, QStringLiteral("its name cannot be used on this computer"));
                 continue;
             }
-            const QString name = freeName(info.filename, taken);
+            const QString name = freeCopyName(
+                QFile::decodeName(QFile::encodeName(info.filename)), info.isDirectory(),
+                [&taken](const QString& one) { return taken.contains(one); });
             if (isTooLongName(name)) {
                 skip(place, QStringLiteral("its name is too long for this computer"));
                 continue;
@@ -93,8 +91,7 @@ private:
             const QString local = joinPath(localFolder, name);
             if (!info.isDirectory()) {
                 plan_.byteCount =
-                    toSigned(static_cast<std::uint64_t>(plan_.byteCount) +
-                             static_cast<std::uint64_t>(toSigned(info.effectiveSize())));
+                    addByteCounts(plan_.byteCount, clampedByteCount(info.effectiveSize()));
                 plan_.files.push_back({std::move(info), place.shownPath(), local});
             } else if (visited_.contains(info.id) || depth >= maxDepth) {
                 skip(place, QStringLiteral("the phone lists this folder inside itself"));
@@ -102,16 +99,6 @@ private:
                 walk(place, info.id, local, depth + 1);
             }
         }
-    }
-
-    static QString freeName(const QString& name, const QSet<QString>& taken) {
-        QString candidate = QFile::decodeName(QFile::encodeName(name));
-        const qsizetype dot = candidate.lastIndexOf(QLatin1Char('.'));
-        const QString stem = dot > 0 ? candidate.left(dot) : candidate;
-        const QString extension = dot > 0 ? candidate.mid(dot) : QString();
-        for (int n = 2; taken.contains(candidate); ++n)
-            candidate = QStringLiteral("%1 (%2)%3").arg(stem).arg(n).arg(extension);
-        return candidate;
     }
 
     void skip(const MTPLocation& place, const QString& reason) {
@@ -135,7 +122,7 @@ qint64 downloadObject(MTPSession& session, const MTPObjectInfo& info, const QStr
     options.expectedSize = session.client().getObjectSize(info.id);
     if (!options.expectedSize)
         options.expectedSize = info.true64BitSize;
-    const auto total = toSigned(options.expectedSize.value_or(info.effectiveSize()));
+    const auto total = clampedByteCount(options.expectedSize.value_or(info.effectiveSize()));
     if (progress)
         options.progress = [&](qint64 done, qint64) { progress(done, std::max(done, total)); };
     options.stop = stop;
@@ -190,7 +177,7 @@ TransferOutcome downloadFolder(MTPSession& session, DeviceLane::Turn& turn,
                 {file.devicePath, QStringLiteral("a folder of this name is on this computer")});
             continue;
         }
-        state.currentFileTotal = toSigned(file.info.effectiveSize());
+        state.currentFileTotal = clampedByteCount(file.info.effectiveSize());
         try {
             const qint64 size = downloadObject(
                 session, file.info, file.localFile,
@@ -201,7 +188,8 @@ TransferOutcome downloadFolder(MTPSession& session, DeviceLane::Turn& turn,
                 },
                 stop);
             // What the phone sent counts, and not what it had announced.
-            state.totalBytes += size - toSigned(file.info.effectiveSize());
+            const qint64 others = state.totalBytes - clampedByteCount(file.info.effectiveSize());
+            state.totalBytes = addByteCounts(std::max<qint64>(others, 0), size);
             state.completedBytes += size;
             ++state.completedFiles;
         } catch (const MTPTransportError& error) {

@@ -1,5 +1,6 @@
 #include "files/MTPFileBackend.h"
 
+#include "core/ByteCount.h"
 #include "core/CancellationError.h"
 #include "core/DiagnosticsLogger.h"
 #include "core/TessaryError.h"
@@ -10,17 +11,11 @@
 #include "files/PhoneNames.h"
 
 #include <algorithm>
-#include <limits>
 #include <thread>
 
 namespace tessary {
 
 namespace {
-
-qint64 sizeOf(const MTPObjectInfo& info) {
-    constexpr auto limit = static_cast<std::uint64_t>(std::numeric_limits<qint64>::max());
-    return static_cast<qint64>(std::min(info.effectiveSize(), limit));
-}
 
 FileItem itemOf(const MTPObjectInfo& info, const MTPLocation& folder, bool askedBelowStorage) {
     // Entries of different storages stay apart where their paths coincide.
@@ -32,19 +27,18 @@ FileItem itemOf(const MTPObjectInfo& info, const MTPLocation& folder, bool asked
     return {info.filename,
             path,
             isFolder,
-            isFolder ? 0 : sizeOf(info),
+            isFolder ? 0 : clampedByteCount(info.effectiveSize()),
             info.dateModified,
             info.id,
             folder.prefix.isEmpty() ? identity : path};
 }
 
-std::uint64_t clampToSigned(std::uint64_t bytes) {
-    return std::min(bytes, static_cast<std::uint64_t>(std::numeric_limits<qint64>::max()));
-}
-
 StorageVolume volumeOf(const MTPStorageInfo& info) {
-    return {QString::number(info.id), info.storageDescription, clampToSigned(info.maxCapacity),
-            clampToSigned(info.freeSpaceInBytes), info.isRemovable()};
+    const auto clamped = [](std::uint64_t bytes) {
+        return static_cast<std::uint64_t>(clampedByteCount(bytes));
+    };
+    return {QString::number(info.id), info.storageDescription, clamped(info.maxCapacity),
+            clamped(info.freeSpaceInBytes), info.isRemovable()};
 }
 
 /// Throws when a folder has an entry, other than `except`, that a name would clash with.

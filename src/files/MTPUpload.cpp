@@ -2,6 +2,7 @@
 
 #include "core/CancellationError.h"
 #include "core/LocalTree.h"
+#include "core/PartFile.h"
 #include "core/TessaryError.h"
 #include "files/DevicePath.h"
 #include "files/PhoneNames.h"
@@ -83,6 +84,7 @@ void MTPUpload::file(const LocalSource& source, const MTPLocation& folder,
                      const FileProgressCallback& progress) {
     const QString key = folder.shownPath();
     const QString& name = source.name;
+    memory.lastSent_.reset();
     // After a failure nobody knows what the folder holds: it is forgotten.
     Folder known = memory.folders_.take(key);
     if (known.contents.folder() != folderHandle || known.contents.hasNameOnly(name))
@@ -91,34 +93,37 @@ void MTPUpload::file(const LocalSource& source, const MTPLocation& folder,
     if (!mayReplace && known.contents.find(name))
         throw TessaryError::fileIOError(
             QStringLiteral("\"%1\" has appeared on the phone meanwhile.").arg(name));
-    send(source.path, name, known, progress);
+    if (const std::uint32_t handle = send(source.path, name, known, progress); handle != 0)
+        memory.lastSent_ = session_.confirm(handle, name, folder.storageID, folderHandle);
     memory.folders_.insert(key, std::move(known));
 }
 
-/// Sends a file under its name, as a new one or in place of an old one.
-void MTPUpload::send(const QString& localFile, const QString& name, Folder& folder,
-                     const FileProgressCallback& progress) {
+/// Sends a file under its name, as a new one or in place of an old one. Returns the handle that it
+/// has, as far as the device tells, or 0.
+std::uint32_t MTPUpload::send(const QString& localFile, const QString& name, Folder& folder,
+                              const FileProgressCallback& progress) {
     requireNameForMTP(name);
     refresh(folder);
     const MTPObjectInfo* old = folder.contents.find(name);
     if (!old) {
         if (const auto other = folder.contents.sameName(name))
             throwSameToPhone(*other, name);
-        session_.remember(folder.location.child(name), transfer(localFile, name, folder, progress));
+        const std::uint32_t handle = transfer(localFile, name, folder, progress);
+        session_.remember(folder.location.child(name), handle);
         folder.contents.insertName(name);
-        return;
+        return handle;
     }
     if (old->isDirectory())
         throw TessaryError::fileIOError(
             QStringLiteral("A folder named \"%1\" is already on the phone.").arg(name));
-    replace(localFile, MTPObjectInfo(*old), folder, progress);
+    return replace(localFile, MTPObjectInfo(*old), folder, progress);
 }
 
-void MTPUpload::replace(const QString& localFile, const MTPObjectInfo& old, Folder& folder,
-                        const FileProgressCallback& progress) {
+std::uint32_t MTPUpload::replace(const QString& localFile, const MTPObjectInfo& old, Folder& folder,
+                                 const FileProgressCallback& progress) {
     MTPClient& client = session_.client();
     const QString name = old.filename;
-    const QString sentAs = newPartName();
+    const QString sentAs = PartFile::newName();
     const auto sent = findNew(folder, sentAs, transfer(localFile, sentAs, folder, progress));
     if (!sent)
         throw TessaryError::fileIOError(
@@ -126,7 +131,7 @@ void MTPUpload::replace(const QString& localFile, const MTPObjectInfo& old, Fold
                 .arg(name));
 
     // Whether the phone can rename at all shows before the old version is touched.
-    const QString parkedAs = newPartName();
+    const QString parkedAs = PartFile::newName();
     try {
         client.renameObject(sent->id, parkedAs);
     } catch (const MTPTransportError& error) {
@@ -166,6 +171,7 @@ void MTPUpload::replace(const QString& localFile, const MTPObjectInfo& old, Fold
     renamed.filename = name;
     folder.contents.insert(renamed);
     session_.remember(folder.location.child(name), sent->id);
+    return sent->id;
 }
 
 /// Sends the bytes. Returns the handle that the device announced, or 0.

@@ -1,10 +1,7 @@
 #include "files/PhoneNames.h"
 
-#include "core/PartFile.h"
 #include "core/PathNames.h"
 #include "core/TessaryError.h"
-
-#include <QUuid>
 
 namespace tessary {
 
@@ -36,11 +33,6 @@ void requireNameForMTP(const QString& name) {
 void requireNameForADB(const QString& name) {
     constexpr qsizetype most = 255;
     requireName(name, name.toUtf8().size() <= most);
-}
-
-QString newPartName() {
-    constexpr qsizetype digits = 12;
-    return PartFile::namePrefix + QUuid::createUuid().toString(QUuid::Id128).left(digits);
 }
 
 void throwNotOnPhone(const QString& path) {

@@ -16,9 +16,6 @@ void requireNameForMTP(const QString& name);
 /// Throws for what cannot be a name in a phone's file system, which holds 255 bytes.
 void requireNameForADB(const QString& name);
 
-/// A name for a file that is put in another's place once it is complete.
-[[nodiscard]] QString newPartName();
-
 /// The error for a path at which nothing is.
 [[noreturn]] void throwNotOnPhone(const QString& path);
 /// The error for a new name that is not `listed`, but the same to a phone.

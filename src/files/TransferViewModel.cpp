@@ -1,6 +1,7 @@
 #include "files/TransferViewModel.h"
 
 #include "core/Background.h"
+#include "core/ByteCount.h"
 #include "core/CancellationError.h"
 #include "core/MainThread.h"
 #include "core/TessaryError.h"
@@ -34,12 +35,6 @@ FileProgressCallback asJobProgress(const TransferProgressCallback& progress) {
 void requireComplete(TransferOutcome outcome) {
     if (!outcome.isComplete())
         throw IncompleteTransferError(std::move(outcome));
-}
-
-/// Sums of what files claim to hold must not wrap.
-qint64 addBounded(qint64 a, qint64 b) {
-    qint64 sum = 0;
-    return qAddOverflow(a, b, &sum) ? std::numeric_limits<qint64>::max() : sum;
 }
 
 } // namespace
@@ -77,8 +72,12 @@ int TransferViewModel::indexOf(const QUuid& jobId) const {
 }
 
 QUuid TransferViewModel::enqueueUpload(const LocalSource& source, const QString& remotePath,
-                                       const std::shared_ptr<FileAccess>& files) {
-    const QFileInfo local(source.path);
+                                       const std::shared_ptr<FileAccess>& files,
+                                       std::optional<UploadFacts> known) {
+    if (!known) {
+        const QFileInfo local(source.path);
+        known = UploadFacts{local.isDir(), local.size()};
+    }
     QString folder = remotePath;
     if (folder.size() >= 2 && folder.endsWith(QLatin1Char('/')))
         folder.chop(1);
@@ -92,11 +91,11 @@ QUuid TransferViewModel::enqueueUpload(const LocalSource& source, const QString&
         job.deviceName = files->deviceName();
         job.connection = files->identity();
     }
-    job.isDirectory = local.isDir();
+    job.isDirectory = known->isDirectory;
     job.isMeasuring = job.isDirectory;
     if (!job.isDirectory) {
         job.progress.totalFiles = 1;
-        job.progress.totalBytes = local.size();
+        job.progress.totalBytes = known->bytes;
     }
     const bool isDirectory = job.isDirectory;
     const QUuid id = append(std::move(job));
@@ -163,7 +162,7 @@ QUuid TransferViewModel::append(TransferJob job) {
     const QUuid id = job.id;
     const int index = static_cast<int>(jobs_.size());
     Q_EMIT jobAboutToBeAdded(index);
-    queuedBytes_ = addBounded(queuedBytes_, job.progress.totalBytes);
+    queuedBytes_ = addByteCounts(queuedBytes_, job.progress.totalBytes);
     jobs_.push_back(std::move(job));
     indexes_.insert(id, index);
     ++summary_.queued;
@@ -239,7 +238,7 @@ void TransferViewModel::showProgress() {
     if (const auto progress = feed_->take())
         updateProgress(job, *progress);
     const qint64 done = job.doneBytes();
-    speed_.update(addBounded(movedBytes_, done), TransferSpeed::Clock::now());
+    speed_.update(addByteCounts(movedBytes_, done), TransferSpeed::Clock::now());
     job.isFinishing = job.progress.totalBytes > 0 && done >= job.progress.totalBytes;
     job.bytesPerSecond = job.isFinishing ? 0 : speed_.bytesPerSecond();
     job.timeLeft = job.isFinishing ? std::nullopt : speed_.timeLeft(job.progress.totalBytes - done);
@@ -285,8 +284,8 @@ void TransferViewModel::finish(int index, Status status, const std::exception_pt
     } else {
         --summary_.running;
     }
-    finishedBytes_ = addBounded(finishedBytes_, job.progress.totalBytes);
-    movedBytes_ = addBounded(movedBytes_, job.doneBytes());
+    finishedBytes_ = addByteCounts(finishedBytes_, job.progress.totalBytes);
+    movedBytes_ = addByteCounts(movedBytes_, job.doneBytes());
     ++summary_.finished;
     if (feed_ && feed_->id == id) {
         feed_.reset();
@@ -370,7 +369,7 @@ void TransferViewModel::measureNext() {
                     job.progress.totalFiles = stats.totalFiles;
                     job.progress.totalBytes = stats.totalBytes;
                     job.isMeasuring = false;
-                    queuedBytes_ = addBounded(queuedBytes_, stats.totalBytes);
+                    queuedBytes_ = addByteCounts(queuedBytes_, stats.totalBytes);
                     Q_EMIT jobChanged(index);
                     updateSummary();
                 }
@@ -382,12 +381,12 @@ void TransferViewModel::measureNext() {
 void TransferViewModel::updateSummary() {
     TransferSummary summary = summary_;
     summary.doneBytes = finishedBytes_;
-    summary.totalBytes = addBounded(finishedBytes_, queuedBytes_);
+    summary.totalBytes = addByteCounts(finishedBytes_, queuedBytes_);
     const int running = feed_ ? indexOf(feed_->id) : -1;
     if (running >= 0) {
         const TransferJob& job = jobs_[static_cast<std::size_t>(running)];
-        summary.doneBytes = addBounded(summary.doneBytes, job.doneBytes());
-        summary.totalBytes = addBounded(summary.totalBytes, job.progress.totalBytes);
+        summary.doneBytes = addByteCounts(summary.doneBytes, job.doneBytes());
+        summary.totalBytes = addByteCounts(summary.totalBytes, job.progress.totalBytes);
     }
     const bool isIdle = summary.isIdle();
     summary.bytesPerSecond = isIdle ? 0 : speed_.bytesPerSecond();

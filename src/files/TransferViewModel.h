@@ -36,12 +36,18 @@ struct TransferSummary {
     bool operator==(const TransferSummary&) const = default;
 };
 
+/// What is known of something local that is to be uploaded.
+struct UploadFacts {
+    bool isDirectory = false;
+    qint64 bytes = 0; ///< of a file
+};
+
 /// How a download ended: null for success, else what went wrong (CancellationError included).
 using TransferFinished = std::function<void(const std::exception_ptr&)>;
 
 /// The list of transfers that the user sees, oldest first, and what they ask of it. Lives on the
 /// main thread and does no I/O there beyond reading the facts of a local file that is to be
-/// uploaded.
+/// uploaded, where nobody else has.
 ///
 /// A folder transfer that had to leave something out ends as `failed`, with an error that counts
 /// and names what is missing ("3 of 200 files were not copied: ..."): `completed` means that all of
@@ -69,9 +75,10 @@ public:
     }
 
     /// Copies a local file or folder into the device folder `remotePath`, under the source's name.
-    /// Returns the job's id.
+    /// Returns the job's id. Looks at the local disk for what is not known.
     QUuid enqueueUpload(const LocalSource& source, const QString& remotePath,
-                        const std::shared_ptr<FileAccess>& files);
+                        const std::shared_ptr<FileAccess>& files,
+                        std::optional<UploadFacts> known = {});
     /// Copies a file or folder of the device to `localURL`, the path of the copy itself, whose
     /// folder exists. An older file of that path is replaced, folders are merged. `onFinished` is
     /// called on the main thread.

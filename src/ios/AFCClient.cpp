@@ -2,15 +2,13 @@
 
 #include "core/CancellationError.h"
 #include "core/MainThread.h"
+#include "core/NameOrder.h"
 #include "core/PartFile.h"
 #include "core/PathNames.h"
 #include "core/TessaryError.h"
 #include "ios/AFCConnection.h"
 
-#include <QCollator>
 #include <QFileInfo>
-#include <QLocale>
-#include <QUuid>
 
 #include <algorithm>
 #include <mutex>
@@ -31,10 +29,7 @@ FileItem itemFrom(const QString& name, const QString& path,
 }
 
 void sortForDisplay(std::vector<FileItem>& items) {
-    // Without a language there are no rules for its letters.
-    const QLocale locale;
-    QCollator collator(locale.language() == QLocale::C ? QLocale(QLocale::English) : locale);
-    collator.setCaseSensitivity(Qt::CaseInsensitive);
+    const QCollator collator = nameCollator();
     std::stable_sort(items.begin(), items.end(), [&](const FileItem& a, const FileItem& b) {
         if (a.isDirectory != b.isDirectory)
             return a.isDirectory;
@@ -119,9 +114,7 @@ qint64 sendContent(AFCConnection& connection, QFile& local, AFCFile& remote,
 QString partPathFor(const QString& path) {
     if (lastComponent(path).startsWith(PartFile::namePrefix))
         return path;
-    constexpr int digits = 12;
-    return joinPath(parentPath(path),
-                    PartFile::namePrefix + QUuid::createUuid().toString(QUuid::Id128).left(digits));
+    return joinPath(parentPath(path), PartFile::newName());
 }
 
 /// A copy is whole without its date.
@@ -238,6 +231,12 @@ QString AFCClient::resolveRemotePath(const QString& path, const QString& working
     return path.startsWith(slash) ? root + path : root + slash + path;
 }
 
+QString AFCClient::inContainer(const QString& path) const {
+    if (workingRootPath_ == slash)
+        return path;
+    return path == slash ? workingRootPath_ : workingRootPath_ + path;
+}
+
 template <typename Work>
 auto AFCClient::onQueue(Work work, const std::stop_token& stop) {
     throwIfStopped(stop);
@@ -286,12 +285,17 @@ std::vector<FileItem> AFCClient::listContents(const QString& at, const std::stop
 }
 
 FileItem AFCClient::itemAt(const QString& path, const std::stop_token& stop) {
+    auto item = findItem(path, stop);
+    if (!item)
+        throw TessaryError::afcError(AFCError::objectNotFound);
+    return *std::move(item);
+}
+
+std::optional<FileItem> AFCClient::findItem(const QString& path, const std::stop_token& stop) {
     return onQueue(
         [path, resolved = resolveRemotePath(path)](AFCConnection& connection) {
             const auto info = connection.fileInfo(resolved);
-            if (!info)
-                throw TessaryError::afcError(AFCError::objectNotFound);
-            return itemFrom(lastComponent(path), path, info);
+            return info ? std::optional(itemFrom(lastComponent(path), path, info)) : std::nullopt;
         },
         stop);
 }

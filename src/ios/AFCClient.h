@@ -57,6 +57,10 @@ public:
     [[nodiscard]] static QString resolveRemotePath(const QString& path,
                                                    const QString& workingRootPath);
 
+    /// A path below workingRootPath() as a path of the container: written out, so that a folder
+    /// called like the root is not taken for it.
+    [[nodiscard]] QString inContainer(const QString& path) const;
+
     /// Folders first, then by name. Names are hostile. Links are listed as files, unless there are
     /// `links` to put them into, with the reason why they cannot be copied.
     [[nodiscard]] std::vector<FileItem> listContents(const QString& at,
@@ -65,6 +69,9 @@ public:
                                                      std::vector<SkippedItem>* links = nullptr);
     /// One path. `objectNotFound` when the device does not tell what is there.
     [[nodiscard]] FileItem itemAt(const QString& path, const std::stop_token& stop = {});
+    /// The same; no value when there is nothing, or the device does not tell.
+    [[nodiscard]] std::optional<FileItem> findItem(const QString& path,
+                                                   const std::stop_token& stop = {});
     void createDirectory(const QString& at, const std::stop_token& stop = {});
     /// Removes a file, or a folder with everything in it; the first failure ends it.
     void removePath(const QString& path, const std::stop_token& stop = {});

@@ -1,11 +1,12 @@
 #include "ios/AFCFileInfo.h"
 
+#include "core/ByteCount.h"
+
 #include <QTimeZone>
 
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
-#include <limits>
 #include <string_view>
 
 namespace tessary {
@@ -25,7 +26,6 @@ std::optional<std::uint64_t> parseUnsigned(std::string_view text) {
 
 AFCFileInfo parseFileInfo(const char* const* texts) {
     constexpr std::uint64_t nanosecondsPerMillisecond = 1'000'000;
-    constexpr auto largest = static_cast<std::uint64_t>(std::numeric_limits<qint64>::max());
     AFCFileInfo info;
     for (; texts != nullptr && texts[0] != nullptr && texts[1] != nullptr; texts += 2) {
         const std::string_view key = texts[0];
@@ -35,8 +35,7 @@ AFCFileInfo parseFileInfo(const char* const* texts) {
             info.isLink = value == "S_IFLNK";
         } else if (key == "st_size") {
             const auto size = parseUnsigned(value);
-            info.size =
-                size ? std::optional(static_cast<qint64>(std::min(*size, largest))) : std::nullopt;
+            info.size = size ? std::optional(clampedByteCount(*size)) : std::nullopt;
         } else if (key == "st_mtime") {
             const auto time = parseUnsigned(value);
             info.modifiedDate =

@@ -1,5 +1,6 @@
 #include "ios/AFCClient.h"
 
+#include "core/ByteCount.h"
 #include "core/CancellationError.h"
 #include "core/DiagnosticsLogger.h"
 #include "core/LocalTree.h"
@@ -11,19 +12,11 @@
 #include <QFileInfo>
 #include <QSet>
 
-#include <limits>
-
 namespace tessary {
 
 namespace {
 
 constexpr int maxDepth = 128;
-
-/// Sums of what a device claims must not wrap.
-qint64 addBounded(qint64 a, qint64 b) {
-    qint64 sum = 0;
-    return qAddOverflow(a, b, &sum) ? std::numeric_limits<qint64>::max() : sum;
-}
 
 /// The counters of a folder transfer, and who hears of them on the main thread.
 class FolderProgress {
@@ -47,8 +40,8 @@ public:
     }
     /// The file is across; what was moved counts, not what had been announced.
     void finishFile(qint64 announced, qint64 moved) {
-        state.totalBytes = addBounded(state.totalBytes - announced, moved);
-        state.completedBytes = addBounded(state.completedBytes, moved);
+        state.totalBytes = addByteCounts(std::max<qint64>(state.totalBytes - announced, 0), moved);
+        state.completedBytes = addByteCounts(state.completedBytes, moved);
         ++state.completedFiles;
         leaveFile();
     }
@@ -114,7 +107,7 @@ public:
                 if (item.isDirectory) {
                     walk(item.path, local, depth + 1);
                 } else {
-                    byteCount = addBounded(byteCount, item.size);
+                    byteCount = addByteCounts(byteCount, item.size);
                     files.push_back({std::move(item), local});
                 }
             }

@@ -1,10 +1,8 @@
 #include "ios/AppLister.h"
 
+#include "core/NameOrder.h"
 #include "core/TessaryError.h"
 #include "ios/PlistValues.h"
-
-#include <QCollator>
-#include <QLocale>
 
 #include <algorithm>
 #include <array>
@@ -38,10 +36,7 @@ std::optional<AppInfo> appFrom(plist_t entry) {
 }
 
 void sortByName(std::vector<AppInfo>& apps) {
-    // Without a language there are no rules for its letters.
-    const QLocale locale;
-    QCollator collator(locale.language() == QLocale::C ? QLocale(QLocale::English) : locale);
-    collator.setCaseSensitivity(Qt::CaseInsensitive);
+    const QCollator collator = nameCollator();
     std::stable_sort(apps.begin(), apps.end(), [&](const AppInfo& a, const AppInfo& b) {
         return collator.compare(a.displayName, b.displayName) < 0;
     });

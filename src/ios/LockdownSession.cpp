@@ -1,5 +1,6 @@
 #include "ios/LockdownSession.h"
 
+#include "core/ByteCount.h"
 #include "core/CancellationError.h"
 #include "core/TessaryError.h"
 #include "ios/PlistValues.h"
@@ -9,7 +10,6 @@
 #include <algorithm>
 #include <condition_variable>
 #include <csignal>
-#include <limits>
 #include <mutex>
 
 namespace tessary {
@@ -23,11 +23,6 @@ constexpr const char* label = "Tessary";
 std::uint64_t firstOf(plist_t dictionary, const char* key, const char* otherKey) {
     const auto value = unsignedAt(dictionary, key);
     return value ? *value : unsignedAt(dictionary, otherKey).value_or(0);
-}
-
-qint64 toSigned(std::uint64_t bytes) {
-    constexpr auto limit = static_cast<std::uint64_t>(std::numeric_limits<qint64>::max());
-    return static_cast<qint64>(std::min(bytes, limit));
 }
 
 /// The library writes to connections that may be gone, which by default ends the program. Whoever
@@ -45,8 +40,10 @@ void ignoreBrokenPipes() {
 } // namespace
 
 std::optional<StorageInfo> storageFromDiskUsage(plist_t diskUsage) {
-    const qint64 total = toSigned(firstOf(diskUsage, "TotalDiskCapacity", "TotalDataCapacity"));
-    const qint64 free = toSigned(firstOf(diskUsage, "AmountDataAvailable", "TotalDataAvailable"));
+    const qint64 total =
+        clampedByteCount(firstOf(diskUsage, "TotalDiskCapacity", "TotalDataCapacity"));
+    const qint64 free =
+        clampedByteCount(firstOf(diskUsage, "AmountDataAvailable", "TotalDataAvailable"));
     if (total == 0)
         return std::nullopt;
     return StorageInfo{std::min(free, total), total};

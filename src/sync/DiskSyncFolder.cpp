@@ -2,6 +2,7 @@
 
 #include "core/CancellationError.h"
 #include "core/DiagnosticsLogger.h"
+#include "core/FileHandle.h"
 #include "core/PartFile.h"
 #include "core/PathNames.h"
 #include "core/TessaryError.h"
@@ -9,7 +10,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QUuid>
 
 #include <cerrno>
 #include <chrono>
@@ -75,15 +75,11 @@ void readPieces(const QString& path, const std::stop_token& stop, Take take) {
 }
 
 void flushToDisk(const QString& path) {
-    const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    const FileHandle file(::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC));
     // Some network disks have no such thing for folders.
-    const bool isDone = file >= 0 && (::fsync(file) == 0 || errno == EINVAL || errno == ENOTSUP);
-    const int reason = errno;
-    if (file >= 0)
-        ::close(file);
-    if (!isDone)
+    if (!file.isOpen() || (::fsync(file.get()) != 0 && errno != EINVAL && errno != ENOTSUP))
         throw failure(QStringLiteral("Cannot write %1").arg(path),
-                      std::error_code(reason, std::generic_category()));
+                      std::error_code(errno, std::generic_category()));
 }
 
 void logFailure(const char* what, const QString& reason) {
@@ -194,8 +190,7 @@ QString DiskSyncFolder::temporaryPathFor(const QString& relativePath) {
         fs::create_directory(diskPath(pathOf(relativePath.left(end))), error);
     }
     requireRealFolders(relativePath);
-    return parentPath(pathOf(relativePath)) + QLatin1Char('/') + PartFile::namePrefix +
-           QUuid::createUuid().toString(QUuid::Id128).left(12);
+    return joinPath(parentPath(pathOf(relativePath)), PartFile::newName());
 }
 
 qint64 DiskSyncFolder::temporarySize(const QString& temporaryPath) {
@@ -227,9 +222,7 @@ void DiskSyncFolder::putInPlace(const QString& temporaryPath, const QString& rel
     const std::chrono::sys_time<std::chrono::milliseconds> time{
         std::chrono::milliseconds(date.toMSecsSinceEpoch())};
     fs::last_write_time(from, std::chrono::file_clock::from_sys(time), error);
-    fs::rename(from, diskPath(pathOf(relativePath)), error);
-    if (error)
-        throw failure(QStringLiteral("Cannot write %1").arg(pathOf(relativePath)), error);
+    renameOver(temporaryPath, pathOf(relativePath));
 }
 
 void DiskSyncFolder::flush(const QString& relativePath) {
@@ -306,6 +299,7 @@ void DiskSyncFolder::saveManifest(const SyncManifest& manifest) {
         PartFile file(pathOf(SyncManifest::fileName));
         file.write(
             std::as_bytes(std::span(json.constData(), static_cast<std::size_t>(json.size()))));
+        flushToDisk(file.temporaryPath());
         file.commit({});
     } catch (const TessaryError& error) {
         logFailure("sync manifest not written: %s", error.message());

@@ -21,11 +21,6 @@ namespace tessary {
 
 namespace {
 
-QString textOf(const std::exception& error) {
-    const ErrorAdvice words = adviceFor(error);
-    return words.advice.isEmpty() ? words.message : words.message + QLatin1Char(' ') + words.advice;
-}
-
 /// The text of an error that work in the background ended with. A cancellation has none.
 QString textOf(const std::exception_ptr& failure) {
     try {
@@ -33,7 +28,7 @@ QString textOf(const std::exception_ptr& failure) {
     } catch (const CancellationError&) {
         return {};
     } catch (const std::exception& error) {
-        return textOf(error);
+        return adviceFor(error).text();
     }
 }
 
@@ -282,8 +277,8 @@ void SyncManager::ended(const QUuid& id, const std::function<SyncReport()>& resu
         finish(id, {}, {});
     } catch (const std::exception& error) {
         // What breaks while a cancelled run winds down is not worth a word.
-        addHistory(id, isCancelled ? QStringLiteral("Cancelled") : textOf(error));
-        finish(id, isCancelled ? SyncStatus() : SyncStatus::error(textOf(error)),
+        addHistory(id, isCancelled ? QStringLiteral("Cancelled") : adviceFor(error).text());
+        finish(id, isCancelled ? SyncStatus() : SyncStatus::error(adviceFor(error).text()),
                isCancelled ? QString() : QStringLiteral("Error"));
     }
     startNext();

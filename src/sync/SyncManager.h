@@ -29,8 +29,6 @@ class SyncManager : public QObject {
 public:
     static constexpr QLatin1StringView userDefaultsKey{"Tessary_SyncPairs"};
     static constexpr QLatin1StringView historyKey{"Tessary_SyncHistory"};
-    /// The name under which the signal syncDidComplete() is known.
-    static constexpr QLatin1StringView didComplete{"Tessary_SyncDidComplete"};
 
     /// Asks the user. The completion is called once, at any time, on the main thread: delete (or
     /// create again) or not. A run that is cancelled meanwhile needs no answer any more.

@@ -1,12 +1,11 @@
 #include "sync/SyncPair.h"
 
+#include "core/ByteCount.h"
 #include "core/ByteFormat.h"
 
 #include <QLocale>
-#include <QtNumeric>
 
 #include <algorithm>
-#include <limits>
 
 namespace tessary {
 
@@ -63,11 +62,7 @@ QString SyncProgress::filesDescription() const {
 
 /// Stored counters may be anything: the sum stays within its range.
 qint64 SyncProgress::bytesDone() const {
-    qint64 done = 0;
-    if (qAddOverflow(completedBytes, currentFileBytes, &done))
-        done = completedBytes > 0 ? std::numeric_limits<qint64>::max()
-                                  : std::numeric_limits<qint64>::min();
-    return std::min(totalBytes, done);
+    return std::min(totalBytes, addByteCounts(completedBytes, currentFileBytes));
 }
 
 QString SyncProgress::bytesDescription() const {

@@ -1,11 +1,9 @@
 #include "sync/SyncPlanner.h"
 
+#include "core/ByteCount.h"
 #include "sync/SyncObstacles.h"
 
-#include <QtNumeric>
-
 #include <algorithm>
-#include <limits>
 
 namespace tessary {
 
@@ -307,8 +305,7 @@ SyncPlan SyncPlanner::plan(bool deletionsConfirmed, const QSet<QString>& equal) 
             action.detail = conflictName(action, taken);
         if (action.isWork())
             ++plan.totalFiles;
-        if (qAddOverflow(plan.totalBytes, action.bytes(), &plan.totalBytes))
-            plan.totalBytes = std::numeric_limits<qint64>::max();
+        plan.totalBytes = addByteCounts(plan.totalBytes, action.bytes());
     }
     plan.actions = std::move(actions_);
     return plan;
