@@ -51,10 +51,10 @@ public:
 private:
     Folder open(const MTPLocation& location, std::uint32_t handle);
     Folder makeFolder(Folder& parent, const QString& name);
-    void send(const QString& localFile, const QString& name, Folder& folder,
-              const FileProgressCallback& progress);
-    void replace(const QString& localFile, const MTPObjectInfo& old, Folder& folder,
-                 const FileProgressCallback& progress);
+    std::uint32_t send(const QString& localFile, const QString& name, Folder& folder,
+                       const FileProgressCallback& progress);
+    [[nodiscard]] std::uint32_t replace(const QString& localFile, const MTPObjectInfo& old,
+                                        Folder& folder, const FileProgressCallback& progress);
     [[nodiscard]] std::uint32_t transfer(const QString& localFile, const QString& name,
                                          const Folder& folder,
                                          const FileProgressCallback& progress);
@@ -74,7 +74,17 @@ private:
 /// listed once only. Used by one thread. Others may change the folders meanwhile: keep it for one
 /// run, no longer.
 class MTPUploadMemory {
+public:
+    /// The file that was sent last, as the device described it right afterwards. No value when the
+    /// handle that it announced was none.
+    [[nodiscard]] const std::optional<MTPObjectInfo>& lastSent() const {
+        return lastSent_;
+    }
+
+private:
     friend class MTPUpload;
+
+    std::optional<MTPObjectInfo> lastSent_;
     QHash<QString, MTPUpload::Folder> folders_; ///< by the path as the user addresses it
 };
 

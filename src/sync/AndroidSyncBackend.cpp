@@ -1,5 +1,6 @@
 #include "sync/AndroidSyncBackend.h"
 
+#include "core/ByteCount.h"
 #include "files/DevicePath.h"
 #include "sync/SyncTreeWalk.h"
 
@@ -25,28 +26,13 @@ std::shared_ptr<void> AndroidSyncBackend::holdConnection() {
     return service_.hold(device_);
 }
 
-SyncScan AndroidSyncBackend::scanDirectory(const QString& remoteRoot) {
-    return scanTree(remoteRoot, [this](const QString& path, std::vector<SkippedItem>& skipped) {
-        std::vector<FileItem> items = service_.listDirectoryChecked(path, device_, stop_, &skipped);
-        noteFolder(path);
-        return items;
-    });
-}
-
-SyncScan AndroidSyncBackend::scanFolder(const QString& remotePath) {
-    SyncScan scan;
-    addListing(scan, service_.listDirectoryChecked(remotePath, device_, stop_), {});
-    return scan;
+std::vector<FileItem> AndroidSyncBackend::list(const QString& remotePath,
+                                               std::vector<SkippedItem>& skipped) {
+    return service_.listDirectoryChecked(remotePath, device_, stop_, &skipped);
 }
 
 std::optional<FileItem> AndroidSyncBackend::entryAt(const QString& remotePath) {
     return service_.entryAt(remotePath, device_, stop_);
-}
-
-bool AndroidSyncBackend::isEmptyFolder(const QString& remotePath) {
-    std::vector<SkippedItem> links;
-    return service_.listDirectoryChecked(remotePath, device_, stop_, &links).empty() &&
-           links.empty();
 }
 
 bool AndroidSyncBackend::isAlwaysThere(const QString& remotePath) const {
@@ -75,18 +61,18 @@ std::optional<QByteArray> AndroidSyncBackend::sample(const QString& remotePath) 
     return service_.readSampleBytes(remotePath, syncSampleSize, device_, stop_);
 }
 
-void AndroidSyncBackend::downloadFile(const QString& remotePath, const QString& localFile,
-                                      qint64 fileSize, const FileProgressCallback& progress) {
-    // The service looks for itself whether the file is there.
-    fetch(FileItem(lastComponent(remotePath), remotePath, false, fileSize, std::nullopt),
-          remotePath, localFile, progress);
-}
-
-void AndroidSyncBackend::uploadFile(const QString& localFile, const QString& remotePath,
-                                    bool mayReplace, const FileProgressCallback& progress) {
+std::optional<SyncFileEntry> AndroidSyncBackend::uploadFile(const QString& localFile,
+                                                            const QString& remotePath,
+                                                            bool mayReplace,
+                                                            const FileProgressCallback& progress) {
     const QString parent = parentPath(remotePath);
     ensureFolder(parent);
     service_.uploadFile(localFile, parent, device_, mayReplace, uploads_, progress, stop_);
+    const auto& sent = uploads_.lastSent();
+    if (!sent)
+        return std::nullopt;
+    return SyncFileEntry{
+        clampedByteCount(sent->effectiveSize()), syncDate(sent->dateModified), {}, {}};
 }
 
 SyncNameRules AndroidSyncBackend::nameRules() const {

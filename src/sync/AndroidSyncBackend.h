@@ -16,18 +16,16 @@ public:
     /// `service` must outlive the backend.
     AndroidSyncBackend(DeviceFileService& service, DeviceInfo device, std::stop_token stop);
 
-    [[nodiscard]] SyncScan scanDirectory(const QString& remoteRoot) override;
-    [[nodiscard]] SyncScan scanFolder(const QString& remotePath) override;
-    void downloadFile(const QString& remotePath, const QString& localFile, qint64 fileSize,
-                      const FileProgressCallback& progress) override;
-    void uploadFile(const QString& localFile, const QString& remotePath, bool mayReplace,
-                    const FileProgressCallback& progress) override;
+    std::optional<SyncFileEntry> uploadFile(const QString& localFile, const QString& remotePath,
+                                            bool mayReplace,
+                                            const FileProgressCallback& progress) override;
     [[nodiscard]] SyncNameRules nameRules() const override;
     [[nodiscard]] std::shared_ptr<void> holdConnection() override;
 
 protected:
     [[nodiscard]] std::optional<FileItem> entryAt(const QString& remotePath) override;
-    [[nodiscard]] bool isEmptyFolder(const QString& remotePath) override;
+    [[nodiscard]] std::vector<FileItem> list(const QString& remotePath,
+                                             std::vector<SkippedItem>& skipped) override;
     [[nodiscard]] bool isAlwaysThere(const QString& remotePath) const override;
     void makeFolder(const QString& remotePath) override;
     void remove(const FileItem& item, const QString& remotePath) override;

@@ -27,6 +27,28 @@ void quietly(const char* what, Work work) {
 
 } // namespace
 
+SyncScan PhoneSyncBackend::scanDirectory(const QString& remoteRoot) {
+    return scanTree(remoteRoot, [this](const QString& path, std::vector<SkippedItem>& skipped) {
+        std::vector<FileItem> items = list(path, skipped);
+        folders_.insert(path);
+        return items;
+    });
+}
+
+SyncScan PhoneSyncBackend::scanFolder(const QString& remotePath) {
+    SyncScan scan;
+    std::vector<SkippedItem> skipped;
+    addListing(scan, list(remotePath, skipped), {});
+    return scan;
+}
+
+void PhoneSyncBackend::downloadFile(const QString& remotePath, const QString& localFile,
+                                    qint64 fileSize, const FileProgressCallback& progress) {
+    // The connection looks for itself whether the file is there.
+    fetch(FileItem(lastComponent(remotePath), remotePath, false, fileSize, std::nullopt),
+          remotePath, localFile, progress);
+}
+
 bool PhoneSyncBackend::areFilesMatching(const QString& localFile, const QString& remotePath,
                                         qint64 localSize, qint64 remoteSize) {
     if (localSize != remoteSize || localSize == 0)
@@ -83,7 +105,8 @@ void PhoneSyncBackend::cleanupEmptyRemoteDirectories(const QString& path, const 
             const auto item = entryAt(folder);
             if (!item)
                 continue; // gone already
-            if (!item->isDirectory || !isEmptyFolder(folder))
+            std::vector<SkippedItem> skipped;
+            if (!item->isDirectory || !list(folder, skipped).empty() || !skipped.empty())
                 return;
             remove(*item, folder);
             folders_.remove(folder);
@@ -115,7 +138,7 @@ void PhoneSyncBackend::saveRemoteManifest(const SyncManifest& manifest, const QS
         if (!file.open(QIODevice::WriteOnly) || file.write(json) != json.size() || !file.flush())
             throw TessaryError::fileIOError(file.errorString());
         file.close();
-        uploadFile(file.fileName(), joinPath(remoteRoot, SyncManifest::fileName), true, {});
+        (void)uploadFile(file.fileName(), joinPath(remoteRoot, SyncManifest::fileName), true, {});
     });
 }
 

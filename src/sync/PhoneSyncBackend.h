@@ -12,6 +12,10 @@ namespace tessary {
 /// CancellationError.
 class PhoneSyncBackend : public SyncDeviceBackend {
 public:
+    [[nodiscard]] SyncScan scanDirectory(const QString& remoteRoot) final;
+    [[nodiscard]] SyncScan scanFolder(const QString& remotePath) final;
+    void downloadFile(const QString& remotePath, const QString& localFile, qint64 fileSize,
+                      const FileProgressCallback& progress) final;
     [[nodiscard]] bool areFilesMatching(const QString& localFile, const QString& remotePath,
                                         qint64 localSize, qint64 remoteSize) final;
     void deleteRemoteFile(const QString& remotePath) final;
@@ -23,8 +27,10 @@ public:
 protected:
     /// What is at a path now; no value when there is nothing.
     [[nodiscard]] virtual std::optional<FileItem> entryAt(const QString& remotePath) = 0;
-    /// Whether a folder holds nothing at all, nor what a listing leaves out.
-    [[nodiscard]] virtual bool isEmptyFolder(const QString& remotePath) = 0;
+    /// What a folder holds; an entry whose facts cannot be read fails it. What cannot be synced
+    /// (links, special files) goes into `skipped`.
+    [[nodiscard]] virtual std::vector<FileItem> list(const QString& remotePath,
+                                                     std::vector<SkippedItem>& skipped) = 0;
     /// Whether a folder is there on every phone and never to be made.
     [[nodiscard]] virtual bool isAlwaysThere(const QString& remotePath) const = 0;
     virtual void makeFolder(const QString& remotePath) = 0;
@@ -40,9 +46,6 @@ protected:
     [[nodiscard]] FileItem requireFile(const QString& remotePath);
     /// Makes a folder and those above it where they are missing.
     void ensureFolder(const QString& remotePath);
-    void noteFolder(const QString& remotePath) {
-        folders_.insert(remotePath);
-    }
 
 private:
     /// What statFile found last, and where: its deletion, which is next, needs no other look.

@@ -31,9 +31,11 @@ public:
     virtual void downloadFile(const QString& remotePath, const QString& localFile, qint64 fileSize,
                               const FileProgressCallback& progress) = 0;
     /// Copies a file to the device and makes the folders above it. A file of that name is an error
-    /// unless `mayReplace`; then it is replaced once the new one has arrived whole.
-    virtual void uploadFile(const QString& localFile, const QString& remotePath, bool mayReplace,
-                            const FileProgressCallback& progress) = 0;
+    /// unless `mayReplace`; then it is replaced once the new one has arrived whole. Returns the
+    /// copy as the device described it right afterwards, where that cost no more than one question.
+    virtual std::optional<SyncFileEntry> uploadFile(const QString& localFile,
+                                                    const QString& remotePath, bool mayReplace,
+                                                    const FileProgressCallback& progress) = 0;
     virtual void deleteRemoteFile(const QString& remotePath) = 0;
     /// Removes a folder that is empty, and then those above it that became so, the root never.
     /// Never throws but CancellationError.

@@ -1,14 +1,12 @@
 #include "sync/SyncWorker.h"
 
+#include "core/ByteCount.h"
 #include "core/CancellationError.h"
 #include "core/TessaryError.h"
 #include "sync/SyncPlanner.h"
 #include "sync/SyncTemporaryCopy.h"
 
-#include <QtNumeric>
-
 #include <algorithm>
-#include <limits>
 
 namespace tessary {
 
@@ -29,12 +27,6 @@ QString folderOf(const QString& path) {
 
 bool isSame(const std::optional<SyncFileEntry>& now, const SyncFileEntry& before) {
     return now && now->size == before.size && now->modifiedDate == before.modifiedDate;
-}
-
-/// Sizes that a device claims may add up to anything.
-qint64 saturatedSum(qint64 a, qint64 b) {
-    qint64 sum = 0;
-    return qAddOverflow(a, b, &sum) ? std::numeric_limits<qint64>::max() : sum;
 }
 
 /// The same for a file of the device: a listing may have cut the date to a whole minute.
@@ -148,14 +140,14 @@ FileProgressCallback SyncWorker::byteProgress() {
 
 /// More is to be moved than was planned.
 void SyncWorker::addBytes(qint64 bytes) {
-    progress_.totalBytes = saturatedSum(progress_.totalBytes, bytes);
+    progress_.totalBytes = addByteCounts(progress_.totalBytes, bytes);
 }
 
 void SyncWorker::endFile(const Action& action) {
     progress_.currentFileBytes = 0;
     // What was skipped counts as done, too: the bar ends at its end.
     progress_.completedBytes =
-        saturatedSum(progress_.completedBytes, std::max(fileBytes_, action.bytes()));
+        addByteCounts(progress_.completedBytes, std::max(fileBytes_, action.bytes()));
     ++progress_.completedFiles;
     if (events_.progress)
         events_.progress(progress_);
@@ -171,9 +163,10 @@ bool SyncWorker::isDeviceAsScanned(const Action& action) {
     return action.device == nullptr ? !now : isSameOnDevice(now, *action.device);
 }
 
-/// Copies a local file to the device, in place of what the scan saw there. Returns it as it was
-/// sent. Otherwise it was skipped: one of the two changed, or is gone.
-std::optional<SyncFileEntry> SyncWorker::send(const QString& relativePath, const Action* replaced) {
+/// Copies a local file to the device, in place of what the scan saw there. Without a result it was
+/// skipped: one of the two changed, or is gone.
+std::optional<SyncWorker::Transferred> SyncWorker::send(const QString& relativePath,
+                                                        const Action* replaced) {
     bool hasArrived = false;
     for (int attempt = 0; attempt < maxSends; ++attempt) {
         const auto before = setup_.local.stat(relativePath);
@@ -183,9 +176,11 @@ std::optional<SyncFileEntry> SyncWorker::send(const QString& relativePath, const
             skip(relativePath, changedMeanwhile());
             return std::nullopt;
         }
+        std::optional<SyncFileEntry> arrived;
         try {
-            setup_.device.uploadFile(setup_.local.pathOf(relativePath), remote(relativePath),
-                                     replaces || hasArrived, byteProgress());
+            arrived =
+                setup_.device.uploadFile(setup_.local.pathOf(relativePath), remote(relativePath),
+                                         replaces || hasArrived, byteProgress());
         } catch (const TessaryError&) {
             // A file that grows or shrinks on its way is refused.
             if (isSame(setup_.local.stat(relativePath), *before))
@@ -196,7 +191,7 @@ std::optional<SyncFileEntry> SyncWorker::send(const QString& relativePath, const
         fileBytes_ += before->size;
         report_.transferredBytes += before->size;
         if (isSame(setup_.local.stat(relativePath), *before))
-            return before;
+            return Transferred{*before, arrived, true};
         addBytes(before->size);
     }
     skip(relativePath, QStringLiteral("it changed again and again while it was being copied"));
@@ -217,15 +212,15 @@ void SyncWorker::upload(const Action& action) {
         return;
     if (!action.deletesSource) {
         report_.uploaded.append(path);
-        toConfirm_.insert_or_assign(path, Transferred{*sent, {}});
+        toConfirm_.insert_or_assign(path, *sent);
         return;
     }
     const auto arrived = setup_.device.statFile(remote(path));
-    if (!arrived || arrived->size != sent->size)
+    if (!arrived || arrived->size != sent->local.size)
         throw TessaryError::fileIOError(
             QStringLiteral("The device does not show %1 as it was sent. It was not deleted here.")
                 .arg(path));
-    if (removeLocal(path, *sent))
+    if (removeLocal(path, sent->local))
         report_.moved.append(path);
 }
 
@@ -246,7 +241,7 @@ void SyncWorker::download(const Action& action) {
             QStringLiteral("%1 is not on this computer's disk as it was received.").arg(path));
     if (!action.deletesSource) {
         report_.downloaded.append(path);
-        toConfirm_.insert_or_assign(path, Transferred{*arrived, *action.device});
+        toConfirm_.insert_or_assign(path, Transferred{*arrived, *action.device, false});
         return;
     }
     setup_.local.flush(path);
@@ -347,19 +342,29 @@ void SyncWorker::confirmTransfers() {
             listing = listings.emplace(folder, setup_.device.scanFolder(remote(folder))).first;
         const auto& there = listing->second.files;
         const auto found = there.find(nameOf(path));
-        const auto device =
-            found == there.end() ? std::optional<SyncFileEntry>() : std::optional(found->second);
-        const auto& fetched = transferred.fetched;
-        if (fetched ? isSameOnDevice(device, *fetched)
-                    : device && device->size == transferred.local.size)
-            enter(path, transferred.local, *device);
-        else if (!fetched)
+        const bool hasSize = found != there.end() && found->second.size == transferred.local.size;
+        if (hasSize && isAsTransferred(path, transferred, found->second))
+            enter(path, transferred.local, found->second);
+        else if (transferred.isSent && !hasSize)
             throw TessaryError::fileIOError(
                 QStringLiteral("The device does not show %1 as it was sent. Sync again.")
                     .arg(path));
         else
             skip(path, changedMeanwhile());
     }
+}
+
+/// Whether a file of the size that was transferred is the one that was. Some phones date a file
+/// once more after it has arrived: then the contents tell.
+bool SyncWorker::isAsTransferred(const QString& relativePath, const Transferred& transferred,
+                                 const SyncFileEntry& now) {
+    if (!transferred.device || isSameOnDevice(now, *transferred.device))
+        return true;
+    if (!transferred.isSent)
+        return false;
+    const SyncTemporaryCopy copy(setup_.local, relativePath);
+    setup_.device.downloadFile(remote(relativePath), copy.path(), now.size, byteProgress());
+    return setup_.local.hasSameContent(relativePath, copy.path(), stop_);
 }
 
 } // namespace tessary

@@ -29,8 +29,9 @@ private:
     using Action = SyncPlannedAction;
     struct Transferred {
         SyncFileEntry local; ///< as it is here, or was when it was sent
-        /// Of a file that was fetched: as the scan saw it on the device. No value: it was sent.
-        std::optional<SyncFileEntry> fetched;
+        /// As it was on the device when it was fetched or sent; no value where that is not known.
+        std::optional<SyncFileEntry> device;
+        bool isSent = false;
     };
 
     void upload(const Action& action);
@@ -40,8 +41,8 @@ private:
     void resolveConflict(const Action& action);
     void keepRecord(const Action& action);
 
-    [[nodiscard]] std::optional<SyncFileEntry> send(const QString& relativePath,
-                                                    const Action* replaced = nullptr);
+    [[nodiscard]] std::optional<Transferred> send(const QString& relativePath,
+                                                  const Action* replaced = nullptr);
     void fetch(const QString& relativePath, const QString& temporary, qint64 size);
     void keepLoserOfDevice(const Action& action, const QString& temporary);
     void keepLoserHere(const Action& action);
@@ -56,6 +57,9 @@ private:
     void endFile(const Action& action);
     void addBytes(qint64 bytes);
     void confirmTransfers();
+    [[nodiscard]] bool isAsTransferred(const QString& relativePath, const Transferred& transferred,
+                                       const SyncFileEntry& now);
+    void sendLoser(const Action& action, qint64 bytes);
     void skip(const QString& relativePath, const QString& reason);
     [[nodiscard]] static const QString& changedMeanwhile(); ///< a reason
     void enter(const QString& relativePath, const SyncFileEntry& local,

@@ -17,7 +17,7 @@ void SyncWorker::resolveConflict(const Action& action) {
         return;
     }
     if (setup_.local.hasSameContent(path, copy.path(), stop_)) {
-        toConfirm_.insert_or_assign(path, Transferred{*action.local, *action.device});
+        toConfirm_.insert_or_assign(path, Transferred{*action.local, *action.device, false});
         return;
     }
     if (action.deviceWins) {
@@ -28,39 +28,37 @@ void SyncWorker::resolveConflict(const Action& action) {
         }
         setup_.local.putInPlace(copy.path(), path, action.device->modifiedDate);
         if (const auto arrived = setup_.local.stat(path))
-            toConfirm_.insert_or_assign(path, Transferred{*arrived, *action.device});
+            toConfirm_.insert_or_assign(path, Transferred{*arrived, *action.device, false});
     } else {
         keepLoserOfDevice(action, copy.path());
         begin(QStringLiteral("Uploading"), path);
         addBytes(action.local->size);
         if (const auto sent = send(path, &action))
-            toConfirm_.insert_or_assign(path, Transferred{*sent, {}});
+            toConfirm_.insert_or_assign(path, *sent);
     }
 }
 
 /// The local version, under its conflict name, on both sides.
 void SyncWorker::keepLoserHere(const Action& action) {
     setup_.local.copyTo(action.relativePath, action.detail, stop_);
-    begin(QStringLiteral("Uploading"), action.detail);
-    addBytes(action.local->size);
-    const auto sent = send(action.detail);
-    if (!sent)
-        throw TessaryError::fileIOError(
-            QStringLiteral("%1 changed while it was being copied. Sync again.").arg(action.detail));
-    toConfirm_.insert_or_assign(action.detail, Transferred{*sent, {}});
-    report_.conflicts.append(action.detail);
+    sendLoser(action, action.local->size);
 }
 
 /// The device's version, which was fetched already, under its conflict name, on both sides.
 void SyncWorker::keepLoserOfDevice(const Action& action, const QString& temporary) {
     setup_.local.putInPlace(temporary, action.detail, action.device->modifiedDate);
+    sendLoser(action, action.device->size);
+}
+
+/// Copies the loser's copy here to the device.
+void SyncWorker::sendLoser(const Action& action, qint64 bytes) {
     begin(QStringLiteral("Uploading"), action.detail);
-    addBytes(action.device->size);
+    addBytes(bytes);
     const auto sent = send(action.detail);
     if (!sent)
         throw TessaryError::fileIOError(
             QStringLiteral("%1 changed while it was being copied. Sync again.").arg(action.detail));
-    toConfirm_.insert_or_assign(action.detail, Transferred{*sent, {}});
+    toConfirm_.insert_or_assign(action.detail, *sent);
     report_.conflicts.append(action.detail);
 }
 

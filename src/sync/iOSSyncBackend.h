@@ -16,17 +16,15 @@ public:
     /// The phone `udid` counts as busy for as long as the backend lives.
     iOSSyncBackend(std::unique_ptr<AFCClient> client, const QString& udid, std::stop_token stop);
 
-    [[nodiscard]] SyncScan scanDirectory(const QString& remoteRoot) override;
-    [[nodiscard]] SyncScan scanFolder(const QString& remotePath) override;
-    void downloadFile(const QString& remotePath, const QString& localFile, qint64 fileSize,
-                      const FileProgressCallback& progress) override;
-    void uploadFile(const QString& localFile, const QString& remotePath, bool mayReplace,
-                    const FileProgressCallback& progress) override;
+    std::optional<SyncFileEntry> uploadFile(const QString& localFile, const QString& remotePath,
+                                            bool mayReplace,
+                                            const FileProgressCallback& progress) override;
     [[nodiscard]] SyncNameRules nameRules() const override;
 
 protected:
     [[nodiscard]] std::optional<FileItem> entryAt(const QString& remotePath) override;
-    [[nodiscard]] bool isEmptyFolder(const QString& remotePath) override;
+    [[nodiscard]] std::vector<FileItem> list(const QString& remotePath,
+                                             std::vector<SkippedItem>& skipped) override;
     [[nodiscard]] bool isAlwaysThere(const QString& remotePath) const override;
     void makeFolder(const QString& remotePath) override;
     void remove(const FileItem& item, const QString& remotePath) override;
@@ -35,8 +33,6 @@ protected:
     [[nodiscard]] std::optional<QByteArray> sample(const QString& remotePath) override;
 
 private:
-    [[nodiscard]] QString onDevice(const QString& path) const;
-
     const BusyPhones::Mark busy_;
     const std::unique_ptr<AFCClient> client_;
     const std::stop_token stop_;

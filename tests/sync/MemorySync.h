@@ -231,9 +231,10 @@ public:
             progress(it->second.content.size(), it->second.content.size());
         });
     }
-    void uploadFile(const QString& localFile, const QString& remotePath, bool mayReplace,
-                    const FileProgressCallback& progress) override {
-        world_.step(
+    std::optional<SyncFileEntry> uploadFile(const QString& localFile, const QString& remotePath,
+                                            bool mayReplace,
+                                            const FileProgressCallback& progress) override {
+        return world_.step(
             [&] {
                 ++world_.contentReads;
                 if (!mayReplace && world_.device.contains(below(root, remotePath)))
@@ -243,6 +244,7 @@ public:
                     file.date = world_.now();
                 progress(file.content.size(), file.content.size());
                 world_.device[below(root, remotePath)] = file;
+                return statOf(world_.device, below(root, remotePath));
             },
             true);
     }

@@ -104,6 +104,7 @@ TEST_F(SyncRunTest, fileThatChangesDuringTheRunIsNeverLost) {
     };
     const Case cases[] = {
         {"upload", SyncMode::biDirectional, false, false, true},
+        {"upload, then the copy", SyncMode::biDirectional, false, false, false},
         {"replacing upload", SyncMode::biDirectional, false, true, false, "latest!"},
         {"download", SyncMode::toMac, false, false, false},
         {"replacing download", SyncMode::toMac, false, true, true, "latest!"},
