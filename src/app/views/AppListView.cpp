@@ -4,6 +4,7 @@
 #include "app/Translations.h"
 #include "app/views/Icons.h"
 #include "app/views/PlaceholderView.h"
+#include "app/views/RowGround.h"
 #include "core/Printable.h"
 
 #include <QApplication>
@@ -25,7 +26,7 @@ constexpr int iconSize = 40;
 constexpr int margin = 10;
 
 /// A row: a tile with the app's first letter, its name, and its identifier below.
-class AppDelegate : public QStyledItemDelegate {
+class AppRowDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
@@ -36,20 +37,14 @@ public:
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
         const bool isSelected = (option.state & QStyle::State_Selected) != 0;
-        const bool isHovered = (option.state & QStyle::State_MouseOver) != 0;
         const QPalette& palette = option.palette;
         const QString name = index.data(Qt::DisplayRole).toString();
         const QString identifier = index.data(Qt::UserRole).toString();
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
-        painter->setPen(Qt::NoPen);
         const QRect card = option.rect.adjusted(8, 1, -8, -1);
-        if (isSelected || isHovered) {
-            QColor ground = palette.color(QPalette::Highlight);
-            ground.setAlphaF(isSelected ? 1.0F : 0.12F);
-            painter->setBrush(ground);
-            painter->drawRoundedRect(card, 8, 8);
-        }
+        paintRowGround(*painter, option, card);
+        painter->setPen(Qt::NoPen);
         const QRect tile(card.left() + margin, card.center().y() - iconSize / 2, iconSize,
                          iconSize);
         // The same app has the same colour every time.
@@ -104,7 +99,7 @@ AppListView::AppListView(AppListViewModel& apps, std::function<void(const AppInf
     search_->installEventFilter(this);
     list_->setObjectName(QStringLiteral("appList"));
     list_->setModel(rows_);
-    list_->setItemDelegate(new AppDelegate(list_));
+    list_->setItemDelegate(new AppRowDelegate(list_));
     list_->setFrameShape(QFrame::NoFrame);
     list_->setMouseTracking(true);
     list_->setEditTriggers(QAbstractItemView::NoEditTriggers);

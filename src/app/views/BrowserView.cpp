@@ -7,6 +7,7 @@
 #include "app/views/PlaceholderView.h"
 #include "app/views/PreviewWindow.h"
 #include "app/views/PropertiesDialog.h"
+#include "core/ByteCount.h"
 #include "core/ByteFormat.h"
 #include "core/Printable.h"
 
@@ -33,7 +34,7 @@ QString selectionText(const std::vector<FileItem>& items) {
     qint64 bytes = 0;
     bool hasFolder = false;
     for (const FileItem& item : items) {
-        bytes += item.size;
+        bytes = addByteCounts(bytes, item.size);
         hasFolder = hasFolder || item.isDirectory;
     }
     const QString count = tessary::tr("%1 selected").arg(items.size());
@@ -109,8 +110,7 @@ void BrowserView::connectBrowser() {
     on(&FileBrowserViewModel::selectionChanged, &BrowserView::showStatus);
     on(&FileBrowserViewModel::historyChanged, &BrowserView::updateActions);
     on(&FileBrowserViewModel::editingChanged, &BrowserView::showStatus);
-    for (auto signal : {&QAbstractItemModel::modelReset})
-        connect(&model_, signal, this, &BrowserView::showContent);
+    connect(&model_, &QAbstractItemModel::modelReset, this, &BrowserView::showContent);
     connect(&model_, &QAbstractItemModel::rowsInserted, this, &BrowserView::showContent);
     connect(&model_, &QAbstractItemModel::rowsRemoved, this, &BrowserView::showContent);
     connect(&browser_, &FileBrowserViewModel::searchTextChanged, this, [this] {

@@ -1,6 +1,7 @@
 #include "app/views/DeviceDelegate.h"
 
 #include "app/views/DeviceListModel.h"
+#include "app/views/RowGround.h"
 
 #include <QPainter>
 #include <QPainterPath>
@@ -49,7 +50,6 @@ void DeviceDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
         return;
     const QPalette& palette = option.palette;
     const bool isSelected = (option.state & QStyle::State_Selected) != 0;
-    const bool isHovered = (option.state & QStyle::State_MouseOver) != 0;
     const QColor text =
         palette.color(isSelected ? QPalette::HighlightedText : QPalette::WindowText);
     QColor faint = text;
@@ -58,13 +58,7 @@ void DeviceDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     const QRect card = option.rect.adjusted(6, 2, -6, -2);
-    if (isSelected || isHovered) {
-        QColor ground = palette.color(QPalette::Highlight);
-        ground.setAlphaF(isSelected ? 1.0F : 0.12F);
-        painter->setPen(Qt::NoPen);
-        painter->setBrush(ground);
-        painter->drawRoundedRect(card, 8, 8);
-    }
+    paintRowGround(*painter, option, card);
 
     const QRect inner = card.adjusted(margin, margin - 2, -margin, -(margin - 2));
     const QRect iconRect(inner.left(), inner.top() + 2, iconSize, iconSize);

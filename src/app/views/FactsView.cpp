@@ -24,14 +24,14 @@ constexpr int steps = 1000; // of the bar
 
 } // namespace
 
-QString dateText(const std::optional<QDateTime>& date) {
+QString dateText(const std::optional<QDateTime>& date, QLocale::FormatType days,
+                 const QLocale& locale) {
     if (!date || !date->isValid())
         return QStringLiteral("--");
-    const QLocale locale;
     QString timeFormat = locale.timeFormat(QLocale::ShortFormat);
     timeFormat.remove(QStringLiteral(":ss"));
     const QDateTime local = date->toLocalTime();
-    return QStringLiteral("%1  %2").arg(locale.toString(local.date(), QLocale::LongFormat),
+    return QStringLiteral("%1  %2").arg(locale.toString(local.date(), days),
                                         locale.toString(local.time(), timeFormat));
 }
 

@@ -2,9 +2,12 @@
 
 #include "core/FileItem.h"
 
+#include <QDateTime>
+#include <QLocale>
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 
 class QLabel;
 class QProgressBar;
@@ -40,6 +43,8 @@ private:
 [[nodiscard]] QString factsLine(const FileItem& item);
 
 /// Date and time as people write them, without seconds; "--" for an unknown one.
-[[nodiscard]] QString dateText(const std::optional<QDateTime>& date);
+[[nodiscard]] QString dateText(const std::optional<QDateTime>& date,
+                               QLocale::FormatType days = QLocale::LongFormat,
+                               const QLocale& locale = QLocale());
 
 } // namespace tessary

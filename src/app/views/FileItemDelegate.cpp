@@ -1,6 +1,7 @@
 #include "app/views/FileItemDelegate.h"
 
 #include "app/Translations.h"
+#include "app/views/FactsView.h"
 #include "app/views/Icons.h"
 #include "app/views/ThumbnailStore.h"
 #include "core/Printable.h"
@@ -13,20 +14,7 @@
 
 namespace tessary {
 
-namespace {
-
-/// Date and time without seconds, which only take room.
-QString shownDate(const QDateTime& date, const QLocale& locale) {
-    if (!date.isValid())
-        return QStringLiteral("--");
-    const QDateTime local = date.toLocalTime();
-    QString timeFormat = locale.timeFormat(QLocale::ShortFormat);
-    timeFormat.remove(QStringLiteral(":ss"));
-    return QStringLiteral("%1  %2").arg(locale.toString(local.date(), QLocale::ShortFormat),
-                                        locale.toString(local.time(), timeFormat));
-}
-
-} // namespace
+namespace {} // namespace
 
 QString FileItemDelegate::displayText(const QVariant& value, const QLocale& locale) const {
     return printable(QStyledItemDelegate::displayText(value, locale));
@@ -42,7 +30,8 @@ void FileItemDelegate::initStyleOption(QStyleOptionViewItem* option,
                                        const QModelIndex& index) const {
     QStyledItemDelegate::initStyleOption(option, index);
     if (index.column() == FileListModel::dateColumn)
-        option->text = shownDate(index.data(FileListModel::dateRole).toDateTime(), option->locale);
+        option->text = dateText(index.data(FileListModel::dateRole).toDateTime(),
+                                QLocale::ShortFormat, option->locale);
     if (index.column() == FileListModel::sizeColumn) {
         option->displayAlignment = Qt::AlignRight | Qt::AlignVCenter;
         option->text += QChar(0x2003); // keeps it apart from the date

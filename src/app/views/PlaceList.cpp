@@ -3,6 +3,7 @@
 #include "app/LanguageManager.h"
 #include "app/Translations.h"
 #include "app/views/PlaceListModel.h"
+#include "app/views/RowGround.h"
 
 #include <QLabel>
 #include <QPainter>
@@ -33,16 +34,9 @@ public:
         QStyleOptionViewItem option = plain;
         initStyleOption(&option, index);
         const bool isSelected = (option.state & QStyle::State_Selected) != 0;
-        const bool isHovered = (option.state & QStyle::State_MouseOver) != 0;
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
-        if (isSelected || isHovered) {
-            QColor ground = option.palette.color(QPalette::Highlight);
-            ground.setAlphaF(isSelected ? 1.0F : 0.12F);
-            painter->setPen(Qt::NoPen);
-            painter->setBrush(ground);
-            painter->drawRoundedRect(option.rect.adjusted(margin, 0, -margin, 0), margin, margin);
-        }
+        paintRowGround(*painter, option, option.rect.adjusted(margin, 0, -margin, 0), margin);
         QRect place = option.rect.adjusted(margin + padding, 0, -2 * margin, 0);
         const int side = option.decorationSize.height();
         option.icon.paint(painter, QRect(place.left(), place.top(), side, place.height()));
@@ -96,8 +90,7 @@ PlaceList::PlaceList(const char* headingKey, PlaceListModel& model, QWidget* par
     column->addWidget(makeSectionHeading(headingKey));
     column->addWidget(hint_);
     column->addWidget(view_);
-    for (auto signal : {&QAbstractItemModel::modelReset})
-        connect(&model, signal, this, [this] { fit(); });
+    connect(&model, &QAbstractItemModel::modelReset, this, [this] { fit(); });
     fit();
 }
 

@@ -5,6 +5,7 @@
 #include "app/views/FactsView.h"
 #include "app/views/Icons.h"
 #include "core/Background.h"
+#include "core/ByteCount.h"
 #include "core/ByteFormat.h"
 #include "core/PathNames.h"
 #include "core/Printable.h"
@@ -110,7 +111,7 @@ PropertiesDialog::PropertiesDialog(std::shared_ptr<FileAccess> files, std::vecto
     for (const FileItem& item : items_)
         if (!item.isDirectory) {
             ++count_.files;
-            count_.bytes += std::max(item.size, qint64{0});
+            count_.bytes = addByteCounts(count_.bytes, std::max(item.size, qint64{0}));
         }
     keepTranslated(this, [this, close] {
         close->setText(tessary::tr("Close"));

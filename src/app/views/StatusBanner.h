@@ -25,10 +25,6 @@ struct BannerMessage {
     QString advice; ///< what to do; may be empty
     std::vector<BannerAction> actions;
     bool canBeClosed = true;
-
-    [[nodiscard]] bool isSame(const BannerMessage& other) const {
-        return kind == other.kind && text == other.text && advice == other.advice;
-    }
 };
 
 /// A strip above the files that says what is wrong and what to do about it.

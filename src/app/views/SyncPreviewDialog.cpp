@@ -3,11 +3,10 @@
 #include "app/Translations.h"
 #include "app/views/Icons.h"
 #include "app/views/PlainText.h"
+#include "app/views/SyncFileList.h"
 #include "core/ByteFormat.h"
-#include "core/Printable.h"
 
 #include <QDialogButtonBox>
-#include <QHeaderView>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -87,16 +86,7 @@ SyncPreviewDialog::SyncPreviewDialog(QWidget* parent)
     busy_->setRange(0, 0);
     busy_->setTextVisible(false);
     list_->setAccessibleName(tessary::tr("What Will Happen"));
-    list_->setHeaderLabels({tessary::tr("Name"), tessary::tr("Size"), tessary::tr("Action")});
-    list_->setRootIsDecorated(false);
-    list_->setUniformRowHeights(true);
-    list_->setAlternatingRowColors(true);
-    list_->setSelectionMode(QAbstractItemView::NoSelection);
-    list_->setTextElideMode(Qt::ElideMiddle);
-    list_->header()->setStretchLastSection(false);
-    list_->header()->setSectionResizeMode(0, QHeaderView::Stretch);
-    list_->header()->resizeSection(1, 90);
-    list_->header()->setSectionResizeMode(2, QHeaderView::ResizeToContents);
+    setUpSyncFileList(*list_, tessary::tr("Action"));
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
     run_ = buttons->addButton(tessary::tr("Sync Now"), QDialogButtonBox::AcceptRole);
@@ -135,11 +125,8 @@ void SyncPreviewDialog::fill(const SyncPreview& plan) {
             break;
         const QString reason =
             item.reason.isEmpty() ? QString() : QStringLiteral(": ") + trMessage(item.reason);
-        auto* row = new QTreeWidgetItem(
-            {printable(item.relativePath), formatBytes(item.size), actionText(item) + reason});
+        auto* row = makeSyncFileRow(item.relativePath, item.size, actionText(item) + reason);
         row->setIcon(0, icon(actionIcon(item)));
-        row->setToolTip(0, plainToolTip(printable(item.relativePath)));
-        row->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
         rows.append(row);
     }
     list_->addTopLevelItems(rows);

@@ -2,11 +2,9 @@
 
 #include "app/Translations.h"
 #include "app/views/PlainText.h"
-#include "core/ByteFormat.h"
-#include "core/Printable.h"
+#include "app/views/SyncFileList.h"
 
 #include <QDialogButtonBox>
-#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QTreeWidget>
@@ -25,25 +23,13 @@ QString sideText(DeletionCandidate::DeletionLocation location) {
 QTreeWidget* makeList(const std::vector<DeletionCandidate>& candidates) {
     auto* list = new QTreeWidget;
     list->setAccessibleName(tessary::tr("Files to delete"));
-    list->setHeaderLabels({tessary::tr("Name"), tessary::tr("Size"), tessary::tr("Where")});
-    list->setRootIsDecorated(false);
-    list->setUniformRowHeights(true);
-    list->setAlternatingRowColors(true);
-    list->setSelectionMode(QAbstractItemView::NoSelection);
-    list->header()->setStretchLastSection(false);
-    list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
-    list->header()->resizeSection(1, 90);
-    list->header()->setSectionResizeMode(2, QHeaderView::ResizeToContents);
+    setUpSyncFileList(*list, tessary::tr("Where"));
     QList<QTreeWidgetItem*> rows;
     for (const DeletionCandidate& candidate : candidates) {
         QString where = sideText(candidate.targetLocation);
         if (candidate.isEditedSinceLastSync)
             where += QStringLiteral("  ·  ") + tessary::tr("edited since the last sync");
-        auto* row = new QTreeWidgetItem(
-            {printable(candidate.relativePath), formatBytes(candidate.size), where});
-        row->setToolTip(0, plainToolTip(printable(candidate.relativePath)));
-        row->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
-        rows.append(row);
+        rows.append(makeSyncFileRow(candidate.relativePath, candidate.size, where));
     }
     list->addTopLevelItems(rows);
     return list;

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+class QTreeWidget;
+class QTreeWidgetItem;
+
+namespace tessary {
+
+/// Sets a list up for files that a sync is about: name, size and, under the heading `last`, what
+/// there is to say of each.
+void setUpSyncFileList(QTreeWidget& list, const QString& last);
+
+/// A row of it. The path is the device's or the disk's own: hostile.
+[[nodiscard]] QTreeWidgetItem* makeSyncFileRow(const QString& path, qint64 size,
+                                               const QString& words);
+
+} // namespace tessary
