@@ -62,14 +62,21 @@ void addTotals(const ADBFileBackend& backend, const QString& folder, const Devic
             addTotals(backend, child, device, stop, depth + 1, totals);
 }
 
-/// The same in one command, which older phones may not know: then folder by folder.
+/// The same in one command, which older phones may not know: then folder by folder. A tree that
+/// takes too long to count is copied without knowing how much is to come.
 ADBTreeTotals totalsOf(const ADBFileBackend& backend, const ADBShell& shell,
                        const QString& folder) {
     ADBTreeTotals totals;
-    const ProcessResult found =
-        shell.run(QStringLiteral("find ") + phoneShellQuoted(folder + QLatin1Char('/')) +
-                      QStringLiteral(" -type f -exec stat -c '%s' '{}' +"),
-                  listingLimit);
+    const ProcessResult found = shell.tool().run(shell.tool().request(
+        shell.device(),
+        {QStringLiteral("shell"), QStringLiteral("find ") +
+                                      phoneShellQuoted(folder + QLatin1Char('/')) +
+                                      QStringLiteral(" -type f -exec stat -c '%s' '{}' +")},
+        listingLimit, shell.stopToken()));
+    if (found.outcome == ProcessResult::Outcome::timedOut)
+        return totals;
+    if (isAdbConnectionFailure(found))
+        throw TessaryError::fileIOError(adbFailure(found));
     for (const QByteArray& line : found.standardOutput.split('\n')) {
         bool isNumber = false;
         const qint64 size = line.trimmed().toLongLong(&isNumber);

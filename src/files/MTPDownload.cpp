@@ -80,9 +80,12 @@ private:
                 skip(place, QStringLiteral("its name cannot be used on this computer"));
                 continue;
             }
-            const QString name = freeCopyName(
-                QFile::decodeName(QFile::encodeName(info.filename)), info.isDirectory(),
-                [&taken](const QString& one) { return taken.contains(one); });
+            const QString name =
+                freeCopyName(QFile::decodeName(QFile::encodeName(info.filename)),
+                             info.isDirectory(), [&](const QString& one) {
+                                 throwIfStopped(stop_); // a phone may give all one name
+                                 return taken.contains(one);
+                             });
             if (isTooLongName(name)) {
                 skip(place, QStringLiteral("its name is too long for this computer"));
                 continue;
