@@ -87,7 +87,10 @@ void JsonUserDefaults::Store::write() {
         wanted = values;
     }
     if (!isLocked) {
-        fail(QStringLiteral("another program holds its lock"), changes);
+        fail(fileLock.error() == QLockFile::LockFailedError
+                 ? QStringLiteral("another program holds its lock")
+                 : QStringLiteral("its folder cannot be written to"),
+             changes);
         return;
     }
     if (!current) {
