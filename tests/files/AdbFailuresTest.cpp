@@ -2,6 +2,7 @@
 #include "files/DeviceFileService.h"
 #include "phones/VirtualUsbBus.h"
 #include "platform/qt/QtProcessRunner.h"
+#include "support/Failure.h"
 #include "support/FakeProcessRunner.h"
 #include "support/PluggedPhone.h"
 #include "support/QtPrinters.h"
@@ -26,12 +27,7 @@ protected:
     }
     std::string listingFailure(const QByteArray& script) {
         DeviceFileService service(bus_, processes_, QStringList{useProgram(script)});
-        try {
-            (void)service.listDirectory(u"/"_s, device());
-        } catch (const TessaryError& error) {
-            return error.message().toStdString();
-        }
-        return {};
+        return failureOf([&] { (void)service.listDirectory(u"/"_s, device()); }).toStdString();
     }
     [[nodiscard]] DeviceInfo device() const {
         DeviceInfo info = phone_.info;
@@ -41,24 +37,23 @@ protected:
 
     const TemporaryFolder disk_;
     VirtualUsbBus bus_;
-    PluggedPhone phone_{bus_, [] {
-                            VirtualAndroidConfig config;
-                            config.serialNumber = u"SER 1"_s;
-                            return config;
-                        }()};
+    PluggedPhone phone_{bus_, phoneConfig("SER 1")};
     QtProcessRunner processes_;
 };
 
 TEST_F(AdbFailuresTest, adbThatFailsGivesAClearMessage) {
-    EXPECT_THAT(listingFailure("kill -SEGV $$"), HasSubstr("adb crashed"));
-    EXPECT_THAT(listingFailure("head -c 100000 /dev/zero; echo x"), HasSubstr("nonsense"));
-    EXPECT_THAT(listingFailure("exit 0"), HasSubstr("broke off"));
-    EXPECT_THAT(listingFailure("echo 'error: device unauthorized.' >&2; exit 1"),
-                HasSubstr("tap Allow"));
-    EXPECT_THAT(listingFailure("echo 'error: device offline' >&2; exit 1"), HasSubstr("offline"));
-    EXPECT_THAT(listingFailure("echo '* daemon not running; starting now at tcp:5037' >&2\n"
-                               "echo \"error: device 'SER 1' not found\" >&2; exit 1"),
-                HasSubstr("USB debugging"));
+    const std::pair<const char*, const char*> rows[] = {
+        {"kill -SEGV $$", "adb crashed"},
+        {"head -c 100000 /dev/zero; echo x", "nonsense"},
+        {"exit 0", "broke off"},
+        {"echo 'error: device unauthorized.' >&2; exit 1", "tap Allow"},
+        {"echo 'error: device offline' >&2; exit 1", "offline"},
+        {"echo '* daemon not running; starting now at tcp:5037' >&2\n"
+         "echo \"error: device 'SER 1' not found\" >&2; exit 1",
+         "USB debugging"},
+    };
+    for (const auto& [script, failure] : rows)
+        EXPECT_THAT(listingFailure(script), HasSubstr(failure));
 }
 
 TEST_F(AdbFailuresTest, deviceIsNamedBySerialUnlessItIsAStandIn) {
@@ -68,11 +63,7 @@ TEST_F(AdbFailuresTest, deviceIsNamedBySerialUnlessItIsAStandIn) {
     for (const QString& serial : {u"emulator-5554"_s, u"SER 1"_s, u"USB-1234"_s, QString()}) {
         DeviceInfo info = device();
         info.serialNumber = serial;
-        try {
-            (void)service.listDirectory(u"/it's"_s, info);
-        } catch (const TessaryError&) {
-            // Nothing answers here.
-        }
+        (void)failureOf([&] { (void)service.listDirectory(u"/it's"_s, info); });
         const bool isReal = !serial.isEmpty() && !serial.startsWith(u"USB-"_s);
         EXPECT_EQ(processes.calls().back().mid(1),
                   (isReal ? QStringList{u"-s"_s, serial} : QStringList()) + listing);

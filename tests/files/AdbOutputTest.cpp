@@ -19,51 +19,39 @@ QDateTime at(int year, int month, int day, int hour = 0, int minute = 0, int sec
 TEST(LsOutputTest, linesAreReadByTheirColumns) {
     const QByteArray file = "-rw-rw---- 1 root root 1 2024-03-05 17:08 ";
     const QDateTime minute = at(2024, 3, 5, 17, 8);
-    const struct {
-        const char* name;
-        QByteArray line;
-        QString entryName;
-        char type;
-        qint64 size;
-        std::optional<QDateTime> modified;
-    } rows[] = {
-        {"seconds", "-rw-rw---- 1 root root 1 2024-03-05 17:08:59 a", u"a"_s, '-', 1,
-         minute.addSecs(59)},
-        {"fraction and zone", "-rw-rw---- 1 a b 1 2024-03-05 17:08:59.123456789 +0100 a", u"a"_s,
-         '-', 1, minute.addSecs(59)},
-        {"folder, whose size counts nothing", "drwxrwx--x 3 root sdcard_rw 3488 2024-03-05 17:08 D",
-         u"D"_s, 'd', 0, minute},
-        {"month and year", "-rw-rw---- 1 root sdcard_rw 77 Jan  2  2020 old", u"old"_s, '-', 77,
-         at(2020, 1, 2)},
-        {"month, year and a time in the name", "-rw-rw---- 1 a b 77 Jan 2 2020 at 10:30 x",
-         u"at 10:30 x"_s, '-', 77, at(2020, 1, 2)},
-        {"no link count and no size", "drwxrwx--x root     sdcard_rw          2015-01-01 12:00 M",
-         u"M"_s, 'd', 0, at(2015, 1, 1, 12)},
-        {"blanks around the name", file + "  a  b ", u"  a  b "_s, '-', 1, minute},
-        {"quotes and arrow", file + "it's \"a\" -> b", u"it's \"a\" -> b"_s, '-', 1, minute},
-        {"unicode", file + "ä📷.jpg", u"ä📷.jpg"_s, '-', 1, minute},
-        {"name like a date", file + "2023-01-01 10:00 x", u"2023-01-01 10:00 x"_s, '-', 1, minute},
-        {"link", "lrwxrwxrwx 1 root root 21 2024-03-05 17:08 s -> /storage/self/primary", u"s"_s,
-         'l', 21, minute},
-        {"arrow in a link's name", "lrwxrwxrwx 1 root root 3 2024-03-05 17:08 a -> b -> /xy",
-         u"a -> b"_s, 'l', 3, minute},
-        {"device file", "crw-rw-rw- 1 root root 1, 3 2024-03-05 17:08 null", u"null"_s, 'c', 0,
-         minute},
-        {"SELinux dot", "-rw-rw----. 1 root root 9 2024-03-05 17:08 dot", u"dot"_s, '-', 9, minute},
-        {"over 4 GiB", "-rw-rw---- 1 root root 5368709120 2024-03-05 17:08 film", u"film"_s, '-',
-         5368709120, minute},
-        {"unreadable", "-????????? ? ? ? ?            ? secret name", u"secret name"_s, '-', 0, {}},
-        {"broken date", "-rw-rw---- 1 root root 1 2024-99-05 17:08 a", u"a"_s, '-', 1, {}},
+    const std::pair<QByteArray, LsEntry> rows[] = {
+        // fraction and zone
+        {"-rw-rw---- 1 a b 1 2024-03-05 17:08:59.123456789 +0100 a",
+         {u"a"_s, '-', 1, minute.addSecs(59)}},
+        // folder, whose size counts nothing
+        {"drwxrwx--x 3 root sdcard_rw 3488 2024-03-05 17:08 D", {u"D"_s, 'd', 0, minute}},
+        // month and year
+        {"-rw-rw---- 1 root sdcard_rw 77 Jan  2  2020 old", {u"old"_s, '-', 77, at(2020, 1, 2)}},
+        // month, year and a time in the name
+        {"-rw-rw---- 1 a b 77 Jan 2 2020 at 10:30 x", {u"at 10:30 x"_s, '-', 77, at(2020, 1, 2)}},
+        // no link count and no size
+        {"drwxrwx--x root     sdcard_rw          2015-01-01 12:00 M",
+         {u"M"_s, 'd', 0, at(2015, 1, 1, 12)}},
+        // blanks around the name
+        {file + "  a  b ", {u"  a  b "_s, '-', 1, minute}},
+        // quotes and arrow
+        {file + "it's \"a\" -> b", {u"it's \"a\" -> b"_s, '-', 1, minute}},
+        // name like a date
+        {file + "2023-01-01 10:00 x", {u"2023-01-01 10:00 x"_s, '-', 1, minute}},
+        // arrow in a link's name
+        {"lrwxrwxrwx 1 root root 3 2024-03-05 17:08 a -> b -> /xy", {u"a -> b"_s, 'l', 3, minute}},
+        // device file
+        {"crw-rw-rw- 1 root root 1, 3 2024-03-05 17:08 null", {u"null"_s, 'c', 0, minute}},
+        // SELinux dot, over 4 GiB
+        {"-rw-rw----. 1 root root 5368709120 2024-03-05 17:08 film",
+         {u"film"_s, '-', 5368709120, minute}},
+        // unreadable
+        {"-????????? ? ? ? ?            ? secret name", {u"secret name"_s, '-', 0, {}, false}},
+        // broken date
+        {"-rw-rw---- 1 root root 1 2024-99-05 17:08 a", {u"a"_s, '-', 1, {}}},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        const auto entry = parseLsLine(row.line);
-        ASSERT_TRUE(entry);
-        EXPECT_EQ(entry->name, row.entryName);
-        EXPECT_EQ(entry->type, row.type);
-        EXPECT_EQ(entry->size, row.size);
-        EXPECT_EQ(entry->modified, row.modified);
-    }
+    for (const auto& [line, entry] : rows)
+        EXPECT_EQ(parseLsLine(line), entry) << line.toStdString();
 }
 
 TEST(LsOutputTest, whatIsNoEntryIsNone) {
@@ -141,23 +129,17 @@ TEST(AdbDevicesTest, listingsAreReadByTheirColumnsOrTabs) {
         "adb-8XV7N1-abcdef._adb-tls-connect._tcp offline transport_id:6\n"
         "a  b \toffline\r\n"
         "no use at all\n\n");
-    const struct {
-        QString serial;
-        QString state;
-        bool isNetwork;
-    } rows[] = {{u"8XV7N18403000001"_s, u"device"_s, false},
-                {u"192.168.1.20:5555"_s, u"device"_s, true},
-                {u"ab device cd"_s, u"unauthorized"_s, false},
-                {u"USB-1"_s, u"recovery"_s, false},
-                {u"adb-8XV7N1-abcdef._adb-tls-connect._tcp"_s, u"offline"_s, true},
-                {u"a  b"_s, u"offline"_s, false}};
+    const std::tuple<QString, QString, bool> rows[] = {
+        // serial, state, is network
+        {u"8XV7N18403000001"_s, u"device"_s, false},
+        {u"192.168.1.20:5555"_s, u"device"_s, true},
+        {u"ab device cd"_s, u"unauthorized"_s, false},
+        {u"USB-1"_s, u"recovery"_s, false},
+        {u"adb-8XV7N1-abcdef._adb-tls-connect._tcp"_s, u"offline"_s, true},
+        {u"a  b"_s, u"offline"_s, false}};
     ASSERT_EQ(devices.size(), std::size(rows));
-    for (std::size_t n = 0; n < devices.size(); ++n) {
-        EXPECT_EQ(devices[n].serial, rows[n].serial);
-        EXPECT_EQ(devices[n].state, rows[n].state) << n;
-        EXPECT_EQ(devices[n].isNetwork(), rows[n].isNetwork) << n;
-        EXPECT_EQ(devices[n].isReady(), rows[n].state == u"device"_s) << n;
-    }
+    for (std::size_t n = 0; n < devices.size(); ++n)
+        EXPECT_EQ(std::tuple(devices[n].serial, devices[n].state, devices[n].isNetwork()), rows[n]);
     EXPECT_EQ(devices[0].path, u"usb:1-4.2"_s);
     EXPECT_EQ(devices[0].model, u"Pixel 7"_s);
     EXPECT_EQ(devices[0].transportId, u"3"_s);

@@ -2,7 +2,7 @@
 
 #include "files/AppFileAccess.h"
 #include "files/FileBrowserViewModel.h"
-#include "support/IOSFailure.h"
+#include "support/Failure.h"
 #include "support/MainLoop.h"
 #include "support/PluggedIPhone.h"
 
@@ -38,18 +38,9 @@ protected:
     [[nodiscard]] bool loaded() {
         return eventually([this] { return !browser_->isLoading(); });
     }
-    [[nodiscard]] bool idle() {
-        return eventually([this] { return transfers_.summary().isIdle(); });
-    }
-    QStringList names() const {
-        QStringList names;
-        for (const FileItem& item : browser_->filteredItems())
-            names << item.name;
-        return names;
-    }
-    AppFileAccess access() {
+    AppFileAccess access(BusyPhones* busy = nullptr) {
         return AppFileAccess(device_, {PluggedIPhone::bundleId, u"Notes"_s, true, false},
-                             {.staging = &previews_});
+                             {.busy = busy, .staging = &previews_});
     }
 
     TemporaryFolder here_;
@@ -71,7 +62,7 @@ TEST_F(AppBrowserTest, copiesGoBothWaysWithProgress) {
     transfers_.enqueueUpload({here_.path(u"up/sub"_s), u"sub (2)"_s}, u"/"_s, browser_->files());
     transfers_.enqueueUpload({here_.path(u"up/sub/y"_s), u"y (2)"_s}, u"/"_s, browser_->files());
     browser_->downloadItems({u"/a.txt"_s, u"/folder"_s}, here_.path(u"down"_s));
-    ASSERT_TRUE(idle());
+    ASSERT_TRUE(eventually([this] { return transfers_.summary().isIdle(); }));
     for (const TransferJob& job : transfers_.jobs()) {
         EXPECT_EQ(job.status, TransferJob::TransferStatus::completed)
             << job.error.value_or(QString()).toStdString();
@@ -84,21 +75,7 @@ TEST_F(AppBrowserTest, copiesGoBothWaysWithProgress) {
     EXPECT_EQ(here_.read(u"down/a.txt"_s), QByteArray("content"));
     EXPECT_EQ(here_.read(u"down/folder/b.txt"_s), QByteArray("second"));
     // The folder is read again by itself.
-    EXPECT_TRUE(eventually([&] { return names().contains(u"up"_s); }));
-}
-
-TEST_F(AppBrowserTest, editsReachThePhone) {
-    connect();
-    browser_->createFolder(u"new"_s);
-    ASSERT_TRUE(eventually([&] { return names().contains(u"new"_s); }));
-    browser_->renameItem(u"/a.txt"_s, u"b\U0001F600.txt"_s);
-    ASSERT_TRUE(eventually([&] { return names().contains(u"b\U0001F600.txt"_s); }));
-    browser_->moveItemsToPath({u"/b\U0001F600.txt"_s}, u"/new"_s);
-    ASSERT_TRUE(eventually([&] { return iphone_.has(u"new/b\U0001F600.txt"_s); }));
-    browser_->deleteItems({u"/folder"_s});
-    ASSERT_TRUE(eventually([&] { return names() == QStringList(u"new"_s); }));
-    EXPECT_FALSE(iphone_.has(u"folder"_s));
-    EXPECT_FALSE(browser_->error());
+    EXPECT_TRUE(eventually([&] { return browser_->filteredItems().size() == 6; }));
 }
 
 TEST_F(AppBrowserTest, aLostConnectionToAPhoneThatIsThereHealsItself) {
@@ -117,26 +94,24 @@ TEST_F(AppBrowserTest, nothingIsReplacedByANewNameNorAnythingOutsideReached) {
     AppFileAccess files = access();
     const FileItem item = files.itemAt(u"/a.txt"_s, {});
     iphone_.write(u"folder/a.txt"_s, "other");
-    EXPECT_TRUE(
-        failureOf([&] { files.moveItem(item, u"/folder"_s, {}); }).contains(u"already there"_s));
+    const FileItem folder = files.itemAt(u"/folder"_s, {});
+    const FileItem root = files.itemAt(u"/"_s, {});
+    const std::pair<std::function<void()>, QString> rows[] = {
+        {[&] { files.moveItem(item, u"/folder"_s, {}); }, u"already there"_s},
+        {[&] { files.moveItem(item, u"/none"_s, {}); }, u"objectNotFound"_s},
+        {[&] { files.createFolder(u"x"_s, u"/none"_s, {}); }, u"objectNotFound"_s},
+        {[&] { files.moveItem(folder, u"/folder/in"_s, {}); }, u"into itself"_s},
+        {[&] { files.deleteItem(root, {}); }, u"as a whole"_s},
+    };
+    for (const auto& [work, why] : rows)
+        EXPECT_TRUE(failureOf(work).contains(why)) << why.toStdString();
     EXPECT_EQ(iphone_.read(u"folder/a.txt"_s), QByteArray("other"));
-    EXPECT_TRUE(
-        failureOf([&] { files.moveItem(item, u"/none"_s, {}); }).contains(u"objectNotFound"_s));
     EXPECT_FALSE(iphone_.has(u"none"_s));
-    EXPECT_TRUE(failureOf([&] {
-                    files.createFolder(u"x"_s, u"/none"_s, {});
-                }).contains(u"objectNotFound"_s));
     for (const QString& name : {u""_s, u"."_s, u".."_s, u"a/b"_s}) {
         EXPECT_NE(failureOf([&] { files.renameItem(item, name, {}); }), u"nothing was thrown"_s);
         EXPECT_NE(failureOf([&] { files.createFolder(name, u"/"_s, {}); }),
                   u"nothing was thrown"_s);
     }
-    const FileItem folder = files.itemAt(u"/folder"_s, {});
-    EXPECT_TRUE(
-        failureOf([&] { files.moveItem(folder, u"/folder/in"_s, {}); }).contains(u"into itself"_s));
-    EXPECT_TRUE(failureOf([&] {
-                    files.deleteItem(files.itemAt(u"/"_s, {}), {});
-                }).contains(u"as a whole"_s));
     EXPECT_EQ(iphone_.read(u"a.txt"_s), QByteArray("content"));
 }
 
@@ -151,8 +126,7 @@ TEST_F(AppBrowserTest, aFolderCalledLikeTheContainersRootIsAFolder) {
 
 TEST_F(AppBrowserTest, aPhoneIsBusyForAsLongAsACallRuns) {
     BusyPhones busy;
-    AppFileAccess files(device_, {PluggedIPhone::bundleId, u"Notes"_s, true, false},
-                        {.busy = &busy, .staging = &previews_});
+    AppFileAccess files = access(&busy);
     iphone_.faults([](VirtualIPhoneFaults& faults) { faults.delay[u"afc.readDir"_s] = 300ms; });
     std::jthread lister([&] { (void)files.listDirectory(u"/"_s, {}); });
     EXPECT_TRUE(eventually([&] { return busy.isBusy(device_.udid); }));

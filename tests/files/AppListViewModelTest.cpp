@@ -10,16 +10,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-AppInfo app(const QString& identifier, const QString& name) {
-    return {identifier, name, true, false};
-}
-
 class AppListViewModelTest : public MainLoop {
 protected:
-    AppListViewModelTest() {
-        phone_.udid = u"phone"_s;
-        phone_.handle = 1;
-    }
     std::vector<AppInfo> answer(const DeviceInfo& device) {
         ++questions_;
         if (device.udid == u"untrusted"_s)
@@ -28,7 +20,7 @@ protected:
             return {};
         if (device.udid == u"slow"_s)
             gate_.get_future().wait();
-        return {app(u"com.a"_s, u"Apple"_s), app(u"com.b"_s, u"banana"_s)};
+        return {{u"com.a"_s, u"Apple"_s, true, false}, {u"com.b"_s, u"banana"_s, true, false}};
     }
     QStringList shown() const {
         QStringList names;
@@ -37,14 +29,15 @@ protected:
         return names;
     }
     void choose(const QString& udid) {
-        phone_.udid = udid;
-        model_.setDevice(phone_);
+        DeviceInfo phone;
+        phone.udid = udid;
+        phone.handle = 1;
+        model_.setDevice(phone);
     }
     [[nodiscard]] bool reaches(AppListState state) {
         return eventually([&] { return model_.state() == state; });
     }
 
-    DeviceInfo phone_;
     std::atomic<int> questions_ = 0;
     std::promise<void> gate_;
     AppListViewModel model_{

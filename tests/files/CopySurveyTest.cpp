@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
 using namespace tessary;
 using testing::ElementsAre;
 
@@ -19,7 +20,7 @@ QStringList freeNames(const CopySurvey& survey) {
 }
 
 FileItem file(const QString& name, qint64 size, std::uint32_t handle = 0) {
-    return {name, QStringLiteral("/root/") + name, false, size, std::nullopt, handle};
+    return {name, u"/root/"_s + name, false, size, std::nullopt, handle};
 }
 
 TEST(CopySurveyTest, whatIsNeededFollowsTheChoices) {
@@ -31,42 +32,33 @@ TEST(CopySurveyTest, whatIsNeededFollowsTheChoices) {
         candidate.bytes = 100;
         survey.candidates.push_back(candidate);
     }
-    const struct {
-        const char* name;
-        NameClash first;
-        NameClash second;
-        qint64 needed;
-    } rows[] = {
-        {"both stay", NameClash::keepBoth, NameClash::keepBoth, 200},
-        {"one is left out", NameClash::skip, NameClash::keepBoth, 100},
-        {"one old file goes after the copy", NameClash::replace, NameClash::skip, 100},
-        {"the first old file has gone before the second", NameClash::replace, NameClash::replace,
-         170},
+    using enum NameClash;
+    const std::tuple<NameClash, NameClash, qint64> rows[] = {
+        {keepBoth, keepBoth, 200},
+        {skip, keepBoth, 100},
+        {replace, skip, 100},    // the old file goes after the copy
+        {replace, replace, 170}, // the first old file has gone before the second
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(survey.neededBytes(
-                      {{QStringLiteral("a"), row.first}, {QStringLiteral("b"), row.second}}),
-                  row.needed)
-            << row.name;
+    for (const auto& [first, second, needed] : rows)
+        EXPECT_EQ(survey.neededBytes({{u"a"_s, first}, {u"b"_s, second}}), needed);
 }
 
 TEST(CopySurveyTest, downloadsAreNamedAndMeasuredBeforeTheyStart) {
     const TemporaryFolder local;
-    local.write(QStringLiteral("in/a.txt"), "old!");
+    local.write(u"in/a.txt"_s, "old!");
     const auto phone = std::make_shared<FakeFileAccess>();
-    phone->fill(QStringLiteral("/root"), {QStringLiteral("v1.0/")});
-    phone->fill(QStringLiteral("/root/v1.0"), {QStringLiteral("x"), QStringLiteral("y")});
-    local.makeFolder(QStringLiteral("in/v1.0"));
-    const FileItem folder = phone->itemAt(QStringLiteral("/root/v1.0"), {});
-    const FileItem huge = file(QStringLiteral("a.txt"), std::numeric_limits<qint64>::max());
-    DownloadPlan plan{
-        {huge, file(QStringLiteral("A.txt"), 3, 7), file(QStringLiteral(".."), 5), folder},
-        local.path(QStringLiteral("in")),
-        {},
-        std::nullopt};
+    phone->fill(u"/root"_s, {u"v1.0/"_s});
+    phone->fill(u"/root/v1.0"_s, {u"x"_s, u"y"_s});
+    local.makeFolder(u"in/v1.0"_s);
+    const FileItem folder = phone->itemAt(u"/root/v1.0"_s, {});
+    const FileItem huge = file(u"a.txt"_s, std::numeric_limits<qint64>::max());
+    DownloadPlan plan{{huge, file(u"A.txt"_s, 3, 7), file(u".."_s, 5), folder},
+                      local.path(u"in"_s),
+                      {},
+                      std::nullopt};
     const CopySurvey survey = surveyDownload(phone, plan, {}, {});
-    EXPECT_THAT(freeNames(survey), ElementsAre(QStringLiteral("a (2).txt"), QStringLiteral("A.txt"),
-                                               QString(), QStringLiteral("v1.0 (2)")));
+    EXPECT_THAT(freeNames(survey),
+                ElementsAre(u"a (2).txt"_s, u"A.txt"_s, QString(), u"v1.0 (2)"_s));
     ASSERT_TRUE(survey.candidates[0].existing && survey.freeBytes);
     EXPECT_EQ(survey.candidates[0].existing->size, 4);
     EXPECT_EQ(survey.candidates[3].bytes, 20);
@@ -74,33 +66,30 @@ TEST(CopySurveyTest, downloadsAreNamedAndMeasuredBeforeTheyStart) {
     EXPECT_GT(survey.neededBytes({}), *survey.freeBytes);
 
     // What waits in the queue takes its part, on the same disk.
-    plan.queued = {{QStringLiteral("/proc"), *survey.freeBytes}};
+    plan.queued = {{u"/proc"_s, *survey.freeBytes}};
     EXPECT_GT(*surveyDownload(phone, plan, {}, {}).freeBytes, *survey.freeBytes / 2);
     plan.queued.push_back({local.path(), *survey.freeBytes});
     EXPECT_LT(*surveyDownload(phone, plan, {}, {}).freeBytes, *survey.freeBytes / 2);
     // A phone that holds less than there is room for is not walked through.
     plan.queued.clear();
     plan.mostBytes = 10;
-    const int listed = phone->count(QStringLiteral("list /root/v1.0"));
+    const int listed = phone->count(u"list /root/v1.0"_s);
     (void)surveyDownload(phone, plan, {}, {});
-    EXPECT_EQ(phone->count(QStringLiteral("list /root/v1.0")), listed);
+    EXPECT_EQ(phone->count(u"list /root/v1.0"_s), listed);
 }
 
 TEST(CopySurveyTest, uploadsAreNamedByWhatThePhoneHolds) {
     const TemporaryFolder local;
     const auto phone = std::make_shared<FakeFileAccess>();
-    phone->fill(QStringLiteral("/root"), {QStringLiteral("A.jpg"), QStringLiteral("Trip/")});
+    phone->fill(u"/root"_s, {u"A.jpg"_s, u"Trip/"_s});
     UploadPlan plan;
-    plan.paths = {local.write(QStringLiteral("a.jpg"), "1"),
-                  local.write(QStringLiteral("other/A.jpg"), "22"),
-                  local.makeFolder(QStringLiteral("Trip"))};
-    local.write(QStringLiteral("Trip/deep/x"), "333");
-    plan.target = QStringLiteral("/root");
+    plan.paths = {local.write(u"a.jpg"_s, "1"), local.write(u"other/A.jpg"_s, "22"),
+                  local.makeFolder(u"Trip"_s)};
+    local.write(u"Trip/deep/x"_s, "333");
+    plan.target = u"/root"_s;
     plan.freeBytes = 5;
     CopySurvey survey = surveyUpload(phone, plan, {}, {});
-    EXPECT_THAT(freeNames(survey),
-                ElementsAre(QStringLiteral("a (2).jpg"), QStringLiteral("A (3).jpg"),
-                            QStringLiteral("Trip (2)")));
+    EXPECT_THAT(freeNames(survey), ElementsAre(u"a (2).jpg"_s, u"A (3).jpg"_s, u"Trip (2)"_s));
     EXPECT_FALSE(survey.candidates[0].existing) << "another case is another name";
     EXPECT_EQ(survey.candidates[1].existing->size, 10);
     EXPECT_EQ(survey.neededBytes({}), 6);

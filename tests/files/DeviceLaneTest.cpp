@@ -31,69 +31,63 @@ protected:
     MTPSession& session() {
         return address_.session;
     }
-    /// Called by a thread that is about to wait for the lane.
-    void announceWaiter() {
-        waiter_ = gettid();
-    }
-    /// Waits until that thread sleeps, which it does in the lane alone.
-    void awaitWaiter() {
-        const auto isAsleep = [this] {
-            std::ifstream file("/proc/self/task/" + std::to_string(waiter_) + "/stat");
+    /// Starts work on a thread, and waits until that sleeps, which it does in the lane alone.
+    template <typename Work>
+    [[nodiscard]] static auto startWaiting(Work work) {
+        auto waiter = std::make_shared<std::atomic<pid_t>>(0);
+        auto future = std::async(std::launch::async, [=] {
+            *waiter = gettid();
+            work();
+        });
+        const auto isAsleep = [&] {
+            std::ifstream file("/proc/self/task/" + std::to_string(*waiter) + "/stat");
             const std::string stat(std::istreambuf_iterator<char>(file), {});
             return stat.find(") S ") != std::string::npos;
         };
         while (!isAsleep())
             std::this_thread::yield();
-        waiter_ = 0;
+        return future;
     }
 
     const std::shared_ptr<DeviceLane> lane_ = std::make_shared<DeviceLane>();
 
 private:
     SessionAddress address_;
-    std::atomic<pid_t> waiter_ = 0;
 };
 
 TEST_F(DeviceLaneTest, turnsExcludeEachOtherOnManyThreads) {
     int inside = 0; // the thread sanitizer sees any use that the lane does not order
-    int uses = 0;
     std::atomic<int> guestsServed = 0;
     std::latch start(8);
-    {
-        std::vector<std::jthread> threads;
-        for (int n = 0; n < 8; ++n)
-            threads.emplace_back([&, n] {
-                start.arrive_and_wait();
-                const auto use = [&] {
-                    EXPECT_EQ(++inside, 1);
-                    ++uses;
-                    --inside;
-                };
-                for (int round = 0; round < 200; ++round) {
-                    if (n % 4 == 0) {
-                        auto turn = lane_->enter({});
-                        use();
-                        turn.letGuestsIn(session());
-                    } else if (n % 4 == 1) {
-                        if (const auto turn = lane_->tryEnter())
-                            use();
-                    } else {
-                        const auto turn = lane_->enterOrVisit(
-                            [&](MTPSession&) {
-                                use();
-                                ++guestsServed;
-                            },
-                            {});
-                        if (turn) {
-                            use();
-                            ++guestsServed;
-                        }
-                    }
-                }
-            });
-    }
+    const auto use = [&] {
+        EXPECT_EQ(++inside, 1);
+        --inside;
+    };
+    const auto useAsGuest = [&] {
+        use();
+        ++guestsServed;
+    };
+    const auto work = [&](int kind) {
+        start.arrive_and_wait();
+        for (int round = 0; round < 200; ++round) {
+            if (kind == 0) {
+                auto turn = lane_->enter({});
+                use();
+                turn.letGuestsIn(session());
+            } else if (kind == 1) {
+                if (const auto turn = lane_->tryEnter())
+                    use();
+            } else if (const auto turn =
+                           lane_->enterOrVisit([&](MTPSession&) { useAsGuest(); }, {})) {
+                useAsGuest();
+            }
+        }
+    };
+    std::vector<std::jthread> threads;
+    for (int n = 0; n < 8; ++n)
+        threads.emplace_back(work, n % 4);
+    threads.clear();
     EXPECT_EQ(guestsServed, 4 * 200);
-    EXPECT_EQ(inside, 0);
     EXPECT_TRUE(lane_->tryEnter());
 }
 
@@ -110,18 +104,15 @@ TEST_F(DeviceLaneTest, whatAGuestThrowsIsTheGuestsOwn) {
 TEST_F(DeviceLaneTest, guestThatWaitsComesBeforeTheNextJob) {
     std::optional turn(lane_->enter({}));
     std::vector<std::string> order; // guarded by the lane itself
-    auto job = std::async(std::launch::async, [&] {
-        announceWaiter();
+    // The job waits for longer than the guest.
+    auto job = startWaiting([&] {
         const auto mine = lane_->enter({});
         order.emplace_back("job");
     });
-    awaitWaiter(); // the job waits for longer than the guest
-    auto guest = std::async(std::launch::async, [&] {
-        announceWaiter();
+    auto guest = startWaiting([&] {
         const auto mine = lane_->enterOrVisit([](MTPSession&) { ADD_FAILURE(); }, {});
         order.emplace_back("guest");
     });
-    awaitWaiter();
     turn.reset();
     guest.get();
     job.get();
@@ -131,16 +122,9 @@ TEST_F(DeviceLaneTest, guestThatWaitsComesBeforeTheNextJob) {
 TEST_F(DeviceLaneTest, stopRequestEndsEveryWait) {
     std::stop_source stop;
     auto turn = lane_->enter({});
-    auto user = std::async(std::launch::async, [&] {
-        announceWaiter();
-        (void)lane_->enter(stop.get_token());
-    });
-    awaitWaiter();
-    auto guest = std::async(std::launch::async, [&] {
-        announceWaiter();
-        (void)lane_->enterOrVisit([](MTPSession&) { ADD_FAILURE(); }, stop.get_token());
-    });
-    awaitWaiter();
+    auto user = startWaiting([&] { (void)lane_->enter(stop.get_token()); });
+    auto guest = startWaiting(
+        [&] { (void)lane_->enterOrVisit([](MTPSession&) { ADD_FAILURE(); }, stop.get_token()); });
     stop.request_stop();
     EXPECT_THROW(user.get(), CancellationError);
     EXPECT_THROW(guest.get(), CancellationError);
@@ -172,12 +156,10 @@ TEST_F(DeviceLaneTest, guestWhoseWorkHasBegunIsWaitedForEvenWhenStopped) {
 TEST_F(DeviceLaneTest, pollsStepBackForThoseWhoWait) {
     std::optional turn(lane_->enter({}));
     std::promise<void> mayLeave;
-    auto user = std::async(std::launch::async, [&] {
-        announceWaiter();
+    auto user = startWaiting([&] {
         const auto own = lane_->enter({});
         mayLeave.get_future().wait();
     });
-    awaitWaiter();
     turn.reset();
     // Free or not: somebody waits or is in already.
     EXPECT_FALSE(lane_->tryEnter());

@@ -6,12 +6,14 @@
 namespace tessary {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 std::vector<FileItem> listing(const char* name) {
     const QString text = QString::fromLatin1(name);
-    return {FileItem(text, QStringLiteral("/") + text, false, 1, std::nullopt)};
+    return {FileItem(text, u"/"_s + text, false, 1, std::nullopt)};
 }
 
 class DirectoryCacheTest : public testing::Test {
@@ -22,7 +24,7 @@ protected:
 
     std::chrono::steady_clock::time_point now_{1h};
     DirectoryCache cache_{10, [this] { return now_; }};
-    const QString a_ = QStringLiteral("a");
+    const QString a_ = u"a"_s;
 };
 
 TEST_F(DirectoryCacheTest, entryHoldsForItsTimeAndIsThenGoneForGood) {
@@ -40,14 +42,10 @@ TEST_F(DirectoryCacheTest, entryHoldsForItsTimeAndIsThenGoneForGood) {
 TEST_F(DirectoryCacheTest, onlyWhatIsNamedIsRemoved) {
     for (const char* key : {"a", "a/b", "ab", "c"})
         cache_.set(QString::fromLatin1(key), listing(key));
-    cache_.invalidate(QStringLiteral("unknown"));
-    cache_.invalidate(QStringLiteral("c"));
-    cache_.invalidateBelow(QStringLiteral("a/"));
+    cache_.invalidate(u"c"_s);
+    cache_.invalidateBelow(u"a/"_s);
     EXPECT_TRUE(has("a") && has("ab"));
     EXPECT_FALSE(has("a/b") || has("c"));
-    cache_.clearAll();
-    cache_.clearAll();
-    EXPECT_FALSE(has("a") || has("ab"));
 }
 
 TEST_F(DirectoryCacheTest, aboveTheLimitTheOneNotUsedForLongestGoes) {
@@ -72,12 +70,6 @@ protected:
         for (const char* path : {"/root/b", "/root/a", "/root/a/deep", "/root/a", "/root"})
             go(path);
     }
-    void holdListings() {
-        files_->setScript([this](const QString& operation, const std::stop_token& stop) {
-            if (operation.startsWith(QLatin1StringView("list")))
-                gate_.pass(stop);
-        });
-    }
     [[nodiscard]] bool isRemembered(const char* folder) {
         return browser_.folders().recall(*files_, QString::fromUtf8(folder)).has_value();
     }
@@ -87,11 +79,13 @@ protected:
 
 TEST_F(RememberedFolderTest, folderAppearsAtOnceAndItsRefreshMovesNothing) {
     visit();
-    holdListings();
-    browser_.navigateTo(QStringLiteral("/root/a"));
+    go("/root/a/deep");
+    files_->holdAt(gate_);
+    browser_.navigateUp();
     EXPECT_THAT(names(), ElementsAre(u"deep", u"one.txt", u"two.txt"));
     EXPECT_TRUE(browser_.isLoading());
-    browser_.selectItem(QStringLiteral("/root/a/two.txt"));
+    EXPECT_EQ(browser_.selectedItems(), QSet<QString>{u"/root/a/deep"_s}) << "where one came from";
+    browser_.selectItem(u"/root/a/two.txt"_s);
     int changes = 0;
     const auto count = [&changes] { ++changes; };
     QObject::connect(&browser_.rows(), &FileRows::aboutToBeReset, count);
@@ -100,72 +94,56 @@ TEST_F(RememberedFolderTest, folderAppearsAtOnceAndItsRefreshMovesNothing) {
     gate_.open();
     settle();
     EXPECT_EQ(changes, 0);
-    EXPECT_EQ(files_->count(QStringLiteral("list /root/a")), 3) << "read anew behind it";
+    EXPECT_EQ(files_->count(u"list /root/a"_s), 3) << "read anew behind it";
     EXPECT_EQ(browser_.state(), BrowserState::ready);
 }
 
-TEST_F(RememberedFolderTest, upSelectsAtOnceWhereOneCameFrom) {
-    visit();
-    go("/root/a");
-    holdListings();
-    browser_.navigateUp();
-    EXPECT_EQ(browser_.selectedItems(), QSet<QString>{QStringLiteral("/root/a")});
-    browser_.selectItem(QStringLiteral("/root/b"));
-    gate_.open();
-    settle();
-    EXPECT_EQ(browser_.selectedItems(), QSet<QString>{QStringLiteral("/root/b")});
-}
-
 TEST_F(RememberedFolderTest, whatTheProgramChangesIsForgotten) {
-    const QString file = local_.write(QStringLiteral("new.txt"), "x");
-    const std::string all[] = {"/root/a", "/root/a/deep", "/root/b"};
-    struct Row {
-        const char* operation;
-        std::function<void()> change;
-        std::vector<std::string> kept;
-    };
-    const Row rows[] = {
+    const QString file = local_.write(u"new.txt"_s, "x");
+    const char* const all[] = {"/root/a", "/root/a/deep", "/root/b"};
+    const std::tuple<const char*, std::function<void()>, std::vector<std::string>> rows[] = {
+        // operation, change, left
         {"upload new.txt",
-         [&] { browser_.uploadFiles({file}, QStringLiteral("/root/a")); },
+         [&] { browser_.uploadFiles({file}, u"/root/a"_s); },
          {"/root/a/deep", "/root/b"}},
         {"create deep",
-         [&] { browser_.createFolder(QStringLiteral("deep")); },
+         [&] { browser_.createFolder(u"deep"_s); },
          {"/root/a", "/root/a/deep", "/root/b"}},
         {"move c.txt",
-         [&] { browser_.moveItemsToPath(ids({"/root/c.txt"}), QStringLiteral("/root/a")); },
+         [&] { browser_.moveItemsToPath(ids({"/root/c.txt"}), u"/root/a"_s); },
          {"/root/a/deep", "/root/b"}},
         {"rename b",
-         [&] { browser_.renameItem(QStringLiteral("/root/b"), QStringLiteral("x")); },
+         [&] { browser_.renameItem(u"/root/b"_s, u"x"_s); },
          {"/root/a", "/root/a/deep"}},
         {"delete a", [&] { browser_.deleteItems(ids({"/root/a"})); }, {"/root/b"}},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.operation);
+    for (const auto& [operation, change, left] : rows) {
+        SCOPED_TRACE(operation);
         visit();
-        const int listings = files_->count(QStringLiteral("list /root"));
-        row.change();
+        const int listings = files_->count(u"list /root"_s);
+        change();
         settle();
-        EXPECT_EQ(files_->count(QString::fromLatin1(row.operation)), 1);
-        EXPECT_TRUE(!isRemembered("/root") ||
-                    files_->count(QStringLiteral("list /root")) > listings);
+        EXPECT_EQ(files_->count(QString::fromLatin1(operation)), 1);
+        EXPECT_TRUE(!isRemembered("/root") || files_->count(u"list /root"_s) > listings);
         std::vector<std::string> kept;
-        std::copy_if(std::begin(all), std::end(all), std::back_inserter(kept),
-                     [&](const std::string& folder) { return isRemembered(folder.c_str()); });
-        EXPECT_EQ(kept, row.kept);
+        for (const char* folder : all)
+            if (isRemembered(folder))
+                kept.emplace_back(folder);
+        EXPECT_EQ(kept, left);
     }
 }
 
 TEST_F(RememberedFolderTest, whatAListingShowsToBeGoneIsForgotten) {
     visit();
-    files_->setItems(QStringLiteral("/root"), {});
+    files_->setItems(u"/root"_s, {});
     browser_.reload();
     settle();
     EXPECT_FALSE(isRemembered("/root/a") || isRemembered("/root/a/deep"));
     EXPECT_TRUE(isRemembered("/root"));
 
     files_->setScript([](const QString& operation, const std::stop_token&) {
-        if (operation == QStringLiteral("list /root"))
-            throw TessaryError::fileIOError(QStringLiteral("odd"));
+        if (operation == u"list /root"_s)
+            throw TessaryError::fileIOError(u"odd"_s);
     });
     browser_.reload();
     settle();
@@ -174,10 +152,10 @@ TEST_F(RememberedFolderTest, whatAListingShowsToBeGoneIsForgotten) {
 
 TEST_F(RememberedFolderTest, listingThatAChangeOvertookIsNotKept) {
     visit();
-    holdListings();
-    browser_.navigateTo(QStringLiteral("/root/a"));
+    files_->holdAt(gate_);
+    browser_.navigateTo(u"/root/a"_s);
     ASSERT_TRUE(eventually([this] { return gate_.waiting() > 0; }));
-    browser_.folders().entryChanged(files_->identity(), QStringLiteral("/root/a/one.txt"));
+    browser_.folders().entryChanged(files_->identity(), u"/root/a/one.txt"_s);
     gate_.open();
     settle();
     EXPECT_FALSE(isRemembered("/root/a"));
@@ -185,29 +163,22 @@ TEST_F(RememberedFolderTest, listingThatAChangeOvertookIsNotKept) {
 
 TEST_F(RememberedFolderTest, deviceThatGoesTakesItsFoldersAlong) {
     DeviceInfo phone;
-    phone.udid = QStringLiteral("P");
+    phone.udid = u"P"_s;
     phone.platform = DevicePlatform::android;
-    const auto open = [&] {
-        browser_.connectAndroid(phone, QStringLiteral("/root"));
+    DeviceInfo replugged = phone;
+    replugged.handle = 2;
+    DeviceInfo turbo = phone;
+    turbo.protocolMode = ProtocolMode::adbTurbo;
+    for (const auto& lose : std::vector<std::function<void()>>{
+             [&] { browser_.folders().keepOnly({replugged}); }, [&] { browser_.loseDevice(); },
+             [&] { browser_.updateDevice(turbo); }}) {
+        browser_.connectAndroid(phone, u"/root"_s);
         settle();
+        browser_.folders().keepOnly({phone});
         EXPECT_TRUE(isRemembered("/root"));
-    };
-    open();
-    browser_.folders().keepOnly({phone});
-    EXPECT_TRUE(isRemembered("/root"));
-    DeviceInfo other = phone;
-    other.handle = 2;
-    browser_.folders().keepOnly({other});
-    EXPECT_FALSE(isRemembered("/root")) << "the same phone, plugged in anew";
-
-    open();
-    browser_.loseDevice();
-    EXPECT_FALSE(isRemembered("/root"));
-
-    open();
-    phone.protocolMode = ProtocolMode::adbTurbo;
-    browser_.updateDevice(phone);
-    EXPECT_FALSE(isRemembered("/root")) << "the other protocol lists in its own way";
+        lose();
+        EXPECT_FALSE(isRemembered("/root"));
+    }
 }
 
 } // namespace

@@ -4,44 +4,16 @@
 #include "core/TessaryError.h"
 #include "files/DevicePath.h"
 #include "files/FileAccess.h"
+#include "support/Gate.h"
 
 #include <QFile>
 #include <QStringList>
 
-#include <condition_variable>
 #include <functional>
 #include <map>
 #include <mutex>
 
 namespace tessary {
-
-/// Holds whoever passes through until it is opened, or until they are asked to stop.
-class Gate {
-public:
-    void pass(const std::stop_token& stop) {
-        std::unique_lock lock(mutex_);
-        ++waiting_;
-        changed_.notify_all();
-        changed_.wait_for(lock, stop, std::chrono::seconds(60), [this] { return isOpen_; });
-        --waiting_;
-        throwIfStopped(stop);
-    }
-    void open() {
-        const std::scoped_lock lock(mutex_);
-        isOpen_ = true;
-        changed_.notify_all();
-    }
-    [[nodiscard]] int waiting() const {
-        const std::scoped_lock lock(mutex_);
-        return waiting_;
-    }
-
-private:
-    mutable std::mutex mutex_;
-    std::condition_variable_any changed_;
-    bool isOpen_ = false;
-    int waiting_ = 0;
-};
 
 /// A scripted device in memory, rooted at "/root", whose folders can be listed and emptied.
 /// Thread-safe.
@@ -53,6 +25,13 @@ public:
     void setScript(Script script) {
         const std::scoped_lock lock(mutex_);
         script_ = std::move(script);
+    }
+    /// This operation, or each, waits at the gate; until it is stopped, when it notices.
+    void holdAt(Gate& gate, const QString& held = {}, bool noticesStop = true) {
+        setScript([=, &gate](const QString& operation, const std::stop_token& stop) {
+            if (held.isEmpty() || operation == held)
+                gate.pass(noticesStop ? stop : std::stop_token());
+        });
     }
     void setItems(const QString& folder, std::vector<FileItem> items) {
         const std::scoped_lock lock(mutex_);
@@ -75,17 +54,6 @@ public:
         const std::scoped_lock lock(mutex_);
         return static_cast<int>(log_.count(operation));
     }
-    /// What copies of folders end with.
-    void setOutcome(TransferOutcome outcome) {
-        const std::scoped_lock lock(mutex_);
-        outcome_ = std::move(outcome);
-    }
-    /// What copies of a file report, in this order; (done, total).
-    void setProgress(std::vector<std::pair<qint64, qint64>> progress) {
-        const std::scoped_lock lock(mutex_);
-        progress_ = std::move(progress);
-    }
-
     QString identity() const override {
         return QStringLiteral("fake");
     }
@@ -125,9 +93,8 @@ public:
                                               const TransferProgressCallback& progress,
                                               const std::stop_token& stop) override {
         begin(QStringLiteral("download folder ") + item.name, stop);
-        const std::scoped_lock lock(mutex_);
-        progress(outcome_.progress);
-        return outcome_;
+        progress(outcome.progress);
+        return outcome;
     }
     void uploadFile(const LocalSource& source, const QString&, const FileProgressCallback& progress,
                     const std::stop_token& stop) override {
@@ -163,6 +130,9 @@ public:
         return {};
     }
 
+    TransferOutcome outcome;                        ///< of copies of folders; set before them
+    std::vector<std::pair<qint64, qint64>> reports; ///< done, total of copies of a file; the same
+
 private:
     void begin(const QString& operation, const std::stop_token& stop) {
         Script script;
@@ -176,12 +146,7 @@ private:
             script(operation, stop);
     }
     void report(const FileProgressCallback& progress) {
-        std::vector<std::pair<qint64, qint64>> steps;
-        {
-            const std::scoped_lock lock(mutex_);
-            steps = progress_;
-        }
-        for (const auto& [done, total] : steps)
+        for (const auto& [done, total] : reports)
             if (progress)
                 progress(done, total);
     }
@@ -190,8 +155,6 @@ private:
     Script script_;
     std::map<QString, std::vector<FileItem>> folders_{{QStringLiteral("/root"), {}}};
     QStringList log_;
-    TransferOutcome outcome_;
-    std::vector<std::pair<qint64, qint64>> progress_;
 };
 
 } // namespace tessary

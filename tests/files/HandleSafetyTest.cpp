@@ -5,16 +5,10 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-VirtualAndroidConfig withCard() {
-    VirtualAndroidConfig config;
-    config.storages.resize(2);
-    return config;
-}
-
 /// Items keep the handle that a listing gave them; devices give others.
 class HandleSafetyTest : public FileServiceFixture {
 protected:
-    HandleSafetyTest() : FileServiceFixture(withCard()) {
+    HandleSafetyTest() : FileServiceFixture(twoStorages()) {
         phone().write(u"A/x.txt"_s, "A");
         phone().write(u"B/x.txt"_s, "B");
         phone().disk.write(u"1/x.txt"_s, "card");
@@ -74,8 +68,8 @@ TEST_F(HandleSafetyTest, objectThatSomebodyElseChangedIsFoundByItsPathOrNotAtAll
     // Moved away with its folder: its path is no more, whatever its handle says.
     const FileItem inB = item("/B/x.txt");
     other.moveItem(item("/B"), u"/A"_s, phone().info);
-    EXPECT_FALSE(failureOf([&] { service_->deleteFile(inB, phone().info); }).isEmpty());
-    EXPECT_FALSE(failureOf([&] { service_->renameItem(inB, u"z"_s, phone().info); }).isEmpty());
+    EXPECT_TRUE(fails([&] { service_->deleteFile(inB, phone().info); }));
+    EXPECT_TRUE(fails([&] { service_->renameItem(inB, u"z"_s, phone().info); }));
     EXPECT_TRUE(has("0/A/B/x.txt"));
 }
 
@@ -84,7 +78,7 @@ TEST_F(HandleSafetyTest, fileThatBecameAFolderIsNotDeletedAsTheFile) {
     ASSERT_TRUE(QFile::remove(phone().disk.path(u"0/A/x.txt"_s)));
     phone().write(u"A/x.txt/precious"_s, "p");
     for (const FileItem& given : {file, withHandle(file, std::nullopt)})
-        EXPECT_FALSE(failureOf([&] { service_->deleteFile(given, phone().info); }).isEmpty());
+        EXPECT_TRUE(fails([&] { service_->deleteFile(given, phone().info); }));
     EXPECT_TRUE(has("0/A/x.txt/precious"));
 }
 
@@ -95,29 +89,26 @@ TEST_F(HandleSafetyTest, entryWithoutANameNeverStandsForItsFolder) {
         faults.nameOverrides[u"blank"_s] = QString();
         faults.nameOverrides[u"slash"_s] = u"B/x.txt"_s;
     });
-    const auto named = [](const std::vector<FileItem>& entries, const QString& name) {
-        for (const FileItem& entry : entries)
-            if (entry.name == name)
-                return entry;
-        throw std::runtime_error("not listed");
+    const auto named = [this](const char* folder, const QString& name) {
+        const auto entries = list(folder);
+        return *std::find_if(entries.begin(), entries.end(),
+                             [&](const FileItem& entry) { return entry.name == name; });
     };
-    const FileItem blank = named(list("/A"), {});
+    const FileItem blank = named("/A", {});
     const QString target = local_.path(u"t"_s) + u'/';
-    EXPECT_FALSE(failureOf([&] { service_->downloadFile(blank, target, phone().info); }).isEmpty());
+    EXPECT_TRUE(fails([&] { service_->downloadFile(blank, target, phone().info); }));
     // What it stands for may go; nothing else.
     (void)failureOf([&] { service_->deleteFile(blank, phone().info); });
     EXPECT_TRUE(has("0/A/x.txt"));
     // A name that reads like a path is not that path.
-    const FileItem slash = named(list("/"), u"B/x.txt"_s);
+    const FileItem slash = named("/", u"B/x.txt"_s);
     for (const auto handle : {std::optional<std::uint32_t>(), std::optional(0x12345678U)})
         (void)failureOf([&] { service_->deleteFile(withHandle(slash, handle), phone().info); });
     EXPECT_TRUE(has("0/B/x.txt"));
 }
 
 TEST_F(HandleSafetyTest, twoPhonesOfOneModelAreToldApartByWhereTheyArePlugged) {
-    VirtualAndroidConfig config;
-    config.location = u"1-2"_s;
-    PluggedPhone second(bus_, config);
+    PluggedPhone second(bus_, phoneConfig("", "1-2"));
     // The same tree, hence the same paths and handles, on both.
     second.write(u"A/x.txt"_s, "second A");
     second.write(u"B/x.txt"_s, "second B");
@@ -135,9 +126,9 @@ TEST_F(HandleSafetyTest, twoPhonesOfOneModelAreToldApartByWhereTheyArePlugged) {
     // Without a place, and without a serial, no phone is better than the wrong one.
     DeviceInfo anywhere = second.info;
     anywhere.usbLocation.clear();
-    EXPECT_FALSE(failureOf([&] { (void)service_->listDirectory(u"/"_s, anywhere); }).isEmpty());
+    EXPECT_TRUE(fails([&] { (void)service_->listDirectory(u"/"_s, anywhere); }));
     second.android.unplug();
-    EXPECT_FALSE(failureOf([&] { (void)service_->listDirectory(u"/"_s, second.info); }).isEmpty());
+    EXPECT_TRUE(fails([&] { (void)service_->listDirectory(u"/"_s, second.info); }));
 }
 
 } // namespace

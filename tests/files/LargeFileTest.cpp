@@ -42,8 +42,7 @@ TEST_F(LargeFileTest, moreThanFourGigabytesComeWhole) {
 
 TEST_F(LargeFileTest, sizeThatThePhoneCutsTo32BitsIsNotBelieved) {
     phone().disk.writeSparse(u"0/D/film"_s, size);
-    phone().android.behaviour().update(
-        [](VirtualBehaviour& behaviour) { behaviour.cutsSizesTo32Bits = true; });
+    phone().behave([](VirtualBehaviour& behaviour) { behaviour.cutsSizesTo32Bits = true; });
     EXPECT_EQ(list("/D")[0].size, 5'000) << "what a phone of that kind tells";
     std::stop_source stop;
     EXPECT_THROW((void)service_->downloadDirectory(

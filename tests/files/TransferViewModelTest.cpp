@@ -34,20 +34,11 @@ protected:
             statuses.push_back(entry.status);
         return statuses;
     }
-    QUuid download(const char* name, qint64 size = 10, TransferFinished onFinished = {}) {
+    QUuid download(const char* name, qint64 size = 10, TransferFinished onFinished = {},
+                   bool isFolder = false) {
         const QString text = QString::fromUtf8(name);
-        return model_.enqueueDownload({text, u"/root/"_s + text, false, size, {}},
+        return model_.enqueueDownload({text, u"/root/"_s + text, isFolder, size, {}},
                                       local_.path(text), files_, std::move(onFinished));
-    }
-    QUuid downloadFolder(const char* name) {
-        const QString text = QString::fromUtf8(name);
-        return model_.enqueueDownload({text, u"/root/"_s + text, true, 0, {}}, local_.path(text),
-                                      files_);
-    }
-    /// Every operation on the device waits for the gate.
-    void hold() {
-        files_->setScript(
-            [this](const QString&, const std::stop_token& stop) { gate_.pass(stop); });
     }
     void finishAll() {
         ASSERT_TRUE(eventually([this] { return model_.summary().isIdle(); }));
@@ -64,7 +55,7 @@ protected:
 };
 
 TEST_F(TransferViewModelTest, successShowsAllFilesAndBytesDone) {
-    files_->setProgress({{4, 10}}); // a last report never comes
+    files_->reports = {{4, 10}}; // a last report never comes
     bool succeeded = false;
     download("a", 10, [&](const std::exception_ptr& error) { succeeded = !error; });
     finishAll();
@@ -107,8 +98,8 @@ TEST_F(TransferViewModelTest, folderThatMissesSomethingIsAFailureThatNamesIt) {
     TransferOutcome outcome;
     outcome.progress = {.totalFiles = 9, .completedFiles = 8, .totalBytes = 90};
     outcome.skipped = {{u"/root/d/x"_s, u"too large"_s}};
-    files_->setOutcome(outcome);
-    downloadFolder("d");
+    files_->outcome = outcome;
+    download("d", 0, {}, true);
     EXPECT_TRUE(job(0).isMeasuring);
     finishAll();
     EXPECT_EQ(job(0).status, Status::failed);
@@ -121,7 +112,7 @@ TEST_F(TransferViewModelTest, folderThatMissesSomethingIsAFailureThatNamesIt) {
 TEST_F(TransferViewModelTest, folderToUploadIsCountedWhileItWaits) {
     local_.write(u"d/a"_s, "123");
     local_.write(u"d/e/b"_s, "4567");
-    hold();
+    files_->holdAt(gate_);
     download("first");
     model_.enqueueUpload(local_.path(u"d"_s), u"/root"_s, files_);
     EXPECT_TRUE(job(1).isMeasuring);
@@ -136,10 +127,7 @@ TEST_F(TransferViewModelTest, folderToUploadIsCountedWhileItWaits) {
 
 TEST_F(TransferViewModelTest, runningJobThatIsCancelledStaysCancelled) {
     // The work does not notice: it ends well although it was cancelled.
-    files_->setScript([this](const QString& operation, const std::stop_token&) {
-        if (operation == u"download a"_s)
-            gate_.pass({});
-    });
+    files_->holdAt(gate_, u"download a"_s, false);
     const QUuid a = download("a");
     download("b");
     ASSERT_TRUE(eventually([&] { return job(0).status == Status::inProgress; }));
@@ -156,7 +144,7 @@ TEST_F(TransferViewModelTest, runningJobThatIsCancelledStaysCancelled) {
 }
 
 TEST_F(TransferViewModelTest, cancelBetweenStartAndItsNewsIsKept) {
-    hold();
+    files_->holdAt(gate_);
     const QUuid a = download("a");
     // The engine has started it; the main thread has not heard of it yet.
     while (gate_.waiting() == 0)
@@ -168,16 +156,11 @@ TEST_F(TransferViewModelTest, cancelBetweenStartAndItsNewsIsKept) {
 }
 
 TEST_F(TransferViewModelTest, clearingLeavesWhatIsNotFinished) {
-    files_->setScript([this](const QString& operation, const std::stop_token& stop) {
-        if (operation == u"download c"_s)
-            gate_.pass(stop);
-    });
-    download("a");
-    download("b");
-    const QUuid c = download("c");
-    const QUuid d = download("d");
-    const QUuid e = download("e");
-    model_.cancelJob(d);
+    files_->holdAt(gate_, u"download c"_s);
+    std::vector<QUuid> ids;
+    for (const char* name : {"a", "b", "c", "d", "e"})
+        ids.push_back(download(name));
+    model_.cancelJob(ids[3]);
     ASSERT_TRUE(eventually([&] { return job(2).status == Status::inProgress; }));
     std::vector<std::pair<int, int>> removed;
     QObject::connect(&model_, &TransferViewModel::jobsRemoved,
@@ -185,10 +168,9 @@ TEST_F(TransferViewModelTest, clearingLeavesWhatIsNotFinished) {
     model_.clearCompleted();
     EXPECT_THAT(removed, ElementsAre(std::pair(3, 3), std::pair(0, 1)));
     ASSERT_EQ(model_.jobs().size(), 2U);
-    EXPECT_EQ(model_.indexOf(c), 0);
-    EXPECT_EQ(model_.indexOf(e), 1);
-    EXPECT_EQ(model_.indexOf(d), -1);
-    EXPECT_EQ(model_.summary().finished, 0);
+    EXPECT_EQ(model_.indexOf(ids[2]), 0);
+    EXPECT_EQ(model_.indexOf(ids[3]), -1);
+    EXPECT_EQ(model_.indexOf(ids[4]), 1);
     model_.cancelAll();
     EXPECT_TRUE(model_.summary().isIdle());
     model_.clearCompleted();
@@ -197,10 +179,8 @@ TEST_F(TransferViewModelTest, clearingLeavesWhatIsNotFinished) {
 
 TEST_F(TransferViewModelTest, progressReachesTheListInMeasureAndTheLastAlways) {
     constexpr qint64 steps = 200'000;
-    std::vector<std::pair<qint64, qint64>> progress;
     for (qint64 i = 1; i <= steps; ++i)
-        progress.emplace_back(i, steps);
-    files_->setProgress(progress);
+        files_->reports.emplace_back(i, steps);
     const auto start = std::chrono::steady_clock::now();
     download("a", steps);
     finishAll();
@@ -211,7 +191,7 @@ TEST_F(TransferViewModelTest, progressReachesTheListInMeasureAndTheLastAlways) {
 }
 
 TEST_F(TransferViewModelTest, modelThatGoesEndsItsJobs) {
-    hold();
+    files_->holdAt(gate_);
     auto model = std::make_unique<TransferViewModel>(engine_);
     int told = 0;
     for (int i = 0; i < 3; ++i)

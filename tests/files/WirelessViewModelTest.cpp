@@ -8,6 +8,8 @@
 namespace tessary {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 using Phone = WirelessViewModel::Phone;
 using State = WirelessViewModel::State;
 using Step = WirelessViewModel::Step;
@@ -41,9 +43,9 @@ protected:
     }
     /// An adb that prints this and tells what it was asked.
     QString adbThatPrints(const QByteArray& text) {
-        const QString script = disk_.write(
-            QStringLiteral("adb"), "#!/bin/sh\necho \"$@\" >> '" + disk_.path().toUtf8() +
-                                       "/asked'\ncat <<END\n* daemon started\n" + text + "\nEND\n");
+        const QString script =
+            disk_.write(u"adb"_s, "#!/bin/sh\necho \"$@\" >> '" + disk_.path().toUtf8() +
+                                      "/asked'\ncat <<END\n* daemon started\n" + text + "\nEND\n");
         QFile(script).setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         return script;
     }
@@ -53,12 +55,7 @@ protected:
 };
 
 TEST_F(WirelessViewModelTest, whatAdbSaysIsTold) {
-    struct Row {
-        const char* said;
-        Step step;
-        const char* failure;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, Step, const char*> rows[] = {
         {"connected to 10.0.0.2:4711", Step::done, ""},
         {"already connected to 10.0.0.2:4711", Step::done, ""},
         {"failed to authenticate to 10.0.0.2:4711", Step::failed,
@@ -66,43 +63,41 @@ TEST_F(WirelessViewModelTest, whatAdbSaysIsTold) {
         {"cannot connect to 10.0.0.2:4711: Connection refused", Step::failed,
          "adb could not reach the phone: cannot connect to 10.0.0.2:4711: Connection refused"},
     };
-    const auto network = networkWith(ServiceAddress{QStringLiteral("10.0.0.2"), 4711});
-    for (const Row& row : rows) {
-        const ADBTool adb(runner_, QStringList{adbThatPrints(row.said)});
+    const auto network = networkWith(ServiceAddress{u"10.0.0.2"_s, 4711});
+    for (const auto& [said, step, failure] : rows) {
+        const ADBTool adb(runner_, QStringList{adbThatPrints(said)});
         WirelessViewModel phones(network, adb);
         start(phones);
         const Phone phone = connectFirst(phones);
-        EXPECT_EQ(phone.step, row.step) << row.said;
-        EXPECT_EQ(phone.failure, QString::fromLatin1(row.failure));
+        EXPECT_EQ(phone.step, step) << said;
+        EXPECT_EQ(phone.failure, QString::fromLatin1(failure));
     }
-    EXPECT_TRUE(disk_.read(QStringLiteral("asked")).startsWith("connect 10.0.0.2:4711\n"));
+    EXPECT_TRUE(disk_.read(u"asked"_s).startsWith("connect 10.0.0.2:4711\n"));
 }
 
 TEST_F(WirelessViewModelTest, phoneThatIsNotThereOrNotPairedIsTold) {
     const ADBTool adb(runner_, QStringList{adbThatPrints("adb: unknown command pair")});
     WirelessViewModel phones(networkWith(std::nullopt), adb);
     start(phones);
-    EXPECT_EQ(connectFirst(phones).failure,
-              QStringLiteral("The phone does not answer on the network."));
-    phones.connectTo(QStringLiteral("unknown"));
+    EXPECT_EQ(connectFirst(phones).failure, u"The phone does not answer on the network."_s);
+    phones.connectTo(u"unknown"_s);
     EXPECT_FALSE(phones.isWorking());
-    phones.pair(phones.phones()[1].device.id, QStringLiteral("123456"));
+    phones.pair(phones.phones()[1].device.id, u"123456"_s);
     phones.stop();
     EXPECT_FALSE(phones.isWorking());
     EXPECT_THAT(phones.phones(), IsEmpty());
-    EXPECT_FALSE(disk_.has(QStringLiteral("asked")));
+    EXPECT_FALSE(disk_.has(u"asked"_s));
 }
 
 class WirelessAdbTest : public WirelessViewModelTest, protected AdbPhone {};
 
 TEST_F(WirelessAdbTest, connectedPhoneIsReachedByTheRealAdb) {
     const ADBTool adb(AdbPhone::runner_, QStringList{realAdb()});
-    WirelessViewModel phones(
-        networkWith(ServiceAddress{QStringLiteral("127.0.0.1"), adbd_->port()}), adb);
+    WirelessViewModel phones(networkWith(ServiceAddress{u"127.0.0.1"_s, adbd_->port()}), adb);
     start(phones);
     const Phone phone = connectFirst(phones);
     EXPECT_EQ(phone.step, Step::done) << phone.failure.toStdString();
-    EXPECT_TRUE(reaches(QStringLiteral("device")));
+    EXPECT_TRUE(reaches(u"device"_s));
 
     AdbPhone::server_.disconnect(serial());
     adbd_->stop();

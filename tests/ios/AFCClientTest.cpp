@@ -1,6 +1,6 @@
 #include "ios/AFCClient.h"
 
-#include "support/IOSFailure.h"
+#include "support/Failure.h"
 #include "support/PluggedIPhone.h"
 #include "support/QtPrinters.h"
 

@@ -2,7 +2,7 @@
 
 #include "core/CancellationError.h"
 #include "support/Application.h"
-#include "support/IOSFailure.h"
+#include "support/Failure.h"
 #include "support/ManyBytes.h"
 #include "support/PluggedIPhone.h"
 #include "support/QtPrinters.h"

@@ -2,7 +2,7 @@
 
 #include "core/CancellationError.h"
 #include "ios/AppLister.h"
-#include "support/IOSFailure.h"
+#include "support/Failure.h"
 #include "support/PluggedIPhone.h"
 #include "support/QtPrinters.h"
 

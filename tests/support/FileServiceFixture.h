@@ -13,6 +13,15 @@
 
 namespace tessary {
 
+/// A phone with a memory card beside its own storage.
+inline VirtualAndroidConfig twoStorages() {
+    VirtualAndroidConfig config;
+    config.storages.resize(2);
+    config.storages[1].description = QStringLiteral("SD card");
+    config.storages[1].removable = true;
+    return config;
+}
+
 /// A file service over a virtual bus, with one phone plugged in unless a test wants others.
 class FileServiceFixture : public testing::Test {
 protected:
@@ -62,10 +71,17 @@ protected:
         return {};
     }
 
+    template <typename Work>
+    static bool fails(Work work) {
+        return !failureOf(work).isEmpty();
+    }
+
+    /// Sorted.
     static QStringList skippedPaths(const TransferOutcome& outcome) {
         QStringList paths;
         for (const SkippedItem& skipped : outcome.skipped)
             paths.append(skipped.path);
+        paths.sort();
         return paths;
     }
 

@@ -6,6 +6,13 @@
 
 namespace tessary {
 
+inline VirtualAndroidConfig phoneConfig(const char* serial, const char* location = "1-1") {
+    VirtualAndroidConfig config;
+    config.serialNumber = QString::fromUtf8(serial);
+    config.location = QString::fromUtf8(location);
+    return config;
+}
+
 /// A virtual Android phone that is plugged in, with its storages in a temporary folder.
 class PluggedPhone {
 public:
@@ -36,6 +43,33 @@ public:
     template <typename Change>
     void fault(Change change) {
         android.faults().update(change);
+    }
+    template <typename Change>
+    void behave(Change change) {
+        android.behaviour().update(change);
+    }
+    /// Pulls the cable after so many bytes of the `phase`th data phase from now on.
+    void unplugAfter(UsbDirection direction, std::uint64_t bytes, unsigned phase) {
+        fault([&](VirtualFaults& faults) { faults.unplug = {direction, bytes, phase}; });
+    }
+    /// Changes the containers with an operation's data before they are sent.
+    void rewriteData(MTPOperationCode operation, std::function<void(Bytes&)> change) {
+        fault([&](VirtualFaults& faults) {
+            faults.rewrite = [=](const VirtualAnswer& answer) -> std::optional<Bytes> {
+                if (answer.operation != static_cast<std::uint16_t>(operation) ||
+                    answer.type != MTPContainerType::data)
+                    return std::nullopt;
+                Bytes container = answer.container;
+                change(container);
+                return container;
+            };
+        });
+    }
+    /// Leaves a container its header alone.
+    static void cutToHeader(Bytes& container) {
+        container = {std::byte{12}, {},           {},           {},           container[4],
+                     container[5],  container[6], container[7], container[8], container[9],
+                     container[10], container[11]};
     }
     /// Refuses an operation from now on, or once.
     void refuse(MTPOperationCode operation, MTPResponseCode code, bool always = true) {

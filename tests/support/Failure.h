@@ -8,14 +8,16 @@
 
 namespace tessary {
 
-/// The text of the TessaryError that `call` ends with; "nothing was thrown" when there is none.
+inline constexpr const char* notThrown = "nothing was thrown";
+
+/// The text of the TessaryError that `call` ends with; `notThrown` when there is none.
 [[nodiscard]] inline QString failureOf(const std::function<void()>& call) {
     try {
         call();
     } catch (const TessaryError& error) {
         return error.description();
     }
-    return QStringLiteral("nothing was thrown");
+    return QString::fromLatin1(notThrown);
 }
 
 } // namespace tessary
