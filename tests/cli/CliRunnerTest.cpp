@@ -9,12 +9,11 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <thread>
-#include <unistd.h>
 
+using namespace Qt::StringLiterals;
 using namespace tessary;
 
 namespace {
@@ -22,37 +21,17 @@ namespace {
 using Command = CliRequest::Command;
 
 /// A stream that a run writes to, and that another thread may read meanwhile.
-class Capture {
-public:
-    ~Capture() {
-        std::fclose(stream_);
-    }
-    Capture() = default;
-    Capture(const Capture&) = delete;
-    Capture& operator=(const Capture&) = delete;
+struct Capture {
+    const TemporaryFolder folder;
+    std::FILE* const stream = std::fopen(qPrintable(folder.path(u"text"_s)), "w");
 
-    std::FILE* stream() {
-        return stream_;
+    ~Capture() {
+        std::fclose(stream);
     }
     /// What has been written and flushed.
     [[nodiscard]] QString text() const {
-        QByteArray bytes(1 << 20, Qt::Uninitialized);
-        const ssize_t count =
-            ::pread(fileno(stream_), bytes.data(), static_cast<std::size_t>(bytes.size()), 0);
-        return QString::fromUtf8(bytes.left(std::max<qsizetype>(count, 0)));
+        return QString::fromUtf8(folder.read(u"text"_s));
     }
-    [[nodiscard]] bool eventuallyHolds(const char* part) const {
-        const auto end = std::chrono::steady_clock::now() + 20s;
-        while (!text().contains(QLatin1StringView(part))) {
-            if (std::chrono::steady_clock::now() > end)
-                return false;
-            std::this_thread::sleep_for(5ms);
-        }
-        return true;
-    }
-
-private:
-    std::FILE* const stream_ = std::tmpfile();
 };
 
 struct Result {
@@ -65,42 +44,30 @@ struct Result {
     }
 };
 
-VirtualAndroidConfig config(const char* serial, const char* location) {
-    VirtualAndroidConfig made;
-    made.serialNumber = QString::fromLatin1(serial);
-    made.location = QString::fromLatin1(location);
-    return made;
-}
-
 class CliRunnerTest : public MainLoop {
 protected:
     CliRunnerTest() {
-        phone_.write(QStringLiteral("DCIM/one.txt"), "one");
-        phone_.write(QStringLiteral("DCIM/sub/two.txt"), "second");
-        phone_.write(QStringLiteral("big.bin"), QByteArray(3 * 1024 * 1024, 'b'));
-    }
-
-    [[nodiscard]] QString here(const QString& path) const {
-        return folder_.path(path);
+        phone_.write(u"DCIM/one.txt"_s, "one");
+        phone_.write(u"DCIM/sub/two.txt"_s, "second");
+        phone_.write(u"big.bin"_s, QByteArray(3 * 1024 * 1024, 'b'));
     }
 
     Result run(Command command, const QStringList& paths = {}, const QString& local = {},
-               bool json = false, const std::stop_token& stop = {}) {
+               bool json = false) {
         CliRequest request;
         request.command = command;
         request.device = device_;
         request.paths = paths;
         request.localPath = local;
         request.json = json;
-        return run(request, stop);
+        return run(request);
     }
-    Result run(const CliRequest& request, const std::stop_token& stop = {}) {
-        Capture out;
-        return run(request, stop, out);
-    }
-    Result run(const CliRequest& request, const std::stop_token& stop, Capture& out) {
+    Result run(const CliRequest& request, const std::stop_token& stop = {},
+               Capture* shared = nullptr) {
+        Capture own;
+        Capture& out = shared != nullptr ? *shared : own;
         Capture error;
-        CliRunner runner(bus_, files_, defaults_, out.stream(), error.stream());
+        CliRunner runner(bus_, files_, defaults_, out.stream, error.stream);
         CliRunner::ExitStatus status = CliRunner::failed;
         // As in the program: the main thread's event loop turns while the work is done elsewhere.
         QEventLoop loop;
@@ -110,18 +77,18 @@ protected:
         });
         loop.exec();
         work.join();
-        std::fflush(out.stream());
-        std::fflush(error.stream());
+        std::fflush(out.stream);
+        std::fflush(error.stream);
         return {status, out.text(), error.text()};
     }
 
     TemporaryFolder folder_;
     VirtualUsbBus bus_;
-    PluggedPhone phone_{bus_, config("ABC123", "1-1")};
+    PluggedPhone phone_{bus_, phoneConfig("ABC123")};
     FakeProcessRunner processes_;
     DeviceFileService files_{bus_, processes_};
     MemoryUserDefaults defaults_;
-    QString device_ = QStringLiteral("ABC");
+    QString device_ = u"ABC"_s;
 };
 
 } // namespace
@@ -130,141 +97,121 @@ TEST_F(CliRunnerTest, devicesAreListedWithBatteryAndStorage) {
     const Result json = run(Command::devices, {}, {}, true);
     EXPECT_EQ(json.status, CliRunner::done);
     const QJsonObject device = json.json().array().at(0).toObject();
-    EXPECT_EQ(device.value(QStringLiteral("udid")).toString(), QStringLiteral("ABC123"));
-    EXPECT_EQ(device.value(QStringLiteral("deviceName")).toString(),
-              QStringLiteral("Google Pixel 7"));
-    EXPECT_EQ(device.value(QStringLiteral("batteryLevel")).toInt(), 80);
-    EXPECT_EQ(device.value(QStringLiteral("volumes")).toArray().size(), 1);
-    EXPECT_TRUE(run(Command::devices).out.contains(QStringLiteral("free of")));
+    EXPECT_EQ(device.value(u"udid"_s).toString(), u"ABC123"_s);
+    EXPECT_EQ(device.value(u"deviceName"_s).toString(), u"Google Pixel 7"_s);
+    EXPECT_EQ(device.value(u"batteryLevel"_s).toInt(), 80);
+    EXPECT_EQ(device.value(u"volumes"_s).toArray().size(), 1);
+    EXPECT_TRUE(run(Command::devices).out.contains(u"free of"_s));
 
     phone_.android.setLocked(true);
-    EXPECT_TRUE(run(Command::devices).out.contains(QStringLiteral("unlock it")));
+    EXPECT_TRUE(run(Command::devices).out.contains(u"unlock it"_s));
 }
 
 TEST_F(CliRunnerTest, watchPrintsWhatHappensUntilItIsInterrupted) {
     std::stop_source stop;
     Capture out;
-    std::jthread user([&] {
-        EXPECT_TRUE(out.eventuallyHolds("changed"));
+    const std::jthread user([&] {
+        const auto await = [&](const QString& part) {
+            for (int n = 0; n < 4000 && !out.text().contains(part); ++n)
+                std::this_thread::sleep_for(5ms);
+        };
+        await(u"changed"_s);
         phone_.android.unplug();
-        EXPECT_TRUE(out.eventuallyHolds("detached"));
+        await(u"detached"_s);
         stop.request_stop();
     });
     CliRequest request;
     request.command = Command::watch;
     request.device = device_;
     request.json = true;
-    const Result result = run(request, stop.get_token(), out);
+    const Result result = run(request, stop.get_token(), &out);
     EXPECT_EQ(result.status, CliRunner::interrupted);
     QStringList events;
     for (const QString& line : result.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
         const QJsonDocument document = QJsonDocument::fromJson(line.toUtf8());
         ASSERT_TRUE(document.isObject()) << line.toStdString();
-        events.append(document.object().value(QStringLiteral("event")).toString());
+        events.append(document.object().value(u"event"_s).toString());
     }
-    EXPECT_EQ(events, (QStringList{QStringLiteral("attached"), QStringLiteral("changed"),
-                                   QStringLiteral("detached")}));
+    EXPECT_EQ(events, (QStringList{u"attached"_s, u"changed"_s, u"detached"_s}));
 }
 
 TEST_F(CliRunnerTest, deviceIsChosenByPrefixOrName) {
-    device_ = QStringLiteral("google pixel 7");
-    EXPECT_EQ(run(Command::info).status, CliRunner::done);
-    device_ = QStringLiteral("XYZ");
-    const Result missing = run(Command::list, {QStringLiteral("/")});
-    EXPECT_EQ(missing.status, CliRunner::failed);
-    EXPECT_TRUE(missing.error.contains(QStringLiteral("\"XYZ\" is not attached")));
-
-    const PluggedPhone second(bus_, config("ABC999", "1-2"));
-    device_ = QStringLiteral("ABC");
-    const Result ambiguous = run(Command::info);
-    EXPECT_EQ(ambiguous.status, CliRunner::failed);
-    EXPECT_TRUE(ambiguous.error.contains(QStringLiteral("fits 2 devices")));
-    device_ = QStringLiteral("ABC9");
-    EXPECT_EQ(run(Command::info).status, CliRunner::done);
+    const auto complaintAbout = [&](const QString& device) {
+        device_ = device;
+        const Result result = run(Command::info);
+        EXPECT_EQ(result.status == CliRunner::done, result.error.isEmpty());
+        return result.error;
+    };
+    EXPECT_EQ(complaintAbout(u"google pixel 7"_s), QString());
+    EXPECT_TRUE(complaintAbout(u"XYZ"_s).contains(u"\"XYZ\" is not attached"_s));
+    const PluggedPhone second(bus_, phoneConfig("ABC999", "1-2"));
+    EXPECT_TRUE(complaintAbout(u"ABC"_s).contains(u"fits 2 devices"_s));
+    EXPECT_EQ(complaintAbout(u"ABC9"_s), QString());
 }
 
 TEST_F(CliRunnerTest, listingShowsFoldersFirstAndNoTerminalCommands) {
-    phone_.write(QStringLiteral("a\x1b[31mred\nline.txt"), "x");
-    const Result text = run(Command::list, {QStringLiteral("/")});
+    phone_.write(u"a\x1b[31mred\nline.txt"_s, "x");
+    const Result text = run(Command::list, {u"/"_s});
     EXPECT_EQ(text.status, CliRunner::done);
-    EXPECT_TRUE(text.out.section(QLatin1Char('\n'), 0, 0).endsWith(QStringLiteral("DCIM/")));
+    EXPECT_TRUE(text.out.section(QLatin1Char('\n'), 0, 0).endsWith(u"DCIM/"_s));
     EXPECT_FALSE(text.out.contains(QChar(0x1b)));
     EXPECT_EQ(text.out.count(QLatin1Char('\n')), 3);
-    const Result missing = run(Command::list, {QStringLiteral("/nowhere")});
+    const Result missing = run(Command::list, {u"/nowhere"_s});
     EXPECT_EQ(missing.status, CliRunner::failed);
     EXPECT_EQ(missing.error.count(QLatin1Char('\n')), 1);
     EXPECT_TRUE(missing.out.isEmpty());
 }
 
 TEST_F(CliRunnerTest, getCopiesIntoAFolderOrUnderANewName) {
-    EXPECT_EQ(run(Command::get, {QStringLiteral("/DCIM/one.txt")}, here({})).status,
-              CliRunner::done);
-    EXPECT_EQ(folder_.read(QStringLiteral("one.txt")), "one");
-    EXPECT_EQ(run(Command::get, {QStringLiteral("/DCIM")}, here(QStringLiteral("copy"))).status,
-              CliRunner::done);
-    EXPECT_EQ(folder_.read(QStringLiteral("copy/sub/two.txt")), "second");
+    EXPECT_EQ(run(Command::get, {u"/DCIM/one.txt"_s}, folder_.path()).status, CliRunner::done);
+    EXPECT_EQ(folder_.read(u"one.txt"_s), "one");
+    EXPECT_EQ(run(Command::get, {u"/DCIM"_s}, folder_.path(u"copy"_s)).status, CliRunner::done);
+    EXPECT_EQ(folder_.read(u"copy/sub/two.txt"_s), "second");
 }
 
 TEST_F(CliRunnerTest, whatIsLeftOutOfAFolderIsNamedAndFails) {
-    phone_.android.faults().update([](VirtualFaults& faults) {
-        faults.nameOverrides[QStringLiteral("one.txt")] = QStringLiteral("..");
-    });
-    const Result result =
-        run(Command::get, {QStringLiteral("/DCIM")}, here(QStringLiteral("copy")), true);
+    phone_.fault([](VirtualFaults& faults) { faults.nameOverrides[u"one.txt"_s] = u".."_s; });
+    const Result result = run(Command::get, {u"/DCIM"_s}, folder_.path(u"copy"_s), true);
     EXPECT_EQ(result.status, CliRunner::failed);
-    EXPECT_TRUE(result.error.contains(QStringLiteral("Not copied")));
-    EXPECT_EQ(folder_.read(QStringLiteral("copy/sub/two.txt")), "second");
-    EXPECT_EQ(result.json().object().value(QStringLiteral("skipped")).toArray().size(), 1);
+    EXPECT_TRUE(result.error.contains(u"Not copied"_s));
+    EXPECT_EQ(folder_.read(u"copy/sub/two.txt"_s), "second");
+    EXPECT_EQ(result.json().object().value(u"skipped"_s).toArray().size(), 1);
 }
 
 TEST_F(CliRunnerTest, putMakeMoveAndRemoveChangeThePhone) {
-    const QString local = folder_.write(QStringLiteral("new.txt"), "fresh");
-    EXPECT_EQ(run(Command::makeFolder, {QStringLiteral("/Docs")}).status, CliRunner::done);
-    EXPECT_EQ(run(Command::put, {QStringLiteral("/Docs")}, local).status, CliRunner::done);
-    EXPECT_EQ(phone_.content(QStringLiteral("Docs/new.txt")), "fresh");
-    EXPECT_EQ(run(Command::put, {QStringLiteral("/Nowhere")}, local).status, CliRunner::failed);
+    const QString local = folder_.write(u"new.txt"_s, "fresh");
+    EXPECT_EQ(run(Command::makeFolder, {u"/Docs"_s}).status, CliRunner::done);
+    EXPECT_EQ(run(Command::put, {u"/Docs"_s}, local).status, CliRunner::done);
+    EXPECT_EQ(phone_.content(u"Docs/new.txt"_s), "fresh");
+    EXPECT_EQ(run(Command::put, {u"/Nowhere"_s}, local).status, CliRunner::failed);
 
-    EXPECT_EQ(run(Command::move, {QStringLiteral("/Docs/new.txt"), QStringLiteral("b.txt")}).status,
-              CliRunner::done);
-    EXPECT_EQ(run(Command::move, {QStringLiteral("/Docs/b.txt"), QStringLiteral("/DCIM")}).status,
-              CliRunner::done);
-    EXPECT_EQ(phone_.content(QStringLiteral("DCIM/b.txt")), "fresh");
+    EXPECT_EQ(run(Command::move, {u"/Docs/new.txt"_s, u"b.txt"_s}).status, CliRunner::done);
+    EXPECT_EQ(run(Command::move, {u"/Docs/b.txt"_s, u"/DCIM"_s}).status, CliRunner::done);
+    EXPECT_EQ(phone_.content(u"DCIM/b.txt"_s), "fresh");
 
-    EXPECT_EQ(run(Command::remove, {QStringLiteral("/Docs"), QStringLiteral("/big.bin")}).status,
-              CliRunner::done);
-    EXPECT_EQ(phone_.names(), QStringList(QStringLiteral("DCIM")));
-}
-
-TEST_F(CliRunnerTest, interruptedCopyLeavesNoFile) {
-    std::stop_source stop;
-    stop.request_stop();
-    const Result result = run(Command::get, {QStringLiteral("/big.bin")},
-                              here(QStringLiteral("big.bin")), false, stop.get_token());
-    EXPECT_EQ(result.status, CliRunner::interrupted);
-    EXPECT_EQ(folder_.names(), QStringList());
+    EXPECT_EQ(run(Command::remove, {u"/Docs"_s, u"/big.bin"_s}).status, CliRunner::done);
+    EXPECT_EQ(phone_.names(), QStringList(u"DCIM"_s));
 }
 
 TEST_F(CliRunnerTest, unpluggingAtAnyPointIsSaidInOneLineWithTheNextStep) {
-    const QString target = here(QStringLiteral("big.bin"));
+    const QString target = folder_.path(u"big.bin"_s);
     unsigned phase = 1;
     for (;; ++phase) {
         SCOPED_TRACE(phase);
-        phone_.android.faults().update([phase](VirtualFaults& faults) {
-            faults.unplug = VirtualByteFault{UsbDirection::in, 5, phase};
-        });
-        const Result result = run(Command::get, {QStringLiteral("/big.bin")}, target);
+        phone_.unplugAfter(UsbDirection::in, 5, phase);
+        const Result result = run(Command::get, {u"/big.bin"_s}, target);
         if (result.status == CliRunner::done)
             break;
         EXPECT_EQ(result.status, CliRunner::failed);
         EXPECT_EQ(result.error.count(QLatin1Char('\n')), 1) << result.error.toStdString();
-        EXPECT_TRUE(result.error.contains(QStringLiteral("Plug the phone in again")))
+        EXPECT_TRUE(result.error.contains(u"Plug the phone in again"_s))
             << result.error.toStdString();
         EXPECT_EQ(folder_.names(), QStringList());
         phone_.android.unplug();
         phone_.android.plugInto(bus_);
     }
     EXPECT_GT(phase, 5U);
-    EXPECT_EQ(folder_.read(QStringLiteral("big.bin")).size(), 3 * 1024 * 1024);
+    EXPECT_EQ(folder_.read(u"big.bin"_s).size(), 3 * 1024 * 1024);
 }
 
 TEST_F(CliRunnerTest, syncPreviewsCopiesAndDeletesOnlyOnRequest) {
@@ -272,8 +219,8 @@ TEST_F(CliRunnerTest, syncPreviewsCopiesAndDeletesOnlyOnRequest) {
     CliRequest request;
     request.command = Command::sync;
     request.device = device_;
-    request.paths = QStringList(QStringLiteral("/DCIM"));
-    request.localPath = here(QStringLiteral("pictures"));
+    request.paths = QStringList(u"/DCIM"_s);
+    request.localPath = folder_.path(u"pictures"_s);
     request.json = true;
     const auto lengths = [](const Result& result, const char* key) {
         return result.json().object().value(QString::fromLatin1(key)).toArray().size();
@@ -287,25 +234,25 @@ TEST_F(CliRunnerTest, syncPreviewsCopiesAndDeletesOnlyOnRequest) {
     Result result = run(request);
     EXPECT_EQ(result.status, CliRunner::done);
     EXPECT_EQ(lengths(result, "downloaded"), 2);
-    EXPECT_EQ(folder_.read(QStringLiteral("pictures/sub/two.txt")), "second");
+    EXPECT_EQ(folder_.read(u"pictures/sub/two.txt"_s), "second");
 
     // Nobody can be asked here, and half of the files is no matter to be careless about.
-    QFile::remove(request.localPath + QStringLiteral("/sub/two.txt"));
+    QFile::remove(request.localPath + u"/sub/two.txt"_s);
     result = run(request);
     EXPECT_EQ(result.status, CliRunner::failed);
     EXPECT_EQ(lengths(result, "errors"), 1);
-    EXPECT_EQ(phone_.content(QStringLiteral("DCIM/sub/two.txt")), "second");
+    EXPECT_EQ(phone_.content(u"DCIM/sub/two.txt"_s), "second");
 
     request.answer = Answer::yes;
     result = run(request);
     EXPECT_EQ(lengths(result, "deleted"), 1);
-    EXPECT_EQ(phone_.content(QStringLiteral("DCIM/sub/two.txt")), QByteArray());
+    EXPECT_EQ(phone_.content(u"DCIM/sub/two.txt"_s), QByteArray());
 
-    QFile::remove(request.localPath + QStringLiteral("/one.txt"));
+    QFile::remove(request.localPath + u"/one.txt"_s);
     EXPECT_EQ(run(request).status, CliRunner::failed); // the folder is empty now
     request.answer = Answer::keep;
     EXPECT_EQ(lengths(run(request), "downloaded"), 1);
-    QFile::remove(request.localPath + QStringLiteral("/one.txt"));
+    QFile::remove(request.localPath + u"/one.txt"_s);
     request.answer = Answer::yesAll;
     EXPECT_EQ(lengths(run(request), "deleted"), 1);
 
@@ -313,6 +260,6 @@ TEST_F(CliRunnerTest, syncPreviewsCopiesAndDeletesOnlyOnRequest) {
     request.answer = Answer::keep;
     result = run(request);
     EXPECT_EQ(result.status, CliRunner::failed);
-    EXPECT_TRUE(result.error.contains(QStringLiteral("is gone")));
+    EXPECT_TRUE(result.error.contains(u"is gone"_s));
     EXPECT_FALSE(QFileInfo::exists(request.localPath));
 }

@@ -4,6 +4,7 @@
 #include <QDir>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
 using namespace tessary;
 
 namespace {
@@ -23,22 +24,14 @@ TEST(CommandLine, commandsTakeTheirPaths) {
     const auto get = request("get Pixel /DCIM/a.jpg here");
     ASSERT_TRUE(get);
     EXPECT_EQ(get->command, CliRequest::Command::get);
-    EXPECT_EQ(get->device, QStringLiteral("Pixel"));
-    EXPECT_EQ(get->paths, QStringList{QStringLiteral("/DCIM/a.jpg")});
-    EXPECT_EQ(get->localPath, QDir::current().absoluteFilePath(QStringLiteral("here")));
+    EXPECT_EQ(get->device, u"Pixel"_s);
+    EXPECT_EQ(get->paths, QStringList{u"/DCIM/a.jpg"_s});
+    EXPECT_EQ(get->localPath, QDir::current().absoluteFilePath(u"here"_s));
 
-    const auto put = request("put P /tmp/x /Music");
-    ASSERT_TRUE(put);
-    EXPECT_EQ(put->localPath, QStringLiteral("/tmp/x"));
-    EXPECT_EQ(put->paths, QStringList{QStringLiteral("/Music")});
+    EXPECT_EQ(request("put P /tmp/x /Music").value().paths, QStringList{u"/Music"_s});
 
-    const auto remove = request("rm P /a /b");
-    ASSERT_TRUE(remove);
-    EXPECT_EQ(remove->paths, (QStringList{QStringLiteral("/a"), QStringLiteral("/b")}));
-
-    const auto list = request("ls P");
-    ASSERT_TRUE(list);
-    EXPECT_EQ(list->paths, QStringList{QStringLiteral("/")});
+    EXPECT_EQ(request("rm P /a /b").value().paths, (QStringList{u"/a"_s, u"/b"_s}));
+    EXPECT_EQ(request("ls P").value().paths, QStringList{u"/"_s});
 }
 
 TEST(CommandLine, generalOptionsStandBeforeOrBehindTheCommand) {
@@ -67,8 +60,8 @@ TEST(CommandLine, syncTakesItsModeAndOneAnswer) {
     EXPECT_EQ(move->mode, SyncMode::toMac);
     EXPECT_TRUE(move->moves && move->isDryRun && !move->deletes);
     EXPECT_EQ(move->answer, CliRequest::Answer::yesAll);
-    EXPECT_EQ(move->localPath, QStringLiteral("/tmp/x"));
-    EXPECT_EQ(move->paths, QStringList{QStringLiteral("/Music")});
+    EXPECT_EQ(move->localPath, u"/tmp/x"_s);
+    EXPECT_EQ(move->paths, QStringList{u"/Music"_s});
     const auto both = request("sync P /tmp/x /Music --mode both");
     ASSERT_TRUE(both);
     EXPECT_EQ(both->answer, CliRequest::Answer::ask);
