@@ -12,22 +12,15 @@ namespace {
 using namespace Qt::StringLiterals;
 using testing::HasSubstr;
 
-AdbdConfig phoneOfSerial(bool asksForKeys) {
-    AdbdConfig config;
-    config.serialNumber = u"SERIAL"_s;
-    config.asksForKeys = asksForKeys;
-    return config;
-}
-
 /// The manager over the real adb, which reaches a phone whose serial number is "SERIAL".
 class DeviceManagerAdbTest : public DeviceManagerFixture, protected AdbPhone {
 protected:
-    explicit DeviceManagerAdbTest(bool asksForKeys = false) : AdbPhone(phoneOfSerial(asksForKeys)) {
+    explicit DeviceManagerAdbTest(bool asksForKeys = false)
+        : AdbPhone({.folder = {}, .serialNumber = u"SERIAL"_s, .asksForKeys = asksForKeys}) {
         restart(files_);
     }
     ~DeviceManagerAdbTest() override {
-        manager_.reset();
-        EXPECT_TRUE(Background::shutDown(60s));
+        end();
     }
 
     /// As a new start of the program does, with the settings of the last.
@@ -65,16 +58,12 @@ TEST_F(DeviceManagerAdbTest, phoneThatBusAndAdbKnowIsOneRowWhoseModeIsTheUsersCh
     EXPECT_EQ(udids(), QStringList{u"SERIAL"_s});
 
     manager_->chooseProtocolMode(u"SERIAL"_s, ProtocolMode::mtp);
-    for (int poll = 0; poll < 3; ++poll) {
+    for (int poll = 0; poll < 6; ++poll) {
         refresh(true);
-        EXPECT_EQ(mode("SERIAL"), ProtocolMode::mtp);
-    }
-    EXPECT_TRUE(hasStorage("SERIAL"));
-
-    restart(files_);
-    for (int poll = 0; poll < 3; ++poll) {
-        refresh(true);
-        EXPECT_EQ(mode("SERIAL"), ProtocolMode::mtp) << "remembered";
+        EXPECT_EQ(mode("SERIAL"), ProtocolMode::mtp) << poll;
+        EXPECT_TRUE(hasStorage("SERIAL"));
+        if (poll == 3)
+            restart(files_); // it is remembered
     }
     EXPECT_EQ(udids(), QStringList{u"SERIAL"_s});
     manager_->chooseProtocolMode(u"SERIAL"_s, ProtocolMode::adbTurbo);

@@ -12,6 +12,10 @@ namespace tessary {
 class DeviceManagerFixture : public MainLoop {
 protected:
     ~DeviceManagerFixture() override {
+        end();
+    }
+    /// What the manager has started is over, before what it uses goes.
+    void end() {
         manager_.reset();
         EXPECT_TRUE(Background::shutDown(60s));
     }
@@ -45,13 +49,6 @@ protected:
     }
     [[nodiscard]] std::optional<DeviceTrouble> trouble(const char* udid) const {
         return manager_->trouble(QString::fromUtf8(udid) + QStringLiteral("-0"));
-    }
-
-    static VirtualAndroidConfig phoneConfig(const char* serial, const char* location) {
-        VirtualAndroidConfig config;
-        config.serialNumber = QString::fromUtf8(serial);
-        config.location = QString::fromUtf8(location);
-        return config;
     }
 
     VirtualUsbBus bus_;

@@ -1,46 +1,12 @@
 #include "devices/DeviceManagerFixture.h"
+#include "support/Gate.h"
 
 #include <atomic>
-#include <condition_variable>
-#include <mutex>
 
 namespace tessary {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-/// Holds up those who pass while it is closed.
-class Gate {
-public:
-    ~Gate() {
-        open();
-    }
-    void close() {
-        const std::scoped_lock lock(mutex_);
-        isClosed_ = true;
-    }
-    void open() {
-        const std::scoped_lock lock(mutex_);
-        isClosed_ = false;
-        changed_.notify_all();
-    }
-    void pass() {
-        std::unique_lock lock(mutex_);
-        ++waiting_;
-        changed_.wait(lock, [this] { return !isClosed_; });
-        --waiting_;
-    }
-    [[nodiscard]] int waiting() const {
-        const std::scoped_lock lock(mutex_);
-        return waiting_;
-    }
-
-private:
-    mutable std::mutex mutex_;
-    std::condition_variable changed_;
-    bool isClosed_ = false; ///< guarded by mutex_
-    int waiting_ = 0;       ///< guarded by mutex_
-};
 
 /// A bus whose scans, watches and events are in the test's hands.
 class ScriptedBus final : public UsbBus {
@@ -75,18 +41,18 @@ public:
         tell({entry}, {UsbEvent::Kind::attached, entry});
     }
     void detach(std::uint64_t id) {
-        UsbDeviceEntry entry;
-        entry.id = id;
-        entry.location = u"1-1"_s;
-        tell({}, {UsbEvent::Kind::detached, entry});
+        UsbDeviceEntry gone;
+        gone.id = id;
+        gone.location = u"1-1"_s;
+        tell({}, {UsbEvent::Kind::detached, gone});
     }
     [[nodiscard]] bool isWatched() {
         const std::scoped_lock lock(mutex_);
         return static_cast<bool>(callback_);
     }
 
-    Gate scans_;
-    Gate watchEnds_;
+    Gate scans_{true};
+    Gate watchEnds_{true};
 
 private:
     struct Watch final : UsbWatch {
@@ -126,10 +92,15 @@ public:
         return {DeviceAnswer::Outcome::answered, {number, {StorageVolume{}}}, {}};
     }
     [[nodiscard]] bool isConflictingAppRunning() override {
-        return false;
+        ++conflictQuestions_;
+        conflictGate_.pass();
+        return isConflicting_;
     }
 
-    Gate gate_;
+    Gate gate_{true};
+    Gate conflictGate_{true};
+    std::atomic<bool> isConflicting_ = false;
+    std::atomic<int> conflictQuestions_ = 0;
     std::atomic<int> questions_ = 0;
     std::atomic<int> atOnce_ = 0;
     std::atomic<int> mostAtOnce_ = 0;
@@ -144,7 +115,8 @@ protected:
     }
     ~DeviceManagerOrderTest() override {
         manager_.reset();
-        for (Gate* gate : {&scripted_.scans_, &scripted_.watchEnds_, &inquiry_->gate_})
+        for (Gate* gate :
+             {&scripted_.scans_, &scripted_.watchEnds_, &inquiry_->gate_, &inquiry_->conflictGate_})
             gate->open();
         EXPECT_TRUE(Background::shutDown(60s));
     }
@@ -230,6 +202,23 @@ TEST_F(DeviceManagerOrderTest, questionThatThrowsIsAskedAgain) {
     ASSERT_TRUE(eventually([&] { return inquiry_->questions_ > 0; }));
     inquiry_->throws_ = false;
     EXPECT_TRUE(eventually([&] { return battery().has_value(); }));
+}
+
+TEST_F(DeviceManagerOrderTest, conflictIsPublishedWhenTheLaggingAnswerComes) {
+    inquiry_->conflictGate_.close();
+    inquiry_->isConflicting_ = true;
+    scripted_.attach(1);
+    for (int n = 0; n < 3; ++n)
+        refresh(true);
+    EXPECT_TRUE(battery()) << "nothing waits for that answer";
+    EXPECT_FALSE(manager_->hasUSBConflict());
+    EXPECT_EQ(inquiry_->conflictQuestions_, 1) << "one question at a time";
+    inquiry_->conflictGate_.open();
+    EXPECT_TRUE(eventually([&] { return manager_->hasUSBConflict(); }));
+    inquiry_->isConflicting_ = false;
+    refresh(false);
+    EXPECT_TRUE(eventually([&] { return !manager_->hasUSBConflict(); }));
+    EXPECT_EQ(conflictChanges_, 2);
 }
 
 TEST_F(DeviceManagerOrderTest, endingAWatchDoesNotHoldUpTheMainThread) {

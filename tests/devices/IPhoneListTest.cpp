@@ -18,8 +18,7 @@ protected:
         use(std::make_unique<DeviceManager>(DeviceSources(bus_, &multiplexer_), files_));
     }
     ~IPhoneListTest() override {
-        manager_.reset();
-        EXPECT_TRUE(Background::shutDown(60s));
+        end();
         QCoreApplication::processEvents();
     }
     [[nodiscard]] const DeviceInfo* only() const {
@@ -27,12 +26,6 @@ protected:
     }
     [[nodiscard]] bool hasDetails() const {
         return only() != nullptr && only()->deviceName && only()->totalStorageBytes;
-    }
-    static VirtualIPhoneConfig asking() {
-        VirtualIPhoneConfig config;
-        config.isPaired = false;
-        config.trust = VirtualTrust::asking;
-        return config;
     }
 
     SystemMultiplexer multiplexer_;
@@ -94,7 +87,10 @@ TEST_F(IPhoneListTest, withoutAMultiplexerThereIsQuietUntilOneAppears) {
 }
 
 TEST_F(IPhoneListTest, aPhoneThatWantsTrustSaysSoAndIsNotPestered) {
-    PluggedIPhone iphone(asking());
+    VirtualIPhoneConfig config;
+    config.isPaired = false;
+    config.trust = VirtualTrust::asking;
+    PluggedIPhone iphone(config);
     manager_->refreshDeviceList(true);
     const auto trouble = [&] {
         return only() == nullptr ? std::nullopt : manager_->trouble(only()->id());
