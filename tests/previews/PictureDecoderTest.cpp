@@ -1,9 +1,9 @@
 #include "app/previews/PictureDecoder.h"
 #include "core/CancellationError.h"
+#include "support/Application.h"
 #include "support/TemporaryFolder.h"
 
 #include <QBuffer>
-#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QPainter>
 #include <gmock/gmock.h>
@@ -80,7 +80,7 @@ QByteArray replaced(QByteArray bytes, const QByteArray& before, const QByteArray
     return bytes.replace(before, after);
 }
 
-class PictureDecoderTest : public testing::Test {
+class PictureDecoderTest : public Application, public testing::Test {
 protected:
     Picture decode(const QByteArray& bytes, int maxSide = 100, int page = 0) {
         return decoder_.decode({folder_.write(u"file"_s, bytes), maxSide, page}, {});
@@ -129,10 +129,8 @@ TEST_F(PictureDecoderTest, documentsAreShownPageByPage) {
 
 TEST_F(PictureDecoderTest, hostileFilesAreRefusedSoon) {
     const QByteArray jpeg = saved("JPG");
-    const struct {
-        const char* name;
-        QByteArray bytes;
-    } rows[] = {
+    const std::pair<const char*, QByteArray> rows[] = {
+        // name, bytes
         {"nothing", ""},
         {"text", "This is no picture."},
         {"PNG that unpacks to 1.6 GB", monochromePng(20'000, 20'000, 20'000)},
@@ -156,8 +154,8 @@ TEST_F(PictureDecoderTest, hostileFilesAreRefusedSoon) {
     };
     QElapsedTimer clock;
     clock.start();
-    for (const auto& row : rows)
-        EXPECT_THROW((void)decode(row.bytes), PictureError) << row.name;
+    for (const auto& [name, bytes] : rows)
+        EXPECT_THROW((void)decode(bytes), PictureError) << name;
     EXPECT_LT(clock.elapsed(), 30'000);
     EXPECT_THROW((void)decoder_.decode({folder_.path(), 100, 0}, {}), PictureError) << "a folder";
 }
@@ -227,10 +225,4 @@ TEST_F(PictureDecoderTest, onlyWholePicturesAreTakenFromTheOtherProcess) {
     QByteArray wide = bytes;
     wide.replace(4, 4, "\xFF\xFF\xFF\xFF");
     EXPECT_FALSE(decodePicture(wide));
-}
-
-int main(int argc, char** argv) {
-    QCoreApplication application(argc, argv);
-    ::testing::InitGoogleMock(&argc, argv);
-    return RUN_ALL_TESTS();
 }
