@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
 using namespace tessary;
 
 namespace {
@@ -15,7 +16,7 @@ class Heard final : public Notifier {
 public:
     void notify(const QString& title, const QString& text,
                 std::function<void()> whenClicked) override {
-        messages.append(title + QStringLiteral(": ") + text);
+        messages.append(title + u": "_s + text);
         click = std::move(whenClicked);
     }
     QStringList messages;
@@ -56,11 +57,10 @@ TEST_F(TransferNoticeTest, onlyTheEndOfALongQueueBehindOtherWindowsIsTold) {
         phone->setScript([&](const QString& operation, const std::stop_token& stop) {
             gate.pass(stop);
             if (operation.contains(QLatin1Char('!')))
-                throw TessaryError::fileIOError(QStringLiteral("no"));
+                throw TessaryError::fileIOError(u"no"_s);
         });
         for (const QString& item : QString::fromLatin1(row.items).split(QLatin1Char(' ')))
-            transfers.enqueueUpload({QStringLiteral("/nowhere"), item}, QStringLiteral("/root"),
-                                    phone);
+            transfers.enqueueUpload({u"/nowhere"_s, item}, u"/root"_s, phone);
         for (const TransferJob& job : std::vector(transfers.jobs()))
             if (job.name.startsWith(QLatin1Char('x')))
                 transfers.cancelJob(job.id);

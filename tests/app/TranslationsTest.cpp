@@ -189,14 +189,10 @@ TEST(Translations, messagesWithNamesAreTakenApartAndPutTogetherAgain) {
          "Fehler: Das Telefon hat /sdcard/x nicht gelöscht. Das Telefon erlaubt das nicht."},
         {"File I/O error: \"%2 %1\nx\" is already on the phone.",
          "Dateifehler: „%2 %1\nx“ ist schon auf dem Telefon."},
-        {"The phone is busy. (MTP error 0x2019)",
-         "Das Telefon ist beschäftigt. (MTP error 0x2019)"},
         {"", ""},
         {"in Old: its name is not valid text", "in „Old“: der Name ist kein gültiger Text"},
         {"2 uploaded, 1 kept twice, 1 skipped",
          "2 hochgeladen, 1 doppelt behalten, 1 übersprungen"},
-        {"Up to date, 3 skipped", "Auf dem neuesten Stand, 3 übersprungen"},
-        {"Removing %2 from Mac", "%2 wird von Mac entfernt"},
         {"2 of a kind, 1 deleted", "2 of a kind, 1 deleted"},
         {"4 of 9 files were not copied: a (1).txt (not a regular file), b (odd) and 2 more",
          "4 von 9 Dateien wurden nicht kopiert: a (1).txt (keine gewöhnliche Datei), b (odd) und "
@@ -216,14 +212,14 @@ TEST(Translations, messagesOfTheLowerLayersAreKnown) {
     int found = 0;
     for (const char* folder : {"core", "ios", "mtp", "files", "sync"}) {
         QDirIterator sources(QStringLiteral(TESSARY_SOURCES "/%1").arg(QLatin1StringView(folder)),
-                             {QStringLiteral("*.cpp")}, QDir::Files);
+                             {u"*.cpp"_s}, QDir::Files);
         while (sources.hasNext()) {
             const QString name = sources.next().mid(static_cast<int>(sizeof(TESSARY_SOURCES)));
             for (const QString& opening : openings)
                 for (QString text : keysAfter(opening, sourceOf(name))) {
-                    text.replace(QRegularExpression(QStringLiteral("%\\d")), QStringLiteral("x"));
+                    text.replace(QRegularExpression(u"%\\d"_s), u"x"_s);
                     if (text.endsWith(u' '))
-                        text += QStringLiteral("x: x");
+                        text += u"x: x"_s;
                     EXPECT_NE(trMessage(text), text) << name.toStdString();
                     ++found;
                 }

@@ -20,46 +20,40 @@ const QByteArray whole = R"({
 })";
 
 TEST(UpdateManifest, wholeManifestIsRead) {
-    const UpdateInfo expected{u"1.10.2"_s,
-                              u"42"_s,
-                              u"Faster \"copies\"."_s,
-                              u"https://tessary.example/get"_s,
-                              u"https://tessary.example"_s,
-                              u"2026-05-01"_s,
-                              true};
+    const QString page = u"https://tessary.example"_s;
+    const UpdateInfo expected{
+        u"1.10.2"_s,     u"42"_s, u"Faster \"copies\"."_s, page + u"/get"_s, page,
+        u"2026-05-01"_s, true};
     EXPECT_EQ(parseUpdateManifest(whole), expected);
     EXPECT_EQ(parseUpdateManifest("\xef\xbb\xbf" + whole), expected);
 }
 
 TEST(UpdateManifest, handEditedManifestsStillTellTheVersion) {
     const QString defaultNotes = u"A new version of Tessary is available."_s;
-    struct Row {
-        const char* name;
-        QByteArray body;
-        QString notes;
-        const char* download;
-    };
-    const Row rows[] = {
-        {"fields of other types", R"({"version": "2.0", "build": 7, "mandatory": "yes"})", {}, ""},
+    const std::tuple<const char*, QByteArray, QString, QString> rows[] = {
+        // name, body, notes, download
+        {"fields of other types", R"({"version": "2.0", "build": 7, "mandatory": "yes"})", {}, {}},
         {"notes without their quote and comma",
          "{\"version\": \"2.0\", \"release_notes\": \"New\n  \"download_url\": "
          "\"https://a.example\"}",
-         u"New"_s, "https://a.example"},
+         u"New"_s, u"https://a.example"_s},
         {"a comma too many",
          R"({"version" : "2.0", "download_url":"https://a.example", "release_notes": "N",})",
-         u"N"_s, "https://a.example"},
-        {"broken, with a version only", R"({"version": "2.0",,,)", defaultNotes, ""},
-        {"no JSON at all", R"(<p>"version": "2.0"</p>)", defaultNotes, ""},
-        {"blank lines without end", "{\"version\": \"2.0\",," + QByteArray(200'000, '\n'),
-         defaultNotes, ""},
+         u"N"_s, u"https://a.example"_s},
+        {"broken, with a version only", R"({"version": "2.0",,,)", defaultNotes, {}},
+        {"no JSON at all", R"(<p>"version": "2.0"</p>)", defaultNotes, {}},
+        {"blank lines without end",
+         "{\"version\": \"2.0\",," + QByteArray(200'000, '\n'),
+         defaultNotes,
+         {}},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.name);
-        const auto info = parseUpdateManifest(row.body);
+    for (const auto& [name, body, notes, download] : rows) {
+        SCOPED_TRACE(name);
+        const auto info = parseUpdateManifest(body);
         ASSERT_TRUE(info.has_value());
         EXPECT_EQ(info->version, u"2.0"_s);
-        EXPECT_EQ(info->releaseNotes, row.notes);
-        EXPECT_EQ(info->downloadUrl, QString::fromLatin1(row.download));
+        EXPECT_EQ(info->releaseNotes, notes);
+        EXPECT_EQ(info->downloadUrl, download);
         EXPECT_FALSE(info->mandatory);
     }
 }

@@ -118,9 +118,10 @@ TEST_F(ApplicationWindowsTest, anUpdateIsOfferedAsPlainTextAndLeadsToSafePagesOn
 TEST_F(ApplicationWindowsTest, theProgramEndsWithItsLastMainWindow) {
     ApplicationWindows windows(window_);
     QDialog question(&window_);
+    QWidget panel(nullptr, Qt::Tool);
     QWidget second;
-    second.show();
-    question.show();
+    for (QWidget* each : std::initializer_list<QWidget*>{&question, &panel, &second})
+        each->show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&second, patience));
     bool hasEnded = false;
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, &windows, [&] { hasEnded = true; });
@@ -132,6 +133,18 @@ TEST_F(ApplicationWindowsTest, theProgramEndsWithItsLastMainWindow) {
     QTimer::singleShot(patience, qApp, [] { QApplication::exit(1); });
     EXPECT_EQ(QApplication::exec(), 0);
     EXPECT_TRUE(hasEnded);
+}
+
+TEST_F(ApplicationWindowsTest, aWindowThatIsTooTallStartsInTheMiddleAtASensibleHeight) {
+    ApplicationWindows windows(window_);
+    const QRect fine(40, 20, 1000, AppDelegate::tallestWindow);
+    for (const int more : {0, 1}) {
+        window_.setGeometry(fine.adjusted(0, 0, 0, more));
+        windows.delegate().applicationDidFinishLaunching();
+        QTest::qWait(50);
+        EXPECT_EQ(window_.height(), more == 0 ? fine.height() : AppDelegate::sensibleHeight);
+    }
+    EXPECT_EQ(window_.geometry().center(), windows.screen().center());
 }
 
 TEST_F(ApplicationWindowsTest, aMinimizedWindowComesBack) {
