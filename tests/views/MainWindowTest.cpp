@@ -1,9 +1,7 @@
 #include "WindowFixture.h"
 #include "core/StallWatch.h"
 
-#include <QDragEnterEvent>
 #include <QLineEdit>
-#include <QMimeData>
 
 namespace tessary {
 namespace {
@@ -95,7 +93,7 @@ TEST_F(MainWindowTest, newFolderIsMadeAndNamedInPlace) {
     EXPECT_TRUE(phone_.names().contains(u"Letters"_s));
 }
 
-TEST_F(MainWindowTest, filesAreCopiedBothWaysByShortcutAndDrop) {
+TEST_F(MainWindowTest, filesAreCopiedBothWaysByShortcut) {
     openFolder();
     click(u"alpha.txt"_s);
     click(u"Trip"_s, Qt::ControlModifier);
@@ -108,18 +106,6 @@ TEST_F(MainWindowTest, filesAreCopiedBothWaysByShortcutAndDrop) {
     press(Qt::Key_U, Qt::ControlModifier);
     EXPECT_TRUE(wait([this] { return isShown(u"up.txt"_s); }));
     EXPECT_EQ(phone_.content(u"DCIM/up.txt"_s), "upwards");
-
-    QMimeData dropped;
-    dropped.setUrls({QUrl::fromLocalFile(local_.write(u"drop.txt"_s, "dropped"))});
-    BrowserView& view = window_->browserView();
-    const QPoint onTrip =
-        table().viewport()->mapTo(&view, table().visualRect(row(u"Trip"_s)).center());
-    QDragEnterEvent enter(onTrip, Qt::CopyAction, &dropped, Qt::LeftButton, {});
-    QApplication::sendEvent(&view, &enter);
-    EXPECT_TRUE(enter.isAccepted());
-    QDropEvent drop(onTrip, Qt::CopyAction, &dropped, Qt::LeftButton, {});
-    QApplication::sendEvent(&view, &drop);
-    EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/Trip/drop.txt"_s) == "dropped"; }));
 }
 
 TEST_F(MainWindowTest, unpluggedPhoneComesBackWhereItWas) {

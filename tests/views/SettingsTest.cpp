@@ -87,12 +87,6 @@ protected:
         }
         ASSERT_EQ(QApplication::focusWidget(), target) << name << " after" << passed;
     }
-    void chooseGerman() {
-        openSettings();
-        tabTo("language");
-        QTest::keyClicks(QApplication::focusWidget(), u"Deu"_s);
-        EXPECT_EQ(app_->languageManager().selectedLanguage(), AppLanguage::de);
-    }
     [[nodiscard]] QTabWidget& tabs() const {
         return *settings()->findChild<QTabWidget*>();
     }
@@ -106,7 +100,10 @@ TEST_F(SettingsTest, choosingALanguageChangesTheOpenWindowsAtOnce) {
     ASSERT_TRUE(wait([this] { return window_->transfers().summary().isIdle(); }));
     const QAbstractItemModel& files = *table().model();
     EXPECT_EQ(files.headerData(1, Qt::Horizontal).toString(), u"Size"_s);
-    chooseGerman();
+    openSettings();
+    tabTo("language");
+    QTest::keyClicks(QApplication::focusWidget(), u"Deu"_s);
+    EXPECT_EQ(app_->languageManager().selectedLanguage(), AppLanguage::de);
     EXPECT_EQ(settings()->windowTitle(), u"Einstellungen"_s);
     EXPECT_EQ(files.headerData(1, Qt::Horizontal).toString(), u"Größe"_s);
     EXPECT_EQ(window_->menuBar()->actions().constFirst()->text(), u"Datei"_s);
@@ -119,26 +116,10 @@ TEST_F(SettingsTest, choosingALanguageChangesTheOpenWindowsAtOnce) {
     }
     press(Qt::Key_Escape);
     EXPECT_TRUE(wait([this] { return !settings()->isVisible(); }));
-}
 
-TEST_F(SettingsTest, failuresAndTheWelcomeAreToldInTheLanguage) {
-    chooseGerman();
-    press(Qt::Key_Escape);
     phone_.android.setLocked(true);
     EXPECT_TRUE(
         wait([this] { return textsOf(*window_).contains(u"Dieses Telefon ist gesperrt"_s); }));
-    EXPECT_THAT(leftInEnglish(textsOf(*window_), AppLanguage::de), testing::IsEmpty());
-    VirtualOpenFaults held;
-    held.interfaceOpen = held.interfaceSeize = usb::exclusiveAccess;
-    bus_.setOpenFaults(phone_.info.usbLocation, held);
-    bus_.setProgramsHolding(phone_.info.usbLocation, {u"gvfsd-mtp (process 7)"_s});
-    EXPECT_TRUE(wait([this] {
-        return textsOf(*window_).contains(u"gvfsd-mtp (process 7) benutzt das Telefon."_s);
-    }));
-    EXPECT_THAT(leftInEnglish(textsOf(*window_), AppLanguage::de), testing::IsEmpty());
-    phone_.android.unplug();
-    ASSERT_TRUE(
-        wait([this] { return window_->findChild<QWidget*>(u"welcomeView"_s)->isVisible(); }));
     EXPECT_THAT(leftInEnglish(textsOf(*window_), AppLanguage::de), testing::IsEmpty());
 }
 

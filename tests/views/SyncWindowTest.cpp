@@ -58,6 +58,17 @@ protected:
     void runAgain() {
         window_->sync().run(app_->syncManager().syncPairs().front().id);
     }
+    void syncOnce() {
+        ASSERT_NO_FATAL_FAILURE(makePair());
+        clickButton("syncPreview", u"Sync Now"_s);
+        ASSERT_TRUE(wait([this] { return hasSynced(); }));
+    }
+    /// Deletes a file here, and syncs until that is asked about.
+    void deleteAndRun() {
+        QFile::remove(local_.path(u"alpha.txt"_s));
+        runAgain();
+        ASSERT_TRUE(wait([this] { return dialog("syncQuestion") != nullptr; }));
+    }
 };
 
 TEST_F(SyncWindowTest, pairIsMadePreviewedAndRun) {
@@ -78,30 +89,21 @@ TEST_F(SyncWindowTest, pairIsMadePreviewedAndRun) {
 }
 
 TEST_F(SyncWindowTest, deletionIsAskedAboutAndOnlyThenDone) {
-    ASSERT_NO_FATAL_FAILURE(makePair());
-    clickButton("syncPreview", u"Sync Now"_s);
-    ASSERT_TRUE(wait([this] { return hasSynced(); }));
-    QFile::remove(local_.path(u"alpha.txt"_s));
-    runAgain();
-    ASSERT_NO_FATAL_FAILURE(clickButton("syncQuestion", u"Keep"_s));
+    ASSERT_NO_FATAL_FAILURE(syncOnce());
+    ASSERT_NO_FATAL_FAILURE(deleteAndRun());
+    clickButton("syncQuestion", u"Keep"_s);
     EXPECT_TRUE(wait([this] { return hasSynced(); }));
     EXPECT_EQ(local_.read(u"alpha.txt"_s), "a") << "what is kept comes back";
 
-    QFile::remove(local_.path(u"alpha.txt"_s));
-    runAgain();
-    ASSERT_TRUE(wait([this] { return dialog("syncQuestion") != nullptr; }));
+    ASSERT_NO_FATAL_FAILURE(deleteAndRun());
     EXPECT_EQ(phone_.content(u"DCIM/alpha.txt"_s), "a");
     clickButton("syncQuestion", u"Delete"_s);
     EXPECT_TRUE(wait([this] { return hasSynced() && !row(u"alpha.txt"_s).isValid(); }));
 }
 
 TEST_F(SyncWindowTest, unpluggedPhoneEndsTheRunAndItsQuestion) {
-    ASSERT_NO_FATAL_FAILURE(makePair());
-    clickButton("syncPreview", u"Sync Now"_s);
-    ASSERT_TRUE(wait([this] { return hasSynced(); }));
-    QFile::remove(local_.path(u"alpha.txt"_s));
-    runAgain();
-    ASSERT_TRUE(wait([this] { return dialog("syncQuestion") != nullptr; }));
+    ASSERT_NO_FATAL_FAILURE(syncOnce());
+    ASSERT_NO_FATAL_FAILURE(deleteAndRun());
     phone_.android.unplug();
     clickButton("syncQuestion", u"Delete"_s);
     EXPECT_TRUE(wait([this] {

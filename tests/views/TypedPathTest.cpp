@@ -10,6 +10,8 @@
 namespace tessary {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 class TypedPathTest : public WindowFixture {
 protected:
     void SetUp() override {
@@ -17,7 +19,7 @@ protected:
             GTEST_SKIP() << "the completer's popup keeps the focus where there is no window system";
     }
     [[nodiscard]] QLineEdit* edit() const {
-        auto* found = window_->findChild<QLineEdit*>(QStringLiteral("pathEdit"));
+        auto* found = window_->findChild<QLineEdit*>(u"pathEdit"_s);
         return found != nullptr && found->isVisible() ? found : nullptr;
     }
     void startTyping(const QString& path) {
@@ -32,64 +34,61 @@ protected:
 };
 
 TEST_F(TypedPathTest, enterGoesToFoldersAndToFilesInThem) {
-    const struct {
-        const char* typed;
-        const char* folder;
-        QStringList selected;
-    } rows[] = {
+    const std::tuple<const char*, const char*, QStringList> rows[] = {
+        // typed, target, selected
         {"/sdcard/DCIM/Trip/", "/sdcard/DCIM/Trip", {}},
-        {"../beta.txt", "/sdcard/DCIM", {QStringLiteral("beta.txt")}},
+        {"../beta.txt", "/sdcard/DCIM", {u"beta.txt"_s}},
         {"Trip", "/sdcard/DCIM/Trip", {}},
         {"/", "/sdcard", {}},
     };
-    for (const auto& row : rows) {
-        startTyping(QString::fromLatin1(row.typed));
+    for (const auto& [typed, target, selected] : rows) {
+        startTyping(QString::fromLatin1(typed));
         QTest::keyClick(edit(), Qt::Key_Return);
         EXPECT_TRUE(wait([&] { return edit() == nullptr && !window_->browser().isLoading(); }));
-        EXPECT_EQ(folder(), QString::fromLatin1(row.folder)) << row.typed;
-        EXPECT_EQ(selectedNames(), row.selected) << row.typed;
+        EXPECT_EQ(folder(), QString::fromLatin1(target)) << typed;
+        EXPECT_EQ(selectedNames(), selected) << typed;
         EXPECT_TRUE(wait([&] { return table().hasFocus(); }));
     }
 }
 
 TEST_F(TypedPathTest, aWrongPathIsNamedAndCanBeMended) {
-    startTyping(QStringLiteral("/sdcard/DCIN"));
+    startTyping(u"/sdcard/DCIN"_s);
     QTest::keyClick(edit(), Qt::Key_Return);
-    const auto* banner = window_->findChild<StatusBanner*>(QStringLiteral("statusBanner"));
+    const auto* banner = window_->findChild<StatusBanner*>(u"statusBanner"_s);
     EXPECT_TRUE(wait([&] { return banner->isVisible(); }));
-    EXPECT_TRUE(banner->accessibleName().contains(QStringLiteral("DCIN")));
-    EXPECT_EQ(folder(), QStringLiteral("/sdcard"));
+    EXPECT_TRUE(banner->accessibleName().contains(u"DCIN"_s));
+    EXPECT_EQ(folder(), u"/sdcard"_s);
     ASSERT_NE(edit(), nullptr);
     EXPECT_TRUE(edit()->hasFocus());
     QTest::keyClick(edit(), Qt::Key_Backspace);
     EXPECT_FALSE(banner->isVisible());
-    QTest::keyClicks(edit(), QStringLiteral("M"));
+    QTest::keyClicks(edit(), u"M"_s);
     QTest::keyClick(edit(), Qt::Key_Return);
-    EXPECT_TRUE(wait([&] { return folder() == QStringLiteral("/sdcard/DCIM"); }));
+    EXPECT_TRUE(wait([&] { return folder() == u"/sdcard/DCIM"_s; }));
 }
 
 TEST_F(TypedPathTest, foldersSeenBeforeCompleteThePath) {
     openFolder();
-    startTyping(QStringLiteral("/sdcard/d"));
+    startTyping(u"/sdcard/d"_s);
     EXPECT_TRUE(edit()->completer()->popup()->isVisible());
     QTest::keyClick(edit()->completer()->popup(), Qt::Key_Tab);
-    EXPECT_EQ(edit()->text(), QStringLiteral("/sdcard/DCIM/"));
+    EXPECT_EQ(edit()->text(), u"/sdcard/DCIM/"_s);
     EXPECT_TRUE(edit()->completer()->popup()->isVisible());
     QTest::keyClick(edit()->completer()->popup(), Qt::Key_Down);
-    EXPECT_EQ(edit()->text(), QStringLiteral("/sdcard/DCIM/Trip"));
+    EXPECT_EQ(edit()->text(), u"/sdcard/DCIM/Trip"_s);
     QTest::keyClick(edit()->completer()->popup(), Qt::Key_Return);
-    EXPECT_TRUE(wait([&] { return folder() == QStringLiteral("/sdcard/DCIM/Trip"); }));
+    EXPECT_TRUE(wait([&] { return folder() == u"/sdcard/DCIM/Trip"_s; }));
 }
 
 TEST_F(TypedPathTest, aClickBesideThePartsStartsAndEscapeEnds) {
-    auto* crumbs = window_->findChild<QWidget*>(QStringLiteral("breadcrumbs"));
+    auto* crumbs = window_->findChild<QWidget*>(u"breadcrumbs"_s);
     QTest::mouseClick(crumbs, Qt::LeftButton, {}, {crumbs->width() - 5, crumbs->height() / 2});
     ASSERT_NE(edit(), nullptr);
-    QTest::keyClicks(edit(), QStringLiteral("nowhere"));
+    QTest::keyClicks(edit(), u"nowhere"_s);
     QTest::keyClick(edit(), Qt::Key_Escape);
     EXPECT_EQ(edit(), nullptr);
     EXPECT_TRUE(wait([&] { return table().hasFocus(); }));
-    EXPECT_EQ(folder(), QStringLiteral("/sdcard"));
+    EXPECT_EQ(folder(), u"/sdcard"_s);
     EXPECT_TRUE(wait([&] { return crumbs->findChild<QToolButton*>()->isVisible(); }));
 }
 

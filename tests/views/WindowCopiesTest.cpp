@@ -1,73 +1,70 @@
 #include "WindowFixture.h"
 
 #include <QCheckBox>
-#include <QMessageBox>
-#include <QPushButton>
 
 namespace tessary {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 class WindowCopiesTest : public WindowFixture {
 protected:
-    /// Answers the next question with the button of this text; tells what it said.
-    void answer(const QString& button, bool forAll = false) {
-        said_.clear();
-        auto* look = new QTimer(window_.get());
-        QObject::connect(look, &QTimer::timeout, look, [=, this] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            if (box == nullptr)
-                return;
-            look->stop();
-            look->deleteLater();
-            said_ = box->informativeText();
-            if (forAll)
-                box->checkBox()->click();
-            for (QAbstractButton* candidate : box->buttons())
-                if (candidate->text().remove(QLatin1Char('&')) == button) {
-                    QTest::mouseClick(candidate, Qt::LeftButton);
-                    return;
-                }
-            ADD_FAILURE() << "no button " << button.toStdString();
-            box->reject();
-        });
-        look->start(20);
-    }
     [[nodiscard]] const std::vector<TransferJob>& jobs() const {
         return window_->transfers().jobs();
     }
-
-    QString said_;
 };
 
 TEST_F(WindowCopiesTest, takenNamesOnThePhoneAreKeptBesideTheCopies) {
     openFolder();
-    local_.write(QStringLiteral("Trip/one.txt"), "other");
-    filesToCopy_ = {local_.write(QStringLiteral("alpha.txt"), "new a"),
-                    local_.write(QStringLiteral("beta.txt"), "new b"),
-                    local_.path(QStringLiteral("Trip"))};
-    answer(QStringLiteral("Keep Both"), true);
+    local_.write(u"Trip/one.txt"_s, "other");
+    filesToCopy_ = {local_.write(u"alpha.txt"_s, "new a"), local_.write(u"beta.txt"_s, "new b"),
+                    local_.path(u"Trip"_s)};
+    whileAsked(u"Keep Both"_s, [] { question()->checkBox()->click(); });
     press(Qt::Key_U, Qt::ControlModifier);
-    EXPECT_TRUE(wait([this] { return isShown(QStringLiteral("Trip (2)")); }));
-    EXPECT_TRUE(wait([this] { return isShown(QStringLiteral("beta (2).txt")); }));
-    EXPECT_EQ(phone_.content(QStringLiteral("DCIM/alpha.txt")), "a");
-    EXPECT_EQ(phone_.content(QStringLiteral("DCIM/alpha (2).txt")), "new a");
-    EXPECT_EQ(phone_.content(QStringLiteral("DCIM/beta (2).txt")), "new b");
-    EXPECT_EQ(phone_.content(QStringLiteral("DCIM/Trip (2)/one.txt")), "other");
-    EXPECT_EQ(phone_.content(QStringLiteral("DCIM/Trip/one.txt")), "one");
+    EXPECT_TRUE(wait([this] { return isShown(u"Trip (2)"_s); }));
+    EXPECT_TRUE(wait([this] { return isShown(u"beta (2).txt"_s); }));
+    EXPECT_EQ(phone_.content(u"DCIM/alpha.txt"_s), "a");
+    EXPECT_EQ(phone_.content(u"DCIM/alpha (2).txt"_s), "new a");
+    EXPECT_EQ(phone_.content(u"DCIM/beta (2).txt"_s), "new b");
+    EXPECT_EQ(phone_.content(u"DCIM/Trip (2)/one.txt"_s), "other");
+    EXPECT_EQ(phone_.content(u"DCIM/Trip/one.txt"_s), "one");
+}
+
+TEST_F(WindowCopiesTest, takenNamesAreAskedAboutBothWays) {
+    openFolder();
+    local_.write(u"alpha.txt"_s, "mine");
+    const auto copy = [this](const QString& name, const QString& answer, Qt::Key key) {
+        click(name);
+        whileAsked(answer);
+        press(key, Qt::ControlModifier);
+    };
+    copy(u"alpha.txt"_s, u"Keep Both"_s, Qt::Key_D);
+    EXPECT_TRUE(wait([&] { return local_.read(u"alpha (2).txt"_s) == "a"; }));
+    EXPECT_EQ(local_.read(u"alpha.txt"_s), "mine");
+    copy(u"alpha.txt"_s, u"Replace"_s, Qt::Key_D);
+    EXPECT_TRUE(wait([&] { return local_.read(u"alpha.txt"_s) == "a"; }));
+
+    filesToCopy_ = {local_.write(u"alpha.txt"_s, "newer")};
+    copy(u"beta.txt"_s, u"Skip"_s, Qt::Key_U);
+    EXPECT_TRUE(wait([this] { return window_->transfers().summary().isIdle(); }));
+    EXPECT_EQ(phone_.content(u"DCIM/alpha.txt"_s), "a");
+    copy(u"beta.txt"_s, u"Replace"_s, Qt::Key_U);
+    EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/alpha.txt"_s) == "newer"; }));
 }
 
 TEST_F(WindowCopiesTest, whatDoesNotFitIsNamedBeforeAnythingMoves) {
-    QFile huge(local_.path(QStringLiteral("huge.bin")));
+    QFile huge(local_.path(u"huge.bin"_s));
     ASSERT_TRUE(huge.open(QIODevice::WriteOnly) && huge.resize(qint64{4} << 40)); // sparse
     filesToCopy_ = {huge.fileName()};
     ASSERT_TRUE(wait([this] { return !window_->browser().activeDevice()->volumes.empty(); }));
-    answer(QStringLiteral("Cancel"));
+    QString said;
+    whileAsked(u"Cancel"_s, [&] { said = question()->informativeText(); });
     press(Qt::Key_U, Qt::ControlModifier);
-    ASSERT_TRUE(wait([this] { return !said_.isEmpty() && !QApplication::activeModalWidget(); }));
-    EXPECT_TRUE(said_.contains(QStringLiteral("4.40 TB"))) << said_.toStdString();
+    ASSERT_TRUE(wait([&] { return !said.isEmpty() && question() == nullptr; }));
+    EXPECT_TRUE(said.contains(u"4.40 TB"_s)) << said.toStdString();
     EXPECT_TRUE(jobs().empty());
-    click(QStringLiteral("readme.md"));
-    answer(QStringLiteral("Copy Anyway"));
+    click(u"readme.md"_s);
+    whileAsked(u"Copy Anyway"_s);
     press(Qt::Key_U, Qt::ControlModifier);
     EXPECT_TRUE(wait([this] { return jobs().size() == 1; }));
     window_->transfers().cancelAll();

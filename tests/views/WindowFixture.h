@@ -10,6 +10,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QListView>
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
@@ -21,40 +22,79 @@ namespace tessary {
 
 inline constexpr int windowPatience = 15'000; // ms
 
-/// A window on a virtual phone, used by mouse and keyboard.
-class WindowFixture : public ::testing::Test {
+/// The main window of an application, used by mouse and keyboard.
+class AppWindowFixture : public ::testing::Test {
 protected:
-    WindowFixture() {
+    AppWindowFixture() {
         Background::restart();
-        phone_.write(QStringLiteral("DCIM/alpha.txt"), "a");
-        phone_.write(QStringLiteral("DCIM/beta.txt"), "bb");
-        phone_.write(QStringLiteral("DCIM/Trip/one.txt"), "one");
-        phone_.write(QStringLiteral("readme.md"), "hello");
-        app_ = std::make_unique<TessaryApp>(bus_, files_, TessaryAppSetup{});
-        window_ = std::make_unique<MainWindow>(*app_, dialogs());
-        window_->show();
-        window_->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get(), windowPatience));
-        EXPECT_TRUE(wait([this] { return isShown(QStringLiteral("DCIM")); }));
     }
-
-    ~WindowFixture() override {
+    void open(const DeviceSources& sources) {
+        app_ = std::make_unique<TessaryApp>(sources, files_, TessaryAppSetup{});
+        openWindow();
+    }
+    void openWindow() {
+        window_ = std::make_unique<MainWindow>(
+            *app_, BrowserView::Dialogs{[this](QWidget*) { return local_.path(); },
+                                        [this](QWidget*) {
+                                            if (whileChoosing_)
+                                                whileChoosing_();
+                                            return filesToCopy_;
+                                        },
+                                        [](QWidget*) { return QString(); }});
+        window_->show();
+        activate();
+    }
+    /// Before the phones go.
+    void close() {
         window_.reset();
         app_.reset();
     }
-
-    BrowserView::Dialogs dialogs() {
-        return {[this](QWidget*) { return local_.path(); },
-                [this](QWidget*) {
-                    if (whileChoosing_)
-                        whileChoosing_();
-                    return filesToCopy_;
-                },
-                [](QWidget*) { return QString(); }};
+    /// There is no window manager that would give the focus back after another window.
+    void activate() {
+        EXPECT_TRUE(wait([this] {
+            window_->activateWindow();
+            return QGuiApplication::focusWindow() == window_->windowHandle();
+        }));
     }
 
     static bool wait(const std::function<bool()>& condition) {
         return QTest::qWaitFor(condition, windowPatience);
+    }
+    [[nodiscard]] QListView& list(const char* name) const {
+        return *window_->findChild<QListView*>(QString::fromLatin1(name));
+    }
+    static void clickRow(QListView& view, int row) {
+        QCoreApplication::processEvents(); // rows above may just have come
+        const QModelIndex index = view.model()->index(row, 0);
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(index).center());
+    }
+
+    TemporaryFolder local_;
+    QStringList filesToCopy_;
+    std::function<void()> whileChoosing_; ///< happens while the user looks for files
+    VirtualUsbBus bus_;
+    QtProcessRunner processes_;
+    DeviceFileService files_{bus_, processes_};
+    std::unique_ptr<TessaryApp> app_;
+    std::unique_ptr<MainWindow> window_;
+};
+
+/// A window on a virtual phone.
+class WindowFixture : public AppWindowFixture {
+protected:
+    /// With these files on the phone beside those that every test knows.
+    explicit WindowFixture(const QMap<QString, QByteArray>& more = {}) {
+        for (auto file = more.cbegin(); file != more.cend(); ++file)
+            phone_.write(file.key(), *file);
+        phone_.write(QStringLiteral("DCIM/alpha.txt"), "a");
+        phone_.write(QStringLiteral("DCIM/beta.txt"), "bb");
+        phone_.write(QStringLiteral("DCIM/Trip/one.txt"), "one");
+        phone_.write(QStringLiteral("readme.md"), "hello");
+        open(bus_);
+        EXPECT_TRUE(wait([this] { return isShown(QStringLiteral("DCIM")); }));
+    }
+    ~WindowFixture() override {
+        close();
     }
 
     [[nodiscard]] QTreeView& table() const {
@@ -72,9 +112,7 @@ protected:
     }
 
     void click(const QString& name, Qt::KeyboardModifiers keys = {}) {
-        // There is no window manager that would give the focus back after a dialog.
-        window_->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get(), windowPatience));
+        activate();
         const QRect cell = table().visualRect(row(name));
         QTest::mouseClick(table().viewport(), Qt::LeftButton, keys, cell.center());
     }
@@ -88,17 +126,20 @@ protected:
                                                                : window_.get(),
                         key, keys);
     }
+    static QMessageBox* question() {
+        return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    }
     /// Does something while the next question is open, then clicks its button.
     void whileAsked(const QString& button, std::function<void()> meanwhile = {}) {
         QTimer::singleShot(50, window_.get(), [this, button, meanwhile = std::move(meanwhile)] {
-            auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            if (question == nullptr) {
+            QMessageBox* asked = question();
+            if (asked == nullptr) {
                 whileAsked(button, meanwhile);
                 return;
             }
             if (meanwhile)
                 meanwhile();
-            for (QAbstractButton* each : question->buttons())
+            for (QAbstractButton* each : asked->buttons())
                 if (each->text() == button)
                     each->click();
         });
@@ -114,15 +155,7 @@ protected:
         return names;
     }
 
-    TemporaryFolder local_;
-    QStringList filesToCopy_;
-    std::function<void()> whileChoosing_; ///< happens while the user looks for files
-    VirtualUsbBus bus_;
     PluggedPhone phone_{bus_};
-    QtProcessRunner processes_;
-    DeviceFileService files_{bus_, processes_};
-    std::unique_ptr<TessaryApp> app_;
-    std::unique_ptr<MainWindow> window_;
 };
 
 } // namespace tessary

@@ -15,10 +15,7 @@ protected:
     /// Closes the window and opens one on the same settings.
     void openAnew() {
         window_.reset();
-        window_ = std::make_unique<MainWindow>(*app_, dialogs());
-        window_->show();
-        window_->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get(), windowPatience));
+        openWindow();
         ASSERT_TRUE(wait([this] { return isShown(u"DCIM"_s); }));
     }
 };
@@ -69,7 +66,7 @@ TEST_F(WindowMemoryTest, switchedOffItForgets) {
     static_cast<WindowMemory*>(memory)->setOn(false);
     window_->resize(760, 600);
     openAnew();
-    EXPECT_NE(window_->width(), 900);
+    EXPECT_NE(window_->width(), 760);
     EXPECT_EQ(window_->browser().viewMode(), ViewMode::list);
     EXPECT_TRUE(app_->defaults().value(WindowMemory::devicesKey).isUndefined());
 }

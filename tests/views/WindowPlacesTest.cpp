@@ -13,14 +13,6 @@ using namespace Qt::StringLiterals;
 
 class WindowPlacesTest : public WindowFixture {
 protected:
-    [[nodiscard]] QListView& list(const char* name) const {
-        return *window_->findChild<QListView*>(QString::fromLatin1(name));
-    }
-    void clickRow(QListView& view, int row) {
-        QCoreApplication::processEvents(); // rows above may just have come
-        const QModelIndex index = view.model()->index(row, 0);
-        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(index).center());
-    }
     [[nodiscard]] QStringList favorites() const {
         QStringList names;
         for (const DeviceFavorite& favorite : app_->favoritesManager().favorites())
@@ -119,32 +111,6 @@ TEST_F(WindowPlacesTest, whatIsDraggedOutIsWholeOrNothing) {
     // does.
     const QList<QUrl> both = urlsOf({entry(u"beta.txt"_s), entry(u"Trip"_s)});
     EXPECT_TRUE(both.isEmpty() || QFileInfo(both.back().toLocalFile()).isDir());
-}
-
-TEST_F(WindowPlacesTest, takenNamesAreAskedAboutBothWays) {
-    openFolder();
-    local_.write(u"alpha.txt"_s, "mine");
-    click(u"alpha.txt"_s);
-    whileAsked(u"Keep Both"_s);
-    press(Qt::Key_D, Qt::ControlModifier);
-    EXPECT_TRUE(wait([&] { return local_.read(u"alpha (2).txt"_s) == "a"; }));
-    EXPECT_EQ(local_.read(u"alpha.txt"_s), "mine");
-    click(u"alpha.txt"_s);
-    whileAsked(u"Replace"_s);
-    press(Qt::Key_D, Qt::ControlModifier);
-    EXPECT_TRUE(wait([&] { return local_.read(u"alpha.txt"_s) == "a"; }));
-
-    local_.write(u"alpha.txt"_s, "newer");
-    filesToCopy_ = {local_.path(u"alpha.txt"_s)};
-    click(u"beta.txt"_s);
-    whileAsked(u"Skip"_s);
-    press(Qt::Key_U, Qt::ControlModifier);
-    EXPECT_TRUE(wait([this] { return window_->transfers().summary().isIdle(); }));
-    EXPECT_EQ(phone_.content(u"DCIM/alpha.txt"_s), "a");
-    click(u"beta.txt"_s);
-    whileAsked(u"Replace"_s);
-    press(Qt::Key_U, Qt::ControlModifier);
-    EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/alpha.txt"_s) == "newer"; }));
 }
 
 } // namespace

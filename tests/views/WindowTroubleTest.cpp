@@ -31,10 +31,7 @@ TEST_F(WindowTroubleTest, phoneMayGoUnderAnOpenQuestion) {
 
 /// Paths tell the entries of one folder apart, not those of two phones.
 TEST_F(WindowTroubleTest, answersCountOnlyForThePhoneThatWasAskedAbout) {
-    VirtualAndroidConfig config;
-    config.serialNumber = u"SECOND"_s;
-    config.location = u"1-7"_s;
-    PluggedPhone second(bus_, config);
+    PluggedPhone second(bus_, phoneConfig("SECOND", "1-7"));
     second.write(u"DCIM/kept.txt"_s, "kept");
     second.write(u"other.txt"_s, "other");
     filesToCopy_ = {local_.write(u"up.txt"_s, "up")};
