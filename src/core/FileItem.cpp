@@ -39,7 +39,8 @@ QString FileItem::formattedSize() const {
 }
 
 QDateTime FileItem::modifiedDateOrEpoch() const {
-    return modifiedDate.value_or(QDateTime::fromMSecsSinceEpoch(0, QTimeZone::utc()));
+    // Not value_or(): a date is dear to make, and a folder has many entries.
+    return modifiedDate ? *modifiedDate : QDateTime::fromMSecsSinceEpoch(0, QTimeZone::utc());
 }
 
 QString FileItem::iconName() const {

@@ -3,11 +3,50 @@
 #include "core/NameOrder.h"
 
 #include <algorithm>
+#include <future>
 #include <numeric>
+#include <thread>
 
 namespace tessary {
 
 namespace {
+
+/// Whether the letters of ASCII have the small forms in it that they have in English.
+bool hasEnglishCase(const QLocale& locale) {
+    return locale.language() != QLocale::Turkish && locale.language() != QLocale::Azerbaijani;
+}
+
+bool isAscii(const QString& text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](QChar letter) { return letter.unicode() < 0x80; });
+}
+
+/// The keys by which a language orders names, at the index of the name. What they cost is most of
+/// what a folder costs, so that long ones are shared among threads.
+std::vector<QCollatorSortKey> sortKeysOf(const std::vector<FileItem>& items,
+                                         const QLocale& locale) {
+    constexpr std::size_t worthAThread = 5'000;
+    const auto makeKeys = [&](std::size_t begin, std::size_t end) {
+        QCollator collator = nameCollator(locale); // is for one thread
+        collator.setNumericMode(true);
+        std::vector<QCollatorSortKey> keys;
+        keys.reserve(end - begin);
+        for (std::size_t i = begin; i < end; ++i)
+            keys.push_back(collator.sortKey(items[i].name));
+        return keys;
+    };
+    const std::size_t parts = std::clamp<std::size_t>(
+        items.size() / worthAThread, 1, std::max(std::thread::hardware_concurrency(), 1U));
+    std::vector<std::future<std::vector<QCollatorSortKey>>> others;
+    for (std::size_t part = 1; part < parts; ++part)
+        others.push_back(std::async(std::launch::async, makeKeys, items.size() * part / parts,
+                                    items.size() * (part + 1) / parts));
+    std::vector<QCollatorSortKey> keys = makeKeys(0, items.size() / parts);
+    keys.reserve(items.size());
+    for (auto& other : others)
+        std::ranges::move(other.get(), std::back_inserter(keys));
+    return keys;
+}
 
 template <typename T>
 int order(const T& left, const T& right) {
@@ -47,32 +86,33 @@ FileListing::FileListing(std::vector<FileItem> items, const QLocale& locale) : l
 
 /// Orders the names once, so that every later sort compares numbers.
 void FileListing::rankNames() {
-    QCollator collator = nameCollator(locale_);
-    collator.setNumericMode(true);
-    std::vector<QCollatorSortKey> sortKeys;
-    sortKeys.reserve(items_.size());
-    for (const FileItem& item : items_)
-        sortKeys.push_back(collator.sortKey(item.name));
-
+    const std::vector<QCollatorSortKey> sortKeys = sortKeysOf(items_, locale_);
     const auto compareNames = [&](int left, int right) {
         const auto l = static_cast<std::size_t>(left);
         const auto r = static_cast<std::size_t>(right);
         const int byRules = sortKeys[l].compare(sortKeys[r]);
         return byRules != 0 ? byRules : items_[l].name.compare(items_[r].name);
     };
-    std::vector<int> byName(items_.size());
-    std::iota(byName.begin(), byName.end(), 0);
-    std::stable_sort(byName.begin(), byName.end(),
+    byName_.resize(items_.size());
+    std::iota(byName_.begin(), byName_.end(), 0);
+    std::stable_sort(byName_.begin(), byName_.end(),
                      [&](int left, int right) { return compareNames(left, right) < 0; });
     int rank = 0;
-    for (std::size_t i = 0; i < byName.size(); ++i) {
-        if (i > 0 && compareNames(byName[i - 1], byName[i]) != 0)
+    for (std::size_t i = 0; i < byName_.size(); ++i) {
+        if (i > 0 && compareNames(byName_[i - 1], byName_[i]) != 0)
             ++rank;
-        keys_[static_cast<std::size_t>(byName[i])].nameRank = rank;
+        keys_[static_cast<std::size_t>(byName_[i])].nameRank = rank;
     }
 }
 
 QString FileListing::folded(const QString& text) const {
+    if (isAscii(text) && hasEnglishCase(locale_)) { // at a tenth of the cost
+        QString lower = text;
+        for (QChar& letter : lower)
+            if (letter >= QLatin1Char('A') && letter <= QLatin1Char('Z'))
+                letter = QChar(letter.unicode() + ('a' - 'A'));
+        return lower;
+    }
     // The locale knows its own letters (Turkish i), the folding final forms (Greek sigma). Names
     // may come in decomposed form, and typed text does not.
     return locale_.toLower(text.normalized(QString::NormalizationForm_C)).toCaseFolded();
@@ -98,12 +138,22 @@ std::vector<int> FileListing::rows(const QString& filter, const FileSortOrder& s
     const QString wanted = folded(filter.trimmed());
     std::vector<int> rows;
     rows.reserve(items_.size());
-    for (int i = 0; i < size(); ++i)
-        if (wanted.isEmpty() || foldedName(i).contains(wanted))
-            rows.push_back(i);
+    const bool isByName = sortOrder == FileSortOrder{{FileField::name, false}};
+    for (int n = 0; n < size(); ++n) {
+        const int index = isByName ? byName_[static_cast<std::size_t>(n)] : n;
+        if (wanted.isEmpty() || foldedName(index).contains(wanted))
+            rows.push_back(index);
+    }
+    const auto isFolder = [this](int index) {
+        return keys_[static_cast<std::size_t>(index)].category == FileCategory::folder;
+    };
+    if (isByName) {
+        std::stable_partition(rows.begin(), rows.end(), isFolder);
+        return rows;
+    }
     std::stable_sort(rows.begin(), rows.end(), [&](int left, int right) {
-        if (item(left).isDirectory != item(right).isDirectory)
-            return item(left).isDirectory;
+        if (isFolder(left) != isFolder(right))
+            return isFolder(left);
         for (const FileComparator& comparator : sortOrder)
             if (const int result = compare(left, right, comparator.field))
                 return comparator.descending ? result > 0 : result < 0;

@@ -63,6 +63,7 @@ private:
 
     std::vector<FileItem> items_;
     std::vector<Key> keys_; ///< of the entry at the same index
+    std::vector<int> byName_; ///< indexes in order of name
     QHash<QString, int> indexes_;
     QLocale locale_;
 };
