@@ -1,5 +1,5 @@
 #include "core/TessaryError.h"
-#include "support/IOSFailure.h"
+#include "support/Failure.h"
 #include "support/PluggedIPhone.h"
 #include "support/QtPrinters.h"
 
