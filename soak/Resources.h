@@ -20,7 +20,7 @@ public:
 
 private:
     struct Sample {
-        qint64 kilobytes = 0; ///< resident
+        qint64 kilobytes = 0; ///< allocated and not freed
         qint64 descriptors = 0;
         qint64 threads = 0;
     };

@@ -66,7 +66,7 @@ private:
     std::vector<SoakPhone*> phones_; ///< of this round
     QHash<QUuid, SoakPhone*> copies_;
     QHash<SoakPhone*, Tree> edits_; ///< what lay in "Edits" before
-    int surveys_ = 0; ///< under way: they queue copies at their end
+    int surveys_ = 0;               ///< under way: they queue copies at their end
     bool hasDeleted_ = false;
     QString problem_; ///< that a signal brought, which must not throw
 };

@@ -135,6 +135,9 @@ public:
     }
     [[nodiscard]] QString breakDown(Dice& dice) override;
     void heal(Dice& dice) override;
+    void clearLogs() override {
+        adbd_.clearLog();
+    }
 
 private:
     AdbServer& server_;

@@ -72,6 +72,9 @@ public:
     [[nodiscard]] std::vector<QByteArray> log() const {
         return state_->log.get();
     }
+    void clearLog() {
+        state_->log.set({});
+    }
     /// Command lines that this phone's strict shell refused: wrongly quoted or unknown ones.
     [[nodiscard]] std::vector<QByteArray> violations() const {
         return state_->violations.get();
