@@ -62,9 +62,10 @@ TransferViewModel::TransferViewModel(TransferEngine& engine, QObject* parent)
 }
 
 TransferViewModel::~TransferViewModel() {
-    for (const TransferJob& job : jobs_)
-        if (!job.isFinished())
-            engine_.cancelJob(job.id);
+    // From the last to the first, so that none starts in between.
+    for (auto job = jobs_.rbegin(); job != jobs_.rend(); ++job)
+        if (!job->isFinished())
+            engine_.cancelJob(job->id);
 }
 
 int TransferViewModel::indexOf(const QUuid& jobId) const {
