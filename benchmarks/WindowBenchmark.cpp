@@ -95,11 +95,8 @@ int main(int argc, char** argv) {
     setUpIconTheme();
     VirtualUsbBus bus;
     const double phonesBegin = sinceStart();
-    const PluggedPhone first(bus);
-    VirtualAndroidConfig other;
-    other.serialNumber = QStringLiteral("OTHER");
-    other.location = QStringLiteral("1-2");
-    const PluggedPhone second(bus, other);
+    const PluggedPhone first(bus, phoneConfig("A")); // the window opens it, by its name
+    const PluggedPhone second(bus, phoneConfig("B", "1-2"));
     for (int i = 0; i < 3000; ++i)
         first.write(QStringLiteral("Many/file %1.txt").arg(i), "x");
     const double phonesTook = sinceStart() - phonesBegin;
@@ -121,7 +118,8 @@ int main(int argc, char** argv) {
     if (!waitFor(isLoaded))
         return 1;
     browser.navigateTo(QStringLiteral("/sdcard/Many"));
-    (void)waitFor([&] { return isLoaded() && !browser.items().empty(); });
+    if (!waitFor([&] { return isLoaded() && browser.items().size() == 3000; }))
+        return 1;
     browser.setSearchText(QStringLiteral("12"));
     turn(100ms);
     browser.setSearchText({});
