@@ -117,6 +117,19 @@ QString partPathFor(const QString& path) {
     return joinPath(parentPath(path), PartFile::newName());
 }
 
+/// Gives a whole copy its name. Not every phone replaces an older file by a renaming.
+void putInPlace(AFCConnection& connection, const QString& part, const QString& path) {
+    try {
+        connection.renamePath(part, path);
+    } catch (const TessaryError& error) {
+        const auto older = connection.fileInfo(path);
+        if (error != TessaryError::afcError(AFCError::objectExists) || !older || older->isDirectory)
+            throw;
+        connection.removePath(path);
+        connection.renamePath(part, path);
+    }
+}
+
 /// A copy is whole without its date.
 void setDate(AFCConnection& connection, const QString& path, const QDateTime& date) {
     try {
@@ -356,7 +369,7 @@ void AFCClient::upload(const QString& localURL, const QString& remotePath,
                     throw TessaryError::afcError(AFCError::writeError);
                 setDate(connection, part, local.fileTime(QFileDevice::FileModificationTime));
                 if (part != path)
-                    connection.renamePath(part, path);
+                    putInPlace(connection, part, path);
             } catch (...) {
                 try {
                     remote.close();
