@@ -78,7 +78,7 @@ FileListing::FileListing(std::vector<FileItem> items, const QLocale& locale) : l
         }
         indexes_.insert(id, static_cast<int>(items_.size()));
         keys_.push_back({id, folded(item.name), 0, item.modifiedDateOrEpoch().toMSecsSinceEpoch(),
-                         item.category()});
+                         item.isDirectory});
         items_.push_back(std::move(item));
     }
     rankNames();
@@ -118,7 +118,8 @@ QString FileListing::folded(const QString& text) const {
     return locale_.toLower(text.normalized(QString::NormalizationForm_C)).toCaseFolded();
 }
 
-int FileListing::compare(int left, int right, FileField field) const {
+int FileListing::compare(int left, int right, FileField field,
+                         const std::vector<FileCategory>& categories) const {
     const Key& l = keys_[static_cast<std::size_t>(left)];
     const Key& r = keys_[static_cast<std::size_t>(right)];
     switch (field) {
@@ -127,7 +128,8 @@ int FileListing::compare(int left, int right, FileField field) const {
     case FileField::modified:
         return order(l.modified, r.modified);
     case FileField::kind:
-        return order(l.category, r.category);
+        return order(categories[static_cast<std::size_t>(left)],
+                     categories[static_cast<std::size_t>(right)]);
     case FileField::name:
         break;
     }
@@ -145,19 +147,23 @@ std::vector<int> FileListing::rows(const QString& filter, const FileSortOrder& s
             rows.push_back(index);
     }
     const auto isFolder = [this](int index) {
-        return keys_[static_cast<std::size_t>(index)].category == FileCategory::folder;
+        return keys_[static_cast<std::size_t>(index)].isFolder;
     };
     if (isByName) {
         std::stable_partition(rows.begin(), rows.end(), isFolder);
         return rows;
     }
+    std::vector<FileCategory> categories; // worked out for who asks: most never do
+    if (std::ranges::any_of(sortOrder,
+                            [](const FileComparator& by) { return by.field == FileField::kind; }))
+        std::ranges::transform(items_, std::back_inserter(categories), &FileItem::category);
     std::stable_sort(rows.begin(), rows.end(), [&](int left, int right) {
         if (isFolder(left) != isFolder(right))
             return isFolder(left);
         for (const FileComparator& comparator : sortOrder)
-            if (const int result = compare(left, right, comparator.field))
+            if (const int result = compare(left, right, comparator.field, categories))
                 return comparator.descending ? result > 0 : result < 0;
-        return compare(left, right, FileField::name) < 0;
+        return compare(left, right, FileField::name, categories) < 0;
     });
     return rows;
 }

@@ -54,15 +54,17 @@ private:
         QString foldedName;
         int nameRank = 0; ///< position in order of name; the same for equal names
         qint64 modified = 0;
-        FileCategory category = FileCategory::other;
+        bool isFolder = false;
     };
 
     FileListing(std::vector<FileItem> items, const QLocale& locale);
     void rankNames();
-    [[nodiscard]] int compare(int left, int right, FileField field) const;
+    /// `categories` are the entries' kinds, at their indexes; only FileField::kind needs them.
+    [[nodiscard]] int compare(int left, int right, FileField field,
+                              const std::vector<FileCategory>& categories) const;
 
     std::vector<FileItem> items_;
-    std::vector<Key> keys_; ///< of the entry at the same index
+    std::vector<Key> keys_;   ///< of the entry at the same index
     std::vector<int> byName_; ///< indexes in order of name
     QHash<QString, int> indexes_;
     QLocale locale_;
