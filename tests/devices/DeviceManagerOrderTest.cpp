@@ -119,7 +119,7 @@ protected:
              {&scripted_.scans_, &scripted_.watchEnds_, &inquiry_->gate_, &inquiry_->conflictGate_})
             gate->open();
         EXPECT_TRUE(Background::shutDown(60s));
-        QCoreApplication::processEvents(); // a watch that came late uses the bus as it goes
+        QCoreApplication::sendPostedEvents(); // a watch that came late uses the bus as it goes
     }
     void listen() {
         manager_->startListening();
