@@ -52,15 +52,15 @@ public:
     }
 
     Gate scans_{true};
-    Gate watchEnds_{true};
+    const std::shared_ptr<Gate> watchEnds_ = std::make_shared<Gate>(true);
 
 private:
     struct Watch final : UsbWatch {
-        explicit Watch(Gate& gate) : end(gate) {}
+        explicit Watch(std::shared_ptr<Gate> gate) : end(std::move(gate)) {}
         ~Watch() override {
-            end.pass();
+            end->pass();
         }
-        Gate& end;
+        const std::shared_ptr<Gate> end; ///< a watch that comes late may outlive the bus
     };
 
     void tell(std::vector<UsbDeviceEntry> entries, const UsbEvent& event) {
@@ -115,11 +115,10 @@ protected:
     }
     ~DeviceManagerOrderTest() override {
         manager_.reset();
-        for (Gate* gate :
-             {&scripted_.scans_, &scripted_.watchEnds_, &inquiry_->gate_, &inquiry_->conflictGate_})
+        for (Gate* gate : {&scripted_.scans_, scripted_.watchEnds_.get(), &inquiry_->gate_,
+                           &inquiry_->conflictGate_})
             gate->open();
         EXPECT_TRUE(Background::shutDown(60s));
-        QCoreApplication::sendPostedEvents(); // a watch that came late uses the bus as it goes
     }
     void listen() {
         manager_->startListening();
@@ -224,7 +223,7 @@ TEST_F(DeviceManagerOrderTest, conflictIsPublishedWhenTheLaggingAnswerComes) {
 
 TEST_F(DeviceManagerOrderTest, endingAWatchDoesNotHoldUpTheMainThread) {
     listen();
-    scripted_.watchEnds_.close();
+    scripted_.watchEnds_->close();
     const auto start = std::chrono::steady_clock::now();
     manager_->stopListening();
     manager_->startListening();
