@@ -19,8 +19,8 @@ namespace tessary {
 
 using namespace std::chrono_literals;
 
-PromisedCopy::PromisedCopy(std::shared_ptr<FileAccess> files, FileItem item, QString folder,
-                           Failed failed)
+PromisedCopy::PromisedCopy(std::shared_ptr<FileAccess> files, FileItem item,
+                           std::unique_ptr<QTemporaryDir> folder, Failed failed)
     : files_(std::move(files)),
       item_(std::move(item)),
       folder_(std::move(folder)),
@@ -30,15 +30,12 @@ PromisedCopy::PromisedCopy(std::shared_ptr<FileAccess> files, FileItem item, QSt
 PromisedCopy::~PromisedCopy() {
     stop();
     thread_.join();
-    if (descriptor_ >= 0)
-        ::close(descriptor_);
-    QDir(folder_).removeRecursively();
 }
 
 void PromisedCopy::run(const std::stop_token& stop) {
     nameCurrentThread("tessary-promise");
     try {
-        const QString target = joinPath(folder_, QStringLiteral("copy"));
+        const QString target = folder_->filePath(QStringLiteral("copy"));
         files_->downloadFile(
             item_, target, [this](qint64, qint64) { changed_.notify_all(); }, stop);
         if (QFileInfo(target).size() != item_.size)
@@ -71,13 +68,13 @@ bool PromisedCopy::isWhole() const {
 
 /// The file that arrives, under whatever name; -1 while there is none.
 int PromisedCopy::descriptor() {
-    if (descriptor_ < 0) {
-        const QStringList names = QDir(folder_).entryList(QDir::Files | QDir::Hidden);
+    if (!file_.isOpen()) {
+        const QStringList names = QDir(folder_->path()).entryList(QDir::Files | QDir::Hidden);
         if (!names.isEmpty())
-            descriptor_ =
-                ::open(QFile::encodeName(joinPath(folder_, names.front())), O_RDONLY | O_CLOEXEC);
+            file_ = FileHandle(
+                ::open(QFile::encodeName(folder_->filePath(names.front())), O_RDONLY | O_CLOEXEC));
     }
-    return descriptor_;
+    return file_.get();
 }
 
 std::size_t PromisedCopy::read(qint64 offset, std::span<std::byte> into,
@@ -89,7 +86,7 @@ std::size_t PromisedCopy::read(qint64 offset, std::span<std::byte> into,
             return true;
         const qint64 end = offset + static_cast<qint64>(into.size());
         struct stat facts {};
-        return end < item_.size && descriptor() >= 0 && fstat(descriptor_, &facts) == 0 &&
+        return end < item_.size && descriptor() >= 0 && fstat(file_.get(), &facts) == 0 &&
                facts.st_size >= end;
     };
     while (state_ != State::failed && !hasArrived()) {

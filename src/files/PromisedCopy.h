@@ -1,6 +1,9 @@
 #pragma once
 
+#include "core/FileHandle.h"
 #include "files/FileAccess.h"
+
+#include <QTemporaryDir>
 
 #include <condition_variable>
 #include <functional>
@@ -16,9 +19,10 @@ public:
     /// Called on a thread of the copy when it fails.
     using Failed = std::function<void(const FileItem&, const std::exception&)>;
 
-    /// Begins the copy, into `folder`, which is empty and for it alone.
-    PromisedCopy(std::shared_ptr<FileAccess> files, FileItem item, QString folder, Failed failed);
-    /// Ends the copy and removes the folder.
+    /// Begins the copy, into `folder`, which is empty and goes with the copy.
+    PromisedCopy(std::shared_ptr<FileAccess> files, FileItem item,
+                 std::unique_ptr<QTemporaryDir> folder, Failed failed);
+    /// Ends the copy.
     ~PromisedCopy();
     PromisedCopy(const PromisedCopy&) = delete;
     PromisedCopy& operator=(const PromisedCopy&) = delete;
@@ -41,12 +45,12 @@ private:
 
     const std::shared_ptr<FileAccess> files_;
     const FileItem item_;
-    const QString folder_;
+    const std::unique_ptr<QTemporaryDir> folder_;
     const Failed failed_;
     mutable std::mutex mutex_;
     std::condition_variable changed_;
     State state_ = State::arriving;
-    int descriptor_ = -1; ///< of the file that arrives; it keeps its content when it is renamed
+    FileHandle file_; ///< of what arrives; it keeps its content when it is renamed
     std::jthread thread_;
 };
 

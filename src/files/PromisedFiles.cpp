@@ -209,16 +209,23 @@ std::unique_ptr<MountedFiles::Reader> PromisedFiles::open(const QString& path) {
     const Found found = find(path);
     if (found.item.isDirectory)
         fail(EISDIR);
-    const std::scoped_lock lock(mutex_);
+    std::unique_lock lock(mutex_);
     if (stop_.stop_requested())
         fail(EIO);
     std::erase_if(copies_, [](const auto& known) { return known.second.expired(); });
     std::shared_ptr<PromisedCopy> copy = copies_[path].lock();
     if (!copy) {
-        QTemporaryDir folder(copyFolder_->filePath(QStringLiteral("XXXXXX")));
-        folder.setAutoRemove(false); // the copy does
+        auto folder =
+            std::make_unique<QTemporaryDir>(copyFolder_->filePath(QStringLiteral("XXXXXX")));
+        if (!folder->isValid()) {
+            lock.unlock();
+            report(found.item,
+                   TessaryError::fileIOError(QStringLiteral("Cannot write into %1: %2")
+                                                 .arg(copyFolder_->path(), folder->errorString())));
+            fail(ENOSPC);
+        }
         copy = std::make_shared<PromisedCopy>(
-            found.promise->files, found.item, folder.path(),
+            found.promise->files, found.item, std::move(folder),
             [this](const FileItem& item, const std::exception& error) { report(item, error); });
         copies_[path] = copy;
     }

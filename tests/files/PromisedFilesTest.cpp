@@ -23,6 +23,12 @@ protected:
         });
     }
 
+    void SetUp() override {
+        phone().write(u"film.mp4"_s, film_);
+        paths_ = promise({item("/film.mp4")});
+        if (paths_.isEmpty())
+            GTEST_SKIP() << "this machine mounts nothing for its users";
+    }
     /// Local paths, in the order of the entries; none where nothing can be mounted.
     QStringList promise(std::vector<FileItem> items) {
         return promises_.promise(std::make_shared<AndroidFileAccess>(*service_, phone().info),
@@ -43,23 +49,22 @@ protected:
         phone().fault([](VirtualFaults& faults) { faults.megabytesPerSecond = 0.1; });
     }
 
+    const QByteArray film_ = manyBytes(3'000'000);
+    QStringList paths_; ///< of the film
     PromisedFiles promises_;
     std::atomic<bool> wasReported_ = false;
     std::promise<QString> reported_;
 };
 
 TEST_F(PromisedFilesTest, filesAndFoldersArriveAsTheyAreReadAndNotBefore) {
-    const QByteArray film = manyBytes(1'700'001);
-    phone().write(u"DCIM/Trip/film.mp4"_s, film);
+    phone().write(u"DCIM/Trip/film.mp4"_s, film_);
     phone().write(u"DCIM/Trip/Days/Zoë\u2019s 1.txt"_s, "one");
     phone().write(u"DCIM/Trip/empty"_s, {});
     const QStringList paths = promise({item("/DCIM/Trip/film.mp4"), item("/DCIM/Trip")});
-    if (paths.isEmpty())
-        GTEST_SKIP() << "this machine mounts nothing for its users";
     EXPECT_EQ(phone().requests(MTPOperationCode::getObject), 0U);
     ASSERT_TRUE(succeeds(u"cp"_s, QStringList{u"-r"_s} + paths + QStringList{local_.path()}));
-    EXPECT_EQ(local_.read(u"film.mp4"_s), film);
-    EXPECT_EQ(local_.read(u"Trip/film.mp4"_s), film);
+    EXPECT_EQ(local_.read(u"film.mp4"_s), film_);
+    EXPECT_EQ(local_.read(u"Trip/film.mp4"_s), film_);
     EXPECT_EQ(local_.read(u"Trip/Days/Zoë\u2019s 1.txt"_s), "one");
     EXPECT_EQ(local_.read(u"Trip/empty"_s), QByteArray());
     EXPECT_FALSE(promises_.isBeingRead());
@@ -67,43 +72,36 @@ TEST_F(PromisedFilesTest, filesAndFoldersArriveAsTheyAreReadAndNotBefore) {
 }
 
 TEST_F(PromisedFilesTest, brokenCopyIsAnErrorForItsReaderAndIsReported) {
-    phone().write(u"film.mp4"_s, manyBytes(3'000'000));
-    const QStringList paths = promise({item("/film.mp4")});
-    if (paths.isEmpty())
-        GTEST_SKIP() << "this machine mounts nothing for its users";
     beSlow();
     QProcess copy;
-    start(copy, u"cat"_s, paths);
+    start(copy, u"cat"_s, paths_);
     ASSERT_TRUE(copy.waitForReadyRead(30'000));
     phone().android.unplug();
     ASSERT_TRUE(copy.waitForFinished(60'000));
     EXPECT_NE(copy.exitCode(), 0);
-    EXPECT_EQ(reported_.get_future().get(), u"film.mp4"_s);
+    auto reported = reported_.get_future();
+    ASSERT_EQ(reported.wait_for(30s), std::future_status::ready);
+    EXPECT_EQ(reported.get(), u"film.mp4"_s);
     // Nor does one who stops short of the end take what there is for the whole.
-    EXPECT_FALSE(succeeds(u"tail"_s, {u"-c"_s, u"10"_s, paths[0]}));
+    EXPECT_FALSE(succeeds(u"tail"_s, {u"-c"_s, u"10"_s, paths_[0]}));
 }
 
 TEST_F(PromisedFilesTest, readersGetWhatIsThereAndNeedNotWaitForTheRest) {
-    const QByteArray film = manyBytes(3'000'000);
-    phone().write(u"film.mp4"_s, film);
-    const QStringList paths = promise({item("/film.mp4")});
-    if (paths.isEmpty())
-        GTEST_SKIP() << "this machine mounts nothing for its users";
     beSlow();
     QProcess killed;
-    start(killed, u"cat"_s, paths);
+    start(killed, u"cat"_s, paths_);
     ASSERT_TRUE(killed.waitForReadyRead(30'000));
-    EXPECT_TRUE(film.startsWith(killed.readAllStandardOutput()));
+    EXPECT_TRUE(film_.startsWith(killed.readAllStandardOutput()));
     EXPECT_TRUE(promises_.isBeingRead());
     killed.kill();
     EXPECT_TRUE(killed.waitForFinished(10'000));
 
     QProcess left;
-    start(left, u"cat"_s, paths);
+    start(left, u"cat"_s, paths_);
     promises_.stop();
     EXPECT_TRUE(left.waitForFinished(30'000));
     EXPECT_NE(left.exitCode(), 0);
-    EXPECT_FALSE(QFileInfo::exists(paths[0]));
+    EXPECT_FALSE(QFileInfo::exists(paths_[0]));
 }
 
 } // namespace
