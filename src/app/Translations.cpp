@@ -1,7 +1,26 @@
 #include "app/Translations.h"
 
 #include "app/LanguageManager.h"
-#include "app/translations/Tables.h"
+#include "app/translations/messages/BrazilianPortuguese.h"
+#include "app/translations/messages/English.h"
+#include "app/translations/messages/French.h"
+#include "app/translations/messages/German.h"
+#include "app/translations/messages/Italian.h"
+#include "app/translations/messages/Japanese.h"
+#include "app/translations/messages/Korean.h"
+#include "app/translations/messages/SimplifiedChinese.h"
+#include "app/translations/messages/Spanish.h"
+#include "app/translations/messages/TraditionalChinese.h"
+#include "app/translations/window/BrazilianPortuguese.h"
+#include "app/translations/window/English.h"
+#include "app/translations/window/French.h"
+#include "app/translations/window/German.h"
+#include "app/translations/window/Italian.h"
+#include "app/translations/window/Japanese.h"
+#include "app/translations/window/Korean.h"
+#include "app/translations/window/SimplifiedChinese.h"
+#include "app/translations/window/Spanish.h"
+#include "app/translations/window/TraditionalChinese.h"
 
 #include <span>
 

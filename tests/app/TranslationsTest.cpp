@@ -132,7 +132,7 @@ TEST(Translations, everyKeyThatTheWindowUsesIsInTheEnglishTable) {
     EXPECT_GT(used.size(), 120);
     for (auto key = used.cbegin(); key != used.cend(); ++key)
         EXPECT_TRUE(english.contains(key.key()))
-            << "add to src/app/translations/*/*.cpp: \"" << key.key().toStdString() << "\" of "
+            << "add to src/app/translations/*/*.h: \"" << key.key().toStdString() << "\" of "
             << key.value().toStdString();
 }
 

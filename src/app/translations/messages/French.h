@@ -1,13 +1,13 @@
-#include "app/translations/Tables.h"
+#pragma once
+
+#include "app/translations/TranslationRow.h"
 
 #include <array>
 
 namespace tessary::translations::messages {
 
-namespace {
-
 // clang-format off
-constexpr std::array rows{
+inline constexpr std::array french{
     TranslationRow{"The phone is full: delete something on it, or copy less.", "Le téléphone est plein : supprimez-y quelque chose ou copiez moins."},
     TranslationRow{"The app does not allow this.", "L’app ne le permet pas."},
     TranslationRow{"The phone does not answer: unlock it. If that does not help, unplug it and plug it in again.", "Le téléphone ne répond pas : déverrouillez-le. Si cela ne suffit pas, débranchez-le puis rebranchez-le."},
@@ -232,9 +232,5 @@ constexpr std::array rows{
     TranslationRow{"%1 changed while it was being copied. Copy it again.", "%1 a changé pendant la copie. Copiez-le à nouveau."},
 };
 // clang-format on
-
-} // namespace
-
-const std::span<const TranslationRow> french(rows);
 
 } // namespace tessary::translations::messages

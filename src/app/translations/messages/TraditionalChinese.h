@@ -1,13 +1,13 @@
-#include "app/translations/Tables.h"
+#pragma once
+
+#include "app/translations/TranslationRow.h"
 
 #include <array>
 
 namespace tessary::translations::messages {
 
-namespace {
-
 // clang-format off
-constexpr std::array rows{
+inline constexpr std::array traditionalChinese{
     TranslationRow{"The phone is full: delete something on it, or copy less.", "手機已滿：請刪除部分內容，或減少拷貝的內容。"},
     TranslationRow{"The app does not allow this.", "App 不允許此動作。"},
     TranslationRow{"The phone does not answer: unlock it. If that does not help, unplug it and plug it in again.", "手機沒有回應：請將其解鎖。若仍無效，請拔除後重新插上。"},
@@ -232,9 +232,5 @@ constexpr std::array rows{
     TranslationRow{"%1 changed while it was being copied. Copy it again.", "「%1」在拷貝時已變更。請重新拷貝。"},
 };
 // clang-format on
-
-} // namespace
-
-const std::span<const TranslationRow> traditionalChinese(rows);
 
 } // namespace tessary::translations::messages

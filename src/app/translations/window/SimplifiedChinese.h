@@ -1,13 +1,13 @@
-#include "app/translations/Tables.h"
+#pragma once
+
+#include "app/translations/TranslationRow.h"
 
 #include <array>
 
 namespace tessary::translations::window {
 
-namespace {
-
 // clang-format off
-constexpr std::array rows{
+inline constexpr std::array simplifiedChinese{
     // sidebar
     TranslationRow{"sidebar.connectedDevices", "已连接的设备"},
     TranslationRow{"sidebar.favorites", "收藏夹"},
@@ -310,9 +310,5 @@ constexpr std::array rows{
     TranslationRow{"%1 of %2 done (Esc stops)", "已完成 %1/%2（按 Esc 停止）"},
 };
 // clang-format on
-
-} // namespace
-
-const std::span<const TranslationRow> simplifiedChinese(rows);
 
 } // namespace tessary::translations::window

@@ -1,13 +1,13 @@
-#include "app/translations/Tables.h"
+#pragma once
+
+#include "app/translations/TranslationRow.h"
 
 #include <array>
 
 namespace tessary::translations::window {
 
-namespace {
-
 // clang-format off
-constexpr std::array rows{
+inline constexpr std::array english{
     // sidebar
     TranslationRow{"sidebar.connectedDevices", "Connected Devices"},
     TranslationRow{"sidebar.favorites", "Favorites"},
@@ -310,9 +310,5 @@ constexpr std::array rows{
     TranslationRow{"%1 of %2 done (Esc stops)", "%1 of %2 done (Esc stops)"},
 };
 // clang-format on
-
-} // namespace
-
-const std::span<const TranslationRow> english(rows);
 
 } // namespace tessary::translations::window

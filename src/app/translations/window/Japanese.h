@@ -1,13 +1,13 @@
-#include "app/translations/Tables.h"
+#pragma once
+
+#include "app/translations/TranslationRow.h"
 
 #include <array>
 
 namespace tessary::translations::window {
 
-namespace {
-
 // clang-format off
-constexpr std::array rows{
+inline constexpr std::array japanese{
     // sidebar
     TranslationRow{"sidebar.connectedDevices", "接続中のデバイス"},
     TranslationRow{"sidebar.favorites", "よく使う項目"},
@@ -310,9 +310,5 @@ constexpr std::array rows{
     TranslationRow{"%1 of %2 done (Esc stops)", "%2件中%1件完了（Escで中止）"},
 };
 // clang-format on
-
-} // namespace
-
-const std::span<const TranslationRow> japanese(rows);
 
 } // namespace tessary::translations::window

@@ -1,13 +1,13 @@
-#include "app/translations/Tables.h"
+#pragma once
+
+#include "app/translations/TranslationRow.h"
 
 #include <array>
 
 namespace tessary::translations::window {
 
-namespace {
-
 // clang-format off
-constexpr std::array rows{
+inline constexpr std::array korean{
     // sidebar
     TranslationRow{"sidebar.connectedDevices", "연결된 기기"},
     TranslationRow{"sidebar.favorites", "즐겨찾기"},
@@ -310,9 +310,5 @@ constexpr std::array rows{
     TranslationRow{"%1 of %2 done (Esc stops)", "%2개 중 %1개 완료(Esc로 중지)"},
 };
 // clang-format on
-
-} // namespace
-
-const std::span<const TranslationRow> korean(rows);
 
 } // namespace tessary::translations::window

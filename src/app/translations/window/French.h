@@ -1,13 +1,13 @@
-#include "app/translations/Tables.h"
+#pragma once
+
+#include "app/translations/TranslationRow.h"
 
 #include <array>
 
 namespace tessary::translations::window {
 
-namespace {
-
 // clang-format off
-constexpr std::array rows{
+inline constexpr std::array french{
     // sidebar
     TranslationRow{"sidebar.connectedDevices", "Appareils connectés"},
     TranslationRow{"sidebar.favorites", "Favoris"},
@@ -310,9 +310,5 @@ constexpr std::array rows{
     TranslationRow{"%1 of %2 done (Esc stops)", "%1 sur %2 effectués (Échap pour arrêter)"},
 };
 // clang-format on
-
-} // namespace
-
-const std::span<const TranslationRow> french(rows);
 
 } // namespace tessary::translations::window

@@ -1,13 +1,13 @@
-#include "app/translations/Tables.h"
+#pragma once
+
+#include "app/translations/TranslationRow.h"
 
 #include <array>
 
 namespace tessary::translations::window {
 
-namespace {
-
 // clang-format off
-constexpr std::array rows{
+inline constexpr std::array traditionalChinese{
     // sidebar
     TranslationRow{"sidebar.connectedDevices", "已連接的裝置"},
     TranslationRow{"sidebar.favorites", "我的最愛"},
@@ -310,9 +310,5 @@ constexpr std::array rows{
     TranslationRow{"%1 of %2 done (Esc stops)", "已完成 %1/%2（按 Esc 停止）"},
 };
 // clang-format on
-
-} // namespace
-
-const std::span<const TranslationRow> traditionalChinese(rows);
 
 } // namespace tessary::translations::window

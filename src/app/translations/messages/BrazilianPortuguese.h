@@ -1,13 +1,13 @@
-#include "app/translations/Tables.h"
+#pragma once
+
+#include "app/translations/TranslationRow.h"
 
 #include <array>
 
 namespace tessary::translations::messages {
 
-namespace {
-
 // clang-format off
-constexpr std::array rows{
+inline constexpr std::array brazilianPortuguese{
     TranslationRow{"The phone is full: delete something on it, or copy less.", "O telefone está cheio: apague algo ou copie menos."},
     TranslationRow{"The app does not allow this.", "O app não permite isso."},
     TranslationRow{"The phone does not answer: unlock it. If that does not help, unplug it and plug it in again.", "O telefone não responde: desbloqueie-o. Se não adiantar, desconecte-o e conecte-o de novo."},
@@ -232,9 +232,5 @@ constexpr std::array rows{
     TranslationRow{"%1 changed while it was being copied. Copy it again.", "%1 mudou durante a cópia. Copie novamente."},
 };
 // clang-format on
-
-} // namespace
-
-const std::span<const TranslationRow> brazilianPortuguese(rows);
 
 } // namespace tessary::translations::messages

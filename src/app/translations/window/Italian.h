@@ -1,13 +1,13 @@
-#include "app/translations/Tables.h"
+#pragma once
+
+#include "app/translations/TranslationRow.h"
 
 #include <array>
 
 namespace tessary::translations::window {
 
-namespace {
-
 // clang-format off
-constexpr std::array rows{
+inline constexpr std::array italian{
     // sidebar
     TranslationRow{"sidebar.connectedDevices", "Dispositivi collegati"},
     TranslationRow{"sidebar.favorites", "Preferiti"},
@@ -310,9 +310,5 @@ constexpr std::array rows{
     TranslationRow{"%1 of %2 done (Esc stops)", "%1 di %2 completati (Esc interrompe)"},
 };
 // clang-format on
-
-} // namespace
-
-const std::span<const TranslationRow> italian(rows);
 
 } // namespace tessary::translations::window

@@ -1,13 +1,13 @@
-#include "app/translations/Tables.h"
+#pragma once
+
+#include "app/translations/TranslationRow.h"
 
 #include <array>
 
 namespace tessary::translations::messages {
 
-namespace {
-
 // clang-format off
-constexpr std::array rows{
+inline constexpr std::array italian{
     TranslationRow{"The phone is full: delete something on it, or copy less.", "Il telefono è pieno: elimina qualcosa o copia di meno."},
     TranslationRow{"The app does not allow this.", "L’app non lo consente."},
     TranslationRow{"The phone does not answer: unlock it. If that does not help, unplug it and plug it in again.", "Il telefono non risponde: sbloccalo. Se non basta, scollegalo e ricollegalo."},
@@ -232,9 +232,5 @@ constexpr std::array rows{
     TranslationRow{"%1 changed while it was being copied. Copy it again.", "%1 è cambiato durante la copia. Copialo di nuovo."},
 };
 // clang-format on
-
-} // namespace
-
-const std::span<const TranslationRow> italian(rows);
 
 } // namespace tessary::translations::messages

@@ -1,13 +1,13 @@
-#include "app/translations/Tables.h"
+#pragma once
+
+#include "app/translations/TranslationRow.h"
 
 #include <array>
 
 namespace tessary::translations::window {
 
-namespace {
-
 // clang-format off
-constexpr std::array rows{
+inline constexpr std::array german{
     // sidebar
     TranslationRow{"sidebar.connectedDevices", "Verbundene Geräte"},
     TranslationRow{"sidebar.favorites", "Favoriten"},
@@ -310,9 +310,5 @@ constexpr std::array rows{
     TranslationRow{"%1 of %2 done (Esc stops)", "%1 von %2 erledigt (Esc hält an)"},
 };
 // clang-format on
-
-} // namespace
-
-const std::span<const TranslationRow> german(rows);
 
 } // namespace tessary::translations::window

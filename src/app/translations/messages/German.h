@@ -1,13 +1,13 @@
-#include "app/translations/Tables.h"
+#pragma once
+
+#include "app/translations/TranslationRow.h"
 
 #include <array>
 
 namespace tessary::translations::messages {
 
-namespace {
-
 // clang-format off
-constexpr std::array rows{
+inline constexpr std::array german{
     TranslationRow{"The phone is full: delete something on it, or copy less.", "Das Telefon ist voll: Löschen Sie etwas darauf oder kopieren Sie weniger."},
     TranslationRow{"The app does not allow this.", "Die App erlaubt das nicht."},
     TranslationRow{"The phone does not answer: unlock it. If that does not help, unplug it and plug it in again.", "Das Telefon antwortet nicht: Entsperren Sie es. Hilft das nicht, ziehen Sie es ab und schließen Sie es wieder an."},
@@ -232,9 +232,5 @@ constexpr std::array rows{
     TranslationRow{"%1 changed while it was being copied. Copy it again.", "%1 hat sich beim Kopieren geändert. Kopieren Sie es noch einmal."},
 };
 // clang-format on
-
-} // namespace
-
-const std::span<const TranslationRow> german(rows);
 
 } // namespace tessary::translations::messages

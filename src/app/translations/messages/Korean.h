@@ -1,13 +1,13 @@
-#include "app/translations/Tables.h"
+#pragma once
+
+#include "app/translations/TranslationRow.h"
 
 #include <array>
 
 namespace tessary::translations::messages {
 
-namespace {
-
 // clang-format off
-constexpr std::array rows{
+inline constexpr std::array korean{
     TranslationRow{"The phone is full: delete something on it, or copy less.", "휴대폰이 가득 찼습니다. 일부를 삭제하거나 복사할 양을 줄이세요."},
     TranslationRow{"The app does not allow this.", "앱에서 이 작업을 허용하지 않습니다."},
     TranslationRow{"The phone does not answer: unlock it. If that does not help, unplug it and plug it in again.", "휴대폰이 응답하지 않습니다. 잠금을 해제하세요. 그래도 안 되면 케이블을 뽑았다가 다시 연결하세요."},
@@ -232,9 +232,5 @@ constexpr std::array rows{
     TranslationRow{"%1 changed while it was being copied. Copy it again.", "%1이(가) 복사하는 동안 변경되었습니다. 다시 복사하십시오."},
 };
 // clang-format on
-
-} // namespace
-
-const std::span<const TranslationRow> korean(rows);
 
 } // namespace tessary::translations::messages

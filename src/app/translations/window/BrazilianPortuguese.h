@@ -1,13 +1,13 @@
-#include "app/translations/Tables.h"
+#pragma once
+
+#include "app/translations/TranslationRow.h"
 
 #include <array>
 
 namespace tessary::translations::window {
 
-namespace {
-
 // clang-format off
-constexpr std::array rows{
+inline constexpr std::array brazilianPortuguese{
     // sidebar
     TranslationRow{"sidebar.connectedDevices", "Dispositivos conectados"},
     TranslationRow{"sidebar.favorites", "Favoritos"},
@@ -310,9 +310,5 @@ constexpr std::array rows{
     TranslationRow{"%1 of %2 done (Esc stops)", "%1 de %2 concluídos (Esc interrompe)"},
 };
 // clang-format on
-
-} // namespace
-
-const std::span<const TranslationRow> brazilianPortuguese(rows);
 
 } // namespace tessary::translations::window

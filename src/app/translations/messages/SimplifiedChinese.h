@@ -1,13 +1,13 @@
-#include "app/translations/Tables.h"
+#pragma once
+
+#include "app/translations/TranslationRow.h"
 
 #include <array>
 
 namespace tessary::translations::messages {
 
-namespace {
-
 // clang-format off
-constexpr std::array rows{
+inline constexpr std::array simplifiedChinese{
     TranslationRow{"The phone is full: delete something on it, or copy less.", "手机已满：请删除部分内容，或减少拷贝的内容。"},
     TranslationRow{"The app does not allow this.", "应用不允许此操作。"},
     TranslationRow{"The phone does not answer: unlock it. If that does not help, unplug it and plug it in again.", "手机没有响应：请将其解锁。如果仍无效，请拔出后重新插上。"},
@@ -232,9 +232,5 @@ constexpr std::array rows{
     TranslationRow{"%1 changed while it was being copied. Copy it again.", "“%1”在拷贝时发生了更改。请重新拷贝。"},
 };
 // clang-format on
-
-} // namespace
-
-const std::span<const TranslationRow> simplifiedChinese(rows);
 
 } // namespace tessary::translations::messages

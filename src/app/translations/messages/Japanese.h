@@ -1,13 +1,13 @@
-#include "app/translations/Tables.h"
+#pragma once
+
+#include "app/translations/TranslationRow.h"
 
 #include <array>
 
 namespace tessary::translations::messages {
 
-namespace {
-
 // clang-format off
-constexpr std::array rows{
+inline constexpr std::array japanese{
     TranslationRow{"The phone is full: delete something on it, or copy less.", "デバイスがいっぱいです。不要なものを削除するか、コピーする量を減らしてください。"},
     TranslationRow{"The app does not allow this.", "アプリがこの操作を許可していません。"},
     TranslationRow{"The phone does not answer: unlock it. If that does not help, unplug it and plug it in again.", "デバイスが応答しません。ロックを解除してください。解決しない場合は、いったん外して接続し直してください。"},
@@ -232,9 +232,5 @@ constexpr std::array rows{
     TranslationRow{"%1 changed while it was being copied. Copy it again.", "“%1”はコピー中に変更されました。もう一度コピーしてください。"},
 };
 // clang-format on
-
-} // namespace
-
-const std::span<const TranslationRow> japanese(rows);
 
 } // namespace tessary::translations::messages

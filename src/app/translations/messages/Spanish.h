@@ -1,13 +1,13 @@
-#include "app/translations/Tables.h"
+#pragma once
+
+#include "app/translations/TranslationRow.h"
 
 #include <array>
 
 namespace tessary::translations::messages {
 
-namespace {
-
 // clang-format off
-constexpr std::array rows{
+inline constexpr std::array spanish{
     TranslationRow{"The phone is full: delete something on it, or copy less.", "El teléfono está lleno: elimina algo o copia menos."},
     TranslationRow{"The app does not allow this.", "La aplicación no lo permite."},
     TranslationRow{"The phone does not answer: unlock it. If that does not help, unplug it and plug it in again.", "El teléfono no responde: desbloquéalo. Si no sirve, desconéctalo y vuelve a conectarlo."},
@@ -232,9 +232,5 @@ constexpr std::array rows{
     TranslationRow{"%1 changed while it was being copied. Copy it again.", "%1 cambió mientras se copiaba. Cópielo de nuevo."},
 };
 // clang-format on
-
-} // namespace
-
-const std::span<const TranslationRow> spanish(rows);
 
 } // namespace tessary::translations::messages
