@@ -32,7 +32,6 @@ std::unique_ptr<QTemporaryDir> ownFolder(QStandardPaths::StandardLocation locati
     const QString parent =
         joinPath(QStandardPaths::writableLocation(location), QStringLiteral("TessaryDrag"));
     QDir().mkpath(parent);
-    removeOldCopies(parent);
     return std::make_unique<QTemporaryDir>(joinPath(parent, QStringLiteral("XXXXXX")));
 }
 
@@ -82,6 +81,7 @@ bool PromisedFiles::isMounted() {
         wasTried_ = true;
         copyFolder_ = ownFolder(QStandardPaths::GenericCacheLocation);
         mountPoint_ = ownFolder(QStandardPaths::RuntimeLocation);
+        removeOldCopies(parentPath(copyFolder_->path()));
         if (copyFolder_->isValid() && mountPoint_->isValid())
             mount_ = mountFiles(*this, mountPoint_->path());
         if (!mount_)
@@ -215,6 +215,7 @@ std::unique_ptr<MountedFiles::Reader> PromisedFiles::open(const QString& path) {
     std::erase_if(copies_, [](const auto& known) { return known.second.expired(); });
     std::shared_ptr<PromisedCopy> copy = copies_[path].lock();
     if (!copy) {
+        QDir().mkpath(copyFolder_->path()); // a cache may be emptied at any time
         auto folder =
             std::make_unique<QTemporaryDir>(copyFolder_->filePath(QStringLiteral("XXXXXX")));
         if (!folder->isValid()) {
