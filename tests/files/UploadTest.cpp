@@ -2,7 +2,7 @@
 
 #include <sys/stat.h>
 
-#include <atomic>
+#include <latch>
 #include <thread>
 
 namespace tessary {
@@ -253,18 +253,19 @@ TEST_F(UploadTest, editsGetInBetweenTheFilesOfAFolder) {
     for (const char* name : {"a", "b", "free", "z.txt"})
         local_.write(u"Trip/"_s + QString::fromUtf8(name), newContent);
     const FileItem old = item("/Trip/z.txt");
+    std::latch isAtWork{1};
     std::jthread editor;
-    std::atomic<bool> isDone = false;
     const TransferOutcome outcome = uploadFolder("Trip", "/", [&](const TransferProgress& now) {
         if (now.completedFiles == 1 && now.currentFileBytes == 0 && !editor.joinable()) {
             editor = std::jthread([&] {
+                isAtWork.count_down();
                 service_->renameItem(old, u"FREE"_s, phone().info);
-                isDone = true;
             });
+            isAtWork.wait();
             std::this_thread::sleep_for(300ms);
         }
     });
-    EXPECT_TRUE(isDone) << "before the copy was over";
+    editor.join();
     EXPECT_EQ(skippedPaths(outcome), QStringList(u"free"_s)) << "the edit took its name";
     EXPECT_EQ(phone().content(u"Trip/FREE"_s), oldContent);
     EXPECT_EQ(phone().content(u"Trip/z.txt"_s), newContent);
