@@ -121,7 +121,7 @@ Qt::ItemFlags FileListModel::flags(const QModelIndex& index) const {
     Qt::ItemFlags flags = QAbstractTableModel::flags(index) | Qt::ItemIsDragEnabled;
     if (index.column() == nameColumn)
         flags |= Qt::ItemIsEditable;
-    if (browser_.rows().item(index.row()).isDirectory)
+    if (browser_.rows().isFolder(index.row()))
         flags |= Qt::ItemIsDropEnabled;
     return flags;
 }

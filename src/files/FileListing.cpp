@@ -3,8 +3,10 @@
 #include "core/NameOrder.h"
 
 #include <algorithm>
+#include <functional>
 #include <future>
 #include <numeric>
+#include <optional>
 #include <thread>
 
 namespace tessary {
@@ -21,36 +23,23 @@ bool isAscii(const QString& text) {
                        [](QChar letter) { return letter.unicode() < 0x80; });
 }
 
-/// The keys by which a language orders names, at the index of the name. What they cost is most of
-/// what a folder costs, so that long ones are shared among threads.
-std::vector<QCollatorSortKey> sortKeysOf(const std::vector<FileItem>& items,
-                                         const QLocale& locale) {
+/// Does `work` on each part of `count` things, from the first to before the last, with threads of
+/// their own where there are enough to be worth one. Returns where the parts begin, and `count`.
+std::vector<std::size_t>
+inParts(std::size_t count, const std::function<void(std::size_t begin, std::size_t end)>& work) {
     constexpr std::size_t worthAThread = 5'000;
-    const auto makeKeys = [&](std::size_t begin, std::size_t end) {
-        QCollator collator = nameCollator(locale); // is for one thread
-        collator.setNumericMode(true);
-        std::vector<QCollatorSortKey> keys;
-        keys.reserve(end - begin);
-        for (std::size_t i = begin; i < end; ++i)
-            keys.push_back(collator.sortKey(items[i].name));
-        return keys;
-    };
     const std::size_t parts = std::clamp<std::size_t>(
-        items.size() / worthAThread, 1, std::max(std::thread::hardware_concurrency(), 1U));
-    std::vector<std::future<std::vector<QCollatorSortKey>>> others;
+        count / worthAThread, 1, std::max(std::thread::hardware_concurrency(), 1U));
+    std::vector<std::size_t> bounds;
+    for (std::size_t part = 0; part <= parts; ++part)
+        bounds.push_back(count * part / parts);
+    std::vector<std::future<void>> others;
     for (std::size_t part = 1; part < parts; ++part)
-        others.push_back(std::async(std::launch::async, makeKeys, items.size() * part / parts,
-                                    items.size() * (part + 1) / parts));
-    std::vector<QCollatorSortKey> keys = makeKeys(0, items.size() / parts);
-    keys.reserve(items.size());
+        others.push_back(std::async(std::launch::async, work, bounds[part], bounds[part + 1]));
+    work(bounds[0], bounds[1]);
     for (auto& other : others)
-        std::ranges::move(other.get(), std::back_inserter(keys));
-    return keys;
-}
-
-template <typename T>
-int order(const T& left, const T& right) {
-    return left < right ? -1 : (right < left ? 1 : 0);
+        other.get();
+    return bounds;
 }
 
 } // namespace
@@ -60,14 +49,22 @@ std::shared_ptr<const FileListing> FileListing::make(std::vector<FileItem> items
     return std::shared_ptr<const FileListing>(new FileListing(std::move(items), locale));
 }
 
-FileListing::FileListing(std::vector<FileItem> items, const QLocale& locale) : locale_(locale) {
-    items_.reserve(items.size());
-    keys_.reserve(items.size());
-    indexes_.reserve(static_cast<qsizetype>(items.size()));
-    for (FileItem& item : items) {
+FileListing::FileListing(std::vector<FileItem> items, const QLocale& locale)
+    : items_(std::move(items)), locale_(locale) {
+    giveIds();
+    orderNames();
+}
+
+void FileListing::giveIds() {
+    keys_.reserve(items_.size());
+    isFolder_.reserve(items_.size());
+    indexes_.reserve(static_cast<qsizetype>(items_.size()));
+    for (std::size_t from = 0; from < items_.size(); ++from) {
+        FileItem& item = items_[from];
         QString id = item.id();
-        if (const auto known = indexes_.constFind(id); known != indexes_.constEnd()) {
-            if (items_[static_cast<std::size_t>(*known)] == item)
+        int* index = &indexes_[id];
+        if (static_cast<std::size_t>(indexes_.size()) == keys_.size()) { // it was there already
+            if (items_[static_cast<std::size_t>(*index)] == item)
                 continue;
             // A phone can hold two objects of one name in a folder.
             const QString shared = id;
@@ -75,34 +72,44 @@ FileListing::FileListing(std::vector<FileItem> items, const QLocale& locale) : l
                 id = shared + QChar::Null + QString::number(n);
             item = FileItem(item.name, item.path, item.isDirectory, item.size, item.modifiedDate,
                             item.handle, id);
+            index = &indexes_[id];
         }
-        indexes_.insert(id, static_cast<int>(items_.size()));
-        keys_.push_back({id, folded(item.name), 0, item.modifiedDateOrEpoch().toMSecsSinceEpoch(),
-                         item.isDirectory});
-        items_.push_back(std::move(item));
+        *index = static_cast<int>(keys_.size());
+        isFolder_.push_back(item.isDirectory);
+        if (from != keys_.size())
+            items_[keys_.size()] = std::move(item);
+        keys_.push_back({std::move(id), {}});
     }
-    rankNames();
+    items_.resize(keys_.size());
 }
 
-/// Orders the names once, so that every later sort compares numbers.
-void FileListing::rankNames() {
-    const std::vector<QCollatorSortKey> sortKeys = sortKeysOf(items_, locale_);
-    const auto compareNames = [&](int left, int right) {
+/// Orders the names once, so that every later sort compares numbers. That is most of what a folder
+/// costs.
+void FileListing::orderNames() {
+    std::vector<std::optional<QCollatorSortKey>> sortKeys(items_.size());
+    const auto isBefore = [&](int left, int right) {
         const auto l = static_cast<std::size_t>(left);
         const auto r = static_cast<std::size_t>(right);
-        const int byRules = sortKeys[l].compare(sortKeys[r]);
-        return byRules != 0 ? byRules : items_[l].name.compare(items_[r].name);
+        const int byRules = sortKeys[l]->compare(*sortKeys[r]);
+        return byRules != 0 ? byRules < 0 : items_[l].name < items_[r].name;
     };
     byName_.resize(items_.size());
     std::iota(byName_.begin(), byName_.end(), 0);
-    std::stable_sort(byName_.begin(), byName_.end(),
-                     [&](int left, int right) { return compareNames(left, right) < 0; });
-    int rank = 0;
-    for (std::size_t i = 0; i < byName_.size(); ++i) {
-        if (i > 0 && compareNames(byName_[i - 1], byName_[i]) != 0)
-            ++rank;
-        keys_[static_cast<std::size_t>(byName_[i])].nameRank = rank;
-    }
+    const auto nameAt = [&](std::size_t n) {
+        return byName_.begin() + static_cast<std::ptrdiff_t>(n);
+    };
+    const std::vector<std::size_t> bounds =
+        inParts(items_.size(), [&](std::size_t begin, std::size_t end) {
+            QCollator collator = nameCollator(locale_); // is for one thread
+            collator.setNumericMode(true);
+            for (std::size_t i = begin; i < end; ++i)
+                sortKeys[i] = collator.sortKey(items_[i].name);
+            std::stable_sort(nameAt(begin), nameAt(end), isBefore);
+            for (std::size_t i = begin; i < end; ++i)
+                keys_[i].foldedName = folded(items_[i].name);
+        });
+    for (std::size_t part = 2; part < bounds.size(); ++part)
+        std::inplace_merge(nameAt(0), nameAt(bounds[part - 1]), nameAt(bounds[part]), isBefore);
 }
 
 QString FileListing::folded(const QString& text) const {
@@ -118,53 +125,64 @@ QString FileListing::folded(const QString& text) const {
     return locale_.toLower(text.normalized(QString::NormalizationForm_C)).toCaseFolded();
 }
 
-int FileListing::compare(int left, int right, FileField field,
-                         const std::vector<FileCategory>& categories) const {
-    const Key& l = keys_[static_cast<std::size_t>(left)];
-    const Key& r = keys_[static_cast<std::size_t>(right)];
+std::vector<qint64> FileListing::valuesOf(FileField field) const {
+    std::vector<qint64> values(items_.size());
     switch (field) {
     case FileField::size:
-        return order(item(left).size, item(right).size);
-    case FileField::modified:
-        return order(l.modified, r.modified);
-    case FileField::kind:
-        return order(categories[static_cast<std::size_t>(left)],
-                     categories[static_cast<std::size_t>(right)]);
-    case FileField::name:
+        std::ranges::transform(items_, values.begin(), &FileItem::size);
         break;
+    case FileField::modified:
+        std::ranges::transform(items_, values.begin(), [](const FileItem& item) {
+            return item.modifiedDateOrEpoch().toMSecsSinceEpoch();
+        });
+        break;
+    case FileField::kind:
+        std::ranges::transform(items_, values.begin(), [](const FileItem& item) {
+            return static_cast<qint64>(item.category());
+        });
+        break;
+    case FileField::name:
+        qint64 rank = 0;
+        for (std::size_t i = 0; i < byName_.size(); ++i) {
+            if (i > 0 && item(byName_[i - 1]).name != item(byName_[i]).name)
+                ++rank;
+            values[static_cast<std::size_t>(byName_[i])] = rank;
+        }
     }
-    return order(l.nameRank, r.nameRank);
+    return values;
 }
 
 std::vector<int> FileListing::rows(const QString& filter, const FileSortOrder& sortOrder) const {
     const QString wanted = folded(filter.trimmed());
     std::vector<int> rows;
     rows.reserve(items_.size());
-    const bool isByName = sortOrder == FileSortOrder{{FileField::name, false}};
-    for (int n = 0; n < size(); ++n) {
-        const int index = isByName ? byName_[static_cast<std::size_t>(n)] : n;
+    for (const int index : byName_)
         if (wanted.isEmpty() || foldedName(index).contains(wanted))
             rows.push_back(index);
-    }
-    const auto isFolder = [this](int index) {
-        return keys_[static_cast<std::size_t>(index)].isFolder;
-    };
-    if (isByName) {
-        std::stable_partition(rows.begin(), rows.end(), isFolder);
+    std::stable_partition(rows.begin(), rows.end(), [this](int index) { return isFolder(index); });
+    if (sortOrder == FileSortOrder{{FileField::name, false}})
         return rows;
-    }
-    std::vector<FileCategory> categories; // worked out for who asks: most never do
-    if (std::ranges::any_of(sortOrder,
-                            [](const FileComparator& by) { return by.field == FileField::kind; }))
-        std::ranges::transform(items_, std::back_inserter(categories), &FileItem::category);
-    std::stable_sort(rows.begin(), rows.end(), [&](int left, int right) {
-        if (isFolder(left) != isFolder(right))
-            return isFolder(left);
-        for (const FileComparator& comparator : sortOrder)
-            if (const int result = compare(left, right, comparator.field, categories))
-                return comparator.descending ? result > 0 : result < 0;
-        return compare(left, right, FileField::name, categories) < 0;
-    });
+
+    struct Column {
+        std::vector<qint64> values;
+        bool descending;
+    };
+    std::vector<Column> columns;
+    for (const FileComparator& comparator : sortOrder)
+        columns.push_back({valuesOf(comparator.field), comparator.descending});
+    const auto isBefore = [&](int left, int right) {
+        for (const auto& [values, descending] : columns) {
+            const qint64 l = values[static_cast<std::size_t>(left)];
+            const qint64 r = values[static_cast<std::size_t>(right)];
+            if (l != r)
+                return descending ? l > r : l < r;
+        }
+        return false; // as they are, in order of name
+    };
+    const auto firstFile =
+        std::ranges::find_if_not(rows, [this](int index) { return isFolder(index); });
+    std::stable_sort(rows.begin(), firstFile, isBefore);
+    std::stable_sort(firstFile, rows.end(), isBefore);
     return rows;
 }
 

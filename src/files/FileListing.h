@@ -34,6 +34,9 @@ public:
     [[nodiscard]] const QString& id(int index) const {
         return keys_[static_cast<std::size_t>(index)].id;
     }
+    [[nodiscard]] bool isFolder(int index) const {
+        return isFolder_[static_cast<std::size_t>(index)];
+    }
     /// -1 for an id that is not in the listing.
     [[nodiscard]] int indexOf(const QString& id) const {
         return indexes_.value(id, -1);
@@ -52,20 +55,18 @@ private:
     struct Key {
         QString id;
         QString foldedName;
-        int nameRank = 0; ///< position in order of name; the same for equal names
-        qint64 modified = 0;
-        bool isFolder = false;
     };
 
     FileListing(std::vector<FileItem> items, const QLocale& locale);
-    void rankNames();
-    /// `categories` are the entries' kinds, at their indexes; only FileField::kind needs them.
-    [[nodiscard]] int compare(int left, int right, FileField field,
-                              const std::vector<FileCategory>& categories) const;
+    void giveIds();
+    void orderNames();
+    /// What each entry counts for in an order by `field`, at its index.
+    [[nodiscard]] std::vector<qint64> valuesOf(FileField field) const;
 
     std::vector<FileItem> items_;
-    std::vector<Key> keys_;   ///< of the entry at the same index
-    std::vector<int> byName_; ///< indexes in order of name
+    std::vector<Key> keys_;      ///< of the entry at the same index
+    std::vector<bool> isFolder_; ///< whether the entry at the same index is one
+    std::vector<int> byName_;    ///< indexes in order of name
     QHash<QString, int> indexes_;
     QLocale locale_;
 };

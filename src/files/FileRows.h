@@ -27,6 +27,10 @@ public:
     [[nodiscard]] const FileItem& item(int row) const {
         return listing_->item(shown_[static_cast<std::size_t>(row)]);
     }
+    /// As item() tells, but quicker for a question about every row.
+    [[nodiscard]] bool isFolder(int row) const {
+        return listing_->isFolder(shown_[static_cast<std::size_t>(row)]);
+    }
     [[nodiscard]] const QString& id(int row) const {
         return listing_->id(shown_[static_cast<std::size_t>(row)]);
     }

@@ -43,10 +43,11 @@ void FolderMemory::remember(const FileAccess& files, const QString& folder,
     if (begun != changes_)
         return;
     const QString identity = files.identity();
-    QHash<QString, const FileItem*> current;
-    for (const FileItem& item : items)
-        current.insert(item.path, &item);
     const auto before = cache_.get(keyOf(identity, folder)).value_or(std::vector<FileItem>());
+    QHash<QString, const FileItem*> current;
+    if (!before.empty())
+        for (const FileItem& item : items)
+            current.insert(item.path, &item);
     for (const FileItem& old : before) {
         const FileItem* item = current.value(old.path);
         if (!old.isDirectory || (item && *item == old))

@@ -107,6 +107,24 @@ TEST_F(FileBrowserRowsTest, everyFieldSortsBothWaysAfterFoldersAndTiesGoByName) 
     }
 }
 
+TEST_F(FileBrowserRowsTest, longFolderIsOrderedAsAWhole) {
+    const int count = 20'011; // a prime; ordered by several threads
+    std::vector<FileItem> items;
+    for (int n = 0; n < count; ++n) {
+        items.push_back(file(u"Img %1"_s.arg(n * 7919LL % count)));
+        if (n % 1'000 == 0)
+            items.push_back(items.back()); // came twice
+    }
+    show(std::move(items));
+    ASSERT_EQ(rows_.count(), count);
+    for (int row = 0; row < count; ++row) {
+        ASSERT_EQ(rows_.item(row).name, u"Img %1"_s.arg(row));
+        ASSERT_EQ(rows_.rowOf(rows_.item(row).path), row);
+    }
+    rows_.setFilter(u"g 2001"_s);
+    EXPECT_EQ(namesOf(rows_).join(u','), u"Img 2001,Img 20010"_s);
+}
+
 TEST_F(FileBrowserRowsTest, filterIgnoresCaseAsTheLanguageDoes) {
     const std::tuple<const char*, const char*, const char*, bool> table[] = {
         // locale, name, filter, isShown
