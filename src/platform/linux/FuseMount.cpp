@@ -11,6 +11,8 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
+#include <map>
+#include <mutex>
 #include <system_error>
 #include <thread>
 
@@ -18,8 +20,42 @@ namespace tessary {
 
 namespace {
 
-MountedFiles& shownFiles() {
-    return *static_cast<MountedFiles*>(fuse_get_context()->private_data);
+/// What a mount shows and what is open in it. Thread-safe.
+class Shown {
+public:
+    explicit Shown(MountedFiles& files) : files_(files) {}
+
+    [[nodiscard]] MountedFiles& files() const {
+        return files_;
+    }
+    /// The number of the open file.
+    std::uint64_t open(const QString& path) {
+        std::unique_ptr<MountedFiles::Reader> reader = files_.open(path);
+        const std::scoped_lock lock(mutex_);
+        readers_[++last_] = std::move(reader);
+        return last_;
+    }
+    /// Of a file that is open.
+    [[nodiscard]] MountedFiles::Reader& reader(std::uint64_t number) {
+        const std::scoped_lock lock(mutex_);
+        return *readers_.at(number);
+    }
+    void close(std::uint64_t number) {
+        std::unique_lock lock(mutex_);
+        const auto closed = readers_.extract(number);
+        lock.unlock(); // its end may wait for a phone
+    }
+
+private:
+    MountedFiles& files_;
+    std::mutex mutex_;
+    /// The system does not close what is still open when the mount ends.
+    std::map<std::uint64_t, std::unique_ptr<MountedFiles::Reader>> readers_;
+    std::uint64_t last_ = 0;
+};
+
+Shown& shown() {
+    return *static_cast<Shown*>(fuse_get_context()->private_data);
 }
 
 /// What `work` returns, or its failure as the kernel wants it: a negative errno.
@@ -49,19 +85,11 @@ struct stat statOf(const MountedFiles::Entry& entry) {
     return facts;
 }
 
-MountedFiles::Reader& readerOf(const fuse_file_info& info) {
-    return *reinterpret_cast<MountedFiles::Reader*>(info.fh);
-}
-
 fuse_operations operations() {
     fuse_operations calls{};
-    calls.init = [](fuse_conn_info*, fuse_config* config) -> void* {
-        config->intr = 1; // a program that is killed while it waits for a phone must be able to end
-        return fuse_get_context()->private_data;
-    };
     calls.getattr = [](const char* path, struct stat* facts, fuse_file_info*) {
         return answer([&] {
-            *facts = statOf(shownFiles().entry(QFile::decodeName(path)));
+            *facts = statOf(shown().files().entry(QFile::decodeName(path)));
             return 0;
         });
     };
@@ -69,7 +97,7 @@ fuse_operations operations() {
                        fuse_readdir_flags) {
         return answer([&] {
             const std::vector<MountedFiles::Entry> entries =
-                shownFiles().list(QFile::decodeName(path));
+                shown().files().list(QFile::decodeName(path));
             for (const char* self : {".", ".."})
                 fill(buffer, self, nullptr, 0, {});
             for (const MountedFiles::Entry& entry : entries) {
@@ -83,21 +111,21 @@ fuse_operations operations() {
         return answer([&] {
             if ((info->flags & O_ACCMODE) != O_RDONLY)
                 return -EROFS;
-            info->fh = reinterpret_cast<std::uint64_t>(
-                shownFiles().open(QFile::decodeName(path)).release());
+            info->fh = shown().open(QFile::decodeName(path));
             return 0;
         });
     };
     calls.read = [](const char*, char* into, std::size_t size, off_t offset, fuse_file_info* info) {
         return answer([&] {
+            // A program that is killed while it waits for a phone must be able to end.
             return static_cast<int>(
-                readerOf(*info).read(offset, std::as_writable_bytes(std::span(into, size)),
-                                     [] { return fuse_interrupted() != 0; }));
+                shown().reader(info->fh).read(offset, std::as_writable_bytes(std::span(into, size)),
+                                              [] { return fuse_interrupted() != 0; }));
         });
     };
     calls.release = [](const char*, fuse_file_info* info) {
         return answer([&] {
-            delete &readerOf(*info);
+            shown().close(info->fh);
             return 0;
         });
     };
@@ -112,8 +140,12 @@ struct FuseDeleter {
 
 class FuseMount final : public FileMount {
 public:
-    FuseMount(std::unique_ptr<fuse, FuseDeleter> session, const QString& folder)
-        : session_(std::move(session)), folder_(QFile::encodeName(folder)), loop_([this] {
+    FuseMount(std::unique_ptr<Shown> shown, std::unique_ptr<fuse, FuseDeleter> session,
+              const QString& folder)
+        : shown_(std::move(shown)),
+          session_(std::move(session)),
+          folder_(QFile::encodeName(folder)),
+          loop_([this] {
               nameCurrentThread("tessary-mount");
               fuse_loop_config config{};
               config.max_idle_threads = 4;
@@ -133,6 +165,7 @@ public:
     }
 
 private:
+    const std::unique_ptr<Shown> shown_;
     const std::unique_ptr<fuse, FuseDeleter> session_;
     const QByteArray folder_;
     std::thread loop_;
@@ -153,11 +186,12 @@ std::unique_ptr<FileMount> mountFiles(MountedFiles& files, const QString& folder
     std::array arguments{const_cast<char*>("tessary"),
                          const_cast<char*>("-oro,auto_unmount,fsname=tessary,subtype=tessary")};
     fuse_args args = FUSE_ARGS_INIT(static_cast<int>(arguments.size()), arguments.data());
-    std::unique_ptr<fuse, FuseDeleter> session(fuse_new(&args, &calls, sizeof calls, &files));
+    auto shown = std::make_unique<Shown>(files);
+    std::unique_ptr<fuse, FuseDeleter> session(fuse_new(&args, &calls, sizeof calls, shown.get()));
     fuse_opt_free_args(&args);
     if (!session || fuse_mount(session.get(), QFile::encodeName(folder).constData()) != 0)
         return nullptr;
-    return std::make_unique<FuseMount>(std::move(session), folder);
+    return std::make_unique<FuseMount>(std::move(shown), std::move(session), folder);
 }
 
 } // namespace tessary
