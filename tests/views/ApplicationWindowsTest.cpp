@@ -137,7 +137,7 @@ TEST_F(ApplicationWindowsTest, theProgramEndsWithItsLastMainWindow) {
 
 TEST_F(ApplicationWindowsTest, aWindowThatIsTooTallStartsInTheMiddleAtASensibleHeight) {
     ApplicationWindows windows(window_);
-    const QRect fine(40, 20, 1000, AppDelegate::tallestWindow);
+    const QRect fine(40, 20, 700, AppDelegate::tallestWindow);
     for (const int more : {0, 1}) {
         window_.setGeometry(fine.adjusted(0, 0, 0, more));
         windows.delegate().applicationDidFinishLaunching();

@@ -113,8 +113,12 @@ QString deviceDetail(const DeviceInfo& device) {
 QString deviceStorageText(const DeviceInfo& device) {
     if (device.isLocked)
         return tessary::tr("Locked: unlock it");
-    if (device.volumes.empty())
-        return device.formattedStorageSummary().value_or(tessary::tr("Reading storage…"));
+    if (device.volumes.empty()) {
+        // An iPhone that is to be trusted first takes many seconds to say so.
+        const bool isConnecting = device.platform == DevicePlatform::iOS && !device.deviceName;
+        return device.formattedStorageSummary().value_or(
+            isConnecting ? tessary::tr("Connecting…") : tessary::tr("Reading storage…"));
+    }
     const StorageVolume& first = device.volumes.front();
     return tessary::tr("%1 free of %2")
         .arg(formatBytes(static_cast<qint64>(std::min(first.freeBytes, first.totalBytes))),

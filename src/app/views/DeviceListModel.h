@@ -36,7 +36,7 @@ private:
 
 /// The line below a device's name: its mode and battery.
 [[nodiscard]] QString deviceDetail(const DeviceInfo& device);
-/// The line below its storage bar; empty while nothing is known.
+/// The line below its storage bar: what is free, or what is waited for.
 [[nodiscard]] QString deviceStorageText(const DeviceInfo& device);
 
 } // namespace tessary

@@ -1,20 +1,29 @@
 #include "core/DiagnosticsLogger.h"
+#include "core/FileHandle.h"
+#include "core/FreeWith.h"
 #include "core/ThreadName.h"
 #include "platform/FileMount.h"
 
 #include <QFile>
 
 #define FUSE_USE_VERSION 35
+#include <fcntl.h>
 #include <fuse.h>
+#include <fuse_lowlevel.h>
+#include <poll.h>
+#include <sys/eventfd.h>
 #include <unistd.h>
 
 #include <array>
+#include <atomic>
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <map>
 #include <mutex>
 #include <system_error>
 #include <thread>
+#include <vector>
 
 namespace tessary {
 
@@ -132,43 +141,87 @@ fuse_operations operations() {
     return calls;
 }
 
-struct FuseDeleter {
-    void operator()(fuse* session) const {
-        fuse_destroy(session);
-    }
-};
+using FuseHandle = std::unique_ptr<fuse, FreeWith<fuse_destroy>>;
 
+/// Answers on threads of its own, so that its end needs no request to wake them: one that this
+/// program sent to itself would keep it from ending when it is killed meanwhile.
 class FuseMount final : public FileMount {
 public:
-    FuseMount(std::unique_ptr<Shown> shown, std::unique_ptr<fuse, FuseDeleter> session,
-              const QString& folder)
+    /// `fuse` is mounted; `end` is an event descriptor.
+    FuseMount(std::unique_ptr<Shown> shown, FuseHandle fuse, FileHandle end)
         : shown_(std::move(shown)),
-          session_(std::move(session)),
-          folder_(QFile::encodeName(folder)),
-          loop_([this] {
-              nameCurrentThread("tessary-mount");
-              fuse_loop_config config{};
-              config.max_idle_threads = 4;
-              fuse_loop_mt(session_.get(), &config);
-          }) {}
+          fuse_(std::move(fuse)),
+          requests_(fuse_session_fd(fuse_get_session(fuse_.get()))),
+          end_(std::move(end)) {
+        // A request that was announced may be taken back before it is read.
+        fcntl(requests_, F_SETFL, fcntl(requests_, F_GETFL) | O_NONBLOCK);
+        const std::scoped_lock turn(receiving_);
+        threads_.emplace_back([this] { serve(); });
+    }
     FuseMount(const FuseMount&) = delete;
     FuseMount& operator=(const FuseMount&) = delete;
 
     ~FuseMount() override {
-        fuse_exit(session_.get());
-        // The loop sleeps until somebody asks it something. Its end can leave this question
-        // unanswered, until the unmounting answers it.
-        std::thread question([this] { (void)access((folder_ + "/wake").constData(), F_OK); });
-        loop_.join();
-        fuse_unmount(session_.get());
-        question.join();
+        eventfd_write(end_.get(), 1);
+        std::vector<std::jthread> ended;
+        {
+            const std::scoped_lock turn(receiving_);
+            ended.swap(threads_);
+        }
+        ended.clear();
+        fuse_unmount(fuse_.get());
     }
 
 private:
+    /// As many requests can wait for phones before others have to wait for them.
+    static constexpr std::size_t mostThreads = 32;
+
+    void serve() {
+        nameCurrentThread("tessary-mount");
+        fuse_session* const session = fuse_get_session(fuse_.get());
+        fuse_buf request{};
+        while (receive(session, request)) {
+            fuse_session_process_buf(session, &request);
+            --busy_;
+        }
+        std::free(request.mem);
+    }
+
+    /// Waits for the next request, one thread at a time. False at the end.
+    bool receive(fuse_session* session, fuse_buf& request) {
+        const std::scoped_lock turn(receiving_);
+        while (true) {
+            std::array sources{pollfd{requests_, POLLIN, 0}, pollfd{end_.get(), POLLIN, 0}};
+            if (poll(sources.data(), sources.size(), -1) < 0 && errno != EINTR)
+                return false;
+            if (sources[1].revents != 0)
+                return false;
+            const int received = fuse_session_receive_buf(session, &request);
+            if (received > 0)
+                break;
+            if (received != -EAGAIN && received != -EINTR)
+                return false; // somebody else unmounted it
+        }
+        if (++busy_ == threads_.size() && busy_ < mostThreads)
+            addThread();
+        return true;
+    }
+
+    void addThread() {
+        try {
+            threads_.emplace_back([this] { serve(); });
+        } catch (const std::system_error&) {
+            // Those that there are do it all, if more slowly.
+        }
+    }
+
     const std::unique_ptr<Shown> shown_;
-    const std::unique_ptr<fuse, FuseDeleter> session_;
-    const QByteArray folder_;
-    std::thread loop_;
+    const FuseHandle fuse_;
+    const int requests_;   ///< the descriptor that they come from, of fuse_
+    const FileHandle end_; ///< can be read once the threads are to end
+    std::mutex receiving_;
+    std::atomic<std::size_t> busy_ = 0;
+    std::vector<std::jthread> threads_; ///< guarded by receiving_
 };
 
 void logRefusal(fuse_log_level, const char* format, va_list values) {
@@ -187,11 +240,13 @@ std::unique_ptr<FileMount> mountFiles(MountedFiles& files, const QString& folder
                          const_cast<char*>("-oro,auto_unmount,fsname=tessary,subtype=tessary")};
     fuse_args args = FUSE_ARGS_INIT(static_cast<int>(arguments.size()), arguments.data());
     auto shown = std::make_unique<Shown>(files);
-    std::unique_ptr<fuse, FuseDeleter> session(fuse_new(&args, &calls, sizeof calls, shown.get()));
+    FileHandle end(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
+    FuseHandle handle(fuse_new(&args, &calls, sizeof calls, shown.get()));
     fuse_opt_free_args(&args);
-    if (!session || fuse_mount(session.get(), QFile::encodeName(folder).constData()) != 0)
+    if (!handle || !end.isOpen() ||
+        fuse_mount(handle.get(), QFile::encodeName(folder).constData()) != 0)
         return nullptr;
-    return std::make_unique<FuseMount>(std::move(shown), std::move(session), folder);
+    return std::make_unique<FuseMount>(std::move(shown), std::move(handle), std::move(end));
 }
 
 } // namespace tessary
