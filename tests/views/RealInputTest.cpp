@@ -1,0 +1,130 @@
+#include "WindowFixture.h"
+
+#include <QDropEvent>
+#include <QMimeData>
+#include <QProcess>
+
+namespace tessary {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// Another program's window, as far as a drag can tell: takes files.
+class Desktop : public QWidget {
+public:
+    Desktop() {
+        setAcceptDrops(true);
+    }
+    QStringList dropped;
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override {
+        if (event->mimeData()->hasUrls())
+            event->acceptProposedAction();
+    }
+    void dropEvent(QDropEvent* event) override {
+        for (const QUrl& url : event->mimeData()->urls())
+            dropped.append(url.toLocalFile());
+        event->acceptProposedAction();
+    }
+};
+
+/// The display's own mouse and keyboard: what they do goes the whole way through the window system.
+class RealInputTest : public WindowFixture {
+protected:
+    void SetUp() override {
+        if (QGuiApplication::platformName() != u"xcb")
+            GTEST_SKIP() << "there is no window system";
+        openFolder();
+        activate();
+    }
+
+    /// Whether a program ends well; the window lives meanwhile.
+    static bool run(const QString& program, const QStringList& arguments) {
+        QProcess process;
+        process.setProcessChannelMode(QProcess::ForwardedChannels);
+        process.start(program, arguments);
+        EXPECT_TRUE(wait([&] { return process.state() == QProcess::NotRunning; })) << "in time";
+        return process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+    }
+    static QStringList moveTo(const QPoint& place) {
+        return {u"mousemove"_s, QString::number(place.x()), QString::number(place.y())};
+    }
+    [[nodiscard]] static QPoint middleOf(const QAbstractItemView& view, const QModelIndex& index) {
+        return view.viewport()->mapToGlobal(view.visualRect(index).center());
+    }
+    [[nodiscard]] QPoint placeOf(const QString& name) const {
+        return middleOf(table(), row(name));
+    }
+    /// At a hand's pace: each window on the way is asked what it takes.
+    static void drag(const QPoint& from, const QPoint& to) {
+        constexpr int steps = 8;
+        QStringList script = moveTo(from) + QStringList{u"mousedown"_s, u"1"_s};
+        for (int step = 1; step <= steps; ++step)
+            script +=
+                QStringList{u"sleep"_s, u"0.04"_s} + moveTo(from + (to - from) * step / steps);
+        script += {u"sleep"_s, u"0.2"_s, u"mouseup"_s, u"1"_s};
+        EXPECT_TRUE(run(u"xdotool"_s, script));
+    }
+};
+
+TEST_F(RealInputTest, aDragOntoAFolderMovesTheEntry) {
+    drag(placeOf(u"alpha.txt"_s), placeOf(u"Trip"_s));
+    EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/Trip/alpha.txt"_s) == "a"; }));
+    EXPECT_TRUE(wait([this] { return !row(u"alpha.txt"_s).isValid(); }));
+}
+
+TEST_F(RealInputTest, whatIsDraggedToAnotherWindowArrives) {
+    Desktop desktop;
+    const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    desktop.setGeometry(screen.right() - 200, 0, 200, 200);
+    window_->resize(screen.width() - 250, 700);
+    desktop.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&desktop));
+    click(u"alpha.txt"_s);
+    click(u"beta.txt"_s, Qt::ControlModifier);
+
+    drag(placeOf(u"beta.txt"_s), desktop.geometry().center());
+    ASSERT_TRUE(wait([&] { return desktop.dropped.size() == 2; }));
+    EXPECT_TRUE(run(u"cp"_s, desktop.dropped + QStringList{local_.path()}));
+    EXPECT_EQ(local_.read(u"alpha.txt"_s), "a");
+    EXPECT_EQ(local_.read(u"beta.txt"_s), "bb");
+    EXPECT_EQ(phone_.content(u"DCIM/alpha.txt"_s), "a") << "a copy leaves the phone as it is";
+}
+
+TEST_F(RealInputTest, favoritesAreReorderedByDragging) {
+    press(Qt::Key_B, Qt::ControlModifier);
+    click(u"Trip"_s);
+    press(Qt::Key_B, Qt::ControlModifier);
+    const auto names = [this] {
+        QStringList all;
+        for (const DeviceFavorite& favorite : app_->favoritesManager().favorites())
+            all.append(favorite.name);
+        return all;
+    };
+    ASSERT_EQ(names(), (QStringList{u"DCIM"_s, u"Trip"_s}));
+    QListView& favorites = list("favoriteList");
+    QCoreApplication::processEvents();
+    const QPoint first = middleOf(favorites, favorites.model()->index(0, 0));
+    const QPoint second = middleOf(favorites, favorites.model()->index(1, 0));
+    const int halfRow = favorites.visualRect(favorites.model()->index(1, 0)).height() / 2;
+    drag(first, second + QPoint(0, halfRow - 1));
+    EXPECT_TRUE(wait([&] { return names() == QStringList{u"Trip"_s, u"DCIM"_s}; }));
+}
+
+TEST_F(RealInputTest, keysSelectRenameAndWalk) {
+    const auto keys = [](const QStringList& more) {
+        EXPECT_TRUE(run(u"xdotool"_s, QStringList{u"key"_s, u"--delay"_s, u"30"_s} + more));
+    };
+    click(u"Trip"_s);
+    keys({u"Down"_s, u"shift+Down"_s});
+    EXPECT_EQ(selectedNames(), (QStringList{u"alpha.txt"_s, u"beta.txt"_s}));
+    click(u"beta.txt"_s);
+    keys({u"F2"_s, u"ctrl+a"_s, u"g"_s, u"period"_s, u"m"_s, u"Return"_s});
+    EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/g.m"_s) == "bb"; }));
+    keys({u"alt+Up"_s});
+    EXPECT_TRUE(wait([this] { return isShown(u"readme.md"_s); }));
+}
+
+} // namespace
+} // namespace tessary
