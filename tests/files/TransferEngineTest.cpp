@@ -211,5 +211,13 @@ TEST(TransferSpeed, settlesAtTheRateAndFallsWhenNothingArrives) {
     EXPECT_LT(speed.bytesPerSecond(), 400);
 }
 
+TEST(TransferSpeed, timeLeftIsSaidInTheUnitThatFits) {
+    const std::pair<std::chrono::seconds, const char*> table[] = {
+        {0s, "0 s"}, {59s, "59 s"}, {60s, "1:00 min"}, {3599s, "59:59 min"}, {3661s, "1:01:01 h"},
+    };
+    for (const auto& [time, text] : table)
+        EXPECT_EQ(formatDuration(time), QString::fromLatin1(text));
+}
+
 } // namespace
 } // namespace tessary
