@@ -5,6 +5,7 @@
 
 #include <QProcess>
 
+#include <array>
 #include <future>
 
 namespace tessary {
@@ -102,6 +103,26 @@ TEST_F(PromisedFilesTest, readersGetWhatIsThereAndNeedNotWaitForTheRest) {
     EXPECT_TRUE(left.waitForFinished(30'000));
     EXPECT_NE(left.exitCode(), 0);
     EXPECT_FALSE(QFileInfo::exists(paths_[0]));
+}
+
+TEST_F(PromisedFilesTest, manyReadersAreServedAtOnceAndMayGo) {
+    constexpr int readers = 50;
+    for (int n = 0; n < readers; ++n)
+        phone().write(u"DCIM/Many/%1"_s.arg(n), film_.left(20'000));
+    const QString folder = promise({item("/DCIM/Many")}).value(0);
+    const QString script = u"cd '%1' && ls | xargs -P %2 -n 1 cat > '%3'"_s;
+    ASSERT_TRUE(
+        succeeds(u"sh"_s, {u"-c"_s, script.arg(folder).arg(readers).arg(local_.path(u"all"_s))}));
+    EXPECT_EQ(local_.read(u"all"_s).size(), readers * 20'000);
+
+    beSlow();
+    std::array<QProcess, readers> programs;
+    for (int n = 0; n < readers; ++n)
+        start(programs.at(static_cast<std::size_t>(n)), u"cat"_s, {u"%1/%2"_s.arg(folder).arg(n)});
+    for (QProcess& program : programs)
+        program.kill();
+    for (QProcess& program : programs)
+        EXPECT_TRUE(program.waitForFinished(10'000));
 }
 
 } // namespace
