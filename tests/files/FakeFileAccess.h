@@ -124,12 +124,13 @@ public:
     }
     QString stageItemForDrag(const FileItem& item, const std::stop_token& stop) override {
         begin(QStringLiteral("stage ") + item.name, stop);
-        return {};
+        return staged;
     }
     QStringList programsHolding() override {
         return {};
     }
 
+    QString staged;                                 ///< the local copy of whatever is staged
     TransferOutcome outcome;                        ///< of copies of folders; set before them
     std::vector<std::pair<qint64, qint64>> reports; ///< done, total of copies of a file; the same
 

@@ -197,6 +197,34 @@ TEST_F(FileBrowserEditTest, cancelledEditLeavesTheRestAndIsNoFailure) {
     EXPECT_THAT(names(), ElementsAre(u"dir"_s, u"b.txt"_s, u"c.txt"_s, u"d.txt"_s, u"e.txt"_s));
 }
 
+TEST_F(FileBrowserEditTest, withoutAMountOnlyWholeCopiesAreDragged) {
+    files_->staged = local_.write(u"copy"_s, "whole");
+    files_->fill(u"/root"_s, {u"-/../x"_s});
+    failOn(ids({"stage c.txt"}), raiseOdd);
+    const std::tuple<QStringList, int, const char*> table[] = {
+        // entries, local copies, why not
+        {ids({"/root/a.txt", "/root/b.txt"}), 2, ""},
+        {ids({"/root/a.txt", "/root/c.txt"}), 1, "odd"},
+        {ids({"/root/a.txt", "/root/dir"}), 0, "folders are copied, not dragged"},
+        {ids({"/root/a.txt", "/root/-/../x"}), 0, "cannot be used on this computer"},
+    };
+    open("/root");
+    for (const auto& [entries, copies, reason] : table) {
+        std::optional<DragFiles> drag;
+        browser_.prepareDragURLs(entries, [&](const DragFiles& ready) { drag = ready; });
+        ASSERT_TRUE(eventually([&] { return drag.has_value(); }));
+        EXPECT_EQ(drag->localPaths.size(), copies) << reason;
+        ASSERT_EQ(drag->notReady.empty(), reason == std::string_view()) << reason;
+        const QString said = drag->notReady.empty() ? QString() : drag->notReady.front().reason;
+        EXPECT_TRUE(said.contains(QString::fromUtf8(reason))) << said.toStdString();
+    }
+    files_->staged = local_.path(u"not there yet"_s);
+    std::optional<DragFiles> late;
+    browser_.prepareDragURLs(ids({"/root/a.txt"}), [&](const DragFiles& ready) { late = ready; });
+    ASSERT_TRUE(eventually([&] { return late.has_value(); }));
+    EXPECT_TRUE(late->localPaths.isEmpty());
+}
+
 TEST_F(FileBrowserEditTest, downloadKeepsWhatIsThereAndNeverLeavesTheFolder) {
     const FileItem plain(u"a.txt"_s, u"/root/a.txt"_s, false, 5, std::nullopt);
     FileItem twin = plain;
