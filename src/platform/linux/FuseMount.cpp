@@ -82,7 +82,10 @@ int answer(const Work& work) noexcept {
 struct stat statOf(const MountedFiles::Entry& entry) {
     constexpr qint64 blockSize = 512; // the unit of st_blocks, whatever the file system's own is
     struct stat facts {};
-    facts.st_mode = entry.isFolder ? S_IFDIR | S_IRUSR | S_IXUSR : S_IFREG | S_IRUSR;
+    // Whoever copies them copies their mode: their copies are to be like any other new file.
+    constexpr mode_t newFile = S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH;
+    constexpr mode_t newFolder = newFile | S_IXUSR | S_IXGRP | S_IXOTH;
+    facts.st_mode = entry.isFolder ? S_IFDIR | newFolder : S_IFREG | newFile;
     facts.st_nlink = entry.isFolder ? 2 : 1;
     facts.st_uid = getuid();
     facts.st_gid = getgid();
