@@ -59,6 +59,7 @@ void FileListing::giveIds() {
     keys_.reserve(items_.size());
     isFolder_.reserve(items_.size());
     indexes_.reserve(static_cast<qsizetype>(items_.size()));
+    QHash<QString, int> twins; // how many more share an id
     for (std::size_t from = 0; from < items_.size(); ++from) {
         FileItem& item = items_[from];
         QString id = item.id();
@@ -68,8 +69,8 @@ void FileListing::giveIds() {
                 continue;
             // A phone can hold two objects of one name in a folder.
             const QString shared = id;
-            for (int n = 2; indexes_.contains(id); ++n)
-                id = shared + QChar::Null + QString::number(n);
+            while (indexes_.contains(id))
+                id = shared + QChar::Null + QString::number(++twins[shared]);
             item = FileItem(item.name, item.path, item.isDirectory, item.size, item.modifiedDate,
                             item.handle, id);
             index = &indexes_[id];

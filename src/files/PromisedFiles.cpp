@@ -6,7 +6,6 @@
 #include "files/OldCopies.h"
 
 #include <QDir>
-#include <QSet>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -151,11 +150,9 @@ PromisedFiles::Found PromisedFiles::find(const QString& path) const {
     }
     Found found{promise, promise->item};
     for (qsizetype i = 3; i < parts.size(); ++i) {
-        const std::vector<FileItem> content = this->content(found);
-        const auto item = std::find_if(content.begin(), content.end(), [&](const FileItem& child) {
-            return child.name == parts[i];
-        });
-        if (item == content.end())
+        const Listing content = this->content(found);
+        const auto item = content.constFind(parts[i]);
+        if (item == content.constEnd())
             fail(ENOENT);
         found.item = *item;
     }
@@ -163,7 +160,7 @@ PromisedFiles::Found PromisedFiles::find(const QString& path) const {
 }
 
 /// What is in a promised folder; asks the phone once.
-std::vector<FileItem> PromisedFiles::content(const Found& folder) const {
+PromisedFiles::Listing PromisedFiles::content(const Found& folder) const {
     if (!folder.item.isDirectory)
         fail(ENOTDIR);
     const std::scoped_lock lock(folder.promise->mutex);
@@ -171,18 +168,17 @@ std::vector<FileItem> PromisedFiles::content(const Found& folder) const {
     if (const auto known = listings.find(folder.item.path); known != listings.end())
         return known->second;
     try {
-        std::vector<FileItem> items =
-            folder.promise->files->listDirectory(folder.item.path, stop_.get_token());
+        Listing listing;
         // A folder that cannot be copied whole is not copied in part.
-        QSet<QString> names;
-        for (const FileItem& item : items) {
-            if (!isSafeName(item.name) || isTooLongName(item.name) || names.contains(item.name))
+        for (const FileItem& item :
+             folder.promise->files->listDirectory(folder.item.path, stop_.get_token())) {
+            if (!isSafeName(item.name) || isTooLongName(item.name) || listing.contains(item.name))
                 throw TessaryError::fileIOError(
                     QStringLiteral("The name \"%1\" cannot be used on this computer.")
                         .arg(item.name));
-            names.insert(item.name);
+            listing.insert(item.name, item);
         }
-        return listings[folder.item.path] = std::move(items);
+        return listings[folder.item.path] = listing;
     } catch (const std::exception& error) {
         report(folder.item, error);
         fail(EIO);

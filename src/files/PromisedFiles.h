@@ -3,6 +3,7 @@
 #include "files/PromisedCopy.h"
 #include "platform/FileMount.h"
 
+#include <QMap>
 #include <QTemporaryDir>
 
 #include <deque>
@@ -38,12 +39,14 @@ public:
 
 private:
     class OpenFile;
+    /// What is in a folder, by name; cheap to copy.
+    using Listing = QMap<QString, FileItem>;
     /// One dragged entry, with what is known of the folders below it.
     struct Promise {
         std::shared_ptr<FileAccess> files;
         FileItem item;
         std::mutex mutex;
-        std::map<QString, std::vector<FileItem>> listings; ///< by the folder's path on the phone
+        std::map<QString, Listing> listings; ///< by the folder's path on the phone
     };
     struct Found {
         std::shared_ptr<Promise> promise;
@@ -52,7 +55,7 @@ private:
 
     bool isMounted();
     [[nodiscard]] Found find(const QString& path) const;
-    [[nodiscard]] std::vector<FileItem> content(const Found& folder) const;
+    [[nodiscard]] Listing content(const Found& folder) const;
     void report(const FileItem& item, const std::exception& error) const;
     void closed(const std::shared_ptr<PromisedCopy>& copy);
 

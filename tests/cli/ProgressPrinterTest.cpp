@@ -35,7 +35,7 @@ TEST(ProgressPrinter, oneLineOfATerminalIsRewrittenAndRemoved) {
         printer.show(half);
         EXPECT_EQ(shown(), "\r\033[K 50 %  2 kB / 4 kB  1/3 files");
         printer.show(9, 9);
-        EXPECT_EQ(shown().rfind("\r\033[K100 %  9 bytes / 9 bytes", 0), 0U);
+        EXPECT_TRUE(shown().starts_with("\r\033[K100 %  9 bytes / 9 bytes"));
     }
     EXPECT_EQ(shown(), "\r\033[K");
     std::fclose(terminal);

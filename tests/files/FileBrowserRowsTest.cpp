@@ -153,6 +153,12 @@ TEST_F(FileBrowserRowsTest, entriesThatShareAPathStayApart) {
     EXPECT_NE(rows_.id(0), rows_.id(1));
     EXPECT_EQ(rows_.item(1).id(), rows_.id(1));
     EXPECT_NE(rows_.item(0).handle, rows_.item(1).handle);
+
+    std::vector<FileItem> many(50'000, one); // in time that grows with their number
+    for (std::size_t n = 0; n < many.size(); ++n)
+        many[n].handle = static_cast<std::uint32_t>(n);
+    show(std::move(many));
+    EXPECT_EQ(rows_.count(), 50'000);
 }
 
 TEST_F(FileBrowserRowsTest, anyTwoListingsAreBridgedStepByStep) {

@@ -68,7 +68,6 @@ TEST_F(PromisedFilesTest, filesAndFoldersArriveAsTheyAreReadAndNotBefore) {
     EXPECT_EQ(local_.read(u"Trip/film.mp4"_s), film_);
     EXPECT_EQ(local_.read(u"Trip/Days/Zoë\u2019s 1.txt"_s), "one");
     EXPECT_EQ(local_.read(u"Trip/empty"_s), QByteArray());
-    // Also as root, who may write whatever the mode.
     EXPECT_TRUE(QFile::permissions(local_.path(u"film.mp4"_s)) & QFile::WriteOwner);
     EXPECT_FALSE(promises_.isBeingRead());
     EXPECT_FALSE(succeeds(u"rm"_s, {u"-rf"_s, paths[0]})); // dragging out moves nothing away
