@@ -69,6 +69,7 @@ protected:
 };
 
 TEST_F(RealInputTest, aDragOntoAFolderMovesTheEntry) {
+    drag(placeOf(u"alpha.txt"_s), placeOf(u"beta.txt"_s)); // no folder: nothing happens
     drag(placeOf(u"alpha.txt"_s), placeOf(u"Trip"_s));
     EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/Trip/alpha.txt"_s) == "a"; }));
     EXPECT_TRUE(wait([this] { return !row(u"alpha.txt"_s).isValid(); }));
@@ -96,20 +97,13 @@ TEST_F(RealInputTest, favoritesAreReorderedByDragging) {
     press(Qt::Key_B, Qt::ControlModifier);
     click(u"Trip"_s);
     press(Qt::Key_B, Qt::ControlModifier);
-    const auto names = [this] {
-        QStringList all;
-        for (const DeviceFavorite& favorite : app_->favoritesManager().favorites())
-            all.append(favorite.name);
-        return all;
-    };
-    ASSERT_EQ(names(), (QStringList{u"DCIM"_s, u"Trip"_s}));
-    QListView& favorites = list("favoriteList");
+    ASSERT_EQ(favorites(), (QStringList{u"DCIM"_s, u"Trip"_s}));
+    QListView& view = list("favoriteList");
     QCoreApplication::processEvents();
-    const QPoint first = middleOf(favorites, favorites.model()->index(0, 0));
-    const QPoint second = middleOf(favorites, favorites.model()->index(1, 0));
-    const int halfRow = favorites.visualRect(favorites.model()->index(1, 0)).height() / 2;
-    drag(first, second + QPoint(0, halfRow - 1));
-    EXPECT_TRUE(wait([&] { return names() == QStringList{u"Trip"_s, u"DCIM"_s}; }));
+    const QModelIndex last = view.model()->index(1, 0);
+    const QPoint belowIt(0, view.visualRect(last).height() / 2 - 1);
+    drag(middleOf(view, view.model()->index(0, 0)), middleOf(view, last) + belowIt);
+    EXPECT_TRUE(wait([&] { return favorites() == QStringList{u"Trip"_s, u"DCIM"_s}; }));
 }
 
 TEST_F(RealInputTest, keysSelectRenameAndWalk) {

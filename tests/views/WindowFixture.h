@@ -148,6 +148,12 @@ protected:
         doubleClick(QStringLiteral("DCIM"));
         ASSERT_TRUE(wait([this] { return isShown(QStringLiteral("alpha.txt")); }));
     }
+    [[nodiscard]] QStringList favorites() const {
+        QStringList names;
+        for (const DeviceFavorite& favorite : app_->favoritesManager().favorites())
+            names.append(favorite.name);
+        return names;
+    }
     [[nodiscard]] QStringList selectedNames() const {
         QStringList names;
         for (const FileItem& item : window_->browser().selectedEntries())
