@@ -1,8 +1,8 @@
-#include "app/views/AppStyle.h"
-#include "app/views/BrowserView.h"
-#include "app/views/Icons.h"
-#include "core/Background.h"
+#include "base/threads/Background.h"
 #include "files/FakeFileAccess.h"
+#include "views/browser/BrowserView.h"
+#include "views/common/AppStyle.h"
+#include "views/common/Icons.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "files/DeviceFileService.h"
+#include "devices/files/DeviceFileService.h"
 #include "support/FakeProcessRunner.h"
 #include "support/PluggedPhone.h"
 
@@ -26,7 +26,7 @@ struct Bench {
                                      static_cast<double>(state.iterations());
     }
 
-    VirtualUsbBus bus;
+    VirtualUSBBus bus;
     FakeProcessRunner processes;
     DeviceFileService service{bus, processes};
     PluggedPhone phone{bus};

@@ -1,4 +1,4 @@
-#include "files/LsOutput.h"
+#include "adb/files/LsOutput.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,5 +1,5 @@
-#include "core/LittleEndian.h"
-#include "mtp/MTPPacketCodec.h"
+#include "base/values/LittleEndian.h"
+#include "mtp/protocol/MTPPacketCodec.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,5 +1,5 @@
-#include "mtp/IOKitMTPTransport.h"
-#include "mtp/MTPClient.h"
+#include "mtp/client/MTPClient.h"
+#include "mtp/client/MTPUSBTransport.h"
 #include "support/PluggedPhone.h"
 
 #include <benchmark/benchmark.h>
@@ -33,10 +33,10 @@ struct Session {
         return 0;
     }
 
-    VirtualUsbBus bus;
+    VirtualUSBBus bus;
     PluggedPhone phone{bus};
     MTPClient client{
-        std::make_unique<IOKitMTPTransport>(bus, phone.info.vendorId, phone.info.productId)};
+        std::make_unique<MTPUSBTransport>(bus, phone.info.vendorId, phone.info.productId)};
 };
 
 void downloadToSink(benchmark::State& state) {

@@ -1,4 +1,4 @@
-#include "sync/SyncPlanner.h"
+#include "sync/plan/SyncPlanner.h"
 
 #include <QTimeZone>
 #include <benchmark/benchmark.h>

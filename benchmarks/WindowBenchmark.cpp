@@ -6,13 +6,13 @@
 // QT_QPA_PLATFORM=offscreen, or on a display: WindowBenchmark [idle seconds]
 
 #include "app/TessaryApp.h"
-#include "app/views/AppStyle.h"
-#include "app/views/Icons.h"
-#include "app/views/MainWindow.h"
-#include "core/StallWatch.h"
-#include "phones/VirtualAndroid.h"
-#include "platform/qt/QtProcessRunner.h"
+#include "base/threads/StallWatch.h"
+#include "platform/process/QtProcessRunner.h"
+#include "simulator/mtp/VirtualAndroid.h"
 #include "support/PluggedPhone.h"
+#include "views/common/AppStyle.h"
+#include "views/common/Icons.h"
+#include "views/window/MainWindow.h"
 
 #include <QApplication>
 #include <QFile>
@@ -93,7 +93,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     setUpStyle();
     setUpIconTheme();
-    VirtualUsbBus bus;
+    VirtualUSBBus bus;
     const double phonesBegin = sinceStart();
     const PluggedPhone first(bus, phoneConfig("A")); // the window opens it, by its name
     const PluggedPhone second(bus, phoneConfig("B", "1-2"));

@@ -1,6 +1,6 @@
 #include "FuzzTarget.h"
-#include "adb/ADBMessage.h"
-#include "adb/ADBSyncCodec.h"
+#include "adb/protocol/ADBMessage.h"
+#include "adb/protocol/ADBSyncCodec.h"
 
 #include <algorithm>
 

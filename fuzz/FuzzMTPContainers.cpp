@@ -1,5 +1,5 @@
 #include "FuzzTarget.h"
-#include "mtp/MTPPacketCodec.h"
+#include "mtp/protocol/MTPPacketCodec.h"
 
 using namespace tessary;
 

@@ -1,8 +1,8 @@
 #include "FuzzTarget.h"
-#include "mtp/IOKitMTPTransport.h"
-#include "mtp/MTPClient.h"
+#include "mtp/client/MTPClient.h"
+#include "mtp/client/MTPUSBTransport.h"
 #include "support/MTPContainers.h"
-#include "support/ScriptedUsbBus.h"
+#include "support/ScriptedUSBBus.h"
 
 #include <array>
 
@@ -28,7 +28,7 @@ constexpr std::uint64_t readBufferLimit = std::uint64_t{1} << 20;
 /// Bit 6 lets what is next join the transfer of this step.
 class FuzzedDevice {
 public:
-    FuzzedDevice(ScriptedUsbBus& bus, ByteView input) : bus_(bus), input_(input) {}
+    FuzzedDevice(ScriptedUSBBus& bus, ByteView input) : bus_(bus), input_(input) {}
 
     void answer(ByteView written) {
         if (written.size() >= MTPContainerHeader::size)
@@ -48,7 +48,7 @@ private:
         input_ = input_.subspan(taken.size());
         return {taken.begin(), taken.end()};
     }
-    UsbCode code() {
+    USBCode code() {
         constexpr std::array codes{usb::pipeStalled, usb::timeout,  usb::generalError,
                                    usb::overrun,     usb::noDevice, usb::aborted};
         return codes[number<std::uint8_t>() % codes.size()];
@@ -97,7 +97,7 @@ private:
         }
     }
 
-    ScriptedUsbBus& bus_;
+    ScriptedUSBBus& bus_;
     ByteView input_;
     Bytes joined_;
     std::uint32_t transactionID_ = 0;
@@ -116,11 +116,11 @@ void attempt(Call&& call) {
 
 /// A whole session with a device that answers anything.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    ScriptedUsbBus bus;
+    ScriptedUSBBus bus;
     FuzzedDevice device(bus, fuzzInput(data, size));
     bus.afterWrite = [&](ByteView written) { device.answer(written); };
     {
-        MTPClient client(std::make_unique<IOKitMTPTransport>(bus, 0x18D1, 0x4EE1));
+        MTPClient client(std::make_unique<MTPUSBTransport>(bus, 0x18D1, 0x4EE1));
         std::vector<std::uint32_t> storages{1};
         std::vector<std::uint32_t> handles{2};
         attempt([&] { client.openSession(1); });

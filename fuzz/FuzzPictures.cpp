@@ -1,6 +1,6 @@
 #include "FuzzTarget.h"
-#include "app/previews/Picture.h"
-#include "app/previews/TextSample.h"
+#include "preview/Picture.h"
+#include "preview/TextSample.h"
 
 using namespace tessary;
 

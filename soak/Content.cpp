@@ -1,8 +1,8 @@
 #include "Content.h"
 
 #include "Story.h"
-#include "core/PartFile.h"
-#include "sync/SyncManifest.h"
+#include "base/local/PartFile.h"
+#include "sync/plan/SyncManifest.h"
 
 #include <QDateTime>
 #include <QDir>

@@ -1,8 +1,8 @@
 #include "Program.h"
 
 #include "Story.h"
-#include "core/Background.h"
-#include "files/AndroidFileAccess.h"
+#include "base/threads/Background.h"
+#include "devices/files/AndroidFileAccess.h"
 
 #include <QCoreApplication>
 
@@ -13,11 +13,11 @@ namespace tessary {
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
-Program::Program(VirtualUsbBus& bus, const QProcessEnvironment& environment, const QString& folder,
-                 bool withAdb)
+Program::Program(VirtualUSBBus& bus, const QProcessEnvironment& environment, const QString& folder,
+                 bool withADB)
     : processes_(environment),
       files(bus, processes_),
-      devices({bus, &multiplexer, withAdb}, files),
+      devices({bus, &multiplexer, withADB}, files),
       previews(folder + u"/previews"_s, 20'000'000),
       browser(transfers, {.openAndroid =
                               [this](const DeviceInfo& device) {

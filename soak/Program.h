@@ -2,15 +2,15 @@
 
 #include "SoakPhones.h"
 
-#include "devices/DeviceManager.h"
-#include "files/DeviceFileService.h"
-#include "files/FileBrowserViewModel.h"
-#include "files/TransferEngine.h"
-#include "files/TransferViewModel.h"
+#include "browser/model/FileBrowserViewModel.h"
+#include "devices/files/DeviceFileService.h"
+#include "devices/list/DeviceManager.h"
 #include "ios/Multiplexer.h"
-#include "platform/MemoryUserDefaults.h"
-#include "platform/qt/QtProcessRunner.h"
-#include "sync/SyncManager.h"
+#include "platform/process/QtProcessRunner.h"
+#include "platform/settings/MemoryUserDefaults.h"
+#include "sync/manager/SyncManager.h"
+#include "transfer/TransferEngine.h"
+#include "transfer/TransferViewModel.h"
 
 #include <atomic>
 #include <chrono>
@@ -23,8 +23,8 @@ namespace tessary {
 class Program {
 public:
     /// `folder` is for what it keeps on the disk; `environment` leads to adb's server.
-    Program(VirtualUsbBus& bus, const QProcessEnvironment& environment, const QString& folder,
-            bool withAdb);
+    Program(VirtualUSBBus& bus, const QProcessEnvironment& environment, const QString& folder,
+            bool withADB);
 
     /// Turns the event loop until `holds`; throws Broken that says `what` when it does not in time.
     static void await(const char* what, const std::function<bool()>& holds,

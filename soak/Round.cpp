@@ -167,7 +167,7 @@ void Round::download(SoakPhone& phone) {
     const auto choice =
         dice_.oneOf(std::vector{NameClash::keepBoth, NameClash::replace, NameClash::skip});
     ++surveys_;
-    program_.browser.surveyDownload(ids, downloads_, [=, this, &phone](const CopySurvey& survey) {
+    program_.browser.surveyDownload(ids, downloads_, [=, this, &phone](const CopyPlan& survey) {
         --surveys_;
         CopyChoices choices;
         for (const CopyCandidate& candidate : survey.candidates)

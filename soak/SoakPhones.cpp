@@ -1,6 +1,6 @@
 #include "SoakPhones.h"
 
-#include "mtp/MTPCodes.h"
+#include "mtp/protocol/MTPCodes.h"
 
 #include <QStringList>
 
@@ -71,7 +71,7 @@ QString SoakPhone::onDisk(const QString& path) const {
     return folder_ + (path.startsWith(root) ? path.mid(root.size()) : path);
 }
 
-SoakAndroid::SoakAndroid(VirtualUsbBus& bus, int number, const QString& folder)
+SoakAndroid::SoakAndroid(VirtualUSBBus& bus, int number, const QString& folder)
     : SoakPhone(u"Android %1"_s.arg(number), folder),
       bus_(bus),
       android_(configOf(number, folder)) {}
@@ -79,7 +79,7 @@ SoakAndroid::SoakAndroid(VirtualUsbBus& bus, int number, const QString& folder)
 QString SoakAndroid::breakDown(Dice& dice) {
     const auto operation = dice.oneOf(std::vector(operations));
     const auto code = static_cast<std::uint16_t>(operation);
-    const VirtualByteFault bytes{dice.happens(50) ? UsbDirection::in : UsbDirection::out,
+    const VirtualByteFault bytes{dice.happens(50) ? USBDirection::in : USBDirection::out,
                                  someBytes(dice), static_cast<unsigned>(dice.between(1, 20))};
     const auto answer = static_cast<std::uint16_t>(dice.oneOf(answers));
     const int kind = dice.between(1, 100);
@@ -193,9 +193,9 @@ void SoakIPhone::heal(Dice& dice) {
     iPhone_.faults().set(std::move(faults));
 }
 
-SoakAdbPhone::SoakAdbPhone(AdbServer& server, const QString& folder)
+SoakADBPhone::SoakADBPhone(ADBServer& server, const QString& folder)
     : SoakPhone(u"Android by adb"_s, folder), server_(server), adbd_([&] {
-          AdbdConfig config;
+          ADBDConfig config;
           config.folder = folder;
           return config;
       }()) {
@@ -205,8 +205,8 @@ SoakAdbPhone::SoakAdbPhone(AdbServer& server, const QString& folder)
         throw std::runtime_error("adb does not reach its phone");
 }
 
-QString SoakAdbPhone::breakDown(Dice& dice) {
-    return adbd_.faults().update([&](AdbdFaults& faults) -> QString {
+QString SoakADBPhone::breakDown(Dice& dice) {
+    return adbd_.faults().update([&](ADBDFaults& faults) -> QString {
         if (dice.happens(70)) {
             faults.dropAfter = someBytes(dice);
             return u"cut after %1 bytes"_s.arg(*faults.dropAfter);
@@ -216,8 +216,8 @@ QString SoakAdbPhone::breakDown(Dice& dice) {
     });
 }
 
-void SoakAdbPhone::heal(Dice& dice) {
-    AdbdFaults faults;
+void SoakADBPhone::heal(Dice& dice) {
+    ADBDFaults faults;
     faults.megabytesPerSecond = someSpeed(dice);
     adbd_.faults().set(std::move(faults));
 }

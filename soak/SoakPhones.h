@@ -2,12 +2,12 @@
 
 #include "Dice.h"
 
-#include "phones/AdbServer.h"
-#include "phones/VirtualAdbd.h"
-#include "phones/VirtualAndroid.h"
-#include "phones/VirtualIPhone.h"
-#include "phones/VirtualMux.h"
-#include "phones/VirtualUsbBus.h"
+#include "simulator/adbd/ADBServer.h"
+#include "simulator/adbd/VirtualADBD.h"
+#include "simulator/iphone/VirtualIPhone.h"
+#include "simulator/iphone/VirtualMux.h"
+#include "simulator/mtp/VirtualAndroid.h"
+#include "simulator/usb/VirtualUSBBus.h"
 
 #include <QString>
 
@@ -57,7 +57,7 @@ private:
 /// Over MTP.
 class SoakAndroid final : public SoakPhone {
 public:
-    SoakAndroid(VirtualUsbBus& bus, int number, const QString& folder);
+    SoakAndroid(VirtualUSBBus& bus, int number, const QString& folder);
 
     [[nodiscard]] QString udid() const override {
         return android_.config().serialNumber;
@@ -78,7 +78,7 @@ public:
     }
 
 private:
-    VirtualUsbBus& bus_;
+    VirtualUSBBus& bus_;
     VirtualAndroid android_;
 };
 
@@ -115,10 +115,10 @@ private:
 };
 
 /// Over the real adb. It is not unplugged, which adb takes long to see: its connection is cut.
-class SoakAdbPhone final : public SoakPhone {
+class SoakADBPhone final : public SoakPhone {
 public:
     /// Blocks until adb reaches it; throws std::runtime_error when it does not.
-    SoakAdbPhone(AdbServer& server, const QString& folder);
+    SoakADBPhone(ADBServer& server, const QString& folder);
 
     [[nodiscard]] QString udid() const override {
         return adbd_.address();
@@ -140,8 +140,8 @@ public:
     }
 
 private:
-    AdbServer& server_;
-    VirtualAdbd adbd_;
+    ADBServer& server_;
+    VirtualADBD adbd_;
 };
 
 } // namespace tessary

@@ -24,13 +24,13 @@ namespace {
 /// Where adb's server of this run listens, and the phone that it reaches.
 const QString adb = u"/usr/bin/adb"_s;
 
-void soak(Story& story, Dice& dice, std::chrono::seconds time, bool withAdb) {
+void soak(Story& story, Dice& dice, std::chrono::seconds time, bool withADB) {
     const TemporaryFolder disk;
     qputenv("XDG_CACHE_HOME", disk.path(u"cache"_s).toUtf8());
     VirtualMux mux(disk.path(u"mux"_s));
     mux.useInThisProcess();
-    VirtualUsbBus bus;
-    AdbServer server(disk.makeFolder(u"keys"_s));
+    VirtualUSBBus bus;
+    ADBServer server(disk.makeFolder(u"keys"_s));
     std::vector<std::unique_ptr<SoakPhone>> phones;
     for (const int number : {1, 2}) {
         phones.push_back(std::make_unique<SoakAndroid>(
@@ -38,15 +38,15 @@ void soak(Story& story, Dice& dice, std::chrono::seconds time, bool withAdb) {
         phones.push_back(
             std::make_unique<SoakIPhone>(mux, number, disk.makeFolder(u"iphone%1"_s.arg(number))));
     }
-    if (withAdb) {
+    if (withADB) {
         server.start(adb);
         server.awaitStart();
-        phones.push_back(std::make_unique<SoakAdbPhone>(server, disk.makeFolder(u"adb"_s)));
+        phones.push_back(std::make_unique<SoakADBPhone>(server, disk.makeFolder(u"adb"_s)));
     }
     for (const auto& phone : phones)
         phone->plug();
 
-    Program program(bus, server.environment(), disk.path(), withAdb);
+    Program program(bus, server.environment(), disk.path(), withADB);
     Content content(dice);
     SyncPairs pairs(program, content, dice, story);
     for (std::size_t n = 0; n < phones.size(); ++n)

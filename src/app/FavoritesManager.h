@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/DeviceFavorite.h"
-#include "platform/UserDefaults.h"
+#include "platform/settings/UserDefaults.h"
 
 #include <QObject>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/AppLanguage.h"
-#include "platform/MemoryUserDefaults.h"
+#include "platform/settings/MemoryUserDefaults.h"
 
 #include <QLocale>
 #include <QObject>

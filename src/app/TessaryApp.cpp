@@ -1,7 +1,7 @@
 #include "app/TessaryApp.h"
 
-#include "core/Background.h"
-#include "sync/SyncConnection.h"
+#include "base/threads/Background.h"
+#include "sync/manager/SyncConnection.h"
 
 namespace tessary {
 

@@ -3,15 +3,15 @@
 #include "app/FavoritesManager.h"
 #include "app/LanguageManager.h"
 #include "app/UpdateCheckerService.h"
-#include "devices/DeviceManager.h"
-#include "files/DeviceFileService.h"
-#include "files/PromisedFiles.h"
-#include "files/TransferEngine.h"
-#include "platform/MemoryUserDefaults.h"
-#include "platform/Notifier.h"
-#include "platform/ServiceBrowser.h"
-#include "platform/qt/QtHttpClient.h"
-#include "sync/SyncManager.h"
+#include "devices/files/DeviceFileService.h"
+#include "devices/list/DeviceManager.h"
+#include "platform/desktop/Notifier.h"
+#include "platform/dnssd/ServiceBrowser.h"
+#include "platform/http/QtHttpClient.h"
+#include "platform/settings/MemoryUserDefaults.h"
+#include "sync/manager/SyncManager.h"
+#include "transfer/OnDemandMount.h"
+#include "transfer/TransferEngine.h"
 
 #include <QObject>
 
@@ -22,7 +22,7 @@ namespace tessary {
 
 /// What the program brings along for its windows.
 struct TessaryAppSetup {
-    std::vector<UsbIds>
+    std::vector<USBIds>
         alsoAccept;      ///< USB devices that count as phones although no rule knows them
     bool isDemo = false; ///< the phones are virtual ones
     /// Starts the program again with virtual phones and ends this one.
@@ -85,7 +85,7 @@ public:
         return engine_;
     }
     /// What was dragged out of the windows.
-    [[nodiscard]] PromisedFiles& promisedFiles() {
+    [[nodiscard]] OnDemandMount& promisedFiles() {
         return promisedFiles_;
     }
     /// Whether the notice that nothing newer was found is due; false puts it away.
@@ -109,7 +109,7 @@ public:
 private:
     DeviceFileService& files_;
     TessaryAppSetup setup_;
-    PromisedFiles promisedFiles_;
+    OnDemandMount promisedFiles_;
     TransferEngine engine_;
     DeviceManager deviceManager_;
     SyncManager syncManager_;

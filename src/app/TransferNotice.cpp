@@ -1,7 +1,7 @@
 #include "app/TransferNotice.h"
 
 #include "app/Translations.h"
-#include "core/Printable.h"
+#include "base/text/Printable.h"
 
 #include <QPointer>
 

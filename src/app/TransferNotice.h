@@ -1,7 +1,7 @@
 #pragma once
 
-#include "files/TransferViewModel.h"
-#include "platform/Notifier.h"
+#include "platform/desktop/Notifier.h"
+#include "transfer/TransferViewModel.h"
 
 #include <QObject>
 

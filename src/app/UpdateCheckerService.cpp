@@ -1,9 +1,9 @@
 #include "app/UpdateCheckerService.h"
 
-#include "core/Background.h"
-#include "core/CancellationError.h"
-#include "core/DiagnosticsLogger.h"
-#include "core/Product.h"
+#include "base/log/DiagnosticsLogger.h"
+#include "base/log/Product.h"
+#include "base/threads/Background.h"
+#include "base/threads/CancellationError.h"
 
 #include <QUuid>
 

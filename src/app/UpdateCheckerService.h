@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/UpdateInfo.h"
-#include "platform/HttpClient.h"
-#include "platform/UserDefaults.h"
+#include "platform/http/HttpClient.h"
+#include "platform/settings/UserDefaults.h"
 
 #include <QObject>
 #include <QUrl>

@@ -1,9 +1,9 @@
 #include "cli/ChosenDevice.h"
 
-#include "core/CancellationError.h"
-#include "core/TessaryError.h"
-#include "devices/AdbPhones.h"
-#include "devices/IOSDevices.h"
+#include "base/threads/CancellationError.h"
+#include "base/values/TessaryError.h"
+#include "devices/list/ADBPhones.h"
+#include "devices/list/IPhoneDevices.h"
 #include "ios/LockdownSession.h"
 
 #include <algorithm>
@@ -29,11 +29,11 @@ void readNames(std::vector<DeviceInfo>& devices, const std::stop_token& stop) {
 } // namespace
 
 DeviceInfo chooseDevice(DeviceSources sources, const CliRequest& request,
-                        const std::stop_token& stop, const std::vector<AdbDevice>& reachedByAdb) {
+                        const std::stop_token& stop, const std::vector<ADBDevice>& reachedByADB) {
     std::vector<DeviceInfo> all = scanAndroidDevices(sources.usb, request.alsoAccept);
-    addAdbPhones(all, reachedByAdb);
+    addADBPhones(all, reachedByADB);
     if (sources.multiplexer != nullptr)
-        for (DeviceInfo& phone : scanIOSDevices(*sources.multiplexer))
+        for (DeviceInfo& phone : scanIPhoneDevices(*sources.multiplexer))
             all.push_back(std::move(phone));
     using Test = bool (*)(const DeviceInfo&, const QString&);
     struct Rule {

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "adb/files/ADBDevices.h"
 #include "cli/CommandLine.h"
-#include "core/DeviceInfo.h"
-#include "devices/DeviceSources.h"
-#include "files/AdbDevices.h"
+#include "devices/list/DeviceSources.h"
+#include "phone/records/DeviceInfo.h"
 
 #include <stop_token>
 #include <vector>
@@ -15,6 +15,6 @@ namespace tessary {
 /// TessaryError::deviceNotFound, in words that say what to do, when none or several fit.
 [[nodiscard]] DeviceInfo chooseDevice(DeviceSources sources, const CliRequest& request,
                                       const std::stop_token& stop,
-                                      const std::vector<AdbDevice>& reachedByAdb = {});
+                                      const std::vector<ADBDevice>& reachedByADB = {});
 
 } // namespace tessary

@@ -1,20 +1,20 @@
 #include "cli/CliRunner.h"
 
+#include "base/text/ByteFormat.h"
+#include "base/text/Printable.h"
+#include "base/threads/CancellationError.h"
+#include "base/values/TessaryError.h"
 #include "cli/ChosenDevice.h"
 #include "cli/DeviceChanges.h"
 #include "cli/DeviceFollower.h"
 #include "cli/ProgressPrinter.h"
 #include "cli/RecordJson.h"
-#include "core/ByteFormat.h"
-#include "core/CancellationError.h"
-#include "core/Printable.h"
-#include "core/TessaryError.h"
-#include "devices/DeviceManager.h"
-#include "files/AndroidFileAccess.h"
-#include "files/AppFileAccess.h"
-#include "files/DevicePath.h"
-#include "files/ErrorAdvice.h"
+#include "devices/files/AndroidFileAccess.h"
+#include "devices/files/AppFileAccess.h"
+#include "devices/list/DeviceManager.h"
 #include "ios/AppLister.h"
+#include "phone/DevicePath.h"
+#include "transfer/ErrorAdvice.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -109,12 +109,12 @@ void CliRunner::printLine(const QString& line) {
 const DeviceInfo& CliRunner::chosenDevice() {
     if (device_)
         return *device_;
-    const bool wantsAdb = request_.protocol == ProtocolMode::adbTurbo;
-    if (wantsAdb && !service_.findAdbBinary())
+    const bool wantsADB = request_.protocol == ProtocolMode::adbTurbo;
+    if (wantsADB && !service_.findADBBinary())
         throw TessaryError::fileIOError(
             QStringLiteral("adb is not installed. Install it, or use --protocol mtp."));
-    std::vector<AdbDevice> reached;
-    if (wantsAdb || (sources_.asksAdb && !request_.protocol))
+    std::vector<ADBDevice> reached;
+    if (wantsADB || (sources_.asksADB && !request_.protocol))
         reached = service_.adbDevices();
     DeviceInfo device = chooseDevice(sources_, request_, stop_, reached);
     if (device.platform == DevicePlatform::android) {

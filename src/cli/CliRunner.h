@@ -1,11 +1,11 @@
 #pragma once
 
 #include "cli/CommandLine.h"
-#include "devices/DeviceSources.h"
-#include "files/DeviceFileService.h"
-#include "files/FileAccess.h"
-#include "platform/UserDefaults.h"
-#include "sync/SyncReport.h"
+#include "devices/files/DeviceFileService.h"
+#include "devices/list/DeviceSources.h"
+#include "phone/FileAccess.h"
+#include "platform/settings/UserDefaults.h"
+#include "sync/plan/SyncReport.h"
 
 #include <cstdio>
 #include <memory>

@@ -1,6 +1,6 @@
 #include "cli/CommandLine.h"
 
-#include "core/Product.h"
+#include "base/log/Product.h"
 
 #include <CLI/CLI.hpp>
 #include <QDir>
@@ -51,13 +51,13 @@ constexpr std::array modeNames{ModeName{"both", SyncMode::biDirectional},
                                ModeName{"to-mac", SyncMode::toMac}};
 
 /// "VID:PID" in hexadecimal.
-std::optional<UsbIds> parseIds(const std::string& ids) {
+std::optional<USBIds> parseIds(const std::string& ids) {
     const QStringList parts = text(ids).split(QLatin1Char(':'));
     if (parts.size() != 2)
         return std::nullopt;
     bool vendorOk = false;
     bool productOk = false;
-    const UsbIds parsed{parts[0].toUShort(&vendorOk, 16), parts[1].toUShort(&productOk, 16)};
+    const USBIds parsed{parts[0].toUShort(&vendorOk, 16), parts[1].toUShort(&productOk, 16)};
     if (!vendorOk || !productOk)
         return std::nullopt;
     return parsed;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "devices/AndroidDevices.h"
-#include "sync/SyncPair.h"
+#include "devices/list/AndroidDevices.h"
+#include "sync/plan/SyncPair.h"
 
 #include <QString>
 #include <QStringList>
@@ -43,7 +43,7 @@ struct CliRequest {
     bool json = false;
     bool demo = false;
     QString demoFolder; ///< where the virtual phones keep their files; empty: a temporary folder
-    std::vector<UsbIds> alsoAccept;       ///< --usb
+    std::vector<USBIds> alsoAccept;       ///< --usb
     std::optional<ProtocolMode> protocol; ///< --protocol, for Android phones
 
     // Of a sync:

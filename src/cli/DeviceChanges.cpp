@@ -1,7 +1,7 @@
 #include "cli/DeviceChanges.h"
 
+#include "base/text/Printable.h"
 #include "cli/RecordJson.h"
-#include "core/Printable.h"
 
 #include <QJsonArray>
 

@@ -1,6 +1,6 @@
 #include "cli/DeviceFollower.h"
 
-#include "core/MainThread.h"
+#include "base/threads/MainThread.h"
 
 #include <condition_variable>
 #include <deque>
@@ -34,7 +34,7 @@ struct DeviceFollower::State {
 };
 
 DeviceFollower::DeviceFollower(Mode mode, DeviceSources sources, DeviceFileService& files,
-                               const std::vector<UsbIds>& alsoAccept)
+                               const std::vector<USBIds>& alsoAccept)
     : state_(std::make_shared<State>()) {
     MainThread::post([state = state_, mode, sources, &files, alsoAccept] {
         state->manager = std::make_unique<DeviceManager>(sources, files, alsoAccept);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "devices/DeviceManager.h"
+#include "devices/list/DeviceManager.h"
 
 #include <chrono>
 #include <memory>
@@ -32,7 +32,7 @@ public:
     /// Not on the main thread. `sources` and `files` must outlive the follower and the background
     /// work that its manager starts.
     DeviceFollower(Mode mode, DeviceSources sources, DeviceFileService& files,
-                   const std::vector<UsbIds>& alsoAccept);
+                   const std::vector<USBIds>& alsoAccept);
     /// Waits until the manager is gone.
     ~DeviceFollower();
     DeviceFollower(const DeviceFollower&) = delete;

@@ -1,6 +1,6 @@
 #include "cli/ProgressPrinter.h"
 
-#include "core/ByteFormat.h"
+#include "base/text/ByteFormat.h"
 
 #include <unistd.h>
 

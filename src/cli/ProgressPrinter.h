@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/TransferProgress.h"
-#include "core/TransferSpeed.h"
+#include "phone/TransferProgress.h"
+#include "transfer/TransferSpeed.h"
 
 #include <QString>
 

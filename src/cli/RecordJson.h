@@ -1,9 +1,9 @@
 #pragma once
 
-#include "core/AppInfo.h"
-#include "core/DeviceInfo.h"
-#include "core/FileItem.h"
-#include "core/TransferOutcome.h"
+#include "phone/records/AppInfo.h"
+#include "phone/records/DeviceInfo.h"
+#include "phone/records/FileItem.h"
+#include "phone/TransferOutcome.h"
 
 #include <QJsonObject>
 

@@ -1,11 +1,11 @@
 #include "ios/AFCClient.h"
 
-#include "core/CancellationError.h"
-#include "core/MainThread.h"
-#include "core/NameOrder.h"
-#include "core/PartFile.h"
-#include "core/PathNames.h"
-#include "core/TessaryError.h"
+#include "base/local/PartFile.h"
+#include "base/text/NameOrder.h"
+#include "base/text/PathNames.h"
+#include "base/threads/CancellationError.h"
+#include "base/threads/MainThread.h"
+#include "base/values/TessaryError.h"
 #include "ios/AFCConnection.h"
 
 #include <QFileInfo>

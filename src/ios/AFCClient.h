@@ -1,10 +1,10 @@
 #pragma once
 
-#include "core/FileItem.h"
-#include "core/LocalTree.h"
-#include "core/SerialQueue.h"
-#include "core/TransferOutcome.h"
+#include "base/local/LocalTree.h"
+#include "base/threads/SerialQueue.h"
 #include "ios/LockdownSession.h"
+#include "phone/records/FileItem.h"
+#include "phone/TransferOutcome.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 #include "ios/AFCConnection.h"
 
-#include "core/DiagnosticsLogger.h"
-#include "core/TessaryError.h"
+#include "base/log/DiagnosticsLogger.h"
+#include "base/values/TessaryError.h"
 #include "ios/PlistValues.h"
 
 #include <algorithm>

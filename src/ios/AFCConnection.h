@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/Bytes.h"
+#include "base/values/Bytes.h"
 #include "ios/AFCFileInfo.h"
 #include "ios/Handles.h"
 #include "ios/LockdownSession.h"

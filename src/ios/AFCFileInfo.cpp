@@ -1,6 +1,6 @@
 #include "ios/AFCFileInfo.h"
 
-#include "core/ByteCount.h"
+#include "base/text/ByteCount.h"
 
 #include <QTimeZone>
 

@@ -1,12 +1,12 @@
 #include "ios/AFCClient.h"
 
-#include "core/ByteCount.h"
-#include "core/CancellationError.h"
-#include "core/DiagnosticsLogger.h"
-#include "core/LocalTree.h"
-#include "core/MainThread.h"
-#include "core/PathNames.h"
-#include "core/TessaryError.h"
+#include "base/local/LocalTree.h"
+#include "base/log/DiagnosticsLogger.h"
+#include "base/text/ByteCount.h"
+#include "base/text/PathNames.h"
+#include "base/threads/CancellationError.h"
+#include "base/threads/MainThread.h"
+#include "base/values/TessaryError.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 #include "ios/AppLister.h"
 
-#include "core/NameOrder.h"
-#include "core/TessaryError.h"
+#include "base/text/NameOrder.h"
+#include "base/values/TessaryError.h"
 #include "ios/PlistValues.h"
 
 #include <algorithm>

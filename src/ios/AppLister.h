@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/AppInfo.h"
 #include "ios/LockdownSession.h"
+#include "phone/records/AppInfo.h"
 
 #include <vector>
 

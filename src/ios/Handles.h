@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/FreeWith.h"
+#include "base/values/FreeWith.h"
 
 #include <libimobiledevice/afc.h>
 #include <libimobiledevice/house_arrest.h>

@@ -1,8 +1,8 @@
 #include "ios/LockdownSession.h"
 
-#include "core/ByteCount.h"
-#include "core/CancellationError.h"
-#include "core/TessaryError.h"
+#include "base/text/ByteCount.h"
+#include "base/threads/CancellationError.h"
+#include "base/values/TessaryError.h"
 #include "ios/PlistValues.h"
 
 #include <usbmuxd.h>

@@ -1,6 +1,6 @@
 #include "ios/Multiplexer.h"
 
-#include "core/DiagnosticsLogger.h"
+#include "base/log/DiagnosticsLogger.h"
 
 #include <usbmuxd.h>
 

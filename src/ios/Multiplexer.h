@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/DeviceInfo.h"
+#include "phone/records/DeviceInfo.h"
 
 #include <QString>
 

@@ -1,8 +1,8 @@
-#include "adb/ADBAuthManager.h"
+#include "adb/protocol/ADBAuthManager.h"
 #include "adb/AsciiBytes.h"
-#include "phones/VirtualAdbd.h"
-#include "platform/linux/FileKeyStore.h"
-#include "platform/qt/QtProcessRunner.h"
+#include "platform/keys/FileKeyStore.h"
+#include "platform/process/QtProcessRunner.h"
+#include "simulator/adbd/VirtualADBD.h"
 #include "support/QtPrinters.h"
 #include "support/TemporaryFolder.h"
 
@@ -75,17 +75,17 @@ TEST_F(ADBAuthManagerTest, payloadIsKeyThenUserAtHostThenOneNul) {
         textOf(manager(QString()).getPublicKeyPayload()).endsWith(QByteArray(" ann@macOS\0", 11)));
 }
 
-TEST_F(ADBAuthManagerTest, keyOfTheAdbToolSignsForItsPublicKeyAndForOurs) {
+TEST_F(ADBAuthManagerTest, keyOfTheADBToolSignsForItsPublicKeyAndForOurs) {
     folder_.makeFolder(QStringLiteral("keys"));
     expectSucceeds("adb keygen @keys/com.kestrine.adb.privatekey");
     ASSERT_TRUE(folder_.has(storedKey()));
     const Bytes signature = manager().sign(token);
     for (const Bytes& publicKey : {bytesOfFile(folder_.read(storedKey() + QStringLiteral(".pub"))),
                                    manager().getPublicKeyPayload()}) {
-        AdbdKeys phone;
+        ADBDKeys phone;
         ASSERT_TRUE(phone.trust(publicKey)) << textOf(publicKey).toStdString();
         EXPECT_TRUE(phone.hasSigned(token, signature));
-        EXPECT_FALSE(phone.hasSigned(makeAdbdToken(), signature));
+        EXPECT_FALSE(phone.hasSigned(makeADBDToken(), signature));
     }
 }
 

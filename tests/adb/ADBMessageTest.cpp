@@ -1,4 +1,4 @@
-#include "adb/ADBMessage.h"
+#include "adb/protocol/ADBMessage.h"
 #include "adb/AsciiBytes.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "adb/ADBSyncCodec.h"
+#include "adb/protocol/ADBSyncCodec.h"
 #include "adb/AsciiBytes.h"
 #include "support/QtPrinters.h"
 

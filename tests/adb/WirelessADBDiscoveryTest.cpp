@@ -1,5 +1,5 @@
-#include "adb/WirelessADBDiscovery.h"
-#include "core/MainThread.h"
+#include "adb/protocol/WirelessADBDiscovery.h"
+#include "base/threads/MainThread.h"
 #include "support/Application.h"
 #include "support/AvahiNetwork.h"
 #include "support/QtPrinters.h"

@@ -1,5 +1,5 @@
 #include "app/FavoritesManager.h"
-#include "platform/MemoryUserDefaults.h"
+#include "platform/settings/MemoryUserDefaults.h"
 #include "support/QtPrinters.h"
 
 #include <QJsonArray>

@@ -1,9 +1,9 @@
 #include "app/Translations.h"
 #include "app/LanguageManager.h"
-#include "core/DeviceInfo.h"
-#include "core/FileCategory.h"
-#include "files/TransferJob.h"
+#include "phone/records/DeviceInfo.h"
+#include "phone/records/FileCategory.h"
 #include "support/QtPrinters.h"
+#include "transfer/TransferJob.h"
 
 #include <QDirIterator>
 #include <QFile>
@@ -52,32 +52,34 @@ QMap<QString, QString> usedKeys() {
             if (key.size() > 2 && key != QLatin1StringView("Another program")) // half a message
                 used.insert(key, where);
     };
-    QDirIterator sources(QStringLiteral(TESSARY_SOURCES "/app"), {u"*.cpp"_s, u"*.h"_s},
-                         QDir::Files, QDirIterator::Subdirectories);
-    while (sources.hasNext()) {
-        const QString path = sources.next();
-        const QString name = path.mid(static_cast<int>(sizeof(TESSARY_SOURCES)));
-        add(name, keysAfter(QStringLiteral(R"(\btr(?:Message)?\()"), sourceOf(name)));
+    for (const char* folder : {"app", "views"}) {
+        QDirIterator sources(QStringLiteral(TESSARY_SOURCES "/%1").arg(QLatin1StringView(folder)),
+                             {u"*.cpp"_s, u"*.h"_s}, QDir::Files, QDirIterator::Subdirectories);
+        while (sources.hasNext()) {
+            const QString path = sources.next();
+            const QString name = path.mid(static_cast<int>(sizeof(TESSARY_SOURCES)));
+            add(name, keysAfter(QStringLiteral(R"(\btr(?:Message)?\()"), sourceOf(name)));
+        }
     }
     // Words of lower layers that views show.
     const std::pair<const char*, const char*> others[] = {
         {"app/TranslatedMessage.cpp", R"(\n    (?="))"},
-        {"files/ErrorAdvice.cpp", R"(\w\((?=\s*"[A-Z]))"},
-        {"files/FileListModel.cpp", R"(QLatin1StringView\()"},
-        {"files/FileBrowserPaths.cpp", R"(QStringLiteral\((?="[A-Z]))"},
-        {"files/BrowserLoad.cpp", R"(QStringLiteral\()"},
-        {"files/TransferEnd.cpp", R"(QStringLiteral\()"},
-        {"files/ADBTool.cpp", R"(,\s+View\()"},
-        {"files/ADBWireless.cpp", R"((?:return|:) QStringLiteral\()"},
-        {"sync/SyncManager.cpp", R"(SyncStatus::syncing\(QStringLiteral\()"},
-        {"sync/SyncRun.cpp", R"(tell\(QStringLiteral\()"},
-        {"sync/SyncWorker.cpp", R"(begin\(QStringLiteral\()"},
-        {"sync/SyncTreeWalk.cpp", R"(unusable\[path\] = QStringLiteral\()"},
-        {"sync/DiskSyncFolder.cpp", R"(unusable\[path\] = QStringLiteral\()"},
-        {"app/views/BrowserActions.cpp", R"(&Actions::\w+, "[\w-]+",)"},
-        {"app/views/MainMenu.cpp", R"(addMenu\(bar,)"},
-        {"app/views/WelcomeView.cpp", R"(translated\()"},
-        {"app/views/WelcomeView.cpp", R"(step\(\d,)"},
+        {"transfer/ErrorAdvice.cpp", R"(\w\((?=\s*"[A-Z]))"},
+        {"browser/model/FileListModel.cpp", R"(QLatin1StringView\()"},
+        {"browser/model/FileBrowserPaths.cpp", R"(QStringLiteral\((?="[A-Z]))"},
+        {"browser/model/BrowserLoad.cpp", R"(QStringLiteral\()"},
+        {"transfer/TransferEnd.cpp", R"(QStringLiteral\()"},
+        {"adb/files/ADBTool.cpp", R"(,\s+View\()"},
+        {"adb/files/ADBWireless.cpp", R"((?:return|:) QStringLiteral\()"},
+        {"sync/manager/SyncManager.cpp", R"(SyncStatus::syncing\(QStringLiteral\()"},
+        {"sync/run/SyncRun.cpp", R"(tell\(QStringLiteral\()"},
+        {"sync/run/SyncWorker.cpp", R"(begin\(QStringLiteral\()"},
+        {"sync/plan/SyncTreeWalk.cpp", R"(unusable\[path\] = QStringLiteral\()"},
+        {"sync/run/DiskSyncFolder.cpp", R"(unusable\[path\] = QStringLiteral\()"},
+        {"views/browser/BrowserActions.cpp", R"(&Actions::\w+, "[\w-]+",)"},
+        {"views/window/MainMenu.cpp", R"(addMenu\(bar,)"},
+        {"views/window/WelcomeView.cpp", R"(translated\()"},
+        {"views/window/WelcomeView.cpp", R"(step\(\d,)"},
     };
     for (const auto& [file, opening] : others)
         add(QString::fromLatin1(file),
@@ -210,9 +212,10 @@ TEST(Translations, messagesOfTheLowerLayersAreKnown) {
         QStringLiteral(R"x((?:fileIOError|deviceNotFound)\(\s*QStringLiteral\()x"),
         QStringLiteral(R"x(,\s*QStringLiteral\((?=\s*"(?:an?|the|its?|not|another|folders) ))x")};
     int found = 0;
-    for (const char* folder : {"core", "ios", "mtp", "files", "sync"}) {
+    for (const char* folder :
+         {"base", "phone", "ios", "mtp", "adb", "transfer", "devices", "browser", "sync"}) {
         QDirIterator sources(QStringLiteral(TESSARY_SOURCES "/%1").arg(QLatin1StringView(folder)),
-                             {u"*.cpp"_s}, QDir::Files);
+                             {u"*.cpp"_s}, QDir::Files, QDirIterator::Subdirectories);
         while (sources.hasNext()) {
             const QString name = sources.next().mid(static_cast<int>(sizeof(TESSARY_SOURCES)));
             for (const QString& opening : openings)

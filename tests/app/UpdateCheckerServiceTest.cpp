@@ -1,6 +1,6 @@
 #include "app/UpdateCheckerService.h"
-#include "platform/MemoryUserDefaults.h"
-#include "platform/qt/QtHttpClient.h"
+#include "platform/http/QtHttpClient.h"
+#include "platform/settings/MemoryUserDefaults.h"
 #include "support/MainLoop.h"
 #include "support/ScriptedHttpServer.h"
 

@@ -59,7 +59,7 @@ TEST(CliProcess, closedStandardOutputEndsTheProgram) {
     EXPECT_EQ(run.status, 0);
 }
 
-TEST(CliProcess, virtualPhoneIsReachedThroughAnAdbServerOfItsOwn) {
+TEST(CliProcess, virtualPhoneIsReachedThroughAnADBServerOfItsOwn) {
     const TemporaryFolder disk;
     QTcpServer users; // stands where the user's own adb server would listen
     ASSERT_TRUE(users.listen(QHostAddress::LocalHost));

@@ -1,5 +1,5 @@
 #include "cli/CliRunner.h"
-#include "platform/MemoryUserDefaults.h"
+#include "platform/settings/MemoryUserDefaults.h"
 #include "support/FakeProcessRunner.h"
 #include "support/MainLoop.h"
 #include "support/PluggedPhone.h"
@@ -83,7 +83,7 @@ protected:
     }
 
     TemporaryFolder folder_;
-    VirtualUsbBus bus_;
+    VirtualUSBBus bus_;
     PluggedPhone phone_{bus_, phoneConfig("ABC123")};
     FakeProcessRunner processes_;
     DeviceFileService files_{bus_, processes_};
@@ -198,7 +198,7 @@ TEST_F(CliRunnerTest, unpluggingAtAnyPointIsSaidInOneLineWithTheNextStep) {
     unsigned phase = 1;
     for (;; ++phase) {
         SCOPED_TRACE(phase);
-        phone_.unplugAfter(UsbDirection::in, 5, phase);
+        phone_.unplugAfter(USBDirection::in, 5, phase);
         const Result result = run(Command::get, {u"/big.bin"_s}, target);
         if (result.status == CliRunner::done)
             break;

@@ -40,7 +40,7 @@ TEST(CommandLine, generalOptionsStandBeforeOrBehindTheCommand) {
         const auto devices = request(line);
         ASSERT_TRUE(devices) << line;
         EXPECT_TRUE(devices->demo && devices->json) << line;
-        EXPECT_EQ(devices->alsoAccept, (std::vector{UsbIds{0x46F4, 0x0004}})) << line;
+        EXPECT_EQ(devices->alsoAccept, (std::vector{USBIds{0x46F4, 0x0004}})) << line;
     }
 }
 

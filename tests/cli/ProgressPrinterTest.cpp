@@ -1,5 +1,5 @@
 #include "cli/ProgressPrinter.h"
-#include "core/FileHandle.h"
+#include "base/local/FileHandle.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
-#include "devices/AdbPhones.h"
-#include "devices/AndroidDevices.h"
-#include "devices/IOSDevices.h"
+#include "devices/list/ADBPhones.h"
+#include "devices/list/AndroidDevices.h"
+#include "devices/list/IPhoneDevices.h"
 #include "support/QtPrinters.h"
 
 #include <gmock/gmock.h>
@@ -13,10 +13,10 @@ namespace {
 using namespace Qt::StringLiterals;
 using testing::ElementsAre;
 
-UsbDeviceEntry entryOf(std::uint16_t vendorID, const char* vendor, const char* product,
+USBDeviceEntry entryOf(std::uint16_t vendorID, const char* vendor, const char* product,
                        const char* serial = "", const char* location = "1-1",
                        std::uint64_t id = 1) {
-    UsbDeviceEntry entry;
+    USBDeviceEntry entry;
     entry.id = id;
     entry.vendorID = vendorID;
     entry.productID = 0x4EE7;
@@ -54,13 +54,13 @@ TEST(AndroidDevicesTest, hintsCountForUnknownVendors) {
         {"no name counts as one of an Android", "Acme", "", "", true},
     };
     for (const auto& [name, vendor, product, registry, accepted] : rows) {
-        UsbDeviceEntry entry = entryOf(unknownVendor, vendor, product);
+        USBDeviceEntry entry = entryOf(unknownVendor, vendor, product);
         entry.registryName = QString::fromUtf8(registry);
         EXPECT_EQ(extractAndroidDevice(entry).has_value(), accepted) << name;
     }
 }
 
-QStringList udidsOf(const std::vector<UsbDeviceEntry>& entries, const AttachedUdids& named = {}) {
+QStringList udidsOf(const std::vector<USBDeviceEntry>& entries, const AttachedUdids& named = {}) {
     QStringList udids;
     for (const DeviceInfo& device : androidDevices(entries, {}, named))
         udids.append(device.udid);
@@ -102,8 +102,8 @@ TEST(AndroidDevicesTest, acceptedIdsOverrideEveryRule) {
     const std::vector entries{entryOf(0x46F4, "QEMU", "Acme"),
                               entryOf(unknownVendor, "Apple", "Hub")};
     EXPECT_TRUE(androidDevices(entries, {}).empty());
-    const std::array ids{UsbIds{0x46F4, 0x4EE7}, UsbIds{unknownVendor, 0x4EE7},
-                         UsbIds{0x46F4, 0x0001}};
+    const std::array ids{USBIds{0x46F4, 0x4EE7}, USBIds{unknownVendor, 0x4EE7},
+                         USBIds{0x46F4, 0x0001}};
     EXPECT_EQ(androidDevices(entries, ids).size(), 2U);
     EXPECT_TRUE(androidDevices(entries, std::span(ids).last(1)).empty());
 }
@@ -120,17 +120,17 @@ DeviceInfo onBus(const QString& serial, const QString& location) {
     return phone;
 }
 
-AdbDevice reached(const QString& serial, const QString& state, const QString& path = {}) {
+ADBDevice reached(const QString& serial, const QString& state, const QString& path = {}) {
     return {serial, state, path, u"Pixel 7"_s, u"1"_s, {}};
 }
 
-TEST(AdbPhonesTest, phoneThatBothKnowIsOneEntryInTurboMode) {
-    AdbDevice onNetwork = reached(u"10.0.0.2:5555"_s, u"device"_s);
+TEST(ADBPhonesTest, phoneThatBothKnowIsOneEntryInTurboMode) {
+    ADBDevice onNetwork = reached(u"10.0.0.2:5555"_s, u"device"_s);
     onNetwork.phoneSerial = u"A"_s;
     const struct {
         const char* name;
         QString secondSerial;
-        AdbDevice device;
+        ADBDevice device;
         ProtocolMode first;
         ProtocolMode second;
     } rows[] = {
@@ -141,7 +141,7 @@ TEST(AdbPhonesTest, phoneThatBothKnowIsOneEntryInTurboMode) {
     };
     for (const auto& row : rows) {
         std::vector<DeviceInfo> phones{onBus(u"A"_s, u"1-1"_s), onBus(row.secondSerial, u"1-2"_s)};
-        addAdbPhones(phones, {row.device});
+        addADBPhones(phones, {row.device});
         ASSERT_EQ(phones.size(), 2u) << row.name;
         EXPECT_EQ(phones[0].protocolMode, row.first) << row.name;
         EXPECT_EQ(phones[1].protocolMode, row.second) << row.name;
@@ -155,7 +155,7 @@ MultiplexerEntry entry(const char* udid, std::uint32_t handle, ConnectionType ty
     return {QString::fromLatin1(udid), handle, 0x12A8, type};
 }
 
-TEST(IOSDevices, aPhoneOnCableAndWifiIsOneDeviceOnTheCable) {
+TEST(IPhoneDevices, aPhoneOnCableAndWifiIsOneDeviceOnTheCable) {
     const std::tuple<const char*, std::vector<MultiplexerEntry>, std::uint32_t, ConnectionType>
         rows[] = {
             // name, entries, handle, type

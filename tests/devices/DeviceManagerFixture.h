@@ -1,7 +1,7 @@
 #pragma once
 
-#include "devices/DeviceInquiry.h"
-#include "devices/DeviceManager.h"
+#include "devices/list/DeviceManager.h"
+#include "devices/list/DeviceProbe.h"
 #include "support/MainLoop.h"
 #include "support/PluggedPhone.h"
 
@@ -51,7 +51,7 @@ protected:
         return manager_->trouble(QString::fromUtf8(udid) + QStringLiteral("-0"));
     }
 
-    VirtualUsbBus bus_;
+    VirtualUSBBus bus_;
     std::unique_ptr<DeviceManager> manager_;
     int changes_ = 0;
     int troubleChanges_ = 0;

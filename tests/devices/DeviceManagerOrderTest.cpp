@@ -9,12 +9,12 @@ namespace {
 using namespace Qt::StringLiterals;
 
 /// A bus whose scans, watches and events are in the test's hands.
-class ScriptedBus final : public UsbBus {
+class ScriptedBus final : public USBBus {
 public:
-    using Callback = std::function<void(const UsbEvent&)>;
+    using Callback = std::function<void(const USBEvent&)>;
 
-    [[nodiscard]] std::vector<UsbDeviceEntry> devices() override {
-        std::vector<UsbDeviceEntry> seen;
+    [[nodiscard]] std::vector<USBDeviceEntry> devices() override {
+        std::vector<USBDeviceEntry> seen;
         {
             const std::scoped_lock lock(mutex_);
             seen = entries_;
@@ -22,10 +22,10 @@ public:
         scans_.pass(); // what it saw is old when it returns
         return seen;
     }
-    [[nodiscard]] std::unique_ptr<UsbDevice> device(std::uint64_t) override {
+    [[nodiscard]] std::unique_ptr<USBDevice> device(std::uint64_t) override {
         return nullptr;
     }
-    [[nodiscard]] std::unique_ptr<UsbWatch> watch(Callback callback) override {
+    [[nodiscard]] std::unique_ptr<USBWatch> watch(Callback callback) override {
         const std::scoped_lock lock(mutex_);
         callback_ = std::move(callback);
         return std::make_unique<Watch>(watchEnds_);
@@ -36,15 +36,15 @@ public:
 
     /// Changes what is attached, and tells of it when it is watched.
     void attach(std::uint64_t id) {
-        const UsbDeviceEntry entry{id,          0x18D1,     0x4EE1, u"Pixel"_s,
+        const USBDeviceEntry entry{id,          0x18D1,     0x4EE1, u"Pixel"_s,
                                    u"Google"_s, u"Pixel"_s, u"A"_s, u"1-1"_s};
-        tell({entry}, {UsbEvent::Kind::attached, entry});
+        tell({entry}, {USBEvent::Kind::attached, entry});
     }
     void detach(std::uint64_t id) {
-        UsbDeviceEntry gone;
+        USBDeviceEntry gone;
         gone.id = id;
         gone.location = u"1-1"_s;
-        tell({}, {UsbEvent::Kind::detached, gone});
+        tell({}, {USBEvent::Kind::detached, gone});
     }
     [[nodiscard]] bool isWatched() {
         const std::scoped_lock lock(mutex_);
@@ -55,7 +55,7 @@ public:
     const std::shared_ptr<Gate> watchEnds_ = std::make_shared<Gate>(true);
 
 private:
-    struct Watch final : UsbWatch {
+    struct Watch final : USBWatch {
         explicit Watch(std::shared_ptr<Gate> gate) : end(std::move(gate)) {}
         ~Watch() override {
             end->pass();
@@ -63,7 +63,7 @@ private:
         const std::shared_ptr<Gate> end; ///< a watch that comes late may outlive the bus
     };
 
-    void tell(std::vector<UsbDeviceEntry> entries, const UsbEvent& event) {
+    void tell(std::vector<USBDeviceEntry> entries, const USBEvent& event) {
         Callback callback;
         {
             const std::scoped_lock lock(mutex_);
@@ -75,12 +75,12 @@ private:
     }
 
     std::mutex mutex_; ///< guards all below
-    std::vector<UsbDeviceEntry> entries_;
+    std::vector<USBDeviceEntry> entries_;
     Callback callback_;
 };
 
 /// Answers with rising battery levels, in the order of the questions.
-class ScriptedInquiry final : public DeviceInquiry {
+class ScriptedInquiry final : public DeviceProbe {
 public:
     [[nodiscard]] DeviceAnswer ask(const DeviceInfo&) override {
         const int number = ++questions_;

@@ -1,7 +1,7 @@
-#include "devices/DeviceManager.h"
-#include "core/StallWatch.h"
+#include "devices/list/DeviceManager.h"
+#include "base/threads/StallWatch.h"
 #include "devices/DeviceManagerFixture.h"
-#include "files/DeviceFileService.h"
+#include "devices/files/DeviceFileService.h"
 #include "support/FakeProcessRunner.h"
 
 namespace tessary {

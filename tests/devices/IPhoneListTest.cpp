@@ -1,9 +1,9 @@
 // The iPhone half of the device list, on a virtual multiplexer by way of the real libraries.
 
 #include "devices/DeviceManagerFixture.h"
-#include "files/BusyPhones.h"
-#include "files/DeviceFileService.h"
+#include "devices/files/DeviceFileService.h"
 #include "ios/Multiplexer.h"
+#include "phone/BusyPhones.h"
 #include "support/FakeProcessRunner.h"
 #include "support/PluggedIPhone.h"
 

@@ -1,8 +1,8 @@
-#include "core/CancellationError.h"
-#include "core/TessaryError.h"
-#include "files/DeviceFileService.h"
-#include "phones/VirtualUsbBus.h"
-#include "support/AdbFixture.h"
+#include "base/threads/CancellationError.h"
+#include "base/values/TessaryError.h"
+#include "devices/files/DeviceFileService.h"
+#include "simulator/usb/VirtualUSBBus.h"
+#include "support/ADBFixture.h"
 #include "support/Failure.h"
 
 #include <sys/stat.h>
@@ -17,9 +17,9 @@ namespace {
 using namespace Qt::StringLiterals;
 using testing::HasSubstr;
 
-class ADBFileBackendTest : public AdbFixture {
+class ADBFileBackendTest : public ADBFixture {
 protected:
-    explicit ADBFileBackendTest(AdbdConfig config = {}) : AdbFixture(std::move(config)) {}
+    explicit ADBFileBackendTest(ADBDConfig config = {}) : ADBFixture(std::move(config)) {}
 
     [[nodiscard]] DeviceInfo device() const {
         DeviceInfo info;
@@ -63,8 +63,8 @@ protected:
         return count;
     }
 
-    VirtualUsbBus bus_;
-    DeviceFileService service_{bus_, runner_, QStringList{realAdb()}};
+    VirtualUSBBus bus_;
+    DeviceFileService service_{bus_, runner_, QStringList{realADB()}};
 };
 
 TEST_F(ADBFileBackendTest, hostileNamesAreListedTravelAndAreEditedAsThemselves) {
@@ -119,7 +119,7 @@ TEST_F(ADBFileBackendTest, foldersTravelWholeWithTrueProgress) {
     EXPECT_EQ(up.progress.completedBytes, up.progress.totalBytes);
     EXPECT_TRUE(disk_.has(u"phone/local/empty/er"_s));
 
-    adbd_->faults().update([](AdbdFaults& faults) { faults.megabytesPerSecond = 3; });
+    adbd_->faults().update([](ADBDFaults& faults) { faults.megabytesPerSecond = 3; });
     qint64 last = 0;
     bool sawPart = false;
     const auto down = service_.downloadDirectory(
@@ -138,7 +138,7 @@ TEST_F(ADBFileBackendTest, foldersTravelWholeWithTrueProgress) {
 }
 
 TEST_F(ADBFileBackendTest, cancelledCopyEndsSoonAndLeavesNothing) {
-    adbd_->faults().update([](AdbdFaults& faults) { faults.megabytesPerSecond = 2; });
+    adbd_->faults().update([](ADBDFaults& faults) { faults.megabytesPerSecond = 2; });
     write(u"big"_s, manyBytes(20'000'000));
     disk_.write(u"target"_s, "old");
     const QString local = disk_.write(u"local.bin"_s, manyBytes(20'000'000));
@@ -202,11 +202,11 @@ TEST_F(ADBFileBackendTest, phoneThatRefusesLiesOrGoesIsAnErrorAndNoSuccess) {
         });
     };
 
-    adbd_->faults().update([](AdbdFaults& faults) { faults.sizeLie = -1; });
+    adbd_->faults().update([](ADBDFaults& faults) { faults.sizeLie = -1; });
     EXPECT_THAT(push(), HasSubstr("ADB push failed for f.bin: the phone has 2999999 of 3000000"));
     adbd_->faults().set({});
 
-    adbd_->faults().update([](AdbdFaults& faults) { faults.readOnly = true; });
+    adbd_->faults().update([](ADBDFaults& faults) { faults.readOnly = true; });
     EXPECT_THAT(push(),
                 HasSubstr("ADB push failed for f.bin: This storage of the phone is read-only"));
     EXPECT_THAT(failureOf([&] { service_.createFolder(u"x"_s, u"/"_s, device()); }),
@@ -216,12 +216,12 @@ TEST_F(ADBFileBackendTest, phoneThatRefusesLiesOrGoesIsAnErrorAndNoSuccess) {
                 HasSubstr("did not delete"));
     adbd_->faults().set({});
 
-    adbd_->faults().update([](AdbdFaults& faults) { faults.dropAfter = 1'000'000; });
+    adbd_->faults().update([](ADBDFaults& faults) { faults.dropAfter = 1'000'000; });
     EXPECT_THAT(push(), HasSubstr("ADB push failed for f.bin"));
     EXPECT_TRUE(reaches(u"device"_s));
     write(u"big"_s, manyBytes(3'000'000));
     const FileItem there = item(u"/big"_s);
-    adbd_->faults().update([](AdbdFaults& faults) { faults.dropAfter = 1'000'000; });
+    adbd_->faults().update([](ADBDFaults& faults) { faults.dropAfter = 1'000'000; });
     EXPECT_THAT(failureOf([&] { service_.downloadFile(there, disk_.path(u"d"_s), device()); }),
                 HasSubstr("ADB pull failed for big"));
     EXPECT_FALSE(disk_.has(u"d"_s));
@@ -236,11 +236,11 @@ TEST_F(ADBFileBackendTest, brokenReplacementKeepsTheOldVersion) {
         EXPECT_EQ(content(u"local/f.bin"_s), "old");
         EXPECT_FALSE(disk_.names(u"phone/local"_s).join(u' ').contains(u"part"_s));
     };
-    adbd_->faults().update([](AdbdFaults& faults) { faults.dropAfter = 1'000'000; });
+    adbd_->faults().update([](ADBDFaults& faults) { faults.dropAfter = 1'000'000; });
     EXPECT_THAT(uploadFailure(disk_.path(u"local/f.bin"_s), u"/local"_s),
                 HasSubstr("ADB push failed for f.bin"));
     expectOldAlone();
-    adbd_->faults().update([](AdbdFaults& faults) { faults.dropAfter = 1'000'000; });
+    adbd_->faults().update([](ADBDFaults& faults) { faults.dropAfter = 1'000'000; });
     const QString folder = disk_.path(u"local"_s);
     EXPECT_NE(failureOf([&] { (void)service_.uploadDirectory(folder, u"/"_s, device()); }),
               notThrown);
@@ -294,7 +294,7 @@ TEST_F(CaselessPhoneTest, otherSpellingOfANameIsNotOverwritten) {
 
 TEST_F(ADBFileBackendTest, listingThatEndsEarlyFailsTheCheckedOneOnly) {
     write(u"a"_s, "1");
-    adbd_->faults().update([](AdbdFaults& faults) {
+    adbd_->faults().update([](ADBDFaults& faults) {
         faults.rewrite = [](const QByteArray& command) -> std::optional<QByteArray> {
             if (!command.startsWith("ls "))
                 return std::nullopt;
@@ -310,7 +310,7 @@ TEST_F(ADBFileBackendTest, listingThatEndsEarlyFailsTheCheckedOneOnly) {
 TEST_F(ADBFileBackendTest, namesThatLeadElsewhereDoNotLeaveTheTargetFolder) {
     write(u"folder/a"_s, "1");
     write(u"escaped"_s, "x"); // what "../escaped" names on the phone
-    adbd_->faults().update([](AdbdFaults& faults) {
+    adbd_->faults().update([](ADBDFaults& faults) {
         faults.extraNames = {"../escaped", "../../escaped", "../../../escaped", ".."};
     });
     const std::string failure = failureOf([&] {

@@ -1,7 +1,7 @@
 // The browser, its transfers and its list of apps, on a virtual iPhone by way of the real library.
 
-#include "files/AppFileAccess.h"
-#include "files/FileBrowserViewModel.h"
+#include "browser/model/FileBrowserViewModel.h"
+#include "devices/files/AppFileAccess.h"
 #include "support/Failure.h"
 #include "support/MainLoop.h"
 #include "support/PluggedIPhone.h"

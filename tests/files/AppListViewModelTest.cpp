@@ -1,6 +1,6 @@
-#include "files/AppListViewModel.h"
+#include "browser/model/AppListViewModel.h"
 
-#include "core/TessaryError.h"
+#include "base/values/TessaryError.h"
 #include "support/MainLoop.h"
 
 #include <future>

@@ -1,6 +1,6 @@
-#include "files/DeviceLane.h"
-#include "core/CancellationError.h"
-#include "files/MTPSession.h"
+#include "phone/DeviceLane.h"
+#include "base/threads/CancellationError.h"
+#include "mtp/files/MTPSession.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include "files/DevicePath.h"
-#include "files/MTPHandleCache.h"
+#include "phone/DevicePath.h"
+#include "mtp/files/MTPHandleCache.h"
 #include "support/QtPrinters.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "files/DirectoryCache.h"
+#include "browser/listing/DirectoryCache.h"
 #include "files/FileBrowserFixture.h"
 
 #include <gmock/gmock.h>

@@ -46,7 +46,7 @@ TEST_F(DownloadTest, unpluggingAnywhereKeepsTheOldFileAndLeavesNoOther) {
     int failures = 0;
     for (const std::uint64_t after : {0, 12, 511, 512, 300'000, 600'011})
         for (unsigned phase = 1; phase <= 8; ++phase) {
-            phone().unplugAfter(UsbDirection::in, after, phase);
+            phone().unplugAfter(USBDirection::in, after, phase);
             const QString failure = failureOf(
                 [&] { service_->downloadFile(file, local_.path(u"f.bin"_s), phone().info); });
             phone().fault([](VirtualFaults& faults) { faults.unplug.reset(); });

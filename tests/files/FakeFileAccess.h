@@ -1,9 +1,9 @@
 #pragma once
 
-#include "core/CancellationError.h"
-#include "core/TessaryError.h"
-#include "files/DevicePath.h"
-#include "files/FileAccess.h"
+#include "base/threads/CancellationError.h"
+#include "base/values/TessaryError.h"
+#include "phone/DevicePath.h"
+#include "phone/FileAccess.h"
 #include "support/Gate.h"
 
 #include <QFile>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "browser/model/FileBrowserViewModel.h"
 #include "files/FakeFileAccess.h"
-#include "files/FileBrowserViewModel.h"
 #include "support/MainLoop.h"
 #include "support/TemporaryFolder.h"
 

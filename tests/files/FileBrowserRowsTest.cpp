@@ -1,6 +1,6 @@
-#include "files/BrowserSelection.h"
-#include "files/FileRows.h"
-#include "files/Typeahead.h"
+#include "browser/listing/FileRows.h"
+#include "browser/model/BrowserSelection.h"
+#include "browser/model/Typeahead.h"
 #include "support/MainLoop.h"
 
 #include <QRandomGenerator>

@@ -1,6 +1,6 @@
+#include "browser/model/FileListModel.h"
 #include "files/FileBrowserFixture.h"
-#include "files/FileListModel.h"
-#include "mtp/MTPTransportError.h"
+#include "mtp/protocol/MTPTransportError.h"
 
 #include <QAbstractItemModelTester>
 #include <QFileInfo>

@@ -1,4 +1,4 @@
-#include "core/LittleEndian.h"
+#include "base/values/LittleEndian.h"
 #include "support/FileServiceFixture.h"
 
 #include <algorithm>
@@ -180,7 +180,7 @@ TEST_F(FolderDownloadTest, unpluggingAFolderCopyEndsItWithoutPartialFiles) {
     const FileItem folder = item("/D");
     for (unsigned phase = 1; phase <= 24; phase += 3) {
         const TemporaryFolder target;
-        phone().unplugAfter(UsbDirection::in, 16, phase);
+        phone().unplugAfter(USBDirection::in, 16, phase);
         EXPECT_TRUE(fails([&] {
             (void)service_->downloadDirectory(folder, target.path(), phone().info);
         })) << phase;

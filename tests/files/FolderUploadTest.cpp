@@ -73,7 +73,7 @@ TEST_F(FolderUploadTest, unpluggingEndsTheCopyAndLeavesWholeFilesOnly) {
         local_.write(u"Trip/%1"_s.arg(n), QByteArray(100'000, 'x'));
     for (const std::uint64_t after : {12, 50'000})
         for (unsigned phase = 1; phase <= 9; phase += 2) {
-            phone().unplugAfter(UsbDirection::out, after, phase);
+            phone().unplugAfter(USBDirection::out, after, phase);
             const bool failed = fails([&] { (void)uploadFolder("Trip", "/"); });
             EXPECT_NE(failed, phone().android.isPlugged()) << phase;
             phone().android.unplug(); // waits until the phone has cleaned up

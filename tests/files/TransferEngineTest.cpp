@@ -1,11 +1,11 @@
-#include "files/TransferEngine.h"
-#include "core/CancellationError.h"
-#include "core/TessaryError.h"
-#include "core/TransferSpeed.h"
+#include "transfer/TransferEngine.h"
+#include "base/threads/CancellationError.h"
+#include "base/values/TessaryError.h"
+#include "transfer/TransferSpeed.h"
 
 #include "files/FakeFileAccess.h"
-#include "files/TransferJob.h"
 #include "support/QtPrinters.h"
+#include "transfer/TransferJob.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "files/TransferViewModel.h"
+#include "transfer/TransferViewModel.h"
 #include "files/FakeFileAccess.h"
-#include "mtp/MTPTransportError.h"
+#include "mtp/protocol/MTPTransportError.h"
 #include "support/MainLoop.h"
 #include "support/TemporaryFolder.h"
 

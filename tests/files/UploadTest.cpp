@@ -134,7 +134,7 @@ TEST_F(UploadTest, refusalAtAnyStepOfAReplacementKeepsAVersion) {
 TEST_F(UploadTest, unpluggingAtAnyStepOfAReplacementKeepsAVersion) {
     const QString file = twoVersions();
     int failures = 0;
-    for (const UsbDirection direction : {UsbDirection::out, UsbDirection::in})
+    for (const USBDirection direction : {USBDirection::out, USBDirection::in})
         for (const std::uint64_t after : {0, 12, 20})
             for (unsigned phase = 1; phase <= 8; ++phase) {
                 phone().unplugAfter(direction, after, phase);
@@ -297,7 +297,7 @@ TEST_F(UploadTest, cancelAndFailureLeaveNoPartialObject) {
             }
         }
     phone().fault([](VirtualFaults& faults) {
-        faults.stall = VirtualByteFault{UsbDirection::out, 700'000, 2};
+        faults.stall = VirtualByteFault{USBDirection::out, 700'000, 2};
     });
     EXPECT_TRUE(fails([&] { upload(file, "/DCIM"); }));
     EXPECT_TRUE(phone().names(u"DCIM"_s).isEmpty());

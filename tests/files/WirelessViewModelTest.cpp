@@ -1,6 +1,6 @@
-#include "files/WirelessViewModel.h"
-#include "phones/DemoNetwork.h"
-#include "support/AdbFixture.h"
+#include "browser/model/WirelessViewModel.h"
+#include "simulator/demo/DemoNetwork.h"
+#include "support/ADBFixture.h"
 #include "support/MainLoop.h"
 
 #include <gmock/gmock.h>
@@ -54,7 +54,7 @@ protected:
     QtProcessRunner runner_;
 };
 
-TEST_F(WirelessViewModelTest, whatAdbSaysIsTold) {
+TEST_F(WirelessViewModelTest, whatADBSaysIsTold) {
     const std::tuple<const char*, Step, const char*> rows[] = {
         {"connected to 10.0.0.2:4711", Step::done, ""},
         {"already connected to 10.0.0.2:4711", Step::done, ""},
@@ -89,17 +89,17 @@ TEST_F(WirelessViewModelTest, phoneThatIsNotThereOrNotPairedIsTold) {
     EXPECT_FALSE(disk_.has(u"asked"_s));
 }
 
-class WirelessAdbTest : public WirelessViewModelTest, protected AdbPhone {};
+class WirelessADBTest : public WirelessViewModelTest, protected ADBPhone {};
 
-TEST_F(WirelessAdbTest, connectedPhoneIsReachedByTheRealAdb) {
-    const ADBTool adb(AdbPhone::runner_, QStringList{realAdb()});
+TEST_F(WirelessADBTest, connectedPhoneIsReachedByTheRealADB) {
+    const ADBTool adb(ADBPhone::runner_, QStringList{realADB()});
     WirelessViewModel phones(networkWith(ServiceAddress{u"127.0.0.1"_s, adbd_->port()}), adb);
     start(phones);
     const Phone phone = connectFirst(phones);
     EXPECT_EQ(phone.step, Step::done) << phone.failure.toStdString();
     EXPECT_TRUE(reaches(u"device"_s));
 
-    AdbPhone::server_.disconnect(serial());
+    ADBPhone::server_.disconnect(serial());
     adbd_->stop();
     EXPECT_EQ(connectFirst(phones).step, Step::failed);
 }

@@ -1,6 +1,6 @@
 #include "ios/AFCClient.h"
 
-#include "core/CancellationError.h"
+#include "base/threads/CancellationError.h"
 #include "support/Application.h"
 #include "support/Failure.h"
 #include "support/ManyBytes.h"

@@ -1,6 +1,6 @@
 #include "ios/LockdownSession.h"
 
-#include "core/CancellationError.h"
+#include "base/threads/CancellationError.h"
 #include "ios/AppLister.h"
 #include "support/Failure.h"
 #include "support/PluggedIPhone.h"

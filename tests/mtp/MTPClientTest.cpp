@@ -1,11 +1,11 @@
-#include "mtp/MTPClient.h"
+#include "mtp/client/MTPClient.h"
 
-#include "core/CancellationError.h"
-#include "mtp/IOKitMTPTransport.h"
-#include "mtp/MockMTPTransport.h"
+#include "base/threads/CancellationError.h"
+#include "mtp/client/MTPUSBTransport.h"
+#include "mtp/client/MockMTPTransport.h"
 #include "support/MTPContainers.h"
 #include "support/MTPFailure.h"
-#include "support/ScriptedUsbBus.h"
+#include "support/ScriptedUSBBus.h"
 
 #include <gmock/gmock.h>
 
@@ -300,9 +300,9 @@ TEST_F(MTPClientTest, closingIsQuietWhateverTheDeviceSays) {
 }
 
 TEST(MTPClientSession, goneDeviceIsNotTriedTwice) {
-    ScriptedUsbBus bus;
+    ScriptedUSBBus bus;
     bus.unplug();
-    MTPClient client(std::make_unique<IOKitMTPTransport>(bus, 0x18D1, 0x4EE1));
+    MTPClient client(std::make_unique<MTPUSBTransport>(bus, 0x18D1, 0x4EE1));
     EXPECT_THAT(mtpFailureOf([&] { client.openSession(1); }), HasSubstr("0x-1FFFFD40"));
     EXPECT_EQ(bus.logged("write 16"), 1U);
     EXPECT_EQ(bus.logged("open 1-1"), 1U);

@@ -16,7 +16,7 @@ const char* const stalled = "0x-1FFFBFB1";
 /// An operation with a data phase of `phaseBytes` bytes, header included.
 struct Operation {
     const char* name;
-    UsbDirection direction;
+    USBDirection direction;
     std::uint64_t phaseBytes;
     std::function<void(MTPClient&, std::uint32_t handle)> run;
     unsigned phase = 1; ///< which of its data phases in that direction
@@ -30,28 +30,28 @@ void uploadNew(MTPClient& client, std::uint32_t) {
 }
 
 const std::vector<Operation> operations{
-    {"storages", UsbDirection::in, 12 + 8,
+    {"storages", USBDirection::in, 12 + 8,
      [](auto& client, auto) { (void)client.getStorageIDs(); }},
-    {"storageInfo", UsbDirection::in, 12 + 26 + 49 + 1,
+    {"storageInfo", USBDirection::in, 12 + 26 + 49 + 1,
      [](auto& client, auto) { (void)client.getStorageInfo(onlyStorage); }},
-    {"battery", UsbDirection::in, 12 + 1,
+    {"battery", USBDirection::in, 12 + 1,
      [](auto& client, auto) { (void)client.getBatteryLevel(); }},
-    {"handles", UsbDirection::in, 12 + 4 + 4 * 200,
+    {"handles", USBDirection::in, 12 + 4 + 4 * 200,
      [](auto& client, auto) { (void)client.getObjectHandles(onlyStorage, mtpRootHandle); }},
-    {"objectInfo", UsbDirection::in, 12 + 53,
+    {"objectInfo", USBDirection::in, 12 + 53,
      [](auto& client, auto handle) { (void)client.getObjectInfo(handle); }},
-    {"objectSize", UsbDirection::in, 12 + 8,
+    {"objectSize", USBDirection::in, 12 + 8,
      [](auto& client, auto handle) { (void)client.getObjectSize(handle); }},
-    {"object", UsbDirection::in, 12 + bigSize,
+    {"object", USBDirection::in, 12 + bigSize,
      [](auto& client, auto handle) { (void)client.getObject(handle); }},
-    {"folder", UsbDirection::out, 12 + 64,
+    {"folder", USBDirection::out, 12 + 64,
      [](auto& client, auto) {
          client.createFolder(QStringLiteral("new"), mtpRootHandle, onlyStorage);
      }},
-    {"rename", UsbDirection::out, 12 + 9,
+    {"rename", USBDirection::out, 12 + 9,
      [](auto& client, auto handle) { client.renameObject(handle, QStringLiteral("new")); }},
-    {"uploadInfo", UsbDirection::out, 12 + 64, uploadNew},
-    {"upload", UsbDirection::out, 12 + bigSize, uploadNew, 2},
+    {"uploadInfo", USBDirection::out, 12 + 64, uploadNew},
+    {"upload", USBDirection::out, 12 + bigSize, uploadNew, 2},
 };
 
 /// Where something may go wrong: around the header, around packets, inside, at the end.
@@ -107,7 +107,7 @@ INSTANTIATE_TEST_SUITE_P(Operations, EveryOperationTest, ::testing::ValuesIn(ope
 
 TEST_F(MTPFaultTest, stalledAnswerFailsAndTheSessionGoesOn) {
     for (const Operation& operation : operations) {
-        if (operation.direction == UsbDirection::out)
+        if (operation.direction == USBDirection::out)
             continue; // a dataset is in the pipe whole before the phone can halt it
         for (const std::uint64_t bytes : {std::uint64_t{0}, std::uint64_t{12},
                                           operation.phaseBytes / 2, operation.phaseBytes}) {
@@ -128,7 +128,7 @@ TEST_F(MTPFaultTest, uploadIsStalledAnywhere) {
     for (const std::uint64_t bytes : {0, 1, 12, 512, 513, 262144, 300'000, 1'500'000}) {
         SCOPED_TRACE(bytes);
         phone_.fault([&](VirtualFaults& faults) {
-            faults.stall = VirtualByteFault{UsbDirection::out, bytes, 2};
+            faults.stall = VirtualByteFault{USBDirection::out, bytes, 2};
         });
         EXPECT_THAT(mtpFailureOf([&] { upload(client_, QStringLiteral("new"), bigContent); }),
                     HasSubstr(stalled));
@@ -163,14 +163,14 @@ TEST_F(MTPFaultTest, indexingPauseAfterAnUploadIsWaitedFor) {
 /// What a client that dies without a word leaves behind.
 struct DeadClient {
     const char* name;
-    std::function<void(IOKitMTPTransport&, std::uint32_t handle)> lastWords;
+    std::function<void(MTPUSBTransport&, std::uint32_t handle)> lastWords;
 };
 
 const auto endlessThenDead = [left = 5](std::span<std::byte> buffer) mutable {
     return --left > 0 ? buffer.size() : 0;
 };
 
-void announce(IOKitMTPTransport& transport, std::uint32_t size) {
+void announce(MTPUSBTransport& transport, std::uint32_t size) {
     transport.send(commandOf(0x100C, 2, {onlyStorage, mtpRootHandle}));
     MTPObjectInfo info;
     info.filename = QStringLiteral("half");
@@ -186,7 +186,7 @@ TEST_P(DeadClientTest, nextClientWorks) {
     const std::uint32_t handle = find(client_, QStringLiteral("big"));
     client_.closeSession();
     {
-        IOKitMTPTransport transport(bus_, phone_.info.vendorId, phone_.info.productId);
+        MTPUSBTransport transport(bus_, phone_.info.vendorId, phone_.info.productId);
         transport.open();
         transport.send(commandOf(0x1002, 1, {1}));
         (void)transport.receivePacket();

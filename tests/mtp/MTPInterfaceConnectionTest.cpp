@@ -1,8 +1,8 @@
-#include "mtp/MTPInterfaceConnection.h"
+#include "mtp/client/MTPInterfaceConnection.h"
 
-#include "mtp/IOKitMTPTransport.h"
+#include "mtp/client/MTPUSBTransport.h"
 #include "support/MTPFailure.h"
-#include "support/ScriptedUsbBus.h"
+#include "support/ScriptedUSBBus.h"
 
 #include <gmock/gmock.h>
 
@@ -12,18 +12,18 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-constexpr UsbPipeProperties bulkIn{UsbDirection::in, UsbTransferType::bulk, 512};
-constexpr UsbPipeProperties bulkOut{UsbDirection::out, UsbTransferType::bulk, 512};
-constexpr UsbPipeProperties events{UsbDirection::in, UsbTransferType::interrupt, 64};
+constexpr USBPipeProperties bulkIn{USBDirection::in, USBTransferType::bulk, 512};
+constexpr USBPipeProperties bulkOut{USBDirection::out, USBTransferType::bulk, 512};
+constexpr USBPipeProperties events{USBDirection::in, USBTransferType::interrupt, 64};
 
 const MTPDeviceAddress anyOfModel{0x18D1, 0x4EE1, {}, {}};
 
-std::string openFailure(ScriptedUsbBus& bus, const MTPDeviceAddress& address = anyOfModel) {
+std::string openFailure(ScriptedUSBBus& bus, const MTPDeviceAddress& address = anyOfModel) {
     return mtpFailureOf([&] { (void)openMTPInterface(bus, address); });
 }
 
 TEST(MTPInterfaceConnection, opensOnlyTheAskedModel) {
-    ScriptedUsbBus bus;
+    ScriptedUSBBus bus;
     bus.attach("1-2").entry.productID = 0x4EE2;
     bus.attach("1-3").entry.vendorID = 0x04E8;
     (void)openMTPInterface(bus, {0x18D1, 0x4EE2, {}, {}});
@@ -37,7 +37,7 @@ TEST(MTPInterfaceConnection, opensOnlyTheAskedModel) {
 TEST(MTPInterfaceConnection, someVendorsAreNeverOpened) {
     for (const std::uint16_t vendor :
          std::initializer_list<std::uint16_t>{0x05AC, 0x0BC2, 0x1058}) {
-        ScriptedUsbBus bus;
+        ScriptedUSBBus bus;
         bus.attached[0].entry.vendorID = vendor;
         EXPECT_EQ(openFailure(bus, {vendor, 0x4EE1, {}, {}}), mtpNotConnected);
         EXPECT_THAT(bus.log, IsEmpty()) << vendor;
@@ -49,7 +49,7 @@ TEST(MTPInterfaceConnection, interfaceQualifiesByItsClass) {
     const std::tuple<std::uint8_t, std::uint8_t, bool> rows[] = {
         {6, 0, true}, {255, 1, true}, {255, 66, false}, {8, 6, false}};
     for (const auto& [interfaceClass, subclass, qualifies] : rows) {
-        ScriptedUsbBus bus;
+        ScriptedUSBBus bus;
         bus.attached[0].interfaces[0].interfaceClass = interfaceClass;
         bus.attached[0].interfaces[0].subclass = subclass;
         EXPECT_EQ(openFailure(bus), qualifies ? "none" : mtpNotConnected)
@@ -58,7 +58,7 @@ TEST(MTPInterfaceConnection, interfaceQualifiesByItsClass) {
 }
 
 TEST(MTPInterfaceConnection, interfaceWithoutBulkPairIsPassedOver) {
-    ScriptedUsbBus bus;
+    ScriptedUSBBus bus;
     auto& interfaces = bus.attached[0].interfaces;
     interfaces.assign(3, {});
     interfaces[0].pipes = {events};
@@ -76,8 +76,8 @@ TEST(MTPInterfaceConnection, interfaceWithoutBulkPairIsPassedOver) {
 
 TEST(MTPInterfaceConnection, whatIsHeldIsSeizedAndRefusalsSayWhy) {
     struct Row {
-        std::deque<UsbCode> device;
-        std::deque<UsbCode> interface;
+        std::deque<USBCode> device;
+        std::deque<USBCode> interface;
         std::vector<std::string> calls; ///< after the first attempt to open the device
         std::string failure;
     };
@@ -85,7 +85,7 @@ TEST(MTPInterfaceConnection, whatIsHeldIsSeizedAndRefusalsSayWhy) {
     const std::string notPermitted = "MTP Transport error: USB open failed: 0x-1FFFFD1E";
     const std::string open = "open interface 0";
     const std::string seize = "seize interface 0";
-    const UsbCode held = usb::exclusiveAccess;
+    const USBCode held = usb::exclusiveAccess;
     const std::vector<Row> rows{
         {{}, {held}, {open, open}, "none"},
         {{}, {held, held}, {open, open, seize}, "none"},
@@ -97,7 +97,7 @@ TEST(MTPInterfaceConnection, whatIsHeldIsSeizedAndRefusalsSayWhy) {
         {{usb::notPermitted}, {}, {}, notPermitted},
     };
     for (const Row& row : rows) {
-        ScriptedUsbBus bus;
+        ScriptedUSBBus bus;
         bus.attached[0].openCodes = row.device;
         bus.attached[0].interfaces[0].openCodes = row.interface;
         EXPECT_EQ(openFailure(bus), row.failure);
@@ -117,7 +117,7 @@ TEST(MTPInterfaceConnection, tellsTwoPhonesOfOneModelApart) {
         {"nothing known", "", "", "refused"},
     };
     for (const auto& [name, serial, location, opened] : rows) {
-        ScriptedUsbBus bus;
+        ScriptedUSBBus bus;
         bus.attached[0].entry.serialNumber = QStringLiteral("A");
         bus.attach("1-2", QStringLiteral("B"));
         const MTPDeviceAddress address{0x18D1, 0x4EE1, QString::fromLatin1(serial),
@@ -131,7 +131,7 @@ TEST(MTPInterfaceConnection, tellsTwoPhonesOfOneModelApart) {
 }
 
 TEST(MTPInterfaceConnection, clonesWithOneSerialAreToldApartByTheirPort) {
-    ScriptedUsbBus bus;
+    ScriptedUSBBus bus;
     bus.attached[0].entry.serialNumber = QStringLiteral("0123456789ABCDEF");
     bus.attach("1-2", QStringLiteral("0123456789ABCDEF"));
     MTPDeviceAddress address{0x18D1, 0x4EE1, QStringLiteral("0123456789ABCDEF"), {}};
@@ -140,9 +140,9 @@ TEST(MTPInterfaceConnection, clonesWithOneSerialAreToldApartByTheirPort) {
     EXPECT_EQ(findMTPDevice(bus, address)->location, QStringLiteral("1-2"));
 }
 
-TEST(IOKitMTPTransportLifecycle, everythingFailsWhileClosed) {
-    ScriptedUsbBus bus;
-    IOKitMTPTransport transport(bus, anyOfModel);
+TEST(MTPUSBTransportLifecycle, everythingFailsWhileClosed) {
+    ScriptedUSBBus bus;
+    MTPUSBTransport transport(bus, anyOfModel);
     const Bytes bytes(12);
     const auto expectClosed = [&] {
         EXPECT_EQ(mtpFailureOf([&] { transport.send(bytes); }), mtpNotConnected);

@@ -1,4 +1,4 @@
-#include "mtp/MTPPacketCodec.h"
+#include "mtp/protocol/MTPPacketCodec.h"
 #include "support/MTPContainers.h"
 #include "support/QtPrinters.h"
 

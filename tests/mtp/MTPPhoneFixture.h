@@ -1,8 +1,8 @@
 #pragma once
 
-#include "mtp/IOKitMTPTransport.h"
-#include "mtp/MTPClient.h"
-#include "mtp/MTPPacketCodec.h"
+#include "mtp/client/MTPClient.h"
+#include "mtp/client/MTPUSBTransport.h"
+#include "mtp/protocol/MTPPacketCodec.h"
 #include "support/MTPContainers.h"
 #include "support/MTPFailure.h"
 #include "support/PluggedPhone.h"
@@ -23,8 +23,7 @@ protected:
     }
 
     [[nodiscard]] std::unique_ptr<MTPTransportProtocol> newTransport() {
-        return std::make_unique<IOKitMTPTransport>(bus_, phone_.info.vendorId,
-                                                   phone_.info.productId);
+        return std::make_unique<MTPUSBTransport>(bus_, phone_.info.vendorId, phone_.info.productId);
     }
     void replug() {
         phone_.android.unplug();
@@ -81,7 +80,7 @@ protected:
         EXPECT_EQ(phone_.android.needlessHaltClears(), timeouts);
     }
 
-    VirtualUsbBus bus_;
+    VirtualUSBBus bus_;
     PluggedPhone phone_;
     MTPClient client_{newTransport()};
 

@@ -1,5 +1,5 @@
 #include "MTPPhoneFixture.h"
-#include "core/CancellationError.h"
+#include "base/threads/CancellationError.h"
 
 #include <atomic>
 #include <thread>

@@ -1,5 +1,5 @@
-#include "platform/linux/DesktopNotifier.h"
-#include "platform/linux/FileManager.h"
+#include "platform/desktop/DesktopNotifier.h"
+#include "platform/desktop/FileManager.h"
 #include "support/Application.h"
 #include "support/QtPrinters.h"
 

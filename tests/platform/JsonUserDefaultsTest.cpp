@@ -1,4 +1,4 @@
-#include "platform/qt/JsonUserDefaults.h"
+#include "platform/settings/JsonUserDefaults.h"
 #include "support/QtPrinters.h"
 #include "support/TemporaryFolder.h"
 

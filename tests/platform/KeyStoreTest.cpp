@@ -1,5 +1,5 @@
-#include "platform/linux/FileKeyStore.h"
-#include "platform/qt/DesktopKeyStore.h"
+#include "platform/keys/DesktopKeyStore.h"
+#include "platform/keys/FileKeyStore.h"
 #include "support/Application.h"
 #include "support/TemporaryFolder.h"
 

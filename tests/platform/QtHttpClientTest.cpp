@@ -1,5 +1,5 @@
-#include "platform/qt/QtHttpClient.h"
-#include "core/CancellationError.h"
+#include "platform/http/QtHttpClient.h"
+#include "base/threads/CancellationError.h"
 #include "support/MainLoop.h"
 #include "support/ScriptedHttpServer.h"
 

@@ -1,4 +1,4 @@
-#include "platform/qt/QtProcessRunner.h"
+#include "platform/process/QtProcessRunner.h"
 #include "support/QtPrinters.h"
 #include "support/TemporaryFolder.h"
 

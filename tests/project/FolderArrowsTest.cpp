@@ -15,12 +15,66 @@ namespace {
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-/// What each folder of src/ may include besides itself and what those may include in turn.
+/// What each folder may include besides itself and what those may include in turn. A folder with
+/// rooms stands with each of them; "simulator" lies beside src/.
 const std::map<std::string, std::vector<std::string>> arrows = {
-    {"core", {}},           {"platform", {"core"}},     {"mtp", {"platform"}},
-    {"adb", {"platform"}},  {"ios", {"platform"}},      {"files", {"mtp", "adb", "ios"}},
-    {"devices", {"files"}}, {"sync", {"devices"}},      {"app", {"sync"}},
-    {"app/views", {"app"}}, {"phones", {"mtp", "adb"}}, {"cli", {"app"}},
+    {"base/values", {}},
+    {"base/text", {}},
+    {"base/log", {"base/text"}},
+    {"base/threads", {}},
+    {"base/local", {"base/values"}},
+    {"platform/process", {}},
+    {"platform/settings", {"base/log", "base/threads"}},
+    {"platform/keys", {"base/log"}},
+    {"platform/dnssd", {"base/local", "base/log", "base/threads"}},
+    {"platform/http", {"base/threads"}},
+    {"platform/mount", {"base/local", "base/log", "base/threads"}},
+    {"platform/desktop", {"base/log"}},
+    {"platform/usb", {"base/local", "platform/process"}},
+    {"phone/records", {"base/text", "base/values"}},
+    {"phone", {"base/local", "base/text", "base/threads", "phone/records"}},
+    {"mtp/protocol", {"platform/usb"}},
+    {"mtp/client", {"base/threads", "mtp/protocol"}},
+    {"mtp/files", {"base/log", "mtp/client", "phone"}},
+    {"adb/protocol", {"platform/desktop", "platform/dnssd", "platform/keys"}},
+    {"adb/files", {"base/log", "phone", "platform/process"}},
+    {"ios", {"base/log", "phone"}},
+    {"transfer", {"mtp/protocol", "phone", "platform/mount"}},
+    {"devices/files", {"adb/files", "ios", "mtp/files", "transfer"}},
+    {"devices/list", {"devices/files", "platform/settings"}},
+    {"sync/plan", {"phone", "platform/settings"}},
+    {"sync/run", {"devices/files", "sync/plan"}},
+    {"sync/manager", {"devices/list", "platform/desktop", "sync/run"}},
+    {"browser/listing", {"phone"}},
+    {"browser/model", {"adb/protocol", "browser/listing", "devices/files"}},
+    {"preview", {"phone", "platform/process"}},
+    {"preview/decoding", {"preview"}},
+    {"app",
+     {"app/translations/messages", "app/translations/window", "platform/dnssd", "platform/http",
+      "sync/manager"}},
+    {"views/common", {"app", "browser/model"}},
+    {"views/dialogs", {"preview", "views/common"}},
+    {"views/browser", {"views/dialogs"}},
+    {"views/sync", {"views/common"}},
+    {"views/settings", {"views/sync"}},
+    {"views/sidebar", {"views/common"}},
+    {"views/transfers", {"views/common"}},
+    {"views/window", {"views/browser", "views/settings", "views/sidebar", "views/transfers"}},
+    {"views/tour", {"views/window"}},
+    {"cli", {"sync/manager"}},
+    {"simulator/wire", {"base/local"}},
+    {"simulator/usb", {"base/threads", "platform/usb", "simulator/wire"}},
+    {"simulator/mtp", {"mtp/protocol", "simulator/usb"}},
+    {"simulator/adbd", {"adb/protocol", "platform/process", "simulator/wire"}},
+    {"simulator/iphone", {"base/threads", "simulator/wire"}},
+    {"simulator/content", {}},
+    {"simulator/demo",
+     {"simulator/adbd", "simulator/content", "simulator/iphone", "simulator/mtp"}},
+    {"app/translations", {}},
+    {"app/translations/window", {"app/translations"}},
+    {"app/translations/messages", {"app/translations"}},
+    // A main file puts its program together: it may also start the virtual phones.
+    {"programs", {"views/tour", "cli", "preview/decoding", "simulator/demo"}},
 };
 
 void addReachable(const std::string& folder, std::set<std::string>& reached) {
@@ -30,28 +84,18 @@ void addReachable(const std::string& folder, std::set<std::string>& reached) {
         addReachable(next, reached);
 }
 
-/// The folder of a path that is written from src/; empty for one that is in no known folder.
+/// The folder of a path that is written as includes are; empty for one that is in no known folder.
 std::string folderOf(const std::string& path) {
-    if (path.starts_with("app/views/"))
-        return "app/views";
-    const std::size_t slash = path.find('/');
+    const std::size_t slash = path.rfind('/');
     const std::string folder = slash == std::string::npos ? "" : path.substr(0, slash);
+    if (folder.starts_with("programs/"))
+        return "programs";
     return arrows.contains(folder) ? folder : "";
 }
 
-bool isMain(const std::string& file) {
-    return file.ends_with("/main.cpp");
-}
-
-/// What a file may include. A main file puts its program together: it may start the virtual
-/// phones, and that of the application its windows.
 std::set<std::string> allowed(const std::string& file) {
     std::set<std::string> folders;
     addReachable(folderOf(file), folders);
-    if (isMain(file))
-        addReachable("phones", folders);
-    if (folderOf(file) == "app" && isMain(file))
-        addReachable("app/views", folders);
     return folders;
 }
 
@@ -65,7 +109,7 @@ std::vector<std::string> violations(const std::string& file, const std::string& 
     static const std::regex include(R"(^\s*#\s*include\s*([<"])([^>"]+)[>"])");
     if (folderOf(file).empty())
         return {file + " is in no known folder"};
-    const bool mayUseWidgets = allowed(file).contains("app/views");
+    const bool mayUseWidgets = allowed(file).contains("views/common");
     std::vector<std::string> found;
     std::istringstream lines(text);
     for (std::string line; std::getline(lines, line);) {
@@ -83,32 +127,65 @@ std::vector<std::string> violations(const std::string& file, const std::string& 
     return found;
 }
 
+/// Each source file by the path that includes name it by.
+std::map<std::string, std::string> sources() {
+    std::map<std::string, std::string> found;
+    const std::filesystem::path top(TESSARY_TOP);
+    for (const auto& [folder, base] :
+         {std::pair(top / "src", top / "src"), std::pair(top / "simulator", top)})
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+            const auto extension = entry.path().extension();
+            if (extension != ".h" && extension != ".cpp")
+                continue;
+            std::stringstream text;
+            text << std::ifstream(entry.path()).rdbuf();
+            found[entry.path().lexically_relative(base).generic_string()] = text.str();
+        }
+    return found;
+}
+
 TEST(FolderArrows, sourcesIncludeOnlyWhatTheyMay) {
-    const std::filesystem::path sources(TESSARY_SOURCES);
     std::vector<std::string> found;
-    int files = 0;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(sources)) {
-        const auto extension = entry.path().extension();
-        if (extension != ".h" && extension != ".cpp")
-            continue;
-        std::stringstream text;
-        text << std::ifstream(entry.path()).rdbuf();
-        const std::string name = entry.path().lexically_relative(sources).generic_string();
-        for (const std::string& violation : violations(name, text.str()))
+    const auto all = sources();
+    for (const auto& [name, text] : all)
+        for (const std::string& violation : violations(name, text))
             found.push_back(violation);
-        ++files;
-    }
-    EXPECT_GT(files, 20);
+    EXPECT_GT(all.size(), 400U);
     EXPECT_THAT(found, IsEmpty());
+}
+
+TEST(FolderArrows, foldersPointOneWayOnly) {
+    std::vector<std::string> cycles;
+    for (const auto& [folder, nexts] : arrows)
+        for (const std::string& next : nexts) {
+            std::set<std::string> reached;
+            addReachable(next, reached);
+            if (reached.contains(folder))
+                cycles.push_back(folder + " <-> " + next);
+        }
+    EXPECT_THAT(cycles, IsEmpty());
+}
+
+TEST(FolderArrows, noFolderIsAHall) {
+    constexpr int most = 26;
+    std::map<std::string, int> counts;
+    for (const auto& [name, text] : sources())
+        ++counts[name.substr(0, name.rfind('/'))];
+    std::vector<std::string> halls;
+    for (const auto& [folder, count] : counts)
+        if (count > most)
+            halls.push_back(folder + ": " + std::to_string(count) + " files");
+    EXPECT_THAT(halls, IsEmpty());
 }
 
 TEST(FolderArrows, plantedViolationsAreFound) {
     const std::pair<const char*, const char*> rows[] = {
-        {"mtp/MTPClient.h", "#pragma once\n\n  # include \"files/DirectoryCache.h\""},
-        {"cli/Commands.cpp", "#include \"phones/VirtualAndroid.h\""},
-        {"cli/main.cpp", "#include \"app/views/MainWindow.h\""},
+        {"mtp/client/MTPClient.h", "#pragma once\n\n  # include \"browser/listing/FileRows.h\""},
+        {"cli/Commands.cpp", "#include \"simulator/mtp/VirtualAndroid.h\""},
+        {"cli/Other.cpp", "#include \"views/window/MainWindow.h\""},
+        {"base/text/A.cpp", "#include \"base/log/Product.h\""},
         {"app/TessaryApp.cpp", "#include <QMessageBox>"},
-        {"files/A.cpp", "#include \"B.h\""},
+        {"sync/plan/A.cpp", "#include \"B.h\""},
         {"stray/A.cpp", ""},
     };
     for (const auto& [file, text] : rows)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/TessaryError.h"
+#include "base/values/TessaryError.h"
 
 #include <QString>
 

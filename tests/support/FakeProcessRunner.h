@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ProcessRunner.h"
+#include "platform/process/ProcessRunner.h"
 
 #include <mutex>
 #include <vector>

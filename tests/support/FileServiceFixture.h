@@ -1,8 +1,8 @@
 #pragma once
 
-#include "core/CancellationError.h"
-#include "core/TessaryError.h"
-#include "files/DeviceFileService.h"
+#include "base/threads/CancellationError.h"
+#include "base/values/TessaryError.h"
+#include "devices/files/DeviceFileService.h"
 #include "support/FakeProcessRunner.h"
 #include "support/ManyBytes.h"
 #include "support/PluggedPhone.h"
@@ -85,7 +85,7 @@ protected:
         return paths;
     }
 
-    VirtualUsbBus bus_;
+    VirtualUSBBus bus_;
     FakeProcessRunner processes_;
     const TemporaryFolder local_; ///< this computer's side
     std::unique_ptr<DeviceFileService> service_ =

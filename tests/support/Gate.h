@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/CancellationError.h"
+#include "base/threads/CancellationError.h"
 
 #include <condition_variable>
 #include <mutex>

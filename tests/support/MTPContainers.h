@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/LittleEndian.h"
-#include "mtp/MTPTypes.h"
+#include "base/values/LittleEndian.h"
+#include "mtp/protocol/MTPTypes.h"
 
 #include <string_view>
 #include <vector>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "mtp/MTPTransportError.h"
+#include "mtp/protocol/MTPTransportError.h"
 
 #include <string>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/Background.h"
+#include "base/threads/Background.h"
 #include "support/Application.h"
 #include "support/QtPrinters.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "ios/AFCClient.h"
-#include "phones/VirtualIPhone.h"
-#include "phones/VirtualMux.h"
+#include "simulator/iphone/VirtualIPhone.h"
+#include "simulator/iphone/VirtualMux.h"
 #include "support/TemporaryFolder.h"
 
 #include <memory>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/DeviceInfo.h"
-#include "phones/VirtualAndroid.h"
+#include "phone/records/DeviceInfo.h"
+#include "simulator/mtp/VirtualAndroid.h"
 #include "support/TemporaryFolder.h"
 
 namespace tessary {
@@ -20,7 +20,7 @@ public:
     static constexpr std::uint32_t secondStorage = 0x00020001;
 
     /// `storages` are what `config` names, or one; their folders are "0", "1", … of `disk`.
-    explicit PluggedPhone(VirtualUsbBus& bus, VirtualAndroidConfig config = {})
+    explicit PluggedPhone(VirtualUSBBus& bus, VirtualAndroidConfig config = {})
         : android(onDisk(std::move(config), disk)), info(describe(android.config())) {
         if (android.plugInto(bus) == 0)
             throw std::runtime_error("the location is taken");
@@ -49,7 +49,7 @@ public:
         android.behaviour().update(change);
     }
     /// Pulls the cable after so many bytes of the `phase`th data phase from now on.
-    void unplugAfter(UsbDirection direction, std::uint64_t bytes, unsigned phase) {
+    void unplugAfter(USBDirection direction, std::uint64_t bytes, unsigned phase) {
         fault([&](VirtualFaults& faults) { faults.unplug = {direction, bytes, phase}; });
     }
     /// Changes the containers with an operation's data before they are sent.

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "adb/WirelessADBDiscovery.h"
-#include "platform/ServiceBrowser.h"
+#include "adb/protocol/WirelessADBDiscovery.h"
+#include "platform/dnssd/ServiceBrowser.h"
 
 #include <map>
 #include <thread>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/TessaryError.h"
-#include "sync/SyncRun.h"
+#include "base/values/TessaryError.h"
+#include "sync/run/SyncRun.h"
 
 #include <QTimeZone>
 #include <gtest/gtest.h>

@@ -1,10 +1,10 @@
 // What every way to a phone must do, over MTP, the real adb and the real library for iPhones.
 
-#include "support/AdbFixture.h"
+#include "support/ADBFixture.h"
 #include "support/Application.h"
 #include "support/PluggedIPhone.h"
 #include "sync/SyncFolders.h"
-#include "sync/iOSSyncBackend.h"
+#include "sync/run/IPhoneSyncBackend.h"
 
 #include <gmock/gmock.h>
 
@@ -15,9 +15,9 @@ using namespace Qt::StringLiterals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class SyncByAdb : public AdbFixture, protected SyncFolders {
+class SyncByADB : public ADBFixture, protected SyncFolders {
 protected:
-    SyncByAdb() : SyncFolders(serial(), SyncPair::deviceStorage, u"/sdcard/Sync"_s) {
+    SyncByADB() : SyncFolders(serial(), SyncPair::deviceStorage, u"/sdcard/Sync"_s) {
         device_.platform = DevicePlatform::android;
         device_.protocolMode = ProtocolMode::adbTurbo;
         device_.udid = serial();
@@ -31,8 +31,8 @@ protected:
         return std::make_unique<AndroidSyncBackend>(service_, device_, stop);
     }
 
-    VirtualUsbBus bus_;
-    DeviceFileService service_{bus_, runner_, QStringList{realAdb()}};
+    VirtualUSBBus bus_;
+    DeviceFileService service_{bus_, runner_, QStringList{realADB()}};
     DeviceInfo device_;
 };
 
@@ -45,7 +45,7 @@ protected:
         return iphone_.disk.path(iphone_.inDocuments(u"Sync"_s));
     }
     std::unique_ptr<SyncDeviceBackend> connect(const std::stop_token& stop) override {
-        return std::make_unique<iOSSyncBackend>(iphone_.open(), pair_.deviceUDID, stop);
+        return std::make_unique<IPhoneSyncBackend>(iphone_.open(), pair_.deviceUDID, stop);
     }
     void duringRun() override {
         EXPECT_TRUE(BusyPhones::shared().isBusy(iphone_.udid())) << "no poll may come between";
@@ -69,7 +69,7 @@ protected:
 template <typename Way>
 class SyncBackendsTest : public Way {};
 
-using Ways = testing::Types<SyncByMTP, SyncByAdb, SyncByAFC>;
+using Ways = testing::Types<SyncByMTP, SyncByADB, SyncByAFC>;
 TYPED_TEST_SUITE(SyncBackendsTest, Ways, );
 
 TYPED_TEST(SyncBackendsTest, everyModeCopiesItsWayAndASecondRunIsQuiet) {
@@ -139,7 +139,7 @@ TEST_F(SyncByMTP, fullFolderIsNotTakenForAnEmptyOne) {
     EXPECT_EQ(phoneFiles().size(), 1U);
 }
 
-TEST_F(SyncByAdb, fullFolderIsNotTakenForAnEmptyOne) {
+TEST_F(SyncByADB, fullFolderIsNotTakenForAnEmptyOne) {
     onPhone(u"full/a"_s, "a");
     const FileItem folder = service_.itemAt(u"/sdcard/Sync/full"_s, device_);
     EXPECT_THROW(service_.deleteEmptyFolder(folder, device_), TessaryError);

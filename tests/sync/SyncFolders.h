@@ -1,9 +1,9 @@
 #pragma once
 
 #include "support/FileServiceFixture.h"
-#include "sync/AndroidSyncBackend.h"
-#include "sync/DiskSyncFolder.h"
-#include "sync/SyncRun.h"
+#include "sync/run/AndroidSyncBackend.h"
+#include "sync/run/DiskSyncFolder.h"
+#include "sync/run/SyncRun.h"
 
 #include <QDirIterator>
 

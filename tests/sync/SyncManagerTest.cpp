@@ -1,9 +1,9 @@
 #include "devices/DeviceManagerFixture.h"
-#include "files/DeviceFileService.h"
-#include "platform/MemoryUserDefaults.h"
+#include "devices/files/DeviceFileService.h"
+#include "platform/settings/MemoryUserDefaults.h"
 #include "support/FakeProcessRunner.h"
 #include "support/TemporaryFolder.h"
-#include "sync/SyncViewModel.h"
+#include "sync/manager/SyncViewModel.h"
 
 #include <gmock/gmock.h>
 

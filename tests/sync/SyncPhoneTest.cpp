@@ -23,10 +23,10 @@ protected:
 /// The cable comes out after every few bytes, in either direction; then a run in peace.
 TEST_F(SyncPhoneTest, unplugAtAnyStepLosesNothing) {
     int broken = 0;
-    for (const UsbDirection direction : {UsbDirection::in, UsbDirection::out}) {
+    for (const USBDirection direction : {USBDirection::in, USBDirection::out}) {
         for (unsigned phase = 1; phase < 60; phase += 3) {
             SCOPED_TRACE(testing::Message()
-                         << (direction == UsbDirection::in ? "in " : "out ") << phase);
+                         << (direction == USBDirection::in ? "in " : "out ") << phase);
             plugIn({});
             clear();
             here(u"old"_s, "old");

@@ -1,4 +1,4 @@
-#include "sync/SyncPlanner.h"
+#include "sync/plan/SyncPlanner.h"
 #include "support/QtPrinters.h"
 
 #include <QTimeZone>

@@ -1,4 +1,4 @@
-#include "core/CancellationError.h"
+#include "base/threads/CancellationError.h"
 #include "support/QtPrinters.h"
 #include "sync/MemorySync.h"
 

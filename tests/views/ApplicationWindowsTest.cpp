@@ -1,9 +1,9 @@
-#include "app/views/ApplicationWindows.h"
+#include "views/window/ApplicationWindows.h"
 #include "app/LanguageManager.h"
-#include "app/views/UpdateAlerts.h"
-#include "core/Background.h"
-#include "platform/MemoryUserDefaults.h"
+#include "base/threads/Background.h"
+#include "platform/settings/MemoryUserDefaults.h"
 #include "support/QtPrinters.h"
+#include "views/dialogs/UpdateAlerts.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -1,5 +1,5 @@
 #include "WindowFixture.h"
-#include "core/StallWatch.h"
+#include "base/threads/StallWatch.h"
 
 #include <QLineEdit>
 

@@ -1,10 +1,10 @@
 #include "WindowFixture.h"
-#include "app/views/PictureView.h"
-#include "app/views/PreviewWindow.h"
-#include "app/views/PropertiesDialog.h"
-#include "app/views/ThumbnailStore.h"
-#include "core/StallWatch.h"
-#include "phones/DemoMedia.h"
+#include "base/threads/StallWatch.h"
+#include "simulator/content/DemoMedia.h"
+#include "views/browser/ThumbnailStore.h"
+#include "views/dialogs/PictureView.h"
+#include "views/dialogs/PreviewWindow.h"
+#include "views/dialogs/PropertiesDialog.h"
 
 #include <QLabel>
 #include <QPlainTextEdit>

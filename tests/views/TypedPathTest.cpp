@@ -1,5 +1,5 @@
 #include "WindowFixture.h"
-#include "app/views/StatusBanner.h"
+#include "views/common/StatusBanner.h"
 
 #include <QAbstractItemView>
 #include <QCompleter>

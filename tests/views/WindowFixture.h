@@ -1,12 +1,12 @@
 #pragma once
 
 #include "app/TessaryApp.h"
-#include "app/views/MainWindow.h"
-#include "core/Background.h"
-#include "phones/VirtualAndroid.h"
-#include "platform/qt/QtProcessRunner.h"
+#include "base/threads/Background.h"
+#include "platform/process/QtProcessRunner.h"
+#include "simulator/mtp/VirtualAndroid.h"
 #include "support/PluggedPhone.h"
 #include "support/QtPrinters.h"
+#include "views/window/MainWindow.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -72,7 +72,7 @@ protected:
     TemporaryFolder local_;
     QStringList filesToCopy_;
     std::function<void()> whileChoosing_; ///< happens while the user looks for files
-    VirtualUsbBus bus_;
+    VirtualUSBBus bus_;
     QtProcessRunner processes_;
     DeviceFileService files_{bus_, processes_};
     std::unique_ptr<TessaryApp> app_;

@@ -1,5 +1,5 @@
 #include "WindowFixture.h"
-#include "app/views/DragOut.h"
+#include "views/browser/DragOut.h"
 
 #include <QDropEvent>
 #include <QListView>

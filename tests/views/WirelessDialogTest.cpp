@@ -1,7 +1,7 @@
-#include "app/views/WirelessDialog.h"
+#include "views/dialogs/WirelessDialog.h"
 
-#include "core/Background.h"
-#include "platform/qt/QtProcessRunner.h"
+#include "base/threads/Background.h"
+#include "platform/process/QtProcessRunner.h"
 #include "support/QtPrinters.h"
 #include "support/ScriptedNetwork.h"
 #include "support/TemporaryFolder.h"

@@ -1,7 +1,7 @@
 #include "platform/dnssd/DnsSdBrowser.h"
 
-#include "core/DiagnosticsLogger.h"
-#include "core/FileHandle.h"
+#include "base/local/FileHandle.h"
+#include "base/log/DiagnosticsLogger.h"
 #include "platform/dnssd/DnsServiceRef.h"
 
 #include <fcntl.h>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/SerialQueue.h"
-#include "platform/ServiceBrowser.h"
+#include "base/threads/SerialQueue.h"
+#include "platform/dnssd/ServiceBrowser.h"
 
 #include <memory>
 

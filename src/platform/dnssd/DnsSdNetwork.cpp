@@ -1,4 +1,4 @@
-#include "core/CancellationError.h"
+#include "base/threads/CancellationError.h"
 #include "platform/dnssd/DnsSdBrowser.h"
 #include "platform/dnssd/DnsServiceRef.h"
 

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "simulator/adbd/ADBDSettings.h"
+
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tessary {
+
+/// One entry of a phone's folder.
+struct ADBDEntry {
+    std::string name;
+    struct stat status = {};
+    std::string target; ///< of a link
+};
+
+/// The file tree of a virtual adbd: /sdcard, which is a link, and /storage/emulated/0, over one
+/// folder of this machine. Errors are errno values; paths are absolute, of the phone.
+class ADBDFiles {
+public:
+    explicit ADBDFiles(const ADBDConfig& config)
+        : root_(config.folder.toStdString()), ignoresCase_(config.ignoresCase) {}
+
+    /// Where a path lies on this machine; no value for what is outside the phone's storage.
+    [[nodiscard]] std::optional<std::filesystem::path> resolve(const std::string& path) const;
+
+    /// 0, or why there is no status. `follow` looks through a link at the end of the path, as a
+    /// trailing "/" does.
+    [[nodiscard]] int status(const std::string& path, bool follow, struct stat& status) const;
+    /// The entries of a folder with "." and "..", sorted by name.
+    [[nodiscard]] int list(const std::string& path, std::vector<ADBDEntry>& entries) const;
+
+    [[nodiscard]] int makeFolders(const std::string& path) const;
+    [[nodiscard]] int removeAll(const std::string& path) const;
+    /// As `rm -f`: no folder.
+    [[nodiscard]] int removeFile(const std::string& path) const;
+    /// As `rmdir`.
+    [[nodiscard]] int removeFolder(const std::string& path) const;
+    /// As `mv`: into `to` when that is a folder, else in its place.
+    [[nodiscard]] int move(const std::string& from, const std::string& to) const;
+
+private:
+    const std::filesystem::path root_;
+    const bool ignoresCase_;
+};
+
+} // namespace tessary

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <set>
+#include <vector>
+
+namespace tessary {
+
+/// How a phone prints `ls -la`.
+enum class ADBDListingForm {
+    minutes,     ///< 2024-01-02 10:30, as current phones do
+    seconds,     ///< 2024-01-02 10:30:15
+    monthAndDay, ///< Jan  2 10:30, or Jan  2  2020 when it is long ago
+    plain,       ///< no link count, and no size for folders, as very old phones do
+};
+
+struct ADBDConfig {
+    QString folder; ///< what is seen as /sdcard; created when it is missing
+    QString serialNumber = QStringLiteral("VIRTUAL");
+    QString product = QStringLiteral("panther");
+    QString model = QStringLiteral("Pixel 7");
+    QString device = QStringLiteral("panther");
+    ADBDListingForm listing = ADBDListingForm::minutes;
+    bool hasShellV2 = true;                            ///< else no exit status reaches the host
+    bool asksForKeys = false;                          ///< else any computer is let in
+    bool ignoresCase = false;                          ///< in names of files
+    std::uint64_t capacity = std::uint64_t{128} << 30; ///< bytes
+    std::uint64_t free = std::uint64_t{64} << 30;
+};
+
+/// What a virtual adbd does wrong: all off at first.
+struct ADBDFaults {
+    /// Cuts the connection once this many bytes of service data have passed in either direction
+    /// since it was set. Happens once.
+    std::optional<std::uint64_t> dropAfter;
+    /// Commands of the shell ("ls"), or "sync", that are never answered.
+    std::set<QByteArray> hang;
+    bool readOnly = false;
+    /// Added to each size that the phone tells.
+    std::int64_t sizeLie = 0;
+    double megabytesPerSecond = 0; ///< of 10^6 bytes, for contents of files; 0 for no limit
+    /// Names that sync listings hold besides the true ones, and that can be pulled.
+    std::vector<QByteArray> extraNames;
+    /// May replace what a command prints, and its exit status by 0. Runs on the phone's thread.
+    std::function<std::optional<QByteArray>(const QByteArray& command)> rewrite;
+};
+
+} // namespace tessary

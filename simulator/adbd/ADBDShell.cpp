@@ -1,0 +1,354 @@
+#include "simulator/adbd/ADBDShell.h"
+
+#include "base/local/FileHandle.h"
+#include "base/values/LittleEndian.h"
+#include "simulator/adbd/ADBDListing.h"
+
+#include <fcntl.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <charconv>
+#include <cstring>
+#include <string_view>
+
+namespace tessary {
+
+namespace {
+
+using Words = std::vector<std::string>;
+
+constexpr std::string_view special = "$`*?|<>()#~!{}[]\"\n\r&;";
+
+ADBDShellResult failed(const std::string& text) {
+    return {{}, text + '\n', 1};
+}
+
+std::string reason(int code) {
+    return std::strerror(code); // NOLINT(concurrency-mt-unsafe): glibc's is safe for known codes
+}
+
+ADBDShellResult list(ADBDState& state, const Words& words) {
+    const std::string& path = words[2];
+    const ADBDFiles files(state.config);
+    const std::int64_t lie = state.faults.get().sizeLie;
+    std::vector<ADBDEntry> entries;
+    struct stat status = {};
+    if (const int code = files.status(path, false, status))
+        return failed("ls: " + path + ": " + reason(code));
+    if (!S_ISDIR(status.st_mode)) {
+        ADBDEntry self{path, status, S_ISLNK(status.st_mode) ? "/storage/self/primary" : ""};
+        return {adbdListingLine(self, state.config.listing, lie), {}, 0};
+    }
+    if (const int code = files.list(path, entries))
+        return failed("ls: " + path + ": " + reason(code));
+    std::string text = "total " + std::to_string(4 * entries.size()) + '\n';
+    for (const ADBDEntry& entry : entries)
+        text += adbdListingLine(entry, state.config.listing, lie);
+    return {text, {}, 0};
+}
+
+/// `stat [-L] [-c FORMAT] PATH` with the fields %f %s %Y %d %i.
+ADBDShellResult stat(ADBDState& state, const Words& words) {
+    std::size_t next = 1;
+    const bool follow = next < words.size() && words[next] == "-L";
+    next += follow ? 1 : 0;
+    std::string format = "  Size: %s\n";
+    if (next + 1 < words.size() && words[next] == "-c") {
+        format = words[next + 1] + '\n';
+        next += 2;
+    }
+    if (next + 1 != words.size())
+        return failed("stat: needs 1 argument");
+    const std::string& path = words[next];
+    struct stat status = {};
+    if (const int code = ADBDFiles(state.config).status(path, follow, status))
+        return failed("stat: '" + path + "': " + reason(code));
+    std::string text;
+    for (std::size_t i = 0; i < format.size(); ++i) {
+        if (format[i] != '%') {
+            text += format[i];
+            continue;
+        }
+        char hex[16] = {};
+        std::to_chars(hex, hex + sizeof hex - 1, status.st_mode, 16);
+        switch (format[++i]) {
+        case 'f':
+            text += hex;
+            break;
+        case 's':
+            text += std::to_string(status.st_size + state.faults.get().sizeLie);
+            break;
+        case 'Y':
+            text += std::to_string(status.st_mtim.tv_sec);
+            break;
+        case 'd':
+            text += std::to_string(status.st_dev);
+            break;
+        case 'i':
+            text += std::to_string(status.st_ino);
+            break;
+        default:
+            return failed("stat: bad format");
+        }
+    }
+    return {text, {}, 0};
+}
+
+ADBDShellResult makeFolders(ADBDState& state, const Words& words) {
+    const int code =
+        state.faults.get().readOnly ? EROFS : ADBDFiles(state.config).makeFolders(words[2]);
+    return code == 0 ? ADBDShellResult() : failed("mkdir: '" + words[2] + "': " + reason(code));
+}
+
+ADBDShellResult removeAll(ADBDState& state, const Words& words) {
+    const int code =
+        state.faults.get().readOnly ? EROFS : ADBDFiles(state.config).removeAll(words[2]);
+    return code == 0 ? ADBDShellResult() : failed("rm: " + words[2] + ": " + reason(code));
+}
+
+ADBDShellResult removeFile(ADBDState& state, const Words& words) {
+    const int code =
+        state.faults.get().readOnly ? EROFS : ADBDFiles(state.config).removeFile(words[2]);
+    return code == 0 ? ADBDShellResult() : failed("rm: " + words[2] + ": " + reason(code));
+}
+
+/// `mv [-f] FROM TO`
+ADBDShellResult move(ADBDState& state, const Words& words) {
+    const std::string& from = words[words.size() - 2];
+    const int code =
+        state.faults.get().readOnly ? EROFS : ADBDFiles(state.config).move(from, words.back());
+    return code == 0 ? ADBDShellResult() : failed("mv: bad '" + from + "': " + reason(code));
+}
+
+/// `find FOLDER -type f -exec stat -c FORMAT {} +`
+ADBDShellResult findFiles(ADBDState& state, const Words& words) {
+    ADBDShellResult all;
+    std::vector<ADBDEntry> entries;
+    const ADBDFiles files(state.config);
+    if (const int code = files.list(words[1], entries))
+        return failed("find: " + words[1] + ": " + reason(code));
+    for (const ADBDEntry& entry : entries) {
+        if (entry.name == "." || entry.name == "..")
+            continue;
+        Words below = words;
+        below[1] += (below[1].ends_with('/') ? "" : "/") + entry.name;
+        if (S_ISDIR(entry.status.st_mode))
+            all.output += findFiles(state, below).output;
+        else if (S_ISREG(entry.status.st_mode))
+            all.output += stat(state, {"stat", "-c", words[7], below[1]}).output;
+    }
+    return all;
+}
+
+ADBDShellResult head(ADBDState& state, const Words& words) {
+    std::size_t count = 0;
+    const std::string& digits = words[2];
+    constexpr std::size_t most = std::size_t{1} << 20;
+    if (std::from_chars(digits.data(), digits.data() + digits.size(), count).ec != std::errc() ||
+        count > most)
+        return failed("head: bad number");
+    const auto local = ADBDFiles(state.config).resolve(words[3]);
+    const FileHandle file(local ? ::open(local->c_str(), O_RDONLY | O_CLOEXEC) : -1);
+    if (!file.isOpen())
+        return failed("head: " + words[3] + ": " + reason(ENOENT));
+    std::string text(count, '\0');
+    const ssize_t got = ::read(file.get(), text.data(), count);
+    text.resize(got < 0 ? 0 : static_cast<std::size_t>(got));
+    return {text, {}, 0};
+}
+
+ADBDShellResult removeFolder(ADBDState& state, const Words& words) {
+    const int code =
+        state.faults.get().readOnly ? EROFS : ADBDFiles(state.config).removeFolder(words[1]);
+    return code == 0 ? ADBDShellResult() : failed("rmdir: '" + words[1] + "': " + reason(code));
+}
+
+ADBDShellResult diskFree(ADBDState& state, const Words&) {
+    const std::uint64_t all = state.config.capacity / 1024;
+    const std::uint64_t free = state.config.free / 1024;
+    const std::uint64_t used = all - std::min(all, free);
+    return {"Filesystem     1K-blocks     Used Available Use% Mounted on\n/dev/fuse      " +
+                std::to_string(all) + ' ' + std::to_string(used) + ' ' + std::to_string(free) +
+                "  42% /storage/emulated\n",
+            {},
+            0};
+}
+
+ADBDShellResult battery(ADBDState& state, const Words&) {
+    return {"Current Battery Service state:\n  AC powered: false\n  USB powered: true\n"
+            "  Max charging current: 500000\n  status: 2\n  health: 2\n  present: true\n"
+            "  level: " +
+                std::to_string(state.battery) +
+                "\n  scale: 100\n  voltage: 4123\n  temperature: 271\n  technology: Li-ion\n",
+            {},
+            0};
+}
+
+ADBDShellResult getProperty(ADBDState& state, const Words&) {
+    return {state.config.serialNumber.toStdString() + '\n', {}, 0};
+}
+
+ADBDShellResult echo(ADBDState&, const Words& words) {
+    return {words[1] + '\n', {}, 0};
+}
+
+/// A command with the words that it must begin with, and how many it has in all (0: any number).
+struct Known {
+    std::array<std::string_view, 3> front;
+    std::size_t count;
+    ADBDShellResult (*run)(ADBDState&, const Words&);
+};
+
+constexpr std::array knownCommands{
+    Known{{"ls", "-la", ""}, 3, &list},
+    Known{{"stat", "", ""}, 0, &stat},
+    Known{{"mkdir", "-p", ""}, 3, &makeFolders},
+    Known{{"rm", "-rf", ""}, 3, &removeAll},
+    Known{{"rm", "-f", ""}, 3, &removeFile},
+    Known{{"mv", "-f", ""}, 4, &move},
+    Known{{"mv", "", ""}, 3, &move},
+    Known{{"find", "", "-type"}, 10, &findFiles},
+    Known{{"head", "-c", ""}, 4, &head},
+    Known{{"df", "-k", "/sdcard"}, 3, &diskFree},
+    Known{{"dumpsys", "battery", ""}, 2, &battery},
+    Known{{"getprop", "ro.serialno", ""}, 2, &getProperty},
+    Known{{"echo", "", ""}, 2, &echo},
+    Known{{"rmdir", "", ""}, 2, &removeFolder},
+};
+
+const Known* find(const Words& words) {
+    for (const Known& known : knownCommands) {
+        bool fits = known.count == 0 || words.size() == known.count;
+        for (std::size_t n = 0; n < known.front.size() && fits; ++n)
+            fits = known.front[n].empty() || (n < words.size() && words[n] == known.front[n]);
+        if (fits)
+            return &known;
+    }
+    return nullptr;
+}
+
+/// The word that begins at `at`, which is moved behind it; no value when it isn't a plain one.
+std::optional<std::string> takeWord(const std::string& line, std::size_t& at) {
+    std::string word;
+    while (at < line.size() && line[at] != ' ' && line[at] != '\t' && line[at] != ';') {
+        const char c = line[at];
+        if (c == '\'') {
+            const std::size_t end = line.find('\'', at + 1);
+            if (end == std::string::npos)
+                return std::nullopt;
+            word += line.substr(at + 1, end - at - 1);
+            at = end + 1;
+        } else if (c == '\\' && at + 1 < line.size() && line[at + 1] != '\n') {
+            word += line[at + 1];
+            at += 2;
+        } else if (special.find(c) != std::string_view::npos || c == '\\') {
+            return std::nullopt;
+        } else {
+            word += c;
+            ++at;
+        }
+    }
+    return word;
+}
+
+void appendPacket(Bytes& bytes, std::uint8_t kind, std::string_view content) {
+    bytes.push_back(std::byte{kind});
+    appendLittleEndian(bytes, static_cast<std::uint32_t>(content.size()));
+    const auto* data = reinterpret_cast<const std::byte*>(content.data());
+    bytes.insert(bytes.end(), data, data + content.size());
+}
+
+} // namespace
+
+std::optional<std::vector<ADBDShellCommand>> parseADBDCommandLine(const std::string& line) {
+    std::vector<ADBDShellCommand> commands(1);
+    for (std::size_t at = 0; at < line.size();) {
+        if (line[at] == ' ' || line[at] == '\t') {
+            ++at;
+            continue;
+        }
+        const bool isAnd = line.compare(at, 3, "&& ") == 0;
+        if (isAnd || line.compare(at, 2, "; ") == 0) {
+            if (commands.back().words.empty())
+                return std::nullopt;
+            commands.push_back({{}, isAnd});
+            at += 2;
+            continue;
+        }
+        auto word = takeWord(line, at);
+        if (!word)
+            return std::nullopt;
+        commands.back().words.push_back(*std::move(word));
+    }
+    if (commands.back().words.empty())
+        return std::nullopt;
+    return commands;
+}
+
+ADBDShellResult runADBDCommandLine(ADBDState& state, const std::string& line) {
+    const auto refuse = [&] {
+        state.violations.update([&](auto& all) { all.push_back(QByteArray::fromStdString(line)); });
+        return ADBDShellResult{{}, "/system/bin/sh: syntax error: unexpected\n", 2};
+    };
+    const auto commands = parseADBDCommandLine(line);
+    if (!commands)
+        return refuse();
+    ADBDShellResult all;
+    for (const ADBDShellCommand& command : *commands) {
+        if (command.onlyAfterSuccess && all.status != 0)
+            continue;
+        const Known* known = find(command.words);
+        if (known == nullptr)
+            return refuse();
+        ADBDShellResult one = known->run(state, command.words);
+        all.output += one.output;
+        all.errors += one.errors;
+        all.status = one.status;
+    }
+    return all;
+}
+
+ADBDShell::ADBDShell(ADBDState& state, const std::string& line, bool isVersion2) {
+    const ADBDFaults faults = state.faults.get();
+    const QByteArray command = QByteArray::fromStdString(line);
+    if (faults.hang.contains(command.left(command.indexOf(' ')))) {
+        hangs_ = true;
+        return;
+    }
+    ADBDShellResult result;
+    if (const auto rewritten = faults.rewrite ? faults.rewrite(command) : std::nullopt)
+        result.output = rewritten->toStdString();
+    else
+        result = runADBDCommandLine(state, line);
+    if (!isVersion2) {
+        const std::string text = result.output + result.errors;
+        const auto* data = reinterpret_cast<const std::byte*>(text.data());
+        output_.assign(data, data + text.size());
+        return;
+    }
+    constexpr std::uint8_t standardOutput = 1;
+    constexpr std::uint8_t standardError = 2;
+    constexpr std::uint8_t exitStatus = 3;
+    constexpr std::size_t piece = 32768;
+    for (std::size_t at = 0; at < result.output.size(); at += piece)
+        appendPacket(output_, standardOutput, std::string_view(result.output).substr(at, piece));
+    if (!result.errors.empty())
+        appendPacket(output_, standardError, result.errors);
+    const char status = static_cast<char>(result.status);
+    appendPacket(output_, exitStatus, {&status, 1});
+}
+
+Bytes ADBDShell::produce(std::size_t most) {
+    const std::size_t count = std::min(most, output_.size() - sent_);
+    const auto begin = output_.begin() + static_cast<std::ptrdiff_t>(sent_);
+    sent_ += count;
+    return {begin, begin + static_cast<std::ptrdiff_t>(count)};
+}
+
+bool ADBDShell::isOver() const {
+    return !hangs_ && sent_ == output_.size();
+}
+
+} // namespace tessary

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "simulator/adbd/ADBDFiles.h"
+#include "simulator/adbd/ADBDService.h"
+#include "simulator/adbd/VirtualADBD.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tessary {
+
+/// What one command of a shell came to.
+struct ADBDShellResult {
+    std::string output;
+    std::string errors;
+    int status = 0;
+};
+
+/// The simple commands of a line, each a list of words, with whether a command runs only after the
+/// one before it went well. No value for a line that a shell would take for anything more than
+/// plain words, "&&" and ";": every special character has to be quoted.
+struct ADBDShellCommand {
+    std::vector<std::string> words;
+    bool onlyAfterSuccess = false;
+};
+[[nodiscard]] std::optional<std::vector<ADBDShellCommand>>
+parseADBDCommandLine(const std::string& line);
+
+/// Runs a command line on a virtual phone: ls -la, stat, mkdir -p, rm -rf, rm -f, rmdir, mv, find,
+/// head -c, df -k, dumpsys battery, getprop and echo, each exactly in the forms that are asked of
+/// real phones. Anything else is refused and kept among the violations. Starts no program.
+[[nodiscard]] ADBDShellResult runADBDCommandLine(ADBDState& state, const std::string& line);
+
+/// The shell service: a command line whose output goes to the host, in version 2 as packets (u8
+/// kind, u32 length, bytes) with the exit status at the end.
+class ADBDShell : public ADBDService {
+public:
+    ADBDShell(ADBDState& state, const std::string& line, bool isVersion2);
+
+    void receive(ByteView) override {}
+    [[nodiscard]] Bytes produce(std::size_t most) override;
+    [[nodiscard]] bool isOver() const override;
+
+private:
+    Bytes output_;
+    std::size_t sent_ = 0;
+    bool hangs_ = false;
+};
+
+} // namespace tessary

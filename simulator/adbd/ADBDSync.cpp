@@ -1,0 +1,301 @@
+#include "simulator/adbd/ADBDSync.h"
+
+#include "base/values/LittleEndian.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <cstring>
+#include <string_view>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+namespace tessary {
+
+namespace {
+
+using enum ADBSyncCommand;
+
+constexpr std::size_t recordHeader = 8;   // word and length
+constexpr std::size_t longestPath = 1024; // bytes, as adbd has it
+constexpr std::size_t largestChunk = 65536;
+
+void appendWord(Bytes& bytes, ADBSyncCommand word) {
+    appendLittleEndian(bytes, static_cast<std::uint32_t>(word));
+}
+
+void appendText(Bytes& bytes, std::string_view text) {
+    const auto* data = reinterpret_cast<const std::byte*>(text.data());
+    bytes.insert(bytes.end(), data, data + text.size());
+}
+
+template <typename T>
+std::uint32_t low32(T value) {
+    return static_cast<std::uint32_t>(value);
+}
+
+} // namespace
+
+ADBDSync::ADBDSync(ADBDState& state)
+    : state_(state), files_(state.config), hangs_(state.faults.get().hang.contains("sync")) {}
+
+ADBDSync::~ADBDSync() {
+    pushed_.close();
+    if (!pushedPath_.empty())
+        ::unlink(pushedPath_.c_str());
+}
+
+void ADBDSync::receive(ByteView bytes) {
+    if (hangs_)
+        return;
+    while (!bytes.empty()) {
+        if (chunkLeft_ > 0) {
+            const std::size_t count = std::min(chunkLeft_, bytes.size());
+            writePushed(bytes.first(count));
+            chunkLeft_ -= count;
+            bytes = bytes.subspan(count);
+            continue;
+        }
+        // Requests are small: they are put together in a buffer.
+        std::size_t wanted = recordHeader;
+        if (in_.size() >= recordHeader && !isPushing_)
+            wanted += readLittleEndian<std::uint32_t>(in_, 4);
+        if (wanted > recordHeader + longestPath) {
+            fail("path too long");
+            isOver_ = true;
+            return;
+        }
+        const std::size_t count = std::min(wanted - std::min(wanted, in_.size()), bytes.size());
+        in_.insert(in_.end(), bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(count));
+        bytes = bytes.subspan(count);
+        if (in_.size() < recordHeader)
+            return;
+        if (isPushing_) {
+            takePushRecord(in_);
+            in_.clear();
+            continue;
+        }
+        const std::size_t length = readLittleEndian<std::uint32_t>(in_, 4);
+        if (length > longestPath || in_.size() < recordHeader + length)
+            continue;
+        const auto command = adbSyncCommandFromRawValue(readLittleEndian<std::uint32_t>(in_, 0));
+        const std::string path(reinterpret_cast<const char*>(in_.data()) + recordHeader, length);
+        in_.clear();
+        if (!command) {
+            fail("unknown command");
+            isOver_ = true;
+            return;
+        }
+        serve(*command, path);
+    }
+}
+
+void ADBDSync::serve(ADBSyncCommand command, const std::string& path) {
+    switch (command) {
+    case stat:
+    case sta2:
+    case lst2:
+        return answerStat(command, path);
+    case list:
+        return answerList(path);
+    case recv:
+        return beginPull(path);
+    case send:
+        return beginPush(path);
+    case quit:
+        isOver_ = true;
+        return;
+    default:
+        fail("unexpected record");
+        isOver_ = true;
+    }
+}
+
+/// STAT: word, u32 mode, size, mtime. STA2 and LST2: word, u32 error, u64 device, u64 inode, u32
+/// mode, links, user, group, u64 size, times of access, change of content, change of status.
+void ADBDSync::answerStat(ADBSyncCommand command, const std::string& path) {
+    struct stat status = {};
+    const int code = files_.status(path, command == sta2, status);
+    const auto size = code == 0 ? status.st_size + state_.faults.get().sizeLie : 0;
+    if (code != 0)
+        status = {};
+    appendWord(out_, command);
+    if (command == stat) {
+        appendLittleEndian(out_, low32(status.st_mode));
+        appendLittleEndian(out_, low32(size));
+        appendLittleEndian(out_, low32(status.st_mtim.tv_sec));
+        return;
+    }
+    appendLittleEndian(out_, low32(code));
+    appendLittleEndian(out_, static_cast<std::uint64_t>(status.st_dev));
+    appendLittleEndian(out_, static_cast<std::uint64_t>(status.st_ino));
+    appendLittleEndian(out_, low32(status.st_mode));
+    appendLittleEndian(out_, low32(status.st_nlink));
+    appendLittleEndian(out_, low32(status.st_uid));
+    appendLittleEndian(out_, low32(status.st_gid));
+    appendLittleEndian(out_, static_cast<std::uint64_t>(size));
+    appendLittleEndian(out_, static_cast<std::uint64_t>(status.st_atim.tv_sec));
+    appendLittleEndian(out_, static_cast<std::uint64_t>(status.st_mtim.tv_sec));
+    appendLittleEndian(out_, static_cast<std::uint64_t>(status.st_ctim.tv_sec));
+}
+
+void ADBDSync::answerList(const std::string& path) {
+    const ADBDFaults faults = state_.faults.get();
+    std::vector<ADBDEntry> entries;
+    (void)files_.list(path, entries); // what cannot be read has no entries
+    for (const QByteArray& name : faults.extraNames) {
+        ADBDEntry extra{name.toStdString(), {}, {}};
+        extra.status.st_mode = S_IFREG | 0644;
+        extra.status.st_size = 4;
+        entries.push_back(std::move(extra));
+    }
+    for (const ADBDEntry& entry : entries) {
+        appendWord(out_, dent);
+        appendLittleEndian(out_, low32(entry.status.st_mode));
+        appendLittleEndian(out_, low32(entry.status.st_size + faults.sizeLie));
+        appendLittleEndian(out_, low32(entry.status.st_mtim.tv_sec));
+        appendLittleEndian(out_, low32(entry.name.size()));
+        appendText(out_, entry.name);
+    }
+    appendWord(out_, done);
+    out_.insert(out_.end(), 16, std::byte{0});
+}
+
+void ADBDSync::beginPull(const std::string& path) {
+    for (const QByteArray& name : state_.faults.get().extraNames) {
+        if (!path.ends_with('/' + name.toStdString()))
+            continue;
+        constexpr std::string_view content = "made up";
+        appendWord(out_, data);
+        appendLittleEndian(out_, low32(content.size()));
+        appendText(out_, content);
+        appendWord(out_, done);
+        appendLittleEndian(out_, std::uint32_t{0});
+        return;
+    }
+    const auto local = files_.resolve(path);
+    pulled_ = FileHandle(local ? ::open(local->c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK) : -1);
+    struct stat status = {};
+    if (!pulled_.isOpen() || ::fstat(pulled_.get(), &status) != 0 || S_ISDIR(status.st_mode)) {
+        pulled_.close();
+        fail("open failed: No such file or directory");
+    }
+}
+
+Bytes ADBDSync::produce(std::size_t most) {
+    if (pulled_.isOpen() && out_.size() < most) {
+        Bytes bytes = std::move(out_);
+        out_.clear();
+        appendContent(bytes, most);
+        return bytes;
+    }
+    if (out_.size() <= most)
+        return std::exchange(out_, {});
+    const auto end = out_.begin() + static_cast<std::ptrdiff_t>(most);
+    Bytes bytes(out_.begin(), end);
+    out_.erase(out_.begin(), end);
+    return bytes;
+}
+
+/// DATA records up to the room that there is, and DONE together with the last one.
+void ADBDSync::appendContent(Bytes& bytes, std::size_t most) {
+    const std::size_t before = bytes.size();
+    while (most - bytes.size() > 2 * recordHeader) {
+        const std::size_t at = bytes.size();
+        const std::size_t room = std::min(largestChunk, most - at - 2 * recordHeader);
+        bytes.resize(at + recordHeader + room);
+        const ssize_t got = ::read(pulled_.get(), bytes.data() + at + recordHeader, room);
+        if (got < 0) {
+            pulled_.close();
+            bytes.resize(at);
+            fail("read failed");
+            bytes.insert(bytes.end(), out_.begin(), out_.end());
+            out_.clear();
+            break;
+        }
+        Bytes header;
+        appendWord(header, got == 0 ? done : data);
+        appendLittleEndian(header, low32(got));
+        std::copy(header.begin(), header.end(), bytes.begin() + static_cast<std::ptrdiff_t>(at));
+        bytes.resize(at + recordHeader + static_cast<std::size_t>(got));
+        if (got == 0) {
+            pulled_.close();
+            break;
+        }
+    }
+    slowDown(bytes.size() - before);
+}
+
+void ADBDSync::beginPush(const std::string& pathAndMode) {
+    isPushing_ = true;
+    const std::string path = pathAndMode.substr(0, pathAndMode.rfind(','));
+    const auto local = files_.resolve(path);
+    if (state_.faults.get().readOnly || !local)
+        return fail("couldn't create file: Read-only file system");
+    std::error_code failure;
+    std::filesystem::create_directories(local->parent_path(), failure);
+    ::unlink(local->c_str());
+    pushed_ = FileHandle(::open(local->c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644));
+    if (!pushed_.isOpen())
+        return fail(std::string("couldn't create file: ") + std::strerror(errno));
+    pushedPath_ = *local;
+}
+
+/// DATA with a length, whose bytes follow, or DONE with the time.
+void ADBDSync::takePushRecord(ByteView bytes) {
+    const auto command = adbSyncCommandFromRawValue(readLittleEndian<std::uint32_t>(bytes, 0));
+    const auto value = readLittleEndian<std::uint32_t>(bytes, 4);
+    if (command == data && value <= largestChunk) {
+        chunkLeft_ = value;
+    } else if (command == done) {
+        endPush(value);
+    } else {
+        fail("invalid data message");
+        isOver_ = true;
+    }
+}
+
+void ADBDSync::writePushed(ByteView bytes) {
+    slowDown(bytes.size());
+    while (pushed_.isOpen() && !bytes.empty()) {
+        const ssize_t count = ::write(pushed_.get(), bytes.data(), bytes.size());
+        if (count < 0) {
+            pushed_.close();
+            return fail("write failed: No space left on device");
+        }
+        bytes = bytes.subspan(static_cast<std::size_t>(count));
+    }
+}
+
+void ADBDSync::endPush(std::uint32_t mtime) {
+    isPushing_ = false;
+    if (!pushed_.isOpen())
+        return; // the failure was told
+    const std::array<timespec, 2> times{timespec{0, UTIME_OMIT},
+                                        timespec{static_cast<std::time_t>(mtime), 0}};
+    (void)::futimens(pushed_.get(), times.data());
+    pushed_.close();
+    pushedPath_.clear();
+    appendWord(out_, okay);
+    appendLittleEndian(out_, std::uint32_t{0});
+}
+
+void ADBDSync::fail(const std::string& message) {
+    appendWord(out_, ADBSyncCommand::fail);
+    appendLittleEndian(out_, low32(message.size()));
+    appendText(out_, message);
+}
+
+void ADBDSync::slowDown(std::size_t bytes) const {
+    const double speed = state_.faults.get().megabytesPerSecond;
+    if (speed > 0)
+        std::this_thread::sleep_for(
+            std::chrono::duration<double>(static_cast<double>(bytes) / (speed * 1e6)));
+}
+
+} // namespace tessary

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "adb/protocol/ADBSyncCodec.h"
+#include "base/local/FileHandle.h"
+#include "simulator/adbd/ADBDFiles.h"
+#include "simulator/adbd/ADBDService.h"
+#include "simulator/adbd/VirtualADBD.h"
+
+#include <string>
+
+namespace tessary {
+
+/// The sync service of a virtual adbd: STAT, STA2, LST2, LIST, RECV and SEND. A push that is not
+/// finished when the service goes leaves no file.
+class ADBDSync : public ADBDService {
+public:
+    explicit ADBDSync(ADBDState& state);
+    ~ADBDSync() override;
+    ADBDSync(const ADBDSync&) = delete;
+    ADBDSync& operator=(const ADBDSync&) = delete;
+
+    void receive(ByteView bytes) override;
+    [[nodiscard]] Bytes produce(std::size_t most) override;
+    [[nodiscard]] bool isOver() const override {
+        return isOver_ && out_.empty();
+    }
+
+private:
+    void serve(ADBSyncCommand command, const std::string& path);
+    void answerStat(ADBSyncCommand command, const std::string& path);
+    void answerList(const std::string& path);
+    void beginPull(const std::string& path);
+    void appendContent(Bytes& bytes, std::size_t most);
+    void beginPush(const std::string& pathAndMode);
+    void takePushRecord(ByteView bytes);
+    void writePushed(ByteView bytes);
+    void endPush(std::uint32_t mtime);
+    void fail(const std::string& message);
+    void slowDown(std::size_t bytes) const;
+
+    ADBDState& state_;
+    const ADBDFiles files_;
+    Bytes in_;  ///< a request that is not complete
+    Bytes out_; ///< answers that were not taken
+    bool isOver_ = false;
+    bool hangs_ = false;
+
+    FileHandle pulled_;
+
+    bool isPushing_ = false;
+    FileHandle pushed_;         ///< closed after a failure: what still comes is thrown away
+    std::string pushedPath_;    ///< on this machine; empty when nothing has to be removed
+    std::size_t chunkLeft_ = 0; ///< bytes of the DATA record under way
+};
+
+} // namespace tessary

@@ -1,0 +1,99 @@
+#pragma once
+
+#include "base/local/FileHandle.h"
+#include "simulator/adbd/ADBDKeys.h"
+#include "simulator/adbd/ADBDSettings.h"
+#include "simulator/wire/Guarded.h"
+
+#include <QByteArray>
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <list>
+#include <memory>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+namespace tessary {
+
+class ADBDConnection;
+
+/// What the parts of a virtual adbd share. Thread-safe.
+struct ADBDState {
+    ADBDConfig config;
+    Guarded<ADBDFaults> faults;
+    Guarded<ADBDKeys> keys;
+    Guarded<std::vector<QByteArray>> log;
+    Guarded<std::vector<QByteArray>> violations;
+    std::atomic<int> battery = 80;
+    std::atomic<bool> allowsUnknownKeys = true;
+};
+
+/// The debugging daemon of a virtual Android phone, on a TCP port of this machine that the real
+/// `adb connect` accepts. Serves one folder as /sdcard and /storage/emulated/0 through the shell
+/// and sync services, and runs no program of this machine. Thread-safe.
+class VirtualADBD {
+public:
+    explicit VirtualADBD(ADBDConfig config);
+    /// stop().
+    ~VirtualADBD();
+    VirtualADBD(const VirtualADBD&) = delete;
+    VirtualADBD& operator=(const VirtualADBD&) = delete;
+
+    /// Listens on the loopback address; at the port that it had before when it was stopped, else
+    /// at a free one. Throws std::runtime_error when there is none.
+    void start();
+    /// Cuts every connection and waits for its thread.
+    void stop();
+    /// Cuts every connection, as a cable does that is pulled and put in again.
+    void cut();
+
+    /// 0 before the first start().
+    [[nodiscard]] std::uint16_t port() const {
+        return port_;
+    }
+    /// What `adb connect` takes, and how adb calls the phone then.
+    [[nodiscard]] QString address() const;
+
+    [[nodiscard]] Guarded<ADBDFaults>& faults() {
+        return state_->faults;
+    }
+    void setBattery(int percent) {
+        state_->battery = percent;
+    }
+    /// Whether the person with the phone allows computers that it does not know; those that wait
+    /// for an answer are let in at once.
+    void setAllowsUnknownKeys(bool allows) {
+        state_->allowsUnknownKeys = allows;
+    }
+    /// The services that were asked for ("shell:ls …", "sync:"), oldest first.
+    [[nodiscard]] std::vector<QByteArray> log() const {
+        return state_->log.get();
+    }
+    void clearLog() {
+        state_->log.set({});
+    }
+    /// Command lines that this phone's strict shell refused: wrongly quoted or unknown ones.
+    [[nodiscard]] std::vector<QByteArray> violations() const {
+        return state_->violations.get();
+    }
+
+private:
+    struct Served {
+        std::shared_ptr<ADBDConnection> connection;
+        std::jthread thread;
+    };
+
+    void accept(const std::stop_token& stop);
+
+    const std::shared_ptr<ADBDState> state_;
+    std::atomic<std::uint16_t> port_ = 0;
+    std::mutex mutex_; ///< guards all below
+    FileHandle listener_;
+    std::list<Served> served_;
+    std::jthread thread_;
+};
+
+} // namespace tessary

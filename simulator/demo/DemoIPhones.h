@@ -1,0 +1,32 @@
+#pragma once
+
+#include "simulator/iphone/VirtualMux.h"
+
+#include <memory>
+
+namespace tessary {
+
+/// A multiplexer with a virtual iPhone and a virtual iPad, and a few apps with sample documents.
+class DemoIPhones {
+public:
+    /// Blocking, some tenths of a second. The apps' containers lie below `folder`, which is the
+    /// caller's; what an earlier run left there is used as it is. `megabytesPerSecond` slows the
+    /// phones down; 0 for no limit. Throws std::runtime_error when the mux cannot listen.
+    DemoIPhones(const QString& folder, const QString& socketPath, double megabytesPerSecond = 0);
+    ~DemoIPhones();
+    DemoIPhones(const DemoIPhones&) = delete;
+    DemoIPhones& operator=(const DemoIPhones&) = delete;
+
+    [[nodiscard]] VirtualMux& mux() {
+        return mux_;
+    }
+    [[nodiscard]] std::vector<std::unique_ptr<VirtualIPhone>>& phones() {
+        return phones_;
+    }
+
+private:
+    VirtualMux mux_;
+    std::vector<std::unique_ptr<VirtualIPhone>> phones_;
+};
+
+} // namespace tessary

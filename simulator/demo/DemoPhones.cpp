@@ -1,0 +1,117 @@
+#include "simulator/demo/DemoPhones.h"
+
+#include "base/threads/ThreadName.h"
+#include "simulator/content/DemoContent.h"
+#include "simulator/demo/DemoNetwork.h"
+
+#include <QDir>
+
+#include <stdexcept>
+
+namespace tessary {
+
+using namespace Qt::StringLiterals;
+
+DemoPhones::DemoPhones(const QString& folder, double megabytesPerSecond) {
+    const QDir disk(folder);
+    const bool isNew = !disk.exists(u"pixel"_s);
+
+    VirtualAndroidConfig first;
+    first.serialNumber = debuggedSerial;
+    first.storages.resize(2);
+    first.storages[0].folder = disk.filePath(u"pixel"_s);
+    first.storages[1].folder = disk.filePath(u"pixel-card"_s);
+    first.storages[1].description = u"SD card"_s;
+    first.storages[1].volumeIdentifier = u"DEMO-CARD"_s;
+    first.storages[1].removable = true;
+    first.storages[1].capacity = std::uint64_t{32} << 30;
+    first.storages[1].free = std::uint64_t{21} << 30;
+
+    VirtualAndroidConfig second;
+    second.vendorID = 0x04E8;
+    second.productID = 0x6860;
+    second.vendorName = u"SAMSUNG"_s;
+    second.productName = u"Galaxy A54"_s;
+    second.serialNumber = u"DEMO0002"_s;
+    second.location = u"1-2"_s;
+    second.battery = 35;
+    second.storages.resize(1);
+    second.storages[0].folder = disk.filePath(u"galaxy"_s);
+    second.storages[0].free = std::uint64_t{9} << 30;
+
+    if (isNew) {
+        (void)DemoContent::fillPhone(first.storages[0].folder);
+        (void)DemoContent::fillCard(first.storages[1].folder);
+        (void)DemoContent::fillCard(second.storages[0].folder);
+    }
+
+    for (VirtualAndroidConfig* config : {&first, &second}) {
+        auto& android =
+            androids_.emplace_back(std::make_unique<VirtualAndroid>(std::move(*config)));
+        android->faults().update([megabytesPerSecond](VirtualFaults& faults) {
+            faults.megabytesPerSecond = megabytesPerSecond;
+        });
+        android->plugInto(bus_);
+    }
+
+    ADBDConfig debugged;
+    debugged.serialNumber = debuggedSerial;
+    debugged.folder = disk.filePath(u"pixel"_s);
+    adbd_ = std::make_unique<VirtualADBD>(std::move(debugged));
+    adbd_->faults().update([megabytesPerSecond](ADBDFaults& faults) {
+        faults.megabytesPerSecond = megabytesPerSecond;
+    });
+
+    try {
+        iPhones_ =
+            std::make_unique<DemoIPhones>(folder, own_.filePath(u"mux"_s), megabytesPerSecond);
+        iPhones_->mux().useInThisProcess();
+    } catch (const std::runtime_error& error) {
+        qWarning("No virtual iPhones: %s", error.what());
+    }
+}
+
+DemoPhones::~DemoPhones() = default;
+
+QString DemoPhones::ownFolder(const QString& name) const {
+    QDir(own_.path()).mkdir(name);
+    return own_.filePath(name);
+}
+
+void DemoPhones::startADB(const std::optional<QString>& executable) {
+    if (!executable)
+        return;
+    try {
+        adbd_->start();
+    } catch (const std::runtime_error& error) {
+        qWarning("The virtual phone is not debugged: %s", error.what());
+        return;
+    }
+    startsADB_ = true;
+    adbServer_.start(*executable);
+    adbStart_ = std::jthread([this](const std::stop_token& stop) {
+        nameCurrentThread("adb-start");
+        try {
+            adbServer_.awaitStart(stop);
+            adbServer_.connect(adbd_->address(), stop);
+            (void)adbServer_.awaitPhone(adbd_->address(), stop);
+        } catch (const std::runtime_error& error) {
+            qWarning("The virtual phone is not debugged: %s", error.what());
+        }
+    });
+}
+
+std::shared_ptr<ServiceNetwork> DemoPhones::network() {
+    return std::make_shared<DemoNetwork>([this]() -> std::optional<ServiceAddress> {
+        if (adbd_->port() == 0)
+            return std::nullopt;
+        return ServiceAddress{u"127.0.0.1"_s, adbd_->port()};
+    });
+}
+
+void DemoPhones::awaitADB() {
+    if (adbStart_.joinable())
+        adbStart_.join();
+}
+
+} // namespace tessary

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "platform/dnssd/ServiceBrowser.h"
+#include "simulator/adbd/ADBServer.h"
+#include "simulator/adbd/VirtualADBD.h"
+#include "simulator/demo/DemoIPhones.h"
+#include "simulator/mtp/VirtualAndroid.h"
+
+#include <QProcessEnvironment>
+#include <QTemporaryDir>
+
+#include <memory>
+#include <optional>
+#include <thread>
+
+namespace tessary {
+
+/// Virtual phones for trying the program out: a bus with two Android phones, and a multiplexer with
+/// an iPhone and an iPad, which libraries find by the environment of this process. Their storages
+/// lie in folders below the one that is given, which are filled with sample content first. The
+/// first Android phone also has USB debugging on, for which there is an adb server apart from the
+/// user's.
+class DemoPhones {
+public:
+    /// Blocking, about a second. The folder is the caller's; what an earlier run left in it is used
+    /// as it is. `megabytesPerSecond` slows the phones down, so that progress can be seen; 0 for no
+    /// limit. Sets an environment variable: before there are threads that read the environment.
+    explicit DemoPhones(const QString& folder, double megabytesPerSecond = 0);
+    ~DemoPhones();
+    DemoPhones(const DemoPhones&) = delete;
+    DemoPhones& operator=(const DemoPhones&) = delete;
+
+    [[nodiscard]] USBBus& bus() {
+        return bus_;
+    }
+    [[nodiscard]] VirtualUSBBus& virtualBus() {
+        return bus_;
+    }
+    [[nodiscard]] std::vector<std::unique_ptr<VirtualAndroid>>& androids() {
+        return androids_;
+    }
+
+    /// On which the first phone announces that it can be debugged.
+    [[nodiscard]] std::shared_ptr<ServiceNetwork> network();
+
+    /// Null when no multiplexer could listen.
+    [[nodiscard]] DemoIPhones* iPhones() {
+        return iPhones_.get();
+    }
+
+    /// The serial number of the phone that adb can reach.
+    static inline const QString debuggedSerial = QStringLiteral("DEMO0001");
+
+    /// Starts the adb server and connects it to the first phone, in the background; without an
+    /// executable nothing happens. To be called once.
+    void startADB(const std::optional<QString>& executable);
+    [[nodiscard]] bool startsADB() const {
+        return startsADB_;
+    }
+    /// Waits for the background, a few seconds at most; whether adb reaches the phone then is for
+    /// adb to tell.
+    void awaitADB();
+    /// What adb commands need so that they work on these phones only; also when adb is not
+    /// started, and they reach none.
+    [[nodiscard]] QProcessEnvironment adbEnvironment() const {
+        return adbServer_.environment();
+    }
+
+private:
+    [[nodiscard]] QString ownFolder(const QString& name) const;
+
+    QTemporaryDir own_; ///< short of name, as a socket's path has to be
+    std::unique_ptr<DemoIPhones> iPhones_;
+    VirtualUSBBus bus_;
+    std::vector<std::unique_ptr<VirtualAndroid>> androids_;
+    std::unique_ptr<VirtualADBD> adbd_;
+    ADBServer adbServer_{ownFolder(QStringLiteral("adb"))};
+    bool startsADB_ = false;
+    std::jthread adbStart_; ///< the last: it uses the others
+};
+
+} // namespace tessary

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "simulator/iphone/VirtualIPhoneLog.h"
+
+#include <QStringList>
+#include <QVariantMap>
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <optional>
+#include <set>
+
+namespace tessary {
+
+/// What happens to a connection.
+enum class VirtualCut {
+    unplug, ///< the phone goes: all its connections end
+    close,  ///< this connection ends
+    stall,  ///< nothing moves any more
+};
+
+/// Happens once, when this many bytes more have moved over AFC connections in one direction, packet
+/// headers included. What comes before it travels.
+struct VirtualIPhoneByteFault {
+    enum class Direction { toHost, toPhone };
+    Direction direction = Direction::toHost;
+    std::uint64_t bytes = 0;
+    VirtualCut cut = VirtualCut::unplug;
+};
+
+/// Happens once, at the `nth` request of a name from when it was set, counted from 1.
+struct VirtualIPhoneRequestFault {
+    QString request; ///< as VirtualIPhoneLog names it
+    unsigned nth = 1;
+    bool afterwards = false; ///< the request is carried out, its answer lost; else it is not
+    VirtualCut cut = VirtualCut::unplug;
+};
+
+/// An AFC status that a request is refused with.
+struct VirtualAFCStatus {
+    std::uint64_t status = 1;
+    bool always = false; ///< else once
+};
+
+/// What a virtual iPhone does wrong: parameters, all off at first. Keys are requests as
+/// VirtualIPhoneLog names them: "lockdown.StartSession", "afc.fileWrite".
+struct VirtualIPhoneFaults {
+    /// So many sessions are refused with `handshakeError`, "PasswordProtected" say; with an empty
+    /// one the connection ends instead.
+    unsigned handshakesToFail = 0;
+    QString handshakeError;
+    /// Services that lockdown does not start, and the "Error".
+    std::map<QString, QString> serviceErrors;
+    /// House arrest commands that are refused with this "Error".
+    std::map<QString, QString> houseArrestErrors;
+    /// The installation proxy refuses to browse with this "Error".
+    QString browseError;
+
+    std::map<QString, VirtualAFCStatus> statuses;
+    /// Status 18 for what would make a file longer than this.
+    std::optional<std::uint64_t> storeFullAfter;
+    /// May replace the keys and values of a file's information, given its path.
+    std::function<QStringList(const QString& path, const QStringList& pairs)> rewriteFileInfo;
+    /// Names on disk and what listings call them.
+    std::map<QString, QString> nameOverrides;
+    /// Answers to reads hold at most so many bytes; 0 for no limit.
+    std::uint64_t longestRead = 0;
+
+    std::set<QString> hang; ///< the request is not answered at all
+    std::map<QString, std::chrono::milliseconds> delay;
+    std::chrono::milliseconds delayEach{0}; ///< the same for every request
+    double megabytesPerSecond = 0;          ///< of 10^6 bytes of file content; 0 for no limit
+
+    std::optional<VirtualIPhoneByteFault> byteFault;
+    std::optional<VirtualIPhoneRequestFault> requestFault;
+};
+
+} // namespace tessary

@@ -1,0 +1,146 @@
+#pragma once
+
+#include "simulator/mtp/MTPResponderDatasets.h"
+#include "simulator/mtp/MTPResponderLink.h"
+#include "simulator/mtp/VirtualBehaviour.h"
+#include "simulator/mtp/VirtualObjectStore.h"
+#include "simulator/mtp/VirtualRequestLog.h"
+
+#include <atomic>
+#include <thread>
+
+namespace tessary {
+
+/// The device's side of MTP, as strict as a real phone: session state, transaction ids, phases and
+/// parameters are checked. Runs on a thread of its own from start() until the port is unplugged.
+///
+/// Transaction ids must rise within a session; OpenSession, whatever its answer, starts the count
+/// anew, since the host that sends it knows nothing of an earlier one. What cannot be a container
+/// of the phase that is due halts the pipe that the host uses.
+class MTPResponder {
+public:
+    MTPResponder(MTPDeviceDescription description, std::vector<VirtualStorage> storages,
+                 bool locked, int battery, VirtualBehaviour behaviour);
+    /// The port must be unplugged by then.
+    ~MTPResponder();
+    MTPResponder(const MTPResponder&) = delete;
+    MTPResponder& operator=(const MTPResponder&) = delete;
+
+    /// Serves a new attachment; waits for the thread of the last one, which has been unplugged.
+    void start(std::shared_ptr<VirtualUSBPort> port);
+    /// Waits for the thread of an attachment that has been unplugged.
+    void join();
+
+    // Thread-safe: settings and records.
+
+    [[nodiscard]] VirtualObjectStore& store() {
+        return store_;
+    }
+    [[nodiscard]] Guarded<VirtualFaults>& faults() {
+        return faults_;
+    }
+    [[nodiscard]] Guarded<VirtualBehaviour>& behaviour() {
+        return behaviour_;
+    }
+    [[nodiscard]] VirtualRequestLog& log() {
+        return log_;
+    }
+    void setBattery(int percent) {
+        battery_ = percent;
+    }
+    [[nodiscard]] std::size_t cancelRequests() const {
+        return cancelRequests_;
+    }
+    [[nodiscard]] std::size_t needlessHaltClears() const {
+        return needlessHaltClears_;
+    }
+
+    // The host's side of the port.
+
+    /// The still-image class's Cancel (0x21, 0x64: u16 0x4001, u32 transaction id) and
+    /// GetDeviceStatus (0xA1, 0x67: u16 length 4, u16 0x2001 or 0x2019).
+    USBCode control(VirtualUSBPort& port, const USBControlRequest& request,
+                    std::span<std::byte> data, std::size_t& transferred);
+    void haltCleared(bool needed);
+    void unplugged();
+
+private:
+    struct Operation;
+    /// A transaction under way; operations add the parameters of their answer.
+    struct Transaction {
+        const MTPCommand& command;
+        MTPResponderLink& link;
+        VirtualBehaviour behaviour;
+        std::vector<std::uint32_t> answer;
+    };
+    /// What SendObjectInfo announced.
+    struct Pending {
+        std::uint32_t handle = 0;
+        std::uint32_t storageID = 0;
+        std::uint32_t announcedSize = 0; ///< 0xFFFFFFFF: any
+        bool isOnDisk = false;           ///< there already, empty or to be replaced
+    };
+    class Arrival;
+
+    static std::span<const Operation> operations();
+    static const Operation* operation(std::uint16_t code);
+
+    void run(const std::shared_ptr<VirtualUSBPort>& port);
+    void serve(MTPResponderLink& link, const MTPCommand& command);
+    void perform(const Operation* operation, Transaction& transaction);
+    void checkOrder(const Operation* operation, const Transaction& transaction);
+    void checkTransactionID(const Operation* operation, std::uint32_t id);
+    void refuseWhenTold(std::uint16_t code);
+    void endSession();
+    [[nodiscard]] Bytes receiveDataset(Transaction& transaction);
+    [[nodiscard]] QString shownName(const VirtualObject& object);
+
+    // Session and device
+    void getDeviceInfo(Transaction& transaction);
+    void openSession(Transaction& transaction);
+    void closeSession(Transaction& transaction);
+    void getStorageIDs(Transaction& transaction);
+    void getStorageInfo(Transaction& transaction);
+    void getDevicePropDesc(Transaction& transaction);
+    void getDevicePropValue(Transaction& transaction);
+
+    // Objects
+    [[nodiscard]] std::vector<std::uint32_t> listedHandles(Transaction& transaction);
+    void getNumObjects(Transaction& transaction);
+    void getObjectHandles(Transaction& transaction);
+    void getObjectInfo(Transaction& transaction);
+    void deleteObject(Transaction& transaction);
+    void moveObject(Transaction& transaction);
+    void getObjectPropsSupported(Transaction& transaction);
+    void getObjectPropValue(Transaction& transaction);
+    void setObjectPropValue(Transaction& transaction);
+
+    // Contents
+    void getObject(Transaction& transaction);
+    void getPartialObject(Transaction& transaction);
+    void getPartialObject64(Transaction& transaction);
+    void sendRange(Transaction& transaction, std::uint64_t offset, std::uint32_t most);
+    void sendObjectInfo(Transaction& transaction);
+    void sendObject(Transaction& transaction);
+    void dropPending(bool keepsObject);
+
+    MTPDeviceDescription description_;
+    VirtualObjectStore store_;
+    Guarded<VirtualFaults> faults_;
+    Guarded<VirtualBehaviour> behaviour_;
+    VirtualRequestLog log_;
+    MTPTransactionGate gate_;
+    std::atomic<int> battery_;
+    std::atomic<std::size_t> cancelRequests_ = 0;
+    std::atomic<std::size_t> needlessHaltClears_ = 0;
+
+    // Of the phone's thread
+    bool sessionOpen_ = false;
+    std::uint32_t lastTransactionID_ = 0;
+    std::optional<Pending> pending_;
+
+    std::mutex threadMutex_; ///< guards thread_
+    std::jthread thread_;
+};
+
+} // namespace tessary

@@ -1,0 +1,209 @@
+#include "mtp/protocol/MTPPacketCodec.h"
+#include "simulator/mtp/MTPRefusal.h"
+#include "simulator/mtp/MTPResponderOperation.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <limits>
+
+namespace tessary {
+
+namespace {
+
+constexpr std::uint32_t anySize = 0xFFFFFFFF;
+
+std::size_t readSome(int file, std::span<std::byte> buffer, std::uint64_t offset) {
+    for (;;) {
+        const ssize_t count =
+            ::pread(file, buffer.data(), buffer.size(), static_cast<off_t>(offset));
+        if (count >= 0)
+            return static_cast<std::size_t>(count);
+        if (errno != EINTR)
+            return 0;
+    }
+}
+
+void writeAll(int file, ByteView bytes) {
+    while (!bytes.empty()) {
+        const ssize_t count = ::write(file, bytes.data(), bytes.size());
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            throw MTPRefusal(errno == ENOSPC ? MTPResponseCode::storeFull
+                                             : MTPResponseCode::generalError);
+        bytes = bytes.subspan(static_cast<std::size_t>(count));
+    }
+}
+
+} // namespace
+
+void MTPResponder::getObject(Transaction& transaction) {
+    const VirtualObject object = store_.object(transaction.command.parameter(0));
+    if (object.isFolder)
+        throw MTPRefusal(MTPResponseCode::invalidObjectHandle);
+    const FileHandle file = store_.openFile(object.handle);
+    std::uint64_t offset = 0;
+    const bool complete = transaction.link.sendStream(
+        transaction.command, object.size, [&](std::span<std::byte> buffer) {
+            const std::size_t count = readSome(file.get(), buffer, offset);
+            offset += count;
+            return count;
+        });
+    if (!complete)
+        throw MTPRefusal(MTPResponseCode::incompleteTransfer);
+}
+
+void MTPResponder::getPartialObject(Transaction& transaction) {
+    const MTPCommand& command = transaction.command;
+    sendRange(transaction, command.parameter(1), command.parameter(2));
+}
+
+void MTPResponder::getPartialObject64(Transaction& transaction) {
+    const MTPCommand& command = transaction.command;
+    sendRange(transaction, std::uint64_t{command.parameter(2)} << 32 | command.parameter(1),
+              command.parameter(3));
+}
+
+void MTPResponder::sendRange(Transaction& transaction, std::uint64_t offset, std::uint32_t most) {
+    const VirtualObject object = store_.object(transaction.command.parameter(0));
+    if (object.isFolder)
+        throw MTPRefusal(MTPResponseCode::invalidObjectHandle);
+    if (offset > object.size)
+        throw MTPRefusal(MTPResponseCode::invalidParameter);
+    const FileHandle file = store_.openFile(object.handle);
+    const std::uint64_t size = std::min<std::uint64_t>(most, object.size - offset);
+    const bool complete =
+        transaction.link.sendStream(transaction.command, size, [&](std::span<std::byte> buffer) {
+            const std::size_t count = readSome(file.get(), buffer, offset);
+            offset += count;
+            return count;
+        });
+    if (!complete)
+        throw MTPRefusal(MTPResponseCode::incompleteTransfer);
+    transaction.answer.push_back(static_cast<std::uint32_t>(size));
+}
+
+void MTPResponder::sendObjectInfo(Transaction& transaction) {
+    const Bytes dataset = receiveDataset(transaction);
+    const auto info = MTPPacketCodec::decodeObjectInfo(dataset, 0);
+    if (!info)
+        throw MTPRefusal(MTPResponseCode::invalidParameter);
+    std::uint32_t storageID = transaction.command.parameter(0);
+    if (const auto all = store_.storageIDs(); storageID == 0 && !all.empty())
+        storageID = all.front();
+    const VirtualStorage storage = store_.storage(storageID);
+    store_.checkWritable(storageID);
+    const std::uint32_t given = transaction.command.parameter(1);
+    const std::uint32_t parent = given == mtpRootHandle ? 0 : given;
+    if (parent != 0)
+        (void)store_.children(storageID, parent);
+
+    dropPending(true);
+    Pending pending;
+    pending.storageID = storageID;
+    pending.handle = store_.reserve(storageID, parent, info->filename);
+    pending.announcedSize = info->compressedSize;
+    pending.isOnDisk = store_.exists(pending.handle);
+    if (pending.isOnDisk)
+        throw MTPRefusal(MTPResponseCode::generalError);
+    if (info->isDirectory()) {
+        store_.createFolder(pending.handle);
+    } else {
+        const bool sizeKnown = pending.announcedSize != anySize;
+        if (sizeKnown && pending.announcedSize > storage.free)
+            throw MTPRefusal(MTPResponseCode::storeFull);
+        if (transaction.behaviour.createsObjectEarly) {
+            (void)store_.createFile(pending.handle, false);
+            pending.isOnDisk = true;
+        }
+        pending_ = pending;
+    }
+    transaction.answer = {storageID, given == 0 ? mtpRootHandle : given, pending.handle};
+}
+
+/// The file that SendObject fills. What has arrived is removed again unless it is complete.
+class MTPResponder::Arrival {
+public:
+    Arrival(VirtualObjectStore& store, const Pending& pending, const VirtualFaults& faults,
+            bool keepsPartial)
+        : store_(store), pending_(pending), keepsPartial_(keepsPartial) {
+        if (pending.isOnDisk)
+            store.addUsed(pending.storageID,
+                          -static_cast<std::int64_t>(store.object(pending.handle).size));
+        fullAt_ = std::min(store.storage(pending.storageID).free,
+                           faults.storeFullAfter.value_or(unlimited));
+        file_ = store.createFile(pending.handle, pending.isOnDisk);
+    }
+
+    ~Arrival() {
+        file_.close();
+        try {
+            if (complete_ || keepsPartial_)
+                store_.addUsed(pending_.storageID, static_cast<std::int64_t>(bytes_));
+            else
+                store_.discard(pending_.handle);
+        } catch (const MTPRefusal&) {
+            // Locked meanwhile: its storage is out of reach.
+        }
+    }
+    Arrival(const Arrival&) = delete;
+    Arrival& operator=(const Arrival&) = delete;
+
+    void add(ByteView bytes) {
+        if (bytes_ + bytes.size() > fullAt_)
+            throw MTPRefusal(MTPResponseCode::storeFull);
+        writeAll(file_.get(), bytes);
+        bytes_ += bytes.size();
+    }
+
+    void complete() {
+        if (pending_.announcedSize != anySize && pending_.announcedSize != bytes_)
+            throw MTPRefusal(MTPResponseCode::incompleteTransfer);
+        complete_ = true;
+    }
+
+private:
+    static constexpr std::uint64_t unlimited = std::numeric_limits<std::uint64_t>::max();
+
+    VirtualObjectStore& store_;
+    const Pending pending_;
+    const bool keepsPartial_;
+    std::uint64_t fullAt_ = unlimited;
+    FileHandle file_;
+    std::uint64_t bytes_ = 0;
+    bool complete_ = false;
+};
+
+void MTPResponder::sendObject(Transaction& transaction) {
+    const std::optional<Pending> pending = std::exchange(pending_, std::nullopt);
+    const VirtualFaults faults = faults_.get();
+    std::optional<Arrival> arrival;
+    std::optional<MTPRefusal> refusal;
+    try {
+        if (!pending)
+            throw MTPRefusal(MTPResponseCode::noValidObjectInfo);
+        arrival.emplace(store_, *pending, faults, transaction.behaviour.keepsPartialObjects);
+    } catch (const MTPRefusal& thrown) {
+        refusal = thrown;
+    }
+    transaction.link.receiveData(transaction.command, [&](ByteView bytes) {
+        if (refusal)
+            throw *refusal;
+        arrival->add(bytes);
+    });
+    if (refusal)
+        throw *refusal;
+    arrival->complete();
+    arrival.reset();
+    if (transaction.behaviour.forgetsSentHandle)
+        store_.forget(pending->handle);
+    transaction.link.pause(faults.sendObjectPause);
+}
+
+void MTPResponder::dropPending(bool keepsObject) {
+    const std::optional<Pending> pending = std::exchange(pending_, std::nullopt);
+    if (pending && !keepsObject && pending->isOnDisk)
+        store_.discard(pending->handle);
+}
+
+} // namespace tessary

@@ -1,0 +1,120 @@
+#include "mtp/protocol/MTPPacketCodec.h"
+#include "simulator/mtp/MTPRefusal.h"
+#include "simulator/mtp/MTPResponderOperation.h"
+
+#include <algorithm>
+
+namespace tessary {
+
+namespace {
+
+constexpr std::uint32_t allStorages = 0xFFFFFFFF;
+constexpr std::uint16_t objectPropNotSupported = 0xA80A;
+
+} // namespace
+
+QString MTPResponder::shownName(const VirtualObject& object) {
+    const QString name = QString::fromStdString(object.name);
+    return faults_.update([&](VirtualFaults& faults) {
+        const auto found = faults.nameOverrides.find(name);
+        return found == faults.nameOverrides.end() ? name : found->second;
+    });
+}
+
+std::vector<std::uint32_t> MTPResponder::listedHandles(Transaction& transaction) {
+    using RootListing = VirtualBehaviour::RootListing;
+    const MTPCommand& command = transaction.command;
+    const RootListing rule = transaction.behaviour.rootListing;
+    const std::uint32_t storageID = command.parameter(0);
+    const std::uint32_t parent = command.parameter(2);
+    if (command.parameter(1) != 0)
+        throw MTPRefusal(MTPResponseCode::specificationByFormatUnsupported);
+
+    if (parent != 0 && parent != mtpRootHandle) {
+        const VirtualObject folder = store_.object(parent);
+        return store_.children(storageID == allStorages ? folder.storageID : storageID, parent);
+    }
+    if (parent == mtpRootHandle && rule == RootListing::zero)
+        throw MTPRefusal(MTPResponseCode::invalidParentObject);
+    const bool everything = parent == 0 && rule == RootListing::allOnes;
+    std::vector<std::uint32_t> storages{storageID};
+    if (storageID == allStorages)
+        storages = store_.storageIDs();
+    std::vector<std::uint32_t> handles;
+    for (const std::uint32_t each : storages) {
+        const auto found = everything ? store_.everything(each) : store_.children(each, 0);
+        handles.insert(handles.end(), found.begin(), found.end());
+    }
+    return handles;
+}
+
+void MTPResponder::getNumObjects(Transaction& transaction) {
+    transaction.answer.push_back(static_cast<std::uint32_t>(listedHandles(transaction).size()));
+}
+
+void MTPResponder::getObjectHandles(Transaction& transaction) {
+    std::vector<std::uint32_t> handles = listedHandles(transaction);
+    const VirtualFaults faults = faults_.get();
+    const std::uint32_t parent = transaction.command.parameter(2);
+    if (faults.foldersHoldThemselves && parent != 0 && parent != mtpRootHandle)
+        handles.push_back(parent);
+    if (faults.repeatsHandles)
+        handles.insert(handles.end(), handles.begin(), handles.end());
+    transaction.link.sendDataset(
+        transaction.command, MTPResponderDatasets::array(std::span<const std::uint32_t>(handles)));
+}
+
+void MTPResponder::getObjectInfo(Transaction& transaction) {
+    const VirtualObject object = store_.object(transaction.command.parameter(0));
+    transaction.link.sendDataset(transaction.command, MTPResponderDatasets::objectInfo(
+                                                          object, shownName(object),
+                                                          transaction.behaviour.cutsSizesTo32Bits));
+}
+
+void MTPResponder::deleteObject(Transaction& transaction) {
+    const VirtualObject object = store_.object(transaction.command.parameter(0));
+    if (transaction.command.parameter(1) != 0)
+        throw MTPRefusal(MTPResponseCode::specificationByFormatUnsupported);
+    store_.checkWritable(object.storageID);
+    if (transaction.behaviour.refusesFullFolders && object.isFolder &&
+        !store_.isEmptyFolder(object.handle))
+        throw MTPRefusal(MTPResponseCode::partialDeletion);
+    store_.remove(object.handle);
+}
+
+void MTPResponder::moveObject(Transaction& transaction) {
+    const MTPCommand& command = transaction.command;
+    const VirtualObject object = store_.object(command.parameter(0));
+    const std::uint32_t parent = command.parameter(2);
+    store_.checkWritable(command.parameter(1));
+    if (command.parameter(1) != object.storageID)
+        throw MTPRefusal(MTPResponseCode::destinationUnsupported);
+    store_.move(object.handle, parent == mtpRootHandle ? 0 : parent);
+}
+
+void MTPResponder::getObjectPropsSupported(Transaction& transaction) {
+    transaction.link.sendDataset(
+        transaction.command, MTPResponderDatasets::array(MTPResponderDatasets::objectProperties()));
+}
+
+void MTPResponder::getObjectPropValue(Transaction& transaction) {
+    const VirtualObject object = store_.object(transaction.command.parameter(0));
+    const auto property = static_cast<std::uint16_t>(transaction.command.parameter(1));
+    transaction.link.sendDataset(transaction.command, MTPResponderDatasets::objectProperty(
+                                                          property, object, shownName(object)));
+}
+
+void MTPResponder::setObjectPropValue(Transaction& transaction) {
+    const Bytes value = receiveDataset(transaction);
+    const VirtualObject object = store_.object(transaction.command.parameter(0));
+    const auto fileName = static_cast<std::uint32_t>(MTPObjectProperty::objectFileName);
+    if (transaction.command.parameter(1) != fileName)
+        throw MTPRefusal(objectPropNotSupported);
+    store_.checkWritable(object.storageID);
+    const auto name = MTPPacketCodec::decodeString(value, 0);
+    if (!name || name->second != value.size())
+        throw MTPRefusal(MTPResponseCode::invalidParameter);
+    store_.rename(object.handle, name->first);
+}
+
+} // namespace tessary

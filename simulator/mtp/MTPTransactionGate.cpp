@@ -1,0 +1,88 @@
+#include "simulator/mtp/MTPTransactionGate.h"
+
+namespace tessary {
+
+namespace {
+
+/// How long a command that the host has written may take to the phone.
+constexpr std::chrono::milliseconds takeUpTime{50};
+
+} // namespace
+
+void MTPTransactionGate::reset() {
+    const std::lock_guard lock(mutex_);
+    taken_.reset();
+    transaction_.reset();
+    inData_ = cancelled_ = unplugged_ = false;
+    busyUntil_ = {};
+}
+
+void MTPTransactionGate::beginTransaction(std::uint32_t transactionID, bool hasData) {
+    const std::lock_guard lock(mutex_);
+    taken_ = transactionID;
+    if (hasData)
+        transaction_ = transactionID;
+    cancelled_ = false;
+    changed_.notify_all();
+}
+
+bool MTPTransactionGate::endTransaction() {
+    const std::lock_guard lock(mutex_);
+    transaction_.reset();
+    inData_ = false;
+    return cancelled_;
+}
+
+bool MTPTransactionGate::beginData() {
+    const std::lock_guard lock(mutex_);
+    inData_ = true;
+    return !cancelled_;
+}
+
+bool MTPTransactionGate::endData() {
+    const std::lock_guard lock(mutex_);
+    if (inData_)
+        transaction_.reset();
+    inData_ = false;
+    return cancelled_;
+}
+
+MTPTransactionGate::Pause MTPTransactionGate::pause(std::chrono::nanoseconds duration) {
+    std::unique_lock lock(mutex_);
+    const auto interrupted = [this] { return unplugged_ || (transaction_ && cancelled_); };
+    changed_.wait_until(lock, Clock::now() + duration, interrupted);
+    if (unplugged_)
+        return Pause::unplugged;
+    return interrupted() ? Pause::cancelled : Pause::over;
+}
+
+void MTPTransactionGate::beBusy(std::chrono::milliseconds duration) {
+    const std::lock_guard lock(mutex_);
+    cancelled_ = false;
+    busyUntil_ = Clock::now() + duration;
+}
+
+bool MTPTransactionGate::cancel(std::uint32_t transactionID,
+                                const std::function<void()>& interruptPipes) {
+    std::unique_lock lock(mutex_);
+    changed_.wait_for(lock, takeUpTime, [&] { return unplugged_ || taken_ == transactionID; });
+    if (unplugged_ || transaction_ != transactionID)
+        return false;
+    cancelled_ = true;
+    interruptPipes();
+    changed_.notify_all();
+    return true;
+}
+
+bool MTPTransactionGate::isBusy() const {
+    const std::lock_guard lock(mutex_);
+    return cancelled_ || Clock::now() < busyUntil_;
+}
+
+void MTPTransactionGate::unplug() {
+    const std::lock_guard lock(mutex_);
+    unplugged_ = true;
+    changed_.notify_all();
+}
+
+} // namespace tessary

@@ -1,0 +1,128 @@
+#include "simulator/mtp/VirtualAndroid.h"
+
+#include "simulator/mtp/MTPResponder.h"
+
+#include <algorithm>
+
+namespace tessary {
+
+VirtualAndroid::VirtualAndroid(VirtualAndroidConfig config)
+    : config_(std::move(config)),
+      responder_(std::make_unique<MTPResponder>(
+          MTPDeviceDescription{config_.vendorName, config_.productName, config_.serialNumber, {}},
+          config_.storages, config_.locked, config_.battery, config_.behaviour)) {}
+
+VirtualAndroid::~VirtualAndroid() {
+    unplug();
+}
+
+std::uint64_t VirtualAndroid::plugInto(VirtualUSBBus& bus) {
+    return isPlugged() ? 0 : bus.attach(*this, config_.location);
+}
+
+void VirtualAndroid::unplug() {
+    std::shared_ptr<VirtualUSBPort> port;
+    {
+        const std::lock_guard lock(mutex_);
+        port = port_;
+    }
+    if (!port)
+        return;
+    port->unplug();
+    port->waitUnused();
+    responder_->join();
+}
+
+bool VirtualAndroid::isPlugged() const {
+    const std::lock_guard lock(mutex_);
+    return port_ && port_->isPlugged();
+}
+
+void VirtualAndroid::setLocked(bool locked) {
+    responder_->store().setLocked(locked);
+}
+
+void VirtualAndroid::setBattery(int percent) {
+    responder_->setBattery(std::clamp(percent, 0, 100));
+}
+
+std::vector<VirtualStorage> VirtualAndroid::storages() const {
+    return responder_->store().storages();
+}
+
+void VirtualAndroid::setStorage(std::size_t index, const VirtualStorage& storage) {
+    responder_->store().setStorage(index, storage);
+}
+
+Guarded<VirtualFaults>& VirtualAndroid::faults() {
+    return responder_->faults();
+}
+
+Guarded<VirtualBehaviour>& VirtualAndroid::behaviour() {
+    return responder_->behaviour();
+}
+
+std::vector<VirtualRequest> VirtualAndroid::requestLog() const {
+    return responder_->log().requests();
+}
+
+std::size_t VirtualAndroid::requestCount() const {
+    return responder_->log().count();
+}
+
+std::size_t VirtualAndroid::requestCount(MTPOperationCode operation) const {
+    return responder_->log().count(static_cast<std::uint16_t>(operation));
+}
+
+void VirtualAndroid::clearRequestLog() {
+    responder_->log().clear();
+}
+
+std::size_t VirtualAndroid::cancelRequests() const {
+    return responder_->cancelRequests();
+}
+
+std::size_t VirtualAndroid::needlessHaltClears() const {
+    return responder_->needlessHaltClears();
+}
+
+VirtualUSBDescription VirtualAndroid::description() const {
+    VirtualUSBDescription description;
+    description.vendorID = config_.vendorID;
+    description.productID = config_.productID;
+    description.vendorName = config_.vendorName;
+    description.productName = config_.productName;
+    description.serialNumber = config_.serialNumber;
+    description.maxPacketSize = config_.maxPacketSize;
+    description.reportsNoPacketSize = config_.reportsNoPacketSize;
+    description.interfaces = config_.interfaces;
+    return description;
+}
+
+void VirtualAndroid::plugged(std::shared_ptr<VirtualUSBPort> port) {
+    {
+        const std::lock_guard lock(mutex_);
+        port_ = port;
+    }
+    responder_->start(std::move(port));
+}
+
+void VirtualAndroid::unplugged() {
+    responder_->unplugged();
+}
+
+USBCode VirtualAndroid::control(const USBControlRequest& request, std::span<std::byte> data,
+                                std::size_t& transferred) {
+    std::shared_ptr<VirtualUSBPort> port;
+    {
+        const std::lock_guard lock(mutex_);
+        port = port_;
+    }
+    return responder_->control(*port, request, data, transferred);
+}
+
+void VirtualAndroid::haltCleared(std::uint8_t, bool needed) {
+    responder_->haltCleared(needed);
+}
+
+} // namespace tessary

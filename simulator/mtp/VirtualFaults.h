@@ -1,0 +1,71 @@
+#pragma once
+
+#include "base/values/Bytes.h"
+#include "mtp/protocol/MTPCodes.h"
+#include "platform/usb/USBBus.h"
+
+#include <QString>
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <optional>
+#include <set>
+
+namespace tessary {
+
+/// Happens once, after `bytes` bytes (the 12 of the header included) of the `phase`th data phase
+/// from when it was set, counted from 1 in its own direction. A packet travels whole or not at all.
+struct VirtualByteFault {
+    USBDirection direction = USBDirection::in;
+    std::uint64_t bytes = 0;
+    unsigned phase = 1;
+};
+
+/// A status that an operation is refused with.
+struct VirtualErrorStatus {
+    std::uint16_t code = static_cast<std::uint16_t>(MTPResponseCode::generalError);
+    bool always = false; ///< else once
+};
+
+/// One container on its way to the host, complete; of an object's content only the 12 header bytes.
+struct VirtualAnswer {
+    std::uint16_t operation = 0; ///< raw code of the command
+    MTPContainerType type = MTPContainerType::response;
+    Bytes container;
+};
+
+/// What a virtual Android phone does wrong: parameters, all off at first. Maps and sets are keyed
+/// by raw operation codes.
+struct VirtualFaults {
+    std::optional<VirtualByteFault> unplug;
+    std::optional<VirtualByteFault> stall;
+
+    std::set<std::uint16_t> hang; ///< the operation is not answered at all
+    std::map<std::uint16_t, std::chrono::milliseconds> delay; ///< before the data phase or answer
+    std::chrono::milliseconds delayEach{0};                   ///< the same for every operation
+    double megabytesPerSecond = 0;                            ///< of 10^6 bytes; 0 for no limit
+    std::chrono::milliseconds sendObjectPause{0}; ///< between an object's data and the answer
+
+    std::map<std::uint16_t, VirtualErrorStatus> errors;
+    /// "Store full" once this many bytes of one object have arrived.
+    std::optional<std::uint64_t> storeFullAfter;
+
+    /// May replace the bytes of a container; no value leaves them. Runs on the phone's thread.
+    std::function<std::optional<Bytes>(const VirtualAnswer&)> rewrite;
+
+    bool headerInOwnTransfer = false;   ///< the data phase's header, then its payload
+    bool dataAndResponseJoined = false; ///< both in one transfer
+    bool omitsZeroPacket = false;       ///< after a data phase of whole packets
+    bool extraZeroPacket = false;       ///< after every data phase that ends with a short packet
+    bool extraByte = false;             ///< data phases are one byte longer than announced
+    bool junkTransactionID = false;     ///< in responses
+
+    bool repeatsHandles = false;        ///< handle lists name each object twice
+    bool foldersHoldThemselves = false; ///< handle lists of a folder name the folder too
+    /// Names on disk and what the phone calls these files. A name of 255 units has no terminator.
+    std::map<QString, QString> nameOverrides;
+};
+
+} // namespace tessary

@@ -1,0 +1,123 @@
+#include "simulator/usb/VirtualUSBInterface.h"
+
+#include "simulator/usb/VirtualUSBReadStream.h"
+
+namespace tessary {
+
+namespace {
+
+constexpr std::uint8_t pipeCount = 3;
+constexpr std::uint16_t eventPacketSize = 28;
+
+} // namespace
+
+VirtualUSBInterface::VirtualUSBInterface(std::shared_ptr<VirtualUSBPort> port, std::uint8_t number)
+    : port_(std::move(port)), number_(number) {}
+
+VirtualUSBInterface::~VirtualUSBInterface() {
+    close();
+}
+
+const VirtualUSBInterfaceDescription& VirtualUSBInterface::described() const {
+    return port_->description().interfaces[number_];
+}
+
+std::uint8_t VirtualUSBInterface::interfaceClass() const {
+    return described().interfaceClass;
+}
+
+std::uint8_t VirtualUSBInterface::interfaceSubclass() const {
+    return described().interfaceSubclass;
+}
+
+USBCode VirtualUSBInterface::open() {
+    return openWith(port_->openFaults().get().interfaceOpen);
+}
+
+USBCode VirtualUSBInterface::openSeize() {
+    return openWith(port_->openFaults().get().interfaceSeize);
+}
+
+USBCode VirtualUSBInterface::openWith(USBCode fault) {
+    if (open_)
+        return usb::success;
+    if (!port_->isPlugged())
+        return usb::noDevice;
+    const USBCode code = fault != usb::success ? fault : port_->claim(number_);
+    open_ = code == usb::success;
+    return code;
+}
+
+void VirtualUSBInterface::close() {
+    if (open_.exchange(false))
+        port_->release(number_);
+}
+
+std::uint8_t VirtualUSBInterface::endpointCount() const {
+    return described().hasPipes ? pipeCount : 0;
+}
+
+std::optional<USBPipeProperties> VirtualUSBInterface::pipeProperties(std::uint8_t pipe) const {
+    if (pipe == 0 || pipe > endpointCount())
+        return std::nullopt;
+    const VirtualUSBDescription& description = port_->description();
+    USBPipeProperties properties;
+    properties.direction = pipe == VirtualUSBPort::outPipe ? USBDirection::out : USBDirection::in;
+    properties.transferType =
+        pipe == VirtualUSBPort::eventPipe ? USBTransferType::interrupt : USBTransferType::bulk;
+    if (!description.reportsNoPacketSize)
+        properties.maxPacketSize =
+            pipe == VirtualUSBPort::eventPipe ? eventPacketSize : description.maxPacketSize;
+    return properties;
+}
+
+VirtualUSBPipe* VirtualUSBInterface::pipeFor(std::uint8_t pipe, USBDirection direction) const {
+    const auto properties = pipeProperties(pipe);
+    return properties && properties->direction == direction ? port_->pipe(pipe) : nullptr;
+}
+
+USBCode VirtualUSBInterface::readPipeTO(std::uint8_t pipe, std::span<std::byte> buffer,
+                                        std::size_t& transferred, USBTimeouts timeouts) {
+    transferred = 0;
+    if (!open_)
+        return usb::notOpen;
+    VirtualUSBPipe* const source = pipeFor(pipe, USBDirection::in);
+    if (!source || buffer.empty())
+        return usb::badArgument;
+    return source->hostRead(buffer, transferred, timeouts);
+}
+
+USBCode VirtualUSBInterface::writePipeTO(std::uint8_t pipe, std::span<const std::byte> data,
+                                         std::size_t& transferred, USBTimeouts timeouts) {
+    transferred = 0;
+    if (!open_)
+        return usb::notOpen;
+    // The pipes close one after the other: a call that begins after the first has is too late.
+    if (!port_->isPlugged())
+        return usb::noDevice;
+    VirtualUSBPipe* const target = pipeFor(pipe, USBDirection::out);
+    return target ? target->hostWrite(data, transferred, timeouts) : usb::badArgument;
+}
+
+USBCode VirtualUSBInterface::clearPipeStallBothEnds(std::uint8_t pipe) {
+    if (!open_)
+        return usb::notOpen;
+    return pipe > 0 && pipe <= endpointCount() ? port_->clearStall(pipe) : usb::badArgument;
+}
+
+std::unique_ptr<USBReadStream>
+VirtualUSBInterface::readStream(std::uint8_t pipe, std::size_t requestSize, std::size_t depth) {
+    VirtualUSBPipe* const source = pipeFor(pipe, USBDirection::in);
+    if (!open_ || !source)
+        return nullptr;
+    return std::make_unique<VirtualUSBReadStream>(port_, *source, requestSize, depth);
+}
+
+USBCode VirtualUSBInterface::controlRequest(const USBControlRequest& request,
+                                            std::span<std::byte> data, std::size_t& transferred,
+                                            std::chrono::milliseconds) {
+    transferred = 0;
+    return open_ ? port_->control(request, data, transferred) : usb::notOpen;
+}
+
+} // namespace tessary

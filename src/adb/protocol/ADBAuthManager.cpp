@@ -1,0 +1,129 @@
+#include "adb/protocol/ADBAuthManager.h"
+
+#include "base/values/FreeWith.h"
+#include "platform/desktop/HostInfo.h"
+
+#include <openssl/bio.h>
+#include <openssl/err.h>
+#include <openssl/evp.h>
+#include <openssl/pem.h>
+#include <openssl/rsa.h>
+#include <openssl/x509.h>
+
+#include <optional>
+#include <utility>
+
+namespace tessary {
+
+namespace {
+
+constexpr int keyBits = 2048;
+
+using Text = std::unique_ptr<BIO, FreeWith<BIO_free_all>>;
+using Context = std::unique_ptr<EVP_PKEY_CTX, FreeWith<EVP_PKEY_CTX_free>>;
+
+/// What OpenSSL says of the failure that has just happened on this thread.
+QString reasonOr(const QString& unknown) {
+    const char* reason = ERR_reason_error_string(ERR_peek_last_error());
+    ERR_clear_error();
+    return reason ? QString::fromLatin1(reason) : unknown;
+}
+
+[[noreturn]] void failToGenerate(const QString& reason) {
+    throw ADBError(ADBError::Case::noKey,
+                   QStringLiteral("Failed to generate RSA key: %1").arg(reason));
+}
+
+QByteArray pemOf(EVP_PKEY* key) {
+    const Text text(BIO_new(BIO_s_mem()));
+    if (!text ||
+        PEM_write_bio_PKCS8PrivateKey(text.get(), key, nullptr, nullptr, 0, nullptr, nullptr) != 1)
+        failToGenerate(reasonOr(QStringLiteral("Unknown keygen error")));
+    char* data = nullptr;
+    const long size = BIO_get_mem_data(text.get(), &data);
+    return {data, static_cast<qsizetype>(size)};
+}
+
+/// Null for anything that is no RSA key of this size. Asks nobody for a password.
+ADBAuthManager::PrivateKey keyFrom(const QByteArray& pem) {
+    const Text text(BIO_new_mem_buf(pem.constData(), static_cast<int>(pem.size())));
+    const auto noPassword = [](char*, int, int, void*) { return -1; };
+    ADBAuthManager::PrivateKey key(
+        text ? PEM_read_bio_PrivateKey(text.get(), nullptr, noPassword, nullptr) : nullptr);
+    ERR_clear_error();
+    const bool isOurs =
+        key && EVP_PKEY_is_a(key.get(), "RSA") == 1 && EVP_PKEY_get_bits(key.get()) == keyBits;
+    return isOurs ? std::move(key) : nullptr;
+}
+
+QByteArray newKey() {
+    ERR_clear_error();
+    const ADBAuthManager::PrivateKey key(EVP_RSA_gen(keyBits));
+    if (!key)
+        failToGenerate(reasonOr(QStringLiteral("Unknown keygen error")));
+    return pemOf(key.get());
+}
+
+} // namespace
+
+ADBHostIdentity ADBHostIdentity::ofThisComputer() {
+    return {loginName(), computerName()};
+}
+
+void ADBAuthManager::FreeKey::operator()(evp_pkey_st* key) const {
+    EVP_PKEY_free(key);
+}
+
+ADBAuthManager::ADBAuthManager(std::unique_ptr<KeyStore> store, ADBHostIdentity identity)
+    : store_(std::move(store)), identity_(std::move(identity)) {}
+
+ADBAuthManager::PrivateKey ADBAuthManager::getOrCreatePrivateKey() {
+    std::optional<QByteArray> pem;
+    try {
+        pem = store_->find(keyTag);
+        if (!pem)
+            pem = store_->addIfMissing(keyTag, newKey());
+    } catch (const KeyStoreError& error) {
+        failToGenerate(QString::fromUtf8(error.what()));
+    }
+    PrivateKey key = keyFrom(*pem);
+    if (!key)
+        failToGenerate(QStringLiteral("what the key store holds is no RSA key of 2048 bits"));
+    return key;
+}
+
+Bytes ADBAuthManager::sign(ByteView token) {
+    const PrivateKey key = getOrCreatePrivateKey();
+    ERR_clear_error();
+    const Context context(EVP_PKEY_CTX_new(key.get(), nullptr));
+    Bytes signature(static_cast<std::size_t>(EVP_PKEY_get_size(key.get())));
+    std::size_t size = signature.size();
+    if (!context || EVP_PKEY_sign_init(context.get()) != 1 ||
+        EVP_PKEY_CTX_set_rsa_padding(context.get(), RSA_PKCS1_PADDING) != 1 ||
+        EVP_PKEY_CTX_set_signature_md(context.get(), EVP_sha1()) != 1 ||
+        EVP_PKEY_sign(context.get(), reinterpret_cast<unsigned char*>(signature.data()), &size,
+                      reinterpret_cast<const unsigned char*>(token.data()), token.size()) != 1)
+        throw ADBError(ADBError::Case::notSigned,
+                       QStringLiteral("Failed to sign challenge token: %1")
+                           .arg(reasonOr(QStringLiteral("Unknown signature error"))));
+    signature.resize(size);
+    return signature;
+}
+
+Bytes ADBAuthManager::getPublicKeyPayload() {
+    const PrivateKey key = getOrCreatePrivateKey();
+    unsigned char* encoded = nullptr;
+    const int size = i2d_PublicKey(key.get(), &encoded);
+    const std::unique_ptr<unsigned char, FreeWith<[](void* bytes) { OPENSSL_free(bytes); }>> der(
+        encoded);
+    if (size <= 0)
+        throw ADBError(ADBError::Case::noPublicKey,
+                       QStringLiteral("Failed to export public key representation"));
+    const QString host = identity_.host.isEmpty() ? QStringLiteral("macOS") : identity_.host;
+    QByteArray text = QByteArray(reinterpret_cast<const char*>(der.get()), size).toBase64();
+    text += ' ' + identity_.user.toUtf8() + '@' + host.toUtf8() + '\0';
+    const auto* bytes = reinterpret_cast<const std::byte*>(text.constData());
+    return {bytes, bytes + text.size()};
+}
+
+} // namespace tessary

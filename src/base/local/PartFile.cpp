@@ -1,0 +1,76 @@
+#include "base/local/PartFile.h"
+
+#include "base/values/TessaryError.h"
+
+#include <QFileInfo>
+#include <QUuid>
+
+#include <filesystem>
+#include <system_error>
+
+namespace tessary {
+
+namespace {
+
+QString freshPathBeside(const QString& target) {
+    return QFileInfo(target).absolutePath() + QLatin1Char('/') + PartFile::newName();
+}
+
+} // namespace
+
+QString PartFile::newName() {
+    constexpr qsizetype digits = 12;
+    return namePrefix + QUuid::createUuid().toString(QUuid::Id128).left(digits);
+}
+
+PartFile::PartFile(const QString& target) : target_(target), file_(freshPathBeside(target)) {
+    if (QFileInfo(target).isDir())
+        throw TessaryError::fileIOError(
+            QStringLiteral("Cannot write %1: a folder of this name is there.").arg(target));
+    if (!file_.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
+        throw TessaryError::fileIOError(
+            QStringLiteral("Cannot write into %1: %2")
+                .arg(QFileInfo(target).absolutePath(), file_.errorString()));
+}
+
+PartFile::~PartFile() {
+    if (!isCommitted_)
+        file_.remove();
+}
+
+void PartFile::write(ByteView bytes) {
+    const auto* data = reinterpret_cast<const char*>(bytes.data());
+    const auto count = static_cast<qint64>(bytes.size());
+    for (qint64 written = 0; written < count;) {
+        const qint64 step = file_.write(data + written, count - written);
+        if (step <= 0)
+            throw TessaryError::fileIOError(
+                QStringLiteral("Cannot write %1: %2").arg(target_, file_.errorString()));
+        written += step;
+    }
+    size_ += count;
+}
+
+void PartFile::commit(const std::optional<QDateTime>& modified) {
+    // A date that the file system cannot hold is no reason to lose the copy.
+    if (modified)
+        (void)file_.setFileTime(*modified, QFileDevice::FileModificationTime);
+    file_.close();
+    if (file_.error() != QFileDevice::NoError)
+        throw TessaryError::fileIOError(
+            QStringLiteral("Cannot write %1: %2").arg(target_, file_.errorString()));
+    renameOver(file_.fileName(), target_);
+    isCommitted_ = true;
+}
+
+void renameOver(const QString& from, const QString& to) {
+    std::error_code failure;
+    std::filesystem::rename(QFile(from).filesystemFileName(), QFile(to).filesystemFileName(),
+                            failure);
+    if (failure)
+        throw TessaryError::fileIOError(
+            QStringLiteral("Cannot write %1: %2")
+                .arg(to, QString::fromLocal8Bit(failure.message().c_str())));
+}
+
+} // namespace tessary

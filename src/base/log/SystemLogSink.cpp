@@ -1,0 +1,55 @@
+#include "base/log/SystemLogSink.h"
+
+#include <QFileInfo>
+
+#include <array>
+#include <cstdio>
+
+#ifdef TESSARY_HAVE_JOURNAL
+#include <syslog.h>
+#include <systemd/sd-journal.h>
+#endif
+
+namespace tessary {
+
+namespace {
+
+LogLevel minimumFromEnvironment() {
+    const QByteArray wanted = qgetenv("TESSARY_LOG");
+    for (const LogLevel level : {LogLevel::debug, LogLevel::info, LogLevel::error})
+        if (wanted == logLevelName(level))
+            return level;
+    return LogLevel::standard;
+}
+
+#ifdef TESSARY_HAVE_JOURNAL
+void writeToJournal(const LogRecord& record) {
+    static constexpr std::array priorities{LOG_DEBUG, LOG_INFO, LOG_NOTICE, LOG_ERR};
+    sd_journal_send("MESSAGE=%s", record.message.toUtf8().constData(), "PRIORITY=%i",
+                    priorities[static_cast<std::size_t>(record.level)], "SUBSYSTEM=%s",
+                    record.subsystem, "CATEGORY=%s", record.category, nullptr);
+}
+#endif
+
+} // namespace
+
+LogSink makeStandardErrorSink(LogLevel minimum) {
+    return {[minimum](LogLevel level) { return level >= minimum; },
+            [](const LogRecord& record) {
+                // One call a line: lines of several threads do not mix.
+                const QByteArray line = QByteArray(record.subsystem) + ' ' + record.category + ' ' +
+                                        logLevelName(record.level) + ": " +
+                                        record.message.toUtf8() + '\n';
+                std::fwrite(line.constData(), 1, static_cast<std::size_t>(line.size()), stderr);
+            }};
+}
+
+LogSink makeSystemLogSink() {
+#ifdef TESSARY_HAVE_JOURNAL
+    if (QFileInfo::exists(QStringLiteral("/run/systemd/journal/socket")))
+        return {[](LogLevel) { return true; }, writeToJournal};
+#endif
+    return makeStandardErrorSink(minimumFromEnvironment());
+}
+
+} // namespace tessary

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "base/threads/Background.h"
+
+#include <utility>
+
+namespace tessary {
+
+/// Lets go of what takes its time to end (a connection, a thread) off the main thread. `owner` is a
+/// smart pointer; nothing happens for an empty one. Main thread.
+template <typename Pointer>
+void endInBackground(QObject* context, Pointer owner) {
+    if (owner)
+        runInBackground(
+            context, [ended = std::move(owner)]() mutable { ended.reset(); },
+            [](const BackgroundResult<void>&) {});
+}
+
+} // namespace tessary

@@ -1,0 +1,128 @@
+#include "base/threads/SerialQueue.h"
+
+#include "base/threads/CancellationError.h"
+#include "base/threads/ThreadName.h"
+
+#include <algorithm>
+#include <atomic>
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <string>
+#include <thread>
+
+namespace tessary {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+struct Task {
+    enum class Stage { waiting, running, done };
+    std::function<void()> work;
+    Stage stage = Stage::waiting;
+};
+
+} // namespace
+
+struct SerialQueue::State {
+    State(const char* threadName, Patience given) : name(threadName), patience(given) {}
+
+    const std::string name;
+    const Patience patience;
+    std::atomic<Clock::time_point> lastBeat{Clock::now()};
+
+    std::mutex mutex;
+    std::condition_variable_any changed;
+    // All guarded by mutex:
+    std::deque<std::shared_ptr<Task>> waiting;
+    bool isRunning = false;
+    bool isOver = false;
+    bool hasEnded = false;
+
+    /// When whoever waits has to give up, unless there is a sign of life before.
+    [[nodiscard]] Clock::time_point end() const {
+        return lastBeat.load() + patience.ofSilence;
+    }
+};
+
+SerialQueue::SerialQueue(const char* name, Patience patience)
+    : state_(std::make_shared<State>(name, patience)) {
+    std::thread([state = state_] { serve(state); }).detach();
+}
+
+SerialQueue::~SerialQueue() {
+    (void)finish(state_->patience.afterStop);
+}
+
+std::function<void()> SerialQueue::pulse() const {
+    return [state = state_] { state->lastBeat = Clock::now(); };
+}
+
+void SerialQueue::post(std::function<void()> work) {
+    const std::scoped_lock lock(state_->mutex);
+    if (state_->isOver)
+        return;
+    state_->waiting.push_back(std::make_shared<Task>(Task{std::move(work)}));
+    state_->changed.notify_all();
+}
+
+void SerialQueue::runAndWait(std::function<void()> work, const std::stop_token& stop) {
+    const std::shared_ptr<State> state = state_;
+    const auto task = std::make_shared<Task>(Task{std::move(work)});
+    std::unique_lock lock(state->mutex);
+    if (state->isOver)
+        throw CancellationError();
+    if (!state->isRunning && state->waiting.empty())
+        state->lastBeat = Clock::now();
+    state->waiting.push_back(task);
+    state->changed.notify_all();
+
+    const auto isDone = [&] { return task->stage == Task::Stage::done; };
+    // The wait ends early when a stop is asked for; a sign of life prolongs it.
+    while (!isDone() && !stop.stop_requested() && Clock::now() < state->end())
+        state->changed.wait_until(lock, stop, state->end(), isDone);
+    if (!isDone() && stop.stop_requested() && task->stage == Task::Stage::running)
+        state->changed.wait_for(lock, state->patience.afterStop, isDone);
+    if (isDone())
+        return;
+    std::erase(state->waiting, task);
+    if (stop.stop_requested())
+        throw CancellationError();
+    throw QueueStalled();
+}
+
+bool SerialQueue::finish(std::chrono::milliseconds limit) {
+    std::unique_lock lock(state_->mutex);
+    state_->isOver = true;
+    state_->changed.notify_all();
+    return state_->changed.wait_for(lock, limit, [this] { return state_->hasEnded; });
+}
+
+void SerialQueue::serve(const std::shared_ptr<State>& state) {
+    nameCurrentThread(state->name.c_str());
+    std::unique_lock lock(state->mutex);
+    while (true) {
+        state->changed.wait(lock, [&] { return state->isOver || !state->waiting.empty(); });
+        if (state->waiting.empty())
+            break;
+        const std::shared_ptr<Task> task = std::move(state->waiting.front());
+        state->waiting.pop_front();
+        task->stage = Task::Stage::running;
+        state->isRunning = true;
+        state->lastBeat = Clock::now();
+        lock.unlock();
+        task->work();
+        // What the work holds goes here, not with a caller that was let go.
+        task->work = nullptr;
+        lock.lock();
+        state->lastBeat = Clock::now();
+        state->isRunning = false;
+        task->stage = Task::Stage::done;
+        state->changed.notify_all();
+    }
+    state->hasEnded = true;
+    state->changed.notify_all();
+}
+
+} // namespace tessary

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "base/threads/Background.h"
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <stdexcept>
+#include <stop_token>
+#include <type_traits>
+#include <utility>
+
+namespace tessary {
+
+/// Thrown to whoever waits for a queue whose running work has shown no sign of life for too long.
+class QueueStalled : public std::runtime_error {
+public:
+    QueueStalled() : std::runtime_error("The device does not answer.") {}
+};
+
+/// Runs pieces of work one after the other, first in first out, on a thread of its own. Made for
+/// calls that cannot be interrupted: a caller that is asked to stop, or that has waited too long
+/// for a silent call, is let go, while the call goes on alone and the next one after it.
+/// Thread-safe; not to be called from its own work.
+class SerialQueue {
+public:
+    struct Patience {
+        /// How long a caller that was asked to stop waits for its running work to notice.
+        std::chrono::milliseconds afterStop{1000};
+        /// How long the running work may show no sign of life.
+        std::chrono::milliseconds ofSilence{45'000};
+    };
+
+    /// `name` is the thread's; what is over 15 characters is cut off.
+    explicit SerialQueue(const char* name) : SerialQueue(name, Patience{}) {}
+    SerialQueue(const char* name, Patience patience);
+    /// finish() with a limit of Patience::afterStop. Work that still runs then is left behind.
+    ~SerialQueue();
+    SerialQueue(const SerialQueue&) = delete;
+    SerialQueue& operator=(const SerialQueue&) = delete;
+
+    /// Runs `work` on the queue's thread and returns or throws what it does. CancellationError
+    /// when `stop` asks before it has begun (it then never runs) or when it does not end soon
+    /// afterwards; QueueStalled after Patience::ofSilence. In both last cases the work goes on
+    /// without its caller: it must own or outlive all that it uses.
+    template <typename Work>
+    auto run(Work work, const std::stop_token& stop = {}) {
+        using T = std::invoke_result_t<Work&>;
+        struct Call {
+            explicit Call(Work given) : work(std::move(given)) {}
+            std::optional<Work> work;
+            std::optional<BackgroundResult<T>> result;
+        };
+        const auto call = std::make_shared<Call>(std::move(work));
+        runAndWait(
+            [call] {
+                call->result.emplace(detail::resultOf<T>(*call->work, std::stop_token()));
+                call->work.reset();
+            },
+            stop);
+        return call->result->take();
+    }
+
+    /// Has `work` run without anybody waiting for it. It must not throw.
+    void post(std::function<void()> work);
+
+    /// What the running work calls as a sign of life. Usable even when the queue is gone.
+    [[nodiscard]] std::function<void()> pulse() const;
+
+    /// Waits until all work is done, and ends the thread. False when it has not within `limit`:
+    /// what has not begun is done later, on the thread that is left behind. Nothing can be added
+    /// afterwards.
+    bool finish(std::chrono::milliseconds limit);
+
+private:
+    struct State;
+    void runAndWait(std::function<void()> work, const std::stop_token& stop);
+    static void serve(const std::shared_ptr<State>& state);
+
+    std::shared_ptr<State> state_; ///< shared with the thread
+};
+
+} // namespace tessary

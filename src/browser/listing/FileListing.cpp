@@ -1,0 +1,190 @@
+#include "browser/listing/FileListing.h"
+
+#include "base/text/NameOrder.h"
+
+#include <algorithm>
+#include <functional>
+#include <future>
+#include <numeric>
+#include <optional>
+#include <thread>
+
+namespace tessary {
+
+namespace {
+
+/// Whether the letters of ASCII have the small forms in it that they have in English.
+bool hasEnglishCase(const QLocale& locale) {
+    return locale.language() != QLocale::Turkish && locale.language() != QLocale::Azerbaijani;
+}
+
+bool isAscii(const QString& text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](QChar letter) { return letter.unicode() < 0x80; });
+}
+
+/// Does `work` on each part of `count` things, from the first to before the last, with threads of
+/// their own where there are enough to be worth one. Returns where the parts begin, and `count`.
+std::vector<std::size_t>
+inParts(std::size_t count, const std::function<void(std::size_t begin, std::size_t end)>& work) {
+    constexpr std::size_t worthAThread = 5'000;
+    const std::size_t parts = std::clamp<std::size_t>(
+        count / worthAThread, 1, std::max(std::thread::hardware_concurrency(), 1U));
+    std::vector<std::size_t> bounds;
+    for (std::size_t part = 0; part <= parts; ++part)
+        bounds.push_back(count * part / parts);
+    std::vector<std::future<void>> others;
+    for (std::size_t part = 1; part < parts; ++part)
+        others.push_back(std::async(std::launch::async, work, bounds[part], bounds[part + 1]));
+    work(bounds[0], bounds[1]);
+    for (auto& other : others)
+        other.get();
+    return bounds;
+}
+
+} // namespace
+
+std::shared_ptr<const FileListing> FileListing::make(std::vector<FileItem> items,
+                                                     const QLocale& locale) {
+    return std::shared_ptr<const FileListing>(new FileListing(std::move(items), locale));
+}
+
+FileListing::FileListing(std::vector<FileItem> items, const QLocale& locale)
+    : items_(std::move(items)), locale_(locale) {
+    giveIds();
+    orderNames();
+}
+
+void FileListing::giveIds() {
+    keys_.reserve(items_.size());
+    isFolder_.reserve(items_.size());
+    indexes_.reserve(static_cast<qsizetype>(items_.size()));
+    QHash<QString, int> twins; // how many more share an id
+    for (std::size_t from = 0; from < items_.size(); ++from) {
+        FileItem& item = items_[from];
+        QString id = item.id();
+        int* index = &indexes_[id];
+        if (static_cast<std::size_t>(indexes_.size()) == keys_.size()) { // it was there already
+            if (items_[static_cast<std::size_t>(*index)] == item)
+                continue;
+            // A phone can hold two objects of one name in a folder.
+            const QString shared = id;
+            while (indexes_.contains(id))
+                id = shared + QChar::Null + QString::number(++twins[shared]);
+            item = FileItem(item.name, item.path, item.isDirectory, item.size, item.modifiedDate,
+                            item.handle, id);
+            index = &indexes_[id];
+        }
+        *index = static_cast<int>(keys_.size());
+        isFolder_.push_back(item.isDirectory);
+        if (from != keys_.size())
+            items_[keys_.size()] = std::move(item);
+        keys_.push_back({std::move(id), {}});
+    }
+    items_.resize(keys_.size());
+}
+
+/// Orders the names once, so that every later sort compares numbers. That is most of what a folder
+/// costs.
+void FileListing::orderNames() {
+    std::vector<std::optional<QCollatorSortKey>> sortKeys(items_.size());
+    const auto isBefore = [&](int left, int right) {
+        const auto l = static_cast<std::size_t>(left);
+        const auto r = static_cast<std::size_t>(right);
+        const int byRules = sortKeys[l]->compare(*sortKeys[r]);
+        return byRules != 0 ? byRules < 0 : items_[l].name < items_[r].name;
+    };
+    byName_.resize(items_.size());
+    std::iota(byName_.begin(), byName_.end(), 0);
+    const auto nameAt = [&](std::size_t n) {
+        return byName_.begin() + static_cast<std::ptrdiff_t>(n);
+    };
+    const std::vector<std::size_t> bounds =
+        inParts(items_.size(), [&](std::size_t begin, std::size_t end) {
+            QCollator collator = nameCollator(locale_); // is for one thread
+            collator.setNumericMode(true);
+            for (std::size_t i = begin; i < end; ++i)
+                sortKeys[i] = collator.sortKey(items_[i].name);
+            std::stable_sort(nameAt(begin), nameAt(end), isBefore);
+            for (std::size_t i = begin; i < end; ++i)
+                keys_[i].foldedName = folded(items_[i].name);
+        });
+    for (std::size_t part = 2; part < bounds.size(); ++part)
+        std::inplace_merge(nameAt(0), nameAt(bounds[part - 1]), nameAt(bounds[part]), isBefore);
+}
+
+QString FileListing::folded(const QString& text) const {
+    if (isAscii(text) && hasEnglishCase(locale_)) { // at a tenth of the cost
+        QString lower = text;
+        for (QChar& letter : lower)
+            if (letter >= QLatin1Char('A') && letter <= QLatin1Char('Z'))
+                letter = QChar(letter.unicode() + ('a' - 'A'));
+        return lower;
+    }
+    // The locale knows its own letters (Turkish i), the folding final forms (Greek sigma). Names
+    // may come in decomposed form, and typed text does not.
+    return locale_.toLower(text.normalized(QString::NormalizationForm_C)).toCaseFolded();
+}
+
+std::vector<qint64> FileListing::valuesOf(FileField field) const {
+    std::vector<qint64> values(items_.size());
+    switch (field) {
+    case FileField::size:
+        std::ranges::transform(items_, values.begin(), &FileItem::size);
+        break;
+    case FileField::modified:
+        std::ranges::transform(items_, values.begin(), [](const FileItem& item) {
+            return item.modifiedDateOrEpoch().toMSecsSinceEpoch();
+        });
+        break;
+    case FileField::kind:
+        std::ranges::transform(items_, values.begin(), [](const FileItem& item) {
+            return static_cast<qint64>(item.category());
+        });
+        break;
+    case FileField::name:
+        qint64 rank = 0;
+        for (std::size_t i = 0; i < byName_.size(); ++i) {
+            if (i > 0 && item(byName_[i - 1]).name != item(byName_[i]).name)
+                ++rank;
+            values[static_cast<std::size_t>(byName_[i])] = rank;
+        }
+    }
+    return values;
+}
+
+std::vector<int> FileListing::rows(const QString& filter, const FileSortOrder& sortOrder) const {
+    const QString wanted = folded(filter.trimmed());
+    std::vector<int> rows;
+    rows.reserve(items_.size());
+    for (const int index : byName_)
+        if (wanted.isEmpty() || foldedName(index).contains(wanted))
+            rows.push_back(index);
+    std::stable_partition(rows.begin(), rows.end(), [this](int index) { return isFolder(index); });
+    if (sortOrder == FileSortOrder{{FileField::name, false}})
+        return rows;
+
+    struct Column {
+        std::vector<qint64> values;
+        bool descending;
+    };
+    std::vector<Column> columns;
+    for (const FileComparator& comparator : sortOrder)
+        columns.push_back({valuesOf(comparator.field), comparator.descending});
+    const auto isBefore = [&](int left, int right) {
+        for (const auto& [values, descending] : columns) {
+            const qint64 l = values[static_cast<std::size_t>(left)];
+            const qint64 r = values[static_cast<std::size_t>(right)];
+            if (l != r)
+                return descending ? l > r : l < r;
+        }
+        return false; // as they are, in order of name
+    };
+    const auto firstFile =
+        std::ranges::find_if_not(rows, [this](int index) { return isFolder(index); });
+    std::stable_sort(rows.begin(), firstFile, isBefore);
+    std::stable_sort(firstFile, rows.end(), isBefore);
+    return rows;
+}
+
+} // namespace tessary

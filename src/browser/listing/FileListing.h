@@ -1,0 +1,74 @@
+#pragma once
+
+#include "browser/listing/FileSortOrder.h"
+#include "phone/records/FileItem.h"
+
+#include <QHash>
+#include <QLocale>
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+namespace tessary {
+
+/// The entries of one folder with everything worked out that filtering, sorting and looking up
+/// need, so that each is quick even for a hundred thousand. Immutable; made in the background,
+/// then used from any thread.
+class FileListing {
+public:
+    /// Takes a listing as it came. Entries that came twice are dropped; different ones that share
+    /// an id get an id of their own. `locale` decides order and case.
+    [[nodiscard]] static std::shared_ptr<const FileListing> make(std::vector<FileItem> items,
+                                                                 const QLocale& locale);
+
+    [[nodiscard]] const std::vector<FileItem>& items() const {
+        return items_;
+    }
+    [[nodiscard]] const FileItem& item(int index) const {
+        return items_[static_cast<std::size_t>(index)];
+    }
+    [[nodiscard]] int size() const {
+        return static_cast<int>(items_.size());
+    }
+    [[nodiscard]] const QString& id(int index) const {
+        return keys_[static_cast<std::size_t>(index)].id;
+    }
+    [[nodiscard]] bool isFolder(int index) const {
+        return isFolder_[static_cast<std::size_t>(index)];
+    }
+    /// -1 for an id that is not in the listing.
+    [[nodiscard]] int indexOf(const QString& id) const {
+        return indexes_.value(id, -1);
+    }
+    /// A text in the form in which names are compared without regard to case.
+    [[nodiscard]] QString folded(const QString& text) const;
+    [[nodiscard]] const QString& foldedName(int index) const {
+        return keys_[static_cast<std::size_t>(index)].foldedName;
+    }
+
+    /// The indexes of the entries whose name contains `filter` (blanks around it do not count,
+    /// nor does case), in order.
+    [[nodiscard]] std::vector<int> rows(const QString& filter, const FileSortOrder& order) const;
+
+private:
+    struct Key {
+        QString id;
+        QString foldedName;
+    };
+
+    FileListing(std::vector<FileItem> items, const QLocale& locale);
+    void giveIds();
+    void orderNames();
+    /// What each entry counts for in an order by `field`, at its index.
+    [[nodiscard]] std::vector<qint64> valuesOf(FileField field) const;
+
+    std::vector<FileItem> items_;
+    std::vector<Key> keys_;      ///< of the entry at the same index
+    std::vector<bool> isFolder_; ///< whether the entry at the same index is one
+    std::vector<int> byName_;    ///< indexes in order of name
+    QHash<QString, int> indexes_;
+    QLocale locale_;
+};
+
+} // namespace tessary

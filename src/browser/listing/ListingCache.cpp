@@ -1,0 +1,104 @@
+#include "browser/listing/ListingCache.h"
+
+#include "phone/DevicePath.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tessary {
+
+namespace {
+
+/// Everything that is shown from memory is read anew behind it: this only bounds how old a glimpse
+/// may be.
+constexpr double ttlSeconds = 600;
+
+/// A folder of more entries would hold up the main thread when it is shown from memory.
+constexpr std::size_t maxEntries = 10'000;
+
+QString keyOf(const QString& identity, const QString& folder) {
+    return identity + QChar::Null + folder;
+}
+
+/// What a key below a folder begins with. No name holds a "/".
+QString prefixBelow(const QString& identity, const QString& folder) {
+    return keyOf(identity, folder.endsWith(QLatin1Char('/')) ? folder : folder + QLatin1Char('/'));
+}
+
+} // namespace
+
+ListingCache::ListingCache(DirectoryCache::Clock clock) : cache_(ttlSeconds, std::move(clock)) {}
+
+void ListingCache::open(const FileAccess& files, const QString& deviceId) {
+    deviceOf_.insert(files.identity(), deviceId);
+}
+
+std::optional<std::vector<FileItem>> ListingCache::recall(const FileAccess& files,
+                                                          const QString& folder) {
+    return cache_.get(keyOf(files.identity(), folder));
+}
+
+void ListingCache::remember(const FileAccess& files, const QString& folder,
+                            const std::vector<FileItem>& items, Moment begun) {
+    if (begun != changes_)
+        return;
+    const QString identity = files.identity();
+    const auto before = cache_.get(keyOf(identity, folder)).value_or(std::vector<FileItem>());
+    QHash<QString, const FileItem*> current;
+    if (!before.empty())
+        for (const FileItem& item : items)
+            current.insert(item.path, &item);
+    for (const FileItem& old : before) {
+        const FileItem* item = current.value(old.path);
+        if (!old.isDirectory || (item && *item == old))
+            continue;
+        cache_.invalidate(keyOf(identity, old.path));
+        if (!item || !item->isDirectory)
+            cache_.invalidateBelow(prefixBelow(identity, old.path));
+    }
+    if (items.size() <= maxEntries)
+        cache_.set(keyOf(identity, folder), items);
+    else
+        cache_.invalidate(keyOf(identity, folder));
+}
+
+void ListingCache::entryChanged(const QString& identity, const QString& path) {
+    ++changes_;
+    const QString folder = parentPath(path);
+    for (const QString& changed : {path, folder, parentPath(folder)})
+        cache_.invalidate(keyOf(identity, changed));
+    cache_.invalidateBelow(prefixBelow(identity, path));
+}
+
+void ListingCache::forgetFolder(const FileAccess& files, const QString& folder) {
+    ++changes_;
+    cache_.invalidate(keyOf(files.identity(), folder));
+    cache_.invalidateBelow(prefixBelow(files.identity(), folder));
+}
+
+void ListingCache::forget(const FileAccess& files) {
+    ++changes_;
+    cache_.invalidateBelow(keyOf(files.identity(), {}));
+}
+
+void ListingCache::keepOnly(const std::vector<DeviceInfo>& attached) {
+    for (auto known = deviceOf_.begin(); known != deviceOf_.end();) {
+        const bool isAttached =
+            std::any_of(attached.begin(), attached.end(),
+                        [&](const DeviceInfo& device) { return device.id() == *known; });
+        if (isAttached) {
+            ++known;
+            continue;
+        }
+        ++changes_;
+        cache_.invalidateBelow(keyOf(known.key(), {}));
+        known = deviceOf_.erase(known);
+    }
+}
+
+void ListingCache::forgetAll() {
+    ++changes_;
+    cache_.clearAll();
+}
+
+} // namespace tessary

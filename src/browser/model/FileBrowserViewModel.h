@@ -1,0 +1,371 @@
+#pragma once
+
+#include "browser/listing/FileRows.h"
+#include "browser/listing/ListingCache.h"
+#include "browser/model/BrowserEdit.h"
+#include "browser/model/BrowserHistory.h"
+#include "browser/model/BrowserLoad.h"
+#include "browser/model/BrowserSelection.h"
+#include "browser/model/KnownFolders.h"
+#include "browser/model/Typeahead.h"
+#include "phone/records/AppInfo.h"
+#include "phone/records/DeviceInfo.h"
+#include "phone/FileAccess.h"
+#include "transfer/CopyPlan.h"
+#include "transfer/ErrorAdvice.h"
+#include "transfer/OnDemandMount.h"
+#include "transfer/PreviewCache.h"
+#include "transfer/TransferViewModel.h"
+
+#include <QObject>
+#include <QTimer>
+#include <QUuid>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <stop_token>
+#include <vector>
+
+namespace tessary {
+
+/// One step of the path bar.
+struct PathComponent {
+    QUuid id;
+    QString name;
+    QString path; ///< where a click goes
+};
+
+enum class ViewMode { list, grid };
+
+/// What the browser has to show.
+enum class BrowserState {
+    ready,      ///< the folder, or nothing yet
+    failed,     ///< it could not be read: see error()
+    folderGone, ///< it is not on the phone any more; navigateUp() goes to what is left of its path
+    deviceLost, ///< the connection is gone; what was shown stays, and nothing can be done with it
+};
+
+/// How far a deletion or a move of several entries is.
+struct EditProgress {
+    int done = 0;
+    int total = 0;
+};
+
+/// Local copies for dragging entries out.
+struct DragFiles {
+    QStringList localPaths;
+    std::vector<SkippedItem> notReady; ///< with the reason for each
+};
+
+/// The collaborators of a browser; each outlives it.
+struct BrowserSetup {
+    using OpenAndroid = std::function<std::shared_ptr<FileAccess>(const DeviceInfo&)>;
+
+    using OpenApp = std::function<std::shared_ptr<FileAccess>(const DeviceInfo&, const AppInfo&)>;
+
+    OpenAndroid openAndroid;           ///< empty: over DeviceFileService::shared()
+    PreviewCache* previews = nullptr;  ///< null: the shared one
+    Typeahead::Clock clock;            ///< empty: the steady clock
+    OpenApp openApp{};                 ///< empty: over an AppFileAccess of its own
+    OnDemandMount* promises = nullptr; ///< null: what is dragged out is copied beforehand
+};
+
+/// The state of the file browser for one connection: the folder shown, its rows, path bar,
+/// history, selection, and what the user does to entries. Lives on the main thread; whatever asks
+/// a device runs in the background, and an answer that is no longer wanted is dropped. Nothing
+/// throws: failures are error().
+///
+/// Every action on entries takes ids (FileItem::id()) and ignores those that are not in the folder.
+class FileBrowserViewModel : public QObject {
+    Q_OBJECT
+
+public:
+    explicit FileBrowserViewModel(TransferViewModel& transfers, BrowserSetup setup = {},
+                                  QObject* parent = nullptr);
+    /// Stops what is under way.
+    ~FileBrowserViewModel() override;
+
+    // --- connection ---
+    /// Opens an Android device at `initialPath`, with a history of its own.
+    void connectAndroid(const DeviceInfo& device, const QString& initialPath);
+    using QObject::connect;
+    /// Opens the documents of an iPhone app at `targetPath`, with a history of its own. `device`
+    /// has this udid.
+    void connect(const QString& udid, const QString& bundleId, const QString& appName,
+                 const DeviceInfo& device, const QString& targetPath);
+    /// Opens any connection. `device` is empty when none stands behind it.
+    void open(std::shared_ptr<FileAccess> files, const std::optional<DeviceInfo>& device,
+              const QString& initialPath);
+    /// The device has been unplugged.
+    void loseDevice();
+    /// Newer facts about the device shown (its volumes' names, battery).
+    void updateDevice(const DeviceInfo& device);
+
+    [[nodiscard]] const std::optional<DeviceInfo>& activeDevice() const {
+        return activeDevice_;
+    }
+    [[nodiscard]] const std::shared_ptr<FileAccess>& files() const {
+        return files_;
+    }
+    /// The iPhone app whose documents are shown; "Documents" when there is none.
+    [[nodiscard]] const QString& appName() const {
+        return appName_;
+    }
+    /// The folders shown before. Whoever changes a device behind the browser's back has them
+    /// forgotten.
+    [[nodiscard]] ListingCache& folders() {
+        return folders_;
+    }
+    /// Where copies are queued.
+    [[nodiscard]] const TransferViewModel& transfers() const {
+        return transfers_;
+    }
+
+    // --- where we are ---
+    [[nodiscard]] const QString& currentPath() const {
+        return currentPath_;
+    }
+    [[nodiscard]] const QString& rootPath() const {
+        return rootPath_;
+    }
+    [[nodiscard]] const std::vector<PathComponent>& breadcrumbs() const {
+        return breadcrumbs_;
+    }
+    [[nodiscard]] BrowserState state() const {
+        return state_;
+    }
+    /// A load is under way. True from the start until the first one ends.
+    [[nodiscard]] bool isLoading() const {
+        return isLoading_;
+    }
+    /// The last failure and what to do about it.
+    [[nodiscard]] const std::optional<ErrorAdvice>& error() const {
+        return error_;
+    }
+    [[nodiscard]] std::optional<QString> errorMessage() const;
+    /// Whether a folder could not be read; else error() is about something else that was asked.
+    [[nodiscard]] bool isErrorOfLoad() const {
+        return isErrorOfLoad_;
+    }
+    void dismissError();
+    /// Tells the user about something that went wrong with what was asked.
+    void showError(const ErrorAdvice& error) {
+        setError(error);
+    }
+
+    /// A folder that was shown before appears at once, and is read anew behind it.
+    void navigateTo(const QString& path, bool recordHistory = true);
+    /// Goes to a path that the user typed, absolute or from the folder shown on; to a file's
+    /// folder, where it is selected. `whenDone(false)`: nothing is there, and error() says so. It
+    /// is not called when another folder was opened meanwhile.
+    void goToTyped(const QString& typed, std::function<void(bool isThere)> whenDone);
+    /// What a path that is being typed may become, of the folders seen so far; as it was typed up
+    /// to the last "/".
+    [[nodiscard]] QStringList pathCompletions(const QString& typed) const;
+    /// Enters a folder of the listing.
+    void enterFolder(const QString& itemId);
+    void navigateUp();
+    void goBack();
+    void goForward();
+    [[nodiscard]] bool canNavigateUp() const;
+    [[nodiscard]] bool canGoBack() const;
+    [[nodiscard]] bool canGoForward() const;
+    [[nodiscard]] const BrowserHistory& history() const {
+        return history_;
+    }
+    /// Reads the folder again; selection and unchanged rows stay.
+    void reload();
+    /// Gives up the load under way; what is shown stays.
+    void cancelLoading();
+
+    // --- what is shown ---
+    /// Entries of the folder as they came.
+    [[nodiscard]] const std::vector<FileItem>& items() const;
+    /// The rows, for a list model. Lives as long as this.
+    [[nodiscard]] FileRows& rows() {
+        return rows_;
+    }
+    [[nodiscard]] const FileRows& rows() const {
+        return rows_;
+    }
+    /// A copy of the rows' entries.
+    [[nodiscard]] std::vector<FileItem> filteredItems() const;
+    [[nodiscard]] const FileItem* itemWithId(const QString& id) const;
+
+    [[nodiscard]] const QString& searchText() const {
+        return rows_.filter();
+    }
+    void setSearchText(const QString& text);
+    [[nodiscard]] const FileSortOrder& sortOrder() const {
+        return rows_.sortOrder();
+    }
+    void setSortOrder(const FileSortOrder& order);
+    [[nodiscard]] ViewMode viewMode() const {
+        return viewMode_;
+    }
+    void setViewMode(ViewMode mode);
+
+    // --- selection ---
+    [[nodiscard]] const QSet<QString>& selectedItems() const {
+        return selection_.ids();
+    }
+    /// The selected entries in the order of the rows.
+    [[nodiscard]] std::vector<FileItem> selectedEntries() const;
+    [[nodiscard]] const std::optional<QString>& lastSelectedItemID() const {
+        return selection_.anchor();
+    }
+    /// The entry that the keyboard is on.
+    [[nodiscard]] const std::optional<QString>& currentItemID() const {
+        return selection_.current();
+    }
+    void selectItem(const QString& id, SelectionChange how = SelectionChange::replace);
+    void selectNextItem(bool extend = false);
+    void selectPreviousItem(bool extend = false);
+    /// Up and down in a grid: `step` is the number of columns, negative to go up.
+    void moveSelection(int step, bool extend = false);
+    void selectAll();
+    void clearSelection();
+    /// Takes over a selection that a view has made by itself.
+    void setSelection(const QSet<QString>& ids, const QString& currentId);
+    /// One typed letter of type-to-select.
+    void handleTypeahead(const QString& character);
+
+    // --- edits: each runs in the background and reloads the folder at its end ---
+    [[nodiscard]] bool isEditing() const {
+        return !edits_.empty();
+    }
+    [[nodiscard]] const EditProgress& editProgress() const {
+        return editProgress_;
+    }
+    /// What is done stays done.
+    void cancelEdits();
+    /// "New Folder", or "New Folder 2" and so on when that is taken.
+    [[nodiscard]] QString freeFolderName() const;
+    /// An empty name stands for freeFolderName(). The new folder is selected.
+    void createFolder(const QString& name = {});
+    /// Deletes entries one after the other; one report for all that failed.
+    void deleteItems(const QStringList& ids);
+    void renameItem(const QString& id, const QString& newName);
+    void moveSelectedItems(const QString& toFolderId);
+    void moveSelectedItemsToPath(const QString& path);
+    void moveItemsToPath(const QStringList& ids, const QString& path);
+
+    // --- copies ---
+    using SurveyDone = std::function<void(const CopyPlan&)>;
+    /// Finds out in the background what a copy of entries into a local folder will meet. `whenDone`
+    /// is called on the main thread, unless this is gone by then.
+    void surveyDownload(const QStringList& ids, const QString& localFolder, SurveyDone whenDone);
+    /// The same for local files and folders, into the folder shown or into one of its folders.
+    void surveyUpload(const QStringList& localPaths, const QString& intoFolderId,
+                      SurveyDone whenDone);
+    /// Queues what was surveyed. A name that this computer cannot hold becomes a failed job.
+    void copy(const CopyPlan& survey, const CopyChoices& choices);
+    /// Copies without a question, and keeps what is there already. Looks at the local disk.
+    void downloadItems(const QStringList& ids, const QString& localFolder);
+    /// The same to the phone; what is there already is replaced.
+    void uploadFiles(const QStringList& localPaths, const QString& intoFolderId = {});
+    /// Answers with previewReady or previewFailed. A call drops the one before it.
+    void cacheFileForPreview(const QString& id);
+    void cancelPreview();
+    /// `whenReady` is called on the main thread, unless this is gone by then or the result
+    /// was asked to stop. Where this system can promise files the paths are there at once, and the
+    /// entries are copied as another program reads them. Elsewhere they are copied beforehand:
+    /// folders and what takes more than about two seconds are not ready then; with a folder
+    /// nothing is.
+    std::stop_source prepareDragURLs(const QStringList& ids,
+                                     std::function<void(const DragFiles&)> whenReady);
+
+Q_SIGNALS:
+    void connectionChanged(); ///< activeDevice, files, appName
+    void pathChanged();       ///< currentPath, rootPath, breadcrumbs
+    void historyChanged();    ///< canGoBack, canGoForward
+    void stateChanged();      ///< state, isLoading
+    void errorChanged();
+    void searchTextChanged();
+    void sortOrderChanged();
+    void viewModeChanged();
+    void selectionChanged(); ///< also the current entry
+    void editingChanged();   ///< isEditing, editProgress
+    /// The new folder is there and selected; a view may start renaming it.
+    void folderCreated(const QString& id);
+    void itemRenamed(const QString& oldPath, const QString& newPath);
+    void itemsDeleted(const QStringList& paths);
+    /// Bytes of the copy that a preview waits for; not for each piece.
+    void previewProgress(const QString& id, qint64 done, qint64 total);
+    void previewReady(const QString& id, const QString& localFile);
+    void previewFailed(const QString& id, const tessary::ErrorAdvice& error);
+
+private:
+    /// An entry to select once a listing shows it.
+    struct Awaited {
+        QString name;
+        bool isNewFolder = false;
+    };
+    /// What is in the rows while a folder is read.
+    enum class Meanwhile {
+        nothing,
+        remembered, ///< as it was when it was last shown
+        shown,      ///< the same folder
+    };
+    using EditAction = std::function<void(FileAccess&, const FileItem&, const std::stop_token&)>;
+    using EditDone = std::function<void(const QStringList& donePaths)>;
+
+    void stopAll();
+    void show(const QString& path);
+    void reloadSoon();
+    void load(Meanwhile meanwhile);
+    void applyLoad(const BrowserLoad& load, Meanwhile meanwhile);
+    void forgetAfter(const BrowserLoad& failure);
+    void setState(BrowserState state, bool isLoading);
+    void setError(const std::optional<ErrorAdvice>& error, bool isOfLoad = false);
+    void changeSelection(const BrowserSelection& selection);
+    void selectAwaited();
+    void reloadAfter(const QUuid& finishedJob);
+    void edit(std::vector<FileItem> items, const QString& verb, EditAction action,
+              EditDone whenDone, const QStringList& newPaths = {});
+    void applyEdit(const BrowserEditReport& report, const FileAccess* editedFiles,
+                   const QString& path);
+    void refuse(const QString& verb, const FileItem& item, const QString& reason);
+    [[nodiscard]] std::vector<FileItem> itemsWithIds(const QStringList& ids) const;
+
+    TransferViewModel& transfers_;
+    BrowserSetup::OpenAndroid openAndroid_;
+    BrowserSetup::OpenApp openApp_;
+    PreviewCache& previews_;
+    OnDemandMount* const promises_;
+
+    std::shared_ptr<FileAccess> files_;
+    std::optional<DeviceInfo> activeDevice_;
+    QString appName_ = QStringLiteral("Documents");
+    QString currentPath_ = QStringLiteral("/");
+    QString rootPath_ = QStringLiteral("/");
+    std::vector<PathComponent> breadcrumbs_;
+    BrowserHistory history_;
+    BrowserState state_ = BrowserState::ready;
+    bool isLoading_ = true;
+    std::optional<ErrorAdvice> error_;
+    bool isErrorOfLoad_ = false; ///< else of an action: a reload leaves it
+    QString livingFolder_;       ///< where "up" goes from a folder that is gone
+    KnownFolders knownFolders_;
+    std::uint64_t typedNumber_ = 0; ///< answers about older typed paths are dropped
+
+    ListingCache folders_;
+    FileRows rows_;
+    BrowserSelection selection_;
+    Typeahead typeahead_;
+    ViewMode viewMode_ = ViewMode::list;
+    std::optional<Awaited> awaited_;
+
+    bool isConnecting_ = false;    ///< to an app: the first load is under way
+    std::uint64_t loadNumber_ = 0; ///< answers of older loads are dropped
+    std::stop_source stopLoad_{std::nostopstate};
+    QTimer reloadTimer_;
+    bool isReloadWanted_ = false;         ///< once the folder that is being read was read
+    std::vector<std::stop_source> edits_; ///< one for each that is under way
+    EditProgress editProgress_;
+    std::uint64_t previewNumber_ = 0;
+    std::stop_source stopPreview_{std::nostopstate};
+};
+
+} // namespace tessary

@@ -1,9 +1,0 @@
-#include "core/Product.h"
-
-namespace tessary {
-
-QString productVersion() {
-    return QStringLiteral(TESSARY_VERSION);
-}
-
-} // namespace tessary

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "adb/files/ADBDevices.h"
+#include "devices/list/DeviceTrouble.h"
+#include "ios/LockdownSession.h"
+#include "phone/records/DeviceInfo.h"
+#include "phone/records/LiveDeviceInfo.h"
+
+#include <optional>
+
+namespace tessary {
+
+class DeviceFileService;
+
+/// What came of asking a device for its figures.
+struct DeviceAnswer {
+    enum class Outcome {
+        answered, ///< with `figures`, and perhaps a hint in `trouble`; an Android phone without a
+                  ///< storage is locked
+        busy,     ///< something else uses it
+        gone,     ///< it was unplugged
+        failed,   ///< with `trouble`
+    };
+    Outcome outcome = Outcome::busy;
+    LiveDeviceInfo figures{}; ///< of an Android phone
+    std::optional<DeviceTrouble> trouble{};
+    // Of an iPhone; no value for what it does not tell:
+    std::optional<QString> deviceName{};
+    std::optional<StorageInfo> storage{};
+};
+
+/// Asks for what a bus does not tell. Calls block, though not without end, and may come from any
+/// thread.
+class DeviceProbe {
+public:
+    virtual ~DeviceProbe() = default;
+
+    /// Battery and storages. Never waits for whoever uses the device.
+    [[nodiscard]] virtual DeviceAnswer ask(const DeviceInfo& device) = 0;
+    /// Whether a program runs that is known to compete for phones.
+    [[nodiscard]] virtual bool isConflictingAppRunning() = 0;
+    /// The phones that adb reaches, or is refused by.
+    [[nodiscard]] virtual std::vector<ADBDevice> adbDevices() {
+        return {};
+    }
+};
+
+/// Asks Android phones by way of the file service, which orders it with everything else that uses
+/// a device, and iPhones over a session of its own.
+class FileServiceProbe : public DeviceProbe {
+public:
+    /// `files` must outlive it.
+    explicit FileServiceProbe(DeviceFileService& files) : files_(files) {}
+
+    [[nodiscard]] DeviceAnswer ask(const DeviceInfo& device) override;
+    [[nodiscard]] bool isConflictingAppRunning() override;
+    [[nodiscard]] std::vector<ADBDevice> adbDevices() override;
+
+private:
+    [[nodiscard]] DeviceAnswer whyNoADB(const DeviceInfo& device);
+    [[nodiscard]] DeviceAnswer whyNoStorage(const DeviceInfo& device, LiveDeviceInfo figures);
+
+    DeviceFileService& files_;
+};
+
+} // namespace tessary

@@ -1,0 +1,103 @@
+#pragma once
+
+#include "mtp/client/MTPTransport.h"
+
+#include <initializer_list>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+namespace tessary {
+
+/// MTP transactions with one device. Every call is one transaction (an upload two, and an object
+/// whose 32-bit size is full one more for its true size), blocks, and may come from any thread:
+/// calls run one at a time. There is no cache and no retry; failures are MTPTransportError, with
+/// the device's refusals as `underlying`. Calls do not check whether a session is open: the device
+/// does.
+class MTPClient {
+public:
+    /// How long a device may work on after the last byte of an upload, or on a deletion.
+    static constexpr std::chrono::seconds workPatience{60};
+
+    explicit MTPClient(std::unique_ptr<MTPTransportProtocol> transport);
+    /// Closes the transport without a word to the device; see closeSession().
+    ~MTPClient();
+    MTPClient(const MTPClient&) = delete;
+    MTPClient& operator=(const MTPClient&) = delete;
+
+    /// Opens the transport and a session. A session that an earlier client left open is closed
+    /// first; stale data in the pipe is drained once. After a failure the transport is closed.
+    void openSession(std::uint32_t sessionID);
+    /// Closes session and transport. Whatever the device answers, or does not, is ignored.
+    void closeSession();
+
+    [[nodiscard]] std::vector<std::uint32_t> getStorageIDs();
+    [[nodiscard]] MTPStorageInfo getStorageInfo(std::uint32_t storageID);
+    /// Percent; no value when the device does not tell.
+    [[nodiscard]] std::optional<int> getBatteryLevel();
+    /// The children of a folder; `mtpRootHandle` stands for the root of the storage.
+    [[nodiscard]] std::vector<std::uint32_t> getObjectHandles(std::uint32_t storageID,
+                                                              std::uint32_t parentHandle);
+    /// `true64BitSize` is filled when the 32-bit size is 0xFFFFFFFF and the device knows better.
+    [[nodiscard]] MTPObjectInfo getObjectInfo(std::uint32_t handle);
+    /// The size property of an object in bytes. No value when the device has no such property;
+    /// after the first such answer it is not asked again.
+    [[nodiscard]] std::optional<std::uint64_t> getObjectSize(std::uint32_t handle);
+
+    /// The whole object in memory.
+    [[nodiscard]] Bytes getObject(std::uint32_t handle);
+    /// The object piece by piece, of any size. `options.expectedSize` is used when the container
+    /// cannot tell the size. A transfer that is broken off (by the stop token, an exception of the
+    /// sink, or a failure) leaves the session usable. Returns the number of bytes.
+    std::uint64_t getObject(std::uint32_t handle, const MTPDataSink& sink,
+                            const MTPStreamOptions& options = {});
+
+    /// Sends a new object. The result is the handle that the device announced, or 0; devices
+    /// disagree on its worth, so look the object up by listing its parent. An object that the
+    /// device made for an upload that then failed stays there.
+    std::uint32_t sendObject(ByteView data, const QString& filename, std::uint32_t parentHandle,
+                             std::uint32_t storageID, const MTPByteProgress& progress = {});
+    /// The same from a source of `size` bytes, of any size. Broken off as getObject.
+    std::uint32_t sendObject(const MTPDataSource& source, std::uint64_t size,
+                             const QString& filename, std::uint32_t parentHandle,
+                             std::uint32_t storageID, const MTPStreamOptions& options = {});
+    /// The result as that of sendObject().
+    std::uint32_t createFolder(const QString& name, std::uint32_t parentHandle,
+                               std::uint32_t storageID);
+
+    void renameObject(std::uint32_t handle, const QString& newName);
+    /// Moves an object into another folder; `parentHandle` 0 is the root of the storage here.
+    void moveObject(std::uint32_t handle, std::uint32_t storageID, std::uint32_t parentHandle);
+    void deleteObject(std::uint32_t handle);
+
+private:
+    using Parameters = std::initializer_list<std::uint32_t>;
+
+    std::uint32_t sendCommand(MTPOperationCode operation, Parameters parameters);
+    MTPPipeState recover();
+    void sendData(MTPOperationCode operation, std::uint32_t transactionID, ByteView payload);
+    [[nodiscard]] MTPPacket
+    receiveResponse(std::chrono::milliseconds patience = MTPTransportProtocol::pipeTimeout);
+    [[nodiscard]] MTPPacket receiveFirst();
+    void skipResponse();
+    void expectOk(const QString& failure,
+                  std::chrono::milliseconds patience = MTPTransportProtocol::pipeTimeout);
+    void startSession(std::uint32_t sessionID);
+    [[nodiscard]] MTPPacket openSessionAnswer();
+    [[nodiscard]] std::optional<MTPPacket> receiveAnswerOrStaleData();
+    void closeTransport();
+    [[nodiscard]] std::optional<Bytes> receiveDataset();
+    [[nodiscard]] std::optional<std::uint64_t> objectSizeLocked(std::uint32_t handle);
+    std::uint32_t sendObjectInfo(const MTPObjectInfo& info, const QString& failure);
+
+    std::mutex mutex_; ///< held during each call; guards everything below
+    const std::unique_ptr<MTPTransportProtocol> transport_;
+    std::uint32_t sessionID_ = 0;
+    std::uint32_t transactionIDCounter_ = 1;
+    bool isOpen_ = false;
+    bool objectSizeSupported_ = true;
+    bool isSettled_ = true;                     ///< the last transaction ran to its response
+    MTPDataPhase phase_ = MTPDataPhase::toHost; ///< of the last transaction
+};
+
+} // namespace tessary

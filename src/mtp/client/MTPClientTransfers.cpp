@@ -1,0 +1,130 @@
+#include "base/threads/CancellationError.h"
+#include "mtp/client/MTPClient.h"
+#include "mtp/protocol/MTPPacketCodec.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace tessary {
+
+namespace {
+
+constexpr std::uint16_t rawOk = static_cast<std::uint16_t>(MTPResponseCode::ok);
+constexpr std::uint32_t full32Bits = std::numeric_limits<std::uint32_t>::max();
+/// What fills the first write of a data container.
+constexpr std::size_t firstPieceSize = 0x40000 - MTPContainerHeader::size;
+
+/// As much of a payload as goes out with its header.
+Bytes firstPiece(const MTPDataSource& source, std::uint64_t size) {
+    Bytes piece(static_cast<std::size_t>(std::min<std::uint64_t>(size, firstPieceSize)));
+    for (std::size_t filled = 0; filled < piece.size();) {
+        const std::size_t count = source(std::span(piece).subspan(filled));
+        if (count == 0)
+            throw MTPTransportError::underlying(
+                QStringLiteral("the data ended after %1 of %2 bytes").arg(filled).arg(size));
+        filled += count;
+    }
+    return piece;
+}
+
+/// Moves as many bytes as fit.
+std::size_t takeFront(Bytes& from, std::span<std::byte> to) {
+    const std::size_t count = std::min(from.size(), to.size());
+    std::copy_n(from.begin(), count, to.begin());
+    from.erase(from.begin(), from.begin() + static_cast<std::ptrdiff_t>(count));
+    return count;
+}
+
+} // namespace
+
+Bytes MTPClient::getObject(std::uint32_t handle) {
+    Bytes bytes;
+    getObject(handle,
+              [&bytes](ByteView more) { bytes.insert(bytes.end(), more.begin(), more.end()); });
+    return bytes;
+}
+
+std::uint64_t MTPClient::getObject(std::uint32_t handle, const MTPDataSink& sink,
+                                   const MTPStreamOptions& options) {
+    const std::scoped_lock lock(mutex_);
+    throwIfStopped(options.stop);
+    const QString failure = QStringLiteral("GetObject failed: 0x");
+    sendCommand(MTPOperationCode::getObject, {handle});
+    std::uint64_t received = 0;
+    const MTPDataSink countingSink = [&](ByteView bytes) {
+        sink(bytes);
+        received += bytes.size();
+    };
+    MTPPacket first;
+    try {
+        first = transport_->receiveContainer(countingSink, options);
+        isSettled_ = first.header.type == MTPContainerType::response;
+    } catch (...) {
+        recover();
+        throw;
+    }
+    if (!isSettled_)
+        expectOk(failure);
+    else if (first.header.code != rawOk)
+        throw MTPTransportError::refusal(failure, first.header.code);
+    return received;
+}
+
+std::uint32_t MTPClient::sendObject(ByteView data, const QString& filename,
+                                    std::uint32_t parentHandle, std::uint32_t storageID,
+                                    const MTPByteProgress& progress) {
+    const MTPDataSource source = [rest = data](std::span<std::byte> buffer) mutable {
+        const std::size_t count = std::min(buffer.size(), rest.size());
+        std::copy_n(rest.begin(), count, buffer.begin());
+        rest = rest.subspan(count);
+        return count;
+    };
+    MTPStreamOptions options;
+    options.progress = progress;
+    return sendObject(source, data.size(), filename, parentHandle, storageID, options);
+}
+
+std::uint32_t MTPClient::sendObject(const MTPDataSource& source, std::uint64_t size,
+                                    const QString& filename, std::uint32_t parentHandle,
+                                    std::uint32_t storageID, const MTPStreamOptions& options) {
+    const std::scoped_lock lock(mutex_);
+    // A transfer that fails before its first bytes has not begun: a device may miss a cancellation
+    // that comes before data does.
+    Bytes first = firstPiece(source, size);
+    throwIfStopped(options.stop);
+    const MTPDataSource whole = [&](std::span<std::byte> buffer) {
+        return first.empty() ? source(buffer) : takeFront(first, buffer);
+    };
+    MTPObjectInfo info;
+    info.storageID = storageID;
+    info.parentObject = parentHandle;
+    info.filename = filename;
+    info.compressedSize = static_cast<std::uint32_t>(std::min<std::uint64_t>(size, full32Bits));
+    const std::uint32_t handle = sendObjectInfo(info, QStringLiteral("SendObjectInfo failed: 0x"));
+    if (options.accepted)
+        options.accepted(handle);
+
+    const std::uint32_t transactionID = sendCommand(MTPOperationCode::sendObject, {});
+    MTPContainerHeader header;
+    header.type = MTPContainerType::data;
+    header.code = static_cast<std::uint16_t>(MTPOperationCode::sendObject);
+    header.transactionID = transactionID;
+    header.length = static_cast<std::uint32_t>(
+        std::min<std::uint64_t>(size, full32Bits - MTPContainerHeader::size) +
+        MTPContainerHeader::size);
+    MTPPacket response;
+    phase_ = MTPDataPhase::toDevice;
+    try {
+        transport_->sendContainer(header, size, whole, options);
+        response = receiveResponse(workPatience);
+    } catch (...) {
+        recover();
+        throw;
+    }
+    if (response.header.code != rawOk)
+        throw MTPTransportError::refusal(QStringLiteral("SendObject failed: 0x"),
+                                         response.header.code);
+    return handle;
+}
+
+} // namespace tessary

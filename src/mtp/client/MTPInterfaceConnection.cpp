@@ -1,0 +1,133 @@
+#include "mtp/client/MTPInterfaceConnection.h"
+
+#include "mtp/protocol/MTPTransportError.h"
+
+#include <algorithm>
+#include <array>
+#include <thread>
+
+namespace tessary {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// Makers of phones with another protocol and of disks: never opened, even when asked for.
+constexpr std::array<std::uint32_t, 3> neverOpened{0x05AC, 0x0BC2, 0x1058};
+
+constexpr std::uint8_t stillImageClass = 6;
+constexpr std::uint8_t vendorClass = 255;
+constexpr std::uint8_t vendorMTPSubclass = 1;
+
+/// Time that a driver gets to let go of an interface.
+constexpr auto releasePause = 120ms;
+
+/// The size of full-speed bulk packets; stands in for a descriptor that says less than any device
+/// may use.
+constexpr std::uint16_t fallbackPacketSize = 64;
+
+std::vector<USBDeviceEntry> candidates(USBBus& bus, const MTPDeviceAddress& address) {
+    if (std::find(neverOpened.begin(), neverOpened.end(), address.vendorID) != neverOpened.end())
+        return {};
+    std::vector<USBDeviceEntry> found = bus.devices();
+    std::erase_if(found, [&](const USBDeviceEntry& entry) {
+        return entry.vendorID != address.vendorID || entry.productID != address.productID ||
+               (!address.serialNumber.isEmpty() && entry.serialNumber != address.serialNumber);
+    });
+    const auto there = std::find_if(found.begin(), found.end(), [&](const USBDeviceEntry& entry) {
+        return !address.location.isEmpty() && entry.location == address.location;
+    });
+    if (there != found.end())
+        return {*there};
+    // A phone that names itself may have moved to another port; one that does not may be another.
+    if (!address.location.isEmpty() && address.serialNumber.isEmpty())
+        return {};
+    return found;
+}
+
+bool isMTP(const USBInterface& interface) {
+    return interface.interfaceClass() == stillImageClass ||
+           (interface.interfaceClass() == vendorClass &&
+            interface.interfaceSubclass() == vendorMTPSubclass);
+}
+
+USBCode openDevice(USBDevice& device) {
+    const USBCode code = device.open();
+    return code == usb::exclusiveAccess ? device.openSeize() : code;
+}
+
+USBCode openInterface(USBInterface& interface) {
+    USBCode code = interface.open();
+    if (code != usb::exclusiveAccess)
+        return code;
+    std::this_thread::sleep_for(releasePause);
+    code = interface.open();
+    return code == usb::success ? code : interface.openSeize();
+}
+
+bool findPipes(MTPInterfaceConnection& connection) {
+    const int count = connection.interface->endpointCount();
+    for (int number = 1; number <= count; ++number) {
+        const auto pipe = static_cast<std::uint8_t>(number);
+        const auto properties = connection.interface->pipeProperties(pipe);
+        if (!properties || properties->transferType != USBTransferType::bulk)
+            continue;
+        (properties->direction == USBDirection::in ? connection.inPipe : connection.outPipe) = pipe;
+        connection.maxPacketSize =
+            properties->maxPacketSize < 8 ? fallbackPacketSize : properties->maxPacketSize;
+    }
+    return connection.inPipe != 0 && connection.outPipe != 0;
+}
+
+MTPTransportError openError(USBCode code) {
+    using Case = MTPTransportError::Case;
+    if (code == usb::success || code == usb::noDevice)
+        return MTPTransportError(Case::notConnected);
+    if (code == usb::exclusiveAccess)
+        return MTPTransportError(Case::exclusiveAccessDenied);
+    return MTPTransportError::pipe(QStringLiteral("USB open failed"), code);
+}
+
+} // namespace
+
+std::optional<USBDeviceEntry> findMTPDevice(USBBus& bus, const MTPDeviceAddress& address) {
+    const auto found = candidates(bus, address);
+    if (found.size() != 1)
+        return std::nullopt;
+    return found.front();
+}
+
+MTPInterfaceConnection openMTPInterface(USBBus& bus, const MTPDeviceAddress& address) {
+    const auto entries = candidates(bus, address);
+    if (entries.size() > 1)
+        throw MTPTransportError::underlying(QStringLiteral(
+            "several phones of this model are attached, and nothing tells them apart"));
+    USBCode failure = usb::success;
+    for (const USBDeviceEntry& entry : entries) {
+        MTPInterfaceConnection connection;
+        connection.device = bus.device(entry.id);
+        if (!connection.device)
+            continue;
+        USBCode code = openDevice(*connection.device);
+        if (code != usb::success) {
+            failure = code;
+            continue;
+        }
+        for (auto& interface : connection.device->interfaces(std::nullopt, std::nullopt)) {
+            if (!isMTP(*interface))
+                continue;
+            code = openInterface(*interface);
+            if (code != usb::success) {
+                failure = code;
+                continue;
+            }
+            connection.interface = std::move(interface);
+            if (findPipes(connection))
+                return connection;
+            connection.interface.reset();
+        }
+    }
+    throw openError(failure);
+}
+
+} // namespace tessary

@@ -1,0 +1,166 @@
+#include "mtp/client/MTPUSBTransport.h"
+
+#include "base/threads/CancellationError.h"
+#include "mtp/client/MTPRecovery.h"
+#include "mtp/protocol/MTPPacketCodec.h"
+
+#include <algorithm>
+
+namespace tessary {
+
+namespace {
+
+/// Data and response; and for how many broken-off transactions they are looked out for.
+constexpr int containersPerTransaction = 2;
+constexpr std::size_t abandonedLimit = 8 * containersPerTransaction;
+
+constexpr USBTimeouts pipeTimeouts{MTPTransportProtocol::pipeTimeout,
+                                   MTPTransportProtocol::pipeTimeout};
+
+} // namespace
+
+MTPUSBTransport::MTPUSBTransport(USBBus& bus, MTPDeviceAddress address)
+    : bus_(bus), address_(std::move(address)) {}
+
+MTPUSBTransport::MTPUSBTransport(USBBus& bus, std::uint32_t vendorID, std::uint32_t productID)
+    : MTPUSBTransport(bus, MTPDeviceAddress{vendorID, productID, {}, {}}) {}
+
+MTPUSBTransport::~MTPUSBTransport() = default;
+
+void MTPUSBTransport::open() {
+    const std::scoped_lock lock(mutex_);
+    if (connection_)
+        return;
+    connection_ = openMTPInterface(bus_, address_);
+    forget();
+}
+
+void MTPUSBTransport::close() {
+    const std::scoped_lock lock(mutex_);
+    connection_.reset();
+    forget();
+}
+
+/// Drops what is known of a connection.
+void MTPUSBTransport::forget() {
+    incomingStream_.clear();
+    abandoned_.clear();
+    resetFraming();
+}
+
+void MTPUSBTransport::resetFraming() {
+    afterData_ = false;
+    lastReadWasFull_ = false;
+    outgoing_ = {};
+    outgoingWritten_ = 0;
+}
+
+void MTPUSBTransport::requireOpen() const {
+    if (!connection_)
+        throw MTPTransportError(MTPTransportError::Case::notConnected);
+}
+
+void MTPUSBTransport::send(ByteView data, const MTPByteProgress& progress) {
+    const std::scoped_lock lock(mutex_);
+    requireOpen();
+    outgoing_ = MTPPacketCodec::decodeHeader(data).value_or(MTPContainerHeader{});
+    outgoingWritten_ = 0;
+    for (std::size_t sent = 0; sent < data.size();) {
+        const ByteView chunk = data.subspan(sent, std::min(writeChunkSize, data.size() - sent));
+        write(chunk);
+        sent += chunk.size();
+        if (progress)
+            progress(static_cast<qint64>(sent), static_cast<qint64>(data.size()));
+    }
+}
+
+void MTPUSBTransport::sendContainer(const MTPContainerHeader& header, std::uint64_t payloadSize,
+                                    const MTPDataSource& source, const MTPStreamOptions& options) {
+    const std::scoped_lock lock(mutex_);
+    requireOpen();
+    outgoing_ = header;
+    outgoingWritten_ = 0;
+    Bytes chunk = MTPPacketCodec::encodeHeader(header);
+    std::size_t filled = chunk.size();
+    chunk.resize(static_cast<std::size_t>(std::min<std::uint64_t>(
+        writeChunkSize, std::min<std::uint64_t>(payloadSize, writeChunkSize) + filled)));
+    std::uint64_t read = 0;
+    do {
+        throwIfStopped(options.stop);
+        while (filled < chunk.size() && read < payloadSize) {
+            const std::uint64_t wanted =
+                std::min<std::uint64_t>(chunk.size() - filled, payloadSize - read);
+            const std::size_t count =
+                source(std::span(chunk).subspan(filled, static_cast<std::size_t>(wanted)));
+            if (count == 0)
+                throw MTPTransportError::underlying(
+                    QStringLiteral("the data ended after %1 of %2 bytes")
+                        .arg(read)
+                        .arg(payloadSize));
+            filled += count;
+            read += count;
+        }
+        write(ByteView(chunk).first(filled));
+        filled = 0;
+        if (options.progress)
+            options.progress(static_cast<qint64>(read), static_cast<qint64>(payloadSize));
+    } while (read < payloadSize);
+    // A length that the header does not tell is told by the end of the transfer.
+    if (header.length == MTPContainerHeader::unknownLength &&
+        outgoingWritten_ % connection_->maxPacketSize == 0)
+        write({});
+}
+
+void MTPUSBTransport::write(ByteView chunk) {
+    USBInterface& interface = *connection_->interface;
+    std::size_t transferred = 0;
+    const USBCode code =
+        interface.writePipeTO(connection_->outPipe, chunk, transferred, pipeTimeouts);
+    outgoingWritten_ += code == usb::success ? chunk.size() : transferred;
+    if (code == usb::success)
+        return;
+    if (code != usb::noDevice)
+        interface.clearPipeStallBothEnds(connection_->outPipe);
+    throw MTPTransportError::pipe(QStringLiteral("USB Write failed"), code);
+}
+
+MTPPipeState MTPUSBTransport::recover(std::uint32_t transactionID, MTPDataPhase phase) noexcept {
+    const std::scoped_lock lock(mutex_);
+    if (!connection_)
+        return MTPPipeState::quiet;
+    const bool cancelled = cancelMTPTransaction(*connection_, transactionID);
+    // A device that knows no cancelling gets the end of its data, or is read to the end of it.
+    if (!cancelled && phase == MTPDataPhase::toDevice)
+        endDataPhase();
+    const bool held = !incomingStream_.empty();
+    const MTPPipeState state = drainMTPPipe(*connection_);
+    incomingStream_.clear();
+    resetFraming();
+    abandon(transactionID);
+    return state == MTPPipeState::quiet && held ? MTPPipeState::drained : state;
+}
+
+/// Ends a data phase before its announced size: by a short packet, or by an empty one.
+void MTPUSBTransport::endDataPhase() noexcept {
+    try {
+        if (outgoingWritten_ == 0) {
+            outgoing_.length = MTPContainerHeader::size;
+            write(MTPPacketCodec::encodeHeader(outgoing_));
+        } else if (outgoingWritten_ % connection_->maxPacketSize == 0) {
+            write({});
+        }
+    } catch (const MTPTransportError&) {
+        // Whatever is still wrong with the pipe, the next transaction reports.
+    }
+}
+
+/// What a late device still answers to a broken-off transaction is not the answer to the next one.
+void MTPUSBTransport::abandon(std::uint32_t transactionID) {
+    if (std::find(abandoned_.begin(), abandoned_.end(), transactionID) != abandoned_.end())
+        return;
+    abandoned_.insert(abandoned_.end(), containersPerTransaction, transactionID);
+    if (abandoned_.size() > abandonedLimit)
+        abandoned_.erase(abandoned_.begin(), abandoned_.begin() + containersPerTransaction);
+}
+
+} // namespace tessary

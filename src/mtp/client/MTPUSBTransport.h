@@ -1,0 +1,79 @@
+#pragma once
+
+#include "mtp/client/MTPInterfaceConnection.h"
+#include "mtp/client/MTPTransport.h"
+#include "platform/usb/USBBus.h"
+
+#include <memory>
+#include <mutex>
+
+namespace tessary {
+
+/// MTP containers over the bulk pipes of one USB device.
+///
+/// open() fails with `notConnected` when no such device or no usable interface is there, with
+/// `exclusiveAccessDenied` when another program holds it, and with `underlying` otherwise.
+class MTPUSBTransport final : public MTPTransportProtocol {
+public:
+    static constexpr std::size_t writeChunkSize = 0x40000;
+
+    /// `bus` must outlive the transport.
+    MTPUSBTransport(USBBus& bus, MTPDeviceAddress address);
+    /// Any device with these IDs.
+    MTPUSBTransport(USBBus& bus, std::uint32_t vendorID, std::uint32_t productID);
+    ~MTPUSBTransport() override;
+
+    void open() override;
+    void close() override;
+    using MTPTransportProtocol::send;
+    void send(ByteView data, const MTPByteProgress& progress) override;
+    [[nodiscard]] Bytes receive(std::size_t maxBytes) override;
+    using MTPTransportProtocol::receivePacket;
+    [[nodiscard]] MTPPacket receivePacket(std::chrono::milliseconds patience) override;
+    void sendContainer(const MTPContainerHeader& header, std::uint64_t payloadSize,
+                       const MTPDataSource& source, const MTPStreamOptions& options) override;
+    [[nodiscard]] MTPPacket receiveContainer(const MTPDataSink& sink,
+                                             const MTPStreamOptions& options) override;
+    MTPPipeState recover(std::uint32_t transactionID, MTPDataPhase phase) noexcept override;
+
+private:
+    void requireOpen() const;
+    void write(ByteView chunk);
+    [[nodiscard]] USBCode readOnce(USBTimeouts timeouts);
+    [[noreturn]] void failRead(USBCode code);
+    void fill(std::size_t count);
+    [[nodiscard]] Bytes take(std::size_t count);
+    [[nodiscard]] MTPContainerHeader receiveHeader(std::chrono::milliseconds patience);
+    [[nodiscard]] MTPContainerHeader receiveAnyHeader(std::chrono::milliseconds patience);
+    void awaitFirstByte(std::chrono::milliseconds patience);
+    void skipStrayByte();
+    [[nodiscard]] Bytes receiveDataset(const MTPContainerHeader& header);
+    void receiveData(const MTPContainerHeader& header, const MTPDataSink& sink,
+                     const MTPStreamOptions& options);
+    void receivePayload(std::uint64_t size, const MTPDataSink& sink,
+                        const MTPStreamOptions& options);
+    void receiveUntilShortPacket(const MTPDataSink& sink, const MTPStreamOptions& options);
+    void endDataPhase() noexcept;
+    void abandon(std::uint32_t transactionID);
+    [[nodiscard]] bool isAbandoned(const MTPContainerHeader& header);
+    void forget();
+    void resetFraming();
+
+    USBBus& bus_;
+    const MTPDeviceAddress address_;
+
+    std::mutex mutex_; ///< held during each public call; guards everything below
+    std::optional<MTPInterfaceConnection> connection_; ///< while open
+    Bytes incomingStream_;                             ///< read from the device, not handed out yet
+    /// The last container carried data.
+    bool afterData_ = false;
+    /// The last read was filled to its end: the transfer may go on, or end by a zero-length packet.
+    bool lastReadWasFull_ = false;
+    /// Transaction IDs that recover() was called for, once for each container that may still come.
+    std::vector<std::uint32_t> abandoned_;
+    /// The container that is being sent, and how many bytes of it the device has.
+    MTPContainerHeader outgoing_;
+    std::uint64_t outgoingWritten_ = 0;
+};
+
+} // namespace tessary

@@ -1,0 +1,303 @@
+#include "base/threads/CancellationError.h"
+#include "mtp/client/MTPRecovery.h"
+#include "mtp/client/MTPUSBTransport.h"
+#include "mtp/protocol/MTPPacketCodec.h"
+
+#include <algorithm>
+#include <deque>
+
+// What comes from the device.
+
+namespace tessary {
+
+namespace {
+
+constexpr std::size_t minimumReadSize = 4096;
+constexpr std::size_t streamRequestSize = 0x40000;
+constexpr std::size_t streamDepth = 4;
+/// A response container has at most five parameters.
+constexpr std::uint32_t longestResponse = MTPContainerHeader::size + 5 * 4;
+
+constexpr USBTimeouts pipeTimeouts{MTPTransportProtocol::pipeTimeout,
+                                   MTPTransportProtocol::pipeTimeout};
+
+std::size_t roundUp(std::size_t size, std::size_t packetSize) {
+    return (size + packetSize - 1) / packetSize * packetSize;
+}
+
+bool isResponse(const MTPContainerHeader& header) {
+    return header.type == MTPContainerType::response && header.length >= MTPContainerHeader::size &&
+           header.length <= longestResponse;
+}
+
+/// The payload that a header announces.
+std::uint64_t announcedSize(const MTPContainerHeader& header) {
+    return header.length <= MTPContainerHeader::size ? 0 : header.length - MTPContainerHeader::size;
+}
+
+/// The payload of a data container: its length field, unless that cannot hold the true size.
+/// No value: whatever comes until a short packet.
+std::optional<std::uint64_t> payloadSize(const MTPContainerHeader& header,
+                                         std::optional<std::uint64_t> expected) {
+    if (header.length == MTPContainerHeader::unknownLength)
+        return expected;
+    // Some devices cut the length of a large object to its low 32 bits.
+    const bool cut =
+        expected && *expected > MTPContainerHeader::unknownLength &&
+        static_cast<std::uint32_t>(*expected + MTPContainerHeader::size) == header.length;
+    if (cut)
+        return expected;
+    return announcedSize(header);
+}
+
+} // namespace
+
+Bytes MTPUSBTransport::receive(std::size_t maxBytes) {
+    const std::scoped_lock lock(mutex_);
+    requireOpen();
+    if (incomingStream_.size() < maxBytes) {
+        const USBCode code = readOnce(pipeTimeouts);
+        if (code != usb::success)
+            failRead(code);
+    }
+    return take(maxBytes);
+}
+
+/// One read of the pipe into the incoming stream; an empty read leaves it as it is.
+USBCode MTPUSBTransport::readOnce(USBTimeouts timeouts) {
+    const std::size_t packetSize = connection_->maxPacketSize;
+    const std::size_t size = roundUp(std::max(packetSize, minimumReadSize), packetSize);
+    const std::size_t held = incomingStream_.size();
+    incomingStream_.resize(held + size);
+    std::size_t transferred = 0;
+    const USBCode code = connection_->interface->readPipeTO(
+        connection_->inPipe, std::span(incomingStream_).subspan(held), transferred, timeouts);
+    incomingStream_.resize(held + std::min(transferred, size));
+    lastReadWasFull_ = transferred == size;
+    return code;
+}
+
+void MTPUSBTransport::failRead(USBCode code) {
+    if (code != usb::noDevice)
+        connection_->interface->clearPipeStallBothEnds(connection_->inPipe);
+    throw MTPTransportError::pipe(QStringLiteral("USB Read failed"), code);
+}
+
+/// Reads until the incoming stream holds `count` bytes.
+void MTPUSBTransport::fill(std::size_t count) {
+    while (incomingStream_.size() < count) {
+        const std::size_t held = incomingStream_.size();
+        const USBCode code = readOnce(pipeTimeouts);
+        if (code != usb::success)
+            failRead(code);
+        if (incomingStream_.size() == held)
+            throw MTPTransportError(MTPTransportError::Case::timeout);
+    }
+}
+
+Bytes MTPUSBTransport::take(std::size_t count) {
+    const auto end = incomingStream_.begin() +
+                     static_cast<std::ptrdiff_t>(std::min(count, incomingStream_.size()));
+    Bytes taken(incomingStream_.begin(), end);
+    incomingStream_.erase(incomingStream_.begin(), end);
+    return taken;
+}
+
+MTPPacket MTPUSBTransport::receivePacket(std::chrono::milliseconds patience) {
+    const std::scoped_lock lock(mutex_);
+    requireOpen();
+    MTPPacket packet;
+    packet.header = receiveHeader(patience);
+    packet.payload = receiveDataset(packet.header);
+    return packet;
+}
+
+MTPPacket MTPUSBTransport::receiveContainer(const MTPDataSink& sink,
+                                            const MTPStreamOptions& options) {
+    const std::scoped_lock lock(mutex_);
+    requireOpen();
+    MTPPacket packet;
+    packet.header = receiveHeader(pipeTimeout);
+    if (packet.header.type == MTPContainerType::response)
+        packet.payload = receiveDataset(packet.header);
+    else
+        receiveData(packet.header, sink, options);
+    return packet;
+}
+
+/// A payload that is kept whole. No list or record of a device is that long.
+Bytes MTPUSBTransport::receiveDataset(const MTPContainerHeader& header) {
+    constexpr std::uint64_t longestDataset = std::uint64_t{64} << 20;
+    if (announcedSize(header) > longestDataset)
+        throw MTPTransportError(MTPTransportError::Case::bufferOverflow);
+    Bytes payload;
+    receivePayload(
+        announcedSize(header),
+        [&payload](ByteView more) { payload.insert(payload.end(), more.begin(), more.end()); }, {});
+    return payload;
+}
+
+/// The payload of a container, however its size is told.
+void MTPUSBTransport::receiveData(const MTPContainerHeader& header, const MTPDataSink& sink,
+                                  const MTPStreamOptions& options) {
+    if (const auto size = payloadSize(header, options.expectedSize))
+        receivePayload(*size, sink, options);
+    else
+        receiveUntilShortPacket(sink, options);
+}
+
+/// The header of the next container that belongs to a transaction under way.
+MTPContainerHeader MTPUSBTransport::receiveHeader(std::chrono::milliseconds patience) {
+    const auto deadline = std::chrono::steady_clock::now() + mtpRecoveryLimit;
+    const MTPDataSink drop = [deadline](ByteView) {
+        if (std::chrono::steady_clock::now() > deadline)
+            throw MTPTransportError(MTPTransportError::Case::timeout);
+    };
+    for (;;) {
+        const MTPContainerHeader header = receiveAnyHeader(patience);
+        if (!isAbandoned(header))
+            return header;
+        receiveData(header, drop, {});
+    }
+}
+
+MTPContainerHeader MTPUSBTransport::receiveAnyHeader(std::chrono::milliseconds patience) {
+    awaitFirstByte(patience);
+    fill(MTPContainerHeader::size);
+    if (afterData_)
+        skipStrayByte();
+    const auto header = MTPPacketCodec::decodeHeader(incomingStream_);
+    if (!header)
+        throw MTPTransportError(MTPTransportError::Case::invalidPacketHeader);
+    (void)take(MTPContainerHeader::size);
+    afterData_ = header->type == MTPContainerType::data;
+    return *header;
+}
+
+/// Waits until there is anything of a container to read, as long as the caller has patience.
+void MTPUSBTransport::awaitFirstByte(std::chrono::milliseconds patience) {
+    auto waits = std::max<std::int64_t>(patience / pipeTimeout, 1);
+    // Such a packet ends a transfer of whole packets; some devices send one after any data.
+    bool zeroPacketMayFollow = afterData_ || lastReadWasFull_;
+    // A single byte behind data is a stray one, see below.
+    const std::size_t enough = afterData_ ? 2 : 1;
+    while (incomingStream_.size() < enough) {
+        const std::size_t held = incomingStream_.size();
+        const USBCode code = readOnce(pipeTimeouts);
+        if (code == usb::timeout && --waits > 0)
+            continue;
+        if (code != usb::success)
+            failRead(code);
+        if (incomingStream_.size() == held && !std::exchange(zeroPacketMayFollow, false))
+            throw MTPTransportError(MTPTransportError::Case::timeout);
+    }
+}
+
+/// Some devices send one byte more than their data container announced. It stands in front of the
+/// response, and is recognised by what comes after it.
+void MTPUSBTransport::skipStrayByte() {
+    const auto header = MTPPacketCodec::decodeHeader(incomingStream_);
+    if (header && isResponse(*header))
+        return;
+    const auto shifted = MTPPacketCodec::decodeHeader(ByteView(incomingStream_).subspan(1));
+    if (shifted && isResponse(*shifted))
+        (void)take(1);
+}
+
+void MTPUSBTransport::receivePayload(std::uint64_t size, const MTPDataSink& sink,
+                                     const MTPStreamOptions& options) {
+    std::uint64_t received = 0;
+    const auto deliver = [&](ByteView bytes) {
+        sink(bytes);
+        received += bytes.size();
+        if (options.progress)
+            options.progress(static_cast<qint64>(received), static_cast<qint64>(size));
+    };
+    if (!incomingStream_.empty() && size > 0)
+        deliver(
+            take(static_cast<std::size_t>(std::min<std::uint64_t>(size, incomingStream_.size()))));
+    if (received == size)
+        return;
+
+    // Reads are only asked for bytes that are still to come, so that none of them waits for, or
+    // takes, what follows the payload; the last one is rounded up to whole packets.
+    const auto readLength = [&](std::uint64_t rest) {
+        return roundUp(static_cast<std::size_t>(std::min<std::uint64_t>(streamRequestSize, rest)),
+                       connection_->maxPacketSize);
+    };
+    const std::size_t requestSize = readLength(size - received);
+    const auto depth = static_cast<std::size_t>(
+        std::min<std::uint64_t>(streamDepth, (size - received - 1) / requestSize + 1));
+    const auto stream = connection_->interface->readStream(connection_->inPipe, requestSize, depth);
+    if (!stream)
+        failRead(usb::noMemory);
+    std::deque<std::size_t> inFlight; // lengths of the reads, oldest first
+    std::uint64_t requested = 0;      // their sum
+    while (received < size) {
+        throwIfStopped(options.stop);
+        while (inFlight.size() < depth && received + requested < size) {
+            const std::size_t length = readLength(size - received - requested);
+            const USBCode code = stream->submit(length);
+            if (code != usb::success)
+                failRead(code);
+            inFlight.push_back(length);
+            requested += length;
+        }
+        ByteView arrived;
+        const USBCode code = stream->next(arrived, pipeTimeouts);
+        if (code != usb::success)
+            failRead(code);
+        lastReadWasFull_ = arrived.size() == inFlight.front();
+        requested -= inFlight.front();
+        inFlight.pop_front();
+        if (arrived.empty())
+            throw MTPTransportError(MTPTransportError::Case::timeout);
+        const auto wanted =
+            static_cast<std::size_t>(std::min<std::uint64_t>(arrived.size(), size - received));
+        const ByteView beyond = arrived.subspan(wanted);
+        incomingStream_.insert(incomingStream_.end(), beyond.begin(), beyond.end());
+        deliver(arrived.first(wanted));
+    }
+}
+
+void MTPUSBTransport::receiveUntilShortPacket(const MTPDataSink& sink,
+                                              const MTPStreamOptions& options) {
+    qint64 received = 0;
+    const auto deliver = [&](ByteView bytes) {
+        sink(bytes);
+        received += static_cast<qint64>(bytes.size());
+        if (options.progress)
+            options.progress(received, received);
+    };
+    // The header's own transfer is the end of the data unless it was alone in it.
+    const bool more = incomingStream_.empty() || lastReadWasFull_;
+    if (!incomingStream_.empty())
+        deliver(take(incomingStream_.size()));
+    if (!more)
+        return;
+    Bytes buffer(roundUp(streamRequestSize, connection_->maxPacketSize));
+    do {
+        throwIfStopped(options.stop);
+        std::size_t transferred = 0;
+        const USBCode code = connection_->interface->readPipeTO(connection_->inPipe, buffer,
+                                                                transferred, pipeTimeouts);
+        if (code != usb::success)
+            failRead(code);
+        lastReadWasFull_ = transferred == buffer.size();
+        if (transferred > 0)
+            deliver(ByteView(buffer).first(transferred));
+    } while (lastReadWasFull_);
+}
+
+/// True, at most once for each container of the transaction, when a container is such a late one.
+bool MTPUSBTransport::isAbandoned(const MTPContainerHeader& header) {
+    const auto found = std::find(abandoned_.begin(), abandoned_.end(), header.transactionID);
+    if (found == abandoned_.end()) {
+        abandoned_.clear(); // containers come in order: nothing older follows
+        return false;
+    }
+    abandoned_.erase(found);
+    return true;
+}
+
+} // namespace tessary

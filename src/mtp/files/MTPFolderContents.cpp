@@ -1,0 +1,71 @@
+#include "mtp/files/MTPFolderContents.h"
+
+#include "phone/PhoneNames.h"
+
+namespace tessary {
+
+void MTPFolderContents::insert(const MTPObjectInfo& info) {
+    remove(info.id);
+    objects_.insert(info.id, info);
+    handlesByName_.insert(nameForPhones(info.filename), info.id);
+}
+
+void MTPFolderContents::insertUnreadable(std::uint32_t handle) {
+    unreadable_.insert(handle);
+}
+
+void MTPFolderContents::insertName(const QString& name) {
+    names_.insert(nameForPhones(name), name);
+}
+
+void MTPFolderContents::remove(std::uint32_t handle) {
+    unreadable_.remove(handle);
+    const auto object = objects_.constFind(handle);
+    if (object == objects_.constEnd())
+        return;
+    handlesByName_.remove(nameForPhones(object->filename), handle);
+    objects_.erase(object);
+}
+
+void MTPFolderContents::keepOnly(const QSet<std::uint32_t>& handles) {
+    names_.clear();
+    unreadable_.intersect(handles);
+    for (const std::uint32_t handle : objects_.keys())
+        if (!handles.contains(handle))
+            remove(handle);
+}
+
+bool MTPFolderContents::contains(std::uint32_t handle) const {
+    return knows(handle) || unreadable_.contains(handle);
+}
+
+const MTPObjectInfo* MTPFolderContents::any() const {
+    return objects_.isEmpty() ? nullptr : &*objects_.constBegin();
+}
+
+const MTPObjectInfo* MTPFolderContents::find(const QString& name) const {
+    const QString key = nameForPhones(name);
+    for (auto it = handlesByName_.constFind(key);
+         it != handlesByName_.constEnd() && it.key() == key; ++it)
+        if (const auto object = objects_.constFind(*it); object->filename == name)
+            return &*object;
+    return nullptr;
+}
+
+std::optional<QString> MTPFolderContents::sameName(const QString& name,
+                                                   std::uint32_t except) const {
+    const QString key = nameForPhones(name);
+    if (const auto only = names_.constFind(key); only != names_.constEnd())
+        return *only;
+    for (auto it = handlesByName_.constFind(key);
+         it != handlesByName_.constEnd() && it.key() == key; ++it)
+        if (*it != except)
+            return objects_.constFind(*it)->filename;
+    return std::nullopt;
+}
+
+bool MTPFolderContents::hasNameOnly(const QString& name) const {
+    return names_.contains(nameForPhones(name));
+}
+
+} // namespace tessary

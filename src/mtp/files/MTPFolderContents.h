@@ -1,0 +1,54 @@
+#pragma once
+
+#include "mtp/protocol/MTPTypes.h"
+
+#include <QHash>
+#include <QMultiHash>
+#include <QSet>
+#include <QString>
+
+#include <optional>
+
+namespace tessary {
+
+/// What a folder of a device holds, by handle and by name. A value, used by one thread at a time.
+class MTPFolderContents {
+public:
+    explicit MTPFolderContents(std::uint32_t folder = 0) : folder_(folder) {}
+
+    /// The folder's own handle.
+    [[nodiscard]] std::uint32_t folder() const {
+        return folder_;
+    }
+    void insert(const MTPObjectInfo& info);
+    /// Something that is there, whatever it is.
+    void insertUnreadable(std::uint32_t handle);
+    /// A name that is taken from now on by an object whose handle is not known.
+    void insertName(const QString& name);
+    void remove(std::uint32_t handle);
+    /// Drops what has none of these handles, and what has a name only.
+    void keepOnly(const QSet<std::uint32_t>& handles);
+
+    [[nodiscard]] bool contains(std::uint32_t handle) const;
+    /// The same, with its facts.
+    [[nodiscard]] bool knows(std::uint32_t handle) const {
+        return objects_.contains(handle);
+    }
+    /// Any object with its facts; null when there is none.
+    [[nodiscard]] const MTPObjectInfo* any() const;
+    /// The object of this very name; null when there is none.
+    [[nodiscard]] const MTPObjectInfo* find(const QString& name) const;
+    /// The name, other than that of `except`, that phones take for this one.
+    [[nodiscard]] std::optional<QString> sameName(const QString& name,
+                                                  std::uint32_t except = 0) const;
+    [[nodiscard]] bool hasNameOnly(const QString& name) const;
+
+private:
+    std::uint32_t folder_ = 0;
+    QHash<std::uint32_t, MTPObjectInfo> objects_;
+    QMultiHash<QString, std::uint32_t> handlesByName_; ///< by nameForPhones()
+    QSet<std::uint32_t> unreadable_;
+    QHash<QString, QString> names_; ///< without a handle, by nameForPhones()
+};
+
+} // namespace tessary

@@ -1,0 +1,297 @@
+#include "mtp/protocol/MTPPacketCodec.h"
+
+#include "base/values/LittleEndian.h"
+
+#include <QLocale>
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+namespace tessary {
+
+namespace {
+
+constexpr std::size_t storageInfoFixedSize = 26;
+constexpr std::size_t objectInfoFixedSize = 52;
+constexpr qsizetype maxStringUnits = 254;
+
+Bytes beginContainer(MTPContainerType type, MTPOperationCode operation, std::uint32_t transactionID,
+                     std::size_t payloadSize) {
+    constexpr auto limit = std::numeric_limits<std::uint32_t>::max() - MTPContainerHeader::size;
+    if (payloadSize > limit)
+        qFatal("an MTP container does not fit its 32-bit length");
+    MTPContainerHeader header;
+    header.length = static_cast<std::uint32_t>(MTPContainerHeader::size + payloadSize);
+    header.type = type;
+    header.code = static_cast<std::uint16_t>(operation);
+    header.transactionID = transactionID;
+    Bytes bytes = MTPPacketCodec::encodeHeader(header);
+    bytes.reserve(header.length);
+    return bytes;
+}
+
+std::vector<std::uint32_t> decodeArray(ByteView from) {
+    if (from.size() < 4)
+        return {};
+    const std::size_t count = readLittleEndian<std::uint32_t>(from, 0);
+    if (count > (from.size() - 4) / 4)
+        return {};
+    std::vector<std::uint32_t> values(count);
+    for (std::size_t i = 0; i < count; ++i)
+        values[i] = readLittleEndian<std::uint32_t>(from, 4 + 4 * i);
+    return values;
+}
+
+/// Reads the strings at the end of a dataset, one after the other.
+class StringReader {
+public:
+    StringReader(ByteView bytes, std::size_t at) : bytes_(bytes), at_(at) {}
+
+    QString next() {
+        const auto decoded = MTPPacketCodec::decodeString(bytes_, at_);
+        at_ += decoded ? decoded->second : 1;
+        return decoded ? decoded->first : QString();
+    }
+
+private:
+    ByteView bytes_;
+    std::size_t at_;
+};
+
+/// A date and time in local time; no value when there is no such day or time. In the hour that a
+/// change to summer time leaves out, where QDateTime has no value, it is the time of a clock that
+/// was not put forward yet.
+std::optional<QDateTime> localDate(QDate date, QTime time) {
+    if (!date.isValid() || !time.isValid())
+        return std::nullopt;
+    const QDateTime local(date, time);
+    if (local.isValid())
+        return local;
+    const int offset = QDateTime(date.addDays(-1), time).offsetFromUtc();
+    return QDateTime(date, time, Qt::UTC).addSecs(-offset).toLocalTime();
+}
+
+/// The digits after the dot of a date, as milliseconds.
+std::optional<int> milliseconds(QStringView digits) {
+    int value = 0;
+    int weight = 100;
+    for (const QChar c : digits) {
+        if (c < QLatin1Char('0') || c > QLatin1Char('9'))
+            return std::nullopt;
+        value += weight * (c.unicode() - u'0');
+        weight /= 10;
+    }
+    return digits.isEmpty() ? std::nullopt : std::optional(value);
+}
+
+/// The date in `text` when it looks like `pattern`: a letter of "yMdHms" stands for one digit, a
+/// final "S" for one or more, anything else for itself. By hand since a listing parses two dates a
+/// file, and QLocale takes longer for them than for all the rest.
+std::optional<QDateTime> matchDate(QStringView text, QLatin1StringView pattern) {
+    constexpr QLatin1StringView letters("yMdHms");
+    std::array<int, 6> fields{};
+    const bool hasFraction = pattern.endsWith(QLatin1Char('S'));
+    const qsizetype fixedSize = pattern.size() - (hasFraction ? 1 : 0);
+    if (hasFraction ? text.size() < fixedSize : text.size() != fixedSize)
+        return std::nullopt;
+    for (qsizetype i = 0; i < fixedSize; ++i) {
+        const qsizetype letter = letters.indexOf(pattern[i]);
+        const QChar c = text[i];
+        if (letter < 0 ? c != pattern[i] : c < QLatin1Char('0') || c > QLatin1Char('9'))
+            return std::nullopt;
+        if (letter >= 0) {
+            int& field = fields[static_cast<std::size_t>(letter)];
+            field = 10 * field + (c.unicode() - u'0');
+        }
+    }
+    const auto fraction = hasFraction ? milliseconds(text.mid(fixedSize)) : std::optional(0);
+    if (!fraction)
+        return std::nullopt;
+    const auto [year, month, day, hour, minute, second] = fields;
+    return localDate(QDate(year, month, day), QTime(hour, minute, second, *fraction));
+}
+
+/// ISO 8601, also in its basic form with a time zone ("20240131T235959Z").
+std::optional<QDateTime> isoDate(QString text) {
+    // Only whole date-times: the parser would also take a lone date.
+    const qsizetype separator = text.indexOf(QLatin1Char('T'));
+    if (separator < 0)
+        return std::nullopt;
+    if (separator == 8 && text.size() > 15) {
+        for (const auto& [at, mark] : {std::pair{13, u':'}, {11, u':'}, {6, u'-'}, {4, u'-'}})
+            text.insert(at, QChar(mark));
+    }
+    const QDateTime date = QDateTime::fromString(text, Qt::ISODate);
+    return date.isValid() ? std::optional(date) : std::nullopt;
+}
+
+} // namespace
+
+Bytes MTPPacketCodec::encodeHeader(const MTPContainerHeader& header) {
+    Bytes bytes;
+    bytes.reserve(MTPContainerHeader::size);
+    appendLittleEndian(bytes, header.length);
+    appendLittleEndian(bytes, static_cast<std::uint16_t>(header.type));
+    appendLittleEndian(bytes, header.code);
+    appendLittleEndian(bytes, header.transactionID);
+    return bytes;
+}
+
+std::optional<MTPContainerHeader> MTPPacketCodec::decodeHeader(ByteView from) {
+    if (from.size() < MTPContainerHeader::size)
+        return std::nullopt;
+    MTPContainerHeader header;
+    header.length = readLittleEndian<std::uint32_t>(from, 0);
+    header.type = mtpContainerTypeFromRaw(readLittleEndian<std::uint16_t>(from, 4))
+                      .value_or(MTPContainerType::undefined);
+    header.code = readLittleEndian<std::uint16_t>(from, 6);
+    header.transactionID = readLittleEndian<std::uint32_t>(from, 8);
+    return header;
+}
+
+Bytes MTPPacketCodec::buildCommandPacket(MTPOperationCode operation, std::uint32_t transactionID,
+                                         std::span<const std::uint32_t> parameters) {
+    Bytes bytes =
+        beginContainer(MTPContainerType::command, operation, transactionID, 4 * parameters.size());
+    for (const std::uint32_t parameter : parameters)
+        appendLittleEndian(bytes, parameter);
+    return bytes;
+}
+
+Bytes MTPPacketCodec::buildDataPacket(MTPOperationCode operation, std::uint32_t transactionID,
+                                      ByteView payload) {
+    Bytes bytes = beginContainer(MTPContainerType::data, operation, transactionID, payload.size());
+    bytes.insert(bytes.end(), payload.begin(), payload.end());
+    return bytes;
+}
+
+std::vector<std::uint32_t> MTPPacketCodec::decodeStorageIDs(ByteView from) {
+    return decodeArray(from);
+}
+
+std::vector<std::uint32_t> MTPPacketCodec::decodeObjectHandles(ByteView from) {
+    return decodeArray(from);
+}
+
+std::optional<MTPStorageInfo> MTPPacketCodec::decodeStorageInfo(ByteView from,
+                                                                std::uint32_t storageID) {
+    if (from.size() < storageInfoFixedSize)
+        return std::nullopt;
+    MTPStorageInfo info;
+    info.id = storageID;
+    info.storageType = readLittleEndian<std::uint16_t>(from, 0);
+    info.fileSystemType = readLittleEndian<std::uint16_t>(from, 2);
+    info.accessCapability = readLittleEndian<std::uint16_t>(from, 4);
+    info.maxCapacity = readLittleEndian<std::uint64_t>(from, 6);
+    info.freeSpaceInBytes = readLittleEndian<std::uint64_t>(from, 14);
+    info.freeSpaceInObjects = readLittleEndian<std::uint32_t>(from, 22);
+    StringReader strings(from, storageInfoFixedSize);
+    info.storageDescription = strings.next();
+    info.volumeIdentifier = strings.next();
+    if (info.storageDescription.isEmpty())
+        info.storageDescription = QStringLiteral("Internal Storage");
+    return info;
+}
+
+std::optional<MTPObjectInfo> MTPPacketCodec::decodeObjectInfo(ByteView from, std::uint32_t handle) {
+    if (from.size() < objectInfoFixedSize)
+        return std::nullopt;
+    MTPObjectInfo info;
+    info.id = handle;
+    info.storageID = readLittleEndian<std::uint32_t>(from, 0);
+    info.objectFormat = mtpObjectFormatFromRaw(readLittleEndian<std::uint16_t>(from, 4))
+                            .value_or(MTPObjectFormat::undefined);
+    info.protectionStatus = readLittleEndian<std::uint16_t>(from, 6);
+    info.compressedSize = readLittleEndian<std::uint32_t>(from, 8);
+    info.thumbFormat = readLittleEndian<std::uint16_t>(from, 12);
+    info.thumbCompressedSize = readLittleEndian<std::uint32_t>(from, 14);
+    info.thumbPixWidth = readLittleEndian<std::uint32_t>(from, 18);
+    info.thumbPixHeight = readLittleEndian<std::uint32_t>(from, 22);
+    info.imagePixWidth = readLittleEndian<std::uint32_t>(from, 26);
+    info.imagePixHeight = readLittleEndian<std::uint32_t>(from, 30);
+    info.imageBitDepth = readLittleEndian<std::uint32_t>(from, 34);
+    info.parentObject = readLittleEndian<std::uint32_t>(from, 38);
+    info.associationType = readLittleEndian<std::uint16_t>(from, 42);
+    info.associationDesc = readLittleEndian<std::uint32_t>(from, 44);
+    info.sequenceNumber = readLittleEndian<std::uint32_t>(from, 48);
+    StringReader strings(from, objectInfoFixedSize);
+    info.filename = strings.next();
+    info.dateCreated = parseMTPDate(strings.next());
+    info.dateModified = parseMTPDate(strings.next());
+    info.keywords = strings.next();
+    return info;
+}
+
+Bytes MTPPacketCodec::encodeObjectInfo(const MTPObjectInfo& info) {
+    Bytes bytes;
+    appendLittleEndian(bytes, info.storageID);
+    appendLittleEndian(bytes, static_cast<std::uint16_t>(info.objectFormat));
+    appendLittleEndian(bytes, info.protectionStatus);
+    appendLittleEndian(bytes, info.compressedSize);
+    appendLittleEndian(bytes, info.thumbFormat);
+    for (const std::uint32_t value :
+         {info.thumbCompressedSize, info.thumbPixWidth, info.thumbPixHeight, info.imagePixWidth,
+          info.imagePixHeight, info.imageBitDepth, info.parentObject})
+        appendLittleEndian(bytes, value);
+    appendLittleEndian(bytes, info.associationType);
+    appendLittleEndian(bytes, info.associationDesc);
+    appendLittleEndian(bytes, info.sequenceNumber);
+    for (const QString& text : {info.filename, QString(), QString(), info.keywords}) {
+        const Bytes encoded = encodeString(text);
+        bytes.insert(bytes.end(), encoded.begin(), encoded.end());
+    }
+    return bytes;
+}
+
+Bytes MTPPacketCodec::encodeString(const QString& text) {
+    Bytes bytes;
+    if (text.isEmpty())
+        return {std::byte{0}};
+    const QStringView units = QStringView(text).left(maxStringUnits);
+    bytes.reserve(1 + 2 * (static_cast<std::size_t>(units.size()) + 1));
+    bytes.push_back(static_cast<std::byte>(units.size() + 1));
+    for (const QChar unit : units)
+        appendLittleEndian(bytes, static_cast<std::uint16_t>(unit.unicode()));
+    appendLittleEndian(bytes, std::uint16_t{0});
+    return bytes;
+}
+
+std::optional<std::pair<QString, std::size_t>> MTPPacketCodec::decodeString(ByteView from,
+                                                                            std::size_t at) {
+    if (at >= from.size())
+        return std::nullopt;
+    const auto length = static_cast<std::size_t>(from[at]);
+    if (length == 0)
+        return std::pair{QString(), std::size_t{1}};
+    if (2 * length > from.size() - at - 1)
+        return std::nullopt;
+    QString text(static_cast<qsizetype>(length - 1), Qt::Uninitialized);
+    for (std::size_t i = 0; i + 1 < length; ++i)
+        text[static_cast<qsizetype>(i)] =
+            QChar(char16_t{readLittleEndian<std::uint16_t>(from, at + 1 + 2 * i)});
+    return std::pair{text, 1 + 2 * length};
+}
+
+std::optional<QDateTime> MTPPacketCodec::parseMTPDate(const QString& text) {
+    static constexpr std::array fractional{QLatin1StringView("yyyyMMddTHHmmss.S"),
+                                           QLatin1StringView("yyyy-MM-ddTHH:mm:ss.S")};
+    static constexpr std::array whole{QLatin1StringView("yyyyMMddTHHmmss"),
+                                      QLatin1StringView("yyyy-MM-ddTHH:mm:ss"),
+                                      QLatin1StringView("yyyy-MM-dd HH:mm:ss")};
+
+    const QString trimmed = text.trimmed();
+    const bool hasFraction = trimmed.contains(QLatin1Char('.'));
+    for (const QLatin1StringView pattern : hasFraction
+                                               ? std::span<const QLatin1StringView>(fractional)
+                                               : std::span<const QLatin1StringView>(whole))
+        if (auto date = matchDate(trimmed, pattern))
+            return date;
+    return hasFraction ? std::nullopt : isoDate(trimmed);
+}
+
+QString MTPPacketCodec::formatMTPDate(const QDateTime& date) {
+    return QLocale::c().toString(date.toLocalTime(), QStringLiteral("yyyyMMdd'T'HHmmss"));
+}
+
+} // namespace tessary

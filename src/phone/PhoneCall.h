@@ -1,0 +1,25 @@
+#pragma once
+
+#include <stop_token>
+
+namespace tessary {
+
+/// How soon a call wants its turn with a phone.
+enum class Urgency {
+    user, ///< somebody waits for the answer: before every copy, and not without end
+    copy, ///< a step of a longer job: waits until it is its turn
+};
+
+/// What comes along with every call to a phone: what stops it, and how soon it wants its turn. A
+/// stop token alone makes a call that somebody waits for.
+struct Call {
+    Call() = default;
+    Call(std::stop_token stopToken, // NOLINT(google-explicit-constructor)
+         Urgency callUrgency = Urgency::user)
+        : stop(std::move(stopToken)), urgency(callUrgency) {}
+
+    std::stop_token stop;
+    Urgency urgency = Urgency::user;
+};
+
+} // namespace tessary

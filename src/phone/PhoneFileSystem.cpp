@@ -1,0 +1,78 @@
+#include "phone/PhoneFileSystem.h"
+
+#include "base/text/PathNames.h"
+#include "base/threads/CancellationError.h"
+
+#include <iterator>
+
+namespace tessary {
+
+namespace {
+
+/// Deeper trees are a phone's mistake: paths of a real one are far shorter.
+constexpr int maxDepth = 128;
+
+void removeWithContents(PhoneFileSystem& files, const FileItem& item, int depth, const Call& call) {
+    throwIfStopped(call.stop);
+    if (item.isDirectory) {
+        if (depth >= maxDepth)
+            throw Error(PhoneError::insideItself, {item.path});
+        Listing content = listAll(files, item.path, call);
+        for (const FileItem& child : content.items) {
+            // A name with a "/" in it would lead out of the folder that the user saw.
+            if (!isSafeName(child.name))
+                throw Error(PhoneError::nameNotAllowed, {child.name});
+            removeWithContents(files, child, depth + 1, call);
+        }
+        if (!content.unreadable.empty())
+            throw content.unreadable.front().error;
+    }
+    files.remove(item, call);
+}
+
+} // namespace
+
+void PhoneFileSystem::removeTree(const FileItem& item, const Call& call) {
+    removeWithContents(*this, item, 0, call);
+}
+
+void PhoneFileSystem::setModified(const FileItem& file, const QDateTime&, const Call&) {
+    throw Error(PhoneError::notSupported, {file.path});
+}
+
+std::optional<QByteArray> PhoneFileSystem::thumbnail(const FileItem&, qint64, const Call&) {
+    return std::nullopt;
+}
+
+std::optional<QByteArray> PhoneFileSystem::hash(const FileItem&, const Call&) {
+    return std::nullopt;
+}
+
+Listing listAll(PhoneFileSystem& files, const QString& folder, const Call& call) {
+    Listing listing;
+    files.list(folder,
+               {[&](std::vector<FileItem>&& rows) {
+                    if (listing.items.empty())
+                        listing.items = std::move(rows);
+                    else
+                        std::move(rows.begin(), rows.end(), std::back_inserter(listing.items));
+                },
+                [&](UnreadableEntry&& entry) { listing.unreadable.push_back(std::move(entry)); }},
+               call);
+    return listing;
+}
+
+FileItem require(PhoneFileSystem& files, const QString& path, const Call& call) {
+    if (auto item = files.find(path, call))
+        return *std::move(item);
+    throw Error(PhoneError::notFound, {path});
+}
+
+FileItem requireFolder(PhoneFileSystem& files, const QString& path, const Call& call) {
+    FileItem item = require(files, path, call);
+    if (!item.isDirectory)
+        throw Error(PhoneError::notAFolder, {path});
+    return item;
+}
+
+} // namespace tessary

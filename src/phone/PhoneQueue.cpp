@@ -1,0 +1,142 @@
+#include "phone/PhoneQueue.h"
+
+#include "base/threads/CancellationError.h"
+#include "base/threads/ThreadName.h"
+#include "phone/PhoneError.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace tessary {
+
+PhoneQueue::PhoneQueue(std::chrono::milliseconds idleTime) : idleTime_(idleTime) {}
+
+PhoneQueue::~PhoneQueue() {
+    idleThread_.request_stop();
+    changed_.notify_all();
+}
+
+PhoneQueue::Turn::~Turn() {
+    if (queue_)
+        queue_->give();
+}
+
+PhoneQueue::Job::~Job() {
+    if (queue_)
+        queue_->endJob();
+}
+
+void PhoneQueue::give() {
+    const std::scoped_lock lock(mutex_);
+    isTaken_ = false;
+    wasUsed_ = true;
+    lastUse_ = std::chrono::steady_clock::now();
+    changed_.notify_all();
+}
+
+void PhoneQueue::endJob() {
+    const std::scoped_lock lock(mutex_);
+    --jobs_;
+    changed_.notify_all();
+}
+
+PhoneQueue::Turn PhoneQueue::take(const Call& call) {
+    std::unique_lock lock(mutex_);
+    const auto self = waiting_.insert(waiting_.end(), {call.urgency});
+    const auto isNext = [&] {
+        if (isTaken_)
+            return false;
+        const auto firstUser =
+            std::find_if(waiting_.begin(), waiting_.end(),
+                         [](const Waiting& one) { return one.urgency == Urgency::user; });
+        return self == (firstUser == waiting_.end() ? waiting_.begin() : firstUser);
+    };
+    const bool hasTurn = call.urgency == Urgency::user
+                             ? changed_.wait_for(lock, call.stop, userPatience, isNext)
+                             : changed_.wait(lock, call.stop, isNext);
+    waiting_.erase(self);
+    if (!hasTurn) {
+        changed_.notify_all(); // who stood behind may be next
+        throwIfStopped(call.stop);
+        throw Error(PhoneError::busy);
+    }
+    isTaken_ = true;
+    return Turn(shared_from_this());
+}
+
+std::optional<PhoneQueue::Turn> PhoneQueue::tryTake() {
+    const std::scoped_lock lock(mutex_);
+    if (isTaken_ || jobs_ > 0 || !waiting_.empty())
+        return std::nullopt;
+    isTaken_ = true;
+    return Turn(shared_from_this());
+}
+
+PhoneQueue::Job PhoneQueue::beginJob() {
+    const std::scoped_lock lock(mutex_);
+    ++jobs_;
+    return Job(shared_from_this());
+}
+
+bool PhoneQueue::isBusy() const {
+    const std::scoped_lock lock(mutex_);
+    return isTaken_ || jobs_ > 0 || !waiting_.empty();
+}
+
+void PhoneQueue::closeWhenIdle(const void* owner, std::function<void()> close) {
+    const std::scoped_lock lock(mutex_);
+    closers_.insert(owner, std::move(close));
+    if (!idleThread_.joinable())
+        idleThread_ = std::jthread([this](const std::stop_token& stop) { watchIdleness(stop); });
+}
+
+void PhoneQueue::forget(const void* owner) {
+    std::unique_lock lock(mutex_);
+    changed_.wait(lock, [this] { return !isTaken_; });
+    closers_.remove(owner);
+}
+
+void PhoneQueue::watchIdleness(const std::stop_token& stop) {
+    nameCurrentThread("tessary-idle");
+    std::unique_lock lock(mutex_);
+    while (!stop.stop_requested()) {
+        const auto isQuiet = [this] { return !isTaken_ && waiting_.empty() && jobs_ == 0; };
+        if (!changed_.wait(lock, stop, [&] { return wasUsed_ && isQuiet(); }))
+            return;
+        const auto due = lastUse_ + idleTime_;
+        const auto usedAt = lastUse_;
+        changed_.wait_until(lock, stop, due, [&] { return !isQuiet() || lastUse_ != usedAt; });
+        if (stop.stop_requested() || !isQuiet() || std::chrono::steady_clock::now() < due ||
+            lastUse_ != usedAt)
+            continue;
+        isTaken_ = true;
+        wasUsed_ = false;
+        const QHash<const void*, std::function<void()>> closers = closers_;
+        lock.unlock();
+        for (const auto& close : closers)
+            close();
+        lock.lock();
+        isTaken_ = false;
+        changed_.notify_all();
+    }
+}
+
+std::uint64_t PhoneQueue::edits() const {
+    const std::scoped_lock lock(mutex_);
+    return edits_;
+}
+
+void PhoneQueue::noteEdit() {
+    const std::scoped_lock lock(mutex_);
+    ++edits_;
+}
+
+std::shared_ptr<PhoneQueue> PhoneQueues::of(const PhoneIdentity& phone) {
+    const std::scoped_lock lock(mutex_);
+    std::shared_ptr<PhoneQueue>& queue = queues_[phone.key()];
+    if (!queue)
+        queue = std::make_shared<PhoneQueue>();
+    return queue;
+}
+
+} // namespace tessary

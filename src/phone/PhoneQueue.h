@@ -1,0 +1,116 @@
+#pragma once
+
+#include "phone/PhoneCall.h"
+#include "phone/records/PhoneIdentity.h"
+
+#include <QHash>
+
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <functional>
+#include <list>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <stop_token>
+#include <thread>
+
+namespace tessary {
+
+/// Orders everything that speaks to one phone: one user at a time, in the order of asking, those
+/// for whom somebody waits first. A copy takes a turn for each of its steps, so that listings and
+/// edits get in between. The connection stays open between two turns and is closed once the phone
+/// has not been used for a while. Thread-safe.
+class PhoneQueue : public std::enable_shared_from_this<PhoneQueue> {
+public:
+    /// How long somebody who waits for an answer waits for his turn.
+    static constexpr std::chrono::seconds userPatience{60};
+    static constexpr std::chrono::milliseconds defaultIdleTime{3000};
+
+    explicit PhoneQueue(std::chrono::milliseconds idleTime = defaultIdleTime);
+    /// No turn may be left. Connections that are open are not closed: their owner does that.
+    ~PhoneQueue();
+    PhoneQueue(const PhoneQueue&) = delete;
+    PhoneQueue& operator=(const PhoneQueue&) = delete;
+
+    /// The right to use the phone; given back when it goes.
+    class Turn {
+    public:
+        ~Turn();
+        Turn(Turn&& other) noexcept : queue_(std::move(other.queue_)) {}
+        Turn& operator=(Turn&&) = delete;
+
+    private:
+        friend class PhoneQueue;
+        explicit Turn(std::shared_ptr<PhoneQueue> queue) : queue_(std::move(queue)) {}
+        std::shared_ptr<PhoneQueue> queue_; ///< null after a move
+    };
+
+    /// For as long as a job of many turns runs, nobody who only wants to know figures comes in.
+    class Job {
+    public:
+        ~Job();
+        Job(Job&& other) noexcept : queue_(std::move(other.queue_)) {}
+        Job& operator=(Job&&) = delete;
+
+    private:
+        friend class PhoneQueue;
+        explicit Job(std::shared_ptr<PhoneQueue> queue) : queue_(std::move(queue)) {}
+        std::shared_ptr<PhoneQueue> queue_;
+    };
+
+    /// Waits for a turn. Not to be called by who has one. CancellationError when `call.stop` asks
+    /// for it, PhoneError::busy when `user` has waited for userPatience.
+    [[nodiscard]] Turn take(const Call& call);
+    /// A turn, when nobody has one or waits for one and no job runs.
+    [[nodiscard]] std::optional<Turn> tryTake();
+    [[nodiscard]] Job beginJob();
+    [[nodiscard]] bool isBusy() const;
+
+    /// Has `close` called, in a turn of its own and on a thread of the queue, once the phone has
+    /// not been used for the idle time; again after each later use. Called by who has a turn.
+    /// `owner` is what forget() takes it back by.
+    void closeWhenIdle(const void* owner, std::function<void()> close);
+    /// Waits for a closing that is under way.
+    void forget(const void* owner);
+
+    /// How often files of the phone were changed by this program: what is known of them is to be
+    /// looked at again when this is another number.
+    [[nodiscard]] std::uint64_t edits() const;
+    void noteEdit();
+
+private:
+    struct Waiting {
+        Urgency urgency;
+    };
+
+    void give();
+    void endJob();
+    void watchIdleness(const std::stop_token& stop);
+
+    const std::chrono::milliseconds idleTime_;
+    mutable std::mutex mutex_; ///< guards all below
+    std::condition_variable_any changed_;
+    bool isTaken_ = false;
+    int jobs_ = 0;
+    std::list<Waiting> waiting_; ///< in the order of asking
+    std::uint64_t edits_ = 0;
+    std::chrono::steady_clock::time_point lastUse_;
+    bool wasUsed_ = false; ///< since the connections were last closed
+    QHash<const void*, std::function<void()>> closers_;
+    std::jthread idleThread_; ///< from the first closeWhenIdle() on
+};
+
+/// The queue of each phone. Thread-safe.
+class PhoneQueues {
+public:
+    /// The one of a phone, made at the first call.
+    [[nodiscard]] std::shared_ptr<PhoneQueue> of(const PhoneIdentity& phone);
+
+private:
+    std::mutex mutex_;
+    QHash<QString, std::shared_ptr<PhoneQueue>> queues_; ///< by PhoneIdentity::key(); guarded
+};
+
+} // namespace tessary

@@ -1,0 +1,115 @@
+#include "phone/records/DeviceInfo.h"
+
+#include "base/text/ByteFormat.h"
+#include "base/values/RecordHash.h"
+
+#include <algorithm>
+
+namespace tessary {
+
+namespace {
+
+struct PlatformRow {
+    DevicePlatform platform;
+    QLatin1StringView rawValue;
+    QLatin1StringView systemImage;
+};
+
+constexpr std::array platformTable{
+    PlatformRow{DevicePlatform::iOS, QLatin1StringView("iOS"), QLatin1StringView("iphone.gen3")},
+    PlatformRow{DevicePlatform::android, QLatin1StringView("Android"),
+                QLatin1StringView("smartphone")},
+};
+
+struct ModeRow {
+    ProtocolMode mode;
+    QLatin1StringView rawValue;
+};
+
+constexpr std::array modeTable{
+    ModeRow{ProtocolMode::afc, QLatin1StringView("iOS File Transfer")},
+    ModeRow{ProtocolMode::mtp, QLatin1StringView("Standard MTP")},
+    ModeRow{ProtocolMode::adbTurbo, QLatin1StringView("Turbo Mode (ADB)")},
+};
+
+} // namespace
+
+QString rawValue(DevicePlatform platform) {
+    return platformTable[static_cast<std::size_t>(platform)].rawValue;
+}
+
+std::optional<DevicePlatform> devicePlatformFromRawValue(const QString& text) {
+    for (const PlatformRow& row : platformTable)
+        if (row.rawValue == text)
+            return row.platform;
+    return std::nullopt;
+}
+
+QString systemImage(DevicePlatform platform) {
+    return platformTable[static_cast<std::size_t>(platform)].systemImage;
+}
+
+std::uint32_t rawValue(ConnectionType type) {
+    return static_cast<std::uint32_t>(type);
+}
+
+std::optional<ConnectionType> connectionTypeFromRawValue(std::uint32_t raw) {
+    if (raw == 1 || raw == 2)
+        return static_cast<ConnectionType>(raw);
+    return std::nullopt;
+}
+
+QString rawValue(ProtocolMode mode) {
+    return modeTable[static_cast<std::size_t>(mode)].rawValue;
+}
+
+std::optional<ProtocolMode> protocolModeFromRawValue(const QString& text) {
+    for (const ModeRow& row : modeTable)
+        if (row.rawValue == text)
+            return row.mode;
+    return std::nullopt;
+}
+
+QString DeviceInfo::id() const {
+    return udid + QLatin1Char('-') + QString::number(handle);
+}
+
+bool DeviceInfo::isDataAccessible() const {
+    if (isLocked)
+        return false;
+    return platform == DevicePlatform::iOS || !volumes.empty();
+}
+
+std::optional<QString> DeviceInfo::formattedStorageSummary() const {
+    qint64 total = 0;
+    qint64 free = 0;
+    if (platform == DevicePlatform::android && !volumes.empty()) {
+        total = signedByteCount(volumes.front().totalBytes);
+        free = signedByteCount(volumes.front().freeBytes);
+    } else {
+        if (!freeStorageBytes || !totalStorageBytes)
+            return std::nullopt;
+        total = *totalStorageBytes;
+        free = *freeStorageBytes;
+    }
+    if (total < 1)
+        return std::nullopt;
+    return formatBytes(std::min(free, total)) + QStringLiteral(" free of ") + formatBytes(total);
+}
+
+std::size_t qHash(const DeviceInfo& device, std::size_t seed) {
+    seed = qHashMulti(seed, device.udid, static_cast<int>(device.platform), device.handle,
+                      device.productId, device.vendorId, rawValue(device.connectionType),
+                      static_cast<int>(device.protocolMode));
+    seed = hashOptional(device.deviceName, seed);
+    seed = hashOptional(device.manufacturer, seed);
+    seed = hashOptional(device.serialNumber, seed);
+    seed = hashOptional(device.batteryLevel, seed);
+    seed = qHashMulti(seed, device.isLocked);
+    seed = hashOptional(device.freeStorageBytes, seed);
+    seed = hashOptional(device.totalStorageBytes, seed);
+    seed = qHashRange(device.volumes.begin(), device.volumes.end(), seed);
+    return qHashMulti(seed, device.usbLocation);
+}
+
+} // namespace tessary

@@ -1,0 +1,68 @@
+#include "phone/records/FileCategory.h"
+
+#include <QHash>
+
+namespace tessary {
+
+namespace {
+
+using View = QLatin1StringView;
+
+struct CategoryRow {
+    FileCategory category;
+    View rawValue;
+    View sfSymbol;
+    View extensions; ///< separated by blanks
+};
+
+constexpr std::array<CategoryRow, 9> categoryTable{{
+    {FileCategory::folder, View("Folder"), View("folder.fill"), View("")},
+    {FileCategory::image, View("Image"), View("photo"),
+     View("jpg jpeg png gif heic webp bmp raw dng")},
+    {FileCategory::video, View("Video"), View("film"), View("mp4 mov avi mkv webm 3gp flv")},
+    {FileCategory::audio, View("Audio"), View("music.note"), View("mp3 aac wav m4a flac ogg opus")},
+    {FileCategory::document, View("Document"), View("doc.richtext"),
+     View("pdf doc docx txt rtf md xls xlsx ppt pptx log")},
+    {FileCategory::archive, View("Archive"), View("doc.zipper"), View("zip tar gz 7z rar bz2 xz")},
+    {FileCategory::apk, View("APK Package"), View("shippingbox.fill"), View("apk xapk apks")},
+    {FileCategory::code, View("Source Code"), View("chevron.left.forwardslash.chevron.right"),
+     View("swift kt java py c cpp h js ts json xml html css")},
+    {FileCategory::other, View("File"), View("doc"), View("")},
+}};
+
+const CategoryRow& row(FileCategory category) {
+    return categoryTable[static_cast<std::size_t>(category)];
+}
+
+QHash<QString, FileCategory> extensionIndex() {
+    QHash<QString, FileCategory> index;
+    for (const CategoryRow& entry : categoryTable)
+        for (const QString& extension :
+             QString(entry.extensions).split(QLatin1Char(' '), Qt::SkipEmptyParts))
+            index.insert(extension, entry.category);
+    return index;
+}
+
+} // namespace
+
+QString rawValue(FileCategory category) {
+    return row(category).rawValue;
+}
+
+std::optional<FileCategory> fileCategoryFromRawValue(const QString& text) {
+    for (const CategoryRow& entry : categoryTable)
+        if (entry.rawValue == text)
+            return entry.category;
+    return std::nullopt;
+}
+
+QString sfSymbol(FileCategory category) {
+    return row(category).sfSymbol;
+}
+
+FileCategory fileCategoryForExtension(QStringView extension) {
+    static const QHash<QString, FileCategory> index = extensionIndex();
+    return index.value(extension.toString(), FileCategory::other);
+}
+
+} // namespace tessary

@@ -1,0 +1,108 @@
+#include "platform/process/QtProcessRunner.h"
+
+#include <QProcess>
+
+#ifdef __linux__
+#include <sys/prctl.h>
+#endif
+#include <csignal>
+#include <unistd.h>
+
+namespace tessary {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using Outcome = ProcessResult::Outcome;
+
+constexpr int startTimeout = 10'000;     // ms
+constexpr int endedChildTimeout = 5'000; // ms; a killed child is gone long before
+
+/// Runs in the child between fork and exec: only calls that are safe there.
+void dieWithParent(pid_t parent) {
+#ifdef __linux__
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (getppid() != parent)
+        _exit(1); // it went in the meantime
+#else
+    static_cast<void>(parent);
+#endif
+}
+
+/// Why the child has to be ended before it ends by itself.
+std::optional<Outcome> reasonToEnd(QProcess& process, const ProcessRequest& request,
+                                   Clock::time_point start) {
+    if (request.stop.stop_requested())
+        return Outcome::cancelled;
+    if (request.limit && Clock::now() - start > *request.limit)
+        return Outcome::timedOut;
+    for (const auto channel : {QProcess::StandardOutput, QProcess::StandardError}) {
+        process.setReadChannel(channel);
+        if (process.bytesAvailable() > request.outputLimit)
+            return Outcome::flooded;
+    }
+    return std::nullopt;
+}
+
+void endNow(QProcess& process) {
+    process.kill();
+    process.waitForFinished(endedChildTimeout);
+}
+
+/// Waits for the end of a child that has started.
+Outcome await(QProcess& process, const ProcessRequest& request, Clock::time_point start) {
+    constexpr auto slice = static_cast<int>(ProcessRunner::tick.count());
+    // The exit counts, not the end of the output: a server that the child started keeps it open.
+    while (!process.waitForFinished(slice) && process.state() != QProcess::NotRunning) {
+        if (const auto reason = reasonToEnd(process, request, start)) {
+            endNow(process);
+            return *reason;
+        }
+        try {
+            if (request.whileRunning)
+                request.whileRunning();
+        } catch (...) {
+            endNow(process);
+            throw;
+        }
+    }
+    return process.exitStatus() == QProcess::CrashExit ? Outcome::crashed : Outcome::exited;
+}
+
+} // namespace
+
+ProcessResult QtProcessRunner::run(const QString& program, const QStringList& arguments,
+                                   std::chrono::milliseconds limit) {
+    ProcessRequest request;
+    request.program = program;
+    request.arguments = arguments;
+    request.limit = limit;
+    return follow(request);
+}
+
+ProcessResult QtProcessRunner::follow(const ProcessRequest& request) {
+    ProcessResult result;
+    if (request.stop.stop_requested()) {
+        result.outcome = Outcome::cancelled;
+        return result;
+    }
+    QProcess process;
+    process.setStandardInputFile(QProcess::nullDevice());
+    process.setChildProcessModifier([parent = getpid()] { dieWithParent(parent); });
+    if (!additional_.isEmpty()) {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(additional_);
+        process.setProcessEnvironment(environment);
+    }
+    const auto start = Clock::now();
+    process.start(request.program, request.arguments);
+    if (!process.waitForStarted(startTimeout))
+        return result;
+    result.outcome = await(process, request, start);
+    result.standardOutput = process.readAllStandardOutput();
+    result.standardError = process.readAllStandardError();
+    result.exitStatus = process.exitCode();
+    return result;
+}
+
+} // namespace tessary

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/process/ProcessRunner.h"
+
+#include <QProcessEnvironment>
+
+namespace tessary {
+
+/// Child processes of this machine. On Linux the kernel ends them when the calling thread ends,
+/// however that comes about.
+class QtProcessRunner final : public ProcessRunner {
+public:
+    QtProcessRunner() = default;
+    /// Children also get these variables.
+    explicit QtProcessRunner(QProcessEnvironment additional) : additional_(std::move(additional)) {}
+
+    [[nodiscard]] ProcessResult run(const QString& program, const QStringList& arguments,
+                                    std::chrono::milliseconds limit) override;
+    [[nodiscard]] ProcessResult follow(const ProcessRequest& request) override;
+
+private:
+    const QProcessEnvironment additional_;
+};
+
+} // namespace tessary

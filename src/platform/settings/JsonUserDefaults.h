@@ -1,0 +1,35 @@
+#pragma once
+
+#include "base/threads/SerialQueue.h"
+#include "platform/settings/UserDefaults.h"
+
+#include <memory>
+
+namespace tessary {
+
+/// Settings as one JSON object in a file, which is written whole or not at all. Programs that run
+/// at the same time may share it: each change is made to what the file holds at that moment, under
+/// a lock file. What another program changes is seen with the next change of one's own.
+///
+/// A change holds at once and is written in the background, those that come together in one go. One
+/// that cannot be written is logged and goes with the next.
+///
+/// A file that is no JSON object is set aside as "<file>.damaged" before the first change.
+class JsonUserDefaults final : public UserDefaults {
+public:
+    /// Reads the file, if there is one.
+    explicit JsonUserDefaults(QString file);
+    /// Waits for what is being written, for a few seconds at most.
+    ~JsonUserDefaults() override;
+
+    [[nodiscard]] QJsonValue value(const QString& key) const override;
+    void setValue(const QString& key, const QJsonValue& value) override;
+
+private:
+    struct Store;
+
+    const std::shared_ptr<Store> store_; ///< shared with the writing that outlives this
+    SerialQueue writer_;
+};
+
+} // namespace tessary

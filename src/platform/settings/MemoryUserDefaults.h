@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/settings/UserDefaults.h"
+
+#include <QJsonObject>
+
+#include <mutex>
+
+namespace tessary {
+
+/// Settings that are forgotten at the end: for tests, and for runs that must not depend on this
+/// user's choices.
+class MemoryUserDefaults final : public UserDefaults {
+public:
+    [[nodiscard]] QJsonValue value(const QString& key) const override {
+        const std::scoped_lock lock(mutex_);
+        return values_.value(key);
+    }
+    void setValue(const QString& key, const QJsonValue& value) override {
+        const std::scoped_lock lock(mutex_);
+        values_.insert(key, value);
+    }
+
+private:
+    mutable std::mutex mutex_;
+    QJsonObject values_;
+};
+
+} // namespace tessary

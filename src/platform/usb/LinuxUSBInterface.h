@@ -1,0 +1,63 @@
+#pragma once
+
+#include "platform/usb/USBBus.h"
+
+#include <libusb-1.0/libusb.h>
+
+#include <atomic>
+
+namespace tessary {
+
+class LibusbHandle;
+
+/// An interface behind usbfs, in its first alternate setting.
+class LinuxUSBInterface : public USBInterface {
+public:
+    /// The handle must outlive the interface.
+    LinuxUSBInterface(const LibusbHandle& handle, const libusb_interface_descriptor& setting);
+    ~LinuxUSBInterface() override;
+
+    [[nodiscard]] std::uint8_t number() const override;
+    [[nodiscard]] std::uint8_t interfaceClass() const override;
+    [[nodiscard]] std::uint8_t interfaceSubclass() const override;
+
+    USBCode open() override;
+    USBCode openSeize() override;
+    void close() override;
+
+    [[nodiscard]] std::uint8_t endpointCount() const override;
+    [[nodiscard]] std::optional<USBPipeProperties> pipeProperties(std::uint8_t pipe) const override;
+
+    /// Data that does not fit into `buffer` is usb::overrun, and lost beyond it.
+    USBCode readPipeTO(std::uint8_t pipe, std::span<std::byte> buffer, std::size_t& transferred,
+                       USBTimeouts timeouts) override;
+    USBCode writePipeTO(std::uint8_t pipe, std::span<const std::byte> data,
+                        std::size_t& transferred, USBTimeouts timeouts) override;
+    USBCode clearPipeStallBothEnds(std::uint8_t pipe) override;
+    [[nodiscard]] std::unique_ptr<USBReadStream>
+    readStream(std::uint8_t pipe, std::size_t requestSize, std::size_t depth) override;
+    USBCode controlRequest(const USBControlRequest& request, std::span<std::byte> data,
+                           std::size_t& transferred, std::chrono::milliseconds timeout) override;
+
+    /// The largest read, write or stream request, in bytes. usb::badArgument beyond it.
+    static constexpr std::size_t maxRequestSize = 4 * 1024 * 1024;
+
+private:
+    struct Pipe {
+        std::uint8_t address = 0;
+        USBPipeProperties properties;
+    };
+
+    USBCode claim(bool fromKernel);
+    [[nodiscard]] const Pipe* dataPipe(std::uint8_t number, USBDirection direction) const;
+
+    const LibusbHandle& handle_;
+    std::uint8_t number_;
+    std::uint8_t class_;
+    std::uint8_t subclass_;
+    std::vector<Pipe> pipes_; ///< pipe 1 first
+    std::atomic<bool> open_ = false;
+    bool seized_ = false;
+};
+
+} // namespace tessary

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/usb/USBBus.h"
+
+#include <QByteArray>
+
+#include <libudev.h>
+
+#include <optional>
+#include <vector>
+
+namespace tessary {
+
+/// One attached device as sysfs shows it.
+struct USBRegistryEntry {
+    USBDeviceEntry entry;
+    QByteArray sysPath; ///< its folder in sysfs
+    QByteArray node;    ///< "/dev/bus/usb/BBB/DDD"
+};
+
+/// Reads the attached devices from sysfs, by way of libudev, without opening any. Stateless, thus
+/// thread-safe.
+///
+/// The `id` of an entry is the inode number of its folder in sysfs. The kernel counts those up with
+/// every object that appears and does not use one again while it runs, so that an id that was kept
+/// for too long names nothing, rather than another device at the same place.
+class USBRegistry {
+public:
+    /// In order of location.
+    [[nodiscard]] static std::vector<USBRegistryEntry> scan();
+    [[nodiscard]] static std::optional<USBRegistryEntry> find(std::uint64_t id);
+    /// No value when the device is gone or isn't a whole USB device. The caller holds udevMutex().
+    [[nodiscard]] static std::optional<USBRegistryEntry> read(udev_device* device);
+    /// Whether the entry's folder is still the one that was read.
+    [[nodiscard]] static bool isAttached(const USBRegistryEntry& entry);
+};
+
+} // namespace tessary

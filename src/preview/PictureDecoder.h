@@ -1,0 +1,32 @@
+#pragma once
+
+#include "preview/Picture.h"
+
+#include <chrono>
+#include <stop_token>
+
+namespace tessary {
+
+/// Decodes pictures and pages of documents in a child process that has little memory and time and
+/// can do no harm when it fails. Thread-safe and blocking: not for the main thread.
+class PictureDecoder {
+public:
+    static constexpr std::chrono::milliseconds defaultLimit{60'000};
+
+    /// `program` is the decoding program's path; by default the one that comes with this program.
+    explicit PictureDecoder(QString program = installedProgram(),
+                            std::chrono::milliseconds limit = defaultLimit);
+
+    /// PictureError for what cannot be decoded within the limits (PictureTimeoutError for the limit
+    /// of time), CancellationError once `stop` asks for it.
+    [[nodiscard]] Picture decode(const PictureRequest& request, const std::stop_token& stop) const;
+
+    /// Empty when there is none.
+    [[nodiscard]] static QString installedProgram();
+
+private:
+    QString program_;
+    std::chrono::milliseconds limit_;
+};
+
+} // namespace tessary

@@ -1,0 +1,120 @@
+#include "adb/files/ADBTool.h"
+#include "base/threads/Background.h"
+#include "cli/CliRunner.h"
+#include "cli/CommandLine.h"
+#include "cli/StopSignals.h"
+#include "devices/list/DeviceManager.h"
+#include "ios/Multiplexer.h"
+#include "platform/process/QtProcessRunner.h"
+#include "platform/settings/SystemUserDefaults.h"
+#include "platform/usb/SystemUSBBus.h"
+#include "simulator/demo/DemoPhones.h"
+
+#include <QCoreApplication>
+#include <QJsonObject>
+#include <QTemporaryDir>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <thread>
+
+using namespace tessary;
+
+namespace {
+
+/// How long work that nobody waits for any more may hold up the end of the program.
+constexpr std::chrono::seconds backgroundPatience(3);
+
+/// A stream for results on the real standard output. From then on whatever libraries print there
+/// goes to standard error instead, so that nothing spoils a JSON document.
+std::FILE* takeStandardOutput() {
+    const int saved = dup(STDOUT_FILENO);
+    dup2(STDERR_FILENO, STDOUT_FILENO);
+    std::FILE* stream = saved < 0 ? nullptr : fdopen(saved, "w");
+    return stream == nullptr ? stderr : stream;
+}
+
+/// The phones that the run works on: this machine's, or virtual ones.
+class Phones {
+public:
+    Phones(const CliRequest& request, const UserDefaults& defaults) {
+        if (!request.demo) {
+            system_ = makeSystemUSBBus();
+            return;
+        }
+        demo_ = std::make_unique<DemoPhones>(request.demoFolder.isEmpty() ? folder_.path()
+                                                                          : request.demoFolder);
+        // The run is over before adb would be there by itself: it is waited for, or not started.
+        if (!wantsADB(request, defaults))
+            return;
+        demo_->startADB(ADBTool::findAmong(ADBTool::defaultPaths()));
+        demo_->awaitADB();
+    }
+
+    USBBus& bus() {
+        return demo_ ? demo_->bus() : *system_;
+    }
+    /// The same for this machine's iPhones and virtual ones: it is found by the environment.
+    DeviceSources sources() {
+        return {bus(), &multiplexer_, demo_ == nullptr || demo_->startsADB()};
+    }
+    /// What leads child processes to these phones.
+    [[nodiscard]] QProcessEnvironment environment() const {
+        return demo_ ? demo_->adbEnvironment() : QProcessEnvironment();
+    }
+
+private:
+    static bool wantsADB(const CliRequest& request, const UserDefaults& defaults) {
+        const auto chosen = protocolModeFromRawValue(defaults.value(DeviceManager::protocolModesKey)
+                                                         .toObject()[DemoPhones::debuggedSerial]
+                                                         .toString());
+        return request.protocol.value_or(chosen.value_or(ProtocolMode::mtp)) ==
+               ProtocolMode::adbTurbo;
+    }
+
+    QTemporaryDir folder_;
+    std::unique_ptr<DemoPhones> demo_;
+    std::unique_ptr<USBBus> system_;
+    SystemMultiplexer multiplexer_;
+};
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const StopSignals signals;
+    QCoreApplication app(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("tessary-cli"));
+    std::FILE* out = takeStandardOutput();
+
+    const auto parsed = parseCommandLine(QCoreApplication::arguments().mid(1));
+    if (const auto* usage = std::get_if<CliUsage>(&parsed)) {
+        std::fputs(qUtf8Printable(usage->text), usage->exitStatus == 0 ? out : stderr);
+        std::fflush(out);
+        return usage->exitStatus;
+    }
+    const CliRequest& request = std::get<CliRequest>(parsed);
+
+    int status = CliRunner::failed;
+    std::jthread work([&] {
+        {
+            const auto defaults = makeSystemUserDefaults();
+            Phones phones(request, *defaults);
+            QtProcessRunner processes(phones.environment());
+            DeviceFileService files(phones.bus(), processes);
+            status = CliRunner(phones.sources(), files, *defaults, out, stderr)
+                         .run(request, signals.token());
+            if (!Background::shutDown(backgroundPatience)) {
+                std::fclose(out);
+                std::_Exit(status); // a phone that hangs uses what would go now
+            }
+        }
+        QMetaObject::invokeMethod(
+            &app, [] { QCoreApplication::quit(); }, Qt::QueuedConnection);
+    });
+    QCoreApplication::exec();
+    work.join();
+    std::fclose(out);
+    return status;
+}

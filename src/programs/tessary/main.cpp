@@ -1,0 +1,231 @@
+#include "adb/files/ADBTool.h"
+#include "app/QtTexts.h"
+#include "app/TessaryApp.h"
+#include "base/log/Product.h"
+#include "base/threads/Background.h"
+#include "ios/Multiplexer.h"
+#include "platform/desktop/DesktopNotifier.h"
+#include "platform/desktop/FileManager.h"
+#include "platform/desktop/SingleInstance.h"
+#include "platform/process/QtProcessRunner.h"
+#include "platform/settings/SystemUserDefaults.h"
+#include "platform/usb/SystemUSBBus.h"
+#include "simulator/demo/DemoPhones.h"
+#include "views/common/AppStyle.h"
+#include "views/common/Icons.h"
+#include "views/dialogs/UpdateAlerts.h"
+#include "views/tour/Tour.h"
+#include "views/window/ApplicationWindows.h"
+#include "views/window/MainWindow.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QMenuBar>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <string_view>
+
+using namespace tessary;
+
+namespace {
+
+/// Where the desktop leaves its leave to take the focus.
+constexpr const char* activationToken = "XDG_ACTIVATION_TOKEN";
+
+/// As fast as a good cable, and slow enough for progress to be seen.
+constexpr double demoMegabytesPerSecond = 30;
+
+/// The phones that the window works on: this machine's, or virtual ones.
+struct Phones {
+    explicit Phones(bool demo) {
+        if (demo)
+            virtualPhones = std::make_unique<DemoPhones>(folder.path(), demoMegabytesPerSecond);
+        else
+            systemBus = makeSystemUSBBus();
+    }
+
+    USBBus& bus() {
+        return virtualPhones ? virtualPhones->bus() : *systemBus;
+    }
+
+    /// This machine's iPhones and virtual ones are found alike: by the environment.
+    DeviceSources sources() {
+        return {bus(), &multiplexer, virtualPhones == nullptr || virtualPhones->startsADB()};
+    }
+    /// What leads child processes to these phones.
+    [[nodiscard]] QProcessEnvironment environment() const {
+        return virtualPhones ? virtualPhones->adbEnvironment() : QProcessEnvironment();
+    }
+
+    QTemporaryDir folder;
+    std::unique_ptr<DemoPhones> virtualPhones;
+    std::unique_ptr<USBBus> systemBus;
+    SystemMultiplexer multiplexer;
+};
+
+/// What the tour does to the first virtual phone; the others stay unplugged.
+TourPhone tourPhone(DemoPhones& phones) {
+    VirtualAndroid& phone = *phones.androids().front();
+    VirtualUSBBus& bus = phones.virtualBus();
+    TourPhone controls;
+    controls.plugIn = [&] { phone.plugInto(bus); };
+    controls.unplug = [&] { phone.unplug(); };
+    controls.setLocked = [&](bool locked) { phone.setLocked(locked); };
+    controls.setStorageFull = [&](bool full) {
+        phone.faults().update([full](VirtualFaults& faults) {
+            faults.errors.clear();
+            if (full)
+                faults.errors[static_cast<std::uint16_t>(MTPOperationCode::sendObjectInfo)] = {
+                    static_cast<std::uint16_t>(MTPResponseCode::storeFull), true};
+        });
+    };
+    controls.setHeld = [&](bool held) {
+        VirtualOpenFaults faults;
+        if (held)
+            faults.interfaceOpen = faults.interfaceSeize = usb::exclusiveAccess;
+        bus.setOpenFaults(phone.config().location, faults);
+        bus.setProgramsHolding(phone.config().location,
+                               held ? QStringList{QStringLiteral("gvfsd-mtp (process 2841)")}
+                                    : QStringList());
+    };
+    controls.setSpeed = [&](double megabytesPerSecond) {
+        phone.faults().update([megabytesPerSecond](VirtualFaults& faults) {
+            faults.megabytesPerSecond = megabytesPerSecond;
+        });
+    };
+    return controls;
+}
+
+/// The first iPhone likewise.
+TourIPhone tourIPhone(DemoPhones& phones) {
+    TourIPhone controls;
+    DemoIPhones* iPhones = phones.iPhones();
+    if (iPhones == nullptr)
+        throw std::runtime_error("the virtual iPhones cannot be reached");
+    VirtualIPhone& phone = *iPhones->phones().front();
+    controls.plugIn = [&phone, iPhones] { phone.plugInto(iPhones->mux()); };
+    controls.unplug = [&phone] { phone.unplug(); };
+    controls.setTrusted = [&phone](bool trusted) {
+        phone.setTrust(trusted ? VirtualTrust::trusted : VirtualTrust::asking);
+    };
+    controls.setSpeed = [&phone](double megabytesPerSecond) {
+        phone.faults().update([megabytesPerSecond](VirtualIPhoneFaults& faults) {
+            faults.megabytesPerSecond = megabytesPerSecond;
+        });
+    };
+    return controls;
+}
+
+/// Help and the version are there without a display, too.
+bool asksForText(int argc, char** argv) {
+    constexpr std::array<std::string_view, 5> options{"-h", "--help", "--help-all", "-v",
+                                                      "--version"};
+    return std::any_of(argv + 1, argv + argc, [&](const char* argument) {
+        return std::ranges::find(options, argument) != options.end();
+    });
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    // Avahi's library for DNS-SD asks on standard error for its own interface to be used instead.
+    qputenv("AVAHI_COMPAT_NOWARN", "1");
+    const std::unique_ptr<QCoreApplication> application =
+        asksForText(argc, argv) ? std::make_unique<QCoreApplication>(argc, argv)
+                                : std::make_unique<QApplication>(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("Tessary"));
+    QCoreApplication::setApplicationVersion(productVersion());
+    QGuiApplication::setDesktopFileName(QStringLiteral("tessary"));
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Browse phones and copy files to and from them."));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    const QCommandLineOption demo(QStringLiteral("demo"),
+                                  QStringLiteral("Work on virtual phones with sample files."));
+    const QCommandLineOption tour(QStringLiteral("tour"),
+                                  QStringLiteral("With --demo: walk through the window, write "
+                                                 "numbered screenshots into <folder> and end."),
+                                  QStringLiteral("folder"));
+    parser.addOptions({demo, tour});
+    parser.process(*application);
+    setUpStyle();
+    setUpIconTheme();
+
+    const bool isDemo = parser.isSet(demo) || parser.isSet(tour);
+
+    AppDelegate* delegate = nullptr;
+    // The virtual phones may be tried beside the real ones; a tour disturbs nobody.
+    SingleInstance instance(isDemo ? QStringLiteral("tessary-demo") : QStringLiteral("tessary"));
+    if (!parser.isSet(tour) &&
+        instance.claim(
+            [&delegate](const QByteArray& token) {
+                if (!token.isEmpty())
+                    qputenv(activationToken, token);
+                if (delegate != nullptr)
+                    delegate->reopen();
+            },
+            qgetenv(activationToken)) == SingleInstance::Outcome::raisedOther)
+        return 0;
+
+    Phones phones(isDemo);
+    // A tour unplugs the phones, which adb would go on showing.
+    if (isDemo && !parser.isSet(tour))
+        phones.virtualPhones->startADB(ADBTool::findAmong(ADBTool::defaultPaths()));
+    QtProcessRunner processes(phones.environment());
+    DeviceFileService files(phones.bus(), processes);
+    TessaryAppSetup setup;
+    setup.isDemo = phones.virtualPhones != nullptr;
+    setup.startDemo = [] {
+        QProcess::startDetached(QCoreApplication::applicationFilePath(),
+                                {QStringLiteral("--demo")});
+        QApplication::closeAllWindows();
+    };
+    if (isDemo)
+        setup.network = phones.virtualPhones->network();
+    if (!parser.isSet(tour))
+        setup.defaults = makeSystemUserDefaults();
+    setup.showInFolder = [](const QString& path) {
+        showInFileManager(path, [path] {
+            QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(path).absolutePath()));
+        });
+    };
+    if (!parser.isSet(tour))
+        setup.notifier = std::make_shared<DesktopNotifier>();
+    setup.openAddress = [](const QUrl& address) { QDesktopServices::openUrl(address); };
+    TessaryApp app(phones.sources(), files, setup);
+    if (parser.isSet(tour)) {
+        for (const auto& phone : phones.virtualPhones->androids())
+            phone->unplug();
+        for (const auto& phone : phones.virtualPhones->iPhones()->phones())
+            phone->unplug();
+    }
+    const QtTexts qtTexts;
+    MainWindow window(app);
+    window.show();
+    if (!parser.isSet(tour)) {
+        ApplicationWindows windows(window);
+        UpdateAlerts alerts(app.updateChecker(), window);
+        alerts.addCommand(*window.menuBar());
+        delegate = &windows.delegate();
+        delegate->applicationDidFinishLaunching();
+        if (!isDemo)
+            app.updateChecker().checkAtStart();
+        const int status = QApplication::exec();
+        delegate = nullptr;
+        if (!app.stop())
+            std::_Exit(status); // a phone that hangs uses what would go now
+        return status;
+    }
+    Tour walk(window, tourPhone(*phones.virtualPhones), tourIPhone(*phones.virtualPhones),
+              parser.value(tour));
+    QMetaObject::invokeMethod(
+        &window, [&] { QApplication::exit(walk.run() ? 0 : 1); }, Qt::QueuedConnection);
+    return QApplication::exec();
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "phone/records/DeviceInfo.h"
+#include "sync/plan/SyncPair.h"
+#include "sync/run/SyncDeviceBackend.h"
+
+#include <functional>
+#include <memory>
+#include <stop_token>
+
+namespace tessary {
+
+class DeviceFileService;
+
+/// Connects to the device side of a pair. Blocking, off the main thread; throws the errors of the
+/// device's layer and CancellationError.
+using SyncConnector = std::function<std::unique_ptr<SyncDeviceBackend>(
+    const SyncPair& pair, const DeviceInfo& device, const std::stop_token& stop)>;
+
+/// Connects to real devices: to an app's documents on an iPhone, or to an Android phone through
+/// `files`, which must outlive all that it connects.
+[[nodiscard]] SyncConnector deviceConnector(DeviceFileService& files);
+
+} // namespace tessary

@@ -1,0 +1,133 @@
+#pragma once
+
+#include "phone/records/AppInfo.h"
+#include "phone/records/DeviceInfo.h"
+#include "platform/settings/UserDefaults.h"
+#include "sync/manager/SyncConnection.h"
+#include "sync/plan/SyncPair.h"
+#include "sync/plan/SyncReport.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <deque>
+#include <functional>
+#include <optional>
+#include <stop_token>
+#include <vector>
+
+namespace tessary {
+
+class DeviceManager;
+
+/// The sync pairs and their runs, one at a time and in the order they were asked for. Lives on the
+/// main thread and never makes it wait: the work is done in the background, and its state arrives
+/// in the pair list.
+class SyncManager : public QObject {
+    Q_OBJECT
+
+public:
+    static constexpr QLatin1StringView userDefaultsKey{"Tessary_SyncPairs"};
+    static constexpr QLatin1StringView historyKey{"Tessary_SyncHistory"};
+
+    /// Asks the user. The completion is called once, at any time, on the main thread: delete (or
+    /// create again) or not. A run that is cancelled meanwhile needs no answer any more.
+    using OnDeleteConfirm =
+        std::function<void(const SyncQuestion& question, std::function<void(bool)> completion)>;
+
+    /// Loads the pairs. `defaults` must outlive the manager, and what `connect` uses the work in
+    /// the background.
+    SyncManager(UserDefaults& defaults, SyncConnector connect, QObject* parent = nullptr);
+    /// Cancels what runs; nothing waits for its end.
+    ~SyncManager() override;
+
+    [[nodiscard]] const std::vector<SyncPair>& syncPairs() const {
+        return pairs_;
+    }
+    [[nodiscard]] const SyncPair* pair(const QUuid& id) const;
+    void loadSyncPairs();
+    void saveSyncPairs();
+    void addSyncPair(const SyncPair& pair);
+    /// Replaces the pair with this id. A pair that runs keeps its state.
+    void updateSyncPair(const SyncPair& pair);
+    /// Cancels the pair's run, too. Its manifests stay.
+    void removeSyncPair(const QUuid& id);
+    /// This computer's name in manifests; made on first use.
+    [[nodiscard]] QString macHostID();
+
+    /// The folder that is being browsed, of which a pair may be made.
+    void setBrowsingContext(std::optional<DeviceInfo> device, std::optional<AppInfo> app,
+                            const QString& remotePath);
+    [[nodiscard]] const std::optional<DeviceInfo>& activeDevice() const {
+        return activeDevice_;
+    }
+    [[nodiscard]] const std::optional<AppInfo>& activeApp() const {
+        return activeApp_;
+    }
+    [[nodiscard]] const QString& activeRemotePath() const {
+        return activeRemotePath_;
+    }
+
+    /// Runs every pair, in the order of the list.
+    void syncAll(DeviceManager& deviceManager, const OnDeleteConfirm& onDeleteConfirm);
+    /// Runs one pair, after those that wait already. Nothing happens when it runs or waits.
+    void syncPair(const QUuid& id, DeviceManager& deviceManager,
+                  const OnDeleteConfirm& onDeleteConfirm);
+    /// Ends the pair's run, or takes it out of the queue; its status becomes `idle`.
+    void cancel(const QUuid& id);
+    void cancelAll();
+    [[nodiscard]] bool isRunning() const {
+        return running_.has_value();
+    }
+    [[nodiscard]] bool isRunningOrWaiting(const QUuid& id) const;
+
+    /// What a run of a pair, which need not be in the list, would do. The result, or the error's
+    /// text, comes later on the main thread; after a stop request neither comes.
+    using PreviewDone = std::function<void(std::optional<SyncPreview> preview, QString error)>;
+    std::stop_source preview(const SyncPair& pair, DeviceManager& deviceManager, PreviewDone done);
+
+    /// The last run of a pair in one line; empty before there was one.
+    [[nodiscard]] QString historyLine(const QUuid& id) const;
+
+Q_SIGNALS:
+    /// Pairs were added, removed or replaced.
+    void syncPairsChanged();
+    /// A pair's status, progress or history is another one.
+    void syncPairChanged(const QUuid& id);
+    /// "Tessary_SyncDidComplete": a run ended well.
+    void syncDidComplete(const QUuid& id);
+    /// No run is under way or waits any more.
+    void idle();
+
+private:
+    struct Job {
+        QUuid id;
+        QPointer<DeviceManager> deviceManager;
+        OnDeleteConfirm confirm;
+    };
+    struct Running {
+        QUuid id;
+        std::stop_source stop;
+        bool isCancelled = false;
+    };
+
+    [[nodiscard]] SyncPair* find(const QUuid& id);
+    void startNext();
+    void start(const Job& job);
+    void setStatus(const QUuid& id, const SyncStatus& status);
+    void setProgress(const QUuid& id, const SyncProgress& progress);
+    void ended(const QUuid& id, const std::function<SyncReport()>& result);
+    void finish(const QUuid& id, const SyncStatus& status, const QString& stage);
+    void addHistory(const QUuid& id, const QString& line);
+
+    UserDefaults& defaults_;
+    const SyncConnector connect_;
+    std::vector<SyncPair> pairs_;
+    std::deque<Job> waiting_;
+    std::optional<Running> running_;
+    std::optional<DeviceInfo> activeDevice_;
+    std::optional<AppInfo> activeApp_;
+    QString activeRemotePath_;
+};
+
+} // namespace tessary

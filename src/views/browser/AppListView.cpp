@@ -1,0 +1,212 @@
+#include "views/browser/AppListView.h"
+
+#include "app/LanguageManager.h"
+#include "app/Translations.h"
+#include "base/text/Printable.h"
+#include "views/common/Icons.h"
+#include "views/common/PlaceholderView.h"
+#include "views/common/RowGround.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPainter>
+#include <QStackedWidget>
+#include <QStandardItemModel>
+#include <QStyledItemDelegate>
+
+namespace tessary {
+
+namespace {
+
+constexpr int iconSize = 40;
+constexpr int margin = 10;
+
+/// A row: a tile with the app's first letter, its name, and its identifier below.
+class AppRowDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const override {
+        return {200, iconSize + 2 * margin};
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        const bool isSelected = (option.state & QStyle::State_Selected) != 0;
+        const QPalette& palette = option.palette;
+        const QString name = index.data(Qt::DisplayRole).toString();
+        const QString identifier = index.data(Qt::UserRole).toString();
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        const QRect card = option.rect.adjusted(8, 1, -8, -1);
+        paintRowGround(*painter, option, card);
+        painter->setPen(Qt::NoPen);
+        const QRect tile(card.left() + margin, card.center().y() - iconSize / 2, iconSize,
+                         iconSize);
+        // The same app has the same colour every time.
+        const auto hue = static_cast<int>(qChecksum(identifier.toUtf8()) % 360);
+        painter->setBrush(QColor::fromHsv(hue, 120, 190));
+        painter->drawRoundedRect(tile, 9, 9);
+        QFont letter = option.font;
+        letter.setPointSizeF(letter.pointSizeF() * 1.5);
+        letter.setWeight(QFont::DemiBold);
+        painter->setFont(letter);
+        painter->setPen(Qt::white);
+        painter->drawText(tile, Qt::AlignCenter, name.left(1).toUpper());
+
+        const QColor text =
+            palette.color(isSelected ? QPalette::HighlightedText : QPalette::WindowText);
+        const QRect texts = card.adjusted(iconSize + 2 * margin, 0, -margin, 0);
+        const int line = option.fontMetrics.height();
+        QRect first(texts.left(), texts.center().y() - line, texts.width(), line);
+        painter->setFont(option.font);
+        painter->setPen(text);
+        painter->drawText(first, Qt::AlignVCenter | Qt::AlignLeft,
+                          option.fontMetrics.elidedText(name, Qt::ElideRight, texts.width()));
+        QColor faint = text;
+        faint.setAlphaF(0.65F);
+        QFont small = option.font;
+        small.setPointSizeF(small.pointSizeF() * 0.88);
+        painter->setFont(small);
+        painter->setPen(faint);
+        painter->drawText(
+            first.translated(0, line), Qt::AlignVCenter | Qt::AlignLeft,
+            QFontMetrics(small).elidedText(identifier, Qt::ElideMiddle, texts.width()));
+        painter->restore();
+    }
+};
+
+} // namespace
+
+AppListView::AppListView(AppListViewModel& apps, std::function<void(const AppInfo&)> choose,
+                         QWidget* parent)
+    : QWidget(parent),
+      apps_(apps),
+      choose_(std::move(choose)),
+      search_(new QLineEdit),
+      stack_(new QStackedWidget),
+      list_(new QListView),
+      rows_(new QStandardItemModel(this)),
+      placeholder_(new PlaceholderView) {
+    setObjectName(QStringLiteral("appListView"));
+    search_->setObjectName(QStringLiteral("appSearch"));
+    search_->setClearButtonEnabled(true);
+    search_->setFixedWidth(220);
+    search_->installEventFilter(this);
+    list_->setObjectName(QStringLiteral("appList"));
+    list_->setModel(rows_);
+    list_->setItemDelegate(new AppRowDelegate(list_));
+    list_->setFrameShape(QFrame::NoFrame);
+    list_->setMouseTracking(true);
+    list_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    list_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    list_->setUniformItemSizes(true);
+    list_->installEventFilter(this);
+    stack_->addWidget(list_);
+    stack_->addWidget(placeholder_);
+    auto* title = new QLabel;
+    QFont bold = title->font();
+    bold.setWeight(QFont::DemiBold);
+    title->setFont(bold);
+    keepTranslated(this, [this, title] {
+        title->setText(tessary::tr("browser.apps"));
+        search_->setPlaceholderText(tessary::tr("browser.filter"));
+        search_->setAccessibleName(tessary::tr("browser.filter"));
+        list_->setAccessibleName(tessary::tr("browser.apps"));
+        show();
+    });
+
+    auto* bar = new QHBoxLayout;
+    bar->setContentsMargins(18, 9, 10, 9);
+    bar->addWidget(title);
+    bar->addStretch(1);
+    bar->addWidget(search_);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addLayout(bar);
+    column->addWidget(stack_, 1);
+
+    connect(search_, &QLineEdit::textChanged, this,
+            [this](const QString& text) { apps_.setSearchText(text); });
+    connect(list_, &QListView::clicked, this, &AppListView::open);
+    connect(&apps, &AppListViewModel::changed, this, &AppListView::show);
+}
+
+void AppListView::show() {
+    if (search_->text() != apps_.searchText())
+        search_->setText(apps_.searchText());
+    search_->setEnabled(!apps_.apps().empty());
+    const auto error = apps_.error().value_or(ErrorAdvice{});
+    switch (apps_.state()) {
+    case AppListState::ready:
+        showRows();
+        stack_->setCurrentWidget(list_);
+        return;
+    case AppListState::idle:
+    case AppListState::loading:
+        if (!apps_.apps().empty()) {
+            showRows();
+            stack_->setCurrentWidget(list_);
+            return;
+        }
+        placeholder_->show(QStringLiteral("phone"), tessary::tr("Looking for apps…"), {}, {}, {},
+                           true);
+        break;
+    case AppListState::empty:
+        placeholder_->show(QStringLiteral("phone"), tessary::tr("No Apps That Share Files"),
+                           tessary::tr(AppListViewModel::emptyExplanation),
+                           tessary::tr("browser.retry"), [this] { apps_.reload(); });
+        break;
+    case AppListState::noMatch:
+        placeholder_->show(QStringLiteral("edit-find"), tessary::tr("No Matching Apps"), {},
+                           tessary::tr("Clear the Filter"), [this] { search_->clear(); });
+        break;
+    case AppListState::failed:
+        placeholder_->show(QStringLiteral("dialog-error"), tessary::tr("browser.connectionFailed"),
+                           tessary::tr(error.advice) + QLatin1Char('\n') + trMessage(error.message),
+                           tessary::tr("browser.retry"), [this] { apps_.reload(); });
+        break;
+    }
+    stack_->setCurrentWidget(placeholder_);
+}
+
+void AppListView::showRows() {
+    std::vector<AppInfo> apps = apps_.filteredApps();
+    if (apps == shown_)
+        return;
+    shown_ = std::move(apps);
+    rows_->clear();
+    for (const AppInfo& app : shown_) {
+        auto* row = new QStandardItem(printable(app.displayName));
+        row->setData(printable(app.bundleIdentifier), Qt::UserRole);
+        rows_->appendRow(row);
+    }
+    list_->setCurrentIndex(rows_->index(0, 0));
+}
+
+void AppListView::open(const QModelIndex& index) {
+    if (index.isValid() && index.row() < static_cast<int>(shown_.size()))
+        choose_(shown_[static_cast<std::size_t>(index.row())]);
+}
+
+bool AppListView::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+        open(list_->currentIndex());
+        return true;
+    }
+    if (watched == search_ && key == Qt::Key_Escape)
+        search_->clear();
+    if (watched == search_ && key == Qt::Key_Down)
+        list_->setFocus();
+    return false;
+}
+
+} // namespace tessary

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "browser/model/AppListViewModel.h"
+#include "phone/records/AppInfo.h"
+
+#include <QWidget>
+
+#include <functional>
+
+class QLineEdit;
+class QListView;
+class QStackedWidget;
+class QStandardItemModel;
+
+namespace tessary {
+
+class PlaceholderView;
+
+/// The apps of an iPhone, of which one is chosen to see its documents.
+class AppListView : public QWidget {
+public:
+    /// `apps` must outlive the view.
+    AppListView(AppListViewModel& apps, std::function<void(const AppInfo&)> choose,
+                QWidget* parent = nullptr);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void show();
+    void showRows();
+    void open(const QModelIndex& index);
+
+    AppListViewModel& apps_;
+    const std::function<void(const AppInfo&)> choose_;
+    std::vector<AppInfo> shown_;
+    QLineEdit* search_;
+    QStackedWidget* stack_;
+    QListView* list_;
+    QStandardItemModel* rows_;
+    PlaceholderView* placeholder_;
+};
+
+} // namespace tessary

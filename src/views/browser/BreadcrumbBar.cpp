@@ -1,0 +1,156 @@
+#include "views/browser/BreadcrumbBar.h"
+
+#include "app/Translations.h"
+#include "base/text/Printable.h"
+#include "views/browser/PathEdit.h"
+#include "views/common/PlainText.h"
+
+#include <QFontMetrics>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QToolButton>
+
+namespace tessary {
+
+namespace {
+
+constexpr int longestPart = 220; // pixels; longer names are cut in the middle
+constexpr int partPadding = 26;  // pixels around a name, separator included
+
+} // namespace
+
+BreadcrumbBar::BreadcrumbBar(QWidget* parent) : QWidget(parent), layout_(new QHBoxLayout(this)) {
+    setObjectName(QStringLiteral("breadcrumbs"));
+    layout_->setContentsMargins(0, 0, 0, 0);
+    layout_->setSpacing(0);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    setMinimumHeight(30);
+    setCursor(Qt::IBeamCursor);
+}
+
+void BreadcrumbBar::setPath(std::vector<Breadcrumb> path) {
+    const bool isOther = path != path_;
+    path_ = std::move(path);
+    if (isOther)
+        stopTyping();
+    rebuild();
+}
+
+void BreadcrumbBar::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton)
+        startTyping();
+}
+
+void BreadcrumbBar::startTyping() {
+    if (edit_ == nullptr) {
+        edit_ = new PathEdit(
+            {typing_.complete, typing_.enter, [this] { stopTyping(); }, typing_.changed}, this);
+        edit_->setAccessibleName(tessary::tr("Path"));
+        edit_->setCursor(Qt::IBeamCursor);
+        edit_->setText(typing_.path());
+        rebuild();
+    }
+    edit_->show();
+    edit_->setFocus();
+    edit_->selectAll();
+}
+
+void BreadcrumbBar::stopTyping() {
+    PathEdit* edit = std::exchange(edit_, nullptr);
+    if (edit == nullptr)
+        return;
+    const bool hadFocus = edit->hasFocus();
+    edit->hide();
+    edit->deleteLater(); // it may be what calls
+    rebuild();
+    if (hadFocus)
+        typing_.ended();
+}
+
+void BreadcrumbBar::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    rebuild();
+}
+
+int BreadcrumbBar::widthOf(const Breadcrumb& part) const {
+    return std::min(fontMetrics().horizontalAdvance(part.name), longestPart) + partPadding;
+}
+
+void BreadcrumbBar::rebuild() {
+    while (QLayoutItem* old = layout_->takeAt(0)) {
+        QWidget* widget = old->widget();
+        if (widget != nullptr && widget != edit_) {
+            widget->hide();
+            widget->deleteLater();
+        }
+        delete old;
+    }
+    if (edit_ != nullptr) {
+        layout_->addWidget(edit_);
+        return;
+    }
+    if (path_.empty())
+        return;
+    // The last part always shows; from there towards the root as many as there is room for.
+    int room = width() - widthOf(path_.front()) - 40;
+    std::size_t first = path_.size();
+    while (first > 1 && (first == path_.size() || room - widthOf(path_[first - 1]) > 0))
+        room -= widthOf(path_[--first]);
+    addPart(path_.front(), path_.size() == 1);
+    if (first > 1)
+        addOverflow(1, first);
+    for (std::size_t i = first; i < path_.size(); ++i) {
+        addSeparator();
+        addPart(path_[i], i + 1 == path_.size());
+    }
+    layout_->addStretch(1);
+}
+
+void BreadcrumbBar::addPart(const Breadcrumb& part, bool isLast) {
+    auto* button = new QToolButton;
+    button->setCursor(Qt::ArrowCursor);
+    button->setAutoRaise(true);
+    button->setText(fontMetrics()
+                        .elidedText(part.name, Qt::ElideMiddle, longestPart)
+                        .replace(QLatin1Char('&'), QStringLiteral("&&")));
+    button->setAccessibleName(part.name);
+    button->setToolTip(plainToolTip(printable(part.path)));
+    if (isLast) {
+        QFont bold = button->font();
+        bold.setWeight(QFont::DemiBold);
+        button->setFont(bold);
+    }
+    connect(button, &QToolButton::clicked, this, [this, path = part.path] {
+        if (onChosen_)
+            onChosen_(path);
+    });
+    layout_->addWidget(button);
+}
+
+void BreadcrumbBar::addOverflow(std::size_t first, std::size_t end) {
+    addSeparator();
+    auto* button = new QToolButton;
+    button->setCursor(Qt::ArrowCursor);
+    button->setAutoRaise(true);
+    button->setText(QStringLiteral("…"));
+    button->setAccessibleName(tessary::tr("Folders in between"));
+    button->setPopupMode(QToolButton::InstantPopup);
+    auto* menu = new QMenu(button);
+    for (std::size_t i = first; i < end; ++i)
+        menu->addAction(path_[i].name, this, [this, path = path_[i].path] {
+            if (onChosen_)
+                onChosen_(path);
+        });
+    button->setMenu(menu);
+    layout_->addWidget(button);
+}
+
+void BreadcrumbBar::addSeparator() {
+    auto* separator = new QLabel(QStringLiteral("›"));
+    separator->setForegroundRole(QPalette::PlaceholderText);
+    layout_->addWidget(separator);
+}
+
+} // namespace tessary

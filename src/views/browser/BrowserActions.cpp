@@ -1,0 +1,118 @@
+#include "views/browser/BrowserActions.h"
+
+#include "app/LanguageManager.h"
+#include "app/Translations.h"
+#include "views/common/Icons.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QKeySequence>
+#include <QToolButton>
+#include <QWidget>
+
+#include <array>
+
+namespace tessary {
+
+namespace {
+
+struct Row {
+    QAction* BrowserActions::*action;
+    const char* icon;
+    const char* key; ///< for tr()
+    QList<QKeySequence> shortcuts;
+};
+
+// Where a Mac's file manager has other keys than a Linux desktop's. Qt's "Ctrl" is its Command key.
+#ifdef Q_OS_MACOS
+constexpr auto backKey = Qt::CTRL | Qt::Key_BracketLeft;
+constexpr auto forwardKey = Qt::CTRL | Qt::Key_BracketRight;
+constexpr auto upKey = Qt::CTRL | Qt::Key_Up;
+constexpr auto openKey = Qt::CTRL | Qt::Key_Down;
+constexpr auto removeKey = Qt::CTRL | Qt::Key_Backspace;
+#else
+constexpr auto backKey = Qt::ALT | Qt::Key_Left;
+constexpr auto forwardKey = Qt::ALT | Qt::Key_Right;
+constexpr auto upKey = Qt::ALT | Qt::Key_Up;
+constexpr auto openKey = Qt::ALT | Qt::Key_Down;
+constexpr auto removeKey = Qt::Key_Delete;
+#endif
+
+QList<QKeySequence> keys(auto... sequences) {
+    return {QKeySequence(sequences)...};
+}
+
+const std::array<Row, 21>& commands() {
+    using Actions = BrowserActions;
+    static const std::array<Row, 21> rows{{
+        {&Actions::back, "go-previous", "Back", keys(backKey)},
+        {&Actions::forward, "go-next", "Forward", keys(forwardKey)},
+        {&Actions::up, "go-up", "Enclosing Folder", keys(upKey)},
+        {&Actions::goTo, "edit-rename", "Go to Folder…",
+         keys(Qt::CTRL | Qt::Key_L, Qt::CTRL | Qt::SHIFT | Qt::Key_G)},
+        {&Actions::reload, "view-refresh", "Reload", keys(Qt::Key_F5, Qt::CTRL | Qt::Key_R)},
+        {&Actions::open, "document-open-folder", "browser.openFolder", keys(openKey)},
+        {&Actions::newFolder, "folder-new", "browser.newFolder",
+         keys(Qt::CTRL | Qt::SHIFT | Qt::Key_N)},
+        {&Actions::rename, "edit-rename", "browser.rename", keys(Qt::Key_F2)},
+        {&Actions::remove, "edit-delete", "browser.delete", keys(removeKey)},
+        {&Actions::download, "download", "browser.download", keys(Qt::CTRL | Qt::Key_D)},
+        {&Actions::uploadFiles, "document-import", "Copy Files Here…", keys(Qt::CTRL | Qt::Key_U)},
+        {&Actions::uploadFolder, "document-import", "Copy a Folder Here…",
+         keys(Qt::CTRL | Qt::SHIFT | Qt::Key_U)},
+        {&Actions::selectAll, "edit-select-all", "Select All", keys(QKeySequence::SelectAll)},
+        {&Actions::find, "edit-find", "Filter", keys(QKeySequence::Find)},
+        {&Actions::asList, "view-list-details", "As List", keys(Qt::CTRL | Qt::Key_1)},
+        {&Actions::asGrid, "view-list-icons", "As Grid", keys(Qt::CTRL | Qt::Key_2)},
+        {&Actions::favorite, "bookmark-new", "browser.addToFavorites", keys(Qt::CTRL | Qt::Key_B)},
+        {&Actions::apps, "view-list-icons", "browser.apps", keys(Qt::CTRL | Qt::SHIFT | Qt::Key_A)},
+        {&Actions::sync, "folder-sync", "Sync", keys(Qt::CTRL | Qt::Key_Y)},
+        {&Actions::quickLook, "view-preview", "browser.quickLook", keys(Qt::Key_Space)},
+        {&Actions::properties, "document-properties", "Properties",
+         keys(Qt::ALT | Qt::Key_Return, Qt::ALT | Qt::Key_Enter, Qt::CTRL | Qt::Key_I)},
+    }};
+    return rows;
+}
+
+} // namespace
+
+BrowserActions::BrowserActions(QWidget& owner) {
+    for (const Row& row : commands()) {
+        auto* action = new QAction(icon(row.icon), QString(), &owner);
+        action->setShortcuts(row.shortcuts);
+        action->setShortcutContext(Qt::WindowShortcut);
+        keepTranslated(action, [action, key = row.key] {
+            const QString text = tessary::tr(key);
+            const QString shortcut = action->shortcut().toString(QKeySequence::NativeText);
+            action->setText(text);
+            action->setToolTip(shortcut.isEmpty() ? text
+                                                  : QStringLiteral("%1 (%2)").arg(text, shortcut));
+        });
+        owner.addAction(action);
+        this->*row.action = action;
+    }
+    auto* modes = new QActionGroup(&owner);
+    for (QAction* mode : {asList, asGrid}) {
+        mode->setCheckable(true);
+        modes->addAction(mode);
+    }
+    asList->setChecked(true);
+    // A key that also edits text belongs to the field that has the focus.
+    for (QAction* action : {remove, selectAll, rename})
+        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    // Space has other uses wherever there are no files.
+    quickLook->setShortcutContext(Qt::WidgetShortcut);
+}
+
+QToolButton* makeToolButton(QAction& action) {
+    auto* button = new QToolButton;
+    button->setDefaultAction(&action);
+    button->setAutoRaise(true);
+    button->setIconSize({22, 22});
+    const auto takeName = [button, &action] { button->setAccessibleName(action.text()); };
+    takeName();
+    QObject::connect(&action, &QAction::changed, button, takeName);
+    return button;
+}
+
+} // namespace tessary

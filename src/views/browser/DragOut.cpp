@@ -1,0 +1,63 @@
+#include "views/browser/DragOut.h"
+
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QTimer>
+
+namespace tessary {
+
+namespace {
+
+constexpr QLatin1StringView uriList("text/uri-list");
+
+QStringList idsOf(const std::vector<FileItem>& items) {
+    QStringList ids;
+    for (const FileItem& item : items)
+        ids.append(item.id());
+    return ids;
+}
+
+} // namespace
+
+DragOutData::DragOutData(FileBrowserViewModel& browser, QString identity,
+                         std::vector<FileItem> items)
+    : EntryMimeData(std::move(identity), std::move(items)) {
+    stop_ =
+        browser.prepareDragURLs(idsOf(this->items()), [copies = copies_](const DragFiles& files) {
+            copies->areMade = true;
+            // All or nothing: half of what was dragged would look like all of it.
+            if (!files.notReady.empty())
+                return;
+            for (const QString& path : files.localPaths)
+                copies->urls.append(QUrl::fromLocalFile(path));
+        });
+}
+
+DragOutData::~DragOutData() {
+    stop_.request_stop(); // what is not there by now is not dropped any more
+}
+
+bool DragOutData::hasFormat(const QString& mimeType) const {
+    return mimeType == uriList || EntryMimeData::hasFormat(mimeType);
+}
+
+QStringList DragOutData::formats() const {
+    return EntryMimeData::formats() + QStringList{QString(uriList)};
+}
+
+QVariant DragOutData::retrieveData(const QString& mimeType, QMetaType type) const {
+    if (mimeType != uriList)
+        return EntryMimeData::retrieveData(mimeType, type);
+    const std::shared_ptr<Copies> copies = copies_;
+    QElapsedTimer clock;
+    clock.start();
+    while (!copies->areMade && clock.elapsed() < std::chrono::milliseconds(patience).count()) {
+        // Painting goes on; what the user does meanwhile waits for the drop.
+        QEventLoop loop;
+        QTimer::singleShot(20, &loop, &QEventLoop::quit);
+        loop.exec(QEventLoop::ExcludeUserInputEvents);
+    }
+    return copies->urls;
+}
+
+} // namespace tessary

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "browser/listing/EntryMimeData.h"
+#include "browser/model/FileBrowserViewModel.h"
+
+#include <QList>
+#include <QUrl>
+
+#include <memory>
+#include <stop_token>
+
+namespace tessary {
+
+/// Entries on their way out of the window. Local copies are made from the moment the drag begins;
+/// a program that they are dropped on gets them once they are whole, or nothing.
+class DragOutData : public EntryMimeData {
+public:
+    /// How long a drop waits for copies that are not there yet.
+    static constexpr std::chrono::seconds patience{8};
+
+    DragOutData(FileBrowserViewModel& browser, QString identity, std::vector<FileItem> items);
+    ~DragOutData() override;
+
+    [[nodiscard]] bool hasFormat(const QString& mimeType) const override;
+    [[nodiscard]] QStringList formats() const override;
+
+protected:
+    QVariant retrieveData(const QString& mimeType, QMetaType type) const override;
+
+private:
+    struct Copies {
+        bool areMade = false;
+        QList<QVariant> urls;
+    };
+    std::stop_source stop_{std::nostopstate};
+    std::shared_ptr<Copies> copies_ = std::make_shared<Copies>();
+};
+
+} // namespace tessary

@@ -1,0 +1,204 @@
+#include "views/browser/FileViews.h"
+
+#include "app/Translations.h"
+#include "base/text/Printable.h"
+#include "views/browser/DragOut.h"
+#include "views/browser/FileItemDelegate.h"
+#include "views/browser/ThumbnailStore.h"
+#include "views/common/Icons.h"
+
+#include <QDrag>
+#include <QHeaderView>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace tessary {
+
+namespace {
+
+void setUp(QAbstractItemView& view, FileListModel& model) {
+    view.setModel(&model);
+    view.setItemDelegate(new FileItemDelegate(&view));
+    view.setSelectionMode(QAbstractItemView::ExtendedSelection);
+    view.setSelectionBehavior(QAbstractItemView::SelectRows);
+    view.setEditTriggers(QAbstractItemView::EditKeyPressed);
+    view.setDragDropMode(QAbstractItemView::DragOnly); // drops are the browser view's
+    view.setContextMenuPolicy(Qt::CustomContextMenu);
+    view.setFrameShape(QFrame::NoFrame);
+    view.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+}
+
+/// Drags the selected entries, under a picture of what is dragged.
+void dragSelected(QAbstractItemView& view, FileBrowserViewModel& browser) {
+    std::vector<FileItem> items = browser.selectedEntries();
+    if (items.empty() || browser.files() == nullptr)
+        return;
+    const QFontMetrics metrics = view.fontMetrics();
+    const QString label =
+        items.size() == 1 ? metrics.elidedText(printable(items.front().name), Qt::ElideMiddle, 220)
+                          : tessary::tr("%1 items").arg(items.size());
+    const QIcon icon = fileIcon(items.front().iconName());
+    constexpr int iconSize = 32;
+    constexpr int margin = 8;
+    const qreal ratio = view.devicePixelRatioF();
+    QPixmap picture(
+        (QSizeF(iconSize + metrics.horizontalAdvance(label) + 3 * margin, iconSize + 2 * margin) *
+         ratio)
+            .toSize());
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::transparent);
+    {
+        QPainter painter(&picture);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(view.palette().highlight());
+        const QRectF ground(QPointF(0, 0), QSizeF(picture.size()) / ratio);
+        painter.drawRoundedRect(ground, margin, margin);
+        icon.paint(&painter, margin, margin, iconSize, iconSize);
+        painter.setPen(view.palette().color(QPalette::HighlightedText));
+        painter.drawText(ground.adjusted(iconSize + 2 * margin, 0, -margin, 0),
+                         Qt::AlignVCenter | Qt::AlignLeft, label);
+    }
+    auto* drag = new QDrag(&view);
+    drag->setMimeData(new DragOutData(browser, browser.files()->identity(), std::move(items)));
+    drag->setPixmap(picture);
+    drag->setHotSpot({margin, margin});
+    drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::CopyAction);
+}
+
+QSet<QString> selectedIds(const QItemSelectionModel& selection) {
+    QSet<QString> ids;
+    for (const QModelIndex& index : selection.selectedRows(FileListModel::nameColumn))
+        ids.insert(index.data(FileListModel::idRole).toString());
+    return ids;
+}
+
+/// Neighbouring rows become one range: a selection of everything is one range, not 100,000.
+QItemSelection rangesOf(const FileListModel& model, const QSet<QString>& ids) {
+    QList<int> rows;
+    for (const QString& id : ids)
+        if (const QModelIndex index = model.indexOf(id); index.isValid())
+            rows.append(index.row());
+    std::sort(rows.begin(), rows.end());
+    QItemSelection selection;
+    for (qsizetype i = 0; i < rows.size();) {
+        qsizetype end = i;
+        while (end + 1 < rows.size() && rows[end + 1] == rows[end] + 1)
+            ++end;
+        selection.append(QItemSelectionRange(
+            model.index(rows[i], 0), model.index(rows[end], FileListModel::columnsInAll - 1)));
+        i = end + 1;
+    }
+    return selection;
+}
+
+} // namespace
+
+void connectSelection(QAbstractItemView& view, FileListModel& model,
+                      FileBrowserViewModel& browser) {
+    QItemSelectionModel* selection = view.selectionModel();
+    const auto take = [&browser, selection] {
+        const QString current = selection->currentIndex()
+                                    .siblingAtColumn(FileListModel::nameColumn)
+                                    .data(FileListModel::idRole)
+                                    .toString();
+        browser.setSelection(selectedIds(*selection), current);
+    };
+    QObject::connect(selection, &QItemSelectionModel::selectionChanged, &browser, take);
+    QObject::connect(
+        &browser, &FileBrowserViewModel::selectionChanged, selection,
+        [&view, &model, &browser, selection] {
+            if (selectedIds(*selection) == browser.selectedItems())
+                return;
+            const QSignalBlocker quiet(&browser);
+            // First: the browser takes a selection over with the view's current entry.
+            const auto current = browser.currentItemID();
+            const QModelIndex index = current ? model.indexOf(*current) : QModelIndex();
+            if (index.isValid())
+                selection->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+            selection->select(rangesOf(model, browser.selectedItems()),
+                              QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+            if (index.isValid())
+                view.scrollTo(index);
+        });
+}
+
+FileTableView::FileTableView(FileBrowserViewModel& browser, FileListModel& model, QWidget* parent)
+    : QTreeView(parent), browser_(browser) {
+    setObjectName(QStringLiteral("fileTable"));
+    setUp(*this, model);
+    setRootIsDecorated(false);
+    setUniformRowHeights(true);
+    setAlternatingRowColors(true);
+    setAllColumnsShowFocus(true);
+    setSortingEnabled(true);
+    setIconSize({24, 24});
+    sortByColumn(FileListModel::nameColumn, Qt::AscendingOrder);
+    connect(&browser, &FileBrowserViewModel::sortOrderChanged, this, [this] {
+        if (browser_.sortOrder().empty())
+            return;
+        const FileComparator& first = browser_.sortOrder().front();
+        header()->setSortIndicator(static_cast<int>(first.field),
+                                   first.descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+    });
+    header()->setStretchLastSection(false);
+    header()->setSectionResizeMode(FileListModel::nameColumn, QHeaderView::Stretch);
+    header()->setHighlightSections(false);
+    header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    header()->resizeSection(FileListModel::sizeColumn, 110);
+    header()->resizeSection(FileListModel::dateColumn, 170);
+    header()->resizeSection(FileListModel::kindColumn, 130);
+}
+
+void FileTableView::keyboardSearch(const QString& search) {
+    browser_.handleTypeahead(search);
+}
+
+void FileTableView::mousePressEvent(QMouseEvent* event) {
+    // A press beside the rows drops the selection, as in every file manager.
+    if (!indexAt(event->pos()).isValid())
+        clearSelection();
+    QTreeView::mousePressEvent(event);
+}
+
+void FileTableView::startDrag(Qt::DropActions) {
+    dragSelected(*this, browser_);
+}
+
+FileGridView::FileGridView(FileBrowserViewModel& browser, FileListModel& model, QWidget* parent)
+    : QListView(parent), browser_(browser) {
+    setObjectName(QStringLiteral("fileGrid"));
+    setUp(*this, model);
+    setModelColumn(FileListModel::nameColumn);
+    setViewMode(QListView::IconMode);
+    setMovement(QListView::Static);
+    setResizeMode(QListView::Adjust);
+    setLayoutMode(QListView::Batched);
+    setBatchSize(500);
+    setUniformItemSizes(true);
+    setWordWrap(true);
+    setTextElideMode(Qt::ElideMiddle);
+    setIconSize({96, 96});
+    setGridSize({140, 146});
+    setViewportMargins(8, 10, 8, 0);
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::Base);
+    setSpacing(4);
+    showThumbnails(*this, model, browser);
+}
+
+int FileGridView::columns() const {
+    return std::max(viewport()->width() / gridSize().width(), 1);
+}
+
+void FileGridView::keyboardSearch(const QString& search) {
+    browser_.handleTypeahead(search);
+}
+
+void FileGridView::startDrag(Qt::DropActions) {
+    dragSelected(*this, browser_);
+}
+
+} // namespace tessary

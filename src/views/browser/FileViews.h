@@ -1,0 +1,46 @@
+#pragma once
+
+#include "browser/model/FileBrowserViewModel.h"
+#include "browser/model/FileListModel.h"
+
+#include <QListView>
+#include <QTreeView>
+
+namespace tessary {
+
+/// The files as a table with sortable columns.
+class FileTableView : public QTreeView {
+public:
+    FileTableView(FileBrowserViewModel& browser, FileListModel& model, QWidget* parent = nullptr);
+
+    void keyboardSearch(const QString& search) override;
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void startDrag(Qt::DropActions supportedActions) override;
+
+private:
+    FileBrowserViewModel& browser_;
+};
+
+/// The files as a grid of icons.
+class FileGridView : public QListView {
+public:
+    FileGridView(FileBrowserViewModel& browser, FileListModel& model, QWidget* parent = nullptr);
+
+    void keyboardSearch(const QString& search) override;
+
+    /// Entries beside one another.
+    [[nodiscard]] int columns() const;
+
+protected:
+    void startDrag(Qt::DropActions supportedActions) override;
+
+private:
+    FileBrowserViewModel& browser_;
+};
+
+/// Keeps the selection of a view and that of the browser the same, in both directions.
+void connectSelection(QAbstractItemView& view, FileListModel& model, FileBrowserViewModel& browser);
+
+} // namespace tessary

@@ -1,0 +1,228 @@
+#include "views/browser/ThumbnailStore.h"
+
+#include "base/threads/Background.h"
+#include "base/threads/CancellationError.h"
+#include "browser/model/FileListModel.h"
+#include "preview/PreviewKind.h"
+#include "views/browser/FileItemDelegate.h"
+
+#include <QAbstractItemView>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace tessary {
+
+namespace {
+
+constexpr qsizetype memoryLimit = 24 * 1024; // kilobytes of pixels
+constexpr std::size_t mostWishes = 400;      // more than any screen shows at a time
+constexpr int storedSide = 256;              // pixels, for every scale
+
+/// Made to fit, with a thin line around it, by which pale pictures stand out from the ground.
+QImage finished(const QImage& image, int side) {
+    const bool isLarge = std::max(image.width(), image.height()) > side;
+    QImage small =
+        (isLarge ? image.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation) : image)
+            .convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&small);
+    painter.setPen(QColor(0, 0, 0, 50));
+    painter.drawRect(small.rect().adjusted(0, 0, -1, -1));
+    return small;
+}
+
+} // namespace
+
+ThumbnailStore::ThumbnailStore(FileBrowserViewModel& browser, int side, QObject* parent)
+    : ThumbnailStore(browser, side, Setup{}, parent) {}
+
+ThumbnailStore::ThumbnailStore(FileBrowserViewModel& browser, int side, Setup setup,
+                               QObject* parent)
+    : QObject(parent),
+      browser_(browser),
+      side_(side),
+      decoder_(std::move(setup.decoder)),
+      disk_(setup.disk != nullptr ? *setup.disk : ThumbnailCache::shared()),
+      copies_(setup.copies != nullptr ? *setup.copies : PreviewCache::shared()),
+      pixmaps_(memoryLimit) {
+    connect(&browser, &FileBrowserViewModel::pathChanged, this, &ThumbnailStore::startOver);
+    connect(&browser, &FileBrowserViewModel::connectionChanged, this, &ThumbnailStore::startOver);
+    connect(&browser, &FileBrowserViewModel::stateChanged, this, [this] {
+        if (!browser_.isLoading())
+            keys_.clear(); // an entry may have changed
+        pauseOrGoOn();
+    });
+    connect(&browser, &FileBrowserViewModel::editingChanged, this, &ThumbnailStore::pauseOrGoOn);
+    connect(&browser.transfers(), &TransferViewModel::summaryChanged, this,
+            &ThumbnailStore::pauseOrGoOn);
+}
+
+ThumbnailStore::~ThumbnailStore() {
+    for (Lane* lane : {&loads_, &makes_})
+        lane->stop.request_stop();
+}
+
+void ThumbnailStore::startOver() {
+    ++generation_;
+    for (Lane* lane : {&loads_, &makes_}) {
+        lane->stop.request_stop();
+        lane->wishes.clear();
+        lane->isBusy = false;
+    }
+    wished_.clear();
+    keys_.clear();
+}
+
+bool ThumbnailStore::mayAskPhone() const {
+    return browser_.state() == BrowserState::ready && !browser_.isLoading() &&
+           !browser_.isEditing() && browser_.transfers().summary().isIdle();
+}
+
+void ThumbnailStore::pauseOrGoOn() {
+    if (mayAskPhone())
+        work(makes_);
+    else
+        makes_.stop.request_stop();
+}
+
+QPixmap ThumbnailStore::find(const QString& id, qreal scale) {
+    const FileItem* item = browser_.itemWithId(id);
+    if (item == nullptr || !browser_.files() || !hasThumbnail(*item))
+        return {};
+    if (scale != scale_) {
+        scale_ = scale;
+        pixmaps_.clear();
+    }
+    QString& key = keys_[id];
+    if (key.isEmpty())
+        key = ThumbnailCache::key(*browser_.files(), *item);
+    if (const QPixmap* known = pixmaps_.object(key))
+        return *known;
+    if (failed_.contains(key) || wished_.contains(key))
+        return {};
+    wished_.insert(key);
+    loads_.wishes.push_back({id, key});
+    // What is asked for first is what has been scrolled away longest ago.
+    if (loads_.wishes.size() > mostWishes) {
+        wished_.remove(loads_.wishes.front().key);
+        loads_.wishes.erase(loads_.wishes.begin());
+    }
+    // Not from within a paint event.
+    QMetaObject::invokeMethod(
+        this, [this] { work(loads_); }, Qt::QueuedConnection);
+    return {};
+}
+
+/// The newest wish for what can still be seen; drops the others on the way.
+std::optional<ThumbnailStore::Wish> ThumbnailStore::nextOf(Lane& lane) {
+    while (!lane.wishes.empty()) {
+        Wish wish = std::move(lane.wishes.back());
+        lane.wishes.pop_back();
+        if (!isVisible_ || isVisible_(wish.id))
+            return wish;
+        wished_.remove(wish.key);
+    }
+    return std::nullopt;
+}
+
+void ThumbnailStore::work(Lane& lane) {
+    if (lane.isBusy)
+        return;
+    if (&lane == &loads_)
+        loadNext();
+    else if (mayAskPhone())
+        makeNext();
+}
+
+void ThumbnailStore::loadNext() {
+    const auto wish = nextOf(loads_);
+    if (!wish)
+        return;
+    loads_.isBusy = true;
+    const int side = qRound(side_ * scale_);
+    loads_.stop = runInBackground(
+        this,
+        [&disk = disk_, key = wish->key, side] {
+            const auto image = disk.load(key);
+            return image ? finished(*image, side) : QImage();
+        },
+        [this, wish = *wish, generation = generation_](BackgroundResult<QImage> result) {
+            if (generation != generation_)
+                return;
+            loads_.isBusy = false;
+            const QImage image = result.succeeded() ? result.take() : QImage();
+            if (!image.isNull()) {
+                take(wish, image);
+            } else {
+                makes_.wishes.push_back(wish);
+                work(makes_);
+            }
+            work(loads_);
+        });
+}
+
+void ThumbnailStore::makeNext() {
+    const auto wish = nextOf(makes_);
+    if (!wish)
+        return;
+    const FileItem* item = browser_.itemWithId(wish->id);
+    if (item == nullptr) {
+        wished_.remove(wish->key);
+        QMetaObject::invokeMethod(
+            this, [this] { work(makes_); }, Qt::QueuedConnection);
+        return;
+    }
+    makes_.isBusy = true;
+    const int side = qRound(side_ * scale_);
+    makes_.stop = runInBackground(
+        this,
+        [&disk = disk_, &copies = copies_, decoder = decoder_, files = browser_.files(),
+         item = *item, key = wish->key, side](const std::stop_token& stop) {
+            const QString copy = copies.fetch(*files, item, {}, stop);
+            const Picture picture = decoder.decode({copy, storedSide, 0}, stop);
+            disk.store(key, picture.image);
+            return finished(picture.image, side);
+        },
+        [this, wish = *wish, generation = generation_](BackgroundResult<QImage> result) {
+            if (generation != generation_)
+                return;
+            makes_.isBusy = false;
+            try {
+                take(wish, result.take());
+            } catch (const CancellationError&) {
+                // It gave way to something else and is made afterwards.
+                makes_.wishes.push_back(wish);
+            } catch (const PictureTimeoutError&) {
+                // As below: the machine was too busy for it.
+            } catch (const PictureError&) {
+                wished_.remove(wish.key);
+                failed_.insert(wish.key);
+            } catch (const std::exception&) {
+                // The phone did not give it: it stays wished for, and so is not asked for again
+                // before the folder is entered anew.
+            }
+            work(makes_);
+        });
+}
+
+void ThumbnailStore::take(const Wish& wish, const QImage& image) {
+    wished_.remove(wish.key);
+    auto pixmap = std::make_unique<QPixmap>(QPixmap::fromImage(image));
+    pixmap->setDevicePixelRatio(scale_);
+    const qsizetype kilobytes = 1 + image.sizeInBytes() / 1024;
+    pixmaps_.insert(wish.key, pixmap.release(), kilobytes);
+    Q_EMIT thumbnailReady(wish.id);
+}
+
+void showThumbnails(QAbstractItemView& view, FileListModel& model, FileBrowserViewModel& browser) {
+    auto* store = new ThumbnailStore(browser, view.iconSize().width(), &view);
+    static_cast<FileItemDelegate*>(view.itemDelegate())->setThumbnails(*store);
+    store->setIsVisible([&view, &model](const QString& id) {
+        return view.isVisible() &&
+               view.viewport()->rect().intersects(view.visualRect(model.indexOf(id)));
+    });
+    QObject::connect(store, &ThumbnailStore::thumbnailReady, &view,
+                     [&view, &model](const QString& id) { view.update(model.indexOf(id)); });
+}
+
+} // namespace tessary

@@ -1,0 +1,102 @@
+#pragma once
+
+#include "browser/model/FileBrowserViewModel.h"
+#include "preview/PictureDecoder.h"
+#include "preview/ThumbnailCache.h"
+
+#include <QCache>
+#include <QObject>
+#include <QPixmap>
+#include <QSet>
+
+#include <functional>
+#include <memory>
+#include <stop_token>
+#include <vector>
+
+class QAbstractItemView;
+
+namespace tessary {
+
+class FileListModel;
+
+/// The thumbnails of the folder that a browser shows. What is painted asks for them and never
+/// waits: they are made in the background, what was asked for last first, and what has been
+/// scrolled away by its turn is left out. The phone is asked for one file at a time, and only while
+/// nothing else is asked of it. On the main thread.
+class ThumbnailStore : public QObject {
+    Q_OBJECT
+
+public:
+    /// The collaborators; each outlives the store.
+    struct Setup {
+        PictureDecoder decoder = PictureDecoder();
+        ThumbnailCache* disk = nullptr; ///< null: the shared one
+        PreviewCache* copies = nullptr; ///< null: the shared one
+    };
+
+    /// `side` is the longest side of a thumbnail in device-independent pixels.
+    ThumbnailStore(FileBrowserViewModel& browser, int side, Setup setup, QObject* parent = nullptr);
+    ThumbnailStore(FileBrowserViewModel& browser, int side, QObject* parent = nullptr);
+    ~ThumbnailStore() override;
+
+    /// The thumbnail of an entry of the folder shown, at `scale` device pixels a pixel. Null when
+    /// there is none; thumbnailReady tells when it is made.
+    [[nodiscard]] QPixmap find(const QString& id, qreal scale);
+
+    /// Nothing waits and nothing is being made.
+    [[nodiscard]] bool isIdle() const {
+        return !loads_.isBusy && !makes_.isBusy && loads_.wishes.empty() && makes_.wishes.empty();
+    }
+
+    /// Tells whether an entry can be seen. Without it everything that is asked for is made.
+    void setIsVisible(std::function<bool(const QString& id)> isVisible) {
+        isVisible_ = std::move(isVisible);
+    }
+
+Q_SIGNALS:
+    void thumbnailReady(const QString& id);
+
+private:
+    struct Wish {
+        QString id;
+        QString key;
+    };
+    /// Wishes that are fulfilled one at a time.
+    struct Lane {
+        std::vector<Wish> wishes; ///< the next one is the last
+        std::stop_source stop{std::nostopstate};
+        bool isBusy = false;
+    };
+
+    void startOver();
+    void pauseOrGoOn();
+    [[nodiscard]] bool mayAskPhone() const;
+    [[nodiscard]] std::optional<Wish> nextOf(Lane& lane);
+    void work(Lane& lane);
+    void loadNext();
+    void makeNext();
+    void take(const Wish& wish, const QImage& image);
+
+    FileBrowserViewModel& browser_;
+    const int side_;
+    const PictureDecoder decoder_;
+    ThumbnailCache& disk_;
+    PreviewCache& copies_;
+    std::function<bool(const QString& id)> isVisible_;
+
+    qreal scale_ = 1;
+    QCache<QString, QPixmap> pixmaps_; ///< by key
+    QSet<QString> wished_;             ///< keys that wait or are under way
+    QSet<QString> failed_;             ///< keys of what cannot be shown
+    QHash<QString, QString> keys_;     ///< by id, of the folder shown
+    Lane loads_;                       ///< from the disk
+    Lane makes_;                       ///< from the phone
+    std::uint64_t generation_ = 0;     ///< answers of an older one are dropped
+};
+
+/// Shows thumbnails in a view of a browser's files whose delegate is a FileItemDelegate, as large
+/// as its icons.
+void showThumbnails(QAbstractItemView& view, FileListModel& model, FileBrowserViewModel& browser);
+
+} // namespace tessary

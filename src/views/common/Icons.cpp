@@ -1,0 +1,77 @@
+#include "views/common/Icons.h"
+
+#include <QGuiApplication>
+#include <QHash>
+#include <QPalette>
+
+#include <array>
+
+namespace tessary {
+
+namespace {
+
+struct Row {
+    QLatin1StringView symbol;
+    QLatin1StringView themeName;
+};
+
+constexpr std::array symbols{
+    Row{QLatin1StringView("iphone.gen3"), QLatin1StringView("phone")},
+    Row{QLatin1StringView("smartphone"), QLatin1StringView("smartphone")},
+    Row{QLatin1StringView("folder.fill"), QLatin1StringView("folder")},
+    Row{QLatin1StringView("photo"), QLatin1StringView("image-x-generic")},
+    Row{QLatin1StringView("film"), QLatin1StringView("video-x-generic")},
+    Row{QLatin1StringView("music.note"), QLatin1StringView("audio-x-generic")},
+    Row{QLatin1StringView("doc.richtext"), QLatin1StringView("x-office-document")},
+    Row{QLatin1StringView("doc.zipper"), QLatin1StringView("package-x-generic")},
+    Row{QLatin1StringView("shippingbox.fill"),
+        QLatin1StringView("application-vnd.android.package-archive")},
+    Row{QLatin1StringView("chevron.left.forwardslash.chevron.right"),
+        QLatin1StringView("text-x-script")},
+    Row{QLatin1StringView("doc"), QLatin1StringView("text-x-generic")},
+};
+
+} // namespace
+
+QIcon icon(const QString& name) {
+    for (const Row& row : symbols)
+        if (row.symbol == name)
+            return QIcon::fromTheme(row.themeName);
+    return QIcon::fromTheme(name);
+}
+
+QIcon icon(const char* name) {
+    return icon(QString::fromLatin1(name));
+}
+
+QIcon lineIcon(const QString& name) {
+    return QIcon::fromTheme(name + QLatin1StringView("-symbolic"), icon(name));
+}
+
+QIcon fileIcon(const QString& symbol) {
+    constexpr int drawnSize = 64;
+    static QHash<QString, QIcon> drawn;
+    const QString key = symbol + QLatin1Char(' ') + QIcon::themeName();
+    auto found = drawn.constFind(key);
+    if (found == drawn.constEnd()) {
+        const QPixmap picture = icon(symbol).pixmap(drawnSize, drawnSize);
+        QIcon both(picture);
+        // A selected row has a ground of its own: tinted, the icon would vanish in it.
+        both.addPixmap(picture, QIcon::Selected);
+        found = drawn.insert(key, both);
+    }
+    return *found;
+}
+
+void setUpIconTheme() {
+    const bool isDark = QGuiApplication::palette().color(QPalette::Window).lightness() < 128;
+    const QString fallback = isDark ? QStringLiteral("breeze-dark") : QStringLiteral("breeze");
+    QIcon::setFallbackThemeName(fallback);
+    // Without a desktop there is no theme at all, and the fall-back alone is not searched.
+    const QString theme = QIcon::themeName();
+    if (theme.isEmpty() || theme == QLatin1StringView("hicolor") ||
+        theme.startsWith(QLatin1StringView("breeze")))
+        QIcon::setThemeName(fallback);
+}
+
+} // namespace tessary

@@ -1,0 +1,82 @@
+#include "views/common/PlaceholderView.h"
+
+#include "views/common/Icons.h"
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace tessary {
+
+PlaceholderView::PlaceholderView(QWidget* parent)
+    : QWidget(parent),
+      picture_(new QLabel),
+      title_(new QLabel),
+      detail_(new QLabel),
+      button_(new QPushButton),
+      other_(new QPushButton),
+      busy_(new QProgressBar) {
+    setObjectName(QStringLiteral("placeholder"));
+    QFont font = title_->font();
+    font.setPointSizeF(font.pointSizeF() * 1.35);
+    font.setWeight(QFont::DemiBold);
+    title_->setFont(font);
+    for (QLabel* label : {picture_, title_, detail_})
+        label->setAlignment(Qt::AlignCenter);
+    for (QLabel* label : {title_, detail_}) {
+        label->setWordWrap(true);
+        label->setTextFormat(Qt::PlainText);
+    }
+    busy_->setRange(0, 0);
+    busy_->setTextVisible(false);
+    busy_->setFixedSize(160, 6);
+    connect(button_, &QPushButton::clicked, this, [this] {
+        if (action_)
+            action_();
+    });
+    connect(other_, &QPushButton::clicked, this, [this] {
+        if (otherAction_)
+            otherAction_();
+    });
+
+    auto* column = new QWidget;
+    column->setFixedWidth(460);
+    auto* content = new QVBoxLayout(column);
+    content->setSpacing(10);
+    content->addWidget(picture_);
+    content->addWidget(title_);
+    content->addWidget(detail_);
+    content->addWidget(busy_, 0, Qt::AlignHCenter);
+    content->addSpacing(4);
+    content->addWidget(button_, 0, Qt::AlignHCenter);
+    content->addWidget(other_, 0, Qt::AlignHCenter);
+    auto* outer = new QVBoxLayout(this);
+    outer->addStretch(2);
+    outer->addWidget(column, 0, Qt::AlignHCenter);
+    outer->addStretch(3);
+}
+
+void PlaceholderView::show(const QString& iconName, const QString& title, const QString& detail,
+                           const QString& actionTitle, std::function<void()> action, bool isBusy) {
+    picture_->setPixmap(icon(iconName).pixmap(72, 72));
+    title_->setText(title);
+    detail_->setText(detail);
+    detail_->setVisible(!detail.isEmpty());
+    action_ = std::move(action);
+    button_->setText(actionTitle);
+    button_->setVisible(static_cast<bool>(action_));
+    other_->setVisible(false);
+    busy_->setVisible(isBusy);
+    busy_->setAccessibleName(title);
+    setAccessibleName(title);
+    setAccessibleDescription(detail);
+}
+
+void PlaceholderView::addChoice(const QString& title, std::function<void()> action) {
+    otherAction_ = std::move(action);
+    other_->setText(title);
+    other_->setVisible(true);
+}
+
+} // namespace tessary

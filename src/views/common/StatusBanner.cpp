@@ -1,0 +1,125 @@
+#include "views/common/StatusBanner.h"
+
+#include "app/LanguageManager.h"
+#include "app/Translations.h"
+#include "views/common/Icons.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <array>
+
+namespace tessary {
+
+namespace {
+
+struct KindRow {
+    const char* iconName;
+    QRgb colour; ///< of the strip's edge and, thinned, of its ground
+};
+
+constexpr std::array kinds{
+    KindRow{"dialog-information", qRgb(61, 125, 217)},
+    KindRow{"dialog-warning", qRgb(214, 140, 20)},
+    KindRow{"dialog-error", qRgb(206, 58, 58)},
+};
+
+QColor mixed(const QColor& ground, const QColor& colour, double share) {
+    const auto part = [share](int a, int b) { return static_cast<int>(a + share * (b - a)); };
+    return {part(ground.red(), colour.red()), part(ground.green(), colour.green()),
+            part(ground.blue(), colour.blue())};
+}
+
+} // namespace
+
+StatusBanner::StatusBanner(QWidget* parent)
+    : QFrame(parent),
+      icon_(new QLabel),
+      text_(new QLabel),
+      advice_(new QLabel),
+      buttons_(new QHBoxLayout),
+      close_(new QToolButton) {
+    setObjectName(QStringLiteral("statusBanner"));
+    setFrameShape(QFrame::NoFrame);
+    setAutoFillBackground(true);
+
+    QFont bold = text_->font();
+    bold.setWeight(QFont::DemiBold);
+    text_->setFont(bold);
+    for (QLabel* label : {text_, advice_}) {
+        label->setWordWrap(true);
+        label->setTextFormat(Qt::PlainText);
+        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    }
+    close_->setAutoRaise(true);
+    close_->setIcon(icon("dialog-close"));
+    keepTranslated(close_, [this] {
+        close_->setAccessibleName(tessary::tr("Close this message"));
+        close_->setToolTip(tessary::tr("Close this message"));
+    });
+    connect(close_, &QToolButton::clicked, this, &StatusBanner::clear);
+
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(2);
+    texts->addWidget(text_);
+    texts->addWidget(advice_);
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(14, 10, 8, 10);
+    row->setSpacing(12);
+    row->addWidget(icon_, 0, Qt::AlignVCenter);
+    row->addLayout(texts, 1);
+    row->addLayout(buttons_);
+    row->addWidget(close_, 0, Qt::AlignTop);
+    clear();
+}
+
+void StatusBanner::show(const BannerMessage& message) {
+    message_ = message;
+    const KindRow& kind = kinds[static_cast<std::size_t>(message.kind)];
+    icon_->setPixmap(icon(kind.iconName).pixmap(24, 24));
+    text_->setText(message.text);
+    advice_->setText(message.advice);
+    advice_->setVisible(!message.advice.isEmpty());
+    close_->setVisible(message.canBeClosed);
+    while (QLayoutItem* old = buttons_->takeAt(0)) {
+        if (QWidget* button = old->widget())
+            button->deleteLater();
+        delete old;
+    }
+    for (const BannerAction& action : message.actions) {
+        auto* button = new QPushButton(action.title);
+        connect(button, &QPushButton::clicked, this, [run = action.run] { run(); });
+        buttons_->addWidget(button);
+    }
+    setAccessibleName(message.text);
+    setAccessibleDescription(message.advice);
+    applyColours();
+    setVisible(true);
+}
+
+void StatusBanner::clear() {
+    message_ = {};
+    setVisible(false);
+}
+
+void StatusBanner::changeEvent(QEvent* event) {
+    QFrame::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        applyColours();
+}
+
+void StatusBanner::applyColours() {
+    const QColor colour(kinds[static_cast<std::size_t>(message_.kind)].colour);
+    const QColor ground = parentWidget() != nullptr
+                              ? parentWidget()->palette().color(QPalette::Window)
+                              : palette().color(QPalette::Base);
+    QPalette colours; // of the rest the window decides
+    colours.setColor(QPalette::Window, mixed(ground, colour, 0.14));
+    setPalette(colours);
+}
+
+} // namespace tessary

@@ -1,0 +1,140 @@
+#include "views/common/WindowStateStore.h"
+
+#include <QEvent>
+#include <QHeaderView>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QMainWindow>
+#include <QScopedValueRollback>
+#include <QScreen>
+#include <QSplitter>
+
+#include <algorithm>
+
+namespace tessary {
+
+namespace {
+
+using View = QLatin1StringView;
+
+constexpr int narrowestColumn = 48;
+constexpr int widestColumn = 800;
+constexpr int fieldsInAll = 4; // of FileField
+constexpr View gridName("grid");
+constexpr View listName("list");
+
+QJsonObject written(const FileBrowserViewModel& browser, const QString& udid) {
+    QJsonObject entry{{View("device"), udid},
+                      {View("view"), browser.viewMode() == ViewMode::grid ? gridName : listName}};
+    if (!browser.sortOrder().empty()) {
+        entry.insert(View("column"), static_cast<int>(browser.sortOrder().front().field));
+        entry.insert(View("descending"), browser.sortOrder().front().descending);
+    }
+    return entry;
+}
+
+} // namespace
+
+WindowStateStore::WindowStateStore(Parts parts, UserDefaults& defaults)
+    : QObject(&parts.window), parts_(parts), defaults_(defaults) {
+    setObjectName(QStringLiteral("windowMemory"));
+    restoreWindow();
+    parts.window.installEventFilter(this);
+    FileBrowserViewModel& browser = parts.browser;
+    connect(&browser, &FileBrowserViewModel::connectionChanged, this,
+            &WindowStateStore::showDevice);
+    connect(&browser, &FileBrowserViewModel::viewModeChanged, this, &WindowStateStore::keepDevice);
+    connect(&browser, &FileBrowserViewModel::sortOrderChanged, this, &WindowStateStore::keepDevice);
+}
+
+bool WindowStateStore::isOn() const {
+    return !defaults_.value(isOffKey).toBool();
+}
+
+void WindowStateStore::setOn(bool on) {
+    defaults_.setValue(isOffKey, on ? QJsonValue(QJsonValue::Undefined) : QJsonValue(true));
+    if (on) {
+        keepWindow();
+        keepDevice();
+        return;
+    }
+    for (const View key : {windowKey, devicesKey})
+        defaults_.setValue(key, QJsonValue::Undefined);
+}
+
+bool WindowStateStore::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Hide && !event->spontaneous())
+        keepWindow();
+    return QObject::eventFilter(watched, event);
+}
+
+void WindowStateStore::restoreWindow() {
+    if (!isOn())
+        return;
+    const QJsonObject kept = defaults_.value(windowKey).toObject();
+    QMainWindow& window = parts_.window;
+    const QSize room = window.screen()->availableSize();
+    const QSize size(kept.value(View("width")).toInt(), kept.value(View("height")).toInt());
+    if (!size.isEmpty())
+        window.resize(size.boundedTo(room).expandedTo(window.minimumSize()));
+    if (kept.value(View("maximized")).toBool())
+        window.setWindowState(window.windowState() | Qt::WindowMaximized);
+    if (const int sidebar = kept.value(View("sidebar")).toInt(); sidebar > 0) {
+        const int inAll = window.width();
+        const int bounded = std::min(sidebar, inAll / 2);
+        parts_.split.setSizes({bounded, inAll - bounded});
+    }
+    // The first column takes what the others leave.
+    const QJsonArray columns = kept.value(View("columns")).toArray();
+    for (int i = 1; i < parts_.columns.count() && i - 1 < columns.size(); ++i)
+        if (const int width = columns.at(i - 1).toInt(); width > 0)
+            parts_.columns.resizeSection(i, std::clamp(width, narrowestColumn, widestColumn));
+}
+
+void WindowStateStore::keepWindow() {
+    if (!isOn())
+        return;
+    const QMainWindow& window = parts_.window;
+    const bool isMaximized = window.isMaximized();
+    const QSize size = isMaximized ? window.normalGeometry().size() : window.size();
+    QJsonArray columns;
+    for (int i = 1; i < parts_.columns.count(); ++i)
+        columns.append(parts_.columns.sectionSize(i));
+    defaults_.setValue(windowKey, QJsonObject{{View("width"), size.width()},
+                                              {View("height"), size.height()},
+                                              {View("maximized"), isMaximized},
+                                              {View("sidebar"), parts_.split.sizes().value(0)},
+                                              {View("columns"), columns}});
+}
+
+void WindowStateStore::showDevice() {
+    const auto& device = parts_.browser.activeDevice();
+    if (!device || device->udid == udid_)
+        return;
+    udid_ = device->udid;
+    if (!isOn())
+        return;
+    QJsonObject kept;
+    for (const QJsonValue& entry : defaults_.value(devicesKey).toArray())
+        if (entry.toObject().value(View("device")).toString() == udid_)
+            kept = entry.toObject();
+    const QScopedValueRollback restoring(isRestoring_, true);
+    const int column = std::clamp(kept.value(View("column")).toInt(), 0, fieldsInAll - 1);
+    parts_.browser.setSortOrder(
+        {{static_cast<FileField>(column), kept.value(View("descending")).toBool()}});
+    parts_.browser.setViewMode(kept.value(View("view")).toString() == gridName ? ViewMode::grid
+                                                                               : ViewMode::list);
+}
+
+void WindowStateStore::keepDevice() {
+    if (isRestoring_ || udid_.isEmpty() || !isOn())
+        return;
+    QJsonArray devices{written(parts_.browser, udid_)};
+    for (const QJsonValue& entry : defaults_.value(devicesKey).toArray())
+        if (devices.size() < mostDevices && entry.isObject() &&
+            entry.toObject().value(View("device")).toString() != udid_)
+            devices.append(entry);
+    defaults_.setValue(devicesKey, devices);
+}
+
+} // namespace tessary

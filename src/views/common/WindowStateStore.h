@@ -1,0 +1,54 @@
+#pragma once
+
+#include "browser/model/FileBrowserViewModel.h"
+#include "platform/settings/UserDefaults.h"
+
+#include <QObject>
+
+class QHeaderView;
+class QMainWindow;
+class QSplitter;
+
+namespace tessary {
+
+/// Keeps what the main window looks like in the user's settings: its size, the sidebar's and the
+/// columns' widths, and for each device how its files are shown and sorted. What is read from the
+/// settings may be anything and is taken only as far as it makes sense.
+class WindowStateStore : public QObject {
+public:
+    static constexpr QLatin1StringView isOffKey{"Tessary_ForgetsWindow"};
+    static constexpr QLatin1StringView windowKey{"Tessary_Window"};
+    static constexpr QLatin1StringView devicesKey{"Tessary_DeviceViews"};
+    static constexpr int mostDevices = 50; ///< the one that was changed longest ago goes
+
+    /// What is kept of; all must outlive it.
+    struct Parts {
+        QMainWindow& window;
+        QSplitter& split; ///< sidebar and files
+        QHeaderView& columns;
+        FileBrowserViewModel& browser;
+    };
+
+    /// Makes the window as it was left. `defaults` must outlive it.
+    WindowStateStore(Parts parts, UserDefaults& defaults);
+
+    [[nodiscard]] bool isOn() const;
+    /// Off also forgets what is kept.
+    void setOn(bool on);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void restoreWindow();
+    void keepWindow();
+    void showDevice();
+    void keepDevice();
+
+    Parts parts_;
+    UserDefaults& defaults_;
+    QString udid_; ///< of the device that is browsed
+    bool isRestoring_ = false;
+};
+
+} // namespace tessary

@@ -1,0 +1,333 @@
+#include "views/dialogs/PreviewWindow.h"
+
+#include "app/LanguageManager.h"
+#include "app/Translations.h"
+#include "base/text/Printable.h"
+#include "base/threads/Background.h"
+#include "base/threads/CancellationError.h"
+#include "views/common/Icons.h"
+#include "views/dialogs/FactsView.h"
+#include "views/dialogs/PictureView.h"
+
+#include <QFontDatabase>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QStackedWidget>
+#include <QToolButton>
+
+namespace tessary {
+
+namespace {
+
+constexpr int walkingPace = 120; // ms that an entry stays before it is fetched
+constexpr int shownSide = 2560;  // pixels
+
+QToolButton* footerButton(const char* iconName) {
+    auto* button = new QToolButton;
+    button->setIcon(icon(iconName));
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::NoFocus); // the keys walk through the listing
+    return button;
+}
+
+void name(QToolButton& button, const QString& text) {
+    button.setToolTip(text);
+    button.setAccessibleName(text);
+}
+
+} // namespace
+
+PreviewWindow::PreviewWindow(FileBrowserViewModel& browser, std::function<int()> columns,
+                             QWidget* parent)
+    : PreviewWindow(browser, std::move(columns), PictureDecoder(), parent) {}
+
+PreviewWindow::PreviewWindow(FileBrowserViewModel& browser, std::function<int()> columns,
+                             PictureDecoder decoder, QWidget* parent)
+    : QDialog(parent),
+      browser_(browser),
+      columns_(std::move(columns)),
+      decoder_(std::move(decoder)),
+      stack_(new QStackedWidget),
+      facts_(new FactsView),
+      picture_(new PictureView),
+      text_(new QPlainTextEdit),
+      caption_(new QLabel),
+      pageLabel_(new QLabel),
+      previousPage_(footerButton("go-up")),
+      nextPage_(footerButton("go-down")) {
+    setObjectName(QStringLiteral("previewWindow"));
+    resize(820, 620);
+    setMinimumSize(480, 360);
+    text_->setObjectName(QStringLiteral("previewText"));
+    text_->setReadOnly(true);
+    text_->setFrameShape(QFrame::NoFrame);
+    text_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    text_->document()->setDocumentMargin(16);
+    stack_->setAutoFillBackground(true);
+    stack_->setBackgroundRole(QPalette::Base);
+    for (QWidget* page : {static_cast<QWidget*>(facts_), static_cast<QWidget*>(picture_),
+                          static_cast<QWidget*>(text_)})
+        stack_->addWidget(page);
+    // The window has one thing to walk through, wherever the focus is.
+    for (QWidget* widget : {static_cast<QWidget*>(this), static_cast<QWidget*>(text_)})
+        widget->installEventFilter(this);
+    facts_->setOnCancel([this] {
+        drop();
+        showFacts(tessary::tr("Cancelled"));
+    });
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(stack_, 1);
+    column->addWidget(makeFooter());
+    fetchTimer_.setSingleShot(true);
+    fetchTimer_.setInterval(walkingPace);
+    connect(&fetchTimer_, &QTimer::timeout, this, &PreviewWindow::fetch);
+
+    connect(&browser, &FileBrowserViewModel::selectionChanged, this, &PreviewWindow::follow);
+    connect(&browser, &FileBrowserViewModel::stateChanged, this, &PreviewWindow::follow);
+    connect(&browser, &FileBrowserViewModel::previewProgress, this,
+            [this](const QString& id, qint64 done, qint64 total) {
+                if (isShowing(id))
+                    facts_->showProgress(done, total);
+            });
+    connect(&browser, &FileBrowserViewModel::previewReady, this,
+            [this](const QString& id, const QString& localFile) {
+                if (isShowing(id))
+                    showFile(localFile);
+            });
+    connect(&browser, &FileBrowserViewModel::previewFailed, this,
+            [this](const QString& id, const ErrorAdvice& error) {
+                if (isShowing(id))
+                    showFacts(printable(trMessage(error.message)));
+            });
+}
+
+QWidget* PreviewWindow::makeFooter() {
+    auto* previous = footerButton("go-previous");
+    auto* next = footerButton("go-next");
+    connect(previous, &QToolButton::clicked, this, [this] { browser_.moveSelection(-1); });
+    connect(next, &QToolButton::clicked, this, [this] { browser_.moveSelection(1); });
+    connect(previousPage_, &QToolButton::clicked, this, [this] { turnTo(page_ - 1); });
+    connect(nextPage_, &QToolButton::clicked, this, [this] { turnTo(page_ + 1); });
+    keepTranslated(this, [this, previous, next] {
+        name(*previous, tessary::tr("Previous"));
+        name(*next, tessary::tr("Next"));
+        name(*previousPage_, tessary::tr("Previous Page"));
+        name(*nextPage_, tessary::tr("Next Page"));
+        text_->setAccessibleName(tessary::tr("browser.quickLook"));
+    });
+    caption_->setObjectName(QStringLiteral("previewCaption"));
+    caption_->setTextFormat(Qt::PlainText);
+    caption_->setForegroundRole(QPalette::PlaceholderText);
+    caption_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    pageLabel_->setObjectName(QStringLiteral("previewPage"));
+
+    auto* footer = new QWidget;
+    auto* row = new QHBoxLayout(footer);
+    row->setContentsMargins(8, 6, 12, 6);
+    row->setSpacing(4);
+    row->addWidget(previous);
+    row->addWidget(next);
+    row->addSpacing(8);
+    row->addWidget(caption_, 1);
+    row->addWidget(pageLabel_);
+    row->addWidget(previousPage_);
+    row->addWidget(nextPage_);
+    return footer;
+}
+
+void PreviewWindow::toggle() {
+    if (isVisible()) {
+        hide();
+        return;
+    }
+    show();
+    raise();
+    activateWindow();
+    setFocus();
+    follow();
+}
+
+void PreviewWindow::hideEvent(QHideEvent* event) {
+    QDialog::hideEvent(event);
+    drop();
+    item_.reset();
+}
+
+/// Gives up what is under way, and the room of what was shown.
+void PreviewWindow::drop() {
+    ++number_;
+    fetchTimer_.stop();
+    stop_.request_stop();
+    browser_.cancelPreview();
+    localFile_.clear();
+    page_ = 0;
+    pages_ = 1;
+    picture_->setImage({});
+    text_->clear();
+}
+
+bool PreviewWindow::isShowing(const QString& id) const {
+    return isVisible() && item_ && item_->id() == id;
+}
+
+/// Shows the entry that the keyboard is on.
+void PreviewWindow::follow() {
+    if (!isVisible() || browser_.isLoading())
+        return;
+    const auto& current = browser_.currentItemID();
+    const FileItem* item = current ? browser_.itemWithId(*current) : nullptr;
+    if (item == nullptr || browser_.state() != BrowserState::ready) {
+        hide();
+        return;
+    }
+    if (item_ == *item)
+        return;
+    const bool isFirst = !item_;
+    drop();
+    item_ = *item;
+    kind_ = previewKindOf(*item_);
+    setWindowTitle(printable(item_->name));
+    facts_->setItem(*item_);
+    showFacts({});
+    if (kind_ == PreviewKind::facts || item_->size == 0)
+        return;
+    if (item_->size > previewLimit(kind_)) {
+        showFacts(tessary::tr("\"%1\" is too large for a preview. Copy it to this computer first.")
+                      .arg(printable(item_->name)));
+        return;
+    }
+    fetchTimer_.start(isFirst ? 0 : walkingPace);
+}
+
+void PreviewWindow::fetch() {
+    facts_->showProgress(0, 0);
+    browser_.cacheFileForPreview(item_->id());
+}
+
+void PreviewWindow::showFile(const QString& localFile) {
+    localFile_ = localFile;
+    if (kind_ != PreviewKind::text) {
+        turnTo(0);
+        return;
+    }
+    stop_ = runInBackground(
+        this, [localFile] { return readTextSample(localFile); },
+        [this, number = number_](BackgroundResult<std::optional<TextSample>> result) {
+            if (number == number_)
+                showText(result.succeeded() ? result.take() : std::nullopt);
+        });
+}
+
+void PreviewWindow::turnTo(int page) {
+    if (localFile_.isEmpty() || page < 0 || page >= pages_)
+        return;
+    stop_.request_stop();
+    page_ = page;
+    stop_ = runInBackground(
+        this,
+        [decoder = decoder_, request = PictureRequest{localFile_, shownSide, page}](
+            const std::stop_token& stop) { return decoder.decode(request, stop); },
+        [this, number = ++number_](BackgroundResult<Picture> result) {
+            if (number != number_)
+                return;
+            try {
+                showPicture(result.take());
+            } catch (const CancellationError&) {
+                // Another one is on its way.
+            } catch (const std::exception&) {
+                showFacts(
+                    tessary::tr("It cannot be shown: it is damaged, too large or protected."));
+            }
+        });
+}
+
+void PreviewWindow::showText(const std::optional<TextSample>& sample) {
+    if (!sample) {
+        showFacts({});
+        return;
+    }
+    text_->setPlainText(sample->text);
+    stack_->setCurrentWidget(text_);
+    text_->setFocus();
+    QString caption = factsLine(*item_);
+    if (sample->isCut)
+        caption += QStringLiteral("  ·  ") + tessary::tr("only its beginning is shown");
+    caption_->setText(caption);
+}
+
+void PreviewWindow::showPicture(const Picture& picture) {
+    pages_ = picture.pages;
+    picture_->setImage(picture.image);
+    picture_->setAccessibleName(printable(item_->name));
+    stack_->setCurrentWidget(picture_);
+    setFocus();
+    QString caption = factsLine(*item_);
+    if (!picture.fullSize.isEmpty())
+        caption += QStringLiteral("  ·  %1 × %2")
+                       .arg(picture.fullSize.width())
+                       .arg(picture.fullSize.height());
+    caption_->setText(caption);
+    const bool hasPages = kind_ == PreviewKind::document;
+    pageLabel_->setText(hasPages ? tessary::tr("Page %1 of %2").arg(page_ + 1).arg(pages_)
+                                 : QString());
+    previousPage_->setVisible(hasPages);
+    nextPage_->setVisible(hasPages);
+    previousPage_->setEnabled(page_ > 0);
+    nextPage_->setEnabled(page_ + 1 < pages_);
+}
+
+void PreviewWindow::showFacts(const QString& note) {
+    facts_->showNote(note);
+    stack_->setCurrentWidget(facts_);
+    setFocus();
+    caption_->clear(); // the facts stand above it
+    pageLabel_->clear();
+    previousPage_->hide();
+    nextPage_->hide();
+}
+
+bool PreviewWindow::handleKey(const QKeyEvent& event) {
+    const auto keys = event.modifiers() & ~Qt::KeypadModifier;
+    if (keys != Qt::NoModifier)
+        return false;
+    const int columns = columns_ ? std::max(columns_(), 1) : 1;
+    switch (event.key()) {
+    case Qt::Key_Space:
+    case Qt::Key_Escape:
+        hide();
+        return true;
+    case Qt::Key_Left:
+        browser_.moveSelection(-1);
+        return true;
+    case Qt::Key_Right:
+        browser_.moveSelection(1);
+        return true;
+    case Qt::Key_Up:
+        browser_.moveSelection(-columns);
+        return true;
+    case Qt::Key_Down:
+        browser_.moveSelection(columns);
+        return true;
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        if (kind_ != PreviewKind::document)
+            return false;
+        turnTo(event.key() == Qt::Key_PageUp ? page_ - 1 : page_ + 1);
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool PreviewWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && handleKey(*static_cast<QKeyEvent*>(event)))
+        return true;
+    return QDialog::eventFilter(watched, event);
+}
+
+} // namespace tessary

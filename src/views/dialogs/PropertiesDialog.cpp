@@ -1,0 +1,250 @@
+#include "views/dialogs/PropertiesDialog.h"
+
+#include "app/LanguageManager.h"
+#include "app/Translations.h"
+#include "base/text/ByteCount.h"
+#include "base/text/ByteFormat.h"
+#include "base/text/PathNames.h"
+#include "base/text/Printable.h"
+#include "base/threads/Background.h"
+#include "views/common/Icons.h"
+#include "views/dialogs/FactsView.h"
+
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLocale>
+#include <QPointer>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <atomic>
+#include <mutex>
+
+namespace tessary {
+
+namespace {
+
+constexpr int iconSide = 64;
+constexpr int valueWidth = 330;
+
+bool hasFolder(const std::vector<FileItem>& items) {
+    return std::any_of(items.begin(), items.end(),
+                       [](const FileItem& item) { return item.isDirectory; });
+}
+
+/// Room for breaks in a long path: without them it cannot be wrapped.
+QString breakable(QString text) {
+    return text.replace(QLatin1Char('/'), QStringLiteral("/\u200B"));
+}
+
+/// The newest figures on their way to the main thread, which takes them when it gets round to it.
+struct Feed {
+    std::mutex mutex;
+    ContentCount count; ///< guarded by mutex
+    std::atomic<bool> isTaken = true;
+};
+
+} // namespace
+
+QString exactSizeText(qint64 bytes) {
+    constexpr qint64 kilo = 1000;
+    if (bytes < kilo)
+        return formatBytes(bytes);
+    return QStringLiteral("%1 (%2)").arg(formatBytes(bytes),
+                                         tessary::tr("%1 bytes").arg(QLocale().toString(bytes)));
+}
+
+PropertiesDialog::PropertiesDialog(std::shared_ptr<FileAccess> files, std::vector<FileItem> items,
+                                   QWidget* parent)
+    : QDialog(parent),
+      files_(std::move(files)),
+      items_(std::move(items)),
+      form_(new QFormLayout),
+      title_(new QLabel),
+      note_(new QLabel),
+      busy_(new QProgressBar),
+      stopButton_(new QPushButton) {
+    setObjectName(QStringLiteral("propertiesDialog"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(20, 20, 20, 16);
+    column->setSpacing(14);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+    makeHeading(*column);
+
+    form_->setHorizontalSpacing(16);
+    form_->setVerticalSpacing(9);
+    form_->setLabelAlignment(Qt::AlignRight | Qt::AlignTop);
+    kind_ = addRow("Kind", "propertiesKind");
+    size_ = addRow("Size", "propertiesSize");
+    if (hasFolder(items_))
+        content_ = addRow("Content", "propertiesContent");
+    if (items_.size() == 1)
+        date_ = addRow("Date Modified", "propertiesDate");
+    path_ = addRow(items_.size() == 1 ? "Path" : "Folder", "propertiesPath");
+    column->addLayout(form_);
+
+    auto* counting = new QHBoxLayout;
+    busy_->setRange(0, 0);
+    busy_->setTextVisible(false);
+    busy_->setFixedHeight(6);
+    stopButton_->setObjectName(QStringLiteral("propertiesStop"));
+    stopButton_->setAutoDefault(false);
+    connect(stopButton_, &QPushButton::clicked, this, &PropertiesDialog::stopCount);
+    counting->addWidget(busy_, 1, Qt::AlignVCenter);
+    counting->addWidget(stopButton_);
+    column->addLayout(counting);
+    note_->setObjectName(QStringLiteral("propertiesNote"));
+    note_->setWordWrap(true);
+    note_->setForegroundRole(QPalette::PlaceholderText);
+    column->addWidget(note_);
+
+    auto* buttons = new QDialogButtonBox;
+    auto* close = buttons->addButton(QString(), QDialogButtonBox::RejectRole);
+    connect(close, &QPushButton::clicked, this, &QDialog::close);
+    close->setDefault(true);
+    column->addWidget(buttons);
+    for (const FileItem& item : items_)
+        if (!item.isDirectory) {
+            ++count_.files;
+            count_.bytes = addByteCounts(count_.bytes, std::max(item.size, qint64{0}));
+        }
+    keepTranslated(this, [this, close] {
+        close->setText(tessary::tr("Close"));
+        setTexts();
+    });
+    if (content_ != nullptr)
+        startCount();
+    showCount();
+}
+
+PropertiesDialog::~PropertiesDialog() {
+    stop_.request_stop();
+}
+
+void PropertiesDialog::makeHeading(QVBoxLayout& column) {
+    auto* picture = new QLabel;
+    const QString first = items_.front().iconName();
+    const bool isOfOneKind = std::all_of(items_.begin(), items_.end(), [&](const FileItem& item) {
+        return item.iconName() == first;
+    });
+    picture->setPixmap(
+        icon(isOfOneKind ? first : QStringLiteral("doc")).pixmap(iconSide, iconSide));
+    title_->setObjectName(QStringLiteral("propertiesTitle"));
+    title_->setTextFormat(Qt::PlainText);
+    title_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    QFont font = title_->font();
+    font.setPointSizeF(font.pointSizeF() * 1.2);
+    font.setWeight(QFont::DemiBold);
+    title_->setFont(font);
+    title_->setWordWrap(true);
+    title_->setMinimumWidth(valueWidth);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(14);
+    row->addWidget(picture);
+    row->addWidget(title_, 1);
+    column.addLayout(row);
+}
+
+QLabel* PropertiesDialog::addRow(const char* key, const char* objectName) {
+    auto* heading = new QLabel;
+    heading->setForegroundRole(QPalette::PlaceholderText);
+    auto* value = new QLabel;
+    value->setObjectName(QString::fromLatin1(objectName));
+    value->setTextFormat(Qt::PlainText);
+    value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    value->setWordWrap(true);
+    value->setFixedWidth(valueWidth);
+    form_->addRow(heading, value);
+    keepTranslated(heading, [heading, value, key] {
+        heading->setText(tessary::tr(key));
+        value->setAccessibleName(heading->text());
+    });
+    return value;
+}
+
+void PropertiesDialog::setTexts() {
+    const FileItem& first = items_.front();
+    const bool isOne = items_.size() == 1;
+    setWindowTitle(tessary::tr("Properties"));
+    constexpr int shownLines = 4;
+    title_->setText(isOne ? title_->fontMetrics().elidedText(printable(first.name), Qt::ElideMiddle,
+                                                             valueWidth * shownLines)
+                          : tessary::tr("%1 items").arg(items_.size()));
+    const bool isOfOneKind = std::all_of(items_.begin(), items_.end(), [&](const FileItem& item) {
+        return item.category() == first.category();
+    });
+    kind_->setText(isOfOneKind ? tessary::tr(rawValue(first.category()))
+                               : tessary::tr("Various kinds"));
+    if (date_ != nullptr)
+        date_->setText(dateText(first.modifiedDate));
+    const QString path = files_->canonicalPath(isOne ? first.path : parentPath(first.path));
+    path_->setText(breakable(printable(path)));
+    stopButton_->setText(tessary::tr("Stop Counting"));
+    busy_->setAccessibleName(tessary::tr("Counting the content"));
+    showCount();
+}
+
+void PropertiesDialog::showCount() {
+    const bool isKnown = !wasStopped_ && !isCounting_;
+    const QString bytes = exactSizeText(count_.bytes);
+    size_->setText(isKnown || content_ == nullptr ? bytes : QStringLiteral("≥ ") + bytes);
+    if (content_ != nullptr)
+        content_->setText(
+            tessary::tr("Files: %1, folders: %2")
+                .arg(QLocale().toString(count_.files), QLocale().toString(count_.folders)));
+    busy_->setVisible(isCounting_);
+    stopButton_->setVisible(isCounting_);
+    if (wasStopped_)
+        note_->setText(tessary::tr("The count was stopped: there may be more."));
+    else
+        note_->setText(tessary::tr("Folders that could not be read: %1").arg(count_.unreadable));
+    note_->setVisible(wasStopped_ || count_.unreadable > 0);
+}
+
+void PropertiesDialog::startCount() {
+    isCounting_ = true;
+    const auto feed = std::make_shared<Feed>();
+    const QPointer<PropertiesDialog> self(this);
+    const auto progress = [feed, self](const ContentCount& count) {
+        const std::scoped_lock lock(feed->mutex);
+        feed->count = count;
+        if (!feed->isTaken.exchange(false))
+            return;
+        MainThread::post([feed, self] {
+            const std::scoped_lock again(feed->mutex);
+            feed->isTaken = true;
+            if (!self || !self->isCounting_)
+                return;
+            self->count_ = feed->count;
+            self->showCount();
+        });
+    };
+    stop_ = runInBackground(
+        this,
+        [files = files_, items = items_, progress](const std::stop_token& stop) {
+            return countContent(*files, items, progress, stop);
+        },
+        [this](BackgroundResult<ContentCount> result) {
+            if (!isCounting_)
+                return;
+            isCounting_ = false;
+            wasStopped_ = !result.succeeded();
+            if (result.succeeded())
+                count_ = result.take();
+            showCount();
+        });
+}
+
+void PropertiesDialog::stopCount() {
+    stop_.request_stop();
+    isCounting_ = false;
+    wasStopped_ = true;
+    showCount();
+}
+
+} // namespace tessary

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "transfer/ContentCount.h"
+
+#include <QDialog>
+
+#include <memory>
+#include <stop_token>
+#include <vector>
+
+class QFormLayout;
+class QLabel;
+class QProgressBar;
+class QPushButton;
+class QVBoxLayout;
+
+namespace tessary {
+
+/// The facts of one entry of a device, or of several together. The content of folders is counted
+/// in the background; closing the dialog, or its button, stops that.
+class PropertiesDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    /// `items` are not empty. The dialog deletes itself when it is closed.
+    PropertiesDialog(std::shared_ptr<FileAccess> files, std::vector<FileItem> items,
+                     QWidget* parent = nullptr);
+    ~PropertiesDialog() override;
+
+    [[nodiscard]] bool isCounting() const {
+        return isCounting_;
+    }
+
+private:
+    void makeHeading(QVBoxLayout& column);
+    QLabel* addRow(const char* key, const char* objectName);
+    void startCount();
+    void stopCount();
+    void setTexts();
+    void showCount();
+
+    const std::shared_ptr<FileAccess> files_;
+    const std::vector<FileItem> items_;
+    ContentCount count_;
+    bool isCounting_ = false;
+    bool wasStopped_ = false;
+    std::stop_source stop_{std::nostopstate};
+
+    QFormLayout* form_;
+    QLabel* title_;
+    QLabel* kind_ = nullptr;
+    QLabel* size_ = nullptr;
+    QLabel* content_ = nullptr; ///< null where no folder is among the entries
+    QLabel* date_ = nullptr;    ///< null for several entries
+    QLabel* path_ = nullptr;
+    QLabel* note_;
+    QProgressBar* busy_;
+    QPushButton* stopButton_;
+};
+
+/// "1.2 MB (1,234,567 bytes)".
+[[nodiscard]] QString exactSizeText(qint64 bytes);
+
+} // namespace tessary

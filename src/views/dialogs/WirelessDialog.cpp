@@ -1,0 +1,190 @@
+#include "views/dialogs/WirelessDialog.h"
+
+#include "app/LanguageManager.h"
+#include "app/Translations.h"
+#include "base/text/Printable.h"
+#include "views/common/Icons.h"
+
+#include <QDialogButtonBox>
+#include <QInputDialog>
+#include <QLabel>
+#include <QListWidget>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QShowEvent>
+#include <QVBoxLayout>
+
+namespace tessary {
+
+namespace {
+
+constexpr int idRole = Qt::UserRole;
+
+QString stateText(const WirelessViewModel::Phone& phone) {
+    switch (phone.step) {
+    case WirelessViewModel::Step::working:
+        return phone.device.isPairing ? tessary::tr("Pairing…") : tessary::tr("Connecting…");
+    case WirelessViewModel::Step::done:
+        return phone.device.isPairing ? tessary::tr("Paired") : tessary::tr("Connected");
+    case WirelessViewModel::Step::failed:
+        return printable(trMessage(phone.failure));
+    case WirelessViewModel::Step::none:
+        break;
+    }
+    return phone.device.isPairing ? tessary::tr("Waiting to be paired")
+                                  : tessary::tr("Ready to connect");
+}
+
+} // namespace
+
+WirelessDialog::WirelessDialog(std::shared_ptr<ServiceNetwork> network, const ADBTool& adb,
+                               QWidget* parent)
+    : QDialog(parent),
+      phones_(std::move(network), adb),
+      intro_(new QLabel),
+      list_(new QListWidget),
+      note_(new QLabel),
+      busy_(new QProgressBar),
+      again_(new QPushButton),
+      connect_(new QPushButton),
+      close_(new QPushButton) {
+    setObjectName(QStringLiteral("wirelessDialog"));
+    resize(500, 380);
+    list_->setObjectName(QStringLiteral("wirelessList"));
+    list_->setIconSize({32, 32});
+    list_->setSpacing(3);
+    list_->setWordWrap(true);
+    list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    connect_->setObjectName(QStringLiteral("wirelessConnect"));
+    note_->setObjectName(QStringLiteral("wirelessNote"));
+    intro_->setWordWrap(true);
+    note_->setWordWrap(true);
+    note_->setForegroundRole(QPalette::PlaceholderText);
+    busy_->setRange(0, 0);
+    busy_->setTextVisible(false);
+    busy_->setFixedHeight(5);
+
+    again_->setAutoDefault(false);
+    connect_->setDefault(true);
+    auto* buttons = new QDialogButtonBox;
+    buttons->addButton(again_, QDialogButtonBox::ResetRole);
+    buttons->addButton(connect_, QDialogButtonBox::ActionRole);
+    buttons->addButton(close_, QDialogButtonBox::RejectRole);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(18, 18, 18, 14);
+    column->setSpacing(10);
+    column->addWidget(intro_);
+    column->addWidget(list_, 1);
+    column->addWidget(busy_);
+    column->addWidget(note_);
+    column->addWidget(buttons);
+
+    connect(&phones_, &WirelessViewModel::changed, this, &WirelessDialog::showPhones);
+    connect(list_, &QListWidget::currentRowChanged, this, &WirelessDialog::showButtons);
+    connect(list_, &QListWidget::itemActivated, this, &WirelessDialog::connectOrPair);
+    connect(connect_, &QPushButton::clicked, this, &WirelessDialog::connectOrPair);
+    connect(again_, &QPushButton::clicked, this, [this] {
+        phones_.stop();
+        phones_.start();
+    });
+    connect(close_, &QPushButton::clicked, this, &QDialog::close);
+    keepTranslated(this, [this] { setTexts(); });
+}
+
+WirelessDialog::~WirelessDialog() {
+    phones_.disconnect(this);
+}
+
+void WirelessDialog::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (!event->spontaneous())
+        phones_.start();
+}
+
+void WirelessDialog::hideEvent(QHideEvent* event) {
+    QDialog::hideEvent(event);
+    if (!event->spontaneous())
+        phones_.stop();
+}
+
+void WirelessDialog::setTexts() {
+    setWindowTitle(tessary::tr("Wireless Devices"));
+    intro_->setText(tessary::tr("Phones on this network on which wireless debugging is switched "
+                                "on."));
+    list_->setAccessibleName(tessary::tr("Wireless Devices"));
+    busy_->setAccessibleName(tessary::tr("Looking for phones…"));
+    again_->setText(tessary::tr("Search Again"));
+    close_->setText(tessary::tr("Close"));
+    showPhones();
+}
+
+/// Rows that stay keep their place and the choice, so that nothing moves below the hand.
+void WirelessDialog::showPhones() {
+    const auto& phones = phones_.phones();
+    const WirelessViewModel::Phone* kept = chosen();
+    const QString keptId = kept ? kept->device.id : QString();
+    while (list_->count() > static_cast<int>(phones.size()))
+        delete list_->takeItem(list_->count() - 1);
+    while (list_->count() < static_cast<int>(phones.size()))
+        list_->addItem(new QListWidgetItem(icon("smartphone"), QString()));
+    for (int row = 0; row < list_->count(); ++row) {
+        const auto& phone = phones[static_cast<std::size_t>(row)];
+        QListWidgetItem* item = list_->item(row);
+        item->setData(idRole, phone.device.id);
+        item->setText(printable(phone.device.name) + QLatin1Char('\n') + stateText(phone));
+        if (phone.device.id == keptId)
+            list_->setCurrentRow(row);
+    }
+    const bool isUnavailable = phones_.state() == WirelessViewModel::State::unavailable;
+    busy_->setVisible(!isUnavailable && phones.empty());
+    note_->setText(
+        isUnavailable
+            ? tessary::tr("This computer cannot look for phones on the network: the service for it "
+                          "(avahi-daemon) does not run.")
+        : phones.empty()
+            ? tessary::tr("On the phone, switch on wireless debugging in the developer options. "
+                          "It must be on the same network as this computer.")
+            : tessary::tr("A phone that waits to be paired shows a code of six digits."));
+    showButtons();
+}
+
+void WirelessDialog::showButtons() {
+    const WirelessViewModel::Phone* phone = chosen();
+    connect_->setText(phone && phone->device.isPairing ? tessary::tr("Pair…")
+                                                       : tessary::tr("Connect"));
+    connect_->setEnabled(phone && !phones_.isWorking() &&
+                         phone->step != WirelessViewModel::Step::done);
+}
+
+const WirelessViewModel::Phone* WirelessDialog::chosen() const {
+    const QListWidgetItem* item = list_->currentItem();
+    return item ? phones_.phone(item->data(idRole).toString()) : nullptr;
+}
+
+void WirelessDialog::connectOrPair() {
+    const WirelessViewModel::Phone* phone = chosen();
+    if (!phone || !connect_->isEnabled())
+        return;
+    const QString id = phone->device.id;
+    if (!phone->device.isPairing) {
+        phones_.connectTo(id);
+        return;
+    }
+    auto* question = new QInputDialog(this);
+    question->setAttribute(Qt::WA_DeleteOnClose);
+    question->setWindowTitle(tessary::tr("Pair…"));
+    question->setLabelText(tessary::tr("The six digits that the phone shows:"));
+    question->setOkButtonText(tessary::tr("Pair"));
+    question->setCancelButtonText(tessary::tr("browser.cancel"));
+    connect(question, &QInputDialog::textValueSelected, this, [this, id](const QString& text) {
+        static const QRegularExpression blanks(QStringLiteral("\\s"));
+        static const QRegularExpression digits(QStringLiteral("^\\d{6}$"));
+        const QString code = QString(text).remove(blanks);
+        if (digits.match(code).hasMatch())
+            phones_.pair(id, code);
+    });
+    question->open();
+}
+
+} // namespace tessary

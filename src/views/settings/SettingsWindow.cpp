@@ -1,0 +1,180 @@
+#include "views/settings/SettingsWindow.h"
+
+#include "app/Translations.h"
+#include "views/common/Icons.h"
+#include "views/common/WindowStateStore.h"
+#include "views/sync/SyncPairList.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace tessary {
+
+namespace {
+
+enum Tab { generalTab, syncTab, updatesTab, aboutTab };
+
+constexpr int margin = 22; // pixels around a page
+
+/// A page, and its only column.
+std::pair<QWidget*, QVBoxLayout*> makePage() {
+    auto* page = new QWidget;
+    auto* column = new QVBoxLayout(page);
+    column->setContentsMargins(margin, margin, margin, margin);
+    column->setSpacing(12);
+    return {page, column};
+}
+
+QLabel* makeNote() {
+    auto* note = new QLabel;
+    note->setWordWrap(true);
+    note->setForegroundRole(QPalette::PlaceholderText);
+    return note;
+}
+
+} // namespace
+
+SettingsWindow::SettingsWindow(TessaryApp& app, SyncViewModel& sync, WindowStateStore& memory,
+                               QWidget* parent)
+    : QDialog(parent),
+      app_(app),
+      memory_(memory),
+      tabs_(new QTabWidget),
+      languageLabel_(new QLabel),
+      language_(new QComboBox),
+      languageNote_(makeNote()),
+      remember_(new QCheckBox),
+      autoCheck_(new QCheckBox),
+      check_(new QPushButton),
+      version_(new QLabel),
+      aboutVersion_(new QLabel),
+      aboutWords_(makeNote()),
+      homepage_(new QPushButton) {
+    setObjectName(QStringLiteral("settingsWindow"));
+    setMinimumSize(560, 400);
+    auto [syncPage, syncColumn] = makePage();
+    syncColumn->addWidget(new SyncPairList(sync), 1);
+    tabs_->addTab(makeGeneral(), icon("configure"), QString());
+    tabs_->addTab(syncPage, icon("folder-sync"), QString());
+    tabs_->addTab(makeUpdates(), icon("view-refresh"), QString());
+    tabs_->addTab(makeAbout(), icon("help-about"), QString());
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(tabs_);
+
+    connect(&app.updateChecker(), &UpdateCheckerService::stateChanged, this,
+            &SettingsWindow::showState);
+    connect(&app.languageManager(), &LanguageManager::selectedLanguageChanged, this,
+            &SettingsWindow::showState);
+    for (QPushButton* button : {check_, homepage_})
+        button->setAutoDefault(false); // Return belongs to the control that has the focus
+    tabs_->tabBar()->setFocus();
+    keepTranslated(this, [this] { showTexts(); });
+}
+
+QWidget* SettingsWindow::makeGeneral() {
+    for (const AppLanguage language : allAppLanguages)
+        language_->addItem(displayName(language), static_cast<int>(language));
+    language_->setObjectName(QStringLiteral("language"));
+    language_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    languageLabel_->setBuddy(language_);
+    connect(language_, &QComboBox::currentIndexChanged, this, [this] {
+        app_.languageManager().setSelectedLanguage(
+            static_cast<AppLanguage>(language_->currentData().toInt()));
+    });
+    remember_->setObjectName(QStringLiteral("rememberWindow"));
+    connect(remember_, &QCheckBox::clicked, this, [this](bool on) { memory_.setOn(on); });
+
+    auto [page, column] = makePage();
+    auto* form = new QFormLayout;
+    form->setHorizontalSpacing(16);
+    auto* field = new QHBoxLayout;
+    field->addWidget(language_);
+    field->addStretch(1);
+    form->addRow(languageLabel_, field);
+    column->addLayout(form);
+    column->addWidget(languageNote_);
+    column->addSpacing(8);
+    column->addWidget(remember_);
+    column->addStretch(1);
+    return page;
+}
+
+QWidget* SettingsWindow::makeUpdates() {
+    UpdateCheckerService& checker = app_.updateChecker();
+    autoCheck_->setObjectName(QStringLiteral("autoCheck"));
+    check_->setObjectName(QStringLiteral("checkNow"));
+    connect(autoCheck_, &QCheckBox::clicked, this,
+            [&checker](bool on) { checker.setChecksAutomatically(on); });
+    connect(check_, &QPushButton::clicked, this, [&checker] { checker.checkForUpdates(true); });
+    auto [page, column] = makePage();
+    column->addWidget(version_);
+    column->addWidget(autoCheck_);
+    column->addSpacing(4);
+    column->addWidget(check_, 0, Qt::AlignLeft);
+    column->addStretch(1);
+    return page;
+}
+
+QWidget* SettingsWindow::makeAbout() {
+    constexpr int pictureSide = 72;
+    auto* picture = new QLabel;
+    picture->setPixmap(icon("smartphone").pixmap(pictureSide, pictureSide));
+    auto* name = new QLabel(QStringLiteral("Tessary"));
+    QFont font = name->font();
+    font.setPointSizeF(font.pointSizeF() * 1.8);
+    font.setWeight(QFont::DemiBold);
+    name->setFont(font);
+    connect(homepage_, &QPushButton::clicked, this,
+            [this] { app_.updateChecker().openHomepage(); });
+    auto [page, column] = makePage();
+    column->addStretch(1);
+    for (QLabel* label : {picture, name, aboutVersion_, aboutWords_}) {
+        label->setAlignment(Qt::AlignCenter);
+        column->addWidget(label);
+    }
+    column->addSpacing(8);
+    column->addWidget(homepage_, 0, Qt::AlignHCenter);
+    column->addStretch(2);
+    return page;
+}
+
+void SettingsWindow::showTexts() {
+    setLocale(QLocale());
+    setWindowTitle(tessary::tr("settings.title"));
+    tabs_->setAccessibleName(tessary::tr("settings.title"));
+    tabs_->tabBar()->setAccessibleName(tessary::tr("settings.title"));
+    tabs_->setTabText(generalTab, tessary::tr("settings.general"));
+    tabs_->setTabText(syncTab, tessary::tr("settings.sync"));
+    tabs_->setTabText(updatesTab, tessary::tr("settings.updates"));
+    tabs_->setTabText(aboutTab, tessary::tr("settings.about"));
+    languageLabel_->setText(tessary::tr("settings.language"));
+    language_->setAccessibleName(tessary::tr("settings.language"));
+    language_->setItemText(0, tessary::tr("System Default"));
+    languageNote_->setText(tessary::tr("settings.languageDesc"));
+    remember_->setText(tessary::tr("Open the window as it was left"));
+    autoCheck_->setText(tessary::tr("settings.autoCheckUpdates"));
+    check_->setText(tessary::tr("settings.checkUpdates"));
+    const QString version = QStringLiteral("%1 %2").arg(tessary::tr("settings.version"),
+                                                        app_.updateChecker().currentVersion());
+    version_->setText(version);
+    aboutVersion_->setText(version);
+    aboutWords_->setText(tessary::tr("Browse phones and copy files to and from them."));
+    homepage_->setText(tessary::tr("Website"));
+    showState();
+}
+
+void SettingsWindow::showState() {
+    language_->setCurrentIndex(
+        language_->findData(static_cast<int>(app_.languageManager().selectedLanguage())));
+    remember_->setChecked(memory_.isOn());
+    autoCheck_->setChecked(app_.updateChecker().checksAutomatically());
+    check_->setEnabled(!app_.updateChecker().isChecking());
+}
+
+} // namespace tessary

@@ -1,0 +1,114 @@
+#include "views/sidebar/DeviceDelegate.h"
+
+#include "views/common/RowGround.h"
+#include "views/sidebar/DeviceListModel.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+#include <algorithm>
+
+namespace tessary {
+
+namespace {
+
+constexpr int margin = 10;
+constexpr int iconSize = 32;
+constexpr int barHeight = 5;
+
+/// Used share of the storage that the row shows; no value while it is unknown.
+std::optional<double> usedShare(const DeviceInfo& device) {
+    if (!device.volumes.empty() && device.volumes.front().totalBytes > 0)
+        return device.volumes.front().usageRatio();
+    if (device.freeStorageBytes && device.totalStorageBytes.value_or(0) > 0)
+        return 1.0 - std::clamp(static_cast<double>(*device.freeStorageBytes) /
+                                    static_cast<double>(*device.totalStorageBytes),
+                                0.0, 1.0);
+    return std::nullopt;
+}
+
+QColor fillColour(double share, const QPalette& palette) {
+    if (share > 0.95)
+        return {206, 58, 58};
+    if (share > 0.85)
+        return {214, 140, 20};
+    return palette.color(QPalette::Highlight);
+}
+
+} // namespace
+
+QSize DeviceDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const {
+    const int line = option.fontMetrics.height();
+    return {180, 2 * margin + 3 * line + barHeight + 8};
+}
+
+void DeviceDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                           const QModelIndex& index) const {
+    const auto* model = qobject_cast<const DeviceListModel*>(index.model());
+    const DeviceInfo* device = model != nullptr ? model->deviceAt(index) : nullptr;
+    if (device == nullptr)
+        return;
+    const QPalette& palette = option.palette;
+    const bool isSelected = (option.state & QStyle::State_Selected) != 0;
+    const QColor text =
+        palette.color(isSelected ? QPalette::HighlightedText : QPalette::WindowText);
+    QColor faint = text;
+    faint.setAlphaF(0.72F);
+
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    const QRect card = option.rect.adjusted(6, 2, -6, -2);
+    paintRowGround(*painter, option, card);
+
+    const QRect inner = card.adjusted(margin, margin - 2, -margin, -(margin - 2));
+    const QRect iconRect(inner.left(), inner.top() + 2, iconSize, iconSize);
+    index.data(Qt::DecorationRole).value<QIcon>().paint(painter, iconRect);
+
+    const int line = option.fontMetrics.height();
+    const QRect texts = inner.adjusted(iconSize + 10, 0, 0, 0);
+    QFont bold = option.font;
+    bold.setWeight(QFont::DemiBold);
+    painter->setFont(bold);
+    painter->setPen(text);
+    painter->drawText(
+        QRect(texts.left(), texts.top(), texts.width(), line), Qt::AlignLeft | Qt::AlignVCenter,
+        QFontMetrics(bold).elidedText(index.data().toString(), Qt::ElideRight, texts.width()));
+    QFont small = option.font;
+    small.setPointSizeF(small.pointSizeF() * 0.88);
+    const QFontMetrics smallMetrics(small);
+    painter->setFont(small);
+    painter->setPen(faint);
+    painter->drawText(
+        QRect(texts.left(), texts.top() + line, texts.width(), line),
+        Qt::AlignLeft | Qt::AlignVCenter,
+        smallMetrics.elidedText(deviceDetail(*device), Qt::ElideRight, texts.width()));
+
+    const int barTop = inner.top() + 2 * line + 6;
+    if (const auto share = usedShare(*device)) {
+        const QRectF bar(inner.left(), barTop, inner.width(), barHeight);
+        QColor trough = text;
+        trough.setAlphaF(0.16F);
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(trough);
+        painter->drawRoundedRect(bar, barHeight / 2.0, barHeight / 2.0);
+        QRectF used = bar;
+        used.setWidth(std::max<double>(barHeight, bar.width() * *share));
+        painter->setBrush(isSelected ? text : fillColour(*share, palette));
+        painter->drawRoundedRect(used, barHeight / 2.0, barHeight / 2.0);
+    }
+    painter->setPen(faint);
+    painter->drawText(QRect(inner.left(), barTop + barHeight + 2, inner.width(), line),
+                      Qt::AlignLeft | Qt::AlignVCenter,
+                      smallMetrics.elidedText(index.data(DeviceListModel::stateRole).toString(),
+                                              Qt::ElideRight, inner.width()));
+
+    if ((option.state & QStyle::State_HasFocus) != 0 &&
+        (option.state & QStyle::State_KeyboardFocusChange) != 0) {
+        painter->setPen(QPen(text, 1, Qt::DotLine));
+        painter->setBrush(Qt::NoBrush);
+        painter->drawRoundedRect(card.adjusted(2, 2, -2, -2), 7, 7);
+    }
+    painter->restore();
+}
+
+} // namespace tessary

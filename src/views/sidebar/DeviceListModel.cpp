@@ -1,0 +1,128 @@
+#include "views/sidebar/DeviceListModel.h"
+
+#include "app/LanguageManager.h"
+#include "app/Translations.h"
+#include "base/text/ByteFormat.h"
+#include "base/text/Printable.h"
+#include "views/common/Icons.h"
+#include "views/common/PlainText.h"
+
+#include <algorithm>
+
+namespace tessary {
+
+namespace {
+
+QString nameOf(const DeviceInfo& device) {
+    if (device.deviceName)
+        return printable(*device.deviceName);
+    // An iPhone tells its name only to computers that it trusts.
+    return device.platform == DevicePlatform::iOS ? QStringLiteral("iPhone / iPad")
+                                                  : printable(device.udid);
+}
+
+} // namespace
+
+DeviceListModel::DeviceListModel(const DeviceManager& manager, QObject* parent)
+    : QAbstractListModel(parent), manager_(manager), devices_(manager.devices()) {
+    connect(&manager, &DeviceManager::devicesChanged, this, &DeviceListModel::update);
+    connect(&manager, &DeviceManager::troubleChanged, this, [this](const QString& id) {
+        if (const QModelIndex row = indexOf(id); row.isValid())
+            Q_EMIT dataChanged(row, row);
+    });
+    connect(&LanguageManager::shared(), &LanguageManager::languageChanged, this, [this] {
+        if (const int rows = rowCount(); rows > 0)
+            Q_EMIT dataChanged(index(0), index(rows - 1));
+    });
+}
+
+int DeviceListModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(devices_.size());
+}
+
+QVariant DeviceListModel::data(const QModelIndex& index, int role) const {
+    const DeviceInfo* device = deviceAt(index);
+    if (device == nullptr)
+        return {};
+    const QString name = nameOf(*device);
+    switch (role) {
+    case Qt::DisplayRole:
+        return name;
+    case Qt::DecorationRole:
+        return icon(systemImage(device->platform));
+    case Qt::ToolTipRole:
+        return plainToolTip(QStringLiteral("%1\n%2").arg(name, printable(device->udid)));
+    case stateRole:
+        return manager_.trouble(device->id()) ? tessary::tr("Needs your attention")
+                                              : deviceStorageText(*device);
+    case Qt::AccessibleTextRole:
+        return QStringLiteral("%1, %2, %3")
+            .arg(name, deviceDetail(*device), data(index, stateRole).toString());
+    default:
+        return {};
+    }
+}
+
+const DeviceInfo* DeviceListModel::deviceAt(const QModelIndex& index) const {
+    if (!index.isValid() || index.row() >= rowCount())
+        return nullptr;
+    return &devices_[static_cast<std::size_t>(index.row())];
+}
+
+QModelIndex DeviceListModel::indexOf(const QString& id) const {
+    const auto found = std::find_if(devices_.begin(), devices_.end(),
+                                    [&](const DeviceInfo& device) { return device.id() == id; });
+    return found == devices_.end() ? QModelIndex()
+                                   : index(static_cast<int>(found - devices_.begin()));
+}
+
+void DeviceListModel::update() {
+    const std::vector<DeviceInfo>& now = manager_.devices();
+    const auto holds = [](const std::vector<DeviceInfo>& list, const DeviceInfo& device) {
+        return std::any_of(list.begin(), list.end(),
+                           [&](const DeviceInfo& other) { return other.id() == device.id(); });
+    };
+    for (int row = rowCount() - 1; row >= 0; --row) {
+        if (holds(now, devices_[static_cast<std::size_t>(row)]))
+            continue;
+        beginRemoveRows({}, row, row);
+        devices_.erase(devices_.begin() + row);
+        endRemoveRows();
+    }
+    for (std::size_t i = 0; i < now.size(); ++i) {
+        const int row = static_cast<int>(i);
+        if (i >= devices_.size() || devices_[i].id() != now[i].id()) {
+            beginInsertRows({}, row, row);
+            devices_.insert(devices_.begin() + row, now[i]);
+            endInsertRows();
+        } else if (devices_[i] != now[i]) {
+            devices_[i] = now[i];
+            Q_EMIT dataChanged(index(row), index(row));
+        }
+    }
+}
+
+QString deviceDetail(const DeviceInfo& device) {
+    const QString mode = tessary::tr(rawValue(device.protocolMode));
+    if (!device.batteryLevel)
+        return mode;
+    return QStringLiteral("%1  ·  %2")
+        .arg(mode, tessary::tr("Battery %1 %").arg(*device.batteryLevel));
+}
+
+QString deviceStorageText(const DeviceInfo& device) {
+    if (device.isLocked)
+        return tessary::tr("Locked: unlock it");
+    if (device.volumes.empty()) {
+        // An iPhone that is to be trusted first takes many seconds to say so.
+        const bool isConnecting = device.platform == DevicePlatform::iOS && !device.deviceName;
+        return device.formattedStorageSummary().value_or(
+            isConnecting ? tessary::tr("Connecting…") : tessary::tr("Reading storage…"));
+    }
+    const StorageVolume& first = device.volumes.front();
+    return tessary::tr("%1 free of %2")
+        .arg(formatBytes(static_cast<qint64>(std::min(first.freeBytes, first.totalBytes))),
+             formatBytes(static_cast<qint64>(first.totalBytes)));
+}
+
+} // namespace tessary

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "devices/list/DeviceManager.h"
+
+#include <QAbstractListModel>
+
+#include <vector>
+
+namespace tessary {
+
+/// The attached devices as rows. Follows a DeviceManager and changes as few rows as it can, so that
+/// the selection stays where it is.
+class DeviceListModel : public QAbstractListModel {
+    Q_OBJECT
+
+public:
+    /// The line below the storage bar: free space, or that something is the matter.
+    static constexpr int stateRole = Qt::UserRole + 1;
+
+    /// `manager` must outlive the model.
+    explicit DeviceListModel(const DeviceManager& manager, QObject* parent = nullptr);
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+
+    [[nodiscard]] const DeviceInfo* deviceAt(const QModelIndex& index) const;
+    /// The row of a `DeviceInfo::id()`; invalid when it is not attached.
+    [[nodiscard]] QModelIndex indexOf(const QString& id) const;
+
+private:
+    void update();
+
+    const DeviceManager& manager_;
+    std::vector<DeviceInfo> devices_;
+};
+
+/// The line below a device's name: its mode and battery.
+[[nodiscard]] QString deviceDetail(const DeviceInfo& device);
+/// The line below its storage bar: what is free, or what is waited for.
+[[nodiscard]] QString deviceStorageText(const DeviceInfo& device);
+
+} // namespace tessary

@@ -1,0 +1,68 @@
+#include "views/sidebar/ModeSwitch.h"
+
+#include "app/LanguageManager.h"
+#include "app/Translations.h"
+
+#include <QButtonGroup>
+#include <QHBoxLayout>
+#include <QPushButton>
+
+namespace tessary {
+
+namespace {
+
+QPushButton* modeButton(ProtocolMode mode, const char* toolTip) {
+    auto* button = new QPushButton;
+    button->setCheckable(true);
+    button->setFlat(false);
+    QFont small = button->font();
+    small.setPointSizeF(small.pointSizeF() * 0.88);
+    button->setFont(small);
+    keepTranslated(button, [button, mode, toolTip] {
+        button->setText(mode == ProtocolMode::mtp ? QStringLiteral("MTP")
+                                                  : QStringLiteral("Turbo (ADB)"));
+        button->setAccessibleName(tessary::tr(rawValue(mode)));
+        button->setToolTip(tessary::tr(toolTip));
+    });
+    return button;
+}
+
+} // namespace
+
+ModeSwitch::ModeSwitch(std::function<void(ProtocolMode)> useMode, QWidget* parent)
+    : QWidget(parent),
+      standard_(modeButton(ProtocolMode::mtp, "Works with every phone, nothing to set up.")),
+      turbo_(modeButton(ProtocolMode::adbTurbo,
+                        "Faster and sees more. Needs USB debugging on the phone.")) {
+    setObjectName(QStringLiteral("modeSwitch"));
+    auto* group = new QButtonGroup(this);
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(12, 4, 12, 4);
+    row->setSpacing(0);
+    for (QPushButton* button : {standard_, turbo_}) {
+        group->addButton(button);
+        // The pressed look alone is hardly seen on a dark ground.
+        connect(button, &QPushButton::toggled, button, [button](bool isOn) {
+            QFont font = button->font();
+            font.setBold(isOn);
+            button->setFont(font);
+        });
+        row->addWidget(button, 1);
+    }
+    connect(standard_, &QPushButton::clicked, this, [useMode] { useMode(ProtocolMode::mtp); });
+    connect(turbo_, &QPushButton::clicked, this,
+            [useMode = std::move(useMode)] { useMode(ProtocolMode::adbTurbo); });
+    hide();
+}
+
+void ModeSwitch::showDevice(const std::optional<DeviceInfo>& device) {
+    const bool hasChoice = device && device->platform == DevicePlatform::android;
+    setVisible(hasChoice);
+    if (!hasChoice)
+        return;
+    (device->protocolMode == ProtocolMode::adbTurbo ? turbo_ : standard_)->setChecked(true);
+    // A phone on the network is reached by adb alone.
+    standard_->setEnabled(device->connectionType == ConnectionType::usb);
+}
+
+} // namespace tessary

@@ -1,0 +1,118 @@
+#include "views/sidebar/PlaceList.h"
+
+#include "app/LanguageManager.h"
+#include "app/Translations.h"
+#include "views/common/RowGround.h"
+#include "views/sidebar/PlaceListModel.h"
+
+#include <QLabel>
+#include <QPainter>
+#include <QStyledItemDelegate>
+#include <QVBoxLayout>
+
+namespace tessary {
+
+namespace {
+
+constexpr int rowHeight = 28;
+
+/// A row with round corners, as the devices have them.
+class PlaceDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const override {
+        return {QStyledItemDelegate::sizeHint(option, index).width(), rowHeight};
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& plain,
+               const QModelIndex& index) const override {
+        constexpr int margin = 6;
+        constexpr int padding = 14;
+        constexpr int gap = 6;
+        QStyleOptionViewItem option = plain;
+        initStyleOption(&option, index);
+        const bool isSelected = (option.state & QStyle::State_Selected) != 0;
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        paintRowGround(*painter, option, option.rect.adjusted(margin, 0, -margin, 0), margin);
+        QRect place = option.rect.adjusted(margin + padding, 0, -2 * margin, 0);
+        const int side = option.decorationSize.height();
+        option.icon.paint(painter, QRect(place.left(), place.top(), side, place.height()));
+        place.setLeft(place.left() + side + gap);
+        painter->setPen(
+            option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));
+        painter->drawText(
+            place, Qt::AlignVCenter | Qt::AlignLeft,
+            option.fontMetrics.elidedText(option.text, Qt::ElideMiddle, place.width()));
+        painter->restore();
+    }
+};
+
+} // namespace
+
+QWidget* makeSectionHeading(const char* key) {
+    auto* heading = new QLabel;
+    keepTranslated(heading, [heading, key] { heading->setText(tessary::tr(key)); });
+    QFont font = heading->font();
+    font.setPointSizeF(font.pointSizeF() * 0.88);
+    font.setWeight(QFont::DemiBold);
+    heading->setFont(font);
+    heading->setForegroundRole(QPalette::PlaceholderText);
+    heading->setContentsMargins(16, 12, 10, 4);
+    return heading;
+}
+
+PlaceList::PlaceList(const char* headingKey, PlaceListModel& model, QWidget* parent)
+    : QWidget(parent), model_(model), view_(new QListView), hint_(new QLabel) {
+    keepTranslated(view_,
+                   [this, headingKey] { view_->setAccessibleName(tessary::tr(headingKey)); });
+    view_->setModel(&model);
+    view_->setFrameShape(QFrame::NoFrame);
+    view_->setIconSize({18, 18});
+    view_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    view_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    view_->setTextElideMode(Qt::ElideMiddle);
+    view_->setMouseTracking(true);
+    view_->setUniformItemSizes(true);
+    view_->setItemDelegate(new PlaceDelegate(view_));
+    view_->viewport()->setAutoFillBackground(false);
+    hint_->setWordWrap(true);
+    hint_->setForegroundRole(QPalette::PlaceholderText);
+    hint_->setContentsMargins(16, 2, 12, 4);
+    QFont small = hint_->font();
+    small.setPointSizeF(small.pointSizeF() * 0.88);
+    hint_->setFont(small);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(makeSectionHeading(headingKey));
+    column->addWidget(hint_);
+    column->addWidget(view_);
+    connect(&model, &QAbstractItemModel::modelReset, this, [this] { fit(); });
+    fit();
+}
+
+void PlaceList::setHint(const char* key) {
+    hasHint_ = true;
+    keepTranslated(hint_, [this, key] { hint_->setText(tessary::tr(key)); });
+    fit();
+}
+
+void PlaceList::mark(const QModelIndex& index) {
+    if (index.isValid())
+        view_->setCurrentIndex(index);
+    else
+        view_->selectionModel()->clear();
+}
+
+void PlaceList::fit() {
+    const int rows = model_.rowCount();
+    view_->setFixedHeight(rows * rowHeight);
+    view_->setVisible(rows > 0);
+    hint_->setVisible(rows == 0 && hasHint_);
+    setVisible(rows > 0 || hasHint_);
+}
+
+} // namespace tessary

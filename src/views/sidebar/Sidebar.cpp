@@ -1,0 +1,182 @@
+#include "views/sidebar/Sidebar.h"
+
+#include "app/LanguageManager.h"
+#include "app/Translations.h"
+#include "views/common/Icons.h"
+#include "views/sidebar/DeviceDelegate.h"
+#include "views/sidebar/ModeSwitch.h"
+#include "views/sidebar/PlaceList.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListView>
+#include <QMenu>
+#include <QScrollArea>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace tessary {
+
+namespace {
+
+constexpr int maxShownDevices = 4; ///< more of them scroll
+
+QWidget* makeWirelessButton(const std::function<void()>& showWireless) {
+    auto* button = new QToolButton;
+    button->setObjectName(QStringLiteral("wirelessButton"));
+    button->setIcon(lineIcon(QStringLiteral("network-wireless")));
+    button->setIconSize({18, 18});
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setAutoRaise(true);
+    keepTranslated(button, [button] { button->setText(tessary::tr("Wireless Devices…")); });
+    QObject::connect(button, &QToolButton::clicked, button, showWireless);
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(10, 4, 10, 0);
+    layout->addWidget(button, 0, Qt::AlignLeft);
+    return row;
+}
+
+} // namespace
+
+Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, Wishes wishes,
+                 QWidget* parent)
+    : QWidget(parent),
+      devices_(devices),
+      favorites_(favorites),
+      wishes_(std::move(wishes)),
+      deviceList_(new QListView),
+      noDevices_(new QLabel),
+      mode_(new ModeSwitch(wishes_.useMode)),
+      favoriteModel_(favorites),
+      favoriteList_(new PlaceList("sidebar.favorites", favoriteModel_)),
+      shortcutList_(new PlaceList("sidebar.quickShortcuts", shortcutModel_)),
+      volumeList_(new PlaceList("sidebar.storageVolumes", volumeModel_)) {
+    deviceList_->setObjectName(QStringLiteral("deviceList"));
+    keepTranslated(
+        this, [this] { deviceList_->setAccessibleName(tessary::tr("sidebar.connectedDevices")); });
+    deviceList_->setModel(&devices);
+    deviceList_->setItemDelegate(new DeviceDelegate(deviceList_));
+    deviceList_->setFrameShape(QFrame::NoFrame);
+    deviceList_->setMouseTracking(true);
+    deviceList_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    deviceList_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    deviceList_->viewport()->setBackgroundRole(QPalette::AlternateBase);
+    for (auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
+        connect(&devices, signal, this, [this] { fitDeviceList(); });
+
+    noDevices_->setObjectName(QStringLiteral("noDevices"));
+    noDevices_->setWordWrap(true);
+    noDevices_->setForegroundRole(QPalette::PlaceholderText);
+    noDevices_->setContentsMargins(16, 2, 12, 4);
+    keepTranslated(noDevices_, [this] {
+        noDevices_->setText(tessary::tr("sidebar.noDevices") + QLatin1Char('\n') +
+                            tessary::tr("sidebar.connectPrompt"));
+    });
+
+    favoriteList_->view().setObjectName(QStringLiteral("favoriteList"));
+    favoriteList_->setHint("Drop a folder here to keep it at hand.");
+    QListView& favoriteView = favoriteList_->view();
+    favoriteView.setDragDropMode(QAbstractItemView::DragDrop);
+    favoriteView.setDefaultDropAction(Qt::MoveAction);
+    favoriteView.setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(&favoriteView, &QListView::clicked, this, [this](const QModelIndex& index) {
+        if (const auto favorite = favoriteModel_.favoriteAt(index))
+            wishes_.openFavorite(*favorite);
+    });
+    connect(&favoriteView, &QListView::activated, this, [this](const QModelIndex& index) {
+        if (const auto favorite = favoriteModel_.favoriteAt(index))
+            wishes_.openFavorite(*favorite);
+    });
+    connect(&favoriteView, &QWidget::customContextMenuRequested, this, [this](const QPoint& where) {
+        QListView& view = favoriteList_->view();
+        const auto favorite = favoriteModel_.favoriteAt(view.indexAt(where));
+        if (!favorite)
+            return;
+        QMenu menu;
+        menu.addAction(icon("edit-delete-remove"), tessary::tr("browser.removeFromFavorites"),
+                       [this, id = favorite->id] { favorites_.removeFavorite(id); });
+        menu.exec(view.viewport()->mapToGlobal(where));
+    });
+    shortcutList_->view().setObjectName(QStringLiteral("shortcutList"));
+    volumeList_->view().setObjectName(QStringLiteral("volumeList"));
+    for (auto [list, model] :
+         {std::pair{shortcutList_, &shortcutModel_}, std::pair{volumeList_, &volumeModel_}})
+        for (auto signal : {&QListView::clicked, &QListView::activated})
+            connect(&list->view(), signal, this, [this, model = model](const QModelIndex& index) {
+                if (const Place* place = model->placeAt(index))
+                    wishes_.openFolder(place->path);
+            });
+
+    auto* content = new QWidget;
+    auto* column = new QVBoxLayout(content);
+    column->setContentsMargins(0, 0, 0, 8);
+    column->setSpacing(0);
+    column->addWidget(makeSectionHeading("sidebar.connectedDevices"));
+    column->addWidget(deviceList_);
+    column->addWidget(noDevices_);
+    column->addWidget(mode_);
+    for (PlaceList* list : {favoriteList_, shortcutList_, volumeList_})
+        column->addWidget(list);
+    column->addStretch(1);
+    column->addWidget(makeWirelessButton(wishes_.showWireless));
+    auto* scroll = new QScrollArea;
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->setWidget(content);
+    for (QWidget* ground : {static_cast<QWidget*>(this), content, scroll->viewport()}) {
+        ground->setAutoFillBackground(true);
+        ground->setBackgroundRole(QPalette::AlternateBase);
+    }
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins(0, 0, 0, 0);
+    all->addWidget(scroll);
+    setMinimumWidth(200);
+    connect(&LanguageManager::shared(), &LanguageManager::languageChanged, this,
+            &Sidebar::showPlaces);
+    fitDeviceList();
+    showDevice(std::nullopt, {});
+}
+
+void Sidebar::fitDeviceList() {
+    const int rows = devices_.rowCount();
+    const int height = rows == 0 ? 0 : deviceList_->sizeHintForRow(0);
+    deviceList_->setFixedHeight(std::min(rows, maxShownDevices) * height + (rows > 0 ? 2 : 0));
+    deviceList_->setVisible(rows > 0);
+    noDevices_->setVisible(rows == 0);
+}
+
+void Sidebar::showDevice(const std::optional<DeviceInfo>& device, const FavoriteSource& source) {
+    device_ = device;
+    source_ = source;
+    showPlaces();
+}
+
+void Sidebar::showPlaces() {
+    mode_->showDevice(device_);
+    favoriteModel_.showDevice(device_ ? device_->udid : QString(), source_);
+    favoriteList_->setVisible(device_.has_value());
+    shortcutModel_.setPlaces(device_ ? shortcutsOf(*device_) : std::vector<Place>());
+    volumeModel_.setPlaces(device_ ? volumesOf(*device_) : std::vector<Place>());
+    showFolder(folder_);
+}
+
+void Sidebar::showFolder(const QString& path) {
+    folder_ = path;
+    favoriteList_->mark(favoriteModel_.indexOf(path));
+    shortcutList_->mark(shortcutModel_.indexOf(path));
+    volumeList_->mark(volumeModel_.indexOf(path));
+}
+
+void Sidebar::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        fitDeviceList();
+}
+
+} // namespace tessary

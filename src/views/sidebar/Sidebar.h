@@ -1,0 +1,67 @@
+#pragma once
+
+#include "views/sidebar/DeviceListModel.h"
+#include "views/sidebar/PlaceListModel.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <optional>
+
+class QLabel;
+class QListView;
+
+namespace tessary {
+
+class ModeSwitch;
+class PlaceList;
+
+/// The left side of the window: the devices, and what leads into the chosen one: its favorites, the
+/// usual folders and its storages.
+class Sidebar : public QWidget {
+public:
+    /// What the user wishes.
+    struct Wishes {
+        std::function<void(const DeviceFavorite&)> openFavorite;
+        std::function<void(const QString& path)> openFolder;
+        std::function<void(ProtocolMode)> useMode;
+        std::function<void()> showWireless;
+    };
+
+    /// Model and manager must outlive it.
+    Sidebar(DeviceListModel& devices, FavoritesManager& favorites, Wishes wishes,
+            QWidget* parent = nullptr);
+
+    [[nodiscard]] QListView& deviceList() const {
+        return *deviceList_;
+    }
+    /// Shows the places of this device, or none. `source` is what is being browsed of it.
+    void showDevice(const std::optional<DeviceInfo>& device, const FavoriteSource& source);
+    /// Marks the place that is this folder.
+    void showFolder(const QString& path);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void fitDeviceList();
+    void showPlaces();
+
+    DeviceListModel& devices_;
+    FavoritesManager& favorites_;
+    Wishes wishes_;
+    std::optional<DeviceInfo> device_;
+    FavoriteSource source_;
+    QString folder_;
+    QListView* deviceList_;
+    QLabel* noDevices_;
+    ModeSwitch* mode_;
+    FavoriteListModel favoriteModel_;
+    PlaceListModel shortcutModel_;
+    PlaceListModel volumeModel_;
+    PlaceList* favoriteList_;
+    PlaceList* shortcutList_;
+    PlaceList* volumeList_;
+};
+
+} // namespace tessary

@@ -1,0 +1,33 @@
+#include "views/sync/SyncFileList.h"
+
+#include "app/Translations.h"
+#include "base/text/ByteFormat.h"
+#include "base/text/Printable.h"
+#include "views/common/PlainText.h"
+
+#include <QHeaderView>
+#include <QTreeWidget>
+
+namespace tessary {
+
+void setUpSyncFileList(QTreeWidget& list, const QString& last) {
+    list.setHeaderLabels({tessary::tr("Name"), tessary::tr("Size"), last});
+    list.setRootIsDecorated(false);
+    list.setUniformRowHeights(true);
+    list.setAlternatingRowColors(true);
+    list.setSelectionMode(QAbstractItemView::NoSelection);
+    list.setTextElideMode(Qt::ElideMiddle);
+    list.header()->setStretchLastSection(false);
+    list.header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    list.header()->resizeSection(1, 90);
+    list.header()->setSectionResizeMode(2, QHeaderView::ResizeToContents);
+}
+
+QTreeWidgetItem* makeSyncFileRow(const QString& path, qint64 size, const QString& words) {
+    auto* row = new QTreeWidgetItem({printable(path), formatBytes(size), words});
+    row->setToolTip(0, plainToolTip(printable(path)));
+    row->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
+    return row;
+}
+
+} // namespace tessary

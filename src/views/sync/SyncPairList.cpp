@@ -1,0 +1,71 @@
+#include "views/sync/SyncPairList.h"
+
+#include "app/LanguageManager.h"
+#include "app/Translations.h"
+#include "views/sync/SyncPairRow.h"
+
+#include <QLabel>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+namespace tessary {
+
+SyncPairList::SyncPairList(SyncViewModel& sync, QWidget* parent)
+    : QWidget(parent), sync_(sync), none_(new QLabel), rows_(new QVBoxLayout) {
+    none_->setWordWrap(true);
+    none_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    none_->setForegroundRole(QPalette::PlaceholderText);
+    auto* content = new QWidget;
+    rows_->setContentsMargins(0, 0, 0, 0);
+    rows_->setSpacing(0);
+    auto* top = new QVBoxLayout(content);
+    top->setContentsMargins(0, 0, 0, 0);
+    top->addLayout(rows_);
+    top->addStretch(1);
+    auto* scroll = new QScrollArea;
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->setWidget(content);
+    scroll->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
+    // The ground is that of the window, as the words have it.
+    content->setAutoFillBackground(false);
+    scroll->viewport()->setAutoFillBackground(false);
+    scroll_ = scroll;
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(none_);
+    column->addWidget(scroll_, 1);
+
+    connect(&sync.manager(), &SyncManager::syncPairsChanged, this, &SyncPairList::rebuild);
+    connect(&sync.manager(), &SyncManager::syncPairChanged, this, [this](const QUuid& id) {
+        if (SyncPairRow* row = rowOf_.value(id))
+            row->update();
+    });
+    keepTranslated(this, [this] {
+        none_->setText(tessary::tr("No folders are kept in step yet. Open a folder of the phone, "
+                                   "then choose “Sync This Folder…”."));
+        rebuild();
+    });
+}
+
+void SyncPairList::setTallestRows(int height) {
+    scroll_->setMaximumHeight(height);
+}
+
+void SyncPairList::rebuild() {
+    for (SyncPairRow* row : std::as_const(rowOf_)) {
+        row->hide();
+        row->deleteLater(); // it may be the one whose button was clicked
+    }
+    rowOf_.clear();
+    for (const SyncPair& pair : sync_.manager().syncPairs()) {
+        auto* row = new SyncPairRow(sync_, pair.id);
+        rows_->addWidget(row);
+        rowOf_.insert(pair.id, row);
+    }
+    none_->setVisible(rowOf_.isEmpty());
+    scroll_->setVisible(!rowOf_.isEmpty());
+}
+
+} // namespace tessary

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "sync/manager/SyncViewModel.h"
+
+#include <QHash>
+#include <QUuid>
+#include <QWidget>
+
+class QLabel;
+class QVBoxLayout;
+
+namespace tessary {
+
+class SyncPairRow;
+
+/// The pairs with their state and what may be done with them, or words about how to make one.
+class SyncPairList : public QWidget {
+public:
+    /// `sync` must outlive it.
+    explicit SyncPairList(SyncViewModel& sync, QWidget* parent = nullptr);
+
+    /// Beyond this height in pixels the rows scroll.
+    void setTallestRows(int height);
+
+private:
+    void rebuild();
+
+    SyncViewModel& sync_;
+    QLabel* none_;
+    QWidget* scroll_;
+    QVBoxLayout* rows_;
+    QHash<QUuid, SyncPairRow*> rowOf_;
+};
+
+} // namespace tessary

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "sync/manager/SyncViewModel.h"
+
+#include <QWidget>
+
+class QLabel;
+class QProgressBar;
+class QToolButton;
+
+namespace tessary {
+
+/// One pair of the sync menu: what is tied to what, how it stands, and run, cancel and remove.
+class SyncPairRow : public QWidget {
+public:
+    /// `sync` must outlive it.
+    SyncPairRow(SyncViewModel& sync, const QUuid& id, QWidget* parent = nullptr);
+
+    /// Shows the pair as it is now.
+    void update();
+
+private:
+    void remove();
+
+    SyncViewModel& sync_;
+    const QUuid id_;
+    QLabel* title_;
+    QLabel* detail_;
+    QLabel* state_;
+    QProgressBar* progress_;
+    QToolButton* run_;
+    QToolButton* cancel_;
+    QToolButton* remove_;
+};
+
+} // namespace tessary

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "sync/plan/SyncReport.h"
+
+#include <QDialog>
+
+namespace tessary {
+
+/// The question that a run waits with: which files would be deleted, and where.
+class SyncQuestionDialog : public QDialog {
+public:
+    explicit SyncQuestionDialog(const SyncQuestion& question, QWidget* parent = nullptr);
+};
+
+} // namespace tessary

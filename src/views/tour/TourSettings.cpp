@@ -1,0 +1,84 @@
+#include "app/LanguageManager.h"
+#include "views/dialogs/WirelessDialog.h"
+#include "views/settings/SettingsWindow.h"
+#include "views/tour/Tour.h"
+
+#include <QApplication>
+#include <QListWidget>
+#include <QPalette>
+#include <QTabWidget>
+
+namespace tessary {
+
+namespace {
+
+/// As a desktop with a dark scheme sets it.
+QPalette darkPalette() {
+    const QColor window(42, 46, 50);
+    const QColor base(27, 30, 32);
+    const QColor text(252, 252, 252);
+    QPalette dark(text, window, window.lighter(150), base, window.lighter(120), text, text, base,
+                  window);
+    dark.setColor(QPalette::AlternateBase, QColor(35, 38, 41));
+    dark.setColor(QPalette::ToolTipBase, window);
+    dark.setColor(QPalette::ToolTipText, text);
+    dark.setColor(QPalette::PlaceholderText, QColor(161, 169, 177));
+    dark.setColor(QPalette::Highlight, QColor(34, 110, 160));
+    dark.setColor(QPalette::HighlightedText, text);
+    dark.setColor(QPalette::Link, QColor(29, 153, 243));
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        dark.setColor(QPalette::Disabled, role, QColor(111, 115, 119));
+    return dark;
+}
+
+} // namespace
+
+void Tour::settings() {
+    window_.showSettings();
+    auto* settings = window_.findChild<SettingsWindow*>();
+    for (const char* name : {"general", "sync", "updates", "about"}) {
+        shoot(QStringLiteral("settings-") + QString::fromLatin1(name));
+        settings->tabs().setCurrentIndex(settings->tabs().currentIndex() + 1);
+    }
+    settings->tabs().setCurrentIndex(0);
+    settings->hide();
+}
+
+void Tour::wireless() {
+    window_.showWireless();
+    auto* dialog = window_.findChild<WirelessDialog*>();
+    waitFor("the phones on the network", [&] { return dialog->phones().phones().size() == 2; });
+    dialog->findChild<QListWidget*>()->setCurrentRow(0);
+    shoot(QStringLiteral("wireless-devices"));
+    dialog->hide();
+}
+
+void Tour::languages() {
+    LanguageManager& languages = LanguageManager::shared();
+    open(QStringLiteral("/sdcard"));
+    for (const AppLanguage language : {AppLanguage::de, AppLanguage::ja}) {
+        languages.setSelectedLanguage(language);
+        shoot(QStringLiteral("language-") + rawValue(language));
+        window_.showSettings();
+        shoot(QStringLiteral("settings-") + rawValue(language));
+        window_.findChild<SettingsWindow*>()->hide();
+    }
+    languages.setSelectedLanguage(AppLanguage::system);
+}
+
+void Tour::dark() {
+    QApplication::setPalette(darkPalette());
+    selectNamed({QStringLiteral("Documents")});
+    shoot(QStringLiteral("dark-list"));
+    open(QStringLiteral("/sdcard/DCIM/Camera"));
+    window_.browser().setViewMode(ViewMode::grid);
+    shoot(QStringLiteral("dark-grid"));
+    window_.browser().setViewMode(ViewMode::list);
+    window_.showSettings();
+    shoot(QStringLiteral("dark-settings"));
+    window_.findChild<SettingsWindow*>()->hide();
+    QApplication::setPalette(QPalette());
+}
+
+} // namespace tessary

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "views/browser/BrowserActions.h"
+
+#include <functional>
+
+class QMenuBar;
+
+namespace tessary {
+
+/// What the menus do besides the browser's commands.
+struct MainMenuWishes {
+    std::function<void()> showSettings;
+    std::function<void()> showWireless;
+    std::function<void()> quit;
+};
+
+/// Fills the main window's menus; their texts follow the interface's language.
+void makeMainMenus(QMenuBar& bar, const BrowserActions& actions, const MainMenuWishes& wishes);
+
+} // namespace tessary

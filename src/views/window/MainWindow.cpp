@@ -1,0 +1,447 @@
+#include "views/window/MainWindow.h"
+
+#include "app/LanguageManager.h"
+#include "app/TransferNotice.h"
+#include "app/Translations.h"
+#include "base/text/Printable.h"
+#include "base/threads/Background.h"
+#include "devices/files/AndroidFileAccess.h"
+#include "views/browser/AppListView.h"
+#include "views/common/Icons.h"
+#include "views/common/PlaceholderView.h"
+#include "views/common/PlainText.h"
+#include "views/common/StatusBanner.h"
+#include "views/common/WindowStateStore.h"
+#include "views/dialogs/WirelessDialog.h"
+#include "views/settings/SettingsWindow.h"
+#include "views/sync/SyncDialogs.h"
+#include "views/sync/SyncPanel.h"
+#include "views/transfers/TransferPanel.h"
+#include "views/window/ApplicationWindows.h"
+#include "views/window/MainMenu.h"
+#include "views/window/WelcomeView.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QHideEvent>
+#include <QListView>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QShowEvent>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+namespace tessary {
+
+namespace {
+
+BrowserSetup browserSetup(TessaryApp& app) {
+    BrowserSetup setup;
+    setup.openAndroid = [&app](const DeviceInfo& device) {
+        return std::make_shared<AndroidFileAccess>(app.files(), device);
+    };
+    setup.promises = &app.promisedFiles();
+    return setup;
+}
+
+} // namespace
+
+MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* parent)
+    : QMainWindow(parent),
+      app_(app),
+      transfers_(app.transferEngine()),
+      browser_(transfers_, browserSetup(app)),
+      devices_(app.deviceManager()),
+      sync_(app.syncManager(), app.deviceManager()),
+      sidebar_(new Sidebar(devices_, app.favoritesManager(), sidebarWishes())),
+      banner_(new StatusBanner),
+      pages_(new QStackedWidget),
+      welcome_(new WelcomeView([&app] { app.startDemo(); })),
+      notice_(new PlaceholderView),
+      appList_(new AppListView(
+          apps_, [this](const AppInfo& info) { openApp(info, QStringLiteral("/")); })),
+      browserView_(new BrowserView(browser_, std::move(dialogs))),
+      syncPanel_(new SyncPanel(
+          sync_, [this] { syncDialogs_->makePair(); }, this)),
+      syncDialogs_(new SyncDialogs(sync_, *this,
+                                   [](QWidget* asker, const QString& startAt) {
+                                       return QFileDialog::getExistingDirectory(
+                                           asker, tessary::tr("Folder on this computer"), startAt);
+                                   })),
+      transferPanel_(new TransferPanel(transfers_, app.setup().showInFolder)) {
+    setWindowIcon(icon("smartphone"));
+    resize(1180, 740);
+    setMinimumSize(760, 460);
+
+    for (QWidget* page : {static_cast<QWidget*>(welcome_), static_cast<QWidget*>(notice_),
+                          static_cast<QWidget*>(appList_), static_cast<QWidget*>(browserView_)})
+        pages_->addWidget(page);
+    auto* right = new QSplitter(Qt::Vertical);
+    right->addWidget(pages_);
+    right->addWidget(transferPanel_);
+    right->setStretchFactor(0, 1);
+    right->setSizes({510, 200});
+    right->setChildrenCollapsible(false);
+    right->setHandleWidth(1);
+    auto* content = new QWidget;
+    auto* column = new QVBoxLayout(content);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(banner_);
+    column->addWidget(right, 1);
+
+    auto* split = new QSplitter(Qt::Horizontal);
+    split->addWidget(sidebar_);
+    split->addWidget(content);
+    split->setStretchFactor(1, 1);
+    split->setSizes({250, 930});
+    split->setChildrenCollapsible(false);
+    split->setHandleWidth(1);
+    setCentralWidget(split);
+    makeMainMenus(*menuBar(), browserView_->actions(),
+                  {[this] { showSettings(); }, [this] { showWireless(); },
+                   [] { QApplication::closeAllWindows(); }});
+    connectSync();
+
+    connect(sidebar_->deviceList().selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &MainWindow::chooseDevice);
+    browserView_->setFavorites(
+        {[this](const QString& path) {
+             const auto& device = browser_.activeDevice();
+             return device && app_.favoritesManager().isFavorite(device->udid, path, chosenAppId());
+         },
+         [this](const QString& name, const QString& path) {
+             if (const auto& device = browser_.activeDevice())
+                 app_.favoritesManager().toggleFavorite(
+                     device->udid, name, path, chosenAppId(),
+                     chosenApp_ ? std::optional(chosenApp_->displayName) : std::nullopt);
+         }});
+    browserView_->setShowApps([this] { showApps(); });
+    connect(&app.favoritesManager(), &FavoritesManager::favoritesChanged, browserView_,
+            &BrowserView::updateActions);
+    connect(&browser_, &FileBrowserViewModel::connectionChanged, this, &MainWindow::showSidebar);
+    connect(&browser_, &FileBrowserViewModel::pathChanged, this,
+            [this] { sidebar_->showFolder(browser_.currentPath()); });
+    connect(&browser_, &FileBrowserViewModel::itemsDeleted, this, [this](const QStringList& paths) {
+        const auto& device = browser_.activeDevice();
+        for (const QString& path : paths)
+            if (device)
+                app_.favoritesManager().removeFavorites(browser_.files()->canonicalPath(path),
+                                                        device->udid, chosenAppId());
+    });
+    connect(&app.deviceManager(), &DeviceManager::devicesChanged, this,
+            &MainWindow::deviceListChanged);
+    connect(&app.deviceManager(), &DeviceManager::troubleChanged, this, [this] {
+        showPage();
+        showBanner();
+    });
+    connect(&browser_, &FileBrowserViewModel::errorChanged, this, &MainWindow::showBanner);
+    connect(&browser_, &FileBrowserViewModel::stateChanged, this, &MainWindow::showBanner);
+    memory_ =
+        new WindowStateStore({*this, *split, browserView_->columns(), browser_}, app.defaults());
+    keepTranslated(this, [this] { showTexts(); });
+    makePlain(*this);
+    if (const auto& notifier = app.setup().notifier)
+        transferNotice_ = std::make_unique<TransferNotice>(
+            transfers_,
+            TransferNotice::Setup{notifier, [] { return QApplication::activeWindow() != nullptr; },
+                                  [this] { bringToFront(*this); }});
+}
+
+MainWindow::~MainWindow() {
+    // The views show what the members below hold: they go first.
+    hide();
+    delete settings_;
+    delete wireless_;
+    delete takeCentralWidget();
+}
+
+void MainWindow::showTexts() {
+    setWindowTitle(app_.isDemo() ? tessary::tr("Tessary: Virtual Phones")
+                                 : QStringLiteral("Tessary"));
+    setLocale(QLocale()); // dates and numbers of every view in it
+    showPage();
+    showBanner();
+}
+
+void MainWindow::showSettings() {
+    if (settings_ == nullptr)
+        settings_ = new SettingsWindow(app_, sync_, *memory_, this);
+    settings_->show();
+    settings_->raise();
+    settings_->activateWindow();
+}
+
+void MainWindow::showWireless() {
+    if (wireless_ == nullptr)
+        wireless_ = new WirelessDialog(app_.network(), app_.files().adbTool(), this);
+    wireless_->show();
+    wireless_->raise();
+    wireless_->activateWindow();
+}
+
+Sidebar::Wishes MainWindow::sidebarWishes() {
+    return {[this](const DeviceFavorite& favorite) { openFavorite(favorite); },
+            [this](const QString& path) { browser_.navigateTo(path); },
+            [this](ProtocolMode mode) {
+                if (const auto& device = browser_.activeDevice())
+                    app_.deviceManager().chooseProtocolMode(device->udid, mode);
+            },
+            [this] { showWireless(); }};
+}
+
+void MainWindow::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    if (!event->spontaneous())
+        app_.deviceManager().startListening();
+}
+
+void MainWindow::hideEvent(QHideEvent* event) {
+    QMainWindow::hideEvent(event);
+    if (!event->spontaneous())
+        app_.deviceManager().stopListening();
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        setUpIconTheme();
+}
+
+void MainWindow::connectSync() {
+    browserView_->setShowSync([this](const QWidget& anchor) {
+        std::optional<DeviceInfo> device;
+        if (browser_.state() == BrowserState::ready && !isChoosingApp_)
+            device = browser_.activeDevice();
+        app_.syncManager().setBrowsingContext(device, chosenApp_, browser_.currentPath());
+        syncPanel_->popUpBelow(anchor);
+    });
+    connect(&app_.syncManager(), &SyncManager::syncDidComplete, this, [this](const QUuid& id) {
+        browser_.folders().forgetAll();
+        const SyncPair* pair = app_.syncManager().pair(id);
+        const auto& device = browser_.activeDevice();
+        if (pair != nullptr && device && device->udid == pair->deviceUDID &&
+            browser_.state() != BrowserState::deviceLost)
+            browser_.reload();
+    });
+    // One that failed has changed something, too.
+    connect(&app_.syncManager(), &SyncManager::idle, this,
+            [this] { browser_.folders().forgetAll(); });
+}
+
+/// What is under way is not thrown away by a slip of the hand.
+void MainWindow::closeEvent(QCloseEvent* event) {
+    const bool isCopying = !transfers_.summary().isIdle() || app_.promisedFiles().isBeingRead();
+    if (isCopying || app_.syncManager().isRunning()) {
+        QMessageBox question(QMessageBox::Question, tessary::tr("Quit Tessary"),
+                             isCopying ? tessary::tr("Files are still being copied.")
+                                       : tessary::tr("A sync is still running."),
+                             QMessageBox::NoButton, this);
+        question.setInformativeText(
+            tessary::tr("Quitting cancels this. What has arrived whole stays."));
+        QAbstractButton* quit =
+            question.addButton(tessary::tr("Quit Tessary"), QMessageBox::DestructiveRole);
+        question.setDefaultButton(question.addButton(QMessageBox::Cancel));
+        makePlain(question);
+        question.exec();
+        if (question.clickedButton() != quit) {
+            event->ignore();
+            return;
+        }
+    }
+    QMainWindow::closeEvent(event);
+}
+
+std::optional<DeviceInfo> MainWindow::chosenDevice() const {
+    const DeviceInfo* device = devices_.deviceAt(sidebar_->deviceList().currentIndex());
+    return device == nullptr ? std::nullopt : std::optional(*device);
+}
+
+std::optional<DeviceInfo> MainWindow::attached(const DeviceInfo& device) const {
+    // An iPhone has another handle at each plugging.
+    for (const DeviceInfo& other : app_.deviceManager().devices())
+        if (other.id() == device.id() ||
+            (device.platform == DevicePlatform::iOS && other.udid == device.udid))
+            return other;
+    return std::nullopt;
+}
+
+std::optional<QString> MainWindow::chosenAppId() const {
+    return chosenApp_ ? std::optional(chosenApp_->bundleIdentifier) : std::nullopt;
+}
+
+void MainWindow::openApp(const AppInfo& app, const QString& path) {
+    const auto device = apps_.device();
+    if (!device)
+        return;
+    chosenApp_ = app;
+    isChoosingApp_ = false;
+    browser_.connect(device->udid, app.bundleIdentifier, app.displayName, *device, path);
+    showPage();
+    browserView_->currentListing().setFocus();
+}
+
+void MainWindow::showApps() {
+    const auto device = chosenDevice();
+    if (!device || device->platform != DevicePlatform::iOS)
+        return;
+    isChoosingApp_ = true;
+    apps_.setDevice(*device);
+    showPage();
+    appList_->setFocus();
+}
+
+void MainWindow::showSidebar() {
+    const auto device = chosenDevice();
+    FavoriteSource source;
+    if (device && browser_.activeDevice() && browser_.activeDevice()->udid == device->udid) {
+        source.files = browser_.files();
+        source.appBundleId = chosenAppId();
+        if (chosenApp_)
+            source.appName = chosenApp_->displayName;
+    }
+    sidebar_->showDevice(device, source);
+    sidebar_->showFolder(source.files && !isChoosingApp_ ? browser_.currentPath() : QString());
+}
+
+void MainWindow::openFavorite(const DeviceFavorite& favorite) {
+    const auto device = chosenDevice();
+    if (!device)
+        return;
+    if (!favorite.appBundleId) {
+        browser_.navigateTo(favorite.path);
+        return;
+    }
+    if (chosenAppId() == favorite.appBundleId && browser_.state() != BrowserState::deviceLost &&
+        browser_.activeDevice() && browser_.activeDevice()->udid == device->udid) {
+        isChoosingApp_ = false;
+        browser_.navigateTo(favorite.path);
+        showPage();
+        return;
+    }
+    apps_.setDevice(*device);
+    openApp({*favorite.appBundleId, favorite.appName.value_or(*favorite.appBundleId), true, false},
+            favorite.path);
+}
+
+void MainWindow::deviceListChanged() {
+    browser_.folders().keepOnly(app_.deviceManager().devices());
+    const auto active = browser_.activeDevice();
+    if (active) {
+        const auto now = attached(*active);
+        const bool isLost = browser_.state() == BrowserState::deviceLost;
+        if (!now) {
+            if (!isLost)
+                browser_.loseDevice();
+        } else {
+            const bool wasLocked = !active->isDataAccessible();
+            const bool hasOtherMode = active->protocolMode != now->protocolMode;
+            const QString path = browser_.currentPath();
+            browser_.updateDevice(*now);
+            if (isLost && chosenApp_)
+                browser_.connect(now->udid, chosenApp_->bundleIdentifier, chosenApp_->displayName,
+                                 *now, path);
+            else if (isLost)
+                browser_.connectAndroid(*now, path);
+            else if ((wasLocked || hasOtherMode) && now->isDataAccessible())
+                browser_.reload();
+        }
+    }
+    if (const auto listed = apps_.device()) {
+        if (const auto now = attached(*listed))
+            apps_.setDevice(*now);
+        else
+            apps_.clear();
+    }
+    // The first phone to come is the one that the user has just plugged in.
+    QListView& list = sidebar_->deviceList();
+    if (!list.currentIndex().isValid() && devices_.rowCount() > 0)
+        list.setCurrentIndex(devices_.index(0));
+    showSidebar();
+    showPage();
+    showBanner();
+}
+
+void MainWindow::chooseDevice(const QModelIndex& index) {
+    const DeviceInfo* device = devices_.deviceAt(index);
+    const auto& active = browser_.activeDevice();
+    const bool isShown = device != nullptr && active && active->udid == device->udid &&
+                         browser_.state() != BrowserState::deviceLost;
+    isChoosingApp_ = false;
+    if (device != nullptr && device->platform == DevicePlatform::iOS) {
+        isChoosingApp_ = !isShown;
+        apps_.setDevice(*device);
+    } else if (device != nullptr && (!isShown || active->id() != device->id())) {
+        chosenApp_.reset();
+        browser_.connectAndroid(*device, QStringLiteral("/"));
+    }
+    showSidebar();
+    showPage();
+    showBanner();
+}
+
+void MainWindow::showPage() {
+    const auto& active = browser_.activeDevice();
+    const bool isLost = browser_.state() == BrowserState::deviceLost;
+    const bool isLocked =
+        active && !isLost && active->isLocked && !app_.deviceManager().trouble(active->id());
+    const bool isListEmpty = app_.deviceManager().devices().empty();
+    if (isListEmpty && (!active || isLost)) {
+        pages_->setCurrentWidget(welcome_);
+    } else if (isChoosingApp_ && chosenDevice()) {
+        pages_->setCurrentWidget(appList_);
+    } else if (isLocked) {
+        notice_->show(
+            QStringLiteral("object-locked"), tessary::tr("This phone is locked"),
+            tessary::tr("It shows its files once you unlock it and choose “File transfer” in its "
+                        "USB notification. This window follows by itself."));
+        pages_->setCurrentWidget(notice_);
+    } else {
+        pages_->setCurrentWidget(browserView_);
+    }
+}
+
+void MainWindow::showBanner() {
+    const auto shown = isChoosingApp_ ? chosenDevice() : browser_.activeDevice();
+    // What keeps the apps from being listed stands where they would be.
+    const auto trouble =
+        shown && !isChoosingApp_ ? app_.deviceManager().trouble(shown->id()) : std::nullopt;
+    BannerMessage message;
+    message.kind = BannerMessage::Kind::warning;
+    if (trouble) {
+        message.text = printable(trMessage(trouble->message));
+        message.advice = tessary::tr(trouble->advice);
+        message.canBeClosed = false;
+        if (trouble->kind == DeviceTrouble::Kind::heldByProgram)
+            message.actions.push_back(
+                {tessary::tr("Release the Phone"), [this] { releaseDevice(); }});
+        banner_->show(message);
+        return;
+    }
+    // A folder that could not be read says so where the files would be.
+    const auto& error = browser_.error();
+    if (!error || browser_.state() != BrowserState::ready) {
+        banner_->clear();
+        return;
+    }
+    message.kind = BannerMessage::Kind::error;
+    message.text = printable(trMessage(error->message));
+    message.advice = tessary::tr(error->advice);
+    if (browser_.isErrorOfLoad())
+        message.actions.push_back({tessary::tr("browser.retry"), [this] {
+                                       browser_.dismissError();
+                                       browser_.reload();
+                                   }});
+    banner_->show(message);
+}
+
+void MainWindow::releaseDevice() {
+    runInBackground(
+        this, [&files = app_.files()] { files.killConflictingAgents(); },
+        [this](BackgroundResult<void>) { app_.deviceManager().refreshDeviceList(true); });
+}
+
+} // namespace tessary

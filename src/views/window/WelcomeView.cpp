@@ -1,0 +1,94 @@
+#include "views/window/WelcomeView.h"
+
+#include "app/LanguageManager.h"
+#include "app/Translations.h"
+#include "views/common/Icons.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace tessary {
+
+namespace {
+
+/// Gives a label a font that differs from the window's.
+QLabel* styled(QLabel* label, double scale, QFont::Weight weight) {
+    QFont font = label->font();
+    font.setPointSizeF(font.pointSizeF() * scale);
+    font.setWeight(weight);
+    label->setFont(font);
+    return label;
+}
+
+/// A label with the text of a key of tr().
+QLabel* translated(const char* key, double scale, QFont::Weight weight) {
+    auto* label = styled(new QLabel, scale, weight);
+    label->setWordWrap(true);
+    keepTranslated(label, [label, key] { label->setText(tessary::tr(key)); });
+    return label;
+}
+
+/// "1  Plug the phone in", with what to know about it below.
+QWidget* step(int number, const char* titleKey, const char* detailKey) {
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(14);
+    auto* badge = styled(new QLabel(QString::number(number)), 1.1, QFont::Bold);
+    badge->setAlignment(Qt::AlignCenter);
+    badge->setFixedSize(30, 30);
+    badge->setStyleSheet(QStringLiteral(
+        "background: palette(highlight); color: palette(highlighted-text); border-radius: 15px;"));
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(1);
+    texts->addWidget(translated(titleKey, 1.05, QFont::DemiBold));
+    texts->addWidget(translated(detailKey, 1.0, QFont::Normal));
+    layout->addWidget(badge, 0, Qt::AlignTop);
+    layout->addLayout(texts, 1);
+    return row;
+}
+
+} // namespace
+
+WelcomeView::WelcomeView(std::function<void()> startDemo, QWidget* parent) : QWidget(parent) {
+    setObjectName(QStringLiteral("welcomeView"));
+    auto* picture = new QLabel;
+    picture->setPixmap(icon("smartphone").pixmap(96, 96));
+    picture->setAlignment(Qt::AlignCenter);
+    auto* title = translated("Connect a phone", 1.8, QFont::DemiBold);
+    title->setAlignment(Qt::AlignCenter);
+
+    auto* demo = new QPushButton;
+    demo->setObjectName(QStringLiteral("startDemo"));
+    keepTranslated(demo, [demo] {
+        demo->setText(tessary::tr("Try It with a Virtual Phone"));
+        demo->setToolTip(
+            tessary::tr("Starts Tessary again with two virtual phones, which hold sample files"));
+    });
+    connect(demo, &QPushButton::clicked, this, [run = std::move(startDemo)] { run(); });
+
+    auto* column = new QWidget;
+    column->setMaximumWidth(460);
+    auto* content = new QVBoxLayout(column);
+    content->setSpacing(16);
+    content->addWidget(picture);
+    content->addWidget(title);
+    content->addSpacing(4);
+    content->addWidget(step(1, "Plug it in", "Use a cable that carries data: some only charge."));
+    content->addWidget(step(2, "Unlock it", "A locked phone shows nothing of its storage."));
+    content->addWidget(
+        step(3, "Choose “File transfer” on it",
+             "Android asks in a notification that says “Charging this device via USB”."));
+    content->addSpacing(8);
+    content->addWidget(demo, 0, Qt::AlignCenter);
+
+    auto* outer = new QVBoxLayout(this);
+    outer->addStretch(1);
+    outer->addWidget(column, 0, Qt::AlignHCenter);
+    outer->addStretch(2);
+    column->setMinimumWidth(420);
+}
+
+} // namespace tessary

@@ -1,0 +1,120 @@
+#include "base/threads/SerialQueue.h"
+
+#include "base/threads/CancellationError.h"
+
+#include <gtest/gtest.h>
+#include <pthread.h>
+
+#include <array>
+#include <atomic>
+#include <future>
+#include <latch>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace tessary {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr SerialQueue::Patience shortPatience{20ms, 100ms};
+
+/// Work that hangs until the test lets it go, as a call into a silent device does.
+struct Hang {
+    std::promise<void> release;
+    std::shared_future<void> released = release.get_future().share();
+    std::latch begun{1};
+};
+
+TEST(SerialQueue, runsOneAtATimeInOrderOnItsNamedThread) {
+    SerialQueue queue("com.tessary.afc");
+    std::vector<int> order;
+    for (int i = 0; i < 20; ++i)
+        queue.post([&order, i] { order.push_back(i); });
+    const std::string name = queue.run([] {
+        std::array<char, 16> text{};
+        pthread_getname_np(pthread_self(), text.data(), text.size());
+        return std::string(text.data());
+    });
+    EXPECT_EQ(name, "com.tessary.afc");
+    ASSERT_EQ(order.size(), 20U);
+    EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
+}
+
+TEST(SerialQueue, aCallerThatIsStoppedLeavesWorkThatDoesNotEnd) {
+    Hang hang;
+    std::atomic<bool> nextRan = false;
+    SerialQueue queue("test", shortPatience);
+    std::stop_source stop;
+    std::jthread stopper([&] {
+        hang.begun.wait();
+        stop.request_stop();
+    });
+    EXPECT_THROW(queue.run(
+                     [&] {
+                         hang.begun.count_down();
+                         hang.released.wait();
+                     },
+                     stop.get_token()),
+                 CancellationError);
+    hang.release.set_value();
+    queue.run([&] { nextRan = true; });
+    EXPECT_TRUE(nextRan);
+}
+
+TEST(SerialQueue, workThatHasNotBegunNeverRunsOnceItsCallerIsStopped) {
+    Hang hang;
+    std::atomic<bool> ran = false;
+    SerialQueue queue("test");
+    queue.post([&] { hang.released.wait(); });
+    std::stop_source stop;
+    stop.request_stop();
+    EXPECT_THROW(queue.run([&] { ran = true; }, stop.get_token()), CancellationError);
+    hang.release.set_value();
+    queue.run([] {});
+    EXPECT_FALSE(ran);
+}
+
+TEST(SerialQueue, silenceEndsTheWaitAndSignsOfLifeProlongIt) {
+    Hang hang; // outlives the queue, whose thread waits for it
+    SerialQueue queue("test", {20ms, 800ms});
+    EXPECT_EQ(queue.run([beat = queue.pulse()] {
+        for (int i = 0; i < 10; ++i) {
+            std::this_thread::sleep_for(100ms);
+            beat();
+        }
+        return 1;
+    }),
+              1);
+    EXPECT_THROW(queue.run([&] { hang.released.wait(); }), QueueStalled);
+    // Whoever comes next does not wait for the silent call without end either.
+    EXPECT_THROW(queue.run([] {}), QueueStalled);
+    hang.release.set_value();
+}
+
+TEST(SerialQueue, finishWaitsForAllWorkAndGivesUpOnWhatHangs) {
+    std::atomic<int> done = 0;
+    {
+        SerialQueue queue("test");
+        for (int i = 0; i < 5; ++i)
+            queue.post([&] { ++done; });
+        EXPECT_TRUE(queue.finish(10s));
+        EXPECT_THROW(queue.run([] {}), CancellationError);
+    }
+    EXPECT_EQ(done, 5);
+
+    auto hang = std::make_shared<Hang>();
+    auto ended = std::make_shared<std::latch>(1);
+    {
+        SerialQueue queue("test", shortPatience);
+        queue.post([hang] { hang->released.wait(); });
+        queue.post([ended] { ended->count_down(); });
+        EXPECT_FALSE(queue.finish(20ms));
+    }
+    hang->release.set_value();
+    ended->wait();
+}
+
+} // namespace
+} // namespace tessary

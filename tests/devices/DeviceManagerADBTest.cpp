@@ -1,0 +1,119 @@
+#include "devices/DeviceManagerFixture.h"
+#include "devices/files/DeviceFileService.h"
+#include "devices/list/DeviceManager.h"
+#include "platform/settings/MemoryUserDefaults.h"
+#include "support/ADBFixture.h"
+
+#include <gmock/gmock.h>
+
+namespace tessary {
+namespace {
+
+using namespace Qt::StringLiterals;
+using testing::HasSubstr;
+
+/// The manager over the real adb, which reaches a phone whose serial number is "SERIAL".
+class DeviceManagerADBTest : public DeviceManagerFixture, protected ADBPhone {
+protected:
+    explicit DeviceManagerADBTest(bool asksForKeys = false)
+        : ADBPhone({.folder = {}, .serialNumber = u"SERIAL"_s, .asksForKeys = asksForKeys}) {
+        restart(files_);
+    }
+    ~DeviceManagerADBTest() override {
+        end();
+    }
+
+    /// As a new start of the program does, with the settings of the last.
+    void restart(DeviceFileService& files) {
+        use(std::make_unique<DeviceManager>(DeviceSources(bus_, nullptr, true), files));
+        manager_->rememberModesIn(defaults_);
+    }
+    [[nodiscard]] std::optional<ProtocolMode> mode(const char* udid) const {
+        const auto found = device(udid);
+        return found ? std::optional(found->protocolMode) : std::nullopt;
+    }
+    [[nodiscard]] bool hasStorage(const char* udid) const {
+        const auto found = device(udid);
+        return found && !found->volumes.empty();
+    }
+    /// Polls until `holds`.
+    [[nodiscard]] bool isFoundByPolls(const std::function<bool()>& holds) {
+        const auto end = std::chrono::steady_clock::now() + 20s;
+        while (!holds() && std::chrono::steady_clock::now() < end)
+            refresh(false);
+        return holds();
+    }
+
+    DeviceFileService files_{bus_, runner_, QStringList{realADB()}};
+    DeviceFileService filesWithoutADB_{bus_, runner_, QStringList()};
+    const std::shared_ptr<MemoryUserDefaults> defaults_ = std::make_shared<MemoryUserDefaults>();
+};
+
+TEST_F(DeviceManagerADBTest, phoneThatBusAndADBKnowIsOneRowWhoseModeIsTheUsersChoice) {
+    const PluggedPhone plugged(bus_, phoneConfig("SERIAL", "1-1"));
+    refresh(true);
+    EXPECT_EQ(mode("SERIAL"), ProtocolMode::mtp);
+    connectPhone();
+    ASSERT_TRUE(isFoundByPolls([&] { return mode("SERIAL") == ProtocolMode::adbTurbo; }));
+    EXPECT_EQ(udids(), QStringList{u"SERIAL"_s});
+
+    manager_->chooseProtocolMode(u"SERIAL"_s, ProtocolMode::mtp);
+    for (int poll = 0; poll < 6; ++poll) {
+        refresh(true);
+        EXPECT_EQ(mode("SERIAL"), ProtocolMode::mtp) << poll;
+        EXPECT_TRUE(hasStorage("SERIAL"));
+        if (poll == 3)
+            restart(files_); // it is remembered
+    }
+    EXPECT_EQ(udids(), QStringList{u"SERIAL"_s});
+    manager_->chooseProtocolMode(u"SERIAL"_s, ProtocolMode::adbTurbo);
+    restart(files_);
+    refresh(true);
+    EXPECT_EQ(mode("SERIAL"), ProtocolMode::adbTurbo);
+}
+
+TEST_F(DeviceManagerADBTest, phoneThatOnlyADBReachesComesAndGoesWithADB) {
+    connectPhone();
+    const QByteArray udid = serial().toUtf8();
+    ASSERT_TRUE(isFoundByPolls([&] { return hasStorage(udid.constData()); }));
+    const auto phone = device(udid.constData());
+    EXPECT_EQ(phone->connectionType, ConnectionType::network);
+    EXPECT_EQ(phone->protocolMode, ProtocolMode::adbTurbo);
+    EXPECT_EQ(phone->deviceName, u"Pixel 7"_s);
+    EXPECT_EQ(phone->batteryLevel, 80);
+    server_.disconnect(serial());
+    EXPECT_TRUE(isFoundByPolls([&] { return udids().isEmpty(); }));
+}
+
+TEST_F(DeviceManagerADBTest, withoutADBThePhoneIsReadOverMTPAndTheUserSeesWhy) {
+    const PluggedPhone plugged(bus_, phoneConfig("SERIAL", "1-1"));
+    restart(filesWithoutADB_);
+    manager_->chooseProtocolMode(u"SERIAL"_s, ProtocolMode::adbTurbo);
+    ASSERT_TRUE(isFoundByPolls([&] { return hasStorage("SERIAL"); }));
+    ASSERT_TRUE(trouble("SERIAL"));
+    EXPECT_EQ(trouble("SERIAL")->kind, DeviceTrouble::Kind::adbMissing);
+    manager_->chooseProtocolMode(u"SERIAL"_s, ProtocolMode::mtp);
+    refresh(true);
+    EXPECT_FALSE(trouble("SERIAL"));
+}
+
+class AskingPhoneTest : public DeviceManagerADBTest {
+protected:
+    AskingPhoneTest() : DeviceManagerADBTest(true) {
+        adbd_->setAllowsUnknownKeys(false);
+    }
+};
+
+TEST_F(AskingPhoneTest, phoneThatHasNotAllowedThisComputerSaysWhatToDoUntilItHas) {
+    server_.connect(serial());
+    ASSERT_TRUE(reaches(u"unauthorized"_s)) << devices().toStdString();
+    const QByteArray udid = serial().toUtf8();
+    ASSERT_TRUE(isFoundByPolls([&] { return trouble(udid.constData()).has_value(); }));
+    EXPECT_THAT(trouble(udid.constData())->message.toStdString(), HasSubstr("tap Allow"));
+    adbd_->setAllowsUnknownKeys(true);
+    EXPECT_TRUE(isFoundByPolls([&] { return hasStorage(udid.constData()); }));
+    EXPECT_FALSE(trouble(udid.constData()));
+}
+
+} // namespace
+} // namespace tessary

@@ -1,0 +1,87 @@
+#include "preview/TextSample.h"
+#include "preview/ThumbnailCache.h"
+#include "support/QtPrinters.h"
+#include "support/TemporaryFolder.h"
+
+#include <QStringEncoder>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace tessary;
+
+namespace {
+
+QByteArray in(QStringConverter::Encoding encoding, const QString& text, bool mark = false) {
+    return QStringEncoder(encoding,
+                          mark ? QStringConverter::Flag::WriteBom : QStringConverter::Flag::Default)
+        .encode(text);
+}
+
+} // namespace
+
+TEST(TextSample, encodingIsGuessed) {
+    const QString umlauts = u"Größe, Übermut und Äpfel\n"_s;
+    using Code = QStringConverter;
+    const std::pair<const char*, QByteArray> rows[] = {
+        {"UTF-8", umlauts.toUtf8()},
+        {"UTF-8 with mark", in(Code::Utf8, umlauts, true)},
+        {"UTF-16 with mark", in(Code::Utf16LE, umlauts, true)},
+        {"UTF-16, big-endian, with mark", in(Code::Utf16BE, umlauts, true)},
+        {"UTF-32 with mark", in(Code::Utf32LE, umlauts, true)},
+        {"UTF-16 without mark", in(Code::Utf16LE, umlauts)},
+        {"UTF-16, big-endian, without mark", in(Code::Utf16BE, umlauts)},
+        {"Latin-1", umlauts.toLatin1()},
+    };
+    for (const auto& [name, bytes] : rows) {
+        const auto sample = textSampleOf(bytes);
+        ASSERT_TRUE(sample) << name;
+        EXPECT_EQ(sample->text, umlauts) << name;
+        EXPECT_FALSE(sample->isCut);
+    }
+    EXPECT_EQ(textSampleOf("")->text, QString());
+}
+
+TEST(TextSample, bytesThatAreNoTextAreNotShownAsOne) {
+    QByteArray everyByte;
+    for (int i = 0; i < 256; ++i)
+        everyByte.append(static_cast<char>(i));
+    const std::pair<const char*, QByteArray> rows[] = {
+        {"zeros", QByteArray(1000, '\0')},
+        {"every byte", everyByte.repeated(10)},
+        {"control characters", QByteArray("\1\2\3\4\5\6").repeated(50)},
+    };
+    for (const auto& [name, bytes] : rows)
+        EXPECT_FALSE(textSampleOf(bytes)) << name;
+    EXPECT_FALSE(readTextSample(u"/no/such/file"_s));
+}
+
+TEST(TextSample, longTextIsCutWithoutBreakingACharacter) {
+    const TemporaryFolder folder;
+    const QByteArray bytes = "x" + QByteArray("é").repeated(TextSample::maxBytes);
+    const auto sample = readTextSample(folder.write(u"long.txt"_s, bytes));
+    ASSERT_TRUE(sample);
+    EXPECT_TRUE(sample->isCut);
+    EXPECT_EQ(sample->text.size(), 1 + (TextSample::maxBytes - 1) / 2);
+    EXPECT_FALSE(sample->text.contains(QChar::ReplacementCharacter));
+}
+
+TEST(ThumbnailCache, keepsWhatFitsAndForgetsWhatItCannotRead) {
+    const TemporaryFolder folder;
+    ThumbnailCache cache(folder.path(u"cache"_s), 3'000);
+    QImage image(64, 48, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::green);
+    cache.store(u"one"_s, image);
+    const auto loaded = cache.load(u"one"_s);
+    ASSERT_TRUE(loaded);
+    EXPECT_EQ(loaded->pixelColor(63, 47), QColor(Qt::green));
+    folder.write(u"cache/two.png"_s, "no picture");
+    EXPECT_FALSE(cache.load(u"two"_s));
+    for (int i = 0; i < 100; ++i)
+        cache.store(QString::number(i), image);
+    qint64 bytes = 0;
+    for (const QString& name : folder.names(u"cache"_s))
+        bytes += folder.read(u"cache/"_s + name).size();
+    EXPECT_LE(bytes, 3'300);
+    EXPECT_GT(bytes, 0);
+}

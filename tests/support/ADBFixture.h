@@ -1,0 +1,89 @@
+#pragma once
+
+#include "platform/process/QtProcessRunner.h"
+#include "simulator/adbd/ADBServer.h"
+#include "simulator/adbd/VirtualADBD.h"
+#include "support/ManyBytes.h"
+#include "support/QtPrinters.h"
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <memory>
+#include <thread>
+
+namespace tessary {
+
+using namespace std::chrono_literals;
+
+/// The adb that tests drive.
+inline QString realADB() {
+    return QStringLiteral("/usr/bin/adb");
+}
+
+/// The real adb, with a server of the test's own, and one virtual phone that it can reach.
+class ADBPhone {
+protected:
+    explicit ADBPhone(ADBDConfig config = {}) {
+        config.folder = disk_.makeFolder(QStringLiteral("phone"));
+        adbd_ = std::make_unique<VirtualADBD>(std::move(config));
+        adbd_->start();
+        server_.start(realADB());
+        server_.awaitStart();
+    }
+
+    void connectPhone() {
+        server_.connect(serial());
+        ASSERT_TRUE(reaches(QStringLiteral("device"))) << devices().toStdString();
+    }
+    [[nodiscard]] QString serial() const {
+        return adbd_->address();
+    }
+    ProcessResult adb(const QStringList& arguments, std::chrono::milliseconds limit = 30s) {
+        return runner_.run(realADB(), QStringList{QStringLiteral("-s"), serial()} + arguments,
+                           limit);
+    }
+    ProcessResult shell(const char* line) {
+        return adb({QStringLiteral("shell"), QString::fromUtf8(line)});
+    }
+    [[nodiscard]] QString devices() {
+        return QString::fromUtf8(
+            runner_.run(realADB(), {QStringLiteral("devices")}, 10s).standardOutput);
+    }
+    /// Waits until adb gives the phone this state.
+    [[nodiscard]] bool reaches(const QString& state) {
+        const auto end = std::chrono::steady_clock::now() + 20s;
+        const QString line = serial() + QLatin1Char('\t') + state;
+        while (!devices().contains(line)) {
+            if (std::chrono::steady_clock::now() > end)
+                return false;
+            std::this_thread::sleep_for(50ms);
+        }
+        return true;
+    }
+    QString write(const QString& path, const QByteArray& content) const {
+        return disk_.write(QStringLiteral("phone/") + path, content);
+    }
+    [[nodiscard]] QByteArray content(const QString& path) const {
+        return disk_.read(QStringLiteral("phone/") + path);
+    }
+
+    const TemporaryFolder disk_; ///< "phone" is the phone's storage
+    const TemporaryFolder keys_;
+    ADBServer server_{keys_.path()};
+    QtProcessRunner runner_{server_.environment()};
+    std::unique_ptr<VirtualADBD> adbd_;
+};
+
+/// A test that begins with the phone connected.
+class ADBFixture : public testing::Test, protected ADBPhone {
+protected:
+    explicit ADBFixture(ADBDConfig config = {}) : ADBPhone(std::move(config)) {}
+
+    void SetUp() override {
+        connectPhone();
+    }
+};
+
+} // namespace tessary

@@ -1,0 +1,313 @@
+#pragma once
+
+#include "base/values/Bytes.h"
+#include "platform/usb/USBBus.h"
+
+#include <algorithm>
+#include <deque>
+#include <string>
+#include <vector>
+
+namespace tessary {
+
+/// What a scripted device puts into its IN pipe: bytes, then that many zeros, then a code. Whole
+/// packets without an empty transfer behind them have no terminator. A failure breaks a read off.
+struct ScriptedTransfer {
+    Bytes bytes;
+    std::uint64_t zeros = 0;
+    USBCode code = usb::success;
+};
+
+struct ScriptedControl {
+    USBControlRequest request;
+    Bytes data;
+};
+
+struct ScriptedInterface {
+    std::uint8_t interfaceClass = 6;
+    std::uint8_t subclass = 1;
+    std::vector<USBPipeProperties> pipes{{USBDirection::in, USBTransferType::bulk, 512},
+                                         {USBDirection::out, USBTransferType::bulk, 512},
+                                         {USBDirection::in, USBTransferType::interrupt, 64}};
+    std::deque<USBCode> openCodes; ///< of the next calls of open() and openSeize()
+};
+
+struct ScriptedDevice {
+    USBDeviceEntry entry;
+    std::vector<ScriptedInterface> interfaces{{}};
+    std::deque<USBCode> openCodes;
+};
+
+/// A bus in memory that answers from a script and never waits: an empty IN pipe is usb::timeout.
+/// All devices share one pair of pipes. `log` tells each call in order ("open 1-1", "write 512").
+/// For one thread.
+class ScriptedUSBBus : public USBBus {
+public:
+    std::vector<ScriptedDevice> attached;
+    std::deque<ScriptedTransfer> incoming;
+    std::deque<USBCode> writeCodes;           ///< of the next writes; then usb::success
+    std::deque<USBCode> cancelCodes;          ///< of the next cancel requests; then usb::success
+    std::deque<Bytes> statusAnswers;          ///< to the next status requests; then nothing
+    std::function<void(ByteView)> afterWrite; ///< what the device does after each write
+
+    std::vector<std::string> log;
+    std::vector<ScriptedControl> controls;
+    Bytes written; ///< the first 4096 bytes
+    std::uint64_t writtenSize = 0;
+    std::uint64_t readBufferLimit = 0; ///< the most memory that was set aside for reads at once
+
+    ScriptedUSBBus() {
+        attach("1-1");
+    }
+    ScriptedDevice& attach(const char* location, const QString& serial = {}) {
+        ScriptedDevice device;
+        device.entry.id = attached.size() + 1;
+        device.entry.vendorID = 0x18D1;
+        device.entry.productID = 0x4EE1;
+        device.entry.serialNumber = serial;
+        device.entry.location = QString::fromLatin1(location);
+        attached.push_back(device);
+        return attached.back();
+    }
+    void unplug() {
+        gone_ = true;
+    }
+    void send(Bytes bytes) {
+        incoming.push_back({std::move(bytes), 0, usb::success});
+    }
+    void sendEmptyPacket() {
+        send({});
+    }
+    void fail(USBCode code) {
+        incoming.push_back({{}, 0, code});
+    }
+    [[nodiscard]] std::size_t logged(const std::string& line) const {
+        return static_cast<std::size_t>(std::count(log.begin(), log.end(), line));
+    }
+
+    [[nodiscard]] std::vector<USBDeviceEntry> devices() override {
+        std::vector<USBDeviceEntry> entries;
+        for (const ScriptedDevice& device : attached)
+            entries.push_back(device.entry);
+        return entries;
+    }
+    [[nodiscard]] std::unique_ptr<USBDevice> device(std::uint64_t id) override {
+        for (ScriptedDevice& device : attached)
+            if (device.entry.id == id)
+                return std::make_unique<Device>(*this, device);
+        return nullptr;
+    }
+    [[nodiscard]] std::unique_ptr<USBWatch> watch(std::function<void(const USBEvent&)>) override {
+        return nullptr;
+    }
+    [[nodiscard]] QStringList programsHolding(std::uint64_t) override {
+        return {};
+    }
+
+private:
+    template <typename Value>
+    static Value next(std::deque<Value>& script, Value otherwise) {
+        if (script.empty())
+            return otherwise;
+        Value value = std::move(script.front());
+        script.pop_front();
+        return value;
+    }
+
+    USBCode read(std::span<std::byte> buffer, std::size_t& transferred) {
+        transferred = 0;
+        if (gone_)
+            return usb::noDevice;
+        if (incoming.empty())
+            return usb::timeout;
+        ScriptedTransfer& front = incoming.front();
+        transferred = std::min(buffer.size(), front.bytes.size());
+        std::copy_n(front.bytes.begin(), transferred, buffer.begin());
+        front.bytes.erase(front.bytes.begin(),
+                          front.bytes.begin() + static_cast<std::ptrdiff_t>(transferred));
+        const auto zeros = static_cast<std::size_t>(
+            std::min<std::uint64_t>(buffer.size() - transferred, front.zeros));
+        std::fill_n(buffer.begin() + static_cast<std::ptrdiff_t>(transferred), zeros, std::byte{0});
+        front.zeros -= zeros;
+        transferred += zeros;
+        if (!front.bytes.empty() || front.zeros > 0)
+            return usb::success;
+        const USBCode code = front.code;
+        incoming.pop_front();
+        // A terminator ends the read that still has room.
+        const bool terminated = transferred > 0 && transferred < buffer.size() &&
+                                transferred % 512 == 0 && !incoming.empty() &&
+                                incoming.front().bytes.empty() && incoming.front().zeros == 0 &&
+                                incoming.front().code == usb::success;
+        if (terminated)
+            incoming.pop_front();
+        return code;
+    }
+
+    USBCode write(std::span<const std::byte> data, std::size_t& transferred) {
+        transferred = 0;
+        log.push_back("write " + std::to_string(data.size()));
+        if (gone_)
+            return usb::noDevice;
+        const USBCode code = next(writeCodes, usb::success);
+        if (code != usb::success)
+            return code;
+        transferred = data.size();
+        writtenSize += data.size();
+        const std::size_t kept = std::min(data.size(), 4096 - written.size());
+        written.insert(written.end(), data.begin(),
+                       data.begin() + static_cast<std::ptrdiff_t>(kept));
+        if (afterWrite)
+            afterWrite(data);
+        return code;
+    }
+
+    USBCode control(const USBControlRequest& request, std::span<std::byte> data,
+                    std::size_t& transferred) {
+        transferred = 0;
+        if (gone_)
+            return usb::noDevice;
+        const bool isCancel = request.request == 0x64;
+        log.push_back(isCancel ? "cancel" : "status");
+        controls.push_back({request, isCancel ? Bytes(data.begin(), data.end()) : Bytes()});
+        if (isCancel) {
+            transferred = data.size();
+            return next(cancelCodes, usb::success);
+        }
+        const Bytes answer = next(statusAnswers, Bytes());
+        transferred = answer.size();
+        std::copy(answer.begin(), answer.end(), data.begin());
+        return usb::success;
+    }
+
+    class Stream : public USBReadStream {
+    public:
+        Stream(ScriptedUSBBus& bus, std::size_t requestSize, std::size_t depth)
+            : bus_(bus), buffer_(requestSize), depth_(depth) {}
+
+        USBCode submit(std::size_t length) override {
+            if (length % 512 != 0 || length > buffer_.size() || lengths_.size() == depth_)
+                return usb::badArgument;
+            lengths_.push_back(length);
+            return usb::success;
+        }
+        USBCode next(std::span<const std::byte>& data, USBTimeouts) override {
+            const std::size_t length = lengths_.front();
+            lengths_.pop_front();
+            std::size_t transferred = 0;
+            const USBCode code = bus_.read(std::span(buffer_).first(length), transferred);
+            data = std::span(buffer_).first(transferred);
+            if (code != usb::success)
+                lengths_.clear();
+            return code;
+        }
+        [[nodiscard]] std::size_t inFlight() const override {
+            return lengths_.size();
+        }
+
+    private:
+        ScriptedUSBBus& bus_;
+        Bytes buffer_;
+        const std::size_t depth_;
+        std::deque<std::size_t> lengths_;
+    };
+
+    class Interface : public USBInterface {
+    public:
+        Interface(ScriptedUSBBus& bus, ScriptedInterface& script, std::uint8_t number)
+            : bus_(bus), script_(script), number_(number) {}
+
+        [[nodiscard]] std::uint8_t number() const override {
+            return number_;
+        }
+        [[nodiscard]] std::uint8_t interfaceClass() const override {
+            return script_.interfaceClass;
+        }
+        [[nodiscard]] std::uint8_t interfaceSubclass() const override {
+            return script_.subclass;
+        }
+        USBCode open() override {
+            bus_.log.push_back("open interface " + std::to_string(number_));
+            return ScriptedUSBBus::next(script_.openCodes, usb::success);
+        }
+        USBCode openSeize() override {
+            bus_.log.push_back("seize interface " + std::to_string(number_));
+            return ScriptedUSBBus::next(script_.openCodes, usb::success);
+        }
+        void close() override {}
+        [[nodiscard]] std::uint8_t endpointCount() const override {
+            return static_cast<std::uint8_t>(script_.pipes.size());
+        }
+        [[nodiscard]] std::optional<USBPipeProperties>
+        pipeProperties(std::uint8_t pipe) const override {
+            if (pipe == 0 || pipe > script_.pipes.size())
+                return std::nullopt;
+            return script_.pipes[pipe - 1U];
+        }
+        USBCode readPipeTO(std::uint8_t, std::span<std::byte> buffer, std::size_t& transferred,
+                           USBTimeouts) override {
+            bus_.readBufferLimit = std::max<std::uint64_t>(bus_.readBufferLimit, buffer.size());
+            return bus_.read(buffer, transferred);
+        }
+        USBCode writePipeTO(std::uint8_t, std::span<const std::byte> data, std::size_t& transferred,
+                            USBTimeouts) override {
+            return bus_.write(data, transferred);
+        }
+        USBCode clearPipeStallBothEnds(std::uint8_t pipe) override {
+            bus_.log.push_back("clear " + std::to_string(pipe));
+            return usb::success;
+        }
+        [[nodiscard]] std::unique_ptr<USBReadStream>
+        readStream(std::uint8_t, std::size_t requestSize, std::size_t depth) override {
+            bus_.readBufferLimit =
+                std::max<std::uint64_t>(bus_.readBufferLimit, requestSize * depth);
+            return std::make_unique<Stream>(bus_, requestSize, depth);
+        }
+        USBCode controlRequest(const USBControlRequest& request, std::span<std::byte> data,
+                               std::size_t& transferred, std::chrono::milliseconds) override {
+            return bus_.control(request, data, transferred);
+        }
+
+    private:
+        ScriptedUSBBus& bus_;
+        ScriptedInterface& script_;
+        const std::uint8_t number_;
+    };
+
+    class Device : public USBDevice {
+    public:
+        Device(ScriptedUSBBus& bus, ScriptedDevice& script) : bus_(bus), script_(script) {}
+
+        [[nodiscard]] std::uint16_t vendorID() const override {
+            return script_.entry.vendorID;
+        }
+        [[nodiscard]] std::uint16_t productID() const override {
+            return script_.entry.productID;
+        }
+        USBCode open() override {
+            bus_.log.push_back("open " + script_.entry.location.toStdString());
+            return ScriptedUSBBus::next(script_.openCodes, usb::success);
+        }
+        USBCode openSeize() override {
+            bus_.log.push_back("seize " + script_.entry.location.toStdString());
+            return ScriptedUSBBus::next(script_.openCodes, usb::success);
+        }
+        void close() override {}
+        [[nodiscard]] std::vector<std::unique_ptr<USBInterface>>
+        interfaces(std::optional<std::uint8_t>, std::optional<std::uint8_t>) override {
+            std::vector<std::unique_ptr<USBInterface>> found;
+            for (std::size_t i = 0; i < script_.interfaces.size(); ++i)
+                found.push_back(std::make_unique<Interface>(bus_, script_.interfaces[i],
+                                                            static_cast<std::uint8_t>(i)));
+            return found;
+        }
+
+    private:
+        ScriptedUSBBus& bus_;
+        ScriptedDevice& script_;
+    };
+
+    bool gone_ = false;
+};
+
+} // namespace tessary
