@@ -83,6 +83,11 @@ bool PhoneQueue::isBusy() const {
     return isTaken_ || jobs_ > 0 || !waiting_.empty();
 }
 
+std::size_t PhoneQueue::waitingCount() const {
+    const std::scoped_lock lock(mutex_);
+    return waiting_.size();
+}
+
 void PhoneQueue::closeWhenIdle(const void* owner, std::function<void()> close) {
     const std::scoped_lock lock(mutex_);
     closers_.insert(owner, std::move(close));

@@ -67,6 +67,8 @@ public:
     [[nodiscard]] std::optional<Turn> tryTake();
     [[nodiscard]] Job beginJob();
     [[nodiscard]] bool isBusy() const;
+    /// Who waits for a turn.
+    [[nodiscard]] std::size_t waitingCount() const;
 
     /// Has `close` called, in a turn of its own and on a thread of the queue, once the phone has
     /// not been used for the idle time; again after each later use. Called by who has a turn.

@@ -1,0 +1,85 @@
+#include "phone/NameRules.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QSet>
+
+namespace tessary {
+namespace {
+
+constexpr NameRules strict{}; // a Linux disk
+constexpr NameRules fat{true, false, true, 255, 0};
+constexpr NameRules phone{true, true, false, 254, 0};
+
+TEST(NameRules, namesWithOneKeyAreOneName) {
+    struct Row {
+        const char* what;
+        NameRules rules;
+        const char* one;
+        const char* other;
+        bool same;
+    };
+    const Row rows[] = {
+        {"disk, case", strict, "Foto.jpg", "foto.jpg", false},
+        {"card, case", fat, "Foto.jpg", "foto.jpg", true},
+        {"card, unicode form", fat, "\xC3\xA4", "a\xCC\x88", false},
+        {"phone, unicode form and case", phone, "\xC3\x84", "a\xCC\x88", true},
+        {"phone, others", phone, "a", "b", false},
+    };
+    for (const Row& row : rows)
+        EXPECT_EQ(row.rules.key(QString::fromUtf8(row.one)) ==
+                      row.rules.key(QString::fromUtf8(row.other)),
+                  row.same)
+            << row.what;
+}
+
+TEST(NameRules, namesThatAFolderCannotHoldAreTold) {
+    struct Row {
+        QString name;
+        bool disk;
+        bool card;
+    };
+    const Row rows[] = {
+        {QStringLiteral("a.txt"), true, true},
+        {QString(), false, false},
+        {QStringLiteral(".."), false, false},
+        {QStringLiteral("a/b"), false, false},
+        {QStringLiteral("1 10:20.txt"), true, false},
+        {QStringLiteral("what?"), true, false},
+        {QStringLiteral("line\nbreak"), true, false},
+        {QStringLiteral("dot."), true, false},
+        {QString(255, QLatin1Char('x')), true, true},
+        {QString(256, QLatin1Char('x')), false, false},
+        {QString(128, QChar(0xE4)), false, true}, // 256 bytes, 128 units
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(strict.accepts(row.name), row.disk) << row.name.toStdString();
+        EXPECT_EQ(fat.accepts(row.name), row.card) << row.name.toStdString();
+    }
+}
+
+TEST(NameRules, takenNamesAreNumberedAndStayShortEnough) {
+    QSet<QString> taken;
+    const auto give = [&](const NameRules& rules, const QString& name, bool isFolder = false) {
+        const QString given = freeNameUnder(
+            rules, name, isFolder, [&](const QString& key) { return taken.contains(key); });
+        taken.insert(rules.key(given));
+        return given;
+    };
+    EXPECT_EQ(give(fat, QStringLiteral("Foto.jpg")), QStringLiteral("Foto.jpg"));
+    EXPECT_EQ(give(fat, QStringLiteral("foto.jpg")), QStringLiteral("foto (2).jpg"));
+    EXPECT_EQ(give(fat, QStringLiteral("FOTO.JPG")), QStringLiteral("FOTO (3).JPG"));
+    EXPECT_EQ(give(fat, QStringLiteral("a.b"), true), QStringLiteral("a.b"));
+    EXPECT_EQ(give(fat, QStringLiteral("a.b"), true), QStringLiteral("a.b (2)"));
+    EXPECT_EQ(give(fat, QStringLiteral("100%1.jpg")), QStringLiteral("100%1.jpg"));
+    EXPECT_EQ(give(fat, QStringLiteral("100%1.jpg")), QStringLiteral("100%1 (2).jpg"));
+    const QString longest(QString(251, QLatin1Char('x')) + QStringLiteral(".txt"));
+    EXPECT_EQ(give(strict, longest), longest);
+    const QString second = give(strict, longest);
+    EXPECT_TRUE(second.endsWith(QStringLiteral("x (2).txt")));
+    EXPECT_TRUE(strict.accepts(second));
+}
+
+} // namespace
+} // namespace tessary

@@ -1,0 +1,150 @@
+#include "phone/PhoneQueue.h"
+
+#include "base/threads/CancellationError.h"
+#include "phone/PhoneError.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <latch>
+#include <string>
+
+namespace tessary {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+
+class PhoneQueueTest : public testing::Test {
+protected:
+    /// Asks for a turn on a thread of its own and notes `name` when it comes.
+    std::jthread ask(const std::string& name, Urgency urgency) {
+        std::jthread thread([this, name, urgency] {
+            const PhoneQueue::Turn turn = queue_->take({std::stop_token(), urgency});
+            const std::scoped_lock lock(mutex_);
+            order_.push_back(name);
+        });
+        // Whoever is asked next stands behind.
+        ++asked_;
+        while (queue_->waitingCount() < asked_)
+            std::this_thread::yield();
+        return thread;
+    }
+
+    std::shared_ptr<PhoneQueue> queue_ = std::make_shared<PhoneQueue>(30ms);
+    std::mutex mutex_;
+    std::vector<std::string> order_; ///< guarded by mutex_
+    std::size_t asked_ = 0;
+};
+
+TEST_F(PhoneQueueTest, thoseWhoWaitForAnAnswerComeBeforeCopiesAndEachInTheOrderOfAsking) {
+    std::vector<std::jthread> threads;
+    {
+        const PhoneQueue::Turn turn = queue_->take({});
+        threads.push_back(ask("copy 1", Urgency::copy));
+        threads.push_back(ask("user 1", Urgency::user));
+        threads.push_back(ask("copy 2", Urgency::copy));
+        threads.push_back(ask("user 2", Urgency::user));
+    }
+    threads.clear();
+    EXPECT_THAT(order_, ElementsAre("user 1", "user 2", "copy 1", "copy 2"));
+}
+
+TEST_F(PhoneQueueTest, onlyOneHasATurnAtATime) {
+    std::atomic<int> inside = 0;
+    std::atomic<bool> overlapped = false;
+    {
+        std::vector<std::jthread> threads;
+        for (int n = 0; n < 4; ++n)
+            threads.emplace_back([&] {
+                for (int turns = 0; turns < 200; ++turns) {
+                    const PhoneQueue::Turn turn = queue_->take({std::stop_token(), Urgency::copy});
+                    overlapped = overlapped || ++inside > 1;
+                    --inside;
+                }
+            });
+    }
+    EXPECT_FALSE(overlapped);
+}
+
+TEST_F(PhoneQueueTest, whoIsAskedToStopIsLetGoAndDoesNotHoldUpTheNext) {
+    std::stop_source stop;
+    std::optional<PhoneQueue::Turn> turn = queue_->take({});
+    std::jthread cancelled([&] {
+        EXPECT_THROW((void)queue_->take({stop.get_token(), Urgency::copy}), CancellationError);
+    });
+    while (queue_->waitingCount() < 1)
+        std::this_thread::yield();
+    asked_ = 1;
+    const std::jthread next = ask("next", Urgency::copy);
+    stop.request_stop();
+    cancelled.join();
+    turn.reset();
+}
+
+TEST_F(PhoneQueueTest, figuresAreNotAskedForWhileAnybodyUsesThePhoneOrAJobRuns) {
+    EXPECT_TRUE(queue_->tryTake());
+    {
+        const PhoneQueue::Turn turn = queue_->take({});
+        EXPECT_FALSE(queue_->tryTake());
+        EXPECT_TRUE(queue_->isBusy());
+    }
+    {
+        const PhoneQueue::Job job = queue_->beginJob();
+        EXPECT_FALSE(queue_->tryTake()) << "between two steps of a copy";
+        EXPECT_NO_THROW((void)queue_->take({})) << "a listing gets in";
+    }
+    EXPECT_TRUE(queue_->tryTake());
+    EXPECT_FALSE(queue_->isBusy());
+}
+
+TEST_F(PhoneQueueTest, connectionIsClosedOnceThePhoneIsIdleAndAgainAfterEachUse) {
+    std::atomic<int> closed = 0;
+    const auto closedTimes = [&](int times) {
+        for (int n = 0; n < 400 && closed < times; ++n)
+            std::this_thread::sleep_for(5ms);
+        return closed.load();
+    };
+    {
+        const PhoneQueue::Turn turn = queue_->take({});
+        queue_->closeWhenIdle(this, [&] {
+            EXPECT_FALSE(queue_->tryTake()) << "closing is a turn of its own";
+            ++closed;
+        });
+        std::this_thread::sleep_for(80ms);
+        EXPECT_EQ(closed, 0) << "in use";
+    }
+    EXPECT_EQ(closedTimes(1), 1);
+    std::this_thread::sleep_for(80ms);
+    EXPECT_EQ(closed, 1) << "nothing was used since";
+    (void)queue_->take({});
+    EXPECT_EQ(closedTimes(2), 2);
+    {
+        const PhoneQueue::Job job = queue_->beginJob();
+        (void)queue_->take({});
+        std::this_thread::sleep_for(80ms);
+        EXPECT_EQ(closed, 2) << "a job goes on with the same connection";
+    }
+    EXPECT_EQ(closedTimes(3), 3);
+    queue_->forget(this);
+    (void)queue_->take({});
+    std::this_thread::sleep_for(80ms);
+    EXPECT_EQ(closed, 3);
+}
+
+TEST(PhoneQueues, onePhoneHasOneQueueWhateverItsFigures) {
+    PhoneQueues queues;
+    DeviceInfo device;
+    device.udid = QStringLiteral("A");
+    device.batteryLevel = 20;
+    const auto queue = queues.of(identityOf(device));
+    device.batteryLevel = 21;
+    device.isLocked = true;
+    EXPECT_EQ(queues.of(identityOf(device)), queue);
+    device.usbLocation = QStringLiteral("1-2");
+    EXPECT_NE(queues.of(identityOf(device)), queue) << "its twin at another port";
+}
+
+} // namespace
+} // namespace tessary
