@@ -1,0 +1,401 @@
+#include "transfer/local/LocalFileSystem.h"
+
+#include "base/text/PathNames.h"
+#include "base/threads/CancellationError.h"
+#include "transfer/local/LocalTreeRemoval.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFileInfo>
+#include <QSysInfo>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdio>
+
+namespace tessary {
+
+namespace {
+
+constexpr std::size_t pieceSize = 256 * 1024;
+constexpr std::size_t rowsAtOnce = 512;
+
+QDateTime dateOf(const struct stat& facts) {
+    return QDateTime::fromMSecsSinceEpoch(facts.st_mtim.tv_sec * 1000 +
+                                          facts.st_mtim.tv_nsec / 1'000'000);
+}
+
+std::array<timespec, 2> timesFor(const QDateTime& modified) {
+    const qint64 ms = modified.toMSecsSinceEpoch();
+    const qint64 seconds = (ms >= 0 ? ms : ms - 999) / 1000;
+    return {timespec{0, UTIME_OMIT}, timespec{seconds, (ms - seconds * 1000) * 1'000'000}};
+}
+
+FileItem itemOf(const struct stat& facts, const QString& name, const QString& path) {
+    const bool isFolder = S_ISDIR(facts.st_mode);
+    return {name, path, isFolder, isFolder ? 0 : qint64{facts.st_size}, dateOf(facts)};
+}
+
+struct CloseFolder {
+    void operator()(DIR* folder) const {
+        ::closedir(folder);
+    }
+};
+
+/// renameat() that leaves a taken name alone, also where the file system has no such call.
+int renameToFreeName(int fromFolder, const QByteArray& from, int toFolder, const QByteArray& to) {
+    if (::renameat2(fromFolder, from.constData(), toFolder, to.constData(), RENAME_NOREPLACE) == 0)
+        return 0;
+    const int reason = errno;
+    struct stat source {};
+    struct stat target {};
+    const bool isTaken = ::fstatat(toFolder, to.constData(), &target, AT_SYMLINK_NOFOLLOW) == 0 &&
+                         ::fstatat(fromFolder, from.constData(), &source, AT_SYMLINK_NOFOLLOW) == 0;
+    // Where case does not count an entry stands in its own way.
+    const bool isItself = isTaken && from != to && source.st_dev == target.st_dev &&
+                          source.st_ino == target.st_ino &&
+                          (S_ISDIR(source.st_mode) || source.st_nlink == 1);
+    const bool cannotAsk = reason == EINVAL || reason == ENOSYS;
+    if (!isItself && (isTaken || !cannotAsk)) {
+        errno = isTaken ? EEXIST : reason;
+        return -1;
+    }
+    return ::renameat(fromFolder, from.constData(), toFolder, to.constData());
+}
+
+} // namespace
+
+LocalFileSystem::LocalFileSystem(const QString& folder, LocalLinks links)
+    : base_(folder), links_(links) {}
+
+QString LocalFileSystem::identity() const {
+    return QStringLiteral("local:") + base_.path();
+}
+
+QString LocalFileSystem::displayName() const {
+    return QSysInfo::machineHostName();
+}
+
+FileTreeRoot LocalFileSystem::rootOf(const QString&) const {
+    return {base_.path(), lastComponent(base_.path())};
+}
+
+QString LocalFileSystem::canonicalPath(const QString& path) const {
+    return QDir::cleanPath(path);
+}
+
+LocalFileSystem::Place LocalFileSystem::placeOf(const QString& path) const {
+    const QString clean = QDir::cleanPath(path);
+    if (clean == base_.path())
+        throw Error(PhoneError::wholeStorage, {path});
+    return {base_.open(parentPath(clean)), localName(lastComponent(clean))};
+}
+
+DiskTraits LocalFileSystem::traits(const FileHandle& folder) {
+    struct stat facts {};
+    if (::fstat(folder.get(), &facts) != 0)
+        return {};
+    const std::scoped_lock lock(mutex_);
+    auto known = traits_.find(facts.st_dev);
+    if (known == traits_.end())
+        known = traits_.insert(facts.st_dev, traitsOfFolder(folder.get()));
+    return *known;
+}
+
+FileSystemCapabilities LocalFileSystem::capabilities(const Call&) {
+    FileSystemCapabilities can{.renames = true,
+                               .renamesOntoTaken = true,
+                               .moves = true,
+                               .setsDates = true,
+                               .readsRanges = true,
+                               .hasHashes = true};
+    const DiskTraits disk = traits(base_.open(base_.path()));
+    can.dateStep = disk.dateStep;
+    can.largestFile = disk.largestFile;
+    return can;
+}
+
+NameRules LocalFileSystem::nameRules(const QString& folder) {
+    return traits(base_.open(folder)).names;
+}
+
+FileItem LocalFileSystem::itemAt(int folder, const QByteArray& diskName, const QString& name,
+                                 const QString& path) const {
+    struct stat facts {};
+    if (::fstatat(folder, diskName.constData(), &facts, AT_SYMLINK_NOFOLLOW) != 0)
+        throw localFailure(LocalError::cannotRead, path, errno);
+    if (S_ISLNK(facts.st_mode)) {
+        const FileHandle target(links_ == LocalLinks::filesFollowed
+                                    ? ::openat(folder, diskName.constData(), O_PATH | O_CLOEXEC)
+                                    : -1);
+        if (!target.isOpen() || ::fstat(target.get(), &facts) != 0 || !S_ISREG(facts.st_mode))
+            throw Error(LocalError::link, {path});
+        if (!base_.contains(target))
+            throw Error(LocalError::leavesFolder, {path});
+    }
+    if (!S_ISREG(facts.st_mode) && !S_ISDIR(facts.st_mode))
+        throw Error(LocalError::notAFile, {path});
+    return itemOf(facts, name, path);
+}
+
+void LocalFileSystem::list(const QString& folder, const ListingReceiver& receiver,
+                           const Call& call) {
+    const FileHandle opened = base_.openForReading(folder);
+    const std::unique_ptr<DIR, CloseFolder> entries(::fdopendir(::dup(opened.get())));
+    if (!entries)
+        throw localFailure(LocalError::cannotRead, folder, errno);
+    std::vector<FileItem> rows;
+    const auto leaveOut = [&](const QString& path, const Error& error) {
+        if (receiver.unreadable)
+            receiver.unreadable({path, error});
+    };
+    while (true) {
+        throwIfStopped(call.stop);
+        errno = 0;
+        const dirent* entry = ::readdir(entries.get());
+        if (entry == nullptr) {
+            if (errno != 0)
+                throw localFailure(LocalError::cannotRead, folder, errno);
+            break;
+        }
+        const QByteArray diskName(entry->d_name);
+        if (diskName == "." || diskName == "..")
+            continue;
+        const auto name = nameFromDisk(diskName);
+        if (!name) {
+            const QString shown = QString::fromUtf8(diskName);
+            leaveOut(joinPath(folder, shown), {LocalError::nameNotUsable, {shown}});
+            continue;
+        }
+        try {
+            rows.push_back(itemAt(opened.get(), diskName, *name, joinPath(folder, *name)));
+        } catch (const Error& error) {
+            if (!error.is(LocalError::notFound)) // it went in the meantime
+                leaveOut(joinPath(folder, *name), error);
+        }
+        if (rows.size() >= rowsAtOnce) {
+            receiver.rows(std::move(rows));
+            rows.clear();
+        }
+    }
+    if (!rows.empty())
+        receiver.rows(std::move(rows));
+}
+
+std::optional<FileItem> LocalFileSystem::find(const QString& path, const Call&) {
+    const QString clean = QDir::cleanPath(path);
+    try {
+        if (clean == base_.path()) {
+            const FileHandle folder = base_.open(clean);
+            struct stat facts {};
+            if (::fstat(folder.get(), &facts) != 0)
+                throw localFailure(LocalError::cannotRead, path, errno);
+            return itemOf(facts, lastComponent(clean), clean);
+        }
+        const Place place = placeOf(clean);
+        return itemAt(place.folder.get(), place.name, lastComponent(clean), clean);
+    } catch (const Error& error) {
+        // What lies "below" a file is not there, either.
+        if (error.is(LocalError::notFound) || error.is(LocalError::notAFolder))
+            return std::nullopt;
+        throw;
+    }
+}
+
+FileHandle LocalFileSystem::openToRead(const FileItem& file) const {
+    const Place place = placeOf(file.path);
+    const int follow = links_ == LocalLinks::filesFollowed ? 0 : O_NOFOLLOW;
+    // Without O_NONBLOCK a pipe that took the file's place would be waited for.
+    FileHandle opened(::openat(place.folder.get(), place.name.constData(),
+                               O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | follow));
+    if (!opened.isOpen())
+        throw localFailure(LocalError::cannotRead, file.path, errno);
+    struct stat facts {};
+    if (::fstat(opened.get(), &facts) != 0)
+        throw localFailure(LocalError::cannotRead, file.path, errno);
+    if (file.isDirectory || !S_ISREG(facts.st_mode))
+        throw Error(LocalError::changed, {file.path});
+    if (follow == 0 && !base_.contains(opened))
+        throw Error(LocalError::leavesFolder, {file.path});
+    return opened;
+}
+
+qint64 LocalFileSystem::read(const FileItem& file, ByteRange range, const ByteSink& sink,
+                             const Call& call) {
+    const FileHandle opened = openToRead(file);
+    Bytes buffer(pieceSize);
+    qint64 done = 0;
+    while (range.length < 0 || done < range.length) {
+        throwIfStopped(call.stop);
+        std::size_t wanted = buffer.size();
+        if (range.length >= 0)
+            wanted = std::min(wanted, static_cast<std::size_t>(range.length - done));
+        const ssize_t count = ::pread(opened.get(), buffer.data(), wanted, range.offset + done);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            throw localFailure(LocalError::cannotRead, file.path, errno);
+        if (count == 0)
+            break;
+        sink(ByteView(buffer).first(static_cast<std::size_t>(count)));
+        done += count;
+    }
+    return done;
+}
+
+FileItem LocalFileSystem::write(const NewFile& file, const ByteSource& content,
+                                const ByteProgress& progress, const Call& call) {
+    const QString path = joinPath(file.folder, file.name);
+    const QByteArray name = localName(file.name);
+    const FileHandle folder = base_.open(file.folder);
+    constexpr mode_t permissions = 0666; // less what the user's mask takes off
+    const FileHandle opened(::openat(folder.get(), name.constData(),
+                                     O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                                     permissions));
+    if (!opened.isOpen()) // EINVAL: a character that this file system does not take
+        throw localFailure(LocalError::cannotWrite, path, errno == EINVAL ? EILSEQ : errno);
+    try {
+        Bytes buffer(pieceSize);
+        qint64 done = 0;
+        while (const std::size_t count = content(buffer)) {
+            throwIfStopped(call.stop);
+            for (std::size_t written = 0; written < count;) {
+                const ssize_t step =
+                    ::write(opened.get(), buffer.data() + written, count - written);
+                if (step < 0 && errno != EINTR)
+                    throw localFailure(LocalError::cannotWrite, path, errno);
+                written += step < 0 ? 0 : static_cast<std::size_t>(step);
+            }
+            done += static_cast<qint64>(count);
+            if (progress)
+                progress(done);
+        }
+        // A date that the file system cannot hold is no reason to lose the copy.
+        if (file.modified)
+            (void)::futimens(opened.get(), timesFor(*file.modified).data());
+        struct stat facts {};
+        if (::fstat(opened.get(), &facts) != 0)
+            throw localFailure(LocalError::cannotWrite, path, errno);
+        return itemOf(facts, file.name, path);
+    } catch (...) {
+        ::unlinkat(folder.get(), name.constData(), 0);
+        throw;
+    }
+}
+
+FileItem LocalFileSystem::makeFolder(const QString& parent, const QString& name, const Call&) {
+    const QString path = joinPath(parent, name);
+    const QByteArray diskName = localName(name);
+    const FileHandle folder = base_.open(parent);
+    constexpr mode_t permissions = 0777;
+    if (::mkdirat(folder.get(), diskName.constData(), permissions) != 0)
+        throw localFailure(LocalError::cannotMakeFolder, path, errno == EINVAL ? EILSEQ : errno);
+    return itemAt(folder.get(), diskName, name, path);
+}
+
+/// What is there may be a link that reads as a file: it counts as one.
+void LocalFileSystem::requireKind(const Place& place, const FileItem& item) const {
+    struct stat facts {};
+    if (::fstatat(place.folder.get(), place.name.constData(), &facts, AT_SYMLINK_NOFOLLOW) != 0)
+        throw localFailure(LocalError::cannotRead, item.path, errno);
+    if (S_ISDIR(facts.st_mode) != item.isDirectory)
+        throw Error(LocalError::changed, {item.path});
+}
+
+void LocalFileSystem::remove(const FileItem& item, const Call&) {
+    const Place place = placeOf(item.path);
+    requireKind(place, item);
+    if (::unlinkat(place.folder.get(), place.name.constData(),
+                   item.isDirectory ? AT_REMOVEDIR : 0) != 0)
+        throw localFailure(LocalError::cannotDelete, item.path, errno);
+}
+
+void LocalFileSystem::removeTree(const FileItem& item, const Call& call) {
+    const Place place = placeOf(item.path);
+    requireKind(place, item);
+    removeLocalTree(place.folder, place.name, item.path, call.stop);
+}
+
+FileItem LocalFileSystem::rename(const FileItem& item, const QString& newName, TakenName taken,
+                                 const Call&) {
+    const Place place = placeOf(item.path);
+    const QByteArray name = localName(newName);
+    const QString path = joinPath(parentPath(item.path), newName);
+    requireKind(place, item);
+    const int folder = place.folder.get();
+    // A folder would take the place of an empty one without a word.
+    const int result = taken == TakenName::replaced && !item.isDirectory
+                           ? ::renameat(folder, place.name.constData(), folder, name.constData())
+                           : renameToFreeName(folder, place.name, folder, name);
+    if (result != 0)
+        throw localFailure(LocalError::cannotRename, path, errno);
+    return itemAt(folder, name, newName, path);
+}
+
+FileItem LocalFileSystem::move(const FileItem& item, const QString& newFolder, const Call&) {
+    const Place place = placeOf(item.path);
+    requireKind(place, item);
+    const QString path = joinPath(newFolder, lastComponent(item.path));
+    const FileHandle folder = base_.open(newFolder);
+    if (renameToFreeName(place.folder.get(), place.name, folder.get(), place.name) != 0) {
+        const int reason = errno;
+        if (reason == EINVAL)
+            throw Error(PhoneError::insideItself, {item.path});
+        throw localFailure(LocalError::cannotRename, path, reason);
+    }
+    return itemAt(folder.get(), place.name, lastComponent(path), path);
+}
+
+void LocalFileSystem::setModified(const FileItem& file, const QDateTime& date, const Call&) {
+    const Place place = placeOf(file.path);
+    requireKind(place, file);
+    if (::utimensat(place.folder.get(), place.name.constData(), timesFor(date).data(),
+                    AT_SYMLINK_NOFOLLOW) != 0)
+        throw localFailure(LocalError::cannotWrite, file.path, errno);
+}
+
+std::optional<std::uint64_t> LocalFileSystem::freeBytes(const QString& folder, const Call&) {
+    const FileHandle opened = base_.open(folder);
+    struct statvfs facts {};
+    if (::fstatvfs(opened.get(), &facts) != 0 || facts.f_blocks == 0)
+        return std::nullopt;
+    return std::uint64_t{facts.f_bavail} * facts.f_frsize;
+}
+
+std::optional<QByteArray> LocalFileSystem::hash(const FileItem& file, const Call& call) {
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    (void)read(
+        file, {},
+        [&hash](ByteView bytes) {
+            hash.addData(QByteArrayView(reinterpret_cast<const char*>(bytes.data()),
+                                        static_cast<qsizetype>(bytes.size())));
+        },
+        call);
+    return hash.result();
+}
+
+void LocalFileSystem::flush() {
+    const FileHandle folder = base_.openForReading(base_.path());
+    if (::syncfs(folder.get()) != 0)
+        throw localFailure(LocalError::cannotWrite, base_.path(), errno);
+}
+
+LocalItem openLocalItem(const QString& path) {
+    const QString clean = QDir::cleanPath(path);
+    const QString real = QFileInfo(clean).canonicalFilePath();
+    if (real.isEmpty())
+        throw Error(LocalError::notFound, {path});
+    auto files = std::make_shared<LocalFileSystem>(parentPath(real), LocalLinks::filesFollowed);
+    FileItem item = require(*files, real, {});
+    item.name = lastComponent(clean);
+    return {std::move(files), std::move(item)};
+}
+
+} // namespace tessary

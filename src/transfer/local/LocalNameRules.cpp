@@ -1,0 +1,124 @@
+#include "transfer/local/LocalNameRules.h"
+
+#include "base/local/FileHandle.h"
+#include "base/local/PartFile.h"
+
+#include <fcntl.h>
+#include <linux/fs.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <sys/vfs.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+
+namespace tessary {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr NameRules distinctNames{};
+constexpr NameRules fatNames{
+    .ignoresCase = true, .forbidsFATCharacters = true, .longestUTF16 = 255, .longestUTF8 = 0};
+constexpr qint64 largestOnFAT = 0xFFFFFFFF;
+
+struct KnownDisk {
+    quint64 type; ///< as statfs() gives it
+    DiskTraits traits;
+};
+
+const std::array knownDisks{
+    KnownDisk{0xEF53, {distinctNames}},                           // ext2 to ext4
+    KnownDisk{0x58465342, {distinctNames}},                       // XFS
+    KnownDisk{0x9123683E, {distinctNames}},                       // Btrfs
+    KnownDisk{0xF2F52010, {distinctNames}},                       // F2FS
+    KnownDisk{0x01021994, {distinctNames}},                       // tmpfs
+    KnownDisk{0x794C7630, {distinctNames}},                       // overlayfs
+    KnownDisk{0x2FC12FC1, {distinctNames}},                       // ZFS
+    KnownDisk{0x4D44, {fatNames, largestOnFAT, 2s}},              // FAT
+    KnownDisk{0x2011BAB0, {.names = fatNames, .dateStep = 10ms}}, // exFAT
+};
+
+/// A file of ours in a folder, for as long as this lives.
+class TrialFile {
+public:
+    TrialFile(int folder, QByteArray name)
+        : folder_(folder),
+          name_(std::move(name)),
+          file_(::openat(folder, name_.constData(),
+                         O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR)) {
+    }
+    ~TrialFile() {
+        if (wasMade())
+            ::unlinkat(folder_, name_.constData(), 0);
+    }
+    TrialFile(const TrialFile&) = delete;
+    TrialFile& operator=(const TrialFile&) = delete;
+
+    [[nodiscard]] bool wasMade() const {
+        return file_.isOpen();
+    }
+
+private:
+    const int folder_;
+    const QByteArray name_;
+    const FileHandle file_;
+};
+
+bool isThere(int folder, const QString& name) {
+    struct stat facts {};
+    return ::fstatat(folder, name.toUtf8().constData(), &facts, AT_SYMLINK_NOFOLLOW) == 0;
+}
+
+DiskTraits tryOut(int folder, qint64 longestName) {
+    DiskTraits traits{.names = {}, .dateStep = 1s};
+    const QString composed = PartFile::newName() + QStringLiteral("\u00e9");
+    const TrialFile plain(folder, composed.toUtf8());
+    if (!plain.wasMade())
+        return traits;
+    traits.names.ignoresCase = isThere(folder, composed.toUpper());
+    traits.names.ignoresUnicodeForm =
+        isThere(folder, composed.normalized(QString::NormalizationForm_D));
+    const TrialFile special(folder, (PartFile::newName() + QStringLiteral(":?*|<>\"")).toUtf8());
+    traits.names.forbidsFATCharacters = !special.wasMade();
+    constexpr qint64 longestUsual = 255;
+    if (longestName > longestUsual) { // counts its own units, several bytes each
+        traits.names.longestUTF16 = static_cast<int>(longestUsual);
+        traits.names.longestUTF8 = 0;
+    }
+    return traits;
+}
+
+/// A folder may ignore case where its file system does not.
+bool foldsCase(int folder) {
+    const FileHandle readable(::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    int flags = 0;
+    return readable.isOpen() && ::ioctl(readable.get(), FS_IOC_GETFLAGS, &flags) == 0 &&
+           (flags & FS_CASEFOLD_FL) != 0;
+}
+
+} // namespace
+
+std::optional<DiskTraits> diskTraitsOf(quint64 type) {
+    const auto found = std::find_if(knownDisks.begin(), knownDisks.end(),
+                                    [type](const KnownDisk& disk) { return disk.type == type; });
+    return found == knownDisks.end() ? std::nullopt : std::optional(found->traits);
+}
+
+DiskTraits traitsOfFolder(int folder) {
+    struct statfs facts {};
+    if (::fstatfs(folder, &facts) != 0)
+        return {};
+    const auto known = diskTraitsOf(static_cast<quint32>(facts.f_type));
+    DiskTraits traits = known ? *known : tryOut(folder, facts.f_namelen);
+    if (foldsCase(folder)) {
+        traits.names.ignoresCase = true;
+        traits.names.ignoresUnicodeForm = true;
+    }
+    return traits;
+}
+
+} // namespace tessary

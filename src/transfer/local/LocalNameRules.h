@@ -1,0 +1,30 @@
+#pragma once
+
+#include "phone/NameRules.h"
+
+#include <QtGlobal>
+
+#include <chrono>
+#include <optional>
+
+namespace tessary {
+
+/// What a kind of file system holds.
+struct DiskTraits {
+    NameRules names;
+    qint64 largestFile = 0; ///< bytes; 0: no limit that matters
+    std::chrono::milliseconds dateStep{1};
+
+    bool operator==(const DiskTraits&) const = default;
+};
+
+/// What is known of a file system by the number that statfs() gives its type; no value for one
+/// that has to be tried out. Pure.
+[[nodiscard]] std::optional<DiskTraits> diskTraitsOf(quint64 type);
+
+/// What the folder of an open descriptor does with names: known by its file system's type, else
+/// tried out with files of ours that are gone again afterwards. Names are taken for distinct where
+/// nothing can be written. Blocking; never fails.
+[[nodiscard]] DiskTraits traitsOfFolder(int folder);
+
+} // namespace tessary

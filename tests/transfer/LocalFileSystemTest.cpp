@@ -1,0 +1,336 @@
+#include "transfer/local/LocalFileSystem.h"
+
+#include "base/text/PathNames.h"
+#include "base/threads/CancellationError.h"
+#include "support/OrdinaryUser.h"
+#include "support/QtPrinters.h"
+#include "support/TemporaryFolder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QCryptographicHash>
+#include <QFileInfo>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <map>
+
+namespace tessary {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Pair;
+using testing::UnorderedElementsAre;
+
+class LocalFileSystemTest : public testing::Test {
+protected:
+    LocalFileSystemTest() {
+        disk.makeFolder(QStringLiteral("base"));
+    }
+    [[nodiscard]] QString at(const QString& name) const {
+        return disk.path(QStringLiteral("base/") + name);
+    }
+    void link(const QString& target, const QString& name) const {
+        ASSERT_EQ(::symlink(target.toUtf8().constData(), at(name).toUtf8().constData()), 0);
+    }
+    [[nodiscard]] FileItem item(const QString& name) {
+        return require(files, at(name), {});
+    }
+    FileItem write(const QString& folder, const QString& name, const QByteArray& content,
+                   std::optional<QDateTime> date = {}) {
+        qsizetype done = 0;
+        return files.write(
+            {folder, name, content.size(), std::move(date)},
+            [&](std::span<std::byte> into) {
+                const qsizetype count =
+                    std::min(content.size() - done, static_cast<qsizetype>(into.size()));
+                std::copy_n(reinterpret_cast<const std::byte*>(content.constData()) + done, count,
+                            into.data());
+                done += count;
+                return static_cast<std::size_t>(count);
+            },
+            {}, {});
+    }
+    [[nodiscard]] QByteArray read(const FileItem& file, ByteRange range = {}) {
+        QByteArray content;
+        files.read(file, range,
+                   [&content](ByteView bytes) {
+                       content.append(reinterpret_cast<const char*>(bytes.data()),
+                                      static_cast<qsizetype>(bytes.size()));
+                   },
+                   {});
+        return content;
+    }
+
+    const TemporaryFolder disk;
+    LocalFileSystem files{disk.path(QStringLiteral("base"))};
+};
+
+std::optional<ErrorCode> codeOf(const std::function<void()>& work) {
+    try {
+        work();
+    } catch (const Error& error) {
+        return error.code();
+    }
+    return std::nullopt;
+}
+
+TEST_F(LocalFileSystemTest, whatIsWrittenIsListedAndRead) {
+    const QDateTime date = QDateTime::fromMSecsSinceEpoch(1'600'000'000'123);
+    const QByteArray content(700'001, 'c');
+    const FileItem made = write(files.folder(), QStringLiteral("film.mp4"), content, date);
+    EXPECT_EQ(made, item(QStringLiteral("film.mp4")));
+    EXPECT_EQ(made.size, content.size());
+    EXPECT_EQ(made.modifiedDate, date);
+    EXPECT_EQ(read(made), content);
+    EXPECT_EQ(read(made, {700'000, 50}), QByteArray("c"));
+    EXPECT_EQ(read(made, {10, 300'000}).size(), 300'000);
+    EXPECT_EQ(files.hash(made, {}), QCryptographicHash::hash(content, QCryptographicHash::Sha256));
+    const FileItem folder = files.makeFolder(files.folder(), QStringLiteral("f"), {});
+    EXPECT_THAT(listAll(files, files.folder(), {}).items, UnorderedElementsAre(made, folder));
+    files.setModified(made, date.addSecs(-7), {});
+    EXPECT_EQ(item(QStringLiteral("film.mp4")).modifiedDate, date.addSecs(-7));
+    files.flush();
+}
+
+TEST_F(LocalFileSystemTest, aListingHandsOutEveryEntryOnce) {
+    QStringList names;
+    for (int i = 0; i < 1300; ++i)
+        names << QStringLiteral("%1.txt").arg(i, 4, 10, QLatin1Char('0'));
+    for (const QString& name : names)
+        disk.write(QStringLiteral("base/") + name, {});
+    QStringList listed;
+    for (const FileItem& one : listAll(files, files.folder(), {}).items)
+        listed << one.name;
+    listed.sort();
+    EXPECT_EQ(listed, names);
+}
+
+TEST_F(LocalFileSystemTest, whatIsNoEntryIsReportedAndNeverLeftOut) {
+    disk.write(QStringLiteral("elsewhere/secret.txt"), "s");
+    disk.write(QStringLiteral("base/inside.txt"), "i");
+    link(disk.path(QStringLiteral("elsewhere")), QStringLiteral("folder link"));
+    link(disk.path(QStringLiteral("elsewhere/secret.txt")), QStringLiteral("out"));
+    link(QStringLiteral("inside.txt"), QStringLiteral("in"));
+    link(QStringLiteral("nowhere"), QStringLiteral("dangling"));
+    ASSERT_EQ(::mkfifo(at(QStringLiteral("pipe")).toUtf8().constData(), 0600), 0);
+    const QByteArray latin = at(QString()).toUtf8() + "caf\xe9.txt";
+    ASSERT_EQ(::close(::creat(latin.constData(), 0600)), 0);
+
+    const auto reported = [](PhoneFileSystem& system, const QString& folder) {
+        std::map<std::string, QByteArray> found;
+        for (const UnreadableEntry& entry : listAll(system, folder, {}).unreadable)
+            found[lastComponent(entry.path).toStdString()] = entry.error.code().name();
+        return found;
+    };
+    EXPECT_THAT(reported(files, files.folder()),
+                UnorderedElementsAre(Pair("folder link", "link"), Pair("out", "link"),
+                                     Pair("in", "link"), Pair("dangling", "link"),
+                                     Pair("pipe", "notAFile"),
+                                     Pair("caf\xef\xbf\xbd.txt", "nameNotUsable")));
+    LocalFileSystem following(files.folder(), LocalLinks::filesFollowed);
+    EXPECT_THAT(reported(following, files.folder()),
+                UnorderedElementsAre(Pair("folder link", "link"), Pair("out", "leavesFolder"),
+                                     Pair("dangling", "link"), Pair("pipe", "notAFile"),
+                                     Pair("caf\xef\xbf\xbd.txt", "nameNotUsable")));
+    EXPECT_EQ(require(following, at(QStringLiteral("in")), {}).size, 1);
+}
+
+TEST_F(LocalFileSystemTest, nothingLeavesTheFolder) {
+    disk.write(QStringLiteral("elsewhere/secret.txt"), "s");
+    link(disk.path(QStringLiteral("elsewhere")), QStringLiteral("link"));
+    const FileItem file = write(files.folder(), QStringLiteral("mine"), "m");
+    FileItem through(QStringLiteral("secret.txt"), at(QStringLiteral("link/secret.txt")), false, 1,
+                     {});
+    const QString outside = disk.path(QStringLiteral("elsewhere"));
+    const struct {
+        const char* name;
+        std::function<void()> work;
+        LocalError code;
+    } rows[] = {
+        {"write through a link",
+         [&] { write(at(QStringLiteral("link")), QStringLiteral("new"), "n"); }, LocalError::link},
+        {"folder through a link",
+         [&] { files.makeFolder(at(QStringLiteral("link")), QStringLiteral("new"), {}); },
+         LocalError::link},
+        {"read through a link", [&] { (void)read(through); }, LocalError::link},
+        {"remove through a link", [&] { files.remove(through, {}); }, LocalError::link},
+        {"remove a tree through a link", [&] { files.removeTree(through, {}); }, LocalError::link},
+        {"rename through a link",
+         [&] { files.rename(through, QStringLiteral("x"), TakenName::refused, {}); },
+         LocalError::link},
+        {"move through a link", [&] { files.move(file, at(QStringLiteral("link")), {}); },
+         LocalError::link},
+        {"list a link", [&] { (void)listAll(files, at(QStringLiteral("link")), {}); },
+         LocalError::link},
+        {"write elsewhere", [&] { write(outside, QStringLiteral("new"), "n"); },
+         LocalError::leavesFolder},
+        {"write above",
+         [&] { write(at(QStringLiteral("../elsewhere")), QStringLiteral("new"), "n"); },
+         LocalError::leavesFolder},
+        {"a name that climbs", [&] { write(files.folder(), QStringLiteral("../new"), "n"); },
+         LocalError::nameNotUsable},
+        {"rename to a name that climbs",
+         [&] { files.rename(file, QStringLiteral(".."), TakenName::refused, {}); },
+         LocalError::nameNotUsable},
+        {"half a character", [&] { write(files.folder(), QString(QChar(0xD800)), "n"); },
+         LocalError::nameNotUsable},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(codeOf(row.work), ErrorCode(row.code)) << row.name;
+    EXPECT_THAT(disk.names(QStringLiteral("elsewhere")), ElementsAre(QStringLiteral("secret.txt")));
+    EXPECT_THAT(disk.names(), ElementsAre(QStringLiteral("base"), QStringLiteral("elsewhere")));
+}
+
+TEST_F(LocalFileSystemTest, theUsersOwnPathMayHoldLinks) {
+    link(QStringLiteral("."), QStringLiteral("way"));
+    LocalFileSystem through(at(QStringLiteral("way/deep")));
+    disk.makeFolder(QStringLiteral("base/deep"));
+    through.makeFolder(through.folder(), QStringLiteral("new"), {});
+    EXPECT_TRUE(disk.has(QStringLiteral("base/deep/new")));
+}
+
+TEST_F(LocalFileSystemTest, takenNamesAreRefusedOrReplacedAsAsked) {
+    const FileItem a = write(files.folder(), QStringLiteral("a"), "a");
+    const FileItem b = write(files.folder(), QStringLiteral("b"), "b");
+    const FileItem empty = files.makeFolder(files.folder(), QStringLiteral("empty"), {});
+    const FileItem folder = files.makeFolder(files.folder(), QStringLiteral("folder"), {});
+    const ErrorCode taken(LocalError::taken);
+    EXPECT_EQ(codeOf([&] { write(files.folder(), QStringLiteral("a"), "x"); }), taken);
+    EXPECT_EQ(codeOf([&] { files.makeFolder(files.folder(), QStringLiteral("a"), {}); }), taken);
+    EXPECT_EQ(codeOf([&] { files.rename(a, QStringLiteral("b"), TakenName::refused, {}); }), taken);
+    // A folder never takes another's place, though the system would let it.
+    EXPECT_EQ(codeOf([&] { files.rename(folder, empty.name, TakenName::replaced, {}); }), taken);
+    EXPECT_EQ(codeOf([&] { files.rename(a, empty.name, TakenName::replaced, {}); }),
+              ErrorCode(LocalError::folderInTheWay));
+    EXPECT_EQ(files.rename(a, QStringLiteral("b"), TakenName::replaced, {}).name,
+              QStringLiteral("b"));
+    EXPECT_EQ(disk.read(QStringLiteral("base/b")), "a");
+    EXPECT_EQ(codeOf([&] { files.remove(a, {}); }), ErrorCode(LocalError::notFound));
+    const FileItem moved = files.move(item(QStringLiteral("b")), folder.path, {});
+    EXPECT_EQ(moved.path, at(QStringLiteral("folder/b")));
+    EXPECT_EQ(codeOf([&] { files.move(folder, empty.path, {}); }), std::nullopt);
+    EXPECT_EQ(codeOf([&] {
+                  files.move(item(QStringLiteral("empty")), at(QStringLiteral("empty/folder")), {});
+              }),
+              ErrorCode(PhoneError::insideItself));
+}
+
+TEST_F(LocalFileSystemTest, aWriteThatFailsLeavesNothing) {
+    struct Broken {};
+    int pieces = 0;
+    const auto breaks = [&pieces](std::span<std::byte> into) -> std::size_t {
+        if (++pieces > 3)
+            throw Broken();
+        return into.size();
+    };
+    EXPECT_THROW(files.write({files.folder(), QStringLiteral("x"), 10, {}}, breaks, {}, {}),
+                 Broken);
+    std::stop_source stop;
+    const auto stops = [&stop](std::span<std::byte> into) {
+        stop.request_stop();
+        return into.size();
+    };
+    EXPECT_THROW(
+        files.write({files.folder(), QStringLiteral("x"), 10, {}}, stops, {}, stop.get_token()),
+        CancellationError);
+    EXPECT_THAT(disk.names(QStringLiteral("base")), IsEmpty());
+}
+
+TEST_F(LocalFileSystemTest, removalsTakeWhatWasSeenAndNoMore) {
+    disk.write(QStringLiteral("elsewhere/keep.txt"), "k");
+    disk.write(QStringLiteral("base/tree/deep/file"), "f");
+    link(disk.path(QStringLiteral("elsewhere")), QStringLiteral("tree/link"));
+    const QByteArray latin = at(QStringLiteral("tree/")).toUtf8() + "\xff";
+    ASSERT_EQ(::close(::creat(latin.constData(), 0600)), 0);
+    FileItem tree = item(QStringLiteral("tree"));
+    EXPECT_EQ(codeOf([&] { files.remove(tree, {}); }), ErrorCode(LocalError::folderNotEmpty));
+    FileItem asFile = tree;
+    asFile.isDirectory = false;
+    EXPECT_EQ(codeOf([&] { files.removeTree(asFile, {}); }), ErrorCode(LocalError::changed));
+    files.removeTree(tree, {});
+    EXPECT_THAT(disk.names(QStringLiteral("base")), IsEmpty());
+    EXPECT_TRUE(disk.has(QStringLiteral("elsewhere/keep.txt")));
+    EXPECT_EQ(codeOf([&] { files.removeTree(require(files, files.folder(), {}), {}); }),
+              ErrorCode(PhoneError::wholeStorage));
+}
+
+TEST_F(LocalFileSystemTest, failuresHaveTheirCodes) {
+    write(files.folder(), QStringLiteral("file"), "f");
+    disk.makeFolder(QStringLiteral("base/closed"));
+    ASSERT_EQ(::chmod(at(QStringLiteral("closed")).toUtf8().constData(), 0), 0);
+    ASSERT_EQ(::chmod(disk.path().toUtf8().constData(), 0755), 0);
+    const QString tooLong(256, QLatin1Char('n'));
+    LocalFileSystem missing(at(QStringLiteral("missing")));
+    auto user = std::make_unique<OrdinaryUser>();
+    const struct {
+        const char* name;
+        std::function<void()> work;
+        ErrorCode code;
+    } rows[] = {
+        {"a base that is not there", [&] { (void)listAll(missing, missing.folder(), {}); },
+         LocalError::notFound},
+        {"a folder that is not there",
+         [&] { write(at(QStringLiteral("missing")), QStringLiteral("x"), "x"); },
+         LocalError::notFound},
+        {"a file as a folder", [&] { (void)listAll(files, at(QStringLiteral("file")), {}); },
+         LocalError::notAFolder},
+        {"a closed folder", [&] { (void)listAll(files, at(QStringLiteral("closed")), {}); },
+         LocalError::cannotRead},
+        {"a folder that is not ours", [&] { write(files.folder(), QStringLiteral("x"), "x"); },
+         LocalError::cannotWrite},
+        {"the same for a folder",
+         [&] { files.makeFolder(files.folder(), QStringLiteral("x"), {}); },
+         LocalError::cannotMakeFolder},
+        {"and for a removal", [&] { files.remove(item(QStringLiteral("file")), {}); },
+         LocalError::cannotDelete},
+        {"a name that is too long", [&] { write(files.folder(), tooLong, "x"); },
+         LocalError::nameTooLong},
+        {"a folder that is read as a file",
+         [&] {
+             (void)read({QStringLiteral("closed"), at(QStringLiteral("closed")), false, 0, {}});
+         },
+         LocalError::cannotRead},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(codeOf(row.work), row.code) << row.name;
+    EXPECT_EQ(files.find(at(QStringLiteral("missing")), {}), std::nullopt);
+    EXPECT_EQ(files.find(at(QStringLiteral("file/below")), {}), std::nullopt);
+    EXPECT_GT(files.freeBytes(files.folder(), {}).value_or(0), 0U);
+    user.reset();
+    ASSERT_EQ(::chmod(at(QStringLiteral("closed")).toUtf8().constData(), 0700), 0);
+}
+
+TEST_F(LocalFileSystemTest, rulesComeFromTheKindOfDisk) {
+    constexpr quint64 fat = 0x4D44;
+    constexpr quint64 fuse = 0x65735546;
+    ASSERT_TRUE(diskTraitsOf(fat));
+    const NameRules onFAT = diskTraitsOf(fat)->names;
+    EXPECT_EQ(onFAT.key(QStringLiteral("FOTO.jpg")), onFAT.key(QStringLiteral("foto.JPG")));
+    EXPECT_FALSE(onFAT.accepts(QStringLiteral("1 10:20.txt")));
+    EXPECT_EQ(diskTraitsOf(fat)->largestFile, 0xFFFFFFFF);
+    EXPECT_FALSE(diskTraitsOf(fuse)); // may be anything: it is tried out
+    // This disk tells names apart, and trying it out leaves nothing behind.
+    const NameRules here = files.nameRules(files.folder());
+    EXPECT_NE(here.key(QStringLiteral("a")), here.key(QStringLiteral("A")));
+    EXPECT_TRUE(here.accepts(QStringLiteral("1 10:20.txt")));
+    EXPECT_THAT(disk.names(QStringLiteral("base")), IsEmpty());
+}
+
+TEST_F(LocalFileSystemTest, whatTheUserPointsAtIsOpened) {
+    disk.write(QStringLiteral("elsewhere/real/a.txt"), "a");
+    link(disk.path(QStringLiteral("elsewhere/real")), QStringLiteral("my link"));
+    const LocalItem opened = openLocalItem(at(QStringLiteral("my link")));
+    EXPECT_EQ(opened.item.name, QStringLiteral("my link"));
+    EXPECT_TRUE(opened.item.isDirectory);
+    EXPECT_EQ(listAll(*opened.files, opened.item.path, {}).items.size(), 1U);
+    EXPECT_EQ(codeOf([&] { (void)openLocalItem(at(QStringLiteral("missing"))); }),
+              ErrorCode(LocalError::notFound));
+}
+
+} // namespace
+} // namespace tessary
