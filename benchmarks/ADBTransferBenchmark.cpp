@@ -10,7 +10,7 @@
 #include "devices/files/DeviceFileService.h"
 #include "platform/process/QtProcessRunner.h"
 #include "simulator/adbd/ADBServer.h"
-#include "simulator/adbd/VirtualADBD.h"
+#include "simulator/faults/FaultyADBD.h"
 #include "simulator/usb/VirtualUSBBus.h"
 #include "support/TemporaryFolder.h"
 
@@ -84,7 +84,7 @@ int run() {
     const TemporaryFolder disk;
     ADBDConfig config;
     config.folder = disk.makeFolder(u"phone"_s);
-    VirtualADBD phone(std::move(config));
+    FaultyADBD phone(std::move(config));
     phone.start();
     ADBServer server(disk.makeFolder(u"keys"_s));
     server.start(*adb);

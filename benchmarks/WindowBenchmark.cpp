@@ -8,7 +8,7 @@
 #include "app/TessaryApp.h"
 #include "base/threads/StallWatch.h"
 #include "platform/process/QtProcessRunner.h"
-#include "simulator/mtp/VirtualAndroid.h"
+#include "simulator/faults/FaultyAndroid.h"
 #include "support/PluggedPhone.h"
 #include "views/common/AppStyle.h"
 #include "views/common/Icons.h"

@@ -132,7 +132,7 @@ void SoakAndroid::heal(Dice& dice) {
     android_.behaviour().set(std::move(behaviour));
 }
 
-SoakIPhone::SoakIPhone(VirtualMux& mux, int number, const QString& folder)
+SoakIPhone::SoakIPhone(LoggingMux& mux, int number, const QString& folder)
     : SoakPhone(u"iPhone %1"_s.arg(number), folder + u"/Documents"_s),
       mux_(mux),
       iPhone_(iPhoneConfigOf(number, folder, app())) {}
@@ -155,7 +155,7 @@ QString SoakIPhone::breakDown(Dice& dice) {
     }
     return iPhone_.faults().update([&](VirtualIPhoneFaults& faults) -> QString {
         if (kind > 55) {
-            using Direction = VirtualIPhoneByteFault::Direction;
+            using Direction = VirtualDirection;
             const auto direction = dice.happens(50) ? Direction::toHost : Direction::toPhone;
             faults.byteFault = VirtualIPhoneByteFault{direction, someBytes(dice), cut()};
             return u"cut %1 after %2 bytes"_s.arg(static_cast<int>(faults.byteFault->cut))

@@ -3,10 +3,9 @@
 #include "Dice.h"
 
 #include "simulator/adbd/ADBServer.h"
-#include "simulator/adbd/VirtualADBD.h"
-#include "simulator/iphone/VirtualIPhone.h"
-#include "simulator/iphone/VirtualMux.h"
-#include "simulator/mtp/VirtualAndroid.h"
+#include "simulator/faults/FaultyADBD.h"
+#include "simulator/faults/FaultyAndroid.h"
+#include "simulator/faults/FaultyIPhone.h"
 #include "simulator/usb/VirtualUSBBus.h"
 
 #include <QString>
@@ -79,13 +78,13 @@ public:
 
 private:
     VirtualUSBBus& bus_;
-    VirtualAndroid android_;
+    FaultyAndroid android_;
 };
 
 /// An app of an iPhone over AFC.
 class SoakIPhone final : public SoakPhone {
 public:
-    SoakIPhone(VirtualMux& mux, int number, const QString& folder);
+    SoakIPhone(LoggingMux& mux, int number, const QString& folder);
 
     [[nodiscard]] QString udid() const override {
         return iPhone_.config().udid;
@@ -110,8 +109,8 @@ public:
     }
 
 private:
-    VirtualMux& mux_;
-    VirtualIPhone iPhone_;
+    LoggingMux& mux_;
+    FaultyIPhone iPhone_;
 };
 
 /// Over the real adb. It is not unplugged, which adb takes long to see: its connection is cut.
@@ -141,7 +140,7 @@ public:
 
 private:
     ADBServer& server_;
-    VirtualADBD adbd_;
+    FaultyADBD adbd_;
 };
 
 } // namespace tessary

@@ -27,7 +27,7 @@ const QString adb = u"/usr/bin/adb"_s;
 void soak(Story& story, Dice& dice, std::chrono::seconds time, bool withADB) {
     const TemporaryFolder disk;
     qputenv("XDG_CACHE_HOME", disk.path(u"cache"_s).toUtf8());
-    VirtualMux mux(disk.path(u"mux"_s));
+    LoggingMux mux(disk.path(u"mux"_s));
     mux.useInThisProcess();
     VirtualUSBBus bus;
     ADBServer server(disk.makeFolder(u"keys"_s));

@@ -144,7 +144,7 @@ bool ADBDConnection::authenticate(const ADBMessage& message) {
 
 bool ADBDConnection::open(const ADBMessage& message) {
     const std::string name = textOf(message.payload);
-    state_->log.update([&](auto& log) { log.push_back(QByteArray::fromStdString(name)); });
+    state_->hooks->serviceAsked(QByteArray::fromStdString(name));
     auto service = message.arg0 == 0 ? nullptr : makeService(name);
     if (!service)
         return send(ADBCommand::clse, 0, message.arg0);
@@ -171,7 +171,7 @@ std::unique_ptr<ADBDService> ADBDConnection::makeService(const std::string& name
 
 bool ADBDConnection::write(const ADBMessage& message) {
     const auto stream = streams_.find(message.arg1);
-    if (!countBytes(message.payload.size()))
+    if (!state_->hooks->passes(message.payload.size()))
         return false;
     stream->second.service->receive(message.payload);
     return send(ADBCommand::okay, stream->first, stream->second.remoteID) && pump(stream);
@@ -185,7 +185,7 @@ bool ADBDConnection::pump(Streams::iterator stream) {
     Bytes bytes = state.service->produce(largestPayload_);
     if (!bytes.empty()) {
         state.awaitsOkay = true;
-        return countBytes(bytes.size()) &&
+        return state_->hooks->passes(bytes.size()) &&
                send(ADBCommand::wrte, stream->first, state.remoteID, std::move(bytes));
     }
     if (!state.service->isOver())
@@ -194,20 +194,6 @@ bool ADBDConnection::pump(Streams::iterator stream) {
     const std::uint32_t remoteID = state.remoteID;
     streams_.erase(stream);
     return send(ADBCommand::clse, id, remoteID);
-}
-
-/// False when the connection is to be cut after these bytes.
-bool ADBDConnection::countBytes(std::size_t bytes) {
-    return state_->faults.update([&](ADBDFaults& faults) {
-        if (!faults.dropAfter)
-            return true;
-        if (*faults.dropAfter > bytes) {
-            *faults.dropAfter -= bytes;
-            return true;
-        }
-        faults.dropAfter.reset();
-        return false;
-    });
 }
 
 bool ADBDConnection::send(ADBCommand command, std::uint32_t arg0, std::uint32_t arg1,

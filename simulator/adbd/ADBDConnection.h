@@ -41,7 +41,6 @@ private:
     [[nodiscard]] std::unique_ptr<ADBDService> makeService(const std::string& name);
     [[nodiscard]] bool write(const ADBMessage& message);
     [[nodiscard]] bool pump(Streams::iterator stream);
-    [[nodiscard]] bool countBytes(std::size_t bytes);
     [[nodiscard]] bool send(ADBCommand command, std::uint32_t arg0, std::uint32_t arg1,
                             Bytes payload = {});
 

@@ -4,10 +4,6 @@
 #include <QString>
 
 #include <cstdint>
-#include <functional>
-#include <optional>
-#include <set>
-#include <vector>
 
 namespace tessary {
 
@@ -31,23 +27,7 @@ struct ADBDConfig {
     bool ignoresCase = false;                          ///< in names of files
     std::uint64_t capacity = std::uint64_t{128} << 30; ///< bytes
     std::uint64_t free = std::uint64_t{64} << 30;
-};
-
-/// What a virtual adbd does wrong: all off at first.
-struct ADBDFaults {
-    /// Cuts the connection once this many bytes of service data have passed in either direction
-    /// since it was set. Happens once.
-    std::optional<std::uint64_t> dropAfter;
-    /// Commands of the shell ("ls"), or "sync", that are never answered.
-    std::set<QByteArray> hang;
-    bool readOnly = false;
-    /// Added to each size that the phone tells.
-    std::int64_t sizeLie = 0;
     double megabytesPerSecond = 0; ///< of 10^6 bytes, for contents of files; 0 for no limit
-    /// Names that sync listings hold besides the true ones, and that can be pulled.
-    std::vector<QByteArray> extraNames;
-    /// May replace what a command prints, and its exit status by 0. Runs on the phone's thread.
-    std::function<std::optional<QByteArray>(const QByteArray& command)> rewrite;
 };
 
 } // namespace tessary

@@ -32,7 +32,7 @@ std::string reason(int code) {
 ADBDShellResult list(ADBDState& state, const Words& words) {
     const std::string& path = words[2];
     const ADBDFiles files(state.config);
-    const std::int64_t lie = state.faults.get().sizeLie;
+    const std::int64_t lie = state.hooks->sizeLie();
     std::vector<ADBDEntry> entries;
     struct stat status = {};
     if (const int code = files.status(path, false, status))
@@ -78,7 +78,7 @@ ADBDShellResult stat(ADBDState& state, const Words& words) {
             text += hex;
             break;
         case 's':
-            text += std::to_string(status.st_size + state.faults.get().sizeLie);
+            text += std::to_string(status.st_size + state.hooks->sizeLie());
             break;
         case 'Y':
             text += std::to_string(status.st_mtim.tv_sec);
@@ -98,19 +98,19 @@ ADBDShellResult stat(ADBDState& state, const Words& words) {
 
 ADBDShellResult makeFolders(ADBDState& state, const Words& words) {
     const int code =
-        state.faults.get().readOnly ? EROFS : ADBDFiles(state.config).makeFolders(words[2]);
+        state.hooks->isReadOnly() ? EROFS : ADBDFiles(state.config).makeFolders(words[2]);
     return code == 0 ? ADBDShellResult() : failed("mkdir: '" + words[2] + "': " + reason(code));
 }
 
 ADBDShellResult removeAll(ADBDState& state, const Words& words) {
     const int code =
-        state.faults.get().readOnly ? EROFS : ADBDFiles(state.config).removeAll(words[2]);
+        state.hooks->isReadOnly() ? EROFS : ADBDFiles(state.config).removeAll(words[2]);
     return code == 0 ? ADBDShellResult() : failed("rm: " + words[2] + ": " + reason(code));
 }
 
 ADBDShellResult removeFile(ADBDState& state, const Words& words) {
     const int code =
-        state.faults.get().readOnly ? EROFS : ADBDFiles(state.config).removeFile(words[2]);
+        state.hooks->isReadOnly() ? EROFS : ADBDFiles(state.config).removeFile(words[2]);
     return code == 0 ? ADBDShellResult() : failed("rm: " + words[2] + ": " + reason(code));
 }
 
@@ -118,7 +118,7 @@ ADBDShellResult removeFile(ADBDState& state, const Words& words) {
 ADBDShellResult move(ADBDState& state, const Words& words) {
     const std::string& from = words[words.size() - 2];
     const int code =
-        state.faults.get().readOnly ? EROFS : ADBDFiles(state.config).move(from, words.back());
+        state.hooks->isReadOnly() ? EROFS : ADBDFiles(state.config).move(from, words.back());
     return code == 0 ? ADBDShellResult() : failed("mv: bad '" + from + "': " + reason(code));
 }
 
@@ -161,7 +161,7 @@ ADBDShellResult head(ADBDState& state, const Words& words) {
 
 ADBDShellResult removeFolder(ADBDState& state, const Words& words) {
     const int code =
-        state.faults.get().readOnly ? EROFS : ADBDFiles(state.config).removeFolder(words[1]);
+        state.hooks->isReadOnly() ? EROFS : ADBDFiles(state.config).removeFolder(words[1]);
     return code == 0 ? ADBDShellResult() : failed("rmdir: '" + words[1] + "': " + reason(code));
 }
 
@@ -289,7 +289,7 @@ std::optional<std::vector<ADBDShellCommand>> parseADBDCommandLine(const std::str
 
 ADBDShellResult runADBDCommandLine(ADBDState& state, const std::string& line) {
     const auto refuse = [&] {
-        state.violations.update([&](auto& all) { all.push_back(QByteArray::fromStdString(line)); });
+        state.hooks->lineRefused(QByteArray::fromStdString(line));
         return ADBDShellResult{{}, "/system/bin/sh: syntax error: unexpected\n", 2};
     };
     const auto commands = parseADBDCommandLine(line);
@@ -311,14 +311,13 @@ ADBDShellResult runADBDCommandLine(ADBDState& state, const std::string& line) {
 }
 
 ADBDShell::ADBDShell(ADBDState& state, const std::string& line, bool isVersion2) {
-    const ADBDFaults faults = state.faults.get();
     const QByteArray command = QByteArray::fromStdString(line);
-    if (faults.hang.contains(command.left(command.indexOf(' ')))) {
+    if (state.hooks->hangs(command.left(command.indexOf(' ')))) {
         hangs_ = true;
         return;
     }
     ADBDShellResult result;
-    if (const auto rewritten = faults.rewrite ? faults.rewrite(command) : std::nullopt)
+    if (const auto rewritten = state.hooks->rewrite(command))
         result.output = rewritten->toStdString();
     else
         result = runADBDCommandLine(state, line);

@@ -29,7 +29,7 @@ parseADBDCommandLine(const std::string& line);
 
 /// Runs a command line on a virtual phone: ls -la, stat, mkdir -p, rm -rf, rm -f, rmdir, mv, find,
 /// head -c, df -k, dumpsys battery, getprop and echo, each exactly in the forms that are asked of
-/// real phones. Anything else is refused and kept among the violations. Starts no program.
+/// real phones. Anything else is refused, and the hooks told. Starts no program.
 [[nodiscard]] ADBDShellResult runADBDCommandLine(ADBDState& state, const std::string& line);
 
 /// The shell service: a command line whose output goes to the host, in version 2 as packets (u8

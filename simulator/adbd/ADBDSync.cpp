@@ -42,7 +42,7 @@ std::uint32_t low32(T value) {
 } // namespace
 
 ADBDSync::ADBDSync(ADBDState& state)
-    : state_(state), files_(state.config), hangs_(state.faults.get().hang.contains("sync")) {}
+    : state_(state), files_(state.config), hangs_(state.hooks->hangs("sync")) {}
 
 ADBDSync::~ADBDSync() {
     pushed_.close();
@@ -121,7 +121,7 @@ void ADBDSync::serve(ADBSyncCommand command, const std::string& path) {
 void ADBDSync::answerStat(ADBSyncCommand command, const std::string& path) {
     struct stat status = {};
     const int code = files_.status(path, command == sta2, status);
-    const auto size = code == 0 ? status.st_size + state_.faults.get().sizeLie : 0;
+    const auto size = code == 0 ? status.st_size + state_.hooks->sizeLie() : 0;
     if (code != 0)
         status = {};
     appendWord(out_, command);
@@ -145,10 +145,10 @@ void ADBDSync::answerStat(ADBSyncCommand command, const std::string& path) {
 }
 
 void ADBDSync::answerList(const std::string& path) {
-    const ADBDFaults faults = state_.faults.get();
+    const std::int64_t lie = state_.hooks->sizeLie();
     std::vector<ADBDEntry> entries;
     (void)files_.list(path, entries); // what cannot be read has no entries
-    for (const QByteArray& name : faults.extraNames) {
+    for (const QByteArray& name : state_.hooks->extraNames()) {
         ADBDEntry extra{name.toStdString(), {}, {}};
         extra.status.st_mode = S_IFREG | 0644;
         extra.status.st_size = 4;
@@ -157,7 +157,7 @@ void ADBDSync::answerList(const std::string& path) {
     for (const ADBDEntry& entry : entries) {
         appendWord(out_, dent);
         appendLittleEndian(out_, low32(entry.status.st_mode));
-        appendLittleEndian(out_, low32(entry.status.st_size + faults.sizeLie));
+        appendLittleEndian(out_, low32(entry.status.st_size + lie));
         appendLittleEndian(out_, low32(entry.status.st_mtim.tv_sec));
         appendLittleEndian(out_, low32(entry.name.size()));
         appendText(out_, entry.name);
@@ -167,7 +167,7 @@ void ADBDSync::answerList(const std::string& path) {
 }
 
 void ADBDSync::beginPull(const std::string& path) {
-    for (const QByteArray& name : state_.faults.get().extraNames) {
+    for (const QByteArray& name : state_.hooks->extraNames()) {
         if (!path.ends_with('/' + name.toStdString()))
             continue;
         constexpr std::string_view content = "made up";
@@ -235,7 +235,7 @@ void ADBDSync::beginPush(const std::string& pathAndMode) {
     isPushing_ = true;
     const std::string path = pathAndMode.substr(0, pathAndMode.rfind(','));
     const auto local = files_.resolve(path);
-    if (state_.faults.get().readOnly || !local)
+    if (state_.hooks->isReadOnly() || !local)
         return fail("couldn't create file: Read-only file system");
     std::error_code failure;
     std::filesystem::create_directories(local->parent_path(), failure);
@@ -292,7 +292,7 @@ void ADBDSync::fail(const std::string& message) {
 }
 
 void ADBDSync::slowDown(std::size_t bytes) const {
-    const double speed = state_.faults.get().megabytesPerSecond;
+    const double speed = state_.hooks->megabytesPerSecond();
     if (speed > 0)
         std::this_thread::sleep_for(
             std::chrono::duration<double>(static_cast<double>(bytes) / (speed * 1e6)));

@@ -32,16 +32,21 @@ FileHandle listenAt(std::uint16_t port) {
     return socket;
 }
 
-std::shared_ptr<ADBDState> makeState(ADBDConfig config) {
+std::shared_ptr<ADBDState> makeState(ADBDConfig config, std::unique_ptr<ADBDHooks> hooks) {
     QDir().mkpath(config.folder);
     auto state = std::make_shared<ADBDState>();
     state->config = std::move(config);
+    state->hooks = std::move(hooks);
     return state;
 }
 
 } // namespace
 
-VirtualADBD::VirtualADBD(ADBDConfig config) : state_(makeState(std::move(config))) {}
+VirtualADBD::VirtualADBD(ADBDConfig config)
+    : VirtualADBD(config, std::make_unique<ADBDHooks>(config.megabytesPerSecond)) {}
+
+VirtualADBD::VirtualADBD(ADBDConfig config, std::unique_ptr<ADBDHooks> hooks)
+    : state_(makeState(std::move(config), std::move(hooks))) {}
 
 VirtualADBD::~VirtualADBD() {
     stop();

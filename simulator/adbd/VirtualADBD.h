@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/local/FileHandle.h"
+#include "simulator/adbd/ADBDHooks.h"
 #include "simulator/adbd/ADBDKeys.h"
 #include "simulator/adbd/ADBDSettings.h"
 #include "simulator/wire/Guarded.h"
@@ -9,7 +10,6 @@
 
 #include <atomic>
 #include <cstdint>
-#include <functional>
 #include <list>
 #include <memory>
 #include <mutex>
@@ -23,10 +23,8 @@ class ADBDConnection;
 /// What the parts of a virtual adbd share. Thread-safe.
 struct ADBDState {
     ADBDConfig config;
-    Guarded<ADBDFaults> faults;
+    std::unique_ptr<ADBDHooks> hooks;
     Guarded<ADBDKeys> keys;
-    Guarded<std::vector<QByteArray>> log;
-    Guarded<std::vector<QByteArray>> violations;
     std::atomic<int> battery = 80;
     std::atomic<bool> allowsUnknownKeys = true;
 };
@@ -38,7 +36,7 @@ class VirtualADBD {
 public:
     explicit VirtualADBD(ADBDConfig config);
     /// stop().
-    ~VirtualADBD();
+    virtual ~VirtualADBD();
     VirtualADBD(const VirtualADBD&) = delete;
     VirtualADBD& operator=(const VirtualADBD&) = delete;
 
@@ -57,9 +55,6 @@ public:
     /// What `adb connect` takes, and how adb calls the phone then.
     [[nodiscard]] QString address() const;
 
-    [[nodiscard]] Guarded<ADBDFaults>& faults() {
-        return state_->faults;
-    }
     void setBattery(int percent) {
         state_->battery = percent;
     }
@@ -68,16 +63,12 @@ public:
     void setAllowsUnknownKeys(bool allows) {
         state_->allowsUnknownKeys = allows;
     }
-    /// The services that were asked for ("shell:ls …", "sync:"), oldest first.
-    [[nodiscard]] std::vector<QByteArray> log() const {
-        return state_->log.get();
-    }
-    void clearLog() {
-        state_->log.set({});
-    }
-    /// Command lines that this phone's strict shell refused: wrongly quoted or unknown ones.
-    [[nodiscard]] std::vector<QByteArray> violations() const {
-        return state_->violations.get();
+
+protected:
+    /// A daemon in whose work something may step in.
+    VirtualADBD(ADBDConfig config, std::unique_ptr<ADBDHooks> hooks);
+    [[nodiscard]] ADBDHooks& hooks() {
+        return *state_->hooks;
     }
 
 private:

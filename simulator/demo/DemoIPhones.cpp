@@ -28,7 +28,7 @@ VirtualIPhoneApp closedApp(const QString& bundleID, const QString& name, const Q
 } // namespace
 
 DemoIPhones::DemoIPhones(const QString& folder, const QString& socketPath,
-                         double megabytesPerSecond)
+                         double megabytesPerSecond, const Maker& maker)
     : mux_(socketPath) {
     const QDir disk(folder);
     const bool isNew = !disk.exists(u"iphone"_s);
@@ -62,11 +62,8 @@ DemoIPhones::DemoIPhones(const QString& folder, const QString& socketPath,
         (void)DemoContent::fillPictures(tablet.apps[0].folder + documents);
     }
     for (VirtualIPhoneConfig* config : {&phone, &tablet}) {
-        auto& made = phones_.emplace_back(std::make_unique<VirtualIPhone>(std::move(*config)));
-        made->faults().update([megabytesPerSecond](VirtualIPhoneFaults& faults) {
-            faults.megabytesPerSecond = megabytesPerSecond;
-        });
-        made->plugInto(mux_);
+        config->megabytesPerSecond = megabytesPerSecond;
+        phones_.emplace_back(maker(std::move(*config)))->plugInto(mux_);
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "simulator/iphone/VirtualMux.h"
 
+#include <functional>
 #include <memory>
 
 namespace tessary {
@@ -9,10 +10,13 @@ namespace tessary {
 /// A multiplexer with a virtual iPhone and a virtual iPad, and a few apps with sample documents.
 class DemoIPhones {
 public:
+    using Maker = std::function<std::unique_ptr<VirtualIPhone>(VirtualIPhoneConfig)>;
+
     /// Blocking, some tenths of a second. The apps' containers lie below `folder`, which is the
     /// caller's; what an earlier run left there is used as it is. `megabytesPerSecond` slows the
     /// phones down; 0 for no limit. Throws std::runtime_error when the mux cannot listen.
-    DemoIPhones(const QString& folder, const QString& socketPath, double megabytesPerSecond = 0);
+    DemoIPhones(const QString& folder, const QString& socketPath, double megabytesPerSecond = 0,
+                const Maker& maker = std::make_unique<VirtualIPhone, VirtualIPhoneConfig>);
     ~DemoIPhones();
     DemoIPhones(const DemoIPhones&) = delete;
     DemoIPhones& operator=(const DemoIPhones&) = delete;

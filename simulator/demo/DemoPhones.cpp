@@ -12,7 +12,7 @@ namespace tessary {
 
 using namespace Qt::StringLiterals;
 
-DemoPhones::DemoPhones(const QString& folder, double megabytesPerSecond) {
+DemoPhones::DemoPhones(const QString& folder, double megabytesPerSecond, const DemoMakers& makers) {
     const QDir disk(folder);
     const bool isNew = !disk.exists(u"pixel"_s);
 
@@ -46,25 +46,19 @@ DemoPhones::DemoPhones(const QString& folder, double megabytesPerSecond) {
     }
 
     for (VirtualAndroidConfig* config : {&first, &second}) {
-        auto& android =
-            androids_.emplace_back(std::make_unique<VirtualAndroid>(std::move(*config)));
-        android->faults().update([megabytesPerSecond](VirtualFaults& faults) {
-            faults.megabytesPerSecond = megabytesPerSecond;
-        });
-        android->plugInto(bus_);
+        config->megabytesPerSecond = megabytesPerSecond;
+        androids_.emplace_back(makers.android(std::move(*config)))->plugInto(bus_);
     }
 
     ADBDConfig debugged;
     debugged.serialNumber = debuggedSerial;
     debugged.folder = disk.filePath(u"pixel"_s);
+    debugged.megabytesPerSecond = megabytesPerSecond;
     adbd_ = std::make_unique<VirtualADBD>(std::move(debugged));
-    adbd_->faults().update([megabytesPerSecond](ADBDFaults& faults) {
-        faults.megabytesPerSecond = megabytesPerSecond;
-    });
 
     try {
-        iPhones_ =
-            std::make_unique<DemoIPhones>(folder, own_.filePath(u"mux"_s), megabytesPerSecond);
+        iPhones_ = std::make_unique<DemoIPhones>(folder, own_.filePath(u"mux"_s),
+                                                 megabytesPerSecond, makers.iPhone);
         iPhones_->mux().useInThisProcess();
     } catch (const std::runtime_error& error) {
         qWarning("No virtual iPhones: %s", error.what());

@@ -9,11 +9,19 @@
 #include <QProcessEnvironment>
 #include <QTemporaryDir>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <thread>
 
 namespace tessary {
+
+/// How the phones are made.
+struct DemoMakers {
+    std::function<std::unique_ptr<VirtualAndroid>(VirtualAndroidConfig)> android =
+        std::make_unique<VirtualAndroid, VirtualAndroidConfig>;
+    DemoIPhones::Maker iPhone = std::make_unique<VirtualIPhone, VirtualIPhoneConfig>;
+};
 
 /// Virtual phones for trying the program out: a bus with two Android phones, and a multiplexer with
 /// an iPhone and an iPad, which libraries find by the environment of this process. Their storages
@@ -25,7 +33,8 @@ public:
     /// Blocking, about a second. The folder is the caller's; what an earlier run left in it is used
     /// as it is. `megabytesPerSecond` slows the phones down, so that progress can be seen; 0 for no
     /// limit. Sets an environment variable: before there are threads that read the environment.
-    explicit DemoPhones(const QString& folder, double megabytesPerSecond = 0);
+    explicit DemoPhones(const QString& folder, double megabytesPerSecond = 0,
+                        const DemoMakers& makers = {});
     ~DemoPhones();
     DemoPhones(const DemoPhones&) = delete;
     DemoPhones& operator=(const DemoPhones&) = delete;

@@ -96,18 +96,6 @@ QString AFCResponder::detail(const Request& request) const {
     }
 }
 
-std::uint64_t AFCResponder::refusal(const Request& request) {
-    return phone_.faults().update([&](VirtualIPhoneFaults& faults) -> std::uint64_t {
-        const auto found = faults.statuses.find(request.name);
-        if (found == faults.statuses.end())
-            return afc::success;
-        const VirtualAFCStatus fault = found->second;
-        if (!fault.always)
-            faults.statuses.erase(found);
-        return fault.status;
-    });
-}
-
 bool AFCResponder::handle(const Request& request) {
     const auto operation = static_cast<AFCOperation>(request.header.operation);
     std::uint64_t length = 0;
@@ -117,7 +105,7 @@ bool AFCResponder::handle(const Request& request) {
         length = request.number(1);
     if (!phone_.begin(stream_, request.name, detail(request), length))
         return false;
-    const std::uint64_t refused = refusal(request);
+    const std::uint64_t refused = phone_.hooks().status(request.name);
     if (operation == AFCOperation::fileWrite)
         return writeFile(request, refused);
     if (refused != afc::success)
@@ -133,23 +121,13 @@ bool AFCResponder::perform(const Request& request) {
     switch (static_cast<AFCOperation>(request.header.operation)) {
     case AFCOperation::readDir: {
         std::vector<std::string> names = container_.names(request.text(0));
-        const auto overrides = phone_.faults().update(
-            [](VirtualIPhoneFaults& faults) { return faults.nameOverrides; });
-        for (std::string& name : names) {
-            const auto found = overrides.find(QString::fromStdString(name));
-            if (found != overrides.end())
-                name = found->second.toStdString();
-        }
+        phone_.hooks().listing(names);
         return answerTexts(request, names);
     }
     case AFCOperation::getFileInfo: {
         const std::string path = request.text(0);
-        QStringList pairs = container_.info(path);
-        const auto rewrite = phone_.faults().update(
-            [](VirtualIPhoneFaults& faults) { return faults.rewriteFileInfo; });
-        if (rewrite)
-            pairs = rewrite(QString::fromStdString(path), pairs);
-        return answerTexts(request, pairs);
+        return answerTexts(
+            request, phone_.hooks().fileInfo(QString::fromStdString(path), container_.info(path)));
     }
     case AFCOperation::getDeviceInfo:
         return answerTexts(
@@ -223,8 +201,7 @@ void AFCResponder::seek(const Request& request) {
 }
 
 bool AFCResponder::readFile(const Request& request) {
-    const std::uint64_t limit =
-        phone_.faults().update([](VirtualIPhoneFaults& faults) { return faults.longestRead; });
+    const std::uint64_t limit = phone_.hooks().longestRead();
     std::uint64_t length = std::min(request.number(1), longestRead);
     if (limit > 0)
         length = std::min(length, limit);
@@ -280,8 +257,7 @@ bool AFCResponder::writeFile(const Request& request, std::uint64_t refusal) {
 }
 
 bool AFCResponder::slowDown(std::uint64_t bytes) {
-    const double speed = phone_.faults().update(
-        [](VirtualIPhoneFaults& faults) { return faults.megabytesPerSecond; });
+    const double speed = phone_.hooks().megabytesPerSecond();
     if (speed <= 0)
         return true;
     return stream_.pause(std::chrono::milliseconds(
@@ -324,26 +300,9 @@ bool AFCResponder::answerTexts(const Request& request, const QStringList& texts)
     return answerTexts(request, bytes);
 }
 
-std::size_t AFCResponder::allowed(VirtualIPhoneByteFault::Direction direction, std::size_t bytes,
-                                  std::optional<VirtualCut>& cut) {
-    return phone_.faults().update([&](VirtualIPhoneFaults& faults) {
-        auto& fault = faults.byteFault;
-        if (!fault || fault->direction != direction)
-            return bytes;
-        if (fault->bytes > bytes) {
-            fault->bytes -= bytes;
-            return bytes;
-        }
-        const auto left = static_cast<std::size_t>(fault->bytes);
-        cut = fault->cut;
-        fault.reset();
-        return left;
-    });
-}
-
 bool AFCResponder::read(std::span<std::byte> bytes) {
     std::optional<VirtualCut> cut;
-    const std::size_t now = allowed(VirtualIPhoneByteFault::Direction::toPhone, bytes.size(), cut);
+    const std::size_t now = phone_.hooks().allowed(VirtualDirection::toPhone, bytes.size(), cut);
     if (!stream_.read(bytes.first(now)))
         return false;
     return !cut || phone_.cut(stream_, *cut);
@@ -351,7 +310,7 @@ bool AFCResponder::read(std::span<std::byte> bytes) {
 
 bool AFCResponder::write(ByteView bytes) {
     std::optional<VirtualCut> cut;
-    const std::size_t now = allowed(VirtualIPhoneByteFault::Direction::toHost, bytes.size(), cut);
+    const std::size_t now = phone_.hooks().allowed(VirtualDirection::toHost, bytes.size(), cut);
     if (!stream_.write(bytes.first(now)))
         return false;
     return !cut || phone_.cut(stream_, *cut);

@@ -20,7 +20,7 @@ private:
     /// What stands inside a packet's head, after the 40 bytes.
     struct Request {
         AFCHeader header;
-        QString name; ///< as VirtualIPhoneLog has it
+        QString name; ///< as VirtualIPhoneRequest has it
         Bytes parameters;
 
         /// Both refuse with "invalid argument" what is not there.
@@ -45,8 +45,6 @@ private:
     void seek(const Request& request);
 
     [[nodiscard]] QString detail(const Request& request) const;
-    /// The status that a fault has for the request; 0 for none.
-    [[nodiscard]] std::uint64_t refusal(const Request& request);
     [[nodiscard]] bool slowDown(std::uint64_t bytes);
 
     [[nodiscard]] bool answerStatus(const Request& request, std::uint64_t status);
@@ -58,9 +56,6 @@ private:
 
     [[nodiscard]] bool read(std::span<std::byte> bytes);
     [[nodiscard]] bool write(ByteView bytes);
-    /// How many of these bytes may move before a fault strikes, which then is in `cut`.
-    [[nodiscard]] std::size_t allowed(VirtualIPhoneByteFault::Direction direction,
-                                      std::size_t bytes, std::optional<VirtualCut>& cut);
 
     VirtualIPhone& phone_;
     PhoneStream& stream_;

@@ -24,10 +24,7 @@ void HouseArrestResponder::run() {
     const auto& apps = phone_.config().apps;
     const auto app = std::find_if(apps.begin(), apps.end(),
                                   [&](const auto& each) { return each.bundleID == bundleID; });
-    QString error = phone_.faults().update([&](VirtualIPhoneFaults& faults) {
-        const auto found = faults.houseArrestErrors.find(command);
-        return found == faults.houseArrestErrors.end() ? QString() : found->second;
-    });
+    QString error = phone_.hooks().houseArrestError(command);
     const bool documents = command == u"VendDocuments"_s;
     if (error.isEmpty()) {
         if (!documents && command != u"VendContainer"_s)

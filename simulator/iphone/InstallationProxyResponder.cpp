@@ -87,8 +87,7 @@ QVariantList InstallationProxyResponder::apps(const QVariantMap& options) const 
 }
 
 bool InstallationProxyResponder::browse(const QString& logged, const QVariantMap& options) {
-    const QString error =
-        phone_.faults().update([](VirtualIPhoneFaults& faults) { return faults.browseError; });
+    const QString error = phone_.hooks().browseError();
     if (!error.isEmpty())
         return answer(logged, {{u"Error"_s, error}});
     const QVariantList all = apps(options);

@@ -164,18 +164,10 @@ QVariantMap LockdownResponder::unpair(const QVariantMap& request) {
 }
 
 QVariantMap LockdownResponder::startSession(const QVariantMap& request) {
-    bool ends = false;
-    const auto refusal =
-        phone_.faults().update([&](VirtualIPhoneFaults& faults) -> std::optional<QString> {
-            if (faults.handshakesToFail == 0)
-                return std::nullopt;
-            --faults.handshakesToFail;
-            ends = faults.handshakeError.isEmpty();
-            return faults.handshakeError;
-        });
-    ends_ = ends;
+    const auto refusal = phone_.hooks().handshakeError();
+    ends_ = refusal && refusal->isEmpty();
     if (refusal)
-        return ends ? QVariantMap() : error(*refusal);
+        return ends_ ? QVariantMap() : error(*refusal);
     if (!sessionID_.isEmpty())
         return error(u"SessionActive"_s);
     const QString hostID = request[u"HostID"_s].toString();
@@ -205,10 +197,7 @@ QVariantMap LockdownResponder::startService(const QVariantMap& request) {
         return error(u"MissingService"_s);
     if (sessionID_.isEmpty())
         return error(u"SessionInactive"_s);
-    const QString refusal = phone_.faults().update([&](VirtualIPhoneFaults& faults) {
-        const auto found = faults.serviceErrors.find(service);
-        return found == faults.serviceErrors.end() ? QString() : found->second;
-    });
+    const QString refusal = phone_.hooks().serviceError(service);
     if (!refusal.isEmpty())
         return error(refusal);
     if (phone_.state().locked)

@@ -36,8 +36,8 @@ void MuxSession::run() {
 bool MuxSession::handle(const QVariantMap& request, std::uint32_t tag) {
     const QString type = request[u"MessageType"_s].toString();
     const QString record = request[u"PairRecordID"_s].toString();
-    mux_.log_.add({u"mux."_s + type, record, request[u"DeviceID"_s].toULongLong(),
-                   std::chrono::steady_clock::now()});
+    if (mux_.whenAsked_)
+        mux_.whenAsked_(u"mux."_s + type, record, request[u"DeviceID"_s].toULongLong());
 
     if (type == u"Connect"_s)
         return connect(request, tag);

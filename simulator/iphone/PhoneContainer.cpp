@@ -302,7 +302,7 @@ void PhoneContainer::setModified(const std::string& path, std::uint64_t time) {
 }
 
 void PhoneContainer::write(const FileHandle& file, std::span<const std::byte> bytes) {
-    const auto limit = phone_.faults().update([](auto& faults) { return faults.storeFullAfter; });
+    const auto limit = phone_.hooks().storeFullAfter();
     struct stat facts {};
     check(::fstat(file.get(), &facts) == 0);
     const bool appends = (::fcntl(file.get(), F_GETFL) & O_APPEND) != 0;

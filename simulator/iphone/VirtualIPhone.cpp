@@ -24,7 +24,10 @@ constexpr std::size_t mostOffers = 64;
 } // namespace
 
 VirtualIPhone::VirtualIPhone(VirtualIPhoneConfig config)
-    : config_(std::move(config)), free_(config_.free) {
+    : VirtualIPhone(config, std::make_unique<VirtualIPhoneHooks>(config.megabytesPerSecond)) {}
+
+VirtualIPhone::VirtualIPhone(VirtualIPhoneConfig config, std::unique_ptr<VirtualIPhoneHooks> hooks)
+    : config_(std::move(config)), hooks_(std::move(hooks)), free_(config_.free) {
     state_ = {config_.name, config_.trust, config_.isLocked, config_.battery};
     for (const VirtualIPhoneApp& app : config_.apps)
         InstallationProxyResponder::createContainer(app);
@@ -199,38 +202,19 @@ void VirtualIPhone::serve(std::uint16_t port, PhoneStream& stream) {
         NotificationProxyResponder(*this, stream).run();
 }
 
-bool VirtualIPhone::strikes(const QString& request, bool afterwards, VirtualCut& cut) {
-    return faults_.update([&](VirtualIPhoneFaults& faults) {
-        auto& fault = faults.requestFault;
-        if (!fault || fault->request != request || fault->afterwards != afterwards ||
-            --fault->nth > 0)
-            return false;
-        cut = fault->cut;
-        fault.reset();
-        return true;
-    });
-}
-
 bool VirtualIPhone::begin(PhoneStream& stream, const QString& request, const QString& detail,
                           std::uint64_t number) {
-    log_.add({request, detail, number, std::chrono::steady_clock::now()});
-    const std::chrono::milliseconds delay =
-        faults_.update([&request](VirtualIPhoneFaults& faults) -> std::chrono::milliseconds {
-            if (faults.hang.contains(request))
-                return forgotten;
-            const auto found = faults.delay.find(request);
-            return faults.delayEach +
-                   (found == faults.delay.end() ? std::chrono::milliseconds(0) : found->second);
-        });
-    if (!stream.pause(delay) || delay == forgotten)
+    hooks_->requested(request, detail, number);
+    const auto delay = hooks_->delay(request);
+    if (!stream.pause(delay.value_or(forgotten)) || !delay)
         return false;
-    VirtualCut what{};
-    return !strikes(request, false, what) || cut(stream, what);
+    const auto what = hooks_->cutAt(request, false);
+    return !what || cut(stream, *what);
 }
 
 bool VirtualIPhone::answering(PhoneStream& stream, const QString& request) {
-    VirtualCut what{};
-    return !strikes(request, true, what) || cut(stream, what);
+    const auto what = hooks_->cutAt(request, true);
+    return !what || cut(stream, *what);
 }
 
 bool VirtualIPhone::cut(PhoneStream& stream, VirtualCut cut) {

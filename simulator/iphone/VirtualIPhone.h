@@ -1,12 +1,13 @@
 #pragma once
 
 #include "simulator/iphone/VirtualIPhoneConfig.h"
-#include "simulator/iphone/VirtualIPhoneFaults.h"
-#include "simulator/iphone/VirtualIPhoneLog.h"
-#include "simulator/wire/Guarded.h"
+#include "simulator/iphone/VirtualIPhoneHooks.h"
 #include "simulator/wire/PhoneStream.h"
 
 #include <atomic>
+#include <deque>
+#include <map>
+#include <memory>
 #include <mutex>
 
 namespace tessary {
@@ -24,7 +25,7 @@ public:
 
     explicit VirtualIPhone(VirtualIPhoneConfig config);
     /// Takes it off every link and waits for its connections' threads.
-    ~VirtualIPhone();
+    virtual ~VirtualIPhone();
     VirtualIPhone(const VirtualIPhone&) = delete;
     VirtualIPhone& operator=(const VirtualIPhone&) = delete;
 
@@ -47,18 +48,6 @@ public:
     void setBattery(int percent);
     void setName(const QString& name);
 
-    /// May be changed at any time; each request sees it afresh.
-    [[nodiscard]] Guarded<VirtualIPhoneFaults>& faults() {
-        return faults_;
-    }
-    [[nodiscard]] VirtualIPhoneLog& log() {
-        return log_;
-    }
-    /// How often a request was made: "lockdown.StartSession", see VirtualIPhoneLog.
-    [[nodiscard]] std::size_t requestCount(const QString& request) const {
-        return log_.count(request);
-    }
-
     // From here on for the mux and the phone's own services.
 
     struct State {
@@ -67,6 +56,9 @@ public:
         bool locked = false;
         int battery = 0; ///< percent
     };
+    [[nodiscard]] VirtualIPhoneHooks& hooks() {
+        return *hooks_;
+    }
     [[nodiscard]] State state() const;
     [[nodiscard]] std::uint64_t freeBytes() const {
         return free_;
@@ -88,14 +80,18 @@ public:
     /// Runs what listens on the port over a connection until one side ends it.
     void serve(std::uint16_t port, PhoneStream& stream);
 
-    /// Begins a request: writes it into the log and does what the faults say. False when the
-    /// connection is to end.
+    /// Begins a request: tells the hooks and does what they say. False when the connection is to
+    /// end.
     [[nodiscard]] bool begin(PhoneStream& stream, const QString& request, const QString& detail,
                              std::uint64_t number = 0);
     /// Before a request's answer. False when the connection is to end.
     [[nodiscard]] bool answering(PhoneStream& stream, const QString& request);
-    /// Does to this connection what a fault says. Always false.
+    /// Does to this connection what a hook says. Always false.
     bool cut(PhoneStream& stream, VirtualCut cut);
+
+protected:
+    /// A phone in whose work something may step in.
+    VirtualIPhone(VirtualIPhoneConfig config, std::unique_ptr<VirtualIPhoneHooks> hooks);
 
 private:
     friend class VirtualMux;
@@ -106,15 +102,13 @@ private:
         QString hostID;
     };
 
-    [[nodiscard]] bool strikes(const QString& request, bool afterwards, VirtualCut& cut);
     void detach(VirtualLink link);
     void muxGone();
     /// To be called without the phone's mutex: the mux's comes first.
     [[nodiscard]] VirtualMux* currentMux() const;
 
     const VirtualIPhoneConfig config_;
-    Guarded<VirtualIPhoneFaults> faults_;
-    VirtualIPhoneLog log_;
+    const std::unique_ptr<VirtualIPhoneHooks> hooks_;
     std::atomic<std::uint64_t> free_;
 
     mutable std::mutex mutex_; ///< guards all below

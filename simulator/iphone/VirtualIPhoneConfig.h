@@ -43,7 +43,8 @@ struct VirtualIPhoneConfig {
     std::uint64_t capacity = std::uint64_t{128} * 1'000'000'000; ///< bytes
     /// Bytes; falls and rises with what the host writes and deletes.
     std::uint64_t free = std::uint64_t{64} * 1'000'000'000;
-    int battery = 80; ///< percent
+    int battery = 80;              ///< percent
+    double megabytesPerSecond = 0; ///< of 10^6 bytes of file content; 0 for no limit
 
     VirtualTrust trust = VirtualTrust::trusted;
     /// The multiplexer has a pair record from the start. Else the host pairs first.

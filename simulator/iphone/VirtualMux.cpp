@@ -51,7 +51,8 @@ void blockSignals() {
 
 } // namespace
 
-VirtualMux::VirtualMux(const QString& socketPath) : path_(socketPath) {
+VirtualMux::VirtualMux(const QString& socketPath, WhenAsked whenAsked)
+    : path_(socketPath), whenAsked_(std::move(whenAsked)) {
     doors_.push_back({PhoneSockets::listenAt(path_), nullptr, 0});
     PhoneSockets::makePipe(wakeOut_, wakeIn_);
     acceptor_ = std::jthread([this](const std::stop_token& stop) {

@@ -4,6 +4,7 @@
 #include "simulator/iphone/VirtualIPhone.h"
 
 #include <condition_variable>
+#include <functional>
 #include <list>
 #include <thread>
 
@@ -27,9 +28,13 @@ public:
 
     /// Listens from now on. A socket that a dead program left at the path is replaced. Throws
     /// std::runtime_error when it cannot listen there; a path has at most 107 bytes.
-    explicit VirtualMux(const QString& socketPath);
+    /// `whenAsked` is told what is asked of the daemon itself ("mux.ListDevices", "mux.Connect",
+    /// …), with the pair record's and the device's id; on any thread.
+    using WhenAsked =
+        std::function<void(const QString& request, const QString& record, std::uint64_t deviceID)>;
+    explicit VirtualMux(const QString& socketPath, WhenAsked whenAsked = {});
     /// Ends every connection and removes the socket. The phones are unplugged.
-    ~VirtualMux();
+    virtual ~VirtualMux();
     VirtualMux(const VirtualMux&) = delete;
     VirtualMux& operator=(const VirtualMux&) = delete;
 
@@ -38,11 +43,6 @@ public:
     /// Sets that variable for this process and its children. Before any library is called that
     /// reads it, and before there are threads that read the environment.
     void useInThisProcess() const;
-
-    /// What was asked of the daemon itself: "mux.ListDevices", "mux.Connect", ….
-    [[nodiscard]] VirtualIPhoneLog& log() {
-        return log_;
-    }
 
 private:
     friend class VirtualIPhone;
@@ -96,7 +96,7 @@ private:
                             VirtualLink link) const;
 
     const QString path_;
-    VirtualIPhoneLog log_;
+    const WhenAsked whenAsked_;
     FileHandle wakeIn_;
     FileHandle wakeOut_;
 

@@ -58,9 +58,11 @@ const MTPResponder::Operation* MTPResponder::operation(std::uint16_t code) {
 }
 
 MTPResponder::MTPResponder(MTPDeviceDescription description, std::vector<VirtualStorage> storages,
-                           bool locked, int battery, VirtualBehaviour behaviour)
+                           bool locked, int battery, VirtualBehaviour behaviour,
+                           std::unique_ptr<MTPResponderHooks> hooks)
     : description_(std::move(description)),
       store_(std::move(storages), locked),
+      hooks_(std::move(hooks)),
       behaviour_(std::move(behaviour)),
       battery_(battery) {}
 
@@ -70,7 +72,7 @@ MTPResponder::~MTPResponder() {
 
 void MTPResponder::start(std::shared_ptr<VirtualUSBPort> port) {
     join();
-    gate_.reset();
+    state_.reset();
     store_.renewHandles();
     const std::lock_guard lock(threadMutex_);
     thread_ = std::jthread([this, port = std::move(port)] { run(port); });
@@ -83,19 +85,19 @@ void MTPResponder::join() {
 }
 
 void MTPResponder::unplugged() {
-    gate_.unplug();
+    state_.unplug();
 }
 
 void MTPResponder::haltCleared(bool needed) {
     if (!needed)
-        ++needlessHaltClears_;
+        hooks_->clearedNeedlessly();
 }
 
 USBCode MTPResponder::control(VirtualUSBPort& port, const USBControlRequest& request,
                               std::span<std::byte> data, std::size_t& transferred) {
     const VirtualBehaviour behaviour = behaviour_.get();
     if (request.requestType == cancelRequestType && request.request == cancelRequest) {
-        ++cancelRequests_;
+        hooks_->cancelRequested();
         const bool wellFormed =
             data.size() == 6 && readLittleEndian<std::uint16_t>(data, 0) ==
                                     static_cast<std::uint16_t>(MTPEventCode::cancelTransaction);
@@ -104,7 +106,7 @@ USBCode MTPResponder::control(VirtualUSBPort& port, const USBControlRequest& req
         transferred = data.size();
         // A pipe here takes more than a real one: let the phone come to what the host has written.
         (void)port.out().deviceWaitEmpty(catchUpTime);
-        gate_.cancel(readLittleEndian<std::uint32_t>(data, 2), [&] {
+        state_.cancel(readLittleEndian<std::uint32_t>(data, 2), [&] {
             port.in().interrupt(false);
             port.out().interrupt(true);
         });
@@ -112,7 +114,7 @@ USBCode MTPResponder::control(VirtualUSBPort& port, const USBControlRequest& req
     }
     if (request.requestType == statusRequestType && request.request == statusRequest &&
         !behaviour.refusesStatusRequest) {
-        const auto code = gate_.isBusy() ? MTPResponseCode::deviceBusy : MTPResponseCode::ok;
+        const auto code = state_.isBusy() ? MTPResponseCode::deviceBusy : MTPResponseCode::ok;
         Bytes status;
         appendLittleEndian<std::uint16_t>(status, 4);
         appendLittleEndian(status, static_cast<std::uint16_t>(code));
@@ -126,7 +128,7 @@ USBCode MTPResponder::control(VirtualUSBPort& port, const USBControlRequest& req
 void MTPResponder::run(const std::shared_ptr<VirtualUSBPort>& port) {
     nameCurrentThread("virtual-android");
     endSession();
-    MTPResponderLink link(port, gate_, faults_);
+    MTPResponderLink link(port, state_, *hooks_);
     for (;;) {
         try {
             const MTPCommand command = link.receiveCommand();

@@ -4,7 +4,7 @@
 #include "simulator/mtp/MTPResponderLink.h"
 #include "simulator/mtp/VirtualBehaviour.h"
 #include "simulator/mtp/VirtualObjectStore.h"
-#include "simulator/mtp/VirtualRequestLog.h"
+#include "simulator/wire/Guarded.h"
 
 #include <atomic>
 #include <thread>
@@ -20,7 +20,8 @@ namespace tessary {
 class MTPResponder {
 public:
     MTPResponder(MTPDeviceDescription description, std::vector<VirtualStorage> storages,
-                 bool locked, int battery, VirtualBehaviour behaviour);
+                 bool locked, int battery, VirtualBehaviour behaviour,
+                 std::unique_ptr<MTPResponderHooks> hooks);
     /// The port must be unplugged by then.
     ~MTPResponder();
     MTPResponder(const MTPResponder&) = delete;
@@ -36,23 +37,14 @@ public:
     [[nodiscard]] VirtualObjectStore& store() {
         return store_;
     }
-    [[nodiscard]] Guarded<VirtualFaults>& faults() {
-        return faults_;
+    [[nodiscard]] MTPResponderHooks& hooks() {
+        return *hooks_;
     }
     [[nodiscard]] Guarded<VirtualBehaviour>& behaviour() {
         return behaviour_;
     }
-    [[nodiscard]] VirtualRequestLog& log() {
-        return log_;
-    }
     void setBattery(int percent) {
         battery_ = percent;
-    }
-    [[nodiscard]] std::size_t cancelRequests() const {
-        return cancelRequests_;
-    }
-    [[nodiscard]] std::size_t needlessHaltClears() const {
-        return needlessHaltClears_;
     }
 
     // The host's side of the port.
@@ -90,7 +82,6 @@ private:
     void perform(const Operation* operation, Transaction& transaction);
     void checkOrder(const Operation* operation, const Transaction& transaction);
     void checkTransactionID(const Operation* operation, std::uint32_t id);
-    void refuseWhenTold(std::uint16_t code);
     void endSession();
     [[nodiscard]] Bytes receiveDataset(Transaction& transaction);
     [[nodiscard]] QString shownName(const VirtualObject& object);
@@ -126,13 +117,10 @@ private:
 
     MTPDeviceDescription description_;
     VirtualObjectStore store_;
-    Guarded<VirtualFaults> faults_;
+    const std::unique_ptr<MTPResponderHooks> hooks_;
     Guarded<VirtualBehaviour> behaviour_;
-    VirtualRequestLog log_;
-    MTPTransactionGate gate_;
+    MTPTransactionState state_;
     std::atomic<int> battery_;
-    std::atomic<std::size_t> cancelRequests_ = 0;
-    std::atomic<std::size_t> needlessHaltClears_ = 0;
 
     // Of the phone's thread
     bool sessionOpen_ = false;

@@ -124,14 +124,13 @@ void MTPResponder::sendObjectInfo(Transaction& transaction) {
 /// The file that SendObject fills. What has arrived is removed again unless it is complete.
 class MTPResponder::Arrival {
 public:
-    Arrival(VirtualObjectStore& store, const Pending& pending, const VirtualFaults& faults,
+    Arrival(VirtualObjectStore& store, const Pending& pending, std::optional<std::uint64_t> limit,
             bool keepsPartial)
         : store_(store), pending_(pending), keepsPartial_(keepsPartial) {
         if (pending.isOnDisk)
             store.addUsed(pending.storageID,
                           -static_cast<std::int64_t>(store.object(pending.handle).size));
-        fullAt_ = std::min(store.storage(pending.storageID).free,
-                           faults.storeFullAfter.value_or(unlimited));
+        fullAt_ = std::min(store.storage(pending.storageID).free, limit.value_or(unlimited));
         file_ = store.createFile(pending.handle, pending.isOnDisk);
     }
 
@@ -176,13 +175,13 @@ private:
 
 void MTPResponder::sendObject(Transaction& transaction) {
     const std::optional<Pending> pending = std::exchange(pending_, std::nullopt);
-    const VirtualFaults faults = faults_.get();
     std::optional<Arrival> arrival;
     std::optional<MTPRefusal> refusal;
     try {
         if (!pending)
             throw MTPRefusal(MTPResponseCode::noValidObjectInfo);
-        arrival.emplace(store_, *pending, faults, transaction.behaviour.keepsPartialObjects);
+        arrival.emplace(store_, *pending, hooks_->storeFullAfter(),
+                        transaction.behaviour.keepsPartialObjects);
     } catch (const MTPRefusal& thrown) {
         refusal = thrown;
     }
@@ -197,7 +196,7 @@ void MTPResponder::sendObject(Transaction& transaction) {
     arrival.reset();
     if (transaction.behaviour.forgetsSentHandle)
         store_.forget(pending->handle);
-    transaction.link.pause(faults.sendObjectPause);
+    transaction.link.pause(hooks_->sendObjectPause());
 }
 
 void MTPResponder::dropPending(bool keepsObject) {

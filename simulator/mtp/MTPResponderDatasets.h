@@ -1,8 +1,8 @@
 #pragma once
 
 #include "base/values/Bytes.h"
+#include "simulator/mtp/MTPResponderHooks.h"
 #include "simulator/mtp/VirtualBehaviour.h"
-#include "simulator/mtp/VirtualFaults.h"
 #include "simulator/mtp/VirtualObjectStore.h"
 
 #include <span>

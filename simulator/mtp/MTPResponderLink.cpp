@@ -45,16 +45,16 @@ Bytes headerOf(MTPContainerType type, std::uint16_t code, std::uint32_t transact
 
 } // namespace
 
-MTPResponderLink::MTPResponderLink(std::shared_ptr<VirtualUSBPort> port, MTPTransactionGate& gate,
-                                   Guarded<VirtualFaults>& faults)
-    : port_(std::move(port)), gate_(gate), faults_(faults) {}
+MTPResponderLink::MTPResponderLink(std::shared_ptr<VirtualUSBPort> port, MTPTransactionState& state,
+                                   MTPResponderHooks& hooks)
+    : port_(std::move(port)), state_(state), hooks_(hooks) {}
 
 void MTPResponderLink::breakOff(MTPLinkBroken::Why why) {
-    // The gate is asked first: a cancel request that is just being handled is then through, and
+    // The state is asked first: a cancel request that is just being handled is then through, and
     // does not interrupt the pipes of the next transaction.
-    const bool cancelled = gate_.endData();
+    const bool cancelled = state_.endData();
     if (cancelled && why != MTPLinkBroken::Why::cancelled)
-        gate_.beBusy({}); // it came too late; the phone is not busy with it
+        state_.beBusy({}); // it came too late; the phone is not busy with it
     port_->in().resume();
     port_->out().resume();
     joined_ = {};
@@ -62,7 +62,7 @@ void MTPResponderLink::breakOff(MTPLinkBroken::Why why) {
 }
 
 bool MTPResponderLink::closeTransaction() {
-    const bool cancelled = gate_.endTransaction();
+    const bool cancelled = state_.endTransaction();
     if (cancelled) {
         port_->in().resume();
         port_->out().resume();
@@ -87,12 +87,12 @@ void MTPResponderLink::halt(bool hostIsWriting) {
 }
 
 void MTPResponderLink::pause(std::chrono::nanoseconds duration) {
-    switch (gate_.pause(duration)) {
-    case MTPTransactionGate::Pause::over:
+    switch (state_.pause(duration)) {
+    case MTPTransactionState::Pause::over:
         return;
-    case MTPTransactionGate::Pause::cancelled:
+    case MTPTransactionState::Pause::cancelled:
         breakOff(MTPLinkBroken::Why::cancelled);
-    case MTPTransactionGate::Pause::unplugged:
+    case MTPTransactionState::Pause::unplugged:
         throw MTPLinkBroken{MTPLinkBroken::Why::unplugged};
     }
 }
@@ -183,11 +183,9 @@ void MTPResponderLink::receiveData(const MTPCommand& command, const Sink& sink) 
 
 Bytes MTPResponderLink::rewritten(const MTPCommand& command, MTPContainerType type,
                                   Bytes container) {
-    const auto rewrite = faults_.update([](VirtualFaults& faults) { return faults.rewrite; });
-    if (!rewrite)
-        return container;
-    auto replacement = rewrite({command.operation, type, container});
-    return replacement ? std::move(*replacement) : std::move(container);
+    VirtualAnswer answer{command.operation, type, std::move(container)};
+    auto replacement = hooks_.rewrite(answer);
+    return replacement ? std::move(*replacement) : std::move(answer.container);
 }
 
 void MTPResponderLink::sendDataset(const MTPCommand& command, const Bytes& dataset) {
@@ -205,11 +203,11 @@ bool MTPResponderLink::sendStream(const MTPCommand& command, std::uint64_t size,
 }
 
 bool MTPResponderLink::sendData(const Bytes& head, std::uint64_t size, const Source& source) {
-    const VirtualFaults faults = faults_.get();
+    const MTPPacking packing = hooks_.packing();
     Phase phase(*this, USBDirection::in);
     Writer writer(*this, &phase);
     const std::size_t split =
-        faults.headerInOwnTransfer ? std::min(head.size(), MTPContainerHeader::size) : 0;
+        packing.headerInOwnTransfer ? std::min(head.size(), MTPContainerHeader::size) : 0;
     if (split > 0) {
         writer.append(ByteView(head).first(split));
         writer.cut();
@@ -217,10 +215,10 @@ bool MTPResponderLink::sendData(const Bytes& head, std::uint64_t size, const Sou
     writer.append(ByteView(head).subspan(split));
     const bool complete = writer.fill(size, source);
     constexpr std::byte extra{0};
-    if (faults.extraByte)
+    if (packing.extraByte)
         writer.append({&extra, 1});
-    const bool headerWasAll = split > 0 && head.size() == split && size == 0 && !faults.extraByte;
-    if (faults.dataAndResponseJoined)
+    const bool headerWasAll = split > 0 && head.size() == split && size == 0 && !packing.extraByte;
+    if (packing.dataAndResponseJoined)
         joined_ = writer.release();
     else if (!headerWasAll)
         writer.finish();
@@ -230,8 +228,7 @@ bool MTPResponderLink::sendData(const Bytes& head, std::uint64_t size, const Sou
 
 void MTPResponderLink::sendResponse(const MTPCommand& command, std::uint16_t code,
                                     std::span<const std::uint32_t> parameters) {
-    const bool hasJunk =
-        faults_.update([](VirtualFaults& faults) { return faults.junkTransactionID; });
+    const bool hasJunk = hooks_.packing().junkTransactionID;
     Bytes container = headerOf(MTPContainerType::response, code,
                                hasJunk ? command.transactionID ^ junk : command.transactionID,
                                parameters.size_bytes());

@@ -1,25 +1,12 @@
 #pragma once
 
-#include "mtp/protocol/MTPTypes.h"
-#include "simulator/mtp/MTPTransactionGate.h"
-#include "simulator/mtp/VirtualFaults.h"
+#include "simulator/mtp/MTPResponderHooks.h"
+#include "simulator/mtp/MTPTransactionState.h"
 #include "simulator/usb/VirtualUSBPort.h"
-#include "simulator/wire/Guarded.h"
 
 #include <functional>
 
 namespace tessary {
-
-/// A command as it arrived; missing parameters read as 0.
-struct MTPCommand {
-    std::uint16_t operation = 0;
-    std::uint32_t transactionID = 0;
-    std::vector<std::uint32_t> parameters;
-
-    [[nodiscard]] std::uint32_t parameter(std::size_t index) const {
-        return index < parameters.size() ? parameters[index] : 0;
-    }
-};
 
 /// Thrown by the link: the transaction under way is over, without an answer.
 struct MTPLinkBroken {
@@ -31,16 +18,16 @@ struct MTPLinkBroken {
     Why why;
 };
 
-/// Containers over the pipes of one attachment, from the device's side, with the faults that change
-/// how they travel. For the phone's thread. Every call may throw MTPLinkBroken.
+/// Containers over the pipes of one attachment, from the device's side, packed
+/// and cut as the hooks say. For the phone's thread. Every call may throw MTPLinkBroken.
 class MTPResponderLink {
 public:
     /// Fills a part of the buffer and returns how much; 0 when there is no more.
     using Source = std::function<std::size_t(std::span<std::byte>)>;
     using Sink = std::function<void(ByteView)>;
 
-    MTPResponderLink(std::shared_ptr<VirtualUSBPort> port, MTPTransactionGate& gate,
-                     Guarded<VirtualFaults>& faults);
+    MTPResponderLink(std::shared_ptr<VirtualUSBPort> port, MTPTransactionState& state,
+                     MTPResponderHooks& hooks);
 
     /// The next command. Anything else that arrives halts the pipe that the host is using.
     [[nodiscard]] MTPCommand receiveCommand();
@@ -78,8 +65,8 @@ private:
                                   Bytes container);
 
     std::shared_ptr<VirtualUSBPort> port_;
-    MTPTransactionGate& gate_;
-    Guarded<VirtualFaults>& faults_;
+    MTPTransactionState& state_;
+    MTPResponderHooks& hooks_;
     VirtualUSBChunk joined_; ///< the end of a data phase that waits for its response
 };
 

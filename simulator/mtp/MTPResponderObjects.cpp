@@ -14,11 +14,7 @@ constexpr std::uint16_t objectPropNotSupported = 0xA80A;
 } // namespace
 
 QString MTPResponder::shownName(const VirtualObject& object) {
-    const QString name = QString::fromStdString(object.name);
-    return faults_.update([&](VirtualFaults& faults) {
-        const auto found = faults.nameOverrides.find(name);
-        return found == faults.nameOverrides.end() ? name : found->second;
-    });
+    return hooks_->shownName(QString::fromStdString(object.name));
 }
 
 std::vector<std::uint32_t> MTPResponder::listedHandles(Transaction& transaction) {
@@ -54,12 +50,7 @@ void MTPResponder::getNumObjects(Transaction& transaction) {
 
 void MTPResponder::getObjectHandles(Transaction& transaction) {
     std::vector<std::uint32_t> handles = listedHandles(transaction);
-    const VirtualFaults faults = faults_.get();
-    const std::uint32_t parent = transaction.command.parameter(2);
-    if (faults.foldersHoldThemselves && parent != 0 && parent != mtpRootHandle)
-        handles.push_back(parent);
-    if (faults.repeatsHandles)
-        handles.insert(handles.end(), handles.begin(), handles.end());
+    hooks_->listing(transaction.command.parameter(2), handles);
     transaction.link.sendDataset(
         transaction.command, MTPResponderDatasets::array(std::span<const std::uint32_t>(handles)));
 }

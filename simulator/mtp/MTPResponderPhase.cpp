@@ -7,36 +7,27 @@ namespace tessary {
 
 namespace {
 
-/// How long a fault waits for the host to read what was sent before it.
+/// How long unplugging waits for the host to read what was sent before it.
 constexpr std::chrono::seconds drainTime{2};
 constexpr double bytesPerMegabyte = 1e6;
-
-std::optional<std::uint64_t> arm(std::optional<VirtualByteFault>& fault, USBDirection direction) {
-    if (!fault || fault->direction != direction || --fault->phase > 0)
-        return std::nullopt;
-    const std::uint64_t at = fault->bytes;
-    fault.reset();
-    return at;
-}
 
 } // namespace
 
 MTPResponderLink::Phase::Phase(MTPResponderLink& link, USBDirection direction)
-    : link_(link), direction_(direction), paceTime_(VirtualUSBPipe::Clock::now()) {
-    link_.faults_.update([&](VirtualFaults& faults) {
-        unplugAt_ = arm(faults.unplug, direction);
-        stallAt_ = arm(faults.stall, direction);
-    });
-    if (!link_.gate_.beginData())
+    : link_(link),
+      direction_(direction),
+      limits_(link.hooks_.beginPhase(direction)),
+      paceTime_(VirtualUSBPipe::Clock::now()) {
+    if (!link_.state_.beginData())
         link_.breakOff(MTPLinkBroken::Why::cancelled);
 }
 
 MTPResponderLink::Phase::~Phase() {
-    link_.gate_.endData();
+    link_.state_.endData();
 }
 
 std::size_t MTPResponderLink::Phase::pieceLimit() const {
-    const double pace = link_.faults_.update([](VirtualFaults& f) { return f.megabytesPerSecond; });
+    const double pace = link_.hooks_.megabytesPerSecond();
     if (pace <= 0)
         return VirtualUSBPipe::largestChunk;
     constexpr double piecesPerSecond = 50;
@@ -46,7 +37,7 @@ std::size_t MTPResponderLink::Phase::pieceLimit() const {
 
 std::size_t MTPResponderLink::Phase::allowed(std::size_t size) {
     std::uint64_t limit = size;
-    for (const auto& at : {unplugAt_, stallAt_}) {
+    for (const auto& at : {limits_.unplugAt, limits_.stallAt}) {
         if (at && bytes_ + size >= *at) {
             limit = std::min(limit, *at - std::min(bytes_, *at));
             due_ = true;
@@ -57,7 +48,7 @@ std::size_t MTPResponderLink::Phase::allowed(std::size_t size) {
 
 void MTPResponderLink::Phase::passed(std::size_t size) {
     bytes_ += size;
-    const double pace = link_.faults_.update([](VirtualFaults& f) { return f.megabytesPerSecond; });
+    const double pace = link_.hooks_.megabytesPerSecond();
     if (pace <= 0)
         return;
     const auto now = VirtualUSBPipe::Clock::now();
@@ -70,7 +61,8 @@ void MTPResponderLink::Phase::passed(std::size_t size) {
 void MTPResponderLink::Phase::fireIfDue() {
     if (!due_)
         return;
-    if (unplugAt_ && unplugAt_.value() <= stallAt_.value_or(*unplugAt_)) {
+    const auto& [unplugAt, stallAt] = limits_;
+    if (unplugAt && unplugAt.value() <= stallAt.value_or(*unplugAt)) {
         // Pulling the cable takes what the host has not read with it: let it read first.
         if (direction_ == USBDirection::in)
             (void)link_.port_->in().deviceWaitEmpty(drainTime);
@@ -81,7 +73,7 @@ void MTPResponderLink::Phase::fireIfDue() {
 }
 
 void MTPResponderLink::Phase::complete() {
-    if (link_.gate_.endData())
+    if (link_.state_.endData())
         link_.breakOff(MTPLinkBroken::Why::cancelled);
 }
 
@@ -142,13 +134,13 @@ void MTPResponderLink::Writer::cut() {
 }
 
 void MTPResponderLink::Writer::finish() {
-    const auto faults = link_.faults_.get();
+    const MTPPacking packing = link_.hooks_.packing();
     const bool wholePackets = chunk_.size() % link_.port_->in().packetSize() == 0;
-    if (!wholePackets || !phase_ || !faults.omitsZeroPacket)
+    if (!wholePackets || !phase_ || !packing.omitsZeroPacket)
         put(true);
     else if (chunk_.size() > 0)
         put(false);
-    if (phase_ && !wholePackets && faults.extraZeroPacket)
+    if (phase_ && !wholePackets && packing.extraZeroPacket)
         put(true);
 }
 

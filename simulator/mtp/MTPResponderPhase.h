@@ -4,7 +4,7 @@
 
 namespace tessary {
 
-/// One data phase: counts its bytes, fires the faults that are set for them, keeps the pace.
+/// One data phase: counts its bytes, ends it where a limit is set, keeps the pace.
 class MTPResponderLink::Phase {
 public:
     Phase(MTPResponderLink& link, USBDirection direction);
@@ -15,7 +15,7 @@ public:
     /// The most bytes to move in one piece, for the pace to be smooth.
     [[nodiscard]] std::size_t pieceLimit() const;
     /// How many of the next `size` bytes may still pass. With fewer than `size`, or when they are
-    /// the last ones, a fault is due afterwards.
+    /// the last ones, a limit is reached afterwards.
     [[nodiscard]] std::size_t allowed(std::size_t size);
     void passed(std::size_t size);
     void fireIfDue();
@@ -25,8 +25,7 @@ public:
 private:
     MTPResponderLink& link_;
     const USBDirection direction_;
-    std::optional<std::uint64_t> unplugAt_;
-    std::optional<std::uint64_t> stallAt_;
+    const MTPPhaseLimits limits_;
     std::uint64_t bytes_ = 0;
     bool due_ = false;
     VirtualUSBPipe::Clock::time_point paceTime_;
@@ -35,7 +34,7 @@ private:
 /// Packs the bytes of a transfer into chunks of the IN pipe.
 class MTPResponderLink::Writer {
 public:
-    /// Without a phase no faults apply.
+    /// Without a phase no limits apply.
     Writer(MTPResponderLink& link, Phase* phase, VirtualUSBChunk begun = {});
 
     void append(ByteView bytes);

@@ -12,10 +12,9 @@ constexpr std::size_t largestDataset = std::size_t{64} << 10;
 } // namespace
 
 void MTPResponder::serve(MTPResponderLink& link, const MTPCommand& command) {
-    log_.add({command.operation, command.transactionID, command.parameters,
-              std::chrono::steady_clock::now()});
+    hooks_->commandArrived(command);
     const Operation* const known = operation(command.operation);
-    gate_.beginTransaction(command.transactionID, known && known->data != Operation::Data::none);
+    state_.beginTransaction(command.transactionID, known && known->data != Operation::Data::none);
     Transaction transaction{command, link, behaviour_.get(), {}};
     auto code = static_cast<std::uint16_t>(MTPResponseCode::ok);
     bool answers = true;
@@ -36,7 +35,7 @@ void MTPResponder::serve(MTPResponderLink& link, const MTPCommand& command) {
     }
     cancelled = link.closeTransaction() || cancelled;
     if (cancelled) {
-        gate_.beBusy(transaction.behaviour.busyAfterCancel);
+        state_.beBusy(transaction.behaviour.busyAfterCancel);
         answers = transaction.behaviour.answersCancelled;
         code = static_cast<std::uint16_t>(MTPResponseCode::transactionCancelled);
         transaction.answer.clear();
@@ -50,16 +49,13 @@ void MTPResponder::perform(const Operation* operation, Transaction& transaction)
     std::optional<MTPRefusal> refusal;
     try {
         checkOrder(operation, transaction);
-        refuseWhenTold(code);
+        if (const auto status = hooks_->refusal(code))
+            throw MTPRefusal(*status);
     } catch (const MTPRefusal& thrown) {
         refusal = thrown;
     }
-    const VirtualFaults faults = faults_.get();
-    const auto delay = faults.delay.find(code);
-    transaction.link.pause(faults.delayEach + (delay == faults.delay.end()
-                                                   ? std::chrono::milliseconds(0)
-                                                   : delay->second));
-    const bool hangs = faults.hang.contains(code);
+    transaction.link.pause(hooks_->delay(code));
+    const bool hangs = hooks_->hangs(code);
     if (!refusal && !hangs) {
         (this->*operation->run)(transaction);
         return;
@@ -100,18 +96,6 @@ void MTPResponder::checkTransactionID(const Operation* operation, std::uint32_t 
     if (id <= lastTransactionID_ || id == reserved)
         throw MTPRefusal(MTPResponseCode::invalidTransactionID);
     lastTransactionID_ = id;
-}
-
-void MTPResponder::refuseWhenTold(std::uint16_t code) {
-    faults_.update([code](VirtualFaults& faults) {
-        const auto found = faults.errors.find(code);
-        if (found == faults.errors.end())
-            return;
-        const std::uint16_t status = found->second.code;
-        if (!found->second.always)
-            faults.errors.erase(found);
-        throw MTPRefusal(status);
-    });
 }
 
 Bytes MTPResponder::receiveDataset(Transaction& transaction) {

@@ -7,10 +7,15 @@
 namespace tessary {
 
 VirtualAndroid::VirtualAndroid(VirtualAndroidConfig config)
+    : VirtualAndroid(config, std::make_unique<MTPResponderHooks>(config.megabytesPerSecond)) {}
+
+VirtualAndroid::VirtualAndroid(VirtualAndroidConfig config,
+                               std::unique_ptr<MTPResponderHooks> hooks)
     : config_(std::move(config)),
       responder_(std::make_unique<MTPResponder>(
           MTPDeviceDescription{config_.vendorName, config_.productName, config_.serialNumber, {}},
-          config_.storages, config_.locked, config_.battery, config_.behaviour)) {}
+          config_.storages, config_.locked, config_.battery, config_.behaviour, std::move(hooks))) {
+}
 
 VirtualAndroid::~VirtualAndroid() {
     unplug();
@@ -54,36 +59,12 @@ void VirtualAndroid::setStorage(std::size_t index, const VirtualStorage& storage
     responder_->store().setStorage(index, storage);
 }
 
-Guarded<VirtualFaults>& VirtualAndroid::faults() {
-    return responder_->faults();
+MTPResponderHooks& VirtualAndroid::hooks() {
+    return responder_->hooks();
 }
 
 Guarded<VirtualBehaviour>& VirtualAndroid::behaviour() {
     return responder_->behaviour();
-}
-
-std::vector<VirtualRequest> VirtualAndroid::requestLog() const {
-    return responder_->log().requests();
-}
-
-std::size_t VirtualAndroid::requestCount() const {
-    return responder_->log().count();
-}
-
-std::size_t VirtualAndroid::requestCount(MTPOperationCode operation) const {
-    return responder_->log().count(static_cast<std::uint16_t>(operation));
-}
-
-void VirtualAndroid::clearRequestLog() {
-    responder_->log().clear();
-}
-
-std::size_t VirtualAndroid::cancelRequests() const {
-    return responder_->cancelRequests();
-}
-
-std::size_t VirtualAndroid::needlessHaltClears() const {
-    return responder_->needlessHaltClears();
 }
 
 VirtualUSBDescription VirtualAndroid::description() const {

@@ -1,8 +1,6 @@
 #pragma once
 
 #include "simulator/mtp/VirtualBehaviour.h"
-#include "simulator/mtp/VirtualFaults.h"
-#include "simulator/mtp/VirtualRequestLog.h"
 #include "simulator/mtp/VirtualStorage.h"
 #include "simulator/usb/VirtualUSBBus.h"
 #include "simulator/wire/Guarded.h"
@@ -13,6 +11,7 @@
 namespace tessary {
 
 class MTPResponder;
+class MTPResponderHooks;
 
 struct VirtualAndroidConfig {
     std::uint16_t vendorID = 0x18D1;
@@ -28,6 +27,7 @@ struct VirtualAndroidConfig {
     std::vector<VirtualStorage> storages;
     int battery = 80; ///< percent
     bool locked = false;
+    double megabytesPerSecond = 0; ///< of 10^6 bytes, in data phases; 0 for no limit
     VirtualBehaviour behaviour;
 };
 
@@ -44,7 +44,7 @@ public:
     /// Plugs it in at the location of its configuration, when it is not plugged in anywhere.
     /// Returns the id of the attachment, or 0.
     std::uint64_t plugInto(VirtualUSBBus& bus);
-    /// Pulls the cable and waits for the phone's thread. Not from a `rewrite` hook.
+    /// Pulls the cable and waits for the phone's thread. Not from a hook.
     void unplug();
     [[nodiscard]] bool isPlugged() const;
 
@@ -60,16 +60,7 @@ public:
     void setStorage(std::size_t index, const VirtualStorage& storage);
 
     /// May be changed at any time; a transaction under way sees it from its next step on.
-    [[nodiscard]] Guarded<VirtualFaults>& faults();
     [[nodiscard]] Guarded<VirtualBehaviour>& behaviour();
-
-    [[nodiscard]] std::vector<VirtualRequest> requestLog() const;
-    [[nodiscard]] std::size_t requestCount() const;
-    [[nodiscard]] std::size_t requestCount(MTPOperationCode operation) const;
-    void clearRequestLog();
-    /// How many cancel requests came, and how many halts were cleared without need.
-    [[nodiscard]] std::size_t cancelRequests() const;
-    [[nodiscard]] std::size_t needlessHaltClears() const;
 
     [[nodiscard]] VirtualUSBDescription description() const override;
     void plugged(std::shared_ptr<VirtualUSBPort> port) override;
@@ -77,6 +68,11 @@ public:
     USBCode control(const USBControlRequest& request, std::span<std::byte> data,
                     std::size_t& transferred) override;
     void haltCleared(std::uint8_t pipe, bool needed) override;
+
+protected:
+    /// A phone in whose work something may step in.
+    VirtualAndroid(VirtualAndroidConfig config, std::unique_ptr<MTPResponderHooks> hooks);
+    [[nodiscard]] MTPResponderHooks& hooks();
 
 private:
     const VirtualAndroidConfig config_;

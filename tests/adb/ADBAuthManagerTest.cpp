@@ -2,7 +2,7 @@
 #include "adb/AsciiBytes.h"
 #include "platform/keys/FileKeyStore.h"
 #include "platform/process/QtProcessRunner.h"
-#include "simulator/adbd/VirtualADBD.h"
+#include "simulator/faults/FaultyADBD.h"
 #include "support/QtPrinters.h"
 #include "support/TemporaryFolder.h"
 

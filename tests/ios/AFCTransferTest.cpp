@@ -187,7 +187,7 @@ TEST_F(AFCTransferTest, aFileThatShrinksWhileItIsSentIsNotKept) {
 TEST_F(AFCTransferTest, aSilentPhoneKeepsNobodyWhoWantsToStop) {
     iphone_.write(u"big"_s, manyBytes(4 * mebibyte));
     iphone_.faults([](VirtualIPhoneFaults& faults) {
-        faults.byteFault = {VirtualIPhoneByteFault::Direction::toHost, 2 * mebibyte,
+        faults.byteFault = {VirtualDirection::toHost, 2 * mebibyte,
                             VirtualCut::stall};
     });
     std::stop_source stop;

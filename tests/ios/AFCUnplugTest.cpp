@@ -91,7 +91,7 @@ TEST(AFCUnplug, endsEveryOperationAtEveryRequestSoonAndLeavesNoPart) {
 }
 
 TEST(AFCUnplug, inTheMiddleOfTheDataEndsTransfersSoon) {
-    using Direction = VirtualIPhoneByteFault::Direction;
+    using Direction = VirtualDirection;
     for (const auto cut : {VirtualCut::unplug, VirtualCut::close}) {
         for (const std::uint64_t bytes : {1, 39, 41, 1'000'000, 1'048'616, 2'000'000}) {
             SCOPED_TRACE(bytes);
@@ -124,8 +124,7 @@ TEST(AFCUnplug, inTheMiddleOfAListingIsAnError) {
         iphone.write(u"a"_s, "a");
         const auto client = iphone.open();
         iphone.faults([&](VirtualIPhoneFaults& faults) {
-            faults.byteFault = {VirtualIPhoneByteFault::Direction::toHost, bytes,
-                                VirtualCut::close};
+            faults.byteFault = {VirtualDirection::toHost, bytes, VirtualCut::close};
         });
         EXPECT_NE(failureOf([&] { (void)client->listContents(u"/"_s); }), u"nothing was thrown"_s)
             << bytes;

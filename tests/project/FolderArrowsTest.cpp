@@ -61,7 +61,6 @@ const std::map<std::string, std::vector<std::string>> arrows = {
     {"views/sidebar", {"views/common"}},
     {"views/transfers", {"views/common"}},
     {"views/window", {"views/browser", "views/settings", "views/sidebar", "views/transfers"}},
-    {"views/tour", {"views/window"}},
     {"cli", {"sync/manager"}},
     {"simulator/wire", {"base/local"}},
     {"simulator/usb", {"base/threads", "platform/usb", "simulator/wire"}},
@@ -71,11 +70,12 @@ const std::map<std::string, std::vector<std::string>> arrows = {
     {"simulator/content", {}},
     {"simulator/demo",
      {"simulator/adbd", "simulator/content", "simulator/iphone", "simulator/mtp"}},
+    {"simulator/faults", {"simulator/adbd", "simulator/iphone", "simulator/mtp"}},
     {"app/translations", {}},
     {"app/translations/window", {"app/translations"}},
     {"app/translations/messages", {"app/translations"}},
     // A main file puts its program together: it may also start the virtual phones.
-    {"programs", {"views/tour", "cli", "preview/decoding", "simulator/demo"}},
+    {"programs", {"views/window", "cli", "preview/decoding", "simulator/demo"}},
 };
 
 void addReachable(const std::string& folder, std::set<std::string>& reached) {
@@ -182,7 +182,7 @@ TEST(FolderArrows, noFolderIsAHall) {
 TEST(FolderArrows, plantedViolationsAreFound) {
     const std::pair<const char*, const char*> rows[] = {
         {"mtp/client/MTPClient.h", "#pragma once\n\n  # include \"browser/listing/FileRows.h\""},
-        {"cli/Commands.cpp", "#include \"simulator/mtp/VirtualAndroid.h\""},
+        {"cli/Commands.cpp", "#include \"simulator/faults/FaultyAndroid.h\""},
         {"cli/Other.cpp", "#include \"views/window/MainWindow.h\""},
         {"base/text/A.cpp", "#include \"base/log/Product.h\""},
         {"app/TessaryApp.cpp", "#include <QMessageBox>"},

@@ -1,4 +1,4 @@
-#include "simulator/adbd/VirtualADBD.h"
+#include "simulator/faults/FaultyADBD.h"
 
 #include "support/ADBFixture.h"
 

@@ -2,7 +2,7 @@
 
 #include "platform/process/QtProcessRunner.h"
 #include "simulator/adbd/ADBServer.h"
-#include "simulator/adbd/VirtualADBD.h"
+#include "simulator/faults/FaultyADBD.h"
 #include "support/ManyBytes.h"
 #include "support/QtPrinters.h"
 #include "support/TemporaryFolder.h"
@@ -27,7 +27,7 @@ class ADBPhone {
 protected:
     explicit ADBPhone(ADBDConfig config = {}) {
         config.folder = disk_.makeFolder(QStringLiteral("phone"));
-        adbd_ = std::make_unique<VirtualADBD>(std::move(config));
+        adbd_ = std::make_unique<FaultyADBD>(std::move(config));
         adbd_->start();
         server_.start(realADB());
         server_.awaitStart();
@@ -73,7 +73,7 @@ protected:
     const TemporaryFolder keys_;
     ADBServer server_{keys_.path()};
     QtProcessRunner runner_{server_.environment()};
-    std::unique_ptr<VirtualADBD> adbd_;
+    std::unique_ptr<FaultyADBD> adbd_;
 };
 
 /// A test that begins with the phone connected.

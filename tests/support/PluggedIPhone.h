@@ -1,8 +1,7 @@
 #pragma once
 
 #include "ios/AFCClient.h"
-#include "simulator/iphone/VirtualIPhone.h"
-#include "simulator/iphone/VirtualMux.h"
+#include "simulator/faults/FaultyIPhone.h"
 #include "support/TemporaryFolder.h"
 
 #include <memory>
@@ -50,8 +49,8 @@ public:
     static inline const QString bundleId = QStringLiteral("com.example.notes");
 
     TemporaryFolder disk;
-    VirtualMux mux;
-    VirtualIPhone phone;
+    LoggingMux mux;
+    FaultyIPhone phone;
 
 private:
     /// The same in every test: the environment does not change while threads read it.

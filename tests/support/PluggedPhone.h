@@ -1,7 +1,7 @@
 #pragma once
 
 #include "phone/records/DeviceInfo.h"
-#include "simulator/mtp/VirtualAndroid.h"
+#include "simulator/faults/FaultyAndroid.h"
 #include "support/TemporaryFolder.h"
 
 namespace tessary {
@@ -80,7 +80,7 @@ public:
     }
 
     const TemporaryFolder disk;
-    VirtualAndroid android;
+    FaultyAndroid android;
     DeviceInfo info; ///< as device discovery would describe it
 
 private:

@@ -3,7 +3,7 @@
 #include "app/TessaryApp.h"
 #include "base/threads/Background.h"
 #include "platform/process/QtProcessRunner.h"
-#include "simulator/mtp/VirtualAndroid.h"
+#include "simulator/faults/FaultyAndroid.h"
 #include "support/PluggedPhone.h"
 #include "support/QtPrinters.h"
 #include "views/window/MainWindow.h"

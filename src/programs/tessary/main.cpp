@@ -14,7 +14,6 @@
 #include "views/common/AppStyle.h"
 #include "views/common/Icons.h"
 #include "views/dialogs/UpdateAlerts.h"
-#include "views/tour/Tour.h"
 #include "views/window/ApplicationWindows.h"
 #include "views/window/MainWindow.h"
 
@@ -69,59 +68,6 @@ struct Phones {
     SystemMultiplexer multiplexer;
 };
 
-/// What the tour does to the first virtual phone; the others stay unplugged.
-TourPhone tourPhone(DemoPhones& phones) {
-    VirtualAndroid& phone = *phones.androids().front();
-    VirtualUSBBus& bus = phones.virtualBus();
-    TourPhone controls;
-    controls.plugIn = [&] { phone.plugInto(bus); };
-    controls.unplug = [&] { phone.unplug(); };
-    controls.setLocked = [&](bool locked) { phone.setLocked(locked); };
-    controls.setStorageFull = [&](bool full) {
-        phone.faults().update([full](VirtualFaults& faults) {
-            faults.errors.clear();
-            if (full)
-                faults.errors[static_cast<std::uint16_t>(MTPOperationCode::sendObjectInfo)] = {
-                    static_cast<std::uint16_t>(MTPResponseCode::storeFull), true};
-        });
-    };
-    controls.setHeld = [&](bool held) {
-        VirtualOpenFaults faults;
-        if (held)
-            faults.interfaceOpen = faults.interfaceSeize = usb::exclusiveAccess;
-        bus.setOpenFaults(phone.config().location, faults);
-        bus.setProgramsHolding(phone.config().location,
-                               held ? QStringList{QStringLiteral("gvfsd-mtp (process 2841)")}
-                                    : QStringList());
-    };
-    controls.setSpeed = [&](double megabytesPerSecond) {
-        phone.faults().update([megabytesPerSecond](VirtualFaults& faults) {
-            faults.megabytesPerSecond = megabytesPerSecond;
-        });
-    };
-    return controls;
-}
-
-/// The first iPhone likewise.
-TourIPhone tourIPhone(DemoPhones& phones) {
-    TourIPhone controls;
-    DemoIPhones* iPhones = phones.iPhones();
-    if (iPhones == nullptr)
-        throw std::runtime_error("the virtual iPhones cannot be reached");
-    VirtualIPhone& phone = *iPhones->phones().front();
-    controls.plugIn = [&phone, iPhones] { phone.plugInto(iPhones->mux()); };
-    controls.unplug = [&phone] { phone.unplug(); };
-    controls.setTrusted = [&phone](bool trusted) {
-        phone.setTrust(trusted ? VirtualTrust::trusted : VirtualTrust::asking);
-    };
-    controls.setSpeed = [&phone](double megabytesPerSecond) {
-        phone.faults().update([megabytesPerSecond](VirtualIPhoneFaults& faults) {
-            faults.megabytesPerSecond = megabytesPerSecond;
-        });
-    };
-    return controls;
-}
-
 /// Help and the version are there without a display, too.
 bool asksForText(int argc, char** argv) {
     constexpr std::array<std::string_view, 5> options{"-h", "--help", "--help-all", "-v",
@@ -149,22 +95,17 @@ int main(int argc, char** argv) {
     parser.addVersionOption();
     const QCommandLineOption demo(QStringLiteral("demo"),
                                   QStringLiteral("Work on virtual phones with sample files."));
-    const QCommandLineOption tour(QStringLiteral("tour"),
-                                  QStringLiteral("With --demo: walk through the window, write "
-                                                 "numbered screenshots into <folder> and end."),
-                                  QStringLiteral("folder"));
-    parser.addOptions({demo, tour});
+    parser.addOption(demo);
     parser.process(*application);
     setUpStyle();
     setUpIconTheme();
 
-    const bool isDemo = parser.isSet(demo) || parser.isSet(tour);
+    const bool isDemo = parser.isSet(demo);
 
     AppDelegate* delegate = nullptr;
-    // The virtual phones may be tried beside the real ones; a tour disturbs nobody.
+    // The virtual phones may be tried beside the real ones.
     SingleInstance instance(isDemo ? QStringLiteral("tessary-demo") : QStringLiteral("tessary"));
-    if (!parser.isSet(tour) &&
-        instance.claim(
+    if (instance.claim(
             [&delegate](const QByteArray& token) {
                 if (!token.isEmpty())
                     qputenv(activationToken, token);
@@ -175,8 +116,7 @@ int main(int argc, char** argv) {
         return 0;
 
     Phones phones(isDemo);
-    // A tour unplugs the phones, which adb would go on showing.
-    if (isDemo && !parser.isSet(tour))
+    if (isDemo)
         phones.virtualPhones->startADB(ADBTool::findAmong(ADBTool::defaultPaths()));
     QtProcessRunner processes(phones.environment());
     DeviceFileService files(phones.bus(), processes);
@@ -189,43 +129,28 @@ int main(int argc, char** argv) {
     };
     if (isDemo)
         setup.network = phones.virtualPhones->network();
-    if (!parser.isSet(tour))
-        setup.defaults = makeSystemUserDefaults();
+    setup.defaults = makeSystemUserDefaults();
     setup.showInFolder = [](const QString& path) {
         showInFileManager(path, [path] {
             QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(path).absolutePath()));
         });
     };
-    if (!parser.isSet(tour))
-        setup.notifier = std::make_shared<DesktopNotifier>();
+    setup.notifier = std::make_shared<DesktopNotifier>();
     setup.openAddress = [](const QUrl& address) { QDesktopServices::openUrl(address); };
     TessaryApp app(phones.sources(), files, setup);
-    if (parser.isSet(tour)) {
-        for (const auto& phone : phones.virtualPhones->androids())
-            phone->unplug();
-        for (const auto& phone : phones.virtualPhones->iPhones()->phones())
-            phone->unplug();
-    }
     const QtTexts qtTexts;
     MainWindow window(app);
     window.show();
-    if (!parser.isSet(tour)) {
-        ApplicationWindows windows(window);
-        UpdateAlerts alerts(app.updateChecker(), window);
-        alerts.addCommand(*window.menuBar());
-        delegate = &windows.delegate();
-        delegate->applicationDidFinishLaunching();
-        if (!isDemo)
-            app.updateChecker().checkAtStart();
-        const int status = QApplication::exec();
-        delegate = nullptr;
-        if (!app.stop())
-            std::_Exit(status); // a phone that hangs uses what would go now
-        return status;
-    }
-    Tour walk(window, tourPhone(*phones.virtualPhones), tourIPhone(*phones.virtualPhones),
-              parser.value(tour));
-    QMetaObject::invokeMethod(
-        &window, [&] { QApplication::exit(walk.run() ? 0 : 1); }, Qt::QueuedConnection);
-    return QApplication::exec();
+    ApplicationWindows windows(window);
+    UpdateAlerts alerts(app.updateChecker(), window);
+    alerts.addCommand(*window.menuBar());
+    delegate = &windows.delegate();
+    delegate->applicationDidFinishLaunching();
+    if (!isDemo)
+        app.updateChecker().checkAtStart();
+    const int status = QApplication::exec();
+    delegate = nullptr;
+    if (!app.stop())
+        std::_Exit(status); // a phone that hangs uses what would go now
+    return status;
 }

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "simulator/iphone/VirtualIPhoneLog.h"
+#include "simulator/iphone/VirtualIPhoneHooks.h"
 
 #include <QStringList>
-#include <QVariantMap>
 
 #include <chrono>
 #include <cstdint>
@@ -14,18 +13,10 @@
 
 namespace tessary {
 
-/// What happens to a connection.
-enum class VirtualCut {
-    unplug, ///< the phone goes: all its connections end
-    close,  ///< this connection ends
-    stall,  ///< nothing moves any more
-};
-
 /// Happens once, when this many bytes more have moved over AFC connections in one direction, packet
 /// headers included. What comes before it travels.
 struct VirtualIPhoneByteFault {
-    enum class Direction { toHost, toPhone };
-    Direction direction = Direction::toHost;
+    VirtualDirection direction = VirtualDirection::toHost;
     std::uint64_t bytes = 0;
     VirtualCut cut = VirtualCut::unplug;
 };

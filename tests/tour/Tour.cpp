@@ -1,4 +1,4 @@
-#include "views/tour/Tour.h"
+#include "tour/Tour.h"
 
 #include <QAbstractItemView>
 #include <QAction>
@@ -34,8 +34,8 @@ QWidget* openDialog(MainWindow& window) {
 
 } // namespace
 
-Tour::Tour(MainWindow& window, TourPhone phone, TourIPhone iPhone, const QString& folder)
-    : window_(window), phone_(std::move(phone)), iPhone_(std::move(iPhone)), folder_(folder) {}
+Tour::Tour(MainWindow& window, TourPhones& phones, const QString& folder)
+    : window_(window), phones_(phones), folder_(folder) {}
 
 bool Tour::run() {
     try {
@@ -59,12 +59,13 @@ bool Tour::run() {
         lockAndLose();
         iPhone();
     } catch (const std::exception& error) {
-        std::fprintf(stderr, "tessary: the tour stopped: %s\n", error.what());
+        std::fprintf(stderr, "tessary-tour: it stopped: %s\n", error.what());
         return false;
     }
-    std::fprintf(stderr,
-                 "tessary: %d screenshots are in %s; the window never stalled for over %lld ms\n",
-                 number_, qUtf8Printable(folder_), static_cast<long long>(watch_->longest()));
+    std::fprintf(
+        stderr,
+        "tessary-tour: %d screenshots are in %s; the window never stalled for over %lld ms\n",
+        number_, qUtf8Printable(folder_), static_cast<long long>(watch_->longest()));
     return true;
 }
 
@@ -129,7 +130,7 @@ void Tour::selectNamed(const QStringList& names) {
 
 void Tour::welcome() {
     shoot(QStringLiteral("welcome"));
-    phone_.plugIn();
+    phones_.plugInAndroid();
     waitFor("the phone's storage", [this] {
         const auto& device = window_.browser().activeDevice();
         return device && device->isDataAccessible() && !window_.browser().isLoading();
@@ -137,18 +138,18 @@ void Tour::welcome() {
 }
 
 void Tour::lockAndLose() {
-    phone_.setLocked(true);
+    phones_.setLocked(true);
     waitFor("the locked phone", [this] {
         const auto& device = window_.browser().activeDevice();
         return device && device->isLocked;
     });
     shoot(QStringLiteral("locked"));
-    phone_.setLocked(false);
+    phones_.setLocked(false);
     waitFor("the unlocked phone", [this] {
         const auto& device = window_.browser().activeDevice();
         return device && device->isDataAccessible() && !window_.browser().isLoading();
     });
-    phone_.unplug();
+    phones_.unplugAndroid();
     waitFor("the loss of the phone",
             [this] { return window_.browser().state() == BrowserState::deviceLost; });
     shoot(QStringLiteral("phone-gone"));
@@ -220,11 +221,11 @@ void Tour::sync() {
 void Tour::iPhone() {
     FileBrowserViewModel& browser = window_.browser();
     AppListViewModel& apps = window_.apps();
-    iPhone_.setTrusted(false);
-    iPhone_.plugIn();
+    phones_.setTrusted(false);
+    phones_.plugInIPhone();
     waitFor("the untrusted iPhone", [&] { return apps.state() == AppListState::failed; });
     shoot(QStringLiteral("iphone-untrusted"));
-    iPhone_.setTrusted(true);
+    phones_.setTrusted(true);
     apps.reload();
     waitFor("the apps", [&] {
         const auto& device = apps.device();
@@ -237,17 +238,17 @@ void Tour::iPhone() {
     waitFor("a folder of documents", [&] { return !browser.isLoading(); });
     shoot(QStringLiteral("iphone-documents"));
     const QTemporaryDir source;
-    iPhone_.setSpeed(slowSpeed);
+    phones_.setSpeed(slowSpeed);
     browser.uploadFiles({writeSample(source.filePath(QStringLiteral("Talk.mp4")))});
     waitFor("a running transfer", [this] {
         const auto& jobs = window_.transfers().jobs();
         return !jobs.empty() && jobs.back().fractionDone() > 0.2;
     });
     shoot(QStringLiteral("iphone-transfer"));
-    iPhone_.setSpeed(0);
+    phones_.setSpeed(0);
     waitFor("the end of the transfer", [this] { return window_.transfers().summary().isIdle(); });
     window_.transfers().clearCompleted();
-    iPhone_.unplug();
+    phones_.unplugIPhone();
 }
 
 } // namespace tessary

@@ -1,6 +1,6 @@
+#include "tour/Tour.h"
 #include "views/common/StatusBanner.h"
 #include "views/dialogs/ClashQuestion.h"
-#include "views/tour/Tour.h"
 
 #include <QApplication>
 #include <QTemporaryDir>
@@ -32,7 +32,7 @@ void Tour::transfer() {
     QStringList videos;
     for (const char* name : {"Sunset.mp4", "Concert.mp4"})
         videos.append(writeSample(source.filePath(QString::fromLatin1(name))));
-    phone_.setSpeed(slowSpeed);
+    phones_.setSpeed(slowSpeed);
     open(QStringLiteral("/sdcard"));
     selectNamed({QStringLiteral("Music"), QStringLiteral("DCIM"), QStringLiteral("Documents")});
     QStringList ids;
@@ -48,7 +48,7 @@ void Tour::transfer() {
                            });
     });
     shoot(QStringLiteral("transfer-running"));
-    phone_.setSpeed(0);
+    phones_.setSpeed(0);
     waitFor("the end of the transfers", [&] { return transfers.summary().isIdle(); });
     shoot(QStringLiteral("transfer-finished"));
     transfers.clearCompleted();
@@ -90,7 +90,7 @@ void Tour::copyQuestions() {
 
 void Tour::fail() {
     TransferViewModel& transfers = window_.transfers();
-    phone_.setStorageFull(true);
+    phones_.setStorageFull(true);
     open(QStringLiteral("/sdcard/Download"));
     window_.browser().createFolder(QStringLiteral("Backup"));
     waitFor("an error", [this] { return window_.browser().error().has_value(); });
@@ -101,16 +101,16 @@ void Tour::fail() {
     waitFor("a failed transfer",
             [&] { return !transfers.jobs().empty() && transfers.jobs().back().isFinished(); });
     shoot(QStringLiteral("transfer-failed"));
-    phone_.setStorageFull(false);
+    phones_.setStorageFull(false);
     transfers.clearCompleted();
 
-    phone_.setHeld(true);
+    phones_.setHeld(true);
     waitFor("the other program", [this] {
         const auto* banner = window_.findChild<StatusBanner*>(QStringLiteral("statusBanner"));
         return banner != nullptr && banner->isVisible();
     });
     shoot(QStringLiteral("held-by-another-program"));
-    phone_.setHeld(false);
+    phones_.setHeld(false);
 }
 
 } // namespace tessary

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "base/values/Bytes.h"
 #include "mtp/protocol/MTPCodes.h"
-#include "platform/usb/USBBus.h"
+#include "simulator/mtp/MTPResponderHooks.h"
 
 #include <QString>
 
@@ -29,16 +28,9 @@ struct VirtualErrorStatus {
     bool always = false; ///< else once
 };
 
-/// One container on its way to the host, complete; of an object's content only the 12 header bytes.
-struct VirtualAnswer {
-    std::uint16_t operation = 0; ///< raw code of the command
-    MTPContainerType type = MTPContainerType::response;
-    Bytes container;
-};
-
-/// What a virtual Android phone does wrong: parameters, all off at first. Maps and sets are keyed
-/// by raw operation codes.
-struct VirtualFaults {
+/// What a virtual Android phone does wrong, its packing included: parameters, all off at first.
+/// Maps and sets are keyed by raw operation codes.
+struct VirtualFaults : MTPPacking {
     std::optional<VirtualByteFault> unplug;
     std::optional<VirtualByteFault> stall;
 
@@ -54,13 +46,6 @@ struct VirtualFaults {
 
     /// May replace the bytes of a container; no value leaves them. Runs on the phone's thread.
     std::function<std::optional<Bytes>(const VirtualAnswer&)> rewrite;
-
-    bool headerInOwnTransfer = false;   ///< the data phase's header, then its payload
-    bool dataAndResponseJoined = false; ///< both in one transfer
-    bool omitsZeroPacket = false;       ///< after a data phase of whole packets
-    bool extraZeroPacket = false;       ///< after every data phase that ends with a short packet
-    bool extraByte = false;             ///< data phases are one byte longer than announced
-    bool junkTransactionID = false;     ///< in responses
 
     bool repeatsHandles = false;        ///< handle lists name each object twice
     bool foldersHoldThemselves = false; ///< handle lists of a folder name the folder too

@@ -1,4 +1,4 @@
-#include "simulator/mtp/MTPTransactionGate.h"
+#include "simulator/mtp/MTPTransactionState.h"
 
 namespace tessary {
 
@@ -9,7 +9,7 @@ constexpr std::chrono::milliseconds takeUpTime{50};
 
 } // namespace
 
-void MTPTransactionGate::reset() {
+void MTPTransactionState::reset() {
     const std::lock_guard lock(mutex_);
     taken_.reset();
     transaction_.reset();
@@ -17,7 +17,7 @@ void MTPTransactionGate::reset() {
     busyUntil_ = {};
 }
 
-void MTPTransactionGate::beginTransaction(std::uint32_t transactionID, bool hasData) {
+void MTPTransactionState::beginTransaction(std::uint32_t transactionID, bool hasData) {
     const std::lock_guard lock(mutex_);
     taken_ = transactionID;
     if (hasData)
@@ -26,20 +26,20 @@ void MTPTransactionGate::beginTransaction(std::uint32_t transactionID, bool hasD
     changed_.notify_all();
 }
 
-bool MTPTransactionGate::endTransaction() {
+bool MTPTransactionState::endTransaction() {
     const std::lock_guard lock(mutex_);
     transaction_.reset();
     inData_ = false;
     return cancelled_;
 }
 
-bool MTPTransactionGate::beginData() {
+bool MTPTransactionState::beginData() {
     const std::lock_guard lock(mutex_);
     inData_ = true;
     return !cancelled_;
 }
 
-bool MTPTransactionGate::endData() {
+bool MTPTransactionState::endData() {
     const std::lock_guard lock(mutex_);
     if (inData_)
         transaction_.reset();
@@ -47,7 +47,7 @@ bool MTPTransactionGate::endData() {
     return cancelled_;
 }
 
-MTPTransactionGate::Pause MTPTransactionGate::pause(std::chrono::nanoseconds duration) {
+MTPTransactionState::Pause MTPTransactionState::pause(std::chrono::nanoseconds duration) {
     std::unique_lock lock(mutex_);
     const auto interrupted = [this] { return unplugged_ || (transaction_ && cancelled_); };
     changed_.wait_until(lock, Clock::now() + duration, interrupted);
@@ -56,14 +56,14 @@ MTPTransactionGate::Pause MTPTransactionGate::pause(std::chrono::nanoseconds dur
     return interrupted() ? Pause::cancelled : Pause::over;
 }
 
-void MTPTransactionGate::beBusy(std::chrono::milliseconds duration) {
+void MTPTransactionState::beBusy(std::chrono::milliseconds duration) {
     const std::lock_guard lock(mutex_);
     cancelled_ = false;
     busyUntil_ = Clock::now() + duration;
 }
 
-bool MTPTransactionGate::cancel(std::uint32_t transactionID,
-                                const std::function<void()>& interruptPipes) {
+bool MTPTransactionState::cancel(std::uint32_t transactionID,
+                                 const std::function<void()>& interruptPipes) {
     std::unique_lock lock(mutex_);
     changed_.wait_for(lock, takeUpTime, [&] { return unplugged_ || taken_ == transactionID; });
     if (unplugged_ || transaction_ != transactionID)
@@ -74,12 +74,12 @@ bool MTPTransactionGate::cancel(std::uint32_t transactionID,
     return true;
 }
 
-bool MTPTransactionGate::isBusy() const {
+bool MTPTransactionState::isBusy() const {
     const std::lock_guard lock(mutex_);
     return cancelled_ || Clock::now() < busyUntil_;
 }
 
-void MTPTransactionGate::unplug() {
+void MTPTransactionState::unplug() {
     const std::lock_guard lock(mutex_);
     unplugged_ = true;
     changed_.notify_all();

@@ -1,7 +1,7 @@
 #include "app/LanguageManager.h"
+#include "tour/Tour.h"
 #include "views/dialogs/WirelessDialog.h"
 #include "views/settings/SettingsWindow.h"
-#include "views/tour/Tour.h"
 
 #include <QApplication>
 #include <QListWidget>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/wire/RequestLog.h"
+#include "simulator/faults/RequestLog.h"
 
 #include <QString>
 

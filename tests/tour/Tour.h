@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/threads/StallWatch.h"
+#include "tour/TourPhones.h"
 #include "views/window/MainWindow.h"
 
 #include <QString>
@@ -11,32 +12,11 @@
 
 namespace tessary {
 
-/// What a tour may do to the virtual phone that it is shown on.
-struct TourPhone {
-    std::function<void()> plugIn;
-    std::function<void()> unplug;
-    std::function<void(bool)> setLocked;
-    /// The next uploads find the storage full, or not.
-    std::function<void(bool)> setStorageFull;
-    /// Another program holds the phone, or not.
-    std::function<void(bool)> setHeld;
-    /// Megabytes a second; 0 for no limit.
-    std::function<void(double)> setSpeed;
-};
-
-/// The same for the iPhone of the tour.
-struct TourIPhone {
-    std::function<void()> plugIn;
-    std::function<void()> unplug;
-    std::function<void(bool)> setTrusted;
-    std::function<void(double)> setSpeed;
-};
-
 /// Walks through the window as a person would and writes numbered screenshots. Main thread.
 class Tour {
 public:
-    /// `window` must outlive the tour; it is shown already, with no phone plugged in.
-    Tour(MainWindow& window, TourPhone phone, TourIPhone iPhone, const QString& folder);
+    /// Both must outlive the tour; the window is shown already, with no phone plugged in.
+    Tour(MainWindow& window, TourPhones& phones, const QString& folder);
 
     /// False, with the reason on standard error, when a step did not come about or a picture could
     /// not be written.
@@ -74,8 +54,7 @@ private:
 
     std::optional<StallWatch> watch_; ///< of the window, not of the taking of pictures
     MainWindow& window_;
-    TourPhone phone_;
-    TourIPhone iPhone_;
+    TourPhones& phones_;
     QString folder_;
     QTemporaryDir syncFolder_;
     int number_ = 0;

@@ -11,7 +11,7 @@ namespace tessary {
 
 /// Where the phone's thread and the host's control requests meet: which data phase is under way,
 /// whether it was cancelled, and pauses that unplugging and cancelling end early. Thread-safe.
-class MTPTransactionGate {
+class MTPTransactionState {
 public:
     enum class Pause { over, cancelled, unplugged };
 
