@@ -24,6 +24,7 @@ const std::map<std::string, std::vector<std::string>> arrows = {
     {"base/threads", {}},
     {"base/local", {"base/values"}},
     {"platform/process", {}},
+    {"platform/sandbox", {"base/local", "base/values"}},
     {"platform/settings", {"base/log", "base/threads"}},
     {"platform/keys", {"base/log"}},
     {"platform/dnssd", {"base/local", "base/log", "base/threads"}},
