@@ -1,7 +1,5 @@
 #include "app/LanguageManager.h"
 
-#include "app/Translations.h"
-
 namespace tessary {
 
 LanguageManager& LanguageManager::shared() {
@@ -36,6 +34,7 @@ void LanguageManager::select(AppLanguage language) {
     if (effectiveLanguage() == before)
         return;
     QLocale::setDefault(currentLocale());
+    Q_EMIT textsNeeded();
     Q_EMIT languageChanged();
 }
 
@@ -45,16 +44,6 @@ AppLanguage LanguageManager::effectiveLanguage() const {
 
 QLocale LanguageManager::currentLocale() const {
     return QLocale(rawValue(effectiveLanguage()));
-}
-
-QString LanguageManager::localized(const QString& key) const {
-    const auto& dictionary = Translations::dictionary();
-    for (const AppLanguage language : {effectiveLanguage(), AppLanguage::en}) {
-        const Translations::Texts& texts = dictionary.at(language);
-        if (const auto found = texts.constFind(key); found != texts.cend())
-            return *found;
-    }
-    return key;
 }
 
 } // namespace tessary

@@ -11,7 +11,7 @@
 
 namespace tessary {
 
-/// The language of the interface: the user's choice, and the texts in it. Setting it also sets
+/// The language of the interface: the user's choice, and what it comes to. Setting it also sets
 /// QLocale's default, by which numbers, dates and byte counts are written. Lives on the main
 /// thread.
 class LanguageManager : public QObject {
@@ -20,8 +20,8 @@ class LanguageManager : public QObject {
 public:
     static constexpr QLatin1StringView userDefaultsKey{"Tessary_AppLanguage"};
 
-    /// The one that tr() asks. Until the application gives it the user's settings it follows the
-    /// system and keeps nothing.
+    /// The one that the interface follows. Until the application gives it the user's settings it
+    /// follows the system and keeps nothing.
     [[nodiscard]] static LanguageManager& shared();
 
     /// Starts with the stored choice; with `system` when there is none or it makes no sense.
@@ -42,11 +42,10 @@ public:
     [[nodiscard]] AppLanguage effectiveLanguage() const;
     [[nodiscard]] QLocale currentLocale() const;
 
-    /// The text for a key; see tr().
-    [[nodiscard]] QString localized(const QString& key) const;
-
 Q_SIGNALS:
     void selectedLanguageChanged();
+    /// Right before languageChanged(): translators are exchanged now.
+    void textsNeeded();
     /// Texts are in another language now: whoever shows some sets them anew.
     void languageChanged();
 
@@ -59,7 +58,7 @@ private:
 };
 
 /// Calls `setTexts` now and again whenever the interface's language changes, for as long as
-/// `context` lives: keepTranslated(label, [label] { label->setText(tr("browser.retry")); }).
+/// `context` lives: keepTranslated(label, [label] { label->setText(tr("Retry")); }).
 template <typename SetTexts>
 void keepTranslated(QObject* context, SetTexts setTexts) {
     setTexts();

@@ -1,6 +1,5 @@
 #include "app/TransferNotice.h"
 
-#include "app/Translations.h"
 #include "base/text/Printable.h"
 
 #include <QPointer>
@@ -46,13 +45,13 @@ void TransferNotice::tell() const {
     const QString name = printable(lastName_);
     QString text;
     if (failed_ == 0)
-        text = inAll == 1 ? tessary::tr("“%1” is copied.").arg(name)
-                          : tessary::tr("%1 items are copied.").arg(inAll);
+        text = inAll == 1 ? tr("“%1” is copied.").arg(name)
+                          : tr("%Ln items are copied.", nullptr, inAll);
     else
-        text = inAll == 1 ? tessary::tr("“%1” was not copied.").arg(name)
-                          : tessary::tr("%1 of %2 items were not copied.").arg(failed_).arg(inAll);
-    setup_.notifier->notify(failed_ == 0 ? tessary::tr("Copying has finished")
-                                         : tessary::tr("Copying went wrong"),
+        text = inAll == 1 ? tr("“%1” was not copied.").arg(name)
+                          : tr("%Ln of %1 items were not copied.", nullptr, failed_)
+                                .arg(QLocale().toString(inAll));
+    setup_.notifier->notify(failed_ == 0 ? tr("Copying has finished") : tr("Copying went wrong"),
                             text, [self = QPointer(this)] {
                                 if (self)
                                     self->setup_.showWindow();

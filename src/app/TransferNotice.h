@@ -14,6 +14,8 @@ namespace tessary {
 /// Tells the user over the desktop that the queue of transfers has come to its end, when it took
 /// long and the window is not in front. What he cancelled himself is not told. Main thread.
 class TransferNotice : public QObject {
+    Q_OBJECT
+
 public:
     using Clock = std::chrono::steady_clock;
 

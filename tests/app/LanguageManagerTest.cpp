@@ -1,5 +1,6 @@
 #include "app/LanguageManager.h"
-#include "app/Translations.h"
+#include "app/InterfaceTexts.h"
+#include "support/Application.h"
 #include "support/QtPrinters.h"
 
 #include <QJsonArray>
@@ -66,20 +67,57 @@ TEST(LanguageManager, aChoiceIsStoredToldAndSetsTheFormatOfNumbers) {
     EXPECT_EQ(start.store->value(key), u"system"_s);
 }
 
-TEST(LanguageManager, textsFollowTheLanguageForAsLongAsTheirOwnerLives) {
+class InterfaceTextsTest : public Application, public testing::Test {
+protected:
+    InterfaceTextsTest() {
+        LanguageManager::shared().setSelectedLanguage(AppLanguage::en);
+    }
+    const InterfaceTexts texts_;
+};
+
+TEST_F(InterfaceTextsTest, textsFollowTheLanguageForAsLongAsTheirOwnerLives) {
     LanguageManager& shared = LanguageManager::shared();
-    const auto store = std::make_shared<MemoryUserDefaults>();
-    store->setValue(key, u"en"_s);
-    shared.useStore(store);
     QString text;
     auto owner = std::make_unique<QObject>();
-    keepTranslated(owner.get(), [&] { text = tr("browser.retry"); });
+    keepTranslated(owner.get(),
+                   [&] { text = QCoreApplication::translate("tessary::BrowserView", "Retry"); });
     EXPECT_EQ(text, u"Retry"_s);
     shared.setSelectedLanguage(AppLanguage::it);
     EXPECT_EQ(text, u"Riprova"_s);
     owner.reset();
     shared.setSelectedLanguage(AppLanguage::ja);
     EXPECT_EQ(text, u"Riprova"_s);
+}
+
+TEST_F(InterfaceTextsTest, numbersTakeTheFormsAndTheDigitsOfTheLanguage) {
+    const struct {
+        AppLanguage language;
+        QStringList texts; ///< with 0, 1, 2 and 12,345
+    } rows[] = {
+        {AppLanguage::en, {u"0 items"_s, u"1 item"_s, u"2 items"_s, u"12,345 items"_s}},
+        {AppLanguage::de, {u"0 Objekte"_s, u"1 Objekt"_s, u"2 Objekte"_s, u"12.345 Objekte"_s}},
+        {AppLanguage::fr,
+         {u"0 élément"_s, u"1 élément"_s, u"2 éléments"_s, u"12\u202f345 éléments"_s}},
+        {AppLanguage::ja, {u"0 項目"_s, u"1 項目"_s, u"2 項目"_s, u"12,345 項目"_s}},
+    };
+    for (const auto& [language, texts] : rows) {
+        LanguageManager::shared().setSelectedLanguage(language);
+        QStringList made;
+        for (const int number : {0, 1, 2, 12'345})
+            made.append(
+                QCoreApplication::translate("tessary::BrowserView", "%Ln items", nullptr, number));
+        EXPECT_EQ(made, texts);
+    }
+}
+
+/// Whether the machine has Qt's own texts or not.
+TEST_F(InterfaceTextsTest, standardButtonsAreInTheLanguageOfTheInterface) {
+    QSet<QString> words;
+    for (const AppLanguage language : allAppLanguages) {
+        LanguageManager::shared().setSelectedLanguage(language);
+        words.insert(QCoreApplication::translate("QPlatformTheme", "Cancel"));
+    }
+    EXPECT_EQ(words.size(), 8); // one word in Spanish and Portuguese, one in both Chinese scripts
 }
 
 } // namespace

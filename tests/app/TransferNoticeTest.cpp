@@ -1,4 +1,5 @@
 #include "app/TransferNotice.h"
+#include "app/InterfaceTexts.h"
 #include "app/LanguageManager.h"
 #include "files/FakeFileAccess.h"
 #include "support/Application.h"
@@ -39,10 +40,11 @@ TEST_F(TransferNoticeTest, onlyTheEndOfALongQueueBehindOtherWindowsIsTold) {
         {"one", 11s, false, "a", "Copying has finished: “a” is copied."},
         {"two", 11s, false, "a b", "Copying has finished: 2 items are copied."},
         {"a failure", 11s, false, "!a", "Copying went wrong: “!a” was not copied."},
-        {"some fail", 11s, false, "!a b xc", "Copying went wrong: 1 of 2 items were not copied."},
+        {"some fail", 11s, false, "!a b xc", "Copying went wrong: 1 of 2 items was not copied."},
         {"cancelled", 11s, false, "xa", ""},
     };
     LanguageManager::shared().setSelectedLanguage(AppLanguage::en);
+    const InterfaceTexts texts;
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         TransferEngine engine;

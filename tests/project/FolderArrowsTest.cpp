@@ -51,9 +51,7 @@ const std::map<std::string, std::vector<std::string>> arrows = {
     {"browser/model", {"adb/protocol", "browser/listing", "devices/files"}},
     {"preview", {"phone", "platform/process"}},
     {"preview/decoding", {"preview"}},
-    {"app",
-     {"app/translations/messages", "app/translations/window", "platform/dnssd", "platform/http",
-      "sync/manager"}},
+    {"app", {"platform/dnssd", "platform/http", "sync/manager"}},
     {"views/common", {"app", "browser/model"}},
     {"views/dialogs", {"preview", "views/common"}},
     {"views/browser", {"views/dialogs"}},
@@ -72,9 +70,6 @@ const std::map<std::string, std::vector<std::string>> arrows = {
     {"simulator/demo",
      {"simulator/adbd", "simulator/content", "simulator/iphone", "simulator/mtp"}},
     {"simulator/faults", {"simulator/adbd", "simulator/iphone", "simulator/mtp"}},
-    {"app/translations", {}},
-    {"app/translations/window", {"app/translations"}},
-    {"app/translations/messages", {"app/translations"}},
     // A main file puts its program together: it may also start the virtual phones.
     {"programs", {"views/window", "cli", "preview/decoding", "simulator/demo"}},
 };

@@ -1,7 +1,7 @@
 // tessary-tour FOLDER: walks through the window on virtual phones and writes numbered screenshots
 // into the folder. Exit status 1 when a step does not come about.
 
-#include "app/QtTexts.h"
+#include "app/InterfaceTexts.h"
 #include "app/TessaryApp.h"
 #include "ios/Multiplexer.h"
 #include "platform/process/QtProcessRunner.h"
@@ -36,7 +36,7 @@ int main(int argc, char** argv) {
     setup.isDemo = true;
     setup.network = phones.demo().network();
     TessaryApp app({phones.demo().bus(), &multiplexer, false}, files, setup);
-    const QtTexts qtTexts;
+    const InterfaceTexts texts;
     MainWindow window(app);
     window.show();
 

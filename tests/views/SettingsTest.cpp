@@ -1,5 +1,5 @@
 #include "WindowFixture.h"
-#include "app/Translations.h"
+#include "support/TranslationFile.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -51,12 +51,10 @@ QStringList textsOf(const QWidget& window) {
 
 /// Which of these texts are English although the language has others for them.
 QStringList leftInEnglish(const QStringList& texts, AppLanguage language) {
-    const auto& english = Translations::dictionary().at(AppLanguage::en);
-    const auto& translated = Translations::dictionary().at(language);
     QSet<QString> fine;
     QSet<QString> wrong;
-    for (auto row = english.cbegin(); row != english.cend(); ++row)
-        (translated.value(row.key()) == *row ? fine : wrong).insert(*row);
+    for (const TranslatedText& text : translationsOf(language))
+        (text.forms.contains(text.source) ? fine : wrong).insert(text.source);
     QStringList left;
     for (const QString& text : texts)
         if (wrong.contains(text) && !fine.contains(text))

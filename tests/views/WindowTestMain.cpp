@@ -1,3 +1,4 @@
+#include "app/InterfaceTexts.h"
 #include "support/TemporaryFolder.h"
 
 #include <QApplication>
@@ -8,6 +9,7 @@ int main(int argc, char** argv) {
     const tessary::TemporaryFolder caches;
     qputenv("XDG_CACHE_HOME", caches.path().toLocal8Bit());
     QApplication application(argc, argv);
+    const tessary::InterfaceTexts texts;
     ::testing::InitGoogleMock(&argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -1,5 +1,6 @@
 #include "base/text/ByteFormat.h"
 
+#include <QCoreApplication>
 #include <QLocale>
 
 #include <array>
@@ -40,6 +41,9 @@ QString formatBytes(qint64 bytes) {
     while (unit + 1 != units.end() && rounded(magnitude, *unit) >= (unit + 1)->size)
         ++unit;
     const auto shown = static_cast<qint64>(rounded(magnitude, *unit));
+    // Qt knows one word for one byte and for many.
+    if (bytes == 1)
+        return QCoreApplication::translate("ByteFormat", "1 byte");
     return QLocale().formattedDataSize(bytes < 0 ? -shown : shown, unit->decimals,
                                        QLocale::DataSizeSIFormat);
 }

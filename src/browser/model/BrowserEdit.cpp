@@ -5,6 +5,7 @@
 #include "browser/model/BrowserLoad.h"
 #include "phone/DevicePath.h"
 
+#include <QCoreApplication>
 #include <QSet>
 
 #include <algorithm>
@@ -78,9 +79,9 @@ QString freeFolderName(const std::vector<FileItem>& items) {
     QSet<QString> taken;
     for (const FileItem& item : items)
         taken.insert(item.name.toCaseFolded());
-    QString name = QStringLiteral("New Folder");
+    QString name = QCoreApplication::translate("BrowserEdit", "New Folder");
     for (int n = 2; taken.contains(name.toCaseFolded()); ++n)
-        name = QStringLiteral("New Folder %1").arg(n);
+        name = QCoreApplication::translate("BrowserEdit", "New Folder %1").arg(n);
     return name;
 }
 

@@ -1,5 +1,5 @@
 #include "adb/files/ADBTool.h"
-#include "app/QtTexts.h"
+#include "app/InterfaceTexts.h"
 #include "app/TessaryApp.h"
 #include "base/log/Product.h"
 #include "base/threads/Background.h"
@@ -138,7 +138,7 @@ int main(int argc, char** argv) {
     setup.notifier = std::make_shared<DesktopNotifier>();
     setup.openAddress = [](const QUrl& address) { QDesktopServices::openUrl(address); };
     TessaryApp app(phones.sources(), files, setup);
-    const QtTexts qtTexts;
+    const InterfaceTexts texts;
     MainWindow window(app);
     window.show();
     ApplicationWindows windows(window);

@@ -113,10 +113,10 @@ AppListView::AppListView(AppListViewModel& apps, std::function<void(const AppInf
     bold.setWeight(QFont::DemiBold);
     title->setFont(bold);
     keepTranslated(this, [this, title] {
-        title->setText(tessary::tr("browser.apps"));
-        search_->setPlaceholderText(tessary::tr("browser.filter"));
-        search_->setAccessibleName(tessary::tr("browser.filter"));
-        list_->setAccessibleName(tessary::tr("browser.apps"));
+        title->setText(tr("Apps"));
+        search_->setPlaceholderText(tr("Filter…"));
+        search_->setAccessibleName(tr("Filter…"));
+        list_->setAccessibleName(tr("Apps"));
         show();
     });
 
@@ -154,22 +154,23 @@ void AppListView::show() {
             stack_->setCurrentWidget(list_);
             return;
         }
-        placeholder_->show(QStringLiteral("phone"), tessary::tr("Looking for apps…"), {}, {}, {},
-                           true);
+        placeholder_->show(QStringLiteral("phone"), tr("Looking for apps…"), {}, {}, {}, true);
         break;
     case AppListState::empty:
-        placeholder_->show(QStringLiteral("phone"), tessary::tr("No Apps That Share Files"),
-                           tessary::tr(AppListViewModel::emptyExplanation),
-                           tessary::tr("browser.retry"), [this] { apps_.reload(); });
+        placeholder_->show(QStringLiteral("phone"), tr("No Apps That Share Files"),
+                           tr("No app on this iPhone shares its files. Only apps whose makers "
+                              "turned on file sharing can be opened from a computer; photos, and "
+                              "apps that keep their documents to themselves, cannot."),
+                           tr("Retry"), [this] { apps_.reload(); });
         break;
     case AppListState::noMatch:
-        placeholder_->show(QStringLiteral("edit-find"), tessary::tr("No Matching Apps"), {},
-                           tessary::tr("Clear the Filter"), [this] { search_->clear(); });
+        placeholder_->show(QStringLiteral("edit-find"), tr("No Matching Apps"), {},
+                           tr("Clear the Filter"), [this] { search_->clear(); });
         break;
     case AppListState::failed:
-        placeholder_->show(QStringLiteral("dialog-error"), tessary::tr("browser.connectionFailed"),
-                           tessary::tr(error.advice) + QLatin1Char('\n') + trMessage(error.message),
-                           tessary::tr("browser.retry"), [this] { apps_.reload(); });
+        placeholder_->show(QStringLiteral("dialog-error"), tr("Connection Failed"),
+                           trMessage(error.advice) + QLatin1Char('\n') + trMessage(error.message),
+                           tr("Retry"), [this] { apps_.reload(); });
         break;
     }
     stack_->setCurrentWidget(placeholder_);

@@ -18,6 +18,8 @@ class PlaceholderView;
 
 /// The apps of an iPhone, of which one is chosen to see its documents.
 class AppListView : public QWidget {
+    Q_OBJECT
+
 public:
     /// `apps` must outlive the view.
     AppListView(AppListViewModel& apps, std::function<void(const AppInfo&)> choose,

@@ -1,6 +1,5 @@
 #include "views/browser/BreadcrumbBar.h"
 
-#include "app/Translations.h"
 #include "base/text/Printable.h"
 #include "views/browser/PathEdit.h"
 #include "views/common/PlainText.h"
@@ -47,7 +46,7 @@ void BreadcrumbBar::startTyping() {
     if (edit_ == nullptr) {
         edit_ = new PathEdit(
             {typing_.complete, typing_.enter, [this] { stopTyping(); }, typing_.changed}, this);
-        edit_->setAccessibleName(tessary::tr("Path"));
+        edit_->setAccessibleName(tr("Path"));
         edit_->setCursor(Qt::IBeamCursor);
         edit_->setText(typing_.path());
         rebuild();
@@ -135,7 +134,7 @@ void BreadcrumbBar::addOverflow(std::size_t first, std::size_t end) {
     button->setCursor(Qt::ArrowCursor);
     button->setAutoRaise(true);
     button->setText(QStringLiteral("…"));
-    button->setAccessibleName(tessary::tr("Folders in between"));
+    button->setAccessibleName(tr("Folders in between"));
     button->setPopupMode(QToolButton::InstantPopup);
     auto* menu = new QMenu(button);
     for (std::size_t i = first; i < end; ++i)

@@ -24,6 +24,8 @@ struct Breadcrumb {
 /// room the parts after the root give way to a menu. A click beside the parts makes the path a
 /// text to be edited.
 class BreadcrumbBar : public QWidget {
+    Q_OBJECT
+
 public:
     /// What typing a path asks of its surroundings.
     struct Typing {

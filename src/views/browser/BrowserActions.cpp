@@ -1,11 +1,11 @@
 #include "views/browser/BrowserActions.h"
 
 #include "app/LanguageManager.h"
-#include "app/Translations.h"
 #include "views/common/Icons.h"
 
 #include <QAction>
 #include <QActionGroup>
+#include <QCoreApplication>
 #include <QKeySequence>
 #include <QToolButton>
 #include <QWidget>
@@ -19,7 +19,7 @@ namespace {
 struct Row {
     QAction* BrowserActions::*action;
     const char* icon;
-    const char* key; ///< for tr()
+    const char* text; ///< English
     QList<QKeySequence> shortcuts;
 };
 
@@ -45,30 +45,48 @@ QList<QKeySequence> keys(auto... sequences) {
 const std::array<Row, 21>& commands() {
     using Actions = BrowserActions;
     static const std::array<Row, 21> rows{{
-        {&Actions::back, "go-previous", "Back", keys(backKey)},
-        {&Actions::forward, "go-next", "Forward", keys(forwardKey)},
-        {&Actions::up, "go-up", "Enclosing Folder", keys(upKey)},
-        {&Actions::goTo, "edit-rename", "Go to Folder…",
+        {&Actions::back, "go-previous", QT_TRANSLATE_NOOP("BrowserActions", "Back"), keys(backKey)},
+        {&Actions::forward, "go-next", QT_TRANSLATE_NOOP("BrowserActions", "Forward"),
+         keys(forwardKey)},
+        {&Actions::up, "go-up", QT_TRANSLATE_NOOP("BrowserActions", "Enclosing Folder"),
+         keys(upKey)},
+        {&Actions::goTo, "edit-rename", QT_TRANSLATE_NOOP("BrowserActions", "Go to Folder…"),
          keys(Qt::CTRL | Qt::Key_L, Qt::CTRL | Qt::SHIFT | Qt::Key_G)},
-        {&Actions::reload, "view-refresh", "Reload", keys(Qt::Key_F5, Qt::CTRL | Qt::Key_R)},
-        {&Actions::open, "document-open-folder", "browser.openFolder", keys(openKey)},
-        {&Actions::newFolder, "folder-new", "browser.newFolder",
+        {&Actions::reload, "view-refresh", QT_TRANSLATE_NOOP("BrowserActions", "Reload"),
+         keys(Qt::Key_F5, Qt::CTRL | Qt::Key_R)},
+        {&Actions::open, "document-open-folder", QT_TRANSLATE_NOOP("BrowserActions", "Open Folder"),
+         keys(openKey)},
+        {&Actions::newFolder, "folder-new", QT_TRANSLATE_NOOP("BrowserActions", "New Folder"),
          keys(Qt::CTRL | Qt::SHIFT | Qt::Key_N)},
-        {&Actions::rename, "edit-rename", "browser.rename", keys(Qt::Key_F2)},
-        {&Actions::remove, "edit-delete", "browser.delete", keys(removeKey)},
-        {&Actions::download, "download", "browser.download", keys(Qt::CTRL | Qt::Key_D)},
-        {&Actions::uploadFiles, "document-import", "Copy Files Here…", keys(Qt::CTRL | Qt::Key_U)},
-        {&Actions::uploadFolder, "document-import", "Copy a Folder Here…",
+        {&Actions::rename, "edit-rename", QT_TRANSLATE_NOOP("BrowserActions", "Rename"),
+         keys(Qt::Key_F2)},
+        {&Actions::remove, "edit-delete", QT_TRANSLATE_NOOP("BrowserActions", "Delete"),
+         keys(removeKey)},
+        {&Actions::download, "download", QT_TRANSLATE_NOOP("BrowserActions", "Download"),
+         keys(Qt::CTRL | Qt::Key_D)},
+        {&Actions::uploadFiles, "document-import",
+         QT_TRANSLATE_NOOP("BrowserActions", "Copy Files Here…"), keys(Qt::CTRL | Qt::Key_U)},
+        {&Actions::uploadFolder, "document-import",
+         QT_TRANSLATE_NOOP("BrowserActions", "Copy a Folder Here…"),
          keys(Qt::CTRL | Qt::SHIFT | Qt::Key_U)},
-        {&Actions::selectAll, "edit-select-all", "Select All", keys(QKeySequence::SelectAll)},
-        {&Actions::find, "edit-find", "Filter", keys(QKeySequence::Find)},
-        {&Actions::asList, "view-list-details", "As List", keys(Qt::CTRL | Qt::Key_1)},
-        {&Actions::asGrid, "view-list-icons", "As Grid", keys(Qt::CTRL | Qt::Key_2)},
-        {&Actions::favorite, "bookmark-new", "browser.addToFavorites", keys(Qt::CTRL | Qt::Key_B)},
-        {&Actions::apps, "view-list-icons", "browser.apps", keys(Qt::CTRL | Qt::SHIFT | Qt::Key_A)},
-        {&Actions::sync, "folder-sync", "Sync", keys(Qt::CTRL | Qt::Key_Y)},
-        {&Actions::quickLook, "view-preview", "browser.quickLook", keys(Qt::Key_Space)},
-        {&Actions::properties, "document-properties", "Properties",
+        {&Actions::selectAll, "edit-select-all", QT_TRANSLATE_NOOP("BrowserActions", "Select All"),
+         keys(QKeySequence::SelectAll)},
+        {&Actions::find, "edit-find", QT_TRANSLATE_NOOP("BrowserActions", "Filter"),
+         keys(QKeySequence::Find)},
+        {&Actions::asList, "view-list-details", QT_TRANSLATE_NOOP("BrowserActions", "As List"),
+         keys(Qt::CTRL | Qt::Key_1)},
+        {&Actions::asGrid, "view-list-icons", QT_TRANSLATE_NOOP("BrowserActions", "As Grid"),
+         keys(Qt::CTRL | Qt::Key_2)},
+        {&Actions::favorite, "bookmark-new",
+         QT_TRANSLATE_NOOP("BrowserActions", "Add to Favorites"), keys(Qt::CTRL | Qt::Key_B)},
+        {&Actions::apps, "view-list-icons", QT_TRANSLATE_NOOP("BrowserActions", "Apps"),
+         keys(Qt::CTRL | Qt::SHIFT | Qt::Key_A)},
+        {&Actions::sync, "folder-sync", QT_TRANSLATE_NOOP("BrowserActions", "Sync"),
+         keys(Qt::CTRL | Qt::Key_Y)},
+        {&Actions::quickLook, "view-preview", QT_TRANSLATE_NOOP("BrowserActions", "Quick Look"),
+         keys(Qt::Key_Space)},
+        {&Actions::properties, "document-properties",
+         QT_TRANSLATE_NOOP("BrowserActions", "Properties"),
          keys(Qt::ALT | Qt::Key_Return, Qt::ALT | Qt::Key_Enter, Qt::CTRL | Qt::Key_I)},
     }};
     return rows;
@@ -81,8 +99,8 @@ BrowserActions::BrowserActions(QWidget& owner) {
         auto* action = new QAction(icon(row.icon), QString(), &owner);
         action->setShortcuts(row.shortcuts);
         action->setShortcutContext(Qt::WindowShortcut);
-        keepTranslated(action, [action, key = row.key] {
-            const QString text = tessary::tr(key);
+        keepTranslated(action, [action, english = row.text] {
+            const QString text = QCoreApplication::translate("BrowserActions", english);
             const QString shortcut = action->shortcut().toString(QKeySequence::NativeText);
             action->setText(text);
             action->setToolTip(shortcut.isEmpty() ? text

@@ -37,7 +37,7 @@ QString selectionText(const std::vector<FileItem>& items) {
         bytes = addByteCounts(bytes, item.size);
         hasFolder = hasFolder || item.isDirectory;
     }
-    const QString count = tessary::tr("%1 selected").arg(items.size());
+    const QString count = BrowserView::tr("%Ln selected", nullptr, static_cast<int>(items.size()));
     return hasFolder ? count : QStringLiteral("%1 (%2)").arg(count, formatBytes(bytes));
 }
 
@@ -86,13 +86,13 @@ BrowserView::BrowserView(FileBrowserViewModel& browser, Dialogs dialogs, QWidget
 }
 
 void BrowserView::showTexts() {
-    filter_->setPlaceholderText(tessary::tr("browser.filter"));
-    filter_->setAccessibleName(tessary::tr("browser.filter"));
+    filter_->setPlaceholderText(tr("Filter…"));
+    filter_->setAccessibleName(tr("Filter…"));
     if (auto* clear = filter_->findChild<QToolButton*>())
-        clear->setAccessibleName(tessary::tr("Clear the Filter"));
-    breadcrumbs_->setAccessibleName(tessary::tr("Path"));
-    table_->setAccessibleName(tessary::tr("Files"));
-    grid_->setAccessibleName(tessary::tr("Files"));
+        clear->setAccessibleName(tr("Clear the Filter"));
+    breadcrumbs_->setAccessibleName(tr("Path"));
+    table_->setAccessibleName(tr("Files"));
+    grid_->setAccessibleName(tr("Files"));
     showPath();
     showContent();
 }
@@ -143,9 +143,9 @@ void BrowserView::showPath() {
         path.push_back({printable(browser_.appName()), {}});
     // The root has a name of ours, or the phone's.
     for (const PathComponent& part : browser_.breadcrumbs())
-        path.push_back({printable(&part == &browser_.breadcrumbs().front() ? tessary::tr(part.name)
-                                                                           : part.name),
-                        part.path});
+        path.push_back(
+            {printable(&part == &browser_.breadcrumbs().front() ? trMessage(part.name) : part.name),
+             part.path});
     breadcrumbs_->setPath(std::move(path));
     updateActions();
 }
@@ -156,33 +156,35 @@ void BrowserView::showContent() {
     const auto page = [this](QWidget* widget) { stack_->setCurrentWidget(widget); };
     switch (browser_.state()) {
     case BrowserState::deviceLost:
-        placeholder_->show(
-            QStringLiteral("smartphone"), tessary::tr("The phone is gone"),
-            isInApp() ? tessary::tr("Plug the phone in again and unlock it.")
-                      : tessary::tr("Plug it in again, unlock it and choose File transfer on it."));
+        placeholder_->show(QStringLiteral("smartphone"), tr("The phone is gone"),
+                           isInApp()
+                               ? tr("Plug the phone in again and unlock it.")
+                               : tr("Plug it in again, unlock it and choose File transfer on it."));
         page(placeholder_);
         break;
     case BrowserState::folderGone:
         if (favorites_.contains && favorites_.contains(browser_.currentPath())) {
-            placeholder_->show(QStringLiteral("folder"), tessary::tr("browser.folderNotFound"),
-                               tessary::tr("browser.folderNotFoundDesc"),
-                               tessary::tr("browser.removeFromFavorites"), [this] {
-                                   favorites_.toggle({}, browser_.currentPath());
-                                   browser_.navigateUp();
-                               });
-            placeholder_->addChoice(tessary::tr("browser.keep"), [this] { browser_.navigateUp(); });
+            placeholder_->show(
+                QStringLiteral("folder"), tr("Folder Not Found"),
+                tr("This folder could not be found on the device. It may have been deleted or "
+                   "moved. Would you like to remove it from your Favorites?"),
+                tr("Remove from Favorites"), [this] {
+                    favorites_.toggle({}, browser_.currentPath());
+                    browser_.navigateUp();
+                });
+            placeholder_->addChoice(tr("Keep"), [this] { browser_.navigateUp(); });
         } else {
-            placeholder_->show(QStringLiteral("folder"), tessary::tr("browser.folderNotFound"),
-                               tessary::tr("It may have been deleted or moved on the phone."),
-                               tessary::tr("Enclosing Folder"), [this] { browser_.navigateUp(); });
+            placeholder_->show(QStringLiteral("folder"), tr("Folder Not Found"),
+                               tr("It may have been deleted or moved on the phone."),
+                               tr("Enclosing Folder"), [this] { browser_.navigateUp(); });
         }
         page(placeholder_);
         break;
     case BrowserState::failed:
-        placeholder_->show(QStringLiteral("dialog-error"), tessary::tr("browser.connectionFailed"),
+        placeholder_->show(QStringLiteral("dialog-error"), tr("Connection Failed"),
                            printable(trMessage(words.message)) + QLatin1Char('\n') +
-                               tessary::tr(words.advice),
-                           tessary::tr("browser.retry"), [this] { browser_.reload(); });
+                               trMessage(words.advice),
+                           tr("Retry"), [this] { browser_.reload(); });
         page(placeholder_);
         break;
     case BrowserState::ready:
@@ -190,19 +192,19 @@ void BrowserView::showContent() {
             page(&currentListing());
         } else if (browser_.isLoading()) {
             placeholder_->show(QStringLiteral("folder"),
-                               isInApp() ? tessary::tr("browser.loading")
-                                         : tessary::tr("browser.loadingAndroid"),
+                               isInApp() ? tr("Loading directory contents…")
+                                         : tr("Loading device storage…"),
                                {}, {}, {}, true);
             page(placeholder_);
         } else if (!browser_.searchText().trimmed().isEmpty() && !browser_.items().empty()) {
-            placeholder_->show(QStringLiteral("edit-find"), tessary::tr("browser.noResults"),
-                               tessary::tr("Nothing here has “%1” in its name.")
+            placeholder_->show(QStringLiteral("edit-find"), tr("No Matching Files"),
+                               tr("Nothing here has “%1” in its name.")
                                    .arg(printable(browser_.searchText().trimmed())),
-                               tessary::tr("Clear the Filter"), [this] { filter_->clear(); });
+                               tr("Clear the Filter"), [this] { filter_->clear(); });
             page(placeholder_);
         } else {
-            placeholder_->show(QStringLiteral("folder"), tessary::tr("browser.emptyFolder"),
-                               tessary::tr("Drop files here to copy them to the phone."));
+            placeholder_->show(QStringLiteral("folder"), tr("This folder is empty"),
+                               tr("Drop files here to copy them to the phone."));
             page(placeholder_);
         }
         break;
@@ -213,17 +215,17 @@ void BrowserView::showContent() {
 void BrowserView::showStatus() {
     const auto shown = static_cast<qsizetype>(model_.rowCount());
     const auto inAll = static_cast<qsizetype>(browser_.items().size());
-    QString text = shown == inAll
-                       ? (inAll == 1 ? tessary::tr("1 item") : tessary::tr("%1 items").arg(inAll))
-                       : tessary::tr("%1 of %2 items").arg(shown).arg(inAll);
+    QString text = shown == inAll ? tr("%Ln items", nullptr, static_cast<int>(inAll))
+                                  : tr("%1 of %Ln items", nullptr, static_cast<int>(inAll))
+                                        .arg(QLocale().toString(shown));
     if (const auto selected = browser_.selectedEntries(); !selected.empty())
         text += QStringLiteral("  ·  ") + selectionText(selected);
     if (browser_.isEditing())
-        text += QStringLiteral("  ·  ") + tessary::tr("%1 of %2 done (Esc stops)")
+        text += QStringLiteral("  ·  ") + tr("%1 of %2 done (Esc stops)")
                                               .arg(browser_.editProgress().done)
                                               .arg(browser_.editProgress().total);
     else if (browser_.isLoading())
-        text += QStringLiteral("  ·  ") + tessary::tr("reading…");
+        text += QStringLiteral("  ·  ") + tr("reading…");
     status_->setText(browser_.state() == BrowserState::ready ? text : QString());
     updateActions();
 }

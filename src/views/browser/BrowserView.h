@@ -29,6 +29,8 @@ class PreviewWindow;
 /// The files of one device: toolbar, listing, and a line about what is selected. It shows what the
 /// browser's view model has, and hands every wish of the user to it.
 class BrowserView : public QWidget {
+    Q_OBJECT
+
 public:
     /// What the view asks and tells about favorites.
     struct Favorites {

@@ -1,7 +1,6 @@
 // What a browser view can be told to do: its toolbar, menus and the commands behind them.
 
 #include "app/LanguageManager.h"
-#include "app/Translations.h"
 #include "base/text/Printable.h"
 #include "views/browser/BreadcrumbBar.h"
 #include "views/browser/BrowserView.h"
@@ -119,7 +118,7 @@ QWidget* BrowserView::makeToolbar() {
     row->addWidget(syncButton_);
     row->addSpacing(8);
     auto* modes = new QWidget;
-    keepTranslated(modes, [modes] { modes->setAccessibleName(tessary::tr("browser.viewMode")); });
+    keepTranslated(modes, [modes] { modes->setAccessibleName(tr("View Mode")); });
     auto* modeRow = new QHBoxLayout(modes);
     modeRow->setContentsMargins(0, 0, 0, 0);
     modeRow->setSpacing(2);
@@ -152,8 +151,7 @@ void BrowserView::updateActions() {
     const QString path = favoriteCandidate().second;
     const bool isFavorite = favorites_.contains && favorites_.contains(path);
     actions_.favorite->setEnabled(isUsable && !path.isEmpty());
-    actions_.favorite->setText(isFavorite ? tessary::tr("browser.removeFromFavorites")
-                                          : tessary::tr("browser.addToFavorites"));
+    actions_.favorite->setText(isFavorite ? tr("Remove from Favorites") : tr("Add to Favorites"));
 }
 
 void BrowserView::renameSelected() {
@@ -183,16 +181,15 @@ void BrowserView::removeSelected() {
     const auto selected = browser_.selectedEntries();
     if (selected.empty())
         return;
-    QMessageBox question(QMessageBox::Warning, tessary::tr("browser.delete"),
-                         tessary::tr("browser.deleteConfirm"), QMessageBox::NoButton, this);
+    QMessageBox question(QMessageBox::Warning, tr("Delete"), tr("Delete selected items?"),
+                         QMessageBox::NoButton, this);
     const QString what =
         selected.size() == 1
-            ? tessary::tr("“%1” will be deleted from the phone.")
-                  .arg(printable(selected.front().name))
-            : tessary::tr("%1 items will be deleted from the phone.").arg(selected.size());
-    question.setInformativeText(what + QLatin1Char(' ') + tessary::tr("This cannot be undone."));
-    QAbstractButton* remove =
-        question.addButton(tessary::tr("browser.delete"), QMessageBox::DestructiveRole);
+            ? tr("“%1” will be deleted from the phone.").arg(printable(selected.front().name))
+            : tr("%Ln items will be deleted from the phone.", nullptr,
+                 static_cast<int>(selected.size()));
+    question.setInformativeText(what + QLatin1Char(' ') + tr("This cannot be undone."));
+    QAbstractButton* remove = question.addButton(tr("Delete"), QMessageBox::DestructiveRole);
     question.setDefaultButton(question.addButton(QMessageBox::Cancel));
     makePlain(question);
     const QStringList ids = selectedIds();

@@ -1,4 +1,3 @@
-#include "app/Translations.h"
 #include "base/text/Printable.h"
 #include "browser/listing/EntryMimeData.h"
 #include "views/browser/BrowserView.h"
@@ -29,16 +28,13 @@ QString downloadsFolder() {
 
 BrowserView::Dialogs BrowserView::systemDialogs() {
     return {[](QWidget* parent) {
-                return QFileDialog::getExistingDirectory(parent, tessary::tr("Copy to"),
-                                                         downloadsFolder());
+                return QFileDialog::getExistingDirectory(parent, tr("Copy to"), downloadsFolder());
             },
             [](QWidget* parent) {
-                return QFileDialog::getOpenFileNames(parent,
-                                                     tessary::tr("Copy Files to the Phone"));
+                return QFileDialog::getOpenFileNames(parent, tr("Copy Files to the Phone"));
             },
             [](QWidget* parent) {
-                return QFileDialog::getExistingDirectory(parent,
-                                                         tessary::tr("Copy a Folder to the Phone"));
+                return QFileDialog::getExistingDirectory(parent, tr("Copy a Folder to the Phone"));
             }};
 }
 
@@ -106,7 +102,7 @@ void BrowserView::dragLeaveEvent(QDragLeaveEvent* event) {
 void BrowserView::showDropTarget(const QString& folderId) {
     const FileItem* folder = folderId.isEmpty() ? nullptr : browser_.itemWithId(folderId);
     if (folder != nullptr)
-        status_->setText(tessary::tr("Into “%1”").arg(printable(folder->name)));
+        status_->setText(tr("Into “%1”").arg(printable(folder->name)));
     else
         showStatus();
 }

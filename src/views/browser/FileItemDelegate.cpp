@@ -1,6 +1,5 @@
 #include "views/browser/FileItemDelegate.h"
 
-#include "app/Translations.h"
 #include "base/text/Printable.h"
 #include "browser/model/FileListModel.h"
 #include "views/browser/ThumbnailStore.h"
@@ -57,7 +56,7 @@ void FileItemDelegate::setEditorData(QWidget* editor, const QModelIndex& index) 
     if (line == nullptr)
         return;
     const bool isFolder = index.data(FileListModel::isDirectoryRole).toBool();
-    line->setAccessibleName(isFolder ? tessary::tr("browser.newFolderName") : tessary::tr("Name"));
+    line->setAccessibleName(isFolder ? tr("Folder name") : tr("Name"));
     const QString name = line->text();
     const qsizetype dot = name.lastIndexOf(QLatin1Char('.'));
     const bool hasStem = dot > 0 && !isFolder;

@@ -9,6 +9,8 @@ class ThumbnailStore;
 /// Draws the cells of a FileListModel: adds the icons of names, the words for kinds, and edits
 /// names so that a rename begins with the name selected and not its extension.
 class FileItemDelegate : public QStyledItemDelegate {
+    Q_OBJECT
+
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 

@@ -1,6 +1,5 @@
 #include "views/browser/FileViews.h"
 
-#include "app/Translations.h"
 #include "base/text/Printable.h"
 #include "views/browser/DragOut.h"
 #include "views/browser/FileItemDelegate.h"
@@ -38,7 +37,7 @@ void dragSelected(QAbstractItemView& view, FileBrowserViewModel& browser) {
     const QFontMetrics metrics = view.fontMetrics();
     const QString label =
         items.size() == 1 ? metrics.elidedText(printable(items.front().name), Qt::ElideMiddle, 220)
-                          : tessary::tr("%1 items").arg(items.size());
+                          : FileTableView::tr("%Ln items", nullptr, static_cast<int>(items.size()));
     const QIcon icon = fileIcon(items.front().iconName());
     constexpr int iconSize = 32;
     constexpr int margin = 8;

@@ -10,6 +10,8 @@ namespace tessary {
 
 /// The files as a table with sortable columns.
 class FileTableView : public QTreeView {
+    Q_OBJECT
+
 public:
     FileTableView(FileBrowserViewModel& browser, FileListModel& model, QWidget* parent = nullptr);
 

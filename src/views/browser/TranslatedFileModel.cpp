@@ -1,7 +1,7 @@
 #include "views/browser/TranslatedFileModel.h"
 
+#include "app/DisplayNames.h"
 #include "app/LanguageManager.h"
-#include "app/Translations.h"
 
 namespace tessary {
 
@@ -15,15 +15,27 @@ TranslatedFileModel::TranslatedFileModel(FileBrowserViewModel& browser, QObject*
 }
 
 QVariant TranslatedFileModel::data(const QModelIndex& index, int role) const {
-    const QVariant raw = FileListModel::data(index, role);
     if (role == Qt::DisplayRole && index.column() == kindColumn)
-        return tessary::tr(raw.toString());
-    return raw;
+        return displayName(
+            static_cast<FileCategory>(FileListModel::data(index, categoryRole).toInt()));
+    return FileListModel::data(index, role);
 }
 
 QVariant TranslatedFileModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    const QVariant raw = FileListModel::headerData(section, orientation, role);
-    return role == Qt::DisplayRole && raw.isValid() ? tessary::tr(raw.toString()) : raw;
+    if (role != Qt::DisplayRole || orientation != Qt::Horizontal)
+        return FileListModel::headerData(section, orientation, role);
+    switch (section) {
+    case nameColumn:
+        return tr("Name");
+    case sizeColumn:
+        return tr("Size");
+    case dateColumn:
+        return tr("Date Modified");
+    case kindColumn:
+        return tr("Kind");
+    default:
+        return {};
+    }
 }
 
 } // namespace tessary

@@ -6,6 +6,8 @@ namespace tessary {
 
 /// The rows of the browser with the column titles and kinds in the interface's language.
 class TranslatedFileModel : public FileListModel {
+    Q_OBJECT
+
 public:
     /// `browser` must outlive the model.
     explicit TranslatedFileModel(FileBrowserViewModel& browser, QObject* parent = nullptr);

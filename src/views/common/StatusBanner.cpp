@@ -1,7 +1,6 @@
 #include "views/common/StatusBanner.h"
 
 #include "app/LanguageManager.h"
-#include "app/Translations.h"
 #include "views/common/Icons.h"
 
 #include <QEvent>
@@ -58,8 +57,8 @@ StatusBanner::StatusBanner(QWidget* parent)
     close_->setAutoRaise(true);
     close_->setIcon(icon("dialog-close"));
     keepTranslated(close_, [this] {
-        close_->setAccessibleName(tessary::tr("Close this message"));
-        close_->setToolTip(tessary::tr("Close this message"));
+        close_->setAccessibleName(tr("Close this message"));
+        close_->setToolTip(tr("Close this message"));
     });
     connect(close_, &QToolButton::clicked, this, &StatusBanner::clear);
 

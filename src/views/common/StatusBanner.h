@@ -29,6 +29,8 @@ struct BannerMessage {
 
 /// A strip above the files that says what is wrong and what to do about it.
 class StatusBanner : public QFrame {
+    Q_OBJECT
+
 public:
     explicit StatusBanner(QWidget* parent = nullptr);
 

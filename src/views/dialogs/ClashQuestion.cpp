@@ -1,11 +1,11 @@
 #include "views/dialogs/ClashQuestion.h"
 
-#include "app/Translations.h"
 #include "base/text/ByteFormat.h"
 #include "base/text/Printable.h"
 #include "views/common/PlainText.h"
 
 #include <QCheckBox>
+#include <QCoreApplication>
 #include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
@@ -15,6 +15,11 @@
 namespace tessary {
 
 namespace {
+
+/// The context of this file's texts.
+class ClashQuestion {
+    Q_DECLARE_TR_FUNCTIONS(ClashQuestion)
+};
 
 QString sideText(const CopySide& side, bool isFolder) {
     const QString date = side.date
@@ -39,29 +44,30 @@ std::optional<CopyChoices> askAboutClashes(QWidget* parent, const CopyPlan& surv
             choices.insert(clash.key, *forAll);
             continue;
         }
-        QMessageBox question(QMessageBox::Question, tessary::tr("Already There"),
-                             tessary::tr("“%1” is already there.").arg(printable(clash.name)),
+        QMessageBox question(QMessageBox::Question, ClashQuestion::tr("Already There"),
+                             ClashQuestion::tr("“%1” is already there.").arg(printable(clash.name)),
                              QMessageBox::NoButton, parent);
         question.setObjectName(QStringLiteral("clashQuestion"));
-        QString detail = tessary::tr("New: %1").arg(sideText(clash.coming, clash.isFolder)) +
-                         QLatin1Char('\n') +
-                         tessary::tr("There: %1").arg(sideText(*clash.existing, clash.isFolder));
+        QString detail =
+            ClashQuestion::tr("New: %1").arg(sideText(clash.coming, clash.isFolder)) +
+            QLatin1Char('\n') +
+            ClashQuestion::tr("There: %1").arg(sideText(*clash.existing, clash.isFolder));
         if (clash.isFolder)
             detail +=
                 QStringLiteral("\n\n") +
-                tessary::tr("Replacing merges the folders; files of the same name in them are "
-                            "replaced.");
+                ClashQuestion::tr(
+                    "Replacing merges the folders; files of the same name in them are replaced.");
         question.setInformativeText(detail);
         QAbstractButton* replace =
-            question.addButton(tessary::tr("Replace"), QMessageBox::DestructiveRole);
+            question.addButton(ClashQuestion::tr("Replace"), QMessageBox::DestructiveRole);
         QAbstractButton* keepBoth =
-            question.addButton(tessary::tr("Keep Both"), QMessageBox::AcceptRole);
-        QPushButton* skip = question.addButton(tessary::tr("Skip"), QMessageBox::ActionRole);
+            question.addButton(ClashQuestion::tr("Keep Both"), QMessageBox::AcceptRole);
+        QPushButton* skip = question.addButton(ClashQuestion::tr("Skip"), QMessageBox::ActionRole);
         question.addButton(QMessageBox::Cancel);
         question.setDefaultButton(skip);
         if (others > 0)
-            question.setCheckBox(
-                new QCheckBox(tessary::tr("Do the same for the other %1").arg(others)));
+            question.setCheckBox(new QCheckBox(ClashQuestion::tr(
+                "Do the same for the other %Ln", nullptr, static_cast<int>(others))));
         makePlain(question);
         question.exec();
         const QAbstractButton* clicked = question.clickedButton();
@@ -83,17 +89,17 @@ bool askAboutSpace(QWidget* parent, const CopyPlan& survey, const CopyChoices& c
     const qint64 needed = survey.neededBytes(choices);
     if (!survey.freeBytes || needed <= *survey.freeBytes)
         return true;
-    QMessageBox question(QMessageBox::Warning, tessary::tr("Not Enough Space"),
-                         tessary::tr("There is not enough space for this copy."),
+    QMessageBox question(QMessageBox::Warning, ClashQuestion::tr("Not Enough Space"),
+                         ClashQuestion::tr("There is not enough space for this copy."),
                          QMessageBox::NoButton, parent);
     question.setObjectName(QStringLiteral("spaceQuestion"));
     const QString words = survey.isPartial
-                              ? tessary::tr("It needs at least %1, and %2 are free in “%3”.")
-                              : tessary::tr("It needs %1, and %2 are free in “%3”.");
+                              ? ClashQuestion::tr("It needs at least %1, and %2 are free in “%3”.")
+                              : ClashQuestion::tr("It needs %1, and %2 are free in “%3”.");
     question.setInformativeText(words.arg(formatBytes(needed), formatBytes(*survey.freeBytes),
                                           printable(survey.targetName)));
     QAbstractButton* goOn =
-        question.addButton(tessary::tr("Copy Anyway"), QMessageBox::DestructiveRole);
+        question.addButton(ClashQuestion::tr("Copy Anyway"), QMessageBox::DestructiveRole);
     question.setDefaultButton(question.addButton(QMessageBox::Cancel));
     makePlain(question);
     question.exec();

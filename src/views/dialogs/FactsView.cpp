@@ -1,7 +1,7 @@
 #include "views/dialogs/FactsView.h"
 
+#include "app/DisplayNames.h"
 #include "app/LanguageManager.h"
-#include "app/Translations.h"
 #include "base/text/ByteFormat.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
@@ -36,7 +36,7 @@ QString dateText(const std::optional<QDateTime>& date, QLocale::FormatType days,
 }
 
 QString factsLine(const FileItem& item) {
-    QStringList facts{tessary::tr(rawValue(item.category()))};
+    QStringList facts{displayName(item.category())};
     if (!item.isDirectory)
         facts.append(formatBytes(item.size));
     if (item.modifiedDate && item.modifiedDate->isValid())
@@ -73,8 +73,8 @@ FactsView::FactsView(QWidget* parent)
     cancel_->setObjectName(QStringLiteral("previewCancel"));
     cancel_->setFocusPolicy(Qt::NoFocus); // the keys walk through the listing
     keepTranslated(this, [this] {
-        cancel_->setText(tessary::tr("browser.cancel"));
-        progress_->setAccessibleName(tessary::tr("Fetching the file"));
+        cancel_->setText(tr("Cancel"));
+        progress_->setAccessibleName(tr("Fetching the file"));
     });
 
     auto* column = new QVBoxLayout(this);
@@ -111,7 +111,7 @@ void FactsView::showProgress(qint64 done, qint64 total) {
             steps * std::clamp(static_cast<double>(done) / static_cast<double>(total), 0.0, 1.0)));
     progress_->show();
     cancel_->show();
-    note_->setText(total > 0 ? tessary::tr("%1 of %2").arg(formatBytes(done), formatBytes(total))
+    note_->setText(total > 0 ? tr("%1 of %2").arg(formatBytes(done), formatBytes(total))
                              : QString());
     note_->setVisible(total > 0);
 }

@@ -18,6 +18,8 @@ namespace tessary {
 /// An entry by its icon, name, kind, size and date, with a word on why there is no more to see, or
 /// with the progress of what is being fetched.
 class FactsView : public QWidget {
+    Q_OBJECT
+
 public:
     explicit FactsView(QWidget* parent = nullptr);
 

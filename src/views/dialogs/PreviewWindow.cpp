@@ -75,7 +75,7 @@ PreviewWindow::PreviewWindow(FileBrowserViewModel& browser, std::function<int()>
         widget->installEventFilter(this);
     facts_->setOnCancel([this] {
         drop();
-        showFacts(tessary::tr("Cancelled"));
+        showFacts(tr("Cancelled"));
     });
 
     auto* column = new QVBoxLayout(this);
@@ -114,11 +114,11 @@ QWidget* PreviewWindow::makeFooter() {
     connect(previousPage_, &QToolButton::clicked, this, [this] { turnTo(page_ - 1); });
     connect(nextPage_, &QToolButton::clicked, this, [this] { turnTo(page_ + 1); });
     keepTranslated(this, [this, previous, next] {
-        name(*previous, tessary::tr("Previous"));
-        name(*next, tessary::tr("Next"));
-        name(*previousPage_, tessary::tr("Previous Page"));
-        name(*nextPage_, tessary::tr("Next Page"));
-        text_->setAccessibleName(tessary::tr("browser.quickLook"));
+        name(*previous, tr("Previous"));
+        name(*next, tr("Next"));
+        name(*previousPage_, tr("Previous Page"));
+        name(*nextPage_, tr("Next Page"));
+        text_->setAccessibleName(tr("Quick Look"));
     });
     caption_->setObjectName(QStringLiteral("previewCaption"));
     caption_->setTextFormat(Qt::PlainText);
@@ -197,7 +197,7 @@ void PreviewWindow::follow() {
     if (kind_ == PreviewKind::facts || item_->size == 0)
         return;
     if (item_->size > previewLimit(kind_)) {
-        showFacts(tessary::tr("\"%1\" is too large for a preview. Copy it to this computer first.")
+        showFacts(tr("“%1” is too large for a preview. Copy it to this computer first.")
                       .arg(printable(item_->name)));
         return;
     }
@@ -240,8 +240,7 @@ void PreviewWindow::turnTo(int page) {
             } catch (const CancellationError&) {
                 // Another one is on its way.
             } catch (const std::exception&) {
-                showFacts(
-                    tessary::tr("It cannot be shown: it is damaged, too large or protected."));
+                showFacts(tr("It cannot be shown: it is damaged, too large or protected."));
             }
         });
 }
@@ -256,7 +255,7 @@ void PreviewWindow::showText(const std::optional<TextSample>& sample) {
     text_->setFocus();
     QString caption = factsLine(*item_);
     if (sample->isCut)
-        caption += QStringLiteral("  ·  ") + tessary::tr("only its beginning is shown");
+        caption += QStringLiteral("  ·  ") + tr("only its beginning is shown");
     caption_->setText(caption);
 }
 
@@ -273,8 +272,7 @@ void PreviewWindow::showPicture(const Picture& picture) {
                        .arg(picture.fullSize.height());
     caption_->setText(caption);
     const bool hasPages = kind_ == PreviewKind::document;
-    pageLabel_->setText(hasPages ? tessary::tr("Page %1 of %2").arg(page_ + 1).arg(pages_)
-                                 : QString());
+    pageLabel_->setText(hasPages ? tr("Page %1 of %2").arg(page_ + 1).arg(pages_) : QString());
     previousPage_->setVisible(hasPages);
     nextPage_->setVisible(hasPages);
     previousPage_->setEnabled(page_ > 0);

@@ -1,7 +1,7 @@
 #include "views/dialogs/PropertiesDialog.h"
 
+#include "app/DisplayNames.h"
 #include "app/LanguageManager.h"
-#include "app/Translations.h"
 #include "base/text/ByteCount.h"
 #include "base/text/ByteFormat.h"
 #include "base/text/PathNames.h"
@@ -54,8 +54,10 @@ QString exactSizeText(qint64 bytes) {
     constexpr qint64 kilo = 1000;
     if (bytes < kilo)
         return formatBytes(bytes);
-    return QStringLiteral("%1 (%2)").arg(formatBytes(bytes),
-                                         tessary::tr("%1 bytes").arg(QLocale().toString(bytes)));
+    return QStringLiteral("%1 (%2)").arg(
+        formatBytes(bytes), PropertiesDialog::tr("%1 bytes", nullptr,
+                                                 static_cast<int>(std::min<qint64>(bytes, INT_MAX)))
+                                .arg(QLocale().toString(bytes)));
 }
 
 PropertiesDialog::PropertiesDialog(std::shared_ptr<FileAccess> files, std::vector<FileItem> items,
@@ -79,13 +81,14 @@ PropertiesDialog::PropertiesDialog(std::shared_ptr<FileAccess> files, std::vecto
     form_->setHorizontalSpacing(16);
     form_->setVerticalSpacing(9);
     form_->setLabelAlignment(Qt::AlignRight | Qt::AlignTop);
-    kind_ = addRow("Kind", "propertiesKind");
-    size_ = addRow("Size", "propertiesSize");
+    kind_ = addRow(QT_TR_NOOP("Kind"), "propertiesKind");
+    size_ = addRow(QT_TR_NOOP("Size"), "propertiesSize");
     if (hasFolder(items_))
-        content_ = addRow("Content", "propertiesContent");
+        content_ = addRow(QT_TR_NOOP("Content"), "propertiesContent");
     if (items_.size() == 1)
-        date_ = addRow("Date Modified", "propertiesDate");
-    path_ = addRow(items_.size() == 1 ? "Path" : "Folder", "propertiesPath");
+        date_ = addRow(QT_TR_NOOP("Date Modified"), "propertiesDate");
+    path_ =
+        addRow(items_.size() == 1 ? QT_TR_NOOP("Path") : QT_TR_NOOP("Folder"), "propertiesPath");
     column->addLayout(form_);
 
     auto* counting = new QHBoxLayout;
@@ -114,7 +117,7 @@ PropertiesDialog::PropertiesDialog(std::shared_ptr<FileAccess> files, std::vecto
             count_.bytes = addByteCounts(count_.bytes, std::max(item.size, qint64{0}));
         }
     keepTranslated(this, [this, close] {
-        close->setText(tessary::tr("Close"));
+        close->setText(tr("Close"));
         setTexts();
     });
     if (content_ != nullptr)
@@ -150,7 +153,7 @@ void PropertiesDialog::makeHeading(QVBoxLayout& column) {
     column.addLayout(row);
 }
 
-QLabel* PropertiesDialog::addRow(const char* key, const char* objectName) {
+QLabel* PropertiesDialog::addRow(const char* title, const char* objectName) {
     auto* heading = new QLabel;
     heading->setForegroundRole(QPalette::PlaceholderText);
     auto* value = new QLabel;
@@ -160,8 +163,8 @@ QLabel* PropertiesDialog::addRow(const char* key, const char* objectName) {
     value->setWordWrap(true);
     value->setFixedWidth(valueWidth);
     form_->addRow(heading, value);
-    keepTranslated(heading, [heading, value, key] {
-        heading->setText(tessary::tr(key));
+    keepTranslated(heading, [heading, value, title] {
+        heading->setText(tr(title));
         value->setAccessibleName(heading->text());
     });
     return value;
@@ -170,22 +173,21 @@ QLabel* PropertiesDialog::addRow(const char* key, const char* objectName) {
 void PropertiesDialog::setTexts() {
     const FileItem& first = items_.front();
     const bool isOne = items_.size() == 1;
-    setWindowTitle(tessary::tr("Properties"));
+    setWindowTitle(tr("Properties"));
     constexpr int shownLines = 4;
     title_->setText(isOne ? title_->fontMetrics().elidedText(printable(first.name), Qt::ElideMiddle,
                                                              valueWidth * shownLines)
-                          : tessary::tr("%1 items").arg(items_.size()));
+                          : tr("%Ln items", nullptr, static_cast<int>(items_.size())));
     const bool isOfOneKind = std::all_of(items_.begin(), items_.end(), [&](const FileItem& item) {
         return item.category() == first.category();
     });
-    kind_->setText(isOfOneKind ? tessary::tr(rawValue(first.category()))
-                               : tessary::tr("Various kinds"));
+    kind_->setText(isOfOneKind ? displayName(first.category()) : tr("Various kinds"));
     if (date_ != nullptr)
         date_->setText(dateText(first.modifiedDate));
     const QString path = files_->canonicalPath(isOne ? first.path : parentPath(first.path));
     path_->setText(breakable(printable(path)));
-    stopButton_->setText(tessary::tr("Stop Counting"));
-    busy_->setAccessibleName(tessary::tr("Counting the content"));
+    stopButton_->setText(tr("Stop Counting"));
+    busy_->setAccessibleName(tr("Counting the content"));
     showCount();
 }
 
@@ -195,14 +197,15 @@ void PropertiesDialog::showCount() {
     size_->setText(isKnown || content_ == nullptr ? bytes : QStringLiteral("≥ ") + bytes);
     if (content_ != nullptr)
         content_->setText(
-            tessary::tr("Files: %1, folders: %2")
+            tr("Files: %1, folders: %2")
                 .arg(QLocale().toString(count_.files), QLocale().toString(count_.folders)));
     busy_->setVisible(isCounting_);
     stopButton_->setVisible(isCounting_);
     if (wasStopped_)
-        note_->setText(tessary::tr("The count was stopped: there may be more."));
+        note_->setText(tr("The count was stopped: there may be more."));
     else
-        note_->setText(tessary::tr("Folders that could not be read: %1").arg(count_.unreadable));
+        note_->setText(
+            tr("Folders that could not be read: %1").arg(QLocale().toString(count_.unreadable)));
     note_->setVisible(wasStopped_ || count_.unreadable > 0);
 }
 

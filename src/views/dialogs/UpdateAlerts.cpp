@@ -26,8 +26,8 @@ void UpdateAlerts::addCommand(QMenuBar& menus) {
     QAction* check = help->addAction(QString(), this, [this] { checker_.checkForUpdates(true); });
     check->setMenuRole(QAction::ApplicationSpecificRole);
     keepTranslated(help, [help, check] {
-        help->setTitle(tessary::tr("Help"));
-        check->setText(tessary::tr("settings.checkUpdates"));
+        help->setTitle(tr("Help"));
+        check->setText(tr("Check for Updates…"));
     });
     connect(&checker_, &UpdateCheckerService::stateChanged, check,
             [this, check] { check->setEnabled(!checker_.isChecking()); });
@@ -37,12 +37,12 @@ void UpdateAlerts::show() {
     if (box_)
         return;
     if (const auto& failure = checker_.checkErrorMessage()) {
-        QMessageBox& box = tell(tessary::tr("Update Check Failed"), trMessage(*failure));
+        QMessageBox& box = tell(tr("Update Check Failed"), trMessage(*failure));
         connect(&box, &QMessageBox::finished, this, [this] { checker_.dismissError(); });
     } else if (checker_.showUpToDateAlert()) {
-        QMessageBox& box = tell(QStringLiteral("Tessary"),
-                                QStringLiteral("Tessary v") + checker_.currentVersion() +
-                                    tessary::tr(" is currently the newest version."));
+        QMessageBox& box =
+            tell(QStringLiteral("Tessary"),
+                 tr("Tessary v%1 is currently the newest version.").arg(checker_.currentVersion()));
         connect(&box, &QMessageBox::finished, this, [this] { checker_.dismissUpToDateAlert(); });
     } else if (const auto& update = checker_.availableUpdate()) {
         offer(*update);
@@ -62,7 +62,7 @@ QMessageBox& UpdateAlerts::newBox(const QString& title, const QString& text) {
 
 QMessageBox& UpdateAlerts::tell(const QString& title, const QString& text) {
     QMessageBox& box = newBox(title, text);
-    box.addButton(tessary::tr("OK"), QMessageBox::AcceptRole);
+    box.addButton(tr("OK"), QMessageBox::AcceptRole);
     box.open();
     return box;
 }
@@ -70,15 +70,13 @@ QMessageBox& UpdateAlerts::tell(const QString& title, const QString& text) {
 void UpdateAlerts::offer(const UpdateInfo& update) {
     QString notes = update.releaseNotes.trimmed().left(longestNotes);
     if (notes.isEmpty())
-        notes = tessary::tr("A new version of Tessary is available.");
-    QMessageBox& box =
-        newBox(tessary::tr("Tessary %1 is available").arg(printable(update.version)), notes);
-    const QPushButton* download =
-        box.addButton(tessary::tr("browser.download"), QMessageBox::AcceptRole);
-    const QPushButton* skip =
-        update.mandatory ? nullptr
-                         : box.addButton(tessary::tr("Skip This Version"), QMessageBox::ActionRole);
-    box.setEscapeButton(box.addButton(tessary::tr("Later"), QMessageBox::RejectRole));
+        notes = tr("A new version of Tessary is available.");
+    QMessageBox& box = newBox(tr("Tessary %1 is available").arg(printable(update.version)), notes);
+    const QPushButton* download = box.addButton(tr("Download"), QMessageBox::AcceptRole);
+    const QPushButton* skip = update.mandatory
+                                  ? nullptr
+                                  : box.addButton(tr("Skip This Version"), QMessageBox::ActionRole);
+    box.setEscapeButton(box.addButton(tr("Later"), QMessageBox::RejectRole));
     connect(&box, &QMessageBox::finished, this, [this, &box, download, skip, update] {
         const QAbstractButton* clicked = box.clickedButton();
         if (clicked != nullptr && clicked == skip)

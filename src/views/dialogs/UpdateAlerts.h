@@ -11,6 +11,8 @@ namespace tessary {
 
 /// The command that looks for updates, and what came of it, told over the main window.
 class UpdateAlerts : public QObject {
+    Q_OBJECT
+
 public:
     /// `checker` and `window` must outlive this.
     UpdateAlerts(UpdateCheckerService& checker, QWidget& window);

@@ -24,16 +24,18 @@ constexpr int idRole = Qt::UserRole;
 QString stateText(const WirelessViewModel::Phone& phone) {
     switch (phone.step) {
     case WirelessViewModel::Step::working:
-        return phone.device.isPairing ? tessary::tr("Pairing…") : tessary::tr("Connecting…");
+        return phone.device.isPairing ? WirelessDialog::tr("Pairing…")
+                                      : WirelessDialog::tr("Connecting…");
     case WirelessViewModel::Step::done:
-        return phone.device.isPairing ? tessary::tr("Paired") : tessary::tr("Connected");
+        return phone.device.isPairing ? WirelessDialog::tr("Paired")
+                                      : WirelessDialog::tr("Connected");
     case WirelessViewModel::Step::failed:
         return printable(trMessage(phone.failure));
     case WirelessViewModel::Step::none:
         break;
     }
-    return phone.device.isPairing ? tessary::tr("Waiting to be paired")
-                                  : tessary::tr("Ready to connect");
+    return phone.device.isPairing ? WirelessDialog::tr("Waiting to be paired")
+                                  : WirelessDialog::tr("Ready to connect");
 }
 
 } // namespace
@@ -109,13 +111,12 @@ void WirelessDialog::hideEvent(QHideEvent* event) {
 }
 
 void WirelessDialog::setTexts() {
-    setWindowTitle(tessary::tr("Wireless Devices"));
-    intro_->setText(tessary::tr("Phones on this network on which wireless debugging is switched "
-                                "on."));
-    list_->setAccessibleName(tessary::tr("Wireless Devices"));
-    busy_->setAccessibleName(tessary::tr("Looking for phones…"));
-    again_->setText(tessary::tr("Search Again"));
-    close_->setText(tessary::tr("Close"));
+    setWindowTitle(tr("Wireless Devices"));
+    intro_->setText(tr("Phones on this network on which wireless debugging is switched on."));
+    list_->setAccessibleName(tr("Wireless Devices"));
+    busy_->setAccessibleName(tr("Looking for phones…"));
+    again_->setText(tr("Search Again"));
+    close_->setText(tr("Close"));
     showPhones();
 }
 
@@ -138,21 +139,18 @@ void WirelessDialog::showPhones() {
     }
     const bool isUnavailable = phones_.state() == WirelessViewModel::State::unavailable;
     busy_->setVisible(!isUnavailable && phones.empty());
-    note_->setText(
-        isUnavailable
-            ? tessary::tr("This computer cannot look for phones on the network: the service for it "
-                          "(avahi-daemon) does not run.")
-        : phones.empty()
-            ? tessary::tr("On the phone, switch on wireless debugging in the developer options. "
-                          "It must be on the same network as this computer.")
-            : tessary::tr("A phone that waits to be paired shows a code of six digits."));
+    note_->setText(isUnavailable ? tr("This computer cannot look for phones on the network: the "
+                                      "service for it (avahi-daemon) does not run.")
+                   : phones.empty()
+                       ? tr("On the phone, switch on wireless debugging in the developer options. "
+                            "It must be on the same network as this computer.")
+                       : tr("A phone that waits to be paired shows a code of six digits."));
     showButtons();
 }
 
 void WirelessDialog::showButtons() {
     const WirelessViewModel::Phone* phone = chosen();
-    connect_->setText(phone && phone->device.isPairing ? tessary::tr("Pair…")
-                                                       : tessary::tr("Connect"));
+    connect_->setText(phone && phone->device.isPairing ? tr("Pair…") : tr("Connect"));
     connect_->setEnabled(phone && !phones_.isWorking() &&
                          phone->step != WirelessViewModel::Step::done);
 }
@@ -173,10 +171,10 @@ void WirelessDialog::connectOrPair() {
     }
     auto* question = new QInputDialog(this);
     question->setAttribute(Qt::WA_DeleteOnClose);
-    question->setWindowTitle(tessary::tr("Pair…"));
-    question->setLabelText(tessary::tr("The six digits that the phone shows:"));
-    question->setOkButtonText(tessary::tr("Pair"));
-    question->setCancelButtonText(tessary::tr("browser.cancel"));
+    question->setWindowTitle(tr("Pair…"));
+    question->setLabelText(tr("The six digits that the phone shows:"));
+    question->setOkButtonText(tr("Pair"));
+    question->setCancelButtonText(tr("Cancel"));
     connect(question, &QInputDialog::textValueSelected, this, [this, id](const QString& text) {
         static const QRegularExpression blanks(QStringLiteral("\\s"));
         static const QRegularExpression digits(QStringLiteral("^\\d{6}$"));

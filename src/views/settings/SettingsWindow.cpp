@@ -1,6 +1,5 @@
 #include "views/settings/SettingsWindow.h"
 
-#include "app/Translations.h"
 #include "views/common/Icons.h"
 #include "views/common/WindowStateStore.h"
 #include "views/sync/SyncPairList.h"
@@ -146,26 +145,27 @@ QWidget* SettingsWindow::makeAbout() {
 
 void SettingsWindow::showTexts() {
     setLocale(QLocale());
-    setWindowTitle(tessary::tr("settings.title"));
-    tabs_->setAccessibleName(tessary::tr("settings.title"));
-    tabs_->tabBar()->setAccessibleName(tessary::tr("settings.title"));
-    tabs_->setTabText(generalTab, tessary::tr("settings.general"));
-    tabs_->setTabText(syncTab, tessary::tr("settings.sync"));
-    tabs_->setTabText(updatesTab, tessary::tr("settings.updates"));
-    tabs_->setTabText(aboutTab, tessary::tr("settings.about"));
-    languageLabel_->setText(tessary::tr("settings.language"));
-    language_->setAccessibleName(tessary::tr("settings.language"));
-    language_->setItemText(0, tessary::tr("System Default"));
-    languageNote_->setText(tessary::tr("settings.languageDesc"));
-    remember_->setText(tessary::tr("Open the window as it was left"));
-    autoCheck_->setText(tessary::tr("settings.autoCheckUpdates"));
-    check_->setText(tessary::tr("settings.checkUpdates"));
-    const QString version = QStringLiteral("%1 %2").arg(tessary::tr("settings.version"),
-                                                        app_.updateChecker().currentVersion());
+    setWindowTitle(tr("Settings"));
+    tabs_->setAccessibleName(tr("Settings"));
+    tabs_->tabBar()->setAccessibleName(tr("Settings"));
+    tabs_->setTabText(generalTab, tr("General"));
+    tabs_->setTabText(syncTab, tr("Sync"));
+    tabs_->setTabText(updatesTab, tr("Updates"));
+    tabs_->setTabText(aboutTab, tr("About"));
+    languageLabel_->setText(tr("Language"));
+    language_->setAccessibleName(tr("Language"));
+    language_->setItemText(0, tr("System Default"));
+    languageNote_->setText(
+        tr("Choose your preferred display language. Changes apply immediately."));
+    remember_->setText(tr("Open the window as it was left"));
+    autoCheck_->setText(tr("Automatically check for updates"));
+    check_->setText(tr("Check for Updates…"));
+    const QString version =
+        QStringLiteral("%1 %2").arg(tr("Version"), app_.updateChecker().currentVersion());
     version_->setText(version);
     aboutVersion_->setText(version);
-    aboutWords_->setText(tessary::tr("Browse phones and copy files to and from them."));
-    homepage_->setText(tessary::tr("Website"));
+    aboutWords_->setText(tr("Browse phones and copy files to and from them."));
+    homepage_->setText(tr("Website"));
     showState();
 }
 

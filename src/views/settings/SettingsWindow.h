@@ -18,6 +18,8 @@ class WindowStateStore;
 /// The settings: language and window, sync pairs, updates, and what this program is. What is chosen
 /// applies at once.
 class SettingsWindow : public QDialog {
+    Q_OBJECT
+
 public:
     /// All must outlive it.
     SettingsWindow(TessaryApp& app, SyncViewModel& sync, WindowStateStore& memory,

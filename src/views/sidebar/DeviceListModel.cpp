@@ -1,7 +1,7 @@
 #include "views/sidebar/DeviceListModel.h"
 
+#include "app/DisplayNames.h"
 #include "app/LanguageManager.h"
-#include "app/Translations.h"
 #include "base/text/ByteFormat.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
@@ -53,7 +53,7 @@ QVariant DeviceListModel::data(const QModelIndex& index, int role) const {
     case Qt::ToolTipRole:
         return plainToolTip(QStringLiteral("%1\n%2").arg(name, printable(device->udid)));
     case stateRole:
-        return manager_.trouble(device->id()) ? tessary::tr("Needs your attention")
+        return manager_.trouble(device->id()) ? tr("Needs your attention")
                                               : deviceStorageText(*device);
     case Qt::AccessibleTextRole:
         return QStringLiteral("%1, %2, %3")
@@ -103,26 +103,28 @@ void DeviceListModel::update() {
 }
 
 QString deviceDetail(const DeviceInfo& device) {
-    const QString mode = tessary::tr(rawValue(device.protocolMode));
+    const QString mode = displayName(device.protocolMode);
     if (!device.batteryLevel)
         return mode;
     return QStringLiteral("%1  ·  %2")
-        .arg(mode, tessary::tr("Battery %1 %").arg(*device.batteryLevel));
+        .arg(mode, DeviceListModel::tr("Battery %1 %").arg(*device.batteryLevel));
 }
 
 QString deviceStorageText(const DeviceInfo& device) {
     if (device.isLocked)
-        return tessary::tr("Locked: unlock it");
+        return DeviceListModel::tr("Locked: unlock it");
     if (device.volumes.empty()) {
+        if (device.freeStorageBytes && device.totalStorageBytes.value_or(0) > 0)
+            return freeSpaceText(
+                static_cast<std::uint64_t>(std::max<qint64>(*device.freeStorageBytes, 0)),
+                static_cast<std::uint64_t>(*device.totalStorageBytes));
         // An iPhone that is to be trusted first takes many seconds to say so.
         const bool isConnecting = device.platform == DevicePlatform::iOS && !device.deviceName;
-        return device.formattedStorageSummary().value_or(
-            isConnecting ? tessary::tr("Connecting…") : tessary::tr("Reading storage…"));
+        return isConnecting ? DeviceListModel::tr("Connecting…")
+                            : DeviceListModel::tr("Reading storage…");
     }
     const StorageVolume& first = device.volumes.front();
-    return tessary::tr("%1 free of %2")
-        .arg(formatBytes(static_cast<qint64>(std::min(first.freeBytes, first.totalBytes))),
-             formatBytes(static_cast<qint64>(first.totalBytes)));
+    return freeSpaceText(first.freeBytes, first.totalBytes);
 }
 
 } // namespace tessary

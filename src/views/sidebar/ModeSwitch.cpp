@@ -1,7 +1,7 @@
 #include "views/sidebar/ModeSwitch.h"
 
+#include "app/DisplayNames.h"
 #include "app/LanguageManager.h"
-#include "app/Translations.h"
 
 #include <QButtonGroup>
 #include <QHBoxLayout>
@@ -21,8 +21,8 @@ QPushButton* modeButton(ProtocolMode mode, const char* toolTip) {
     keepTranslated(button, [button, mode, toolTip] {
         button->setText(mode == ProtocolMode::mtp ? QStringLiteral("MTP")
                                                   : QStringLiteral("Turbo (ADB)"));
-        button->setAccessibleName(tessary::tr(rawValue(mode)));
-        button->setToolTip(tessary::tr(toolTip));
+        button->setAccessibleName(displayName(mode));
+        button->setToolTip(ModeSwitch::tr(toolTip));
     });
     return button;
 }
@@ -31,9 +31,10 @@ QPushButton* modeButton(ProtocolMode mode, const char* toolTip) {
 
 ModeSwitch::ModeSwitch(std::function<void(ProtocolMode)> useMode, QWidget* parent)
     : QWidget(parent),
-      standard_(modeButton(ProtocolMode::mtp, "Works with every phone, nothing to set up.")),
+      standard_(
+          modeButton(ProtocolMode::mtp, QT_TR_NOOP("Works with every phone, nothing to set up."))),
       turbo_(modeButton(ProtocolMode::adbTurbo,
-                        "Faster and sees more. Needs USB debugging on the phone.")) {
+                        QT_TR_NOOP("Faster and sees more. Needs USB debugging on the phone."))) {
     setObjectName(QStringLiteral("modeSwitch"));
     auto* group = new QButtonGroup(this);
     auto* row = new QHBoxLayout(this);

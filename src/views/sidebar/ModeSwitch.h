@@ -13,6 +13,8 @@ namespace tessary {
 
 /// How the chosen Android phone is reached, as two buttons of which one is down.
 class ModeSwitch : public QWidget {
+    Q_OBJECT
+
 public:
     explicit ModeSwitch(std::function<void(ProtocolMode)> useMode, QWidget* parent = nullptr);
 

@@ -1,10 +1,10 @@
 #include "views/sidebar/PlaceList.h"
 
 #include "app/LanguageManager.h"
-#include "app/Translations.h"
 #include "views/common/RowGround.h"
 #include "views/sidebar/PlaceListModel.h"
 
+#include <QCoreApplication>
 #include <QLabel>
 #include <QPainter>
 #include <QStyledItemDelegate>
@@ -52,9 +52,11 @@ public:
 
 } // namespace
 
-QWidget* makeSectionHeading(const char* key) {
+QWidget* makeSectionHeading(const char* text) {
     auto* heading = new QLabel;
-    keepTranslated(heading, [heading, key] { heading->setText(tessary::tr(key)); });
+    keepTranslated(heading, [heading, text] {
+        heading->setText(QCoreApplication::translate("tessary::Sidebar", text));
+    });
     QFont font = heading->font();
     font.setPointSizeF(font.pointSizeF() * 0.88);
     font.setWeight(QFont::DemiBold);
@@ -64,10 +66,11 @@ QWidget* makeSectionHeading(const char* key) {
     return heading;
 }
 
-PlaceList::PlaceList(const char* headingKey, PlaceListModel& model, QWidget* parent)
+PlaceList::PlaceList(const char* heading, PlaceListModel& model, QWidget* parent)
     : QWidget(parent), model_(model), view_(new QListView), hint_(new QLabel) {
-    keepTranslated(view_,
-                   [this, headingKey] { view_->setAccessibleName(tessary::tr(headingKey)); });
+    keepTranslated(view_, [this, heading] {
+        view_->setAccessibleName(QCoreApplication::translate("tessary::Sidebar", heading));
+    });
     view_->setModel(&model);
     view_->setFrameShape(QFrame::NoFrame);
     view_->setIconSize({18, 18});
@@ -87,16 +90,18 @@ PlaceList::PlaceList(const char* headingKey, PlaceListModel& model, QWidget* par
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(makeSectionHeading(headingKey));
+    column->addWidget(makeSectionHeading(heading));
     column->addWidget(hint_);
     column->addWidget(view_);
     connect(&model, &QAbstractItemModel::modelReset, this, [this] { fit(); });
     fit();
 }
 
-void PlaceList::setHint(const char* key) {
+void PlaceList::setHint(const char* text) {
     hasHint_ = true;
-    keepTranslated(hint_, [this, key] { hint_->setText(tessary::tr(key)); });
+    keepTranslated(hint_, [this, text] {
+        hint_->setText(QCoreApplication::translate("tessary::Sidebar", text));
+    });
     fit();
 }
 

@@ -11,15 +11,17 @@ class PlaceListModel;
 /// One section of the sidebar: a heading, and rows that take no more room than they need. Without
 /// rows it is gone, unless it has words for that.
 class PlaceList : public QWidget {
+    Q_OBJECT
+
 public:
-    /// `model` must outlive it. `headingKey` is for tr().
-    PlaceList(const char* headingKey, PlaceListModel& model, QWidget* parent = nullptr);
+    /// `model` must outlive it. `heading` is for tr().
+    PlaceList(const char* heading, PlaceListModel& model, QWidget* parent = nullptr);
 
     [[nodiscard]] QListView& view() const {
         return *view_;
     }
     /// A key for tr(): shown in place of rows.
-    void setHint(const char* key);
+    void setHint(const char* text);
     /// Marks a row, or none.
     void mark(const QModelIndex& index);
 
@@ -33,6 +35,6 @@ private:
 };
 
 /// The small heading above a section.
-[[nodiscard]] QWidget* makeSectionHeading(const char* key);
+[[nodiscard]] QWidget* makeSectionHeading(const char* text);
 
 } // namespace tessary

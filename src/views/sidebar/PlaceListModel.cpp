@@ -1,10 +1,12 @@
 #include "views/sidebar/PlaceListModel.h"
 
-#include "app/Translations.h"
+#include "app/DisplayNames.h"
 #include "base/text/Printable.h"
 #include "browser/listing/EntryMimeData.h"
 #include "views/common/Icons.h"
 #include "views/common/PlainText.h"
+
+#include <QCoreApplication>
 
 #include <algorithm>
 #include <array>
@@ -23,12 +25,12 @@ struct Shortcut {
 };
 
 constexpr std::array shortcuts{
-    Shortcut{"sidebar.cameraPhotos", "camera-photo", "DCIM"},
-    Shortcut{"sidebar.downloads", "folder-download", "Download"},
-    Shortcut{"sidebar.pictures", "folder-pictures", "Pictures"},
-    Shortcut{"sidebar.music", "folder-music", "Music"},
-    Shortcut{"sidebar.moviesVideos", "folder-videos", "Movies"},
-    Shortcut{"sidebar.documents", "folder-documents", "Documents"},
+    Shortcut{QT_TRANSLATE_NOOP("tessary::Sidebar", "Camera & Photos"), "camera-photo", "DCIM"},
+    Shortcut{QT_TRANSLATE_NOOP("tessary::Sidebar", "Downloads"), "folder-download", "Download"},
+    Shortcut{QT_TRANSLATE_NOOP("tessary::Sidebar", "Pictures"), "folder-pictures", "Pictures"},
+    Shortcut{QT_TRANSLATE_NOOP("tessary::Sidebar", "Music"), "folder-music", "Music"},
+    Shortcut{QT_TRANSLATE_NOOP("tessary::Sidebar", "Movies & Videos"), "folder-videos", "Movies"},
+    Shortcut{QT_TRANSLATE_NOOP("tessary::Sidebar", "Documents"), "folder-documents", "Documents"},
 };
 
 const QString& mainStorage() {
@@ -166,7 +168,7 @@ std::vector<Place> shortcutsOf(const DeviceInfo& device) {
     std::vector<Place> places;
     for (const Shortcut& shortcut : shortcuts)
         places.push_back({QString::fromLatin1(shortcut.iconName),
-                          tessary::tr(shortcut.title),
+                          QCoreApplication::translate("tessary::Sidebar", shortcut.title),
                           mainStorage() + QLatin1Char('/') + QString::fromLatin1(shortcut.folder),
                           {}});
     return places;
@@ -180,9 +182,9 @@ std::vector<Place> volumesOf(const DeviceInfo& device) {
         const StorageVolume& volume = device.volumes[i];
         places.push_back(
             {volume.isSDCard ? QStringLiteral("media-flash") : QStringLiteral("drive-harddisk"),
-             printable(volume.name.isEmpty() ? volume.id : volume.name),
+             printable(volume.name.isEmpty() ? volume.id : storageDisplayName(volume.name)),
              i == 0 ? mainStorage() : QStringLiteral("/storage/") + volume.id,
-             volume.formattedCapacity()});
+             freeSpaceText(volume.freeBytes, volume.totalBytes)});
     }
     return places;
 }

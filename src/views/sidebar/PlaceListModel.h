@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/FavoritesManager.h"
-#include "phone/records/DeviceInfo.h"
 #include "phone/FileAccess.h"
+#include "phone/records/DeviceInfo.h"
 
 #include <QAbstractListModel>
 
@@ -23,6 +23,8 @@ struct Place {
 
 /// The places of one section of the sidebar.
 class PlaceListModel : public QAbstractListModel {
+    Q_OBJECT
+
 public:
     using QAbstractListModel::QAbstractListModel;
 

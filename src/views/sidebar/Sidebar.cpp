@@ -1,7 +1,6 @@
 #include "views/sidebar/Sidebar.h"
 
 #include "app/LanguageManager.h"
-#include "app/Translations.h"
 #include "views/common/Icons.h"
 #include "views/sidebar/DeviceDelegate.h"
 #include "views/sidebar/ModeSwitch.h"
@@ -31,7 +30,7 @@ QWidget* makeWirelessButton(const std::function<void()>& showWireless) {
     button->setIconSize({18, 18});
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setAutoRaise(true);
-    keepTranslated(button, [button] { button->setText(tessary::tr("Wireless Devices…")); });
+    keepTranslated(button, [button] { button->setText(Sidebar::tr("Wireless Devices…")); });
     QObject::connect(button, &QToolButton::clicked, button, showWireless);
     auto* row = new QWidget;
     auto* layout = new QHBoxLayout(row);
@@ -52,12 +51,14 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, Wishes w
       noDevices_(new QLabel),
       mode_(new ModeSwitch(wishes_.useMode)),
       favoriteModel_(favorites),
-      favoriteList_(new PlaceList("sidebar.favorites", favoriteModel_)),
-      shortcutList_(new PlaceList("sidebar.quickShortcuts", shortcutModel_)),
-      volumeList_(new PlaceList("sidebar.storageVolumes", volumeModel_)) {
+      favoriteList_(
+          new PlaceList(QT_TRANSLATE_NOOP("tessary::Sidebar", "Favorites"), favoriteModel_)),
+      shortcutList_(
+          new PlaceList(QT_TRANSLATE_NOOP("tessary::Sidebar", "Quick Shortcuts"), shortcutModel_)),
+      volumeList_(
+          new PlaceList(QT_TRANSLATE_NOOP("tessary::Sidebar", "Storage Volumes"), volumeModel_)) {
     deviceList_->setObjectName(QStringLiteral("deviceList"));
-    keepTranslated(
-        this, [this] { deviceList_->setAccessibleName(tessary::tr("sidebar.connectedDevices")); });
+    keepTranslated(this, [this] { deviceList_->setAccessibleName(tr("Connected Devices")); });
     deviceList_->setModel(&devices);
     deviceList_->setItemDelegate(new DeviceDelegate(deviceList_));
     deviceList_->setFrameShape(QFrame::NoFrame);
@@ -73,12 +74,13 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, Wishes w
     noDevices_->setForegroundRole(QPalette::PlaceholderText);
     noDevices_->setContentsMargins(16, 2, 12, 4);
     keepTranslated(noDevices_, [this] {
-        noDevices_->setText(tessary::tr("sidebar.noDevices") + QLatin1Char('\n') +
-                            tessary::tr("sidebar.connectPrompt"));
+        noDevices_->setText(tr("No Devices") + QLatin1Char('\n') +
+                            tr("Connect an iOS or Android device via USB"));
     });
 
     favoriteList_->view().setObjectName(QStringLiteral("favoriteList"));
-    favoriteList_->setHint("Drop a folder here to keep it at hand.");
+    favoriteList_->setHint(
+        QT_TRANSLATE_NOOP("tessary::Sidebar", "Drop a folder here to keep it at hand."));
     QListView& favoriteView = favoriteList_->view();
     favoriteView.setDragDropMode(QAbstractItemView::DragDrop);
     favoriteView.setDefaultDropAction(Qt::MoveAction);
@@ -97,7 +99,7 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, Wishes w
         if (!favorite)
             return;
         QMenu menu;
-        menu.addAction(icon("edit-delete-remove"), tessary::tr("browser.removeFromFavorites"),
+        menu.addAction(icon("edit-delete-remove"), tr("Remove from Favorites"),
                        [this, id = favorite->id] { favorites_.removeFavorite(id); });
         menu.exec(view.viewport()->mapToGlobal(where));
     });
@@ -115,7 +117,8 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, Wishes w
     auto* column = new QVBoxLayout(content);
     column->setContentsMargins(0, 0, 0, 8);
     column->setSpacing(0);
-    column->addWidget(makeSectionHeading("sidebar.connectedDevices"));
+    column->addWidget(
+        makeSectionHeading(QT_TRANSLATE_NOOP("tessary::Sidebar", "Connected Devices")));
     column->addWidget(deviceList_);
     column->addWidget(noDevices_);
     column->addWidget(mode_);

@@ -19,6 +19,8 @@ class PlaceList;
 /// The left side of the window: the devices, and what leads into the chosen one: its favorites, the
 /// usual folders and its storages.
 class Sidebar : public QWidget {
+    Q_OBJECT
+
 public:
     /// What the user wishes.
     struct Wishes {

@@ -1,17 +1,26 @@
 #include "views/sync/SyncFileList.h"
 
-#include "app/Translations.h"
 #include "base/text/ByteFormat.h"
 #include "base/text/Printable.h"
 #include "views/common/PlainText.h"
 
+#include <QCoreApplication>
 #include <QHeaderView>
 #include <QTreeWidget>
 
 namespace tessary {
 
+namespace {
+
+/// The context of this file's texts.
+class SyncFileList {
+    Q_DECLARE_TR_FUNCTIONS(SyncFileList)
+};
+
+} // namespace
+
 void setUpSyncFileList(QTreeWidget& list, const QString& last) {
-    list.setHeaderLabels({tessary::tr("Name"), tessary::tr("Size"), last});
+    list.setHeaderLabels({SyncFileList::tr("Name"), SyncFileList::tr("Size"), last});
     list.setRootIsDecorated(false);
     list.setUniformRowHeights(true);
     list.setAlternatingRowColors(true);

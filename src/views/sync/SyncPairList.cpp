@@ -1,7 +1,6 @@
 #include "views/sync/SyncPairList.h"
 
 #include "app/LanguageManager.h"
-#include "app/Translations.h"
 #include "views/sync/SyncPairRow.h"
 
 #include <QLabel>
@@ -43,8 +42,8 @@ SyncPairList::SyncPairList(SyncViewModel& sync, QWidget* parent)
             row->update();
     });
     keepTranslated(this, [this] {
-        none_->setText(tessary::tr("No folders are kept in step yet. Open a folder of the phone, "
-                                   "then choose “Sync This Folder…”."));
+        none_->setText(tr("No folders are kept in step yet. Open a folder of the phone, then "
+                          "choose “Sync This Folder…”."));
         rebuild();
     });
 }

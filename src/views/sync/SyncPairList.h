@@ -15,6 +15,8 @@ class SyncPairRow;
 
 /// The pairs with their state and what may be done with them, or words about how to make one.
 class SyncPairList : public QWidget {
+    Q_OBJECT
+
 public:
     /// `sync` must outlive it.
     explicit SyncPairList(SyncViewModel& sync, QWidget* parent = nullptr);

@@ -1,5 +1,6 @@
 #include "views/sync/SyncPairRow.h"
 
+#include "app/DisplayNames.h"
 #include "app/Translations.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
@@ -99,15 +100,15 @@ void SyncPairRow::update() {
     const bool isRunning = sync_.manager().isRunningOrWaiting(id_);
     const QString local = QDir(pair->localFolderPath).dirName();
     title_->setText(printable(local) + QLatin1Char(' ') + arrow(pair->syncMode) + QLatin1Char(' ') +
-                    printable(pair->displayRemotePath()));
+                    printable(remoteDisplayPath(*pair)));
     title_->setToolTip(plainToolTip(printable(pair->localFolderPath)));
-    detail_->setText(QStringLiteral("%1  ·  %2  ·  %3")
-                         .arg(printable(pair->deviceName), printable(pair->appName),
-                              tessary::tr(pair->modeDisplayName())));
+    detail_->setText(
+        QStringLiteral("%1  ·  %2  ·  %3")
+            .arg(printable(pair->deviceName), printable(pair->appName), modeDisplayName(*pair)));
     QString state = trMessage(pair->status.label());
     const bool isWaiting = isRunning && pair->status.kind != SyncStatus::Kind::syncing;
     if (isWaiting)
-        state = tessary::tr("Queued");
+        state = tr("Queued");
     else if (pair->status.kind == SyncStatus::Kind::syncing && pair->progress.totalFiles > 0)
         state += QStringLiteral("  ") + pair->progress.filesDescription() +
                  QStringLiteral("  ·  ") + pair->progress.bytesDescription();
@@ -127,17 +128,16 @@ void SyncPairRow::update() {
         progress_->setValue(pair->progress.progressPercentDescription().chopped(1).toInt());
     run_->setVisible(!isRunning);
     cancel_->setVisible(isRunning);
-    name(*run_, tessary::tr("Sync Now"));
-    name(*cancel_, tessary::tr("browser.cancel"));
-    name(*remove_, tessary::tr("Remove This Pair"));
+    name(*run_, tr("Sync Now"));
+    name(*cancel_, tr("Cancel"));
+    name(*remove_, tr("Remove This Pair"));
 }
 
 void SyncPairRow::remove() {
-    QMessageBox question(QMessageBox::Question, tessary::tr("Remove This Pair"),
-                         tessary::tr("Stop keeping these folders in step?"), QMessageBox::NoButton,
-                         this);
-    question.setInformativeText(tessary::tr("No file is deleted on either side."));
-    QAbstractButton* yes = question.addButton(tessary::tr("Remove"), QMessageBox::DestructiveRole);
+    QMessageBox question(QMessageBox::Question, tr("Remove This Pair"),
+                         tr("Stop keeping these folders in step?"), QMessageBox::NoButton, this);
+    question.setInformativeText(tr("No file is deleted on either side."));
+    QAbstractButton* yes = question.addButton(tr("Remove"), QMessageBox::DestructiveRole);
     question.setDefaultButton(question.addButton(QMessageBox::Cancel));
     makePlain(question);
     question.exec();

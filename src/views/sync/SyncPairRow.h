@@ -12,6 +12,8 @@ namespace tessary {
 
 /// One pair of the sync menu: what is tied to what, how it stands, and run, cancel and remove.
 class SyncPairRow : public QWidget {
+    Q_OBJECT
+
 public:
     /// `sync` must outlive it.
     SyncPairRow(SyncViewModel& sync, const QUuid& id, QWidget* parent = nullptr);

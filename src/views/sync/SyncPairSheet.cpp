@@ -1,5 +1,6 @@
 #include "views/sync/SyncPairSheet.h"
 
+#include "app/DisplayNames.h"
 #include "app/Translations.h"
 #include "base/text/Printable.h"
 #include "sync/manager/SyncViewModel.h"
@@ -23,21 +24,20 @@ SyncPairSheet::SyncPairSheet(SyncPair draft, ChooseFolder chooseFolder, QWidget*
       chooseFolder_(std::move(chooseFolder)),
       folder_(new QLineEdit(QDir::toNativeSeparators(pair_.localFolderPath))),
       mode_(new QComboBox),
-      deletes_(new QCheckBox(tessary::tr("A file deleted on one side is deleted on the other, "
-                                         "after asking"))),
-      moves_(new QCheckBox(tessary::tr("Remove files from where they came once they have "
-                                       "arrived"))),
+      deletes_(
+          new QCheckBox(tr("A file deleted on one side is deleted on the other, after asking"))),
+      moves_(new QCheckBox(tr("Remove files from where they came once they have arrived"))),
       sentence_(new QLabel),
       next_(nullptr) {
     setObjectName(QStringLiteral("syncPairSheet"));
-    setWindowTitle(tessary::tr("Sync This Folder"));
+    setWindowTitle(tr("Sync This Folder"));
     setMinimumWidth(520);
     folder_->setObjectName(QStringLiteral("syncLocalFolder"));
-    folder_->setAccessibleName(tessary::tr("Folder on this computer"));
-    mode_->setAccessibleName(tessary::tr("Direction"));
-    mode_->addItem(tessary::tr("Both ways"), static_cast<int>(SyncMode::biDirectional));
-    mode_->addItem(tessary::tr("Only to the phone"), static_cast<int>(SyncMode::toiPhone));
-    mode_->addItem(tessary::tr("Only to this computer"), static_cast<int>(SyncMode::toMac));
+    folder_->setAccessibleName(tr("Folder on this computer"));
+    mode_->setAccessibleName(tr("Direction"));
+    mode_->addItem(tr("Both ways"), static_cast<int>(SyncMode::biDirectional));
+    mode_->addItem(tr("Only to the phone"), static_cast<int>(SyncMode::toiPhone));
+    mode_->addItem(tr("Only to this computer"), static_cast<int>(SyncMode::toMac));
     mode_->setCurrentIndex(mode_->findData(static_cast<int>(pair_.syncMode)));
     deletes_->setChecked(pair_.deleteSyncEnabled);
     moves_->setChecked(pair_.moveFilesEnabled);
@@ -46,7 +46,7 @@ SyncPairSheet::SyncPairSheet(SyncPair draft, ChooseFolder chooseFolder, QWidget*
     sentence_->setMinimumHeight(sentence_->fontMetrics().height() * 3);
     sentence_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
 
-    auto* choose = new QPushButton(tessary::tr("Choose…"));
+    auto* choose = new QPushButton(tr("Choose…"));
     connect(choose, &QPushButton::clicked, this, [this] {
         const QString chosen = chooseFolder_(this, folder_->text());
         if (!chosen.isEmpty())
@@ -56,16 +56,16 @@ SyncPairSheet::SyncPairSheet(SyncPair draft, ChooseFolder chooseFolder, QWidget*
     folderRow->addWidget(folder_, 1);
     folderRow->addWidget(choose);
     auto* remote = new QLabel(QStringLiteral("%1: %2").arg(printable(pair_.deviceName),
-                                                           printable(pair_.displayRemotePath())));
+                                                           printable(remoteDisplayPath(pair_))));
     auto* form = new QFormLayout;
-    form->addRow(tessary::tr("Folder on the phone"), remote);
-    form->addRow(tessary::tr("Folder on this computer"), folderRow);
-    form->addRow(tessary::tr("Direction"), mode_);
+    form->addRow(tr("Folder on the phone"), remote);
+    form->addRow(tr("Folder on this computer"), folderRow);
+    form->addRow(tr("Direction"), mode_);
     form->addRow(QString(), deletes_);
     form->addRow(QString(), moves_);
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
-    next_ = buttons->addButton(tessary::tr("Show What Will Happen"), QDialogButtonBox::AcceptRole);
+    next_ = buttons->addButton(tr("Show What Will Happen"), QDialogButtonBox::AcceptRole);
     next_->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

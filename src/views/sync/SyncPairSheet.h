@@ -17,6 +17,8 @@ namespace tessary {
 /// Makes a sync pair of a device folder: the local folder, the mode, and what happens to deleted
 /// and transferred files, with one plain sentence that says what will come of it.
 class SyncPairSheet : public QDialog {
+    Q_OBJECT
+
 public:
     using ChooseFolder = std::function<QString(QWidget* parent, const QString& startAt)>;
 

@@ -1,7 +1,6 @@
 #include "views/sync/SyncPanel.h"
 
 #include "app/LanguageManager.h"
-#include "app/Translations.h"
 #include "views/sync/SyncPairList.h"
 
 #include <QHBoxLayout>
@@ -27,9 +26,9 @@ SyncPanel::SyncPanel(SyncViewModel& sync, std::function<void()> makePair, QWidge
     setFixedWidth(panelWidth);
     makePair_->setObjectName(QStringLiteral("makePair"));
     keepTranslated(this, [this] {
-        setAccessibleName(tessary::tr("Sync"));
-        makePair_->setText(tessary::tr("Sync This Folder…"));
-        runAll_->setText(tessary::tr("Sync All"));
+        setAccessibleName(tr("Sync"));
+        makePair_->setText(tr("Sync This Folder…"));
+        runAll_->setText(tr("Sync All"));
     });
     connect(makePair_, &QPushButton::clicked, this, [this, makePair = std::move(makePair)] {
         hide();

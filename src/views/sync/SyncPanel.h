@@ -13,6 +13,8 @@ namespace tessary {
 /// The sync menu: the pairs with their state and what may be done with them, and what makes a new
 /// one. A popup that closes when the user clicks elsewhere.
 class SyncPanel : public QFrame {
+    Q_OBJECT
+
 public:
     /// `sync` must outlive it. `makePair` lets the user make a pair of the folder being browsed.
     SyncPanel(SyncViewModel& sync, std::function<void()> makePair, QWidget* parent = nullptr);

@@ -19,29 +19,26 @@ namespace {
 
 using Kind = SyncPreviewItem::Kind;
 
-/// A list of more lines is read by nobody.
-constexpr std::size_t maxLines = 2000;
-
 QString actionText(const SyncPreviewItem& item) {
     switch (item.kind) {
     case Kind::upload:
-        return tessary::tr("Copy to the phone");
+        return SyncPreviewDialog::tr("Copy to the phone");
     case Kind::download:
-        return tessary::tr("Copy to this computer");
+        return SyncPreviewDialog::tr("Copy to this computer");
     case Kind::move:
-        return item.toDevice ? tessary::tr("Move to the phone")
-                             : tessary::tr("Move to this computer");
+        return item.toDevice ? SyncPreviewDialog::tr("Move to the phone")
+                             : SyncPreviewDialog::tr("Move to this computer");
     case Kind::conflict:
-        return tessary::tr("Changed on both sides: keep both");
+        return SyncPreviewDialog::tr("Changed on both sides: keep both");
     case Kind::remove:
-        return item.toDevice ? tessary::tr("Delete on the phone")
-                             : tessary::tr("Delete on this computer");
+        return item.toDevice ? SyncPreviewDialog::tr("Delete on the phone")
+                             : SyncPreviewDialog::tr("Delete on this computer");
     case Kind::leave:
-        return tessary::tr("Leave as it is");
+        return SyncPreviewDialog::tr("Leave as it is");
     case Kind::skip:
         break;
     }
-    return tessary::tr("Skip");
+    return SyncPreviewDialog::tr("Skip");
 }
 
 const char* actionIcon(const SyncPreviewItem& item) {
@@ -73,7 +70,7 @@ SyncPreviewDialog::SyncPreviewDialog(QWidget* parent)
       list_(new QTreeWidget),
       run_(nullptr) {
     setObjectName(QStringLiteral("syncPreview"));
-    setWindowTitle(tessary::tr("What Will Happen"));
+    setWindowTitle(tr("What Will Happen"));
     resize(640, 440);
     title_->setWordWrap(true);
     QFont bold = title_->font();
@@ -85,11 +82,11 @@ SyncPreviewDialog::SyncPreviewDialog(QWidget* parent)
     warning_->setPalette(red);
     busy_->setRange(0, 0);
     busy_->setTextVisible(false);
-    list_->setAccessibleName(tessary::tr("What Will Happen"));
-    setUpSyncFileList(*list_, tessary::tr("Action"));
+    list_->setAccessibleName(tr("What Will Happen"));
+    setUpSyncFileList(*list_, tr("Action"));
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
-    run_ = buttons->addButton(tessary::tr("Sync Now"), QDialogButtonBox::AcceptRole);
+    run_ = buttons->addButton(tr("Sync Now"), QDialogButtonBox::AcceptRole);
     run_->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -112,16 +109,17 @@ void SyncPreviewDialog::show(const SyncViewModel::Preview& preview) {
     if (preview.plan)
         fill(*preview.plan);
     else
-        title_->setText(preview.isLoading() ? tessary::tr("Comparing the folders…")
-                                            : tessary::tr("The folders cannot be compared"));
+        title_->setText(preview.isLoading() ? tr("Comparing the folders…")
+                                            : tr("The folders cannot be compared"));
     QDialog::show();
 }
 
 void SyncPreviewDialog::fill(const SyncPreview& plan) {
+    constexpr int maxLines = 2000; // more are read by nobody
     list_->clear();
     QList<QTreeWidgetItem*> rows;
     for (const SyncPreviewItem& item : plan.items) {
-        if (static_cast<std::size_t>(rows.size()) == maxLines)
+        if (rows.size() == maxLines)
             break;
         const QString reason =
             item.reason.isEmpty() ? QString() : QStringLiteral(": ") + trMessage(item.reason);
@@ -131,12 +129,13 @@ void SyncPreviewDialog::fill(const SyncPreview& plan) {
     }
     list_->addTopLevelItems(rows);
     const auto files = static_cast<qint64>(plan.items.size());
-    title_->setText(files == 0
-                        ? tessary::tr("Both sides are the same already: %1 files").arg(plan.inSync)
-                        : tessary::tr("%1 files to go through, %2 to copy; %3 are the same already")
-                              .arg(files)
-                              .arg(formatBytes(plan.totalBytes))
-                              .arg(plan.inSync));
+    const QString same =
+        tr("%Ln files are the same already", nullptr, static_cast<int>(plan.inSync));
+    title_->setText(
+        files == 0 ? same
+                   : tr("%Ln files to go through, %1 to copy", nullptr, static_cast<int>(files))
+                             .arg(formatBytes(plan.totalBytes)) +
+                         QStringLiteral("  ·  ") + same);
 }
 
 } // namespace tessary

@@ -13,6 +13,8 @@ namespace tessary {
 
 /// What the first run of a pair would do, file by file, before anything is done.
 class SyncPreviewDialog : public QDialog {
+    Q_OBJECT
+
 public:
     explicit SyncPreviewDialog(QWidget* parent = nullptr);
 

@@ -16,19 +16,19 @@ namespace {
 
 QString sideText(DeletionCandidate::DeletionLocation location) {
     return location == DeletionCandidate::DeletionLocation::localMac
-               ? tessary::tr("On this computer")
-               : tessary::tr("On the phone");
+               ? SyncQuestionDialog::tr("On this computer")
+               : SyncQuestionDialog::tr("On the phone");
 }
 
 QTreeWidget* makeList(const std::vector<DeletionCandidate>& candidates) {
     auto* list = new QTreeWidget;
-    list->setAccessibleName(tessary::tr("Files to delete"));
-    setUpSyncFileList(*list, tessary::tr("Where"));
+    list->setAccessibleName(SyncQuestionDialog::tr("Files to delete"));
+    setUpSyncFileList(*list, SyncQuestionDialog::tr("Where"));
     QList<QTreeWidgetItem*> rows;
     for (const DeletionCandidate& candidate : candidates) {
         QString where = sideText(candidate.targetLocation);
         if (candidate.isEditedSinceLastSync)
-            where += QStringLiteral("  ·  ") + tessary::tr("edited since the last sync");
+            where += QStringLiteral("  ·  ") + SyncQuestionDialog::tr("edited since the last sync");
         rows.append(makeSyncFileRow(candidate.relativePath, candidate.size, where));
     }
     list->addTopLevelItems(rows);
@@ -51,9 +51,8 @@ SyncQuestionDialog::SyncQuestionDialog(const SyncQuestion& question, QWidget* pa
     words->setVisible(!question.warning.isEmpty());
     auto* buttons = new QDialogButtonBox;
     QPushButton* keep =
-        buttons->addButton(isDeletion ? tessary::tr("browser.keep") : tessary::tr("browser.cancel"),
-                           QDialogButtonBox::RejectRole);
-    buttons->addButton(isDeletion ? tessary::tr("browser.delete") : tessary::tr("Create Again"),
+        buttons->addButton(isDeletion ? tr("Keep") : tr("Cancel"), QDialogButtonBox::RejectRole);
+    buttons->addButton(isDeletion ? tr("Delete") : tr("Create Again"),
                        QDialogButtonBox::AcceptRole);
     keep->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
@@ -64,21 +63,20 @@ SyncQuestionDialog::SyncQuestionDialog(const SyncQuestion& question, QWidget* pa
     column->addWidget(title);
     column->addWidget(words);
     if (isDeletion) {
-        setWindowTitle(tessary::tr("Delete Files?"));
-        title->setText(tessary::tr("These files were deleted on one side. Delete them on the "
-                                   "other, too? (%1)")
-                           .arg(question.candidates.size()));
+        setWindowTitle(tr("Delete Files?"));
+        title->setText(tr("%Ln files were deleted on one side. Delete them on the other, too?",
+                          nullptr, static_cast<int>(question.candidates.size())));
         QPalette red = words->palette();
         red.setColor(QPalette::WindowText, QColor(206, 58, 58));
         words->setPalette(red);
         column->addWidget(makeList(question.candidates), 1);
-        auto* note = new QLabel(tessary::tr("What you keep is copied back."));
+        auto* note = new QLabel(tr("What you keep is copied back."));
         note->setForegroundRole(QPalette::PlaceholderText);
         column->addWidget(note);
         resize(600, 400);
     } else {
-        setWindowTitle(tessary::tr("Folder Missing"));
-        title->setText(tessary::tr("The folder on this computer is gone"));
+        setWindowTitle(tr("Folder Missing"));
+        title->setText(tr("The folder on this computer is gone"));
     }
     column->addWidget(buttons);
     makePlain(*this);

@@ -1,5 +1,6 @@
 #include "views/transfers/TransferListModel.h"
 
+#include "app/DisplayNames.h"
 #include "app/LanguageManager.h"
 #include "app/Translations.h"
 #include "base/text/ByteFormat.h"
@@ -51,10 +52,10 @@ QVariant TransferListModel::data(const QModelIndex& index, int role) const {
                                 .arg(printable(job->sourcePath), printable(job->destinationPath),
                                      job->advice.isEmpty()
                                          ? QString()
-                                         : QLatin1Char('\n') + tessary::tr(job->advice)));
+                                         : QLatin1Char('\n') + trMessage(job->advice)));
     case Qt::AccessibleTextRole:
         return QStringLiteral("%1 %2, %3")
-            .arg(tessary::tr(rawValue(job->type)), printable(job->name), transferDetail(*job));
+            .arg(displayName(job->type), printable(job->name), transferDetail(*job));
     default:
         return {};
     }
@@ -65,25 +66,27 @@ QString transferDetail(const TransferJob& job) {
     if (job.status == Status::failed)
         return printable(
             trMessage(job.error.value_or(QString())) +
-            (job.advice.isEmpty() ? QString() : QLatin1Char(' ') + tessary::tr(job.advice)));
+            (job.advice.isEmpty() ? QString() : QLatin1Char(' ') + trMessage(job.advice)));
     if (job.status == Status::completed)
         return QStringLiteral("%1  ·  %2")
-            .arg(tessary::tr(rawValue(job.status)), formatBytes(job.progress.totalBytes));
+            .arg(displayName(job.status), formatBytes(job.progress.totalBytes));
     if (job.status != Status::inProgress)
-        return tessary::tr(rawValue(job.status));
+        return displayName(job.status);
     if (job.isFinishing)
-        return tessary::tr("Finishing: the phone is still storing the file");
+        return TransferListModel::tr("Finishing: the phone is still storing the file");
     QString text = job.progress.bytesDescription();
     if (job.progress.totalFiles > 1)
         text += QStringLiteral("  ·  ") +
-                tessary::tr("%1/%2 files")
-                    .arg(std::min(job.progress.completedFiles, job.progress.totalFiles))
-                    .arg(job.progress.totalFiles);
+                TransferListModel::tr("%1/%Ln files", nullptr,
+                                      static_cast<int>(job.progress.totalFiles))
+                    .arg(QLocale().toString(
+                        std::min(job.progress.completedFiles, job.progress.totalFiles)));
     if (job.bytesPerSecond >= 1)
         text +=
             QStringLiteral("  ·  %1/s").arg(formatBytes(static_cast<qint64>(job.bytesPerSecond)));
     if (job.timeLeft)
-        text += QStringLiteral("  ·  ") + tessary::tr("%1 left").arg(formatDuration(*job.timeLeft));
+        text += QStringLiteral("  ·  ") +
+                TransferListModel::tr("%1 left").arg(formatDuration(*job.timeLeft));
     return text;
 }
 

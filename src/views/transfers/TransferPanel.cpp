@@ -1,7 +1,6 @@
 #include "views/transfers/TransferPanel.h"
 
 #include "app/LanguageManager.h"
-#include "app/Translations.h"
 #include "base/text/ByteFormat.h"
 #include "views/common/Icons.h"
 #include "views/transfers/TransferDelegate.h"
@@ -18,17 +17,18 @@ namespace tessary {
 
 QString summaryText(const TransferSummary& summary) {
     if (summary.isIdle())
-        return tessary::tr("All transfers have ended");
+        return TransferPanel::tr("All transfers have ended");
     const int inAll = summary.finished + summary.running + summary.queued;
-    QString text = tessary::tr("%1 of %2").arg(summary.finished + summary.running).arg(inAll) +
-                   QStringLiteral("  ·  %1 / %2")
-                       .arg(formatBytes(summary.doneBytes), formatBytes(summary.totalBytes));
+    QString text =
+        TransferPanel::tr("%1 of %2").arg(summary.finished + summary.running).arg(inAll) +
+        QStringLiteral("  ·  %1 / %2")
+            .arg(formatBytes(summary.doneBytes), formatBytes(summary.totalBytes));
     if (summary.bytesPerSecond >= 1)
         text += QStringLiteral("  ·  %1/s")
                     .arg(formatBytes(static_cast<qint64>(summary.bytesPerSecond)));
     if (summary.timeLeft)
-        text +=
-            QStringLiteral("  ·  ") + tessary::tr("%1 left").arg(formatDuration(*summary.timeLeft));
+        text += QStringLiteral("  ·  ") +
+                TransferPanel::tr("%1 left").arg(formatDuration(*summary.timeLeft));
     return text;
 }
 
@@ -90,10 +90,10 @@ TransferPanel::TransferPanel(TransferViewModel& transfers, ShowInFolder showInFo
     column->addLayout(header);
     column->addWidget(list_, 1);
     keepTranslated(this, [this, heading] {
-        heading->setText(tessary::tr("Transfers"));
-        list_->setAccessibleName(tessary::tr("Transfers"));
-        cancelAll_->setText(tessary::tr("Cancel All"));
-        clear_->setText(tessary::tr("Clear Finished"));
+        heading->setText(tr("Transfers"));
+        list_->setAccessibleName(tr("Transfers"));
+        cancelAll_->setText(tr("Cancel All"));
+        clear_->setText(tr("Clear Finished"));
         showSummary();
     });
 }
@@ -134,9 +134,9 @@ void TransferPanel::showMenu(const QPoint& position) {
     if (job == nullptr)
         return;
     QMenu menu(this);
-    QAction* show = menu.addAction(icon("document-open-folder"), tessary::tr("Show in Folder"));
+    QAction* show = menu.addAction(icon("document-open-folder"), tr("Show in Folder"));
     show->setEnabled(hasCopy(index));
-    QAction* cancel = menu.addAction(icon("process-stop"), tessary::tr("browser.cancel"));
+    QAction* cancel = menu.addAction(icon("process-stop"), tr("Cancel"));
     cancel->setEnabled(!job->isFinished());
     // The list may change while the menu is open.
     const QAction* chosen = menu.exec(list_->viewport()->mapToGlobal(position));

@@ -15,6 +15,8 @@ namespace tessary {
 
 /// The transfers: a line about the whole queue, and a row for each. Hidden while there are none.
 class TransferPanel : public QWidget {
+    Q_OBJECT
+
 public:
     /// Shows a local file in the desktop's file manager.
     using ShowInFolder = std::function<void(const QString& path)>;

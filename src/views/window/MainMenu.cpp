@@ -1,9 +1,9 @@
 #include "views/window/MainMenu.h"
 
 #include "app/LanguageManager.h"
-#include "app/Translations.h"
 #include "views/common/Icons.h"
 
+#include <QCoreApplication>
 #include <QMenu>
 #include <QMenuBar>
 
@@ -13,10 +13,15 @@ namespace tessary {
 
 namespace {
 
+/// The context of this file's texts.
+class MainMenu {
+    Q_DECLARE_TR_FUNCTIONS(MainMenu)
+};
+
 /// A menu of commands; a null one stands for a line between groups.
-QMenu* addMenu(QMenuBar& bar, const char* key, std::initializer_list<QAction*> actions) {
+QMenu* addMenu(QMenuBar& bar, const char* title, std::initializer_list<QAction*> actions) {
     QMenu* menu = bar.addMenu(QString());
-    keepTranslated(menu, [menu, key] { menu->setTitle(tessary::tr(key)); });
+    keepTranslated(menu, [menu, title] { menu->setTitle(MainMenu::tr(title)); });
     for (QAction* action : actions) {
         if (action == nullptr)
             menu->addSeparator();
@@ -41,17 +46,17 @@ void makeMainMenus(QMenuBar& bar, const BrowserActions& actions, const MainMenuW
     quit->setMenuRole(QAction::QuitRole);
     QObject::connect(quit, &QAction::triggered, &bar, wishes.quit);
     keepTranslated(settings, [settings, wireless, quit] {
-        settings->setText(tessary::tr("settings.title"));
-        wireless->setText(tessary::tr("Wireless Devices…"));
-        quit->setText(tessary::tr("Quit Tessary"));
+        settings->setText(MainMenu::tr("Settings"));
+        wireless->setText(MainMenu::tr("Wireless Devices…"));
+        quit->setText(MainMenu::tr("Quit Tessary"));
     });
 
-    addMenu(bar, "File",
+    addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "File"),
             {a.newFolder, a.open, a.download, a.uploadFiles, a.uploadFolder, a.sync, nullptr,
              a.quickLook, a.properties, nullptr, settings, nullptr, quit});
-    addMenu(bar, "Edit", {a.rename, a.remove, a.selectAll, a.find});
-    addMenu(bar, "View", {a.asList, a.asGrid, nullptr, a.reload});
-    addMenu(bar, "Go",
+    addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "Edit"), {a.rename, a.remove, a.selectAll, a.find});
+    addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "View"), {a.asList, a.asGrid, nullptr, a.reload});
+    addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "Go"),
             {a.back, a.forward, a.up, a.goTo, a.apps, nullptr, a.favorite, nullptr, wireless});
 }
 

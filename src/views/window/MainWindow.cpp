@@ -69,7 +69,7 @@ MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* p
       syncDialogs_(new SyncDialogs(sync_, *this,
                                    [](QWidget* asker, const QString& startAt) {
                                        return QFileDialog::getExistingDirectory(
-                                           asker, tessary::tr("Folder on this computer"), startAt);
+                                           asker, tr("Folder on this computer"), startAt);
                                    })),
       transferPanel_(new TransferPanel(transfers_, app.setup().showInFolder)) {
     setWindowIcon(icon("smartphone"));
@@ -160,8 +160,7 @@ MainWindow::~MainWindow() {
 }
 
 void MainWindow::showTexts() {
-    setWindowTitle(app_.isDemo() ? tessary::tr("Tessary: Virtual Phones")
-                                 : QStringLiteral("Tessary"));
+    setWindowTitle(app_.isDemo() ? tr("Tessary: Virtual Phones") : QStringLiteral("Tessary"));
     setLocale(QLocale()); // dates and numbers of every view in it
     showPage();
     showBanner();
@@ -236,14 +235,13 @@ void MainWindow::connectSync() {
 void MainWindow::closeEvent(QCloseEvent* event) {
     const bool isCopying = !transfers_.summary().isIdle() || app_.promisedFiles().isBeingRead();
     if (isCopying || app_.syncManager().isRunning()) {
-        QMessageBox question(QMessageBox::Question, tessary::tr("Quit Tessary"),
-                             isCopying ? tessary::tr("Files are still being copied.")
-                                       : tessary::tr("A sync is still running."),
+        QMessageBox question(QMessageBox::Question, tr("Quit Tessary"),
+                             isCopying ? tr("Files are still being copied.")
+                                       : tr("A sync is still running."),
                              QMessageBox::NoButton, this);
-        question.setInformativeText(
-            tessary::tr("Quitting cancels this. What has arrived whole stays."));
+        question.setInformativeText(tr("Quitting cancels this. What has arrived whole stays."));
         QAbstractButton* quit =
-            question.addButton(tessary::tr("Quit Tessary"), QMessageBox::DestructiveRole);
+            question.addButton(tr("Quit Tessary"), QMessageBox::DestructiveRole);
         question.setDefaultButton(question.addButton(QMessageBox::Cancel));
         makePlain(question);
         question.exec();
@@ -394,10 +392,9 @@ void MainWindow::showPage() {
     } else if (isChoosingApp_ && chosenDevice()) {
         pages_->setCurrentWidget(appList_);
     } else if (isLocked) {
-        notice_->show(
-            QStringLiteral("object-locked"), tessary::tr("This phone is locked"),
-            tessary::tr("It shows its files once you unlock it and choose “File transfer” in its "
-                        "USB notification. This window follows by itself."));
+        notice_->show(QStringLiteral("object-locked"), tr("This phone is locked"),
+                      tr("It shows its files once you unlock it and choose “File transfer” in its "
+                         "USB notification. This window follows by itself."));
         pages_->setCurrentWidget(notice_);
     } else {
         pages_->setCurrentWidget(browserView_);
@@ -413,11 +410,10 @@ void MainWindow::showBanner() {
     message.kind = BannerMessage::Kind::warning;
     if (trouble) {
         message.text = printable(trMessage(trouble->message));
-        message.advice = tessary::tr(trouble->advice);
+        message.advice = trMessage(trouble->advice);
         message.canBeClosed = false;
         if (trouble->kind == DeviceTrouble::Kind::heldByProgram)
-            message.actions.push_back(
-                {tessary::tr("Release the Phone"), [this] { releaseDevice(); }});
+            message.actions.push_back({tr("Release the Phone"), [this] { releaseDevice(); }});
         banner_->show(message);
         return;
     }
@@ -429,9 +425,9 @@ void MainWindow::showBanner() {
     }
     message.kind = BannerMessage::Kind::error;
     message.text = printable(trMessage(error->message));
-    message.advice = tessary::tr(error->advice);
+    message.advice = trMessage(error->advice);
     if (browser_.isErrorOfLoad())
-        message.actions.push_back({tessary::tr("browser.retry"), [this] {
+        message.actions.push_back({tr("Retry"), [this] {
                                        browser_.dismissError();
                                        browser_.reload();
                                    }});

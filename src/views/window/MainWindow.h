@@ -30,6 +30,8 @@ class WirelessDialog;
 /// The main window: devices on the left, the files of the chosen one on the right, transfers below,
 /// and a banner when something stands in the way.
 class MainWindow : public QMainWindow {
+    Q_OBJECT
+
 public:
     /// `app` must outlive the window.
     explicit MainWindow(TessaryApp& app,

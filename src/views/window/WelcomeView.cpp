@@ -1,7 +1,6 @@
 #include "views/window/WelcomeView.h"
 
 #include "app/LanguageManager.h"
-#include "app/Translations.h"
 #include "views/common/Icons.h"
 
 #include <QHBoxLayout>
@@ -22,16 +21,16 @@ QLabel* styled(QLabel* label, double scale, QFont::Weight weight) {
     return label;
 }
 
-/// A label with the text of a key of tr().
-QLabel* translated(const char* key, double scale, QFont::Weight weight) {
+/// A label that follows the language.
+QLabel* translated(const char* text, double scale, QFont::Weight weight) {
     auto* label = styled(new QLabel, scale, weight);
     label->setWordWrap(true);
-    keepTranslated(label, [label, key] { label->setText(tessary::tr(key)); });
+    keepTranslated(label, [label, text] { label->setText(WelcomeView::tr(text)); });
     return label;
 }
 
 /// "1  Plug the phone in", with what to know about it below.
-QWidget* step(int number, const char* titleKey, const char* detailKey) {
+QWidget* step(int number, const char* title, const char* detail) {
     auto* row = new QWidget;
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -43,8 +42,8 @@ QWidget* step(int number, const char* titleKey, const char* detailKey) {
         "background: palette(highlight); color: palette(highlighted-text); border-radius: 15px;"));
     auto* texts = new QVBoxLayout;
     texts->setSpacing(1);
-    texts->addWidget(translated(titleKey, 1.05, QFont::DemiBold));
-    texts->addWidget(translated(detailKey, 1.0, QFont::Normal));
+    texts->addWidget(translated(title, 1.05, QFont::DemiBold));
+    texts->addWidget(translated(detail, 1.0, QFont::Normal));
     layout->addWidget(badge, 0, Qt::AlignTop);
     layout->addLayout(texts, 1);
     return row;
@@ -57,15 +56,15 @@ WelcomeView::WelcomeView(std::function<void()> startDemo, QWidget* parent) : QWi
     auto* picture = new QLabel;
     picture->setPixmap(icon("smartphone").pixmap(96, 96));
     picture->setAlignment(Qt::AlignCenter);
-    auto* title = translated("Connect a phone", 1.8, QFont::DemiBold);
+    auto* title = translated(QT_TR_NOOP("Connect a phone"), 1.8, QFont::DemiBold);
     title->setAlignment(Qt::AlignCenter);
 
     auto* demo = new QPushButton;
     demo->setObjectName(QStringLiteral("startDemo"));
     keepTranslated(demo, [demo] {
-        demo->setText(tessary::tr("Try It with a Virtual Phone"));
+        demo->setText(tr("Try It with a Virtual Phone"));
         demo->setToolTip(
-            tessary::tr("Starts Tessary again with two virtual phones, which hold sample files"));
+            tr("Starts Tessary again with two virtual phones, which hold sample files"));
     });
     connect(demo, &QPushButton::clicked, this, [run = std::move(startDemo)] { run(); });
 
@@ -76,11 +75,13 @@ WelcomeView::WelcomeView(std::function<void()> startDemo, QWidget* parent) : QWi
     content->addWidget(picture);
     content->addWidget(title);
     content->addSpacing(4);
-    content->addWidget(step(1, "Plug it in", "Use a cable that carries data: some only charge."));
-    content->addWidget(step(2, "Unlock it", "A locked phone shows nothing of its storage."));
-    content->addWidget(
-        step(3, "Choose “File transfer” on it",
-             "Android asks in a notification that says “Charging this device via USB”."));
+    content->addWidget(step(1, QT_TR_NOOP("Plug it in"),
+                            QT_TR_NOOP("Use a cable that carries data: some only charge.")));
+    content->addWidget(step(2, QT_TR_NOOP("Unlock it"),
+                            QT_TR_NOOP("A locked phone shows nothing of its storage.")));
+    content->addWidget(step(
+        3, QT_TR_NOOP("Choose “File transfer” on it"),
+        QT_TR_NOOP("Android asks in a notification that says “Charging this device via USB”.")));
     content->addSpacing(8);
     content->addWidget(demo, 0, Qt::AlignCenter);
 

@@ -1,0 +1,2410 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE" sourcelanguage="en_US">
+<context>
+    <name>BrowserActions</name>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Vorwärts</translation>
+    </message>
+    <message>
+        <source>Enclosing Folder</source>
+        <translation>Übergeordneter Ordner</translation>
+    </message>
+    <message>
+        <source>Go to Folder…</source>
+        <translation>Gehe zu Ordner …</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Neu laden</translation>
+    </message>
+    <message>
+        <source>Open Folder</source>
+        <translation>Ordner öffnen</translation>
+    </message>
+    <message>
+        <source>New Folder</source>
+        <translation>Neuer Ordner</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Umbenennen</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Herunterladen</translation>
+    </message>
+    <message>
+        <source>Copy Files Here…</source>
+        <translation>Dateien hierher kopieren …</translation>
+    </message>
+    <message>
+        <source>Copy a Folder Here…</source>
+        <translation>Einen Ordner hierher kopieren …</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Alles auswählen</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filter</translation>
+    </message>
+    <message>
+        <source>As List</source>
+        <translation>Als Liste</translation>
+    </message>
+    <message>
+        <source>As Grid</source>
+        <translation>Als Raster</translation>
+    </message>
+    <message>
+        <source>Add to Favorites</source>
+        <translation>Zu Favoriten hinzufügen</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>Apps</translation>
+    </message>
+    <message>
+        <source>Sync</source>
+        <translation>Abgleich</translation>
+    </message>
+    <message>
+        <source>Quick Look</source>
+        <translation>Vorschau</translation>
+    </message>
+    <message>
+        <source>Properties</source>
+        <translation>Eigenschaften</translation>
+    </message>
+</context>
+<context>
+    <name>BrowserEdit</name>
+    <message>
+        <source>New Folder</source>
+        <translation>Neuer Ordner</translation>
+    </message>
+    <message>
+        <source>New Folder %1</source>
+        <translation>Neuer Ordner %1</translation>
+    </message>
+</context>
+<context>
+    <name>ByteFormat</name>
+    <message>
+        <source>1 byte</source>
+        <translation>1 Byte</translation>
+    </message>
+</context>
+<context>
+    <name>ClashQuestion</name>
+    <message>
+        <source>Already There</source>
+        <translation>Bereits vorhanden</translation>
+    </message>
+    <message>
+        <source>“%1” is already there.</source>
+        <translation>„%1“ ist bereits vorhanden.</translation>
+    </message>
+    <message>
+        <source>New: %1</source>
+        <translation>Neu: %1</translation>
+    </message>
+    <message>
+        <source>There: %1</source>
+        <translation>Vorhanden: %1</translation>
+    </message>
+    <message>
+        <source>Replacing merges the folders; files of the same name in them are replaced.</source>
+        <translation>Beim Ersetzen werden die Ordner zusammengeführt; gleichnamige Dateien darin werden ersetzt.</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <source>Keep Both</source>
+        <translation>Beide behalten</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>Überspringen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Do the same for the other %Ln</source>
+        <translation>
+            <numerusform>Für das übrige ebenso verfahren</numerusform>
+            <numerusform>Für die übrigen %Ln ebenso verfahren</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not Enough Space</source>
+        <translation>Nicht genug Platz</translation>
+    </message>
+    <message>
+        <source>There is not enough space for this copy.</source>
+        <translation>Für diese Kopie ist nicht genug Platz.</translation>
+    </message>
+    <message>
+        <source>It needs at least %1, and %2 are free in “%3”.</source>
+        <translation>Sie braucht mindestens %1, und auf „%3“ sind %2 frei.</translation>
+    </message>
+    <message>
+        <source>It needs %1, and %2 are free in “%3”.</source>
+        <translation>Sie braucht %1, und auf „%3“ sind %2 frei.</translation>
+    </message>
+    <message>
+        <source>Copy Anyway</source>
+        <translation>Trotzdem kopieren</translation>
+    </message>
+</context>
+<context>
+    <name>DisplayNames</name>
+    <message>
+        <source>Folder</source>
+        <translation>Ordner</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Video</source>
+        <translation>Video</translation>
+    </message>
+    <message>
+        <source>Audio</source>
+        <translation>Audio</translation>
+    </message>
+    <message>
+        <source>Document</source>
+        <translation>Dokument</translation>
+    </message>
+    <message>
+        <source>Archive</source>
+        <translation>Archiv</translation>
+    </message>
+    <message>
+        <source>APK Package</source>
+        <translation>APK-Paket</translation>
+    </message>
+    <message>
+        <source>Source Code</source>
+        <translation>Quelltext</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>iOS File Transfer</source>
+        <translation>iOS-Dateiübertragung</translation>
+    </message>
+    <message>
+        <source>Standard MTP</source>
+        <translation>Standard-MTP</translation>
+    </message>
+    <message>
+        <source>Turbo Mode (ADB)</source>
+        <translation>Turbomodus (ADB)</translation>
+    </message>
+    <message>
+        <source>Upload</source>
+        <translation>Hochladen</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Herunterladen</translation>
+    </message>
+    <message>
+        <source>Queued</source>
+        <translation>In der Warteschlange</translation>
+    </message>
+    <message>
+        <source>In Progress</source>
+        <translation>Läuft</translation>
+    </message>
+    <message>
+        <source>Completed</source>
+        <translation>Abgeschlossen</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>Abgebrochen</translation>
+    </message>
+    <message>
+        <source>Internal Storage</source>
+        <translation>Interner Speicher</translation>
+    </message>
+    <message>
+        <source>Internal Shared Storage</source>
+        <translation>Interner gemeinsamer Speicher</translation>
+    </message>
+    <message>
+        <source>SD Card</source>
+        <translation>SD-Karte</translation>
+    </message>
+    <message>
+        <source>%1 free of %2</source>
+        <translation>%1 von %2 frei</translation>
+    </message>
+    <message>
+        <source>Move to the phone</source>
+        <translation>Auf das Telefon verschieben</translation>
+    </message>
+    <message>
+        <source>Only to the phone</source>
+        <translation>Nur auf das Telefon</translation>
+    </message>
+    <message>
+        <source>Move to this computer</source>
+        <translation>Auf diesen Computer verschieben</translation>
+    </message>
+    <message>
+        <source>Only to this computer</source>
+        <translation>Nur auf diesen Computer</translation>
+    </message>
+    <message>
+        <source>Both ways</source>
+        <translation>In beide Richtungen</translation>
+    </message>
+</context>
+<context>
+    <name>MainMenu</name>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Wireless Devices…</source>
+        <translation>Drahtlose Geräte …</translation>
+    </message>
+    <message>
+        <source>Quit Tessary</source>
+        <translation>Tessary beenden</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Bearbeiten</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>Darstellung</translation>
+    </message>
+    <message>
+        <source>Go</source>
+        <translation>Gehe zu</translation>
+    </message>
+</context>
+<context>
+    <name>Message</name>
+    <message>
+        <source>The phone is full: delete something on it, or copy less.</source>
+        <translation>Das Telefon ist voll: Löschen Sie etwas darauf oder kopieren Sie weniger.</translation>
+    </message>
+    <message>
+        <source>The app does not allow this.</source>
+        <translation>Die App erlaubt das nicht.</translation>
+    </message>
+    <message>
+        <source>The phone does not answer: unlock it. If that does not help, unplug it and plug it in again.</source>
+        <translation>Das Telefon antwortet nicht: Entsperren Sie es. Hilft das nicht, ziehen Sie es ab und schließen Sie es wieder an.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and try again.</source>
+        <translation>Entsperren Sie das Telefon und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>Unplug the phone, plug it in again and tap Trust on it.</source>
+        <translation>Ziehen Sie das Telefon ab, schließen Sie es wieder an und tippen Sie darauf auf „Vertrauen“.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and tap Trust on it.</source>
+        <translation>Entsperren Sie das Telefon und tippen Sie darauf auf „Vertrauen“.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone, tap Trust on it when it asks, and try again.</source>
+        <translation>Entsperren Sie das Telefon, tippen Sie auf „Vertrauen“, wenn es fragt, und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone. If that does not help, the app does not share its files with computers.</source>
+        <translation>Entsperren Sie das Telefon. Hilft das nicht, teilt die App ihre Dateien nicht mit Computern.</translation>
+    </message>
+    <message>
+        <source>Another program is using the phone.</source>
+        <translation>Ein anderes Programm benutzt das Telefon.</translation>
+    </message>
+    <message>
+        <source>Close it, or unmount the phone in the desktop&apos;s file manager, and try again.</source>
+        <translation>Beenden Sie es oder hängen Sie das Telefon im Dateimanager des Desktops aus, und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>The phone is not connected.</source>
+        <translation>Das Telefon ist nicht verbunden.</translation>
+    </message>
+    <message>
+        <source>The phone was unplugged.</source>
+        <translation>Das Telefon wurde abgezogen.</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again, unlock it and choose File transfer on it.</source>
+        <translation>Schließen Sie das Telefon wieder an, entsperren Sie es und wählen Sie darauf „Dateiübertragung“.</translation>
+    </message>
+    <message>
+        <source>The phone does not answer.</source>
+        <translation>Das Telefon antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>Unlock it. If that does not help, unplug it and plug it in again.</source>
+        <translation>Entsperren Sie es. Hilft das nicht, ziehen Sie es ab und schließen Sie es wieder an.</translation>
+    </message>
+    <message>
+        <source>The phone broke the transfer off.</source>
+        <translation>Das Telefon hat die Übertragung abgebrochen.</translation>
+    </message>
+    <message>
+        <source>Try again. If that does not help, unplug the phone and plug it in again.</source>
+        <translation>Versuchen Sie es noch einmal. Hilft das nicht, ziehen Sie das Telefon ab und schließen Sie es wieder an.</translation>
+    </message>
+    <message>
+        <source>This user may not open the phone&apos;s USB device.</source>
+        <translation>Dieser Benutzer darf das USB-Gerät des Telefons nicht öffnen.</translation>
+    </message>
+    <message>
+        <source>Install the udev rule that comes with Tessary, then plug the phone in again.</source>
+        <translation>Installieren Sie die mitgelieferte udev-Regel von Tessary und schließen Sie das Telefon wieder an.</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is full.</source>
+        <translation>Der Speicher des Telefons ist voll.</translation>
+    </message>
+    <message>
+        <source>Delete something on the phone, or copy less.</source>
+        <translation>Löschen Sie etwas auf dem Telefon oder kopieren Sie weniger.</translation>
+    </message>
+    <message>
+        <source>This storage of the phone is read-only.</source>
+        <translation>Dieser Speicher des Telefons ist schreibgeschützt.</translation>
+    </message>
+    <message>
+        <source>Choose another folder.</source>
+        <translation>Wählen Sie einen anderen Ordner.</translation>
+    </message>
+    <message>
+        <source>The phone protects this file.</source>
+        <translation>Das Telefon schützt diese Datei.</translation>
+    </message>
+    <message>
+        <source>The phone does not allow this.</source>
+        <translation>Das Telefon erlaubt das nicht.</translation>
+    </message>
+    <message>
+        <source>Unlock it, and try another folder.</source>
+        <translation>Entsperren Sie es und versuchen Sie einen anderen Ordner.</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is not available.</source>
+        <translation>Der Speicher des Telefons ist nicht verfügbar.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and choose File transfer on it.</source>
+        <translation>Entsperren Sie das Telefon und wählen Sie darauf „Dateiübertragung“.</translation>
+    </message>
+    <message>
+        <source>The phone is busy.</source>
+        <translation>Das Telefon ist beschäftigt.</translation>
+    </message>
+    <message>
+        <source>Wait a moment and try again.</source>
+        <translation>Warten Sie einen Moment und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>The phone cannot do this.</source>
+        <translation>Das Telefon kann das nicht.</translation>
+    </message>
+    <message>
+        <source>The phone ended the connection.</source>
+        <translation>Das Telefon hat die Verbindung beendet.</translation>
+    </message>
+    <message>
+        <source>Go up to the folder that held it.</source>
+        <translation>Gehen Sie in den Ordner darüber.</translation>
+    </message>
+    <message>
+        <source>The copy failed for an unknown reason.</source>
+        <translation>Das Kopieren ist aus unbekanntem Grund fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>Transfer was cancelled</source>
+        <translation>Die Übertragung wurde abgebrochen</translation>
+    </message>
+    <message>
+        <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
+        <translation>Keine App auf diesem iPhone gibt ihre Dateien frei. Von einem Computer aus lassen sich nur Apps öffnen, deren Hersteller die Dateifreigabe eingeschaltet haben; Fotos und Apps, die ihre Dokumente für sich behalten, nicht.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are deleted on the other after you agreed.</source>
+        <translation>Neue und geänderte Dateien werden in beide Richtungen kopiert. Auf einer Seite gelöschte Dateien werden auf der anderen gelöscht, nachdem Sie zugestimmt haben.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are copied back.</source>
+        <translation>Neue und geänderte Dateien werden in beide Richtungen kopiert. Auf einer Seite gelöschte Dateien werden zurückkopiert.</translation>
+    </message>
+    <message>
+        <source>Files are moved to the phone: each is deleted here once it has arrived.</source>
+        <translation>Dateien werden auf das Telefon verschoben: Jede wird hier gelöscht, sobald sie angekommen ist.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied to the phone. Nothing is deleted.</source>
+        <translation>Neue und geänderte Dateien werden auf das Telefon kopiert. Nichts wird gelöscht.</translation>
+    </message>
+    <message>
+        <source>Files are moved here: each is deleted on the phone once it has arrived.</source>
+        <translation>Dateien werden hierher verschoben: Jede wird auf dem Telefon gelöscht, sobald sie angekommen ist.</translation>
+    </message>
+    <message>
+        <source>New and changed files of the phone are copied here. Nothing is deleted.</source>
+        <translation>Neue und geänderte Dateien des Telefons werden hierher kopiert. Nichts wird gelöscht.</translation>
+    </message>
+    <message>
+        <source>To Android</source>
+        <translation>Auf das Gerät</translation>
+    </message>
+    <message>
+        <source>Move to iPhone</source>
+        <translation>Auf das Gerät verschieben</translation>
+    </message>
+    <message>
+        <source>Move to Android</source>
+        <translation>Auf das Gerät verschieben</translation>
+    </message>
+    <message>
+        <source>Move to Mac</source>
+        <translation>Auf den Computer verschieben</translation>
+    </message>
+    <message>
+        <source>Uploading</source>
+        <translation>Wird hochgeladen</translation>
+    </message>
+    <message>
+        <source>Downloading</source>
+        <translation>Wird heruntergeladen</translation>
+    </message>
+    <message>
+        <source>Moving</source>
+        <translation>Wird verschoben</translation>
+    </message>
+    <message>
+        <source>Moving (already on destination)</source>
+        <translation>Wird verschoben (ist schon am Ziel)</translation>
+    </message>
+    <message>
+        <source>%1 uploaded</source>
+        <translation>%1 hochgeladen</translation>
+    </message>
+    <message>
+        <source>%1 downloaded</source>
+        <translation>%1 heruntergeladen</translation>
+    </message>
+    <message>
+        <source>%1 moved</source>
+        <translation>%1 verschoben</translation>
+    </message>
+    <message>
+        <source>%1 deleted</source>
+        <translation>%1 gelöscht</translation>
+    </message>
+    <message>
+        <source>%1 kept twice</source>
+        <translation>%1 doppelt behalten</translation>
+    </message>
+    <message>
+        <source>%1 skipped</source>
+        <translation>%1 übersprungen</translation>
+    </message>
+    <message>
+        <source>its name cannot be part of a path</source>
+        <translation>der Name kann nicht Teil eines Pfads sein</translation>
+    </message>
+    <message>
+        <source>the device has several entries of this name</source>
+        <translation>das Gerät hat mehrere Einträge dieses Namens</translation>
+    </message>
+    <message>
+        <source>the device does not tell its size</source>
+        <translation>das Gerät nennt die Größe nicht</translation>
+    </message>
+    <message>
+        <source>its name is not valid text</source>
+        <translation>der Name ist kein gültiger Text</translation>
+    </message>
+    <message>
+        <source>it is a link; links are not followed</source>
+        <translation>es ist eine Verknüpfung; Verknüpfungen wird nicht gefolgt</translation>
+    </message>
+    <message>
+        <source>it is not a regular file</source>
+        <translation>es ist keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>es lässt sich nicht lesen</translation>
+    </message>
+    <message>
+        <source>its name cannot be used on this computer</source>
+        <translation>der Name ist auf diesem Computer nicht möglich</translation>
+    </message>
+    <message>
+        <source>its name is too long for this computer</source>
+        <translation>der Name ist zu lang für diesen Computer</translation>
+    </message>
+    <message>
+        <source>its name is too long for the device</source>
+        <translation>der Name ist zu lang für das Gerät</translation>
+    </message>
+    <message>
+        <source>its name is too long for the phone</source>
+        <translation>der Name ist zu lang für das Telefon</translation>
+    </message>
+    <message>
+        <source>phones do not allow a sign in its name</source>
+        <translation>Telefone erlauben ein Zeichen im Namen nicht</translation>
+    </message>
+    <message>
+        <source>it is a file on one side and a folder on the other</source>
+        <translation>es ist auf einer Seite eine Datei und auf der anderen ein Ordner</translation>
+    </message>
+    <message>
+        <source>another name differs from it only in case or in the form of its letters</source>
+        <translation>ein anderer Name unterscheidet sich nur in Groß- und Kleinschreibung oder in der Form der Buchstaben</translation>
+    </message>
+    <message>
+        <source>it was changed on the side that files are copied to</source>
+        <translation>es wurde auf der Seite geändert, auf die kopiert wird</translation>
+    </message>
+    <message>
+        <source>it was changed on the side that files are moved to; both are kept</source>
+        <translation>es wurde auf der Seite geändert, auf die verschoben wird; beide werden behalten</translation>
+    </message>
+    <message>
+        <source>it changed while the folders were being synced; it was left as it is</source>
+        <translation>es hat sich während des Abgleichs geändert und blieb, wie es ist</translation>
+    </message>
+    <message>
+        <source>it changed again and again while it was being copied</source>
+        <translation>es hat sich während des Kopierens immer wieder geändert</translation>
+    </message>
+    <message>
+        <source>another file of this name, size and date is on the other side; both are kept</source>
+        <translation>auf der anderen Seite liegt eine andere Datei mit diesem Namen, dieser Größe und diesem Datum; beide werden behalten</translation>
+    </message>
+    <message>
+        <source>The connection to the phone broke off.</source>
+        <translation>Die Verbindung zum Telefon ist abgebrochen.</translation>
+    </message>
+    <message>
+        <source>adb answers nonsense.</source>
+        <translation>adb antwortet mit Unsinn.</translation>
+    </message>
+    <message>
+        <source>A folder cannot be moved into itself.</source>
+        <translation>Ein Ordner kann nicht in sich selbst verschoben werden.</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be changed or copied as one item.</source>
+        <translation>Ein ganzer Speicher kann nicht als ein Objekt geändert oder kopiert werden.</translation>
+    </message>
+    <message>
+        <source>The phone sends nothing any more. Unplug it and plug it in again.</source>
+        <translation>Das Telefon sendet nichts mehr. Ziehen Sie es ab und schließen Sie es wieder an.</translation>
+    </message>
+    <message>
+        <source>The phone takes nothing any more. Unplug it and plug it in again.</source>
+        <translation>Das Telefon nimmt nichts mehr an. Ziehen Sie es ab und schließen Sie es wieder an.</translation>
+    </message>
+    <message>
+        <source>nothing arrived.</source>
+        <translation>es kam nichts an.</translation>
+    </message>
+    <message>
+        <source>the phone does not have the file.</source>
+        <translation>das Telefon hat die Datei nicht.</translation>
+    </message>
+    <message>
+        <source>The phone has not allowed this computer yet. Unlock it and tap Allow in the question about USB debugging.</source>
+        <translation>Das Telefon hat diesen Computer noch nicht zugelassen. Entsperren Sie es und tippen Sie in der Frage zum USB-Debugging auf „Zulassen“.</translation>
+    </message>
+    <message>
+        <source>The phone is offline for adb. Unplug it and plug it in again, or turn USB debugging off and on.</source>
+        <translation>Das Telefon ist für adb offline. Ziehen Sie es ab und schließen Sie es wieder an, oder schalten Sie das USB-Debugging aus und wieder ein.</translation>
+    </message>
+    <message>
+        <source>adb does not reach the phone. Turn on USB debugging on it, or switch to Standard MTP.</source>
+        <translation>adb erreicht das Telefon nicht. Schalten Sie darauf das USB-Debugging ein oder wechseln Sie zu Standard-MTP.</translation>
+    </message>
+    <message>
+        <source>adb reaches several phones and cannot tell which one is meant. Unplug the others, or switch to Standard MTP.</source>
+        <translation>adb erreicht mehrere Telefone und weiß nicht, welches gemeint ist. Ziehen Sie die anderen ab oder wechseln Sie zu Standard-MTP.</translation>
+    </message>
+    <message>
+        <source>adb&apos;s server cannot be started.</source>
+        <translation>Der Server von adb lässt sich nicht starten.</translation>
+    </message>
+    <message>
+        <source>The file is too large for this storage of the phone.</source>
+        <translation>Die Datei ist zu groß für diesen Speicher des Telefons.</translation>
+    </message>
+    <message>
+        <source>adb cannot be started.</source>
+        <translation>adb lässt sich nicht starten.</translation>
+    </message>
+    <message>
+        <source>adb crashed.</source>
+        <translation>adb ist abgestürzt.</translation>
+    </message>
+    <message>
+        <source>adb does not answer. Unplug the phone and plug it in again.</source>
+        <translation>adb antwortet nicht. Ziehen Sie das Telefon ab und schließen Sie es wieder an.</translation>
+    </message>
+    <message>
+        <source>adb is not installed.</source>
+        <translation>adb ist nicht installiert.</translation>
+    </message>
+    <message>
+        <source>The phone does not answer on the network.</source>
+        <translation>Das Telefon antwortet im Netzwerk nicht.</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s adb is too old to pair: version 30 or newer is needed.</source>
+        <translation>Das adb dieses Computers ist zum Koppeln zu alt: Nötig ist Version 30 oder neuer.</translation>
+    </message>
+    <message>
+        <source>Allow this computer on the phone, then connect again.</source>
+        <translation>Lassen Sie diesen Computer auf dem Telefon zu und verbinden Sie dann noch einmal.</translation>
+    </message>
+    <message>
+        <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
+        <translation>Der Turbomodus braucht adb, das nicht installiert ist. Stattdessen wird das Telefon über Standard-MTP benutzt.</translation>
+    </message>
+    <message>
+        <source>Install the adb tool, or switch the phone to Standard MTP.</source>
+        <translation>Installieren Sie das Werkzeug adb oder schalten Sie das Telefon auf Standard-MTP um.</translation>
+    </message>
+    <message>
+        <source>the folder cannot be created on this computer</source>
+        <translation>der Ordner lässt sich auf diesem Computer nicht anlegen</translation>
+    </message>
+    <message>
+        <source>a folder of this name is on this computer</source>
+        <translation>auf diesem Computer liegt ein Ordner dieses Namens</translation>
+    </message>
+    <message>
+        <source>The documents of an app cannot be deleted as a whole.</source>
+        <translation>Die Dokumente einer App lassen sich nicht als Ganzes löschen.</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer was cut off</source>
+        <translation>Die Antwort des Servers wurde abgeschnitten</translation>
+    </message>
+    <message>
+        <source>Check the spelling, or choose the folder below.</source>
+        <translation>Prüfen Sie die Schreibweise oder wählen Sie den Ordner unten aus.</translation>
+    </message>
+    <message>
+        <source>the phone did not put it in the place of the old file.</source>
+        <translation>das Telefon hat sie nicht an die Stelle der alten Datei gesetzt.</translation>
+    </message>
+    <message>
+        <source>a link to a folder</source>
+        <translation>ein Link auf einen Ordner</translation>
+    </message>
+    <message>
+        <source>a link that leads nowhere</source>
+        <translation>ein Link, der nirgendwohin führt</translation>
+    </message>
+    <message>
+        <source>a link</source>
+        <translation>ein Link</translation>
+    </message>
+    <message>
+        <source>not a regular file</source>
+        <translation>keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>the folder cannot be read</source>
+        <translation>der Ordner kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>a folder of this name is there.</source>
+        <translation>Dort ist ein Ordner dieses Namens.</translation>
+    </message>
+    <message>
+        <source>it is not a file.</source>
+        <translation>Es ist keine Datei.</translation>
+    </message>
+    <message>
+        <source>The device does not answer.</source>
+        <translation>Das Gerät antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>another entry has the same name on this computer</source>
+        <translation>ein anderer Eintrag hat auf diesem Computer denselben Namen</translation>
+    </message>
+    <message>
+        <source>the phone lists this folder inside itself</source>
+        <translation>das Telefon führt diesen Ordner in sich selbst auf</translation>
+    </message>
+    <message>
+        <source>its folder could not be made</source>
+        <translation>der Ordner dafür konnte nicht angelegt werden</translation>
+    </message>
+    <message>
+        <source>The phone is busy with another copy. Try again when that one is done.</source>
+        <translation>Das Telefon ist mit einer anderen Kopie beschäftigt. Versuchen Sie es danach noch einmal.</translation>
+    </message>
+    <message>
+        <source>no phone was chosen</source>
+        <translation>es wurde kein Telefon gewählt</translation>
+    </message>
+    <message>
+        <source>folders are copied, not dragged</source>
+        <translation>Ordner werden kopiert, nicht gezogen</translation>
+    </message>
+    <message>
+        <source>it is still being copied from the phone</source>
+        <translation>es wird noch vom Telefon kopiert</translation>
+    </message>
+    <message>
+        <source>a name cannot be empty</source>
+        <translation>ein Name darf nicht leer sein</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be deleted.</source>
+        <translation>Ein ganzer Speicher kann nicht gelöscht werden.</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be renamed.</source>
+        <translation>Ein ganzer Speicher kann nicht umbenannt werden.</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be moved.</source>
+        <translation>Ein ganzer Speicher kann nicht verschoben werden.</translation>
+    </message>
+    <message>
+        <source>The phone cannot move files from one storage to another. Copy them instead.</source>
+        <translation>Das Telefon kann Dateien nicht von einem Speicher in einen anderen verschieben. Kopieren Sie sie stattdessen.</translation>
+    </message>
+    <message>
+        <source>A folder has no preview.</source>
+        <translation>Ein Ordner hat keine Vorschau.</translation>
+    </message>
+    <message>
+        <source>No storage available</source>
+        <translation>Kein Speicher verfügbar</translation>
+    </message>
+    <message>
+        <source>No MTP storage found for upload</source>
+        <translation>Kein MTP-Speicher zum Hochladen gefunden</translation>
+    </message>
+    <message>
+        <source>No device connected for download</source>
+        <translation>Zum Herunterladen ist kein Gerät verbunden</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 und %2 weitere</translation>
+    </message>
+    <message>
+        <source>Internal Storage</source>
+        <translation>Interner Speicher</translation>
+    </message>
+    <message>
+        <source>Idle</source>
+        <translation>Bereit</translation>
+    </message>
+    <message>
+        <source>Syncing…</source>
+        <translation>Abgleich läuft …</translation>
+    </message>
+    <message>
+        <source>Synced</source>
+        <translation>Abgeglichen</translation>
+    </message>
+    <message>
+        <source>Up to date</source>
+        <translation>Auf dem neuesten Stand</translation>
+    </message>
+    <message>
+        <source>Connecting to device…</source>
+        <translation>Verbindung zum Gerät …</translation>
+    </message>
+    <message>
+        <source>Device disconnected</source>
+        <translation>Gerät getrennt</translation>
+    </message>
+    <message>
+        <source>Scanning folders…</source>
+        <translation>Ordner werden durchsucht …</translation>
+    </message>
+    <message>
+        <source>Awaiting deletion confirmation…</source>
+        <translation>Wartet auf Bestätigung der Löschungen …</translation>
+    </message>
+    <message>
+        <source>Analyzing files…</source>
+        <translation>Dateien werden verglichen …</translation>
+    </message>
+    <message>
+        <source>Starting transfer…</source>
+        <translation>Übertragung beginnt …</translation>
+    </message>
+    <message>
+        <source>Completed</source>
+        <translation>Abgeschlossen</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>Abgebrochen</translation>
+    </message>
+    <message>
+        <source>Server returned non-200 status</source>
+        <translation>Der Server antwortete mit einem anderen Status als 200</translation>
+    </message>
+    <message>
+        <source>Invalid version data format</source>
+        <translation>Ungültiges Format der Versionsdaten</translation>
+    </message>
+    <message>
+        <source>The server did not answer in time</source>
+        <translation>Der Server hat nicht rechtzeitig geantwortet</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer is too long</source>
+        <translation>Die Antwort des Servers ist zu lang</translation>
+    </message>
+    <message>
+        <source>The address is not a safe one</source>
+        <translation>Die Adresse ist nicht sicher</translation>
+    </message>
+    <message>
+        <source>The server redirects without end</source>
+        <translation>Der Server leitet endlos weiter</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>Schließen Sie das Telefon wieder an und entsperren Sie es.</translation>
+    </message>
+    <message>
+        <source>Another folder is shown by now. Nothing was done.</source>
+        <translation>Inzwischen wird ein anderer Ordner angezeigt. Es wurde nichts getan.</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or moved on the phone.</source>
+        <translation>Vielleicht wurde er auf dem Telefon gelöscht oder verschoben.</translation>
+    </message>
+    <message>
+        <source>Already There</source>
+        <translation>Bereits vorhanden</translation>
+    </message>
+    <message>
+        <source>Cannot enumerate %1</source>
+        <translation>%1 kann nicht aufgelistet werden</translation>
+    </message>
+    <message>
+        <source>%1 changed while the folder was being read. Sync again.</source>
+        <translation>%1 hat sich geändert, während der Ordner gelesen wurde. Synchronisieren Sie noch einmal.</translation>
+    </message>
+    <message>
+        <source>The phone lists the folder %1 inside itself.</source>
+        <translation>Das Telefon führt den Ordner %1 in sich selbst auf.</translation>
+    </message>
+    <message>
+        <source>%1 holds &quot;%2&quot;, which is no name of a file.</source>
+        <translation>%1 enthält „%2“; das ist kein Dateiname.</translation>
+    </message>
+    <message>
+        <source>Cannot open local file for writing: %1</source>
+        <translation>Die Datei auf diesem Computer kann nicht geschrieben werden: %1</translation>
+    </message>
+    <message>
+        <source>Cannot open local file for reading: %1</source>
+        <translation>Die Datei auf diesem Computer kann nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>The phone does not tell what %1 is.</source>
+        <translation>Das Telefon sagt nicht, was %1 ist.</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used on this computer. Rename the folder on the phone first.</source>
+        <translation>Der Name „%1“ ist auf diesem Computer nicht möglich. Benennen Sie den Ordner zuerst auf dem Telefon um.</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used on this computer. Rename it on the phone first.</source>
+        <translation>Der Name „%1“ ist auf diesem Computer nicht möglich. Ändern Sie ihn zuerst auf dem Telefon.</translation>
+    </message>
+    <message>
+        <source>No MTP handle for file %1</source>
+        <translation>Kein MTP-Objekt für die Datei %1</translation>
+    </message>
+    <message>
+        <source>%1 became shorter while it was being copied. Copy it again.</source>
+        <translation>%1 wurde beim Kopieren kürzer. Kopieren Sie die Datei noch einmal.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has appeared on the phone meanwhile.</source>
+        <translation>„%1“ ist inzwischen auf dem Telefon aufgetaucht.</translation>
+    </message>
+    <message>
+        <source>A folder named &quot;%1&quot; is already on the phone.</source>
+        <translation>Auf dem Telefon ist bereits ein Ordner namens „%1“.</translation>
+    </message>
+    <message>
+        <source>A file named &quot;%1&quot; is already on the phone.</source>
+        <translation>Auf dem Telefon ist bereits eine Datei namens „%1“.</translation>
+    </message>
+    <message>
+        <source>The phone does not show the new &quot;%1&quot;. The old one was kept.</source>
+        <translation>Das Telefon zeigt die neue Fassung von „%1“ nicht. Die alte wurde behalten.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already on the phone, and this phone cannot replace files. Delete or rename the old one first.</source>
+        <translation>„%1“ ist bereits auf dem Telefon, und dieses Telefon kann Dateien nicht ersetzen. Löschen Sie die alte Datei zuerst oder benennen Sie sie um.</translation>
+    </message>
+    <message>
+        <source>The new &quot;%1&quot; is on the phone under the name &quot;%2&quot;: it could not be renamed (%3).</source>
+        <translation>Die neue Fassung von „%1“ ist auf dem Telefon unter dem Namen „%2“: Sie konnte nicht umbenannt werden (%3).</translation>
+    </message>
+    <message>
+        <source>The phone does not show the new folder &quot;%1&quot;.</source>
+        <translation>Das Telefon zeigt den neuen Ordner „%1“ nicht.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already there</source>
+        <translation>„%1“ ist schon da</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files was not copied: %3</source>
+        <translation>%1 von %2 Dateien wurde nicht kopiert: %3</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files were not copied: %3</source>
+        <translation>%1 von %2 Dateien wurden nicht kopiert: %3</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1 of %2 items: %3</source>
+        <translation>%1 von %2 Objekten konnten nicht gelöscht werden: %3</translation>
+    </message>
+    <message>
+        <source>Failed to move %1 of %2 items: %3</source>
+        <translation>%1 von %2 Objekten konnten nicht verschoben werden: %3</translation>
+    </message>
+    <message>
+        <source>Error: %1</source>
+        <translation>Fehler: %1</translation>
+    </message>
+    <message>
+        <source>Removing %1 from %2</source>
+        <translation>%1 wird von %2 entfernt</translation>
+    </message>
+    <message>
+        <source>A file named %1 is on the device where a folder is needed.</source>
+        <translation>Auf dem Gerät liegt eine Datei namens %1, wo ein Ordner gebraucht wird.</translation>
+    </message>
+    <message>
+        <source>Cannot read the folder %1: %2</source>
+        <translation>Der Ordner %1 kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>Cannot create the folder %1: %2</source>
+        <translation>Der Ordner %1 kann nicht angelegt werden: %2</translation>
+    </message>
+    <message>
+        <source>Cannot delete %1: %2</source>
+        <translation>%1 kann nicht gelöscht werden: %2</translation>
+    </message>
+    <message>
+        <source>Cannot keep %1 as %2.</source>
+        <translation>%1 kann nicht als %2 behalten werden.</translation>
+    </message>
+    <message>
+        <source>The folder of %1 was replaced while it was being synced.</source>
+        <translation>Der Ordner von %1 wurde während des Abgleichs ersetzt.</translation>
+    </message>
+    <message>
+        <source>The folder %1 is gone, although it was synced before. Is its disk missing? Going on makes a new, empty folder.</source>
+        <translation>Der Ordner %1 ist weg, obwohl er schon abgeglichen wurde. Fehlt sein Datenträger? Wenn Sie fortfahren, wird ein neuer, leerer Ordner angelegt.</translation>
+    </message>
+    <message>
+        <source>The folder %1 is missing.</source>
+        <translation>Der Ordner %1 fehlt.</translation>
+    </message>
+    <message>
+        <source>The folder on this computer is empty, although %1 files were in it after the last sync. Is its disk missing?</source>
+        <translation>Der Ordner auf diesem Computer ist leer, obwohl nach dem letzten Abgleich %1 Dateien darin waren. Fehlt sein Datenträger?</translation>
+    </message>
+    <message>
+        <source>The folder on the device is empty, although %1 files were in it after the last sync. Is its memory card missing?</source>
+        <translation>Der Ordner auf dem Gerät ist leer, obwohl nach dem letzten Abgleich %1 Dateien darin waren. Fehlt seine Speicherkarte?</translation>
+    </message>
+    <message>
+        <source>%1 of the %2 files of the last sync would be deleted.</source>
+        <translation>%1 der %2 Dateien des letzten Abgleichs würden gelöscht.</translation>
+    </message>
+    <message>
+        <source>The device lists %1 inside itself.</source>
+        <translation>Das Gerät führt %1 in sich selbst auf.</translation>
+    </message>
+    <message>
+        <source>The device does not show %1 as it was sent. It was not deleted here.</source>
+        <translation>Das Gerät zeigt %1 nicht so, wie es gesendet wurde. Hier wurde es nicht gelöscht.</translation>
+    </message>
+    <message>
+        <source>The device does not show %1 as it was sent. Sync again.</source>
+        <translation>Das Gerät zeigt %1 nicht so, wie es gesendet wurde. Gleichen Sie noch einmal ab.</translation>
+    </message>
+    <message>
+        <source>%1 is not on this computer&apos;s disk as it was received.</source>
+        <translation>%1 liegt nicht so auf diesem Computer, wie es empfangen wurde.</translation>
+    </message>
+    <message>
+        <source>%1 changed while it was being copied. Sync again.</source>
+        <translation>%1 hat sich während des Kopierens geändert. Gleichen Sie noch einmal ab.</translation>
+    </message>
+    <message>
+        <source>%1 changed while it was being copied. Copy it again.</source>
+        <translation>%1 hat sich beim Kopieren geändert. Kopieren Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>%1 has appeared on the device meanwhile.</source>
+        <translation>%1 ist inzwischen auf dem Gerät aufgetaucht.</translation>
+    </message>
+    <message>
+        <source>%1 is not on the device any more. Sync again.</source>
+        <translation>%1 ist nicht mehr auf dem Gerät. Gleichen Sie noch einmal ab.</translation>
+    </message>
+    <message>
+        <source>%1 is a file on one side and a folder on the other</source>
+        <translation>%1 ist auf einer Seite eine Datei und auf der anderen ein Ordner</translation>
+    </message>
+    <message>
+        <source>in %1: %2</source>
+        <translation>in „%1“: %2</translation>
+    </message>
+    <message>
+        <source>The phone does not allow %1 to be read.</source>
+        <translation>Das Telefon erlaubt nicht, %1 zu lesen.</translation>
+    </message>
+    <message>
+        <source>The phone did not rename %1. %2</source>
+        <translation>Das Telefon hat %1 nicht umbenannt. %2</translation>
+    </message>
+    <message>
+        <source>The phone did not make the folder %1. %2</source>
+        <translation>Das Telefon hat den Ordner %1 nicht angelegt. %2</translation>
+    </message>
+    <message>
+        <source>The phone did not delete %1. %2</source>
+        <translation>Das Telefon hat %1 nicht gelöscht. %2</translation>
+    </message>
+    <message>
+        <source>The phone did not delete %1.</source>
+        <translation>Das Telefon hat %1 nicht gelöscht.</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be made on the phone. %2</source>
+        <translation>Der Ordner %1 lässt sich auf dem Telefon nicht anlegen. %2</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be read whole.</source>
+        <translation>Der Ordner %1 lässt sich nicht vollständig lesen.</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used.</source>
+        <translation>Der Name „%1“ ist nicht möglich.</translation>
+    </message>
+    <message>
+        <source>ADB pull failed for %1: %2</source>
+        <translation>Das Herunterladen von %1 über ADB ist fehlgeschlagen: %2</translation>
+    </message>
+    <message>
+        <source>ADB directory pull failed for %1: %2</source>
+        <translation>Das Herunterladen des Ordners %1 über ADB ist fehlgeschlagen: %2</translation>
+    </message>
+    <message>
+        <source>ADB push failed for %1: %2</source>
+        <translation>Das Hochladen von %1 über ADB ist fehlgeschlagen: %2</translation>
+    </message>
+    <message>
+        <source>the phone has %1 of %2 bytes.</source>
+        <translation>das Telefon hat %1 von %2 Byte.</translation>
+    </message>
+    <message>
+        <source>the phone did not put it in the place of the old file. %1</source>
+        <translation>das Telefon hat sie nicht an die Stelle der alten Datei gesetzt. %1</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is on the phone, which takes &quot;%2&quot; for the same name. Rename one of the two first.</source>
+        <translation>„%1“ ist auf dem Telefon, das „%2“ für denselben Namen hält. Benennen Sie zuerst eine der beiden Dateien um.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has changed on the phone meanwhile. It was kept.</source>
+        <translation>„%1“ wurde auf dem Telefon inzwischen geändert und blieb erhalten.</translation>
+    </message>
+    <message>
+        <source>adb ended with status %1.</source>
+        <translation>adb endete mit Status %1.</translation>
+    </message>
+    <message>
+        <source>A folder &quot;%1&quot; is already on the phone.</source>
+        <translation>Ein Ordner „%1“ ist schon auf dem Telefon.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be the name of a file.</source>
+        <translation>„%1“ kann nicht der Name einer Datei sein.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already there.</source>
+        <translation>„%1“ ist schon da.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be moved into itself.</source>
+        <translation>„%1“ kann nicht in sich selbst verschoben werden.</translation>
+    </message>
+    <message>
+        <source>Device not found: %1</source>
+        <translation>Gerät nicht gefunden: %1</translation>
+    </message>
+    <message>
+        <source>Lockdown error: %1</source>
+        <translation>Lockdown-Fehler: %1</translation>
+    </message>
+    <message>
+        <source>Failed to start service: %1</source>
+        <translation>Dienst konnte nicht gestartet werden: %1</translation>
+    </message>
+    <message>
+        <source>House Arrest error: %1</source>
+        <translation>House-Arrest-Fehler: %1</translation>
+    </message>
+    <message>
+        <source>InstProxy error: %1</source>
+        <translation>InstProxy-Fehler: %1</translation>
+    </message>
+    <message>
+        <source>File I/O error: %1</source>
+        <translation>Dateifehler: %1</translation>
+    </message>
+    <message>
+        <source>Failed to create %1: %2</source>
+        <translation>%1 konnte nicht angelegt werden: %2</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1: %2</source>
+        <translation>%1 konnte nicht gelöscht werden: %2</translation>
+    </message>
+    <message>
+        <source>Failed to rename %1: %2</source>
+        <translation>%1 konnte nicht umbenannt werden: %2</translation>
+    </message>
+    <message>
+        <source>Failed to move %1: %2</source>
+        <translation>%1 konnte nicht verschoben werden: %2</translation>
+    </message>
+    <message>
+        <source>Failed to drag out %1: %2</source>
+        <translation>%1 konnte nicht herausgezogen werden: %2</translation>
+    </message>
+    <message>
+        <source>Failed to check for updates (%1). Please try again later.</source>
+        <translation>Die Suche nach Updates ist fehlgeschlagen (%1). Bitte versuchen Sie es später noch einmal.</translation>
+    </message>
+    <message>
+        <source>%1 is using the phone.</source>
+        <translation>%1 benutzt das Telefon.</translation>
+    </message>
+    <message>
+        <source>The folder &quot;%1&quot; is not on the phone any more.</source>
+        <translation>Der Ordner „%1“ ist nicht mehr auf dem Telefon.</translation>
+    </message>
+    <message>
+        <source>There is no &quot;%1&quot; on the phone.</source>
+        <translation>„%1“ gibt es auf dem Telefon nicht.</translation>
+    </message>
+    <message>
+        <source>There is no %1 on the phone. It may have been deleted or renamed: refresh the folder.</source>
+        <translation>%1 gibt es auf dem Telefon nicht. Vielleicht wurde es gelöscht oder umbenannt: Laden Sie den Ordner neu.</translation>
+    </message>
+    <message>
+        <source>The phone sent %1 of the %2 bytes of %3. Copy it again.</source>
+        <translation>Das Telefon hat %1 von %2 Byte von %3 gesendet. Kopieren Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used on this computer.</source>
+        <translation>Der Name „%1“ ist auf diesem Computer nicht möglich.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is too large for a preview. Copy it to this computer first.</source>
+        <translation>„%1“ ist zu groß für eine Vorschau. Kopieren Sie es zuerst auf diesen Computer.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already on the phone.</source>
+        <translation>„%1“ ist schon auf dem Telefon.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be a name on the phone.</source>
+        <translation>„%1“ kann auf dem Telefon kein Name sein.</translation>
+    </message>
+    <message>
+        <source>%1 is not a folder.</source>
+        <translation>%1 ist kein Ordner.</translation>
+    </message>
+    <message>
+        <source>Cannot write into %1: %2</source>
+        <translation>In %1 kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>Cannot write %1: %2</source>
+        <translation>%1 kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>Cannot read %1: %2</source>
+        <translation>%1 kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>Cannot create the folder %1 on this computer.</source>
+        <translation>Der Ordner %1 kann auf diesem Computer nicht angelegt werden.</translation>
+    </message>
+    <message>
+        <source>Cannot read %1.</source>
+        <translation>%1 kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>adb could not reach the phone: %1</source>
+        <translation>adb konnte das Telefon nicht erreichen: %1</translation>
+    </message>
+</context>
+<context>
+    <name>QPlatformTheme</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>&amp;Yes</source>
+        <translation>&amp;Ja</translation>
+    </message>
+    <message>
+        <source>&amp;No</source>
+        <translation>&amp;Nein</translation>
+    </message>
+</context>
+<context>
+    <name>SyncFileList</name>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::AppListView</name>
+    <message>
+        <source>Apps</source>
+        <translation>Apps</translation>
+    </message>
+    <message>
+        <source>Filter…</source>
+        <translation>Filtern …</translation>
+    </message>
+    <message>
+        <source>Looking for apps…</source>
+        <translation>Apps werden gesucht …</translation>
+    </message>
+    <message>
+        <source>No Apps That Share Files</source>
+        <translation>Keine Apps, die Dateien freigeben</translation>
+    </message>
+    <message>
+        <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
+        <translation>Keine App auf diesem iPhone gibt ihre Dateien frei. Von einem Computer aus lassen sich nur Apps öffnen, deren Hersteller die Dateifreigabe eingeschaltet haben; Fotos und Apps, die ihre Dokumente für sich behalten, nicht.</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+    <message>
+        <source>No Matching Apps</source>
+        <translation>Keine passenden Apps</translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>Filter löschen</translation>
+    </message>
+    <message>
+        <source>Connection Failed</source>
+        <translation>Verbindung fehlgeschlagen</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::BreadcrumbBar</name>
+    <message>
+        <source>Path</source>
+        <translation>Pfad</translation>
+    </message>
+    <message>
+        <source>Folders in between</source>
+        <translation>Ordner dazwischen</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::BrowserView</name>
+    <message numerus="yes">
+        <source>%Ln selected</source>
+        <translation>
+            <numerusform>%Ln ausgewählt</numerusform>
+            <numerusform>%Ln ausgewählt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Filter…</source>
+        <translation>Filtern …</translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>Filter löschen</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>Pfad</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>Dateien</translation>
+    </message>
+    <message>
+        <source>The phone is gone</source>
+        <translation>Das Telefon ist weg</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>Schließen Sie das Telefon wieder an und entsperren Sie es.</translation>
+    </message>
+    <message>
+        <source>Plug it in again, unlock it and choose File transfer on it.</source>
+        <translation>Schließen Sie es wieder an, entsperren Sie es und wählen Sie darauf „Dateiübertragung“.</translation>
+    </message>
+    <message>
+        <source>Folder Not Found</source>
+        <translation>Ordner nicht gefunden</translation>
+    </message>
+    <message>
+        <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
+        <translation>Dieser Ordner wurde auf dem Gerät nicht gefunden. Vielleicht wurde er gelöscht oder verschoben. Möchten Sie ihn aus Ihren Favoriten entfernen?</translation>
+    </message>
+    <message>
+        <source>Remove from Favorites</source>
+        <translation>Aus Favoriten entfernen</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Behalten</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or moved on the phone.</source>
+        <translation>Vielleicht wurde er auf dem Telefon gelöscht oder verschoben.</translation>
+    </message>
+    <message>
+        <source>Enclosing Folder</source>
+        <translation>Übergeordneter Ordner</translation>
+    </message>
+    <message>
+        <source>Connection Failed</source>
+        <translation>Verbindung fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+    <message>
+        <source>Loading directory contents…</source>
+        <translation>Inhalt des Ordners wird geladen …</translation>
+    </message>
+    <message>
+        <source>Loading device storage…</source>
+        <translation>Gerätespeicher wird geladen …</translation>
+    </message>
+    <message>
+        <source>No Matching Files</source>
+        <translation>Keine passenden Dateien</translation>
+    </message>
+    <message>
+        <source>Nothing here has “%1” in its name.</source>
+        <translation>Nichts hier hat „%1“ im Namen.</translation>
+    </message>
+    <message>
+        <source>This folder is empty</source>
+        <translation>Dieser Ordner ist leer</translation>
+    </message>
+    <message>
+        <source>Drop files here to copy them to the phone.</source>
+        <translation>Ziehen Sie Dateien hierher, um sie auf das Telefon zu kopieren.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln Objekt</numerusform>
+            <numerusform>%Ln Objekte</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %Ln items</source>
+        <translation>
+            <numerusform>%1 von %Ln Objekt</numerusform>
+            <numerusform>%1 von %Ln Objekten</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of %2 done (Esc stops)</source>
+        <translation>%1 von %2 erledigt (Esc hält an)</translation>
+    </message>
+    <message>
+        <source>reading…</source>
+        <translation>wird gelesen …</translation>
+    </message>
+    <message>
+        <source>View Mode</source>
+        <translation>Ansicht</translation>
+    </message>
+    <message>
+        <source>Add to Favorites</source>
+        <translation>Zu Favoriten hinzufügen</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Delete selected items?</source>
+        <translation>Ausgewählte Objekte löschen?</translation>
+    </message>
+    <message>
+        <source>“%1” will be deleted from the phone.</source>
+        <translation>„%1“ wird vom Telefon gelöscht.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be deleted from the phone.</source>
+        <translation>
+            <numerusform>%Ln Objekt wird vom Telefon gelöscht.</numerusform>
+            <numerusform>%Ln Objekte werden vom Telefon gelöscht.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>Das lässt sich nicht rückgängig machen.</translation>
+    </message>
+    <message>
+        <source>Copy to</source>
+        <translation>Kopieren nach</translation>
+    </message>
+    <message>
+        <source>Copy Files to the Phone</source>
+        <translation>Dateien auf das Telefon kopieren</translation>
+    </message>
+    <message>
+        <source>Copy a Folder to the Phone</source>
+        <translation>Einen Ordner auf das Telefon kopieren</translation>
+    </message>
+    <message>
+        <source>Into “%1”</source>
+        <translation>In „%1“</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::DeviceListModel</name>
+    <message>
+        <source>Needs your attention</source>
+        <translation>Braucht Ihre Aufmerksamkeit</translation>
+    </message>
+    <message>
+        <source>Battery %1 %</source>
+        <translation>Akku %1 %</translation>
+    </message>
+    <message>
+        <source>Locked: unlock it</source>
+        <translation>Gesperrt: bitte entsperren</translation>
+    </message>
+    <message>
+        <source>Connecting…</source>
+        <translation>Wird verbunden …</translation>
+    </message>
+    <message>
+        <source>Reading storage…</source>
+        <translation>Speicher wird gelesen …</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FactsView</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Fetching the file</source>
+        <translation>Die Datei wird geholt</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FileItemDelegate</name>
+    <message>
+        <source>Folder name</source>
+        <translation>Name des Ordners</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FileTableView</name>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln Objekt</numerusform>
+            <numerusform>%Ln Objekte</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::MainWindow</name>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>Ordner auf diesem Computer</translation>
+    </message>
+    <message>
+        <source>Tessary: Virtual Phones</source>
+        <translation>Tessary: virtuelle Telefone</translation>
+    </message>
+    <message>
+        <source>Quit Tessary</source>
+        <translation>Tessary beenden</translation>
+    </message>
+    <message>
+        <source>Files are still being copied.</source>
+        <translation>Es werden noch Dateien kopiert.</translation>
+    </message>
+    <message>
+        <source>A sync is still running.</source>
+        <translation>Ein Abgleich läuft noch.</translation>
+    </message>
+    <message>
+        <source>Quitting cancels this. What has arrived whole stays.</source>
+        <translation>Beim Beenden wird das abgebrochen. Was vollständig angekommen ist, bleibt.</translation>
+    </message>
+    <message>
+        <source>This phone is locked</source>
+        <translation>Dieses Telefon ist gesperrt</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>Es zeigt seine Dateien, sobald Sie es entsperren und in seiner USB-Benachrichtigung „Dateiübertragung“ wählen. Dieses Fenster zieht von selbst nach.</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Telefon freigeben</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::ModeSwitch</name>
+    <message>
+        <source>Works with every phone, nothing to set up.</source>
+        <translation>Geht mit jedem Telefon, ohne Einrichtung.</translation>
+    </message>
+    <message>
+        <source>Faster and sees more. Needs USB debugging on the phone.</source>
+        <translation>Schneller und sieht mehr. Braucht USB-Debugging auf dem Telefon.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PreviewWindow</name>
+    <message>
+        <source>Cancelled</source>
+        <translation>Abgebrochen</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>Zurück zum vorigen</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Weiter zum nächsten</translation>
+    </message>
+    <message>
+        <source>Previous Page</source>
+        <translation>Vorige Seite</translation>
+    </message>
+    <message>
+        <source>Next Page</source>
+        <translation>Nächste Seite</translation>
+    </message>
+    <message>
+        <source>Quick Look</source>
+        <translation>Vorschau</translation>
+    </message>
+    <message>
+        <source>“%1” is too large for a preview. Copy it to this computer first.</source>
+        <translation>„%1“ ist zu groß für eine Vorschau. Kopieren Sie es zuerst auf diesen Computer.</translation>
+    </message>
+    <message>
+        <source>It cannot be shown: it is damaged, too large or protected.</source>
+        <translation>Die Datei kann nicht gezeigt werden: Sie ist beschädigt, zu groß oder geschützt.</translation>
+    </message>
+    <message>
+        <source>only its beginning is shown</source>
+        <translation>nur der Anfang wird gezeigt</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>Seite %1 von %2</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PropertiesDialog</name>
+    <message numerus="yes">
+        <source>%1 bytes</source>
+        <translation>
+            <numerusform>%1 Byte</numerusform>
+            <numerusform>%1 Bytes</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Content</source>
+        <translation>Inhalt</translation>
+    </message>
+    <message>
+        <source>Date Modified</source>
+        <translation>Änderungsdatum</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>Pfad</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Ordner</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Properties</source>
+        <translation>Eigenschaften</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln Objekt</numerusform>
+            <numerusform>%Ln Objekte</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Various kinds</source>
+        <translation>Verschiedene Arten</translation>
+    </message>
+    <message>
+        <source>Stop Counting</source>
+        <translation>Zählen anhalten</translation>
+    </message>
+    <message>
+        <source>Counting the content</source>
+        <translation>Der Inhalt wird gezählt</translation>
+    </message>
+    <message>
+        <source>Files: %1, folders: %2</source>
+        <translation>Dateien: %1, Ordner: %2</translation>
+    </message>
+    <message>
+        <source>The count was stopped: there may be more.</source>
+        <translation>Die Zählung wurde angehalten: Es kann noch mehr geben.</translation>
+    </message>
+    <message>
+        <source>Folders that could not be read: %1</source>
+        <translation>Nicht lesbare Ordner: %1</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SettingsWindow</name>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>Sync</source>
+        <translation>Abgleich</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <translation>Updates</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Über</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>System Default</source>
+        <translation>Systemsprache</translation>
+    </message>
+    <message>
+        <source>Choose your preferred display language. Changes apply immediately.</source>
+        <translation>Wählen Sie die Sprache der Oberfläche. Änderungen gelten sofort.</translation>
+    </message>
+    <message>
+        <source>Open the window as it was left</source>
+        <translation>Fenster so öffnen, wie es verlassen wurde</translation>
+    </message>
+    <message>
+        <source>Automatically check for updates</source>
+        <translation>Automatisch nach Updates suchen</translation>
+    </message>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>Nach Updates suchen …</translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <translation>Version</translation>
+    </message>
+    <message>
+        <source>Browse phones and copy files to and from them.</source>
+        <translation>Telefone durchsehen und Dateien in beide Richtungen kopieren.</translation>
+    </message>
+    <message>
+        <source>Website</source>
+        <translation>Webseite</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::Sidebar</name>
+    <message>
+        <source>Camera &amp; Photos</source>
+        <translation>Kamera &amp; Fotos</translation>
+    </message>
+    <message>
+        <source>Downloads</source>
+        <translation>Downloads</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>Bilder</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Musik</translation>
+    </message>
+    <message>
+        <source>Movies &amp; Videos</source>
+        <translation>Filme &amp; Videos</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>Dokumente</translation>
+    </message>
+    <message>
+        <source>Wireless Devices…</source>
+        <translation>Drahtlose Geräte …</translation>
+    </message>
+    <message>
+        <source>Favorites</source>
+        <translation>Favoriten</translation>
+    </message>
+    <message>
+        <source>Quick Shortcuts</source>
+        <translation>Schnellzugriff</translation>
+    </message>
+    <message>
+        <source>Storage Volumes</source>
+        <translation>Speicher</translation>
+    </message>
+    <message>
+        <source>Connected Devices</source>
+        <translation>Verbundene Geräte</translation>
+    </message>
+    <message>
+        <source>No Devices</source>
+        <translation>Keine Geräte</translation>
+    </message>
+    <message>
+        <source>Connect an iOS or Android device via USB</source>
+        <translation>Verbinden Sie ein iOS- oder Android-Gerät per USB</translation>
+    </message>
+    <message>
+        <source>Drop a folder here to keep it at hand.</source>
+        <translation>Ziehen Sie einen Ordner hierher, um ihn griffbereit zu haben.</translation>
+    </message>
+    <message>
+        <source>Remove from Favorites</source>
+        <translation>Aus Favoriten entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::StatusBanner</name>
+    <message>
+        <source>Close this message</source>
+        <translation>Diese Meldung schließen</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairList</name>
+    <message>
+        <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
+        <translation>Noch werden keine Ordner abgeglichen. Öffnen Sie einen Ordner des Telefons und wählen Sie „Diesen Ordner abgleichen …“.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairRow</name>
+    <message>
+        <source>Queued</source>
+        <translation>In der Warteschlange</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>Jetzt abgleichen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Remove This Pair</source>
+        <translation>Dieses Paar entfernen</translation>
+    </message>
+    <message>
+        <source>Stop keeping these folders in step?</source>
+        <translation>Diese Ordner nicht mehr abgleichen?</translation>
+    </message>
+    <message>
+        <source>No file is deleted on either side.</source>
+        <translation>Auf keiner Seite wird eine Datei gelöscht.</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairSheet</name>
+    <message>
+        <source>A file deleted on one side is deleted on the other, after asking</source>
+        <translation>Eine auf einer Seite gelöschte Datei wird nach Rückfrage auch auf der anderen gelöscht</translation>
+    </message>
+    <message>
+        <source>Remove files from where they came once they have arrived</source>
+        <translation>Dateien am Ursprungsort entfernen, sobald sie angekommen sind</translation>
+    </message>
+    <message>
+        <source>Sync This Folder</source>
+        <translation>Diesen Ordner abgleichen</translation>
+    </message>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>Ordner auf diesem Computer</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>Richtung</translation>
+    </message>
+    <message>
+        <source>Both ways</source>
+        <translation>In beide Richtungen</translation>
+    </message>
+    <message>
+        <source>Only to the phone</source>
+        <translation>Nur auf das Telefon</translation>
+    </message>
+    <message>
+        <source>Only to this computer</source>
+        <translation>Nur auf diesen Computer</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>Auswählen …</translation>
+    </message>
+    <message>
+        <source>Folder on the phone</source>
+        <translation>Ordner auf dem Telefon</translation>
+    </message>
+    <message>
+        <source>Show What Will Happen</source>
+        <translation>Zeigen, was geschehen wird</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPanel</name>
+    <message>
+        <source>Sync</source>
+        <translation>Abgleich</translation>
+    </message>
+    <message>
+        <source>Sync This Folder…</source>
+        <translation>Diesen Ordner abgleichen …</translation>
+    </message>
+    <message>
+        <source>Sync All</source>
+        <translation>Alle abgleichen</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPreviewDialog</name>
+    <message>
+        <source>Copy to the phone</source>
+        <translation>Auf das Telefon kopieren</translation>
+    </message>
+    <message>
+        <source>Copy to this computer</source>
+        <translation>Auf diesen Computer kopieren</translation>
+    </message>
+    <message>
+        <source>Move to the phone</source>
+        <translation>Auf das Telefon verschieben</translation>
+    </message>
+    <message>
+        <source>Move to this computer</source>
+        <translation>Auf diesen Computer verschieben</translation>
+    </message>
+    <message>
+        <source>Changed on both sides: keep both</source>
+        <translation>Auf beiden Seiten geändert: beide behalten</translation>
+    </message>
+    <message>
+        <source>Delete on the phone</source>
+        <translation>Auf dem Telefon löschen</translation>
+    </message>
+    <message>
+        <source>Delete on this computer</source>
+        <translation>Auf diesem Computer löschen</translation>
+    </message>
+    <message>
+        <source>Leave as it is</source>
+        <translation>Unverändert lassen</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>Überspringen</translation>
+    </message>
+    <message>
+        <source>What Will Happen</source>
+        <translation>Was geschehen wird</translation>
+    </message>
+    <message>
+        <source>Action</source>
+        <translation>Aktion</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>Jetzt abgleichen</translation>
+    </message>
+    <message>
+        <source>Comparing the folders…</source>
+        <translation>Die Ordner werden verglichen …</translation>
+    </message>
+    <message>
+        <source>The folders cannot be compared</source>
+        <translation>Die Ordner lassen sich nicht vergleichen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files are the same already</source>
+        <translation>
+            <numerusform>%Ln Datei ist schon gleich</numerusform>
+            <numerusform>%Ln Dateien sind schon gleich</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files to go through, %1 to copy</source>
+        <translation>
+            <numerusform>%Ln Datei durchzugehen, %1 zu kopieren</numerusform>
+            <numerusform>%Ln Dateien durchzugehen, %1 zu kopieren</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncQuestionDialog</name>
+    <message>
+        <source>On this computer</source>
+        <translation>Auf diesem Computer</translation>
+    </message>
+    <message>
+        <source>On the phone</source>
+        <translation>Auf dem Telefon</translation>
+    </message>
+    <message>
+        <source>Files to delete</source>
+        <translation>Zu löschende Dateien</translation>
+    </message>
+    <message>
+        <source>Where</source>
+        <translation>Wo</translation>
+    </message>
+    <message>
+        <source>edited since the last sync</source>
+        <translation>seit dem letzten Abgleich bearbeitet</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Behalten</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Create Again</source>
+        <translation>Neu anlegen</translation>
+    </message>
+    <message>
+        <source>Delete Files?</source>
+        <translation>Dateien löschen?</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files were deleted on one side. Delete them on the other, too?</source>
+        <translation>
+            <numerusform>%Ln Datei wurde auf einer Seite gelöscht. Auch auf der anderen löschen?</numerusform>
+            <numerusform>%Ln Dateien wurden auf einer Seite gelöscht. Auch auf der anderen löschen?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>What you keep is copied back.</source>
+        <translation>Was Sie behalten, wird zurückkopiert.</translation>
+    </message>
+    <message>
+        <source>Folder Missing</source>
+        <translation>Ordner fehlt</translation>
+    </message>
+    <message>
+        <source>The folder on this computer is gone</source>
+        <translation>Der Ordner auf diesem Computer ist weg</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferListModel</name>
+    <message>
+        <source>Finishing: the phone is still storing the file</source>
+        <translation>Wird abgeschlossen: Das Telefon speichert die Datei noch</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1/%Ln files</source>
+        <translation>
+            <numerusform>%1/%Ln Datei</numerusform>
+            <numerusform>%1/%Ln Dateien</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 left</source>
+        <translation>noch %1</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferNotice</name>
+    <message>
+        <source>“%1” is copied.</source>
+        <translation>„%1“ ist kopiert.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items are copied.</source>
+        <translation>
+            <numerusform>%Ln Objekt ist kopiert.</numerusform>
+            <numerusform>%Ln Objekte sind kopiert.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” was not copied.</source>
+        <translation>„%1“ wurde nicht kopiert.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items were not copied.</source>
+        <translation>
+            <numerusform>%Ln von %1 Objekten wurde nicht kopiert.</numerusform>
+            <numerusform>%Ln von %1 Objekten wurden nicht kopiert.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Copying has finished</source>
+        <translation>Das Kopieren ist fertig</translation>
+    </message>
+    <message>
+        <source>Copying went wrong</source>
+        <translation>Beim Kopieren ging etwas schief</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferPanel</name>
+    <message>
+        <source>All transfers have ended</source>
+        <translation>Alle Übertragungen sind beendet</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>%1 left</source>
+        <translation>noch %1</translation>
+    </message>
+    <message>
+        <source>Transfers</source>
+        <translation>Übertragungen</translation>
+    </message>
+    <message>
+        <source>Cancel All</source>
+        <translation>Alle abbrechen</translation>
+    </message>
+    <message>
+        <source>Clear Finished</source>
+        <translation>Erledigte entfernen</translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>Im Ordner anzeigen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TranslatedFileModel</name>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Date Modified</source>
+        <translation>Änderungsdatum</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::UpdateAlerts</name>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>Nach Updates suchen …</translation>
+    </message>
+    <message>
+        <source>Update Check Failed</source>
+        <translation>Update-Suche fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Tessary v%1 is currently the newest version.</source>
+        <translation>Tessary v%1 ist derzeit die neueste Version.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>A new version of Tessary is available.</source>
+        <translation>Eine neue Version von Tessary ist verfügbar.</translation>
+    </message>
+    <message>
+        <source>Tessary %1 is available</source>
+        <translation>Tessary %1 ist verfügbar</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Herunterladen</translation>
+    </message>
+    <message>
+        <source>Skip This Version</source>
+        <translation>Diese Version überspringen</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Später</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WelcomeView</name>
+    <message>
+        <source>Connect a phone</source>
+        <translation>Verbinden Sie ein Telefon</translation>
+    </message>
+    <message>
+        <source>Try It with a Virtual Phone</source>
+        <translation>Mit einem virtuellen Telefon ausprobieren</translation>
+    </message>
+    <message>
+        <source>Starts Tessary again with two virtual phones, which hold sample files</source>
+        <translation>Startet Tessary noch einmal mit zwei virtuellen Telefonen, auf denen Beispieldateien liegen</translation>
+    </message>
+    <message>
+        <source>Plug it in</source>
+        <translation>Schließen Sie es an</translation>
+    </message>
+    <message>
+        <source>Use a cable that carries data: some only charge.</source>
+        <translation>Nehmen Sie ein Datenkabel: Manche laden nur.</translation>
+    </message>
+    <message>
+        <source>Unlock it</source>
+        <translation>Entsperren Sie es</translation>
+    </message>
+    <message>
+        <source>A locked phone shows nothing of its storage.</source>
+        <translation>Ein gesperrtes Telefon zeigt nichts von seinem Speicher.</translation>
+    </message>
+    <message>
+        <source>Choose “File transfer” on it</source>
+        <translation>Wählen Sie darauf „Dateiübertragung“</translation>
+    </message>
+    <message>
+        <source>Android asks in a notification that says “Charging this device via USB”.</source>
+        <translation>Android fragt in einer Benachrichtigung wie „Gerät wird über USB aufgeladen“.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WirelessDialog</name>
+    <message>
+        <source>Pairing…</source>
+        <translation>Wird gekoppelt …</translation>
+    </message>
+    <message>
+        <source>Connecting…</source>
+        <translation>Wird verbunden …</translation>
+    </message>
+    <message>
+        <source>Paired</source>
+        <translation>Gekoppelt</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>Verbunden</translation>
+    </message>
+    <message>
+        <source>Waiting to be paired</source>
+        <translation>Wartet auf die Kopplung</translation>
+    </message>
+    <message>
+        <source>Ready to connect</source>
+        <translation>Bereit zum Verbinden</translation>
+    </message>
+    <message>
+        <source>Wireless Devices</source>
+        <translation>Drahtlose Geräte</translation>
+    </message>
+    <message>
+        <source>Phones on this network on which wireless debugging is switched on.</source>
+        <translation>Telefone in diesem Netzwerk, auf denen das Debugging über WLAN eingeschaltet ist.</translation>
+    </message>
+    <message>
+        <source>Looking for phones…</source>
+        <translation>Telefone werden gesucht …</translation>
+    </message>
+    <message>
+        <source>Search Again</source>
+        <translation>Erneut suchen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>This computer cannot look for phones on the network: the service for it (avahi-daemon) does not run.</source>
+        <translation>Dieser Computer kann im Netzwerk nicht nach Telefonen suchen: Der Dienst dafür (avahi-daemon) läuft nicht.</translation>
+    </message>
+    <message>
+        <source>On the phone, switch on wireless debugging in the developer options. It must be on the same network as this computer.</source>
+        <translation>Schalten Sie auf dem Telefon in den Entwickleroptionen das Debugging über WLAN ein. Es muss im selben Netzwerk sein wie dieser Computer.</translation>
+    </message>
+    <message>
+        <source>A phone that waits to be paired shows a code of six digits.</source>
+        <translation>Ein Telefon, das auf die Kopplung wartet, zeigt einen Code aus sechs Ziffern.</translation>
+    </message>
+    <message>
+        <source>Pair…</source>
+        <translation>Koppeln …</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>Verbinden</translation>
+    </message>
+    <message>
+        <source>The six digits that the phone shows:</source>
+        <translation>Die sechs Ziffern, die das Telefon zeigt:</translation>
+    </message>
+    <message>
+        <source>Pair</source>
+        <translation>Koppeln</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+</TS>

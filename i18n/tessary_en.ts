@@ -1,0 +1,126 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en_US" sourcelanguage="en_US">
+<context>
+    <name>ClashQuestion</name>
+    <message numerus="yes">
+        <source>Do the same for the other %Ln</source>
+        <translation>
+            <numerusform>Do the same for the other one</numerusform>
+            <numerusform>Do the same for the other %Ln</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::BrowserView</name>
+    <message numerus="yes">
+        <source>%Ln selected</source>
+        <translation>
+            <numerusform>%Ln selected</numerusform>
+            <numerusform>%Ln selected</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln item</numerusform>
+            <numerusform>%Ln items</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %Ln items</source>
+        <translation>
+            <numerusform>%1 of %Ln item</numerusform>
+            <numerusform>%1 of %Ln items</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be deleted from the phone.</source>
+        <translation>
+            <numerusform>%Ln item will be deleted from the phone.</numerusform>
+            <numerusform>%Ln items will be deleted from the phone.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FileTableView</name>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln item</numerusform>
+            <numerusform>%Ln items</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PropertiesDialog</name>
+    <message numerus="yes">
+        <source>%1 bytes</source>
+        <translation>
+            <numerusform>%1 byte</numerusform>
+            <numerusform>%1 bytes</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln item</numerusform>
+            <numerusform>%Ln items</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPreviewDialog</name>
+    <message numerus="yes">
+        <source>%Ln files are the same already</source>
+        <translation>
+            <numerusform>%Ln file is the same already</numerusform>
+            <numerusform>%Ln files are the same already</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files to go through, %1 to copy</source>
+        <translation>
+            <numerusform>%Ln file to go through, %1 to copy</numerusform>
+            <numerusform>%Ln files to go through, %1 to copy</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncQuestionDialog</name>
+    <message numerus="yes">
+        <source>%Ln files were deleted on one side. Delete them on the other, too?</source>
+        <translation>
+            <numerusform>%Ln file was deleted on one side. Delete it on the other, too?</numerusform>
+            <numerusform>%Ln files were deleted on one side. Delete them on the other, too?</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferListModel</name>
+    <message numerus="yes">
+        <source>%1/%Ln files</source>
+        <translation>
+            <numerusform>%1/%Ln file</numerusform>
+            <numerusform>%1/%Ln files</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferNotice</name>
+    <message numerus="yes">
+        <source>%Ln items are copied.</source>
+        <translation>
+            <numerusform>%Ln item is copied.</numerusform>
+            <numerusform>%Ln items are copied.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items were not copied.</source>
+        <translation>
+            <numerusform>%Ln of %1 items was not copied.</numerusform>
+            <numerusform>%Ln of %1 items were not copied.</numerusform>
+        </translation>
+    </message>
+</context>
+</TS>

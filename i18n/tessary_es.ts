@@ -1,0 +1,2410 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="es_ES" sourcelanguage="en_US">
+<context>
+    <name>BrowserActions</name>
+    <message>
+        <source>Back</source>
+        <translation>Atrás</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Adelante</translation>
+    </message>
+    <message>
+        <source>Enclosing Folder</source>
+        <translation>Carpeta contenedora</translation>
+    </message>
+    <message>
+        <source>Go to Folder…</source>
+        <translation>Ir a la carpeta…</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Recargar</translation>
+    </message>
+    <message>
+        <source>Open Folder</source>
+        <translation>Abrir carpeta</translation>
+    </message>
+    <message>
+        <source>New Folder</source>
+        <translation>Nueva carpeta</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Renombrar</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Eliminar</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Descargar</translation>
+    </message>
+    <message>
+        <source>Copy Files Here…</source>
+        <translation>Copiar archivos aquí…</translation>
+    </message>
+    <message>
+        <source>Copy a Folder Here…</source>
+        <translation>Copiar una carpeta aquí…</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Seleccionar todo</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filtro</translation>
+    </message>
+    <message>
+        <source>As List</source>
+        <translation>Como lista</translation>
+    </message>
+    <message>
+        <source>As Grid</source>
+        <translation>Como cuadrícula</translation>
+    </message>
+    <message>
+        <source>Add to Favorites</source>
+        <translation>Añadir a favoritos</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>Aplicaciones</translation>
+    </message>
+    <message>
+        <source>Sync</source>
+        <translation>Sincronización</translation>
+    </message>
+    <message>
+        <source>Quick Look</source>
+        <translation>Vista rápida</translation>
+    </message>
+    <message>
+        <source>Properties</source>
+        <translation>Propiedades</translation>
+    </message>
+</context>
+<context>
+    <name>BrowserEdit</name>
+    <message>
+        <source>New Folder</source>
+        <translation>Nueva carpeta</translation>
+    </message>
+    <message>
+        <source>New Folder %1</source>
+        <translation>Nueva carpeta %1</translation>
+    </message>
+</context>
+<context>
+    <name>ByteFormat</name>
+    <message>
+        <source>1 byte</source>
+        <translation>1 byte</translation>
+    </message>
+</context>
+<context>
+    <name>ClashQuestion</name>
+    <message>
+        <source>Already There</source>
+        <translation>Ya existe</translation>
+    </message>
+    <message>
+        <source>“%1” is already there.</source>
+        <translation>«%1» ya existe.</translation>
+    </message>
+    <message>
+        <source>New: %1</source>
+        <translation>Nuevo: %1</translation>
+    </message>
+    <message>
+        <source>There: %1</source>
+        <translation>Existente: %1</translation>
+    </message>
+    <message>
+        <source>Replacing merges the folders; files of the same name in them are replaced.</source>
+        <translation>Al reemplazar se combinan las carpetas; los archivos del mismo nombre se reemplazan.</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Reemplazar</translation>
+    </message>
+    <message>
+        <source>Keep Both</source>
+        <translation>Conservar ambos</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>Omitir</translation>
+    </message>
+    <message numerus="yes">
+        <source>Do the same for the other %Ln</source>
+        <translation>
+            <numerusform>Hacer lo mismo con el otro</numerusform>
+            <numerusform>Hacer lo mismo con los otros %Ln</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not Enough Space</source>
+        <translation>No hay espacio suficiente</translation>
+    </message>
+    <message>
+        <source>There is not enough space for this copy.</source>
+        <translation>No hay espacio suficiente para esta copia.</translation>
+    </message>
+    <message>
+        <source>It needs at least %1, and %2 are free in “%3”.</source>
+        <translation>Necesita al menos %1, y en «%3» hay %2 libres.</translation>
+    </message>
+    <message>
+        <source>It needs %1, and %2 are free in “%3”.</source>
+        <translation>Necesita %1, y en «%3» hay %2 libres.</translation>
+    </message>
+    <message>
+        <source>Copy Anyway</source>
+        <translation>Copiar de todos modos</translation>
+    </message>
+</context>
+<context>
+    <name>DisplayNames</name>
+    <message>
+        <source>Folder</source>
+        <translation>Carpeta</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>Imagen</translation>
+    </message>
+    <message>
+        <source>Video</source>
+        <translation>Vídeo</translation>
+    </message>
+    <message>
+        <source>Audio</source>
+        <translation>Audio</translation>
+    </message>
+    <message>
+        <source>Document</source>
+        <translation>Documento</translation>
+    </message>
+    <message>
+        <source>Archive</source>
+        <translation>Archivo comprimido</translation>
+    </message>
+    <message>
+        <source>APK Package</source>
+        <translation>Paquete APK</translation>
+    </message>
+    <message>
+        <source>Source Code</source>
+        <translation>Código fuente</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Archivo</translation>
+    </message>
+    <message>
+        <source>iOS File Transfer</source>
+        <translation>Transferencia de archivos iOS</translation>
+    </message>
+    <message>
+        <source>Standard MTP</source>
+        <translation>MTP estándar</translation>
+    </message>
+    <message>
+        <source>Turbo Mode (ADB)</source>
+        <translation>Modo turbo (ADB)</translation>
+    </message>
+    <message>
+        <source>Upload</source>
+        <translation>Subir</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Descargar</translation>
+    </message>
+    <message>
+        <source>Queued</source>
+        <translation>En cola</translation>
+    </message>
+    <message>
+        <source>In Progress</source>
+        <translation>En curso</translation>
+    </message>
+    <message>
+        <source>Completed</source>
+        <translation>Completado</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Fallido</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>Cancelado</translation>
+    </message>
+    <message>
+        <source>Internal Storage</source>
+        <translation>Almacenamiento interno</translation>
+    </message>
+    <message>
+        <source>Internal Shared Storage</source>
+        <translation>Almacenamiento interno compartido</translation>
+    </message>
+    <message>
+        <source>SD Card</source>
+        <translation>Tarjeta SD</translation>
+    </message>
+    <message>
+        <source>%1 free of %2</source>
+        <translation>%1 libres de %2</translation>
+    </message>
+    <message>
+        <source>Move to the phone</source>
+        <translation>Mover al teléfono</translation>
+    </message>
+    <message>
+        <source>Only to the phone</source>
+        <translation>Solo al teléfono</translation>
+    </message>
+    <message>
+        <source>Move to this computer</source>
+        <translation>Mover a este ordenador</translation>
+    </message>
+    <message>
+        <source>Only to this computer</source>
+        <translation>Solo a este ordenador</translation>
+    </message>
+    <message>
+        <source>Both ways</source>
+        <translation>En ambos sentidos</translation>
+    </message>
+</context>
+<context>
+    <name>MainMenu</name>
+    <message>
+        <source>Settings</source>
+        <translation>Ajustes</translation>
+    </message>
+    <message>
+        <source>Wireless Devices…</source>
+        <translation>Dispositivos inalámbricos…</translation>
+    </message>
+    <message>
+        <source>Quit Tessary</source>
+        <translation>Salir de Tessary</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Archivo</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Edición</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>Ver</translation>
+    </message>
+    <message>
+        <source>Go</source>
+        <translation>Ir</translation>
+    </message>
+</context>
+<context>
+    <name>Message</name>
+    <message>
+        <source>The phone is full: delete something on it, or copy less.</source>
+        <translation>El teléfono está lleno: elimina algo o copia menos.</translation>
+    </message>
+    <message>
+        <source>The app does not allow this.</source>
+        <translation>La aplicación no lo permite.</translation>
+    </message>
+    <message>
+        <source>The phone does not answer: unlock it. If that does not help, unplug it and plug it in again.</source>
+        <translation>El teléfono no responde: desbloquéalo. Si no sirve, desconéctalo y vuelve a conectarlo.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and try again.</source>
+        <translation>Desbloquea el teléfono e inténtalo de nuevo.</translation>
+    </message>
+    <message>
+        <source>Unplug the phone, plug it in again and tap Trust on it.</source>
+        <translation>Desconecta el teléfono, vuelve a conectarlo y toca «Confiar» en él.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and tap Trust on it.</source>
+        <translation>Desbloquea el teléfono y toca «Confiar» en él.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone, tap Trust on it when it asks, and try again.</source>
+        <translation>Desbloquea el teléfono, toca «Confiar» cuando lo pregunte e inténtalo de nuevo.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone. If that does not help, the app does not share its files with computers.</source>
+        <translation>Desbloquea el teléfono. Si no sirve, la aplicación no comparte sus archivos con ordenadores.</translation>
+    </message>
+    <message>
+        <source>Another program is using the phone.</source>
+        <translation>Otro programa está usando el teléfono.</translation>
+    </message>
+    <message>
+        <source>Close it, or unmount the phone in the desktop&apos;s file manager, and try again.</source>
+        <translation>Ciérralo o desmonta el teléfono en el gestor de archivos del escritorio e inténtalo de nuevo.</translation>
+    </message>
+    <message>
+        <source>The phone is not connected.</source>
+        <translation>El teléfono no está conectado.</translation>
+    </message>
+    <message>
+        <source>The phone was unplugged.</source>
+        <translation>Se desconectó el teléfono.</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again, unlock it and choose File transfer on it.</source>
+        <translation>Vuelve a conectar el teléfono, desbloquéalo y elige en él «Transferencia de archivos».</translation>
+    </message>
+    <message>
+        <source>The phone does not answer.</source>
+        <translation>El teléfono no responde.</translation>
+    </message>
+    <message>
+        <source>Unlock it. If that does not help, unplug it and plug it in again.</source>
+        <translation>Desbloquéalo. Si no sirve, desconéctalo y vuelve a conectarlo.</translation>
+    </message>
+    <message>
+        <source>The phone broke the transfer off.</source>
+        <translation>El teléfono interrumpió la transferencia.</translation>
+    </message>
+    <message>
+        <source>Try again. If that does not help, unplug the phone and plug it in again.</source>
+        <translation>Inténtalo de nuevo. Si no sirve, desconecta el teléfono y vuelve a conectarlo.</translation>
+    </message>
+    <message>
+        <source>This user may not open the phone&apos;s USB device.</source>
+        <translation>Este usuario no puede abrir el dispositivo USB del teléfono.</translation>
+    </message>
+    <message>
+        <source>Install the udev rule that comes with Tessary, then plug the phone in again.</source>
+        <translation>Instala la regla udev incluida con Tessary y vuelve a conectar el teléfono.</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is full.</source>
+        <translation>El almacenamiento del teléfono está lleno.</translation>
+    </message>
+    <message>
+        <source>Delete something on the phone, or copy less.</source>
+        <translation>Elimina algo en el teléfono o copia menos.</translation>
+    </message>
+    <message>
+        <source>This storage of the phone is read-only.</source>
+        <translation>Este almacenamiento del teléfono es de solo lectura.</translation>
+    </message>
+    <message>
+        <source>Choose another folder.</source>
+        <translation>Elige otra carpeta.</translation>
+    </message>
+    <message>
+        <source>The phone protects this file.</source>
+        <translation>El teléfono protege este archivo.</translation>
+    </message>
+    <message>
+        <source>The phone does not allow this.</source>
+        <translation>El teléfono no lo permite.</translation>
+    </message>
+    <message>
+        <source>Unlock it, and try another folder.</source>
+        <translation>Desbloquéalo y prueba con otra carpeta.</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is not available.</source>
+        <translation>El almacenamiento del teléfono no está disponible.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and choose File transfer on it.</source>
+        <translation>Desbloquea el teléfono y elige en él «Transferencia de archivos».</translation>
+    </message>
+    <message>
+        <source>The phone is busy.</source>
+        <translation>El teléfono está ocupado.</translation>
+    </message>
+    <message>
+        <source>Wait a moment and try again.</source>
+        <translation>Espera un momento e inténtalo de nuevo.</translation>
+    </message>
+    <message>
+        <source>The phone cannot do this.</source>
+        <translation>El teléfono no puede hacer esto.</translation>
+    </message>
+    <message>
+        <source>The phone ended the connection.</source>
+        <translation>El teléfono cerró la conexión.</translation>
+    </message>
+    <message>
+        <source>Go up to the folder that held it.</source>
+        <translation>Sube a la carpeta que la contenía.</translation>
+    </message>
+    <message>
+        <source>The copy failed for an unknown reason.</source>
+        <translation>La copia falló por un motivo desconocido.</translation>
+    </message>
+    <message>
+        <source>Transfer was cancelled</source>
+        <translation>Se canceló la transferencia</translation>
+    </message>
+    <message>
+        <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
+        <translation>Ninguna app de este iPhone comparte sus archivos. Desde un ordenador solo se pueden abrir las apps cuyos autores activaron el uso compartido de archivos; las fotos y las apps que se reservan sus documentos, no.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are deleted on the other after you agreed.</source>
+        <translation>Los archivos nuevos y modificados se copian en ambos sentidos. Los que se eliminan en un lado se eliminan en el otro cuando lo aceptas.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are copied back.</source>
+        <translation>Los archivos nuevos y modificados se copian en ambos sentidos. Los que se eliminan en un lado se vuelven a copiar.</translation>
+    </message>
+    <message>
+        <source>Files are moved to the phone: each is deleted here once it has arrived.</source>
+        <translation>Los archivos se mueven al teléfono: cada uno se elimina aquí cuando ha llegado.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied to the phone. Nothing is deleted.</source>
+        <translation>Los archivos nuevos y modificados se copian al teléfono. No se elimina nada.</translation>
+    </message>
+    <message>
+        <source>Files are moved here: each is deleted on the phone once it has arrived.</source>
+        <translation>Los archivos se mueven aquí: cada uno se elimina del teléfono cuando ha llegado.</translation>
+    </message>
+    <message>
+        <source>New and changed files of the phone are copied here. Nothing is deleted.</source>
+        <translation>Los archivos nuevos y modificados del teléfono se copian aquí. No se elimina nada.</translation>
+    </message>
+    <message>
+        <source>To Android</source>
+        <translation>Al dispositivo</translation>
+    </message>
+    <message>
+        <source>Move to iPhone</source>
+        <translation>Mover al dispositivo</translation>
+    </message>
+    <message>
+        <source>Move to Android</source>
+        <translation>Mover al dispositivo</translation>
+    </message>
+    <message>
+        <source>Move to Mac</source>
+        <translation>Mover al ordenador</translation>
+    </message>
+    <message>
+        <source>Uploading</source>
+        <translation>Subiendo</translation>
+    </message>
+    <message>
+        <source>Downloading</source>
+        <translation>Descargando</translation>
+    </message>
+    <message>
+        <source>Moving</source>
+        <translation>Moviendo</translation>
+    </message>
+    <message>
+        <source>Moving (already on destination)</source>
+        <translation>Moviendo (ya está en el destino)</translation>
+    </message>
+    <message>
+        <source>%1 uploaded</source>
+        <translation>%1 subidos</translation>
+    </message>
+    <message>
+        <source>%1 downloaded</source>
+        <translation>%1 descargados</translation>
+    </message>
+    <message>
+        <source>%1 moved</source>
+        <translation>%1 movidos</translation>
+    </message>
+    <message>
+        <source>%1 deleted</source>
+        <translation>%1 eliminados</translation>
+    </message>
+    <message>
+        <source>%1 kept twice</source>
+        <translation>%1 conservados por duplicado</translation>
+    </message>
+    <message>
+        <source>%1 skipped</source>
+        <translation>%1 omitidos</translation>
+    </message>
+    <message>
+        <source>its name cannot be part of a path</source>
+        <translation>su nombre no puede formar parte de una ruta</translation>
+    </message>
+    <message>
+        <source>the device has several entries of this name</source>
+        <translation>el dispositivo tiene varios elementos con este nombre</translation>
+    </message>
+    <message>
+        <source>the device does not tell its size</source>
+        <translation>el dispositivo no indica su tamaño</translation>
+    </message>
+    <message>
+        <source>its name is not valid text</source>
+        <translation>su nombre no es un texto válido</translation>
+    </message>
+    <message>
+        <source>it is a link; links are not followed</source>
+        <translation>es un enlace; los enlaces no se siguen</translation>
+    </message>
+    <message>
+        <source>it is not a regular file</source>
+        <translation>no es un archivo normal</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>no se puede leer</translation>
+    </message>
+    <message>
+        <source>its name cannot be used on this computer</source>
+        <translation>su nombre no se puede usar en este ordenador</translation>
+    </message>
+    <message>
+        <source>its name is too long for this computer</source>
+        <translation>su nombre es demasiado largo para este ordenador</translation>
+    </message>
+    <message>
+        <source>its name is too long for the device</source>
+        <translation>su nombre es demasiado largo para el dispositivo</translation>
+    </message>
+    <message>
+        <source>its name is too long for the phone</source>
+        <translation>su nombre es demasiado largo para el teléfono</translation>
+    </message>
+    <message>
+        <source>phones do not allow a sign in its name</source>
+        <translation>los teléfonos no admiten un signo de su nombre</translation>
+    </message>
+    <message>
+        <source>it is a file on one side and a folder on the other</source>
+        <translation>es un archivo en un lado y una carpeta en el otro</translation>
+    </message>
+    <message>
+        <source>another name differs from it only in case or in the form of its letters</source>
+        <translation>otro nombre solo se diferencia en mayúsculas o en la forma de las letras</translation>
+    </message>
+    <message>
+        <source>it was changed on the side that files are copied to</source>
+        <translation>se cambió en el lado al que se copia</translation>
+    </message>
+    <message>
+        <source>it was changed on the side that files are moved to; both are kept</source>
+        <translation>se cambió en el lado al que se mueve; se conservan ambos</translation>
+    </message>
+    <message>
+        <source>it changed while the folders were being synced; it was left as it is</source>
+        <translation>cambió durante la sincronización; se dejó como está</translation>
+    </message>
+    <message>
+        <source>it changed again and again while it was being copied</source>
+        <translation>cambió una y otra vez mientras se copiaba</translation>
+    </message>
+    <message>
+        <source>another file of this name, size and date is on the other side; both are kept</source>
+        <translation>en el otro lado hay otro archivo con este nombre, tamaño y fecha; se conservan ambos</translation>
+    </message>
+    <message>
+        <source>The connection to the phone broke off.</source>
+        <translation>Se ha cortado la conexión con el teléfono.</translation>
+    </message>
+    <message>
+        <source>adb answers nonsense.</source>
+        <translation>adb da respuestas sin sentido.</translation>
+    </message>
+    <message>
+        <source>A folder cannot be moved into itself.</source>
+        <translation>Una carpeta no se puede mover dentro de sí misma.</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be changed or copied as one item.</source>
+        <translation>Un almacenamiento entero no se puede cambiar ni copiar como un solo elemento.</translation>
+    </message>
+    <message>
+        <source>The phone sends nothing any more. Unplug it and plug it in again.</source>
+        <translation>El teléfono ya no envía nada. Desconéctalo y vuelve a conectarlo.</translation>
+    </message>
+    <message>
+        <source>The phone takes nothing any more. Unplug it and plug it in again.</source>
+        <translation>El teléfono ya no acepta nada. Desconéctalo y vuelve a conectarlo.</translation>
+    </message>
+    <message>
+        <source>nothing arrived.</source>
+        <translation>no llegó nada.</translation>
+    </message>
+    <message>
+        <source>the phone does not have the file.</source>
+        <translation>el teléfono no tiene el archivo.</translation>
+    </message>
+    <message>
+        <source>The phone has not allowed this computer yet. Unlock it and tap Allow in the question about USB debugging.</source>
+        <translation>El teléfono aún no ha permitido este ordenador. Desbloquéalo y toca «Permitir» en la pregunta sobre la depuración USB.</translation>
+    </message>
+    <message>
+        <source>The phone is offline for adb. Unplug it and plug it in again, or turn USB debugging off and on.</source>
+        <translation>El teléfono está fuera de línea para adb. Desconéctalo y vuelve a conectarlo, o desactiva y activa la depuración USB.</translation>
+    </message>
+    <message>
+        <source>adb does not reach the phone. Turn on USB debugging on it, or switch to Standard MTP.</source>
+        <translation>adb no llega al teléfono. Activa en él la depuración USB o cambia a MTP estándar.</translation>
+    </message>
+    <message>
+        <source>adb reaches several phones and cannot tell which one is meant. Unplug the others, or switch to Standard MTP.</source>
+        <translation>adb llega a varios teléfonos y no sabe a cuál te refieres. Desconecta los demás o cambia a MTP estándar.</translation>
+    </message>
+    <message>
+        <source>adb&apos;s server cannot be started.</source>
+        <translation>No se puede iniciar el servidor de adb.</translation>
+    </message>
+    <message>
+        <source>The file is too large for this storage of the phone.</source>
+        <translation>El archivo es demasiado grande para este almacenamiento del teléfono.</translation>
+    </message>
+    <message>
+        <source>adb cannot be started.</source>
+        <translation>No se puede iniciar adb.</translation>
+    </message>
+    <message>
+        <source>adb crashed.</source>
+        <translation>adb se ha cerrado de forma inesperada.</translation>
+    </message>
+    <message>
+        <source>adb does not answer. Unplug the phone and plug it in again.</source>
+        <translation>adb no responde. Desconecta el teléfono y vuelve a conectarlo.</translation>
+    </message>
+    <message>
+        <source>adb is not installed.</source>
+        <translation>adb no está instalado.</translation>
+    </message>
+    <message>
+        <source>The phone does not answer on the network.</source>
+        <translation>El teléfono no responde en la red.</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s adb is too old to pair: version 30 or newer is needed.</source>
+        <translation>El adb de este ordenador es demasiado antiguo para vincular: hace falta la versión 30 o posterior.</translation>
+    </message>
+    <message>
+        <source>Allow this computer on the phone, then connect again.</source>
+        <translation>Autoriza este ordenador en el teléfono y vuelve a conectarte.</translation>
+    </message>
+    <message>
+        <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
+        <translation>El modo Turbo necesita adb, que no está instalado. En su lugar se usa el teléfono por MTP estándar.</translation>
+    </message>
+    <message>
+        <source>Install the adb tool, or switch the phone to Standard MTP.</source>
+        <translation>Instala la herramienta adb o cambia el teléfono a MTP estándar.</translation>
+    </message>
+    <message>
+        <source>the folder cannot be created on this computer</source>
+        <translation>la carpeta no se puede crear en este ordenador</translation>
+    </message>
+    <message>
+        <source>a folder of this name is on this computer</source>
+        <translation>en este ordenador hay una carpeta con este nombre</translation>
+    </message>
+    <message>
+        <source>The documents of an app cannot be deleted as a whole.</source>
+        <translation>Los documentos de una aplicación no se pueden eliminar en bloque.</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer was cut off</source>
+        <translation>La respuesta del servidor se cortó</translation>
+    </message>
+    <message>
+        <source>Check the spelling, or choose the folder below.</source>
+        <translation>Comprueba la ortografía o elige la carpeta más abajo.</translation>
+    </message>
+    <message>
+        <source>the phone did not put it in the place of the old file.</source>
+        <translation>el teléfono no lo puso en el lugar del archivo antiguo.</translation>
+    </message>
+    <message>
+        <source>a link to a folder</source>
+        <translation>un enlace a una carpeta</translation>
+    </message>
+    <message>
+        <source>a link that leads nowhere</source>
+        <translation>un enlace que no lleva a ninguna parte</translation>
+    </message>
+    <message>
+        <source>a link</source>
+        <translation>un enlace</translation>
+    </message>
+    <message>
+        <source>not a regular file</source>
+        <translation>no es un archivo normal</translation>
+    </message>
+    <message>
+        <source>the folder cannot be read</source>
+        <translation>no se puede leer la carpeta</translation>
+    </message>
+    <message>
+        <source>a folder of this name is there.</source>
+        <translation>ya hay una carpeta con ese nombre.</translation>
+    </message>
+    <message>
+        <source>it is not a file.</source>
+        <translation>no es un archivo.</translation>
+    </message>
+    <message>
+        <source>The device does not answer.</source>
+        <translation>El dispositivo no responde.</translation>
+    </message>
+    <message>
+        <source>another entry has the same name on this computer</source>
+        <translation>otro elemento tiene el mismo nombre en este ordenador</translation>
+    </message>
+    <message>
+        <source>the phone lists this folder inside itself</source>
+        <translation>el teléfono muestra esta carpeta dentro de sí misma</translation>
+    </message>
+    <message>
+        <source>its folder could not be made</source>
+        <translation>no se pudo crear su carpeta</translation>
+    </message>
+    <message>
+        <source>The phone is busy with another copy. Try again when that one is done.</source>
+        <translation>El teléfono está ocupado con otra copia. Inténtelo de nuevo cuando termine.</translation>
+    </message>
+    <message>
+        <source>no phone was chosen</source>
+        <translation>no se ha elegido ningún teléfono</translation>
+    </message>
+    <message>
+        <source>folders are copied, not dragged</source>
+        <translation>las carpetas se copian, no se arrastran</translation>
+    </message>
+    <message>
+        <source>it is still being copied from the phone</source>
+        <translation>todavía se está copiando del teléfono</translation>
+    </message>
+    <message>
+        <source>a name cannot be empty</source>
+        <translation>un nombre no puede estar vacío</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be deleted.</source>
+        <translation>No se puede eliminar un almacenamiento entero.</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be renamed.</source>
+        <translation>No se puede renombrar un almacenamiento entero.</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be moved.</source>
+        <translation>No se puede mover un almacenamiento entero.</translation>
+    </message>
+    <message>
+        <source>The phone cannot move files from one storage to another. Copy them instead.</source>
+        <translation>El teléfono no puede mover archivos de un almacenamiento a otro. Cópielos en su lugar.</translation>
+    </message>
+    <message>
+        <source>A folder has no preview.</source>
+        <translation>Una carpeta no tiene vista previa.</translation>
+    </message>
+    <message>
+        <source>No storage available</source>
+        <translation>No hay almacenamiento disponible</translation>
+    </message>
+    <message>
+        <source>No MTP storage found for upload</source>
+        <translation>No se encontró almacenamiento MTP para subir</translation>
+    </message>
+    <message>
+        <source>No device connected for download</source>
+        <translation>No hay ningún dispositivo conectado para descargar</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 y %2 más</translation>
+    </message>
+    <message>
+        <source>Internal Storage</source>
+        <translation>Almacenamiento interno</translation>
+    </message>
+    <message>
+        <source>Idle</source>
+        <translation>Inactivo</translation>
+    </message>
+    <message>
+        <source>Syncing…</source>
+        <translation>Sincronizando…</translation>
+    </message>
+    <message>
+        <source>Synced</source>
+        <translation>Sincronizado</translation>
+    </message>
+    <message>
+        <source>Up to date</source>
+        <translation>Al día</translation>
+    </message>
+    <message>
+        <source>Connecting to device…</source>
+        <translation>Conectando con el dispositivo…</translation>
+    </message>
+    <message>
+        <source>Device disconnected</source>
+        <translation>Dispositivo desconectado</translation>
+    </message>
+    <message>
+        <source>Scanning folders…</source>
+        <translation>Examinando carpetas…</translation>
+    </message>
+    <message>
+        <source>Awaiting deletion confirmation…</source>
+        <translation>Esperando confirmación para eliminar…</translation>
+    </message>
+    <message>
+        <source>Analyzing files…</source>
+        <translation>Analizando archivos…</translation>
+    </message>
+    <message>
+        <source>Starting transfer…</source>
+        <translation>Iniciando transferencia…</translation>
+    </message>
+    <message>
+        <source>Completed</source>
+        <translation>Completado</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>Cancelado</translation>
+    </message>
+    <message>
+        <source>Server returned non-200 status</source>
+        <translation>El servidor respondió con un estado distinto de 200</translation>
+    </message>
+    <message>
+        <source>Invalid version data format</source>
+        <translation>Formato de datos de versión no válido</translation>
+    </message>
+    <message>
+        <source>The server did not answer in time</source>
+        <translation>El servidor no respondió a tiempo</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer is too long</source>
+        <translation>La respuesta del servidor es demasiado larga</translation>
+    </message>
+    <message>
+        <source>The address is not a safe one</source>
+        <translation>La dirección no es segura</translation>
+    </message>
+    <message>
+        <source>The server redirects without end</source>
+        <translation>El servidor redirige sin fin</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>Vuelve a conectar el teléfono y desbloquéalo.</translation>
+    </message>
+    <message>
+        <source>Another folder is shown by now. Nothing was done.</source>
+        <translation>Ahora se muestra otra carpeta. No se ha hecho nada.</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or moved on the phone.</source>
+        <translation>Puede que se haya eliminado o movido en el teléfono.</translation>
+    </message>
+    <message>
+        <source>Already There</source>
+        <translation>Ya existe</translation>
+    </message>
+    <message>
+        <source>Cannot enumerate %1</source>
+        <translation>No se puede recorrer %1</translation>
+    </message>
+    <message>
+        <source>%1 changed while the folder was being read. Sync again.</source>
+        <translation>%1 cambió mientras se leía la carpeta. Sincronice de nuevo.</translation>
+    </message>
+    <message>
+        <source>The phone lists the folder %1 inside itself.</source>
+        <translation>El teléfono muestra la carpeta %1 dentro de sí misma.</translation>
+    </message>
+    <message>
+        <source>%1 holds &quot;%2&quot;, which is no name of a file.</source>
+        <translation>%1 contiene «%2», que no es un nombre de archivo.</translation>
+    </message>
+    <message>
+        <source>Cannot open local file for writing: %1</source>
+        <translation>No se puede abrir el archivo local para escribir: %1</translation>
+    </message>
+    <message>
+        <source>Cannot open local file for reading: %1</source>
+        <translation>No se puede abrir el archivo local para leer: %1</translation>
+    </message>
+    <message>
+        <source>The phone does not tell what %1 is.</source>
+        <translation>El teléfono no indica qué es %1.</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used on this computer. Rename the folder on the phone first.</source>
+        <translation>El nombre «%1» no se puede usar en este ordenador. Renombre primero la carpeta en el teléfono.</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used on this computer. Rename it on the phone first.</source>
+        <translation>El nombre «%1» no se puede usar en este ordenador. Cámbielo primero en el teléfono.</translation>
+    </message>
+    <message>
+        <source>No MTP handle for file %1</source>
+        <translation>No hay objeto MTP para el archivo %1</translation>
+    </message>
+    <message>
+        <source>%1 became shorter while it was being copied. Copy it again.</source>
+        <translation>%1 se acortó mientras se copiaba. Cópielo de nuevo.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has appeared on the phone meanwhile.</source>
+        <translation>«%1» ha aparecido entretanto en el teléfono.</translation>
+    </message>
+    <message>
+        <source>A folder named &quot;%1&quot; is already on the phone.</source>
+        <translation>Ya hay una carpeta llamada «%1» en el teléfono.</translation>
+    </message>
+    <message>
+        <source>A file named &quot;%1&quot; is already on the phone.</source>
+        <translation>Ya hay un archivo llamado «%1» en el teléfono.</translation>
+    </message>
+    <message>
+        <source>The phone does not show the new &quot;%1&quot;. The old one was kept.</source>
+        <translation>El teléfono no muestra el nuevo «%1». Se conservó el antiguo.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already on the phone, and this phone cannot replace files. Delete or rename the old one first.</source>
+        <translation>«%1» ya está en el teléfono y este no puede reemplazar archivos. Elimine o renombre primero el antiguo.</translation>
+    </message>
+    <message>
+        <source>The new &quot;%1&quot; is on the phone under the name &quot;%2&quot;: it could not be renamed (%3).</source>
+        <translation>El nuevo «%1» está en el teléfono con el nombre «%2»: no se pudo renombrar (%3).</translation>
+    </message>
+    <message>
+        <source>The phone does not show the new folder &quot;%1&quot;.</source>
+        <translation>El teléfono no muestra la nueva carpeta «%1».</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already there</source>
+        <translation>«%1» ya existe</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files was not copied: %3</source>
+        <translation>No se copió %1 de %2 archivos: %3</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files were not copied: %3</source>
+        <translation>No se copiaron %1 de %2 archivos: %3</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1 of %2 items: %3</source>
+        <translation>No se pudieron eliminar %1 de %2 elementos: %3</translation>
+    </message>
+    <message>
+        <source>Failed to move %1 of %2 items: %3</source>
+        <translation>No se pudieron mover %1 de %2 elementos: %3</translation>
+    </message>
+    <message>
+        <source>Error: %1</source>
+        <translation>Fallo: %1</translation>
+    </message>
+    <message>
+        <source>Removing %1 from %2</source>
+        <translation>Quitando %1 de %2</translation>
+    </message>
+    <message>
+        <source>A file named %1 is on the device where a folder is needed.</source>
+        <translation>En el dispositivo hay un archivo llamado %1 donde hace falta una carpeta.</translation>
+    </message>
+    <message>
+        <source>Cannot read the folder %1: %2</source>
+        <translation>No se puede leer la carpeta %1: %2</translation>
+    </message>
+    <message>
+        <source>Cannot create the folder %1: %2</source>
+        <translation>No se puede crear la carpeta %1: %2</translation>
+    </message>
+    <message>
+        <source>Cannot delete %1: %2</source>
+        <translation>No se puede eliminar %1: %2</translation>
+    </message>
+    <message>
+        <source>Cannot keep %1 as %2.</source>
+        <translation>No se puede conservar %1 como %2.</translation>
+    </message>
+    <message>
+        <source>The folder of %1 was replaced while it was being synced.</source>
+        <translation>La carpeta de %1 se reemplazó durante la sincronización.</translation>
+    </message>
+    <message>
+        <source>The folder %1 is gone, although it was synced before. Is its disk missing? Going on makes a new, empty folder.</source>
+        <translation>La carpeta %1 ya no está, aunque se sincronizó antes. ¿Falta su disco? Si continúas, se crea una carpeta nueva y vacía.</translation>
+    </message>
+    <message>
+        <source>The folder %1 is missing.</source>
+        <translation>Falta la carpeta %1.</translation>
+    </message>
+    <message>
+        <source>The folder on this computer is empty, although %1 files were in it after the last sync. Is its disk missing?</source>
+        <translation>La carpeta de este ordenador está vacía, aunque tenía %1 archivos tras la última sincronización. ¿Falta su disco?</translation>
+    </message>
+    <message>
+        <source>The folder on the device is empty, although %1 files were in it after the last sync. Is its memory card missing?</source>
+        <translation>La carpeta del dispositivo está vacía, aunque tenía %1 archivos tras la última sincronización. ¿Falta su tarjeta de memoria?</translation>
+    </message>
+    <message>
+        <source>%1 of the %2 files of the last sync would be deleted.</source>
+        <translation>Se eliminarían %1 de los %2 archivos de la última sincronización.</translation>
+    </message>
+    <message>
+        <source>The device lists %1 inside itself.</source>
+        <translation>El dispositivo muestra %1 dentro de sí mismo.</translation>
+    </message>
+    <message>
+        <source>The device does not show %1 as it was sent. It was not deleted here.</source>
+        <translation>El dispositivo no muestra %1 tal como se envió. Aquí no se ha eliminado.</translation>
+    </message>
+    <message>
+        <source>The device does not show %1 as it was sent. Sync again.</source>
+        <translation>El dispositivo no muestra %1 tal como se envió. Vuelve a sincronizar.</translation>
+    </message>
+    <message>
+        <source>%1 is not on this computer&apos;s disk as it was received.</source>
+        <translation>%1 no está en este ordenador tal como se recibió.</translation>
+    </message>
+    <message>
+        <source>%1 changed while it was being copied. Sync again.</source>
+        <translation>%1 cambió mientras se copiaba. Vuelve a sincronizar.</translation>
+    </message>
+    <message>
+        <source>%1 changed while it was being copied. Copy it again.</source>
+        <translation>%1 cambió mientras se copiaba. Cópielo de nuevo.</translation>
+    </message>
+    <message>
+        <source>%1 has appeared on the device meanwhile.</source>
+        <translation>%1 ha aparecido entretanto en el dispositivo.</translation>
+    </message>
+    <message>
+        <source>%1 is not on the device any more. Sync again.</source>
+        <translation>%1 ya no está en el dispositivo. Vuelve a sincronizar.</translation>
+    </message>
+    <message>
+        <source>%1 is a file on one side and a folder on the other</source>
+        <translation>%1 es un archivo en un lado y una carpeta en el otro</translation>
+    </message>
+    <message>
+        <source>in %1: %2</source>
+        <translation>en %1: %2</translation>
+    </message>
+    <message>
+        <source>The phone does not allow %1 to be read.</source>
+        <translation>El teléfono no permite leer %1.</translation>
+    </message>
+    <message>
+        <source>The phone did not rename %1. %2</source>
+        <translation>El teléfono no ha renombrado %1. %2</translation>
+    </message>
+    <message>
+        <source>The phone did not make the folder %1. %2</source>
+        <translation>El teléfono no ha creado la carpeta %1. %2</translation>
+    </message>
+    <message>
+        <source>The phone did not delete %1. %2</source>
+        <translation>El teléfono no ha eliminado %1. %2</translation>
+    </message>
+    <message>
+        <source>The phone did not delete %1.</source>
+        <translation>El teléfono no eliminó %1.</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be made on the phone. %2</source>
+        <translation>No se puede crear la carpeta %1 en el teléfono. %2</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be read whole.</source>
+        <translation>No se puede leer entera la carpeta %1.</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used.</source>
+        <translation>El nombre «%1» no se puede usar.</translation>
+    </message>
+    <message>
+        <source>ADB pull failed for %1: %2</source>
+        <translation>Error al descargar %1 por ADB: %2</translation>
+    </message>
+    <message>
+        <source>ADB directory pull failed for %1: %2</source>
+        <translation>Error al descargar la carpeta %1 por ADB: %2</translation>
+    </message>
+    <message>
+        <source>ADB push failed for %1: %2</source>
+        <translation>Error al subir %1 por ADB: %2</translation>
+    </message>
+    <message>
+        <source>the phone has %1 of %2 bytes.</source>
+        <translation>el teléfono tiene %1 de %2 bytes.</translation>
+    </message>
+    <message>
+        <source>the phone did not put it in the place of the old file. %1</source>
+        <translation>el teléfono no lo puso en el lugar del archivo antiguo. %1</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is on the phone, which takes &quot;%2&quot; for the same name. Rename one of the two first.</source>
+        <translation>«%1» está en el teléfono, que toma «%2» por el mismo nombre. Cambie antes el nombre de uno de los dos.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has changed on the phone meanwhile. It was kept.</source>
+        <translation>«%1» ha cambiado entretanto en el teléfono. Se ha conservado.</translation>
+    </message>
+    <message>
+        <source>adb ended with status %1.</source>
+        <translation>adb terminó con el estado %1.</translation>
+    </message>
+    <message>
+        <source>A folder &quot;%1&quot; is already on the phone.</source>
+        <translation>Ya hay una carpeta «%1» en el teléfono.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be the name of a file.</source>
+        <translation>«%1» no puede ser el nombre de un archivo.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already there.</source>
+        <translation>«%1» ya está ahí.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be moved into itself.</source>
+        <translation>«%1» no se puede mover dentro de sí mismo.</translation>
+    </message>
+    <message>
+        <source>Device not found: %1</source>
+        <translation>Dispositivo no encontrado: %1</translation>
+    </message>
+    <message>
+        <source>Lockdown error: %1</source>
+        <translation>Error de Lockdown: %1</translation>
+    </message>
+    <message>
+        <source>Failed to start service: %1</source>
+        <translation>No se pudo iniciar el servicio: %1</translation>
+    </message>
+    <message>
+        <source>House Arrest error: %1</source>
+        <translation>Error de House Arrest: %1</translation>
+    </message>
+    <message>
+        <source>InstProxy error: %1</source>
+        <translation>Error de InstProxy: %1</translation>
+    </message>
+    <message>
+        <source>File I/O error: %1</source>
+        <translation>Error de archivo: %1</translation>
+    </message>
+    <message>
+        <source>Failed to create %1: %2</source>
+        <translation>No se pudo crear %1: %2</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1: %2</source>
+        <translation>No se pudo eliminar %1: %2</translation>
+    </message>
+    <message>
+        <source>Failed to rename %1: %2</source>
+        <translation>No se pudo renombrar %1: %2</translation>
+    </message>
+    <message>
+        <source>Failed to move %1: %2</source>
+        <translation>No se pudo mover %1: %2</translation>
+    </message>
+    <message>
+        <source>Failed to drag out %1: %2</source>
+        <translation>No se pudo arrastrar %1 fuera de la ventana: %2</translation>
+    </message>
+    <message>
+        <source>Failed to check for updates (%1). Please try again later.</source>
+        <translation>No se pudieron buscar actualizaciones (%1). Inténtalo de nuevo más tarde.</translation>
+    </message>
+    <message>
+        <source>%1 is using the phone.</source>
+        <translation>%1 está usando el teléfono.</translation>
+    </message>
+    <message>
+        <source>The folder &quot;%1&quot; is not on the phone any more.</source>
+        <translation>La carpeta «%1» ya no está en el teléfono.</translation>
+    </message>
+    <message>
+        <source>There is no &quot;%1&quot; on the phone.</source>
+        <translation>«%1» no está en el teléfono.</translation>
+    </message>
+    <message>
+        <source>There is no %1 on the phone. It may have been deleted or renamed: refresh the folder.</source>
+        <translation>No hay %1 en el teléfono. Puede que se haya eliminado o renombrado: recarga la carpeta.</translation>
+    </message>
+    <message>
+        <source>The phone sent %1 of the %2 bytes of %3. Copy it again.</source>
+        <translation>El teléfono envió %1 de los %2 bytes de %3. Cópialo de nuevo.</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used on this computer.</source>
+        <translation>El nombre «%1» no se puede usar en este ordenador.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is too large for a preview. Copy it to this computer first.</source>
+        <translation>«%1» es demasiado grande para una vista previa. Cópialo primero a este ordenador.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already on the phone.</source>
+        <translation>«%1» ya está en el teléfono.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be a name on the phone.</source>
+        <translation>«%1» no puede ser un nombre en el teléfono.</translation>
+    </message>
+    <message>
+        <source>%1 is not a folder.</source>
+        <translation>%1 no es una carpeta.</translation>
+    </message>
+    <message>
+        <source>Cannot write into %1: %2</source>
+        <translation>No se puede escribir en %1: %2</translation>
+    </message>
+    <message>
+        <source>Cannot write %1: %2</source>
+        <translation>No se puede escribir %1: %2</translation>
+    </message>
+    <message>
+        <source>Cannot read %1: %2</source>
+        <translation>No se puede leer %1: %2</translation>
+    </message>
+    <message>
+        <source>Cannot create the folder %1 on this computer.</source>
+        <translation>No se puede crear la carpeta %1 en este ordenador.</translation>
+    </message>
+    <message>
+        <source>Cannot read %1.</source>
+        <translation>No se puede leer %1.</translation>
+    </message>
+    <message>
+        <source>adb could not reach the phone: %1</source>
+        <translation>adb no ha podido acceder al teléfono: %1</translation>
+    </message>
+</context>
+<context>
+    <name>QPlatformTheme</name>
+    <message>
+        <source>OK</source>
+        <translation>Aceptar</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>&amp;Yes</source>
+        <translation>&amp;Sí</translation>
+    </message>
+    <message>
+        <source>&amp;No</source>
+        <translation>&amp;No</translation>
+    </message>
+</context>
+<context>
+    <name>SyncFileList</name>
+    <message>
+        <source>Name</source>
+        <translation>Nombre</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Tamaño</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::AppListView</name>
+    <message>
+        <source>Apps</source>
+        <translation>Aplicaciones</translation>
+    </message>
+    <message>
+        <source>Filter…</source>
+        <translation>Filtrar…</translation>
+    </message>
+    <message>
+        <source>Looking for apps…</source>
+        <translation>Buscando apps…</translation>
+    </message>
+    <message>
+        <source>No Apps That Share Files</source>
+        <translation>Ninguna app comparte archivos</translation>
+    </message>
+    <message>
+        <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
+        <translation>Ninguna app de este iPhone comparte sus archivos. Desde un ordenador solo se pueden abrir las apps cuyos autores activaron el uso compartido de archivos; las fotos y las apps que se reservan sus documentos, no.</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Reintentar</translation>
+    </message>
+    <message>
+        <source>No Matching Apps</source>
+        <translation>Ninguna app coincide</translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>Borrar el filtro</translation>
+    </message>
+    <message>
+        <source>Connection Failed</source>
+        <translation>Error de conexión</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::BreadcrumbBar</name>
+    <message>
+        <source>Path</source>
+        <translation>Ruta</translation>
+    </message>
+    <message>
+        <source>Folders in between</source>
+        <translation>Carpetas intermedias</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::BrowserView</name>
+    <message numerus="yes">
+        <source>%Ln selected</source>
+        <translation>
+            <numerusform>%Ln seleccionado</numerusform>
+            <numerusform>%Ln seleccionados</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Filter…</source>
+        <translation>Filtrar…</translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>Borrar el filtro</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>Ruta</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>Archivos</translation>
+    </message>
+    <message>
+        <source>The phone is gone</source>
+        <translation>El teléfono ya no está</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>Vuelve a conectar el teléfono y desbloquéalo.</translation>
+    </message>
+    <message>
+        <source>Plug it in again, unlock it and choose File transfer on it.</source>
+        <translation>Vuelve a conectarlo, desbloquéalo y elige en él «Transferencia de archivos».</translation>
+    </message>
+    <message>
+        <source>Folder Not Found</source>
+        <translation>Carpeta no encontrada</translation>
+    </message>
+    <message>
+        <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
+        <translation>No se encontró esta carpeta en el dispositivo. Puede que se haya eliminado o movido. ¿Quieres quitarla de tus favoritos?</translation>
+    </message>
+    <message>
+        <source>Remove from Favorites</source>
+        <translation>Quitar de favoritos</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Conservar</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or moved on the phone.</source>
+        <translation>Puede que se haya eliminado o movido en el teléfono.</translation>
+    </message>
+    <message>
+        <source>Enclosing Folder</source>
+        <translation>Carpeta contenedora</translation>
+    </message>
+    <message>
+        <source>Connection Failed</source>
+        <translation>Error de conexión</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Reintentar</translation>
+    </message>
+    <message>
+        <source>Loading directory contents…</source>
+        <translation>Cargando el contenido de la carpeta…</translation>
+    </message>
+    <message>
+        <source>Loading device storage…</source>
+        <translation>Cargando el almacenamiento del dispositivo…</translation>
+    </message>
+    <message>
+        <source>No Matching Files</source>
+        <translation>Ningún archivo coincide</translation>
+    </message>
+    <message>
+        <source>Nothing here has “%1” in its name.</source>
+        <translation>Nada aquí contiene «%1» en el nombre.</translation>
+    </message>
+    <message>
+        <source>This folder is empty</source>
+        <translation>Esta carpeta está vacía</translation>
+    </message>
+    <message>
+        <source>Drop files here to copy them to the phone.</source>
+        <translation>Suelta archivos aquí para copiarlos al teléfono.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln elemento</numerusform>
+            <numerusform>%Ln elementos</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %Ln items</source>
+        <translation>
+            <numerusform>%1 de %Ln elemento</numerusform>
+            <numerusform>%1 de %Ln elementos</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of %2 done (Esc stops)</source>
+        <translation>%1 de %2 hechos (Esc detiene)</translation>
+    </message>
+    <message>
+        <source>reading…</source>
+        <translation>leyendo…</translation>
+    </message>
+    <message>
+        <source>View Mode</source>
+        <translation>Modo de vista</translation>
+    </message>
+    <message>
+        <source>Add to Favorites</source>
+        <translation>Añadir a favoritos</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Eliminar</translation>
+    </message>
+    <message>
+        <source>Delete selected items?</source>
+        <translation>¿Eliminar los elementos seleccionados?</translation>
+    </message>
+    <message>
+        <source>“%1” will be deleted from the phone.</source>
+        <translation>«%1» se eliminará del teléfono.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be deleted from the phone.</source>
+        <translation>
+            <numerusform>Se eliminará %Ln elemento del teléfono.</numerusform>
+            <numerusform>Se eliminarán %Ln elementos del teléfono.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>Esto no se puede deshacer.</translation>
+    </message>
+    <message>
+        <source>Copy to</source>
+        <translation>Copiar en</translation>
+    </message>
+    <message>
+        <source>Copy Files to the Phone</source>
+        <translation>Copiar archivos al teléfono</translation>
+    </message>
+    <message>
+        <source>Copy a Folder to the Phone</source>
+        <translation>Copiar una carpeta al teléfono</translation>
+    </message>
+    <message>
+        <source>Into “%1”</source>
+        <translation>En «%1»</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::DeviceListModel</name>
+    <message>
+        <source>Needs your attention</source>
+        <translation>Requiere su atención</translation>
+    </message>
+    <message>
+        <source>Battery %1 %</source>
+        <translation>Batería %1 %</translation>
+    </message>
+    <message>
+        <source>Locked: unlock it</source>
+        <translation>Bloqueado: desbloquéalo</translation>
+    </message>
+    <message>
+        <source>Connecting…</source>
+        <translation>Conectando…</translation>
+    </message>
+    <message>
+        <source>Reading storage…</source>
+        <translation>Leyendo el almacenamiento…</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FactsView</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Fetching the file</source>
+        <translation>Obteniendo el archivo</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 de %2</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FileItemDelegate</name>
+    <message>
+        <source>Folder name</source>
+        <translation>Nombre de la carpeta</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nombre</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FileTableView</name>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln elemento</numerusform>
+            <numerusform>%Ln elementos</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::MainWindow</name>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>Carpeta en este ordenador</translation>
+    </message>
+    <message>
+        <source>Tessary: Virtual Phones</source>
+        <translation>Tessary: teléfonos virtuales</translation>
+    </message>
+    <message>
+        <source>Quit Tessary</source>
+        <translation>Salir de Tessary</translation>
+    </message>
+    <message>
+        <source>Files are still being copied.</source>
+        <translation>Todavía se están copiando archivos.</translation>
+    </message>
+    <message>
+        <source>A sync is still running.</source>
+        <translation>Todavía hay una sincronización en curso.</translation>
+    </message>
+    <message>
+        <source>Quitting cancels this. What has arrived whole stays.</source>
+        <translation>Al salir se cancela. Lo que ha llegado entero se conserva.</translation>
+    </message>
+    <message>
+        <source>This phone is locked</source>
+        <translation>Este teléfono está bloqueado</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>Mostrará sus archivos cuando lo desbloquees y elijas «Transferencia de archivos» en su notificación USB. Esta ventana se actualiza sola.</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Liberar el teléfono</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Reintentar</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::ModeSwitch</name>
+    <message>
+        <source>Works with every phone, nothing to set up.</source>
+        <translation>Funciona con todos los teléfonos, sin configurar nada.</translation>
+    </message>
+    <message>
+        <source>Faster and sees more. Needs USB debugging on the phone.</source>
+        <translation>Más rápido y ve más. Requiere depuración USB en el teléfono.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PreviewWindow</name>
+    <message>
+        <source>Cancelled</source>
+        <translation>Cancelado</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>Anterior</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Siguiente</translation>
+    </message>
+    <message>
+        <source>Previous Page</source>
+        <translation>Página anterior</translation>
+    </message>
+    <message>
+        <source>Next Page</source>
+        <translation>Página siguiente</translation>
+    </message>
+    <message>
+        <source>Quick Look</source>
+        <translation>Vista rápida</translation>
+    </message>
+    <message>
+        <source>“%1” is too large for a preview. Copy it to this computer first.</source>
+        <translation>«%1» es demasiado grande para una vista previa. Cópialo antes a este ordenador.</translation>
+    </message>
+    <message>
+        <source>It cannot be shown: it is damaged, too large or protected.</source>
+        <translation>No se puede mostrar: está dañado, es demasiado grande o está protegido.</translation>
+    </message>
+    <message>
+        <source>only its beginning is shown</source>
+        <translation>solo se muestra el principio</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>Página %1 de %2</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PropertiesDialog</name>
+    <message numerus="yes">
+        <source>%1 bytes</source>
+        <translation>
+            <numerusform>%1 byte</numerusform>
+            <numerusform>%1 bytes</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Tipo</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Tamaño</translation>
+    </message>
+    <message>
+        <source>Content</source>
+        <translation>Contenido</translation>
+    </message>
+    <message>
+        <source>Date Modified</source>
+        <translation>Fecha de modificación</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>Ruta</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Carpeta</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>Properties</source>
+        <translation>Propiedades</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln elemento</numerusform>
+            <numerusform>%Ln elementos</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Various kinds</source>
+        <translation>Varios tipos</translation>
+    </message>
+    <message>
+        <source>Stop Counting</source>
+        <translation>Detener el recuento</translation>
+    </message>
+    <message>
+        <source>Counting the content</source>
+        <translation>Contando el contenido</translation>
+    </message>
+    <message>
+        <source>Files: %1, folders: %2</source>
+        <translation>Archivos: %1, carpetas: %2</translation>
+    </message>
+    <message>
+        <source>The count was stopped: there may be more.</source>
+        <translation>El recuento se detuvo: puede haber más.</translation>
+    </message>
+    <message>
+        <source>Folders that could not be read: %1</source>
+        <translation>Carpetas que no se pudieron leer: %1</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SettingsWindow</name>
+    <message>
+        <source>Settings</source>
+        <translation>Ajustes</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>General</translation>
+    </message>
+    <message>
+        <source>Sync</source>
+        <translation>Sincronización</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <translation>Actualizaciones</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Acerca de</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Idioma</translation>
+    </message>
+    <message>
+        <source>System Default</source>
+        <translation>Idioma del sistema</translation>
+    </message>
+    <message>
+        <source>Choose your preferred display language. Changes apply immediately.</source>
+        <translation>Elige el idioma de la interfaz. Los cambios se aplican al instante.</translation>
+    </message>
+    <message>
+        <source>Open the window as it was left</source>
+        <translation>Abrir la ventana como se dejó</translation>
+    </message>
+    <message>
+        <source>Automatically check for updates</source>
+        <translation>Buscar actualizaciones automáticamente</translation>
+    </message>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>Buscar actualizaciones…</translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <translation>Versión</translation>
+    </message>
+    <message>
+        <source>Browse phones and copy files to and from them.</source>
+        <translation>Explora teléfonos y copia archivos en ambos sentidos.</translation>
+    </message>
+    <message>
+        <source>Website</source>
+        <translation>Sitio web</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::Sidebar</name>
+    <message>
+        <source>Camera &amp; Photos</source>
+        <translation>Cámara y fotos</translation>
+    </message>
+    <message>
+        <source>Downloads</source>
+        <translation>Descargas</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>Imágenes</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Música</translation>
+    </message>
+    <message>
+        <source>Movies &amp; Videos</source>
+        <translation>Películas y vídeos</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>Documentos</translation>
+    </message>
+    <message>
+        <source>Wireless Devices…</source>
+        <translation>Dispositivos inalámbricos…</translation>
+    </message>
+    <message>
+        <source>Favorites</source>
+        <translation>Favoritos</translation>
+    </message>
+    <message>
+        <source>Quick Shortcuts</source>
+        <translation>Accesos rápidos</translation>
+    </message>
+    <message>
+        <source>Storage Volumes</source>
+        <translation>Almacenamiento</translation>
+    </message>
+    <message>
+        <source>Connected Devices</source>
+        <translation>Dispositivos conectados</translation>
+    </message>
+    <message>
+        <source>No Devices</source>
+        <translation>Sin dispositivos</translation>
+    </message>
+    <message>
+        <source>Connect an iOS or Android device via USB</source>
+        <translation>Conecta un dispositivo iOS o Android por USB</translation>
+    </message>
+    <message>
+        <source>Drop a folder here to keep it at hand.</source>
+        <translation>Suelta aquí una carpeta para tenerla a mano.</translation>
+    </message>
+    <message>
+        <source>Remove from Favorites</source>
+        <translation>Quitar de favoritos</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::StatusBanner</name>
+    <message>
+        <source>Close this message</source>
+        <translation>Cerrar este mensaje</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairList</name>
+    <message>
+        <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
+        <translation>Todavía no se sincroniza ninguna carpeta. Abre una carpeta del teléfono y elige «Sincronizar esta carpeta…».</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairRow</name>
+    <message>
+        <source>Queued</source>
+        <translation>En cola</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>Sincronizar ahora</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Remove This Pair</source>
+        <translation>Quitar este par</translation>
+    </message>
+    <message>
+        <source>Stop keeping these folders in step?</source>
+        <translation>¿Dejar de sincronizar estas carpetas?</translation>
+    </message>
+    <message>
+        <source>No file is deleted on either side.</source>
+        <translation>No se elimina ningún archivo en ningún lado.</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Quitar</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairSheet</name>
+    <message>
+        <source>A file deleted on one side is deleted on the other, after asking</source>
+        <translation>Un archivo eliminado en un lado se elimina en el otro, tras preguntar</translation>
+    </message>
+    <message>
+        <source>Remove files from where they came once they have arrived</source>
+        <translation>Quitar los archivos de su origen cuando hayan llegado</translation>
+    </message>
+    <message>
+        <source>Sync This Folder</source>
+        <translation>Sincronizar esta carpeta</translation>
+    </message>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>Carpeta en este ordenador</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>Dirección</translation>
+    </message>
+    <message>
+        <source>Both ways</source>
+        <translation>En ambos sentidos</translation>
+    </message>
+    <message>
+        <source>Only to the phone</source>
+        <translation>Solo al teléfono</translation>
+    </message>
+    <message>
+        <source>Only to this computer</source>
+        <translation>Solo a este ordenador</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>Elegir…</translation>
+    </message>
+    <message>
+        <source>Folder on the phone</source>
+        <translation>Carpeta en el teléfono</translation>
+    </message>
+    <message>
+        <source>Show What Will Happen</source>
+        <translation>Mostrar lo que ocurrirá</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPanel</name>
+    <message>
+        <source>Sync</source>
+        <translation>Sincronización</translation>
+    </message>
+    <message>
+        <source>Sync This Folder…</source>
+        <translation>Sincronizar esta carpeta…</translation>
+    </message>
+    <message>
+        <source>Sync All</source>
+        <translation>Sincronizar todo</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPreviewDialog</name>
+    <message>
+        <source>Copy to the phone</source>
+        <translation>Copiar al teléfono</translation>
+    </message>
+    <message>
+        <source>Copy to this computer</source>
+        <translation>Copiar a este ordenador</translation>
+    </message>
+    <message>
+        <source>Move to the phone</source>
+        <translation>Mover al teléfono</translation>
+    </message>
+    <message>
+        <source>Move to this computer</source>
+        <translation>Mover a este ordenador</translation>
+    </message>
+    <message>
+        <source>Changed on both sides: keep both</source>
+        <translation>Cambiado en ambos lados: conservar ambos</translation>
+    </message>
+    <message>
+        <source>Delete on the phone</source>
+        <translation>Eliminar en el teléfono</translation>
+    </message>
+    <message>
+        <source>Delete on this computer</source>
+        <translation>Eliminar en este ordenador</translation>
+    </message>
+    <message>
+        <source>Leave as it is</source>
+        <translation>Dejar como está</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>Omitir</translation>
+    </message>
+    <message>
+        <source>What Will Happen</source>
+        <translation>Lo que ocurrirá</translation>
+    </message>
+    <message>
+        <source>Action</source>
+        <translation>Acción</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>Sincronizar ahora</translation>
+    </message>
+    <message>
+        <source>Comparing the folders…</source>
+        <translation>Comparando las carpetas…</translation>
+    </message>
+    <message>
+        <source>The folders cannot be compared</source>
+        <translation>No se pueden comparar las carpetas</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files are the same already</source>
+        <translation>
+            <numerusform>%Ln archivo ya es igual</numerusform>
+            <numerusform>%Ln archivos ya son iguales</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files to go through, %1 to copy</source>
+        <translation>
+            <numerusform>%Ln archivo por revisar, %1 por copiar</numerusform>
+            <numerusform>%Ln archivos por revisar, %1 por copiar</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncQuestionDialog</name>
+    <message>
+        <source>On this computer</source>
+        <translation>En este ordenador</translation>
+    </message>
+    <message>
+        <source>On the phone</source>
+        <translation>En el teléfono</translation>
+    </message>
+    <message>
+        <source>Files to delete</source>
+        <translation>Archivos por eliminar</translation>
+    </message>
+    <message>
+        <source>Where</source>
+        <translation>Dónde</translation>
+    </message>
+    <message>
+        <source>edited since the last sync</source>
+        <translation>editado desde la última sincronización</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Conservar</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Eliminar</translation>
+    </message>
+    <message>
+        <source>Create Again</source>
+        <translation>Crear de nuevo</translation>
+    </message>
+    <message>
+        <source>Delete Files?</source>
+        <translation>¿Eliminar archivos?</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files were deleted on one side. Delete them on the other, too?</source>
+        <translation>
+            <numerusform>%Ln archivo se eliminó en un lado. ¿Eliminarlo también en el otro?</numerusform>
+            <numerusform>%Ln archivos se eliminaron en un lado. ¿Eliminarlos también en el otro?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>What you keep is copied back.</source>
+        <translation>Lo que conserves se vuelve a copiar.</translation>
+    </message>
+    <message>
+        <source>Folder Missing</source>
+        <translation>Falta la carpeta</translation>
+    </message>
+    <message>
+        <source>The folder on this computer is gone</source>
+        <translation>La carpeta de este ordenador ya no está</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferListModel</name>
+    <message>
+        <source>Finishing: the phone is still storing the file</source>
+        <translation>Finalizando: el teléfono aún está guardando el archivo</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1/%Ln files</source>
+        <translation>
+            <numerusform>%1/%Ln archivo</numerusform>
+            <numerusform>%1/%Ln archivos</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 left</source>
+        <translation>quedan %1</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferNotice</name>
+    <message>
+        <source>“%1” is copied.</source>
+        <translation>«%1» se ha copiado.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items are copied.</source>
+        <translation>
+            <numerusform>Se ha copiado %Ln elemento.</numerusform>
+            <numerusform>Se han copiado %Ln elementos.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” was not copied.</source>
+        <translation>«%1» no se ha copiado.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items were not copied.</source>
+        <translation>
+            <numerusform>%Ln de %1 elementos no se ha copiado.</numerusform>
+            <numerusform>%Ln de %1 elementos no se han copiado.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Copying has finished</source>
+        <translation>La copia ha terminado</translation>
+    </message>
+    <message>
+        <source>Copying went wrong</source>
+        <translation>La copia ha tenido problemas</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferPanel</name>
+    <message>
+        <source>All transfers have ended</source>
+        <translation>Todas las transferencias han terminado</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 de %2</translation>
+    </message>
+    <message>
+        <source>%1 left</source>
+        <translation>quedan %1</translation>
+    </message>
+    <message>
+        <source>Transfers</source>
+        <translation>Transferencias</translation>
+    </message>
+    <message>
+        <source>Cancel All</source>
+        <translation>Cancelar todo</translation>
+    </message>
+    <message>
+        <source>Clear Finished</source>
+        <translation>Quitar finalizados</translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>Mostrar en la carpeta</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TranslatedFileModel</name>
+    <message>
+        <source>Name</source>
+        <translation>Nombre</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Tamaño</translation>
+    </message>
+    <message>
+        <source>Date Modified</source>
+        <translation>Fecha de modificación</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Tipo</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::UpdateAlerts</name>
+    <message>
+        <source>Help</source>
+        <translation>Ayuda</translation>
+    </message>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>Buscar actualizaciones…</translation>
+    </message>
+    <message>
+        <source>Update Check Failed</source>
+        <translation>Error al buscar actualizaciones</translation>
+    </message>
+    <message>
+        <source>Tessary v%1 is currently the newest version.</source>
+        <translation>Tessary v%1 es actualmente la versión más reciente.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>Aceptar</translation>
+    </message>
+    <message>
+        <source>A new version of Tessary is available.</source>
+        <translation>Hay una nueva versión de Tessary disponible.</translation>
+    </message>
+    <message>
+        <source>Tessary %1 is available</source>
+        <translation>Tessary %1 está disponible</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Descargar</translation>
+    </message>
+    <message>
+        <source>Skip This Version</source>
+        <translation>Omitir esta versión</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Más tarde</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WelcomeView</name>
+    <message>
+        <source>Connect a phone</source>
+        <translation>Conecta un teléfono</translation>
+    </message>
+    <message>
+        <source>Try It with a Virtual Phone</source>
+        <translation>Probar con un teléfono virtual</translation>
+    </message>
+    <message>
+        <source>Starts Tessary again with two virtual phones, which hold sample files</source>
+        <translation>Reinicia Tessary con dos teléfonos virtuales que contienen archivos de ejemplo</translation>
+    </message>
+    <message>
+        <source>Plug it in</source>
+        <translation>Enchúfalo</translation>
+    </message>
+    <message>
+        <source>Use a cable that carries data: some only charge.</source>
+        <translation>Usa un cable de datos: algunos solo cargan.</translation>
+    </message>
+    <message>
+        <source>Unlock it</source>
+        <translation>Desbloquéalo</translation>
+    </message>
+    <message>
+        <source>A locked phone shows nothing of its storage.</source>
+        <translation>Un teléfono bloqueado no muestra nada de su almacenamiento.</translation>
+    </message>
+    <message>
+        <source>Choose “File transfer” on it</source>
+        <translation>Elige en él «Transferencia de archivos»</translation>
+    </message>
+    <message>
+        <source>Android asks in a notification that says “Charging this device via USB”.</source>
+        <translation>Android lo pregunta en una notificación que dice «Cargando este dispositivo por USB».</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WirelessDialog</name>
+    <message>
+        <source>Pairing…</source>
+        <translation>Vinculando…</translation>
+    </message>
+    <message>
+        <source>Connecting…</source>
+        <translation>Conectando…</translation>
+    </message>
+    <message>
+        <source>Paired</source>
+        <translation>Vinculado</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>Conectado</translation>
+    </message>
+    <message>
+        <source>Waiting to be paired</source>
+        <translation>A la espera de vincularse</translation>
+    </message>
+    <message>
+        <source>Ready to connect</source>
+        <translation>Listo para conectarse</translation>
+    </message>
+    <message>
+        <source>Wireless Devices</source>
+        <translation>Dispositivos inalámbricos</translation>
+    </message>
+    <message>
+        <source>Phones on this network on which wireless debugging is switched on.</source>
+        <translation>Teléfonos de esta red que tienen activada la depuración inalámbrica.</translation>
+    </message>
+    <message>
+        <source>Looking for phones…</source>
+        <translation>Buscando teléfonos…</translation>
+    </message>
+    <message>
+        <source>Search Again</source>
+        <translation>Buscar de nuevo</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>This computer cannot look for phones on the network: the service for it (avahi-daemon) does not run.</source>
+        <translation>Este ordenador no puede buscar teléfonos en la red: el servicio necesario (avahi-daemon) no está en marcha.</translation>
+    </message>
+    <message>
+        <source>On the phone, switch on wireless debugging in the developer options. It must be on the same network as this computer.</source>
+        <translation>En el teléfono, activa la depuración inalámbrica en las opciones para desarrolladores. Debe estar en la misma red que este ordenador.</translation>
+    </message>
+    <message>
+        <source>A phone that waits to be paired shows a code of six digits.</source>
+        <translation>Un teléfono a la espera de vincularse muestra un código de seis dígitos.</translation>
+    </message>
+    <message>
+        <source>Pair…</source>
+        <translation>Vincular…</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>Conectar</translation>
+    </message>
+    <message>
+        <source>The six digits that the phone shows:</source>
+        <translation>Los seis dígitos que muestra el teléfono:</translation>
+    </message>
+    <message>
+        <source>Pair</source>
+        <translation>Vincular</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+</context>
+</TS>

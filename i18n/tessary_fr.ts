@@ -1,0 +1,2410 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="fr_FR" sourcelanguage="en_US">
+<context>
+    <name>BrowserActions</name>
+    <message>
+        <source>Back</source>
+        <translation>Précédent</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Suivant</translation>
+    </message>
+    <message>
+        <source>Enclosing Folder</source>
+        <translation>Dossier parent</translation>
+    </message>
+    <message>
+        <source>Go to Folder…</source>
+        <translation>Aller au dossier…</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Actualiser</translation>
+    </message>
+    <message>
+        <source>Open Folder</source>
+        <translation>Ouvrir le dossier</translation>
+    </message>
+    <message>
+        <source>New Folder</source>
+        <translation>Nouveau dossier</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Renommer</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Supprimer</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Télécharger</translation>
+    </message>
+    <message>
+        <source>Copy Files Here…</source>
+        <translation>Copier des fichiers ici…</translation>
+    </message>
+    <message>
+        <source>Copy a Folder Here…</source>
+        <translation>Copier un dossier ici…</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Tout sélectionner</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filtre</translation>
+    </message>
+    <message>
+        <source>As List</source>
+        <translation>Par liste</translation>
+    </message>
+    <message>
+        <source>As Grid</source>
+        <translation>Par grille</translation>
+    </message>
+    <message>
+        <source>Add to Favorites</source>
+        <translation>Ajouter aux favoris</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>Apps</translation>
+    </message>
+    <message>
+        <source>Sync</source>
+        <translation>Synchronisation</translation>
+    </message>
+    <message>
+        <source>Quick Look</source>
+        <translation>Aperçu rapide</translation>
+    </message>
+    <message>
+        <source>Properties</source>
+        <translation>Propriétés</translation>
+    </message>
+</context>
+<context>
+    <name>BrowserEdit</name>
+    <message>
+        <source>New Folder</source>
+        <translation>Nouveau dossier</translation>
+    </message>
+    <message>
+        <source>New Folder %1</source>
+        <translation>Nouveau dossier %1</translation>
+    </message>
+</context>
+<context>
+    <name>ByteFormat</name>
+    <message>
+        <source>1 byte</source>
+        <translation>1 octet</translation>
+    </message>
+</context>
+<context>
+    <name>ClashQuestion</name>
+    <message>
+        <source>Already There</source>
+        <translation>Existe déjà</translation>
+    </message>
+    <message>
+        <source>“%1” is already there.</source>
+        <translation>« %1 » existe déjà.</translation>
+    </message>
+    <message>
+        <source>New: %1</source>
+        <translation>Nouveau : %1</translation>
+    </message>
+    <message>
+        <source>There: %1</source>
+        <translation>Existant : %1</translation>
+    </message>
+    <message>
+        <source>Replacing merges the folders; files of the same name in them are replaced.</source>
+        <translation>Le remplacement fusionne les dossiers ; les fichiers de même nom y sont remplacés.</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Remplacer</translation>
+    </message>
+    <message>
+        <source>Keep Both</source>
+        <translation>Conserver les deux</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>Ignorer</translation>
+    </message>
+    <message numerus="yes">
+        <source>Do the same for the other %Ln</source>
+        <translation>
+            <numerusform>Faire de même pour l’autre</numerusform>
+            <numerusform>Faire de même pour les %Ln autres</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not Enough Space</source>
+        <translation>Espace insuffisant</translation>
+    </message>
+    <message>
+        <source>There is not enough space for this copy.</source>
+        <translation>Il n’y a pas assez d’espace pour cette copie.</translation>
+    </message>
+    <message>
+        <source>It needs at least %1, and %2 are free in “%3”.</source>
+        <translation>Elle nécessite au moins %1, et %2 sont libres dans « %3 ».</translation>
+    </message>
+    <message>
+        <source>It needs %1, and %2 are free in “%3”.</source>
+        <translation>Elle nécessite %1, et %2 sont libres dans « %3 ».</translation>
+    </message>
+    <message>
+        <source>Copy Anyway</source>
+        <translation>Copier quand même</translation>
+    </message>
+</context>
+<context>
+    <name>DisplayNames</name>
+    <message>
+        <source>Folder</source>
+        <translation>Dossier</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>Image</translation>
+    </message>
+    <message>
+        <source>Video</source>
+        <translation>Vidéo</translation>
+    </message>
+    <message>
+        <source>Audio</source>
+        <translation>Audio</translation>
+    </message>
+    <message>
+        <source>Document</source>
+        <translation>Document</translation>
+    </message>
+    <message>
+        <source>Archive</source>
+        <translation>Archive</translation>
+    </message>
+    <message>
+        <source>APK Package</source>
+        <translation>Paquet APK</translation>
+    </message>
+    <message>
+        <source>Source Code</source>
+        <translation>Code source</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Fichier</translation>
+    </message>
+    <message>
+        <source>iOS File Transfer</source>
+        <translation>Transfert de fichiers iOS</translation>
+    </message>
+    <message>
+        <source>Standard MTP</source>
+        <translation>MTP standard</translation>
+    </message>
+    <message>
+        <source>Turbo Mode (ADB)</source>
+        <translation>Mode turbo (ADB)</translation>
+    </message>
+    <message>
+        <source>Upload</source>
+        <translation>Envoi</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Télécharger</translation>
+    </message>
+    <message>
+        <source>Queued</source>
+        <translation>En attente</translation>
+    </message>
+    <message>
+        <source>In Progress</source>
+        <translation>En cours</translation>
+    </message>
+    <message>
+        <source>Completed</source>
+        <translation>Terminé</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Échec</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>Annulé</translation>
+    </message>
+    <message>
+        <source>Internal Storage</source>
+        <translation>Stockage interne</translation>
+    </message>
+    <message>
+        <source>Internal Shared Storage</source>
+        <translation>Stockage interne partagé</translation>
+    </message>
+    <message>
+        <source>SD Card</source>
+        <translation>Carte SD</translation>
+    </message>
+    <message>
+        <source>%1 free of %2</source>
+        <translation>%1 libres sur %2</translation>
+    </message>
+    <message>
+        <source>Move to the phone</source>
+        <translation>Déplacer vers le téléphone</translation>
+    </message>
+    <message>
+        <source>Only to the phone</source>
+        <translation>Vers le téléphone uniquement</translation>
+    </message>
+    <message>
+        <source>Move to this computer</source>
+        <translation>Déplacer vers cet ordinateur</translation>
+    </message>
+    <message>
+        <source>Only to this computer</source>
+        <translation>Vers cet ordinateur uniquement</translation>
+    </message>
+    <message>
+        <source>Both ways</source>
+        <translation>Dans les deux sens</translation>
+    </message>
+</context>
+<context>
+    <name>MainMenu</name>
+    <message>
+        <source>Settings</source>
+        <translation>Réglages</translation>
+    </message>
+    <message>
+        <source>Wireless Devices…</source>
+        <translation>Appareils sans fil…</translation>
+    </message>
+    <message>
+        <source>Quit Tessary</source>
+        <translation>Quitter Tessary</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Fichier</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Édition</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>Affichage</translation>
+    </message>
+    <message>
+        <source>Go</source>
+        <translation>Aller</translation>
+    </message>
+</context>
+<context>
+    <name>Message</name>
+    <message>
+        <source>The phone is full: delete something on it, or copy less.</source>
+        <translation>Le téléphone est plein : supprimez-y quelque chose ou copiez moins.</translation>
+    </message>
+    <message>
+        <source>The app does not allow this.</source>
+        <translation>L’app ne le permet pas.</translation>
+    </message>
+    <message>
+        <source>The phone does not answer: unlock it. If that does not help, unplug it and plug it in again.</source>
+        <translation>Le téléphone ne répond pas : déverrouillez-le. Si cela ne suffit pas, débranchez-le puis rebranchez-le.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and try again.</source>
+        <translation>Déverrouillez le téléphone et réessayez.</translation>
+    </message>
+    <message>
+        <source>Unplug the phone, plug it in again and tap Trust on it.</source>
+        <translation>Débranchez le téléphone, rebranchez-le et touchez « Se fier ».</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and tap Trust on it.</source>
+        <translation>Déverrouillez le téléphone et touchez « Se fier ».</translation>
+    </message>
+    <message>
+        <source>Unlock the phone, tap Trust on it when it asks, and try again.</source>
+        <translation>Déverrouillez le téléphone, touchez « Se fier » lorsqu’il le demande, puis réessayez.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone. If that does not help, the app does not share its files with computers.</source>
+        <translation>Déverrouillez le téléphone. Si cela ne suffit pas, l’app ne partage pas ses fichiers avec les ordinateurs.</translation>
+    </message>
+    <message>
+        <source>Another program is using the phone.</source>
+        <translation>Un autre programme utilise le téléphone.</translation>
+    </message>
+    <message>
+        <source>Close it, or unmount the phone in the desktop&apos;s file manager, and try again.</source>
+        <translation>Fermez-le, ou démontez le téléphone dans le gestionnaire de fichiers du bureau, puis réessayez.</translation>
+    </message>
+    <message>
+        <source>The phone is not connected.</source>
+        <translation>Le téléphone n’est pas connecté.</translation>
+    </message>
+    <message>
+        <source>The phone was unplugged.</source>
+        <translation>Le téléphone a été débranché.</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again, unlock it and choose File transfer on it.</source>
+        <translation>Rebranchez le téléphone, déverrouillez-le et choisissez-y « Transfert de fichiers ».</translation>
+    </message>
+    <message>
+        <source>The phone does not answer.</source>
+        <translation>Le téléphone ne répond pas.</translation>
+    </message>
+    <message>
+        <source>Unlock it. If that does not help, unplug it and plug it in again.</source>
+        <translation>Déverrouillez-le. Si cela ne suffit pas, débranchez-le puis rebranchez-le.</translation>
+    </message>
+    <message>
+        <source>The phone broke the transfer off.</source>
+        <translation>Le téléphone a interrompu le transfert.</translation>
+    </message>
+    <message>
+        <source>Try again. If that does not help, unplug the phone and plug it in again.</source>
+        <translation>Réessayez. Si cela ne suffit pas, débranchez le téléphone puis rebranchez-le.</translation>
+    </message>
+    <message>
+        <source>This user may not open the phone&apos;s USB device.</source>
+        <translation>Cet utilisateur n’a pas le droit d’ouvrir le périphérique USB du téléphone.</translation>
+    </message>
+    <message>
+        <source>Install the udev rule that comes with Tessary, then plug the phone in again.</source>
+        <translation>Installez la règle udev fournie avec Tessary, puis rebranchez le téléphone.</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is full.</source>
+        <translation>Le stockage du téléphone est plein.</translation>
+    </message>
+    <message>
+        <source>Delete something on the phone, or copy less.</source>
+        <translation>Supprimez quelque chose sur le téléphone ou copiez moins.</translation>
+    </message>
+    <message>
+        <source>This storage of the phone is read-only.</source>
+        <translation>Ce stockage du téléphone est en lecture seule.</translation>
+    </message>
+    <message>
+        <source>Choose another folder.</source>
+        <translation>Choisissez un autre dossier.</translation>
+    </message>
+    <message>
+        <source>The phone protects this file.</source>
+        <translation>Le téléphone protège ce fichier.</translation>
+    </message>
+    <message>
+        <source>The phone does not allow this.</source>
+        <translation>Le téléphone ne le permet pas.</translation>
+    </message>
+    <message>
+        <source>Unlock it, and try another folder.</source>
+        <translation>Déverrouillez-le et essayez un autre dossier.</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is not available.</source>
+        <translation>Le stockage du téléphone n’est pas disponible.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and choose File transfer on it.</source>
+        <translation>Déverrouillez le téléphone et choisissez-y « Transfert de fichiers ».</translation>
+    </message>
+    <message>
+        <source>The phone is busy.</source>
+        <translation>Le téléphone est occupé.</translation>
+    </message>
+    <message>
+        <source>Wait a moment and try again.</source>
+        <translation>Patientez un instant et réessayez.</translation>
+    </message>
+    <message>
+        <source>The phone cannot do this.</source>
+        <translation>Le téléphone ne sait pas faire cela.</translation>
+    </message>
+    <message>
+        <source>The phone ended the connection.</source>
+        <translation>Le téléphone a mis fin à la connexion.</translation>
+    </message>
+    <message>
+        <source>Go up to the folder that held it.</source>
+        <translation>Remontez au dossier qui le contenait.</translation>
+    </message>
+    <message>
+        <source>The copy failed for an unknown reason.</source>
+        <translation>La copie a échoué pour une raison inconnue.</translation>
+    </message>
+    <message>
+        <source>Transfer was cancelled</source>
+        <translation>Le transfert a été annulé</translation>
+    </message>
+    <message>
+        <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
+        <translation>Aucune app de cet iPhone ne partage ses fichiers. Seules les apps dont le partage de fichiers a été activé par leur éditeur peuvent être ouvertes depuis un ordinateur ; les photos et les apps qui gardent leurs documents pour elles ne le peuvent pas.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are deleted on the other after you agreed.</source>
+        <translation>Les fichiers nouveaux et modifiés sont copiés dans les deux sens. Les fichiers supprimés d’un côté sont supprimés de l’autre après votre accord.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are copied back.</source>
+        <translation>Les fichiers nouveaux et modifiés sont copiés dans les deux sens. Les fichiers supprimés d’un côté y sont recopiés.</translation>
+    </message>
+    <message>
+        <source>Files are moved to the phone: each is deleted here once it has arrived.</source>
+        <translation>Les fichiers sont déplacés vers le téléphone : chacun est supprimé ici une fois arrivé.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied to the phone. Nothing is deleted.</source>
+        <translation>Les fichiers nouveaux et modifiés sont copiés sur le téléphone. Rien n’est supprimé.</translation>
+    </message>
+    <message>
+        <source>Files are moved here: each is deleted on the phone once it has arrived.</source>
+        <translation>Les fichiers sont déplacés ici : chacun est supprimé du téléphone une fois arrivé.</translation>
+    </message>
+    <message>
+        <source>New and changed files of the phone are copied here. Nothing is deleted.</source>
+        <translation>Les fichiers nouveaux et modifiés du téléphone sont copiés ici. Rien n’est supprimé.</translation>
+    </message>
+    <message>
+        <source>To Android</source>
+        <translation>Vers l’appareil</translation>
+    </message>
+    <message>
+        <source>Move to iPhone</source>
+        <translation>Déplacer vers l’appareil</translation>
+    </message>
+    <message>
+        <source>Move to Android</source>
+        <translation>Déplacer vers l’appareil</translation>
+    </message>
+    <message>
+        <source>Move to Mac</source>
+        <translation>Déplacer vers l’ordinateur</translation>
+    </message>
+    <message>
+        <source>Uploading</source>
+        <translation>Envoi en cours</translation>
+    </message>
+    <message>
+        <source>Downloading</source>
+        <translation>Téléchargement en cours</translation>
+    </message>
+    <message>
+        <source>Moving</source>
+        <translation>Déplacement en cours</translation>
+    </message>
+    <message>
+        <source>Moving (already on destination)</source>
+        <translation>Déplacement (déjà à destination)</translation>
+    </message>
+    <message>
+        <source>%1 uploaded</source>
+        <translation>%1 envoyés</translation>
+    </message>
+    <message>
+        <source>%1 downloaded</source>
+        <translation>%1 téléchargés</translation>
+    </message>
+    <message>
+        <source>%1 moved</source>
+        <translation>%1 déplacés</translation>
+    </message>
+    <message>
+        <source>%1 deleted</source>
+        <translation>%1 supprimés</translation>
+    </message>
+    <message>
+        <source>%1 kept twice</source>
+        <translation>%1 gardés en double</translation>
+    </message>
+    <message>
+        <source>%1 skipped</source>
+        <translation>%1 ignorés</translation>
+    </message>
+    <message>
+        <source>its name cannot be part of a path</source>
+        <translation>son nom ne peut pas faire partie d’un chemin</translation>
+    </message>
+    <message>
+        <source>the device has several entries of this name</source>
+        <translation>l’appareil a plusieurs éléments de ce nom</translation>
+    </message>
+    <message>
+        <source>the device does not tell its size</source>
+        <translation>l’appareil n’indique pas sa taille</translation>
+    </message>
+    <message>
+        <source>its name is not valid text</source>
+        <translation>son nom n’est pas un texte valide</translation>
+    </message>
+    <message>
+        <source>it is a link; links are not followed</source>
+        <translation>c’est un lien ; les liens ne sont pas suivis</translation>
+    </message>
+    <message>
+        <source>it is not a regular file</source>
+        <translation>ce n’est pas un fichier ordinaire</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>il est illisible</translation>
+    </message>
+    <message>
+        <source>its name cannot be used on this computer</source>
+        <translation>son nom est inutilisable sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>its name is too long for this computer</source>
+        <translation>son nom est trop long pour cet ordinateur</translation>
+    </message>
+    <message>
+        <source>its name is too long for the device</source>
+        <translation>son nom est trop long pour l’appareil</translation>
+    </message>
+    <message>
+        <source>its name is too long for the phone</source>
+        <translation>son nom est trop long pour le téléphone</translation>
+    </message>
+    <message>
+        <source>phones do not allow a sign in its name</source>
+        <translation>les téléphones n’acceptent pas un des signes de son nom</translation>
+    </message>
+    <message>
+        <source>it is a file on one side and a folder on the other</source>
+        <translation>c’est un fichier d’un côté et un dossier de l’autre</translation>
+    </message>
+    <message>
+        <source>another name differs from it only in case or in the form of its letters</source>
+        <translation>un autre nom n’en diffère que par la casse ou la forme des lettres</translation>
+    </message>
+    <message>
+        <source>it was changed on the side that files are copied to</source>
+        <translation>il a été modifié du côté vers lequel on copie</translation>
+    </message>
+    <message>
+        <source>it was changed on the side that files are moved to; both are kept</source>
+        <translation>il a été modifié du côté vers lequel on déplace ; les deux sont gardés</translation>
+    </message>
+    <message>
+        <source>it changed while the folders were being synced; it was left as it is</source>
+        <translation>il a changé pendant la synchronisation ; il a été laissé tel quel</translation>
+    </message>
+    <message>
+        <source>it changed again and again while it was being copied</source>
+        <translation>il n’a cessé de changer pendant la copie</translation>
+    </message>
+    <message>
+        <source>another file of this name, size and date is on the other side; both are kept</source>
+        <translation>un autre fichier de mêmes nom, taille et date se trouve de l’autre côté ; les deux sont gardés</translation>
+    </message>
+    <message>
+        <source>The connection to the phone broke off.</source>
+        <translation>La connexion au téléphone a été interrompue.</translation>
+    </message>
+    <message>
+        <source>adb answers nonsense.</source>
+        <translation>adb donne des réponses incohérentes.</translation>
+    </message>
+    <message>
+        <source>A folder cannot be moved into itself.</source>
+        <translation>Un dossier ne peut pas être déplacé dans lui-même.</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be changed or copied as one item.</source>
+        <translation>Un stockage entier ne peut pas être modifié ni copié comme un seul élément.</translation>
+    </message>
+    <message>
+        <source>The phone sends nothing any more. Unplug it and plug it in again.</source>
+        <translation>Le téléphone n’envoie plus rien. Débranchez-le puis rebranchez-le.</translation>
+    </message>
+    <message>
+        <source>The phone takes nothing any more. Unplug it and plug it in again.</source>
+        <translation>Le téléphone n’accepte plus rien. Débranchez-le puis rebranchez-le.</translation>
+    </message>
+    <message>
+        <source>nothing arrived.</source>
+        <translation>rien n’est arrivé.</translation>
+    </message>
+    <message>
+        <source>the phone does not have the file.</source>
+        <translation>le téléphone n’a pas le fichier.</translation>
+    </message>
+    <message>
+        <source>The phone has not allowed this computer yet. Unlock it and tap Allow in the question about USB debugging.</source>
+        <translation>Le téléphone n’a pas encore autorisé cet ordinateur. Déverrouillez-le et touchez « Autoriser » dans la question sur le débogage USB.</translation>
+    </message>
+    <message>
+        <source>The phone is offline for adb. Unplug it and plug it in again, or turn USB debugging off and on.</source>
+        <translation>Le téléphone est hors ligne pour adb. Débranchez-le puis rebranchez-le, ou désactivez puis réactivez le débogage USB.</translation>
+    </message>
+    <message>
+        <source>adb does not reach the phone. Turn on USB debugging on it, or switch to Standard MTP.</source>
+        <translation>adb n’atteint pas le téléphone. Activez-y le débogage USB ou passez à MTP standard.</translation>
+    </message>
+    <message>
+        <source>adb reaches several phones and cannot tell which one is meant. Unplug the others, or switch to Standard MTP.</source>
+        <translation>adb atteint plusieurs téléphones et ne sait pas lequel est visé. Débranchez les autres ou passez à MTP standard.</translation>
+    </message>
+    <message>
+        <source>adb&apos;s server cannot be started.</source>
+        <translation>Le serveur d’adb ne peut pas être démarré.</translation>
+    </message>
+    <message>
+        <source>The file is too large for this storage of the phone.</source>
+        <translation>Le fichier est trop volumineux pour ce stockage du téléphone.</translation>
+    </message>
+    <message>
+        <source>adb cannot be started.</source>
+        <translation>adb ne peut pas être démarré.</translation>
+    </message>
+    <message>
+        <source>adb crashed.</source>
+        <translation>adb s’est arrêté brutalement.</translation>
+    </message>
+    <message>
+        <source>adb does not answer. Unplug the phone and plug it in again.</source>
+        <translation>adb ne répond pas. Débranchez le téléphone puis rebranchez-le.</translation>
+    </message>
+    <message>
+        <source>adb is not installed.</source>
+        <translation>adb n’est pas installé.</translation>
+    </message>
+    <message>
+        <source>The phone does not answer on the network.</source>
+        <translation>Le téléphone ne répond pas sur le réseau.</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s adb is too old to pair: version 30 or newer is needed.</source>
+        <translation>L’adb de cet ordinateur est trop ancien pour l’association : la version 30 ou une version plus récente est nécessaire.</translation>
+    </message>
+    <message>
+        <source>Allow this computer on the phone, then connect again.</source>
+        <translation>Autorisez cet ordinateur sur le téléphone, puis connectez-vous à nouveau.</translation>
+    </message>
+    <message>
+        <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
+        <translation>Le mode Turbo a besoin d’adb, qui n’est pas installé. Le téléphone est utilisé par MTP standard à la place.</translation>
+    </message>
+    <message>
+        <source>Install the adb tool, or switch the phone to Standard MTP.</source>
+        <translation>Installez l’outil adb ou passez le téléphone à MTP standard.</translation>
+    </message>
+    <message>
+        <source>the folder cannot be created on this computer</source>
+        <translation>le dossier ne peut pas être créé sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>a folder of this name is on this computer</source>
+        <translation>un dossier de ce nom se trouve sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>The documents of an app cannot be deleted as a whole.</source>
+        <translation>Les documents d’une app ne peuvent pas être supprimés en bloc.</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer was cut off</source>
+        <translation>La réponse du serveur a été tronquée</translation>
+    </message>
+    <message>
+        <source>Check the spelling, or choose the folder below.</source>
+        <translation>Vérifiez l’orthographe ou choisissez le dossier ci-dessous.</translation>
+    </message>
+    <message>
+        <source>the phone did not put it in the place of the old file.</source>
+        <translation>le téléphone ne l’a pas mis à la place de l’ancien fichier.</translation>
+    </message>
+    <message>
+        <source>a link to a folder</source>
+        <translation>un lien vers un dossier</translation>
+    </message>
+    <message>
+        <source>a link that leads nowhere</source>
+        <translation>un lien qui ne mène nulle part</translation>
+    </message>
+    <message>
+        <source>a link</source>
+        <translation>un lien</translation>
+    </message>
+    <message>
+        <source>not a regular file</source>
+        <translation>pas un fichier ordinaire</translation>
+    </message>
+    <message>
+        <source>the folder cannot be read</source>
+        <translation>le dossier ne peut pas être lu</translation>
+    </message>
+    <message>
+        <source>a folder of this name is there.</source>
+        <translation>un dossier de ce nom s’y trouve.</translation>
+    </message>
+    <message>
+        <source>it is not a file.</source>
+        <translation>ce n’est pas un fichier.</translation>
+    </message>
+    <message>
+        <source>The device does not answer.</source>
+        <translation>L’appareil ne répond pas.</translation>
+    </message>
+    <message>
+        <source>another entry has the same name on this computer</source>
+        <translation>un autre élément a le même nom sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>the phone lists this folder inside itself</source>
+        <translation>le téléphone liste ce dossier à l’intérieur de lui-même</translation>
+    </message>
+    <message>
+        <source>its folder could not be made</source>
+        <translation>son dossier n’a pas pu être créé</translation>
+    </message>
+    <message>
+        <source>The phone is busy with another copy. Try again when that one is done.</source>
+        <translation>Le téléphone est occupé par une autre copie. Réessayez quand elle sera terminée.</translation>
+    </message>
+    <message>
+        <source>no phone was chosen</source>
+        <translation>aucun téléphone n’a été choisi</translation>
+    </message>
+    <message>
+        <source>folders are copied, not dragged</source>
+        <translation>les dossiers se copient, ils ne se glissent pas</translation>
+    </message>
+    <message>
+        <source>it is still being copied from the phone</source>
+        <translation>il est encore en cours de copie depuis le téléphone</translation>
+    </message>
+    <message>
+        <source>a name cannot be empty</source>
+        <translation>un nom ne peut pas être vide</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be deleted.</source>
+        <translation>Un stockage entier ne peut pas être supprimé.</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be renamed.</source>
+        <translation>Un stockage entier ne peut pas être renommé.</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be moved.</source>
+        <translation>Un stockage entier ne peut pas être déplacé.</translation>
+    </message>
+    <message>
+        <source>The phone cannot move files from one storage to another. Copy them instead.</source>
+        <translation>Le téléphone ne peut pas déplacer des fichiers d’un stockage à un autre. Copiez-les plutôt.</translation>
+    </message>
+    <message>
+        <source>A folder has no preview.</source>
+        <translation>Un dossier n’a pas d’aperçu.</translation>
+    </message>
+    <message>
+        <source>No storage available</source>
+        <translation>Aucun stockage disponible</translation>
+    </message>
+    <message>
+        <source>No MTP storage found for upload</source>
+        <translation>Aucun stockage MTP trouvé pour l’envoi</translation>
+    </message>
+    <message>
+        <source>No device connected for download</source>
+        <translation>Aucun appareil connecté pour le téléchargement</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 et %2 autres</translation>
+    </message>
+    <message>
+        <source>Internal Storage</source>
+        <translation>Stockage interne</translation>
+    </message>
+    <message>
+        <source>Idle</source>
+        <translation>Inactif</translation>
+    </message>
+    <message>
+        <source>Syncing…</source>
+        <translation>Synchronisation…</translation>
+    </message>
+    <message>
+        <source>Synced</source>
+        <translation>Synchronisé</translation>
+    </message>
+    <message>
+        <source>Up to date</source>
+        <translation>À jour</translation>
+    </message>
+    <message>
+        <source>Connecting to device…</source>
+        <translation>Connexion à l’appareil…</translation>
+    </message>
+    <message>
+        <source>Device disconnected</source>
+        <translation>Appareil déconnecté</translation>
+    </message>
+    <message>
+        <source>Scanning folders…</source>
+        <translation>Analyse des dossiers…</translation>
+    </message>
+    <message>
+        <source>Awaiting deletion confirmation…</source>
+        <translation>En attente de confirmation de suppression…</translation>
+    </message>
+    <message>
+        <source>Analyzing files…</source>
+        <translation>Analyse des fichiers…</translation>
+    </message>
+    <message>
+        <source>Starting transfer…</source>
+        <translation>Démarrage du transfert…</translation>
+    </message>
+    <message>
+        <source>Completed</source>
+        <translation>Terminé</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>Annulé</translation>
+    </message>
+    <message>
+        <source>Server returned non-200 status</source>
+        <translation>Le serveur a répondu avec un statut autre que 200</translation>
+    </message>
+    <message>
+        <source>Invalid version data format</source>
+        <translation>Format des données de version non valide</translation>
+    </message>
+    <message>
+        <source>The server did not answer in time</source>
+        <translation>Le serveur n’a pas répondu à temps</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer is too long</source>
+        <translation>La réponse du serveur est trop longue</translation>
+    </message>
+    <message>
+        <source>The address is not a safe one</source>
+        <translation>L’adresse n’est pas sûre</translation>
+    </message>
+    <message>
+        <source>The server redirects without end</source>
+        <translation>Le serveur redirige sans fin</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>Rebranchez le téléphone et déverrouillez-le.</translation>
+    </message>
+    <message>
+        <source>Another folder is shown by now. Nothing was done.</source>
+        <translation>Un autre dossier est affiché entre-temps. Rien n’a été fait.</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or moved on the phone.</source>
+        <translation>Il a peut-être été supprimé ou déplacé sur le téléphone.</translation>
+    </message>
+    <message>
+        <source>Already There</source>
+        <translation>Existe déjà</translation>
+    </message>
+    <message>
+        <source>Cannot enumerate %1</source>
+        <translation>Impossible de parcourir %1</translation>
+    </message>
+    <message>
+        <source>%1 changed while the folder was being read. Sync again.</source>
+        <translation>%1 a changé pendant la lecture du dossier. Synchronisez à nouveau.</translation>
+    </message>
+    <message>
+        <source>The phone lists the folder %1 inside itself.</source>
+        <translation>Le téléphone liste le dossier %1 à l’intérieur de lui-même.</translation>
+    </message>
+    <message>
+        <source>%1 holds &quot;%2&quot;, which is no name of a file.</source>
+        <translation>%1 contient « %2 », qui n’est pas un nom de fichier.</translation>
+    </message>
+    <message>
+        <source>Cannot open local file for writing: %1</source>
+        <translation>Impossible d’ouvrir le fichier local en écriture : %1</translation>
+    </message>
+    <message>
+        <source>Cannot open local file for reading: %1</source>
+        <translation>Impossible d’ouvrir le fichier local en lecture : %1</translation>
+    </message>
+    <message>
+        <source>The phone does not tell what %1 is.</source>
+        <translation>Le téléphone ne dit pas ce qu’est %1.</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used on this computer. Rename the folder on the phone first.</source>
+        <translation>Le nom « %1 » ne peut pas être utilisé sur cet ordinateur. Renommez d’abord le dossier sur le téléphone.</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used on this computer. Rename it on the phone first.</source>
+        <translation>Le nom « %1 » ne peut pas être utilisé sur cet ordinateur. Changez-le d’abord sur le téléphone.</translation>
+    </message>
+    <message>
+        <source>No MTP handle for file %1</source>
+        <translation>Aucun objet MTP pour le fichier %1</translation>
+    </message>
+    <message>
+        <source>%1 became shorter while it was being copied. Copy it again.</source>
+        <translation>%1 a raccourci pendant la copie. Copiez-le à nouveau.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has appeared on the phone meanwhile.</source>
+        <translation>« %1 » est apparu entre-temps sur le téléphone.</translation>
+    </message>
+    <message>
+        <source>A folder named &quot;%1&quot; is already on the phone.</source>
+        <translation>Un dossier nommé « %1 » est déjà sur le téléphone.</translation>
+    </message>
+    <message>
+        <source>A file named &quot;%1&quot; is already on the phone.</source>
+        <translation>Un fichier nommé « %1 » est déjà sur le téléphone.</translation>
+    </message>
+    <message>
+        <source>The phone does not show the new &quot;%1&quot;. The old one was kept.</source>
+        <translation>Le téléphone ne montre pas le nouveau « %1 ». L’ancien a été conservé.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already on the phone, and this phone cannot replace files. Delete or rename the old one first.</source>
+        <translation>« %1 » est déjà sur le téléphone, et celui-ci ne peut pas remplacer de fichiers. Supprimez ou renommez d’abord l’ancien.</translation>
+    </message>
+    <message>
+        <source>The new &quot;%1&quot; is on the phone under the name &quot;%2&quot;: it could not be renamed (%3).</source>
+        <translation>Le nouveau « %1 » est sur le téléphone sous le nom « %2 » : il n’a pas pu être renommé (%3).</translation>
+    </message>
+    <message>
+        <source>The phone does not show the new folder &quot;%1&quot;.</source>
+        <translation>Le téléphone ne montre pas le nouveau dossier « %1 ».</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already there</source>
+        <translation>« %1 » est déjà là</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files was not copied: %3</source>
+        <translation>%1 fichier sur %2 n’a pas été copié : %3</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files were not copied: %3</source>
+        <translation>%1 fichiers sur %2 n’ont pas été copiés : %3</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1 of %2 items: %3</source>
+        <translation>Échec de la suppression de %1 éléments sur %2 : %3</translation>
+    </message>
+    <message>
+        <source>Failed to move %1 of %2 items: %3</source>
+        <translation>Échec du déplacement de %1 éléments sur %2 : %3</translation>
+    </message>
+    <message>
+        <source>Error: %1</source>
+        <translation>Erreur : %1</translation>
+    </message>
+    <message>
+        <source>Removing %1 from %2</source>
+        <translation>Suppression de %1 sur %2</translation>
+    </message>
+    <message>
+        <source>A file named %1 is on the device where a folder is needed.</source>
+        <translation>Un fichier nommé %1 se trouve sur l’appareil là où il faut un dossier.</translation>
+    </message>
+    <message>
+        <source>Cannot read the folder %1: %2</source>
+        <translation>Impossible de lire le dossier %1 : %2</translation>
+    </message>
+    <message>
+        <source>Cannot create the folder %1: %2</source>
+        <translation>Impossible de créer le dossier %1 : %2</translation>
+    </message>
+    <message>
+        <source>Cannot delete %1: %2</source>
+        <translation>Impossible de supprimer %1 : %2</translation>
+    </message>
+    <message>
+        <source>Cannot keep %1 as %2.</source>
+        <translation>Impossible de garder %1 sous le nom %2.</translation>
+    </message>
+    <message>
+        <source>The folder of %1 was replaced while it was being synced.</source>
+        <translation>Le dossier de %1 a été remplacé pendant la synchronisation.</translation>
+    </message>
+    <message>
+        <source>The folder %1 is gone, although it was synced before. Is its disk missing? Going on makes a new, empty folder.</source>
+        <translation>Le dossier %1 n’est plus là, alors qu’il a déjà été synchronisé. Son disque est-il absent ? Continuer crée un nouveau dossier vide.</translation>
+    </message>
+    <message>
+        <source>The folder %1 is missing.</source>
+        <translation>Le dossier %1 est introuvable.</translation>
+    </message>
+    <message>
+        <source>The folder on this computer is empty, although %1 files were in it after the last sync. Is its disk missing?</source>
+        <translation>Le dossier sur cet ordinateur est vide, alors qu’il contenait %1 fichiers après la dernière synchronisation. Son disque est-il absent ?</translation>
+    </message>
+    <message>
+        <source>The folder on the device is empty, although %1 files were in it after the last sync. Is its memory card missing?</source>
+        <translation>Le dossier sur l’appareil est vide, alors qu’il contenait %1 fichiers après la dernière synchronisation. Sa carte mémoire est-elle absente ?</translation>
+    </message>
+    <message>
+        <source>%1 of the %2 files of the last sync would be deleted.</source>
+        <translation>%1 des %2 fichiers de la dernière synchronisation seraient supprimés.</translation>
+    </message>
+    <message>
+        <source>The device lists %1 inside itself.</source>
+        <translation>L’appareil indique que %1 se contient lui-même.</translation>
+    </message>
+    <message>
+        <source>The device does not show %1 as it was sent. It was not deleted here.</source>
+        <translation>L’appareil ne montre pas %1 tel qu’il a été envoyé. Il n’a pas été supprimé ici.</translation>
+    </message>
+    <message>
+        <source>The device does not show %1 as it was sent. Sync again.</source>
+        <translation>L’appareil ne montre pas %1 tel qu’il a été envoyé. Synchronisez de nouveau.</translation>
+    </message>
+    <message>
+        <source>%1 is not on this computer&apos;s disk as it was received.</source>
+        <translation>%1 n’est pas sur cet ordinateur tel qu’il a été reçu.</translation>
+    </message>
+    <message>
+        <source>%1 changed while it was being copied. Sync again.</source>
+        <translation>%1 a changé pendant la copie. Synchronisez de nouveau.</translation>
+    </message>
+    <message>
+        <source>%1 changed while it was being copied. Copy it again.</source>
+        <translation>%1 a changé pendant la copie. Copiez-le à nouveau.</translation>
+    </message>
+    <message>
+        <source>%1 has appeared on the device meanwhile.</source>
+        <translation>%1 est apparu entre-temps sur l’appareil.</translation>
+    </message>
+    <message>
+        <source>%1 is not on the device any more. Sync again.</source>
+        <translation>%1 n’est plus sur l’appareil. Synchronisez de nouveau.</translation>
+    </message>
+    <message>
+        <source>%1 is a file on one side and a folder on the other</source>
+        <translation>%1 est un fichier d’un côté et un dossier de l’autre</translation>
+    </message>
+    <message>
+        <source>in %1: %2</source>
+        <translation>dans %1 : %2</translation>
+    </message>
+    <message>
+        <source>The phone does not allow %1 to be read.</source>
+        <translation>Le téléphone n’autorise pas la lecture de %1.</translation>
+    </message>
+    <message>
+        <source>The phone did not rename %1. %2</source>
+        <translation>Le téléphone n’a pas renommé %1. %2</translation>
+    </message>
+    <message>
+        <source>The phone did not make the folder %1. %2</source>
+        <translation>Le téléphone n’a pas créé le dossier %1. %2</translation>
+    </message>
+    <message>
+        <source>The phone did not delete %1. %2</source>
+        <translation>Le téléphone n’a pas supprimé %1. %2</translation>
+    </message>
+    <message>
+        <source>The phone did not delete %1.</source>
+        <translation>Le téléphone n’a pas supprimé %1.</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be made on the phone. %2</source>
+        <translation>Impossible de créer le dossier %1 sur le téléphone. %2</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be read whole.</source>
+        <translation>Impossible de lire le dossier %1 en entier.</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used.</source>
+        <translation>Le nom « %1 » est inutilisable.</translation>
+    </message>
+    <message>
+        <source>ADB pull failed for %1: %2</source>
+        <translation>Échec du téléchargement de %1 par ADB : %2</translation>
+    </message>
+    <message>
+        <source>ADB directory pull failed for %1: %2</source>
+        <translation>Échec du téléchargement du dossier %1 par ADB : %2</translation>
+    </message>
+    <message>
+        <source>ADB push failed for %1: %2</source>
+        <translation>Échec de l’envoi de %1 par ADB : %2</translation>
+    </message>
+    <message>
+        <source>the phone has %1 of %2 bytes.</source>
+        <translation>le téléphone a %1 octets sur %2.</translation>
+    </message>
+    <message>
+        <source>the phone did not put it in the place of the old file. %1</source>
+        <translation>le téléphone ne l’a pas mis à la place de l’ancien fichier. %1</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is on the phone, which takes &quot;%2&quot; for the same name. Rename one of the two first.</source>
+        <translation>« %1 » est sur le téléphone, qui prend « %2 » pour le même nom. Renommez d’abord l’un des deux.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has changed on the phone meanwhile. It was kept.</source>
+        <translation>« %1 » a changé entre-temps sur le téléphone. Il a été conservé.</translation>
+    </message>
+    <message>
+        <source>adb ended with status %1.</source>
+        <translation>adb s’est terminé avec l’état %1.</translation>
+    </message>
+    <message>
+        <source>A folder &quot;%1&quot; is already on the phone.</source>
+        <translation>Un dossier « %1 » est déjà sur le téléphone.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be the name of a file.</source>
+        <translation>« %1 » ne peut pas être le nom d’un fichier.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already there.</source>
+        <translation>« %1 » est déjà là.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be moved into itself.</source>
+        <translation>« %1 » ne peut pas être déplacé dans lui-même.</translation>
+    </message>
+    <message>
+        <source>Device not found: %1</source>
+        <translation>Appareil introuvable : %1</translation>
+    </message>
+    <message>
+        <source>Lockdown error: %1</source>
+        <translation>Erreur Lockdown : %1</translation>
+    </message>
+    <message>
+        <source>Failed to start service: %1</source>
+        <translation>Impossible de démarrer le service : %1</translation>
+    </message>
+    <message>
+        <source>House Arrest error: %1</source>
+        <translation>Erreur House Arrest : %1</translation>
+    </message>
+    <message>
+        <source>InstProxy error: %1</source>
+        <translation>Erreur InstProxy : %1</translation>
+    </message>
+    <message>
+        <source>File I/O error: %1</source>
+        <translation>Erreur de fichier : %1</translation>
+    </message>
+    <message>
+        <source>Failed to create %1: %2</source>
+        <translation>Impossible de créer %1 : %2</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1: %2</source>
+        <translation>Impossible de supprimer %1 : %2</translation>
+    </message>
+    <message>
+        <source>Failed to rename %1: %2</source>
+        <translation>Impossible de renommer %1 : %2</translation>
+    </message>
+    <message>
+        <source>Failed to move %1: %2</source>
+        <translation>Impossible de déplacer %1 : %2</translation>
+    </message>
+    <message>
+        <source>Failed to drag out %1: %2</source>
+        <translation>Impossible de faire glisser %1 hors de la fenêtre : %2</translation>
+    </message>
+    <message>
+        <source>Failed to check for updates (%1). Please try again later.</source>
+        <translation>La recherche de mises à jour a échoué (%1). Veuillez réessayer plus tard.</translation>
+    </message>
+    <message>
+        <source>%1 is using the phone.</source>
+        <translation>%1 utilise le téléphone.</translation>
+    </message>
+    <message>
+        <source>The folder &quot;%1&quot; is not on the phone any more.</source>
+        <translation>Le dossier « %1 » n’est plus sur le téléphone.</translation>
+    </message>
+    <message>
+        <source>There is no &quot;%1&quot; on the phone.</source>
+        <translation>« %1 » n’existe pas sur le téléphone.</translation>
+    </message>
+    <message>
+        <source>There is no %1 on the phone. It may have been deleted or renamed: refresh the folder.</source>
+        <translation>%1 n’existe pas sur le téléphone. L’élément a peut-être été supprimé ou renommé : actualisez le dossier.</translation>
+    </message>
+    <message>
+        <source>The phone sent %1 of the %2 bytes of %3. Copy it again.</source>
+        <translation>Le téléphone a envoyé %1 des %2 octets de %3. Copiez-le à nouveau.</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used on this computer.</source>
+        <translation>Le nom « %1 » est inutilisable sur cet ordinateur.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is too large for a preview. Copy it to this computer first.</source>
+        <translation>« %1 » est trop volumineux pour un aperçu. Copiez-le d’abord sur cet ordinateur.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already on the phone.</source>
+        <translation>« %1 » est déjà sur le téléphone.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be a name on the phone.</source>
+        <translation>« %1 » ne peut pas être un nom sur le téléphone.</translation>
+    </message>
+    <message>
+        <source>%1 is not a folder.</source>
+        <translation>%1 n’est pas un dossier.</translation>
+    </message>
+    <message>
+        <source>Cannot write into %1: %2</source>
+        <translation>Impossible d’écrire dans %1 : %2</translation>
+    </message>
+    <message>
+        <source>Cannot write %1: %2</source>
+        <translation>Impossible d’écrire %1 : %2</translation>
+    </message>
+    <message>
+        <source>Cannot read %1: %2</source>
+        <translation>Impossible de lire %1 : %2</translation>
+    </message>
+    <message>
+        <source>Cannot create the folder %1 on this computer.</source>
+        <translation>Impossible de créer le dossier %1 sur cet ordinateur.</translation>
+    </message>
+    <message>
+        <source>Cannot read %1.</source>
+        <translation>Impossible de lire %1.</translation>
+    </message>
+    <message>
+        <source>adb could not reach the phone: %1</source>
+        <translation>adb n’a pas pu joindre le téléphone : %1</translation>
+    </message>
+</context>
+<context>
+    <name>QPlatformTheme</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>&amp;Yes</source>
+        <translation>&amp;Oui</translation>
+    </message>
+    <message>
+        <source>&amp;No</source>
+        <translation>&amp;Non</translation>
+    </message>
+</context>
+<context>
+    <name>SyncFileList</name>
+    <message>
+        <source>Name</source>
+        <translation>Nom</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Taille</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::AppListView</name>
+    <message>
+        <source>Apps</source>
+        <translation>Apps</translation>
+    </message>
+    <message>
+        <source>Filter…</source>
+        <translation>Filtrer…</translation>
+    </message>
+    <message>
+        <source>Looking for apps…</source>
+        <translation>Recherche des apps…</translation>
+    </message>
+    <message>
+        <source>No Apps That Share Files</source>
+        <translation>Aucune app ne partage de fichiers</translation>
+    </message>
+    <message>
+        <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
+        <translation>Aucune app de cet iPhone ne partage ses fichiers. Seules les apps dont le partage de fichiers a été activé par leur éditeur peuvent être ouvertes depuis un ordinateur ; les photos et les apps qui gardent leurs documents pour elles ne le peuvent pas.</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Réessayer</translation>
+    </message>
+    <message>
+        <source>No Matching Apps</source>
+        <translation>Aucune app correspondante</translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>Effacer le filtre</translation>
+    </message>
+    <message>
+        <source>Connection Failed</source>
+        <translation>Échec de la connexion</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::BreadcrumbBar</name>
+    <message>
+        <source>Path</source>
+        <translation>Chemin</translation>
+    </message>
+    <message>
+        <source>Folders in between</source>
+        <translation>Dossiers intermédiaires</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::BrowserView</name>
+    <message numerus="yes">
+        <source>%Ln selected</source>
+        <translation>
+            <numerusform>%Ln sélectionné</numerusform>
+            <numerusform>%Ln sélectionnés</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Filter…</source>
+        <translation>Filtrer…</translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>Effacer le filtre</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>Chemin</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>Fichiers</translation>
+    </message>
+    <message>
+        <source>The phone is gone</source>
+        <translation>Le téléphone n’est plus là</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>Rebranchez le téléphone et déverrouillez-le.</translation>
+    </message>
+    <message>
+        <source>Plug it in again, unlock it and choose File transfer on it.</source>
+        <translation>Rebranchez-le, déverrouillez-le et choisissez-y « Transfert de fichiers ».</translation>
+    </message>
+    <message>
+        <source>Folder Not Found</source>
+        <translation>Dossier introuvable</translation>
+    </message>
+    <message>
+        <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
+        <translation>Ce dossier est introuvable sur l’appareil. Il a peut-être été supprimé ou déplacé. Voulez-vous le retirer de vos favoris ?</translation>
+    </message>
+    <message>
+        <source>Remove from Favorites</source>
+        <translation>Retirer des favoris</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Conserver</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or moved on the phone.</source>
+        <translation>Il a peut-être été supprimé ou déplacé sur le téléphone.</translation>
+    </message>
+    <message>
+        <source>Enclosing Folder</source>
+        <translation>Dossier parent</translation>
+    </message>
+    <message>
+        <source>Connection Failed</source>
+        <translation>Échec de la connexion</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Réessayer</translation>
+    </message>
+    <message>
+        <source>Loading directory contents…</source>
+        <translation>Chargement du contenu du dossier…</translation>
+    </message>
+    <message>
+        <source>Loading device storage…</source>
+        <translation>Chargement du stockage de l’appareil…</translation>
+    </message>
+    <message>
+        <source>No Matching Files</source>
+        <translation>Aucun fichier correspondant</translation>
+    </message>
+    <message>
+        <source>Nothing here has “%1” in its name.</source>
+        <translation>Rien ici ne contient « %1 » dans son nom.</translation>
+    </message>
+    <message>
+        <source>This folder is empty</source>
+        <translation>Ce dossier est vide</translation>
+    </message>
+    <message>
+        <source>Drop files here to copy them to the phone.</source>
+        <translation>Déposez des fichiers ici pour les copier sur le téléphone.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln élément</numerusform>
+            <numerusform>%Ln éléments</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %Ln items</source>
+        <translation>
+            <numerusform>%1 sur %Ln élément</numerusform>
+            <numerusform>%1 sur %Ln éléments</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of %2 done (Esc stops)</source>
+        <translation>%1 sur %2 effectués (Échap pour arrêter)</translation>
+    </message>
+    <message>
+        <source>reading…</source>
+        <translation>lecture…</translation>
+    </message>
+    <message>
+        <source>View Mode</source>
+        <translation>Mode d’affichage</translation>
+    </message>
+    <message>
+        <source>Add to Favorites</source>
+        <translation>Ajouter aux favoris</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Supprimer</translation>
+    </message>
+    <message>
+        <source>Delete selected items?</source>
+        <translation>Supprimer les éléments sélectionnés ?</translation>
+    </message>
+    <message>
+        <source>“%1” will be deleted from the phone.</source>
+        <translation>« %1 » sera supprimé du téléphone.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be deleted from the phone.</source>
+        <translation>
+            <numerusform>%Ln élément sera supprimé du téléphone.</numerusform>
+            <numerusform>%Ln éléments seront supprimés du téléphone.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>Cette action est irréversible.</translation>
+    </message>
+    <message>
+        <source>Copy to</source>
+        <translation>Copier vers</translation>
+    </message>
+    <message>
+        <source>Copy Files to the Phone</source>
+        <translation>Copier des fichiers sur le téléphone</translation>
+    </message>
+    <message>
+        <source>Copy a Folder to the Phone</source>
+        <translation>Copier un dossier sur le téléphone</translation>
+    </message>
+    <message>
+        <source>Into “%1”</source>
+        <translation>Dans « %1 »</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::DeviceListModel</name>
+    <message>
+        <source>Needs your attention</source>
+        <translation>Nécessite votre attention</translation>
+    </message>
+    <message>
+        <source>Battery %1 %</source>
+        <translation>Batterie %1 %</translation>
+    </message>
+    <message>
+        <source>Locked: unlock it</source>
+        <translation>Verrouillé : déverrouillez-le</translation>
+    </message>
+    <message>
+        <source>Connecting…</source>
+        <translation>Connexion…</translation>
+    </message>
+    <message>
+        <source>Reading storage…</source>
+        <translation>Lecture du stockage…</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FactsView</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Fetching the file</source>
+        <translation>Récupération du fichier</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 sur %2</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FileItemDelegate</name>
+    <message>
+        <source>Folder name</source>
+        <translation>Nom du dossier</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nom</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FileTableView</name>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln élément</numerusform>
+            <numerusform>%Ln éléments</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::MainWindow</name>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>Dossier sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>Tessary: Virtual Phones</source>
+        <translation>Tessary : téléphones virtuels</translation>
+    </message>
+    <message>
+        <source>Quit Tessary</source>
+        <translation>Quitter Tessary</translation>
+    </message>
+    <message>
+        <source>Files are still being copied.</source>
+        <translation>Des fichiers sont encore en cours de copie.</translation>
+    </message>
+    <message>
+        <source>A sync is still running.</source>
+        <translation>Une synchronisation est encore en cours.</translation>
+    </message>
+    <message>
+        <source>Quitting cancels this. What has arrived whole stays.</source>
+        <translation>Quitter annule cette opération. Ce qui est arrivé en entier reste.</translation>
+    </message>
+    <message>
+        <source>This phone is locked</source>
+        <translation>Ce téléphone est verrouillé</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>Il montrera ses fichiers dès que vous l’aurez déverrouillé et aurez choisi « Transfert de fichiers » dans sa notification USB. Cette fenêtre suit d’elle-même.</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Libérer le téléphone</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Réessayer</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::ModeSwitch</name>
+    <message>
+        <source>Works with every phone, nothing to set up.</source>
+        <translation>Fonctionne avec tous les téléphones, sans configuration.</translation>
+    </message>
+    <message>
+        <source>Faster and sees more. Needs USB debugging on the phone.</source>
+        <translation>Plus rapide et voit davantage. Nécessite le débogage USB sur le téléphone.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PreviewWindow</name>
+    <message>
+        <source>Cancelled</source>
+        <translation>Annulé</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>Précédent</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Suivant</translation>
+    </message>
+    <message>
+        <source>Previous Page</source>
+        <translation>Page précédente</translation>
+    </message>
+    <message>
+        <source>Next Page</source>
+        <translation>Page suivante</translation>
+    </message>
+    <message>
+        <source>Quick Look</source>
+        <translation>Aperçu rapide</translation>
+    </message>
+    <message>
+        <source>“%1” is too large for a preview. Copy it to this computer first.</source>
+        <translation>« %1 » est trop volumineux pour un aperçu. Copiez-le d’abord sur cet ordinateur.</translation>
+    </message>
+    <message>
+        <source>It cannot be shown: it is damaged, too large or protected.</source>
+        <translation>Impossible de l’afficher : le fichier est endommagé, trop volumineux ou protégé.</translation>
+    </message>
+    <message>
+        <source>only its beginning is shown</source>
+        <translation>seul le début est affiché</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>Page %1 sur %2</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PropertiesDialog</name>
+    <message numerus="yes">
+        <source>%1 bytes</source>
+        <translation>
+            <numerusform>%1 octet</numerusform>
+            <numerusform>%1 octets</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Type</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Taille</translation>
+    </message>
+    <message>
+        <source>Content</source>
+        <translation>Contenu</translation>
+    </message>
+    <message>
+        <source>Date Modified</source>
+        <translation>Date de modification</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>Chemin</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Dossier</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>Properties</source>
+        <translation>Propriétés</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln élément</numerusform>
+            <numerusform>%Ln éléments</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Various kinds</source>
+        <translation>Types divers</translation>
+    </message>
+    <message>
+        <source>Stop Counting</source>
+        <translation>Arrêter le comptage</translation>
+    </message>
+    <message>
+        <source>Counting the content</source>
+        <translation>Comptage du contenu</translation>
+    </message>
+    <message>
+        <source>Files: %1, folders: %2</source>
+        <translation>Fichiers : %1, dossiers : %2</translation>
+    </message>
+    <message>
+        <source>The count was stopped: there may be more.</source>
+        <translation>Le comptage a été arrêté : il peut y en avoir davantage.</translation>
+    </message>
+    <message>
+        <source>Folders that could not be read: %1</source>
+        <translation>Dossiers illisibles : %1</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SettingsWindow</name>
+    <message>
+        <source>Settings</source>
+        <translation>Réglages</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>Général</translation>
+    </message>
+    <message>
+        <source>Sync</source>
+        <translation>Synchronisation</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <translation>Mises à jour</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>À propos</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Langue</translation>
+    </message>
+    <message>
+        <source>System Default</source>
+        <translation>Langue du système</translation>
+    </message>
+    <message>
+        <source>Choose your preferred display language. Changes apply immediately.</source>
+        <translation>Choisissez la langue d’affichage. Les modifications s’appliquent immédiatement.</translation>
+    </message>
+    <message>
+        <source>Open the window as it was left</source>
+        <translation>Ouvrir la fenêtre telle qu’elle a été laissée</translation>
+    </message>
+    <message>
+        <source>Automatically check for updates</source>
+        <translation>Rechercher automatiquement les mises à jour</translation>
+    </message>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>Rechercher les mises à jour…</translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <translation>Version</translation>
+    </message>
+    <message>
+        <source>Browse phones and copy files to and from them.</source>
+        <translation>Parcourir des téléphones et copier des fichiers dans les deux sens.</translation>
+    </message>
+    <message>
+        <source>Website</source>
+        <translation>Site web</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::Sidebar</name>
+    <message>
+        <source>Camera &amp; Photos</source>
+        <translation>Appareil photo et photos</translation>
+    </message>
+    <message>
+        <source>Downloads</source>
+        <translation>Téléchargements</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>Images</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Musique</translation>
+    </message>
+    <message>
+        <source>Movies &amp; Videos</source>
+        <translation>Films et vidéos</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>Documents</translation>
+    </message>
+    <message>
+        <source>Wireless Devices…</source>
+        <translation>Appareils sans fil…</translation>
+    </message>
+    <message>
+        <source>Favorites</source>
+        <translation>Favoris</translation>
+    </message>
+    <message>
+        <source>Quick Shortcuts</source>
+        <translation>Raccourcis</translation>
+    </message>
+    <message>
+        <source>Storage Volumes</source>
+        <translation>Volumes de stockage</translation>
+    </message>
+    <message>
+        <source>Connected Devices</source>
+        <translation>Appareils connectés</translation>
+    </message>
+    <message>
+        <source>No Devices</source>
+        <translation>Aucun appareil</translation>
+    </message>
+    <message>
+        <source>Connect an iOS or Android device via USB</source>
+        <translation>Connectez un appareil iOS ou Android en USB</translation>
+    </message>
+    <message>
+        <source>Drop a folder here to keep it at hand.</source>
+        <translation>Déposez un dossier ici pour le garder à portée de main.</translation>
+    </message>
+    <message>
+        <source>Remove from Favorites</source>
+        <translation>Retirer des favoris</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::StatusBanner</name>
+    <message>
+        <source>Close this message</source>
+        <translation>Fermer ce message</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairList</name>
+    <message>
+        <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
+        <translation>Aucun dossier n’est encore synchronisé. Ouvrez un dossier du téléphone, puis choisissez « Synchroniser ce dossier… ».</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairRow</name>
+    <message>
+        <source>Queued</source>
+        <translation>En attente</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>Synchroniser maintenant</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Remove This Pair</source>
+        <translation>Retirer cette paire</translation>
+    </message>
+    <message>
+        <source>Stop keeping these folders in step?</source>
+        <translation>Ne plus synchroniser ces dossiers ?</translation>
+    </message>
+    <message>
+        <source>No file is deleted on either side.</source>
+        <translation>Aucun fichier n’est supprimé d’un côté ni de l’autre.</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Retirer</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairSheet</name>
+    <message>
+        <source>A file deleted on one side is deleted on the other, after asking</source>
+        <translation>Un fichier supprimé d’un côté est supprimé de l’autre, après confirmation</translation>
+    </message>
+    <message>
+        <source>Remove files from where they came once they have arrived</source>
+        <translation>Retirer les fichiers de leur emplacement d’origine une fois arrivés</translation>
+    </message>
+    <message>
+        <source>Sync This Folder</source>
+        <translation>Synchroniser ce dossier</translation>
+    </message>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>Dossier sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>Sens</translation>
+    </message>
+    <message>
+        <source>Both ways</source>
+        <translation>Dans les deux sens</translation>
+    </message>
+    <message>
+        <source>Only to the phone</source>
+        <translation>Vers le téléphone uniquement</translation>
+    </message>
+    <message>
+        <source>Only to this computer</source>
+        <translation>Vers cet ordinateur uniquement</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>Choisir…</translation>
+    </message>
+    <message>
+        <source>Folder on the phone</source>
+        <translation>Dossier sur le téléphone</translation>
+    </message>
+    <message>
+        <source>Show What Will Happen</source>
+        <translation>Montrer ce qui va se passer</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPanel</name>
+    <message>
+        <source>Sync</source>
+        <translation>Synchronisation</translation>
+    </message>
+    <message>
+        <source>Sync This Folder…</source>
+        <translation>Synchroniser ce dossier…</translation>
+    </message>
+    <message>
+        <source>Sync All</source>
+        <translation>Tout synchroniser</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPreviewDialog</name>
+    <message>
+        <source>Copy to the phone</source>
+        <translation>Copier sur le téléphone</translation>
+    </message>
+    <message>
+        <source>Copy to this computer</source>
+        <translation>Copier sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>Move to the phone</source>
+        <translation>Déplacer vers le téléphone</translation>
+    </message>
+    <message>
+        <source>Move to this computer</source>
+        <translation>Déplacer vers cet ordinateur</translation>
+    </message>
+    <message>
+        <source>Changed on both sides: keep both</source>
+        <translation>Modifié des deux côtés : garder les deux</translation>
+    </message>
+    <message>
+        <source>Delete on the phone</source>
+        <translation>Supprimer sur le téléphone</translation>
+    </message>
+    <message>
+        <source>Delete on this computer</source>
+        <translation>Supprimer sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>Leave as it is</source>
+        <translation>Laisser tel quel</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>Ignorer</translation>
+    </message>
+    <message>
+        <source>What Will Happen</source>
+        <translation>Ce qui va se passer</translation>
+    </message>
+    <message>
+        <source>Action</source>
+        <translation>Opération</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>Synchroniser maintenant</translation>
+    </message>
+    <message>
+        <source>Comparing the folders…</source>
+        <translation>Comparaison des dossiers…</translation>
+    </message>
+    <message>
+        <source>The folders cannot be compared</source>
+        <translation>Impossible de comparer les dossiers</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files are the same already</source>
+        <translation>
+            <numerusform>%Ln fichier est déjà identique</numerusform>
+            <numerusform>%Ln fichiers sont déjà identiques</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files to go through, %1 to copy</source>
+        <translation>
+            <numerusform>%Ln fichier à examiner, %1 à copier</numerusform>
+            <numerusform>%Ln fichiers à examiner, %1 à copier</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncQuestionDialog</name>
+    <message>
+        <source>On this computer</source>
+        <translation>Sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>On the phone</source>
+        <translation>Sur le téléphone</translation>
+    </message>
+    <message>
+        <source>Files to delete</source>
+        <translation>Fichiers à supprimer</translation>
+    </message>
+    <message>
+        <source>Where</source>
+        <translation>Où</translation>
+    </message>
+    <message>
+        <source>edited since the last sync</source>
+        <translation>modifié depuis la dernière synchronisation</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Conserver</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Supprimer</translation>
+    </message>
+    <message>
+        <source>Create Again</source>
+        <translation>Recréer</translation>
+    </message>
+    <message>
+        <source>Delete Files?</source>
+        <translation>Supprimer les fichiers ?</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files were deleted on one side. Delete them on the other, too?</source>
+        <translation>
+            <numerusform>%Ln fichier a été supprimé d’un côté. Le supprimer aussi de l’autre ?</numerusform>
+            <numerusform>%Ln fichiers ont été supprimés d’un côté. Les supprimer aussi de l’autre ?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>What you keep is copied back.</source>
+        <translation>Ce que vous gardez est recopié.</translation>
+    </message>
+    <message>
+        <source>Folder Missing</source>
+        <translation>Dossier manquant</translation>
+    </message>
+    <message>
+        <source>The folder on this computer is gone</source>
+        <translation>Le dossier sur cet ordinateur n’est plus là</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferListModel</name>
+    <message>
+        <source>Finishing: the phone is still storing the file</source>
+        <translation>Finalisation : le téléphone enregistre encore le fichier</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1/%Ln files</source>
+        <translation>
+            <numerusform>%1/%Ln fichier</numerusform>
+            <numerusform>%1/%Ln fichiers</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 left</source>
+        <translation>%1 restantes</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferNotice</name>
+    <message>
+        <source>“%1” is copied.</source>
+        <translation>« %1 » est copié.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items are copied.</source>
+        <translation>
+            <numerusform>%Ln élément est copié.</numerusform>
+            <numerusform>%Ln éléments sont copiés.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” was not copied.</source>
+        <translation>« %1 » n’a pas été copié.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items were not copied.</source>
+        <translation>
+            <numerusform>%Ln élément sur %1 n’a pas été copié.</numerusform>
+            <numerusform>%Ln éléments sur %1 n’ont pas été copiés.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Copying has finished</source>
+        <translation>La copie est terminée</translation>
+    </message>
+    <message>
+        <source>Copying went wrong</source>
+        <translation>La copie a rencontré un problème</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferPanel</name>
+    <message>
+        <source>All transfers have ended</source>
+        <translation>Tous les transferts sont terminés</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 sur %2</translation>
+    </message>
+    <message>
+        <source>%1 left</source>
+        <translation>%1 restantes</translation>
+    </message>
+    <message>
+        <source>Transfers</source>
+        <translation>Transferts</translation>
+    </message>
+    <message>
+        <source>Cancel All</source>
+        <translation>Tout annuler</translation>
+    </message>
+    <message>
+        <source>Clear Finished</source>
+        <translation>Effacer les terminés</translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>Afficher dans le dossier</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TranslatedFileModel</name>
+    <message>
+        <source>Name</source>
+        <translation>Nom</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Taille</translation>
+    </message>
+    <message>
+        <source>Date Modified</source>
+        <translation>Date de modification</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Type</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::UpdateAlerts</name>
+    <message>
+        <source>Help</source>
+        <translation>Aide</translation>
+    </message>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>Rechercher les mises à jour…</translation>
+    </message>
+    <message>
+        <source>Update Check Failed</source>
+        <translation>Échec de la recherche de mises à jour</translation>
+    </message>
+    <message>
+        <source>Tessary v%1 is currently the newest version.</source>
+        <translation>Tessary v%1 est actuellement la version la plus récente.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>A new version of Tessary is available.</source>
+        <translation>Une nouvelle version de Tessary est disponible.</translation>
+    </message>
+    <message>
+        <source>Tessary %1 is available</source>
+        <translation>Tessary %1 est disponible</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Télécharger</translation>
+    </message>
+    <message>
+        <source>Skip This Version</source>
+        <translation>Ignorer cette version</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Plus tard</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WelcomeView</name>
+    <message>
+        <source>Connect a phone</source>
+        <translation>Connectez un téléphone</translation>
+    </message>
+    <message>
+        <source>Try It with a Virtual Phone</source>
+        <translation>Essayer avec un téléphone virtuel</translation>
+    </message>
+    <message>
+        <source>Starts Tessary again with two virtual phones, which hold sample files</source>
+        <translation>Relance Tessary avec deux téléphones virtuels contenant des fichiers d’exemple</translation>
+    </message>
+    <message>
+        <source>Plug it in</source>
+        <translation>Branchez-le</translation>
+    </message>
+    <message>
+        <source>Use a cable that carries data: some only charge.</source>
+        <translation>Utilisez un câble de données : certains ne font que charger.</translation>
+    </message>
+    <message>
+        <source>Unlock it</source>
+        <translation>Déverrouillez-le</translation>
+    </message>
+    <message>
+        <source>A locked phone shows nothing of its storage.</source>
+        <translation>Un téléphone verrouillé ne montre rien de son stockage.</translation>
+    </message>
+    <message>
+        <source>Choose “File transfer” on it</source>
+        <translation>Choisissez-y « Transfert de fichiers »</translation>
+    </message>
+    <message>
+        <source>Android asks in a notification that says “Charging this device via USB”.</source>
+        <translation>Android le demande dans une notification « Appareil en cours de recharge via USB ».</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WirelessDialog</name>
+    <message>
+        <source>Pairing…</source>
+        <translation>Association…</translation>
+    </message>
+    <message>
+        <source>Connecting…</source>
+        <translation>Connexion…</translation>
+    </message>
+    <message>
+        <source>Paired</source>
+        <translation>Associé</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>Connecté</translation>
+    </message>
+    <message>
+        <source>Waiting to be paired</source>
+        <translation>En attente d’association</translation>
+    </message>
+    <message>
+        <source>Ready to connect</source>
+        <translation>Prêt à se connecter</translation>
+    </message>
+    <message>
+        <source>Wireless Devices</source>
+        <translation>Appareils sans fil</translation>
+    </message>
+    <message>
+        <source>Phones on this network on which wireless debugging is switched on.</source>
+        <translation>Téléphones de ce réseau sur lesquels le débogage sans fil est activé.</translation>
+    </message>
+    <message>
+        <source>Looking for phones…</source>
+        <translation>Recherche de téléphones…</translation>
+    </message>
+    <message>
+        <source>Search Again</source>
+        <translation>Rechercher à nouveau</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>This computer cannot look for phones on the network: the service for it (avahi-daemon) does not run.</source>
+        <translation>Cet ordinateur ne peut pas rechercher de téléphones sur le réseau : le service nécessaire (avahi-daemon) n’est pas lancé.</translation>
+    </message>
+    <message>
+        <source>On the phone, switch on wireless debugging in the developer options. It must be on the same network as this computer.</source>
+        <translation>Sur le téléphone, activez le débogage sans fil dans les options pour les développeurs. Il doit être sur le même réseau que cet ordinateur.</translation>
+    </message>
+    <message>
+        <source>A phone that waits to be paired shows a code of six digits.</source>
+        <translation>Un téléphone en attente d’association affiche un code à six chiffres.</translation>
+    </message>
+    <message>
+        <source>Pair…</source>
+        <translation>Associer…</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>Connecter</translation>
+    </message>
+    <message>
+        <source>The six digits that the phone shows:</source>
+        <translation>Les six chiffres affichés par le téléphone :</translation>
+    </message>
+    <message>
+        <source>Pair</source>
+        <translation>Associer</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+</context>
+</TS>

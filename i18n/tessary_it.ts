@@ -1,0 +1,2410 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="it_IT" sourcelanguage="en_US">
+<context>
+    <name>BrowserActions</name>
+    <message>
+        <source>Back</source>
+        <translation>Indietro</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Avanti</translation>
+    </message>
+    <message>
+        <source>Enclosing Folder</source>
+        <translation>Cartella superiore</translation>
+    </message>
+    <message>
+        <source>Go to Folder…</source>
+        <translation>Vai alla cartella…</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Ricarica</translation>
+    </message>
+    <message>
+        <source>Open Folder</source>
+        <translation>Apri cartella</translation>
+    </message>
+    <message>
+        <source>New Folder</source>
+        <translation>Nuova cartella</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Rinomina</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Elimina</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Scarica</translation>
+    </message>
+    <message>
+        <source>Copy Files Here…</source>
+        <translation>Copia file qui…</translation>
+    </message>
+    <message>
+        <source>Copy a Folder Here…</source>
+        <translation>Copia una cartella qui…</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Seleziona tutto</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filtro</translation>
+    </message>
+    <message>
+        <source>As List</source>
+        <translation>Come elenco</translation>
+    </message>
+    <message>
+        <source>As Grid</source>
+        <translation>Come griglia</translation>
+    </message>
+    <message>
+        <source>Add to Favorites</source>
+        <translation>Aggiungi ai preferiti</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>App</translation>
+    </message>
+    <message>
+        <source>Sync</source>
+        <translation>Sincronizzazione</translation>
+    </message>
+    <message>
+        <source>Quick Look</source>
+        <translation>Anteprima rapida</translation>
+    </message>
+    <message>
+        <source>Properties</source>
+        <translation>Proprietà</translation>
+    </message>
+</context>
+<context>
+    <name>BrowserEdit</name>
+    <message>
+        <source>New Folder</source>
+        <translation>Nuova cartella</translation>
+    </message>
+    <message>
+        <source>New Folder %1</source>
+        <translation>Nuova cartella %1</translation>
+    </message>
+</context>
+<context>
+    <name>ByteFormat</name>
+    <message>
+        <source>1 byte</source>
+        <translation>1 byte</translation>
+    </message>
+</context>
+<context>
+    <name>ClashQuestion</name>
+    <message>
+        <source>Already There</source>
+        <translation>Esiste già</translation>
+    </message>
+    <message>
+        <source>“%1” is already there.</source>
+        <translation>“%1” esiste già.</translation>
+    </message>
+    <message>
+        <source>New: %1</source>
+        <translation>Nuovo: %1</translation>
+    </message>
+    <message>
+        <source>There: %1</source>
+        <translation>Esistente: %1</translation>
+    </message>
+    <message>
+        <source>Replacing merges the folders; files of the same name in them are replaced.</source>
+        <translation>La sostituzione unisce le cartelle; i file con lo stesso nome vengono sostituiti.</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Sostituisci</translation>
+    </message>
+    <message>
+        <source>Keep Both</source>
+        <translation>Mantieni entrambi</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>Salta</translation>
+    </message>
+    <message numerus="yes">
+        <source>Do the same for the other %Ln</source>
+        <translation>
+            <numerusform>Fai lo stesso per l’altro</numerusform>
+            <numerusform>Fai lo stesso per gli altri %Ln</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not Enough Space</source>
+        <translation>Spazio insufficiente</translation>
+    </message>
+    <message>
+        <source>There is not enough space for this copy.</source>
+        <translation>Non c’è abbastanza spazio per questa copia.</translation>
+    </message>
+    <message>
+        <source>It needs at least %1, and %2 are free in “%3”.</source>
+        <translation>Servono almeno %1, e in “%3” sono liberi %2.</translation>
+    </message>
+    <message>
+        <source>It needs %1, and %2 are free in “%3”.</source>
+        <translation>Servono %1, e in “%3” sono liberi %2.</translation>
+    </message>
+    <message>
+        <source>Copy Anyway</source>
+        <translation>Copia comunque</translation>
+    </message>
+</context>
+<context>
+    <name>DisplayNames</name>
+    <message>
+        <source>Folder</source>
+        <translation>Cartella</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>Immagine</translation>
+    </message>
+    <message>
+        <source>Video</source>
+        <translation>Video</translation>
+    </message>
+    <message>
+        <source>Audio</source>
+        <translation>Audio</translation>
+    </message>
+    <message>
+        <source>Document</source>
+        <translation>Documento</translation>
+    </message>
+    <message>
+        <source>Archive</source>
+        <translation>Archivio</translation>
+    </message>
+    <message>
+        <source>APK Package</source>
+        <translation>Pacchetto APK</translation>
+    </message>
+    <message>
+        <source>Source Code</source>
+        <translation>Codice sorgente</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>iOS File Transfer</source>
+        <translation>Trasferimento file iOS</translation>
+    </message>
+    <message>
+        <source>Standard MTP</source>
+        <translation>MTP standard</translation>
+    </message>
+    <message>
+        <source>Turbo Mode (ADB)</source>
+        <translation>Modalità turbo (ADB)</translation>
+    </message>
+    <message>
+        <source>Upload</source>
+        <translation>Caricamento</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Scarica</translation>
+    </message>
+    <message>
+        <source>Queued</source>
+        <translation>In coda</translation>
+    </message>
+    <message>
+        <source>In Progress</source>
+        <translation>In corso</translation>
+    </message>
+    <message>
+        <source>Completed</source>
+        <translation>Completato</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Non riuscito</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>Annullato</translation>
+    </message>
+    <message>
+        <source>Internal Storage</source>
+        <translation>Memoria interna</translation>
+    </message>
+    <message>
+        <source>Internal Shared Storage</source>
+        <translation>Memoria interna condivisa</translation>
+    </message>
+    <message>
+        <source>SD Card</source>
+        <translation>Scheda SD</translation>
+    </message>
+    <message>
+        <source>%1 free of %2</source>
+        <translation>%1 liberi di %2</translation>
+    </message>
+    <message>
+        <source>Move to the phone</source>
+        <translation>Sposta sul telefono</translation>
+    </message>
+    <message>
+        <source>Only to the phone</source>
+        <translation>Solo verso il telefono</translation>
+    </message>
+    <message>
+        <source>Move to this computer</source>
+        <translation>Sposta su questo computer</translation>
+    </message>
+    <message>
+        <source>Only to this computer</source>
+        <translation>Solo verso questo computer</translation>
+    </message>
+    <message>
+        <source>Both ways</source>
+        <translation>In entrambe le direzioni</translation>
+    </message>
+</context>
+<context>
+    <name>MainMenu</name>
+    <message>
+        <source>Settings</source>
+        <translation>Impostazioni</translation>
+    </message>
+    <message>
+        <source>Wireless Devices…</source>
+        <translation>Dispositivi wireless…</translation>
+    </message>
+    <message>
+        <source>Quit Tessary</source>
+        <translation>Esci da Tessary</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Modifica</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>Vista</translation>
+    </message>
+    <message>
+        <source>Go</source>
+        <translation>Vai</translation>
+    </message>
+</context>
+<context>
+    <name>Message</name>
+    <message>
+        <source>The phone is full: delete something on it, or copy less.</source>
+        <translation>Il telefono è pieno: elimina qualcosa o copia di meno.</translation>
+    </message>
+    <message>
+        <source>The app does not allow this.</source>
+        <translation>L’app non lo consente.</translation>
+    </message>
+    <message>
+        <source>The phone does not answer: unlock it. If that does not help, unplug it and plug it in again.</source>
+        <translation>Il telefono non risponde: sbloccalo. Se non basta, scollegalo e ricollegalo.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and try again.</source>
+        <translation>Sblocca il telefono e riprova.</translation>
+    </message>
+    <message>
+        <source>Unplug the phone, plug it in again and tap Trust on it.</source>
+        <translation>Scollega il telefono, ricollegalo e tocca «Autorizza».</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and tap Trust on it.</source>
+        <translation>Sblocca il telefono e tocca «Autorizza».</translation>
+    </message>
+    <message>
+        <source>Unlock the phone, tap Trust on it when it asks, and try again.</source>
+        <translation>Sblocca il telefono, tocca «Autorizza» quando lo chiede e riprova.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone. If that does not help, the app does not share its files with computers.</source>
+        <translation>Sblocca il telefono. Se non basta, l’app non condivide i suoi file con i computer.</translation>
+    </message>
+    <message>
+        <source>Another program is using the phone.</source>
+        <translation>Un altro programma sta usando il telefono.</translation>
+    </message>
+    <message>
+        <source>Close it, or unmount the phone in the desktop&apos;s file manager, and try again.</source>
+        <translation>Chiudilo o smonta il telefono nel gestore di file del desktop, poi riprova.</translation>
+    </message>
+    <message>
+        <source>The phone is not connected.</source>
+        <translation>Il telefono non è collegato.</translation>
+    </message>
+    <message>
+        <source>The phone was unplugged.</source>
+        <translation>Il telefono è stato scollegato.</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again, unlock it and choose File transfer on it.</source>
+        <translation>Ricollega il telefono, sbloccalo e scegli «Trasferimento file».</translation>
+    </message>
+    <message>
+        <source>The phone does not answer.</source>
+        <translation>Il telefono non risponde.</translation>
+    </message>
+    <message>
+        <source>Unlock it. If that does not help, unplug it and plug it in again.</source>
+        <translation>Sbloccalo. Se non basta, scollegalo e ricollegalo.</translation>
+    </message>
+    <message>
+        <source>The phone broke the transfer off.</source>
+        <translation>Il telefono ha interrotto il trasferimento.</translation>
+    </message>
+    <message>
+        <source>Try again. If that does not help, unplug the phone and plug it in again.</source>
+        <translation>Riprova. Se non basta, scollega il telefono e ricollegalo.</translation>
+    </message>
+    <message>
+        <source>This user may not open the phone&apos;s USB device.</source>
+        <translation>Questo utente non può aprire il dispositivo USB del telefono.</translation>
+    </message>
+    <message>
+        <source>Install the udev rule that comes with Tessary, then plug the phone in again.</source>
+        <translation>Installa la regola udev fornita con Tessary, poi ricollega il telefono.</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is full.</source>
+        <translation>La memoria del telefono è piena.</translation>
+    </message>
+    <message>
+        <source>Delete something on the phone, or copy less.</source>
+        <translation>Elimina qualcosa sul telefono o copia di meno.</translation>
+    </message>
+    <message>
+        <source>This storage of the phone is read-only.</source>
+        <translation>Questa memoria del telefono è di sola lettura.</translation>
+    </message>
+    <message>
+        <source>Choose another folder.</source>
+        <translation>Scegli un’altra cartella.</translation>
+    </message>
+    <message>
+        <source>The phone protects this file.</source>
+        <translation>Il telefono protegge questo file.</translation>
+    </message>
+    <message>
+        <source>The phone does not allow this.</source>
+        <translation>Il telefono non lo consente.</translation>
+    </message>
+    <message>
+        <source>Unlock it, and try another folder.</source>
+        <translation>Sbloccalo e prova un’altra cartella.</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is not available.</source>
+        <translation>La memoria del telefono non è disponibile.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and choose File transfer on it.</source>
+        <translation>Sblocca il telefono e scegli «Trasferimento file».</translation>
+    </message>
+    <message>
+        <source>The phone is busy.</source>
+        <translation>Il telefono è occupato.</translation>
+    </message>
+    <message>
+        <source>Wait a moment and try again.</source>
+        <translation>Attendi un momento e riprova.</translation>
+    </message>
+    <message>
+        <source>The phone cannot do this.</source>
+        <translation>Il telefono non può farlo.</translation>
+    </message>
+    <message>
+        <source>The phone ended the connection.</source>
+        <translation>Il telefono ha chiuso la connessione.</translation>
+    </message>
+    <message>
+        <source>Go up to the folder that held it.</source>
+        <translation>Risali alla cartella che la conteneva.</translation>
+    </message>
+    <message>
+        <source>The copy failed for an unknown reason.</source>
+        <translation>La copia non è riuscita per un motivo sconosciuto.</translation>
+    </message>
+    <message>
+        <source>Transfer was cancelled</source>
+        <translation>Il trasferimento è stato annullato</translation>
+    </message>
+    <message>
+        <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
+        <translation>Nessuna app su questo iPhone condivide i propri file. Da un computer si possono aprire solo le app i cui autori hanno attivato la condivisione dei file; le foto e le app che tengono per sé i documenti no.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are deleted on the other after you agreed.</source>
+        <translation>I file nuovi e modificati vengono copiati in entrambe le direzioni. Quelli eliminati da una parte vengono eliminati dall’altra dopo il tuo consenso.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are copied back.</source>
+        <translation>I file nuovi e modificati vengono copiati in entrambe le direzioni. Quelli eliminati da una parte vengono ricopiati.</translation>
+    </message>
+    <message>
+        <source>Files are moved to the phone: each is deleted here once it has arrived.</source>
+        <translation>I file vengono spostati sul telefono: ognuno viene eliminato qui una volta arrivato.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied to the phone. Nothing is deleted.</source>
+        <translation>I file nuovi e modificati vengono copiati sul telefono. Non viene eliminato nulla.</translation>
+    </message>
+    <message>
+        <source>Files are moved here: each is deleted on the phone once it has arrived.</source>
+        <translation>I file vengono spostati qui: ognuno viene eliminato dal telefono una volta arrivato.</translation>
+    </message>
+    <message>
+        <source>New and changed files of the phone are copied here. Nothing is deleted.</source>
+        <translation>I file nuovi e modificati del telefono vengono copiati qui. Non viene eliminato nulla.</translation>
+    </message>
+    <message>
+        <source>To Android</source>
+        <translation>Verso il dispositivo</translation>
+    </message>
+    <message>
+        <source>Move to iPhone</source>
+        <translation>Sposta sul dispositivo</translation>
+    </message>
+    <message>
+        <source>Move to Android</source>
+        <translation>Sposta sul dispositivo</translation>
+    </message>
+    <message>
+        <source>Move to Mac</source>
+        <translation>Sposta sul computer</translation>
+    </message>
+    <message>
+        <source>Uploading</source>
+        <translation>Caricamento in corso</translation>
+    </message>
+    <message>
+        <source>Downloading</source>
+        <translation>Scaricamento in corso</translation>
+    </message>
+    <message>
+        <source>Moving</source>
+        <translation>Spostamento in corso</translation>
+    </message>
+    <message>
+        <source>Moving (already on destination)</source>
+        <translation>Spostamento (già a destinazione)</translation>
+    </message>
+    <message>
+        <source>%1 uploaded</source>
+        <translation>%1 caricati</translation>
+    </message>
+    <message>
+        <source>%1 downloaded</source>
+        <translation>%1 scaricati</translation>
+    </message>
+    <message>
+        <source>%1 moved</source>
+        <translation>%1 spostati</translation>
+    </message>
+    <message>
+        <source>%1 deleted</source>
+        <translation>%1 eliminati</translation>
+    </message>
+    <message>
+        <source>%1 kept twice</source>
+        <translation>%1 mantenuti due volte</translation>
+    </message>
+    <message>
+        <source>%1 skipped</source>
+        <translation>%1 saltati</translation>
+    </message>
+    <message>
+        <source>its name cannot be part of a path</source>
+        <translation>il nome non può far parte di un percorso</translation>
+    </message>
+    <message>
+        <source>the device has several entries of this name</source>
+        <translation>il dispositivo ha più elementi con questo nome</translation>
+    </message>
+    <message>
+        <source>the device does not tell its size</source>
+        <translation>il dispositivo non ne indica la dimensione</translation>
+    </message>
+    <message>
+        <source>its name is not valid text</source>
+        <translation>il nome non è un testo valido</translation>
+    </message>
+    <message>
+        <source>it is a link; links are not followed</source>
+        <translation>è un collegamento; i collegamenti non vengono seguiti</translation>
+    </message>
+    <message>
+        <source>it is not a regular file</source>
+        <translation>non è un file normale</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>non si può leggere</translation>
+    </message>
+    <message>
+        <source>its name cannot be used on this computer</source>
+        <translation>il nome non si può usare su questo computer</translation>
+    </message>
+    <message>
+        <source>its name is too long for this computer</source>
+        <translation>il nome è troppo lungo per questo computer</translation>
+    </message>
+    <message>
+        <source>its name is too long for the device</source>
+        <translation>il nome è troppo lungo per il dispositivo</translation>
+    </message>
+    <message>
+        <source>its name is too long for the phone</source>
+        <translation>il nome è troppo lungo per il telefono</translation>
+    </message>
+    <message>
+        <source>phones do not allow a sign in its name</source>
+        <translation>i telefoni non ammettono un segno nel nome</translation>
+    </message>
+    <message>
+        <source>it is a file on one side and a folder on the other</source>
+        <translation>è un file da una parte e una cartella dall’altra</translation>
+    </message>
+    <message>
+        <source>another name differs from it only in case or in the form of its letters</source>
+        <translation>un altro nome differisce solo per maiuscole o forma delle lettere</translation>
+    </message>
+    <message>
+        <source>it was changed on the side that files are copied to</source>
+        <translation>è stato modificato dalla parte su cui si copia</translation>
+    </message>
+    <message>
+        <source>it was changed on the side that files are moved to; both are kept</source>
+        <translation>è stato modificato dalla parte su cui si sposta; restano entrambi</translation>
+    </message>
+    <message>
+        <source>it changed while the folders were being synced; it was left as it is</source>
+        <translation>è cambiato durante la sincronizzazione; è rimasto com’è</translation>
+    </message>
+    <message>
+        <source>it changed again and again while it was being copied</source>
+        <translation>è cambiato più volte durante la copia</translation>
+    </message>
+    <message>
+        <source>another file of this name, size and date is on the other side; both are kept</source>
+        <translation>dall’altra parte c’è un altro file con questo nome, dimensione e data; restano entrambi</translation>
+    </message>
+    <message>
+        <source>The connection to the phone broke off.</source>
+        <translation>La connessione con il telefono si è interrotta.</translation>
+    </message>
+    <message>
+        <source>adb answers nonsense.</source>
+        <translation>adb dà risposte senza senso.</translation>
+    </message>
+    <message>
+        <source>A folder cannot be moved into itself.</source>
+        <translation>Una cartella non può essere spostata dentro se stessa.</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be changed or copied as one item.</source>
+        <translation>Un’intera memoria non può essere modificata o copiata come un solo elemento.</translation>
+    </message>
+    <message>
+        <source>The phone sends nothing any more. Unplug it and plug it in again.</source>
+        <translation>Il telefono non invia più nulla. Scollegalo e ricollegalo.</translation>
+    </message>
+    <message>
+        <source>The phone takes nothing any more. Unplug it and plug it in again.</source>
+        <translation>Il telefono non accetta più nulla. Scollegalo e ricollegalo.</translation>
+    </message>
+    <message>
+        <source>nothing arrived.</source>
+        <translation>non è arrivato nulla.</translation>
+    </message>
+    <message>
+        <source>the phone does not have the file.</source>
+        <translation>il telefono non ha il file.</translation>
+    </message>
+    <message>
+        <source>The phone has not allowed this computer yet. Unlock it and tap Allow in the question about USB debugging.</source>
+        <translation>Il telefono non ha ancora autorizzato questo computer. Sbloccalo e tocca «Consenti» nella domanda sul debug USB.</translation>
+    </message>
+    <message>
+        <source>The phone is offline for adb. Unplug it and plug it in again, or turn USB debugging off and on.</source>
+        <translation>Il telefono è offline per adb. Scollegalo e ricollegalo, oppure disattiva e riattiva il debug USB.</translation>
+    </message>
+    <message>
+        <source>adb does not reach the phone. Turn on USB debugging on it, or switch to Standard MTP.</source>
+        <translation>adb non raggiunge il telefono. Attiva su di esso il debug USB o passa a MTP standard.</translation>
+    </message>
+    <message>
+        <source>adb reaches several phones and cannot tell which one is meant. Unplug the others, or switch to Standard MTP.</source>
+        <translation>adb raggiunge più telefoni e non sa quale si intende. Scollega gli altri o passa a MTP standard.</translation>
+    </message>
+    <message>
+        <source>adb&apos;s server cannot be started.</source>
+        <translation>Impossibile avviare il server di adb.</translation>
+    </message>
+    <message>
+        <source>The file is too large for this storage of the phone.</source>
+        <translation>Il file è troppo grande per questa memoria del telefono.</translation>
+    </message>
+    <message>
+        <source>adb cannot be started.</source>
+        <translation>Impossibile avviare adb.</translation>
+    </message>
+    <message>
+        <source>adb crashed.</source>
+        <translation>adb si è chiuso in modo imprevisto.</translation>
+    </message>
+    <message>
+        <source>adb does not answer. Unplug the phone and plug it in again.</source>
+        <translation>adb non risponde. Scollega il telefono e ricollegalo.</translation>
+    </message>
+    <message>
+        <source>adb is not installed.</source>
+        <translation>adb non è installato.</translation>
+    </message>
+    <message>
+        <source>The phone does not answer on the network.</source>
+        <translation>Il telefono non risponde nella rete.</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s adb is too old to pair: version 30 or newer is needed.</source>
+        <translation>L’adb di questo computer è troppo vecchio per l’accoppiamento: serve la versione 30 o successiva.</translation>
+    </message>
+    <message>
+        <source>Allow this computer on the phone, then connect again.</source>
+        <translation>Consenti questo computer sul telefono, poi connettiti di nuovo.</translation>
+    </message>
+    <message>
+        <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
+        <translation>La modalità Turbo ha bisogno di adb, che non è installato. Il telefono viene usato tramite MTP standard.</translation>
+    </message>
+    <message>
+        <source>Install the adb tool, or switch the phone to Standard MTP.</source>
+        <translation>Installa lo strumento adb o passa il telefono a MTP standard.</translation>
+    </message>
+    <message>
+        <source>the folder cannot be created on this computer</source>
+        <translation>la cartella non si può creare su questo computer</translation>
+    </message>
+    <message>
+        <source>a folder of this name is on this computer</source>
+        <translation>su questo computer c’è una cartella con questo nome</translation>
+    </message>
+    <message>
+        <source>The documents of an app cannot be deleted as a whole.</source>
+        <translation>I documenti di un’app non si possono eliminare in blocco.</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer was cut off</source>
+        <translation>La risposta del server è stata troncata</translation>
+    </message>
+    <message>
+        <source>Check the spelling, or choose the folder below.</source>
+        <translation>Controlla l’ortografia o scegli la cartella qui sotto.</translation>
+    </message>
+    <message>
+        <source>the phone did not put it in the place of the old file.</source>
+        <translation>il telefono non lo ha messo al posto del vecchio file.</translation>
+    </message>
+    <message>
+        <source>a link to a folder</source>
+        <translation>un collegamento a una cartella</translation>
+    </message>
+    <message>
+        <source>a link that leads nowhere</source>
+        <translation>un collegamento che non porta da nessuna parte</translation>
+    </message>
+    <message>
+        <source>a link</source>
+        <translation>un collegamento</translation>
+    </message>
+    <message>
+        <source>not a regular file</source>
+        <translation>non è un file normale</translation>
+    </message>
+    <message>
+        <source>the folder cannot be read</source>
+        <translation>la cartella non può essere letta</translation>
+    </message>
+    <message>
+        <source>a folder of this name is there.</source>
+        <translation>c’è già una cartella con questo nome.</translation>
+    </message>
+    <message>
+        <source>it is not a file.</source>
+        <translation>non è un file.</translation>
+    </message>
+    <message>
+        <source>The device does not answer.</source>
+        <translation>Il dispositivo non risponde.</translation>
+    </message>
+    <message>
+        <source>another entry has the same name on this computer</source>
+        <translation>un altro elemento ha lo stesso nome su questo computer</translation>
+    </message>
+    <message>
+        <source>the phone lists this folder inside itself</source>
+        <translation>il telefono elenca questa cartella al suo stesso interno</translation>
+    </message>
+    <message>
+        <source>its folder could not be made</source>
+        <translation>non è stato possibile creare la sua cartella</translation>
+    </message>
+    <message>
+        <source>The phone is busy with another copy. Try again when that one is done.</source>
+        <translation>Il telefono è occupato con un’altra copia. Riprova quando sarà terminata.</translation>
+    </message>
+    <message>
+        <source>no phone was chosen</source>
+        <translation>non è stato scelto alcun telefono</translation>
+    </message>
+    <message>
+        <source>folders are copied, not dragged</source>
+        <translation>le cartelle si copiano, non si trascinano</translation>
+    </message>
+    <message>
+        <source>it is still being copied from the phone</source>
+        <translation>è ancora in corso di copia dal telefono</translation>
+    </message>
+    <message>
+        <source>a name cannot be empty</source>
+        <translation>un nome non può essere vuoto</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be deleted.</source>
+        <translation>Non è possibile eliminare un’intera memoria.</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be renamed.</source>
+        <translation>Non è possibile rinominare un’intera memoria.</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be moved.</source>
+        <translation>Non è possibile spostare un’intera memoria.</translation>
+    </message>
+    <message>
+        <source>The phone cannot move files from one storage to another. Copy them instead.</source>
+        <translation>Il telefono non può spostare file da una memoria a un’altra. Copiali invece.</translation>
+    </message>
+    <message>
+        <source>A folder has no preview.</source>
+        <translation>Una cartella non ha un’anteprima.</translation>
+    </message>
+    <message>
+        <source>No storage available</source>
+        <translation>Nessuna memoria disponibile</translation>
+    </message>
+    <message>
+        <source>No MTP storage found for upload</source>
+        <translation>Nessuna memoria MTP trovata per il caricamento</translation>
+    </message>
+    <message>
+        <source>No device connected for download</source>
+        <translation>Nessun dispositivo collegato per il download</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 e altri %2</translation>
+    </message>
+    <message>
+        <source>Internal Storage</source>
+        <translation>Memoria interna</translation>
+    </message>
+    <message>
+        <source>Idle</source>
+        <translation>Inattivo</translation>
+    </message>
+    <message>
+        <source>Syncing…</source>
+        <translation>Sincronizzazione…</translation>
+    </message>
+    <message>
+        <source>Synced</source>
+        <translation>Sincronizzato</translation>
+    </message>
+    <message>
+        <source>Up to date</source>
+        <translation>Aggiornato</translation>
+    </message>
+    <message>
+        <source>Connecting to device…</source>
+        <translation>Connessione al dispositivo…</translation>
+    </message>
+    <message>
+        <source>Device disconnected</source>
+        <translation>Dispositivo scollegato</translation>
+    </message>
+    <message>
+        <source>Scanning folders…</source>
+        <translation>Scansione delle cartelle…</translation>
+    </message>
+    <message>
+        <source>Awaiting deletion confirmation…</source>
+        <translation>In attesa di conferma dell’eliminazione…</translation>
+    </message>
+    <message>
+        <source>Analyzing files…</source>
+        <translation>Analisi dei file…</translation>
+    </message>
+    <message>
+        <source>Starting transfer…</source>
+        <translation>Avvio del trasferimento…</translation>
+    </message>
+    <message>
+        <source>Completed</source>
+        <translation>Completato</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>Annullato</translation>
+    </message>
+    <message>
+        <source>Server returned non-200 status</source>
+        <translation>Il server ha risposto con uno stato diverso da 200</translation>
+    </message>
+    <message>
+        <source>Invalid version data format</source>
+        <translation>Formato dei dati di versione non valido</translation>
+    </message>
+    <message>
+        <source>The server did not answer in time</source>
+        <translation>Il server non ha risposto in tempo</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer is too long</source>
+        <translation>La risposta del server è troppo lunga</translation>
+    </message>
+    <message>
+        <source>The address is not a safe one</source>
+        <translation>L’indirizzo non è sicuro</translation>
+    </message>
+    <message>
+        <source>The server redirects without end</source>
+        <translation>Il server reindirizza all’infinito</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>Ricollega il telefono e sbloccalo.</translation>
+    </message>
+    <message>
+        <source>Another folder is shown by now. Nothing was done.</source>
+        <translation>Nel frattempo viene mostrata un’altra cartella. Non è stato fatto nulla.</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or moved on the phone.</source>
+        <translation>Forse è stata eliminata o spostata sul telefono.</translation>
+    </message>
+    <message>
+        <source>Already There</source>
+        <translation>Esiste già</translation>
+    </message>
+    <message>
+        <source>Cannot enumerate %1</source>
+        <translation>Impossibile elencare %1</translation>
+    </message>
+    <message>
+        <source>%1 changed while the folder was being read. Sync again.</source>
+        <translation>%1 è cambiato durante la lettura della cartella. Sincronizza di nuovo.</translation>
+    </message>
+    <message>
+        <source>The phone lists the folder %1 inside itself.</source>
+        <translation>Il telefono elenca la cartella %1 al suo stesso interno.</translation>
+    </message>
+    <message>
+        <source>%1 holds &quot;%2&quot;, which is no name of a file.</source>
+        <translation>%1 contiene «%2», che non è un nome di file.</translation>
+    </message>
+    <message>
+        <source>Cannot open local file for writing: %1</source>
+        <translation>Impossibile aprire il file locale in scrittura: %1</translation>
+    </message>
+    <message>
+        <source>Cannot open local file for reading: %1</source>
+        <translation>Impossibile aprire il file locale in lettura: %1</translation>
+    </message>
+    <message>
+        <source>The phone does not tell what %1 is.</source>
+        <translation>Il telefono non dice che cosa sia %1.</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used on this computer. Rename the folder on the phone first.</source>
+        <translation>Il nome «%1» non può essere usato su questo computer. Rinomina prima la cartella sul telefono.</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used on this computer. Rename it on the phone first.</source>
+        <translation>Il nome «%1» non può essere usato su questo computer. Cambialo prima sul telefono.</translation>
+    </message>
+    <message>
+        <source>No MTP handle for file %1</source>
+        <translation>Nessun oggetto MTP per il file %1</translation>
+    </message>
+    <message>
+        <source>%1 became shorter while it was being copied. Copy it again.</source>
+        <translation>%1 si è accorciato durante la copia. Copialo di nuovo.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has appeared on the phone meanwhile.</source>
+        <translation>«%1» è comparso nel frattempo sul telefono.</translation>
+    </message>
+    <message>
+        <source>A folder named &quot;%1&quot; is already on the phone.</source>
+        <translation>Una cartella di nome «%1» è già sul telefono.</translation>
+    </message>
+    <message>
+        <source>A file named &quot;%1&quot; is already on the phone.</source>
+        <translation>Un file di nome «%1» è già sul telefono.</translation>
+    </message>
+    <message>
+        <source>The phone does not show the new &quot;%1&quot;. The old one was kept.</source>
+        <translation>Il telefono non mostra il nuovo «%1». Quello vecchio è stato conservato.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already on the phone, and this phone cannot replace files. Delete or rename the old one first.</source>
+        <translation>«%1» è già sul telefono, che non può sostituire i file. Elimina o rinomina prima quello vecchio.</translation>
+    </message>
+    <message>
+        <source>The new &quot;%1&quot; is on the phone under the name &quot;%2&quot;: it could not be renamed (%3).</source>
+        <translation>Il nuovo «%1» è sul telefono con il nome «%2»: non è stato possibile rinominarlo (%3).</translation>
+    </message>
+    <message>
+        <source>The phone does not show the new folder &quot;%1&quot;.</source>
+        <translation>Il telefono non mostra la nuova cartella «%1».</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already there</source>
+        <translation>«%1» esiste già</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files was not copied: %3</source>
+        <translation>%1 file su %2 non è stato copiato: %3</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files were not copied: %3</source>
+        <translation>%1 file su %2 non sono stati copiati: %3</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1 of %2 items: %3</source>
+        <translation>Impossibile eliminare %1 elementi su %2: %3</translation>
+    </message>
+    <message>
+        <source>Failed to move %1 of %2 items: %3</source>
+        <translation>Impossibile spostare %1 elementi su %2: %3</translation>
+    </message>
+    <message>
+        <source>Error: %1</source>
+        <translation>Errore: %1</translation>
+    </message>
+    <message>
+        <source>Removing %1 from %2</source>
+        <translation>Rimozione di %1 da %2</translation>
+    </message>
+    <message>
+        <source>A file named %1 is on the device where a folder is needed.</source>
+        <translation>Sul dispositivo c’è un file di nome %1 dove serve una cartella.</translation>
+    </message>
+    <message>
+        <source>Cannot read the folder %1: %2</source>
+        <translation>Impossibile leggere la cartella %1: %2</translation>
+    </message>
+    <message>
+        <source>Cannot create the folder %1: %2</source>
+        <translation>Impossibile creare la cartella %1: %2</translation>
+    </message>
+    <message>
+        <source>Cannot delete %1: %2</source>
+        <translation>Impossibile eliminare %1: %2</translation>
+    </message>
+    <message>
+        <source>Cannot keep %1 as %2.</source>
+        <translation>Impossibile mantenere %1 come %2.</translation>
+    </message>
+    <message>
+        <source>The folder of %1 was replaced while it was being synced.</source>
+        <translation>La cartella di %1 è stata sostituita durante la sincronizzazione.</translation>
+    </message>
+    <message>
+        <source>The folder %1 is gone, although it was synced before. Is its disk missing? Going on makes a new, empty folder.</source>
+        <translation>La cartella %1 non c’è più, anche se era già stata sincronizzata. Manca il suo disco? Continuando si crea una cartella nuova e vuota.</translation>
+    </message>
+    <message>
+        <source>The folder %1 is missing.</source>
+        <translation>Manca la cartella %1.</translation>
+    </message>
+    <message>
+        <source>The folder on this computer is empty, although %1 files were in it after the last sync. Is its disk missing?</source>
+        <translation>La cartella su questo computer è vuota, anche se dopo l’ultima sincronizzazione conteneva %1 file. Manca il suo disco?</translation>
+    </message>
+    <message>
+        <source>The folder on the device is empty, although %1 files were in it after the last sync. Is its memory card missing?</source>
+        <translation>La cartella sul dispositivo è vuota, anche se dopo l’ultima sincronizzazione conteneva %1 file. Manca la sua scheda di memoria?</translation>
+    </message>
+    <message>
+        <source>%1 of the %2 files of the last sync would be deleted.</source>
+        <translation>Verrebbero eliminati %1 dei %2 file dell’ultima sincronizzazione.</translation>
+    </message>
+    <message>
+        <source>The device lists %1 inside itself.</source>
+        <translation>Il dispositivo elenca %1 dentro se stesso.</translation>
+    </message>
+    <message>
+        <source>The device does not show %1 as it was sent. It was not deleted here.</source>
+        <translation>Il dispositivo non mostra %1 com’è stato inviato. Qui non è stato eliminato.</translation>
+    </message>
+    <message>
+        <source>The device does not show %1 as it was sent. Sync again.</source>
+        <translation>Il dispositivo non mostra %1 com’è stato inviato. Sincronizza di nuovo.</translation>
+    </message>
+    <message>
+        <source>%1 is not on this computer&apos;s disk as it was received.</source>
+        <translation>%1 non è su questo computer com’è stato ricevuto.</translation>
+    </message>
+    <message>
+        <source>%1 changed while it was being copied. Sync again.</source>
+        <translation>%1 è cambiato durante la copia. Sincronizza di nuovo.</translation>
+    </message>
+    <message>
+        <source>%1 changed while it was being copied. Copy it again.</source>
+        <translation>%1 è cambiato durante la copia. Copialo di nuovo.</translation>
+    </message>
+    <message>
+        <source>%1 has appeared on the device meanwhile.</source>
+        <translation>%1 è comparso nel frattempo sul dispositivo.</translation>
+    </message>
+    <message>
+        <source>%1 is not on the device any more. Sync again.</source>
+        <translation>%1 non è più sul dispositivo. Sincronizza di nuovo.</translation>
+    </message>
+    <message>
+        <source>%1 is a file on one side and a folder on the other</source>
+        <translation>%1 è un file da una parte e una cartella dall’altra</translation>
+    </message>
+    <message>
+        <source>in %1: %2</source>
+        <translation>nella cartella %1: %2</translation>
+    </message>
+    <message>
+        <source>The phone does not allow %1 to be read.</source>
+        <translation>Il telefono non permette di leggere %1.</translation>
+    </message>
+    <message>
+        <source>The phone did not rename %1. %2</source>
+        <translation>Il telefono non ha rinominato %1. %2</translation>
+    </message>
+    <message>
+        <source>The phone did not make the folder %1. %2</source>
+        <translation>Il telefono non ha creato la cartella %1. %2</translation>
+    </message>
+    <message>
+        <source>The phone did not delete %1. %2</source>
+        <translation>Il telefono non ha eliminato %1. %2</translation>
+    </message>
+    <message>
+        <source>The phone did not delete %1.</source>
+        <translation>Il telefono non ha eliminato %1.</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be made on the phone. %2</source>
+        <translation>Impossibile creare la cartella %1 sul telefono. %2</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be read whole.</source>
+        <translation>Impossibile leggere per intero la cartella %1.</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used.</source>
+        <translation>Il nome «%1» non si può usare.</translation>
+    </message>
+    <message>
+        <source>ADB pull failed for %1: %2</source>
+        <translation>Impossibile scaricare %1 tramite ADB: %2</translation>
+    </message>
+    <message>
+        <source>ADB directory pull failed for %1: %2</source>
+        <translation>Impossibile scaricare la cartella %1 tramite ADB: %2</translation>
+    </message>
+    <message>
+        <source>ADB push failed for %1: %2</source>
+        <translation>Impossibile caricare %1 tramite ADB: %2</translation>
+    </message>
+    <message>
+        <source>the phone has %1 of %2 bytes.</source>
+        <translation>il telefono ha %1 byte su %2.</translation>
+    </message>
+    <message>
+        <source>the phone did not put it in the place of the old file. %1</source>
+        <translation>il telefono non lo ha messo al posto del vecchio file. %1</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is on the phone, which takes &quot;%2&quot; for the same name. Rename one of the two first.</source>
+        <translation>“%1” è sul telefono, che considera “%2” lo stesso nome. Rinomina prima uno dei due.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has changed on the phone meanwhile. It was kept.</source>
+        <translation>“%1” nel frattempo è cambiato sul telefono. È stato conservato.</translation>
+    </message>
+    <message>
+        <source>adb ended with status %1.</source>
+        <translation>adb è terminato con stato %1.</translation>
+    </message>
+    <message>
+        <source>A folder &quot;%1&quot; is already on the phone.</source>
+        <translation>Sul telefono c’è già una cartella «%1».</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be the name of a file.</source>
+        <translation>«%1» non può essere il nome di un file.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already there.</source>
+        <translation>«%1» è già lì.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be moved into itself.</source>
+        <translation>«%1» non può essere spostato dentro se stesso.</translation>
+    </message>
+    <message>
+        <source>Device not found: %1</source>
+        <translation>Dispositivo non trovato: %1</translation>
+    </message>
+    <message>
+        <source>Lockdown error: %1</source>
+        <translation>Errore Lockdown: %1</translation>
+    </message>
+    <message>
+        <source>Failed to start service: %1</source>
+        <translation>Impossibile avviare il servizio: %1</translation>
+    </message>
+    <message>
+        <source>House Arrest error: %1</source>
+        <translation>Errore House Arrest: %1</translation>
+    </message>
+    <message>
+        <source>InstProxy error: %1</source>
+        <translation>Errore InstProxy: %1</translation>
+    </message>
+    <message>
+        <source>File I/O error: %1</source>
+        <translation>Errore di file: %1</translation>
+    </message>
+    <message>
+        <source>Failed to create %1: %2</source>
+        <translation>Impossibile creare %1: %2</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1: %2</source>
+        <translation>Impossibile eliminare %1: %2</translation>
+    </message>
+    <message>
+        <source>Failed to rename %1: %2</source>
+        <translation>Impossibile rinominare %1: %2</translation>
+    </message>
+    <message>
+        <source>Failed to move %1: %2</source>
+        <translation>Impossibile spostare %1: %2</translation>
+    </message>
+    <message>
+        <source>Failed to drag out %1: %2</source>
+        <translation>Impossibile trascinare %1 fuori dalla finestra: %2</translation>
+    </message>
+    <message>
+        <source>Failed to check for updates (%1). Please try again later.</source>
+        <translation>Ricerca degli aggiornamenti non riuscita (%1). Riprova più tardi.</translation>
+    </message>
+    <message>
+        <source>%1 is using the phone.</source>
+        <translation>%1 sta usando il telefono.</translation>
+    </message>
+    <message>
+        <source>The folder &quot;%1&quot; is not on the phone any more.</source>
+        <translation>La cartella «%1» non è più sul telefono.</translation>
+    </message>
+    <message>
+        <source>There is no &quot;%1&quot; on the phone.</source>
+        <translation>«%1» non è sul telefono.</translation>
+    </message>
+    <message>
+        <source>There is no %1 on the phone. It may have been deleted or renamed: refresh the folder.</source>
+        <translation>%1 non è sul telefono. Forse è stato eliminato o rinominato: ricarica la cartella.</translation>
+    </message>
+    <message>
+        <source>The phone sent %1 of the %2 bytes of %3. Copy it again.</source>
+        <translation>Il telefono ha inviato %1 dei %2 byte di %3. Copialo di nuovo.</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used on this computer.</source>
+        <translation>Il nome «%1» non si può usare su questo computer.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is too large for a preview. Copy it to this computer first.</source>
+        <translation>«%1» è troppo grande per un’anteprima. Copialo prima su questo computer.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already on the phone.</source>
+        <translation>«%1» è già sul telefono.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be a name on the phone.</source>
+        <translation>«%1» non può essere un nome sul telefono.</translation>
+    </message>
+    <message>
+        <source>%1 is not a folder.</source>
+        <translation>%1 non è una cartella.</translation>
+    </message>
+    <message>
+        <source>Cannot write into %1: %2</source>
+        <translation>Impossibile scrivere in %1: %2</translation>
+    </message>
+    <message>
+        <source>Cannot write %1: %2</source>
+        <translation>Impossibile scrivere %1: %2</translation>
+    </message>
+    <message>
+        <source>Cannot read %1: %2</source>
+        <translation>Impossibile leggere %1: %2</translation>
+    </message>
+    <message>
+        <source>Cannot create the folder %1 on this computer.</source>
+        <translation>Impossibile creare la cartella %1 su questo computer.</translation>
+    </message>
+    <message>
+        <source>Cannot read %1.</source>
+        <translation>Impossibile leggere %1.</translation>
+    </message>
+    <message>
+        <source>adb could not reach the phone: %1</source>
+        <translation>adb non è riuscito a raggiungere il telefono: %1</translation>
+    </message>
+</context>
+<context>
+    <name>QPlatformTheme</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annulla</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Chiudi</translation>
+    </message>
+    <message>
+        <source>&amp;Yes</source>
+        <translation>&amp;Sì</translation>
+    </message>
+    <message>
+        <source>&amp;No</source>
+        <translation>&amp;No</translation>
+    </message>
+</context>
+<context>
+    <name>SyncFileList</name>
+    <message>
+        <source>Name</source>
+        <translation>Nome</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Dimensione</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::AppListView</name>
+    <message>
+        <source>Apps</source>
+        <translation>App</translation>
+    </message>
+    <message>
+        <source>Filter…</source>
+        <translation>Filtra…</translation>
+    </message>
+    <message>
+        <source>Looking for apps…</source>
+        <translation>Ricerca delle app…</translation>
+    </message>
+    <message>
+        <source>No Apps That Share Files</source>
+        <translation>Nessuna app condivide file</translation>
+    </message>
+    <message>
+        <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
+        <translation>Nessuna app su questo iPhone condivide i propri file. Da un computer si possono aprire solo le app i cui autori hanno attivato la condivisione dei file; le foto e le app che tengono per sé i documenti no.</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Riprova</translation>
+    </message>
+    <message>
+        <source>No Matching Apps</source>
+        <translation>Nessuna app corrispondente</translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>Cancella il filtro</translation>
+    </message>
+    <message>
+        <source>Connection Failed</source>
+        <translation>Connessione non riuscita</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::BreadcrumbBar</name>
+    <message>
+        <source>Path</source>
+        <translation>Percorso</translation>
+    </message>
+    <message>
+        <source>Folders in between</source>
+        <translation>Cartelle intermedie</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::BrowserView</name>
+    <message numerus="yes">
+        <source>%Ln selected</source>
+        <translation>
+            <numerusform>%Ln selezionato</numerusform>
+            <numerusform>%Ln selezionati</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Filter…</source>
+        <translation>Filtra…</translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>Cancella il filtro</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>Percorso</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>The phone is gone</source>
+        <translation>Il telefono non c’è più</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>Ricollega il telefono e sbloccalo.</translation>
+    </message>
+    <message>
+        <source>Plug it in again, unlock it and choose File transfer on it.</source>
+        <translation>Ricollegalo, sbloccalo e scegli «Trasferimento file».</translation>
+    </message>
+    <message>
+        <source>Folder Not Found</source>
+        <translation>Cartella non trovata</translation>
+    </message>
+    <message>
+        <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
+        <translation>Questa cartella non si trova sul dispositivo. Forse è stata eliminata o spostata. Vuoi rimuoverla dai preferiti?</translation>
+    </message>
+    <message>
+        <source>Remove from Favorites</source>
+        <translation>Rimuovi dai preferiti</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Mantieni</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or moved on the phone.</source>
+        <translation>Forse è stata eliminata o spostata sul telefono.</translation>
+    </message>
+    <message>
+        <source>Enclosing Folder</source>
+        <translation>Cartella superiore</translation>
+    </message>
+    <message>
+        <source>Connection Failed</source>
+        <translation>Connessione non riuscita</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Riprova</translation>
+    </message>
+    <message>
+        <source>Loading directory contents…</source>
+        <translation>Caricamento del contenuto della cartella…</translation>
+    </message>
+    <message>
+        <source>Loading device storage…</source>
+        <translation>Caricamento della memoria del dispositivo…</translation>
+    </message>
+    <message>
+        <source>No Matching Files</source>
+        <translation>Nessun file corrispondente</translation>
+    </message>
+    <message>
+        <source>Nothing here has “%1” in its name.</source>
+        <translation>Qui niente contiene «%1» nel nome.</translation>
+    </message>
+    <message>
+        <source>This folder is empty</source>
+        <translation>Questa cartella è vuota</translation>
+    </message>
+    <message>
+        <source>Drop files here to copy them to the phone.</source>
+        <translation>Trascina qui i file per copiarli sul telefono.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln elemento</numerusform>
+            <numerusform>%Ln elementi</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %Ln items</source>
+        <translation>
+            <numerusform>%1 di %Ln elemento</numerusform>
+            <numerusform>%1 di %Ln elementi</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of %2 done (Esc stops)</source>
+        <translation>%1 di %2 completati (Esc interrompe)</translation>
+    </message>
+    <message>
+        <source>reading…</source>
+        <translation>lettura…</translation>
+    </message>
+    <message>
+        <source>View Mode</source>
+        <translation>Modalità di visualizzazione</translation>
+    </message>
+    <message>
+        <source>Add to Favorites</source>
+        <translation>Aggiungi ai preferiti</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Elimina</translation>
+    </message>
+    <message>
+        <source>Delete selected items?</source>
+        <translation>Eliminare gli elementi selezionati?</translation>
+    </message>
+    <message>
+        <source>“%1” will be deleted from the phone.</source>
+        <translation>«%1» verrà eliminato dal telefono.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be deleted from the phone.</source>
+        <translation>
+            <numerusform>%Ln elemento verrà eliminato dal telefono.</numerusform>
+            <numerusform>%Ln elementi verranno eliminati dal telefono.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>L’operazione non può essere annullata.</translation>
+    </message>
+    <message>
+        <source>Copy to</source>
+        <translation>Copia in</translation>
+    </message>
+    <message>
+        <source>Copy Files to the Phone</source>
+        <translation>Copia file sul telefono</translation>
+    </message>
+    <message>
+        <source>Copy a Folder to the Phone</source>
+        <translation>Copia una cartella sul telefono</translation>
+    </message>
+    <message>
+        <source>Into “%1”</source>
+        <translation>In “%1”</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::DeviceListModel</name>
+    <message>
+        <source>Needs your attention</source>
+        <translation>Richiede attenzione</translation>
+    </message>
+    <message>
+        <source>Battery %1 %</source>
+        <translation>Batteria %1 %</translation>
+    </message>
+    <message>
+        <source>Locked: unlock it</source>
+        <translation>Bloccato: sbloccalo</translation>
+    </message>
+    <message>
+        <source>Connecting…</source>
+        <translation>Connessione…</translation>
+    </message>
+    <message>
+        <source>Reading storage…</source>
+        <translation>Lettura della memoria…</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FactsView</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Annulla</translation>
+    </message>
+    <message>
+        <source>Fetching the file</source>
+        <translation>Recupero del file</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 di %2</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FileItemDelegate</name>
+    <message>
+        <source>Folder name</source>
+        <translation>Nome della cartella</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nome</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FileTableView</name>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln elemento</numerusform>
+            <numerusform>%Ln elementi</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::MainWindow</name>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>Cartella su questo computer</translation>
+    </message>
+    <message>
+        <source>Tessary: Virtual Phones</source>
+        <translation>Tessary: telefoni virtuali</translation>
+    </message>
+    <message>
+        <source>Quit Tessary</source>
+        <translation>Esci da Tessary</translation>
+    </message>
+    <message>
+        <source>Files are still being copied.</source>
+        <translation>La copia dei file è ancora in corso.</translation>
+    </message>
+    <message>
+        <source>A sync is still running.</source>
+        <translation>Una sincronizzazione è ancora in corso.</translation>
+    </message>
+    <message>
+        <source>Quitting cancels this. What has arrived whole stays.</source>
+        <translation>Uscendo, l’operazione viene annullata. Ciò che è arrivato per intero resta.</translation>
+    </message>
+    <message>
+        <source>This phone is locked</source>
+        <translation>Questo telefono è bloccato</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>Mostrerà i suoi file quando lo sbloccherai e sceglierai «Trasferimento file» nella notifica USB. Questa finestra si aggiorna da sola.</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Libera il telefono</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Riprova</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::ModeSwitch</name>
+    <message>
+        <source>Works with every phone, nothing to set up.</source>
+        <translation>Funziona con ogni telefono, senza configurazione.</translation>
+    </message>
+    <message>
+        <source>Faster and sees more. Needs USB debugging on the phone.</source>
+        <translation>Più veloce e vede di più. Richiede il debug USB sul telefono.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PreviewWindow</name>
+    <message>
+        <source>Cancelled</source>
+        <translation>Annullato</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>Precedente</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Successivo</translation>
+    </message>
+    <message>
+        <source>Previous Page</source>
+        <translation>Pagina precedente</translation>
+    </message>
+    <message>
+        <source>Next Page</source>
+        <translation>Pagina successiva</translation>
+    </message>
+    <message>
+        <source>Quick Look</source>
+        <translation>Anteprima rapida</translation>
+    </message>
+    <message>
+        <source>“%1” is too large for a preview. Copy it to this computer first.</source>
+        <translation>“%1” è troppo grande per un’anteprima. Copialo prima su questo computer.</translation>
+    </message>
+    <message>
+        <source>It cannot be shown: it is damaged, too large or protected.</source>
+        <translation>Impossibile mostrarlo: è danneggiato, troppo grande o protetto.</translation>
+    </message>
+    <message>
+        <source>only its beginning is shown</source>
+        <translation>viene mostrato solo l’inizio</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>Pagina %1 di %2</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PropertiesDialog</name>
+    <message numerus="yes">
+        <source>%1 bytes</source>
+        <translation>
+            <numerusform>%1 byte</numerusform>
+            <numerusform>%1 byte</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Tipo</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Dimensione</translation>
+    </message>
+    <message>
+        <source>Content</source>
+        <translation>Contenuto</translation>
+    </message>
+    <message>
+        <source>Date Modified</source>
+        <translation>Data di modifica</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>Percorso</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Cartella</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Chiudi</translation>
+    </message>
+    <message>
+        <source>Properties</source>
+        <translation>Proprietà</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln elemento</numerusform>
+            <numerusform>%Ln elementi</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Various kinds</source>
+        <translation>Tipi diversi</translation>
+    </message>
+    <message>
+        <source>Stop Counting</source>
+        <translation>Interrompi il conteggio</translation>
+    </message>
+    <message>
+        <source>Counting the content</source>
+        <translation>Conteggio del contenuto</translation>
+    </message>
+    <message>
+        <source>Files: %1, folders: %2</source>
+        <translation>File: %1, cartelle: %2</translation>
+    </message>
+    <message>
+        <source>The count was stopped: there may be more.</source>
+        <translation>Il conteggio è stato interrotto: potrebbe esserci altro.</translation>
+    </message>
+    <message>
+        <source>Folders that could not be read: %1</source>
+        <translation>Cartelle non leggibili: %1</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SettingsWindow</name>
+    <message>
+        <source>Settings</source>
+        <translation>Impostazioni</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>Generali</translation>
+    </message>
+    <message>
+        <source>Sync</source>
+        <translation>Sincronizzazione</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <translation>Aggiornamenti</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Informazioni</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Lingua</translation>
+    </message>
+    <message>
+        <source>System Default</source>
+        <translation>Lingua di sistema</translation>
+    </message>
+    <message>
+        <source>Choose your preferred display language. Changes apply immediately.</source>
+        <translation>Scegli la lingua dell’interfaccia. Le modifiche hanno effetto immediato.</translation>
+    </message>
+    <message>
+        <source>Open the window as it was left</source>
+        <translation>Apri la finestra com’era</translation>
+    </message>
+    <message>
+        <source>Automatically check for updates</source>
+        <translation>Cerca automaticamente gli aggiornamenti</translation>
+    </message>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>Cerca aggiornamenti…</translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <translation>Versione</translation>
+    </message>
+    <message>
+        <source>Browse phones and copy files to and from them.</source>
+        <translation>Sfoglia i telefoni e copia file in entrambe le direzioni.</translation>
+    </message>
+    <message>
+        <source>Website</source>
+        <translation>Sito web</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::Sidebar</name>
+    <message>
+        <source>Camera &amp; Photos</source>
+        <translation>Fotocamera e foto</translation>
+    </message>
+    <message>
+        <source>Downloads</source>
+        <translation>Download</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>Immagini</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Musica</translation>
+    </message>
+    <message>
+        <source>Movies &amp; Videos</source>
+        <translation>Film e video</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>Documenti</translation>
+    </message>
+    <message>
+        <source>Wireless Devices…</source>
+        <translation>Dispositivi wireless…</translation>
+    </message>
+    <message>
+        <source>Favorites</source>
+        <translation>Preferiti</translation>
+    </message>
+    <message>
+        <source>Quick Shortcuts</source>
+        <translation>Scorciatoie</translation>
+    </message>
+    <message>
+        <source>Storage Volumes</source>
+        <translation>Volumi di archiviazione</translation>
+    </message>
+    <message>
+        <source>Connected Devices</source>
+        <translation>Dispositivi collegati</translation>
+    </message>
+    <message>
+        <source>No Devices</source>
+        <translation>Nessun dispositivo</translation>
+    </message>
+    <message>
+        <source>Connect an iOS or Android device via USB</source>
+        <translation>Collega un dispositivo iOS o Android via USB</translation>
+    </message>
+    <message>
+        <source>Drop a folder here to keep it at hand.</source>
+        <translation>Trascina qui una cartella per averla a portata di mano.</translation>
+    </message>
+    <message>
+        <source>Remove from Favorites</source>
+        <translation>Rimuovi dai preferiti</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::StatusBanner</name>
+    <message>
+        <source>Close this message</source>
+        <translation>Chiudi questo messaggio</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairList</name>
+    <message>
+        <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
+        <translation>Nessuna cartella è ancora sincronizzata. Apri una cartella del telefono, poi scegli «Sincronizza questa cartella…».</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairRow</name>
+    <message>
+        <source>Queued</source>
+        <translation>In coda</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>Sincronizza ora</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annulla</translation>
+    </message>
+    <message>
+        <source>Remove This Pair</source>
+        <translation>Rimuovi questa coppia</translation>
+    </message>
+    <message>
+        <source>Stop keeping these folders in step?</source>
+        <translation>Non sincronizzare più queste cartelle?</translation>
+    </message>
+    <message>
+        <source>No file is deleted on either side.</source>
+        <translation>Nessun file viene eliminato, da nessuna delle due parti.</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Rimuovi</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairSheet</name>
+    <message>
+        <source>A file deleted on one side is deleted on the other, after asking</source>
+        <translation>Un file eliminato da una parte viene eliminato dall’altra, dopo conferma</translation>
+    </message>
+    <message>
+        <source>Remove files from where they came once they have arrived</source>
+        <translation>Rimuovi i file dall’origine una volta arrivati</translation>
+    </message>
+    <message>
+        <source>Sync This Folder</source>
+        <translation>Sincronizza questa cartella</translation>
+    </message>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>Cartella su questo computer</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>Direzione</translation>
+    </message>
+    <message>
+        <source>Both ways</source>
+        <translation>In entrambe le direzioni</translation>
+    </message>
+    <message>
+        <source>Only to the phone</source>
+        <translation>Solo verso il telefono</translation>
+    </message>
+    <message>
+        <source>Only to this computer</source>
+        <translation>Solo verso questo computer</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>Scegli…</translation>
+    </message>
+    <message>
+        <source>Folder on the phone</source>
+        <translation>Cartella sul telefono</translation>
+    </message>
+    <message>
+        <source>Show What Will Happen</source>
+        <translation>Mostra cosa accadrà</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPanel</name>
+    <message>
+        <source>Sync</source>
+        <translation>Sincronizzazione</translation>
+    </message>
+    <message>
+        <source>Sync This Folder…</source>
+        <translation>Sincronizza questa cartella…</translation>
+    </message>
+    <message>
+        <source>Sync All</source>
+        <translation>Sincronizza tutto</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPreviewDialog</name>
+    <message>
+        <source>Copy to the phone</source>
+        <translation>Copia sul telefono</translation>
+    </message>
+    <message>
+        <source>Copy to this computer</source>
+        <translation>Copia su questo computer</translation>
+    </message>
+    <message>
+        <source>Move to the phone</source>
+        <translation>Sposta sul telefono</translation>
+    </message>
+    <message>
+        <source>Move to this computer</source>
+        <translation>Sposta su questo computer</translation>
+    </message>
+    <message>
+        <source>Changed on both sides: keep both</source>
+        <translation>Modificato da entrambe le parti: mantieni entrambi</translation>
+    </message>
+    <message>
+        <source>Delete on the phone</source>
+        <translation>Elimina sul telefono</translation>
+    </message>
+    <message>
+        <source>Delete on this computer</source>
+        <translation>Elimina su questo computer</translation>
+    </message>
+    <message>
+        <source>Leave as it is</source>
+        <translation>Lascia com’è</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>Salta</translation>
+    </message>
+    <message>
+        <source>What Will Happen</source>
+        <translation>Cosa accadrà</translation>
+    </message>
+    <message>
+        <source>Action</source>
+        <translation>Azione</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>Sincronizza ora</translation>
+    </message>
+    <message>
+        <source>Comparing the folders…</source>
+        <translation>Confronto delle cartelle…</translation>
+    </message>
+    <message>
+        <source>The folders cannot be compared</source>
+        <translation>Impossibile confrontare le cartelle</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files are the same already</source>
+        <translation>
+            <numerusform>%Ln file è già uguale</numerusform>
+            <numerusform>%Ln file sono già uguali</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files to go through, %1 to copy</source>
+        <translation>
+            <numerusform>%Ln file da esaminare, %1 da copiare</numerusform>
+            <numerusform>%Ln file da esaminare, %1 da copiare</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncQuestionDialog</name>
+    <message>
+        <source>On this computer</source>
+        <translation>Su questo computer</translation>
+    </message>
+    <message>
+        <source>On the phone</source>
+        <translation>Sul telefono</translation>
+    </message>
+    <message>
+        <source>Files to delete</source>
+        <translation>File da eliminare</translation>
+    </message>
+    <message>
+        <source>Where</source>
+        <translation>Dove</translation>
+    </message>
+    <message>
+        <source>edited since the last sync</source>
+        <translation>modificato dopo l’ultima sincronizzazione</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Mantieni</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annulla</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Elimina</translation>
+    </message>
+    <message>
+        <source>Create Again</source>
+        <translation>Crea di nuovo</translation>
+    </message>
+    <message>
+        <source>Delete Files?</source>
+        <translation>Eliminare i file?</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files were deleted on one side. Delete them on the other, too?</source>
+        <translation>
+            <numerusform>%Ln file è stato eliminato da una parte. Eliminarlo anche dall’altra?</numerusform>
+            <numerusform>%Ln file sono stati eliminati da una parte. Eliminarli anche dall’altra?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>What you keep is copied back.</source>
+        <translation>Ciò che mantieni viene ricopiato.</translation>
+    </message>
+    <message>
+        <source>Folder Missing</source>
+        <translation>Cartella mancante</translation>
+    </message>
+    <message>
+        <source>The folder on this computer is gone</source>
+        <translation>La cartella su questo computer non c’è più</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferListModel</name>
+    <message>
+        <source>Finishing: the phone is still storing the file</source>
+        <translation>In chiusura: il telefono sta ancora salvando il file</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1/%Ln files</source>
+        <translation>
+            <numerusform>%1/%Ln file</numerusform>
+            <numerusform>%1/%Ln file</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 left</source>
+        <translation>%1 rimanenti</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferNotice</name>
+    <message>
+        <source>“%1” is copied.</source>
+        <translation>“%1” è stato copiato.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items are copied.</source>
+        <translation>
+            <numerusform>È stato copiato %Ln elemento.</numerusform>
+            <numerusform>Sono stati copiati %Ln elementi.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” was not copied.</source>
+        <translation>“%1” non è stato copiato.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items were not copied.</source>
+        <translation>
+            <numerusform>%Ln di %1 elementi non è stato copiato.</numerusform>
+            <numerusform>%Ln di %1 elementi non sono stati copiati.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Copying has finished</source>
+        <translation>Copia terminata</translation>
+    </message>
+    <message>
+        <source>Copying went wrong</source>
+        <translation>Problemi durante la copia</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferPanel</name>
+    <message>
+        <source>All transfers have ended</source>
+        <translation>Tutti i trasferimenti sono terminati</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 di %2</translation>
+    </message>
+    <message>
+        <source>%1 left</source>
+        <translation>%1 rimanenti</translation>
+    </message>
+    <message>
+        <source>Transfers</source>
+        <translation>Trasferimenti</translation>
+    </message>
+    <message>
+        <source>Cancel All</source>
+        <translation>Annulla tutto</translation>
+    </message>
+    <message>
+        <source>Clear Finished</source>
+        <translation>Rimuovi completati</translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>Mostra nella cartella</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annulla</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TranslatedFileModel</name>
+    <message>
+        <source>Name</source>
+        <translation>Nome</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Dimensione</translation>
+    </message>
+    <message>
+        <source>Date Modified</source>
+        <translation>Data di modifica</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Tipo</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::UpdateAlerts</name>
+    <message>
+        <source>Help</source>
+        <translation>Aiuto</translation>
+    </message>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>Cerca aggiornamenti…</translation>
+    </message>
+    <message>
+        <source>Update Check Failed</source>
+        <translation>Ricerca aggiornamenti non riuscita</translation>
+    </message>
+    <message>
+        <source>Tessary v%1 is currently the newest version.</source>
+        <translation>Tessary v%1 è attualmente la versione più recente.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>A new version of Tessary is available.</source>
+        <translation>È disponibile una nuova versione di Tessary.</translation>
+    </message>
+    <message>
+        <source>Tessary %1 is available</source>
+        <translation>Tessary %1 è disponibile</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Scarica</translation>
+    </message>
+    <message>
+        <source>Skip This Version</source>
+        <translation>Salta questa versione</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Più tardi</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WelcomeView</name>
+    <message>
+        <source>Connect a phone</source>
+        <translation>Collega un telefono</translation>
+    </message>
+    <message>
+        <source>Try It with a Virtual Phone</source>
+        <translation>Prova con un telefono virtuale</translation>
+    </message>
+    <message>
+        <source>Starts Tessary again with two virtual phones, which hold sample files</source>
+        <translation>Riavvia Tessary con due telefoni virtuali che contengono file di esempio</translation>
+    </message>
+    <message>
+        <source>Plug it in</source>
+        <translation>Collegalo</translation>
+    </message>
+    <message>
+        <source>Use a cable that carries data: some only charge.</source>
+        <translation>Usa un cavo dati: alcuni servono solo a ricaricare.</translation>
+    </message>
+    <message>
+        <source>Unlock it</source>
+        <translation>Sbloccalo</translation>
+    </message>
+    <message>
+        <source>A locked phone shows nothing of its storage.</source>
+        <translation>Un telefono bloccato non mostra nulla della sua memoria.</translation>
+    </message>
+    <message>
+        <source>Choose “File transfer” on it</source>
+        <translation>Scegli «Trasferimento file»</translation>
+    </message>
+    <message>
+        <source>Android asks in a notification that says “Charging this device via USB”.</source>
+        <translation>Android lo chiede in una notifica che dice «Dispositivo in carica via USB».</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WirelessDialog</name>
+    <message>
+        <source>Pairing…</source>
+        <translation>Accoppiamento…</translation>
+    </message>
+    <message>
+        <source>Connecting…</source>
+        <translation>Connessione…</translation>
+    </message>
+    <message>
+        <source>Paired</source>
+        <translation>Accoppiato</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>Connesso</translation>
+    </message>
+    <message>
+        <source>Waiting to be paired</source>
+        <translation>In attesa di accoppiamento</translation>
+    </message>
+    <message>
+        <source>Ready to connect</source>
+        <translation>Pronto per la connessione</translation>
+    </message>
+    <message>
+        <source>Wireless Devices</source>
+        <translation>Dispositivi wireless</translation>
+    </message>
+    <message>
+        <source>Phones on this network on which wireless debugging is switched on.</source>
+        <translation>Telefoni di questa rete con il debug wireless attivato.</translation>
+    </message>
+    <message>
+        <source>Looking for phones…</source>
+        <translation>Ricerca di telefoni…</translation>
+    </message>
+    <message>
+        <source>Search Again</source>
+        <translation>Cerca di nuovo</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Chiudi</translation>
+    </message>
+    <message>
+        <source>This computer cannot look for phones on the network: the service for it (avahi-daemon) does not run.</source>
+        <translation>Questo computer non può cercare telefoni nella rete: il servizio necessario (avahi-daemon) non è in esecuzione.</translation>
+    </message>
+    <message>
+        <source>On the phone, switch on wireless debugging in the developer options. It must be on the same network as this computer.</source>
+        <translation>Sul telefono, attiva il debug wireless nelle opzioni sviluppatore. Deve trovarsi nella stessa rete di questo computer.</translation>
+    </message>
+    <message>
+        <source>A phone that waits to be paired shows a code of six digits.</source>
+        <translation>Un telefono in attesa di accoppiamento mostra un codice di sei cifre.</translation>
+    </message>
+    <message>
+        <source>Pair…</source>
+        <translation>Accoppia…</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>Connetti</translation>
+    </message>
+    <message>
+        <source>The six digits that the phone shows:</source>
+        <translation>Le sei cifre mostrate dal telefono:</translation>
+    </message>
+    <message>
+        <source>Pair</source>
+        <translation>Accoppia</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annulla</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,2396 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ja_JP" sourcelanguage="en_US">
+<context>
+    <name>BrowserActions</name>
+    <message>
+        <source>Back</source>
+        <translation>戻る</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>進む</translation>
+    </message>
+    <message>
+        <source>Enclosing Folder</source>
+        <translation>上のフォルダ</translation>
+    </message>
+    <message>
+        <source>Go to Folder…</source>
+        <translation>フォルダへ移動…</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>再読み込み</translation>
+    </message>
+    <message>
+        <source>Open Folder</source>
+        <translation>フォルダを開く</translation>
+    </message>
+    <message>
+        <source>New Folder</source>
+        <translation>新規フォルダ</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>名前を変更</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>削除</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>ダウンロード</translation>
+    </message>
+    <message>
+        <source>Copy Files Here…</source>
+        <translation>ここにファイルをコピー…</translation>
+    </message>
+    <message>
+        <source>Copy a Folder Here…</source>
+        <translation>ここにフォルダをコピー…</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>すべてを選択</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>絞り込み</translation>
+    </message>
+    <message>
+        <source>As List</source>
+        <translation>リスト表示</translation>
+    </message>
+    <message>
+        <source>As Grid</source>
+        <translation>グリッド表示</translation>
+    </message>
+    <message>
+        <source>Add to Favorites</source>
+        <translation>よく使う項目に追加</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>アプリ</translation>
+    </message>
+    <message>
+        <source>Sync</source>
+        <translation>同期</translation>
+    </message>
+    <message>
+        <source>Quick Look</source>
+        <translation>クイックルック</translation>
+    </message>
+    <message>
+        <source>Properties</source>
+        <translation>プロパティ</translation>
+    </message>
+</context>
+<context>
+    <name>BrowserEdit</name>
+    <message>
+        <source>New Folder</source>
+        <translation>新規フォルダ</translation>
+    </message>
+    <message>
+        <source>New Folder %1</source>
+        <translation>新規フォルダ %1</translation>
+    </message>
+</context>
+<context>
+    <name>ByteFormat</name>
+    <message>
+        <source>1 byte</source>
+        <translation>1 バイト</translation>
+    </message>
+</context>
+<context>
+    <name>ClashQuestion</name>
+    <message>
+        <source>Already There</source>
+        <translation>すでに存在します</translation>
+    </message>
+    <message>
+        <source>“%1” is already there.</source>
+        <translation>「%1」はすでに存在します。</translation>
+    </message>
+    <message>
+        <source>New: %1</source>
+        <translation>新しい項目: %1</translation>
+    </message>
+    <message>
+        <source>There: %1</source>
+        <translation>既存の項目: %1</translation>
+    </message>
+    <message>
+        <source>Replacing merges the folders; files of the same name in them are replaced.</source>
+        <translation>置き換えるとフォルダは結合され、同じ名前のファイルは置き換えられます。</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>置き換える</translation>
+    </message>
+    <message>
+        <source>Keep Both</source>
+        <translation>両方を残す</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>スキップ</translation>
+    </message>
+    <message numerus="yes">
+        <source>Do the same for the other %Ln</source>
+        <translation>
+            <numerusform>残りの%Ln項目にも同じ操作をする</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not Enough Space</source>
+        <translation>空き容量が不足しています</translation>
+    </message>
+    <message>
+        <source>There is not enough space for this copy.</source>
+        <translation>このコピーに必要な空き容量がありません。</translation>
+    </message>
+    <message>
+        <source>It needs at least %1, and %2 are free in “%3”.</source>
+        <translation>少なくとも %1 が必要ですが、「%3」の空きは %2 です。</translation>
+    </message>
+    <message>
+        <source>It needs %1, and %2 are free in “%3”.</source>
+        <translation>%1 が必要ですが、「%3」の空きは %2 です。</translation>
+    </message>
+    <message>
+        <source>Copy Anyway</source>
+        <translation>それでもコピー</translation>
+    </message>
+</context>
+<context>
+    <name>DisplayNames</name>
+    <message>
+        <source>Folder</source>
+        <translation>フォルダ</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>イメージ</translation>
+    </message>
+    <message>
+        <source>Video</source>
+        <translation>ビデオ</translation>
+    </message>
+    <message>
+        <source>Audio</source>
+        <translation>オーディオ</translation>
+    </message>
+    <message>
+        <source>Document</source>
+        <translation>書類</translation>
+    </message>
+    <message>
+        <source>Archive</source>
+        <translation>アーカイブ</translation>
+    </message>
+    <message>
+        <source>APK Package</source>
+        <translation>APK パッケージ</translation>
+    </message>
+    <message>
+        <source>Source Code</source>
+        <translation>ソースコード</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>ファイル</translation>
+    </message>
+    <message>
+        <source>iOS File Transfer</source>
+        <translation>iOS ファイル転送</translation>
+    </message>
+    <message>
+        <source>Standard MTP</source>
+        <translation>標準 MTP</translation>
+    </message>
+    <message>
+        <source>Turbo Mode (ADB)</source>
+        <translation>ターボモード (ADB)</translation>
+    </message>
+    <message>
+        <source>Upload</source>
+        <translation>アップロード</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>ダウンロード</translation>
+    </message>
+    <message>
+        <source>Queued</source>
+        <translation>待機中</translation>
+    </message>
+    <message>
+        <source>In Progress</source>
+        <translation>進行中</translation>
+    </message>
+    <message>
+        <source>Completed</source>
+        <translation>完了</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>失敗</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>キャンセル済み</translation>
+    </message>
+    <message>
+        <source>Internal Storage</source>
+        <translation>内部ストレージ</translation>
+    </message>
+    <message>
+        <source>Internal Shared Storage</source>
+        <translation>内部共有ストレージ</translation>
+    </message>
+    <message>
+        <source>SD Card</source>
+        <translation>SDカード</translation>
+    </message>
+    <message>
+        <source>%1 free of %2</source>
+        <translation>%2 中 %1 空き</translation>
+    </message>
+    <message>
+        <source>Move to the phone</source>
+        <translation>デバイスに移動</translation>
+    </message>
+    <message>
+        <source>Only to the phone</source>
+        <translation>デバイスへのみ</translation>
+    </message>
+    <message>
+        <source>Move to this computer</source>
+        <translation>このコンピュータに移動</translation>
+    </message>
+    <message>
+        <source>Only to this computer</source>
+        <translation>このコンピュータへのみ</translation>
+    </message>
+    <message>
+        <source>Both ways</source>
+        <translation>双方向</translation>
+    </message>
+</context>
+<context>
+    <name>MainMenu</name>
+    <message>
+        <source>Settings</source>
+        <translation>設定</translation>
+    </message>
+    <message>
+        <source>Wireless Devices…</source>
+        <translation>ワイヤレスデバイス…</translation>
+    </message>
+    <message>
+        <source>Quit Tessary</source>
+        <translation>Tessary を終了</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>ファイル</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>編集</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>表示</translation>
+    </message>
+    <message>
+        <source>Go</source>
+        <translation>移動</translation>
+    </message>
+</context>
+<context>
+    <name>Message</name>
+    <message>
+        <source>The phone is full: delete something on it, or copy less.</source>
+        <translation>デバイスがいっぱいです。不要なものを削除するか、コピーする量を減らしてください。</translation>
+    </message>
+    <message>
+        <source>The app does not allow this.</source>
+        <translation>アプリがこの操作を許可していません。</translation>
+    </message>
+    <message>
+        <source>The phone does not answer: unlock it. If that does not help, unplug it and plug it in again.</source>
+        <translation>デバイスが応答しません。ロックを解除してください。解決しない場合は、いったん外して接続し直してください。</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and try again.</source>
+        <translation>デバイスのロックを解除して、もう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>Unplug the phone, plug it in again and tap Trust on it.</source>
+        <translation>デバイスをいったん外して接続し直し、「信頼」をタップしてください。</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and tap Trust on it.</source>
+        <translation>デバイスのロックを解除し、「信頼」をタップしてください。</translation>
+    </message>
+    <message>
+        <source>Unlock the phone, tap Trust on it when it asks, and try again.</source>
+        <translation>デバイスのロックを解除し、表示されたら「信頼」をタップして、もう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>Unlock the phone. If that does not help, the app does not share its files with computers.</source>
+        <translation>デバイスのロックを解除してください。解決しない場合、このアプリはコンピュータとファイルを共有していません。</translation>
+    </message>
+    <message>
+        <source>Another program is using the phone.</source>
+        <translation>ほかのプログラムがデバイスを使用しています。</translation>
+    </message>
+    <message>
+        <source>Close it, or unmount the phone in the desktop&apos;s file manager, and try again.</source>
+        <translation>それを終了するか、デスクトップのファイルマネージャでデバイスをアンマウントしてから、もう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>The phone is not connected.</source>
+        <translation>デバイスが接続されていません。</translation>
+    </message>
+    <message>
+        <source>The phone was unplugged.</source>
+        <translation>デバイスが取り外されました。</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again, unlock it and choose File transfer on it.</source>
+        <translation>デバイスをもう一度接続し、ロックを解除して「ファイル転送」を選択してください。</translation>
+    </message>
+    <message>
+        <source>The phone does not answer.</source>
+        <translation>デバイスが応答しません。</translation>
+    </message>
+    <message>
+        <source>Unlock it. If that does not help, unplug it and plug it in again.</source>
+        <translation>ロックを解除してください。解決しない場合は、いったん外して接続し直してください。</translation>
+    </message>
+    <message>
+        <source>The phone broke the transfer off.</source>
+        <translation>デバイスが転送を中断しました。</translation>
+    </message>
+    <message>
+        <source>Try again. If that does not help, unplug the phone and plug it in again.</source>
+        <translation>もう一度お試しください。解決しない場合は、デバイスをいったん外して接続し直してください。</translation>
+    </message>
+    <message>
+        <source>This user may not open the phone&apos;s USB device.</source>
+        <translation>このユーザにはデバイスの USB を開く権限がありません。</translation>
+    </message>
+    <message>
+        <source>Install the udev rule that comes with Tessary, then plug the phone in again.</source>
+        <translation>Tessary に付属する udev ルールをインストールし、デバイスを接続し直してください。</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is full.</source>
+        <translation>デバイスのストレージがいっぱいです。</translation>
+    </message>
+    <message>
+        <source>Delete something on the phone, or copy less.</source>
+        <translation>デバイス上の不要なものを削除するか、コピーする量を減らしてください。</translation>
+    </message>
+    <message>
+        <source>This storage of the phone is read-only.</source>
+        <translation>このストレージは読み取り専用です。</translation>
+    </message>
+    <message>
+        <source>Choose another folder.</source>
+        <translation>別のフォルダを選んでください。</translation>
+    </message>
+    <message>
+        <source>The phone protects this file.</source>
+        <translation>このファイルはデバイスで保護されています。</translation>
+    </message>
+    <message>
+        <source>The phone does not allow this.</source>
+        <translation>デバイスがこの操作を許可していません。</translation>
+    </message>
+    <message>
+        <source>Unlock it, and try another folder.</source>
+        <translation>ロックを解除し、別のフォルダでお試しください。</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is not available.</source>
+        <translation>デバイスのストレージを利用できません。</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and choose File transfer on it.</source>
+        <translation>デバイスのロックを解除し、「ファイル転送」を選択してください。</translation>
+    </message>
+    <message>
+        <source>The phone is busy.</source>
+        <translation>デバイスがビジー状態です。</translation>
+    </message>
+    <message>
+        <source>Wait a moment and try again.</source>
+        <translation>しばらく待ってからもう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>The phone cannot do this.</source>
+        <translation>このデバイスではこの操作はできません。</translation>
+    </message>
+    <message>
+        <source>The phone ended the connection.</source>
+        <translation>デバイスが接続を終了しました。</translation>
+    </message>
+    <message>
+        <source>Go up to the folder that held it.</source>
+        <translation>一つ上のフォルダに移動してください。</translation>
+    </message>
+    <message>
+        <source>The copy failed for an unknown reason.</source>
+        <translation>不明な理由でコピーに失敗しました。</translation>
+    </message>
+    <message>
+        <source>Transfer was cancelled</source>
+        <translation>転送はキャンセルされました</translation>
+    </message>
+    <message>
+        <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
+        <translation>このiPhoneにはファイルを共有するアプリがありません。コンピュータから開けるのは、開発元がファイル共有を有効にしたアプリだけです。写真や、書類を公開しないアプリは開けません。</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are deleted on the other after you agreed.</source>
+        <translation>新しいファイルと変更されたファイルが双方向にコピーされます。片方で削除されたファイルは、同意後にもう片方でも削除されます。</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are copied back.</source>
+        <translation>新しいファイルと変更されたファイルが双方向にコピーされます。片方で削除されたファイルはコピーし直されます。</translation>
+    </message>
+    <message>
+        <source>Files are moved to the phone: each is deleted here once it has arrived.</source>
+        <translation>ファイルはデバイスに移動されます。届いたものから、ここでは削除されます。</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied to the phone. Nothing is deleted.</source>
+        <translation>新しいファイルと変更されたファイルがデバイスにコピーされます。何も削除されません。</translation>
+    </message>
+    <message>
+        <source>Files are moved here: each is deleted on the phone once it has arrived.</source>
+        <translation>ファイルはここに移動されます。届いたものから、デバイスでは削除されます。</translation>
+    </message>
+    <message>
+        <source>New and changed files of the phone are copied here. Nothing is deleted.</source>
+        <translation>デバイスの新しいファイルと変更されたファイルがここにコピーされます。何も削除されません。</translation>
+    </message>
+    <message>
+        <source>To Android</source>
+        <translation>デバイスへ</translation>
+    </message>
+    <message>
+        <source>Move to iPhone</source>
+        <translation>デバイスに移動</translation>
+    </message>
+    <message>
+        <source>Move to Android</source>
+        <translation>デバイスに移動</translation>
+    </message>
+    <message>
+        <source>Move to Mac</source>
+        <translation>コンピュータに移動</translation>
+    </message>
+    <message>
+        <source>Uploading</source>
+        <translation>アップロード中</translation>
+    </message>
+    <message>
+        <source>Downloading</source>
+        <translation>ダウンロード中</translation>
+    </message>
+    <message>
+        <source>Moving</source>
+        <translation>移動中</translation>
+    </message>
+    <message>
+        <source>Moving (already on destination)</source>
+        <translation>移動中 (移動先にすでにあります)</translation>
+    </message>
+    <message>
+        <source>%1 uploaded</source>
+        <translation>%1 個をアップロード</translation>
+    </message>
+    <message>
+        <source>%1 downloaded</source>
+        <translation>%1 個をダウンロード</translation>
+    </message>
+    <message>
+        <source>%1 moved</source>
+        <translation>%1 個を移動</translation>
+    </message>
+    <message>
+        <source>%1 deleted</source>
+        <translation>%1 個を削除</translation>
+    </message>
+    <message>
+        <source>%1 kept twice</source>
+        <translation>%1 個は両方を保持</translation>
+    </message>
+    <message>
+        <source>%1 skipped</source>
+        <translation>%1 個をスキップ</translation>
+    </message>
+    <message>
+        <source>its name cannot be part of a path</source>
+        <translation>名前をパスに使えません</translation>
+    </message>
+    <message>
+        <source>the device has several entries of this name</source>
+        <translation>デバイスに同じ名前の項目が複数あります</translation>
+    </message>
+    <message>
+        <source>the device does not tell its size</source>
+        <translation>デバイスがサイズを返しません</translation>
+    </message>
+    <message>
+        <source>its name is not valid text</source>
+        <translation>名前が有効なテキストではありません</translation>
+    </message>
+    <message>
+        <source>it is a link; links are not followed</source>
+        <translation>リンクです。リンクはたどりません</translation>
+    </message>
+    <message>
+        <source>it is not a regular file</source>
+        <translation>通常のファイルではありません</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>読み込めません</translation>
+    </message>
+    <message>
+        <source>its name cannot be used on this computer</source>
+        <translation>このコンピュータでは使えない名前です</translation>
+    </message>
+    <message>
+        <source>its name is too long for this computer</source>
+        <translation>このコンピュータには名前が長すぎます</translation>
+    </message>
+    <message>
+        <source>its name is too long for the device</source>
+        <translation>デバイスには名前が長すぎます</translation>
+    </message>
+    <message>
+        <source>its name is too long for the phone</source>
+        <translation>デバイスには名前が長すぎます</translation>
+    </message>
+    <message>
+        <source>phones do not allow a sign in its name</source>
+        <translation>名前にデバイスで使えない文字があります</translation>
+    </message>
+    <message>
+        <source>it is a file on one side and a folder on the other</source>
+        <translation>片方ではファイル、もう片方ではフォルダです</translation>
+    </message>
+    <message>
+        <source>another name differs from it only in case or in the form of its letters</source>
+        <translation>大文字小文字または文字の表現だけが異なる名前が別にあります</translation>
+    </message>
+    <message>
+        <source>it was changed on the side that files are copied to</source>
+        <translation>コピー先で変更されています</translation>
+    </message>
+    <message>
+        <source>it was changed on the side that files are moved to; both are kept</source>
+        <translation>移動先で変更されています。両方を残します</translation>
+    </message>
+    <message>
+        <source>it changed while the folders were being synced; it was left as it is</source>
+        <translation>同期中に変更されたため、そのままにしました</translation>
+    </message>
+    <message>
+        <source>it changed again and again while it was being copied</source>
+        <translation>コピー中に何度も変更されました</translation>
+    </message>
+    <message>
+        <source>another file of this name, size and date is on the other side; both are kept</source>
+        <translation>もう片方に名前、サイズ、日付が同じ別のファイルがあります。両方を残します</translation>
+    </message>
+    <message>
+        <source>The connection to the phone broke off.</source>
+        <translation>デバイスとの接続が切れました。</translation>
+    </message>
+    <message>
+        <source>adb answers nonsense.</source>
+        <translation>adb の応答が正しくありません。</translation>
+    </message>
+    <message>
+        <source>A folder cannot be moved into itself.</source>
+        <translation>フォルダをそれ自身の中に移動できません。</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be changed or copied as one item.</source>
+        <translation>ストレージ全体を 1 つの項目として変更またはコピーすることはできません。</translation>
+    </message>
+    <message>
+        <source>The phone sends nothing any more. Unplug it and plug it in again.</source>
+        <translation>デバイスからの送信が止まりました。いったん外して接続し直してください。</translation>
+    </message>
+    <message>
+        <source>The phone takes nothing any more. Unplug it and plug it in again.</source>
+        <translation>デバイスの受信が止まりました。いったん外して接続し直してください。</translation>
+    </message>
+    <message>
+        <source>nothing arrived.</source>
+        <translation>何も届きませんでした。</translation>
+    </message>
+    <message>
+        <source>the phone does not have the file.</source>
+        <translation>デバイスにファイルがありません。</translation>
+    </message>
+    <message>
+        <source>The phone has not allowed this computer yet. Unlock it and tap Allow in the question about USB debugging.</source>
+        <translation>デバイスがこのコンピュータをまだ許可していません。ロックを解除し、USB デバッグの確認で「許可」をタップしてください。</translation>
+    </message>
+    <message>
+        <source>The phone is offline for adb. Unplug it and plug it in again, or turn USB debugging off and on.</source>
+        <translation>adb からはデバイスがオフラインです。いったん外して接続し直すか、USB デバッグをオフにしてからオンにしてください。</translation>
+    </message>
+    <message>
+        <source>adb does not reach the phone. Turn on USB debugging on it, or switch to Standard MTP.</source>
+        <translation>adb がデバイスに接続できません。デバイスで USB デバッグをオンにするか、標準 MTP に切り替えてください。</translation>
+    </message>
+    <message>
+        <source>adb reaches several phones and cannot tell which one is meant. Unplug the others, or switch to Standard MTP.</source>
+        <translation>adb が複数のデバイスに接続しており、対象を判別できません。ほかのデバイスを外すか、標準 MTP に切り替えてください。</translation>
+    </message>
+    <message>
+        <source>adb&apos;s server cannot be started.</source>
+        <translation>adb のサーバを起動できません。</translation>
+    </message>
+    <message>
+        <source>The file is too large for this storage of the phone.</source>
+        <translation>ファイルが大きすぎて、デバイスのこのストレージに入りません。</translation>
+    </message>
+    <message>
+        <source>adb cannot be started.</source>
+        <translation>adb を起動できません。</translation>
+    </message>
+    <message>
+        <source>adb crashed.</source>
+        <translation>adb がクラッシュしました。</translation>
+    </message>
+    <message>
+        <source>adb does not answer. Unplug the phone and plug it in again.</source>
+        <translation>adb が応答しません。デバイスをいったん外して接続し直してください。</translation>
+    </message>
+    <message>
+        <source>adb is not installed.</source>
+        <translation>adb がインストールされていません。</translation>
+    </message>
+    <message>
+        <source>The phone does not answer on the network.</source>
+        <translation>電話がネットワーク上で応答しません。</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s adb is too old to pair: version 30 or newer is needed.</source>
+        <translation>このコンピュータのadbは古いためペア設定できません。バージョン30以降が必要です。</translation>
+    </message>
+    <message>
+        <source>Allow this computer on the phone, then connect again.</source>
+        <translation>電話でこのコンピュータを許可してから、もう一度接続してください。</translation>
+    </message>
+    <message>
+        <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
+        <translation>ターボモードに必要な adb がインストールされていません。代わりに標準 MTP を使います。</translation>
+    </message>
+    <message>
+        <source>Install the adb tool, or switch the phone to Standard MTP.</source>
+        <translation>adb をインストールするか、デバイスを標準 MTP に切り替えてください。</translation>
+    </message>
+    <message>
+        <source>the folder cannot be created on this computer</source>
+        <translation>このコンピュータにフォルダを作成できません</translation>
+    </message>
+    <message>
+        <source>a folder of this name is on this computer</source>
+        <translation>このコンピュータに同じ名前のフォルダがあります</translation>
+    </message>
+    <message>
+        <source>The documents of an app cannot be deleted as a whole.</source>
+        <translation>アプリの書類をまとめて削除することはできません。</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer was cut off</source>
+        <translation>サーバーの応答が途中で切れました</translation>
+    </message>
+    <message>
+        <source>Check the spelling, or choose the folder below.</source>
+        <translation>入力を確認するか、下からフォルダを選択してください。</translation>
+    </message>
+    <message>
+        <source>the phone did not put it in the place of the old file.</source>
+        <translation>電話が古いファイルと置き換えませんでした。</translation>
+    </message>
+    <message>
+        <source>a link to a folder</source>
+        <translation>フォルダへのリンク</translation>
+    </message>
+    <message>
+        <source>a link that leads nowhere</source>
+        <translation>リンク先がないリンク</translation>
+    </message>
+    <message>
+        <source>a link</source>
+        <translation>リンク</translation>
+    </message>
+    <message>
+        <source>not a regular file</source>
+        <translation>通常のファイルではありません</translation>
+    </message>
+    <message>
+        <source>the folder cannot be read</source>
+        <translation>フォルダを読み取れません</translation>
+    </message>
+    <message>
+        <source>a folder of this name is there.</source>
+        <translation>同じ名前のフォルダがあります。</translation>
+    </message>
+    <message>
+        <source>it is not a file.</source>
+        <translation>ファイルではありません。</translation>
+    </message>
+    <message>
+        <source>The device does not answer.</source>
+        <translation>デバイスが応答しません。</translation>
+    </message>
+    <message>
+        <source>another entry has the same name on this computer</source>
+        <translation>このコンピュータでは別の項目と同じ名前になります</translation>
+    </message>
+    <message>
+        <source>the phone lists this folder inside itself</source>
+        <translation>電話がこのフォルダをそれ自身の中に表示しています</translation>
+    </message>
+    <message>
+        <source>its folder could not be made</source>
+        <translation>入れるフォルダを作成できませんでした</translation>
+    </message>
+    <message>
+        <source>The phone is busy with another copy. Try again when that one is done.</source>
+        <translation>電話は別のコピーを実行中です。終わってからもう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>no phone was chosen</source>
+        <translation>電話が選択されていません</translation>
+    </message>
+    <message>
+        <source>folders are copied, not dragged</source>
+        <translation>フォルダはドラッグせずにコピーしてください</translation>
+    </message>
+    <message>
+        <source>it is still being copied from the phone</source>
+        <translation>まだ電話からコピー中です</translation>
+    </message>
+    <message>
+        <source>a name cannot be empty</source>
+        <translation>名前を空にはできません</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be deleted.</source>
+        <translation>ストレージ全体を削除することはできません。</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be renamed.</source>
+        <translation>ストレージ全体の名前を変更することはできません。</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be moved.</source>
+        <translation>ストレージ全体を移動することはできません。</translation>
+    </message>
+    <message>
+        <source>The phone cannot move files from one storage to another. Copy them instead.</source>
+        <translation>電話は別のストレージへファイルを移動できません。代わりにコピーしてください。</translation>
+    </message>
+    <message>
+        <source>A folder has no preview.</source>
+        <translation>フォルダにはプレビューがありません。</translation>
+    </message>
+    <message>
+        <source>No storage available</source>
+        <translation>利用できるストレージがありません</translation>
+    </message>
+    <message>
+        <source>No MTP storage found for upload</source>
+        <translation>アップロード先の MTP ストレージが見つかりません</translation>
+    </message>
+    <message>
+        <source>No device connected for download</source>
+        <translation>ダウンロード元のデバイスが接続されていません</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 ほか %2 件</translation>
+    </message>
+    <message>
+        <source>Internal Storage</source>
+        <translation>内部ストレージ</translation>
+    </message>
+    <message>
+        <source>Idle</source>
+        <translation>待機</translation>
+    </message>
+    <message>
+        <source>Syncing…</source>
+        <translation>同期中…</translation>
+    </message>
+    <message>
+        <source>Synced</source>
+        <translation>同期済み</translation>
+    </message>
+    <message>
+        <source>Up to date</source>
+        <translation>最新の状態</translation>
+    </message>
+    <message>
+        <source>Connecting to device…</source>
+        <translation>デバイスに接続中…</translation>
+    </message>
+    <message>
+        <source>Device disconnected</source>
+        <translation>デバイスが切断されました</translation>
+    </message>
+    <message>
+        <source>Scanning folders…</source>
+        <translation>フォルダを調べています…</translation>
+    </message>
+    <message>
+        <source>Awaiting deletion confirmation…</source>
+        <translation>削除の確認待ち…</translation>
+    </message>
+    <message>
+        <source>Analyzing files…</source>
+        <translation>ファイルを分析中…</translation>
+    </message>
+    <message>
+        <source>Starting transfer…</source>
+        <translation>転送を開始しています…</translation>
+    </message>
+    <message>
+        <source>Completed</source>
+        <translation>完了</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>キャンセル済み</translation>
+    </message>
+    <message>
+        <source>Server returned non-200 status</source>
+        <translation>サーバが 200 以外のステータスを返しました</translation>
+    </message>
+    <message>
+        <source>Invalid version data format</source>
+        <translation>バージョンデータの形式が正しくありません</translation>
+    </message>
+    <message>
+        <source>The server did not answer in time</source>
+        <translation>サーバから時間内に応答がありませんでした</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer is too long</source>
+        <translation>サーバからの応答が長すぎます</translation>
+    </message>
+    <message>
+        <source>The address is not a safe one</source>
+        <translation>安全なアドレスではありません</translation>
+    </message>
+    <message>
+        <source>The server redirects without end</source>
+        <translation>サーバが際限なくリダイレクトします</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>デバイスをもう一度接続し、ロックを解除してください。</translation>
+    </message>
+    <message>
+        <source>Another folder is shown by now. Nothing was done.</source>
+        <translation>別のフォルダが表示されているため、何も行いませんでした。</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or moved on the phone.</source>
+        <translation>デバイス上で削除または移動された可能性があります。</translation>
+    </message>
+    <message>
+        <source>Already There</source>
+        <translation>すでに存在します</translation>
+    </message>
+    <message>
+        <source>Cannot enumerate %1</source>
+        <translation>%1 を一覧表示できません</translation>
+    </message>
+    <message>
+        <source>%1 changed while the folder was being read. Sync again.</source>
+        <translation>フォルダの読み取り中に %1 が変更されました。もう一度同期してください。</translation>
+    </message>
+    <message>
+        <source>The phone lists the folder %1 inside itself.</source>
+        <translation>電話がフォルダ %1 をそれ自身の中に表示しています。</translation>
+    </message>
+    <message>
+        <source>%1 holds &quot;%2&quot;, which is no name of a file.</source>
+        <translation>%1 に、ファイル名ではない「%2」が含まれています。</translation>
+    </message>
+    <message>
+        <source>Cannot open local file for writing: %1</source>
+        <translation>このコンピュータのファイルを書き込み用に開けません: %1</translation>
+    </message>
+    <message>
+        <source>Cannot open local file for reading: %1</source>
+        <translation>このコンピュータのファイルを読み取り用に開けません: %1</translation>
+    </message>
+    <message>
+        <source>The phone does not tell what %1 is.</source>
+        <translation>電話が %1 の種類を返しません。</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used on this computer. Rename the folder on the phone first.</source>
+        <translation>名前「%1」はこのコンピュータでは使えません。先に電話でフォルダの名前を変更してください。</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used on this computer. Rename it on the phone first.</source>
+        <translation>名前「%1」はこのコンピュータでは使えません。先に電話で名前を変更してください。</translation>
+    </message>
+    <message>
+        <source>No MTP handle for file %1</source>
+        <translation>ファイル %1 の MTP オブジェクトがありません</translation>
+    </message>
+    <message>
+        <source>%1 became shorter while it was being copied. Copy it again.</source>
+        <translation>コピー中に %1 が短くなりました。もう一度コピーしてください。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has appeared on the phone meanwhile.</source>
+        <translation>その間に「%1」が電話に現れました。</translation>
+    </message>
+    <message>
+        <source>A folder named &quot;%1&quot; is already on the phone.</source>
+        <translation>「%1」という名前のフォルダが既に電話にあります。</translation>
+    </message>
+    <message>
+        <source>A file named &quot;%1&quot; is already on the phone.</source>
+        <translation>「%1」という名前のファイルが既に電話にあります。</translation>
+    </message>
+    <message>
+        <source>The phone does not show the new &quot;%1&quot;. The old one was kept.</source>
+        <translation>電話に新しい「%1」が表示されません。古いものは残されています。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already on the phone, and this phone cannot replace files. Delete or rename the old one first.</source>
+        <translation>「%1」は既に電話にあり、この電話はファイルを置き換えられません。先に古いものを削除するか名前を変更してください。</translation>
+    </message>
+    <message>
+        <source>The new &quot;%1&quot; is on the phone under the name &quot;%2&quot;: it could not be renamed (%3).</source>
+        <translation>新しい「%1」は「%2」という名前で電話にあります。名前を変更できませんでした (%3)。</translation>
+    </message>
+    <message>
+        <source>The phone does not show the new folder &quot;%1&quot;.</source>
+        <translation>電話に新しいフォルダ「%1」が表示されません。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already there</source>
+        <translation>「%1」は既にあります</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files was not copied: %3</source>
+        <translation>%2 個中 %1 個のファイルがコピーされませんでした: %3</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files were not copied: %3</source>
+        <translation>%2 個中 %1 個のファイルがコピーされませんでした: %3</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1 of %2 items: %3</source>
+        <translation>%2 個中 %1 個の項目を削除できませんでした: %3</translation>
+    </message>
+    <message>
+        <source>Failed to move %1 of %2 items: %3</source>
+        <translation>%2 個中 %1 個の項目を移動できませんでした: %3</translation>
+    </message>
+    <message>
+        <source>Error: %1</source>
+        <translation>エラー: %1</translation>
+    </message>
+    <message>
+        <source>Removing %1 from %2</source>
+        <translation>%2 から %1 を取り除いています</translation>
+    </message>
+    <message>
+        <source>A file named %1 is on the device where a folder is needed.</source>
+        <translation>フォルダが必要な場所に、デバイス上では %1 というファイルがあります。</translation>
+    </message>
+    <message>
+        <source>Cannot read the folder %1: %2</source>
+        <translation>フォルダ %1 を読み込めません: %2</translation>
+    </message>
+    <message>
+        <source>Cannot create the folder %1: %2</source>
+        <translation>フォルダ %1 を作成できません: %2</translation>
+    </message>
+    <message>
+        <source>Cannot delete %1: %2</source>
+        <translation>%1 を削除できません: %2</translation>
+    </message>
+    <message>
+        <source>Cannot keep %1 as %2.</source>
+        <translation>%1 を %2 として残せません。</translation>
+    </message>
+    <message>
+        <source>The folder of %1 was replaced while it was being synced.</source>
+        <translation>同期中に %1 のフォルダが置き換えられました。</translation>
+    </message>
+    <message>
+        <source>The folder %1 is gone, although it was synced before. Is its disk missing? Going on makes a new, empty folder.</source>
+        <translation>同期済みのフォルダ %1 がありません。ディスクが接続されていないのではありませんか? 続けると、空のフォルダが新しく作成されます。</translation>
+    </message>
+    <message>
+        <source>The folder %1 is missing.</source>
+        <translation>フォルダ %1 がありません。</translation>
+    </message>
+    <message>
+        <source>The folder on this computer is empty, although %1 files were in it after the last sync. Is its disk missing?</source>
+        <translation>前回の同期後に %1 個のファイルがあったのに、このコンピュータのフォルダは空です。ディスクが接続されていないのではありませんか?</translation>
+    </message>
+    <message>
+        <source>The folder on the device is empty, although %1 files were in it after the last sync. Is its memory card missing?</source>
+        <translation>前回の同期後に %1 個のファイルがあったのに、デバイスのフォルダは空です。メモリカードが入っていないのではありませんか?</translation>
+    </message>
+    <message>
+        <source>%1 of the %2 files of the last sync would be deleted.</source>
+        <translation>前回同期した %2 個のファイルのうち %1 個が削除されます。</translation>
+    </message>
+    <message>
+        <source>The device lists %1 inside itself.</source>
+        <translation>デバイスは %1 の中にそれ自身があると返しました。</translation>
+    </message>
+    <message>
+        <source>The device does not show %1 as it was sent. It was not deleted here.</source>
+        <translation>デバイス上の %1 が送信したものと一致しません。こちらでは削除していません。</translation>
+    </message>
+    <message>
+        <source>The device does not show %1 as it was sent. Sync again.</source>
+        <translation>デバイス上の %1 が送信したものと一致しません。もう一度同期してください。</translation>
+    </message>
+    <message>
+        <source>%1 is not on this computer&apos;s disk as it was received.</source>
+        <translation>このコンピュータ上の %1 が受信したものと一致しません。</translation>
+    </message>
+    <message>
+        <source>%1 changed while it was being copied. Sync again.</source>
+        <translation>コピー中に %1 が変更されました。もう一度同期してください。</translation>
+    </message>
+    <message>
+        <source>%1 changed while it was being copied. Copy it again.</source>
+        <translation>“%1”はコピー中に変更されました。もう一度コピーしてください。</translation>
+    </message>
+    <message>
+        <source>%1 has appeared on the device meanwhile.</source>
+        <translation>その間にデバイスに %1 が現れました。</translation>
+    </message>
+    <message>
+        <source>%1 is not on the device any more. Sync again.</source>
+        <translation>%1 はもうデバイスにありません。もう一度同期してください。</translation>
+    </message>
+    <message>
+        <source>%1 is a file on one side and a folder on the other</source>
+        <translation>%1 は片方ではファイル、もう片方ではフォルダです</translation>
+    </message>
+    <message>
+        <source>in %1: %2</source>
+        <translation>%1 内: %2</translation>
+    </message>
+    <message>
+        <source>The phone does not allow %1 to be read.</source>
+        <translation>デバイスが %1 の読み込みを許可しません。</translation>
+    </message>
+    <message>
+        <source>The phone did not rename %1. %2</source>
+        <translation>デバイスで %1 の名前を変更できませんでした。%2</translation>
+    </message>
+    <message>
+        <source>The phone did not make the folder %1. %2</source>
+        <translation>デバイスでフォルダ %1 を作成できませんでした。%2</translation>
+    </message>
+    <message>
+        <source>The phone did not delete %1. %2</source>
+        <translation>デバイスで %1 を削除できませんでした。%2</translation>
+    </message>
+    <message>
+        <source>The phone did not delete %1.</source>
+        <translation>電話は %1 を削除しませんでした。</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be made on the phone. %2</source>
+        <translation>デバイスにフォルダ %1 を作成できません。%2</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be read whole.</source>
+        <translation>フォルダ %1 を最後まで読み込めません。</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used.</source>
+        <translation>名前「%1」は使えません。</translation>
+    </message>
+    <message>
+        <source>ADB pull failed for %1: %2</source>
+        <translation>ADB で %1 をダウンロードできませんでした: %2</translation>
+    </message>
+    <message>
+        <source>ADB directory pull failed for %1: %2</source>
+        <translation>ADB でフォルダ %1 をダウンロードできませんでした: %2</translation>
+    </message>
+    <message>
+        <source>ADB push failed for %1: %2</source>
+        <translation>ADB で %1 をアップロードできませんでした: %2</translation>
+    </message>
+    <message>
+        <source>the phone has %1 of %2 bytes.</source>
+        <translation>デバイスにあるのは %2 バイト中 %1 バイトです。</translation>
+    </message>
+    <message>
+        <source>the phone did not put it in the place of the old file. %1</source>
+        <translation>電話が古いファイルと置き換えませんでした。%1</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is on the phone, which takes &quot;%2&quot; for the same name. Rename one of the two first.</source>
+        <translation>“%1”が電話にあり、電話は“%2”を同じ名前とみなします。先にどちらかの名前を変更してください。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has changed on the phone meanwhile. It was kept.</source>
+        <translation>“%1”はその間に電話で変更されました。そのまま残しました。</translation>
+    </message>
+    <message>
+        <source>adb ended with status %1.</source>
+        <translation>adb が状態 %1 で終了しました。</translation>
+    </message>
+    <message>
+        <source>A folder &quot;%1&quot; is already on the phone.</source>
+        <translation>フォルダ「%1」はすでにデバイスにあります。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be the name of a file.</source>
+        <translation>「%1」はファイル名にできません。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already there.</source>
+        <translation>「%1」はすでにあります。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be moved into itself.</source>
+        <translation>「%1」をそれ自身の中に移動できません。</translation>
+    </message>
+    <message>
+        <source>Device not found: %1</source>
+        <translation>デバイスが見つかりません: %1</translation>
+    </message>
+    <message>
+        <source>Lockdown error: %1</source>
+        <translation>Lockdown エラー: %1</translation>
+    </message>
+    <message>
+        <source>Failed to start service: %1</source>
+        <translation>サービスを開始できません: %1</translation>
+    </message>
+    <message>
+        <source>House Arrest error: %1</source>
+        <translation>House Arrest エラー: %1</translation>
+    </message>
+    <message>
+        <source>InstProxy error: %1</source>
+        <translation>InstProxy エラー: %1</translation>
+    </message>
+    <message>
+        <source>File I/O error: %1</source>
+        <translation>ファイルエラー: %1</translation>
+    </message>
+    <message>
+        <source>Failed to create %1: %2</source>
+        <translation>%1 を作成できませんでした: %2</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1: %2</source>
+        <translation>%1 を削除できませんでした: %2</translation>
+    </message>
+    <message>
+        <source>Failed to rename %1: %2</source>
+        <translation>%1 の名前を変更できませんでした: %2</translation>
+    </message>
+    <message>
+        <source>Failed to move %1: %2</source>
+        <translation>%1 を移動できませんでした: %2</translation>
+    </message>
+    <message>
+        <source>Failed to drag out %1: %2</source>
+        <translation>“%1”をウインドウの外にドラッグできませんでした: %2</translation>
+    </message>
+    <message>
+        <source>Failed to check for updates (%1). Please try again later.</source>
+        <translation>アップデートを確認できませんでした (%1)。後でもう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>%1 is using the phone.</source>
+        <translation>%1 がデバイスを使用しています。</translation>
+    </message>
+    <message>
+        <source>The folder &quot;%1&quot; is not on the phone any more.</source>
+        <translation>フォルダ「%1」はもうデバイスにありません。</translation>
+    </message>
+    <message>
+        <source>There is no &quot;%1&quot; on the phone.</source>
+        <translation>デバイスに「%1」はありません。</translation>
+    </message>
+    <message>
+        <source>There is no %1 on the phone. It may have been deleted or renamed: refresh the folder.</source>
+        <translation>%1 はデバイスにありません。削除されたか名前が変更された可能性があります。フォルダを再読み込みしてください。</translation>
+    </message>
+    <message>
+        <source>The phone sent %1 of the %2 bytes of %3. Copy it again.</source>
+        <translation>デバイスから %3 の %2 バイト中 %1 バイトが届きました。もう一度コピーしてください。</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used on this computer.</source>
+        <translation>このコンピュータでは名前「%1」を使えません。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is too large for a preview. Copy it to this computer first.</source>
+        <translation>「%1」は大きすぎてプレビューできません。先にこのコンピュータにコピーしてください。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already on the phone.</source>
+        <translation>「%1」はすでにデバイスにあります。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be a name on the phone.</source>
+        <translation>「%1」はデバイスでは名前に使えません。</translation>
+    </message>
+    <message>
+        <source>%1 is not a folder.</source>
+        <translation>%1 はフォルダではありません。</translation>
+    </message>
+    <message>
+        <source>Cannot write into %1: %2</source>
+        <translation>%1 の中に書き込めません: %2</translation>
+    </message>
+    <message>
+        <source>Cannot write %1: %2</source>
+        <translation>%1 に書き込めません: %2</translation>
+    </message>
+    <message>
+        <source>Cannot read %1: %2</source>
+        <translation>%1 を読み込めません: %2</translation>
+    </message>
+    <message>
+        <source>Cannot create the folder %1 on this computer.</source>
+        <translation>このコンピュータにフォルダ %1 を作成できません。</translation>
+    </message>
+    <message>
+        <source>Cannot read %1.</source>
+        <translation>%1 を読み込めません。</translation>
+    </message>
+    <message>
+        <source>adb could not reach the phone: %1</source>
+        <translation>adbが電話に接続できませんでした: %1</translation>
+    </message>
+</context>
+<context>
+    <name>QPlatformTheme</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>&amp;Yes</source>
+        <translation>はい(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>&amp;No</source>
+        <translation>いいえ(&amp;N)</translation>
+    </message>
+</context>
+<context>
+    <name>SyncFileList</name>
+    <message>
+        <source>Name</source>
+        <translation>名前</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>サイズ</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::AppListView</name>
+    <message>
+        <source>Apps</source>
+        <translation>アプリ</translation>
+    </message>
+    <message>
+        <source>Filter…</source>
+        <translation>絞り込み…</translation>
+    </message>
+    <message>
+        <source>Looking for apps…</source>
+        <translation>アプリを検索中…</translation>
+    </message>
+    <message>
+        <source>No Apps That Share Files</source>
+        <translation>ファイルを共有するアプリがありません</translation>
+    </message>
+    <message>
+        <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
+        <translation>このiPhoneにはファイルを共有するアプリがありません。コンピュータから開けるのは、開発元がファイル共有を有効にしたアプリだけです。写真や、書類を公開しないアプリは開けません。</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>再試行</translation>
+    </message>
+    <message>
+        <source>No Matching Apps</source>
+        <translation>一致するアプリがありません</translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>絞り込みを解除</translation>
+    </message>
+    <message>
+        <source>Connection Failed</source>
+        <translation>接続に失敗しました</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::BreadcrumbBar</name>
+    <message>
+        <source>Path</source>
+        <translation>パス</translation>
+    </message>
+    <message>
+        <source>Folders in between</source>
+        <translation>間のフォルダ</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::BrowserView</name>
+    <message numerus="yes">
+        <source>%Ln selected</source>
+        <translation>
+            <numerusform>%Ln 項目を選択</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Filter…</source>
+        <translation>絞り込み…</translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>絞り込みを解除</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>パス</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>ファイル</translation>
+    </message>
+    <message>
+        <source>The phone is gone</source>
+        <translation>デバイスが取り外されました</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>デバイスをもう一度接続し、ロックを解除してください。</translation>
+    </message>
+    <message>
+        <source>Plug it in again, unlock it and choose File transfer on it.</source>
+        <translation>もう一度接続し、ロックを解除して「ファイル転送」を選択してください。</translation>
+    </message>
+    <message>
+        <source>Folder Not Found</source>
+        <translation>フォルダが見つかりません</translation>
+    </message>
+    <message>
+        <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
+        <translation>このフォルダはデバイス上に見つかりません。削除または移動された可能性があります。よく使う項目から削除しますか？</translation>
+    </message>
+    <message>
+        <source>Remove from Favorites</source>
+        <translation>よく使う項目から削除</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>残す</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or moved on the phone.</source>
+        <translation>デバイス上で削除または移動された可能性があります。</translation>
+    </message>
+    <message>
+        <source>Enclosing Folder</source>
+        <translation>上のフォルダ</translation>
+    </message>
+    <message>
+        <source>Connection Failed</source>
+        <translation>接続に失敗しました</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>再試行</translation>
+    </message>
+    <message>
+        <source>Loading directory contents…</source>
+        <translation>フォルダの内容を読み込み中…</translation>
+    </message>
+    <message>
+        <source>Loading device storage…</source>
+        <translation>デバイスのストレージを読み込み中…</translation>
+    </message>
+    <message>
+        <source>No Matching Files</source>
+        <translation>一致するファイルがありません</translation>
+    </message>
+    <message>
+        <source>Nothing here has “%1” in its name.</source>
+        <translation>名前に「%1」を含む項目はありません。</translation>
+    </message>
+    <message>
+        <source>This folder is empty</source>
+        <translation>このフォルダは空です</translation>
+    </message>
+    <message>
+        <source>Drop files here to copy them to the phone.</source>
+        <translation>ここにファイルをドロップするとデバイスにコピーされます。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln 項目</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %Ln items</source>
+        <translation>
+            <numerusform>%Ln 項目中 %1 項目</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of %2 done (Esc stops)</source>
+        <translation>%2件中%1件完了（Escで中止）</translation>
+    </message>
+    <message>
+        <source>reading…</source>
+        <translation>読み込み中…</translation>
+    </message>
+    <message>
+        <source>View Mode</source>
+        <translation>表示方法</translation>
+    </message>
+    <message>
+        <source>Add to Favorites</source>
+        <translation>よく使う項目に追加</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>削除</translation>
+    </message>
+    <message>
+        <source>Delete selected items?</source>
+        <translation>選択した項目を削除しますか？</translation>
+    </message>
+    <message>
+        <source>“%1” will be deleted from the phone.</source>
+        <translation>「%1」はデバイスから削除されます。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be deleted from the phone.</source>
+        <translation>
+            <numerusform>%Ln 項目がデバイスから削除されます。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>この操作は取り消せません。</translation>
+    </message>
+    <message>
+        <source>Copy to</source>
+        <translation>コピー先</translation>
+    </message>
+    <message>
+        <source>Copy Files to the Phone</source>
+        <translation>ファイルをデバイスにコピー</translation>
+    </message>
+    <message>
+        <source>Copy a Folder to the Phone</source>
+        <translation>フォルダをデバイスにコピー</translation>
+    </message>
+    <message>
+        <source>Into “%1”</source>
+        <translation>「%1」へ</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::DeviceListModel</name>
+    <message>
+        <source>Needs your attention</source>
+        <translation>確認が必要です</translation>
+    </message>
+    <message>
+        <source>Battery %1 %</source>
+        <translation>バッテリー %1 %</translation>
+    </message>
+    <message>
+        <source>Locked: unlock it</source>
+        <translation>ロック中: 解除してください</translation>
+    </message>
+    <message>
+        <source>Connecting…</source>
+        <translation>接続中…</translation>
+    </message>
+    <message>
+        <source>Reading storage…</source>
+        <translation>ストレージを読み込み中…</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FactsView</name>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Fetching the file</source>
+        <translation>ファイルを取得しています</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 / %2</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FileItemDelegate</name>
+    <message>
+        <source>Folder name</source>
+        <translation>フォルダ名</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名前</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FileTableView</name>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln 項目</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::MainWindow</name>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>このコンピュータのフォルダ</translation>
+    </message>
+    <message>
+        <source>Tessary: Virtual Phones</source>
+        <translation>Tessary: 仮想デバイス</translation>
+    </message>
+    <message>
+        <source>Quit Tessary</source>
+        <translation>Tessary を終了</translation>
+    </message>
+    <message>
+        <source>Files are still being copied.</source>
+        <translation>ファイルをまだコピーしています。</translation>
+    </message>
+    <message>
+        <source>A sync is still running.</source>
+        <translation>同期がまだ実行中です。</translation>
+    </message>
+    <message>
+        <source>Quitting cancels this. What has arrived whole stays.</source>
+        <translation>終了するとキャンセルされます。完全に届いたものは残ります。</translation>
+    </message>
+    <message>
+        <source>This phone is locked</source>
+        <translation>このデバイスはロックされています</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>ロックを解除し、USB の通知で「ファイル転送」を選ぶとファイルが表示されます。このウインドウは自動的に更新されます。</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>デバイスを解放</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>再試行</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::ModeSwitch</name>
+    <message>
+        <source>Works with every phone, nothing to set up.</source>
+        <translation>どの電話でも設定なしで使えます。</translation>
+    </message>
+    <message>
+        <source>Faster and sees more. Needs USB debugging on the phone.</source>
+        <translation>高速で、より多くの項目を表示します。電話のUSBデバッグが必要です。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PreviewWindow</name>
+    <message>
+        <source>Cancelled</source>
+        <translation>キャンセル済み</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>前の項目</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>次の項目</translation>
+    </message>
+    <message>
+        <source>Previous Page</source>
+        <translation>前のページ</translation>
+    </message>
+    <message>
+        <source>Next Page</source>
+        <translation>次のページ</translation>
+    </message>
+    <message>
+        <source>Quick Look</source>
+        <translation>クイックルック</translation>
+    </message>
+    <message>
+        <source>“%1” is too large for a preview. Copy it to this computer first.</source>
+        <translation>「%1」は大きすぎてプレビューできません。先にこのコンピュータへコピーしてください。</translation>
+    </message>
+    <message>
+        <source>It cannot be shown: it is damaged, too large or protected.</source>
+        <translation>表示できません。壊れているか、大きすぎるか、保護されています。</translation>
+    </message>
+    <message>
+        <source>only its beginning is shown</source>
+        <translation>先頭のみ表示</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>%1 / %2ページ</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PropertiesDialog</name>
+    <message numerus="yes">
+        <source>%1 bytes</source>
+        <translation>
+            <numerusform>%1バイト</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>種類</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>サイズ</translation>
+    </message>
+    <message>
+        <source>Content</source>
+        <translation>内容</translation>
+    </message>
+    <message>
+        <source>Date Modified</source>
+        <translation>変更日</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>パス</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>フォルダ</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>Properties</source>
+        <translation>プロパティ</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln 項目</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Various kinds</source>
+        <translation>さまざまな種類</translation>
+    </message>
+    <message>
+        <source>Stop Counting</source>
+        <translation>数えるのを中止</translation>
+    </message>
+    <message>
+        <source>Counting the content</source>
+        <translation>内容を数えています</translation>
+    </message>
+    <message>
+        <source>Files: %1, folders: %2</source>
+        <translation>ファイル: %1、フォルダ: %2</translation>
+    </message>
+    <message>
+        <source>The count was stopped: there may be more.</source>
+        <translation>途中で中止したため、まだほかにもある可能性があります。</translation>
+    </message>
+    <message>
+        <source>Folders that could not be read: %1</source>
+        <translation>読み込めなかったフォルダ: %1</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SettingsWindow</name>
+    <message>
+        <source>Settings</source>
+        <translation>設定</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>一般</translation>
+    </message>
+    <message>
+        <source>Sync</source>
+        <translation>同期</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <translation>アップデート</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>情報</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>言語</translation>
+    </message>
+    <message>
+        <source>System Default</source>
+        <translation>システムの言語</translation>
+    </message>
+    <message>
+        <source>Choose your preferred display language. Changes apply immediately.</source>
+        <translation>表示言語を選択してください。変更はすぐに反映されます。</translation>
+    </message>
+    <message>
+        <source>Open the window as it was left</source>
+        <translation>前回の状態でウインドウを開く</translation>
+    </message>
+    <message>
+        <source>Automatically check for updates</source>
+        <translation>アップデートを自動的に確認</translation>
+    </message>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>アップデートを確認…</translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <translation>バージョン</translation>
+    </message>
+    <message>
+        <source>Browse phones and copy files to and from them.</source>
+        <translation>デバイスの中身を見て、ファイルを双方向にコピーできます。</translation>
+    </message>
+    <message>
+        <source>Website</source>
+        <translation>ウェブサイト</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::Sidebar</name>
+    <message>
+        <source>Camera &amp; Photos</source>
+        <translation>カメラと写真</translation>
+    </message>
+    <message>
+        <source>Downloads</source>
+        <translation>ダウンロード</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>ピクチャ</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>ミュージック</translation>
+    </message>
+    <message>
+        <source>Movies &amp; Videos</source>
+        <translation>ムービーとビデオ</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>書類</translation>
+    </message>
+    <message>
+        <source>Wireless Devices…</source>
+        <translation>ワイヤレスデバイス…</translation>
+    </message>
+    <message>
+        <source>Favorites</source>
+        <translation>よく使う項目</translation>
+    </message>
+    <message>
+        <source>Quick Shortcuts</source>
+        <translation>ショートカット</translation>
+    </message>
+    <message>
+        <source>Storage Volumes</source>
+        <translation>ストレージ</translation>
+    </message>
+    <message>
+        <source>Connected Devices</source>
+        <translation>接続中のデバイス</translation>
+    </message>
+    <message>
+        <source>No Devices</source>
+        <translation>デバイスなし</translation>
+    </message>
+    <message>
+        <source>Connect an iOS or Android device via USB</source>
+        <translation>iOS または Android デバイスを USB で接続してください</translation>
+    </message>
+    <message>
+        <source>Drop a folder here to keep it at hand.</source>
+        <translation>フォルダをここにドロップするとすぐに開けます。</translation>
+    </message>
+    <message>
+        <source>Remove from Favorites</source>
+        <translation>よく使う項目から削除</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::StatusBanner</name>
+    <message>
+        <source>Close this message</source>
+        <translation>このメッセージを閉じる</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairList</name>
+    <message>
+        <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
+        <translation>同期しているフォルダはまだありません。デバイスのフォルダを開き、「このフォルダを同期…」を選択してください。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairRow</name>
+    <message>
+        <source>Queued</source>
+        <translation>待機中</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>今すぐ同期</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Remove This Pair</source>
+        <translation>この組み合わせを取り除く</translation>
+    </message>
+    <message>
+        <source>Stop keeping these folders in step?</source>
+        <translation>これらのフォルダの同期をやめますか?</translation>
+    </message>
+    <message>
+        <source>No file is deleted on either side.</source>
+        <translation>どちらの側でもファイルは削除されません。</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>取り除く</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairSheet</name>
+    <message>
+        <source>A file deleted on one side is deleted on the other, after asking</source>
+        <translation>片方で削除されたファイルは、確認のうえもう片方でも削除されます</translation>
+    </message>
+    <message>
+        <source>Remove files from where they came once they have arrived</source>
+        <translation>届いたファイルを元の場所から取り除く</translation>
+    </message>
+    <message>
+        <source>Sync This Folder</source>
+        <translation>このフォルダを同期</translation>
+    </message>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>このコンピュータのフォルダ</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>方向</translation>
+    </message>
+    <message>
+        <source>Both ways</source>
+        <translation>双方向</translation>
+    </message>
+    <message>
+        <source>Only to the phone</source>
+        <translation>デバイスへのみ</translation>
+    </message>
+    <message>
+        <source>Only to this computer</source>
+        <translation>このコンピュータへのみ</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>選択…</translation>
+    </message>
+    <message>
+        <source>Folder on the phone</source>
+        <translation>デバイスのフォルダ</translation>
+    </message>
+    <message>
+        <source>Show What Will Happen</source>
+        <translation>実行内容を表示</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPanel</name>
+    <message>
+        <source>Sync</source>
+        <translation>同期</translation>
+    </message>
+    <message>
+        <source>Sync This Folder…</source>
+        <translation>このフォルダを同期…</translation>
+    </message>
+    <message>
+        <source>Sync All</source>
+        <translation>すべて同期</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPreviewDialog</name>
+    <message>
+        <source>Copy to the phone</source>
+        <translation>デバイスにコピー</translation>
+    </message>
+    <message>
+        <source>Copy to this computer</source>
+        <translation>このコンピュータにコピー</translation>
+    </message>
+    <message>
+        <source>Move to the phone</source>
+        <translation>デバイスに移動</translation>
+    </message>
+    <message>
+        <source>Move to this computer</source>
+        <translation>このコンピュータに移動</translation>
+    </message>
+    <message>
+        <source>Changed on both sides: keep both</source>
+        <translation>両方で変更されています: 両方を残す</translation>
+    </message>
+    <message>
+        <source>Delete on the phone</source>
+        <translation>デバイスで削除</translation>
+    </message>
+    <message>
+        <source>Delete on this computer</source>
+        <translation>このコンピュータで削除</translation>
+    </message>
+    <message>
+        <source>Leave as it is</source>
+        <translation>そのままにする</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>スキップ</translation>
+    </message>
+    <message>
+        <source>What Will Happen</source>
+        <translation>実行内容</translation>
+    </message>
+    <message>
+        <source>Action</source>
+        <translation>操作</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>今すぐ同期</translation>
+    </message>
+    <message>
+        <source>Comparing the folders…</source>
+        <translation>フォルダを比較しています…</translation>
+    </message>
+    <message>
+        <source>The folders cannot be compared</source>
+        <translation>フォルダを比較できません</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files are the same already</source>
+        <translation>
+            <numerusform>%Ln 個のファイルはすでに同じです</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files to go through, %1 to copy</source>
+        <translation>
+            <numerusform>確認するファイル %Ln 個、コピーする量 %1</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncQuestionDialog</name>
+    <message>
+        <source>On this computer</source>
+        <translation>このコンピュータ上</translation>
+    </message>
+    <message>
+        <source>On the phone</source>
+        <translation>デバイス上</translation>
+    </message>
+    <message>
+        <source>Files to delete</source>
+        <translation>削除するファイル</translation>
+    </message>
+    <message>
+        <source>Where</source>
+        <translation>場所</translation>
+    </message>
+    <message>
+        <source>edited since the last sync</source>
+        <translation>前回の同期後に編集</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>残す</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>削除</translation>
+    </message>
+    <message>
+        <source>Create Again</source>
+        <translation>作り直す</translation>
+    </message>
+    <message>
+        <source>Delete Files?</source>
+        <translation>ファイルを削除しますか?</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files were deleted on one side. Delete them on the other, too?</source>
+        <translation>
+            <numerusform>%Ln 個のファイルが片方で削除されました。もう片方でも削除しますか？</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>What you keep is copied back.</source>
+        <translation>残したものは元の側へコピーし直されます。</translation>
+    </message>
+    <message>
+        <source>Folder Missing</source>
+        <translation>フォルダがありません</translation>
+    </message>
+    <message>
+        <source>The folder on this computer is gone</source>
+        <translation>このコンピュータのフォルダがなくなりました</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferListModel</name>
+    <message>
+        <source>Finishing: the phone is still storing the file</source>
+        <translation>仕上げ中: デバイスがファイルを保存しています</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1/%Ln files</source>
+        <translation>
+            <numerusform>%1/%Ln ファイル</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 left</source>
+        <translation>残り %1</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferNotice</name>
+    <message>
+        <source>“%1” is copied.</source>
+        <translation>「%1」をコピーしました。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items are copied.</source>
+        <translation>
+            <numerusform>%Ln 項目をコピーしました。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” was not copied.</source>
+        <translation>「%1」はコピーされませんでした。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items were not copied.</source>
+        <translation>
+            <numerusform>%1 項目中 %Ln 項目がコピーされませんでした。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Copying has finished</source>
+        <translation>コピーが完了しました</translation>
+    </message>
+    <message>
+        <source>Copying went wrong</source>
+        <translation>コピー中に問題が発生しました</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferPanel</name>
+    <message>
+        <source>All transfers have ended</source>
+        <translation>すべての転送が終了しました</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 / %2</translation>
+    </message>
+    <message>
+        <source>%1 left</source>
+        <translation>残り %1</translation>
+    </message>
+    <message>
+        <source>Transfers</source>
+        <translation>転送</translation>
+    </message>
+    <message>
+        <source>Cancel All</source>
+        <translation>すべてキャンセル</translation>
+    </message>
+    <message>
+        <source>Clear Finished</source>
+        <translation>完了分を消去</translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>フォルダに表示</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TranslatedFileModel</name>
+    <message>
+        <source>Name</source>
+        <translation>名前</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>サイズ</translation>
+    </message>
+    <message>
+        <source>Date Modified</source>
+        <translation>変更日</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>種類</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::UpdateAlerts</name>
+    <message>
+        <source>Help</source>
+        <translation>ヘルプ</translation>
+    </message>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>アップデートを確認…</translation>
+    </message>
+    <message>
+        <source>Update Check Failed</source>
+        <translation>アップデートの確認に失敗しました</translation>
+    </message>
+    <message>
+        <source>Tessary v%1 is currently the newest version.</source>
+        <translation>Tessary v%1 は現在の最新バージョンです。</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>A new version of Tessary is available.</source>
+        <translation>新しいバージョンの Tessary が利用可能です。</translation>
+    </message>
+    <message>
+        <source>Tessary %1 is available</source>
+        <translation>Tessary %1 が利用可能です</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>ダウンロード</translation>
+    </message>
+    <message>
+        <source>Skip This Version</source>
+        <translation>このバージョンをスキップ</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>後で</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WelcomeView</name>
+    <message>
+        <source>Connect a phone</source>
+        <translation>デバイスを接続</translation>
+    </message>
+    <message>
+        <source>Try It with a Virtual Phone</source>
+        <translation>仮想デバイスで試す</translation>
+    </message>
+    <message>
+        <source>Starts Tessary again with two virtual phones, which hold sample files</source>
+        <translation>サンプルファイルの入った 2 台の仮想デバイスで Tessary を起動し直します</translation>
+    </message>
+    <message>
+        <source>Plug it in</source>
+        <translation>接続する</translation>
+    </message>
+    <message>
+        <source>Use a cable that carries data: some only charge.</source>
+        <translation>データ通信のできるケーブルを使ってください。充電専用のものもあります。</translation>
+    </message>
+    <message>
+        <source>Unlock it</source>
+        <translation>ロックを解除する</translation>
+    </message>
+    <message>
+        <source>A locked phone shows nothing of its storage.</source>
+        <translation>ロックされたデバイスの中身は表示されません。</translation>
+    </message>
+    <message>
+        <source>Choose “File transfer” on it</source>
+        <translation>「ファイル転送」を選択する</translation>
+    </message>
+    <message>
+        <source>Android asks in a notification that says “Charging this device via USB”.</source>
+        <translation>Android では「このデバイスを USB で充電中」という通知から選べます。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WirelessDialog</name>
+    <message>
+        <source>Pairing…</source>
+        <translation>ペア設定中…</translation>
+    </message>
+    <message>
+        <source>Connecting…</source>
+        <translation>接続中…</translation>
+    </message>
+    <message>
+        <source>Paired</source>
+        <translation>ペア設定済み</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>接続済み</translation>
+    </message>
+    <message>
+        <source>Waiting to be paired</source>
+        <translation>ペア設定を待っています</translation>
+    </message>
+    <message>
+        <source>Ready to connect</source>
+        <translation>接続できます</translation>
+    </message>
+    <message>
+        <source>Wireless Devices</source>
+        <translation>ワイヤレスデバイス</translation>
+    </message>
+    <message>
+        <source>Phones on this network on which wireless debugging is switched on.</source>
+        <translation>このネットワークでワイヤレスデバッグがオンになっている電話です。</translation>
+    </message>
+    <message>
+        <source>Looking for phones…</source>
+        <translation>電話を探しています…</translation>
+    </message>
+    <message>
+        <source>Search Again</source>
+        <translation>もう一度探す</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>This computer cannot look for phones on the network: the service for it (avahi-daemon) does not run.</source>
+        <translation>このコンピュータではネットワーク上の電話を探せません。必要なサービス (avahi-daemon) が動作していません。</translation>
+    </message>
+    <message>
+        <source>On the phone, switch on wireless debugging in the developer options. It must be on the same network as this computer.</source>
+        <translation>電話の開発者向けオプションでワイヤレスデバッグをオンにしてください。このコンピュータと同じネットワークに接続されている必要があります。</translation>
+    </message>
+    <message>
+        <source>A phone that waits to be paired shows a code of six digits.</source>
+        <translation>ペア設定を待っている電話には6桁のコードが表示されます。</translation>
+    </message>
+    <message>
+        <source>Pair…</source>
+        <translation>ペア設定…</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>接続</translation>
+    </message>
+    <message>
+        <source>The six digits that the phone shows:</source>
+        <translation>電話に表示されている6桁の数字:</translation>
+    </message>
+    <message>
+        <source>Pair</source>
+        <translation>ペア設定</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,2396 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ko_KR" sourcelanguage="en_US">
+<context>
+    <name>BrowserActions</name>
+    <message>
+        <source>Back</source>
+        <translation>뒤로</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>앞으로</translation>
+    </message>
+    <message>
+        <source>Enclosing Folder</source>
+        <translation>상위 폴더</translation>
+    </message>
+    <message>
+        <source>Go to Folder…</source>
+        <translation>폴더로 이동…</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>새로고침</translation>
+    </message>
+    <message>
+        <source>Open Folder</source>
+        <translation>폴더 열기</translation>
+    </message>
+    <message>
+        <source>New Folder</source>
+        <translation>새 폴더</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>이름 변경</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>삭제</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>다운로드</translation>
+    </message>
+    <message>
+        <source>Copy Files Here…</source>
+        <translation>여기에 파일 복사…</translation>
+    </message>
+    <message>
+        <source>Copy a Folder Here…</source>
+        <translation>여기에 폴더 복사…</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>전체 선택</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>필터</translation>
+    </message>
+    <message>
+        <source>As List</source>
+        <translation>목록으로</translation>
+    </message>
+    <message>
+        <source>As Grid</source>
+        <translation>격자로</translation>
+    </message>
+    <message>
+        <source>Add to Favorites</source>
+        <translation>즐겨찾기에 추가</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>앱</translation>
+    </message>
+    <message>
+        <source>Sync</source>
+        <translation>동기화</translation>
+    </message>
+    <message>
+        <source>Quick Look</source>
+        <translation>훑어보기</translation>
+    </message>
+    <message>
+        <source>Properties</source>
+        <translation>속성</translation>
+    </message>
+</context>
+<context>
+    <name>BrowserEdit</name>
+    <message>
+        <source>New Folder</source>
+        <translation>새 폴더</translation>
+    </message>
+    <message>
+        <source>New Folder %1</source>
+        <translation>새 폴더 %1</translation>
+    </message>
+</context>
+<context>
+    <name>ByteFormat</name>
+    <message>
+        <source>1 byte</source>
+        <translation>1 바이트</translation>
+    </message>
+</context>
+<context>
+    <name>ClashQuestion</name>
+    <message>
+        <source>Already There</source>
+        <translation>이미 있음</translation>
+    </message>
+    <message>
+        <source>“%1” is already there.</source>
+        <translation>‘%1’ 항목이 이미 있습니다.</translation>
+    </message>
+    <message>
+        <source>New: %1</source>
+        <translation>새 항목: %1</translation>
+    </message>
+    <message>
+        <source>There: %1</source>
+        <translation>기존 항목: %1</translation>
+    </message>
+    <message>
+        <source>Replacing merges the folders; files of the same name in them are replaced.</source>
+        <translation>대치하면 폴더가 병합되고 이름이 같은 파일은 대치됩니다.</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>대치</translation>
+    </message>
+    <message>
+        <source>Keep Both</source>
+        <translation>둘 다 유지</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>건너뛰기</translation>
+    </message>
+    <message numerus="yes">
+        <source>Do the same for the other %Ln</source>
+        <translation>
+            <numerusform>나머지 %Ln개에도 동일하게 적용</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not Enough Space</source>
+        <translation>공간 부족</translation>
+    </message>
+    <message>
+        <source>There is not enough space for this copy.</source>
+        <translation>이 복사에 필요한 공간이 부족합니다.</translation>
+    </message>
+    <message>
+        <source>It needs at least %1, and %2 are free in “%3”.</source>
+        <translation>최소 %1이(가) 필요하지만 ‘%3’의 여유 공간은 %2입니다.</translation>
+    </message>
+    <message>
+        <source>It needs %1, and %2 are free in “%3”.</source>
+        <translation>%1이(가) 필요하지만 ‘%3’의 여유 공간은 %2입니다.</translation>
+    </message>
+    <message>
+        <source>Copy Anyway</source>
+        <translation>그래도 복사</translation>
+    </message>
+</context>
+<context>
+    <name>DisplayNames</name>
+    <message>
+        <source>Folder</source>
+        <translation>폴더</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>이미지</translation>
+    </message>
+    <message>
+        <source>Video</source>
+        <translation>동영상</translation>
+    </message>
+    <message>
+        <source>Audio</source>
+        <translation>오디오</translation>
+    </message>
+    <message>
+        <source>Document</source>
+        <translation>문서</translation>
+    </message>
+    <message>
+        <source>Archive</source>
+        <translation>압축 파일</translation>
+    </message>
+    <message>
+        <source>APK Package</source>
+        <translation>APK 패키지</translation>
+    </message>
+    <message>
+        <source>Source Code</source>
+        <translation>소스 코드</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>파일</translation>
+    </message>
+    <message>
+        <source>iOS File Transfer</source>
+        <translation>iOS 파일 전송</translation>
+    </message>
+    <message>
+        <source>Standard MTP</source>
+        <translation>표준 MTP</translation>
+    </message>
+    <message>
+        <source>Turbo Mode (ADB)</source>
+        <translation>터보 모드(ADB)</translation>
+    </message>
+    <message>
+        <source>Upload</source>
+        <translation>업로드</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>다운로드</translation>
+    </message>
+    <message>
+        <source>Queued</source>
+        <translation>대기 중</translation>
+    </message>
+    <message>
+        <source>In Progress</source>
+        <translation>진행 중</translation>
+    </message>
+    <message>
+        <source>Completed</source>
+        <translation>완료됨</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>실패</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>취소됨</translation>
+    </message>
+    <message>
+        <source>Internal Storage</source>
+        <translation>내부 저장소</translation>
+    </message>
+    <message>
+        <source>Internal Shared Storage</source>
+        <translation>내부 공유 저장소</translation>
+    </message>
+    <message>
+        <source>SD Card</source>
+        <translation>SD 카드</translation>
+    </message>
+    <message>
+        <source>%1 free of %2</source>
+        <translation>%2 중 %1 사용 가능</translation>
+    </message>
+    <message>
+        <source>Move to the phone</source>
+        <translation>휴대폰으로 이동</translation>
+    </message>
+    <message>
+        <source>Only to the phone</source>
+        <translation>휴대폰으로만</translation>
+    </message>
+    <message>
+        <source>Move to this computer</source>
+        <translation>이 컴퓨터로 이동</translation>
+    </message>
+    <message>
+        <source>Only to this computer</source>
+        <translation>이 컴퓨터로만</translation>
+    </message>
+    <message>
+        <source>Both ways</source>
+        <translation>양방향</translation>
+    </message>
+</context>
+<context>
+    <name>MainMenu</name>
+    <message>
+        <source>Settings</source>
+        <translation>설정</translation>
+    </message>
+    <message>
+        <source>Wireless Devices…</source>
+        <translation>무선 기기…</translation>
+    </message>
+    <message>
+        <source>Quit Tessary</source>
+        <translation>Tessary 종료</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>파일</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>편집</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>보기</translation>
+    </message>
+    <message>
+        <source>Go</source>
+        <translation>이동</translation>
+    </message>
+</context>
+<context>
+    <name>Message</name>
+    <message>
+        <source>The phone is full: delete something on it, or copy less.</source>
+        <translation>휴대폰이 가득 찼습니다. 일부를 삭제하거나 복사할 양을 줄이세요.</translation>
+    </message>
+    <message>
+        <source>The app does not allow this.</source>
+        <translation>앱에서 이 작업을 허용하지 않습니다.</translation>
+    </message>
+    <message>
+        <source>The phone does not answer: unlock it. If that does not help, unplug it and plug it in again.</source>
+        <translation>휴대폰이 응답하지 않습니다. 잠금을 해제하세요. 그래도 안 되면 케이블을 뽑았다가 다시 연결하세요.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and try again.</source>
+        <translation>휴대폰의 잠금을 해제하고 다시 시도하세요.</translation>
+    </message>
+    <message>
+        <source>Unplug the phone, plug it in again and tap Trust on it.</source>
+        <translation>휴대폰 케이블을 뽑았다가 다시 연결하고 ‘신뢰’를 탭하세요.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and tap Trust on it.</source>
+        <translation>휴대폰의 잠금을 해제하고 ‘신뢰’를 탭하세요.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone, tap Trust on it when it asks, and try again.</source>
+        <translation>휴대폰의 잠금을 해제하고 물어보면 ‘신뢰’를 탭한 뒤 다시 시도하세요.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone. If that does not help, the app does not share its files with computers.</source>
+        <translation>휴대폰의 잠금을 해제하세요. 그래도 안 되면 이 앱은 컴퓨터와 파일을 공유하지 않습니다.</translation>
+    </message>
+    <message>
+        <source>Another program is using the phone.</source>
+        <translation>다른 프로그램이 휴대폰을 사용 중입니다.</translation>
+    </message>
+    <message>
+        <source>Close it, or unmount the phone in the desktop&apos;s file manager, and try again.</source>
+        <translation>그 프로그램을 닫거나 데스크톱 파일 관리자에서 휴대폰 마운트를 해제한 뒤 다시 시도하세요.</translation>
+    </message>
+    <message>
+        <source>The phone is not connected.</source>
+        <translation>휴대폰이 연결되어 있지 않습니다.</translation>
+    </message>
+    <message>
+        <source>The phone was unplugged.</source>
+        <translation>휴대폰 케이블이 뽑혔습니다.</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again, unlock it and choose File transfer on it.</source>
+        <translation>휴대폰을 다시 연결하고 잠금을 해제한 뒤 ‘파일 전송’을 선택하세요.</translation>
+    </message>
+    <message>
+        <source>The phone does not answer.</source>
+        <translation>휴대폰이 응답하지 않습니다.</translation>
+    </message>
+    <message>
+        <source>Unlock it. If that does not help, unplug it and plug it in again.</source>
+        <translation>잠금을 해제하세요. 그래도 안 되면 케이블을 뽑았다가 다시 연결하세요.</translation>
+    </message>
+    <message>
+        <source>The phone broke the transfer off.</source>
+        <translation>휴대폰이 전송을 중단했습니다.</translation>
+    </message>
+    <message>
+        <source>Try again. If that does not help, unplug the phone and plug it in again.</source>
+        <translation>다시 시도하세요. 그래도 안 되면 휴대폰 케이블을 뽑았다가 다시 연결하세요.</translation>
+    </message>
+    <message>
+        <source>This user may not open the phone&apos;s USB device.</source>
+        <translation>이 사용자는 휴대폰의 USB 장치를 열 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>Install the udev rule that comes with Tessary, then plug the phone in again.</source>
+        <translation>Tessary에 포함된 udev 규칙을 설치한 뒤 휴대폰을 다시 연결하세요.</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is full.</source>
+        <translation>휴대폰의 저장 공간이 가득 찼습니다.</translation>
+    </message>
+    <message>
+        <source>Delete something on the phone, or copy less.</source>
+        <translation>휴대폰에서 일부를 삭제하거나 복사할 양을 줄이세요.</translation>
+    </message>
+    <message>
+        <source>This storage of the phone is read-only.</source>
+        <translation>이 저장 공간은 읽기 전용입니다.</translation>
+    </message>
+    <message>
+        <source>Choose another folder.</source>
+        <translation>다른 폴더를 선택하세요.</translation>
+    </message>
+    <message>
+        <source>The phone protects this file.</source>
+        <translation>휴대폰이 이 파일을 보호하고 있습니다.</translation>
+    </message>
+    <message>
+        <source>The phone does not allow this.</source>
+        <translation>휴대폰에서 이 작업을 허용하지 않습니다.</translation>
+    </message>
+    <message>
+        <source>Unlock it, and try another folder.</source>
+        <translation>잠금을 해제하고 다른 폴더로 시도하세요.</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is not available.</source>
+        <translation>휴대폰의 저장 공간을 사용할 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and choose File transfer on it.</source>
+        <translation>휴대폰의 잠금을 해제하고 ‘파일 전송’을 선택하세요.</translation>
+    </message>
+    <message>
+        <source>The phone is busy.</source>
+        <translation>휴대폰이 사용 중입니다.</translation>
+    </message>
+    <message>
+        <source>Wait a moment and try again.</source>
+        <translation>잠시 기다렸다가 다시 시도하세요.</translation>
+    </message>
+    <message>
+        <source>The phone cannot do this.</source>
+        <translation>이 휴대폰에서는 할 수 없는 작업입니다.</translation>
+    </message>
+    <message>
+        <source>The phone ended the connection.</source>
+        <translation>휴대폰이 연결을 끊었습니다.</translation>
+    </message>
+    <message>
+        <source>Go up to the folder that held it.</source>
+        <translation>상위 폴더로 이동하세요.</translation>
+    </message>
+    <message>
+        <source>The copy failed for an unknown reason.</source>
+        <translation>알 수 없는 이유로 복사하지 못했습니다.</translation>
+    </message>
+    <message>
+        <source>Transfer was cancelled</source>
+        <translation>전송이 취소되었습니다</translation>
+    </message>
+    <message>
+        <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
+        <translation>이 iPhone에는 파일을 공유하는 앱이 없습니다. 제작자가 파일 공유를 켠 앱만 컴퓨터에서 열 수 있으며, 사진이나 문서를 공개하지 않는 앱은 열 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are deleted on the other after you agreed.</source>
+        <translation>새 파일과 변경된 파일이 양방향으로 복사됩니다. 한쪽에서 삭제된 파일은 동의하신 뒤 다른 쪽에서도 삭제됩니다.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are copied back.</source>
+        <translation>새 파일과 변경된 파일이 양방향으로 복사됩니다. 한쪽에서 삭제된 파일은 다시 복사됩니다.</translation>
+    </message>
+    <message>
+        <source>Files are moved to the phone: each is deleted here once it has arrived.</source>
+        <translation>파일이 휴대폰으로 이동합니다. 각 파일은 도착하면 여기서 삭제됩니다.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied to the phone. Nothing is deleted.</source>
+        <translation>새 파일과 변경된 파일이 휴대폰으로 복사됩니다. 아무것도 삭제되지 않습니다.</translation>
+    </message>
+    <message>
+        <source>Files are moved here: each is deleted on the phone once it has arrived.</source>
+        <translation>파일이 여기로 이동합니다. 각 파일은 도착하면 휴대폰에서 삭제됩니다.</translation>
+    </message>
+    <message>
+        <source>New and changed files of the phone are copied here. Nothing is deleted.</source>
+        <translation>휴대폰의 새 파일과 변경된 파일이 여기로 복사됩니다. 아무것도 삭제되지 않습니다.</translation>
+    </message>
+    <message>
+        <source>To Android</source>
+        <translation>기기로</translation>
+    </message>
+    <message>
+        <source>Move to iPhone</source>
+        <translation>기기로 이동</translation>
+    </message>
+    <message>
+        <source>Move to Android</source>
+        <translation>기기로 이동</translation>
+    </message>
+    <message>
+        <source>Move to Mac</source>
+        <translation>컴퓨터로 이동</translation>
+    </message>
+    <message>
+        <source>Uploading</source>
+        <translation>업로드 중</translation>
+    </message>
+    <message>
+        <source>Downloading</source>
+        <translation>다운로드 중</translation>
+    </message>
+    <message>
+        <source>Moving</source>
+        <translation>이동 중</translation>
+    </message>
+    <message>
+        <source>Moving (already on destination)</source>
+        <translation>이동 중(대상에 이미 있음)</translation>
+    </message>
+    <message>
+        <source>%1 uploaded</source>
+        <translation>%1개 업로드됨</translation>
+    </message>
+    <message>
+        <source>%1 downloaded</source>
+        <translation>%1개 다운로드됨</translation>
+    </message>
+    <message>
+        <source>%1 moved</source>
+        <translation>%1개 이동됨</translation>
+    </message>
+    <message>
+        <source>%1 deleted</source>
+        <translation>%1개 삭제됨</translation>
+    </message>
+    <message>
+        <source>%1 kept twice</source>
+        <translation>%1개는 둘 다 유지</translation>
+    </message>
+    <message>
+        <source>%1 skipped</source>
+        <translation>%1개 건너뜀</translation>
+    </message>
+    <message>
+        <source>its name cannot be part of a path</source>
+        <translation>이름을 경로에 쓸 수 없음</translation>
+    </message>
+    <message>
+        <source>the device has several entries of this name</source>
+        <translation>기기에 이 이름의 항목이 여러 개 있음</translation>
+    </message>
+    <message>
+        <source>the device does not tell its size</source>
+        <translation>기기가 크기를 알려 주지 않음</translation>
+    </message>
+    <message>
+        <source>its name is not valid text</source>
+        <translation>이름이 올바른 텍스트가 아님</translation>
+    </message>
+    <message>
+        <source>it is a link; links are not followed</source>
+        <translation>링크임. 링크는 따라가지 않음</translation>
+    </message>
+    <message>
+        <source>it is not a regular file</source>
+        <translation>일반 파일이 아님</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>읽을 수 없음</translation>
+    </message>
+    <message>
+        <source>its name cannot be used on this computer</source>
+        <translation>이 컴퓨터에서 쓸 수 없는 이름임</translation>
+    </message>
+    <message>
+        <source>its name is too long for this computer</source>
+        <translation>이 컴퓨터에는 이름이 너무 김</translation>
+    </message>
+    <message>
+        <source>its name is too long for the device</source>
+        <translation>기기에는 이름이 너무 김</translation>
+    </message>
+    <message>
+        <source>its name is too long for the phone</source>
+        <translation>휴대폰에는 이름이 너무 김</translation>
+    </message>
+    <message>
+        <source>phones do not allow a sign in its name</source>
+        <translation>이름에 휴대폰이 허용하지 않는 문자가 있음</translation>
+    </message>
+    <message>
+        <source>it is a file on one side and a folder on the other</source>
+        <translation>한쪽에서는 파일이고 다른 쪽에서는 폴더임</translation>
+    </message>
+    <message>
+        <source>another name differs from it only in case or in the form of its letters</source>
+        <translation>대소문자나 글자 형태만 다른 이름이 있음</translation>
+    </message>
+    <message>
+        <source>it was changed on the side that files are copied to</source>
+        <translation>복사 대상 쪽에서 변경됨</translation>
+    </message>
+    <message>
+        <source>it was changed on the side that files are moved to; both are kept</source>
+        <translation>이동 대상 쪽에서 변경됨. 둘 다 유지함</translation>
+    </message>
+    <message>
+        <source>it changed while the folders were being synced; it was left as it is</source>
+        <translation>동기화하는 동안 변경되어 그대로 둠</translation>
+    </message>
+    <message>
+        <source>it changed again and again while it was being copied</source>
+        <translation>복사하는 동안 계속 변경됨</translation>
+    </message>
+    <message>
+        <source>another file of this name, size and date is on the other side; both are kept</source>
+        <translation>다른 쪽에 이름, 크기, 날짜가 같은 다른 파일이 있음. 둘 다 유지함</translation>
+    </message>
+    <message>
+        <source>The connection to the phone broke off.</source>
+        <translation>휴대폰과의 연결이 끊어졌습니다.</translation>
+    </message>
+    <message>
+        <source>adb answers nonsense.</source>
+        <translation>adb의 응답이 올바르지 않습니다.</translation>
+    </message>
+    <message>
+        <source>A folder cannot be moved into itself.</source>
+        <translation>폴더를 그 자신 안으로 옮길 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be changed or copied as one item.</source>
+        <translation>저장 공간 전체를 한 항목으로 변경하거나 복사할 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>The phone sends nothing any more. Unplug it and plug it in again.</source>
+        <translation>휴대폰이 더 이상 보내지 않습니다. 뽑았다가 다시 연결하세요.</translation>
+    </message>
+    <message>
+        <source>The phone takes nothing any more. Unplug it and plug it in again.</source>
+        <translation>휴대폰이 더 이상 받지 않습니다. 뽑았다가 다시 연결하세요.</translation>
+    </message>
+    <message>
+        <source>nothing arrived.</source>
+        <translation>아무것도 도착하지 않았습니다.</translation>
+    </message>
+    <message>
+        <source>the phone does not have the file.</source>
+        <translation>휴대폰에 파일이 없습니다.</translation>
+    </message>
+    <message>
+        <source>The phone has not allowed this computer yet. Unlock it and tap Allow in the question about USB debugging.</source>
+        <translation>휴대폰이 아직 이 컴퓨터를 허용하지 않았습니다. 잠금을 해제하고 USB 디버깅 질문에서 ‘허용’을 누르세요.</translation>
+    </message>
+    <message>
+        <source>The phone is offline for adb. Unplug it and plug it in again, or turn USB debugging off and on.</source>
+        <translation>adb에서 휴대폰이 오프라인입니다. 뽑았다가 다시 연결하거나 USB 디버깅을 껐다가 켜세요.</translation>
+    </message>
+    <message>
+        <source>adb does not reach the phone. Turn on USB debugging on it, or switch to Standard MTP.</source>
+        <translation>adb가 휴대폰에 연결하지 못합니다. 휴대폰에서 USB 디버깅을 켜거나 표준 MTP로 전환하세요.</translation>
+    </message>
+    <message>
+        <source>adb reaches several phones and cannot tell which one is meant. Unplug the others, or switch to Standard MTP.</source>
+        <translation>adb가 여러 휴대폰에 연결되어 어느 것인지 알 수 없습니다. 다른 휴대폰을 뽑거나 표준 MTP로 전환하세요.</translation>
+    </message>
+    <message>
+        <source>adb&apos;s server cannot be started.</source>
+        <translation>adb 서버를 시작할 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>The file is too large for this storage of the phone.</source>
+        <translation>파일이 휴대폰의 이 저장 공간에는 너무 큽니다.</translation>
+    </message>
+    <message>
+        <source>adb cannot be started.</source>
+        <translation>adb를 시작할 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>adb crashed.</source>
+        <translation>adb가 비정상 종료되었습니다.</translation>
+    </message>
+    <message>
+        <source>adb does not answer. Unplug the phone and plug it in again.</source>
+        <translation>adb가 응답하지 않습니다. 휴대폰을 뽑았다가 다시 연결하세요.</translation>
+    </message>
+    <message>
+        <source>adb is not installed.</source>
+        <translation>adb가 설치되어 있지 않습니다.</translation>
+    </message>
+    <message>
+        <source>The phone does not answer on the network.</source>
+        <translation>휴대폰가 네트워크에서 응답하지 않습니다.</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s adb is too old to pair: version 30 or newer is needed.</source>
+        <translation>이 컴퓨터의 adb는 너무 오래되어 페어링할 수 없습니다. 버전 30 이상이 필요합니다.</translation>
+    </message>
+    <message>
+        <source>Allow this computer on the phone, then connect again.</source>
+        <translation>휴대폰에서 이 컴퓨터를 허용한 다음 다시 연결하세요.</translation>
+    </message>
+    <message>
+        <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
+        <translation>터보 모드에 필요한 adb가 설치되어 있지 않습니다. 대신 표준 MTP로 휴대폰을 사용합니다.</translation>
+    </message>
+    <message>
+        <source>Install the adb tool, or switch the phone to Standard MTP.</source>
+        <translation>adb 도구를 설치하거나 휴대폰을 표준 MTP로 전환하세요.</translation>
+    </message>
+    <message>
+        <source>the folder cannot be created on this computer</source>
+        <translation>이 컴퓨터에 폴더를 만들 수 없음</translation>
+    </message>
+    <message>
+        <source>a folder of this name is on this computer</source>
+        <translation>이 컴퓨터에 이 이름의 폴더가 있음</translation>
+    </message>
+    <message>
+        <source>The documents of an app cannot be deleted as a whole.</source>
+        <translation>앱의 문서를 통째로 삭제할 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer was cut off</source>
+        <translation>서버의 응답이 중간에 끊겼습니다</translation>
+    </message>
+    <message>
+        <source>Check the spelling, or choose the folder below.</source>
+        <translation>철자를 확인하거나 아래에서 폴더를 선택하세요.</translation>
+    </message>
+    <message>
+        <source>the phone did not put it in the place of the old file.</source>
+        <translation>휴대폰이 이전 파일을 대체하지 않았습니다.</translation>
+    </message>
+    <message>
+        <source>a link to a folder</source>
+        <translation>폴더에 대한 링크</translation>
+    </message>
+    <message>
+        <source>a link that leads nowhere</source>
+        <translation>대상이 없는 링크</translation>
+    </message>
+    <message>
+        <source>a link</source>
+        <translation>링크</translation>
+    </message>
+    <message>
+        <source>not a regular file</source>
+        <translation>일반 파일이 아님</translation>
+    </message>
+    <message>
+        <source>the folder cannot be read</source>
+        <translation>폴더를 읽을 수 없음</translation>
+    </message>
+    <message>
+        <source>a folder of this name is there.</source>
+        <translation>같은 이름의 폴더가 있습니다.</translation>
+    </message>
+    <message>
+        <source>it is not a file.</source>
+        <translation>파일이 아닙니다.</translation>
+    </message>
+    <message>
+        <source>The device does not answer.</source>
+        <translation>기기가 응답하지 않습니다.</translation>
+    </message>
+    <message>
+        <source>another entry has the same name on this computer</source>
+        <translation>이 컴퓨터에서 다른 항목과 이름이 같음</translation>
+    </message>
+    <message>
+        <source>the phone lists this folder inside itself</source>
+        <translation>휴대전화가 이 폴더를 자기 자신 안에 표시함</translation>
+    </message>
+    <message>
+        <source>its folder could not be made</source>
+        <translation>해당 폴더를 만들 수 없었음</translation>
+    </message>
+    <message>
+        <source>The phone is busy with another copy. Try again when that one is done.</source>
+        <translation>휴대전화가 다른 복사를 하고 있습니다. 끝난 뒤 다시 시도하세요.</translation>
+    </message>
+    <message>
+        <source>no phone was chosen</source>
+        <translation>선택한 휴대전화가 없음</translation>
+    </message>
+    <message>
+        <source>folders are copied, not dragged</source>
+        <translation>폴더는 끌지 말고 복사하세요</translation>
+    </message>
+    <message>
+        <source>it is still being copied from the phone</source>
+        <translation>아직 휴대전화에서 복사 중임</translation>
+    </message>
+    <message>
+        <source>a name cannot be empty</source>
+        <translation>이름은 비워 둘 수 없음</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be deleted.</source>
+        <translation>저장 공간 전체를 삭제할 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be renamed.</source>
+        <translation>저장 공간 전체의 이름을 바꿀 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be moved.</source>
+        <translation>저장 공간 전체를 옮길 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>The phone cannot move files from one storage to another. Copy them instead.</source>
+        <translation>휴대전화는 파일을 다른 저장 공간으로 옮길 수 없습니다. 대신 복사하세요.</translation>
+    </message>
+    <message>
+        <source>A folder has no preview.</source>
+        <translation>폴더에는 미리보기가 없습니다.</translation>
+    </message>
+    <message>
+        <source>No storage available</source>
+        <translation>사용할 수 있는 저장 공간 없음</translation>
+    </message>
+    <message>
+        <source>No MTP storage found for upload</source>
+        <translation>업로드할 MTP 저장 공간을 찾을 수 없음</translation>
+    </message>
+    <message>
+        <source>No device connected for download</source>
+        <translation>다운로드할 기기가 연결되지 않음</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 외 %2개</translation>
+    </message>
+    <message>
+        <source>Internal Storage</source>
+        <translation>내부 저장소</translation>
+    </message>
+    <message>
+        <source>Idle</source>
+        <translation>대기</translation>
+    </message>
+    <message>
+        <source>Syncing…</source>
+        <translation>동기화 중…</translation>
+    </message>
+    <message>
+        <source>Synced</source>
+        <translation>동기화됨</translation>
+    </message>
+    <message>
+        <source>Up to date</source>
+        <translation>최신 상태</translation>
+    </message>
+    <message>
+        <source>Connecting to device…</source>
+        <translation>기기에 연결하는 중…</translation>
+    </message>
+    <message>
+        <source>Device disconnected</source>
+        <translation>기기 연결이 해제됨</translation>
+    </message>
+    <message>
+        <source>Scanning folders…</source>
+        <translation>폴더를 검사하는 중…</translation>
+    </message>
+    <message>
+        <source>Awaiting deletion confirmation…</source>
+        <translation>삭제 확인을 기다리는 중…</translation>
+    </message>
+    <message>
+        <source>Analyzing files…</source>
+        <translation>파일을 분석하는 중…</translation>
+    </message>
+    <message>
+        <source>Starting transfer…</source>
+        <translation>전송을 시작하는 중…</translation>
+    </message>
+    <message>
+        <source>Completed</source>
+        <translation>완료됨</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>취소됨</translation>
+    </message>
+    <message>
+        <source>Server returned non-200 status</source>
+        <translation>서버가 200이 아닌 상태를 반환했습니다</translation>
+    </message>
+    <message>
+        <source>Invalid version data format</source>
+        <translation>버전 데이터 형식이 잘못되었습니다</translation>
+    </message>
+    <message>
+        <source>The server did not answer in time</source>
+        <translation>서버가 제시간에 응답하지 않았습니다</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer is too long</source>
+        <translation>서버의 응답이 너무 깁니다</translation>
+    </message>
+    <message>
+        <source>The address is not a safe one</source>
+        <translation>안전한 주소가 아닙니다</translation>
+    </message>
+    <message>
+        <source>The server redirects without end</source>
+        <translation>서버가 끝없이 리디렉션합니다</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>휴대폰을 다시 연결하고 잠금을 해제하세요.</translation>
+    </message>
+    <message>
+        <source>Another folder is shown by now. Nothing was done.</source>
+        <translation>이제 다른 폴더가 표시되고 있습니다. 아무 작업도 하지 않았습니다.</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or moved on the phone.</source>
+        <translation>휴대폰에서 삭제되었거나 이동되었을 수 있습니다.</translation>
+    </message>
+    <message>
+        <source>Already There</source>
+        <translation>이미 있음</translation>
+    </message>
+    <message>
+        <source>Cannot enumerate %1</source>
+        <translation>%1을(를) 나열할 수 없음</translation>
+    </message>
+    <message>
+        <source>%1 changed while the folder was being read. Sync again.</source>
+        <translation>폴더를 읽는 동안 %1이(가) 변경되었습니다. 다시 동기화하세요.</translation>
+    </message>
+    <message>
+        <source>The phone lists the folder %1 inside itself.</source>
+        <translation>휴대전화가 폴더 %1을(를) 자기 자신 안에 표시합니다.</translation>
+    </message>
+    <message>
+        <source>%1 holds &quot;%2&quot;, which is no name of a file.</source>
+        <translation>%1에 파일 이름이 아닌 “%2”이(가) 있습니다.</translation>
+    </message>
+    <message>
+        <source>Cannot open local file for writing: %1</source>
+        <translation>이 컴퓨터의 파일을 쓰기용으로 열 수 없음: %1</translation>
+    </message>
+    <message>
+        <source>Cannot open local file for reading: %1</source>
+        <translation>이 컴퓨터의 파일을 읽기용으로 열 수 없음: %1</translation>
+    </message>
+    <message>
+        <source>The phone does not tell what %1 is.</source>
+        <translation>휴대전화가 %1이(가) 무엇인지 알려 주지 않습니다.</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used on this computer. Rename the folder on the phone first.</source>
+        <translation>이 컴퓨터에서 “%1” 이름을 쓸 수 없습니다. 먼저 휴대전화에서 폴더 이름을 바꾸세요.</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used on this computer. Rename it on the phone first.</source>
+        <translation>이 컴퓨터에서 “%1” 이름을 쓸 수 없습니다. 먼저 휴대전화에서 이름을 바꾸세요.</translation>
+    </message>
+    <message>
+        <source>No MTP handle for file %1</source>
+        <translation>파일 %1의 MTP 객체가 없음</translation>
+    </message>
+    <message>
+        <source>%1 became shorter while it was being copied. Copy it again.</source>
+        <translation>복사하는 동안 %1이(가) 짧아졌습니다. 다시 복사하세요.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has appeared on the phone meanwhile.</source>
+        <translation>그 사이에 “%1”이(가) 휴대전화에 생겼습니다.</translation>
+    </message>
+    <message>
+        <source>A folder named &quot;%1&quot; is already on the phone.</source>
+        <translation>“%1”이라는 폴더가 이미 휴대전화에 있습니다.</translation>
+    </message>
+    <message>
+        <source>A file named &quot;%1&quot; is already on the phone.</source>
+        <translation>“%1”이라는 파일이 이미 휴대전화에 있습니다.</translation>
+    </message>
+    <message>
+        <source>The phone does not show the new &quot;%1&quot;. The old one was kept.</source>
+        <translation>휴대전화에 새 “%1”이(가) 보이지 않습니다. 이전 것은 그대로 있습니다.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already on the phone, and this phone cannot replace files. Delete or rename the old one first.</source>
+        <translation>“%1”이(가) 이미 휴대전화에 있으며 이 휴대전화는 파일을 바꿀 수 없습니다. 먼저 이전 것을 삭제하거나 이름을 바꾸세요.</translation>
+    </message>
+    <message>
+        <source>The new &quot;%1&quot; is on the phone under the name &quot;%2&quot;: it could not be renamed (%3).</source>
+        <translation>새 “%1”은(는) “%2”라는 이름으로 휴대전화에 있습니다. 이름을 바꿀 수 없었습니다 (%3).</translation>
+    </message>
+    <message>
+        <source>The phone does not show the new folder &quot;%1&quot;.</source>
+        <translation>휴대전화에 새 폴더 “%1”이(가) 보이지 않습니다.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already there</source>
+        <translation>“%1”이(가) 이미 있음</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files was not copied: %3</source>
+        <translation>파일 %2개 중 %1개가 복사되지 않음: %3</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files were not copied: %3</source>
+        <translation>파일 %2개 중 %1개가 복사되지 않음: %3</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1 of %2 items: %3</source>
+        <translation>항목 %2개 중 %1개를 삭제하지 못함: %3</translation>
+    </message>
+    <message>
+        <source>Failed to move %1 of %2 items: %3</source>
+        <translation>항목 %2개 중 %1개를 옮기지 못함: %3</translation>
+    </message>
+    <message>
+        <source>Error: %1</source>
+        <translation>오류: %1</translation>
+    </message>
+    <message>
+        <source>Removing %1 from %2</source>
+        <translation>%2에서 %1 제거 중</translation>
+    </message>
+    <message>
+        <source>A file named %1 is on the device where a folder is needed.</source>
+        <translation>폴더가 필요한 위치에 기기에는 %1 파일이 있습니다.</translation>
+    </message>
+    <message>
+        <source>Cannot read the folder %1: %2</source>
+        <translation>폴더 %1을(를) 읽을 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <source>Cannot create the folder %1: %2</source>
+        <translation>폴더 %1을(를) 만들 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <source>Cannot delete %1: %2</source>
+        <translation>%1을(를) 삭제할 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <source>Cannot keep %1 as %2.</source>
+        <translation>%1을(를) %2(으)로 유지할 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>The folder of %1 was replaced while it was being synced.</source>
+        <translation>동기화하는 동안 %1의 폴더가 바뀌었습니다.</translation>
+    </message>
+    <message>
+        <source>The folder %1 is gone, although it was synced before. Is its disk missing? Going on makes a new, empty folder.</source>
+        <translation>이전에 동기화한 폴더 %1이(가) 없습니다. 디스크가 빠져 있나요? 계속하면 비어 있는 새 폴더가 만들어집니다.</translation>
+    </message>
+    <message>
+        <source>The folder %1 is missing.</source>
+        <translation>폴더 %1이(가) 없습니다.</translation>
+    </message>
+    <message>
+        <source>The folder on this computer is empty, although %1 files were in it after the last sync. Is its disk missing?</source>
+        <translation>마지막 동기화 후 파일 %1개가 있었는데 이 컴퓨터의 폴더가 비어 있습니다. 디스크가 빠져 있나요?</translation>
+    </message>
+    <message>
+        <source>The folder on the device is empty, although %1 files were in it after the last sync. Is its memory card missing?</source>
+        <translation>마지막 동기화 후 파일 %1개가 있었는데 기기의 폴더가 비어 있습니다. 메모리 카드가 빠져 있나요?</translation>
+    </message>
+    <message>
+        <source>%1 of the %2 files of the last sync would be deleted.</source>
+        <translation>마지막으로 동기화한 파일 %2개 중 %1개가 삭제됩니다.</translation>
+    </message>
+    <message>
+        <source>The device lists %1 inside itself.</source>
+        <translation>기기가 %1 안에 그 자신이 있다고 알려 왔습니다.</translation>
+    </message>
+    <message>
+        <source>The device does not show %1 as it was sent. It was not deleted here.</source>
+        <translation>기기의 %1이(가) 보낸 것과 다릅니다. 여기서는 삭제하지 않았습니다.</translation>
+    </message>
+    <message>
+        <source>The device does not show %1 as it was sent. Sync again.</source>
+        <translation>기기의 %1이(가) 보낸 것과 다릅니다. 다시 동기화하세요.</translation>
+    </message>
+    <message>
+        <source>%1 is not on this computer&apos;s disk as it was received.</source>
+        <translation>이 컴퓨터의 %1이(가) 받은 것과 다릅니다.</translation>
+    </message>
+    <message>
+        <source>%1 changed while it was being copied. Sync again.</source>
+        <translation>복사하는 동안 %1이(가) 변경되었습니다. 다시 동기화하세요.</translation>
+    </message>
+    <message>
+        <source>%1 changed while it was being copied. Copy it again.</source>
+        <translation>%1이(가) 복사하는 동안 변경되었습니다. 다시 복사하십시오.</translation>
+    </message>
+    <message>
+        <source>%1 has appeared on the device meanwhile.</source>
+        <translation>그 사이 기기에 %1이(가) 생겼습니다.</translation>
+    </message>
+    <message>
+        <source>%1 is not on the device any more. Sync again.</source>
+        <translation>%1이(가) 더 이상 기기에 없습니다. 다시 동기화하세요.</translation>
+    </message>
+    <message>
+        <source>%1 is a file on one side and a folder on the other</source>
+        <translation>%1이(가) 한쪽에서는 파일이고 다른 쪽에서는 폴더임</translation>
+    </message>
+    <message>
+        <source>in %1: %2</source>
+        <translation>%1 안: %2</translation>
+    </message>
+    <message>
+        <source>The phone does not allow %1 to be read.</source>
+        <translation>휴대폰이 %1 읽기를 허용하지 않습니다.</translation>
+    </message>
+    <message>
+        <source>The phone did not rename %1. %2</source>
+        <translation>휴대폰이 %1의 이름을 바꾸지 못했습니다. %2</translation>
+    </message>
+    <message>
+        <source>The phone did not make the folder %1. %2</source>
+        <translation>휴대폰이 폴더 %1을(를) 만들지 못했습니다. %2</translation>
+    </message>
+    <message>
+        <source>The phone did not delete %1. %2</source>
+        <translation>휴대폰이 %1을(를) 삭제하지 못했습니다. %2</translation>
+    </message>
+    <message>
+        <source>The phone did not delete %1.</source>
+        <translation>휴대전화가 %1을(를) 삭제하지 않았습니다.</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be made on the phone. %2</source>
+        <translation>휴대폰에 폴더 %1을(를) 만들 수 없습니다. %2</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be read whole.</source>
+        <translation>폴더 %1을(를) 끝까지 읽을 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used.</source>
+        <translation>이름 ‘%1’은(는) 쓸 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>ADB pull failed for %1: %2</source>
+        <translation>ADB로 %1을(를) 다운로드하지 못했습니다: %2</translation>
+    </message>
+    <message>
+        <source>ADB directory pull failed for %1: %2</source>
+        <translation>ADB로 폴더 %1을(를) 다운로드하지 못했습니다: %2</translation>
+    </message>
+    <message>
+        <source>ADB push failed for %1: %2</source>
+        <translation>ADB로 %1을(를) 업로드하지 못했습니다: %2</translation>
+    </message>
+    <message>
+        <source>the phone has %1 of %2 bytes.</source>
+        <translation>휴대폰에 %2바이트 중 %1바이트가 있습니다.</translation>
+    </message>
+    <message>
+        <source>the phone did not put it in the place of the old file. %1</source>
+        <translation>휴대폰이 이전 파일을 대체하지 않았습니다. %1</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is on the phone, which takes &quot;%2&quot; for the same name. Rename one of the two first.</source>
+        <translation>“%1”이(가) 휴대폰에 있으며, 휴대폰은 “%2”을(를) 같은 이름으로 취급합니다. 먼저 둘 중 하나의 이름을 바꾸세요.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has changed on the phone meanwhile. It was kept.</source>
+        <translation>“%1”이(가) 그 사이에 휴대폰에서 변경되어 그대로 두었습니다.</translation>
+    </message>
+    <message>
+        <source>adb ended with status %1.</source>
+        <translation>adb가 상태 %1(으)로 끝났습니다.</translation>
+    </message>
+    <message>
+        <source>A folder &quot;%1&quot; is already on the phone.</source>
+        <translation>폴더 ‘%1’이(가) 이미 휴대폰에 있습니다.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be the name of a file.</source>
+        <translation>‘%1’은(는) 파일 이름으로 쓸 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already there.</source>
+        <translation>‘%1’이(가) 이미 있습니다.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be moved into itself.</source>
+        <translation>‘%1’을(를) 그 자신 안으로 옮길 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>Device not found: %1</source>
+        <translation>기기를 찾을 수 없음: %1</translation>
+    </message>
+    <message>
+        <source>Lockdown error: %1</source>
+        <translation>Lockdown 오류: %1</translation>
+    </message>
+    <message>
+        <source>Failed to start service: %1</source>
+        <translation>서비스를 시작하지 못함: %1</translation>
+    </message>
+    <message>
+        <source>House Arrest error: %1</source>
+        <translation>House Arrest 오류: %1</translation>
+    </message>
+    <message>
+        <source>InstProxy error: %1</source>
+        <translation>InstProxy 오류: %1</translation>
+    </message>
+    <message>
+        <source>File I/O error: %1</source>
+        <translation>파일 오류: %1</translation>
+    </message>
+    <message>
+        <source>Failed to create %1: %2</source>
+        <translation>%1을(를) 만들지 못함: %2</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1: %2</source>
+        <translation>%1을(를) 삭제하지 못함: %2</translation>
+    </message>
+    <message>
+        <source>Failed to rename %1: %2</source>
+        <translation>%1의 이름을 바꾸지 못함: %2</translation>
+    </message>
+    <message>
+        <source>Failed to move %1: %2</source>
+        <translation>%1을(를) 옮기지 못함: %2</translation>
+    </message>
+    <message>
+        <source>Failed to drag out %1: %2</source>
+        <translation>%1을(를) 창 밖으로 끌어낼 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <source>Failed to check for updates (%1). Please try again later.</source>
+        <translation>업데이트를 확인하지 못했습니다(%1). 나중에 다시 시도하세요.</translation>
+    </message>
+    <message>
+        <source>%1 is using the phone.</source>
+        <translation>%1이(가) 휴대폰을 사용 중입니다.</translation>
+    </message>
+    <message>
+        <source>The folder &quot;%1&quot; is not on the phone any more.</source>
+        <translation>폴더 ‘%1’이(가) 더 이상 휴대폰에 없습니다.</translation>
+    </message>
+    <message>
+        <source>There is no &quot;%1&quot; on the phone.</source>
+        <translation>휴대폰에 ‘%1’이(가) 없습니다.</translation>
+    </message>
+    <message>
+        <source>There is no %1 on the phone. It may have been deleted or renamed: refresh the folder.</source>
+        <translation>%1이(가) 휴대폰에 없습니다. 삭제되었거나 이름이 바뀌었을 수 있으니 폴더를 새로고침하세요.</translation>
+    </message>
+    <message>
+        <source>The phone sent %1 of the %2 bytes of %3. Copy it again.</source>
+        <translation>휴대폰이 %3의 %2바이트 중 %1바이트만 보냈습니다. 다시 복사하세요.</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used on this computer.</source>
+        <translation>이 컴퓨터에서는 ‘%1’ 이름을 쓸 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is too large for a preview. Copy it to this computer first.</source>
+        <translation>‘%1’은(는) 너무 커서 미리 볼 수 없습니다. 먼저 이 컴퓨터로 복사하세요.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already on the phone.</source>
+        <translation>‘%1’이(가) 이미 휴대폰에 있습니다.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be a name on the phone.</source>
+        <translation>‘%1’은(는) 휴대폰에서 이름으로 쓸 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>%1 is not a folder.</source>
+        <translation>%1은(는) 폴더가 아닙니다.</translation>
+    </message>
+    <message>
+        <source>Cannot write into %1: %2</source>
+        <translation>%1 안에 쓸 수 없음: %2</translation>
+    </message>
+    <message>
+        <source>Cannot write %1: %2</source>
+        <translation>%1에 쓸 수 없음: %2</translation>
+    </message>
+    <message>
+        <source>Cannot read %1: %2</source>
+        <translation>%1을(를) 읽을 수 없음: %2</translation>
+    </message>
+    <message>
+        <source>Cannot create the folder %1 on this computer.</source>
+        <translation>이 컴퓨터에 폴더 %1을(를) 만들 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>Cannot read %1.</source>
+        <translation>%1을(를) 읽을 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>adb could not reach the phone: %1</source>
+        <translation>adb가 휴대폰에 연결하지 못했습니다: %1</translation>
+    </message>
+</context>
+<context>
+    <name>QPlatformTheme</name>
+    <message>
+        <source>OK</source>
+        <translation>확인</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>취소</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>닫기</translation>
+    </message>
+    <message>
+        <source>&amp;Yes</source>
+        <translation>예(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>&amp;No</source>
+        <translation>아니요(&amp;N)</translation>
+    </message>
+</context>
+<context>
+    <name>SyncFileList</name>
+    <message>
+        <source>Name</source>
+        <translation>이름</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>크기</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::AppListView</name>
+    <message>
+        <source>Apps</source>
+        <translation>앱</translation>
+    </message>
+    <message>
+        <source>Filter…</source>
+        <translation>필터…</translation>
+    </message>
+    <message>
+        <source>Looking for apps…</source>
+        <translation>앱을 찾는 중…</translation>
+    </message>
+    <message>
+        <source>No Apps That Share Files</source>
+        <translation>파일을 공유하는 앱 없음</translation>
+    </message>
+    <message>
+        <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
+        <translation>이 iPhone에는 파일을 공유하는 앱이 없습니다. 제작자가 파일 공유를 켠 앱만 컴퓨터에서 열 수 있으며, 사진이나 문서를 공개하지 않는 앱은 열 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>다시 시도</translation>
+    </message>
+    <message>
+        <source>No Matching Apps</source>
+        <translation>일치하는 앱 없음</translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>필터 지우기</translation>
+    </message>
+    <message>
+        <source>Connection Failed</source>
+        <translation>연결 실패</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::BreadcrumbBar</name>
+    <message>
+        <source>Path</source>
+        <translation>경로</translation>
+    </message>
+    <message>
+        <source>Folders in between</source>
+        <translation>중간 폴더</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::BrowserView</name>
+    <message numerus="yes">
+        <source>%Ln selected</source>
+        <translation>
+            <numerusform>%Ln개 선택됨</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Filter…</source>
+        <translation>필터…</translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>필터 지우기</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>경로</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>파일</translation>
+    </message>
+    <message>
+        <source>The phone is gone</source>
+        <translation>휴대폰 연결이 끊어졌습니다</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>휴대폰을 다시 연결하고 잠금을 해제하세요.</translation>
+    </message>
+    <message>
+        <source>Plug it in again, unlock it and choose File transfer on it.</source>
+        <translation>다시 연결하고 잠금을 해제한 뒤 ‘파일 전송’을 선택하세요.</translation>
+    </message>
+    <message>
+        <source>Folder Not Found</source>
+        <translation>폴더를 찾을 수 없음</translation>
+    </message>
+    <message>
+        <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
+        <translation>기기에서 이 폴더를 찾을 수 없습니다. 삭제되었거나 이동되었을 수 있습니다. 즐겨찾기에서 제거할까요?</translation>
+    </message>
+    <message>
+        <source>Remove from Favorites</source>
+        <translation>즐겨찾기에서 제거</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>유지</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or moved on the phone.</source>
+        <translation>휴대폰에서 삭제되었거나 이동되었을 수 있습니다.</translation>
+    </message>
+    <message>
+        <source>Enclosing Folder</source>
+        <translation>상위 폴더</translation>
+    </message>
+    <message>
+        <source>Connection Failed</source>
+        <translation>연결 실패</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>다시 시도</translation>
+    </message>
+    <message>
+        <source>Loading directory contents…</source>
+        <translation>폴더 내용을 불러오는 중…</translation>
+    </message>
+    <message>
+        <source>Loading device storage…</source>
+        <translation>기기 저장 공간을 불러오는 중…</translation>
+    </message>
+    <message>
+        <source>No Matching Files</source>
+        <translation>일치하는 파일 없음</translation>
+    </message>
+    <message>
+        <source>Nothing here has “%1” in its name.</source>
+        <translation>이름에 ‘%1’이(가) 들어간 항목이 없습니다.</translation>
+    </message>
+    <message>
+        <source>This folder is empty</source>
+        <translation>이 폴더는 비어 있습니다</translation>
+    </message>
+    <message>
+        <source>Drop files here to copy them to the phone.</source>
+        <translation>여기에 파일을 놓으면 휴대폰으로 복사됩니다.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>항목 %Ln개</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %Ln items</source>
+        <translation>
+            <numerusform>항목 %Ln개 중 %1개</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of %2 done (Esc stops)</source>
+        <translation>%2개 중 %1개 완료(Esc로 중지)</translation>
+    </message>
+    <message>
+        <source>reading…</source>
+        <translation>읽는 중…</translation>
+    </message>
+    <message>
+        <source>View Mode</source>
+        <translation>보기 방식</translation>
+    </message>
+    <message>
+        <source>Add to Favorites</source>
+        <translation>즐겨찾기에 추가</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>삭제</translation>
+    </message>
+    <message>
+        <source>Delete selected items?</source>
+        <translation>선택한 항목을 삭제할까요?</translation>
+    </message>
+    <message>
+        <source>“%1” will be deleted from the phone.</source>
+        <translation>‘%1’이(가) 휴대폰에서 삭제됩니다.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be deleted from the phone.</source>
+        <translation>
+            <numerusform>항목 %Ln개가 휴대폰에서 삭제됩니다.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>이 작업은 취소할 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>Copy to</source>
+        <translation>복사할 위치</translation>
+    </message>
+    <message>
+        <source>Copy Files to the Phone</source>
+        <translation>휴대폰으로 파일 복사</translation>
+    </message>
+    <message>
+        <source>Copy a Folder to the Phone</source>
+        <translation>휴대폰으로 폴더 복사</translation>
+    </message>
+    <message>
+        <source>Into “%1”</source>
+        <translation>‘%1’(으)로</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::DeviceListModel</name>
+    <message>
+        <source>Needs your attention</source>
+        <translation>확인이 필요합니다</translation>
+    </message>
+    <message>
+        <source>Battery %1 %</source>
+        <translation>배터리 %1 %</translation>
+    </message>
+    <message>
+        <source>Locked: unlock it</source>
+        <translation>잠김: 잠금을 해제하세요</translation>
+    </message>
+    <message>
+        <source>Connecting…</source>
+        <translation>연결하는 중…</translation>
+    </message>
+    <message>
+        <source>Reading storage…</source>
+        <translation>저장 공간을 읽는 중…</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FactsView</name>
+    <message>
+        <source>Cancel</source>
+        <translation>취소</translation>
+    </message>
+    <message>
+        <source>Fetching the file</source>
+        <translation>파일을 가져오는 중</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1/%2</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FileItemDelegate</name>
+    <message>
+        <source>Folder name</source>
+        <translation>폴더 이름</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>이름</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FileTableView</name>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>항목 %Ln개</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::MainWindow</name>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>이 컴퓨터의 폴더</translation>
+    </message>
+    <message>
+        <source>Tessary: Virtual Phones</source>
+        <translation>Tessary: 가상 휴대폰</translation>
+    </message>
+    <message>
+        <source>Quit Tessary</source>
+        <translation>Tessary 종료</translation>
+    </message>
+    <message>
+        <source>Files are still being copied.</source>
+        <translation>아직 파일을 복사하고 있습니다.</translation>
+    </message>
+    <message>
+        <source>A sync is still running.</source>
+        <translation>동기화가 아직 진행 중입니다.</translation>
+    </message>
+    <message>
+        <source>Quitting cancels this. What has arrived whole stays.</source>
+        <translation>종료하면 취소됩니다. 온전히 도착한 것은 남습니다.</translation>
+    </message>
+    <message>
+        <source>This phone is locked</source>
+        <translation>이 휴대폰은 잠겨 있습니다</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>잠금을 해제하고 USB 알림에서 ‘파일 전송’을 선택하면 파일이 표시됩니다. 이 창은 자동으로 바뀝니다.</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>휴대폰 연결 풀기</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>다시 시도</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::ModeSwitch</name>
+    <message>
+        <source>Works with every phone, nothing to set up.</source>
+        <translation>모든 휴대폰에서 설정 없이 작동합니다.</translation>
+    </message>
+    <message>
+        <source>Faster and sees more. Needs USB debugging on the phone.</source>
+        <translation>더 빠르고 더 많이 보여 줍니다. 휴대폰의 USB 디버깅이 필요합니다.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PreviewWindow</name>
+    <message>
+        <source>Cancelled</source>
+        <translation>취소됨</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>이전 항목</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>다음 항목</translation>
+    </message>
+    <message>
+        <source>Previous Page</source>
+        <translation>이전 페이지</translation>
+    </message>
+    <message>
+        <source>Next Page</source>
+        <translation>다음 페이지</translation>
+    </message>
+    <message>
+        <source>Quick Look</source>
+        <translation>훑어보기</translation>
+    </message>
+    <message>
+        <source>“%1” is too large for a preview. Copy it to this computer first.</source>
+        <translation>“%1”은(는) 너무 커서 미리 볼 수 없습니다. 먼저 이 컴퓨터로 복사하세요.</translation>
+    </message>
+    <message>
+        <source>It cannot be shown: it is damaged, too large or protected.</source>
+        <translation>표시할 수 없습니다. 손상되었거나 너무 크거나 보호되어 있습니다.</translation>
+    </message>
+    <message>
+        <source>only its beginning is shown</source>
+        <translation>앞부분만 표시</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>%1/%2페이지</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PropertiesDialog</name>
+    <message numerus="yes">
+        <source>%1 bytes</source>
+        <translation>
+            <numerusform>%1바이트</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>종류</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>크기</translation>
+    </message>
+    <message>
+        <source>Content</source>
+        <translation>포함된 항목</translation>
+    </message>
+    <message>
+        <source>Date Modified</source>
+        <translation>수정일</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>경로</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>폴더</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>닫기</translation>
+    </message>
+    <message>
+        <source>Properties</source>
+        <translation>속성</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>항목 %Ln개</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Various kinds</source>
+        <translation>여러 종류</translation>
+    </message>
+    <message>
+        <source>Stop Counting</source>
+        <translation>세기 중단</translation>
+    </message>
+    <message>
+        <source>Counting the content</source>
+        <translation>항목을 세는 중</translation>
+    </message>
+    <message>
+        <source>Files: %1, folders: %2</source>
+        <translation>파일: %1, 폴더: %2</translation>
+    </message>
+    <message>
+        <source>The count was stopped: there may be more.</source>
+        <translation>세기를 중단했습니다. 항목이 더 있을 수 있습니다.</translation>
+    </message>
+    <message>
+        <source>Folders that could not be read: %1</source>
+        <translation>읽을 수 없는 폴더: %1</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SettingsWindow</name>
+    <message>
+        <source>Settings</source>
+        <translation>설정</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>일반</translation>
+    </message>
+    <message>
+        <source>Sync</source>
+        <translation>동기화</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <translation>업데이트</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>정보</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>언어</translation>
+    </message>
+    <message>
+        <source>System Default</source>
+        <translation>시스템 기본값</translation>
+    </message>
+    <message>
+        <source>Choose your preferred display language. Changes apply immediately.</source>
+        <translation>표시 언어를 선택하세요. 변경 사항은 즉시 적용됩니다.</translation>
+    </message>
+    <message>
+        <source>Open the window as it was left</source>
+        <translation>마지막 상태로 창 열기</translation>
+    </message>
+    <message>
+        <source>Automatically check for updates</source>
+        <translation>자동으로 업데이트 확인</translation>
+    </message>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>업데이트 확인…</translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <translation>버전</translation>
+    </message>
+    <message>
+        <source>Browse phones and copy files to and from them.</source>
+        <translation>휴대폰을 둘러보고 파일을 양방향으로 복사합니다.</translation>
+    </message>
+    <message>
+        <source>Website</source>
+        <translation>웹사이트</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::Sidebar</name>
+    <message>
+        <source>Camera &amp; Photos</source>
+        <translation>카메라 및 사진</translation>
+    </message>
+    <message>
+        <source>Downloads</source>
+        <translation>다운로드</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>사진</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>음악</translation>
+    </message>
+    <message>
+        <source>Movies &amp; Videos</source>
+        <translation>영화 및 동영상</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>문서</translation>
+    </message>
+    <message>
+        <source>Wireless Devices…</source>
+        <translation>무선 기기…</translation>
+    </message>
+    <message>
+        <source>Favorites</source>
+        <translation>즐겨찾기</translation>
+    </message>
+    <message>
+        <source>Quick Shortcuts</source>
+        <translation>바로가기</translation>
+    </message>
+    <message>
+        <source>Storage Volumes</source>
+        <translation>저장 공간</translation>
+    </message>
+    <message>
+        <source>Connected Devices</source>
+        <translation>연결된 기기</translation>
+    </message>
+    <message>
+        <source>No Devices</source>
+        <translation>기기 없음</translation>
+    </message>
+    <message>
+        <source>Connect an iOS or Android device via USB</source>
+        <translation>iOS 또는 Android 기기를 USB로 연결하세요</translation>
+    </message>
+    <message>
+        <source>Drop a folder here to keep it at hand.</source>
+        <translation>폴더를 여기에 놓으면 바로 열 수 있습니다.</translation>
+    </message>
+    <message>
+        <source>Remove from Favorites</source>
+        <translation>즐겨찾기에서 제거</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::StatusBanner</name>
+    <message>
+        <source>Close this message</source>
+        <translation>이 메시지 닫기</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairList</name>
+    <message>
+        <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
+        <translation>아직 동기화하는 폴더가 없습니다. 휴대폰의 폴더를 열고 ‘이 폴더 동기화…’를 선택하세요.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairRow</name>
+    <message>
+        <source>Queued</source>
+        <translation>대기 중</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>지금 동기화</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>취소</translation>
+    </message>
+    <message>
+        <source>Remove This Pair</source>
+        <translation>이 짝 제거</translation>
+    </message>
+    <message>
+        <source>Stop keeping these folders in step?</source>
+        <translation>이 폴더들의 동기화를 그만둘까요?</translation>
+    </message>
+    <message>
+        <source>No file is deleted on either side.</source>
+        <translation>어느 쪽에서도 파일이 삭제되지 않습니다.</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>제거</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairSheet</name>
+    <message>
+        <source>A file deleted on one side is deleted on the other, after asking</source>
+        <translation>한쪽에서 삭제된 파일은 확인 후 다른 쪽에서도 삭제됩니다</translation>
+    </message>
+    <message>
+        <source>Remove files from where they came once they have arrived</source>
+        <translation>파일이 도착하면 원래 위치에서 제거</translation>
+    </message>
+    <message>
+        <source>Sync This Folder</source>
+        <translation>이 폴더 동기화</translation>
+    </message>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>이 컴퓨터의 폴더</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>방향</translation>
+    </message>
+    <message>
+        <source>Both ways</source>
+        <translation>양방향</translation>
+    </message>
+    <message>
+        <source>Only to the phone</source>
+        <translation>휴대폰으로만</translation>
+    </message>
+    <message>
+        <source>Only to this computer</source>
+        <translation>이 컴퓨터로만</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>선택…</translation>
+    </message>
+    <message>
+        <source>Folder on the phone</source>
+        <translation>휴대폰의 폴더</translation>
+    </message>
+    <message>
+        <source>Show What Will Happen</source>
+        <translation>실행될 내용 보기</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPanel</name>
+    <message>
+        <source>Sync</source>
+        <translation>동기화</translation>
+    </message>
+    <message>
+        <source>Sync This Folder…</source>
+        <translation>이 폴더 동기화…</translation>
+    </message>
+    <message>
+        <source>Sync All</source>
+        <translation>모두 동기화</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPreviewDialog</name>
+    <message>
+        <source>Copy to the phone</source>
+        <translation>휴대폰으로 복사</translation>
+    </message>
+    <message>
+        <source>Copy to this computer</source>
+        <translation>이 컴퓨터로 복사</translation>
+    </message>
+    <message>
+        <source>Move to the phone</source>
+        <translation>휴대폰으로 이동</translation>
+    </message>
+    <message>
+        <source>Move to this computer</source>
+        <translation>이 컴퓨터로 이동</translation>
+    </message>
+    <message>
+        <source>Changed on both sides: keep both</source>
+        <translation>양쪽에서 변경됨: 둘 다 유지</translation>
+    </message>
+    <message>
+        <source>Delete on the phone</source>
+        <translation>휴대폰에서 삭제</translation>
+    </message>
+    <message>
+        <source>Delete on this computer</source>
+        <translation>이 컴퓨터에서 삭제</translation>
+    </message>
+    <message>
+        <source>Leave as it is</source>
+        <translation>그대로 두기</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>건너뛰기</translation>
+    </message>
+    <message>
+        <source>What Will Happen</source>
+        <translation>실행될 내용</translation>
+    </message>
+    <message>
+        <source>Action</source>
+        <translation>작업</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>지금 동기화</translation>
+    </message>
+    <message>
+        <source>Comparing the folders…</source>
+        <translation>폴더를 비교하는 중…</translation>
+    </message>
+    <message>
+        <source>The folders cannot be compared</source>
+        <translation>폴더를 비교할 수 없습니다</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files are the same already</source>
+        <translation>
+            <numerusform>이미 같은 파일 %Ln개</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files to go through, %1 to copy</source>
+        <translation>
+            <numerusform>확인할 파일 %Ln개, 복사할 양 %1</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncQuestionDialog</name>
+    <message>
+        <source>On this computer</source>
+        <translation>이 컴퓨터</translation>
+    </message>
+    <message>
+        <source>On the phone</source>
+        <translation>휴대폰</translation>
+    </message>
+    <message>
+        <source>Files to delete</source>
+        <translation>삭제할 파일</translation>
+    </message>
+    <message>
+        <source>Where</source>
+        <translation>위치</translation>
+    </message>
+    <message>
+        <source>edited since the last sync</source>
+        <translation>마지막 동기화 이후 편집됨</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>유지</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>취소</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>삭제</translation>
+    </message>
+    <message>
+        <source>Create Again</source>
+        <translation>다시 만들기</translation>
+    </message>
+    <message>
+        <source>Delete Files?</source>
+        <translation>파일을 삭제할까요?</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files were deleted on one side. Delete them on the other, too?</source>
+        <translation>
+            <numerusform>파일 %Ln개가 한쪽에서 삭제되었습니다. 다른 쪽에서도 삭제할까요?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>What you keep is copied back.</source>
+        <translation>유지하는 것은 다시 복사됩니다.</translation>
+    </message>
+    <message>
+        <source>Folder Missing</source>
+        <translation>폴더 없음</translation>
+    </message>
+    <message>
+        <source>The folder on this computer is gone</source>
+        <translation>이 컴퓨터의 폴더가 없어졌습니다</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferListModel</name>
+    <message>
+        <source>Finishing: the phone is still storing the file</source>
+        <translation>마무리 중: 휴대폰이 파일을 저장하고 있습니다</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1/%Ln files</source>
+        <translation>
+            <numerusform>파일 %1/%Ln</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 left</source>
+        <translation>%1 남음</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferNotice</name>
+    <message>
+        <source>“%1” is copied.</source>
+        <translation>‘%1’을(를) 복사했습니다.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items are copied.</source>
+        <translation>
+            <numerusform>%Ln개 항목을 복사했습니다.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” was not copied.</source>
+        <translation>‘%1’을(를) 복사하지 못했습니다.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items were not copied.</source>
+        <translation>
+            <numerusform>%1개 항목 중 %Ln개를 복사하지 못했습니다.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Copying has finished</source>
+        <translation>복사가 끝났습니다</translation>
+    </message>
+    <message>
+        <source>Copying went wrong</source>
+        <translation>복사 중 문제가 발생했습니다</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferPanel</name>
+    <message>
+        <source>All transfers have ended</source>
+        <translation>모든 전송이 끝났습니다</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1/%2</translation>
+    </message>
+    <message>
+        <source>%1 left</source>
+        <translation>%1 남음</translation>
+    </message>
+    <message>
+        <source>Transfers</source>
+        <translation>전송</translation>
+    </message>
+    <message>
+        <source>Cancel All</source>
+        <translation>모두 취소</translation>
+    </message>
+    <message>
+        <source>Clear Finished</source>
+        <translation>완료된 항목 지우기</translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>폴더에서 보기</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>취소</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TranslatedFileModel</name>
+    <message>
+        <source>Name</source>
+        <translation>이름</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>크기</translation>
+    </message>
+    <message>
+        <source>Date Modified</source>
+        <translation>수정일</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>종류</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::UpdateAlerts</name>
+    <message>
+        <source>Help</source>
+        <translation>도움말</translation>
+    </message>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>업데이트 확인…</translation>
+    </message>
+    <message>
+        <source>Update Check Failed</source>
+        <translation>업데이트 확인 실패</translation>
+    </message>
+    <message>
+        <source>Tessary v%1 is currently the newest version.</source>
+        <translation>Tessary v%1은(는) 현재 최신 버전입니다.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>확인</translation>
+    </message>
+    <message>
+        <source>A new version of Tessary is available.</source>
+        <translation>새 버전의 Tessary를 사용할 수 있습니다.</translation>
+    </message>
+    <message>
+        <source>Tessary %1 is available</source>
+        <translation>Tessary %1을(를) 사용할 수 있습니다</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>다운로드</translation>
+    </message>
+    <message>
+        <source>Skip This Version</source>
+        <translation>이 버전 건너뛰기</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>나중에</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WelcomeView</name>
+    <message>
+        <source>Connect a phone</source>
+        <translation>휴대폰을 연결하세요</translation>
+    </message>
+    <message>
+        <source>Try It with a Virtual Phone</source>
+        <translation>가상 휴대폰으로 사용해 보기</translation>
+    </message>
+    <message>
+        <source>Starts Tessary again with two virtual phones, which hold sample files</source>
+        <translation>예제 파일이 든 가상 휴대폰 두 대로 Tessary를 다시 시작합니다</translation>
+    </message>
+    <message>
+        <source>Plug it in</source>
+        <translation>연결하기</translation>
+    </message>
+    <message>
+        <source>Use a cable that carries data: some only charge.</source>
+        <translation>데이터 케이블을 사용하세요. 충전만 되는 케이블도 있습니다.</translation>
+    </message>
+    <message>
+        <source>Unlock it</source>
+        <translation>잠금 해제하기</translation>
+    </message>
+    <message>
+        <source>A locked phone shows nothing of its storage.</source>
+        <translation>잠긴 휴대폰은 저장 공간을 보여 주지 않습니다.</translation>
+    </message>
+    <message>
+        <source>Choose “File transfer” on it</source>
+        <translation>‘파일 전송’ 선택하기</translation>
+    </message>
+    <message>
+        <source>Android asks in a notification that says “Charging this device via USB”.</source>
+        <translation>Android에서는 ‘USB로 이 기기 충전 중’ 알림에서 선택합니다.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WirelessDialog</name>
+    <message>
+        <source>Pairing…</source>
+        <translation>페어링하는 중…</translation>
+    </message>
+    <message>
+        <source>Connecting…</source>
+        <translation>연결하는 중…</translation>
+    </message>
+    <message>
+        <source>Paired</source>
+        <translation>페어링됨</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>연결됨</translation>
+    </message>
+    <message>
+        <source>Waiting to be paired</source>
+        <translation>페어링 대기 중</translation>
+    </message>
+    <message>
+        <source>Ready to connect</source>
+        <translation>연결할 수 있음</translation>
+    </message>
+    <message>
+        <source>Wireless Devices</source>
+        <translation>무선 기기</translation>
+    </message>
+    <message>
+        <source>Phones on this network on which wireless debugging is switched on.</source>
+        <translation>이 네트워크에서 무선 디버깅이 켜져 있는 휴대폰입니다.</translation>
+    </message>
+    <message>
+        <source>Looking for phones…</source>
+        <translation>휴대폰를 찾는 중…</translation>
+    </message>
+    <message>
+        <source>Search Again</source>
+        <translation>다시 찾기</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>닫기</translation>
+    </message>
+    <message>
+        <source>This computer cannot look for phones on the network: the service for it (avahi-daemon) does not run.</source>
+        <translation>이 컴퓨터에서는 네트워크의 휴대폰를 찾을 수 없습니다. 필요한 서비스(avahi-daemon)가 실행되고 있지 않습니다.</translation>
+    </message>
+    <message>
+        <source>On the phone, switch on wireless debugging in the developer options. It must be on the same network as this computer.</source>
+        <translation>휴대폰의 개발자 옵션에서 무선 디버깅을 켜세요. 이 컴퓨터와 같은 네트워크에 있어야 합니다.</translation>
+    </message>
+    <message>
+        <source>A phone that waits to be paired shows a code of six digits.</source>
+        <translation>페어링을 기다리는 휴대폰에는 6자리 코드가 표시됩니다.</translation>
+    </message>
+    <message>
+        <source>Pair…</source>
+        <translation>페어링…</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>연결</translation>
+    </message>
+    <message>
+        <source>The six digits that the phone shows:</source>
+        <translation>휴대폰에 표시된 6자리 숫자:</translation>
+    </message>
+    <message>
+        <source>Pair</source>
+        <translation>페어링</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>취소</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,2410 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="pt_BR" sourcelanguage="en_US">
+<context>
+    <name>BrowserActions</name>
+    <message>
+        <source>Back</source>
+        <translation>Voltar</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Avançar</translation>
+    </message>
+    <message>
+        <source>Enclosing Folder</source>
+        <translation>Pasta superior</translation>
+    </message>
+    <message>
+        <source>Go to Folder…</source>
+        <translation>Ir para a pasta…</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Recarregar</translation>
+    </message>
+    <message>
+        <source>Open Folder</source>
+        <translation>Abrir pasta</translation>
+    </message>
+    <message>
+        <source>New Folder</source>
+        <translation>Nova pasta</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Renomear</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Apagar</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Baixar</translation>
+    </message>
+    <message>
+        <source>Copy Files Here…</source>
+        <translation>Copiar arquivos para cá…</translation>
+    </message>
+    <message>
+        <source>Copy a Folder Here…</source>
+        <translation>Copiar uma pasta para cá…</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Selecionar tudo</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filtro</translation>
+    </message>
+    <message>
+        <source>As List</source>
+        <translation>Como lista</translation>
+    </message>
+    <message>
+        <source>As Grid</source>
+        <translation>Como grade</translation>
+    </message>
+    <message>
+        <source>Add to Favorites</source>
+        <translation>Adicionar aos favoritos</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>Apps</translation>
+    </message>
+    <message>
+        <source>Sync</source>
+        <translation>Sincronização</translation>
+    </message>
+    <message>
+        <source>Quick Look</source>
+        <translation>Visualização rápida</translation>
+    </message>
+    <message>
+        <source>Properties</source>
+        <translation>Propriedades</translation>
+    </message>
+</context>
+<context>
+    <name>BrowserEdit</name>
+    <message>
+        <source>New Folder</source>
+        <translation>Nova pasta</translation>
+    </message>
+    <message>
+        <source>New Folder %1</source>
+        <translation>Nova pasta %1</translation>
+    </message>
+</context>
+<context>
+    <name>ByteFormat</name>
+    <message>
+        <source>1 byte</source>
+        <translation>1 byte</translation>
+    </message>
+</context>
+<context>
+    <name>ClashQuestion</name>
+    <message>
+        <source>Already There</source>
+        <translation>Já existe</translation>
+    </message>
+    <message>
+        <source>“%1” is already there.</source>
+        <translation>“%1” já existe.</translation>
+    </message>
+    <message>
+        <source>New: %1</source>
+        <translation>Novo: %1</translation>
+    </message>
+    <message>
+        <source>There: %1</source>
+        <translation>Existente: %1</translation>
+    </message>
+    <message>
+        <source>Replacing merges the folders; files of the same name in them are replaced.</source>
+        <translation>Ao substituir, as pastas são combinadas; os arquivos de mesmo nome são substituídos.</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Substituir</translation>
+    </message>
+    <message>
+        <source>Keep Both</source>
+        <translation>Manter ambos</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>Pular</translation>
+    </message>
+    <message numerus="yes">
+        <source>Do the same for the other %Ln</source>
+        <translation>
+            <numerusform>Fazer o mesmo com o outro</numerusform>
+            <numerusform>Fazer o mesmo com os outros %Ln</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not Enough Space</source>
+        <translation>Espaço insuficiente</translation>
+    </message>
+    <message>
+        <source>There is not enough space for this copy.</source>
+        <translation>Não há espaço suficiente para esta cópia.</translation>
+    </message>
+    <message>
+        <source>It needs at least %1, and %2 are free in “%3”.</source>
+        <translation>Ela precisa de pelo menos %1, e em “%3” há %2 livres.</translation>
+    </message>
+    <message>
+        <source>It needs %1, and %2 are free in “%3”.</source>
+        <translation>Ela precisa de %1, e em “%3” há %2 livres.</translation>
+    </message>
+    <message>
+        <source>Copy Anyway</source>
+        <translation>Copiar mesmo assim</translation>
+    </message>
+</context>
+<context>
+    <name>DisplayNames</name>
+    <message>
+        <source>Folder</source>
+        <translation>Pasta</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>Imagem</translation>
+    </message>
+    <message>
+        <source>Video</source>
+        <translation>Vídeo</translation>
+    </message>
+    <message>
+        <source>Audio</source>
+        <translation>Áudio</translation>
+    </message>
+    <message>
+        <source>Document</source>
+        <translation>Documento</translation>
+    </message>
+    <message>
+        <source>Archive</source>
+        <translation>Arquivo compactado</translation>
+    </message>
+    <message>
+        <source>APK Package</source>
+        <translation>Pacote APK</translation>
+    </message>
+    <message>
+        <source>Source Code</source>
+        <translation>Código-fonte</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Arquivo</translation>
+    </message>
+    <message>
+        <source>iOS File Transfer</source>
+        <translation>Transferência de arquivos iOS</translation>
+    </message>
+    <message>
+        <source>Standard MTP</source>
+        <translation>MTP padrão</translation>
+    </message>
+    <message>
+        <source>Turbo Mode (ADB)</source>
+        <translation>Modo turbo (ADB)</translation>
+    </message>
+    <message>
+        <source>Upload</source>
+        <translation>Envio</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Baixar</translation>
+    </message>
+    <message>
+        <source>Queued</source>
+        <translation>Na fila</translation>
+    </message>
+    <message>
+        <source>In Progress</source>
+        <translation>Em andamento</translation>
+    </message>
+    <message>
+        <source>Completed</source>
+        <translation>Concluído</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Falhou</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>Cancelado</translation>
+    </message>
+    <message>
+        <source>Internal Storage</source>
+        <translation>Armazenamento interno</translation>
+    </message>
+    <message>
+        <source>Internal Shared Storage</source>
+        <translation>Armazenamento interno compartilhado</translation>
+    </message>
+    <message>
+        <source>SD Card</source>
+        <translation>Cartão SD</translation>
+    </message>
+    <message>
+        <source>%1 free of %2</source>
+        <translation>%1 livres de %2</translation>
+    </message>
+    <message>
+        <source>Move to the phone</source>
+        <translation>Mover para o telefone</translation>
+    </message>
+    <message>
+        <source>Only to the phone</source>
+        <translation>Só para o telefone</translation>
+    </message>
+    <message>
+        <source>Move to this computer</source>
+        <translation>Mover para este computador</translation>
+    </message>
+    <message>
+        <source>Only to this computer</source>
+        <translation>Só para este computador</translation>
+    </message>
+    <message>
+        <source>Both ways</source>
+        <translation>Nos dois sentidos</translation>
+    </message>
+</context>
+<context>
+    <name>MainMenu</name>
+    <message>
+        <source>Settings</source>
+        <translation>Ajustes</translation>
+    </message>
+    <message>
+        <source>Wireless Devices…</source>
+        <translation>Dispositivos sem fio…</translation>
+    </message>
+    <message>
+        <source>Quit Tessary</source>
+        <translation>Sair do Tessary</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Arquivo</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Editar</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>Exibir</translation>
+    </message>
+    <message>
+        <source>Go</source>
+        <translation>Ir</translation>
+    </message>
+</context>
+<context>
+    <name>Message</name>
+    <message>
+        <source>The phone is full: delete something on it, or copy less.</source>
+        <translation>O telefone está cheio: apague algo ou copie menos.</translation>
+    </message>
+    <message>
+        <source>The app does not allow this.</source>
+        <translation>O app não permite isso.</translation>
+    </message>
+    <message>
+        <source>The phone does not answer: unlock it. If that does not help, unplug it and plug it in again.</source>
+        <translation>O telefone não responde: desbloqueie-o. Se não adiantar, desconecte-o e conecte-o de novo.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and try again.</source>
+        <translation>Desbloqueie o telefone e tente de novo.</translation>
+    </message>
+    <message>
+        <source>Unplug the phone, plug it in again and tap Trust on it.</source>
+        <translation>Desconecte o telefone, conecte-o de novo e toque em “Confiar”.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and tap Trust on it.</source>
+        <translation>Desbloqueie o telefone e toque em “Confiar”.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone, tap Trust on it when it asks, and try again.</source>
+        <translation>Desbloqueie o telefone, toque em “Confiar” quando ele perguntar e tente de novo.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone. If that does not help, the app does not share its files with computers.</source>
+        <translation>Desbloqueie o telefone. Se não adiantar, o app não compartilha seus arquivos com computadores.</translation>
+    </message>
+    <message>
+        <source>Another program is using the phone.</source>
+        <translation>Outro programa está usando o telefone.</translation>
+    </message>
+    <message>
+        <source>Close it, or unmount the phone in the desktop&apos;s file manager, and try again.</source>
+        <translation>Feche-o ou desmonte o telefone no gerenciador de arquivos da área de trabalho e tente de novo.</translation>
+    </message>
+    <message>
+        <source>The phone is not connected.</source>
+        <translation>O telefone não está conectado.</translation>
+    </message>
+    <message>
+        <source>The phone was unplugged.</source>
+        <translation>O telefone foi desconectado.</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again, unlock it and choose File transfer on it.</source>
+        <translation>Conecte o telefone de novo, desbloqueie-o e escolha nele “Transferência de arquivos”.</translation>
+    </message>
+    <message>
+        <source>The phone does not answer.</source>
+        <translation>O telefone não responde.</translation>
+    </message>
+    <message>
+        <source>Unlock it. If that does not help, unplug it and plug it in again.</source>
+        <translation>Desbloqueie-o. Se não adiantar, desconecte-o e conecte-o de novo.</translation>
+    </message>
+    <message>
+        <source>The phone broke the transfer off.</source>
+        <translation>O telefone interrompeu a transferência.</translation>
+    </message>
+    <message>
+        <source>Try again. If that does not help, unplug the phone and plug it in again.</source>
+        <translation>Tente de novo. Se não adiantar, desconecte o telefone e conecte-o de novo.</translation>
+    </message>
+    <message>
+        <source>This user may not open the phone&apos;s USB device.</source>
+        <translation>Este usuário não pode abrir o dispositivo USB do telefone.</translation>
+    </message>
+    <message>
+        <source>Install the udev rule that comes with Tessary, then plug the phone in again.</source>
+        <translation>Instale a regra udev que vem com o Tessary e conecte o telefone de novo.</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is full.</source>
+        <translation>O armazenamento do telefone está cheio.</translation>
+    </message>
+    <message>
+        <source>Delete something on the phone, or copy less.</source>
+        <translation>Apague algo no telefone ou copie menos.</translation>
+    </message>
+    <message>
+        <source>This storage of the phone is read-only.</source>
+        <translation>Este armazenamento do telefone é somente leitura.</translation>
+    </message>
+    <message>
+        <source>Choose another folder.</source>
+        <translation>Escolha outra pasta.</translation>
+    </message>
+    <message>
+        <source>The phone protects this file.</source>
+        <translation>O telefone protege este arquivo.</translation>
+    </message>
+    <message>
+        <source>The phone does not allow this.</source>
+        <translation>O telefone não permite isso.</translation>
+    </message>
+    <message>
+        <source>Unlock it, and try another folder.</source>
+        <translation>Desbloqueie-o e tente outra pasta.</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is not available.</source>
+        <translation>O armazenamento do telefone não está disponível.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and choose File transfer on it.</source>
+        <translation>Desbloqueie o telefone e escolha nele “Transferência de arquivos”.</translation>
+    </message>
+    <message>
+        <source>The phone is busy.</source>
+        <translation>O telefone está ocupado.</translation>
+    </message>
+    <message>
+        <source>Wait a moment and try again.</source>
+        <translation>Aguarde um momento e tente de novo.</translation>
+    </message>
+    <message>
+        <source>The phone cannot do this.</source>
+        <translation>O telefone não consegue fazer isso.</translation>
+    </message>
+    <message>
+        <source>The phone ended the connection.</source>
+        <translation>O telefone encerrou a conexão.</translation>
+    </message>
+    <message>
+        <source>Go up to the folder that held it.</source>
+        <translation>Suba para a pasta que a continha.</translation>
+    </message>
+    <message>
+        <source>The copy failed for an unknown reason.</source>
+        <translation>A cópia falhou por um motivo desconhecido.</translation>
+    </message>
+    <message>
+        <source>Transfer was cancelled</source>
+        <translation>A transferência foi cancelada</translation>
+    </message>
+    <message>
+        <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
+        <translation>Nenhum app neste iPhone compartilha seus arquivos. Só é possível abrir no computador os apps cujos autores ativaram o compartilhamento de arquivos; fotos e apps que guardam seus documentos para si, não.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are deleted on the other after you agreed.</source>
+        <translation>Arquivos novos e alterados são copiados nos dois sentidos. Os apagados de um lado são apagados do outro depois que você concordar.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are copied back.</source>
+        <translation>Arquivos novos e alterados são copiados nos dois sentidos. Os apagados de um lado são copiados de volta.</translation>
+    </message>
+    <message>
+        <source>Files are moved to the phone: each is deleted here once it has arrived.</source>
+        <translation>Os arquivos são movidos para o telefone: cada um é apagado aqui depois de chegar.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied to the phone. Nothing is deleted.</source>
+        <translation>Arquivos novos e alterados são copiados para o telefone. Nada é apagado.</translation>
+    </message>
+    <message>
+        <source>Files are moved here: each is deleted on the phone once it has arrived.</source>
+        <translation>Os arquivos são movidos para cá: cada um é apagado do telefone depois de chegar.</translation>
+    </message>
+    <message>
+        <source>New and changed files of the phone are copied here. Nothing is deleted.</source>
+        <translation>Arquivos novos e alterados do telefone são copiados para cá. Nada é apagado.</translation>
+    </message>
+    <message>
+        <source>To Android</source>
+        <translation>Para o dispositivo</translation>
+    </message>
+    <message>
+        <source>Move to iPhone</source>
+        <translation>Mover para o dispositivo</translation>
+    </message>
+    <message>
+        <source>Move to Android</source>
+        <translation>Mover para o dispositivo</translation>
+    </message>
+    <message>
+        <source>Move to Mac</source>
+        <translation>Mover para o computador</translation>
+    </message>
+    <message>
+        <source>Uploading</source>
+        <translation>Enviando</translation>
+    </message>
+    <message>
+        <source>Downloading</source>
+        <translation>Baixando</translation>
+    </message>
+    <message>
+        <source>Moving</source>
+        <translation>Movendo</translation>
+    </message>
+    <message>
+        <source>Moving (already on destination)</source>
+        <translation>Movendo (já está no destino)</translation>
+    </message>
+    <message>
+        <source>%1 uploaded</source>
+        <translation>%1 enviados</translation>
+    </message>
+    <message>
+        <source>%1 downloaded</source>
+        <translation>%1 baixados</translation>
+    </message>
+    <message>
+        <source>%1 moved</source>
+        <translation>%1 movidos</translation>
+    </message>
+    <message>
+        <source>%1 deleted</source>
+        <translation>%1 apagados</translation>
+    </message>
+    <message>
+        <source>%1 kept twice</source>
+        <translation>%1 mantidos em dobro</translation>
+    </message>
+    <message>
+        <source>%1 skipped</source>
+        <translation>%1 ignorados</translation>
+    </message>
+    <message>
+        <source>its name cannot be part of a path</source>
+        <translation>o nome não pode fazer parte de um caminho</translation>
+    </message>
+    <message>
+        <source>the device has several entries of this name</source>
+        <translation>o dispositivo tem vários itens com este nome</translation>
+    </message>
+    <message>
+        <source>the device does not tell its size</source>
+        <translation>o dispositivo não informa o tamanho</translation>
+    </message>
+    <message>
+        <source>its name is not valid text</source>
+        <translation>o nome não é um texto válido</translation>
+    </message>
+    <message>
+        <source>it is a link; links are not followed</source>
+        <translation>é um link; links não são seguidos</translation>
+    </message>
+    <message>
+        <source>it is not a regular file</source>
+        <translation>não é um arquivo comum</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>não pode ser lido</translation>
+    </message>
+    <message>
+        <source>its name cannot be used on this computer</source>
+        <translation>o nome não pode ser usado neste computador</translation>
+    </message>
+    <message>
+        <source>its name is too long for this computer</source>
+        <translation>o nome é longo demais para este computador</translation>
+    </message>
+    <message>
+        <source>its name is too long for the device</source>
+        <translation>o nome é longo demais para o dispositivo</translation>
+    </message>
+    <message>
+        <source>its name is too long for the phone</source>
+        <translation>o nome é longo demais para o telefone</translation>
+    </message>
+    <message>
+        <source>phones do not allow a sign in its name</source>
+        <translation>os telefones não aceitam um sinal do nome</translation>
+    </message>
+    <message>
+        <source>it is a file on one side and a folder on the other</source>
+        <translation>é um arquivo de um lado e uma pasta do outro</translation>
+    </message>
+    <message>
+        <source>another name differs from it only in case or in the form of its letters</source>
+        <translation>outro nome só difere nas maiúsculas ou na forma das letras</translation>
+    </message>
+    <message>
+        <source>it was changed on the side that files are copied to</source>
+        <translation>foi alterado no lado para onde se copia</translation>
+    </message>
+    <message>
+        <source>it was changed on the side that files are moved to; both are kept</source>
+        <translation>foi alterado no lado para onde se move; ambos são mantidos</translation>
+    </message>
+    <message>
+        <source>it changed while the folders were being synced; it was left as it is</source>
+        <translation>mudou durante a sincronização; foi deixado como está</translation>
+    </message>
+    <message>
+        <source>it changed again and again while it was being copied</source>
+        <translation>mudou repetidas vezes durante a cópia</translation>
+    </message>
+    <message>
+        <source>another file of this name, size and date is on the other side; both are kept</source>
+        <translation>do outro lado há outro arquivo com este nome, tamanho e data; ambos são mantidos</translation>
+    </message>
+    <message>
+        <source>The connection to the phone broke off.</source>
+        <translation>A conexão com o telefone foi interrompida.</translation>
+    </message>
+    <message>
+        <source>adb answers nonsense.</source>
+        <translation>O adb dá respostas sem sentido.</translation>
+    </message>
+    <message>
+        <source>A folder cannot be moved into itself.</source>
+        <translation>Uma pasta não pode ser movida para dentro de si mesma.</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be changed or copied as one item.</source>
+        <translation>Um armazenamento inteiro não pode ser alterado nem copiado como um só item.</translation>
+    </message>
+    <message>
+        <source>The phone sends nothing any more. Unplug it and plug it in again.</source>
+        <translation>O telefone não envia mais nada. Desconecte-o e conecte-o de novo.</translation>
+    </message>
+    <message>
+        <source>The phone takes nothing any more. Unplug it and plug it in again.</source>
+        <translation>O telefone não aceita mais nada. Desconecte-o e conecte-o de novo.</translation>
+    </message>
+    <message>
+        <source>nothing arrived.</source>
+        <translation>nada chegou.</translation>
+    </message>
+    <message>
+        <source>the phone does not have the file.</source>
+        <translation>o telefone não tem o arquivo.</translation>
+    </message>
+    <message>
+        <source>The phone has not allowed this computer yet. Unlock it and tap Allow in the question about USB debugging.</source>
+        <translation>O telefone ainda não permitiu este computador. Desbloqueie-o e toque em “Permitir” na pergunta sobre a depuração USB.</translation>
+    </message>
+    <message>
+        <source>The phone is offline for adb. Unplug it and plug it in again, or turn USB debugging off and on.</source>
+        <translation>O telefone está off-line para o adb. Desconecte-o e conecte-o de novo, ou desligue e ligue a depuração USB.</translation>
+    </message>
+    <message>
+        <source>adb does not reach the phone. Turn on USB debugging on it, or switch to Standard MTP.</source>
+        <translation>O adb não alcança o telefone. Ative nele a depuração USB ou mude para MTP padrão.</translation>
+    </message>
+    <message>
+        <source>adb reaches several phones and cannot tell which one is meant. Unplug the others, or switch to Standard MTP.</source>
+        <translation>O adb alcança vários telefones e não sabe qual é o desejado. Desconecte os outros ou mude para MTP padrão.</translation>
+    </message>
+    <message>
+        <source>adb&apos;s server cannot be started.</source>
+        <translation>O servidor do adb não pode ser iniciado.</translation>
+    </message>
+    <message>
+        <source>The file is too large for this storage of the phone.</source>
+        <translation>O arquivo é grande demais para este armazenamento do telefone.</translation>
+    </message>
+    <message>
+        <source>adb cannot be started.</source>
+        <translation>O adb não pode ser iniciado.</translation>
+    </message>
+    <message>
+        <source>adb crashed.</source>
+        <translation>O adb travou.</translation>
+    </message>
+    <message>
+        <source>adb does not answer. Unplug the phone and plug it in again.</source>
+        <translation>O adb não responde. Desconecte o telefone e conecte-o de novo.</translation>
+    </message>
+    <message>
+        <source>adb is not installed.</source>
+        <translation>O adb não está instalado.</translation>
+    </message>
+    <message>
+        <source>The phone does not answer on the network.</source>
+        <translation>O telefone não responde na rede.</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s adb is too old to pair: version 30 or newer is needed.</source>
+        <translation>O adb deste computador é antigo demais para parear: é necessária a versão 30 ou mais recente.</translation>
+    </message>
+    <message>
+        <source>Allow this computer on the phone, then connect again.</source>
+        <translation>Autorize este computador no telefone e conecte novamente.</translation>
+    </message>
+    <message>
+        <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
+        <translation>O modo Turbo precisa do adb, que não está instalado. O telefone é usado por MTP padrão.</translation>
+    </message>
+    <message>
+        <source>Install the adb tool, or switch the phone to Standard MTP.</source>
+        <translation>Instale a ferramenta adb ou mude o telefone para MTP padrão.</translation>
+    </message>
+    <message>
+        <source>the folder cannot be created on this computer</source>
+        <translation>a pasta não pode ser criada neste computador</translation>
+    </message>
+    <message>
+        <source>a folder of this name is on this computer</source>
+        <translation>neste computador há uma pasta com este nome</translation>
+    </message>
+    <message>
+        <source>The documents of an app cannot be deleted as a whole.</source>
+        <translation>Os documentos de um app não podem ser apagados em bloco.</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer was cut off</source>
+        <translation>A resposta do servidor foi cortada</translation>
+    </message>
+    <message>
+        <source>Check the spelling, or choose the folder below.</source>
+        <translation>Confira a grafia ou escolha a pasta abaixo.</translation>
+    </message>
+    <message>
+        <source>the phone did not put it in the place of the old file.</source>
+        <translation>o telefone não o colocou no lugar do arquivo antigo.</translation>
+    </message>
+    <message>
+        <source>a link to a folder</source>
+        <translation>um link para uma pasta</translation>
+    </message>
+    <message>
+        <source>a link that leads nowhere</source>
+        <translation>um link que não leva a lugar nenhum</translation>
+    </message>
+    <message>
+        <source>a link</source>
+        <translation>um link</translation>
+    </message>
+    <message>
+        <source>not a regular file</source>
+        <translation>não é um arquivo comum</translation>
+    </message>
+    <message>
+        <source>the folder cannot be read</source>
+        <translation>a pasta não pode ser lida</translation>
+    </message>
+    <message>
+        <source>a folder of this name is there.</source>
+        <translation>já existe uma pasta com este nome.</translation>
+    </message>
+    <message>
+        <source>it is not a file.</source>
+        <translation>não é um arquivo.</translation>
+    </message>
+    <message>
+        <source>The device does not answer.</source>
+        <translation>O dispositivo não responde.</translation>
+    </message>
+    <message>
+        <source>another entry has the same name on this computer</source>
+        <translation>outro item tem o mesmo nome neste computador</translation>
+    </message>
+    <message>
+        <source>the phone lists this folder inside itself</source>
+        <translation>o telefone lista esta pasta dentro dela mesma</translation>
+    </message>
+    <message>
+        <source>its folder could not be made</source>
+        <translation>a pasta dele não pôde ser criada</translation>
+    </message>
+    <message>
+        <source>The phone is busy with another copy. Try again when that one is done.</source>
+        <translation>O telefone está ocupado com outra cópia. Tente novamente quando ela terminar.</translation>
+    </message>
+    <message>
+        <source>no phone was chosen</source>
+        <translation>nenhum telefone foi escolhido</translation>
+    </message>
+    <message>
+        <source>folders are copied, not dragged</source>
+        <translation>pastas são copiadas, não arrastadas</translation>
+    </message>
+    <message>
+        <source>it is still being copied from the phone</source>
+        <translation>ainda está sendo copiado do telefone</translation>
+    </message>
+    <message>
+        <source>a name cannot be empty</source>
+        <translation>um nome não pode estar vazio</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be deleted.</source>
+        <translation>Um armazenamento inteiro não pode ser apagado.</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be renamed.</source>
+        <translation>Um armazenamento inteiro não pode ser renomeado.</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be moved.</source>
+        <translation>Um armazenamento inteiro não pode ser movido.</translation>
+    </message>
+    <message>
+        <source>The phone cannot move files from one storage to another. Copy them instead.</source>
+        <translation>O telefone não pode mover arquivos de um armazenamento para outro. Copie-os em vez disso.</translation>
+    </message>
+    <message>
+        <source>A folder has no preview.</source>
+        <translation>Uma pasta não tem pré-visualização.</translation>
+    </message>
+    <message>
+        <source>No storage available</source>
+        <translation>Nenhum armazenamento disponível</translation>
+    </message>
+    <message>
+        <source>No MTP storage found for upload</source>
+        <translation>Nenhum armazenamento MTP encontrado para o envio</translation>
+    </message>
+    <message>
+        <source>No device connected for download</source>
+        <translation>Nenhum dispositivo conectado para baixar</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 e mais %2</translation>
+    </message>
+    <message>
+        <source>Internal Storage</source>
+        <translation>Armazenamento interno</translation>
+    </message>
+    <message>
+        <source>Idle</source>
+        <translation>Inativo</translation>
+    </message>
+    <message>
+        <source>Syncing…</source>
+        <translation>Sincronizando…</translation>
+    </message>
+    <message>
+        <source>Synced</source>
+        <translation>Sincronizado</translation>
+    </message>
+    <message>
+        <source>Up to date</source>
+        <translation>Atualizado</translation>
+    </message>
+    <message>
+        <source>Connecting to device…</source>
+        <translation>Conectando ao dispositivo…</translation>
+    </message>
+    <message>
+        <source>Device disconnected</source>
+        <translation>Dispositivo desconectado</translation>
+    </message>
+    <message>
+        <source>Scanning folders…</source>
+        <translation>Examinando pastas…</translation>
+    </message>
+    <message>
+        <source>Awaiting deletion confirmation…</source>
+        <translation>Aguardando confirmação para apagar…</translation>
+    </message>
+    <message>
+        <source>Analyzing files…</source>
+        <translation>Analisando arquivos…</translation>
+    </message>
+    <message>
+        <source>Starting transfer…</source>
+        <translation>Iniciando a transferência…</translation>
+    </message>
+    <message>
+        <source>Completed</source>
+        <translation>Concluído</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>Cancelado</translation>
+    </message>
+    <message>
+        <source>Server returned non-200 status</source>
+        <translation>O servidor respondeu com um status diferente de 200</translation>
+    </message>
+    <message>
+        <source>Invalid version data format</source>
+        <translation>Formato de dados de versão inválido</translation>
+    </message>
+    <message>
+        <source>The server did not answer in time</source>
+        <translation>O servidor não respondeu a tempo</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer is too long</source>
+        <translation>A resposta do servidor é longa demais</translation>
+    </message>
+    <message>
+        <source>The address is not a safe one</source>
+        <translation>O endereço não é seguro</translation>
+    </message>
+    <message>
+        <source>The server redirects without end</source>
+        <translation>O servidor redireciona sem fim</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>Conecte o telefone de novo e desbloqueie-o.</translation>
+    </message>
+    <message>
+        <source>Another folder is shown by now. Nothing was done.</source>
+        <translation>Outra pasta está sendo mostrada agora. Nada foi feito.</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or moved on the phone.</source>
+        <translation>Talvez tenha sido apagada ou movida no telefone.</translation>
+    </message>
+    <message>
+        <source>Already There</source>
+        <translation>Já existe</translation>
+    </message>
+    <message>
+        <source>Cannot enumerate %1</source>
+        <translation>Não é possível listar %1</translation>
+    </message>
+    <message>
+        <source>%1 changed while the folder was being read. Sync again.</source>
+        <translation>%1 mudou enquanto a pasta era lida. Sincronize novamente.</translation>
+    </message>
+    <message>
+        <source>The phone lists the folder %1 inside itself.</source>
+        <translation>O telefone lista a pasta %1 dentro dela mesma.</translation>
+    </message>
+    <message>
+        <source>%1 holds &quot;%2&quot;, which is no name of a file.</source>
+        <translation>%1 contém “%2”, que não é um nome de arquivo.</translation>
+    </message>
+    <message>
+        <source>Cannot open local file for writing: %1</source>
+        <translation>Não é possível abrir o arquivo local para gravação: %1</translation>
+    </message>
+    <message>
+        <source>Cannot open local file for reading: %1</source>
+        <translation>Não é possível abrir o arquivo local para leitura: %1</translation>
+    </message>
+    <message>
+        <source>The phone does not tell what %1 is.</source>
+        <translation>O telefone não informa o que é %1.</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used on this computer. Rename the folder on the phone first.</source>
+        <translation>O nome “%1” não pode ser usado neste computador. Renomeie antes a pasta no telefone.</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used on this computer. Rename it on the phone first.</source>
+        <translation>O nome “%1” não pode ser usado neste computador. Altere-o antes no telefone.</translation>
+    </message>
+    <message>
+        <source>No MTP handle for file %1</source>
+        <translation>Nenhum objeto MTP para o arquivo %1</translation>
+    </message>
+    <message>
+        <source>%1 became shorter while it was being copied. Copy it again.</source>
+        <translation>%1 ficou menor durante a cópia. Copie-o novamente.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has appeared on the phone meanwhile.</source>
+        <translation>“%1” apareceu no telefone nesse meio tempo.</translation>
+    </message>
+    <message>
+        <source>A folder named &quot;%1&quot; is already on the phone.</source>
+        <translation>Já existe uma pasta chamada “%1” no telefone.</translation>
+    </message>
+    <message>
+        <source>A file named &quot;%1&quot; is already on the phone.</source>
+        <translation>Já existe um arquivo chamado “%1” no telefone.</translation>
+    </message>
+    <message>
+        <source>The phone does not show the new &quot;%1&quot;. The old one was kept.</source>
+        <translation>O telefone não mostra o novo “%1”. O antigo foi mantido.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already on the phone, and this phone cannot replace files. Delete or rename the old one first.</source>
+        <translation>“%1” já está no telefone, e este telefone não substitui arquivos. Apague ou renomeie antes o antigo.</translation>
+    </message>
+    <message>
+        <source>The new &quot;%1&quot; is on the phone under the name &quot;%2&quot;: it could not be renamed (%3).</source>
+        <translation>O novo “%1” está no telefone com o nome “%2”: não pôde ser renomeado (%3).</translation>
+    </message>
+    <message>
+        <source>The phone does not show the new folder &quot;%1&quot;.</source>
+        <translation>O telefone não mostra a nova pasta “%1”.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already there</source>
+        <translation>“%1” já existe</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files was not copied: %3</source>
+        <translation>%1 de %2 arquivos não foi copiado: %3</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files were not copied: %3</source>
+        <translation>%1 de %2 arquivos não foram copiados: %3</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1 of %2 items: %3</source>
+        <translation>Falha ao apagar %1 de %2 itens: %3</translation>
+    </message>
+    <message>
+        <source>Failed to move %1 of %2 items: %3</source>
+        <translation>Falha ao mover %1 de %2 itens: %3</translation>
+    </message>
+    <message>
+        <source>Error: %1</source>
+        <translation>Erro: %1</translation>
+    </message>
+    <message>
+        <source>Removing %1 from %2</source>
+        <translation>Removendo %1 de %2</translation>
+    </message>
+    <message>
+        <source>A file named %1 is on the device where a folder is needed.</source>
+        <translation>No dispositivo há um arquivo chamado %1 onde é preciso uma pasta.</translation>
+    </message>
+    <message>
+        <source>Cannot read the folder %1: %2</source>
+        <translation>Não é possível ler a pasta %1: %2</translation>
+    </message>
+    <message>
+        <source>Cannot create the folder %1: %2</source>
+        <translation>Não é possível criar a pasta %1: %2</translation>
+    </message>
+    <message>
+        <source>Cannot delete %1: %2</source>
+        <translation>Não é possível apagar %1: %2</translation>
+    </message>
+    <message>
+        <source>Cannot keep %1 as %2.</source>
+        <translation>Não é possível manter %1 como %2.</translation>
+    </message>
+    <message>
+        <source>The folder of %1 was replaced while it was being synced.</source>
+        <translation>A pasta de %1 foi substituída durante a sincronização.</translation>
+    </message>
+    <message>
+        <source>The folder %1 is gone, although it was synced before. Is its disk missing? Going on makes a new, empty folder.</source>
+        <translation>A pasta %1 sumiu, embora já tenha sido sincronizada. O disco dela está faltando? Continuar cria uma pasta nova e vazia.</translation>
+    </message>
+    <message>
+        <source>The folder %1 is missing.</source>
+        <translation>A pasta %1 está faltando.</translation>
+    </message>
+    <message>
+        <source>The folder on this computer is empty, although %1 files were in it after the last sync. Is its disk missing?</source>
+        <translation>A pasta neste computador está vazia, embora tivesse %1 arquivos após a última sincronização. O disco dela está faltando?</translation>
+    </message>
+    <message>
+        <source>The folder on the device is empty, although %1 files were in it after the last sync. Is its memory card missing?</source>
+        <translation>A pasta no dispositivo está vazia, embora tivesse %1 arquivos após a última sincronização. O cartão de memória está faltando?</translation>
+    </message>
+    <message>
+        <source>%1 of the %2 files of the last sync would be deleted.</source>
+        <translation>%1 dos %2 arquivos da última sincronização seriam apagados.</translation>
+    </message>
+    <message>
+        <source>The device lists %1 inside itself.</source>
+        <translation>O dispositivo mostra %1 dentro de si mesmo.</translation>
+    </message>
+    <message>
+        <source>The device does not show %1 as it was sent. It was not deleted here.</source>
+        <translation>O dispositivo não mostra %1 como foi enviado. Aqui ele não foi apagado.</translation>
+    </message>
+    <message>
+        <source>The device does not show %1 as it was sent. Sync again.</source>
+        <translation>O dispositivo não mostra %1 como foi enviado. Sincronize de novo.</translation>
+    </message>
+    <message>
+        <source>%1 is not on this computer&apos;s disk as it was received.</source>
+        <translation>%1 não está neste computador como foi recebido.</translation>
+    </message>
+    <message>
+        <source>%1 changed while it was being copied. Sync again.</source>
+        <translation>%1 mudou durante a cópia. Sincronize de novo.</translation>
+    </message>
+    <message>
+        <source>%1 changed while it was being copied. Copy it again.</source>
+        <translation>%1 mudou durante a cópia. Copie novamente.</translation>
+    </message>
+    <message>
+        <source>%1 has appeared on the device meanwhile.</source>
+        <translation>%1 apareceu no dispositivo nesse meio-tempo.</translation>
+    </message>
+    <message>
+        <source>%1 is not on the device any more. Sync again.</source>
+        <translation>%1 não está mais no dispositivo. Sincronize de novo.</translation>
+    </message>
+    <message>
+        <source>%1 is a file on one side and a folder on the other</source>
+        <translation>%1 é um arquivo de um lado e uma pasta do outro</translation>
+    </message>
+    <message>
+        <source>in %1: %2</source>
+        <translation>em %1: %2</translation>
+    </message>
+    <message>
+        <source>The phone does not allow %1 to be read.</source>
+        <translation>O telefone não permite ler %1.</translation>
+    </message>
+    <message>
+        <source>The phone did not rename %1. %2</source>
+        <translation>O telefone não renomeou %1. %2</translation>
+    </message>
+    <message>
+        <source>The phone did not make the folder %1. %2</source>
+        <translation>O telefone não criou a pasta %1. %2</translation>
+    </message>
+    <message>
+        <source>The phone did not delete %1. %2</source>
+        <translation>O telefone não apagou %1. %2</translation>
+    </message>
+    <message>
+        <source>The phone did not delete %1.</source>
+        <translation>O telefone não apagou %1.</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be made on the phone. %2</source>
+        <translation>Não é possível criar a pasta %1 no telefone. %2</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be read whole.</source>
+        <translation>Não é possível ler a pasta %1 por inteiro.</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used.</source>
+        <translation>O nome “%1” não pode ser usado.</translation>
+    </message>
+    <message>
+        <source>ADB pull failed for %1: %2</source>
+        <translation>Falha ao baixar %1 por ADB: %2</translation>
+    </message>
+    <message>
+        <source>ADB directory pull failed for %1: %2</source>
+        <translation>Falha ao baixar a pasta %1 por ADB: %2</translation>
+    </message>
+    <message>
+        <source>ADB push failed for %1: %2</source>
+        <translation>Falha ao enviar %1 por ADB: %2</translation>
+    </message>
+    <message>
+        <source>the phone has %1 of %2 bytes.</source>
+        <translation>o telefone tem %1 de %2 bytes.</translation>
+    </message>
+    <message>
+        <source>the phone did not put it in the place of the old file. %1</source>
+        <translation>o telefone não o colocou no lugar do arquivo antigo. %1</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is on the phone, which takes &quot;%2&quot; for the same name. Rename one of the two first.</source>
+        <translation>“%1” está no telefone, que considera “%2” o mesmo nome. Renomeie um dos dois primeiro.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has changed on the phone meanwhile. It was kept.</source>
+        <translation>“%1” mudou no telefone nesse meio tempo. Ele foi mantido.</translation>
+    </message>
+    <message>
+        <source>adb ended with status %1.</source>
+        <translation>O adb terminou com o status %1.</translation>
+    </message>
+    <message>
+        <source>A folder &quot;%1&quot; is already on the phone.</source>
+        <translation>Já existe uma pasta “%1” no telefone.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be the name of a file.</source>
+        <translation>“%1” não pode ser o nome de um arquivo.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already there.</source>
+        <translation>“%1” já está lá.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be moved into itself.</source>
+        <translation>“%1” não pode ser movido para dentro de si mesmo.</translation>
+    </message>
+    <message>
+        <source>Device not found: %1</source>
+        <translation>Dispositivo não encontrado: %1</translation>
+    </message>
+    <message>
+        <source>Lockdown error: %1</source>
+        <translation>Erro de Lockdown: %1</translation>
+    </message>
+    <message>
+        <source>Failed to start service: %1</source>
+        <translation>Não foi possível iniciar o serviço: %1</translation>
+    </message>
+    <message>
+        <source>House Arrest error: %1</source>
+        <translation>Erro de House Arrest: %1</translation>
+    </message>
+    <message>
+        <source>InstProxy error: %1</source>
+        <translation>Erro de InstProxy: %1</translation>
+    </message>
+    <message>
+        <source>File I/O error: %1</source>
+        <translation>Erro de arquivo: %1</translation>
+    </message>
+    <message>
+        <source>Failed to create %1: %2</source>
+        <translation>Não foi possível criar %1: %2</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1: %2</source>
+        <translation>Não foi possível apagar %1: %2</translation>
+    </message>
+    <message>
+        <source>Failed to rename %1: %2</source>
+        <translation>Não foi possível renomear %1: %2</translation>
+    </message>
+    <message>
+        <source>Failed to move %1: %2</source>
+        <translation>Não foi possível mover %1: %2</translation>
+    </message>
+    <message>
+        <source>Failed to drag out %1: %2</source>
+        <translation>Não foi possível arrastar %1 para fora da janela: %2</translation>
+    </message>
+    <message>
+        <source>Failed to check for updates (%1). Please try again later.</source>
+        <translation>Não foi possível buscar atualizações (%1). Tente novamente mais tarde.</translation>
+    </message>
+    <message>
+        <source>%1 is using the phone.</source>
+        <translation>%1 está usando o telefone.</translation>
+    </message>
+    <message>
+        <source>The folder &quot;%1&quot; is not on the phone any more.</source>
+        <translation>A pasta “%1” não está mais no telefone.</translation>
+    </message>
+    <message>
+        <source>There is no &quot;%1&quot; on the phone.</source>
+        <translation>Não há “%1” no telefone.</translation>
+    </message>
+    <message>
+        <source>There is no %1 on the phone. It may have been deleted or renamed: refresh the folder.</source>
+        <translation>%1 não está no telefone. Talvez tenha sido apagado ou renomeado: recarregue a pasta.</translation>
+    </message>
+    <message>
+        <source>The phone sent %1 of the %2 bytes of %3. Copy it again.</source>
+        <translation>O telefone enviou %1 dos %2 bytes de %3. Copie de novo.</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used on this computer.</source>
+        <translation>O nome “%1” não pode ser usado neste computador.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is too large for a preview. Copy it to this computer first.</source>
+        <translation>“%1” é grande demais para uma visualização. Copie-o primeiro para este computador.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already on the phone.</source>
+        <translation>“%1” já está no telefone.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be a name on the phone.</source>
+        <translation>“%1” não pode ser um nome no telefone.</translation>
+    </message>
+    <message>
+        <source>%1 is not a folder.</source>
+        <translation>%1 não é uma pasta.</translation>
+    </message>
+    <message>
+        <source>Cannot write into %1: %2</source>
+        <translation>Não é possível gravar em %1: %2</translation>
+    </message>
+    <message>
+        <source>Cannot write %1: %2</source>
+        <translation>Não é possível gravar %1: %2</translation>
+    </message>
+    <message>
+        <source>Cannot read %1: %2</source>
+        <translation>Não é possível ler %1: %2</translation>
+    </message>
+    <message>
+        <source>Cannot create the folder %1 on this computer.</source>
+        <translation>Não é possível criar a pasta %1 neste computador.</translation>
+    </message>
+    <message>
+        <source>Cannot read %1.</source>
+        <translation>Não é possível ler %1.</translation>
+    </message>
+    <message>
+        <source>adb could not reach the phone: %1</source>
+        <translation>O adb não conseguiu acessar o telefone: %1</translation>
+    </message>
+</context>
+<context>
+    <name>QPlatformTheme</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fechar</translation>
+    </message>
+    <message>
+        <source>&amp;Yes</source>
+        <translation>&amp;Sim</translation>
+    </message>
+    <message>
+        <source>&amp;No</source>
+        <translation>&amp;Não</translation>
+    </message>
+</context>
+<context>
+    <name>SyncFileList</name>
+    <message>
+        <source>Name</source>
+        <translation>Nome</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Tamanho</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::AppListView</name>
+    <message>
+        <source>Apps</source>
+        <translation>Apps</translation>
+    </message>
+    <message>
+        <source>Filter…</source>
+        <translation>Filtrar…</translation>
+    </message>
+    <message>
+        <source>Looking for apps…</source>
+        <translation>Procurando apps…</translation>
+    </message>
+    <message>
+        <source>No Apps That Share Files</source>
+        <translation>Nenhum app compartilha arquivos</translation>
+    </message>
+    <message>
+        <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
+        <translation>Nenhum app neste iPhone compartilha seus arquivos. Só é possível abrir no computador os apps cujos autores ativaram o compartilhamento de arquivos; fotos e apps que guardam seus documentos para si, não.</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Tentar novamente</translation>
+    </message>
+    <message>
+        <source>No Matching Apps</source>
+        <translation>Nenhum app correspondente</translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>Limpar o filtro</translation>
+    </message>
+    <message>
+        <source>Connection Failed</source>
+        <translation>Falha na conexão</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::BreadcrumbBar</name>
+    <message>
+        <source>Path</source>
+        <translation>Caminho</translation>
+    </message>
+    <message>
+        <source>Folders in between</source>
+        <translation>Pastas intermediárias</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::BrowserView</name>
+    <message numerus="yes">
+        <source>%Ln selected</source>
+        <translation>
+            <numerusform>%Ln selecionado</numerusform>
+            <numerusform>%Ln selecionados</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Filter…</source>
+        <translation>Filtrar…</translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>Limpar o filtro</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>Caminho</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>Arquivos</translation>
+    </message>
+    <message>
+        <source>The phone is gone</source>
+        <translation>O telefone sumiu</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>Conecte o telefone de novo e desbloqueie-o.</translation>
+    </message>
+    <message>
+        <source>Plug it in again, unlock it and choose File transfer on it.</source>
+        <translation>Conecte-o de novo, desbloqueie-o e escolha nele “Transferência de arquivos”.</translation>
+    </message>
+    <message>
+        <source>Folder Not Found</source>
+        <translation>Pasta não encontrada</translation>
+    </message>
+    <message>
+        <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
+        <translation>Esta pasta não foi encontrada no dispositivo. Talvez tenha sido apagada ou movida. Deseja removê-la dos favoritos?</translation>
+    </message>
+    <message>
+        <source>Remove from Favorites</source>
+        <translation>Remover dos favoritos</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Manter</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or moved on the phone.</source>
+        <translation>Talvez tenha sido apagada ou movida no telefone.</translation>
+    </message>
+    <message>
+        <source>Enclosing Folder</source>
+        <translation>Pasta superior</translation>
+    </message>
+    <message>
+        <source>Connection Failed</source>
+        <translation>Falha na conexão</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Tentar novamente</translation>
+    </message>
+    <message>
+        <source>Loading directory contents…</source>
+        <translation>Carregando o conteúdo da pasta…</translation>
+    </message>
+    <message>
+        <source>Loading device storage…</source>
+        <translation>Carregando o armazenamento do dispositivo…</translation>
+    </message>
+    <message>
+        <source>No Matching Files</source>
+        <translation>Nenhum arquivo correspondente</translation>
+    </message>
+    <message>
+        <source>Nothing here has “%1” in its name.</source>
+        <translation>Nada aqui tem “%1” no nome.</translation>
+    </message>
+    <message>
+        <source>This folder is empty</source>
+        <translation>Esta pasta está vazia</translation>
+    </message>
+    <message>
+        <source>Drop files here to copy them to the phone.</source>
+        <translation>Solte arquivos aqui para copiá-los para o telefone.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln item</numerusform>
+            <numerusform>%Ln itens</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %Ln items</source>
+        <translation>
+            <numerusform>%1 de %Ln item</numerusform>
+            <numerusform>%1 de %Ln itens</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of %2 done (Esc stops)</source>
+        <translation>%1 de %2 concluídos (Esc interrompe)</translation>
+    </message>
+    <message>
+        <source>reading…</source>
+        <translation>lendo…</translation>
+    </message>
+    <message>
+        <source>View Mode</source>
+        <translation>Modo de exibição</translation>
+    </message>
+    <message>
+        <source>Add to Favorites</source>
+        <translation>Adicionar aos favoritos</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Apagar</translation>
+    </message>
+    <message>
+        <source>Delete selected items?</source>
+        <translation>Apagar os itens selecionados?</translation>
+    </message>
+    <message>
+        <source>“%1” will be deleted from the phone.</source>
+        <translation>“%1” será apagado do telefone.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be deleted from the phone.</source>
+        <translation>
+            <numerusform>%Ln item será apagado do telefone.</numerusform>
+            <numerusform>%Ln itens serão apagados do telefone.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>Isso não pode ser desfeito.</translation>
+    </message>
+    <message>
+        <source>Copy to</source>
+        <translation>Copiar para</translation>
+    </message>
+    <message>
+        <source>Copy Files to the Phone</source>
+        <translation>Copiar arquivos para o telefone</translation>
+    </message>
+    <message>
+        <source>Copy a Folder to the Phone</source>
+        <translation>Copiar uma pasta para o telefone</translation>
+    </message>
+    <message>
+        <source>Into “%1”</source>
+        <translation>Para “%1”</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::DeviceListModel</name>
+    <message>
+        <source>Needs your attention</source>
+        <translation>Requer sua atenção</translation>
+    </message>
+    <message>
+        <source>Battery %1 %</source>
+        <translation>Bateria %1 %</translation>
+    </message>
+    <message>
+        <source>Locked: unlock it</source>
+        <translation>Bloqueado: desbloqueie-o</translation>
+    </message>
+    <message>
+        <source>Connecting…</source>
+        <translation>Conectando…</translation>
+    </message>
+    <message>
+        <source>Reading storage…</source>
+        <translation>Lendo o armazenamento…</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FactsView</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Fetching the file</source>
+        <translation>Obtendo o arquivo</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 de %2</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FileItemDelegate</name>
+    <message>
+        <source>Folder name</source>
+        <translation>Nome da pasta</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nome</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FileTableView</name>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln item</numerusform>
+            <numerusform>%Ln itens</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::MainWindow</name>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>Pasta neste computador</translation>
+    </message>
+    <message>
+        <source>Tessary: Virtual Phones</source>
+        <translation>Tessary: telefones virtuais</translation>
+    </message>
+    <message>
+        <source>Quit Tessary</source>
+        <translation>Sair do Tessary</translation>
+    </message>
+    <message>
+        <source>Files are still being copied.</source>
+        <translation>Ainda há arquivos sendo copiados.</translation>
+    </message>
+    <message>
+        <source>A sync is still running.</source>
+        <translation>Uma sincronização ainda está em andamento.</translation>
+    </message>
+    <message>
+        <source>Quitting cancels this. What has arrived whole stays.</source>
+        <translation>Sair cancela isso. O que chegou por inteiro permanece.</translation>
+    </message>
+    <message>
+        <source>This phone is locked</source>
+        <translation>Este telefone está bloqueado</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>Ele mostrará seus arquivos quando você o desbloquear e escolher “Transferência de arquivos” na notificação USB. Esta janela se atualiza sozinha.</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Liberar o telefone</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Tentar novamente</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::ModeSwitch</name>
+    <message>
+        <source>Works with every phone, nothing to set up.</source>
+        <translation>Funciona com qualquer telefone, sem configuração.</translation>
+    </message>
+    <message>
+        <source>Faster and sees more. Needs USB debugging on the phone.</source>
+        <translation>Mais rápido e vê mais. Requer depuração USB no telefone.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PreviewWindow</name>
+    <message>
+        <source>Cancelled</source>
+        <translation>Cancelado</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>Anterior</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Próximo</translation>
+    </message>
+    <message>
+        <source>Previous Page</source>
+        <translation>Página anterior</translation>
+    </message>
+    <message>
+        <source>Next Page</source>
+        <translation>Próxima página</translation>
+    </message>
+    <message>
+        <source>Quick Look</source>
+        <translation>Visualização rápida</translation>
+    </message>
+    <message>
+        <source>“%1” is too large for a preview. Copy it to this computer first.</source>
+        <translation>“%1” é grande demais para uma pré-visualização. Copie-o antes para este computador.</translation>
+    </message>
+    <message>
+        <source>It cannot be shown: it is damaged, too large or protected.</source>
+        <translation>Não é possível mostrar: está danificado, é grande demais ou está protegido.</translation>
+    </message>
+    <message>
+        <source>only its beginning is shown</source>
+        <translation>só o início é mostrado</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>Página %1 de %2</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PropertiesDialog</name>
+    <message numerus="yes">
+        <source>%1 bytes</source>
+        <translation>
+            <numerusform>%1 byte</numerusform>
+            <numerusform>%1 bytes</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Tipo</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Tamanho</translation>
+    </message>
+    <message>
+        <source>Content</source>
+        <translation>Conteúdo</translation>
+    </message>
+    <message>
+        <source>Date Modified</source>
+        <translation>Data de modificação</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>Caminho</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Pasta</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fechar</translation>
+    </message>
+    <message>
+        <source>Properties</source>
+        <translation>Propriedades</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln item</numerusform>
+            <numerusform>%Ln itens</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Various kinds</source>
+        <translation>Tipos diversos</translation>
+    </message>
+    <message>
+        <source>Stop Counting</source>
+        <translation>Parar a contagem</translation>
+    </message>
+    <message>
+        <source>Counting the content</source>
+        <translation>Contando o conteúdo</translation>
+    </message>
+    <message>
+        <source>Files: %1, folders: %2</source>
+        <translation>Arquivos: %1, pastas: %2</translation>
+    </message>
+    <message>
+        <source>The count was stopped: there may be more.</source>
+        <translation>A contagem foi interrompida: pode haver mais.</translation>
+    </message>
+    <message>
+        <source>Folders that could not be read: %1</source>
+        <translation>Pastas que não puderam ser lidas: %1</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SettingsWindow</name>
+    <message>
+        <source>Settings</source>
+        <translation>Ajustes</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>Geral</translation>
+    </message>
+    <message>
+        <source>Sync</source>
+        <translation>Sincronização</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <translation>Atualizações</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Sobre</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Idioma</translation>
+    </message>
+    <message>
+        <source>System Default</source>
+        <translation>Idioma do sistema</translation>
+    </message>
+    <message>
+        <source>Choose your preferred display language. Changes apply immediately.</source>
+        <translation>Escolha o idioma de exibição. As alterações valem imediatamente.</translation>
+    </message>
+    <message>
+        <source>Open the window as it was left</source>
+        <translation>Abrir a janela como foi deixada</translation>
+    </message>
+    <message>
+        <source>Automatically check for updates</source>
+        <translation>Buscar atualizações automaticamente</translation>
+    </message>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>Buscar atualizações…</translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <translation>Versão</translation>
+    </message>
+    <message>
+        <source>Browse phones and copy files to and from them.</source>
+        <translation>Navegue em telefones e copie arquivos nos dois sentidos.</translation>
+    </message>
+    <message>
+        <source>Website</source>
+        <translation>Página na web</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::Sidebar</name>
+    <message>
+        <source>Camera &amp; Photos</source>
+        <translation>Câmera e fotos</translation>
+    </message>
+    <message>
+        <source>Downloads</source>
+        <translation>Downloads</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>Imagens</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Música</translation>
+    </message>
+    <message>
+        <source>Movies &amp; Videos</source>
+        <translation>Filmes e vídeos</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>Documentos</translation>
+    </message>
+    <message>
+        <source>Wireless Devices…</source>
+        <translation>Dispositivos sem fio…</translation>
+    </message>
+    <message>
+        <source>Favorites</source>
+        <translation>Favoritos</translation>
+    </message>
+    <message>
+        <source>Quick Shortcuts</source>
+        <translation>Atalhos rápidos</translation>
+    </message>
+    <message>
+        <source>Storage Volumes</source>
+        <translation>Volumes de armazenamento</translation>
+    </message>
+    <message>
+        <source>Connected Devices</source>
+        <translation>Dispositivos conectados</translation>
+    </message>
+    <message>
+        <source>No Devices</source>
+        <translation>Nenhum dispositivo</translation>
+    </message>
+    <message>
+        <source>Connect an iOS or Android device via USB</source>
+        <translation>Conecte um dispositivo iOS ou Android por USB</translation>
+    </message>
+    <message>
+        <source>Drop a folder here to keep it at hand.</source>
+        <translation>Solte uma pasta aqui para tê-la à mão.</translation>
+    </message>
+    <message>
+        <source>Remove from Favorites</source>
+        <translation>Remover dos favoritos</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::StatusBanner</name>
+    <message>
+        <source>Close this message</source>
+        <translation>Fechar esta mensagem</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairList</name>
+    <message>
+        <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
+        <translation>Nenhuma pasta é sincronizada ainda. Abra uma pasta do telefone e escolha “Sincronizar esta pasta…”.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairRow</name>
+    <message>
+        <source>Queued</source>
+        <translation>Na fila</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>Sincronizar agora</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Remove This Pair</source>
+        <translation>Remover este par</translation>
+    </message>
+    <message>
+        <source>Stop keeping these folders in step?</source>
+        <translation>Parar de sincronizar estas pastas?</translation>
+    </message>
+    <message>
+        <source>No file is deleted on either side.</source>
+        <translation>Nenhum arquivo é apagado em nenhum dos lados.</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Remover</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairSheet</name>
+    <message>
+        <source>A file deleted on one side is deleted on the other, after asking</source>
+        <translation>Um arquivo apagado de um lado é apagado do outro, após confirmação</translation>
+    </message>
+    <message>
+        <source>Remove files from where they came once they have arrived</source>
+        <translation>Remover os arquivos da origem depois que chegarem</translation>
+    </message>
+    <message>
+        <source>Sync This Folder</source>
+        <translation>Sincronizar esta pasta</translation>
+    </message>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>Pasta neste computador</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>Sentido</translation>
+    </message>
+    <message>
+        <source>Both ways</source>
+        <translation>Nos dois sentidos</translation>
+    </message>
+    <message>
+        <source>Only to the phone</source>
+        <translation>Só para o telefone</translation>
+    </message>
+    <message>
+        <source>Only to this computer</source>
+        <translation>Só para este computador</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>Escolher…</translation>
+    </message>
+    <message>
+        <source>Folder on the phone</source>
+        <translation>Pasta no telefone</translation>
+    </message>
+    <message>
+        <source>Show What Will Happen</source>
+        <translation>Mostrar o que vai acontecer</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPanel</name>
+    <message>
+        <source>Sync</source>
+        <translation>Sincronização</translation>
+    </message>
+    <message>
+        <source>Sync This Folder…</source>
+        <translation>Sincronizar esta pasta…</translation>
+    </message>
+    <message>
+        <source>Sync All</source>
+        <translation>Sincronizar tudo</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPreviewDialog</name>
+    <message>
+        <source>Copy to the phone</source>
+        <translation>Copiar para o telefone</translation>
+    </message>
+    <message>
+        <source>Copy to this computer</source>
+        <translation>Copiar para este computador</translation>
+    </message>
+    <message>
+        <source>Move to the phone</source>
+        <translation>Mover para o telefone</translation>
+    </message>
+    <message>
+        <source>Move to this computer</source>
+        <translation>Mover para este computador</translation>
+    </message>
+    <message>
+        <source>Changed on both sides: keep both</source>
+        <translation>Alterado nos dois lados: manter ambos</translation>
+    </message>
+    <message>
+        <source>Delete on the phone</source>
+        <translation>Apagar no telefone</translation>
+    </message>
+    <message>
+        <source>Delete on this computer</source>
+        <translation>Apagar neste computador</translation>
+    </message>
+    <message>
+        <source>Leave as it is</source>
+        <translation>Deixar como está</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>Pular</translation>
+    </message>
+    <message>
+        <source>What Will Happen</source>
+        <translation>O que vai acontecer</translation>
+    </message>
+    <message>
+        <source>Action</source>
+        <translation>Ação</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>Sincronizar agora</translation>
+    </message>
+    <message>
+        <source>Comparing the folders…</source>
+        <translation>Comparando as pastas…</translation>
+    </message>
+    <message>
+        <source>The folders cannot be compared</source>
+        <translation>Não é possível comparar as pastas</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files are the same already</source>
+        <translation>
+            <numerusform>%Ln arquivo já é igual</numerusform>
+            <numerusform>%Ln arquivos já são iguais</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files to go through, %1 to copy</source>
+        <translation>
+            <numerusform>%Ln arquivo a examinar, %1 a copiar</numerusform>
+            <numerusform>%Ln arquivos a examinar, %1 a copiar</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncQuestionDialog</name>
+    <message>
+        <source>On this computer</source>
+        <translation>Neste computador</translation>
+    </message>
+    <message>
+        <source>On the phone</source>
+        <translation>No telefone</translation>
+    </message>
+    <message>
+        <source>Files to delete</source>
+        <translation>Arquivos a apagar</translation>
+    </message>
+    <message>
+        <source>Where</source>
+        <translation>Onde</translation>
+    </message>
+    <message>
+        <source>edited since the last sync</source>
+        <translation>editado desde a última sincronização</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Manter</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Apagar</translation>
+    </message>
+    <message>
+        <source>Create Again</source>
+        <translation>Criar de novo</translation>
+    </message>
+    <message>
+        <source>Delete Files?</source>
+        <translation>Apagar arquivos?</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files were deleted on one side. Delete them on the other, too?</source>
+        <translation>
+            <numerusform>%Ln arquivo foi apagado de um lado. Apagá-lo também do outro?</numerusform>
+            <numerusform>%Ln arquivos foram apagados de um lado. Apagá-los também do outro?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>What you keep is copied back.</source>
+        <translation>O que você mantiver será copiado de volta.</translation>
+    </message>
+    <message>
+        <source>Folder Missing</source>
+        <translation>Pasta ausente</translation>
+    </message>
+    <message>
+        <source>The folder on this computer is gone</source>
+        <translation>A pasta neste computador sumiu</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferListModel</name>
+    <message>
+        <source>Finishing: the phone is still storing the file</source>
+        <translation>Finalizando: o telefone ainda está gravando o arquivo</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1/%Ln files</source>
+        <translation>
+            <numerusform>%1/%Ln arquivo</numerusform>
+            <numerusform>%1/%Ln arquivos</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 left</source>
+        <translation>faltam %1</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferNotice</name>
+    <message>
+        <source>“%1” is copied.</source>
+        <translation>“%1” foi copiado.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items are copied.</source>
+        <translation>
+            <numerusform>%Ln item foi copiado.</numerusform>
+            <numerusform>%Ln itens foram copiados.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” was not copied.</source>
+        <translation>“%1” não foi copiado.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items were not copied.</source>
+        <translation>
+            <numerusform>%Ln de %1 itens não foi copiado.</numerusform>
+            <numerusform>%Ln de %1 itens não foram copiados.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Copying has finished</source>
+        <translation>A cópia terminou</translation>
+    </message>
+    <message>
+        <source>Copying went wrong</source>
+        <translation>A cópia teve problemas</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferPanel</name>
+    <message>
+        <source>All transfers have ended</source>
+        <translation>Todas as transferências terminaram</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 de %2</translation>
+    </message>
+    <message>
+        <source>%1 left</source>
+        <translation>faltam %1</translation>
+    </message>
+    <message>
+        <source>Transfers</source>
+        <translation>Transferências</translation>
+    </message>
+    <message>
+        <source>Cancel All</source>
+        <translation>Cancelar tudo</translation>
+    </message>
+    <message>
+        <source>Clear Finished</source>
+        <translation>Limpar concluídos</translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>Mostrar na pasta</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TranslatedFileModel</name>
+    <message>
+        <source>Name</source>
+        <translation>Nome</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Tamanho</translation>
+    </message>
+    <message>
+        <source>Date Modified</source>
+        <translation>Data de modificação</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Tipo</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::UpdateAlerts</name>
+    <message>
+        <source>Help</source>
+        <translation>Ajuda</translation>
+    </message>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>Buscar atualizações…</translation>
+    </message>
+    <message>
+        <source>Update Check Failed</source>
+        <translation>Falha ao buscar atualizações</translation>
+    </message>
+    <message>
+        <source>Tessary v%1 is currently the newest version.</source>
+        <translation>Tessary v%1 é atualmente a versão mais recente.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>A new version of Tessary is available.</source>
+        <translation>Há uma nova versão do Tessary disponível.</translation>
+    </message>
+    <message>
+        <source>Tessary %1 is available</source>
+        <translation>Tessary %1 está disponível</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Baixar</translation>
+    </message>
+    <message>
+        <source>Skip This Version</source>
+        <translation>Ignorar esta versão</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Depois</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WelcomeView</name>
+    <message>
+        <source>Connect a phone</source>
+        <translation>Conecte um telefone</translation>
+    </message>
+    <message>
+        <source>Try It with a Virtual Phone</source>
+        <translation>Experimentar com um telefone virtual</translation>
+    </message>
+    <message>
+        <source>Starts Tessary again with two virtual phones, which hold sample files</source>
+        <translation>Reinicia o Tessary com dois telefones virtuais que contêm arquivos de exemplo</translation>
+    </message>
+    <message>
+        <source>Plug it in</source>
+        <translation>Conecte-o</translation>
+    </message>
+    <message>
+        <source>Use a cable that carries data: some only charge.</source>
+        <translation>Use um cabo de dados: alguns só carregam.</translation>
+    </message>
+    <message>
+        <source>Unlock it</source>
+        <translation>Desbloqueie-o</translation>
+    </message>
+    <message>
+        <source>A locked phone shows nothing of its storage.</source>
+        <translation>Um telefone bloqueado não mostra nada do seu armazenamento.</translation>
+    </message>
+    <message>
+        <source>Choose “File transfer” on it</source>
+        <translation>Escolha nele “Transferência de arquivos”</translation>
+    </message>
+    <message>
+        <source>Android asks in a notification that says “Charging this device via USB”.</source>
+        <translation>O Android pergunta em uma notificação que diz “Carregando este dispositivo via USB”.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WirelessDialog</name>
+    <message>
+        <source>Pairing…</source>
+        <translation>Pareando…</translation>
+    </message>
+    <message>
+        <source>Connecting…</source>
+        <translation>Conectando…</translation>
+    </message>
+    <message>
+        <source>Paired</source>
+        <translation>Pareado</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>Conectado</translation>
+    </message>
+    <message>
+        <source>Waiting to be paired</source>
+        <translation>Aguardando o pareamento</translation>
+    </message>
+    <message>
+        <source>Ready to connect</source>
+        <translation>Pronto para conectar</translation>
+    </message>
+    <message>
+        <source>Wireless Devices</source>
+        <translation>Dispositivos sem fio</translation>
+    </message>
+    <message>
+        <source>Phones on this network on which wireless debugging is switched on.</source>
+        <translation>Telefones nesta rede com a depuração sem fio ativada.</translation>
+    </message>
+    <message>
+        <source>Looking for phones…</source>
+        <translation>Procurando telefones…</translation>
+    </message>
+    <message>
+        <source>Search Again</source>
+        <translation>Procurar novamente</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fechar</translation>
+    </message>
+    <message>
+        <source>This computer cannot look for phones on the network: the service for it (avahi-daemon) does not run.</source>
+        <translation>Este computador não pode procurar telefones na rede: o serviço necessário (avahi-daemon) não está em execução.</translation>
+    </message>
+    <message>
+        <source>On the phone, switch on wireless debugging in the developer options. It must be on the same network as this computer.</source>
+        <translation>No telefone, ative a depuração sem fio nas opções do desenvolvedor. Ele deve estar na mesma rede que este computador.</translation>
+    </message>
+    <message>
+        <source>A phone that waits to be paired shows a code of six digits.</source>
+        <translation>Um telefone que aguarda o pareamento mostra um código de seis dígitos.</translation>
+    </message>
+    <message>
+        <source>Pair…</source>
+        <translation>Parear…</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>Conectar</translation>
+    </message>
+    <message>
+        <source>The six digits that the phone shows:</source>
+        <translation>Os seis dígitos que o telefone mostra:</translation>
+    </message>
+    <message>
+        <source>Pair</source>
+        <translation>Parear</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+</context>
+</TS>

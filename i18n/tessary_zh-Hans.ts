@@ -1,0 +1,2396 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en_US">
+<context>
+    <name>BrowserActions</name>
+    <message>
+        <source>Back</source>
+        <translation>后退</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>前进</translation>
+    </message>
+    <message>
+        <source>Enclosing Folder</source>
+        <translation>上层文件夹</translation>
+    </message>
+    <message>
+        <source>Go to Folder…</source>
+        <translation>前往文件夹…</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>重新载入</translation>
+    </message>
+    <message>
+        <source>Open Folder</source>
+        <translation>打开文件夹</translation>
+    </message>
+    <message>
+        <source>New Folder</source>
+        <translation>新建文件夹</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>重命名</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>删除</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>下载</translation>
+    </message>
+    <message>
+        <source>Copy Files Here…</source>
+        <translation>将文件拷贝到此处…</translation>
+    </message>
+    <message>
+        <source>Copy a Folder Here…</source>
+        <translation>将文件夹拷贝到此处…</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>全选</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>筛选</translation>
+    </message>
+    <message>
+        <source>As List</source>
+        <translation>列表显示</translation>
+    </message>
+    <message>
+        <source>As Grid</source>
+        <translation>网格显示</translation>
+    </message>
+    <message>
+        <source>Add to Favorites</source>
+        <translation>添加到收藏夹</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>应用</translation>
+    </message>
+    <message>
+        <source>Sync</source>
+        <translation>同步</translation>
+    </message>
+    <message>
+        <source>Quick Look</source>
+        <translation>快速查看</translation>
+    </message>
+    <message>
+        <source>Properties</source>
+        <translation>属性</translation>
+    </message>
+</context>
+<context>
+    <name>BrowserEdit</name>
+    <message>
+        <source>New Folder</source>
+        <translation>新建文件夹</translation>
+    </message>
+    <message>
+        <source>New Folder %1</source>
+        <translation>新建文件夹 %1</translation>
+    </message>
+</context>
+<context>
+    <name>ByteFormat</name>
+    <message>
+        <source>1 byte</source>
+        <translation>1 字节</translation>
+    </message>
+</context>
+<context>
+    <name>ClashQuestion</name>
+    <message>
+        <source>Already There</source>
+        <translation>已存在</translation>
+    </message>
+    <message>
+        <source>“%1” is already there.</source>
+        <translation>“%1”已存在。</translation>
+    </message>
+    <message>
+        <source>New: %1</source>
+        <translation>新项目：%1</translation>
+    </message>
+    <message>
+        <source>There: %1</source>
+        <translation>现有项目：%1</translation>
+    </message>
+    <message>
+        <source>Replacing merges the folders; files of the same name in them are replaced.</source>
+        <translation>替换会合并文件夹；其中的同名文件会被替换。</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>替换</translation>
+    </message>
+    <message>
+        <source>Keep Both</source>
+        <translation>保留两者</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>跳过</translation>
+    </message>
+    <message numerus="yes">
+        <source>Do the same for the other %Ln</source>
+        <translation>
+            <numerusform>对其余 %Ln 项执行相同操作</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not Enough Space</source>
+        <translation>空间不足</translation>
+    </message>
+    <message>
+        <source>There is not enough space for this copy.</source>
+        <translation>没有足够的空间进行此次拷贝。</translation>
+    </message>
+    <message>
+        <source>It needs at least %1, and %2 are free in “%3”.</source>
+        <translation>至少需要 %1，而“%3”的可用空间为 %2。</translation>
+    </message>
+    <message>
+        <source>It needs %1, and %2 are free in “%3”.</source>
+        <translation>需要 %1，而“%3”的可用空间为 %2。</translation>
+    </message>
+    <message>
+        <source>Copy Anyway</source>
+        <translation>仍然拷贝</translation>
+    </message>
+</context>
+<context>
+    <name>DisplayNames</name>
+    <message>
+        <source>Folder</source>
+        <translation>文件夹</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>图像</translation>
+    </message>
+    <message>
+        <source>Video</source>
+        <translation>视频</translation>
+    </message>
+    <message>
+        <source>Audio</source>
+        <translation>音频</translation>
+    </message>
+    <message>
+        <source>Document</source>
+        <translation>文档</translation>
+    </message>
+    <message>
+        <source>Archive</source>
+        <translation>归档</translation>
+    </message>
+    <message>
+        <source>APK Package</source>
+        <translation>APK 安装包</translation>
+    </message>
+    <message>
+        <source>Source Code</source>
+        <translation>源代码</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>iOS File Transfer</source>
+        <translation>iOS 文件传输</translation>
+    </message>
+    <message>
+        <source>Standard MTP</source>
+        <translation>标准 MTP</translation>
+    </message>
+    <message>
+        <source>Turbo Mode (ADB)</source>
+        <translation>极速模式 (ADB)</translation>
+    </message>
+    <message>
+        <source>Upload</source>
+        <translation>上传</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>下载</translation>
+    </message>
+    <message>
+        <source>Queued</source>
+        <translation>排队中</translation>
+    </message>
+    <message>
+        <source>In Progress</source>
+        <translation>进行中</translation>
+    </message>
+    <message>
+        <source>Completed</source>
+        <translation>已完成</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>失败</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>已取消</translation>
+    </message>
+    <message>
+        <source>Internal Storage</source>
+        <translation>内部存储</translation>
+    </message>
+    <message>
+        <source>Internal Shared Storage</source>
+        <translation>内部共享存储</translation>
+    </message>
+    <message>
+        <source>SD Card</source>
+        <translation>SD 卡</translation>
+    </message>
+    <message>
+        <source>%1 free of %2</source>
+        <translation>可用 %1，共 %2</translation>
+    </message>
+    <message>
+        <source>Move to the phone</source>
+        <translation>移到手机</translation>
+    </message>
+    <message>
+        <source>Only to the phone</source>
+        <translation>仅到手机</translation>
+    </message>
+    <message>
+        <source>Move to this computer</source>
+        <translation>移到此电脑</translation>
+    </message>
+    <message>
+        <source>Only to this computer</source>
+        <translation>仅到此电脑</translation>
+    </message>
+    <message>
+        <source>Both ways</source>
+        <translation>双向</translation>
+    </message>
+</context>
+<context>
+    <name>MainMenu</name>
+    <message>
+        <source>Settings</source>
+        <translation>设置</translation>
+    </message>
+    <message>
+        <source>Wireless Devices…</source>
+        <translation>无线设备…</translation>
+    </message>
+    <message>
+        <source>Quit Tessary</source>
+        <translation>退出 Tessary</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>编辑</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>显示</translation>
+    </message>
+    <message>
+        <source>Go</source>
+        <translation>前往</translation>
+    </message>
+</context>
+<context>
+    <name>Message</name>
+    <message>
+        <source>The phone is full: delete something on it, or copy less.</source>
+        <translation>手机已满：请删除部分内容，或减少拷贝的内容。</translation>
+    </message>
+    <message>
+        <source>The app does not allow this.</source>
+        <translation>应用不允许此操作。</translation>
+    </message>
+    <message>
+        <source>The phone does not answer: unlock it. If that does not help, unplug it and plug it in again.</source>
+        <translation>手机没有响应：请将其解锁。如果仍无效，请拔出后重新插上。</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and try again.</source>
+        <translation>请解锁手机后重试。</translation>
+    </message>
+    <message>
+        <source>Unplug the phone, plug it in again and tap Trust on it.</source>
+        <translation>请拔出手机并重新插上，然后在手机上轻点“信任”。</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and tap Trust on it.</source>
+        <translation>请解锁手机并轻点“信任”。</translation>
+    </message>
+    <message>
+        <source>Unlock the phone, tap Trust on it when it asks, and try again.</source>
+        <translation>请解锁手机，在询问时轻点“信任”，然后重试。</translation>
+    </message>
+    <message>
+        <source>Unlock the phone. If that does not help, the app does not share its files with computers.</source>
+        <translation>请解锁手机。如果仍无效，则该应用不与电脑共享文件。</translation>
+    </message>
+    <message>
+        <source>Another program is using the phone.</source>
+        <translation>另一个程序正在使用手机。</translation>
+    </message>
+    <message>
+        <source>Close it, or unmount the phone in the desktop&apos;s file manager, and try again.</source>
+        <translation>请关闭该程序，或在桌面的文件管理器中卸载手机，然后重试。</translation>
+    </message>
+    <message>
+        <source>The phone is not connected.</source>
+        <translation>手机未连接。</translation>
+    </message>
+    <message>
+        <source>The phone was unplugged.</source>
+        <translation>手机已被拔出。</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again, unlock it and choose File transfer on it.</source>
+        <translation>请重新插上手机，将其解锁并选择“文件传输”。</translation>
+    </message>
+    <message>
+        <source>The phone does not answer.</source>
+        <translation>手机没有响应。</translation>
+    </message>
+    <message>
+        <source>Unlock it. If that does not help, unplug it and plug it in again.</source>
+        <translation>请将其解锁。如果仍无效，请拔出后重新插上。</translation>
+    </message>
+    <message>
+        <source>The phone broke the transfer off.</source>
+        <translation>手机中断了传输。</translation>
+    </message>
+    <message>
+        <source>Try again. If that does not help, unplug the phone and plug it in again.</source>
+        <translation>请重试。如果仍无效，请拔出手机后重新插上。</translation>
+    </message>
+    <message>
+        <source>This user may not open the phone&apos;s USB device.</source>
+        <translation>此用户无权打开手机的 USB 设备。</translation>
+    </message>
+    <message>
+        <source>Install the udev rule that comes with Tessary, then plug the phone in again.</source>
+        <translation>请安装 Tessary 附带的 udev 规则，然后重新插上手机。</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is full.</source>
+        <translation>手机存储空间已满。</translation>
+    </message>
+    <message>
+        <source>Delete something on the phone, or copy less.</source>
+        <translation>请删除手机上的部分内容，或减少拷贝的内容。</translation>
+    </message>
+    <message>
+        <source>This storage of the phone is read-only.</source>
+        <translation>手机的此存储为只读。</translation>
+    </message>
+    <message>
+        <source>Choose another folder.</source>
+        <translation>请选择其他文件夹。</translation>
+    </message>
+    <message>
+        <source>The phone protects this file.</source>
+        <translation>手机保护了此文件。</translation>
+    </message>
+    <message>
+        <source>The phone does not allow this.</source>
+        <translation>手机不允许此操作。</translation>
+    </message>
+    <message>
+        <source>Unlock it, and try another folder.</source>
+        <translation>请将其解锁，并尝试其他文件夹。</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is not available.</source>
+        <translation>手机存储不可用。</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and choose File transfer on it.</source>
+        <translation>请解锁手机并选择“文件传输”。</translation>
+    </message>
+    <message>
+        <source>The phone is busy.</source>
+        <translation>手机正忙。</translation>
+    </message>
+    <message>
+        <source>Wait a moment and try again.</source>
+        <translation>请稍候再试。</translation>
+    </message>
+    <message>
+        <source>The phone cannot do this.</source>
+        <translation>手机不支持此操作。</translation>
+    </message>
+    <message>
+        <source>The phone ended the connection.</source>
+        <translation>手机结束了连接。</translation>
+    </message>
+    <message>
+        <source>Go up to the folder that held it.</source>
+        <translation>请前往上层文件夹。</translation>
+    </message>
+    <message>
+        <source>The copy failed for an unknown reason.</source>
+        <translation>由于未知原因，拷贝失败。</translation>
+    </message>
+    <message>
+        <source>Transfer was cancelled</source>
+        <translation>传输已取消</translation>
+    </message>
+    <message>
+        <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
+        <translation>此 iPhone 上没有共享文件的 App。只有开发者开启了文件共享的 App 才能在电脑上打开；照片以及不公开文稿的 App 则不能。</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are deleted on the other after you agreed.</source>
+        <translation>新文件和更改过的文件会双向拷贝。在一侧删除的文件，经您同意后也会在另一侧删除。</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are copied back.</source>
+        <translation>新文件和更改过的文件会双向拷贝。在一侧删除的文件会拷贝回去。</translation>
+    </message>
+    <message>
+        <source>Files are moved to the phone: each is deleted here once it has arrived.</source>
+        <translation>文件会移到手机：每个文件到达后即从此处删除。</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied to the phone. Nothing is deleted.</source>
+        <translation>新文件和更改过的文件会拷贝到手机。不会删除任何内容。</translation>
+    </message>
+    <message>
+        <source>Files are moved here: each is deleted on the phone once it has arrived.</source>
+        <translation>文件会移到此处：每个文件到达后即从手机中删除。</translation>
+    </message>
+    <message>
+        <source>New and changed files of the phone are copied here. Nothing is deleted.</source>
+        <translation>手机上的新文件和更改过的文件会拷贝到此处。不会删除任何内容。</translation>
+    </message>
+    <message>
+        <source>To Android</source>
+        <translation>到设备</translation>
+    </message>
+    <message>
+        <source>Move to iPhone</source>
+        <translation>移到设备</translation>
+    </message>
+    <message>
+        <source>Move to Android</source>
+        <translation>移到设备</translation>
+    </message>
+    <message>
+        <source>Move to Mac</source>
+        <translation>移到电脑</translation>
+    </message>
+    <message>
+        <source>Uploading</source>
+        <translation>正在上传</translation>
+    </message>
+    <message>
+        <source>Downloading</source>
+        <translation>正在下载</translation>
+    </message>
+    <message>
+        <source>Moving</source>
+        <translation>正在移动</translation>
+    </message>
+    <message>
+        <source>Moving (already on destination)</source>
+        <translation>正在移动（已在目标处）</translation>
+    </message>
+    <message>
+        <source>%1 uploaded</source>
+        <translation>上传 %1 个</translation>
+    </message>
+    <message>
+        <source>%1 downloaded</source>
+        <translation>下载 %1 个</translation>
+    </message>
+    <message>
+        <source>%1 moved</source>
+        <translation>移动 %1 个</translation>
+    </message>
+    <message>
+        <source>%1 deleted</source>
+        <translation>删除 %1 个</translation>
+    </message>
+    <message>
+        <source>%1 kept twice</source>
+        <translation>%1 个保留两份</translation>
+    </message>
+    <message>
+        <source>%1 skipped</source>
+        <translation>跳过 %1 个</translation>
+    </message>
+    <message>
+        <source>its name cannot be part of a path</source>
+        <translation>名称无法用于路径</translation>
+    </message>
+    <message>
+        <source>the device has several entries of this name</source>
+        <translation>设备上有多个同名项目</translation>
+    </message>
+    <message>
+        <source>the device does not tell its size</source>
+        <translation>设备未提供其大小</translation>
+    </message>
+    <message>
+        <source>its name is not valid text</source>
+        <translation>名称不是有效文本</translation>
+    </message>
+    <message>
+        <source>it is a link; links are not followed</source>
+        <translation>它是链接；不会跟随链接</translation>
+    </message>
+    <message>
+        <source>it is not a regular file</source>
+        <translation>它不是普通文件</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>无法读取</translation>
+    </message>
+    <message>
+        <source>its name cannot be used on this computer</source>
+        <translation>名称无法用于此电脑</translation>
+    </message>
+    <message>
+        <source>its name is too long for this computer</source>
+        <translation>名称对此电脑而言过长</translation>
+    </message>
+    <message>
+        <source>its name is too long for the device</source>
+        <translation>名称对设备而言过长</translation>
+    </message>
+    <message>
+        <source>its name is too long for the phone</source>
+        <translation>名称对手机而言过长</translation>
+    </message>
+    <message>
+        <source>phones do not allow a sign in its name</source>
+        <translation>名称中有手机不允许的字符</translation>
+    </message>
+    <message>
+        <source>it is a file on one side and a folder on the other</source>
+        <translation>它在一侧是文件，在另一侧是文件夹</translation>
+    </message>
+    <message>
+        <source>another name differs from it only in case or in the form of its letters</source>
+        <translation>另一个名称仅大小写或字母形式不同</translation>
+    </message>
+    <message>
+        <source>it was changed on the side that files are copied to</source>
+        <translation>它在拷贝目标一侧被更改</translation>
+    </message>
+    <message>
+        <source>it was changed on the side that files are moved to; both are kept</source>
+        <translation>它在移动目标一侧被更改；两者均保留</translation>
+    </message>
+    <message>
+        <source>it changed while the folders were being synced; it was left as it is</source>
+        <translation>它在同步期间发生更改；保持原样</translation>
+    </message>
+    <message>
+        <source>it changed again and again while it was being copied</source>
+        <translation>它在拷贝期间反复更改</translation>
+    </message>
+    <message>
+        <source>another file of this name, size and date is on the other side; both are kept</source>
+        <translation>另一侧有名称、大小和日期相同的另一个文件；两者均保留</translation>
+    </message>
+    <message>
+        <source>The connection to the phone broke off.</source>
+        <translation>与手机的连接已中断。</translation>
+    </message>
+    <message>
+        <source>adb answers nonsense.</source>
+        <translation>adb 的响应无效。</translation>
+    </message>
+    <message>
+        <source>A folder cannot be moved into itself.</source>
+        <translation>无法将文件夹移到其自身中。</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be changed or copied as one item.</source>
+        <translation>无法将整个存储作为一个项目更改或拷贝。</translation>
+    </message>
+    <message>
+        <source>The phone sends nothing any more. Unplug it and plug it in again.</source>
+        <translation>手机不再发送数据。请拔出后重新插上。</translation>
+    </message>
+    <message>
+        <source>The phone takes nothing any more. Unplug it and plug it in again.</source>
+        <translation>手机不再接收数据。请拔出后重新插上。</translation>
+    </message>
+    <message>
+        <source>nothing arrived.</source>
+        <translation>没有收到任何内容。</translation>
+    </message>
+    <message>
+        <source>the phone does not have the file.</source>
+        <translation>手机上没有此文件。</translation>
+    </message>
+    <message>
+        <source>The phone has not allowed this computer yet. Unlock it and tap Allow in the question about USB debugging.</source>
+        <translation>手机尚未允许此电脑。请解锁，并在 USB 调试的提示中轻点“允许”。</translation>
+    </message>
+    <message>
+        <source>The phone is offline for adb. Unplug it and plug it in again, or turn USB debugging off and on.</source>
+        <translation>手机对 adb 处于离线状态。请拔出后重新插上，或关闭再打开 USB 调试。</translation>
+    </message>
+    <message>
+        <source>adb does not reach the phone. Turn on USB debugging on it, or switch to Standard MTP.</source>
+        <translation>adb 无法连接手机。请在手机上打开 USB 调试，或切换到标准 MTP。</translation>
+    </message>
+    <message>
+        <source>adb reaches several phones and cannot tell which one is meant. Unplug the others, or switch to Standard MTP.</source>
+        <translation>adb 连接到多部手机，无法确定是哪一部。请拔出其他手机，或切换到标准 MTP。</translation>
+    </message>
+    <message>
+        <source>adb&apos;s server cannot be started.</source>
+        <translation>无法启动 adb 服务器。</translation>
+    </message>
+    <message>
+        <source>The file is too large for this storage of the phone.</source>
+        <translation>文件对手机的此存储而言过大。</translation>
+    </message>
+    <message>
+        <source>adb cannot be started.</source>
+        <translation>无法启动 adb。</translation>
+    </message>
+    <message>
+        <source>adb crashed.</source>
+        <translation>adb 已崩溃。</translation>
+    </message>
+    <message>
+        <source>adb does not answer. Unplug the phone and plug it in again.</source>
+        <translation>adb 没有响应。请拔出手机后重新插上。</translation>
+    </message>
+    <message>
+        <source>adb is not installed.</source>
+        <translation>未安装 adb。</translation>
+    </message>
+    <message>
+        <source>The phone does not answer on the network.</source>
+        <translation>手机在网络中没有响应。</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s adb is too old to pair: version 30 or newer is needed.</source>
+        <translation>此电脑的 adb 版本过旧，无法配对：需要 30 或更高版本。</translation>
+    </message>
+    <message>
+        <source>Allow this computer on the phone, then connect again.</source>
+        <translation>请在手机上允许此电脑，然后重新连接。</translation>
+    </message>
+    <message>
+        <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
+        <translation>极速模式需要 adb，但尚未安装。现改用标准 MTP。</translation>
+    </message>
+    <message>
+        <source>Install the adb tool, or switch the phone to Standard MTP.</source>
+        <translation>请安装 adb 工具，或将手机切换到标准 MTP。</translation>
+    </message>
+    <message>
+        <source>the folder cannot be created on this computer</source>
+        <translation>无法在此电脑上创建文件夹</translation>
+    </message>
+    <message>
+        <source>a folder of this name is on this computer</source>
+        <translation>此电脑上有同名文件夹</translation>
+    </message>
+    <message>
+        <source>The documents of an app cannot be deleted as a whole.</source>
+        <translation>无法整体删除 App 的文稿。</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer was cut off</source>
+        <translation>服务器的响应被截断</translation>
+    </message>
+    <message>
+        <source>Check the spelling, or choose the folder below.</source>
+        <translation>请检查拼写，或在下方选择文件夹。</translation>
+    </message>
+    <message>
+        <source>the phone did not put it in the place of the old file.</source>
+        <translation>手机没有用它替换旧文件。</translation>
+    </message>
+    <message>
+        <source>a link to a folder</source>
+        <translation>指向文件夹的链接</translation>
+    </message>
+    <message>
+        <source>a link that leads nowhere</source>
+        <translation>没有目标的链接</translation>
+    </message>
+    <message>
+        <source>a link</source>
+        <translation>链接</translation>
+    </message>
+    <message>
+        <source>not a regular file</source>
+        <translation>不是普通文件</translation>
+    </message>
+    <message>
+        <source>the folder cannot be read</source>
+        <translation>无法读取该文件夹</translation>
+    </message>
+    <message>
+        <source>a folder of this name is there.</source>
+        <translation>那里有同名的文件夹。</translation>
+    </message>
+    <message>
+        <source>it is not a file.</source>
+        <translation>它不是文件。</translation>
+    </message>
+    <message>
+        <source>The device does not answer.</source>
+        <translation>设备没有响应。</translation>
+    </message>
+    <message>
+        <source>another entry has the same name on this computer</source>
+        <translation>在此电脑上另一个项目有相同的名称</translation>
+    </message>
+    <message>
+        <source>the phone lists this folder inside itself</source>
+        <translation>手机将此文件夹列在其自身之中</translation>
+    </message>
+    <message>
+        <source>its folder could not be made</source>
+        <translation>无法创建其文件夹</translation>
+    </message>
+    <message>
+        <source>The phone is busy with another copy. Try again when that one is done.</source>
+        <translation>手机正忙于另一项复制。请在其完成后重试。</translation>
+    </message>
+    <message>
+        <source>no phone was chosen</source>
+        <translation>未选择手机</translation>
+    </message>
+    <message>
+        <source>folders are copied, not dragged</source>
+        <translation>文件夹只能复制，不能拖动</translation>
+    </message>
+    <message>
+        <source>it is still being copied from the phone</source>
+        <translation>仍在从手机复制</translation>
+    </message>
+    <message>
+        <source>a name cannot be empty</source>
+        <translation>名称不能为空</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be deleted.</source>
+        <translation>无法删除整个存储空间。</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be renamed.</source>
+        <translation>无法重命名整个存储空间。</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be moved.</source>
+        <translation>无法移动整个存储空间。</translation>
+    </message>
+    <message>
+        <source>The phone cannot move files from one storage to another. Copy them instead.</source>
+        <translation>手机无法将文件从一个存储空间移到另一个。请改为复制。</translation>
+    </message>
+    <message>
+        <source>A folder has no preview.</source>
+        <translation>文件夹没有预览。</translation>
+    </message>
+    <message>
+        <source>No storage available</source>
+        <translation>没有可用的存储空间</translation>
+    </message>
+    <message>
+        <source>No MTP storage found for upload</source>
+        <translation>找不到可上传的 MTP 存储空间</translation>
+    </message>
+    <message>
+        <source>No device connected for download</source>
+        <translation>没有连接可下载的设备</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 以及其他 %2 个</translation>
+    </message>
+    <message>
+        <source>Internal Storage</source>
+        <translation>内部存储</translation>
+    </message>
+    <message>
+        <source>Idle</source>
+        <translation>空闲</translation>
+    </message>
+    <message>
+        <source>Syncing…</source>
+        <translation>正在同步…</translation>
+    </message>
+    <message>
+        <source>Synced</source>
+        <translation>已同步</translation>
+    </message>
+    <message>
+        <source>Up to date</source>
+        <translation>已是最新</translation>
+    </message>
+    <message>
+        <source>Connecting to device…</source>
+        <translation>正在连接设备…</translation>
+    </message>
+    <message>
+        <source>Device disconnected</source>
+        <translation>设备已断开</translation>
+    </message>
+    <message>
+        <source>Scanning folders…</source>
+        <translation>正在扫描文件夹…</translation>
+    </message>
+    <message>
+        <source>Awaiting deletion confirmation…</source>
+        <translation>正在等待确认删除…</translation>
+    </message>
+    <message>
+        <source>Analyzing files…</source>
+        <translation>正在分析文件…</translation>
+    </message>
+    <message>
+        <source>Starting transfer…</source>
+        <translation>正在开始传输…</translation>
+    </message>
+    <message>
+        <source>Completed</source>
+        <translation>已完成</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>已取消</translation>
+    </message>
+    <message>
+        <source>Server returned non-200 status</source>
+        <translation>服务器返回了非 200 状态</translation>
+    </message>
+    <message>
+        <source>Invalid version data format</source>
+        <translation>版本数据格式无效</translation>
+    </message>
+    <message>
+        <source>The server did not answer in time</source>
+        <translation>服务器未及时响应</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer is too long</source>
+        <translation>服务器的响应过长</translation>
+    </message>
+    <message>
+        <source>The address is not a safe one</source>
+        <translation>该地址不安全</translation>
+    </message>
+    <message>
+        <source>The server redirects without end</source>
+        <translation>服务器无限重定向</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>请重新插上手机并解锁。</translation>
+    </message>
+    <message>
+        <source>Another folder is shown by now. Nothing was done.</source>
+        <translation>现在显示的是另一个文件夹。未执行任何操作。</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or moved on the phone.</source>
+        <translation>它可能已在手机上被删除或移动。</translation>
+    </message>
+    <message>
+        <source>Already There</source>
+        <translation>已存在</translation>
+    </message>
+    <message>
+        <source>Cannot enumerate %1</source>
+        <translation>无法列出 %1</translation>
+    </message>
+    <message>
+        <source>%1 changed while the folder was being read. Sync again.</source>
+        <translation>读取文件夹时 %1 发生了变化。请重新同步。</translation>
+    </message>
+    <message>
+        <source>The phone lists the folder %1 inside itself.</source>
+        <translation>手机将文件夹 %1 列在其自身之中。</translation>
+    </message>
+    <message>
+        <source>%1 holds &quot;%2&quot;, which is no name of a file.</source>
+        <translation>%1 包含“%2”，这不是文件名。</translation>
+    </message>
+    <message>
+        <source>Cannot open local file for writing: %1</source>
+        <translation>无法打开本地文件进行写入：%1</translation>
+    </message>
+    <message>
+        <source>Cannot open local file for reading: %1</source>
+        <translation>无法打开本地文件进行读取：%1</translation>
+    </message>
+    <message>
+        <source>The phone does not tell what %1 is.</source>
+        <translation>手机没有说明 %1 是什么。</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used on this computer. Rename the folder on the phone first.</source>
+        <translation>名称“%1”不能在此电脑上使用。请先在手机上重命名该文件夹。</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used on this computer. Rename it on the phone first.</source>
+        <translation>名称“%1”不能在此电脑上使用。请先在手机上改名。</translation>
+    </message>
+    <message>
+        <source>No MTP handle for file %1</source>
+        <translation>文件 %1 没有 MTP 对象</translation>
+    </message>
+    <message>
+        <source>%1 became shorter while it was being copied. Copy it again.</source>
+        <translation>复制时 %1 变短了。请重新复制。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has appeared on the phone meanwhile.</source>
+        <translation>“%1”在此期间出现在手机上。</translation>
+    </message>
+    <message>
+        <source>A folder named &quot;%1&quot; is already on the phone.</source>
+        <translation>手机上已有名为“%1”的文件夹。</translation>
+    </message>
+    <message>
+        <source>A file named &quot;%1&quot; is already on the phone.</source>
+        <translation>手机上已有名为“%1”的文件。</translation>
+    </message>
+    <message>
+        <source>The phone does not show the new &quot;%1&quot;. The old one was kept.</source>
+        <translation>手机未显示新的“%1”。旧的已保留。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already on the phone, and this phone cannot replace files. Delete or rename the old one first.</source>
+        <translation>“%1”已在手机上，而此手机无法替换文件。请先删除或重命名旧的。</translation>
+    </message>
+    <message>
+        <source>The new &quot;%1&quot; is on the phone under the name &quot;%2&quot;: it could not be renamed (%3).</source>
+        <translation>新的“%1”在手机上名为“%2”：无法重命名 (%3)。</translation>
+    </message>
+    <message>
+        <source>The phone does not show the new folder &quot;%1&quot;.</source>
+        <translation>手机未显示新文件夹“%1”。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already there</source>
+        <translation>“%1”已存在</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files was not copied: %3</source>
+        <translation>%2 个文件中有 %1 个未复制：%3</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files were not copied: %3</source>
+        <translation>%2 个文件中有 %1 个未复制：%3</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1 of %2 items: %3</source>
+        <translation>%2 个项目中有 %1 个无法删除：%3</translation>
+    </message>
+    <message>
+        <source>Failed to move %1 of %2 items: %3</source>
+        <translation>%2 个项目中有 %1 个无法移动：%3</translation>
+    </message>
+    <message>
+        <source>Error: %1</source>
+        <translation>错误：%1</translation>
+    </message>
+    <message>
+        <source>Removing %1 from %2</source>
+        <translation>正在从 %2 移除 %1</translation>
+    </message>
+    <message>
+        <source>A file named %1 is on the device where a folder is needed.</source>
+        <translation>设备上需要文件夹的位置有一个名为 %1 的文件。</translation>
+    </message>
+    <message>
+        <source>Cannot read the folder %1: %2</source>
+        <translation>无法读取文件夹 %1：%2</translation>
+    </message>
+    <message>
+        <source>Cannot create the folder %1: %2</source>
+        <translation>无法创建文件夹 %1：%2</translation>
+    </message>
+    <message>
+        <source>Cannot delete %1: %2</source>
+        <translation>无法删除 %1：%2</translation>
+    </message>
+    <message>
+        <source>Cannot keep %1 as %2.</source>
+        <translation>无法将 %1 保留为 %2。</translation>
+    </message>
+    <message>
+        <source>The folder of %1 was replaced while it was being synced.</source>
+        <translation>%1 所在的文件夹在同步期间被替换。</translation>
+    </message>
+    <message>
+        <source>The folder %1 is gone, although it was synced before. Is its disk missing? Going on makes a new, empty folder.</source>
+        <translation>文件夹 %1 曾同步过，但现已不存在。是否缺少其所在磁盘？继续会创建一个新的空文件夹。</translation>
+    </message>
+    <message>
+        <source>The folder %1 is missing.</source>
+        <translation>缺少文件夹 %1。</translation>
+    </message>
+    <message>
+        <source>The folder on this computer is empty, although %1 files were in it after the last sync. Is its disk missing?</source>
+        <translation>上次同步后此电脑上的文件夹有 %1 个文件，但现在是空的。是否缺少其所在磁盘？</translation>
+    </message>
+    <message>
+        <source>The folder on the device is empty, although %1 files were in it after the last sync. Is its memory card missing?</source>
+        <translation>上次同步后设备上的文件夹有 %1 个文件，但现在是空的。是否缺少存储卡？</translation>
+    </message>
+    <message>
+        <source>%1 of the %2 files of the last sync would be deleted.</source>
+        <translation>上次同步的 %2 个文件中有 %1 个将被删除。</translation>
+    </message>
+    <message>
+        <source>The device lists %1 inside itself.</source>
+        <translation>设备显示 %1 包含其自身。</translation>
+    </message>
+    <message>
+        <source>The device does not show %1 as it was sent. It was not deleted here.</source>
+        <translation>设备上的 %1 与发送的不一致。此处未删除。</translation>
+    </message>
+    <message>
+        <source>The device does not show %1 as it was sent. Sync again.</source>
+        <translation>设备上的 %1 与发送的不一致。请重新同步。</translation>
+    </message>
+    <message>
+        <source>%1 is not on this computer&apos;s disk as it was received.</source>
+        <translation>此电脑上的 %1 与接收的不一致。</translation>
+    </message>
+    <message>
+        <source>%1 changed while it was being copied. Sync again.</source>
+        <translation>%1 在拷贝期间发生更改。请重新同步。</translation>
+    </message>
+    <message>
+        <source>%1 changed while it was being copied. Copy it again.</source>
+        <translation>“%1”在拷贝时发生了更改。请重新拷贝。</translation>
+    </message>
+    <message>
+        <source>%1 has appeared on the device meanwhile.</source>
+        <translation>设备上其间出现了 %1。</translation>
+    </message>
+    <message>
+        <source>%1 is not on the device any more. Sync again.</source>
+        <translation>%1 已不在设备上。请重新同步。</translation>
+    </message>
+    <message>
+        <source>%1 is a file on one side and a folder on the other</source>
+        <translation>%1 在一侧是文件，在另一侧是文件夹</translation>
+    </message>
+    <message>
+        <source>in %1: %2</source>
+        <translation>在 %1 中：%2</translation>
+    </message>
+    <message>
+        <source>The phone does not allow %1 to be read.</source>
+        <translation>手机不允许读取 %1。</translation>
+    </message>
+    <message>
+        <source>The phone did not rename %1. %2</source>
+        <translation>手机未能重命名 %1。%2</translation>
+    </message>
+    <message>
+        <source>The phone did not make the folder %1. %2</source>
+        <translation>手机未能创建文件夹 %1。%2</translation>
+    </message>
+    <message>
+        <source>The phone did not delete %1. %2</source>
+        <translation>手机未能删除 %1。%2</translation>
+    </message>
+    <message>
+        <source>The phone did not delete %1.</source>
+        <translation>手机没有删除 %1。</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be made on the phone. %2</source>
+        <translation>无法在手机上创建文件夹 %1。%2</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be read whole.</source>
+        <translation>无法完整读取文件夹 %1。</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used.</source>
+        <translation>无法使用名称“%1”。</translation>
+    </message>
+    <message>
+        <source>ADB pull failed for %1: %2</source>
+        <translation>通过 ADB 下载 %1 失败：%2</translation>
+    </message>
+    <message>
+        <source>ADB directory pull failed for %1: %2</source>
+        <translation>通过 ADB 下载文件夹 %1 失败：%2</translation>
+    </message>
+    <message>
+        <source>ADB push failed for %1: %2</source>
+        <translation>通过 ADB 上传 %1 失败：%2</translation>
+    </message>
+    <message>
+        <source>the phone has %1 of %2 bytes.</source>
+        <translation>手机上有 %2 字节中的 %1 字节。</translation>
+    </message>
+    <message>
+        <source>the phone did not put it in the place of the old file. %1</source>
+        <translation>手机没有用它替换旧文件。%1</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is on the phone, which takes &quot;%2&quot; for the same name. Rename one of the two first.</source>
+        <translation>手机上已有“%1”，手机将“%2”视为同一名称。请先重命名其中一个。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has changed on the phone meanwhile. It was kept.</source>
+        <translation>“%1”在此期间在手机上已更改，已予以保留。</translation>
+    </message>
+    <message>
+        <source>adb ended with status %1.</source>
+        <translation>adb 以状态 %1 结束。</translation>
+    </message>
+    <message>
+        <source>A folder &quot;%1&quot; is already on the phone.</source>
+        <translation>手机上已有文件夹“%1”。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be the name of a file.</source>
+        <translation>“%1”不能作为文件名。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already there.</source>
+        <translation>“%1”已存在。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be moved into itself.</source>
+        <translation>无法将“%1”移到其自身中。</translation>
+    </message>
+    <message>
+        <source>Device not found: %1</source>
+        <translation>未找到设备：%1</translation>
+    </message>
+    <message>
+        <source>Lockdown error: %1</source>
+        <translation>Lockdown 错误：%1</translation>
+    </message>
+    <message>
+        <source>Failed to start service: %1</source>
+        <translation>无法启动服务：%1</translation>
+    </message>
+    <message>
+        <source>House Arrest error: %1</source>
+        <translation>House Arrest 错误：%1</translation>
+    </message>
+    <message>
+        <source>InstProxy error: %1</source>
+        <translation>InstProxy 错误：%1</translation>
+    </message>
+    <message>
+        <source>File I/O error: %1</source>
+        <translation>文件错误：%1</translation>
+    </message>
+    <message>
+        <source>Failed to create %1: %2</source>
+        <translation>无法创建 %1：%2</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1: %2</source>
+        <translation>无法删除 %1：%2</translation>
+    </message>
+    <message>
+        <source>Failed to rename %1: %2</source>
+        <translation>无法重命名 %1：%2</translation>
+    </message>
+    <message>
+        <source>Failed to move %1: %2</source>
+        <translation>无法移动 %1：%2</translation>
+    </message>
+    <message>
+        <source>Failed to drag out %1: %2</source>
+        <translation>无法将“%1”拖出窗口：%2</translation>
+    </message>
+    <message>
+        <source>Failed to check for updates (%1). Please try again later.</source>
+        <translation>无法检查更新 (%1)。请稍后再试。</translation>
+    </message>
+    <message>
+        <source>%1 is using the phone.</source>
+        <translation>%1 正在使用手机。</translation>
+    </message>
+    <message>
+        <source>The folder &quot;%1&quot; is not on the phone any more.</source>
+        <translation>文件夹“%1”已不在手机上。</translation>
+    </message>
+    <message>
+        <source>There is no &quot;%1&quot; on the phone.</source>
+        <translation>手机上没有“%1”。</translation>
+    </message>
+    <message>
+        <source>There is no %1 on the phone. It may have been deleted or renamed: refresh the folder.</source>
+        <translation>手机上没有 %1。它可能已被删除或重命名：请重新载入文件夹。</translation>
+    </message>
+    <message>
+        <source>The phone sent %1 of the %2 bytes of %3. Copy it again.</source>
+        <translation>手机发送了 %3 的 %2 字节中的 %1 字节。请重新拷贝。</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used on this computer.</source>
+        <translation>此电脑无法使用名称“%1”。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is too large for a preview. Copy it to this computer first.</source>
+        <translation>“%1”太大，无法预览。请先拷贝到此电脑。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already on the phone.</source>
+        <translation>“%1”已在手机上。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be a name on the phone.</source>
+        <translation>“%1”不能用作手机上的名称。</translation>
+    </message>
+    <message>
+        <source>%1 is not a folder.</source>
+        <translation>%1 不是文件夹。</translation>
+    </message>
+    <message>
+        <source>Cannot write into %1: %2</source>
+        <translation>无法写入文件夹 %1：%2</translation>
+    </message>
+    <message>
+        <source>Cannot write %1: %2</source>
+        <translation>无法写入 %1：%2</translation>
+    </message>
+    <message>
+        <source>Cannot read %1: %2</source>
+        <translation>无法读取 %1：%2</translation>
+    </message>
+    <message>
+        <source>Cannot create the folder %1 on this computer.</source>
+        <translation>无法在此电脑上创建文件夹 %1。</translation>
+    </message>
+    <message>
+        <source>Cannot read %1.</source>
+        <translation>无法读取 %1。</translation>
+    </message>
+    <message>
+        <source>adb could not reach the phone: %1</source>
+        <translation>adb 无法连接到手机：%1</translation>
+    </message>
+</context>
+<context>
+    <name>QPlatformTheme</name>
+    <message>
+        <source>OK</source>
+        <translation>好</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>&amp;Yes</source>
+        <translation>是(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>&amp;No</source>
+        <translation>否(&amp;N)</translation>
+    </message>
+</context>
+<context>
+    <name>SyncFileList</name>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>大小</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::AppListView</name>
+    <message>
+        <source>Apps</source>
+        <translation>应用</translation>
+    </message>
+    <message>
+        <source>Filter…</source>
+        <translation>筛选…</translation>
+    </message>
+    <message>
+        <source>Looking for apps…</source>
+        <translation>正在查找 App…</translation>
+    </message>
+    <message>
+        <source>No Apps That Share Files</source>
+        <translation>没有共享文件的 App</translation>
+    </message>
+    <message>
+        <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
+        <translation>此 iPhone 上没有共享文件的 App。只有开发者开启了文件共享的 App 才能在电脑上打开；照片以及不公开文稿的 App 则不能。</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>重试</translation>
+    </message>
+    <message>
+        <source>No Matching Apps</source>
+        <translation>没有匹配的 App</translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>清除筛选</translation>
+    </message>
+    <message>
+        <source>Connection Failed</source>
+        <translation>连接失败</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::BreadcrumbBar</name>
+    <message>
+        <source>Path</source>
+        <translation>路径</translation>
+    </message>
+    <message>
+        <source>Folders in between</source>
+        <translation>中间的文件夹</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::BrowserView</name>
+    <message numerus="yes">
+        <source>%Ln selected</source>
+        <translation>
+            <numerusform>已选择 %Ln 项</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Filter…</source>
+        <translation>筛选…</translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>清除筛选</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>路径</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>文件列表</translation>
+    </message>
+    <message>
+        <source>The phone is gone</source>
+        <translation>手机已断开</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>请重新插上手机并解锁。</translation>
+    </message>
+    <message>
+        <source>Plug it in again, unlock it and choose File transfer on it.</source>
+        <translation>请重新插上手机，解锁并选择“文件传输”。</translation>
+    </message>
+    <message>
+        <source>Folder Not Found</source>
+        <translation>未找到文件夹</translation>
+    </message>
+    <message>
+        <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
+        <translation>在设备上找不到此文件夹。它可能已被删除或移动。要将它从收藏夹中移除吗？</translation>
+    </message>
+    <message>
+        <source>Remove from Favorites</source>
+        <translation>从收藏夹移除</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>保留</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or moved on the phone.</source>
+        <translation>它可能已在手机上被删除或移动。</translation>
+    </message>
+    <message>
+        <source>Enclosing Folder</source>
+        <translation>上层文件夹</translation>
+    </message>
+    <message>
+        <source>Connection Failed</source>
+        <translation>连接失败</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>重试</translation>
+    </message>
+    <message>
+        <source>Loading directory contents…</source>
+        <translation>正在载入文件夹内容…</translation>
+    </message>
+    <message>
+        <source>Loading device storage…</source>
+        <translation>正在载入设备存储…</translation>
+    </message>
+    <message>
+        <source>No Matching Files</source>
+        <translation>没有匹配的文件</translation>
+    </message>
+    <message>
+        <source>Nothing here has “%1” in its name.</source>
+        <translation>这里没有名称包含“%1”的项目。</translation>
+    </message>
+    <message>
+        <source>This folder is empty</source>
+        <translation>此文件夹为空</translation>
+    </message>
+    <message>
+        <source>Drop files here to copy them to the phone.</source>
+        <translation>将文件拖到此处即可拷贝到手机。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln 项</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %Ln items</source>
+        <translation>
+            <numerusform>%Ln 项中的 %1 项</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of %2 done (Esc stops)</source>
+        <translation>已完成 %1/%2（按 Esc 停止）</translation>
+    </message>
+    <message>
+        <source>reading…</source>
+        <translation>正在读取…</translation>
+    </message>
+    <message>
+        <source>View Mode</source>
+        <translation>视图模式</translation>
+    </message>
+    <message>
+        <source>Add to Favorites</source>
+        <translation>添加到收藏夹</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>删除</translation>
+    </message>
+    <message>
+        <source>Delete selected items?</source>
+        <translation>要删除所选项目吗？</translation>
+    </message>
+    <message>
+        <source>“%1” will be deleted from the phone.</source>
+        <translation>将从手机中删除“%1”。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be deleted from the phone.</source>
+        <translation>
+            <numerusform>将从手机中删除 %Ln 个项目。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>此操作无法撤销。</translation>
+    </message>
+    <message>
+        <source>Copy to</source>
+        <translation>拷贝到</translation>
+    </message>
+    <message>
+        <source>Copy Files to the Phone</source>
+        <translation>将文件拷贝到手机</translation>
+    </message>
+    <message>
+        <source>Copy a Folder to the Phone</source>
+        <translation>将文件夹拷贝到手机</translation>
+    </message>
+    <message>
+        <source>Into “%1”</source>
+        <translation>到“%1”</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::DeviceListModel</name>
+    <message>
+        <source>Needs your attention</source>
+        <translation>需要您处理</translation>
+    </message>
+    <message>
+        <source>Battery %1 %</source>
+        <translation>电量 %1 %</translation>
+    </message>
+    <message>
+        <source>Locked: unlock it</source>
+        <translation>已锁定：请解锁</translation>
+    </message>
+    <message>
+        <source>Connecting…</source>
+        <translation>正在连接…</translation>
+    </message>
+    <message>
+        <source>Reading storage…</source>
+        <translation>正在读取存储…</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FactsView</name>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Fetching the file</source>
+        <translation>正在获取文件</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1/%2</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FileItemDelegate</name>
+    <message>
+        <source>Folder name</source>
+        <translation>文件夹名称</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FileTableView</name>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln 项</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::MainWindow</name>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>此电脑上的文件夹</translation>
+    </message>
+    <message>
+        <source>Tessary: Virtual Phones</source>
+        <translation>Tessary：虚拟手机</translation>
+    </message>
+    <message>
+        <source>Quit Tessary</source>
+        <translation>退出 Tessary</translation>
+    </message>
+    <message>
+        <source>Files are still being copied.</source>
+        <translation>仍在拷贝文件。</translation>
+    </message>
+    <message>
+        <source>A sync is still running.</source>
+        <translation>同步仍在进行。</translation>
+    </message>
+    <message>
+        <source>Quitting cancels this. What has arrived whole stays.</source>
+        <translation>退出会取消此操作。已完整传到的内容会保留。</translation>
+    </message>
+    <message>
+        <source>This phone is locked</source>
+        <translation>此手机已锁定</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>解锁手机并在其 USB 通知中选择“文件传输”后即可显示文件。此窗口会自动更新。</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>释放手机</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>重试</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::ModeSwitch</name>
+    <message>
+        <source>Works with every phone, nothing to set up.</source>
+        <translation>适用于所有手机，无需设置。</translation>
+    </message>
+    <message>
+        <source>Faster and sees more. Needs USB debugging on the phone.</source>
+        <translation>更快，可见内容更多。需要在手机上开启 USB 调试。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PreviewWindow</name>
+    <message>
+        <source>Cancelled</source>
+        <translation>已取消</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>上一项</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>下一项</translation>
+    </message>
+    <message>
+        <source>Previous Page</source>
+        <translation>上一页</translation>
+    </message>
+    <message>
+        <source>Next Page</source>
+        <translation>下一页</translation>
+    </message>
+    <message>
+        <source>Quick Look</source>
+        <translation>快速查看</translation>
+    </message>
+    <message>
+        <source>“%1” is too large for a preview. Copy it to this computer first.</source>
+        <translation>“%1”太大，无法预览。请先拷贝到这台电脑。</translation>
+    </message>
+    <message>
+        <source>It cannot be shown: it is damaged, too large or protected.</source>
+        <translation>无法显示：文件已损坏、过大或受保护。</translation>
+    </message>
+    <message>
+        <source>only its beginning is shown</source>
+        <translation>仅显示开头</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>第 %1 页，共 %2 页</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PropertiesDialog</name>
+    <message numerus="yes">
+        <source>%1 bytes</source>
+        <translation>
+            <numerusform>%1字节</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>种类</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>大小</translation>
+    </message>
+    <message>
+        <source>Content</source>
+        <translation>包含</translation>
+    </message>
+    <message>
+        <source>Date Modified</source>
+        <translation>修改日期</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>路径</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>文件夹</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Properties</source>
+        <translation>属性</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln 项</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Various kinds</source>
+        <translation>多种类型</translation>
+    </message>
+    <message>
+        <source>Stop Counting</source>
+        <translation>停止统计</translation>
+    </message>
+    <message>
+        <source>Counting the content</source>
+        <translation>正在统计内容</translation>
+    </message>
+    <message>
+        <source>Files: %1, folders: %2</source>
+        <translation>文件：%1，文件夹：%2</translation>
+    </message>
+    <message>
+        <source>The count was stopped: there may be more.</source>
+        <translation>统计已停止：可能还有更多内容。</translation>
+    </message>
+    <message>
+        <source>Folders that could not be read: %1</source>
+        <translation>无法读取的文件夹：%1</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SettingsWindow</name>
+    <message>
+        <source>Settings</source>
+        <translation>设置</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>通用</translation>
+    </message>
+    <message>
+        <source>Sync</source>
+        <translation>同步</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <translation>更新</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>关于</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>语言</translation>
+    </message>
+    <message>
+        <source>System Default</source>
+        <translation>系统默认</translation>
+    </message>
+    <message>
+        <source>Choose your preferred display language. Changes apply immediately.</source>
+        <translation>选择您偏好的显示语言。更改会立即生效。</translation>
+    </message>
+    <message>
+        <source>Open the window as it was left</source>
+        <translation>按上次关闭时的样子打开窗口</translation>
+    </message>
+    <message>
+        <source>Automatically check for updates</source>
+        <translation>自动检查更新</translation>
+    </message>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>检查更新…</translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <translation>版本</translation>
+    </message>
+    <message>
+        <source>Browse phones and copy files to and from them.</source>
+        <translation>浏览手机并双向拷贝文件。</translation>
+    </message>
+    <message>
+        <source>Website</source>
+        <translation>网站</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::Sidebar</name>
+    <message>
+        <source>Camera &amp; Photos</source>
+        <translation>相机和照片</translation>
+    </message>
+    <message>
+        <source>Downloads</source>
+        <translation>下载</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>图片</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>音乐</translation>
+    </message>
+    <message>
+        <source>Movies &amp; Videos</source>
+        <translation>电影和视频</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>文档</translation>
+    </message>
+    <message>
+        <source>Wireless Devices…</source>
+        <translation>无线设备…</translation>
+    </message>
+    <message>
+        <source>Favorites</source>
+        <translation>收藏夹</translation>
+    </message>
+    <message>
+        <source>Quick Shortcuts</source>
+        <translation>快捷方式</translation>
+    </message>
+    <message>
+        <source>Storage Volumes</source>
+        <translation>存储卷</translation>
+    </message>
+    <message>
+        <source>Connected Devices</source>
+        <translation>已连接的设备</translation>
+    </message>
+    <message>
+        <source>No Devices</source>
+        <translation>没有设备</translation>
+    </message>
+    <message>
+        <source>Connect an iOS or Android device via USB</source>
+        <translation>请通过 USB 连接 iOS 或 Android 设备</translation>
+    </message>
+    <message>
+        <source>Drop a folder here to keep it at hand.</source>
+        <translation>将文件夹拖到此处以便随时打开。</translation>
+    </message>
+    <message>
+        <source>Remove from Favorites</source>
+        <translation>从收藏夹移除</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::StatusBanner</name>
+    <message>
+        <source>Close this message</source>
+        <translation>关闭此消息</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairList</name>
+    <message>
+        <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
+        <translation>尚无同步的文件夹。请打开手机上的一个文件夹，然后选择“同步此文件夹…”。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairRow</name>
+    <message>
+        <source>Queued</source>
+        <translation>排队中</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>立即同步</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Remove This Pair</source>
+        <translation>移除此配对</translation>
+    </message>
+    <message>
+        <source>Stop keeping these folders in step?</source>
+        <translation>要停止同步这些文件夹吗？</translation>
+    </message>
+    <message>
+        <source>No file is deleted on either side.</source>
+        <translation>两侧都不会删除任何文件。</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>移除</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairSheet</name>
+    <message>
+        <source>A file deleted on one side is deleted on the other, after asking</source>
+        <translation>在一侧删除的文件，经询问后也会在另一侧删除</translation>
+    </message>
+    <message>
+        <source>Remove files from where they came once they have arrived</source>
+        <translation>文件到达后从原处移除</translation>
+    </message>
+    <message>
+        <source>Sync This Folder</source>
+        <translation>同步此文件夹</translation>
+    </message>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>此电脑上的文件夹</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>方向</translation>
+    </message>
+    <message>
+        <source>Both ways</source>
+        <translation>双向</translation>
+    </message>
+    <message>
+        <source>Only to the phone</source>
+        <translation>仅到手机</translation>
+    </message>
+    <message>
+        <source>Only to this computer</source>
+        <translation>仅到此电脑</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>选取…</translation>
+    </message>
+    <message>
+        <source>Folder on the phone</source>
+        <translation>手机上的文件夹</translation>
+    </message>
+    <message>
+        <source>Show What Will Happen</source>
+        <translation>显示将要进行的操作</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPanel</name>
+    <message>
+        <source>Sync</source>
+        <translation>同步</translation>
+    </message>
+    <message>
+        <source>Sync This Folder…</source>
+        <translation>同步此文件夹…</translation>
+    </message>
+    <message>
+        <source>Sync All</source>
+        <translation>全部同步</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPreviewDialog</name>
+    <message>
+        <source>Copy to the phone</source>
+        <translation>拷贝到手机</translation>
+    </message>
+    <message>
+        <source>Copy to this computer</source>
+        <translation>拷贝到此电脑</translation>
+    </message>
+    <message>
+        <source>Move to the phone</source>
+        <translation>移到手机</translation>
+    </message>
+    <message>
+        <source>Move to this computer</source>
+        <translation>移到此电脑</translation>
+    </message>
+    <message>
+        <source>Changed on both sides: keep both</source>
+        <translation>两侧均已更改：保留两者</translation>
+    </message>
+    <message>
+        <source>Delete on the phone</source>
+        <translation>在手机上删除</translation>
+    </message>
+    <message>
+        <source>Delete on this computer</source>
+        <translation>在此电脑上删除</translation>
+    </message>
+    <message>
+        <source>Leave as it is</source>
+        <translation>保持不变</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>跳过</translation>
+    </message>
+    <message>
+        <source>What Will Happen</source>
+        <translation>将要进行的操作</translation>
+    </message>
+    <message>
+        <source>Action</source>
+        <translation>操作</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>立即同步</translation>
+    </message>
+    <message>
+        <source>Comparing the folders…</source>
+        <translation>正在比较文件夹…</translation>
+    </message>
+    <message>
+        <source>The folders cannot be compared</source>
+        <translation>无法比较文件夹</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files are the same already</source>
+        <translation>
+            <numerusform>%Ln 个文件已经相同</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files to go through, %1 to copy</source>
+        <translation>
+            <numerusform>需检查 %Ln 个文件，需拷贝 %1</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncQuestionDialog</name>
+    <message>
+        <source>On this computer</source>
+        <translation>在此电脑上</translation>
+    </message>
+    <message>
+        <source>On the phone</source>
+        <translation>在手机上</translation>
+    </message>
+    <message>
+        <source>Files to delete</source>
+        <translation>要删除的文件</translation>
+    </message>
+    <message>
+        <source>Where</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>edited since the last sync</source>
+        <translation>上次同步后已编辑</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>保留</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>删除</translation>
+    </message>
+    <message>
+        <source>Create Again</source>
+        <translation>重新创建</translation>
+    </message>
+    <message>
+        <source>Delete Files?</source>
+        <translation>要删除文件吗？</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files were deleted on one side. Delete them on the other, too?</source>
+        <translation>
+            <numerusform>%Ln 个文件已在一侧删除。也要在另一侧删除吗？</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>What you keep is copied back.</source>
+        <translation>您保留的内容会拷贝回去。</translation>
+    </message>
+    <message>
+        <source>Folder Missing</source>
+        <translation>文件夹缺失</translation>
+    </message>
+    <message>
+        <source>The folder on this computer is gone</source>
+        <translation>此电脑上的文件夹已不存在</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferListModel</name>
+    <message>
+        <source>Finishing: the phone is still storing the file</source>
+        <translation>即将完成：手机仍在存储文件</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1/%Ln files</source>
+        <translation>
+            <numerusform>%1/%Ln 个文件</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 left</source>
+        <translation>剩余 %1</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferNotice</name>
+    <message>
+        <source>“%1” is copied.</source>
+        <translation>“%1”已拷贝。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items are copied.</source>
+        <translation>
+            <numerusform>已拷贝 %Ln 个项目。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” was not copied.</source>
+        <translation>“%1”未能拷贝。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items were not copied.</source>
+        <translation>
+            <numerusform>%1 个项目中有 %Ln 个未能拷贝。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Copying has finished</source>
+        <translation>拷贝已完成</translation>
+    </message>
+    <message>
+        <source>Copying went wrong</source>
+        <translation>拷贝时出错</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferPanel</name>
+    <message>
+        <source>All transfers have ended</source>
+        <translation>所有传输均已结束</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1/%2</translation>
+    </message>
+    <message>
+        <source>%1 left</source>
+        <translation>剩余 %1</translation>
+    </message>
+    <message>
+        <source>Transfers</source>
+        <translation>传输</translation>
+    </message>
+    <message>
+        <source>Cancel All</source>
+        <translation>全部取消</translation>
+    </message>
+    <message>
+        <source>Clear Finished</source>
+        <translation>清除已完成</translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>在文件夹中显示</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TranslatedFileModel</name>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>大小</translation>
+    </message>
+    <message>
+        <source>Date Modified</source>
+        <translation>修改日期</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>种类</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::UpdateAlerts</name>
+    <message>
+        <source>Help</source>
+        <translation>帮助</translation>
+    </message>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>检查更新…</translation>
+    </message>
+    <message>
+        <source>Update Check Failed</source>
+        <translation>检查更新失败</translation>
+    </message>
+    <message>
+        <source>Tessary v%1 is currently the newest version.</source>
+        <translation>Tessary v%1 是目前的最新版本。</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>好</translation>
+    </message>
+    <message>
+        <source>A new version of Tessary is available.</source>
+        <translation>Tessary 有新版本可用。</translation>
+    </message>
+    <message>
+        <source>Tessary %1 is available</source>
+        <translation>Tessary %1 可供更新</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>下载</translation>
+    </message>
+    <message>
+        <source>Skip This Version</source>
+        <translation>跳过此版本</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>稍后</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WelcomeView</name>
+    <message>
+        <source>Connect a phone</source>
+        <translation>连接手机</translation>
+    </message>
+    <message>
+        <source>Try It with a Virtual Phone</source>
+        <translation>用虚拟手机试用</translation>
+    </message>
+    <message>
+        <source>Starts Tessary again with two virtual phones, which hold sample files</source>
+        <translation>使用两部含示例文件的虚拟手机重新启动 Tessary</translation>
+    </message>
+    <message>
+        <source>Plug it in</source>
+        <translation>插上手机</translation>
+    </message>
+    <message>
+        <source>Use a cable that carries data: some only charge.</source>
+        <translation>请使用数据线：有些线只能充电。</translation>
+    </message>
+    <message>
+        <source>Unlock it</source>
+        <translation>解锁手机</translation>
+    </message>
+    <message>
+        <source>A locked phone shows nothing of its storage.</source>
+        <translation>锁定的手机不会显示任何存储内容。</translation>
+    </message>
+    <message>
+        <source>Choose “File transfer” on it</source>
+        <translation>在手机上选择“文件传输”</translation>
+    </message>
+    <message>
+        <source>Android asks in a notification that says “Charging this device via USB”.</source>
+        <translation>Android 会在“正在通过 USB 为此设备充电”通知中询问。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WirelessDialog</name>
+    <message>
+        <source>Pairing…</source>
+        <translation>正在配对…</translation>
+    </message>
+    <message>
+        <source>Connecting…</source>
+        <translation>正在连接…</translation>
+    </message>
+    <message>
+        <source>Paired</source>
+        <translation>已配对</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>已连接</translation>
+    </message>
+    <message>
+        <source>Waiting to be paired</source>
+        <translation>等待配对</translation>
+    </message>
+    <message>
+        <source>Ready to connect</source>
+        <translation>可以连接</translation>
+    </message>
+    <message>
+        <source>Wireless Devices</source>
+        <translation>无线设备</translation>
+    </message>
+    <message>
+        <source>Phones on this network on which wireless debugging is switched on.</source>
+        <translation>此网络中已开启无线调试的手机。</translation>
+    </message>
+    <message>
+        <source>Looking for phones…</source>
+        <translation>正在搜索手机…</translation>
+    </message>
+    <message>
+        <source>Search Again</source>
+        <translation>重新搜索</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>This computer cannot look for phones on the network: the service for it (avahi-daemon) does not run.</source>
+        <translation>此电脑无法在网络中搜索手机：所需的服务（avahi-daemon）未运行。</translation>
+    </message>
+    <message>
+        <source>On the phone, switch on wireless debugging in the developer options. It must be on the same network as this computer.</source>
+        <translation>请在手机的开发者选项中开启无线调试。手机须与此电脑处于同一网络。</translation>
+    </message>
+    <message>
+        <source>A phone that waits to be paired shows a code of six digits.</source>
+        <translation>等待配对的手机会显示六位数字的配对码。</translation>
+    </message>
+    <message>
+        <source>Pair…</source>
+        <translation>配对…</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>连接</translation>
+    </message>
+    <message>
+        <source>The six digits that the phone shows:</source>
+        <translation>手机上显示的六位数字：</translation>
+    </message>
+    <message>
+        <source>Pair</source>
+        <translation>配对</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,2396 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_TW" sourcelanguage="en_US">
+<context>
+    <name>BrowserActions</name>
+    <message>
+        <source>Back</source>
+        <translation>返回</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>下一頁</translation>
+    </message>
+    <message>
+        <source>Enclosing Folder</source>
+        <translation>上層檔案夾</translation>
+    </message>
+    <message>
+        <source>Go to Folder…</source>
+        <translation>前往檔案夾…</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>重新載入</translation>
+    </message>
+    <message>
+        <source>Open Folder</source>
+        <translation>打開檔案夾</translation>
+    </message>
+    <message>
+        <source>New Folder</source>
+        <translation>新增檔案夾</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>重新命名</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>刪除</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>下載</translation>
+    </message>
+    <message>
+        <source>Copy Files Here…</source>
+        <translation>將檔案拷貝到這裡…</translation>
+    </message>
+    <message>
+        <source>Copy a Folder Here…</source>
+        <translation>將檔案夾拷貝到這裡…</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>全選</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>篩選</translation>
+    </message>
+    <message>
+        <source>As List</source>
+        <translation>以列表顯示</translation>
+    </message>
+    <message>
+        <source>As Grid</source>
+        <translation>以格狀顯示</translation>
+    </message>
+    <message>
+        <source>Add to Favorites</source>
+        <translation>加入我的最愛</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>App</translation>
+    </message>
+    <message>
+        <source>Sync</source>
+        <translation>同步</translation>
+    </message>
+    <message>
+        <source>Quick Look</source>
+        <translation>快速查看</translation>
+    </message>
+    <message>
+        <source>Properties</source>
+        <translation>內容</translation>
+    </message>
+</context>
+<context>
+    <name>BrowserEdit</name>
+    <message>
+        <source>New Folder</source>
+        <translation>新增檔案夾</translation>
+    </message>
+    <message>
+        <source>New Folder %1</source>
+        <translation>新增檔案夾 %1</translation>
+    </message>
+</context>
+<context>
+    <name>ByteFormat</name>
+    <message>
+        <source>1 byte</source>
+        <translation>1 位元組</translation>
+    </message>
+</context>
+<context>
+    <name>ClashQuestion</name>
+    <message>
+        <source>Already There</source>
+        <translation>已存在</translation>
+    </message>
+    <message>
+        <source>“%1” is already there.</source>
+        <translation>「%1」已存在。</translation>
+    </message>
+    <message>
+        <source>New: %1</source>
+        <translation>新項目：%1</translation>
+    </message>
+    <message>
+        <source>There: %1</source>
+        <translation>現有項目：%1</translation>
+    </message>
+    <message>
+        <source>Replacing merges the folders; files of the same name in them are replaced.</source>
+        <translation>取代會合併檔案夾；其中的同名檔案會被取代。</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>取代</translation>
+    </message>
+    <message>
+        <source>Keep Both</source>
+        <translation>保留兩者</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>略過</translation>
+    </message>
+    <message numerus="yes">
+        <source>Do the same for the other %Ln</source>
+        <translation>
+            <numerusform>對其餘 %Ln 項執行相同操作</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not Enough Space</source>
+        <translation>空間不足</translation>
+    </message>
+    <message>
+        <source>There is not enough space for this copy.</source>
+        <translation>沒有足夠的空間進行這次拷貝。</translation>
+    </message>
+    <message>
+        <source>It needs at least %1, and %2 are free in “%3”.</source>
+        <translation>至少需要 %1，而「%3」的可用空間為 %2。</translation>
+    </message>
+    <message>
+        <source>It needs %1, and %2 are free in “%3”.</source>
+        <translation>需要 %1，而「%3」的可用空間為 %2。</translation>
+    </message>
+    <message>
+        <source>Copy Anyway</source>
+        <translation>仍要拷貝</translation>
+    </message>
+</context>
+<context>
+    <name>DisplayNames</name>
+    <message>
+        <source>Folder</source>
+        <translation>檔案夾</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>影像</translation>
+    </message>
+    <message>
+        <source>Video</source>
+        <translation>視訊</translation>
+    </message>
+    <message>
+        <source>Audio</source>
+        <translation>音訊</translation>
+    </message>
+    <message>
+        <source>Document</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>Archive</source>
+        <translation>封存檔</translation>
+    </message>
+    <message>
+        <source>APK Package</source>
+        <translation>APK 安裝檔</translation>
+    </message>
+    <message>
+        <source>Source Code</source>
+        <translation>原始碼</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>檔案</translation>
+    </message>
+    <message>
+        <source>iOS File Transfer</source>
+        <translation>iOS 檔案傳輸</translation>
+    </message>
+    <message>
+        <source>Standard MTP</source>
+        <translation>標準 MTP</translation>
+    </message>
+    <message>
+        <source>Turbo Mode (ADB)</source>
+        <translation>極速模式 (ADB)</translation>
+    </message>
+    <message>
+        <source>Upload</source>
+        <translation>上傳</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>下載</translation>
+    </message>
+    <message>
+        <source>Queued</source>
+        <translation>排隊中</translation>
+    </message>
+    <message>
+        <source>In Progress</source>
+        <translation>進行中</translation>
+    </message>
+    <message>
+        <source>Completed</source>
+        <translation>已完成</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>失敗</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>已取消</translation>
+    </message>
+    <message>
+        <source>Internal Storage</source>
+        <translation>內部儲存空間</translation>
+    </message>
+    <message>
+        <source>Internal Shared Storage</source>
+        <translation>內部共用儲存空間</translation>
+    </message>
+    <message>
+        <source>SD Card</source>
+        <translation>SD 卡</translation>
+    </message>
+    <message>
+        <source>%1 free of %2</source>
+        <translation>可用 %1，共 %2</translation>
+    </message>
+    <message>
+        <source>Move to the phone</source>
+        <translation>移到手機</translation>
+    </message>
+    <message>
+        <source>Only to the phone</source>
+        <translation>僅到手機</translation>
+    </message>
+    <message>
+        <source>Move to this computer</source>
+        <translation>移到此電腦</translation>
+    </message>
+    <message>
+        <source>Only to this computer</source>
+        <translation>僅到此電腦</translation>
+    </message>
+    <message>
+        <source>Both ways</source>
+        <translation>雙向</translation>
+    </message>
+</context>
+<context>
+    <name>MainMenu</name>
+    <message>
+        <source>Settings</source>
+        <translation>設定</translation>
+    </message>
+    <message>
+        <source>Wireless Devices…</source>
+        <translation>無線裝置…</translation>
+    </message>
+    <message>
+        <source>Quit Tessary</source>
+        <translation>結束 Tessary</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>檔案</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>編輯</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>檢視</translation>
+    </message>
+    <message>
+        <source>Go</source>
+        <translation>前往</translation>
+    </message>
+</context>
+<context>
+    <name>Message</name>
+    <message>
+        <source>The phone is full: delete something on it, or copy less.</source>
+        <translation>手機已滿：請刪除部分內容，或減少拷貝的內容。</translation>
+    </message>
+    <message>
+        <source>The app does not allow this.</source>
+        <translation>App 不允許此動作。</translation>
+    </message>
+    <message>
+        <source>The phone does not answer: unlock it. If that does not help, unplug it and plug it in again.</source>
+        <translation>手機沒有回應：請將其解鎖。若仍無效，請拔除後重新插上。</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and try again.</source>
+        <translation>請解鎖手機後重試。</translation>
+    </message>
+    <message>
+        <source>Unplug the phone, plug it in again and tap Trust on it.</source>
+        <translation>請拔除手機並重新插上，然後在手機上點一下「信任」。</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and tap Trust on it.</source>
+        <translation>請解鎖手機並點一下「信任」。</translation>
+    </message>
+    <message>
+        <source>Unlock the phone, tap Trust on it when it asks, and try again.</source>
+        <translation>請解鎖手機，在詢問時點一下「信任」，然後重試。</translation>
+    </message>
+    <message>
+        <source>Unlock the phone. If that does not help, the app does not share its files with computers.</source>
+        <translation>請解鎖手機。若仍無效，則此 App 不與電腦共享檔案。</translation>
+    </message>
+    <message>
+        <source>Another program is using the phone.</source>
+        <translation>另一個程式正在使用手機。</translation>
+    </message>
+    <message>
+        <source>Close it, or unmount the phone in the desktop&apos;s file manager, and try again.</source>
+        <translation>請關閉該程式，或在桌面的檔案管理員中卸載手機，然後重試。</translation>
+    </message>
+    <message>
+        <source>The phone is not connected.</source>
+        <translation>手機未連接。</translation>
+    </message>
+    <message>
+        <source>The phone was unplugged.</source>
+        <translation>手機已被拔除。</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again, unlock it and choose File transfer on it.</source>
+        <translation>請重新插上手機，將其解鎖並選擇「檔案傳輸」。</translation>
+    </message>
+    <message>
+        <source>The phone does not answer.</source>
+        <translation>手機沒有回應。</translation>
+    </message>
+    <message>
+        <source>Unlock it. If that does not help, unplug it and plug it in again.</source>
+        <translation>請將其解鎖。若仍無效，請拔除後重新插上。</translation>
+    </message>
+    <message>
+        <source>The phone broke the transfer off.</source>
+        <translation>手機中斷了傳輸。</translation>
+    </message>
+    <message>
+        <source>Try again. If that does not help, unplug the phone and plug it in again.</source>
+        <translation>請重試。若仍無效，請拔除手機後重新插上。</translation>
+    </message>
+    <message>
+        <source>This user may not open the phone&apos;s USB device.</source>
+        <translation>此使用者無權打開手機的 USB 裝置。</translation>
+    </message>
+    <message>
+        <source>Install the udev rule that comes with Tessary, then plug the phone in again.</source>
+        <translation>請安裝 Tessary 附帶的 udev 規則，然後重新插上手機。</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is full.</source>
+        <translation>手機儲存空間已滿。</translation>
+    </message>
+    <message>
+        <source>Delete something on the phone, or copy less.</source>
+        <translation>請刪除手機上的部分內容，或減少拷貝的內容。</translation>
+    </message>
+    <message>
+        <source>This storage of the phone is read-only.</source>
+        <translation>手機的此儲存空間為唯讀。</translation>
+    </message>
+    <message>
+        <source>Choose another folder.</source>
+        <translation>請選擇其他檔案夾。</translation>
+    </message>
+    <message>
+        <source>The phone protects this file.</source>
+        <translation>手機保護了此檔案。</translation>
+    </message>
+    <message>
+        <source>The phone does not allow this.</source>
+        <translation>手機不允許此動作。</translation>
+    </message>
+    <message>
+        <source>Unlock it, and try another folder.</source>
+        <translation>請將其解鎖，並嘗試其他檔案夾。</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is not available.</source>
+        <translation>手機儲存空間無法使用。</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and choose File transfer on it.</source>
+        <translation>請解鎖手機並選擇「檔案傳輸」。</translation>
+    </message>
+    <message>
+        <source>The phone is busy.</source>
+        <translation>手機忙碌中。</translation>
+    </message>
+    <message>
+        <source>Wait a moment and try again.</source>
+        <translation>請稍候再試。</translation>
+    </message>
+    <message>
+        <source>The phone cannot do this.</source>
+        <translation>手機不支援此動作。</translation>
+    </message>
+    <message>
+        <source>The phone ended the connection.</source>
+        <translation>手機結束了連線。</translation>
+    </message>
+    <message>
+        <source>Go up to the folder that held it.</source>
+        <translation>請前往上層檔案夾。</translation>
+    </message>
+    <message>
+        <source>The copy failed for an unknown reason.</source>
+        <translation>因不明原因，拷貝失敗。</translation>
+    </message>
+    <message>
+        <source>Transfer was cancelled</source>
+        <translation>傳輸已取消</translation>
+    </message>
+    <message>
+        <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
+        <translation>此 iPhone 上沒有分享檔案的 App。只有開發者開啟檔案分享的 App 才能在電腦上打開；照片以及不公開文件的 App 則不行。</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are deleted on the other after you agreed.</source>
+        <translation>新檔案和更改過的檔案會雙向拷貝。在一側刪除的檔案，經您同意後也會在另一側刪除。</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are copied back.</source>
+        <translation>新檔案和更改過的檔案會雙向拷貝。在一側刪除的檔案會拷貝回去。</translation>
+    </message>
+    <message>
+        <source>Files are moved to the phone: each is deleted here once it has arrived.</source>
+        <translation>檔案會移到手機：每個檔案到達後即從此處刪除。</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied to the phone. Nothing is deleted.</source>
+        <translation>新檔案和更改過的檔案會拷貝到手機。不會刪除任何內容。</translation>
+    </message>
+    <message>
+        <source>Files are moved here: each is deleted on the phone once it has arrived.</source>
+        <translation>檔案會移到此處：每個檔案到達後即從手機中刪除。</translation>
+    </message>
+    <message>
+        <source>New and changed files of the phone are copied here. Nothing is deleted.</source>
+        <translation>手機上的新檔案和更改過的檔案會拷貝到此處。不會刪除任何內容。</translation>
+    </message>
+    <message>
+        <source>To Android</source>
+        <translation>到裝置</translation>
+    </message>
+    <message>
+        <source>Move to iPhone</source>
+        <translation>移到裝置</translation>
+    </message>
+    <message>
+        <source>Move to Android</source>
+        <translation>移到裝置</translation>
+    </message>
+    <message>
+        <source>Move to Mac</source>
+        <translation>移到電腦</translation>
+    </message>
+    <message>
+        <source>Uploading</source>
+        <translation>正在上傳</translation>
+    </message>
+    <message>
+        <source>Downloading</source>
+        <translation>正在下載</translation>
+    </message>
+    <message>
+        <source>Moving</source>
+        <translation>正在移動</translation>
+    </message>
+    <message>
+        <source>Moving (already on destination)</source>
+        <translation>正在移動（已在目標處）</translation>
+    </message>
+    <message>
+        <source>%1 uploaded</source>
+        <translation>上傳 %1 個</translation>
+    </message>
+    <message>
+        <source>%1 downloaded</source>
+        <translation>下載 %1 個</translation>
+    </message>
+    <message>
+        <source>%1 moved</source>
+        <translation>移動 %1 個</translation>
+    </message>
+    <message>
+        <source>%1 deleted</source>
+        <translation>刪除 %1 個</translation>
+    </message>
+    <message>
+        <source>%1 kept twice</source>
+        <translation>%1 個保留兩份</translation>
+    </message>
+    <message>
+        <source>%1 skipped</source>
+        <translation>略過 %1 個</translation>
+    </message>
+    <message>
+        <source>its name cannot be part of a path</source>
+        <translation>名稱無法用於路徑</translation>
+    </message>
+    <message>
+        <source>the device has several entries of this name</source>
+        <translation>裝置上有多個同名項目</translation>
+    </message>
+    <message>
+        <source>the device does not tell its size</source>
+        <translation>裝置未提供其大小</translation>
+    </message>
+    <message>
+        <source>its name is not valid text</source>
+        <translation>名稱不是有效文字</translation>
+    </message>
+    <message>
+        <source>it is a link; links are not followed</source>
+        <translation>它是連結；不會跟隨連結</translation>
+    </message>
+    <message>
+        <source>it is not a regular file</source>
+        <translation>它不是一般檔案</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>無法讀取</translation>
+    </message>
+    <message>
+        <source>its name cannot be used on this computer</source>
+        <translation>名稱無法用於此電腦</translation>
+    </message>
+    <message>
+        <source>its name is too long for this computer</source>
+        <translation>名稱對此電腦而言過長</translation>
+    </message>
+    <message>
+        <source>its name is too long for the device</source>
+        <translation>名稱對裝置而言過長</translation>
+    </message>
+    <message>
+        <source>its name is too long for the phone</source>
+        <translation>名稱對手機而言過長</translation>
+    </message>
+    <message>
+        <source>phones do not allow a sign in its name</source>
+        <translation>名稱中有手機不允許的字元</translation>
+    </message>
+    <message>
+        <source>it is a file on one side and a folder on the other</source>
+        <translation>它在一側是檔案，在另一側是檔案夾</translation>
+    </message>
+    <message>
+        <source>another name differs from it only in case or in the form of its letters</source>
+        <translation>另一個名稱僅大小寫或字母形式不同</translation>
+    </message>
+    <message>
+        <source>it was changed on the side that files are copied to</source>
+        <translation>它在拷貝目標一側被更改</translation>
+    </message>
+    <message>
+        <source>it was changed on the side that files are moved to; both are kept</source>
+        <translation>它在移動目標一側被更改；兩者均保留</translation>
+    </message>
+    <message>
+        <source>it changed while the folders were being synced; it was left as it is</source>
+        <translation>它在同步期間發生更改；保持原樣</translation>
+    </message>
+    <message>
+        <source>it changed again and again while it was being copied</source>
+        <translation>它在拷貝期間反覆更改</translation>
+    </message>
+    <message>
+        <source>another file of this name, size and date is on the other side; both are kept</source>
+        <translation>另一側有名稱、大小和日期相同的另一個檔案；兩者均保留</translation>
+    </message>
+    <message>
+        <source>The connection to the phone broke off.</source>
+        <translation>與手機的連線已中斷。</translation>
+    </message>
+    <message>
+        <source>adb answers nonsense.</source>
+        <translation>adb 的回應無效。</translation>
+    </message>
+    <message>
+        <source>A folder cannot be moved into itself.</source>
+        <translation>無法將檔案夾移到其自身中。</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be changed or copied as one item.</source>
+        <translation>無法將整個儲存空間作為一個項目更改或拷貝。</translation>
+    </message>
+    <message>
+        <source>The phone sends nothing any more. Unplug it and plug it in again.</source>
+        <translation>手機不再傳送資料。請拔除後重新插上。</translation>
+    </message>
+    <message>
+        <source>The phone takes nothing any more. Unplug it and plug it in again.</source>
+        <translation>手機不再接收資料。請拔除後重新插上。</translation>
+    </message>
+    <message>
+        <source>nothing arrived.</source>
+        <translation>沒有收到任何內容。</translation>
+    </message>
+    <message>
+        <source>the phone does not have the file.</source>
+        <translation>手機上沒有此檔案。</translation>
+    </message>
+    <message>
+        <source>The phone has not allowed this computer yet. Unlock it and tap Allow in the question about USB debugging.</source>
+        <translation>手機尚未允許此電腦。請解鎖，並在 USB 偵錯的提示中點一下「允許」。</translation>
+    </message>
+    <message>
+        <source>The phone is offline for adb. Unplug it and plug it in again, or turn USB debugging off and on.</source>
+        <translation>手機對 adb 處於離線狀態。請拔除後重新插上，或關閉再開啟 USB 偵錯。</translation>
+    </message>
+    <message>
+        <source>adb does not reach the phone. Turn on USB debugging on it, or switch to Standard MTP.</source>
+        <translation>adb 無法連接手機。請在手機上開啟 USB 偵錯，或切換到標準 MTP。</translation>
+    </message>
+    <message>
+        <source>adb reaches several phones and cannot tell which one is meant. Unplug the others, or switch to Standard MTP.</source>
+        <translation>adb 連接到多支手機，無法確定是哪一支。請拔除其他手機，或切換到標準 MTP。</translation>
+    </message>
+    <message>
+        <source>adb&apos;s server cannot be started.</source>
+        <translation>無法啟動 adb 伺服器。</translation>
+    </message>
+    <message>
+        <source>The file is too large for this storage of the phone.</source>
+        <translation>檔案對手機的此儲存空間而言過大。</translation>
+    </message>
+    <message>
+        <source>adb cannot be started.</source>
+        <translation>無法啟動 adb。</translation>
+    </message>
+    <message>
+        <source>adb crashed.</source>
+        <translation>adb 已當機。</translation>
+    </message>
+    <message>
+        <source>adb does not answer. Unplug the phone and plug it in again.</source>
+        <translation>adb 沒有回應。請拔除手機後重新插上。</translation>
+    </message>
+    <message>
+        <source>adb is not installed.</source>
+        <translation>未安裝 adb。</translation>
+    </message>
+    <message>
+        <source>The phone does not answer on the network.</source>
+        <translation>手機在網路中沒有回應。</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s adb is too old to pair: version 30 or newer is needed.</source>
+        <translation>此電腦的 adb 版本過舊，無法配對：需要 30 或更新的版本。</translation>
+    </message>
+    <message>
+        <source>Allow this computer on the phone, then connect again.</source>
+        <translation>請在手機上允許此電腦，然後重新連線。</translation>
+    </message>
+    <message>
+        <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
+        <translation>極速模式需要 adb，但尚未安裝。現改用標準 MTP。</translation>
+    </message>
+    <message>
+        <source>Install the adb tool, or switch the phone to Standard MTP.</source>
+        <translation>請安裝 adb 工具，或將手機切換到標準 MTP。</translation>
+    </message>
+    <message>
+        <source>the folder cannot be created on this computer</source>
+        <translation>無法在此電腦上建立檔案夾</translation>
+    </message>
+    <message>
+        <source>a folder of this name is on this computer</source>
+        <translation>此電腦上有同名檔案夾</translation>
+    </message>
+    <message>
+        <source>The documents of an app cannot be deleted as a whole.</source>
+        <translation>無法整體刪除 App 的文件。</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer was cut off</source>
+        <translation>伺服器的回應被截斷</translation>
+    </message>
+    <message>
+        <source>Check the spelling, or choose the folder below.</source>
+        <translation>請檢查拼字，或在下方選擇檔案夾。</translation>
+    </message>
+    <message>
+        <source>the phone did not put it in the place of the old file.</source>
+        <translation>手機沒有用它取代舊檔案。</translation>
+    </message>
+    <message>
+        <source>a link to a folder</source>
+        <translation>指向資料夾的連結</translation>
+    </message>
+    <message>
+        <source>a link that leads nowhere</source>
+        <translation>沒有目標的連結</translation>
+    </message>
+    <message>
+        <source>a link</source>
+        <translation>連結</translation>
+    </message>
+    <message>
+        <source>not a regular file</source>
+        <translation>不是一般檔案</translation>
+    </message>
+    <message>
+        <source>the folder cannot be read</source>
+        <translation>無法讀取該資料夾</translation>
+    </message>
+    <message>
+        <source>a folder of this name is there.</source>
+        <translation>那裡有同名的資料夾。</translation>
+    </message>
+    <message>
+        <source>it is not a file.</source>
+        <translation>它不是檔案。</translation>
+    </message>
+    <message>
+        <source>The device does not answer.</source>
+        <translation>裝置沒有回應。</translation>
+    </message>
+    <message>
+        <source>another entry has the same name on this computer</source>
+        <translation>在這部電腦上另一個項目有相同的名稱</translation>
+    </message>
+    <message>
+        <source>the phone lists this folder inside itself</source>
+        <translation>手機將此資料夾列在其自身之中</translation>
+    </message>
+    <message>
+        <source>its folder could not be made</source>
+        <translation>無法建立其資料夾</translation>
+    </message>
+    <message>
+        <source>The phone is busy with another copy. Try again when that one is done.</source>
+        <translation>手機正忙於另一項複製。請在其完成後再試一次。</translation>
+    </message>
+    <message>
+        <source>no phone was chosen</source>
+        <translation>未選擇手機</translation>
+    </message>
+    <message>
+        <source>folders are copied, not dragged</source>
+        <translation>資料夾只能複製，不能拖曳</translation>
+    </message>
+    <message>
+        <source>it is still being copied from the phone</source>
+        <translation>仍在從手機複製</translation>
+    </message>
+    <message>
+        <source>a name cannot be empty</source>
+        <translation>名稱不能為空</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be deleted.</source>
+        <translation>無法刪除整個儲存空間。</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be renamed.</source>
+        <translation>無法重新命名整個儲存空間。</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be moved.</source>
+        <translation>無法移動整個儲存空間。</translation>
+    </message>
+    <message>
+        <source>The phone cannot move files from one storage to another. Copy them instead.</source>
+        <translation>手機無法將檔案從一個儲存空間移到另一個。請改為複製。</translation>
+    </message>
+    <message>
+        <source>A folder has no preview.</source>
+        <translation>資料夾沒有預覽。</translation>
+    </message>
+    <message>
+        <source>No storage available</source>
+        <translation>沒有可用的儲存空間</translation>
+    </message>
+    <message>
+        <source>No MTP storage found for upload</source>
+        <translation>找不到可上傳的 MTP 儲存空間</translation>
+    </message>
+    <message>
+        <source>No device connected for download</source>
+        <translation>沒有連接可下載的裝置</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 以及其他 %2 個</translation>
+    </message>
+    <message>
+        <source>Internal Storage</source>
+        <translation>內部儲存空間</translation>
+    </message>
+    <message>
+        <source>Idle</source>
+        <translation>閒置</translation>
+    </message>
+    <message>
+        <source>Syncing…</source>
+        <translation>正在同步…</translation>
+    </message>
+    <message>
+        <source>Synced</source>
+        <translation>已同步</translation>
+    </message>
+    <message>
+        <source>Up to date</source>
+        <translation>已是最新</translation>
+    </message>
+    <message>
+        <source>Connecting to device…</source>
+        <translation>正在連接裝置…</translation>
+    </message>
+    <message>
+        <source>Device disconnected</source>
+        <translation>裝置已中斷連線</translation>
+    </message>
+    <message>
+        <source>Scanning folders…</source>
+        <translation>正在掃描檔案夾…</translation>
+    </message>
+    <message>
+        <source>Awaiting deletion confirmation…</source>
+        <translation>正在等待確認刪除…</translation>
+    </message>
+    <message>
+        <source>Analyzing files…</source>
+        <translation>正在分析檔案…</translation>
+    </message>
+    <message>
+        <source>Starting transfer…</source>
+        <translation>正在開始傳輸…</translation>
+    </message>
+    <message>
+        <source>Completed</source>
+        <translation>已完成</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>已取消</translation>
+    </message>
+    <message>
+        <source>Server returned non-200 status</source>
+        <translation>伺服器傳回非 200 的狀態</translation>
+    </message>
+    <message>
+        <source>Invalid version data format</source>
+        <translation>版本資料格式無效</translation>
+    </message>
+    <message>
+        <source>The server did not answer in time</source>
+        <translation>伺服器未及時回應</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer is too long</source>
+        <translation>伺服器的回應過長</translation>
+    </message>
+    <message>
+        <source>The address is not a safe one</source>
+        <translation>該位址不安全</translation>
+    </message>
+    <message>
+        <source>The server redirects without end</source>
+        <translation>伺服器無限重新導向</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>請重新插上手機並解鎖。</translation>
+    </message>
+    <message>
+        <source>Another folder is shown by now. Nothing was done.</source>
+        <translation>現在顯示的是另一個資料夾。未執行任何操作。</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or moved on the phone.</source>
+        <translation>它可能已在手機上被刪除或移動。</translation>
+    </message>
+    <message>
+        <source>Already There</source>
+        <translation>已存在</translation>
+    </message>
+    <message>
+        <source>Cannot enumerate %1</source>
+        <translation>無法列出 %1</translation>
+    </message>
+    <message>
+        <source>%1 changed while the folder was being read. Sync again.</source>
+        <translation>讀取資料夾時 %1 發生了變化。請重新同步。</translation>
+    </message>
+    <message>
+        <source>The phone lists the folder %1 inside itself.</source>
+        <translation>手機將資料夾 %1 列在其自身之中。</translation>
+    </message>
+    <message>
+        <source>%1 holds &quot;%2&quot;, which is no name of a file.</source>
+        <translation>%1 包含「%2」，這不是檔案名稱。</translation>
+    </message>
+    <message>
+        <source>Cannot open local file for writing: %1</source>
+        <translation>無法開啟本機檔案進行寫入：%1</translation>
+    </message>
+    <message>
+        <source>Cannot open local file for reading: %1</source>
+        <translation>無法開啟本機檔案進行讀取：%1</translation>
+    </message>
+    <message>
+        <source>The phone does not tell what %1 is.</source>
+        <translation>手機沒有說明 %1 是什麼。</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used on this computer. Rename the folder on the phone first.</source>
+        <translation>名稱「%1」不能在這部電腦上使用。請先在手機上重新命名該資料夾。</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used on this computer. Rename it on the phone first.</source>
+        <translation>名稱「%1」不能在這部電腦上使用。請先在手機上改名。</translation>
+    </message>
+    <message>
+        <source>No MTP handle for file %1</source>
+        <translation>檔案 %1 沒有 MTP 物件</translation>
+    </message>
+    <message>
+        <source>%1 became shorter while it was being copied. Copy it again.</source>
+        <translation>複製時 %1 變短了。請重新複製。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has appeared on the phone meanwhile.</source>
+        <translation>「%1」在此期間出現在手機上。</translation>
+    </message>
+    <message>
+        <source>A folder named &quot;%1&quot; is already on the phone.</source>
+        <translation>手機上已有名為「%1」的資料夾。</translation>
+    </message>
+    <message>
+        <source>A file named &quot;%1&quot; is already on the phone.</source>
+        <translation>手機上已有名為「%1」的檔案。</translation>
+    </message>
+    <message>
+        <source>The phone does not show the new &quot;%1&quot;. The old one was kept.</source>
+        <translation>手機未顯示新的「%1」。舊的已保留。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already on the phone, and this phone cannot replace files. Delete or rename the old one first.</source>
+        <translation>「%1」已在手機上，而此手機無法取代檔案。請先刪除或重新命名舊的。</translation>
+    </message>
+    <message>
+        <source>The new &quot;%1&quot; is on the phone under the name &quot;%2&quot;: it could not be renamed (%3).</source>
+        <translation>新的「%1」在手機上名為「%2」：無法重新命名 (%3)。</translation>
+    </message>
+    <message>
+        <source>The phone does not show the new folder &quot;%1&quot;.</source>
+        <translation>手機未顯示新資料夾「%1」。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already there</source>
+        <translation>「%1」已存在</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files was not copied: %3</source>
+        <translation>%2 個檔案中有 %1 個未複製：%3</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files were not copied: %3</source>
+        <translation>%2 個檔案中有 %1 個未複製：%3</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1 of %2 items: %3</source>
+        <translation>%2 個項目中有 %1 個無法刪除：%3</translation>
+    </message>
+    <message>
+        <source>Failed to move %1 of %2 items: %3</source>
+        <translation>%2 個項目中有 %1 個無法移動：%3</translation>
+    </message>
+    <message>
+        <source>Error: %1</source>
+        <translation>錯誤：%1</translation>
+    </message>
+    <message>
+        <source>Removing %1 from %2</source>
+        <translation>正在從 %2 移除 %1</translation>
+    </message>
+    <message>
+        <source>A file named %1 is on the device where a folder is needed.</source>
+        <translation>裝置上需要檔案夾的位置有一個名為 %1 的檔案。</translation>
+    </message>
+    <message>
+        <source>Cannot read the folder %1: %2</source>
+        <translation>無法讀取檔案夾 %1：%2</translation>
+    </message>
+    <message>
+        <source>Cannot create the folder %1: %2</source>
+        <translation>無法建立檔案夾 %1：%2</translation>
+    </message>
+    <message>
+        <source>Cannot delete %1: %2</source>
+        <translation>無法刪除 %1：%2</translation>
+    </message>
+    <message>
+        <source>Cannot keep %1 as %2.</source>
+        <translation>無法將 %1 保留為 %2。</translation>
+    </message>
+    <message>
+        <source>The folder of %1 was replaced while it was being synced.</source>
+        <translation>%1 所在的檔案夾在同步期間被取代。</translation>
+    </message>
+    <message>
+        <source>The folder %1 is gone, although it was synced before. Is its disk missing? Going on makes a new, empty folder.</source>
+        <translation>檔案夾 %1 曾同步過，但現已不存在。是否缺少其所在磁碟？繼續會建立一個新的空檔案夾。</translation>
+    </message>
+    <message>
+        <source>The folder %1 is missing.</source>
+        <translation>缺少檔案夾 %1。</translation>
+    </message>
+    <message>
+        <source>The folder on this computer is empty, although %1 files were in it after the last sync. Is its disk missing?</source>
+        <translation>上次同步後此電腦上的檔案夾有 %1 個檔案，但現在是空的。是否缺少其所在磁碟？</translation>
+    </message>
+    <message>
+        <source>The folder on the device is empty, although %1 files were in it after the last sync. Is its memory card missing?</source>
+        <translation>上次同步後裝置上的檔案夾有 %1 個檔案，但現在是空的。是否缺少記憶卡？</translation>
+    </message>
+    <message>
+        <source>%1 of the %2 files of the last sync would be deleted.</source>
+        <translation>上次同步的 %2 個檔案中有 %1 個將被刪除。</translation>
+    </message>
+    <message>
+        <source>The device lists %1 inside itself.</source>
+        <translation>裝置顯示 %1 包含其自身。</translation>
+    </message>
+    <message>
+        <source>The device does not show %1 as it was sent. It was not deleted here.</source>
+        <translation>裝置上的 %1 與傳送的不一致。此處未刪除。</translation>
+    </message>
+    <message>
+        <source>The device does not show %1 as it was sent. Sync again.</source>
+        <translation>裝置上的 %1 與傳送的不一致。請重新同步。</translation>
+    </message>
+    <message>
+        <source>%1 is not on this computer&apos;s disk as it was received.</source>
+        <translation>此電腦上的 %1 與接收的不一致。</translation>
+    </message>
+    <message>
+        <source>%1 changed while it was being copied. Sync again.</source>
+        <translation>%1 在拷貝期間發生更改。請重新同步。</translation>
+    </message>
+    <message>
+        <source>%1 changed while it was being copied. Copy it again.</source>
+        <translation>「%1」在拷貝時已變更。請重新拷貝。</translation>
+    </message>
+    <message>
+        <source>%1 has appeared on the device meanwhile.</source>
+        <translation>裝置上其間出現了 %1。</translation>
+    </message>
+    <message>
+        <source>%1 is not on the device any more. Sync again.</source>
+        <translation>%1 已不在裝置上。請重新同步。</translation>
+    </message>
+    <message>
+        <source>%1 is a file on one side and a folder on the other</source>
+        <translation>%1 在一側是檔案，在另一側是檔案夾</translation>
+    </message>
+    <message>
+        <source>in %1: %2</source>
+        <translation>在 %1 中：%2</translation>
+    </message>
+    <message>
+        <source>The phone does not allow %1 to be read.</source>
+        <translation>手機不允許讀取 %1。</translation>
+    </message>
+    <message>
+        <source>The phone did not rename %1. %2</source>
+        <translation>手機未能重新命名 %1。%2</translation>
+    </message>
+    <message>
+        <source>The phone did not make the folder %1. %2</source>
+        <translation>手機未能建立檔案夾 %1。%2</translation>
+    </message>
+    <message>
+        <source>The phone did not delete %1. %2</source>
+        <translation>手機未能刪除 %1。%2</translation>
+    </message>
+    <message>
+        <source>The phone did not delete %1.</source>
+        <translation>手機沒有刪除 %1。</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be made on the phone. %2</source>
+        <translation>無法在手機上建立檔案夾 %1。%2</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be read whole.</source>
+        <translation>無法完整讀取檔案夾 %1。</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used.</source>
+        <translation>無法使用名稱「%1」。</translation>
+    </message>
+    <message>
+        <source>ADB pull failed for %1: %2</source>
+        <translation>透過 ADB 下載 %1 失敗：%2</translation>
+    </message>
+    <message>
+        <source>ADB directory pull failed for %1: %2</source>
+        <translation>透過 ADB 下載檔案夾 %1 失敗：%2</translation>
+    </message>
+    <message>
+        <source>ADB push failed for %1: %2</source>
+        <translation>透過 ADB 上傳 %1 失敗：%2</translation>
+    </message>
+    <message>
+        <source>the phone has %1 of %2 bytes.</source>
+        <translation>手機上有 %2 位元組中的 %1 位元組。</translation>
+    </message>
+    <message>
+        <source>the phone did not put it in the place of the old file. %1</source>
+        <translation>手機沒有用它取代舊檔案。%1</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is on the phone, which takes &quot;%2&quot; for the same name. Rename one of the two first.</source>
+        <translation>手機上已有「%1」，手機將「%2」視為同一名稱。請先重新命名其中一個。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has changed on the phone meanwhile. It was kept.</source>
+        <translation>「%1」在此期間在手機上已變更，已予以保留。</translation>
+    </message>
+    <message>
+        <source>adb ended with status %1.</source>
+        <translation>adb 以狀態 %1 結束。</translation>
+    </message>
+    <message>
+        <source>A folder &quot;%1&quot; is already on the phone.</source>
+        <translation>手機上已有檔案夾「%1」。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be the name of a file.</source>
+        <translation>「%1」不能作為檔案名稱。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already there.</source>
+        <translation>「%1」已存在。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be moved into itself.</source>
+        <translation>無法將「%1」移到其自身中。</translation>
+    </message>
+    <message>
+        <source>Device not found: %1</source>
+        <translation>找不到裝置：%1</translation>
+    </message>
+    <message>
+        <source>Lockdown error: %1</source>
+        <translation>Lockdown 錯誤：%1</translation>
+    </message>
+    <message>
+        <source>Failed to start service: %1</source>
+        <translation>無法啟動服務：%1</translation>
+    </message>
+    <message>
+        <source>House Arrest error: %1</source>
+        <translation>House Arrest 錯誤：%1</translation>
+    </message>
+    <message>
+        <source>InstProxy error: %1</source>
+        <translation>InstProxy 錯誤：%1</translation>
+    </message>
+    <message>
+        <source>File I/O error: %1</source>
+        <translation>檔案錯誤：%1</translation>
+    </message>
+    <message>
+        <source>Failed to create %1: %2</source>
+        <translation>無法建立 %1：%2</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1: %2</source>
+        <translation>無法刪除 %1：%2</translation>
+    </message>
+    <message>
+        <source>Failed to rename %1: %2</source>
+        <translation>無法重新命名 %1：%2</translation>
+    </message>
+    <message>
+        <source>Failed to move %1: %2</source>
+        <translation>無法移動 %1：%2</translation>
+    </message>
+    <message>
+        <source>Failed to drag out %1: %2</source>
+        <translation>無法將「%1」拖出視窗：%2</translation>
+    </message>
+    <message>
+        <source>Failed to check for updates (%1). Please try again later.</source>
+        <translation>無法檢查更新 (%1)。請稍後再試。</translation>
+    </message>
+    <message>
+        <source>%1 is using the phone.</source>
+        <translation>%1 正在使用手機。</translation>
+    </message>
+    <message>
+        <source>The folder &quot;%1&quot; is not on the phone any more.</source>
+        <translation>檔案夾「%1」已不在手機上。</translation>
+    </message>
+    <message>
+        <source>There is no &quot;%1&quot; on the phone.</source>
+        <translation>手機上沒有「%1」。</translation>
+    </message>
+    <message>
+        <source>There is no %1 on the phone. It may have been deleted or renamed: refresh the folder.</source>
+        <translation>手機上沒有 %1。它可能已被刪除或重新命名：請重新載入檔案夾。</translation>
+    </message>
+    <message>
+        <source>The phone sent %1 of the %2 bytes of %3. Copy it again.</source>
+        <translation>手機傳送了 %3 的 %2 位元組中的 %1 位元組。請重新拷貝。</translation>
+    </message>
+    <message>
+        <source>The name &quot;%1&quot; cannot be used on this computer.</source>
+        <translation>此電腦無法使用名稱「%1」。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is too large for a preview. Copy it to this computer first.</source>
+        <translation>「%1」太大，無法預覽。請先拷貝到此電腦。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already on the phone.</source>
+        <translation>「%1」已在手機上。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be a name on the phone.</source>
+        <translation>「%1」不能用作手機上的名稱。</translation>
+    </message>
+    <message>
+        <source>%1 is not a folder.</source>
+        <translation>%1 不是檔案夾。</translation>
+    </message>
+    <message>
+        <source>Cannot write into %1: %2</source>
+        <translation>無法寫入檔案夾 %1：%2</translation>
+    </message>
+    <message>
+        <source>Cannot write %1: %2</source>
+        <translation>無法寫入 %1：%2</translation>
+    </message>
+    <message>
+        <source>Cannot read %1: %2</source>
+        <translation>無法讀取 %1：%2</translation>
+    </message>
+    <message>
+        <source>Cannot create the folder %1 on this computer.</source>
+        <translation>無法在此電腦上建立檔案夾 %1。</translation>
+    </message>
+    <message>
+        <source>Cannot read %1.</source>
+        <translation>無法讀取 %1。</translation>
+    </message>
+    <message>
+        <source>adb could not reach the phone: %1</source>
+        <translation>adb 無法連線到手機：%1</translation>
+    </message>
+</context>
+<context>
+    <name>QPlatformTheme</name>
+    <message>
+        <source>OK</source>
+        <translation>好</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>關閉</translation>
+    </message>
+    <message>
+        <source>&amp;Yes</source>
+        <translation>是(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>&amp;No</source>
+        <translation>否(&amp;N)</translation>
+    </message>
+</context>
+<context>
+    <name>SyncFileList</name>
+    <message>
+        <source>Name</source>
+        <translation>名稱</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>大小</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::AppListView</name>
+    <message>
+        <source>Apps</source>
+        <translation>App</translation>
+    </message>
+    <message>
+        <source>Filter…</source>
+        <translation>篩選…</translation>
+    </message>
+    <message>
+        <source>Looking for apps…</source>
+        <translation>正在尋找 App⋯</translation>
+    </message>
+    <message>
+        <source>No Apps That Share Files</source>
+        <translation>沒有分享檔案的 App</translation>
+    </message>
+    <message>
+        <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
+        <translation>此 iPhone 上沒有分享檔案的 App。只有開發者開啟檔案分享的 App 才能在電腦上打開；照片以及不公開文件的 App 則不行。</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>重試</translation>
+    </message>
+    <message>
+        <source>No Matching Apps</source>
+        <translation>沒有符合的 App</translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>清除篩選</translation>
+    </message>
+    <message>
+        <source>Connection Failed</source>
+        <translation>連線失敗</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::BreadcrumbBar</name>
+    <message>
+        <source>Path</source>
+        <translation>路徑</translation>
+    </message>
+    <message>
+        <source>Folders in between</source>
+        <translation>中間的檔案夾</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::BrowserView</name>
+    <message numerus="yes">
+        <source>%Ln selected</source>
+        <translation>
+            <numerusform>已選取 %Ln 項</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Filter…</source>
+        <translation>篩選…</translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>清除篩選</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>路徑</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>檔案列表</translation>
+    </message>
+    <message>
+        <source>The phone is gone</source>
+        <translation>手機已中斷連線</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>請重新插上手機並解鎖。</translation>
+    </message>
+    <message>
+        <source>Plug it in again, unlock it and choose File transfer on it.</source>
+        <translation>請重新插上手機，解鎖並選擇「檔案傳輸」。</translation>
+    </message>
+    <message>
+        <source>Folder Not Found</source>
+        <translation>找不到檔案夾</translation>
+    </message>
+    <message>
+        <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
+        <translation>在裝置上找不到此檔案夾。它可能已被刪除或移動。要將它從我的最愛中移除嗎？</translation>
+    </message>
+    <message>
+        <source>Remove from Favorites</source>
+        <translation>從我的最愛移除</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>保留</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or moved on the phone.</source>
+        <translation>它可能已在手機上被刪除或移動。</translation>
+    </message>
+    <message>
+        <source>Enclosing Folder</source>
+        <translation>上層檔案夾</translation>
+    </message>
+    <message>
+        <source>Connection Failed</source>
+        <translation>連線失敗</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>重試</translation>
+    </message>
+    <message>
+        <source>Loading directory contents…</source>
+        <translation>正在載入檔案夾內容…</translation>
+    </message>
+    <message>
+        <source>Loading device storage…</source>
+        <translation>正在載入裝置儲存空間…</translation>
+    </message>
+    <message>
+        <source>No Matching Files</source>
+        <translation>沒有符合的檔案</translation>
+    </message>
+    <message>
+        <source>Nothing here has “%1” in its name.</source>
+        <translation>這裡沒有名稱包含「%1」的項目。</translation>
+    </message>
+    <message>
+        <source>This folder is empty</source>
+        <translation>此檔案夾是空的</translation>
+    </message>
+    <message>
+        <source>Drop files here to copy them to the phone.</source>
+        <translation>將檔案拖到這裡即可拷貝到手機。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln 個項目</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %Ln items</source>
+        <translation>
+            <numerusform>%Ln 個項目中的 %1 個</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of %2 done (Esc stops)</source>
+        <translation>已完成 %1/%2（按 Esc 停止）</translation>
+    </message>
+    <message>
+        <source>reading…</source>
+        <translation>正在讀取…</translation>
+    </message>
+    <message>
+        <source>View Mode</source>
+        <translation>檢視模式</translation>
+    </message>
+    <message>
+        <source>Add to Favorites</source>
+        <translation>加入我的最愛</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>刪除</translation>
+    </message>
+    <message>
+        <source>Delete selected items?</source>
+        <translation>要刪除所選項目嗎？</translation>
+    </message>
+    <message>
+        <source>“%1” will be deleted from the phone.</source>
+        <translation>將從手機中刪除「%1」。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be deleted from the phone.</source>
+        <translation>
+            <numerusform>將從手機中刪除 %Ln 個項目。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>此動作無法還原。</translation>
+    </message>
+    <message>
+        <source>Copy to</source>
+        <translation>拷貝到</translation>
+    </message>
+    <message>
+        <source>Copy Files to the Phone</source>
+        <translation>將檔案拷貝到手機</translation>
+    </message>
+    <message>
+        <source>Copy a Folder to the Phone</source>
+        <translation>將檔案夾拷貝到手機</translation>
+    </message>
+    <message>
+        <source>Into “%1”</source>
+        <translation>到「%1」</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::DeviceListModel</name>
+    <message>
+        <source>Needs your attention</source>
+        <translation>需要您處理</translation>
+    </message>
+    <message>
+        <source>Battery %1 %</source>
+        <translation>電量 %1 %</translation>
+    </message>
+    <message>
+        <source>Locked: unlock it</source>
+        <translation>已鎖定：請解鎖</translation>
+    </message>
+    <message>
+        <source>Connecting…</source>
+        <translation>正在連線…</translation>
+    </message>
+    <message>
+        <source>Reading storage…</source>
+        <translation>正在讀取儲存空間…</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FactsView</name>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Fetching the file</source>
+        <translation>正在取得檔案</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1/%2</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FileItemDelegate</name>
+    <message>
+        <source>Folder name</source>
+        <translation>檔案夾名稱</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名稱</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FileTableView</name>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln 個項目</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::MainWindow</name>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>此電腦上的檔案夾</translation>
+    </message>
+    <message>
+        <source>Tessary: Virtual Phones</source>
+        <translation>Tessary：虛擬手機</translation>
+    </message>
+    <message>
+        <source>Quit Tessary</source>
+        <translation>結束 Tessary</translation>
+    </message>
+    <message>
+        <source>Files are still being copied.</source>
+        <translation>仍在拷貝檔案。</translation>
+    </message>
+    <message>
+        <source>A sync is still running.</source>
+        <translation>同步仍在進行。</translation>
+    </message>
+    <message>
+        <source>Quitting cancels this. What has arrived whole stays.</source>
+        <translation>結束會取消此操作。已完整傳到的內容會保留。</translation>
+    </message>
+    <message>
+        <source>This phone is locked</source>
+        <translation>此手機已鎖定</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>解鎖手機並在其 USB 通知中選擇「檔案傳輸」後即可顯示檔案。此視窗會自動更新。</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>釋放手機</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>重試</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::ModeSwitch</name>
+    <message>
+        <source>Works with every phone, nothing to set up.</source>
+        <translation>適用於所有手機，無需設定。</translation>
+    </message>
+    <message>
+        <source>Faster and sees more. Needs USB debugging on the phone.</source>
+        <translation>更快，可見內容更多。需要在手機上開啟 USB 偵錯。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PreviewWindow</name>
+    <message>
+        <source>Cancelled</source>
+        <translation>已取消</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>上一項</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>下一項</translation>
+    </message>
+    <message>
+        <source>Previous Page</source>
+        <translation>上一頁</translation>
+    </message>
+    <message>
+        <source>Next Page</source>
+        <translation>下一頁</translation>
+    </message>
+    <message>
+        <source>Quick Look</source>
+        <translation>快速查看</translation>
+    </message>
+    <message>
+        <source>“%1” is too large for a preview. Copy it to this computer first.</source>
+        <translation>「%1」太大，無法預覽。請先拷貝到這部電腦。</translation>
+    </message>
+    <message>
+        <source>It cannot be shown: it is damaged, too large or protected.</source>
+        <translation>無法顯示：檔案已損毀、過大或受保護。</translation>
+    </message>
+    <message>
+        <source>only its beginning is shown</source>
+        <translation>僅顯示開頭</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>第 %1 頁，共 %2 頁</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PropertiesDialog</name>
+    <message numerus="yes">
+        <source>%1 bytes</source>
+        <translation>
+            <numerusform>%1 位元組</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>種類</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>大小</translation>
+    </message>
+    <message>
+        <source>Content</source>
+        <translation>包含項目</translation>
+    </message>
+    <message>
+        <source>Date Modified</source>
+        <translation>修改日期</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>路徑</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>檔案夾</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>關閉</translation>
+    </message>
+    <message>
+        <source>Properties</source>
+        <translation>內容</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln 個項目</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Various kinds</source>
+        <translation>多種類型</translation>
+    </message>
+    <message>
+        <source>Stop Counting</source>
+        <translation>停止統計</translation>
+    </message>
+    <message>
+        <source>Counting the content</source>
+        <translation>正在統計內容</translation>
+    </message>
+    <message>
+        <source>Files: %1, folders: %2</source>
+        <translation>檔案：%1，檔案夾：%2</translation>
+    </message>
+    <message>
+        <source>The count was stopped: there may be more.</source>
+        <translation>統計已停止：可能還有更多內容。</translation>
+    </message>
+    <message>
+        <source>Folders that could not be read: %1</source>
+        <translation>無法讀取的檔案夾：%1</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SettingsWindow</name>
+    <message>
+        <source>Settings</source>
+        <translation>設定</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>一般</translation>
+    </message>
+    <message>
+        <source>Sync</source>
+        <translation>同步</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <translation>更新</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>關於</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>語言</translation>
+    </message>
+    <message>
+        <source>System Default</source>
+        <translation>系統預設</translation>
+    </message>
+    <message>
+        <source>Choose your preferred display language. Changes apply immediately.</source>
+        <translation>選擇您偏好的顯示語言。更改會立即生效。</translation>
+    </message>
+    <message>
+        <source>Open the window as it was left</source>
+        <translation>依上次關閉時的樣子打開視窗</translation>
+    </message>
+    <message>
+        <source>Automatically check for updates</source>
+        <translation>自動檢查更新</translation>
+    </message>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>檢查更新…</translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <translation>版本</translation>
+    </message>
+    <message>
+        <source>Browse phones and copy files to and from them.</source>
+        <translation>瀏覽手機並雙向拷貝檔案。</translation>
+    </message>
+    <message>
+        <source>Website</source>
+        <translation>網站</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::Sidebar</name>
+    <message>
+        <source>Camera &amp; Photos</source>
+        <translation>相機與照片</translation>
+    </message>
+    <message>
+        <source>Downloads</source>
+        <translation>下載項目</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>圖片</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>音樂</translation>
+    </message>
+    <message>
+        <source>Movies &amp; Videos</source>
+        <translation>影片與視訊</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>Wireless Devices…</source>
+        <translation>無線裝置…</translation>
+    </message>
+    <message>
+        <source>Favorites</source>
+        <translation>我的最愛</translation>
+    </message>
+    <message>
+        <source>Quick Shortcuts</source>
+        <translation>捷徑</translation>
+    </message>
+    <message>
+        <source>Storage Volumes</source>
+        <translation>儲存空間</translation>
+    </message>
+    <message>
+        <source>Connected Devices</source>
+        <translation>已連接的裝置</translation>
+    </message>
+    <message>
+        <source>No Devices</source>
+        <translation>沒有裝置</translation>
+    </message>
+    <message>
+        <source>Connect an iOS or Android device via USB</source>
+        <translation>請以 USB 連接 iOS 或 Android 裝置</translation>
+    </message>
+    <message>
+        <source>Drop a folder here to keep it at hand.</source>
+        <translation>將檔案夾拖到此處以便隨時開啟。</translation>
+    </message>
+    <message>
+        <source>Remove from Favorites</source>
+        <translation>從我的最愛移除</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::StatusBanner</name>
+    <message>
+        <source>Close this message</source>
+        <translation>關閉此訊息</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairList</name>
+    <message>
+        <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
+        <translation>尚無同步的檔案夾。請打開手機上的一個檔案夾，然後選擇「同步此檔案夾…」。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairRow</name>
+    <message>
+        <source>Queued</source>
+        <translation>排隊中</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>立即同步</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Remove This Pair</source>
+        <translation>移除此配對</translation>
+    </message>
+    <message>
+        <source>Stop keeping these folders in step?</source>
+        <translation>要停止同步這些檔案夾嗎？</translation>
+    </message>
+    <message>
+        <source>No file is deleted on either side.</source>
+        <translation>兩側都不會刪除任何檔案。</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>移除</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairSheet</name>
+    <message>
+        <source>A file deleted on one side is deleted on the other, after asking</source>
+        <translation>在一側刪除的檔案，經詢問後也會在另一側刪除</translation>
+    </message>
+    <message>
+        <source>Remove files from where they came once they have arrived</source>
+        <translation>檔案到達後從原處移除</translation>
+    </message>
+    <message>
+        <source>Sync This Folder</source>
+        <translation>同步此檔案夾</translation>
+    </message>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>此電腦上的檔案夾</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>方向</translation>
+    </message>
+    <message>
+        <source>Both ways</source>
+        <translation>雙向</translation>
+    </message>
+    <message>
+        <source>Only to the phone</source>
+        <translation>僅到手機</translation>
+    </message>
+    <message>
+        <source>Only to this computer</source>
+        <translation>僅到此電腦</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>選擇…</translation>
+    </message>
+    <message>
+        <source>Folder on the phone</source>
+        <translation>手機上的檔案夾</translation>
+    </message>
+    <message>
+        <source>Show What Will Happen</source>
+        <translation>顯示將要進行的動作</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPanel</name>
+    <message>
+        <source>Sync</source>
+        <translation>同步</translation>
+    </message>
+    <message>
+        <source>Sync This Folder…</source>
+        <translation>同步此檔案夾…</translation>
+    </message>
+    <message>
+        <source>Sync All</source>
+        <translation>全部同步</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPreviewDialog</name>
+    <message>
+        <source>Copy to the phone</source>
+        <translation>拷貝到手機</translation>
+    </message>
+    <message>
+        <source>Copy to this computer</source>
+        <translation>拷貝到此電腦</translation>
+    </message>
+    <message>
+        <source>Move to the phone</source>
+        <translation>移到手機</translation>
+    </message>
+    <message>
+        <source>Move to this computer</source>
+        <translation>移到此電腦</translation>
+    </message>
+    <message>
+        <source>Changed on both sides: keep both</source>
+        <translation>兩側均已更改：保留兩者</translation>
+    </message>
+    <message>
+        <source>Delete on the phone</source>
+        <translation>在手機上刪除</translation>
+    </message>
+    <message>
+        <source>Delete on this computer</source>
+        <translation>在此電腦上刪除</translation>
+    </message>
+    <message>
+        <source>Leave as it is</source>
+        <translation>保持不變</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>略過</translation>
+    </message>
+    <message>
+        <source>What Will Happen</source>
+        <translation>將要進行的動作</translation>
+    </message>
+    <message>
+        <source>Action</source>
+        <translation>動作</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>立即同步</translation>
+    </message>
+    <message>
+        <source>Comparing the folders…</source>
+        <translation>正在比較檔案夾…</translation>
+    </message>
+    <message>
+        <source>The folders cannot be compared</source>
+        <translation>無法比較檔案夾</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files are the same already</source>
+        <translation>
+            <numerusform>%Ln 個檔案已經相同</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files to go through, %1 to copy</source>
+        <translation>
+            <numerusform>需檢查 %Ln 個檔案，需拷貝 %1</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncQuestionDialog</name>
+    <message>
+        <source>On this computer</source>
+        <translation>在此電腦上</translation>
+    </message>
+    <message>
+        <source>On the phone</source>
+        <translation>在手機上</translation>
+    </message>
+    <message>
+        <source>Files to delete</source>
+        <translation>要刪除的檔案</translation>
+    </message>
+    <message>
+        <source>Where</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>edited since the last sync</source>
+        <translation>上次同步後已編輯</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>保留</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>刪除</translation>
+    </message>
+    <message>
+        <source>Create Again</source>
+        <translation>重新建立</translation>
+    </message>
+    <message>
+        <source>Delete Files?</source>
+        <translation>要刪除檔案嗎？</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files were deleted on one side. Delete them on the other, too?</source>
+        <translation>
+            <numerusform>%Ln 個檔案已在一側刪除。也要在另一側刪除嗎？</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>What you keep is copied back.</source>
+        <translation>您保留的內容會拷貝回去。</translation>
+    </message>
+    <message>
+        <source>Folder Missing</source>
+        <translation>檔案夾遺失</translation>
+    </message>
+    <message>
+        <source>The folder on this computer is gone</source>
+        <translation>此電腦上的檔案夾已不存在</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferListModel</name>
+    <message>
+        <source>Finishing: the phone is still storing the file</source>
+        <translation>即將完成：手機仍在儲存檔案</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1/%Ln files</source>
+        <translation>
+            <numerusform>%1/%Ln 個檔案</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 left</source>
+        <translation>剩餘 %1</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferNotice</name>
+    <message>
+        <source>“%1” is copied.</source>
+        <translation>「%1」已拷貝。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items are copied.</source>
+        <translation>
+            <numerusform>已拷貝 %Ln 個項目。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” was not copied.</source>
+        <translation>「%1」未能拷貝。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items were not copied.</source>
+        <translation>
+            <numerusform>%1 個項目中有 %Ln 個未能拷貝。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Copying has finished</source>
+        <translation>拷貝已完成</translation>
+    </message>
+    <message>
+        <source>Copying went wrong</source>
+        <translation>拷貝時發生錯誤</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TransferPanel</name>
+    <message>
+        <source>All transfers have ended</source>
+        <translation>所有傳輸皆已結束</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1/%2</translation>
+    </message>
+    <message>
+        <source>%1 left</source>
+        <translation>剩餘 %1</translation>
+    </message>
+    <message>
+        <source>Transfers</source>
+        <translation>傳輸</translation>
+    </message>
+    <message>
+        <source>Cancel All</source>
+        <translation>全部取消</translation>
+    </message>
+    <message>
+        <source>Clear Finished</source>
+        <translation>清除已完成</translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>在檔案夾中顯示</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TranslatedFileModel</name>
+    <message>
+        <source>Name</source>
+        <translation>名稱</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>大小</translation>
+    </message>
+    <message>
+        <source>Date Modified</source>
+        <translation>修改日期</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>種類</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::UpdateAlerts</name>
+    <message>
+        <source>Help</source>
+        <translation>輔助說明</translation>
+    </message>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>檢查更新…</translation>
+    </message>
+    <message>
+        <source>Update Check Failed</source>
+        <translation>檢查更新失敗</translation>
+    </message>
+    <message>
+        <source>Tessary v%1 is currently the newest version.</source>
+        <translation>Tessary v%1 是目前的最新版本。</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>好</translation>
+    </message>
+    <message>
+        <source>A new version of Tessary is available.</source>
+        <translation>Tessary 有新版本可用。</translation>
+    </message>
+    <message>
+        <source>Tessary %1 is available</source>
+        <translation>Tessary %1 可供更新</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>下載</translation>
+    </message>
+    <message>
+        <source>Skip This Version</source>
+        <translation>略過此版本</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>稍後</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WelcomeView</name>
+    <message>
+        <source>Connect a phone</source>
+        <translation>連接手機</translation>
+    </message>
+    <message>
+        <source>Try It with a Virtual Phone</source>
+        <translation>以虛擬手機試用</translation>
+    </message>
+    <message>
+        <source>Starts Tessary again with two virtual phones, which hold sample files</source>
+        <translation>使用兩支含範例檔案的虛擬手機重新啟動 Tessary</translation>
+    </message>
+    <message>
+        <source>Plug it in</source>
+        <translation>插上手機</translation>
+    </message>
+    <message>
+        <source>Use a cable that carries data: some only charge.</source>
+        <translation>請使用傳輸線：有些線只能充電。</translation>
+    </message>
+    <message>
+        <source>Unlock it</source>
+        <translation>解鎖手機</translation>
+    </message>
+    <message>
+        <source>A locked phone shows nothing of its storage.</source>
+        <translation>鎖定的手機不會顯示任何儲存內容。</translation>
+    </message>
+    <message>
+        <source>Choose “File transfer” on it</source>
+        <translation>在手機上選擇「檔案傳輸」</translation>
+    </message>
+    <message>
+        <source>Android asks in a notification that says “Charging this device via USB”.</source>
+        <translation>Android 會在「正在透過 USB 為這部裝置充電」通知中詢問。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WirelessDialog</name>
+    <message>
+        <source>Pairing…</source>
+        <translation>正在配對…</translation>
+    </message>
+    <message>
+        <source>Connecting…</source>
+        <translation>正在連線…</translation>
+    </message>
+    <message>
+        <source>Paired</source>
+        <translation>已配對</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>已連線</translation>
+    </message>
+    <message>
+        <source>Waiting to be paired</source>
+        <translation>等待配對</translation>
+    </message>
+    <message>
+        <source>Ready to connect</source>
+        <translation>可以連線</translation>
+    </message>
+    <message>
+        <source>Wireless Devices</source>
+        <translation>無線裝置</translation>
+    </message>
+    <message>
+        <source>Phones on this network on which wireless debugging is switched on.</source>
+        <translation>此網路中已開啟無線偵錯的手機。</translation>
+    </message>
+    <message>
+        <source>Looking for phones…</source>
+        <translation>正在搜尋手機…</translation>
+    </message>
+    <message>
+        <source>Search Again</source>
+        <translation>重新搜尋</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>關閉</translation>
+    </message>
+    <message>
+        <source>This computer cannot look for phones on the network: the service for it (avahi-daemon) does not run.</source>
+        <translation>此電腦無法在網路中搜尋手機：所需的服務（avahi-daemon）未執行。</translation>
+    </message>
+    <message>
+        <source>On the phone, switch on wireless debugging in the developer options. It must be on the same network as this computer.</source>
+        <translation>請在手機的開發人員選項中開啟無線偵錯。手機必須與此電腦位於同一網路。</translation>
+    </message>
+    <message>
+        <source>A phone that waits to be paired shows a code of six digits.</source>
+        <translation>等待配對的手機會顯示六位數字的配對碼。</translation>
+    </message>
+    <message>
+        <source>Pair…</source>
+        <translation>配對…</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>連線</translation>
+    </message>
+    <message>
+        <source>The six digits that the phone shows:</source>
+        <translation>手機上顯示的六位數字：</translation>
+    </message>
+    <message>
+        <source>Pair</source>
+        <translation>配對</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+</context>
+</TS>

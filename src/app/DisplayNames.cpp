@@ -1,0 +1,122 @@
+#include "app/DisplayNames.h"
+
+#include "base/text/ByteFormat.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+namespace tessary {
+
+namespace {
+
+/// The context of this file's texts.
+class DisplayNames {
+    Q_DECLARE_TR_FUNCTIONS(DisplayNames)
+};
+
+/// In the order of the enum's cases.
+template <typename Enum, std::size_t count>
+QString nameOf(const std::array<const char*, count>& names, Enum value) {
+    return DisplayNames::tr(names[static_cast<std::size_t>(value)]);
+}
+
+constexpr std::array categoryNames{
+    QT_TRANSLATE_NOOP("DisplayNames", "Folder"),
+    QT_TRANSLATE_NOOP("DisplayNames", "Image"),
+    QT_TRANSLATE_NOOP("DisplayNames", "Video"),
+    QT_TRANSLATE_NOOP("DisplayNames", "Audio"),
+    QT_TRANSLATE_NOOP("DisplayNames", "Document"),
+    QT_TRANSLATE_NOOP("DisplayNames", "Archive"),
+    QT_TRANSLATE_NOOP("DisplayNames", "APK Package"),
+    QT_TRANSLATE_NOOP("DisplayNames", "Source Code"),
+    QT_TRANSLATE_NOOP("DisplayNames", "File"),
+};
+static_assert(categoryNames.size() == allFileCategories.size());
+
+constexpr std::array modeNames{
+    QT_TRANSLATE_NOOP("DisplayNames", "iOS File Transfer"),
+    QT_TRANSLATE_NOOP("DisplayNames", "Standard MTP"),
+    QT_TRANSLATE_NOOP("DisplayNames", "Turbo Mode (ADB)"),
+};
+
+constexpr std::array typeNames{
+    QT_TRANSLATE_NOOP("DisplayNames", "Upload"),
+    QT_TRANSLATE_NOOP("DisplayNames", "Download"),
+};
+
+constexpr std::array statusNames{
+    QT_TRANSLATE_NOOP("DisplayNames", "Queued"),
+    QT_TRANSLATE_NOOP("DisplayNames", "In Progress"),
+    QT_TRANSLATE_NOOP("DisplayNames", "Completed"),
+    QT_TRANSLATE_NOOP("DisplayNames", "Failed"),
+    QT_TRANSLATE_NOOP("DisplayNames", "Cancelled"),
+};
+
+/// What this program, not the phone, calls a storage that has no name of its own.
+constexpr std::array storageNames{
+    QT_TRANSLATE_NOOP("DisplayNames", "Internal Storage"),
+    QT_TRANSLATE_NOOP("DisplayNames", "Internal Shared Storage"),
+    QT_TRANSLATE_NOOP("DisplayNames", "SD Card"),
+};
+
+} // namespace
+
+QString displayName(FileCategory category) {
+    return nameOf(categoryNames, category);
+}
+
+QString displayName(ProtocolMode mode) {
+    return nameOf(modeNames, mode);
+}
+
+QString displayName(TransferJob::TransferType type) {
+    return nameOf(typeNames, type);
+}
+
+QString displayName(TransferJob::TransferStatus status) {
+    return nameOf(statusNames, status);
+}
+
+QString storageDisplayName(const QString& name) {
+    const auto* known = std::ranges::find(
+        storageNames, name, [](const char* english) { return QString::fromLatin1(english); });
+    return known == storageNames.end() ? name : DisplayNames::tr(*known);
+}
+
+QString freeSpaceText(std::uint64_t freeBytes, std::uint64_t totalBytes) {
+    const auto shown = [](std::uint64_t bytes) {
+        constexpr std::uint64_t most = std::numeric_limits<qint64>::max();
+        return formatBytes(static_cast<qint64>(std::min(bytes, most)));
+    };
+    return DisplayNames::tr("%1 free of %2")
+        .arg(shown(std::min(freeBytes, totalBytes)), shown(totalBytes));
+}
+
+QString modeDisplayName(const SyncPair& pair) {
+    switch (pair.syncMode) {
+    case SyncMode::toiPhone:
+        return pair.movesFiles() ? DisplayNames::tr("Move to the phone")
+                                 : DisplayNames::tr("Only to the phone");
+    case SyncMode::toMac:
+        return pair.movesFiles() ? DisplayNames::tr("Move to this computer")
+                                 : DisplayNames::tr("Only to this computer");
+    case SyncMode::biDirectional:
+        break;
+    }
+    return DisplayNames::tr("Both ways");
+}
+
+QString remoteDisplayPath(const SyncPair& pair) {
+    const QString place = storageDisplayName(pair.appName);
+    if (pair.remoteFolderPath.isEmpty() || pair.remoteFolderPath == QLatin1StringView("/"))
+        return place;
+    if (pair.appBundleID == SyncPair::deviceStorage)
+        return place + QStringLiteral(": ") + pair.remoteFolderPath;
+    return place + QStringLiteral(" / ") +
+           pair.remoteFolderPath.section(QLatin1Char('/'), -1, -1, QString::SectionSkipEmpty);
+}
+
+} // namespace tessary

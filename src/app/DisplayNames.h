@@ -1,0 +1,35 @@
+#pragma once
+
+#include "phone/records/DeviceInfo.h"
+#include "phone/records/FileCategory.h"
+#include "sync/plan/SyncPair.h"
+#include "transfer/TransferJob.h"
+
+#include <QString>
+
+#include <cstdint>
+
+namespace tessary {
+
+// What values are called in the language of the interface. For the main thread.
+
+/// "Folder", "Image" ...
+[[nodiscard]] QString displayName(FileCategory category);
+/// "Standard MTP" ...
+[[nodiscard]] QString displayName(ProtocolMode mode);
+/// "Upload" or "Download".
+[[nodiscard]] QString displayName(TransferJob::TransferType type);
+/// "Queued", "In Progress" ...
+[[nodiscard]] QString displayName(TransferJob::TransferStatus status);
+/// A storage's name: in the user's language where this program gave it ("Internal Storage"), as the
+/// phone says it otherwise.
+[[nodiscard]] QString storageDisplayName(const QString& name);
+/// "12 GB free of 64 GB". Never more free than there is.
+[[nodiscard]] QString freeSpaceText(std::uint64_t freeBytes, std::uint64_t totalBytes);
+/// What a pair does: "Both ways", "Only to the phone", "Move to this computer" ...
+[[nodiscard]] QString modeDisplayName(const SyncPair& pair);
+/// Where a pair's folder lies on the phone: the app's or the storage's name, and
+/// the folder.
+[[nodiscard]] QString remoteDisplayPath(const SyncPair& pair);
+
+} // namespace tessary
