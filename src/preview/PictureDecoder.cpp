@@ -1,16 +1,44 @@
 #include "preview/PictureDecoder.h"
 
+#include "base/local/FileHandle.h"
+#include "base/log/DiagnosticsLogger.h"
 #include "base/threads/CancellationError.h"
 #include "platform/process/QtProcessRunner.h"
+#include "platform/sandbox/Sandbox.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QFileInfo>
+
+#include <mutex>
+
+#include <fcntl.h>
+#include <sys/stat.h>
 
 namespace tessary {
 
 namespace {
 
 constexpr qint64 longestOutput = qint64{4} * maxPictureSide * maxPictureSide + 1024;
+
+/// Nobody's pipe or device: opening and reading those may wait for ever.
+FileHandle openFile(const QString& path) {
+    FileHandle file(::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    struct stat facts {};
+    if (!file.isOpen() || fstat(file.get(), &facts) != 0 || !S_ISREG(facts.st_mode) ||
+        facts.st_size > PictureDecoder::longestFile)
+        throw PictureError("the file cannot be read");
+    return file;
+}
+
+void sayWhatIsMissing() {
+    static std::once_flag isSaid;
+    std::call_once(isSaid, [] {
+        if (!hasFileWall())
+            DiagnosticsLogger::shared().ui.standard(
+                "This kernel has no Landlock: documents are shown without this computer's fonts");
+    });
+}
 
 } // namespace
 
@@ -33,10 +61,12 @@ Picture PictureDecoder::decode(const PictureRequest& request, const std::stop_to
     throwIfStopped(stop);
     if (program_.isEmpty())
         throw PictureError("the program that decodes pictures is missing");
+    sayWhatIsMissing();
+    const FileHandle file = openFile(request.file);
     ProcessRequest child;
     child.program = program_;
-    child.arguments = {request.file, QString::number(request.maxSide),
-                       QString::number(request.page)};
+    child.arguments = {QString::number(request.maxSide), QString::number(request.page)};
+    child.standardInput = file.get();
     child.limit = limit_;
     child.stop = stop;
     child.outputLimit = longestOutput;

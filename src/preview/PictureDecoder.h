@@ -7,8 +7,9 @@
 
 namespace tessary {
 
-/// Decodes pictures and pages of documents in a child process that has little memory and time and
-/// can do no harm when it fails. Thread-safe and blocking: not for the main thread.
+/// Decodes pictures and pages of documents in a child process that gets the open file and a pipe,
+/// little memory and time, and nothing else of this computer: it can do no harm when a picture has
+/// taken it over. Thread-safe and blocking: not for the main thread.
 class PictureDecoder {
 public:
     static constexpr std::chrono::milliseconds defaultLimit{60'000};
@@ -16,6 +17,8 @@ public:
     /// `program` is the decoding program's path; by default the one that comes with this program.
     explicit PictureDecoder(QString program = installedProgram(),
                             std::chrono::milliseconds limit = defaultLimit);
+
+    static constexpr qint64 longestFile = 400'000'000; ///< bytes
 
     /// PictureError for what cannot be decoded within the limits (PictureTimeoutError for the limit
     /// of time), CancellationError once `stop` asks for it.

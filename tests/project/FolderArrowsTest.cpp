@@ -49,7 +49,7 @@ const std::map<std::string, std::vector<std::string>> arrows = {
     {"sync/manager", {"devices/list", "platform/desktop", "sync/run"}},
     {"browser/listing", {"phone"}},
     {"browser/model", {"adb/protocol", "browser/listing", "devices/files"}},
-    {"preview", {"phone", "platform/process"}},
+    {"preview", {"base/log", "phone", "platform/process", "platform/sandbox"}},
     {"preview/decoding", {"preview"}},
     {"app", {"platform/dnssd", "platform/http", "sync/manager"}},
     {"views/common", {"app", "browser/model"}},

@@ -41,6 +41,9 @@ struct ProcessRequest {
     /// Called on the caller's thread about every `ProcessRunner::tick` while the child runs. What
     /// it throws ends the child and is thrown on.
     std::function<void()> whileRunning;
+    /// An open descriptor of the caller's that becomes the child's standard input; none for an
+    /// empty one. A runner that starts no children may ignore it.
+    std::optional<int> standardInput;
     qint64 outputLimit = qint64{256} << 20; ///< bytes of standard output and error each
 };
 

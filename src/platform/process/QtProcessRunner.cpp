@@ -18,7 +18,7 @@ using Outcome = ProcessResult::Outcome;
 constexpr int startTimeout = 10'000;     // ms
 constexpr int endedChildTimeout = 5'000; // ms; a killed child is gone long before
 
-/// Runs in the child between fork and exec: only calls that are safe there.
+/// Runs in the child between fork and exec, as the next one does: only calls that are safe there.
 void dieWithParent(pid_t parent) {
 #ifdef __linux__
     prctl(PR_SET_PDEATHSIG, SIGKILL);
@@ -27,6 +27,11 @@ void dieWithParent(pid_t parent) {
 #else
     static_cast<void>(parent);
 #endif
+}
+
+void takeStandardInput(int descriptor) {
+    if (dup2(descriptor, STDIN_FILENO) < 0)
+        _exit(1);
 }
 
 /// Why the child has to be ended before it ends by itself.
@@ -88,7 +93,11 @@ ProcessResult QtProcessRunner::follow(const ProcessRequest& request) {
     }
     QProcess process;
     process.setStandardInputFile(QProcess::nullDevice());
-    process.setChildProcessModifier([parent = getpid()] { dieWithParent(parent); });
+    process.setChildProcessModifier([parent = getpid(), input = request.standardInput] {
+        dieWithParent(parent);
+        if (input)
+            takeStandardInput(*input);
+    });
     if (!additional_.isEmpty()) {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(additional_);

@@ -1,35 +1,24 @@
 #include "preview/decoding/PictureReader.h"
 
 #include <QBuffer>
-#include <QFile>
 #include <QImageReader>
 
 #include <algorithm>
-#include <array>
 
 namespace tessary {
 
 namespace {
 
-constexpr qint64 longestFile = 400'000'000; // bytes
 constexpr qint64 maxPixels = 64'000'000;
 constexpr qint64 maxJpegPixels = 256'000'000; // made smaller while it is read
 constexpr int allocationLimit = 300;          // MB
-constexpr std::array<const char*, 5> formats{"jpeg", "png", "webp", "gif", "bmp"};
-
-QByteArray contentOf(const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) || file.isSequential() || file.size() > longestFile)
-        throw PictureError("the file cannot be read");
-    return file.readAll(); // read(n) takes n bytes of memory before it reads
-}
 
 QByteArray formatOf(const QByteArray& bytes) {
     QByteArray copy = bytes;
     QBuffer buffer(&copy);
     buffer.open(QIODevice::ReadOnly);
     const QByteArray found = QImageReader::imageFormat(&buffer);
-    for (const char* format : formats)
+    for (const char* format : pictureFormats)
         if (found == format)
             return found;
     throw PictureError("not a picture of a known kind");
@@ -70,14 +59,13 @@ QSize fitted(const QSize& size, int maxSide) {
     return size.scaled(maxSide, maxSide, Qt::KeepAspectRatio).expandedTo({1, 1});
 }
 
-Picture readPicture(const PictureRequest& request) {
-    const int maxSide = std::clamp(request.maxSide, 1, maxPictureSide);
-    const QByteArray bytes = contentOf(request.file);
+Picture readPicture(const QByteArray& bytes, int maxSide, int page) {
+    const int side = std::clamp(maxSide, 1, maxPictureSide);
     if (bytes.startsWith("%PDF-"))
-        return readPdfPage(bytes, request.page, maxSide);
+        return readPdfPage(bytes, page, side);
     if (isHeic(bytes))
-        return readHeic(bytes, maxSide);
-    return readImage(bytes, maxSide);
+        return readHeic(bytes, side);
+    return readImage(bytes, side);
 }
 
 } // namespace tessary
