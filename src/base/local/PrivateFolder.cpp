@@ -1,0 +1,157 @@
+#include "base/local/PrivateFolder.h"
+
+#include "base/local/LocalError.h"
+#include "base/local/ScratchFolder.h"
+#include "base/local/TreeRemoval.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+#include <cerrno>
+#include <cstring>
+#include <ctime>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <pwd.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+
+namespace tessary {
+
+namespace {
+
+constexpr mode_t forUsAlone = S_IRWXU;
+constexpr std::time_t abandonedAfter = 10 * 60; // s
+
+[[noreturn]] void fail(const QString& path, const QString& reason) {
+    throw Error(LocalError::cannotMakeFolder, {path, reason});
+}
+
+QString reasonOf(int error) {
+    return QString::fromLocal8Bit(std::strerror(error));
+}
+
+/// Whether only this user, or root, can change what is in an open folder.
+bool isSafeParent(int folder) {
+    struct stat facts {};
+    if (fstat(folder, &facts) != 0 || !S_ISDIR(facts.st_mode))
+        return false;
+    return (facts.st_uid == geteuid() || facts.st_uid == 0) &&
+           (facts.st_mode & (S_IWGRP | S_IWOTH)) == 0;
+}
+
+/// A folder in `parent` for this user alone, made when it is missing.
+FileHandle openPrivate(int parent, const QString& name, const QString& path) {
+    const QByteArray diskName = QFile::encodeName(name);
+    if (name.isEmpty() || name.contains(QLatin1Char('/')) || name.startsWith(QLatin1Char('.')))
+        fail(path, QStringLiteral("no name for a folder"));
+    if (mkdirat(parent, diskName.constData(), forUsAlone) != 0 && errno != EEXIST)
+        fail(path, reasonOf(errno));
+    FileHandle folder(
+        openat(parent, diskName.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    struct stat facts {};
+    if (!folder.isOpen() || fstat(folder.get(), &facts) != 0)
+        fail(path, reasonOf(errno));
+    if (facts.st_uid != geteuid())
+        fail(path, QStringLiteral("it belongs to somebody else"));
+    if ((facts.st_mode & (S_IRWXG | S_IRWXO)) != 0 && fchmod(folder.get(), forUsAlone) != 0)
+        fail(path, reasonOf(errno));
+    return folder;
+}
+
+/// The home that the system knows for this user, whatever the environment says.
+QString ownHome() {
+    constexpr std::size_t longest = 16384;
+    std::vector<char> texts(longest);
+    passwd entry{};
+    passwd* found = nullptr;
+    if (getpwuid_r(geteuid(), &entry, texts.data(), texts.size(), &found) != 0 || found == nullptr)
+        return {};
+    return QFile::decodeName(found->pw_dir);
+}
+
+QStringList candidates(PrivateFolder::Place place) {
+    QStringList paths;
+    if (place == PrivateFolder::Place::runtime)
+        paths.append(qEnvironmentVariable("XDG_RUNTIME_DIR"));
+    paths.append(QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation));
+    if (const QString home = ownHome(); !home.isEmpty())
+        paths.append(home + QStringLiteral("/.cache"));
+    paths.removeAll(QString());
+    return paths;
+}
+
+/// The first place that nobody else can tamper with; made when it is missing.
+std::pair<FileHandle, QString> safePlace(PrivateFolder::Place place) {
+    QString refused;
+    for (const QString& path : candidates(place)) {
+        if (!QFileInfo(path).isAbsolute())
+            continue;
+        QDir().mkpath(path);
+        FileHandle opened(
+            ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        if (opened.isOpen() && isSafeParent(opened.get()))
+            return {std::move(opened), QDir::cleanPath(path)};
+        refused = path;
+    }
+    fail(refused, QStringLiteral("it is missing, or others may write there"));
+}
+
+struct CloseFolder {
+    void operator()(DIR* folder) const {
+        ::closedir(folder);
+    }
+};
+
+/// Whether a folder is of no running program, and older than it takes to make one.
+bool isAbandoned(int folder) {
+    struct stat facts {};
+    return fstat(folder, &facts) == 0 && facts.st_uid == geteuid() &&
+           std::time(nullptr) - facts.st_mtime > abandonedAfter &&
+           flock(folder, LOCK_EX | LOCK_NB) == 0;
+}
+
+} // namespace
+
+PrivateFolder::PrivateFolder(Place place, const QString& name) {
+    const QString own = QStringLiteral("tessary");
+    const auto [parent, parentPath] = safePlace(place);
+    const QString path = parentPath + QLatin1Char('/') + own;
+    const FileHandle ours = openPrivate(parent.get(), own, path);
+    path_ = path + QLatin1Char('/') + name;
+    folder_ = openPrivate(ours.get(), name, path_);
+}
+
+PrivateFolder::PrivateFolder(const QString& parent, const QString& name)
+    : path_(QDir::cleanPath(QDir(parent).absoluteFilePath(name))) {
+    const FileHandle opened(
+        ::open(QFile::encodeName(parent).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!opened.isOpen())
+        fail(path_, reasonOf(errno));
+    if (!isSafeParent(opened.get()))
+        fail(path_, QStringLiteral("others may write to the folder that it is in"));
+    folder_ = openPrivate(opened.get(), name, path_);
+}
+
+void PrivateFolder::removeAbandoned() const {
+    const std::unique_ptr<DIR, CloseFolder> entries(
+        fdopendir(openat(folder_.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC)));
+    std::vector<QByteArray> names;
+    while (const dirent* entry = entries ? readdir(entries.get()) : nullptr)
+        if (QByteArray name(entry->d_name); name.startsWith(ScratchFolder::namePrefix))
+            names.push_back(std::move(name));
+    for (const QByteArray& name : names) {
+        const FileHandle folder(openat(folder_.get(), name.constData(),
+                                       O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+        if (folder.isOpen() && isAbandoned(folder.get()))
+            (void)removeTreeAt(folder_.get(), name);
+    }
+}
+
+} // namespace tessary

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "base/local/FileHandle.h"
+
+#include <QString>
+
+namespace tessary {
+
+/// A folder of this program's own outside the folders that the user works in: made for this user
+/// alone (0700), and used only when its open descriptor says that it is a folder and this user's.
+/// Its parent must be such that nobody else can put something in its place. Failures are
+/// Error(LocalError::cannotMakeFolder). Thread-safe: nothing changes once it is open.
+class PrivateFolder {
+public:
+    enum class Place {
+        cache,   ///< $XDG_CACHE_HOME or ~/.cache: may be emptied at any time
+        runtime, ///< $XDG_RUNTIME_DIR, in memory as a rule; the cache where there is none
+    };
+
+    /// "<place>/tessary/<name>". A place that the environment names and that is another user's (a
+    /// program that root runs with a user's environment) is passed over for the one in this user's
+    /// own home.
+    explicit PrivateFolder(Place place, const QString& name);
+    /// "<parent>/<name>", where `parent` is there and is this user's.
+    explicit PrivateFolder(const QString& parent, const QString& name);
+
+    /// Absolute. Good for programs and libraries that take no descriptors.
+    [[nodiscard]] const QString& path() const {
+        return path_;
+    }
+    [[nodiscard]] int descriptor() const {
+        return folder_.get();
+    }
+
+    /// Removes the folders of `ScratchFolder`s whose program ended before it could, once they are
+    /// ten minutes old. Never fails: what cannot be removed stays for the next time.
+    void removeAbandoned() const;
+
+private:
+    FileHandle folder_;
+    QString path_;
+};
+
+} // namespace tessary
