@@ -5,7 +5,7 @@
 #include "devices/list/DeviceSources.h"
 #include "phone/FileAccess.h"
 #include "platform/settings/UserDefaults.h"
-#include "sync/plan/SyncReport.h"
+#include "sync/old/plan/SyncReport.h"
 
 #include <cstdio>
 #include <memory>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "devices/list/AndroidDevices.h"
-#include "sync/plan/SyncPair.h"
+#include "sync/old/plan/SyncPair.h"
 
 #include <QString>
 #include <QStringList>

@@ -8,9 +8,9 @@
 #include "phone/FileAccess.h"
 #include "platform/desktop/HostInfo.h"
 #include "sync/manager/SyncConnection.h"
-#include "sync/plan/SyncHost.h"
-#include "sync/run/DiskSyncFolder.h"
-#include "sync/run/SyncRun.h"
+#include "sync/old/plan/SyncHost.h"
+#include "sync/old/run/DiskSyncFolder.h"
+#include "sync/old/run/SyncRun.h"
 #include "transfer/ErrorAdvice.h"
 
 #include <QDir>

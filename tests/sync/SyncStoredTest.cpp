@@ -19,16 +19,18 @@ QDateTime date(int year, int month, int day, int hour = 0, int minute = 0, int s
 SyncManifest sample() {
     SyncManifest manifest;
     SyncHostEntry& host = manifest.hosts[u"HOST-1"_s];
-    host = {u"Desk"_s, u"ABC"_s, u"/DCIM"_s, u"/home/me"_s, date(2024, 5, 1, 10), {}};
+    host = {u"Desk"_s,  u"ABC"_s, u"device.storage"_s,        u"/DCIM"_s,           u"/home/me"_s,
+            u"RUN-7"_s, 7,        date(2024, 5, 1, 9, 59, 1), date(2024, 5, 1, 10), {}};
     host.files[u"a/b.txt"_s] = {7, date(1969, 12, 31, 23, 59, 59), {}, {}};
     host.files[u"z"_s] = {1LL << 40, date(2107, 12, 31, 23, 59, 58), date(2024, 1, 2),
-                          date(9999, 12, 31)};
+                          date(9999, 12, 31), true};
     return manifest;
 }
 
 constexpr const char* sampleJson = R"({
   "hosts" : {
     "HOST-1" : {
+      "appBundleID" : "device.storage",
       "deviceUDID" : "ABC",
       "files" : {
         "a/b.txt" : {
@@ -36,6 +38,7 @@ constexpr const char* sampleJson = R"({
           "size" : 7
         },
         "z" : {
+          "contentKnown" : true,
           "deviceModifiedDate" : "2024-01-02T00:00:00Z",
           "differingDate" : "9999-12-31T00:00:00Z",
           "modifiedDate" : "2107-12-31T23:59:58Z",
@@ -45,7 +48,10 @@ constexpr const char* sampleJson = R"({
       "lastSynced" : "2024-05-01T10:00:00Z",
       "localFolderPath" : "/home/me",
       "macName" : "Desk",
-      "remoteFolderPath" : "/DCIM"
+      "remoteFolderPath" : "/DCIM",
+      "runID" : "RUN-7",
+      "runNumber" : 7,
+      "startedAt" : "2024-05-01T09:59:01Z"
     }
   },
   "version" : 1
@@ -90,6 +96,20 @@ TEST(SyncManifestTest, textThatIsNoManifestIsNone) {
     for (const auto& [from, to] : replacements)
         EXPECT_FALSE(SyncManifest::decode(QByteArray(whole).replace(from, to))) << to;
     EXPECT_FALSE(SyncManifest::decode(QByteArray(100'000, '[')));
+}
+
+TEST(SyncManifestTest, olderTextWithoutARunIsRead) {
+    QByteArray json(sampleJson);
+    for (const char* field :
+         {"      \"appBundleID\" : \"device.storage\",\n", ",\n      \"runID\" : \"RUN-7\"",
+          ",\n      \"runNumber\" : 7", ",\n      \"startedAt\" : \"2024-05-01T09:59:01Z\""})
+        json.replace(field, "");
+    const auto manifest = SyncManifest::decode(json);
+    ASSERT_TRUE(manifest);
+    const SyncHostEntry& host = manifest->hosts.begin()->second;
+    EXPECT_EQ(host.runID, QString());
+    EXPECT_EQ(host.runNumber, 0);
+    EXPECT_EQ(host.files, sample().hosts.begin()->second.files);
 }
 
 TEST(SyncManifestTest, hostileKeysAndSizesAreLeftOut) {
@@ -153,6 +173,8 @@ TEST(SyncPairTest, pairListSurvivesItsJson) {
     pairs[0].progress.completedBytes = (1LL << 53) + 1;
     pairs[1].status = SyncStatus::syncing(u"Scanning folders…"_s);
     pairs[1].moveFilesEnabled = true;
+    pairs[1].runsWhenPluggedIn = true;
+    pairs[1].patterns = {u"*.tmp"_s};
     const QJsonArray json = encodeSyncPairs(pairs);
     EXPECT_EQ(decodeSyncPairs(json), pairs);
 
@@ -166,7 +188,8 @@ TEST(SyncPairTest, pairListSurvivesItsJson) {
 
 TEST(SyncPairTest, fieldsThatOlderListsLackHaveDefaults) {
     QJsonObject object = onlyPair(encodeSyncPairs({samplePair()}));
-    for (const char* key : {"deleteSyncEnabled", "moveFilesEnabled", "status", "progress"})
+    for (const char* key : {"deleteSyncEnabled", "moveFilesEnabled", "runsWhenPluggedIn",
+                            "patterns", "status", "progress"})
         object.remove(QString::fromLatin1(key));
     const auto pairs = decodeSyncPairs(QJsonArray{object});
     ASSERT_TRUE(pairs);

@@ -3,8 +3,8 @@
 #include "ios/AFCClient.h"
 #include "ios/LockdownSession.h"
 #include "phone/BusyPhones.h"
-#include "sync/run/AndroidSyncBackend.h"
-#include "sync/run/IPhoneSyncBackend.h"
+#include "sync/old/run/AndroidSyncBackend.h"
+#include "sync/old/run/IPhoneSyncBackend.h"
 
 namespace tessary {
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "phone/records/DeviceInfo.h"
-#include "sync/plan/SyncPair.h"
-#include "sync/run/SyncDeviceBackend.h"
+#include "sync/old/plan/SyncPair.h"
+#include "sync/old/run/SyncDeviceBackend.h"
 
 #include <functional>
 #include <memory>

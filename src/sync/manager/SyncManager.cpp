@@ -5,9 +5,9 @@
 #include "base/values/TessaryError.h"
 #include "devices/list/DeviceManager.h"
 #include "platform/desktop/HostInfo.h"
-#include "sync/plan/SyncHost.h"
-#include "sync/run/DiskSyncFolder.h"
-#include "sync/run/SyncRun.h"
+#include "sync/old/plan/SyncHost.h"
+#include "sync/old/run/DiskSyncFolder.h"
+#include "sync/old/run/SyncRun.h"
 #include "transfer/ErrorAdvice.h"
 
 #include <QJsonObject>

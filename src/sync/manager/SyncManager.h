@@ -4,8 +4,8 @@
 #include "phone/records/DeviceInfo.h"
 #include "platform/settings/UserDefaults.h"
 #include "sync/manager/SyncConnection.h"
-#include "sync/plan/SyncPair.h"
-#include "sync/plan/SyncReport.h"
+#include "sync/old/plan/SyncPair.h"
+#include "sync/old/plan/SyncReport.h"
 
 #include <QObject>
 #include <QPointer>

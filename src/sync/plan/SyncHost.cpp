@@ -1,14 +1,31 @@
 #include "sync/plan/SyncHost.h"
 
+#include <QDir>
+#include <QSysInfo>
 #include <QUuid>
 
 namespace tessary {
+
+namespace {
+
+/// Any one; every version of the program has it.
+constexpr QUuid hostNames(0x6c1fd2a1, 0x2f60, 0x4d4e, 0x9b, 0x4a, 0x30, 0x7c, 0x6f, 0x2e, 0x91,
+                          0x58);
+
+QUuid newHostID() {
+    const QByteArray machine = QSysInfo::machineUniqueId();
+    return machine.isEmpty()
+               ? QUuid::createUuid()
+               : QUuid::createUuidV5(hostNames, machine + '\n' + QDir::homePath().toUtf8());
+}
+
+} // namespace
 
 QString syncHostID(UserDefaults& defaults) {
     const QString key = QStringLiteral("Tessary_MacHostID");
     QString id = defaults.value(key).toString();
     if (QUuid::fromString(id).isNull()) {
-        id = QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
+        id = newHostID().toString(QUuid::WithoutBraces).toUpper();
         defaults.setValue(key, id);
     }
     return id;

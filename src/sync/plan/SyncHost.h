@@ -7,7 +7,8 @@
 namespace tessary {
 
 /// This computer's identifier in manifests: a UUID in upper case under "Tessary_MacHostID" of the
-/// settings, made on first use.
+/// settings. Made on first use, of the machine and the user: where settings cannot be stored it is
+/// the same one again.
 [[nodiscard]] QString syncHostID(UserDefaults& defaults);
 
 } // namespace tessary

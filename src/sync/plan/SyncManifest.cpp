@@ -106,6 +106,8 @@ void appendFile(QByteArray& out, const QString& path, const SyncFileEntry& entry
     out.append("        ");
     appendText(out, path);
     out.append(" : {\n");
+    if (entry.isContentKnown)
+        out.append(indent).append("\"contentKnown\" : true,\n");
     if (entry.deviceModifiedDate)
         date("deviceModifiedDate", *entry.deviceModifiedDate);
     if (entry.differingDate)
@@ -120,6 +122,7 @@ void appendHost(QByteArray& out, const QString& id, const SyncHostEntry& host) {
     out.append("    ");
     appendText(out, id);
     out.append(" : {\n");
+    appendField(out, indent, "appBundleID", host.appBundleID);
     appendField(out, indent, "deviceUDID", host.deviceUDID);
     out.append(indent).append("\"files\" : {");
     bool isFirst = true;
@@ -134,8 +137,11 @@ void appendHost(QByteArray& out, const QString& id, const SyncHostEntry& host) {
     out.append(",\n");
     appendField(out, indent, "localFolderPath", host.localFolderPath);
     appendField(out, indent, "macName", host.macName);
-    out.append(indent).append("\"remoteFolderPath\" : ");
-    appendText(out, host.remoteFolderPath);
+    appendField(out, indent, "remoteFolderPath", host.remoteFolderPath);
+    appendField(out, indent, "runID", host.runID);
+    out.append(indent).append("\"runNumber\" : ").append(QByteArray::number(host.runNumber));
+    out.append(",\n").append(indent).append("\"startedAt\" : ");
+    appendDate(out, host.startedAt);
     out.append("\n    }");
 }
 
@@ -190,6 +196,7 @@ SyncFileEntry fileOf(const QJsonValue& value) {
         entry.deviceModifiedDate = dateOf(date);
     if (const QJsonValue date = object.value(View("differingDate")); date.isString())
         entry.differingDate = dateOf(date);
+    entry.isContentKnown = object.value(View("contentKnown")).toBool();
     return entry;
 }
 
@@ -201,6 +208,10 @@ SyncHostEntry hostOf(const QJsonValue& value) {
     host.remoteFolderPath = textOf(object.value(View("remoteFolderPath")));
     host.localFolderPath = textOf(object.value(View("localFolderPath")));
     host.lastSynced = dateOf(object.value(View("lastSynced")));
+    host.appBundleID = object.value(View("appBundleID")).toString();
+    host.runID = object.value(View("runID")).toString();
+    host.runNumber = std::max<qint64>(0, object.value(View("runNumber")).toInteger());
+    host.startedAt = host.runID.isEmpty() ? syncDate({}) : dateOf(object.value(View("startedAt")));
     const QJsonValue files = object.value(View("files"));
     if (!files.isObject())
         throw BadValue{};

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "sync/plan/SyncTree.h"
+
 #include <QByteArray>
 #include <QDateTime>
 #include <QString>
@@ -9,58 +11,69 @@
 
 namespace tessary {
 
-/// What is known of one file. Dates are UTC, see syncDate().
+/// What is known of one file that was in sync. Dates are UTC, see syncDate().
 struct SyncFileEntry {
     qint64 size = 0; ///< bytes
     QDateTime modifiedDate;
-    /// In a manifest: the date that the device listed, where it is another one.
+    /// The date that the device listed, where it is another one.
     std::optional<QDateTime> deviceModifiedDate;
-    /// In a manifest: the date of a side whose changed file was left alone because its content
-    /// differs. While it has that date its content need not be looked at again.
+    /// The date of a side whose changed file was left alone because its content differs. While it
+    /// has that date its content need not be looked at again.
     std::optional<QDateTime> differingDate;
+    /// The whole content was seen to be the same on both sides: this program copied or compared it.
+    bool isContentKnown = false;
+
+    /// The date that the device has by it.
+    [[nodiscard]] const QDateTime& deviceDate() const {
+        return deviceModifiedDate ? *deviceModifiedDate : modifiedDate;
+    }
 
     bool operator==(const SyncFileEntry&) const = default;
 };
 
-/// Files by relative path: components joined by "/", none in front.
+/// Files by relative path.
 using SyncFiles = std::map<QString, SyncFileEntry>;
-
-/// A date as the sync compares and stores it: UTC, in the years 1 to 9999; none is 1970.
-[[nodiscard]] QDateTime syncDate(const std::optional<QDateTime>& date);
 
 /// Whether a key may be a relative path: no empty component, no "." or "..", no NUL, and not the
 /// manifest itself.
 [[nodiscard]] bool isSyncPath(const QString& path);
 
-/// The state of one pair as one computer last left it.
+/// The state of one pair as one run left it.
 struct SyncHostEntry {
     QString macName;
     QString deviceUDID;
+    QString appBundleID; ///< of the app, or SyncPair::deviceStorage
     QString remoteFolderPath;
     QString localFolderPath;
-    QDateTime lastSynced;
-    SyncFiles files; ///< every file that was in sync
+    QString runID;        ///< of the run that wrote it; no two runs share one
+    qint64 runNumber = 0; ///< the higher, the newer
+    QDateTime startedAt;  ///< when that run began
+    QDateTime lastSynced; ///< and when it ended
+    SyncFiles files;      ///< every file that was in sync
 
     bool operator==(const SyncHostEntry&) const = default;
 };
 
-/// The file ".tessary.sync" at the root of both folders of a pair: one entry for each computer.
+/// The file ".tessary.sync" at the root of both folders of a pair: one entry a pair.
 struct SyncManifest {
     static constexpr QLatin1StringView fileName{".tessary.sync"};
     /// A longer text is no manifest.
     static constexpr qint64 maxBytes = 512LL * 1024 * 1024;
 
     qint64 version = 1;
-    std::map<QString, SyncHostEntry> hosts; ///< by host identifier
+    std::map<QString, SyncHostEntry> hosts; ///< by the key of a pair, see syncRecordKey()
 
     /// Pretty-printed JSON with sorted keys and whole seconds in UTC:
     ///
-    ///     {"hosts": {"<id>": {"deviceUDID": …, "files": {"<path>": {"deviceModifiedDate"?: …,
-    ///      "differingDate"?: …, "modifiedDate": "2024-05-01T10:00:00Z", "size": 1}},
-    ///      "lastSynced": …, "localFolderPath": …, "macName": …, "remoteFolderPath": …}},
-    ///      "version": 1}
+    ///     {"hosts": {"<key>": {"appBundleID": …, "deviceUDID": …,
+    ///      "files": {"<path>": {"contentKnown"?: true, "deviceModifiedDate"?: …,
+    ///                           "differingDate"?: …, "modifiedDate": "2024-05-01T10:00:00Z",
+    ///                           "size": 1}},
+    ///      "lastSynced": …, "localFolderPath": …, "macName": …, "remoteFolderPath": …,
+    ///      "runID": …, "runNumber": 1, "startedAt": …}}, "version": 1}
     [[nodiscard]] QByteArray encode() const;
-    /// The reverse. No value when the text is no such document or lacks a field. Files under keys
+    /// The reverse. No value when the text is no such document or lacks a field; the fields of a
+    /// run, which older ones do not have, stay empty. Files under keys
     /// that are no relative path, or of a negative size, are left out.
     [[nodiscard]] static std::optional<SyncManifest> decode(const QByteArray& json);
 

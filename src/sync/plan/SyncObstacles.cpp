@@ -1,16 +1,51 @@
 #include "sync/plan/SyncObstacles.h"
 
+#include "base/local/LocalError.h"
+#include "phone/PhoneError.h"
+#include "sync/plan/SyncError.h"
+
 #include <algorithm>
 #include <cstdint>
+#include <vector>
 
 namespace tessary {
 
 namespace {
 
-/// A path as a side compares it.
-QString folded(const QString& path, const SyncNameRules& rules) {
-    QString result = rules.ignoresCase ? path.toCaseFolded() : path;
-    return rules.ignoresUnicodeForm ? result.normalized(QString::NormalizationForm_C) : result;
+using Reason = std::shared_ptr<const Error>;
+
+/// Whether an error says that a name itself is what cannot be used: it is no other file's then.
+bool isAboutItsName(const Error& error) {
+    return error.is(PhoneError::nameNotAllowed) || error.is(LocalError::nameNotUsable) ||
+           error.is(LocalError::link);
+}
+
+/// The folders that hold an entry of which not even the name is certain: a file that seems to be
+/// gone from there may be it.
+std::set<QString> gaps(const SyncTree& side, const SyncTree& other, const SyncFiles& record) {
+    std::set<QString> folders;
+    for (const auto& [path, error] : side.unknown) {
+        const bool isNamed = isAboutItsName(error) || side.folders.contains(path) ||
+                             record.contains(path) || other.files.contains(path) ||
+                             other.folders.contains(path);
+        if (!isNamed)
+            folders.insert(path.left(std::max<qsizetype>(0, path.lastIndexOf(u'/'))));
+    }
+    return folders;
+}
+
+/// Whether a path, or a folder above it, is missing from a folder with a gap.
+bool mayBeInGap(const QString& path, const std::set<QString>& gaps, const SyncTree& side) {
+    if (gaps.empty())
+        return false;
+    for (qsizetype end = path.indexOf(u'/');; end = path.indexOf(u'/', end + 1)) {
+        const QString name = end < 0 ? path : path.left(end);
+        const QString folder = name.left(std::max<qsizetype>(0, name.lastIndexOf(u'/')));
+        if (gaps.contains(folder) && !side.files.contains(name) && !side.folders.contains(name))
+            return true;
+        if (end < 0)
+            return false;
+    }
 }
 
 std::uint64_t mix(std::uint64_t hash, char16_t unit) {
@@ -19,7 +54,7 @@ std::uint64_t mix(std::uint64_t hash, char16_t unit) {
 }
 
 /// A hash of the folded path, that plain names need no second string for.
-std::uint64_t foldedHash(const QString& path, const SyncNameRules& rules) {
+std::uint64_t foldedHash(const QString& path, const NameRules& rules) {
     constexpr char16_t firstBeyondAscii = 0x80;
     constexpr char16_t caseBit = 0x20;
     std::uint64_t hash = 0xCBF29CE484222325;
@@ -27,7 +62,7 @@ std::uint64_t foldedHash(const QString& path, const SyncNameRules& rules) {
         char16_t code = unit.unicode();
         if (code >= firstBeyondAscii) {
             hash = 0xCBF29CE484222325;
-            for (const QChar other : folded(path, rules))
+            for (const QChar other : rules.key(path))
                 hash = mix(hash, other.unicode());
             return hash;
         }
@@ -43,12 +78,12 @@ struct Spelling {
     const QString* path;
 };
 
-bool holds(const SyncScan& scan, const QString& path) {
+bool holds(const SyncTree& scan, const QString& path) {
     return scan.files.contains(path) || scan.folders.contains(path);
 }
 
 void addClashes(QSet<QString>& clashes, const std::vector<const QString*>& paths,
-                const SyncNameRules& rules, const SyncScan& side) {
+                const NameRules& rules, const SyncTree& side) {
     if (!rules.ignoresCase && !rules.ignoresUnicodeForm)
         return;
     std::vector<Spelling> spellings;
@@ -87,41 +122,48 @@ typename Container::const_iterator SyncObstacles::Follower<Container>::find(cons
     return at_ != end_ && keyOf(*at_) == path ? at_ : end_;
 }
 
-SyncObstacles::SyncObstacles(const SyncScan& local, const SyncScan& device)
+SyncObstacles::SyncObstacles(const SyncTree& local, const SyncTree& device, const SyncFiles& record)
     : local_(local),
       device_(device),
       localFolders_(local.folders),
       deviceFolders_(device.folders),
-      localUnusable_(local.unusable),
-      deviceUnusable_(device.unusable) {}
+      localUnknown_(local.unknown),
+      deviceUnknown_(device.unknown),
+      localGaps_(gaps(local, device, record)),
+      deviceGaps_(gaps(device, local, record)) {}
 
-QString SyncObstacles::reasonFor(const QString& path, bool isLocalFile, bool isDeviceFile) {
-    for (auto* unusable : {&localUnusable_, &deviceUnusable_})
-        if (const auto it = unusable->find(path); !unusable->isEnd(it))
-            return it->second;
+Reason SyncObstacles::reasonFor(const QString& path, bool isLocalFile, bool isDeviceFile,
+                                bool isRecorded) {
+    for (auto* unknown : {&localUnknown_, &deviceUnknown_})
+        if (const auto it = unknown->find(path); !unknown->isEnd(it))
+            return std::make_shared<const Error>(it->second);
     const bool localFolder = !localFolders_.isEnd(localFolders_.find(path));
     const bool deviceFolder = !deviceFolders_.isEnd(deviceFolders_.find(path));
     if ((isLocalFile && deviceFolder) || (isDeviceFile && localFolder))
-        return QStringLiteral("it is a file on one side and a folder on the other");
+        return std::make_shared<const Error>(SyncError::kindsDiffer, QVariantList{path});
+    if (isRecorded && ((!isLocalFile && mayBeInGap(path, localGaps_, local_)) ||
+                       (!isDeviceFile && mayBeInGap(path, deviceGaps_, device_))))
+        return std::make_shared<const Error>(SyncError::notListed, QVariantList{path});
     const QStringView folder =
         QStringView(path).left(std::max<qsizetype>(0, path.lastIndexOf(u'/')));
-    if (folder != folder_) {
+    if (!isFolderKnown_ || folder != folder_) {
+        isFolderKnown_ = true;
         folder_ = folder.toString();
         folderReason_ = reasonAbove(folder);
     }
     return folderReason_;
 }
 
-QString SyncObstacles::reasonAbove(QStringView folder) const {
+Reason SyncObstacles::reasonAbove(QStringView folder) const {
     for (qsizetype end = folder.indexOf(u'/'); !folder.isEmpty();
          end = folder.indexOf(u'/', end + 1)) {
         const QString above = (end < 0 ? folder : folder.left(end)).toString();
-        for (const SyncScan* side : {&local_, &device_}) {
-            if (const auto it = side->unusable.find(above); it != side->unusable.end())
-                return QStringLiteral("in %1: %2").arg(above, it->second);
+        for (const SyncTree* side : {&local_, &device_}) {
+            if (const auto it = side->unknown.find(above); it != side->unknown.end())
+                return std::make_shared<const Error>(SyncError::aboveUnknown, QVariantList{above},
+                                                     it->second);
             if (side->files.contains(above))
-                return QStringLiteral("%1 is a file on one side and a folder on the other")
-                    .arg(above);
+                return std::make_shared<const Error>(SyncError::kindsDiffer, QVariantList{above});
         }
         if (end < 0)
             break;
@@ -129,11 +171,11 @@ QString SyncObstacles::reasonAbove(QStringView folder) const {
     return {};
 }
 
-QSet<QString> clashingPaths(const SyncScan& local, const SyncScan& device,
-                            const SyncNameRules& localNames, const SyncNameRules& deviceNames) {
+QSet<QString> clashingPaths(const SyncTree& local, const SyncTree& device,
+                            const NameRules& localNames, const NameRules& deviceNames) {
     QSet<QString> clashes;
     std::vector<const QString*> paths;
-    for (const SyncScan* side : {&local, &device}) {
+    for (const SyncTree* side : {&local, &device}) {
         for (const auto& [path, entry] : side->files)
             paths.push_back(&path);
         for (const QString& folder : side->folders)

@@ -1,11 +1,14 @@
 #pragma once
 
-#include "sync/plan/SyncScan.h"
+#include "phone/NameRules.h"
+#include "sync/plan/SyncManifest.h"
+#include "sync/plan/SyncTree.h"
 
 #include <QSet>
 #include <QString>
 
-#include <vector>
+#include <memory>
+#include <set>
 
 namespace tessary {
 
@@ -13,10 +16,11 @@ namespace tessary {
 /// path in ascending order.
 class SyncObstacles {
 public:
-    SyncObstacles(const SyncScan& local, const SyncScan& device);
+    SyncObstacles(const SyncTree& local, const SyncTree& device, const SyncFiles& record);
 
-    /// Why nothing can be done with a path; empty when nothing is in its way.
-    [[nodiscard]] QString reasonFor(const QString& path, bool isLocalFile, bool isDeviceFile);
+    /// Why nothing may be done with a path; null when nothing is in its way.
+    [[nodiscard]] std::shared_ptr<const Error> reasonFor(const QString& path, bool isLocalFile,
+                                                         bool isDeviceFile, bool isRecorded);
 
 private:
     /// Walks a sorted container beside ascending questions.
@@ -35,23 +39,27 @@ private:
         const typename Container::const_iterator end_;
     };
 
-    [[nodiscard]] QString reasonAbove(QStringView folder) const;
+    [[nodiscard]] std::shared_ptr<const Error> reasonAbove(QStringView folder) const;
 
-    const SyncScan& local_;
-    const SyncScan& device_;
+    const SyncTree& local_;
+    const SyncTree& device_;
     Follower<std::set<QString>> localFolders_;
     Follower<std::set<QString>> deviceFolders_;
-    Follower<std::map<QString, QString>> localUnusable_;
-    Follower<std::map<QString, QString>> deviceUnusable_;
-    QString folder_;       ///< that was asked about last
-    QString folderReason_; ///< for everything in it
+    Follower<std::map<QString, Error>> localUnknown_;
+    Follower<std::map<QString, Error>> deviceUnknown_;
+    /// Folders in which something could not be read whose name may be any.
+    std::set<QString> localGaps_;
+    std::set<QString> deviceGaps_;
+    QString folder_; ///< that was asked about last
+    bool isFolderKnown_ = false;
+    std::shared_ptr<const Error> folderReason_; ///< for everything in it
 };
 
 /// The files and folders of both sides whose names a side takes for one though they differ, because
 /// it ignores case or Unicode form. Names that such a side holds next to each other do not clash.
-[[nodiscard]] QSet<QString> clashingPaths(const SyncScan& local, const SyncScan& device,
-                                          const SyncNameRules& localNames,
-                                          const SyncNameRules& deviceNames);
+[[nodiscard]] QSet<QString> clashingPaths(const SyncTree& local, const SyncTree& device,
+                                          const NameRules& localNames,
+                                          const NameRules& deviceNames);
 
 /// Whether a path, or a folder above it, is in the set.
 [[nodiscard]] bool isUnderAny(const QString& path, const QSet<QString>& set);

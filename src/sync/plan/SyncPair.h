@@ -1,8 +1,11 @@
 #pragma once
 
+#include "sync/plan/SyncPatterns.h"
+
 #include <QDateTime>
 #include <QJsonArray>
 #include <QString>
+#include <QStringList>
 #include <QUuid>
 
 #include <array>
@@ -81,7 +84,9 @@ struct SyncPair {
     SyncMode syncMode = SyncMode::biDirectional;
     bool deleteSyncEnabled = true;
     bool moveFilesEnabled = false;
-    std::optional<QDateTime> lastSyncedAt; ///< end of the last run that went well
+    bool runsWhenPluggedIn = false;                  ///< by itself, whenever its phone comes
+    QStringList patterns = SyncPatterns::defaults(); ///< what is left out, see SyncPatterns
+    std::optional<QDateTime> lastSyncedAt;           ///< end of the last run that went well
     SyncStatus status;
     SyncProgress progress;
 
@@ -104,7 +109,7 @@ struct DeletionCandidate {
     QString relativePath;
     DeletionLocation targetLocation = DeletionLocation::localMac;
     qint64 size = 0;                    ///< bytes
-    bool isEditedSinceLastSync = false; ///< its date is not the recorded one
+    bool isEditedSinceLastSync = false; ///< its date is a little off the recorded one
 };
 
 [[nodiscard]] QString rawValue(DeletionCandidate::DeletionLocation location);

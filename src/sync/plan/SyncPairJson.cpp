@@ -118,6 +118,8 @@ QJsonObject pairJson(const SyncPair& pair) {
         {View("syncMode"), rawValue(pair.syncMode)},
         {View("deleteSyncEnabled"), pair.deleteSyncEnabled},
         {View("moveFilesEnabled"), pair.moveFilesEnabled},
+        {View("runsWhenPluggedIn"), pair.runsWhenPluggedIn},
+        {View("patterns"), QJsonArray::fromStringList(pair.patterns)},
         {View("status"), statusJson(pair.status)},
         {View("progress"), progressJson(pair.progress)},
     };
@@ -143,6 +145,13 @@ SyncPair pairOf(const QJsonObject& object) {
         pair.deleteSyncEnabled = value->toBool();
     if (const auto value = optionalOf(object, View("moveFilesEnabled"), QJsonValue::Bool))
         pair.moveFilesEnabled = value->toBool();
+    if (const auto value = optionalOf(object, View("runsWhenPluggedIn"), QJsonValue::Bool))
+        pair.runsWhenPluggedIn = value->toBool();
+    if (const auto value = optionalOf(object, View("patterns"), QJsonValue::Array)) {
+        pair.patterns.clear();
+        for (const QJsonValue& line : value->toArray())
+            pair.patterns.append(line.toString());
+    }
     if (const auto value = optionalOf(object, View("lastSyncedAt"), QJsonValue::Double)) {
         constexpr double farthest = 1e12; // seconds; beyond any calendar
         const double seconds = value->toDouble();

@@ -2,14 +2,23 @@
 
 #include "sync/plan/SyncManifest.h"
 #include "sync/plan/SyncPair.h"
+#include "sync/plan/SyncTree.h"
 
+#include <QHash>
+#include <QSet>
 #include <QString>
 
+#include <map>
+#include <memory>
+#include <optional>
 #include <vector>
 
 namespace tessary {
 
-/// What a run is to do with one path. Points into the scans and the record that it was made from.
+/// Why something is not done: see SyncError, PhoneError and LocalError.
+using SyncReason = std::shared_ptr<const Error>;
+
+/// What a run is to do with one path. Points into the trees and the record that it was made from.
 struct SyncPlannedAction {
     enum class Kind {
         upload,
@@ -17,27 +26,37 @@ struct SyncPlannedAction {
         moveDeleteSourceOnly,       ///< the device has the same already: delete the local file
         moveDeleteRemoteSourceOnly, ///< the reverse
         alreadyInSync,
-        conflict,     ///< compare whole; when they differ keep both, the newer under the name
+        conflict,     ///< compare whole; when they differ both are kept
         deleteLocal,  ///< confirmed
         deleteRemote, ///< confirmed
         leave,        ///< the mode does not let the change flow; the record stays
-        skip,         ///< cannot be synced, see `detail`; the record stays
+        skip,         ///< cannot be synced, see `reason`; the record stays
     };
 
     Kind kind = Kind::skip;
-    bool deletesSource = false; ///< of a transfer: it is a move
-    bool isVouched = false;     ///< of a move's deletion: the record proves both sides equal
-    bool deviceWins = false;    ///< of a conflict
+    bool deletesSource = false; ///< of a transfer or conflict: it is a move
+    /// Of what is in sync, and of a move's deletion: the contents are known to be the same.
+    bool isContentKnown = false;
+    bool deviceWins = false; ///< of a conflict: the device's version keeps the name
+    /// Of a conflict in two-way mode: a version without a record that is the beginning of the other
+    /// one broke off on its way and loses, whatever its date.
+    bool prefixLoses = false;
     bool knownToDiffer = false; ///< of `leave`: the contents were compared
     QString relativePath;
-    QString detail; ///< of a conflict the name of the loser's copy, of `skip` the reason
-    const SyncFileEntry* local = nullptr;  ///< null: not there
-    const SyncFileEntry* device = nullptr; ///< null: not there
+    QString conflictName;                  ///< of a conflict: the loser's copy
+    SyncReason reason;                     ///< of `skip`
+    const SyncFile* local = nullptr;       ///< null: not there
+    const SyncFile* device = nullptr;      ///< null: not there
     const SyncFileEntry* record = nullptr; ///< null: none
 
     /// Whether a run does something for it.
     [[nodiscard]] bool isWork() const {
         return kind != Kind::alreadyInSync && kind != Kind::leave && kind != Kind::skip;
+    }
+    /// Whether a transfer takes the place of another file.
+    [[nodiscard]] bool replaces() const {
+        return (kind == Kind::upload && device != nullptr) ||
+               (kind == Kind::download && local != nullptr);
     }
     /// Bytes that it moves at least.
     [[nodiscard]] qint64 bytes() const;
@@ -48,6 +67,25 @@ struct SyncPlan {
     std::vector<SyncPlannedAction> actions;
     qint64 totalFiles = 0; ///< actions that are work
     qint64 totalBytes = 0;
+};
+
+/// Two files of one size whose contents have to be compared whole before anything is decided.
+enum class SyncComparison {
+    equal,
+    differing,
+    unreadable, ///< left as they are
+};
+
+/// What came of the comparisons that a planner asked for; a path that is missing is unreadable.
+using SyncComparisons = std::map<QString, SyncComparison>;
+
+/// What a user makes of one conflict.
+enum class ConflictChoice { keepBoth, keepLocal, keepDevice, leave };
+
+/// What a user has decided for a run.
+struct SyncDecisions {
+    QSet<QString> deletions;                  ///< paths that may be deleted; no other one is
+    QHash<QString, ConflictChoice> conflicts; ///< every other one is ConflictChoice::keepBoth
 };
 
 } // namespace tessary

@@ -1,6 +1,10 @@
 #include "sync/plan/SyncPlanner.h"
 
+#include "base/local/LocalError.h"
 #include "base/text/ByteCount.h"
+#include "phone/PhoneError.h"
+#include "sync/plan/SyncDates.h"
+#include "sync/plan/SyncError.h"
 #include "sync/plan/SyncObstacles.h"
 
 #include <algorithm>
@@ -9,7 +13,9 @@ namespace tessary {
 
 namespace {
 
+using namespace std::chrono_literals;
 using Location = DeletionCandidate::DeletionLocation;
+using FileMap = std::map<QString, SyncFile>;
 
 /// Fewer deletions than this never look like a mistake by their number.
 constexpr std::size_t fewDeletions = 20;
@@ -17,22 +23,28 @@ constexpr std::size_t fewDeletions = 20;
 /// File systems and phones hold no longer names, in bytes of UTF-8 and in UTF-16 units.
 constexpr qsizetype longestName = 240;
 
-bool isUnchanged(const SyncFileEntry& file, const SyncFileEntry& record, const QDateTime& date) {
-    return file.size == record.size && SyncPlanner::isSameDate(file.modifiedDate, date);
+/// Dates within this time are one.
+constexpr std::chrono::milliseconds dateTolerance = 2s;
+
+const SyncRecord& orNone(const SyncRecord* record) {
+    static const SyncRecord none;
+    return record != nullptr ? *record : none;
 }
 
-bool isLocalUnchanged(const SyncFileEntry& file, const SyncFileEntry& record) {
-    return isUnchanged(file, record, record.modifiedDate);
+qint64 seconds(const QDateTime& date) {
+    constexpr qint64 second = 1000;
+    const qint64 msecs = date.toMSecsSinceEpoch();
+    return (msecs - (msecs < 0 ? second - 1 : 0)) / second;
 }
 
-bool isDeviceUnchanged(const SyncFileEntry& file, const SyncFileEntry& record) {
-    return isUnchanged(file, record, record.deviceModifiedDate.value_or(record.modifiedDate));
+SyncReason reason(SyncError error, const QString& path) {
+    return std::make_shared<const Error>(error, QVariantList{path});
 }
 
 /// Calls `visit(path, local, device, record)` for each path of the three, in ascending order; what
 /// does not have the path is null.
 template <typename Visit>
-void forEachPath(const SyncFiles& local, const SyncFiles& device, const SyncFiles& record,
+void forEachPath(const FileMap& local, const FileMap& device, const SyncFiles& record,
                  Visit visit) {
     auto l = local.begin();
     auto d = device.begin();
@@ -45,13 +57,12 @@ void forEachPath(const SyncFiles& local, const SyncFiles& device, const SyncFile
             path = &d->first;
         if (r != record.end() && (path == nullptr || r->first < *path))
             path = &r->first;
-        const auto take = [path](auto& it, const SyncFiles& files) -> const SyncFileEntry* {
-            if (it == files.end() || (&it->first != path && it->first != *path))
-                return nullptr;
-            return &(it++)->second;
+        const auto take = [path](auto& it, const auto& files) {
+            const bool isThere = it != files.end() && (&it->first == path || it->first == *path);
+            return isThere ? &(it++)->second : nullptr;
         };
-        const SyncFileEntry* inLocal = take(l, local);
-        const SyncFileEntry* inDevice = take(d, device);
+        const SyncFile* inLocal = take(l, local);
+        const SyncFile* inDevice = take(d, device);
         const SyncFileEntry* inRecord = take(r, record);
         visit(*path, inLocal, inDevice, inRecord);
     }
@@ -66,20 +77,20 @@ qint64 SyncPlannedAction::bytes() const {
 }
 
 bool SyncPlanner::isSameDate(const QDateTime& a, const QDateTime& b) {
-    constexpr qint64 tolerance = 2000; // milliseconds
-    return std::abs(a.toMSecsSinceEpoch() - b.toMSecsSinceEpoch()) <= tolerance;
+    return std::chrono::milliseconds(std::abs(a.msecsTo(b))) <= dateTolerance;
 }
 
 SyncPlanner::SyncPlanner(const SyncPlanInput& input) : input_(input) {
-    static const SyncFiles noRecord;
-    const SyncFiles& record = input.record != nullptr ? *input.record : noRecord;
-    SyncObstacles obstacles(input.local, input.device);
+    const SyncRecord& record = orNone(input.record);
+    localShift_ = dateShift(input.local, record.files, false);
+    deviceShift_ = dateShift(input.device, record.files, true);
+    SyncObstacles obstacles(input.local, input.device, record.files);
     const QSet<QString> clashes =
         clashingPaths(input.local, input.device, input.localNames, input.deviceNames);
     // More than there are paths: what is not used takes no memory.
     actions_.reserve(input.local.files.size() + input.device.files.size());
-    forEachPath(input.local.files, input.device.files, record,
-                [&](const QString& path, const SyncFileEntry* local, const SyncFileEntry* device,
+    forEachPath(input.local.files, input.device.files, record.files,
+                [&](const QString& path, const SyncFile* local, const SyncFile* device,
                     const SyncFileEntry* known) {
                     SyncPlannedAction action;
                     action.relativePath = path;
@@ -87,27 +98,74 @@ SyncPlanner::SyncPlanner(const SyncPlanInput& input) : input_(input) {
                     action.device = device;
                     action.record = known;
                     Pending pending = Pending::nothing;
-                    QString reason = obstacles.reasonFor(path, local != nullptr, device != nullptr);
-                    if (reason.isEmpty() && (local != nullptr || device != nullptr)) {
+                    SyncReason obstacle = obstacles.reasonFor(path, local != nullptr,
+                                                              device != nullptr, known != nullptr);
+                    if (!obstacle && (local != nullptr || device != nullptr)) {
                         pending = decide(action);
                         const bool acts = action.isWork() || pending != Pending::nothing;
                         if (acts && isUnderAny(path, clashes))
-                            reason = QStringLiteral("another name differs from it only in case or "
-                                                    "in the form of its letters");
+                            obstacle = reason(SyncError::sameNames, path);
                         else if (acts)
-                            reason = nameRefusal(action);
+                            obstacle = nameRefusal(action);
                     }
-                    if (!reason.isEmpty()) {
+                    if (obstacle) {
                         action.kind = Kind::skip;
-                        action.detail = std::move(reason);
+                        action.reason = std::move(obstacle);
                         pending = Pending::nothing;
                     }
-                    if (action.kind == Kind::skip && action.detail.isEmpty() &&
-                        pending == Pending::nothing)
+                    if (action.kind == Kind::skip && !action.reason && pending == Pending::nothing)
                         return;
                     actions_.push_back(std::move(action));
                     pending_.push_back(pending);
                 });
+    decideResemblances();
+}
+
+/// Files that look the same and were never synced are compared whole, unless that takes too long.
+/// A move deletes one of them: it always compares.
+void SyncPlanner::decideResemblances() {
+    qint64 bytes = 0;
+    for (std::size_t n = 0; n < actions_.size(); ++n)
+        if (pending_[n] == Pending::resemblance)
+            bytes = addByteCounts(bytes, actions_[n].device->size);
+    const bool compares = isMove() || bytes <= bytesComparedAtFirst;
+    for (std::size_t n = 0; n < actions_.size(); ++n) {
+        if (pending_[n] != Pending::resemblance)
+            continue;
+        pending_[n] = compares ? Pending::comparison : Pending::nothing;
+        if (!compares)
+            settleEqual(actions_[n], false);
+    }
+}
+
+SyncPlanner::Change SyncPlanner::change(const SyncFile& file, qint64 recordedSize,
+                                        const QDateTime& recordedDate, std::chrono::seconds shift,
+                                        std::chrono::milliseconds step) const {
+    const QDateTime expected = recordedDate.addSecs(shift.count());
+    if (file.size != recordedSize || step >= 1min || !isSameDate(file.date, expected))
+        return Change::changed;
+    // An edit within the second, or within that of the last run, leaves the date as it is.
+    const bool wasSettled = recordedDate.addMSecs(dateTolerance.count()) < input_.record->startedAt;
+    return wasSettled && seconds(file.date) == seconds(expected) ? Change::none : Change::unsure;
+}
+
+SyncPlanner::Change SyncPlanner::localChange(const SyncPlannedAction& action) const {
+    return action.record == nullptr
+               ? Change::changed
+               : change(*action.local, action.record->size, action.record->modifiedDate,
+                        localShift_, input_.local.dateStep);
+}
+
+SyncPlanner::Change SyncPlanner::deviceChange(const SyncPlannedAction& action) const {
+    return action.record == nullptr
+               ? Change::changed
+               : change(*action.device, action.record->size, action.record->deviceDate(),
+                        deviceShift_, input_.device.dateStep);
+}
+
+/// Whether the record stands for a comparison of both sides' contents.
+bool SyncPlanner::vouches(const SyncPlannedAction& action) const {
+    return input_.record->isShared && action.record->isContentKnown;
 }
 
 /// Sets an action's kind, or what it waits for. A kind `skip` without a reason means that nothing
@@ -118,90 +176,107 @@ SyncPlanner::Pending SyncPlanner::decide(SyncPlannedAction& action) const {
 }
 
 SyncPlanner::Pending SyncPlanner::decideBoth(SyncPlannedAction& action) const {
-    const SyncFileEntry& local = *action.local;
-    const SyncFileEntry& device = *action.device;
-    const bool localUnchanged = action.record != nullptr && isLocalUnchanged(local, *action.record);
-    const bool deviceUnchanged =
-        action.record != nullptr && isDeviceUnchanged(device, *action.record);
-    if (localUnchanged && deviceUnchanged) {
-        action.isVouched = true;
-        settle(action, true);
+    const SyncFile& local = *action.local;
+    const SyncFile& device = *action.device;
+    const Change localChanged = localChange(action);
+    const Change deviceChanged = deviceChange(action);
+    if (localChanged != Change::changed && deviceChanged != Change::changed) {
+        const bool isCertain = localChanged == Change::none && deviceChanged == Change::none;
+        if (isMove() && !(isCertain && vouches(action)))
+            return Pending::comparison;
+        settleEqual(action, action.record->isContentKnown);
         return Pending::nothing;
     }
     if (local.size != device.size) {
-        settle(action, false);
+        settleDiffering(action);
         return Pending::nothing;
     }
-    if (!localUnchanged && !deviceUnchanged) {
-        if (!isSameDate(local.modifiedDate, device.modifiedDate))
-            return Pending::sample;
-        settle(action, true);
-        return Pending::nothing;
+    if (action.record == nullptr) {
+        const bool looksSame = seconds(local.date) == seconds(device.date) &&
+                               input_.local.dateStep < 1min && input_.device.dateStep < 1min;
+        return looksSame ? Pending::resemblance : Pending::comparison;
     }
-    const QDateTime& changed = localUnchanged ? device.modifiedDate : local.modifiedDate;
+    if (localChanged == Change::changed && deviceChanged == Change::changed)
+        return Pending::comparison;
+    const QDateTime& changed = localChanged == Change::changed ? local.date : device.date;
     const auto& known = action.record->differingDate;
-    if (!known || !isSameDate(*known, changed))
-        return Pending::sample;
+    if (!known || seconds(*known) != seconds(changed))
+        return Pending::comparison;
     action.knownToDiffer = true;
-    settle(action, false);
+    settleDiffering(action);
     return Pending::nothing;
 }
 
-/// Both sides have the file: what follows from whether it is the same.
-void SyncPlanner::settle(SyncPlannedAction& action, bool isEqual) const {
+void SyncPlanner::settleEqual(SyncPlannedAction& action, bool isContentKnown) const {
+    action.isContentKnown = isContentKnown;
+    action.kind = !isMove()                           ? Kind::alreadyInSync
+                  : input_.mode == SyncMode::toiPhone ? Kind::moveDeleteSourceOnly
+                                                      : Kind::moveDeleteRemoteSourceOnly;
+}
+
+/// Both sides have the file, and it is not the same.
+void SyncPlanner::settleDiffering(SyncPlannedAction& action) const {
+    const bool localChanged = localChange(action) == Change::changed;
+    const bool deviceChanged = deviceChange(action) == Change::changed;
     const bool isTwoWay = input_.mode == SyncMode::biDirectional;
-    const bool isMove = input_.moves && !isTwoWay;
-    if (isEqual) {
-        action.kind = !isMove                             ? Kind::alreadyInSync
-                      : input_.mode == SyncMode::toiPhone ? Kind::moveDeleteSourceOnly
-                                                          : Kind::moveDeleteRemoteSourceOnly;
-        return;
-    }
-    const bool localChanged =
-        action.record == nullptr || !isLocalUnchanged(*action.local, *action.record);
-    const bool deviceChanged =
-        action.record == nullptr || !isDeviceUnchanged(*action.device, *action.record);
-    if (localChanged && deviceChanged && isTwoWay) {
+    action.deletesSource = isMove();
+    if (localChanged == deviceChanged) {
+        // Both changed; or neither seems to have, and the contents tell of an edit that left the
+        // date alone.
         action.kind = Kind::conflict;
-        action.deviceWins = action.local->modifiedDate < action.device->modifiedDate;
-    } else if (localChanged && input_.mode != SyncMode::toMac) {
-        action.kind = Kind::upload;
-    } else if (deviceChanged && input_.mode != SyncMode::toiPhone) {
-        action.kind = Kind::download;
+        action.deviceWins =
+            isTwoWay ? action.local->date < action.device->date : input_.mode == SyncMode::toMac;
+        action.prefixLoses = isTwoWay && action.record == nullptr;
+    } else if (input_.mode == (localChanged ? SyncMode::toMac : SyncMode::toiPhone)) {
+        leave(action);
     } else {
-        action.kind = Kind::leave;
-        return;
+        const SyncFile& winner = localChanged ? *action.local : *action.device;
+        const SyncFile& loser = localChanged ? *action.device : *action.local;
+        action.kind = localChanged ? Kind::upload : Kind::download;
+        if (winner.size == 0 && loser.size > 0) {
+            // Whoever emptied it may not have meant to.
+            action.kind = Kind::conflict;
+            action.deviceWins = deviceChanged;
+        }
     }
-    action.deletesSource = isMove;
+}
+
+/// The change is on the side that files are only copied to.
+void SyncPlanner::leave(SyncPlannedAction& action) const {
+    action.deletesSource = false;
+    action.kind = Kind::leave;
+    if (isMove()) {
+        action.kind = Kind::skip;
+        action.reason = reason(SyncError::changedAtTarget, action.relativePath);
+    }
 }
 
 SyncPlanner::Pending SyncPlanner::decideOne(SyncPlannedAction& action) const {
     const bool isLocal = action.local != nullptr;
     const bool isTwoWay = input_.mode == SyncMode::biDirectional;
-    const SyncFileEntry& present = isLocal ? *action.local : *action.device;
-    const SyncMode source = isLocal ? SyncMode::toiPhone : SyncMode::toMac;
-    if (!isTwoWay && input_.mode != source)
+    if (!isTwoWay && input_.mode != (isLocal ? SyncMode::toiPhone : SyncMode::toMac))
         return Pending::nothing;
-    if (isTwoWay && input_.deletes && action.record != nullptr &&
-        action.record->size == present.size)
-        return Pending::deletion;
     action.kind = isLocal ? Kind::upload : Kind::download;
-    action.deletesSource = input_.moves && !isTwoWay;
-    return Pending::nothing;
+    action.deletesSource = isMove();
+    const bool wasDeleted =
+        isTwoWay && action.record != nullptr && vouches(action) &&
+        (isLocal ? localChange(action) : deviceChange(action)) != Change::changed;
+    return wasDeleted && input_.deletes ? Pending::deletion : Pending::nothing;
 }
 
-/// Why the side that an action would write to cannot hold the name; empty when it can.
-QString SyncPlanner::nameRefusal(const SyncPlannedAction& action) const {
+/// Why the side that an action would write to cannot hold the name; null when it can.
+SyncReason SyncPlanner::nameRefusal(const SyncPlannedAction& action) const {
     const bool toDevice = action.local != nullptr && action.device == nullptr;
     const bool toLocal = action.local == nullptr && action.device != nullptr;
     if (!toDevice && !toLocal)
         return {};
-    const auto& refusal = (toDevice ? input_.deviceNames : input_.localNames).refusal;
-    if (!refusal)
-        return {};
-    for (const QStringView name : QStringView(action.relativePath).tokenize(u'/'))
-        if (QString reason = refusal(name); !reason.isEmpty())
-            return reason;
+    const NameRules& rules = toDevice ? input_.deviceNames : input_.localNames;
+    for (const QString& name : action.relativePath.split(u'/'))
+        if (!rules.accepts(name))
+            return toDevice ? std::make_shared<const Error>(PhoneError::nameNotAllowed,
+                                                            QVariantList{name})
+                            : std::make_shared<const Error>(LocalError::nameNotUsable,
+                                                            QVariantList{name});
     return {};
 }
 
@@ -211,53 +286,54 @@ std::vector<DeletionCandidate> SyncPlanner::deletionCandidates() const {
         if (pending_[n] != Pending::deletion)
             continue;
         const SyncPlannedAction& action = actions_[n];
+        const bool isLocal = action.local != nullptr;
         DeletionCandidate candidate;
         candidate.relativePath = action.relativePath;
-        candidate.targetLocation = action.local != nullptr ? Location::localMac
-                                   : input_.isAndroid      ? Location::remoteAndroid
-                                                           : Location::remoteiPhone;
+        candidate.targetLocation = isLocal            ? Location::localMac
+                                   : input_.isAndroid ? Location::remoteAndroid
+                                                      : Location::remoteiPhone;
         candidate.size = action.record->size;
-        candidate.isEditedSinceLastSync = action.local != nullptr
-                                              ? !isLocalUnchanged(*action.local, *action.record)
-                                              : !isDeviceUnchanged(*action.device, *action.record);
+        const QDateTime recorded = isLocal
+                                       ? action.record->modifiedDate.addSecs(localShift_.count())
+                                       : action.record->deviceDate().addSecs(deviceShift_.count());
+        const QDateTime& now = isLocal ? action.local->date : action.device->date;
+        candidate.isEditedSinceLastSync = seconds(now) != seconds(recorded);
         candidates.push_back(std::move(candidate));
     }
     return candidates;
 }
 
-QString SyncPlanner::massDeletionWarning() const {
-    const auto count =
+SyncGuard SyncPlanner::guard() const {
+    const auto deletions =
         static_cast<std::size_t>(std::count(pending_.begin(), pending_.end(), Pending::deletion));
-    if (count == 0)
-        return {};
-    const std::size_t recorded = input_.record->size();
-    if (input_.local.files.empty())
-        return QStringLiteral("The folder on this computer is empty, although %1 files were in it "
-                              "after the last sync. Is its disk missing?")
-            .arg(recorded);
-    if (input_.device.files.empty())
-        return QStringLiteral("The folder on the device is empty, although %1 files were in it "
-                              "after the last sync. Is its memory card missing?")
-            .arg(recorded);
-    if (count >= fewDeletions && 2 * count > recorded)
-        return QStringLiteral("%1 of the %2 files of the last sync would be deleted.")
-            .arg(count)
-            .arg(recorded);
-    return {};
+    const std::size_t recorded = orNone(input_.record).files.size();
+    SyncGuard guard{SyncGuard::Kind::nothing,
+                    std::max(input_.filesOnceSynced, static_cast<qint64>(recorded)),
+                    static_cast<qint64>(deletions)};
+    const bool acts = deletions > 0 ||
+                      std::any_of(actions_.begin(), actions_.end(),
+                                  [](const SyncPlannedAction& action) { return action.isWork(); });
+    if (acts && guard.recorded > 0 && input_.local.files.empty())
+        guard.kind = SyncGuard::Kind::localEmpty;
+    else if (acts && guard.recorded > 0 && input_.device.files.empty())
+        guard.kind = SyncGuard::Kind::deviceEmpty;
+    else if (deletions >= fewDeletions && 2 * deletions > recorded)
+        guard.kind = SyncGuard::Kind::manyDeletions;
+    return guard;
 }
 
 QStringList SyncPlanner::pathsToCompare() const {
     QStringList paths;
     for (std::size_t n = 0; n < actions_.size(); ++n)
-        if (pending_[n] == Pending::sample)
+        if (pending_[n] == Pending::comparison)
             paths.append(actions_[n].relativePath);
     return paths;
 }
 
 bool SyncPlanner::isTaken(const QString& path) const {
-    for (const SyncScan* side : {&input_.local, &input_.device})
+    for (const SyncTree* side : {&input_.local, &input_.device})
         if (side->files.contains(path) || side->folders.contains(path) ||
-            side->unusable.contains(path))
+            side->unknown.contains(path))
             return true;
     return false;
 }
@@ -287,22 +363,61 @@ QString SyncPlanner::conflictName(const SyncPlannedAction& action, QSet<QString>
     }
 }
 
-SyncPlan SyncPlanner::plan(bool deletionsConfirmed, const QSet<QString>& equal) {
+/// What a user makes of a conflict.
+void SyncPlanner::choose(SyncPlannedAction& action, ConflictChoice choice) const {
+    const bool keepsTarget =
+        choice == (input_.mode == SyncMode::toMac ? ConflictChoice::keepLocal
+                                                  : ConflictChoice::keepDevice) &&
+        input_.mode != SyncMode::biDirectional;
+    switch (choice) {
+    case ConflictChoice::keepBoth:
+        return;
+    case ConflictChoice::keepLocal:
+    case ConflictChoice::keepDevice:
+        if (keepsTarget)
+            break;
+        action.kind = choice == ConflictChoice::keepLocal ? Kind::upload : Kind::download;
+        return;
+    case ConflictChoice::leave:
+        break;
+    }
+    action.kind = Kind::skip;
+    action.reason = reason(SyncError::undecided, action.relativePath);
+}
+
+/// Settles what an action waited for.
+void SyncPlanner::answer(SyncPlannedAction& action, Pending pending, const SyncDecisions& decisions,
+                         const SyncComparisons& comparisons) const {
+    if (pending == Pending::deletion) {
+        if (decisions.deletions.contains(action.relativePath))
+            action.kind = action.local != nullptr ? Kind::deleteLocal : Kind::deleteRemote;
+    } else if (pending == Pending::comparison) {
+        const auto found = comparisons.find(action.relativePath);
+        const SyncComparison outcome =
+            found != comparisons.end() ? found->second : SyncComparison::unreadable;
+        if (outcome == SyncComparison::unreadable) {
+            action.kind = Kind::skip;
+            action.reason = std::make_shared<const Error>(PhoneError::unreadable,
+                                                          QVariantList{action.relativePath});
+        } else if (outcome == SyncComparison::equal) {
+            settleEqual(action, true);
+        } else {
+            settleDiffering(action);
+            action.knownToDiffer = action.kind == Kind::leave;
+        }
+    }
+    if (action.kind == Kind::conflict)
+        choose(action, decisions.conflicts.value(action.relativePath, ConflictChoice::keepBoth));
+}
+
+SyncPlan SyncPlanner::plan(const SyncDecisions& decisions, const SyncComparisons& comparisons) {
     SyncPlan plan;
     QSet<QString> taken;
     for (std::size_t n = 0; n < actions_.size(); ++n) {
         SyncPlannedAction& action = actions_[n];
-        if (pending_[n] == Pending::sample) {
-            settle(action, equal.contains(action.relativePath));
-            action.knownToDiffer = action.kind == Kind::leave;
-        } else if (pending_[n] == Pending::deletion) {
-            if (action.local != nullptr)
-                action.kind = deletionsConfirmed ? Kind::deleteLocal : Kind::upload;
-            else
-                action.kind = deletionsConfirmed ? Kind::deleteRemote : Kind::download;
-        }
+        answer(action, pending_[n], decisions, comparisons);
         if (action.kind == Kind::conflict)
-            action.detail = conflictName(action, taken);
+            action.conflictName = conflictName(action, taken);
         if (action.isWork())
             ++plan.totalFiles;
         plan.totalBytes = addByteCounts(plan.totalBytes, action.bytes());

@@ -1,64 +1,116 @@
 #pragma once
 
+#include "phone/NameRules.h"
 #include "sync/plan/SyncPlan.h"
-#include "sync/plan/SyncScan.h"
+#include "sync/plan/SyncRecord.h"
 
 #include <QDateTime>
 #include <QSet>
 #include <QStringList>
 
+#include <chrono>
 #include <vector>
 
 namespace tessary {
 
-/// Everything that a plan depends on. The scans and the record must outlive the plan.
+/// Everything that a plan depends on. The trees and the record must outlive the plan.
 struct SyncPlanInput {
-    const SyncScan& local;
-    const SyncScan& device;
-    const SyncFiles* record = nullptr; ///< null: the first run of this pair here
+    const SyncTree& local;
+    const SyncTree& device;
+    const SyncRecord* record = nullptr; ///< null: the first run of this pair here
     SyncMode mode = SyncMode::biDirectional;
     bool deletes = true;
     bool moves = false; ///< ignored in two-way mode
     bool isAndroid = true;
-    SyncNameRules localNames;
-    SyncNameRules deviceNames;
-    QDateTime now; ///< in the zone that names of conflict copies are to show
+    NameRules localNames;
+    NameRules deviceNames;
+    QDateTime now;              ///< in the zone that names of conflict copies are to show
+    qint64 filesOnceSynced = 0; ///< by whatever either side remembers
+};
+
+/// What makes a run look like a mistake, so that it needs the user's word.
+struct SyncGuard {
+    enum class Kind {
+        nothing,
+        localEmpty,    ///< the local folder is empty, and `recorded` files were in it
+        deviceEmpty,   ///< the same of the device's folder
+        manyDeletions, ///< `deletions` of the `recorded` files would go
+    };
+
+    Kind kind = Kind::nothing;
+    qint64 recorded = 0;
+    qint64 deletions = 0;
+
+    bool operator==(const SyncGuard&) const = default;
 };
 
 /// Decides what a run does with each path. Pure: the same input and answers give the same plan.
+/// What it never does: take a file for deleted that was not seen on both sides by one run, replace
+/// a file that nobody copied, or take two files for the same without their whole contents.
 class SyncPlanner {
 public:
-    /// Decides all that needs no answer. Takes a second for a million paths.
+    /// Decides all that needs no answer. Takes about a second for a million paths.
     explicit SyncPlanner(const SyncPlanInput& input);
 
     /// What the user has to confirm.
     [[nodiscard]] std::vector<DeletionCandidate> deletionCandidates() const;
-    /// Why the deletions look like a mistake, in words; empty when they do not.
-    [[nodiscard]] QString massDeletionWarning() const;
+    [[nodiscard]] SyncGuard guard() const;
 
-    /// Files of one size and different dates, on which the plan depends.
+    /// Files of one size that have to be compared whole.
     [[nodiscard]] QStringList pathsToCompare() const;
 
-    /// The plan. `equal` are those of pathsToCompare() whose samples are the same. Once only.
-    [[nodiscard]] SyncPlan plan(bool deletionsConfirmed, const QSet<QString>& equal);
+    /// The plan. Once only.
+    [[nodiscard]] SyncPlan plan(const SyncDecisions& decisions, const SyncComparisons& comparisons);
 
     /// Whether two dates count as one: not more than two seconds apart.
     [[nodiscard]] static bool isSameDate(const QDateTime& a, const QDateTime& b);
 
+    /// Files that were never synced and have the same size and date are taken for the same beyond
+    /// this many bytes of them, rather than compared.
+    static constexpr qint64 bytesComparedAtFirst = 256LL * 1024 * 1024;
+
 private:
     using Kind = SyncPlannedAction::Kind;
     /// What an action still waits for.
-    enum class Pending : unsigned char { nothing, sample, deletion };
+    enum class Pending : unsigned char {
+        nothing,
+        comparison,
+        resemblance, ///< never synced, and of one size and date
+        deletion,
+    };
+    /// How a side stands to the record.
+    enum class Change : unsigned char {
+        none,    ///< and nothing can have happened to it unseen
+        unsure,  ///< it looks unchanged, and may have been changed since
+        changed, ///< or without a record
+    };
 
+    [[nodiscard]] Change localChange(const SyncPlannedAction& action) const;
+    [[nodiscard]] Change deviceChange(const SyncPlannedAction& action) const;
+    [[nodiscard]] Change change(const SyncFile& file, qint64 recordedSize,
+                                const QDateTime& recordedDate, std::chrono::seconds shift,
+                                std::chrono::milliseconds step) const;
+    void decideResemblances();
+    [[nodiscard]] bool vouches(const SyncPlannedAction& action) const;
     [[nodiscard]] Pending decide(SyncPlannedAction& action) const;
     [[nodiscard]] Pending decideBoth(SyncPlannedAction& action) const;
     [[nodiscard]] Pending decideOne(SyncPlannedAction& action) const;
-    void settle(SyncPlannedAction& action, bool isEqual) const;
-    [[nodiscard]] QString nameRefusal(const SyncPlannedAction& action) const;
+    void settleEqual(SyncPlannedAction& action, bool isContentKnown) const;
+    void settleDiffering(SyncPlannedAction& action) const;
+    void leave(SyncPlannedAction& action) const;
+    void choose(SyncPlannedAction& action, ConflictChoice choice) const;
+    void answer(SyncPlannedAction& action, Pending pending, const SyncDecisions& decisions,
+                const SyncComparisons& comparisons) const;
+    [[nodiscard]] SyncReason nameRefusal(const SyncPlannedAction& action) const;
     [[nodiscard]] QString conflictName(const SyncPlannedAction& action, QSet<QString>& taken) const;
     [[nodiscard]] bool isTaken(const QString& path) const;
+    [[nodiscard]] bool isMove() const {
+        return input_.moves && input_.mode != SyncMode::biDirectional;
+    }
 
     SyncPlanInput input_;
+    std::chrono::seconds localShift_{0}; ///< of all dates since the record was written
+    std::chrono::seconds deviceShift_{0};
     // In the order of the paths, of one length:
     std::vector<SyncPlannedAction> actions_;
     std::vector<Pending> pending_;

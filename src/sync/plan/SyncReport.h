@@ -1,45 +1,87 @@
 #pragma once
 
-#include "base/local/LocalTree.h"
-#include "sync/plan/SyncPair.h"
+#include "base/values/Error.h"
+#include "sync/plan/SyncPlan.h"
+#include "sync/plan/SyncPlanner.h"
+#include "sync/plan/SyncRenames.h"
 
+#include <QDateTime>
 #include <QString>
 #include <QStringList>
 
-#include <functional>
+#include <map>
+#include <optional>
 #include <vector>
 
 namespace tessary {
 
-/// What a run did. Paths are relative.
-struct SyncReport {
-    QStringList uploaded;
-    QStringList downloaded;
-    QStringList deleted;
-    QStringList moved;     ///< transferred or there already, and gone from their source
-    QStringList conflicts; ///< the names of the losers' copies
-    std::vector<SkippedItem> skipped;
-    qint64 transferredBytes = 0;
-
-    [[nodiscard]] bool hasChanges() const {
-        return !uploaded.isEmpty() || !downloaded.isEmpty() || !deleted.isEmpty() ||
-               !moved.isEmpty() || !conflicts.isEmpty();
-    }
-    /// "2 uploaded, 1 deleted, 1 skipped" or "Up to date".
-    [[nodiscard]] QString summary() const;
+/// What a run does, or has done, to one file.
+enum class SyncDeed {
+    upload,
+    replaceOnDevice,
+    download,
+    replaceHere,
+    moveToDevice,
+    moveHere,
+    keepBoth, ///< a conflict
+    deleteOnDevice,
+    deleteHere,
+    renameOnDevice,
+    renameHere,
 };
 
-/// One line of what a run would do.
-struct SyncPreviewItem {
-    enum class Kind { upload, download, move, conflict, remove, leave, skip };
+/// Its name in JSON: "replaceHere".
+[[nodiscard]] const char* deedName(SyncDeed deed);
 
-    Kind kind = Kind::skip;
-    bool toDevice = false; ///< of a transfer or move; of `remove`: it happens on the device
-    QString relativePath;
-    QString reason; ///< of `skip` and `leave`
+struct SyncReportItem {
+    SyncDeed deed = SyncDeed::upload;
+    QString path;  ///< relative
+    QString other; ///< of `keepBoth` the name of the loser's copy, of a rename the old name
     qint64 size = 0;
 
-    bool operator==(const SyncPreviewItem&) const = default;
+    bool operator==(const SyncReportItem&) const = default;
+};
+
+/// A file or folder that was left as it is.
+struct SyncSkippedItem {
+    QString path;
+    Error reason;
+};
+
+/// What a run did.
+struct SyncReport {
+    enum class Outcome {
+        done,      ///< all of it, what was skipped aside
+        cancelled, ///< by the user, in mid-run or at a question
+        failed,    ///< it broke off, see `failure`
+    };
+
+    Outcome outcome = Outcome::done;
+    QDateTime startedAt;
+    QDateTime endedAt;
+    std::vector<SyncReportItem> items;
+    std::vector<SyncSkippedItem> skipped;
+    std::optional<Error> failure;
+    qint64 transferredBytes = 0;
+    qint64 inSync = 0; ///< files that were the same already
+
+    [[nodiscard]] bool hasChanges() const {
+        return !items.empty();
+    }
+    /// How often each deed was done.
+    [[nodiscard]] std::map<SyncDeed, qint64> counts() const;
+    /// The paths of one deed, or of the several.
+    [[nodiscard]] QStringList paths(std::initializer_list<SyncDeed> deeds) const;
+};
+
+/// One line of what a run would do: a deed, or a file that is left alone.
+struct SyncPreviewItem {
+    std::optional<SyncDeed> deed; ///< none: it is left, see `reason`
+    QString path;
+    QString other; ///< as in SyncReportItem
+    qint64 size = 0;
+    SyncReason reason;
+    bool deviceWins = false; ///< of a conflict
 };
 
 /// What a run would do, deletions as if they were confirmed.
@@ -47,16 +89,43 @@ struct SyncPreview {
     std::vector<SyncPreviewItem> items; ///< what is in sync aside
     qint64 inSync = 0;                  ///< files
     qint64 totalBytes = 0;              ///< to transfer, at least
-    QString warning; ///< why the deletions look like a mistake; empty when they do not
+    SyncGuard guard;
+
+    [[nodiscard]] std::map<SyncDeed, qint64> counts() const;
 };
+
+[[nodiscard]] SyncPreview previewOf(const SyncPlan& plan, const std::vector<SyncRename>& renames,
+                                    const SyncGuard& guard);
+
+/// What an action that is work comes to.
+[[nodiscard]] SyncDeed deedOf(const SyncPlannedAction& action);
 
 /// What a run has to ask before it goes on.
 struct SyncQuestion {
-    enum class Kind { deletions, missingLocalFolder };
+    enum class Kind {
+        deletions,          ///< which of `candidates` may go?
+        emptySide,          ///< see `guard`: does everything go back there?
+        missingLocalFolder, ///< is `path` to be made anew?
+    };
 
     Kind kind = Kind::deletions;
-    std::vector<DeletionCandidate> candidates; ///< of `deletions`
-    QString warning; ///< words for the user; of `deletions` empty unless they look like a mistake
+    std::vector<DeletionCandidate> candidates;
+    SyncGuard guard;
+    QString path;
+};
+
+/// The user's word on a question. What is not said is "stop, and change nothing".
+struct SyncAnswer {
+    bool goesOn = false;
+    QSet<QString> deletions; ///< of the candidates; the others are copied back
+
+    [[nodiscard]] static SyncAnswer stop() {
+        return {};
+    }
+    [[nodiscard]] static SyncAnswer keepAll() {
+        return {true, {}};
+    }
+    [[nodiscard]] static SyncAnswer deleteAll(const SyncQuestion& question);
 };
 
 } // namespace tessary

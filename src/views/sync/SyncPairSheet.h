@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sync/plan/SyncPair.h"
+#include "sync/old/plan/SyncPair.h"
 
 #include <QDialog>
 

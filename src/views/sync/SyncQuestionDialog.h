@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sync/plan/SyncReport.h"
+#include "sync/old/plan/SyncReport.h"
 
 #include <QDialog>
 

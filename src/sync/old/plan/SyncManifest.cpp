@@ -1,0 +1,284 @@
+#include "sync/old/plan/SyncManifest.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTimeZone>
+
+#include <algorithm>
+#include <array>
+
+namespace tessary {
+
+namespace {
+
+using View = QLatin1StringView;
+
+/// 0001-01-01 and the end of 9999, in milliseconds since 1970.
+constexpr qint64 earliest = -62'135'596'800'000;
+constexpr qint64 latest = 253'402'300'799'999;
+constexpr qint64 millisecondsPerDay = 86'400'000;
+
+struct BadValue {};
+
+/// "yyyy-MM-ddTHH:mm:ssZ". Written by hand: QDateTime takes a microsecond for each.
+void appendDate(QByteArray& out, const QDateTime& date) {
+    const qint64 msecs = std::clamp(date.toMSecsSinceEpoch(), earliest, latest);
+    qint64 day = msecs / millisecondsPerDay;
+    qint64 inDay = msecs % millisecondsPerDay;
+    if (inDay < 0) {
+        inDay += millisecondsPerDay;
+        --day;
+    }
+    const auto seconds = static_cast<int>(inDay / 1000);
+    int year = 0;
+    int month = 0;
+    int dayOfMonth = 0;
+    QDate(1970, 1, 1).addDays(day).getDate(&year, &month, &dayOfMonth);
+    const auto digits = [&out](int value, int count) {
+        constexpr int base = 10;
+        std::array<char, 4> text{};
+        for (int n = count; n-- > 0; value /= base)
+            text[static_cast<std::size_t>(n)] = static_cast<char>('0' + value % base);
+        out.append(text.data(), count);
+    };
+    out.append('"');
+    digits(year, 4);
+    out.append('-');
+    digits(month, 2);
+    out.append('-');
+    digits(dayOfMonth, 2);
+    out.append('T');
+    digits(seconds / 3600, 2);
+    out.append(':');
+    digits(seconds / 60 % 60, 2);
+    out.append(':');
+    digits(seconds % 60, 2);
+    out.append("Z\"");
+}
+
+/// A JSON string. Lone surrogates, which UTF-8 cannot hold, are written as escapes.
+void appendText(QByteArray& out, const QString& text) {
+    static constexpr char hexDigits[] = "0123456789abcdef";
+    const auto escape = [&out](char16_t unit) {
+        out.append("\\u");
+        for (int shift = 12; shift >= 0; shift -= 4)
+            out.append(hexDigits[(unit >> shift) & 0xF]);
+    };
+    out.append('"');
+    qsizetype plainFrom = 0;
+    const auto flush = [&](qsizetype to) {
+        if (to > plainFrom)
+            out.append(QStringView(text).mid(plainFrom, to - plainFrom).toUtf8());
+        plainFrom = to + 1;
+    };
+    for (qsizetype n = 0; n < text.size(); ++n) {
+        const QChar unit = text[n];
+        if (unit == u'"' || unit == u'\\') {
+            flush(n);
+            out.append('\\').append(unit.toLatin1());
+        } else if (unit.unicode() < u' ') {
+            flush(n);
+            escape(unit.unicode());
+        } else if (unit.isHighSurrogate() && n + 1 < text.size() && text[n + 1].isLowSurrogate()) {
+            ++n;
+        } else if (unit.isSurrogate()) {
+            flush(n);
+            escape(unit.unicode());
+        }
+    }
+    flush(text.size());
+    out.append('"');
+}
+
+void appendField(QByteArray& out, const char* indent, const char* key, const QString& value) {
+    out.append(indent).append('"').append(key).append("\" : ");
+    appendText(out, value);
+    out.append(",\n");
+}
+
+void appendFile(QByteArray& out, const QString& path, const SyncFileEntry& entry) {
+    constexpr const char* indent = "          ";
+    const auto date = [&](const char* key, const QDateTime& value) {
+        out.append(indent).append('"').append(key).append("\" : ");
+        appendDate(out, value);
+        out.append(",\n");
+    };
+    out.append("        ");
+    appendText(out, path);
+    out.append(" : {\n");
+    if (entry.deviceModifiedDate)
+        date("deviceModifiedDate", *entry.deviceModifiedDate);
+    if (entry.differingDate)
+        date("differingDate", *entry.differingDate);
+    date("modifiedDate", entry.modifiedDate);
+    out.append(indent).append("\"size\" : ").append(QByteArray::number(entry.size));
+    out.append("\n        }");
+}
+
+void appendHost(QByteArray& out, const QString& id, const SyncHostEntry& host) {
+    constexpr const char* indent = "      ";
+    out.append("    ");
+    appendText(out, id);
+    out.append(" : {\n");
+    appendField(out, indent, "deviceUDID", host.deviceUDID);
+    out.append(indent).append("\"files\" : {");
+    bool isFirst = true;
+    for (const auto& [path, entry] : host.files) {
+        out.append(isFirst ? "\n" : ",\n");
+        isFirst = false;
+        appendFile(out, path, entry);
+    }
+    out.append(isFirst ? "},\n" : "\n      },\n");
+    out.append(indent).append("\"lastSynced\" : ");
+    appendDate(out, host.lastSynced);
+    out.append(",\n");
+    appendField(out, indent, "localFolderPath", host.localFolderPath);
+    appendField(out, indent, "macName", host.macName);
+    out.append(indent).append("\"remoteFolderPath\" : ");
+    appendText(out, host.remoteFolderPath);
+    out.append("\n    }");
+}
+
+/// The number of `count` digits at `at`; -1 when there are others.
+int number(const QString& text, qsizetype at, int count) {
+    int value = 0;
+    for (qsizetype n = at; n < at + count; ++n) {
+        const char16_t unit = text[n].unicode();
+        if (unit < u'0' || unit > u'9')
+            return -1;
+        value = value * 10 + (unit - u'0');
+    }
+    return value;
+}
+
+QDateTime dateOf(const QJsonValue& value) {
+    const QString text = value.toString();
+    constexpr qsizetype plainLength = 20;
+    if (text.size() == plainLength && text.endsWith(u'Z') && text[10] == u'T') {
+        const QDate day(number(text, 0, 4), number(text, 5, 2), number(text, 8, 2));
+        const int hour = number(text, 11, 2);
+        const int minute = number(text, 14, 2);
+        const int second = number(text, 17, 2);
+        if (day.isValid() && day.year() > 0 && QTime::isValid(hour, minute, second))
+            return QDateTime::fromMSecsSinceEpoch(
+                QDate(1970, 1, 1).daysTo(day) * millisecondsPerDay +
+                    QTime(hour, minute, second).msecsSinceStartOfDay(),
+                QTimeZone::utc());
+    }
+    const QDateTime date = QDateTime::fromString(text, Qt::ISODate);
+    if (!date.isValid())
+        throw BadValue{};
+    return syncDate(date);
+}
+
+QString textOf(const QJsonValue& value) {
+    if (!value.isString())
+        throw BadValue{};
+    return value.toString();
+}
+
+SyncFileEntry fileOf(const QJsonValue& value) {
+    const QJsonObject object = value.toObject();
+    const QJsonValue size = object.value(View("size"));
+    if (!size.isDouble())
+        throw BadValue{};
+    constexpr qint64 notWhole = -1;
+    SyncFileEntry entry;
+    entry.size = size.toInteger(notWhole);
+    entry.modifiedDate = dateOf(object.value(View("modifiedDate")));
+    if (const QJsonValue date = object.value(View("deviceModifiedDate")); date.isString())
+        entry.deviceModifiedDate = dateOf(date);
+    if (const QJsonValue date = object.value(View("differingDate")); date.isString())
+        entry.differingDate = dateOf(date);
+    return entry;
+}
+
+SyncHostEntry hostOf(const QJsonValue& value) {
+    const QJsonObject object = value.toObject();
+    SyncHostEntry host;
+    host.macName = textOf(object.value(View("macName")));
+    host.deviceUDID = textOf(object.value(View("deviceUDID")));
+    host.remoteFolderPath = textOf(object.value(View("remoteFolderPath")));
+    host.localFolderPath = textOf(object.value(View("localFolderPath")));
+    host.lastSynced = dateOf(object.value(View("lastSynced")));
+    const QJsonValue files = object.value(View("files"));
+    if (!files.isObject())
+        throw BadValue{};
+    const QJsonObject entries = files.toObject();
+    for (auto it = entries.constBegin(); it != entries.constEnd(); ++it) {
+        SyncFileEntry entry = fileOf(it.value());
+        QString path = it.key();
+        if (entry.size >= 0 && isSyncPath(path))
+            host.files.insert_or_assign(host.files.end(), std::move(path), std::move(entry));
+    }
+    return host;
+}
+
+} // namespace
+
+QDateTime syncDate(const std::optional<QDateTime>& date) {
+    const qint64 msecs = date && date->isValid() ? date->toMSecsSinceEpoch() : 0;
+    return QDateTime::fromMSecsSinceEpoch(std::clamp(msecs, earliest, latest), QTimeZone::utc());
+}
+
+bool isSyncPath(const QString& path) {
+    qsizetype from = 0;
+    while (true) {
+        const qsizetype slash = path.indexOf(u'/', from);
+        const QStringView name = QStringView(path).mid(from, slash < 0 ? -1 : slash - from);
+        if (name.isEmpty() || name == View(".") || name == View("..") ||
+            name == SyncManifest::fileName)
+            return false;
+        if (slash < 0)
+            break;
+        from = slash + 1;
+    }
+    return !path.contains(QChar::Null);
+}
+
+QByteArray SyncManifest::encode() const {
+    QByteArray out("{\n  \"hosts\" : {");
+    bool isFirst = true;
+    for (const auto& [id, host] : hosts) {
+        out.append(isFirst ? "\n" : ",\n");
+        isFirst = false;
+        appendHost(out, id, host);
+    }
+    out.append(isFirst ? "},\n" : "\n  },\n");
+    out.append("  \"version\" : ").append(QByteArray::number(version)).append("\n}");
+    return out;
+}
+
+std::optional<SyncManifest> SyncManifest::decode(const QByteArray& json) {
+    if (json.size() > maxBytes)
+        return std::nullopt;
+    const QJsonObject object = QJsonDocument::fromJson(json).object();
+    const QJsonValue version = object.value(View("version"));
+    const QJsonValue hosts = object.value(View("hosts"));
+    if (!version.isDouble() || !hosts.isObject())
+        return std::nullopt;
+    SyncManifest manifest;
+    manifest.version = std::max<qint64>(1, version.toInteger(1));
+    try {
+        const QJsonObject entries = hosts.toObject();
+        for (auto it = entries.constBegin(); it != entries.constEnd(); ++it)
+            manifest.hosts.insert_or_assign(it.key(), hostOf(it.value()));
+    } catch (const BadValue&) {
+        return std::nullopt;
+    }
+    return manifest;
+}
+
+SyncManifest SyncManifest::merged(std::optional<SyncManifest> local,
+                                  std::optional<SyncManifest> device) {
+    SyncManifest result = std::move(local).value_or(SyncManifest());
+    result.version = std::max<qint64>(1, result.version);
+    if (device) {
+        result.version = std::max(result.version, device->version);
+        for (auto& [id, host] : device->hosts)
+            result.hosts.insert_or_assign(id, std::move(host));
+    }
+    return result;
+}
+
+} // namespace tessary

@@ -1,0 +1,117 @@
+#pragma once
+
+#include <QDateTime>
+#include <QJsonArray>
+#include <QString>
+#include <QUuid>
+
+#include <array>
+#include <optional>
+#include <vector>
+
+namespace tessary {
+
+/// How files flow.
+enum class SyncMode { biDirectional, toiPhone, toMac };
+
+inline constexpr std::array allSyncModes{SyncMode::biDirectional, SyncMode::toiPhone,
+                                         SyncMode::toMac};
+
+/// The text of a mode in JSON and for people.
+[[nodiscard]] QString rawValue(SyncMode mode);
+[[nodiscard]] std::optional<SyncMode> syncModeFromRawValue(const QString& text);
+
+/// The state of one pair. A value.
+struct SyncStatus {
+    enum class Kind { idle, syncing, completed, error };
+
+    Kind kind = Kind::idle;
+    QString message; ///< of `syncing` the current step, of `error` what went wrong; else empty
+
+    [[nodiscard]] static SyncStatus syncing(const QString& progressMessage) {
+        return {Kind::syncing, progressMessage};
+    }
+    [[nodiscard]] static SyncStatus completed() {
+        return {Kind::completed, {}};
+    }
+    [[nodiscard]] static SyncStatus error(const QString& message) {
+        return {Kind::error, message};
+    }
+
+    [[nodiscard]] QString label() const;
+
+    bool operator==(const SyncStatus&) const = default;
+};
+
+/// Counters of one run. All signed 64-bit; bytes unless they count files.
+struct SyncProgress {
+    qint64 totalFiles = 0; ///< actions planned for the run
+    qint64 completedFiles = 0;
+    qint64 totalBytes = 0;     ///< of all planned transfers
+    qint64 completedBytes = 0; ///< of finished transfers
+    qint64 currentFileBytes = 0;
+    QString currentFileName; ///< relative path
+    QString stage;
+
+    /// "2/3", the file under way included once it has moved; empty without files.
+    [[nodiscard]] QString filesDescription() const;
+    /// "900 kB / 1.2 MB", clamped to the total.
+    [[nodiscard]] QString bytesDescription() const;
+    /// A whole percentage of the bytes, "0%" to "100%".
+    [[nodiscard]] QString progressPercentDescription() const;
+
+    bool operator==(const SyncProgress&) const = default;
+
+private:
+    [[nodiscard]] qint64 bytesDone() const;
+};
+
+/// One folder of this computer tied to one folder of a device. A value; `id` is its identity.
+struct SyncPair {
+    /// The bundle identifier of a folder in a device's general storage.
+    static constexpr QLatin1StringView deviceStorage{"device.storage"};
+
+    QUuid id = QUuid::createUuid();
+    QString deviceUDID;
+    QString deviceName; ///< when the pair was made
+    QString appBundleID;
+    QString appName;          ///< of the app, or of the storage
+    QString remoteFolderPath; ///< "/" or empty: the root
+    QString localFolderPath;  ///< absolute
+    SyncMode syncMode = SyncMode::biDirectional;
+    bool deleteSyncEnabled = true;
+    bool moveFilesEnabled = false;
+    std::optional<QDateTime> lastSyncedAt; ///< end of the last run that went well
+    SyncStatus status;
+    SyncProgress progress;
+
+    [[nodiscard]] bool isAndroid() const;
+    /// Whether files are moved: one-way modes only.
+    [[nodiscard]] bool movesFiles() const {
+        return moveFilesEnabled && syncMode != SyncMode::biDirectional;
+    }
+    [[nodiscard]] QString modeDisplayName() const;
+    [[nodiscard]] QString displayRemotePath() const;
+
+    bool operator==(const SyncPair&) const = default;
+};
+
+/// One file that a run would delete, as the user is asked about it.
+struct DeletionCandidate {
+    enum class DeletionLocation { localMac, remoteiPhone, remoteAndroid };
+
+    QUuid id = QUuid::createUuid();
+    QString relativePath;
+    DeletionLocation targetLocation = DeletionLocation::localMac;
+    qint64 size = 0;                    ///< bytes
+    bool isEditedSinceLastSync = false; ///< its date is not the recorded one
+};
+
+[[nodiscard]] QString rawValue(DeletionCandidate::DeletionLocation location);
+
+/// The pair list as JSON: dates in seconds since 2001, absent ones left out.
+[[nodiscard]] QJsonArray encodeSyncPairs(const std::vector<SyncPair>& pairs);
+/// The reverse. No value when it is no such list, or a pair lacks a field that it must have.
+[[nodiscard]] std::optional<std::vector<SyncPair>> decodeSyncPairs(const QJsonValue& json);
+
+} // namespace tessary

@@ -1,0 +1,124 @@
+#include "sync/plan/SyncRenames.h"
+
+#include "phone/NameRules.h"
+
+#include <QHash>
+#include <QStringList>
+
+#include <algorithm>
+#include <optional>
+
+namespace tessary {
+
+namespace {
+
+/// Deeper trees have none that could be told from chance.
+constexpr int maxRounds = 64;
+
+QString folded(const QString& path) {
+    static constexpr NameRules rules{.ignoresCase = true, .ignoresUnicodeForm = true};
+    return rules.key(path);
+}
+
+bool isThere(const SyncTree& tree, const QString& path) {
+    return tree.files.contains(path) || tree.folders.contains(path) || tree.unknown.contains(path);
+}
+
+/// Moves every key at or below `from` to `to`.
+template <typename Map>
+void moveKeys(Map& map, const QString& from, const QString& to) {
+    const QString below = from + QLatin1Char('/');
+    std::vector<typename Map::node_type> nodes;
+    if (auto node = map.extract(from))
+        nodes.push_back(std::move(node));
+    for (auto it = map.lower_bound(below); it != map.end();) {
+        const auto next = std::next(it);
+        const QString* key = nullptr;
+        if constexpr (requires { it->first; })
+            key = &it->first;
+        else
+            key = &*it;
+        if (!key->startsWith(below))
+            break;
+        nodes.push_back(map.extract(it));
+        it = next;
+    }
+    for (auto& node : nodes) {
+        if constexpr (requires { node.key(); })
+            node.key() = to + node.key().mid(from.size());
+        else
+            node.value() = to + node.value().mid(from.size());
+        map.insert(std::move(node));
+    }
+}
+
+void rename(SyncTree& tree, const QString& from, const QString& to) {
+    moveKeys(tree.files, from, to);
+    moveKeys(tree.folders, from, to);
+    moveKeys(tree.unknown, from, to);
+    moveKeys(tree.leftovers, from, to);
+}
+
+/// The topmost name in which two paths of one folded form differ, when the side `follows` can take
+/// the new one over.
+std::optional<SyncRename> topmost(const QString& from, const QString& to, const SyncTree& leads,
+                                  const SyncTree& follows) {
+    const QStringList oldNames = from.split(u'/');
+    const QStringList newNames = to.split(u'/');
+    if (oldNames.size() != newNames.size())
+        return std::nullopt;
+    const auto [oldAt, newAt] = std::mismatch(oldNames.begin(), oldNames.end(), newNames.begin());
+    const auto depth = oldAt - oldNames.begin() + 1;
+    SyncRename rename;
+    rename.from = oldNames.first(depth).join(u'/');
+    rename.to = newNames.first(depth).join(u'/');
+    if (isThere(leads, rename.from) || isThere(follows, rename.to) ||
+        leads.files.contains(rename.to) != follows.files.contains(rename.from))
+        return std::nullopt;
+    return rename;
+}
+
+/// The first rename that side `leads` shows and `follows` has not got yet.
+std::optional<SyncRename> nextRename(const SyncTree& leads, const SyncTree& follows,
+                                     const SyncFiles& record) {
+    QHash<QString, QString> gone; // recorded paths that only `follows` still has, by their form
+    for (const auto& [path, entry] : record)
+        if (!isThere(leads, path) && follows.files.contains(path))
+            gone.insert(folded(path), path);
+    if (gone.isEmpty())
+        return std::nullopt;
+    for (const auto& [path, file] : leads.files) {
+        if (record.contains(path) || isThere(follows, path))
+            continue;
+        const auto old = gone.constFind(folded(path));
+        if (old == gone.constEnd() || record.at(*old).size != file.size)
+            continue;
+        if (auto rename = topmost(*old, path, leads, follows))
+            return rename;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+std::vector<SyncRename> takeCaseRenames(SyncTree& local, SyncTree& device, SyncFiles& record,
+                                        SyncMode mode) {
+    std::vector<SyncRename> renames;
+    for (const bool onDevice : {true, false}) {
+        if (mode == (onDevice ? SyncMode::toMac : SyncMode::toiPhone))
+            continue;
+        SyncTree& follows = onDevice ? device : local;
+        for (int round = 0; round < maxRounds; ++round) {
+            auto rename = nextRename(onDevice ? local : device, follows, record);
+            if (!rename)
+                break;
+            rename->onDevice = onDevice;
+            tessary::rename(follows, rename->from, rename->to);
+            moveKeys(record, rename->from, rename->to);
+            renames.push_back(*std::move(rename));
+        }
+    }
+    return renames;
+}
+
+} // namespace tessary
