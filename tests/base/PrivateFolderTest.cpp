@@ -114,8 +114,8 @@ TEST_F(PrivateFolderTest, scratchFoldersGoWithTheirObject) {
         const ScratchFolder other(ours);
         EXPECT_NE(one.path(), other.path());
         EXPECT_EQ(permissions(one.path()), 0700U);
-        disk.write(disk.names(u"ours"_s).constFirst().prepend(u"ours/"_s) + u"/deep/file"_s,
-                   "content");
+        const QString name = disk.names(u"ours"_s).constFirst();
+        disk.write(u"ours/"_s + name + u"/deep/file"_s, "content");
         EXPECT_EQ(disk.names(u"ours"_s).size(), 2);
     }
     EXPECT_EQ(disk.names(u"ours"_s), QStringList());
