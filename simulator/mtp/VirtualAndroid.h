@@ -22,7 +22,8 @@ struct VirtualAndroidConfig {
     QString location = QStringLiteral("1-1");
     std::uint16_t maxPacketSize = 512; ///< 64, 512 or 1024
     bool reportsNoPacketSize = false;
-    std::vector<VirtualUSBInterfaceDescription> interfaces{{}};
+    std::vector<VirtualUSBInterfaceDescription> interfaces =
+        std::vector<VirtualUSBInterfaceDescription>(1);
     /// Ids are 0x00010001, 0x00020001, … in this order.
     std::vector<VirtualStorage> storages;
     int battery = 80; ///< percent

@@ -31,7 +31,9 @@ struct VirtualUSBDescription {
     QString serialNumber;
     std::uint16_t maxPacketSize = 512; ///< of the bulk pipes: 64, 512 or 1024 bytes
     bool reportsNoPacketSize = false;  ///< the endpoint descriptors say 0
-    std::vector<VirtualUSBInterfaceDescription> interfaces{{}}; ///< numbered from 0
+    /// Numbered from 0.
+    std::vector<VirtualUSBInterfaceDescription> interfaces =
+        std::vector<VirtualUSBInterfaceDescription>(1);
 };
 
 /// The device's side of a virtual USB device. It outlives its attachment: unplug it (through its
