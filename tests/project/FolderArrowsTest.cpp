@@ -41,6 +41,7 @@ const std::map<std::string, std::vector<std::string>> arrows = {
     {"adb/files", {"base/log", "phone", "platform/process"}},
     {"ios", {"base/log", "phone"}},
     {"transfer", {"mtp/protocol", "phone", "platform/mount"}},
+    {"transfer/copy", {"base/log", "phone"}},
     {"transfer/local", {"phone"}},
     {"devices/files", {"adb/files", "ios", "mtp/files", "transfer"}},
     {"devices/list", {"devices/files", "platform/settings"}},

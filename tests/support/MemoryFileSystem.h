@@ -58,13 +58,13 @@ public:
         QString displayName = QStringLiteral("Memory");
         NameRules rules{.ignoresCase = true, .ignoresUnicodeForm = true};
         FileSystemCapabilities capabilities{.setsDates = true, .readsRanges = true};
-        std::optional<std::uint64_t> capacity; ///< bytes of all files; no value: without end
-        bool givesHandles = false;             ///< items carry handles, and twins are possible
+        std::optional<std::uint64_t> capacity{}; ///< bytes of all files; no value: without end
+        bool givesHandles = false;               ///< items carry handles, and twins are possible
         /// A write may bring more or fewer bytes than announced, as on a computer's disk.
         bool takesOtherSizes = false;
         std::size_t rowsAtOnce = 3;
         std::size_t pieceSize = 1000; ///< bytes
-        std::shared_ptr<PhoneQueue> queue;
+        std::shared_ptr<PhoneQueue> queue{};
     };
 
     MemoryFileSystem() : MemoryFileSystem(Options{}) {}

@@ -1,0 +1,105 @@
+#include "transfer/copy/CopyScan.h"
+
+#include "base/text/ByteCount.h"
+#include "base/text/PathNames.h"
+#include "base/threads/CancellationError.h"
+#include "transfer/copy/CopyErrors.h"
+#include "transfer/copy/PartNames.h"
+
+#include <algorithm>
+
+namespace tessary {
+
+namespace {
+
+constexpr int maxDepth = 128;           // levels: a phone may list a folder in itself
+constexpr qint64 mostItems = 5'000'000; // a listing that goes on for ever ends here
+
+class Scanner {
+public:
+    Scanner(PhoneFileSystem& files, const std::function<void(const CopyScan&)>& progress,
+            const Call& call)
+        : files_(files), progress_(progress), call_(call) {}
+
+    CopyScan scan(const std::vector<CopyItem>& items) {
+        for (std::size_t i = 0; i < items.size(); ++i) {
+            const std::size_t before = result_.items.size();
+            add(items[i], result_.items, 0);
+            if (result_.items.size() > before)
+                result_.items.back().asked = i;
+        }
+        return std::move(result_);
+    }
+
+private:
+    void add(const CopyItem& item, std::vector<ScannedItem>& to, int depth) {
+        throwIfStopped(call_.stop);
+        ScannedItem scanned{item};
+        if (!item.item.isDirectory) {
+            ++result_.files;
+            result_.bytes = addByteCounts(result_.bytes, std::max<qint64>(item.item.size, 0));
+        } else if (!isSafeName(item.name)) {
+            // Nothing of it could be copied.
+            result_.leftOut.push_back({item, {PhoneError::nameNotAllowed, {item.name}}});
+            return;
+        } else {
+            try {
+                if (depth >= maxDepth)
+                    throw Error(PhoneError::insideItself, {item.item.path});
+                addContent(scanned, depth);
+            } catch (const Error& error) {
+                if (endsCopy(error))
+                    throw;
+                result_.leftOut.push_back({item, error});
+                return;
+            }
+            ++result_.folders;
+        }
+        to.push_back(std::move(scanned));
+    }
+
+    void addContent(ScannedItem& folder, int depth) {
+        const QString place = folder.item.folder.isEmpty()
+                                  ? folder.item.name
+                                  : joinPath(folder.item.folder, folder.item.name);
+        Listing listing;
+        files_.list(
+            folder.item.item.path,
+            {[&](std::vector<FileItem>&& rows) {
+                 count_ += static_cast<qint64>(rows.size());
+                 if (count_ > mostItems)
+                     throw Error(PhoneError::listingBroken, {folder.item.item.path});
+                 std::move(rows.begin(), rows.end(), std::back_inserter(listing.items));
+             },
+             [&](UnreadableEntry&& entry) { listing.unreadable.push_back(std::move(entry)); }},
+            call_);
+        for (UnreadableEntry& entry : listing.unreadable) {
+            const QString name = lastComponent(entry.path);
+            result_.leftOut.push_back(
+                {{FileItem(name, entry.path, false, 0, {}), name, place}, entry.error});
+        }
+        for (FileItem& item : listing.items) {
+            if (!item.isDirectory && isPartName(item.name))
+                continue;
+            const QString name = item.name;
+            add({std::move(item), name, place}, folder.content, depth + 1);
+        }
+        if (progress_)
+            progress_(result_);
+    }
+
+    PhoneFileSystem& files_;
+    const std::function<void(const CopyScan&)>& progress_;
+    const Call& call_;
+    CopyScan result_;
+    qint64 count_ = 0;
+};
+
+} // namespace
+
+CopyScan scanForCopy(PhoneFileSystem& files, const std::vector<CopyItem>& items,
+                     const std::function<void(const CopyScan&)>& progress, const Call& call) {
+    return Scanner(files, progress, call).scan(items);
+}
+
+} // namespace tessary

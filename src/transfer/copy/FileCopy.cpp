@@ -1,0 +1,182 @@
+#include "transfer/copy/FileCopy.h"
+
+#include "base/log/DiagnosticsLogger.h"
+#include "base/text/PathNames.h"
+#include "base/threads/CancellationError.h"
+#include "transfer/copy/CopyErrors.h"
+#include "transfer/copy/FileStream.h"
+#include "transfer/copy/PartNames.h"
+
+#include <algorithm>
+
+namespace tessary {
+
+namespace {
+
+/// A file under a part name, removed again unless it gets another.
+class PartOnTarget {
+public:
+    PartOnTarget(PhoneFileSystem& files, FileItem item, const Call& call)
+        : files_(files), item_(std::move(item)), urgency_(call.urgency) {}
+    ~PartOnTarget() {
+        if (!isOurs_)
+            return;
+        try {
+            files_.remove(item_, {{}, urgency_}); // also when the copy was cancelled
+        } catch (const std::exception& error) {
+            DiagnosticsLogger::shared().transfer.standard("a part stays: %s",
+                                                          {QString::fromUtf8(error.what())});
+        }
+    }
+    PartOnTarget(const PartOnTarget&) = delete;
+    PartOnTarget& operator=(const PartOnTarget&) = delete;
+
+    [[nodiscard]] const FileItem& item() const {
+        return item_;
+    }
+    void setItem(FileItem item) {
+        item_ = std::move(item);
+    }
+    /// From here on it is not removed.
+    void keep() {
+        isOurs_ = false;
+    }
+
+private:
+    PhoneFileSystem& files_;
+    FileItem item_;
+    const Urgency urgency_;
+    bool isOurs_ = true;
+};
+
+/// What is to be replaced, when it still is what was seen.
+FileItem lookAgain(PhoneFileSystem& files, const QString& folder, const FileItem& seen,
+                   const Call& call) {
+    const QString path = joinPath(folder, seen.name);
+    auto now = files.find(path, call);
+    if (!now || !isAsSeen(seen, *now))
+        throw changedError(files, path);
+    return *std::move(now);
+}
+
+FileItem giveName(PhoneFileSystem& to, const FilePut& put, bool renamesOntoTaken,
+                  PartOnTarget& part, const Call& call) {
+    if (!put.replaces) {
+        FileItem named = to.rename(part.item(), put.name, TakenName::refused, call);
+        part.keep();
+        return named;
+    }
+    const FileItem old = lookAgain(to, put.folder, *put.replaces, call);
+    if (renamesOntoTaken) {
+        FileItem named = to.rename(part.item(), put.name, TakenName::replaced, call);
+        part.keep();
+        return named;
+    }
+    const QString waiting = waitingName(to.nameRules(put.folder), put.name);
+    const PartInUse use(waiting);
+    part.setItem(to.rename(part.item(), waiting, TakenName::refused, call));
+    // Nothing is cancelled between the removal and the new name.
+    const Call whole{{}, call.urgency};
+    throwIfStopped(call.stop);
+    try {
+        to.remove(old, whole);
+    } catch (const Error& error) {
+        // A link that broke off may have taken the old one with it: then this is the only one.
+        if (endsEverything(error))
+            part.keep();
+        throw;
+    }
+    part.keep();
+    return to.rename(part.item(), put.name, TakenName::refused, whole);
+}
+
+/// Sets the date where writing did not.
+FileItem dated(PhoneFileSystem& to, FileItem item, const FilePut& put,
+               const FileSystemCapabilities& can, const Call& call) {
+    if (!put.modified || !can.setsDates)
+        return item;
+    if (item.modifiedDate &&
+        std::abs(item.modifiedDate->msecsTo(*put.modified)) < std::max(can.dateStep.count(), 1L))
+        return item;
+    try {
+        to.setModified(item, *put.modified, call);
+        item.modifiedDate = put.modified;
+    } catch (const Error& error) {
+        if (endsEverything(error))
+            throw;
+        // A date that the target cannot hold is no reason to lose the copy.
+    }
+    return item;
+}
+
+QByteArray hashOf(PhoneFileSystem& files, const FileItem& item, const Call& call) {
+    if (files.capabilities(call).hasHashes)
+        if (auto known = files.hash(item, call))
+            return *std::move(known);
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    files.read(
+        item, {},
+        [&hash](ByteView bytes) {
+            hash.addData(QByteArrayView(reinterpret_cast<const char*>(bytes.data()),
+                                        static_cast<qsizetype>(bytes.size())));
+        },
+        call);
+    return hash.result();
+}
+
+} // namespace
+
+bool isAsSeen(const FileItem& seen, const FileItem& now) {
+    return seen.isDirectory == now.isDirectory && seen.size == now.size &&
+           seen.modifiedDate == now.modifiedDate &&
+           (!seen.handle || !now.handle || seen.handle == now.handle);
+}
+
+FileItem putFile(PhoneFileSystem& to, const FilePut& put, const ByteSource& content,
+                 const std::function<void(const FileItem& part)>& beforeNaming,
+                 const ByteProgress& progress, const Call& call) {
+    const FileSystemCapabilities can = to.capabilities(call);
+    if (!can.renames && put.replaces)
+        throw Error(PhoneError::notSupported, {joinPath(put.folder, put.name)});
+    const QString writtenAs = can.renames ? PartFile::newName() : put.name;
+    const PartInUse use(writtenAs);
+    PartOnTarget part(
+        to, to.write({put.folder, writtenAs, put.size, put.modified}, content, progress, call),
+        call);
+    throwIfStopped(call.stop);
+    part.setItem(dated(to, part.item(), put, can, call));
+    if (beforeNaming)
+        beforeNaming(part.item());
+    if (!can.renames) {
+        part.keep();
+        return part.item();
+    }
+    return giveName(to, put, can.renamesOntoTaken, part, call);
+}
+
+FileItem copyFile(const FileCopy& copy, const ByteProgress& progress, const Call& call) {
+    // A phone that waits for what another sends would have both waiting, when a second copy goes
+    // the other way: what comes from a phone for a phone is read first.
+    const bool areBothPhones = copy.from.queue() && copy.to.queue();
+    // Only a disk here takes more bytes than it was told of.
+    const qint64 mayGrowBy = copy.to.queue() ? 0 : FileStream::slack;
+    FileStream stream(copy.from, copy.file,
+                      areBothPhones ? FileStream::Way::readFirst : FileStream::Way::ahead,
+                      mayGrowBy, call);
+    const auto check = [&](const FileItem& part) {
+        if (copy.checksSource) {
+            const auto now = copy.from.find(copy.file.path, call);
+            if (!now || !isAsSeen(copy.file, *now))
+                throw changedError(copy.from, copy.file.path);
+        }
+        if (copy.verifies && hashOf(copy.to, part, call) != stream.hash())
+            throw Error(PhoneError::notDone, {joinPath(copy.folder, copy.name)});
+    };
+    return putFile(
+        copy.to,
+        {copy.folder, copy.name, std::max<qint64>(copy.file.size, 0), copy.file.modifiedDate,
+         copy.replaces},
+        [&stream](std::span<std::byte> into) { return stream.read(into); }, check, progress, call);
+}
+
+} // namespace tessary

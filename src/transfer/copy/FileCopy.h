@@ -1,0 +1,53 @@
+#pragma once
+
+#include "phone/PhoneFileSystem.h"
+
+#include <optional>
+
+namespace tessary {
+
+/// A file that is to be written to a folder, whole or not at all.
+struct FilePut {
+    QString folder; ///< is there
+    QString name;   ///< the target can hold it
+    qint64 size = 0;
+    std::optional<QDateTime> modified;
+    /// What has the name, as it was seen, and is to be replaced; no value: the name is free.
+    std::optional<FileItem> replaces;
+};
+
+/// Writes a file under a part name and then gives it its own. What has the name then is looked at
+/// again: when it is not what `replaces` says (size, date, kind), it stays and PhoneError::changed
+/// (LocalError::changed here) is thrown; a name that was free and is taken now is a taken one.
+/// Whatever fails, the old file is there, or the new one waits under a name that tidied() finishes.
+/// `beforeNaming` is called when all bytes are across; what it throws takes the new file away.
+///
+/// Where nothing can be renamed, the file goes straight to its name, and replacing is
+/// PhoneError::notSupported.
+FileItem putFile(PhoneFileSystem& to, const FilePut& put, const ByteSource& content,
+                 const std::function<void(const FileItem& part)>& beforeNaming,
+                 const ByteProgress& progress, const Call& call);
+
+/// A file that is to be copied from one file system to another.
+struct FileCopy {
+    PhoneFileSystem& from;
+    FileItem file;
+    PhoneFileSystem& to;
+    QString folder{};
+    QString name{};
+    std::optional<FileItem> replaces{};
+    /// The source is looked at again before the copy gets its name: PhoneError::changed (or
+    /// LocalError::changed) when it is not what was seen.
+    bool checksSource = true;
+    /// The copy is compared by hash before it gets its name: PhoneError::notDone.
+    bool verifies = false;
+};
+
+/// Copies one file as putFile() does, with its date. Bytes that came and were not announced are
+/// PhoneError::wrongSize. Returns the copy as the target shows it.
+FileItem copyFile(const FileCopy& copy, const ByteProgress& progress, const Call& call);
+
+/// Whether what was seen once is what is there now, as far as either can tell.
+[[nodiscard]] bool isAsSeen(const FileItem& seen, const FileItem& now);
+
+} // namespace tessary

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "phone/PhoneFileSystem.h"
+#include "transfer/copy/Spool.h"
+
+#include <QCryptographicHash>
+
+#include <condition_variable>
+#include <deque>
+#include <exception>
+#include <mutex>
+#include <thread>
+
+namespace tessary {
+
+/// The content of a file to be drawn from, while its file system pushes it: small files are read
+/// into memory first, large ones by a thread that stays a few MiB ahead. Drawn from by one thread.
+///
+/// It is held to its announced size: PhoneError::wrongSize for a file that ends before, or goes on
+/// for more than the slack after it.
+class FileStream {
+public:
+    /// What a file may have grown by since it was listed.
+    static constexpr qint64 slack = 1024 * 1024;
+
+    enum class Way {
+        ahead,     ///< reading and writing at a time
+        readFirst, ///< no reading while something is written: both may be the same phone's
+    };
+
+    FileStream(PhoneFileSystem& from, const FileItem& file, Way way, qint64 mayGrowBy,
+               const Call& call);
+    /// Ends the reading.
+    ~FileStream();
+    FileStream(const FileStream&) = delete;
+    FileStream& operator=(const FileStream&) = delete;
+
+    /// The next bytes; 0 once all were drawn. Throws what the reading threw, and
+    /// CancellationError.
+    std::size_t read(std::span<std::byte> into);
+    /// SHA-256 of what was drawn.
+    [[nodiscard]] QByteArray hash() const {
+        return hash_.result();
+    }
+
+private:
+    void fetch(const std::function<void(ByteView)>& sink, const Call& call);
+    void fetchAhead(const std::stop_token& stop);
+    void put(ByteView bytes, const std::stop_token& stop);
+    [[nodiscard]] std::size_t takeAhead(std::span<std::byte> into);
+
+    PhoneFileSystem& from_;
+    const FileItem file_;
+    const qint64 announced_;
+    const qint64 most_;
+    const Call call_;
+    QCryptographicHash hash_{QCryptographicHash::Sha256};
+    Spool spool_; ///< all of it, unless `thread_` runs
+
+    std::mutex mutex_; ///< guards the four below
+    std::condition_variable_any changed_;
+    std::deque<Bytes> waiting_;
+    qint64 waitingBytes_ = 0;
+    bool hasEnded_ = false;
+    std::exception_ptr failure_;
+    std::size_t firstTaken_ = 0; ///< bytes of the first piece that were drawn
+    std::jthread thread_;
+};
+
+} // namespace tessary

@@ -1,0 +1,76 @@
+#include "transfer/copy/Spool.h"
+
+#include "base/local/LocalError.h"
+
+#include <QDir>
+#include <QStandardPaths>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+
+namespace tessary {
+
+namespace {
+
+[[noreturn]] void fail(int reason) {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
+    if (reason == ENOSPC || reason == EDQUOT)
+        throw Error(LocalError::full, {folder});
+    throw Error(LocalError::cannotWrite, {folder, qt_error_string(reason)});
+}
+
+} // namespace
+
+void Spool::openFile() {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
+    QDir().mkpath(folder);
+    // It has no name: nobody can swap it, and it goes with the program however that ends.
+    file_ = FileHandle(
+        ::open(folder.toUtf8().constData(), O_TMPFILE | O_RDWR | O_CLOEXEC, S_IRUSR | S_IWUSR));
+    if (!file_.isOpen())
+        fail(errno);
+}
+
+void Spool::writeOut(ByteView bytes) {
+    while (!bytes.empty()) {
+        const ssize_t count = ::write(file_.get(), bytes.data(), bytes.size());
+        if (count < 0 && errno != EINTR)
+            fail(errno);
+        bytes = bytes.subspan(count < 0 ? 0 : static_cast<std::size_t>(count));
+    }
+}
+
+void Spool::append(ByteView bytes) {
+    size_ += static_cast<qint64>(bytes.size());
+    if (!isOnDisk() && size_ > mostInMemory_) {
+        openFile();
+        writeOut(memory_);
+        memory_ = {};
+    }
+    if (isOnDisk())
+        writeOut(bytes);
+    else
+        memory_.insert(memory_.end(), bytes.begin(), bytes.end());
+}
+
+std::size_t Spool::read(std::span<std::byte> into) {
+    if (isOnDisk()) {
+        ssize_t count = 0;
+        do
+            count = ::pread(file_.get(), into.data(), into.size(), taken_);
+        while (count < 0 && errno == EINTR);
+        if (count < 0)
+            fail(errno);
+        taken_ += count;
+        return static_cast<std::size_t>(count);
+    }
+    const auto count = std::min(into.size(), static_cast<std::size_t>(size_ - taken_));
+    std::copy_n(memory_.begin() + taken_, count, into.begin());
+    taken_ += static_cast<qint64>(count);
+    return count;
+}
+
+} // namespace tessary

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "base/local/FileHandle.h"
+#include "base/values/Bytes.h"
+
+#include <QtGlobal>
+
+namespace tessary {
+
+/// Bytes that wait between two phones: in memory as long as they are few, else in a file without a
+/// name in this user's cache. Used by one thread at a time. LocalError::cannotWrite, ::full.
+class Spool {
+public:
+    /// What stays in memory.
+    static constexpr qint64 defaultMostInMemory = qint64{32} * 1024 * 1024;
+
+    explicit Spool(qint64 mostInMemory = defaultMostInMemory) : mostInMemory_(mostInMemory) {}
+
+    void append(ByteView bytes);
+    /// The next bytes, 0 at the end. Nothing is appended after the first call.
+    std::size_t read(std::span<std::byte> into);
+    [[nodiscard]] qint64 size() const {
+        return size_;
+    }
+    [[nodiscard]] bool isOnDisk() const {
+        return file_.isOpen();
+    }
+
+private:
+    void openFile();
+    void writeOut(ByteView bytes);
+
+    const qint64 mostInMemory_;
+    Bytes memory_;
+    FileHandle file_; ///< holds everything once it is open
+    qint64 size_ = 0;
+    qint64 taken_ = 0;
+};
+
+} // namespace tessary

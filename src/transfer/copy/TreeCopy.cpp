@@ -1,0 +1,288 @@
+#include "transfer/copy/TreeCopy.h"
+
+#include "base/local/LocalError.h"
+#include "base/text/ByteCount.h"
+#include "base/text/PathNames.h"
+#include "base/threads/CancellationError.h"
+#include "transfer/copy/CopyErrors.h"
+#include "transfer/copy/FileCopy.h"
+#include "transfer/copy/PartNames.h"
+
+#include <algorithm>
+
+namespace tessary {
+
+namespace {
+
+QStringList namesOf(const std::vector<ScannedItem>& items) {
+    QStringList names;
+    for (const ScannedItem& scanned : items)
+        names << scanned.item.name;
+    return names;
+}
+
+bool isAtOrBelow(const QString& path, const QString& folder) {
+    return path == folder || path.startsWith(joinPath(folder, {}));
+}
+
+} // namespace
+
+TreeCopy::TreeCopy(TreeCopyRequest request)
+    : request_(std::move(request)),
+      isOneFileSystem_(request_.from == request_.to ||
+                       request_.from->identity() == request_.to->identity()) {}
+
+CopyOutcome TreeCopy::run(const CopyProgress& progress, const std::stop_token& stop) {
+    ProgressPacer pacer(progress);
+    pacer_ = &pacer;
+    call_ = {stop, Urgency::copy};
+    outcome_ = {};
+    progress_ = {};
+    std::vector<PhoneQueue::Job> jobs;
+    for (const auto& side : {request_.from, request_.to})
+        if (const auto queue = side->queue())
+            jobs.push_back(queue->beginJob());
+    try {
+        copyAll();
+    } catch (const CancellationError&) {
+        outcome_.isCancelled = true;
+    } catch (const Error& error) {
+        outcome_.failure = error;
+    }
+    progress_.currentFileBytes = 0;
+    progress_.currentFileTotal = 0;
+    pacer.showNow(progress_);
+    return std::move(outcome_);
+}
+
+void TreeCopy::copyAll() {
+    can_ = request_.to->capabilities(call_);
+    dateStep_ = std::max(can_.dateStep, request_.from->capabilities(call_).dateStep);
+    outcome_.items = request_.items;
+    CopyScan scan = scanForCopy(
+        *request_.from, request_.items,
+        [this](const CopyScan& sofar) {
+            progress_.totalFiles = sofar.files;
+            progress_.totalBytes = sofar.bytes;
+            pacer_->show(progress_);
+        },
+        call_);
+    progress_.totalFiles = scan.files;
+    progress_.totalBytes = scan.bytes;
+    pacer_->showNow(progress_);
+    outcome_.leftOut = std::move(scan.leftOut);
+    room_ = freeBytes(request_.folder);
+    // What is asked for goes into few folders, mostly into one.
+    for (auto first = scan.items.begin(); first != scan.items.end();) {
+        const QString below = first->item.folder;
+        const auto last = std::find_if(first, scan.items.end(), [&below](const ScannedItem& one) {
+            return one.item.folder != below;
+        });
+        const std::vector<ScannedItem> group(std::make_move_iterator(first),
+                                             std::make_move_iterator(last));
+        QString path = request_.folder;
+        for (const QString& name : below.split(QLatin1Char('/'), Qt::SkipEmptyParts)) {
+            if (!request_.to->find(joinPath(path, name), call_))
+                request_.to->makeFolder(path, name, call_);
+            path = joinPath(path, name);
+        }
+        TargetFolder target = openTarget(path, namesOf(group));
+        copyInto(group, target);
+        first = last;
+    }
+}
+
+/// A folder that is there, with what it holds; leftovers are dealt with on the way.
+TargetFolder TreeCopy::openTarget(const QString& path, const QStringList& awaited) {
+    TargetFolder target(path, request_.to->nameRules(path), dateStep_);
+    Listing there = listAll(*request_.to, path, call_);
+    for (const FileItem& item :
+         tidied(*request_.to, std::move(there.items), target.rules(), awaited, call_))
+        target.addExisting(item);
+    for (const UnreadableEntry& entry : there.unreadable)
+        target.addUnreadable(lastComponent(entry.path), entry.error);
+    return target;
+}
+
+void TreeCopy::copyInto(const std::vector<ScannedItem>& items, TargetFolder& target) {
+    for (const ScannedItem& scanned : items) {
+        throwIfStopped(call_.stop);
+        try {
+            copyOne(scanned, target);
+        } catch (const Error& error) {
+            if (endsCopy(error))
+                throw;
+            progress_.currentFileBytes = 0;
+            progress_.currentFileTotal = 0;
+            outcome_.leftOut.push_back({scanned.item, error});
+            forgetFiles(scanned);
+        }
+    }
+}
+
+void TreeCopy::copyOne(const ScannedItem& scanned, TargetFolder& target) {
+    if (scanned.item.item.isDirectory)
+        copyFolder(scanned, target);
+    else
+        copyFileTo(scanned, target);
+}
+
+TargetFolder::Decision TreeCopy::place(const CopyItem& item, TargetFolder& target) {
+    return target.place(
+        item, {.policy = request_.policy ? request_.policy
+                                         : [](const NameClash&) { return ClashAnswer::keepBoth; },
+               .skipsSame = request_.skipsSame,
+               .ownPath = isOneFileSystem_ ? item.item.path : QString()});
+}
+
+void TreeCopy::copyFolder(const ScannedItem& scanned, TargetFolder& target) {
+    const CopyItem& item = scanned.item;
+    if (isOneFileSystem_ && isAtOrBelow(target.path(), item.item.path))
+        throw Error(PhoneError::insideItself, {item.item.path});
+    const TargetFolder::Decision decision = place(item, target);
+    if (const auto* error = std::get_if<Error>(&decision))
+        throw Error(*error);
+    if (const auto* make = std::get_if<TargetFolder::Make>(&decision)) {
+        const FileItem made = request_.to->makeFolder(target.path(), make->name, call_);
+        ++outcome_.folders;
+        noteMade(scanned, made.path, make->name);
+        TargetFolder inside(made.path, request_.to->nameRules(made.path), dateStep_);
+        copyInto(scanned.content, inside);
+    } else if (const auto* merge = std::get_if<TargetFolder::Merge>(&decision)) {
+        TargetFolder inside = openTarget(merge->existing.path, namesOf(scanned.content));
+        noteMade(scanned, merge->existing.path, merge->existing.name);
+        copyInto(scanned.content, inside);
+    } else {
+        ++outcome_.alreadyThere;
+        forgetFiles(scanned);
+        return;
+    }
+    if (request_.removesSource)
+        removeSource(item);
+}
+
+void TreeCopy::copyFileTo(const ScannedItem& scanned, TargetFolder& target) {
+    const CopyItem& item = scanned.item;
+    const TargetFolder::Decision decision = place(item, target);
+    if (const auto* error = std::get_if<Error>(&decision))
+        throw Error(*error);
+    if (std::holds_alternative<TargetFolder::Stay>(decision)) {
+        ++outcome_.alreadyThere;
+        --progress_.totalFiles;
+        progress_.totalBytes -= std::max<qint64>(item.item.size, 0);
+        return;
+    }
+    const auto* replace = std::get_if<TargetFolder::Replace>(&decision);
+    const QString name =
+        replace != nullptr ? replace->existing.name : std::get<TargetFolder::Make>(decision).name;
+    if (can_.largestFile > 0 && item.item.size > can_.largestFile)
+        throw Error(PhoneError::tooLarge, {item.item.path});
+    requireRoom(target.path(), item.item.size);
+    transfer(item, target.path(), name,
+             replace != nullptr ? std::optional(replace->existing) : std::nullopt);
+    noteMade(scanned, joinPath(target.path(), name), name);
+    if (request_.removesSource)
+        removeSource(item);
+}
+
+void TreeCopy::transfer(const CopyItem& item, const QString& folder, const QString& name,
+                        const std::optional<FileItem>& replaces) {
+    FileCopy copy{.from = *request_.from,
+                  .file = item.item,
+                  .to = *request_.to,
+                  .folder = folder,
+                  .name = name,
+                  .replaces = replaces,
+                  // A look at a file here costs nothing; at a phone it is one more request a file.
+                  .checksSource = !request_.from->queue() || request_.removesSource,
+                  .verifies = request_.verifies || request_.removesSource};
+    const qint64 announced = std::max<qint64>(item.item.size, 0);
+    progress_.currentFileTotal = announced;
+    const auto show = [&](qint64 done) {
+        progress_.currentFileBytes = std::min(done, announced);
+        pacer_->show(progress_);
+    };
+    FileItem made;
+    try {
+        made = copyFile(copy, show, call_);
+    } catch (const Error& error) {
+        // A phone's listing may be older than its files: once more, when it now says otherwise.
+        if (!saysChanged(error))
+            throw;
+        const auto now = request_.from->find(item.item.path, call_);
+        const bool isOther = !now || now->isDirectory || now->handle != item.item.handle;
+        if (isOther || isAsSeen(item.item, *now))
+            throw;
+        copy.file = *now;
+        made = copyFile(copy, show, call_);
+    }
+    progress_.currentFileBytes = 0;
+    progress_.currentFileTotal = 0;
+    ++progress_.completedFiles;
+    progress_.completedBytes = addByteCounts(progress_.completedBytes, announced);
+    pacer_->show(progress_);
+    ++outcome_.files;
+    outcome_.bytes = addByteCounts(outcome_.bytes, std::max<qint64>(made.size, 0));
+    if (room_)
+        *room_ -= std::min(*room_, static_cast<std::uint64_t>(announced));
+}
+
+/// Takes away what was copied, when it still is what was copied; a folder only when it is empty.
+void TreeCopy::removeSource(const CopyItem& item) {
+    PhoneFileSystem& from = *request_.from;
+    try {
+        const auto now = from.find(item.item.path, call_);
+        if (!now || now->isDirectory != item.item.isDirectory ||
+            (!now->isDirectory && !isAsSeen(item.item, *now)))
+            throw changedError(from, item.item.path);
+        from.remove(*now, call_);
+    } catch (const Error& error) {
+        if (endsCopy(error))
+            throw;
+        // What keeps a folder from going was left out, and is named already.
+        if (!error.is(PhoneError::folderNotEmpty) && !error.is(LocalError::folderNotEmpty))
+            outcome_.leftOut.push_back({item, error});
+    }
+}
+
+std::optional<std::uint64_t> TreeCopy::freeBytes(const QString& folder) {
+    try {
+        return request_.to->freeBytes(folder, call_);
+    } catch (const Error& error) {
+        if (endsCopy(error))
+            throw;
+        return std::nullopt; // then the target says when it is full
+    }
+}
+
+void TreeCopy::requireRoom(const QString& folder, qint64 bytes) {
+    const auto isTooMuch = [this, bytes] {
+        return room_ && bytes > 0 && static_cast<std::uint64_t>(bytes) > *room_;
+    };
+    if (isTooMuch())
+        room_ = freeBytes(folder); // our count may be worse than the truth
+    if (isTooMuch())
+        throw request_.to->queue() ? Error(PhoneError::full, {folder})
+                                   : Error(LocalError::full, {folder});
+}
+
+/// What is not copied after all is not waited for.
+void TreeCopy::forgetFiles(const ScannedItem& scanned) {
+    if (!scanned.item.item.isDirectory) {
+        --progress_.totalFiles;
+        progress_.totalBytes -= std::max<qint64>(scanned.item.item.size, 0);
+    }
+    for (const ScannedItem& child : scanned.content)
+        forgetFiles(child);
+}
+
+/// Where something that was asked for went.
+void TreeCopy::noteMade(const ScannedItem& scanned, const QString& path, const QString& name) {
+    if (!scanned.asked)
+        return;
+    outcome_.items[*scanned.asked].name = name;
+    outcome_.items[*scanned.asked].isContinued = true;
+    outcome_.made << path;
+}
+
+} // namespace tessary

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "phone/PhoneFileSystem.h"
+#include "phone/PhoneQueue.h"
+#include "transfer/copy/CopyScan.h"
+#include "transfer/copy/CopyTypes.h"
+#include "transfer/copy/ProgressPacer.h"
+#include "transfer/copy/TargetFolder.h"
+
+#include <memory>
+#include <optional>
+
+namespace tessary {
+
+/// What is to be copied where.
+struct TreeCopyRequest {
+    std::shared_ptr<PhoneFileSystem> from;
+    std::shared_ptr<PhoneFileSystem> to;
+    std::vector<CopyItem> items{};
+    QString folder; ///< at the target; is there
+
+    ClashPolicy policy{}; ///< empty: both are kept
+    /// Files that are there with the same size and date stay, before anything is asked: for "only
+    /// what is new", and to go on with a copy that broke off.
+    bool skipsSame = false;
+    bool verifies = false; ///< each copy is compared by hash
+    /// Each file goes from the source once its copy was compared, each folder once it is empty.
+    bool removesSource = false;
+};
+
+/// Copies files and folders from one file system to another, in either direction or between two
+/// phones. Names, clashes and leftovers are dealt with by the target's rules; each file arrives
+/// under a part name. What one item refuses is left out and named; a lost phone and a full target
+/// end the copy. Blocking, called off the main thread.
+class TreeCopy {
+public:
+    explicit TreeCopy(TreeCopyRequest request);
+
+    /// `progress` is called on this thread, about 15 times a second. Throws nothing that has to do
+    /// with files or phones; what callbacks throw passes through.
+    [[nodiscard]] CopyOutcome run(const CopyProgress& progress, const std::stop_token& stop);
+
+private:
+    void copyAll();
+    void copyInto(const std::vector<ScannedItem>& items, TargetFolder& target);
+    void copyOne(const ScannedItem& scanned, TargetFolder& target);
+    void copyFolder(const ScannedItem& scanned, TargetFolder& target);
+    void copyFileTo(const ScannedItem& scanned, TargetFolder& target);
+    void transfer(const CopyItem& item, const QString& folder, const QString& name,
+                  const std::optional<FileItem>& replaces);
+    void removeSource(const CopyItem& item);
+    [[nodiscard]] TargetFolder openTarget(const QString& path, const QStringList& awaited);
+    [[nodiscard]] TargetFolder::Decision place(const CopyItem& item, TargetFolder& target);
+    void requireRoom(const QString& folder, qint64 bytes);
+    [[nodiscard]] std::optional<std::uint64_t> freeBytes(const QString& folder);
+    void forgetFiles(const ScannedItem& scanned);
+    void noteMade(const ScannedItem& scanned, const QString& path, const QString& name);
+
+    const TreeCopyRequest request_;
+    const bool isOneFileSystem_;
+    Call call_;
+    ProgressPacer* pacer_ = nullptr; ///< while run() runs, as `call_`
+    FileSystemCapabilities can_;
+    std::chrono::milliseconds dateStep_{};
+    std::optional<std::uint64_t> room_; ///< bytes at the target, by our own count
+    TransferProgress progress_;
+    CopyOutcome outcome_;
+};
+
+} // namespace tessary

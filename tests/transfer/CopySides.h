@@ -1,0 +1,158 @@
+#pragma once
+
+#include "support/MemoryFileSystem.h"
+#include "support/TemporaryFolder.h"
+#include "transfer/copy/TreeCopy.h"
+#include "transfer/local/LocalFileSystem.h"
+
+#include <QDirIterator>
+#include <QMap>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace tessary {
+
+/// Files by their paths below the side's root; folders end in "/" and have no content.
+using Contents = QMap<QString, QByteArray>;
+
+/// One end of a copy in a test: a file system, and a way around it to fill it and to look at it.
+class CopySide {
+public:
+    virtual ~CopySide() = default;
+
+    [[nodiscard]] virtual std::shared_ptr<PhoneFileSystem> files() = 0;
+    [[nodiscard]] virtual QString root() const = 0;
+    virtual void put(const QString& path, const QByteArray& content, const QDateTime& date) = 0;
+    virtual void putFolder(const QString& path) = 0;
+    [[nodiscard]] virtual Contents contents() const = 0;
+
+    void fill(const Contents& contents, const QDateTime& date) {
+        for (auto entry = contents.begin(); entry != contents.end(); ++entry) {
+            if (entry.key().endsWith(QLatin1Char('/')))
+                putFolder(entry.key().chopped(1));
+            else
+                put(entry.key(), entry.value(), date);
+        }
+    }
+    [[nodiscard]] QString at(const QString& path) const {
+        return path.isEmpty() ? root() : joinPath(root(), path);
+    }
+    /// Everything at the top of it.
+    [[nodiscard]] std::vector<FileItem> items() {
+        return listAll(*files(), root(), {}).items;
+    }
+};
+
+class MemorySide final : public CopySide {
+public:
+    explicit MemorySide(MemoryFileSystem::Options options = {})
+        : memory(std::make_shared<MemoryFileSystem>(std::move(options))) {
+        memory->addFolder(root());
+    }
+
+    [[nodiscard]] std::shared_ptr<PhoneFileSystem> files() override {
+        return memory;
+    }
+    [[nodiscard]] QString root() const override {
+        return QStringLiteral("/side");
+    }
+    void put(const QString& path, const QByteArray& content, const QDateTime& date) override {
+        memory->addFile(at(path), content, date);
+    }
+    void putFolder(const QString& path) override {
+        memory->addFolder(at(path));
+    }
+    [[nodiscard]] Contents contents() const override {
+        Contents found;
+        for (const QString& path : memory->tree())
+            if (path.startsWith(joinPath(root(), {})) && path != joinPath(root(), {}))
+                found[path.mid(root().size() + 1)] = memory->content(path);
+        return found;
+    }
+
+    const std::shared_ptr<MemoryFileSystem> memory;
+};
+
+/// A side whose files lie in a folder of this computer: the disk itself, or a virtual phone.
+class FolderSide : public CopySide {
+public:
+    void put(const QString& path, const QByteArray& content, const QDateTime& date) override {
+        disk.write(QStringLiteral("side/") + path, content);
+        const timespec at{date.toSecsSinceEpoch(), 0};
+        const timespec times[] = {at, at};
+        ::utimensat(AT_FDCWD, disk.path(QStringLiteral("side/") + path).toUtf8().constData(), times,
+                    0);
+    }
+    void putFolder(const QString& path) override {
+        disk.makeFolder(QStringLiteral("side/") + path);
+    }
+    [[nodiscard]] Contents contents() const override {
+        Contents found;
+        const QString top = disk.path(QStringLiteral("side/"));
+        QDirIterator walk(top, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
+                          QDirIterator::Subdirectories);
+        while (walk.hasNext()) {
+            const QString path = walk.next().mid(top.size());
+            if (walk.fileInfo().isDir())
+                found[path + QLatin1Char('/')] = {};
+            else
+                found[path] = disk.read(QStringLiteral("side/") + path);
+        }
+        return found;
+    }
+
+protected:
+    FolderSide() {
+        disk.makeFolder(QStringLiteral("side"));
+    }
+    const TemporaryFolder disk;
+};
+
+class DiskSide final : public FolderSide {
+public:
+    [[nodiscard]] std::shared_ptr<PhoneFileSystem> files() override {
+        return files_;
+    }
+    [[nodiscard]] QString root() const override {
+        return disk.path(QStringLiteral("side"));
+    }
+
+private:
+    const std::shared_ptr<LocalFileSystem> files_ =
+        std::make_shared<LocalFileSystem>(disk.path(QStringLiteral("side")));
+};
+
+inline const QDateTime noon = QDateTime::fromSecsSinceEpoch(1'700'000'000);
+
+/// Long enough to be read by a thread.
+inline const QByteArray film(1'300'001, 'f');
+
+inline QString s(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+/// Everything at the top of one side, to the other.
+[[nodiscard]] inline TreeCopyRequest requestFor(CopySide& from, CopySide& to, ClashAnswer answer) {
+    TreeCopyRequest request{.from = from.files(), .to = to.files(), .folder = to.root()};
+    request.policy = [answer](const NameClash&) { return answer; };
+    for (const FileItem& item : from.items())
+        request.items.push_back({item, item.name});
+    return request;
+}
+
+[[nodiscard]] inline CopyOutcome run(TreeCopyRequest request) {
+    return TreeCopy(std::move(request)).run({}, {});
+}
+
+/// "name: code", sorted.
+[[nodiscard]] inline QStringList namesLeftOut(const CopyOutcome& outcome) {
+    QStringList names;
+    for (const LeftOut& one : outcome.leftOut)
+        names << one.item.name + QStringLiteral(": ") +
+                     QString::fromLatin1(one.error.code().name());
+    names.sort();
+    return names;
+}
+
+} // namespace tessary
