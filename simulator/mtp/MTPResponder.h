@@ -69,8 +69,9 @@ private:
     struct Pending {
         std::uint32_t handle = 0;
         std::uint32_t storageID = 0;
-        std::uint32_t announcedSize = 0; ///< 0xFFFFFFFF: any
-        bool isOnDisk = false;           ///< there already, empty or to be replaced
+        std::uint32_t announcedSize = 0;      ///< 0xFFFFFFFF: any
+        bool isOnDisk = false;                ///< there already, empty or to be replaced
+        std::optional<std::int64_t> modified; ///< seconds since 1970
     };
     class Arrival;
 

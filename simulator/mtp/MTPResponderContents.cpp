@@ -103,6 +103,8 @@ void MTPResponder::sendObjectInfo(Transaction& transaction) {
     pending.storageID = storageID;
     pending.handle = store_.reserve(storageID, parent, info->filename);
     pending.announcedSize = info->compressedSize;
+    if (info->dateModified)
+        pending.modified = info->dateModified->toSecsSinceEpoch();
     pending.isOnDisk = store_.exists(pending.handle);
     if (pending.isOnDisk)
         throw MTPRefusal(MTPResponseCode::generalError);
@@ -194,6 +196,8 @@ void MTPResponder::sendObject(Transaction& transaction) {
         throw *refusal;
     arrival->complete();
     arrival.reset();
+    if (pending->modified && !transaction.behaviour.datesFilesItself)
+        store_.setModified(pending->handle, *pending->modified);
     if (transaction.behaviour.forgetsSentHandle)
         store_.forget(pending->handle);
     transaction.link.pause(hooks_->sendObjectPause());

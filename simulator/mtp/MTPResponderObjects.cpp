@@ -56,7 +56,9 @@ void MTPResponder::getObjectHandles(Transaction& transaction) {
 }
 
 void MTPResponder::getObjectInfo(Transaction& transaction) {
-    const VirtualObject object = store_.object(transaction.command.parameter(0));
+    VirtualObject object = store_.object(transaction.command.parameter(0));
+    if (transaction.behaviour.parentsAreZero)
+        object.parent = 0;
     transaction.link.sendDataset(transaction.command, MTPResponderDatasets::objectInfo(
                                                           object, shownName(object),
                                                           transaction.behaviour.cutsSizesTo32Bits));

@@ -24,10 +24,14 @@ struct VirtualBehaviour {
     bool keepsPartialObjects = false;
     /// The handle from SendObjectInfo names nothing after SendObject.
     bool forgetsSentHandle = false;
+    /// A file gets the time of its arrival; the rule is the date in its ObjectInfo.
+    bool datesFilesItself = false;
     /// SendObjectInfo creates the object, empty, at once.
     bool createsObjectEarly = false;
     /// ObjectInfo holds the low 32 bits of a size instead of 0xFFFFFFFF.
     bool cutsSizesTo32Bits = false;
+    /// Every object says that it lies in the root.
+    bool parentsAreZero = false;
     /// A locked phone answers GetStorageIDs without a data phase.
     bool omitsEmptyStorageList = false;
 

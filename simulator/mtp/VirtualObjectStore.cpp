@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 
 namespace tessary {
@@ -262,6 +263,13 @@ void VirtualObjectStore::remove(std::uint32_t handle) {
     });
     if (!complete)
         throw MTPRefusal(MTPResponseCode::partialDeletion);
+}
+
+void VirtualObjectStore::setModified(std::uint32_t handle, std::int64_t secondsSinceEpoch) {
+    const std::array times{timespec{0, UTIME_OMIT},
+                           timespec{static_cast<time_t>(secondsSinceEpoch), 0}};
+    if (::utimensat(AT_FDCWD, pathOf(handle).c_str(), times.data(), AT_SYMLINK_NOFOLLOW) != 0)
+        throw refusalFor(errno);
 }
 
 void VirtualObjectStore::rename(std::uint32_t handle, const QString& name) {

@@ -66,6 +66,7 @@ public:
     /// Deletes an object with all that is in it; partialDeletion when something stays.
     void remove(std::uint32_t handle);
     [[nodiscard]] bool isEmptyFolder(std::uint32_t handle);
+    void setModified(std::uint32_t handle, std::int64_t secondsSinceEpoch);
     void rename(std::uint32_t handle, const QString& name);
     void move(std::uint32_t handle, std::uint32_t parent);
     /// The handle names nothing any more.

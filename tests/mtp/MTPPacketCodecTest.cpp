@@ -146,10 +146,11 @@ TEST(MTPObjectDataset, fieldsStandWhereTheLayoutSays) {
     EXPECT_EQ(info->filename, QStringLiteral("a.jpg"));
     EXPECT_EQ(info->dateCreated, QDateTime(QDate(2024, 1, 31), QTime(23, 59, 58)));
     EXPECT_EQ(info->dateModified, QDateTime(QDate(2024, 2, 1), QTime(0, 1, 2, 500)));
-    // All else stands in the same places when it is sent, and dates are not sent.
-    Bytes withoutDates(photo.begin(), photo.begin() + 52 + 13);
+    // All else stands in the same places when it is sent, without a date of creation.
+    const Bytes upToTheName(photo.begin(), photo.begin() + 52 + 13);
+    const Bytes modified = MTPPacketCodec::encodeString(QStringLiteral("20240201T000102"));
     EXPECT_EQ(MTPPacketCodec::encodeObjectInfo(*info),
-              withoutDates + hexBytes("00 00 04 'sun' 0000"));
+              upToTheName + hexBytes("00") + modified + hexBytes("04 'sun' 0000"));
 }
 
 TEST(MTPTruncation, everyDecoderStandsEveryCut) {

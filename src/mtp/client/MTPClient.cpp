@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <limits>
 
 namespace tessary {
@@ -27,21 +26,26 @@ bool isData(const MTPPacket& packet) {
 
 /// The device has no such property, whatever the object.
 bool isUnsupportedProperty(std::uint16_t response) {
-    constexpr std::uint16_t invalidObjectPropCode = 0xA801;
-    constexpr std::uint16_t objectPropNotSupported = 0xA80A;
     constexpr std::array codes{
         static_cast<std::uint16_t>(MTPResponseCode::operationNotSupported),
         static_cast<std::uint16_t>(MTPResponseCode::parameterNotSupported),
         static_cast<std::uint16_t>(MTPResponseCode::devicePropNotSupported),
         static_cast<std::uint16_t>(MTPResponseCode::invalidParameter),
-        invalidObjectPropCode,
-        objectPropNotSupported,
+        mtpInvalidObjectPropCode,
+        mtpObjectPropNotSupported,
     };
     return std::find(codes.begin(), codes.end(), response) != codes.end();
 }
 
 bool isResponse(const MTPPacket& packet) {
     return packet.header.type == MTPContainerType::response;
+}
+
+/// Something else came where data was due.
+[[noreturn]] void failWithoutData(const MTPPacket& packet, const QString& failure) {
+    if (isResponse(packet) && packet.header.code != rawOk)
+        throw MTPTransportError::refused(failure, packet.header.code);
+    throw MTPTransportError::underlying(failure);
 }
 
 /// The object handle among the parameters of a SendObjectInfo response: storage, parent, object.
@@ -86,6 +90,7 @@ MTPPipeState MTPClient::recover() {
 MTPPacket MTPClient::receiveResponse(std::chrono::milliseconds patience) {
     MTPPacket response = transport_->receivePacket(patience);
     isSettled_ = isResponse(response);
+    ++answered_;
     return response;
 }
 
@@ -93,6 +98,7 @@ MTPPacket MTPClient::receiveResponse(std::chrono::milliseconds patience) {
 MTPPacket MTPClient::receiveFirst() {
     MTPPacket first = transport_->receivePacket();
     isSettled_ = isResponse(first);
+    ++answered_;
     return first;
 }
 
@@ -207,46 +213,49 @@ void MTPClient::closeSession() {
     closeTransport();
 }
 
+MTPDeviceInfo MTPClient::getDeviceInfo() {
+    const std::scoped_lock lock(mutex_);
+    sendCommand(MTPOperationCode::getDeviceInfo, {});
+    const QString failure = QStringLiteral("Failed to parse DeviceInfo");
+    const Bytes dataset = receiveDataset(failure);
+    expectOk(QStringLiteral("GetDeviceInfo failed: 0x"));
+    if (auto info = MTPPacketCodec::decodeDeviceInfo(dataset))
+        return *std::move(info);
+    throw MTPTransportError::underlying(failure);
+}
+
 std::vector<std::uint32_t> MTPClient::getStorageIDs() {
     const std::scoped_lock lock(mutex_);
     sendCommand(MTPOperationCode::getStorageIDs, {});
     const MTPPacket first = receiveFirst();
     if (isResponse(first) && first.header.code == rawOk)
         return {};
-    if (!isData(first)) {
-        const MTPContainerHeader& header = first.header;
-        const QString type = mtpContainerTypeName(header.type);
-        std::printf("Received unexpected packet instead of DATA: length=%u, type=%s, code=0x%s, "
-                    "txID=%u\n",
-                    header.length, qUtf8Printable(type), qUtf8Printable(hexadecimal(header.code)),
-                    header.transactionID);
-        throw MTPTransportError::underlying(
-            QStringLiteral("Expected data packet for GetStorageIDs (got type %1, code 0x%2)")
-                .arg(type, hexadecimal(header.code)));
-    }
+    if (!isData(first))
+        failWithoutData(first, QStringLiteral("Expected data packet for GetStorageIDs (got type "
+                                              "%1, code 0x%2)")
+                                   .arg(mtpContainerTypeName(first.header.type),
+                                        hexadecimal(first.header.code)));
     expectOk(QStringLiteral("GetStorageIDs failed: 0x"));
     return MTPPacketCodec::decodeStorageIDs(first.payload);
 }
 
-/// The payload of a data container, or no value when the device sent something else. The response
-/// has not been read.
-std::optional<Bytes> MTPClient::receiveDataset() {
+/// The payload of the data container that a command asks for. A refusal, or whatever else comes in
+/// its place, is an error with this text.
+Bytes MTPClient::receiveDataset(const QString& failure) {
     MTPPacket first = receiveFirst();
     if (!isData(first))
-        return std::nullopt;
+        failWithoutData(first, failure);
     return std::move(first.payload);
 }
 
 MTPStorageInfo MTPClient::getStorageInfo(std::uint32_t storageID) {
     const std::scoped_lock lock(mutex_);
     sendCommand(MTPOperationCode::getStorageInfo, {storageID});
-    const auto dataset = receiveDataset();
-    const auto info =
-        dataset ? MTPPacketCodec::decodeStorageInfo(*dataset, storageID) : std::nullopt;
+    const QString failure = QStringLiteral("Failed to parse StorageInfo");
+    const auto info = MTPPacketCodec::decodeStorageInfo(receiveDataset(failure), storageID);
     if (!info) {
-        if (dataset)
-            skipResponse();
-        throw MTPTransportError::underlying(QStringLiteral("Failed to parse StorageInfo"));
+        skipResponse();
+        throw MTPTransportError::underlying(failure);
     }
     expectOk(QStringLiteral("GetStorageInfo response error: 0x"));
     return *info;
@@ -255,16 +264,16 @@ MTPStorageInfo MTPClient::getStorageInfo(std::uint32_t storageID) {
 std::optional<int> MTPClient::getBatteryLevel() {
     const std::scoped_lock lock(mutex_);
     sendCommand(MTPOperationCode::getDevicePropValue, {mtpBatteryLevelProperty});
-    const auto value = receiveDataset();
-    if (!value)
+    const MTPPacket first = receiveFirst();
+    if (!isData(first))
         return std::nullopt;
-    if (value->empty()) {
+    if (first.payload.empty()) {
         skipResponse();
         return std::nullopt;
     }
     if (receiveResponse().header.code != rawOk)
         return std::nullopt;
-    return static_cast<int>(value->front());
+    return static_cast<int>(first.payload.front());
 }
 
 std::vector<std::uint32_t> MTPClient::getObjectHandles(std::uint32_t storageID,
@@ -283,13 +292,11 @@ std::vector<std::uint32_t> MTPClient::getObjectHandles(std::uint32_t storageID,
 MTPObjectInfo MTPClient::getObjectInfo(std::uint32_t handle) {
     const std::scoped_lock lock(mutex_);
     sendCommand(MTPOperationCode::getObjectInfo, {handle});
-    const auto dataset = receiveDataset();
-    auto info = dataset ? MTPPacketCodec::decodeObjectInfo(*dataset, handle) : std::nullopt;
+    const QString failure = QStringLiteral("Failed to parse ObjectInfo for handle %1").arg(handle);
+    auto info = MTPPacketCodec::decodeObjectInfo(receiveDataset(failure), handle);
     if (!info) {
-        if (dataset)
-            skipResponse();
-        throw MTPTransportError::underlying(
-            QStringLiteral("Failed to parse ObjectInfo for handle %1").arg(handle));
+        skipResponse();
+        throw MTPTransportError::underlying(failure);
     }
     expectOk(QStringLiteral("GetObjectInfo failed: 0x"));
     if (info->compressedSize == full32Bits)

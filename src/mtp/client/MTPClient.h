@@ -2,6 +2,7 @@
 
 #include "mtp/client/MTPTransport.h"
 
+#include <atomic>
 #include <initializer_list>
 #include <memory>
 #include <mutex>
@@ -28,9 +29,14 @@ public:
     /// Opens the transport and a session. A session that an earlier client left open is closed
     /// first; stale data in the pipe is drained once. After a failure the transport is closed.
     void openSession(std::uint32_t sessionID);
+    /// How often the device has answered so far.
+    [[nodiscard]] std::uint64_t answered() const {
+        return answered_;
+    }
     /// Closes session and transport. Whatever the device answers, or does not, is ignored.
     void closeSession();
 
+    [[nodiscard]] MTPDeviceInfo getDeviceInfo();
     [[nodiscard]] std::vector<std::uint32_t> getStorageIDs();
     [[nodiscard]] MTPStorageInfo getStorageInfo(std::uint32_t storageID);
     /// Percent; no value when the device does not tell.
@@ -52,6 +58,13 @@ public:
     std::uint64_t getObject(std::uint32_t handle, const MTPDataSink& sink,
                             const MTPStreamOptions& options = {});
 
+    /// `length` bytes of an object from `offset` on, or fewer at its end: never asked for beyond
+    /// it, where some devices hang. With GetPartialObject64 where `isWide`, else with
+    /// GetPartialObject, for which `offset` fits 32 bits. Broken off as getObject.
+    std::uint64_t getPartialObject(std::uint32_t handle, std::uint64_t offset, std::uint32_t length,
+                                   bool isWide, const MTPDataSink& sink,
+                                   const MTPStreamOptions& options = {});
+
     /// Sends a new object. The result is the handle that the device announced, or 0; devices
     /// disagree on its worth, so look the object up by listing its parent. An object that the
     /// device made for an upload that then failed stays there.
@@ -61,6 +74,9 @@ public:
     std::uint32_t sendObject(const MTPDataSource& source, std::uint64_t size,
                              const QString& filename, std::uint32_t parentHandle,
                              std::uint32_t storageID, const MTPStreamOptions& options = {});
+    /// The same with all that `object` says of it: storage, parent, name, date of the last change.
+    std::uint32_t sendObject(MTPObjectInfo object, const MTPDataSource& source, std::uint64_t size,
+                             const MTPStreamOptions& options);
     /// The result as that of sendObject().
     std::uint32_t createFolder(const QString& name, std::uint32_t parentHandle,
                                std::uint32_t storageID);
@@ -73,6 +89,9 @@ public:
 private:
     using Parameters = std::initializer_list<std::uint32_t>;
 
+    std::uint64_t receiveObject(MTPOperationCode operation, Parameters parameters,
+                                const QString& failure, const MTPDataSink& sink,
+                                const MTPStreamOptions& options);
     std::uint32_t sendCommand(MTPOperationCode operation, Parameters parameters);
     MTPPipeState recover();
     void sendData(MTPOperationCode operation, std::uint32_t transactionID, ByteView payload);
@@ -86,10 +105,11 @@ private:
     [[nodiscard]] MTPPacket openSessionAnswer();
     [[nodiscard]] std::optional<MTPPacket> receiveAnswerOrStaleData();
     void closeTransport();
-    [[nodiscard]] std::optional<Bytes> receiveDataset();
+    [[nodiscard]] Bytes receiveDataset(const QString& failure);
     [[nodiscard]] std::optional<std::uint64_t> objectSizeLocked(std::uint32_t handle);
     std::uint32_t sendObjectInfo(const MTPObjectInfo& info, const QString& failure);
 
+    std::atomic<std::uint64_t> answered_ = 0;
     std::mutex mutex_; ///< held during each call; guards everything below
     const std::unique_ptr<MTPTransportProtocol> transport_;
     std::uint32_t sessionID_ = 0;

@@ -46,10 +46,30 @@ Bytes MTPClient::getObject(std::uint32_t handle) {
 
 std::uint64_t MTPClient::getObject(std::uint32_t handle, const MTPDataSink& sink,
                                    const MTPStreamOptions& options) {
+    return receiveObject(MTPOperationCode::getObject, {handle},
+                         QStringLiteral("GetObject failed: 0x"), sink, options);
+}
+
+std::uint64_t MTPClient::getPartialObject(std::uint32_t handle, std::uint64_t offset,
+                                          std::uint32_t length, bool isWide,
+                                          const MTPDataSink& sink,
+                                          const MTPStreamOptions& options) {
+    const auto low = static_cast<std::uint32_t>(offset);
+    const auto high = static_cast<std::uint32_t>(offset >> 32);
+    const QString failure = QStringLiteral("GetPartialObject failed: 0x");
+    return isWide ? receiveObject(MTPOperationCode::androidGetPartialObject64,
+                                  {handle, low, high, length}, failure, sink, options)
+                  : receiveObject(MTPOperationCode::getPartialObject, {handle, low, length},
+                                  failure, sink, options);
+}
+
+/// The data phase of an operation that sends an object's content, or a part of it.
+std::uint64_t MTPClient::receiveObject(MTPOperationCode operation, Parameters parameters,
+                                       const QString& failure, const MTPDataSink& sink,
+                                       const MTPStreamOptions& options) {
     const std::scoped_lock lock(mutex_);
     throwIfStopped(options.stop);
-    const QString failure = QStringLiteral("GetObject failed: 0x");
-    sendCommand(MTPOperationCode::getObject, {handle});
+    sendCommand(operation, parameters);
     std::uint64_t received = 0;
     const MTPDataSink countingSink = [&](ByteView bytes) {
         sink(bytes);
@@ -87,6 +107,15 @@ std::uint32_t MTPClient::sendObject(ByteView data, const QString& filename,
 std::uint32_t MTPClient::sendObject(const MTPDataSource& source, std::uint64_t size,
                                     const QString& filename, std::uint32_t parentHandle,
                                     std::uint32_t storageID, const MTPStreamOptions& options) {
+    MTPObjectInfo object;
+    object.storageID = storageID;
+    object.parentObject = parentHandle;
+    object.filename = filename;
+    return sendObject(std::move(object), source, size, options);
+}
+
+std::uint32_t MTPClient::sendObject(MTPObjectInfo object, const MTPDataSource& source,
+                                    std::uint64_t size, const MTPStreamOptions& options) {
     const std::scoped_lock lock(mutex_);
     // A transfer that fails before its first bytes has not begun: a device may miss a cancellation
     // that comes before data does.
@@ -95,12 +124,9 @@ std::uint32_t MTPClient::sendObject(const MTPDataSource& source, std::uint64_t s
     const MTPDataSource whole = [&](std::span<std::byte> buffer) {
         return first.empty() ? source(buffer) : takeFront(first, buffer);
     };
-    MTPObjectInfo info;
-    info.storageID = storageID;
-    info.parentObject = parentHandle;
-    info.filename = filename;
-    info.compressedSize = static_cast<std::uint32_t>(std::min<std::uint64_t>(size, full32Bits));
-    const std::uint32_t handle = sendObjectInfo(info, QStringLiteral("SendObjectInfo failed: 0x"));
+    object.compressedSize = static_cast<std::uint32_t>(std::min<std::uint64_t>(size, full32Bits));
+    const std::uint32_t handle =
+        sendObjectInfo(object, QStringLiteral("SendObjectInfo failed: 0x"));
     if (options.accepted)
         options.accepted(handle);
 

@@ -3,11 +3,11 @@
 #include "base/local/LocalSource.h"
 #include "mtp/files/MTPSession.h"
 #include "mtp/files/MTPUpload.h"
-#include "phone/records/DeviceInfo.h"
 #include "phone/DeviceLane.h"
+#include "phone/TransferOutcome.h"
+#include "phone/records/DeviceInfo.h"
 #include "phone/records/FileItem.h"
 #include "phone/records/LiveDeviceInfo.h"
-#include "phone/TransferOutcome.h"
 #include "platform/usb/USBBus.h"
 
 #include <QHash>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "mtp/files/MTPFolderContents.h"
+#include "mtp/objects/MTPFolderContents.h"
 
 #include <QHash>
 #include <QString>

@@ -12,12 +12,6 @@ namespace tessary {
 // What paths and listed entries stand for in a session. Failures are TessaryError::fileIOError,
 // and those of MTPSession.
 
-/// An object and where it lies.
-struct MTPFound {
-    MTPLocation location;
-    MTPResolvedObject object;
-};
-
 /// "No storage available"
 [[nodiscard]] const QString& noMTPStorageText();
 

@@ -35,16 +35,6 @@ MTPDeviceAddress mtpAddressOf(const DeviceInfo& device) {
     return address;
 }
 
-QString MTPLocation::shownPath() const {
-    if (prefix.isEmpty())
-        return path;
-    return isRoot() ? prefix : prefix + path;
-}
-
-MTPLocation MTPLocation::child(const QString& name) const {
-    return {storageID, joinPath(path, name), prefix};
-}
-
 MTPSession::MTPSession(USBBus& bus, const DeviceInfo& device, MTPHandleCache& cache)
     : deviceKey_(MTPHandleCache::deviceKey(device.udid, device.usbLocation)),
       cache_(cache),

@@ -3,6 +3,7 @@
 #include "mtp/client/MTPClient.h"
 #include "mtp/client/MTPInterfaceConnection.h"
 #include "mtp/files/MTPHandleCache.h"
+#include "mtp/objects/MTPLocation.h"
 #include "phone/records/DeviceInfo.h"
 #include "platform/usb/USBBus.h"
 
@@ -15,31 +16,6 @@
 #include <vector>
 
 namespace tessary {
-
-/// A place on one storage of a device.
-struct MTPLocation {
-    std::uint32_t storageID = 0;
-    QString path;   ///< storage-relative, begins with "/", no "/" at the end but for the root
-    QString prefix; ///< what stands in front of `path` for the user: "" for the first storage,
-                    ///< "/storage/<id>" for every other one
-
-    [[nodiscard]] bool isRoot() const {
-        return path.size() == 1;
-    }
-    /// The path as the user addresses it.
-    [[nodiscard]] QString shownPath() const;
-    [[nodiscard]] MTPLocation child(const QString& name) const;
-};
-
-/// What a location stands for on the device.
-struct MTPResolvedObject {
-    std::uint32_t handle = mtpRootHandle;
-    std::optional<MTPObjectInfo> info; ///< none for the root of a storage
-
-    [[nodiscard]] bool isDirectory() const {
-        return !info || info->isDirectory();
-    }
-};
 
 /// How the transport finds a device.
 [[nodiscard]] MTPDeviceAddress mtpAddressOf(const DeviceInfo& device);

@@ -93,6 +93,11 @@ enum class MTPResponseCode : std::uint16_t {
     destinationUnsupported = 0x2020,
 };
 
+/// Responses of the object property operations.
+inline constexpr std::uint16_t mtpInvalidObjectPropCode = 0xA801;
+inline constexpr std::uint16_t mtpObjectTooLarge = 0xA809;
+inline constexpr std::uint16_t mtpObjectPropNotSupported = 0xA80A;
+
 /// Events of the interrupt pipe.
 enum class MTPEventCode : std::uint16_t {
     undefined = 0x4000,

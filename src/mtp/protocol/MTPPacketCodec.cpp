@@ -174,6 +174,43 @@ std::vector<std::uint32_t> MTPPacketCodec::decodeObjectHandles(ByteView from) {
     return decodeArray(from);
 }
 
+std::optional<MTPDeviceInfo> MTPPacketCodec::decodeDeviceInfo(ByteView from) {
+    constexpr std::size_t fixedSize = 8;
+    if (from.size() < fixedSize)
+        return std::nullopt;
+    MTPDeviceInfo info;
+    std::size_t at = fixedSize;
+    bool isWhole = true;
+    const auto text = [&] {
+        const auto decoded = isWhole ? decodeString(from, at) : std::nullopt;
+        isWhole = decoded.has_value();
+        at += decoded ? decoded->second : 0;
+        return decoded ? decoded->first : QString();
+    };
+    const auto codes = [&] {
+        std::vector<std::uint16_t> values;
+        const std::size_t left = from.size() - std::min(at, from.size());
+        const std::size_t count = left < 4 ? 0 : readLittleEndian<std::uint32_t>(from, at);
+        isWhole = isWhole && left >= 4 && count <= (left - 4) / 2;
+        for (std::size_t i = 0; isWhole && i < count; ++i)
+            values.push_back(readLittleEndian<std::uint16_t>(from, at + 4 + 2 * i));
+        at += isWhole ? 4 + 2 * count : 0;
+        return values;
+    };
+    info.vendorExtensions = text();
+    at += 2; // mode
+    info.operations = codes();
+    info.events = codes();
+    info.deviceProperties = codes();
+    (void)codes(); // capture formats
+    (void)codes(); // playback formats
+    info.manufacturer = text();
+    info.model = text();
+    info.version = text();
+    info.serialNumber = text();
+    return info;
+}
+
 std::optional<MTPStorageInfo> MTPPacketCodec::decodeStorageInfo(ByteView from,
                                                                 std::uint32_t storageID) {
     if (from.size() < storageInfoFixedSize)
@@ -237,7 +274,8 @@ Bytes MTPPacketCodec::encodeObjectInfo(const MTPObjectInfo& info) {
     appendLittleEndian(bytes, info.associationType);
     appendLittleEndian(bytes, info.associationDesc);
     appendLittleEndian(bytes, info.sequenceNumber);
-    for (const QString& text : {info.filename, QString(), QString(), info.keywords}) {
+    const QString modified = info.dateModified ? formatMTPDate(*info.dateModified) : QString();
+    for (const QString& text : {info.filename, QString(), modified, info.keywords}) {
         const Bytes encoded = encodeString(text);
         bytes.insert(bytes.end(), encoded.begin(), encoded.end());
     }

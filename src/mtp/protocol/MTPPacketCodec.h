@@ -33,6 +33,16 @@ public:
     [[nodiscard]] static std::vector<std::uint32_t> decodeStorageIDs(ByteView from);
     [[nodiscard]] static std::vector<std::uint32_t> decodeObjectHandles(ByteView from);
 
+    /// DeviceInfo dataset, at least 8 bytes:
+    ///
+    ///      0 u16 version   2 u32 vendor extension   6 u16 its version
+    ///      8 string extensions, u16 mode, then arrays of u16 (a u32 count, then the values) of
+    ///        operations, events, device properties, capture formats and playback formats, then
+    ///        strings manufacturer, model, version, serial number
+    ///
+    /// What cannot be read, and all behind it, is empty.
+    [[nodiscard]] static std::optional<MTPDeviceInfo> decodeDeviceInfo(ByteView from);
+
     /// StorageInfo dataset, at least 26 bytes:
     ///
     ///      0 u16 storageType    2 u16 fileSystemType     4 u16 accessCapability
@@ -57,8 +67,8 @@ public:
     [[nodiscard]] static std::optional<MTPObjectInfo> decodeObjectInfo(ByteView from,
                                                                        std::uint32_t handle);
 
-    /// The same dataset for SendObjectInfo. Both date strings are always empty: devices date what
-    /// they receive themselves.
+    /// The same dataset for SendObjectInfo. The date of creation is always empty; that of the last
+    /// change is what devices give the file that they make.
     [[nodiscard]] static Bytes encodeObjectInfo(const MTPObjectInfo& info);
 
     /// MTP string: one byte with the number of UTF-16 units including the terminator (0 for the

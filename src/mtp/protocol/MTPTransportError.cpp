@@ -41,7 +41,11 @@ MTPTransportError MTPTransportError::pipe(const QString& what, USBCode code) {
 }
 
 MTPTransportError MTPTransportError::refusal(const QString& failure, std::uint16_t response) {
-    MTPTransportError error = underlying(failure + QString::number(response, 16).toUpper());
+    return refused(failure + QString::number(response, 16).toUpper(), response);
+}
+
+MTPTransportError MTPTransportError::refused(const QString& message, std::uint16_t response) {
+    MTPTransportError error = underlying(message);
     error.response_ = response;
     return error;
 }

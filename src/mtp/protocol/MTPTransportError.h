@@ -35,6 +35,9 @@ public:
     /// `underlying` for a device's refusal: `failure` and the response code in hexadecimal.
     [[nodiscard]] static MTPTransportError refusal(const QString& failure, std::uint16_t response);
 
+    /// The same with words that do not name the code.
+    [[nodiscard]] static MTPTransportError refused(const QString& message, std::uint16_t response);
+
     [[nodiscard]] Case kind() const {
         return kind_;
     }

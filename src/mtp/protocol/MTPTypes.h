@@ -6,8 +6,10 @@
 #include <QDateTime>
 #include <QString>
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 namespace tessary {
 
@@ -39,6 +41,25 @@ struct MTPPacket {
     bool operator==(const MTPPacket&) const = default;
 };
 
+/// What a device says that it is and can do.
+struct MTPDeviceInfo {
+    QString vendorExtensions;
+    std::vector<std::uint16_t> operations;       ///< raw codes, as announced
+    std::vector<std::uint16_t> events;           ///< raw codes
+    std::vector<std::uint16_t> deviceProperties; ///< raw codes
+    QString manufacturer;
+    QString model;
+    QString version;
+    QString serialNumber;
+
+    [[nodiscard]] bool announces(MTPOperationCode operation) const {
+        return std::find(operations.begin(), operations.end(),
+                         static_cast<std::uint16_t>(operation)) != operations.end();
+    }
+
+    bool operator==(const MTPDeviceInfo&) const = default;
+};
+
 /// One storage of a device, as the device describes it. Sizes are the device's word: free space
 /// may exceed the capacity or any sane number.
 struct MTPStorageInfo {
@@ -54,6 +75,9 @@ struct MTPStorageInfo {
 
     [[nodiscard]] bool isRemovable() const {
         return storageType == 4;
+    }
+    [[nodiscard]] bool isReadOnly() const {
+        return accessCapability != 0;
     }
     [[nodiscard]] std::uint64_t usedSpaceInBytes() const {
         return freeSpaceInBytes > maxCapacity ? 0 : maxCapacity - freeSpaceInBytes;

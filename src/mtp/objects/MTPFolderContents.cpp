@@ -1,4 +1,4 @@
-#include "mtp/files/MTPFolderContents.h"
+#include "mtp/objects/MTPFolderContents.h"
 
 #include "phone/PhoneNames.h"
 

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "mtp/protocol/MTPError.h"
+#include "mtp/protocol/MTPTransportError.h"
+#include "phone/PhoneError.h"
+
+#include <QString>
+
+namespace tessary {
+
+/// What a failure of the connection means for whoever works on `path`: the one place where the
+/// device's response codes and the platform's USB codes become a PhoneError. The cause below it
+/// keeps the code.
+[[nodiscard]] Error phoneErrorOf(const MTPTransportError& failure, const QString& path);
+
+/// Whether nothing more can be done on the session after this failure.
+[[nodiscard]] bool endsSession(const MTPTransportError& failure);
+
+} // namespace tessary

@@ -1,0 +1,338 @@
+#include "mtp/objects/MTPTree.h"
+
+#include "base/text/PathNames.h"
+#include "base/threads/CancellationError.h"
+#include "mtp/objects/MTPFailures.h"
+#include "phone/DevicePath.h"
+
+#include <QSet>
+#include <QStringList>
+
+#include <algorithm>
+#include <atomic>
+
+namespace tessary {
+
+namespace {
+
+/// Where some devices list the root of a storage that others list under 0xFFFFFFFF.
+constexpr std::uint32_t alternativeRoot = 0;
+
+/// Bounds of the memory that a run of many hours over huge trees may take.
+constexpr qsizetype mostHints = 20'000;
+constexpr qsizetype mostFolders = 16;
+
+bool isRootHandle(std::uint32_t handle) {
+    return handle == mtpRootHandle || handle == alternativeRoot;
+}
+
+std::uint64_t nextSerial() {
+    static std::atomic<std::uint64_t> last = 0;
+    return ++last;
+}
+
+/// An empty card slot is listed as a storage whose low half is 0.
+bool isUsable(std::uint32_t storageID) {
+    return (storageID & 0xFFFF) != 0;
+}
+
+} // namespace
+
+MTPTree::MTPTree(std::unique_ptr<MTPTransportProtocol> transport, MTPFolderHints& hints)
+    : hints_(hints), serial_(nextSerial()), client_(std::move(transport)) {
+    client_.openSession(1);
+}
+
+MTPTree::~MTPTree() {
+    client_.closeSession();
+}
+
+const std::vector<std::uint32_t>& MTPTree::storageIDs() {
+    if (!storageIDs_) {
+        std::vector<std::uint32_t> ids = client_.getStorageIDs();
+        std::erase_if(ids, [](std::uint32_t id) { return !isUsable(id); });
+        if (ids.empty())
+            throw Error(PhoneError::noStorage);
+        storageIDs_ = std::move(ids);
+    }
+    return *storageIDs_;
+}
+
+MTPLocation MTPTree::locate(const QString& path) {
+    const std::vector<std::uint32_t>& storages = storageIDs();
+    QStringList components = storageRelativePath(path).split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    MTPLocation location{storages.front(), {}, {}};
+    if (components.size() >= 2 && components[0] == QLatin1StringView("storage")) {
+        bool isNumber = false;
+        const std::uint32_t wanted = components[1].toUInt(&isNumber);
+        if (isNumber && std::find(storages.begin(), storages.end(), wanted) != storages.end()) {
+            location.prefix = QStringLiteral("/storage/") + components[1];
+            location.storageID = wanted;
+            components.remove(0, 2);
+        }
+    }
+    location.path = QLatin1Char('/') + components.join(QLatin1Char('/'));
+    return location;
+}
+
+MTPTree::Known& MTPTree::known(std::uint32_t storageID, std::uint32_t folder) {
+    const FolderKey key(storageID, folder);
+    if (!folders_.contains(key) && folders_.size() >= mostFolders)
+        folders_.clear();
+    Known& one = folders_[key];
+    if (one.contents.folder() != folder || Clock::now() - one.readAt > lifetime)
+        one = {MTPFolderContents(folder), false, Clock::now(), {}};
+    return one;
+}
+
+void MTPTree::doubt() {
+    folders_.clear();
+}
+
+bool MTPTree::knows(const MTPFound& folder, std::uint32_t handle) const {
+    const auto one = folders_.constFind({folder.location.storageID, folder.object.handle});
+    return one != folders_.cend() && one->contents.contains(handle);
+}
+
+void MTPTree::added(const MTPFound& folder, const MTPObjectInfo& info) {
+    const auto one = folders_.find({folder.location.storageID, folder.object.handle});
+    if (one != folders_.end())
+        one->contents.insert(info);
+    remember(folder.location.child(info.filename), info);
+}
+
+void MTPTree::removed(const MTPFound& object) {
+    const std::uint32_t storageID = object.location.storageID;
+    if (object.object.isDirectory()) {
+        folders_.remove({storageID, object.object.handle});
+        hints_.remove({storageID, object.location.path});
+    }
+    const auto folder = folders_.find({storageID, object.parent});
+    if (folder != folders_.end())
+        folder->contents.remove(object.object.handle);
+}
+
+void MTPTree::remember(const MTPLocation& location, const MTPObjectInfo& info) {
+    if (!info.isDirectory())
+        return;
+    if (hints_.size() >= mostHints)
+        hints_.clear();
+    hints_.insert({location.storageID, location.path}, info.id);
+}
+
+bool MTPTree::isIn(const MTPObjectInfo& info, std::uint32_t folder) {
+    if (info.parentObject == folder || (isRootHandle(folder) && isRootHandle(info.parentObject)))
+        return true;
+    if (!parentsAreZero_ || info.parentObject != 0)
+        return false;
+    const auto listed = childHandles(info.storageID, folder);
+    return std::find(listed.begin(), listed.end(), info.id) != listed.end();
+}
+
+std::optional<MTPObjectInfo> MTPTree::confirm(std::uint32_t handle, const QString& name,
+                                              std::uint32_t storageID, std::uint32_t folder) {
+    try {
+        MTPObjectInfo info = client_.getObjectInfo(handle);
+        // The roots of two storages have one handle: only the storage tells their entries apart.
+        if (info.filename == name && info.storageID == storageID && isIn(info, folder))
+            return info;
+    } catch (const MTPTransportError& error) {
+        if (endsSession(error))
+            throw;
+    }
+    return std::nullopt;
+}
+
+std::optional<MTPFound> MTPTree::resolve(const MTPLocation& location, bool mustBeCurrent,
+                                         const std::stop_token& stop) {
+    MTPFound found{location, {}};
+    MTPLocation at{location.storageID, QStringLiteral("/"), location.prefix};
+    const QStringList names = location.path.split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    for (qsizetype i = 0; i < names.size(); ++i) {
+        if (!found.object.isDirectory())
+            return std::nullopt;
+        const bool isLast = i + 1 == names.size();
+        found.parent = found.object.handle;
+        auto child = resolveChild(at, found.parent, names[i], mustBeCurrent && isLast, stop);
+        if (!child)
+            return std::nullopt;
+        found.object = *std::move(child);
+        at = at.child(names[i]);
+    }
+    return found;
+}
+
+std::optional<MTPResolvedObject> MTPTree::resolveChild(const MTPLocation& folder,
+                                                       std::uint32_t folderHandle,
+                                                       const QString& name, bool mustBeCurrent,
+                                                       const std::stop_token& stop) {
+    const MTPLocation location = folder.child(name);
+    Known& parent = known(folder.storageID, folderHandle);
+    const auto found = [&](const MTPObjectInfo& info) {
+        remember(location, info);
+        return MTPResolvedObject{info.id, info};
+    };
+    const MTPObjectInfo* listed = parent.contents.find(name);
+    if (listed && parent.isFresh() && !mustBeCurrent)
+        return found(*listed);
+    const auto hint = hints_.constFind({folder.storageID, location.path});
+    for (const std::uint32_t handle : {listed ? listed->id : 0, hint == hints_.cend() ? 0 : *hint})
+        if (const auto info = handle == 0 ? std::nullopt
+                                          : confirm(handle, name, folder.storageID, folderHandle)) {
+            parent.contents.insert(*info);
+            return found(*info);
+        }
+    if (listed)
+        parent.contents.remove(listed->id); // it is not what it was
+    else if (parent.isFreshWhole() && !parent.contents.hasNameOnly(name))
+        return std::nullopt;
+    std::optional<MTPObjectInfo> match;
+    readChildren(
+        folder.storageID, parent,
+        [&](const MTPObjectInfo& info) {
+            // What says that it lies elsewhere is not meant by a path in this folder.
+            const bool saysItIs =
+                info.parentObject == folderHandle || isRootHandle(info.parentObject);
+            if (info.filename == name && saysItIs)
+                match = info;
+            return !match;
+        },
+        {}, stop);
+    return match ? std::optional(found(*match)) : std::nullopt;
+}
+
+std::optional<MTPFound> MTPTree::tryBoth(const QString& path, bool mustBeCurrent,
+                                         const std::stop_token& stop) {
+    const QString trimmed = path.trimmed();
+    for (const QString& candidate : {path, trimmed}) {
+        if (auto found = resolve(locate(candidate), mustBeCurrent, stop))
+            return found;
+        if (candidate == trimmed)
+            break;
+    }
+    return std::nullopt;
+}
+
+std::optional<MTPFound> MTPTree::find(const QString& path, const std::stop_token& stop) {
+    return tryBoth(path, true, stop);
+}
+
+MTPFound MTPTree::requireFolder(const QString& path, const std::stop_token& stop) {
+    auto found = tryBoth(path, false, stop);
+    if (!found)
+        throw Error(PhoneError::notFound, {path});
+    if (!found->object.isDirectory())
+        throw Error(PhoneError::notAFolder, {path});
+    return *std::move(found);
+}
+
+MTPFound MTPTree::findItem(const FileItem& item, const std::stop_token& stop) {
+    // A name may be empty or hold "/", so that the item's path alone does not tell the folder.
+    const QString ending = QLatin1Char('/') + item.name;
+    const bool isEntry = item.path.endsWith(ending) && (item.handle || !item.name.isEmpty());
+    std::optional<MTPFound> found;
+    if (!isEntry) {
+        found = find(item.path, stop);
+        const bool isStorage = found && !found->object.info; // which has no name of its own
+        if (isStorage)
+            return *std::move(found);
+    } else {
+        const MTPFound folder =
+            requireFolder(item.path.chopped(ending.size()) + QLatin1Char('/'), stop);
+        const std::uint32_t storageID = folder.location.storageID;
+        const MTPLocation location = folder.location.child(item.name);
+        if (item.handle)
+            if (auto info = confirm(*item.handle, item.name, storageID, folder.object.handle))
+                found = MTPFound{location, {info->id, info}, folder.object.handle};
+        if (!found)
+            if (auto object =
+                    resolveChild(folder.location, folder.object.handle, item.name, true, stop))
+                found = MTPFound{location, *std::move(object), folder.object.handle};
+    }
+    if (!found)
+        throw Error(PhoneError::notFound, {item.path});
+    const MTPObjectInfo& info = *found->object.info;
+    bool isSame = info.filename == item.name && info.isDirectory() == item.isDirectory;
+    // Another object took its path, unless the phone has given all of them new handles.
+    if (isSame && item.handle && info.id != *item.handle && !item.isDirectory)
+        isSame = static_cast<std::uint64_t>(item.size) == info.effectiveSize() &&
+                 item.modifiedDate == info.dateModified;
+    if (!isSame)
+        throw Error(PhoneError::changed, {item.path});
+    return *std::move(found);
+}
+
+std::vector<std::uint32_t> MTPTree::childHandles(std::uint32_t storageID, std::uint32_t folder) {
+    if (folder != mtpRootHandle)
+        return client_.getObjectHandles(storageID, folder);
+    std::vector<std::uint32_t> handles;
+    try {
+        handles = client_.getObjectHandles(storageID, mtpRootHandle);
+    } catch (const MTPTransportError& error) {
+        if (endsSession(error))
+            throw;
+    }
+    return handles.empty() ? client_.getObjectHandles(storageID, alternativeRoot) : handles;
+}
+
+void MTPTree::readChildren(std::uint32_t storageID, Known& folder,
+                           const std::function<bool(const MTPObjectInfo&)>& visit,
+                           const UnreadableVisitor& unreadable, const std::stop_token& stop) {
+    const std::uint32_t self = folder.contents.folder();
+    QSet<std::uint32_t> seen;
+    const auto checkedAt = Clock::now();
+    for (const std::uint32_t handle : childHandles(storageID, self)) {
+        throwIfStopped(stop);
+        if (handle == self || seen.contains(handle))
+            continue;
+        seen.insert(handle);
+        if (folder.contents.knows(handle))
+            continue;
+        std::optional<MTPObjectInfo> info;
+        try {
+            info = client_.getObjectInfo(handle);
+        } catch (const MTPTransportError& error) {
+            if (endsSession(error))
+                throw;
+            folder.contents.insertUnreadable(handle); // nobody knows its name, but it is there
+            if (unreadable)
+                unreadable(handle, error);
+            continue;
+        }
+        // A device that lists its root under 0 may mean every object of the storage by it.
+        if (self == mtpRootHandle && !isRootHandle(info->parentObject) &&
+            seen.contains(info->parentObject))
+            continue;
+        parentsAreZero_ = parentsAreZero_ || (!isRootHandle(self) && info->parentObject == 0);
+        folder.contents.insert(*info);
+        if (!visit(*info))
+            return;
+    }
+    folder.contents.keepOnly(seen);
+    folder.isWhole = true;
+    folder.checkedAt = checkedAt;
+}
+
+void MTPTree::list(const MTPFound& folder, const ChildVisitor& visit,
+                   const UnreadableVisitor& unreadable, const std::stop_token& stop) {
+    const MTPLocation& at = folder.location;
+    folders_.remove({at.storageID, folder.object.handle});
+    readChildren(
+        at.storageID, known(at.storageID, folder.object.handle),
+        [&](const MTPObjectInfo& info) {
+            remember(at.child(info.filename), info);
+            visit(info);
+            return true;
+        },
+        unreadable, stop);
+}
+
+const MTPFolderContents& MTPTree::contents(const MTPFound& folder, const std::stop_token& stop) {
+    Known& one = known(folder.location.storageID, folder.object.handle);
+    if (!one.isFreshWhole())
+        readChildren(
+            folder.location.storageID, one, [](const MTPObjectInfo&) { return true; }, {}, stop);
+    return one.contents;
+}
+
+} // namespace tessary

@@ -1,0 +1,135 @@
+#pragma once
+
+#include "mtp/client/MTPClient.h"
+#include "mtp/objects/MTPFolderContents.h"
+#include "mtp/objects/MTPLocation.h"
+#include "phone/records/FileItem.h"
+
+#include <QHash>
+#include <QString>
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <stop_token>
+#include <vector>
+
+namespace tessary {
+
+/// Handles that folders had, by storage and path. Hints only: a phone may give others at any time.
+using MTPFolderHints = QHash<std::pair<std::uint32_t, QString>, std::uint32_t>;
+
+/// The objects of one phone by their paths, in one session that is open from construction to
+/// destruction. What a listing has read of a folder answers the questions that follow it: its
+/// handles are asked again after `freshness`, everything after `lifetime`.
+///
+/// Used by one thread at a time. Throws MTPTransportError for failures of the connection, Error
+/// with PhoneError for paths that lead nowhere, CancellationError once `stop` asks for it.
+class MTPTree {
+public:
+    static constexpr std::chrono::seconds freshness{2};
+    static constexpr std::chrono::seconds lifetime{60};
+
+    /// Called for each child, in the device's order.
+    using ChildVisitor = std::function<void(const MTPObjectInfo&)>;
+    /// Called for a child that is there and whose facts cannot be read.
+    using UnreadableVisitor = std::function<void(std::uint32_t handle, const MTPTransportError&)>;
+
+    /// Opens the session. `hints` outlives the tree, and is kept up to date by it.
+    MTPTree(std::unique_ptr<MTPTransportProtocol> transport, MTPFolderHints& hints);
+    ~MTPTree();
+    MTPTree(const MTPTree&) = delete;
+    MTPTree& operator=(const MTPTree&) = delete;
+
+    [[nodiscard]] MTPClient& client() {
+        return client_;
+    }
+    /// Another one for each session of this program: handles are good within one.
+    [[nodiscard]] std::uint64_t serial() const {
+        return serial_;
+    }
+    /// The storages that can be used, asked once a session; PhoneError::noStorage without any.
+    [[nodiscard]] const std::vector<std::uint32_t>& storageIDs();
+
+    /// The place of a path: on the first storage, or on the one that "/storage/<id>" names.
+    [[nodiscard]] MTPLocation locate(const QString& path);
+
+    /// What is at a path, as the phone describes it now. Blanks around the path count only when a
+    /// name on the phone really has them.
+    [[nodiscard]] std::optional<MTPFound> find(const QString& path, const std::stop_token& stop);
+    /// The folder at a path; PhoneError::notFound or ::notAFolder when there is none.
+    [[nodiscard]] MTPFound requireFolder(const QString& path, const std::stop_token& stop);
+    /// What was listed as `item`, as the phone describes it now. PhoneError::notFound when nothing
+    /// of its name is there, PhoneError::changed when it is not that any more.
+    [[nodiscard]] MTPFound findItem(const FileItem& item, const std::stop_token& stop);
+
+    /// Reads a folder anew.
+    void list(const MTPFound& folder, const ChildVisitor& visit,
+              const UnreadableVisitor& unreadable, const std::stop_token& stop);
+    /// What a folder holds, for an edit in it. Valid until the next call of another function.
+    [[nodiscard]] const MTPFolderContents& contents(const MTPFound& folder,
+                                                    const std::stop_token& stop);
+    /// Whether the last answer of list() or contents() for the folder had this handle, or an edit
+    /// has brought it since.
+    [[nodiscard]] bool knows(const MTPFound& folder, std::uint32_t handle) const;
+    /// The handles of a folder's children, as the device lists them now.
+    [[nodiscard]] std::vector<std::uint32_t> childHandles(std::uint32_t storageID,
+                                                          std::uint32_t folder);
+
+    /// The object of a handle, when it is the one called `name` in that folder of that storage.
+    [[nodiscard]] std::optional<MTPObjectInfo> confirm(std::uint32_t handle, const QString& name,
+                                                       std::uint32_t storageID,
+                                                       std::uint32_t folder);
+
+    /// Something on the phone was changed by others: all that is known is to be read again.
+    void doubt();
+    /// This session has made an object in a folder.
+    void added(const MTPFound& folder, const MTPObjectInfo& info);
+    /// This session has removed an object, with all in it.
+    void removed(const MTPFound& object);
+
+private:
+    using Clock = std::chrono::steady_clock;
+    struct Known {
+        MTPFolderContents contents;
+        bool isWhole = false;        ///< all that the folder holds is in `contents`
+        Clock::time_point readAt;    ///< when the first of it was read
+        Clock::time_point checkedAt; ///< when its handles were last asked for
+
+        /// What is in it is so.
+        [[nodiscard]] bool isFresh() const {
+            return Clock::now() - readAt < freshness || isFreshWhole();
+        }
+        /// What is not in it is not there either.
+        [[nodiscard]] bool isFreshWhole() const {
+            return isWhole && Clock::now() - checkedAt < freshness;
+        }
+    };
+    using FolderKey = std::pair<std::uint32_t, std::uint32_t>; ///< storage, handle
+
+    [[nodiscard]] bool isIn(const MTPObjectInfo& info, std::uint32_t folder);
+    [[nodiscard]] Known& known(std::uint32_t storageID, std::uint32_t folder);
+    [[nodiscard]] std::optional<MTPFound> resolve(const MTPLocation& location, bool mustBeCurrent,
+                                                  const std::stop_token& stop);
+    [[nodiscard]] std::optional<MTPResolvedObject>
+    resolveChild(const MTPLocation& folder, std::uint32_t folderHandle, const QString& name,
+                 bool mustBeCurrent, const std::stop_token& stop);
+    [[nodiscard]] std::optional<MTPFound> tryBoth(const QString& path, bool mustBeCurrent,
+                                                  const std::stop_token& stop);
+    /// Reads the children whose handles `contents` does not have, until `visit` says false.
+    void readChildren(std::uint32_t storageID, Known& folder,
+                      const std::function<bool(const MTPObjectInfo&)>& visit,
+                      const UnreadableVisitor& unreadable, const std::stop_token& stop);
+    void remember(const MTPLocation& location, const MTPObjectInfo& info);
+
+    MTPFolderHints& hints_;
+    const std::uint64_t serial_;
+    MTPClient client_;
+    std::optional<std::vector<std::uint32_t>> storageIDs_;
+    QHash<FolderKey, Known> folders_;
+    bool parentsAreZero_ = false; ///< the phone says so of whatever lies in folders
+};
+
+} // namespace tessary

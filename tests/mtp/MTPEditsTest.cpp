@@ -1,0 +1,260 @@
+#include "mtp/MTPFilesFixture.h"
+
+#include <QDirIterator>
+
+namespace tessary {
+namespace {
+
+using namespace Qt::StringLiterals;
+using enum MTPOperationCode;
+
+class MTPEditsTest : public MTPFilesFixture {
+protected:
+    MTPEditsTest() : MTPFilesFixture(phoneWithCard()) {
+        phone().write(u"A/f.txt"_s, "f");
+        phone().write(u"A/sub/g.txt"_s, "g");
+        phone().write(u"B/f.txt"_s, "other f");
+        phone().disk.write(u"1/f.txt"_s, "card f");
+    }
+    FileItem move(const char* path, const char* into) {
+        return files_.move(item(path), QString::fromUtf8(into), {});
+    }
+    /// Every file of the phone with its content, sorted.
+    [[nodiscard]] QStringList everything() {
+        QStringList all;
+        QDirIterator walk(phone().disk.path(), QDir::Files | QDir::Hidden,
+                          QDirIterator::Subdirectories);
+        while (walk.hasNext()) {
+            const QString path = QDir(phone().disk.path()).relativeFilePath(walk.next());
+            all.append(path + u'=' + QString::fromUtf8(phone().disk.read(path)));
+        }
+        all.sort();
+        return all;
+    }
+    [[nodiscard]] bool has(const char* path) {
+        return phone().disk.has(QString::fromUtf8(path));
+    }
+    static FileItem withHandle(FileItem item, std::optional<std::uint32_t> handle) {
+        item.handle = handle;
+        return item;
+    }
+};
+
+TEST_F(MTPEditsTest, newFolderIsReturnedAsItIs) {
+    const FileItem made = files_.makeFolder(u"/A/sub/"_s, u"New"_s, {});
+    EXPECT_TRUE(made.isDirectory);
+    EXPECT_EQ(made.path, u"/A/sub/New"_s);
+    EXPECT_TRUE(has("0/A/sub/New"));
+    (void)write("/A/sub/New", u"x"_s, "x");
+    EXPECT_EQ(phone().content(u"A/sub/New/x"_s), "x");
+    (void)files_.makeFolder(u"/storage/131073"_s, u"Top"_s, {});
+    EXPECT_TRUE(has("1/Top"));
+}
+
+TEST_F(MTPEditsTest, removeTakesAFileOrAnEmptyFolderAndNothingMore) {
+    EXPECT_EQ(codeOf([&] { remove("/A"); }), "folderNotEmpty");
+    EXPECT_EQ(codeOf([&] { remove("/"); }), "wholeStorage");
+    EXPECT_EQ(phone().requests(deleteObject), 0U);
+    remove("/A/sub/g.txt");
+    remove("/A/sub");
+    EXPECT_EQ(phone().names(u"A"_s), QStringList(u"f.txt"_s));
+    EXPECT_EQ(listedNames("/A"), QStringList(u"f.txt"_s));
+}
+
+TEST_F(MTPEditsTest, wholeTreeGoesInOneStepOrOneByOne) {
+    for (const bool refusesFull : {false, true}) {
+        phone().write(u"A/x/y/z/deep.txt"_s, "d");
+        phone().write(u"A/x/1.txt"_s, "1");
+        phone().disk.makeFolder(u"0/A/x/empty"_s);
+        phone().behave([&](VirtualBehaviour& b) { b.refusesFullFolders = refusesFull; });
+        phone().android.clearRequestLog();
+        files_.removeTree(item("/A/x"), {});
+        EXPECT_FALSE(has("0/A/x"));
+        EXPECT_EQ(phone().requests(deleteObject) == 1, !refusesFull);
+    }
+    EXPECT_EQ(everything(), (QStringList{u"0/A/f.txt=f"_s, u"0/A/sub/g.txt=g"_s,
+                                         u"0/B/f.txt=other f"_s, u"1/f.txt=card f"_s}));
+}
+
+TEST_F(MTPEditsTest, emptyingAFolderNeverLeavesIt) {
+    // A phone that lists other folders' objects in a folder which it will not delete whole.
+    phone().behave([](VirtualBehaviour& behaviour) { behaviour.refusesFullFolders = true; });
+    const FileItem folder = item("/A");
+    const std::uint32_t stranger = *item("/B/f.txt").handle;
+    phone().fault([](VirtualFaults& faults) { faults.foldersHoldThemselves = true; });
+    phone().rewriteData(getObjectHandles, [=](Bytes& list) {
+        list[12] = static_cast<std::byte>(static_cast<int>(list[12]) + 1); // one more at its end
+        list[0] = static_cast<std::byte>(static_cast<int>(list[0]) + 4);
+        for (int shift = 0; shift < 32; shift += 8)
+            list.push_back(static_cast<std::byte>(stranger >> shift));
+    });
+    EXPECT_NE(codeOf([&] { files_.removeTree(folder, {}); }), "");
+    EXPECT_EQ(phone().content(u"B/f.txt"_s), "other f");
+}
+
+TEST_F(MTPEditsTest, renameChangesTheNameAndNothingElse) {
+    const FileItem renamed = rename("/A/f.txt", u"Ünï 🎉.txt"_s);
+    EXPECT_EQ(renamed.path, u"/A/Ünï 🎉.txt"_s);
+    EXPECT_EQ(phone().content(u"A/Ünï 🎉.txt"_s), "f");
+    rename("/A/sub", u"renamed"_s);
+    EXPECT_EQ(listedNames("/A/renamed"), QStringList(u"g.txt"_s));
+    EXPECT_EQ(codeOf([&] { (void)list("/A/sub"); }), "notFound");
+    rename("/B/f.txt", u"F.TXT"_s); // another spelling of its own name
+    EXPECT_EQ(phone().names(u"B"_s), QStringList(u"F.TXT"_s));
+    phone().android.clearRequestLog();
+    rename("/B/F.TXT", u"F.TXT"_s);
+    EXPECT_EQ(codeOf([&] { rename("/A/renamed", u"ünï 🎉.TXT"_s); }), "sameName");
+    EXPECT_EQ(codeOf([&] { rename("/", u"x"_s); }), "wholeStorage");
+    EXPECT_EQ(phone().requests(setObjectPropValue), 0U);
+}
+
+TEST_F(MTPEditsTest, renameThatChangesNothingIsNoSuccess) {
+    const FileItem file = item("/A/f.txt");
+    phone().fault([](VirtualFaults& faults) { faults.nameOverrides[u"new.txt"_s] = u"f.txt"_s; });
+    EXPECT_EQ(codeOf([&] { files_.rename(file, u"new.txt"_s, TakenName::refused, {}); }),
+              "notDone");
+}
+
+TEST_F(MTPEditsTest, movesGoIntoOtherFoldersOfTheStorage) {
+    EXPECT_EQ(move("/A/sub", "/B").path, u"/B/sub"_s);
+    EXPECT_EQ(move("/A/f.txt", "/sdcard").path, u"/f.txt"_s);
+    EXPECT_EQ(listedNames("/B/sub"), QStringList(u"g.txt"_s));
+    EXPECT_EQ(phone().content(u"f.txt"_s), "f");
+    const std::tuple<const char*, const char*, const char*> rows[] = {
+        {"/B", "/B", "insideItself"}, {"/B", "/B/sub", "insideItself"},
+        {"/f.txt", "/B", "taken"},    {"/f.txt", "/", "taken"},
+        {"/f.txt", "/C", "notFound"}, {"/f.txt", "/B/f.txt", "notAFolder"},
+        {"/", "/A", "wholeStorage"},  {"/f.txt", "/storage/131073", "otherStorage"},
+    };
+    phone().android.clearRequestLog();
+    const QStringList before = everything();
+    for (const auto& [what, into, code] : rows)
+        EXPECT_EQ(codeOf([&] { move(what, into); }), code) << what << ' ' << into;
+    EXPECT_EQ(phone().requests(moveObject), 0U);
+    EXPECT_EQ(everything(), before);
+    phone().refuse(moveObject, MTPResponseCode::operationNotSupported);
+    EXPECT_EQ(codeOf([&] { move("/f.txt", "/A"); }), "notSupported");
+}
+
+TEST_F(MTPEditsTest, refusedEditsAreReportedAndTheSessionGoesOn) {
+    phone().refuse(deleteObject, MTPResponseCode::objectWriteProtected);
+    EXPECT_EQ(codeOf([&] { remove("/A/f.txt"); }), "writeProtected");
+    EXPECT_EQ(codeOf([&] { files_.removeTree(item("/A"), {}); }), "writeProtected");
+    phone().refuse(setObjectPropValue, MTPResponseCode::accessDenied);
+    EXPECT_EQ(codeOf([&] { rename("/A/f.txt", u"x"_s); }), "accessDenied");
+    EXPECT_EQ(everything().size(), 4);
+    EXPECT_EQ(phone().requests(openSession), 1U);
+}
+
+// Items keep the handle that a listing gave them; devices give others.
+
+TEST_F(MTPEditsTest, recycledHandleOfTheSameNameElsewhereIsNotFollowed) {
+    const FileItem inA = item("/A/f.txt");
+    const FileItem inB = item("/B/f.txt");
+    const FileItem onCard = item("/storage/131073/f.txt");
+    phone().write(u"f.txt"_s, "root f");
+    const FileItem inRoot = item("/f.txt");
+    // Each of them with the handle that now is the other's: the path decides.
+    files_.remove(withHandle(inA, inB.handle), {});
+    EXPECT_FALSE(has("0/A/f.txt"));
+    EXPECT_TRUE(has("0/B/f.txt"));
+    // Both lie in a root: only the storage tells them apart.
+    files_.remove(withHandle(onCard, inRoot.handle), {});
+    EXPECT_FALSE(has("1/f.txt"));
+    EXPECT_TRUE(has("0/f.txt"));
+}
+
+TEST_F(MTPEditsTest, handlesOfAnEarlierPluggingAreResolvedAnew) {
+    const FileItem inA = item("/A/f.txt");
+    const FileItem folder = item("/B");
+    replug();
+    (void)list("/B"); // in another order than before
+    files_.remove(inA, {});
+    EXPECT_FALSE(has("0/A/f.txt"));
+    EXPECT_TRUE(has("0/B/f.txt"));
+    files_.rename(folder, u"C"_s, TakenName::refused, {});
+    EXPECT_TRUE(has("0/C/f.txt"));
+}
+
+TEST_F(MTPEditsTest, objectThatSomebodyElseReplacedIsLeftAlone) {
+    const FileItem inA = item("/A/f.txt");
+    files_.rename(inA, u"old.txt"_s, TakenName::refused, {});
+    phone().write(u"A/f.txt"_s, "a new one, longer");
+    queue_->noteEdit();
+    EXPECT_EQ(codeOf([&] { files_.remove(inA, {}); }), "changed");
+    EXPECT_TRUE(has("0/A/f.txt"));
+    // Moved away with its folder: its path is no more, whatever its handle says.
+    const FileItem inB = item("/B/f.txt");
+    (void)move("/B", "/A");
+    EXPECT_EQ(codeOf([&] { files_.remove(inB, {}); }), "notFound");
+    EXPECT_EQ(codeOf([&] { files_.rename(inB, u"z"_s, TakenName::refused, {}); }), "notFound");
+    EXPECT_TRUE(has("0/A/B/f.txt"));
+}
+
+TEST_F(MTPEditsTest, fileThatBecameAFolderIsNotRemovedAsTheFile) {
+    const FileItem file = item("/A/f.txt");
+    ASSERT_TRUE(QFile::remove(phone().disk.path(u"0/A/f.txt"_s)));
+    phone().write(u"A/f.txt/precious"_s, "p");
+    for (const FileItem& given : {file, withHandle(file, std::nullopt)}) {
+        EXPECT_EQ(codeOf([&] { files_.remove(given, {}); }), "changed");
+        EXPECT_EQ(codeOf([&] { files_.removeTree(given, {}); }), "changed");
+    }
+    EXPECT_TRUE(has("0/A/f.txt/precious"));
+}
+
+TEST_F(MTPEditsTest, entryWithoutANameNeverStandsForItsFolder) {
+    phone().write(u"A/blank"_s, "blank");
+    phone().write(u"slash"_s, "slash");
+    phone().fault([](VirtualFaults& faults) {
+        faults.nameOverrides[u"blank"_s] = QString();
+        faults.nameOverrides[u"slash"_s] = u"B/f.txt"_s;
+    });
+    const auto named = [this](const char* folder, const QString& name) {
+        const auto entries = list(folder);
+        return *std::find_if(entries.begin(), entries.end(),
+                             [&](const FileItem& entry) { return entry.name == name; });
+    };
+    // What it stands for may go; nothing else.
+    (void)codeOf([&] { files_.removeTree(named("/A", {}), {}); });
+    EXPECT_TRUE(has("0/A/f.txt"));
+    // A name that reads like a path is not that path.
+    const FileItem slash = named("/", u"B/f.txt"_s);
+    for (const auto handle : {std::optional<std::uint32_t>(), std::optional(0x12345678U)})
+        (void)codeOf([&] { files_.remove(withHandle(slash, handle), {}); });
+    EXPECT_TRUE(has("0/B/f.txt"));
+}
+
+TEST_F(MTPEditsTest, phoneThatReportsNoParentsIsAsGood) {
+    phone().write(u"f.txt"_s, "root f");
+    phone().behave([](VirtualBehaviour& behaviour) { behaviour.parentsAreZero = true; });
+    const FileItem inA = item("/A/f.txt");
+    const FileItem inRoot = item("/f.txt");
+    EXPECT_EQ(read(inA), "f");
+    EXPECT_EQ(rename("/A/sub/g.txt", u"h.txt"_s).path, u"/A/sub/h.txt"_s);
+    EXPECT_EQ(write("/A/sub", u"new"_s, "n").path, u"/A/sub/new"_s);
+    files_.remove(withHandle(inA, inRoot.handle), {});
+    EXPECT_FALSE(has("0/A/f.txt"));
+    EXPECT_TRUE(has("0/f.txt"));
+}
+
+TEST_F(MTPEditsTest, twoPhonesOfOneModelAreToldApartByWhereTheyArePlugged) {
+    PluggedPhone second(bus_, phoneConfig("", "1-2"));
+    second.write(u"A/f.txt"_s, "second A"); // the same tree, hence the same handles
+    MTPFileSystem there(bus_, identityOf(second.info), std::make_shared<PhoneQueue>());
+    EXPECT_NE(there.identity(), files_.identity());
+    const FileItem file = item("/A/f.txt");
+    EXPECT_EQ(read(file), "f");
+    there.remove(require(there, u"/A/f.txt"_s, {}), {});
+    EXPECT_TRUE(has("0/A/f.txt"));
+    EXPECT_FALSE(second.disk.has(u"0/A/f.txt"_s));
+    // Without a place, and without a serial, no phone is better than the wrong one.
+    PhoneIdentity anywhere = identityOf(second.info);
+    anywhere.usbLocation.clear();
+    MTPFileSystem lost(bus_, anywhere, std::make_shared<PhoneQueue>());
+    EXPECT_NE(codeOf([&] { (void)listAll(lost, u"/"_s, {}); }), "");
+    second.android.unplug();
+    EXPECT_EQ(codeOf([&] { (void)listAll(there, u"/"_s, {}); }), "notConnected");
+}
+
+} // namespace
+} // namespace tessary

@@ -1,0 +1,115 @@
+#pragma once
+
+#include "base/threads/CancellationError.h"
+#include "mtp/files/MTPFileSystem.h"
+#include "support/ManyBytes.h"
+#include "support/PluggedPhone.h"
+#include "support/QtPrinters.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+namespace tessary {
+
+/// A phone with a memory card beside its own storage.
+inline VirtualAndroidConfig phoneWithCard() {
+    VirtualAndroidConfig config;
+    config.storages.resize(2);
+    config.storages[1].description = QStringLiteral("SD card");
+    config.storages[1].removable = true;
+    return config;
+}
+
+/// The files of a virtual phone, over MTP.
+class MTPFilesFixture : public ::testing::Test {
+protected:
+    explicit MTPFilesFixture(VirtualAndroidConfig config = {},
+                             std::chrono::milliseconds idleTime = PhoneQueue::defaultIdleTime)
+        : phone_(bus_, std::move(config)), queue_(std::make_shared<PhoneQueue>(idleTime)) {}
+
+    [[nodiscard]] PluggedPhone& phone() {
+        return phone_;
+    }
+    [[nodiscard]] FileItem item(const char* path) {
+        return require(files_, QString::fromUtf8(path), {});
+    }
+    [[nodiscard]] std::vector<FileItem> list(const char* path) {
+        return listAll(files_, QString::fromUtf8(path), {}).items;
+    }
+    [[nodiscard]] QStringList listedNames(const char* path) {
+        QStringList names;
+        for (const FileItem& entry : list(path))
+            names.append(entry.name);
+        return names;
+    }
+    QByteArray read(const FileItem& file, ByteRange range = {}, const Call& call = {}) {
+        QByteArray bytes;
+        const qint64 count = files_.read(
+            file, range,
+            [&](ByteView more) {
+                bytes.append(reinterpret_cast<const char*>(more.data()),
+                             static_cast<qsizetype>(more.size()));
+            },
+            call);
+        EXPECT_EQ(count, bytes.size());
+        return bytes;
+    }
+    static ByteSource sourceOf(const QByteArray& content) {
+        return [content, at = qsizetype{0}](std::span<std::byte> buffer) mutable {
+            const auto count =
+                std::min(buffer.size(), static_cast<std::size_t>(content.size() - at));
+            std::copy_n(reinterpret_cast<const std::byte*>(content.constData()) + at, count,
+                        buffer.begin());
+            at += static_cast<qsizetype>(count);
+            return count;
+        };
+    }
+    FileItem write(const char* folder, const QString& name, const QByteArray& content,
+                   const ByteProgress& progress = {}, const Call& call = {}) {
+        return files_.write({QString::fromUtf8(folder), name, content.size(), {}},
+                            sourceOf(content), progress, call);
+    }
+    FileItem rename(const char* path, const QString& name) {
+        return files_.rename(item(path), name, TakenName::refused, {});
+    }
+    void remove(const char* path) {
+        files_.remove(item(path), {});
+    }
+    /// Pulls the cable and plugs it in again: every handle is another one.
+    void replug() {
+        phone().android.unplug();
+        ASSERT_NE(phone().android.plugInto(bus_), 0U);
+    }
+    /// The number of requests that `work` makes.
+    template <typename Work>
+    std::size_t requestsOf(Work work) {
+        phone().android.clearRequestLog();
+        work();
+        return phone().android.requestCount();
+    }
+
+    /// The code of the Error that `work` ends with; "" when it ends well.
+    template <typename Work>
+    static std::string codeOf(Work work) {
+        try {
+            work();
+        } catch (const Error& error) {
+            return error.code().name();
+        } catch (const CancellationError&) {
+            return "cancelled";
+        }
+        return {};
+    }
+
+    VirtualUSBBus bus_;
+
+private:
+    PluggedPhone phone_;
+
+protected:
+    const std::shared_ptr<PhoneQueue> queue_;
+    MTPFileSystem files_{bus_, identityOf(phone_.info), queue_};
+};
+
+} // namespace tessary

@@ -1,0 +1,201 @@
+#include "mtp/MTPFilesFixture.h"
+
+namespace tessary {
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+
+class MTPListingTest : public MTPFilesFixture {
+protected:
+    MTPListingTest() : MTPFilesFixture(phoneWithCard()) {
+        phone().write(u"DCIM/Camera/1.jpg"_s, "one");
+        phone().write(u"DCIM/Camera/2.jpg"_s, "two!");
+        phone().write(u"note.txt"_s, "n");
+        phone().disk.write(u"1/card.txt"_s, "c");
+    }
+};
+
+TEST_F(MTPListingTest, rowsSayWhatThePhoneHolds) {
+    const auto rows = list("/DCIM/Camera/");
+    ASSERT_EQ(rows.size(), 2U);
+    EXPECT_EQ(rows[1].name, u"2.jpg"_s);
+    EXPECT_EQ(rows[1].path, u"/DCIM/Camera/2.jpg"_s);
+    EXPECT_EQ(rows[1].id(), u"/sdcard/DCIM/Camera/2.jpg"_s);
+    EXPECT_EQ(rows[1].size, 4);
+    EXPECT_TRUE(rows[1].handle && rows[1].modifiedDate);
+    EXPECT_FALSE(rows[1].isDirectory);
+    EXPECT_THAT(listedNames("/"), UnorderedElementsAre(u"DCIM"_s, u"note.txt"_s));
+}
+
+TEST_F(MTPListingTest, pathsLeadToTheStorageThatTheyName) {
+    const std::tuple<const char*, const char*, const char*> rows[] = {
+        // asked for, path of the first entry, its identity
+        {"", "/DCIM", "/sdcard/DCIM"},
+        {"/sdcard", "/DCIM", "/sdcard/DCIM"},
+        {" /sdcard/DCIM ", "/DCIM/Camera", "/sdcard/DCIM/Camera"},
+        {"/storage/emulated/0/DCIM", "/DCIM/Camera", "/storage/DCIM/Camera"},
+        {"/storage/65537", "/storage/65537/DCIM", "/storage/65537/DCIM"},
+        {"/storage/131073/", "/storage/131073/card.txt", "/storage/131073/card.txt"},
+    };
+    for (const auto& [asked, path, id] : rows) {
+        const auto entries = list(asked);
+        ASSERT_FALSE(entries.empty()) << asked;
+        EXPECT_EQ(entries[0].path, QString::fromUtf8(path)) << asked;
+        EXPECT_EQ(entries[0].id(), QString::fromUtf8(id)) << asked;
+    }
+    EXPECT_EQ(item("/storage/131073").name, u"SD card"_s);
+    EXPECT_TRUE(item("/").isDirectory);
+    ASSERT_TRUE(files_.liveInfo());
+    EXPECT_EQ(files_.rootOf(u"/storage/131073/x"_s),
+              (FileTreeRoot{u"/storage/131073"_s, u"SD card"_s}));
+    EXPECT_EQ(files_.rootOf(u"/DCIM"_s), (FileTreeRoot{u"/sdcard"_s, u"Internal Storage"_s}));
+    EXPECT_EQ(files_.canonicalPath(u"/storage/emulated/0/DCIM//a/"_s), u"/sdcard/DCIM/a"_s);
+    EXPECT_TRUE(files_.nameRules(u"/storage/131073/x"_s).forbidsFATCharacters);
+    EXPECT_FALSE(files_.nameRules(u"/sdcard"_s).forbidsFATCharacters);
+}
+
+TEST_F(MTPListingTest, pathThatLeadsNowhereIsAnErrorForEveryCall) {
+    phone().write(u"file"_s, "x");
+    const std::pair<const char*, const char*> rows[] = {
+        {"/missing", "notFound"}, {"/missing/deeper", "notFound"},
+        {"/file", "notAFolder"},  {"/file/x", "notFound"},
+        {"/..", "notFound"},      {"/storage/99/x", "notFound"},
+    };
+    const QStringList before = phone().names();
+    for (const auto& [path, code] : rows) {
+        const QString folder = QString::fromUtf8(path);
+        EXPECT_EQ(codeOf([&] { (void)list(path); }), code) << path;
+        EXPECT_EQ(codeOf([&] { (void)files_.makeFolder(folder, u"new"_s, {}); }), code) << path;
+        EXPECT_EQ(codeOf([&] { write(path, u"new"_s, "x"); }), code) << path;
+        EXPECT_EQ(codeOf([&] { (void)files_.move(item("/note.txt"), folder, {}); }), code) << path;
+    }
+    EXPECT_EQ(files_.find(u"/missing"_s, {}), std::nullopt);
+    EXPECT_EQ(phone().names(), before) << "nothing lands in the root";
+}
+
+TEST_F(MTPListingTest, entryThatCannotBeReadIsReported) {
+    phone().refuse(MTPOperationCode::getObjectInfo, MTPResponseCode::accessDenied);
+    Listing listing;
+    EXPECT_NO_THROW(listing = listAll(files_, u"/"_s, {}));
+    EXPECT_THAT(listing.items, IsEmpty());
+    ASSERT_EQ(listing.unreadable.size(), 2U);
+    EXPECT_TRUE(listing.unreadable[0].error.is(PhoneError::accessDenied));
+    EXPECT_TRUE(listing.unreadable[0].path.startsWith(u"/(object "_s));
+}
+
+TEST_F(MTPListingTest, listingThatBreaksOffIsAnErrorAndTheNextOneOpensAnotherSession) {
+    phone().unplugAfter(USBDirection::in, 0, 4);
+    EXPECT_EQ(codeOf([&] { (void)list("/"); }), "unplugged");
+    EXPECT_EQ(codeOf([&] { (void)list("/"); }), "notConnected");
+    phone().android.unplug();
+    ASSERT_NE(phone().android.plugInto(bus_), 0U);
+    EXPECT_EQ(list("/").size(), 2U);
+}
+
+TEST_F(MTPListingTest, lockedPhoneHasNoStorageUntilItIsUnlocked) {
+    phone().android.setLocked(true);
+    EXPECT_EQ(codeOf([&] { (void)list("/"); }), "noStorage");
+    EXPECT_EQ(codeOf([&] { (void)files_.liveInfo(); }), "noStorage");
+    phone().android.setLocked(false);
+    EXPECT_EQ(list("/").size(), 2U);
+}
+
+TEST_F(MTPListingTest, rowsComeAsTheyArriveAndAStopEndsTheListing) {
+    for (int n = 0; n < 40; ++n)
+        phone().write(u"Many/%1"_s.arg(n), "x");
+    (void)list("/");
+    phone().fault([](VirtualFaults& faults) {
+        faults.delay[static_cast<std::uint16_t>(MTPOperationCode::getObjectInfo)] = 10ms;
+    });
+    std::vector<std::size_t> pieces;
+    std::stop_source stop;
+    const ListingReceiver receiver{[&](std::vector<FileItem>&& rows) {
+                                       pieces.push_back(rows.size());
+                                       if (pieces.size() == 2)
+                                           stop.request_stop();
+                                   },
+                                   {}};
+    EXPECT_EQ(codeOf([&] { files_.list(u"/Many"_s, receiver, stop.get_token()); }), "cancelled");
+    ASSERT_EQ(pieces.size(), 2U);
+    EXPECT_LT(pieces[0] + pieces[1], 40U);
+    phone().fault([](VirtualFaults& faults) { faults.delay.clear(); });
+    EXPECT_EQ(list("/Many").size(), 40U) << "what was broken off is not taken for the whole";
+}
+
+TEST_F(MTPListingTest, everyRootThatPhonesListIsUnderstood) {
+    using Root = VirtualBehaviour::RootListing;
+    for (const Root root : {Root::allOnes, Root::zero, Root::either}) {
+        phone().behave([&](VirtualBehaviour& behaviour) { behaviour.rootListing = root; });
+        EXPECT_THAT(listedNames("/"), UnorderedElementsAre(u"DCIM"_s, u"note.txt"_s));
+    }
+    phone().fault([](VirtualFaults& faults) {
+        faults.repeatsHandles = true;
+        faults.foldersHoldThemselves = true;
+    });
+    EXPECT_EQ(listedNames("/DCIM"), QStringList(u"Camera"_s));
+}
+
+TEST_F(MTPListingTest, hostileNamesAreListedAsTheyAre) {
+    const QString names[] = {u".."_s, u"a/b"_s, QString(), QString(254, u'n'), u"x\u0000y"_s};
+    phone().fault([&](VirtualFaults& faults) {
+        for (int n = 0; n < 5; ++n) {
+            phone().write(u"Bad/%1"_s.arg(n), "x");
+            faults.nameOverrides[QString::number(n)] = names[n];
+        }
+    });
+    EXPECT_THAT(listedNames("/Bad"), testing::ElementsAreArray(names));
+}
+
+TEST_F(MTPListingTest, liveInfoNeverWaits) {
+    const auto info = files_.liveInfo();
+    ASSERT_TRUE(info);
+    EXPECT_EQ(info->battery, 80);
+    ASSERT_EQ(info->volumes.size(), 2U);
+    EXPECT_TRUE(info->volumes[1].isSDCard);
+    {
+        const auto turn = queue_->take({});
+        EXPECT_EQ(files_.liveInfo(), std::nullopt);
+    }
+    // A phone without a battery is asked for it once; its storages are shown all the same.
+    phone().refuse(MTPOperationCode::getDevicePropValue, MTPResponseCode::operationNotSupported);
+    for (int n = 0; n < 3; ++n)
+        EXPECT_EQ(files_.liveInfo()->volumes.size(), 2U);
+    phone().android.clearRequestLog();
+    (void)files_.liveInfo();
+    EXPECT_EQ(phone().requests(MTPOperationCode::getDevicePropValue), 0U);
+}
+
+TEST_F(MTPListingTest, oneSessionServesManyCalls) {
+    for (int n = 0; n < 5; ++n)
+        (void)list("/DCIM/Camera");
+    EXPECT_EQ(phone().requests(MTPOperationCode::openSession), 1U);
+    EXPECT_EQ(phone().requests(MTPOperationCode::closeSession), 0U);
+    const std::size_t first = requestsOf([&] { (void)list("/DCIM/Camera"); });
+    EXPECT_EQ(first, 3U) << "the handles, and the facts of two files";
+}
+
+/// A session that is closed soon.
+class MTPIdleTest : public MTPFilesFixture {
+protected:
+    MTPIdleTest() : MTPFilesFixture({}, 20ms) {}
+};
+
+TEST_F(MTPIdleTest, sessionIsClosedWhenThePhoneIsNotUsed) {
+    phone().write(u"A/B/x"_s, "x");
+    const FileItem file = item("/A/B/x");
+    const auto until = std::chrono::steady_clock::now() + 10s;
+    while (phone().requests(MTPOperationCode::closeSession) == 0 &&
+           std::chrono::steady_clock::now() < until)
+        std::this_thread::sleep_for(5ms);
+    EXPECT_EQ(phone().requests(MTPOperationCode::closeSession), 1U);
+    phone().android.clearRequestLog();
+    EXPECT_EQ(read(file), "x");
+    EXPECT_EQ(phone().requests(MTPOperationCode::openSession), 1U);
+    EXPECT_EQ(phone().requests(MTPOperationCode::getObjectHandles), 0U) << "it knows the way";
+}
+
+} // namespace
+} // namespace tessary

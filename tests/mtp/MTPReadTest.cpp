@@ -1,0 +1,194 @@
+#include "mtp/MTPFilesFixture.h"
+#include "mtp/protocol/MTPError.h"
+
+namespace tessary {
+namespace {
+
+using namespace Qt::StringLiterals;
+using enum MTPOperationCode;
+
+class MTPReadTest : public MTPFilesFixture {
+protected:
+    static constexpr qint64 large = MTPFileReader::largestWhole + 3'000'001;
+};
+
+TEST_F(MTPReadTest, filesOfEverySizeComeWhole) {
+    for (const int size : {0, 1, 500, 512, 1012, 1024 - 12, 0x40000, 0x40000 - 12, 1'700'001}) {
+        const QByteArray bytes = manyBytes(size);
+        phone().write(u"f.bin"_s, bytes);
+        EXPECT_EQ(read(item("/f.bin")), bytes) << size;
+    }
+}
+
+TEST_F(MTPReadTest, rangesCostNoMoreThanTheyHold) {
+    const QByteArray bytes = manyBytes(200'000);
+    phone().write(u"f.bin"_s, bytes);
+    const FileItem file = item("/f.bin");
+    const std::tuple<qint64, qint64, QByteArray> rows[] = {
+        {0, 10, bytes.left(10)},
+        {1000, 512, bytes.mid(1000, 512)},
+        {199'990, -1, bytes.mid(199'990)},
+        {199'990, 100, bytes.mid(199'990)},
+        {200'000, -1, {}},
+        {300'000, 5, {}},
+    };
+    EXPECT_TRUE(files_.capabilities({}).readsRanges);
+    for (const bool hasWide : {true, false}) {
+        for (const auto& [offset, length, expected] : rows)
+            EXPECT_EQ(read(file, {offset, length}), expected) << offset << ' ' << length;
+        EXPECT_EQ(phone().requests(getObject), 0U);
+        phone().behave([](VirtualBehaviour& behaviour) {
+            behaviour.unsupportedOperations.insert(
+                static_cast<std::uint16_t>(androidGetPartialObject64));
+        });
+        (void)hasWide; // announced still: the second round finds out
+        if (hasWide)
+            replug();
+    }
+    // Where the phone hands out no parts, a length ends the reading early.
+    phone().behave([](VirtualBehaviour& behaviour) {
+        behaviour.unsupportedOperations.insert(static_cast<std::uint16_t>(getPartialObject));
+    });
+    replug();
+    EXPECT_FALSE(files_.capabilities({}).readsRanges);
+    EXPECT_EQ(read(item("/f.bin"), {0, 10}), bytes.left(10));
+    EXPECT_EQ(read(item("/f.bin")), bytes) << "and leaves the session usable";
+}
+
+TEST_F(MTPReadTest, partsThatThePhoneAnnouncesAndRefusesAreDoneWithout) {
+    phone().write(u"f.bin"_s, manyBytes(5000));
+    phone().refuse(androidGetPartialObject64, MTPResponseCode::operationNotSupported);
+    EXPECT_EQ(read(item("/f.bin"), {10, 20}), manyBytes(5000).mid(10, 20));
+    EXPECT_FALSE(files_.capabilities({}).readsRanges);
+}
+
+TEST_F(MTPReadTest, largeFilesLetOthersInBetweenTheirPieces) {
+    const QByteArray bytes = manyBytes(large);
+    phone().write(u"film"_s, bytes);
+    phone().write(u"other"_s, "o");
+    const FileItem film = item("/film");
+    std::jthread guest;
+    std::atomic<qint64> received = 0;
+    std::atomic<qint64> guestAt = -1;
+    QByteArray got;
+    files_.read(
+        film, {},
+        [&](ByteView more) {
+            if (received == 0)
+                guest = std::jthread([&] {
+                    (void)list("/");
+                    guestAt = received.load();
+                });
+            got.append(reinterpret_cast<const char*>(more.data()),
+                       static_cast<qsizetype>(more.size()));
+            received += static_cast<qint64>(more.size());
+        },
+        Call({}, Urgency::copy));
+    guest.join();
+    EXPECT_EQ(got, bytes);
+    EXPECT_GT(guestAt, 0);
+    EXPECT_LE(guestAt, 2 * MTPFileReader::pieceSize);
+    EXPECT_EQ(phone().requests(getObject), 0U);
+}
+
+TEST_F(MTPReadTest, fileThatChangesBetweenTwoPiecesIsNotPutTogether) {
+    phone().write(u"film"_s, manyBytes(large));
+    const FileItem film = item("/film");
+    bool changed = false;
+    EXPECT_EQ(codeOf([&] {
+                  files_.read(film, {},
+                              [&](ByteView) {
+                                  if (std::exchange(changed, true))
+                                      return;
+                                  phone().write(u"film"_s, manyBytes(large - 1));
+                                  queue_->noteEdit();
+                                  phone().android.unplug();
+                                  (void)phone().android.plugInto(bus_);
+                              },
+                              {});
+              }),
+              "unplugged");
+    EXPECT_EQ(codeOf([&] { read(film); }), "changed");
+}
+
+TEST_F(MTPReadTest, lessThanTheTellingSizeIsTakenAsTheWhole) {
+    // The size in the listing may be stale: what the container holds is the file.
+    phone().write(u"f.bin"_s, manyBytes(5000));
+    phone().rewriteData(getObjectPropValue, [](Bytes& container) {
+        container[12] = std::byte{6000 & 0xFF};
+        container[13] = std::byte{6000 >> 8};
+    });
+    EXPECT_EQ(read(item("/f.bin")), manyBytes(5000));
+    EXPECT_EQ(phone().requests(getObjectPropValue), 0U) << "32 bits hold its size";
+}
+
+TEST_F(MTPReadTest, unpluggingAnywhereIsAnErrorAndTheNextReadIsWhole) {
+    const QByteArray bytes = manyBytes(600'000);
+    phone().write(u"DCIM/f.bin"_s, bytes);
+    int failures = 0;
+    for (const std::uint64_t after : {0, 12, 511, 512, 300'000, 600'011})
+        for (unsigned phase = 1; phase <= 6; ++phase) {
+            replug();
+            phone().unplugAfter(USBDirection::in, after, phase);
+            const std::string code = codeOf([&] { EXPECT_EQ(read(item("/DCIM/f.bin")), bytes); });
+            phone().fault([](VirtualFaults& faults) { faults.unplug.reset(); });
+            if (!code.empty()) {
+                EXPECT_TRUE(code == "unplugged" || code == "notConnected")
+                    << code << after << " bytes of phase " << phase;
+                ++failures;
+                (void)phone().android.unplug();
+                (void)phone().android.plugInto(bus_);
+                EXPECT_EQ(read(item("/DCIM/f.bin")), bytes);
+            }
+        }
+    EXPECT_GT(failures, 10);
+    EXPECT_LT(failures, 36);
+}
+
+TEST_F(MTPReadTest, refusalsAreToldByWhatTheyMean) {
+    phone().write(u"f.bin"_s, manyBytes(5000));
+    const FileItem file = item("/f.bin");
+    const std::pair<std::uint16_t, const char*> rows[] = {
+        {0x2002, "refused"},      {0x2005, "notSupported"},   {0x2009, "notFound"},
+        {0x200C, "full"},         {0x200D, "writeProtected"}, {0x200E, "writeProtected"},
+        {0x200F, "accessDenied"}, {0x2019, "busy"},           {0x2013, "noStorage"},
+        {0x2003, "sessionEnded"}, {0x201E, "sessionEnded"},   {0xA809, "tooLarge"},
+    };
+    for (const auto& [response, code] : rows) {
+        phone().refuse(getObject, static_cast<MTPResponseCode>(response), false);
+        try {
+            read(file);
+            ADD_FAILURE() << code;
+        } catch (const Error& error) {
+            EXPECT_STREQ(error.code().name(), code);
+            ASSERT_NE(error.cause(), nullptr);
+            EXPECT_TRUE(error.cause()->is(MTPError::refused));
+            EXPECT_EQ(error.cause()->arguments().value(0).toUInt(), response);
+        }
+        EXPECT_EQ(read(file), manyBytes(5000)) << "after " << code;
+    }
+}
+
+TEST_F(MTPReadTest, stopAndSinkEndAReadAndTheSessionGoesOn) {
+    phone().write(u"f.bin"_s, manyBytes(3'000'000));
+    const FileItem file = item("/f.bin");
+    std::stop_source stop;
+    EXPECT_EQ(codeOf([&] {
+                  files_.read(
+                      file, {}, [&](ByteView) { stop.request_stop(); }, stop.get_token());
+              }),
+              "cancelled");
+    const auto full = [](ByteView) { throw Error(PhoneError::full, {u"here"_s}); };
+    EXPECT_EQ(codeOf([&] { files_.read(file, {}, full, {}); }), "full");
+    EXPECT_EQ(read(file), manyBytes(3'000'000));
+    EXPECT_EQ(phone().requests(openSession), 1U);
+}
+
+TEST_F(MTPReadTest, folderIsNoFile) {
+    phone().disk.makeFolder(u"0/D"_s);
+    EXPECT_EQ(codeOf([&] { read(item("/D")); }), "notAFile");
+    EXPECT_EQ(codeOf([&] { read(item("/")); }), "notAFile");
+}
+
+} // namespace
+} // namespace tessary

@@ -1,0 +1,206 @@
+#include "mtp/MTPFilesFixture.h"
+
+namespace tessary {
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using enum MTPOperationCode;
+using testing::ElementsAre;
+
+/// A virtual cable holds fewer bytes: once they are sent, the phone takes the object. Real phones
+/// cannot be cancelled earlier either.
+constexpr qint64 certainlyReceived = 1'200'000;
+
+class MTPWriteTest : public MTPFilesFixture {
+protected:
+    MTPWriteTest() {
+        phone().disk.makeFolder(u"0/DCIM"_s);
+    }
+};
+
+TEST_F(MTPWriteTest, filesOfEverySizeArriveWholeAndAreReturnedAsThePhoneShowsThem) {
+    for (const int size : {0, 1, 499, 500, 501, 1012, 4084, 0x40000 - 12, 0x40000, 1'000'003}) {
+        const QByteArray bytes = manyBytes(size);
+        const QString name = u"f%1.bin"_s.arg(size);
+        qint64 last = 0;
+        const FileItem made = write("/sdcard/DCIM", name, bytes, [&](qint64 done) {
+            EXPECT_GE(done, last);
+            last = done;
+        });
+        EXPECT_EQ(last, size);
+        EXPECT_EQ(phone().content(u"DCIM/"_s + name), bytes) << size;
+        EXPECT_EQ(made.size, size);
+        EXPECT_EQ(made.path, u"/DCIM/"_s + name);
+        EXPECT_EQ(made.handle, item(("/DCIM/" + name.toStdString()).c_str()).handle);
+    }
+}
+
+TEST_F(MTPWriteTest, fileKeepsItsDateWhereThePhoneSetsIt) {
+    const QDateTime date(QDate(2020, 2, 29), QTime(12, 34, 56));
+    const auto send = [&](const QString& name) {
+        return files_.write({u"/DCIM"_s, name, 3, date}, sourceOf("abc"), {}, {});
+    };
+    EXPECT_EQ(send(u"a"_s).modifiedDate, date);
+    EXPECT_EQ(QFileInfo(phone().disk.path(u"0/DCIM/a"_s)).lastModified(), date);
+    phone().behave([](VirtualBehaviour& behaviour) { behaviour.datesFilesItself = true; });
+    const FileItem other = send(u"b"_s);
+    EXPECT_GT(other.modifiedDate, date) << "what the phone made of it is what is told";
+}
+
+TEST_F(MTPWriteTest, takenNamesAreRefusedBeforeThePhoneHearsOfThem) {
+    phone().write(u"DCIM/img.jpg"_s, "old");
+    phone().write(u"DCIM/folder/x"_s, "x");
+    const std::pair<QString, const char*> rows[] = {
+        {u"img.jpg"_s, "taken"},
+        {u"IMG.JPG"_s, "sameName"},
+        {u"folder"_s, "taken"},
+        {u".."_s, "nameNotAllowed"},
+        {u"a/b"_s, "nameNotAllowed"},
+        {QString(), "nameNotAllowed"},
+        {QString(255, u'n'), "nameNotAllowed"},
+    };
+    for (const auto& [name, code] : rows) {
+        EXPECT_EQ(codeOf([&] { write("/DCIM", name, "new"); }), code) << name.toStdString();
+        EXPECT_EQ(codeOf([&] { (void)files_.makeFolder(u"/DCIM"_s, name, {}); }), code)
+            << name.toStdString();
+    }
+    EXPECT_EQ(phone().requests(sendObjectInfo), 0U);
+    EXPECT_EQ(phone().content(u"DCIM/img.jpg"_s), "old");
+    (void)write("/DCIM", QString(250, u'n'), "x");
+    EXPECT_TRUE(phone().names(u"DCIM"_s).contains(QString(250, u'n')));
+}
+
+TEST_F(MTPWriteTest, manyFilesIntoOneFolderDoNotListItAgainAndAgain) {
+    for (int n = 0; n < 100; ++n)
+        phone().write(u"DCIM/old %1"_s.arg(n), "x");
+    (void)list("/DCIM");
+    EXPECT_LE(requestsOf([&] { write("/DCIM", u"first"_s, "x"); }), 4U)
+        << "right after a listing nothing is listed again";
+    phone().android.clearRequestLog();
+    for (int n = 0; n < 50; ++n)
+        write("/DCIM", u"new %1"_s.arg(n), "x");
+    EXPECT_LE(phone().requests(getObjectHandles), 10U);
+    EXPECT_LE(phone().android.requestCount(), 50U * 4);
+    EXPECT_LE(requestsOf([&] { (void)files_.makeFolder(u"/DCIM"_s, u"N"_s, {}); }), 4U);
+    const FileItem made = item("/DCIM/new 1");
+    EXPECT_LE(requestsOf([&] { files_.rename(made, u"x"_s, TakenName::refused, {}); }), 4U);
+    // Its name is free again, and that of the renamed one is taken.
+    EXPECT_EQ(codeOf([&] { write("/DCIM", u"x"_s, "x"); }), "taken");
+    (void)write("/DCIM", u"new 1"_s, "again");
+    // Somebody else's file is seen when the folder is looked at after a while, or after an edit.
+    phone().write(u"DCIM/theirs"_s, "t");
+    queue_->noteEdit();
+    EXPECT_EQ(codeOf([&] { write("/DCIM", u"theirs"_s, "x"); }), "taken");
+    phone().write(u"DCIM/late"_s, "t");
+    std::this_thread::sleep_for(MTPTree::freshness + 100ms);
+    EXPECT_EQ(codeOf([&] { write("/DCIM", u"late"_s, "x"); }), "taken");
+    EXPECT_EQ(phone().content(u"DCIM/late"_s), "t");
+}
+
+TEST_F(MTPWriteTest, announcedHandleMayBeWorthNothing) {
+    phone().behave([](VirtualBehaviour& behaviour) { behaviour.forgetsSentHandle = true; });
+    const FileItem made = write("/DCIM", u"a.txt"_s, "content");
+    EXPECT_EQ(read(made), "content");
+    // Made in a folder that was listed before.
+    (void)list("/DCIM");
+    EXPECT_EQ(read(write("/DCIM", u"b.txt"_s, "more")), "more");
+}
+
+TEST_F(MTPWriteTest, cancelAndFailureLeaveNoPartialObject) {
+    const QByteArray bytes = manyBytes(3'000'000);
+    for (const bool keepsPartial : {false, true})
+        for (const qint64 after : {certainlyReceived, qint64{3'000'000}}) {
+            phone().behave([&](VirtualBehaviour& behaviour) {
+                behaviour.keepsPartialObjects = keepsPartial;
+                behaviour.createsObjectEarly = keepsPartial;
+            });
+            std::stop_source stop;
+            const std::string code = codeOf([&] {
+                write(
+                    "/DCIM", u"big.bin"_s, bytes,
+                    [&](qint64 done) {
+                        if (done >= after)
+                            stop.request_stop();
+                    },
+                    stop.get_token());
+            });
+            if (code.empty()) {
+                EXPECT_EQ(after, 3'000'000) << "only the end comes too late to cancel";
+                remove("/DCIM/big.bin");
+            }
+            EXPECT_TRUE(phone().names(u"DCIM"_s).isEmpty()) << after;
+        }
+    phone().fault([](VirtualFaults& faults) {
+        faults.stall = VirtualByteFault{USBDirection::out, 700'000, 2};
+    });
+    EXPECT_NE(codeOf([&] { write("/DCIM", u"big.bin"_s, bytes); }), "");
+    EXPECT_TRUE(phone().names(u"DCIM"_s).isEmpty());
+    EXPECT_EQ(write("/DCIM", u"big.bin"_s, bytes).size, 3'000'000) << "nothing stands in its way";
+}
+
+TEST_F(MTPWriteTest, sourceThatEndsEarlyOrThrowsLeavesNothing) {
+    const auto shrinking = [left = qint64{2'000'000}](std::span<std::byte> buffer) mutable {
+        const auto count = std::min(buffer.size(), static_cast<std::size_t>(left));
+        left -= static_cast<qint64>(count);
+        return count;
+    };
+    const NewFile file{u"/DCIM"_s, u"log.txt"_s, 4'000'000, {}};
+    EXPECT_EQ(codeOf([&] { files_.write(file, shrinking, {}, {}); }), "wrongSize");
+    const ByteSource failing = [](std::span<std::byte>) -> std::size_t {
+        throw Error(PhoneError::changed, {u"here"_s});
+    };
+    EXPECT_EQ(codeOf([&] { files_.write(file, failing, {}, {}); }), "changed");
+    EXPECT_TRUE(phone().names(u"DCIM"_s).isEmpty());
+    EXPECT_EQ(phone().requests(sendObjectInfo), 1U) << "the second one fails before it begins";
+}
+
+TEST_F(MTPWriteTest, refusalsLeaveNothingAndSayWhatTheyMean) {
+    const std::tuple<MTPOperationCode, std::uint16_t, const char*> rows[] = {
+        {sendObjectInfo, 0x200C, "full"},
+        {sendObject, 0x200C, "full"},
+        {sendObjectInfo, 0x200E, "writeProtected"},
+        {sendObjectInfo, 0xA809, "tooLarge"},
+        {sendObject, 0x2002, "refused"},
+        {sendObjectInfo, 0x201A, "notFound"},
+    };
+    for (const auto& [operation, response, code] : rows) {
+        phone().refuse(operation, static_cast<MTPResponseCode>(response), false);
+        EXPECT_EQ(codeOf([&] { write("/DCIM", u"a"_s, "abc"); }), code);
+        EXPECT_TRUE(phone().names(u"DCIM"_s).isEmpty()) << code;
+        (void)write("/DCIM", u"a"_s, "abc");
+        remove("/DCIM/a");
+    }
+    phone().fault([](VirtualFaults& faults) { faults.storeFullAfter = 100'000; });
+    EXPECT_EQ(codeOf([&] { write("/DCIM", u"a"_s, manyBytes(400'000)); }), "full");
+    EXPECT_TRUE(phone().names(u"DCIM"_s).isEmpty());
+}
+
+TEST_F(MTPWriteTest, neighbourThatAppearsMeanwhileOutlivesARefusedUpload) {
+    (void)list("/DCIM");
+    phone().write(u"DCIM/a.txt"_s, "theirs");
+    phone().refuse(sendObjectInfo, MTPResponseCode::accessDenied);
+    EXPECT_EQ(codeOf([&] { write("/DCIM", u"a.txt"_s, "ours"); }), "accessDenied");
+    EXPECT_EQ(phone().content(u"DCIM/a.txt"_s), "theirs");
+}
+
+TEST_F(MTPWriteTest, unpluggingAnywhereIsAnErrorOrDone) {
+    const QByteArray bytes = manyBytes(300'000);
+    int failures = 0;
+    for (const USBDirection direction : {USBDirection::out, USBDirection::in})
+        for (const std::uint64_t after : {0, 12, 512, 300'011})
+            for (unsigned phase = 1; phase <= 5; ++phase) {
+                phone().unplugAfter(direction, after, phase);
+                const std::string code = codeOf([&] { write("/DCIM", u"a"_s, bytes); });
+                phone().fault([](VirtualFaults& faults) { faults.unplug.reset(); });
+                phone().android.unplug(); // waits until the phone has cleaned up
+                failures += code.empty() ? 0 : 1;
+                EXPECT_TRUE(!code.empty() || phone().content(u"DCIM/a"_s) == bytes) << phase;
+                QFile::remove(phone().disk.path(u"0/DCIM/a"_s));
+                ASSERT_NE(phone().android.plugInto(bus_), 0U);
+            }
+    EXPECT_GT(failures, 10);
+}
+
+} // namespace
+} // namespace tessary
