@@ -11,6 +11,9 @@ namespace tessary {
 /// Others are "operation not supported".
 class AFCResponder {
 public:
+    /// What lockdown calls the media folder's service; apps' documents come by house arrest.
+    static inline const QString mediaService = QStringLiteral("com.apple.afc");
+
     AFCResponder(VirtualIPhone& phone, PhoneStream& stream, PhoneContainer container);
 
     /// Until one side ends it, or what comes is no AFC.

@@ -40,7 +40,7 @@ void HouseArrestResponder::run() {
         return;
     const bool asRoot = documents && phone_.config().documentsAreRoot;
     const QString folder = asRoot ? app->folder + u"/Documents"_s : app->folder;
-    AFCResponder(phone_, stream_, PhoneContainer(phone_, folder, documents && !asRoot)).run();
+    AFCResponder(phone_, stream_, PhoneContainer(phone_, folder, {documents && !asRoot, {}})).run();
 }
 
 } // namespace tessary

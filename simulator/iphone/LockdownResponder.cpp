@@ -1,5 +1,6 @@
 #include "simulator/iphone/LockdownResponder.h"
 
+#include "simulator/iphone/AFCResponder.h"
 #include "simulator/iphone/HouseArrestResponder.h"
 #include "simulator/iphone/InstallationProxyResponder.h"
 #include "simulator/iphone/LockdownValues.h"
@@ -204,7 +205,9 @@ QVariantMap LockdownResponder::startService(const QVariantMap& request) {
         return error(u"PasswordProtected"_s);
     const std::array known{HouseArrestResponder::service, InstallationProxyResponder::service,
                            NotificationProxyResponder::service};
-    if (std::find(known.begin(), known.end(), service) == known.end())
+    const bool isMedia =
+        service == AFCResponder::mediaService && !phone_.config().mediaFolder.isEmpty();
+    if (!isMedia && std::find(known.begin(), known.end(), service) == known.end())
         return error(u"InvalidService"_s);
     QVariantMap answer{{u"Service"_s, service},
                        {u"Port"_s, phone_.offerService(service, host_[u"HostID"_s].toString())}};

@@ -108,10 +108,10 @@ std::vector<std::string> namesIn(FileHandle folder) {
 
 } // namespace
 
-PhoneContainer::PhoneContainer(VirtualIPhone& phone, const QString& folder, bool documentsOnly)
+PhoneContainer::PhoneContainer(VirtualIPhone& phone, const QString& folder, Access access)
     : phone_(phone),
       root_(::open(folder.toLocal8Bit().constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)),
-      documentsOnly_(documentsOnly) {}
+      access_(std::move(access)) {}
 
 std::vector<std::string> PhoneContainer::parts(const std::string& path) {
     std::vector<std::string> parts;
@@ -132,7 +132,15 @@ std::vector<std::string> PhoneContainer::parts(const std::string& path) {
 void PhoneContainer::checkAccess(const std::vector<std::string>& parts) const {
     if (!root_.isOpen())
         refuse(afc::ioError);
-    if (documentsOnly_ && (parts.empty() || parts.front() != "Documents"))
+    if (access_.documentsOnly && (parts.empty() || parts.front() != "Documents"))
+        refuse(afc::permDenied);
+}
+
+void PhoneContainer::checkWritable(const std::string& path) const {
+    if (!access_.writable)
+        return;
+    const std::vector<std::string> way = parts(path);
+    if (way.empty() || !access_.writable->contains(QString::fromStdString(way.front())))
         refuse(afc::permDenied);
 }
 
@@ -194,6 +202,8 @@ FileHandle PhoneContainer::open(const std::string& path, std::uint64_t mode) {
                                O_RDWR | O_CREAT | O_APPEND};
     if (mode == 0 || mode > modes.size())
         refuse(afc::invalidArg);
+    if (mode != 1)
+        checkWritable(path);
     const Place object = place(path);
     // A pipe that somebody put there must not hold the phone up.
     const int flags = modes[mode - 1] | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK;
@@ -209,6 +219,7 @@ FileHandle PhoneContainer::open(const std::string& path, std::uint64_t mode) {
 }
 
 void PhoneContainer::makeFolder(const std::string& path) {
+    checkWritable(path);
     const Place made = place(path, true);
     if (::mkdirat(made.folder.get(), made.name.c_str(), folderMode) == 0)
         return;
@@ -253,6 +264,8 @@ void PhoneContainer::removeTree(const Place& place, int depth) {
 }
 
 void PhoneContainer::rename(const std::string& from, const std::string& to) {
+    checkWritable(from);
+    checkWritable(to);
     const Place source = place(from);
     const Place target = place(to);
     if (source.name == "." || target.name == ".")
@@ -268,6 +281,7 @@ void PhoneContainer::rename(const std::string& from, const std::string& to) {
 }
 
 void PhoneContainer::setSize(const std::string& path, std::uint64_t size) {
+    checkWritable(path);
     const Place object = place(path);
     const FileHandle file(::openat(object.folder.get(), object.name.c_str(),
                                    O_WRONLY | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK));
@@ -291,6 +305,7 @@ void PhoneContainer::setSize(const FileHandle& file, std::uint64_t size) {
 }
 
 void PhoneContainer::setModified(const std::string& path, std::uint64_t time) {
+    checkWritable(path);
     constexpr std::uint64_t second = 1'000'000'000;
     const Place object = place(path);
     timespec when{};

@@ -12,8 +12,14 @@ namespace tessary {
 /// thread.
 class PhoneContainer {
 public:
-    /// With `documentsOnly` nothing outside "/Documents" may be touched.
-    PhoneContainer(VirtualIPhone& phone, const QString& folder, bool documentsOnly);
+    /// What of a container may be touched.
+    struct Access {
+        bool documentsOnly = false; ///< nothing outside "/Documents"
+        /// Names at the top below which files may be made and changed; no value for everywhere.
+        std::optional<QStringList> writable;
+    };
+
+    PhoneContainer(VirtualIPhone& phone, const QString& folder, Access access);
 
     /// The names in a folder, "." and ".." first.
     [[nodiscard]] std::vector<std::string> names(const std::string& path) const;
@@ -44,12 +50,13 @@ private:
 
     [[nodiscard]] static std::vector<std::string> parts(const std::string& path);
     void checkAccess(const std::vector<std::string>& parts) const;
+    void checkWritable(const std::string& path) const;
     [[nodiscard]] Place place(const std::string& path, bool makesFolders = false) const;
     void removeTree(const Place& place, int depth);
 
     VirtualIPhone& phone_;
     FileHandle root_;
-    bool documentsOnly_;
+    Access access_;
 };
 
 } // namespace tessary

@@ -1,11 +1,14 @@
 #include "simulator/iphone/VirtualIPhone.h"
 
+#include "simulator/iphone/AFCResponder.h"
 #include "simulator/iphone/HouseArrestResponder.h"
 #include "simulator/iphone/InstallationProxyResponder.h"
 #include "simulator/iphone/LockdownResponder.h"
 #include "simulator/iphone/NotificationProxyResponder.h"
 #include "simulator/iphone/VirtualMux.h"
 #include "simulator/wire/PhoneIdentity.h"
+
+#include <QDir>
 
 #include <algorithm>
 #include <limits>
@@ -31,6 +34,8 @@ VirtualIPhone::VirtualIPhone(VirtualIPhoneConfig config, std::unique_ptr<Virtual
     state_ = {config_.name, config_.trust, config_.isLocked, config_.battery};
     for (const VirtualIPhoneApp& app : config_.apps)
         InstallationProxyResponder::createContainer(app);
+    if (!config_.mediaFolder.isEmpty())
+        QDir().mkpath(config_.mediaFolder);
 }
 
 VirtualIPhone::~VirtualIPhone() {
@@ -198,6 +203,10 @@ void VirtualIPhone::serve(std::uint16_t port, PhoneStream& stream) {
         HouseArrestResponder(*this, stream).run();
     else if (offer.service == InstallationProxyResponder::service)
         InstallationProxyResponder(*this, stream).run();
+    else if (offer.service == AFCResponder::mediaService)
+        AFCResponder(*this, stream,
+                     PhoneContainer(*this, config_.mediaFolder, {false, config_.writableMedia}))
+            .run();
     else
         NotificationProxyResponder(*this, stream).run();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <cstdint>
 #include <vector>
@@ -40,6 +41,11 @@ struct VirtualIPhoneConfig {
     QString wifiAddress;
 
     std::vector<VirtualIPhoneApp> apps;
+    /// The media folder on disk, absolute, created when missing. Empty: there is no such service.
+    QString mediaFolder;
+    /// Names at its top below which the phone lets files be made and changed; elsewhere in it they
+    /// may only be read and deleted.
+    QStringList writableMedia = {QStringLiteral("Downloads"), QStringLiteral("Books")};
     std::uint64_t capacity = std::uint64_t{128} * 1'000'000'000; ///< bytes
     /// Bytes; falls and rises with what the host writes and deletes.
     std::uint64_t free = std::uint64_t{64} * 1'000'000'000;

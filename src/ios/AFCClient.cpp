@@ -7,6 +7,9 @@
 #include "base/threads/MainThread.h"
 #include "base/values/TessaryError.h"
 #include "ios/AFCConnection.h"
+#include "ios/AFCStatus.h"
+#include "ios/IPhoneError.h"
+#include "phone/PhoneError.h"
 
 #include <QFileInfo>
 
@@ -18,6 +21,25 @@ namespace tessary {
 namespace {
 
 constexpr QLatin1Char slash('/');
+
+/// An error as the callers of this class take it.
+TessaryError oldErrorOf(const Error& error) {
+    if (const auto status = error.find<AFCStatus>())
+        return TessaryError::afcError(afcErrorFromStatus(static_cast<std::int32_t>(*status)));
+    const QString reason = error.cause() != nullptr ? error.cause()->arguments().back().toString()
+                                                    : QStringLiteral("Unknown error");
+    return TessaryError::houseArrestFailed(QStringLiteral("VendDocuments/VendContainer failed: ") +
+                                           reason);
+}
+
+template <typename Work>
+auto withOldErrors(const Work& work) {
+    try {
+        return work();
+    } catch (const Error& error) {
+        throw oldErrorOf(error);
+    }
+}
 
 /// Deeper trees are a device's mistake: paths of a real one are far shorter.
 constexpr int maxDepth = 128;
@@ -70,11 +92,11 @@ void removeTree(AFCConnection& connection, const QString& path, const std::stop_
     try {
         connection.removePath(path);
         return;
-    } catch (const TessaryError& error) {
+    } catch (const Error& error) {
         // Some devices have no status of its own for a folder that holds something.
-        const bool mayBeFull = error.afc() == AFCError::dirNotEmpty ||
-                               (error.afc() == AFCError::unknownError && !connection.isLost() &&
-                                isFullFolder(connection, path));
+        const bool mayBeFull = error.is(PhoneError::folderNotEmpty) ||
+                               (error.find<AFCStatus>() == AFCStatus::unknown &&
+                                !connection.isLost() && isFullFolder(connection, path));
         if (!mayBeFull)
             throw;
     }
@@ -121,9 +143,9 @@ QString partPathFor(const QString& path) {
 void putInPlace(AFCConnection& connection, const QString& part, const QString& path) {
     try {
         connection.renamePath(part, path);
-    } catch (const TessaryError& error) {
+    } catch (const Error& error) {
         const auto older = connection.fileInfo(path);
-        if (error != TessaryError::afcError(AFCError::objectExists) || !older || older->isDirectory)
+        if (!error.is(PhoneError::taken) || !older || older->isDirectory)
             throw;
         connection.removePath(path);
         connection.renamePath(part, path);
@@ -134,7 +156,7 @@ void putInPlace(AFCConnection& connection, const QString& part, const QString& p
 void setDate(AFCConnection& connection, const QString& path, const QDateTime& date) {
     try {
         connection.setModifiedDate(path, date);
-    } catch (const TessaryError&) {
+    } catch (const Error&) {
         // A lost link shows at the next request.
     }
 }
@@ -213,8 +235,10 @@ AFCClient::AFCClient(std::unique_ptr<LockdownSession> session, const QString& bu
     try {
         connection_ = queue_.run(
             [session = std::move(session), bundleId, beat = queue_.pulse()]() mutable {
-                return std::make_shared<AFCConnection>(std::move(session), bundleId,
-                                                       std::move(beat));
+                return withOldErrors([&] {
+                    return std::make_shared<AFCConnection>(std::move(session), bundleId,
+                                                           std::move(beat));
+                });
             },
             stop);
     } catch (const QueueStalled&) {
@@ -256,9 +280,11 @@ auto AFCClient::onQueue(Work work, const std::stop_token& stop) {
     if (connection_->isLost())
         throw TessaryError::afcError(AFCError::serviceNotConnected);
     try {
-        return queue_.run([connection = connection_,
-                           work = std::move(work)]() mutable { return work(*connection); },
-                          stop);
+        return queue_.run(
+            [connection = connection_, work = std::move(work)]() mutable {
+                return withOldErrors([&] { return work(*connection); });
+            },
+            stop);
     } catch (const QueueStalled&) {
         connection_->markLost();
         throw TessaryError::afcError(AFCError::opTimeout);
@@ -374,7 +400,7 @@ void AFCClient::upload(const QString& localURL, const QString& remotePath,
                 try {
                     remote.close();
                     connection.removePath(part);
-                } catch (const TessaryError&) {
+                } catch (const Error&) {
                     // The first failure counts.
                 }
                 throw;

@@ -3,8 +3,8 @@
 #include "base/local/LocalTree.h"
 #include "base/threads/SerialQueue.h"
 #include "ios/LockdownSession.h"
-#include "phone/records/FileItem.h"
 #include "phone/TransferOutcome.h"
+#include "phone/records/FileItem.h"
 
 #include <QString>
 

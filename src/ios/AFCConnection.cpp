@@ -1,12 +1,14 @@
 #include "ios/AFCConnection.h"
 
 #include "base/log/DiagnosticsLogger.h"
-#include "base/values/TessaryError.h"
+#include "base/text/PathNames.h"
+#include "ios/AFCStatus.h"
+#include "ios/IPhoneError.h"
 #include "ios/PlistValues.h"
+#include "phone/PhoneError.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdlib>
+#include <cstdio>
 #include <utility>
 
 namespace tessary {
@@ -16,38 +18,33 @@ namespace {
 constexpr std::size_t mebibyte = std::size_t{1} << 20;
 constexpr std::size_t networkWriteLimit = std::size_t{64} << 10;
 
-/// Statuses that the library gives when the link is broken or out of step.
-bool isLinkFailure(AFCStatus status) {
-    constexpr std::array failures{AFCError::opHeaderInvalid, AFCError::muxError, AFCError::noMem,
-                                  AFCError::notEnoughData, AFCError::sslError};
-    return std::find(failures.begin(), failures.end(), afcErrorFromStatus(status)) !=
-           failures.end();
-}
-
-TessaryError errorOf(AFCStatus status) {
-    return TessaryError::afcError(afcErrorFromStatus(status));
-}
+/// Above what a device that is awake takes, and below the library's own patience.
+constexpr auto longWait = std::chrono::seconds(25);
+constexpr QLatin1Char slash('/');
 
 } // namespace
 
-AFCConnection::AFCConnection(std::unique_ptr<LockdownSession> session, const QString& bundleId,
+AFCConnection::AFCConnection(std::unique_ptr<Lockdown> session, const QString& bundleId,
                              std::function<void()> beat)
-    : beat_(std::move(beat)),
-      session_(std::move(session)),
-      houseArrest_(openHouseArrest(bundleId)) {
-    openClient();
+    : beat_(std::move(beat)), session_(std::move(session)) {
+    if (bundleId.isEmpty()) {
+        openMedia();
+    } else {
+        houseArrest_ = openHouseArrest(bundleId);
+        openContainer();
+    }
     writeLimit_ = session_->usesNetwork() ? networkWriteLimit : mebibyte;
 }
 
 HouseArrestHandle AFCConnection::openHouseArrest(const QString& bundleId) {
-    QString lastError = QStringLiteral("Unknown error");
+    std::optional<Error> refusal;
     // One connection takes one command.
     for (const char* command : {"VendDocuments", "VendContainer"}) {
         LockdownService service;
         try {
             service = session_->startService(HOUSE_ARREST_SERVICE_NAME);
-        } catch (const TessaryError& error) {
-            lastError = error.message();
+        } catch (const Error& error) {
+            refusal = error;
             continue;
         }
         house_arrest_client_t handle = nullptr;
@@ -65,101 +62,169 @@ HouseArrestHandle AFCConnection::openHouseArrest(const QString& bundleId) {
         beat_();
         if (!hasKey(result, "Error"))
             return client;
-        lastError = textAt(result, "Error").value_or(QStringLiteral("Unknown"));
+        const QString reason = textAt(result, "Error").value_or(QStringLiteral("Unknown"));
         DiagnosticsLogger::shared().afc.error("house_arrest %s failed for %s: %s",
-                                              {QString::fromLatin1(command), bundleId, lastError});
+                                              {QString::fromLatin1(command), bundleId, reason});
+        refusal = houseArrestErrorOf(bundleId, reason);
     }
-    throw TessaryError::houseArrestFailed(QStringLiteral("VendDocuments/VendContainer failed: ") +
-                                          lastError);
+    if (!session_->isAttached())
+        throw Error(PhoneError::unplugged);
+    if (refusal)
+        throw *refusal;
+    throw Error(PhoneError::brokenOff, {},
+                {IPhoneError::client, {QStringLiteral(HOUSE_ARREST_SERVICE_NAME)}});
 }
 
-void AFCConnection::openClient() {
+void AFCConnection::openMedia() {
+    const LockdownService service = session_->startService(AFC_SERVICE_NAME);
     afc_client_t handle = nullptr;
-    const AFCStatus status = afc_client_new_from_house_arrest_client(houseArrest_.get(), &handle);
+    const std::int32_t status = afc_client_new(session_->device(), service.get(), &handle);
+    afc_.reset(handle);
+    beat_();
+    if (status != AFC_E_SUCCESS || !afc_)
+        throw errorOf(status == AFC_E_SUCCESS ? AFC_E_MUX_ERROR : status, {});
+}
+
+void AFCConnection::openContainer() {
+    afc_client_t handle = nullptr;
+    const std::int32_t status =
+        afc_client_new_from_house_arrest_client(houseArrest_.get(), &handle);
     afc_.reset(handle);
     if (status != AFC_E_SUCCESS || !afc_)
-        throw errorOf(status == AFC_E_SUCCESS ? AFC_E_UNKNOWN_ERROR : status);
+        throw errorOf(status == AFC_E_SUCCESS ? AFC_E_UNKNOWN_ERROR : status, {});
     char** texts = nullptr;
-    const AFCStatus probe =
+    const std::int32_t probe =
         ask([&](afc_client_t afc) { return afc_read_directory(afc, "/Documents", &texts); });
     const AFCTexts owner(texts);
     if (isLost_)
-        throw errorOf(probe);
+        throw errorOf(probe, {});
     if (probe == AFC_E_SUCCESS && texts != nullptr)
         workingRootPath_ = QStringLiteral("/Documents");
 }
 
+QString AFCConnection::inContainer(const QString& path) const {
+    if (workingRootPath_ == slash)
+        return path;
+    return path == slash ? workingRootPath_ : workingRootPath_ + path;
+}
+
 template <typename Request>
-AFCStatus AFCConnection::ask(const Request& request) {
+std::int32_t AFCConnection::ask(const Request& request) {
     if (isLost_)
         return AFC_E_SERVICE_NOT_CONNECTED;
-    const AFCStatus status = request(afc_.get());
-    if (isLinkFailure(status))
+    const auto begin = std::chrono::steady_clock::now();
+    const std::int32_t status = request(afc_.get());
+    lastWait_ = std::chrono::steady_clock::now() - begin;
+    if (isLinkFailure(afcStatusFrom(status)))
         isLost_ = true;
     beat_();
     return status;
 }
 
 template <typename Request>
-void AFCConnection::require(const Request& request) {
-    const AFCStatus status = ask(request);
+void AFCConnection::require(const QString& path, const Request& request) {
+    const std::int32_t status = ask(request);
     if (status != AFC_E_SUCCESS)
-        throw errorOf(status);
+        throw errorOf(status, path);
 }
 
-QStringList AFCConnection::readDirectory(const QString& path) {
+Error AFCConnection::errorOf(std::int32_t status, const QString& path) {
+    QString shown = path;
+    if (workingRootPath_ != slash && path.startsWith(workingRootPath_))
+        shown = path == workingRootPath_ ? QString(slash) : path.mid(workingRootPath_.size());
+    const Error error = phoneErrorOf(status, shown);
+    const auto as = [&](PhoneError code) { return Error(code, {}, *error.cause()); };
+    if (isLinkFailure(afcStatusFrom(status))) {
+        if (lastWait_ >= longWait)
+            return as(PhoneError::noAnswer);
+        return session_->isAttached() ? error : as(PhoneError::unplugged);
+    }
+    // While it is locked a phone keeps much to itself: that is not the file's doing.
+    if (error.is(PhoneError::accessDenied) && session_->isLocked())
+        return as(PhoneError::locked);
+    return error;
+}
+
+std::vector<QByteArray> AFCConnection::readNames(const QString& path) {
     char** texts = nullptr;
     const QByteArray name = path.toUtf8();
-    const AFCStatus status =
+    const std::int32_t status =
         ask([&](afc_client_t afc) { return afc_read_directory(afc, name.constData(), &texts); });
     const AFCTexts owner(texts);
     if (status != AFC_E_SUCCESS)
-        throw errorOf(status);
-    QStringList names;
+        throw errorOf(status, path);
+    std::vector<QByteArray> names;
     for (char** text = texts; text != nullptr && *text != nullptr; ++text) {
-        const QString entry = QString::fromUtf8(*text);
-        if (entry != QLatin1StringView(".") && entry != QLatin1StringView(".."))
-            names.append(entry);
+        QByteArray entry(*text);
+        if (entry != "." && entry != "..")
+            names.push_back(std::move(entry));
     }
     return names;
 }
 
+QStringList AFCConnection::readDirectory(const QString& path) {
+    QStringList names;
+    for (const QByteArray& name : readNames(path))
+        names.append(QString::fromUtf8(name));
+    return names;
+}
+
 std::optional<AFCFileInfo> AFCConnection::fileInfo(const QString& path) {
+    try {
+        return findInfo(path);
+    } catch (const Error&) {
+        if (isLost_)
+            throw;
+        return std::nullopt;
+    }
+}
+
+std::optional<AFCFileInfo> AFCConnection::findInfo(const QString& path) {
     char** texts = nullptr;
     const QByteArray name = path.toUtf8();
-    const AFCStatus status =
+    const std::int32_t status =
         ask([&](afc_client_t afc) { return afc_get_file_info(afc, name.constData(), &texts); });
     const AFCTexts owner(texts);
-    if (isLost_)
-        throw errorOf(status);
-    if (status != AFC_E_SUCCESS || texts == nullptr)
+    if (status == AFC_E_OBJECT_NOT_FOUND || (status == AFC_E_SUCCESS && texts == nullptr))
         return std::nullopt;
+    if (status != AFC_E_SUCCESS)
+        throw errorOf(status, path);
     return parseFileInfo(texts);
 }
 
-void AFCConnection::requireLink() {
+std::optional<std::uint64_t> AFCConnection::freeBytes() {
     char* value = nullptr;
-    const AFCStatus status =
-        ask([&](afc_client_t afc) { return afc_get_device_info_key(afc, "Model", &value); });
-    std::free(value);
+    const std::int32_t status =
+        ask([&](afc_client_t afc) { return afc_get_device_info_key(afc, "FSFreeBytes", &value); });
+    const LibraryText owner(value);
     if (isLost_)
-        throw errorOf(status);
+        throw errorOf(status, {});
+    bool isNumber = false;
+    const qulonglong bytes = QByteArray(value).toULongLong(&isNumber);
+    return status == AFC_E_SUCCESS && isNumber ? std::optional<std::uint64_t>(bytes) : std::nullopt;
+}
+
+void AFCConnection::requireLink() {
+    (void)freeBytes();
 }
 
 void AFCConnection::makeDirectory(const QString& path) {
-    require([name = path.toUtf8()](afc_client_t afc) {
+    hasTouched_ = true;
+    require(path, [name = path.toUtf8()](afc_client_t afc) {
         return afc_make_directory(afc, name.constData());
     });
 }
 
 void AFCConnection::removePath(const QString& path) {
-    require([name = path.toUtf8()](afc_client_t afc) {
+    hasTouched_ = true;
+    require(path, [name = path.toUtf8()](afc_client_t afc) {
         return afc_remove_path(afc, name.constData());
     });
 }
 
 void AFCConnection::renamePath(const QString& from, const QString& to) {
-    require([source = from.toUtf8(), target = to.toUtf8()](afc_client_t afc) {
+    hasTouched_ = true;
+    require(from, [source = from.toUtf8(), target = to.toUtf8()](afc_client_t afc) {
         return afc_rename_path(afc, source.constData(), target.constData());
     });
 }
@@ -168,14 +233,17 @@ void AFCConnection::setModifiedDate(const QString& path, const QDateTime& date) 
     constexpr std::uint64_t nanosecondsPerMillisecond = 1'000'000;
     const auto milliseconds =
         static_cast<std::uint64_t>(std::max<qint64>(date.toMSecsSinceEpoch(), 0));
-    require([&, name = path.toUtf8()](afc_client_t afc) {
+    hasTouched_ = true;
+    require(path, [&, name = path.toUtf8()](afc_client_t afc) {
         return afc_set_file_time(afc, name.constData(), milliseconds * nanosecondsPerMillisecond);
     });
 }
 
 AFCFile::AFCFile(AFCConnection& connection, const QString& path, afc_file_mode_t mode)
-    : connection_(connection) {
-    connection_.require([&, name = path.toUtf8()](afc_client_t afc) {
+    : connection_(connection), path_(path) {
+    if (mode != AFC_FOPEN_RDONLY)
+        connection_.hasTouched_ = true;
+    connection_.require(path_, [&, name = path.toUtf8()](afc_client_t afc) {
         return afc_file_open(afc, name.constData(), mode, &handle_);
     });
     isOpen_ = true;
@@ -188,19 +256,24 @@ AFCFile::~AFCFile() {
 
 std::size_t AFCFile::read(std::span<std::byte> buffer) {
     std::uint32_t count = 0;
-    connection_.require([&](afc_client_t afc) {
+    connection_.require(path_, [&](afc_client_t afc) {
         return afc_file_read(afc, handle_, reinterpret_cast<char*>(buffer.data()),
                              static_cast<std::uint32_t>(buffer.size()), &count);
     });
     // The library counts what the device sent, though it keeps only what was asked for.
     if (count > buffer.size())
-        throw TessaryError::afcError(AFCError::tooMuchData);
+        throw connection_.errorOf(AFC_E_TOO_MUCH_DATA, path_);
     return count;
+}
+
+void AFCFile::seek(qint64 offset) {
+    connection_.require(
+        path_, [&](afc_client_t afc) { return afc_file_seek(afc, handle_, offset, SEEK_SET); });
 }
 
 std::size_t AFCFile::write(ByteView bytes) {
     std::uint32_t count = 0;
-    connection_.require([&](afc_client_t afc) {
+    connection_.require(path_, [&](afc_client_t afc) {
         return afc_file_write(afc, handle_, reinterpret_cast<const char*>(bytes.data()),
                               static_cast<std::uint32_t>(bytes.size()), &count);
     });
@@ -210,7 +283,7 @@ std::size_t AFCFile::write(ByteView bytes) {
 void AFCFile::close() {
     if (!std::exchange(isOpen_, false))
         return;
-    connection_.require([this](afc_client_t afc) { return afc_file_close(afc, handle_); });
+    connection_.require(path_, [this](afc_client_t afc) { return afc_file_close(afc, handle_); });
 }
 
 } // namespace tessary

@@ -1,38 +1,38 @@
 #pragma once
 
 #include "base/values/Bytes.h"
+#include "base/values/Error.h"
 #include "ios/AFCFileInfo.h"
 #include "ios/Handles.h"
-#include "ios/LockdownSession.h"
+#include "ios/Lockdown.h"
 
 #include <QDateTime>
 #include <QString>
 #include <QStringList>
 
 #include <atomic>
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <span>
+#include <vector>
 
 namespace tessary {
 
-/// A status as the library hands it on: any number that a device sends, and not only those that
-/// its enumeration has.
-using AFCStatus = std::int32_t;
-
-/// The container of one app, opened through house arrest: each call is one request of the AFC
-/// protocol. Paths are the device's own. Calls block, for 30 seconds at most on a silent link,
-/// and are made on one thread; only isLost() and markLost() may come from any.
+/// Files of a device, opened through house arrest or the media service: each call is one request of
+/// the AFC protocol. Paths are the device's own. Calls block, for 30 seconds at most on a silent
+/// link, and are made on one thread; only isLost() and markLost() may come from any.
 ///
-/// A refused request throws TessaryError::afcError with the device's status. Once the link has
-/// failed, every call fails at once with `serviceNotConnected`.
+/// A refused request throws Error: what it means (PhoneError) about the path below
+/// workingRootPath(), over the device's AFCStatus. Once the link has failed, every call fails at
+/// once.
 class AFCConnection {
 public:
-    /// Opens the container of `bundleId` with "VendDocuments", else with "VendContainer". Throws
-    /// TessaryError::houseArrestFailed or ::afcError. `beat` is called after each request.
-    AFCConnection(std::unique_ptr<LockdownSession> session, const QString& bundleId,
+    /// Opens the container of `bundleId` with "VendDocuments", else with "VendContainer"; an empty
+    /// one means the media folder. Throws as the services do. `beat` is called after each request.
+    AFCConnection(std::unique_ptr<Lockdown> session, const QString& bundleId,
                   std::function<void()> beat);
 
     /// "/Documents" when the whole container was opened, "/" when it is the documents themselves.
@@ -42,6 +42,20 @@ public:
     /// The most bytes that one write may have: a network link takes less at a time than a cable.
     [[nodiscard]] std::size_t writeLimit() const {
         return writeLimit_;
+    }
+    /// A path below workingRootPath() as the device has it: written out, so that a folder called
+    /// like the root is not taken for it.
+    [[nodiscard]] QString inContainer(const QString& path) const;
+    [[nodiscard]] Lockdown& lockdown() {
+        return *session_;
+    }
+    /// Whether a request was made since the last beginAction() that may have changed something on
+    /// the device.
+    [[nodiscard]] bool hasTouched() const {
+        return hasTouched_;
+    }
+    void beginAction() {
+        hasTouched_ = false;
     }
     [[nodiscard]] bool isLost() const {
         return isLost_;
@@ -53,8 +67,12 @@ public:
     /// Names in the order of the device, without "." and "..". Some of them when the link broke off
     /// meanwhile: see requireLink().
     [[nodiscard]] QStringList readDirectory(const QString& path);
+    /// The same as the bytes that came, which need not be UTF-8.
+    [[nodiscard]] std::vector<QByteArray> readNames(const QString& path);
     /// No value when the device refuses to tell; throws when the link has failed.
     [[nodiscard]] std::optional<AFCFileInfo> fileInfo(const QString& path);
+    /// No value when nothing is there; any other refusal is thrown.
+    [[nodiscard]] std::optional<AFCFileInfo> findInfo(const QString& path);
     /// Throws unless the device still answers. The library takes an answer that was cut short for a
     /// whole one: only what another answer followed is known to have come in full.
     void requireLink();
@@ -62,25 +80,32 @@ public:
     void removePath(const QString& path);
     void renamePath(const QString& from, const QString& to);
     void setModifiedDate(const QString& path, const QDateTime& date);
+    /// Bytes that are free on the device; no value when it does not tell.
+    [[nodiscard]] std::optional<std::uint64_t> freeBytes();
 
 private:
     friend class AFCFile;
 
     [[nodiscard]] HouseArrestHandle openHouseArrest(const QString& bundleId);
-    void openClient();
+    void openMedia();
+    void openContainer();
     /// Makes one request; its status.
     template <typename Request>
-    [[nodiscard]] AFCStatus ask(const Request& request);
-    /// The same, where everything but success is thrown.
+    [[nodiscard]] std::int32_t ask(const Request& request);
+    /// The same, where everything but success is thrown as an error about `path`.
     template <typename Request>
-    void require(const Request& request);
+    void require(const QString& path, const Request& request);
+    /// What a status means, told more exactly where the phone as a whole has changed.
+    [[nodiscard]] Error errorOf(std::int32_t status, const QString& path);
 
     const std::function<void()> beat_;
     QString workingRootPath_{QLatin1Char('/')};
     std::size_t writeLimit_ = 0;
     std::atomic<bool> isLost_ = false;
+    bool hasTouched_ = false;
+    std::chrono::steady_clock::duration lastWait_{}; ///< of the last request, for its answer
     // Freed in the reverse order.
-    std::unique_ptr<LockdownSession> session_;
+    std::unique_ptr<Lockdown> session_;
     HouseArrestHandle houseArrest_;
     AFCHandle afc_;
 };
@@ -95,6 +120,8 @@ public:
 
     /// Bytes read into the front of `buffer`; 0 at the end of the file.
     [[nodiscard]] std::size_t read(std::span<std::byte> buffer);
+    /// Reading goes on from this offset.
+    void seek(qint64 offset);
     /// Bytes that the device has taken. At most AFCConnection::writeLimit() at a time.
     [[nodiscard]] std::size_t write(ByteView bytes);
     /// Throws what the device says when the file is closed. Nothing once it is closed.
@@ -102,6 +129,7 @@ public:
 
 private:
     AFCConnection& connection_;
+    const QString path_;
     std::uint64_t handle_ = 0;
     bool isOpen_ = false;
 };

@@ -33,6 +33,7 @@ AFCFileInfo parseFileInfo(const char* const* texts) {
         if (key == "st_ifmt") {
             info.isDirectory = value == "S_IFDIR";
             info.isLink = value == "S_IFLNK";
+            info.isFile = value == "S_IFREG";
         } else if (key == "st_size") {
             const auto size = parseUnsigned(value);
             info.size = size ? std::optional(clampedByteCount(*size)) : std::nullopt;

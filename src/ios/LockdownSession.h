@@ -1,69 +1,18 @@
 #pragma once
 
-#include "ios/Handles.h"
-
-#include <QString>
-
-#include <chrono>
-#include <functional>
-#include <optional>
-#include <stop_token>
+#include "ios/Lockdown.h"
 
 namespace tessary {
 
-/// Bytes of a whole device.
-struct StorageInfo {
-    qint64 freeBytes = 0; ///< at most totalBytes
-    qint64 totalBytes = 0;
-
-    bool operator==(const StorageInfo&) const = default;
-};
-
-/// The figures of a disk usage dictionary in any of its forms; no value without a capacity. What
-/// does not fit into 63 bits is clamped. Pure.
-[[nodiscard]] std::optional<StorageInfo> storageFromDiskUsage(plist_t diskUsage);
-
-/// A session with the lockdown service of one device: the way to its values and services. All
-/// calls block; one caller at a time. An answer is waited for for 30 seconds at most.
-class LockdownSession {
+/// Lockdown for callers that take its failures as TessaryError: `deviceNotFound` with the udid,
+/// `lockdownFailed` with "Handshake failed: <status>", `serviceStartFailed` with
+/// "<name> failed: <status>".
+class LockdownSession : public Lockdown {
 public:
-    static constexpr int attempts = 5;
-    static constexpr std::chrono::milliseconds pauseBetweenAttempts{250};
-
-    /// Waits for a time, or until the token asks to stop.
-    using Pause = std::function<void(std::chrono::milliseconds, const std::stop_token&)>;
-
-    /// Finds the device and performs the handshake, in up to `attempts` attempts with a pause
-    /// after each failure but the last. Throws the last attempt's TessaryError: `deviceNotFound`
-    /// with the udid, or `lockdownFailed` with "Handshake failed: <status>". CancellationError
-    /// between two attempts.
     explicit LockdownSession(const QString& udid, const std::stop_token& stop = {},
                              const Pause& pause = waitFor);
 
-    /// Starts a service. TessaryError::serviceStartFailed with "<name> failed: <status>".
     [[nodiscard]] LockdownService startService(const char* name);
-
-    /// Free and total space of the device; no value when it does not tell.
-    [[nodiscard]] std::optional<StorageInfo> getStorageInfo();
-    /// The name that its owner gave the device; no value when it does not tell.
-    [[nodiscard]] std::optional<QString> deviceName();
-    /// Whether the device is reached over the network and not by cable.
-    [[nodiscard]] bool usesNetwork() const;
-
-    [[nodiscard]] idevice_t device() const {
-        return device_.get();
-    }
-    [[nodiscard]] lockdownd_client_t client() const {
-        return client_.get();
-    }
-
-    static void waitFor(std::chrono::milliseconds time, const std::stop_token& stop);
-
-private:
-    const QByteArray udid_;
-    // Freed in the reverse order.
-    DeviceHandle device_;
-    LockdownHandle client_;
 };
 
 } // namespace tessary

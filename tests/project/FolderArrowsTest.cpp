@@ -41,6 +41,7 @@ const std::map<std::string, std::vector<std::string>> arrows = {
     {"adb/protocol", {"platform/desktop", "platform/dnssd", "platform/keys"}},
     {"adb/files", {"base/log", "phone", "platform/process"}},
     {"ios", {"base/log", "phone"}},
+    {"ios/files", {"ios"}},
     {"transfer", {"mtp/protocol", "phone", "platform/mount"}},
     {"transfer/copy", {"base/log", "phone"}},
     {"transfer/local", {"phone"}},

@@ -17,13 +17,13 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-struct Task {
+} // namespace
+
+struct SerialQueue::Task {
     enum class Stage { waiting, running, done };
     std::function<void()> work;
     Stage stage = Stage::waiting;
 };
-
-} // namespace
 
 struct SerialQueue::State {
     State(const char* threadName, Patience given) : name(threadName), patience(given) {}
@@ -67,17 +67,23 @@ void SerialQueue::post(std::function<void()> work) {
     state_->changed.notify_all();
 }
 
-void SerialQueue::runAndWait(std::function<void()> work, const std::stop_token& stop) {
-    const std::shared_ptr<State> state = state_;
-    const auto task = std::make_shared<Task>(Task{std::move(work)});
-    std::unique_lock lock(state->mutex);
-    if (state->isOver)
-        throw CancellationError();
-    if (!state->isRunning && state->waiting.empty())
-        state->lastBeat = Clock::now();
-    state->waiting.push_back(task);
-    state->changed.notify_all();
+std::shared_ptr<SerialQueue::Task> SerialQueue::add(std::function<void()> work) {
+    const std::scoped_lock lock(state_->mutex);
+    if (state_->isOver)
+        return nullptr;
+    if (!state_->isRunning && state_->waiting.empty())
+        state_->lastBeat = Clock::now();
+    auto task = std::make_shared<Task>(Task{std::move(work)});
+    state_->waiting.push_back(task);
+    state_->changed.notify_all();
+    return task;
+}
 
+void SerialQueue::waitFor(const std::shared_ptr<Task>& task, const std::stop_token& stop) {
+    if (!task)
+        throw CancellationError();
+    const std::shared_ptr<State> state = state_;
+    std::unique_lock lock(state->mutex);
     const auto isDone = [&] { return task->stage == Task::Stage::done; };
     // The wait ends early when a stop is asked for; a sign of life prolongs it.
     while (!isDone() && !stop.stop_requested() && Clock::now() < state->end())

@@ -23,6 +23,8 @@ public:
 /// for a silent call, is let go, while the call goes on alone and the next one after it.
 /// Thread-safe; not to be called from its own work.
 class SerialQueue {
+    struct Task;
+
 public:
     struct Patience {
         /// How long a caller that was asked to stop waits for its running work to notice.
@@ -45,20 +47,40 @@ public:
     /// without its caller: it must own or outlive all that it uses.
     template <typename Work>
     auto run(Work work, const std::stop_token& stop = {}) {
+        return start(std::move(work)).get(stop);
+    }
+
+    /// Work that was given to the queue and is waited for later, by one thread. Not to be waited
+    /// for once the queue is gone; it may go without having been waited for.
+    template <typename T>
+    class Started {
+    public:
+        /// Returns or throws as run() does. Once.
+        T get(const std::stop_token& stop = {}) {
+            queue_->waitFor(task_, stop);
+            return (*result_)->take();
+        }
+
+    private:
+        friend class SerialQueue;
+        SerialQueue* queue_ = nullptr;
+        std::shared_ptr<Task> task_;
+        std::shared_ptr<std::optional<BackgroundResult<T>>> result_;
+    };
+
+    /// run() in two steps: the caller does something else meanwhile.
+    template <typename Work>
+    auto start(Work work) {
         using T = std::invoke_result_t<Work&>;
-        struct Call {
-            explicit Call(Work given) : work(std::move(given)) {}
-            std::optional<Work> work;
-            std::optional<BackgroundResult<T>> result;
-        };
-        const auto call = std::make_shared<Call>(std::move(work));
-        runAndWait(
-            [call] {
-                call->result.emplace(detail::resultOf<T>(*call->work, std::stop_token()));
-                call->work.reset();
-            },
-            stop);
-        return call->result->take();
+        Started<T> started;
+        started.queue_ = this;
+        started.result_ = std::make_shared<std::optional<BackgroundResult<T>>>();
+        // Shared, since what is copied has to be copyable, and the work need not be.
+        const auto owned = std::make_shared<Work>(std::move(work));
+        started.task_ = add([owned, result = started.result_] {
+            result->emplace(detail::resultOf<T>(*owned, std::stop_token()));
+        });
+        return started;
     }
 
     /// Has `work` run without anybody waiting for it. It must not throw.
@@ -74,7 +96,9 @@ public:
 
 private:
     struct State;
-    void runAndWait(std::function<void()> work, const std::stop_token& stop);
+    /// Null when the queue is over.
+    [[nodiscard]] std::shared_ptr<Task> add(std::function<void()> work);
+    void waitFor(const std::shared_ptr<Task>& task, const std::stop_token& stop);
     static void serve(const std::shared_ptr<State>& state);
 
     std::shared_ptr<State> state_; ///< shared with the thread

@@ -1,0 +1,150 @@
+#include "ios/Lockdown.h"
+
+#include "base/text/ByteCount.h"
+#include "base/threads/CancellationError.h"
+#include "ios/IPhoneError.h"
+#include "ios/PlistValues.h"
+#include "phone/PhoneError.h"
+
+#include <usbmuxd.h>
+
+#include <algorithm>
+#include <condition_variable>
+#include <csignal>
+#include <mutex>
+
+namespace tessary {
+
+namespace {
+
+constexpr auto lookupOptions =
+    static_cast<idevice_options>(IDEVICE_LOOKUP_USBMUX | IDEVICE_LOOKUP_NETWORK);
+constexpr const char* label = "Tessary";
+
+std::uint64_t firstOf(plist_t dictionary, const char* key, const char* otherKey) {
+    const auto value = unsignedAt(dictionary, key);
+    return value ? *value : unsignedAt(dictionary, otherKey).value_or(0);
+}
+
+/// The library writes to connections that may be gone, which by default ends the program. Whoever
+/// has chosen otherwise keeps the choice.
+void ignoreBrokenPipes() {
+    static const bool done = [] {
+        struct sigaction current {};
+        if (sigaction(SIGPIPE, nullptr, &current) == 0 && current.sa_handler == SIG_DFL)
+            std::signal(SIGPIPE, SIG_IGN);
+        return true;
+    }();
+    (void)done;
+}
+
+bool findInMultiplexer(const QByteArray& udid, usbmuxd_device_info_t& info) {
+    constexpr auto options =
+        static_cast<usbmux_lookup_options>(DEVICE_LOOKUP_USBMUX | DEVICE_LOOKUP_NETWORK);
+    return usbmuxd_get_device(udid.constData(), &info, options) > 0;
+}
+
+} // namespace
+
+std::optional<StorageInfo> storageFromDiskUsage(plist_t diskUsage) {
+    const qint64 total =
+        clampedByteCount(firstOf(diskUsage, "TotalDiskCapacity", "TotalDataCapacity"));
+    const qint64 free =
+        clampedByteCount(firstOf(diskUsage, "AmountDataAvailable", "TotalDataAvailable"));
+    if (total == 0)
+        return std::nullopt;
+    return StorageInfo{std::min(free, total), total};
+}
+
+Lockdown::Lockdown(const QString& udid, const std::stop_token& stop, const Pause& pause)
+    : udid_(udid.toUtf8()) {
+    ignoreBrokenPipes();
+    for (int attempt = 1;; ++attempt) {
+        throwIfStopped(stop);
+        idevice_t device = nullptr;
+        const bool isFound = idevice_new_with_options(&device, udid_.constData(), lookupOptions) ==
+                             IDEVICE_E_SUCCESS;
+        DeviceHandle owner(device);
+        lockdownd_error_t status = LOCKDOWN_E_SUCCESS;
+        if (isFound && device != nullptr) {
+            lockdownd_client_t client = nullptr;
+            status = lockdownd_client_new_with_handshake(device, &client, label);
+            if (status == LOCKDOWN_E_SUCCESS && client != nullptr) {
+                device_ = std::move(owner);
+                client_.reset(client);
+                return;
+            }
+        }
+        const bool isLast = attempt == attempts || isFinalRefusal(status);
+        if (isLast && owner)
+            throw lockdownErrorOf(status, {IPhoneError::handshake, {static_cast<int>(status)}});
+        if (isLast)
+            throw Error(PhoneError::notConnected);
+        owner.reset();
+        pause(pauseBetweenAttempts, stop);
+    }
+}
+
+LockdownService Lockdown::startService(const char* name) {
+    lockdownd_service_descriptor_t descriptor = nullptr;
+    const lockdownd_error_t status = lockdownd_start_service(client(), name, &descriptor);
+    LockdownService service(descriptor);
+    if (status != LOCKDOWN_E_SUCCESS || !service)
+        throw lockdownErrorOf(
+            status, {IPhoneError::service, {QString::fromLatin1(name), static_cast<int>(status)}});
+    return service;
+}
+
+PlistHandle Lockdown::valueAt(const char* domain, const char* key) {
+    plist_t value = nullptr;
+    const lockdownd_error_t status = lockdownd_get_value(client(), domain, key, &value);
+    PlistHandle owner(value);
+    return status == LOCKDOWN_E_SUCCESS ? std::move(owner) : nullptr;
+}
+
+std::optional<StorageInfo> Lockdown::getStorageInfo() {
+    return storageFromDiskUsage(valueAt("com.apple.disk_usage", nullptr).get());
+}
+
+std::optional<int> Lockdown::batteryLevel() {
+    constexpr std::uint64_t full = 100;
+    const PlistHandle values = valueAt("com.apple.mobile.battery", nullptr);
+    const auto percent = unsignedAt(values.get(), "BatteryCurrentCapacity");
+    return percent && *percent <= full ? std::optional(static_cast<int>(*percent)) : std::nullopt;
+}
+
+bool Lockdown::isLocked() {
+    const PlistHandle value = valueAt(nullptr, "PasswordProtected");
+    std::uint8_t isTrue = 0;
+    if (value && plist_get_node_type(value.get()) == PLIST_BOOLEAN)
+        plist_get_bool_val(value.get(), &isTrue);
+    return isTrue != 0;
+}
+
+std::optional<QString> Lockdown::deviceName() {
+    char* name = nullptr;
+    const lockdownd_error_t status = lockdownd_get_device_name(client(), &name);
+    const LibraryText owner(name);
+    if (status != LOCKDOWN_E_SUCCESS || name == nullptr || *name == '\0')
+        return std::nullopt;
+    return QString::fromUtf8(name);
+}
+
+bool Lockdown::isAttached() const {
+    usbmuxd_device_info_t info{};
+    return findInMultiplexer(udid_, info);
+}
+
+bool Lockdown::usesNetwork() const {
+    usbmuxd_device_info_t info{};
+    return findInMultiplexer(udid_, info) && info.conn_type == CONNECTION_TYPE_NETWORK;
+}
+
+void Lockdown::waitFor(std::chrono::milliseconds time, const std::stop_token& stop) {
+    std::mutex mutex;
+    std::condition_variable_any never;
+    std::unique_lock lock(mutex);
+    never.wait_for(lock, stop, time, [] { return false; });
+}
+
+} // namespace tessary

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "ios/Handles.h"
+
+#include <QString>
+
+#include <chrono>
+#include <functional>
+#include <optional>
+#include <stop_token>
+
+namespace tessary {
+
+/// Bytes of a whole device.
+struct StorageInfo {
+    qint64 freeBytes = 0; ///< at most totalBytes
+    qint64 totalBytes = 0;
+
+    bool operator==(const StorageInfo&) const = default;
+};
+
+/// The figures of a disk usage dictionary in any of its forms; no value without a capacity. What
+/// does not fit into 63 bits is clamped. Pure.
+[[nodiscard]] std::optional<StorageInfo> storageFromDiskUsage(plist_t diskUsage);
+
+/// A session with the lockdown service of one device: the way to its values and services. All
+/// calls block; one caller at a time. An answer is waited for for 30 seconds at most.
+class Lockdown {
+public:
+    static constexpr int attempts = 5;
+    static constexpr std::chrono::milliseconds pauseBetweenAttempts{250};
+
+    /// Waits for a time, or until the token asks to stop.
+    using Pause = std::function<void(std::chrono::milliseconds, const std::stop_token&)>;
+
+    /// Finds the device and performs the handshake, in up to `attempts` attempts with a pause
+    /// after each failure but the last; a phone that waits for its user is not asked twice. Throws
+    /// the last attempt's Error: PhoneError::notConnected, or what the refusal means, over
+    /// IPhoneError::handshake. CancellationError between two attempts.
+    explicit Lockdown(const QString& udid, const std::stop_token& stop = {},
+                      const Pause& pause = waitFor);
+
+    /// Starts a service. Throws what the refusal means, over IPhoneError::service.
+    [[nodiscard]] LockdownService startService(const char* name);
+
+    /// Free and total space of the device; no value when it does not tell.
+    [[nodiscard]] std::optional<StorageInfo> getStorageInfo();
+    /// The name that its owner gave the device; no value when it does not tell.
+    [[nodiscard]] std::optional<QString> deviceName();
+    /// Charge in percent; no value when the device does not tell.
+    [[nodiscard]] std::optional<int> batteryLevel();
+    /// Whether it is locked with a passcode right now; false when it does not tell.
+    [[nodiscard]] bool isLocked();
+    /// Whether the multiplexer still lists the device. Thread-safe.
+    [[nodiscard]] bool isAttached() const;
+    /// Whether the device is reached over the network and not by cable.
+    [[nodiscard]] bool usesNetwork() const;
+
+    [[nodiscard]] idevice_t device() const {
+        return device_.get();
+    }
+    [[nodiscard]] lockdownd_client_t client() const {
+        return client_.get();
+    }
+
+    static void waitFor(std::chrono::milliseconds time, const std::stop_token& stop);
+
+private:
+    [[nodiscard]] PlistHandle valueAt(const char* domain, const char* key);
+
+    const QByteArray udid_;
+    // Freed in the reverse order.
+    DeviceHandle device_;
+    LockdownHandle client_;
+};
+
+} // namespace tessary

@@ -1,0 +1,509 @@
+#include "ios/files/AFCFileSystem.h"
+
+#include "base/log/DiagnosticsLogger.h"
+#include "base/text/PathNames.h"
+#include "ios/AFCStatus.h"
+#include "ios/files/AFCContent.h"
+#include "ios/files/AFCItems.h"
+
+#include <algorithm>
+#include <span>
+
+namespace tessary {
+
+namespace {
+
+using Opened = AFCSession::Opened;
+using Clock = std::chrono::steady_clock;
+
+constexpr QLatin1Char slash('/');
+/// Deeper trees are a phone's mistake: paths of a real one are far shorter.
+constexpr int maxDepth = 128;
+/// Rows are handed over after so many requests, or after so long.
+constexpr std::size_t rowsAtATime = 128;
+constexpr std::chrono::milliseconds rowsAfter(100);
+
+/// A path whose components a phone can have; any other leads nowhere.
+void requirePath(const QString& path) {
+    if (path == slash)
+        return;
+    const QStringList names = path.mid(1).split(slash);
+    if (!std::all_of(names.begin(), names.end(), isSafeName))
+        throw Error(PhoneError::notFound, {path});
+}
+
+void requireItem(const QString& path) {
+    requirePath(path);
+    if (path == slash)
+        throw Error(PhoneError::wholeStorage, {path});
+}
+
+std::optional<AFCFileInfo> infoAt(const Opened& opened, const QString& path) {
+    return opened.connection->findInfo(opened.connection->inContainer(path));
+}
+
+/// The entry at a path of the container that is there.
+FileItem itemFrom(const QString& path, const std::optional<AFCFileInfo>& info) {
+    if (!info)
+        throw Error(PhoneError::notFound, {path});
+    AFCRow row = rowFrom(path, info);
+    if (const auto* unreadable = std::get_if<UnreadableEntry>(&row))
+        throw unreadable->error;
+    return std::get<FileItem>(std::move(row));
+}
+
+/// Right before an item is changed: it still is what the user saw.
+void requireStill(const Opened& opened, const FileItem& item, const QString& path) {
+    const auto info = infoAt(opened, path);
+    if (!info)
+        throw Error(PhoneError::notFound, {path});
+    const AFCRow row = rowFrom(path, info);
+    const auto* now = std::get_if<FileItem>(&row);
+    if (now == nullptr || !isStill(item, *now))
+        throw Error(PhoneError::changed, {path});
+}
+
+void requireFolderAt(const Opened& opened, const QString& path) {
+    const auto info = infoAt(opened, path);
+    if (!info)
+        throw Error(PhoneError::notFound, {path});
+    if (!info->isDirectory)
+        throw Error(PhoneError::notAFolder, {path});
+}
+
+void requireFree(const Opened& opened, const QString& path) {
+    if (infoAt(opened, path))
+        throw Error(PhoneError::taken, {lastComponent(path)});
+}
+
+/// Some phones have no status of their own for a folder that holds something.
+void removeOne(const Opened& opened, const QString& path) {
+    AFCConnection& connection = *opened.connection;
+    try {
+        connection.removePath(connection.inContainer(path));
+    } catch (const Error& error) {
+        if (error.find<AFCStatus>() != AFCStatus::unknown || connection.isLost())
+            throw;
+        const auto info = infoAt(opened, path);
+        if (!info || !info->isDirectory ||
+            connection.readNames(connection.inContainer(path)).empty())
+            throw;
+        throw Error(PhoneError::folderNotEmpty, {path}, error);
+    }
+}
+
+std::vector<QByteArray> namesIn(const Opened& opened, const QString& folder) {
+    AFCConnection& connection = *opened.connection;
+    try {
+        std::vector<QByteArray> names = connection.readNames(connection.inContainer(folder));
+        if (names.empty())
+            connection.requireLink();
+        return names;
+    } catch (const Error& error) {
+        if (!error.is(PhoneError::notFound) || !infoAt(opened, folder))
+            throw;
+        throw Error(PhoneError::notAFolder, {folder}, *error.cause());
+    }
+}
+
+/// The rows of some names; of as many of the first as there is time for.
+std::vector<AFCRow> rowsOf(const Opened& opened, const QString& folder,
+                           std::span<const QByteArray> names) {
+    std::vector<AFCRow> rows;
+    const auto end = Clock::now() + rowsAfter;
+    for (const QByteArray& bytes : names) {
+        if (!rows.empty() && Clock::now() >= end)
+            break;
+        const auto name = textOfName(bytes);
+        const QString path = joinPath(folder, name.value_or(QString::fromUtf8(bytes)));
+        if (!name || !isSafeName(*name)) {
+            rows.emplace_back(
+                UnreadableEntry{path, Error(PhoneError::nameNotAllowed, {lastComponent(path)})});
+            continue;
+        }
+        try {
+            rows.push_back(rowFrom(path, infoAt(opened, path)));
+        } catch (const Error& error) {
+            if (opened.connection->isLost() || endsEverything(error))
+                throw;
+            rows.emplace_back(UnreadableEntry{path, error});
+        }
+    }
+    return rows;
+}
+
+void handOver(std::vector<AFCRow>&& rows, const ListingReceiver& receiver) {
+    std::vector<FileItem> items;
+    for (AFCRow& row : rows) {
+        if (auto* item = std::get_if<FileItem>(&row)) {
+            items.push_back(std::move(*item));
+            continue;
+        }
+        auto& entry = std::get<UnreadableEntry>(row);
+        if (receiver.unreadable)
+            receiver.unreadable(std::move(entry));
+        else
+            DiagnosticsLogger::shared().afc.error("Left out of a listing: %s",
+                                                  {entry.error.logText()});
+    }
+    if (!items.empty())
+        receiver.rows(std::move(items));
+}
+
+void create(Opened& opened, const QString& path) {
+    requireFree(opened, path);
+    AFCConnection& connection = *opened.connection;
+    opened.file = std::make_unique<AFCFile>(connection, connection.inContainer(path), AFC_FOPEN_WR);
+    opened.made = connection.inContainer(path);
+}
+
+/// Closes the file that was sent, dates it and looks at what has become of it.
+FileItem finish(Opened& opened, const QString& path, qint64 sent,
+                const std::optional<QDateTime>& date) {
+    opened.file->close();
+    opened.file.reset();
+    try {
+        if (date)
+            opened.connection->setModifiedDate(opened.made, *date);
+    } catch (const Error&) {
+        // A copy is whole without its date. A lost link shows at the next request.
+    }
+    const auto info = infoAt(opened, path);
+    if (!info)
+        throw Error(PhoneError::notDone, {path});
+    FileItem item = itemFrom(path, info);
+    if (item.isDirectory || item.size != sent)
+        throw Error(PhoneError::wrongSize, {path, item.size, sent});
+    opened.made.clear();
+    return item;
+}
+
+/// Rethrows the exception that is being handled; an error with one code gets another one.
+[[noreturn]] void rethrowAs(PhoneError code, PhoneError shown) {
+    try {
+        throw;
+    } catch (const Error& error) {
+        if (error.is(code))
+            throw Error(shown, error.arguments(), error);
+        throw;
+    }
+}
+
+/// Whatever was tried, listings of the phone are to be looked at again.
+class Edit {
+public:
+    explicit Edit(PhoneQueue& queue) : queue_(queue) {}
+    ~Edit() {
+        queue_.noteEdit();
+    }
+    Edit(const Edit&) = delete;
+    Edit& operator=(const Edit&) = delete;
+
+private:
+    PhoneQueue& queue_;
+};
+
+} // namespace
+
+AFCFileSystem::AFCFileSystem(PhoneIdentity phone, std::optional<AppInfo> app,
+                             std::shared_ptr<PhoneQueue> queue, SerialQueue::Patience patience)
+    : phone_(std::move(phone)),
+      app_(std::move(app)),
+      queue_(std::move(queue)),
+      session_(phone_.udid, app_ ? app_->bundleIdentifier : QString(), patience) {}
+
+AFCFileSystem::~AFCFileSystem() {
+    queue_->forget(this);
+}
+
+QString AFCFileSystem::identity() const {
+    return QStringLiteral("ios:%1:%2")
+        .arg(phone_.udid, app_ ? app_->bundleIdentifier : QStringLiteral(AFC_SERVICE_NAME));
+}
+
+QString AFCFileSystem::displayName() const {
+    const QString name = phone_.name.isEmpty() ? phone_.udid : phone_.name;
+    return app_ ? QStringLiteral("%1 (%2)").arg(app_->displayName, name) : name;
+}
+
+FileTreeRoot AFCFileSystem::rootOf(const QString&) const {
+    return {QString(slash), app_ ? QStringLiteral("Documents") : QStringLiteral("Photos & Videos")};
+}
+
+QString AFCFileSystem::canonicalPath(const QString& path) const {
+    return slash + path.split(slash, Qt::SkipEmptyParts).join(slash);
+}
+
+PhoneQueue::Turn AFCFileSystem::takeTurn(const Call& call) {
+    PhoneQueue::Turn turn = queue_->take(call);
+    if (!std::exchange(closesWhenIdle_, true))
+        queue_->closeWhenIdle(this, [this] { session_.close(); });
+    return turn;
+}
+
+FileSystemCapabilities AFCFileSystem::capabilities(const Call&) {
+    FileSystemCapabilities can;
+    can.renamesOntoTaken = renamesOntoTaken_;
+    can.setsDates = true;
+    can.readsRanges = true;
+    can.dateStep = std::chrono::milliseconds(1);
+    return can;
+}
+
+NameRules AFCFileSystem::nameRules(const QString&) {
+    return {.ignoresUnicodeForm = true};
+}
+
+void AFCFileSystem::list(const QString& folder, const ListingReceiver& receiver, const Call& call) {
+    const QString at = canonicalPath(folder);
+    requirePath(at);
+    const PhoneQueue::Turn turn = takeTurn(call);
+    const auto names = std::make_shared<const std::vector<QByteArray>>(
+        session_.begin([at](const Opened& opened) { return namesIn(opened, at); }, call.stop));
+    for (std::size_t done = 0; done < names->size();) {
+        std::vector<AFCRow> rows = session_.step(
+            [at, names, done](const Opened& opened) {
+                const auto rest = std::span(*names).subspan(done);
+                return rowsOf(opened, at, rest.first(std::min(rest.size(), rowsAtATime)));
+            },
+            call.stop);
+        done += rows.size();
+        handOver(std::move(rows), receiver);
+    }
+    // What came last is known to have come in full only when another answer follows it.
+    if (!names->empty())
+        session_.step([](const Opened& opened) { opened.connection->requireLink(); }, call.stop);
+}
+
+std::optional<FileItem> AFCFileSystem::find(const QString& path, const Call& call) {
+    const QString at = canonicalPath(path);
+    try {
+        requirePath(at);
+    } catch (const Error&) {
+        return std::nullopt;
+    }
+    const PhoneQueue::Turn turn = takeTurn(call);
+    auto item = session_.begin(
+        [at](const Opened& opened) -> std::optional<FileItem> {
+            const auto info = infoAt(opened, at);
+            return info ? std::optional(itemFrom(at, info)) : std::nullopt;
+        },
+        call.stop);
+    if (item && at == slash)
+        item->name = rootOf(at).name;
+    return item;
+}
+
+qint64 AFCFileSystem::read(const FileItem& file, ByteRange range, const ByteSink& sink,
+                           const Call& call) {
+    const QString path = canonicalPath(file.path);
+    requireItem(path);
+    const PhoneQueue::Turn turn = takeTurn(call);
+    try {
+        return readContent(session_, path, file.size, range, sink, call.stop);
+    } catch (...) {
+        session_.abandon();
+        // Opening shows it, too, without a request of its own.
+        rethrowAs(PhoneError::notAFile, PhoneError::changed);
+    }
+}
+
+FileItem AFCFileSystem::write(const NewFile& file, const ByteSource& content,
+                              const ByteProgress& progress, const Call& call) {
+    const QString folder = canonicalPath(file.folder);
+    requirePath(folder);
+    if (!nameRules(folder).accepts(file.name))
+        throw Error(PhoneError::nameNotAllowed, {file.name});
+    const QString path = joinPath(folder, file.name);
+    const PhoneQueue::Turn turn = takeTurn(call);
+    const Edit edit(*queue_);
+    try {
+        session_.begin([path](Opened& opened) { create(opened, path); }, call.stop);
+        const qint64 sent = sendContent(session_, content, progress, call.stop);
+        return session_.step([path, sent, date = file.modified](
+                                 Opened& opened) { return finish(opened, path, sent, date); },
+                             call.stop);
+    } catch (...) {
+        session_.abandon();
+        throw;
+    }
+}
+
+FileItem AFCFileSystem::makeFolder(const QString& parent, const QString& name, const Call& call) {
+    const QString folder = canonicalPath(parent);
+    requirePath(folder);
+    if (!nameRules(folder).accepts(name))
+        throw Error(PhoneError::nameNotAllowed, {name});
+    const PhoneQueue::Turn turn = takeTurn(call);
+    const Edit edit(*queue_);
+    return session_.begin(
+        [folder, path = joinPath(folder, name)](const Opened& opened) {
+            // Phones make what is missing above it, and say nothing about what is there.
+            requireFolderAt(opened, folder);
+            requireFree(opened, path);
+            opened.connection->makeDirectory(opened.connection->inContainer(path));
+            const auto info = infoAt(opened, path);
+            if (!info)
+                throw Error(PhoneError::notDone, {path});
+            return itemFrom(path, info);
+        },
+        call.stop);
+}
+
+void AFCFileSystem::remove(const FileItem& item, const Call& call) {
+    const QString path = canonicalPath(item.path);
+    requireItem(path);
+    const PhoneQueue::Turn turn = takeTurn(call);
+    const Edit edit(*queue_);
+    session_.begin(
+        [item, path](const Opened& opened) {
+            requireStill(opened, item, path);
+            removeOne(opened, path);
+        },
+        call.stop);
+}
+
+void AFCFileSystem::removeTree(const FileItem& item, const Call& call) {
+    const QString path = canonicalPath(item.path);
+    requireItem(path);
+    {
+        const PhoneQueue::Turn turn = takeTurn(call);
+        session_.begin([item, path](const Opened& opened) { requireStill(opened, item, path); },
+                       call.stop);
+    }
+    removeBelow(path, 0, call);
+}
+
+void AFCFileSystem::removeBelow(const QString& path, int depth, const Call& call) {
+    if (depth > maxDepth)
+        throw Error(PhoneError::insideItself, {path});
+    // Empty once it is gone: only a folder that holds something is listed.
+    const auto removeIt = [&](bool mayBeFull) {
+        const PhoneQueue::Turn turn = takeTurn(call);
+        const Edit edit(*queue_);
+        return session_.begin(
+            [path, mayBeFull](const Opened& opened) -> std::vector<QByteArray> {
+                try {
+                    removeOne(opened, path);
+                    return {};
+                } catch (const Error& error) {
+                    if (!mayBeFull || !error.is(PhoneError::folderNotEmpty))
+                        throw;
+                }
+                return namesIn(opened, path);
+            },
+            call.stop);
+    };
+    const std::vector<QByteArray> names = removeIt(true);
+    if (names.empty())
+        return;
+    for (const QByteArray& bytes : names) {
+        const auto name = textOfName(bytes);
+        // A name with a "/" in it would lead out of the folder that the user saw.
+        if (!name || !isSafeName(*name))
+            throw Error(PhoneError::nameNotAllowed, {QString::fromUtf8(bytes)});
+        removeBelow(joinPath(path, *name), depth + 1, call);
+    }
+    (void)removeIt(false);
+}
+
+FileItem AFCFileSystem::rename(const FileItem& item, const QString& newName, TakenName taken,
+                               const Call& call) {
+    return renameTo(item, joinPath(parentPath(canonicalPath(item.path)), newName), taken, call);
+}
+
+FileItem AFCFileSystem::move(const FileItem& item, const QString& newFolder, const Call& call) {
+    const QString folder = canonicalPath(newFolder);
+    const QString path = canonicalPath(item.path);
+    if (joinPath(folder, {}).startsWith(joinPath(path, {})))
+        throw Error(PhoneError::insideItself, {path});
+    return renameTo(item, joinPath(folder, lastComponent(path)), TakenName::refused, call);
+}
+
+FileItem AFCFileSystem::renameTo(const FileItem& item, const QString& target, TakenName taken,
+                                 const Call& call) {
+    const QString path = canonicalPath(item.path);
+    requireItem(path);
+    const QString name = lastComponent(target);
+    const NameRules rules = nameRules(path);
+    if (!rules.accepts(name) || target == slash)
+        throw Error(PhoneError::nameNotAllowed, {name});
+    const bool replaces = taken == TakenName::replaced && !item.isDirectory;
+    if (replaces && !renamesOntoTaken_)
+        throw Error(PhoneError::notSupported, {path});
+    // The phone finds the item itself under a name that differs only in form.
+    const bool isOneName = rules.key(target) == rules.key(path);
+    const PhoneQueue::Turn turn = takeTurn(call);
+    const Edit edit(*queue_);
+    try {
+        session_.begin(
+            [=](const Opened& opened) {
+                requireStill(opened, item, path);
+                if (parentPath(target) != parentPath(path))
+                    requireFolderAt(opened, parentPath(target));
+                if (!replaces && !isOneName)
+                    requireFree(opened, target);
+                AFCConnection& connection = *opened.connection;
+                connection.renamePath(connection.inContainer(path), connection.inContainer(target));
+            },
+            call.stop);
+    } catch (const Error& error) {
+        const auto status = error.find<AFCStatus>();
+        if (replaces && status == AFCStatus::objectExists) {
+            renamesOntoTaken_ = false;
+            throw Error(PhoneError::notSupported, {path}, *error.cause());
+        }
+        if (replaces && status == AFCStatus::objectIsFolder)
+            throw Error(PhoneError::taken, {name}, *error.cause());
+        throw;
+    }
+    FileItem renamed = item;
+    renamed.name = name;
+    renamed.path = target;
+    return renamed;
+}
+
+void AFCFileSystem::setModified(const FileItem& file, const QDateTime& date, const Call& call) {
+    const QString path = canonicalPath(file.path);
+    requireItem(path);
+    const PhoneQueue::Turn turn = takeTurn(call);
+    const Edit edit(*queue_);
+    session_.begin(
+        [path, date, isFolder = file.isDirectory](const Opened& opened) {
+            const auto info = infoAt(opened, path);
+            if (!info)
+                throw Error(PhoneError::notFound, {path});
+            if (info->isDirectory != isFolder)
+                throw Error(PhoneError::changed, {path});
+            AFCConnection& connection = *opened.connection;
+            connection.setModifiedDate(connection.inContainer(path), date);
+        },
+        call.stop);
+}
+
+std::optional<std::uint64_t> AFCFileSystem::freeBytes(const QString&, const Call& call) {
+    const PhoneQueue::Turn turn = takeTurn(call);
+    return session_.begin([](const Opened& opened) { return opened.connection->freeBytes(); },
+                          call.stop);
+}
+
+std::optional<LiveDeviceInfo> AFCFileSystem::liveInfo() {
+    const auto turn = queue_->tryTake();
+    if (!turn)
+        return std::nullopt;
+    return session_.ask(
+        [](Lockdown& lockdown) {
+            LiveDeviceInfo info;
+            info.battery = lockdown.batteryLevel();
+            if (const auto storage = lockdown.getStorageInfo()) {
+                StorageVolume volume;
+                volume.totalBytes = static_cast<std::uint64_t>(storage->totalBytes);
+                volume.freeBytes = static_cast<std::uint64_t>(storage->freeBytes);
+                info.volumes.push_back(std::move(volume));
+            }
+            return info;
+        },
+        {});
+}
+
+} // namespace tessary

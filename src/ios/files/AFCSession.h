@@ -1,0 +1,138 @@
+#pragma once
+
+#include "base/threads/CancellationError.h"
+#include "base/threads/SerialQueue.h"
+#include "ios/AFCConnection.h"
+#include "phone/PhoneError.h"
+
+#include <QString>
+
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <stop_token>
+#include <utility>
+
+namespace tessary {
+
+/// The one connection that a file system of an iPhone works with: opened when it is first needed,
+/// and anew after it has failed. It lives on a thread of its own ("com.tessary.afc"), where all its
+/// requests are made: work that is given must own all that it uses, since a caller who is told to
+/// stop is let go within a second while the library goes on. Used by one caller at a time.
+class AFCSession {
+public:
+    /// What work finds on the session's thread.
+    struct Opened {
+        std::shared_ptr<AFCConnection> connection; ///< not null within work
+        std::unique_ptr<AFCFile> file;             ///< that is being read or written
+        /// The device's path of a file that is not whole yet; empty when there is none.
+        QString made;
+    };
+
+    /// Opens nothing yet. An empty `bundleId` means the media folder.
+    AFCSession(const QString& udid, const QString& bundleId, SerialQueue::Patience patience);
+    /// Closes the connection; waits for it for a second at most.
+    ~AFCSession();
+    AFCSession(const AFCSession&) = delete;
+    AFCSession& operator=(const AFCSession&) = delete;
+
+    /// Runs `work(Opened&)`, which is the beginning of an action, and returns or throws what it
+    /// does. When a connection from an earlier action turns out to be dead before anything was
+    /// changed on the phone, once more on a new one. CancellationError when `stop` asks;
+    /// PhoneError::noAnswer when the phone is silent.
+    template <typename Work>
+    auto begin(Work work, const std::stop_token& stop) {
+        throwIfStopped(stop);
+        return waitFor(queue_.start([slot = slot_, work = std::move(work), stop]() mutable {
+            return slot->begin(work, stop);
+        }),
+                       stop);
+    }
+
+    /// The same for a later step of an action, on the connection that it was begun on.
+    template <typename Work>
+    auto step(Work work, const std::stop_token& stop) {
+        throwIfStopped(stop);
+        return waitFor(start(std::move(work)), stop);
+    }
+
+    /// A step that is waited for later, with waitFor().
+    template <typename Work>
+    auto start(Work work) {
+        return queue_.start(
+            [slot = slot_, work = std::move(work)]() mutable { return slot->goOn(work); });
+    }
+    template <typename T>
+    T waitFor(SerialQueue::Started<T> started, const std::stop_token& stop) {
+        try {
+            return started.get(stop);
+        } catch (const QueueStalled&) {
+            slot_->isStuck = true;
+            throw Error(PhoneError::noAnswer);
+        }
+    }
+
+    /// Ends the action that is under way: closes its file, and removes what it has made and not
+    /// finished, while the link lasts. Comes after all steps; nobody waits for it.
+    void abandon();
+    /// Closes the connection, in its turn; nobody waits for it.
+    void close();
+
+    /// Runs `work(Lockdown&)` on the open connection's session, or on one that is made for it.
+    template <typename Work>
+    auto ask(Work work, const std::stop_token& stop) {
+        return waitFor(queue_.start([slot = slot_, work = std::move(work), stop]() mutable {
+            if (slot->isUsable())
+                return work(slot->opened.connection->lockdown());
+            Lockdown lockdown(slot->udid, stop);
+            return work(lockdown);
+        }),
+                       stop);
+    }
+
+private:
+    /// Touched on the session's thread only, but for `isStuck`.
+    struct Slot {
+        Slot(QString phone, QString app, std::function<void()> pulse)
+            : udid(std::move(phone)), bundleId(std::move(app)), beat(std::move(pulse)) {}
+
+        const QString udid;
+        const QString bundleId;
+        const std::function<void()> beat;
+        Opened opened;
+        std::atomic<bool> isStuck = false; ///< a caller gave up on what is open
+
+        [[nodiscard]] bool isUsable();
+        void open(const std::stop_token& stop);
+        /// After a failure: whether the action may be tried once more.
+        [[nodiscard]] bool mayTryAgain(bool wasOpen) const;
+        void close();
+
+        template <typename Work>
+        auto begin(Work& work, const std::stop_token& stop) {
+            const bool wasOpen = isUsable();
+            if (!wasOpen)
+                open(stop);
+            opened.connection->beginAction();
+            try {
+                return work(opened);
+            } catch (const Error&) {
+                if (!mayTryAgain(wasOpen))
+                    throw;
+            }
+            open(stop);
+            return work(opened);
+        }
+        template <typename Work>
+        auto goOn(Work& work) {
+            if (!isUsable())
+                throw Error(PhoneError::brokenOff);
+            return work(opened);
+        }
+    };
+
+    SerialQueue queue_;
+    std::shared_ptr<Slot> slot_; ///< shared with work that outlives its caller
+};
+
+} // namespace tessary

@@ -1,0 +1,281 @@
+#include "ios/files/AFCFileSystem.h"
+
+#include "base/threads/CancellationError.h"
+#include "support/IPhoneFiles.h"
+#include "support/ManyBytes.h"
+#include "support/QtPrinters.h"
+
+#include <QTimeZone>
+
+#include <gmock/gmock.h>
+
+#include <thread>
+
+namespace tessary {
+namespace {
+
+using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
+using testing::StartsWith;
+
+constexpr qint64 mebibyte = qint64{1} << 20;
+const QDateTime someDate(QDate(2021, 3, 4), QTime(5, 6, 7), QTimeZone::utc());
+
+class AFCContentTest : public testing::Test {
+protected:
+    void refuse(const char* request, std::uint64_t status) {
+        iphone_.faults([&](VirtualIPhoneFaults& faults) {
+            faults.statuses[QString::fromLatin1(request)] = {status, false};
+        });
+    }
+    /// Stops a call once the phone has seen so many requests of a kind.
+    std::jthread stopAfter(const char* request, std::size_t requests, std::stop_source& stop) {
+        return std::jthread([this, request, requests, stop]() mutable {
+            while (iphone_.count(request) < requests)
+                std::this_thread::sleep_for(1ms);
+            stop.request_stop();
+        });
+    }
+    [[nodiscard]] std::size_t requests() {
+        std::size_t count = 0;
+        for (const char* request : {"readDir", "getFileInfo", "fileOpen", "fileRead", "fileWrite",
+                                    "fileClose", "fileSeek", "setFileModTime", "removePath"})
+            count += iphone_.count(("afc." + std::string(request)).c_str());
+        return count;
+    }
+
+    IPhoneFiles iphone_;
+    AFCFileSystem& files_ = iphone_.files;
+};
+
+TEST_F(AFCContentTest, bytesDatesAndProgressAreRightAtEverySize) {
+    for (const qint64 size : {qint64{0}, qint64{1}, mebibyte / 8 - 1, mebibyte / 8,
+                              mebibyte / 8 + 1, 5 * mebibyte / 2, 9 * mebibyte}) {
+        SCOPED_TRACE(size);
+        const QByteArray content = manyBytes(size);
+        iphone_.progress.clear();
+        const FileItem made = iphone_.put({u"/"_s, u"up"_s, size, someDate}, content);
+        EXPECT_EQ(made, FileItem(u"up"_s, u"/up"_s, false, size, someDate));
+        EXPECT_EQ(iphone_.read(u"up"_s), content);
+        EXPECT_TRUE(std::is_sorted(iphone_.progress.begin(), iphone_.progress.end()));
+        EXPECT_EQ(iphone_.progress.empty() ? 0 : iphone_.progress.back(), size);
+        EXPECT_EQ(iphone_.get(u"/up"_s), content);
+        files_.remove(made, {});
+    }
+}
+
+TEST_F(AFCContentTest, rangesAreReadWithoutWhatLiesBesideThem) {
+    const QByteArray content = manyBytes(3 * mebibyte);
+    iphone_.write(u"a"_s, content);
+    const struct {
+        ByteRange range;
+        qint64 begin;
+        qint64 length;
+    } rows[] = {{{0, 5}, 0, 5},
+                {{2 * mebibyte + 7, 10}, 2 * mebibyte + 7, 10},
+                {{3 * mebibyte - 4, -1}, 3 * mebibyte - 4, 4},
+                {{3 * mebibyte - 4, 100}, 3 * mebibyte - 4, 4},
+                {{3 * mebibyte, -1}, 0, 0},
+                {{9 * mebibyte, 5}, 0, 0},
+                {{5, 0}, 0, 0}};
+    for (const auto& row : rows)
+        EXPECT_EQ(iphone_.get(u"/a"_s, row.range), content.mid(row.begin, row.length))
+            << row.range.offset;
+    const auto asked = iphone_.phone.log().requests();
+    for (const VirtualIPhoneRequest& request : asked)
+        EXPECT_TRUE(request.request != u"afc.fileRead"_s || request.number <= mebibyte / 8);
+}
+
+TEST_F(AFCContentTest, aSmallFileTakesThreeRequestsToReadAndSixToWrite) {
+    iphone_.write(u"a"_s, manyBytes(1000));
+    const FileItem item = iphone_.item(u"/a"_s);
+    std::size_t before = requests();
+    EXPECT_EQ(files_.read(item, {}, [](ByteView) {}, {}), 1000);
+    EXPECT_EQ(requests() - before, 3U);
+    before = requests();
+    iphone_.put({u"/"_s, u"b"_s, 1000, someDate}, manyBytes(1000));
+    EXPECT_EQ(requests() - before, 6U); // look, open, write, close, date, look
+}
+
+TEST_F(AFCContentTest, shortAnswersAreReadOnUntilTheEnd) {
+    iphone_.write(u"a"_s, manyBytes(300'000));
+    iphone_.faults([](VirtualIPhoneFaults& faults) { faults.longestRead = 70'001; });
+    EXPECT_EQ(iphone_.get(u"/a"_s), manyBytes(300'000));
+}
+
+TEST_F(AFCContentTest, aFileThatGrewOrShrankIsReadAsItIs) {
+    for (const qint64 size : {qint64{3}, qint64{7}, 2 * mebibyte}) {
+        iphone_.write(u"a"_s, "12345");
+        const FileItem seen = iphone_.item(u"/a"_s);
+        iphone_.write(u"a"_s, manyBytes(size));
+        qint64 count = 0;
+        const ByteSink sink = [&](ByteView bytes) { count += static_cast<qint64>(bytes.size()); };
+        EXPECT_EQ(files_.read(seen, {}, sink, {}), size);
+        EXPECT_EQ(count, size);
+    }
+    const FileItem seen = iphone_.item(u"/a"_s);
+    files_.remove(seen, {});
+    iphone_.disk.makeFolder(iphone_.inDocuments(u"a"_s));
+    EXPECT_EQ(errorOf([&] { files_.read(seen, {}, [](ByteView) {}, {}); }).substr(0, 12),
+              "changed (/a)");
+}
+
+TEST_F(AFCContentTest, aNameThatIsTakenOrForbiddenIsNotWritten) {
+    iphone_.write(u"a"_s, "older");
+    EXPECT_EQ(errorOf([&] { iphone_.put({u"/"_s, u"a"_s, 1, {}}, "n"); }), "taken (a)");
+    for (const QString& name : {u""_s, u".."_s, u"x/y"_s, QString(256, u'n')})
+        EXPECT_THAT(errorOf([&] {
+                        iphone_.put({u"/"_s, name, 1, {}}, "n");
+                    }),
+                    StartsWith("nameNotAllowed ("));
+    EXPECT_EQ(iphone_.read(u"a"_s), "older");
+    EXPECT_EQ(iphone_.names(u"/"_s), QStringList(u"a"_s));
+}
+
+TEST_F(AFCContentTest, whatFailsLeavesNothingOnThePhone) {
+    struct Fault {
+        const char* name;
+        const char* request;
+        std::uint64_t status;
+        const char* error;
+    };
+    const Fault rows[] = {
+        {"full", "afc.fileWrite", 18, "full (/up), caused by noSpaceLeft (18)"},
+        {"not opened", "afc.fileOpen", 10, "accessDenied (/up), caused by permissionDenied (10)"},
+        {"not closed", "afc.fileClose", 20, "unreadable (/up), caused by ioError (20)"},
+    };
+    for (const Fault& row : rows) {
+        SCOPED_TRACE(row.name);
+        refuse(row.request, row.status);
+        EXPECT_EQ(errorOf([&] {
+                      iphone_.put({u"/"_s, u"up"_s, 3 * mebibyte, {}}, manyBytes(3 * mebibyte));
+                  }),
+                  row.error);
+        EXPECT_EQ(iphone_.names(u"/"_s), QStringList());
+    }
+    // The caller's own failure passes through.
+    const ByteSource broken = [](std::span<std::byte>) -> std::size_t {
+        throw std::runtime_error("no more");
+    };
+    EXPECT_THROW(files_.write({u"/"_s, u"up"_s, 1, {}}, broken, {}, {}), std::runtime_error);
+    EXPECT_EQ(iphone_.names(u"/"_s), QStringList());
+    iphone_.write(u"a"_s, manyBytes(4 * mebibyte));
+    const ByteSink full = [](ByteView) { throw std::runtime_error("no room"); };
+    EXPECT_THROW(files_.read(iphone_.item(u"/a"_s), {}, full, {}), std::runtime_error);
+    EXPECT_EQ(iphone_.get(u"/a"_s), manyBytes(4 * mebibyte));
+}
+
+TEST_F(AFCContentTest, aCopyThatThePhoneKeptOnlyInPartIsAnError) {
+    iphone_.faults([](VirtualIPhoneFaults& faults) {
+        faults.rewriteFileInfo = [](const QString&, const QStringList&) {
+            return QStringList({u"st_ifmt"_s, u"S_IFREG"_s, u"st_size"_s, u"4"_s});
+        };
+    });
+    EXPECT_EQ(errorOf([&] {
+                  iphone_.put({u"/"_s, u"up"_s, 5, {}}, "12345");
+              }),
+              "wrongSize (/up, 4, 5)");
+    EXPECT_EQ(iphone_.names(u"/"_s), QStringList());
+}
+
+TEST_F(AFCContentTest, aDateThatThePhoneDoesNotTakeDoesNotFailTheCopy) {
+    refuse("afc.setFileModTime", 15);
+    EXPECT_NE(iphone_.put({u"/"_s, u"up"_s, 1, someDate}, "1").modifiedDate, someDate);
+}
+
+TEST_F(AFCContentTest, cancelledCopiesLeaveNothingAndThePhoneGoesOn) {
+    iphone_.write(u"big"_s, manyBytes(16 * mebibyte));
+    iphone_.faults([](VirtualIPhoneFaults& faults) {
+        faults.delay[u"afc.fileRead"_s] = 100ms;
+        faults.delay[u"afc.fileWrite"_s] = 100ms;
+    });
+    std::stop_source stopUp;
+    const auto upStopper = stopAfter("afc.fileWrite", 1, stopUp);
+    EXPECT_THROW(iphone_.put({u"/"_s, u"up"_s, 16 * mebibyte, {}}, manyBytes(16 * mebibyte),
+                             stopUp.get_token()),
+                 CancellationError);
+    EXPECT_EQ(iphone_.names(u"/"_s), QStringList(u"big"_s));
+    EXPECT_LT(iphone_.count("afc.fileWrite"), 8U);
+    std::stop_source stopDown;
+    const auto downStopper = stopAfter("afc.fileRead", 1, stopDown);
+    EXPECT_THROW(iphone_.get(u"/big"_s, {}, stopDown.get_token()), CancellationError);
+    EXPECT_EQ(iphone_.names(u"/"_s), QStringList(u"big"_s));
+    EXPECT_LT(iphone_.count("afc.fileRead"), 8U);
+}
+
+TEST_F(AFCContentTest, onASlowLinkACancelIsHeardWithinASecondAndNoPartStays) {
+    iphone_.faults([](VirtualIPhoneFaults& faults) { faults.megabytesPerSecond = 0.5; });
+    std::stop_source stop;
+    std::chrono::steady_clock::time_point asked;
+    std::jthread stopper([&] {
+        std::this_thread::sleep_for(1s);
+        asked = std::chrono::steady_clock::now();
+        stop.request_stop();
+    });
+    EXPECT_THROW(iphone_.put({u"/"_s, u"up"_s, 16 * mebibyte, {}}, manyBytes(16 * mebibyte),
+                             stop.get_token()),
+                 CancellationError);
+    EXPECT_LT(std::chrono::steady_clock::now() - asked, 1200ms);
+    EXPECT_EQ(iphone_.names(u"/"_s), QStringList());
+}
+
+TEST_F(AFCContentTest, aSilentPhoneKeepsNobodyWhoWantsToStop) {
+    iphone_.write(u"big"_s, manyBytes(4 * mebibyte));
+    const FileItem big = iphone_.item(u"/big"_s);
+    for (const char* request : {"afc.readDir", "afc.fileRead", "afc.fileOpen"}) {
+        SCOPED_TRACE(request);
+        iphone_.faults(
+            [&](VirtualIPhoneFaults& faults) { faults.hang = {QString::fromLatin1(request)}; });
+        std::stop_source stop;
+        const auto stopper = stopAfter(request, iphone_.count(request) + 1, stop);
+        const auto begin = std::chrono::steady_clock::now();
+        EXPECT_THROW(
+            {
+                if (request == std::string("afc.readDir"))
+                    (void)listAll(files_, u"/"_s, stop.get_token());
+                else
+                    files_.read(
+                        big, {}, [](ByteView) {}, stop.get_token());
+            },
+            CancellationError);
+        EXPECT_LT(std::chrono::steady_clock::now() - begin, 3s);
+        // The cable is pulled, and put back: the library lets go, and all is well again.
+        iphone_.faults([](VirtualIPhoneFaults& faults) { faults.hang.clear(); });
+        iphone_.phone.unplug();
+        iphone_.phone.plugInto(iphone_.mux);
+        EXPECT_EQ(iphone_.names(u"/"_s), QStringList(u"big"_s));
+    }
+}
+
+TEST(AFCContent, silenceWithoutAnEndIsNoAnswer) {
+    IPhoneFiles iphone({}, false, {.afterStop = 100ms, .ofSilence = 2s});
+    iphone.faults([](VirtualIPhoneFaults& faults) { faults.hang.insert(u"afc.getFileInfo"_s); });
+    EXPECT_EQ(errorOf([&] { (void)iphone.item(u"/a"_s); }), "noAnswer");
+    iphone.faults([](VirtualIPhoneFaults& faults) { faults.hang.clear(); });
+    iphone.phone.unplug();
+    iphone.phone.plugInto(iphone.mux);
+    EXPECT_EQ(iphone.names(u"/"_s), QStringList());
+}
+
+TEST_F(AFCContentTest, aListingGetsInBetweenTwoFilesOfACopy) {
+    for (int i = 0; i < 20; ++i)
+        iphone_.write(u"many/%1"_s.arg(i), QByteArray(1000, 'x'));
+    iphone_.faults([](VirtualIPhoneFaults& faults) { faults.delay[u"afc.fileRead"_s] = 50ms; });
+    const std::vector<FileItem> items = listAll(files_, u"/many"_s, {}).items;
+    std::atomic<int> copied = 0;
+    std::jthread copy([&] {
+        const auto job = iphone_.queue->beginJob();
+        for (const FileItem& item : items) {
+            files_.read(item, {}, [](ByteView) {}, {{}, Urgency::copy});
+            ++copied;
+        }
+    });
+    while (copied < 2)
+        std::this_thread::sleep_for(1ms);
+    EXPECT_EQ(iphone_.names(u"/"_s), QStringList(u"many"_s));
+    EXPECT_LT(copied, 8);
+    EXPECT_EQ(iphone_.count("houseArrest.VendDocuments"), 1U);
+}
+
+} // namespace
+} // namespace tessary

@@ -1,0 +1,358 @@
+#include "ios/files/AFCFileSystem.h"
+
+#include "base/local/FileHandle.h"
+#include "support/IPhoneFiles.h"
+#include "support/QtPrinters.h"
+
+#include <QTimeZone>
+
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <unistd.h>
+
+#include <thread>
+
+namespace tessary {
+namespace {
+
+using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+const QDateTime someDate(QDate(2021, 3, 4), QTime(5, 6, 7, 89), QTimeZone::utc());
+
+class AFCFileSystemTest : public testing::Test {
+protected:
+    void refuse(const char* request, std::uint64_t status, bool always = false) {
+        iphone_.faults([&](VirtualIPhoneFaults& faults) {
+            faults.statuses[QString::fromLatin1(request)] = {status, always};
+        });
+    }
+    void callListed(const QString& name, const QString& shown) {
+        iphone_.faults([&](VirtualIPhoneFaults& faults) { faults.nameOverrides[name] = shown; });
+    }
+
+    IPhoneFiles iphone_;
+    AFCFileSystem& files_ = iphone_.files;
+};
+
+TEST(AFCFileSystem, isNamedByPhoneAndApp) {
+    IPhoneFiles iphone;
+    EXPECT_EQ(iphone.files.identity(), u"ios:%1:com.example.notes"_s.arg(iphone.udid()));
+    EXPECT_EQ(iphone.files.displayName(), u"Notes (Ann's iPhone)"_s);
+    EXPECT_EQ(iphone.files.canonicalPath(u"a//b/"_s), u"/a/b"_s);
+    EXPECT_EQ(iphone.item(u"/"_s).name, u"Documents"_s);
+    const AFCFileSystem media(iphone.identity(), std::nullopt, iphone.queue);
+    EXPECT_NE(media.identity(), iphone.files.identity());
+    EXPECT_EQ(media.displayName(), u"Ann's iPhone"_s);
+}
+
+TEST(AFCFileSystem, opensDocumentsWhereverTheContainerHasThem) {
+    for (const bool areRoot : {false, true}) {
+        VirtualIPhoneConfig config;
+        config.documentsAreRoot = areRoot;
+        IPhoneFiles iphone(config);
+        iphone.write(u"folder/a.txt"_s, "content");
+        EXPECT_EQ(iphone.names(u"/"_s), QStringList(u"folder"_s));
+        EXPECT_EQ(iphone.get(u"/folder/a.txt"_s), "content");
+    }
+    // A folder called like the root is not the root.
+    IPhoneFiles iphone;
+    iphone.write(u"Documents/a"_s, "1");
+    iphone.write(u"keep"_s, "2");
+    iphone.files.removeTree(iphone.item(u"/Documents"_s), {});
+    EXPECT_EQ(iphone.names(u"/"_s), QStringList(u"keep"_s));
+}
+
+TEST(AFCFileSystem, anAppThatCannotBeOpenedIsTheAppsRefusal) {
+    const struct {
+        const char* reason;
+        const char* error;
+    } rows[] = {{"InstallationLookupFailed", "notReachable, caused by houseArrest "
+                                             "(com.example.notes, InstallationLookupFailed)"},
+                {"PasswordProtected", "locked, caused by houseArrest"}};
+    for (const auto& row : rows) {
+        IPhoneFiles iphone;
+        iphone.faults([&](VirtualIPhoneFaults& faults) {
+            for (const QString& command : {u"VendDocuments"_s, u"VendContainer"_s})
+                faults.houseArrestErrors[command] = QString::fromLatin1(row.reason);
+        });
+        EXPECT_THAT(errorOf([&] { (void)iphone.names(u"/"_s); }), StartsWith(row.error));
+        EXPECT_EQ(iphone.count("houseArrest.VendDocuments"), 1U);
+        EXPECT_EQ(iphone.count("houseArrest.VendContainer"), 1U);
+    }
+}
+
+TEST(AFCFileSystem, aPhoneThatLetsNobodyInSaysWhyAndIsAskedOnce) {
+    const struct {
+        const char* name;
+        VirtualTrust trust;
+        bool isPaired;
+        const char* error;
+    } rows[] = {{"asking", VirtualTrust::asking, false, "notTrusted, caused by handshake (-19)"},
+                {"denied", VirtualTrust::denied, false, "notTrusted, caused by handshake (-18)"}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        VirtualIPhoneConfig config;
+        config.trust = row.trust;
+        config.isPaired = row.isPaired;
+        IPhoneFiles iphone(config);
+        EXPECT_EQ(errorOf([&] { (void)iphone.names(u"/"_s); }), row.error);
+        EXPECT_EQ(iphone.count("lockdown.Pair"), 1U);
+    }
+    IPhoneFiles iphone;
+    iphone.faults([](VirtualIPhoneFaults& faults) {
+        faults.handshakesToFail = 100;
+        faults.handshakeError = u"InvalidHostID"_s;
+    });
+    EXPECT_EQ(errorOf([&] { (void)iphone.names(u"/"_s); }),
+              "trustForgotten, caused by handshake (-21)");
+    EXPECT_EQ(iphone.count("lockdown.StartSession"), 1U);
+    iphone.phone.unplug();
+    EXPECT_EQ(errorOf([&] { (void)iphone.names(u"/"_s); }), "notConnected");
+}
+
+TEST_F(AFCFileSystemTest, listsFactsAndNamesWhatCannotBeRead) {
+    iphone_.write(u"b.txt"_s, "12345");
+    iphone_.disk.makeFolder(iphone_.inDocuments(u"zoo"_s));
+    for (const QString& name : {u"evil"_s, u"slash"_s, u"gone"_s})
+        iphone_.write(name, "x");
+    ASSERT_EQ(symlink("b.txt", iphone_.disk.path(iphone_.inDocuments(u"link"_s)).toUtf8()), 0);
+    const QByteArray latin = iphone_.disk.path(iphone_.inDocuments(u"\u00e9"_s)).toLatin1();
+    FileHandle(::open(latin.constData(), O_CREAT | O_CLOEXEC, 0600));
+    callListed(u"evil"_s, u".."_s + u"/../escaped"_s);
+    callListed(u"slash"_s, u"a/b"_s);
+    callListed(u"gone"_s, u"nowhere"_s);
+    files_.setModified(iphone_.item(u"/b.txt"_s), someDate, {});
+
+    const Listing listing = listAll(files_, u"/"_s, {});
+    ASSERT_EQ(listing.items.size(), 2U);
+    EXPECT_EQ(listing.items[0], FileItem(u"b.txt"_s, u"/b.txt"_s, false, 5, someDate));
+    EXPECT_EQ(listing.items[1].path, u"/zoo"_s);
+    EXPECT_TRUE(listing.items[1].isDirectory);
+    std::vector<std::string> unreadable;
+    for (const UnreadableEntry& entry : listing.unreadable)
+        unreadable.emplace_back(entry.error.what());
+    EXPECT_THAT(unreadable,
+                testing::UnorderedElementsAre("nameNotAllowed (escaped)", "nameNotAllowed (b)",
+                                              "unreadable (/nowhere)", "notSupported (/link)",
+                                              StartsWith("nameNotAllowed (")));
+    ASSERT_EQ(unlink(latin.constData()), 0); // Qt would not find it
+}
+
+TEST_F(AFCFileSystemTest, factsThatAreMissingOrOddMakeAnEntryUnreadable) {
+    iphone_.write(u"a"_s, "123");
+    const struct {
+        const char* name;
+        QStringList facts;
+        bool isReadable;
+    } rows[] = {
+        {"sound", {u"st_ifmt"_s, u"S_IFREG"_s, u"st_size"_s, u"3"_s}, true},
+        {"folder without a size", {u"st_ifmt"_s, u"S_IFDIR"_s}, true},
+        {"no kind", {u"st_size"_s, u"3"_s}, false},
+        {"no number", {u"st_ifmt"_s, u"S_IFREG"_s, u"st_size"_s, u"many"_s}, false},
+        {"a pipe", {u"st_ifmt"_s, u"S_IFIFO"_s, u"st_size"_s, u"3"_s}, false},
+        {"a key without its value", {u"st_size"_s, u"3"_s, u"st_ifmt"_s}, false},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        iphone_.faults([&](VirtualIPhoneFaults& faults) {
+            faults.rewriteFileInfo = [&](const QString&, const QStringList&) { return row.facts; };
+        });
+        const Listing listing = listAll(files_, u"/"_s, {});
+        EXPECT_EQ(listing.items.size(), row.isReadable ? 1U : 0U);
+        EXPECT_EQ(listing.unreadable.size(), row.isReadable ? 0U : 1U);
+        EXPECT_EQ(errorOf([&] { (void)files_.find(u"/a"_s, {}); }),
+                  row.isReadable ? "nothing was thrown" : "unreadable (/a)");
+    }
+}
+
+TEST_F(AFCFileSystemTest, pathsThatLeadNowhereAreNotFoundWhereverTheyAreUsed) {
+    iphone_.write(u"file"_s, "1");
+    EXPECT_EQ(files_.find(u"/none"_s, {}), std::nullopt);
+    EXPECT_EQ(files_.find(u"/../file"_s, {}), std::nullopt);
+    const FileItem gone(u"gone"_s, u"/gone"_s, false, 1, someDate);
+    const auto lost = testing::StartsWith("notFound (");
+    EXPECT_THAT(errorOf([&] { (void)listAll(files_, u"/none"_s, {}); }), lost);
+    EXPECT_THAT(errorOf([&] { files_.remove(gone, {}); }), lost);
+    EXPECT_THAT(errorOf([&] { files_.removeTree(gone, {}); }), lost);
+    EXPECT_THAT(errorOf([&] { files_.rename(gone, u"b"_s, TakenName::refused, {}); }), lost);
+    EXPECT_THAT(errorOf([&] { files_.read(gone, {}, [](ByteView) {}, {}); }), lost);
+    EXPECT_THAT(errorOf([&] { files_.setModified(gone, someDate, {}); }), lost);
+    EXPECT_THAT(errorOf([&] { files_.makeFolder(u"/none"_s, u"a"_s, {}); }), lost);
+    EXPECT_THAT(errorOf([&] { files_.move(iphone_.item(u"/file"_s), u"/none"_s, {}); }), lost);
+    EXPECT_THAT(errorOf([&] { iphone_.put({u"/none"_s, u"a"_s, 1, {}}, "1"); }), lost);
+    EXPECT_EQ(errorOf([&] { (void)listAll(files_, u"/file"_s, {}); }),
+              "notAFolder (/file), caused by objectNotFound (8)");
+    EXPECT_THAT(errorOf([&] { files_.makeFolder(u"/file"_s, u"a"_s, {}); }),
+                StartsWith("notAFolder (/file)"));
+}
+
+TEST_F(AFCFileSystemTest, foldersAreMadeOnceAndOnlyUnderGoodNames) {
+    EXPECT_EQ(files_.makeFolder(u"/"_s, u"new"_s, {}).path, u"/new"_s);
+    EXPECT_EQ(errorOf([&] { files_.makeFolder(u"/"_s, u"new"_s, {}); }), "taken (new)");
+    for (const QString& name : {u""_s, u".."_s, u"a/b"_s, QString(256, u'n')})
+        EXPECT_THAT(errorOf([&] { files_.makeFolder(u"/"_s, name, {}); }),
+                    StartsWith("nameNotAllowed"));
+    refuse("afc.makeDir", 10);
+    EXPECT_EQ(errorOf([&] { files_.makeFolder(u"/"_s, u"b"_s, {}); }),
+              "accessDenied (/b), caused by permissionDenied (10)");
+}
+
+TEST_F(AFCFileSystemTest, aRefusalOfALockedPhoneIsNotTheFilesDoing) {
+    (void)iphone_.names(u"/"_s);
+    iphone_.phone.setLocked(true);
+    refuse("afc.makeDir", 10);
+    EXPECT_EQ(errorOf([&] { files_.makeFolder(u"/"_s, u"b"_s, {}); }),
+              "locked, caused by permissionDenied (10)");
+}
+
+TEST_F(AFCFileSystemTest, nothingIsRemovedOrRenamedThatIsNotWhatWasSeen) {
+    iphone_.write(u"a"_s, "12345");
+    const FileItem seen = iphone_.item(u"/a"_s);
+    const struct {
+        const char* name;
+        std::function<void()> change;
+    } rows[] = {
+        {"a folder now",
+         [&] {
+             files_.remove(iphone_.item(u"/a"_s), {});
+             iphone_.write(u"a/precious"_s, "1");
+         }},
+        {"another size",
+         [&] {
+             files_.removeTree(iphone_.item(u"/a"_s), {});
+             iphone_.write(u"a"_s, "123456");
+             files_.setModified(iphone_.item(u"/a"_s), *seen.modifiedDate, {});
+         }},
+        {"another date",
+         [&] {
+             iphone_.write(u"a"_s, "54321");
+             files_.setModified(iphone_.item(u"/a"_s), someDate, {});
+         }},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        row.change();
+        EXPECT_EQ(errorOf([&] { files_.remove(seen, {}); }), "changed (/a)");
+        EXPECT_EQ(errorOf([&] { files_.removeTree(seen, {}); }), "changed (/a)");
+        EXPECT_EQ(errorOf([&] { files_.rename(seen, u"b"_s, TakenName::refused, {}); }),
+                  "changed (/a)");
+        EXPECT_EQ(iphone_.names(u"/"_s), QStringList(u"a"_s));
+    }
+}
+
+TEST(AFCFileSystem, aFullFolderStaysUnlessTheTreeIsMeantWhateverTheRefusalsNumber) {
+    for (const std::uint64_t status : {33, 1}) {
+        VirtualIPhoneConfig config;
+        config.fullFolderStatus = status;
+        IPhoneFiles iphone(config);
+        iphone.write(u"tree/a/b/c.txt"_s, "1");
+        iphone.write(u"tree/d.txt"_s, "2");
+        iphone.write(u"stays.txt"_s, "3");
+        ASSERT_EQ(
+            symlink("../stays.txt", iphone.disk.path(iphone.inDocuments(u"tree/l"_s)).toUtf8()), 0);
+        const FileItem tree = iphone.item(u"/tree"_s);
+        EXPECT_THAT(errorOf([&] { iphone.files.remove(tree, {}); }),
+                    StartsWith("folderNotEmpty (/tree)"));
+        EXPECT_TRUE(iphone.has(u"tree/a/b/c.txt"_s));
+        iphone.files.removeTree(tree, {});
+        EXPECT_EQ(iphone.names(u"/"_s), QStringList(u"stays.txt"_s));
+        EXPECT_EQ(errorOf([&] { iphone.files.removeTree(iphone.item(u"/"_s), {}); }),
+                  "wholeStorage (/)");
+    }
+}
+
+TEST_F(AFCFileSystemTest, removalStaysInItsFolderWhateverNamesAreListed) {
+    iphone_.write(u"tree/inner"_s, "1");
+    iphone_.write(u"precious"_s, "2");
+    const FileItem tree = iphone_.item(u"/tree"_s);
+    callListed(u"inner"_s, u"../precious"_s);
+    EXPECT_EQ(errorOf([&] { files_.removeTree(tree, {}); }), "nameNotAllowed (../precious)");
+    EXPECT_TRUE(iphone_.has(u"precious"_s));
+}
+
+TEST_F(AFCFileSystemTest, renamesAndMovesRefuseWhatIsTaken) {
+    iphone_.write(u"a"_s, "a");
+    iphone_.write(u"b"_s, "b");
+    iphone_.write(u"folder/a"_s, "inner");
+    const auto rename = [&](const QString& to, TakenName taken) {
+        return files_.rename(iphone_.item(u"/a"_s), to, taken, {});
+    };
+    EXPECT_EQ(errorOf([&] { rename(u"b"_s, TakenName::refused); }), "taken (b)");
+    EXPECT_THAT(errorOf([&] { rename(u"folder"_s, TakenName::replaced); }),
+                StartsWith("taken (folder)"));
+    EXPECT_EQ(errorOf([&] { files_.move(iphone_.item(u"/a"_s), u"/folder"_s, {}); }), "taken (a)");
+    EXPECT_EQ(errorOf([&] { files_.move(iphone_.item(u"/folder"_s), u"/folder"_s, {}); }),
+              "insideItself (/folder)");
+    const FileItem renamed = rename(u"c"_s, TakenName::refused);
+    EXPECT_EQ(renamed, iphone_.item(u"/c"_s));
+    const FileItem moved = files_.move(renamed, u"/folder"_s, {});
+    EXPECT_EQ(moved, iphone_.item(u"/folder/c"_s));
+    EXPECT_EQ(iphone_.read(u"folder/c"_s), "a");
+    EXPECT_EQ(iphone_.read(u"folder/a"_s), "inner");
+}
+
+TEST_F(AFCFileSystemTest, aPhoneThatReplacesNothingByARenameIsBelievedFromThenOn) {
+    iphone_.write(u"a"_s, "a");
+    iphone_.write(u"b"_s, "b");
+    const auto replace = [&] {
+        files_.rename(iphone_.item(u"/a"_s), u"b"_s, TakenName::replaced, {});
+    };
+    refuse("afc.renamePath", 16);
+    EXPECT_TRUE(files_.capabilities({}).renamesOntoTaken);
+    EXPECT_EQ(errorOf(replace), "notSupported (/a), caused by objectExists (16)");
+    EXPECT_FALSE(files_.capabilities({}).renamesOntoTaken);
+    EXPECT_EQ(errorOf(replace), "notSupported (/a)");
+    EXPECT_EQ(iphone_.count("afc.renamePath"), 1U);
+    EXPECT_EQ(iphone_.read(u"b"_s), "b");
+
+    AFCFileSystem another(iphone_.identity(), IPhoneFiles::notes(), iphone_.queue);
+    another.rename(iphone_.item(u"/a"_s), u"b"_s, TakenName::replaced, {});
+    EXPECT_EQ(iphone_.read(u"b"_s), "a");
+}
+
+TEST(AFCFileSystem, theMediaFolderIsReadAndWrittenWhereThePhoneTakesIt) {
+    const TemporaryFolder media;
+    media.write(u"DCIM/100APPLE/IMG_0001.HEIC"_s, "picture");
+    VirtualIPhoneConfig config;
+    config.mediaFolder = media.path();
+    IPhoneFiles iphone(config, true);
+    EXPECT_EQ(iphone.names(u"/DCIM/100APPLE"_s), QStringList(u"IMG_0001.HEIC"_s));
+    EXPECT_EQ(iphone.get(u"/DCIM/100APPLE/IMG_0001.HEIC"_s), "picture");
+    EXPECT_EQ(errorOf([&] {
+                  iphone.put({u"/DCIM/100APPLE"_s, u"b"_s, 1, {}}, "b");
+              }),
+              "accessDenied (/DCIM/100APPLE/b), caused by permissionDenied (10)");
+    EXPECT_EQ(media.names(u"DCIM/100APPLE"_s), QStringList(u"IMG_0001.HEIC"_s));
+    media.makeFolder(u"Downloads"_s);
+    EXPECT_EQ(iphone.put({u"/Downloads"_s, u"b"_s, 1, {}}, "b").size, 1);
+    iphone.files.remove(iphone.item(u"/DCIM/100APPLE/IMG_0001.HEIC"_s), {});
+    EXPECT_FALSE(media.has(u"DCIM/100APPLE/IMG_0001.HEIC"_s));
+}
+
+TEST_F(AFCFileSystemTest, figuresComeFromThePhoneAndNeverDisturbIt) {
+    EXPECT_EQ(files_.freeBytes(u"/"_s, {}), iphone_.phone.freeBytes());
+    iphone_.phone.setBattery(37);
+    const auto live = files_.liveInfo();
+    ASSERT_TRUE(live);
+    EXPECT_EQ(live->battery, 37);
+    ASSERT_EQ(live->volumes.size(), 1U);
+    EXPECT_EQ(live->volumes.front().freeBytes, iphone_.phone.freeBytes());
+    const auto job = iphone_.queue->beginJob();
+    EXPECT_EQ(files_.liveInfo(), std::nullopt);
+}
+
+TEST_F(AFCFileSystemTest, oneConnectionServesManyCallsAndIsClosedWhenIdle) {
+    for (int i = 0; i < 3; ++i)
+        (void)iphone_.names(u"/"_s);
+    EXPECT_EQ(iphone_.count("houseArrest.VendDocuments"), 1U);
+    // The multiplexer's threads of the two connections (lockdown and AFC) end with them.
+    std::this_thread::sleep_for(600ms);
+    (void)iphone_.names(u"/"_s);
+    EXPECT_EQ(iphone_.count("houseArrest.VendDocuments"), 2U);
+}
+
+} // namespace
+} // namespace tessary
