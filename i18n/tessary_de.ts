@@ -284,6 +284,454 @@
     </message>
 </context>
 <context>
+    <name>ErrorText</name>
+    <message>
+        <source>Something went wrong.</source>
+        <translation>Etwas ist schiefgegangen.</translation>
+    </message>
+    <message>
+        <source>something went wrong</source>
+        <translation>etwas ist schiefgegangen</translation>
+    </message>
+    <message>
+        <source>.</source>
+        <comment>the end of a sentence</comment>
+        <translation>.</translation>
+    </message>
+    <message>
+        <source>Another program is using the phone.</source>
+        <translation>Ein anderes Programm benutzt das Telefon.</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>Schließen Sie das Telefon wieder an und entsperren Sie es.</translation>
+    </message>
+    <message>
+        <source>Rename it first.</source>
+        <translation>Benennen Sie es zuerst um.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and choose “File transfer” on it.</source>
+        <translation>Entsperren Sie das Telefon und wählen Sie darauf „Dateiübertragung“.</translation>
+    </message>
+    <message>
+        <source>Try again. If that does not help, unplug the phone and plug it in again.</source>
+        <translation>Versuchen Sie es noch einmal. Hilft das nicht, ziehen Sie das Telefon ab und schließen Sie es wieder an.</translation>
+    </message>
+    <message>
+        <source>The phone is not connected.</source>
+        <translation>Das Telefon ist nicht verbunden.</translation>
+    </message>
+    <message>
+        <source>The phone was unplugged.</source>
+        <translation>Das Telefon wurde abgezogen.</translation>
+    </message>
+    <message>
+        <source>The phone does not answer.</source>
+        <translation>Das Telefon antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>Unlock it. If that does not help, unplug it and plug it in again.</source>
+        <translation>Entsperren Sie es. Hilft das nicht, ziehen Sie es ab und schließen Sie es wieder an.</translation>
+    </message>
+    <message>
+        <source>The connection to the phone broke off.</source>
+        <translation>Die Verbindung zum Telefon ist abgebrochen.</translation>
+    </message>
+    <message>
+        <source>%1 is using the phone.</source>
+        <translation>%1 benutzt das Telefon.</translation>
+    </message>
+    <message>
+        <source>Close it, or unmount the phone in the desktop&apos;s file manager, and try again.</source>
+        <translation>Beenden Sie es oder hängen Sie das Telefon im Dateimanager des Desktops aus, und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>This user may not open the phone&apos;s USB device.</source>
+        <translation>Dieser Benutzer darf das USB-Gerät des Telefons nicht öffnen.</translation>
+    </message>
+    <message>
+        <source>Install the udev rule that comes with Tessary, then plug the phone in again.</source>
+        <translation>Installieren Sie die mitgelieferte udev-Regel von Tessary und schließen Sie das Telefon wieder an.</translation>
+    </message>
+    <message>
+        <source>The phone has not allowed this computer yet.</source>
+        <translation>Das Telefon hat diesen Computer noch nicht zugelassen.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and answer its question: tap “Trust” or “Allow”.</source>
+        <translation>Entsperren Sie das Telefon und beantworten Sie seine Frage: Tippen Sie auf „Vertrauen“ oder „Zulassen“.</translation>
+    </message>
+    <message>
+        <source>The phone has forgotten this computer.</source>
+        <translation>Das Telefon hat diesen Computer vergessen.</translation>
+    </message>
+    <message>
+        <source>Unplug the phone, plug it in again and tap “Trust” on it.</source>
+        <translation>Ziehen Sie das Telefon ab, schließen Sie es wieder an und tippen Sie darauf auf „Vertrauen“.</translation>
+    </message>
+    <message>
+        <source>The phone is locked.</source>
+        <translation>Das Telefon ist gesperrt.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and try again.</source>
+        <translation>Entsperren Sie das Telefon und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is not available.</source>
+        <translation>Der Speicher des Telefons ist nicht verfügbar.</translation>
+    </message>
+    <message>
+        <source>The phone ended the connection.</source>
+        <translation>Das Telefon hat die Verbindung beendet.</translation>
+    </message>
+    <message>
+        <source>The phone cannot be reached.</source>
+        <translation>Das Telefon ist nicht erreichbar.</translation>
+    </message>
+    <message>
+        <source>Check its cable or its network. For Turbo mode, USB debugging must be on; Standard MTP works without.</source>
+        <translation>Prüfen Sie Kabel oder Netzwerk. Für den Turbomodus muss das USB-Debugging eingeschaltet sein; Standard-MTP kommt ohne aus.</translation>
+    </message>
+    <message>
+        <source>The phone&apos;s answers make no sense.</source>
+        <translation>Die Antworten des Telefons ergeben keinen Sinn.</translation>
+    </message>
+    <message>
+        <source>Unplug the phone and plug it in again.</source>
+        <translation>Ziehen Sie das Telefon ab und schließen Sie es wieder an.</translation>
+    </message>
+    <message>
+        <source>The phone is busy with another copy.</source>
+        <translation>Das Telefon ist mit einem anderen Kopiervorgang beschäftigt.</translation>
+    </message>
+    <message>
+        <source>Try again when that one is done.</source>
+        <translation>Versuchen Sie es noch einmal, wenn dieser fertig ist.</translation>
+    </message>
+    <message>
+        <source>There is no “%1” on the phone.</source>
+        <translation>Auf dem Telefon gibt es kein „%1“.</translation>
+    </message>
+    <message>
+        <source>it is not on the phone any more</source>
+        <translation>es ist nicht mehr auf dem Telefon</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or renamed: refresh the folder.</source>
+        <translation>Vielleicht wurde es gelöscht oder umbenannt: Laden Sie den Ordner neu.</translation>
+    </message>
+    <message>
+        <source>“%1” is already there.</source>
+        <translation>„%1“ ist schon vorhanden.</translation>
+    </message>
+    <message>
+        <source>its name is already taken</source>
+        <translation>sein Name ist schon vergeben</translation>
+    </message>
+    <message>
+        <source>“%1” is on the phone, which takes “%2” for the same name.</source>
+        <translation>„%1“ ist auf dem Telefon, das „%2“ für denselben Namen hält.</translation>
+    </message>
+    <message>
+        <source>the phone takes its name for that of another item</source>
+        <translation>das Telefon hält seinen Namen für den eines anderen Objekts</translation>
+    </message>
+    <message>
+        <source>Rename one of the two first.</source>
+        <translation>Benennen Sie zuerst eines der beiden um.</translation>
+    </message>
+    <message>
+        <source>“%1” is not a folder.</source>
+        <translation>„%1“ ist kein Ordner.</translation>
+    </message>
+    <message>
+        <source>it is not a folder</source>
+        <translation>es ist kein Ordner</translation>
+    </message>
+    <message>
+        <source>“%1” is not a file.</source>
+        <translation>„%1“ ist keine Datei.</translation>
+    </message>
+    <message>
+        <source>it is not a file</source>
+        <translation>es ist keine Datei</translation>
+    </message>
+    <message>
+        <source>The folder “%1” is not empty.</source>
+        <translation>Der Ordner „%1“ ist nicht leer.</translation>
+    </message>
+    <message>
+        <source>the folder is not empty</source>
+        <translation>der Ordner ist nicht leer</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be a name on the phone.</source>
+        <translation>„%1“ kann auf dem Telefon kein Name sein.</translation>
+    </message>
+    <message>
+        <source>the phone does not allow its name</source>
+        <translation>das Telefon erlaubt seinen Namen nicht</translation>
+    </message>
+    <message>
+        <source>The phone does not allow this with “%1”.</source>
+        <translation>Das Telefon erlaubt das mit „%1“ nicht.</translation>
+    </message>
+    <message>
+        <source>the phone does not allow it</source>
+        <translation>das Telefon erlaubt es nicht</translation>
+    </message>
+    <message>
+        <source>Unlock it, and try another folder.</source>
+        <translation>Entsperren Sie es und versuchen Sie einen anderen Ordner.</translation>
+    </message>
+    <message>
+        <source>“%1” is write-protected on the phone.</source>
+        <translation>„%1“ ist auf dem Telefon schreibgeschützt.</translation>
+    </message>
+    <message>
+        <source>it is write-protected on the phone</source>
+        <translation>es ist auf dem Telefon schreibgeschützt</translation>
+    </message>
+    <message>
+        <source>Choose another folder.</source>
+        <translation>Wählen Sie einen anderen Ordner.</translation>
+    </message>
+    <message>
+        <source>“%1” is too large for this storage of the phone.</source>
+        <translation>„%1“ ist zu groß für diesen Speicher des Telefons.</translation>
+    </message>
+    <message>
+        <source>it is too large for this storage of the phone</source>
+        <translation>es ist zu groß für diesen Speicher des Telefons</translation>
+    </message>
+    <message>
+        <source>“%1” has changed on the phone meanwhile. It was left as it is.</source>
+        <translation>„%1“ hat sich inzwischen auf dem Telefon geändert. Es wurde so gelassen, wie es ist.</translation>
+    </message>
+    <message>
+        <source>it has changed on the phone meanwhile</source>
+        <translation>es hat sich inzwischen auf dem Telefon geändert</translation>
+    </message>
+    <message>
+        <source>Refresh the folder and try again.</source>
+        <translation>Laden Sie den Ordner neu und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read.</source>
+        <translation>„%1“ kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>es lässt sich nicht lesen</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot be read whole.</source>
+        <translation>Der Ordner „%1“ kann nicht vollständig gelesen werden.</translation>
+    </message>
+    <message>
+        <source>the folder cannot be read whole</source>
+        <translation>der Ordner kann nicht vollständig gelesen werden</translation>
+    </message>
+    <message>
+        <source>The phone sent %2 of the %3 bytes of “%1”.</source>
+        <translation>Das Telefon hat %2 der %3 Bytes von „%1“ gesendet.</translation>
+    </message>
+    <message>
+        <source>its size is not the one that was announced</source>
+        <translation>seine Größe ist nicht die angekündigte</translation>
+    </message>
+    <message>
+        <source>Copy it again.</source>
+        <translation>Kopieren Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot lie inside itself.</source>
+        <translation>Der Ordner „%1“ kann nicht in sich selbst liegen.</translation>
+    </message>
+    <message>
+        <source>a folder cannot lie inside itself</source>
+        <translation>ein Ordner kann nicht in sich selbst liegen</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be changed or copied as one item.</source>
+        <translation>Ein ganzer Speicher kann nicht als ein Objekt geändert oder kopiert werden.</translation>
+    </message>
+    <message>
+        <source>a whole storage cannot be changed or copied as one item</source>
+        <translation>ein ganzer Speicher kann nicht als ein Objekt geändert oder kopiert werden</translation>
+    </message>
+    <message>
+        <source>The phone cannot move “%1” to another storage.</source>
+        <translation>Das Telefon kann „%1“ nicht auf einen anderen Speicher verschieben.</translation>
+    </message>
+    <message>
+        <source>the phone cannot move it to another storage</source>
+        <translation>das Telefon kann es nicht auf einen anderen Speicher verschieben</translation>
+    </message>
+    <message>
+        <source>Copy it instead.</source>
+        <translation>Kopieren Sie es stattdessen.</translation>
+    </message>
+    <message>
+        <source>The phone cannot do this.</source>
+        <translation>Das Telefon kann das nicht.</translation>
+    </message>
+    <message>
+        <source>the phone cannot do this</source>
+        <translation>das Telefon kann das nicht</translation>
+    </message>
+    <message>
+        <source>The phone refused this for “%1”.</source>
+        <translation>Das Telefon hat das für „%1“ abgelehnt.</translation>
+    </message>
+    <message>
+        <source>the phone refused it</source>
+        <translation>das Telefon hat es abgelehnt</translation>
+    </message>
+    <message>
+        <source>The phone agreed, but did nothing with “%1”.</source>
+        <translation>Das Telefon hat zugestimmt, aber mit „%1“ nichts getan.</translation>
+    </message>
+    <message>
+        <source>the phone agreed, but did nothing</source>
+        <translation>das Telefon hat zugestimmt, aber nichts getan</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is full.</source>
+        <translation>Der Speicher des Telefons ist voll.</translation>
+    </message>
+    <message>
+        <source>the storage of the phone is full</source>
+        <translation>der Speicher des Telefons ist voll</translation>
+    </message>
+    <message>
+        <source>Delete something on the phone, or copy less.</source>
+        <translation>Löschen Sie etwas auf dem Telefon oder kopieren Sie weniger.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read: %2</source>
+        <translation>„%1“ kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be written: %2</source>
+        <translation>„%1“ kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>it cannot be written on this computer</source>
+        <translation>es kann auf diesem Computer nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot be created: %2</source>
+        <translation>Der Ordner „%1“ kann nicht angelegt werden: %2</translation>
+    </message>
+    <message>
+        <source>the folder cannot be created on this computer</source>
+        <translation>der Ordner lässt sich auf diesem Computer nicht anlegen</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be deleted: %2</source>
+        <translation>„%1“ kann nicht gelöscht werden: %2</translation>
+    </message>
+    <message>
+        <source>it cannot be deleted on this computer</source>
+        <translation>es kann auf diesem Computer nicht gelöscht werden</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be renamed: %2</source>
+        <translation>„%1“ kann nicht umbenannt werden: %2</translation>
+    </message>
+    <message>
+        <source>it cannot be renamed on this computer</source>
+        <translation>es kann auf diesem Computer nicht umbenannt werden</translation>
+    </message>
+    <message>
+        <source>“%1” is not on this computer any more.</source>
+        <translation>„%1“ ist nicht mehr auf diesem Computer.</translation>
+    </message>
+    <message>
+        <source>it is not on this computer any more</source>
+        <translation>es ist nicht mehr auf diesem Computer</translation>
+    </message>
+    <message>
+        <source>“%1” is not a regular file.</source>
+        <translation>„%1“ ist keine gewöhnliche Datei.</translation>
+    </message>
+    <message>
+        <source>it is not a regular file</source>
+        <translation>es ist keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>A folder is where the file “%1” should be.</source>
+        <translation>Wo die Datei „%1“ sein sollte, ist ein Ordner.</translation>
+    </message>
+    <message>
+        <source>a folder of this name is on this computer</source>
+        <translation>auf diesem Computer liegt ein Ordner dieses Namens</translation>
+    </message>
+    <message>
+        <source>A file is where the folder “%1” should be.</source>
+        <translation>Wo der Ordner „%1“ sein sollte, ist eine Datei.</translation>
+    </message>
+    <message>
+        <source>a file of this name is on this computer</source>
+        <translation>eine Datei dieses Namens ist auf diesem Computer</translation>
+    </message>
+    <message>
+        <source>“%1” changed while it was being copied.</source>
+        <translation>„%1“ hat sich während des Kopierens geändert.</translation>
+    </message>
+    <message>
+        <source>it changed while it was being copied</source>
+        <translation>es hat sich während des Kopierens geändert</translation>
+    </message>
+    <message>
+        <source>The name “%1” cannot be used on this computer.</source>
+        <translation>Der Name „%1“ kann auf diesem Computer nicht verwendet werden.</translation>
+    </message>
+    <message>
+        <source>its name cannot be used on this computer</source>
+        <translation>der Name ist auf diesem Computer nicht möglich</translation>
+    </message>
+    <message>
+        <source>The name “%1” is too long for this computer.</source>
+        <translation>Der Name „%1“ ist zu lang für diesen Computer.</translation>
+    </message>
+    <message>
+        <source>its name is too long for this computer</source>
+        <translation>der Name ist zu lang für diesen Computer</translation>
+    </message>
+    <message>
+        <source>“%1” leads out of the folder that is copied to.</source>
+        <translation>„%1“ führt aus dem Zielordner hinaus.</translation>
+    </message>
+    <message>
+        <source>it leads out of the folder that is copied to</source>
+        <translation>es führt aus dem Zielordner hinaus</translation>
+    </message>
+    <message>
+        <source>“%1” is a link; links are not followed.</source>
+        <translation>„%1“ ist eine Verknüpfung; Verknüpfungen wird nicht gefolgt.</translation>
+    </message>
+    <message>
+        <source>it is a link; links are not followed</source>
+        <translation>es ist eine Verknüpfung; Verknüpfungen wird nicht gefolgt</translation>
+    </message>
+    <message>
+        <source>No space is left on the disk of “%1”.</source>
+        <translation>Auf dem Datenträger von „%1“ ist kein Platz mehr.</translation>
+    </message>
+    <message>
+        <source>no space is left on this computer&apos;s disk</source>
+        <translation>auf dem Datenträger dieses Computers ist kein Platz mehr</translation>
+    </message>
+    <message>
+        <source>Delete something there, or choose another folder.</source>
+        <translation>Löschen Sie dort etwas oder wählen Sie einen anderen Ordner.</translation>
+    </message>
+</context>
+<context>
     <name>MainMenu</name>
     <message>
         <source>Settings</source>

@@ -284,6 +284,454 @@
     </message>
 </context>
 <context>
+    <name>ErrorText</name>
+    <message>
+        <source>Something went wrong.</source>
+        <translation>Algo ha ido mal.</translation>
+    </message>
+    <message>
+        <source>something went wrong</source>
+        <translation>algo ha ido mal</translation>
+    </message>
+    <message>
+        <source>.</source>
+        <comment>the end of a sentence</comment>
+        <translation>.</translation>
+    </message>
+    <message>
+        <source>Another program is using the phone.</source>
+        <translation>Otro programa está usando el teléfono.</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>Vuelve a conectar el teléfono y desbloquéalo.</translation>
+    </message>
+    <message>
+        <source>Rename it first.</source>
+        <translation>Cámbiale antes el nombre.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and choose “File transfer” on it.</source>
+        <translation>Desbloquea el teléfono y elige en él «Transferencia de archivos».</translation>
+    </message>
+    <message>
+        <source>Try again. If that does not help, unplug the phone and plug it in again.</source>
+        <translation>Inténtalo de nuevo. Si no sirve, desconecta el teléfono y vuelve a conectarlo.</translation>
+    </message>
+    <message>
+        <source>The phone is not connected.</source>
+        <translation>El teléfono no está conectado.</translation>
+    </message>
+    <message>
+        <source>The phone was unplugged.</source>
+        <translation>Se desconectó el teléfono.</translation>
+    </message>
+    <message>
+        <source>The phone does not answer.</source>
+        <translation>El teléfono no responde.</translation>
+    </message>
+    <message>
+        <source>Unlock it. If that does not help, unplug it and plug it in again.</source>
+        <translation>Desbloquéalo. Si no sirve, desconéctalo y vuelve a conectarlo.</translation>
+    </message>
+    <message>
+        <source>The connection to the phone broke off.</source>
+        <translation>Se ha cortado la conexión con el teléfono.</translation>
+    </message>
+    <message>
+        <source>%1 is using the phone.</source>
+        <translation>%1 está usando el teléfono.</translation>
+    </message>
+    <message>
+        <source>Close it, or unmount the phone in the desktop&apos;s file manager, and try again.</source>
+        <translation>Ciérralo o desmonta el teléfono en el gestor de archivos del escritorio e inténtalo de nuevo.</translation>
+    </message>
+    <message>
+        <source>This user may not open the phone&apos;s USB device.</source>
+        <translation>Este usuario no puede abrir el dispositivo USB del teléfono.</translation>
+    </message>
+    <message>
+        <source>Install the udev rule that comes with Tessary, then plug the phone in again.</source>
+        <translation>Instala la regla udev incluida con Tessary y vuelve a conectar el teléfono.</translation>
+    </message>
+    <message>
+        <source>The phone has not allowed this computer yet.</source>
+        <translation>El teléfono aún no ha permitido este ordenador.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and answer its question: tap “Trust” or “Allow”.</source>
+        <translation>Desbloquea el teléfono y responde a su pregunta: toca «Confiar» o «Permitir».</translation>
+    </message>
+    <message>
+        <source>The phone has forgotten this computer.</source>
+        <translation>El teléfono ha olvidado este ordenador.</translation>
+    </message>
+    <message>
+        <source>Unplug the phone, plug it in again and tap “Trust” on it.</source>
+        <translation>Desconecta el teléfono, vuelve a conectarlo y toca «Confiar» en él.</translation>
+    </message>
+    <message>
+        <source>The phone is locked.</source>
+        <translation>El teléfono está bloqueado.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and try again.</source>
+        <translation>Desbloquea el teléfono e inténtalo de nuevo.</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is not available.</source>
+        <translation>El almacenamiento del teléfono no está disponible.</translation>
+    </message>
+    <message>
+        <source>The phone ended the connection.</source>
+        <translation>El teléfono cerró la conexión.</translation>
+    </message>
+    <message>
+        <source>The phone cannot be reached.</source>
+        <translation>No se puede acceder al teléfono.</translation>
+    </message>
+    <message>
+        <source>Check its cable or its network. For Turbo mode, USB debugging must be on; Standard MTP works without.</source>
+        <translation>Comprueba el cable o la red. El modo Turbo necesita la depuración USB; MTP estándar funciona sin ella.</translation>
+    </message>
+    <message>
+        <source>The phone&apos;s answers make no sense.</source>
+        <translation>Las respuestas del teléfono no tienen sentido.</translation>
+    </message>
+    <message>
+        <source>Unplug the phone and plug it in again.</source>
+        <translation>Desconecta el teléfono y vuelve a conectarlo.</translation>
+    </message>
+    <message>
+        <source>The phone is busy with another copy.</source>
+        <translation>El teléfono está ocupado con otra copia.</translation>
+    </message>
+    <message>
+        <source>Try again when that one is done.</source>
+        <translation>Inténtalo de nuevo cuando termine.</translation>
+    </message>
+    <message>
+        <source>There is no “%1” on the phone.</source>
+        <translation>No hay ningún «%1» en el teléfono.</translation>
+    </message>
+    <message>
+        <source>it is not on the phone any more</source>
+        <translation>ya no está en el teléfono</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or renamed: refresh the folder.</source>
+        <translation>Puede que se haya eliminado o renombrado: actualiza la carpeta.</translation>
+    </message>
+    <message>
+        <source>“%1” is already there.</source>
+        <translation>«%1» ya está ahí.</translation>
+    </message>
+    <message>
+        <source>its name is already taken</source>
+        <translation>su nombre ya está en uso</translation>
+    </message>
+    <message>
+        <source>“%1” is on the phone, which takes “%2” for the same name.</source>
+        <translation>«%1» está en el teléfono, que toma «%2» por el mismo nombre.</translation>
+    </message>
+    <message>
+        <source>the phone takes its name for that of another item</source>
+        <translation>el teléfono toma su nombre por el de otro elemento</translation>
+    </message>
+    <message>
+        <source>Rename one of the two first.</source>
+        <translation>Cambia antes el nombre de uno de los dos.</translation>
+    </message>
+    <message>
+        <source>“%1” is not a folder.</source>
+        <translation>«%1» no es una carpeta.</translation>
+    </message>
+    <message>
+        <source>it is not a folder</source>
+        <translation>no es una carpeta</translation>
+    </message>
+    <message>
+        <source>“%1” is not a file.</source>
+        <translation>«%1» no es un archivo.</translation>
+    </message>
+    <message>
+        <source>it is not a file</source>
+        <translation>no es un archivo</translation>
+    </message>
+    <message>
+        <source>The folder “%1” is not empty.</source>
+        <translation>La carpeta «%1» no está vacía.</translation>
+    </message>
+    <message>
+        <source>the folder is not empty</source>
+        <translation>la carpeta no está vacía</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be a name on the phone.</source>
+        <translation>«%1» no puede ser un nombre en el teléfono.</translation>
+    </message>
+    <message>
+        <source>the phone does not allow its name</source>
+        <translation>el teléfono no permite su nombre</translation>
+    </message>
+    <message>
+        <source>The phone does not allow this with “%1”.</source>
+        <translation>El teléfono no permite esto con «%1».</translation>
+    </message>
+    <message>
+        <source>the phone does not allow it</source>
+        <translation>el teléfono no lo permite</translation>
+    </message>
+    <message>
+        <source>Unlock it, and try another folder.</source>
+        <translation>Desbloquéalo y prueba con otra carpeta.</translation>
+    </message>
+    <message>
+        <source>“%1” is write-protected on the phone.</source>
+        <translation>«%1» está protegido contra escritura en el teléfono.</translation>
+    </message>
+    <message>
+        <source>it is write-protected on the phone</source>
+        <translation>está protegido contra escritura en el teléfono</translation>
+    </message>
+    <message>
+        <source>Choose another folder.</source>
+        <translation>Elige otra carpeta.</translation>
+    </message>
+    <message>
+        <source>“%1” is too large for this storage of the phone.</source>
+        <translation>«%1» es demasiado grande para este almacenamiento del teléfono.</translation>
+    </message>
+    <message>
+        <source>it is too large for this storage of the phone</source>
+        <translation>es demasiado grande para este almacenamiento del teléfono</translation>
+    </message>
+    <message>
+        <source>“%1” has changed on the phone meanwhile. It was left as it is.</source>
+        <translation>«%1» ha cambiado mientras tanto en el teléfono. Se ha dejado como está.</translation>
+    </message>
+    <message>
+        <source>it has changed on the phone meanwhile</source>
+        <translation>ha cambiado mientras tanto en el teléfono</translation>
+    </message>
+    <message>
+        <source>Refresh the folder and try again.</source>
+        <translation>Actualiza la carpeta e inténtalo de nuevo.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read.</source>
+        <translation>«%1» no se puede leer.</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>no se puede leer</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot be read whole.</source>
+        <translation>La carpeta «%1» no se puede leer por completo.</translation>
+    </message>
+    <message>
+        <source>the folder cannot be read whole</source>
+        <translation>la carpeta no se puede leer por completo</translation>
+    </message>
+    <message>
+        <source>The phone sent %2 of the %3 bytes of “%1”.</source>
+        <translation>El teléfono envió %2 de los %3 bytes de «%1».</translation>
+    </message>
+    <message>
+        <source>its size is not the one that was announced</source>
+        <translation>su tamaño no es el anunciado</translation>
+    </message>
+    <message>
+        <source>Copy it again.</source>
+        <translation>Cópialo de nuevo.</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot lie inside itself.</source>
+        <translation>La carpeta «%1» no puede estar dentro de sí misma.</translation>
+    </message>
+    <message>
+        <source>a folder cannot lie inside itself</source>
+        <translation>una carpeta no puede estar dentro de sí misma</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be changed or copied as one item.</source>
+        <translation>Un almacenamiento entero no se puede cambiar ni copiar como un solo elemento.</translation>
+    </message>
+    <message>
+        <source>a whole storage cannot be changed or copied as one item</source>
+        <translation>un almacenamiento entero no se puede cambiar ni copiar como un solo elemento</translation>
+    </message>
+    <message>
+        <source>The phone cannot move “%1” to another storage.</source>
+        <translation>El teléfono no puede mover «%1» a otro almacenamiento.</translation>
+    </message>
+    <message>
+        <source>the phone cannot move it to another storage</source>
+        <translation>el teléfono no puede moverlo a otro almacenamiento</translation>
+    </message>
+    <message>
+        <source>Copy it instead.</source>
+        <translation>Cópialo en su lugar.</translation>
+    </message>
+    <message>
+        <source>The phone cannot do this.</source>
+        <translation>El teléfono no puede hacer esto.</translation>
+    </message>
+    <message>
+        <source>the phone cannot do this</source>
+        <translation>el teléfono no puede hacer esto</translation>
+    </message>
+    <message>
+        <source>The phone refused this for “%1”.</source>
+        <translation>El teléfono lo ha rechazado para «%1».</translation>
+    </message>
+    <message>
+        <source>the phone refused it</source>
+        <translation>el teléfono lo ha rechazado</translation>
+    </message>
+    <message>
+        <source>The phone agreed, but did nothing with “%1”.</source>
+        <translation>El teléfono aceptó, pero no hizo nada con «%1».</translation>
+    </message>
+    <message>
+        <source>the phone agreed, but did nothing</source>
+        <translation>el teléfono aceptó, pero no hizo nada</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is full.</source>
+        <translation>El almacenamiento del teléfono está lleno.</translation>
+    </message>
+    <message>
+        <source>the storage of the phone is full</source>
+        <translation>el almacenamiento del teléfono está lleno</translation>
+    </message>
+    <message>
+        <source>Delete something on the phone, or copy less.</source>
+        <translation>Elimina algo en el teléfono o copia menos.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read: %2</source>
+        <translation>«%1» no se puede leer: %2</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be written: %2</source>
+        <translation>«%1» no se puede escribir: %2</translation>
+    </message>
+    <message>
+        <source>it cannot be written on this computer</source>
+        <translation>no se puede escribir en este ordenador</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot be created: %2</source>
+        <translation>No se puede crear la carpeta «%1»: %2</translation>
+    </message>
+    <message>
+        <source>the folder cannot be created on this computer</source>
+        <translation>la carpeta no se puede crear en este ordenador</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be deleted: %2</source>
+        <translation>«%1» no se puede eliminar: %2</translation>
+    </message>
+    <message>
+        <source>it cannot be deleted on this computer</source>
+        <translation>no se puede eliminar en este ordenador</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be renamed: %2</source>
+        <translation>No se puede cambiar el nombre de «%1»: %2</translation>
+    </message>
+    <message>
+        <source>it cannot be renamed on this computer</source>
+        <translation>no se puede cambiar su nombre en este ordenador</translation>
+    </message>
+    <message>
+        <source>“%1” is not on this computer any more.</source>
+        <translation>«%1» ya no está en este ordenador.</translation>
+    </message>
+    <message>
+        <source>it is not on this computer any more</source>
+        <translation>ya no está en este ordenador</translation>
+    </message>
+    <message>
+        <source>“%1” is not a regular file.</source>
+        <translation>«%1» no es un archivo normal.</translation>
+    </message>
+    <message>
+        <source>it is not a regular file</source>
+        <translation>no es un archivo normal</translation>
+    </message>
+    <message>
+        <source>A folder is where the file “%1” should be.</source>
+        <translation>Hay una carpeta donde debería estar el archivo «%1».</translation>
+    </message>
+    <message>
+        <source>a folder of this name is on this computer</source>
+        <translation>en este ordenador hay una carpeta con este nombre</translation>
+    </message>
+    <message>
+        <source>A file is where the folder “%1” should be.</source>
+        <translation>Hay un archivo donde debería estar la carpeta «%1».</translation>
+    </message>
+    <message>
+        <source>a file of this name is on this computer</source>
+        <translation>hay un archivo con este nombre en este ordenador</translation>
+    </message>
+    <message>
+        <source>“%1” changed while it was being copied.</source>
+        <translation>«%1» cambió mientras se copiaba.</translation>
+    </message>
+    <message>
+        <source>it changed while it was being copied</source>
+        <translation>cambió mientras se copiaba</translation>
+    </message>
+    <message>
+        <source>The name “%1” cannot be used on this computer.</source>
+        <translation>El nombre «%1» no se puede usar en este ordenador.</translation>
+    </message>
+    <message>
+        <source>its name cannot be used on this computer</source>
+        <translation>su nombre no se puede usar en este ordenador</translation>
+    </message>
+    <message>
+        <source>The name “%1” is too long for this computer.</source>
+        <translation>El nombre «%1» es demasiado largo para este ordenador.</translation>
+    </message>
+    <message>
+        <source>its name is too long for this computer</source>
+        <translation>su nombre es demasiado largo para este ordenador</translation>
+    </message>
+    <message>
+        <source>“%1” leads out of the folder that is copied to.</source>
+        <translation>«%1» lleva fuera de la carpeta de destino.</translation>
+    </message>
+    <message>
+        <source>it leads out of the folder that is copied to</source>
+        <translation>lleva fuera de la carpeta de destino</translation>
+    </message>
+    <message>
+        <source>“%1” is a link; links are not followed.</source>
+        <translation>«%1» es un enlace; los enlaces no se siguen.</translation>
+    </message>
+    <message>
+        <source>it is a link; links are not followed</source>
+        <translation>es un enlace; los enlaces no se siguen</translation>
+    </message>
+    <message>
+        <source>No space is left on the disk of “%1”.</source>
+        <translation>No queda espacio en el disco de «%1».</translation>
+    </message>
+    <message>
+        <source>no space is left on this computer&apos;s disk</source>
+        <translation>no queda espacio en el disco de este ordenador</translation>
+    </message>
+    <message>
+        <source>Delete something there, or choose another folder.</source>
+        <translation>Elimina algo allí o elige otra carpeta.</translation>
+    </message>
+</context>
+<context>
     <name>MainMenu</name>
     <message>
         <source>Settings</source>

@@ -284,6 +284,454 @@
     </message>
 </context>
 <context>
+    <name>ErrorText</name>
+    <message>
+        <source>Something went wrong.</source>
+        <translation>Un problème est survenu.</translation>
+    </message>
+    <message>
+        <source>something went wrong</source>
+        <translation>un problème est survenu</translation>
+    </message>
+    <message>
+        <source>.</source>
+        <comment>the end of a sentence</comment>
+        <translation>.</translation>
+    </message>
+    <message>
+        <source>Another program is using the phone.</source>
+        <translation>Un autre programme utilise le téléphone.</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>Rebranchez le téléphone et déverrouillez-le.</translation>
+    </message>
+    <message>
+        <source>Rename it first.</source>
+        <translation>Renommez-le d’abord.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and choose “File transfer” on it.</source>
+        <translation>Déverrouillez le téléphone et choisissez-y « Transfert de fichiers ».</translation>
+    </message>
+    <message>
+        <source>Try again. If that does not help, unplug the phone and plug it in again.</source>
+        <translation>Réessayez. Si cela ne suffit pas, débranchez le téléphone puis rebranchez-le.</translation>
+    </message>
+    <message>
+        <source>The phone is not connected.</source>
+        <translation>Le téléphone n’est pas connecté.</translation>
+    </message>
+    <message>
+        <source>The phone was unplugged.</source>
+        <translation>Le téléphone a été débranché.</translation>
+    </message>
+    <message>
+        <source>The phone does not answer.</source>
+        <translation>Le téléphone ne répond pas.</translation>
+    </message>
+    <message>
+        <source>Unlock it. If that does not help, unplug it and plug it in again.</source>
+        <translation>Déverrouillez-le. Si cela ne suffit pas, débranchez-le puis rebranchez-le.</translation>
+    </message>
+    <message>
+        <source>The connection to the phone broke off.</source>
+        <translation>La connexion au téléphone a été interrompue.</translation>
+    </message>
+    <message>
+        <source>%1 is using the phone.</source>
+        <translation>%1 utilise le téléphone.</translation>
+    </message>
+    <message>
+        <source>Close it, or unmount the phone in the desktop&apos;s file manager, and try again.</source>
+        <translation>Fermez-le, ou démontez le téléphone dans le gestionnaire de fichiers du bureau, puis réessayez.</translation>
+    </message>
+    <message>
+        <source>This user may not open the phone&apos;s USB device.</source>
+        <translation>Cet utilisateur n’a pas le droit d’ouvrir le périphérique USB du téléphone.</translation>
+    </message>
+    <message>
+        <source>Install the udev rule that comes with Tessary, then plug the phone in again.</source>
+        <translation>Installez la règle udev fournie avec Tessary, puis rebranchez le téléphone.</translation>
+    </message>
+    <message>
+        <source>The phone has not allowed this computer yet.</source>
+        <translation>Le téléphone n’a pas encore autorisé cet ordinateur.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and answer its question: tap “Trust” or “Allow”.</source>
+        <translation>Déverrouillez le téléphone et répondez à sa question : touchez « Faire confiance » ou « Autoriser ».</translation>
+    </message>
+    <message>
+        <source>The phone has forgotten this computer.</source>
+        <translation>Le téléphone a oublié cet ordinateur.</translation>
+    </message>
+    <message>
+        <source>Unplug the phone, plug it in again and tap “Trust” on it.</source>
+        <translation>Débranchez le téléphone, rebranchez-le et touchez-y « Faire confiance ».</translation>
+    </message>
+    <message>
+        <source>The phone is locked.</source>
+        <translation>Le téléphone est verrouillé.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and try again.</source>
+        <translation>Déverrouillez le téléphone et réessayez.</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is not available.</source>
+        <translation>Le stockage du téléphone n’est pas disponible.</translation>
+    </message>
+    <message>
+        <source>The phone ended the connection.</source>
+        <translation>Le téléphone a mis fin à la connexion.</translation>
+    </message>
+    <message>
+        <source>The phone cannot be reached.</source>
+        <translation>Le téléphone est injoignable.</translation>
+    </message>
+    <message>
+        <source>Check its cable or its network. For Turbo mode, USB debugging must be on; Standard MTP works without.</source>
+        <translation>Vérifiez le câble ou le réseau. Le mode Turbo exige le débogage USB ; le MTP standard s’en passe.</translation>
+    </message>
+    <message>
+        <source>The phone&apos;s answers make no sense.</source>
+        <translation>Les réponses du téléphone n’ont pas de sens.</translation>
+    </message>
+    <message>
+        <source>Unplug the phone and plug it in again.</source>
+        <translation>Débranchez le téléphone puis rebranchez-le.</translation>
+    </message>
+    <message>
+        <source>The phone is busy with another copy.</source>
+        <translation>Le téléphone est occupé par une autre copie.</translation>
+    </message>
+    <message>
+        <source>Try again when that one is done.</source>
+        <translation>Réessayez lorsqu’elle sera terminée.</translation>
+    </message>
+    <message>
+        <source>There is no “%1” on the phone.</source>
+        <translation>Il n’y a pas de « %1 » sur le téléphone.</translation>
+    </message>
+    <message>
+        <source>it is not on the phone any more</source>
+        <translation>il n’est plus sur le téléphone</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or renamed: refresh the folder.</source>
+        <translation>Il a peut-être été supprimé ou renommé : actualisez le dossier.</translation>
+    </message>
+    <message>
+        <source>“%1” is already there.</source>
+        <translation>« %1 » existe déjà.</translation>
+    </message>
+    <message>
+        <source>its name is already taken</source>
+        <translation>son nom est déjà pris</translation>
+    </message>
+    <message>
+        <source>“%1” is on the phone, which takes “%2” for the same name.</source>
+        <translation>« %1 » est sur le téléphone, qui prend « %2 » pour le même nom.</translation>
+    </message>
+    <message>
+        <source>the phone takes its name for that of another item</source>
+        <translation>le téléphone prend son nom pour celui d’un autre élément</translation>
+    </message>
+    <message>
+        <source>Rename one of the two first.</source>
+        <translation>Renommez d’abord l’un des deux.</translation>
+    </message>
+    <message>
+        <source>“%1” is not a folder.</source>
+        <translation>« %1 » n’est pas un dossier.</translation>
+    </message>
+    <message>
+        <source>it is not a folder</source>
+        <translation>ce n’est pas un dossier</translation>
+    </message>
+    <message>
+        <source>“%1” is not a file.</source>
+        <translation>« %1 » n’est pas un fichier.</translation>
+    </message>
+    <message>
+        <source>it is not a file</source>
+        <translation>ce n’est pas un fichier</translation>
+    </message>
+    <message>
+        <source>The folder “%1” is not empty.</source>
+        <translation>Le dossier « %1 » n’est pas vide.</translation>
+    </message>
+    <message>
+        <source>the folder is not empty</source>
+        <translation>le dossier n’est pas vide</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be a name on the phone.</source>
+        <translation>« %1 » ne peut pas être un nom sur le téléphone.</translation>
+    </message>
+    <message>
+        <source>the phone does not allow its name</source>
+        <translation>le téléphone n’autorise pas son nom</translation>
+    </message>
+    <message>
+        <source>The phone does not allow this with “%1”.</source>
+        <translation>Le téléphone n’autorise pas cela avec « %1 ».</translation>
+    </message>
+    <message>
+        <source>the phone does not allow it</source>
+        <translation>le téléphone ne l’autorise pas</translation>
+    </message>
+    <message>
+        <source>Unlock it, and try another folder.</source>
+        <translation>Déverrouillez-le et essayez un autre dossier.</translation>
+    </message>
+    <message>
+        <source>“%1” is write-protected on the phone.</source>
+        <translation>« %1 » est protégé en écriture sur le téléphone.</translation>
+    </message>
+    <message>
+        <source>it is write-protected on the phone</source>
+        <translation>il est protégé en écriture sur le téléphone</translation>
+    </message>
+    <message>
+        <source>Choose another folder.</source>
+        <translation>Choisissez un autre dossier.</translation>
+    </message>
+    <message>
+        <source>“%1” is too large for this storage of the phone.</source>
+        <translation>« %1 » est trop volumineux pour ce stockage du téléphone.</translation>
+    </message>
+    <message>
+        <source>it is too large for this storage of the phone</source>
+        <translation>il est trop volumineux pour ce stockage du téléphone</translation>
+    </message>
+    <message>
+        <source>“%1” has changed on the phone meanwhile. It was left as it is.</source>
+        <translation>« %1 » a changé entre-temps sur le téléphone. Il a été laissé tel quel.</translation>
+    </message>
+    <message>
+        <source>it has changed on the phone meanwhile</source>
+        <translation>il a changé entre-temps sur le téléphone</translation>
+    </message>
+    <message>
+        <source>Refresh the folder and try again.</source>
+        <translation>Actualisez le dossier et réessayez.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read.</source>
+        <translation>« %1 » ne peut pas être lu.</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>il est illisible</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot be read whole.</source>
+        <translation>Le dossier « %1 » ne peut pas être lu en entier.</translation>
+    </message>
+    <message>
+        <source>the folder cannot be read whole</source>
+        <translation>le dossier ne peut pas être lu en entier</translation>
+    </message>
+    <message>
+        <source>The phone sent %2 of the %3 bytes of “%1”.</source>
+        <translation>Le téléphone a envoyé %2 des %3 octets de « %1 ».</translation>
+    </message>
+    <message>
+        <source>its size is not the one that was announced</source>
+        <translation>sa taille n’est pas celle annoncée</translation>
+    </message>
+    <message>
+        <source>Copy it again.</source>
+        <translation>Copiez-le à nouveau.</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot lie inside itself.</source>
+        <translation>Le dossier « %1 » ne peut pas se trouver dans lui-même.</translation>
+    </message>
+    <message>
+        <source>a folder cannot lie inside itself</source>
+        <translation>un dossier ne peut pas se trouver dans lui-même</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be changed or copied as one item.</source>
+        <translation>Un stockage entier ne peut pas être modifié ni copié comme un seul élément.</translation>
+    </message>
+    <message>
+        <source>a whole storage cannot be changed or copied as one item</source>
+        <translation>un stockage entier ne peut pas être modifié ni copié comme un seul élément</translation>
+    </message>
+    <message>
+        <source>The phone cannot move “%1” to another storage.</source>
+        <translation>Le téléphone ne peut pas déplacer « %1 » vers un autre stockage.</translation>
+    </message>
+    <message>
+        <source>the phone cannot move it to another storage</source>
+        <translation>le téléphone ne peut pas le déplacer vers un autre stockage</translation>
+    </message>
+    <message>
+        <source>Copy it instead.</source>
+        <translation>Copiez-le plutôt.</translation>
+    </message>
+    <message>
+        <source>The phone cannot do this.</source>
+        <translation>Le téléphone ne sait pas faire cela.</translation>
+    </message>
+    <message>
+        <source>the phone cannot do this</source>
+        <translation>le téléphone ne peut pas le faire</translation>
+    </message>
+    <message>
+        <source>The phone refused this for “%1”.</source>
+        <translation>Le téléphone l’a refusé pour « %1 ».</translation>
+    </message>
+    <message>
+        <source>the phone refused it</source>
+        <translation>le téléphone l’a refusé</translation>
+    </message>
+    <message>
+        <source>The phone agreed, but did nothing with “%1”.</source>
+        <translation>Le téléphone a accepté, mais n’a rien fait de « %1 ».</translation>
+    </message>
+    <message>
+        <source>the phone agreed, but did nothing</source>
+        <translation>le téléphone a accepté, mais n’a rien fait</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is full.</source>
+        <translation>Le stockage du téléphone est plein.</translation>
+    </message>
+    <message>
+        <source>the storage of the phone is full</source>
+        <translation>le stockage du téléphone est plein</translation>
+    </message>
+    <message>
+        <source>Delete something on the phone, or copy less.</source>
+        <translation>Supprimez quelque chose sur le téléphone ou copiez moins.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read: %2</source>
+        <translation>« %1 » ne peut pas être lu : %2</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be written: %2</source>
+        <translation>« %1 » ne peut pas être écrit : %2</translation>
+    </message>
+    <message>
+        <source>it cannot be written on this computer</source>
+        <translation>il ne peut pas être écrit sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot be created: %2</source>
+        <translation>Le dossier « %1 » ne peut pas être créé : %2</translation>
+    </message>
+    <message>
+        <source>the folder cannot be created on this computer</source>
+        <translation>le dossier ne peut pas être créé sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be deleted: %2</source>
+        <translation>« %1 » ne peut pas être supprimé : %2</translation>
+    </message>
+    <message>
+        <source>it cannot be deleted on this computer</source>
+        <translation>il ne peut pas être supprimé sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be renamed: %2</source>
+        <translation>« %1 » ne peut pas être renommé : %2</translation>
+    </message>
+    <message>
+        <source>it cannot be renamed on this computer</source>
+        <translation>il ne peut pas être renommé sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>“%1” is not on this computer any more.</source>
+        <translation>« %1 » n’est plus sur cet ordinateur.</translation>
+    </message>
+    <message>
+        <source>it is not on this computer any more</source>
+        <translation>il n’est plus sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>“%1” is not a regular file.</source>
+        <translation>« %1 » n’est pas un fichier ordinaire.</translation>
+    </message>
+    <message>
+        <source>it is not a regular file</source>
+        <translation>ce n’est pas un fichier ordinaire</translation>
+    </message>
+    <message>
+        <source>A folder is where the file “%1” should be.</source>
+        <translation>Un dossier se trouve là où le fichier « %1 » devrait être.</translation>
+    </message>
+    <message>
+        <source>a folder of this name is on this computer</source>
+        <translation>un dossier de ce nom se trouve sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>A file is where the folder “%1” should be.</source>
+        <translation>Un fichier se trouve là où le dossier « %1 » devrait être.</translation>
+    </message>
+    <message>
+        <source>a file of this name is on this computer</source>
+        <translation>un fichier de ce nom se trouve sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>“%1” changed while it was being copied.</source>
+        <translation>« %1 » a changé pendant la copie.</translation>
+    </message>
+    <message>
+        <source>it changed while it was being copied</source>
+        <translation>il a changé pendant la copie</translation>
+    </message>
+    <message>
+        <source>The name “%1” cannot be used on this computer.</source>
+        <translation>Le nom « %1 » ne peut pas être utilisé sur cet ordinateur.</translation>
+    </message>
+    <message>
+        <source>its name cannot be used on this computer</source>
+        <translation>son nom est inutilisable sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>The name “%1” is too long for this computer.</source>
+        <translation>Le nom « %1 » est trop long pour cet ordinateur.</translation>
+    </message>
+    <message>
+        <source>its name is too long for this computer</source>
+        <translation>son nom est trop long pour cet ordinateur</translation>
+    </message>
+    <message>
+        <source>“%1” leads out of the folder that is copied to.</source>
+        <translation>« %1 » mène hors du dossier de destination.</translation>
+    </message>
+    <message>
+        <source>it leads out of the folder that is copied to</source>
+        <translation>il mène hors du dossier de destination</translation>
+    </message>
+    <message>
+        <source>“%1” is a link; links are not followed.</source>
+        <translation>« %1 » est un lien ; les liens ne sont pas suivis.</translation>
+    </message>
+    <message>
+        <source>it is a link; links are not followed</source>
+        <translation>c’est un lien ; les liens ne sont pas suivis</translation>
+    </message>
+    <message>
+        <source>No space is left on the disk of “%1”.</source>
+        <translation>Il n’y a plus d’espace sur le disque de « %1 ».</translation>
+    </message>
+    <message>
+        <source>no space is left on this computer&apos;s disk</source>
+        <translation>il n’y a plus d’espace sur le disque de cet ordinateur</translation>
+    </message>
+    <message>
+        <source>Delete something there, or choose another folder.</source>
+        <translation>Supprimez-y quelque chose ou choisissez un autre dossier.</translation>
+    </message>
+</context>
+<context>
     <name>MainMenu</name>
     <message>
         <source>Settings</source>

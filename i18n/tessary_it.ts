@@ -284,6 +284,454 @@
     </message>
 </context>
 <context>
+    <name>ErrorText</name>
+    <message>
+        <source>Something went wrong.</source>
+        <translation>Qualcosa è andato storto.</translation>
+    </message>
+    <message>
+        <source>something went wrong</source>
+        <translation>qualcosa è andato storto</translation>
+    </message>
+    <message>
+        <source>.</source>
+        <comment>the end of a sentence</comment>
+        <translation>.</translation>
+    </message>
+    <message>
+        <source>Another program is using the phone.</source>
+        <translation>Un altro programma sta usando il telefono.</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>Ricollega il telefono e sbloccalo.</translation>
+    </message>
+    <message>
+        <source>Rename it first.</source>
+        <translation>Prima rinominalo.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and choose “File transfer” on it.</source>
+        <translation>Sblocca il telefono e scegli su di esso «Trasferimento file».</translation>
+    </message>
+    <message>
+        <source>Try again. If that does not help, unplug the phone and plug it in again.</source>
+        <translation>Riprova. Se non basta, scollega il telefono e ricollegalo.</translation>
+    </message>
+    <message>
+        <source>The phone is not connected.</source>
+        <translation>Il telefono non è collegato.</translation>
+    </message>
+    <message>
+        <source>The phone was unplugged.</source>
+        <translation>Il telefono è stato scollegato.</translation>
+    </message>
+    <message>
+        <source>The phone does not answer.</source>
+        <translation>Il telefono non risponde.</translation>
+    </message>
+    <message>
+        <source>Unlock it. If that does not help, unplug it and plug it in again.</source>
+        <translation>Sbloccalo. Se non basta, scollegalo e ricollegalo.</translation>
+    </message>
+    <message>
+        <source>The connection to the phone broke off.</source>
+        <translation>La connessione con il telefono si è interrotta.</translation>
+    </message>
+    <message>
+        <source>%1 is using the phone.</source>
+        <translation>%1 sta usando il telefono.</translation>
+    </message>
+    <message>
+        <source>Close it, or unmount the phone in the desktop&apos;s file manager, and try again.</source>
+        <translation>Chiudilo o smonta il telefono nel gestore di file del desktop, poi riprova.</translation>
+    </message>
+    <message>
+        <source>This user may not open the phone&apos;s USB device.</source>
+        <translation>Questo utente non può aprire il dispositivo USB del telefono.</translation>
+    </message>
+    <message>
+        <source>Install the udev rule that comes with Tessary, then plug the phone in again.</source>
+        <translation>Installa la regola udev fornita con Tessary, poi ricollega il telefono.</translation>
+    </message>
+    <message>
+        <source>The phone has not allowed this computer yet.</source>
+        <translation>Il telefono non ha ancora autorizzato questo computer.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and answer its question: tap “Trust” or “Allow”.</source>
+        <translation>Sblocca il telefono e rispondi alla sua domanda: tocca «Autorizza» o «Consenti».</translation>
+    </message>
+    <message>
+        <source>The phone has forgotten this computer.</source>
+        <translation>Il telefono ha dimenticato questo computer.</translation>
+    </message>
+    <message>
+        <source>Unplug the phone, plug it in again and tap “Trust” on it.</source>
+        <translation>Scollega il telefono, ricollegalo e tocca «Autorizza».</translation>
+    </message>
+    <message>
+        <source>The phone is locked.</source>
+        <translation>Il telefono è bloccato.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and try again.</source>
+        <translation>Sblocca il telefono e riprova.</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is not available.</source>
+        <translation>La memoria del telefono non è disponibile.</translation>
+    </message>
+    <message>
+        <source>The phone ended the connection.</source>
+        <translation>Il telefono ha chiuso la connessione.</translation>
+    </message>
+    <message>
+        <source>The phone cannot be reached.</source>
+        <translation>Il telefono non è raggiungibile.</translation>
+    </message>
+    <message>
+        <source>Check its cable or its network. For Turbo mode, USB debugging must be on; Standard MTP works without.</source>
+        <translation>Controlla il cavo o la rete. La modalità Turbo richiede il debug USB; MTP standard funziona senza.</translation>
+    </message>
+    <message>
+        <source>The phone&apos;s answers make no sense.</source>
+        <translation>Le risposte del telefono non hanno senso.</translation>
+    </message>
+    <message>
+        <source>Unplug the phone and plug it in again.</source>
+        <translation>Scollega il telefono e ricollegalo.</translation>
+    </message>
+    <message>
+        <source>The phone is busy with another copy.</source>
+        <translation>Il telefono è occupato con un’altra copia.</translation>
+    </message>
+    <message>
+        <source>Try again when that one is done.</source>
+        <translation>Riprova quando sarà terminata.</translation>
+    </message>
+    <message>
+        <source>There is no “%1” on the phone.</source>
+        <translation>Sul telefono non c’è «%1».</translation>
+    </message>
+    <message>
+        <source>it is not on the phone any more</source>
+        <translation>non è più sul telefono</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or renamed: refresh the folder.</source>
+        <translation>Forse è stato eliminato o rinominato: aggiorna la cartella.</translation>
+    </message>
+    <message>
+        <source>“%1” is already there.</source>
+        <translation>«%1» esiste già.</translation>
+    </message>
+    <message>
+        <source>its name is already taken</source>
+        <translation>il suo nome è già in uso</translation>
+    </message>
+    <message>
+        <source>“%1” is on the phone, which takes “%2” for the same name.</source>
+        <translation>Sul telefono c’è «%1», e «%2» vale per esso come lo stesso nome.</translation>
+    </message>
+    <message>
+        <source>the phone takes its name for that of another item</source>
+        <translation>per il telefono il suo nome è quello di un altro elemento</translation>
+    </message>
+    <message>
+        <source>Rename one of the two first.</source>
+        <translation>Prima rinomina uno dei due.</translation>
+    </message>
+    <message>
+        <source>“%1” is not a folder.</source>
+        <translation>«%1» non è una cartella.</translation>
+    </message>
+    <message>
+        <source>it is not a folder</source>
+        <translation>non è una cartella</translation>
+    </message>
+    <message>
+        <source>“%1” is not a file.</source>
+        <translation>«%1» non è un file.</translation>
+    </message>
+    <message>
+        <source>it is not a file</source>
+        <translation>non è un file</translation>
+    </message>
+    <message>
+        <source>The folder “%1” is not empty.</source>
+        <translation>La cartella «%1» non è vuota.</translation>
+    </message>
+    <message>
+        <source>the folder is not empty</source>
+        <translation>la cartella non è vuota</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be a name on the phone.</source>
+        <translation>«%1» non può essere un nome sul telefono.</translation>
+    </message>
+    <message>
+        <source>the phone does not allow its name</source>
+        <translation>il telefono non consente il suo nome</translation>
+    </message>
+    <message>
+        <source>The phone does not allow this with “%1”.</source>
+        <translation>Il telefono non lo consente con «%1».</translation>
+    </message>
+    <message>
+        <source>the phone does not allow it</source>
+        <translation>il telefono non lo consente</translation>
+    </message>
+    <message>
+        <source>Unlock it, and try another folder.</source>
+        <translation>Sbloccalo e prova un’altra cartella.</translation>
+    </message>
+    <message>
+        <source>“%1” is write-protected on the phone.</source>
+        <translation>«%1» è protetto da scrittura sul telefono.</translation>
+    </message>
+    <message>
+        <source>it is write-protected on the phone</source>
+        <translation>è protetto da scrittura sul telefono</translation>
+    </message>
+    <message>
+        <source>Choose another folder.</source>
+        <translation>Scegli un’altra cartella.</translation>
+    </message>
+    <message>
+        <source>“%1” is too large for this storage of the phone.</source>
+        <translation>«%1» è troppo grande per questa memoria del telefono.</translation>
+    </message>
+    <message>
+        <source>it is too large for this storage of the phone</source>
+        <translation>è troppo grande per questa memoria del telefono</translation>
+    </message>
+    <message>
+        <source>“%1” has changed on the phone meanwhile. It was left as it is.</source>
+        <translation>«%1» è cambiato nel frattempo sul telefono. È stato lasciato com’è.</translation>
+    </message>
+    <message>
+        <source>it has changed on the phone meanwhile</source>
+        <translation>è cambiato nel frattempo sul telefono</translation>
+    </message>
+    <message>
+        <source>Refresh the folder and try again.</source>
+        <translation>Aggiorna la cartella e riprova.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read.</source>
+        <translation>«%1» non può essere letto.</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>non si può leggere</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot be read whole.</source>
+        <translation>La cartella «%1» non può essere letta per intero.</translation>
+    </message>
+    <message>
+        <source>the folder cannot be read whole</source>
+        <translation>la cartella non può essere letta per intero</translation>
+    </message>
+    <message>
+        <source>The phone sent %2 of the %3 bytes of “%1”.</source>
+        <translation>Il telefono ha inviato %2 dei %3 byte di «%1».</translation>
+    </message>
+    <message>
+        <source>its size is not the one that was announced</source>
+        <translation>la sua dimensione non è quella annunciata</translation>
+    </message>
+    <message>
+        <source>Copy it again.</source>
+        <translation>Copialo di nuovo.</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot lie inside itself.</source>
+        <translation>La cartella «%1» non può trovarsi dentro se stessa.</translation>
+    </message>
+    <message>
+        <source>a folder cannot lie inside itself</source>
+        <translation>una cartella non può trovarsi dentro se stessa</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be changed or copied as one item.</source>
+        <translation>Un’intera memoria non può essere modificata o copiata come un solo elemento.</translation>
+    </message>
+    <message>
+        <source>a whole storage cannot be changed or copied as one item</source>
+        <translation>un’intera memoria non può essere modificata o copiata come un solo elemento</translation>
+    </message>
+    <message>
+        <source>The phone cannot move “%1” to another storage.</source>
+        <translation>Il telefono non può spostare «%1» in un’altra memoria.</translation>
+    </message>
+    <message>
+        <source>the phone cannot move it to another storage</source>
+        <translation>il telefono non può spostarlo in un’altra memoria</translation>
+    </message>
+    <message>
+        <source>Copy it instead.</source>
+        <translation>Invece, copialo.</translation>
+    </message>
+    <message>
+        <source>The phone cannot do this.</source>
+        <translation>Il telefono non può farlo.</translation>
+    </message>
+    <message>
+        <source>the phone cannot do this</source>
+        <translation>il telefono non può farlo</translation>
+    </message>
+    <message>
+        <source>The phone refused this for “%1”.</source>
+        <translation>Il telefono lo ha rifiutato per «%1».</translation>
+    </message>
+    <message>
+        <source>the phone refused it</source>
+        <translation>il telefono lo ha rifiutato</translation>
+    </message>
+    <message>
+        <source>The phone agreed, but did nothing with “%1”.</source>
+        <translation>Il telefono ha accettato, ma non ha fatto nulla con «%1».</translation>
+    </message>
+    <message>
+        <source>the phone agreed, but did nothing</source>
+        <translation>il telefono ha accettato, ma non ha fatto nulla</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is full.</source>
+        <translation>La memoria del telefono è piena.</translation>
+    </message>
+    <message>
+        <source>the storage of the phone is full</source>
+        <translation>la memoria del telefono è piena</translation>
+    </message>
+    <message>
+        <source>Delete something on the phone, or copy less.</source>
+        <translation>Elimina qualcosa sul telefono o copia di meno.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read: %2</source>
+        <translation>«%1» non può essere letto: %2</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be written: %2</source>
+        <translation>«%1» non può essere scritto: %2</translation>
+    </message>
+    <message>
+        <source>it cannot be written on this computer</source>
+        <translation>non può essere scritto su questo computer</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot be created: %2</source>
+        <translation>La cartella «%1» non può essere creata: %2</translation>
+    </message>
+    <message>
+        <source>the folder cannot be created on this computer</source>
+        <translation>la cartella non si può creare su questo computer</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be deleted: %2</source>
+        <translation>«%1» non può essere eliminato: %2</translation>
+    </message>
+    <message>
+        <source>it cannot be deleted on this computer</source>
+        <translation>non può essere eliminato su questo computer</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be renamed: %2</source>
+        <translation>«%1» non può essere rinominato: %2</translation>
+    </message>
+    <message>
+        <source>it cannot be renamed on this computer</source>
+        <translation>non può essere rinominato su questo computer</translation>
+    </message>
+    <message>
+        <source>“%1” is not on this computer any more.</source>
+        <translation>«%1» non è più su questo computer.</translation>
+    </message>
+    <message>
+        <source>it is not on this computer any more</source>
+        <translation>non è più su questo computer</translation>
+    </message>
+    <message>
+        <source>“%1” is not a regular file.</source>
+        <translation>«%1» non è un file normale.</translation>
+    </message>
+    <message>
+        <source>it is not a regular file</source>
+        <translation>non è un file normale</translation>
+    </message>
+    <message>
+        <source>A folder is where the file “%1” should be.</source>
+        <translation>C’è una cartella dove dovrebbe esserci il file «%1».</translation>
+    </message>
+    <message>
+        <source>a folder of this name is on this computer</source>
+        <translation>su questo computer c’è una cartella con questo nome</translation>
+    </message>
+    <message>
+        <source>A file is where the folder “%1” should be.</source>
+        <translation>C’è un file dove dovrebbe esserci la cartella «%1».</translation>
+    </message>
+    <message>
+        <source>a file of this name is on this computer</source>
+        <translation>su questo computer c’è un file con questo nome</translation>
+    </message>
+    <message>
+        <source>“%1” changed while it was being copied.</source>
+        <translation>«%1» è cambiato durante la copia.</translation>
+    </message>
+    <message>
+        <source>it changed while it was being copied</source>
+        <translation>è cambiato durante la copia</translation>
+    </message>
+    <message>
+        <source>The name “%1” cannot be used on this computer.</source>
+        <translation>Il nome «%1» non può essere usato su questo computer.</translation>
+    </message>
+    <message>
+        <source>its name cannot be used on this computer</source>
+        <translation>il nome non si può usare su questo computer</translation>
+    </message>
+    <message>
+        <source>The name “%1” is too long for this computer.</source>
+        <translation>Il nome «%1» è troppo lungo per questo computer.</translation>
+    </message>
+    <message>
+        <source>its name is too long for this computer</source>
+        <translation>il nome è troppo lungo per questo computer</translation>
+    </message>
+    <message>
+        <source>“%1” leads out of the folder that is copied to.</source>
+        <translation>«%1» porta fuori dalla cartella di destinazione.</translation>
+    </message>
+    <message>
+        <source>it leads out of the folder that is copied to</source>
+        <translation>porta fuori dalla cartella di destinazione</translation>
+    </message>
+    <message>
+        <source>“%1” is a link; links are not followed.</source>
+        <translation>«%1» è un collegamento; i collegamenti non vengono seguiti.</translation>
+    </message>
+    <message>
+        <source>it is a link; links are not followed</source>
+        <translation>è un collegamento; i collegamenti non vengono seguiti</translation>
+    </message>
+    <message>
+        <source>No space is left on the disk of “%1”.</source>
+        <translation>Non c’è più spazio sul disco di «%1».</translation>
+    </message>
+    <message>
+        <source>no space is left on this computer&apos;s disk</source>
+        <translation>non c’è più spazio sul disco di questo computer</translation>
+    </message>
+    <message>
+        <source>Delete something there, or choose another folder.</source>
+        <translation>Elimina qualcosa o scegli un’altra cartella.</translation>
+    </message>
+</context>
+<context>
     <name>MainMenu</name>
     <message>
         <source>Settings</source>

@@ -283,6 +283,454 @@
     </message>
 </context>
 <context>
+    <name>ErrorText</name>
+    <message>
+        <source>Something went wrong.</source>
+        <translation>問題が発生しました。</translation>
+    </message>
+    <message>
+        <source>something went wrong</source>
+        <translation>問題が発生しました</translation>
+    </message>
+    <message>
+        <source>.</source>
+        <comment>the end of a sentence</comment>
+        <translation>。</translation>
+    </message>
+    <message>
+        <source>Another program is using the phone.</source>
+        <translation>ほかのプログラムがデバイスを使用しています。</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>デバイスを接続し直し、ロックを解除してください。</translation>
+    </message>
+    <message>
+        <source>Rename it first.</source>
+        <translation>先に名前を変更してください。</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and choose “File transfer” on it.</source>
+        <translation>デバイスのロックを解除し、デバイス上で「ファイル転送」を選んでください。</translation>
+    </message>
+    <message>
+        <source>Try again. If that does not help, unplug the phone and plug it in again.</source>
+        <translation>もう一度お試しください。解決しない場合は、デバイスをいったん外して接続し直してください。</translation>
+    </message>
+    <message>
+        <source>The phone is not connected.</source>
+        <translation>デバイスが接続されていません。</translation>
+    </message>
+    <message>
+        <source>The phone was unplugged.</source>
+        <translation>デバイスが取り外されました。</translation>
+    </message>
+    <message>
+        <source>The phone does not answer.</source>
+        <translation>デバイスが応答しません。</translation>
+    </message>
+    <message>
+        <source>Unlock it. If that does not help, unplug it and plug it in again.</source>
+        <translation>ロックを解除してください。解決しない場合は、いったん外して接続し直してください。</translation>
+    </message>
+    <message>
+        <source>The connection to the phone broke off.</source>
+        <translation>デバイスとの接続が切れました。</translation>
+    </message>
+    <message>
+        <source>%1 is using the phone.</source>
+        <translation>%1 がデバイスを使用しています。</translation>
+    </message>
+    <message>
+        <source>Close it, or unmount the phone in the desktop&apos;s file manager, and try again.</source>
+        <translation>それを終了するか、デスクトップのファイルマネージャでデバイスをアンマウントしてから、もう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>This user may not open the phone&apos;s USB device.</source>
+        <translation>このユーザにはデバイスの USB を開く権限がありません。</translation>
+    </message>
+    <message>
+        <source>Install the udev rule that comes with Tessary, then plug the phone in again.</source>
+        <translation>Tessary に付属する udev ルールをインストールし、デバイスを接続し直してください。</translation>
+    </message>
+    <message>
+        <source>The phone has not allowed this computer yet.</source>
+        <translation>デバイスがこのコンピュータをまだ許可していません。</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and answer its question: tap “Trust” or “Allow”.</source>
+        <translation>デバイスのロックを解除し、表示される確認で「信頼」または「許可」をタップしてください。</translation>
+    </message>
+    <message>
+        <source>The phone has forgotten this computer.</source>
+        <translation>デバイスがこのコンピュータの登録を失いました。</translation>
+    </message>
+    <message>
+        <source>Unplug the phone, plug it in again and tap “Trust” on it.</source>
+        <translation>デバイスをいったん外して接続し直し、デバイス上で「信頼」をタップしてください。</translation>
+    </message>
+    <message>
+        <source>The phone is locked.</source>
+        <translation>デバイスがロックされています。</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and try again.</source>
+        <translation>デバイスのロックを解除して、もう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is not available.</source>
+        <translation>デバイスのストレージを利用できません。</translation>
+    </message>
+    <message>
+        <source>The phone ended the connection.</source>
+        <translation>デバイスが接続を終了しました。</translation>
+    </message>
+    <message>
+        <source>The phone cannot be reached.</source>
+        <translation>デバイスに接続できません。</translation>
+    </message>
+    <message>
+        <source>Check its cable or its network. For Turbo mode, USB debugging must be on; Standard MTP works without.</source>
+        <translation>ケーブルまたはネットワークを確認してください。TurboモードにはUSBデバッグが必要ですが、標準MTPには不要です。</translation>
+    </message>
+    <message>
+        <source>The phone&apos;s answers make no sense.</source>
+        <translation>デバイスの応答が正しくありません。</translation>
+    </message>
+    <message>
+        <source>Unplug the phone and plug it in again.</source>
+        <translation>デバイスをいったん外して接続し直してください。</translation>
+    </message>
+    <message>
+        <source>The phone is busy with another copy.</source>
+        <translation>デバイスは別のコピーを処理中です。</translation>
+    </message>
+    <message>
+        <source>Try again when that one is done.</source>
+        <translation>完了してからもう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>There is no “%1” on the phone.</source>
+        <translation>デバイスに「%1」はありません。</translation>
+    </message>
+    <message>
+        <source>it is not on the phone any more</source>
+        <translation>デバイスにもうありません</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or renamed: refresh the folder.</source>
+        <translation>削除または名前変更された可能性があります。フォルダを再読み込みしてください。</translation>
+    </message>
+    <message>
+        <source>“%1” is already there.</source>
+        <translation>「%1」はすでにあります。</translation>
+    </message>
+    <message>
+        <source>its name is already taken</source>
+        <translation>その名前はすでに使われています</translation>
+    </message>
+    <message>
+        <source>“%1” is on the phone, which takes “%2” for the same name.</source>
+        <translation>デバイスには「%1」があり、「%2」は同じ名前とみなされます。</translation>
+    </message>
+    <message>
+        <source>the phone takes its name for that of another item</source>
+        <translation>デバイスは別の項目と同じ名前とみなします</translation>
+    </message>
+    <message>
+        <source>Rename one of the two first.</source>
+        <translation>先にどちらかの名前を変更してください。</translation>
+    </message>
+    <message>
+        <source>“%1” is not a folder.</source>
+        <translation>「%1」はフォルダではありません。</translation>
+    </message>
+    <message>
+        <source>it is not a folder</source>
+        <translation>フォルダではありません</translation>
+    </message>
+    <message>
+        <source>“%1” is not a file.</source>
+        <translation>「%1」はファイルではありません。</translation>
+    </message>
+    <message>
+        <source>it is not a file</source>
+        <translation>ファイルではありません</translation>
+    </message>
+    <message>
+        <source>The folder “%1” is not empty.</source>
+        <translation>フォルダ「%1」は空ではありません。</translation>
+    </message>
+    <message>
+        <source>the folder is not empty</source>
+        <translation>フォルダが空ではありません</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be a name on the phone.</source>
+        <translation>「%1」はデバイスでは名前として使えません。</translation>
+    </message>
+    <message>
+        <source>the phone does not allow its name</source>
+        <translation>デバイスではこの名前を使えません</translation>
+    </message>
+    <message>
+        <source>The phone does not allow this with “%1”.</source>
+        <translation>デバイスは「%1」に対するこの操作を許可していません。</translation>
+    </message>
+    <message>
+        <source>the phone does not allow it</source>
+        <translation>デバイスが許可していません</translation>
+    </message>
+    <message>
+        <source>Unlock it, and try another folder.</source>
+        <translation>ロックを解除し、別のフォルダでお試しください。</translation>
+    </message>
+    <message>
+        <source>“%1” is write-protected on the phone.</source>
+        <translation>「%1」はデバイス上で書き込み禁止です。</translation>
+    </message>
+    <message>
+        <source>it is write-protected on the phone</source>
+        <translation>デバイス上で書き込み禁止です</translation>
+    </message>
+    <message>
+        <source>Choose another folder.</source>
+        <translation>別のフォルダを選んでください。</translation>
+    </message>
+    <message>
+        <source>“%1” is too large for this storage of the phone.</source>
+        <translation>「%1」はデバイスのこのストレージには大きすぎます。</translation>
+    </message>
+    <message>
+        <source>it is too large for this storage of the phone</source>
+        <translation>デバイスのこのストレージには大きすぎます</translation>
+    </message>
+    <message>
+        <source>“%1” has changed on the phone meanwhile. It was left as it is.</source>
+        <translation>「%1」はその間にデバイス上で変更されました。そのまま残しました。</translation>
+    </message>
+    <message>
+        <source>it has changed on the phone meanwhile</source>
+        <translation>その間にデバイス上で変更されました</translation>
+    </message>
+    <message>
+        <source>Refresh the folder and try again.</source>
+        <translation>フォルダを再読み込みして、もう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read.</source>
+        <translation>「%1」を読み取れません。</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>読み込めません</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot be read whole.</source>
+        <translation>フォルダ「%1」をすべて読み取れません。</translation>
+    </message>
+    <message>
+        <source>the folder cannot be read whole</source>
+        <translation>フォルダをすべて読み取れません</translation>
+    </message>
+    <message>
+        <source>The phone sent %2 of the %3 bytes of “%1”.</source>
+        <translation>デバイスは「%1」の%3バイトのうち%2バイトを送信しました。</translation>
+    </message>
+    <message>
+        <source>its size is not the one that was announced</source>
+        <translation>サイズが通知されたものと異なります</translation>
+    </message>
+    <message>
+        <source>Copy it again.</source>
+        <translation>もう一度コピーしてください。</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot lie inside itself.</source>
+        <translation>フォルダ「%1」をそれ自身の中に置くことはできません。</translation>
+    </message>
+    <message>
+        <source>a folder cannot lie inside itself</source>
+        <translation>フォルダをそれ自身の中に置くことはできません</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be changed or copied as one item.</source>
+        <translation>ストレージ全体を1つの項目として変更またはコピーすることはできません。</translation>
+    </message>
+    <message>
+        <source>a whole storage cannot be changed or copied as one item</source>
+        <translation>ストレージ全体を1つの項目として変更またはコピーすることはできません</translation>
+    </message>
+    <message>
+        <source>The phone cannot move “%1” to another storage.</source>
+        <translation>デバイスは「%1」を別のストレージに移動できません。</translation>
+    </message>
+    <message>
+        <source>the phone cannot move it to another storage</source>
+        <translation>デバイスは別のストレージに移動できません</translation>
+    </message>
+    <message>
+        <source>Copy it instead.</source>
+        <translation>代わりにコピーしてください。</translation>
+    </message>
+    <message>
+        <source>The phone cannot do this.</source>
+        <translation>このデバイスではこの操作はできません。</translation>
+    </message>
+    <message>
+        <source>the phone cannot do this</source>
+        <translation>デバイスはこの操作に対応していません</translation>
+    </message>
+    <message>
+        <source>The phone refused this for “%1”.</source>
+        <translation>デバイスが「%1」に対する操作を拒否しました。</translation>
+    </message>
+    <message>
+        <source>the phone refused it</source>
+        <translation>デバイスが拒否しました</translation>
+    </message>
+    <message>
+        <source>The phone agreed, but did nothing with “%1”.</source>
+        <translation>デバイスは了承しましたが、「%1」には何も行われませんでした。</translation>
+    </message>
+    <message>
+        <source>the phone agreed, but did nothing</source>
+        <translation>デバイスは了承しましたが、何も行われませんでした</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is full.</source>
+        <translation>デバイスのストレージがいっぱいです。</translation>
+    </message>
+    <message>
+        <source>the storage of the phone is full</source>
+        <translation>デバイスのストレージがいっぱいです</translation>
+    </message>
+    <message>
+        <source>Delete something on the phone, or copy less.</source>
+        <translation>デバイス上の不要なものを削除するか、コピーする量を減らしてください。</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read: %2</source>
+        <translation>「%1」を読み取れません: %2</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be written: %2</source>
+        <translation>「%1」に書き込めません: %2</translation>
+    </message>
+    <message>
+        <source>it cannot be written on this computer</source>
+        <translation>このコンピュータに書き込めません</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot be created: %2</source>
+        <translation>フォルダ「%1」を作成できません: %2</translation>
+    </message>
+    <message>
+        <source>the folder cannot be created on this computer</source>
+        <translation>このコンピュータにフォルダを作成できません</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be deleted: %2</source>
+        <translation>「%1」を削除できません: %2</translation>
+    </message>
+    <message>
+        <source>it cannot be deleted on this computer</source>
+        <translation>このコンピュータで削除できません</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be renamed: %2</source>
+        <translation>「%1」の名前を変更できません: %2</translation>
+    </message>
+    <message>
+        <source>it cannot be renamed on this computer</source>
+        <translation>このコンピュータで名前を変更できません</translation>
+    </message>
+    <message>
+        <source>“%1” is not on this computer any more.</source>
+        <translation>「%1」はこのコンピュータにもうありません。</translation>
+    </message>
+    <message>
+        <source>it is not on this computer any more</source>
+        <translation>このコンピュータにもうありません</translation>
+    </message>
+    <message>
+        <source>“%1” is not a regular file.</source>
+        <translation>「%1」は通常のファイルではありません。</translation>
+    </message>
+    <message>
+        <source>it is not a regular file</source>
+        <translation>通常のファイルではありません</translation>
+    </message>
+    <message>
+        <source>A folder is where the file “%1” should be.</source>
+        <translation>ファイル「%1」があるべき場所にフォルダがあります。</translation>
+    </message>
+    <message>
+        <source>a folder of this name is on this computer</source>
+        <translation>このコンピュータに同じ名前のフォルダがあります</translation>
+    </message>
+    <message>
+        <source>A file is where the folder “%1” should be.</source>
+        <translation>フォルダ「%1」があるべき場所にファイルがあります。</translation>
+    </message>
+    <message>
+        <source>a file of this name is on this computer</source>
+        <translation>このコンピュータに同名のファイルがあります</translation>
+    </message>
+    <message>
+        <source>“%1” changed while it was being copied.</source>
+        <translation>「%1」はコピー中に変更されました。</translation>
+    </message>
+    <message>
+        <source>it changed while it was being copied</source>
+        <translation>コピー中に変更されました</translation>
+    </message>
+    <message>
+        <source>The name “%1” cannot be used on this computer.</source>
+        <translation>「%1」という名前はこのコンピュータでは使えません。</translation>
+    </message>
+    <message>
+        <source>its name cannot be used on this computer</source>
+        <translation>このコンピュータでは使えない名前です</translation>
+    </message>
+    <message>
+        <source>The name “%1” is too long for this computer.</source>
+        <translation>「%1」という名前はこのコンピュータには長すぎます。</translation>
+    </message>
+    <message>
+        <source>its name is too long for this computer</source>
+        <translation>このコンピュータには名前が長すぎます</translation>
+    </message>
+    <message>
+        <source>“%1” leads out of the folder that is copied to.</source>
+        <translation>「%1」はコピー先フォルダの外を指しています。</translation>
+    </message>
+    <message>
+        <source>it leads out of the folder that is copied to</source>
+        <translation>コピー先フォルダの外を指しています</translation>
+    </message>
+    <message>
+        <source>“%1” is a link; links are not followed.</source>
+        <translation>「%1」はリンクです。リンクはたどりません。</translation>
+    </message>
+    <message>
+        <source>it is a link; links are not followed</source>
+        <translation>リンクです。リンクはたどりません</translation>
+    </message>
+    <message>
+        <source>No space is left on the disk of “%1”.</source>
+        <translation>「%1」のディスクに空き容量がありません。</translation>
+    </message>
+    <message>
+        <source>no space is left on this computer&apos;s disk</source>
+        <translation>このコンピュータのディスクに空き容量がありません</translation>
+    </message>
+    <message>
+        <source>Delete something there, or choose another folder.</source>
+        <translation>そこで何かを削除するか、別のフォルダを選んでください。</translation>
+    </message>
+</context>
+<context>
     <name>MainMenu</name>
     <message>
         <source>Settings</source>

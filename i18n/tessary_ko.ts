@@ -283,6 +283,454 @@
     </message>
 </context>
 <context>
+    <name>ErrorText</name>
+    <message>
+        <source>Something went wrong.</source>
+        <translation>문제가 발생했습니다.</translation>
+    </message>
+    <message>
+        <source>something went wrong</source>
+        <translation>문제가 발생했습니다</translation>
+    </message>
+    <message>
+        <source>.</source>
+        <comment>the end of a sentence</comment>
+        <translation>.</translation>
+    </message>
+    <message>
+        <source>Another program is using the phone.</source>
+        <translation>다른 프로그램이 휴대폰을 사용 중입니다.</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>휴대폰을 다시 연결하고 잠금을 해제하세요.</translation>
+    </message>
+    <message>
+        <source>Rename it first.</source>
+        <translation>먼저 이름을 바꾸세요.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and choose “File transfer” on it.</source>
+        <translation>휴대폰의 잠금을 해제하고 휴대폰에서 “파일 전송”을 선택하세요.</translation>
+    </message>
+    <message>
+        <source>Try again. If that does not help, unplug the phone and plug it in again.</source>
+        <translation>다시 시도하세요. 그래도 안 되면 휴대폰을 뽑았다가 다시 연결하세요.</translation>
+    </message>
+    <message>
+        <source>The phone is not connected.</source>
+        <translation>휴대폰이 연결되어 있지 않습니다.</translation>
+    </message>
+    <message>
+        <source>The phone was unplugged.</source>
+        <translation>휴대폰 케이블이 뽑혔습니다.</translation>
+    </message>
+    <message>
+        <source>The phone does not answer.</source>
+        <translation>휴대폰이 응답하지 않습니다.</translation>
+    </message>
+    <message>
+        <source>Unlock it. If that does not help, unplug it and plug it in again.</source>
+        <translation>잠금을 해제하세요. 그래도 안 되면 뽑았다가 다시 연결하세요.</translation>
+    </message>
+    <message>
+        <source>The connection to the phone broke off.</source>
+        <translation>휴대폰과의 연결이 끊어졌습니다.</translation>
+    </message>
+    <message>
+        <source>%1 is using the phone.</source>
+        <translation>%1이(가) 휴대폰을 사용 중입니다.</translation>
+    </message>
+    <message>
+        <source>Close it, or unmount the phone in the desktop&apos;s file manager, and try again.</source>
+        <translation>그 프로그램을 닫거나 데스크톱 파일 관리자에서 휴대폰 마운트를 해제한 뒤 다시 시도하세요.</translation>
+    </message>
+    <message>
+        <source>This user may not open the phone&apos;s USB device.</source>
+        <translation>이 사용자는 휴대폰의 USB 장치를 열 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>Install the udev rule that comes with Tessary, then plug the phone in again.</source>
+        <translation>Tessary에 포함된 udev 규칙을 설치한 뒤 휴대폰을 다시 연결하세요.</translation>
+    </message>
+    <message>
+        <source>The phone has not allowed this computer yet.</source>
+        <translation>휴대폰이 아직 이 컴퓨터를 허용하지 않았습니다.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and answer its question: tap “Trust” or “Allow”.</source>
+        <translation>휴대폰의 잠금을 해제하고 표시되는 질문에서 “신뢰” 또는 “허용”을 누르세요.</translation>
+    </message>
+    <message>
+        <source>The phone has forgotten this computer.</source>
+        <translation>휴대폰이 이 컴퓨터를 더 이상 기억하지 못합니다.</translation>
+    </message>
+    <message>
+        <source>Unplug the phone, plug it in again and tap “Trust” on it.</source>
+        <translation>휴대폰을 뽑았다가 다시 연결하고 휴대폰에서 “신뢰”를 누르세요.</translation>
+    </message>
+    <message>
+        <source>The phone is locked.</source>
+        <translation>휴대폰이 잠겨 있습니다.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and try again.</source>
+        <translation>휴대폰의 잠금을 해제하고 다시 시도하세요.</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is not available.</source>
+        <translation>휴대폰의 저장 공간을 사용할 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>The phone ended the connection.</source>
+        <translation>휴대폰이 연결을 끊었습니다.</translation>
+    </message>
+    <message>
+        <source>The phone cannot be reached.</source>
+        <translation>휴대폰에 연결할 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>Check its cable or its network. For Turbo mode, USB debugging must be on; Standard MTP works without.</source>
+        <translation>케이블이나 네트워크를 확인하세요. 터보 모드에는 USB 디버깅이 필요하며, 표준 MTP에는 필요하지 않습니다.</translation>
+    </message>
+    <message>
+        <source>The phone&apos;s answers make no sense.</source>
+        <translation>휴대폰의 응답이 올바르지 않습니다.</translation>
+    </message>
+    <message>
+        <source>Unplug the phone and plug it in again.</source>
+        <translation>휴대폰을 뽑았다가 다시 연결하세요.</translation>
+    </message>
+    <message>
+        <source>The phone is busy with another copy.</source>
+        <translation>휴대폰이 다른 복사를 처리하고 있습니다.</translation>
+    </message>
+    <message>
+        <source>Try again when that one is done.</source>
+        <translation>끝난 뒤에 다시 시도하세요.</translation>
+    </message>
+    <message>
+        <source>There is no “%1” on the phone.</source>
+        <translation>휴대폰에 “%1”이(가) 없습니다.</translation>
+    </message>
+    <message>
+        <source>it is not on the phone any more</source>
+        <translation>휴대폰에 더 이상 없습니다</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or renamed: refresh the folder.</source>
+        <translation>삭제되었거나 이름이 바뀌었을 수 있습니다. 폴더를 새로 고치세요.</translation>
+    </message>
+    <message>
+        <source>“%1” is already there.</source>
+        <translation>“%1”이(가) 이미 있습니다.</translation>
+    </message>
+    <message>
+        <source>its name is already taken</source>
+        <translation>이름이 이미 사용 중입니다</translation>
+    </message>
+    <message>
+        <source>“%1” is on the phone, which takes “%2” for the same name.</source>
+        <translation>휴대폰에 “%1”이(가) 있으며, “%2”은(는) 같은 이름으로 간주됩니다.</translation>
+    </message>
+    <message>
+        <source>the phone takes its name for that of another item</source>
+        <translation>휴대폰이 다른 항목과 같은 이름으로 간주합니다</translation>
+    </message>
+    <message>
+        <source>Rename one of the two first.</source>
+        <translation>먼저 둘 중 하나의 이름을 바꾸세요.</translation>
+    </message>
+    <message>
+        <source>“%1” is not a folder.</source>
+        <translation>“%1”은(는) 폴더가 아닙니다.</translation>
+    </message>
+    <message>
+        <source>it is not a folder</source>
+        <translation>폴더가 아닙니다</translation>
+    </message>
+    <message>
+        <source>“%1” is not a file.</source>
+        <translation>“%1”은(는) 파일이 아닙니다.</translation>
+    </message>
+    <message>
+        <source>it is not a file</source>
+        <translation>파일이 아닙니다</translation>
+    </message>
+    <message>
+        <source>The folder “%1” is not empty.</source>
+        <translation>폴더 “%1”이(가) 비어 있지 않습니다.</translation>
+    </message>
+    <message>
+        <source>the folder is not empty</source>
+        <translation>폴더가 비어 있지 않습니다</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be a name on the phone.</source>
+        <translation>“%1”은(는) 휴대폰에서 이름으로 쓸 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>the phone does not allow its name</source>
+        <translation>휴대폰에서 허용하지 않는 이름입니다</translation>
+    </message>
+    <message>
+        <source>The phone does not allow this with “%1”.</source>
+        <translation>휴대폰이 “%1”에 대한 이 작업을 허용하지 않습니다.</translation>
+    </message>
+    <message>
+        <source>the phone does not allow it</source>
+        <translation>휴대폰이 허용하지 않습니다</translation>
+    </message>
+    <message>
+        <source>Unlock it, and try another folder.</source>
+        <translation>잠금을 해제하고 다른 폴더로 시도하세요.</translation>
+    </message>
+    <message>
+        <source>“%1” is write-protected on the phone.</source>
+        <translation>“%1”은(는) 휴대폰에서 쓰기 금지되어 있습니다.</translation>
+    </message>
+    <message>
+        <source>it is write-protected on the phone</source>
+        <translation>휴대폰에서 쓰기 금지되어 있습니다</translation>
+    </message>
+    <message>
+        <source>Choose another folder.</source>
+        <translation>다른 폴더를 선택하세요.</translation>
+    </message>
+    <message>
+        <source>“%1” is too large for this storage of the phone.</source>
+        <translation>“%1”은(는) 휴대폰의 이 저장소에 너무 큽니다.</translation>
+    </message>
+    <message>
+        <source>it is too large for this storage of the phone</source>
+        <translation>휴대폰의 이 저장소에 너무 큽니다</translation>
+    </message>
+    <message>
+        <source>“%1” has changed on the phone meanwhile. It was left as it is.</source>
+        <translation>“%1”이(가) 그사이 휴대폰에서 변경되었습니다. 그대로 두었습니다.</translation>
+    </message>
+    <message>
+        <source>it has changed on the phone meanwhile</source>
+        <translation>그사이 휴대폰에서 변경되었습니다</translation>
+    </message>
+    <message>
+        <source>Refresh the folder and try again.</source>
+        <translation>폴더를 새로 고친 뒤 다시 시도하세요.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read.</source>
+        <translation>“%1”을(를) 읽을 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>읽을 수 없음</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot be read whole.</source>
+        <translation>폴더 “%1”을(를) 모두 읽을 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>the folder cannot be read whole</source>
+        <translation>폴더를 모두 읽을 수 없습니다</translation>
+    </message>
+    <message>
+        <source>The phone sent %2 of the %3 bytes of “%1”.</source>
+        <translation>휴대폰이 “%1”의 %3바이트 중 %2바이트를 보냈습니다.</translation>
+    </message>
+    <message>
+        <source>its size is not the one that was announced</source>
+        <translation>크기가 알려진 것과 다릅니다</translation>
+    </message>
+    <message>
+        <source>Copy it again.</source>
+        <translation>다시 복사하세요.</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot lie inside itself.</source>
+        <translation>폴더 “%1”은(는) 자기 자신 안에 있을 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>a folder cannot lie inside itself</source>
+        <translation>폴더는 자기 자신 안에 있을 수 없습니다</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be changed or copied as one item.</source>
+        <translation>저장소 전체를 한 항목으로 변경하거나 복사할 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>a whole storage cannot be changed or copied as one item</source>
+        <translation>저장소 전체를 한 항목으로 변경하거나 복사할 수 없습니다</translation>
+    </message>
+    <message>
+        <source>The phone cannot move “%1” to another storage.</source>
+        <translation>휴대폰이 “%1”을(를) 다른 저장소로 이동할 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>the phone cannot move it to another storage</source>
+        <translation>휴대폰이 다른 저장소로 이동할 수 없습니다</translation>
+    </message>
+    <message>
+        <source>Copy it instead.</source>
+        <translation>대신 복사하세요.</translation>
+    </message>
+    <message>
+        <source>The phone cannot do this.</source>
+        <translation>이 휴대폰에서는 할 수 없는 작업입니다.</translation>
+    </message>
+    <message>
+        <source>the phone cannot do this</source>
+        <translation>휴대폰에서 할 수 없는 작업입니다</translation>
+    </message>
+    <message>
+        <source>The phone refused this for “%1”.</source>
+        <translation>휴대폰이 “%1”에 대한 작업을 거부했습니다.</translation>
+    </message>
+    <message>
+        <source>the phone refused it</source>
+        <translation>휴대폰이 거부했습니다</translation>
+    </message>
+    <message>
+        <source>The phone agreed, but did nothing with “%1”.</source>
+        <translation>휴대폰이 수락했지만 “%1”에는 아무 일도 일어나지 않았습니다.</translation>
+    </message>
+    <message>
+        <source>the phone agreed, but did nothing</source>
+        <translation>휴대폰이 수락했지만 아무 일도 일어나지 않았습니다</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is full.</source>
+        <translation>휴대폰의 저장 공간이 가득 찼습니다.</translation>
+    </message>
+    <message>
+        <source>the storage of the phone is full</source>
+        <translation>휴대폰의 저장소가 가득 찼습니다</translation>
+    </message>
+    <message>
+        <source>Delete something on the phone, or copy less.</source>
+        <translation>휴대폰에서 일부를 삭제하거나 복사할 양을 줄이세요.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read: %2</source>
+        <translation>“%1”을(를) 읽을 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be written: %2</source>
+        <translation>“%1”을(를) 쓸 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <source>it cannot be written on this computer</source>
+        <translation>이 컴퓨터에 쓸 수 없습니다</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot be created: %2</source>
+        <translation>폴더 “%1”을(를) 만들 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <source>the folder cannot be created on this computer</source>
+        <translation>이 컴퓨터에 폴더를 만들 수 없음</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be deleted: %2</source>
+        <translation>“%1”을(를) 삭제할 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <source>it cannot be deleted on this computer</source>
+        <translation>이 컴퓨터에서 삭제할 수 없습니다</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be renamed: %2</source>
+        <translation>“%1”의 이름을 바꿀 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <source>it cannot be renamed on this computer</source>
+        <translation>이 컴퓨터에서 이름을 바꿀 수 없습니다</translation>
+    </message>
+    <message>
+        <source>“%1” is not on this computer any more.</source>
+        <translation>“%1”은(는) 이 컴퓨터에 더 이상 없습니다.</translation>
+    </message>
+    <message>
+        <source>it is not on this computer any more</source>
+        <translation>이 컴퓨터에 더 이상 없습니다</translation>
+    </message>
+    <message>
+        <source>“%1” is not a regular file.</source>
+        <translation>“%1”은(는) 일반 파일이 아닙니다.</translation>
+    </message>
+    <message>
+        <source>it is not a regular file</source>
+        <translation>일반 파일이 아님</translation>
+    </message>
+    <message>
+        <source>A folder is where the file “%1” should be.</source>
+        <translation>파일 “%1”이(가) 있어야 할 곳에 폴더가 있습니다.</translation>
+    </message>
+    <message>
+        <source>a folder of this name is on this computer</source>
+        <translation>이 컴퓨터에 이 이름의 폴더가 있음</translation>
+    </message>
+    <message>
+        <source>A file is where the folder “%1” should be.</source>
+        <translation>폴더 “%1”이(가) 있어야 할 곳에 파일이 있습니다.</translation>
+    </message>
+    <message>
+        <source>a file of this name is on this computer</source>
+        <translation>이 컴퓨터에 같은 이름의 파일이 있습니다</translation>
+    </message>
+    <message>
+        <source>“%1” changed while it was being copied.</source>
+        <translation>“%1”이(가) 복사 중에 변경되었습니다.</translation>
+    </message>
+    <message>
+        <source>it changed while it was being copied</source>
+        <translation>복사 중에 변경되었습니다</translation>
+    </message>
+    <message>
+        <source>The name “%1” cannot be used on this computer.</source>
+        <translation>“%1”은(는) 이 컴퓨터에서 이름으로 쓸 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>its name cannot be used on this computer</source>
+        <translation>이 컴퓨터에서 쓸 수 없는 이름임</translation>
+    </message>
+    <message>
+        <source>The name “%1” is too long for this computer.</source>
+        <translation>“%1”은(는) 이 컴퓨터에서 쓰기에 너무 긴 이름입니다.</translation>
+    </message>
+    <message>
+        <source>its name is too long for this computer</source>
+        <translation>이 컴퓨터에는 이름이 너무 김</translation>
+    </message>
+    <message>
+        <source>“%1” leads out of the folder that is copied to.</source>
+        <translation>“%1”은(는) 대상 폴더 밖을 가리킵니다.</translation>
+    </message>
+    <message>
+        <source>it leads out of the folder that is copied to</source>
+        <translation>대상 폴더 밖을 가리킵니다</translation>
+    </message>
+    <message>
+        <source>“%1” is a link; links are not followed.</source>
+        <translation>“%1”은(는) 링크입니다. 링크는 따라가지 않습니다.</translation>
+    </message>
+    <message>
+        <source>it is a link; links are not followed</source>
+        <translation>링크임. 링크는 따라가지 않음</translation>
+    </message>
+    <message>
+        <source>No space is left on the disk of “%1”.</source>
+        <translation>“%1”의 디스크에 남은 공간이 없습니다.</translation>
+    </message>
+    <message>
+        <source>no space is left on this computer&apos;s disk</source>
+        <translation>이 컴퓨터의 디스크에 남은 공간이 없습니다</translation>
+    </message>
+    <message>
+        <source>Delete something there, or choose another folder.</source>
+        <translation>그곳에서 일부를 삭제하거나 다른 폴더를 선택하세요.</translation>
+    </message>
+</context>
+<context>
     <name>MainMenu</name>
     <message>
         <source>Settings</source>

@@ -284,6 +284,454 @@
     </message>
 </context>
 <context>
+    <name>ErrorText</name>
+    <message>
+        <source>Something went wrong.</source>
+        <translation>Algo deu errado.</translation>
+    </message>
+    <message>
+        <source>something went wrong</source>
+        <translation>algo deu errado</translation>
+    </message>
+    <message>
+        <source>.</source>
+        <comment>the end of a sentence</comment>
+        <translation>.</translation>
+    </message>
+    <message>
+        <source>Another program is using the phone.</source>
+        <translation>Outro programa está usando o telefone.</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>Conecte o telefone de novo e desbloqueie-o.</translation>
+    </message>
+    <message>
+        <source>Rename it first.</source>
+        <translation>Renomeie-o antes.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and choose “File transfer” on it.</source>
+        <translation>Desbloqueie o telefone e escolha nele “Transferência de arquivos”.</translation>
+    </message>
+    <message>
+        <source>Try again. If that does not help, unplug the phone and plug it in again.</source>
+        <translation>Tente de novo. Se não adiantar, desconecte o telefone e conecte-o de novo.</translation>
+    </message>
+    <message>
+        <source>The phone is not connected.</source>
+        <translation>O telefone não está conectado.</translation>
+    </message>
+    <message>
+        <source>The phone was unplugged.</source>
+        <translation>O telefone foi desconectado.</translation>
+    </message>
+    <message>
+        <source>The phone does not answer.</source>
+        <translation>O telefone não responde.</translation>
+    </message>
+    <message>
+        <source>Unlock it. If that does not help, unplug it and plug it in again.</source>
+        <translation>Desbloqueie-o. Se não adiantar, desconecte-o e conecte-o de novo.</translation>
+    </message>
+    <message>
+        <source>The connection to the phone broke off.</source>
+        <translation>A conexão com o telefone foi interrompida.</translation>
+    </message>
+    <message>
+        <source>%1 is using the phone.</source>
+        <translation>%1 está usando o telefone.</translation>
+    </message>
+    <message>
+        <source>Close it, or unmount the phone in the desktop&apos;s file manager, and try again.</source>
+        <translation>Feche-o ou desmonte o telefone no gerenciador de arquivos da área de trabalho e tente de novo.</translation>
+    </message>
+    <message>
+        <source>This user may not open the phone&apos;s USB device.</source>
+        <translation>Este usuário não pode abrir o dispositivo USB do telefone.</translation>
+    </message>
+    <message>
+        <source>Install the udev rule that comes with Tessary, then plug the phone in again.</source>
+        <translation>Instale a regra udev que vem com o Tessary e conecte o telefone de novo.</translation>
+    </message>
+    <message>
+        <source>The phone has not allowed this computer yet.</source>
+        <translation>O telefone ainda não permitiu este computador.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and answer its question: tap “Trust” or “Allow”.</source>
+        <translation>Desbloqueie o telefone e responda à pergunta: toque em “Confiar” ou “Permitir”.</translation>
+    </message>
+    <message>
+        <source>The phone has forgotten this computer.</source>
+        <translation>O telefone esqueceu este computador.</translation>
+    </message>
+    <message>
+        <source>Unplug the phone, plug it in again and tap “Trust” on it.</source>
+        <translation>Desconecte o telefone, conecte-o de novo e toque em “Confiar”.</translation>
+    </message>
+    <message>
+        <source>The phone is locked.</source>
+        <translation>O telefone está bloqueado.</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and try again.</source>
+        <translation>Desbloqueie o telefone e tente de novo.</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is not available.</source>
+        <translation>O armazenamento do telefone não está disponível.</translation>
+    </message>
+    <message>
+        <source>The phone ended the connection.</source>
+        <translation>O telefone encerrou a conexão.</translation>
+    </message>
+    <message>
+        <source>The phone cannot be reached.</source>
+        <translation>Não é possível acessar o telefone.</translation>
+    </message>
+    <message>
+        <source>Check its cable or its network. For Turbo mode, USB debugging must be on; Standard MTP works without.</source>
+        <translation>Verifique o cabo ou a rede. O modo Turbo exige a depuração USB; o MTP padrão funciona sem ela.</translation>
+    </message>
+    <message>
+        <source>The phone&apos;s answers make no sense.</source>
+        <translation>As respostas do telefone não fazem sentido.</translation>
+    </message>
+    <message>
+        <source>Unplug the phone and plug it in again.</source>
+        <translation>Desconecte o telefone e conecte-o de novo.</translation>
+    </message>
+    <message>
+        <source>The phone is busy with another copy.</source>
+        <translation>O telefone está ocupado com outra cópia.</translation>
+    </message>
+    <message>
+        <source>Try again when that one is done.</source>
+        <translation>Tente de novo quando ela terminar.</translation>
+    </message>
+    <message>
+        <source>There is no “%1” on the phone.</source>
+        <translation>Não há “%1” no telefone.</translation>
+    </message>
+    <message>
+        <source>it is not on the phone any more</source>
+        <translation>já não está no telefone</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or renamed: refresh the folder.</source>
+        <translation>Pode ter sido apagado ou renomeado: atualize a pasta.</translation>
+    </message>
+    <message>
+        <source>“%1” is already there.</source>
+        <translation>“%1” já existe.</translation>
+    </message>
+    <message>
+        <source>its name is already taken</source>
+        <translation>o nome já está em uso</translation>
+    </message>
+    <message>
+        <source>“%1” is on the phone, which takes “%2” for the same name.</source>
+        <translation>“%1” está no telefone, que considera “%2” o mesmo nome.</translation>
+    </message>
+    <message>
+        <source>the phone takes its name for that of another item</source>
+        <translation>o telefone considera o nome igual ao de outro item</translation>
+    </message>
+    <message>
+        <source>Rename one of the two first.</source>
+        <translation>Renomeie um dos dois antes.</translation>
+    </message>
+    <message>
+        <source>“%1” is not a folder.</source>
+        <translation>“%1” não é uma pasta.</translation>
+    </message>
+    <message>
+        <source>it is not a folder</source>
+        <translation>não é uma pasta</translation>
+    </message>
+    <message>
+        <source>“%1” is not a file.</source>
+        <translation>“%1” não é um arquivo.</translation>
+    </message>
+    <message>
+        <source>it is not a file</source>
+        <translation>não é um arquivo</translation>
+    </message>
+    <message>
+        <source>The folder “%1” is not empty.</source>
+        <translation>A pasta “%1” não está vazia.</translation>
+    </message>
+    <message>
+        <source>the folder is not empty</source>
+        <translation>a pasta não está vazia</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be a name on the phone.</source>
+        <translation>“%1” não pode ser um nome no telefone.</translation>
+    </message>
+    <message>
+        <source>the phone does not allow its name</source>
+        <translation>o telefone não permite o nome</translation>
+    </message>
+    <message>
+        <source>The phone does not allow this with “%1”.</source>
+        <translation>O telefone não permite isso com “%1”.</translation>
+    </message>
+    <message>
+        <source>the phone does not allow it</source>
+        <translation>o telefone não permite</translation>
+    </message>
+    <message>
+        <source>Unlock it, and try another folder.</source>
+        <translation>Desbloqueie-o e tente outra pasta.</translation>
+    </message>
+    <message>
+        <source>“%1” is write-protected on the phone.</source>
+        <translation>“%1” está protegido contra gravação no telefone.</translation>
+    </message>
+    <message>
+        <source>it is write-protected on the phone</source>
+        <translation>está protegido contra gravação no telefone</translation>
+    </message>
+    <message>
+        <source>Choose another folder.</source>
+        <translation>Escolha outra pasta.</translation>
+    </message>
+    <message>
+        <source>“%1” is too large for this storage of the phone.</source>
+        <translation>“%1” é grande demais para este armazenamento do telefone.</translation>
+    </message>
+    <message>
+        <source>it is too large for this storage of the phone</source>
+        <translation>é grande demais para este armazenamento do telefone</translation>
+    </message>
+    <message>
+        <source>“%1” has changed on the phone meanwhile. It was left as it is.</source>
+        <translation>“%1” mudou no telefone nesse meio-tempo. Foi deixado como está.</translation>
+    </message>
+    <message>
+        <source>it has changed on the phone meanwhile</source>
+        <translation>mudou no telefone nesse meio-tempo</translation>
+    </message>
+    <message>
+        <source>Refresh the folder and try again.</source>
+        <translation>Atualize a pasta e tente de novo.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read.</source>
+        <translation>“%1” não pode ser lido.</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>não pode ser lido</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot be read whole.</source>
+        <translation>A pasta “%1” não pode ser lida por inteiro.</translation>
+    </message>
+    <message>
+        <source>the folder cannot be read whole</source>
+        <translation>a pasta não pode ser lida por inteiro</translation>
+    </message>
+    <message>
+        <source>The phone sent %2 of the %3 bytes of “%1”.</source>
+        <translation>O telefone enviou %2 dos %3 bytes de “%1”.</translation>
+    </message>
+    <message>
+        <source>its size is not the one that was announced</source>
+        <translation>o tamanho não é o anunciado</translation>
+    </message>
+    <message>
+        <source>Copy it again.</source>
+        <translation>Copie-o de novo.</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot lie inside itself.</source>
+        <translation>A pasta “%1” não pode ficar dentro de si mesma.</translation>
+    </message>
+    <message>
+        <source>a folder cannot lie inside itself</source>
+        <translation>uma pasta não pode ficar dentro de si mesma</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be changed or copied as one item.</source>
+        <translation>Um armazenamento inteiro não pode ser alterado nem copiado como um só item.</translation>
+    </message>
+    <message>
+        <source>a whole storage cannot be changed or copied as one item</source>
+        <translation>um armazenamento inteiro não pode ser alterado nem copiado como um só item</translation>
+    </message>
+    <message>
+        <source>The phone cannot move “%1” to another storage.</source>
+        <translation>O telefone não pode mover “%1” para outro armazenamento.</translation>
+    </message>
+    <message>
+        <source>the phone cannot move it to another storage</source>
+        <translation>o telefone não pode movê-lo para outro armazenamento</translation>
+    </message>
+    <message>
+        <source>Copy it instead.</source>
+        <translation>Em vez disso, copie-o.</translation>
+    </message>
+    <message>
+        <source>The phone cannot do this.</source>
+        <translation>O telefone não consegue fazer isso.</translation>
+    </message>
+    <message>
+        <source>the phone cannot do this</source>
+        <translation>o telefone não consegue fazer isso</translation>
+    </message>
+    <message>
+        <source>The phone refused this for “%1”.</source>
+        <translation>O telefone recusou isso para “%1”.</translation>
+    </message>
+    <message>
+        <source>the phone refused it</source>
+        <translation>o telefone recusou</translation>
+    </message>
+    <message>
+        <source>The phone agreed, but did nothing with “%1”.</source>
+        <translation>O telefone aceitou, mas não fez nada com “%1”.</translation>
+    </message>
+    <message>
+        <source>the phone agreed, but did nothing</source>
+        <translation>o telefone aceitou, mas não fez nada</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is full.</source>
+        <translation>O armazenamento do telefone está cheio.</translation>
+    </message>
+    <message>
+        <source>the storage of the phone is full</source>
+        <translation>o armazenamento do telefone está cheio</translation>
+    </message>
+    <message>
+        <source>Delete something on the phone, or copy less.</source>
+        <translation>Apague algo no telefone ou copie menos.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read: %2</source>
+        <translation>“%1” não pode ser lido: %2</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be written: %2</source>
+        <translation>“%1” não pode ser gravado: %2</translation>
+    </message>
+    <message>
+        <source>it cannot be written on this computer</source>
+        <translation>não pode ser gravado neste computador</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot be created: %2</source>
+        <translation>A pasta “%1” não pode ser criada: %2</translation>
+    </message>
+    <message>
+        <source>the folder cannot be created on this computer</source>
+        <translation>a pasta não pode ser criada neste computador</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be deleted: %2</source>
+        <translation>“%1” não pode ser apagado: %2</translation>
+    </message>
+    <message>
+        <source>it cannot be deleted on this computer</source>
+        <translation>não pode ser apagado neste computador</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be renamed: %2</source>
+        <translation>“%1” não pode ser renomeado: %2</translation>
+    </message>
+    <message>
+        <source>it cannot be renamed on this computer</source>
+        <translation>não pode ser renomeado neste computador</translation>
+    </message>
+    <message>
+        <source>“%1” is not on this computer any more.</source>
+        <translation>“%1” já não está neste computador.</translation>
+    </message>
+    <message>
+        <source>it is not on this computer any more</source>
+        <translation>já não está neste computador</translation>
+    </message>
+    <message>
+        <source>“%1” is not a regular file.</source>
+        <translation>“%1” não é um arquivo comum.</translation>
+    </message>
+    <message>
+        <source>it is not a regular file</source>
+        <translation>não é um arquivo comum</translation>
+    </message>
+    <message>
+        <source>A folder is where the file “%1” should be.</source>
+        <translation>Há uma pasta onde deveria estar o arquivo “%1”.</translation>
+    </message>
+    <message>
+        <source>a folder of this name is on this computer</source>
+        <translation>neste computador há uma pasta com este nome</translation>
+    </message>
+    <message>
+        <source>A file is where the folder “%1” should be.</source>
+        <translation>Há um arquivo onde deveria estar a pasta “%1”.</translation>
+    </message>
+    <message>
+        <source>a file of this name is on this computer</source>
+        <translation>há um arquivo com esse nome neste computador</translation>
+    </message>
+    <message>
+        <source>“%1” changed while it was being copied.</source>
+        <translation>“%1” mudou enquanto era copiado.</translation>
+    </message>
+    <message>
+        <source>it changed while it was being copied</source>
+        <translation>mudou enquanto era copiado</translation>
+    </message>
+    <message>
+        <source>The name “%1” cannot be used on this computer.</source>
+        <translation>O nome “%1” não pode ser usado neste computador.</translation>
+    </message>
+    <message>
+        <source>its name cannot be used on this computer</source>
+        <translation>o nome não pode ser usado neste computador</translation>
+    </message>
+    <message>
+        <source>The name “%1” is too long for this computer.</source>
+        <translation>O nome “%1” é longo demais para este computador.</translation>
+    </message>
+    <message>
+        <source>its name is too long for this computer</source>
+        <translation>o nome é longo demais para este computador</translation>
+    </message>
+    <message>
+        <source>“%1” leads out of the folder that is copied to.</source>
+        <translation>“%1” leva para fora da pasta de destino.</translation>
+    </message>
+    <message>
+        <source>it leads out of the folder that is copied to</source>
+        <translation>leva para fora da pasta de destino</translation>
+    </message>
+    <message>
+        <source>“%1” is a link; links are not followed.</source>
+        <translation>“%1” é um link; links não são seguidos.</translation>
+    </message>
+    <message>
+        <source>it is a link; links are not followed</source>
+        <translation>é um link; links não são seguidos</translation>
+    </message>
+    <message>
+        <source>No space is left on the disk of “%1”.</source>
+        <translation>Não há mais espaço no disco de “%1”.</translation>
+    </message>
+    <message>
+        <source>no space is left on this computer&apos;s disk</source>
+        <translation>não há mais espaço no disco deste computador</translation>
+    </message>
+    <message>
+        <source>Delete something there, or choose another folder.</source>
+        <translation>Apague algo nele ou escolha outra pasta.</translation>
+    </message>
+</context>
+<context>
     <name>MainMenu</name>
     <message>
         <source>Settings</source>

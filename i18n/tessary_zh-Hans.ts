@@ -283,6 +283,454 @@
     </message>
 </context>
 <context>
+    <name>ErrorText</name>
+    <message>
+        <source>Something went wrong.</source>
+        <translation>出了点问题。</translation>
+    </message>
+    <message>
+        <source>something went wrong</source>
+        <translation>出了点问题</translation>
+    </message>
+    <message>
+        <source>.</source>
+        <comment>the end of a sentence</comment>
+        <translation>。</translation>
+    </message>
+    <message>
+        <source>Another program is using the phone.</source>
+        <translation>另一个程序正在使用手机。</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>请重新插上手机并解锁。</translation>
+    </message>
+    <message>
+        <source>Rename it first.</source>
+        <translation>请先重命名。</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and choose “File transfer” on it.</source>
+        <translation>请解锁手机，并在手机上选择“文件传输”。</translation>
+    </message>
+    <message>
+        <source>Try again. If that does not help, unplug the phone and plug it in again.</source>
+        <translation>请重试。如果仍无效，请拔下手机后重新插上。</translation>
+    </message>
+    <message>
+        <source>The phone is not connected.</source>
+        <translation>手机未连接。</translation>
+    </message>
+    <message>
+        <source>The phone was unplugged.</source>
+        <translation>手机已被拔出。</translation>
+    </message>
+    <message>
+        <source>The phone does not answer.</source>
+        <translation>手机没有响应。</translation>
+    </message>
+    <message>
+        <source>Unlock it. If that does not help, unplug it and plug it in again.</source>
+        <translation>请将其解锁。如果仍无效，请拔下后重新插上。</translation>
+    </message>
+    <message>
+        <source>The connection to the phone broke off.</source>
+        <translation>与手机的连接已中断。</translation>
+    </message>
+    <message>
+        <source>%1 is using the phone.</source>
+        <translation>%1 正在使用手机。</translation>
+    </message>
+    <message>
+        <source>Close it, or unmount the phone in the desktop&apos;s file manager, and try again.</source>
+        <translation>请关闭该程序，或在桌面的文件管理器中卸载手机，然后重试。</translation>
+    </message>
+    <message>
+        <source>This user may not open the phone&apos;s USB device.</source>
+        <translation>此用户无权打开手机的 USB 设备。</translation>
+    </message>
+    <message>
+        <source>Install the udev rule that comes with Tessary, then plug the phone in again.</source>
+        <translation>请安装 Tessary 附带的 udev 规则，然后重新插上手机。</translation>
+    </message>
+    <message>
+        <source>The phone has not allowed this computer yet.</source>
+        <translation>手机尚未允许这台电脑。</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and answer its question: tap “Trust” or “Allow”.</source>
+        <translation>请解锁手机并回答其询问：轻点“信任”或“允许”。</translation>
+    </message>
+    <message>
+        <source>The phone has forgotten this computer.</source>
+        <translation>手机已不再记得这台电脑。</translation>
+    </message>
+    <message>
+        <source>Unplug the phone, plug it in again and tap “Trust” on it.</source>
+        <translation>请拔下手机，重新插上，并在手机上轻点“信任”。</translation>
+    </message>
+    <message>
+        <source>The phone is locked.</source>
+        <translation>手机已锁定。</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and try again.</source>
+        <translation>请解锁手机后重试。</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is not available.</source>
+        <translation>手机存储不可用。</translation>
+    </message>
+    <message>
+        <source>The phone ended the connection.</source>
+        <translation>手机结束了连接。</translation>
+    </message>
+    <message>
+        <source>The phone cannot be reached.</source>
+        <translation>无法连接到手机。</translation>
+    </message>
+    <message>
+        <source>Check its cable or its network. For Turbo mode, USB debugging must be on; Standard MTP works without.</source>
+        <translation>请检查数据线或网络。Turbo 模式需要开启 USB 调试；标准 MTP 则不需要。</translation>
+    </message>
+    <message>
+        <source>The phone&apos;s answers make no sense.</source>
+        <translation>手机的响应无效。</translation>
+    </message>
+    <message>
+        <source>Unplug the phone and plug it in again.</source>
+        <translation>请拔下手机后重新插上。</translation>
+    </message>
+    <message>
+        <source>The phone is busy with another copy.</source>
+        <translation>手机正忙于另一项复制。</translation>
+    </message>
+    <message>
+        <source>Try again when that one is done.</source>
+        <translation>请在其完成后重试。</translation>
+    </message>
+    <message>
+        <source>There is no “%1” on the phone.</source>
+        <translation>手机上没有“%1”。</translation>
+    </message>
+    <message>
+        <source>it is not on the phone any more</source>
+        <translation>已不在手机上</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or renamed: refresh the folder.</source>
+        <translation>它可能已被删除或重命名：请刷新文件夹。</translation>
+    </message>
+    <message>
+        <source>“%1” is already there.</source>
+        <translation>“%1”已存在。</translation>
+    </message>
+    <message>
+        <source>its name is already taken</source>
+        <translation>名称已被占用</translation>
+    </message>
+    <message>
+        <source>“%1” is on the phone, which takes “%2” for the same name.</source>
+        <translation>手机上有“%1”，手机将“%2”视为同一名称。</translation>
+    </message>
+    <message>
+        <source>the phone takes its name for that of another item</source>
+        <translation>手机将其名称视为与另一项相同</translation>
+    </message>
+    <message>
+        <source>Rename one of the two first.</source>
+        <translation>请先重命名其中一个。</translation>
+    </message>
+    <message>
+        <source>“%1” is not a folder.</source>
+        <translation>“%1”不是文件夹。</translation>
+    </message>
+    <message>
+        <source>it is not a folder</source>
+        <translation>不是文件夹</translation>
+    </message>
+    <message>
+        <source>“%1” is not a file.</source>
+        <translation>“%1”不是文件。</translation>
+    </message>
+    <message>
+        <source>it is not a file</source>
+        <translation>不是文件</translation>
+    </message>
+    <message>
+        <source>The folder “%1” is not empty.</source>
+        <translation>文件夹“%1”不为空。</translation>
+    </message>
+    <message>
+        <source>the folder is not empty</source>
+        <translation>文件夹不为空</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be a name on the phone.</source>
+        <translation>“%1”不能用作手机上的名称。</translation>
+    </message>
+    <message>
+        <source>the phone does not allow its name</source>
+        <translation>手机不允许此名称</translation>
+    </message>
+    <message>
+        <source>The phone does not allow this with “%1”.</source>
+        <translation>手机不允许对“%1”执行此操作。</translation>
+    </message>
+    <message>
+        <source>the phone does not allow it</source>
+        <translation>手机不允许</translation>
+    </message>
+    <message>
+        <source>Unlock it, and try another folder.</source>
+        <translation>请将其解锁，并尝试其他文件夹。</translation>
+    </message>
+    <message>
+        <source>“%1” is write-protected on the phone.</source>
+        <translation>“%1”在手机上受写保护。</translation>
+    </message>
+    <message>
+        <source>it is write-protected on the phone</source>
+        <translation>在手机上受写保护</translation>
+    </message>
+    <message>
+        <source>Choose another folder.</source>
+        <translation>请选择其他文件夹。</translation>
+    </message>
+    <message>
+        <source>“%1” is too large for this storage of the phone.</source>
+        <translation>“%1”对于手机的此存储来说太大。</translation>
+    </message>
+    <message>
+        <source>it is too large for this storage of the phone</source>
+        <translation>对于手机的此存储来说太大</translation>
+    </message>
+    <message>
+        <source>“%1” has changed on the phone meanwhile. It was left as it is.</source>
+        <translation>“%1”在此期间已在手机上更改，已保持原样。</translation>
+    </message>
+    <message>
+        <source>it has changed on the phone meanwhile</source>
+        <translation>在此期间已在手机上更改</translation>
+    </message>
+    <message>
+        <source>Refresh the folder and try again.</source>
+        <translation>请刷新文件夹后重试。</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read.</source>
+        <translation>无法读取“%1”。</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>无法读取</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot be read whole.</source>
+        <translation>无法完整读取文件夹“%1”。</translation>
+    </message>
+    <message>
+        <source>the folder cannot be read whole</source>
+        <translation>无法完整读取文件夹</translation>
+    </message>
+    <message>
+        <source>The phone sent %2 of the %3 bytes of “%1”.</source>
+        <translation>手机发送了“%1”的 %3 字节中的 %2 字节。</translation>
+    </message>
+    <message>
+        <source>its size is not the one that was announced</source>
+        <translation>大小与所报告的不符</translation>
+    </message>
+    <message>
+        <source>Copy it again.</source>
+        <translation>请重新复制。</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot lie inside itself.</source>
+        <translation>文件夹“%1”不能位于其自身之中。</translation>
+    </message>
+    <message>
+        <source>a folder cannot lie inside itself</source>
+        <translation>文件夹不能位于其自身之中</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be changed or copied as one item.</source>
+        <translation>不能将整个存储作为一项进行更改或复制。</translation>
+    </message>
+    <message>
+        <source>a whole storage cannot be changed or copied as one item</source>
+        <translation>不能将整个存储作为一项进行更改或复制</translation>
+    </message>
+    <message>
+        <source>The phone cannot move “%1” to another storage.</source>
+        <translation>手机无法将“%1”移动到另一个存储。</translation>
+    </message>
+    <message>
+        <source>the phone cannot move it to another storage</source>
+        <translation>手机无法将其移动到另一个存储</translation>
+    </message>
+    <message>
+        <source>Copy it instead.</source>
+        <translation>请改为复制。</translation>
+    </message>
+    <message>
+        <source>The phone cannot do this.</source>
+        <translation>手机不支持此操作。</translation>
+    </message>
+    <message>
+        <source>the phone cannot do this</source>
+        <translation>手机无法执行此操作</translation>
+    </message>
+    <message>
+        <source>The phone refused this for “%1”.</source>
+        <translation>手机拒绝了对“%1”的操作。</translation>
+    </message>
+    <message>
+        <source>the phone refused it</source>
+        <translation>手机拒绝了</translation>
+    </message>
+    <message>
+        <source>The phone agreed, but did nothing with “%1”.</source>
+        <translation>手机表示同意，但没有对“%1”进行任何操作。</translation>
+    </message>
+    <message>
+        <source>the phone agreed, but did nothing</source>
+        <translation>手机表示同意，但未进行任何操作</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is full.</source>
+        <translation>手机存储空间已满。</translation>
+    </message>
+    <message>
+        <source>the storage of the phone is full</source>
+        <translation>手机的存储已满</translation>
+    </message>
+    <message>
+        <source>Delete something on the phone, or copy less.</source>
+        <translation>请删除手机上的部分内容，或减少拷贝的内容。</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read: %2</source>
+        <translation>无法读取“%1”：%2</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be written: %2</source>
+        <translation>无法写入“%1”：%2</translation>
+    </message>
+    <message>
+        <source>it cannot be written on this computer</source>
+        <translation>无法写入这台电脑</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot be created: %2</source>
+        <translation>无法创建文件夹“%1”：%2</translation>
+    </message>
+    <message>
+        <source>the folder cannot be created on this computer</source>
+        <translation>无法在此电脑上创建文件夹</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be deleted: %2</source>
+        <translation>无法删除“%1”：%2</translation>
+    </message>
+    <message>
+        <source>it cannot be deleted on this computer</source>
+        <translation>无法在这台电脑上删除</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be renamed: %2</source>
+        <translation>无法重命名“%1”：%2</translation>
+    </message>
+    <message>
+        <source>it cannot be renamed on this computer</source>
+        <translation>无法在这台电脑上重命名</translation>
+    </message>
+    <message>
+        <source>“%1” is not on this computer any more.</source>
+        <translation>“%1”已不在这台电脑上。</translation>
+    </message>
+    <message>
+        <source>it is not on this computer any more</source>
+        <translation>已不在这台电脑上</translation>
+    </message>
+    <message>
+        <source>“%1” is not a regular file.</source>
+        <translation>“%1”不是普通文件。</translation>
+    </message>
+    <message>
+        <source>it is not a regular file</source>
+        <translation>它不是普通文件</translation>
+    </message>
+    <message>
+        <source>A folder is where the file “%1” should be.</source>
+        <translation>文件“%1”应在的位置是一个文件夹。</translation>
+    </message>
+    <message>
+        <source>a folder of this name is on this computer</source>
+        <translation>此电脑上有同名文件夹</translation>
+    </message>
+    <message>
+        <source>A file is where the folder “%1” should be.</source>
+        <translation>文件夹“%1”应在的位置是一个文件。</translation>
+    </message>
+    <message>
+        <source>a file of this name is on this computer</source>
+        <translation>这台电脑上有同名文件</translation>
+    </message>
+    <message>
+        <source>“%1” changed while it was being copied.</source>
+        <translation>“%1”在复制过程中发生了更改。</translation>
+    </message>
+    <message>
+        <source>it changed while it was being copied</source>
+        <translation>在复制过程中发生了更改</translation>
+    </message>
+    <message>
+        <source>The name “%1” cannot be used on this computer.</source>
+        <translation>名称“%1”不能在这台电脑上使用。</translation>
+    </message>
+    <message>
+        <source>its name cannot be used on this computer</source>
+        <translation>名称无法用于此电脑</translation>
+    </message>
+    <message>
+        <source>The name “%1” is too long for this computer.</source>
+        <translation>名称“%1”对这台电脑来说太长。</translation>
+    </message>
+    <message>
+        <source>its name is too long for this computer</source>
+        <translation>名称对此电脑而言过长</translation>
+    </message>
+    <message>
+        <source>“%1” leads out of the folder that is copied to.</source>
+        <translation>“%1”指向目标文件夹之外。</translation>
+    </message>
+    <message>
+        <source>it leads out of the folder that is copied to</source>
+        <translation>指向目标文件夹之外</translation>
+    </message>
+    <message>
+        <source>“%1” is a link; links are not followed.</source>
+        <translation>“%1”是链接；不会跟随链接。</translation>
+    </message>
+    <message>
+        <source>it is a link; links are not followed</source>
+        <translation>它是链接；不会跟随链接</translation>
+    </message>
+    <message>
+        <source>No space is left on the disk of “%1”.</source>
+        <translation>“%1”所在的磁盘已没有空间。</translation>
+    </message>
+    <message>
+        <source>no space is left on this computer&apos;s disk</source>
+        <translation>这台电脑的磁盘已没有空间</translation>
+    </message>
+    <message>
+        <source>Delete something there, or choose another folder.</source>
+        <translation>请删除其中的部分内容，或选择其他文件夹。</translation>
+    </message>
+</context>
+<context>
     <name>MainMenu</name>
     <message>
         <source>Settings</source>

@@ -283,6 +283,454 @@
     </message>
 </context>
 <context>
+    <name>ErrorText</name>
+    <message>
+        <source>Something went wrong.</source>
+        <translation>發生問題。</translation>
+    </message>
+    <message>
+        <source>something went wrong</source>
+        <translation>發生問題</translation>
+    </message>
+    <message>
+        <source>.</source>
+        <comment>the end of a sentence</comment>
+        <translation>。</translation>
+    </message>
+    <message>
+        <source>Another program is using the phone.</source>
+        <translation>另一個程式正在使用手機。</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>請重新接上手機並解鎖。</translation>
+    </message>
+    <message>
+        <source>Rename it first.</source>
+        <translation>請先重新命名。</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and choose “File transfer” on it.</source>
+        <translation>請解鎖手機，並在手機上選擇「檔案傳輸」。</translation>
+    </message>
+    <message>
+        <source>Try again. If that does not help, unplug the phone and plug it in again.</source>
+        <translation>請再試一次。若仍無效，請拔下手機後重新接上。</translation>
+    </message>
+    <message>
+        <source>The phone is not connected.</source>
+        <translation>手機未連接。</translation>
+    </message>
+    <message>
+        <source>The phone was unplugged.</source>
+        <translation>手機已被拔除。</translation>
+    </message>
+    <message>
+        <source>The phone does not answer.</source>
+        <translation>手機沒有回應。</translation>
+    </message>
+    <message>
+        <source>Unlock it. If that does not help, unplug it and plug it in again.</source>
+        <translation>請將其解鎖。若仍無效，請拔下後重新接上。</translation>
+    </message>
+    <message>
+        <source>The connection to the phone broke off.</source>
+        <translation>與手機的連線已中斷。</translation>
+    </message>
+    <message>
+        <source>%1 is using the phone.</source>
+        <translation>%1 正在使用手機。</translation>
+    </message>
+    <message>
+        <source>Close it, or unmount the phone in the desktop&apos;s file manager, and try again.</source>
+        <translation>請關閉該程式，或在桌面的檔案管理員中卸載手機，然後重試。</translation>
+    </message>
+    <message>
+        <source>This user may not open the phone&apos;s USB device.</source>
+        <translation>此使用者無權打開手機的 USB 裝置。</translation>
+    </message>
+    <message>
+        <source>Install the udev rule that comes with Tessary, then plug the phone in again.</source>
+        <translation>請安裝 Tessary 附帶的 udev 規則，然後重新插上手機。</translation>
+    </message>
+    <message>
+        <source>The phone has not allowed this computer yet.</source>
+        <translation>手機尚未允許這部電腦。</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and answer its question: tap “Trust” or “Allow”.</source>
+        <translation>請解鎖手機並回答其詢問：點一下「信任」或「允許」。</translation>
+    </message>
+    <message>
+        <source>The phone has forgotten this computer.</source>
+        <translation>手機已不再記得這部電腦。</translation>
+    </message>
+    <message>
+        <source>Unplug the phone, plug it in again and tap “Trust” on it.</source>
+        <translation>請拔下手機，重新接上，並在手機上點一下「信任」。</translation>
+    </message>
+    <message>
+        <source>The phone is locked.</source>
+        <translation>手機已鎖定。</translation>
+    </message>
+    <message>
+        <source>Unlock the phone and try again.</source>
+        <translation>請解鎖手機後重試。</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is not available.</source>
+        <translation>手機儲存空間無法使用。</translation>
+    </message>
+    <message>
+        <source>The phone ended the connection.</source>
+        <translation>手機結束了連線。</translation>
+    </message>
+    <message>
+        <source>The phone cannot be reached.</source>
+        <translation>無法連接到手機。</translation>
+    </message>
+    <message>
+        <source>Check its cable or its network. For Turbo mode, USB debugging must be on; Standard MTP works without.</source>
+        <translation>請檢查傳輸線或網路。Turbo 模式需要開啟 USB 偵錯；標準 MTP 則不需要。</translation>
+    </message>
+    <message>
+        <source>The phone&apos;s answers make no sense.</source>
+        <translation>手機的回應無效。</translation>
+    </message>
+    <message>
+        <source>Unplug the phone and plug it in again.</source>
+        <translation>請拔下手機後重新接上。</translation>
+    </message>
+    <message>
+        <source>The phone is busy with another copy.</source>
+        <translation>手機正忙於另一項複製。</translation>
+    </message>
+    <message>
+        <source>Try again when that one is done.</source>
+        <translation>請在其完成後再試一次。</translation>
+    </message>
+    <message>
+        <source>There is no “%1” on the phone.</source>
+        <translation>手機上沒有「%1」。</translation>
+    </message>
+    <message>
+        <source>it is not on the phone any more</source>
+        <translation>已不在手機上</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or renamed: refresh the folder.</source>
+        <translation>它可能已被刪除或重新命名：請重新整理資料夾。</translation>
+    </message>
+    <message>
+        <source>“%1” is already there.</source>
+        <translation>「%1」已存在。</translation>
+    </message>
+    <message>
+        <source>its name is already taken</source>
+        <translation>名稱已被使用</translation>
+    </message>
+    <message>
+        <source>“%1” is on the phone, which takes “%2” for the same name.</source>
+        <translation>手機上有「%1」，手機將「%2」視為同一名稱。</translation>
+    </message>
+    <message>
+        <source>the phone takes its name for that of another item</source>
+        <translation>手機將其名稱視為與另一項相同</translation>
+    </message>
+    <message>
+        <source>Rename one of the two first.</source>
+        <translation>請先重新命名其中一個。</translation>
+    </message>
+    <message>
+        <source>“%1” is not a folder.</source>
+        <translation>「%1」不是資料夾。</translation>
+    </message>
+    <message>
+        <source>it is not a folder</source>
+        <translation>不是資料夾</translation>
+    </message>
+    <message>
+        <source>“%1” is not a file.</source>
+        <translation>「%1」不是檔案。</translation>
+    </message>
+    <message>
+        <source>it is not a file</source>
+        <translation>不是檔案</translation>
+    </message>
+    <message>
+        <source>The folder “%1” is not empty.</source>
+        <translation>資料夾「%1」不是空的。</translation>
+    </message>
+    <message>
+        <source>the folder is not empty</source>
+        <translation>資料夾不是空的</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be a name on the phone.</source>
+        <translation>「%1」不能用作手機上的名稱。</translation>
+    </message>
+    <message>
+        <source>the phone does not allow its name</source>
+        <translation>手機不允許此名稱</translation>
+    </message>
+    <message>
+        <source>The phone does not allow this with “%1”.</source>
+        <translation>手機不允許對「%1」執行此操作。</translation>
+    </message>
+    <message>
+        <source>the phone does not allow it</source>
+        <translation>手機不允許</translation>
+    </message>
+    <message>
+        <source>Unlock it, and try another folder.</source>
+        <translation>請將其解鎖，並嘗試其他檔案夾。</translation>
+    </message>
+    <message>
+        <source>“%1” is write-protected on the phone.</source>
+        <translation>「%1」在手機上有寫入保護。</translation>
+    </message>
+    <message>
+        <source>it is write-protected on the phone</source>
+        <translation>在手機上有寫入保護</translation>
+    </message>
+    <message>
+        <source>Choose another folder.</source>
+        <translation>請選擇其他檔案夾。</translation>
+    </message>
+    <message>
+        <source>“%1” is too large for this storage of the phone.</source>
+        <translation>「%1」對於手機的此儲存空間來說太大。</translation>
+    </message>
+    <message>
+        <source>it is too large for this storage of the phone</source>
+        <translation>對於手機的此儲存空間來說太大</translation>
+    </message>
+    <message>
+        <source>“%1” has changed on the phone meanwhile. It was left as it is.</source>
+        <translation>「%1」在此期間已在手機上變更，已保持原樣。</translation>
+    </message>
+    <message>
+        <source>it has changed on the phone meanwhile</source>
+        <translation>在此期間已在手機上變更</translation>
+    </message>
+    <message>
+        <source>Refresh the folder and try again.</source>
+        <translation>請重新整理資料夾後再試一次。</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read.</source>
+        <translation>無法讀取「%1」。</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>無法讀取</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot be read whole.</source>
+        <translation>無法完整讀取資料夾「%1」。</translation>
+    </message>
+    <message>
+        <source>the folder cannot be read whole</source>
+        <translation>無法完整讀取資料夾</translation>
+    </message>
+    <message>
+        <source>The phone sent %2 of the %3 bytes of “%1”.</source>
+        <translation>手機傳送了「%1」的 %3 位元組中的 %2 位元組。</translation>
+    </message>
+    <message>
+        <source>its size is not the one that was announced</source>
+        <translation>大小與所回報的不符</translation>
+    </message>
+    <message>
+        <source>Copy it again.</source>
+        <translation>請重新複製。</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot lie inside itself.</source>
+        <translation>資料夾「%1」不能位於其自身之中。</translation>
+    </message>
+    <message>
+        <source>a folder cannot lie inside itself</source>
+        <translation>資料夾不能位於其自身之中</translation>
+    </message>
+    <message>
+        <source>A whole storage cannot be changed or copied as one item.</source>
+        <translation>不能將整個儲存空間作為一項進行變更或複製。</translation>
+    </message>
+    <message>
+        <source>a whole storage cannot be changed or copied as one item</source>
+        <translation>不能將整個儲存空間作為一項進行變更或複製</translation>
+    </message>
+    <message>
+        <source>The phone cannot move “%1” to another storage.</source>
+        <translation>手機無法將「%1」移動到另一個儲存空間。</translation>
+    </message>
+    <message>
+        <source>the phone cannot move it to another storage</source>
+        <translation>手機無法將其移動到另一個儲存空間</translation>
+    </message>
+    <message>
+        <source>Copy it instead.</source>
+        <translation>請改為複製。</translation>
+    </message>
+    <message>
+        <source>The phone cannot do this.</source>
+        <translation>手機不支援此動作。</translation>
+    </message>
+    <message>
+        <source>the phone cannot do this</source>
+        <translation>手機無法執行此操作</translation>
+    </message>
+    <message>
+        <source>The phone refused this for “%1”.</source>
+        <translation>手機拒絕了對「%1」的操作。</translation>
+    </message>
+    <message>
+        <source>the phone refused it</source>
+        <translation>手機拒絕了</translation>
+    </message>
+    <message>
+        <source>The phone agreed, but did nothing with “%1”.</source>
+        <translation>手機表示同意，但沒有對「%1」進行任何操作。</translation>
+    </message>
+    <message>
+        <source>the phone agreed, but did nothing</source>
+        <translation>手機表示同意，但未進行任何操作</translation>
+    </message>
+    <message>
+        <source>The storage of the phone is full.</source>
+        <translation>手機儲存空間已滿。</translation>
+    </message>
+    <message>
+        <source>the storage of the phone is full</source>
+        <translation>手機的儲存空間已滿</translation>
+    </message>
+    <message>
+        <source>Delete something on the phone, or copy less.</source>
+        <translation>請刪除手機上的部分內容，或減少拷貝的內容。</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read: %2</source>
+        <translation>無法讀取「%1」：%2</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be written: %2</source>
+        <translation>無法寫入「%1」：%2</translation>
+    </message>
+    <message>
+        <source>it cannot be written on this computer</source>
+        <translation>無法寫入這部電腦</translation>
+    </message>
+    <message>
+        <source>The folder “%1” cannot be created: %2</source>
+        <translation>無法建立資料夾「%1」：%2</translation>
+    </message>
+    <message>
+        <source>the folder cannot be created on this computer</source>
+        <translation>無法在此電腦上建立檔案夾</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be deleted: %2</source>
+        <translation>無法刪除「%1」：%2</translation>
+    </message>
+    <message>
+        <source>it cannot be deleted on this computer</source>
+        <translation>無法在這部電腦上刪除</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be renamed: %2</source>
+        <translation>無法重新命名「%1」：%2</translation>
+    </message>
+    <message>
+        <source>it cannot be renamed on this computer</source>
+        <translation>無法在這部電腦上重新命名</translation>
+    </message>
+    <message>
+        <source>“%1” is not on this computer any more.</source>
+        <translation>「%1」已不在這部電腦上。</translation>
+    </message>
+    <message>
+        <source>it is not on this computer any more</source>
+        <translation>已不在這部電腦上</translation>
+    </message>
+    <message>
+        <source>“%1” is not a regular file.</source>
+        <translation>「%1」不是一般檔案。</translation>
+    </message>
+    <message>
+        <source>it is not a regular file</source>
+        <translation>它不是一般檔案</translation>
+    </message>
+    <message>
+        <source>A folder is where the file “%1” should be.</source>
+        <translation>檔案「%1」應在的位置是一個資料夾。</translation>
+    </message>
+    <message>
+        <source>a folder of this name is on this computer</source>
+        <translation>此電腦上有同名檔案夾</translation>
+    </message>
+    <message>
+        <source>A file is where the folder “%1” should be.</source>
+        <translation>資料夾「%1」應在的位置是一個檔案。</translation>
+    </message>
+    <message>
+        <source>a file of this name is on this computer</source>
+        <translation>這部電腦上有同名檔案</translation>
+    </message>
+    <message>
+        <source>“%1” changed while it was being copied.</source>
+        <translation>「%1」在複製過程中有所變更。</translation>
+    </message>
+    <message>
+        <source>it changed while it was being copied</source>
+        <translation>在複製過程中有所變更</translation>
+    </message>
+    <message>
+        <source>The name “%1” cannot be used on this computer.</source>
+        <translation>名稱「%1」不能在這部電腦上使用。</translation>
+    </message>
+    <message>
+        <source>its name cannot be used on this computer</source>
+        <translation>名稱無法用於此電腦</translation>
+    </message>
+    <message>
+        <source>The name “%1” is too long for this computer.</source>
+        <translation>名稱「%1」對這部電腦來說太長。</translation>
+    </message>
+    <message>
+        <source>its name is too long for this computer</source>
+        <translation>名稱對此電腦而言過長</translation>
+    </message>
+    <message>
+        <source>“%1” leads out of the folder that is copied to.</source>
+        <translation>「%1」指向目標資料夾之外。</translation>
+    </message>
+    <message>
+        <source>it leads out of the folder that is copied to</source>
+        <translation>指向目標資料夾之外</translation>
+    </message>
+    <message>
+        <source>“%1” is a link; links are not followed.</source>
+        <translation>「%1」是連結；不會跟隨連結。</translation>
+    </message>
+    <message>
+        <source>it is a link; links are not followed</source>
+        <translation>它是連結；不會跟隨連結</translation>
+    </message>
+    <message>
+        <source>No space is left on the disk of “%1”.</source>
+        <translation>「%1」所在的磁碟已沒有空間。</translation>
+    </message>
+    <message>
+        <source>no space is left on this computer&apos;s disk</source>
+        <translation>這部電腦的磁碟已沒有空間</translation>
+    </message>
+    <message>
+        <source>Delete something there, or choose another folder.</source>
+        <translation>請刪除其中的部分內容，或選擇其他資料夾。</translation>
+    </message>
+</context>
+<context>
     <name>MainMenu</name>
     <message>
         <source>Settings</source>

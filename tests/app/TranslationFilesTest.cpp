@@ -98,7 +98,8 @@ TEST(TranslationFiles, everyTextIsTranslatedInEachFormThatTheLanguageHas) {
             EXPECT_EQ(text.forms.size(), text.dependsOnNumber && hasPlural ? 2 : 1)
                 << at(language, text);
             for (const QString& form : text.forms)
-                EXPECT_TRUE(form != text.source || fine.contains(form) || text.dependsOnNumber)
+                EXPECT_TRUE(form != text.source || fine.contains(form) || text.dependsOnNumber ||
+                            text.source == u"."_s)
                     << at(language, text);
         }
     }

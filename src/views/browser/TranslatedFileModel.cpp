@@ -1,7 +1,7 @@
 #include "views/browser/TranslatedFileModel.h"
 
-#include "app/DisplayNames.h"
 #include "app/LanguageManager.h"
+#include "app/texts/DisplayNames.h"
 
 namespace tessary {
 

@@ -1,7 +1,7 @@
 #include "views/dialogs/FactsView.h"
 
-#include "app/DisplayNames.h"
 #include "app/LanguageManager.h"
+#include "app/texts/DisplayNames.h"
 #include "base/text/ByteFormat.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"

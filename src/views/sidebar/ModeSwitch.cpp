@@ -1,7 +1,7 @@
 #include "views/sidebar/ModeSwitch.h"
 
-#include "app/DisplayNames.h"
 #include "app/LanguageManager.h"
+#include "app/texts/DisplayNames.h"
 
 #include <QButtonGroup>
 #include <QHBoxLayout>

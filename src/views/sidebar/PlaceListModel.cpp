@@ -1,6 +1,6 @@
 #include "views/sidebar/PlaceListModel.h"
 
-#include "app/DisplayNames.h"
+#include "app/texts/DisplayNames.h"
 #include "base/text/Printable.h"
 #include "browser/listing/EntryMimeData.h"
 #include "views/common/Icons.h"

@@ -1,7 +1,7 @@
 #include "views/sync/SyncPairRow.h"
 
-#include "app/DisplayNames.h"
 #include "app/Translations.h"
+#include "app/texts/DisplayNames.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
 #include "views/common/PlainText.h"

@@ -1,7 +1,7 @@
 #include "views/sync/SyncPairSheet.h"
 
-#include "app/DisplayNames.h"
 #include "app/Translations.h"
+#include "app/texts/DisplayNames.h"
 #include "base/text/Printable.h"
 #include "sync/manager/SyncViewModel.h"
 #include "views/common/PlainText.h"

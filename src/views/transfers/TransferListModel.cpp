@@ -1,8 +1,8 @@
 #include "views/transfers/TransferListModel.h"
 
-#include "app/DisplayNames.h"
 #include "app/LanguageManager.h"
 #include "app/Translations.h"
+#include "app/texts/DisplayNames.h"
 #include "base/text/ByteFormat.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"

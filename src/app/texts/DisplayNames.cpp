@@ -1,4 +1,4 @@
-#include "app/DisplayNames.h"
+#include "app/texts/DisplayNames.h"
 
 #include "base/text/ByteFormat.h"
 

@@ -1,0 +1,99 @@
+#include "app/texts/ErrorText.h"
+
+#include "app/texts/ErrorWords.h"
+#include "base/text/Printable.h"
+#include "phone/DevicePath.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+
+namespace tessary {
+
+namespace {
+
+/// The context of the words of errors.
+class Words {
+    Q_DECLARE_TR_FUNCTIONS(ErrorText)
+};
+
+constexpr ErrorWords unknown{QT_TRANSLATE_NOOP("ErrorText", "Something went wrong."),
+                             QT_TRANSLATE_NOOP("ErrorText", "something went wrong")};
+
+/// An error, and the words of its code.
+struct Worded {
+    const Error& error;
+    ErrorWords words;
+};
+
+/// The error or the nearest of its causes whose code has words.
+Worded worded(const Error& error) {
+    for (const Error* each = &error; each != nullptr; each = each->cause()) {
+        if (const auto code = each->code().as<PhoneError>())
+            return {*each, wordsOf(*code)};
+        if (const auto code = each->code().as<LocalError>())
+            return {*each, wordsOf(*code)};
+    }
+    return {error, unknown};
+}
+
+/// A name, a path or a number, as a sentence shows it. Of what lies on a phone the name will do.
+QString shown(const QVariant& argument, bool isOnPhone) {
+    switch (argument.typeId()) {
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+        return QLocale().toString(argument.toLongLong());
+    default:
+        break;
+    }
+    const QString text = argument.toString();
+    const QString name = isOnPhone ? lastComponent(text) : QString();
+    return printable(name.isEmpty() ? text : name);
+}
+
+/// `text` with its places filled, at once: a name may look like a place.
+QString filled(const QString& text, const Error& error) {
+    const bool isOnPhone = error.code().layer() == ErrorLayer::phone;
+    const auto value = [&](qsizetype at) { return shown(error.arguments().value(at), isOnPhone); };
+    if (text.contains(QLatin1StringView("%3")))
+        return text.arg(value(0), value(1), value(2));
+    if (text.contains(QLatin1StringView("%2")))
+        return text.arg(value(0), value(1));
+    return text.contains(QLatin1StringView("%1")) ? text.arg(value(0)) : text;
+}
+
+/// A reason as a sentence of its own.
+QString asSentence(const QString& reason) {
+    return reason.left(1).toUpper() + reason.mid(1) + Words::tr(".", "the end of a sentence");
+}
+
+QString sentenceOf(const Worded& worded) {
+    const QString sentence = Words::tr(worded.words.sentence);
+    const bool hasName = !worded.error.arguments().value(0).toString().isEmpty();
+    if (hasName || !sentence.contains(QLatin1StringView("%1")))
+        return filled(sentence, worded.error);
+    if (worded.error.is(PhoneError::held))
+        return Words::tr("Another program is using the phone.");
+    return asSentence(Words::tr(worded.words.reason));
+}
+
+} // namespace
+
+QString ErrorText::text() const {
+    return advice.isEmpty() ? what : what + QLatin1Char(' ') + advice;
+}
+
+ErrorText errorText(const Error& error) {
+    const Worded found = worded(error);
+    const char* advice = found.words.advice;
+    return {sentenceOf(found), advice == nullptr ? QString() : Words::tr(advice),
+            error.cause() == nullptr ? QString() : printable(error.cause()->logText())};
+}
+
+QString reasonText(const Error& error) {
+    const Worded found = worded(error);
+    return found.words.reason == nullptr ? sentenceOf(found) : Words::tr(found.words.reason);
+}
+
+} // namespace tessary

@@ -1,0 +1,139 @@
+#include "app/texts/ErrorText.h"
+#include "app/InterfaceTexts.h"
+#include "app/LanguageManager.h"
+#include "base/local/LocalError.h"
+#include "phone/PhoneError.h"
+#include "support/Application.h"
+#include "support/QtPrinters.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace tessary;
+
+namespace {
+
+const QString name = u"Ferien (1).jpg"_s;
+
+/// One error for each case up to the last one, with more arguments than any needs.
+template <typename Enum>
+void addAll(std::vector<Error>& errors, Enum last) {
+    for (int value = 0; value <= static_cast<int>(last); ++value)
+        errors.emplace_back(static_cast<Enum>(value), QVariantList{name, 5, 7});
+}
+
+std::vector<Error> everyError() {
+    std::vector<Error> errors;
+    addAll(errors, PhoneError::full);
+    addAll(errors, LocalError::full);
+    return errors;
+}
+
+class ErrorTextTest : public Application, public testing::Test {
+protected:
+    ErrorTextTest() {
+        use(AppLanguage::en);
+    }
+    static void use(AppLanguage language) {
+        LanguageManager::shared().setSelectedLanguage(language);
+    }
+    const InterfaceTexts texts_;
+};
+
+TEST_F(ErrorTextTest, everyCodeHasWordsInEveryLanguage) {
+    const std::vector<Error> errors = everyError();
+    std::vector<std::pair<ErrorText, QString>> english;
+    for (const Error& error : errors)
+        english.emplace_back(errorText(error), reasonText(error));
+    for (const AppLanguage language : allAppLanguages) {
+        use(language);
+        for (std::size_t i = 0; i < errors.size(); ++i) {
+            SCOPED_TRACE(rawValue(language).toStdString() + ' ' + errors[i].what());
+            const ErrorText words = errorText(errors[i]);
+            const QString reason = reasonText(errors[i]);
+            EXPECT_FALSE(words.what.isEmpty() || reason.isEmpty());
+            EXPECT_FALSE(words.text().contains(u'%') || reason.contains(u'%'));
+            EXPECT_EQ(words.what.contains(name), english[i].first.what.contains(name));
+            EXPECT_EQ(words.advice.isEmpty(), english[i].first.advice.isEmpty());
+            if (LanguageManager::shared().effectiveLanguage() == AppLanguage::en)
+                continue;
+            EXPECT_NE(words.what, english[i].first.what);
+            EXPECT_NE(reason, english[i].second);
+            EXPECT_TRUE(words.advice.isEmpty() || words.advice != english[i].first.advice);
+        }
+    }
+    use(AppLanguage::en);
+}
+
+TEST_F(ErrorTextTest, sentencesNameTheItemAndSayWhatToDo) {
+    const Error status(PhoneError::refused, {8201});
+    const struct {
+        const char* name;
+        Error error;
+        const char* english;
+        const char* german;
+    } rows[] = {
+        {"on a phone by its name", Error(PhoneError::notFound, {u"/DCIM/a.jpg"_s}),
+         "There is no “a.jpg” on the phone. It may have been deleted or renamed: refresh the "
+         "folder.",
+         "Auf dem Telefon gibt es kein „a.jpg“. Vielleicht wurde es gelöscht oder umbenannt: Laden "
+         "Sie den Ordner neu."},
+        {"here by its path", Error(LocalError::cannotWrite, {u"/home/a"_s, u"odd"_s}),
+         "“/home/a” cannot be written: odd", "„/home/a“ kann nicht geschrieben werden: odd"},
+        {"numbers", Error(PhoneError::wrongSize, {u"/a"_s, 1'000, qint64(12'345'678'901)}),
+         "The phone sent 1,000 of the 12,345,678,901 bytes of “a”. Copy it again.",
+         "Das Telefon hat 1.000 der 12.345.678.901 Bytes von „a“ gesendet. Kopieren Sie es noch "
+         "einmal."},
+        {"a name like a place", Error(PhoneError::sameName, {u"%2"_s, u"%1 %n"_s}),
+         "“%2” is on the phone, which takes “%1 %n” for the same name. Rename one of the two "
+         "first.",
+         "„%2“ ist auf dem Telefon, das „%1 %n“ für denselben Namen hält. Benennen Sie zuerst "
+         "eines der beiden um."},
+        {"a name that turns the line round", Error(PhoneError::taken, {u"a\u202Egpj\nb"_s}),
+         "“a\\u202egpj\\u000ab” is already there.", "„a\\u202egpj\\u000ab“ ist schon vorhanden."},
+        {"the root", Error(PhoneError::accessDenied, {u"/"_s}),
+         "The phone does not allow this with “/”. Unlock it, and try another folder.",
+         "Das Telefon erlaubt das mit „/“ nicht. Entsperren Sie es und versuchen Sie einen anderen "
+         "Ordner."},
+        {"without a name", Error(PhoneError::notAFile), "It is not a file.", "Es ist keine Datei."},
+        {"a program", Error(PhoneError::held, {u"gvfs"_s}),
+         "gvfs is using the phone. Close it, or unmount the phone in the desktop's file manager, "
+         "and try again.",
+         "gvfs benutzt das Telefon. Beenden Sie es oder hängen Sie das Telefon im Dateimanager des "
+         "Desktops aus, und versuchen Sie es noch einmal."},
+        {"an unknown program", Error(PhoneError::held, {QString()}),
+         "Another program is using the phone. Close it, or unmount the phone in the desktop's file "
+         "manager, and try again.",
+         "Ein anderes Programm benutzt das Telefon. Beenden Sie es oder hängen Sie das Telefon im "
+         "Dateimanager des Desktops aus, und versuchen Sie es noch einmal."},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        use(AppLanguage::en);
+        EXPECT_EQ(errorText(row.error).text(), QString::fromUtf8(row.english));
+        use(AppLanguage::de);
+        EXPECT_EQ(errorText(row.error).text(), QString::fromUtf8(row.german));
+    }
+    use(AppLanguage::en);
+}
+
+TEST_F(ErrorTextTest, reasonsStandBesideAName) {
+    const std::pair<Error, const char*> rows[] = {
+        {Error(LocalError::link, {u"/x"_s}), "it is a link; links are not followed"},
+        {Error(PhoneError::unreadable, {u"/x"_s}), "it cannot be read"},
+        {Error(PhoneError::unplugged), "The phone was unplugged."},
+    };
+    for (const auto& [error, reason] : rows)
+        EXPECT_EQ(reasonText(error), QString::fromUtf8(reason));
+}
+
+TEST_F(ErrorTextTest, theProtocolsNumbersStandInTheDetailsAlone) {
+    const Error error(PhoneError::full, {u"/a"_s}, Error(LocalError::cannotWrite, {u"x\u202E"_s}));
+    const ErrorText words = errorText(error);
+    EXPECT_EQ(words.what, u"The storage of the phone is full."_s);
+    EXPECT_EQ(words.details, u"cannotWrite (x\\u202e)"_s);
+    EXPECT_EQ(errorText(Error(PhoneError::full)).details, QString());
+}
+
+} // namespace
