@@ -17,9 +17,9 @@ namespace tessary {
 using Contents = QMap<QString, QByteArray>;
 
 /// One end of a copy in a test: a file system, and a way around it to fill it and to look at it.
-class CopySide {
+class CopyEnd {
 public:
-    virtual ~CopySide() = default;
+    virtual ~CopyEnd() = default;
 
     [[nodiscard]] virtual std::shared_ptr<PhoneFileSystem> files() = 0;
     [[nodiscard]] virtual QString root() const = 0;
@@ -44,7 +44,7 @@ public:
     }
 };
 
-class MemorySide final : public CopySide {
+class MemorySide final : public CopyEnd {
 public:
     explicit MemorySide(MemoryFileSystem::Options options = {})
         : memory(std::make_shared<MemoryFileSystem>(std::move(options))) {
@@ -75,7 +75,7 @@ public:
 };
 
 /// A side whose files lie in a folder of this computer: the disk itself, or a virtual phone.
-class FolderSide : public CopySide {
+class FolderSide : public CopyEnd {
 public:
     void put(const QString& path, const QByteArray& content, const QDateTime& date) override {
         disk.write(QStringLiteral("side/") + path, content);
@@ -133,9 +133,9 @@ inline QString s(const char* text) {
 }
 
 /// Everything at the top of one side, to the other.
-[[nodiscard]] inline TreeCopyRequest requestFor(CopySide& from, CopySide& to, ClashAnswer answer) {
+[[nodiscard]] inline TreeCopyRequest requestFor(CopyEnd& from, CopyEnd& to, ClashAnswer answer) {
     TreeCopyRequest request{.from = from.files(), .to = to.files(), .folder = to.root()};
-    request.policy = [answer](const NameClash&) { return answer; };
+    request.policy = [answer](const Clash&) { return answer; };
     for (const FileItem& item : from.items())
         request.items.push_back({item, item.name});
     return request;

@@ -15,20 +15,20 @@ using testing::IsEmpty;
 /// Which ways a copy goes. Every row below is copied along each of them.
 struct Way {
     const char* name;
-    std::function<std::unique_ptr<CopySide>()> source;
-    std::function<std::unique_ptr<CopySide>()> target;
+    std::function<std::unique_ptr<CopyEnd>()> source;
+    std::function<std::unique_ptr<CopyEnd>()> target;
 };
 
-std::unique_ptr<CopySide> aDisk() {
+std::unique_ptr<CopyEnd> aDisk() {
     return std::make_unique<DiskSide>();
 }
 /// A phone over MTP: no renaming onto taken names.
-std::unique_ptr<CopySide> aPhone() {
+std::unique_ptr<CopyEnd> aPhone() {
     return std::make_unique<MemorySide>(MemoryFileSystem::Options{
         .identity = QStringLiteral("mtp"), .queue = std::make_shared<PhoneQueue>()});
 }
 /// One over adb.
-std::unique_ptr<CopySide> aPhoneThatReplaces() {
+std::unique_ptr<CopyEnd> aPhoneThatReplaces() {
     return std::make_unique<MemorySide>(MemoryFileSystem::Options{
         .identity = QStringLiteral("adb"),
         .capabilities = {.renamesOntoTaken = true, .setsDates = true, .readsRanges = true},

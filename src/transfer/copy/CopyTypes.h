@@ -24,14 +24,14 @@ enum class ClashAnswer {
 };
 
 /// Two entries that want one name.
-struct NameClash {
+struct Clash {
     FileItem coming;
     FileItem existing;
 };
 
 /// Answers for each clash; called on the thread of the copy. It may ask a person: what it throws
 /// ends the copy.
-using ClashPolicy = std::function<ClashAnswer(const NameClash&)>;
+using ClashPolicy = std::function<ClashAnswer(const Clash&)>;
 
 /// One thing that is to be copied.
 struct CopyItem {

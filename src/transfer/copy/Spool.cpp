@@ -1,9 +1,7 @@
 #include "transfer/copy/Spool.h"
 
 #include "base/local/LocalError.h"
-
-#include <QDir>
-#include <QStandardPaths>
+#include "base/local/PrivateFolder.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -15,21 +13,21 @@ namespace tessary {
 
 namespace {
 
+const QString folderName = QStringLiteral("spool");
+
 [[noreturn]] void fail(int reason) {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
     if (reason == ENOSPC || reason == EDQUOT)
-        throw Error(LocalError::full, {folder});
-    throw Error(LocalError::cannotWrite, {folder, qt_error_string(reason)});
+        throw Error(LocalError::full, {folderName});
+    throw Error(LocalError::cannotWrite, {folderName, qt_error_string(reason)});
 }
 
 } // namespace
 
 void Spool::openFile() {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
-    QDir().mkpath(folder);
-    // It has no name: nobody can swap it, and it goes with the program however that ends.
+    const PrivateFolder folder(PrivateFolder::Place::cache, folderName);
+    // It has no name: it goes with the program however that ends.
     file_ = FileHandle(
-        ::open(folder.toUtf8().constData(), O_TMPFILE | O_RDWR | O_CLOEXEC, S_IRUSR | S_IWUSR));
+        ::openat(folder.descriptor(), ".", O_TMPFILE | O_RDWR | O_CLOEXEC, S_IRUSR | S_IWUSR));
     if (!file_.isOpen())
         fail(errno);
 }

@@ -128,11 +128,11 @@ void TreeCopy::copyOne(const ScannedItem& scanned, TargetFolder& target) {
 }
 
 TargetFolder::Decision TreeCopy::place(const CopyItem& item, TargetFolder& target) {
-    return target.place(
-        item, {.policy = request_.policy ? request_.policy
-                                         : [](const NameClash&) { return ClashAnswer::keepBoth; },
-               .skipsSame = request_.skipsSame,
-               .ownPath = isOneFileSystem_ ? item.item.path : QString()});
+    return target.place(item, {.policy = request_.policy
+                                             ? request_.policy
+                                             : [](const Clash&) { return ClashAnswer::keepBoth; },
+                               .skipsSame = request_.skipsSame,
+                               .ownPath = isOneFileSystem_ ? item.item.path : QString()});
 }
 
 void TreeCopy::copyFolder(const ScannedItem& scanned, TargetFolder& target) {

@@ -1,8 +1,10 @@
 #include "transfer/local/LocalFileSystem.h"
 
+#include "base/local/TreeRemoval.h"
+#include "base/local/Unfinished.h"
 #include "base/text/PathNames.h"
 #include "base/threads/CancellationError.h"
-#include "transfer/local/LocalTreeRemoval.h"
+#include "base/values/FreeWith.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -42,12 +44,6 @@ FileItem itemOf(const struct stat& facts, const QString& name, const QString& pa
     const bool isFolder = S_ISDIR(facts.st_mode);
     return {name, path, isFolder, isFolder ? 0 : qint64{facts.st_size}, dateOf(facts)};
 }
-
-struct CloseFolder {
-    void operator()(DIR* folder) const {
-        ::closedir(folder);
-    }
-};
 
 /// renameat() that leaves a taken name alone, also where the file system has no such call.
 int renameToFreeName(int fromFolder, const QByteArray& from, int toFolder, const QByteArray& to) {
@@ -148,7 +144,7 @@ FileItem LocalFileSystem::itemAt(int folder, const QByteArray& diskName, const Q
 void LocalFileSystem::list(const QString& folder, const ListingReceiver& receiver,
                            const Call& call) {
     const FileHandle opened = base_.openForReading(folder);
-    const std::unique_ptr<DIR, CloseFolder> entries(::fdopendir(::dup(opened.get())));
+    const std::unique_ptr<DIR, FreeWith<::closedir>> entries(::fdopendir(::dup(opened.get())));
     if (!entries)
         throw localFailure(LocalError::cannotRead, folder, errno);
     std::vector<FileItem> rows;
@@ -261,6 +257,7 @@ FileItem LocalFileSystem::write(const NewFile& file, const ByteSource& content,
                                      permissions));
     if (!opened.isOpen()) // EINVAL: a character that this file system does not take
         throw localFailure(LocalError::cannotWrite, path, errno == EINVAL ? EILSEQ : errno);
+    const Unfinished unfinished(folder.get(), name);
     try {
         Bytes buffer(pieceSize);
         qint64 done = 0;
@@ -320,7 +317,9 @@ void LocalFileSystem::remove(const FileItem& item, const Call&) {
 void LocalFileSystem::removeTree(const FileItem& item, const Call& call) {
     const Place place = placeOf(item.path);
     requireKind(place, item);
-    removeLocalTree(place.folder, place.name, item.path, call.stop);
+    throwIfStopped(call.stop);
+    if (const int reason = removeTreeAt(place.folder.get(), place.name); reason != 0)
+        throw localFailure(LocalError::cannotDelete, item.path, reason);
 }
 
 FileItem LocalFileSystem::rename(const FileItem& item, const QString& newName, TakenName taken,
