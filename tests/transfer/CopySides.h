@@ -78,18 +78,17 @@ public:
 class FolderSide : public CopyEnd {
 public:
     void put(const QString& path, const QByteArray& content, const QDateTime& date) override {
-        disk.write(QStringLiteral("side/") + path, content);
+        disk_.write(inFolder(path), content);
         const timespec at{date.toSecsSinceEpoch(), 0};
         const timespec times[] = {at, at};
-        ::utimensat(AT_FDCWD, disk.path(QStringLiteral("side/") + path).toUtf8().constData(), times,
-                    0);
+        ::utimensat(AT_FDCWD, disk_.path(inFolder(path)).toUtf8().constData(), times, 0);
     }
     void putFolder(const QString& path) override {
-        disk.makeFolder(QStringLiteral("side/") + path);
+        disk_.makeFolder(inFolder(path));
     }
     [[nodiscard]] Contents contents() const override {
         Contents found;
-        const QString top = disk.path(QStringLiteral("side/"));
+        const QString top = disk_.path(inFolder({}));
         QDirIterator walk(top, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
                           QDirIterator::Subdirectories);
         while (walk.hasNext()) {
@@ -97,25 +96,40 @@ public:
             if (walk.fileInfo().isDir())
                 found[path + QLatin1Char('/')] = {};
             else
-                found[path] = disk.read(QStringLiteral("side/") + path);
+                found[path] = disk_.read(inFolder(path));
         }
         return found;
     }
 
 protected:
-    FolderSide() {
-        disk.makeFolder(QStringLiteral("side"));
+    /// `folder` of `disk`, which outlives this.
+    FolderSide(const TemporaryFolder& disk, QString folder)
+        : disk_(disk), folder_(std::move(folder)) {
+        disk_.makeFolder(folder_);
     }
+
+private:
+    [[nodiscard]] QString inFolder(const QString& path) const {
+        return folder_ + QLatin1Char('/') + path;
+    }
+
+    const TemporaryFolder& disk_;
+    const QString folder_;
+};
+
+struct OwnFolder {
     const TemporaryFolder disk;
 };
 
-class DiskSide final : public FolderSide {
+class DiskSide final : private OwnFolder, public FolderSide {
 public:
+    DiskSide() : FolderSide(disk, QStringLiteral("side")) {}
+
     [[nodiscard]] std::shared_ptr<PhoneFileSystem> files() override {
         return files_;
     }
     [[nodiscard]] QString root() const override {
-        return disk.path(QStringLiteral("side"));
+        return files_->folder();
     }
 
 private:

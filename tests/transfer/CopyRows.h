@@ -1,0 +1,184 @@
+#pragma once
+
+#include "support/QtPrinters.h"
+#include "transfer/CopySides.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tessary {
+
+/// Which ways a copy goes. Every row below is copied along each of them.
+struct Way {
+    const char* name;
+    std::function<std::unique_ptr<CopyEnd>()> source;
+    std::function<std::unique_ptr<CopyEnd>()> target;
+};
+
+inline void PrintTo(const Way& way, std::ostream* stream) {
+    *stream << way.name;
+}
+
+class TreeCopyOverWays : public testing::TestWithParam<Way> {};
+
+inline std::unique_ptr<CopyEnd> aDisk() {
+    return std::make_unique<DiskSide>();
+}
+
+struct Row {
+    const char* name;
+    Contents source;
+    Contents target;
+    ClashAnswer answer = ClashAnswer::keepBoth;
+    bool skipsSame = false;
+    int targetIsNewerBy = 0; ///< seconds
+    Contents expected;
+    qint64 copied = 0;
+    qint64 stayed = 0;
+    QStringList leftOut{};
+};
+
+TEST_P(TreeCopyOverWays, rows) {
+    const Contents tree{{s("a.txt"), "a"},   {s("dir/b.txt"), "bb"}, {s("dir/deep/film"), film},
+                        {s("dir/none"), ""}, {s("dir/empty/"), {}},  {s("dir/deep/"), {}},
+                        {s("dir/"), {}}};
+    const Contents old{{s("a.txt"), "old"}, {s("dir/"), {}}, {s("dir/b.txt"), "older"}};
+    const Contents coming{{s("a.txt"), "new"}, {s("dir/"), {}}, {s("dir/b.txt"), "newer"}};
+    Contents both = old;
+    both[s("a (2).txt")] = "new";
+    both[s("dir (2)/")] = {};
+    both[s("dir (2)/b.txt")] = "newer";
+    Contents merged = old;
+    merged[s("a (2).txt")] = "new";
+    merged[s("dir/b (2).txt")] = "newer";
+    const std::vector<Row> rows{
+        {.name = "a tree", .source = tree, .target = {}, .expected = tree, .copied = 4},
+        {.name = "both are kept", .source = coming, .target = old, .expected = both, .copied = 2},
+        {.name = "folders merge",
+         .source = coming,
+         .target = old,
+         .answer = ClashAnswer::merge,
+         .expected = merged,
+         .copied = 2},
+        {.name = "what is there stays",
+         .source = coming,
+         .target = old,
+         .answer = ClashAnswer::skip,
+         .expected = old,
+         .stayed = 2},
+        {.name = "replaced",
+         .source = coming,
+         .target = old,
+         .answer = ClashAnswer::replace,
+         .expected = coming,
+         .copied = 2},
+        {.name = "older ones are replaced",
+         .source = coming,
+         .target = old,
+         .answer = ClashAnswer::replaceOlder,
+         .targetIsNewerBy = -60,
+         .expected = coming,
+         .copied = 2},
+        {.name = "newer ones stay",
+         .source = coming,
+         .target = old,
+         .answer = ClashAnswer::replaceOlder,
+         .targetIsNewerBy = 60,
+         .expected = old,
+         .stayed = 2},
+        {.name = "only what is new",
+         .source = {{s("a.txt"), "same"}, {s("b.txt"), "new"}, {s("c.txt"), "longer"}},
+         .target = {{s("a.txt"), "same"}, {s("c.txt"), "short"}},
+         .skipsSame = true,
+         .expected = {{s("a.txt"), "same"},
+                      {s("b.txt"), "new"},
+                      {s("c.txt"), "short"},
+                      {s("c (2).txt"), "longer"}},
+         .copied = 2,
+         .stayed = 1},
+        {.name = "what was numbered before is not new",
+         .source = {{s("c.txt"), "longer"}},
+         .target = {{s("c.txt"), "short"}, {s("c (2).txt"), "longer"}},
+         .skipsSame = true,
+         .expected = {{s("c.txt"), "short"}, {s("c (2).txt"), "longer"}},
+         .stayed = 1},
+        {.name = "the same size at another time is not the same",
+         .source = {{s("a.txt"), "same"}},
+         .target = {{s("a.txt"), "else"}},
+         .answer = ClashAnswer::replace,
+         .skipsSame = true,
+         .targetIsNewerBy = 60,
+         .expected = {{s("a.txt"), "same"}},
+         .copied = 1},
+        {.name = "a file and a folder never replace each other",
+         .source = {{s("a"), "file"}, {s("b/"), {}}, {s("b/x"), "x"}, {s("c"), "c"}},
+         .target = {{s("a/"), {}}, {s("a/y"), "y"}, {s("b"), "file"}},
+         .answer = ClashAnswer::replace,
+         .expected = {{s("a/"), {}}, {s("a/y"), "y"}, {s("b"), "file"}, {s("c"), "c"}},
+         .copied = 1,
+         .leftOut = {s("a: folderInTheWay"), s("b: fileInTheWay")}},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        const auto source = GetParam().source();
+        const auto target = GetParam().target();
+        source->fill(row.source, noon);
+        target->fill(row.target, noon.addSecs(row.targetIsNewerBy));
+        TreeCopyRequest request = requestFor(*source, *target, row.answer);
+        request.skipsSame = row.skipsSame;
+        const CopyOutcome outcome = run(std::move(request));
+        EXPECT_EQ(outcome.failure ? outcome.failure->logText() : QString(), QString());
+        EXPECT_EQ(target->contents(), row.expected)
+            << target->contents().keys().join(u' ').toStdString();
+        EXPECT_EQ(source->contents(), row.source);
+        EXPECT_EQ(outcome.files, row.copied);
+        EXPECT_EQ(outcome.alreadyThere, row.stayed);
+        EXPECT_EQ(namesLeftOut(outcome), row.leftOut);
+        EXPECT_EQ(outcome.end() == CopyOutcome::End::done, row.leftOut.isEmpty());
+    }
+}
+
+TEST_P(TreeCopyOverWays, copiesHaveTheDateOfWhatTheyComeFrom) {
+    const auto source = GetParam().source();
+    const auto target = GetParam().target();
+    source->fill({{s("dir/"), {}}, {s("dir/a.txt"), "a"}}, noon);
+    EXPECT_EQ(run(requestFor(*source, *target, ClashAnswer::skip)).end(), CopyOutcome::End::done);
+    EXPECT_EQ(require(*target->files(), target->at(s("dir/a.txt")), {}).modifiedDate, noon);
+}
+
+TEST_P(TreeCopyOverWays, aMoveTakesTheSourceOnlyOnceItsCopyWasCompared) {
+    const auto source = GetParam().source();
+    const auto target = GetParam().target();
+    const Contents tree{
+        {s("dir/"), {}}, {s("dir/deep/"), {}}, {s("dir/deep/film"), film}, {s("a.txt"), "a"}};
+    source->fill(tree, noon);
+    TreeCopyRequest request = requestFor(*source, *target, ClashAnswer::skip);
+    request.removesSource = true;
+    EXPECT_EQ(run(std::move(request)).end(), CopyOutcome::End::done);
+    EXPECT_EQ(target->contents(), tree);
+    EXPECT_THAT(source->contents(), testing::IsEmpty());
+}
+
+TEST_P(TreeCopyOverWays, totalsAreKnownBeforeTheFirstByteAndReachedAtTheEnd) {
+    const auto source = GetParam().source();
+    const auto target = GetParam().target();
+    source->fill({{s("dir/"), {}}, {s("dir/film"), film}, {s("a.txt"), "a"}, {s("b.txt"), "b"}},
+                 noon);
+    target->fill({{s("b.txt"), "b"}}, noon);
+    TreeCopyRequest request = requestFor(*source, *target, ClashAnswer::skip);
+    std::vector<TransferProgress> seen;
+    (void)TreeCopy(std::move(request))
+        .run([&seen](const TransferProgress& progress) { seen.push_back(progress); }, {});
+    ASSERT_GE(seen.size(), 2U);
+    EXPECT_LT(seen.size(), 60U); // coalesced: there are hundreds of pieces
+    const auto known =
+        std::find_if(seen.begin(), seen.end(), [](const auto& one) { return one.totalFiles == 3; });
+    ASSERT_NE(known, seen.end());
+    EXPECT_EQ(known->totalBytes, film.size() + 2);
+    EXPECT_EQ(known->completedBytes, 0);
+    EXPECT_EQ(seen.back().totalFiles, 2); // one stayed
+    EXPECT_EQ(seen.back().completedFiles, 2);
+    EXPECT_EQ(seen.back().completedBytes, seen.back().totalBytes);
+}
+
+} // namespace tessary
