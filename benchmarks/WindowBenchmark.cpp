@@ -6,10 +6,10 @@
 // QT_QPA_PLATFORM=offscreen, or on a display: WindowBenchmark [idle seconds]
 
 #include "app/TessaryApp.h"
-#include "base/threads/StallWatch.h"
 #include "platform/process/QtProcessRunner.h"
 #include "simulator/faults/FaultyAndroid.h"
 #include "support/PluggedPhone.h"
+#include "support/StallWatch.h"
 #include "views/common/AppStyle.h"
 #include "views/common/Icons.h"
 #include "views/window/MainWindow.h"

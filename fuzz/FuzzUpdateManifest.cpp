@@ -1,5 +1,5 @@
 #include "FuzzTarget.h"
-#include "app/UpdateInfo.h"
+#include "app/updates/UpdateInfo.h"
 
 using namespace tessary;
 

@@ -28,7 +28,7 @@ void AppDelegate::terminateWithoutMainWindow() {
     const bool hasMain = std::ranges::any_of(windows_.windows(), [](const AppWindow& window) {
         return window.isVisible && window.canBecomeMain && !window.isPanel;
     });
-    if (!hasMain && applicationShouldTerminateAfterLastWindowClosed())
+    if (!hasMain)
         windows_.terminate();
 }
 

@@ -49,10 +49,6 @@ public:
     /// Whenever a window is about to close. The check comes after that, when it is gone.
     void windowWillClose();
 
-    [[nodiscard]] static constexpr bool applicationShouldTerminateAfterLastWindowClosed() {
-        return true;
-    }
-
     /// The program was started again.
     void reopen() {
         windows_.activate();

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/FavoritesManager.h"
 #include "app/LanguageManager.h"
-#include "app/UpdateCheckerService.h"
+#include "app/favorites/FavoritesManager.h"
+#include "app/updates/UpdateCheckerService.h"
 #include "devices/files/DeviceFileService.h"
 #include "devices/list/DeviceManager.h"
 #include "platform/desktop/Notifier.h"
@@ -87,14 +87,6 @@ public:
     /// What was dragged out of the windows.
     [[nodiscard]] OnDemandMount& promisedFiles() {
         return promisedFiles_;
-    }
-    /// Whether the notice that nothing newer was found is due; false puts it away.
-    [[nodiscard]] bool showUpToDateAlertBinding() const {
-        return updateChecker_.showUpToDateAlert();
-    }
-    void setShowUpToDateAlertBinding(bool shown) {
-        if (!shown)
-            updateChecker_.dismissUpToDateAlert();
     }
     [[nodiscard]] const TessaryAppSetup& setup() const {
         return setup_;

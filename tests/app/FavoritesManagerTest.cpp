@@ -1,4 +1,4 @@
-#include "app/FavoritesManager.h"
+#include "app/favorites/FavoritesManager.h"
 #include "platform/settings/MemoryUserDefaults.h"
 #include "support/QtPrinters.h"
 

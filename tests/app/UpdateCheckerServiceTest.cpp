@@ -1,4 +1,4 @@
-#include "app/UpdateCheckerService.h"
+#include "app/updates/UpdateCheckerService.h"
 #include "platform/http/QtHttpClient.h"
 #include "platform/settings/MemoryUserDefaults.h"
 #include "support/MainLoop.h"

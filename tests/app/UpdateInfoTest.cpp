@@ -1,4 +1,4 @@
-#include "app/UpdateInfo.h"
+#include "app/updates/UpdateInfo.h"
 #include "support/QtPrinters.h"
 
 #include <gmock/gmock.h>

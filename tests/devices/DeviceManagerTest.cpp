@@ -1,8 +1,8 @@
 #include "devices/list/DeviceManager.h"
-#include "base/threads/StallWatch.h"
 #include "devices/DeviceManagerFixture.h"
 #include "devices/files/DeviceFileService.h"
 #include "support/FakeProcessRunner.h"
+#include "support/StallWatch.h"
 
 namespace tessary {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/threads/StallWatch.h"
+#include "support/StallWatch.h"
 #include "tour/TourPhones.h"
 #include "views/window/MainWindow.h"
 

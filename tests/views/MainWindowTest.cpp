@@ -1,5 +1,5 @@
 #include "WindowFixture.h"
-#include "base/threads/StallWatch.h"
+#include "support/StallWatch.h"
 
 #include <QLineEdit>
 

@@ -1,6 +1,6 @@
 #include "WindowFixture.h"
-#include "base/threads/StallWatch.h"
 #include "simulator/content/DemoMedia.h"
+#include "support/StallWatch.h"
 #include "views/browser/ThumbnailStore.h"
 #include "views/dialogs/PictureView.h"
 #include "views/dialogs/PreviewWindow.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/UpdateCheckerService.h"
+#include "app/updates/UpdateCheckerService.h"
 
 #include <QMessageBox>
 #include <QPointer>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/FavoritesManager.h"
+#include "app/favorites/FavoritesManager.h"
 #include "phone/FileAccess.h"
 #include "phone/records/DeviceInfo.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/UpdateInfo.h"
+#include "app/updates/UpdateInfo.h"
 #include "platform/http/HttpClient.h"
 #include "platform/settings/UserDefaults.h"
 

@@ -1,4 +1,4 @@
-#include "app/UpdateCheckerService.h"
+#include "app/updates/UpdateCheckerService.h"
 
 #include "base/log/DiagnosticsLogger.h"
 #include "base/log/Product.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/DeviceFavorite.h"
+#include "app/favorites/DeviceFavorite.h"
 #include "platform/settings/UserDefaults.h"
 
 #include <QObject>

@@ -1,4 +1,4 @@
-#include "app/UpdateInfo.h"
+#include "app/updates/UpdateInfo.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>

@@ -1,4 +1,4 @@
-#include "app/DeviceFavorite.h"
+#include "app/favorites/DeviceFavorite.h"
 
 #include <QJsonObject>
 #include <QTimeZone>
