@@ -12,10 +12,6 @@
         <translation>Vorwärts</translation>
     </message>
     <message>
-        <source>Enclosing Folder</source>
-        <translation>Übergeordneter Ordner</translation>
-    </message>
-    <message>
         <source>Go to Folder…</source>
         <translation>Gehe zu Ordner …</translation>
     </message>
@@ -80,12 +76,16 @@
         <translation>Abgleich</translation>
     </message>
     <message>
-        <source>Quick Look</source>
-        <translation>Vorschau</translation>
-    </message>
-    <message>
         <source>Properties</source>
         <translation>Eigenschaften</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>Übergeordneter Ordner</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>Vorschau</translation>
     </message>
 </context>
 <context>
@@ -1182,15 +1182,15 @@
     </message>
     <message>
         <source>a link to a folder</source>
-        <translation>ein Link auf einen Ordner</translation>
+        <translation>eine Verknüpfung auf einen Ordner</translation>
     </message>
     <message>
         <source>a link that leads nowhere</source>
-        <translation>ein Link, der nirgendwohin führt</translation>
+        <translation>eine Verknüpfung, die nirgendwohin führt</translation>
     </message>
     <message>
         <source>a link</source>
-        <translation>ein Link</translation>
+        <translation>eine Verknüpfung</translation>
     </message>
     <message>
         <source>not a regular file</source>
@@ -1891,10 +1891,6 @@
         <translation>Vielleicht wurde er auf dem Telefon gelöscht oder verschoben.</translation>
     </message>
     <message>
-        <source>Enclosing Folder</source>
-        <translation>Übergeordneter Ordner</translation>
-    </message>
-    <message>
         <source>Connection Failed</source>
         <translation>Verbindung fehlgeschlagen</translation>
     </message>
@@ -1994,6 +1990,10 @@
     <message>
         <source>Into “%1”</source>
         <translation>In „%1“</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>Übergeordneter Ordner</translation>
     </message>
 </context>
 <context>
@@ -2132,10 +2132,6 @@
         <translation>Nächste Seite</translation>
     </message>
     <message>
-        <source>Quick Look</source>
-        <translation>Vorschau</translation>
-    </message>
-    <message>
         <source>“%1” is too large for a preview. Copy it to this computer first.</source>
         <translation>„%1“ ist zu groß für eine Vorschau. Kopieren Sie es zuerst auf diesen Computer.</translation>
     </message>
@@ -2150,6 +2146,10 @@
     <message>
         <source>Page %1 of %2</source>
         <translation>Seite %1 von %2</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>Vorschau</translation>
     </message>
 </context>
 <context>

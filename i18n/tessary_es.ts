@@ -12,10 +12,6 @@
         <translation>Adelante</translation>
     </message>
     <message>
-        <source>Enclosing Folder</source>
-        <translation>Carpeta contenedora</translation>
-    </message>
-    <message>
         <source>Go to Folder…</source>
         <translation>Ir a la carpeta…</translation>
     </message>
@@ -80,12 +76,16 @@
         <translation>Sincronización</translation>
     </message>
     <message>
-        <source>Quick Look</source>
-        <translation>Vista rápida</translation>
-    </message>
-    <message>
         <source>Properties</source>
         <translation>Propiedades</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>Carpeta superior</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>Vista previa</translation>
     </message>
 </context>
 <context>
@@ -1226,7 +1226,7 @@
     </message>
     <message>
         <source>The phone is busy with another copy. Try again when that one is done.</source>
-        <translation>El teléfono está ocupado con otra copia. Inténtelo de nuevo cuando termine.</translation>
+        <translation>El teléfono está ocupado con otra copia. Inténtalo de nuevo cuando termine.</translation>
     </message>
     <message>
         <source>no phone was chosen</source>
@@ -1258,7 +1258,7 @@
     </message>
     <message>
         <source>The phone cannot move files from one storage to another. Copy them instead.</source>
-        <translation>El teléfono no puede mover archivos de un almacenamiento a otro. Cópielos en su lugar.</translation>
+        <translation>El teléfono no puede mover archivos de un almacenamiento a otro. Cópialos en su lugar.</translation>
     </message>
     <message>
         <source>A folder has no preview.</source>
@@ -1378,7 +1378,7 @@
     </message>
     <message>
         <source>%1 changed while the folder was being read. Sync again.</source>
-        <translation>%1 cambió mientras se leía la carpeta. Sincronice de nuevo.</translation>
+        <translation>%1 cambió mientras se leía la carpeta. Sincroniza de nuevo.</translation>
     </message>
     <message>
         <source>The phone lists the folder %1 inside itself.</source>
@@ -1406,7 +1406,7 @@
     </message>
     <message>
         <source>The name &quot;%1&quot; cannot be used on this computer. Rename it on the phone first.</source>
-        <translation>El nombre «%1» no se puede usar en este ordenador. Cámbielo primero en el teléfono.</translation>
+        <translation>El nombre «%1» no se puede usar en este ordenador. Cámbialo primero en el teléfono.</translation>
     </message>
     <message>
         <source>No MTP handle for file %1</source>
@@ -1414,7 +1414,7 @@
     </message>
     <message>
         <source>%1 became shorter while it was being copied. Copy it again.</source>
-        <translation>%1 se acortó mientras se copiaba. Cópielo de nuevo.</translation>
+        <translation>%1 se acortó mientras se copiaba. Cópialo de nuevo.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; has appeared on the phone meanwhile.</source>
@@ -1434,7 +1434,7 @@
     </message>
     <message>
         <source>&quot;%1&quot; is already on the phone, and this phone cannot replace files. Delete or rename the old one first.</source>
-        <translation>«%1» ya está en el teléfono y este no puede reemplazar archivos. Elimine o renombre primero el antiguo.</translation>
+        <translation>«%1» ya está en el teléfono y este no puede reemplazar archivos. Elimina o renombra primero el antiguo.</translation>
     </message>
     <message>
         <source>The new &quot;%1&quot; is on the phone under the name &quot;%2&quot;: it could not be renamed (%3).</source>
@@ -1538,7 +1538,7 @@
     </message>
     <message>
         <source>%1 changed while it was being copied. Copy it again.</source>
-        <translation>%1 cambió mientras se copiaba. Cópielo de nuevo.</translation>
+        <translation>%1 cambió mientras se copiaba. Cópialo de nuevo.</translation>
     </message>
     <message>
         <source>%1 has appeared on the device meanwhile.</source>
@@ -1891,10 +1891,6 @@
         <translation>Puede que se haya eliminado o movido en el teléfono.</translation>
     </message>
     <message>
-        <source>Enclosing Folder</source>
-        <translation>Carpeta contenedora</translation>
-    </message>
-    <message>
         <source>Connection Failed</source>
         <translation>Error de conexión</translation>
     </message>
@@ -1994,6 +1990,10 @@
     <message>
         <source>Into “%1”</source>
         <translation>En «%1»</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>Carpeta superior</translation>
     </message>
 </context>
 <context>
@@ -2132,10 +2132,6 @@
         <translation>Página siguiente</translation>
     </message>
     <message>
-        <source>Quick Look</source>
-        <translation>Vista rápida</translation>
-    </message>
-    <message>
         <source>“%1” is too large for a preview. Copy it to this computer first.</source>
         <translation>«%1» es demasiado grande para una vista previa. Cópialo antes a este ordenador.</translation>
     </message>
@@ -2150,6 +2146,10 @@
     <message>
         <source>Page %1 of %2</source>
         <translation>Página %1 de %2</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>Vista previa</translation>
     </message>
 </context>
 <context>

@@ -12,10 +12,6 @@
         <translation>Avanti</translation>
     </message>
     <message>
-        <source>Enclosing Folder</source>
-        <translation>Cartella superiore</translation>
-    </message>
-    <message>
         <source>Go to Folder…</source>
         <translation>Vai alla cartella…</translation>
     </message>
@@ -80,12 +76,16 @@
         <translation>Sincronizzazione</translation>
     </message>
     <message>
-        <source>Quick Look</source>
-        <translation>Anteprima rapida</translation>
-    </message>
-    <message>
         <source>Properties</source>
         <translation>Proprietà</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>Cartella superiore</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>Anteprima</translation>
     </message>
 </context>
 <context>
@@ -114,7 +114,7 @@
     </message>
     <message>
         <source>“%1” is already there.</source>
-        <translation>“%1” esiste già.</translation>
+        <translation>«%1» esiste già.</translation>
     </message>
     <message>
         <source>New: %1</source>
@@ -157,11 +157,11 @@
     </message>
     <message>
         <source>It needs at least %1, and %2 are free in “%3”.</source>
-        <translation>Servono almeno %1, e in “%3” sono liberi %2.</translation>
+        <translation>Servono almeno %1, e in «%3» sono liberi %2.</translation>
     </message>
     <message>
         <source>It needs %1, and %2 are free in “%3”.</source>
-        <translation>Servono %1, e in “%3” sono liberi %2.</translation>
+        <translation>Servono %1, e in «%3» sono liberi %2.</translation>
     </message>
     <message>
         <source>Copy Anyway</source>
@@ -1610,11 +1610,11 @@
     </message>
     <message>
         <source>&quot;%1&quot; is on the phone, which takes &quot;%2&quot; for the same name. Rename one of the two first.</source>
-        <translation>“%1” è sul telefono, che considera “%2” lo stesso nome. Rinomina prima uno dei due.</translation>
+        <translation>«%1» è sul telefono, che considera «%2» lo stesso nome. Rinomina prima uno dei due.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; has changed on the phone meanwhile. It was kept.</source>
-        <translation>“%1” nel frattempo è cambiato sul telefono. È stato conservato.</translation>
+        <translation>«%1» nel frattempo è cambiato sul telefono. È stato conservato.</translation>
     </message>
     <message>
         <source>adb ended with status %1.</source>
@@ -1891,10 +1891,6 @@
         <translation>Forse è stata eliminata o spostata sul telefono.</translation>
     </message>
     <message>
-        <source>Enclosing Folder</source>
-        <translation>Cartella superiore</translation>
-    </message>
-    <message>
         <source>Connection Failed</source>
         <translation>Connessione non riuscita</translation>
     </message>
@@ -1993,7 +1989,11 @@
     </message>
     <message>
         <source>Into “%1”</source>
-        <translation>In “%1”</translation>
+        <translation>In «%1»</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>Cartella superiore</translation>
     </message>
 </context>
 <context>
@@ -2132,12 +2132,8 @@
         <translation>Pagina successiva</translation>
     </message>
     <message>
-        <source>Quick Look</source>
-        <translation>Anteprima rapida</translation>
-    </message>
-    <message>
         <source>“%1” is too large for a preview. Copy it to this computer first.</source>
-        <translation>“%1” è troppo grande per un’anteprima. Copialo prima su questo computer.</translation>
+        <translation>«%1» è troppo grande per un’anteprima. Copialo prima su questo computer.</translation>
     </message>
     <message>
         <source>It cannot be shown: it is damaged, too large or protected.</source>
@@ -2150,6 +2146,10 @@
     <message>
         <source>Page %1 of %2</source>
         <translation>Pagina %1 di %2</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>Anteprima</translation>
     </message>
 </context>
 <context>
@@ -2611,7 +2611,7 @@
     <name>tessary::TransferNotice</name>
     <message>
         <source>“%1” is copied.</source>
-        <translation>“%1” è stato copiato.</translation>
+        <translation>«%1» è stato copiato.</translation>
     </message>
     <message numerus="yes">
         <source>%Ln items are copied.</source>
@@ -2622,7 +2622,7 @@
     </message>
     <message>
         <source>“%1” was not copied.</source>
-        <translation>“%1” non è stato copiato.</translation>
+        <translation>«%1» non è stato copiato.</translation>
     </message>
     <message numerus="yes">
         <source>%Ln of %1 items were not copied.</source>

@@ -12,10 +12,6 @@
         <translation>進む</translation>
     </message>
     <message>
-        <source>Enclosing Folder</source>
-        <translation>上のフォルダ</translation>
-    </message>
-    <message>
         <source>Go to Folder…</source>
         <translation>フォルダへ移動…</translation>
     </message>
@@ -80,12 +76,16 @@
         <translation>同期</translation>
     </message>
     <message>
-        <source>Quick Look</source>
-        <translation>クイックルック</translation>
-    </message>
-    <message>
         <source>Properties</source>
         <translation>プロパティ</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>上のフォルダ</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>プレビュー</translation>
     </message>
 </context>
 <context>
@@ -1137,7 +1137,7 @@
     </message>
     <message>
         <source>The phone does not answer on the network.</source>
-        <translation>電話がネットワーク上で応答しません。</translation>
+        <translation>デバイスがネットワーク上で応答しません。</translation>
     </message>
     <message>
         <source>This computer&apos;s adb is too old to pair: version 30 or newer is needed.</source>
@@ -1145,7 +1145,7 @@
     </message>
     <message>
         <source>Allow this computer on the phone, then connect again.</source>
-        <translation>電話でこのコンピュータを許可してから、もう一度接続してください。</translation>
+        <translation>デバイスでこのコンピュータを許可してから、もう一度接続してください。</translation>
     </message>
     <message>
         <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
@@ -1177,7 +1177,7 @@
     </message>
     <message>
         <source>the phone did not put it in the place of the old file.</source>
-        <translation>電話が古いファイルと置き換えませんでした。</translation>
+        <translation>デバイスが古いファイルと置き換えませんでした。</translation>
     </message>
     <message>
         <source>a link to a folder</source>
@@ -1217,7 +1217,7 @@
     </message>
     <message>
         <source>the phone lists this folder inside itself</source>
-        <translation>電話がこのフォルダをそれ自身の中に表示しています</translation>
+        <translation>デバイスがこのフォルダをそれ自身の中に表示しています</translation>
     </message>
     <message>
         <source>its folder could not be made</source>
@@ -1225,11 +1225,11 @@
     </message>
     <message>
         <source>The phone is busy with another copy. Try again when that one is done.</source>
-        <translation>電話は別のコピーを実行中です。終わってからもう一度お試しください。</translation>
+        <translation>デバイスは別のコピーを実行中です。終わってからもう一度お試しください。</translation>
     </message>
     <message>
         <source>no phone was chosen</source>
-        <translation>電話が選択されていません</translation>
+        <translation>デバイスが選択されていません</translation>
     </message>
     <message>
         <source>folders are copied, not dragged</source>
@@ -1237,7 +1237,7 @@
     </message>
     <message>
         <source>it is still being copied from the phone</source>
-        <translation>まだ電話からコピー中です</translation>
+        <translation>まだデバイスからコピー中です</translation>
     </message>
     <message>
         <source>a name cannot be empty</source>
@@ -1257,7 +1257,7 @@
     </message>
     <message>
         <source>The phone cannot move files from one storage to another. Copy them instead.</source>
-        <translation>電話は別のストレージへファイルを移動できません。代わりにコピーしてください。</translation>
+        <translation>デバイスは別のストレージへファイルを移動できません。代わりにコピーしてください。</translation>
     </message>
     <message>
         <source>A folder has no preview.</source>
@@ -1381,7 +1381,7 @@
     </message>
     <message>
         <source>The phone lists the folder %1 inside itself.</source>
-        <translation>電話がフォルダ %1 をそれ自身の中に表示しています。</translation>
+        <translation>デバイスがフォルダ %1 をそれ自身の中に表示しています。</translation>
     </message>
     <message>
         <source>%1 holds &quot;%2&quot;, which is no name of a file.</source>
@@ -1397,15 +1397,15 @@
     </message>
     <message>
         <source>The phone does not tell what %1 is.</source>
-        <translation>電話が %1 の種類を返しません。</translation>
+        <translation>デバイスが %1 の種類を返しません。</translation>
     </message>
     <message>
         <source>The name &quot;%1&quot; cannot be used on this computer. Rename the folder on the phone first.</source>
-        <translation>名前「%1」はこのコンピュータでは使えません。先に電話でフォルダの名前を変更してください。</translation>
+        <translation>名前「%1」はこのコンピュータでは使えません。先にデバイスでフォルダの名前を変更してください。</translation>
     </message>
     <message>
         <source>The name &quot;%1&quot; cannot be used on this computer. Rename it on the phone first.</source>
-        <translation>名前「%1」はこのコンピュータでは使えません。先に電話で名前を変更してください。</translation>
+        <translation>名前「%1」はこのコンピュータでは使えません。先にデバイスで名前を変更してください。</translation>
     </message>
     <message>
         <source>No MTP handle for file %1</source>
@@ -1417,35 +1417,35 @@
     </message>
     <message>
         <source>&quot;%1&quot; has appeared on the phone meanwhile.</source>
-        <translation>その間に「%1」が電話に現れました。</translation>
+        <translation>その間に「%1」がデバイスに現れました。</translation>
     </message>
     <message>
         <source>A folder named &quot;%1&quot; is already on the phone.</source>
-        <translation>「%1」という名前のフォルダが既に電話にあります。</translation>
+        <translation>「%1」という名前のフォルダがすでにデバイスにあります。</translation>
     </message>
     <message>
         <source>A file named &quot;%1&quot; is already on the phone.</source>
-        <translation>「%1」という名前のファイルが既に電話にあります。</translation>
+        <translation>「%1」という名前のファイルがすでにデバイスにあります。</translation>
     </message>
     <message>
         <source>The phone does not show the new &quot;%1&quot;. The old one was kept.</source>
-        <translation>電話に新しい「%1」が表示されません。古いものは残されています。</translation>
+        <translation>デバイスに新しい「%1」が表示されません。古いものは残されています。</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is already on the phone, and this phone cannot replace files. Delete or rename the old one first.</source>
-        <translation>「%1」は既に電話にあり、この電話はファイルを置き換えられません。先に古いものを削除するか名前を変更してください。</translation>
+        <translation>「%1」はすでにデバイスにあり、このデバイスはファイルを置き換えられません。先に古いものを削除するか名前を変更してください。</translation>
     </message>
     <message>
         <source>The new &quot;%1&quot; is on the phone under the name &quot;%2&quot;: it could not be renamed (%3).</source>
-        <translation>新しい「%1」は「%2」という名前で電話にあります。名前を変更できませんでした (%3)。</translation>
+        <translation>新しい「%1」は「%2」という名前でデバイスにあります。名前を変更できませんでした (%3)。</translation>
     </message>
     <message>
         <source>The phone does not show the new folder &quot;%1&quot;.</source>
-        <translation>電話に新しいフォルダ「%1」が表示されません。</translation>
+        <translation>デバイスに新しいフォルダ「%1」が表示されません。</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is already there</source>
-        <translation>「%1」は既にあります</translation>
+        <translation>「%1」はすでにあります</translation>
     </message>
     <message>
         <source>%1 of %2 files was not copied: %3</source>
@@ -1497,7 +1497,7 @@
     </message>
     <message>
         <source>The folder %1 is gone, although it was synced before. Is its disk missing? Going on makes a new, empty folder.</source>
-        <translation>同期済みのフォルダ %1 がありません。ディスクが接続されていないのではありませんか? 続けると、空のフォルダが新しく作成されます。</translation>
+        <translation>同期済みのフォルダ %1 がありません。ディスクが接続されていないのではありませんか？続けると、空のフォルダが新しく作成されます。</translation>
     </message>
     <message>
         <source>The folder %1 is missing.</source>
@@ -1505,11 +1505,11 @@
     </message>
     <message>
         <source>The folder on this computer is empty, although %1 files were in it after the last sync. Is its disk missing?</source>
-        <translation>前回の同期後に %1 個のファイルがあったのに、このコンピュータのフォルダは空です。ディスクが接続されていないのではありませんか?</translation>
+        <translation>前回の同期後に %1 個のファイルがあったのに、このコンピュータのフォルダは空です。ディスクが接続されていないのではありませんか？</translation>
     </message>
     <message>
         <source>The folder on the device is empty, although %1 files were in it after the last sync. Is its memory card missing?</source>
-        <translation>前回の同期後に %1 個のファイルがあったのに、デバイスのフォルダは空です。メモリカードが入っていないのではありませんか?</translation>
+        <translation>前回の同期後に %1 個のファイルがあったのに、デバイスのフォルダは空です。メモリカードが入っていないのではありませんか？</translation>
     </message>
     <message>
         <source>%1 of the %2 files of the last sync would be deleted.</source>
@@ -1537,7 +1537,7 @@
     </message>
     <message>
         <source>%1 changed while it was being copied. Copy it again.</source>
-        <translation>“%1”はコピー中に変更されました。もう一度コピーしてください。</translation>
+        <translation>「%1」はコピー中に変更されました。もう一度コピーしてください。</translation>
     </message>
     <message>
         <source>%1 has appeared on the device meanwhile.</source>
@@ -1573,7 +1573,7 @@
     </message>
     <message>
         <source>The phone did not delete %1.</source>
-        <translation>電話は %1 を削除しませんでした。</translation>
+        <translation>デバイスは %1 を削除しませんでした。</translation>
     </message>
     <message>
         <source>The folder %1 cannot be made on the phone. %2</source>
@@ -1605,15 +1605,15 @@
     </message>
     <message>
         <source>the phone did not put it in the place of the old file. %1</source>
-        <translation>電話が古いファイルと置き換えませんでした。%1</translation>
+        <translation>デバイスが古いファイルと置き換えませんでした。%1</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is on the phone, which takes &quot;%2&quot; for the same name. Rename one of the two first.</source>
-        <translation>“%1”が電話にあり、電話は“%2”を同じ名前とみなします。先にどちらかの名前を変更してください。</translation>
+        <translation>「%1」がデバイスにあり、デバイスは「%2」を同じ名前とみなします。先にどちらかの名前を変更してください。</translation>
     </message>
     <message>
         <source>&quot;%1&quot; has changed on the phone meanwhile. It was kept.</source>
-        <translation>“%1”はその間に電話で変更されました。そのまま残しました。</translation>
+        <translation>「%1」はその間にデバイスで変更されました。そのまま残しました。</translation>
     </message>
     <message>
         <source>adb ended with status %1.</source>
@@ -1677,7 +1677,7 @@
     </message>
     <message>
         <source>Failed to drag out %1: %2</source>
-        <translation>“%1”をウインドウの外にドラッグできませんでした: %2</translation>
+        <translation>「%1」をウインドウの外にドラッグできませんでした: %2</translation>
     </message>
     <message>
         <source>Failed to check for updates (%1). Please try again later.</source>
@@ -1745,7 +1745,7 @@
     </message>
     <message>
         <source>adb could not reach the phone: %1</source>
-        <translation>adbが電話に接続できませんでした: %1</translation>
+        <translation>adbがデバイスに接続できませんでした: %1</translation>
     </message>
 </context>
 <context>
@@ -1889,10 +1889,6 @@
         <translation>デバイス上で削除または移動された可能性があります。</translation>
     </message>
     <message>
-        <source>Enclosing Folder</source>
-        <translation>上のフォルダ</translation>
-    </message>
-    <message>
         <source>Connection Failed</source>
         <translation>接続に失敗しました</translation>
     </message>
@@ -1989,6 +1985,10 @@
     <message>
         <source>Into “%1”</source>
         <translation>「%1」へ</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>上のフォルダ</translation>
     </message>
 </context>
 <context>
@@ -2096,11 +2096,11 @@
     <name>tessary::ModeSwitch</name>
     <message>
         <source>Works with every phone, nothing to set up.</source>
-        <translation>どの電話でも設定なしで使えます。</translation>
+        <translation>どのデバイスでも設定なしで使えます。</translation>
     </message>
     <message>
         <source>Faster and sees more. Needs USB debugging on the phone.</source>
-        <translation>高速で、より多くの項目を表示します。電話のUSBデバッグが必要です。</translation>
+        <translation>高速で、より多くの項目を表示します。デバイスのUSBデバッグが必要です。</translation>
     </message>
 </context>
 <context>
@@ -2126,10 +2126,6 @@
         <translation>次のページ</translation>
     </message>
     <message>
-        <source>Quick Look</source>
-        <translation>クイックルック</translation>
-    </message>
-    <message>
         <source>“%1” is too large for a preview. Copy it to this computer first.</source>
         <translation>「%1」は大きすぎてプレビューできません。先にこのコンピュータへコピーしてください。</translation>
     </message>
@@ -2144,6 +2140,10 @@
     <message>
         <source>Page %1 of %2</source>
         <translation>%1 / %2ページ</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>プレビュー</translation>
     </message>
 </context>
 <context>
@@ -2373,7 +2373,7 @@
     </message>
     <message>
         <source>Stop keeping these folders in step?</source>
-        <translation>これらのフォルダの同期をやめますか?</translation>
+        <translation>これらのフォルダの同期をやめますか？</translation>
     </message>
     <message>
         <source>No file is deleted on either side.</source>
@@ -2557,7 +2557,7 @@
     </message>
     <message>
         <source>Delete Files?</source>
-        <translation>ファイルを削除しますか?</translation>
+        <translation>ファイルを削除しますか？</translation>
     </message>
     <message numerus="yes">
         <source>%Ln files were deleted on one side. Delete them on the other, too?</source>
@@ -2794,11 +2794,11 @@
     </message>
     <message>
         <source>Phones on this network on which wireless debugging is switched on.</source>
-        <translation>このネットワークでワイヤレスデバッグがオンになっている電話です。</translation>
+        <translation>このネットワークでワイヤレスデバッグがオンになっているデバイスです。</translation>
     </message>
     <message>
         <source>Looking for phones…</source>
-        <translation>電話を探しています…</translation>
+        <translation>デバイスを探しています…</translation>
     </message>
     <message>
         <source>Search Again</source>
@@ -2810,15 +2810,15 @@
     </message>
     <message>
         <source>This computer cannot look for phones on the network: the service for it (avahi-daemon) does not run.</source>
-        <translation>このコンピュータではネットワーク上の電話を探せません。必要なサービス (avahi-daemon) が動作していません。</translation>
+        <translation>このコンピュータではネットワーク上のデバイスを探せません。必要なサービス (avahi-daemon) が動作していません。</translation>
     </message>
     <message>
         <source>On the phone, switch on wireless debugging in the developer options. It must be on the same network as this computer.</source>
-        <translation>電話の開発者向けオプションでワイヤレスデバッグをオンにしてください。このコンピュータと同じネットワークに接続されている必要があります。</translation>
+        <translation>デバイスの開発者向けオプションでワイヤレスデバッグをオンにしてください。このコンピュータと同じネットワークに接続されている必要があります。</translation>
     </message>
     <message>
         <source>A phone that waits to be paired shows a code of six digits.</source>
-        <translation>ペア設定を待っている電話には6桁のコードが表示されます。</translation>
+        <translation>ペア設定を待っているデバイスには6桁のコードが表示されます。</translation>
     </message>
     <message>
         <source>Pair…</source>
@@ -2830,7 +2830,7 @@
     </message>
     <message>
         <source>The six digits that the phone shows:</source>
-        <translation>電話に表示されている6桁の数字:</translation>
+        <translation>デバイスに表示されている6桁の数字:</translation>
     </message>
     <message>
         <source>Pair</source>

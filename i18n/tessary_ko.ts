@@ -12,10 +12,6 @@
         <translation>앞으로</translation>
     </message>
     <message>
-        <source>Enclosing Folder</source>
-        <translation>상위 폴더</translation>
-    </message>
-    <message>
         <source>Go to Folder…</source>
         <translation>폴더로 이동…</translation>
     </message>
@@ -80,12 +76,16 @@
         <translation>동기화</translation>
     </message>
     <message>
-        <source>Quick Look</source>
-        <translation>훑어보기</translation>
-    </message>
-    <message>
         <source>Properties</source>
         <translation>속성</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>상위 폴더</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>미리 보기</translation>
     </message>
 </context>
 <context>
@@ -347,7 +347,7 @@
     </message>
     <message>
         <source>This user may not open the phone&apos;s USB device.</source>
-        <translation>이 사용자는 휴대폰의 USB 장치를 열 수 없습니다.</translation>
+        <translation>이 사용자는 휴대폰의 USB 기기를 열 수 없습니다.</translation>
     </message>
     <message>
         <source>Install the udev rule that comes with Tessary, then plug the phone in again.</source>
@@ -379,7 +379,7 @@
     </message>
     <message>
         <source>The storage of the phone is not available.</source>
-        <translation>휴대폰의 저장 공간을 사용할 수 없습니다.</translation>
+        <translation>휴대폰의 저장소를 사용할 수 없습니다.</translation>
     </message>
     <message>
         <source>The phone ended the connection.</source>
@@ -599,7 +599,7 @@
     </message>
     <message>
         <source>The storage of the phone is full.</source>
-        <translation>휴대폰의 저장 공간이 가득 찼습니다.</translation>
+        <translation>휴대폰의 저장소가 가득 찼습니다.</translation>
     </message>
     <message>
         <source>the storage of the phone is full</source>
@@ -833,7 +833,7 @@
     </message>
     <message>
         <source>This user may not open the phone&apos;s USB device.</source>
-        <translation>이 사용자는 휴대폰의 USB 장치를 열 수 없습니다.</translation>
+        <translation>이 사용자는 휴대폰의 USB 기기를 열 수 없습니다.</translation>
     </message>
     <message>
         <source>Install the udev rule that comes with Tessary, then plug the phone in again.</source>
@@ -841,7 +841,7 @@
     </message>
     <message>
         <source>The storage of the phone is full.</source>
-        <translation>휴대폰의 저장 공간이 가득 찼습니다.</translation>
+        <translation>휴대폰의 저장소가 가득 찼습니다.</translation>
     </message>
     <message>
         <source>Delete something on the phone, or copy less.</source>
@@ -849,7 +849,7 @@
     </message>
     <message>
         <source>This storage of the phone is read-only.</source>
-        <translation>이 저장 공간은 읽기 전용입니다.</translation>
+        <translation>이 저장소는 읽기 전용입니다.</translation>
     </message>
     <message>
         <source>Choose another folder.</source>
@@ -869,7 +869,7 @@
     </message>
     <message>
         <source>The storage of the phone is not available.</source>
-        <translation>휴대폰의 저장 공간을 사용할 수 없습니다.</translation>
+        <translation>휴대폰의 저장소를 사용할 수 없습니다.</translation>
     </message>
     <message>
         <source>Unlock the phone and choose File transfer on it.</source>
@@ -1077,7 +1077,7 @@
     </message>
     <message>
         <source>A whole storage cannot be changed or copied as one item.</source>
-        <translation>저장 공간 전체를 한 항목으로 변경하거나 복사할 수 없습니다.</translation>
+        <translation>저장소 전체를 한 항목으로 변경하거나 복사할 수 없습니다.</translation>
     </message>
     <message>
         <source>The phone sends nothing any more. Unplug it and plug it in again.</source>
@@ -1117,7 +1117,7 @@
     </message>
     <message>
         <source>The file is too large for this storage of the phone.</source>
-        <translation>파일이 휴대폰의 이 저장 공간에는 너무 큽니다.</translation>
+        <translation>파일이 휴대폰의 이 저장소에는 너무 큽니다.</translation>
     </message>
     <message>
         <source>adb cannot be started.</source>
@@ -1137,7 +1137,7 @@
     </message>
     <message>
         <source>The phone does not answer on the network.</source>
-        <translation>휴대폰가 네트워크에서 응답하지 않습니다.</translation>
+        <translation>휴대폰이 네트워크에서 응답하지 않습니다.</translation>
     </message>
     <message>
         <source>This computer&apos;s adb is too old to pair: version 30 or newer is needed.</source>
@@ -1217,7 +1217,7 @@
     </message>
     <message>
         <source>the phone lists this folder inside itself</source>
-        <translation>휴대전화가 이 폴더를 자기 자신 안에 표시함</translation>
+        <translation>휴대폰이 이 폴더를 자기 자신 안에 표시함</translation>
     </message>
     <message>
         <source>its folder could not be made</source>
@@ -1225,11 +1225,11 @@
     </message>
     <message>
         <source>The phone is busy with another copy. Try again when that one is done.</source>
-        <translation>휴대전화가 다른 복사를 하고 있습니다. 끝난 뒤 다시 시도하세요.</translation>
+        <translation>휴대폰이 다른 복사를 하고 있습니다. 끝난 뒤 다시 시도하세요.</translation>
     </message>
     <message>
         <source>no phone was chosen</source>
-        <translation>선택한 휴대전화가 없음</translation>
+        <translation>선택한 휴대폰이 없음</translation>
     </message>
     <message>
         <source>folders are copied, not dragged</source>
@@ -1237,7 +1237,7 @@
     </message>
     <message>
         <source>it is still being copied from the phone</source>
-        <translation>아직 휴대전화에서 복사 중임</translation>
+        <translation>아직 휴대폰에서 복사 중임</translation>
     </message>
     <message>
         <source>a name cannot be empty</source>
@@ -1245,19 +1245,19 @@
     </message>
     <message>
         <source>A whole storage cannot be deleted.</source>
-        <translation>저장 공간 전체를 삭제할 수 없습니다.</translation>
+        <translation>저장소 전체를 삭제할 수 없습니다.</translation>
     </message>
     <message>
         <source>A whole storage cannot be renamed.</source>
-        <translation>저장 공간 전체의 이름을 바꿀 수 없습니다.</translation>
+        <translation>저장소 전체의 이름을 바꿀 수 없습니다.</translation>
     </message>
     <message>
         <source>A whole storage cannot be moved.</source>
-        <translation>저장 공간 전체를 옮길 수 없습니다.</translation>
+        <translation>저장소 전체를 옮길 수 없습니다.</translation>
     </message>
     <message>
         <source>The phone cannot move files from one storage to another. Copy them instead.</source>
-        <translation>휴대전화는 파일을 다른 저장 공간으로 옮길 수 없습니다. 대신 복사하세요.</translation>
+        <translation>휴대폰은 파일을 다른 저장소로 옮길 수 없습니다. 대신 복사하세요.</translation>
     </message>
     <message>
         <source>A folder has no preview.</source>
@@ -1265,11 +1265,11 @@
     </message>
     <message>
         <source>No storage available</source>
-        <translation>사용할 수 있는 저장 공간 없음</translation>
+        <translation>사용할 수 있는 저장소 없음</translation>
     </message>
     <message>
         <source>No MTP storage found for upload</source>
-        <translation>업로드할 MTP 저장 공간을 찾을 수 없음</translation>
+        <translation>업로드할 MTP 저장소를 찾을 수 없음</translation>
     </message>
     <message>
         <source>No device connected for download</source>
@@ -1381,7 +1381,7 @@
     </message>
     <message>
         <source>The phone lists the folder %1 inside itself.</source>
-        <translation>휴대전화가 폴더 %1을(를) 자기 자신 안에 표시합니다.</translation>
+        <translation>휴대폰이 폴더 %1을(를) 자기 자신 안에 표시합니다.</translation>
     </message>
     <message>
         <source>%1 holds &quot;%2&quot;, which is no name of a file.</source>
@@ -1397,15 +1397,15 @@
     </message>
     <message>
         <source>The phone does not tell what %1 is.</source>
-        <translation>휴대전화가 %1이(가) 무엇인지 알려 주지 않습니다.</translation>
+        <translation>휴대폰이 %1이(가) 무엇인지 알려 주지 않습니다.</translation>
     </message>
     <message>
         <source>The name &quot;%1&quot; cannot be used on this computer. Rename the folder on the phone first.</source>
-        <translation>이 컴퓨터에서 “%1” 이름을 쓸 수 없습니다. 먼저 휴대전화에서 폴더 이름을 바꾸세요.</translation>
+        <translation>이 컴퓨터에서 “%1” 이름을 쓸 수 없습니다. 먼저 휴대폰에서 폴더 이름을 바꾸세요.</translation>
     </message>
     <message>
         <source>The name &quot;%1&quot; cannot be used on this computer. Rename it on the phone first.</source>
-        <translation>이 컴퓨터에서 “%1” 이름을 쓸 수 없습니다. 먼저 휴대전화에서 이름을 바꾸세요.</translation>
+        <translation>이 컴퓨터에서 “%1” 이름을 쓸 수 없습니다. 먼저 휴대폰에서 이름을 바꾸세요.</translation>
     </message>
     <message>
         <source>No MTP handle for file %1</source>
@@ -1417,31 +1417,31 @@
     </message>
     <message>
         <source>&quot;%1&quot; has appeared on the phone meanwhile.</source>
-        <translation>그 사이에 “%1”이(가) 휴대전화에 생겼습니다.</translation>
+        <translation>그 사이에 “%1”이(가) 휴대폰에 생겼습니다.</translation>
     </message>
     <message>
         <source>A folder named &quot;%1&quot; is already on the phone.</source>
-        <translation>“%1”이라는 폴더가 이미 휴대전화에 있습니다.</translation>
+        <translation>“%1”이라는 폴더가 이미 휴대폰에 있습니다.</translation>
     </message>
     <message>
         <source>A file named &quot;%1&quot; is already on the phone.</source>
-        <translation>“%1”이라는 파일이 이미 휴대전화에 있습니다.</translation>
+        <translation>“%1”이라는 파일이 이미 휴대폰에 있습니다.</translation>
     </message>
     <message>
         <source>The phone does not show the new &quot;%1&quot;. The old one was kept.</source>
-        <translation>휴대전화에 새 “%1”이(가) 보이지 않습니다. 이전 것은 그대로 있습니다.</translation>
+        <translation>휴대폰에 새 “%1”이(가) 보이지 않습니다. 이전 것은 그대로 있습니다.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is already on the phone, and this phone cannot replace files. Delete or rename the old one first.</source>
-        <translation>“%1”이(가) 이미 휴대전화에 있으며 이 휴대전화는 파일을 바꿀 수 없습니다. 먼저 이전 것을 삭제하거나 이름을 바꾸세요.</translation>
+        <translation>“%1”이(가) 이미 휴대폰에 있으며 이 휴대폰은 파일을 바꿀 수 없습니다. 먼저 이전 것을 삭제하거나 이름을 바꾸세요.</translation>
     </message>
     <message>
         <source>The new &quot;%1&quot; is on the phone under the name &quot;%2&quot;: it could not be renamed (%3).</source>
-        <translation>새 “%1”은(는) “%2”라는 이름으로 휴대전화에 있습니다. 이름을 바꿀 수 없었습니다 (%3).</translation>
+        <translation>새 “%1”은(는) “%2”라는 이름으로 휴대폰에 있습니다. 이름을 바꿀 수 없었습니다 (%3).</translation>
     </message>
     <message>
         <source>The phone does not show the new folder &quot;%1&quot;.</source>
-        <translation>휴대전화에 새 폴더 “%1”이(가) 보이지 않습니다.</translation>
+        <translation>휴대폰에 새 폴더 “%1”이(가) 보이지 않습니다.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is already there</source>
@@ -1573,7 +1573,7 @@
     </message>
     <message>
         <source>The phone did not delete %1.</source>
-        <translation>휴대전화가 %1을(를) 삭제하지 않았습니다.</translation>
+        <translation>휴대폰이 %1을(를) 삭제하지 않았습니다.</translation>
     </message>
     <message>
         <source>The folder %1 cannot be made on the phone. %2</source>
@@ -1889,10 +1889,6 @@
         <translation>휴대폰에서 삭제되었거나 이동되었을 수 있습니다.</translation>
     </message>
     <message>
-        <source>Enclosing Folder</source>
-        <translation>상위 폴더</translation>
-    </message>
-    <message>
         <source>Connection Failed</source>
         <translation>연결 실패</translation>
     </message>
@@ -1906,7 +1902,7 @@
     </message>
     <message>
         <source>Loading device storage…</source>
-        <translation>기기 저장 공간을 불러오는 중…</translation>
+        <translation>기기 저장소를 불러오는 중…</translation>
     </message>
     <message>
         <source>No Matching Files</source>
@@ -1990,6 +1986,10 @@
         <source>Into “%1”</source>
         <translation>‘%1’(으)로</translation>
     </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>상위 폴더</translation>
+    </message>
 </context>
 <context>
     <name>tessary::DeviceListModel</name>
@@ -2011,7 +2011,7 @@
     </message>
     <message>
         <source>Reading storage…</source>
-        <translation>저장 공간을 읽는 중…</translation>
+        <translation>저장소를 읽는 중…</translation>
     </message>
 </context>
 <context>
@@ -2126,10 +2126,6 @@
         <translation>다음 페이지</translation>
     </message>
     <message>
-        <source>Quick Look</source>
-        <translation>훑어보기</translation>
-    </message>
-    <message>
         <source>“%1” is too large for a preview. Copy it to this computer first.</source>
         <translation>“%1”은(는) 너무 커서 미리 볼 수 없습니다. 먼저 이 컴퓨터로 복사하세요.</translation>
     </message>
@@ -2144,6 +2140,10 @@
     <message>
         <source>Page %1 of %2</source>
         <translation>%1/%2페이지</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>미리 보기</translation>
     </message>
 </context>
 <context>
@@ -2316,7 +2316,7 @@
     </message>
     <message>
         <source>Storage Volumes</source>
-        <translation>저장 공간</translation>
+        <translation>저장소</translation>
     </message>
     <message>
         <source>Connected Devices</source>
@@ -2751,7 +2751,7 @@
     </message>
     <message>
         <source>A locked phone shows nothing of its storage.</source>
-        <translation>잠긴 휴대폰은 저장 공간을 보여 주지 않습니다.</translation>
+        <translation>잠긴 휴대폰은 저장소를 보여 주지 않습니다.</translation>
     </message>
     <message>
         <source>Choose “File transfer” on it</source>
@@ -2798,7 +2798,7 @@
     </message>
     <message>
         <source>Looking for phones…</source>
-        <translation>휴대폰를 찾는 중…</translation>
+        <translation>휴대폰을 찾는 중…</translation>
     </message>
     <message>
         <source>Search Again</source>
@@ -2810,7 +2810,7 @@
     </message>
     <message>
         <source>This computer cannot look for phones on the network: the service for it (avahi-daemon) does not run.</source>
-        <translation>이 컴퓨터에서는 네트워크의 휴대폰를 찾을 수 없습니다. 필요한 서비스(avahi-daemon)가 실행되고 있지 않습니다.</translation>
+        <translation>이 컴퓨터에서는 네트워크의 휴대폰을 찾을 수 없습니다. 필요한 서비스(avahi-daemon)가 실행되고 있지 않습니다.</translation>
     </message>
     <message>
         <source>On the phone, switch on wireless debugging in the developer options. It must be on the same network as this computer.</source>

@@ -12,10 +12,6 @@
         <translation>Avançar</translation>
     </message>
     <message>
-        <source>Enclosing Folder</source>
-        <translation>Pasta superior</translation>
-    </message>
-    <message>
         <source>Go to Folder…</source>
         <translation>Ir para a pasta…</translation>
     </message>
@@ -80,12 +76,16 @@
         <translation>Sincronização</translation>
     </message>
     <message>
-        <source>Quick Look</source>
-        <translation>Visualização rápida</translation>
-    </message>
-    <message>
         <source>Properties</source>
         <translation>Propriedades</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>Pasta superior</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>Pré-visualização</translation>
     </message>
 </context>
 <context>
@@ -1891,10 +1891,6 @@
         <translation>Talvez tenha sido apagada ou movida no telefone.</translation>
     </message>
     <message>
-        <source>Enclosing Folder</source>
-        <translation>Pasta superior</translation>
-    </message>
-    <message>
         <source>Connection Failed</source>
         <translation>Falha na conexão</translation>
     </message>
@@ -1994,6 +1990,10 @@
     <message>
         <source>Into “%1”</source>
         <translation>Para “%1”</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>Pasta superior</translation>
     </message>
 </context>
 <context>
@@ -2132,10 +2132,6 @@
         <translation>Próxima página</translation>
     </message>
     <message>
-        <source>Quick Look</source>
-        <translation>Visualização rápida</translation>
-    </message>
-    <message>
         <source>“%1” is too large for a preview. Copy it to this computer first.</source>
         <translation>“%1” é grande demais para uma pré-visualização. Copie-o antes para este computador.</translation>
     </message>
@@ -2150,6 +2146,10 @@
     <message>
         <source>Page %1 of %2</source>
         <translation>Página %1 de %2</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>Pré-visualização</translation>
     </message>
 </context>
 <context>

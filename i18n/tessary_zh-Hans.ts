@@ -12,10 +12,6 @@
         <translation>前进</translation>
     </message>
     <message>
-        <source>Enclosing Folder</source>
-        <translation>上层文件夹</translation>
-    </message>
-    <message>
         <source>Go to Folder…</source>
         <translation>前往文件夹…</translation>
     </message>
@@ -45,11 +41,11 @@
     </message>
     <message>
         <source>Copy Files Here…</source>
-        <translation>将文件拷贝到此处…</translation>
+        <translation>将文件复制到此处…</translation>
     </message>
     <message>
         <source>Copy a Folder Here…</source>
-        <translation>将文件夹拷贝到此处…</translation>
+        <translation>将文件夹复制到此处…</translation>
     </message>
     <message>
         <source>Select All</source>
@@ -80,12 +76,16 @@
         <translation>同步</translation>
     </message>
     <message>
-        <source>Quick Look</source>
-        <translation>快速查看</translation>
-    </message>
-    <message>
         <source>Properties</source>
         <translation>属性</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>上层文件夹</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>预览</translation>
     </message>
 </context>
 <context>
@@ -152,7 +152,7 @@
     </message>
     <message>
         <source>There is not enough space for this copy.</source>
-        <translation>没有足够的空间进行此次拷贝。</translation>
+        <translation>没有足够的空间进行此次复制。</translation>
     </message>
     <message>
         <source>It needs at least %1, and %2 are free in “%3”.</source>
@@ -164,7 +164,7 @@
     </message>
     <message>
         <source>Copy Anyway</source>
-        <translation>仍然拷贝</translation>
+        <translation>仍然复制</translation>
     </message>
 </context>
 <context>
@@ -355,7 +355,7 @@
     </message>
     <message>
         <source>The phone has not allowed this computer yet.</source>
-        <translation>手机尚未允许这台电脑。</translation>
+        <translation>手机尚未允许此电脑。</translation>
     </message>
     <message>
         <source>Unlock the phone and answer its question: tap “Trust” or “Allow”.</source>
@@ -363,7 +363,7 @@
     </message>
     <message>
         <source>The phone has forgotten this computer.</source>
-        <translation>手机已不再记得这台电脑。</translation>
+        <translation>手机已不再记得此电脑。</translation>
     </message>
     <message>
         <source>Unplug the phone, plug it in again and tap “Trust” on it.</source>
@@ -607,7 +607,7 @@
     </message>
     <message>
         <source>Delete something on the phone, or copy less.</source>
-        <translation>请删除手机上的部分内容，或减少拷贝的内容。</translation>
+        <translation>请删除手机上的部分内容，或减少复制的内容。</translation>
     </message>
     <message>
         <source>“%1” cannot be read: %2</source>
@@ -619,7 +619,7 @@
     </message>
     <message>
         <source>it cannot be written on this computer</source>
-        <translation>无法写入这台电脑</translation>
+        <translation>无法写入此电脑</translation>
     </message>
     <message>
         <source>The folder “%1” cannot be created: %2</source>
@@ -635,7 +635,7 @@
     </message>
     <message>
         <source>it cannot be deleted on this computer</source>
-        <translation>无法在这台电脑上删除</translation>
+        <translation>无法在此电脑上删除</translation>
     </message>
     <message>
         <source>“%1” cannot be renamed: %2</source>
@@ -643,15 +643,15 @@
     </message>
     <message>
         <source>it cannot be renamed on this computer</source>
-        <translation>无法在这台电脑上重命名</translation>
+        <translation>无法在此电脑上重命名</translation>
     </message>
     <message>
         <source>“%1” is not on this computer any more.</source>
-        <translation>“%1”已不在这台电脑上。</translation>
+        <translation>“%1”已不在此电脑上。</translation>
     </message>
     <message>
         <source>it is not on this computer any more</source>
-        <translation>已不在这台电脑上</translation>
+        <translation>已不在此电脑上</translation>
     </message>
     <message>
         <source>“%1” is not a regular file.</source>
@@ -675,7 +675,7 @@
     </message>
     <message>
         <source>a file of this name is on this computer</source>
-        <translation>这台电脑上有同名文件</translation>
+        <translation>此电脑上有同名文件</translation>
     </message>
     <message>
         <source>“%1” changed while it was being copied.</source>
@@ -687,7 +687,7 @@
     </message>
     <message>
         <source>The name “%1” cannot be used on this computer.</source>
-        <translation>名称“%1”不能在这台电脑上使用。</translation>
+        <translation>名称“%1”不能在此电脑上使用。</translation>
     </message>
     <message>
         <source>its name cannot be used on this computer</source>
@@ -695,7 +695,7 @@
     </message>
     <message>
         <source>The name “%1” is too long for this computer.</source>
-        <translation>名称“%1”对这台电脑来说太长。</translation>
+        <translation>名称“%1”对此电脑来说太长。</translation>
     </message>
     <message>
         <source>its name is too long for this computer</source>
@@ -723,7 +723,7 @@
     </message>
     <message>
         <source>no space is left on this computer&apos;s disk</source>
-        <translation>这台电脑的磁盘已没有空间</translation>
+        <translation>此电脑的磁盘已没有空间</translation>
     </message>
     <message>
         <source>Delete something there, or choose another folder.</source>
@@ -765,7 +765,7 @@
     <name>Message</name>
     <message>
         <source>The phone is full: delete something on it, or copy less.</source>
-        <translation>手机已满：请删除部分内容，或减少拷贝的内容。</translation>
+        <translation>手机已满：请删除部分内容，或减少复制的内容。</translation>
     </message>
     <message>
         <source>The app does not allow this.</source>
@@ -845,7 +845,7 @@
     </message>
     <message>
         <source>Delete something on the phone, or copy less.</source>
-        <translation>请删除手机上的部分内容，或减少拷贝的内容。</translation>
+        <translation>请删除手机上的部分内容，或减少复制的内容。</translation>
     </message>
     <message>
         <source>This storage of the phone is read-only.</source>
@@ -897,7 +897,7 @@
     </message>
     <message>
         <source>The copy failed for an unknown reason.</source>
-        <translation>由于未知原因，拷贝失败。</translation>
+        <translation>由于未知原因，复制失败。</translation>
     </message>
     <message>
         <source>Transfer was cancelled</source>
@@ -909,11 +909,11 @@
     </message>
     <message>
         <source>New and changed files are copied both ways. Files deleted on one side are deleted on the other after you agreed.</source>
-        <translation>新文件和更改过的文件会双向拷贝。在一侧删除的文件，经您同意后也会在另一侧删除。</translation>
+        <translation>新文件和更改过的文件会双向复制。在一侧删除的文件，经您同意后也会在另一侧删除。</translation>
     </message>
     <message>
         <source>New and changed files are copied both ways. Files deleted on one side are copied back.</source>
-        <translation>新文件和更改过的文件会双向拷贝。在一侧删除的文件会拷贝回去。</translation>
+        <translation>新文件和更改过的文件会双向复制。在一侧删除的文件会复制回去。</translation>
     </message>
     <message>
         <source>Files are moved to the phone: each is deleted here once it has arrived.</source>
@@ -921,7 +921,7 @@
     </message>
     <message>
         <source>New and changed files are copied to the phone. Nothing is deleted.</source>
-        <translation>新文件和更改过的文件会拷贝到手机。不会删除任何内容。</translation>
+        <translation>新文件和更改过的文件会复制到手机。不会删除任何内容。</translation>
     </message>
     <message>
         <source>Files are moved here: each is deleted on the phone once it has arrived.</source>
@@ -929,7 +929,7 @@
     </message>
     <message>
         <source>New and changed files of the phone are copied here. Nothing is deleted.</source>
-        <translation>手机上的新文件和更改过的文件会拷贝到此处。不会删除任何内容。</translation>
+        <translation>手机上的新文件和更改过的文件会复制到此处。不会删除任何内容。</translation>
     </message>
     <message>
         <source>To Android</source>
@@ -1045,7 +1045,7 @@
     </message>
     <message>
         <source>it was changed on the side that files are copied to</source>
-        <translation>它在拷贝目标一侧被更改</translation>
+        <translation>它在复制目标一侧被更改</translation>
     </message>
     <message>
         <source>it was changed on the side that files are moved to; both are kept</source>
@@ -1057,7 +1057,7 @@
     </message>
     <message>
         <source>it changed again and again while it was being copied</source>
-        <translation>它在拷贝期间反复更改</translation>
+        <translation>它在复制期间反复更改</translation>
     </message>
     <message>
         <source>another file of this name, size and date is on the other side; both are kept</source>
@@ -1077,7 +1077,7 @@
     </message>
     <message>
         <source>A whole storage cannot be changed or copied as one item.</source>
-        <translation>无法将整个存储作为一个项目更改或拷贝。</translation>
+        <translation>无法将整个存储作为一个项目更改或复制。</translation>
     </message>
     <message>
         <source>The phone sends nothing any more. Unplug it and plug it in again.</source>
@@ -1533,11 +1533,11 @@
     </message>
     <message>
         <source>%1 changed while it was being copied. Sync again.</source>
-        <translation>%1 在拷贝期间发生更改。请重新同步。</translation>
+        <translation>%1 在复制期间发生更改。请重新同步。</translation>
     </message>
     <message>
         <source>%1 changed while it was being copied. Copy it again.</source>
-        <translation>“%1”在拷贝时发生了更改。请重新拷贝。</translation>
+        <translation>“%1”在复制时发生了更改。请重新复制。</translation>
     </message>
     <message>
         <source>%1 has appeared on the device meanwhile.</source>
@@ -1701,7 +1701,7 @@
     </message>
     <message>
         <source>The phone sent %1 of the %2 bytes of %3. Copy it again.</source>
-        <translation>手机发送了 %3 的 %2 字节中的 %1 字节。请重新拷贝。</translation>
+        <translation>手机发送了 %3 的 %2 字节中的 %1 字节。请重新复制。</translation>
     </message>
     <message>
         <source>The name &quot;%1&quot; cannot be used on this computer.</source>
@@ -1709,7 +1709,7 @@
     </message>
     <message>
         <source>&quot;%1&quot; is too large for a preview. Copy it to this computer first.</source>
-        <translation>“%1”太大，无法预览。请先拷贝到此电脑。</translation>
+        <translation>“%1”太大，无法预览。请先复制到此电脑。</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is already on the phone.</source>
@@ -1889,10 +1889,6 @@
         <translation>它可能已在手机上被删除或移动。</translation>
     </message>
     <message>
-        <source>Enclosing Folder</source>
-        <translation>上层文件夹</translation>
-    </message>
-    <message>
         <source>Connection Failed</source>
         <translation>连接失败</translation>
     </message>
@@ -1922,7 +1918,7 @@
     </message>
     <message>
         <source>Drop files here to copy them to the phone.</source>
-        <translation>将文件拖到此处即可拷贝到手机。</translation>
+        <translation>将文件拖到此处即可复制到手机。</translation>
     </message>
     <message numerus="yes">
         <source>%Ln items</source>
@@ -1976,19 +1972,23 @@
     </message>
     <message>
         <source>Copy to</source>
-        <translation>拷贝到</translation>
+        <translation>复制到</translation>
     </message>
     <message>
         <source>Copy Files to the Phone</source>
-        <translation>将文件拷贝到手机</translation>
+        <translation>将文件复制到手机</translation>
     </message>
     <message>
         <source>Copy a Folder to the Phone</source>
-        <translation>将文件夹拷贝到手机</translation>
+        <translation>将文件夹复制到手机</translation>
     </message>
     <message>
         <source>Into “%1”</source>
         <translation>到“%1”</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>上层文件夹</translation>
     </message>
 </context>
 <context>
@@ -2065,7 +2065,7 @@
     </message>
     <message>
         <source>Files are still being copied.</source>
-        <translation>仍在拷贝文件。</translation>
+        <translation>仍在复制文件。</translation>
     </message>
     <message>
         <source>A sync is still running.</source>
@@ -2126,12 +2126,8 @@
         <translation>下一页</translation>
     </message>
     <message>
-        <source>Quick Look</source>
-        <translation>快速查看</translation>
-    </message>
-    <message>
         <source>“%1” is too large for a preview. Copy it to this computer first.</source>
-        <translation>“%1”太大，无法预览。请先拷贝到这台电脑。</translation>
+        <translation>“%1”太大，无法预览。请先复制到此电脑。</translation>
     </message>
     <message>
         <source>It cannot be shown: it is damaged, too large or protected.</source>
@@ -2144,6 +2140,10 @@
     <message>
         <source>Page %1 of %2</source>
         <translation>第 %1 页，共 %2 页</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>预览</translation>
     </message>
 </context>
 <context>
@@ -2269,7 +2269,7 @@
     </message>
     <message>
         <source>Browse phones and copy files to and from them.</source>
-        <translation>浏览手机并双向拷贝文件。</translation>
+        <translation>浏览手机并双向复制文件。</translation>
     </message>
     <message>
         <source>Website</source>
@@ -2450,11 +2450,11 @@
     <name>tessary::SyncPreviewDialog</name>
     <message>
         <source>Copy to the phone</source>
-        <translation>拷贝到手机</translation>
+        <translation>复制到手机</translation>
     </message>
     <message>
         <source>Copy to this computer</source>
-        <translation>拷贝到此电脑</translation>
+        <translation>复制到此电脑</translation>
     </message>
     <message>
         <source>Move to the phone</source>
@@ -2513,7 +2513,7 @@
     <message numerus="yes">
         <source>%Ln files to go through, %1 to copy</source>
         <translation>
-            <numerusform>需检查 %Ln 个文件，需拷贝 %1</numerusform>
+            <numerusform>需检查 %Ln 个文件，需复制 %1</numerusform>
         </translation>
     </message>
 </context>
@@ -2567,7 +2567,7 @@
     </message>
     <message>
         <source>What you keep is copied back.</source>
-        <translation>您保留的内容会拷贝回去。</translation>
+        <translation>您保留的内容会复制回去。</translation>
     </message>
     <message>
         <source>Folder Missing</source>
@@ -2599,31 +2599,31 @@
     <name>tessary::TransferNotice</name>
     <message>
         <source>“%1” is copied.</source>
-        <translation>“%1”已拷贝。</translation>
+        <translation>“%1”已复制。</translation>
     </message>
     <message numerus="yes">
         <source>%Ln items are copied.</source>
         <translation>
-            <numerusform>已拷贝 %Ln 个项目。</numerusform>
+            <numerusform>已复制 %Ln 个项目。</numerusform>
         </translation>
     </message>
     <message>
         <source>“%1” was not copied.</source>
-        <translation>“%1”未能拷贝。</translation>
+        <translation>“%1”未能复制。</translation>
     </message>
     <message numerus="yes">
         <source>%Ln of %1 items were not copied.</source>
         <translation>
-            <numerusform>%1 个项目中有 %Ln 个未能拷贝。</numerusform>
+            <numerusform>%1 个项目中有 %Ln 个未能复制。</numerusform>
         </translation>
     </message>
     <message>
         <source>Copying has finished</source>
-        <translation>拷贝已完成</translation>
+        <translation>复制已完成</translation>
     </message>
     <message>
         <source>Copying went wrong</source>
-        <translation>拷贝时出错</translation>
+        <translation>复制时出错</translation>
     </message>
 </context>
 <context>

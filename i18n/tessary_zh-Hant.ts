@@ -12,12 +12,8 @@
         <translation>下一頁</translation>
     </message>
     <message>
-        <source>Enclosing Folder</source>
-        <translation>上層檔案夾</translation>
-    </message>
-    <message>
         <source>Go to Folder…</source>
-        <translation>前往檔案夾…</translation>
+        <translation>前往資料夾…</translation>
     </message>
     <message>
         <source>Reload</source>
@@ -25,11 +21,11 @@
     </message>
     <message>
         <source>Open Folder</source>
-        <translation>打開檔案夾</translation>
+        <translation>打開資料夾</translation>
     </message>
     <message>
         <source>New Folder</source>
-        <translation>新增檔案夾</translation>
+        <translation>新增資料夾</translation>
     </message>
     <message>
         <source>Rename</source>
@@ -45,11 +41,11 @@
     </message>
     <message>
         <source>Copy Files Here…</source>
-        <translation>將檔案拷貝到這裡…</translation>
+        <translation>將檔案複製到這裡…</translation>
     </message>
     <message>
         <source>Copy a Folder Here…</source>
-        <translation>將檔案夾拷貝到這裡…</translation>
+        <translation>將資料夾複製到這裡…</translation>
     </message>
     <message>
         <source>Select All</source>
@@ -80,23 +76,27 @@
         <translation>同步</translation>
     </message>
     <message>
-        <source>Quick Look</source>
-        <translation>快速查看</translation>
-    </message>
-    <message>
         <source>Properties</source>
         <translation>內容</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>上層資料夾</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>預覽</translation>
     </message>
 </context>
 <context>
     <name>BrowserEdit</name>
     <message>
         <source>New Folder</source>
-        <translation>新增檔案夾</translation>
+        <translation>新增資料夾</translation>
     </message>
     <message>
         <source>New Folder %1</source>
-        <translation>新增檔案夾 %1</translation>
+        <translation>新增資料夾 %1</translation>
     </message>
 </context>
 <context>
@@ -126,7 +126,7 @@
     </message>
     <message>
         <source>Replacing merges the folders; files of the same name in them are replaced.</source>
-        <translation>取代會合併檔案夾；其中的同名檔案會被取代。</translation>
+        <translation>取代會合併資料夾；其中的同名檔案會被取代。</translation>
     </message>
     <message>
         <source>Replace</source>
@@ -152,7 +152,7 @@
     </message>
     <message>
         <source>There is not enough space for this copy.</source>
-        <translation>沒有足夠的空間進行這次拷貝。</translation>
+        <translation>沒有足夠的空間進行這次複製。</translation>
     </message>
     <message>
         <source>It needs at least %1, and %2 are free in “%3”.</source>
@@ -164,14 +164,14 @@
     </message>
     <message>
         <source>Copy Anyway</source>
-        <translation>仍要拷貝</translation>
+        <translation>仍要複製</translation>
     </message>
 </context>
 <context>
     <name>DisplayNames</name>
     <message>
         <source>Folder</source>
-        <translation>檔案夾</translation>
+        <translation>資料夾</translation>
     </message>
     <message>
         <source>Image</source>
@@ -355,7 +355,7 @@
     </message>
     <message>
         <source>The phone has not allowed this computer yet.</source>
-        <translation>手機尚未允許這部電腦。</translation>
+        <translation>手機尚未允許此電腦。</translation>
     </message>
     <message>
         <source>Unlock the phone and answer its question: tap “Trust” or “Allow”.</source>
@@ -363,7 +363,7 @@
     </message>
     <message>
         <source>The phone has forgotten this computer.</source>
-        <translation>手機已不再記得這部電腦。</translation>
+        <translation>手機已不再記得此電腦。</translation>
     </message>
     <message>
         <source>Unplug the phone, plug it in again and tap “Trust” on it.</source>
@@ -483,7 +483,7 @@
     </message>
     <message>
         <source>Unlock it, and try another folder.</source>
-        <translation>請將其解鎖，並嘗試其他檔案夾。</translation>
+        <translation>請將其解鎖，並嘗試其他資料夾。</translation>
     </message>
     <message>
         <source>“%1” is write-protected on the phone.</source>
@@ -495,7 +495,7 @@
     </message>
     <message>
         <source>Choose another folder.</source>
-        <translation>請選擇其他檔案夾。</translation>
+        <translation>請選擇其他資料夾。</translation>
     </message>
     <message>
         <source>“%1” is too large for this storage of the phone.</source>
@@ -607,7 +607,7 @@
     </message>
     <message>
         <source>Delete something on the phone, or copy less.</source>
-        <translation>請刪除手機上的部分內容，或減少拷貝的內容。</translation>
+        <translation>請刪除手機上的部分內容，或減少複製的內容。</translation>
     </message>
     <message>
         <source>“%1” cannot be read: %2</source>
@@ -619,7 +619,7 @@
     </message>
     <message>
         <source>it cannot be written on this computer</source>
-        <translation>無法寫入這部電腦</translation>
+        <translation>無法寫入此電腦</translation>
     </message>
     <message>
         <source>The folder “%1” cannot be created: %2</source>
@@ -627,7 +627,7 @@
     </message>
     <message>
         <source>the folder cannot be created on this computer</source>
-        <translation>無法在此電腦上建立檔案夾</translation>
+        <translation>無法在此電腦上建立資料夾</translation>
     </message>
     <message>
         <source>“%1” cannot be deleted: %2</source>
@@ -635,7 +635,7 @@
     </message>
     <message>
         <source>it cannot be deleted on this computer</source>
-        <translation>無法在這部電腦上刪除</translation>
+        <translation>無法在此電腦上刪除</translation>
     </message>
     <message>
         <source>“%1” cannot be renamed: %2</source>
@@ -643,15 +643,15 @@
     </message>
     <message>
         <source>it cannot be renamed on this computer</source>
-        <translation>無法在這部電腦上重新命名</translation>
+        <translation>無法在此電腦上重新命名</translation>
     </message>
     <message>
         <source>“%1” is not on this computer any more.</source>
-        <translation>「%1」已不在這部電腦上。</translation>
+        <translation>「%1」已不在此電腦上。</translation>
     </message>
     <message>
         <source>it is not on this computer any more</source>
-        <translation>已不在這部電腦上</translation>
+        <translation>已不在此電腦上</translation>
     </message>
     <message>
         <source>“%1” is not a regular file.</source>
@@ -667,7 +667,7 @@
     </message>
     <message>
         <source>a folder of this name is on this computer</source>
-        <translation>此電腦上有同名檔案夾</translation>
+        <translation>此電腦上有同名資料夾</translation>
     </message>
     <message>
         <source>A file is where the folder “%1” should be.</source>
@@ -675,7 +675,7 @@
     </message>
     <message>
         <source>a file of this name is on this computer</source>
-        <translation>這部電腦上有同名檔案</translation>
+        <translation>此電腦上有同名檔案</translation>
     </message>
     <message>
         <source>“%1” changed while it was being copied.</source>
@@ -687,7 +687,7 @@
     </message>
     <message>
         <source>The name “%1” cannot be used on this computer.</source>
-        <translation>名稱「%1」不能在這部電腦上使用。</translation>
+        <translation>名稱「%1」不能在此電腦上使用。</translation>
     </message>
     <message>
         <source>its name cannot be used on this computer</source>
@@ -695,7 +695,7 @@
     </message>
     <message>
         <source>The name “%1” is too long for this computer.</source>
-        <translation>名稱「%1」對這部電腦來說太長。</translation>
+        <translation>名稱「%1」對此電腦來說太長。</translation>
     </message>
     <message>
         <source>its name is too long for this computer</source>
@@ -723,7 +723,7 @@
     </message>
     <message>
         <source>no space is left on this computer&apos;s disk</source>
-        <translation>這部電腦的磁碟已沒有空間</translation>
+        <translation>此電腦的磁碟已沒有空間</translation>
     </message>
     <message>
         <source>Delete something there, or choose another folder.</source>
@@ -765,7 +765,7 @@
     <name>Message</name>
     <message>
         <source>The phone is full: delete something on it, or copy less.</source>
-        <translation>手機已滿：請刪除部分內容，或減少拷貝的內容。</translation>
+        <translation>手機已滿：請刪除部分內容，或減少複製的內容。</translation>
     </message>
     <message>
         <source>The app does not allow this.</source>
@@ -845,7 +845,7 @@
     </message>
     <message>
         <source>Delete something on the phone, or copy less.</source>
-        <translation>請刪除手機上的部分內容，或減少拷貝的內容。</translation>
+        <translation>請刪除手機上的部分內容，或減少複製的內容。</translation>
     </message>
     <message>
         <source>This storage of the phone is read-only.</source>
@@ -853,7 +853,7 @@
     </message>
     <message>
         <source>Choose another folder.</source>
-        <translation>請選擇其他檔案夾。</translation>
+        <translation>請選擇其他資料夾。</translation>
     </message>
     <message>
         <source>The phone protects this file.</source>
@@ -865,7 +865,7 @@
     </message>
     <message>
         <source>Unlock it, and try another folder.</source>
-        <translation>請將其解鎖，並嘗試其他檔案夾。</translation>
+        <translation>請將其解鎖，並嘗試其他資料夾。</translation>
     </message>
     <message>
         <source>The storage of the phone is not available.</source>
@@ -893,11 +893,11 @@
     </message>
     <message>
         <source>Go up to the folder that held it.</source>
-        <translation>請前往上層檔案夾。</translation>
+        <translation>請前往上層資料夾。</translation>
     </message>
     <message>
         <source>The copy failed for an unknown reason.</source>
-        <translation>因不明原因，拷貝失敗。</translation>
+        <translation>因不明原因，複製失敗。</translation>
     </message>
     <message>
         <source>Transfer was cancelled</source>
@@ -909,11 +909,11 @@
     </message>
     <message>
         <source>New and changed files are copied both ways. Files deleted on one side are deleted on the other after you agreed.</source>
-        <translation>新檔案和更改過的檔案會雙向拷貝。在一側刪除的檔案，經您同意後也會在另一側刪除。</translation>
+        <translation>新檔案和更改過的檔案會雙向複製。在一側刪除的檔案，經您同意後也會在另一側刪除。</translation>
     </message>
     <message>
         <source>New and changed files are copied both ways. Files deleted on one side are copied back.</source>
-        <translation>新檔案和更改過的檔案會雙向拷貝。在一側刪除的檔案會拷貝回去。</translation>
+        <translation>新檔案和更改過的檔案會雙向複製。在一側刪除的檔案會複製回去。</translation>
     </message>
     <message>
         <source>Files are moved to the phone: each is deleted here once it has arrived.</source>
@@ -921,7 +921,7 @@
     </message>
     <message>
         <source>New and changed files are copied to the phone. Nothing is deleted.</source>
-        <translation>新檔案和更改過的檔案會拷貝到手機。不會刪除任何內容。</translation>
+        <translation>新檔案和更改過的檔案會複製到手機。不會刪除任何內容。</translation>
     </message>
     <message>
         <source>Files are moved here: each is deleted on the phone once it has arrived.</source>
@@ -929,7 +929,7 @@
     </message>
     <message>
         <source>New and changed files of the phone are copied here. Nothing is deleted.</source>
-        <translation>手機上的新檔案和更改過的檔案會拷貝到此處。不會刪除任何內容。</translation>
+        <translation>手機上的新檔案和更改過的檔案會複製到此處。不會刪除任何內容。</translation>
     </message>
     <message>
         <source>To Android</source>
@@ -1037,7 +1037,7 @@
     </message>
     <message>
         <source>it is a file on one side and a folder on the other</source>
-        <translation>它在一側是檔案，在另一側是檔案夾</translation>
+        <translation>它在一側是檔案，在另一側是資料夾</translation>
     </message>
     <message>
         <source>another name differs from it only in case or in the form of its letters</source>
@@ -1045,7 +1045,7 @@
     </message>
     <message>
         <source>it was changed on the side that files are copied to</source>
-        <translation>它在拷貝目標一側被更改</translation>
+        <translation>它在複製目標一側被更改</translation>
     </message>
     <message>
         <source>it was changed on the side that files are moved to; both are kept</source>
@@ -1057,7 +1057,7 @@
     </message>
     <message>
         <source>it changed again and again while it was being copied</source>
-        <translation>它在拷貝期間反覆更改</translation>
+        <translation>它在複製期間反覆更改</translation>
     </message>
     <message>
         <source>another file of this name, size and date is on the other side; both are kept</source>
@@ -1073,11 +1073,11 @@
     </message>
     <message>
         <source>A folder cannot be moved into itself.</source>
-        <translation>無法將檔案夾移到其自身中。</translation>
+        <translation>無法將資料夾移到其自身中。</translation>
     </message>
     <message>
         <source>A whole storage cannot be changed or copied as one item.</source>
-        <translation>無法將整個儲存空間作為一個項目更改或拷貝。</translation>
+        <translation>無法將整個儲存空間作為一個項目更改或複製。</translation>
     </message>
     <message>
         <source>The phone sends nothing any more. Unplug it and plug it in again.</source>
@@ -1157,11 +1157,11 @@
     </message>
     <message>
         <source>the folder cannot be created on this computer</source>
-        <translation>無法在此電腦上建立檔案夾</translation>
+        <translation>無法在此電腦上建立資料夾</translation>
     </message>
     <message>
         <source>a folder of this name is on this computer</source>
-        <translation>此電腦上有同名檔案夾</translation>
+        <translation>此電腦上有同名資料夾</translation>
     </message>
     <message>
         <source>The documents of an app cannot be deleted as a whole.</source>
@@ -1173,7 +1173,7 @@
     </message>
     <message>
         <source>Check the spelling, or choose the folder below.</source>
-        <translation>請檢查拼字，或在下方選擇檔案夾。</translation>
+        <translation>請檢查拼字，或在下方選擇資料夾。</translation>
     </message>
     <message>
         <source>the phone did not put it in the place of the old file.</source>
@@ -1213,7 +1213,7 @@
     </message>
     <message>
         <source>another entry has the same name on this computer</source>
-        <translation>在這部電腦上另一個項目有相同的名稱</translation>
+        <translation>在此電腦上另一個項目有相同的名稱</translation>
     </message>
     <message>
         <source>the phone lists this folder inside itself</source>
@@ -1309,7 +1309,7 @@
     </message>
     <message>
         <source>Scanning folders…</source>
-        <translation>正在掃描檔案夾…</translation>
+        <translation>正在掃描資料夾…</translation>
     </message>
     <message>
         <source>Awaiting deletion confirmation…</source>
@@ -1401,11 +1401,11 @@
     </message>
     <message>
         <source>The name &quot;%1&quot; cannot be used on this computer. Rename the folder on the phone first.</source>
-        <translation>名稱「%1」不能在這部電腦上使用。請先在手機上重新命名該資料夾。</translation>
+        <translation>名稱「%1」不能在此電腦上使用。請先在手機上重新命名該資料夾。</translation>
     </message>
     <message>
         <source>The name &quot;%1&quot; cannot be used on this computer. Rename it on the phone first.</source>
-        <translation>名稱「%1」不能在這部電腦上使用。請先在手機上改名。</translation>
+        <translation>名稱「%1」不能在此電腦上使用。請先在手機上改名。</translation>
     </message>
     <message>
         <source>No MTP handle for file %1</source>
@@ -1473,15 +1473,15 @@
     </message>
     <message>
         <source>A file named %1 is on the device where a folder is needed.</source>
-        <translation>裝置上需要檔案夾的位置有一個名為 %1 的檔案。</translation>
+        <translation>裝置上需要資料夾的位置有一個名為 %1 的檔案。</translation>
     </message>
     <message>
         <source>Cannot read the folder %1: %2</source>
-        <translation>無法讀取檔案夾 %1：%2</translation>
+        <translation>無法讀取資料夾 %1：%2</translation>
     </message>
     <message>
         <source>Cannot create the folder %1: %2</source>
-        <translation>無法建立檔案夾 %1：%2</translation>
+        <translation>無法建立資料夾 %1：%2</translation>
     </message>
     <message>
         <source>Cannot delete %1: %2</source>
@@ -1493,23 +1493,23 @@
     </message>
     <message>
         <source>The folder of %1 was replaced while it was being synced.</source>
-        <translation>%1 所在的檔案夾在同步期間被取代。</translation>
+        <translation>%1 所在的資料夾在同步期間被取代。</translation>
     </message>
     <message>
         <source>The folder %1 is gone, although it was synced before. Is its disk missing? Going on makes a new, empty folder.</source>
-        <translation>檔案夾 %1 曾同步過，但現已不存在。是否缺少其所在磁碟？繼續會建立一個新的空檔案夾。</translation>
+        <translation>資料夾 %1 曾同步過，但現已不存在。是否缺少其所在磁碟？繼續會建立一個新的空資料夾。</translation>
     </message>
     <message>
         <source>The folder %1 is missing.</source>
-        <translation>缺少檔案夾 %1。</translation>
+        <translation>缺少資料夾 %1。</translation>
     </message>
     <message>
         <source>The folder on this computer is empty, although %1 files were in it after the last sync. Is its disk missing?</source>
-        <translation>上次同步後此電腦上的檔案夾有 %1 個檔案，但現在是空的。是否缺少其所在磁碟？</translation>
+        <translation>上次同步後此電腦上的資料夾有 %1 個檔案，但現在是空的。是否缺少其所在磁碟？</translation>
     </message>
     <message>
         <source>The folder on the device is empty, although %1 files were in it after the last sync. Is its memory card missing?</source>
-        <translation>上次同步後裝置上的檔案夾有 %1 個檔案，但現在是空的。是否缺少記憶卡？</translation>
+        <translation>上次同步後裝置上的資料夾有 %1 個檔案，但現在是空的。是否缺少記憶卡？</translation>
     </message>
     <message>
         <source>%1 of the %2 files of the last sync would be deleted.</source>
@@ -1533,11 +1533,11 @@
     </message>
     <message>
         <source>%1 changed while it was being copied. Sync again.</source>
-        <translation>%1 在拷貝期間發生更改。請重新同步。</translation>
+        <translation>%1 在複製期間發生更改。請重新同步。</translation>
     </message>
     <message>
         <source>%1 changed while it was being copied. Copy it again.</source>
-        <translation>「%1」在拷貝時已變更。請重新拷貝。</translation>
+        <translation>「%1」在複製時已變更。請重新複製。</translation>
     </message>
     <message>
         <source>%1 has appeared on the device meanwhile.</source>
@@ -1549,7 +1549,7 @@
     </message>
     <message>
         <source>%1 is a file on one side and a folder on the other</source>
-        <translation>%1 在一側是檔案，在另一側是檔案夾</translation>
+        <translation>%1 在一側是檔案，在另一側是資料夾</translation>
     </message>
     <message>
         <source>in %1: %2</source>
@@ -1565,7 +1565,7 @@
     </message>
     <message>
         <source>The phone did not make the folder %1. %2</source>
-        <translation>手機未能建立檔案夾 %1。%2</translation>
+        <translation>手機未能建立資料夾 %1。%2</translation>
     </message>
     <message>
         <source>The phone did not delete %1. %2</source>
@@ -1577,11 +1577,11 @@
     </message>
     <message>
         <source>The folder %1 cannot be made on the phone. %2</source>
-        <translation>無法在手機上建立檔案夾 %1。%2</translation>
+        <translation>無法在手機上建立資料夾 %1。%2</translation>
     </message>
     <message>
         <source>The folder %1 cannot be read whole.</source>
-        <translation>無法完整讀取檔案夾 %1。</translation>
+        <translation>無法完整讀取資料夾 %1。</translation>
     </message>
     <message>
         <source>The name &quot;%1&quot; cannot be used.</source>
@@ -1593,7 +1593,7 @@
     </message>
     <message>
         <source>ADB directory pull failed for %1: %2</source>
-        <translation>透過 ADB 下載檔案夾 %1 失敗：%2</translation>
+        <translation>透過 ADB 下載資料夾 %1 失敗：%2</translation>
     </message>
     <message>
         <source>ADB push failed for %1: %2</source>
@@ -1621,7 +1621,7 @@
     </message>
     <message>
         <source>A folder &quot;%1&quot; is already on the phone.</source>
-        <translation>手機上已有檔案夾「%1」。</translation>
+        <translation>手機上已有資料夾「%1」。</translation>
     </message>
     <message>
         <source>&quot;%1&quot; cannot be the name of a file.</source>
@@ -1689,7 +1689,7 @@
     </message>
     <message>
         <source>The folder &quot;%1&quot; is not on the phone any more.</source>
-        <translation>檔案夾「%1」已不在手機上。</translation>
+        <translation>資料夾「%1」已不在手機上。</translation>
     </message>
     <message>
         <source>There is no &quot;%1&quot; on the phone.</source>
@@ -1697,11 +1697,11 @@
     </message>
     <message>
         <source>There is no %1 on the phone. It may have been deleted or renamed: refresh the folder.</source>
-        <translation>手機上沒有 %1。它可能已被刪除或重新命名：請重新載入檔案夾。</translation>
+        <translation>手機上沒有 %1。它可能已被刪除或重新命名：請重新載入資料夾。</translation>
     </message>
     <message>
         <source>The phone sent %1 of the %2 bytes of %3. Copy it again.</source>
-        <translation>手機傳送了 %3 的 %2 位元組中的 %1 位元組。請重新拷貝。</translation>
+        <translation>手機傳送了 %3 的 %2 位元組中的 %1 位元組。請重新複製。</translation>
     </message>
     <message>
         <source>The name &quot;%1&quot; cannot be used on this computer.</source>
@@ -1709,7 +1709,7 @@
     </message>
     <message>
         <source>&quot;%1&quot; is too large for a preview. Copy it to this computer first.</source>
-        <translation>「%1」太大，無法預覽。請先拷貝到此電腦。</translation>
+        <translation>「%1」太大，無法預覽。請先複製到此電腦。</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is already on the phone.</source>
@@ -1721,11 +1721,11 @@
     </message>
     <message>
         <source>%1 is not a folder.</source>
-        <translation>%1 不是檔案夾。</translation>
+        <translation>%1 不是資料夾。</translation>
     </message>
     <message>
         <source>Cannot write into %1: %2</source>
-        <translation>無法寫入檔案夾 %1：%2</translation>
+        <translation>無法寫入資料夾 %1：%2</translation>
     </message>
     <message>
         <source>Cannot write %1: %2</source>
@@ -1737,7 +1737,7 @@
     </message>
     <message>
         <source>Cannot create the folder %1 on this computer.</source>
-        <translation>無法在此電腦上建立檔案夾 %1。</translation>
+        <translation>無法在此電腦上建立資料夾 %1。</translation>
     </message>
     <message>
         <source>Cannot read %1.</source>
@@ -1829,7 +1829,7 @@
     </message>
     <message>
         <source>Folders in between</source>
-        <translation>中間的檔案夾</translation>
+        <translation>中間的資料夾</translation>
     </message>
 </context>
 <context>
@@ -1870,11 +1870,11 @@
     </message>
     <message>
         <source>Folder Not Found</source>
-        <translation>找不到檔案夾</translation>
+        <translation>找不到資料夾</translation>
     </message>
     <message>
         <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
-        <translation>在裝置上找不到此檔案夾。它可能已被刪除或移動。要將它從我的最愛中移除嗎？</translation>
+        <translation>在裝置上找不到此資料夾。它可能已被刪除或移動。要將它從我的最愛中移除嗎？</translation>
     </message>
     <message>
         <source>Remove from Favorites</source>
@@ -1889,10 +1889,6 @@
         <translation>它可能已在手機上被刪除或移動。</translation>
     </message>
     <message>
-        <source>Enclosing Folder</source>
-        <translation>上層檔案夾</translation>
-    </message>
-    <message>
         <source>Connection Failed</source>
         <translation>連線失敗</translation>
     </message>
@@ -1902,7 +1898,7 @@
     </message>
     <message>
         <source>Loading directory contents…</source>
-        <translation>正在載入檔案夾內容…</translation>
+        <translation>正在載入資料夾內容…</translation>
     </message>
     <message>
         <source>Loading device storage…</source>
@@ -1918,11 +1914,11 @@
     </message>
     <message>
         <source>This folder is empty</source>
-        <translation>此檔案夾是空的</translation>
+        <translation>此資料夾是空的</translation>
     </message>
     <message>
         <source>Drop files here to copy them to the phone.</source>
-        <translation>將檔案拖到這裡即可拷貝到手機。</translation>
+        <translation>將檔案拖到這裡即可複製到手機。</translation>
     </message>
     <message numerus="yes">
         <source>%Ln items</source>
@@ -1976,19 +1972,23 @@
     </message>
     <message>
         <source>Copy to</source>
-        <translation>拷貝到</translation>
+        <translation>複製到</translation>
     </message>
     <message>
         <source>Copy Files to the Phone</source>
-        <translation>將檔案拷貝到手機</translation>
+        <translation>將檔案複製到手機</translation>
     </message>
     <message>
         <source>Copy a Folder to the Phone</source>
-        <translation>將檔案夾拷貝到手機</translation>
+        <translation>將資料夾複製到手機</translation>
     </message>
     <message>
         <source>Into “%1”</source>
         <translation>到「%1」</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>上層資料夾</translation>
     </message>
 </context>
 <context>
@@ -2033,7 +2033,7 @@
     <name>tessary::FileItemDelegate</name>
     <message>
         <source>Folder name</source>
-        <translation>檔案夾名稱</translation>
+        <translation>資料夾名稱</translation>
     </message>
     <message>
         <source>Name</source>
@@ -2053,7 +2053,7 @@
     <name>tessary::MainWindow</name>
     <message>
         <source>Folder on this computer</source>
-        <translation>此電腦上的檔案夾</translation>
+        <translation>此電腦上的資料夾</translation>
     </message>
     <message>
         <source>Tessary: Virtual Phones</source>
@@ -2065,7 +2065,7 @@
     </message>
     <message>
         <source>Files are still being copied.</source>
-        <translation>仍在拷貝檔案。</translation>
+        <translation>仍在複製檔案。</translation>
     </message>
     <message>
         <source>A sync is still running.</source>
@@ -2126,12 +2126,8 @@
         <translation>下一頁</translation>
     </message>
     <message>
-        <source>Quick Look</source>
-        <translation>快速查看</translation>
-    </message>
-    <message>
         <source>“%1” is too large for a preview. Copy it to this computer first.</source>
-        <translation>「%1」太大，無法預覽。請先拷貝到這部電腦。</translation>
+        <translation>「%1」太大，無法預覽。請先複製到此電腦。</translation>
     </message>
     <message>
         <source>It cannot be shown: it is damaged, too large or protected.</source>
@@ -2144,6 +2140,10 @@
     <message>
         <source>Page %1 of %2</source>
         <translation>第 %1 頁，共 %2 頁</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>預覽</translation>
     </message>
 </context>
 <context>
@@ -2176,7 +2176,7 @@
     </message>
     <message>
         <source>Folder</source>
-        <translation>檔案夾</translation>
+        <translation>資料夾</translation>
     </message>
     <message>
         <source>Close</source>
@@ -2206,7 +2206,7 @@
     </message>
     <message>
         <source>Files: %1, folders: %2</source>
-        <translation>檔案：%1，檔案夾：%2</translation>
+        <translation>檔案：%1，資料夾：%2</translation>
     </message>
     <message>
         <source>The count was stopped: there may be more.</source>
@@ -2214,7 +2214,7 @@
     </message>
     <message>
         <source>Folders that could not be read: %1</source>
-        <translation>無法讀取的檔案夾：%1</translation>
+        <translation>無法讀取的資料夾：%1</translation>
     </message>
 </context>
 <context>
@@ -2269,7 +2269,7 @@
     </message>
     <message>
         <source>Browse phones and copy files to and from them.</source>
-        <translation>瀏覽手機並雙向拷貝檔案。</translation>
+        <translation>瀏覽手機並雙向複製檔案。</translation>
     </message>
     <message>
         <source>Website</source>
@@ -2332,7 +2332,7 @@
     </message>
     <message>
         <source>Drop a folder here to keep it at hand.</source>
-        <translation>將檔案夾拖到此處以便隨時開啟。</translation>
+        <translation>將資料夾拖到此處以便隨時開啟。</translation>
     </message>
     <message>
         <source>Remove from Favorites</source>
@@ -2350,7 +2350,7 @@
     <name>tessary::SyncPairList</name>
     <message>
         <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
-        <translation>尚無同步的檔案夾。請打開手機上的一個檔案夾，然後選擇「同步此檔案夾…」。</translation>
+        <translation>尚無同步的資料夾。請打開手機上的一個資料夾，然後選擇「同步此資料夾…」。</translation>
     </message>
 </context>
 <context>
@@ -2373,7 +2373,7 @@
     </message>
     <message>
         <source>Stop keeping these folders in step?</source>
-        <translation>要停止同步這些檔案夾嗎？</translation>
+        <translation>要停止同步這些資料夾嗎？</translation>
     </message>
     <message>
         <source>No file is deleted on either side.</source>
@@ -2396,11 +2396,11 @@
     </message>
     <message>
         <source>Sync This Folder</source>
-        <translation>同步此檔案夾</translation>
+        <translation>同步此資料夾</translation>
     </message>
     <message>
         <source>Folder on this computer</source>
-        <translation>此電腦上的檔案夾</translation>
+        <translation>此電腦上的資料夾</translation>
     </message>
     <message>
         <source>Direction</source>
@@ -2424,7 +2424,7 @@
     </message>
     <message>
         <source>Folder on the phone</source>
-        <translation>手機上的檔案夾</translation>
+        <translation>手機上的資料夾</translation>
     </message>
     <message>
         <source>Show What Will Happen</source>
@@ -2439,7 +2439,7 @@
     </message>
     <message>
         <source>Sync This Folder…</source>
-        <translation>同步此檔案夾…</translation>
+        <translation>同步此資料夾…</translation>
     </message>
     <message>
         <source>Sync All</source>
@@ -2450,11 +2450,11 @@
     <name>tessary::SyncPreviewDialog</name>
     <message>
         <source>Copy to the phone</source>
-        <translation>拷貝到手機</translation>
+        <translation>複製到手機</translation>
     </message>
     <message>
         <source>Copy to this computer</source>
-        <translation>拷貝到此電腦</translation>
+        <translation>複製到此電腦</translation>
     </message>
     <message>
         <source>Move to the phone</source>
@@ -2498,11 +2498,11 @@
     </message>
     <message>
         <source>Comparing the folders…</source>
-        <translation>正在比較檔案夾…</translation>
+        <translation>正在比較資料夾…</translation>
     </message>
     <message>
         <source>The folders cannot be compared</source>
-        <translation>無法比較檔案夾</translation>
+        <translation>無法比較資料夾</translation>
     </message>
     <message numerus="yes">
         <source>%Ln files are the same already</source>
@@ -2513,7 +2513,7 @@
     <message numerus="yes">
         <source>%Ln files to go through, %1 to copy</source>
         <translation>
-            <numerusform>需檢查 %Ln 個檔案，需拷貝 %1</numerusform>
+            <numerusform>需檢查 %Ln 個檔案，需複製 %1</numerusform>
         </translation>
     </message>
 </context>
@@ -2567,15 +2567,15 @@
     </message>
     <message>
         <source>What you keep is copied back.</source>
-        <translation>您保留的內容會拷貝回去。</translation>
+        <translation>您保留的內容會複製回去。</translation>
     </message>
     <message>
         <source>Folder Missing</source>
-        <translation>檔案夾遺失</translation>
+        <translation>資料夾遺失</translation>
     </message>
     <message>
         <source>The folder on this computer is gone</source>
-        <translation>此電腦上的檔案夾已不存在</translation>
+        <translation>此電腦上的資料夾已不存在</translation>
     </message>
 </context>
 <context>
@@ -2599,31 +2599,31 @@
     <name>tessary::TransferNotice</name>
     <message>
         <source>“%1” is copied.</source>
-        <translation>「%1」已拷貝。</translation>
+        <translation>「%1」已複製。</translation>
     </message>
     <message numerus="yes">
         <source>%Ln items are copied.</source>
         <translation>
-            <numerusform>已拷貝 %Ln 個項目。</numerusform>
+            <numerusform>已複製 %Ln 個項目。</numerusform>
         </translation>
     </message>
     <message>
         <source>“%1” was not copied.</source>
-        <translation>「%1」未能拷貝。</translation>
+        <translation>「%1」未能複製。</translation>
     </message>
     <message numerus="yes">
         <source>%Ln of %1 items were not copied.</source>
         <translation>
-            <numerusform>%1 個項目中有 %Ln 個未能拷貝。</numerusform>
+            <numerusform>%1 個項目中有 %Ln 個未能複製。</numerusform>
         </translation>
     </message>
     <message>
         <source>Copying has finished</source>
-        <translation>拷貝已完成</translation>
+        <translation>複製已完成</translation>
     </message>
     <message>
         <source>Copying went wrong</source>
-        <translation>拷貝時發生錯誤</translation>
+        <translation>複製時發生錯誤</translation>
     </message>
 </context>
 <context>
@@ -2654,7 +2654,7 @@
     </message>
     <message>
         <source>Show in Folder</source>
-        <translation>在檔案夾中顯示</translation>
+        <translation>在資料夾中顯示</translation>
     </message>
     <message>
         <source>Cancel</source>

@@ -2,12 +2,16 @@
 #include "support/TemporaryFolder.h"
 #include "support/TranslationFile.h"
 
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QMap>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QSet>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 using namespace tessary;
@@ -130,6 +134,40 @@ TEST(TranslationFiles, textsHaveThePlacesOfTheEnglishOneAndNoLooseEnds) {
                 EXPECT_EQ(form, form.trimmed()) << at(language, text);
                 EXPECT_FALSE(form.isEmpty()) << at(language, text);
             }
+        }
+    }
+}
+
+/// Our own words: those that lower layers still say, and Qt's buttons, are among them.
+TEST(TranslationFiles, eachLanguageKeepsToItsGlossary) {
+    QFile file(QStringLiteral(TESSARY_TRANSLATIONS "/glossary.json"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QJsonObject glossary = QJsonDocument::fromJson(file.readAll()).object();
+    EXPECT_EQ(glossary.size(), translatedLanguages().size());
+    for (const AppLanguage language : translatedLanguages()) {
+        const QJsonObject words = glossary[rawValue(language)].toObject();
+        const auto texts = translationsOf(language);
+        for (const char* thing : {"phone", "computer", "folder", "file", "item", "copy", "delete",
+                                  "link", "storage", "address"}) {
+            const QString word = words[QLatin1StringView(thing)].toString();
+            EXPECT_TRUE(std::ranges::any_of(texts,
+                                            [&](const TranslatedText& text) {
+                                                return !word.isEmpty() &&
+                                                       text.forms.join(u' ').contains(
+                                                           word, Qt::CaseInsensitive);
+                                            }))
+                << rawValue(language).toStdString() << " has no text with its word for " << thing;
+        }
+        const QJsonObject ruledOut = words[u"ruledOut"_s].toObject();
+        EXPECT_GT(ruledOut.size(), 2);
+        for (auto rule = ruledOut.begin(); rule != ruledOut.end(); ++rule) {
+            const QRegularExpression wrong(rule.key(),
+                                           QRegularExpression::UseUnicodePropertiesOption);
+            ASSERT_TRUE(wrong.isValid()) << rule.key().toStdString();
+            for (const TranslatedText& text : texts)
+                EXPECT_FALSE(wrong.match(text.forms.join(u'\n')).hasMatch())
+                    << at(language, text) << " -> " << text.forms.join(u'|').toStdString()
+                    << "\nwrite: " << rule.value().toString().toStdString();
         }
     }
 }

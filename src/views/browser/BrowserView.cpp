@@ -176,7 +176,7 @@ void BrowserView::showContent() {
         } else {
             placeholder_->show(QStringLiteral("folder"), tr("Folder Not Found"),
                                tr("It may have been deleted or moved on the phone."),
-                               tr("Enclosing Folder"), [this] { browser_.navigateUp(); });
+                               tr("Parent Folder"), [this] { browser_.navigateUp(); });
         }
         page(placeholder_);
         break;

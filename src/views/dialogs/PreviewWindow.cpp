@@ -118,7 +118,7 @@ QWidget* PreviewWindow::makeFooter() {
         name(*next, tr("Next"));
         name(*previousPage_, tr("Previous Page"));
         name(*nextPage_, tr("Next Page"));
-        text_->setAccessibleName(tr("Quick Look"));
+        text_->setAccessibleName(tr("Preview"));
     });
     caption_->setObjectName(QStringLiteral("previewCaption"));
     caption_->setTextFormat(Qt::PlainText);
