@@ -1,7 +1,7 @@
 #include "FuzzTarget.h"
-#include "adb/files/ADBDevices.h"
 #include "adb/files/ADBFileBackend.h"
 #include "adb/files/LsOutput.h"
+#include "adb/server/ADBDevices.h"
 
 using namespace tessary;
 

@@ -123,8 +123,11 @@ bool ADBDConnection::greet() {
     std::string banner = "device::ro.product.name=" + config.product.toStdString() +
                          ";ro.product.model=" + config.model.toStdString() +
                          ";ro.product.device=" + config.device.toStdString() + ";";
-    if (config.hasShellV2)
-        banner += "features=shell_v2,cmd,stat_v2,fixed_push_mkdir";
+    banner += "features=cmd,fixed_push_mkdir";
+    for (const auto& [has, name] :
+         {std::pair(config.hasShellV2, ",shell_v2"), std::pair(config.hasStatV2, ",stat_v2"),
+          std::pair(config.hasLsV2, ",ls_v2")})
+        banner += has ? name : "";
     return send(ADBCommand::cnxn, ADBConstants::versionV2, ADBConstants::maxPayloadV2,
                 bytesOf(banner));
 }

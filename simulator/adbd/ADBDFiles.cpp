@@ -42,7 +42,12 @@ fs::path spelledAsStored(const fs::path& root, const fs::path& relative) {
 } // namespace
 
 std::optional<fs::path> ADBDFiles::resolve(const std::string& path) const {
-    for (const std::string_view root : roots) {
+    std::vector<std::pair<std::string_view, const fs::path*>> places;
+    for (const std::string_view root : roots)
+        places.emplace_back(root, &root_);
+    for (const auto& [root, folder] : cards_)
+        places.emplace_back(root, &folder);
+    for (const auto& [root, folder] : places) {
         if (!path.starts_with(root) || (path.size() > root.size() && path[root.size()] != '/'))
             continue;
         std::string inside = path.substr(root.size());
@@ -53,8 +58,8 @@ std::optional<fs::path> ADBDFiles::resolve(const std::string& path) const {
             relative.is_absolute())
             return std::nullopt;
         if (inside.empty())
-            return root_;
-        return ignoresCase_ ? spelledAsStored(root_, relative) : root_ / relative;
+            return *folder;
+        return ignoresCase_ ? spelledAsStored(*folder, relative) : *folder / relative;
     }
     return std::nullopt;
 }
@@ -76,6 +81,17 @@ int ADBDFiles::status(const std::string& path, bool follow, struct stat& status)
 }
 
 int ADBDFiles::list(const std::string& path, std::vector<ADBDEntry>& entries) const {
+    if (path == "/storage" || path == "/storage/") {
+        for (const std::string& name :
+             {std::string("."), std::string(".."), std::string("emulated"), std::string("self")})
+            entries.push_back({name, {}, {}});
+        for (const auto& [root, folder] : cards_)
+            entries.push_back({fs::path(root).filename().string(), {}, {}});
+        for (ADBDEntry& entry : entries)
+            if (::stat(root_.c_str(), &entry.status) != 0)
+                return errno;
+        return 0;
+    }
     const auto local = resolve(path);
     if (!local)
         return ENOENT;
@@ -143,12 +159,24 @@ int ADBDFiles::removeFolder(const std::string& path) const {
     return ::rmdir(local->c_str()) == 0 ? 0 : errno;
 }
 
-int ADBDFiles::move(const std::string& from, const std::string& to) const {
+int ADBDFiles::makeFolder(const std::string& path) const {
+    const auto local = resolve(path);
+    if (!local)
+        return EROFS;
+    return ::mkdir(local->c_str(), S_IRWXU | S_IRWXG) == 0 ? 0 : errno;
+}
+
+int ADBDFiles::move(const std::string& from, const std::string& to, bool mayReplace) const {
     const auto source = resolve(from);
     auto target = resolve(to);
     if (!source || !target)
         return ENOENT;
     std::error_code failure;
+    if (!fs::exists(fs::symlink_status(*source, failure)))
+        return ENOENT;
+    if (!mayReplace && fs::exists(fs::symlink_status(*target, failure)) &&
+        !fs::is_directory(*target, failure))
+        return 0;
     if (*source == *target)
         target->replace_filename(fs::path(to).filename()); // another spelling of its name
     else if (fs::is_directory(*target, failure))

@@ -19,11 +19,15 @@ struct ADBDEntry {
 };
 
 /// The file tree of a virtual adbd: /sdcard, which is a link, and /storage/emulated/0, over one
-/// folder of this machine. Errors are errno values; paths are absolute, of the phone.
+/// folder of this machine, and each card as /storage/<id> over its own. Errors are errno values;
+/// paths are absolute, of the phone.
 class ADBDFiles {
 public:
     explicit ADBDFiles(const ADBDConfig& config)
-        : root_(config.folder.toStdString()), ignoresCase_(config.ignoresCase) {}
+        : root_(config.folder.toStdString()), ignoresCase_(config.ignoresCase) {
+        for (const ADBDCard& card : config.cards)
+            cards_.emplace_back("/storage/" + card.id.toStdString(), card.folder.toStdString());
+    }
 
     /// Where a path lies on this machine; no value for what is outside the phone's storage.
     [[nodiscard]] std::optional<std::filesystem::path> resolve(const std::string& path) const;
@@ -40,12 +44,17 @@ public:
     [[nodiscard]] int removeFile(const std::string& path) const;
     /// As `rmdir`.
     [[nodiscard]] int removeFolder(const std::string& path) const;
-    /// As `mv`: into `to` when that is a folder, else in its place.
-    [[nodiscard]] int move(const std::string& from, const std::string& to) const;
+    /// As `mv`: into `to` when that is a folder, else in its place; with `mayReplace` false as
+    /// `mv -n`, which does nothing when a file is there.
+    [[nodiscard]] int move(const std::string& from, const std::string& to,
+                           bool mayReplace = true) const;
+    /// As `mkdir`: one folder in one that is there.
+    [[nodiscard]] int makeFolder(const std::string& path) const;
 
 private:
     const std::filesystem::path root_;
     const bool ignoresCase_;
+    std::vector<std::pair<std::string, std::filesystem::path>> cards_;
 };
 
 } // namespace tessary

@@ -4,13 +4,22 @@
 #include "base/values/LittleEndian.h"
 #include "simulator/adbd/ADBDListing.h"
 
+#include <QCryptographicHash>
+#include <QDateTime>
+#include <QFile>
+#include <QTimeZone>
+
 #include <fcntl.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <charconv>
+#include <cstdlib>
 #include <cstring>
+#include <filesystem>
+#include <fstream>
 #include <string_view>
 
 namespace tessary {
@@ -20,6 +29,9 @@ namespace {
 using Words = std::vector<std::string>;
 
 constexpr std::string_view special = "$`*?|<>()#~!{}[]\"\n\r&;";
+
+/// Stands for "$?" in a word.
+constexpr std::string_view statusMark = "\x01status\x01";
 
 ADBDShellResult failed(const std::string& text) {
     return {{}, text + '\n', 1};
@@ -49,8 +61,53 @@ ADBDShellResult list(ADBDState& state, const Words& words) {
     return {text, {}, 0};
 }
 
+/// `ls -A FOLDER`
+ADBDShellResult listNames(ADBDState& state, const Words& words) {
+    std::vector<ADBDEntry> entries;
+    if (const int code = ADBDFiles(state.config).list(words[2], entries))
+        return failed("ls: " + words[2] + ": " + reason(code));
+    std::string text;
+    for (const ADBDEntry& entry : entries)
+        if (entry.name != "." && entry.name != "..")
+            text += entry.name + '\n';
+    return {text, {}, 0};
+}
+
+/// `stat -f -c "MARK %a %S %b" FOLDER`
+ADBDShellResult fileSystemStat(ADBDState& state, const Words& words) {
+    constexpr std::uint64_t unit = 4096;
+    const std::string& path = words[4];
+    std::uint64_t free = state.config.free;
+    std::uint64_t capacity = state.config.capacity;
+    for (const ADBDCard& card : state.config.cards)
+        if (path.starts_with("/storage/" + card.id.toStdString())) {
+            free = card.free;
+            capacity = card.capacity;
+        }
+    struct stat status = {};
+    if (const int code = ADBDFiles(state.config).status(path, true, status))
+        return failed("stat: '" + path + "': " + reason(code));
+    std::string text;
+    const std::string& format = words[3];
+    for (std::size_t i = 0; i < format.size(); ++i) {
+        if (format[i] != '%')
+            text += format[i];
+        else if (const char field = format[++i]; field == 'a')
+            text += std::to_string(free / unit);
+        else if (field == 'S')
+            text += std::to_string(unit);
+        else if (field == 'b')
+            text += std::to_string(capacity / unit);
+        else
+            return failed("stat: bad format");
+    }
+    return {text + '\n', {}, 0};
+}
+
 /// `stat [-L] [-c FORMAT] PATH` with the fields %f %s %Y %d %i.
 ADBDShellResult stat(ADBDState& state, const Words& words) {
+    if (words.size() == 5 && words[1] == "-f" && words[2] == "-c")
+        return fileSystemStat(state, words);
     std::size_t next = 1;
     const bool follow = next < words.size() && words[next] == "-L";
     next += follow ? 1 : 0;
@@ -114,12 +171,33 @@ ADBDShellResult removeFile(ADBDState& state, const Words& words) {
     return code == 0 ? ADBDShellResult() : failed("rm: " + words[2] + ": " + reason(code));
 }
 
-/// `mv [-f] FROM TO`
+/// `mkdir PATH`
+ADBDShellResult makeFolder(ADBDState& state, const Words& words) {
+    const int code =
+        state.hooks->isReadOnly() ? EROFS : ADBDFiles(state.config).makeFolder(words[1]);
+    return code == 0 ? ADBDShellResult() : failed("mkdir: '" + words[1] + "': " + reason(code));
+}
+
+/// `mv [-f|-n] FROM TO`
 ADBDShellResult move(ADBDState& state, const Words& words) {
     const std::string& from = words[words.size() - 2];
-    const int code =
-        state.hooks->isReadOnly() ? EROFS : ADBDFiles(state.config).move(from, words.back());
+    const int code = state.hooks->isReadOnly()
+                         ? EROFS
+                         : ADBDFiles(state.config).move(from, words.back(), words[1] != "-n");
     return code == 0 ? ADBDShellResult() : failed("mv: bad '" + from + "': " + reason(code));
+}
+
+/// `find FOLDER/ -maxdepth 1 -type f -size +BYTESc -print0`
+ADBDShellResult findLarge(ADBDState& state, const Words& words) {
+    std::vector<ADBDEntry> entries;
+    if (const int code = ADBDFiles(state.config).list(words[1], entries))
+        return failed("find: " + words[1] + ": " + reason(code));
+    const std::int64_t least = std::atoll(words[7].c_str() + 1);
+    ADBDShellResult all;
+    for (const ADBDEntry& entry : entries)
+        if (S_ISREG(entry.status.st_mode) && entry.status.st_size > least)
+            all.output += words[1] + entry.name + '\0';
+    return all;
 }
 
 /// `find FOLDER -type f -exec stat -c FORMAT {} +`
@@ -157,6 +235,79 @@ ADBDShellResult head(ADBDState& state, const Words& words) {
     const ssize_t got = ::read(file.get(), text.data(), count);
     text.resize(got < 0 ? 0 : static_cast<std::size_t>(got));
     return {text, {}, 0};
+}
+
+/// The value of "NAME=value"; no value when the word is another one.
+std::optional<std::string> operand(const std::string& word, std::string_view name) {
+    if (!word.starts_with(std::string(name) + '='))
+        return std::nullopt;
+    return word.substr(name.size() + 1);
+}
+
+/// `dd if=FILE bs=BYTES skip=BLOCKS [count=BLOCKS]`
+ADBDShellResult copyBlocks(ADBDState& state, const Words& words) {
+    const auto path = operand(words[1], "if");
+    const auto size = operand(words[2], "bs");
+    const auto skip = operand(words[3], "skip");
+    const auto count = words.size() > 4 ? operand(words[4], "count") : std::string("1000000");
+    if (!path || !size || !skip || !count)
+        return failed("dd: bad operands");
+    const auto local = ADBDFiles(state.config).resolve(*path);
+    std::ifstream file(local.value_or("/nowhere"), std::ios::binary);
+    if (!file || std::filesystem::is_directory(*local))
+        return failed("dd: " + *path + ": " + reason(ENOENT));
+    const std::int64_t block = std::atoll(size->c_str());
+    file.seekg(block * std::atoll(skip->c_str()));
+    std::string text;
+    std::string piece(static_cast<std::size_t>(block), '\0');
+    for (std::int64_t n = std::atoll(count->c_str()); n > 0 && file; --n) {
+        file.read(piece.data(), block);
+        text.append(piece, 0, static_cast<std::size_t>(file.gcount()));
+    }
+    return {text, "1+0 records in\n1+0 records out\n", 0};
+}
+
+/// `[toybox] sha256sum FILE`
+ADBDShellResult hash(ADBDState& state, const Words& words) {
+    const std::string& path = words.back();
+    QCryptographicHash sum(QCryptographicHash::Sha256);
+    if (path != "/dev/null") {
+        const auto local = ADBDFiles(state.config).resolve(path);
+        QFile file(local ? QString::fromStdString(local->string()) : QString());
+        if (!local || !file.open(QIODevice::ReadOnly) || !sum.addData(&file))
+            return failed("sha256sum: " + path + ": " + reason(ENOENT));
+    }
+    return {sum.result().toHex().toStdString() + "  " + path + '\n', {}, 0};
+}
+
+/// `touch -m -t YYYYMMDDhhmm.ss FILE` in the world's own time
+ADBDShellResult touch(ADBDState& state, const Words& words) {
+    const QDateTime date =
+        QDateTime::fromString(QString::fromStdString(words[4]), QStringLiteral("yyyyMMddHHmm.ss"));
+    const auto local = ADBDFiles(state.config).resolve(words[5]);
+    if (!date.isValid() || !local)
+        return failed("touch: bad '" + words[4] + "'");
+    if (state.hooks->isReadOnly())
+        return failed("touch: '" + words[5] + "': " + reason(EROFS));
+    const QDateTime world(date.date(), date.time(), QTimeZone::utc());
+    const std::array<timespec, 2> times{timespec{0, UTIME_OMIT},
+                                        timespec{world.toSecsSinceEpoch(), 0}};
+    return ::utimensat(AT_FDCWD, local->c_str(), times.data(), AT_SYMLINK_NOFOLLOW) == 0
+               ? ADBDShellResult()
+               : failed("touch: '" + words[5] + "': " + reason(errno));
+}
+
+/// `sm list-volumes public`
+ADBDShellResult volumes(ADBDState& state, const Words&) {
+    std::string text;
+    for (const ADBDCard& card : state.config.cards)
+        text += (card.isStick ? "public:8,1 mounted " : "public:179,65 mounted ") +
+                card.id.toStdString() + '\n';
+    return {text, {}, 0};
+}
+
+ADBDShellResult apiLevel(ADBDState& state, const Words&) {
+    return {std::to_string(state.config.apiLevel) + '\n', {}, 0};
 }
 
 ADBDShellResult removeFolder(ADBDState& state, const Words& words) {
@@ -203,13 +354,24 @@ struct Known {
 
 constexpr std::array knownCommands{
     Known{{"ls", "-la", ""}, 3, &list},
+    Known{{"ls", "-A", ""}, 3, &listNames},
     Known{{"stat", "", ""}, 0, &stat},
     Known{{"mkdir", "-p", ""}, 3, &makeFolders},
+    Known{{"mkdir", "", ""}, 2, &makeFolder},
     Known{{"rm", "-rf", ""}, 3, &removeAll},
     Known{{"rm", "-f", ""}, 3, &removeFile},
     Known{{"mv", "-f", ""}, 4, &move},
+    Known{{"mv", "-n", ""}, 4, &move},
     Known{{"mv", "", ""}, 3, &move},
     Known{{"find", "", "-type"}, 10, &findFiles},
+    Known{{"find", "", "-maxdepth"}, 9, &findLarge},
+    Known{{"dd", "", ""}, 5, &copyBlocks},
+    Known{{"dd", "", ""}, 4, &copyBlocks},
+    Known{{"sha256sum", "", ""}, 2, &hash},
+    Known{{"toybox", "sha256sum", ""}, 3, &hash},
+    Known{{"TZ=UTC0", "touch", "-m"}, 6, &touch},
+    Known{{"sm", "list-volumes", "public"}, 3, &volumes},
+    Known{{"getprop", "ro.build.version.sdk", ""}, 2, &apiLevel},
     Known{{"head", "-c", ""}, 4, &head},
     Known{{"df", "-k", "/sdcard"}, 3, &diskFree},
     Known{{"dumpsys", "battery", ""}, 2, &battery},
@@ -242,6 +404,9 @@ std::optional<std::string> takeWord(const std::string& line, std::size_t& at) {
             at = end + 1;
         } else if (c == '\\' && at + 1 < line.size() && line[at + 1] != '\n') {
             word += line[at + 1];
+            at += 2;
+        } else if (line.compare(at, 2, "$?") == 0) {
+            word += statusMark;
             at += 2;
         } else if (special.find(c) != std::string_view::npos || c == '\\') {
             return std::nullopt;
@@ -287,7 +452,7 @@ std::optional<std::vector<ADBDShellCommand>> parseADBDCommandLine(const std::str
     return commands;
 }
 
-ADBDShellResult runADBDCommandLine(ADBDState& state, const std::string& line) {
+ADBDShellResult runADBDCommandLine(ADBDState& state, const std::string& line, bool mixesErrors) {
     const auto refuse = [&] {
         state.hooks->lineRefused(QByteArray::fromStdString(line));
         return ADBDShellResult{{}, "/system/bin/sh: syntax error: unexpected\n", 2};
@@ -302,9 +467,15 @@ ADBDShellResult runADBDCommandLine(ADBDState& state, const std::string& line) {
         const Known* known = find(command.words);
         if (known == nullptr)
             return refuse();
-        ADBDShellResult one = known->run(state, command.words);
+        Words words = command.words;
+        if (const std::size_t at = words.back().find(statusMark); at != std::string::npos)
+            words.back().replace(at, statusMark.size(), std::to_string(all.status));
+        ADBDShellResult one =
+            state.config.missingCommands.contains(QByteArray::fromStdString(words.front()))
+                ? ADBDShellResult{{}, "/system/bin/sh: " + words.front() + ": not found\n", 127}
+                : known->run(state, words);
         all.output += one.output;
-        all.errors += one.errors;
+        (mixesErrors ? all.output : all.errors) += one.errors;
         all.status = one.status;
     }
     return all;
@@ -320,7 +491,7 @@ ADBDShell::ADBDShell(ADBDState& state, const std::string& line, bool isVersion2)
     if (const auto rewritten = state.hooks->rewrite(command))
         result.output = rewritten->toStdString();
     else
-        result = runADBDCommandLine(state, line);
+        result = runADBDCommandLine(state, line, !isVersion2);
     if (!isVersion2) {
         const std::string text = result.output + result.errors;
         const auto* data = reinterpret_cast<const std::byte*>(text.data());

@@ -27,10 +27,13 @@ struct ADBDShellCommand {
 [[nodiscard]] std::optional<std::vector<ADBDShellCommand>>
 parseADBDCommandLine(const std::string& line);
 
-/// Runs a command line on a virtual phone: ls -la, stat, mkdir -p, rm -rf, rm -f, rmdir, mv, find,
-/// head -c, df -k, dumpsys battery, getprop and echo, each exactly in the forms that are asked of
-/// real phones. Anything else is refused, and the hooks told. Starts no program.
-[[nodiscard]] ADBDShellResult runADBDCommandLine(ADBDState& state, const std::string& line);
+/// Runs a command line on a virtual phone: ls, stat, mkdir, rm -rf, rm -f, rmdir, mv, find, head
+/// -c, dd, sha256sum, touch, df -k, sm, dumpsys battery, getprop and echo, each exactly in the
+/// forms that are asked of real phones. Anything else is refused and the hooks told.
+/// Starts no program.
+/// `mixesErrors`: in the output, in their order.
+[[nodiscard]] ADBDShellResult runADBDCommandLine(ADBDState& state, const std::string& line,
+                                                 bool mixesErrors);
 
 /// The shell service: a command line whose output goes to the host, in version 2 as packets (u8
 /// kind, u32 length, bytes) with the exit status at the end.

@@ -83,10 +83,16 @@ void ADBDSync::receive(ByteView bytes) {
         const std::size_t length = readLittleEndian<std::uint32_t>(in_, 4);
         if (length > longestPath || in_.size() < recordHeader + length)
             continue;
-        const auto command = adbSyncCommandFromRawValue(readLittleEndian<std::uint32_t>(in_, 0));
+        const auto word = readLittleEndian<std::uint32_t>(in_, 0);
+        const auto command = adbSyncCommandFromRawValue(word);
         const std::string path(reinterpret_cast<const char*>(in_.data()) + recordHeader, length);
         in_.clear();
-        if (!command) {
+        if (word == adbWordLIS2 && state_.config.hasLsV2) {
+            answerList(path, true);
+            continue;
+        }
+        const bool isUnknown = !state_.config.hasStatV2 && (command == sta2 || command == lst2);
+        if (!command || isUnknown) {
             fail("unknown command");
             isOver_ = true;
             return;
@@ -102,7 +108,7 @@ void ADBDSync::serve(ADBSyncCommand command, const std::string& path) {
     case lst2:
         return answerStat(command, path);
     case list:
-        return answerList(path);
+        return answerList(path, false);
     case recv:
         return beginPull(path);
     case send:
@@ -132,19 +138,24 @@ void ADBDSync::answerStat(ADBSyncCommand command, const std::string& path) {
         return;
     }
     appendLittleEndian(out_, low32(code));
+    appendFacts(status, static_cast<std::uint64_t>(size));
+}
+
+/// What the second version of the records tells after the error.
+void ADBDSync::appendFacts(const struct stat& status, std::uint64_t size) {
     appendLittleEndian(out_, static_cast<std::uint64_t>(status.st_dev));
     appendLittleEndian(out_, static_cast<std::uint64_t>(status.st_ino));
     appendLittleEndian(out_, low32(status.st_mode));
     appendLittleEndian(out_, low32(status.st_nlink));
     appendLittleEndian(out_, low32(status.st_uid));
     appendLittleEndian(out_, low32(status.st_gid));
-    appendLittleEndian(out_, static_cast<std::uint64_t>(size));
+    appendLittleEndian(out_, size);
     appendLittleEndian(out_, static_cast<std::uint64_t>(status.st_atim.tv_sec));
     appendLittleEndian(out_, static_cast<std::uint64_t>(status.st_mtim.tv_sec));
     appendLittleEndian(out_, static_cast<std::uint64_t>(status.st_ctim.tv_sec));
 }
 
-void ADBDSync::answerList(const std::string& path) {
+void ADBDSync::answerList(const std::string& path, bool isNew) {
     const std::int64_t lie = state_.hooks->sizeLie();
     std::vector<ADBDEntry> entries;
     (void)files_.list(path, entries); // what cannot be read has no entries
@@ -155,6 +166,14 @@ void ADBDSync::answerList(const std::string& path) {
         entries.push_back(std::move(extra));
     }
     for (const ADBDEntry& entry : entries) {
+        if (isNew) {
+            appendLittleEndian(out_, adbWordDNT2);
+            appendLittleEndian(out_, std::uint32_t{0});
+            appendFacts(entry.status, static_cast<std::uint64_t>(entry.status.st_size + lie));
+            appendLittleEndian(out_, low32(entry.name.size()));
+            appendText(out_, entry.name);
+            continue;
+        }
         appendWord(out_, dent);
         appendLittleEndian(out_, low32(entry.status.st_mode));
         appendLittleEndian(out_, low32(entry.status.st_size + lie));
@@ -163,7 +182,10 @@ void ADBDSync::answerList(const std::string& path) {
         appendText(out_, entry.name);
     }
     appendWord(out_, done);
-    out_.insert(out_.end(), 16, std::byte{0});
+    out_.insert(out_.end(),
+                (isNew ? ADBSyncRecords::newEntrySize : ADBSyncRecords::oldEntrySize) -
+                    ADBSyncRecords::wordSize,
+                std::byte{0});
 }
 
 void ADBDSync::beginPull(const std::string& path) {
@@ -184,6 +206,7 @@ void ADBDSync::beginPull(const std::string& path) {
     if (!pulled_.isOpen() || ::fstat(pulled_.get(), &status) != 0 || S_ISDIR(status.st_mode)) {
         pulled_.close();
         fail("open failed: No such file or directory");
+        isOver_ = true; // as adbd does after each refused transfer
     }
 }
 
@@ -274,8 +297,10 @@ void ADBDSync::writePushed(ByteView bytes) {
 
 void ADBDSync::endPush(std::uint32_t mtime) {
     isPushing_ = false;
-    if (!pushed_.isOpen())
-        return; // the failure was told
+    if (!pushed_.isOpen()) {
+        isOver_ = true; // the failure was told, and the rest has been taken
+        return;
+    }
     const std::array<timespec, 2> times{timespec{0, UTIME_OMIT},
                                         timespec{static_cast<std::time_t>(mtime), 0}};
     (void)::futimens(pushed_.get(), times.data());

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adb/protocol/ADBSyncCodec.h"
+#include "adb/protocol/ADBSyncRecords.h"
 #include "base/local/FileHandle.h"
 #include "simulator/adbd/ADBDFiles.h"
 #include "simulator/adbd/ADBDService.h"
@@ -10,8 +10,8 @@
 
 namespace tessary {
 
-/// The sync service of a virtual adbd: STAT, STA2, LST2, LIST, RECV and SEND. A push that is not
-/// finished when the service goes leaves no file.
+/// The sync service of a virtual adbd: STAT, STA2, LST2, LIST, LIS2, RECV and SEND. A push that is
+/// not finished when the service goes leaves no file.
 class ADBDSync : public ADBDService {
 public:
     explicit ADBDSync(ADBDState& state);
@@ -27,8 +27,9 @@ public:
 
 private:
     void serve(ADBSyncCommand command, const std::string& path);
+    void appendFacts(const struct stat& status, std::uint64_t size);
     void answerStat(ADBSyncCommand command, const std::string& path);
-    void answerList(const std::string& path);
+    void answerList(const std::string& path, bool isNew);
     void beginPull(const std::string& path);
     void appendContent(Bytes& bytes, std::size_t most);
     void beginPush(const std::string& pathAndMode);

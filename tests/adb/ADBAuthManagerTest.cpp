@@ -118,8 +118,8 @@ TEST_F(ADBAuthManagerTest, whatCannotBeUsedIsAnErrorAndStaysAsItIs) {
     try {
         (void)manager().sign(ByteView(token).first(19));
         ADD_FAILURE() << "signed";
-    } catch (const ADBError& error) {
-        EXPECT_EQ(error.kind(), ADBError::Case::notSigned);
+    } catch (const Error& error) {
+        EXPECT_TRUE(error.is(ADBError::notSigned));
         EXPECT_THAT(error.what(), HasSubstr("Failed to sign challenge token: "));
     }
     const QByteArray shortKey = [&] {
@@ -131,8 +131,8 @@ TEST_F(ADBAuthManagerTest, whatCannotBeUsedIsAnErrorAndStaysAsItIs) {
         try {
             (void)manager().getPublicKeyPayload();
             ADD_FAILURE() << stored.toStdString();
-        } catch (const ADBError& error) {
-            EXPECT_EQ(error.kind(), ADBError::Case::noKey);
+        } catch (const Error& error) {
+            EXPECT_TRUE(error.is(ADBError::noKey));
             EXPECT_THAT(error.what(), HasSubstr("Failed to generate RSA key: "));
         }
         EXPECT_EQ(folder_.read(storedKey()), stored);

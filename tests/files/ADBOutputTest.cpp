@@ -1,5 +1,5 @@
-#include "adb/files/ADBDevices.h"
 #include "adb/files/LsOutput.h"
+#include "adb/server/ADBDevices.h"
 #include "support/QtPrinters.h"
 
 #include <QLocale>

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "adb/files/ADBTool.h"
 #include "adb/files/LsOutput.h"
+#include "adb/tool/ADBTool.h"
 #include "base/local/LocalSource.h"
 #include "phone/BusyPhones.h"
+#include "phone/TransferOutcome.h"
 #include "phone/records/DeviceInfo.h"
 #include "phone/records/FileItem.h"
 #include "phone/records/LiveDeviceInfo.h"
-#include "phone/TransferOutcome.h"
 
 #include <QString>
 

@@ -30,8 +30,7 @@ QString reasonOr(const QString& unknown) {
 }
 
 [[noreturn]] void failToGenerate(const QString& reason) {
-    throw ADBError(ADBError::Case::noKey,
-                   QStringLiteral("Failed to generate RSA key: %1").arg(reason));
+    throw Error(ADBError::noKey, {QStringLiteral("Failed to generate RSA key: %1").arg(reason)});
 }
 
 QByteArray pemOf(EVP_PKEY* key) {
@@ -103,9 +102,9 @@ Bytes ADBAuthManager::sign(ByteView token) {
         EVP_PKEY_CTX_set_signature_md(context.get(), EVP_sha1()) != 1 ||
         EVP_PKEY_sign(context.get(), reinterpret_cast<unsigned char*>(signature.data()), &size,
                       reinterpret_cast<const unsigned char*>(token.data()), token.size()) != 1)
-        throw ADBError(ADBError::Case::notSigned,
-                       QStringLiteral("Failed to sign challenge token: %1")
-                           .arg(reasonOr(QStringLiteral("Unknown signature error"))));
+        throw Error(ADBError::notSigned,
+                    {QStringLiteral("Failed to sign challenge token: %1")
+                         .arg(reasonOr(QStringLiteral("Unknown signature error")))});
     signature.resize(size);
     return signature;
 }
@@ -117,8 +116,8 @@ Bytes ADBAuthManager::getPublicKeyPayload() {
     const std::unique_ptr<unsigned char, FreeWith<[](void* bytes) { OPENSSL_free(bytes); }>> der(
         encoded);
     if (size <= 0)
-        throw ADBError(ADBError::Case::noPublicKey,
-                       QStringLiteral("Failed to export public key representation"));
+        throw Error(ADBError::noPublicKey,
+                    {QStringLiteral("Failed to export public key representation")});
     const QString host = identity_.host.isEmpty() ? QStringLiteral("macOS") : identity_.host;
     QByteArray text = QByteArray(reinterpret_cast<const char*>(der.get()), size).toBase64();
     text += ' ' + identity_.user.toUtf8() + '@' + host.toUtf8() + '\0';

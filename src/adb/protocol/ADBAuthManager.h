@@ -23,7 +23,8 @@ struct ADBHostIdentity {
 
 /// The RSA key by which phones know this computer. It lies in the key store under `keyTag`, is
 /// made on first use, and is looked up anew each time, so that every program of this user signs
-/// with the same one. Thread-safe; calls block as the key store does. Failures are ADBError.
+/// with the same one. Thread-safe; calls block as the key store does. Failures are
+/// Error(ADBError).
 class ADBAuthManager {
 public:
     static constexpr QLatin1StringView keyTag{"com.kestrine.adb.privatekey"};

@@ -1,42 +1,42 @@
 #pragma once
 
-#include <QString>
-
-#include <exception>
+#include "base/values/Error.h"
 
 namespace tessary {
 
-/// The error of the ADB library. A value; `description` is the text for people and `what()` the
-/// same in UTF-8.
-class ADBError : public std::exception {
-public:
-    enum class Case {
-        noKey,       ///< this computer's key could be neither found nor made
-        notSigned,   ///< a token could not be signed
-        noPublicKey, ///< the public half could not be taken from the key
-    };
-
-    ADBError(Case kind, QString description)
-        : kind_(kind), description_(std::move(description)), utf8_(description_.toUtf8()) {}
-
-    [[nodiscard]] Case kind() const {
-        return kind_;
-    }
-    [[nodiscard]] const QString& description() const {
-        return description_;
-    }
-    [[nodiscard]] const char* what() const noexcept override {
-        return utf8_.constData();
-    }
-
-    bool operator==(const ADBError& other) const {
-        return kind_ == other.kind_ && description_ == other.description_;
-    }
-
-private:
-    Case kind_;
-    QString description_;
-    QByteArray utf8_;
+/// What can go wrong on the way to a phone's adbd and with its services. Arguments stand behind
+/// each case; a reason is the other side's own text.
+enum class ADBError {
+    // --- this computer's key ---
+    noKey,       ///< reason: it could be neither found nor made
+    notSigned,   ///< reason: a token could not be signed
+    noPublicKey, ///< reason: the public half could not be taken from the key
+    // --- the way to the phone ---
+    noServer,      ///< address: no adb server answers there
+    noADB,         ///< adb is not installed
+    notFound,      ///< serial: the way leads to no such phone
+    severalPhones, ///< serial: it leads to several, and nothing tells them apart
+    unauthorized,  ///< serial: the phone has not allowed this computer yet
+    notPermitted,  ///< serial: this user may not open the phone's USB device
+    offline,       ///< serial: the phone is known and does not answer
+    held,          ///< another program has the phone's adb interface: names, joined
+    tooOld,        ///< Android's API level: before 23 too much is missing
+    refused,       ///< service, reason
+    // --- a stream ---
+    brokenOff, ///< reason
+    timedOut,  ///< what was waited for
+    nonsense,  ///< what breaks the protocol
+    // --- one request ---
+    syncFailed,    ///< path, reason
+    statFailed,    ///< path, number of the phone's errno
+    commandFailed, ///< command, exit status, reason
+    nameNotText,   ///< name in percent encoding: its bytes are not UTF-8
+    pathTooLong,   ///< path
 };
+
+[[nodiscard]] constexpr ErrorLayer errorLayer(ADBError) {
+    return ErrorLayer::adb;
+}
+[[nodiscard]] const char* errorName(ADBError error);
 
 } // namespace tessary

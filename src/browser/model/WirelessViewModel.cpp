@@ -1,6 +1,6 @@
 #include "browser/model/WirelessViewModel.h"
 
-#include "adb/files/ADBWireless.h"
+#include "adb/tool/ADBWireless.h"
 #include "base/threads/Background.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "adb/files/ADBTool.h"
 #include "adb/protocol/WirelessADBDiscovery.h"
+#include "adb/tool/ADBTool.h"
 
 #include <QObject>
 

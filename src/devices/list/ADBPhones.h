@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adb/files/ADBDevices.h"
+#include "adb/server/ADBDevices.h"
 #include "phone/records/DeviceInfo.h"
 
 #include <vector>

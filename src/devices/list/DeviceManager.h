@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adb/files/ADBDevices.h"
+#include "adb/server/ADBDevices.h"
 #include "devices/list/AndroidDevices.h"
 #include "devices/list/DeviceSources.h"
 #include "devices/list/DeviceTrouble.h"

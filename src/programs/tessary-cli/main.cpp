@@ -1,4 +1,4 @@
-#include "adb/files/ADBTool.h"
+#include "adb/tool/ADBTool.h"
 #include "base/threads/Background.h"
 #include "cli/CliRunner.h"
 #include "cli/CommandLine.h"

@@ -1,4 +1,4 @@
-#include "adb/files/ADBTool.h"
+#include "adb/tool/ADBTool.h"
 #include "app/InterfaceTexts.h"
 #include "app/TessaryApp.h"
 #include "base/log/Product.h"

@@ -1,4 +1,4 @@
-#include "adb/files/ADBWireless.h"
+#include "adb/tool/ADBWireless.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adb/files/ADBTool.h"
+#include "adb/tool/ADBTool.h"
 
 #include <QString>
 

@@ -1,4 +1,4 @@
-#include "adb/files/ADBTool.h"
+#include "adb/tool/ADBTool.h"
 
 #include "base/threads/CancellationError.h"
 #include "base/values/TessaryError.h"

@@ -1,4 +1,4 @@
-#include "adb/files/ADBDevices.h"
+#include "adb/server/ADBDevices.h"
 
 #include <QRegularExpression>
 

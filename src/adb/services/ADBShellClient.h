@@ -1,0 +1,51 @@
+#pragma once
+
+#include "adb/services/ADBStream.h"
+
+#include <QByteArray>
+
+#include <functional>
+
+namespace tessary {
+
+/// How a command line on a phone ended.
+struct ADBCommandResult {
+    QByteArray output;
+    QByteArray errors; ///< empty where the phone's shell mixes them into the output
+    int status = 0;
+};
+
+/// A text as one word of a phone's shell, whatever bytes it holds: in single quotes, each single
+/// quote in it as '\''.
+[[nodiscard]] QByteArray shellQuoted(const QByteArray& text);
+
+/// Runs command lines on a phone, each on a stream of its own, with no terminal. Thread-safe and
+/// blocking. A stream that ends before the exit status came is ADBError::brokenOff.
+class ADBShellClient {
+public:
+    /// `connection` must outlive it.
+    ADBShellClient(ADBConnection& connection, bool hasVersion2)
+        : connection_(connection), hasVersion2_(hasVersion2) {}
+
+    /// Whether the output of a command reaches us as it is, apart from its errors.
+    [[nodiscard]] bool isExact() const {
+        return hasVersion2_;
+    }
+    /// Runs a line of one or more simple commands. More output than outputLimit is
+    /// ADBError::nonsense.
+    [[nodiscard]] ADBCommandResult run(const QByteArray& line, const Wait& wait);
+    /// The same, with the output handed to `output` as it comes until that says that it is enough
+    /// (false: the command is ended, and its status is 0). Only where isExact().
+    [[nodiscard]] ADBCommandResult
+    stream(const QByteArray& line, const std::function<bool(ByteView)>& output, const Wait& wait);
+
+    static constexpr qsizetype outputLimit = qsizetype{16} << 20; ///< bytes
+
+private:
+    [[nodiscard]] ADBCommandResult runOld(const QByteArray& line, const Wait& wait);
+
+    ADBConnection& connection_;
+    const bool hasVersion2_;
+};
+
+} // namespace tessary

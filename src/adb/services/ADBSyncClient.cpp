@@ -1,0 +1,243 @@
+#include "adb/services/ADBSyncClient.h"
+
+#include "adb/protocol/ADBError.h"
+#include "base/values/LittleEndian.h"
+
+#include <algorithm>
+
+namespace tessary {
+
+namespace {
+
+using enum ADBSyncCommand;
+using Records = ADBSyncRecords;
+
+constexpr std::size_t frontSize = 8; // word and length
+constexpr std::uint32_t notThere = 2;
+
+std::uint32_t word(ADBSyncCommand command) {
+    return static_cast<std::uint32_t>(command);
+}
+
+void append(Bytes& bytes, const Bytes& more) {
+    bytes.insert(bytes.end(), more.begin(), more.end());
+}
+
+QString shown(const QByteArray& path) {
+    return QString::fromUtf8(path);
+}
+
+void requirePath(const QByteArray& path, qsizetype longest = ADBSyncClient::longestPath) {
+    if (path.size() > longest)
+        throw Error(ADBError::pathTooLong, {shown(path)});
+}
+
+[[noreturn]] void throwNonsense(const char* what) {
+    throw Error(ADBError::nonsense, {QString::fromLatin1(what)});
+}
+
+} // namespace
+
+ADBSyncClient::Features ADBSyncClient::Features::of(const QByteArrayList& names) {
+    return {names.contains("stat_v2"), names.contains("ls_v2")};
+}
+
+ADBSyncClient::ADBSyncClient(std::unique_ptr<ADBStream> stream, Features features)
+    : stream_(std::move(stream)), reader_(*stream_), features_(features) {}
+
+void ADBSyncClient::appendStat(Bytes& bytes, const Question& question) const {
+    if (features_.hasNewStat)
+        return append(bytes, Records::request(question.follows ? sta2 : lst2, question.path));
+    // The old request looks at a link itself, unless the path ends in "/".
+    append(bytes, Records::request(ADBSyncCommand::stat, question.path));
+    if (question.follows)
+        append(bytes, Records::request(ADBSyncCommand::stat, question.path + '/'));
+}
+
+ADBFacts ADBSyncClient::takeStat(const Question& question, const Wait& wait) {
+    const auto takeOld = [&] {
+        const auto facts = Records::oldStat(reader_.take(Records::oldStatSize, wait));
+        if (!facts)
+            throwNonsense("an answer to STAT");
+        return *facts;
+    };
+    if (features_.hasNewStat) {
+        const auto facts = Records::newStat(reader_.take(Records::newStatSize, wait));
+        if (!facts)
+            throwNonsense("an answer to LST2");
+        return *facts;
+    }
+    ADBFacts itself = takeOld();
+    if (!question.follows)
+        return itself;
+    const ADBFacts target = takeOld();
+    if (target.error == 0 && target.isFolder())
+        return target;
+    if (itself.isLink())
+        itself.error = notThere;
+    return itself;
+}
+
+std::vector<ADBFacts> ADBSyncClient::stat(const std::vector<Question>& questions,
+                                          const Wait& wait) {
+    // So many that neither side's buffers fill up while nobody reads.
+    constexpr std::size_t atOnce = 64;
+    for (const Question& question : questions)
+        requirePath(question.path, longestPath - 1);
+    std::vector<ADBFacts> answers;
+    for (std::size_t begin = 0; begin < questions.size(); begin += atOnce) {
+        const std::size_t end = std::min(begin + atOnce, questions.size());
+        Bytes requests;
+        for (std::size_t n = begin; n < end; ++n)
+            appendStat(requests, questions[n]);
+        isSound_ = false;
+        stream_->write(requests, wait);
+        for (std::size_t n = begin; n < end; ++n)
+            answers.push_back(takeStat(questions[n], wait));
+        isSound_ = true;
+    }
+    return answers;
+}
+
+ADBFacts ADBSyncClient::stat(const QByteArray& path, bool follows, const Wait& wait) {
+    return stat({{path, follows}}, wait).front();
+}
+
+void ADBSyncClient::list(const QByteArray& path,
+                         const std::function<void(const ADBFacts& facts, QByteArray&& name)>& entry,
+                         const Wait& wait) {
+    constexpr std::uint32_t longestName = 4096;
+    requirePath(path);
+    isSound_ = false;
+    stream_->write(
+        Records::request(features_.hasNewList ? adbWordLIS2 : word(ADBSyncCommand::list), path),
+        wait);
+    for (;;) {
+        const auto front = features_.hasNewList
+                               ? Records::newEntry(reader_.take(Records::newEntrySize, wait))
+                               : Records::oldEntry(reader_.take(Records::oldEntrySize, wait));
+        if (!front || front->nameLength > longestName)
+            throwNonsense("an entry of a listing");
+        if (front->isDone)
+            break;
+        const ByteView name = reader_.take(front->nameLength, wait);
+        entry(front->facts, QByteArray(reinterpret_cast<const char*>(name.data()),
+                                       static_cast<qsizetype>(name.size())));
+    }
+    isSound_ = true;
+}
+
+std::uint64_t ADBSyncClient::receive(const QByteArray& path,
+                                     const std::function<void(const ADBFacts& facts)>& check,
+                                     const std::function<bool(ByteView)>& sink, const Wait& wait) {
+    requirePath(path, longestPath - 1);
+    const Question question{path, true};
+    Bytes requests;
+    appendStat(requests, question);
+    append(requests, Records::request(recv, path));
+    isSound_ = false;
+    stream_->write(requests, wait);
+    check(takeStat(question, wait));
+    std::uint64_t received = 0;
+    for (;;) {
+        const ByteView front = reader_.take(frontSize, wait);
+        const auto command = adbSyncCommandFromRawValue(readLittleEndian<std::uint32_t>(front, 0));
+        auto left = readLittleEndian<std::uint32_t>(front, Records::wordSize);
+        if (command == fail)
+            throwFailure(path, left, wait);
+        if (command == done)
+            break;
+        if (command != data)
+            throwNonsense("a piece of a file");
+        while (left > 0) {
+            const ByteView piece = reader_.takeSome(left, wait);
+            left -= static_cast<std::uint32_t>(piece.size());
+            received += piece.size();
+            if (!sink(piece))
+                return received;
+        }
+    }
+    isSound_ = true;
+    return received;
+}
+
+ADBFacts ADBSyncClient::send(const QByteArray& path, std::uint32_t mode,
+                             const std::function<std::size_t(std::span<std::byte>)>& source,
+                             std::uint32_t modified, const std::function<void(std::uint64_t)>& sent,
+                             const Wait& wait) {
+    const QByteArray target = path + ',' + QByteArray::number(mode);
+    requirePath(target);
+    // What is left to be written: a record's front and its content go out together, and so do the
+    // first and the last of a small file with all that belongs to them.
+    Bytes pending = Records::request(ADBSyncCommand::send, target);
+    isSound_ = false;
+    std::uint64_t total = 0;
+    for (;;) {
+        throwIfAnswered(path, wait);
+        const std::size_t at = pending.size();
+        pending.resize(at + frontSize + largestPiece);
+        const std::size_t count = source(std::span(pending).subspan(at + frontSize, largestPiece));
+        pending.resize(at + (count == 0 ? 0 : frontSize + count));
+        if (count == 0)
+            break;
+        Bytes front;
+        appendLittleEndian(front, word(data));
+        appendLittleEndian(front, static_cast<std::uint32_t>(count));
+        std::copy(front.begin(), front.end(), pending.begin() + static_cast<std::ptrdiff_t>(at));
+        total += count;
+        if (pending.size() > largestPiece) {
+            writeContent(path, pending, wait);
+            pending.clear();
+            sent(total);
+        }
+    }
+    append(pending, ADBSyncCodec::buildDone(modified));
+    const Question question{path, false};
+    appendStat(pending, question);
+    writeContent(path, pending, wait);
+    sent(total);
+    const ByteView front = reader_.take(frontSize, wait);
+    const auto command = adbSyncCommandFromRawValue(readLittleEndian<std::uint32_t>(front, 0));
+    const auto length = readLittleEndian<std::uint32_t>(front, Records::wordSize);
+    if (command == fail)
+        throwFailure(path, length, wait);
+    if (command != okay)
+        throwNonsense("the end of a file");
+    const ADBFacts facts = takeStat(question, wait);
+    isSound_ = true;
+    return facts;
+}
+
+/// A phone that has ended the stream may have said why.
+void ADBSyncClient::writeContent(const QByteArray& path, const Bytes& bytes, const Wait& wait) {
+    try {
+        stream_->write(bytes, wait);
+    } catch (const Error& error) {
+        if (error.is(ADBError::brokenOff))
+            throwIfAnswered(path, wait);
+        throw;
+    }
+}
+
+/// A phone that cannot go on says so while content is still on its way to it.
+void ADBSyncClient::throwIfAnswered(const QByteArray& path, const Wait& wait) {
+    if (!reader_.hasBytes())
+        return;
+    const ByteView front = reader_.take(frontSize, wait);
+    const auto length = readLittleEndian<std::uint32_t>(front, Records::wordSize);
+    if (readLittleEndian<std::uint32_t>(front, 0) != word(fail))
+        throwNonsense("an answer before the end of a file");
+    throwFailure(path, length, wait);
+}
+
+void ADBSyncClient::throwFailure(const QByteArray& path, std::uint32_t length, const Wait& wait) {
+    constexpr std::uint32_t longestReason = 4096;
+    if (length > longestReason)
+        throwNonsense("a reason that is too long");
+    const ByteView text = reader_.take(length, wait);
+    throw Error(ADBError::syncFailed,
+                {shown(path), QString::fromUtf8(reinterpret_cast<const char*>(text.data()),
+                                                static_cast<qsizetype>(text.size()))});
+}
+
+} // namespace tessary
