@@ -1,0 +1,48 @@
+#pragma once
+
+#include "adb/files/ADBSession.h"
+#include "phone/PhoneFileSystem.h"
+
+#include <QString>
+
+namespace tessary {
+
+/// Single changes of a phone's files by commands of its shell, each checked by looking at what it
+/// should have changed. Made for one call. Paths are canonical. Errors of ADBSession, and
+/// PhoneError.
+class ADBEdits {
+public:
+    ADBEdits(ADBSession& session, std::stop_token stop)
+        : session_(session), stop_(std::move(stop)) {}
+
+    FileItem makeFolder(const QString& parent, const QString& name);
+    void remove(const FileItem& item, bool withContents);
+    /// Into another folder or to another name.
+    FileItem rename(const FileItem& item, const QString& folder, const QString& name,
+                    TakenName taken);
+    void setModified(const FileItem& file, const QDateTime& date);
+    FileItem write(const NewFile& file, const ByteSource& content, const ByteProgress& progress);
+
+    /// PhoneError::changed when something of another kind is there now, ::notFound for nothing.
+    static void requireKind(const FileItem& item, const std::optional<ADBFacts>& facts);
+
+private:
+    /// What is at a new name's place when it can be had: nothing, or another spelling of `own`.
+    [[nodiscard]] bool requireFree(const QString& folder, const QString& name,
+                                   const std::optional<ADBFacts>& there, const QString& own);
+    static void requireFolder(const QString& path, const std::optional<ADBFacts>& facts);
+    static void requireName(const QString& name);
+    void removeRest(const QByteArray& path);
+    [[nodiscard]] FileItem respell(const FileItem& item, const QString& newPath);
+    [[nodiscard]] bool isThere(const QByteArray& path);
+
+    ADBSession& session_;
+    const std::stop_token stop_;
+};
+
+/// An item's path, canonical. PhoneError::wholeStorage for a storage's root, ::nameNotAllowed for
+/// one whose name is none, or that leads elsewhere.
+[[nodiscard]] QString requireItemPath(const FileItem& item, const QString& canonical,
+                                      const QString& root);
+
+} // namespace tessary

@@ -1,0 +1,301 @@
+#include "adb/files/ADBFileSystem.h"
+
+#include "adb/files/ADBEdits.h"
+#include "adb/files/ADBListing.h"
+#include "adb/files/ADBPhoneErrors.h"
+#include "base/log/DiagnosticsLogger.h"
+#include "base/text/PathNames.h"
+#include "base/threads/CancellationError.h"
+
+#include <algorithm>
+
+namespace tessary {
+
+namespace {
+
+constexpr QLatin1Char slash('/');
+
+/// Reads what lies in a range of a file by whole blocks. True when `sink` got all of it.
+class RangeReader {
+public:
+    RangeReader(ByteRange range, const ByteSink& sink)
+        : skip_(static_cast<std::uint64_t>(range.offset)),
+          left_(range.length < 0 ? ~std::uint64_t{0} : static_cast<std::uint64_t>(range.length)),
+          sink_(sink) {}
+
+    /// The next bytes of the file from `skip_` on; false when that is all.
+    bool take(ByteView bytes) {
+        const std::size_t skipped = std::min<std::uint64_t>(skip_, bytes.size());
+        skip_ -= skipped;
+        bytes = bytes.subspan(skipped);
+        bytes = bytes.first(std::min<std::uint64_t>(left_, bytes.size()));
+        left_ -= bytes.size();
+        done_ += static_cast<qint64>(bytes.size());
+        if (!bytes.empty())
+            sink_(bytes);
+        return left_ > 0;
+    }
+    void skipBlocks(std::uint64_t bytes) {
+        skip_ -= bytes;
+    }
+    [[nodiscard]] qint64 done() const {
+        return done_;
+    }
+
+private:
+    std::uint64_t skip_;
+    std::uint64_t left_;
+    qint64 done_ = 0;
+    const ByteSink& sink_;
+};
+
+} // namespace
+
+ADBFileSystem::ADBFileSystem(PhoneIdentity phone, std::shared_ptr<PhoneQueue> queue,
+                             std::shared_ptr<ADBConnection> connection)
+    : phone_(std::move(phone)),
+      queue_(std::move(queue)),
+      connection_(std::move(connection)),
+      session_(connection_) {}
+
+ADBFileSystem::~ADBFileSystem() {
+    queue_->forget(this);
+}
+
+/// Runs `work()` by whoever has the turn, with its errors as the phone's.
+template <typename Work>
+auto ADBFileSystem::withSession(const QString& path, Work work) {
+    try {
+        if (!session_.isOpen())
+            queue_->closeWhenIdle(this, [this] { session_.close(); });
+        return work();
+    } catch (const Error& error) {
+        const Error translated = phoneErrorOf(error, path);
+        if (endsEverything(translated))
+            session_.close();
+        throw translated;
+    }
+}
+
+template <typename Work>
+auto ADBFileSystem::inTurn(const QString& path, const Call& call, Work work) {
+    const PhoneQueue::Turn turn = queue_->take(call);
+    return withSession(path, work);
+}
+
+QString ADBFileSystem::identity() const {
+    return QStringLiteral("adb:") + phone_.udid;
+}
+
+QString ADBFileSystem::displayName() const {
+    return phone_.name.isEmpty() ? phone_.udid : phone_.name;
+}
+
+FileTreeRoot ADBFileSystem::rootOf(const QString& path) const {
+    return storages_.rootOf(path);
+}
+
+QString ADBFileSystem::canonicalPath(const QString& path) const {
+    return storages_.canonicalPath(path);
+}
+
+FileSystemCapabilities ADBFileSystem::capabilities(const Call& call) {
+    return inTurn({}, call, [&] {
+        FileSystemCapabilities can;
+        can.renamesOntoTaken = true;
+        can.setsDates = true;
+        can.readsRanges = session_.shell(call.stop).isExact();
+        can.hasHashes = !session_.hashCommand(call.stop).isEmpty();
+        return can;
+    });
+}
+
+NameRules ADBFileSystem::nameRules(const QString& folder) {
+    const QString path = canonicalPath(folder);
+    try {
+        return inTurn(path, {}, [&] { return storages_.nameRules(path, session_, {}); });
+    } catch (const Error& error) {
+        DiagnosticsLogger::shared().adb.standard("Name rules unknown: %s", {error.logText()});
+        NameRules careful;
+        careful.ignoresCase = true;
+        return careful;
+    }
+}
+
+void ADBFileSystem::list(const QString& folder, const ListingReceiver& receiver, const Call& call) {
+    const QString path = canonicalPath(folder);
+    inTurn(path, call, [&] { listADBFolder(session_, path, receiver, call.stop); });
+}
+
+std::optional<FileItem> ADBFileSystem::find(const QString& path, const Call& call) {
+    const QString clean = canonicalPath(path);
+    return inTurn(clean, call, [&]() -> std::optional<FileItem> {
+        const FileTreeRoot root = rootOf(clean);
+        const QByteArray bytes = phonePath(clean);
+        const auto facts = session_.facts({{bytes, false}, {bytes, true}}, call.stop);
+        if (!facts[0])
+            return std::nullopt;
+        if (root.path == clean && !facts[1])
+            throw Error(PhoneError::noStorage);
+        return itemOf(root.path == clean ? root.name : lastComponent(clean), clean,
+                      facts[1] ? *facts[1] : *facts[0]);
+    });
+}
+
+qint64 ADBFileSystem::read(const FileItem& file, ByteRange range, const ByteSink& sink,
+                           const Call& call) {
+    constexpr qint64 block = 64 * 1024;
+    constexpr qint64 shortRange = qint64{4} << 20;
+    const QString path = canonicalPath(file.path);
+    return inTurn(path, call, [&] {
+        RangeReader reader(range, sink);
+        const auto take = [&](ByteView bytes) { return reader.take(bytes); };
+        const auto check = [&](const ADBFacts& facts) {
+            if (facts.error == 0 && facts.isFolder())
+                throw Error(PhoneError::changed, {path});
+        };
+        if (range.length == 0)
+            return reader.done();
+        ADBShellClient& shell = session_.shell(call.stop);
+        // A command costs the phone a process, but sends no more than the range.
+        const bool isPart = range.offset > 0 || (range.length > 0 && range.length <= shortRange &&
+                                                 file.size - range.length > shortRange);
+        if (!isPart || !shell.isExact()) {
+            session_.sync(call.stop).receive(phonePath(path), check, take,
+                                             {call.stop, ADBSession::patience});
+            return reader.done();
+        }
+        const auto facts = session_.facts(phonePath(path), true, call.stop);
+        if (!facts)
+            throw Error(PhoneError::notFound, {path});
+        check(*facts);
+        QByteArrayList words{"dd", "if=" + phonePath(path), "bs=" + QByteArray::number(block),
+                             "skip=" + QByteArray::number(range.offset / block)};
+        if (range.length > 0)
+            words.append("count=" + QByteArray::number(
+                                        (range.offset % block + range.length + block - 1) / block));
+        reader.skipBlocks(static_cast<std::uint64_t>(range.offset / block * block));
+        const ADBCommandResult result =
+            shell.stream(ADBSession::lineOf(words), take, {call.stop, ADBSession::patience});
+        session_.throwIfFailed("dd", result);
+        return reader.done();
+    });
+}
+
+FileItem ADBFileSystem::write(const NewFile& file, const ByteSource& content,
+                              const ByteProgress& progress, const Call& call) {
+    NewFile there = file;
+    there.folder = canonicalPath(file.folder);
+    return inTurn(joinPath(there.folder, file.name), call, [&] {
+        queue_->noteEdit();
+        return ADBEdits(session_, call.stop).write(there, content, progress);
+    });
+}
+
+FileItem ADBFileSystem::makeFolder(const QString& parent, const QString& name, const Call& call) {
+    const QString folder = canonicalPath(parent);
+    return inTurn(joinPath(folder, name), call, [&] {
+        queue_->noteEdit();
+        return ADBEdits(session_, call.stop).makeFolder(folder, name);
+    });
+}
+
+/// The item with its path as the phone has it.
+FileItem ADBFileSystem::editable(const FileItem& item) const {
+    const QString path = canonicalPath(item.path);
+    FileItem there = item;
+    there.path = requireItemPath(item, path, ADBStorages::rootPathOf(path));
+    return there;
+}
+
+void ADBFileSystem::remove(const FileItem& item, const Call& call) {
+    const FileItem there = editable(item);
+    inTurn(there.path, call, [&] {
+        queue_->noteEdit();
+        ADBEdits(session_, call.stop).remove(there, false);
+    });
+}
+
+void ADBFileSystem::removeTree(const FileItem& item, const Call& call) {
+    const FileItem there = editable(item);
+    inTurn(there.path, call, [&] {
+        queue_->noteEdit();
+        ADBEdits(session_, call.stop).remove(there, true);
+    });
+}
+
+FileItem ADBFileSystem::rename(const FileItem& item, const QString& newName, TakenName taken,
+                               const Call& call) {
+    const FileItem there = editable(item);
+    return inTurn(there.path, call, [&] {
+        queue_->noteEdit();
+        return ADBEdits(session_, call.stop).rename(there, parentPath(there.path), newName, taken);
+    });
+}
+
+FileItem ADBFileSystem::move(const FileItem& item, const QString& newFolder, const Call& call) {
+    const FileItem there = editable(item);
+    const QString folder = canonicalPath(newFolder);
+    if (folder == there.path || folder.startsWith(there.path + slash))
+        throw Error(PhoneError::insideItself, {there.path});
+    if (ADBStorages::rootPathOf(folder) != ADBStorages::rootPathOf(there.path))
+        throw Error(PhoneError::otherStorage, {there.path});
+    return inTurn(there.path, call, [&] {
+        queue_->noteEdit();
+        return ADBEdits(session_, call.stop).rename(there, folder, there.name, TakenName::refused);
+    });
+}
+
+void ADBFileSystem::setModified(const FileItem& file, const QDateTime& date, const Call& call) {
+    const FileItem there = editable(file);
+    inTurn(there.path, call, [&] {
+        queue_->noteEdit();
+        ADBEdits(session_, call.stop).setModified(there, date);
+    });
+}
+
+std::optional<std::uint64_t> ADBFileSystem::freeBytes(const QString& folder, const Call& call) {
+    const QString path = canonicalPath(folder);
+    return inTurn(path, call, [&] { return storages_.freeBytes(path, session_, call.stop); });
+}
+
+std::optional<LiveDeviceInfo> ADBFileSystem::liveInfo() {
+    const auto turn = queue_->tryTake();
+    if (!turn)
+        return std::nullopt;
+    try {
+        return withSession({}, [&] { return storages_.ask(session_, {}); });
+    } catch (const Error& error) {
+        if (endsEverything(error))
+            throw;
+        DiagnosticsLogger::shared().adb.standard("Storage stats fetch notice: %s",
+                                                 {error.logText()});
+        return std::nullopt;
+    }
+}
+
+std::optional<QByteArray> ADBFileSystem::hash(const FileItem& file, const Call& call) {
+    const QString path = canonicalPath(file.path);
+    return inTurn(path, call, [&]() -> std::optional<QByteArray> {
+        const QByteArrayList& command = session_.hashCommand(call.stop);
+        if (command.isEmpty())
+            return std::nullopt;
+        const auto facts = session_.facts(phonePath(path), true, call.stop);
+        ADBEdits::requireKind(file, facts);
+        QByteArray output = session_.run(command + QByteArrayList{phonePath(path)},
+                                         ADBSession::longPatience, call.stop);
+        if (output.startsWith('\\')) // a name with a "\" or a line break in it
+            output.remove(0, 1);
+        constexpr qsizetype digits = 64;
+        const QByteArray hash = QByteArray::fromHex(output.left(digits));
+        if (hash.size() != digits / 2 || hash.toHex() != output.left(digits))
+            throw Error(PhoneError::nonsense);
+        return hash;
+    });
+}
+
+QStringList ADBFileSystem::programsHolding() {
+    return connection_->programsHolding();
+}
+
+} // namespace tessary

@@ -1,0 +1,141 @@
+#include "adb/files/ADBSession.h"
+
+#include "adb/protocol/ADBError.h"
+
+namespace tessary {
+
+namespace {
+
+constexpr std::uint32_t notThere = 2;  // ENOENT of Linux
+constexpr std::uint32_t linkLoop = 40; // ELOOP: a link that leads nowhere, too
+
+} // namespace
+
+ADBSession::ADBSession(std::shared_ptr<ADBConnection> connection)
+    : connection_(std::move(connection)) {}
+
+void ADBSession::probe(const std::stop_token& stop) {
+    if (features_)
+        return;
+    const QByteArrayList names = connection_->features({stop, patience});
+    const auto features = ADBSyncClient::Features::of(names);
+    ADBShellClient shell(*connection_, names.contains("shell_v2"));
+    if (!features.hasNewStat) {
+        bool isNumber = false;
+        const int level = shell.run("getprop ro.build.version.sdk", {stop, patience})
+                              .output.trimmed()
+                              .toInt(&isNumber);
+        if (!isNumber || level < oldestLevel)
+            throw Error(ADBError::tooOld, {level});
+    }
+    shell_.emplace(shell);
+    features_ = features;
+}
+
+ADBSyncClient& ADBSession::sync(const std::stop_token& stop) {
+    probe(stop);
+    if (!sync_ || !sync_->isUsable()) {
+        sync_.reset();
+        sync_ = std::make_unique<ADBSyncClient>(connection_->open("sync:", {stop, patience}),
+                                                *features_);
+    }
+    return *sync_;
+}
+
+ADBShellClient& ADBSession::shell(const std::stop_token& stop) {
+    probe(stop);
+    return *shell_;
+}
+
+void ADBSession::close() {
+    sync_.reset();
+}
+
+std::optional<ADBFacts> ADBSession::facts(const QByteArray& path, bool follows,
+                                          const std::stop_token& stop) {
+    return facts({{path, follows}}, stop).front();
+}
+
+std::vector<std::optional<ADBFacts>>
+ADBSession::facts(const std::vector<ADBSyncClient::Question>& questions,
+                  const std::stop_token& stop) {
+    std::vector<std::optional<ADBFacts>> found;
+    const std::vector<ADBFacts> answers = sync(stop).stat(questions, {stop, patience});
+    for (std::size_t n = 0; n < answers.size(); ++n) {
+        const ADBFacts& facts = answers[n];
+        if (facts.error == notThere || facts.error == linkLoop)
+            found.emplace_back();
+        else if (facts.error != 0)
+            throw Error(ADBError::statFailed, {QString::fromUtf8(questions[n].path), facts.error});
+        else
+            found.emplace_back(wholeSize(questions[n], facts, stop));
+    }
+    return found;
+}
+
+/// The first version of the records has 32 bits for a size: the rest is asked of a shell.
+ADBFacts ADBSession::wholeSize(const ADBSyncClient::Question& question, ADBFacts facts,
+                               const std::stop_token& stop) {
+    if (!facts.isOld || !facts.isFile())
+        return facts;
+    QByteArrayList words{"stat", "-c", "%s", question.path};
+    if (question.follows)
+        words.insert(1, "-L");
+    bool isNumber = false;
+    const qlonglong size = run(words, patience, stop).trimmed().toLongLong(&isNumber);
+    if (!isNumber || size < 0)
+        throw Error(ADBError::nonsense, {QStringLiteral("a file's size")});
+    facts.size = static_cast<std::uint64_t>(size);
+    facts.isOld = false;
+    return facts;
+}
+
+QByteArray ADBSession::lineOf(const QByteArrayList& words) {
+    QByteArrayList quoted;
+    for (const QByteArray& word : words)
+        quoted.append(shellQuoted(word));
+    return quoted.join(' ');
+}
+
+ADBCommandResult ADBSession::tryRun(const QByteArrayList& words, std::chrono::milliseconds silence,
+                                    const std::stop_token& stop) {
+    return shell(stop).run(lineOf(words), {stop, silence});
+}
+
+QByteArray ADBSession::run(const QByteArrayList& words, std::chrono::milliseconds silence,
+                           const std::stop_token& stop) {
+    ADBCommandResult result = tryRun(words, silence, stop);
+    throwIfFailed(words.first(), result);
+    return std::move(result.output);
+}
+
+void ADBSession::throwIfFailed(const QByteArray& command, const ADBCommandResult& result) const {
+    if (result.status == 0)
+        return;
+    constexpr qsizetype longest = 1000;
+    const QByteArray& reason = shell_->isExact() ? result.errors : result.output;
+    throw Error(ADBError::commandFailed, {QString::fromUtf8(command), result.status,
+                                          QString::fromUtf8(reason.trimmed().right(longest))});
+}
+
+const QByteArrayList& ADBSession::hashCommand(const std::stop_token& stop) {
+    if (!hashCommand_) {
+        QByteArrayList found;
+        for (const QByteArrayList& words :
+             {QByteArrayList{"sha256sum"}, QByteArrayList{"toybox", "sha256sum"}}) {
+            const ADBCommandResult result =
+                tryRun(words + QByteArrayList{"/dev/null"}, patience, stop);
+            // What SHA-256 makes of nothing.
+            if (found.isEmpty() && result.status == 0 &&
+                result.output.startsWith(
+                    "e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855"))
+                found = words;
+            if (!found.isEmpty())
+                break;
+        }
+        hashCommand_ = found;
+    }
+    return *hashCommand_;
+}
+
+} // namespace tessary

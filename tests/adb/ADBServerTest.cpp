@@ -1,0 +1,180 @@
+#include "adb/server/ADBServerConnection.h"
+
+#include "adb/ADBFilesFixture.h"
+#include "simulator/wire/PhoneSockets.h"
+
+#include <sys/socket.h>
+
+namespace tessary {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+TEST(ADBServerAddress, environmentIsReadAsTheToolReadsIt) {
+    using Variables = std::vector<std::pair<QString, QString>>;
+    const QString socket = u"ADB_SERVER_SOCKET"_s;
+    const QString port = u"ANDROID_ADB_SERVER_PORT"_s;
+    const std::pair<Variables, QString> rows[] = {
+        {{}, u"tcp:127.0.0.1:5037"_s},
+        {{{port, u"5040"_s}}, u"tcp:127.0.0.1:5040"_s},
+        {{{port, u"66000"_s}}, u"tcp:127.0.0.1:5037"_s},
+        {{{port, u"x"_s}, {u"ANDROID_ADB_SERVER_ADDRESS"_s, u"::1"_s}}, u"tcp:::1:5037"_s},
+        {{{socket, u"tcp:6000"_s}, {port, u"5040"_s}}, u"tcp:127.0.0.1:6000"_s},
+        {{{socket, u"tcp:[::1]:6000"_s}}, u"tcp:[::1]:6000"_s},
+        {{{socket, u"tcp:localhost:6000"_s}}, u"tcp:localhost:6000"_s},
+        {{{socket, u"localfilesystem:/run/adb"_s}}, u"localfilesystem:/run/adb"_s},
+        {{{socket, u"vsock:1"_s}}, u"tcp:127.0.0.1:5037"_s},
+    };
+    for (const auto& [variables, text] : rows) {
+        QProcessEnvironment environment;
+        for (const auto& [name, value] : variables)
+            environment.insert(name, value);
+        EXPECT_EQ(ADBServerAddress::of(environment).text(), text);
+    }
+}
+
+TEST(ADBServerConnection, phoneIsChosenByPlaceThenNameThenItsOwnSerial) {
+    const auto device = [](const char* serial, const char* path, const char* own = "") {
+        ADBDevice one;
+        one.serial = QString::fromLatin1(serial);
+        one.state = u"device"_s;
+        one.path = QString::fromLatin1(path);
+        one.phoneSerial = QString::fromLatin1(own);
+        return one;
+    };
+    const std::vector<ADBDevice> all{
+        device("TWIN", "usb:1-1"), device("TWIN", "usb:1-2"), device("ONE", "usb:1-3"),
+        device("192.168.0.7:5555", "", "ONE"), device("192.168.0.8:5555", "", "FAR")};
+    struct Row {
+        ADBPhoneSought sought;
+        int found; ///< -1: none, -2: several
+    };
+    const Row rows[] = {
+        {{u"TWIN"_s, u"1-2"_s}, 1},       {{u"other"_s, u"1-2"_s}, 1}, {{u"TWIN"_s, {}}, -2},
+        {{u"TWIN"_s, u"9-9"_s}, -1},      {{u"ONE"_s, {}}, 2},         {{u"ONE"_s, u"9-9"_s}, 3},
+        {{u"FAR"_s, u"1-9"_s}, 4},        {{u"USB-1234"_s, {}}, -1},   {{{}, {}}, -1},
+        {{u"192.168.0.7:5555"_s, {}}, 3}, {{u"USB-1"_s, u"1-3"_s}, 2},
+    };
+    for (const auto& [sought, found] : rows) {
+        SCOPED_TRACE(sought.serial.toStdString() + ' ' + sought.usbLocation.toStdString());
+        if (found == -2) {
+            EXPECT_EQ(codeOf([&] { (void)ADBServerConnection::choose(all, sought); }),
+                      "severalPhones");
+            continue;
+        }
+        const ADBDevice* chosen = ADBServerConnection::choose(all, sought);
+        EXPECT_EQ(chosen == nullptr ? -1 : static_cast<int>(chosen - all.data()), found);
+    }
+}
+
+/// Whatever listens where an adb server should: gives each connection one answer and ends it.
+class WrongServer {
+public:
+    explicit WrongServer(QByteArray answer)
+        : socket_(PhoneSockets::listenAt(u"127.0.0.1"_s, 0)),
+          answer_(std::move(answer)),
+          thread_([this] {
+              for (;;) {
+                  const FileHandle one(::accept(socket_.get(), nullptr, nullptr));
+                  if (!one.isOpen())
+                      return;
+                  (void)!::send(one.get(), answer_.constData(),
+                                static_cast<std::size_t>(answer_.size()), MSG_NOSIGNAL);
+                  ::shutdown(one.get(), SHUT_WR);
+                  char byte = 0;
+                  while (::recv(one.get(), &byte, 1, 0) > 0) {
+                  }
+              }
+          }) {}
+    ~WrongServer() {
+        ::shutdown(socket_.get(), SHUT_RDWR);
+    }
+    [[nodiscard]] ADBServerClient client() const {
+        ADBServerAddress address;
+        address.port = PhoneSockets::portOf(socket_);
+        return ADBServerClient(address);
+    }
+
+private:
+    const FileHandle socket_;
+    const QByteArray answer_;
+    std::jthread thread_;
+};
+
+TEST(ADBServerClient, whatIsNoServerOrBreaksOffIsAnError) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"", "brokenOff"},
+        {"OK", "brokenOff"},
+        {"HTTP/1.1 400", "nonsense"},
+        {"OKAYzzzz", "nonsense"},
+        {"OKAY0005ab", "brokenOff"},
+        {"FAIL0003no!", "refused"},
+        {"FAIL0010device not foun", "brokenOff"},
+        {"FAIL0010device not found", "notFound"},
+        {"FAIL000edevice offline", "offline"},
+        {"FAIL0014device unauthorized.", "unauthorized"},
+    };
+    for (const auto& [answer, code] : rows) {
+        const WrongServer server{QByteArray(answer)};
+        EXPECT_EQ(codeOf([&] {
+                      (void)server.client().ask("host:features", {{}, 5s});
+                  }),
+                  code)
+            << answer;
+    }
+}
+
+TEST(ADBServerClient, noServerIsKnownAtOnceAndSilenceIsBounded) {
+    const FileHandle silent = PhoneSockets::listenAt(u"127.0.0.1"_s, 0);
+    ADBServerAddress address;
+    address.port = PhoneSockets::portOf(silent);
+    EXPECT_EQ(codeOf([&] { (void)ADBServerClient(address).version({{}, 100ms}); }), "timedOut");
+    FileHandle gone = PhoneSockets::listenAt(u"127.0.0.1"_s, 0);
+    address.port = PhoneSockets::portOf(gone);
+    gone.close();
+    EXPECT_EQ(ADBServerClient(address).version({{}, 1s}), std::nullopt);
+    address.host = u"no.such.name"_s;
+    EXPECT_EQ(ADBServerClient(address).version({{}, 1s}), std::nullopt);
+}
+
+struct ADBServerPhoneTest : testing::Test, ADBPhone {
+    void SetUp() override {
+        connectPhone();
+    }
+    [[nodiscard]] std::shared_ptr<ADBServerClient> client() const {
+        ADBServerAddress address;
+        address.port = server_.port();
+        return std::make_shared<ADBServerClient>(address);
+    }
+};
+
+TEST_F(ADBServerPhoneTest, realServerTellsVersionPhonesAndFeatures) {
+    EXPECT_GT(client()->version({}).value_or(0), 30);
+    const std::vector<ADBDevice> devices = client()->devices({});
+    ASSERT_EQ(devices.size(), 1U);
+    EXPECT_EQ(devices[0].serial, serial());
+    EXPECT_TRUE(devices[0].isReady() && devices[0].isNetwork());
+    ADBServerConnection byOwnSerial(client(), {u"VIRTUAL"_s, u"1-7"_s});
+    EXPECT_TRUE(byOwnSerial.features({}).contains("stat_v2"));
+    ADBServerConnection other(client(), {u"ELSE"_s, {}});
+    EXPECT_EQ(codeOf([&] { (void)other.features({}); }), "notFound");
+    EXPECT_EQ(codeOf([&] { (void)byOwnSerial.open("nonsense:", {}); }), "refused");
+}
+
+TEST_F(ADBServerPhoneTest, missingServerIsStartedOnceWhereThatIsWanted) {
+    ADBServerAddress nowhere;
+    {
+        FileHandle gone = PhoneSockets::listenAt(u"127.0.0.1"_s, 0);
+        nowhere.port = PhoneSockets::portOf(gone);
+    }
+    int starts = 0;
+    ADBServerConnection connection(std::make_shared<ADBServerClient>(nowhere), {serial(), {}},
+                                   [&](const std::stop_token&) { ++starts; });
+    EXPECT_EQ(codeOf([&] { (void)connection.open("sync:", {}); }), "noServer");
+    EXPECT_EQ(starts, 1);
+}
+
+} // namespace
+
+} // namespace tessary
