@@ -4,6 +4,8 @@
 #include <QString>
 
 #include <cstdint>
+#include <set>
+#include <vector>
 
 namespace tessary {
 

@@ -3,6 +3,7 @@
 #include "adb/ADBFilesFixture.h"
 #include "simulator/wire/PhoneSockets.h"
 
+#include <poll.h>
 #include <sys/socket.h>
 
 namespace tessary {
@@ -76,6 +77,8 @@ public:
           answer_(std::move(answer)),
           thread_([this] {
               for (;;) {
+                  pollfd waiting{socket_.get(), POLLIN, 0};
+                  ::poll(&waiting, 1, -1);
                   const FileHandle one(::accept(socket_.get(), nullptr, nullptr));
                   if (!one.isOpen())
                       return;
