@@ -1,7 +1,7 @@
 #pragma once
 
 #include "phone/TransferProgress.h"
-#include "transfer/TransferSpeed.h"
+#include "transfer/queue/TransferSpeed.h"
 
 #include <QString>
 

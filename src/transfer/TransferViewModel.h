@@ -3,7 +3,7 @@
 #include "phone/FileAccess.h"
 #include "transfer/TransferEngine.h"
 #include "transfer/TransferJob.h"
-#include "transfer/TransferSpeed.h"
+#include "transfer/queue/TransferSpeed.h"
 
 #include <QHash>
 #include <QObject>

@@ -1,7 +1,7 @@
 #include "transfer/TransferEngine.h"
 #include "base/threads/CancellationError.h"
 #include "base/values/TessaryError.h"
-#include "transfer/TransferSpeed.h"
+#include "transfer/queue/TransferSpeed.h"
 
 #include "files/FakeFileAccess.h"
 #include "support/QtPrinters.h"

@@ -1,4 +1,4 @@
-#include "transfer/TransferSpeed.h"
+#include "transfer/queue/TransferSpeed.h"
 
 #include <QtGlobal>
 

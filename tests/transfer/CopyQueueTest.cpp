@@ -1,0 +1,246 @@
+#include "transfer/queue/CopyQueue.h"
+
+#include "support/Gate.h"
+#include "support/MainLoop.h"
+#include "transfer/CopySides.h"
+
+#include <gmock/gmock.h>
+
+namespace tessary {
+namespace {
+
+using testing::ElementsAre;
+using Operation = MemoryFileSystem::Operation;
+using Status = CopyJob::Status;
+
+MemoryFileSystem::Options phoneCalled(const char* name) {
+    return {.identity = s(name), .displayName = s(name), .queue = std::make_shared<PhoneQueue>()};
+}
+
+class CopyQueueTest : public MainLoop {
+protected:
+    CopyQueueTest() {
+        one.fill({{s("a"), "a"}, {s("b"), film}, {s("d/e"), "e"}}, noon);
+        other.fill({{s("x"), "x"}}, noon);
+        QObject::connect(&queue, &CopyQueue::jobFinished, [this] { ++finished; });
+    }
+    ~CopyQueueTest() override {
+        gate.open();
+    }
+
+    /// Copies one thing of a phone to this computer, or to `to`.
+    QUuid copy(MemorySide& from, const char* name, CopyEnd* to = nullptr) {
+        CopyEnd& target = to != nullptr ? *to : here;
+        return queue.enqueue({.from = from.files(),
+                              .to = target.files(),
+                              .items = {{from.memory->item(from.at(s(name))), s(name)}},
+                              .folder = target.root()});
+    }
+    /// Reading from a phone waits for the gate.
+    void hold(MemorySide& phone) {
+        phone.memory->beforeEach([this](const MemoryFileSystem::Request& request) {
+            if (request.operation == Operation::read)
+                gate.pass();
+        });
+    }
+    [[nodiscard]] std::vector<Status> statuses() const {
+        std::vector<Status> found;
+        for (const CopyJob& job : queue.jobs())
+            found.push_back(job.status);
+        return found;
+    }
+    [[nodiscard]] const CopyJob& job(const QUuid& id) const {
+        return queue.jobs().at(static_cast<std::size_t>(queue.indexOf(id)));
+    }
+    void finishAll() {
+        ASSERT_TRUE(eventually([this] { return queue.summary().isIdle(); }));
+    }
+
+    MemorySide one{phoneCalled("one")};
+    MemorySide other{phoneCalled("other")};
+    DiskSide here;
+    Gate gate;
+    CopyQueue queue;
+    int finished = 0;
+};
+
+TEST_F(CopyQueueTest, aJobShowsWhatItIsAndWhatItDid) {
+    QString told;
+    const QUuid id = queue.enqueue({.from = one.files(),
+                                    .to = here.files(),
+                                    .items = {{one.memory->item(s("/side/b")), s("b")},
+                                              {one.memory->item(s("/side/d")), s("d")}},
+                                    .folder = here.root()},
+                                   [&told](const CopyJob& job) { told = job.name; });
+    EXPECT_EQ(job(id).direction, CopyJob::Direction::toComputer);
+    EXPECT_EQ(job(id).name, s("b"));
+    EXPECT_EQ(job(id).things, 2);
+    EXPECT_EQ(job(id).phone, s("one"));
+    EXPECT_TRUE(job(id).isMeasuring); // there is a folder
+    finishAll();
+    EXPECT_EQ(job(id).status, Status::done);
+    EXPECT_EQ(job(id).progress.completedFiles, 2);
+    EXPECT_EQ(job(id).fractionDone(), 1);
+    EXPECT_EQ(job(id).made, (QStringList{here.at(s("b")), here.at(s("d"))}));
+    EXPECT_EQ(told, s("b"));
+    EXPECT_EQ(finished, 1);
+    EXPECT_EQ(queue.summary().doneBytes, film.size() + 1);
+}
+
+TEST_F(CopyQueueTest, onePhoneCopiesInOrderAndTwoSideBySide) {
+    hold(one);
+    copy(one, "a");
+    copy(one, "b");
+    copy(other, "x");
+    ASSERT_TRUE(eventually([this] { return queue.jobs()[2].status == Status::done; }));
+    EXPECT_THAT(statuses(), ElementsAre(Status::running, Status::queued, Status::done));
+    gate.open();
+    finishAll();
+    EXPECT_THAT(statuses(), ElementsAre(Status::done, Status::done, Status::done));
+}
+
+TEST_F(CopyQueueTest, aCopyBetweenPhonesNeedsBothAndIsNotOvertaken) {
+    hold(one);
+    copy(one, "a");
+    copy(other, "x", &one);
+    copy(other, "x");
+    turnFor(100ms);
+    EXPECT_THAT(statuses(), ElementsAre(Status::running, Status::queued, Status::queued));
+    gate.open();
+    finishAll();
+    EXPECT_EQ(one.contents().value(s("x")), "x");
+}
+
+TEST_F(CopyQueueTest, cancellingShowsAtOnceAndLetsTheNextBegin) {
+    hold(one);
+    const QUuid a = copy(one, "a");
+    const QUuid b = copy(one, "b");
+    copy(one, "d");
+    ASSERT_TRUE(eventually([this] { return gate.waiting() > 0; }));
+    queue.cancel(b);
+    queue.cancel(a);
+    EXPECT_THAT(statuses(), ElementsAre(Status::cancelled, Status::cancelled, Status::queued));
+    gate.open();
+    finishAll();
+    queue.cancel(a);
+    EXPECT_THAT(statuses(), ElementsAre(Status::cancelled, Status::cancelled, Status::done));
+    EXPECT_EQ(here.contents().keys(), (QStringList{s("d/"), s("d/e")}));
+    queue.clearFinished();
+    EXPECT_TRUE(queue.jobs().empty());
+    EXPECT_EQ(queue.summary().finished, 0);
+}
+
+TEST_F(CopyQueueTest, whatIsPausedWaitsAndGoesOn) {
+    hold(one);
+    const QUuid d = copy(one, "d");
+    const QUuid a = copy(one, "a");
+    ASSERT_TRUE(eventually([this] { return gate.waiting() > 0; }));
+    queue.pause(d);
+    EXPECT_EQ(job(d).status, Status::paused);
+    gate.open();
+    ASSERT_TRUE(eventually([&] { return job(a).status == Status::done; }));
+    EXPECT_EQ(job(d).status, Status::paused);
+    EXPECT_EQ(queue.summary().queued, 1);
+    queue.resume(d);
+    finishAll();
+    EXPECT_EQ(job(d).status, Status::done);
+    EXPECT_EQ(here.contents().keys(), (QStringList{s("a"), s("d/"), s("d/e")})); // no "d (2)"
+    queue.pause(d); // no effect on what has finished
+    EXPECT_EQ(job(d).status, Status::done);
+}
+
+TEST_F(CopyQueueTest, whatLostItsPhoneGoesOnWithoutCopyingTwice) {
+    one.memory->failAfterBytes(Operation::read, s("/side/b"), 1000, {PhoneError::unplugged});
+    const QUuid id = queue.enqueue({.from = one.files(),
+                                    .to = here.files(),
+                                    .items = {{one.memory->item(s("/side/a")), s("a")},
+                                              {one.memory->item(s("/side/b")), s("b")}},
+                                    .folder = here.root()});
+    finishAll();
+    EXPECT_EQ(job(id).status, Status::failed);
+    EXPECT_TRUE(job(id).hasLostPhone());
+    EXPECT_EQ(job(id).error, Error(PhoneError::unplugged));
+    one.memory->forgetRequests();
+    queue.goOn(id);
+    finishAll();
+    EXPECT_EQ(job(id).status, Status::done);
+    EXPECT_FALSE(job(id).error);
+    EXPECT_EQ(one.memory->bytes(Operation::read), film.size());
+    EXPECT_EQ(here.contents().keys(), (QStringList{s("a"), s("b")}));
+}
+
+TEST_F(CopyQueueTest, whatWasLeftOutIsNamedAndBroughtAlone) {
+    one.memory->fail(Operation::read, s("/side/d/e"), {PhoneError::accessDenied}, 1);
+    one.memory->addFile(s("/side/d/f"), "f", noon);
+    const QUuid id = copy(one, "d");
+    finishAll();
+    EXPECT_EQ(job(id).status, Status::incomplete);
+    ASSERT_EQ(job(id).leftOut.size(), 1U);
+    EXPECT_EQ(job(id).leftOut[0].error, Error(PhoneError::accessDenied));
+    one.memory->forgetRequests();
+    queue.goOn(id);
+    finishAll();
+    EXPECT_EQ(job(id).status, Status::done);
+    EXPECT_EQ(one.memory->count(Operation::read), 1);
+    EXPECT_EQ(here.contents().keys(), (QStringList{s("d/"), s("d/e"), s("d/f")}));
+}
+
+TEST_F(CopyQueueTest, whoGoesOnRightAfterCancellingIsNotCancelledAgain) {
+    hold(one);
+    const QUuid id = copy(one, "b");
+    ASSERT_TRUE(eventually([this] { return gate.waiting() > 0; }));
+    queue.cancel(id);
+    queue.goOn(id);
+    EXPECT_EQ(job(id).status, Status::queued);
+    gate.open();
+    finishAll();
+    EXPECT_EQ(job(id).status, Status::done);
+}
+
+TEST_F(CopyQueueTest, jobsThatWaitCanBeReordered) {
+    hold(one);
+    copy(one, "a");
+    copy(one, "b");
+    const QUuid d = copy(one, "d");
+    std::vector<std::pair<int, int>> moves;
+    QObject::connect(&queue, &CopyQueue::jobAboutToBeMoved,
+                     [&moves](int from, int before) { moves.emplace_back(from, before); });
+    queue.moveTo(d, 1);
+    EXPECT_EQ(queue.indexOf(d), 1);
+    EXPECT_EQ(queue.jobs()[2].name, s("b"));
+    queue.moveTo(d, 1); // is there
+    queue.moveTo(d, 2);
+    EXPECT_THAT(moves, ElementsAre(std::pair(2, 1)));
+    std::vector<QString> order;
+    QObject::connect(&queue, &CopyQueue::jobFinished,
+                     [&](const QUuid& id) { order.push_back(job(id).name); });
+    gate.open();
+    finishAll();
+    EXPECT_THAT(order, ElementsAre(s("a"), s("d"), s("b")));
+}
+
+TEST_F(CopyQueueTest, bytesOnTheWayAreCountedAgainstTheirTarget) {
+    hold(one);
+    copy(one, "a");
+    copy(one, "b");
+    EXPECT_EQ(queue.bytesOnTheWayTo(here.files()->identity()), film.size() + 1);
+    EXPECT_EQ(queue.bytesOnTheWayTo(other.files()->identity()), 0);
+    gate.open();
+    finishAll();
+    EXPECT_EQ(queue.bytesOnTheWayTo(here.files()->identity()), 0);
+}
+
+TEST_F(CopyQueueTest, stoppingEndsWhatRunsAndStartsNothing) {
+    hold(one);
+    copy(one, "b");
+    copy(one, "a");
+    ASSERT_TRUE(eventually([this] { return gate.waiting() > 0; }));
+    EXPECT_FALSE(queue.stop(10ms));
+    gate.open();
+    EXPECT_TRUE(queue.stop(10s));
+    turnFor(50ms);
+    EXPECT_TRUE(here.contents().isEmpty());
+}
+
+} // namespace
+} // namespace tessary
