@@ -12,6 +12,23 @@
     </message>
 </context>
 <context>
+    <name>CopyText</name>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1 and %Ln more</numerusform>
+            <numerusform>%1 and %Ln more</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items were not copied: %2</source>
+        <translation>
+            <numerusform>%Ln of %1 items was not copied: %2</numerusform>
+            <numerusform>%Ln of %1 items were not copied: %2</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>tessary::BrowserView</name>
     <message numerus="yes">
         <source>%Ln selected</source>

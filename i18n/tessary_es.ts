@@ -169,6 +169,33 @@
     </message>
 </context>
 <context>
+    <name>CopyText</name>
+    <message>
+        <source>%1 (%2)</source>
+        <extracomment>the name of an item, and why it was left out</extracomment>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <comment>between the items of a list</comment>
+        <translation>, </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1 y %Ln más</numerusform>
+            <numerusform>%1 y %Ln más</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items were not copied: %2</source>
+        <translation>
+            <numerusform>%Ln de %1 elementos no se ha copiado: %2</numerusform>
+            <numerusform>%Ln de %1 elementos no se han copiado: %2</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>DisplayNames</name>
     <message>
         <source>Folder</source>
@@ -281,6 +308,18 @@
     <message>
         <source>Both ways</source>
         <translation>En ambos sentidos</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>Documentos</translation>
+    </message>
+    <message>
+        <source>Photos &amp; Videos</source>
+        <translation>Fotos y vídeos</translation>
+    </message>
+    <message>
+        <source>Storage %1</source>
+        <translation>Almacenamiento %1</translation>
     </message>
 </context>
 <context>

@@ -168,6 +168,31 @@
     </message>
 </context>
 <context>
+    <name>CopyText</name>
+    <message>
+        <source>%1 (%2)</source>
+        <extracomment>the name of an item, and why it was left out</extracomment>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <comment>between the items of a list</comment>
+        <translation>, </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1 외 %Ln개</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items were not copied: %2</source>
+        <translation>
+            <numerusform>%1개 항목 중 %Ln개를 복사하지 못했습니다: %2</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>DisplayNames</name>
     <message>
         <source>Folder</source>
@@ -280,6 +305,18 @@
     <message>
         <source>Both ways</source>
         <translation>양방향</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>문서</translation>
+    </message>
+    <message>
+        <source>Photos &amp; Videos</source>
+        <translation>사진 및 비디오</translation>
+    </message>
+    <message>
+        <source>Storage %1</source>
+        <translation>저장소 %1</translation>
     </message>
 </context>
 <context>

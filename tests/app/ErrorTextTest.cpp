@@ -1,7 +1,9 @@
 #include "app/texts/ErrorText.h"
 #include "app/InterfaceTexts.h"
 #include "app/LanguageManager.h"
+#include "app/texts/CopyText.h"
 #include "base/local/LocalError.h"
+#include "mtp/protocol/MTPError.h"
 #include "phone/PhoneError.h"
 #include "support/Application.h"
 #include "support/QtPrinters.h"
@@ -129,11 +131,37 @@ TEST_F(ErrorTextTest, reasonsStandBesideAName) {
 }
 
 TEST_F(ErrorTextTest, theProtocolsNumbersStandInTheDetailsAlone) {
-    const Error error(PhoneError::full, {u"/a"_s}, Error(LocalError::cannotWrite, {u"x\u202E"_s}));
-    const ErrorText words = errorText(error);
-    EXPECT_EQ(words.what, u"The storage of the phone is full."_s);
-    EXPECT_EQ(words.details, u"cannotWrite (x\\u202e)"_s);
-    EXPECT_EQ(errorText(Error(PhoneError::full)).details, QString());
+    const std::pair<Error, const char*> rows[] = {
+        {Error(PhoneError::full), ""},
+        {Error(PhoneError::full, {u"/a"_s}, Error(MTPError::refused, {0x200C})),
+         "MTP refused (0x200c)"},
+        {Error(PhoneError::full, {u"/a"_s},
+               Error(PhoneError::refused, {}, Error(LocalError::cannotWrite, {u"x\u202E"_s, 5}))),
+         "phone: refused; this computer: cannotWrite (x\\u202e, 5)"},
+    };
+    for (const auto& [error, details] : rows) {
+        EXPECT_EQ(errorText(error).what, u"The storage of the phone is full."_s);
+        EXPECT_EQ(errorText(error).details, QString::fromUtf8(details));
+    }
+}
+
+TEST_F(ErrorTextTest, whatACopyLeftOutIsCountedAndTheFirstFewAreNamed) {
+    const auto left = [](const char* folder, const char* item, const Error& error) {
+        return LeftOut{{FileItem(), QString::fromUtf8(item), QString::fromUtf8(folder)}, error};
+    };
+    const LeftOut link = left("", "a\n%1 %2", Error(LocalError::link, {u"/a"_s}));
+    const LeftOut large = left("d/e", "b", Error(PhoneError::tooLarge, {u"/b"_s}));
+    EXPECT_EQ(leftOutText({}, 7), QString());
+    EXPECT_EQ(leftOutText({link}, 1'234),
+              u"1 of 1,235 items was not copied: a\\u000a%1 %2 (it is a link; links are not "
+              u"followed)"_s);
+    use(AppLanguage::de);
+    EXPECT_EQ(
+        leftOutText({large, large, large, link, link}, 0),
+        u"5 von 5 Objekten wurden nicht kopiert: d/e/b (es ist zu groß für diesen Speicher des "
+        u"Telefons), d/e/b (es ist zu groß für diesen Speicher des Telefons), d/e/b (es ist zu "
+        u"groß für diesen Speicher des Telefons) und 2 weitere"_s);
+    use(AppLanguage::en);
 }
 
 } // namespace

@@ -73,13 +73,19 @@ TEST(TranslationFiles, everyTextOfTheSourcesIsInEveryLanguageAndNoOther) {
 /// A context that no class has comes of a text that lupdate could not place: it would not be found
 /// when the program runs.
 TEST(TranslationFiles, contextsAreClassesOrNamedByTheSources) {
-    const QSet<QString> named{u"BrowserActions"_s, u"BrowserEdit"_s,  u"ByteFormat"_s,
-                              u"ClashQuestion"_s,  u"DisplayNames"_s, u"ErrorText"_s,
-                              u"MainMenu"_s,       u"Message"_s,      u"QPlatformTheme"_s,
-                              u"SyncFileList"_s};
+    const QSet<QString> named{u"BrowserActions"_s, u"BrowserEdit"_s,    u"ByteFormat"_s,
+                              u"ClashQuestion"_s,  u"DisplayNames"_s,   u"CopyText"_s,
+                              u"ErrorText"_s,      u"ProblemText"_s,    u"MainMenu"_s,
+                              u"Message"_s,        u"QPlatformTheme"_s, u"SyncFileList"_s};
     for (const TranslatedText& text : translationsOf(AppLanguage::de))
         EXPECT_TRUE(text.context.startsWith(u"tessary::"_s) || named.contains(text.context))
             << at(AppLanguage::de, text);
+}
+
+/// Whether there is more than signs and places.
+bool hasWords(const QString& text) {
+    static const QRegularExpression word(u"[a-zA-Z]{2}"_s);
+    return word.match(text).hasMatch();
 }
 
 TEST(TranslationFiles, everyTextIsTranslatedInEachFormThatTheLanguageHas) {
@@ -103,7 +109,7 @@ TEST(TranslationFiles, everyTextIsTranslatedInEachFormThatTheLanguageHas) {
                 << at(language, text);
             for (const QString& form : text.forms)
                 EXPECT_TRUE(form != text.source || fine.contains(form) || text.dependsOnNumber ||
-                            text.source == u"."_s)
+                            !hasWords(text.source))
                     << at(language, text);
         }
     }
@@ -131,7 +137,7 @@ TEST(TranslationFiles, textsHaveThePlacesOfTheEnglishOneAndNoLooseEnds) {
                 if (i == 0 && text.forms.size() > 1 && !form.contains(u"%Ln"_s))
                     expected.removeOne(u"Ln"_s);
                 EXPECT_EQ(placesIn(form), expected) << at(language, text);
-                EXPECT_EQ(form, form.trimmed()) << at(language, text);
+                EXPECT_TRUE(form == form.trimmed() || !hasWords(text.source)) << at(language, text);
                 EXPECT_FALSE(form.isEmpty()) << at(language, text);
             }
         }

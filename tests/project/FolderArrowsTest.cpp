@@ -61,7 +61,7 @@ const std::map<std::string, std::vector<std::string>> arrows = {
     {"preview", {"base/log", "phone", "platform/process", "platform/sandbox"}},
     {"preview/decoding", {"preview"}},
     {"app/favorites", {"platform/settings"}},
-    {"app/texts", {"sync/manager"}},
+    {"app/texts", {"sync/manager", "transfer/copy"}},
     {"app/updates", {"platform/http", "platform/settings"}},
     {"app", {"app/favorites", "app/texts", "app/updates", "platform/dnssd"}},
     {"views/common", {"app", "browser/model"}},

@@ -55,11 +55,15 @@ constexpr std::array statusNames{
     QT_TRANSLATE_NOOP("DisplayNames", "Cancelled"),
 };
 
-/// What this program, not the phone, calls a storage that has no name of its own.
-constexpr std::array storageNames{
+/// What this program, not the phone, calls the top of a tree of files; the last stands for a
+/// storage with nothing but a number.
+constexpr std::array placeNames{
     QT_TRANSLATE_NOOP("DisplayNames", "Internal Storage"),
     QT_TRANSLATE_NOOP("DisplayNames", "Internal Shared Storage"),
     QT_TRANSLATE_NOOP("DisplayNames", "SD Card"),
+    QT_TRANSLATE_NOOP("DisplayNames", "Documents"),
+    QT_TRANSLATE_NOOP("DisplayNames", "Photos & Videos"),
+    QT_TRANSLATE_NOOP("DisplayNames", "Storage %1"),
 };
 
 } // namespace
@@ -80,10 +84,14 @@ QString displayName(TransferJob::TransferStatus status) {
     return nameOf(statusNames, status);
 }
 
-QString storageDisplayName(const QString& name) {
-    const auto* known = std::ranges::find(
-        storageNames, name, [](const char* english) { return QString::fromLatin1(english); });
-    return known == storageNames.end() ? name : DisplayNames::tr(*known);
+QString placeDisplayName(const QString& name) {
+    for (const char* english : placeNames)
+        if (name.compare(QLatin1StringView(english), Qt::CaseInsensitive) == 0)
+            return DisplayNames::tr(english);
+    constexpr QLatin1StringView numbered("Storage ");
+    if (name.startsWith(numbered))
+        return DisplayNames::tr(placeNames.back()).arg(name.mid(numbered.size()));
+    return name;
 }
 
 QString freeSpaceText(std::uint64_t freeBytes, std::uint64_t totalBytes) {
@@ -110,7 +118,7 @@ QString modeDisplayName(const SyncPair& pair) {
 }
 
 QString remoteDisplayPath(const SyncPair& pair) {
-    const QString place = storageDisplayName(pair.appName);
+    const QString place = placeDisplayName(pair.appName);
     if (pair.remoteFolderPath.isEmpty() || pair.remoteFolderPath == QLatin1StringView("/"))
         return place;
     if (pair.appBundleID == SyncPair::deviceStorage)

@@ -21,9 +21,9 @@ namespace tessary {
 [[nodiscard]] QString displayName(TransferJob::TransferType type);
 /// "Queued", "In Progress" ...
 [[nodiscard]] QString displayName(TransferJob::TransferStatus status);
-/// A storage's name: in the user's language where this program gave it ("Internal Storage"), as the
-/// phone says it otherwise.
-[[nodiscard]] QString storageDisplayName(const QString& name);
+/// The name of a storage, or of the top of a tree of files: in the user's language where this
+/// program gave it ("Internal Storage", "Documents"), as the phone says it otherwise.
+[[nodiscard]] QString placeDisplayName(const QString& name);
 /// "12 GB free of 64 GB". Never more free than there is.
 [[nodiscard]] QString freeSpaceText(std::uint64_t freeBytes, std::uint64_t totalBytes);
 /// What a pair does: "Both ways", "Only to the phone", "Move to this computer" ...

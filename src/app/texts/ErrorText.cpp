@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QLocale>
+#include <QStringList>
 
 namespace tessary {
 
@@ -34,6 +35,32 @@ Worded worded(const Error& error) {
             return {*each, wordsOf(*code)};
     }
     return {error, unknown};
+}
+
+const char* layerName(ErrorLayer layer) {
+    switch (layer) {
+    case ErrorLayer::local:
+        return "this computer:";
+    case ErrorLayer::phone:
+        return "phone:";
+    case ErrorLayer::usb:
+        return "USB";
+    case ErrorLayer::mtp:
+        return "MTP";
+    case ErrorLayer::adb:
+        return "adb";
+    case ErrorLayer::iphone:
+        return "iPhone";
+    case ErrorLayer::afc:
+        return "AFC";
+    case ErrorLayer::process:
+        return "process:";
+    case ErrorLayer::network:
+        return "network:";
+    case ErrorLayer::sync:
+        return "sync:";
+    }
+    return "";
 }
 
 /// A name, a path or a number, as a sentence shows it. Of what lies on a phone the name will do.
@@ -68,6 +95,29 @@ QString asSentence(const QString& reason) {
     return reason.left(1).toUpper() + reason.mid(1) + Words::tr(".", "the end of a sentence");
 }
 
+/// The causes below an error: "MTP refused (0x2009)". A number of MTP is written as its
+/// documents do.
+QString details(const Error& error) {
+    QStringList lines;
+    for (const Error* cause = error.cause(); cause != nullptr; cause = cause->cause()) {
+        const bool isMTP = cause->code().layer() == ErrorLayer::mtp;
+        QStringList values;
+        for (const QVariant& value : cause->arguments()) {
+            bool isNumber = false;
+            const qlonglong number = value.toLongLong(&isNumber);
+            values.append(isMTP && isNumber
+                              ? QStringLiteral("0x%1").arg(number, 4, 16, QLatin1Char('0'))
+                              : value.toString());
+        }
+        QString line = QString::fromLatin1(layerName(cause->code().layer())) + QLatin1Char(' ') +
+                       QString::fromLatin1(cause->code().name());
+        if (!values.isEmpty())
+            line += QStringLiteral(" (%1)").arg(values.join(QLatin1StringView(", ")));
+        lines.append(printable(line));
+    }
+    return lines.join(QLatin1StringView("; "));
+}
+
 QString sentenceOf(const Worded& worded) {
     const QString sentence = Words::tr(worded.words.sentence);
     const bool hasName = !worded.error.arguments().value(0).toString().isEmpty();
@@ -87,8 +137,7 @@ QString ErrorText::text() const {
 ErrorText errorText(const Error& error) {
     const Worded found = worded(error);
     const char* advice = found.words.advice;
-    return {sentenceOf(found), advice == nullptr ? QString() : Words::tr(advice),
-            error.cause() == nullptr ? QString() : printable(error.cause()->logText())};
+    return {sentenceOf(found), advice == nullptr ? QString() : Words::tr(advice), details(error)};
 }
 
 QString reasonText(const Error& error) {

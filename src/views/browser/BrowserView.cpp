@@ -2,6 +2,7 @@
 
 #include "app/LanguageManager.h"
 #include "app/Translations.h"
+#include "app/texts/DisplayNames.h"
 #include "base/text/ByteCount.h"
 #include "base/text/ByteFormat.h"
 #include "base/text/Printable.h"
@@ -144,7 +145,8 @@ void BrowserView::showPath() {
     // The root has a name of ours, or the phone's.
     for (const PathComponent& part : browser_.breadcrumbs())
         path.push_back(
-            {printable(&part == &browser_.breadcrumbs().front() ? trMessage(part.name) : part.name),
+            {printable(&part == &browser_.breadcrumbs().front() ? placeDisplayName(part.name)
+                                                                : part.name),
              part.path});
     breadcrumbs_->setPath(std::move(path));
     updateActions();

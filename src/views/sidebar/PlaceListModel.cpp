@@ -182,7 +182,7 @@ std::vector<Place> volumesOf(const DeviceInfo& device) {
         const StorageVolume& volume = device.volumes[i];
         places.push_back(
             {volume.isSDCard ? QStringLiteral("media-flash") : QStringLiteral("drive-harddisk"),
-             printable(volume.name.isEmpty() ? volume.id : storageDisplayName(volume.name)),
+             printable(volume.name.isEmpty() ? volume.id : placeDisplayName(volume.name)),
              i == 0 ? mainStorage() : QStringLiteral("/storage/") + volume.id,
              freeSpaceText(volume.freeBytes, volume.totalBytes)});
     }
