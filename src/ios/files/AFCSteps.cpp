@@ -1,0 +1,138 @@
+#include "ios/files/AFCSteps.h"
+
+#include "base/text/PathNames.h"
+#include "ios/AFCStatus.h"
+
+#include <chrono>
+
+namespace tessary {
+
+namespace {
+
+using Opened = AFCSession::Opened;
+using Clock = std::chrono::steady_clock;
+
+/// Rows are handed over after so long, so that the first are soon there.
+constexpr std::chrono::milliseconds rowsAfter(100);
+
+} // namespace
+
+std::optional<AFCFileInfo> infoAt(const Opened& opened, const QString& path) {
+    return opened.connection->findInfo(opened.connection->inContainer(path));
+}
+
+FileItem itemFrom(const QString& path, const std::optional<AFCFileInfo>& info) {
+    if (!info)
+        throw Error(PhoneError::notFound, {path});
+    AFCRow row = rowFrom(path, info);
+    if (const auto* unreadable = std::get_if<UnreadableEntry>(&row))
+        throw unreadable->error;
+    return std::get<FileItem>(std::move(row));
+}
+
+void requireStill(const Opened& opened, const FileItem& item, const QString& path) {
+    const auto info = infoAt(opened, path);
+    if (!info)
+        throw Error(PhoneError::notFound, {path});
+    const AFCRow row = rowFrom(path, info);
+    const auto* now = std::get_if<FileItem>(&row);
+    if (now == nullptr || !isStill(item, *now))
+        throw Error(PhoneError::changed, {path});
+}
+
+void requireFolderAt(const Opened& opened, const QString& path) {
+    const auto info = infoAt(opened, path);
+    if (!info)
+        throw Error(PhoneError::notFound, {path});
+    if (!info->isDirectory)
+        throw Error(PhoneError::notAFolder, {path});
+}
+
+void requireFree(const Opened& opened, const QString& path) {
+    if (infoAt(opened, path))
+        throw Error(PhoneError::taken, {lastComponent(path)});
+}
+
+/// Some phones have no status of their own for a folder that holds something.
+void removeOne(const Opened& opened, const QString& path) {
+    AFCConnection& connection = *opened.connection;
+    try {
+        connection.removePath(connection.inContainer(path));
+    } catch (const Error& error) {
+        if (error.find<AFCStatus>() != AFCStatus::unknown || connection.isLost())
+            throw;
+        const auto info = infoAt(opened, path);
+        if (!info || !info->isDirectory ||
+            connection.readNames(connection.inContainer(path)).empty())
+            throw;
+        throw Error(PhoneError::folderNotEmpty, {path}, error);
+    }
+}
+
+std::vector<QByteArray> namesIn(const Opened& opened, const QString& folder) {
+    AFCConnection& connection = *opened.connection;
+    try {
+        std::vector<QByteArray> names = connection.readNames(connection.inContainer(folder));
+        if (names.empty())
+            connection.requireLink();
+        return names;
+    } catch (const Error& error) {
+        if (!error.is(PhoneError::notFound) || !infoAt(opened, folder))
+            throw;
+        throw Error(PhoneError::notAFolder, {folder}, *error.cause());
+    }
+}
+
+std::vector<AFCRow> rowsOf(const Opened& opened, const QString& folder,
+                           std::span<const QByteArray> names) {
+    std::vector<AFCRow> rows;
+    const auto end = Clock::now() + rowsAfter;
+    for (const QByteArray& bytes : names) {
+        if (!rows.empty() && Clock::now() >= end)
+            break;
+        const auto name = textOfName(bytes);
+        const QString path = joinPath(folder, name.value_or(QString::fromUtf8(bytes)));
+        if (!name || !isSafeName(*name)) {
+            rows.emplace_back(
+                UnreadableEntry{path, Error(PhoneError::nameNotAllowed, {lastComponent(path)})});
+            continue;
+        }
+        try {
+            rows.push_back(rowFrom(path, infoAt(opened, path)));
+        } catch (const Error& error) {
+            if (opened.connection->isLost() || endsEverything(error))
+                throw;
+            rows.emplace_back(UnreadableEntry{path, error});
+        }
+    }
+    return rows;
+}
+
+void create(Opened& opened, const QString& path) {
+    requireFree(opened, path);
+    AFCConnection& connection = *opened.connection;
+    opened.file = std::make_unique<AFCFile>(connection, connection.inContainer(path), AFC_FOPEN_WR);
+    opened.made = connection.inContainer(path);
+}
+
+FileItem finish(Opened& opened, const QString& path, qint64 sent,
+                const std::optional<QDateTime>& date) {
+    opened.file->close();
+    opened.file.reset();
+    try {
+        if (date)
+            opened.connection->setModifiedDate(opened.made, *date);
+    } catch (const Error&) {
+        // A copy is whole without its date. A lost link shows at the next request.
+    }
+    const auto info = infoAt(opened, path);
+    if (!info)
+        throw Error(PhoneError::notDone, {path});
+    FileItem item = itemFrom(path, info);
+    if (item.isDirectory || item.size != sent)
+        throw Error(PhoneError::wrongSize, {path, item.size, sent});
+    opened.made.clear();
+    return item;
+}
+
+} // namespace tessary

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "ios/files/AFCItems.h"
+#include "ios/files/AFCSession.h"
+
+#include <QByteArray>
+#include <QDateTime>
+
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace tessary {
+
+// The steps that the calls of a file system are made of, for the session's thread. Paths are those
+// below the container's root; failures are Errors as AFCConnection throws them, or as stated.
+
+[[nodiscard]] std::optional<AFCFileInfo> infoAt(const AFCSession::Opened& opened,
+                                                const QString& path);
+/// The entry that has these facts; what rowFrom() says against it is thrown.
+[[nodiscard]] FileItem itemFrom(const QString& path, const std::optional<AFCFileInfo>& info);
+
+/// Right before an item is changed: PhoneError::changed unless it is what the user saw.
+void requireStill(const AFCSession::Opened& opened, const FileItem& item, const QString& path);
+/// PhoneError::notAFolder for what is something else.
+void requireFolderAt(const AFCSession::Opened& opened, const QString& path);
+/// PhoneError::taken when something is there.
+void requireFree(const AFCSession::Opened& opened, const QString& path);
+
+/// The names in a folder, which came whole when this is empty or another answer followed.
+/// PhoneError::notAFolder for a file.
+[[nodiscard]] std::vector<QByteArray> namesIn(const AFCSession::Opened& opened,
+                                              const QString& folder);
+/// The rows of some names: of all, or of as many of the first as a moment is enough for.
+[[nodiscard]] std::vector<AFCRow> rowsOf(const AFCSession::Opened& opened, const QString& folder,
+                                         std::span<const QByteArray> names);
+
+/// Removes a file or an empty folder; PhoneError::folderNotEmpty for any other.
+void removeOne(const AFCSession::Opened& opened, const QString& path);
+
+/// Makes the file that is going to be sent.
+void create(AFCSession::Opened& opened, const QString& path);
+/// Closes it, dates it and looks at what has become of it: PhoneError::wrongSize unless it has all
+/// bytes that were `sent`.
+[[nodiscard]] FileItem finish(AFCSession::Opened& opened, const QString& path, qint64 sent,
+                              const std::optional<QDateTime>& date);
+
+} // namespace tessary
