@@ -31,6 +31,7 @@ VirtualIPhone::VirtualIPhone(VirtualIPhoneConfig config)
 
 VirtualIPhone::VirtualIPhone(VirtualIPhoneConfig config, std::unique_ptr<VirtualIPhoneHooks> hooks)
     : config_(std::move(config)), hooks_(std::move(hooks)), free_(config_.free) {
+    isPaired_ = config_.isPaired;
     state_ = {config_.name, config_.trust, config_.isLocked, config_.battery};
     for (const VirtualIPhoneApp& app : config_.apps)
         InstallationProxyResponder::createContainer(app);
@@ -80,8 +81,17 @@ void VirtualIPhone::muxGone() {
 }
 
 void VirtualIPhone::setTrust(VirtualTrust trust) {
-    const std::lock_guard lock(mutex_);
-    state_.trust = trust;
+    VirtualMux* mux = nullptr;
+    {
+        const std::lock_guard lock(mutex_);
+        state_.trust = trust;
+        if (trust != VirtualTrust::trusted || isPaired_ || !config_.multiplexerPairs)
+            return;
+        mux = mux_;
+        isPaired_ = mux != nullptr;
+    }
+    if (mux != nullptr)
+        mux->tellPaired(config_.udid);
 }
 
 void VirtualIPhone::setLocked(bool locked) {
@@ -118,10 +128,10 @@ bool VirtualIPhone::addUsed(std::int64_t bytes) {
 }
 
 QVariantMap VirtualIPhone::hostRecord() {
-    if (!config_.isPaired || state().trust != VirtualTrust::trusted)
-        return {};
     {
         const std::lock_guard lock(mutex_);
+        if (!isPaired_ || state_.trust != VirtualTrust::trusted)
+            return {};
         if (!hostRecord_.isEmpty())
             return hostRecord_;
     }

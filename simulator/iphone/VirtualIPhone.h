@@ -113,6 +113,7 @@ private:
 
     mutable std::mutex mutex_; ///< guards all below
     State state_;
+    bool isPaired_ = false; ///< the multiplexer has a record of its own
     QVariantMap hostRecord_;
     std::map<QString, QVariantMap> hosts_; ///< by HostID
     std::deque<Offer> offers_;             ///< oldest first

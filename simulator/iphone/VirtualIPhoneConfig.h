@@ -55,6 +55,9 @@ struct VirtualIPhoneConfig {
     VirtualTrust trust = VirtualTrust::trusted;
     /// The multiplexer has a pair record from the start. Else the host pairs first.
     bool isPaired = true;
+    /// Once the phone trusts this computer the multiplexer pairs with it on its own, and tells so,
+    /// as the daemon of Linux systems does.
+    bool multiplexerPairs = true;
     /// Not unlocked since it was switched on: no pairing, session or service, "PasswordProtected".
     bool isLocked = false;
     bool sessionTls = true;  ///< lockdown sessions go on under TLS

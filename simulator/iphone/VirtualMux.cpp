@@ -251,6 +251,16 @@ void VirtualMux::savePairRecord(const QString& udid, const QByteArray& record) {
     if (records_.size() >= mostRecords && !records_.contains(udid))
         return;
     records_[udid] = record;
+    tellPairedLocked(udid);
+}
+
+void VirtualMux::tellPaired(const QString& udid) {
+    const std::lock_guard lock(mutex_);
+    records_.erase(udid);
+    tellPairedLocked(udid);
+}
+
+void VirtualMux::tellPairedLocked(const QString& udid) {
     for (const Attachment& each : attachments_) {
         if (each.phone->config().udid == udid)
             tellAll({{u"MessageType"_s, u"Paired"_s}, {u"DeviceID"_s, each.id}});

@@ -73,6 +73,8 @@ private:
     std::uint32_t attach(VirtualIPhone& phone, VirtualLink link);
     void detach(VirtualIPhone& phone, VirtualLink link);
     [[nodiscard]] bool isAttached(const VirtualIPhone& phone, VirtualLink link) const;
+    /// Tells whoever listens that a phone has been paired.
+    void tellPaired(const QString& udid);
     void openWifiDoor(VirtualIPhone& phone, std::uint16_t port);
 
     // For sessions.
@@ -90,6 +92,7 @@ private:
     void accept(int door);
     void start(FileHandle socket, VirtualIPhone* phone, std::uint16_t port);
     void wake();
+    void tellPairedLocked(const QString& udid);
     void tellAll(const QVariantMap& event);
     void tell(Connection& connection, const QVariantMap& event);
     [[nodiscard]] bool uses(const Connection& connection, const VirtualIPhone& phone,

@@ -3,6 +3,7 @@
 #include "base/text/ByteCount.h"
 #include "base/threads/CancellationError.h"
 #include "ios/IPhoneError.h"
+#include "ios/PairingQuestions.h"
 #include "ios/PlistValues.h"
 #include "phone/PhoneError.h"
 
@@ -44,6 +45,34 @@ bool findInMultiplexer(const QByteArray& udid, usbmuxd_device_info_t& info) {
     return usbmuxd_get_device(udid.constData(), &info, options) > 0;
 }
 
+bool hasPairRecord(const QByteArray& udid) {
+    char* record = nullptr;
+    std::uint32_t size = 0;
+    const int status = usbmuxd_read_pair_record(udid.constData(), &record, &size);
+    const LibraryText owner(record);
+    return status == 0 && size > 0;
+}
+
+/// The handshake pairs first where it has to: with a phone that was asked before only when it is
+/// time to ask again.
+lockdownd_error_t shakeHands(idevice_t device, const QString& udid, lockdownd_client_t& client) {
+    PairingQuestions& questions = PairingQuestions::shared();
+    usbmuxd_device_info_t info{};
+    const QByteArray name = udid.toUtf8();
+    const bool asks = !hasPairRecord(name);
+    const std::uint32_t attachment = asks && findInMultiplexer(name, info) ? info.handle : 0;
+    if (asks) {
+        if (const auto before = questions.refusalOf(udid, attachment))
+            return static_cast<lockdownd_error_t>(*before);
+    }
+    const lockdownd_error_t status = lockdownd_client_new_with_handshake(device, &client, label);
+    if (asks && isFinalRefusal(status))
+        questions.refused(udid, attachment, status);
+    else
+        questions.forget(udid);
+    return status;
+}
+
 } // namespace
 
 std::optional<StorageInfo> storageFromDiskUsage(plist_t diskUsage) {
@@ -68,7 +97,7 @@ Lockdown::Lockdown(const QString& udid, const std::stop_token& stop, const Pause
         lockdownd_error_t status = LOCKDOWN_E_SUCCESS;
         if (isFound && device != nullptr) {
             lockdownd_client_t client = nullptr;
-            status = lockdownd_client_new_with_handshake(device, &client, label);
+            status = shakeHands(device, udid, client);
             if (status == LOCKDOWN_E_SUCCESS && client != nullptr) {
                 device_ = std::move(owner);
                 client_.reset(client);

@@ -34,7 +34,8 @@ public:
     using Pause = std::function<void(std::chrono::milliseconds, const std::stop_token&)>;
 
     /// Finds the device and performs the handshake, in up to `attempts` attempts with a pause
-    /// after each failure but the last; a phone that waits for its user is not asked twice. Throws
+    /// after each failure but the last. A phone that waits for its user is not asked twice, and to
+    /// trust this computer only when PairingQuestions let it. Throws
     /// the last attempt's Error: PhoneError::notConnected, or what the refusal means, over
     /// IPhoneError::handshake. CancellationError between two attempts.
     explicit Lockdown(const QString& udid, const std::stop_token& stop = {},

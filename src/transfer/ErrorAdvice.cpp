@@ -89,6 +89,8 @@ constexpr std::array lockdownTable{
     LockdownRow{View(": -17"), View("Unlock the phone and try again.")},
     LockdownRow{View(": -18"), View("Unplug the phone, plug it in again and tap Trust on it.")},
     LockdownRow{View(": -19"), View("Unlock the phone and tap Trust on it.")},
+    // It has forgotten this computer, and asks nobody until the cable was out.
+    LockdownRow{View(": -21"), View("Unplug the phone, plug it in again and tap Trust on it.")},
 };
 
 /// What a person can do about a failure of the iPhone layer.

@@ -24,6 +24,9 @@ protected:
     [[nodiscard]] const DeviceInfo* only() const {
         return manager_->devices().size() == 1 ? &manager_->devices().front() : nullptr;
     }
+    [[nodiscard]] std::optional<DeviceTrouble> trouble() const {
+        return only() == nullptr ? std::nullopt : manager_->trouble(only()->id());
+    }
     [[nodiscard]] bool hasDetails() const {
         return only() != nullptr && only()->deviceName && only()->totalStorageBytes;
     }
@@ -86,28 +89,50 @@ TEST_F(IPhoneListTest, withoutAMultiplexerThereIsQuietUntilOneAppears) {
     EXPECT_TRUE(eventually([&] { return hasDetails(); }));
 }
 
-TEST_F(IPhoneListTest, aPhoneThatWantsTrustSaysSoAndIsNotPestered) {
+TEST_F(IPhoneListTest, aPhoneThatWantsTrustIsAskedOnceAndFollowedWhenItTrusts) {
     VirtualIPhoneConfig config;
     config.isPaired = false;
     config.trust = VirtualTrust::asking;
     PluggedIPhone iphone(config);
-    manager_->refreshDeviceList(true);
-    const auto trouble = [&] {
-        return only() == nullptr ? std::nullopt : manager_->trouble(only()->id());
-    };
+    manager_->startListening();
     ASSERT_TRUE(eventually([&] { return trouble().has_value(); }, 60s));
     EXPECT_EQ(trouble()->kind, DeviceTrouble::Kind::refused);
     EXPECT_EQ(trouble()->message, u"Lockdown error: Handshake failed: -19"_s);
     EXPECT_EQ(trouble()->advice, u"Unlock the phone and tap Trust on it."_s);
-    const std::size_t asked = iphone.count("lockdown.Pair");
-    for (int i = 0; i < 5; ++i)
-        refresh(false);
-    EXPECT_EQ(iphone.count("lockdown.Pair"), asked);
+    turnFor(6s); // polls of the list and of the figures
+    EXPECT_EQ(iphone.count("lockdown.Pair"), 1U);
 
     iphone.phone.setTrust(VirtualTrust::trusted);
-    manager_->refreshStorageInfo(manager_->devices());
-    ASSERT_TRUE(eventually([&] { return hasDetails(); }, 60s));
-    EXPECT_FALSE(trouble());
+    EXPECT_TRUE(eventually([&] { return hasDetails() && !trouble(); }, 2s));
+    EXPECT_EQ(iphone.count("lockdown.Pair"), 1U);
+    EXPECT_EQ(only()->batteryLevel, 80);
+}
+
+TEST_F(IPhoneListTest, aPhoneThatWasLockedIsFollowedWhenItIsUnlocked) {
+    VirtualIPhoneConfig config;
+    config.isLocked = true;
+    PluggedIPhone iphone(config);
+    manager_->startListening();
+    ASSERT_TRUE(eventually([&] { return trouble().has_value(); }, 60s));
+    EXPECT_EQ(trouble()->advice, u"Unlock the phone and try again."_s);
+    for (int i = 0; i < 2; ++i) {
+        iphone.phone.setLocked(false);
+        EXPECT_TRUE(eventually([&] { return hasDetails() && !trouble(); }, 3s));
+        iphone.phone.setLocked(true);
+        EXPECT_TRUE(eventually([&] { return trouble().has_value(); }, 20s));
+    }
+}
+
+TEST_F(IPhoneListTest, aPhoneThatHasForgottenThisComputerWantsToBePluggedInAgain) {
+    PluggedIPhone iphone;
+    iphone.faults([](VirtualIPhoneFaults& faults) {
+        faults.handshakesToFail = 1000;
+        faults.handshakeError = u"InvalidHostID"_s;
+    });
+    manager_->startListening();
+    ASSERT_TRUE(eventually([&] { return trouble().has_value(); }, 60s));
+    EXPECT_EQ(trouble()->advice, u"Unplug the phone, plug it in again and tap Trust on it."_s);
+    EXPECT_EQ(iphone.count("lockdown.Pair"), 0U);
 }
 
 TEST_F(IPhoneListTest, aBusyPhoneIsLeftAlone) {

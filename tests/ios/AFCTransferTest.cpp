@@ -187,8 +187,7 @@ TEST_F(AFCTransferTest, aFileThatShrinksWhileItIsSentIsNotKept) {
 TEST_F(AFCTransferTest, aSilentPhoneKeepsNobodyWhoWantsToStop) {
     iphone_.write(u"big"_s, manyBytes(4 * mebibyte));
     iphone_.faults([](VirtualIPhoneFaults& faults) {
-        faults.byteFault = {VirtualDirection::toHost, 2 * mebibyte,
-                            VirtualCut::stall};
+        faults.byteFault = {VirtualDirection::toHost, 2 * mebibyte, VirtualCut::stall};
     });
     std::stop_source stop;
     const auto stopper = stopAfter("afc.fileRead", 2, stop);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ios/AFCClient.h"
+#include "ios/PairingQuestions.h"
 #include "simulator/faults/FaultyIPhone.h"
 #include "support/TemporaryFolder.h"
 
@@ -15,6 +16,7 @@ public:
     explicit PluggedIPhone(const VirtualIPhoneConfig& wishes = {})
         : mux(socketFolder().path(QStringLiteral("mux"))), phone(config(wishes)) {
         mux.useInThisProcess();
+        PairingQuestions::shared().forget(udid()); // what an earlier test's phone was asked
         phone.plugInto(mux);
     }
 

@@ -213,11 +213,12 @@ std::vector<DeviceInfo> DeviceManager::attachedDevices(QHash<QString, Attachment
     return devices;
 }
 
-/// Whether the next poll has something to ask. A refused handshake costs an iPhone dear and asks
-/// its owner again: it waits for an event or the storage timer.
+/// Whether the next poll has something to ask. An iPhone that waits for its user is asked each
+/// time: what to do is on its own screen, and Lockdown spares it the questions that would be
+/// repeated.
 bool DeviceManager::lacksDetails(const DeviceInfo& device) const {
     if (device.platform == DevicePlatform::iOS)
-        return !device.deviceName && !trouble(device.id());
+        return !device.deviceName || trouble(device.id());
     return device.volumes.empty() || !device.batteryLevel;
 }
 
@@ -341,6 +342,8 @@ void DeviceManager::answered(const QString& id, const DeviceAnswer& answer) {
     for (DeviceInfo& device : devices) {
         if (device.id() != id)
             continue;
+        if (answer.figures.battery)
+            device.batteryLevel = answer.figures.battery;
         if (device.platform == DevicePlatform::iOS) {
             if (answer.deviceName)
                 device.deviceName = answer.deviceName;
@@ -350,8 +353,6 @@ void DeviceManager::answered(const QString& id, const DeviceAnswer& answer) {
             }
             continue;
         }
-        if (answer.figures.battery)
-            device.batteryLevel = answer.figures.battery;
         device.volumes = answer.figures.volumes;
         device.isLocked = device.volumes.empty();
     }

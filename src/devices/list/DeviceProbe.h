@@ -22,7 +22,7 @@ struct DeviceAnswer {
         failed,   ///< with `trouble`
     };
     Outcome outcome = Outcome::busy;
-    LiveDeviceInfo figures{}; ///< of an Android phone
+    LiveDeviceInfo figures{}; ///< of an iPhone only the battery
     std::optional<DeviceTrouble> trouble{};
     // Of an iPhone; no value for what it does not tell:
     std::optional<QString> deviceName{};

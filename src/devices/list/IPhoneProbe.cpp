@@ -17,6 +17,7 @@ DeviceAnswer askIPhone(const DeviceInfo& device) {
         if (!device.deviceName)
             answer.deviceName = session.deviceName();
         answer.storage = session.getStorageInfo();
+        answer.figures.battery = session.batteryLevel();
     } catch (const TessaryError& error) {
         if (error.kind() == TessaryError::Case::deviceNotFound) {
             answer.outcome = Outcome::gone;

@@ -134,7 +134,12 @@ MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* p
     });
     connect(&app.deviceManager(), &DeviceManager::devicesChanged, this,
             &MainWindow::deviceListChanged);
-    connect(&app.deviceManager(), &DeviceManager::troubleChanged, this, [this] {
+    connect(&app.deviceManager(), &DeviceManager::troubleChanged, this, [this](const QString& id) {
+        const auto listed = apps_.device();
+        // It was unlocked, or trusts this computer now.
+        if (listed && listed->id() == id && apps_.state() == AppListState::failed &&
+            !app_.deviceManager().trouble(id))
+            apps_.reload();
         showPage();
         showBanner();
     });

@@ -1,0 +1,50 @@
+#include "ios/PairingQuestions.h"
+
+#include <libimobiledevice/lockdown.h>
+
+#include <algorithm>
+
+namespace tessary {
+
+namespace {
+
+/// A phone that shows up under ever new names must not fill the memory.
+constexpr qsizetype mostPhones = 256;
+
+} // namespace
+
+PairingQuestions& PairingQuestions::shared() {
+    static PairingQuestions questions;
+    return questions;
+}
+
+std::optional<std::int32_t> PairingQuestions::refusalOf(const QString& udid,
+                                                        std::uint32_t attachment,
+                                                        Clock::time_point now) const {
+    const std::scoped_lock lock(mutex_);
+    const auto found = questions_.constFind(udid);
+    if (found == questions_.cend() || found->attachment != attachment || now >= found->next)
+        return std::nullopt;
+    return found->status;
+}
+
+void PairingQuestions::refused(const QString& udid, std::uint32_t attachment, std::int32_t status,
+                               Clock::time_point now) {
+    const std::scoped_lock lock(mutex_);
+    if (questions_.size() >= mostPhones)
+        questions_.clear();
+    Question& question = questions_[udid];
+    const bool isFirst = question.attachment != attachment || question.pause.count() == 0;
+    const auto pause = isFirst ? firstPause : std::min(question.pause * 2, longestPause);
+    // Who was told no is asked again only when the cable was pulled.
+    const auto next =
+        status == LOCKDOWN_E_USER_DENIED_PAIRING ? Clock::time_point::max() : now + pause;
+    question = {attachment, status, pause, next};
+}
+
+void PairingQuestions::forget(const QString& udid) {
+    const std::scoped_lock lock(mutex_);
+    questions_.remove(udid);
+}
+
+} // namespace tessary
