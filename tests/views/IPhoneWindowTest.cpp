@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 /// A window with an iPhone and no other phone.
 class IPhoneWindowTest : public AppWindowFixture {
 protected:
-    IPhoneWindowTest() {
+    explicit IPhoneWindowTest(const VirtualIPhoneConfig& config = {}) : phone_(config) {
         phone_.write(u"letter.txt"_s, "dear");
         open(DeviceSources(bus_, &multiplexer_));
     }
@@ -67,6 +67,58 @@ TEST_F(IPhoneWindowTest, replugReturnsToTheAppThatWasOpen) {
     phone_.phone.plugInto(phone_.mux);
     EXPECT_TRUE(wait(
         [this] { return window_->browser().state() == BrowserState::ready && showsLetter(); }));
+}
+
+/// The page of an iPhone that cannot be read yet.
+class WaitingIPhoneWindowTest : public IPhoneWindowTest {
+protected:
+    using IPhoneWindowTest::IPhoneWindowTest;
+
+    [[nodiscard]] bool saysWhatToDo(const QString& advice) const {
+        const auto& device = app_->deviceManager().devices();
+        const auto trouble =
+            device.size() == 1 ? app_->deviceManager().trouble(device[0].id()) : std::nullopt;
+        return trouble && trouble->advice == advice && !showsApps();
+    }
+    /// Shown by itself, within the time that a person would take for "at once".
+    [[nodiscard]] bool showsAppsSoon() const {
+        return QTest::qWaitFor([this] { return showsApps(); }, 2000);
+    }
+};
+
+class UntrustingIPhoneWindowTest : public WaitingIPhoneWindowTest {
+protected:
+    UntrustingIPhoneWindowTest() : WaitingIPhoneWindowTest(wishes()) {}
+    static VirtualIPhoneConfig wishes() {
+        VirtualIPhoneConfig config;
+        config.isPaired = false;
+        config.trust = VirtualTrust::asking;
+        return config;
+    }
+};
+
+TEST_F(UntrustingIPhoneWindowTest, itsAppsAreShownOnceItTrustsThisComputer) {
+    ASSERT_TRUE(wait([this] { return saysWhatToDo(u"Unlock the phone and tap Trust on it."_s); }));
+    EXPECT_EQ(phone_.count("lockdown.Pair"), 1U);
+    phone_.phone.setTrust(VirtualTrust::trusted);
+    EXPECT_TRUE(showsAppsSoon());
+    EXPECT_EQ(phone_.count("lockdown.Pair"), 1U);
+}
+
+class LockedIPhoneWindowTest : public WaitingIPhoneWindowTest {
+protected:
+    LockedIPhoneWindowTest() : WaitingIPhoneWindowTest(wishes()) {}
+    static VirtualIPhoneConfig wishes() {
+        VirtualIPhoneConfig config;
+        config.isLocked = true;
+        return config;
+    }
+};
+
+TEST_F(LockedIPhoneWindowTest, itsAppsAreShownOnceItIsUnlocked) {
+    ASSERT_TRUE(wait([this] { return saysWhatToDo(u"Unlock the phone and try again."_s); }));
+    phone_.phone.setLocked(false);
+    EXPECT_TRUE(showsAppsSoon());
 }
 
 } // namespace
