@@ -189,6 +189,13 @@ public:
     /// Called before each request is carried out, without any lock: for changes behind a copy's
     /// back, and for tests that hold a request up. What it throws, the request throws.
     void beforeEach(std::function<void(const Request&)> hook) {
+        beforeEachCall([hook = std::move(hook)](const Request& request, const Call&) {
+            if (hook)
+                hook(request);
+        });
+    }
+    /// The same for what can be stopped meanwhile.
+    void beforeEachCall(std::function<void(const Request&, const Call&)> hook) {
         const std::scoped_lock lock(mutex_);
         hook_ = std::move(hook);
     }
@@ -485,7 +492,7 @@ private:
             throwIfStopped(call.stop);
             if (files.options_.queue)
                 turn_.emplace(files.options_.queue->take(call));
-            std::function<void(const Request&)> hook;
+            std::function<void(const Request&, const Call&)> hook;
             std::optional<Error> failure;
             {
                 const std::scoped_lock lock(files.mutex_);
@@ -497,7 +504,7 @@ private:
                 cut_ = files.cutOf(request);
             }
             if (hook)
-                hook(request);
+                hook(request, call);
             if (failure)
                 throw *failure;
         }
@@ -689,7 +696,7 @@ private:
     std::optional<int> lostAt_;
     std::vector<Fault> faults_;
     std::vector<CutListing> cutListings_;
-    std::function<void(const Request&)> hook_;
+    std::function<void(const Request&, const Call&)> hook_;
 };
 
 } // namespace tessary

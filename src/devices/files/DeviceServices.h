@@ -1,0 +1,58 @@
+#pragma once
+
+#include "adb/server/ADBServerClient.h"
+#include "adb/tool/ADBTool.h"
+#include "devices/files/CompetingPrograms.h"
+#include "devices/files/PhoneFileSystems.h"
+#include "platform/process/ProcessRunner.h"
+#include "platform/usb/USBBus.h"
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace tessary {
+
+/// Everything that reaches the phones of this machine: made once by a program, and handed to
+/// whoever needs it. Thread-safe.
+class DeviceServices {
+public:
+    /// What it works with; all outlives it.
+    struct Setup {
+        USBBus& bus;
+        ProcessRunner& processes;
+        /// Where the adb server of this machine, or of virtual phones, listens.
+        ADBServerAddress adbServer = ADBServerAddress::of();
+        /// Where the adb tool is looked for, instead of the usual places.
+        std::optional<QStringList> adbPaths{};
+    };
+
+    explicit DeviceServices(const Setup& setup);
+
+    [[nodiscard]] PhoneFileSystems& files() {
+        return files_;
+    }
+    [[nodiscard]] CompetingPrograms& competingPrograms() {
+        return competing_;
+    }
+    [[nodiscard]] ADBTool& adbTool() {
+        return adbTool_;
+    }
+    /// The phones that adb reaches, or is being refused by. Blocking.
+    [[nodiscard]] std::vector<ADBDevice> adbDevices() {
+        return adbTool_.devices();
+    }
+
+private:
+    [[nodiscard]] PhoneFileSystems::Ways ways(const Setup& setup);
+
+    void startADBServer(const std::stop_token& stop);
+
+    ProcessRunner& processes_;
+    ADBTool adbTool_;
+    const std::shared_ptr<const ADBServerClient> adbServer_;
+    CompetingPrograms competing_;
+    PhoneFileSystems files_;
+};
+
+} // namespace tessary
