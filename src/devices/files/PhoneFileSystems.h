@@ -44,6 +44,10 @@ public:
     /// An iPhone's photos and videos.
     [[nodiscard]] std::shared_ptr<PhoneFileSystem> openMedia(const DeviceInfo& device);
 
+    /// What orders everything that speaks to a phone.
+    [[nodiscard]] std::shared_ptr<PhoneQueue> queueOf(const DeviceInfo& device) {
+        return queues_.of(identityOf(device));
+    }
     /// Whether open() would use adb.
     [[nodiscard]] bool usesADB(const DeviceInfo& device);
 
