@@ -232,6 +232,13 @@ QDateTime syncDate(const std::optional<QDateTime>& date) {
     return QDateTime::fromMSecsSinceEpoch(std::clamp(msecs, earliest, latest), QTimeZone::utc());
 }
 
+QDateTime wholeSeconds(const QDateTime& date) {
+    constexpr qint64 second = 1000;
+    const qint64 msecs = date.toMSecsSinceEpoch();
+    const qint64 below = (msecs % second + second) % second;
+    return QDateTime::fromMSecsSinceEpoch(msecs - below, QTimeZone::utc());
+}
+
 bool isSyncPath(const QString& path) {
     qsizetype from = 0;
     while (true) {

@@ -82,10 +82,28 @@ using SyncComparisons = std::map<QString, SyncComparison>;
 /// What a user makes of one conflict.
 enum class ConflictChoice { keepBoth, keepLocal, keepDevice, leave };
 
+/// What makes a run look like a mistake, so that it needs the user's word.
+struct SyncGuard {
+    enum class Kind {
+        nothing,
+        localEmpty,    ///< the local folder is empty, and `recorded` files were in it
+        deviceEmpty,   ///< the same of the device's folder
+        manyDeletions, ///< `deletions` of the `recorded` files would go
+    };
+
+    Kind kind = Kind::nothing;
+    qint64 recorded = 0;
+    qint64 deletions = 0;
+
+    bool operator==(const SyncGuard&) const = default;
+};
+
 /// What a user has decided for a run.
 struct SyncDecisions {
     QSet<QString> deletions;                  ///< paths that may be deleted; no other one is
+    QSet<QString> kept;                       ///< those that he was asked about and that stay
     QHash<QString, ConflictChoice> conflicts; ///< every other one is ConflictChoice::keepBoth
+    SyncGuard::Kind guard = SyncGuard::Kind::nothing; ///< what he was warned of, and goes on
 };
 
 } // namespace tessary

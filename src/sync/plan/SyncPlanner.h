@@ -28,22 +28,6 @@ struct SyncPlanInput {
     qint64 filesOnceSynced = 0; ///< by whatever either side remembers
 };
 
-/// What makes a run look like a mistake, so that it needs the user's word.
-struct SyncGuard {
-    enum class Kind {
-        nothing,
-        localEmpty,    ///< the local folder is empty, and `recorded` files were in it
-        deviceEmpty,   ///< the same of the device's folder
-        manyDeletions, ///< `deletions` of the `recorded` files would go
-    };
-
-    Kind kind = Kind::nothing;
-    qint64 recorded = 0;
-    qint64 deletions = 0;
-
-    bool operator==(const SyncGuard&) const = default;
-};
-
 /// Decides what a run does with each path. Pure: the same input and answers give the same plan.
 /// What it never does: take a file for deleted that was not seen on both sides by one run, replace
 /// a file that nobody copied, or take two files for the same without their whole contents.

@@ -14,8 +14,8 @@ namespace tessary {
 
 /// A file as a listing shows it.
 struct SyncFile {
-    qint64 size = 0; ///< bytes
-    QDateTime date;  ///< UTC, see syncDate()
+    qint64 size = 0;     ///< bytes
+    QDateTime date;      ///< UTC, see syncDate()
     bool isDated = true; ///< false: the side gives no date, and `date` is 1970
 
     bool operator==(const SyncFile&) const = default;
@@ -23,6 +23,9 @@ struct SyncFile {
 
 /// A date as the sync compares and stores it: UTC, in the years 1 to 9999; none is 1970.
 [[nodiscard]] QDateTime syncDate(const std::optional<QDateTime>& date);
+
+/// A date as it is stored: without what lies below the second.
+[[nodiscard]] QDateTime wholeSeconds(const QDateTime& date);
 
 /// What the checked listings of one side found. Paths are relative: components joined by "/", none
 /// in front.

@@ -1,0 +1,344 @@
+#include "sync/run/SyncRun.h"
+
+#include "base/local/LocalError.h"
+#include "base/log/DiagnosticsLogger.h"
+#include "base/text/PathNames.h"
+#include "base/threads/CancellationError.h"
+#include "phone/PhoneQueue.h"
+#include "sync/plan/SyncError.h"
+#include "sync/run/SyncContents.h"
+#include "sync/run/SyncLock.h"
+#include "sync/run/SyncStore.h"
+#include "sync/run/SyncWorker.h"
+#include "transfer/copy/CopyErrors.h"
+
+#include <QSet>
+#include <QUuid>
+
+#include <algorithm>
+
+namespace tessary {
+
+namespace {
+
+/// The name of a path before renames that were planned and not carried out.
+QString nameBefore(QString path, const std::vector<SyncRename>& renames, bool onDevice) {
+    for (auto it = renames.rbegin(); it != renames.rend(); ++it)
+        if (it->onDevice == onDevice &&
+            (path == it->to || path.startsWith(it->to + QLatin1Char('/'))))
+            path = it->from + path.mid(it->to.size());
+    return path;
+}
+
+/// Drops what is known of a path and of all below it.
+template <typename Map>
+void dropBelow(Map& map, const QString& path) {
+    map.erase(path);
+    const QString prefix = path + QLatin1Char('/');
+    for (auto it = map.lower_bound(prefix); it != map.end() && it->first.startsWith(prefix);)
+        it = map.erase(it);
+}
+
+void logFailure(const char* what, const Error& error) {
+    DiagnosticsLogger::shared().transfer.error(what, {error.logText()});
+}
+
+} // namespace
+
+SyncRun::SyncRun(SyncRunSetup setup, SyncRunEvents events, std::stop_token stop)
+    : setup_(std::move(setup)),
+      events_(std::move(events)),
+      call_(std::move(stop), Urgency::copy),
+      progress_(events_),
+      local_(setup_.computer.files, setup_.pair.localFolderPath),
+      device_(setup_.device, setup_.pair.remoteFolderPath),
+      transfer_(local_, device_, setup_.computer, call_),
+      runID_(QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper()),
+      decisions_(setup_.decisions) {}
+
+void SyncRun::tell(const QString& message) {
+    throwIfStopped(call_.stop);
+    progress_.tell(message);
+}
+
+/// A folder that was synced before and is gone may be on a disk that is missing: only the user
+/// knows whether to begin anew.
+void SyncRun::ensureLocalFolder() {
+    if (local_.exists(call_))
+        return;
+    const qint64 before = filesOnceSynced({}, deviceManifest_, setup_.hostID, setup_.pair);
+    if (setup_.pair.lastSyncedAt || before > 0) {
+        SyncQuestion question;
+        question.kind = SyncQuestion::Kind::missingLocalFolder;
+        question.path = setup_.pair.localFolderPath;
+        question.guard = {SyncGuard::Kind::localEmpty, before, 0};
+        if (!events_.ask || !events_.ask(question).goesOn)
+            throw Error(SyncError::folderMissing, {setup_.pair.localFolderPath});
+        throwIfStopped(call_.stop);
+        decisions_.guard = SyncGuard::Kind::localEmpty; // he has just said so
+    }
+    setup_.computer.makeFolder();
+}
+
+void SyncRun::loadManifests() {
+    deviceManifest_ = loadManifest(device_, call_);
+    if (local_.exists(call_))
+        localManifest_ = loadManifest(local_, call_);
+    record_ = syncRecord(localManifest_, deviceManifest_, setup_.hostID, setup_.pair);
+    if (record_)
+        remembered_ = record_->files;
+}
+
+void SyncRun::scan(SyncSide::Leftovers leftovers) {
+    tell(QStringLiteral("Scanning folders…"));
+    const SyncPatterns patterns(setup_.pair.patterns);
+    const auto scanned = [&](SyncSide& side) {
+        return side.exists(call_) ? side.scan(patterns, leftovers, remembered_, call_) : SyncTree();
+    };
+    localTree_ = scanned(local_);
+    deviceTree_ = scanned(device_);
+    if (record_)
+        renames_ = takeCaseRenames(localTree_, deviceTree_, record_->files, setup_.pair.syncMode);
+}
+
+SyncPlanner SyncRun::makePlanner() {
+    const SyncPair& pair = setup_.pair;
+    return SyncPlanner(
+        {.local = localTree_,
+         .device = deviceTree_,
+         .record = record_ ? &*record_ : nullptr,
+         .mode = pair.syncMode,
+         .deletes = pair.deleteSyncEnabled,
+         .moves = pair.movesFiles(),
+         .isAndroid = pair.isAndroid(),
+         .localNames = local_.files().nameRules(local_.pathOf({})),
+         .deviceNames = device_.files().nameRules(device_.pathOf({})),
+         .now = setup_.now(),
+         .filesOnceSynced = filesOnceSynced(localManifest_, deviceManifest_, setup_.hostID, pair)});
+}
+
+/// Asks the user what he was not asked yet.
+void SyncRun::ask(const SyncPlanner& planner) {
+    SyncQuestion question;
+    question.guard = planner.guard();
+    question.candidates = planner.deletionCandidates();
+    const bool isWarned =
+        question.guard.kind == SyncGuard::Kind::nothing || question.guard.kind == decisions_.guard;
+    const bool isDecided =
+        std::all_of(question.candidates.begin(), question.candidates.end(),
+                    [this](const DeletionCandidate& candidate) {
+                        return decisions_.deletions.contains(candidate.relativePath) ||
+                               decisions_.kept.contains(candidate.relativePath);
+                    });
+    if (isWarned && isDecided)
+        return;
+    if (question.candidates.empty())
+        question.kind = SyncQuestion::Kind::emptySide;
+    tell(QStringLiteral("Awaiting deletion confirmation…"));
+    const SyncAnswer answer = events_.ask ? events_.ask(question) : SyncAnswer::stop();
+    throwIfStopped(call_.stop);
+    if (!answer.goesOn)
+        throw Error(SyncError::stopped);
+    decisions_.deletions = answer.deletions;
+}
+
+/// A name that cannot be taken over leaves its files alone, as they are on both sides.
+void SyncRun::carryOutRenames() {
+    for (const SyncRename& rename : renames_) {
+        SyncSide& side = rename.onDevice ? device_ : local_;
+        throwIfStopped(call_.stop);
+        try {
+            const auto found = side.files().find(side.pathOf(rename.from), call_);
+            if (!found)
+                throw Error(SyncError::changedMeanwhile, {rename.from});
+            (void)side.files().rename(*found, lastComponent(rename.to), TakenName::refused, call_);
+            report_.items.push_back(
+                {rename.onDevice ? SyncDeed::renameOnDevice : SyncDeed::renameHere, rename.to,
+                 rename.from, 0});
+        } catch (const Error& error) {
+            if (endsCopy(error))
+                throw;
+            SyncTree& tree = rename.onDevice ? deviceTree_ : localTree_;
+            dropBelow(tree.files, rename.to);
+            dropBelow(record_->files, rename.to);
+            tree.unknown.insert_or_assign(rename.to, error);
+        }
+    }
+}
+
+SyncComparisons SyncRun::compare(const QStringList& paths, bool isRenamed) {
+    SyncComparisons comparisons;
+    for (const QString& path : paths) {
+        throwIfStopped(call_.stop);
+        const QString here = isRenamed ? path : nameBefore(path, renames_, false);
+        const QString there = isRenamed ? path : nameBefore(path, renames_, true);
+        try {
+            const bool isSame = haveSameContent(
+                local_, device_,
+                {here, localTree_.files.at(path), there, deviceTree_.files.at(path)}, call_);
+            comparisons[path] = isSame ? SyncComparison::equal : SyncComparison::differing;
+        } catch (const Error& error) {
+            if (endsCopy(error))
+                throw;
+            logFailure("not compared: %s", error);
+        }
+    }
+    return comparisons;
+}
+
+void SyncRun::reportUnknown() {
+    QSet<QString> reported;
+    for (const SyncSkippedItem& item : report_.skipped)
+        reported.insert(item.path);
+    for (const SyncTree* side : {&localTree_, &deviceTree_})
+        for (const auto& [path, error] : side->unknown)
+            if (!reported.contains(path)) {
+                reported.insert(path);
+                report_.skipped.push_back({path, error});
+            }
+}
+
+/// Whether the record says all this already.
+bool SyncRun::isRecorded(const SyncFiles& files) const {
+    return record_ && record_->isShared && !isFirstStored_ && report_.items.empty() &&
+           remembered_ == files;
+}
+
+void SyncRun::writeManifests(SyncFiles files, bool onDevice) {
+    const SyncPair& pair = setup_.pair;
+    const QString key = syncRecordKey(setup_.hostID, pair);
+    qint64 number = 0;
+    for (const auto* manifest : {&localManifest_, &deviceManifest_})
+        if (*manifest && (*manifest)->hosts.contains(key))
+            number = std::max(number, (*manifest)->hosts.at(key).runNumber);
+    SyncManifest manifest = SyncManifest::merged(localManifest_, deviceManifest_);
+    const QString name =
+        setup_.computerName.isEmpty() ? QStringLiteral("Mac") : setup_.computerName;
+    manifest.hosts.insert_or_assign(
+        key, SyncHostEntry{name, pair.deviceUDID, pair.appBundleID, pair.remoteFolderPath,
+                           pair.localFolderPath, runID_, number + 1, syncDate(report_.startedAt),
+                           syncDate(setup_.now()), std::move(files)});
+    // Nothing that the record speaks of may be lost when the power goes.
+    setup_.computer.flush();
+    const Call whole{{}, Urgency::copy};
+    for (SyncSide* side : {&local_, &device_}) {
+        if (side == &device_ && !onDevice)
+            continue;
+        try {
+            saveManifest(*side, manifest, whole);
+        } catch (const Error& error) {
+            logFailure("sync record not stored: %s", error);
+            if (endsEverything(error))
+                throw;
+            report_.skipped.push_back(
+                {SyncManifest::fileName,
+                 Error(SyncError::recordNotStored, {side->pathOf(SyncManifest::fileName)}, error)});
+        }
+    }
+}
+
+/// What is done is recorded, and of what was not reached the old record stays.
+void SyncRun::recordBrokenOff(SyncWorker& worker, const SyncPlan& plan, std::size_t reached,
+                              bool reachesDevice) {
+    for (std::size_t n = reached; n < plan.actions.size(); ++n)
+        worker.keepRecord(plan.actions[n]);
+    SyncFiles files = worker.takeFiles();
+    if (isRecorded(files))
+        return;
+    try {
+        writeManifests(std::move(files), reachesDevice);
+    } catch (const std::exception& error) {
+        DiagnosticsLogger::shared().transfer.error("sync record not stored: %s",
+                                                   {QString::fromUtf8(error.what())});
+    }
+}
+
+void SyncRun::carryOut(const SyncPlan& plan) {
+    progress_.setTotals(plan.totalFiles, plan.totalBytes);
+    tell(QStringLiteral("Starting transfer…"));
+    if (!record_ && plan.totalFiles > 0) {
+        // Both sides hold a record from the beginning: should this run break off, the next one
+        // knows what it has done.
+        writeManifests({}, true);
+        isFirstStored_ = true;
+    }
+    SyncWorker worker(transfer_, setup_.pair, setup_.computer, progress_, report_);
+    std::size_t reached = 0;
+    try {
+        for (; reached < plan.actions.size(); ++reached)
+            worker.carryOut(plan.actions[reached]);
+        worker.finish(deviceTree_);
+    } catch (const Error& error) {
+        recordBrokenOff(worker, plan, reached + 1, !endsEverything(error));
+        throw;
+    } catch (const CancellationError&) {
+        recordBrokenOff(worker, plan, reached, true);
+        throw;
+    }
+    if (plan.totalFiles == 0)
+        progress_.tell(QStringLiteral("Up to date"));
+    SyncFiles files = worker.takeFiles();
+    if (!isRecorded(files))
+        writeManifests(std::move(files), true);
+}
+
+void SyncRun::runToEnd() {
+    throwIfStopped(call_.stop);
+    std::optional<SyncLock> lock;
+    if (!setup_.lockFile.isEmpty())
+        lock.emplace(
+            setup_.lockFile, [this] { tell(QStringLiteral("Waiting for another sync…")); },
+            call_.stop);
+    std::optional<PhoneQueue::Job> job;
+    if (const auto queue = setup_.device.queue())
+        job.emplace(queue->beginJob());
+    loadManifests();
+    ensureLocalFolder();
+    scan(SyncSide::Leftovers::finished);
+    ask(makePlanner());
+    tell(QStringLiteral("Analyzing files…"));
+    carryOutRenames();
+    SyncPlanner planner = makePlanner();
+    const SyncComparisons comparisons = compare(planner.pathsToCompare(), true);
+    carryOut(planner.plan(decisions_, comparisons));
+}
+
+SyncReport SyncRun::run() {
+    report_.startedAt = setup_.now();
+    try {
+        runToEnd();
+    } catch (const CancellationError&) {
+        report_.outcome = SyncReport::Outcome::cancelled;
+    } catch (const Error& error) {
+        report_.outcome = error.is(SyncError::stopped) ? SyncReport::Outcome::cancelled
+                                                       : SyncReport::Outcome::failed;
+        report_.failure = error;
+    }
+    reportUnknown();
+    report_.endedAt = setup_.now();
+    return std::move(report_);
+}
+
+SyncPreview SyncRun::preview() {
+    report_.startedAt = setup_.now();
+    loadManifests();
+    scan(SyncSide::Leftovers::shown);
+    SyncPlanner planner = makePlanner();
+    const SyncGuard guard = planner.guard();
+    SyncDecisions all;
+    for (const DeletionCandidate& candidate : planner.deletionCandidates())
+        all.deletions.insert(candidate.relativePath);
+    const SyncComparisons comparisons = compare(planner.pathsToCompare(), false);
+    SyncPreview preview = previewOf(planner.plan(all, comparisons), renames_, guard);
+    reportUnknown();
+    QSet<QString> named;
+    for (const SyncPreviewItem& item : preview.items)
+        named.insert(item.path);
+    for (const SyncSkippedItem& item : report_.skipped)
+        if (!named.contains(item.path))
+            preview.items.push_back(
+                {{}, item.path, {}, 0, std::make_shared<const Error>(item.reason), false});
+    return preview;
+}
+
+} // namespace tessary

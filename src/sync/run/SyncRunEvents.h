@@ -1,0 +1,60 @@
+#pragma once
+
+#include "sync/plan/SyncPair.h"
+#include "sync/plan/SyncReport.h"
+
+#include <functional>
+
+namespace tessary {
+
+/// What a run tells while it works, on its thread.
+struct SyncRunEvents {
+    std::function<void(const QString& message)> status;
+    std::function<void(const SyncProgress&)> progress; ///< also for each piece of a file
+    /// Blocks until the user has answered. No function: SyncAnswer::stop().
+    std::function<SyncAnswer(const SyncQuestion&)> ask;
+};
+
+/// A run's counters, and where they go.
+class SyncRunProgress {
+public:
+    explicit SyncRunProgress(const SyncRunEvents& events) : events_(events) {}
+
+    /// The current step, in a few words of English that are known to whoever shows them.
+    void tell(const QString& message) {
+        counters_.stage = message;
+        if (events_.status)
+            events_.status(message);
+        show();
+    }
+    void setTotals(qint64 files, qint64 bytes) {
+        counters_.totalFiles = files;
+        counters_.totalBytes = bytes;
+    }
+    void beginFile(const QString& stage, const QString& path) {
+        counters_.currentFileName = path;
+        counters_.currentFileBytes = 0;
+        tell(stage);
+    }
+    void setBytes(qint64 done) {
+        counters_.currentFileBytes = done;
+        show();
+    }
+    void endFile(qint64 bytes) {
+        ++counters_.completedFiles;
+        counters_.completedBytes += bytes;
+        counters_.currentFileBytes = 0;
+        show();
+    }
+
+private:
+    void show() {
+        if (events_.progress)
+            events_.progress(counters_);
+    }
+
+    const SyncRunEvents& events_;
+    SyncProgress counters_;
+};
+
+} // namespace tessary

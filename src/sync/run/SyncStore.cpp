@@ -1,0 +1,63 @@
+#include "sync/run/SyncStore.h"
+
+#include "transfer/copy/CopyErrors.h"
+#include "transfer/copy/FileCopy.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace tessary {
+
+namespace {
+
+/// Ends the reading of what grows beyond any manifest.
+struct TooLong {};
+
+} // namespace
+
+std::optional<SyncManifest> loadManifest(SyncSide& side, const Call& call) {
+    QByteArray json;
+    try {
+        const auto file = side.findFile(SyncManifest::fileName, call);
+        if (!file)
+            return std::nullopt;
+        side.files().read(
+            *file, {},
+            [&json](ByteView bytes) {
+                if (json.size() + std::ssize(bytes) > SyncManifest::maxBytes)
+                    throw TooLong{};
+                json.append(reinterpret_cast<const char*>(bytes.data()), std::ssize(bytes));
+            },
+            call);
+    } catch (const TooLong&) {
+        return std::nullopt;
+    } catch (const Error& error) {
+        if (endsCopy(error))
+            throw;
+        return std::nullopt;
+    }
+    return SyncManifest::decode(json);
+}
+
+void saveManifest(SyncSide& side, const SyncManifest& manifest, const Call& call) {
+    const QByteArray json = manifest.encode();
+    std::size_t done = 0;
+    const auto content = [&](std::span<std::byte> into) {
+        const std::size_t count =
+            std::min(into.size(), static_cast<std::size_t>(json.size()) - done);
+        std::memcpy(into.data(), json.constData() + done, count);
+        done += count;
+        return count;
+    };
+    const QString folder = side.makeFoldersAbove(SyncManifest::fileName, call);
+    auto old = side.findFile(SyncManifest::fileName, call);
+    if (old && !side.files().capabilities(call).renames) {
+        // The next run does without it when this one ends here.
+        side.files().remove(*old, call);
+        old.reset();
+    }
+    (void)putFile(side.files(), {folder, SyncManifest::fileName, json.size(), {}, std::move(old)},
+                  content, {}, {}, call);
+}
+
+} // namespace tessary

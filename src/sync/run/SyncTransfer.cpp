@@ -1,0 +1,99 @@
+#include "sync/run/SyncTransfer.h"
+
+#include "base/text/PathNames.h"
+#include "transfer/copy/CopyErrors.h"
+#include "transfer/copy/FileCopy.h"
+#include "transfer/copy/FileStream.h"
+
+#include <algorithm>
+
+namespace tessary {
+
+SyncTransfer::SyncTransfer(SyncSide& local, SyncSide& device, const SyncComputer& computer,
+                           Call call)
+    : local_(local), device_(device), computer_(computer), call_(std::move(call)) {}
+
+FileItem SyncTransfer::copy(const Copy& copy, const ByteProgress& progress) {
+    SyncSide& from = side(!copy.toDevice);
+    SyncSide& to = side(copy.toDevice);
+    const QString folder = to.makeFoldersAbove(copy.newPath, call_);
+    const FileItem source = from.itemOf(copy.path, copy.seen);
+    std::optional<FileItem> replaced;
+    if (copy.replaced != nullptr)
+        replaced = to.itemOf(copy.newPath, *copy.replaced);
+    if (replaced && !copy.toDevice && computer_.trash)
+        return replaceThroughTrash(source, folder, *replaced, progress);
+    return copyFile({.from = from.files(),
+                     .file = source,
+                     .to = to.files(),
+                     .folder = folder,
+                     .name = lastComponent(copy.newPath),
+                     .replaces = std::move(replaced)},
+                    progress, call_);
+}
+
+/// The old file goes to the trash once the new one is here whole, right before it takes the name.
+FileItem SyncTransfer::replaceThroughTrash(const FileItem& source, const QString& folder,
+                                           const FileItem& replaced, const ByteProgress& progress) {
+    FileStream stream(device_.files(), source, FileStream::Way::ahead, FileStream::slack, call_);
+    const auto check = [this](SyncSide& where, const FileItem& seen) {
+        const auto now = where.files().find(seen.path, call_);
+        if (!now || !tessary::isAsSeen(seen, *now))
+            throw changedError(where.files(), seen.path);
+    };
+    const auto makeRoom = [&](const FileItem&) {
+        check(device_, source);
+        check(local_, replaced);
+        if (!computer_.trash(replaced.path))
+            local_.files().remove(replaced, call_);
+    };
+    return putFile(
+        local_.files(),
+        {folder, replaced.name, std::max<qint64>(source.size, 0), source.modifiedDate, {}},
+        [&stream](std::span<std::byte> into) { return stream.read(into); }, makeRoom, progress,
+        call_);
+}
+
+FileItem SyncTransfer::setAside(bool onDevice, const QString& path, const SyncFile& seen,
+                                const QString& newPath, const ByteProgress& progress) {
+    SyncSide& where = side(onDevice);
+    if (!where.files().capabilities(call_).renames)
+        return copyBeside(onDevice, path, seen, newPath, progress);
+    const auto now = where.findFile(path, call_);
+    if (!now || !tessary::isAsSeen(where.itemOf(path, seen), *now))
+        throw changedError(where.files(), where.pathOf(path));
+    return where.files().rename(*now, lastComponent(newPath), TakenName::refused, call_);
+}
+
+FileItem SyncTransfer::copyBeside(bool onDevice, const QString& path, const SyncFile& seen,
+                                  const QString& newPath, const ByteProgress& progress) {
+    SyncSide& where = side(onDevice);
+    return copyFile({.from = where.files(),
+                     .file = where.itemOf(path, seen),
+                     .to = where.files(),
+                     .folder = where.makeFoldersAbove(newPath, call_),
+                     .name = lastComponent(newPath)},
+                    progress, call_);
+}
+
+bool SyncTransfer::isAsSeen(bool onDevice, const QString& path, const SyncFile& seen) {
+    const auto now = side(onDevice).findFile(path, call_);
+    return now && tessary::isAsSeen(side(onDevice).itemOf(path, seen), *now);
+}
+
+bool SyncTransfer::remove(bool onDevice, const QString& path, const SyncFile& seen,
+                          bool intoTrash) {
+    SyncSide& where = side(onDevice);
+    const auto now = where.findFile(path, call_);
+    if (!now)
+        return false;
+    if (!tessary::isAsSeen(where.itemOf(path, seen), *now))
+        throw changedError(where.files(), where.pathOf(path));
+    const bool isInTrash =
+        intoTrash && !onDevice && computer_.trash && computer_.trash(where.pathOf(path));
+    if (!isInTrash)
+        where.files().remove(*now, call_);
+    return true;
+}
+
+} // namespace tessary

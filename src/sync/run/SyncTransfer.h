@@ -1,0 +1,66 @@
+#pragma once
+
+#include "sync/run/SyncSide.h"
+
+#include <functional>
+
+namespace tessary {
+
+/// This computer's side of a run, beyond its files.
+struct SyncComputer {
+    PhoneFileSystem& files;
+    /// Makes the pair's folder, with those above it.
+    std::function<void()> makeFolder;
+    /// Returns once all that was written would survive a power cut.
+    std::function<void()> flush;
+    /// Puts a file, by its path, into the desktop's trash; false where there is none. May be empty.
+    std::function<bool(const QString& path)> trash;
+};
+
+/// Both folders of a pair, and single files on their way between them. Whatever a file takes the
+/// place of is looked at again right before, and so is what it was copied from: what is not as the
+/// scan saw it stays, and the call throws PhoneError::changed or LocalError::changed.
+class SyncTransfer {
+public:
+    SyncTransfer(SyncSide& local, SyncSide& device, const SyncComputer& computer, Call call);
+
+    [[nodiscard]] SyncSide& side(bool onDevice) const {
+        return onDevice ? device_ : local_;
+    }
+    [[nodiscard]] const Call& call() const {
+        return call_;
+    }
+
+    struct Copy {
+        bool toDevice = false;
+        QString path; ///< relative, of the source
+        SyncFile seen;
+        QString newPath;                    ///< relative, on the other side
+        const SyncFile* replaced = nullptr; ///< what is there, as it was seen
+    };
+    /// Returns the copy as the other side shows it.
+    FileItem copy(const Copy& copy, const ByteProgress& progress);
+    /// Gives a file another name on its side. By a copy where the side cannot rename: then the file
+    /// keeps its own, too.
+    FileItem setAside(bool onDevice, const QString& path, const SyncFile& seen,
+                      const QString& newPath, const ByteProgress& progress);
+    /// A copy of a file beside it.
+    FileItem copyBeside(bool onDevice, const QString& path, const SyncFile& seen,
+                        const QString& newPath, const ByteProgress& progress);
+    /// Whether a side has the file as it was seen.
+    [[nodiscard]] bool isAsSeen(bool onDevice, const QString& path, const SyncFile& seen);
+    /// Removes a file that is as it was seen; `intoTrash` where there is one. False when there is
+    /// none any more.
+    bool remove(bool onDevice, const QString& path, const SyncFile& seen, bool intoTrash);
+
+private:
+    FileItem replaceThroughTrash(const FileItem& source, const QString& folder,
+                                 const FileItem& replaced, const ByteProgress& progress);
+
+    SyncSide& local_;
+    SyncSide& device_;
+    const SyncComputer& computer_;
+    const Call call_;
+};
+
+} // namespace tessary

@@ -1,0 +1,324 @@
+#include "sync/run/SyncWorker.h"
+
+#include "base/local/LocalError.h"
+#include "base/text/PathNames.h"
+#include "base/threads/CancellationError.h"
+#include "sync/plan/SyncError.h"
+#include "sync/run/SyncContents.h"
+#include "transfer/copy/CopyErrors.h"
+
+#include <algorithm>
+
+namespace tessary {
+
+namespace {
+
+using Kind = SyncPlannedAction::Kind;
+
+/// So many files, or bytes, are moved before the disk is waited for and their sources go.
+constexpr std::size_t movedAtOnce = 200;
+constexpr qint64 movedBytesAtOnce = 512LL * 1024 * 1024;
+
+/// A folder is listed to look at what was sent to it when that is this part of it, or more.
+constexpr std::size_t partToList = 8;
+
+QString folderOf(const QString& path) {
+    return path.left(std::max<qsizetype>(0, path.lastIndexOf(u'/')));
+}
+
+/// What a failure means for one file of a run.
+Error reasonOf(const Error& error, const QString& path) {
+    const bool isChange = saysChanged(error) || isTaken(error) || error.is(PhoneError::notFound) ||
+                          error.is(LocalError::notFound);
+    return isChange ? Error(SyncError::changedMeanwhile, {path}, error) : error;
+}
+
+/// A step's name as people know it: "Removing a.txt from Mac".
+QString removalStage(const SyncPair& pair, const QString& name, bool fromDevice) {
+    const QString place = !fromDevice        ? QStringLiteral("Mac")
+                          : pair.isAndroid() ? QStringLiteral("Android")
+                                             : QStringLiteral("iPhone");
+    return QStringLiteral("Removing %1 from %2").arg(name, place);
+}
+
+} // namespace
+
+SyncWorker::SyncWorker(SyncTransfer& transfer, const SyncPair& pair, const SyncComputer& computer,
+                       SyncRunProgress& progress, SyncReport& report)
+    : transfer_(transfer), pair_(pair), computer_(computer), progress_(progress), report_(report) {}
+
+ByteProgress SyncWorker::byteProgress() {
+    return [this](qint64 done) { progress_.setBytes(done); };
+}
+
+void SyncWorker::addItem(SyncDeed deed, const QString& path, qint64 size, const QString& other) {
+    report_.items.push_back({deed, path, other, size});
+}
+
+void SyncWorker::skip(const QString& path, Error reason) {
+    report_.skipped.push_back({path, std::move(reason)});
+}
+
+void SyncWorker::enter(const QString& path, const SyncFile& local, const SyncFile& device,
+                       bool isContentKnown) {
+    SyncFileEntry entry{local.size, wholeSeconds(local.date), {}, {}, isContentKnown};
+    if (wholeSeconds(device.date) != entry.modifiedDate)
+        entry.deviceModifiedDate = wholeSeconds(device.date);
+    files_.insert_or_assign(path, std::move(entry));
+}
+
+void SyncWorker::keepRecord(const Action& action) {
+    if (action.record != nullptr)
+        files_.insert_or_assign(action.relativePath, *action.record);
+}
+
+void SyncWorker::carryOut(const Action& action) {
+    throwIfStopped(transfer_.call().stop);
+    if (action.kind == Kind::alreadyInSync) {
+        ++report_.inSync;
+        enter(action.relativePath, *action.local, *action.device, action.isContentKnown);
+        return;
+    }
+    if (action.kind == Kind::skip || action.kind == Kind::leave) {
+        if (action.reason)
+            skip(action.relativePath, *action.reason);
+        keepRecord(action);
+        if (action.knownToDiffer && action.record != nullptr)
+            files_.at(action.relativePath).differingDate = wholeSeconds(
+                pair_.syncMode == SyncMode::toMac ? action.local->date : action.device->date);
+        return;
+    }
+    try {
+        act(action);
+    } catch (const Error& error) {
+        keepRecord(action);
+        if (endsCopy(error))
+            throw;
+        skip(action.relativePath, reasonOf(error, action.relativePath));
+    } catch (...) {
+        keepRecord(action);
+        throw;
+    }
+    progress_.endFile(action.bytes());
+}
+
+void SyncWorker::act(const Action& action) {
+    const QString& path = action.relativePath;
+    switch (action.kind) {
+    case Kind::upload:
+    case Kind::download:
+        transfer(action, action.kind == Kind::upload);
+        break;
+    case Kind::moveDeleteSourceOnly:
+    case Kind::moveDeleteRemoteSourceOnly: {
+        const bool toDevice = action.kind == Kind::moveDeleteSourceOnly;
+        progress_.beginFile(QStringLiteral("Moving (already on destination)"), path);
+        noteMove({toDevice, path, toDevice ? *action.local : *action.device,
+                  toDevice ? *action.device : *action.local, action.local->size});
+        break;
+    }
+    case Kind::conflict:
+        resolveConflict(action);
+        break;
+    case Kind::deleteLocal:
+    case Kind::deleteRemote:
+        deleteConfirmed(action);
+        break;
+    case Kind::alreadyInSync:
+    case Kind::leave:
+    case Kind::skip:
+        break;
+    }
+}
+
+FileItem SyncWorker::copy(const SyncTransfer::Copy& copy) {
+    FileItem arrived = transfer_.copy(copy, byteProgress());
+    report_.transferredBytes += copy.seen.size;
+    if (copy.toDevice)
+        sent_.insert_or_assign(copy.newPath, syncFileOf(arrived));
+    return arrived;
+}
+
+void SyncWorker::transfer(const Action& action, bool toDevice) {
+    const QString& path = action.relativePath;
+    progress_.beginFile(action.deletesSource ? QStringLiteral("Moving")
+                        : toDevice           ? QStringLiteral("Uploading")
+                                             : QStringLiteral("Downloading"),
+                        path);
+    const SyncFile& source = toDevice ? *action.local : *action.device;
+    const FileItem arrived =
+        copy({toDevice, path, source, path, toDevice ? action.device : action.local});
+    if (action.deletesSource) {
+        noteMove({toDevice, path, source, syncFileOf(arrived), source.size});
+        return;
+    }
+    const SyncFile there = syncFileOf(arrived);
+    enter(path, toDevice ? source : there, toDevice ? there : source, true);
+    addItem(deedOf(action), path, source.size);
+}
+
+void SyncWorker::resolveConflict(const Action& action) {
+    const QString& path = action.relativePath;
+    const SyncedFile file{path, *action.local, path, *action.device};
+    bool deviceWins = action.deviceWins;
+    progress_.beginFile(QStringLiteral("Downloading"), path);
+    if (action.prefixLoses &&
+        isOneBeginningOfOther(transfer_.side(false), transfer_.side(true), file, transfer_.call()))
+        deviceWins = file.device.size > file.local.size;
+    const SyncFile& winner = deviceWins ? file.device : file.local;
+    SyncTransfer::Copy last{!deviceWins, path, winner, path,
+                            deviceWins ? action.local : action.device};
+    if (pair_.syncMode == SyncMode::biDirectional) {
+        keepLoserOnBoth(action, deviceWins);
+    } else {
+        keepLoserAtTarget(action);
+        if (transfer_.side(!deviceWins).files().capabilities(transfer_.call()).renames)
+            last.replaced = nullptr; // it has got another name
+    }
+    progress_.beginFile(deviceWins ? QStringLiteral("Downloading") : QStringLiteral("Uploading"),
+                        path);
+    const SyncFile there = syncFileOf(copy(last));
+    addItem(SyncDeed::keepBoth, path, winner.size, action.conflictName);
+    if (action.deletesSource)
+        noteMove({!deviceWins, path, winner, there, winner.size});
+    else
+        enter(path, deviceWins ? there : winner, deviceWins ? winner : there, true);
+}
+
+/// In two-way mode both versions end up on both sides, the loser first.
+void SyncWorker::keepLoserOnBoth(const Action& action, bool deviceWins) {
+    const QString& path = action.relativePath;
+    const QString& name = action.conflictName;
+    SyncFile here;
+    if (deviceWins)
+        here = syncFileOf(transfer_.copyBeside(false, path, *action.local, name, byteProgress()));
+    else
+        here = syncFileOf(copy({false, path, *action.device, name, nullptr}));
+    progress_.beginFile(QStringLiteral("Uploading"), name);
+    const SyncFile there = syncFileOf(copy({true, name, here, name, nullptr}));
+    enter(name, here, there, true);
+}
+
+/// In a one-way mode the target's own version stays there.
+void SyncWorker::keepLoserAtTarget(const Action& action) {
+    const bool onDevice = pair_.syncMode == SyncMode::toiPhone;
+    (void)transfer_.setAside(onDevice, action.relativePath,
+                             onDevice ? *action.device : *action.local, action.conflictName,
+                             byteProgress());
+}
+
+void SyncWorker::deleteConfirmed(const Action& action) {
+    const QString& path = action.relativePath;
+    const bool fromDevice = action.kind == Kind::deleteRemote;
+    progress_.beginFile(removalStage(pair_, lastComponent(path), fromDevice), path);
+    // It is to go because the other side had deleted it: it may be back by now.
+    if (transfer_.side(!fromDevice).findFile(path, transfer_.call())) {
+        keepRecord(action);
+        skip(path, Error(SyncError::changedMeanwhile, {path}));
+        return;
+    }
+    const SyncFile& seen = fromDevice ? *action.device : *action.local;
+    if (transfer_.remove(fromDevice, path, seen, true))
+        addItem(deedOf(action), path, seen.size);
+    (fromDevice ? deviceEmptied_ : localEmptied_).insert(folderOf(path));
+}
+
+void SyncWorker::noteMove(Moved moved) {
+    movedBytes_ += moved.size;
+    moved_.push_back(std::move(moved));
+    if (moved_.size() >= movedAtOnce || movedBytes_ >= movedBytesAtOnce)
+        deleteMoved();
+}
+
+/// Their sources go once the copies are there for good, and both are as they were.
+void SyncWorker::deleteMoved() {
+    const std::vector<Moved> moved = std::exchange(moved_, {});
+    movedBytes_ = 0;
+    if (std::any_of(moved.begin(), moved.end(), [](const Moved& one) { return !one.toDevice; }))
+        computer_.flush();
+    for (const Moved& one : moved) {
+        throwIfStopped(transfer_.call().stop);
+        try {
+            const auto there = transfer_.side(one.toDevice).findFile(one.path, transfer_.call());
+            if (!there || there->size != one.source.size)
+                throw Error(SyncError::changedMeanwhile, {one.path});
+            (void)transfer_.remove(!one.toDevice, one.path, one.source, false);
+            (one.toDevice ? localEmptied_ : deviceEmptied_).insert(folderOf(one.path));
+            addItem(one.toDevice ? SyncDeed::moveToDevice : SyncDeed::moveHere, one.path, one.size);
+        } catch (const Error& error) {
+            if (endsCopy(error))
+                throw;
+            skip(one.path, reasonOf(error, one.path));
+        }
+    }
+}
+
+void SyncWorker::finish(const SyncTree& listed) {
+    deleteMoved();
+    for (const bool onDevice : {false, true}) {
+        // Folders before those above them, which may become empty by it.
+        const auto& emptied = onDevice ? deviceEmptied_ : localEmptied_;
+        for (auto folder = emptied.rbegin(); folder != emptied.rend(); ++folder)
+            transfer_.side(onDevice).removeEmptyFolders(*folder, transfer_.call());
+    }
+    std::map<QString, QStringList> byFolder;
+    for (const auto& [path, file] : sent_)
+        if (files_.contains(path))
+            byFolder[folderOf(path)].append(path);
+    for (const auto& [folder, paths] : byFolder)
+        confirmSent(folder, paths, listed);
+}
+
+/// Looks at files that were sent to a folder: at each, or at the whole folder where that is less.
+void SyncWorker::confirmSent(const QString& folder, const QStringList& paths,
+                             const SyncTree& listed) {
+    const QString prefix = folder.isEmpty() ? QString() : folder + QLatin1Char('/');
+    std::size_t others = 0;
+    const std::size_t enough = static_cast<std::size_t>(paths.size()) * partToList;
+    for (auto it = listed.files.lower_bound(prefix);
+         it != listed.files.end() && it->first.startsWith(prefix) && others <= enough; ++it)
+        ++others;
+    std::map<QString, SyncFile> all;
+    const bool isListed = others <= enough && paths.size() > 1;
+    if (isListed)
+        all = transfer_.side(true).filesIn(folder, transfer_.call());
+    for (const QString& path : paths) {
+        throwIfStopped(transfer_.call().stop);
+        std::optional<SyncFile> now;
+        if (!isListed) {
+            if (const auto found = transfer_.side(true).findFile(path, transfer_.call()))
+                now = syncFileOf(*found);
+        } else if (const auto found = all.find(lastComponent(path)); found != all.end()) {
+            now = found->second;
+        }
+        confirmOne(path, now);
+    }
+}
+
+/// Only what is the same on both sides is recorded, with the date that the device lists.
+void SyncWorker::confirmOne(const QString& path, const std::optional<SyncFile>& now) {
+    SyncFileEntry& entry = files_.at(path);
+    const SyncFile local{entry.size, entry.modifiedDate};
+    bool isSame = now && now->size == entry.size;
+    if (isSame && now->date != sent_.at(path).date) {
+        // Some phones date a file once more after it has arrived, and somebody may have edited it.
+        try {
+            const auto here = transfer_.side(false).findFile(path, transfer_.call());
+            isSame =
+                here && haveSameContent(transfer_.side(false), transfer_.side(true),
+                                        {path, syncFileOf(*here), path, *now}, transfer_.call());
+        } catch (const Error& error) {
+            if (endsCopy(error))
+                throw;
+            isSame = false;
+        }
+    }
+    if (isSame) {
+        enter(path, local, *now, true);
+        return;
+    }
+    files_.erase(path);
+    skip(path, Error(SyncError::changedMeanwhile, {path}));
+}
+
+} // namespace tessary

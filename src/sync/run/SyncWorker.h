@@ -1,0 +1,75 @@
+#pragma once
+
+#include "sync/plan/SyncPlan.h"
+#include "sync/plan/SyncReport.h"
+#include "sync/run/SyncRunEvents.h"
+#include "sync/run/SyncTransfer.h"
+
+#include <map>
+#include <set>
+#include <vector>
+
+namespace tessary {
+
+/// Carries the actions of a plan out, one after the other, and knows at any time what is in sync.
+/// What one file refuses is skipped and named, and keeps its record; what ends everything is
+/// thrown.
+class SyncWorker {
+public:
+    SyncWorker(SyncTransfer& transfer, const SyncPair& pair, const SyncComputer& computer,
+               SyncRunProgress& progress, SyncReport& report);
+
+    void carryOut(const SyncPlannedAction& action);
+    /// Notes an action that is not carried out any more: its record stays.
+    void keepRecord(const SyncPlannedAction& action);
+    /// Deletes what was moved, removes folders that became empty, and looks at what was sent as the
+    /// device shows it in the end. `listed` is what the device's scan saw.
+    void finish(const SyncTree& listed);
+    /// What is in sync: after finish(), or after a run that broke off.
+    [[nodiscard]] SyncFiles takeFiles() {
+        return std::move(files_);
+    }
+
+private:
+    using Action = SyncPlannedAction;
+    /// A file that is on its new side and goes from its old one.
+    struct Moved {
+        bool toDevice = false;
+        QString path;
+        SyncFile source;
+        SyncFile target;
+        qint64 size = 0;
+    };
+
+    void act(const Action& action);
+    void transfer(const Action& action, bool toDevice);
+    void resolveConflict(const Action& action);
+    void keepLoserOnBoth(const Action& action, bool deviceWins);
+    void keepLoserAtTarget(const Action& action);
+    void deleteConfirmed(const Action& action);
+    void noteMove(Moved moved);
+    void deleteMoved();
+    void confirmSent(const QString& folder, const QStringList& names, const SyncTree& listed);
+    void confirmOne(const QString& path, const std::optional<SyncFile>& now);
+
+    [[nodiscard]] FileItem copy(const SyncTransfer::Copy& copy);
+    void enter(const QString& path, const SyncFile& local, const SyncFile& device,
+               bool isContentKnown);
+    void skip(const QString& path, Error reason);
+    [[nodiscard]] ByteProgress byteProgress();
+    void addItem(SyncDeed deed, const QString& path, qint64 size, const QString& other = {});
+
+    SyncTransfer& transfer_;
+    const SyncPair& pair_;
+    const SyncComputer& computer_;
+    SyncRunProgress& progress_;
+    SyncReport& report_;
+    SyncFiles files_;
+    std::map<QString, SyncFile> sent_; ///< to the device, as it showed them then
+    std::vector<Moved> moved_;         ///< whose sources are still there
+    qint64 movedBytes_ = 0;
+    std::set<QString> localEmptied_; ///< folders that something was removed from
+    std::set<QString> deviceEmptied_;
+};
+
+} // namespace tessary

@@ -1,0 +1,313 @@
+#pragma once
+
+#include "support/MemoryFileSystem.h"
+#include "support/QtPrinters.h"
+#include "sync/run/SyncRun.h"
+
+#include <QTimeZone>
+#include <gtest/gtest.h>
+
+#include <map>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+namespace tessary {
+
+/// The program is killed: nothing that it still does has an effect.
+struct Killed : std::runtime_error {
+    Killed() : std::runtime_error("killed") {}
+};
+
+/// What is on a side below its root, with files of ours.
+struct MemoryFile {
+    QByteArray content;
+    QDateTime date;
+
+    bool operator==(const MemoryFile&) const = default;
+};
+using MemoryTree = std::map<QString, MemoryFile>;
+
+/// A phone that dates files by its own clock, whatever it is told.
+class OwnDates final : public PhoneFileSystem {
+public:
+    explicit OwnDates(PhoneFileSystem& files) : files_(files) {}
+
+    QString identity() const override {
+        return files_.identity();
+    }
+    QString displayName() const override {
+        return files_.displayName();
+    }
+    FileTreeRoot rootOf(const QString& path) const override {
+        return files_.rootOf(path);
+    }
+    QString canonicalPath(const QString& path) const override {
+        return files_.canonicalPath(path);
+    }
+    std::shared_ptr<PhoneQueue> queue() const override {
+        return files_.queue();
+    }
+    FileSystemCapabilities capabilities(const Call& call) override {
+        return files_.capabilities(call);
+    }
+    NameRules nameRules(const QString& folder) override {
+        return files_.nameRules(folder);
+    }
+    void list(const QString& folder, const ListingReceiver& receiver, const Call& call) override {
+        files_.list(folder, receiver, call);
+    }
+    std::optional<FileItem> find(const QString& path, const Call& call) override {
+        return files_.find(path, call);
+    }
+    qint64 read(const FileItem& file, ByteRange range, const ByteSink& sink,
+                const Call& call) override {
+        return files_.read(file, range, sink, call);
+    }
+    FileItem write(const NewFile& file, const ByteSource& content, const ByteProgress& progress,
+                   const Call& call) override {
+        return files_.write({file.folder, file.name, file.size, {}}, content, progress, call);
+    }
+    FileItem makeFolder(const QString& parent, const QString& name, const Call& call) override {
+        return files_.makeFolder(parent, name, call);
+    }
+    void remove(const FileItem& item, const Call& call) override {
+        files_.remove(item, call);
+    }
+    FileItem rename(const FileItem& item, const QString& newName, TakenName taken,
+                    const Call& call) override {
+        return files_.rename(item, newName, taken, call);
+    }
+    FileItem move(const FileItem& item, const QString& newFolder, const Call& call) override {
+        return files_.move(item, newFolder, call);
+    }
+    std::optional<std::uint64_t> freeBytes(const QString& folder, const Call& call) override {
+        return files_.freeBytes(folder, call);
+    }
+    std::optional<QByteArray> hash(const FileItem& file, const Call& call) override {
+        return files_.hash(file, call);
+    }
+
+private:
+    PhoneFileSystem& files_;
+};
+
+/// What the device of a MemoryPair can.
+struct MemoryDevice {
+    bool setsDates = true;
+    bool renamesOntoTaken = false;
+    bool renames = true;
+    bool hasHashes = false;
+    bool ignoresCase = true;
+    std::chrono::milliseconds dateStep{1000};
+    std::optional<std::uint64_t> capacity{};
+};
+
+/// A computer's folder and a phone's, in memory, with a clock and runs between them.
+class MemoryPair {
+public:
+    static inline const QString localRoot = QStringLiteral("/home/me/Sync");
+    static inline const QString deviceRoot = QStringLiteral("/Sync");
+
+    explicit MemoryPair(const MemoryDevice& device = {})
+        : local_(computerOptions()),
+          device_(phoneOptions(device)),
+          datedByItself_(device_),
+          setsDates_(device.setsDates) {
+        local_.addFolder(localRoot);
+        device_.addFolder(deviceRoot);
+        pair.deviceUDID = QStringLiteral("ABC");
+        pair.appBundleID = SyncPair::deviceStorage;
+        pair.remoteFolderPath = deviceRoot;
+        pair.localFolderPath = localRoot;
+        const auto count = [this](const MemoryFileSystem::Request& request) {
+            if (isDead || calls++ == killAt) {
+                isDead = true;
+                throw Killed();
+            }
+            if (beforeCall)
+                beforeCall(request);
+        };
+        local_.beforeEach(count);
+        device_.beforeEach(count);
+    }
+
+    [[nodiscard]] MemoryFileSystem& side(bool onDevice) {
+        return onDevice ? device_ : local_;
+    }
+    [[nodiscard]] MemoryFileSystem& local() {
+        return local_;
+    }
+    [[nodiscard]] MemoryFileSystem& device() {
+        return device_;
+    }
+    [[nodiscard]] static QString path(bool onDevice, const QString& name) {
+        return (onDevice ? deviceRoot : localRoot) + QLatin1Char('/') + name;
+    }
+    /// A moment of the clock, which goes on by more than the sync's tolerance.
+    QDateTime later(qint64 seconds = 5) {
+        clock += seconds;
+        return QDateTime::fromSecsSinceEpoch(clock, QTimeZone::utc());
+    }
+    void put(bool onDevice, const QString& name, const QByteArray& content) {
+        side(onDevice).addFile(path(onDevice, name), content, later());
+    }
+    void here(const char* name, const QByteArray& content) {
+        put(false, QString::fromUtf8(name), content);
+    }
+    void there(const char* name, const QByteArray& content) {
+        put(true, QString::fromUtf8(name), content);
+    }
+    void removeHere(const char* name) {
+        local_.removeQuietly(path(false, QString::fromUtf8(name)));
+    }
+    void removeThere(const char* name) {
+        device_.removeQuietly(path(true, QString::fromUtf8(name)));
+    }
+
+    /// All files of a side, manifest and parts included.
+    [[nodiscard]] MemoryTree all(bool onDevice) {
+        MemoryTree files;
+        MemoryFileSystem& from = side(onDevice);
+        const QString root = path(onDevice, QString());
+        for (const QString& each : from.tree())
+            if (!each.endsWith(u'/') && each.startsWith(root))
+                files[each.mid(root.size())] = {from.content(each),
+                                                from.item(each).modifiedDate.value_or(QDateTime())};
+        return files;
+    }
+    /// Those of the user.
+    [[nodiscard]] MemoryTree users(bool onDevice) {
+        MemoryTree files = all(onDevice);
+        std::erase_if(files, [](const auto& file) {
+            const QString name = file.first.section(u'/', -1);
+            return name == SyncManifest::fileName ||
+                   name.startsWith(QLatin1StringView(".tessary-part-"));
+        });
+        return files;
+    }
+    /// "name=content" of a side's files.
+    [[nodiscard]] std::string contents(bool onDevice) {
+        QStringList lines;
+        for (const auto& [name, file] : users(onDevice))
+            lines.append(name + QLatin1Char('=') + QString::fromUtf8(file.content.left(20)));
+        return lines.join(QLatin1Char(' ')).toStdString();
+    }
+    [[nodiscard]] std::string hereContents() {
+        return contents(false);
+    }
+    [[nodiscard]] std::string thereContents() {
+        return contents(true);
+    }
+    [[nodiscard]] bool isAnywhere(const QByteArray& content) {
+        for (const bool onDevice : {false, true})
+            for (const auto& [name, file] : users(onDevice))
+                if (file.content == content)
+                    return true;
+        return false;
+    }
+
+    [[nodiscard]] SyncRun makeRun(const std::stop_token& stop = {}) {
+        SyncRunEvents events;
+        events.ask = [this](const SyncQuestion& question) {
+            questions.push_back(question);
+            return answer ? answer(question) : SyncAnswer::stop();
+        };
+        events.progress = [this](const SyncProgress& progress) { last = progress; };
+        SyncComputer computer{local_, [this] { local_.addFolder(localRoot); },
+                              [this] {
+                                  if (isDead)
+                                      throw Killed();
+                                  flushed = users(false);
+                              },
+                              trash};
+        PhoneFileSystem& files =
+            setsDates_ ? static_cast<PhoneFileSystem&>(device_) : datedByItself_;
+        return SyncRun({pair,
+                        QStringLiteral("HOST"),
+                        QStringLiteral("Desk"),
+                        std::move(computer),
+                        files,
+                        [this] { return later(1); },
+                        {},
+                        decisions},
+                       std::move(events), stop);
+    }
+    SyncReport run(const std::stop_token& stop = {}) {
+        calls = 0;
+        return makeRun(stop).run();
+    }
+    /// A run that goes well.
+    SyncReport goodRun() {
+        SyncReport report = run();
+        EXPECT_EQ(report.outcome, SyncReport::Outcome::done)
+            << (report.failure ? report.failure->what() : "");
+        return report;
+    }
+    /// A further run transfers nothing and reads no content.
+    void expectQuietRun() {
+        const std::string hereBefore = hereContents();
+        const std::string thereBefore = thereContents();
+        device_.forgetRequests();
+        const SyncReport report = goodRun();
+        EXPECT_FALSE(report.hasChanges());
+        for (const auto& request : device_.requests()) {
+            EXPECT_NE(request.operation, MemoryFileSystem::Operation::write);
+            if (request.operation == MemoryFileSystem::Operation::read) {
+                EXPECT_TRUE(request.path.endsWith(SyncManifest::fileName))
+                    << request.path.toStdString();
+            }
+        }
+        EXPECT_EQ(hereContents(), hereBefore);
+        EXPECT_EQ(thereContents(), thereBefore);
+    }
+    void confirmAll() {
+        answer = [](const SyncQuestion& question) { return SyncAnswer::deleteAll(question); };
+    }
+    void keepAll() {
+        answer = [](const SyncQuestion&) { return SyncAnswer::keepAll(); };
+    }
+
+    SyncPair pair;
+    std::function<SyncAnswer(const SyncQuestion&)> answer;
+    SyncDecisions decisions;
+    std::function<bool(const QString&)> trash;
+    std::function<void(const MemoryFileSystem::Request&)> beforeCall;
+    std::vector<SyncQuestion> questions;
+    SyncProgress last;
+    MemoryTree flushed; ///< the computer's files at the last flush
+    qint64 clock = 1'700'000'000;
+    int calls = 0;   ///< of either side, since the run began
+    int killAt = -1; ///< the call that the program does not live to see
+    bool isDead = false;
+
+private:
+    static MemoryFileSystem::Options computerOptions() {
+        MemoryFileSystem::Options options;
+        options.rules = {};
+        options.capabilities = {
+            .renamesOntoTaken = true, .setsDates = true, .readsRanges = true, .hasHashes = true};
+        options.capabilities.dateStep = std::chrono::milliseconds(1);
+        options.takesOtherSizes = true;
+        return options;
+    }
+    static MemoryFileSystem::Options phoneOptions(const MemoryDevice& device) {
+        MemoryFileSystem::Options options;
+        options.rules.ignoresCase = device.ignoresCase;
+        options.capabilities = {.renames = device.renames,
+                                .renamesOntoTaken = device.renamesOntoTaken,
+                                .setsDates = device.setsDates,
+                                .hasHashes = device.hasHashes};
+        options.capabilities.dateStep = device.dateStep;
+        options.capacity = device.capacity;
+        options.queue = std::make_shared<PhoneQueue>();
+        return options;
+    }
+
+    MemoryFileSystem local_;
+    MemoryFileSystem device_;
+    OwnDates datedByItself_;
+    const bool setsDates_;
+};
+
+} // namespace tessary
