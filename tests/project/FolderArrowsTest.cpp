@@ -50,6 +50,7 @@ const std::map<std::string, std::vector<std::string>> arrows = {
     {"transfer/copy", {"base/log", "phone"}},
     {"transfer/local", {"phone"}},
     {"transfer/queue", {"transfer/copy"}},
+    {"transfer/staging", {"transfer/copy", "transfer/local"}},
     {"devices/files", {"adb/files", "adb/server", "adb/tool", "ios/files", "mtp/files", "transfer"}},
     {"devices/list", {"devices/files", "platform/settings"}},
     {"sync/plan", {"phone", "platform/settings"}},
