@@ -278,10 +278,6 @@
         <translation>Interner Speicher</translation>
     </message>
     <message>
-        <source>Internal Shared Storage</source>
-        <translation>Interner gemeinsamer Speicher</translation>
-    </message>
-    <message>
         <source>SD Card</source>
         <translation>SD-Karte</translation>
     </message>

@@ -278,10 +278,6 @@
         <translation>Almacenamiento interno</translation>
     </message>
     <message>
-        <source>Internal Shared Storage</source>
-        <translation>Almacenamiento interno compartido</translation>
-    </message>
-    <message>
         <source>SD Card</source>
         <translation>Tarjeta SD</translation>
     </message>

@@ -278,10 +278,6 @@
         <translation>Stockage interne</translation>
     </message>
     <message>
-        <source>Internal Shared Storage</source>
-        <translation>Stockage interne partagé</translation>
-    </message>
-    <message>
         <source>SD Card</source>
         <translation>Carte SD</translation>
     </message>

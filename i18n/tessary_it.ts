@@ -278,10 +278,6 @@
         <translation>Memoria interna</translation>
     </message>
     <message>
-        <source>Internal Shared Storage</source>
-        <translation>Memoria interna condivisa</translation>
-    </message>
-    <message>
         <source>SD Card</source>
         <translation>Scheda SD</translation>
     </message>

@@ -275,10 +275,6 @@
         <translation>内部ストレージ</translation>
     </message>
     <message>
-        <source>Internal Shared Storage</source>
-        <translation>内部共有ストレージ</translation>
-    </message>
-    <message>
         <source>SD Card</source>
         <translation>SDカード</translation>
     </message>

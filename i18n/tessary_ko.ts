@@ -275,10 +275,6 @@
         <translation>내부 저장소</translation>
     </message>
     <message>
-        <source>Internal Shared Storage</source>
-        <translation>내부 공유 저장소</translation>
-    </message>
-    <message>
         <source>SD Card</source>
         <translation>SD 카드</translation>
     </message>

@@ -278,10 +278,6 @@
         <translation>Armazenamento interno</translation>
     </message>
     <message>
-        <source>Internal Shared Storage</source>
-        <translation>Armazenamento interno compartilhado</translation>
-    </message>
-    <message>
         <source>SD Card</source>
         <translation>Cartão SD</translation>
     </message>

@@ -275,10 +275,6 @@
         <translation>内部存储</translation>
     </message>
     <message>
-        <source>Internal Shared Storage</source>
-        <translation>内部共享存储</translation>
-    </message>
-    <message>
         <source>SD Card</source>
         <translation>SD 卡</translation>
     </message>

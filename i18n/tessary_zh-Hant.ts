@@ -275,10 +275,6 @@
         <translation>內部儲存空間</translation>
     </message>
     <message>
-        <source>Internal Shared Storage</source>
-        <translation>內部共用儲存空間</translation>
-    </message>
-    <message>
         <source>SD Card</source>
         <translation>SD 卡</translation>
     </message>

@@ -59,7 +59,6 @@ constexpr std::array statusNames{
 /// storage with nothing but a number.
 constexpr std::array placeNames{
     QT_TRANSLATE_NOOP("DisplayNames", "Internal Storage"),
-    QT_TRANSLATE_NOOP("DisplayNames", "Internal Shared Storage"),
     QT_TRANSLATE_NOOP("DisplayNames", "SD Card"),
     QT_TRANSLATE_NOOP("DisplayNames", "Documents"),
     QT_TRANSLATE_NOOP("DisplayNames", "Photos & Videos"),
@@ -85,6 +84,9 @@ QString displayName(TransferJob::TransferStatus status) {
 }
 
 QString placeDisplayName(const QString& name) {
+    // As most phones call it over MTP.
+    if (name.compare(QLatin1StringView("Internal shared storage"), Qt::CaseInsensitive) == 0)
+        return DisplayNames::tr(placeNames.front());
     for (const char* english : placeNames)
         if (name.compare(QLatin1StringView(english), Qt::CaseInsensitive) == 0)
             return DisplayNames::tr(english);

@@ -102,9 +102,9 @@ void SyncPairRow::update() {
     title_->setText(printable(local) + QLatin1Char(' ') + arrow(pair->syncMode) + QLatin1Char(' ') +
                     printable(remoteDisplayPath(*pair)));
     title_->setToolTip(plainToolTip(printable(pair->localFolderPath)));
-    detail_->setText(
-        QStringLiteral("%1  ·  %2  ·  %3")
-            .arg(printable(pair->deviceName), printable(pair->appName), modeDisplayName(*pair)));
+    detail_->setText(QStringLiteral("%1  ·  %2  ·  %3")
+                         .arg(printable(pair->deviceName),
+                              printable(placeDisplayName(pair->appName)), modeDisplayName(*pair)));
     QString state = trMessage(pair->status.label());
     const bool isWaiting = isRunning && pair->status.kind != SyncStatus::Kind::syncing;
     if (isWaiting)

@@ -129,13 +129,13 @@ void SyncPreviewDialog::fill(const SyncPreview& plan) {
     }
     list_->addTopLevelItems(rows);
     const auto files = static_cast<qint64>(plan.items.size());
-    const QString same =
-        tr("%Ln files are the same already", nullptr, static_cast<int>(plan.inSync));
-    title_->setText(
-        files == 0 ? same
-                   : tr("%Ln files to go through, %1 to copy", nullptr, static_cast<int>(files))
-                             .arg(formatBytes(plan.totalBytes)) +
-                         QStringLiteral("  ·  ") + same);
+    QStringList parts;
+    if (files > 0)
+        parts.append(tr("%Ln files to go through, %1 to copy", nullptr, static_cast<int>(files))
+                         .arg(formatBytes(plan.totalBytes)));
+    if (files == 0 || plan.inSync > 0)
+        parts.append(tr("%Ln files are the same already", nullptr, static_cast<int>(plan.inSync)));
+    title_->setText(parts.join(QStringLiteral("  ·  ")));
 }
 
 } // namespace tessary
