@@ -765,6 +765,74 @@
         <source>Delete something there, or choose another folder.</source>
         <translation>Löschen Sie dort etwas oder wählen Sie einen anderen Ordner.</translation>
     </message>
+    <message>
+        <source>Install the adb tool, or switch the phone to Standard MTP.</source>
+        <translation>Installieren Sie das Werkzeug adb oder schalten Sie das Telefon auf Standard-MTP um.</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s key for USB debugging cannot be used.</source>
+        <translation>Der Schlüssel dieses Computers für das USB-Debugging ist nicht verwendbar.</translation>
+    </message>
+    <message>
+        <source>Switch the phone to Standard MTP.</source>
+        <translation>Stellen Sie das Telefon auf Standard-MTP um.</translation>
+    </message>
+    <message>
+        <source>adb&apos;s server does not answer.</source>
+        <translation>Der Server von adb antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>adb is not installed.</source>
+        <translation>adb ist nicht installiert.</translation>
+    </message>
+    <message>
+        <source>adb does not reach the phone.</source>
+        <translation>adb erreicht das Telefon nicht.</translation>
+    </message>
+    <message>
+        <source>Turn on USB debugging on it, or switch to Standard MTP.</source>
+        <translation>Schalten Sie darauf das USB-Debugging ein oder wechseln Sie zu Standard-MTP.</translation>
+    </message>
+    <message>
+        <source>adb reaches several phones and cannot tell which one is meant.</source>
+        <translation>adb erreicht mehrere Telefone und weiß nicht, welches gemeint ist.</translation>
+    </message>
+    <message>
+        <source>Unplug the others, or switch to Standard MTP.</source>
+        <translation>Ziehen Sie die anderen ab oder wechseln Sie zu Standard-MTP.</translation>
+    </message>
+    <message>
+        <source>Unlock it and tap “Allow” in the question about USB debugging.</source>
+        <translation>Entsperren Sie es und tippen Sie bei der Frage nach dem USB-Debugging auf „Zulassen“.</translation>
+    </message>
+    <message>
+        <source>The phone is offline for adb.</source>
+        <translation>Das Telefon ist für adb offline.</translation>
+    </message>
+    <message>
+        <source>Unplug it and plug it in again, or turn USB debugging off and on.</source>
+        <translation>Ziehen Sie es ab und schließen Sie es wieder an, oder schalten Sie das USB-Debugging aus und wieder ein.</translation>
+    </message>
+    <message>
+        <source>The phone&apos;s Android is too old for Turbo mode.</source>
+        <translation>Das Android des Telefons ist zu alt für den Turbomodus.</translation>
+    </message>
+    <message>
+        <source>The name “%1” is not valid text.</source>
+        <translation>Der Name „%1“ ist kein gültiger Text.</translation>
+    </message>
+    <message>
+        <source>its name is not valid text</source>
+        <translation>der Name ist kein gültiger Text</translation>
+    </message>
+    <message>
+        <source>The path of “%1” is too long.</source>
+        <translation>Der Pfad von „%1“ ist zu lang.</translation>
+    </message>
+    <message>
+        <source>its path is too long</source>
+        <translation>sein Pfad ist zu lang</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>

@@ -765,6 +765,74 @@
         <source>Delete something there, or choose another folder.</source>
         <translation>Elimina algo allí o elige otra carpeta.</translation>
     </message>
+    <message>
+        <source>Install the adb tool, or switch the phone to Standard MTP.</source>
+        <translation>Instala la herramienta adb o cambia el teléfono a MTP estándar.</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s key for USB debugging cannot be used.</source>
+        <translation>La clave de este ordenador para la depuración USB no se puede usar.</translation>
+    </message>
+    <message>
+        <source>Switch the phone to Standard MTP.</source>
+        <translation>Cambia el teléfono a MTP estándar.</translation>
+    </message>
+    <message>
+        <source>adb&apos;s server does not answer.</source>
+        <translation>El servidor de adb no responde.</translation>
+    </message>
+    <message>
+        <source>adb is not installed.</source>
+        <translation>adb no está instalado.</translation>
+    </message>
+    <message>
+        <source>adb does not reach the phone.</source>
+        <translation>adb no llega al teléfono.</translation>
+    </message>
+    <message>
+        <source>Turn on USB debugging on it, or switch to Standard MTP.</source>
+        <translation>Activa en él la depuración USB o cambia a MTP estándar.</translation>
+    </message>
+    <message>
+        <source>adb reaches several phones and cannot tell which one is meant.</source>
+        <translation>adb llega a varios teléfonos y no sabe cuál es.</translation>
+    </message>
+    <message>
+        <source>Unplug the others, or switch to Standard MTP.</source>
+        <translation>Desconecta los demás o cambia a MTP estándar.</translation>
+    </message>
+    <message>
+        <source>Unlock it and tap “Allow” in the question about USB debugging.</source>
+        <translation>Desbloquéalo y toca «Permitir» en la pregunta sobre la depuración USB.</translation>
+    </message>
+    <message>
+        <source>The phone is offline for adb.</source>
+        <translation>El teléfono está sin conexión para adb.</translation>
+    </message>
+    <message>
+        <source>Unplug it and plug it in again, or turn USB debugging off and on.</source>
+        <translation>Desconéctalo y vuelve a conectarlo, o desactiva y activa la depuración USB.</translation>
+    </message>
+    <message>
+        <source>The phone&apos;s Android is too old for Turbo mode.</source>
+        <translation>El Android del teléfono es demasiado antiguo para el modo Turbo.</translation>
+    </message>
+    <message>
+        <source>The name “%1” is not valid text.</source>
+        <translation>El nombre «%1» no es texto válido.</translation>
+    </message>
+    <message>
+        <source>its name is not valid text</source>
+        <translation>su nombre no es un texto válido</translation>
+    </message>
+    <message>
+        <source>The path of “%1” is too long.</source>
+        <translation>La ruta de «%1» es demasiado larga.</translation>
+    </message>
+    <message>
+        <source>its path is too long</source>
+        <translation>su ruta es demasiado larga</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>

@@ -765,6 +765,74 @@
         <source>Delete something there, or choose another folder.</source>
         <translation>Supprimez-y quelque chose ou choisissez un autre dossier.</translation>
     </message>
+    <message>
+        <source>Install the adb tool, or switch the phone to Standard MTP.</source>
+        <translation>Installez l’outil adb ou passez le téléphone à MTP standard.</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s key for USB debugging cannot be used.</source>
+        <translation>La clé de cet ordinateur pour le débogage USB est inutilisable.</translation>
+    </message>
+    <message>
+        <source>Switch the phone to Standard MTP.</source>
+        <translation>Passez le téléphone en MTP standard.</translation>
+    </message>
+    <message>
+        <source>adb&apos;s server does not answer.</source>
+        <translation>Le serveur d’adb ne répond pas.</translation>
+    </message>
+    <message>
+        <source>adb is not installed.</source>
+        <translation>adb n’est pas installé.</translation>
+    </message>
+    <message>
+        <source>adb does not reach the phone.</source>
+        <translation>adb n’atteint pas le téléphone.</translation>
+    </message>
+    <message>
+        <source>Turn on USB debugging on it, or switch to Standard MTP.</source>
+        <translation>Activez-y le débogage USB ou passez en MTP standard.</translation>
+    </message>
+    <message>
+        <source>adb reaches several phones and cannot tell which one is meant.</source>
+        <translation>adb atteint plusieurs téléphones et ne sait pas lequel est visé.</translation>
+    </message>
+    <message>
+        <source>Unplug the others, or switch to Standard MTP.</source>
+        <translation>Débranchez les autres ou passez en MTP standard.</translation>
+    </message>
+    <message>
+        <source>Unlock it and tap “Allow” in the question about USB debugging.</source>
+        <translation>Déverrouillez-le et touchez « Autoriser » à la question sur le débogage USB.</translation>
+    </message>
+    <message>
+        <source>The phone is offline for adb.</source>
+        <translation>Le téléphone est hors ligne pour adb.</translation>
+    </message>
+    <message>
+        <source>Unplug it and plug it in again, or turn USB debugging off and on.</source>
+        <translation>Débranchez-le puis rebranchez-le, ou désactivez puis réactivez le débogage USB.</translation>
+    </message>
+    <message>
+        <source>The phone&apos;s Android is too old for Turbo mode.</source>
+        <translation>L’Android du téléphone est trop ancien pour le mode Turbo.</translation>
+    </message>
+    <message>
+        <source>The name “%1” is not valid text.</source>
+        <translation>Le nom « %1 » n’est pas un texte valide.</translation>
+    </message>
+    <message>
+        <source>its name is not valid text</source>
+        <translation>son nom n’est pas un texte valide</translation>
+    </message>
+    <message>
+        <source>The path of “%1” is too long.</source>
+        <translation>Le chemin de « %1 » est trop long.</translation>
+    </message>
+    <message>
+        <source>its path is too long</source>
+        <translation>son chemin est trop long</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>

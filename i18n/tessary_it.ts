@@ -765,6 +765,74 @@
         <source>Delete something there, or choose another folder.</source>
         <translation>Elimina qualcosa o scegli un’altra cartella.</translation>
     </message>
+    <message>
+        <source>Install the adb tool, or switch the phone to Standard MTP.</source>
+        <translation>Installa lo strumento adb o passa il telefono a MTP standard.</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s key for USB debugging cannot be used.</source>
+        <translation>La chiave di questo computer per il debug USB non è utilizzabile.</translation>
+    </message>
+    <message>
+        <source>Switch the phone to Standard MTP.</source>
+        <translation>Passa il telefono a MTP standard.</translation>
+    </message>
+    <message>
+        <source>adb&apos;s server does not answer.</source>
+        <translation>Il server di adb non risponde.</translation>
+    </message>
+    <message>
+        <source>adb is not installed.</source>
+        <translation>adb non è installato.</translation>
+    </message>
+    <message>
+        <source>adb does not reach the phone.</source>
+        <translation>adb non raggiunge il telefono.</translation>
+    </message>
+    <message>
+        <source>Turn on USB debugging on it, or switch to Standard MTP.</source>
+        <translation>Attiva su di esso il debug USB o passa a MTP standard.</translation>
+    </message>
+    <message>
+        <source>adb reaches several phones and cannot tell which one is meant.</source>
+        <translation>adb raggiunge più telefoni e non sa quale sia quello giusto.</translation>
+    </message>
+    <message>
+        <source>Unplug the others, or switch to Standard MTP.</source>
+        <translation>Scollega gli altri o passa a MTP standard.</translation>
+    </message>
+    <message>
+        <source>Unlock it and tap “Allow” in the question about USB debugging.</source>
+        <translation>Sbloccalo e tocca «Consenti» alla domanda sul debug USB.</translation>
+    </message>
+    <message>
+        <source>The phone is offline for adb.</source>
+        <translation>Il telefono è offline per adb.</translation>
+    </message>
+    <message>
+        <source>Unplug it and plug it in again, or turn USB debugging off and on.</source>
+        <translation>Scollegalo e ricollegalo, oppure disattiva e riattiva il debug USB.</translation>
+    </message>
+    <message>
+        <source>The phone&apos;s Android is too old for Turbo mode.</source>
+        <translation>L’Android del telefono è troppo vecchio per la modalità Turbo.</translation>
+    </message>
+    <message>
+        <source>The name “%1” is not valid text.</source>
+        <translation>Il nome «%1» non è un testo valido.</translation>
+    </message>
+    <message>
+        <source>its name is not valid text</source>
+        <translation>il nome non è un testo valido</translation>
+    </message>
+    <message>
+        <source>The path of “%1” is too long.</source>
+        <translation>Il percorso di «%1» è troppo lungo.</translation>
+    </message>
+    <message>
+        <source>its path is too long</source>
+        <translation>il suo percorso è troppo lungo</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>

@@ -762,6 +762,74 @@
         <source>Delete something there, or choose another folder.</source>
         <translation>そこで何かを削除するか、別のフォルダを選んでください。</translation>
     </message>
+    <message>
+        <source>Install the adb tool, or switch the phone to Standard MTP.</source>
+        <translation>adb をインストールするか、デバイスを標準 MTP に切り替えてください。</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s key for USB debugging cannot be used.</source>
+        <translation>USBデバッグ用のこのコンピュータの鍵を使用できません。</translation>
+    </message>
+    <message>
+        <source>Switch the phone to Standard MTP.</source>
+        <translation>デバイスを標準MTPに切り替えてください。</translation>
+    </message>
+    <message>
+        <source>adb&apos;s server does not answer.</source>
+        <translation>adbのサーバーが応答しません。</translation>
+    </message>
+    <message>
+        <source>adb is not installed.</source>
+        <translation>adb がインストールされていません。</translation>
+    </message>
+    <message>
+        <source>adb does not reach the phone.</source>
+        <translation>adbがデバイスに接続できません。</translation>
+    </message>
+    <message>
+        <source>Turn on USB debugging on it, or switch to Standard MTP.</source>
+        <translation>デバイスのUSBデバッグをオンにするか、標準MTPに切り替えてください。</translation>
+    </message>
+    <message>
+        <source>adb reaches several phones and cannot tell which one is meant.</source>
+        <translation>adbが複数のデバイスに接続しており、対象を判別できません。</translation>
+    </message>
+    <message>
+        <source>Unplug the others, or switch to Standard MTP.</source>
+        <translation>ほかのデバイスを外すか、標準MTPに切り替えてください。</translation>
+    </message>
+    <message>
+        <source>Unlock it and tap “Allow” in the question about USB debugging.</source>
+        <translation>ロックを解除し、USBデバッグの確認で「許可」をタップしてください。</translation>
+    </message>
+    <message>
+        <source>The phone is offline for adb.</source>
+        <translation>adbではデバイスがオフラインです。</translation>
+    </message>
+    <message>
+        <source>Unplug it and plug it in again, or turn USB debugging off and on.</source>
+        <translation>いったん外して接続し直すか、USBデバッグをオフにしてからオンにしてください。</translation>
+    </message>
+    <message>
+        <source>The phone&apos;s Android is too old for Turbo mode.</source>
+        <translation>デバイスのAndroidはTurboモードには古すぎます。</translation>
+    </message>
+    <message>
+        <source>The name “%1” is not valid text.</source>
+        <translation>「%1」という名前は有効なテキストではありません。</translation>
+    </message>
+    <message>
+        <source>its name is not valid text</source>
+        <translation>名前が有効なテキストではありません</translation>
+    </message>
+    <message>
+        <source>The path of “%1” is too long.</source>
+        <translation>「%1」のパスが長すぎます。</translation>
+    </message>
+    <message>
+        <source>its path is too long</source>
+        <translation>パスが長すぎます</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>

@@ -762,6 +762,74 @@
         <source>Delete something there, or choose another folder.</source>
         <translation>그곳에서 일부를 삭제하거나 다른 폴더를 선택하세요.</translation>
     </message>
+    <message>
+        <source>Install the adb tool, or switch the phone to Standard MTP.</source>
+        <translation>adb 도구를 설치하거나 휴대폰을 표준 MTP로 전환하세요.</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s key for USB debugging cannot be used.</source>
+        <translation>USB 디버깅에 쓰는 이 컴퓨터의 키를 사용할 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>Switch the phone to Standard MTP.</source>
+        <translation>휴대폰을 표준 MTP로 전환하세요.</translation>
+    </message>
+    <message>
+        <source>adb&apos;s server does not answer.</source>
+        <translation>adb 서버가 응답하지 않습니다.</translation>
+    </message>
+    <message>
+        <source>adb is not installed.</source>
+        <translation>adb가 설치되어 있지 않습니다.</translation>
+    </message>
+    <message>
+        <source>adb does not reach the phone.</source>
+        <translation>adb가 휴대폰에 연결할 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>Turn on USB debugging on it, or switch to Standard MTP.</source>
+        <translation>휴대폰에서 USB 디버깅을 켜거나 표준 MTP로 전환하세요.</translation>
+    </message>
+    <message>
+        <source>adb reaches several phones and cannot tell which one is meant.</source>
+        <translation>adb가 여러 휴대폰에 연결되어 있어 어느 것인지 알 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>Unplug the others, or switch to Standard MTP.</source>
+        <translation>다른 휴대폰을 뽑거나 표준 MTP로 전환하세요.</translation>
+    </message>
+    <message>
+        <source>Unlock it and tap “Allow” in the question about USB debugging.</source>
+        <translation>잠금을 해제하고 USB 디버깅 질문에서 “허용”을 누르세요.</translation>
+    </message>
+    <message>
+        <source>The phone is offline for adb.</source>
+        <translation>adb에서 휴대폰이 오프라인입니다.</translation>
+    </message>
+    <message>
+        <source>Unplug it and plug it in again, or turn USB debugging off and on.</source>
+        <translation>뽑았다가 다시 연결하거나 USB 디버깅을 껐다가 켜세요.</translation>
+    </message>
+    <message>
+        <source>The phone&apos;s Android is too old for Turbo mode.</source>
+        <translation>휴대폰의 Android가 터보 모드에 너무 오래되었습니다.</translation>
+    </message>
+    <message>
+        <source>The name “%1” is not valid text.</source>
+        <translation>“%1”은(는) 올바른 텍스트가 아닌 이름입니다.</translation>
+    </message>
+    <message>
+        <source>its name is not valid text</source>
+        <translation>이름이 올바른 텍스트가 아님</translation>
+    </message>
+    <message>
+        <source>The path of “%1” is too long.</source>
+        <translation>“%1”의 경로가 너무 깁니다.</translation>
+    </message>
+    <message>
+        <source>its path is too long</source>
+        <translation>경로가 너무 깁니다</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>

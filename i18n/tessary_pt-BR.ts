@@ -765,6 +765,74 @@
         <source>Delete something there, or choose another folder.</source>
         <translation>Apague algo nele ou escolha outra pasta.</translation>
     </message>
+    <message>
+        <source>Install the adb tool, or switch the phone to Standard MTP.</source>
+        <translation>Instale a ferramenta adb ou mude o telefone para MTP padrão.</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s key for USB debugging cannot be used.</source>
+        <translation>A chave deste computador para a depuração USB não pode ser usada.</translation>
+    </message>
+    <message>
+        <source>Switch the phone to Standard MTP.</source>
+        <translation>Mude o telefone para MTP padrão.</translation>
+    </message>
+    <message>
+        <source>adb&apos;s server does not answer.</source>
+        <translation>O servidor do adb não responde.</translation>
+    </message>
+    <message>
+        <source>adb is not installed.</source>
+        <translation>O adb não está instalado.</translation>
+    </message>
+    <message>
+        <source>adb does not reach the phone.</source>
+        <translation>O adb não alcança o telefone.</translation>
+    </message>
+    <message>
+        <source>Turn on USB debugging on it, or switch to Standard MTP.</source>
+        <translation>Ative nele a depuração USB ou mude para MTP padrão.</translation>
+    </message>
+    <message>
+        <source>adb reaches several phones and cannot tell which one is meant.</source>
+        <translation>O adb alcança vários telefones e não sabe qual é o certo.</translation>
+    </message>
+    <message>
+        <source>Unplug the others, or switch to Standard MTP.</source>
+        <translation>Desconecte os outros ou mude para MTP padrão.</translation>
+    </message>
+    <message>
+        <source>Unlock it and tap “Allow” in the question about USB debugging.</source>
+        <translation>Desbloqueie-o e toque em “Permitir” na pergunta sobre a depuração USB.</translation>
+    </message>
+    <message>
+        <source>The phone is offline for adb.</source>
+        <translation>O telefone está offline para o adb.</translation>
+    </message>
+    <message>
+        <source>Unplug it and plug it in again, or turn USB debugging off and on.</source>
+        <translation>Desconecte-o e conecte-o de novo, ou desative e ative a depuração USB.</translation>
+    </message>
+    <message>
+        <source>The phone&apos;s Android is too old for Turbo mode.</source>
+        <translation>O Android do telefone é antigo demais para o modo Turbo.</translation>
+    </message>
+    <message>
+        <source>The name “%1” is not valid text.</source>
+        <translation>O nome “%1” não é um texto válido.</translation>
+    </message>
+    <message>
+        <source>its name is not valid text</source>
+        <translation>o nome não é um texto válido</translation>
+    </message>
+    <message>
+        <source>The path of “%1” is too long.</source>
+        <translation>O caminho de “%1” é longo demais.</translation>
+    </message>
+    <message>
+        <source>its path is too long</source>
+        <translation>o caminho é longo demais</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>

@@ -762,6 +762,74 @@
         <source>Delete something there, or choose another folder.</source>
         <translation>请删除其中的部分内容，或选择其他文件夹。</translation>
     </message>
+    <message>
+        <source>Install the adb tool, or switch the phone to Standard MTP.</source>
+        <translation>请安装 adb 工具，或将手机切换到标准 MTP。</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s key for USB debugging cannot be used.</source>
+        <translation>此电脑的 USB 调试密钥无法使用。</translation>
+    </message>
+    <message>
+        <source>Switch the phone to Standard MTP.</source>
+        <translation>请将手机切换到标准 MTP。</translation>
+    </message>
+    <message>
+        <source>adb&apos;s server does not answer.</source>
+        <translation>adb 服务器没有响应。</translation>
+    </message>
+    <message>
+        <source>adb is not installed.</source>
+        <translation>未安装 adb。</translation>
+    </message>
+    <message>
+        <source>adb does not reach the phone.</source>
+        <translation>adb 无法连接到手机。</translation>
+    </message>
+    <message>
+        <source>Turn on USB debugging on it, or switch to Standard MTP.</source>
+        <translation>请在手机上开启 USB 调试，或切换到标准 MTP。</translation>
+    </message>
+    <message>
+        <source>adb reaches several phones and cannot tell which one is meant.</source>
+        <translation>adb 连接到多部手机，无法判断是哪一部。</translation>
+    </message>
+    <message>
+        <source>Unplug the others, or switch to Standard MTP.</source>
+        <translation>请拔下其他手机，或切换到标准 MTP。</translation>
+    </message>
+    <message>
+        <source>Unlock it and tap “Allow” in the question about USB debugging.</source>
+        <translation>请将其解锁，并在 USB 调试的询问中轻点“允许”。</translation>
+    </message>
+    <message>
+        <source>The phone is offline for adb.</source>
+        <translation>对 adb 而言手机处于离线状态。</translation>
+    </message>
+    <message>
+        <source>Unplug it and plug it in again, or turn USB debugging off and on.</source>
+        <translation>请拔下后重新插上，或关闭再开启 USB 调试。</translation>
+    </message>
+    <message>
+        <source>The phone&apos;s Android is too old for Turbo mode.</source>
+        <translation>手机的 Android 版本过旧，不支持 Turbo 模式。</translation>
+    </message>
+    <message>
+        <source>The name “%1” is not valid text.</source>
+        <translation>名称“%1”不是有效的文本。</translation>
+    </message>
+    <message>
+        <source>its name is not valid text</source>
+        <translation>名称不是有效文本</translation>
+    </message>
+    <message>
+        <source>The path of “%1” is too long.</source>
+        <translation>“%1”的路径太长。</translation>
+    </message>
+    <message>
+        <source>its path is too long</source>
+        <translation>其路径太长</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>

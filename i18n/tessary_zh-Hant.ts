@@ -762,6 +762,74 @@
         <source>Delete something there, or choose another folder.</source>
         <translation>請刪除其中的部分內容，或選擇其他資料夾。</translation>
     </message>
+    <message>
+        <source>Install the adb tool, or switch the phone to Standard MTP.</source>
+        <translation>請安裝 adb 工具，或將手機切換到標準 MTP。</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s key for USB debugging cannot be used.</source>
+        <translation>此電腦的 USB 偵錯金鑰無法使用。</translation>
+    </message>
+    <message>
+        <source>Switch the phone to Standard MTP.</source>
+        <translation>請將手機切換到標準 MTP。</translation>
+    </message>
+    <message>
+        <source>adb&apos;s server does not answer.</source>
+        <translation>adb 伺服器沒有回應。</translation>
+    </message>
+    <message>
+        <source>adb is not installed.</source>
+        <translation>未安裝 adb。</translation>
+    </message>
+    <message>
+        <source>adb does not reach the phone.</source>
+        <translation>adb 無法連接到手機。</translation>
+    </message>
+    <message>
+        <source>Turn on USB debugging on it, or switch to Standard MTP.</source>
+        <translation>請在手機上開啟 USB 偵錯，或切換到標準 MTP。</translation>
+    </message>
+    <message>
+        <source>adb reaches several phones and cannot tell which one is meant.</source>
+        <translation>adb 連接到多部手機，無法判斷是哪一部。</translation>
+    </message>
+    <message>
+        <source>Unplug the others, or switch to Standard MTP.</source>
+        <translation>請拔下其他手機，或切換到標準 MTP。</translation>
+    </message>
+    <message>
+        <source>Unlock it and tap “Allow” in the question about USB debugging.</source>
+        <translation>請將其解鎖，並在 USB 偵錯的詢問中點一下「允許」。</translation>
+    </message>
+    <message>
+        <source>The phone is offline for adb.</source>
+        <translation>對 adb 而言手機處於離線狀態。</translation>
+    </message>
+    <message>
+        <source>Unplug it and plug it in again, or turn USB debugging off and on.</source>
+        <translation>請拔下後重新接上，或關閉再開啟 USB 偵錯。</translation>
+    </message>
+    <message>
+        <source>The phone&apos;s Android is too old for Turbo mode.</source>
+        <translation>手機的 Android 版本過舊，不支援 Turbo 模式。</translation>
+    </message>
+    <message>
+        <source>The name “%1” is not valid text.</source>
+        <translation>名稱「%1」不是有效的文字。</translation>
+    </message>
+    <message>
+        <source>its name is not valid text</source>
+        <translation>名稱不是有效文字</translation>
+    </message>
+    <message>
+        <source>The path of “%1” is too long.</source>
+        <translation>「%1」的路徑太長。</translation>
+    </message>
+    <message>
+        <source>its path is too long</source>
+        <translation>其路徑太長</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>

@@ -1,4 +1,5 @@
 #include "app/texts/ErrorText.h"
+#include "adb/files/ADBPhoneErrors.h"
 #include "app/InterfaceTexts.h"
 #include "app/LanguageManager.h"
 #include "app/texts/CopyText.h"
@@ -29,6 +30,9 @@ std::vector<Error> everyError() {
     std::vector<Error> errors;
     addAll(errors, PhoneError::full);
     addAll(errors, LocalError::full);
+    for (int value = 0; value <= static_cast<int>(ADBError::pathTooLong); ++value)
+        errors.push_back(
+            phoneErrorOf(Error(static_cast<ADBError>(value), {name, 1, u"odd"_s}), name));
     return errors;
 }
 
@@ -99,6 +103,12 @@ TEST_F(ErrorTextTest, sentencesNameTheItemAndSayWhatToDo) {
          "Das Telefon erlaubt das mit „/“ nicht. Entsperren Sie es und versuchen Sie einen anderen "
          "Ordner."},
         {"without a name", Error(PhoneError::notAFile), "It is not a file.", "Es ist keine Datei."},
+        {"more from adb", Error(PhoneError::notReachable, {}, Error(ADBError::severalPhones)),
+         "adb reaches several phones and cannot tell which one is meant. Unplug the others, or "
+         "switch "
+         "to Standard MTP.",
+         "adb erreicht mehrere Telefone und weiß nicht, welches gemeint ist. Ziehen Sie die "
+         "anderen ab oder wechseln Sie zu Standard-MTP."},
         {"a program", Error(PhoneError::held, {u"gvfs"_s}),
          "gvfs is using the phone. Close it, or unmount the phone in the desktop's file manager, "
          "and try again.",

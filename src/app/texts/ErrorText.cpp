@@ -1,5 +1,6 @@
 #include "app/texts/ErrorText.h"
 
+#include "app/texts/ADBWords.h"
 #include "app/texts/ErrorWords.h"
 #include "base/text/Printable.h"
 #include "phone/DevicePath.h"
@@ -7,6 +8,8 @@
 #include <QCoreApplication>
 #include <QLocale>
 #include <QStringList>
+
+#include <optional>
 
 namespace tessary {
 
@@ -29,8 +32,16 @@ struct Worded {
 /// The error or the nearest of its causes whose code has words.
 Worded worded(const Error& error) {
     for (const Error* each = &error; each != nullptr; each = each->cause()) {
-        if (const auto code = each->code().as<PhoneError>())
+        if (const auto code = each->code().as<ADBError>())
+            if (const auto words = wordsOf(*code))
+                return {*each, *words};
+        if (const auto code = each->code().as<PhoneError>()) {
+            const Error* cause = each->cause();
+            const auto adb = cause != nullptr ? cause->code().as<ADBError>() : std::nullopt;
+            if (const auto narrower = adb ? wordsOf(*adb) : std::nullopt)
+                return {*cause, *narrower};
             return {*each, wordsOf(*code)};
+        }
         if (const auto code = each->code().as<LocalError>())
             return {*each, wordsOf(*code)};
     }
@@ -43,6 +54,8 @@ const char* layerName(ErrorLayer layer) {
         return "this computer:";
     case ErrorLayer::phone:
         return "phone:";
+    case ErrorLayer::device:
+        return "device:";
     case ErrorLayer::usb:
         return "USB";
     case ErrorLayer::mtp:
