@@ -39,6 +39,8 @@ struct MTPPacking {
     bool extraZeroPacket = false;       ///< after every data phase that ends with a short packet
     bool extraByte = false;             ///< data phases are one byte longer than announced
     bool junkTransactionID = false;     ///< in responses
+    /// Does not wait for the empty packet behind a host's data of whole packets: it halts the pipe.
+    bool refusesZeroPacket = false;
 };
 
 /// Where a data phase ends before its time, in bytes (the 12 of the header included).

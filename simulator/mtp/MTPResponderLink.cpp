@@ -112,10 +112,11 @@ VirtualUSBChunk MTPResponderLink::take(Phase* phase) {
 
 MTPCommand MTPResponderLink::receiveCommand() {
     for (;;) {
+        port_->out().refuseEmptyWrites(hooks_.packing().refusesZeroPacket);
         VirtualUSBChunk chunk = take(nullptr);
         const bool zeroPacket = chunk.size() == 0;
         if (zeroPacket)
-            continue; // closes a data phase of whole packets
+            continue; // a late one
         if (auto command = parseCommand(chunk))
             return std::move(*command);
         halt(!chunk.endsTransfer);
@@ -165,7 +166,9 @@ void MTPResponderLink::receiveData(const MTPCommand& command, const Sink& sink) 
         if (lengthKnown)
             remaining -= chunk.size();
         phase.fireIfDue();
-        if (lengthKnown && remaining == 0)
+        // A device reads on until the transfer ends: by a short packet, or by an empty one.
+        const bool isWhole = lengthKnown && remaining == 0;
+        if (isWhole && (chunk.endsTransfer || hooks_.packing().refusesZeroPacket))
             break;
         if (chunk.endsTransfer && !headerAlone) {
             if (lengthKnown && !failure)

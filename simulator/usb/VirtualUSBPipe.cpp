@@ -168,6 +168,7 @@ USBCode VirtualUSBPipe::hostWrite(ByteView data, std::size_t& transferred, USBTi
         lock.lock();
         const USBCode code =
             hostWait(lock, timeouts, [&](bool& progressed) -> std::optional<USBCode> {
+                stalled_ = stalled_ || (refusesEmpty_ && data.empty());
                 if (stalled_)
                     return usb::pipeStalled;
                 if (!hasRoom(size))
@@ -181,6 +182,11 @@ USBCode VirtualUSBPipe::hostWrite(ByteView data, std::size_t& transferred, USBTi
         transferred += size;
     } while (transferred < data.size());
     return usb::success;
+}
+
+void VirtualUSBPipe::refuseEmptyWrites(bool refuses) {
+    const std::lock_guard lock(mutex_);
+    refusesEmpty_ = refuses;
 }
 
 bool VirtualUSBPipe::hostClearStall() {

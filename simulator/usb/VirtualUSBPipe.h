@@ -66,6 +66,8 @@ public:
     USBCode hostTake(VirtualUSBChunk& chunk, std::size_t length, USBTimeouts timeouts);
     /// One transfer, or the next part of one when `data` is a whole number of packets.
     USBCode hostWrite(ByteView data, std::size_t& transferred, USBTimeouts timeouts);
+    /// From now on an empty transfer of the host halts the pipe instead of reaching the device.
+    void refuseEmptyWrites(bool refuses);
     /// False when there was nothing to clear.
     bool hostClearStall();
     /// Announces a read, so that the device can cut its chunks to fit; forgotten when data for it
@@ -130,6 +132,7 @@ private:
     std::size_t lastExpected_ = 0;
     std::vector<VirtualUSBChunk> pool_;
     bool stalled_ = false;
+    bool refusesEmpty_ = false;
     bool interrupted_ = false;
     bool closed_ = false;
 };

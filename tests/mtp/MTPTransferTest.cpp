@@ -40,6 +40,14 @@ struct FramedPhone : public MTPPhoneFixture {
             client_.renameObject(handle, QStringLiteral("renamed"));
             client_.deleteObject(handle);
         }
+        // Names whose ObjectInfo fills its last packet: 70 bytes and two for each unit.
+        for (const int length : {29, 61, 221}) {
+            const QString name(length, u'n');
+            upload(client_, name, patternOf(10));
+            client_.deleteObject(find(client_, name));
+            client_.createFolder(name, mtpRootHandle, storage);
+            client_.deleteObject(find(client_, name));
+        }
         EXPECT_EQ(client_.getBatteryLevel(), 80);
         EXPECT_EQ(client_.getStorageInfo(storage).id, storage);
         client_.createFolder(QStringLiteral("folder"), mtpRootHandle, storage);
@@ -71,6 +79,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Framing{"headerAlone", {&VirtualFaults::headerInOwnTransfer}},
                       Framing{"joined", {&VirtualFaults::dataAndResponseJoined}},
                       Framing{"noZeroPacket", {&VirtualFaults::omitsZeroPacket}},
+                      Framing{"refusesZeroPacket", {&VirtualFaults::refusesZeroPacket}},
                       Framing{"extraZeroPacket", {&VirtualFaults::extraZeroPacket}},
                       Framing{"extraByte", {&VirtualFaults::extraByte}},
                       Framing{"extraByteJoined",

@@ -243,14 +243,17 @@ TEST_F(MTPUSBTransportTest, headerAndFirstBytesGoOutTogether) {
                 ElementsAre(Pair(262132, 600000), Pair(524276, 600000), Pair(600000, 600000)));
 }
 
-TEST_F(MTPUSBTransportTest, onlyUnknownLengthIsClosedByAnEmptyPacket) {
+TEST_F(MTPUSBTransportTest, dataThatFillsItsLastPacketIsClosedByAnEmptyOne) {
     struct Row {
         const char* name;
         std::uint32_t length;
         std::uint64_t size;
         bool closed;
     };
-    for (const Row& row : {Row{"known, whole packets", 524288, 524276, false},
+    for (const Row& row : {Row{"known, whole packets", 524288, 524276, true},
+                           {"known, one packet", 512, 500, true},
+                           {"known, short packet", 513, 501, false},
+                           {"no payload", 12, 0, false},
                            {"unknown, whole packets", unknown, 5 * gibibyte - 12, true},
                            {"unknown, one packet", unknown, 500, true},
                            {"unknown, short packet", unknown, 5 * gibibyte, false}}) {
@@ -261,6 +264,24 @@ TEST_F(MTPUSBTransportTest, onlyUnknownLengthIsClosedByAnEmptyPacket) {
         EXPECT_EQ(bus_.logged("write 0"), row.closed ? 1U : 0U) << row.name;
         EXPECT_EQ(bus_.log.back() == "write 0", row.closed) << row.name;
     }
+    // The same for a dataset; a command is no data.
+    for (const auto& [type, closed] : {std::pair(2, true), {1, false}}) {
+        bus_.log.clear();
+        transport_.send(containerOf(512, static_cast<std::uint16_t>(type), 0x100C, 7, Bytes(500)));
+        EXPECT_EQ(bus_.logged("write 0"), closed ? 1U : 0U) << type;
+    }
+}
+
+TEST_F(MTPUSBTransportTest, deviceThatWantsNoEmptyPacketHasTheDataAllTheSame) {
+    for (const USBCode refusal : {usb::pipeStalled, usb::timeout}) {
+        bus_.log.clear();
+        bus_.writeCodes = {usb::success, refusal};
+        upload(512, 500);
+        EXPECT_THAT(bus_.log, ElementsAre("write 512", "write 0", "clear 2"));
+        expectInStep();
+    }
+    bus_.writeCodes = {usb::success, usb::noDevice};
+    EXPECT_NE(mtpFailureOf([&] { upload(512, 500); }), "none");
 }
 
 TEST_F(MTPUSBTransportTest, cancelNamesTransactionAndInterface) {

@@ -74,7 +74,7 @@ public:
     }
 
     /// Sends a data container whose payload of `payloadSize` bytes is read from `source` piece by
-    /// piece. A length of 0xFFFFFFFF in the header announces a payload of any size, which then
+    /// piece. A length of 0xFFFFFFFF in the header announces a payload of any size. Every payload
     /// ends with a short or a zero-length packet. A source that ends early is `underlying`.
     /// After any failure the device waits for the rest: call recover().
     virtual void sendContainer(const MTPContainerHeader& header, std::uint64_t payloadSize,

@@ -72,6 +72,25 @@ void MTPUSBTransport::send(ByteView data, const MTPByteProgress& progress) {
         if (progress)
             progress(static_cast<qint64>(sent), static_cast<qint64>(data.size()));
     }
+    if (outgoing_.type == MTPContainerType::data)
+        endFullPacket();
+}
+
+/// Many devices read on after a data phase whose last packet is full, until an empty one comes.
+/// Those that do not expect one halt the pipe, or let the packet lie: they have the data all the
+/// same.
+void MTPUSBTransport::endFullPacket() {
+    if (outgoingWritten_ % connection_->maxPacketSize != 0)
+        return;
+    USBInterface& interface = *connection_->interface;
+    std::size_t transferred = 0;
+    const USBCode code = interface.writePipeTO(connection_->outPipe, {}, transferred, pipeTimeouts);
+    if (code == usb::success)
+        return;
+    if (code != usb::noDevice)
+        interface.clearPipeStallBothEnds(connection_->outPipe);
+    if (code != usb::pipeStalled && code != usb::timeout)
+        throw MTPTransportError::pipe(QStringLiteral("USB Write failed"), code);
 }
 
 void MTPUSBTransport::sendContainer(const MTPContainerHeader& header, std::uint64_t payloadSize,
@@ -105,10 +124,7 @@ void MTPUSBTransport::sendContainer(const MTPContainerHeader& header, std::uint6
         if (options.progress)
             options.progress(static_cast<qint64>(read), static_cast<qint64>(payloadSize));
     } while (read < payloadSize);
-    // A length that the header does not tell is told by the end of the transfer.
-    if (header.length == MTPContainerHeader::unknownLength &&
-        outgoingWritten_ % connection_->maxPacketSize == 0)
-        write({});
+    endFullPacket();
 }
 
 void MTPUSBTransport::write(ByteView chunk) {

@@ -39,6 +39,7 @@ public:
 private:
     void requireOpen() const;
     void write(ByteView chunk);
+    void endFullPacket();
     [[nodiscard]] USBCode readOnce(USBTimeouts timeouts);
     [[noreturn]] void failRead(USBCode code);
     void fill(std::size_t count);
