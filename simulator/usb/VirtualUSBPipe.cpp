@@ -32,12 +32,16 @@ USBCode VirtualUSBPipe::hostWait(std::unique_lock<std::mutex>& lock, USBTimeouts
             changed_.notify_all();
         if (code)
             return *code;
+        if (timeouts.isStopped())
+            return usb::aborted;
         if (late)
             return usb::timeout;
         if (progressed)
             quietDeadline = Clock::now() + timeouts.noData;
         const auto until = std::min(deadline, quietDeadline);
-        changed_.wait_until(lock, until);
+        // How long a stop may go unheard.
+        constexpr std::chrono::milliseconds slice{10};
+        changed_.wait_until(lock, timeouts.stop ? std::min(until, Clock::now() + slice) : until);
         late = Clock::now() >= until;
     }
 }

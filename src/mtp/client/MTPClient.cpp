@@ -3,6 +3,8 @@
 #include "base/values/LittleEndian.h"
 #include "mtp/protocol/MTPPacketCodec.h"
 
+#include <QScopeGuard>
+
 #include <algorithm>
 #include <array>
 #include <limits>
@@ -55,11 +57,26 @@ std::uint32_t announcedHandle(const MTPPacket& response) {
 
 } // namespace
 
-MTPClient::MTPClient(std::unique_ptr<MTPTransportProtocol> transport)
-    : transport_(std::move(transport)) {}
+MTPClient::MTPClient(std::unique_ptr<MTPTransportProtocol> transport, MTPPatience patience)
+    : transport_(std::move(transport)), patience_(patience) {}
 
 MTPClient::~MTPClient() {
     transport_->close();
+}
+
+void MTPClient::setStop(std::stop_token stop) {
+    const std::scoped_lock lock(mutex_);
+    stop_ = std::move(stop);
+    setWaits(patience_.answer);
+}
+
+bool MTPClient::isSettled() const {
+    const std::scoped_lock lock(mutex_);
+    return isSettled_;
+}
+
+void MTPClient::setWaits(std::chrono::milliseconds patience) {
+    transport_->setWaits({patience, stop_});
 }
 
 std::uint32_t MTPClient::sendCommand(MTPOperationCode operation, Parameters parameters) {
@@ -84,6 +101,14 @@ MTPPipeState MTPClient::recover() {
     const MTPPipeState state = transport_->recover(transactionIDCounter_ - 1, phase_);
     isSettled_ = state != MTPPipeState::busy;
     return state;
+}
+
+/// The same for a transaction that was stopped: whoever stopped it does not wait much longer. For a
+/// device that is still at work then, the next transaction waits.
+void MTPClient::recoverSoon() noexcept {
+    constexpr std::chrono::milliseconds limit{700};
+    const MTPPipeState state = transport_->recover(transactionIDCounter_ - 1, phase_, limit);
+    isSettled_ = state != MTPPipeState::busy;
 }
 
 /// The last container of a transaction.
@@ -120,8 +145,10 @@ void MTPClient::expectOk(const QString& failure, std::chrono::milliseconds patie
 void MTPClient::openSession(std::uint32_t sessionID) {
     const std::scoped_lock lock(mutex_);
     transport_->open();
+    transport_->setWaits({patience_.opening, {}});
     try {
         startSession(sessionID);
+        setWaits(patience_.answer);
     } catch (...) {
         // The next try finds the device anew, and others find it free.
         closeTransport();
@@ -198,6 +225,7 @@ void MTPClient::closeSession() {
     const std::scoped_lock lock(mutex_);
     if (!isOpen_)
         return;
+    transport_->setWaits({patience_.opening, {}});
     try {
         // A device that has just failed is not asked for more: the next client finds the session
         // open and closes it.
@@ -205,7 +233,7 @@ void MTPClient::closeSession() {
             sendCommand(MTPOperationCode::closeSession, {});
             (void)receiveResponse();
         } else {
-            recover();
+            recoverSoon();
         }
     } catch (const MTPTransportError&) {
         // The device may be gone; its session ends with it.
@@ -263,6 +291,8 @@ MTPStorageInfo MTPClient::getStorageInfo(std::uint32_t storageID) {
 
 std::optional<int> MTPClient::getBatteryLevel() {
     const std::scoped_lock lock(mutex_);
+    setWaits(patience_.opening); // nothing depends on it
+    const auto restored = qScopeGuard([this] { setWaits(patience_.answer); });
     sendCommand(MTPOperationCode::getDevicePropValue, {mtpBatteryLevelProperty});
     const MTPPacket first = receiveFirst();
     if (!isData(first))

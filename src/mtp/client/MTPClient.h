@@ -10,6 +10,13 @@
 
 namespace tessary {
 
+/// How long a silent device is waited for.
+struct MTPPatience {
+    std::chrono::milliseconds opening{MTPTransportProtocol::pipeTimeout}; ///< of a session
+    /// In a session, for each answer and in the middle of data: phones pause to flush and to index.
+    std::chrono::milliseconds answer{MTPTransportProtocol::pipeTimeout};
+};
+
 /// MTP transactions with one device. Every call is one transaction (an upload two, and an object
 /// whose 32-bit size is full one more for its true size), blocks, and may come from any thread:
 /// calls run one at a time. There is no cache and no retry; failures are MTPTransportError, with
@@ -20,7 +27,7 @@ public:
     /// How long a device may work on after the last byte of an upload, or on a deletion.
     static constexpr std::chrono::seconds workPatience{60};
 
-    explicit MTPClient(std::unique_ptr<MTPTransportProtocol> transport);
+    explicit MTPClient(std::unique_ptr<MTPTransportProtocol> transport, MTPPatience patience = {});
     /// Closes the transport without a word to the device; see closeSession().
     ~MTPClient();
     MTPClient(const MTPClient&) = delete;
@@ -29,6 +36,13 @@ public:
     /// Opens the transport and a session. A session that an earlier client left open is closed
     /// first; stale data in the pipe is drained once. After a failure the transport is closed.
     void openSession(std::uint32_t sessionID);
+    /// From now on `stop` ends any call early, with CancellationError, except openSession() and
+    /// closeSession().
+    void setStop(std::stop_token stop);
+    /// Whether the last transaction ran to its end. If not, the next one first brings the device
+    /// to rest, which may take a while.
+    [[nodiscard]] bool isSettled() const;
+
     /// How often the device has answered so far.
     [[nodiscard]] std::uint64_t answered() const {
         return answered_;
@@ -95,12 +109,10 @@ private:
     std::uint32_t sendCommand(MTPOperationCode operation, Parameters parameters);
     MTPPipeState recover();
     void sendData(MTPOperationCode operation, std::uint32_t transactionID, ByteView payload);
-    [[nodiscard]] MTPPacket
-    receiveResponse(std::chrono::milliseconds patience = MTPTransportProtocol::pipeTimeout);
+    [[nodiscard]] MTPPacket receiveResponse(std::chrono::milliseconds patience = {});
     [[nodiscard]] MTPPacket receiveFirst();
     void skipResponse();
-    void expectOk(const QString& failure,
-                  std::chrono::milliseconds patience = MTPTransportProtocol::pipeTimeout);
+    void expectOk(const QString& failure, std::chrono::milliseconds patience = {});
     void startSession(std::uint32_t sessionID);
     [[nodiscard]] MTPPacket openSessionAnswer();
     [[nodiscard]] std::optional<MTPPacket> receiveAnswerOrStaleData();
@@ -109,9 +121,14 @@ private:
     [[nodiscard]] std::optional<std::uint64_t> objectSizeLocked(std::uint32_t handle);
     std::uint32_t sendObjectInfo(const MTPObjectInfo& info, const QString& failure);
 
+    void setWaits(std::chrono::milliseconds patience);
+    void recoverSoon() noexcept;
+
     std::atomic<std::uint64_t> answered_ = 0;
-    std::mutex mutex_; ///< held during each call; guards everything below
+    mutable std::mutex mutex_; ///< held during each call; guards everything below
     const std::unique_ptr<MTPTransportProtocol> transport_;
+    const MTPPatience patience_;
+    std::stop_token stop_;
     std::uint32_t sessionID_ = 0;
     std::uint32_t transactionIDCounter_ = 1;
     bool isOpen_ = false;

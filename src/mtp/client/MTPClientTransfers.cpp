@@ -79,6 +79,9 @@ std::uint64_t MTPClient::receiveObject(MTPOperationCode operation, Parameters pa
     try {
         first = transport_->receiveContainer(countingSink, options);
         isSettled_ = first.header.type == MTPContainerType::response;
+    } catch (const CancellationError&) {
+        recoverSoon();
+        throw;
     } catch (...) {
         recover();
         throw;
@@ -143,6 +146,9 @@ std::uint32_t MTPClient::sendObject(MTPObjectInfo object, const MTPDataSource& s
     try {
         transport_->sendContainer(header, size, whole, options);
         response = receiveResponse(workPatience);
+    } catch (const CancellationError&) {
+        recoverSoon();
+        throw;
     } catch (...) {
         recover();
         throw;

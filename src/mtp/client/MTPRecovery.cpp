@@ -24,11 +24,11 @@ constexpr auto quietTime = 300ms;
 constexpr std::size_t drainReadSize = 0x40000;
 
 /// Waits while the device says that it is busy, and clears the halts that it tells of.
-void awaitCancelled(const MTPInterfaceConnection& connection) {
+void awaitCancelled(const MTPInterfaceConnection& connection, std::chrono::milliseconds limit) {
     USBInterface& interface = *connection.interface;
     USBControlRequest request = deviceStatusRequest;
     request.index = interface.number();
-    const auto deadline = Clock::now() + mtpRecoveryLimit;
+    const auto deadline = Clock::now() + limit;
     while (Clock::now() < deadline) {
         std::array<std::byte, 32> status{};
         std::size_t transferred = 0;
@@ -50,7 +50,8 @@ void awaitCancelled(const MTPInterfaceConnection& connection) {
 
 } // namespace
 
-bool cancelMTPTransaction(const MTPInterfaceConnection& connection, std::uint32_t transactionID) {
+bool cancelMTPTransaction(const MTPInterfaceConnection& connection, std::uint32_t transactionID,
+                          std::chrono::milliseconds limit) {
     USBInterface& interface = *connection.interface;
     Bytes message;
     appendLittleEndian(message, static_cast<std::uint16_t>(MTPEventCode::cancelTransaction));
@@ -60,17 +61,18 @@ bool cancelMTPTransaction(const MTPInterfaceConnection& connection, std::uint32_
     request.index = interface.number();
     if (interface.controlRequest(request, message, transferred, controlTimeout) != usb::success)
         return false;
-    awaitCancelled(connection);
+    awaitCancelled(connection, limit);
     return true;
 }
 
-MTPPipeState drainMTPPipe(const MTPInterfaceConnection& connection) {
+MTPPipeState drainMTPPipe(const MTPInterfaceConnection& connection,
+                          std::chrono::milliseconds limit) {
     USBInterface& interface = *connection.interface;
     const std::size_t packetSize = connection.maxPacketSize;
     Bytes buffer((drainReadSize + packetSize - 1) / packetSize * packetSize);
     MTPPipeState state = MTPPipeState::quiet;
     bool stalledBefore = false;
-    const auto deadline = Clock::now() + mtpRecoveryLimit;
+    const auto deadline = Clock::now() + limit;
     while (Clock::now() < deadline) {
         std::size_t transferred = 0;
         const USBCode code =

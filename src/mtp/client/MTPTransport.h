@@ -41,20 +41,32 @@ enum class MTPDataPhase { toHost, toDevice };
 enum class MTPPipeState {
     quiet,   ///< nothing was left in them
     drained, ///< what was left in them has been dropped
-    busy,    ///< the device is still sending: nothing else can be asked of it yet
+    busy,    ///< the device is still at work: nothing else can be asked of it yet
+};
+
+/// What bounds the waits of a transport.
+struct MTPWaits {
+    std::chrono::milliseconds patience{5000}; ///< for a silent device, in each pipe call
+    std::stop_token stop;                     ///< ends any wait early, with CancellationError
 };
 
 /// A byte pipe to one MTP device. Every call blocks, may come from any thread and is carried out
 /// alone. Failures are MTPTransportError; `notConnected` while closed.
 class MTPTransportProtocol {
 public:
-    /// How long a silent device is waited for in each pipe call.
+    /// How long a silent device is waited for in each pipe call unless setWaits() says otherwise.
     static constexpr std::chrono::milliseconds pipeTimeout{5000};
+    /// How long a device may be busy with a cancellation, and how long the rest of a broken-off
+    /// data phase is read at the most.
+    static constexpr std::chrono::seconds recoveryLimit{10};
 
     virtual ~MTPTransportProtocol() = default;
 
     virtual void open() = 0;
     virtual void close() = 0;
+
+    /// Bounds the calls from now on; those of recover() are bounded as it says.
+    virtual void setWaits(MTPWaits waits) = 0;
 
     /// Sends bytes as they are; `progress` follows after each chunk.
     virtual void send(ByteView data, const MTPByteProgress& progress) = 0;
@@ -66,11 +78,11 @@ public:
     [[nodiscard]] virtual Bytes receive(std::size_t maxBytes) = 0;
 
     /// One whole container, whose payload may have 64 MiB, else `bufferOverflow`. A device that
-    /// stays silent before the first byte is waited for as long as `patience` (at least
-    /// pipeTimeout).
+    /// stays silent before the first byte is waited for as long as `patience`, and at least as
+    /// setWaits() says.
     [[nodiscard]] virtual MTPPacket receivePacket(std::chrono::milliseconds patience) = 0;
     [[nodiscard]] MTPPacket receivePacket() {
-        return receivePacket(pipeTimeout);
+        return receivePacket(std::chrono::milliseconds(0));
     }
 
     /// Sends a data container whose payload of `payloadSize` bytes is read from `source` piece by
@@ -88,9 +100,14 @@ public:
                                                      const MTPStreamOptions& options) = 0;
 
     /// Brings the pipes to rest after a transaction that was broken off, so that the next one may
-    /// start: asks the device to cancel, and drains what it still sends. What it sends of that
-    /// transaction later is dropped when it comes. Never throws, bounded.
-    virtual MTPPipeState recover(std::uint32_t transactionID, MTPDataPhase phase) noexcept = 0;
+    /// start: ends data on its way to the device by a short packet and reads the answer, asks the
+    /// device to cancel else, and drains what it still sends, for `limit` each. What it sends of
+    /// that transaction later is dropped when it comes. Never throws.
+    virtual MTPPipeState recover(std::uint32_t transactionID, MTPDataPhase phase,
+                                 std::chrono::milliseconds limit) noexcept = 0;
+    MTPPipeState recover(std::uint32_t transactionID, MTPDataPhase phase) noexcept {
+        return recover(transactionID, phase, recoveryLimit);
+    }
 };
 
 } // namespace tessary

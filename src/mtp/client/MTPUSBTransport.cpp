@@ -14,9 +14,6 @@ namespace {
 constexpr int containersPerTransaction = 2;
 constexpr std::size_t abandonedLimit = 8 * containersPerTransaction;
 
-constexpr USBTimeouts pipeTimeouts{MTPTransportProtocol::pipeTimeout,
-                                   MTPTransportProtocol::pipeTimeout};
-
 } // namespace
 
 MTPUSBTransport::MTPUSBTransport(USBBus& bus, MTPDeviceAddress address)
@@ -51,8 +48,25 @@ void MTPUSBTransport::forget() {
 void MTPUSBTransport::resetFraming() {
     afterData_ = false;
     lastReadWasFull_ = false;
+    isGone_ = false;
     outgoing_ = {};
     outgoingWritten_ = 0;
+    outgoingFailed_ = false;
+}
+
+void MTPUSBTransport::setWaits(MTPWaits waits) {
+    const std::scoped_lock lock(mutex_);
+    waits_ = std::move(waits);
+}
+
+USBTimeouts MTPUSBTransport::timeouts() const {
+    return {waits_.patience, waits_.patience, waits_.stop.stop_possible() ? &waits_.stop : nullptr};
+}
+
+/// A call that was ended early by a stop leaves the pipes as they are.
+void MTPUSBTransport::throwIfAborted(USBCode code) const {
+    if (code == usb::aborted)
+        throwIfStopped(waits_.stop);
 }
 
 void MTPUSBTransport::requireOpen() const {
@@ -65,6 +79,7 @@ void MTPUSBTransport::send(ByteView data, const MTPByteProgress& progress) {
     requireOpen();
     outgoing_ = MTPPacketCodec::decodeHeader(data).value_or(MTPContainerHeader{});
     outgoingWritten_ = 0;
+    outgoingFailed_ = false;
     for (std::size_t sent = 0; sent < data.size();) {
         const ByteView chunk = data.subspan(sent, std::min(writeChunkSize, data.size() - sent));
         write(chunk);
@@ -84,9 +99,10 @@ void MTPUSBTransport::endFullPacket() {
         return;
     USBInterface& interface = *connection_->interface;
     std::size_t transferred = 0;
-    const USBCode code = interface.writePipeTO(connection_->outPipe, {}, transferred, pipeTimeouts);
+    const USBCode code = interface.writePipeTO(connection_->outPipe, {}, transferred, timeouts());
     if (code == usb::success)
         return;
+    throwIfAborted(code);
     if (code != usb::noDevice)
         interface.clearPipeStallBothEnds(connection_->outPipe);
     if (code != usb::pipeStalled && code != usb::timeout)
@@ -99,6 +115,7 @@ void MTPUSBTransport::sendContainer(const MTPContainerHeader& header, std::uint6
     requireOpen();
     outgoing_ = header;
     outgoingWritten_ = 0;
+    outgoingFailed_ = false;
     Bytes chunk = MTPPacketCodec::encodeHeader(header);
     std::size_t filled = chunk.size();
     chunk.resize(static_cast<std::size_t>(std::min<std::uint64_t>(
@@ -131,29 +148,64 @@ void MTPUSBTransport::write(ByteView chunk) {
     USBInterface& interface = *connection_->interface;
     std::size_t transferred = 0;
     const USBCode code =
-        interface.writePipeTO(connection_->outPipe, chunk, transferred, pipeTimeouts);
+        interface.writePipeTO(connection_->outPipe, chunk, transferred, timeouts());
     outgoingWritten_ += code == usb::success ? chunk.size() : transferred;
     if (code == usb::success)
         return;
+    throwIfAborted(code);
+    outgoingFailed_ = true;
     if (code != usb::noDevice)
         interface.clearPipeStallBothEnds(connection_->outPipe);
     throw MTPTransportError::pipe(QStringLiteral("USB Write failed"), code);
 }
 
-MTPPipeState MTPUSBTransport::recover(std::uint32_t transactionID, MTPDataPhase phase) noexcept {
+MTPPipeState MTPUSBTransport::recover(std::uint32_t transactionID, MTPDataPhase phase,
+                                      std::chrono::milliseconds limit) noexcept {
     const std::scoped_lock lock(mutex_);
     if (!connection_)
         return MTPPipeState::quiet;
-    const bool cancelled = cancelMTPTransaction(*connection_, transactionID);
-    // A device that knows no cancelling gets the end of its data, or is read to the end of it.
-    if (!cancelled && phase == MTPDataPhase::toDevice)
+    const MTPWaits waits = std::exchange(waits_, MTPWaits{limit, {}});
+    // Phones acknowledge a cancel request in the middle of their data phase, and read on.
+    const bool hasData = phase == MTPDataPhase::toDevice && hasSentData();
+    if (hasData && isSending())
         endDataPhase();
-    const bool held = !incomingStream_.empty();
-    const MTPPipeState state = drainMTPPipe(*connection_);
+    const bool isHeard = hasData && hearsAnswer(limit);
+    const bool isCancelled = !isHeard && cancelMTPTransaction(*connection_, transactionID, limit);
+    // A device that knows no cancelling gets the end of its data, or is read to the end of it.
+    if (!isHeard && !isCancelled && !hasData && phase == MTPDataPhase::toDevice)
+        endDataPhase();
+    const bool held = isHeard || !incomingStream_.empty();
+    MTPPipeState state = drainMTPPipe(*connection_, limit);
+    if (state == MTPPipeState::quiet && held)
+        state = MTPPipeState::drained;
+    // It has the data, and is still at work with them.
+    if (state == MTPPipeState::quiet && hasData && !isGone_)
+        state = MTPPipeState::busy;
     incomingStream_.clear();
     resetFraming();
     abandon(transactionID);
-    return state == MTPPipeState::quiet && held ? MTPPipeState::drained : state;
+    waits_ = waits;
+    return state;
+}
+
+/// The device has a part of a container, or all of it.
+bool MTPUSBTransport::hasSentData() const {
+    return outgoing_.type == MTPContainerType::data && outgoingWritten_ > 0 && !outgoingFailed_;
+}
+
+/// The container that the device has a part of is not complete.
+bool MTPUSBTransport::isSending() const {
+    return outgoing_.length == MTPContainerHeader::unknownLength ||
+           outgoingWritten_ < outgoing_.length;
+}
+
+/// Whether anything comes from the device, which is dropped.
+bool MTPUSBTransport::hearsAnswer(std::chrono::milliseconds limit) noexcept {
+    const USBCode code = readOnce({limit, limit});
+    isGone_ = code == usb::noDevice;
+    if (code != usb::success && code != usb::noDevice)
+        connection_->interface->clearPipeStallBothEnds(connection_->inPipe);
+    return !std::exchange(incomingStream_, {}).empty();
 }
 
 /// Ends a data phase before its announced size: by a short packet, or by an empty one.

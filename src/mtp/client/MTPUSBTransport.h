@@ -34,10 +34,18 @@ public:
                        const MTPDataSource& source, const MTPStreamOptions& options) override;
     [[nodiscard]] MTPPacket receiveContainer(const MTPDataSink& sink,
                                              const MTPStreamOptions& options) override;
-    MTPPipeState recover(std::uint32_t transactionID, MTPDataPhase phase) noexcept override;
+    void setWaits(MTPWaits waits) override;
+    using MTPTransportProtocol::recover;
+    MTPPipeState recover(std::uint32_t transactionID, MTPDataPhase phase,
+                         std::chrono::milliseconds limit) noexcept override;
 
 private:
     void requireOpen() const;
+    [[nodiscard]] USBTimeouts timeouts() const;
+    void throwIfAborted(USBCode code) const;
+    [[nodiscard]] bool hasSentData() const;
+    [[nodiscard]] bool isSending() const;
+    [[nodiscard]] bool hearsAnswer(std::chrono::milliseconds limit) noexcept;
     void write(ByteView chunk);
     void endFullPacket();
     [[nodiscard]] USBCode readOnce(USBTimeouts timeouts);
@@ -65,7 +73,8 @@ private:
 
     std::mutex mutex_; ///< held during each public call; guards everything below
     std::optional<MTPInterfaceConnection> connection_; ///< while open
-    Bytes incomingStream_;                             ///< read from the device, not handed out yet
+    MTPWaits waits_;
+    Bytes incomingStream_; ///< read from the device, not handed out yet
     /// The last container carried data.
     bool afterData_ = false;
     /// The last read was filled to its end: the transfer may go on, or end by a zero-length packet.
@@ -75,6 +84,8 @@ private:
     /// The container that is being sent, and how many bytes of it the device has.
     MTPContainerHeader outgoing_;
     std::uint64_t outgoingWritten_ = 0;
+    bool isGone_ = false;         ///< there is nobody to recover
+    bool outgoingFailed_ = false; ///< the device has given it up
 };
 
 } // namespace tessary

@@ -18,9 +18,6 @@ constexpr std::size_t streamDepth = 4;
 /// A response container has at most five parameters.
 constexpr std::uint32_t longestResponse = MTPContainerHeader::size + 5 * 4;
 
-constexpr USBTimeouts pipeTimeouts{MTPTransportProtocol::pipeTimeout,
-                                   MTPTransportProtocol::pipeTimeout};
-
 std::size_t roundUp(std::size_t size, std::size_t packetSize) {
     return (size + packetSize - 1) / packetSize * packetSize;
 }
@@ -56,7 +53,7 @@ Bytes MTPUSBTransport::receive(std::size_t maxBytes) {
     const std::scoped_lock lock(mutex_);
     requireOpen();
     if (incomingStream_.size() < maxBytes) {
-        const USBCode code = readOnce(pipeTimeouts);
+        const USBCode code = readOnce(timeouts());
         if (code != usb::success)
             failRead(code);
     }
@@ -78,6 +75,7 @@ USBCode MTPUSBTransport::readOnce(USBTimeouts timeouts) {
 }
 
 void MTPUSBTransport::failRead(USBCode code) {
+    throwIfAborted(code);
     if (code != usb::noDevice)
         connection_->interface->clearPipeStallBothEnds(connection_->inPipe);
     throw MTPTransportError::pipe(QStringLiteral("USB Read failed"), code);
@@ -87,7 +85,7 @@ void MTPUSBTransport::failRead(USBCode code) {
 void MTPUSBTransport::fill(std::size_t count) {
     while (incomingStream_.size() < count) {
         const std::size_t held = incomingStream_.size();
-        const USBCode code = readOnce(pipeTimeouts);
+        const USBCode code = readOnce(timeouts());
         if (code != usb::success)
             failRead(code);
         if (incomingStream_.size() == held)
@@ -117,7 +115,7 @@ MTPPacket MTPUSBTransport::receiveContainer(const MTPDataSink& sink,
     const std::scoped_lock lock(mutex_);
     requireOpen();
     MTPPacket packet;
-    packet.header = receiveHeader(pipeTimeout);
+    packet.header = receiveHeader({});
     if (packet.header.type == MTPContainerType::response)
         packet.payload = receiveDataset(packet.header);
     else
@@ -148,7 +146,7 @@ void MTPUSBTransport::receiveData(const MTPContainerHeader& header, const MTPDat
 
 /// The header of the next container that belongs to a transaction under way.
 MTPContainerHeader MTPUSBTransport::receiveHeader(std::chrono::milliseconds patience) {
-    const auto deadline = std::chrono::steady_clock::now() + mtpRecoveryLimit;
+    const auto deadline = std::chrono::steady_clock::now() + recoveryLimit;
     const MTPDataSink drop = [deadline](ByteView) {
         if (std::chrono::steady_clock::now() > deadline)
             throw MTPTransportError(MTPTransportError::Case::timeout);
@@ -176,14 +174,17 @@ MTPContainerHeader MTPUSBTransport::receiveAnyHeader(std::chrono::milliseconds p
 
 /// Waits until there is anything of a container to read, as long as the caller has patience.
 void MTPUSBTransport::awaitFirstByte(std::chrono::milliseconds patience) {
+    patience = std::max(patience, waits_.patience);
     auto waits = std::max<std::int64_t>(patience / pipeTimeout, 1);
+    USBTimeouts slice = timeouts();
+    slice.noData = slice.completion = std::min(patience, pipeTimeout);
     // Such a packet ends a transfer of whole packets; some devices send one after any data.
     bool zeroPacketMayFollow = afterData_ || lastReadWasFull_;
     // A single byte behind data is a stray one, see below.
     const std::size_t enough = afterData_ ? 2 : 1;
     while (incomingStream_.size() < enough) {
         const std::size_t held = incomingStream_.size();
-        const USBCode code = readOnce(pipeTimeouts);
+        const USBCode code = readOnce(slice);
         if (code == usb::timeout && --waits > 0)
             continue;
         if (code != usb::success)
@@ -244,7 +245,7 @@ void MTPUSBTransport::receivePayload(std::uint64_t size, const MTPDataSink& sink
             requested += length;
         }
         ByteView arrived;
-        const USBCode code = stream->next(arrived, pipeTimeouts);
+        const USBCode code = stream->next(arrived, timeouts());
         if (code != usb::success)
             failRead(code);
         lastReadWasFull_ = arrived.size() == inFlight.front();
@@ -280,7 +281,7 @@ void MTPUSBTransport::receiveUntilShortPacket(const MTPDataSink& sink,
         throwIfStopped(options.stop);
         std::size_t transferred = 0;
         const USBCode code = connection_->interface->readPipeTO(connection_->inPipe, buffer,
-                                                                transferred, pipeTimeouts);
+                                                                transferred, timeouts());
         if (code != usb::success)
             failRead(code);
         lastReadWasFull_ = transferred == buffer.size();

@@ -96,7 +96,12 @@ MTPPacket MockMTPTransport::receiveContainer(const MTPDataSink& sink,
     return packet;
 }
 
-MTPPipeState MockMTPTransport::recover(std::uint32_t, MTPDataPhase) noexcept {
+void MockMTPTransport::setWaits(MTPWaits) {
+    // It never waits.
+}
+
+MTPPipeState MockMTPTransport::recover(std::uint32_t, MTPDataPhase,
+                                       std::chrono::milliseconds) noexcept {
     return MTPPipeState::quiet;
 }
 

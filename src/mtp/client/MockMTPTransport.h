@@ -24,7 +24,10 @@ public:
                        const MTPDataSource& source, const MTPStreamOptions& options) override;
     [[nodiscard]] MTPPacket receiveContainer(const MTPDataSink& sink,
                                              const MTPStreamOptions& options) override;
-    MTPPipeState recover(std::uint32_t transactionID, MTPDataPhase phase) noexcept override;
+    void setWaits(MTPWaits waits) override;
+    using MTPTransportProtocol::recover;
+    MTPPipeState recover(std::uint32_t transactionID, MTPDataPhase phase,
+                         std::chrono::milliseconds limit) noexcept override;
 
     void enqueueIncoming(const MTPPacket& packet);
     void enqueueIncoming(ByteView raw);

@@ -51,10 +51,12 @@ MTPFound folderOf(const MTPFound& found) {
 
 } // namespace
 
-MTPFileSystem::MTPFileSystem(USBBus& bus, PhoneIdentity phone, std::shared_ptr<PhoneQueue> queue)
+MTPFileSystem::MTPFileSystem(USBBus& bus, PhoneIdentity phone, std::shared_ptr<PhoneQueue> queue,
+                             MTPPatience patience)
     : bus_(bus),
       phone_(std::move(phone)),
       queue_(std::move(queue)),
+      patience_(patience),
       watch_(bus.watch([this](const USBEvent& event) {
           if (event.kind == USBEvent::Kind::detached &&
               (phone_.usbLocation.isEmpty() || event.entry.location == phone_.usbLocation))
@@ -99,7 +101,8 @@ std::shared_ptr<PhoneQueue> MTPFileSystem::queue() const {
 
 /// Runs `work(tree)` in the session that is open, or in a new one. The caller has the turn.
 template <typename Work>
-std::invoke_result_t<Work, MTPTree&> MTPFileSystem::inSession(const QString& path, Work work) {
+std::invoke_result_t<Work, MTPTree&> MTPFileSystem::inSession(const std::stop_token& stop,
+                                                              const QString& path, Work work) {
     if (wasDetached_.exchange(false)) {
         closeSession();
         deviceInfo_.reset();
@@ -112,6 +115,7 @@ std::invoke_result_t<Work, MTPTree&> MTPFileSystem::inSession(const QString& pat
         if (!tree_)
             openSession();
         answered = tree_->client().answered();
+        tree_->client().setStop(stop);
         if (const std::uint64_t edits = queue_->edits(); edits != edits_) {
             tree_->doubt();
             edits_ = edits;
@@ -132,7 +136,7 @@ std::invoke_result_t<Work, MTPTree&> MTPFileSystem::inSession(const QString& pat
             closeSession();
         throw;
     }
-    return inSession(path, std::move(work));
+    return inSession(stop, path, std::move(work));
 }
 
 /// The same once nobody else uses the phone.
@@ -141,12 +145,12 @@ std::invoke_result_t<Work, MTPTree&> MTPFileSystem::inTurn(const Call& call, con
                                                            Work work) {
     const PhoneQueue::Turn turn = queue_->take(call);
     throwIfStopped(call.stop);
-    return inSession(path, std::move(work));
+    return inSession(call.stop, path, std::move(work));
 }
 
 void MTPFileSystem::openSession() {
     tree_ = std::make_unique<MTPTree>(std::make_unique<MTPUSBTransport>(bus_, addressOf(phone_)),
-                                      hints_);
+                                      hints_, patience_);
     queue_->closeWhenIdle(this, [this] { closeSession(); });
 }
 
@@ -381,7 +385,7 @@ std::optional<LiveDeviceInfo> MTPFileSystem::liveInfo() {
         return std::nullopt;
     LiveDeviceInfo info;
     try {
-        inSession({}, [&](MTPTree&) { info.volumes = readVolumes(); });
+        inSession({}, {}, [&](MTPTree&) { info.volumes = readVolumes(); });
     } catch (const Error& error) {
         if (endsEverything(error))
             throw;
@@ -390,7 +394,7 @@ std::optional<LiveDeviceInfo> MTPFileSystem::liveInfo() {
     // A phone that does not answer this one question is as good as any other.
     try {
         if (hasBattery_)
-            inSession({}, [&](MTPTree&) { info.battery = readBattery(); });
+            inSession({}, {}, [&](MTPTree&) { info.battery = readBattery(); });
     } catch (const Error& error) {
         hasBattery_ = false;
         DiagnosticsLogger::shared().mtp.standard("The battery cannot be read: %s",

@@ -23,7 +23,8 @@ namespace tessary {
 class MTPFileSystem final : public PhoneFileSystem {
 public:
     /// `bus` outlives it. One of these a phone: two would be in each other's way.
-    MTPFileSystem(USBBus& bus, PhoneIdentity phone, std::shared_ptr<PhoneQueue> queue);
+    MTPFileSystem(USBBus& bus, PhoneIdentity phone, std::shared_ptr<PhoneQueue> queue,
+                  MTPPatience patience = MTPTree::defaultPatience);
     /// Waits for whoever has a turn, and closes the session.
     ~MTPFileSystem() override;
 
@@ -61,7 +62,8 @@ private:
     template <typename Work>
     std::invoke_result_t<Work, MTPTree&> inTurn(const Call& call, const QString& path, Work work);
     template <typename Work>
-    std::invoke_result_t<Work, MTPTree&> inSession(const QString& path, Work work);
+    std::invoke_result_t<Work, MTPTree&> inSession(const std::stop_token& stop, const QString& path,
+                                                   Work work);
     void openSession();
     void closeSession();
     [[nodiscard]] const MTPDeviceInfo& deviceInfo();
@@ -74,6 +76,7 @@ private:
     USBBus& bus_;
     const PhoneIdentity phone_;
     const std::shared_ptr<PhoneQueue> queue_;
+    const MTPPatience patience_;
 
     // Of whoever has the turn
     MTPFolderHints hints_;

@@ -119,6 +119,10 @@ MTPObjectInfo MTPFileWriter::requireNew(const QString& name, std::uint32_t annou
 /// What is larger than the upload is somebody else's, and what refuses to go stays.
 void MTPFileWriter::removeLeftover(const QString& name, std::uint32_t announced,
                                    std::uint64_t size) noexcept {
+    // Whoever stopped the call does not wait for a phone that is still busy with it.
+    if (!tree_.client().isSettled())
+        return;
+    tree_.client().setStop({});
     try {
         const auto leftover = findNew(name, announced);
         if (leftover && leftover->effectiveSize() <= size)

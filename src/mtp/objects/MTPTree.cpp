@@ -38,8 +38,9 @@ bool isUsable(std::uint32_t storageID) {
 
 } // namespace
 
-MTPTree::MTPTree(std::unique_ptr<MTPTransportProtocol> transport, MTPFolderHints& hints)
-    : hints_(hints), serial_(nextSerial()), client_(std::move(transport)) {
+MTPTree::MTPTree(std::unique_ptr<MTPTransportProtocol> transport, MTPFolderHints& hints,
+                 MTPPatience patience)
+    : hints_(hints), serial_(nextSerial()), client_(std::move(transport), patience) {
     client_.openSession(1);
 }
 

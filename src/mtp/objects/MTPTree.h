@@ -32,13 +32,16 @@ public:
     static constexpr std::chrono::seconds freshness{2};
     static constexpr std::chrono::seconds lifetime{60};
 
+    static constexpr MTPPatience defaultPatience{std::chrono::seconds(5), std::chrono::seconds(60)};
+
     /// Called for each child, in the device's order.
     using ChildVisitor = std::function<void(const MTPObjectInfo&)>;
     /// Called for a child that is there and whose facts cannot be read.
     using UnreadableVisitor = std::function<void(std::uint32_t handle, const MTPTransportError&)>;
 
     /// Opens the session. `hints` outlives the tree, and is kept up to date by it.
-    MTPTree(std::unique_ptr<MTPTransportProtocol> transport, MTPFolderHints& hints);
+    MTPTree(std::unique_ptr<MTPTransportProtocol> transport, MTPFolderHints& hints,
+            MTPPatience patience = defaultPatience);
     ~MTPTree();
     MTPTree(const MTPTree&) = delete;
     MTPTree& operator=(const MTPTree&) = delete;

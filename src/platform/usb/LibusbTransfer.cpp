@@ -3,6 +3,7 @@
 #include "platform/usb/LibusbCodes.h"
 #include "platform/usb/LibusbHandle.h"
 
+#include <algorithm>
 #include <atomic>
 #include <new>
 
@@ -97,9 +98,12 @@ USBCode LibusbTransfer::start() {
     return code;
 }
 
-bool LibusbTransfer::waitUntil(steady_clock::time_point until) const {
-    if (!completed())
-        state_->handle->handleEvents(&state_->completed, until);
+bool LibusbTransfer::waitUntil(steady_clock::time_point until, const std::stop_token* stop) const {
+    // How long a stop may go unheard.
+    constexpr std::chrono::milliseconds slice{50};
+    while (!completed() && steady_clock::now() < until && !(stop && stop->stop_requested()))
+        state_->handle->handleEvents(&state_->completed,
+                                     stop ? std::min(until, steady_clock::now() + slice) : until);
     return completed();
 }
 
@@ -114,18 +118,19 @@ bool LibusbTransfer::settle(steady_clock::time_point until) {
     return !state_->abandoned;
 }
 
-USBCode LibusbTransfer::finish(steady_clock::time_point until) {
-    if (waitUntil(until))
+USBCode LibusbTransfer::finish(steady_clock::time_point until, const std::stop_token* stop) {
+    if (waitUntil(until, stop))
         return result();
+    const bool isStopped = stop && stop->stop_requested();
     cancel();
     if (!settle(steady_clock::now() + cancelBound))
         return usb::noDevice;
-    return timeoutResult();
+    return timeoutResult(isStopped ? usb::aborted : usb::timeout);
 }
 
-USBCode LibusbTransfer::timeoutResult() const {
+USBCode LibusbTransfer::timeoutResult(USBCode reason) const {
     const USBCode code = result();
-    return code == usb::aborted || code == usb::generalError ? usb::timeout : code;
+    return code == usb::aborted || code == usb::generalError ? reason : code;
 }
 
 std::size_t LibusbTransfer::transferred() const {

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <memory>
 #include <span>
+#include <stop_token>
 
 namespace tessary {
 
@@ -41,22 +42,27 @@ public:
     /// Starts a control transfer whose 8 bytes of set-up and whose data are in the buffer.
     [[nodiscard]] USBCode submitControl();
 
-    /// Whether it finished before `until`. It stays in flight when it did not.
-    [[nodiscard]] bool waitUntil(std::chrono::steady_clock::time_point until) const;
+    /// Whether it finished before `until`, or before a stop was asked for. It stays in flight when
+    /// it did not.
+    [[nodiscard]] bool waitUntil(std::chrono::steady_clock::time_point until,
+                                 const std::stop_token* stop = nullptr) const;
     /// Asks the system to stop it, without waiting. A cancelled transfer may still complete.
     void cancel();
     /// Waits for a cancelled transfer. False when it had to be abandoned: never use it again.
     [[nodiscard]] bool settle(std::chrono::steady_clock::time_point until);
     /// Waits until `until`, then cancels. What had arrived or left by then counts: usb::timeout
-    /// only when the transfer is not complete. usb::noDevice when it had to be abandoned.
-    [[nodiscard]] USBCode finish(std::chrono::steady_clock::time_point until);
+    /// only when the transfer is not complete, usb::aborted when a stop was the reason.
+    /// usb::noDevice when it had to be abandoned.
+    [[nodiscard]] USBCode finish(std::chrono::steady_clock::time_point until,
+                                 const std::stop_token* stop = nullptr);
 
     /// Bytes transferred, of a finished transfer, whatever its result.
     [[nodiscard]] std::size_t transferred() const;
     [[nodiscard]] USBCode result() const;
     /// The result of a transfer that was cancelled because its time had passed. Host controllers
-    /// differ in how such a one ends; what counts is whether it completed after all.
-    [[nodiscard]] USBCode timeoutResult() const;
+    /// differ in how such a one ends; what counts is whether it completed after all. `reason` is
+    /// the code of one that did not.
+    [[nodiscard]] USBCode timeoutResult(USBCode reason = usb::timeout) const;
 
     /// How long a cancelled transfer may take to end before it is abandoned.
     static constexpr std::chrono::milliseconds cancelBound{2000};

@@ -141,7 +141,7 @@ USBCode LinuxUSBInterface::readPipeTO(std::uint8_t pipe, std::span<std::byte> bu
     USBCode code = transfer->submit(source->address, libusbType(source->properties), length);
     if (code != usb::success)
         return code;
-    code = transfer->finish(deadline(timeouts));
+    code = transfer->finish(deadline(timeouts), timeouts.stop);
     const std::size_t arrived = transfer->transferred();
     copy(buffer, transfer->buffer().first(arrived));
     transferred = std::min(arrived, buffer.size());
@@ -163,7 +163,7 @@ USBCode LinuxUSBInterface::writePipeTO(std::uint8_t pipe, std::span<const std::b
     USBCode code = transfer->submit(target->address, libusbType(target->properties), data.size());
     if (code != usb::success)
         return code;
-    code = transfer->finish(deadline(timeouts));
+    code = transfer->finish(deadline(timeouts), timeouts.stop);
     transferred = transfer->transferred();
     return code;
 }

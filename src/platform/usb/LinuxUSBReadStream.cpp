@@ -37,10 +37,11 @@ USBCode LinuxUSBReadStream::next(std::span<const std::byte>& data, USBTimeouts t
     LibusbTransfer& oldest = *flying_.front();
     const auto timeout =
         std::max({timeouts.noData, timeouts.completion, std::chrono::milliseconds(1)});
-    const bool inTime = oldest.waitUntil(steady_clock::now() + timeout);
+    const bool inTime = oldest.waitUntil(steady_clock::now() + timeout, timeouts.stop);
     if (!inTime && !cancelAll())
         return usb::noDevice;
-    const USBCode code = inTime && !cancelled_ ? oldest.result() : oldest.timeoutResult();
+    const USBCode reason = timeouts.isStopped() ? usb::aborted : usb::timeout;
+    const USBCode code = inTime && !cancelled_ ? oldest.result() : oldest.timeoutResult(reason);
     data = oldest.buffer().first(oldest.transferred());
     if (code != usb::success && inTime && !cancelAll())
         return code;

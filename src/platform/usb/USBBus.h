@@ -12,6 +12,7 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <stop_token>
 #include <vector>
 
 namespace tessary {
@@ -45,9 +46,16 @@ struct USBPipeProperties {
 
 /// Both bounds of a pipe call: without any data for `noData`, or not complete after `completion`,
 /// the call ends with usb::timeout. A platform with only one timer uses the larger of the two.
+/// With a stop token, which outlives the call, the call ends with usb::aborted soon after a stop is
+/// asked for.
 struct USBTimeouts {
     std::chrono::milliseconds noData{5000};
     std::chrono::milliseconds completion{5000};
+    const std::stop_token* stop = nullptr;
+
+    [[nodiscard]] bool isStopped() const {
+        return stop && stop->stop_requested();
+    }
 };
 
 /// A control request to the interface of a pipe pair. Direction is bit 7 of `requestType`.
