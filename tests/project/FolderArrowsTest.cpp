@@ -54,7 +54,7 @@ const std::map<std::string, std::vector<std::string>> arrows = {
     {"devices/files", {"adb/files", "adb/server", "adb/tool", "ios/files", "mtp/files", "transfer"}},
     {"devices/list", {"devices/files", "platform/settings"}},
     {"sync/plan", {"phone", "platform/settings"}},
-    {"sync/run", {"base/log", "sync/plan", "transfer/copy"}},
+    {"sync/run", {"base/log", "sync/plan", "transfer/copy", "transfer/local"}},
     {"sync/old/plan", {"phone", "platform/settings"}},
     {"sync/old/run", {"devices/files", "sync/old/plan"}},
     {"sync/manager", {"devices/list", "platform/desktop", "sync/old/run"}},

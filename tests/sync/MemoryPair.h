@@ -2,6 +2,7 @@
 
 #include "support/MemoryFileSystem.h"
 #include "support/QtPrinters.h"
+#include "sync/ForwardedFiles.h"
 #include "sync/run/SyncRun.h"
 
 #include <QTimeZone>
@@ -28,70 +29,6 @@ struct MemoryFile {
 };
 using MemoryTree = std::map<QString, MemoryFile>;
 
-/// A phone that dates files by its own clock, whatever it is told.
-class OwnDates final : public PhoneFileSystem {
-public:
-    explicit OwnDates(PhoneFileSystem& files) : files_(files) {}
-
-    QString identity() const override {
-        return files_.identity();
-    }
-    QString displayName() const override {
-        return files_.displayName();
-    }
-    FileTreeRoot rootOf(const QString& path) const override {
-        return files_.rootOf(path);
-    }
-    QString canonicalPath(const QString& path) const override {
-        return files_.canonicalPath(path);
-    }
-    std::shared_ptr<PhoneQueue> queue() const override {
-        return files_.queue();
-    }
-    FileSystemCapabilities capabilities(const Call& call) override {
-        return files_.capabilities(call);
-    }
-    NameRules nameRules(const QString& folder) override {
-        return files_.nameRules(folder);
-    }
-    void list(const QString& folder, const ListingReceiver& receiver, const Call& call) override {
-        files_.list(folder, receiver, call);
-    }
-    std::optional<FileItem> find(const QString& path, const Call& call) override {
-        return files_.find(path, call);
-    }
-    qint64 read(const FileItem& file, ByteRange range, const ByteSink& sink,
-                const Call& call) override {
-        return files_.read(file, range, sink, call);
-    }
-    FileItem write(const NewFile& file, const ByteSource& content, const ByteProgress& progress,
-                   const Call& call) override {
-        return files_.write({file.folder, file.name, file.size, {}}, content, progress, call);
-    }
-    FileItem makeFolder(const QString& parent, const QString& name, const Call& call) override {
-        return files_.makeFolder(parent, name, call);
-    }
-    void remove(const FileItem& item, const Call& call) override {
-        files_.remove(item, call);
-    }
-    FileItem rename(const FileItem& item, const QString& newName, TakenName taken,
-                    const Call& call) override {
-        return files_.rename(item, newName, taken, call);
-    }
-    FileItem move(const FileItem& item, const QString& newFolder, const Call& call) override {
-        return files_.move(item, newFolder, call);
-    }
-    std::optional<std::uint64_t> freeBytes(const QString& folder, const Call& call) override {
-        return files_.freeBytes(folder, call);
-    }
-    std::optional<QByteArray> hash(const FileItem& file, const Call& call) override {
-        return files_.hash(file, call);
-    }
-
-private:
-    PhoneFileSystem& files_;
-};
-
 /// What the device of a MemoryPair can.
 struct MemoryDevice {
     bool setsDates = true;
@@ -110,10 +47,8 @@ public:
     static inline const QString deviceRoot = QStringLiteral("/Sync");
 
     explicit MemoryPair(const MemoryDevice& device = {})
-        : local_(computerOptions()),
-          device_(phoneOptions(device)),
-          datedByItself_(device_),
-          setsDates_(device.setsDates) {
+        : local_(computerOptions()), device_(phoneOptions(device)), phone_(device_) {
+        phone_.datesItself = !device.setsDates;
         local_.addFolder(localRoot);
         device_.addFolder(deviceRoot);
         pair.deviceUDID = QStringLiteral("ABC");
@@ -221,13 +156,11 @@ public:
                                   flushed = users(false);
                               },
                               trash};
-        PhoneFileSystem& files =
-            setsDates_ ? static_cast<PhoneFileSystem&>(device_) : datedByItself_;
         return SyncRun({pair,
                         QStringLiteral("HOST"),
                         QStringLiteral("Desk"),
                         std::move(computer),
-                        files,
+                        phone_,
                         [this] { return later(1); },
                         {},
                         decisions},
@@ -306,8 +239,7 @@ private:
 
     MemoryFileSystem local_;
     MemoryFileSystem device_;
-    OwnDates datedByItself_;
-    const bool setsDates_;
+    ForwardedFiles phone_;
 };
 
 } // namespace tessary

@@ -1,21 +1,9 @@
 #pragma once
 
+#include "sync/run/SyncComputer.h"
 #include "sync/run/SyncSide.h"
 
-#include <functional>
-
 namespace tessary {
-
-/// This computer's side of a run, beyond its files.
-struct SyncComputer {
-    PhoneFileSystem& files;
-    /// Makes the pair's folder, with those above it.
-    std::function<void()> makeFolder;
-    /// Returns once all that was written would survive a power cut.
-    std::function<void()> flush;
-    /// Puts a file, by its path, into the desktop's trash; false where there is none. May be empty.
-    std::function<bool(const QString& path)> trash;
-};
 
 /// Both folders of a pair, and single files on their way between them. Whatever a file takes the
 /// place of is looked at again right before, and so is what it was copied from: what is not as the

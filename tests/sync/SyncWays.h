@@ -1,0 +1,279 @@
+#pragma once
+
+#include "adb/files/ADBFileSystem.h"
+#include "adb/server/ADBServerConnection.h"
+#include "base/local/PartFile.h"
+#include "mtp/files/MTPFileSystem.h"
+#include "support/ADBFixture.h"
+#include "support/Application.h"
+#include "support/IPhoneFiles.h"
+#include "support/PluggedPhone.h"
+#include "sync/ForwardedFiles.h"
+#include "sync/run/SyncRun.h"
+
+#include <QDirIterator>
+
+#include <stdexcept>
+
+namespace tessary {
+
+/// The program is killed: nothing that it still does has an effect.
+struct ProgramKilled : std::runtime_error {
+    ProgramKilled() : std::runtime_error("killed") {}
+};
+
+/// Runs between the folder "mac" of this computer's disk and the folder "Sync" of a virtual phone,
+/// which lies on this computer's disk, too. A part of fixtures that have the phone.
+class SyncWay {
+protected:
+    using Files = std::map<QString, QByteArray>;
+
+    SyncWay(const QString& udid, const QString& app) {
+        pair_.deviceUDID = udid;
+        pair_.appBundleID = app;
+        pair_.remoteFolderPath = QStringLiteral("/Sync");
+        pair_.localFolderPath = computer_.path(QStringLiteral("mac"));
+    }
+    virtual ~SyncWay() = default;
+
+    /// The phone's folder as this computer has it.
+    [[nodiscard]] virtual QString phoneFolder() = 0;
+    /// A connection of its own, as every program has one.
+    [[nodiscard]] virtual std::unique_ptr<PhoneFileSystem> open() = 0;
+    /// Forgets what the phone was asked so far.
+    virtual void forgetRequests() = 0;
+    /// Files of the phone that were read or written since, by their last name.
+    [[nodiscard]] virtual QStringList openedFiles() = 0;
+
+    void clear() {
+        for (const QString& folder : {pair_.localFolderPath, phoneFolder()}) {
+            QDir(folder).removeRecursively();
+            QDir().mkpath(folder);
+        }
+    }
+    static void write(const QString& path, const QByteArray& content, int secondsAgo = 0) {
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size() &&
+                    file.flush());
+        if (secondsAgo > 0) {
+            ASSERT_TRUE(file.setFileTime(QDateTime::currentDateTime().addSecs(-secondsAgo),
+                                         QFileDevice::FileModificationTime));
+        }
+    }
+    void here(const QString& path, const QByteArray& content, int secondsAgo = 100) {
+        write(pair_.localFolderPath + QLatin1Char('/') + path, content, secondsAgo);
+    }
+    void onPhone(const QString& path, const QByteArray& content, int secondsAgo = 100) {
+        write(phoneFolder() + QLatin1Char('/') + path, content, secondsAgo);
+    }
+    void removeHere(const QString& path) {
+        QFile::remove(pair_.localFolderPath + QLatin1Char('/') + path);
+    }
+    void removeOnPhone(const QString& path) {
+        QFile::remove(phoneFolder() + QLatin1Char('/') + path);
+    }
+    /// All that lies below a folder, files of ours aside.
+    static Files below(const QString& folder) {
+        Files files;
+        QDirIterator walk(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+        while (walk.hasNext()) {
+            QFile file(walk.next());
+            if (walk.fileName() == SyncManifest::fileName ||
+                walk.fileName().startsWith(PartFile::namePrefix))
+                continue;
+            EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+            files[QDir(folder).relativeFilePath(file.fileName())] = file.readAll();
+        }
+        return files;
+    }
+    /// Files that did not arrive, on either side.
+    [[nodiscard]] QStringList parts() {
+        QStringList found;
+        for (const QString& folder : {pair_.localFolderPath, phoneFolder()}) {
+            QDirIterator walk(folder, {PartFile::namePrefix + QLatin1Char('*')},
+                              QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+            while (walk.hasNext())
+                found.append(walk.next());
+        }
+        return found;
+    }
+    /// Lets what is left over become old enough to be removed.
+    void age() {
+        for (const QString& path : parts()) {
+            QFile file(path);
+            ASSERT_TRUE(file.open(QIODevice::ReadWrite) &&
+                        file.setFileTime(QDateTime::currentDateTime().addSecs(-3600),
+                                         QFileDevice::FileModificationTime));
+        }
+    }
+    [[nodiscard]] Files hereFiles() const {
+        return below(pair_.localFolderPath);
+    }
+    [[nodiscard]] Files phoneFiles() {
+        return below(phoneFolder());
+    }
+    [[nodiscard]] bool holds(const QByteArray& content) {
+        for (const Files& files : {hereFiles(), phoneFiles()})
+            for (const auto& [name, each] : files)
+                if (each == content)
+                    return true;
+        return false;
+    }
+
+    /// One run of a program of its own; it is killed at a call, or at a piece of a file that is
+    /// written, when `killAt` is not negative.
+    SyncReport run(const std::stop_token& stop = {}) {
+        const auto phone = open();
+        LocalFileSystem disk(pair_.localFolderPath);
+        ForwardedFiles device(*phone);
+        ForwardedFiles local(disk);
+        calls_ = 0;
+        bool isDead = false;
+        const auto step = [&] {
+            isDead |= calls_++ == killAt_;
+            if (isDead)
+                throw ProgramKilled();
+        };
+        for (ForwardedFiles* files : {&device, &local})
+            files->beforeCall = files->beforePiece = step;
+        SyncComputer computer = syncComputer(disk);
+        const SyncComputer real = computer;
+        SyncComputer watched{local,
+                             real.makeFolder,
+                             [&] {
+                                 step();
+                                 real.flush();
+                             },
+                             {}};
+        SyncRunEvents events;
+        events.ask = [this](const SyncQuestion& question) {
+            questions_.push_back(question);
+            return confirms_ ? SyncAnswer::deleteAll(question) : SyncAnswer::keepAll();
+        };
+        events.progress = [this](const SyncProgress& progress) {
+            last_ = progress;
+            if (onProgress_)
+                onProgress_();
+        };
+        return SyncRun({pair_,
+                        QStringLiteral("HOST"),
+                        QStringLiteral("Desk"),
+                        std::move(watched),
+                        device,
+                        [] { return QDateTime::currentDateTime(); },
+                        {},
+                        {}},
+                       events, stop)
+            .run();
+    }
+    SyncReport goodRun() {
+        SyncReport report = run();
+        EXPECT_EQ(report.outcome, SyncReport::Outcome::done)
+            << (report.failure ? report.failure->what() : "");
+        for (const SyncSkippedItem& item : report.skipped)
+            ADD_FAILURE() << item.path.toStdString() << ": " << item.reason.what();
+        return report;
+    }
+    /// A further run transfers nothing and reads nothing but the record.
+    void expectQuietRun() {
+        const Files before = hereFiles();
+        forgetRequests();
+        EXPECT_FALSE(goodRun().hasChanges());
+        for (const QString& name : openedFiles())
+            EXPECT_EQ(name, QString(SyncManifest::fileName));
+        EXPECT_EQ(hereFiles(), before);
+    }
+
+    const TemporaryFolder computer_;
+    SyncPair pair_;
+    bool confirms_ = true;
+    int killAt_ = -1;
+    int calls_ = 0;
+    std::vector<SyncQuestion> questions_;
+    SyncProgress last_;
+    std::function<void()> onProgress_;
+};
+
+/// By MTP.
+class SyncByMTP : public testing::Test, protected SyncWay {
+protected:
+    SyncByMTP() : SyncWay(QStringLiteral("mtp"), SyncPair::deviceStorage) {
+        clear();
+    }
+    QString phoneFolder() override {
+        return phone_.disk.path(QStringLiteral("0/Sync"));
+    }
+    std::unique_ptr<PhoneFileSystem> open() override {
+        return std::make_unique<MTPFileSystem>(bus_, identityOf(phone_.info),
+                                               std::make_shared<PhoneQueue>());
+    }
+    void forgetRequests() override {
+        phone_.android.clearRequestLog();
+    }
+    /// What was read is told by number only: the record takes one request.
+    QStringList openedFiles() override {
+        const std::size_t reads = phone_.requests(MTPOperationCode::getObject) +
+                                  phone_.requests(MTPOperationCode::getPartialObject);
+        EXPECT_LE(reads, 1U);
+        EXPECT_EQ(phone_.requests(MTPOperationCode::sendObject), 0U);
+        return {};
+    }
+
+    VirtualUSBBus bus_;
+    PluggedPhone phone_{bus_};
+};
+
+/// By the real adb server.
+class SyncByADB : public ADBFixture, protected SyncWay {
+protected:
+    SyncByADB() : SyncWay(serial(), SyncPair::deviceStorage) {
+        clear();
+    }
+    QString phoneFolder() override {
+        return disk_.path(QStringLiteral("phone/Sync"));
+    }
+    std::unique_ptr<PhoneFileSystem> open() override {
+        PhoneIdentity phone;
+        phone.udid = phone.serialNumber = serial();
+        ADBServerAddress address;
+        address.port = server_.port();
+        return std::make_unique<ADBFileSystem>(
+            phone, std::make_shared<PhoneQueue>(),
+            std::make_shared<ADBServerConnection>(std::make_shared<ADBServerClient>(address),
+                                                  ADBPhoneSought{serial(), {}}));
+    }
+    void forgetRequests() override {}
+    QStringList openedFiles() override {
+        return {};
+    }
+};
+
+/// By the real library for iPhones.
+class SyncByAFC : public Application, public testing::Test, protected SyncWay {
+protected:
+    SyncByAFC() : SyncWay(VirtualIPhoneConfig().udid, PluggedIPhone::bundleId) {
+        clear();
+    }
+    QString phoneFolder() override {
+        return iphone_.disk.path(iphone_.inDocuments(QStringLiteral("Sync")));
+    }
+    std::unique_ptr<PhoneFileSystem> open() override {
+        return std::make_unique<AFCFileSystem>(iphone_.identity(), IPhoneFiles::notes(),
+                                               std::make_shared<PhoneQueue>());
+    }
+    void forgetRequests() override {
+        iphone_.phone.log().clear();
+    }
+    QStringList openedFiles() override {
+        QStringList opened;
+        for (const VirtualIPhoneRequest& request : iphone_.phone.log().requests())
+            if (request.request == QLatin1StringView("afc.fileOpen"))
+                opened.append(request.detail.section(u'/', -1).section(u' ', 0, 0));
+        return opened;
+    }
+
+    IPhoneFiles iphone_;
+};
+
+} // namespace tessary

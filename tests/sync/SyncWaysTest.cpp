@@ -1,0 +1,221 @@
+// What every way to a phone must do: MTP, the real adb, and the real library for iPhones, with the
+// computer's side on a real disk.
+
+#include "sync/SyncWays.h"
+
+#include <gmock/gmock.h>
+
+namespace tessary {
+namespace {
+
+using namespace Qt::StringLiterals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+
+template <typename Way>
+class SyncWaysTest : public Way {};
+
+using Ways = testing::Types<SyncByMTP, SyncByADB, SyncByAFC>;
+TYPED_TEST_SUITE(SyncWaysTest, Ways, );
+
+/// Two files of one size that begin alike for more than any sample.
+QByteArray longContent(char last) {
+    return QByteArray(20'000, 'x') + last;
+}
+
+TYPED_TEST(SyncWaysTest, everyModeCopiesItsWayAndASecondRunIsQuiet) {
+    for (const SyncMode mode : allSyncModes) {
+        SCOPED_TRACE(rawValue(mode).toStdString());
+        this->clear();
+        this->pair_.syncMode = mode;
+        this->here(u"deep/er/it's.txt"_s, QByteArray(300'000, 'h'));
+        this->here(u"empty"_s, {});
+        this->here(u"😀 snow.txt"_s, "unicode");
+        this->onPhone(u"photos/1.heic"_s, QByteArray(70'000, 'p'));
+        const auto hereBefore = this->hereFiles();
+        const auto phoneBefore = this->phoneFiles();
+        const SyncReport report = this->goodRun();
+        EXPECT_EQ(report.paths({SyncDeed::upload}).size(), mode == SyncMode::toMac ? 0 : 3);
+        EXPECT_EQ(report.paths({SyncDeed::download}).size(), mode == SyncMode::toiPhone ? 0 : 1);
+        EXPECT_EQ(this->last_.completedBytes, this->last_.totalBytes);
+        auto both = hereBefore;
+        both.insert(phoneBefore.begin(), phoneBefore.end());
+        EXPECT_EQ(this->hereFiles(), mode == SyncMode::toiPhone ? hereBefore : both);
+        EXPECT_EQ(this->phoneFiles(), mode == SyncMode::toMac ? phoneBefore : both);
+        EXPECT_THAT(this->parts(), IsEmpty());
+        this->expectQuietRun();
+    }
+}
+
+TYPED_TEST(SyncWaysTest, editsConflictsDeletionsAndMovesGoAcross) {
+    this->here(u"edited"_s, longContent('1'));
+    this->here(u"edited there"_s, longContent('1'));
+    this->here(u"gone"_s, "2");
+    this->here(u"dir/gone there"_s, "3");
+    (void)this->goodRun();
+    this->here(u"edited"_s, longContent('2'), 50);
+    this->onPhone(u"edited there"_s, longContent('3'), 50);
+    this->removeHere(u"gone"_s);
+    this->removeOnPhone(u"dir/gone there"_s);
+    this->here(u"both"_s, "mine");
+    this->onPhone(u"both"_s, "theirs");
+    const SyncReport report = this->goodRun();
+    EXPECT_THAT(report.paths({SyncDeed::replaceOnDevice}), ElementsAre(u"edited"_s));
+    EXPECT_THAT(report.paths({SyncDeed::replaceHere}), ElementsAre(u"edited there"_s));
+    EXPECT_THAT(report.paths({SyncDeed::deleteHere, SyncDeed::deleteOnDevice}),
+                UnorderedElementsAre(u"gone"_s, u"dir/gone there"_s));
+    EXPECT_EQ(report.paths({SyncDeed::keepBoth}).size(), 1);
+    EXPECT_EQ(this->hereFiles(), this->phoneFiles());
+    EXPECT_EQ(this->hereFiles().size(), 4U);
+    for (const QByteArray& content :
+         {longContent('2'), longContent('3'), QByteArray("mine"), QByteArray("theirs")})
+        EXPECT_TRUE(this->holds(content));
+    EXPECT_FALSE(this->computer_.has(u"mac/dir"_s));
+    this->expectQuietRun();
+
+    this->pair_.syncMode = SyncMode::toMac;
+    this->pair_.moveFilesEnabled = true;
+    this->onPhone(u"deep/er/new"_s, "new");
+    EXPECT_EQ(this->goodRun().paths({SyncDeed::moveHere}).size(), 5);
+    EXPECT_THAT(this->phoneFiles(), IsEmpty());
+    EXPECT_FALSE(QFileInfo::exists(this->phoneFolder() + u"/deep"_s));
+    EXPECT_EQ(this->hereFiles().size(), 5U);
+    this->pair_.syncMode = SyncMode::toiPhone;
+    EXPECT_EQ(this->goodRun().paths({SyncDeed::moveToDevice}).size(), 5);
+    EXPECT_THAT(this->hereFiles(), IsEmpty());
+    EXPECT_EQ(this->phoneFiles().size(), 5U);
+}
+
+TYPED_TEST(SyncWaysTest, nameThatChangedInCaseOnlyIsARename) {
+    this->here(u"Photos/a.JPG"_s, longContent('1'));
+    (void)this->goodRun();
+    ASSERT_TRUE(QFile::rename(this->pair_.localFolderPath + u"/Photos/a.JPG"_s,
+                              this->pair_.localFolderPath + u"/Photos/A.jpg"_s));
+    EXPECT_THAT(this->goodRun().paths({SyncDeed::renameOnDevice}), ElementsAre(u"Photos/A.jpg"_s));
+    EXPECT_EQ(this->hereFiles(), this->phoneFiles());
+    EXPECT_THAT(this->questions_, IsEmpty());
+    this->expectQuietRun();
+}
+
+/// The program is killed before every call and every piece of a file of a run that does all that
+/// there is to do; then a run in peace.
+TYPED_TEST(SyncWaysTest, killedAtAnyStepARunLosesNothing) {
+    int killed = 0;
+    for (int at = 0;; at += 3) {
+        SCOPED_TRACE(at);
+        this->clear();
+        this->here(u"edited"_s, longContent('1'));
+        this->here(u"edited there"_s, longContent('2'));
+        this->here(u"gone"_s, "gone");
+        (void)this->goodRun();
+        this->here(u"edited"_s, longContent('3'), 50);
+        this->onPhone(u"edited there"_s, longContent('4'), 50);
+        this->removeHere(u"gone"_s);
+        this->here(u"d/up"_s, "up");
+        this->onPhone(u"e/down"_s, "down");
+        this->here(u"both"_s, "mine");
+        this->onPhone(u"both"_s, "theirs");
+        this->killAt_ = at;
+        bool wasKilled = false;
+        try {
+            (void)this->run();
+        } catch (const ProgramKilled&) {
+            wasKilled = true;
+        }
+        wasKilled |= this->calls_ > at; // also where the copy dealt with it
+        this->killAt_ = -1;
+        if (!wasKilled)
+            break;
+        ++killed;
+        for (const QByteArray& content :
+             {QByteArray("up"), QByteArray("down"), QByteArray("mine"), QByteArray("theirs")})
+            EXPECT_TRUE(this->holds(content)) << content.constData();
+        this->age();
+        (void)this->goodRun();
+        EXPECT_EQ(this->hereFiles(), this->phoneFiles());
+        for (const QByteArray& content :
+             {longContent('3'), longContent('4'), QByteArray("up"), QByteArray("down"),
+              QByteArray("mine"), QByteArray("theirs")})
+            EXPECT_TRUE(this->holds(content)) << content.right(8).constData();
+        EXPECT_FALSE(this->hereFiles().contains(u"gone"_s));
+        EXPECT_THAT(this->parts(), IsEmpty());
+        this->expectQuietRun();
+    }
+    EXPECT_GT(killed, 20);
+}
+
+TEST_F(SyncByMTP, cableThatComesOutAtAnyPhaseLosesNothing) {
+    int broken = 0;
+    for (const USBDirection direction : {USBDirection::in, USBDirection::out}) {
+        for (unsigned phase = 2; phase < 60; phase += 5) {
+            SCOPED_TRACE(phase);
+            clear();
+            here(u"old"_s, "old");
+            (void)goodRun();
+            here(u"old"_s, "old, edited", 50);
+            here(u"up"_s, QByteArray(3000, 'u'));
+            onPhone(u"down"_s, QByteArray(3000, 'd'));
+            here(u"both"_s, "one");
+            onPhone(u"both"_s, "another");
+            phone_.unplugAfter(direction, 20, phase);
+            broken += run().outcome == SyncReport::Outcome::failed ? 1 : 0;
+            phone_.fault([](VirtualFaults& faults) { faults.unplug.reset(); });
+            phone_.android.unplug();
+            ASSERT_NE(phone_.android.plugInto(bus_), 0U);
+            age();
+            (void)goodRun();
+            EXPECT_EQ(hereFiles(), phoneFiles());
+            for (const QByteArray& content : {QByteArray(3000, 'u'), QByteArray(3000, 'd'),
+                                              QByteArray("one"), QByteArray("another")})
+                EXPECT_TRUE(holds(content)) << content.left(8).constData();
+        }
+    }
+    EXPECT_GT(broken, 5);
+}
+
+TEST_F(SyncByAFC, cutConnectionLosesNothing) {
+    int broken = 0;
+    for (unsigned nth = 1; nth < 40; nth += 6) {
+        for (const char* request :
+             {"afc.fileWrite", "afc.getFileInfo", "afc.fileOpen", "afc.renamePath"}) {
+            SCOPED_TRACE(std::string(request) + " " + std::to_string(nth));
+            clear();
+            here(u"up"_s, QByteArray(2000, 'u'));
+            onPhone(u"down"_s, QByteArray(3000, 'd'));
+            here(u"both"_s, "one");
+            onPhone(u"both"_s, "another");
+            iphone_.faults([&](VirtualIPhoneFaults& faults) {
+                faults.requestFault = VirtualIPhoneRequestFault{QString::fromLatin1(request), nth,
+                                                                nth % 8 == 1, VirtualCut::close};
+            });
+            broken += run().outcome == SyncReport::Outcome::failed ? 1 : 0;
+            iphone_.faults([](VirtualIPhoneFaults& faults) { faults.requestFault.reset(); });
+            age();
+            (void)goodRun();
+            EXPECT_EQ(hereFiles(), phoneFiles());
+            for (const QByteArray& content : {QByteArray(2000, 'u'), QByteArray(3000, 'd'),
+                                              QByteArray("one"), QByteArray("another")})
+                EXPECT_TRUE(holds(content)) << content.left(8).constData();
+        }
+    }
+    EXPECT_GT(broken, 2);
+}
+
+TEST_F(SyncByAFC, oneChangedFileDoesNotAskForItsSiblings) {
+    for (int n = 0; n < 300; ++n)
+        here(u"many/%1"_s.arg(n), "1");
+    (void)goodRun();
+    here(u"many/7"_s, "edited", 50);
+    (void)goodRun();
+    iphone_.phone.log().clear();
+    (void)goodRun();
+    const std::size_t quiet = iphone_.phone.log().requests().size();
+    here(u"many/7"_s, "edited again", 30);
+    iphone_.phone.log().clear();
+    (void)goodRun();
+    EXPECT_LT(iphone_.phone.log().requests().size(), quiet + 60);
+}
+
+} // namespace
+} // namespace tessary
