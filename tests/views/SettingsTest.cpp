@@ -53,8 +53,11 @@ QStringList textsOf(const QWidget& window) {
 QStringList leftInEnglish(const QStringList& texts, AppLanguage language) {
     QSet<QString> fine;
     QSet<QString> wrong;
-    for (const TranslatedText& text : translationsOf(language))
-        (text.forms.contains(text.source) ? fine : wrong).insert(text.source);
+    for (const TranslatedText& text : translationsOf(language)) {
+        for (const QString& form : text.forms)
+            fine.insert(form);
+        wrong.insert(text.source);
+    }
     QStringList left;
     for (const QString& text : texts)
         if (wrong.contains(text) && !fine.contains(text))
@@ -119,6 +122,28 @@ TEST_F(SettingsTest, choosingALanguageChangesTheOpenWindowsAtOnce) {
     EXPECT_TRUE(
         wait([this] { return textsOf(*window_).contains(u"Dieses Telefon ist gesperrt"_s); }));
     EXPECT_THAT(leftInEnglish(textsOf(*window_), AppLanguage::de), testing::IsEmpty());
+}
+
+TEST_F(SettingsTest, everyLanguageReachesEveryTextOfTheOpenWindows) {
+    openFolder();
+    press(Qt::Key_A, Qt::ControlModifier);
+    openSettings();
+    QSet<QString> titles;
+    for (const AppLanguage language : allAppLanguages) {
+        if (language == AppLanguage::system)
+            continue;
+        app_->languageManager().setSelectedLanguage(language);
+        SCOPED_TRACE(rawValue(language).toStdString());
+        titles.insert(settings()->windowTitle());
+        if (language == AppLanguage::en)
+            continue;
+        EXPECT_THAT(leftInEnglish(textsOf(*window_), language), testing::IsEmpty());
+        for (int i = 0; i < tabs().count(); ++i) {
+            tabs().setCurrentIndex(i);
+            EXPECT_THAT(leftInEnglish(textsOf(*settings()), language), testing::IsEmpty());
+        }
+    }
+    EXPECT_EQ(titles.size(), 8); // Spanish and Portuguese have one word, as have ja and zh-Hant
 }
 
 TEST_F(SettingsTest, theSilentUpdateCheckIsSwitchedByTheKeyboard) {
