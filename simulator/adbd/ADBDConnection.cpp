@@ -23,6 +23,13 @@ Bytes bytesOf(const std::string& text) {
     return {data, data + text.size()};
 }
 
+std::uint32_t byteSum(ByteView bytes) {
+    std::uint32_t sum = 0;
+    for (const std::byte one : bytes)
+        sum += std::to_integer<std::uint32_t>(one);
+    return sum;
+}
+
 std::string textOf(ByteView bytes) {
     std::string text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
     return text.substr(0, text.find('\0'));
@@ -74,12 +81,20 @@ bool ADBDConnection::serveOne() {
     if (!readExactly(header.data(), header.size()))
         return false;
     auto message = ADBMessage::decodeHeader(header);
-    if (!message || message->dataLength > ADBConstants::maxPayloadV2)
+    if (!message || message->dataLength > largestOwnPayload())
         return false;
     message->payload.resize(message->dataLength);
     if (!readExactly(message->payload.data(), message->payload.size()))
         return false;
+    if (state_->config.isFirstVersion && message->dataCheck != byteSum(message->payload))
+        return false;
     return handle(*std::move(message));
+}
+
+/// What this phone takes in one message. The greeting of a host may be longer than it will be told.
+std::size_t ADBDConnection::largestOwnPayload() const {
+    return isGreeted_ && state_->config.isFirstVersion ? ADBConstants::maxPayloadV1
+                                                       : ADBConstants::maxPayloadV2;
 }
 
 bool ADBDConnection::handle(ADBMessage&& message) {
@@ -89,8 +104,10 @@ bool ADBDConnection::handle(ADBMessage&& message) {
     if (*command == ADBCommand::cnxn) {
         isGreeted_ = false;
         streams_.clear();
-        largestPayload_ =
-            std::clamp(message.arg1, ADBConstants::maxPayloadV1, ADBConstants::maxPayloadV2);
+        largestPayload_ = std::clamp(message.arg1, ADBConstants::maxPayloadV1,
+                                     static_cast<std::uint32_t>(state_->config.isFirstVersion
+                                                                    ? ADBConstants::maxPayloadV1
+                                                                    : ADBConstants::maxPayloadV2));
         return state_->config.asksForKeys ? askForSignature() : greet();
     }
     if (*command == ADBCommand::auth)
@@ -128,6 +145,9 @@ bool ADBDConnection::greet() {
          {std::pair(config.hasShellV2, ",shell_v2"), std::pair(config.hasStatV2, ",stat_v2"),
           std::pair(config.hasLsV2, ",ls_v2")})
         banner += has ? name : "";
+    if (config.isFirstVersion)
+        return send(ADBCommand::cnxn, ADBConstants::versionV1, ADBConstants::maxPayloadV1,
+                    bytesOf(banner));
     return send(ADBCommand::cnxn, ADBConstants::versionV2, ADBConstants::maxPayloadV2,
                 bytesOf(banner));
 }
@@ -203,6 +223,7 @@ bool ADBDConnection::send(ADBCommand command, std::uint32_t arg0, std::uint32_t 
                           Bytes payload) {
     Bytes content = std::move(payload);
     ADBMessage message(command, arg0, arg1, {}, true);
+    message.dataCheck = state_->config.isFirstVersion ? byteSum(content) : 0;
     message.dataLength = static_cast<std::uint32_t>(content.size());
     Bytes header = message.encode();
     std::array<iovec, 2> pieces{iovec{header.data(), header.size()},

@@ -33,6 +33,7 @@ private:
 
     [[nodiscard]] bool readExactly(std::byte* to, std::size_t count);
     [[nodiscard]] bool serveOne();
+    [[nodiscard]] std::size_t largestOwnPayload() const;
     [[nodiscard]] bool handle(ADBMessage&& message);
     [[nodiscard]] bool greet();
     [[nodiscard]] bool authenticate(const ADBMessage& message);

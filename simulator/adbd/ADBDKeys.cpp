@@ -11,7 +11,6 @@
 #include <openssl/param_build.h>
 #include <openssl/rand.h>
 #include <openssl/rsa.h>
-#include <openssl/x509.h>
 
 #include <algorithm>
 #include <memory>
@@ -52,9 +51,20 @@ PublicKey makeKey(ByteView modulus, std::uint32_t exponent) {
     return PublicKey(key);
 }
 
-Number numberOf(const EVP_PKEY* key, const char* which) {
-    BIGNUM* number = nullptr;
-    return EVP_PKEY_get_bn_param(key, which, &number) == 1 ? Number(number) : nullptr;
+/// Whether `inverse` is -1/n mod 2^32 and `square` is R^2 mod n, as a phone's verifier needs them.
+bool isConsistent(ByteView modulus, std::uint32_t inverse, ByteView square) {
+    const auto number = [](ByteView bytes) {
+        return Number(BN_lebin2bn(raw(bytes), static_cast<int>(bytes.size()), nullptr));
+    };
+    const Number n = number(modulus);
+    const Number claimed = number(square);
+    const Number expected(BN_new());
+    const std::unique_ptr<BN_CTX, FreeWith<BN_CTX_free>> context(BN_CTX_new());
+    const int squareBits = static_cast<int>(2 * 8 * modulusSize);
+    return readLittleEndian<std::uint32_t>(modulus, 0) * inverse == ~std::uint32_t{0} && n &&
+           claimed && expected && context && BN_set_bit(expected.get(), squareBits) == 1 &&
+           BN_mod(expected.get(), expected.get(), n.get(), context.get()) == 1 &&
+           BN_cmp(expected.get(), claimed.get()) == 0;
 }
 
 bool verifies(EVP_PKEY* key, ByteView token, ByteView signature) {
@@ -75,8 +85,6 @@ bool ADBDKeys::trust(ByteView publicKey) {
     const ByteView bytes(reinterpret_cast<const std::byte*>(decoded.constData()),
                          static_cast<std::size_t>(decoded.size()));
     auto key = fromADBForm(bytes);
-    if (!key)
-        key = fromPkcs1(bytes);
     if (!key || !makeKey(key->modulus, key->exponent))
         return false;
     keys_.push_back(*std::move(key));
@@ -87,23 +95,11 @@ std::optional<ADBDKeys::Key> ADBDKeys::fromADBForm(ByteView bytes) {
     if (bytes.size() != keySize || readLittleEndian<std::uint32_t>(bytes, 0) != modulusSize / 4)
         return std::nullopt;
     const ByteView modulus = bytes.subspan(8, modulusSize);
+    if (!isConsistent(modulus, readLittleEndian<std::uint32_t>(bytes, 4),
+                      bytes.subspan(8 + modulusSize, modulusSize)))
+        return std::nullopt;
     return Key{Bytes(modulus.begin(), modulus.end()),
                readLittleEndian<std::uint32_t>(bytes, keySize - 4)};
-}
-
-std::optional<ADBDKeys::Key> ADBDKeys::fromPkcs1(ByteView der) {
-    const unsigned char* at = raw(der);
-    const PublicKey key(d2i_PublicKey(EVP_PKEY_RSA, nullptr, &at, static_cast<long>(der.size())));
-    if (!key || EVP_PKEY_get_bits(key.get()) != static_cast<int>(8 * modulusSize))
-        return std::nullopt;
-    const Number n = numberOf(key.get(), OSSL_PKEY_PARAM_RSA_N);
-    const Number e = numberOf(key.get(), OSSL_PKEY_PARAM_RSA_E);
-    if (!n || !e || BN_num_bits(e.get()) > 32)
-        return std::nullopt;
-    Key found{Bytes(modulusSize), static_cast<std::uint32_t>(BN_get_word(e.get()))};
-    BN_bn2lebinpad(n.get(), reinterpret_cast<unsigned char*>(found.modulus.data()),
-                   static_cast<int>(modulusSize));
-    return found;
 }
 
 bool ADBDKeys::hasSigned(ByteView token, ByteView signature) const {

@@ -10,9 +10,9 @@ namespace tessary {
 
 /// The public keys of the computers that a virtual phone trusts.
 ///
-/// A key is base64, a blank and the computer's name. The base64 is what adb sends, { u32 words of
-/// the modulus, u32 -1/n mod 2^32, the modulus, R^2 mod n (both 256 bytes, little-endian), u32
-/// exponent }, or an RSAPublicKey of PKCS #1 in DER.
+/// A key is base64, a blank and the computer's name. The base64 is { u32 words of the modulus, u32
+/// -1/n mod 2^32, the modulus, R^2 mod n (both 256 bytes, little-endian), u32 exponent }; numbers
+/// that do not belong together are no key.
 class ADBDKeys {
 public:
     /// False for anything that is no 2048-bit key.
@@ -26,7 +26,6 @@ private:
         std::uint32_t exponent = 0;
     };
     [[nodiscard]] static std::optional<Key> fromADBForm(ByteView bytes);
-    [[nodiscard]] static std::optional<Key> fromPkcs1(ByteView der);
 
     std::vector<Key> keys_;
 };

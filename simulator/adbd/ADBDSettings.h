@@ -36,6 +36,7 @@ struct ADBDConfig {
     bool hasShellV2 = true;                    ///< else no exit status reaches the host
     bool hasStatV2 = true;                     ///< else sizes have 32 bits
     bool hasLsV2 = true;                       ///< the same in listings
+    bool isFirstVersion = false;               ///< of the wire: checksums, and small payloads
     int apiLevel = 33;                         ///< of Android
     std::set<QByteArray> missingCommands = {}; ///< that its shell does not know
     std::vector<ADBDCard> cards = {};

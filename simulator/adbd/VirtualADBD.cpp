@@ -106,13 +106,17 @@ void VirtualADBD::accept(const std::stop_token& stop) {
             continue;
         const int on = 1;
         ::setsockopt(socket.get(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
-        auto connection = std::make_shared<ADBDConnection>(state_, std::move(socket));
-        const std::scoped_lock lock(mutex_);
-        served_.push_back({connection, std::jthread([connection] {
-                               nameCurrentThread("adbd");
-                               connection->run();
-                           })});
+        serve(std::move(socket));
     }
+}
+
+void VirtualADBD::serve(FileHandle socket) {
+    auto connection = std::make_shared<ADBDConnection>(state_, std::move(socket));
+    const std::scoped_lock lock(mutex_);
+    served_.push_back({connection, std::jthread([connection] {
+                           nameCurrentThread("adbd");
+                           connection->run();
+                       })});
 }
 
 } // namespace tessary

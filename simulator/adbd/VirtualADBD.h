@@ -48,6 +48,9 @@ public:
     /// Cuts every connection, as a cable does that is pulled and put in again.
     void cut();
 
+    /// Serves a host at the other end of a connected socket, besides those that connect.
+    void serve(FileHandle socket);
+
     /// 0 before the first start().
     [[nodiscard]] std::uint16_t port() const {
         return port_;

@@ -81,7 +81,7 @@ TEST_F(ADBAuthManagerTest, keyOfTheADBToolSignsForItsPublicKeyAndForOurs) {
     ASSERT_TRUE(folder_.has(storedKey()));
     const Bytes signature = manager().sign(token);
     for (const Bytes& publicKey : {bytesOfFile(folder_.read(storedKey() + QStringLiteral(".pub"))),
-                                   manager().getPublicKeyPayload()}) {
+                                   manager().getPhonePublicKeyPayload()}) {
         ADBDKeys phone;
         ASSERT_TRUE(phone.trust(publicKey)) << textOf(publicKey).toStdString();
         EXPECT_TRUE(phone.hasSigned(token, signature));

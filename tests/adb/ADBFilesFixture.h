@@ -1,9 +1,14 @@
 #pragma once
 
+#include "adb/direct/ADBDirectConnection.h"
+#include "adb/direct/ADBTCPTransport.h"
+#include "adb/direct/ADBUSBTransport.h"
 #include "adb/files/ADBFileSystem.h"
 #include "adb/protocol/ADBError.h"
 #include "adb/server/ADBServerConnection.h"
 #include "base/threads/CancellationError.h"
+#include "platform/keys/FileKeyStore.h"
+#include "simulator/adbd/ADBDCable.h"
 #include "support/ADBFixture.h"
 
 #include <QFileInfo>
@@ -34,10 +39,12 @@ inline std::string codeOf(const std::function<void()>& call) {
 }
 
 /// How a phone's adbd is reached.
-enum class ADBWay { server };
+enum class ADBWay { server, network, cable };
+
+inline const auto allADBWays = testing::Values(ADBWay::server, ADBWay::network, ADBWay::cable);
 
 inline void PrintTo(ADBWay way, std::ostream* out) {
-    *out << (way == ADBWay::server ? "server" : "direct");
+    *out << (way == ADBWay::server ? "server" : way == ADBWay::network ? "network" : "cable");
 }
 
 /// One virtual phone and its files, by each of the ways to it.
@@ -46,8 +53,21 @@ protected:
     explicit ADBFilesFixture(ADBDConfig config = {}) : ADBPhone(std::move(config)) {}
 
     void SetUp() override {
-        connectPhone();
-        files_ = open();
+        if (GetParam() == ADBWay::server)
+            connectPhone();
+        cable_.plugInto(bus_, QStringLiteral("1-1"));
+        connection_ = connect();
+        files_ = std::make_unique<ADBFileSystem>(identity(), queue_, connection_);
+    }
+    /// Waits until the phone can be asked again after its link was lost.
+    [[nodiscard]] bool comesBack() {
+        if (GetParam() == ADBWay::server)
+            return reaches(QStringLiteral("device"));
+        if (GetParam() == ADBWay::cable) {
+            cable_.unplug();
+            cable_.plugInto(bus_, QStringLiteral("1-1"));
+        }
+        return true;
     }
     [[nodiscard]] PhoneIdentity identity() const {
         PhoneIdentity phone;
@@ -56,14 +76,26 @@ protected:
         phone.name = QStringLiteral("Pixel 7");
         return phone;
     }
-    [[nodiscard]] std::shared_ptr<ADBConnection> connection() const {
-        ADBServerAddress address;
-        address.port = server_.port();
-        return std::make_shared<ADBServerConnection>(std::make_shared<ADBServerClient>(address),
-                                                     ADBPhoneSought{serial(), {}});
-    }
-    [[nodiscard]] std::unique_ptr<ADBFileSystem> open() const {
-        return std::make_unique<ADBFileSystem>(identity(), queue_, connection());
+    [[nodiscard]] std::shared_ptr<ADBConnection>
+    connect(std::chrono::milliseconds trustPatience = 300ms) {
+        if (GetParam() == ADBWay::server) {
+            ADBServerAddress address;
+            address.port = server_.port();
+            return std::make_shared<ADBServerConnection>(std::make_shared<ADBServerClient>(address),
+                                                         ADBPhoneSought{serial(), {}});
+        }
+        const auto transport = [this](const Wait& wait) -> std::unique_ptr<ADBTransport> {
+            if (GetParam() == ADBWay::network)
+                return std::make_unique<ADBTCPTransport>(QStringLiteral("127.0.0.1"), adbd_->port(),
+                                                         wait);
+            return std::make_unique<ADBUSBTransport>(bus_, QStringLiteral("1-1"), QString());
+        };
+        return std::make_shared<ADBDirectConnection>(
+            transport,
+            std::make_shared<ADBAuthManager>(
+                std::make_unique<FileKeyStore>(keys_.path()),
+                ADBHostIdentity{QStringLiteral("ann"), QStringLiteral("desk")}),
+            std::function<QStringList()>(), trustPatience);
     }
 
     [[nodiscard]] FileItem item(const QString& path) {
@@ -109,6 +141,9 @@ protected:
         return namesIn(listAll(*files_, folder, {}));
     }
 
+    VirtualUSBBus bus_;
+    ADBDCable cable_{*adbd_, QStringLiteral("VIRTUAL")};
+    std::shared_ptr<ADBConnection> connection_;
     std::shared_ptr<PhoneQueue> queue_ = std::make_shared<PhoneQueue>();
     std::unique_ptr<ADBFileSystem> files_;
 };

@@ -49,6 +49,7 @@ ADBShellClient& ADBSession::shell(const std::stop_token& stop) {
 
 void ADBSession::close() {
     sync_.reset();
+    connection_->release();
 }
 
 std::optional<ADBFacts> ADBSession::facts(const QByteArray& path, bool follows,

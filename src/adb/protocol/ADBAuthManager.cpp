@@ -1,9 +1,12 @@
 #include "adb/protocol/ADBAuthManager.h"
 
 #include "base/values/FreeWith.h"
+#include "base/values/LittleEndian.h"
 #include "platform/desktop/HostInfo.h"
 
 #include <openssl/bio.h>
+#include <openssl/bn.h>
+#include <openssl/core_names.h>
 #include <openssl/err.h>
 #include <openssl/evp.h>
 #include <openssl/pem.h>
@@ -20,6 +23,7 @@ namespace {
 constexpr int keyBits = 2048;
 
 using Text = std::unique_ptr<BIO, FreeWith<BIO_free_all>>;
+using Number = std::unique_ptr<BIGNUM, FreeWith<BN_free>>;
 using Context = std::unique_ptr<EVP_PKEY_CTX, FreeWith<EVP_PKEY_CTX_free>>;
 
 /// What OpenSSL says of the failure that has just happened on this thread.
@@ -41,6 +45,19 @@ QByteArray pemOf(EVP_PKEY* key) {
     char* data = nullptr;
     const long size = BIO_get_mem_data(text.get(), &data);
     return {data, static_cast<qsizetype>(size)};
+}
+
+Number numberOf(const EVP_PKEY* key, const char* which) {
+    BIGNUM* number = nullptr;
+    return EVP_PKEY_get_bn_param(key, which, &number) == 1 ? Number(number) : nullptr;
+}
+
+/// Of an odd number, modulo 2^32: each step doubles the number of right bits, from three on.
+std::uint32_t inverse(std::uint32_t odd) {
+    std::uint32_t result = odd;
+    for (int bits = 3; bits < 32; bits *= 2)
+        result *= 2 - odd * result;
+    return result;
 }
 
 /// Null for anything that is no RSA key of this size. Asks nobody for a password.
@@ -118,8 +135,41 @@ Bytes ADBAuthManager::getPublicKeyPayload() {
     if (size <= 0)
         throw Error(ADBError::noPublicKey,
                     {QStringLiteral("Failed to export public key representation")});
+    return payloadOf(QByteArray(reinterpret_cast<const char*>(der.get()), size));
+}
+
+Bytes ADBAuthManager::getPhonePublicKeyPayload() {
+    constexpr int size = keyBits / 8;
+    constexpr std::uint32_t words = size / 4;
+    const PrivateKey key = getOrCreatePrivateKey();
+    const Number n = numberOf(key.get(), OSSL_PKEY_PARAM_RSA_N);
+    const Number e = numberOf(key.get(), OSSL_PKEY_PARAM_RSA_E);
+    const Number square(BN_new());
+    const std::unique_ptr<BN_CTX, FreeWith<BN_CTX_free>> context(BN_CTX_new());
+    Bytes modulus(size);
+    Bytes squareBytes(size);
+    const auto raw = [](Bytes& bytes) { return reinterpret_cast<unsigned char*>(bytes.data()); };
+    if (!n || !e || !square || !context || BN_num_bits(e.get()) > 32 ||
+        BN_set_bit(square.get(), 2 * keyBits) != 1 ||
+        BN_mod(square.get(), square.get(), n.get(), context.get()) != 1 ||
+        BN_bn2lebinpad(n.get(), raw(modulus), size) != size ||
+        BN_bn2lebinpad(square.get(), raw(squareBytes), size) != size)
+        throw Error(ADBError::noPublicKey,
+                    {QStringLiteral("Failed to export public key representation")});
+    Bytes form;
+    appendLittleEndian(form, words);
+    appendLittleEndian(form, ~inverse(readLittleEndian<std::uint32_t>(modulus, 0)) + 1);
+    form.insert(form.end(), modulus.begin(), modulus.end());
+    form.insert(form.end(), squareBytes.begin(), squareBytes.end());
+    appendLittleEndian(form, static_cast<std::uint32_t>(BN_get_word(e.get())));
+    return payloadOf(QByteArray(reinterpret_cast<const char*>(form.data()),
+                                static_cast<qsizetype>(form.size())));
+}
+
+/// base64 of a key, and whose it is.
+Bytes ADBAuthManager::payloadOf(const QByteArray& key) const {
     const QString host = identity_.host.isEmpty() ? QStringLiteral("macOS") : identity_.host;
-    QByteArray text = QByteArray(reinterpret_cast<const char*>(der.get()), size).toBase64();
+    QByteArray text = key.toBase64();
     text += ' ' + identity_.user.toUtf8() + '@' + host.toUtf8() + '\0';
     const auto* bytes = reinterpret_cast<const std::byte*>(text.constData());
     return {bytes, bytes + text.size()};

@@ -49,7 +49,14 @@ public:
     /// a blank, "<user>@<host>" and one NUL.
     [[nodiscard]] Bytes getPublicKeyPayload();
 
+    /// The same in the form that phones take: base64 of 524 bytes { u32 words of the modulus (64),
+    /// u32 -1/n mod 2^32, the modulus n, R^2 mod n with R = 2^2048 (256 bytes each), u32 exponent
+    /// }, all little-endian.
+    [[nodiscard]] Bytes getPhonePublicKeyPayload();
+
 private:
+    [[nodiscard]] Bytes payloadOf(const QByteArray& key) const;
+
     const std::unique_ptr<KeyStore> store_;
     const ADBHostIdentity identity_;
 };

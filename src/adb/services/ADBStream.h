@@ -38,6 +38,8 @@ public:
                                                           const Wait& wait) = 0;
     /// What the phone, and this way to it, can do ("stat_v2", "ls_v2", "shell_v2").
     [[nodiscard]] virtual QByteArrayList features(const Wait& wait) = 0;
+    /// Nothing is asked for a while: what this way holds may be given up until the next call.
+    virtual void release() {}
     /// The programs that keep this one from the phone right now; never throws.
     [[nodiscard]] virtual QStringList programsHolding() {
         return {};

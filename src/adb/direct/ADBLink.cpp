@@ -1,0 +1,343 @@
+#include "adb/direct/ADBLink.h"
+
+#include "adb/protocol/ADBError.h"
+#include "base/threads/CancellationError.h"
+#include "base/threads/ThreadName.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace tessary {
+
+namespace {
+
+/// So much of a stream may lie unread before the phone has to wait.
+constexpr std::size_t mostUnread = std::size_t{2} << 20;
+/// More messages than this wait only for a phone that asks and never listens.
+constexpr std::size_t longestOutbox = 4096;
+
+Bytes bytesOf(std::string_view text) {
+    const auto* data = reinterpret_cast<const std::byte*>(text.data());
+    return {data, data + text.size()};
+}
+
+QByteArray textOf(const Bytes& bytes) {
+    return {reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size())};
+}
+
+/// "device::name=value;…;features=a,b".
+QByteArrayList featuresIn(const QByteArray& banner) {
+    const QByteArray sign = "features=";
+    for (const QByteArray& word : banner.mid(banner.indexOf("::") + 2).split(';'))
+        if (word.startsWith(sign))
+            return word.mid(sign.size()).split(',');
+    return {};
+}
+
+bool isIntact(const ADBMessage& message) {
+    const auto sum = std::accumulate(message.payload.begin(), message.payload.end(),
+                                     std::uint32_t{0}, [](std::uint32_t before, std::byte one) {
+                                         return before + std::to_integer<std::uint32_t>(one);
+                                     });
+    return sum == message.dataCheck;
+}
+
+} // namespace
+
+/// A stream as its user sees it.
+class ADBLink::Stream final : public ADBStream {
+public:
+    explicit Stream(std::shared_ptr<ADBLink> link) : link_(std::move(link)) {}
+    ~Stream() override {
+        link_->close(channel_);
+    }
+    Stream(const Stream&) = delete;
+    Stream& operator=(const Stream&) = delete;
+
+    std::size_t read(std::span<std::byte> to, const Wait& wait) override {
+        return link_->read(channel_, to, wait);
+    }
+    void write(ByteView bytes, const Wait& wait) override {
+        link_->write(channel_, bytes, wait);
+    }
+    [[nodiscard]] bool hasInput() const override {
+        return link_->hasInput(channel_);
+    }
+    [[nodiscard]] Channel& channel() {
+        return channel_;
+    }
+
+private:
+    const std::shared_ptr<ADBLink> link_;
+    Channel channel_;
+};
+
+ADBLink::ADBLink(std::unique_ptr<ADBTransport> transport, std::shared_ptr<ADBAuthManager> keys)
+    : transport_(std::move(transport)), keys_(std::move(keys)) {
+    send(ADBCommand::cnxn, ADBConstants::versionV2, ADBConstants::maxPayloadV2,
+         bytesOf(ADBConstants::defaultHostFeatures));
+    writer_ = std::jthread([this] { writeAll(); });
+    reader_ = std::jthread([this] { readAll(); });
+}
+
+ADBLink::~ADBLink() {
+    lose(Error(ADBError::brokenOff));
+}
+
+void ADBLink::lose(const Error& error) {
+    {
+        const std::scoped_lock lock(mutex_);
+        if (state_ != State::lost)
+            lostBy_ = error;
+        state_ = State::lost;
+        outbox_.clear();
+    }
+    transport_->close();
+    changed_.notify_all();
+}
+
+void ADBLink::throwLost() const {
+    throw Error(lostBy_->code(), lostBy_->arguments(), *lostBy_);
+}
+
+/// Waits until the link is lost, which is an error, or `ready()`.
+template <typename Ready>
+void ADBLink::await(std::unique_lock<std::mutex>& lock, const Wait& wait, Ready ready) {
+    const bool isOver = changed_.wait_for(lock, wait.stop, wait.silence,
+                                          [&] { return state_ == State::lost || ready(); });
+    throwIfStopped(wait.stop);
+    if (!isOver)
+        throw Error(ADBError::timedOut);
+    if (!ready())
+        throwLost();
+}
+
+void ADBLink::awaitReady(const Wait& wait, std::chrono::milliseconds trustPatience) {
+    std::unique_lock lock(mutex_);
+    await(lock, wait, [this] { return state_ == State::ready || state_ == State::asking; });
+    const auto isReady = [this] { return state_ == State::ready || state_ == State::lost; };
+    const bool isOver = changed_.wait_for(lock, wait.stop, trustPatience, isReady);
+    throwIfStopped(wait.stop);
+    if (!isOver)
+        throw Error(ADBError::unauthorized);
+    if (state_ == State::lost)
+        throwLost();
+}
+
+bool ADBLink::awaitsTrust() const {
+    const std::scoped_lock lock(mutex_);
+    return state_ == State::asking;
+}
+
+bool ADBLink::isLost() const {
+    const std::scoped_lock lock(mutex_);
+    return state_ == State::lost;
+}
+
+bool ADBLink::hasStreams() const {
+    const std::scoped_lock lock(mutex_);
+    return !channels_.empty();
+}
+
+QByteArrayList ADBLink::features() const {
+    const std::scoped_lock lock(mutex_);
+    return features_;
+}
+
+void ADBLink::readAll() {
+    nameCurrentThread("adb-read");
+    try {
+        for (;;)
+            handle(transport_->read());
+    } catch (const Error& error) {
+        lose(error);
+    }
+}
+
+void ADBLink::writeAll() {
+    nameCurrentThread("adb-write");
+    try {
+        for (;;) {
+            std::unique_lock lock(mutex_);
+            changed_.wait(lock, [this] { return state_ == State::lost || !outbox_.empty(); });
+            if (state_ == State::lost)
+                return;
+            const ADBMessage message = std::move(outbox_.front());
+            outbox_.pop_front();
+            lock.unlock();
+            transport_->write(message);
+        }
+    } catch (const Error& error) {
+        lose(error);
+    }
+}
+
+/// Called with the mutex held, or before the threads run.
+void ADBLink::send(ADBCommand command, std::uint32_t arg0, std::uint32_t arg1, Bytes payload) {
+    if (state_ == State::lost)
+        return;
+    if (outbox_.size() >= longestOutbox)
+        throw Error(ADBError::nonsense, {QStringLiteral("a phone that does not listen")});
+    outbox_.emplace_back(command, arg0, arg1, std::move(payload), !hasChecksums_);
+    changed_.notify_all();
+}
+
+void ADBLink::handle(ADBMessage&& message) {
+    const auto command = adbCommandFromRawValue(message.command);
+    if (command == ADBCommand::auth)
+        return authenticate(message); // takes its time
+    const std::scoped_lock lock(mutex_);
+    if (!command)
+        throw Error(ADBError::nonsense, {QStringLiteral("an unknown command")});
+    if (hasChecksums_ && state_ == State::ready && !isIntact(message))
+        throw Error(ADBError::nonsense, {QStringLiteral("a message's checksum")});
+    if (state_ == State::ready)
+        handleStream(std::move(message), *command);
+    else
+        handleGreeting(message, *command);
+}
+
+/// Until the phone has let us in, what it says may still belong to an earlier connection.
+void ADBLink::handleGreeting(const ADBMessage& message, ADBCommand command) {
+    if (command == ADBCommand::cnxn)
+        beReady(message);
+    else if (command == ADBCommand::stls)
+        throw Error(ADBError::refused, {QStringLiteral("host::"), QStringLiteral("TLS is wanted")});
+}
+
+void ADBLink::beReady(const ADBMessage& message) {
+    const QByteArray banner = textOf(message.payload);
+    if (!banner.startsWith("device"))
+        throw Error(ADBError::offline, {QString::fromUtf8(banner.left(banner.indexOf(':')))});
+    hasChecksums_ = message.arg0 < ADBConstants::versionV2;
+    largestPayload_ = std::clamp<std::size_t>(message.arg1, ADBConstants::maxPayloadV1,
+                                              ADBConstants::maxPayloadV2);
+    features_ = featuresIn(banner.split('\0').first());
+    state_ = State::ready;
+    changed_.notify_all();
+}
+
+/// The first token is signed; one more means that the phone does not know the key.
+void ADBLink::authenticate(const ADBMessage& message) {
+    if (message.arg0 != ADBConstants::authTypeToken)
+        return;
+    const bool signs = [&] {
+        const std::scoped_lock lock(mutex_);
+        return !std::exchange(hasSigned_, true);
+    }();
+    Bytes answer = signs ? keys_->sign(message.payload) : keys_->getPhonePublicKeyPayload();
+    const std::scoped_lock lock(mutex_);
+    if (state_ != State::greeting)
+        return;
+    if (!signs) {
+        state_ = State::asking;
+        changed_.notify_all();
+    }
+    send(ADBCommand::auth,
+         signs ? ADBConstants::authTypeSignature : ADBConstants::authTypeRSAPublicKey, 0,
+         std::move(answer));
+}
+
+void ADBLink::handleStream(ADBMessage&& message, ADBCommand command) {
+    if (command == ADBCommand::cnxn || command == ADBCommand::stls)
+        throw Error(ADBError::brokenOff, {QStringLiteral("the phone has begun anew")});
+    if (command == ADBCommand::open)
+        return send(ADBCommand::clse, 0, message.arg0); // nothing here is served
+    const auto found = channels_.find(message.arg1);
+    if (found == channels_.end())
+        return; // of a stream that we have just closed
+    Channel& channel = *found->second;
+    const bool isNew = channel.remoteID == 0;
+    if (command != ADBCommand::clse && (isNew ? message.arg0 == 0 || command != ADBCommand::okay
+                                              : message.arg0 != channel.remoteID))
+        throw Error(ADBError::nonsense, {QStringLiteral("a stream's id")});
+    switch (command) {
+    case ADBCommand::okay:
+        channel.remoteID = message.arg0;
+        channel.mayWrite = true;
+        break;
+    case ADBCommand::wrte:
+        if (channel.owesOkay)
+            throw Error(ADBError::nonsense, {QStringLiteral("a phone that does not wait")});
+        channel.bytes += message.payload.size();
+        if (!message.payload.empty())
+            channel.pieces.push_back(std::move(message.payload));
+        channel.owesOkay = channel.bytes > mostUnread;
+        if (!channel.owesOkay)
+            send(ADBCommand::okay, channel.localID, channel.remoteID);
+        break;
+    default:
+        channel.hasEnded = true;
+    }
+    changed_.notify_all();
+}
+
+std::unique_ptr<ADBStream> ADBLink::open(const QByteArray& service, const Wait& wait) {
+    auto stream = std::make_unique<Stream>(shared_from_this()); // goes after the lock
+    Channel& channel = stream->channel();
+    std::unique_lock lock(mutex_);
+    if (state_ == State::lost)
+        throwLost();
+    if (static_cast<std::size_t>(service.size()) >= largestPayload_)
+        throw Error(ADBError::refused, {QString::fromUtf8(service.left(service.indexOf(':'))),
+                                        QStringLiteral("the request is too long")});
+    channel.localID = ++lastID_;
+    channels_.emplace(channel.localID, &channel);
+    send(ADBCommand::open, channel.localID, 0,
+         bytesOf({service.constData(), static_cast<std::size_t>(service.size()) + 1}));
+    await(lock, wait, [&] { return channel.remoteID != 0 || channel.hasEnded; });
+    if (channel.remoteID == 0)
+        throw Error(ADBError::refused, {QString::fromUtf8(service), QStringLiteral("closed")});
+    return stream;
+}
+
+std::size_t ADBLink::read(Channel& channel, std::span<std::byte> to, const Wait& wait) {
+    std::unique_lock lock(mutex_);
+    await(lock, wait, [&] { return !channel.pieces.empty() || channel.hasEnded; });
+    std::size_t filled = 0;
+    while (filled < to.size() && !channel.pieces.empty()) {
+        const Bytes& piece = channel.pieces.front();
+        const std::size_t count = std::min(to.size() - filled, piece.size() - channel.at);
+        std::copy_n(piece.begin() + static_cast<std::ptrdiff_t>(channel.at), count,
+                    to.begin() + static_cast<std::ptrdiff_t>(filled));
+        filled += count;
+        channel.at += count;
+        if (channel.at == piece.size()) {
+            channel.pieces.pop_front();
+            channel.at = 0;
+        }
+    }
+    channel.bytes -= filled;
+    if (channel.owesOkay && channel.bytes <= mostUnread) {
+        channel.owesOkay = false;
+        send(ADBCommand::okay, channel.localID, channel.remoteID);
+    }
+    return filled;
+}
+
+void ADBLink::write(Channel& channel, ByteView bytes, const Wait& wait) {
+    std::unique_lock lock(mutex_);
+    while (!bytes.empty()) {
+        await(lock, wait, [&] { return channel.mayWrite || channel.hasEnded; });
+        if (channel.hasEnded)
+            throw Error(ADBError::brokenOff);
+        const ByteView piece = bytes.first(std::min(bytes.size(), largestPayload_));
+        channel.mayWrite = false;
+        send(ADBCommand::wrte, channel.localID, channel.remoteID, {piece.begin(), piece.end()});
+        bytes = bytes.subspan(piece.size());
+    }
+}
+
+bool ADBLink::hasInput(const Channel& channel) const {
+    const std::scoped_lock lock(mutex_);
+    return !channel.pieces.empty() || channel.hasEnded || state_ == State::lost;
+}
+
+void ADBLink::close(Channel& channel) {
+    const std::scoped_lock lock(mutex_);
+    channels_.erase(channel.localID);
+    if (!channel.hasEnded && channel.remoteID != 0 && outbox_.size() < longestOutbox)
+        send(ADBCommand::clse, channel.localID, channel.remoteID);
+}
+
+} // namespace tessary

@@ -1,0 +1,295 @@
+#include "adb/direct/ADBLink.h"
+
+#include "adb/ADBFilesFixture.h"
+
+#include <condition_variable>
+#include <deque>
+
+namespace tessary {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+Bytes bytesOf(const QByteArray& text) {
+    const auto* data = reinterpret_cast<const std::byte*>(text.constData());
+    return {data, data + text.size()};
+}
+
+/// A phone that says what a test tells it to, and nothing else.
+class ScriptedTransport final : public ADBTransport {
+public:
+    struct State {
+        std::mutex mutex;
+        std::condition_variable changed;
+        std::deque<ADBMessage> toHost;
+        std::vector<ADBMessage> fromHost;
+        bool isClosed = false;
+    };
+    explicit ScriptedTransport(std::shared_ptr<State> state) : state_(std::move(state)) {}
+
+    ADBMessage read() override {
+        std::unique_lock lock(state_->mutex);
+        state_->changed.wait(lock, [&] { return state_->isClosed || !state_->toHost.empty(); });
+        if (state_->toHost.empty())
+            throw Error(ADBError::brokenOff);
+        ADBMessage message = std::move(state_->toHost.front());
+        state_->toHost.pop_front();
+        return message;
+    }
+    void write(const ADBMessage& message) override {
+        const std::scoped_lock lock(state_->mutex);
+        state_->fromHost.push_back(message);
+        state_->changed.notify_all();
+    }
+    void close() override {
+        const std::scoped_lock lock(state_->mutex);
+        state_->isClosed = true;
+        state_->changed.notify_all();
+    }
+
+private:
+    const std::shared_ptr<State> state_;
+};
+
+class ADBLinkTest : public testing::Test {
+protected:
+    void say(ADBCommand command, std::uint32_t arg0, std::uint32_t arg1,
+             const QByteArray& payload = {}, bool skipChecksum = true) {
+        const std::scoped_lock lock(phone_->mutex);
+        phone_->toHost.emplace_back(command, arg0, arg1, bytesOf(payload), skipChecksum);
+        phone_->changed.notify_all();
+    }
+    void greet(std::uint32_t version = ADBConstants::versionV2,
+               std::uint32_t largest = ADBConstants::maxPayloadV2,
+               const QByteArray& banner = "device::ro.x=y;features=shell_v2,stat_v2") {
+        say(ADBCommand::cnxn, version, largest, banner, false);
+    }
+    /// Waits until the host has said `count` things, and returns the last of them.
+    ADBMessage heard(std::size_t count) {
+        std::unique_lock lock(phone_->mutex);
+        EXPECT_TRUE(phone_->changed.wait_for(lock, 5s, [&] {
+            return phone_->fromHost.size() >= count;
+        })) << phone_->fromHost.size();
+        return phone_->fromHost.size() < count ? ADBMessage() : phone_->fromHost[count - 1];
+    }
+    [[nodiscard]] std::string codeOfReady() {
+        return codeOf([&] { link_->awaitReady({{}, 5s}, 100ms); });
+    }
+    /// A stream of local id 1 to the phone's 7.
+    std::unique_ptr<ADBStream> openStream() {
+        greet();
+        link_->awaitReady({{}, 5s}, 100ms);
+        return answered(2, ADBCommand::okay, 7, 1);
+    }
+    /// Opens a stream, which the phone answers once it has heard of it.
+    std::unique_ptr<ADBStream> answered(std::size_t asked, ADBCommand command, std::uint32_t arg0,
+                                        std::uint32_t arg1) {
+        const std::jthread phone([=, this] {
+            (void)heard(asked);
+            say(command, arg0, arg1);
+        });
+        return link_->open("sync:", {{}, 5s});
+    }
+    static std::string codeOfRead(ADBStream& stream) {
+        return codeOf([&] {
+            Bytes bytes(100);
+            while (stream.read(bytes, {{}, 5s}) > 0) {
+            }
+        });
+    }
+
+    const TemporaryFolder keys_;
+    std::shared_ptr<ScriptedTransport::State> phone_ = std::make_shared<ScriptedTransport::State>();
+    std::shared_ptr<ADBLink> link_ = std::make_shared<ADBLink>(
+        std::make_unique<ScriptedTransport>(phone_),
+        std::make_shared<ADBAuthManager>(std::make_unique<FileKeyStore>(keys_.path()),
+                                         ADBHostIdentity{u"ann"_s, u"desk"_s}));
+};
+
+TEST_F(ADBLinkTest, greetingTellsVersionAndIsSentWithItsChecksum) {
+    const ADBMessage greeting = heard(1);
+    EXPECT_EQ(greeting, ADBMessage(ADBCommand::cnxn, 0x01000001, 1048576, greeting.payload));
+    EXPECT_EQ(greeting.payload, bytesOf(QByteArray(ADBConstants::defaultHostFeatures.data(),
+                                                   ADBConstants::defaultHostFeatures.size())));
+    say(ADBCommand::wrte, 3, 1, "of an earlier connection");
+    greet();
+    EXPECT_EQ(codeOfReady(), "nothing");
+    EXPECT_EQ(link_->features(), (QByteArrayList{"shell_v2", "stat_v2"}));
+}
+
+TEST_F(ADBLinkTest, phoneOfTheFirstVersionGetsChecksumsAndSmallPieces) {
+    greet(ADBConstants::versionV1, ADBConstants::maxPayloadV1, "device::\0");
+    ASSERT_EQ(codeOfReady(), "nothing");
+    EXPECT_EQ(link_->features(), QByteArrayList());
+    const auto stream = answered(2, ADBCommand::okay, 7, 1);
+    EXPECT_EQ(heard(2), ADBMessage(ADBCommand::open, 1, 0, bytesOf(QByteArray("sync:\0", 6))));
+    std::jthread writer([&] { stream->write(Bytes(5000, std::byte{1}), {{}, 5s}); });
+    EXPECT_EQ(heard(3), ADBMessage(ADBCommand::wrte, 1, 7, Bytes(4096, std::byte{1})));
+    say(ADBCommand::okay, 7, 1);
+    EXPECT_EQ(heard(4), ADBMessage(ADBCommand::wrte, 1, 7, Bytes(904, std::byte{1})));
+    say(ADBCommand::wrte, 7, 1, "sum is missing");
+    EXPECT_EQ(codeOfRead(*stream), "nonsense");
+}
+
+TEST_F(ADBLinkTest, phoneThatIsNoDeviceOrWantsTLSIsAnError) {
+    greet(ADBConstants::versionV2, ADBConstants::maxPayloadV2, "recovery::");
+    EXPECT_EQ(codeOfReady(), "offline");
+}
+
+TEST_F(ADBLinkTest, wishForTLSIsAnError) {
+    say(ADBCommand::stls, ADBConstants::versionV2, 0);
+    EXPECT_EQ(codeOfReady(), "refused");
+}
+
+TEST_F(ADBLinkTest, unknownComputerSignsThenShowsItsKeyThenWaits) {
+    const QByteArray token(20, 't');
+    say(ADBCommand::auth, ADBConstants::authTypeToken, 0, token);
+    EXPECT_EQ(heard(2).arg0, ADBConstants::authTypeSignature);
+    EXPECT_EQ(heard(2).payload.size(), 256U);
+    say(ADBCommand::auth, ADBConstants::authTypeToken, 0, token);
+    EXPECT_EQ(heard(3).arg0, ADBConstants::authTypeRSAPublicKey);
+    EXPECT_EQ(heard(3).payload.size(), 700U + 10U) << "524 bytes in base64, and whose it is";
+    EXPECT_EQ(codeOfReady(), "unauthorized");
+    EXPECT_TRUE(link_->awaitsTrust());
+    greet(); // the person has allowed it
+    EXPECT_EQ(codeOfReady(), "nothing");
+}
+
+TEST_F(ADBLinkTest, pieceIsAcknowledgedOnceThereIsRoom) {
+    const auto stream = openStream();
+    const QByteArray piece(1'000'000, 'x');
+    for (int n = 0; n < 3; ++n)
+        say(ADBCommand::wrte, 7, 1, piece);
+    EXPECT_EQ(heard(4), ADBMessage(ADBCommand::okay, 1, 7, {}, true)) << "two fit";
+    Bytes bytes(1'500'000);
+    std::size_t got = 0;
+    while (got < bytes.size())
+        got += stream->read(std::span(bytes).subspan(got), {{}, 5s});
+    EXPECT_EQ(heard(5), ADBMessage(ADBCommand::okay, 1, 7, {}, true)) << "the third, late";
+    say(ADBCommand::clse, 7, 1);
+    EXPECT_EQ(codeOfRead(*stream), "nothing") << "what arrived is read to its end";
+}
+
+TEST_F(ADBLinkTest, phoneThatBreaksTheRulesIsLostAtOnce) {
+    struct Row {
+        const char* what;
+        std::vector<ADBMessage> said;
+    };
+    const Bytes much(1'048'576, std::byte{1});
+    const Row rows[] = {
+        {"does not wait for its credit",
+         std::vector(4, ADBMessage(ADBCommand::wrte, 7, 1, much, true))},
+        {"takes another id", {ADBMessage(ADBCommand::wrte, 8, 1, {}, true)}},
+        {"acknowledges by another id", {ADBMessage(ADBCommand::okay, 8, 1, {}, true)}},
+        {"says an unknown word", {ADBMessage(1, 2, 3, 0, 0, ~1U, {})}},
+        {"greets again", {ADBMessage(ADBCommand::cnxn, 1, 4096, {}, true)}},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.what);
+        phone_ = std::make_shared<ScriptedTransport::State>();
+        link_ = std::make_shared<ADBLink>(std::make_unique<ScriptedTransport>(phone_), nullptr);
+        const auto stream = openStream();
+        for (const ADBMessage& message : row.said) {
+            const std::scoped_lock lock(phone_->mutex);
+            phone_->toHost.push_back(message);
+        }
+        phone_->changed.notify_all();
+        const auto end = std::chrono::steady_clock::now() + 5s;
+        while (!link_->isLost() && std::chrono::steady_clock::now() < end)
+            std::this_thread::sleep_for(1ms);
+        EXPECT_TRUE(link_->isLost());
+        EXPECT_EQ(codeOf([&] {
+                      (void)link_->open("sync:", {{}, 5s});
+                  }),
+                  std::string(row.what) == "greets again" ? "brokenOff" : "nonsense");
+    }
+}
+
+TEST_F(ADBLinkTest, whatPhonesSayToNobodyIsIgnoredOrRefused) {
+    const auto stream = openStream();
+    say(ADBCommand::wrte, 9, 42, "x");
+    say(ADBCommand::okay, 9, 42);
+    say(ADBCommand::clse, 9, 42);
+    say(ADBCommand::open, 5, 0, "tcp:80");
+    EXPECT_EQ(heard(3), ADBMessage(ADBCommand::clse, 0, 5, {}, true));
+    say(ADBCommand::wrte, 7, 1, "hello");
+    Bytes bytes(5);
+    EXPECT_EQ(stream->read(bytes, {{}, 5s}), 5U);
+    EXPECT_EQ(bytes, bytesOf("hello"));
+}
+
+TEST_F(ADBLinkTest, refusalSilenceAndStopAreToldApart) {
+    greet();
+    ASSERT_EQ(codeOfReady(), "nothing");
+    EXPECT_EQ(codeOf([&] { (void)link_->open("sync:", {{}, 50ms}); }), "timedOut");
+    EXPECT_EQ(codeOf([&] { (void)answered(3, ADBCommand::clse, 0, 2); }), "refused");
+    std::stop_source stop;
+    stop.request_stop();
+    EXPECT_EQ(codeOf([&] { (void)link_->open("sync:", {stop.get_token(), 5s}); }), "cancelled");
+    EXPECT_FALSE(link_->hasStreams());
+    EXPECT_FALSE(link_->isLost());
+}
+
+/// A virtual phone that has never seen this computer, and the real way there.
+struct TrustTest : ADBFilesFixture {
+    TrustTest() : ADBFilesFixture({.folder = {}, .asksForKeys = true}) {}
+};
+
+TEST_P(TrustTest, phoneIsAskedOnceAndKnowsTheKeyFromThenOn) {
+    adbd_->setAllowsUnknownKeys(false);
+    EXPECT_EQ(codeOf([&] { (void)listed(u"/"_s); }), "notTrusted");
+    connection_->release();
+    adbd_->setAllowsUnknownKeys(true);
+    EXPECT_EQ(codeOf([&] { (void)listed(u"/"_s); }), "nothing");
+    adbd_->setAllowsUnknownKeys(false);
+    files_.reset();
+    connection_ = connect();
+    EXPECT_TRUE(connection_->features({{}, 5s}).contains("ls_v2")) << "by its signature alone";
+}
+
+INSTANTIATE_TEST_SUITE_P(Ways, TrustTest, testing::Values(ADBWay::network, ADBWay::cable),
+                         testing::PrintToStringParamName());
+
+/// A phone whose wire is the first version, strict about checksums and sizes.
+struct FirstVersionTest : ADBFilesFixture {
+    FirstVersionTest() : ADBFilesFixture({.folder = {}, .isFirstVersion = true}) {}
+};
+
+TEST_P(FirstVersionTest, filesTravelInSmallPieces) {
+    const QByteArray bytes = manyBytes(300'000);
+    EXPECT_EQ(readAll(write(u"/"_s, u"x"_s, bytes)), bytes);
+}
+
+INSTANTIATE_TEST_SUITE_P(Ways, FirstVersionTest, allADBWays, testing::PrintToStringParamName());
+
+struct USBPhoneTest : ADBFilesFixture {};
+
+TEST_P(USBPhoneTest, whyThePhoneCannotBeOpenedIsTold) {
+    const auto openWith = [&](USBCode device, USBCode interface) {
+        bus_.setOpenFaults(u"1-1"_s, {.deviceOpen = device, .interfaceOpen = interface});
+        connection_->release();
+        return codeOf([&] { (void)listed(u"/"_s); });
+    };
+    EXPECT_EQ(openWith(usb::success, usb::exclusiveAccess), "held");
+    EXPECT_EQ(openWith(usb::notPermitted, usb::success), "notPermitted");
+    EXPECT_EQ(openWith(usb::success, usb::success), "nothing");
+    EXPECT_EQ(codeOf([&] { ADBUSBTransport(bus_, u"1-1"_s, {}); }), "held") << "by this program";
+    bus_.setProgramsHolding(u"1-1"_s, {u"adb"_s});
+    try {
+        ADBUSBTransport(bus_, {}, u"VIRTUAL"_s);
+        FAIL() << "opened";
+    } catch (const Error& error) {
+        EXPECT_EQ(error.arguments().value(0), u"adb"_s);
+    }
+    connection_->release();
+    cable_.unplug();
+    EXPECT_EQ(codeOf([&] { ADBUSBTransport(bus_, u"1-1"_s, u"VIRTUAL"_s); }), "notFound");
+}
+
+INSTANTIATE_TEST_SUITE_P(Ways, USBPhoneTest, testing::Values(ADBWay::cable),
+                         testing::PrintToStringParamName());
+
+} // namespace
+
+} // namespace tessary
