@@ -50,6 +50,7 @@ const std::map<std::string, std::vector<std::string>> arrows = {
     {"transfer", {"mtp/protocol", "phone", "platform/mount", "transfer/queue"}},
     {"transfer/copy", {"base/log", "phone"}},
     {"transfer/local", {"phone"}},
+    {"transfer/mount", {"base/log", "phone", "platform/mount"}},
     {"transfer/queue", {"transfer/copy"}},
     {"transfer/staging", {"transfer/copy", "transfer/local"}},
     {"devices/files", {"adb/files", "adb/server", "adb/tool", "ios/files", "mtp/files", "transfer"}},

@@ -1,6 +1,7 @@
 #include "base/local/FileHandle.h"
 #include "base/log/DiagnosticsLogger.h"
 #include "base/threads/ThreadName.h"
+#include "base/values/Bytes.h"
 #include "base/values/FreeWith.h"
 #include "platform/mount/FileMount.h"
 
@@ -15,10 +16,11 @@
 #include <unistd.h>
 
 #include <array>
-#include <atomic>
 #include <cerrno>
+#include <condition_variable>
 #include <cstdlib>
 #include <cstring>
+#include <deque>
 #include <map>
 #include <mutex>
 #include <system_error>
@@ -124,6 +126,9 @@ fuse_operations operations() {
             if ((info->flags & O_ACCMODE) != O_RDONLY)
                 return -EROFS;
             info->fh = shown().open(QFile::decodeName(path));
+            // Else every opening would drop what is cached of the file, and wait for what others
+            // read of it at the time, even once killed. What has another size or date is dropped.
+            info->keep_cache = 1;
             return 0;
         });
     };
@@ -147,84 +152,116 @@ fuse_operations operations() {
 using FuseHandle = std::unique_ptr<fuse, FreeWith<fuse_destroy>>;
 
 /// Answers on threads of its own, so that its end needs no request to wake them: one that this
-/// program sent to itself would keep it from ending when it is killed meanwhile.
+/// program sent to itself would keep it from ending when it is killed meanwhile. One thread takes
+/// requests in, whatever the others wait for: the word that a reader was killed is one of them.
 class FuseMount final : public FileMount {
 public:
     /// `fuse` is mounted; `end` is an event descriptor.
     FuseMount(std::unique_ptr<Shown> shown, FuseHandle fuse, FileHandle end)
         : shown_(std::move(shown)),
           fuse_(std::move(fuse)),
-          requests_(fuse_session_fd(fuse_get_session(fuse_.get()))),
+          session_(fuse_get_session(fuse_.get())),
+          requests_(fuse_session_fd(session_)),
           end_(std::move(end)) {
         // A request that was announced may be taken back before it is read.
         fcntl(requests_, F_SETFL, fcntl(requests_, F_GETFL) | O_NONBLOCK);
-        const std::scoped_lock turn(receiving_);
-        threads_.emplace_back([this] { serve(); });
+        receiver_ = std::jthread([this] { receive(); });
     }
     FuseMount(const FuseMount&) = delete;
     FuseMount& operator=(const FuseMount&) = delete;
 
     ~FuseMount() override {
         eventfd_write(end_.get(), 1);
-        std::vector<std::jthread> ended;
-        {
-            const std::scoped_lock turn(receiving_);
-            ended.swap(threads_);
-        }
-        ended.clear();
+        receiver_.join();
+        for (std::jthread& thread : threads_)
+            thread.request_stop();
+        threads_.clear();
         fuse_unmount(fuse_.get());
     }
 
 private:
     /// As many requests can wait for phones before others have to wait for them.
     static constexpr std::size_t mostThreads = 32;
+    static constexpr std::uint32_t interruptRequest = 36; ///< in the kernel's protocol
 
-    void serve() {
+    void receive() {
         nameCurrentThread("tessary-mount");
-        fuse_session* const session = fuse_get_session(fuse_.get());
         fuse_buf request{};
-        while (receive(session, request)) {
-            fuse_session_process_buf(session, &request);
-            --busy_;
+        while (isAnnounced()) {
+            const int received = fuse_session_receive_buf(session_, &request);
+            if (received == -EAGAIN || received == -EINTR)
+                continue;
+            if (received <= 0)
+                break; // somebody else unmounted it
+            if ((request.flags & FUSE_BUF_IS_FD) != 0 || isInterrupt(request))
+                fuse_session_process_buf(session_, &request);
+            else
+                handOut(request);
         }
         std::free(request.mem);
     }
-
-    /// Waits for the next request, one thread at a time. False at the end.
-    bool receive(fuse_session* session, fuse_buf& request) {
-        const std::scoped_lock turn(receiving_);
-        while (true) {
-            std::array sources{pollfd{requests_, POLLIN, 0}, pollfd{end_.get(), POLLIN, 0}};
-            if (poll(sources.data(), sources.size(), -1) < 0 && errno != EINTR)
+    /// Waits for a request; false at the end.
+    [[nodiscard]] bool isAnnounced() const {
+        std::array sources{pollfd{requests_, POLLIN, 0}, pollfd{end_.get(), POLLIN, 0}};
+        while (poll(sources.data(), sources.size(), -1) < 0)
+            if (errno != EINTR)
                 return false;
-            if (sources[1].revents != 0)
-                return false;
-            const int received = fuse_session_receive_buf(session, &request);
-            if (received > 0)
-                break;
-            if (received != -EAGAIN && received != -EINTR)
-                return false; // somebody else unmounted it
-        }
-        if (++busy_ == threads_.size() && busy_ < mostThreads)
-            addThread();
-        return true;
+        return sources[1].revents == 0;
+    }
+    [[nodiscard]] static bool isInterrupt(const fuse_buf& request) {
+        std::array<std::uint32_t, 2> lengthAndKind{};
+        if (request.size < sizeof lengthAndKind)
+            return false;
+        std::memcpy(lengthAndKind.data(), request.mem, sizeof lengthAndKind);
+        return lengthAndKind[1] == interruptRequest;
     }
 
+    void handOut(const fuse_buf& request) {
+        const auto* const bytes = static_cast<const std::byte*>(request.mem);
+        const std::scoped_lock lock(mutex_);
+        waiting_.emplace_back(bytes, bytes + request.size);
+        if (idle_ < waiting_.size() && threads_.size() < mostThreads)
+            addThread();
+        changed_.notify_one();
+    }
     void addThread() {
         try {
-            threads_.emplace_back([this] { serve(); });
+            threads_.emplace_back([this](const std::stop_token& stop) { serve(stop); });
         } catch (const std::system_error&) {
             // Those that there are do it all, if more slowly.
+        }
+    }
+    void serve(const std::stop_token& stop) {
+        nameCurrentThread("tessary-mount");
+        std::unique_lock lock(mutex_);
+        while (true) {
+            ++idle_;
+            const bool isAsked = changed_.wait(lock, stop, [this] { return !waiting_.empty(); });
+            --idle_;
+            if (!isAsked || stop.stop_requested())
+                return;
+            Bytes bytes = std::move(waiting_.front());
+            waiting_.pop_front();
+            lock.unlock();
+            fuse_buf request{};
+            request.size = bytes.size();
+            request.mem = bytes.data();
+            fuse_session_process_buf(session_, &request);
+            lock.lock();
         }
     }
 
     const std::unique_ptr<Shown> shown_;
     const FuseHandle fuse_;
-    const int requests_;   ///< the descriptor that they come from, of fuse_
-    const FileHandle end_; ///< can be read once the threads are to end
-    std::mutex receiving_;
-    std::atomic<std::size_t> busy_ = 0;
-    std::vector<std::jthread> threads_; ///< guarded by receiving_
+    fuse_session* const session_; ///< of fuse_
+    const int requests_;          ///< the descriptor that they come from, of fuse_
+    const FileHandle end_;        ///< can be read once the threads are to end
+    std::mutex mutex_;            ///< guards the three below
+    std::condition_variable_any changed_;
+    std::deque<Bytes> waiting_;
+    std::size_t idle_ = 0;
+    std::vector<std::jthread> threads_; ///< the receiver's, until it has ended
+    std::jthread receiver_;
 };
 
 void logRefusal(fuse_log_level, const char* format, va_list values) {

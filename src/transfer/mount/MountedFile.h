@@ -1,0 +1,31 @@
+#pragma once
+
+#include "phone/PhoneFileSystem.h"
+
+#include <functional>
+#include <memory>
+#include <span>
+
+namespace tessary {
+
+/// A file of a phone that programs read as one of this computer. Thread-safe.
+class MountedFile {
+public:
+    /// Called on a thread of the file's own when it cannot be fetched.
+    using Failed = std::function<void(const FileItem&, const Error&)>;
+
+    /// By range where the phone can do that, else as one that arrives whole.
+    [[nodiscard]] static std::shared_ptr<MountedFile> open(std::shared_ptr<PhoneFileSystem> files,
+                                                           FileItem item, Failed failed);
+
+    virtual ~MountedFile() = default;
+
+    /// Fills `into` with what lies at `offset`, once it is there; less only at the end of the file.
+    /// Throws std::system_error (EIO) when it cannot be had, EINTR soon after `isGivenUp` says so.
+    virtual std::size_t read(qint64 offset, std::span<std::byte> into,
+                             const std::function<bool()>& isGivenUp) = 0;
+    /// Lets every reader go with an error, for good.
+    virtual void stop() = 0;
+};
+
+} // namespace tessary

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/mount/FileMount.h"
+#include "transfer/mount/OpenMountedFiles.h"
+#include "transfer/mount/PhoneFolder.h"
+
+#include <memory>
+#include <vector>
+
+namespace tessary {
+
+/// A phone (an app's documents, the photos) as a folder of this computer, for reading only: every
+/// program can look around in it, and what a file holds comes across as it is read.
+class PhoneMount final : private MountedFiles {
+public:
+    /// Shows the trees in `mountPoint`, an empty folder; one alone is the folder itself, several
+    /// lie in it by their names. Null where this system cannot do it. Blocks for some milliseconds;
+    /// asks the phone nothing. `failed` is told of what could not be had.
+    [[nodiscard]] static std::unique_ptr<PhoneMount>
+    mount(const std::shared_ptr<PhoneFileSystem>& files, const std::vector<FileTreeRoot>& trees,
+          const QString& mountPoint, const MountedFile::Failed& failed);
+    /// Lets all readers go and takes the folder away.
+    ~PhoneMount() override;
+
+    [[nodiscard]] bool isBeingRead() const {
+        return open_.areAny();
+    }
+
+private:
+    struct Place {
+        PhoneFolder* tree = nullptr; ///< null at the top of several
+        QStringList names;           ///< below the tree
+    };
+
+    PhoneMount(const std::shared_ptr<PhoneFileSystem>& files,
+               const std::vector<FileTreeRoot>& trees, const MountedFile::Failed& failed);
+    [[nodiscard]] Place placeOf(const QString& path);
+
+    Entry entry(const QString& path) override;
+    std::vector<Entry> list(const QString& path) override;
+    std::unique_ptr<Reader> open(const QString& path) override;
+
+    std::vector<std::unique_ptr<PhoneFolder>> trees_;
+    OpenMountedFiles open_;
+    std::unique_ptr<FileMount> mount_; ///< last: it asks for all of the above until it ends
+};
+
+} // namespace tessary
