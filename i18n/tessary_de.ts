@@ -833,6 +833,50 @@
         <source>its path is too long</source>
         <translation>sein Pfad ist zu lang</translation>
     </message>
+    <message>
+        <source>Please try again later.</source>
+        <translation>Versuchen Sie es später noch einmal.</translation>
+    </message>
+    <message>
+        <source>The server did not answer in time.</source>
+        <translation>Der Server hat nicht rechtzeitig geantwortet.</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer is too long.</source>
+        <translation>Die Antwort des Servers ist zu lang.</translation>
+    </message>
+    <message>
+        <source>The server&apos;s address is not a safe one.</source>
+        <translation>Die Adresse des Servers ist nicht sicher.</translation>
+    </message>
+    <message>
+        <source>The server redirects without end.</source>
+        <translation>Der Server leitet endlos weiter.</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer was cut off.</source>
+        <translation>Die Antwort des Servers brach ab.</translation>
+    </message>
+    <message>
+        <source>The server cannot be reached: %1</source>
+        <translation>Der Server ist nicht erreichbar: %1</translation>
+    </message>
+    <message>
+        <source>the server cannot be reached</source>
+        <translation>der Server ist nicht erreichbar</translation>
+    </message>
+    <message>
+        <source>The server answered with the error %1.</source>
+        <translation>Der Server hat mit dem Fehler %1 geantwortet.</translation>
+    </message>
+    <message>
+        <source>the server answered with an error</source>
+        <translation>der Server hat mit einem Fehler geantwortet</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer is not what it should be.</source>
+        <translation>Die Antwort des Servers ist nicht, was sie sein sollte.</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>
@@ -1272,10 +1316,6 @@
         <translation>Die Dokumente einer App lassen sich nicht als Ganzes löschen.</translation>
     </message>
     <message>
-        <source>The server&apos;s answer was cut off</source>
-        <translation>Die Antwort des Servers wurde abgeschnitten</translation>
-    </message>
-    <message>
         <source>Check the spelling, or choose the folder below.</source>
         <translation>Prüfen Sie die Schreibweise oder wählen Sie den Ordner unten aus.</translation>
     </message>
@@ -1434,30 +1474,6 @@
     <message>
         <source>Cancelled</source>
         <translation>Abgebrochen</translation>
-    </message>
-    <message>
-        <source>Server returned non-200 status</source>
-        <translation>Der Server antwortete mit einem anderen Status als 200</translation>
-    </message>
-    <message>
-        <source>Invalid version data format</source>
-        <translation>Ungültiges Format der Versionsdaten</translation>
-    </message>
-    <message>
-        <source>The server did not answer in time</source>
-        <translation>Der Server hat nicht rechtzeitig geantwortet</translation>
-    </message>
-    <message>
-        <source>The server&apos;s answer is too long</source>
-        <translation>Die Antwort des Servers ist zu lang</translation>
-    </message>
-    <message>
-        <source>The address is not a safe one</source>
-        <translation>Die Adresse ist nicht sicher</translation>
-    </message>
-    <message>
-        <source>The server redirects without end</source>
-        <translation>Der Server leitet endlos weiter</translation>
     </message>
     <message>
         <source>Plug the phone in again and unlock it.</source>
@@ -1782,10 +1798,6 @@
     <message>
         <source>Failed to drag out %1: %2</source>
         <translation>%1 konnte nicht herausgezogen werden: %2</translation>
-    </message>
-    <message>
-        <source>Failed to check for updates (%1). Please try again later.</source>
-        <translation>Die Suche nach Updates ist fehlgeschlagen (%1). Bitte versuchen Sie es später noch einmal.</translation>
     </message>
     <message>
         <source>%1 is using the phone.</source>

@@ -833,6 +833,50 @@
         <source>its path is too long</source>
         <translation>su ruta es demasiado larga</translation>
     </message>
+    <message>
+        <source>Please try again later.</source>
+        <translation>Inténtalo de nuevo más tarde.</translation>
+    </message>
+    <message>
+        <source>The server did not answer in time.</source>
+        <translation>El servidor no respondió a tiempo.</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer is too long.</source>
+        <translation>La respuesta del servidor es demasiado larga.</translation>
+    </message>
+    <message>
+        <source>The server&apos;s address is not a safe one.</source>
+        <translation>La dirección del servidor no es segura.</translation>
+    </message>
+    <message>
+        <source>The server redirects without end.</source>
+        <translation>El servidor redirige sin fin.</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer was cut off.</source>
+        <translation>La respuesta del servidor se cortó.</translation>
+    </message>
+    <message>
+        <source>The server cannot be reached: %1</source>
+        <translation>No se puede acceder al servidor: %1</translation>
+    </message>
+    <message>
+        <source>the server cannot be reached</source>
+        <translation>no se puede acceder al servidor</translation>
+    </message>
+    <message>
+        <source>The server answered with the error %1.</source>
+        <translation>El servidor respondió con el error %1.</translation>
+    </message>
+    <message>
+        <source>the server answered with an error</source>
+        <translation>el servidor respondió con un error</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer is not what it should be.</source>
+        <translation>La respuesta del servidor no es la esperada.</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>
@@ -1272,10 +1316,6 @@
         <translation>Los documentos de una aplicación no se pueden eliminar en bloque.</translation>
     </message>
     <message>
-        <source>The server&apos;s answer was cut off</source>
-        <translation>La respuesta del servidor se cortó</translation>
-    </message>
-    <message>
         <source>Check the spelling, or choose the folder below.</source>
         <translation>Comprueba la ortografía o elige la carpeta más abajo.</translation>
     </message>
@@ -1434,30 +1474,6 @@
     <message>
         <source>Cancelled</source>
         <translation>Cancelado</translation>
-    </message>
-    <message>
-        <source>Server returned non-200 status</source>
-        <translation>El servidor respondió con un estado distinto de 200</translation>
-    </message>
-    <message>
-        <source>Invalid version data format</source>
-        <translation>Formato de datos de versión no válido</translation>
-    </message>
-    <message>
-        <source>The server did not answer in time</source>
-        <translation>El servidor no respondió a tiempo</translation>
-    </message>
-    <message>
-        <source>The server&apos;s answer is too long</source>
-        <translation>La respuesta del servidor es demasiado larga</translation>
-    </message>
-    <message>
-        <source>The address is not a safe one</source>
-        <translation>La dirección no es segura</translation>
-    </message>
-    <message>
-        <source>The server redirects without end</source>
-        <translation>El servidor redirige sin fin</translation>
     </message>
     <message>
         <source>Plug the phone in again and unlock it.</source>
@@ -1782,10 +1798,6 @@
     <message>
         <source>Failed to drag out %1: %2</source>
         <translation>No se pudo arrastrar %1 fuera de la ventana: %2</translation>
-    </message>
-    <message>
-        <source>Failed to check for updates (%1). Please try again later.</source>
-        <translation>No se pudieron buscar actualizaciones (%1). Inténtalo de nuevo más tarde.</translation>
     </message>
     <message>
         <source>%1 is using the phone.</source>

@@ -833,6 +833,50 @@
         <source>its path is too long</source>
         <translation>son chemin est trop long</translation>
     </message>
+    <message>
+        <source>Please try again later.</source>
+        <translation>Réessayez plus tard.</translation>
+    </message>
+    <message>
+        <source>The server did not answer in time.</source>
+        <translation>Le serveur n’a pas répondu à temps.</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer is too long.</source>
+        <translation>La réponse du serveur est trop longue.</translation>
+    </message>
+    <message>
+        <source>The server&apos;s address is not a safe one.</source>
+        <translation>L’adresse du serveur n’est pas sûre.</translation>
+    </message>
+    <message>
+        <source>The server redirects without end.</source>
+        <translation>Le serveur redirige sans fin.</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer was cut off.</source>
+        <translation>La réponse du serveur a été interrompue.</translation>
+    </message>
+    <message>
+        <source>The server cannot be reached: %1</source>
+        <translation>Le serveur est injoignable : %1</translation>
+    </message>
+    <message>
+        <source>the server cannot be reached</source>
+        <translation>le serveur est injoignable</translation>
+    </message>
+    <message>
+        <source>The server answered with the error %1.</source>
+        <translation>Le serveur a répondu par l’erreur %1.</translation>
+    </message>
+    <message>
+        <source>the server answered with an error</source>
+        <translation>le serveur a répondu par une erreur</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer is not what it should be.</source>
+        <translation>La réponse du serveur n’est pas celle attendue.</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>
@@ -1272,10 +1316,6 @@
         <translation>Les documents d’une app ne peuvent pas être supprimés en bloc.</translation>
     </message>
     <message>
-        <source>The server&apos;s answer was cut off</source>
-        <translation>La réponse du serveur a été tronquée</translation>
-    </message>
-    <message>
         <source>Check the spelling, or choose the folder below.</source>
         <translation>Vérifiez l’orthographe ou choisissez le dossier ci-dessous.</translation>
     </message>
@@ -1434,30 +1474,6 @@
     <message>
         <source>Cancelled</source>
         <translation>Annulé</translation>
-    </message>
-    <message>
-        <source>Server returned non-200 status</source>
-        <translation>Le serveur a répondu avec un statut autre que 200</translation>
-    </message>
-    <message>
-        <source>Invalid version data format</source>
-        <translation>Format des données de version non valide</translation>
-    </message>
-    <message>
-        <source>The server did not answer in time</source>
-        <translation>Le serveur n’a pas répondu à temps</translation>
-    </message>
-    <message>
-        <source>The server&apos;s answer is too long</source>
-        <translation>La réponse du serveur est trop longue</translation>
-    </message>
-    <message>
-        <source>The address is not a safe one</source>
-        <translation>L’adresse n’est pas sûre</translation>
-    </message>
-    <message>
-        <source>The server redirects without end</source>
-        <translation>Le serveur redirige sans fin</translation>
     </message>
     <message>
         <source>Plug the phone in again and unlock it.</source>
@@ -1782,10 +1798,6 @@
     <message>
         <source>Failed to drag out %1: %2</source>
         <translation>Impossible de faire glisser %1 hors de la fenêtre : %2</translation>
-    </message>
-    <message>
-        <source>Failed to check for updates (%1). Please try again later.</source>
-        <translation>La recherche de mises à jour a échoué (%1). Veuillez réessayer plus tard.</translation>
     </message>
     <message>
         <source>%1 is using the phone.</source>

@@ -833,6 +833,50 @@
         <source>its path is too long</source>
         <translation>il suo percorso è troppo lungo</translation>
     </message>
+    <message>
+        <source>Please try again later.</source>
+        <translation>Riprova più tardi.</translation>
+    </message>
+    <message>
+        <source>The server did not answer in time.</source>
+        <translation>Il server non ha risposto in tempo.</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer is too long.</source>
+        <translation>La risposta del server è troppo lunga.</translation>
+    </message>
+    <message>
+        <source>The server&apos;s address is not a safe one.</source>
+        <translation>L’indirizzo del server non è sicuro.</translation>
+    </message>
+    <message>
+        <source>The server redirects without end.</source>
+        <translation>Il server reindirizza senza fine.</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer was cut off.</source>
+        <translation>La risposta del server si è interrotta.</translation>
+    </message>
+    <message>
+        <source>The server cannot be reached: %1</source>
+        <translation>Il server non è raggiungibile: %1</translation>
+    </message>
+    <message>
+        <source>the server cannot be reached</source>
+        <translation>il server non è raggiungibile</translation>
+    </message>
+    <message>
+        <source>The server answered with the error %1.</source>
+        <translation>Il server ha risposto con l’errore %1.</translation>
+    </message>
+    <message>
+        <source>the server answered with an error</source>
+        <translation>il server ha risposto con un errore</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer is not what it should be.</source>
+        <translation>La risposta del server non è quella prevista.</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>
@@ -1272,10 +1316,6 @@
         <translation>I documenti di un’app non si possono eliminare in blocco.</translation>
     </message>
     <message>
-        <source>The server&apos;s answer was cut off</source>
-        <translation>La risposta del server è stata troncata</translation>
-    </message>
-    <message>
         <source>Check the spelling, or choose the folder below.</source>
         <translation>Controlla l’ortografia o scegli la cartella qui sotto.</translation>
     </message>
@@ -1434,30 +1474,6 @@
     <message>
         <source>Cancelled</source>
         <translation>Annullato</translation>
-    </message>
-    <message>
-        <source>Server returned non-200 status</source>
-        <translation>Il server ha risposto con uno stato diverso da 200</translation>
-    </message>
-    <message>
-        <source>Invalid version data format</source>
-        <translation>Formato dei dati di versione non valido</translation>
-    </message>
-    <message>
-        <source>The server did not answer in time</source>
-        <translation>Il server non ha risposto in tempo</translation>
-    </message>
-    <message>
-        <source>The server&apos;s answer is too long</source>
-        <translation>La risposta del server è troppo lunga</translation>
-    </message>
-    <message>
-        <source>The address is not a safe one</source>
-        <translation>L’indirizzo non è sicuro</translation>
-    </message>
-    <message>
-        <source>The server redirects without end</source>
-        <translation>Il server reindirizza all’infinito</translation>
     </message>
     <message>
         <source>Plug the phone in again and unlock it.</source>
@@ -1782,10 +1798,6 @@
     <message>
         <source>Failed to drag out %1: %2</source>
         <translation>Impossibile trascinare %1 fuori dalla finestra: %2</translation>
-    </message>
-    <message>
-        <source>Failed to check for updates (%1). Please try again later.</source>
-        <translation>Ricerca degli aggiornamenti non riuscita (%1). Riprova più tardi.</translation>
     </message>
     <message>
         <source>%1 is using the phone.</source>

@@ -830,6 +830,50 @@
         <source>its path is too long</source>
         <translation>パスが長すぎます</translation>
     </message>
+    <message>
+        <source>Please try again later.</source>
+        <translation>しばらくしてからもう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>The server did not answer in time.</source>
+        <translation>サーバーが時間内に応答しませんでした。</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer is too long.</source>
+        <translation>サーバーの応答が長すぎます。</translation>
+    </message>
+    <message>
+        <source>The server&apos;s address is not a safe one.</source>
+        <translation>サーバーのアドレスは安全ではありません。</translation>
+    </message>
+    <message>
+        <source>The server redirects without end.</source>
+        <translation>サーバーがリダイレクトを繰り返しています。</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer was cut off.</source>
+        <translation>サーバーの応答が途中で切れました。</translation>
+    </message>
+    <message>
+        <source>The server cannot be reached: %1</source>
+        <translation>サーバーに接続できません: %1</translation>
+    </message>
+    <message>
+        <source>the server cannot be reached</source>
+        <translation>サーバーに接続できません</translation>
+    </message>
+    <message>
+        <source>The server answered with the error %1.</source>
+        <translation>サーバーがエラー %1 を返しました。</translation>
+    </message>
+    <message>
+        <source>the server answered with an error</source>
+        <translation>サーバーがエラーを返しました</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer is not what it should be.</source>
+        <translation>サーバーの応答が正しくありません。</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>
@@ -1269,10 +1313,6 @@
         <translation>アプリの書類をまとめて削除することはできません。</translation>
     </message>
     <message>
-        <source>The server&apos;s answer was cut off</source>
-        <translation>サーバーの応答が途中で切れました</translation>
-    </message>
-    <message>
         <source>Check the spelling, or choose the folder below.</source>
         <translation>入力を確認するか、下からフォルダを選択してください。</translation>
     </message>
@@ -1431,30 +1471,6 @@
     <message>
         <source>Cancelled</source>
         <translation>キャンセル済み</translation>
-    </message>
-    <message>
-        <source>Server returned non-200 status</source>
-        <translation>サーバが 200 以外のステータスを返しました</translation>
-    </message>
-    <message>
-        <source>Invalid version data format</source>
-        <translation>バージョンデータの形式が正しくありません</translation>
-    </message>
-    <message>
-        <source>The server did not answer in time</source>
-        <translation>サーバから時間内に応答がありませんでした</translation>
-    </message>
-    <message>
-        <source>The server&apos;s answer is too long</source>
-        <translation>サーバからの応答が長すぎます</translation>
-    </message>
-    <message>
-        <source>The address is not a safe one</source>
-        <translation>安全なアドレスではありません</translation>
-    </message>
-    <message>
-        <source>The server redirects without end</source>
-        <translation>サーバが際限なくリダイレクトします</translation>
     </message>
     <message>
         <source>Plug the phone in again and unlock it.</source>
@@ -1779,10 +1795,6 @@
     <message>
         <source>Failed to drag out %1: %2</source>
         <translation>「%1」をウインドウの外にドラッグできませんでした: %2</translation>
-    </message>
-    <message>
-        <source>Failed to check for updates (%1). Please try again later.</source>
-        <translation>アップデートを確認できませんでした (%1)。後でもう一度お試しください。</translation>
     </message>
     <message>
         <source>%1 is using the phone.</source>

@@ -830,6 +830,50 @@
         <source>its path is too long</source>
         <translation>경로가 너무 깁니다</translation>
     </message>
+    <message>
+        <source>Please try again later.</source>
+        <translation>나중에 다시 시도하세요.</translation>
+    </message>
+    <message>
+        <source>The server did not answer in time.</source>
+        <translation>서버가 제시간에 응답하지 않았습니다.</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer is too long.</source>
+        <translation>서버의 응답이 너무 깁니다.</translation>
+    </message>
+    <message>
+        <source>The server&apos;s address is not a safe one.</source>
+        <translation>서버의 주소가 안전하지 않습니다.</translation>
+    </message>
+    <message>
+        <source>The server redirects without end.</source>
+        <translation>서버가 끝없이 리디렉션합니다.</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer was cut off.</source>
+        <translation>서버의 응답이 중간에 끊겼습니다.</translation>
+    </message>
+    <message>
+        <source>The server cannot be reached: %1</source>
+        <translation>서버에 연결할 수 없습니다: %1</translation>
+    </message>
+    <message>
+        <source>the server cannot be reached</source>
+        <translation>서버에 연결할 수 없습니다</translation>
+    </message>
+    <message>
+        <source>The server answered with the error %1.</source>
+        <translation>서버가 오류 %1(으)로 응답했습니다.</translation>
+    </message>
+    <message>
+        <source>the server answered with an error</source>
+        <translation>서버가 오류로 응답했습니다</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer is not what it should be.</source>
+        <translation>서버의 응답이 올바르지 않습니다.</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>
@@ -1269,10 +1313,6 @@
         <translation>앱의 문서를 통째로 삭제할 수 없습니다.</translation>
     </message>
     <message>
-        <source>The server&apos;s answer was cut off</source>
-        <translation>서버의 응답이 중간에 끊겼습니다</translation>
-    </message>
-    <message>
         <source>Check the spelling, or choose the folder below.</source>
         <translation>철자를 확인하거나 아래에서 폴더를 선택하세요.</translation>
     </message>
@@ -1431,30 +1471,6 @@
     <message>
         <source>Cancelled</source>
         <translation>취소됨</translation>
-    </message>
-    <message>
-        <source>Server returned non-200 status</source>
-        <translation>서버가 200이 아닌 상태를 반환했습니다</translation>
-    </message>
-    <message>
-        <source>Invalid version data format</source>
-        <translation>버전 데이터 형식이 잘못되었습니다</translation>
-    </message>
-    <message>
-        <source>The server did not answer in time</source>
-        <translation>서버가 제시간에 응답하지 않았습니다</translation>
-    </message>
-    <message>
-        <source>The server&apos;s answer is too long</source>
-        <translation>서버의 응답이 너무 깁니다</translation>
-    </message>
-    <message>
-        <source>The address is not a safe one</source>
-        <translation>안전한 주소가 아닙니다</translation>
-    </message>
-    <message>
-        <source>The server redirects without end</source>
-        <translation>서버가 끝없이 리디렉션합니다</translation>
     </message>
     <message>
         <source>Plug the phone in again and unlock it.</source>
@@ -1779,10 +1795,6 @@
     <message>
         <source>Failed to drag out %1: %2</source>
         <translation>%1을(를) 창 밖으로 끌어낼 수 없습니다: %2</translation>
-    </message>
-    <message>
-        <source>Failed to check for updates (%1). Please try again later.</source>
-        <translation>업데이트를 확인하지 못했습니다(%1). 나중에 다시 시도하세요.</translation>
     </message>
     <message>
         <source>%1 is using the phone.</source>

@@ -833,6 +833,50 @@
         <source>its path is too long</source>
         <translation>o caminho é longo demais</translation>
     </message>
+    <message>
+        <source>Please try again later.</source>
+        <translation>Tente de novo mais tarde.</translation>
+    </message>
+    <message>
+        <source>The server did not answer in time.</source>
+        <translation>O servidor não respondeu a tempo.</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer is too long.</source>
+        <translation>A resposta do servidor é longa demais.</translation>
+    </message>
+    <message>
+        <source>The server&apos;s address is not a safe one.</source>
+        <translation>O endereço do servidor não é seguro.</translation>
+    </message>
+    <message>
+        <source>The server redirects without end.</source>
+        <translation>O servidor redireciona sem fim.</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer was cut off.</source>
+        <translation>A resposta do servidor foi interrompida.</translation>
+    </message>
+    <message>
+        <source>The server cannot be reached: %1</source>
+        <translation>Não é possível acessar o servidor: %1</translation>
+    </message>
+    <message>
+        <source>the server cannot be reached</source>
+        <translation>não é possível acessar o servidor</translation>
+    </message>
+    <message>
+        <source>The server answered with the error %1.</source>
+        <translation>O servidor respondeu com o erro %1.</translation>
+    </message>
+    <message>
+        <source>the server answered with an error</source>
+        <translation>o servidor respondeu com um erro</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer is not what it should be.</source>
+        <translation>A resposta do servidor não é a esperada.</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>
@@ -1272,10 +1316,6 @@
         <translation>Os documentos de um app não podem ser apagados em bloco.</translation>
     </message>
     <message>
-        <source>The server&apos;s answer was cut off</source>
-        <translation>A resposta do servidor foi cortada</translation>
-    </message>
-    <message>
         <source>Check the spelling, or choose the folder below.</source>
         <translation>Confira a grafia ou escolha a pasta abaixo.</translation>
     </message>
@@ -1434,30 +1474,6 @@
     <message>
         <source>Cancelled</source>
         <translation>Cancelado</translation>
-    </message>
-    <message>
-        <source>Server returned non-200 status</source>
-        <translation>O servidor respondeu com um status diferente de 200</translation>
-    </message>
-    <message>
-        <source>Invalid version data format</source>
-        <translation>Formato de dados de versão inválido</translation>
-    </message>
-    <message>
-        <source>The server did not answer in time</source>
-        <translation>O servidor não respondeu a tempo</translation>
-    </message>
-    <message>
-        <source>The server&apos;s answer is too long</source>
-        <translation>A resposta do servidor é longa demais</translation>
-    </message>
-    <message>
-        <source>The address is not a safe one</source>
-        <translation>O endereço não é seguro</translation>
-    </message>
-    <message>
-        <source>The server redirects without end</source>
-        <translation>O servidor redireciona sem fim</translation>
     </message>
     <message>
         <source>Plug the phone in again and unlock it.</source>
@@ -1782,10 +1798,6 @@
     <message>
         <source>Failed to drag out %1: %2</source>
         <translation>Não foi possível arrastar %1 para fora da janela: %2</translation>
-    </message>
-    <message>
-        <source>Failed to check for updates (%1). Please try again later.</source>
-        <translation>Não foi possível buscar atualizações (%1). Tente novamente mais tarde.</translation>
     </message>
     <message>
         <source>%1 is using the phone.</source>

@@ -830,6 +830,50 @@
         <source>its path is too long</source>
         <translation>其路径太长</translation>
     </message>
+    <message>
+        <source>Please try again later.</source>
+        <translation>请稍后重试。</translation>
+    </message>
+    <message>
+        <source>The server did not answer in time.</source>
+        <translation>服务器未及时响应。</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer is too long.</source>
+        <translation>服务器的响应过长。</translation>
+    </message>
+    <message>
+        <source>The server&apos;s address is not a safe one.</source>
+        <translation>服务器地址不安全。</translation>
+    </message>
+    <message>
+        <source>The server redirects without end.</source>
+        <translation>服务器无限重定向。</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer was cut off.</source>
+        <translation>服务器的响应中断了。</translation>
+    </message>
+    <message>
+        <source>The server cannot be reached: %1</source>
+        <translation>无法连接到服务器：%1</translation>
+    </message>
+    <message>
+        <source>the server cannot be reached</source>
+        <translation>无法连接到服务器</translation>
+    </message>
+    <message>
+        <source>The server answered with the error %1.</source>
+        <translation>服务器返回错误 %1。</translation>
+    </message>
+    <message>
+        <source>the server answered with an error</source>
+        <translation>服务器返回错误</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer is not what it should be.</source>
+        <translation>服务器的响应不符合预期。</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>
@@ -1269,10 +1313,6 @@
         <translation>无法整体删除 App 的文稿。</translation>
     </message>
     <message>
-        <source>The server&apos;s answer was cut off</source>
-        <translation>服务器的响应被截断</translation>
-    </message>
-    <message>
         <source>Check the spelling, or choose the folder below.</source>
         <translation>请检查拼写，或在下方选择文件夹。</translation>
     </message>
@@ -1431,30 +1471,6 @@
     <message>
         <source>Cancelled</source>
         <translation>已取消</translation>
-    </message>
-    <message>
-        <source>Server returned non-200 status</source>
-        <translation>服务器返回了非 200 状态</translation>
-    </message>
-    <message>
-        <source>Invalid version data format</source>
-        <translation>版本数据格式无效</translation>
-    </message>
-    <message>
-        <source>The server did not answer in time</source>
-        <translation>服务器未及时响应</translation>
-    </message>
-    <message>
-        <source>The server&apos;s answer is too long</source>
-        <translation>服务器的响应过长</translation>
-    </message>
-    <message>
-        <source>The address is not a safe one</source>
-        <translation>该地址不安全</translation>
-    </message>
-    <message>
-        <source>The server redirects without end</source>
-        <translation>服务器无限重定向</translation>
     </message>
     <message>
         <source>Plug the phone in again and unlock it.</source>
@@ -1779,10 +1795,6 @@
     <message>
         <source>Failed to drag out %1: %2</source>
         <translation>无法将“%1”拖出窗口：%2</translation>
-    </message>
-    <message>
-        <source>Failed to check for updates (%1). Please try again later.</source>
-        <translation>无法检查更新 (%1)。请稍后再试。</translation>
     </message>
     <message>
         <source>%1 is using the phone.</source>

@@ -830,6 +830,50 @@
         <source>its path is too long</source>
         <translation>其路徑太長</translation>
     </message>
+    <message>
+        <source>Please try again later.</source>
+        <translation>請稍後再試。</translation>
+    </message>
+    <message>
+        <source>The server did not answer in time.</source>
+        <translation>伺服器未及時回應。</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer is too long.</source>
+        <translation>伺服器的回應過長。</translation>
+    </message>
+    <message>
+        <source>The server&apos;s address is not a safe one.</source>
+        <translation>伺服器位址不安全。</translation>
+    </message>
+    <message>
+        <source>The server redirects without end.</source>
+        <translation>伺服器無限重新導向。</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer was cut off.</source>
+        <translation>伺服器的回應中斷了。</translation>
+    </message>
+    <message>
+        <source>The server cannot be reached: %1</source>
+        <translation>無法連接到伺服器：%1</translation>
+    </message>
+    <message>
+        <source>the server cannot be reached</source>
+        <translation>無法連接到伺服器</translation>
+    </message>
+    <message>
+        <source>The server answered with the error %1.</source>
+        <translation>伺服器傳回錯誤 %1。</translation>
+    </message>
+    <message>
+        <source>the server answered with an error</source>
+        <translation>伺服器傳回錯誤</translation>
+    </message>
+    <message>
+        <source>The server&apos;s answer is not what it should be.</source>
+        <translation>伺服器的回應不符合預期。</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>
@@ -1269,10 +1313,6 @@
         <translation>無法整體刪除 App 的文件。</translation>
     </message>
     <message>
-        <source>The server&apos;s answer was cut off</source>
-        <translation>伺服器的回應被截斷</translation>
-    </message>
-    <message>
         <source>Check the spelling, or choose the folder below.</source>
         <translation>請檢查拼字，或在下方選擇資料夾。</translation>
     </message>
@@ -1431,30 +1471,6 @@
     <message>
         <source>Cancelled</source>
         <translation>已取消</translation>
-    </message>
-    <message>
-        <source>Server returned non-200 status</source>
-        <translation>伺服器傳回非 200 的狀態</translation>
-    </message>
-    <message>
-        <source>Invalid version data format</source>
-        <translation>版本資料格式無效</translation>
-    </message>
-    <message>
-        <source>The server did not answer in time</source>
-        <translation>伺服器未及時回應</translation>
-    </message>
-    <message>
-        <source>The server&apos;s answer is too long</source>
-        <translation>伺服器的回應過長</translation>
-    </message>
-    <message>
-        <source>The address is not a safe one</source>
-        <translation>該位址不安全</translation>
-    </message>
-    <message>
-        <source>The server redirects without end</source>
-        <translation>伺服器無限重新導向</translation>
     </message>
     <message>
         <source>Plug the phone in again and unlock it.</source>
@@ -1779,10 +1795,6 @@
     <message>
         <source>Failed to drag out %1: %2</source>
         <translation>無法將「%1」拖出視窗：%2</translation>
-    </message>
-    <message>
-        <source>Failed to check for updates (%1). Please try again later.</source>
-        <translation>無法檢查更新 (%1)。請稍後再試。</translation>
     </message>
     <message>
         <source>%1 is using the phone.</source>

@@ -6,6 +6,7 @@
 #include "base/local/LocalError.h"
 #include "mtp/protocol/MTPError.h"
 #include "phone/PhoneError.h"
+#include "platform/http/HttpError.h"
 #include "support/Application.h"
 #include "support/QtPrinters.h"
 
@@ -30,6 +31,7 @@ std::vector<Error> everyError() {
     std::vector<Error> errors;
     addAll(errors, PhoneError::full);
     addAll(errors, LocalError::full);
+    addAll(errors, HttpError::badContent);
     for (int value = 0; value <= static_cast<int>(ADBError::pathTooLong); ++value)
         errors.push_back(
             phoneErrorOf(Error(static_cast<ADBError>(value), {name, 1, u"odd"_s}), name));

@@ -33,7 +33,7 @@ protected:
     }
     [[nodiscard]] bool isSilent() const {
         return !checker_->availableUpdate() && !checker_->showUpToDateAlert() &&
-               !checker_->checkErrorMessage();
+               !checker_->checkFailure();
     }
 
     std::shared_ptr<UserDefaults> store_ = std::make_shared<MemoryUserDefaults>();
@@ -75,10 +75,10 @@ TEST_F(UpdateCheckerServiceTest, eachRequestHasAnAddressOfItsOwnAndAsksNoCache) 
 }
 
 TEST_F(UpdateCheckerServiceTest, onlyACheckOfTheUsersTellsThatItFailed) {
-    const std::pair<QByteArray, QString> rows[] = {
-        {"HTTP/1.1 503 Busy\r\nContent-Length: 0\r\n\r\n", u"Server returned non-200 status"_s},
-        {Server::ok("<html>captive portal</html>"), u"Invalid version data format"_s},
-        {Server::redirect("http://tessary.example/"), u"The address is not a safe one"_s},
+    const std::pair<QByteArray, Error> rows[] = {
+        {"HTTP/1.1 503 Busy\r\nContent-Length: 0\r\n\r\n", Error(HttpError::badStatus, {503})},
+        {Server::ok("<html>captive portal</html>"), Error(HttpError::badContent)},
+        {Server::redirect("http://tessary.example/"), Error(HttpError::unsafeAddress)},
     };
     for (const auto& [answer, why] : rows) {
         const Server server(answer);
@@ -86,8 +86,7 @@ TEST_F(UpdateCheckerServiceTest, onlyACheckOfTheUsersTellsThatItFailed) {
         check(false);
         EXPECT_TRUE(isSilent());
         check(true);
-        EXPECT_EQ(checker_->checkErrorMessage(),
-                  u"Failed to check for updates (%1). Please try again later."_s.arg(why));
+        EXPECT_EQ(checker_->checkFailure(), why);
         checker_->dismissError();
         EXPECT_TRUE(isSilent());
     }
@@ -95,7 +94,7 @@ TEST_F(UpdateCheckerServiceTest, onlyACheckOfTheUsersTellsThatItFailed) {
     start(cut);
     check(true);
     EXPECT_FALSE(checker_->availableUpdate().has_value());
-    EXPECT_TRUE(checker_->checkErrorMessage().has_value());
+    EXPECT_TRUE(checker_->checkFailure().has_value());
 }
 
 TEST_F(UpdateCheckerServiceTest, aLateAnswerStillCountsAndTheUserMayJoinTheSilentCheck) {

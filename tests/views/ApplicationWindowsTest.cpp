@@ -83,10 +83,9 @@ TEST_F(ApplicationWindowsTest, whatTheUserAskedForIsTold) {
     ASSERT_NE(box(), nullptr);
     EXPECT_EQ(box()->windowTitle(), u"Update Check Failed"_s);
     EXPECT_EQ(box()->informativeText(),
-              u"Failed to check for updates (Server returned non-200 status). "
-              "Please try again later."_s);
+              u"The server answered with the error 404. Please try again later."_s);
     press(u"OK"_s);
-    EXPECT_EQ(checker_.checkErrorMessage(), std::nullopt);
+    EXPECT_EQ(checker_.checkFailure(), std::nullopt);
 
     http_->body = R"({"version": "1.9"})";
     checker_.checkForUpdates(true);

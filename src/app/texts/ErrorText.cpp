@@ -2,6 +2,7 @@
 
 #include "app/texts/ADBWords.h"
 #include "app/texts/ErrorWords.h"
+#include "app/texts/HttpWords.h"
 #include "base/text/Printable.h"
 #include "phone/DevicePath.h"
 
@@ -44,6 +45,8 @@ Worded worded(const Error& error) {
         }
         if (const auto code = each->code().as<LocalError>())
             return {*each, wordsOf(*code)};
+        if (const auto code = each->code().as<HttpError>())
+            return {*each, wordsOf(*code)};
     }
     return {error, unknown};
 }
@@ -70,6 +73,8 @@ const char* layerName(ErrorLayer layer) {
         return "process:";
     case ErrorLayer::network:
         return "network:";
+    case ErrorLayer::http:
+        return "HTTP";
     case ErrorLayer::sync:
         return "sync:";
     }

@@ -28,10 +28,10 @@ HttpRequest manifestRequest(const QUrl& endpoint) {
 UpdateInfo fetch(HttpClient& http, const QUrl& endpoint, const std::stop_token& stop) {
     const HttpResponse response = http.get(manifestRequest(endpoint), stop);
     if (response.status != 200)
-        throw HttpError(QStringLiteral("Server returned non-200 status"));
+        throw Error(HttpError::badStatus, {response.status});
     auto info = parseUpdateManifest(response.body);
     if (!info)
-        throw HttpError(QStringLiteral("Invalid version data format"));
+        throw Error(HttpError::badContent);
     return *std::move(info);
 }
 
@@ -56,7 +56,7 @@ void UpdateCheckerService::checkForUpdates(bool isUserInitiated) {
     if (isChecking_)
         return;
     isChecking_ = true;
-    checkErrorMessage_.reset();
+    checkFailure_.reset();
     Q_EMIT stateChanged();
     runInBackground(
         this,
@@ -68,20 +68,19 @@ void UpdateCheckerService::checkForUpdates(bool isUserInitiated) {
                 finish(result.take(), {});
             } catch (const CancellationError&) {
                 isChecking_ = false; // the program ends
-            } catch (const std::exception& error) {
-                finish(std::nullopt, QString::fromUtf8(error.what()));
+            } catch (const Error& error) {
+                finish(std::nullopt, error);
             }
         });
 }
 
-void UpdateCheckerService::finish(const std::optional<UpdateInfo>& newest, const QString& failure) {
+void UpdateCheckerService::finish(const std::optional<UpdateInfo>& newest,
+                                  const std::optional<Error>& failure) {
     isChecking_ = false;
-    if (!newest) {
-        DiagnosticsLogger::shared().ui.error("Update check error: %s", {failure});
+    if (failure) {
+        DiagnosticsLogger::shared().ui.error("Update check error: %s", {failure->logText()});
         if (isUserInitiated_)
-            checkErrorMessage_ =
-                QStringLiteral("Failed to check for updates (%1). Please try again later.")
-                    .arg(failure);
+            checkFailure_ = failure;
     } else if (!isNewerVersion(newest->version, source_.currentVersion)) {
         availableUpdate_.reset();
         showUpToDateAlert_ = isUserInitiated_;
@@ -121,7 +120,7 @@ void UpdateCheckerService::dismissUpToDateAlert() {
 }
 
 void UpdateCheckerService::dismissError() {
-    checkErrorMessage_.reset();
+    checkFailure_.reset();
     Q_EMIT stateChanged();
 }
 

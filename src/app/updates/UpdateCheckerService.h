@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace tessary {
 
@@ -45,8 +46,9 @@ public:
     [[nodiscard]] bool showUpToDateAlert() const {
         return showUpToDateAlert_;
     }
-    [[nodiscard]] const std::optional<QString>& checkErrorMessage() const {
-        return checkErrorMessage_;
+    /// Why the user's last check failed.
+    [[nodiscard]] const std::optional<Error>& checkFailure() const {
+        return checkFailure_;
     }
     [[nodiscard]] const QString& currentVersion() const {
         return source_.currentVersion;
@@ -76,7 +78,7 @@ Q_SIGNALS:
     void stateChanged();
 
 private:
-    void finish(const std::optional<UpdateInfo>& newest, const QString& failure);
+    void finish(const std::optional<UpdateInfo>& newest, const std::optional<Error>& failure);
 
     std::shared_ptr<HttpClient> http_;
     std::shared_ptr<UserDefaults> store_;
@@ -87,7 +89,7 @@ private:
     bool isChecking_ = false;
     bool isUserInitiated_ = false;
     bool showUpToDateAlert_ = false;
-    std::optional<QString> checkErrorMessage_;
+    std::optional<Error> checkFailure_;
 };
 
 } // namespace tessary

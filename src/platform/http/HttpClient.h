@@ -1,12 +1,13 @@
 #pragma once
 
+#include "platform/http/HttpError.h"
+
 #include <QByteArray>
 #include <QList>
 #include <QString>
 #include <QUrl>
 
 #include <chrono>
-#include <stdexcept>
 #include <stop_token>
 #include <utility>
 
@@ -26,13 +27,6 @@ struct HttpResponse {
     QByteArray body;
 };
 
-/// A request that brought no answer; `what()` says why, in English.
-class HttpError : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-    explicit HttpError(const QString& text) : std::runtime_error(text.toStdString()) {}
-};
-
 /// Whether an address may be opened: https, or http on this machine's loopback; with a host, and
 /// with no user name in it.
 [[nodiscard]] bool isSafeAddress(const QUrl& url);
@@ -44,7 +38,8 @@ public:
     virtual ~HttpClient() = default;
 
     /// Fetches a page past every cache. Addresses that are not safe are not opened, those that the
-    /// server redirects to included. Throws HttpError, and CancellationError once `stop` is asked
+    /// server redirects to included. Throws Error
+    /// with a code of HttpError, and CancellationError once `stop` is asked
     /// for.
     [[nodiscard]] virtual HttpResponse get(const HttpRequest& request,
                                            const std::stop_token& stop) = 0;

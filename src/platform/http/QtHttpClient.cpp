@@ -29,7 +29,7 @@ using Reply = std::unique_ptr<QNetworkReply, DeleteLater>;
 void append(QByteArray& body, QNetworkReply& reply, qint64 limit) {
     body += reply.read(limit + 1 - body.size());
     if (body.size() > limit)
-        throw HttpError(QStringLiteral("The server's answer is too long"));
+        throw Error(HttpError::tooLong);
 }
 
 /// Waits for the end of an answer and gathers its body on the way.
@@ -47,7 +47,7 @@ QByteArray bodyOf(QNetworkReply& reply, qint64 limit, const QDeadlineTimer& dead
         if (stop.stop_requested())
             throw CancellationError();
         if (deadline.hasExpired())
-            throw HttpError(QStringLiteral("The server did not answer in time"));
+            throw Error(HttpError::timedOut);
         append(body, reply, limit);
     }
     append(body, reply, limit);
@@ -93,7 +93,7 @@ HttpResponse QtHttpClient::get(const HttpRequest& request, const std::stop_token
     QUrl url = request.url;
     for (int redirects = 0; redirects <= maxRedirects; ++redirects) {
         if (!isSafeAddress(url))
-            throw HttpError(QStringLiteral("The address is not a safe one"));
+            throw Error(HttpError::unsafeAddress);
         const Reply reply(manager.get(networkRequest(url, request)));
         HttpResponse response;
         response.body = bodyOf(*reply, request.maxBodyBytes, deadline, stop);
@@ -102,14 +102,14 @@ HttpResponse QtHttpClient::get(const HttpRequest& request, const std::stop_token
         const QVariant target = reply->attribute(QNetworkRequest::RedirectionTargetAttribute);
         // From 400 on, the status is an error to the library too.
         if (reply->error() != QNetworkReply::NoError && response.status < 400)
-            throw HttpError(reply->errorString());
+            throw Error(HttpError::failed, {reply->errorString()});
         if (!isWhole(*reply, response.body))
-            throw HttpError(QStringLiteral("The server's answer was cut off"));
+            throw Error(HttpError::cutOff);
         if (!target.isValid())
             return response;
         url = url.resolved(target.toUrl());
     }
-    throw HttpError(QStringLiteral("The server redirects without end"));
+    throw Error(HttpError::endlessRedirects);
 }
 
 } // namespace tessary

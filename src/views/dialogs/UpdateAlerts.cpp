@@ -1,7 +1,7 @@
 #include "views/dialogs/UpdateAlerts.h"
 
 #include "app/LanguageManager.h"
-#include "app/Translations.h"
+#include "app/texts/ErrorText.h"
 #include "base/text/Printable.h"
 #include "views/common/PlainText.h"
 
@@ -36,8 +36,8 @@ void UpdateAlerts::addCommand(QMenuBar& menus) {
 void UpdateAlerts::show() {
     if (box_)
         return;
-    if (const auto& failure = checker_.checkErrorMessage()) {
-        QMessageBox& box = tell(tr("Update Check Failed"), trMessage(*failure));
+    if (const auto& failure = checker_.checkFailure()) {
+        QMessageBox& box = tell(tr("Update Check Failed"), errorText(*failure).text());
         connect(&box, &QMessageBox::finished, this, [this] { checker_.dismissError(); });
     } else if (checker_.showUpToDateAlert()) {
         QMessageBox& box =
