@@ -1,4 +1,10 @@
+#include "adb/files/ADBFileSystem.h"
+#include "adb/server/ADBServerConnection.h"
+#include "ios/files/AFCFileSystem.h"
 #include "mtp/files/MTPFileSystem.h"
+#include "support/ADBFixture.h"
+#include "support/Application.h"
+#include "support/IPhoneFiles.h"
 #include "support/PluggedPhone.h"
 #include "transfer/CopyRows.h"
 
@@ -40,11 +46,99 @@ std::unique_ptr<CopyEnd> overMTPToAnother() {
     return std::make_unique<MTPSide>("MTPSIDE2");
 }
 
-INSTANTIATE_TEST_SUITE_P(Ways, TreeCopyOverWays,
-                         testing::Values(Way{"downloadOverMTP", overMTP, aDisk},
-                                         Way{"uploadOverMTP", aDisk, overMTP},
-                                         Way{"fromPhoneToPhone", overMTP, overMTPToAnother}),
-                         [](const auto& way) { return way.param.name; });
+/// A folder of its own on a phone that is the same for all tests: to start one takes seconds.
+QString nextFolder() {
+    static int folders = 0;
+    return QStringLiteral("side%1").arg(++folders);
+}
+
+/// A virtual phone by the real adb server.
+class ADBSide final : public FolderSide {
+public:
+    ADBSide() : ADBSide(nextFolder()) {}
+
+    [[nodiscard]] std::shared_ptr<PhoneFileSystem> files() override {
+        return files_;
+    }
+    [[nodiscard]] QString root() const override {
+        return QStringLiteral("/sdcard/") + folder_;
+    }
+
+private:
+    struct Phone : ADBPhone {
+        Phone() {
+            connectPhone();
+            PhoneIdentity identity;
+            identity.udid = identity.serialNumber = serial();
+            ADBServerAddress address;
+            address.port = server_.port();
+            files = std::make_shared<ADBFileSystem>(
+                identity, std::make_shared<PhoneQueue>(),
+                std::make_shared<ADBServerConnection>(std::make_shared<ADBServerClient>(address),
+                                                      ADBPhoneSought{serial(), {}}));
+        }
+        using ADBPhone::disk_;
+        std::shared_ptr<ADBFileSystem> files;
+    };
+    static Phone& phone() {
+        static Phone phone;
+        return phone;
+    }
+
+    explicit ADBSide(const QString& folder)
+        : FolderSide(phone().disk_, QStringLiteral("phone/") + folder), folder_(folder) {}
+
+    const QString folder_;
+    const std::shared_ptr<ADBFileSystem> files_ = phone().files;
+};
+
+/// A virtual iPhone's app by the real library.
+class AFCSide final : public FolderSide {
+public:
+    AFCSide() : AFCSide(nextFolder()) {}
+
+    [[nodiscard]] std::shared_ptr<PhoneFileSystem> files() override {
+        return files_;
+    }
+    [[nodiscard]] QString root() const override {
+        return QLatin1Char('/') + folder_;
+    }
+
+private:
+    struct Phone {
+        Application application;
+        IPhoneFiles plugged;
+        std::shared_ptr<AFCFileSystem> files = std::make_shared<AFCFileSystem>(
+            plugged.identity(), IPhoneFiles::notes(), std::make_shared<PhoneQueue>());
+    };
+    static Phone& phone() {
+        static Phone phone;
+        return phone;
+    }
+
+    explicit AFCSide(const QString& folder)
+        : FolderSide(phone().plugged.disk, phone().plugged.inDocuments(folder)), folder_(folder) {}
+
+    const QString folder_;
+    const std::shared_ptr<AFCFileSystem> files_ = phone().files;
+};
+
+std::unique_ptr<CopyEnd> overADB() {
+    return std::make_unique<ADBSide>();
+}
+std::unique_ptr<CopyEnd> overAFC() {
+    return std::make_unique<AFCSide>();
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Ways, TreeCopyOverWays,
+    testing::Values(Way{"downloadOverMTP", overMTP, aDisk}, Way{"uploadOverMTP", aDisk, overMTP},
+                    Way{"downloadOverADB", overADB, aDisk}, Way{"uploadOverADB", aDisk, overADB},
+                    Way{"downloadOverAFC", overAFC, aDisk}, Way{"uploadOverAFC", aDisk, overAFC},
+                    Way{"fromMTPToMTP", overMTP, overMTPToAnother},
+                    Way{"fromMTPToAFC", overMTP, overAFC}, Way{"fromAFCToADB", overAFC, overADB},
+                    Way{"withinOnePhone", overADB, overADB}),
+    [](const auto& way) { return way.param.name; });
 
 } // namespace
 } // namespace tessary
