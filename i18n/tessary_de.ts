@@ -802,10 +802,6 @@
         <translation>Ziehen Sie die anderen ab oder wechseln Sie zu Standard-MTP.</translation>
     </message>
     <message>
-        <source>Unlock it and tap “Allow” in the question about USB debugging.</source>
-        <translation>Entsperren Sie es und tippen Sie bei der Frage nach dem USB-Debugging auf „Zulassen“.</translation>
-    </message>
-    <message>
         <source>The phone is offline for adb.</source>
         <translation>Das Telefon ist für adb offline.</translation>
     </message>
@@ -876,6 +872,26 @@
     <message>
         <source>The server&apos;s answer is not what it should be.</source>
         <translation>Die Antwort des Servers ist nicht, was sie sein sollte.</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s adb is too old to pair.</source>
+        <translation>Das adb dieses Computers ist zu alt zum Koppeln.</translation>
+    </message>
+    <message>
+        <source>Version 30 or newer is needed.</source>
+        <translation>Version 30 oder neuer ist nötig.</translation>
+    </message>
+    <message>
+        <source>adb could not reach the phone: %2</source>
+        <translation>adb konnte das Telefon nicht erreichen: %2</translation>
+    </message>
+    <message>
+        <source>adb could not reach the phone</source>
+        <translation>adb konnte das Telefon nicht erreichen</translation>
+    </message>
+    <message>
+        <source>Unlock it and tap “Allow” in the question about debugging.</source>
+        <translation>Entsperren Sie es und tippen Sie bei der Frage nach dem Debugging auf „Zulassen“.</translation>
     </message>
 </context>
 <context>
@@ -1282,18 +1298,6 @@
     <message>
         <source>adb is not installed.</source>
         <translation>adb ist nicht installiert.</translation>
-    </message>
-    <message>
-        <source>The phone does not answer on the network.</source>
-        <translation>Das Telefon antwortet im Netzwerk nicht.</translation>
-    </message>
-    <message>
-        <source>This computer&apos;s adb is too old to pair: version 30 or newer is needed.</source>
-        <translation>Das adb dieses Computers ist zum Koppeln zu alt: Nötig ist Version 30 oder neuer.</translation>
-    </message>
-    <message>
-        <source>Allow this computer on the phone, then connect again.</source>
-        <translation>Lassen Sie diesen Computer auf dem Telefon zu und verbinden Sie dann noch einmal.</translation>
     </message>
     <message>
         <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
@@ -1858,10 +1862,6 @@
     <message>
         <source>Cannot read %1.</source>
         <translation>%1 kann nicht gelesen werden.</translation>
-    </message>
-    <message>
-        <source>adb could not reach the phone: %1</source>
-        <translation>adb konnte das Telefon nicht erreichen: %1</translation>
     </message>
 </context>
 <context>

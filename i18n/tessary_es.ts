@@ -802,10 +802,6 @@
         <translation>Desconecta los demás o cambia a MTP estándar.</translation>
     </message>
     <message>
-        <source>Unlock it and tap “Allow” in the question about USB debugging.</source>
-        <translation>Desbloquéalo y toca «Permitir» en la pregunta sobre la depuración USB.</translation>
-    </message>
-    <message>
         <source>The phone is offline for adb.</source>
         <translation>El teléfono está sin conexión para adb.</translation>
     </message>
@@ -876,6 +872,26 @@
     <message>
         <source>The server&apos;s answer is not what it should be.</source>
         <translation>La respuesta del servidor no es la esperada.</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s adb is too old to pair.</source>
+        <translation>El adb de este ordenador es demasiado antiguo para emparejar.</translation>
+    </message>
+    <message>
+        <source>Version 30 or newer is needed.</source>
+        <translation>Se necesita la versión 30 o posterior.</translation>
+    </message>
+    <message>
+        <source>adb could not reach the phone: %2</source>
+        <translation>adb no pudo llegar al teléfono: %2</translation>
+    </message>
+    <message>
+        <source>adb could not reach the phone</source>
+        <translation>adb no pudo llegar al teléfono</translation>
+    </message>
+    <message>
+        <source>Unlock it and tap “Allow” in the question about debugging.</source>
+        <translation>Desbloquéalo y toca «Permitir» en la pregunta sobre la depuración.</translation>
     </message>
 </context>
 <context>
@@ -1282,18 +1298,6 @@
     <message>
         <source>adb is not installed.</source>
         <translation>adb no está instalado.</translation>
-    </message>
-    <message>
-        <source>The phone does not answer on the network.</source>
-        <translation>El teléfono no responde en la red.</translation>
-    </message>
-    <message>
-        <source>This computer&apos;s adb is too old to pair: version 30 or newer is needed.</source>
-        <translation>El adb de este ordenador es demasiado antiguo para vincular: hace falta la versión 30 o posterior.</translation>
-    </message>
-    <message>
-        <source>Allow this computer on the phone, then connect again.</source>
-        <translation>Autoriza este ordenador en el teléfono y vuelve a conectarte.</translation>
     </message>
     <message>
         <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
@@ -1858,10 +1862,6 @@
     <message>
         <source>Cannot read %1.</source>
         <translation>No se puede leer %1.</translation>
-    </message>
-    <message>
-        <source>adb could not reach the phone: %1</source>
-        <translation>adb no ha podido acceder al teléfono: %1</translation>
     </message>
 </context>
 <context>

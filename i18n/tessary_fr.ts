@@ -802,10 +802,6 @@
         <translation>Débranchez les autres ou passez en MTP standard.</translation>
     </message>
     <message>
-        <source>Unlock it and tap “Allow” in the question about USB debugging.</source>
-        <translation>Déverrouillez-le et touchez « Autoriser » à la question sur le débogage USB.</translation>
-    </message>
-    <message>
         <source>The phone is offline for adb.</source>
         <translation>Le téléphone est hors ligne pour adb.</translation>
     </message>
@@ -876,6 +872,26 @@
     <message>
         <source>The server&apos;s answer is not what it should be.</source>
         <translation>La réponse du serveur n’est pas celle attendue.</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s adb is too old to pair.</source>
+        <translation>L’adb de cet ordinateur est trop ancien pour l’association.</translation>
+    </message>
+    <message>
+        <source>Version 30 or newer is needed.</source>
+        <translation>La version 30 ou ultérieure est nécessaire.</translation>
+    </message>
+    <message>
+        <source>adb could not reach the phone: %2</source>
+        <translation>adb n’a pas pu atteindre le téléphone : %2</translation>
+    </message>
+    <message>
+        <source>adb could not reach the phone</source>
+        <translation>adb n’a pas pu atteindre le téléphone</translation>
+    </message>
+    <message>
+        <source>Unlock it and tap “Allow” in the question about debugging.</source>
+        <translation>Déverrouillez-le et touchez « Autoriser » à la question sur le débogage.</translation>
     </message>
 </context>
 <context>
@@ -1282,18 +1298,6 @@
     <message>
         <source>adb is not installed.</source>
         <translation>adb n’est pas installé.</translation>
-    </message>
-    <message>
-        <source>The phone does not answer on the network.</source>
-        <translation>Le téléphone ne répond pas sur le réseau.</translation>
-    </message>
-    <message>
-        <source>This computer&apos;s adb is too old to pair: version 30 or newer is needed.</source>
-        <translation>L’adb de cet ordinateur est trop ancien pour l’association : la version 30 ou une version plus récente est nécessaire.</translation>
-    </message>
-    <message>
-        <source>Allow this computer on the phone, then connect again.</source>
-        <translation>Autorisez cet ordinateur sur le téléphone, puis connectez-vous à nouveau.</translation>
     </message>
     <message>
         <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
@@ -1858,10 +1862,6 @@
     <message>
         <source>Cannot read %1.</source>
         <translation>Impossible de lire %1.</translation>
-    </message>
-    <message>
-        <source>adb could not reach the phone: %1</source>
-        <translation>adb n’a pas pu joindre le téléphone : %1</translation>
     </message>
 </context>
 <context>

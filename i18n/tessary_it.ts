@@ -802,10 +802,6 @@
         <translation>Scollega gli altri o passa a MTP standard.</translation>
     </message>
     <message>
-        <source>Unlock it and tap “Allow” in the question about USB debugging.</source>
-        <translation>Sbloccalo e tocca «Consenti» alla domanda sul debug USB.</translation>
-    </message>
-    <message>
         <source>The phone is offline for adb.</source>
         <translation>Il telefono è offline per adb.</translation>
     </message>
@@ -876,6 +872,26 @@
     <message>
         <source>The server&apos;s answer is not what it should be.</source>
         <translation>La risposta del server non è quella prevista.</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s adb is too old to pair.</source>
+        <translation>L’adb di questo computer è troppo vecchio per l’abbinamento.</translation>
+    </message>
+    <message>
+        <source>Version 30 or newer is needed.</source>
+        <translation>Serve la versione 30 o successiva.</translation>
+    </message>
+    <message>
+        <source>adb could not reach the phone: %2</source>
+        <translation>adb non ha raggiunto il telefono: %2</translation>
+    </message>
+    <message>
+        <source>adb could not reach the phone</source>
+        <translation>adb non ha raggiunto il telefono</translation>
+    </message>
+    <message>
+        <source>Unlock it and tap “Allow” in the question about debugging.</source>
+        <translation>Sbloccalo e tocca «Consenti» alla domanda sul debug.</translation>
     </message>
 </context>
 <context>
@@ -1282,18 +1298,6 @@
     <message>
         <source>adb is not installed.</source>
         <translation>adb non è installato.</translation>
-    </message>
-    <message>
-        <source>The phone does not answer on the network.</source>
-        <translation>Il telefono non risponde nella rete.</translation>
-    </message>
-    <message>
-        <source>This computer&apos;s adb is too old to pair: version 30 or newer is needed.</source>
-        <translation>L’adb di questo computer è troppo vecchio per l’accoppiamento: serve la versione 30 o successiva.</translation>
-    </message>
-    <message>
-        <source>Allow this computer on the phone, then connect again.</source>
-        <translation>Consenti questo computer sul telefono, poi connettiti di nuovo.</translation>
     </message>
     <message>
         <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
@@ -1858,10 +1862,6 @@
     <message>
         <source>Cannot read %1.</source>
         <translation>Impossibile leggere %1.</translation>
-    </message>
-    <message>
-        <source>adb could not reach the phone: %1</source>
-        <translation>adb non è riuscito a raggiungere il telefono: %1</translation>
     </message>
 </context>
 <context>

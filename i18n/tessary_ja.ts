@@ -799,10 +799,6 @@
         <translation>ほかのデバイスを外すか、標準MTPに切り替えてください。</translation>
     </message>
     <message>
-        <source>Unlock it and tap “Allow” in the question about USB debugging.</source>
-        <translation>ロックを解除し、USBデバッグの確認で「許可」をタップしてください。</translation>
-    </message>
-    <message>
         <source>The phone is offline for adb.</source>
         <translation>adbではデバイスがオフラインです。</translation>
     </message>
@@ -873,6 +869,26 @@
     <message>
         <source>The server&apos;s answer is not what it should be.</source>
         <translation>サーバーの応答が正しくありません。</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s adb is too old to pair.</source>
+        <translation>このコンピュータのadbはペア設定に対応していません。</translation>
+    </message>
+    <message>
+        <source>Version 30 or newer is needed.</source>
+        <translation>バージョン30以降が必要です。</translation>
+    </message>
+    <message>
+        <source>adb could not reach the phone: %2</source>
+        <translation>adbがデバイスに接続できませんでした: %2</translation>
+    </message>
+    <message>
+        <source>adb could not reach the phone</source>
+        <translation>adbがデバイスに接続できませんでした</translation>
+    </message>
+    <message>
+        <source>Unlock it and tap “Allow” in the question about debugging.</source>
+        <translation>ロックを解除し、デバッグの確認で「許可」をタップしてください。</translation>
     </message>
 </context>
 <context>
@@ -1279,18 +1295,6 @@
     <message>
         <source>adb is not installed.</source>
         <translation>adb がインストールされていません。</translation>
-    </message>
-    <message>
-        <source>The phone does not answer on the network.</source>
-        <translation>デバイスがネットワーク上で応答しません。</translation>
-    </message>
-    <message>
-        <source>This computer&apos;s adb is too old to pair: version 30 or newer is needed.</source>
-        <translation>このコンピュータのadbは古いためペア設定できません。バージョン30以降が必要です。</translation>
-    </message>
-    <message>
-        <source>Allow this computer on the phone, then connect again.</source>
-        <translation>デバイスでこのコンピュータを許可してから、もう一度接続してください。</translation>
     </message>
     <message>
         <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
@@ -1855,10 +1859,6 @@
     <message>
         <source>Cannot read %1.</source>
         <translation>%1 を読み込めません。</translation>
-    </message>
-    <message>
-        <source>adb could not reach the phone: %1</source>
-        <translation>adbがデバイスに接続できませんでした: %1</translation>
     </message>
 </context>
 <context>

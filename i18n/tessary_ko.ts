@@ -799,10 +799,6 @@
         <translation>다른 휴대폰을 뽑거나 표준 MTP로 전환하세요.</translation>
     </message>
     <message>
-        <source>Unlock it and tap “Allow” in the question about USB debugging.</source>
-        <translation>잠금을 해제하고 USB 디버깅 질문에서 “허용”을 누르세요.</translation>
-    </message>
-    <message>
         <source>The phone is offline for adb.</source>
         <translation>adb에서 휴대폰이 오프라인입니다.</translation>
     </message>
@@ -873,6 +869,26 @@
     <message>
         <source>The server&apos;s answer is not what it should be.</source>
         <translation>서버의 응답이 올바르지 않습니다.</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s adb is too old to pair.</source>
+        <translation>이 컴퓨터의 adb가 너무 오래되어 페어링할 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>Version 30 or newer is needed.</source>
+        <translation>버전 30 이상이 필요합니다.</translation>
+    </message>
+    <message>
+        <source>adb could not reach the phone: %2</source>
+        <translation>adb가 휴대폰에 연결하지 못했습니다: %2</translation>
+    </message>
+    <message>
+        <source>adb could not reach the phone</source>
+        <translation>adb가 휴대폰에 연결하지 못했습니다</translation>
+    </message>
+    <message>
+        <source>Unlock it and tap “Allow” in the question about debugging.</source>
+        <translation>잠금을 해제하고 디버깅 질문에서 “허용”을 누르세요.</translation>
     </message>
 </context>
 <context>
@@ -1279,18 +1295,6 @@
     <message>
         <source>adb is not installed.</source>
         <translation>adb가 설치되어 있지 않습니다.</translation>
-    </message>
-    <message>
-        <source>The phone does not answer on the network.</source>
-        <translation>휴대폰이 네트워크에서 응답하지 않습니다.</translation>
-    </message>
-    <message>
-        <source>This computer&apos;s adb is too old to pair: version 30 or newer is needed.</source>
-        <translation>이 컴퓨터의 adb는 너무 오래되어 페어링할 수 없습니다. 버전 30 이상이 필요합니다.</translation>
-    </message>
-    <message>
-        <source>Allow this computer on the phone, then connect again.</source>
-        <translation>휴대폰에서 이 컴퓨터를 허용한 다음 다시 연결하세요.</translation>
     </message>
     <message>
         <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
@@ -1855,10 +1859,6 @@
     <message>
         <source>Cannot read %1.</source>
         <translation>%1을(를) 읽을 수 없습니다.</translation>
-    </message>
-    <message>
-        <source>adb could not reach the phone: %1</source>
-        <translation>adb가 휴대폰에 연결하지 못했습니다: %1</translation>
     </message>
 </context>
 <context>

@@ -802,10 +802,6 @@
         <translation>Desconecte os outros ou mude para MTP padrão.</translation>
     </message>
     <message>
-        <source>Unlock it and tap “Allow” in the question about USB debugging.</source>
-        <translation>Desbloqueie-o e toque em “Permitir” na pergunta sobre a depuração USB.</translation>
-    </message>
-    <message>
         <source>The phone is offline for adb.</source>
         <translation>O telefone está offline para o adb.</translation>
     </message>
@@ -876,6 +872,26 @@
     <message>
         <source>The server&apos;s answer is not what it should be.</source>
         <translation>A resposta do servidor não é a esperada.</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s adb is too old to pair.</source>
+        <translation>O adb deste computador é antigo demais para parear.</translation>
+    </message>
+    <message>
+        <source>Version 30 or newer is needed.</source>
+        <translation>É necessária a versão 30 ou mais recente.</translation>
+    </message>
+    <message>
+        <source>adb could not reach the phone: %2</source>
+        <translation>O adb não conseguiu alcançar o telefone: %2</translation>
+    </message>
+    <message>
+        <source>adb could not reach the phone</source>
+        <translation>o adb não conseguiu alcançar o telefone</translation>
+    </message>
+    <message>
+        <source>Unlock it and tap “Allow” in the question about debugging.</source>
+        <translation>Desbloqueie-o e toque em “Permitir” na pergunta sobre a depuração.</translation>
     </message>
 </context>
 <context>
@@ -1282,18 +1298,6 @@
     <message>
         <source>adb is not installed.</source>
         <translation>O adb não está instalado.</translation>
-    </message>
-    <message>
-        <source>The phone does not answer on the network.</source>
-        <translation>O telefone não responde na rede.</translation>
-    </message>
-    <message>
-        <source>This computer&apos;s adb is too old to pair: version 30 or newer is needed.</source>
-        <translation>O adb deste computador é antigo demais para parear: é necessária a versão 30 ou mais recente.</translation>
-    </message>
-    <message>
-        <source>Allow this computer on the phone, then connect again.</source>
-        <translation>Autorize este computador no telefone e conecte novamente.</translation>
     </message>
     <message>
         <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
@@ -1858,10 +1862,6 @@
     <message>
         <source>Cannot read %1.</source>
         <translation>Não é possível ler %1.</translation>
-    </message>
-    <message>
-        <source>adb could not reach the phone: %1</source>
-        <translation>O adb não conseguiu acessar o telefone: %1</translation>
     </message>
 </context>
 <context>

@@ -799,10 +799,6 @@
         <translation>请拔下其他手机，或切换到标准 MTP。</translation>
     </message>
     <message>
-        <source>Unlock it and tap “Allow” in the question about USB debugging.</source>
-        <translation>请将其解锁，并在 USB 调试的询问中轻点“允许”。</translation>
-    </message>
-    <message>
         <source>The phone is offline for adb.</source>
         <translation>对 adb 而言手机处于离线状态。</translation>
     </message>
@@ -873,6 +869,26 @@
     <message>
         <source>The server&apos;s answer is not what it should be.</source>
         <translation>服务器的响应不符合预期。</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s adb is too old to pair.</source>
+        <translation>此电脑的 adb 版本过旧，无法配对。</translation>
+    </message>
+    <message>
+        <source>Version 30 or newer is needed.</source>
+        <translation>需要 30 或更高版本。</translation>
+    </message>
+    <message>
+        <source>adb could not reach the phone: %2</source>
+        <translation>adb 无法连接到手机：%2</translation>
+    </message>
+    <message>
+        <source>adb could not reach the phone</source>
+        <translation>adb 无法连接到手机</translation>
+    </message>
+    <message>
+        <source>Unlock it and tap “Allow” in the question about debugging.</source>
+        <translation>请将其解锁，并在调试的询问中轻点“允许”。</translation>
     </message>
 </context>
 <context>
@@ -1279,18 +1295,6 @@
     <message>
         <source>adb is not installed.</source>
         <translation>未安装 adb。</translation>
-    </message>
-    <message>
-        <source>The phone does not answer on the network.</source>
-        <translation>手机在网络中没有响应。</translation>
-    </message>
-    <message>
-        <source>This computer&apos;s adb is too old to pair: version 30 or newer is needed.</source>
-        <translation>此电脑的 adb 版本过旧，无法配对：需要 30 或更高版本。</translation>
-    </message>
-    <message>
-        <source>Allow this computer on the phone, then connect again.</source>
-        <translation>请在手机上允许此电脑，然后重新连接。</translation>
     </message>
     <message>
         <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
@@ -1855,10 +1859,6 @@
     <message>
         <source>Cannot read %1.</source>
         <translation>无法读取 %1。</translation>
-    </message>
-    <message>
-        <source>adb could not reach the phone: %1</source>
-        <translation>adb 无法连接到手机：%1</translation>
     </message>
 </context>
 <context>

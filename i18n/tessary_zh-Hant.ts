@@ -799,10 +799,6 @@
         <translation>請拔下其他手機，或切換到標準 MTP。</translation>
     </message>
     <message>
-        <source>Unlock it and tap “Allow” in the question about USB debugging.</source>
-        <translation>請將其解鎖，並在 USB 偵錯的詢問中點一下「允許」。</translation>
-    </message>
-    <message>
         <source>The phone is offline for adb.</source>
         <translation>對 adb 而言手機處於離線狀態。</translation>
     </message>
@@ -873,6 +869,26 @@
     <message>
         <source>The server&apos;s answer is not what it should be.</source>
         <translation>伺服器的回應不符合預期。</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s adb is too old to pair.</source>
+        <translation>此電腦的 adb 版本過舊，無法配對。</translation>
+    </message>
+    <message>
+        <source>Version 30 or newer is needed.</source>
+        <translation>需要 30 或更新版本。</translation>
+    </message>
+    <message>
+        <source>adb could not reach the phone: %2</source>
+        <translation>adb 無法連接到手機：%2</translation>
+    </message>
+    <message>
+        <source>adb could not reach the phone</source>
+        <translation>adb 無法連接到手機</translation>
+    </message>
+    <message>
+        <source>Unlock it and tap “Allow” in the question about debugging.</source>
+        <translation>請將其解鎖，並在偵錯的詢問中點一下「允許」。</translation>
     </message>
 </context>
 <context>
@@ -1279,18 +1295,6 @@
     <message>
         <source>adb is not installed.</source>
         <translation>未安裝 adb。</translation>
-    </message>
-    <message>
-        <source>The phone does not answer on the network.</source>
-        <translation>手機在網路中沒有回應。</translation>
-    </message>
-    <message>
-        <source>This computer&apos;s adb is too old to pair: version 30 or newer is needed.</source>
-        <translation>此電腦的 adb 版本過舊，無法配對：需要 30 或更新的版本。</translation>
-    </message>
-    <message>
-        <source>Allow this computer on the phone, then connect again.</source>
-        <translation>請在手機上允許此電腦，然後重新連線。</translation>
     </message>
     <message>
         <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
@@ -1855,10 +1859,6 @@
     <message>
         <source>Cannot read %1.</source>
         <translation>無法讀取 %1。</translation>
-    </message>
-    <message>
-        <source>adb could not reach the phone: %1</source>
-        <translation>adb 無法連線到手機：%1</translation>
     </message>
 </context>
 <context>

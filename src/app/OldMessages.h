@@ -128,10 +128,6 @@ inline constexpr std::array wholeMessages{
     QT_TRANSLATE_NOOP("Message", "adb crashed."),
     QT_TRANSLATE_NOOP("Message", "adb does not answer. Unplug the phone and plug it in again."),
     QT_TRANSLATE_NOOP("Message", "adb is not installed."),
-    QT_TRANSLATE_NOOP("Message", "The phone does not answer on the network."),
-    QT_TRANSLATE_NOOP("Message",
-                      "This computer's adb is too old to pair: version 30 or newer is needed."),
-    QT_TRANSLATE_NOOP("Message", "Allow this computer on the phone, then connect again."),
     QT_TRANSLATE_NOOP("Message", "Turbo mode needs adb, which is not installed. The phone is used "
                                  "over Standard MTP instead."),
     QT_TRANSLATE_NOOP("Message", "Install the adb tool, or switch the phone to Standard MTP."),
@@ -295,7 +291,6 @@ inline constexpr std::array messagePatterns{
     QT_TRANSLATE_NOOP("Message", "Cannot read %1: %2"),
     QT_TRANSLATE_NOOP("Message", "Cannot create the folder %1 on this computer."),
     QT_TRANSLATE_NOOP("Message", "Cannot read %1."),
-    QT_TRANSLATE_NOOP("Message", "adb could not reach the phone: %1"),
 };
 
 } // namespace tessary

@@ -1,4 +1,6 @@
 #include "browser/model/WirelessViewModel.h"
+#include "adb/protocol/ADBError.h"
+#include "phone/PhoneError.h"
 #include "simulator/demo/DemoNetwork.h"
 #include "support/ADBFixture.h"
 #include "support/MainLoop.h"
@@ -55,13 +57,15 @@ protected:
 };
 
 TEST_F(WirelessViewModelTest, whatADBSaysIsTold) {
-    const std::tuple<const char*, Step, const char*> rows[] = {
-        {"connected to 10.0.0.2:4711", Step::done, ""},
-        {"already connected to 10.0.0.2:4711", Step::done, ""},
+    const std::tuple<const char*, Step, std::optional<Error>> rows[] = {
+        {"connected to 10.0.0.2:4711", Step::done, {}},
+        {"already connected to 10.0.0.2:4711", Step::done, {}},
         {"failed to authenticate to 10.0.0.2:4711", Step::failed,
-         "Allow this computer on the phone, then connect again."},
+         Error(ADBError::unauthorized, {u"10.0.0.2:4711"_s})},
+        {"adb: unknown command", Step::failed, Error(ADBError::cannotPair)},
         {"cannot connect to 10.0.0.2:4711: Connection refused", Step::failed,
-         "adb could not reach the phone: cannot connect to 10.0.0.2:4711: Connection refused"},
+         Error(ADBError::refused,
+               {u"10.0.0.2:4711"_s, u"cannot connect to 10.0.0.2:4711: Connection refused"_s})},
     };
     const auto network = networkWith(ServiceAddress{u"10.0.0.2"_s, 4711});
     for (const auto& [said, step, failure] : rows) {
@@ -70,7 +74,7 @@ TEST_F(WirelessViewModelTest, whatADBSaysIsTold) {
         start(phones);
         const Phone phone = connectFirst(phones);
         EXPECT_EQ(phone.step, step) << said;
-        EXPECT_EQ(phone.failure, QString::fromLatin1(failure));
+        EXPECT_EQ(phone.failure, failure);
     }
     EXPECT_TRUE(disk_.read(u"asked"_s).startsWith("connect 10.0.0.2:4711\n"));
 }
@@ -79,7 +83,7 @@ TEST_F(WirelessViewModelTest, phoneThatIsNotThereOrNotPairedIsTold) {
     const ADBTool adb(runner_, QStringList{adbThatPrints("adb: unknown command pair")});
     WirelessViewModel phones(networkWith(std::nullopt), adb);
     start(phones);
-    EXPECT_EQ(connectFirst(phones).failure, u"The phone does not answer on the network."_s);
+    EXPECT_EQ(connectFirst(phones).failure, Error(PhoneError::notReachable));
     phones.connectTo(u"unknown"_s);
     EXPECT_FALSE(phones.isWorking());
     phones.pair(phones.phones()[1].device.id, u"123456"_s);
@@ -96,7 +100,7 @@ TEST_F(WirelessADBTest, connectedPhoneIsReachedByTheRealADB) {
     WirelessViewModel phones(networkWith(ServiceAddress{u"127.0.0.1"_s, adbd_->port()}), adb);
     start(phones);
     const Phone phone = connectFirst(phones);
-    EXPECT_EQ(phone.step, Step::done) << phone.failure.toStdString();
+    EXPECT_EQ(phone.step, Step::done) << (phone.failure ? phone.failure->what() : "");
     EXPECT_TRUE(reaches(u"device"_s));
 
     ADBPhone::server_.disconnect(serial());

@@ -82,7 +82,7 @@ TEST_F(WirelessDialogTest, phoneIsConnectedOrTheFailureTold) {
     EXPECT_EQ(connect_.text(), u"Connect"_s);
     const std::pair<const char*, QString> rows[] = {
         {"failed to authenticate to 10.0.0.2:4711",
-         u"Allow this computer on the phone, then connect again."_s},
+         u"Unlock it and tap “Allow” in the question about debugging."_s},
         {"connected to 10.0.0.2:4711", u"Connected"_s},
     };
     for (const auto& [said, shown] : rows) {

@@ -44,6 +44,7 @@ PhoneError codeOf(const Error& error, ADBError code) {
     case ADBError::noPublicKey:
     case ADBError::noServer:
     case ADBError::noADB:
+    case ADBError::cannotPair:
     case ADBError::severalPhones:
     case ADBError::offline:
     case ADBError::tooOld:

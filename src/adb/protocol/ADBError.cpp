@@ -7,10 +7,10 @@ namespace tessary {
 namespace {
 
 constexpr std::array names{
-    "noKey",         "notSigned",    "noPublicKey",  "noServer", "noADB",      "notFound",
-    "severalPhones", "unauthorized", "notPermitted", "offline",  "held",       "tooOld",
-    "refused",       "brokenOff",    "timedOut",     "nonsense", "syncFailed", "statFailed",
-    "commandFailed", "nameNotText",  "pathTooLong",
+    "noKey",      "notSigned",     "noPublicKey",  "noServer",     "noADB",    "cannotPair",
+    "notFound",   "severalPhones", "unauthorized", "notPermitted", "offline",  "held",
+    "tooOld",     "refused",       "brokenOff",    "timedOut",     "nonsense", "syncFailed",
+    "statFailed", "commandFailed", "nameNotText",  "pathTooLong",
 };
 static_assert(names.size() == static_cast<std::size_t>(ADBError::pathTooLong) + 1);
 

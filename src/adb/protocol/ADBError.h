@@ -14,6 +14,7 @@ enum class ADBError {
     // --- the way to the phone ---
     noServer,      ///< address: no adb server answers there
     noADB,         ///< adb is not installed
+    cannotPair,    ///< this computer's adb is older than pairing
     notFound,      ///< serial: the way leads to no such phone
     severalPhones, ///< serial: it leads to several, and nothing tells them apart
     unauthorized,  ///< serial: the phone has not allowed this computer yet

@@ -1,5 +1,7 @@
 #include "adb/tool/ADBWireless.h"
 
+#include "adb/protocol/ADBError.h"
+
 #include <algorithm>
 
 namespace tessary {
@@ -17,11 +19,12 @@ QString lastLine(const ProcessResult& result) {
 }
 
 /// Runs a command whose success is told by how a line begins: its exit status says little.
-QString run(const ADBTool& tool, const QStringList& words, const QStringList& successes,
-            const std::stop_token& stop) {
+void run(const ADBTool& tool, const QStringList& words, const QStringList& successes,
+         const std::stop_token& stop) {
+    const QString& address = words.at(1);
     const auto executable = tool.find();
     if (!executable)
-        return QStringLiteral("adb is not installed.");
+        throw Error(ADBError::noADB);
     ProcessRequest request;
     request.program = *executable;
     request.arguments = words;
@@ -31,28 +34,26 @@ QString run(const ADBTool& tool, const QStringList& words, const QStringList& su
     const QString said = lastLine(result);
     if (std::any_of(successes.begin(), successes.end(),
                     [&](const QString& success) { return said.startsWith(success); }))
-        return {};
+        return;
     if (said.contains(QLatin1StringView("unknown command")))
-        return QStringLiteral("This computer's adb is too old to pair: version 30 or newer is "
-                              "needed.");
+        throw Error(ADBError::cannotPair);
     if (said.contains(QLatin1StringView("failed to authenticate")))
-        return QStringLiteral("Allow this computer on the phone, then connect again.");
-    return said.isEmpty() ? QStringLiteral("The phone does not answer on the network.")
-                          : QStringLiteral("adb could not reach the phone: %1").arg(said);
+        throw Error(ADBError::unauthorized, {address});
+    throw said.isEmpty() ? Error(ADBError::timedOut, {address})
+                         : Error(ADBError::refused, {address, said});
 }
 
 } // namespace
 
-QString connectOverNetwork(const ADBTool& tool, const QString& address,
-                           const std::stop_token& stop) {
-    return run(tool, {QStringLiteral("connect"), address},
-               {QStringLiteral("connected to"), QStringLiteral("already connected to")}, stop);
+void connectOverNetwork(const ADBTool& tool, const QString& address, const std::stop_token& stop) {
+    run(tool, {QStringLiteral("connect"), address},
+        {QStringLiteral("connected to"), QStringLiteral("already connected to")}, stop);
 }
 
-QString pairOverNetwork(const ADBTool& tool, const QString& address, const QString& code,
-                        const std::stop_token& stop) {
-    return run(tool, {QStringLiteral("pair"), address, code},
-               {QStringLiteral("Successfully paired")}, stop);
+void pairOverNetwork(const ADBTool& tool, const QString& address, const QString& code,
+                     const std::stop_token& stop) {
+    run(tool, {QStringLiteral("pair"), address, code}, {QStringLiteral("Successfully paired")},
+        stop);
 }
 
 } // namespace tessary

@@ -25,6 +25,16 @@ std::optional<ErrorWords> wordsOf(ADBError error) {
                           useMTP};
     case ADBError::noADB:
         return ErrorWords{QT_TRANSLATE_NOOP("ErrorText", "adb is not installed."), nullptr, useMTP};
+    case ADBError::cannotPair:
+        return ErrorWords{QT_TRANSLATE_NOOP("ErrorText", "This computer's adb is too old to pair."),
+                          nullptr,
+                          QT_TRANSLATE_NOOP("ErrorText", "Version 30 or newer is needed.")};
+    case ADBError::refused:
+        return ErrorWords{QT_TRANSLATE_NOOP("ErrorText", "adb could not reach the phone: %2"),
+                          QT_TRANSLATE_NOOP("ErrorText", "adb could not reach the phone"),
+                          QT_TRANSLATE_NOOP("ErrorText",
+                                            "Turn on USB debugging on it, or switch to "
+                                            "Standard MTP.")};
     case ADBError::notFound:
         return ErrorWords{QT_TRANSLATE_NOOP("ErrorText", "adb does not reach the phone."), nullptr,
                           QT_TRANSLATE_NOOP("ErrorText",
@@ -39,8 +49,8 @@ std::optional<ErrorWords> wordsOf(ADBError error) {
     case ADBError::unauthorized:
         return ErrorWords{
             QT_TRANSLATE_NOOP("ErrorText", "The phone has not allowed this computer yet."), nullptr,
-            QT_TRANSLATE_NOOP("ErrorText", "Unlock it and tap “Allow” in the question about USB "
-                                           "debugging.")};
+            QT_TRANSLATE_NOOP("ErrorText",
+                              "Unlock it and tap “Allow” in the question about debugging.")};
     case ADBError::offline:
         return ErrorWords{QT_TRANSLATE_NOOP("ErrorText", "The phone is offline for adb."), nullptr,
                           QT_TRANSLATE_NOOP("ErrorText", "Unplug it and plug it in again, or turn "
@@ -57,7 +67,6 @@ std::optional<ErrorWords> wordsOf(ADBError error) {
                           QT_TRANSLATE_NOOP("ErrorText", "its path is too long")};
     case ADBError::notPermitted:
     case ADBError::held:
-    case ADBError::refused:
     case ADBError::brokenOff:
     case ADBError::timedOut:
     case ADBError::nonsense:

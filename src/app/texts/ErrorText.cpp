@@ -1,5 +1,6 @@
 #include "app/texts/ErrorText.h"
 
+#include "adb/files/ADBPhoneErrors.h"
 #include "app/texts/ADBWords.h"
 #include "app/texts/ErrorWords.h"
 #include "app/texts/HttpWords.h"
@@ -33,9 +34,11 @@ struct Worded {
 /// The error or the nearest of its causes whose code has words.
 Worded worded(const Error& error) {
     for (const Error* each = &error; each != nullptr; each = each->cause()) {
-        if (const auto code = each->code().as<ADBError>())
-            if (const auto words = wordsOf(*code))
-                return {*each, *words};
+        if (const auto code = each->code().as<ADBError>()) {
+            // Without words of its own it is told by what it means for the phone.
+            const auto meaning = phoneErrorOf(*each, {}).code().as<PhoneError>();
+            return {*each, wordsOf(*code).value_or(wordsOf(meaning.value_or(PhoneError::refused)))};
+        }
         if (const auto code = each->code().as<PhoneError>()) {
             const Error* cause = each->cause();
             const auto adb = cause != nullptr ? cause->code().as<ADBError>() : std::nullopt;

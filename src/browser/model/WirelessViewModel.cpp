@@ -2,6 +2,7 @@
 
 #include "adb/tool/ADBWireless.h"
 #include "base/threads/Background.h"
+#include "phone/PhoneError.h"
 
 #include <algorithm>
 #include <utility>
@@ -61,13 +62,13 @@ void WirelessViewModel::update(const std::vector<DiscoveredWirelessDevice>& foun
 
 void WirelessViewModel::connectTo(const QString& id) {
     ask(id, [&adb = adb_](const QString& address, const std::stop_token& stop) {
-        return connectOverNetwork(adb, address, stop);
+        connectOverNetwork(adb, address, stop);
     });
 }
 
 void WirelessViewModel::pair(const QString& id, const QString& code) {
     ask(id, [&adb = adb_, code](const QString& address, const std::stop_token& stop) {
-        return pairOverNetwork(adb, address, code, stop);
+        pairOverNetwork(adb, address, code, stop);
     });
 }
 
@@ -81,22 +82,28 @@ void WirelessViewModel::ask(const QString& id, Work work) {
         this,
         [network = network_, endpoint = asked->device.endpoint,
          work = std::move(work)](const std::stop_token& stop) {
-            const auto address = network->resolve(endpoint, stop);
-            return address
-                       ? work(QStringLiteral("%1:%2").arg(address->host).arg(address->port), stop)
-                       : QStringLiteral("The phone does not answer on the network.");
+            using Failure = std::optional<Error>;
+            try {
+                const auto address = network->resolve(endpoint, stop);
+                if (!address)
+                    return Failure(PhoneError::notReachable);
+                work(QStringLiteral("%1:%2").arg(address->host).arg(address->port), stop);
+                return Failure();
+            } catch (const Error& error) {
+                return Failure(error);
+            }
         },
-        [this, id, number](BackgroundResult<QString> result) {
+        [this, id, number](BackgroundResult<std::optional<Error>> result) {
             if (number != number_ || !result.succeeded())
                 return;
             workingOn_.reset();
-            const QString failure = result.take();
-            setStep(id, failure.isEmpty() ? Step::done : Step::failed, failure);
+            const auto failure = result.take();
+            setStep(id, failure ? Step::failed : Step::done, failure);
         });
     setStep(id, Step::working);
 }
 
-void WirelessViewModel::setStep(const QString& id, Step step, const QString& failure) {
+void WirelessViewModel::setStep(const QString& id, Step step, const std::optional<Error>& failure) {
     for (Phone& one : phones_)
         if (one.device.id == id) {
             one.step = step;

@@ -2,6 +2,7 @@
 
 #include "adb/protocol/WirelessADBDiscovery.h"
 #include "adb/tool/ADBTool.h"
+#include "base/values/Error.h"
 
 #include <QObject>
 
@@ -30,7 +31,7 @@ public:
     struct Phone {
         DiscoveredWirelessDevice device;
         Step step = Step::none;
-        QString failure; ///< in words for a person
+        std::optional<Error> failure{}; ///< of a step that failed
     };
 
     /// `adb` must outlive this.
@@ -65,12 +66,12 @@ Q_SIGNALS:
     void changed();
 
 private:
-    /// Returns the failure, empty for none.
-    using Work = std::function<QString(const QString& address, const std::stop_token&)>;
+    /// Throws Error.
+    using Work = std::function<void(const QString& address, const std::stop_token&)>;
 
     void update(const std::vector<DiscoveredWirelessDevice>& found);
     void ask(const QString& id, Work work);
-    void setStep(const QString& id, Step step, const QString& failure = {});
+    void setStep(const QString& id, Step step, const std::optional<Error>& failure = {});
 
     const std::shared_ptr<ServiceNetwork> network_;
     const ADBTool& adb_;

@@ -1,7 +1,7 @@
 #include "views/dialogs/WirelessDialog.h"
 
 #include "app/LanguageManager.h"
-#include "app/Translations.h"
+#include "app/texts/ErrorText.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
 
@@ -30,7 +30,7 @@ QString stateText(const WirelessViewModel::Phone& phone) {
         return phone.device.isPairing ? WirelessDialog::tr("Paired")
                                       : WirelessDialog::tr("Connected");
     case WirelessViewModel::Step::failed:
-        return printable(trMessage(phone.failure));
+        return phone.failure ? errorText(*phone.failure).text() : QString();
     case WirelessViewModel::Step::none:
         break;
     }
