@@ -306,6 +306,10 @@ ADBDShellResult volumes(ADBDState& state, const Words&) {
     return {text, {}, 0};
 }
 
+ADBDShellResult model(ADBDState& state, const Words&) {
+    return {state.config.model.toStdString() + '\n', {}, 0};
+}
+
 ADBDShellResult apiLevel(ADBDState& state, const Words&) {
     return {std::to_string(state.config.apiLevel) + '\n', {}, 0};
 }
@@ -372,6 +376,7 @@ constexpr std::array knownCommands{
     Known{{"TZ=UTC0", "touch", "-m"}, 6, &touch},
     Known{{"sm", "list-volumes", "public"}, 3, &volumes},
     Known{{"getprop", "ro.build.version.sdk", ""}, 2, &apiLevel},
+    Known{{"getprop", "ro.product.model", ""}, 2, &model},
     Known{{"head", "-c", ""}, 4, &head},
     Known{{"df", "-k", "/sdcard"}, 3, &diskFree},
     Known{{"dumpsys", "battery", ""}, 2, &battery},

@@ -44,6 +44,7 @@ const std::map<std::string, std::vector<std::string>> arrows = {
     {"adb/server", {"adb/services"}},
     {"adb/direct", {"adb/services", "platform/usb"}},
     {"adb/tool", {"adb/server", "phone/records", "platform/process"}},
+    {"adb/ways", {"adb/direct", "adb/tool"}},
     {"adb/files", {"adb/tool", "base/log", "phone"}},
     {"ios", {"base/log", "phone"}},
     {"ios/files", {"ios"}},

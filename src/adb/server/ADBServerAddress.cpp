@@ -1,7 +1,5 @@
 #include "adb/server/ADBServerAddress.h"
 
-#include <optional>
-
 namespace tessary {
 
 namespace {
@@ -47,6 +45,15 @@ ADBServerAddress ADBServerAddress::of(const QProcessEnvironment& environment) {
     if (const auto port = portFrom(environment.value(QStringLiteral("ANDROID_ADB_SERVER_PORT"))))
         address.port = *port;
     return address;
+}
+
+std::optional<QString> ADBServerAddress::textForStart() const {
+    if (!socketPath.isEmpty())
+        return text();
+    // With a host in figures the tool takes even this machine for another one.
+    if (host == QLatin1StringView("localhost") || host == QLatin1StringView("127.0.0.1"))
+        return QStringLiteral("tcp:%1").arg(port);
+    return std::nullopt;
 }
 
 QString ADBServerAddress::text() const {

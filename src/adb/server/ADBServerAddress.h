@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <optional>
 
 namespace tessary {
 
@@ -23,6 +24,8 @@ struct ADBServerAddress {
     [[nodiscard]] static ADBServerAddress
     of(const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment());
 
+    /// What tells the adb tool to start a server there; no value for another machine's address.
+    [[nodiscard]] std::optional<QString> textForStart() const;
     /// As in ADB_SERVER_SOCKET.
     [[nodiscard]] QString text() const;
     /// Fails as StreamSocket does.

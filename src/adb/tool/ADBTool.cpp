@@ -118,9 +118,19 @@ ADBTool::ADBTool(ProcessRunner& processes, std::optional<QStringList> paths)
     : processes_(processes), paths_(std::move(paths)) {}
 
 QStringList ADBTool::defaultPaths() {
-    return {QDir::homePath() + QStringLiteral("/Library/Android/sdk/platform-tools/adb"),
-            QStringLiteral("/opt/homebrew/bin/adb"), QStringLiteral("/usr/local/bin/adb"),
-            QStringLiteral("/usr/bin") + QStringLiteral("/adb")};
+    const QString inSDK = QStringLiteral("/platform-tools/adb");
+    QStringList paths;
+    for (const char* variable : {"ANDROID_HOME", "ANDROID_SDK_ROOT"})
+        if (const QString sdk = qEnvironmentVariable(variable); !sdk.isEmpty())
+            paths.append(sdk + inSDK);
+    for (const QString& folder : qEnvironmentVariable("PATH").split(QLatin1Char(':')))
+        if (folder.startsWith(QLatin1Char('/')))
+            paths.append(folder + QStringLiteral("/adb"));
+    return paths + QStringList{QDir::homePath() + QStringLiteral("/Android/Sdk") + inSDK,
+                               QDir::homePath() + QStringLiteral("/Library/Android/sdk") + inSDK,
+                               QStringLiteral("/opt/homebrew/bin/adb"),
+                               QStringLiteral("/usr/local/bin/adb"),
+                               QStringLiteral("/usr/bin") + QStringLiteral("/adb")};
 }
 
 std::optional<QString> ADBTool::find() const {

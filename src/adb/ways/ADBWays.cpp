@@ -1,0 +1,242 @@
+#include "adb/ways/ADBWays.h"
+
+#include "adb/direct/ADBDirectConnection.h"
+#include "adb/direct/ADBTCPTransport.h"
+#include "adb/direct/ADBUSBTransport.h"
+#include "adb/protocol/ADBError.h"
+#include "adb/server/ADBServerConnection.h"
+#include "adb/services/ADBShellClient.h"
+#include "base/threads/CancellationError.h"
+#include "platform/usb/USBInterfaceKinds.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tessary {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr std::uint8_t adbProtocol = 1;
+constexpr auto startPatience = 15s;
+/// A person may have to allow it on the phone.
+constexpr auto networkPatience = 20s;
+
+/// "host:port", or "[host]:port"; no value for anything else.
+std::optional<std::pair<QString, std::uint16_t>> hostAndPort(const QString& address) {
+    const qsizetype colon = address.lastIndexOf(QLatin1Char(':'));
+    bool isNumber = false;
+    const std::uint16_t port = address.mid(colon + 1).toUShort(&isNumber);
+    if (colon <= 0 || !isNumber || port == 0)
+        return std::nullopt;
+    return std::pair(address.left(colon), port);
+}
+
+} // namespace
+
+/// Asks for the way at each link, since a server may have come or gone meanwhile.
+class ADBChosenConnection final : public ADBConnection {
+    /// A phone that cannot be reached may be one that the server still shows.
+    template <typename Work>
+    auto asking(Work work) {
+        try {
+            return work();
+        } catch (const Error&) {
+            ways_.tracker_.wake();
+            throw;
+        }
+    }
+
+public:
+    ADBChosenConnection(ADBWays& ways, PhoneIdentity phone)
+        : ways_(ways), phone_(std::move(phone)) {}
+
+    std::unique_ptr<ADBStream> open(const QByteArray& service, const Wait& wait) override {
+        return asking([&] { return way(wait.stop)->open(service, wait); });
+    }
+    QByteArrayList features(const Wait& wait) override {
+        return asking([&] { return way(wait.stop)->features(wait); });
+    }
+    QStringList programsHolding() override {
+        const std::scoped_lock lock(mutex_);
+        return way_ ? way_->programsHolding() : QStringList();
+    }
+    void release() override {
+        const std::scoped_lock lock(mutex_);
+        if (way_)
+            way_->release();
+    }
+
+private:
+    std::shared_ptr<ADBConnection> way(const std::stop_token& stop) {
+        const bool hasServer = !ways_.isStraight(phone_.serialNumber) && ways_.ensureServer(stop);
+        const std::scoped_lock lock(mutex_);
+        if (!way_ || std::exchange(isByServer_, hasServer) != hasServer)
+            way_ = hasServer ? ways_.byServer(phone_) : ways_.straightTo(phone_);
+        return way_;
+    }
+
+    ADBWays& ways_;
+    const PhoneIdentity phone_;
+    std::mutex mutex_;
+    std::shared_ptr<ADBConnection> way_; ///< guarded by mutex_
+    bool isByServer_ = false;            ///< guarded by mutex_
+};
+
+ADBWays::ADBWays(Setup setup)
+    : setup_(std::move(setup)),
+      tool_(setup_.processes, setup_.adbPaths),
+      server_(std::make_shared<const ADBServerClient>(setup_.server)),
+      keys_(setup_.keys ? setup_.keys : std::make_shared<ADBAuthManager>()),
+      tracker_(server_, setup_.changed) {}
+
+ADBWays::~ADBWays() = default;
+
+std::vector<ADBDevice> ADBWays::devices() {
+    std::vector<ADBDevice> all = tracker_.devices();
+    const std::scoped_lock lock(mutex_);
+    for (const ADBDevice& device : straight_)
+        if (std::none_of(all.begin(), all.end(),
+                         [&](const ADBDevice& one) { return one.serial == device.serial; }))
+            all.push_back(device);
+    return all;
+}
+
+void ADBWays::lookAgain(const std::stop_token& stop) {
+    const std::vector<USBDeviceEntry> attached = setup_.bus.devices();
+    const bool isNeeded =
+        std::any_of(attached.begin(), attached.end(), [&](const USBDeviceEntry& entry) {
+            return setup_.speaksADB
+                       ? setup_.speaksADB(entry)
+                       : hasUSBInterface(entry.location, ADBUSBInterfaceKind::interfaceClass,
+                                         ADBUSBInterfaceKind::subclass, adbProtocol);
+        });
+    if (isNeeded)
+        (void)ensureServer(stop);
+    tracker_.wake();
+}
+
+/// Whether a server answers now. One of another version than the tool's is left alone: the tool
+/// would end it under other programs' copies.
+bool ADBWays::ensureServer(const std::stop_token& stop) {
+    if (tracker_.hasServer())
+        return true;
+    const Wait wait{stop, ADBServerClient::patience};
+    if (server_->version(wait))
+        return true;
+    const auto executable = tool_.find();
+    const auto place = setup_.server.textForStart();
+    if (!executable || !place)
+        return false;
+    const std::scoped_lock lock(startMutex_);
+    if (server_->version(wait))
+        return true;
+    ProcessRequest request;
+    request.program = *executable;
+    request.arguments = {QStringLiteral("-L"), *place, QStringLiteral("start-server")};
+    request.limit = startPatience;
+    request.stop = stop;
+    (void)setup_.processes.follow(request);
+    throwIfStopped(stop);
+    tracker_.wake();
+    return server_->version(wait).has_value();
+}
+
+std::shared_ptr<ADBConnection> ADBWays::connectionTo(const PhoneIdentity& phone) {
+    return std::make_shared<ADBChosenConnection>(*this, phone);
+}
+
+bool ADBWays::canReach(const PhoneIdentity& phone) {
+    return tool_.find() || tracker_.hasServer() || !phone.usbLocation.isEmpty() ||
+           hostAndPort(phone.serialNumber).has_value();
+}
+
+std::shared_ptr<ADBConnection> ADBWays::byServer(const PhoneIdentity& phone) {
+    return std::make_shared<ADBServerConnection>(
+        server_, ADBPhoneSought{phone.serialNumber, phone.usbLocation});
+}
+
+std::shared_ptr<ADBConnection> ADBWays::straightTo(const PhoneIdentity& phone) {
+    USBBus& bus = setup_.bus;
+    if (const auto address = hostAndPort(phone.serialNumber);
+        address && phone.usbLocation.isEmpty())
+        return std::make_shared<ADBDirectConnection>(
+            [address](const Wait& wait) {
+                return std::make_unique<ADBTCPTransport>(address->first, address->second, wait);
+            },
+            keys_);
+    return std::make_shared<ADBDirectConnection>(
+        [&bus, phone](const Wait&) {
+            return std::make_unique<ADBUSBTransport>(bus, phone.usbLocation, phone.serialNumber);
+        },
+        keys_,
+        [&bus, phone] {
+            const auto entry = ADBUSBTransport::find(bus, phone.usbLocation, phone.serialNumber);
+            return entry ? bus.programsHolding(entry->id) : QStringList();
+        });
+}
+
+bool ADBWays::isStraight(const QString& address) const {
+    const std::scoped_lock lock(mutex_);
+    return std::any_of(straight_.begin(), straight_.end(),
+                       [&](const ADBDevice& one) { return one.serial == address; });
+}
+
+void ADBWays::connect(const QString& address, const std::stop_token& stop) {
+    const auto parts = hostAndPort(address);
+    if (!parts)
+        throw Error(ADBError::notFound, {address});
+    if (ensureServer(stop)) {
+        // The server has words only for how it went.
+        const QString answer = QString::fromUtf8(
+            server_->ask("host:connect:" + address.toUtf8(), {stop, networkPatience}));
+        if (answer.startsWith(QLatin1StringView("connected to")) ||
+            answer.startsWith(QLatin1StringView("already connected to")))
+            return;
+        if (answer.contains(QLatin1StringView("authenticate")))
+            throw Error(ADBError::unauthorized, {address});
+        throw Error(ADBError::notFound, {address}, Error(ADBError::refused, {address, answer}));
+    }
+    PhoneIdentity phone;
+    phone.serialNumber = address;
+    const auto way = straightTo(phone);
+    const Wait wait{stop, networkPatience};
+    ADBShellClient shell(*way, way->features(wait).contains("shell_v2"));
+    const auto property = [&](const QByteArray& name) {
+        return QString::fromUtf8(shell.run("getprop " + name, wait).output).trimmed();
+    };
+    ADBDevice device;
+    device.serial = address;
+    device.state = QStringLiteral("device");
+    device.phoneSerial = property("ro.serialno");
+    device.model = property("ro.product.model");
+    {
+        const std::scoped_lock lock(mutex_);
+        std::erase_if(straight_, [&](const ADBDevice& one) { return one.serial == address; });
+        straight_.push_back(device);
+    }
+    if (setup_.changed)
+        setup_.changed();
+}
+
+void ADBWays::pair(const QString& address, const QString& code, const std::stop_token& stop) {
+    if (!ensureServer(stop))
+        throw Error(ADBError::noServer, {setup_.server.text()});
+    // Over the socket: a code among a process's arguments can be read by every user.
+    try {
+        const QString answer = QString::fromUtf8(server_->ask(
+            "host:pair:" + code.toUtf8() + ':' + address.toUtf8(), {stop, networkPatience}));
+        if (!answer.startsWith(QLatin1StringView("Successfully paired")))
+            throw Error(ADBError::unauthorized, {address},
+                        Error(ADBError::refused, {address, answer}));
+    } catch (const Error& error) {
+        if (!error.is(ADBError::refused))
+            throw;
+        // A server from before pairing does not know the word.
+        const int version = server_->version({stop, ADBServerClient::patience}).value_or(0);
+        throw Error(ADBError::tooOld, {version}, error);
+    }
+}
+
+} // namespace tessary

@@ -1,0 +1,199 @@
+#include "adb/ways/ADBWays.h"
+
+#include "adb/ADBFilesFixture.h"
+#include "platform/usb/USBInterfaceKinds.h"
+#include "simulator/wire/PhoneSockets.h"
+#include "support/FakeProcessRunner.h"
+
+#include <poll.h>
+#include <sys/socket.h>
+
+#include <atomic>
+
+namespace tessary {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+using testing::IsEmpty;
+
+/// A port at which nothing listens.
+ADBServerAddress nowhere() {
+    ADBServerAddress address;
+    address.port = PhoneSockets::portOf(PhoneSockets::listenAt(u"127.0.0.1"_s, 0));
+    return address;
+}
+
+/// Waits until `isSo`.
+bool comesTrue(const std::function<bool()>& isSo, std::chrono::seconds limit = 20s) {
+    const auto end = std::chrono::steady_clock::now() + limit;
+    while (!isSo()) {
+        if (std::chrono::steady_clock::now() > end)
+            return false;
+        std::this_thread::sleep_for(10ms);
+    }
+    return true;
+}
+
+/// A phone on a network and on a cable, and no adb server until somebody starts one.
+class ADBWaysTest : public testing::Test {
+protected:
+    ADBWaysTest() {
+        environment_.insert(u"HOME"_s, keys_.path());
+        for (const QString& source : {u"ADB_USB"_s, u"ADB_EMU"_s, u"ADB_MDNS"_s})
+            environment_.insert(source, u"0"_s);
+        adbd_ = std::make_unique<FaultyADBD>(ADBDConfig{.folder = disk_.makeFolder(u"phone"_s)});
+        adbd_->start();
+    }
+    ~ADBWaysTest() override {
+        (void)processes_.run(realADB(), {u"-L"_s, u"tcp:%1"_s.arg(address_.port), u"kill-server"_s},
+                             10s);
+    }
+    ADBWays::Setup setup(const QStringList& paths) {
+        ADBWays::Setup setup{bus_, processes_};
+        setup.server = address_;
+        setup.adbPaths = paths;
+        setup.keys = std::make_shared<ADBAuthManager>(std::make_unique<FileKeyStore>(keys_.path()),
+                                                      ADBHostIdentity{u"ann"_s, u"desk"_s});
+        setup.changed = [this] { ++changes_; };
+        setup.speaksADB = [](const USBDeviceEntry& entry) { return entry.vendorID == 0x18D1; };
+        return setup;
+    }
+    [[nodiscard]] bool hasServer() const {
+        return ADBServerClient(address_).version({{}, 5s}).has_value();
+    }
+    std::string listing(ADBWays& ways, const PhoneIdentity& phone) {
+        return codeOf([&] {
+            ADBFileSystem files(phone, std::make_shared<PhoneQueue>(), ways.connectionTo(phone));
+            EXPECT_EQ(listAll(files, u"/"_s, {}).items.size(), 1U);
+        });
+    }
+    [[nodiscard]] PhoneIdentity networkPhone() const {
+        PhoneIdentity phone;
+        phone.udid = phone.serialNumber = adbd_->address();
+        return phone;
+    }
+
+    const TemporaryFolder disk_;
+    const TemporaryFolder keys_;
+    QProcessEnvironment environment_;
+    QtProcessRunner processes_{environment_};
+    VirtualUSBBus bus_;
+    const ADBServerAddress address_ = nowhere();
+    std::unique_ptr<FaultyADBD> adbd_;
+    std::atomic<int> changes_ = 0;
+};
+
+TEST_F(ADBWaysTest, serverIsStartedOnlyWhenAPhoneNeedsIt) {
+    ADBWays ways(setup({realADB()}));
+    EXPECT_THAT(ways.devices(), IsEmpty());
+    ways.lookAgain({});
+    EXPECT_FALSE(hasServer()) << "no phone with adb is there";
+    ADBDCable cable(*adbd_, u"VIRTUAL"_s);
+    cable.plugInto(bus_, u"1-1"_s);
+    ways.lookAgain({});
+    EXPECT_TRUE(hasServer());
+}
+
+TEST_F(ADBWaysTest, serverTellsOfPhonesThatComeAndGo) {
+    disk_.write(u"phone/x"_s, "x");
+    ADBWays ways(setup({realADB()}));
+    ways.connect(adbd_->address(), {});
+    ASSERT_TRUE(comesTrue([&] { return ways.devices().size() == 1; }));
+    EXPECT_TRUE(comesTrue([&] { return ways.devices().at(0).isReady(); }));
+    EXPECT_EQ(ways.devices().at(0).phoneSerial, u"VIRTUAL"_s);
+    EXPECT_EQ(listing(ways, networkPhone()), "nothing");
+    const int before = changes_;
+    adbd_->stop();
+    EXPECT_NE(listing(ways, networkPhone()), "nothing");
+    EXPECT_TRUE(comesTrue([&] {
+        const auto devices = ways.devices();
+        return devices.empty() || !devices[0].isReady();
+    }));
+    EXPECT_GT(changes_, before);
+    adbd_->start();
+    EXPECT_TRUE(comesTrue([&] {
+        const auto devices = ways.devices();
+        return devices.size() == 1 && devices[0].isReady();
+    }));
+    (void)processes_.run(realADB(), {u"-L"_s, u"tcp:%1"_s.arg(address_.port), u"kill-server"_s},
+                         10s);
+    EXPECT_TRUE(comesTrue([&] { return ways.devices().empty(); }));
+}
+
+TEST_F(ADBWaysTest, phonesAreReachedStraightWhereNoADBIs) {
+    disk_.write(u"phone/x"_s, "x");
+    ADBWays ways(setup({}));
+    EXPECT_EQ(codeOf([&] { ways.connect(u"127.0.0.1:1"_s, {}); }), "notFound");
+    EXPECT_EQ(codeOf([&] { ways.connect(u"nonsense"_s, {}); }), "notFound");
+    ways.connect(adbd_->address(), {});
+    ASSERT_EQ(ways.devices().size(), 1U);
+    EXPECT_EQ(ways.devices()[0].model, u"Pixel 7"_s);
+    EXPECT_EQ(ways.devices()[0].phoneSerial, u"VIRTUAL"_s);
+    EXPECT_TRUE(ways.canReach(networkPhone()));
+    EXPECT_EQ(listing(ways, networkPhone()), "nothing");
+    ADBDCable cable(*adbd_, u"CABLE"_s);
+    cable.plugInto(bus_, u"1-4.2"_s);
+    PhoneIdentity plugged;
+    plugged.udid = plugged.serialNumber = u"CABLE"_s;
+    plugged.usbLocation = u"1-4.2"_s;
+    EXPECT_EQ(listing(ways, plugged), "nothing");
+    EXPECT_FALSE(hasServer());
+    EXPECT_EQ(codeOf([&] { ways.pair(adbd_->address(), u"123456"_s, {}); }), "noServer");
+}
+
+TEST_F(ADBWaysTest, pairingThatAnOldServerDoesNotKnowIsToldSo) {
+    ADBWays ways(setup({realADB()}));
+    EXPECT_EQ(codeOf([&] { ways.pair(adbd_->address(), u"123456"_s, {}); }), "tooOld");
+}
+
+TEST_F(ADBWaysTest, runningServerOfAnotherVersionIsLeftAlone) {
+    const FileHandle socket = PhoneSockets::listenAt(u"127.0.0.1"_s, 0);
+    const std::jthread server([&](const std::stop_token& stop) {
+        while (!stop.stop_requested()) {
+            pollfd waiting{socket.get(), POLLIN, 0};
+            if (::poll(&waiting, 1, 50) <= 0)
+                continue;
+            const FileHandle one(::accept(socket.get(), nullptr, nullptr));
+            constexpr std::string_view answer = "OKAY00040099";
+            (void)!::send(one.get(), answer.data(), answer.size(), MSG_NOSIGNAL);
+            char bytes[64];
+            (void)!::recv(one.get(), bytes, sizeof bytes, 0);
+        }
+    });
+    FakeProcessRunner processes;
+    VirtualUSBBus bus;
+    ADBWays::Setup with{bus, processes};
+    with.server.port = PhoneSockets::portOf(socket);
+    with.adbPaths = QStringList{realADB()};
+    with.speaksADB = [](const USBDeviceEntry&) { return true; };
+    ADBDCable cable(*adbd_, u"CABLE"_s);
+    cable.plugInto(bus, u"1-1"_s);
+    ADBWays ways(with);
+    ways.lookAgain({});
+    EXPECT_EQ(processes.calls().size(), 0U);
+}
+
+TEST(USBInterfaceKinds, interfacesAreFoundAsTheKernelPublishesThem) {
+    const TemporaryFolder folder;
+    const auto publish = [&](const QString& name, const char* kind) {
+        const QByteArrayList parts = QByteArray(kind).split(' ');
+        folder.write(name + u"/bInterfaceClass"_s, parts[0] + '\n');
+        folder.write(name + u"/bInterfaceSubClass"_s, parts[1] + '\n');
+        folder.write(name + u"/bInterfaceProtocol"_s, parts[2] + '\n');
+    };
+    publish(u"1-4.2/1-4.2:1.0"_s, "06 01 01");
+    publish(u"1-4.2/1-4.2:1.1"_s, "ff 42 01");
+    publish(u"1-4/1-4:1.0"_s, "ff 42 03");
+    folder.makeFolder(u"1-5/1-5:1.0"_s);
+    const std::pair<const char*, bool> rows[] = {{"1-4.2", true}, {"1-4", false}, {"1-5", false},
+                                                 {"1-6", false},  {"", false},    {"../x", false}};
+    for (const auto& [location, has] : rows)
+        EXPECT_EQ(hasUSBInterfaceIn(folder.path(), QString::fromLatin1(location), 0xFF, 0x42, 1),
+                  has)
+            << location;
+}
+
+} // namespace
+
+} // namespace tessary
