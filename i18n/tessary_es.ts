@@ -427,7 +427,7 @@
     </message>
     <message>
         <source>Check its cable or its network. For Turbo mode, USB debugging must be on; Standard MTP works without.</source>
-        <translation>Comprueba el cable o la red. El modo Turbo necesita la depuración USB; MTP estándar funciona sin ella.</translation>
+        <translation>Comprueba el cable o la red. El modo turbo necesita la depuración USB; MTP estándar funciona sin ella.</translation>
     </message>
     <message>
         <source>The phone&apos;s answers make no sense.</source>
@@ -811,7 +811,7 @@
     </message>
     <message>
         <source>The phone&apos;s Android is too old for Turbo mode.</source>
-        <translation>El Android del teléfono es demasiado antiguo para el modo Turbo.</translation>
+        <translation>El Android del teléfono es demasiado antiguo para el modo turbo.</translation>
     </message>
     <message>
         <source>The name “%1” is not valid text.</source>
@@ -1301,7 +1301,7 @@
     </message>
     <message>
         <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
-        <translation>El modo Turbo necesita adb, que no está instalado. En su lugar se usa el teléfono por MTP estándar.</translation>
+        <translation>El modo turbo necesita adb, que no está instalado. En su lugar se usa el teléfono por MTP estándar.</translation>
     </message>
     <message>
         <source>Install the adb tool, or switch the phone to Standard MTP.</source>

@@ -427,7 +427,7 @@
     </message>
     <message>
         <source>Check its cable or its network. For Turbo mode, USB debugging must be on; Standard MTP works without.</source>
-        <translation>Vérifiez le câble ou le réseau. Le mode Turbo exige le débogage USB ; le MTP standard s’en passe.</translation>
+        <translation>Vérifiez le câble ou le réseau. Le mode turbo exige le débogage USB ; le MTP standard s’en passe.</translation>
     </message>
     <message>
         <source>The phone&apos;s answers make no sense.</source>
@@ -811,7 +811,7 @@
     </message>
     <message>
         <source>The phone&apos;s Android is too old for Turbo mode.</source>
-        <translation>L’Android du téléphone est trop ancien pour le mode Turbo.</translation>
+        <translation>L’Android du téléphone est trop ancien pour le mode turbo.</translation>
     </message>
     <message>
         <source>The name “%1” is not valid text.</source>
@@ -1301,7 +1301,7 @@
     </message>
     <message>
         <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
-        <translation>Le mode Turbo a besoin d’adb, qui n’est pas installé. Le téléphone est utilisé par MTP standard à la place.</translation>
+        <translation>Le mode turbo a besoin d’adb, qui n’est pas installé. Le téléphone est utilisé par MTP standard à la place.</translation>
     </message>
     <message>
         <source>Install the adb tool, or switch the phone to Standard MTP.</source>

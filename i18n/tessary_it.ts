@@ -427,7 +427,7 @@
     </message>
     <message>
         <source>Check its cable or its network. For Turbo mode, USB debugging must be on; Standard MTP works without.</source>
-        <translation>Controlla il cavo o la rete. La modalità Turbo richiede il debug USB; MTP standard funziona senza.</translation>
+        <translation>Controlla il cavo o la rete. La modalità turbo richiede il debug USB; MTP standard funziona senza.</translation>
     </message>
     <message>
         <source>The phone&apos;s answers make no sense.</source>
@@ -811,7 +811,7 @@
     </message>
     <message>
         <source>The phone&apos;s Android is too old for Turbo mode.</source>
-        <translation>L’Android del telefono è troppo vecchio per la modalità Turbo.</translation>
+        <translation>L’Android del telefono è troppo vecchio per la modalità turbo.</translation>
     </message>
     <message>
         <source>The name “%1” is not valid text.</source>
@@ -1301,7 +1301,7 @@
     </message>
     <message>
         <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
-        <translation>La modalità Turbo ha bisogno di adb, che non è installato. Il telefono viene usato tramite MTP standard.</translation>
+        <translation>La modalità turbo ha bisogno di adb, che non è installato. Il telefono viene usato tramite MTP standard.</translation>
     </message>
     <message>
         <source>Install the adb tool, or switch the phone to Standard MTP.</source>

@@ -424,7 +424,7 @@
     </message>
     <message>
         <source>Check its cable or its network. For Turbo mode, USB debugging must be on; Standard MTP works without.</source>
-        <translation>ケーブルまたはネットワークを確認してください。TurboモードにはUSBデバッグが必要ですが、標準MTPには不要です。</translation>
+        <translation>ケーブルまたはネットワークを確認してください。ターボモードにはUSBデバッグが必要ですが、標準 MTPには不要です。</translation>
     </message>
     <message>
         <source>The phone&apos;s answers make no sense.</source>
@@ -772,7 +772,7 @@
     </message>
     <message>
         <source>Switch the phone to Standard MTP.</source>
-        <translation>デバイスを標準MTPに切り替えてください。</translation>
+        <translation>デバイスを標準 MTPに切り替えてください。</translation>
     </message>
     <message>
         <source>adb&apos;s server does not answer.</source>
@@ -788,7 +788,7 @@
     </message>
     <message>
         <source>Turn on USB debugging on it, or switch to Standard MTP.</source>
-        <translation>デバイスのUSBデバッグをオンにするか、標準MTPに切り替えてください。</translation>
+        <translation>デバイスのUSBデバッグをオンにするか、標準 MTPに切り替えてください。</translation>
     </message>
     <message>
         <source>adb reaches several phones and cannot tell which one is meant.</source>
@@ -796,7 +796,7 @@
     </message>
     <message>
         <source>Unplug the others, or switch to Standard MTP.</source>
-        <translation>ほかのデバイスを外すか、標準MTPに切り替えてください。</translation>
+        <translation>ほかのデバイスを外すか、標準 MTPに切り替えてください。</translation>
     </message>
     <message>
         <source>The phone is offline for adb.</source>
@@ -808,7 +808,7 @@
     </message>
     <message>
         <source>The phone&apos;s Android is too old for Turbo mode.</source>
-        <translation>デバイスのAndroidはTurboモードには古すぎます。</translation>
+        <translation>デバイスのAndroidはターボモードには古すぎます。</translation>
     </message>
     <message>
         <source>The name “%1” is not valid text.</source>

@@ -114,7 +114,7 @@
     </message>
     <message>
         <source>“%1” is already there.</source>
-        <translation>‘%1’ 항목이 이미 있습니다.</translation>
+        <translation>“%1” 항목이 이미 있습니다.</translation>
     </message>
     <message>
         <source>New: %1</source>
@@ -156,11 +156,11 @@
     </message>
     <message>
         <source>It needs at least %1, and %2 are free in “%3”.</source>
-        <translation>최소 %1이(가) 필요하지만 ‘%3’의 여유 공간은 %2입니다.</translation>
+        <translation>최소 %1이(가) 필요하지만 “%3”의 여유 공간은 %2입니다.</translation>
     </message>
     <message>
         <source>It needs %1, and %2 are free in “%3”.</source>
-        <translation>%1이(가) 필요하지만 ‘%3’의 여유 공간은 %2입니다.</translation>
+        <translation>%1이(가) 필요하지만 “%3”의 여유 공간은 %2입니다.</translation>
     </message>
     <message>
         <source>Copy Anyway</source>
@@ -942,15 +942,15 @@
     </message>
     <message>
         <source>Unplug the phone, plug it in again and tap Trust on it.</source>
-        <translation>휴대폰 케이블을 뽑았다가 다시 연결하고 ‘신뢰’를 탭하세요.</translation>
+        <translation>휴대폰 케이블을 뽑았다가 다시 연결하고 “신뢰”를 탭하세요.</translation>
     </message>
     <message>
         <source>Unlock the phone and tap Trust on it.</source>
-        <translation>휴대폰의 잠금을 해제하고 ‘신뢰’를 탭하세요.</translation>
+        <translation>휴대폰의 잠금을 해제하고 “신뢰”를 탭하세요.</translation>
     </message>
     <message>
         <source>Unlock the phone, tap Trust on it when it asks, and try again.</source>
-        <translation>휴대폰의 잠금을 해제하고 물어보면 ‘신뢰’를 탭한 뒤 다시 시도하세요.</translation>
+        <translation>휴대폰의 잠금을 해제하고 물어보면 “신뢰”를 탭한 뒤 다시 시도하세요.</translation>
     </message>
     <message>
         <source>Unlock the phone. If that does not help, the app does not share its files with computers.</source>
@@ -974,7 +974,7 @@
     </message>
     <message>
         <source>Plug the phone in again, unlock it and choose File transfer on it.</source>
-        <translation>휴대폰을 다시 연결하고 잠금을 해제한 뒤 ‘파일 전송’을 선택하세요.</translation>
+        <translation>휴대폰을 다시 연결하고 잠금을 해제한 뒤 “파일 전송”을 선택하세요.</translation>
     </message>
     <message>
         <source>The phone does not answer.</source>
@@ -1034,7 +1034,7 @@
     </message>
     <message>
         <source>Unlock the phone and choose File transfer on it.</source>
-        <translation>휴대폰의 잠금을 해제하고 ‘파일 전송’을 선택하세요.</translation>
+        <translation>휴대폰의 잠금을 해제하고 “파일 전송”을 선택하세요.</translation>
     </message>
     <message>
         <source>The phone is busy.</source>
@@ -1258,7 +1258,7 @@
     </message>
     <message>
         <source>The phone has not allowed this computer yet. Unlock it and tap Allow in the question about USB debugging.</source>
-        <translation>휴대폰이 아직 이 컴퓨터를 허용하지 않았습니다. 잠금을 해제하고 USB 디버깅 질문에서 ‘허용’을 누르세요.</translation>
+        <translation>휴대폰이 아직 이 컴퓨터를 허용하지 않았습니다. 잠금을 해제하고 USB 디버깅 질문에서 “허용”을 누르세요.</translation>
     </message>
     <message>
         <source>The phone is offline for adb. Unplug it and plug it in again, or turn USB debugging off and on.</source>
@@ -1706,7 +1706,7 @@
     </message>
     <message>
         <source>The name &quot;%1&quot; cannot be used.</source>
-        <translation>이름 ‘%1’은(는) 쓸 수 없습니다.</translation>
+        <translation>이름 “%1”은(는) 쓸 수 없습니다.</translation>
     </message>
     <message>
         <source>ADB pull failed for %1: %2</source>
@@ -1742,19 +1742,19 @@
     </message>
     <message>
         <source>A folder &quot;%1&quot; is already on the phone.</source>
-        <translation>폴더 ‘%1’이(가) 이미 휴대폰에 있습니다.</translation>
+        <translation>폴더 “%1”이(가) 이미 휴대폰에 있습니다.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; cannot be the name of a file.</source>
-        <translation>‘%1’은(는) 파일 이름으로 쓸 수 없습니다.</translation>
+        <translation>“%1”은(는) 파일 이름으로 쓸 수 없습니다.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is already there.</source>
-        <translation>‘%1’이(가) 이미 있습니다.</translation>
+        <translation>“%1”이(가) 이미 있습니다.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; cannot be moved into itself.</source>
-        <translation>‘%1’을(를) 그 자신 안으로 옮길 수 없습니다.</translation>
+        <translation>“%1”을(를) 그 자신 안으로 옮길 수 없습니다.</translation>
     </message>
     <message>
         <source>Device not found: %1</source>
@@ -1806,11 +1806,11 @@
     </message>
     <message>
         <source>The folder &quot;%1&quot; is not on the phone any more.</source>
-        <translation>폴더 ‘%1’이(가) 더 이상 휴대폰에 없습니다.</translation>
+        <translation>폴더 “%1”이(가) 더 이상 휴대폰에 없습니다.</translation>
     </message>
     <message>
         <source>There is no &quot;%1&quot; on the phone.</source>
-        <translation>휴대폰에 ‘%1’이(가) 없습니다.</translation>
+        <translation>휴대폰에 “%1”이(가) 없습니다.</translation>
     </message>
     <message>
         <source>There is no %1 on the phone. It may have been deleted or renamed: refresh the folder.</source>
@@ -1822,19 +1822,19 @@
     </message>
     <message>
         <source>The name &quot;%1&quot; cannot be used on this computer.</source>
-        <translation>이 컴퓨터에서는 ‘%1’ 이름을 쓸 수 없습니다.</translation>
+        <translation>이 컴퓨터에서는 “%1” 이름을 쓸 수 없습니다.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is too large for a preview. Copy it to this computer first.</source>
-        <translation>‘%1’은(는) 너무 커서 미리 볼 수 없습니다. 먼저 이 컴퓨터로 복사하세요.</translation>
+        <translation>“%1”은(는) 너무 커서 미리 볼 수 없습니다. 먼저 이 컴퓨터로 복사하세요.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is already on the phone.</source>
-        <translation>‘%1’이(가) 이미 휴대폰에 있습니다.</translation>
+        <translation>“%1”이(가) 이미 휴대폰에 있습니다.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; cannot be a name on the phone.</source>
-        <translation>‘%1’은(는) 휴대폰에서 이름으로 쓸 수 없습니다.</translation>
+        <translation>“%1”은(는) 휴대폰에서 이름으로 쓸 수 없습니다.</translation>
     </message>
     <message>
         <source>%1 is not a folder.</source>
@@ -1979,7 +1979,7 @@
     </message>
     <message>
         <source>Plug it in again, unlock it and choose File transfer on it.</source>
-        <translation>다시 연결하고 잠금을 해제한 뒤 ‘파일 전송’을 선택하세요.</translation>
+        <translation>다시 연결하고 잠금을 해제한 뒤 “파일 전송”을 선택하세요.</translation>
     </message>
     <message>
         <source>Folder Not Found</source>
@@ -2023,7 +2023,7 @@
     </message>
     <message>
         <source>Nothing here has “%1” in its name.</source>
-        <translation>이름에 ‘%1’이(가) 들어간 항목이 없습니다.</translation>
+        <translation>이름에 “%1”이(가) 들어간 항목이 없습니다.</translation>
     </message>
     <message>
         <source>This folder is empty</source>
@@ -2071,7 +2071,7 @@
     </message>
     <message>
         <source>“%1” will be deleted from the phone.</source>
-        <translation>‘%1’이(가) 휴대폰에서 삭제됩니다.</translation>
+        <translation>“%1”이(가) 휴대폰에서 삭제됩니다.</translation>
     </message>
     <message numerus="yes">
         <source>%Ln items will be deleted from the phone.</source>
@@ -2097,7 +2097,7 @@
     </message>
     <message>
         <source>Into “%1”</source>
-        <translation>‘%1’(으)로</translation>
+        <translation>“%1”(으)로</translation>
     </message>
     <message>
         <source>Parent Folder</source>
@@ -2194,7 +2194,7 @@
     </message>
     <message>
         <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
-        <translation>잠금을 해제하고 USB 알림에서 ‘파일 전송’을 선택하면 파일이 표시됩니다. 이 창은 자동으로 바뀝니다.</translation>
+        <translation>잠금을 해제하고 USB 알림에서 “파일 전송”을 선택하면 파일이 표시됩니다. 이 창은 자동으로 바뀝니다.</translation>
     </message>
     <message>
         <source>Release the Phone</source>
@@ -2463,7 +2463,7 @@
     <name>tessary::SyncPairList</name>
     <message>
         <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
-        <translation>아직 동기화하는 폴더가 없습니다. 휴대폰의 폴더를 열고 ‘이 폴더 동기화…’를 선택하세요.</translation>
+        <translation>아직 동기화하는 폴더가 없습니다. 휴대폰의 폴더를 열고 “이 폴더 동기화…”를 선택하세요.</translation>
     </message>
 </context>
 <context>
@@ -2712,7 +2712,7 @@
     <name>tessary::TransferNotice</name>
     <message>
         <source>“%1” is copied.</source>
-        <translation>‘%1’을(를) 복사했습니다.</translation>
+        <translation>“%1”을(를) 복사했습니다.</translation>
     </message>
     <message numerus="yes">
         <source>%Ln items are copied.</source>
@@ -2722,7 +2722,7 @@
     </message>
     <message>
         <source>“%1” was not copied.</source>
-        <translation>‘%1’을(를) 복사하지 못했습니다.</translation>
+        <translation>“%1”을(를) 복사하지 못했습니다.</translation>
     </message>
     <message numerus="yes">
         <source>%Ln of %1 items were not copied.</source>
@@ -2868,11 +2868,11 @@
     </message>
     <message>
         <source>Choose “File transfer” on it</source>
-        <translation>‘파일 전송’ 선택하기</translation>
+        <translation>“파일 전송” 선택하기</translation>
     </message>
     <message>
         <source>Android asks in a notification that says “Charging this device via USB”.</source>
-        <translation>Android에서는 ‘USB로 이 기기 충전 중’ 알림에서 선택합니다.</translation>
+        <translation>Android에서는 “USB로 이 기기 충전 중” 알림에서 선택합니다.</translation>
     </message>
 </context>
 <context>

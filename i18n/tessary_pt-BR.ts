@@ -427,7 +427,7 @@
     </message>
     <message>
         <source>Check its cable or its network. For Turbo mode, USB debugging must be on; Standard MTP works without.</source>
-        <translation>Verifique o cabo ou a rede. O modo Turbo exige a depuração USB; o MTP padrão funciona sem ela.</translation>
+        <translation>Verifique o cabo ou a rede. O modo turbo exige a depuração USB; o MTP padrão funciona sem ela.</translation>
     </message>
     <message>
         <source>The phone&apos;s answers make no sense.</source>
@@ -811,7 +811,7 @@
     </message>
     <message>
         <source>The phone&apos;s Android is too old for Turbo mode.</source>
-        <translation>O Android do telefone é antigo demais para o modo Turbo.</translation>
+        <translation>O Android do telefone é antigo demais para o modo turbo.</translation>
     </message>
     <message>
         <source>The name “%1” is not valid text.</source>
@@ -1301,7 +1301,7 @@
     </message>
     <message>
         <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
-        <translation>O modo Turbo precisa do adb, que não está instalado. O telefone é usado por MTP padrão.</translation>
+        <translation>O modo turbo precisa do adb, que não está instalado. O telefone é usado por MTP padrão.</translation>
     </message>
     <message>
         <source>Install the adb tool, or switch the phone to Standard MTP.</source>

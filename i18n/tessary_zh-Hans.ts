@@ -424,7 +424,7 @@
     </message>
     <message>
         <source>Check its cable or its network. For Turbo mode, USB debugging must be on; Standard MTP works without.</source>
-        <translation>请检查数据线或网络。Turbo 模式需要开启 USB 调试；标准 MTP 则不需要。</translation>
+        <translation>请检查数据线或网络。极速模式需要开启 USB 调试；标准 MTP 则不需要。</translation>
     </message>
     <message>
         <source>The phone&apos;s answers make no sense.</source>
@@ -808,7 +808,7 @@
     </message>
     <message>
         <source>The phone&apos;s Android is too old for Turbo mode.</source>
-        <translation>手机的 Android 版本过旧，不支持 Turbo 模式。</translation>
+        <translation>手机的 Android 版本过旧，不支持 极速模式。</translation>
     </message>
     <message>
         <source>The name “%1” is not valid text.</source>

@@ -424,7 +424,7 @@
     </message>
     <message>
         <source>Check its cable or its network. For Turbo mode, USB debugging must be on; Standard MTP works without.</source>
-        <translation>請檢查傳輸線或網路。Turbo 模式需要開啟 USB 偵錯；標準 MTP 則不需要。</translation>
+        <translation>請檢查傳輸線或網路。極速模式需要開啟 USB 偵錯；標準 MTP 則不需要。</translation>
     </message>
     <message>
         <source>The phone&apos;s answers make no sense.</source>
@@ -808,7 +808,7 @@
     </message>
     <message>
         <source>The phone&apos;s Android is too old for Turbo mode.</source>
-        <translation>手機的 Android 版本過舊，不支援 Turbo 模式。</translation>
+        <translation>手機的 Android 版本過舊，不支援 極速模式。</translation>
     </message>
     <message>
         <source>The name “%1” is not valid text.</source>

@@ -154,7 +154,7 @@ TEST(TranslationFiles, eachLanguageKeepsToItsGlossary) {
         const QJsonObject words = glossary[rawValue(language)].toObject();
         const auto texts = translationsOf(language);
         for (const char* thing : {"phone", "computer", "folder", "file", "item", "copy", "delete",
-                                  "link", "storage", "address"}) {
+                                  "link", "storage", "turbo", "address"}) {
             const QString word = words[QLatin1StringView(thing)].toString();
             EXPECT_TRUE(std::ranges::any_of(texts,
                                             [&](const TranslatedText& text) {
