@@ -40,6 +40,11 @@ void PhoneFileSystem::setModified(const FileItem& file, const QDateTime&, const 
     throw Error(PhoneError::notSupported, {file.path});
 }
 
+FileItem PhoneFileSystem::append(const FileItem& begun, qint64, const NewFile&, const ByteSource&,
+                                 const ByteProgress&, const Call&) {
+    throw Error(PhoneError::notSupported, {begun.path});
+}
+
 std::optional<QByteArray> PhoneFileSystem::thumbnail(const FileItem&, qint64, const Call&) {
     return std::nullopt;
 }

@@ -35,6 +35,7 @@ struct FileSystemCapabilities {
     bool hasHashes = false;        ///< works a file's SHA-256 out without sending the file
     bool hasThumbnails = false;
     bool writes = true;
+    bool appends = false; ///< goes on with a file that broke off
     /// The steps in which listed dates go; a file's own date may be anywhere within one.
     std::chrono::milliseconds dateStep{1000};
     /// One file of this many bytes is too large; 0: no limit that is known.
@@ -75,6 +76,8 @@ struct NewFile {
     QString name;   ///< is not
     qint64 size = 0;
     std::optional<QDateTime> modified; ///< set where the way to the phone can
+    /// What has arrived stays when the writing breaks off; only where `appends`.
+    bool staysWhenBroken = false;
 };
 
 /// What lies where in a file. A negative length means: to its end.
@@ -147,6 +150,13 @@ public:
     /// removed again while the link lasts.
     virtual FileItem write(const NewFile& file, const ByteSource& content,
                            const ByteProgress& progress, const Call& call) = 0;
+
+    /// Goes on with a file that `write` left behind: keeps its first bytes and has `content` follow
+    /// them. `whole` is what the file is to become; `progress` counts from the file's beginning.
+    /// What has arrived stays when it fails. PhoneError::notSupported without `appends`.
+    virtual FileItem append(const FileItem& begun, qint64 keptBytes, const NewFile& whole,
+                            const ByteSource& content, const ByteProgress& progress,
+                            const Call& call);
 
     /// Makes a folder in one that is there. PhoneError::taken or ::sameName as above.
     virtual FileItem makeFolder(const QString& parent, const QString& name, const Call& call) = 0;

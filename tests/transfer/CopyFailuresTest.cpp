@@ -353,6 +353,70 @@ TEST(Leftovers, areNoneOfTheUsersFiles) {
     EXPECT_EQ(target.contents().keys(), (QStringList{s("d/"), s("d/a")}));
 }
 
+/// Breaks off a copy of a large file at any point, and goes on.
+TEST(LargeFiles, goOnInTheirMiddle) {
+    const QByteArray large = QByteArray(3'000'000, 'l') + QByteArray(4'000'000, 'm');
+    constexpr qint64 lastPiece = 1024 * 1024;
+    for (const qint64 brokenAt : {0, 1, 500'000, 1'100'000, 4'000'000, 6'999'999}) {
+        for (const bool verifies : {false, true}) {
+            SCOPED_TRACE(brokenAt);
+            MemorySide source({.pieceSize = 100'000, .queue = std::make_shared<PhoneQueue>()});
+            DiskSide target;
+            source.put(s("film"), large, noon);
+            target.put(s("film"), "old", noon.addDays(-1));
+            TreeCopyRequest request = requestFor(source, target, ClashAnswer::replace);
+            request.verifies = verifies;
+            source.memory->failAfterBytes(Operation::read, s("/side/film"), brokenAt,
+                                          {PhoneError::unplugged});
+            EXPECT_EQ(run(request).end(), CopyOutcome::End::failed);
+            EXPECT_EQ(target.contents().value(s("film")), "old");
+            source.memory->forgetRequests();
+            EXPECT_EQ(run(request).end(), CopyOutcome::End::done);
+            EXPECT_LE(source.memory->bytes(Operation::read),
+                      large.size() - brokenAt + lastPiece + FileStream::mostAhead);
+            EXPECT_EQ(target.contents(), (Contents{{s("film"), large}}));
+        }
+    }
+}
+
+TEST(LargeFiles, beginAnewWhenTheSourceChanged) {
+    MemorySide source({.pieceSize = 100'000, .queue = std::make_shared<PhoneQueue>()});
+    DiskSide target;
+    source.put(s("film"), QByteArray(6'000'000, 'a'), noon);
+    source.memory->failAfterBytes(Operation::read, s("/side/film"), 5'500'000,
+                                  {PhoneError::unplugged});
+    EXPECT_EQ(run(requestFor(source, target, ClashAnswer::skip)).end(), CopyOutcome::End::failed);
+    const QByteArray other(6'000'000, 'b');
+    source.put(s("film"), other, noon.addSecs(1));
+    EXPECT_EQ(run(requestFor(source, target, ClashAnswer::skip)).end(), CopyOutcome::End::done);
+    EXPECT_EQ(target.contents().value(s("film")), other);
+}
+
+TEST(LargeFiles, leaveNothingWhenTheSourceContradictsItself) {
+    MemorySide source({.pieceSize = 100'000, .queue = std::make_shared<PhoneQueue>()});
+    DiskSide target;
+    source.put(s("film"), QByteArray(6'000'000, 'a'), noon);
+    source.memory->announce(s("/side/film"), 7'000'000);
+    EXPECT_EQ(run(requestFor(source, target, ClashAnswer::skip)).end(),
+              CopyOutcome::End::incomplete);
+    EXPECT_TRUE(target.contents().isEmpty());
+}
+
+TEST(LargeFiles, thatWereGivenUpAreRemovedAfterADay) {
+    MemorySide source({.queue = std::make_shared<PhoneQueue>()});
+    DiskSide target;
+    source.put(s("a"), "a", noon);
+    const FileItem item = source.items()[0];
+    const QDateTime now = QDateTime::currentDateTime();
+    FileItem other = item;
+    other.path += s("2");
+    const QString young = resumableName(*source.memory, item);
+    target.put(young, "y", now.addSecs(-23 * 3600));
+    target.put(resumableName(*source.memory, other), "o", now.addSecs(-25 * 3600));
+    EXPECT_EQ(run(requestFor(source, target, ClashAnswer::skip)).end(), CopyOutcome::End::done);
+    EXPECT_EQ(target.contents(), (Contents{{young, "y"}, {s("a"), "a"}}));
+}
+
 /// A copy that broke off goes on under the names that it gave, and what was left out alone.
 TEST(TreeCopyAgain, goesOnWhereItBrokeOff) {
     DiskSide source;

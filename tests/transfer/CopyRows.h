@@ -1,7 +1,9 @@
 #pragma once
 
+#include "base/threads/CancellationError.h"
 #include "support/QtPrinters.h"
 #include "transfer/CopySides.h"
+#include "transfer/copy/FileCopy.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -157,6 +159,31 @@ TEST_P(TreeCopyOverWays, aMoveTakesTheSourceOnlyOnceItsCopyWasCompared) {
     EXPECT_EQ(run(std::move(request)).end(), CopyOutcome::End::done);
     EXPECT_EQ(target->contents(), tree);
     EXPECT_THAT(source->contents(), testing::IsEmpty());
+}
+
+/// What has come across of a large file does not come across again, where the target can go on.
+TEST_P(TreeCopyOverWays, aLargeFileGoesOnInItsMiddle) {
+    const auto source = GetParam().source();
+    const auto target = GetParam().target();
+    const QByteArray large = QByteArray(5'000'000, 'l') + QByteArray(4'000'000, 'm');
+    source->put(s("large"), large, noon);
+    FileCopy copy{*source->files(), require(*source->files(), source->at(s("large")), {}),
+                  *target->files(), target->root(), s("large")};
+    const auto can = target->files()->capabilities({});
+    std::stop_source stop;
+    const auto stopLate = [&stop](qint64 done) {
+        if (done > 6'000'000)
+            stop.request_stop();
+    };
+    EXPECT_THROW(copyFile(copy, stopLate, stop.get_token()), CancellationError);
+    qint64 first = -1;
+    const auto noteFirst = [&first](qint64 done) { first = first < 0 ? done : first; };
+    copy.verifies = true;
+    EXPECT_EQ(copyFile(copy, noteFirst, {}).size, large.size());
+    EXPECT_EQ(target->contents(), (Contents{{s("large"), large}}));
+    if (can.appends) {
+        EXPECT_GT(first, 4'000'000);
+    }
 }
 
 TEST_P(TreeCopyOverWays, totalsAreKnownBeforeTheFirstByteAndReachedAtTheEnd) {

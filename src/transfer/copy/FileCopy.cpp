@@ -132,17 +132,65 @@ bool isAsSeen(const FileItem& seen, const FileItem& now) {
            (!seen.handle || !now.handle || seen.handle == now.handle);
 }
 
+namespace {
+
+/// Writes the part, or what is missing of it.
+FileItem writePart(PhoneFileSystem& to, const FilePut& put, const QString& name,
+                   const ByteSource& content, const ByteProgress& progress, const Call& call) {
+    const NewFile whole{put.folder, name, put.size, put.modified, put.staysWhenBroken};
+    const auto removeBroken = [&] {
+        const Call last{{}, call.urgency};
+        if (const auto broken = to.find(joinPath(put.folder, name), last))
+            to.remove(*broken, last);
+    };
+    try {
+        if (put.begun)
+            return to.append(*put.begun, put.keptBytes, whole, content, progress, call);
+        return to.write(whole, content, progress, call);
+    } catch (const Error& error) {
+        // What the source says of itself makes its part worthless; a lost link does not.
+        if (put.staysWhenBroken && !endsEverything(error) && !isTaken(error))
+            removeBroken();
+        throw;
+    }
+}
+
+/// What is there already of a copy that broke off.
+struct Resumption {
+    QString partName;
+    std::optional<FileItem> begun;
+    qint64 keptBytes = 0;
+};
+
+std::optional<Resumption> resumptionOf(const FileCopy& copy, const Call& call) {
+    if (copy.file.size < resumableFrom || !copy.file.modifiedDate ||
+        !copy.to.capabilities(call).appends || !copy.from.capabilities(call).readsRanges)
+        return std::nullopt;
+    Resumption found{resumableName(copy.from, copy.file), {}, 0};
+    if (PartInUse::has(found.partName)) // the same file, copied twice at a time
+        return std::nullopt;
+    found.begun = copy.to.find(joinPath(copy.folder, found.partName), call);
+    if (!found.begun)
+        return found;
+    // The last piece may not have been written out whole when the power went.
+    constexpr qint64 lastPiece = 1024 * 1024;
+    found.keptBytes = std::max<qint64>(std::min(found.begun->size, copy.file.size) - lastPiece, 0);
+    return found;
+}
+
+} // namespace
+
 FileItem putFile(PhoneFileSystem& to, const FilePut& put, const ByteSource& content,
                  const std::function<void(const FileItem& part)>& beforeNaming,
                  const ByteProgress& progress, const Call& call) {
     const FileSystemCapabilities can = to.capabilities(call);
     if (!can.renames && put.replaces)
         throw Error(PhoneError::notSupported, {joinPath(put.folder, put.name)});
-    const QString writtenAs = can.renames ? PartFile::newName() : put.name;
+    const QString writtenAs = !can.renames   ? put.name
+                              : put.partName ? *put.partName
+                                             : PartFile::newName();
     const PartInUse use(writtenAs);
-    PartOnTarget part(
-        to, to.write({put.folder, writtenAs, put.size, put.modified}, content, progress, call),
-        call);
+    PartOnTarget part(to, writePart(to, put, writtenAs, content, progress, call), call);
     throwIfStopped(call.stop);
     part.setItem(dated(to, part.item(), put, can, call));
     if (beforeNaming)
@@ -155,14 +203,26 @@ FileItem putFile(PhoneFileSystem& to, const FilePut& put, const ByteSource& cont
 }
 
 FileItem copyFile(const FileCopy& copy, const ByteProgress& progress, const Call& call) {
+    FilePut put{copy.folder, copy.name, std::max<qint64>(copy.file.size, 0), copy.file.modifiedDate,
+                copy.replaces};
+    if (const auto resumption = resumptionOf(copy, call)) {
+        put.partName = resumption->partName;
+        put.begun = resumption->begun;
+        put.keptBytes = resumption->keptBytes;
+        put.staysWhenBroken = true;
+    }
     // A phone that waits for what another sends would have both waiting, when a second copy goes
     // the other way: what comes from a phone for a phone is read first.
     const bool areBothPhones = copy.from.queue() && copy.to.queue();
     // Only a disk here takes more bytes than it was told of.
     const qint64 mayGrowBy = copy.to.queue() ? 0 : FileStream::slack;
-    FileStream stream(copy.from, copy.file,
+    FileStream stream(copy.from, copy.file, put.keptBytes,
                       areBothPhones ? FileStream::Way::readFirst : FileStream::Way::ahead,
                       mayGrowBy, call);
+    if (copy.verifies && put.keptBytes > 0)
+        copy.to.read(
+            *put.begun, {0, put.keptBytes}, [&stream](ByteView bytes) { stream.addToHash(bytes); },
+            call);
     const auto check = [&](const FileItem& part) {
         if (copy.checksSource) {
             const auto now = copy.from.find(copy.file.path, call);
@@ -173,10 +233,8 @@ FileItem copyFile(const FileCopy& copy, const ByteProgress& progress, const Call
             throw Error(PhoneError::notDone, {joinPath(copy.folder, copy.name)});
     };
     return putFile(
-        copy.to,
-        {copy.folder, copy.name, std::max<qint64>(copy.file.size, 0), copy.file.modifiedDate,
-         copy.replaces},
-        [&stream](std::span<std::byte> into) { return stream.read(into); }, check, progress, call);
+        copy.to, put, [&stream](std::span<std::byte> into) { return stream.read(into); }, check,
+        progress, call);
 }
 
 } // namespace tessary

@@ -14,6 +14,13 @@ struct FilePut {
     std::optional<QDateTime> modified;
     /// What has the name, as it was seen, and is to be replaced; no value: the name is free.
     std::optional<FileItem> replaces;
+    /// What the file is called until it is whole; no value: a name of its own.
+    std::optional<QString> partName{};
+    /// An earlier part of that name, whose first bytes are kept and not in `content`.
+    std::optional<FileItem> begun{};
+    qint64 keptBytes = 0;
+    /// What has arrived stays under `partName` when the phone is lost or the copy is cancelled.
+    bool staysWhenBroken = false;
 };
 
 /// Writes a file under a part name and then gives it its own. What has the name then is looked at
@@ -42,6 +49,10 @@ struct FileCopy {
     /// The copy is compared by hash before it gets its name: PhoneError::notDone.
     bool verifies = false;
 };
+
+/// From this size on a copy that breaks off is gone on with in its middle, where the source reads
+/// ranges and the target appends.
+inline constexpr qint64 resumableFrom = qint64{4} * 1024 * 1024;
 
 /// Copies one file as putFile() does, with its date. Bytes that came and were not announced are
 /// PhoneError::wrongSize. Returns the copy as the target shows it.

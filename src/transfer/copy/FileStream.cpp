@@ -12,15 +12,15 @@ namespace tessary {
 namespace {
 
 constexpr qint64 smallFile = 512 * 1024; // a thread for each would cost more than it gains
-constexpr qint64 mostAhead = 4 * 1024 * 1024;
 
 } // namespace
 
-FileStream::FileStream(PhoneFileSystem& from, const FileItem& file, Way way, qint64 mayGrowBy,
-                       const Call& call)
+FileStream::FileStream(PhoneFileSystem& from, const FileItem& file, qint64 offset, Way way,
+                       qint64 mayGrowBy, const Call& call)
     : from_(from),
       file_(file),
-      announced_(std::max<qint64>(file.size, 0)),
+      offset_(offset),
+      announced_(std::max<qint64>(file.size, 0) - offset),
       most_(addByteCounts(announced_, mayGrowBy)),
       call_(call) {
     if (way == Way::readFirst || announced_ <= smallFile)
@@ -36,10 +36,10 @@ FileStream::~FileStream() {
 void FileStream::fetch(const std::function<void(ByteView)>& sink, const Call& call) {
     qint64 done = 0;
     const auto wrongSize = [&] {
-        return Error(PhoneError::wrongSize, {file_.path, done, announced_});
+        return Error(PhoneError::wrongSize, {file_.path, offset_ + done, offset_ + announced_});
     };
     from_.read(
-        file_, {},
+        file_, {offset_, -1},
         [&](ByteView bytes) {
             done = addByteCounts(done, static_cast<qint64>(bytes.size()));
             if (done > most_)
@@ -101,9 +101,13 @@ std::size_t FileStream::takeAhead(std::span<std::byte> into) {
 
 std::size_t FileStream::read(std::span<std::byte> into) {
     const std::size_t count = thread_.joinable() ? takeAhead(into) : spool_.read(into);
-    hash_.addData(
-        QByteArrayView(reinterpret_cast<const char*>(into.data()), static_cast<qsizetype>(count)));
+    addToHash(into.first(count));
     return count;
+}
+
+void FileStream::addToHash(ByteView bytes) {
+    hash_.addData(QByteArrayView(reinterpret_cast<const char*>(bytes.data()),
+                                 static_cast<qsizetype>(bytes.size())));
 }
 
 } // namespace tessary

@@ -22,14 +22,17 @@ class FileStream {
 public:
     /// What a file may have grown by since it was listed.
     static constexpr qint64 slack = 1024 * 1024;
+    /// What is read before it is drawn.
+    static constexpr qint64 mostAhead = 4 * 1024 * 1024;
 
     enum class Way {
         ahead,     ///< reading and writing at a time
         readFirst, ///< no reading while something is written: both may be the same phone's
     };
 
-    FileStream(PhoneFileSystem& from, const FileItem& file, Way way, qint64 mayGrowBy,
-               const Call& call);
+    /// Begins at `offset` of the file, 0 where ranges cannot be read.
+    FileStream(PhoneFileSystem& from, const FileItem& file, qint64 offset, Way way,
+               qint64 mayGrowBy, const Call& call);
     /// Ends the reading.
     ~FileStream();
     FileStream(const FileStream&) = delete;
@@ -38,6 +41,8 @@ public:
     /// The next bytes; 0 once all were drawn. Throws what the reading threw, and
     /// CancellationError.
     std::size_t read(std::span<std::byte> into);
+    /// Adds what lies before the offset to the hash.
+    void addToHash(ByteView bytes);
     /// SHA-256 of what was drawn.
     [[nodiscard]] QByteArray hash() const {
         return hash_.result();
@@ -51,7 +56,8 @@ private:
 
     PhoneFileSystem& from_;
     const FileItem file_;
-    const qint64 announced_;
+    const qint64 offset_;
+    const qint64 announced_; ///< from the offset on
     const qint64 most_;
     const Call call_;
     QCryptographicHash hash_{QCryptographicHash::Sha256};

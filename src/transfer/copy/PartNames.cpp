@@ -15,6 +15,7 @@ namespace {
 
 constexpr QLatin1StringView waitingPrefix{".tessary-part-for-"};
 constexpr QLatin1StringView hashedPrefix{".tessary-part-for#"};
+constexpr QLatin1StringView resumablePrefix{".tessary-part-of-"};
 
 struct InUse {
     std::mutex mutex;
@@ -26,16 +27,21 @@ InUse& inUse() {
     return all;
 }
 
+QString shortHash(const QString& text) {
+    constexpr qsizetype digits = 32;
+    return QString::fromLatin1(
+        QCryptographicHash::hash(text.toUtf8(), QCryptographicHash::Sha256).toHex().left(digits));
+}
+
 QString hashedName(const QString& name) {
-    return hashedPrefix +
-           QString::fromLatin1(QCryptographicHash::hash(name.toUtf8(), QCryptographicHash::Sha256)
-                                   .toHex()
-                                   .left(32));
+    return hashedPrefix + shortHash(name);
 }
 
 bool isOld(const FileItem& item) {
-    return item.modifiedDate && item.modifiedDate->msecsTo(QDateTime::currentDateTime()) >
-                                    std::chrono::milliseconds(oldestPart).count();
+    const std::chrono::milliseconds most =
+        item.name.startsWith(resumablePrefix) ? oldestBrokenOff : oldestPart;
+    return item.modifiedDate &&
+           item.modifiedDate->msecsTo(QDateTime::currentDateTime()) > most.count();
 }
 
 /// Runs a step of tidying up that may fail.
@@ -70,6 +76,12 @@ std::optional<QString> nameWaitedFor(const QString& waitingName, const QStringLi
             if (hashedName(name) == waitingName)
                 return name;
     return std::nullopt;
+}
+
+QString resumableName(const PhoneFileSystem& from, const FileItem& file) {
+    const QStringList identity{from.identity(), file.path, QString::number(file.size),
+                               QString::number(file.modifiedDateOrEpoch().toMSecsSinceEpoch())};
+    return resumablePrefix + shortHash(identity.join(QChar::Null));
 }
 
 PartInUse::PartInUse(QString name) : name_(std::move(name)) {

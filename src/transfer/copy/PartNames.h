@@ -13,6 +13,9 @@ namespace tessary {
 /// What a run that broke off left behind is removed once it is this old.
 inline constexpr std::chrono::minutes oldestPart{10};
 
+/// A file that broke off and can be gone on with is kept this long.
+inline constexpr std::chrono::hours oldestBrokenOff{24};
+
 /// Whether a file is one of ours on its way: no listing, copy or sync takes it for the user's.
 [[nodiscard]] bool isPartName(const QString& name);
 
@@ -23,6 +26,10 @@ inline constexpr std::chrono::minutes oldestPart{10};
 /// The name that a file so called waits for: its own, or the one of `awaited` that it stands for.
 [[nodiscard]] std::optional<QString> nameWaitedFor(const QString& waitingName,
                                                    const QStringList& awaited);
+
+/// What the copy of a file is called while it can be gone on with, should it break off: the same
+/// for the same file as long as that does not change.
+[[nodiscard]] QString resumableName(const PhoneFileSystem& from, const FileItem& file);
 
 /// For as long as it lives, a part of this name is in use and not taken for a leftover.
 class PartInUse {
@@ -40,8 +47,8 @@ private:
 
 /// The entries of a folder without files of ours. Of those, one that waits for a name that is free
 /// now is given it (`awaited` are names that may be waited for), and others are removed when they
-/// are older than oldestPart and not in use. What fails there is left for the next time, unless it
-/// endsEverything() or is a cancellation.
+/// are older than oldestPart (oldestBrokenOff) and not in use. What fails there is left for the
+/// next time, unless it endsEverything() or is a cancellation.
 [[nodiscard]] std::vector<FileItem> tidied(PhoneFileSystem& files, std::vector<FileItem> entries,
                                            const NameRules& rules, const QStringList& awaited,
                                            const Call& call);

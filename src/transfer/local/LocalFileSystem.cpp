@@ -111,7 +111,8 @@ FileSystemCapabilities LocalFileSystem::capabilities(const Call&) {
                                .moves = true,
                                .setsDates = true,
                                .readsRanges = true,
-                               .hasHashes = true};
+                               .hasHashes = true,
+                               .appends = true};
     const DiskTraits disk = traits(base_.open(base_.path()));
     can.dateStep = disk.dateStep;
     can.largestFile = disk.largestFile;
@@ -257,34 +258,59 @@ FileItem LocalFileSystem::write(const NewFile& file, const ByteSource& content,
                                      permissions));
     if (!opened.isOpen()) // EINVAL: a character that this file system does not take
         throw localFailure(LocalError::cannotWrite, path, errno == EINVAL ? EILSEQ : errno);
-    const Unfinished unfinished(folder.get(), name);
+    const Unfinished unfinished =
+        file.staysWhenBroken ? Unfinished() : Unfinished(folder.get(), name);
     try {
-        Bytes buffer(pieceSize);
-        qint64 done = 0;
-        while (const std::size_t count = content(buffer)) {
-            throwIfStopped(call.stop);
-            for (std::size_t written = 0; written < count;) {
-                const ssize_t step =
-                    ::write(opened.get(), buffer.data() + written, count - written);
-                if (step < 0 && errno != EINTR)
-                    throw localFailure(LocalError::cannotWrite, path, errno);
-                written += step < 0 ? 0 : static_cast<std::size_t>(step);
-            }
-            done += static_cast<qint64>(count);
-            if (progress)
-                progress(done);
-        }
-        // A date that the file system cannot hold is no reason to lose the copy.
-        if (file.modified)
-            (void)::futimens(opened.get(), timesFor(*file.modified).data());
-        struct stat facts {};
-        if (::fstat(opened.get(), &facts) != 0)
-            throw localFailure(LocalError::cannotWrite, path, errno);
-        return itemOf(facts, file.name, path);
+        return fill(opened, 0, file, content, progress, call);
     } catch (...) {
-        ::unlinkat(folder.get(), name.constData(), 0);
+        if (!file.staysWhenBroken)
+            ::unlinkat(folder.get(), name.constData(), 0);
         throw;
     }
+}
+
+FileItem LocalFileSystem::append(const FileItem& begun, qint64 keptBytes, const NewFile& whole,
+                                 const ByteSource& content, const ByteProgress& progress,
+                                 const Call& call) {
+    const Place place = placeOf(begun.path);
+    const FileHandle opened(::openat(place.folder.get(), place.name.constData(),
+                                     O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    struct stat facts {};
+    if (!opened.isOpen() || ::fstat(opened.get(), &facts) != 0)
+        throw localFailure(LocalError::cannotWrite, begun.path, errno);
+    if (!S_ISREG(facts.st_mode) || facts.st_size != begun.size || keptBytes > begun.size)
+        throw Error(LocalError::changed, {begun.path});
+    if (::ftruncate(opened.get(), keptBytes) != 0 ||
+        ::lseek(opened.get(), keptBytes, SEEK_SET) != keptBytes)
+        throw localFailure(LocalError::cannotWrite, begun.path, errno);
+    return fill(opened, keptBytes, whole, content, progress, call);
+}
+
+/// Writes what comes after the first `done` bytes of an open file, and dates it.
+FileItem LocalFileSystem::fill(const FileHandle& opened, qint64 done, const NewFile& file,
+                               const ByteSource& content, const ByteProgress& progress,
+                               const Call& call) {
+    const QString path = joinPath(file.folder, file.name);
+    Bytes buffer(pieceSize);
+    while (const std::size_t count = content(buffer)) {
+        throwIfStopped(call.stop);
+        for (std::size_t written = 0; written < count;) {
+            const ssize_t step = ::write(opened.get(), buffer.data() + written, count - written);
+            if (step < 0 && errno != EINTR)
+                throw localFailure(LocalError::cannotWrite, path, errno);
+            written += step < 0 ? 0 : static_cast<std::size_t>(step);
+        }
+        done += static_cast<qint64>(count);
+        if (progress)
+            progress(done);
+    }
+    // A date that the file system cannot hold is no reason to lose the copy.
+    if (file.modified)
+        (void)::futimens(opened.get(), timesFor(*file.modified).data());
+    struct stat facts {};
+    if (::fstat(opened.get(), &facts) != 0)
+        throw localFailure(LocalError::cannotWrite, path, errno);
+    return itemOf(facts, file.name, path);
 }
 
 FileItem LocalFileSystem::makeFolder(const QString& parent, const QString& name, const Call&) {

@@ -49,6 +49,9 @@ public:
                 const Call& call) override;
     FileItem write(const NewFile& file, const ByteSource& content, const ByteProgress& progress,
                    const Call& call) override;
+    FileItem append(const FileItem& begun, qint64 keptBytes, const NewFile& whole,
+                    const ByteSource& content, const ByteProgress& progress,
+                    const Call& call) override;
     FileItem makeFolder(const QString& parent, const QString& name, const Call& call) override;
     void remove(const FileItem& item, const Call& call) override;
     /// Links in it go themselves, whatever they lead to.
@@ -75,6 +78,8 @@ private:
                                   const QString& path) const;
     void requireKind(const Place& place, const FileItem& item) const;
     [[nodiscard]] FileHandle openToRead(const FileItem& file) const;
+    static FileItem fill(const FileHandle& opened, qint64 done, const NewFile& file,
+                         const ByteSource& content, const ByteProgress& progress, const Call& call);
     [[nodiscard]] DiskTraits traits(const FileHandle& folder);
 
     const LocalFolder base_;
