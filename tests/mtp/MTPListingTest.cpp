@@ -95,6 +95,34 @@ TEST_F(MTPListingTest, listingThatBreaksOffIsAnErrorAndTheNextOneOpensAnotherSes
     EXPECT_EQ(list("/").size(), 2U);
 }
 
+TEST_F(MTPListingTest, listOfHandlesThatContradictsItselfIsNoEmptyFolder) {
+    const std::pair<const char*, std::function<void(Bytes&)>> rows[] = {
+        {"cut", [](Bytes& list) { list.resize(list.size() - 2); }},
+        {"count too large", [](Bytes& list) { list[13] = std::byte{1}; }},
+        {"count too small", [](Bytes& list) { list[12] = std::byte{1}; }},
+        {"no count", [](Bytes& list) { list.resize(14); }},
+        {"nothing", [](Bytes& list) { list.resize(12); }},
+    };
+    for (const auto& [name, change] : rows) {
+        phone().rewriteData(MTPOperationCode::getObjectHandles, [&](Bytes& list) {
+            change(list);
+            list[0] = static_cast<std::byte>(list.size());
+        });
+        EXPECT_EQ(codeOf([&] { (void)list("/DCIM/Camera"); }), "listingBroken") << name;
+        EXPECT_EQ(codeOf([&] { (void)list("/"); }), "listingBroken") << name;
+    }
+    phone().fault([](VirtualFaults& faults) { faults.rewrite = {}; });
+    EXPECT_EQ(list("/DCIM/Camera").size(), 2U);
+}
+
+TEST_F(MTPListingTest, emptyCardSlotIsNoStorage) {
+    phone().rewriteData(MTPOperationCode::getStorageIDs, [](Bytes& ids) {
+        ids[16] = std::byte{0}; // 0x00010000: the first slot holds no card
+    });
+    EXPECT_EQ(listedNames("/"), QStringList(u"card.txt"_s));
+    EXPECT_EQ(files_.liveInfo()->volumes.size(), 1U);
+}
+
 TEST_F(MTPListingTest, lockedPhoneHasNoStorageUntilItIsUnlocked) {
     phone().android.setLocked(true);
     EXPECT_EQ(codeOf([&] { (void)list("/"); }), "noStorage");

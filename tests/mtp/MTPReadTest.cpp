@@ -169,6 +169,33 @@ TEST_F(MTPReadTest, refusalsAreToldByWhatTheyMean) {
     }
 }
 
+TEST_F(MTPReadTest, oneFileThatBreaksOffIsSkippedAndTwoInARowEndIt) {
+    phone().write(u"bad"_s, manyBytes(300'000));
+    phone().write(u"good"_s, manyBytes(3000));
+    const FileItem bad = item("/bad");
+    const FileItem good = item("/good");
+    (void)files_.capabilities({}); // asked once
+    const auto stall = [&] {
+        phone().fault([](VirtualFaults& faults) {
+            faults.stall = VirtualByteFault{USBDirection::in, 100'000, 2}; // behind its facts
+        });
+        try {
+            read(bad);
+        } catch (const Error& error) {
+            return std::pair(std::string(error.code().name()), concernsOneItem(error));
+        }
+        return std::pair(std::string(), false);
+    };
+    for (int n = 0; n < 3; ++n) {
+        EXPECT_EQ(stall(), std::pair(std::string("refused"), true));
+        EXPECT_EQ(read(good), manyBytes(3000));
+    }
+    EXPECT_EQ(phone().requests(openSession), 1U);
+    EXPECT_EQ(stall(), std::pair(std::string("refused"), true));
+    EXPECT_EQ(stall(), std::pair(std::string("brokenOff"), false));
+    EXPECT_EQ(read(good), manyBytes(3000)) << "in another session";
+}
+
 TEST_F(MTPReadTest, stopAndSinkEndAReadAndTheSessionGoesOn) {
     phone().write(u"f.bin"_s, manyBytes(3'000'000));
     const FileItem file = item("/f.bin");

@@ -314,9 +314,14 @@ std::vector<std::uint32_t> MTPClient::getObjectHandles(std::uint32_t storageID,
     const QString failure = QStringLiteral("GetObjectHandles failed: 0x");
     if (isResponse(first) && first.header.code != rawOk)
         throw MTPTransportError::refusal(failure, first.header.code);
-    if (!isResponse(first))
-        expectOk(failure);
-    return MTPPacketCodec::decodeObjectHandles(first.payload);
+    if (isResponse(first))
+        return {};
+    expectOk(failure);
+    std::vector<std::uint32_t> handles = MTPPacketCodec::decodeObjectHandles(first.payload);
+    // A list that is cut, or longer than its count, is no empty folder.
+    if (first.payload.size() != sizeof(std::uint32_t) * (1 + handles.size()))
+        throw MTPTransportError::underlying(QStringLiteral("Failed to parse ObjectHandles"));
+    return handles;
 }
 
 MTPObjectInfo MTPClient::getObjectInfo(std::uint32_t handle) {

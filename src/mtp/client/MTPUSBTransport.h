@@ -59,9 +59,11 @@ private:
     [[nodiscard]] Bytes receiveDataset(const MTPContainerHeader& header);
     void receiveData(const MTPContainerHeader& header, const MTPDataSink& sink,
                      const MTPStreamOptions& options);
+    [[nodiscard]] bool goesOn() const;
     void receivePayload(std::uint64_t size, const MTPDataSink& sink,
                         const MTPStreamOptions& options);
-    void receiveUntilShortPacket(const MTPDataSink& sink, const MTPStreamOptions& options);
+    void receiveUntilShortPacket(std::uint64_t before, const MTPDataSink& sink,
+                                 const MTPStreamOptions& options);
     void endDataPhase() noexcept;
     void abandon(std::uint32_t transactionID);
     [[nodiscard]] bool isAbandoned(const MTPContainerHeader& header);

@@ -138,10 +138,22 @@ Bytes MTPUSBTransport::receiveDataset(const MTPContainerHeader& header) {
 /// The payload of a container, however its size is told.
 void MTPUSBTransport::receiveData(const MTPContainerHeader& header, const MTPDataSink& sink,
                                   const MTPStreamOptions& options) {
-    if (const auto size = payloadSize(header, options.expectedSize))
+    const auto size = payloadSize(header, options.expectedSize);
+    if (size)
         receivePayload(*size, sink, options);
-    else
-        receiveUntilShortPacket(sink, options);
+    if (!size || goesOn())
+        receiveUntilShortPacket(size.value_or(0), sink, options);
+}
+
+/// Whether there is more in the transfer than its header announced: some devices cut the length of
+/// a large object to its low 32 bits. What follows data is a response else, or one stray byte.
+bool MTPUSBTransport::goesOn() const {
+    const std::size_t beyond = incomingStream_.size();
+    if (!lastReadWasFull_ || beyond < 2)
+        return false;
+    const auto header = MTPPacketCodec::decodeHeader(incomingStream_);
+    const auto shifted = MTPPacketCodec::decodeHeader(ByteView(incomingStream_).subspan(1));
+    return !(header && isResponse(*header)) && !(shifted && isResponse(*shifted));
 }
 
 /// The header of the next container that belongs to a transaction under way.
@@ -261,9 +273,10 @@ void MTPUSBTransport::receivePayload(std::uint64_t size, const MTPDataSink& sink
     }
 }
 
-void MTPUSBTransport::receiveUntilShortPacket(const MTPDataSink& sink,
+/// `before` is what has arrived of the payload already.
+void MTPUSBTransport::receiveUntilShortPacket(std::uint64_t before, const MTPDataSink& sink,
                                               const MTPStreamOptions& options) {
-    qint64 received = 0;
+    auto received = static_cast<qint64>(before);
     const auto deliver = [&](ByteView bytes) {
         sink(bytes);
         received += static_cast<qint64>(bytes.size());

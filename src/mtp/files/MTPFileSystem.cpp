@@ -120,13 +120,25 @@ std::invoke_result_t<Work, MTPTree&> MTPFileSystem::inSession(const std::stop_to
             tree_->doubt();
             edits_ = edits;
         }
-        return work(*tree_);
+        if constexpr (std::is_void_v<std::invoke_result_t<Work, MTPTree&>>) {
+            work(*tree_);
+            brokenInRow_ = 0;
+            return;
+        } else {
+            auto result = work(*tree_);
+            brokenInRow_ = 0;
+            return result;
+        }
     } catch (const MTPTransportError& failure) {
         // The cable may have been out and in again since the last call: nothing is done yet then.
         const bool isStale =
             isReused && failure.isDeviceGone() && tree_->client().answered() == answered;
-        const Error error = translated(failure, path);
-        if (endsSession(failure))
+        Error error = translated(failure, path);
+        // One object that cannot be had does not end a copy; two in a row are the phone's fault.
+        const bool isOne = tree_ && isBrokenData(failure) && ++brokenInRow_ < 2;
+        if (isOne)
+            error = Error(PhoneError::refused, {path}, *error.cause());
+        else if (endsSession(failure))
             closeSession();
         if (!isStale)
             throw error;
@@ -222,7 +234,7 @@ void MTPFileSystem::list(const QString& folder, const ListingReceiver& receiver,
             receiver.rows(std::exchange(rows, {}));
         handedOver = std::chrono::steady_clock::now();
     };
-    inTurn(call, folder, [&](MTPTree& tree) {
+    const auto read = [&](MTPTree& tree) {
         const MTPFound found = tree.requireFolder(folder, call.stop);
         tree.list(
             found,
@@ -243,7 +255,14 @@ void MTPFileSystem::list(const QString& folder, const ListingReceiver& receiver,
                                                              {entry.error.logText()});
             },
             call.stop);
-    });
+    };
+    try {
+        inTurn(call, folder, read);
+    } catch (const Error& error) {
+        if (error.is(PhoneError::unreadable))
+            throw Error(PhoneError::listingBroken, {folder}, error);
+        throw;
+    }
     handOver();
 }
 

@@ -85,6 +85,7 @@ private:
     std::uint64_t edits_ = 0;                 ///< PhoneQueue::edits() that the tree knows of
     std::optional<MTPPartialReads> partialReads_;
     bool hasBattery_ = true;
+    int brokenInRow_ = 0; ///< calls whose data broke off
 
     mutable std::mutex mutex_;
     QHash<QString, StorageVolume> volumes_; ///< by id, as last read; guarded by mutex_

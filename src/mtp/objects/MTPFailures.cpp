@@ -82,8 +82,8 @@ Error phoneErrorOf(const MTPTransportError& failure, const QString& path) {
     switch (failure.kind()) {
     case Case::notConnected:
         return {PhoneError::notConnected, {}, Error(MTPError::notThere)};
-    case Case::timeout:
-        return {PhoneError::noAnswer, {path}, Error(MTPError::timeout)};
+    case Case::timeout: // of data that ended early: a silent device has a code
+        return {PhoneError::brokenOff, {path}, Error(MTPError::malformed)};
     case Case::pipeStalled:
         return {PhoneError::brokenOff, {path}, Error(MTPError::stalled)};
     case Case::exclusiveAccessDenied:
@@ -98,6 +98,11 @@ Error phoneErrorOf(const MTPTransportError& failure, const QString& path) {
         break;
     }
     return {PhoneError::unreadable, {path}, Error(MTPError::malformed, {failure.message()})};
+}
+
+bool isBrokenData(const MTPTransportError& failure) {
+    return failure.code() == usb::pipeStalled ||
+           (failure.kind() == MTPTransportError::Case::timeout && failure.code() == usb::success);
 }
 
 bool endsSession(const MTPTransportError& failure) {

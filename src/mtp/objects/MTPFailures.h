@@ -13,6 +13,9 @@ namespace tessary {
 /// keeps the code.
 [[nodiscard]] Error phoneErrorOf(const MTPTransportError& failure, const QString& path);
 
+/// The device halted the pipe, or ended data before their time: once is one object's fault.
+[[nodiscard]] bool isBrokenData(const MTPTransportError& failure);
+
 /// Whether nothing more can be done on the session after this failure.
 [[nodiscard]] bool endsSession(const MTPTransportError& failure);
 
