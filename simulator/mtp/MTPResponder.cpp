@@ -34,6 +34,7 @@ std::span<const MTPResponder::Operation> MTPResponder::operations() {
         Operation{Code::getObjectHandles, &R::getObjectHandles, 1, toHost},
         Operation{Code::getObjectInfo, &R::getObjectInfo, 1, toHost},
         Operation{Code::getObject, &R::getObject, 1, toHost},
+        Operation{Code::getThumb, &R::getThumb, 1, toHost},
         Operation{Code::deleteObject, &R::deleteObject, 1},
         Operation{Code::sendObjectInfo, &R::sendObjectInfo, 0, fromHost},
         Operation{Code::sendObject, &R::sendObject, 0, fromHost},
@@ -44,6 +45,7 @@ std::span<const MTPResponder::Operation> MTPResponder::operations() {
         Operation{Code::getObjectPropsSupported, &R::getObjectPropsSupported, 1, toHost},
         Operation{Code::getObjectPropValue, &R::getObjectPropValue, 2, toHost},
         Operation{Code::setObjectPropValue, &R::setObjectPropValue, 2, fromHost},
+        Operation{Code::getObjectPropList, &R::getObjectPropList, 5, toHost},
         Operation{Code::androidGetPartialObject64, &R::getPartialObject64, 4, toHost},
     };
     return table;

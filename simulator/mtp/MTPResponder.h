@@ -106,9 +106,12 @@ private:
     void getObjectPropsSupported(Transaction& transaction);
     void getObjectPropValue(Transaction& transaction);
     void setObjectPropValue(Transaction& transaction);
+    void getObjectPropList(Transaction& transaction);
 
     // Contents
     void getObject(Transaction& transaction);
+    /// The picture that a camera put into the head of a JPEG file.
+    void getThumb(Transaction& transaction);
     void getPartialObject(Transaction& transaction);
     void getPartialObject64(Transaction& transaction);
     void sendRange(Transaction& transaction, std::uint64_t offset, std::uint32_t most);

@@ -3,6 +3,7 @@
 #include "simulator/mtp/MTPResponderOperation.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <limits>
 
@@ -51,6 +52,27 @@ void MTPResponder::getObject(Transaction& transaction) {
         });
     if (!complete)
         throw MTPRefusal(MTPResponseCode::incompleteTransfer);
+}
+
+void MTPResponder::getThumb(Transaction& transaction) {
+    constexpr std::size_t headSize = std::size_t{64} << 10;
+    const VirtualObject object = store_.object(transaction.command.parameter(0));
+    if (object.isFolder)
+        throw MTPRefusal(MTPResponseCode::noThumbnailPresent);
+    const FileHandle file = store_.openFile(object.handle);
+    Bytes head(headSize);
+    head.resize(readSome(file.get(), head, 0));
+    constexpr std::array start{std::byte{0xFF}, std::byte{0xD8}, std::byte{0xFF}};
+    constexpr std::array end{std::byte{0xFF}, std::byte{0xD9}};
+    const bool isPicture =
+        head.size() > start.size() && std::equal(start.begin(), start.end(), head.begin());
+    const auto from = isPicture
+                          ? std::search(head.begin() + 1, head.end(), start.begin(), start.end())
+                          : head.end();
+    const auto to = std::search(from, head.end(), end.begin(), end.end());
+    if (to == head.end())
+        throw MTPRefusal(MTPResponseCode::noThumbnailPresent);
+    transaction.link.sendDataset(transaction.command, Bytes(from, to + 2));
 }
 
 void MTPResponder::getPartialObject(Transaction& transaction) {

@@ -38,6 +38,29 @@ constexpr std::array properties{
     std::uint16_t{0xDC0B}, std::uint16_t{0xDC41}, std::uint16_t{0xDC44},
 };
 
+/// The type of a property's value.
+std::uint16_t typeOf(std::uint16_t property) {
+    constexpr std::uint16_t typeU16 = 0x0004;
+    constexpr std::uint16_t typeU32 = 0x0006;
+    constexpr std::uint16_t typeU64 = 0x0008;
+    constexpr std::uint16_t typeU128 = 0x000A;
+    constexpr std::uint16_t typeString = 0xFFFF;
+    switch (static_cast<MTPObjectProperty>(property)) {
+    case MTPObjectProperty::storageID:
+    case MTPObjectProperty::parentObject:
+        return typeU32;
+    case MTPObjectProperty::objectSize:
+        return typeU64;
+    case MTPObjectProperty::persistentUniqueID:
+        return typeU128;
+    case MTPObjectProperty::objectFormat:
+    case MTPObjectProperty::protectionStatus:
+        return typeU16;
+    default:
+        return typeString;
+    }
+}
+
 void append(Bytes& bytes, const Bytes& more) {
     bytes.insert(bytes.end(), more.begin(), more.end());
 }
@@ -177,6 +200,17 @@ Bytes MTPResponderDatasets::objectProperty(std::uint16_t property, const Virtual
         break;
     }
     return bytes;
+}
+
+std::uint32_t MTPResponderDatasets::appendProperties(Bytes& list, const VirtualObject& object,
+                                                     const QString& name) {
+    for (const std::uint16_t property : properties) {
+        appendLittleEndian(list, object.handle);
+        appendLittleEndian(list, property);
+        appendLittleEndian(list, typeOf(property));
+        append(list, objectProperty(property, object, name));
+    }
+    return static_cast<std::uint32_t>(properties.size());
 }
 
 Bytes MTPResponderDatasets::batteryDescription(int percent) {

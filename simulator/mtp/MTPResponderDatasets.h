@@ -35,6 +35,10 @@ public:
     [[nodiscard]] static Bytes objectProperty(std::uint16_t property, const VirtualObject& object,
                                               const QString& name);
     [[nodiscard]] static std::span<const std::uint16_t> objectProperties();
+    /// All properties of an object as they stand in a property list: u32 handle, u16 property, u16
+    /// type, value. Returns their number.
+    static std::uint32_t appendProperties(Bytes& list, const VirtualObject& object,
+                                          const QString& name);
 
     /// DevicePropDesc of the battery level: u16 property, u16 type u8, u8 read only, u8 default, u8
     /// current, u8 form "range", then u8 least, u8 greatest, u8 step.

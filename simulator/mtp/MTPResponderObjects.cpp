@@ -1,3 +1,4 @@
+#include "base/values/LittleEndian.h"
 #include "mtp/protocol/MTPPacketCodec.h"
 #include "simulator/mtp/MTPRefusal.h"
 #include "simulator/mtp/MTPResponderOperation.h"
@@ -95,6 +96,45 @@ void MTPResponder::getObjectPropValue(Transaction& transaction) {
     const auto property = static_cast<std::uint16_t>(transaction.command.parameter(1));
     transaction.link.sendDataset(transaction.command, MTPResponderDatasets::objectProperty(
                                                           property, object, shownName(object)));
+}
+
+/// All properties of a folder's children, and of the folder; handle 0 stands for every root.
+void MTPResponder::getObjectPropList(Transaction& transaction) {
+    constexpr std::uint32_t all = 0xFFFFFFFF;
+    constexpr std::uint16_t groupUnsupported = 0xA807;
+    constexpr std::uint16_t depthUnsupported = 0xA808;
+    const MTPCommand& command = transaction.command;
+    const std::uint32_t handle = command.parameter(0);
+    if (command.parameter(1) != 0)
+        throw MTPRefusal(MTPResponseCode::specificationByFormatUnsupported);
+    if (command.parameter(2) != all || command.parameter(3) != 0)
+        throw MTPRefusal(groupUnsupported);
+    if (command.parameter(4) > 1)
+        throw MTPRefusal(depthUnsupported);
+    std::vector<std::uint32_t> handles;
+    if (handle == 0) {
+        for (const std::uint32_t storageID : store_.storageIDs())
+            for (const std::uint32_t child : store_.children(storageID, 0))
+                handles.push_back(child);
+    } else {
+        const VirtualObject object = store_.object(handle);
+        handles.push_back(handle);
+        if (object.isFolder && command.parameter(4) == 1 && !transaction.behaviour.listsFolderOnly)
+            for (const std::uint32_t child : store_.children(object.storageID, handle))
+                handles.push_back(child);
+    }
+    Bytes list;
+    std::uint32_t count = 0;
+    for (const std::uint32_t each : handles) {
+        VirtualObject object = store_.object(each);
+        if (transaction.behaviour.parentsAreZero)
+            object.parent = 0;
+        count += MTPResponderDatasets::appendProperties(list, object, shownName(object));
+    }
+    Bytes dataset;
+    appendLittleEndian(dataset, count);
+    dataset.insert(dataset.end(), list.begin(), list.end());
+    transaction.link.sendDataset(command, dataset);
 }
 
 void MTPResponder::setObjectPropValue(Transaction& transaction) {

@@ -32,6 +32,8 @@ struct VirtualBehaviour {
     bool cutsSizesTo32Bits = false;
     /// Every object says that it lies in the root.
     bool parentsAreZero = false;
+    /// Property lists hold the folder itself and nothing in it, whatever depth is asked for.
+    bool listsFolderOnly = false;
     /// A locked phone answers GetStorageIDs without a data phase.
     bool omitsEmptyStorageList = false;
 

@@ -66,6 +66,7 @@ TEST_F(MTPEditsTest, wholeTreeGoesInOneStepOrOneByOne) {
         phone().write(u"A/x/y/z/deep.txt"_s, "d");
         phone().write(u"A/x/1.txt"_s, "1");
         phone().disk.makeFolder(u"0/A/x/empty"_s);
+        queue_->noteEdit(); // of which this session cannot know
         phone().behave([&](VirtualBehaviour& b) { b.refusesFullFolders = refusesFull; });
         phone().android.clearRequestLog();
         files_.removeTree(item("/A/x"), {});

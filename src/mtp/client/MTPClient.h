@@ -64,6 +64,14 @@ public:
     /// after the first such answer it is not asked again.
     [[nodiscard]] std::optional<std::uint64_t> getObjectSize(std::uint32_t handle);
 
+    /// All properties of what a folder holds, in one transaction: the bytes as they arrive, for
+    /// MTPPropertyList. `folder` is 0 for the roots of all storages. Broken off as getObject.
+    void getObjectPropList(std::uint32_t folder, const MTPDataSink& sink,
+                           const MTPStreamOptions& options = {});
+    /// The small picture of an object, encoded. Broken off as getObject.
+    void getThumb(std::uint32_t handle, const MTPDataSink& sink,
+                  const MTPStreamOptions& options = {});
+
     /// The whole object in memory.
     [[nodiscard]] Bytes getObject(std::uint32_t handle);
     /// The object piece by piece, of any size. `options.expectedSize` is used when the container

@@ -63,6 +63,23 @@ std::uint64_t MTPClient::getPartialObject(std::uint32_t handle, std::uint64_t of
                                   failure, sink, options);
 }
 
+void MTPClient::getObjectPropList(std::uint32_t folder, const MTPDataSink& sink,
+                                  const MTPStreamOptions& options) {
+    constexpr std::uint32_t anyFormat = 0;
+    constexpr std::uint32_t allProperties = 0xFFFFFFFF;
+    constexpr std::uint32_t noGroup = 0;
+    constexpr std::uint32_t childrenOnly = 1;
+    receiveObject(MTPOperationCode::getObjectPropList,
+                  {folder, anyFormat, allProperties, noGroup, childrenOnly},
+                  QStringLiteral("GetObjectPropList failed: 0x"), sink, options);
+}
+
+void MTPClient::getThumb(std::uint32_t handle, const MTPDataSink& sink,
+                         const MTPStreamOptions& options) {
+    receiveObject(MTPOperationCode::getThumb, {handle}, QStringLiteral("GetThumb failed: 0x"), sink,
+                  options);
+}
+
 /// The data phase of an operation that sends an object's content, or a part of it.
 std::uint64_t MTPClient::receiveObject(MTPOperationCode operation, Parameters parameters,
                                        const QString& failure, const MTPDataSink& sink,

@@ -162,7 +162,9 @@ std::invoke_result_t<Work, MTPTree&> MTPFileSystem::inTurn(const Call& call, con
 
 void MTPFileSystem::openSession() {
     tree_ = std::make_unique<MTPTree>(std::make_unique<MTPUSBTransport>(bus_, addressOf(phone_)),
-                                      hints_, patience_);
+                                      memory_, patience_);
+    if (!deviceInfo_)
+        memory_.listsProperties = deviceInfo().announces(MTPOperationCode::getObjectPropList);
     queue_->closeWhenIdle(this, [this] { closeSession(); });
 }
 
@@ -206,6 +208,7 @@ FileSystemCapabilities MTPFileSystem::capabilities(const Call& call) {
         can.renames = device.announces(MTPOperationCode::setObjectPropValue);
         can.moves = device.announces(MTPOperationCode::moveObject);
         can.readsRanges = partialReads() != MTPPartialReads::none;
+        can.hasThumbnails = device.announces(MTPOperationCode::getThumb);
         can.writes = device.announces(MTPOperationCode::sendObject);
         return can;
     });
@@ -389,6 +392,38 @@ FileItem MTPFileSystem::move(const FileItem& item, const QString& newFolder, con
             throw Error(PhoneError::notDone, {item.path});
         tree.added(target, *moved);
         return fileItemOf(*moved, target.location, isBelowStorage(newFolder));
+    });
+}
+
+std::optional<QByteArray> MTPFileSystem::thumbnail(const FileItem& file, qint64 maxBytes,
+                                                   const Call& call) {
+    struct TooLarge {};
+    return inTurn(call, file.path, [&](MTPTree& tree) -> std::optional<QByteArray> {
+        if (!deviceInfo().announces(MTPOperationCode::getThumb))
+            return std::nullopt;
+        const MTPFound found = tree.findItem(file, call.stop);
+        if (found.object.isDirectory())
+            return std::nullopt;
+        QByteArray picture;
+        const auto take = [&](ByteView bytes) {
+            if (picture.size() + static_cast<qint64>(bytes.size()) > maxBytes)
+                throw TooLarge();
+            picture.append(reinterpret_cast<const char*>(bytes.data()),
+                           static_cast<qsizetype>(bytes.size()));
+        };
+        MTPStreamOptions options;
+        options.stop = call.stop;
+        try {
+            tree.client().getThumb(found.object.handle, take, options);
+        } catch (const TooLarge&) {
+            return std::nullopt;
+        } catch (const MTPTransportError& failure) {
+            // Of most files there is none, and phones have many words for that.
+            if (endsSession(failure))
+                throw;
+            return std::nullopt;
+        }
+        return picture.isEmpty() ? std::nullopt : std::optional(picture);
     });
 }
 

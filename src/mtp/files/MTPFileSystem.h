@@ -53,6 +53,8 @@ public:
                     const Call& call) override;
     FileItem move(const FileItem& item, const QString& newFolder, const Call& call) override;
 
+    [[nodiscard]] std::optional<QByteArray> thumbnail(const FileItem& file, qint64 maxBytes,
+                                                      const Call& call) override;
     [[nodiscard]] std::optional<std::uint64_t> freeBytes(const QString& folder,
                                                          const Call& call) override;
     [[nodiscard]] std::optional<LiveDeviceInfo> liveInfo() override;
@@ -79,7 +81,7 @@ private:
     const MTPPatience patience_;
 
     // Of whoever has the turn
-    MTPFolderHints hints_;
+    MTPPhoneMemory memory_;
     std::unique_ptr<MTPTree> tree_;
     std::optional<MTPDeviceInfo> deviceInfo_; ///< of this attachment
     std::uint64_t edits_ = 0;                 ///< PhoneQueue::edits() that the tree knows of

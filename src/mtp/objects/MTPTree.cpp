@@ -3,9 +3,9 @@
 #include "base/text/PathNames.h"
 #include "base/threads/CancellationError.h"
 #include "mtp/objects/MTPFailures.h"
+#include "mtp/protocol/MTPPropertyList.h"
 #include "phone/DevicePath.h"
 
-#include <QSet>
 #include <QStringList>
 
 #include <algorithm>
@@ -38,9 +38,9 @@ bool isUsable(std::uint32_t storageID) {
 
 } // namespace
 
-MTPTree::MTPTree(std::unique_ptr<MTPTransportProtocol> transport, MTPFolderHints& hints,
+MTPTree::MTPTree(std::unique_ptr<MTPTransportProtocol> transport, MTPPhoneMemory& memory,
                  MTPPatience patience)
-    : hints_(hints), serial_(nextSerial()), client_(std::move(transport), patience) {
+    : memory_(memory), serial_(nextSerial()), client_(std::move(transport), patience) {
     client_.openSession(1);
 }
 
@@ -106,7 +106,7 @@ void MTPTree::removed(const MTPFound& object) {
     const std::uint32_t storageID = object.location.storageID;
     if (object.object.isDirectory()) {
         folders_.remove({storageID, object.object.handle});
-        hints_.remove({storageID, object.location.path});
+        memory_.folders.remove({storageID, object.location.path});
     }
     const auto folder = folders_.find({storageID, object.parent});
     if (folder != folders_.end())
@@ -116,9 +116,9 @@ void MTPTree::removed(const MTPFound& object) {
 void MTPTree::remember(const MTPLocation& location, const MTPObjectInfo& info) {
     if (!info.isDirectory())
         return;
-    if (hints_.size() >= mostHints)
-        hints_.clear();
-    hints_.insert({location.storageID, location.path}, info.id);
+    if (memory_.folders.size() >= mostHints)
+        memory_.folders.clear();
+    memory_.folders.insert({location.storageID, location.path}, info.id);
 }
 
 bool MTPTree::isIn(const MTPObjectInfo& info, std::uint32_t folder) {
@@ -176,8 +176,9 @@ std::optional<MTPResolvedObject> MTPTree::resolveChild(const MTPLocation& folder
     const MTPObjectInfo* listed = parent.contents.find(name);
     if (listed && parent.isFresh() && !mustBeCurrent)
         return found(*listed);
-    const auto hint = hints_.constFind({folder.storageID, location.path});
-    for (const std::uint32_t handle : {listed ? listed->id : 0, hint == hints_.cend() ? 0 : *hint})
+    const auto hint = memory_.folders.constFind({folder.storageID, location.path});
+    for (const std::uint32_t handle :
+         {listed ? listed->id : 0, hint == memory_.folders.cend() ? 0 : *hint})
         if (const auto info = handle == 0 ? std::nullopt
                                           : confirm(handle, name, folder.storageID, folderHandle)) {
             parent.contents.insert(*info);
@@ -276,18 +277,71 @@ std::vector<std::uint32_t> MTPTree::childHandles(std::uint32_t storageID, std::u
     return handles.empty() ? client_.getObjectHandles(storageID, alternativeRoot) : handles;
 }
 
+bool MTPTree::take(Known& folder, const MTPObjectInfo& info, const QSet<std::uint32_t>& listed,
+                   const std::function<bool(const MTPObjectInfo&)>& visit) {
+    const bool isRoot = isRootHandle(folder.contents.folder());
+    // A device that lists its root under 0 may mean every object of the storage by it.
+    if (isRoot && !isRootHandle(info.parentObject) && listed.contains(info.parentObject))
+        return true;
+    parentsAreZero_ = parentsAreZero_ || (!isRoot && info.parentObject == 0);
+    folder.contents.insert(info);
+    return visit(info);
+}
+
+bool MTPTree::readProperties(std::uint32_t storageID, Known& folder, QSet<std::uint32_t>& wanted,
+                             const std::function<bool(const MTPObjectInfo&)>& visit,
+                             const std::stop_token& stop) {
+    const QSet<std::uint32_t> listed = wanted;
+    bool isMore = true;
+    const auto visitUntilEnough = [&](const MTPObjectInfo& info) {
+        return isMore = isMore && visit(info);
+    };
+    const std::uint32_t self = folder.contents.folder();
+    MTPPropertyList list([&](MTPObjectInfo&& info) {
+        // The root of every storage is listed at once, and a folder along with what it holds.
+        const bool isElsewhere = info.storageID != 0 && info.storageID != storageID;
+        if (isElsewhere || !wanted.remove(info.id))
+            return;
+        info.storageID = storageID;
+        (void)take(folder, info, listed, visitUntilEnough);
+    });
+    MTPStreamOptions options;
+    options.stop = stop;
+    bool isWhole = false;
+    try {
+        client_.getObjectPropList(
+            isRootHandle(self) ? 0 : self, [&](ByteView bytes) { list.add(bytes); }, options);
+        isWhole = list.finish();
+    } catch (const MTPTransportError& failure) {
+        if (endsSession(failure))
+            throw;
+    }
+    // What is missing is asked for one by one; a phone that leaves out more than it tells is asked
+    // so from now on.
+    memory_.listsProperties = isWhole && wanted.size() <= listed.size() / 2;
+    return isMore;
+}
+
 void MTPTree::readChildren(std::uint32_t storageID, Known& folder,
                            const std::function<bool(const MTPObjectInfo&)>& visit,
                            const UnreadableVisitor& unreadable, const std::stop_token& stop) {
+    constexpr qsizetype worthOneRequest = 3;
     const std::uint32_t self = folder.contents.folder();
-    QSet<std::uint32_t> seen;
     const auto checkedAt = Clock::now();
-    for (const std::uint32_t handle : childHandles(storageID, self)) {
+    const std::vector<std::uint32_t> handles = childHandles(storageID, self);
+    QSet<std::uint32_t> listed(handles.begin(), handles.end());
+    listed.remove(self);
+    QSet<std::uint32_t> wanted;
+    for (const std::uint32_t handle : listed)
+        if (!folder.contents.knows(handle))
+            wanted.insert(handle);
+    const bool isWorth = wanted.size() >= worthOneRequest && wanted.size() > listed.size() / 2;
+    if (memory_.listsProperties && isWorth &&
+        !readProperties(storageID, folder, wanted, visit, stop) && !wanted.isEmpty())
+        return;
+    for (const std::uint32_t handle : handles) {
         throwIfStopped(stop);
-        if (handle == self || seen.contains(handle))
-            continue;
-        seen.insert(handle);
-        if (folder.contents.knows(handle))
+        if (!wanted.remove(handle))
             continue;
         std::optional<MTPObjectInfo> info;
         try {
@@ -300,16 +354,10 @@ void MTPTree::readChildren(std::uint32_t storageID, Known& folder,
                 unreadable(handle, error);
             continue;
         }
-        // A device that lists its root under 0 may mean every object of the storage by it.
-        if (self == mtpRootHandle && !isRootHandle(info->parentObject) &&
-            seen.contains(info->parentObject))
-            continue;
-        parentsAreZero_ = parentsAreZero_ || (!isRootHandle(self) && info->parentObject == 0);
-        folder.contents.insert(*info);
-        if (!visit(*info))
+        if (!take(folder, *info, listed, visit))
             return;
     }
-    folder.contents.keepOnly(seen);
+    folder.contents.keepOnly(listed);
     folder.isWhole = true;
     folder.checkedAt = checkedAt;
 }

@@ -6,6 +6,7 @@
 #include "phone/records/FileItem.h"
 
 #include <QHash>
+#include <QSet>
 #include <QString>
 
 #include <chrono>
@@ -18,8 +19,14 @@
 
 namespace tessary {
 
-/// Handles that folders had, by storage and path. Hints only: a phone may give others at any time.
-using MTPFolderHints = QHash<std::pair<std::uint32_t, QString>, std::uint32_t>;
+/// What is remembered of a phone from one session to the next.
+struct MTPPhoneMemory {
+    /// Handles that folders had, by storage and path. Hints only: a phone may give others at any
+    /// time.
+    QHash<std::pair<std::uint32_t, QString>, std::uint32_t> folders;
+    /// It answers GetObjectPropList, and tells the truth there.
+    bool listsProperties = false;
+};
 
 /// The objects of one phone by their paths, in one session that is open from construction to
 /// destruction. What a listing has read of a folder answers the questions that follow it: its
@@ -39,8 +46,8 @@ public:
     /// Called for a child that is there and whose facts cannot be read.
     using UnreadableVisitor = std::function<void(std::uint32_t handle, const MTPTransportError&)>;
 
-    /// Opens the session. `hints` outlives the tree, and is kept up to date by it.
-    MTPTree(std::unique_ptr<MTPTransportProtocol> transport, MTPFolderHints& hints,
+    /// Opens the session. `memory` outlives the tree, and is kept up to date by it.
+    MTPTree(std::unique_ptr<MTPTransportProtocol> transport, MTPPhoneMemory& memory,
             MTPPatience patience = defaultPatience);
     ~MTPTree();
     MTPTree(const MTPTree&) = delete;
@@ -125,9 +132,19 @@ private:
     void readChildren(std::uint32_t storageID, Known& folder,
                       const std::function<bool(const MTPObjectInfo&)>& visit,
                       const UnreadableVisitor& unreadable, const std::stop_token& stop);
+    /// Reads the facts of a whole folder's `wanted` handles in one request, to its end whatever
+    /// `visit` says, and takes those that came out of it. Returns what `visit` said last.
+    [[nodiscard]] bool readProperties(std::uint32_t storageID, Known& folder,
+                                      QSet<std::uint32_t>& wanted,
+                                      const std::function<bool(const MTPObjectInfo&)>& visit,
+                                      const std::stop_token& stop);
+    /// Keeps what was read of a child, and hands it on. Returns what `visit` says.
+    [[nodiscard]] bool take(Known& folder, const MTPObjectInfo& info,
+                            const QSet<std::uint32_t>& listed,
+                            const std::function<bool(const MTPObjectInfo&)>& visit);
     void remember(const MTPLocation& location, const MTPObjectInfo& info);
 
-    MTPFolderHints& hints_;
+    MTPPhoneMemory& memory_;
     const std::uint64_t serial_;
     MTPClient client_;
     std::optional<std::vector<std::uint32_t>> storageIDs_;

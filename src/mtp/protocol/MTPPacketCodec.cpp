@@ -253,7 +253,8 @@ std::optional<MTPObjectInfo> MTPPacketCodec::decodeObjectInfo(ByteView from, std
     info.associationDesc = readLittleEndian<std::uint32_t>(from, 44);
     info.sequenceNumber = readLittleEndian<std::uint32_t>(from, 48);
     StringReader strings(from, objectInfoFixedSize);
-    info.filename = strings.next();
+    info.filename = decodeName(from, objectInfoFixedSize);
+    (void)strings.next();
     info.dateCreated = parseMTPDate(strings.next());
     info.dateModified = parseMTPDate(strings.next());
     info.keywords = strings.next();
@@ -309,6 +310,14 @@ std::optional<std::pair<QString, std::size_t>> MTPPacketCodec::decodeString(Byte
         text[static_cast<qsizetype>(i)] =
             QChar(char16_t{readLittleEndian<std::uint16_t>(from, at + 1 + 2 * i)});
     return std::pair{text, 1 + 2 * length};
+}
+
+QString MTPPacketCodec::decodeName(ByteView from, std::size_t at) {
+    const auto decoded = decodeString(from, at);
+    QString name = decoded ? decoded->first : QString();
+    while (name.endsWith(QChar(0)))
+        name.chop(1);
+    return name;
 }
 
 std::optional<QDateTime> MTPPacketCodec::parseMTPDate(const QString& text) {

@@ -81,6 +81,10 @@ public:
     [[nodiscard]] static std::optional<std::pair<QString, std::size_t>>
     decodeString(ByteView from, std::size_t at);
 
+    /// The same for the name of an object: without NULs at its end, which some devices pad names
+    /// with; empty when there is no string.
+    [[nodiscard]] static QString decodeName(ByteView from, std::size_t at);
+
     /// Dates are texts in local time ("20240131T235959", "2024-01-31T23:59:59", both also with a
     /// fraction of a second, and "2024-01-31 23:59:59") or ISO 8601 with a time zone. No value for
     /// anything else. White space around them does not count.
