@@ -216,9 +216,9 @@ FileItem copyFile(const FileCopy& copy, const ByteProgress& progress, const Call
     const bool areBothPhones = copy.from.queue() && copy.to.queue();
     // Only a disk here takes more bytes than it was told of.
     const qint64 mayGrowBy = copy.to.queue() ? 0 : FileStream::slack;
-    FileStream stream(copy.from, copy.file, put.keptBytes,
+    FileStream stream(copy.from, copy.file,
                       areBothPhones ? FileStream::Way::readFirst : FileStream::Way::ahead,
-                      mayGrowBy, call);
+                      mayGrowBy, call, put.keptBytes);
     if (copy.verifies && put.keptBytes > 0)
         copy.to.read(
             *put.begun, {0, put.keptBytes}, [&stream](ByteView bytes) { stream.addToHash(bytes); },

@@ -15,8 +15,8 @@ constexpr qint64 smallFile = 512 * 1024; // a thread for each would cost more th
 
 } // namespace
 
-FileStream::FileStream(PhoneFileSystem& from, const FileItem& file, qint64 offset, Way way,
-                       qint64 mayGrowBy, const Call& call)
+FileStream::FileStream(PhoneFileSystem& from, const FileItem& file, Way way, qint64 mayGrowBy,
+                       const Call& call, qint64 offset)
     : from_(from),
       file_(file),
       offset_(offset),

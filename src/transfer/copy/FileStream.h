@@ -31,8 +31,8 @@ public:
     };
 
     /// Begins at `offset` of the file, 0 where ranges cannot be read.
-    FileStream(PhoneFileSystem& from, const FileItem& file, qint64 offset, Way way,
-               qint64 mayGrowBy, const Call& call);
+    FileStream(PhoneFileSystem& from, const FileItem& file, Way way, qint64 mayGrowBy,
+               const Call& call, qint64 offset = 0);
     /// Ends the reading.
     ~FileStream();
     FileStream(const FileStream&) = delete;
