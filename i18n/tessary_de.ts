@@ -1949,13 +1949,10 @@
     </message>
 </context>
 <context>
-    <name>tessary::BrowserView</name>
-    <message numerus="yes">
-        <source>%Ln selected</source>
-        <translation>
-            <numerusform>%Ln ausgewählt</numerusform>
-            <numerusform>%Ln ausgewählt</numerusform>
-        </translation>
+    <name>tessary::BrowserToolbar</name>
+    <message>
+        <source>View Mode</source>
+        <translation>Ansicht</translation>
     </message>
     <message>
         <source>Filter…</source>
@@ -1968,6 +1965,20 @@
     <message>
         <source>Path</source>
         <translation>Pfad</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::BrowserView</name>
+    <message numerus="yes">
+        <source>%Ln selected</source>
+        <translation>
+            <numerusform>%Ln ausgewählt</numerusform>
+            <numerusform>%Ln ausgewählt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>Filter löschen</translation>
     </message>
     <message>
         <source>Files</source>
@@ -2060,36 +2071,20 @@
         <translation>wird gelesen …</translation>
     </message>
     <message>
-        <source>View Mode</source>
-        <translation>Ansicht</translation>
-    </message>
-    <message>
         <source>Add to Favorites</source>
         <translation>Zu Favoriten hinzufügen</translation>
     </message>
     <message>
-        <source>Delete</source>
-        <translation>Löschen</translation>
+        <source>Into “%1”</source>
+        <translation>In „%1“</translation>
     </message>
     <message>
-        <source>Delete selected items?</source>
-        <translation>Ausgewählte Objekte löschen?</translation>
+        <source>Parent Folder</source>
+        <translation>Übergeordneter Ordner</translation>
     </message>
-    <message>
-        <source>“%1” will be deleted from the phone.</source>
-        <translation>„%1“ wird vom Telefon gelöscht.</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items will be deleted from the phone.</source>
-        <translation>
-            <numerusform>%Ln Objekt wird vom Telefon gelöscht.</numerusform>
-            <numerusform>%Ln Objekte werden vom Telefon gelöscht.</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>This cannot be undone.</source>
-        <translation>Das lässt sich nicht rückgängig machen.</translation>
-    </message>
+</context>
+<context>
+    <name>tessary::CopyCommands</name>
     <message>
         <source>Copy to</source>
         <translation>Kopieren nach</translation>
@@ -2101,14 +2096,6 @@
     <message>
         <source>Copy a Folder to the Phone</source>
         <translation>Einen Ordner auf das Telefon kopieren</translation>
-    </message>
-    <message>
-        <source>Into “%1”</source>
-        <translation>In „%1“</translation>
-    </message>
-    <message>
-        <source>Parent Folder</source>
-        <translation>Übergeordneter Ordner</translation>
     </message>
 </context>
 <context>
@@ -2132,6 +2119,32 @@
     <message>
         <source>Reading storage…</source>
         <translation>Speicher wird gelesen …</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::EntryCommands</name>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Delete selected items?</source>
+        <translation>Ausgewählte Objekte löschen?</translation>
+    </message>
+    <message>
+        <source>“%1” will be deleted from the phone.</source>
+        <translation>„%1“ wird vom Telefon gelöscht.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be deleted from the phone.</source>
+        <translation>
+            <numerusform>%Ln Objekt wird vom Telefon gelöscht.</numerusform>
+            <numerusform>%Ln Objekte werden vom Telefon gelöscht.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>Das lässt sich nicht rückgängig machen.</translation>
     </message>
 </context>
 <context>

@@ -51,6 +51,9 @@
             <numerusform>%1 of %Ln items</numerusform>
         </translation>
     </message>
+</context>
+<context>
+    <name>tessary::EntryCommands</name>
     <message numerus="yes">
         <source>%Ln items will be deleted from the phone.</source>
         <translation>

@@ -1949,13 +1949,10 @@
     </message>
 </context>
 <context>
-    <name>tessary::BrowserView</name>
-    <message numerus="yes">
-        <source>%Ln selected</source>
-        <translation>
-            <numerusform>%Ln seleccionado</numerusform>
-            <numerusform>%Ln seleccionados</numerusform>
-        </translation>
+    <name>tessary::BrowserToolbar</name>
+    <message>
+        <source>View Mode</source>
+        <translation>Modo de vista</translation>
     </message>
     <message>
         <source>Filter…</source>
@@ -1968,6 +1965,20 @@
     <message>
         <source>Path</source>
         <translation>Ruta</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::BrowserView</name>
+    <message numerus="yes">
+        <source>%Ln selected</source>
+        <translation>
+            <numerusform>%Ln seleccionado</numerusform>
+            <numerusform>%Ln seleccionados</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>Borrar el filtro</translation>
     </message>
     <message>
         <source>Files</source>
@@ -2060,36 +2071,20 @@
         <translation>leyendo…</translation>
     </message>
     <message>
-        <source>View Mode</source>
-        <translation>Modo de vista</translation>
-    </message>
-    <message>
         <source>Add to Favorites</source>
         <translation>Añadir a favoritos</translation>
     </message>
     <message>
-        <source>Delete</source>
-        <translation>Eliminar</translation>
+        <source>Into “%1”</source>
+        <translation>En «%1»</translation>
     </message>
     <message>
-        <source>Delete selected items?</source>
-        <translation>¿Eliminar los elementos seleccionados?</translation>
+        <source>Parent Folder</source>
+        <translation>Carpeta superior</translation>
     </message>
-    <message>
-        <source>“%1” will be deleted from the phone.</source>
-        <translation>«%1» se eliminará del teléfono.</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items will be deleted from the phone.</source>
-        <translation>
-            <numerusform>Se eliminará %Ln elemento del teléfono.</numerusform>
-            <numerusform>Se eliminarán %Ln elementos del teléfono.</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>This cannot be undone.</source>
-        <translation>Esto no se puede deshacer.</translation>
-    </message>
+</context>
+<context>
+    <name>tessary::CopyCommands</name>
     <message>
         <source>Copy to</source>
         <translation>Copiar en</translation>
@@ -2101,14 +2096,6 @@
     <message>
         <source>Copy a Folder to the Phone</source>
         <translation>Copiar una carpeta al teléfono</translation>
-    </message>
-    <message>
-        <source>Into “%1”</source>
-        <translation>En «%1»</translation>
-    </message>
-    <message>
-        <source>Parent Folder</source>
-        <translation>Carpeta superior</translation>
     </message>
 </context>
 <context>
@@ -2132,6 +2119,32 @@
     <message>
         <source>Reading storage…</source>
         <translation>Leyendo el almacenamiento…</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::EntryCommands</name>
+    <message>
+        <source>Delete</source>
+        <translation>Eliminar</translation>
+    </message>
+    <message>
+        <source>Delete selected items?</source>
+        <translation>¿Eliminar los elementos seleccionados?</translation>
+    </message>
+    <message>
+        <source>“%1” will be deleted from the phone.</source>
+        <translation>«%1» se eliminará del teléfono.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be deleted from the phone.</source>
+        <translation>
+            <numerusform>Se eliminará %Ln elemento del teléfono.</numerusform>
+            <numerusform>Se eliminarán %Ln elementos del teléfono.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>Esto no se puede deshacer.</translation>
     </message>
 </context>
 <context>

@@ -1949,13 +1949,10 @@
     </message>
 </context>
 <context>
-    <name>tessary::BrowserView</name>
-    <message numerus="yes">
-        <source>%Ln selected</source>
-        <translation>
-            <numerusform>%Ln sélectionné</numerusform>
-            <numerusform>%Ln sélectionnés</numerusform>
-        </translation>
+    <name>tessary::BrowserToolbar</name>
+    <message>
+        <source>View Mode</source>
+        <translation>Mode d’affichage</translation>
     </message>
     <message>
         <source>Filter…</source>
@@ -1968,6 +1965,20 @@
     <message>
         <source>Path</source>
         <translation>Chemin</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::BrowserView</name>
+    <message numerus="yes">
+        <source>%Ln selected</source>
+        <translation>
+            <numerusform>%Ln sélectionné</numerusform>
+            <numerusform>%Ln sélectionnés</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>Effacer le filtre</translation>
     </message>
     <message>
         <source>Files</source>
@@ -2060,36 +2071,20 @@
         <translation>lecture…</translation>
     </message>
     <message>
-        <source>View Mode</source>
-        <translation>Mode d’affichage</translation>
-    </message>
-    <message>
         <source>Add to Favorites</source>
         <translation>Ajouter aux favoris</translation>
     </message>
     <message>
-        <source>Delete</source>
-        <translation>Supprimer</translation>
+        <source>Into “%1”</source>
+        <translation>Dans « %1 »</translation>
     </message>
     <message>
-        <source>Delete selected items?</source>
-        <translation>Supprimer les éléments sélectionnés ?</translation>
+        <source>Parent Folder</source>
+        <translation>Dossier parent</translation>
     </message>
-    <message>
-        <source>“%1” will be deleted from the phone.</source>
-        <translation>« %1 » sera supprimé du téléphone.</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items will be deleted from the phone.</source>
-        <translation>
-            <numerusform>%Ln élément sera supprimé du téléphone.</numerusform>
-            <numerusform>%Ln éléments seront supprimés du téléphone.</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>This cannot be undone.</source>
-        <translation>Cette action est irréversible.</translation>
-    </message>
+</context>
+<context>
+    <name>tessary::CopyCommands</name>
     <message>
         <source>Copy to</source>
         <translation>Copier vers</translation>
@@ -2101,14 +2096,6 @@
     <message>
         <source>Copy a Folder to the Phone</source>
         <translation>Copier un dossier sur le téléphone</translation>
-    </message>
-    <message>
-        <source>Into “%1”</source>
-        <translation>Dans « %1 »</translation>
-    </message>
-    <message>
-        <source>Parent Folder</source>
-        <translation>Dossier parent</translation>
     </message>
 </context>
 <context>
@@ -2132,6 +2119,32 @@
     <message>
         <source>Reading storage…</source>
         <translation>Lecture du stockage…</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::EntryCommands</name>
+    <message>
+        <source>Delete</source>
+        <translation>Supprimer</translation>
+    </message>
+    <message>
+        <source>Delete selected items?</source>
+        <translation>Supprimer les éléments sélectionnés ?</translation>
+    </message>
+    <message>
+        <source>“%1” will be deleted from the phone.</source>
+        <translation>« %1 » sera supprimé du téléphone.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be deleted from the phone.</source>
+        <translation>
+            <numerusform>%Ln élément sera supprimé du téléphone.</numerusform>
+            <numerusform>%Ln éléments seront supprimés du téléphone.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>Cette action est irréversible.</translation>
     </message>
 </context>
 <context>

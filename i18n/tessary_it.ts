@@ -1949,13 +1949,10 @@
     </message>
 </context>
 <context>
-    <name>tessary::BrowserView</name>
-    <message numerus="yes">
-        <source>%Ln selected</source>
-        <translation>
-            <numerusform>%Ln selezionato</numerusform>
-            <numerusform>%Ln selezionati</numerusform>
-        </translation>
+    <name>tessary::BrowserToolbar</name>
+    <message>
+        <source>View Mode</source>
+        <translation>Modalità di visualizzazione</translation>
     </message>
     <message>
         <source>Filter…</source>
@@ -1968,6 +1965,20 @@
     <message>
         <source>Path</source>
         <translation>Percorso</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::BrowserView</name>
+    <message numerus="yes">
+        <source>%Ln selected</source>
+        <translation>
+            <numerusform>%Ln selezionato</numerusform>
+            <numerusform>%Ln selezionati</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>Cancella il filtro</translation>
     </message>
     <message>
         <source>Files</source>
@@ -2060,36 +2071,20 @@
         <translation>lettura…</translation>
     </message>
     <message>
-        <source>View Mode</source>
-        <translation>Modalità di visualizzazione</translation>
-    </message>
-    <message>
         <source>Add to Favorites</source>
         <translation>Aggiungi ai preferiti</translation>
     </message>
     <message>
-        <source>Delete</source>
-        <translation>Elimina</translation>
+        <source>Into “%1”</source>
+        <translation>In «%1»</translation>
     </message>
     <message>
-        <source>Delete selected items?</source>
-        <translation>Eliminare gli elementi selezionati?</translation>
+        <source>Parent Folder</source>
+        <translation>Cartella superiore</translation>
     </message>
-    <message>
-        <source>“%1” will be deleted from the phone.</source>
-        <translation>«%1» verrà eliminato dal telefono.</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items will be deleted from the phone.</source>
-        <translation>
-            <numerusform>%Ln elemento verrà eliminato dal telefono.</numerusform>
-            <numerusform>%Ln elementi verranno eliminati dal telefono.</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>This cannot be undone.</source>
-        <translation>L’operazione non può essere annullata.</translation>
-    </message>
+</context>
+<context>
+    <name>tessary::CopyCommands</name>
     <message>
         <source>Copy to</source>
         <translation>Copia in</translation>
@@ -2101,14 +2096,6 @@
     <message>
         <source>Copy a Folder to the Phone</source>
         <translation>Copia una cartella sul telefono</translation>
-    </message>
-    <message>
-        <source>Into “%1”</source>
-        <translation>In «%1»</translation>
-    </message>
-    <message>
-        <source>Parent Folder</source>
-        <translation>Cartella superiore</translation>
     </message>
 </context>
 <context>
@@ -2132,6 +2119,32 @@
     <message>
         <source>Reading storage…</source>
         <translation>Lettura della memoria…</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::EntryCommands</name>
+    <message>
+        <source>Delete</source>
+        <translation>Elimina</translation>
+    </message>
+    <message>
+        <source>Delete selected items?</source>
+        <translation>Eliminare gli elementi selezionati?</translation>
+    </message>
+    <message>
+        <source>“%1” will be deleted from the phone.</source>
+        <translation>«%1» verrà eliminato dal telefono.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be deleted from the phone.</source>
+        <translation>
+            <numerusform>%Ln elemento verrà eliminato dal telefono.</numerusform>
+            <numerusform>%Ln elementi verranno eliminati dal telefono.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>L’operazione non può essere annullata.</translation>
     </message>
 </context>
 <context>

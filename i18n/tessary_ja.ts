@@ -1946,12 +1946,10 @@
     </message>
 </context>
 <context>
-    <name>tessary::BrowserView</name>
-    <message numerus="yes">
-        <source>%Ln selected</source>
-        <translation>
-            <numerusform>%Ln 項目を選択</numerusform>
-        </translation>
+    <name>tessary::BrowserToolbar</name>
+    <message>
+        <source>View Mode</source>
+        <translation>表示方法</translation>
     </message>
     <message>
         <source>Filter…</source>
@@ -1964,6 +1962,19 @@
     <message>
         <source>Path</source>
         <translation>パス</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::BrowserView</name>
+    <message numerus="yes">
+        <source>%Ln selected</source>
+        <translation>
+            <numerusform>%Ln 項目を選択</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>絞り込みを解除</translation>
     </message>
     <message>
         <source>Files</source>
@@ -2054,35 +2065,20 @@
         <translation>読み込み中…</translation>
     </message>
     <message>
-        <source>View Mode</source>
-        <translation>表示方法</translation>
-    </message>
-    <message>
         <source>Add to Favorites</source>
         <translation>よく使う項目に追加</translation>
     </message>
     <message>
-        <source>Delete</source>
-        <translation>削除</translation>
+        <source>Into “%1”</source>
+        <translation>「%1」へ</translation>
     </message>
     <message>
-        <source>Delete selected items?</source>
-        <translation>選択した項目を削除しますか？</translation>
+        <source>Parent Folder</source>
+        <translation>上のフォルダ</translation>
     </message>
-    <message>
-        <source>“%1” will be deleted from the phone.</source>
-        <translation>「%1」はデバイスから削除されます。</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items will be deleted from the phone.</source>
-        <translation>
-            <numerusform>%Ln 項目がデバイスから削除されます。</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>This cannot be undone.</source>
-        <translation>この操作は取り消せません。</translation>
-    </message>
+</context>
+<context>
+    <name>tessary::CopyCommands</name>
     <message>
         <source>Copy to</source>
         <translation>コピー先</translation>
@@ -2094,14 +2090,6 @@
     <message>
         <source>Copy a Folder to the Phone</source>
         <translation>フォルダをデバイスにコピー</translation>
-    </message>
-    <message>
-        <source>Into “%1”</source>
-        <translation>「%1」へ</translation>
-    </message>
-    <message>
-        <source>Parent Folder</source>
-        <translation>上のフォルダ</translation>
     </message>
 </context>
 <context>
@@ -2125,6 +2113,31 @@
     <message>
         <source>Reading storage…</source>
         <translation>ストレージを読み込み中…</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::EntryCommands</name>
+    <message>
+        <source>Delete</source>
+        <translation>削除</translation>
+    </message>
+    <message>
+        <source>Delete selected items?</source>
+        <translation>選択した項目を削除しますか？</translation>
+    </message>
+    <message>
+        <source>“%1” will be deleted from the phone.</source>
+        <translation>「%1」はデバイスから削除されます。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be deleted from the phone.</source>
+        <translation>
+            <numerusform>%Ln 項目がデバイスから削除されます。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>この操作は取り消せません。</translation>
     </message>
 </context>
 <context>

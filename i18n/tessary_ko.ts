@@ -1946,12 +1946,10 @@
     </message>
 </context>
 <context>
-    <name>tessary::BrowserView</name>
-    <message numerus="yes">
-        <source>%Ln selected</source>
-        <translation>
-            <numerusform>%Ln개 선택됨</numerusform>
-        </translation>
+    <name>tessary::BrowserToolbar</name>
+    <message>
+        <source>View Mode</source>
+        <translation>보기 방식</translation>
     </message>
     <message>
         <source>Filter…</source>
@@ -1964,6 +1962,19 @@
     <message>
         <source>Path</source>
         <translation>경로</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::BrowserView</name>
+    <message numerus="yes">
+        <source>%Ln selected</source>
+        <translation>
+            <numerusform>%Ln개 선택됨</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>필터 지우기</translation>
     </message>
     <message>
         <source>Files</source>
@@ -2054,35 +2065,20 @@
         <translation>읽는 중…</translation>
     </message>
     <message>
-        <source>View Mode</source>
-        <translation>보기 방식</translation>
-    </message>
-    <message>
         <source>Add to Favorites</source>
         <translation>즐겨찾기에 추가</translation>
     </message>
     <message>
-        <source>Delete</source>
-        <translation>삭제</translation>
+        <source>Into “%1”</source>
+        <translation>“%1”(으)로</translation>
     </message>
     <message>
-        <source>Delete selected items?</source>
-        <translation>선택한 항목을 삭제할까요?</translation>
+        <source>Parent Folder</source>
+        <translation>상위 폴더</translation>
     </message>
-    <message>
-        <source>“%1” will be deleted from the phone.</source>
-        <translation>“%1”이(가) 휴대폰에서 삭제됩니다.</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items will be deleted from the phone.</source>
-        <translation>
-            <numerusform>항목 %Ln개가 휴대폰에서 삭제됩니다.</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>This cannot be undone.</source>
-        <translation>이 작업은 취소할 수 없습니다.</translation>
-    </message>
+</context>
+<context>
+    <name>tessary::CopyCommands</name>
     <message>
         <source>Copy to</source>
         <translation>복사할 위치</translation>
@@ -2094,14 +2090,6 @@
     <message>
         <source>Copy a Folder to the Phone</source>
         <translation>휴대폰으로 폴더 복사</translation>
-    </message>
-    <message>
-        <source>Into “%1”</source>
-        <translation>“%1”(으)로</translation>
-    </message>
-    <message>
-        <source>Parent Folder</source>
-        <translation>상위 폴더</translation>
     </message>
 </context>
 <context>
@@ -2125,6 +2113,31 @@
     <message>
         <source>Reading storage…</source>
         <translation>저장소를 읽는 중…</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::EntryCommands</name>
+    <message>
+        <source>Delete</source>
+        <translation>삭제</translation>
+    </message>
+    <message>
+        <source>Delete selected items?</source>
+        <translation>선택한 항목을 삭제할까요?</translation>
+    </message>
+    <message>
+        <source>“%1” will be deleted from the phone.</source>
+        <translation>“%1”이(가) 휴대폰에서 삭제됩니다.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be deleted from the phone.</source>
+        <translation>
+            <numerusform>항목 %Ln개가 휴대폰에서 삭제됩니다.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>이 작업은 취소할 수 없습니다.</translation>
     </message>
 </context>
 <context>

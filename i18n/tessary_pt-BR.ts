@@ -1949,13 +1949,10 @@
     </message>
 </context>
 <context>
-    <name>tessary::BrowserView</name>
-    <message numerus="yes">
-        <source>%Ln selected</source>
-        <translation>
-            <numerusform>%Ln selecionado</numerusform>
-            <numerusform>%Ln selecionados</numerusform>
-        </translation>
+    <name>tessary::BrowserToolbar</name>
+    <message>
+        <source>View Mode</source>
+        <translation>Modo de exibição</translation>
     </message>
     <message>
         <source>Filter…</source>
@@ -1968,6 +1965,20 @@
     <message>
         <source>Path</source>
         <translation>Caminho</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::BrowserView</name>
+    <message numerus="yes">
+        <source>%Ln selected</source>
+        <translation>
+            <numerusform>%Ln selecionado</numerusform>
+            <numerusform>%Ln selecionados</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>Limpar o filtro</translation>
     </message>
     <message>
         <source>Files</source>
@@ -2060,36 +2071,20 @@
         <translation>lendo…</translation>
     </message>
     <message>
-        <source>View Mode</source>
-        <translation>Modo de exibição</translation>
-    </message>
-    <message>
         <source>Add to Favorites</source>
         <translation>Adicionar aos favoritos</translation>
     </message>
     <message>
-        <source>Delete</source>
-        <translation>Apagar</translation>
+        <source>Into “%1”</source>
+        <translation>Para “%1”</translation>
     </message>
     <message>
-        <source>Delete selected items?</source>
-        <translation>Apagar os itens selecionados?</translation>
+        <source>Parent Folder</source>
+        <translation>Pasta superior</translation>
     </message>
-    <message>
-        <source>“%1” will be deleted from the phone.</source>
-        <translation>“%1” será apagado do telefone.</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items will be deleted from the phone.</source>
-        <translation>
-            <numerusform>%Ln item será apagado do telefone.</numerusform>
-            <numerusform>%Ln itens serão apagados do telefone.</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>This cannot be undone.</source>
-        <translation>Isso não pode ser desfeito.</translation>
-    </message>
+</context>
+<context>
+    <name>tessary::CopyCommands</name>
     <message>
         <source>Copy to</source>
         <translation>Copiar para</translation>
@@ -2101,14 +2096,6 @@
     <message>
         <source>Copy a Folder to the Phone</source>
         <translation>Copiar uma pasta para o telefone</translation>
-    </message>
-    <message>
-        <source>Into “%1”</source>
-        <translation>Para “%1”</translation>
-    </message>
-    <message>
-        <source>Parent Folder</source>
-        <translation>Pasta superior</translation>
     </message>
 </context>
 <context>
@@ -2132,6 +2119,32 @@
     <message>
         <source>Reading storage…</source>
         <translation>Lendo o armazenamento…</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::EntryCommands</name>
+    <message>
+        <source>Delete</source>
+        <translation>Apagar</translation>
+    </message>
+    <message>
+        <source>Delete selected items?</source>
+        <translation>Apagar os itens selecionados?</translation>
+    </message>
+    <message>
+        <source>“%1” will be deleted from the phone.</source>
+        <translation>“%1” será apagado do telefone.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be deleted from the phone.</source>
+        <translation>
+            <numerusform>%Ln item será apagado do telefone.</numerusform>
+            <numerusform>%Ln itens serão apagados do telefone.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>Isso não pode ser desfeito.</translation>
     </message>
 </context>
 <context>

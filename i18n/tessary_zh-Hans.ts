@@ -1946,12 +1946,10 @@
     </message>
 </context>
 <context>
-    <name>tessary::BrowserView</name>
-    <message numerus="yes">
-        <source>%Ln selected</source>
-        <translation>
-            <numerusform>已选择 %Ln 项</numerusform>
-        </translation>
+    <name>tessary::BrowserToolbar</name>
+    <message>
+        <source>View Mode</source>
+        <translation>视图模式</translation>
     </message>
     <message>
         <source>Filter…</source>
@@ -1964,6 +1962,19 @@
     <message>
         <source>Path</source>
         <translation>路径</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::BrowserView</name>
+    <message numerus="yes">
+        <source>%Ln selected</source>
+        <translation>
+            <numerusform>已选择 %Ln 项</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>清除筛选</translation>
     </message>
     <message>
         <source>Files</source>
@@ -2054,35 +2065,20 @@
         <translation>正在读取…</translation>
     </message>
     <message>
-        <source>View Mode</source>
-        <translation>视图模式</translation>
-    </message>
-    <message>
         <source>Add to Favorites</source>
         <translation>添加到收藏夹</translation>
     </message>
     <message>
-        <source>Delete</source>
-        <translation>删除</translation>
+        <source>Into “%1”</source>
+        <translation>到“%1”</translation>
     </message>
     <message>
-        <source>Delete selected items?</source>
-        <translation>要删除所选项目吗？</translation>
+        <source>Parent Folder</source>
+        <translation>上层文件夹</translation>
     </message>
-    <message>
-        <source>“%1” will be deleted from the phone.</source>
-        <translation>将从手机中删除“%1”。</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items will be deleted from the phone.</source>
-        <translation>
-            <numerusform>将从手机中删除 %Ln 个项目。</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>This cannot be undone.</source>
-        <translation>此操作无法撤销。</translation>
-    </message>
+</context>
+<context>
+    <name>tessary::CopyCommands</name>
     <message>
         <source>Copy to</source>
         <translation>复制到</translation>
@@ -2094,14 +2090,6 @@
     <message>
         <source>Copy a Folder to the Phone</source>
         <translation>将文件夹复制到手机</translation>
-    </message>
-    <message>
-        <source>Into “%1”</source>
-        <translation>到“%1”</translation>
-    </message>
-    <message>
-        <source>Parent Folder</source>
-        <translation>上层文件夹</translation>
     </message>
 </context>
 <context>
@@ -2125,6 +2113,31 @@
     <message>
         <source>Reading storage…</source>
         <translation>正在读取存储…</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::EntryCommands</name>
+    <message>
+        <source>Delete</source>
+        <translation>删除</translation>
+    </message>
+    <message>
+        <source>Delete selected items?</source>
+        <translation>要删除所选项目吗？</translation>
+    </message>
+    <message>
+        <source>“%1” will be deleted from the phone.</source>
+        <translation>将从手机中删除“%1”。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be deleted from the phone.</source>
+        <translation>
+            <numerusform>将从手机中删除 %Ln 个项目。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>此操作无法撤销。</translation>
     </message>
 </context>
 <context>

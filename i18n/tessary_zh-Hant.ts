@@ -1946,12 +1946,10 @@
     </message>
 </context>
 <context>
-    <name>tessary::BrowserView</name>
-    <message numerus="yes">
-        <source>%Ln selected</source>
-        <translation>
-            <numerusform>已選取 %Ln 項</numerusform>
-        </translation>
+    <name>tessary::BrowserToolbar</name>
+    <message>
+        <source>View Mode</source>
+        <translation>檢視模式</translation>
     </message>
     <message>
         <source>Filter…</source>
@@ -1964,6 +1962,19 @@
     <message>
         <source>Path</source>
         <translation>路徑</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::BrowserView</name>
+    <message numerus="yes">
+        <source>%Ln selected</source>
+        <translation>
+            <numerusform>已選取 %Ln 項</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>清除篩選</translation>
     </message>
     <message>
         <source>Files</source>
@@ -2054,35 +2065,20 @@
         <translation>正在讀取…</translation>
     </message>
     <message>
-        <source>View Mode</source>
-        <translation>檢視模式</translation>
-    </message>
-    <message>
         <source>Add to Favorites</source>
         <translation>加入我的最愛</translation>
     </message>
     <message>
-        <source>Delete</source>
-        <translation>刪除</translation>
+        <source>Into “%1”</source>
+        <translation>到「%1」</translation>
     </message>
     <message>
-        <source>Delete selected items?</source>
-        <translation>要刪除所選項目嗎？</translation>
+        <source>Parent Folder</source>
+        <translation>上層資料夾</translation>
     </message>
-    <message>
-        <source>“%1” will be deleted from the phone.</source>
-        <translation>將從手機中刪除「%1」。</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items will be deleted from the phone.</source>
-        <translation>
-            <numerusform>將從手機中刪除 %Ln 個項目。</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>This cannot be undone.</source>
-        <translation>此動作無法還原。</translation>
-    </message>
+</context>
+<context>
+    <name>tessary::CopyCommands</name>
     <message>
         <source>Copy to</source>
         <translation>複製到</translation>
@@ -2094,14 +2090,6 @@
     <message>
         <source>Copy a Folder to the Phone</source>
         <translation>將資料夾複製到手機</translation>
-    </message>
-    <message>
-        <source>Into “%1”</source>
-        <translation>到「%1」</translation>
-    </message>
-    <message>
-        <source>Parent Folder</source>
-        <translation>上層資料夾</translation>
     </message>
 </context>
 <context>
@@ -2125,6 +2113,31 @@
     <message>
         <source>Reading storage…</source>
         <translation>正在讀取儲存空間…</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::EntryCommands</name>
+    <message>
+        <source>Delete</source>
+        <translation>刪除</translation>
+    </message>
+    <message>
+        <source>Delete selected items?</source>
+        <translation>要刪除所選項目嗎？</translation>
+    </message>
+    <message>
+        <source>“%1” will be deleted from the phone.</source>
+        <translation>將從手機中刪除「%1」。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be deleted from the phone.</source>
+        <translation>
+            <numerusform>將從手機中刪除 %Ln 個項目。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>此動作無法還原。</translation>
     </message>
 </context>
 <context>

@@ -1,7 +1,7 @@
 #include "tour/Tour.h"
-#include "views/common/StatusBanner.h"
 #include "views/dialogs/ClashQuestion.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -106,8 +106,10 @@ void Tour::fail() {
 
     phones_.setHeld(true);
     waitFor("the other program", [this] {
-        const auto* banner = window_.findChild<StatusBanner*>(QStringLiteral("statusBanner"));
-        return banner != nullptr && banner->isVisible();
+        const auto buttons = window_.findChildren<QAbstractButton*>();
+        return std::any_of(buttons.begin(), buttons.end(), [](const QAbstractButton* button) {
+            return button->isVisible() && button->text() == MainWindow::tr("Release the Phone");
+        });
     });
     shoot(QStringLiteral("held-by-another-program"));
     phones_.setHeld(false);

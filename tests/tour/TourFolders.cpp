@@ -1,7 +1,7 @@
 #include "tour/Tour.h"
-#include "views/browser/ThumbnailStore.h"
 #include "views/dialogs/PreviewWindow.h"
 #include "views/dialogs/PropertiesDialog.h"
+#include "views/listing/ThumbnailStore.h"
 
 #include <QAbstractItemView>
 #include <QAction>

@@ -1,10 +1,10 @@
 #include "WindowFixture.h"
 #include "simulator/content/DemoMedia.h"
 #include "support/StallWatch.h"
-#include "views/browser/ThumbnailStore.h"
 #include "views/dialogs/PictureView.h"
 #include "views/dialogs/PreviewWindow.h"
 #include "views/dialogs/PropertiesDialog.h"
+#include "views/listing/ThumbnailStore.h"
 
 #include <QLabel>
 #include <QPlainTextEdit>

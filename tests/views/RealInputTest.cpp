@@ -1,8 +1,10 @@
 #include "WindowFixture.h"
 
 #include <QDropEvent>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QProcess>
+#include <QToolButton>
 
 namespace tessary {
 namespace {
@@ -73,6 +75,25 @@ TEST_F(RealInputTest, aDragOntoAFolderMovesTheEntry) {
     drag(placeOf(u"alpha.txt"_s), placeOf(u"Trip"_s));
     EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/Trip/alpha.txt"_s) == "a"; }));
     EXPECT_TRUE(wait([this] { return !row(u"alpha.txt"_s).isValid(); }));
+}
+
+TEST_F(RealInputTest, aDragOntoThePathOrAPlaceMovesTheEntryThere) {
+    auto* path = window_->findChild<QWidget*>(u"breadcrumbs"_s);
+    const QToolButton* root = nullptr;
+    for (const QToolButton* part : path->findChildren<QToolButton*>())
+        if (part->isVisible() && part->property("path").toString() == window_->browser().rootPath())
+            root = part;
+    ASSERT_NE(root, nullptr);
+    drag(placeOf(u"alpha.txt"_s), root->mapToGlobal(root->rect().center()));
+    EXPECT_TRUE(wait([this] { return phone_.content(u"alpha.txt"_s) == "a"; })) << "on the path";
+    ASSERT_TRUE(wait([this] { return !row(u"alpha.txt"_s).isValid(); }));
+    QListView& volumes = list("volumeList");
+    drag(placeOf(u"beta.txt"_s), middleOf(volumes, volumes.model()->index(0, 0)));
+    EXPECT_TRUE(wait([this] { return phone_.content(u"beta.txt"_s) == "bb"; })) << "on a storage";
+    // Nowhere is a file taken that is on no target.
+    drag(placeOf(u"Trip"_s), window_->menuBar()->mapToGlobal(QPoint(400, 10)));
+    EXPECT_TRUE(row(u"Trip"_s).isValid());
+    EXPECT_FALSE(window_->browser().isEditing());
 }
 
 TEST_F(RealInputTest, whatIsDraggedToAnotherWindowArrives) {

@@ -33,14 +33,16 @@ protected:
         openWindow();
     }
     void openWindow() {
-        window_ = std::make_unique<MainWindow>(
-            *app_, BrowserView::Dialogs{[this](QWidget*) { return local_.path(); },
-                                        [this](QWidget*) {
-                                            if (whileChoosing_)
-                                                whileChoosing_();
-                                            return filesToCopy_;
-                                        },
-                                        [](QWidget*) { return QString(); }});
+        window_ =
+            std::make_unique<MainWindow>(*app_,
+                                         CopyDialogs{[this](QWidget*) { return local_.path(); },
+                                                     [this](QWidget*) {
+                                                         if (whileChoosing_)
+                                                             whileChoosing_();
+                                                         return filesToCopy_;
+                                                     },
+                                                     [](QWidget*) { return QString(); }},
+                                         [this](const QString& path) { opened_.append(path); });
         window_->show();
         activate();
     }
@@ -71,6 +73,7 @@ protected:
 
     TemporaryFolder local_;
     QStringList filesToCopy_;
+    QStringList opened_;                  ///< local files that the window had the desktop open
     std::function<void()> whileChoosing_; ///< happens while the user looks for files
     VirtualUSBBus bus_;
     QtProcessRunner processes_;

@@ -1,5 +1,5 @@
 #include "WindowFixture.h"
-#include "views/browser/DragOut.h"
+#include "views/listing/DragOut.h"
 
 #include <QDropEvent>
 #include <QListView>

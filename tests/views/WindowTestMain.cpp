@@ -1,5 +1,7 @@
 #include "app/InterfaceTexts.h"
 #include "support/TemporaryFolder.h"
+#include "views/common/AppStyle.h"
+#include "views/common/Icons.h"
 
 #include <QApplication>
 #include <gmock/gmock.h>
@@ -9,6 +11,8 @@ int main(int argc, char** argv) {
     const tessary::TemporaryFolder caches;
     qputenv("XDG_CACHE_HOME", caches.path().toLocal8Bit());
     QApplication application(argc, argv);
+    tessary::setUpStyle();
+    tessary::setUpIconTheme();
     const tessary::InterfaceTexts texts;
     ::testing::InitGoogleMock(&argc, argv);
     return RUN_ALL_TESTS();

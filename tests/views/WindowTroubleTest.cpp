@@ -1,4 +1,5 @@
 #include "WindowFixture.h"
+#include "views/common/StatusBanner.h"
 
 #include <QAction>
 #include <QDir>
@@ -77,6 +78,25 @@ TEST_F(WindowTroubleTest, folderThatVanishesLeadsBackToWhatIsLeft) {
         EXPECT_TRUE(wait([this] { return isShown(u"alpha.txt"_s); }));
         EXPECT_TRUE(app_->favoritesManager().favorites().empty());
     }
+}
+
+TEST_F(WindowTroubleTest, aHeldPhoneIsToldOnceWithOneButton) {
+    VirtualOpenFaults faults;
+    faults.interfaceOpen = faults.interfaceSeize = usb::exclusiveAccess;
+    phone_.android.unplug();
+    bus_.setOpenFaults(phone_.android.config().location, faults);
+    bus_.setProgramsHolding(phone_.android.config().location, {u"gvfsd-mtp (process 2841)"_s});
+    phone_.android.plugInto(bus_);
+    const auto buttons = [this] {
+        qsizetype count = 0;
+        for (const QAbstractButton* button : window_->findChildren<QAbstractButton*>())
+            count += button->isVisible() && button->text() == u"Release the Phone"_s;
+        return count;
+    };
+    EXPECT_TRUE(wait([&] { return buttons() == 1; })) << buttons();
+    EXPECT_FALSE(window_->findChild<StatusBanner*>(u"statusBanner"_s)->isVisible());
+    for (const QPushButton* button : window_->findChildren<QPushButton*>())
+        EXPECT_FALSE(button->isVisible() && button->text() == u"Retry"_s);
 }
 
 } // namespace

@@ -2,8 +2,10 @@
 
 #include "base/text/Printable.h"
 #include "views/browser/PathEdit.h"
+#include "views/common/EntryDrop.h"
 #include "views/common/PlainText.h"
 
+#include <QDropEvent>
 #include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -16,7 +18,10 @@ namespace tessary {
 namespace {
 
 constexpr int longestPart = 220; // pixels; longer names are cut in the middle
-constexpr int partPadding = 26;  // pixels around a name, separator included
+constexpr int shortestPart = 40;
+constexpr int partPadding = 26;   // pixels around a name, separator included
+constexpr int overflowWidth = 40; // pixels of the menu of parts, separator included
+constexpr const char* pathProperty = "path";
 
 } // namespace
 
@@ -27,6 +32,7 @@ BreadcrumbBar::BreadcrumbBar(QWidget* parent) : QWidget(parent), layout_(new QHB
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     setMinimumHeight(30);
     setCursor(Qt::IBeamCursor);
+    setAcceptDrops(true);
 }
 
 void BreadcrumbBar::setPath(std::vector<Breadcrumb> path) {
@@ -78,6 +84,7 @@ int BreadcrumbBar::widthOf(const Breadcrumb& part) const {
 }
 
 void BreadcrumbBar::rebuild() {
+    target_ = nullptr;
     while (QLayoutItem* old = layout_->takeAt(0)) {
         QWidget* widget = old->widget();
         if (widget != nullptr && widget != edit_) {
@@ -92,40 +99,84 @@ void BreadcrumbBar::rebuild() {
     }
     if (path_.empty())
         return;
-    // The last part always shows; from there towards the root as many as there is room for.
-    int room = width() - widthOf(path_.front()) - 40;
+    // The last part always shows; from there towards the root as many as there is room for. The
+    // root gives way last.
+    const std::size_t last = path_.size() - 1;
+    const bool showsRoot =
+        last == 0 || widthOf(path_.front()) + overflowWidth + widthOf(path_[last]) <= width();
+    int room = width() - overflowWidth - (showsRoot ? widthOf(path_.front()) : 0);
     std::size_t first = path_.size();
     while (first > 1 && (first == path_.size() || room - widthOf(path_[first - 1]) > 0))
         room -= widthOf(path_[--first]);
-    addPart(path_.front(), path_.size() == 1);
-    if (first > 1)
-        addOverflow(1, first);
+    if (showsRoot)
+        addPart(path_.front(), last == 0, width());
+    if (first > (showsRoot ? 1U : 0U))
+        addOverflow(showsRoot ? 1 : 0, first);
     for (std::size_t i = first; i < path_.size(); ++i) {
         addSeparator();
-        addPart(path_[i], i + 1 == path_.size());
+        addPart(path_[i], i == last, width() - overflowWidth);
     }
     layout_->addStretch(1);
 }
 
-void BreadcrumbBar::addPart(const Breadcrumb& part, bool isLast) {
+void BreadcrumbBar::addPart(const Breadcrumb& part, bool isLast, int mostWidth) {
     auto* button = new QToolButton;
     button->setCursor(Qt::ArrowCursor);
     button->setAutoRaise(true);
-    button->setText(fontMetrics()
-                        .elidedText(part.name, Qt::ElideMiddle, longestPart)
+    QFont font = button->font();
+    if (isLast)
+        font.setWeight(QFont::DemiBold);
+    button->setFont(font);
+    const int most = std::max(std::min(longestPart, mostWidth - partPadding), shortestPart);
+    button->setText(QFontMetrics(font)
+                        .elidedText(part.name, Qt::ElideMiddle, most)
                         .replace(QLatin1Char('&'), QStringLiteral("&&")));
     button->setAccessibleName(part.name);
+    button->setProperty(pathProperty, part.path);
     button->setToolTip(plainToolTip(printable(part.path)));
-    if (isLast) {
-        QFont bold = button->font();
-        bold.setWeight(QFont::DemiBold);
-        button->setFont(bold);
-    }
     connect(button, &QToolButton::clicked, this, [this, path = part.path] {
         if (onChosen_)
             onChosen_(path);
     });
     layout_->addWidget(button);
+}
+
+QToolButton* BreadcrumbBar::partAt(const QPoint& position) const {
+    auto* part = qobject_cast<QToolButton*>(childAt(position));
+    return part != nullptr && part->property(pathProperty).isValid() ? part : nullptr;
+}
+
+void BreadcrumbBar::showTarget(QToolButton* part) {
+    if (target_ != nullptr)
+        target_->setDown(false);
+    target_ = part;
+    if (target_ != nullptr)
+        target_->setDown(true);
+}
+
+void BreadcrumbBar::dragEnterEvent(QDragEnterEvent* event) {
+    if (drops_ != nullptr && drops_->isUsable(*event))
+        event->acceptProposedAction();
+}
+
+void BreadcrumbBar::dragMoveEvent(QDragMoveEvent* event) {
+    QToolButton* part = partAt(event->position().toPoint());
+    const DropFolder folder{part == nullptr ? QString() : part->property(pathProperty).toString(),
+                            {}};
+    showTarget(drops_->consider(*event, folder) ? part : nullptr);
+}
+
+void BreadcrumbBar::dragLeaveEvent(QDragLeaveEvent* event) {
+    showTarget(nullptr);
+    QWidget::dragLeaveEvent(event);
+}
+
+void BreadcrumbBar::dropEvent(QDropEvent* event) {
+    showTarget(nullptr);
+    if (const QToolButton* part = partAt(event->position().toPoint()))
+        drops_->drop(*event, {part->property(pathProperty).toString(), {}});
+    else
+        event->ignore();
 }
 
 void BreadcrumbBar::addOverflow(std::size_t first, std::size_t end) {

@@ -8,9 +8,11 @@
 #include <vector>
 
 class QHBoxLayout;
+class QToolButton;
 
 namespace tessary {
 
+class EntryDrop;
 class PathEdit;
 
 struct Breadcrumb {
@@ -46,27 +48,39 @@ public:
     void setTyping(Typing typing) {
         typing_ = std::move(typing);
     }
+    /// What makes the parts targets of drops; null for none. It must outlive the bar.
+    void setDrops(const EntryDrop* drops) {
+        drops_ = drops;
+    }
     /// Shows the path as a text with the focus in it.
     void startTyping();
     /// Shows the parts again.
     void stopTyping();
 
 protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     void rebuild();
-    void addPart(const Breadcrumb& part, bool isLast);
+    void addPart(const Breadcrumb& part, bool isLast, int mostWidth);
     void addOverflow(std::size_t first, std::size_t end);
     void addSeparator();
+    void showTarget(QToolButton* part);
+    [[nodiscard]] QToolButton* partAt(const QPoint& position) const;
     [[nodiscard]] int widthOf(const Breadcrumb& part) const;
 
     QHBoxLayout* layout_;
     std::vector<Breadcrumb> path_;
     std::function<void(const QString&)> onChosen_;
     Typing typing_;
-    PathEdit* edit_ = nullptr; ///< while a path is being typed
+    const EntryDrop* drops_ = nullptr;
+    QToolButton* target_ = nullptr; ///< of the drag that is over it
+    PathEdit* edit_ = nullptr;      ///< while a path is being typed
 };
 
 } // namespace tessary

@@ -5,26 +5,26 @@
 #include "app/texts/DisplayNames.h"
 #include "base/text/ByteCount.h"
 #include "base/text/ByteFormat.h"
+#include "base/text/PathNames.h"
 #include "base/text/Printable.h"
 #include "views/browser/BreadcrumbBar.h"
-#include "views/browser/FileViews.h"
+#include "views/browser/BrowserToolbar.h"
 #include "views/common/PlaceholderView.h"
-#include "views/dialogs/PreviewWindow.h"
-#include "views/dialogs/PropertiesDialog.h"
+#include "views/listing/FileViews.h"
+#include "views/listing/FolderPositions.h"
 
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
-#include <QHBoxLayout>
+#include <QDropEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
-#include <QMessageBox>
-#include <QPushButton>
+#include <QRubberBand>
 #include <QStackedWidget>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 namespace tessary {
 
@@ -44,34 +44,45 @@ QString selectionText(const std::vector<FileItem>& items) {
 
 } // namespace
 
-BrowserView::BrowserView(FileBrowserViewModel& browser, Dialogs dialogs, QWidget* parent)
+BrowserView::BrowserView(FileBrowserViewModel& browser, CopyDialogs dialogs,
+                         OpenLocalFile openLocalFile, QWidget* parent)
     : QWidget(parent),
       browser_(browser),
-      dialogs_(std::move(dialogs)),
       model_(browser),
-      breadcrumbs_(new BreadcrumbBar),
-      filter_(new QLineEdit),
+      copies_(browser, std::move(dialogs), *this),
+      entries_(browser,
+               {[this]() -> QAbstractItemView& { return currentListing(); },
+                [this] { return browser_.viewMode() == ViewMode::grid ? grid_->columns() : 1; }},
+               std::move(openLocalFile), *this),
+      drops_(browser, [this](const QStringList& paths,
+                             const QString& intoFolderId) { copies_.upload(paths, intoFolderId); }),
+      toolbar_(new BrowserToolbar(browser, actions_)),
       stack_(new QStackedWidget),
       table_(new FileTableView(browser, model_)),
       grid_(new FileGridView(browser, model_)),
       placeholder_(new PlaceholderView),
-      status_(new QLabel) {
+      status_(new QLabel),
+      dropMark_(new QRubberBand(QRubberBand::Rectangle, stack_)) {
     setObjectName(QStringLiteral("browserView"));
     setAcceptDrops(true);
     connectActions();
+    toolbar_->path().setDrops(&drops_);
+    connect(toolbar_, &BrowserToolbar::left, this, [this] { stack_->currentWidget()->setFocus(); });
+    placeholder_->setFocusPolicy(Qt::StrongFocus);
     for (QWidget* page : {static_cast<QWidget*>(table_), static_cast<QWidget*>(grid_),
-                          static_cast<QWidget*>(placeholder_)})
+                          static_cast<QWidget*>(placeholder_)}) {
         stack_->addWidget(page);
+        page->installEventFilter(this);
+        page->setContextMenuPolicy(Qt::CustomContextMenu);
+        connect(page, &QWidget::customContextMenuRequested, this, &BrowserView::showContextMenu);
+    }
     for (QAbstractItemView* view :
          {static_cast<QAbstractItemView*>(table_), static_cast<QAbstractItemView*>(grid_)}) {
         connectSelection(*view, model_, browser_);
-        view->installEventFilter(this);
-        connect(view, &QAbstractItemView::doubleClicked, this, &BrowserView::openSelected);
-        connect(view, &QWidget::customContextMenuRequested, this, &BrowserView::showContextMenu);
+        connect(view, &QAbstractItemView::doubleClicked, &entries_, &EntryCommands::open);
     }
-    placeholder_->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(placeholder_, &QWidget::customContextMenuRequested, this,
-            &BrowserView::showContextMenu);
+    new FolderPositions(
+        browser_, [this]() -> QAbstractItemView& { return currentListing(); }, this);
     status_->setContentsMargins(14, 5, 14, 5);
     status_->setForegroundRole(QPalette::PlaceholderText);
     status_->setObjectName(QStringLiteral("browserStatus"));
@@ -79,21 +90,51 @@ BrowserView::BrowserView(FileBrowserViewModel& browser, Dialogs dialogs, QWidget
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(makeToolbar());
+    column->addWidget(toolbar_);
     column->addWidget(stack_, 1);
     column->addWidget(status_);
+    setFocusProxy(stack_);
     connectBrowser();
     keepTranslated(this, [this] { showTexts(); });
 }
 
+void BrowserView::connectActions() {
+    const auto on = [this](QAction* action, auto run) {
+        connect(action, &QAction::triggered, this, run);
+    };
+    on(actions_.back, [this] { browser_.goBack(); });
+    on(actions_.forward, [this] { browser_.goForward(); });
+    on(actions_.up, [this] { browser_.navigateUp(); });
+    on(actions_.reload, [this] { browser_.reload(); });
+    on(actions_.open, [this] { entries_.open(); });
+    on(actions_.newFolder, [this] { browser_.createFolder(); });
+    on(actions_.rename, [this] { entries_.rename(); });
+    on(actions_.remove, [this] { entries_.remove(); });
+    on(actions_.download, [this] { copies_.downloadSelected(); });
+    on(actions_.uploadFiles, [this] { copies_.chooseAndUploadFiles(); });
+    on(actions_.uploadFolder, [this] { copies_.chooseAndUploadFolder(); });
+    on(actions_.selectAll, [this] { browser_.selectAll(); });
+    on(actions_.asList, [this] { setGrid(false); });
+    on(actions_.asGrid, [this] { setGrid(true); });
+    on(actions_.favorite, [this] { entries_.toggleFavorite(); });
+    on(actions_.apps, [this] {
+        if (showApps_)
+            showApps_();
+    });
+    on(actions_.sync, [this] {
+        if (showSync_)
+            showSync_(toolbar_->syncButton());
+    });
+    on(actions_.quickLook, [this] { entries_.preview(); });
+    on(actions_.properties, [this] { entries_.showProperties(); });
+    table_->addAction(actions_.quickLook);
+    grid_->addAction(actions_.quickLook);
+}
+
 void BrowserView::showTexts() {
-    filter_->setPlaceholderText(tr("Filter…"));
-    filter_->setAccessibleName(tr("Filter…"));
-    if (auto* clear = filter_->findChild<QToolButton*>())
-        clear->setAccessibleName(tr("Clear the Filter"));
-    breadcrumbs_->setAccessibleName(tr("Path"));
     table_->setAccessibleName(tr("Files"));
     grid_->setAccessibleName(tr("Files"));
+    placeholder_->setAccessibleName(tr("Files"));
     showPath();
     showContent();
 }
@@ -108,17 +149,13 @@ void BrowserView::connectBrowser() {
     on(&FileBrowserViewModel::connectionChanged, &BrowserView::showContent);
     on(&FileBrowserViewModel::connectionChanged, &BrowserView::showPath);
     on(&FileBrowserViewModel::errorChanged, &BrowserView::showContent);
+    on(&FileBrowserViewModel::searchTextChanged, &BrowserView::showContent);
     on(&FileBrowserViewModel::selectionChanged, &BrowserView::showStatus);
     on(&FileBrowserViewModel::historyChanged, &BrowserView::updateActions);
     on(&FileBrowserViewModel::editingChanged, &BrowserView::showStatus);
     connect(&model_, &QAbstractItemModel::modelReset, this, &BrowserView::showContent);
     connect(&model_, &QAbstractItemModel::rowsInserted, this, &BrowserView::showContent);
     connect(&model_, &QAbstractItemModel::rowsRemoved, this, &BrowserView::showContent);
-    connect(&browser_, &FileBrowserViewModel::searchTextChanged, this, [this] {
-        if (filter_->text() != browser_.searchText())
-            filter_->setText(browser_.searchText());
-        showContent();
-    });
     connect(&browser_, &FileBrowserViewModel::folderCreated, this, [this](const QString& id) {
         QAbstractItemView& view = currentListing();
         const QModelIndex index = model_.indexOf(id);
@@ -148,70 +185,85 @@ void BrowserView::showPath() {
             {printable(&part == &browser_.breadcrumbs().front() ? placeDisplayName(part.name)
                                                                 : part.name),
              part.path});
-    breadcrumbs_->setPath(std::move(path));
+    toolbar_->path().setPath(std::move(path));
     updateActions();
 }
 
 void BrowserView::showContent() {
-    const bool isEmpty = model_.rowCount() == 0;
     const auto words = browser_.error().value_or(ErrorAdvice{});
-    const auto page = [this](QWidget* widget) { stack_->setCurrentWidget(widget); };
     switch (browser_.state()) {
     case BrowserState::deviceLost:
         placeholder_->show(QStringLiteral("smartphone"), tr("The phone is gone"),
                            isInApp()
                                ? tr("Plug the phone in again and unlock it.")
                                : tr("Plug it in again, unlock it and choose File transfer on it."));
-        page(placeholder_);
+        showPage(*placeholder_);
         break;
     case BrowserState::folderGone:
-        if (favorites_.contains && favorites_.contains(browser_.currentPath())) {
-            placeholder_->show(
-                QStringLiteral("folder"), tr("Folder Not Found"),
-                tr("This folder could not be found on the device. It may have been deleted or "
-                   "moved. Would you like to remove it from your Favorites?"),
-                tr("Remove from Favorites"), [this] {
-                    favorites_.toggle({}, browser_.currentPath());
-                    browser_.navigateUp();
-                });
-            placeholder_->addChoice(tr("Keep"), [this] { browser_.navigateUp(); });
-        } else {
-            placeholder_->show(QStringLiteral("folder"), tr("Folder Not Found"),
-                               tr("It may have been deleted or moved on the phone."),
-                               tr("Parent Folder"), [this] { browser_.navigateUp(); });
-        }
-        page(placeholder_);
+        showFolderGone();
         break;
     case BrowserState::failed:
         placeholder_->show(QStringLiteral("dialog-error"), tr("Connection Failed"),
                            printable(trMessage(words.message)) + QLatin1Char('\n') +
                                trMessage(words.advice),
                            tr("Retry"), [this] { browser_.reload(); });
-        page(placeholder_);
+        showPage(*placeholder_);
         break;
     case BrowserState::ready:
-        if (!isEmpty) {
-            page(&currentListing());
-        } else if (browser_.isLoading()) {
-            placeholder_->show(QStringLiteral("folder"),
-                               isInApp() ? tr("Loading directory contents…")
-                                         : tr("Loading device storage…"),
-                               {}, {}, {}, true);
-            page(placeholder_);
-        } else if (!browser_.searchText().trimmed().isEmpty() && !browser_.items().empty()) {
-            placeholder_->show(QStringLiteral("edit-find"), tr("No Matching Files"),
-                               tr("Nothing here has “%1” in its name.")
-                                   .arg(printable(browser_.searchText().trimmed())),
-                               tr("Clear the Filter"), [this] { filter_->clear(); });
-            page(placeholder_);
-        } else {
-            placeholder_->show(QStringLiteral("folder"), tr("This folder is empty"),
-                               tr("Drop files here to copy them to the phone."));
-            page(placeholder_);
-        }
+        if (model_.rowCount() > 0)
+            showPage(currentListing());
+        else
+            showEmpty();
         break;
     }
     showStatus();
+}
+
+void BrowserView::showFolderGone() {
+    if (entries_.isFavorite(browser_.currentPath())) {
+        placeholder_->show(
+            QStringLiteral("folder"), tr("Folder Not Found"),
+            tr("This folder could not be found on the device. It may have been deleted or "
+               "moved. Would you like to remove it from your Favorites?"),
+            tr("Remove from Favorites"), [this] {
+                entries_.forgetFavorite();
+                browser_.navigateUp();
+            });
+        placeholder_->addChoice(tr("Keep"), [this] { browser_.navigateUp(); });
+    } else {
+        placeholder_->show(QStringLiteral("folder"), tr("Folder Not Found"),
+                           tr("It may have been deleted or moved on the phone."),
+                           tr("Parent Folder"), [this] { browser_.navigateUp(); });
+    }
+    showPage(*placeholder_);
+}
+
+void BrowserView::showEmpty() {
+    const QString wanted = browser_.searchText().trimmed();
+    if (browser_.isLoading())
+        placeholder_->show(QStringLiteral("folder"),
+                           isInApp() ? tr("Loading directory contents…")
+                                     : tr("Loading device storage…"),
+                           {}, {}, {}, true);
+    else if (!wanted.isEmpty() && !browser_.items().empty())
+        placeholder_->show(QStringLiteral("edit-find"), tr("No Matching Files"),
+                           tr("Nothing here has “%1” in its name.").arg(printable(wanted)),
+                           tr("Clear the Filter"), [this] { toolbar_->clearFilter(); });
+    else
+        placeholder_->show(QStringLiteral("folder"), tr("This folder is empty"),
+                           tr("Drop files here to copy them to the phone."));
+    showPage(*placeholder_);
+}
+
+/// The keys stay with what is shown, whatever that is.
+void BrowserView::showPage(QWidget& page) {
+    const QWidget* focus = window()->focusWidget();
+    const bool hadFocus =
+        focus != nullptr && (focus == stack_ || stack_->isAncestorOf(focus)) && focus != &page;
+    stack_->setCurrentWidget(&page);
+    stack_->setFocusProxy(&page);
+    if (hadFocus && !page.isAncestorOf(focus))
+        page.setFocus();
 }
 
 void BrowserView::showStatus() {
@@ -245,20 +297,9 @@ bool BrowserView::isInApp() const {
     return device && device->platform == DevicePlatform::iOS;
 }
 
-void BrowserView::setFavorites(Favorites favorites) {
-    favorites_ = std::move(favorites);
+void BrowserView::setFavorites(FavoriteCommands favorites) {
+    entries_.setFavorites(std::move(favorites));
     updateActions();
-}
-
-/// Name and path of the folder that a favorite would be made of: the selected one, or the one
-/// shown; empty when something else is selected.
-std::pair<QString, QString> BrowserView::favoriteCandidate() const {
-    const auto selected = browser_.selectedEntries();
-    if (selected.size() == 1 && selected.front().isDirectory)
-        return {selected.front().name, browser_.files()->canonicalPath(selected.front().path)};
-    if (!selected.empty() || browser_.breadcrumbs().empty())
-        return {};
-    return {browser_.breadcrumbs().back().name, browser_.currentPath()};
 }
 
 void BrowserView::setGrid(bool grid) {
@@ -267,60 +308,144 @@ void BrowserView::setGrid(bool grid) {
     currentListing().setFocus();
 }
 
-void BrowserView::quickLook() {
-    if (preview_ == nullptr)
-        preview_ = new PreviewWindow(
-            browser_,
-            [this] { return browser_.viewMode() == ViewMode::grid ? grid_->columns() : 1; }, this);
-    preview_->toggle();
+void BrowserView::updateActions() {
+    (browser_.viewMode() == ViewMode::grid ? actions_.asGrid : actions_.asList)->setChecked(true);
+    const std::size_t selected = static_cast<std::size_t>(browser_.selectedItems().size());
+    const bool isUsable =
+        browser_.files() != nullptr && browser_.state() != BrowserState::deviceLost;
+    actions_.back->setEnabled(isUsable && browser_.canGoBack());
+    actions_.forward->setEnabled(isUsable && browser_.canGoForward());
+    actions_.up->setEnabled(isUsable && browser_.canNavigateUp());
+    for (QAction* action :
+         {actions_.goTo, actions_.reload, actions_.newFolder, actions_.uploadFiles,
+          actions_.uploadFolder, actions_.selectAll, actions_.find})
+        action->setEnabled(isUsable);
+    actions_.rename->setEnabled(isUsable && selected == 1);
+    for (QAction* action : {actions_.open, actions_.remove, actions_.download, actions_.quickLook,
+                            actions_.properties})
+        action->setEnabled(isUsable && selected > 0);
+    actions_.apps->setVisible(isInApp());
+    const QString path = entries_.favoriteCandidate().second;
+    actions_.favorite->setEnabled(isUsable && !path.isEmpty());
+    actions_.favorite->setText(entries_.isFavorite(path) ? tr("Remove from Favorites")
+                                                         : tr("Add to Favorites"));
 }
 
-void BrowserView::showProperties() {
-    const auto selected = browser_.selectedEntries();
-    if (!selected.empty() && browser_.files())
-        (new PropertiesDialog(browser_.files(), selected, this))->show();
-}
-
-QStringList BrowserView::selectedIds() const {
-    QStringList ids;
-    for (const FileItem& item : browser_.selectedEntries())
-        ids.append(item.id());
-    return ids;
-}
-
-void BrowserView::openSelected() {
-    const auto selected = browser_.selectedEntries();
-    if (selected.size() == 1 && selected.front().isDirectory)
-        browser_.enterFolder(selected.front().id());
+void BrowserView::showContextMenu(const QPoint& position) {
+    QMenu menu(this);
+    entries_.addTo(menu, actions_);
+    const auto* page = static_cast<const QWidget*>(sender());
+    if (const auto* view = qobject_cast<const QAbstractScrollArea*>(page))
+        page = view->viewport();
+    menu.exec(page->mapToGlobal(position));
 }
 
 bool BrowserView::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::KeyPress)
-        return QWidget::eventFilter(watched, event);
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    if (watched == filter_) {
-        if (key == Qt::Key_Escape)
-            filter_->clear();
-        if (key == Qt::Key_Escape || key == Qt::Key_Return || key == Qt::Key_Down)
-            currentListing().setFocus();
-        return false;
-    }
     // A key that the editor of a name leaves over is not meant for the listing.
-    if (QApplication::focusWidget() != watched)
-        return false;
-    if (key == Qt::Key_Escape && browser_.isEditing()) {
-        browser_.cancelEdits();
+    return event->type() == QEvent::KeyPress && QApplication::focusWidget() == watched &&
+           handleKey(*static_cast<QKeyEvent*>(event));
+}
+
+/// Keys of a listing, and of the page that stands in for one.
+bool BrowserView::handleKey(const QKeyEvent& key) {
+    switch (key.key()) {
+    case Qt::Key_Escape:
+        if (browser_.isEditing())
+            browser_.cancelEdits();
+        else
+            browser_.clearSelection();
         return true;
-    }
-    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-        openSelected();
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (key.modifiers().testFlag(Qt::AltModifier))
+            return false;
+        entries_.open();
         return true;
-    }
-    if (key == Qt::Key_Backspace) {
+    case Qt::Key_Backspace:
         browser_.navigateUp();
         return true;
+    case Qt::Key_Down:
+    case Qt::Key_Up:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+        // The first arrow key selects the entry that the keyboard is on, before any moves it.
+        if (!browser_.selectedItems().isEmpty() || key.modifiers() != Qt::NoModifier ||
+            model_.rowCount() == 0)
+            return false;
+        if (const QModelIndex index = currentListing().currentIndex(); index.isValid())
+            browser_.selectItem(index.siblingAtColumn(FileListModel::nameColumn)
+                                    .data(FileListModel::idRole)
+                                    .toString());
+        else
+            browser_.selectItem(model_.index(0, 0).data(FileListModel::idRole).toString());
+        return true;
+    default:
+        return false;
     }
-    return false;
+}
+
+void BrowserView::dragEnterEvent(QDragEnterEvent* event) {
+    if (drops_.isUsable(*event))
+        event->acceptProposedAction();
+}
+
+void BrowserView::dragMoveEvent(QDragMoveEvent* event) {
+    const QPoint position = event->position().toPoint();
+    const DropFolder folder = folderUnder(position);
+    if (!drops_.consider(*event, folder)) {
+        hideDropTarget();
+        return;
+    }
+    const FileItem* entry = browser_.itemWithId(folder.id);
+    QRect place = stack_->rect();
+    if (entry != nullptr) {
+        const QAbstractItemView& view = currentListing();
+        const QModelIndex index = model_.indexOf(folder.id);
+        place = view.visualRect(index);
+        if (&view == table_)
+            place |= view.visualRect(index.siblingAtColumn(FileListModel::columnsInAll - 1));
+        place.moveTopLeft(view.viewport()->mapTo(stack_, place.topLeft()));
+    }
+    dropMark_->setGeometry(place);
+    dropMark_->show();
+    dropMark_->raise();
+    status_->setText(tr("Into “%1”")
+                         .arg(printable(entry != nullptr ? entry->name
+                                                         : lastComponent(browser_.currentPath()))));
+}
+
+void BrowserView::dragLeaveEvent(QDragLeaveEvent* event) {
+    hideDropTarget();
+    QWidget::dragLeaveEvent(event);
+}
+
+void BrowserView::dropEvent(QDropEvent* event) {
+    hideDropTarget();
+    drops_.drop(*event, folderUnder(event->position().toPoint()));
+}
+
+void BrowserView::hideDropTarget() {
+    dropMark_->hide();
+    showStatus();
+}
+
+/// The folder of the listing at a position of this widget, or the one that is shown; none beside
+/// the listing.
+DropFolder BrowserView::folderUnder(const QPoint& position) const {
+    if (!stack_->geometry().contains(position))
+        return {};
+    const QAbstractItemView& view = currentListing();
+    if (stack_->currentWidget() == &view) {
+        const QModelIndex index = view.indexAt(view.viewport()->mapFrom(this, position));
+        const FileItem* entry =
+            index.isValid() ? browser_.itemWithId(index.siblingAtColumn(FileListModel::nameColumn)
+                                                      .data(FileListModel::idRole)
+                                                      .toString())
+                            : nullptr;
+        if (entry != nullptr && entry->isDirectory)
+            return {entry->path, entry->id()};
+    }
+    return {browser_.currentPath(), {}};
 }
 
 } // namespace tessary

@@ -9,6 +9,12 @@ void paintRowGround(QPainter& painter, const QStyleOptionViewItem& option, const
                     int radius) {
     constexpr float hoverShare = 0.12F;
     const bool isSelected = (option.state & QStyle::State_Selected) != 0;
+    if ((option.state & QStyle::State_HasFocus) != 0) {
+        // Where the keyboard is; around the ground, which may have the same colour.
+        painter.setPen(QPen(option.palette.color(QPalette::WindowText), 1));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(QRectF(place).adjusted(-1.5, -0.5, 1.5, 0.5), radius, radius);
+    }
     if (!isSelected && (option.state & QStyle::State_MouseOver) == 0)
         return;
     QColor ground = option.palette.color(QPalette::Highlight);

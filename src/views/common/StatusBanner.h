@@ -27,7 +27,7 @@ struct BannerMessage {
     bool canBeClosed = true;
 };
 
-/// A strip above the files that says what is wrong and what to do about it.
+/// A strip below the files that says what is wrong and what to do about it.
 class StatusBanner : public QFrame {
     Q_OBJECT
 

@@ -1,12 +1,15 @@
 #include "views/sidebar/PlaceList.h"
 
 #include "app/LanguageManager.h"
+#include "views/common/EntryDrop.h"
 #include "views/common/RowGround.h"
 #include "views/sidebar/PlaceListModel.h"
 
 #include <QCoreApplication>
+#include <QDropEvent>
 #include <QLabel>
 #include <QPainter>
+#include <QRubberBand>
 #include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
@@ -67,7 +70,11 @@ QWidget* makeSectionHeading(const char* text) {
 }
 
 PlaceList::PlaceList(const char* heading, PlaceListModel& model, QWidget* parent)
-    : QWidget(parent), model_(model), view_(new QListView), hint_(new QLabel) {
+    : QWidget(parent),
+      model_(model),
+      view_(new QListView),
+      hint_(new QLabel),
+      dropMark_(new QRubberBand(QRubberBand::Rectangle, view_->viewport())) {
     keepTranslated(view_, [this, heading] {
         view_->setAccessibleName(QCoreApplication::translate("tessary::Sidebar", heading));
     });
@@ -103,6 +110,61 @@ void PlaceList::setHint(const char* text) {
         hint_->setText(QCoreApplication::translate("tessary::Sidebar", text));
     });
     fit();
+}
+
+void PlaceList::setDrops(const EntryDrop& drops) {
+    drops_ = &drops;
+    view_->viewport()->setAcceptDrops(true);
+    view_->viewport()->installEventFilter(this);
+}
+
+/// The place that a drop at a position would go into. Where rows can be moved, their edges stand
+/// for the room between them.
+QModelIndex PlaceList::targetAt(const QPoint& position) const {
+    const QModelIndex index = view_->indexAt(position);
+    if (!index.isValid() || !model_.isOnShownConnection(index))
+        return {};
+    const int edge = view_->dragDropMode() == QAbstractItemView::NoDragDrop ? 0 : rowHeight / 4;
+    return view_->visualRect(index).adjusted(0, edge, 0, -edge).contains(position) ? index
+                                                                                   : QModelIndex();
+}
+
+/// True when it was all about a drop into a place.
+bool PlaceList::handleDrag(QEvent& event) {
+    if (event.type() == QEvent::DragLeave) {
+        dropMark_->hide();
+        return false;
+    }
+    auto& drag = static_cast<QDropEvent&>(event);
+    if (event.type() == QEvent::DragEnter) {
+        if (drops_->isUsable(drag))
+            drag.acceptProposedAction();
+        return drag.isAccepted();
+    }
+    const QModelIndex index = targetAt(drag.position().toPoint());
+    const Place* place = model_.placeAt(index);
+    const bool isTarget = place != nullptr && drops_->consider(drag, {place->path, {}});
+    if (isTarget)
+        dropMark_->setGeometry(view_->visualRect(index));
+    dropMark_->setVisible(isTarget && event.type() == QEvent::DragMove);
+    if (isTarget && event.type() == QEvent::Drop)
+        drops_->drop(drag, {place->path, {}});
+    const bool takesRows = view_->dragDropMode() != QAbstractItemView::NoDragDrop;
+    if (!isTarget && !takesRows)
+        drag.ignore();
+    return isTarget || !takesRows;
+}
+
+bool PlaceList::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::DragLeave:
+    case QEvent::Drop:
+        return handleDrag(*event);
+    default:
+        return QWidget::eventFilter(watched, event);
+    }
 }
 
 void PlaceList::mark(const QModelIndex& index) {

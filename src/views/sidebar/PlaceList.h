@@ -3,9 +3,11 @@
 #include <QListView>
 
 class QLabel;
+class QRubberBand;
 
 namespace tessary {
 
+class EntryDrop;
 class PlaceListModel;
 
 /// One section of the sidebar: a heading, and rows that take no more room than they need. Without
@@ -22,16 +24,25 @@ public:
     }
     /// A key for tr(): shown in place of rows.
     void setHint(const char* text);
+    /// What makes the rows targets of drops. It must outlive this.
+    void setDrops(const EntryDrop& drops);
     /// Marks a row, or none.
     void mark(const QModelIndex& index);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void fit();
+    [[nodiscard]] QModelIndex targetAt(const QPoint& position) const;
+    [[nodiscard]] bool handleDrag(QEvent& event);
 
     PlaceListModel& model_;
     QListView* view_;
     QLabel* hint_;
     bool hasHint_ = false;
+    const EntryDrop* drops_ = nullptr;
+    QRubberBand* dropMark_;
 };
 
 /// The small heading above a section.

@@ -111,6 +111,11 @@ std::optional<DeviceFavorite> FavoriteListModel::favoriteAt(const QModelIndex& i
     return favorites_[static_cast<std::size_t>(index.row())];
 }
 
+bool FavoriteListModel::isOnShownConnection(const QModelIndex& index) const {
+    const auto favorite = favoriteAt(index);
+    return favorite && source_.files != nullptr && favorite->appBundleId == source_.appBundleId;
+}
+
 Qt::ItemFlags FavoriteListModel::flags(const QModelIndex& index) const {
     // Between the rows only.
     if (!index.isValid())

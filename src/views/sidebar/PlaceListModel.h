@@ -33,6 +33,11 @@ public:
     /// The row that is this folder; invalid when none is.
     [[nodiscard]] QModelIndex indexOf(const QString& path) const;
 
+    /// Whether the row is a folder of the connection that is browsed, as far as the model can tell.
+    [[nodiscard]] virtual bool isOnShownConnection(const QModelIndex&) const {
+        return true;
+    }
+
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
@@ -59,6 +64,7 @@ public:
     void showDevice(const QString& udid, const FavoriteSource& source);
     [[nodiscard]] std::optional<DeviceFavorite> favoriteAt(const QModelIndex& index) const;
 
+    [[nodiscard]] bool isOnShownConnection(const QModelIndex& index) const override;
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
     [[nodiscard]] Qt::DropActions supportedDropActions() const override;
     [[nodiscard]] QStringList mimeTypes() const override;

@@ -169,6 +169,11 @@ void Sidebar::showPlaces() {
     showFolder(folder_);
 }
 
+void Sidebar::setDrops(const EntryDrop& drops) {
+    for (PlaceList* list : {favoriteList_, shortcutList_, volumeList_})
+        list->setDrops(drops);
+}
+
 void Sidebar::showFolder(const QString& path) {
     folder_ = path;
     favoriteList_->mark(favoriteModel_.indexOf(path));

@@ -13,6 +13,7 @@ class QListView;
 
 namespace tessary {
 
+class EntryDrop;
 class ModeSwitch;
 class PlaceList;
 
@@ -39,6 +40,8 @@ public:
     }
     /// Shows the places of this device, or none. `source` is what is being browsed of it.
     void showDevice(const std::optional<DeviceInfo>& device, const FavoriteSource& source);
+    /// What makes the places targets of drops. It must outlive the sidebar.
+    void setDrops(const EntryDrop& drops);
     /// Marks the place that is this folder.
     void showFolder(const QString& path);
 

@@ -2,6 +2,7 @@
 
 #include "app/LanguageManager.h"
 #include "views/common/Icons.h"
+#include "views/window/MenuMnemonics.h"
 
 #include <QCoreApplication>
 #include <QMenu>
@@ -58,6 +59,7 @@ void makeMainMenus(QMenuBar& bar, const BrowserActions& actions, const MainMenuW
     addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "View"), {a.asList, a.asGrid, nullptr, a.reload});
     addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "Go"),
             {a.back, a.forward, a.up, a.goTo, a.apps, nullptr, a.favorite, nullptr, wireless});
+    new MenuMnemonics(bar);
 }
 
 } // namespace tessary

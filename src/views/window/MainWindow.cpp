@@ -49,7 +49,8 @@ BrowserSetup browserSetup(TessaryApp& app) {
 
 } // namespace
 
-MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* parent)
+MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openLocalFile,
+                       QWidget* parent)
     : QMainWindow(parent),
       app_(app),
       transfers_(app.transferEngine()),
@@ -63,7 +64,7 @@ MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* p
       notice_(new PlaceholderView),
       appList_(new AppListView(
           apps_, [this](const AppInfo& info) { openApp(info, QStringLiteral("/")); })),
-      browserView_(new BrowserView(browser_, std::move(dialogs))),
+      browserView_(new BrowserView(browser_, std::move(dialogs), std::move(openLocalFile))),
       syncPanel_(new SyncPanel(
           sync_, [this] { syncDialogs_->makePair(); }, this)),
       syncDialogs_(new SyncDialogs(sync_, *this,
@@ -79,23 +80,23 @@ MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* p
     for (QWidget* page : {static_cast<QWidget*>(welcome_), static_cast<QWidget*>(notice_),
                           static_cast<QWidget*>(appList_), static_cast<QWidget*>(browserView_)})
         pages_->addWidget(page);
+    // The banner comes from below: nothing moves away under the pointer.
+    auto* files = new QWidget;
+    auto* filesColumn = new QVBoxLayout(files);
+    filesColumn->setContentsMargins(0, 0, 0, 0);
+    filesColumn->setSpacing(0);
+    filesColumn->addWidget(pages_, 1);
+    filesColumn->addWidget(banner_);
     auto* right = new QSplitter(Qt::Vertical);
-    right->addWidget(pages_);
+    right->addWidget(files);
     right->addWidget(transferPanel_);
     right->setStretchFactor(0, 1);
     right->setSizes({510, 200});
     right->setChildrenCollapsible(false);
     right->setHandleWidth(1);
-    auto* content = new QWidget;
-    auto* column = new QVBoxLayout(content);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->addWidget(banner_);
-    column->addWidget(right, 1);
-
     auto* split = new QSplitter(Qt::Horizontal);
     split->addWidget(sidebar_);
-    split->addWidget(content);
+    split->addWidget(right);
     split->setStretchFactor(1, 1);
     split->setSizes({250, 930});
     split->setChildrenCollapsible(false);
@@ -108,6 +109,9 @@ MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* p
 
     connect(sidebar_->deviceList().selectionModel(), &QItemSelectionModel::currentChanged, this,
             &MainWindow::chooseDevice);
+    connect(&sidebar_->deviceList(), &QListView::clicked, this,
+            [this] { pages_->currentWidget()->setFocus(); });
+    sidebar_->setDrops(browserView_->drops());
     browserView_->setFavorites(
         {[this](const QString& path) {
              const auto& device = browser_.activeDevice();
@@ -144,7 +148,18 @@ MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* p
         showBanner();
     });
     connect(&browser_, &FileBrowserViewModel::errorChanged, this, &MainWindow::showBanner);
-    connect(&browser_, &FileBrowserViewModel::stateChanged, this, &MainWindow::showBanner);
+    connect(&browser_, &FileBrowserViewModel::stateChanged, this, [this] {
+        showPage();
+        showBanner();
+    });
+    // What went wrong before counts no more once something has worked.
+    const auto dismissOld = [this] {
+        if (!browser_.isErrorOfLoad())
+            browser_.dismissError();
+    };
+    connect(&browser_, &FileBrowserViewModel::folderCreated, this, dismissOld);
+    connect(&browser_, &FileBrowserViewModel::itemRenamed, this, dismissOld);
+    connect(&browser_, &FileBrowserViewModel::itemsDeleted, this, dismissOld);
     memory_ =
         new WindowStateStore({*this, *split, browserView_->columns(), browser_}, app.defaults());
     keepTranslated(this, [this] { showTexts(); });
@@ -154,6 +169,7 @@ MainWindow::MainWindow(TessaryApp& app, BrowserView::Dialogs dialogs, QWidget* p
             transfers_,
             TransferNotice::Setup{notifier, [] { return QApplication::activeWindow() != nullptr; },
                                   [this] { bringToFront(*this); }});
+    deviceListChanged(); // phones that were there before the window
 }
 
 MainWindow::~MainWindow() {
@@ -188,8 +204,14 @@ void MainWindow::showWireless() {
 }
 
 Sidebar::Wishes MainWindow::sidebarWishes() {
-    return {[this](const DeviceFavorite& favorite) { openFavorite(favorite); },
-            [this](const QString& path) { browser_.navigateTo(path); },
+    return {[this](const DeviceFavorite& favorite) {
+                openFavorite(favorite);
+                pages_->currentWidget()->setFocus();
+            },
+            [this](const QString& path) {
+                browser_.navigateTo(path);
+                pages_->currentWidget()->setFocus();
+            },
             [this](ProtocolMode mode) {
                 if (const auto& device = browser_.activeDevice())
                     app_.deviceManager().chooseProtocolMode(device->udid, mode);
@@ -392,6 +414,7 @@ void MainWindow::showPage() {
     const bool isLocked =
         active && !isLost && active->isLocked && !app_.deviceManager().trouble(active->id());
     const bool isListEmpty = app_.deviceManager().devices().empty();
+    const QWidget* before = pages_->currentWidget();
     if (isListEmpty && (!active || isLost)) {
         pages_->setCurrentWidget(welcome_);
     } else if (isChoosingApp_ && chosenDevice()) {
@@ -401,9 +424,30 @@ void MainWindow::showPage() {
                       tr("It shows its files once you unlock it and choose “File transfer” in its "
                          "USB notification. This window follows by itself."));
         pages_->setCurrentWidget(notice_);
+    } else if (const auto trouble = troubleInTheWay()) {
+        const bool isHeld = trouble->kind == DeviceTrouble::Kind::heldByProgram;
+        notice_->show(QStringLiteral("dialog-warning"), printable(trMessage(trouble->message)),
+                      trMessage(trouble->advice), isHeld ? tr("Release the Phone") : QString(),
+                      [this] { releaseDevice(); });
+        pages_->setCurrentWidget(notice_);
     } else {
         pages_->setCurrentWidget(browserView_);
     }
+    // The keys follow what is shown, unless they are at work elsewhere.
+    const QWidget* focus = focusWidget();
+    if (before != pages_->currentWidget() &&
+        (focus == nullptr || !sidebar_->isAncestorOf(focus) || !wasFocused_)) {
+        wasFocused_ = wasFocused_ || pages_->currentWidget() == browserView_;
+        pages_->currentWidget()->setFocus();
+    }
+}
+
+/// What keeps the files of the phone from being shown at all.
+std::optional<DeviceTrouble> MainWindow::troubleInTheWay() const {
+    const auto& active = browser_.activeDevice();
+    return active && browser_.state() == BrowserState::failed
+               ? app_.deviceManager().trouble(active->id())
+               : std::nullopt;
 }
 
 void MainWindow::showBanner() {
@@ -413,6 +457,10 @@ void MainWindow::showBanner() {
         shown && !isChoosingApp_ ? app_.deviceManager().trouble(shown->id()) : std::nullopt;
     BannerMessage message;
     message.kind = BannerMessage::Kind::warning;
+    if (!isChoosingApp_ && troubleInTheWay()) {
+        banner_->clear(); // the page says so
+        return;
+    }
     if (trouble) {
         message.text = printable(trMessage(trouble->message));
         message.advice = trMessage(trouble->advice);

@@ -34,8 +34,8 @@ class MainWindow : public QMainWindow {
 
 public:
     /// `app` must outlive the window.
-    explicit MainWindow(TessaryApp& app,
-                        BrowserView::Dialogs dialogs = BrowserView::systemDialogs(),
+    explicit MainWindow(TessaryApp& app, CopyDialogs dialogs = systemCopyDialogs(),
+                        OpenLocalFile openLocalFile = systemOpenLocalFile(),
                         QWidget* parent = nullptr);
     ~MainWindow() override;
 
@@ -83,6 +83,7 @@ private:
     void openFavorite(const DeviceFavorite& favorite);
     void showPage();
     void showBanner();
+    [[nodiscard]] std::optional<DeviceTrouble> troubleInTheWay() const;
     void releaseDevice();
 
     TessaryApp& app_;
@@ -91,6 +92,7 @@ private:
     AppListViewModel apps_;
     std::optional<AppInfo> chosenApp_; ///< whose documents are browsed
     bool isChoosingApp_ = false;
+    bool wasFocused_ = false; ///< the files had the keys once
     DeviceListModel devices_;
     SyncViewModel sync_;
     Sidebar* sidebar_;

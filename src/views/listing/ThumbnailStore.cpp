@@ -1,10 +1,10 @@
-#include "views/browser/ThumbnailStore.h"
+#include "views/listing/ThumbnailStore.h"
 
 #include "base/threads/Background.h"
 #include "base/threads/CancellationError.h"
 #include "browser/model/FileListModel.h"
 #include "preview/PreviewKind.h"
-#include "views/browser/FileItemDelegate.h"
+#include "views/listing/FileItemDelegate.h"
 
 #include <QAbstractItemView>
 #include <QPainter>

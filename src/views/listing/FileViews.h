@@ -19,10 +19,15 @@ public:
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void startDrag(Qt::DropActions supportedActions) override;
 
 private:
+    void columnResized(int column, int oldSize, int newSize);
+    void fitNames();
+
     FileBrowserViewModel& browser_;
+    bool isFittingColumns_ = false;
 };
 
 /// The files as a grid of icons.

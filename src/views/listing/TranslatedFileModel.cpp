@@ -1,4 +1,4 @@
-#include "views/browser/TranslatedFileModel.h"
+#include "views/listing/TranslatedFileModel.h"
 
 #include "app/LanguageManager.h"
 #include "app/texts/DisplayNames.h"

@@ -1,10 +1,10 @@
-#include "views/browser/FileItemDelegate.h"
+#include "views/listing/FileItemDelegate.h"
 
 #include "base/text/Printable.h"
 #include "browser/model/FileListModel.h"
-#include "views/browser/ThumbnailStore.h"
 #include "views/common/Icons.h"
 #include "views/dialogs/FactsView.h"
+#include "views/listing/ThumbnailStore.h"
 
 #include <QDateTime>
 #include <QLineEdit>
@@ -12,8 +12,6 @@
 #include <QTimer>
 
 namespace tessary {
-
-namespace {} // namespace
 
 QString FileItemDelegate::displayText(const QVariant& value, const QLocale& locale) const {
     return printable(QStyledItemDelegate::displayText(value, locale));

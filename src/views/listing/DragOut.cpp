@@ -1,4 +1,4 @@
-#include "views/browser/DragOut.h"
+#include "views/listing/DragOut.h"
 
 #include <QElapsedTimer>
 #include <QEventLoop>

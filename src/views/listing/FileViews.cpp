@@ -1,15 +1,16 @@
-#include "views/browser/FileViews.h"
+#include "views/listing/FileViews.h"
 
 #include "base/text/Printable.h"
-#include "views/browser/DragOut.h"
-#include "views/browser/FileItemDelegate.h"
-#include "views/browser/ThumbnailStore.h"
 #include "views/common/Icons.h"
+#include "views/listing/DragOut.h"
+#include "views/listing/GridItemDelegate.h"
+#include "views/listing/ThumbnailStore.h"
 
 #include <QDrag>
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 
@@ -17,9 +18,11 @@ namespace tessary {
 
 namespace {
 
-void setUp(QAbstractItemView& view, FileListModel& model) {
+constexpr int narrowestColumn = 60; // pixels
+
+void setUp(QAbstractItemView& view, FileListModel& model, FileItemDelegate* delegate) {
     view.setModel(&model);
-    view.setItemDelegate(new FileItemDelegate(&view));
+    view.setItemDelegate(delegate);
     view.setSelectionMode(QAbstractItemView::ExtendedSelection);
     view.setSelectionBehavior(QAbstractItemView::SelectRows);
     view.setEditTriggers(QAbstractItemView::EditKeyPressed);
@@ -127,7 +130,7 @@ void connectSelection(QAbstractItemView& view, FileListModel& model,
 FileTableView::FileTableView(FileBrowserViewModel& browser, FileListModel& model, QWidget* parent)
     : QTreeView(parent), browser_(browser) {
     setObjectName(QStringLiteral("fileTable"));
-    setUp(*this, model);
+    setUp(*this, model, new FileItemDelegate(this));
     setRootIsDecorated(false);
     setUniformRowHeights(true);
     setAlternatingRowColors(true);
@@ -143,12 +146,44 @@ FileTableView::FileTableView(FileBrowserViewModel& browser, FileListModel& model
                                    first.descending ? Qt::DescendingOrder : Qt::AscendingOrder);
     });
     header()->setStretchLastSection(false);
-    header()->setSectionResizeMode(FileListModel::nameColumn, QHeaderView::Stretch);
+    header()->setSectionResizeMode(QHeaderView::Interactive);
+    header()->setMinimumSectionSize(narrowestColumn);
+    connect(header(), &QHeaderView::sectionResized, this, &FileTableView::columnResized);
     header()->setHighlightSections(false);
     header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     header()->resizeSection(FileListModel::sizeColumn, 110);
     header()->resizeSection(FileListModel::dateColumn, 170);
     header()->resizeSection(FileListModel::kindColumn, 130);
+}
+
+/// The edge between two columns moves, and nothing else: what one gets, the next one gives.
+void FileTableView::columnResized(int column, int, int) {
+    if (isFittingColumns_)
+        return;
+    const QScopedValueRollback fitting(isFittingColumns_, true);
+    const int next = column + 1;
+    const int tooWide = header()->length() - viewport()->width();
+    if (next < header()->count()) {
+        const int given = std::min(tooWide, header()->sectionSize(next) - narrowestColumn);
+        header()->resizeSection(next, header()->sectionSize(next) - given);
+        header()->resizeSection(column, header()->sectionSize(column) - (tooWide - given));
+    } else {
+        header()->resizeSection(column, header()->sectionSize(column) - tooWide);
+    }
+}
+
+/// Names take the room that the other columns leave.
+void FileTableView::fitNames() {
+    const QScopedValueRollback fitting(isFittingColumns_, true);
+    constexpr int narrowestName = 120;
+    const int others = header()->length() - header()->sectionSize(FileListModel::nameColumn);
+    header()->resizeSection(FileListModel::nameColumn,
+                            std::max(viewport()->width() - others, narrowestName));
+}
+
+void FileTableView::resizeEvent(QResizeEvent* event) {
+    QTreeView::resizeEvent(event);
+    fitNames();
 }
 
 void FileTableView::keyboardSearch(const QString& search) {
@@ -169,7 +204,7 @@ void FileTableView::startDrag(Qt::DropActions) {
 FileGridView::FileGridView(FileBrowserViewModel& browser, FileListModel& model, QWidget* parent)
     : QListView(parent), browser_(browser) {
     setObjectName(QStringLiteral("fileGrid"));
-    setUp(*this, model);
+    setUp(*this, model, new GridItemDelegate(this));
     setModelColumn(FileListModel::nameColumn);
     setViewMode(QListView::IconMode);
     setMovement(QListView::Static);
@@ -177,10 +212,9 @@ FileGridView::FileGridView(FileBrowserViewModel& browser, FileListModel& model, 
     setLayoutMode(QListView::Batched);
     setBatchSize(500);
     setUniformItemSizes(true);
-    setWordWrap(true);
-    setTextElideMode(Qt::ElideMiddle);
     setIconSize({96, 96});
-    setGridSize({140, 146});
+    const int lines = GridItemDelegate::mostLines * fontMetrics().lineSpacing();
+    setGridSize({140, 96 + lines + 24});
     setViewportMargins(8, 10, 8, 0);
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Base);

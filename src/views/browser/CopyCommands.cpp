@@ -1,0 +1,73 @@
+#include "views/browser/CopyCommands.h"
+
+#include "views/browser/ShownFolder.h"
+#include "views/dialogs/ClashQuestion.h"
+
+#include <QFileDialog>
+#include <QPointer>
+#include <QStandardPaths>
+
+namespace tessary {
+
+CopyDialogs systemCopyDialogs() {
+    return {[](QWidget* parent) {
+                return QFileDialog::getExistingDirectory(
+                    parent, CopyCommands::tr("Copy to"),
+                    QStandardPaths::writableLocation(QStandardPaths::DownloadLocation));
+            },
+            [](QWidget* parent) {
+                return QFileDialog::getOpenFileNames(parent,
+                                                     CopyCommands::tr("Copy Files to the Phone"));
+            },
+            [](QWidget* parent) {
+                return QFileDialog::getExistingDirectory(
+                    parent, CopyCommands::tr("Copy a Folder to the Phone"));
+            }};
+}
+
+CopyCommands::CopyCommands(FileBrowserViewModel& browser, CopyDialogs dialogs, QWidget& parent)
+    : QObject(&parent), browser_(browser), dialogs_(std::move(dialogs)), parent_(parent) {}
+
+void CopyCommands::downloadSelected() {
+    QStringList ids;
+    for (const FileItem& item : browser_.selectedEntries())
+        ids.append(item.id());
+    if (ids.isEmpty())
+        return;
+    const ShownFolder asked(browser_);
+    const QString target = dialogs_.chooseTargetFolder(&parent_);
+    if (!target.isEmpty() && asked.isStillShown())
+        browser_.surveyDownload(ids, target, askAndCopy());
+}
+
+void CopyCommands::chooseAndUploadFiles() {
+    const ShownFolder asked(browser_);
+    const QStringList files = dialogs_.chooseFiles(&parent_);
+    if (!files.isEmpty() && asked.isStillShown())
+        upload(files);
+}
+
+void CopyCommands::chooseAndUploadFolder() {
+    const ShownFolder asked(browser_);
+    const QString folder = dialogs_.chooseFolder(&parent_);
+    if (!folder.isEmpty() && asked.isStillShown())
+        upload({folder});
+}
+
+void CopyCommands::upload(const QStringList& paths, const QString& intoFolderId) {
+    if (!paths.isEmpty())
+        browser_.surveyUpload(paths, intoFolderId, askAndCopy());
+}
+
+/// Starts a copy once the user has answered what there is to ask about it.
+FileBrowserViewModel::SurveyDone CopyCommands::askAndCopy() {
+    return [self = QPointer<CopyCommands>(this)](const CopyPlan& survey) {
+        if (!self)
+            return;
+        const auto choices = askAboutClashes(&self->parent_, survey);
+        if (choices && self && askAboutSpace(&self->parent_, survey, *choices) && self)
+            self->browser_.copy(survey, *choices);
+    };
+}
+
+} // namespace tessary

@@ -1,0 +1,150 @@
+#include "views/browser/EntryCommands.h"
+
+#include "base/text/Printable.h"
+#include "browser/model/FileListModel.h"
+#include "views/browser/BrowserActions.h"
+#include "views/browser/ShownFolder.h"
+#include "views/common/PlainText.h"
+#include "views/dialogs/PreviewWindow.h"
+#include "views/dialogs/PropertiesDialog.h"
+
+#include <QAbstractItemView>
+#include <QDesktopServices>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QUrl>
+
+namespace tessary {
+
+OpenLocalFile systemOpenLocalFile() {
+    return [](const QString& path) { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); };
+}
+
+EntryCommands::EntryCommands(FileBrowserViewModel& browser, Views views,
+                             OpenLocalFile openLocalFile, QWidget& parent)
+    : QObject(&parent),
+      browser_(browser),
+      views_(std::move(views)),
+      openLocalFile_(std::move(openLocalFile)),
+      parent_(parent) {}
+
+void EntryCommands::setFavorites(FavoriteCommands favorites) {
+    favorites_ = std::move(favorites);
+}
+
+bool EntryCommands::isFavorite(const QString& path) const {
+    return favorites_.contains && favorites_.contains(path);
+}
+
+void EntryCommands::toggleFavorite() {
+    const auto [name, path] = favoriteCandidate();
+    if (!path.isEmpty() && favorites_.toggle)
+        favorites_.toggle(name, path);
+}
+
+std::pair<QString, QString> EntryCommands::favoriteCandidate() const {
+    const auto selected = browser_.selectedEntries();
+    if (selected.size() == 1 && selected.front().isDirectory)
+        return {selected.front().name, browser_.files()->canonicalPath(selected.front().path)};
+    if (!selected.empty() || browser_.breadcrumbs().empty())
+        return {};
+    return {browser_.breadcrumbs().back().name, browser_.currentPath()};
+}
+
+void EntryCommands::forgetFavorite() {
+    if (favorites_.toggle)
+        favorites_.toggle({}, browser_.currentPath());
+}
+
+void EntryCommands::open() {
+    const auto selected = browser_.selectedEntries();
+    if (selected.size() == 1 && selected.front().isDirectory) {
+        browser_.enterFolder(selected.front().id());
+        return;
+    }
+    QStringList ids;
+    for (const FileItem& item : selected)
+        if (!item.isDirectory)
+            ids.append(item.id());
+    if (ids.isEmpty())
+        return;
+    browser_.prepareDragURLs(ids, [this](const DragFiles& files) {
+        for (const QString& path : files.localPaths)
+            openLocalFile_(path);
+        if (!files.notReady.empty())
+            browser_.showError({files.notReady.front().reason, {}});
+    });
+}
+
+void EntryCommands::preview() {
+    if (preview_ == nullptr)
+        preview_ = new PreviewWindow(browser_, views_.columns, &parent_);
+    preview_->toggle();
+}
+
+void EntryCommands::showProperties() {
+    const auto selected = browser_.selectedEntries();
+    if (!selected.empty() && browser_.files())
+        (new PropertiesDialog(browser_.files(), selected, &parent_))->show();
+}
+
+void EntryCommands::rename() {
+    const auto selected = browser_.selectedEntries();
+    if (selected.size() != 1)
+        return;
+    QAbstractItemView& view = views_.listing();
+    const auto& model = *static_cast<const FileListModel*>(view.model());
+    const QModelIndex index = model.indexOf(selected.front().id());
+    view.setCurrentIndex(index);
+    view.edit(index);
+}
+
+void EntryCommands::remove() {
+    const auto selected = browser_.selectedEntries();
+    if (selected.empty())
+        return;
+    QMessageBox question(QMessageBox::Warning, tr("Delete"), tr("Delete selected items?"),
+                         QMessageBox::NoButton, &parent_);
+    const QString what =
+        selected.size() == 1
+            ? tr("“%1” will be deleted from the phone.").arg(printable(selected.front().name))
+            : tr("%Ln items will be deleted from the phone.", nullptr,
+                 static_cast<int>(selected.size()));
+    question.setInformativeText(what + QLatin1Char(' ') + tr("This cannot be undone."));
+    QAbstractButton* remove = question.addButton(tr("Delete"), QMessageBox::DestructiveRole);
+    question.setDefaultButton(question.addButton(QMessageBox::Cancel));
+    makePlain(question);
+    QStringList ids;
+    for (const FileItem& item : selected)
+        ids.append(item.id());
+    const ShownFolder asked(browser_);
+    question.exec();
+    if (question.clickedButton() == remove && asked.isStillShown())
+        browser_.deleteItems(ids);
+}
+
+void EntryCommands::addTo(QMenu& menu, const BrowserActions& actions) const {
+    const auto selected = browser_.selectedEntries();
+    if (selected.empty()) {
+        for (QAction* action : {actions.newFolder, actions.uploadFiles, actions.uploadFolder})
+            menu.addAction(action);
+        menu.addSeparator();
+        menu.addAction(actions.favorite);
+        menu.addAction(actions.reload);
+        return;
+    }
+    const bool isOneFolder = selected.size() == 1 && selected.front().isDirectory;
+    menu.addAction(actions.open);
+    menu.addAction(actions.quickLook);
+    menu.addAction(actions.download);
+    if (isOneFolder)
+        menu.addAction(actions.favorite);
+    menu.addSeparator();
+    menu.addAction(actions.rename);
+    menu.addAction(actions.remove);
+    menu.addSeparator();
+    menu.addAction(actions.properties);
+}
+
+} // namespace tessary

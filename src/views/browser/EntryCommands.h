@@ -1,0 +1,73 @@
+#pragma once
+
+#include "browser/model/FileBrowserViewModel.h"
+
+#include <QObject>
+
+#include <functional>
+#include <utility>
+
+class QAbstractItemView;
+class QMenu;
+class QWidget;
+
+namespace tessary {
+
+struct BrowserActions;
+class PreviewWindow;
+
+/// What a listing asks and tells about favorites.
+struct FavoriteCommands {
+    std::function<bool(const QString& path)> contains;
+    std::function<void(const QString& name, const QString& path)> toggle;
+};
+
+/// Opens a file of this computer with the program that the user has for it.
+using OpenLocalFile = std::function<void(const QString& path)>;
+[[nodiscard]] OpenLocalFile systemOpenLocalFile();
+
+/// What a user does with the selected entries of a folder, the copies apart: open, preview, rename,
+/// delete, look at the properties, keep as a favorite. On the main thread.
+class EntryCommands : public QObject {
+    Q_OBJECT
+
+public:
+    /// `listing` gives the view that is shown, and `columns` its entries beside one another.
+    struct Views {
+        std::function<QAbstractItemView&()> listing;
+        std::function<int()> columns;
+    };
+
+    /// Browser and parent must outlive it; questions stand in front of `parent`.
+    EntryCommands(FileBrowserViewModel& browser, Views views, OpenLocalFile openLocalFile,
+                  QWidget& parent);
+
+    void setFavorites(FavoriteCommands favorites);
+    [[nodiscard]] bool isFavorite(const QString& path) const;
+    void toggleFavorite();
+    /// Name and path of the folder that a favorite would be made of: the selected one, or the one
+    /// shown; empty when something else is selected.
+    [[nodiscard]] std::pair<QString, QString> favoriteCandidate() const;
+    /// The folder shown, which is gone, is none any more.
+    void forgetFavorite();
+
+    /// Enters a folder. A file opens with the program that the desktop has for it, once it is here.
+    void open();
+    void preview();
+    void rename();
+    void remove();
+    void showProperties();
+
+    /// The commands for what is selected, or for the folder.
+    void addTo(QMenu& menu, const BrowserActions& actions) const;
+
+private:
+    FileBrowserViewModel& browser_;
+    const Views views_;
+    const OpenLocalFile openLocalFile_;
+    QWidget& parent_;
+    FavoriteCommands favorites_;
+    PreviewWindow* preview_ = nullptr; ///< made when it is first opened
+};
+
+} // namespace tessary

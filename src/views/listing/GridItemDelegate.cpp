@@ -1,0 +1,126 @@
+#include "views/listing/GridItemDelegate.h"
+
+#include "views/common/PlainText.h"
+
+#include <QAbstractItemView>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QTextLayout>
+#include <QToolTip>
+
+namespace tessary {
+
+namespace {
+
+constexpr int margin = 4; // pixels around the picture, the name and both
+
+QRect cellOf(const QStyleOptionViewItem& option) {
+    return option.rect.adjusted(margin, margin, -margin, -margin);
+}
+
+QRect pictureOf(const QStyleOptionViewItem& option) {
+    const QRect cell = cellOf(option);
+    return {cell.left(), cell.top() + margin, cell.width(), option.decorationSize.height()};
+}
+
+QRect nameOf(const QStyleOptionViewItem& option) {
+    const QRect cell = cellOf(option);
+    const int top = pictureOf(option).bottom() + 1 + margin;
+    return {cell.left() + margin, top, cell.width() - 2 * margin, cell.bottom() + 1 - top};
+}
+
+} // namespace
+
+QStringList GridItemDelegate::linesOf(const QString& name, const QFont& font, int width) {
+    // A name has few blanks: it is cut wherever a line is full.
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    QTextLayout layout(name, font);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    QStringList lines;
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        if (lines.size() + 1 == mostLines) {
+            lines.append(
+                QFontMetrics(font).elidedText(name.mid(line.textStart()), Qt::ElideMiddle, width));
+            break;
+        }
+        lines.append(name.mid(line.textStart(), line.textLength()).trimmed());
+    }
+    layout.endLayout();
+    return lines;
+}
+
+void GridItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& plain,
+                             const QModelIndex& index) const {
+    QStyleOptionViewItem option = plain;
+    initStyleOption(&option, index);
+    const bool isSelected = (option.state & QStyle::State_Selected) != 0;
+    const bool hasFocus = (option.state & QStyle::State_HasFocus) != 0;
+    const QPalette::ColorGroup group =
+        (option.state & QStyle::State_Active) != 0 ? QPalette::Active : QPalette::Inactive;
+    const QColor accent = option.palette.color(group, QPalette::Highlight);
+    const QStringList lines = linesOf(option.text, option.font, nameOf(option).width());
+    const QFontMetrics metrics(option.font);
+    const QRect name(
+        nameOf(option).topLeft(),
+        QSize(nameOf(option).width(), metrics.lineSpacing() * static_cast<int>(lines.size())));
+    const QRect ground = (pictureOf(option) | name)
+                             .adjusted(-margin, -margin, margin, margin)
+                             .intersected(option.rect);
+
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    constexpr float selectedShare = 0.25F;
+    constexpr float hoverShare = 0.1F;
+    constexpr int radius = 6;
+    QColor tint = accent;
+    tint.setAlphaF(isSelected ? selectedShare : hoverShare);
+    if (isSelected || (option.state & QStyle::State_MouseOver) != 0) {
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(tint);
+        painter->drawRoundedRect(ground, radius, radius);
+    }
+    option.icon.paint(painter, pictureOf(option), Qt::AlignCenter, QIcon::Normal);
+    if (isSelected) {
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(accent);
+        painter->drawRoundedRect(name.adjusted(-margin / 2, 0, margin / 2, 0), margin, margin);
+    }
+    painter->setFont(option.font);
+    painter->setPen(
+        option.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::Text));
+    for (qsizetype i = 0; i < lines.size(); ++i)
+        painter->drawText(QRect(name.left(),
+                                name.top() + metrics.lineSpacing() * static_cast<int>(i),
+                                name.width(), metrics.lineSpacing()),
+                          Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextSingleLine, lines[i]);
+    if (hasFocus && !isSelected) {
+        painter->setPen(QPen(accent, 1, Qt::DotLine));
+        painter->setBrush(Qt::NoBrush);
+        painter->drawRoundedRect(ground, radius, radius);
+    }
+    painter->restore();
+}
+
+void GridItemDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                            const QModelIndex&) const {
+    QRect place = nameOf(option);
+    place.setHeight(editor->sizeHint().height());
+    editor->setGeometry(place);
+}
+
+bool GridItemDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                                 const QStyleOptionViewItem& plain, const QModelIndex& index) {
+    if (event->type() != QEvent::ToolTip)
+        return FileItemDelegate::helpEvent(event, view, plain, index);
+    QStyleOptionViewItem option = plain;
+    initStyleOption(&option, index);
+    const QStringList lines = linesOf(option.text, option.font, nameOf(option).width());
+    const bool isCut = !lines.isEmpty() && !option.text.endsWith(lines.last());
+    QToolTip::showText(event->globalPos(), isCut ? plainToolTip(option.text) : QString(), view);
+    return true;
+}
+
+} // namespace tessary

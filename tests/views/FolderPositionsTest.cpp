@@ -1,0 +1,79 @@
+#include "WindowFixture.h"
+
+#include <QListView>
+#include <QScrollBar>
+
+namespace tessary {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+QMap<QString, QByteArray> manyFiles() {
+    QMap<QString, QByteArray> files;
+    for (int i = 0; i < 200; ++i)
+        for (const char* folder : {"Many", "More"})
+            files.insert(
+                u"%1/file %2.txt"_s.arg(QLatin1StringView(folder)).arg(i, 3, 10, QLatin1Char('0')),
+                "x");
+    return files;
+}
+
+/// Where a listing stands when the user comes back to it.
+class FolderPositionsTest : public WindowFixture {
+protected:
+    FolderPositionsTest() : WindowFixture(manyFiles()) {}
+
+    void go(const QString& folder) {
+        window_->browser().navigateTo(u"/sdcard/"_s + folder);
+        ASSERT_TRUE(wait([this] { return isShown(u"file 000.txt"_s); }));
+        QCoreApplication::processEvents();
+    }
+    [[nodiscard]] QScrollBar& scrolling() const {
+        return *window_->browserView().currentListing().verticalScrollBar();
+    }
+};
+
+TEST_F(FolderPositionsTest, backAndForwardLeadToWhatWasLeft) {
+    for (const ViewMode mode : {ViewMode::list, ViewMode::grid}) {
+        SCOPED_TRACE(mode == ViewMode::list ? "list" : "grid");
+        window_->browser().setViewMode(mode);
+        go(u"Many"_s);
+        EXPECT_EQ(scrolling().value(), 0) << "a new folder begins at its top";
+        scrolling().setValue(1500);
+        window_->browser().selectItem(window_->browser().rows().item(70).id());
+        QCoreApplication::processEvents();
+        const int left = scrolling().value();
+        ASSERT_GT(left, 900);
+
+        go(u"More"_s);
+        EXPECT_EQ(scrolling().value(), 0) << "the position of one folder is not another's";
+        EXPECT_TRUE(selectedNames().isEmpty());
+        scrolling().setValue(400);
+
+        press(Qt::Key_Left, Qt::AltModifier);
+        EXPECT_TRUE(wait([&] { return scrolling().value() == left; })) << scrolling().value();
+        EXPECT_EQ(window_->browser().currentPath(), u"/sdcard/Many"_s);
+        EXPECT_EQ(selectedNames(), QStringList(u"file 070.txt"_s));
+
+        press(Qt::Key_Right, Qt::AltModifier);
+        EXPECT_TRUE(wait([&] { return scrolling().value() == 400; })) << scrolling().value();
+        EXPECT_TRUE(selectedNames().isEmpty());
+
+        go(u"Many"_s);
+        EXPECT_EQ(scrolling().value(), 0) << "visited anew it is a new entry of the history";
+    }
+}
+
+TEST_F(FolderPositionsTest, whatIsGoneMeanwhileIsNotSelected) {
+    go(u"Many"_s);
+    window_->browser().selectItem(window_->browser().rows().item(3).id());
+    go(u"More"_s);
+    ASSERT_TRUE(QFile::remove(phone_.disk.path(u"0/Many/file 003.txt"_s)));
+    window_->browser().folders().forgetAll();
+    press(Qt::Key_Left, Qt::AltModifier);
+    ASSERT_TRUE(wait([this] { return isShown(u"file 004.txt"_s); }));
+    EXPECT_TRUE(selectedNames().isEmpty());
+}
+
+} // namespace
+} // namespace tessary

@@ -1,0 +1,120 @@
+#include "WindowFixture.h"
+
+#include "app/LanguageManager.h"
+#include "views/window/MenuMnemonics.h"
+
+#include <QMenuBar>
+
+namespace tessary {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// The window by keyboard, as users of other file managers expect it.
+class KeysTest : public WindowFixture {
+protected:
+    [[nodiscard]] QWidget* focus() const {
+        return QApplication::focusWidget();
+    }
+};
+
+TEST_F(KeysTest, beginInTheFilesAndComeBackFromTheSidebar) {
+    EXPECT_EQ(focus(), &table()) << "of the first phone";
+    QListView& places = list("shortcutList");
+    EXPECT_TRUE(wait([&] { // its place is found once what is above it has come
+        clickRow(places, 0);
+        return window_->browser().currentPath() == u"/sdcard/DCIM"_s;
+    }));
+    EXPECT_TRUE(window_->browserView().isAncestorOf(focus()));
+    clickRow(list("deviceList"), 0);
+    EXPECT_TRUE(window_->browserView().isAncestorOf(focus()));
+}
+
+TEST_F(KeysTest, theFirstArrowSelectsTheFirstEntryAndEscapeNothing) {
+    openFolder();
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(selectedNames().isEmpty());
+    press(Qt::Key_Down);
+    EXPECT_EQ(selectedNames(), QStringList(u"Trip"_s));
+    press(Qt::Key_Down);
+    EXPECT_EQ(selectedNames(), QStringList(u"alpha.txt"_s));
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(selectedNames().isEmpty());
+}
+
+TEST_F(KeysTest, backspaceLeadsUpFromPagesWithoutFiles) {
+    (void)phone_.disk.makeFolder(u"0/DCIM/Void"_s);
+    window_->browser().folders().forgetAll();
+    window_->browser().navigateTo(u"/sdcard/DCIM/Void"_s);
+    ASSERT_TRUE(wait(
+        [this] { return !window_->browser().isLoading() && window_->browser().items().empty(); }));
+    press(Qt::Key_Backspace);
+    ASSERT_TRUE(wait([this] { return isShown(u"alpha.txt"_s); })) << "from an empty folder";
+
+    window_->browser().navigateTo(u"/sdcard/Nowhere"_s);
+    ASSERT_TRUE(wait([this] { return window_->browser().state() == BrowserState::folderGone; }));
+    press(Qt::Key_Backspace);
+    EXPECT_TRUE(wait([this] { return isShown(u"readme.md"_s); })) << "from an error's page";
+    press(Qt::Key_Down);
+    EXPECT_FALSE(selectedNames().isEmpty()) << "the keys are the listing's again";
+}
+
+TEST_F(KeysTest, aFileOpensWithTheDesktopsProgram) {
+    openFolder();
+    doubleClick(u"alpha.txt"_s);
+    ASSERT_TRUE(wait([this] { return opened_.size() == 1; })) << "by a double click";
+    QFile file(opened_.front());
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), "a");
+    click(u"beta.txt"_s);
+    press(Qt::Key_Return);
+    EXPECT_TRUE(wait([this] { return opened_.size() == 2; })) << "by Return";
+    EXPECT_EQ(QFileInfo(opened_.back()).fileName(), u"beta.txt"_s);
+}
+
+TEST_F(KeysTest, theMenusOpenByTheirLettersAndByF10) {
+    const auto opens = [this] {
+        const bool hasOpened = wait([] { return QApplication::activePopupWidget() != nullptr; });
+        if (QWidget* popup = QApplication::activePopupWidget())
+            popup->close();
+        return hasOpened;
+    };
+    press(Qt::Key_F, Qt::AltModifier);
+    EXPECT_TRUE(opens());
+    activate();
+    press(Qt::Key_F10);
+    EXPECT_NE(window_->menuBar()->activeAction(), nullptr);
+}
+
+TEST(MenuMnemonics, everyMenuHasALetterOfItsOwn) {
+    const QList<std::pair<QStringList, QStringList>> rows{
+        {{u"File"_s, u"Edit"_s, u"View"_s, u"Go"_s, u"Help"_s},
+         {u"&File"_s, u"&Edit"_s, u"&View"_s, u"&Go"_s, u"&Help"_s}},
+        {{u"Datei"_s, u"Diashow"_s, u"Daten"_s}, {u"&Datei"_s, u"D&iashow"_s, u"D&aten"_s}},
+        {{u"ファイル"_s, u"編集"_s}, {u"ファイル(&F)"_s, u"編集(&E)"_s}},
+        {{u"&File"_s, u"ファイル(&F)"_s},
+         {u"&File"_s, u"ファイル(&E)"_s}}, // as they were marked before
+        {{u"aa"_s, u"aa"_s}, {u"&aa"_s, u"aa(&F)"_s}},
+    };
+    for (const auto& [titles, marked] : rows)
+        EXPECT_EQ(withMnemonics(titles), marked);
+}
+
+TEST_F(KeysTest, theMenusHaveLettersInEveryLanguage) {
+    for (const AppLanguage language : allAppLanguages) {
+        LanguageManager::shared().setSelectedLanguage(language);
+        QCoreApplication::processEvents();
+        QString letters;
+        for (const QAction* menu : window_->menuBar()->actions()) {
+            const QString& title = menu->text();
+            const qsizetype mark = title.indexOf(u'&');
+            ASSERT_GE(mark, 0) << title.toStdString();
+            EXPECT_FALSE(letters.contains(title[mark + 1].toUpper())) << title.toStdString();
+            letters.append(title[mark + 1].toUpper());
+        }
+    }
+    LanguageManager::shared().setSelectedLanguage(AppLanguage::system);
+}
+
+} // namespace
+} // namespace tessary
