@@ -3,6 +3,7 @@
 #include "support/Gate.h"
 #include "support/MainLoop.h"
 #include "transfer/CopySides.h"
+#include "transfer/queue/CopyHistory.h"
 
 #include <gmock/gmock.h>
 
@@ -228,6 +229,72 @@ TEST_F(CopyQueueTest, bytesOnTheWayAreCountedAgainstTheirTarget) {
     gate.open();
     finishAll();
     EXPECT_EQ(queue.bytesOnTheWayTo(here.files()->identity()), 0);
+}
+
+/// What broke off is gone on with in another run of the program, from its record.
+TEST_F(CopyQueueTest, aRecordSaysWhatHappenedAndGoesOn) {
+    const TemporaryFolder disk;
+    one.memory->fail(Operation::read, s("/side/d/e"), {PhoneError::accessDenied, {s("/side/d/e")}},
+                     1);
+    one.memory->failAfterBytes(Operation::read, s("/side/b"), 1000, {PhoneError::unplugged});
+    const QUuid a = copy(one, "a");
+    const QUuid d = copy(one, "d");
+    const QUuid b = copy(one, "b");
+    finishAll();
+    {
+        CopyHistory history(disk.path(s("new/history")));
+        for (const QUuid& id : {a, d, b, a})
+            history.add(queue.recordOf(id));
+    }
+    CopyHistory history(disk.path(s("new/history")));
+    ASSERT_EQ(history.find({}).size(), 3U);
+    EXPECT_EQ(history.find({})[0].job.id, a); // it was added last
+    ASSERT_EQ(history.find(s("SIDE/D ONE")).size(), 1U);
+    const CopyRecord left = history.find(s("side/d one"))[0];
+    EXPECT_EQ(left.job.status, Status::incomplete);
+    ASSERT_EQ(left.job.leftOut.size(), 1U);
+    EXPECT_EQ(left.job.leftOut[0].error, Error(PhoneError::accessDenied, {s("/side/d/e")}));
+    EXPECT_TRUE(history.brokenOffWith(s("another phone")).empty());
+    ASSERT_EQ(history.brokenOffWith(s("one")).size(), 1U);
+    const CopyRecord broken = history.brokenOffWith(s("one"))[0];
+    EXPECT_EQ(broken.job.error, Error(PhoneError::unplugged));
+    for (const CopyRecord& record : {left, broken})
+        queue.enqueue({.from = one.files(),
+                       .to = here.files(),
+                       .items = record.rest,
+                       .folder = record.job.targetFolder,
+                       .skipsSame = true});
+    finishAll();
+    EXPECT_EQ(here.contents(),
+              (Contents{{s("a"), "a"}, {s("b"), film}, {s("d/"), {}}, {s("d/e"), "e"}}));
+}
+
+TEST_F(CopyQueueTest, historyForgetsWhatIsOldAndSurvivesWhatIsBroken) {
+    const TemporaryFolder disk;
+    copy(one, "a");
+    finishAll();
+    CopyRecord record = queue.recordOf(queue.jobs()[0].id);
+    CopyRecord old = record;
+    old.job.id = QUuid::createUuid();
+    old.ended = record.ended.addDays(-CopyHistory::keptDays - 1);
+    {
+        CopyHistory history(disk.path());
+        history.add(old);
+        EXPECT_TRUE(history.find({}).empty());
+        history.add(record);
+        EXPECT_EQ(history.find({}).size(), 1U);
+    }
+    const QByteArray whole = disk.read(s("copies.json"));
+    for (qsizetype length = 0; length < whole.size(); length += 7) {
+        disk.write(s("copies.json"), whole.left(length));
+        EXPECT_TRUE(CopyHistory(disk.path()).find({}).empty()) << length;
+    }
+    disk.write(s("copies.json"), R"([{"id":1},7,{"direction":99},null,[]])");
+    CopyHistory history(disk.path());
+    history.add(record);
+    EXPECT_EQ(CopyHistory(disk.path()).find({}).size(), 1U);
+    history.clear();
+    EXPECT_TRUE(CopyHistory(disk.path()).find({}).empty());
 }
 
 TEST_F(CopyQueueTest, stoppingEndsWhatRunsAndStartsNothing) {

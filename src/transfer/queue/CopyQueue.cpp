@@ -92,6 +92,16 @@ qint64 CopyQueue::bytesOnTheWayTo(const QString& targetIdentity) const {
     return bytes;
 }
 
+CopyRecord CopyQueue::recordOf(const QUuid& id) const {
+    const int index = indexOf(id);
+    if (index < 0)
+        return {};
+    CopyRecord record{jobs_[static_cast<std::size_t>(index)], QDateTime::currentDateTime(), {}};
+    if (record.job.canGoOn())
+        record.rest = works_[id]->request.items;
+    return record;
+}
+
 QUuid CopyQueue::enqueue(TreeCopyRequest request, Finished onFinished) {
     MainThread::assertCurrent();
     Q_ASSERT(!request.items.empty());

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "transfer/queue/CopyJob.h"
+#include "transfer/queue/CopyRecord.h"
 #include "transfer/queue/CopyThreads.h"
 #include "transfer/queue/TransferSpeed.h"
 
@@ -54,6 +54,8 @@ public:
     [[nodiscard]] const CopySummary& summary() const {
         return summary_;
     }
+    /// What to remember of a job that has finished.
+    [[nodiscard]] CopyRecord recordOf(const QUuid& id) const;
     /// Bytes that wait or are under way to a target: they are not free there any more.
     [[nodiscard]] qint64 bytesOnTheWayTo(const QString& targetIdentity) const;
 

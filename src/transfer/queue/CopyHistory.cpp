@@ -1,0 +1,98 @@
+#include "transfer/queue/CopyHistory.h"
+
+#include "base/local/LocalError.h"
+#include "base/log/DiagnosticsLogger.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QSaveFile>
+
+#include <algorithm>
+
+namespace tessary {
+
+namespace {
+
+const QLatin1StringView fileName{"copies.json"};
+constexpr qint64 longestFile = qint64{64} * 1024 * 1024;
+
+} // namespace
+
+CopyHistory::CopyHistory(QString folder) : folder_(std::move(folder)) {}
+
+void CopyHistory::load() {
+    if (std::exchange(isLoaded_, true))
+        return;
+    QFile file(QDir(folder_).filePath(fileName));
+    if (!file.open(QIODevice::ReadOnly) || file.size() > longestFile)
+        return;
+    QJsonParseError problem;
+    const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &problem);
+    if (problem.error != QJsonParseError::NoError)
+        DiagnosticsLogger::shared().transfer.error("the copies' history is unreadable: %s",
+                                                   {problem.errorString()});
+    for (const QJsonValue& one : document.array())
+        if (auto record = copyRecordFromJson(one.toObject()))
+            records_.push_back(*std::move(record));
+}
+
+void CopyHistory::save() {
+    const QDateTime oldest = QDateTime::currentDateTime().addDays(-keptDays);
+    std::erase_if(records_, [&oldest](const CopyRecord& one) { return one.ended < oldest; });
+    if (records_.size() > mostRecords)
+        records_.resize(mostRecords);
+    QJsonArray all;
+    for (const CopyRecord& record : records_)
+        all.append(toJson(record));
+    QDir().mkpath(folder_);
+    QSaveFile file(QDir(folder_).filePath(fileName));
+    const QByteArray json = QJsonDocument(all).toJson(QJsonDocument::Compact);
+    if (!file.open(QIODevice::WriteOnly) ||
+        !file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner) ||
+        file.write(json) != json.size() || !file.commit())
+        throw Error(LocalError::cannotWrite, {file.fileName(), file.errorString()});
+}
+
+void CopyHistory::add(CopyRecord record) {
+    const std::scoped_lock lock(mutex_);
+    load();
+    std::erase_if(records_,
+                  [&record](const CopyRecord& one) { return one.job.id == record.job.id; });
+    if (record.job.leftOut.size() > CopyRecord::mostLeftOut)
+        record.job.leftOut.erase(record.job.leftOut.begin() + CopyRecord::mostLeftOut,
+                                 record.job.leftOut.end());
+    records_.insert(records_.begin(), std::move(record));
+    save();
+}
+
+std::vector<CopyRecord> CopyHistory::find(const QString& search) {
+    const std::scoped_lock lock(mutex_);
+    load();
+    std::vector<CopyRecord> found;
+    std::copy_if(records_.begin(), records_.end(), std::back_inserter(found),
+                 [&search](const CopyRecord& one) { return one.matches(search); });
+    return found;
+}
+
+std::vector<CopyRecord> CopyHistory::brokenOffWith(const QString& identity) {
+    const std::scoped_lock lock(mutex_);
+    load();
+    std::vector<CopyRecord> found;
+    std::copy_if(records_.begin(), records_.end(), std::back_inserter(found),
+                 [&identity](const CopyRecord& one) {
+                     return one.job.hasLostPhone() && !one.rest.empty() &&
+                            (one.job.source == identity || one.job.target == identity);
+                 });
+    return found;
+}
+
+void CopyHistory::clear() {
+    const std::scoped_lock lock(mutex_);
+    isLoaded_ = true;
+    records_.clear();
+    save();
+}
+
+} // namespace tessary

@@ -1,0 +1,154 @@
+#include "transfer/queue/CopyRecord.h"
+
+#include "base/local/LocalError.h"
+#include "phone/PhoneError.h"
+
+#include <QJsonArray>
+
+#include <algorithm>
+
+namespace tessary {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+QJsonObject toJson(const Error& error) {
+    QJsonArray arguments;
+    for (const QVariant& argument : error.arguments())
+        arguments.append(argument.toString());
+    return {{u"layer"_s, static_cast<int>(error.code().layer())},
+            {u"code"_s, error.code().value()},
+            {u"arguments"_s, arguments}};
+}
+
+/// An error of a protocol or of a later version is remembered as a refusal.
+Error errorFromJson(const QJsonObject& json) {
+    QVariantList arguments;
+    for (const QJsonValue& argument : json[u"arguments"_s].toArray())
+        arguments.append(argument.toString());
+    const auto layer = static_cast<ErrorLayer>(json[u"layer"_s].toInt(-1));
+    const int code = json[u"code"_s].toInt(-1);
+    if (layer == ErrorLayer::phone && code >= 0 && code <= static_cast<int>(PhoneError::full))
+        return {static_cast<PhoneError>(code), arguments};
+    if (layer == ErrorLayer::local && code >= 0 && code <= static_cast<int>(LocalError::full))
+        return {static_cast<LocalError>(code), arguments};
+    return {PhoneError::refused, arguments};
+}
+
+QJsonObject toJson(const CopyItem& item) {
+    QJsonObject json{{u"name"_s, item.name},
+                     {u"folder"_s, item.folder},
+                     {u"source"_s, item.item.path},
+                     {u"sourceName"_s, item.item.name},
+                     {u"isFolder"_s, item.item.isDirectory},
+                     {u"size"_s, item.item.size},
+                     {u"isContinued"_s, item.isContinued}};
+    if (item.item.modifiedDate)
+        json[u"modified"_s] = item.item.modifiedDate->toMSecsSinceEpoch();
+    return json;
+}
+
+/// Without its handle, which another session does not know.
+CopyItem itemFromJson(const QJsonObject& json) {
+    std::optional<QDateTime> modified;
+    if (json.contains(u"modified"_s))
+        modified = QDateTime::fromMSecsSinceEpoch(json[u"modified"_s].toInteger());
+    return {FileItem(json[u"sourceName"_s].toString(), json[u"source"_s].toString(),
+                     json[u"isFolder"_s].toBool(), json[u"size"_s].toInteger(), modified),
+            json[u"name"_s].toString(), json[u"folder"_s].toString(),
+            json[u"isContinued"_s].toBool()};
+}
+
+} // namespace
+
+bool CopyRecord::matches(const QString& search) const {
+    QStringList names{job.name, job.phone, job.sourcePath, job.targetFolder};
+    names += job.made;
+    for (const LeftOut& one : job.leftOut)
+        names << one.item.item.path;
+    const QStringList words = search.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    return std::all_of(words.begin(), words.end(), [&names](const QString& word) {
+        return std::any_of(names.begin(), names.end(), [&word](const QString& name) {
+            return name.contains(word, Qt::CaseInsensitive);
+        });
+    });
+}
+
+QJsonObject toJson(const CopyRecord& record) {
+    const CopyJob& job = record.job;
+    QJsonArray leftOut;
+    for (const LeftOut& one : job.leftOut) {
+        if (static_cast<std::size_t>(leftOut.size()) == CopyRecord::mostLeftOut)
+            break;
+        leftOut.append(QJsonObject{{u"item"_s, toJson(one.item)}, {u"error"_s, toJson(one.error)}});
+    }
+    QJsonArray rest;
+    for (const CopyItem& item : record.rest)
+        rest.append(toJson(item));
+    QJsonObject json{{u"id"_s, job.id.toString()},
+                     {u"ended"_s, record.ended.toMSecsSinceEpoch()},
+                     {u"direction"_s, static_cast<int>(job.direction)},
+                     {u"status"_s, static_cast<int>(job.status)},
+                     {u"name"_s, job.name},
+                     {u"things"_s, job.things},
+                     {u"isFolder"_s, job.isFolder},
+                     {u"sourcePath"_s, job.sourcePath},
+                     {u"targetFolder"_s, job.targetFolder},
+                     {u"phone"_s, job.phone},
+                     {u"source"_s, job.source},
+                     {u"target"_s, job.target},
+                     {u"files"_s, job.progress.completedFiles},
+                     {u"bytes"_s, job.progress.completedBytes},
+                     {u"totalFiles"_s, job.progress.totalFiles},
+                     {u"totalBytes"_s, job.progress.totalBytes},
+                     {u"alreadyThere"_s, job.alreadyThere},
+                     {u"made"_s, QJsonArray::fromStringList(job.made)},
+                     {u"leftOut"_s, leftOut},
+                     {u"rest"_s, rest}};
+    if (job.error)
+        json[u"error"_s] = toJson(*job.error);
+    return json;
+}
+
+std::optional<CopyRecord> copyRecordFromJson(const QJsonObject& json) {
+    CopyRecord record;
+    CopyJob& job = record.job;
+    job.id = QUuid(json[u"id"_s].toString());
+    record.ended = QDateTime::fromMSecsSinceEpoch(json[u"ended"_s].toInteger(-1));
+    const int direction = json[u"direction"_s].toInt(-1);
+    const int status = json[u"status"_s].toInt(-1);
+    if (job.id.isNull() || direction < 0 ||
+        direction > static_cast<int>(CopyJob::Direction::onComputer) || status < 0 ||
+        status > static_cast<int>(CopyJob::Status::cancelled))
+        return std::nullopt;
+    job.direction = static_cast<CopyJob::Direction>(direction);
+    job.status = static_cast<CopyJob::Status>(status);
+    if (!job.isFinished())
+        return std::nullopt;
+    job.name = json[u"name"_s].toString();
+    job.things = json[u"things"_s].toInt(1);
+    job.isFolder = json[u"isFolder"_s].toBool();
+    job.sourcePath = json[u"sourcePath"_s].toString();
+    job.targetFolder = json[u"targetFolder"_s].toString();
+    job.phone = json[u"phone"_s].toString();
+    job.source = json[u"source"_s].toString();
+    job.target = json[u"target"_s].toString();
+    job.progress.completedFiles = json[u"files"_s].toInteger();
+    job.progress.completedBytes = json[u"bytes"_s].toInteger();
+    job.progress.totalFiles = json[u"totalFiles"_s].toInteger();
+    job.progress.totalBytes = json[u"totalBytes"_s].toInteger();
+    job.alreadyThere = json[u"alreadyThere"_s].toInteger();
+    for (const QJsonValue& path : json[u"made"_s].toArray())
+        job.made << path.toString();
+    for (const QJsonValue& one : json[u"leftOut"_s].toArray())
+        job.leftOut.push_back(
+            {itemFromJson(one[u"item"_s].toObject()), errorFromJson(one[u"error"_s].toObject())});
+    if (json.contains(u"error"_s))
+        job.error = errorFromJson(json[u"error"_s].toObject());
+    for (const QJsonValue& item : json[u"rest"_s].toArray())
+        record.rest.push_back(itemFromJson(item.toObject()));
+    return record;
+}
+
+} // namespace tessary
