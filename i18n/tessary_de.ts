@@ -87,6 +87,14 @@
         <source>Preview</source>
         <translation>Vorschau</translation>
     </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>

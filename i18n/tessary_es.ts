@@ -87,6 +87,14 @@
         <source>Preview</source>
         <translation>Vista previa</translation>
     </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copiar</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Pegar</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>

@@ -87,6 +87,14 @@
         <source>Preview</source>
         <translation>Aperçu</translation>
     </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copier</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Coller</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>

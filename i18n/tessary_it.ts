@@ -87,6 +87,14 @@
         <source>Preview</source>
         <translation>Anteprima</translation>
     </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copia</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Incolla</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>

@@ -87,6 +87,14 @@
         <source>Preview</source>
         <translation>プレビュー</translation>
     </message>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>貼り付け</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>

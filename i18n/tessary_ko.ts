@@ -87,6 +87,14 @@
         <source>Preview</source>
         <translation>미리 보기</translation>
     </message>
+    <message>
+        <source>Copy</source>
+        <translation>복사</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>붙여넣기</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>

@@ -87,6 +87,14 @@
         <source>Preview</source>
         <translation>Pré-visualização</translation>
     </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copiar</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Colar</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>

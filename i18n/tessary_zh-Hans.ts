@@ -87,6 +87,14 @@
         <source>Preview</source>
         <translation>预览</translation>
     </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>粘贴</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>

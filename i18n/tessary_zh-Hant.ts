@@ -87,6 +87,14 @@
         <source>Preview</source>
         <translation>預覽</translation>
     </message>
+    <message>
+        <source>Copy</source>
+        <translation>複製</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>貼上</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>

@@ -43,8 +43,6 @@ public:
     [[nodiscard]] Guarded<VirtualBehaviour>& behaviour() {
         return behaviour_;
     }
-    /// Tells the host of something. Without an attachment nobody hears it.
-    void sendEvent(std::uint16_t code, std::uint32_t parameter);
     void setBattery(int percent) {
         battery_ = percent;
     }
@@ -133,8 +131,7 @@ private:
     std::uint32_t lastTransactionID_ = 0;
     std::optional<Pending> pending_;
 
-    std::mutex threadMutex_; ///< guards both
-    std::weak_ptr<VirtualUSBPort> port_;
+    std::mutex threadMutex_; ///< guards thread_
     std::jthread thread_;
 };
 

@@ -54,6 +54,9 @@ TEST_F(UpdateCheckerServiceTest, aNewerVersionIsOfferedUntilItIsSkipped) {
     checker_->skipVersion(u"1.10"_s);
     EXPECT_TRUE(isSilent());
     EXPECT_FALSE(isOffered("1.10"));
+    check(true);
+    EXPECT_FALSE(isSilent()) << "who asks is told of it all the same";
+    checker_->dismissUpdate();
     EXPECT_TRUE(isOffered("1.11"));
     EXPECT_FALSE(isOffered("1.9"));
     check(true);

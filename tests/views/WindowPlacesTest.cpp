@@ -96,5 +96,20 @@ TEST_F(WindowPlacesTest, whatIsDraggedOutIsWholeOrNothing) {
     EXPECT_TRUE(both.isEmpty() || outputOf(u"ls"_s, both.back()) == "one.txt\n");
 }
 
+TEST_F(WindowPlacesTest, shortcutsLeadOnlyToFoldersThatAreThere) {
+    const auto shortcuts = [this] {
+        QStringList names;
+        const QAbstractItemModel& model = *list("shortcutList").model();
+        for (int i = 0; i < model.rowCount(); ++i)
+            names.append(model.index(i, 0).data().toString());
+        return names;
+    };
+    EXPECT_TRUE(wait([&] { return shortcuts() == QStringList{u"Camera & Photos"_s}; }))
+        << shortcuts().join(u", "_s).toStdString();
+    phone_.write(u"Music/song.mp3"_s, "la");
+    press(Qt::Key_F5);
+    EXPECT_TRUE(wait([&] { return shortcuts().contains(u"Music"_s); })) << "once it is there";
+}
+
 } // namespace
 } // namespace tessary

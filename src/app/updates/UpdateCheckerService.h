@@ -64,7 +64,7 @@ public:
     [[nodiscard]] bool checksAutomatically() const;
     void setChecksAutomatically(bool on);
 
-    /// Does not offer this version again.
+    /// Does not offer this version again, unless the user asks.
     void skipVersion(const QString& version);
     /// Puts the offer, or the notice, away until the next check.
     void dismissUpdate();

@@ -42,9 +42,9 @@ QList<QKeySequence> keys(auto... sequences) {
     return {QKeySequence(sequences)...};
 }
 
-const std::array<Row, 21>& commands() {
+const std::array<Row, 23>& commands() {
     using Actions = BrowserActions;
-    static const std::array<Row, 21> rows{{
+    static const std::array<Row, 23> rows{{
         {&Actions::back, "go-previous", QT_TRANSLATE_NOOP("BrowserActions", "Back"), keys(backKey)},
         {&Actions::forward, "go-next", QT_TRANSLATE_NOOP("BrowserActions", "Forward"),
          keys(forwardKey)},
@@ -57,6 +57,10 @@ const std::array<Row, 21>& commands() {
          keys(openKey)},
         {&Actions::newFolder, "folder-new", QT_TRANSLATE_NOOP("BrowserActions", "New Folder"),
          keys(Qt::CTRL | Qt::SHIFT | Qt::Key_N)},
+        {&Actions::copy, "edit-copy", QT_TRANSLATE_NOOP("BrowserActions", "Copy"),
+         keys(QKeySequence::Copy)},
+        {&Actions::paste, "edit-paste", QT_TRANSLATE_NOOP("BrowserActions", "Paste"),
+         keys(QKeySequence::Paste)},
         {&Actions::rename, "edit-rename", QT_TRANSLATE_NOOP("BrowserActions", "Rename"),
          keys(Qt::Key_F2)},
         {&Actions::remove, "edit-delete", QT_TRANSLATE_NOOP("BrowserActions", "Delete"),
@@ -115,7 +119,7 @@ BrowserActions::BrowserActions(QWidget& owner) {
     }
     asList->setChecked(true);
     // A key that also edits text belongs to the field that has the focus.
-    for (QAction* action : {remove, selectAll, rename})
+    for (QAction* action : {remove, selectAll, rename, copy, paste})
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     // Space has other uses wherever there are no files.
     quickLook->setShortcutContext(Qt::WidgetShortcut);

@@ -19,6 +19,8 @@ struct BrowserActions {
     QAction* reload;
     QAction* open;
     QAction* newFolder;
+    QAction* copy;
+    QAction* paste;
     QAction* rename;
     QAction* remove;
     QAction* download;

@@ -113,6 +113,8 @@ void BrowserView::connectActions() {
     on(actions_.download, [this] { copies_.downloadSelected(); });
     on(actions_.uploadFiles, [this] { copies_.chooseAndUploadFiles(); });
     on(actions_.uploadFolder, [this] { copies_.chooseAndUploadFolder(); });
+    on(actions_.copy, [this] { entries_.copy(); });
+    on(actions_.paste, [this] { copies_.paste(); });
     on(actions_.selectAll, [this] { browser_.selectAll(); });
     on(actions_.asList, [this] { setGrid(false); });
     on(actions_.asGrid, [this] { setGrid(true); });
@@ -318,11 +320,11 @@ void BrowserView::updateActions() {
     actions_.up->setEnabled(isUsable && browser_.canNavigateUp());
     for (QAction* action :
          {actions_.goTo, actions_.reload, actions_.newFolder, actions_.uploadFiles,
-          actions_.uploadFolder, actions_.selectAll, actions_.find})
+          actions_.uploadFolder, actions_.paste, actions_.selectAll, actions_.find})
         action->setEnabled(isUsable);
     actions_.rename->setEnabled(isUsable && selected == 1);
-    for (QAction* action : {actions_.open, actions_.remove, actions_.download, actions_.quickLook,
-                            actions_.properties})
+    for (QAction* action : {actions_.open, actions_.copy, actions_.remove, actions_.download,
+                            actions_.quickLook, actions_.properties})
         action->setEnabled(isUsable && selected > 0);
     actions_.apps->setVisible(isInApp());
     const QString path = entries_.favoriteCandidate().second;

@@ -1,11 +1,15 @@
 #include "views/browser/CopyCommands.h"
 
+#include "browser/listing/EntryMimeData.h"
 #include "views/browser/ShownFolder.h"
 #include "views/dialogs/ClashQuestion.h"
 
+#include <QClipboard>
 #include <QFileDialog>
+#include <QGuiApplication>
 #include <QPointer>
 #include <QStandardPaths>
+#include <QUrl>
 
 namespace tessary {
 
@@ -52,6 +56,22 @@ void CopyCommands::chooseAndUploadFolder() {
     const QString folder = dialogs_.chooseFolder(&parent_);
     if (!folder.isEmpty() && asked.isStillShown())
         upload({folder});
+}
+
+void CopyCommands::paste() {
+    const QMimeData* copied = QGuiApplication::clipboard()->mimeData();
+    const auto* entries = qobject_cast<const EntryMimeData*>(copied);
+    const bool isOwn = entries != nullptr && browser_.files() != nullptr &&
+                       entries->identity() == browser_.files()->identity();
+    if (copied == nullptr || isOwn)
+        return;
+    const ShownFolder asked(browser_);
+    QStringList paths;
+    for (const QUrl& url : copied->urls())
+        if (url.isLocalFile())
+            paths.append(url.toLocalFile());
+    if (!paths.isEmpty() && asked.isStillShown())
+        upload(paths);
 }
 
 void CopyCommands::upload(const QStringList& paths, const QString& intoFolderId) {

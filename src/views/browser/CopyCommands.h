@@ -30,6 +30,10 @@ public:
     void downloadSelected();
     void chooseAndUploadFiles();
     void chooseAndUploadFolder();
+    /// Copies the files on the clipboard into the folder shown: those of this computer, and those
+    /// of another phone. What is on this phone itself is left alone: it cannot be read while it is
+    /// written to.
+    void paste();
     /// Into the folder shown, or into one of its folders.
     void upload(const QStringList& paths, const QString& intoFolderId = {});
 

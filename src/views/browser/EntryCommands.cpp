@@ -7,9 +7,12 @@
 #include "views/common/PlainText.h"
 #include "views/dialogs/PreviewWindow.h"
 #include "views/dialogs/PropertiesDialog.h"
+#include "views/listing/DragOut.h"
 
 #include <QAbstractItemView>
+#include <QClipboard>
 #include <QDesktopServices>
+#include <QGuiApplication>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
@@ -77,6 +80,13 @@ void EntryCommands::open() {
     });
 }
 
+void EntryCommands::copy() {
+    std::vector<FileItem> items = browser_.selectedEntries();
+    if (!items.empty() && browser_.files())
+        QGuiApplication::clipboard()->setMimeData(
+            new DragOutData(browser_, browser_.files()->identity(), std::move(items)));
+}
+
 void EntryCommands::preview() {
     if (preview_ == nullptr)
         preview_ = new PreviewWindow(browser_, views_.columns, &parent_);
@@ -127,7 +137,8 @@ void EntryCommands::remove() {
 void EntryCommands::addTo(QMenu& menu, const BrowserActions& actions) const {
     const auto selected = browser_.selectedEntries();
     if (selected.empty()) {
-        for (QAction* action : {actions.newFolder, actions.uploadFiles, actions.uploadFolder})
+        for (QAction* action :
+             {actions.newFolder, actions.paste, actions.uploadFiles, actions.uploadFolder})
             menu.addAction(action);
         menu.addSeparator();
         menu.addAction(actions.favorite);
@@ -137,6 +148,7 @@ void EntryCommands::addTo(QMenu& menu, const BrowserActions& actions) const {
     const bool isOneFolder = selected.size() == 1 && selected.front().isDirectory;
     menu.addAction(actions.open);
     menu.addAction(actions.quickLook);
+    menu.addAction(actions.copy);
     menu.addAction(actions.download);
     if (isOneFolder)
         menu.addAction(actions.favorite);

@@ -54,6 +54,8 @@ public:
     /// Enters a folder. A file opens with the program that the desktop has for it, once it is here.
     void open();
     void preview();
+    /// Puts the selected entries on the clipboard: other programs, and other phones, get copies.
+    void copy();
     void rename();
     void remove();
     void showProperties();

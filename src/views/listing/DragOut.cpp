@@ -9,6 +9,8 @@ namespace tessary {
 namespace {
 
 constexpr QLatin1StringView uriList("text/uri-list");
+/// What file managers of GNOME put beside it: a word, and a line each address.
+constexpr QLatin1StringView gnomeFiles("x-special/gnome-copied-files");
 
 QStringList idsOf(const std::vector<FileItem>& items) {
     QStringList ids;
@@ -38,15 +40,15 @@ DragOutData::~DragOutData() {
 }
 
 bool DragOutData::hasFormat(const QString& mimeType) const {
-    return mimeType == uriList || EntryMimeData::hasFormat(mimeType);
+    return mimeType == uriList || mimeType == gnomeFiles || EntryMimeData::hasFormat(mimeType);
 }
 
 QStringList DragOutData::formats() const {
-    return EntryMimeData::formats() + QStringList{QString(uriList)};
+    return EntryMimeData::formats() + QStringList{QString(uriList), QString(gnomeFiles)};
 }
 
 QVariant DragOutData::retrieveData(const QString& mimeType, QMetaType type) const {
-    if (mimeType != uriList)
+    if (mimeType != uriList && mimeType != gnomeFiles)
         return EntryMimeData::retrieveData(mimeType, type);
     const std::shared_ptr<Copies> copies = copies_;
     QElapsedTimer clock;
@@ -57,7 +59,12 @@ QVariant DragOutData::retrieveData(const QString& mimeType, QMetaType type) cons
         QTimer::singleShot(20, &loop, &QEventLoop::quit);
         loop.exec(QEventLoop::ExcludeUserInputEvents);
     }
-    return copies->urls;
+    if (mimeType == uriList)
+        return copies->urls;
+    QByteArray text("copy");
+    for (const QVariant& url : copies->urls)
+        text += '\n' + url.toUrl().toEncoded();
+    return text;
 }
 
 } // namespace tessary

@@ -1,6 +1,7 @@
 #include "views/sidebar/Sidebar.h"
 
 #include "app/LanguageManager.h"
+#include "base/text/PathNames.h"
 #include "views/common/Icons.h"
 #include "views/sidebar/DeviceDelegate.h"
 #include "views/sidebar/ModeSwitch.h"
@@ -164,9 +165,21 @@ void Sidebar::showPlaces() {
     mode_->showDevice(device_);
     favoriteModel_.showDevice(device_ ? device_->udid : QString(), source_);
     favoriteList_->setVisible(device_.has_value());
-    shortcutModel_.setPlaces(device_ ? shortcutsOf(*device_) : std::vector<Place>());
+    std::vector<Place> shortcuts = device_ ? shortcutsOf(*device_) : std::vector<Place>();
+    if (knownFolders_)
+        std::erase_if(shortcuts, [this](const Place& place) {
+            return !knownFolders_->contains(lastComponent(place.path));
+        });
+    shortcutModel_.setPlaces(std::move(shortcuts));
     volumeModel_.setPlaces(device_ ? volumesOf(*device_) : std::vector<Place>());
     showFolder(folder_);
+}
+
+void Sidebar::setKnownFolders(const std::optional<QSet<QString>>& names) {
+    if (names == knownFolders_)
+        return;
+    knownFolders_ = names;
+    showPlaces();
 }
 
 void Sidebar::setDrops(const EntryDrop& drops) {

@@ -3,6 +3,7 @@
 #include "views/sidebar/DeviceListModel.h"
 #include "views/sidebar/PlaceListModel.h"
 
+#include <QSet>
 #include <QWidget>
 
 #include <functional>
@@ -40,6 +41,9 @@ public:
     }
     /// Shows the places of this device, or none. `source` is what is being browsed of it.
     void showDevice(const std::optional<DeviceInfo>& device, const FavoriteSource& source);
+    /// The folders of the device's main storage, once they are known: shortcuts to others are not
+    /// shown.
+    void setKnownFolders(const std::optional<QSet<QString>>& names);
     /// What makes the places targets of drops. It must outlive the sidebar.
     void setDrops(const EntryDrop& drops);
     /// Marks the place that is this folder.
@@ -58,6 +62,7 @@ private:
     std::optional<DeviceInfo> device_;
     FavoriteSource source_;
     QString folder_;
+    std::optional<QSet<QString>> knownFolders_;
     QListView* deviceList_;
     QLabel* noDevices_;
     ModeSwitch* mode_;

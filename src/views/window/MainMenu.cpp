@@ -55,7 +55,8 @@ void makeMainMenus(QMenuBar& bar, const BrowserActions& actions, const MainMenuW
     addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "File"),
             {a.newFolder, a.open, a.download, a.uploadFiles, a.uploadFolder, a.sync, nullptr,
              a.quickLook, a.properties, nullptr, settings, nullptr, quit});
-    addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "Edit"), {a.rename, a.remove, a.selectAll, a.find});
+    addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "Edit"),
+            {a.copy, a.paste, nullptr, a.rename, a.remove, nullptr, a.selectAll, a.find});
     addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "View"), {a.asList, a.asGrid, nullptr, a.reload});
     addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "Go"),
             {a.back, a.forward, a.up, a.goTo, a.apps, nullptr, a.favorite, nullptr, wireless});

@@ -149,6 +149,7 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
     });
     connect(&browser_, &FileBrowserViewModel::errorChanged, this, &MainWindow::showBanner);
     connect(&browser_, &FileBrowserViewModel::stateChanged, this, [this] {
+        sidebar_->setKnownFolders(knownFolders());
         showPage();
         showBanner();
     });
@@ -440,6 +441,20 @@ void MainWindow::showPage() {
         wasFocused_ = wasFocused_ || pages_->currentWidget() == browserView_;
         pages_->currentWidget()->setFocus();
     }
+}
+
+/// The names of the folders in the main storage of the phone that is browsed, once it was listed.
+std::optional<QSet<QString>> MainWindow::knownFolders() {
+    if (!browser_.files())
+        return std::nullopt;
+    const auto items = browser_.folders().recall(*browser_.files(), QStringLiteral("/sdcard"));
+    if (!items)
+        return std::nullopt;
+    QSet<QString> names;
+    for (const FileItem& item : *items)
+        if (item.isDirectory)
+            names.insert(item.name);
+    return names;
 }
 
 /// What keeps the files of the phone from being shown at all.

@@ -83,6 +83,7 @@ private:
     void openFavorite(const DeviceFavorite& favorite);
     void showPage();
     void showBanner();
+    [[nodiscard]] std::optional<QSet<QString>> knownFolders();
     [[nodiscard]] std::optional<DeviceTrouble> troubleInTheWay() const;
     void releaseDevice();
 
