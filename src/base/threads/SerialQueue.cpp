@@ -85,9 +85,12 @@ void SerialQueue::waitFor(const std::shared_ptr<Task>& task, const std::stop_tok
     const std::shared_ptr<State> state = state_;
     std::unique_lock lock(state->mutex);
     const auto isDone = [&] { return task->stage == Task::Stage::done; };
-    // The wait ends early when a stop is asked for; a sign of life prolongs it.
-    while (!isDone() && !stop.stop_requested() && Clock::now() < state->end())
-        state->changed.wait_until(lock, stop, state->end(), isDone);
+    // The wait ends early when a stop is asked for; a sign of life prolongs it. Who finds the queue
+    // stuck waits a moment: what it was stuck in may just have been ended.
+    const auto atLeast = Clock::now() + state->patience.afterStop;
+    const auto end = [&] { return std::max(state->end(), atLeast); };
+    while (!isDone() && !stop.stop_requested() && Clock::now() < end())
+        state->changed.wait_until(lock, stop, end(), isDone);
     if (!isDone() && stop.stop_requested() && task->stage == Task::Stage::running)
         state->changed.wait_for(lock, state->patience.afterStop, isDone);
     if (isDone())

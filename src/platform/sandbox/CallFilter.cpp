@@ -91,10 +91,12 @@ constexpr std::initializer_list<int> lookUpCalls{
     SCMP_SYS(fstatfs),    SCMP_SYS(fadvise64),
 };
 
+/// A daemon's socket is looked at before it is connected to: that it is there may be known.
 constexpr std::initializer_list<int> streamCalls{
-    SCMP_SYS(connect),    SCMP_SYS(sendto),     SCMP_SYS(recvfrom),    SCMP_SYS(sendmsg),
-    SCMP_SYS(recvmsg),    SCMP_SYS(shutdown),   SCMP_SYS(getsockname), SCMP_SYS(getpeername),
-    SCMP_SYS(getsockopt), SCMP_SYS(setsockopt),
+    SCMP_SYS(stat),       SCMP_SYS(lstat),       SCMP_SYS(newfstatat),  SCMP_SYS(connect),
+    SCMP_SYS(sendto),     SCMP_SYS(recvfrom),    SCMP_SYS(sendmsg),     SCMP_SYS(recvmsg),
+    SCMP_SYS(shutdown),   SCMP_SYS(getsockname), SCMP_SYS(getpeername), SCMP_SYS(getsockopt),
+    SCMP_SYS(setsockopt),
 };
 
 /// Wide enough for each argument of a call, whatever its type is.

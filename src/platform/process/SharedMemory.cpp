@@ -1,0 +1,55 @@
+#include "platform/process/SharedMemory.h"
+
+#include <cerrno>
+#include <system_error>
+
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace tessary {
+
+namespace {
+
+[[noreturn]] void fail(int error) {
+    throw std::system_error(error, std::generic_category(), "cannot share memory");
+}
+
+} // namespace
+
+SharedMemory::SharedMemory(std::size_t size)
+    : descriptor_(::memfd_create("tessary", MFD_CLOEXEC | MFD_ALLOW_SEALING)) {
+    if (descriptor_ < 0)
+        fail(errno);
+    // Sealed: a child that made it shorter would end whoever reads on.
+    const bool isMade = ::ftruncate(descriptor_, static_cast<off_t>(size)) == 0 &&
+                        ::fcntl(descriptor_, F_ADD_SEALS, F_SEAL_SHRINK | F_SEAL_SEAL) == 0;
+    const int error = errno;
+    try {
+        if (!isMade)
+            fail(error);
+        bytes_ = map(descriptor_, size);
+    } catch (...) {
+        ::close(descriptor_);
+        throw;
+    }
+}
+
+SharedMemory::~SharedMemory() {
+    ::close(descriptor_);
+}
+
+std::shared_ptr<std::byte> SharedMemory::map(int descriptor, std::size_t size) {
+    struct stat facts {};
+    if (::fstat(descriptor, &facts) != 0)
+        fail(errno);
+    if (facts.st_size != static_cast<off_t>(size))
+        fail(EINVAL);
+    void* bytes = ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED, descriptor, 0);
+    if (bytes == MAP_FAILED)
+        fail(errno);
+    return {static_cast<std::byte*>(bytes), [size](std::byte* mapped) { ::munmap(mapped, size); }};
+}
+
+} // namespace tessary

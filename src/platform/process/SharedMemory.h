@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+
+namespace tessary {
+
+/// Memory that this process and a child of it have in common, zeros at first.
+class SharedMemory {
+public:
+    /// std::system_error when there is none to be had.
+    explicit SharedMemory(std::size_t size);
+    ~SharedMemory();
+    SharedMemory(const SharedMemory&) = delete;
+    SharedMemory& operator=(const SharedMemory&) = delete;
+
+    /// What the child inherits to map it.
+    [[nodiscard]] int descriptor() const {
+        return descriptor_;
+    }
+    /// The memory itself, which stays as long as somebody has this.
+    [[nodiscard]] const std::shared_ptr<std::byte>& bytes() const {
+        return bytes_;
+    }
+
+    /// Maps what was inherited. std::system_error when it is not `size` bytes of memory.
+    [[nodiscard]] static std::shared_ptr<std::byte> map(int descriptor, std::size_t size);
+
+private:
+    int descriptor_ = -1;
+    std::shared_ptr<std::byte> bytes_;
+};
+
+} // namespace tessary
