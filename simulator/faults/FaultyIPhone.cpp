@@ -57,6 +57,14 @@ public:
         });
     }
 
+    std::optional<VirtualRawAnswer> rawAnswer(const QString& request) override {
+        return faults.update(
+            [&request](const VirtualIPhoneFaults& now) -> std::optional<VirtualRawAnswer> {
+                const auto found = now.rawAnswers.find(request);
+                return found == now.rawAnswers.end() ? std::nullopt : std::optional(found->second);
+            });
+    }
+
     std::optional<QString> handshakeError() override {
         return faults.update([](VirtualIPhoneFaults& now) -> std::optional<QString> {
             if (now.handshakesToFail == 0)

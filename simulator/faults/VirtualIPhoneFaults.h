@@ -64,6 +64,9 @@ struct VirtualIPhoneFaults {
     std::chrono::milliseconds delayEach{0}; ///< the same for every request
     double megabytesPerSecond = 0;          ///< of 10^6 bytes of file content; 0 for no limit
 
+    /// Sent in the place of the answers to a request.
+    std::map<QString, VirtualRawAnswer> rawAnswers;
+
     std::optional<VirtualIPhoneByteFault> byteFault;
     std::optional<VirtualIPhoneRequestFault> requestFault;
 };

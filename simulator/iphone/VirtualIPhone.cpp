@@ -232,6 +232,13 @@ bool VirtualIPhone::begin(PhoneStream& stream, const QString& request, const QSt
 }
 
 bool VirtualIPhone::answering(PhoneStream& stream, const QString& request) {
+    if (const auto raw = hooks_->rawAnswer(request)) {
+        const auto* bytes = reinterpret_cast<const std::byte*>(raw->bytes.constData());
+        const ByteView all(bytes, static_cast<std::size_t>(raw->bytes.size()));
+        while (stream.write(all) && raw->isEndless) {
+        }
+        return false;
+    }
     const auto what = hooks_->cutAt(request, true);
     return !what || cut(stream, *what);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
@@ -17,6 +18,12 @@ enum class VirtualCut {
     unplug, ///< the phone goes: all its connections end
     close,  ///< this connection ends
     stall,  ///< nothing moves any more
+};
+
+/// Bytes of any kind.
+struct VirtualRawAnswer {
+    QByteArray bytes;
+    bool isEndless = false; ///< again and again, until the other side ends it
 };
 
 enum class VirtualDirection { toHost, toPhone };
@@ -50,6 +57,11 @@ public:
     [[nodiscard]] virtual std::size_t allowed(VirtualDirection, std::size_t bytes,
                                               std::optional<VirtualCut>& /*cut*/) {
         return bytes;
+    }
+
+    /// Bytes that go out in the place of the answer, after which the connection ends.
+    [[nodiscard]] virtual std::optional<VirtualRawAnswer> rawAnswer(const QString&) {
+        return std::nullopt;
     }
 
     // Refusals. An empty text is none.
