@@ -4,7 +4,7 @@
 #include "base/values/TessaryError.h"
 #include "devices/list/ADBPhones.h"
 #include "devices/list/IPhoneDevices.h"
-#include "ios/LockdownSession.h"
+#include "ios/helper/IPhoneInfo.h"
 
 #include <algorithm>
 #include <array>
@@ -19,7 +19,7 @@ void readNames(std::vector<DeviceInfo>& devices, const std::stop_token& stop) {
         if (device.platform != DevicePlatform::iOS || device.deviceName)
             continue;
         try {
-            device.deviceName = LockdownSession(device.udid, stop).deviceName();
+            device.deviceName = iphoneFacts(device.udid, stop).name;
         } catch (const TessaryError&) {
             // One that does not tell its name cannot be called by it.
         }

@@ -12,7 +12,7 @@
 #include "devices/files/AndroidFileAccess.h"
 #include "devices/files/AppFileAccess.h"
 #include "devices/list/DeviceManager.h"
-#include "ios/AppLister.h"
+#include "ios/helper/IPhoneInfo.h"
 #include "phone/DevicePath.h"
 #include "transfer/ErrorAdvice.h"
 
@@ -54,11 +54,12 @@ void addLiveInfo(DeviceInfo& device, const std::optional<LiveDeviceInfo>& live) 
 }
 
 void addPhoneInfo(DeviceInfo& device, const std::stop_token& stop) {
-    LockdownSession session(device.udid, stop);
-    device.deviceName = session.deviceName();
-    if (const auto storage = session.getStorageInfo()) {
-        device.freeStorageBytes = storage->freeBytes;
-        device.totalStorageBytes = storage->totalBytes;
+    const IPhoneFacts facts = iphoneFacts(device.udid, stop);
+    device.deviceName = facts.name;
+    device.batteryLevel = facts.battery;
+    if (facts.storage) {
+        device.freeStorageBytes = facts.storage->freeBytes;
+        device.totalStorageBytes = facts.storage->totalBytes;
     }
 }
 
@@ -199,8 +200,7 @@ void CliRunner::apps() {
         throw TessaryError::fileIOError(
             QStringLiteral("\"%1\" is no iPhone: it has files of its own, not of apps.")
                 .arg(request_.device));
-    LockdownSession session(device.udid, stop_);
-    const std::vector<AppInfo> apps = AppLister::listFileSharingApps(session);
+    const std::vector<AppInfo> apps = iphoneApps(device.udid, stop_);
     if (request_.json) {
         QJsonArray array;
         for (const AppInfo& app : apps)

@@ -102,12 +102,6 @@ void AFCConnection::openContainer() {
         workingRootPath_ = QStringLiteral("/Documents");
 }
 
-QString AFCConnection::inContainer(const QString& path) const {
-    if (workingRootPath_ == slash)
-        return path;
-    return path == slash ? workingRootPath_ : workingRootPath_ + path;
-}
-
 template <typename Request>
 std::int32_t AFCConnection::ask(const Request& request) {
     if (isLost_)
@@ -209,21 +203,18 @@ void AFCConnection::requireLink() {
 }
 
 void AFCConnection::makeDirectory(const QString& path) {
-    hasTouched_ = true;
     require(path, [name = path.toUtf8()](afc_client_t afc) {
         return afc_make_directory(afc, name.constData());
     });
 }
 
 void AFCConnection::removePath(const QString& path) {
-    hasTouched_ = true;
     require(path, [name = path.toUtf8()](afc_client_t afc) {
         return afc_remove_path(afc, name.constData());
     });
 }
 
 void AFCConnection::renamePath(const QString& from, const QString& to) {
-    hasTouched_ = true;
     require(from, [source = from.toUtf8(), target = to.toUtf8()](afc_client_t afc) {
         return afc_rename_path(afc, source.constData(), target.constData());
     });
@@ -233,7 +224,6 @@ void AFCConnection::setModifiedDate(const QString& path, const QDateTime& date) 
     constexpr std::uint64_t nanosecondsPerMillisecond = 1'000'000;
     const auto milliseconds =
         static_cast<std::uint64_t>(std::max<qint64>(date.toMSecsSinceEpoch(), 0));
-    hasTouched_ = true;
     require(path, [&, name = path.toUtf8()](afc_client_t afc) {
         return afc_set_file_time(afc, name.constData(), milliseconds * nanosecondsPerMillisecond);
     });
@@ -241,8 +231,6 @@ void AFCConnection::setModifiedDate(const QString& path, const QDateTime& date) 
 
 AFCFile::AFCFile(AFCConnection& connection, const QString& path, afc_file_mode_t mode)
     : connection_(connection), path_(path) {
-    if (mode != AFC_FOPEN_RDONLY)
-        connection_.hasTouched_ = true;
     connection_.require(path_, [&, name = path.toUtf8()](afc_client_t afc) {
         return afc_file_open(afc, name.constData(), mode, &handle_);
     });

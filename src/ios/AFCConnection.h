@@ -43,19 +43,8 @@ public:
     [[nodiscard]] std::size_t writeLimit() const {
         return writeLimit_;
     }
-    /// A path below workingRootPath() as the device has it: written out, so that a folder called
-    /// like the root is not taken for it.
-    [[nodiscard]] QString inContainer(const QString& path) const;
     [[nodiscard]] Lockdown& lockdown() {
         return *session_;
-    }
-    /// Whether a request was made since the last beginAction() that may have changed something on
-    /// the device.
-    [[nodiscard]] bool hasTouched() const {
-        return hasTouched_;
-    }
-    void beginAction() {
-        hasTouched_ = false;
     }
     [[nodiscard]] bool isLost() const {
         return isLost_;
@@ -102,7 +91,6 @@ private:
     QString workingRootPath_{QLatin1Char('/')};
     std::size_t writeLimit_ = 0;
     std::atomic<bool> isLost_ = false;
-    bool hasTouched_ = false;
     std::chrono::steady_clock::duration lastWait_{}; ///< of the last request, for its answer
     // Freed in the reverse order.
     std::unique_ptr<Lockdown> session_;

@@ -1,8 +1,9 @@
 #include "ios/AppLister.h"
 
 #include "base/text/NameOrder.h"
-#include "base/values/TessaryError.h"
+#include "ios/IPhoneError.h"
 #include "ios/PlistValues.h"
+#include "phone/PhoneError.h"
 
 #include <algorithm>
 #include <array>
@@ -42,28 +43,29 @@ void sortByName(std::vector<AppInfo>& apps) {
     });
 }
 
-QString withStatus(const char* what, instproxy_error_t status) {
-    return QStringLiteral("%1 failed: %2")
-        .arg(QString::fromLatin1(what))
-        .arg(static_cast<int>(status));
+Error browseError(instproxy_error_t status) {
+    return Error(status == INSTPROXY_E_CONN_FAILED || status == INSTPROXY_E_RECEIVE_TIMEOUT
+                     ? PhoneError::brokenOff
+                     : PhoneError::nonsense,
+                 {}, Error(IPhoneError::installationProxy, {static_cast<int>(status)}));
 }
 
 } // namespace
 
-std::vector<AppInfo> AppLister::listFileSharingApps(LockdownSession& session) {
+std::vector<AppInfo> AppLister::appsOf(Lockdown& session) {
     const LockdownService service = session.startService(INSTPROXY_SERVICE_NAME);
     instproxy_client_t handle = nullptr;
     instproxy_error_t status = instproxy_client_new(session.device(), service.get(), &handle);
     const InstallationProxyHandle client(handle);
     if (status != INSTPROXY_E_SUCCESS || !client)
-        throw TessaryError::instProxyFailed(withStatus("Client creation", status));
+        throw browseError(status);
 
     const PlistHandle options = browseOptions();
     plist_t answer = nullptr;
     status = instproxy_browse(client.get(), options.get(), &answer);
     const PlistHandle owner(answer);
     if (status != INSTPROXY_E_SUCCESS)
-        throw TessaryError::instProxyFailed(withStatus("Browse", status));
+        throw browseError(status);
     return fileSharingAppsIn(answer);
 }
 

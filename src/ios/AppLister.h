@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ios/LockdownSession.h"
+#include "ios/Lockdown.h"
 #include "phone/records/AppInfo.h"
 
 #include <vector>
@@ -10,9 +10,9 @@ namespace tessary {
 /// The apps of a device whose documents can be opened.
 class AppLister {
 public:
-    /// The user's apps that share files, by display name. Blocking. Throws
-    /// TessaryError::serviceStartFailed or ::instProxyFailed.
-    [[nodiscard]] static std::vector<AppInfo> listFileSharingApps(LockdownSession& session);
+    /// The user's apps that share files, by display name. Blocking. Throws Error as lockdown does,
+    /// or with IPhoneError::installationProxy as its cause.
+    [[nodiscard]] static std::vector<AppInfo> appsOf(Lockdown& session);
 
     /// The same from the installation proxy's answer, an array of dictionaries. An app without an
     /// identifier, or one that does not share files, is left out. Pure.

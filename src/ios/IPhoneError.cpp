@@ -11,8 +11,9 @@ namespace tessary {
 
 namespace {
 
-constexpr std::array names{"handshake", "service", "client", "houseArrest", "installationProxy"};
-static_assert(names.size() == static_cast<std::size_t>(IPhoneError::installationProxy) + 1);
+constexpr std::array names{"handshake",   "service",           "client",
+                           "houseArrest", "installationProxy", "helper"};
+static_assert(names.size() == static_cast<std::size_t>(lastIPhoneError) + 1);
 
 struct Row {
     std::int32_t status;

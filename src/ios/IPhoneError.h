@@ -16,7 +16,9 @@ enum class IPhoneError {
     client,            ///< service, status: no connection to it
     houseArrest,       ///< bundle identifier, reason
     installationProxy, ///< status
+    helper,            ///< what happened: the program that speaks to the phone ended, or had to
 };
+inline constexpr IPhoneError lastIPhoneError = IPhoneError::helper;
 
 [[nodiscard]] constexpr ErrorLayer errorLayer(IPhoneError) {
     return ErrorLayer::iphone;

@@ -3,11 +3,10 @@
 #include "base/text/ByteCount.h"
 #include "base/threads/CancellationError.h"
 #include "ios/IPhoneError.h"
+#include "ios/Multiplexer.h"
 #include "ios/PairingQuestions.h"
 #include "ios/PlistValues.h"
 #include "phone/PhoneError.h"
-
-#include <usbmuxd.h>
 
 #include <algorithm>
 #include <condition_variable>
@@ -39,28 +38,12 @@ void ignoreBrokenPipes() {
     (void)done;
 }
 
-bool findInMultiplexer(const QByteArray& udid, usbmuxd_device_info_t& info) {
-    constexpr auto options =
-        static_cast<usbmux_lookup_options>(DEVICE_LOOKUP_USBMUX | DEVICE_LOOKUP_NETWORK);
-    return usbmuxd_get_device(udid.constData(), &info, options) > 0;
-}
-
-bool hasPairRecord(const QByteArray& udid) {
-    char* record = nullptr;
-    std::uint32_t size = 0;
-    const int status = usbmuxd_read_pair_record(udid.constData(), &record, &size);
-    const LibraryText owner(record);
-    return status == 0 && size > 0;
-}
-
 /// The handshake pairs first where it has to: with a phone that was asked before only when it is
 /// time to ask again.
 lockdownd_error_t shakeHands(idevice_t device, const QString& udid, lockdownd_client_t& client) {
     PairingQuestions& questions = PairingQuestions::shared();
-    usbmuxd_device_info_t info{};
-    const QByteArray name = udid.toUtf8();
-    const bool asks = !hasPairRecord(name);
-    const std::uint32_t attachment = asks && findInMultiplexer(name, info) ? info.handle : 0;
+    const bool asks = !isPaired(udid);
+    const std::uint32_t attachment = asks ? attachmentOf(udid).value_or(0) : 0;
     if (asks) {
         if (const auto before = questions.refusalOf(udid, attachment))
             return static_cast<lockdownd_error_t>(*before);
@@ -160,13 +143,15 @@ std::optional<QString> Lockdown::deviceName() {
 }
 
 bool Lockdown::isAttached() const {
-    usbmuxd_device_info_t info{};
-    return findInMultiplexer(udid_, info);
+    return attachmentOf(QString::fromUtf8(udid_)).has_value();
+}
+
+IPhoneFacts Lockdown::facts() {
+    return {deviceName(), getStorageInfo(), batteryLevel()};
 }
 
 bool Lockdown::usesNetwork() const {
-    usbmuxd_device_info_t info{};
-    return findInMultiplexer(udid_, info) && info.conn_type == CONNECTION_TYPE_NETWORK;
+    return isOnNetwork(QString::fromUtf8(udid_));
 }
 
 void Lockdown::waitFor(std::chrono::milliseconds time, const std::stop_token& stop) {

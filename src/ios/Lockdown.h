@@ -19,6 +19,15 @@ struct StorageInfo {
     bool operator==(const StorageInfo&) const = default;
 };
 
+/// What a device tells of itself as a whole; no value for what it does not tell.
+struct IPhoneFacts {
+    std::optional<QString> name; ///< that its owner gave it
+    std::optional<StorageInfo> storage;
+    std::optional<int> battery; ///< percent
+
+    bool operator==(const IPhoneFacts&) const = default;
+};
+
 /// The figures of a disk usage dictionary in any of its forms; no value without a capacity. What
 /// does not fit into 63 bits is clamped. Pure.
 [[nodiscard]] std::optional<StorageInfo> storageFromDiskUsage(plist_t diskUsage);
@@ -52,8 +61,8 @@ public:
     [[nodiscard]] std::optional<int> batteryLevel();
     /// Whether it is locked with a passcode right now; false when it does not tell.
     [[nodiscard]] bool isLocked();
-    /// Whether the multiplexer still lists the device. Thread-safe.
     [[nodiscard]] bool isAttached() const;
+    [[nodiscard]] IPhoneFacts facts();
     /// Whether the device is reached over the network and not by cable.
     [[nodiscard]] bool usesNetwork() const;
 

@@ -1,6 +1,7 @@
 #include "ios/Multiplexer.h"
 
 #include "base/log/DiagnosticsLogger.h"
+#include "ios/Handles.h"
 
 #include <usbmuxd.h>
 
@@ -75,7 +76,33 @@ private:
     const std::function<void()> changed_;
 };
 
+std::optional<usbmuxd_device_info_t> lookUp(const QString& udid) {
+    constexpr auto options =
+        static_cast<usbmux_lookup_options>(DEVICE_LOOKUP_USBMUX | DEVICE_LOOKUP_NETWORK);
+    usbmuxd_device_info_t info{};
+    return usbmuxd_get_device(udid.toUtf8().constData(), &info, options) > 0 ? std::optional(info)
+                                                                             : std::nullopt;
+}
+
 } // namespace
+
+std::optional<std::uint32_t> attachmentOf(const QString& udid) {
+    const auto info = lookUp(udid);
+    return info ? std::optional<std::uint32_t>(info->handle) : std::nullopt;
+}
+
+bool isPaired(const QString& udid) {
+    char* record = nullptr;
+    std::uint32_t size = 0;
+    const int status = usbmuxd_read_pair_record(udid.toUtf8().constData(), &record, &size);
+    const LibraryText owner(record);
+    return status == 0 && size > 0;
+}
+
+bool isOnNetwork(const QString& udid) {
+    const auto info = lookUp(udid);
+    return info && info->conn_type == CONNECTION_TYPE_NETWORK;
+}
 
 std::vector<MultiplexerEntry> SystemMultiplexer::devices() {
     usbmuxd_device_info_t* list = nullptr;

@@ -22,6 +22,13 @@ struct MultiplexerEntry {
     bool operator==(const MultiplexerEntry&) const = default;
 };
 
+/// The attachment of a device; no value when it is not attached. Thread-safe, as the next is.
+[[nodiscard]] std::optional<std::uint32_t> attachmentOf(const QString& udid);
+/// Whether the multiplexer has a pair record for a device: then nobody is asked for trust.
+[[nodiscard]] bool isPaired(const QString& udid);
+/// Whether a device is reached over the network and not by cable.
+[[nodiscard]] bool isOnNetwork(const QString& udid);
+
 /// A subscription to the multiplexer's events; ends when it goes.
 class MultiplexerWatch {
 public:

@@ -1,5 +1,8 @@
 #include "ios/PairingQuestions.h"
 
+#include "ios/IPhoneError.h"
+#include "ios/Multiplexer.h"
+
 #include <libimobiledevice/lockdown.h>
 
 #include <algorithm>
@@ -45,6 +48,29 @@ void PairingQuestions::refused(const QString& udid, std::uint32_t attachment, st
 void PairingQuestions::forget(const QString& udid) {
     const std::scoped_lock lock(mutex_);
     questions_.remove(udid);
+}
+
+void askingForTrust(const QString& udid, const std::function<void()>& work) {
+    PairingQuestions& questions = PairingQuestions::shared();
+    if (isPaired(udid)) {
+        questions.forget(udid);
+        work();
+        return;
+    }
+    const std::uint32_t attachment = attachmentOf(udid).value_or(0);
+    if (const auto before = questions.refusalOf(udid, attachment))
+        throw lockdownErrorOf(*before, {IPhoneError::handshake, {*before}});
+    try {
+        work();
+        questions.forget(udid);
+    } catch (const Error& error) {
+        const Error* cause = error.cause();
+        const bool isRefusal = cause != nullptr && cause->is(IPhoneError::handshake);
+        const int status = isRefusal ? cause->arguments().value(0).toInt() : 0;
+        if (isFinalRefusal(status))
+            questions.refused(udid, attachment, status);
+        throw;
+    }
 }
 
 } // namespace tessary

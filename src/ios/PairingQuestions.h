@@ -46,4 +46,9 @@ private:
     QHash<QString, Question> questions_; ///< by udid; guarded by mutex_
 };
 
+/// Runs `work`, which performs a handshake with a phone elsewhere, unless that would ask a phone
+/// that may not be asked now: then what it refused with before is thrown again. Takes note of what
+/// comes of a question. Errors as Lockdown's.
+void askingForTrust(const QString& udid, const std::function<void()>& work);
+
 } // namespace tessary

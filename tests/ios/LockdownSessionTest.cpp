@@ -89,9 +89,9 @@ TEST(AppLister, listsTheUsersAppsThatShareFilesFromSeveralAnswers) {
         config.apps.push_back(app);
     }
     PluggedIPhone iphone(config);
-    LockdownSession session(iphone.udid());
+    Lockdown session(iphone.udid());
     QStringList names;
-    for (const AppInfo& each : AppLister::listFileSharingApps(session))
+    for (const AppInfo& each : AppLister::appsOf(session))
         names << each.displayName;
     EXPECT_EQ(names, QStringList({u"Apple"_s, u"banana"_s, u"Bundle"_s, u"cherry"_s, u"Notes"_s}));
 }

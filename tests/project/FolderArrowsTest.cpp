@@ -47,7 +47,9 @@ const std::map<std::string, std::vector<std::string>> arrows = {
     {"adb/ways", {"adb/direct", "adb/tool"}},
     {"adb/files", {"adb/tool", "base/log", "phone"}},
     {"ios", {"base/log", "phone"}},
-    {"ios/files", {"ios"}},
+    {"ios/helper", {"ios", "platform/process"}},
+    {"ios/helper/server", {"ios/helper", "platform/sandbox"}},
+    {"ios/files", {"ios/helper"}},
     {"transfer", {"mtp/protocol", "phone", "platform/mount", "transfer/queue"}},
     {"transfer/copy", {"base/log", "phone"}},
     {"transfer/local", {"phone"}},
@@ -89,7 +91,8 @@ const std::map<std::string, std::vector<std::string>> arrows = {
      {"simulator/adbd", "simulator/content", "simulator/iphone", "simulator/mtp"}},
     {"simulator/faults", {"simulator/adbd", "simulator/iphone", "simulator/mtp"}},
     // A main file puts its program together: it may also start the virtual phones.
-    {"programs", {"views/window", "cli", "preview/decoding", "simulator/demo"}},
+    {"programs",
+     {"views/window", "cli", "ios/helper/server", "preview/decoding", "simulator/demo"}},
 };
 
 void addReachable(const std::string& folder, std::set<std::string>& reached) {

@@ -3,7 +3,7 @@
 #include "base/log/DiagnosticsLogger.h"
 #include "base/threads/Background.h"
 #include "base/threads/CancellationError.h"
-#include "ios/AppLister.h"
+#include "ios/helper/IPhoneInfo.h"
 #include "phone/BusyPhones.h"
 
 #include <algorithm>
@@ -16,8 +16,7 @@ namespace {
 
 std::vector<AppInfo> askPhone(const DeviceInfo& device, const std::stop_token& stop) {
     const BusyPhones::Mark mark(BusyPhones::shared(), device.udid);
-    LockdownSession session(device.udid, stop);
-    return AppLister::listFileSharingApps(session);
+    return iphoneApps(device.udid, stop);
 }
 
 } // namespace

@@ -2,7 +2,7 @@
 
 #include "adb/server/ADBDevices.h"
 #include "devices/list/DeviceTrouble.h"
-#include "ios/LockdownSession.h"
+#include "ios/Lockdown.h"
 #include "phone/records/DeviceInfo.h"
 #include "phone/records/LiveDeviceInfo.h"
 

@@ -1,6 +1,7 @@
 #include "devices/list/IPhoneProbe.h"
 
 #include "base/values/TessaryError.h"
+#include "ios/helper/IPhoneInfo.h"
 #include "phone/BusyPhones.h"
 #include "transfer/ErrorAdvice.h"
 
@@ -12,12 +13,11 @@ DeviceAnswer askIPhone(const DeviceInfo& device) {
     if (BusyPhones::shared().isBusy(device.udid))
         return answer;
     try {
-        LockdownSession session(device.udid);
+        const IPhoneFacts facts = iphoneFacts(device.udid, {});
         answer.outcome = Outcome::answered;
-        if (!device.deviceName)
-            answer.deviceName = session.deviceName();
-        answer.storage = session.getStorageInfo();
-        answer.figures.battery = session.batteryLevel();
+        answer.deviceName = facts.name;
+        answer.storage = facts.storage;
+        answer.figures.battery = facts.battery;
     } catch (const TessaryError& error) {
         if (error.kind() == TessaryError::Case::deviceNotFound) {
             answer.outcome = Outcome::gone;

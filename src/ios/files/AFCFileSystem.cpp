@@ -95,7 +95,7 @@ AFCFileSystem::~AFCFileSystem() {
 
 QString AFCFileSystem::identity() const {
     return QStringLiteral("ios:%1:%2")
-        .arg(phone_.udid, app_ ? app_->bundleIdentifier : QStringLiteral(AFC_SERVICE_NAME));
+        .arg(phone_.udid, app_ ? app_->bundleIdentifier : QStringLiteral("com.apple.afc"));
 }
 
 QString AFCFileSystem::displayName() const {
@@ -149,7 +149,7 @@ void AFCFileSystem::list(const QString& folder, const ListingReceiver& receiver,
     }
     // What came last is known to have come in full only when another answer follows it.
     if (!names->empty())
-        session_.step([](const Opened& opened) { opened.connection->requireLink(); }, call.stop);
+        session_.step([](const Opened& opened) { opened.link->requireLink(); }, call.stop);
 }
 
 std::optional<FileItem> AFCFileSystem::find(const QString& path, const Call& call) {
@@ -218,7 +218,7 @@ FileItem AFCFileSystem::makeFolder(const QString& parent, const QString& name, c
             // Phones make what is missing above it, and say nothing about what is there.
             requireFolderAt(opened, folder);
             requireFree(opened, path);
-            opened.connection->makeDirectory(opened.connection->inContainer(path));
+            opened.link->makeDirectory(opened.link->inContainer(path));
             const auto info = infoAt(opened, path);
             if (!info)
                 throw Error(PhoneError::notDone, {path});
@@ -320,8 +320,8 @@ FileItem AFCFileSystem::renameTo(const FileItem& item, const QString& target, Ta
                     requireFolderAt(opened, parentPath(target));
                 if (!replaces && !isOneName)
                     requireFree(opened, target);
-                AFCConnection& connection = *opened.connection;
-                connection.renamePath(connection.inContainer(path), connection.inContainer(target));
+                AFCLink& link = *opened.link;
+                link.renamePath(link.inContainer(path), link.inContainer(target));
             },
             call.stop);
     } catch (const Error& error) {
@@ -352,35 +352,31 @@ void AFCFileSystem::setModified(const FileItem& file, const QDateTime& date, con
                 throw Error(PhoneError::notFound, {path});
             if (info->isDirectory != isFolder)
                 throw Error(PhoneError::changed, {path});
-            AFCConnection& connection = *opened.connection;
-            connection.setModifiedDate(connection.inContainer(path), date);
+            AFCLink& link = *opened.link;
+            link.setModifiedDate(link.inContainer(path), date);
         },
         call.stop);
 }
 
 std::optional<std::uint64_t> AFCFileSystem::freeBytes(const QString&, const Call& call) {
     const PhoneQueue::Turn turn = takeTurn(call);
-    return session_.begin([](const Opened& opened) { return opened.connection->freeBytes(); },
-                          call.stop);
+    return session_.begin([](const Opened& opened) { return opened.link->freeBytes(); }, call.stop);
 }
 
 std::optional<LiveDeviceInfo> AFCFileSystem::liveInfo() {
     const auto turn = queue_->tryTake();
     if (!turn)
         return std::nullopt;
-    return session_.ask(
-        [](Lockdown& lockdown) {
-            LiveDeviceInfo info;
-            info.battery = lockdown.batteryLevel();
-            if (const auto storage = lockdown.getStorageInfo()) {
-                StorageVolume volume;
-                volume.totalBytes = static_cast<std::uint64_t>(storage->totalBytes);
-                volume.freeBytes = static_cast<std::uint64_t>(storage->freeBytes);
-                info.volumes.push_back(std::move(volume));
-            }
-            return info;
-        },
-        {});
+    const IPhoneFacts facts = session_.facts({});
+    LiveDeviceInfo info;
+    info.battery = facts.battery;
+    if (facts.storage) {
+        StorageVolume volume;
+        volume.totalBytes = static_cast<std::uint64_t>(facts.storage->totalBytes);
+        volume.freeBytes = static_cast<std::uint64_t>(facts.storage->freeBytes);
+        info.volumes.push_back(std::move(volume));
+    }
+    return info;
 }
 
 } // namespace tessary

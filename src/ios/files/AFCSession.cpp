@@ -1,10 +1,14 @@
 #include "ios/files/AFCSession.h"
 
+#include "ios/Multiplexer.h"
+#include "ios/PairingQuestions.h"
+
 namespace tessary {
 
-AFCSession::AFCSession(const QString& udid, const QString& bundleId, SerialQueue::Patience patience)
+AFCSession::AFCSession(const QString& udid, const QString& bundleId, SerialQueue::Patience patience,
+                       IPhoneHelper::Limits limits)
     : queue_("com.tessary.afc", patience),
-      slot_(std::make_shared<Slot>(udid, bundleId, queue_.pulse())) {}
+      slot_(std::make_shared<Slot>(udid, bundleId, std::move(limits))) {}
 
 AFCSession::~AFCSession() {
     close();
@@ -18,7 +22,7 @@ void AFCSession::abandon() {
         if (made.isEmpty() || !slot->isUsable())
             return;
         try {
-            opened.connection->removePath(made);
+            opened.link->removePath(made);
         } catch (const Error&) {
             // A later visit removes it.
         }
@@ -29,26 +33,42 @@ void AFCSession::close() {
     queue_.post([slot = slot_] { slot->close(); });
 }
 
-bool AFCSession::Slot::isUsable() {
-    if (isStuck.exchange(false) && opened.connection)
-        opened.connection->markLost();
-    return opened.connection && !opened.connection->isLost();
+IPhoneFacts AFCSession::facts(const std::stop_token& stop) {
+    return waitFor(queue_.start([slot = slot_, stop] {
+        return slot->isUsable() ? slot->opened.link->facts()
+                                : askIPhoneFacts(slot->udid, stop, slot->limits);
+    }),
+                   stop);
+}
+
+bool AFCSession::Slot::isUsable() const {
+    return opened.link && !opened.link->isLost();
+}
+
+void AFCSession::Slot::giveUp() {
+    const std::scoped_lock lock(mutex);
+    if (const auto link = current.lock()) {
+        link->markLost();
+        link->end();
+    }
 }
 
 void AFCSession::Slot::open(const std::stop_token& stop) {
     close(); // the old one ends before the new one begins
-    opened.connection =
-        std::make_shared<AFCConnection>(std::make_unique<Lockdown>(udid, stop), bundleId, beat);
+    askingForTrust(udid,
+                   [&] { opened.link = std::make_shared<AFCLink>(udid, bundleId, limits, stop); });
+    const std::scoped_lock lock(mutex);
+    current = opened.link;
 }
 
 bool AFCSession::Slot::mayTryAgain(bool wasOpen) const {
-    return wasOpen && opened.connection->isLost() && !opened.connection->hasTouched() &&
-           opened.connection->lockdown().isAttached();
+    return wasOpen && opened.link->isLost() && !opened.link->hasTouched() &&
+           attachmentOf(udid).has_value();
 }
 
 void AFCSession::Slot::close() {
     opened.file.reset();
-    opened.connection.reset();
+    opened.link.reset();
     opened.made.clear();
 }
 

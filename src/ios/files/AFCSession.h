@@ -2,35 +2,35 @@
 
 #include "base/threads/CancellationError.h"
 #include "base/threads/SerialQueue.h"
-#include "ios/AFCConnection.h"
+#include "ios/helper/AFCLink.h"
 #include "phone/PhoneError.h"
 
 #include <QString>
 
-#include <atomic>
-#include <functional>
 #include <memory>
+#include <mutex>
 #include <stop_token>
 #include <utility>
 
 namespace tessary {
 
 /// The one connection that a file system of an iPhone works with: opened when it is first needed,
-/// and anew after it has failed. It lives on a thread of its own ("com.tessary.afc"), where all its
-/// requests are made: work that is given must own all that it uses, since a caller who is told to
-/// stop is let go within a second while the library goes on. Used by one caller at a time.
+/// and anew after it has failed. It is spoken to on a thread of its own ("com.tessary.afc"), where
+/// all its requests are made: work that is given must own all that it uses, since a caller who is
+/// told to stop is let go within a second while the library goes on. Used by one caller at a time.
 class AFCSession {
 public:
     /// What work finds on the session's thread.
     struct Opened {
-        std::shared_ptr<AFCConnection> connection; ///< not null within work
-        std::unique_ptr<AFCFile> file;             ///< that is being read or written
+        std::shared_ptr<AFCLink> link;     ///< not null within work
+        std::unique_ptr<AFCLinkFile> file; ///< that is being read or written
         /// The device's path of a file that is not whole yet; empty when there is none.
         QString made;
     };
 
     /// Opens nothing yet. An empty `bundleId` means the media folder.
-    AFCSession(const QString& udid, const QString& bundleId, SerialQueue::Patience patience);
+    AFCSession(const QString& udid, const QString& bundleId, SerialQueue::Patience patience,
+               IPhoneHelper::Limits limits = {});
     /// Closes the connection; waits for it for a second at most.
     ~AFCSession();
     AFCSession(const AFCSession&) = delete;
@@ -67,7 +67,7 @@ public:
         try {
             return started.get(stop);
         } catch (const QueueStalled&) {
-            slot_->isStuck = true;
+            slot_->giveUp();
             throw Error(PhoneError::noAnswer);
         }
     }
@@ -78,31 +78,25 @@ public:
     /// Closes the connection, in its turn; nobody waits for it.
     void close();
 
-    /// Runs `work(Lockdown&)` on the open connection's session, or on one that is made for it.
-    template <typename Work>
-    auto ask(Work work, const std::stop_token& stop) {
-        return waitFor(queue_.start([slot = slot_, work = std::move(work), stop]() mutable {
-            if (slot->isUsable())
-                return work(slot->opened.connection->lockdown());
-            Lockdown lockdown(slot->udid, stop);
-            return work(lockdown);
-        }),
-                       stop);
-    }
+    /// What the phone tells of itself, over the connection that is open or one of its own.
+    [[nodiscard]] IPhoneFacts facts(const std::stop_token& stop);
 
 private:
-    /// Touched on the session's thread only, but for `isStuck`.
+    /// Touched on the session's thread only, but for `current`.
     struct Slot {
-        Slot(QString phone, QString app, std::function<void()> pulse)
-            : udid(std::move(phone)), bundleId(std::move(app)), beat(std::move(pulse)) {}
+        Slot(QString phone, QString app, IPhoneHelper::Limits given)
+            : udid(std::move(phone)), bundleId(std::move(app)), limits(std::move(given)) {}
 
         const QString udid;
         const QString bundleId;
-        const std::function<void()> beat;
+        const IPhoneHelper::Limits limits;
         Opened opened;
-        std::atomic<bool> isStuck = false; ///< a caller gave up on what is open
+        std::mutex mutex;
+        std::weak_ptr<AFCLink> current; ///< what is open; guarded by mutex
 
-        [[nodiscard]] bool isUsable();
+        [[nodiscard]] bool isUsable() const;
+        /// Ends what is open, from another thread than the session's, which may be stuck in it.
+        void giveUp();
         void open(const std::stop_token& stop);
         /// After a failure: whether the action may be tried once more.
         [[nodiscard]] bool mayTryAgain(bool wasOpen) const;
@@ -113,7 +107,7 @@ private:
             const bool wasOpen = isUsable();
             if (!wasOpen)
                 open(stop);
-            opened.connection->beginAction();
+            opened.link->beginAction();
             try {
                 return work(opened);
             } catch (const Error&) {

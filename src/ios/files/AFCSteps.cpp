@@ -18,7 +18,7 @@ constexpr std::chrono::milliseconds rowsAfter(100);
 } // namespace
 
 std::optional<AFCFileInfo> infoAt(const Opened& opened, const QString& path) {
-    return opened.connection->findInfo(opened.connection->inContainer(path));
+    return opened.link->findInfo(opened.link->inContainer(path));
 }
 
 FileItem itemFrom(const QString& path, const std::optional<AFCFileInfo>& info) {
@@ -55,26 +55,25 @@ void requireFree(const Opened& opened, const QString& path) {
 
 /// Some phones have no status of their own for a folder that holds something.
 void removeOne(const Opened& opened, const QString& path) {
-    AFCConnection& connection = *opened.connection;
+    AFCLink& link = *opened.link;
     try {
-        connection.removePath(connection.inContainer(path));
+        link.removePath(link.inContainer(path));
     } catch (const Error& error) {
-        if (error.find<AFCStatus>() != AFCStatus::unknown || connection.isLost())
+        if (error.find<AFCStatus>() != AFCStatus::unknown || link.isLost())
             throw;
         const auto info = infoAt(opened, path);
-        if (!info || !info->isDirectory ||
-            connection.readNames(connection.inContainer(path)).empty())
+        if (!info || !info->isDirectory || link.readNames(link.inContainer(path)).empty())
             throw;
         throw Error(PhoneError::folderNotEmpty, {path}, error);
     }
 }
 
 std::vector<QByteArray> namesIn(const Opened& opened, const QString& folder) {
-    AFCConnection& connection = *opened.connection;
+    AFCLink& link = *opened.link;
     try {
-        std::vector<QByteArray> names = connection.readNames(connection.inContainer(folder));
+        std::vector<QByteArray> names = link.readNames(link.inContainer(folder));
         if (names.empty())
-            connection.requireLink();
+            link.requireLink();
         return names;
     } catch (const Error& error) {
         if (!error.is(PhoneError::notFound) || !infoAt(opened, folder))
@@ -100,7 +99,7 @@ std::vector<AFCRow> rowsOf(const Opened& opened, const QString& folder,
         try {
             rows.push_back(rowFrom(path, infoAt(opened, path)));
         } catch (const Error& error) {
-            if (opened.connection->isLost() || endsEverything(error))
+            if (opened.link->isLost() || endsEverything(error))
                 throw;
             rows.emplace_back(UnreadableEntry{path, error});
         }
@@ -110,9 +109,9 @@ std::vector<AFCRow> rowsOf(const Opened& opened, const QString& folder,
 
 void create(Opened& opened, const QString& path) {
     requireFree(opened, path);
-    AFCConnection& connection = *opened.connection;
-    opened.file = std::make_unique<AFCFile>(connection, connection.inContainer(path), AFC_FOPEN_WR);
-    opened.made = connection.inContainer(path);
+    AFCLink& link = *opened.link;
+    opened.file = link.openFile(link.inContainer(path), AFCLink::Mode::write);
+    opened.made = link.inContainer(path);
 }
 
 FileItem finish(Opened& opened, const QString& path, qint64 sent,
@@ -121,7 +120,7 @@ FileItem finish(Opened& opened, const QString& path, qint64 sent,
     opened.file.reset();
     try {
         if (date)
-            opened.connection->setModifiedDate(opened.made, *date);
+            opened.link->setModifiedDate(opened.made, *date);
     } catch (const Error&) {
         // A copy is whole without its date. A lost link shows at the next request.
     }

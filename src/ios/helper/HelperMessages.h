@@ -1,0 +1,66 @@
+#pragma once
+
+#include "base/values/Error.h"
+#include "ios/AFCFileInfo.h"
+#include "ios/Lockdown.h"
+#include "phone/records/AppInfo.h"
+
+#include <QByteArray>
+#include <QDataStream>
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace tessary {
+
+// What this program and the helper that speaks to an iPhone say to each other. A request is its
+// operation and arguments; an answer is whether the link has failed, whether the request went well,
+// and its result or an error. The helper has met the phone's bytes: what it says is read as if the
+// phone itself had said it.
+
+/// Arguments and results stand behind each.
+enum class HelperOperation : std::uint8_t {
+    facts,      ///< nothing; facts
+    apps,       ///< nothing; apps
+    open,       ///< bundle identifier, empty for the media folder; root path, write limit
+    names,      ///< path; names
+    info,       ///< path; facts of the file, or none
+    makeFolder, ///< path; nothing
+    remove,     ///< path; nothing
+    rename,     ///< two paths; nothing
+    setDate,    ///< path, milliseconds since 1970; nothing
+    freeBytes,  ///< nothing; a number, or none
+    openFile,   ///< path, whether to write; nothing. One file is open at a time
+    closeFile,  ///< nothing; nothing
+    read,       ///< offset in the shared memory, most bytes; bytes
+    write,      ///< offset in the shared memory, bytes; bytes that were taken
+    seek,       ///< offset in the file; nothing
+};
+
+/// Memory for two pieces of content, which both have in common.
+inline constexpr std::size_t contentPiece = std::size_t{1} << 20;
+inline constexpr std::size_t contentMemory = 2 * contentPiece;
+/// The descriptor that the helper finds it at.
+inline constexpr int contentDescriptor = 3;
+/// The longest request, in bytes.
+inline constexpr qint64 longestHelperRequest = qint64{64} << 10;
+
+// Reading what is not there leaves the stream's status bad; memory grows with what there is.
+
+QDataStream& operator<<(QDataStream& stream, const Error& error);
+/// No value for what is no error of ours.
+[[nodiscard]] std::optional<Error> readError(QDataStream& stream);
+
+QDataStream& operator<<(QDataStream& stream, const std::vector<QByteArray>& names);
+QDataStream& operator>>(QDataStream& stream, std::vector<QByteArray>& names);
+QDataStream& operator<<(QDataStream& stream, const std::optional<AFCFileInfo>& info);
+QDataStream& operator>>(QDataStream& stream, std::optional<AFCFileInfo>& info);
+QDataStream& operator<<(QDataStream& stream, const IPhoneFacts& facts);
+QDataStream& operator>>(QDataStream& stream, IPhoneFacts& facts);
+QDataStream& operator<<(QDataStream& stream, const std::vector<AppInfo>& apps);
+QDataStream& operator>>(QDataStream& stream, std::vector<AppInfo>& apps);
+QDataStream& operator<<(QDataStream& stream, const std::optional<std::uint64_t>& number);
+QDataStream& operator>>(QDataStream& stream, std::optional<std::uint64_t>& number);
+
+} // namespace tessary
