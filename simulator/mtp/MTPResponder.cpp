@@ -2,6 +2,7 @@
 
 #include "base/threads/ThreadName.h"
 #include "base/values/LittleEndian.h"
+#include "mtp/protocol/MTPPacketCodec.h"
 #include "simulator/mtp/MTPRefusal.h"
 #include "simulator/mtp/MTPResponderOperation.h"
 
@@ -77,6 +78,7 @@ void MTPResponder::start(std::shared_ptr<VirtualUSBPort> port) {
     state_.reset();
     store_.renewHandles();
     const std::lock_guard lock(threadMutex_);
+    port_ = port;
     thread_ = std::jthread([this, port = std::move(port)] { run(port); });
 }
 
@@ -84,6 +86,23 @@ void MTPResponder::join() {
     const std::lock_guard lock(threadMutex_);
     if (thread_.joinable())
         thread_.join();
+}
+
+void MTPResponder::sendEvent(std::uint16_t code, std::uint32_t parameter) {
+    MTPContainerHeader header;
+    header.length = MTPContainerHeader::size + sizeof parameter;
+    header.type = MTPContainerType::event;
+    header.code = code;
+    Bytes event = MTPPacketCodec::encodeHeader(header);
+    appendLittleEndian(event, parameter);
+    const std::lock_guard lock(threadMutex_);
+    if (const auto port = port_.lock()) {
+        VirtualUSBChunk chunk = port->events().deviceChunk();
+        std::copy(event.begin(), event.end(), chunk.space().begin());
+        chunk.end = event.size();
+        chunk.endsTransfer = true;
+        (void)port->events().devicePut(std::move(chunk));
+    }
 }
 
 void MTPResponder::unplugged() {
@@ -134,6 +153,9 @@ void MTPResponder::run(const std::shared_ptr<VirtualUSBPort>& port) {
     for (;;) {
         try {
             const MTPCommand command = link.receiveCommand();
+            while (behaviour_.get().waitsForEventReader && port->events().unread() >= 2 &&
+                   port->isPlugged())
+                std::this_thread::sleep_for(std::chrono::milliseconds(1));
             serve(link, command);
         } catch (const MTPLinkBroken& broken) {
             if (broken.why == MTPLinkBroken::Why::unplugged)

@@ -43,6 +43,8 @@ public:
     [[nodiscard]] Guarded<VirtualBehaviour>& behaviour() {
         return behaviour_;
     }
+    /// Tells the host of something. Without an attachment nobody hears it.
+    void sendEvent(std::uint16_t code, std::uint32_t parameter);
     void setBattery(int percent) {
         battery_ = percent;
     }
@@ -131,7 +133,8 @@ private:
     std::uint32_t lastTransactionID_ = 0;
     std::optional<Pending> pending_;
 
-    std::mutex threadMutex_; ///< guards thread_
+    std::mutex threadMutex_; ///< guards both
+    std::weak_ptr<VirtualUSBPort> port_;
     std::jthread thread_;
 };
 

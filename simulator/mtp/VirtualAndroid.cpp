@@ -43,6 +43,10 @@ bool VirtualAndroid::isPlugged() const {
     return port_ && port_->isPlugged();
 }
 
+void VirtualAndroid::sendEvent(MTPEventCode code, std::uint32_t parameter) {
+    responder_->sendEvent(static_cast<std::uint16_t>(code), parameter);
+}
+
 void VirtualAndroid::setLocked(bool locked) {
     responder_->store().setLocked(locked);
 }

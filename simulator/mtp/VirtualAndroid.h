@@ -1,5 +1,6 @@
 #pragma once
 
+#include "mtp/protocol/MTPCodes.h"
 #include "simulator/mtp/VirtualBehaviour.h"
 #include "simulator/mtp/VirtualStorage.h"
 #include "simulator/usb/VirtualUSBBus.h"
@@ -52,6 +53,9 @@ public:
     [[nodiscard]] const VirtualAndroidConfig& config() const {
         return config_;
     }
+
+    /// Tells the host of something, with a handle or a storage.
+    void sendEvent(MTPEventCode code, std::uint32_t parameter);
 
     void setLocked(bool locked);
     void setBattery(int percent);

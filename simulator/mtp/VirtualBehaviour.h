@@ -34,6 +34,8 @@ struct VirtualBehaviour {
     bool parentsAreZero = false;
     /// Property lists hold the folder itself and nothing in it, whatever depth is asked for.
     bool listsFolderOnly = false;
+    /// Answers nothing while two events lie unread.
+    bool waitsForEventReader = false;
     /// A locked phone answers GetStorageIDs without a data phase.
     bool omitsEmptyStorageList = false;
 

@@ -272,6 +272,11 @@ USBCode VirtualUSBPipe::deviceTake(VirtualUSBChunk& chunk) {
     return usb::success;
 }
 
+std::size_t VirtualUSBPipe::unread() const {
+    const std::lock_guard lock(mutex_);
+    return queue_.size();
+}
+
 USBCode VirtualUSBPipe::deviceWaitEmpty(std::chrono::milliseconds timeout) {
     std::unique_lock lock(mutex_);
     const bool ready =

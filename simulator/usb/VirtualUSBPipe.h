@@ -85,6 +85,8 @@ public:
     USBCode devicePut(VirtualUSBChunk chunk);
     /// Waits for the oldest chunk that the host wrote.
     USBCode deviceTake(VirtualUSBChunk& chunk);
+    /// How many transfers, or parts of them, the host has not read.
+    [[nodiscard]] std::size_t unread() const;
     /// Gives memory back for the next chunk.
     void recycle(VirtualUSBChunk chunk);
     /// Waits until the host has read everything; usb::timeout when it has not by then.

@@ -43,6 +43,9 @@ public:
     [[nodiscard]] VirtualUSBPipe& out() {
         return out_;
     }
+    [[nodiscard]] VirtualUSBPipe& events() {
+        return events_;
+    }
     /// Null for a pipe number that does not exist.
     [[nodiscard]] VirtualUSBPipe* pipe(std::uint8_t number);
 

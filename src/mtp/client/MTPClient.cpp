@@ -64,6 +64,10 @@ MTPClient::~MTPClient() {
     transport_->close();
 }
 
+void MTPClient::setEventReceiver(std::function<void(const MTPEvent&)> receiver) {
+    transport_->setEventReceiver(std::move(receiver));
+}
+
 void MTPClient::setStop(std::stop_token stop) {
     const std::scoped_lock lock(mutex_);
     stop_ = std::move(stop);

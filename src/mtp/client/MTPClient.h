@@ -36,6 +36,9 @@ public:
     /// Opens the transport and a session. A session that an earlier client left open is closed
     /// first; stale data in the pipe is drained once. After a failure the transport is closed.
     void openSession(std::uint32_t sessionID);
+    /// MTPTransportProtocol::setEventReceiver() of the transport; before openSession().
+    void setEventReceiver(std::function<void(const MTPEvent&)> receiver);
+
     /// From now on `stop` ends any call early, with CancellationError, except openSession() and
     /// closeSession().
     void setStop(std::stop_token stop);

@@ -70,6 +70,9 @@ bool findPipes(MTPInterfaceConnection& connection) {
     for (int number = 1; number <= count; ++number) {
         const auto pipe = static_cast<std::uint8_t>(number);
         const auto properties = connection.interface->pipeProperties(pipe);
+        if (properties && properties->transferType == USBTransferType::interrupt &&
+            properties->direction == USBDirection::in)
+            connection.eventPipe = pipe;
         if (!properties || properties->transferType != USBTransferType::bulk)
             continue;
         (properties->direction == USBDirection::in ? connection.inPipe : connection.outPipe) = pipe;

@@ -14,12 +14,13 @@ struct MTPDeviceAddress {
     QString location;     ///< USBDeviceEntry::location; empty: not known
 };
 
-/// An open MTP interface and its two bulk pipes; closed when it goes.
+/// An open MTP interface and its pipes; closed when it goes.
 struct MTPInterfaceConnection {
     std::unique_ptr<USBDevice> device;
     std::unique_ptr<USBInterface> interface;
     std::uint8_t inPipe = 0;
     std::uint8_t outPipe = 0;
+    std::uint8_t eventPipe = 0;      ///< interrupt; 0: there is none
     std::uint16_t maxPacketSize = 0; ///< bytes, at least 8
 };
 

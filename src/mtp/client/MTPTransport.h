@@ -65,6 +65,10 @@ public:
     virtual void open() = 0;
     virtual void close() = 0;
 
+    /// What the device tells on its own from the next open() on, on a thread of the transport.
+    /// Without a receiver nobody listens.
+    virtual void setEventReceiver(std::function<void(const MTPEvent&)> receiver) = 0;
+
     /// Bounds the calls from now on; those of recover() are bounded as it says.
     virtual void setWaits(MTPWaits waits) = 0;
 

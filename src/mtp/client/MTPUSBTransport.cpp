@@ -30,10 +30,14 @@ void MTPUSBTransport::open() {
         return;
     connection_ = openMTPInterface(bus_, address_);
     forget();
+    if (eventReceiver_ && connection_->eventPipe != 0)
+        events_ = std::make_unique<MTPEventReader>(*connection_->interface, connection_->eventPipe,
+                                                   eventReceiver_);
 }
 
 void MTPUSBTransport::close() {
     const std::scoped_lock lock(mutex_);
+    events_.reset();
     connection_.reset();
     forget();
 }
@@ -52,6 +56,11 @@ void MTPUSBTransport::resetFraming() {
     outgoing_ = {};
     outgoingWritten_ = 0;
     outgoingFailed_ = false;
+}
+
+void MTPUSBTransport::setEventReceiver(std::function<void(const MTPEvent&)> receiver) {
+    const std::scoped_lock lock(mutex_);
+    eventReceiver_ = std::move(receiver);
 }
 
 void MTPUSBTransport::setWaits(MTPWaits waits) {

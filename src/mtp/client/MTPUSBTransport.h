@@ -1,5 +1,6 @@
 #pragma once
 
+#include "mtp/client/MTPEventReader.h"
 #include "mtp/client/MTPInterfaceConnection.h"
 #include "mtp/client/MTPTransport.h"
 #include "platform/usb/USBBus.h"
@@ -35,6 +36,7 @@ public:
     [[nodiscard]] MTPPacket receiveContainer(const MTPDataSink& sink,
                                              const MTPStreamOptions& options) override;
     void setWaits(MTPWaits waits) override;
+    void setEventReceiver(std::function<void(const MTPEvent&)> receiver) override;
     using MTPTransportProtocol::recover;
     MTPPipeState recover(std::uint32_t transactionID, MTPDataPhase phase,
                          std::chrono::milliseconds limit) noexcept override;
@@ -75,6 +77,8 @@ private:
 
     std::mutex mutex_; ///< held during each public call; guards everything below
     std::optional<MTPInterfaceConnection> connection_; ///< while open
+    std::function<void(const MTPEvent&)> eventReceiver_;
+    std::unique_ptr<MTPEventReader> events_; ///< while open; uses connection_
     MTPWaits waits_;
     Bytes incomingStream_; ///< read from the device, not handed out yet
     /// The last container carried data.

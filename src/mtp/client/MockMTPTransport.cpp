@@ -100,6 +100,10 @@ void MockMTPTransport::setWaits(MTPWaits) {
     // It never waits.
 }
 
+void MockMTPTransport::setEventReceiver(std::function<void(const MTPEvent&)>) {
+    // It has no events.
+}
+
 MTPPipeState MockMTPTransport::recover(std::uint32_t, MTPDataPhase,
                                        std::chrono::milliseconds) noexcept {
     return MTPPipeState::quiet;

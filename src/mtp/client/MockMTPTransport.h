@@ -25,6 +25,7 @@ public:
     [[nodiscard]] MTPPacket receiveContainer(const MTPDataSink& sink,
                                              const MTPStreamOptions& options) override;
     void setWaits(MTPWaits waits) override;
+    void setEventReceiver(std::function<void(const MTPEvent&)> receiver) override;
     using MTPTransportProtocol::recover;
     MTPPipeState recover(std::uint32_t transactionID, MTPDataPhase phase,
                          std::chrono::milliseconds limit) noexcept override;

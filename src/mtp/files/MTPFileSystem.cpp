@@ -58,9 +58,8 @@ MTPFileSystem::MTPFileSystem(USBBus& bus, PhoneIdentity phone, std::shared_ptr<P
       queue_(std::move(queue)),
       patience_(patience),
       watch_(bus.watch([this](const USBEvent& event) {
-          if (event.kind == USBEvent::Kind::detached &&
-              (phone_.usbLocation.isEmpty() || event.entry.location == phone_.usbLocation))
-              wasDetached_ = true;
+          if (event.kind == USBEvent::Kind::detached)
+              detached_ = event.entry.id;
       })) {}
 
 MTPFileSystem::~MTPFileSystem() {
@@ -103,12 +102,8 @@ std::shared_ptr<PhoneQueue> MTPFileSystem::queue() const {
 template <typename Work>
 std::invoke_result_t<Work, MTPTree&> MTPFileSystem::inSession(const std::stop_token& stop,
                                                               const QString& path, Work work) {
-    if (wasDetached_.exchange(false)) {
+    if (tree_ && detached_ == attachment_)
         closeSession();
-        deviceInfo_.reset();
-        partialReads_.reset();
-        hasBattery_ = true;
-    }
     const bool isReused = tree_ != nullptr;
     std::uint64_t answered = 0;
     try {
@@ -120,6 +115,8 @@ std::invoke_result_t<Work, MTPTree&> MTPFileSystem::inSession(const std::stop_to
             tree_->doubt();
             edits_ = edits;
         }
+        if (tree_->heedEvents())
+            noteEdit();
         if constexpr (std::is_void_v<std::invoke_result_t<Work, MTPTree&>>) {
             work(*tree_);
             brokenInRow_ = 0;
@@ -161,6 +158,13 @@ std::invoke_result_t<Work, MTPTree&> MTPFileSystem::inTurn(const Call& call, con
 }
 
 void MTPFileSystem::openSession() {
+    const auto entry = findMTPDevice(bus_, addressOf(phone_));
+    if (const std::uint64_t id = entry ? entry->id : 0; id != attachment_) {
+        attachment_ = id;
+        deviceInfo_.reset();
+        partialReads_.reset();
+        hasBattery_ = true;
+    }
     tree_ = std::make_unique<MTPTree>(std::make_unique<MTPUSBTransport>(bus_, addressOf(phone_)),
                                       memory_, patience_);
     if (!deviceInfo_)

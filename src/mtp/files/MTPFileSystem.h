@@ -83,6 +83,7 @@ private:
     // Of whoever has the turn
     MTPPhoneMemory memory_;
     std::unique_ptr<MTPTree> tree_;
+    std::uint64_t attachment_ = 0;            ///< USBDeviceEntry::id of the last session's device
     std::optional<MTPDeviceInfo> deviceInfo_; ///< of this attachment
     std::uint64_t edits_ = 0;                 ///< PhoneQueue::edits() that the tree knows of
     std::optional<MTPPartialReads> partialReads_;
@@ -92,8 +93,8 @@ private:
     mutable std::mutex mutex_;
     QHash<QString, StorageVolume> volumes_; ///< by id, as last read; guarded by mutex_
 
-    std::atomic<bool> wasDetached_ = false;
-    std::unique_ptr<USBWatch> watch_; ///< last: its callback sets wasDetached_
+    std::atomic<std::uint64_t> detached_ = 0; ///< the attachment that ended last
+    std::unique_ptr<USBWatch> watch_;         ///< last: its callback sets detached_
 };
 
 } // namespace tessary

@@ -41,6 +41,15 @@ bool isUsable(std::uint32_t storageID) {
 MTPTree::MTPTree(std::unique_ptr<MTPTransportProtocol> transport, MTPPhoneMemory& memory,
                  MTPPatience patience)
     : memory_(memory), serial_(nextSerial()), client_(std::move(transport), patience) {
+    client_.setEventReceiver([this](const MTPEvent& event) {
+        // A phone may tell without end: from some number on, all is to be doubted anyway.
+        constexpr std::size_t most = 1000;
+        const std::scoped_lock lock(eventMutex_);
+        if (events_.size() < most)
+            events_.push_back(event);
+        else
+            events_.back() = {static_cast<std::uint16_t>(MTPEventCode::deviceReset), 0};
+    });
     client_.openSession(1);
 }
 
@@ -88,6 +97,52 @@ MTPTree::Known& MTPTree::known(std::uint32_t storageID, std::uint32_t folder) {
 
 void MTPTree::doubt() {
     folders_.clear();
+}
+
+bool MTPTree::heedEvents() {
+    std::vector<MTPEvent> events;
+    {
+        const std::scoped_lock lock(eventMutex_);
+        events.swap(events_);
+    }
+    bool isForeign = false;
+    for (const MTPEvent& event : events)
+        isForeign = heed(event) || isForeign;
+    return isForeign;
+}
+
+bool MTPTree::heed(const MTPEvent& event) {
+    const auto knowing = std::find_if(folders_.begin(), folders_.end(), [&](const Known& folder) {
+        return folder.contents.contains(event.parameter);
+    });
+    const bool isKnown = knowing != folders_.end();
+    switch (static_cast<MTPEventCode>(event.code)) {
+    case MTPEventCode::objectAdded:
+        if (isKnown)
+            return false; // an echo of what this session did
+        for (Known& folder : folders_)
+            folder.checkedAt = {}; // the handles tell where it is
+        return true;
+    case MTPEventCode::objectRemoved:
+        folders_.remove({isKnown ? knowing.key().first : 0, event.parameter});
+        if (isKnown)
+            knowing->contents.remove(event.parameter);
+        return isKnown;
+    case MTPEventCode::objectInfoChanged:
+        if (isKnown)
+            knowing->contents.remove(event.parameter); // it is asked again
+        if (isKnown)
+            knowing->checkedAt = {};
+        return isKnown;
+    case MTPEventCode::storeAdded:
+    case MTPEventCode::storeRemoved:
+    case MTPEventCode::deviceReset:
+        storageIDs_.reset();
+        doubt();
+        return true;
+    default:
+        return false;
+    }
 }
 
 bool MTPTree::knows(const MTPFound& folder, std::uint32_t handle) const {

@@ -13,6 +13,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <stop_token>
 #include <vector>
@@ -95,6 +96,9 @@ public:
 
     /// Something on the phone was changed by others: all that is known is to be read again.
     void doubt();
+    /// Looks at what the phone has told on its own since the last time. True when somebody else
+    /// has changed something: what that concerns is read again.
+    [[nodiscard]] bool heedEvents();
     /// This session has made an object in a folder.
     void added(const MTPFound& folder, const MTPObjectInfo& info);
     /// This session has removed an object, with all in it.
@@ -119,6 +123,7 @@ private:
     };
     using FolderKey = std::pair<std::uint32_t, std::uint32_t>; ///< storage, handle
 
+    [[nodiscard]] bool heed(const MTPEvent& event);
     [[nodiscard]] bool isIn(const MTPObjectInfo& info, std::uint32_t folder);
     [[nodiscard]] Known& known(std::uint32_t storageID, std::uint32_t folder);
     [[nodiscard]] std::optional<MTPFound> resolve(const MTPLocation& location, bool mustBeCurrent,
@@ -149,7 +154,9 @@ private:
     MTPClient client_;
     std::optional<std::vector<std::uint32_t>> storageIDs_;
     QHash<FolderKey, Known> folders_;
-    bool parentsAreZero_ = false; ///< the phone says so of whatever lies in folders
+    std::mutex eventMutex_;
+    std::vector<MTPEvent> events_; ///< not heeded yet; guarded by eventMutex_
+    bool parentsAreZero_ = false;  ///< the phone says so of whatever lies in folders
 };
 
 } // namespace tessary

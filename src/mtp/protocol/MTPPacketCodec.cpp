@@ -150,6 +150,17 @@ std::optional<MTPContainerHeader> MTPPacketCodec::decodeHeader(ByteView from) {
     return header;
 }
 
+std::optional<MTPEvent> MTPPacketCodec::decodeEvent(ByteView from) {
+    const auto header = decodeHeader(from);
+    if (!header || header->type != MTPContainerType::event)
+        return std::nullopt;
+    constexpr std::size_t withParameter = MTPContainerHeader::size + 4;
+    const bool hasParameter = from.size() >= withParameter && header->length >= withParameter;
+    return MTPEvent{header->code,
+                    hasParameter ? readLittleEndian<std::uint32_t>(from, MTPContainerHeader::size)
+                                 : 0};
+}
+
 Bytes MTPPacketCodec::buildCommandPacket(MTPOperationCode operation, std::uint32_t transactionID,
                                          std::span<const std::uint32_t> parameters) {
     Bytes bytes =

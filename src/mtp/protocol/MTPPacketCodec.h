@@ -29,6 +29,9 @@ public:
     [[nodiscard]] static Bytes buildDataPacket(MTPOperationCode operation,
                                                std::uint32_t transactionID, ByteView payload);
 
+    /// An event container: the header, then up to three parameters of u32. No value for any other.
+    [[nodiscard]] static std::optional<MTPEvent> decodeEvent(ByteView from);
+
     /// Arrays of u32: a count, then as many values. A truncated array is empty, never partial.
     [[nodiscard]] static std::vector<std::uint32_t> decodeStorageIDs(ByteView from);
     [[nodiscard]] static std::vector<std::uint32_t> decodeObjectHandles(ByteView from);

@@ -41,6 +41,14 @@ struct MTPPacket {
     bool operator==(const MTPPacket&) const = default;
 };
 
+/// What a device tells on its own, on the interrupt pipe.
+struct MTPEvent {
+    std::uint16_t code = 0;      ///< MTPEventCode, kept raw
+    std::uint32_t parameter = 0; ///< an object's handle, or a storage; 0 when there is none
+
+    bool operator==(const MTPEvent&) const = default;
+};
+
 /// What a device says that it is and can do.
 struct MTPDeviceInfo {
     QString vendorExtensions;

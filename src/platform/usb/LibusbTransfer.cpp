@@ -100,7 +100,7 @@ USBCode LibusbTransfer::start() {
 
 bool LibusbTransfer::waitUntil(steady_clock::time_point until, const std::stop_token* stop) const {
     // How long a stop may go unheard.
-    constexpr std::chrono::milliseconds slice{50};
+    constexpr std::chrono::milliseconds slice{20};
     while (!completed() && steady_clock::now() < until && !(stop && stop->stop_requested()))
         state_->handle->handleEvents(&state_->completed,
                                      stop ? std::min(until, steady_clock::now() + slice) : until);

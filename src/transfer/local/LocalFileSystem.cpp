@@ -46,20 +46,17 @@ FileItem itemOf(const struct stat& facts, const QString& name, const QString& pa
 }
 
 /// renameat() that leaves a taken name alone, also where the file system has no such call.
-int renameToFreeName(int fromFolder, const QByteArray& from, int toFolder, const QByteArray& to) {
+/// `isItself`: to the folder both names are the same, and an entry stands in its own way.
+int renameToFreeName(int fromFolder, const QByteArray& from, int toFolder, const QByteArray& to,
+                     bool isItself) {
+    if (isItself)
+        return ::renameat(fromFolder, from.constData(), toFolder, to.constData());
     if (::renameat2(fromFolder, from.constData(), toFolder, to.constData(), RENAME_NOREPLACE) == 0)
         return 0;
     const int reason = errno;
-    struct stat source {};
-    struct stat target {};
-    const bool isTaken = ::fstatat(toFolder, to.constData(), &target, AT_SYMLINK_NOFOLLOW) == 0 &&
-                         ::fstatat(fromFolder, from.constData(), &source, AT_SYMLINK_NOFOLLOW) == 0;
-    // Where case does not count an entry stands in its own way.
-    const bool isItself = isTaken && from != to && source.st_dev == target.st_dev &&
-                          source.st_ino == target.st_ino &&
-                          (S_ISDIR(source.st_mode) || source.st_nlink == 1);
-    const bool cannotAsk = reason == EINVAL || reason == ENOSYS;
-    if (!isItself && (isTaken || !cannotAsk)) {
+    struct stat facts {};
+    const bool isTaken = ::fstatat(toFolder, to.constData(), &facts, AT_SYMLINK_NOFOLLOW) == 0;
+    if (isTaken || (reason != EINVAL && reason != ENOSYS)) {
         errno = isTaken ? EEXIST : reason;
         return -1;
     }
@@ -355,10 +352,13 @@ FileItem LocalFileSystem::rename(const FileItem& item, const QString& newName, T
     const QString path = joinPath(parentPath(item.path), newName);
     requireKind(place, item);
     const int folder = place.folder.get();
+    const NameRules rules = traits(place.folder).names;
+    const bool isItself = newName != lastComponent(item.path) &&
+                          rules.key(newName) == rules.key(lastComponent(item.path));
     // A folder would take the place of an empty one without a word.
     const int result = taken == TakenName::replaced && !item.isDirectory
                            ? ::renameat(folder, place.name.constData(), folder, name.constData())
-                           : renameToFreeName(folder, place.name, folder, name);
+                           : renameToFreeName(folder, place.name, folder, name, isItself);
     if (result != 0)
         throw localFailure(LocalError::cannotRename, path, errno);
     return itemAt(folder, name, newName, path);
@@ -369,7 +369,7 @@ FileItem LocalFileSystem::move(const FileItem& item, const QString& newFolder, c
     requireKind(place, item);
     const QString path = joinPath(newFolder, lastComponent(item.path));
     const FileHandle folder = base_.open(newFolder);
-    if (renameToFreeName(place.folder.get(), place.name, folder.get(), place.name) != 0) {
+    if (renameToFreeName(place.folder.get(), place.name, folder.get(), place.name, false) != 0) {
         const int reason = errno;
         if (reason == EINVAL)
             throw Error(PhoneError::insideItself, {item.path});

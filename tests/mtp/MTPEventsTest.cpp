@@ -1,0 +1,79 @@
+#include "mtp/MTPFilesFixture.h"
+#include "mtp/protocol/MTPPacketCodec.h"
+#include "support/MTPContainers.h"
+
+namespace tessary {
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using enum MTPOperationCode;
+using testing::ElementsAre;
+
+TEST(MTPEventContainer, codeAndFirstParameterAreRead) {
+    const auto event = [](const char* bytes) {
+        return MTPPacketCodec::decodeEvent(hexBytes(bytes));
+    };
+    EXPECT_EQ(event("10000000 0400 0240 07000000 2A000000"), (MTPEvent{0x4002, 42}));
+    EXPECT_EQ(event("0C000000 0400 0B40 07000000"), (MTPEvent{0x400B, 0}));
+    EXPECT_EQ(event("0C000000 0400 0240 07000000 2A000000"), (MTPEvent{0x4002, 0})) << "its length";
+    EXPECT_EQ(event("10000000 0400 0240 07000000 2A0000"), (MTPEvent{0x4002, 0})) << "cut";
+    EXPECT_EQ(event("10000000 0300 0120 07000000 2A000000"), std::nullopt) << "a response";
+    EXPECT_EQ(event("10000000 0400"), std::nullopt);
+}
+
+class MTPEventsTest : public MTPFilesFixture {
+protected:
+    MTPEventsTest() {
+        phone().write(u"D/a"_s, "a");
+        phone().write(u"D/b"_s, "b");
+    }
+    /// Tells of something, and waits until it was read.
+    void tell(MTPEventCode code, std::uint32_t parameter) {
+        phone().android.sendEvent(code, parameter);
+        std::this_thread::sleep_for(50ms);
+    }
+};
+
+TEST_F(MTPEventsTest, eventsAreReadForAsLongAsTheSessionLasts) {
+    phone().behave([](VirtualBehaviour& behaviour) { behaviour.waitsForEventReader = true; });
+    (void)list("/D");
+    for (std::uint32_t n = 0; n < 20; ++n)
+        phone().android.sendEvent(MTPEventCode::devicePropChanged, n);
+    EXPECT_EQ(list("/D").size(), 2U) << "a phone with unread events would not answer";
+    EXPECT_EQ(write("/D", u"c"_s, "c").size, 1);
+}
+
+TEST_F(MTPEventsTest, whatOthersAddRemoveOrChangeIsSeenAtOnce) {
+    const auto rows = list("/D");
+    const std::uint64_t edits = queue_->edits();
+    phone().write(u"D/new"_s, "theirs");
+    tell(MTPEventCode::objectAdded, 0x00ABCDEF);
+    EXPECT_EQ(codeOf([&] { write("/D", u"new"_s, "ours"); }), "taken");
+    EXPECT_GT(queue_->edits(), edits) << "whoever shows the folder hears of it";
+
+    ASSERT_TRUE(QFile::remove(phone().disk.path(u"0/D/a"_s)));
+    tell(MTPEventCode::objectRemoved, *rows[0].handle);
+    EXPECT_EQ(files_.find(u"/D/a"_s, {}), std::nullopt);
+    EXPECT_EQ(write("/D", u"a"_s, "ours").size, 4);
+
+    phone().android.setLocked(true);
+    tell(MTPEventCode::storeRemoved, PluggedPhone::firstStorage);
+    EXPECT_EQ(codeOf([&] { (void)list("/"); }), "noStorage");
+}
+
+TEST_F(MTPEventsTest, echoesOfOwnEditsCostNothing) {
+    (void)list("/D");
+    for (int n = 0; n < 5; ++n) {
+        const FileItem made = write("/D", u"own %1"_s.arg(n), "x");
+        tell(MTPEventCode::objectAdded, *made.handle);
+    }
+    phone().android.clearRequestLog();
+    const std::uint64_t edits = queue_->edits();
+    (void)write("/D", u"last"_s, "x");
+    EXPECT_EQ(phone().requests(getObjectHandles), 0U);
+    EXPECT_EQ(queue_->edits(), edits + 1);
+}
+
+} // namespace
+} // namespace tessary

@@ -1,0 +1,196 @@
+#pragma once
+
+#include "phone/NameRules.h"
+#include "support/TemporaryFolder.h"
+
+#include <QProcess>
+
+#define FUSE_USE_VERSION 35
+#include <dirent.h>
+#include <fcntl.h>
+#include <fuse.h>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <thread>
+
+namespace tessary {
+
+/// A disk that is stricter than those of this machine, or fuller: mounted by FUSE over a plain
+/// folder. One at a time in a process.
+class StrangeDisk {
+public:
+    struct Options {
+        NameRules rules{};
+        bool isReadOnly = false;
+        qint64 largestFile = 0; ///< bytes; 0: no limit
+        qint64 capacity = 0;    ///< bytes; 0: no limit
+        qint64 saysFree = -1;   ///< instead of the truth
+    };
+
+    explicit StrangeDisk(Options options) : options_(options) {
+        behind_.makeFolder(QStringLiteral("files"));
+        shown_.makeFolder(QStringLiteral("disk"));
+        instance() = this;
+        const fuse_operations calls = operations();
+        std::array arguments{const_cast<char*>("strange"), const_cast<char*>("-ofsname=strange")};
+        fuse_args args = FUSE_ARGS_INIT(static_cast<int>(arguments.size()), arguments.data());
+        fuse_ = fuse_new(&args, &calls, sizeof calls, nullptr);
+        fuse_opt_free_args(&args);
+        isMounted_ = fuse_ != nullptr && fuse_mount(fuse_, path().toUtf8().constData()) == 0;
+        if (isMounted_)
+            thread_ = std::jthread([this] { fuse_loop(fuse_); });
+    }
+    ~StrangeDisk() {
+        if (isMounted_)
+            QProcess::execute(QStringLiteral("fusermount3"),
+                              {QStringLiteral("-u"), QStringLiteral("-z"), path()});
+        if (thread_.joinable())
+            thread_.join();
+        if (fuse_ != nullptr)
+            fuse_destroy(fuse_);
+    }
+    StrangeDisk(const StrangeDisk&) = delete;
+    StrangeDisk& operator=(const StrangeDisk&) = delete;
+
+    /// False where this machine mounts nothing for its users.
+    [[nodiscard]] bool isMounted() const {
+        return isMounted_;
+    }
+    [[nodiscard]] QString path() const {
+        return shown_.path(QStringLiteral("disk"));
+    }
+    /// What is on it, past its own rules.
+    [[nodiscard]] QStringList names(const QString& folder = {}) const {
+        return behind_.names(QStringLiteral("files/") + folder);
+    }
+
+private:
+    static StrangeDisk*& instance() {
+        static StrangeDisk* one = nullptr;
+        return one;
+    }
+
+    /// Where a path lies behind the disk, by the disk's rules about names.
+    [[nodiscard]] QByteArray at(const char* path) const {
+        QString reached = behind_.path(QStringLiteral("files"));
+        for (const QString& name :
+             QString::fromUtf8(path).split(QLatin1Char('/'), Qt::SkipEmptyParts)) {
+            QString found = name;
+            for (const QString& there :
+                 QDir(reached).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot))
+                if (options_.rules.key(there) == options_.rules.key(name))
+                    found = there;
+            reached += QLatin1Char('/') + found;
+        }
+        return reached.toUtf8();
+    }
+    /// 0, or what is against a new entry of this path.
+    [[nodiscard]] int refusalOf(const char* path) const {
+        if (options_.isReadOnly)
+            return -EROFS;
+        const QString name = QString::fromUtf8(path).section(QLatin1Char('/'), -1);
+        return options_.rules.accepts(name) ? 0 : -EINVAL;
+    }
+    [[nodiscard]] qint64 used() const {
+        qint64 bytes = 0;
+        for (const QString& name : names())
+            bytes += QFileInfo(behind_.path(QStringLiteral("files/") + name)).size();
+        return bytes;
+    }
+    static int answer(int result) {
+        return result < 0 ? -errno : 0;
+    }
+
+    static fuse_operations operations() {
+        fuse_operations calls{};
+        calls.init = [](fuse_conn_info*, fuse_config* config) -> void* {
+            config->hard_remove = 1; // what is removed while it is open is gone
+            return nullptr;
+        };
+        calls.getattr = [](const char* path, struct stat* facts, fuse_file_info*) {
+            return answer(::lstat(instance()->at(path), facts));
+        };
+        calls.readdir = [](const char* path, void* buffer, fuse_fill_dir_t fill, off_t,
+                           fuse_file_info*, fuse_readdir_flags) {
+            DIR* const folder = ::opendir(instance()->at(path));
+            if (folder == nullptr)
+                return -errno;
+            while (const dirent* entry = ::readdir(folder))
+                fill(buffer, entry->d_name, nullptr, 0, {});
+            ::closedir(folder);
+            return 0;
+        };
+        calls.open = [](const char* path, fuse_file_info* info) {
+            const int file = ::open(instance()->at(path), info->flags & O_ACCMODE);
+            info->fh = static_cast<std::uint64_t>(file);
+            return answer(file);
+        };
+        calls.create = [](const char* path, mode_t mode, fuse_file_info* info) {
+            if (const int refusal = instance()->refusalOf(path); refusal != 0)
+                return refusal;
+            const int file = ::open(instance()->at(path), O_CREAT | O_EXCL | O_RDWR, mode);
+            info->fh = static_cast<std::uint64_t>(file);
+            return answer(file);
+        };
+        calls.read = [](const char*, char* into, std::size_t size, off_t offset,
+                        fuse_file_info* info) {
+            return static_cast<int>(::pread(static_cast<int>(info->fh), into, size, offset));
+        };
+        calls.write = [](const char*, const char* bytes, std::size_t size, off_t offset,
+                         fuse_file_info* info) {
+            const Options& options = instance()->options_;
+            const auto end = offset + static_cast<off_t>(size);
+            if (options.largestFile > 0 && end > options.largestFile)
+                return -EFBIG;
+            if (options.capacity > 0 &&
+                instance()->used() + static_cast<qint64>(size) > options.capacity)
+                return -ENOSPC;
+            return static_cast<int>(::pwrite(static_cast<int>(info->fh), bytes, size, offset));
+        };
+        calls.release = [](const char*, fuse_file_info* info) {
+            return answer(::close(static_cast<int>(info->fh)));
+        };
+        calls.mkdir = [](const char* path, mode_t mode) {
+            if (const int refusal = instance()->refusalOf(path); refusal != 0)
+                return refusal;
+            return answer(::mkdir(instance()->at(path), mode));
+        };
+        calls.unlink = [](const char* path) { return answer(::unlink(instance()->at(path))); };
+        calls.rmdir = [](const char* path) { return answer(::rmdir(instance()->at(path))); };
+        calls.rename = [](const char* from, const char* to, unsigned flags) {
+            if (flags != 0)
+                return -EINVAL; // as many do not know them
+            if (const int refusal = instance()->refusalOf(to); refusal != 0)
+                return refusal;
+            return answer(::rename(instance()->at(from), instance()->at(to)));
+        };
+        calls.utimens = [](const char* path, const timespec times[2], fuse_file_info*) {
+            return answer(::utimensat(AT_FDCWD, instance()->at(path), times, AT_SYMLINK_NOFOLLOW));
+        };
+        calls.statfs = [](const char*, struct statvfs* facts) {
+            constexpr unsigned long block = 512;
+            const Options& options = instance()->options_;
+            facts->f_bsize = facts->f_frsize = block;
+            facts->f_namemax = 255;
+            facts->f_blocks = 1'000'000;
+            const qint64 free = options.saysFree >= 0   ? options.saysFree
+                                : options.capacity == 0 ? qint64{400'000'000}
+                                                        : options.capacity - instance()->used();
+            facts->f_bfree = facts->f_bavail = static_cast<fsblkcnt_t>(free) / block;
+            return 0;
+        };
+        return calls;
+    }
+
+    const Options options_;
+    const TemporaryFolder behind_;
+    const TemporaryFolder shown_;
+    fuse* fuse_ = nullptr;
+    bool isMounted_ = false;
+    std::jthread thread_;
+};
+
+} // namespace tessary

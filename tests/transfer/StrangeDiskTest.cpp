@@ -1,0 +1,130 @@
+#include "support/StrangeDisk.h"
+
+#include "support/QtPrinters.h"
+#include "transfer/CopySides.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tessary {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// Downloads onto disks that this machine's kernel does not have.
+class StrangeDiskTest : public testing::Test {
+protected:
+    void mount(StrangeDisk::Options options) {
+        disk.emplace(options);
+        if (!disk->isMounted())
+            GTEST_SKIP() << "this machine mounts nothing for its users";
+        files = std::make_shared<LocalFileSystem>(disk->path());
+    }
+    CopyOutcome download(const Contents& contents, ClashAnswer answer = ClashAnswer::keepBoth) {
+        phone.fill(contents, noon);
+        TreeCopyRequest request{.from = phone.files(), .to = files, .folder = disk->path()};
+        request.policy = [answer](const Clash&) { return answer; };
+        for (const FileItem& item : phone.items())
+            request.items.push_back({item, item.name});
+        return run(std::move(request));
+    }
+
+    MemorySide phone{{.rules = {}, .queue = std::make_shared<PhoneQueue>()}};
+    std::optional<StrangeDisk> disk;
+    std::shared_ptr<LocalFileSystem> files;
+};
+
+const NameRules card{.ignoresCase = true, .ignoresUnicodeForm = true, .forbidsFATCharacters = true};
+
+TEST_F(StrangeDiskTest, rulesAreFoundOutByTryingAndLeaveNothing) {
+    const NameRules rows[] = {
+        {},
+        {.ignoresCase = true},
+        {.ignoresCase = true, .ignoresUnicodeForm = true},
+        {.forbidsFATCharacters = true},
+        card,
+    };
+    for (const NameRules& rules : rows) {
+        mount({.rules = rules});
+        if (IsSkipped())
+            return;
+        EXPECT_EQ(files->nameRules(disk->path()), rules);
+        EXPECT_THAT(disk->names(), IsEmpty());
+        disk.reset();
+    }
+}
+
+TEST_F(StrangeDiskTest, twinsAreNumberedAndWhatCannotLieThereIsNamed) {
+    mount({.rules = card});
+    if (IsSkipped())
+        return;
+    const CopyOutcome outcome = download(
+        {{s("Foto.jpg"), "1"}, {s("foto.jpg"), "2"}, {s("1 10:20.txt"), "3"}, {s("z.txt"), "4"}});
+    EXPECT_EQ(disk->names(), (QStringList{s("Foto.jpg"), s("foto (2).jpg"), s("z.txt")}));
+    EXPECT_THAT(namesLeftOut(outcome), ElementsAre(s("1 10:20.txt: nameNotAllowed")));
+    EXPECT_EQ(outcome.files, 3);
+}
+
+TEST_F(StrangeDiskTest, whatIsThereIsReplacedUnderItsOwnName) {
+    mount({.rules = card});
+    if (IsSkipped())
+        return;
+    (void)download({{s("FOTO.jpg"), "old"}});
+    phone.memory->removeQuietly(s("/side/FOTO.jpg"));
+    EXPECT_EQ(download({{s("foto.jpg"), "newer"}}, ClashAnswer::replace).end(),
+              CopyOutcome::End::done);
+    EXPECT_EQ(disk->names(), QStringList{s("FOTO.jpg")});
+    EXPECT_EQ(require(*files, disk->path() + s("/foto.jpg"), {}).size, 5);
+}
+
+TEST_F(StrangeDiskTest, aNameMayChangeOnlyInCase) {
+    mount({.rules = card});
+    if (IsSkipped())
+        return;
+    (void)download({{s("a.jpg"), "a"}, {s("b.jpg"), "b"}});
+    const FileItem item = require(*files, disk->path() + s("/a.jpg"), {});
+    EXPECT_EQ(files->rename(item, s("A.JPG"), TakenName::refused, {}).name, s("A.JPG"));
+    EXPECT_THROW(files->rename(item, s("B.JPG"), TakenName::refused, {}), Error);
+}
+
+TEST_F(StrangeDiskTest, aFullDiskEndsTheCopyAndKeepsNoPart) {
+    const struct {
+        const char* name;
+        qint64 saysFree;
+    } rows[] = {{"it says so", -1}, {"it does not", 100'000'000}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        mount({.capacity = 1'000'000, .saysFree = row.saysFree});
+        if (IsSkipped())
+            return;
+        const CopyOutcome outcome =
+            download({{s("a"), QByteArray(600'000, 'a')}, {s("b"), QByteArray(600'000, 'b')}});
+        EXPECT_EQ(outcome.end(), CopyOutcome::End::failed);
+        ASSERT_TRUE(outcome.failure);
+        EXPECT_TRUE(outcome.failure->is(LocalError::full)) << outcome.failure->what();
+        EXPECT_EQ(disk->names(), QStringList{s("a")});
+        disk.reset();
+    }
+}
+
+TEST_F(StrangeDiskTest, whatIsTooLargeForItIsLeftOut) {
+    mount({.largestFile = 500'000});
+    if (IsSkipped())
+        return;
+    const CopyOutcome outcome = download({{s("a"), QByteArray(600'000, 'a')}, {s("b"), "b"}});
+    EXPECT_THAT(namesLeftOut(outcome), ElementsAre(s("a: tooLarge")));
+    EXPECT_EQ(disk->names(), QStringList{s("b")});
+}
+
+TEST_F(StrangeDiskTest, aReadOnlyDiskLeavesAllOutAndSaysWhy) {
+    mount({.isReadOnly = true});
+    if (IsSkipped())
+        return;
+    const CopyOutcome outcome = download({{s("a"), "a"}, {s("d/e"), "e"}});
+    EXPECT_THAT(namesLeftOut(outcome), ElementsAre(s("a: cannotWrite"), s("d: cannotMakeFolder")));
+    EXPECT_EQ(outcome.end(), CopyOutcome::End::incomplete);
+}
+
+} // namespace
+} // namespace tessary
