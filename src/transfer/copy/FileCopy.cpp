@@ -219,10 +219,11 @@ FileItem copyFile(const FileCopy& copy, const ByteProgress& progress, const Call
     FileStream stream(copy.from, copy.file,
                       areBothPhones ? FileStream::Way::readFirst : FileStream::Way::ahead,
                       mayGrowBy, call, put.keptBytes);
-    if (copy.verifies && put.keptBytes > 0)
-        copy.to.read(
-            *put.begun, {0, put.keptBytes}, [&stream](ByteView bytes) { stream.addToHash(bytes); },
-            call);
+    if (copy.verifies)
+        stream.beginHash([&](const ByteSink& sink) {
+            if (put.keptBytes > 0)
+                copy.to.read(*put.begun, {0, put.keptBytes}, sink, call);
+        });
     const auto check = [&](const FileItem& part) {
         if (copy.checksSource) {
             const auto now = copy.from.find(copy.file.path, call);

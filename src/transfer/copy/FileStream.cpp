@@ -101,13 +101,19 @@ std::size_t FileStream::takeAhead(std::span<std::byte> into) {
 
 std::size_t FileStream::read(std::span<std::byte> into) {
     const std::size_t count = thread_.joinable() ? takeAhead(into) : spool_.read(into);
-    addToHash(into.first(count));
+    if (hash_)
+        addToHash(into.first(count));
     return count;
 }
 
+void FileStream::beginHash(const std::function<void(const ByteSink&)>& before) {
+    hash_.emplace(QCryptographicHash::Sha256);
+    before([this](ByteView bytes) { addToHash(bytes); });
+}
+
 void FileStream::addToHash(ByteView bytes) {
-    hash_.addData(QByteArrayView(reinterpret_cast<const char*>(bytes.data()),
-                                 static_cast<qsizetype>(bytes.size())));
+    hash_->addData(QByteArrayView(reinterpret_cast<const char*>(bytes.data()),
+                                  static_cast<qsizetype>(bytes.size())));
 }
 
 } // namespace tessary

@@ -9,6 +9,7 @@
 #include <deque>
 #include <exception>
 #include <mutex>
+#include <optional>
 #include <thread>
 
 namespace tessary {
@@ -41,15 +42,16 @@ public:
     /// The next bytes; 0 once all were drawn. Throws what the reading threw, and
     /// CancellationError.
     std::size_t read(std::span<std::byte> into);
-    /// Adds what lies before the offset to the hash.
-    void addToHash(ByteView bytes);
-    /// SHA-256 of what was drawn.
+    /// From now on what is drawn is hashed, after `before`, what lies before the offset.
+    void beginHash(const std::function<void(const ByteSink&)>& before);
+    /// SHA-256, after beginHash().
     [[nodiscard]] QByteArray hash() const {
-        return hash_.result();
+        return hash_->result();
     }
 
 private:
     void fetch(const std::function<void(ByteView)>& sink, const Call& call);
+    void addToHash(ByteView bytes);
     void fetchAhead(const std::stop_token& stop);
     void put(ByteView bytes, const std::stop_token& stop);
     [[nodiscard]] std::size_t takeAhead(std::span<std::byte> into);
@@ -60,7 +62,7 @@ private:
     const qint64 announced_; ///< from the offset on
     const qint64 most_;
     const Call call_;
-    QCryptographicHash hash_{QCryptographicHash::Sha256};
+    std::optional<QCryptographicHash> hash_;
     Spool spool_; ///< all of it, unless `thread_` runs
 
     std::mutex mutex_; ///< guards the four below

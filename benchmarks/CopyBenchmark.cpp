@@ -1,0 +1,109 @@
+// What reading through a mounted folder costs next to a copy, and what a second phone adds: a film
+// of a virtual phone is copied and read through a mount by turns, then two phones copy alone and
+// side by side. Each line gives the shortest of some rounds. The film's size in MiB may be given.
+
+#include "mtp/files/MTPFileSystem.h"
+#include "support/PluggedPhone.h"
+#include "transfer/copy/FileCopy.h"
+#include "transfer/local/LocalFileSystem.h"
+#include "transfer/mount/PhoneMount.h"
+
+#include <QFile>
+#include <QProcess>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <thread>
+
+namespace tessary {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int rounds = 3;
+
+double shortestOf(const std::function<void()>& work) {
+    double shortest = 1e9;
+    for (int round = 0; round < rounds; ++round) {
+        const auto begin = std::chrono::steady_clock::now();
+        work();
+        shortest = std::min(
+            shortest,
+            std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count());
+    }
+    return shortest;
+}
+
+struct Phone {
+    explicit Phone(const char* serial, qint64 size) : plugged(bus, phoneConfig(serial)) {
+        plugged.disk.writeSparse(u"0/film"_s, size);
+    }
+    void copyTo(const QString& folder) {
+        QFile::remove(folder + u"/film"_s);
+        LocalFileSystem here(folder);
+        (void)copyFile({.from = *files,
+                        .file = require(*files, u"/film"_s, {}),
+                        .to = here,
+                        .folder = folder,
+                        .name = u"film"_s},
+                       {}, {});
+    }
+
+    VirtualUSBBus bus;
+    PluggedPhone plugged;
+    std::shared_ptr<MTPFileSystem> files = std::make_shared<MTPFileSystem>(
+        bus, identityOf(plugged.info), std::make_shared<PhoneQueue>());
+};
+
+int run(qint64 mebibytes) {
+    const qint64 size = mebibytes << 20;
+    const TemporaryFolder disk;
+    Phone one("ONE", size);
+    Phone other("OTHER", size);
+    const QString first = disk.makeFolder(u"1"_s);
+    const QString second = disk.makeFolder(u"2"_s);
+    const auto show = [mebibytes](const char* what, double seconds, double times = 1) {
+        std::printf("%-28s %8.3f s   %8.1f MiB/s\n", what, seconds,
+                    times * static_cast<double>(mebibytes) / seconds);
+        std::fflush(stdout);
+    };
+    const double copied = shortestOf([&] { one.copyTo(first); });
+    show("copied", copied);
+    const QString top = disk.makeFolder(u"mnt"_s);
+    double read = 1e9;
+    for (int round = 0; round < rounds; ++round) {
+        // Each from a mount of its own: what the system has cached of another counts for nothing.
+        const auto mounted = PhoneMount::mount(one.files, {{u"/"_s, u"phone"_s}}, top,
+                                               [](const FileItem&, const Error&) {});
+        if (!mounted) {
+            std::fprintf(stderr, "this machine mounts nothing for its users\n");
+            return EXIT_FAILURE;
+        }
+        const auto begin = std::chrono::steady_clock::now();
+        if (QProcess::execute(u"dd"_s, {u"if="_s + top + u"/film"_s, u"of=/dev/null"_s, u"bs=1M"_s,
+                                        u"status=none"_s}) != 0)
+            return EXIT_FAILURE;
+        read = std::min(
+            read, std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count());
+    }
+    show("read through the mount", read);
+    std::printf("%-28s %8.2f\n", "mount : copy", read / copied);
+    const double both = shortestOf([&] {
+        std::jthread beside([&] { other.copyTo(second); });
+        one.copyTo(first);
+    });
+    show("two phones side by side", both, 2);
+    std::printf("%-28s %8.2f\n", "total : one alone", 2 * copied / both);
+    return EXIT_SUCCESS;
+}
+
+} // namespace
+} // namespace tessary
+
+int main(int argc, char* argv[]) {
+    constexpr qint64 usual = 1024;
+    return tessary::run(argc > 1 ? std::strtoll(argv[1], nullptr, 10) : usual);
+}
