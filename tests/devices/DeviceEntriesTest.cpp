@@ -41,6 +41,42 @@ TEST(AndroidDevicesTest, excludedWordsOverrideKnownVendorsAndHints) {
     }
 }
 
+TEST(AndroidDevicesTest, interfacesCountForMoreThanNames) {
+    const USBInterfaceEntry mtp{0, 6, 1, 1, {}};
+    const USBInterfaceEntry named{0, 255, 255, 0, u"MTP"_s};
+    const USBInterfaceEntry adb{1, 255, 66, 1, u"ADB Interface"_s};
+    const USBInterfaceEntry storage{0, 8, 6, 80, {}};
+    const USBInterfaceEntry mouse{0, 3, 1, 2, {}};
+    const USBInterfaceEntry bluetooth{0, 0xE0, 1, 1, {}};
+    const USBInterfaceEntry tethering{0, 0xE0, 1, 3, {}};
+    const USBInterfaceEntry headset{0, 1, 1, 0, {}};
+    const struct {
+        const char* name;
+        std::uint16_t vendorID;
+        std::vector<USBInterfaceEntry> interfaces;
+        bool accepted;
+    } rows[] = {
+        {"OPPO", 0x22D9, {mtp}, true},
+        {"Fairphone, with adb", 0x2AE5, {mtp, adb}, true},
+        {"Garmin, by its name", 0x091E, {named}, true},
+        {"Canon", 0x04A9, {mtp}, true},
+        {"iPhone", 0x05AC, {mtp}, false},
+        {"Bluetooth adapter of a phone's maker", 0x0E8D, {bluetooth, bluetooth}, false},
+        {"lighting controller", 0x0B05, {mouse}, false},
+        {"mouse and dock", 0x17EF, {mouse, headset}, false},
+        {"disk", 0x18D1, {storage}, false},
+        {"phone that charges", 0x18D1, {adb}, true},
+        {"phone that tethers", 0x18D1, {tethering, storage}, true},
+        {"nothing known of the interfaces", 0x18D1, {}, true},
+        {"unknown maker's adb", unknownVendor, {adb}, false},
+    };
+    for (const auto& row : rows) {
+        USBDeviceEntry entry = entryOf(row.vendorID, "Maker", "Thing");
+        entry.interfaces = row.interfaces;
+        EXPECT_EQ(extractAndroidDevice(entry).has_value(), row.accepted) << row.name;
+    }
+}
+
 TEST(AndroidDevicesTest, hintsCountForUnknownVendors) {
     const std::tuple<const char*, const char*, const char*, const char*, bool> rows[] = {
         // name, vendor, product, registry, accepted

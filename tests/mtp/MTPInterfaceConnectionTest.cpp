@@ -47,13 +47,49 @@ TEST(MTPInterfaceConnection, someVendorsAreNeverOpened) {
 
 TEST(MTPInterfaceConnection, interfaceQualifiesByItsClass) {
     const std::tuple<std::uint8_t, std::uint8_t, bool> rows[] = {
-        {6, 0, true}, {255, 1, true}, {255, 66, false}, {8, 6, false}};
+        {6, 0, true}, {255, 1, true}, {255, 255, true}, {255, 66, false}, {8, 6, false}};
     for (const auto& [interfaceClass, subclass, qualifies] : rows) {
         ScriptedUSBBus bus;
         bus.attached[0].interfaces[0].interfaceClass = interfaceClass;
         bus.attached[0].interfaces[0].subclass = subclass;
         EXPECT_EQ(openFailure(bus), qualifies ? "none" : mtpNotConnected)
             << int(interfaceClass) << "/" << int(subclass);
+    }
+}
+
+TEST(MTPInterfaceConnection, likeliestInterfaceIsOpened) {
+    using Entries = std::vector<USBInterfaceEntry>;
+    const ScriptedInterface image{6, 1, {bulkIn, bulkOut, events}, {}};
+    const ScriptedInterface adb{255, 66, {bulkIn, bulkOut}, {}};
+    const ScriptedInterface vendor{255, 255, {bulkIn, bulkOut, events}, {}};
+    const ScriptedInterface modem{255, 255, {bulkIn, bulkOut}, {}};
+    const ScriptedInterface old{255, 1, {bulkIn, bulkOut}, {}};
+    const struct {
+        const char* name;
+        std::vector<ScriptedInterface> interfaces;
+        Entries entries;
+        std::string opened; ///< "" for none
+    } rows[] = {
+        {"image class first", {adb, vendor, old, image}, {}, "open interface 3"},
+        {"vendor's own with three pipes", {adb, modem, vendor}, {}, "open interface 2"},
+        {"two pipes are something else", {adb, modem}, {}, ""},
+        {"its name tells",
+         {vendor, modem},
+         {{1, 255, 255, 0, QStringLiteral("MTP")}},
+         "open interface 1"},
+        {"a protocol tells against it", {vendor}, {{0, 255, 255, 48, {}}}, ""},
+        {"adb is left alone whatever its name",
+         {adb},
+         {{0, 255, 66, 1, QStringLiteral("MTP")}},
+         ""},
+    };
+    for (const auto& row : rows) {
+        ScriptedUSBBus bus;
+        bus.attached[0].interfaces = row.interfaces;
+        bus.attached[0].entry.interfaces = row.entries;
+        EXPECT_EQ(openFailure(bus), row.opened.empty() ? mtpNotConnected : "none") << row.name;
+        const bool opened = row.opened.empty() || bus.logged(row.opened) == 1;
+        EXPECT_TRUE(opened) << row.name;
     }
 }
 

@@ -20,7 +20,8 @@ struct USBIds {
     bool operator==(const USBIds&) const = default;
 };
 
-/// The Android device behind a USB entry, by its vendor or its names; no value for anything else.
+/// The Android device (or camera) behind a USB entry, by what its interfaces speak, its vendor or
+/// its names; no value for anything else, and for what has only interfaces that no phone is for.
 /// Its volumes and battery are not known yet, and it is in MTP mode.
 [[nodiscard]] std::optional<DeviceInfo> extractAndroidDevice(const USBDeviceEntry& from);
 

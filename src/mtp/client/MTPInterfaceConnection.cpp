@@ -18,6 +18,7 @@ constexpr std::array<std::uint32_t, 3> neverOpened{0x05AC, 0x0BC2, 0x1058};
 constexpr std::uint8_t stillImageClass = 6;
 constexpr std::uint8_t vendorClass = 255;
 constexpr std::uint8_t vendorMTPSubclass = 1;
+constexpr std::uint8_t vendorADBSubclass = 66;
 
 /// Time that a driver gets to let go of an interface.
 constexpr auto releasePause = 120ms;
@@ -45,10 +46,61 @@ std::vector<USBDeviceEntry> candidates(USBBus& bus, const MTPDeviceAddress& addr
     return found;
 }
 
-bool isMTP(const USBInterface& interface) {
-    return interface.interfaceClass() == stillImageClass ||
-           (interface.interfaceClass() == vendorClass &&
-            interface.interfaceSubclass() == vendorMTPSubclass);
+/// Bulk in, bulk out, and interrupt in: what MTP needs, and nothing more.
+bool hasPipesOfMTP(const USBInterface& interface) {
+    constexpr int wanted = 3;
+    if (interface.endpointCount() != wanted)
+        return false;
+    std::array<bool, wanted> has{};
+    for (std::uint8_t pipe = 1; pipe <= wanted; ++pipe) {
+        const auto properties = interface.pipeProperties(pipe);
+        if (!properties)
+            return false;
+        const bool isIn = properties->direction == USBDirection::in;
+        if (properties->transferType == USBTransferType::bulk)
+            has[isIn ? 0 : 1] = true;
+        else if (properties->transferType == USBTransferType::interrupt && isIn)
+            has[2] = true;
+    }
+    return has[0] && has[1] && has[2];
+}
+
+bool isCalledMTP(const USBInterface& interface, const USBDeviceEntry& entry) {
+    return std::any_of(entry.interfaces.begin(), entry.interfaces.end(), [&](const auto& one) {
+        return one.number == interface.number() && one.name.contains(QLatin1StringView("MTP"));
+    });
+}
+
+/// How likely an interface speaks MTP, the likeliest first; no value for one that does not. Adb and
+/// fastboot have subclass 66; kernels of some phones declare MTP as 255/255 without a protocol.
+std::optional<int> rankOf(const USBInterface& interface, const USBDeviceEntry& entry) {
+    if (interface.interfaceClass() == stillImageClass)
+        return 0;
+    if (interface.interfaceClass() != vendorClass ||
+        interface.interfaceSubclass() == vendorADBSubclass)
+        return std::nullopt;
+    if (isCalledMTP(interface, entry))
+        return 1;
+    if (interface.interfaceSubclass() == vendorMTPSubclass)
+        return 2;
+    const bool hasProtocol =
+        std::any_of(entry.interfaces.begin(), entry.interfaces.end(), [&](const auto& one) {
+            return one.number == interface.number() && one.protocol != 0;
+        });
+    const bool isCandidate =
+        interface.interfaceSubclass() == vendorClass && !hasProtocol && hasPipesOfMTP(interface);
+    return isCandidate ? std::optional(3) : std::nullopt;
+}
+
+/// The interfaces that may speak MTP, the likeliest first.
+std::vector<std::unique_ptr<USBInterface>> interfacesOf(USBDevice& device,
+                                                        const USBDeviceEntry& entry) {
+    auto interfaces = device.interfaces(std::nullopt, std::nullopt);
+    std::erase_if(interfaces, [&](const auto& one) { return !rankOf(*one, entry); });
+    std::stable_sort(interfaces.begin(), interfaces.end(), [&](const auto& a, const auto& b) {
+        return *rankOf(*a, entry) < *rankOf(*b, entry);
+    });
+    return interfaces;
 }
 
 USBCode openDevice(USBDevice& device) {
@@ -116,9 +168,7 @@ MTPInterfaceConnection openMTPInterface(USBBus& bus, const MTPDeviceAddress& add
             failure = code;
             continue;
         }
-        for (auto& interface : connection.device->interfaces(std::nullopt, std::nullopt)) {
-            if (!isMTP(*interface))
-                continue;
+        for (auto& interface : interfacesOf(*connection.device, entry)) {
             code = openInterface(*interface);
             if (code != usb::success) {
                 failure = code;

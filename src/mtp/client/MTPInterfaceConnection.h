@@ -24,10 +24,10 @@ struct MTPInterfaceConnection {
     std::uint16_t maxPacketSize = 0; ///< bytes, at least 8
 };
 
-/// Finds the device and opens its MTP interface: still image class, or vendor specific with
-/// subclass 1. An interface that a driver holds is seized. Of several devices with the same IDs
-/// the one at the address's location is taken, else the one with its serial number; without
-/// either a choice between two is refused.
+/// Finds the device and opens its MTP interface: still image class, else a vendor specific one that
+/// is called "MTP", has subclass 1, or subclass 255 and the three pipes of MTP. An interface that a
+/// driver holds is seized. Of several devices with the same IDs the one at the address's location
+/// is taken, else the one with its serial number; without either a choice between two is refused.
 ///
 /// Throws MTPTransportError: `notConnected` when no such device or no usable interface is there,
 /// `exclusiveAccessDenied` when another program holds it, `underlying` otherwise.

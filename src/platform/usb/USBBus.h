@@ -17,6 +17,17 @@
 
 namespace tessary {
 
+/// One interface of an attached device, as the registry knows it. Its name is hostile.
+struct USBInterfaceEntry {
+    std::uint8_t number = 0;
+    std::uint8_t interfaceClass = 0;
+    std::uint8_t subclass = 0;
+    std::uint8_t protocol = 0;
+    QString name;
+
+    bool operator==(const USBInterfaceEntry&) const = default;
+};
+
 /// One entry of the USB registry: what is known of an attached device without opening it.
 /// Texts come from the device and are hostile; they are empty when the device gives none.
 struct USBDeviceEntry {
@@ -28,6 +39,7 @@ struct USBDeviceEntry {
     QString productName;
     QString serialNumber;
     QString location; ///< where it is plugged in (bus and port path, "1-4.2"); unique at any moment
+    std::vector<USBInterfaceEntry> interfaces; ///< of the active configuration; empty: not known
 
     bool operator==(const USBDeviceEntry&) const = default;
 };

@@ -2,6 +2,9 @@
 
 #include "platform/usb/UdevPointers.h"
 
+#include <QDir>
+#include <QFile>
+
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -16,6 +19,30 @@ QString attribute(udev_device* device, const char* name) {
 
 std::uint16_t hexAttribute(udev_device* device, const char* name) {
     return attribute(device, name).toUShort(nullptr, 16);
+}
+
+QString textOf(const QString& file) {
+    QFile opened(file);
+    return opened.open(QIODevice::ReadOnly) ? QString::fromUtf8(opened.readAll()).trimmed()
+                                            : QString();
+}
+
+/// The folders "1-4:1.0" below a device's.
+std::vector<USBInterfaceEntry> interfacesOf(const QByteArray& sysPath, const QString& location) {
+    std::vector<USBInterfaceEntry> found;
+    const QDir device(QFile::decodeName(sysPath));
+    for (const QString& name :
+         device.entryList({location + QStringLiteral(":*")}, QDir::Dirs, QDir::Name)) {
+        const QString folder = device.filePath(name) + QLatin1Char('/');
+        const auto number = [&](const char* attribute) {
+            return static_cast<std::uint8_t>(
+                textOf(folder + QLatin1String(attribute)).toUShort(nullptr, 16));
+        };
+        found.push_back({number("bInterfaceNumber"), number("bInterfaceClass"),
+                         number("bInterfaceSubClass"), number("bInterfaceProtocol"),
+                         textOf(folder + QLatin1String("interface"))});
+    }
+    return found;
 }
 
 /// 0 when there is no such folder.
@@ -41,6 +68,7 @@ std::optional<USBRegistryEntry> USBRegistry::read(udev_device* device) {
     entry.productName = attribute(device, "product");
     entry.serialNumber = attribute(device, "serial");
     entry.location = QString::fromUtf8(udev_device_get_sysname(device));
+    entry.interfaces = interfacesOf(found.sysPath, entry.location);
     entry.registryName = entry.productName;
     if (entry.registryName.isEmpty())
         entry.registryName =
