@@ -141,6 +141,55 @@ TEST_F(AFCFileSystemTest, listsFactsAndNamesWhatCannotBeRead) {
     ASSERT_EQ(unlink(latin.constData()), 0); // Qt would not find it
 }
 
+TEST_F(AFCFileSystemTest, aLongFolderIsListedByTwoConnectionsInThePhonesOrder) {
+    constexpr int count = 1200;
+    for (int n = 0; n < count; ++n)
+        iphone_.write(u"many/%1"_s.arg(n, 5, 10, QLatin1Char('0')), "x");
+    iphone_.faults([](VirtualIPhoneFaults& faults) { faults.delayEach = 2ms; });
+    const auto begin = std::chrono::steady_clock::now();
+    std::optional<std::chrono::steady_clock::duration> first;
+    QStringList names;
+    files_.list(u"/many"_s,
+                {[&](std::vector<FileItem>&& rows) {
+                     if (!first)
+                         first = std::chrono::steady_clock::now() - begin;
+                     for (const FileItem& row : rows)
+                         names << row.name;
+                 },
+                 {}},
+                {});
+    const auto time = std::chrono::steady_clock::now() - begin;
+    EXPECT_EQ(names.size(), count);
+    EXPECT_TRUE(std::is_sorted(names.begin(), names.end()));
+    EXPECT_EQ(iphone_.count("houseArrest.VendDocuments"), 2U);
+    EXPECT_LT(time, count * 2ms); // what one connection takes at the least
+    EXPECT_LT(first, time / 2);
+
+    // A phone that has but one to give takes longer, and lists the same.
+    AFCFileSystem alone(iphone_.identity(), IPhoneFiles::notes(), iphone_.queue);
+    (void)alone.freeBytes(u"/"_s, {});
+    iphone_.faults([](VirtualIPhoneFaults& faults) {
+        faults.delayEach = 0ms;
+        faults.serviceErrors[u"com.apple.mobile.house_arrest"_s] = u"ServiceLimit"_s;
+    });
+    EXPECT_EQ(listAll(alone, u"/many"_s, {}).items.size(), std::size_t{count});
+}
+
+TEST_F(AFCFileSystemTest, aLongListingThatIsCutOnEitherConnectionIsAnError) {
+    for (int n = 0; n < 600; ++n)
+        iphone_.write(u"many/%1"_s.arg(n), "x");
+    (void)listAll(files_, u"/many"_s, {});
+    for (unsigned nth = 20; nth <= 600; nth += 97) {
+        iphone_.faults([&](VirtualIPhoneFaults& faults) {
+            faults.requestFault = {u"afc.getFileInfo"_s, nth, false, VirtualCut::close};
+        });
+        EXPECT_THAT(errorOf([&] { (void)listAll(files_, u"/many"_s, {}); }),
+                    StartsWith("brokenOff"))
+            << nth;
+        EXPECT_EQ(listAll(files_, u"/many"_s, {}).items.size(), 600U);
+    }
+}
+
 TEST_F(AFCFileSystemTest, factsThatAreMissingOrOddMakeAnEntryUnreadable) {
     iphone_.write(u"a"_s, "123");
     const struct {

@@ -8,6 +8,7 @@
 #include "ios/files/AFCSteps.h"
 
 #include <algorithm>
+#include <deque>
 #include <span>
 
 namespace tessary {
@@ -19,8 +20,10 @@ using Opened = AFCSession::Opened;
 constexpr QLatin1Char slash('/');
 /// Deeper trees are a phone's mistake: paths of a real one are far shorter.
 constexpr int maxDepth = 128;
-/// Rows are handed over after so many requests at the latest.
-constexpr std::size_t rowsAtATime = 128;
+/// Rows are handed over, and a stop is heard, after so many requests.
+constexpr std::size_t rowsAtATime = 32;
+/// From so many entries on a second connection is worth its making.
+constexpr std::size_t longListing = 500;
 
 /// A path whose components a phone can have; any other leads nowhere.
 void requirePath(const QString& path) {
@@ -87,6 +90,7 @@ AFCFileSystem::AFCFileSystem(PhoneIdentity phone, std::optional<AppInfo> app,
     : phone_(std::move(phone)),
       app_(std::move(app)),
       queue_(std::move(queue)),
+      patience_(patience),
       session_(phone_.udid, app_ ? app_->bundleIdentifier : QString(), patience) {}
 
 AFCFileSystem::~AFCFileSystem() {
@@ -114,7 +118,11 @@ QString AFCFileSystem::canonicalPath(const QString& path) const {
 PhoneQueue::Turn AFCFileSystem::takeTurn(const Call& call) {
     PhoneQueue::Turn turn = queue_->take(call);
     if (!std::exchange(closesWhenIdle_, true))
-        queue_->closeWhenIdle(this, [this] { session_.close(); });
+        queue_->closeWhenIdle(this, [this] {
+            session_.close();
+            if (second_)
+                second_->close();
+        });
     return turn;
 }
 
@@ -137,19 +145,52 @@ void AFCFileSystem::list(const QString& folder, const ListingReceiver& receiver,
     const PhoneQueue::Turn turn = takeTurn(call);
     const auto names = std::make_shared<const std::vector<QByteArray>>(
         session_.begin([at](const Opened& opened) { return namesIn(opened, at); }, call.stop));
-    for (std::size_t done = 0; done < names->size();) {
-        std::vector<AFCRow> rows = session_.step(
-            [at, names, done](const Opened& opened) {
-                const auto rest = std::span(*names).subspan(done);
-                return rowsOf(opened, at, rest.first(std::min(rest.size(), rowsAtATime)));
-            },
-            call.stop);
-        done += rows.size();
+    AFCSession* const second =
+        names->size() >= longListing ? helperOfLongListings(call.stop) : nullptr;
+    const auto ask = [&](AFCSession& session, std::size_t begin) {
+        const std::size_t count = std::min(rowsAtATime, names->size() - begin);
+        return session.start([at, names, begin, count](const Opened& opened) {
+            return rowsOf(opened, at, std::span(*names).subspan(begin, count));
+        });
+    };
+    using Answer = decltype(ask(session_, 0));
+    std::deque<Answer> answers; // of one connection and the other by turns
+    std::size_t asked = 0;
+    const auto askNext = [&] {
+        if (asked >= names->size())
+            return;
+        const bool isSeconds = second != nullptr && asked / rowsAtATime % 2 == 1;
+        answers.push_back(ask(isSeconds ? *second : session_, asked));
+        asked += rowsAtATime;
+    };
+    // Each connection has one piece under way and one that waits.
+    for (int n = 0; n < (second != nullptr ? 4 : 2); ++n)
+        askNext();
+    while (!answers.empty()) {
+        std::vector<AFCRow> rows = session_.waitFor(answers.front(), call.stop);
+        answers.pop_front();
+        throwIfStopped(call.stop);
+        askNext();
         handOver(std::move(rows), receiver);
     }
     // What came last is known to have come in full only when another answer follows it.
-    if (!names->empty())
-        session_.step([](const Opened& opened) { opened.link->requireLink(); }, call.stop);
+    for (AFCSession* session : {&session_, second})
+        if (session != nullptr && !names->empty())
+            session->step([](const Opened& opened) { opened.link->requireLink(); }, call.stop);
+}
+
+/// Null when the phone allows no second connection: the first one does it alone then.
+AFCSession* AFCFileSystem::helperOfLongListings(const std::stop_token& stop) {
+    if (!second_)
+        second_ = std::make_unique<AFCSession>(
+            phone_.udid, app_ ? app_->bundleIdentifier : QString(), patience_);
+    try {
+        second_->begin([](const Opened&) {}, stop);
+        return second_.get();
+    } catch (const Error& error) {
+        DiagnosticsLogger::shared().afc.error("No second connection: %s", {error.logText()});
+        return nullptr;
+    }
 }
 
 std::optional<FileItem> AFCFileSystem::find(const QString& path, const Call& call) {

@@ -16,6 +16,8 @@ namespace tessary {
 /// is opened with the first call, kept between calls, closed when the phone is idle, and opened
 /// anew once it has failed: a call that has changed nothing yet is then tried a second time.
 ///
+/// A phone is asked about each entry of a folder: of long ones by two connections side by side.
+///
 /// What is neither file nor folder (links among it) is listed as unreadable. When this goes it
 /// waits for a silent phone for a second at most: let it go on another thread than the main one.
 class AFCFileSystem : public PhoneFileSystem {
@@ -55,6 +57,7 @@ public:
 
 private:
     [[nodiscard]] PhoneQueue::Turn takeTurn(const Call& call);
+    [[nodiscard]] AFCSession* helperOfLongListings(const std::stop_token& stop);
     void removeBelow(const QString& path, int depth, const Call& call);
     FileItem renameTo(const FileItem& item, const QString& target, TakenName taken,
                       const Call& call);
@@ -62,9 +65,12 @@ private:
     const PhoneIdentity phone_;
     const std::optional<AppInfo> app_;
     const std::shared_ptr<PhoneQueue> queue_;
+    const SerialQueue::Patience patience_;
     std::atomic<bool> renamesOntoTaken_ = true; ///< until the phone shows that it does not
     bool closesWhenIdle_ = false;               ///< touched by who has the turn
     AFCSession session_;
+    /// For every other piece of a long listing; null until there was one.
+    std::unique_ptr<AFCSession> second_;
 };
 
 } // namespace tessary

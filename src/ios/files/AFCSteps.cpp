@@ -3,17 +3,11 @@
 #include "base/text/PathNames.h"
 #include "ios/AFCStatus.h"
 
-#include <chrono>
-
 namespace tessary {
 
 namespace {
 
 using Opened = AFCSession::Opened;
-using Clock = std::chrono::steady_clock;
-
-/// Rows are handed over after so long, so that the first are soon there.
-constexpr std::chrono::milliseconds rowsAfter(100);
 
 } // namespace
 
@@ -85,10 +79,7 @@ std::vector<QByteArray> namesIn(const Opened& opened, const QString& folder) {
 std::vector<AFCRow> rowsOf(const Opened& opened, const QString& folder,
                            std::span<const QByteArray> names) {
     std::vector<AFCRow> rows;
-    const auto end = Clock::now() + rowsAfter;
     for (const QByteArray& bytes : names) {
-        if (!rows.empty() && Clock::now() >= end)
-            break;
         const auto name = textOfName(bytes);
         const QString path = joinPath(folder, name.value_or(QString::fromUtf8(bytes)));
         if (!name || !isSafeName(*name)) {

@@ -31,7 +31,7 @@ void requireFree(const AFCSession::Opened& opened, const QString& path);
 /// PhoneError::notAFolder for a file.
 [[nodiscard]] std::vector<QByteArray> namesIn(const AFCSession::Opened& opened,
                                               const QString& folder);
-/// The rows of some names: of all, or of as many of the first as a moment is enough for.
+/// The rows of some names.
 [[nodiscard]] std::vector<AFCRow> rowsOf(const AFCSession::Opened& opened, const QString& folder,
                                          std::span<const QByteArray> names);
 
