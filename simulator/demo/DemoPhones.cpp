@@ -13,7 +13,13 @@ namespace tessary {
 using namespace Qt::StringLiterals;
 
 DemoPhones::DemoPhones(const QString& folder, double megabytesPerSecond, const DemoMakers& makers) {
-    const QDir disk(folder);
+    if (folder.isEmpty()) {
+        const PrivateFolder parent(PrivateFolder::Place::cache, u"demo"_s);
+        parent.removeAbandoned();
+        disk_.emplace(parent);
+    }
+    parent_.removeAbandoned();
+    const QDir disk(disk_ ? disk_->path() : folder);
     const bool isNew = !disk.exists(u"pixel"_s);
 
     VirtualAndroidConfig first;
@@ -57,7 +63,7 @@ DemoPhones::DemoPhones(const QString& folder, double megabytesPerSecond, const D
     adbd_ = std::make_unique<VirtualADBD>(std::move(debugged));
 
     try {
-        iPhones_ = std::make_unique<DemoIPhones>(folder, own_.filePath(u"mux"_s),
+        iPhones_ = std::make_unique<DemoIPhones>(disk.path(), own_.path() + u"/mux"_s,
                                                  megabytesPerSecond, makers.iPhone);
         iPhones_->mux().useInThisProcess();
     } catch (const std::runtime_error& error) {
@@ -69,7 +75,7 @@ DemoPhones::~DemoPhones() = default;
 
 QString DemoPhones::ownFolder(const QString& name) const {
     QDir(own_.path()).mkdir(name);
-    return own_.filePath(name);
+    return own_.path() + QLatin1Char('/') + name;
 }
 
 void DemoPhones::startADB(const std::optional<QString>& executable) {

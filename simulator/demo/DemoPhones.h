@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/local/PrivateFolder.h"
+#include "base/local/ScratchFolder.h"
 #include "platform/dnssd/ServiceBrowser.h"
 #include "simulator/adbd/ADBServer.h"
 #include "simulator/adbd/VirtualADBD.h"
@@ -7,7 +9,6 @@
 #include "simulator/mtp/VirtualAndroid.h"
 
 #include <QProcessEnvironment>
-#include <QTemporaryDir>
 
 #include <functional>
 #include <memory>
@@ -30,9 +31,10 @@ struct DemoMakers {
 /// user's.
 class DemoPhones {
 public:
-    /// Blocking, about a second. The folder is the caller's; what an earlier run left in it is used
-    /// as it is. `megabytesPerSecond` slows the phones down, so that progress can be seen; 0 for no
-    /// limit. Sets an environment variable: before there are threads that read the environment.
+    /// Blocking, about a second. The folder is the caller's, and what an earlier run left in it is
+    /// used as it is; an empty name stands for one that goes with this object. `megabytesPerSecond`
+    /// slows the phones down, so that progress can be seen; 0 for no limit. Sets an environment
+    /// variable: before there are threads that read the environment.
     explicit DemoPhones(const QString& folder, double megabytesPerSecond = 0,
                         const DemoMakers& makers = {});
     ~DemoPhones();
@@ -78,7 +80,9 @@ public:
 private:
     [[nodiscard]] QString ownFolder(const QString& name) const;
 
-    QTemporaryDir own_; ///< short of name, as a socket's path has to be
+    const PrivateFolder parent_{PrivateFolder::Place::runtime, QStringLiteral("demo")};
+    const ScratchFolder own_{parent_}; ///< short of name, as a socket's path has to be
+    std::optional<ScratchFolder> disk_;
     std::unique_ptr<DemoIPhones> iPhones_;
     VirtualUSBBus bus_;
     std::vector<std::unique_ptr<VirtualAndroid>> androids_;

@@ -3,13 +3,17 @@
 #include "base/threads/Background.h"
 #include "sync/manager/SyncConnection.h"
 
+#include <algorithm>
+#include <chrono>
+
 namespace tessary {
 
 namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto shutDownLimit = 10s;
+/// Long enough for a phone that answers to be left in order.
+constexpr auto shutDownLimit = 4s;
 
 } // namespace
 
@@ -33,8 +37,13 @@ bool TessaryApp::stop() {
     deviceManager_.stopListening();
     syncManager_.cancelAll();
     promisedFiles_.stop();
-    const bool copyHasEnded = engine_.stop(shutDownLimit);
-    return Background::shutDown(shutDownLimit) && copyHasEnded;
+    const auto end = std::chrono::steady_clock::now() + shutDownLimit;
+    const auto left = [end] {
+        return std::chrono::ceil<std::chrono::milliseconds>(
+            std::max(end - std::chrono::steady_clock::now(), std::chrono::nanoseconds::zero()));
+    };
+    const bool copyHasEnded = engine_.stop(left());
+    return Background::shutDown(left()) && copyHasEnded;
 }
 
 } // namespace tessary

@@ -51,7 +51,7 @@ public:
     /// stop(), whatever comes of it.
     ~TessaryApp() override;
 
-    /// Ends what runs in the background, each with a bound; nothing is to be started afterwards.
+    /// Ends what runs in the background, within four seconds; nothing is to be started afterwards.
     /// False when something hangs: it goes on using `files` and what that uses, which then must not
     /// be destroyed.
     bool stop();

@@ -24,6 +24,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
+#include <cstring>
 #include <optional>
 
 namespace tessary {
@@ -83,14 +85,23 @@ CliRunner::ExitStatus CliRunner::run(const CliRequest& request,
     status_ = done;
     try {
         (this->*steps[static_cast<std::size_t>(request.command)])();
+        flushOutput();
     } catch (const CancellationError&) {
         fail(QStringLiteral("Interrupted."));
         return interrupted;
     } catch (const std::exception& error) {
         fail((files_ ? adviceFor(error, *files_) : adviceFor(error)).text());
     }
-    std::fflush(out_);
     return status_;
+}
+
+/// What was printed has arrived. An error otherwise: a script must not take a part for all.
+void CliRunner::flushOutput() {
+    if (std::fflush(out_) == 0 && std::ferror(out_) == 0)
+        return;
+    const QString reason = QString::fromLocal8Bit(std::strerror(errno));
+    throw TessaryError::fileIOError(
+        QStringLiteral("The output cannot be written whole: %1").arg(reason));
 }
 
 void CliRunner::fail(const QString& message) {
@@ -189,7 +200,7 @@ void CliRunner::watch() {
                           ? QString::fromUtf8(
                                 QJsonDocument(toJson(change)).toJson(QJsonDocument::Compact))
                           : changeLine(change));
-        std::fflush(out_);
+        flushOutput();
         before = *std::move(after);
     }
 }

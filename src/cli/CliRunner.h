@@ -50,6 +50,7 @@ private:
     void finish(const TransferOutcome& outcome);
     void print(const QJsonValue& document);
     void printLine(const QString& line);
+    void flushOutput();
     void fail(const QString& message);
 
     const DeviceSources sources_;

@@ -129,6 +129,18 @@ TEST_F(QtProcessRunnerTest, childDiesWithTheThreadThatStartedIt) {
     EXPECT_TRUE(ended);
 }
 
+TEST_F(QtProcessRunnerTest, endOfTheProgramEndsEveryRunAndEveryLaterOne) {
+    QtProcessRunner runner;
+    const std::jthread ending([&] {
+        std::this_thread::sleep_for(200ms);
+        runner.stop();
+    });
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(runner.follow(shell("exec sleep 60")).outcome, Outcome::cancelled);
+    EXPECT_EQ(runner.follow(shell("exec sleep 60")).outcome, Outcome::cancelled);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 5s);
+}
+
 } // namespace
 
 } // namespace tessary

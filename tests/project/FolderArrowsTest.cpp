@@ -24,7 +24,7 @@ const std::map<std::string, std::vector<std::string>> arrows = {
     {"base/threads", {}},
     {"base/local", {"base/values"}},
     {"platform/net", {"base/local", "base/threads"}},
-    {"platform/process", {}},
+    {"platform/process", {"base/local"}},
     {"platform/sandbox", {"base/local", "base/values"}},
     {"platform/settings", {"base/log", "base/threads"}},
     {"platform/keys", {"base/log"}},

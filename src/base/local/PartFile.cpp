@@ -8,6 +8,8 @@
 #include <filesystem>
 #include <system_error>
 
+#include <fcntl.h>
+
 namespace tessary {
 
 namespace {
@@ -31,6 +33,7 @@ PartFile::PartFile(const QString& target) : target_(target), file_(freshPathBesi
         throw TessaryError::fileIOError(
             QStringLiteral("Cannot write into %1: %2")
                 .arg(QFileInfo(target).absolutePath(), file_.errorString()));
+    unfinished_ = Unfinished(AT_FDCWD, file_.filesystemFileName().native().c_str());
 }
 
 PartFile::~PartFile() {
@@ -61,6 +64,7 @@ void PartFile::commit(const std::optional<QDateTime>& modified) {
             QStringLiteral("Cannot write %1: %2").arg(target_, file_.errorString()));
     renameOver(file_.fileName(), target_);
     isCommitted_ = true;
+    unfinished_ = {};
 }
 
 void renameOver(const QString& from, const QString& to) {

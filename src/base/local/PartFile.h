@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/local/Unfinished.h"
 #include "base/values/Bytes.h"
 
 #include <QDateTime>
@@ -41,6 +42,7 @@ public:
 private:
     const QString target_;
     QFile file_;
+    Unfinished unfinished_;
     qint64 size_ = 0;
     bool isCommitted_ = false;
 };

@@ -15,9 +15,15 @@
 
 namespace tessary {
 
+namespace {
+
+constexpr qsizetype digits = 12; // a socket below must not have a long path
+
+} // namespace
+
 ScratchFolder::ScratchFolder(const PrivateFolder& in)
     : parent_(fcntl(in.descriptor(), F_DUPFD_CLOEXEC, 0)),
-      name_(namePrefix + QUuid::createUuid().toByteArray(QUuid::Id128)),
+      name_(namePrefix + QUuid::createUuid().toByteArray(QUuid::Id128).left(digits)),
       path_(in.path() + QLatin1Char('/') + QString::fromLatin1(name_)) {
     if (mkdirat(parent_.get(), name_.constData(), S_IRWXU) == 0)
         folder_ = FileHandle(openat(parent_.get(), name_.constData(),

@@ -12,6 +12,8 @@ namespace tessary {
 
 namespace {
 
+constexpr int mostAttempts = 100;
+
 struct Entry {
     FileHandle folder;
     QByteArray name;
@@ -48,7 +50,10 @@ Unfinished::~Unfinished() {
 void Unfinished::removeAll() {
     const std::scoped_lock lock(entries().mutex);
     for (const auto& [number, entry] : entries().all)
-        (void)removeTreeAt(entry.folder.get(), entry.name);
+        // Another thread may still be filling it: once the folders go, it cannot.
+        for (int attempt = 0; attempt < mostAttempts; ++attempt)
+            if (removeTreeAt(entry.folder.get(), entry.name) == 0)
+                break;
 }
 
 } // namespace tessary

@@ -14,7 +14,8 @@ class Unfinished {
 public:
     /// Nothing.
     Unfinished() = default;
-    /// The entry `name` of an open folder, whose descriptor may be closed afterwards.
+    /// The entry `name` of an open folder, whose descriptor may be closed afterwards; `name` may
+    /// also be an absolute path, and `folder` AT_FDCWD.
     Unfinished(int folder, const QByteArray& name);
     /// From now on it may stay, or it is gone.
     ~Unfinished();

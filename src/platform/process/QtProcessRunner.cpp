@@ -36,8 +36,8 @@ void takeStandardInput(int descriptor) {
 
 /// Why the child has to be ended before it ends by itself.
 std::optional<Outcome> reasonToEnd(QProcess& process, const ProcessRequest& request,
-                                   Clock::time_point start) {
-    if (request.stop.stop_requested())
+                                   const std::stop_token& stop, Clock::time_point start) {
+    if (request.stop.stop_requested() || stop.stop_requested())
         return Outcome::cancelled;
     if (request.limit && Clock::now() - start > *request.limit)
         return Outcome::timedOut;
@@ -55,11 +55,12 @@ void endNow(QProcess& process) {
 }
 
 /// Waits for the end of a child that has started.
-Outcome await(QProcess& process, const ProcessRequest& request, Clock::time_point start) {
+Outcome await(QProcess& process, const ProcessRequest& request, const std::stop_token& stop,
+              Clock::time_point start) {
     constexpr auto slice = static_cast<int>(ProcessRunner::tick.count());
     // The exit counts, not the end of the output: a server that the child started keeps it open.
     while (!process.waitForFinished(slice) && process.state() != QProcess::NotRunning) {
-        if (const auto reason = reasonToEnd(process, request, start)) {
+        if (const auto reason = reasonToEnd(process, request, stop, start)) {
             endNow(process);
             return *reason;
         }
@@ -87,7 +88,7 @@ ProcessResult QtProcessRunner::run(const QString& program, const QStringList& ar
 
 ProcessResult QtProcessRunner::follow(const ProcessRequest& request) {
     ProcessResult result;
-    if (request.stop.stop_requested()) {
+    if (request.stop.stop_requested() || stop_.stop_requested()) {
         result.outcome = Outcome::cancelled;
         return result;
     }
@@ -107,7 +108,7 @@ ProcessResult QtProcessRunner::follow(const ProcessRequest& request) {
     process.start(request.program, request.arguments);
     if (!process.waitForStarted(startTimeout))
         return result;
-    result.outcome = await(process, request, start);
+    result.outcome = await(process, request, stop_.get_token(), start);
     result.standardOutput = process.readAllStandardOutput();
     result.standardError = process.readAllStandardError();
     result.exitStatus = process.exitCode();

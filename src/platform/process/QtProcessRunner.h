@@ -4,6 +4,8 @@
 
 #include <QProcessEnvironment>
 
+#include <stop_token>
+
 namespace tessary {
 
 /// Child processes of this machine. On Linux the kernel ends them when the calling thread ends,
@@ -18,7 +20,13 @@ public:
                                     std::chrono::milliseconds limit) override;
     [[nodiscard]] ProcessResult follow(const ProcessRequest& request) override;
 
+    /// The program ends: every child is ended, and a later run counts as cancelled. Thread-safe.
+    void stop() {
+        stop_.request_stop();
+    }
+
 private:
+    std::stop_source stop_;
     const QProcessEnvironment additional_;
 };
 

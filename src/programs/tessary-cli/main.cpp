@@ -1,21 +1,22 @@
 #include "adb/tool/ADBTool.h"
+#include "base/local/Unfinished.h"
 #include "base/threads/Background.h"
 #include "cli/CliRunner.h"
 #include "cli/CommandLine.h"
-#include "cli/StopSignals.h"
 #include "devices/list/DeviceManager.h"
 #include "ios/Multiplexer.h"
 #include "platform/process/QtProcessRunner.h"
+#include "platform/process/StopSignals.h"
 #include "platform/settings/SystemUserDefaults.h"
 #include "platform/usb/SystemUSBBus.h"
 #include "simulator/demo/DemoPhones.h"
 
 #include <QCoreApplication>
 #include <QJsonObject>
-#include <QTemporaryDir>
 #include <unistd.h>
 
 #include <chrono>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <thread>
@@ -28,12 +29,13 @@ namespace {
 constexpr std::chrono::seconds backgroundPatience(3);
 
 /// A stream for results on the real standard output. From then on whatever libraries print there
-/// goes to standard error instead, so that nothing spoils a JSON document.
+/// goes to standard error instead, so that nothing spoils a JSON document. Somebody who stops
+/// reading is an error of writing and ends nothing in mid-work. Null when it is closed.
 std::FILE* takeStandardOutput() {
+    (void)std::signal(SIGPIPE, SIG_IGN);
     const int saved = dup(STDOUT_FILENO);
     dup2(STDERR_FILENO, STDOUT_FILENO);
-    std::FILE* stream = saved < 0 ? nullptr : fdopen(saved, "w");
-    return stream == nullptr ? stderr : stream;
+    return saved < 0 ? nullptr : fdopen(saved, "w");
 }
 
 /// The phones that the run works on: this machine's, or virtual ones.
@@ -44,8 +46,7 @@ public:
             system_ = makeSystemUSBBus();
             return;
         }
-        demo_ = std::make_unique<DemoPhones>(request.demoFolder.isEmpty() ? folder_.path()
-                                                                          : request.demoFolder);
+        demo_ = std::make_unique<DemoPhones>(request.demoFolder);
         // The run is over before adb would be there by itself: it is waited for, or not started.
         if (!wantsADB(request, defaults))
             return;
@@ -74,7 +75,6 @@ private:
                ProtocolMode::adbTurbo;
     }
 
-    QTemporaryDir folder_;
     std::unique_ptr<DemoPhones> demo_;
     std::unique_ptr<USBBus> system_;
     SystemMultiplexer multiplexer_;
@@ -83,32 +83,39 @@ private:
 } // namespace
 
 int main(int argc, char** argv) {
+    std::FILE* out = takeStandardOutput(); // before anything else is opened
     const StopSignals signals;
     QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("tessary-cli"));
-    std::FILE* out = takeStandardOutput();
+    if (out == nullptr) {
+        std::fputs("tessary-cli: Standard output is closed.\n", stderr);
+        return CliRunner::failed;
+    }
 
     const auto parsed = parseCommandLine(QCoreApplication::arguments().mid(1));
     if (const auto* usage = std::get_if<CliUsage>(&parsed)) {
         std::fputs(qUtf8Printable(usage->text), usage->exitStatus == 0 ? out : stderr);
-        std::fflush(out);
-        return usage->exitStatus;
+        return std::fclose(out) == 0 ? usage->exitStatus : CliRunner::failed;
     }
     const CliRequest& request = std::get<CliRequest>(parsed);
 
     int status = CliRunner::failed;
     std::jthread work([&] {
-        {
+        try {
             const auto defaults = makeSystemUserDefaults();
             Phones phones(request, *defaults);
             QtProcessRunner processes(phones.environment());
+            const std::stop_callback endChildren(signals.token(), [&] { processes.stop(); });
             DeviceFileService files(phones.bus(), processes);
             status = CliRunner(phones.sources(), files, *defaults, out, stderr)
                          .run(request, signals.token());
             if (!Background::shutDown(backgroundPatience)) {
                 std::fclose(out);
+                Unfinished::removeAll();
                 std::_Exit(status); // a phone that hangs uses what would go now
             }
+        } catch (const std::exception& error) {
+            std::fprintf(stderr, "tessary-cli: The phones cannot be reached: %s\n", error.what());
         }
         QMetaObject::invokeMethod(
             &app, [] { QCoreApplication::quit(); }, Qt::QueuedConnection);

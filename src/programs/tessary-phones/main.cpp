@@ -1,3 +1,5 @@
+#include "base/local/PrivateFolder.h"
+#include "base/local/ScratchFolder.h"
 #include "simulator/adbd/VirtualADBD.h"
 #include "simulator/content/DemoContent.h"
 #include "simulator/demo/DemoIPhones.h"
@@ -5,11 +7,11 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDir>
-#include <QTemporaryDir>
 
 #include <csignal>
 #include <cstdio>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 
 using namespace tessary;
@@ -64,9 +66,14 @@ int main(int argc, char** argv) {
     if (parser.positionalArguments().size() != 1)
         parser.showHelp(2);
 
-    const QTemporaryDir temporary;
     try {
-        const QString disk = parser.isSet(folder) ? parser.value(folder) : temporary.path();
+        std::optional<ScratchFolder> temporary;
+        if (!parser.isSet(folder)) {
+            const PrivateFolder parent(PrivateFolder::Place::cache, QStringLiteral("demo"));
+            parent.removeAbandoned();
+            temporary.emplace(parent);
+        }
+        const QString disk = temporary ? temporary->path() : parser.value(folder);
         DemoIPhones phones(disk, parser.positionalArguments().constFirst());
         std::printf("export USBMUXD_SOCKET_ADDRESS='%s'\n", phones.mux().address().constData());
         const std::unique_ptr<VirtualADBD> adbd = parser.isSet(adb) ? startADBD(disk) : nullptr;
@@ -75,7 +82,7 @@ int main(int argc, char** argv) {
         std::fflush(stdout);
         int received = 0;
         sigwait(&signals, &received);
-    } catch (const std::runtime_error& error) {
+    } catch (const std::exception& error) {
         std::fprintf(stderr, "tessary-phones: %s\n", error.what());
         return 1;
     }

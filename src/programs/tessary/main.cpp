@@ -1,6 +1,7 @@
 #include "adb/tool/ADBTool.h"
 #include "app/InterfaceTexts.h"
 #include "app/TessaryApp.h"
+#include "base/local/Unfinished.h"
 #include "base/log/Product.h"
 #include "base/threads/Background.h"
 #include "ios/Multiplexer.h"
@@ -8,6 +9,7 @@
 #include "platform/desktop/FileManager.h"
 #include "platform/desktop/SingleInstance.h"
 #include "platform/process/QtProcessRunner.h"
+#include "platform/process/StopSignals.h"
 #include "platform/settings/SystemUserDefaults.h"
 #include "platform/usb/SystemUSBBus.h"
 #include "simulator/demo/DemoPhones.h"
@@ -23,7 +25,6 @@
 #include <QFileInfo>
 #include <QMenuBar>
 #include <QProcess>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <array>
@@ -44,7 +45,7 @@ constexpr double demoMegabytesPerSecond = 30;
 struct Phones {
     explicit Phones(bool demo) {
         if (demo)
-            virtualPhones = std::make_unique<DemoPhones>(folder.path(), demoMegabytesPerSecond);
+            virtualPhones = std::make_unique<DemoPhones>(QString(), demoMegabytesPerSecond);
         else
             systemBus = makeSystemUSBBus();
     }
@@ -62,7 +63,6 @@ struct Phones {
         return virtualPhones ? virtualPhones->adbEnvironment() : QProcessEnvironment();
     }
 
-    QTemporaryDir folder;
     std::unique_ptr<DemoPhones> virtualPhones;
     std::unique_ptr<USBBus> systemBus;
     SystemMultiplexer multiplexer;
@@ -82,6 +82,7 @@ bool asksForText(int argc, char** argv) {
 int main(int argc, char** argv) {
     // Avahi's library for DNS-SD asks on standard error for its own interface to be used instead.
     qputenv("AVAHI_COMPAT_NOWARN", "1");
+    const StopSignals signals;
     const std::unique_ptr<QCoreApplication> application =
         asksForText(argc, argv) ? std::make_unique<QCoreApplication>(argc, argv)
                                 : std::make_unique<QApplication>(argc, argv);
@@ -148,9 +149,18 @@ int main(int argc, char** argv) {
     delegate->applicationDidFinishLaunching();
     if (!isDemo)
         app.updateChecker().checkAtStart();
+    // Whoever ends the session has no time for questions.
+    const std::stop_callback endOnSignal(signals.token(), [app = application.get()] {
+        QMetaObject::invokeMethod(
+            app, [] { QCoreApplication::exit(); }, Qt::QueuedConnection);
+    });
     const int status = QApplication::exec();
     delegate = nullptr;
-    if (!app.stop())
+    window.hide();
+    processes.stop();
+    if (!app.stop()) {
+        Unfinished::removeAll();
         std::_Exit(status); // a phone that hangs uses what would go now
+    }
     return status;
 }

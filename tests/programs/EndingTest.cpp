@@ -1,0 +1,182 @@
+#include "support/OwnHome.h"
+#include "support/QtPrinters.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <csignal>
+#include <functional>
+#include <thread>
+
+namespace tessary {
+namespace {
+
+using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
+using Clock = std::chrono::steady_clock;
+
+constexpr auto patience = 60s;
+/// On a busy machine; the programs' own bounds are four and five seconds.
+constexpr auto secondsToEnd = 8s;
+
+const QString window = QStringLiteral(TESSARY);
+const QString commandLine = QStringLiteral(TESSARY_CLI);
+
+bool eventually(const std::function<bool()>& holds) {
+    for (const auto end = Clock::now() + patience; Clock::now() < end;) {
+        if (holds())
+            return true;
+        std::this_thread::sleep_for(10ms);
+    }
+    return false;
+}
+
+/// A running program.
+class Program {
+public:
+    Program(const OwnHome& home, const QString& path, const QStringList& arguments) {
+        process.setProcessEnvironment(home.environment);
+        process.setProcessChannelMode(QProcess::MergedChannels);
+        process.start(path, arguments);
+        EXPECT_TRUE(process.waitForStarted());
+    }
+    /// Sends a signal and waits. The exit status, or less than 0: killed by it, or not ended.
+    int end(int signal) {
+        const auto start = Clock::now();
+        ::kill(static_cast<pid_t>(process.processId()), signal);
+        if (!process.waitForFinished(std::chrono::milliseconds(patience).count()))
+            return -2;
+        EXPECT_LT(Clock::now() - start, secondsToEnd);
+        return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+    }
+
+    QProcess process;
+};
+
+class EndingTest : public testing::TestWithParam<int> {
+protected:
+    /// Whether the phones of `--demo`, and all that belongs to them, are gone.
+    void expectNothingTemporary() const {
+        for (const char* folder : {"cache", "run", "tmp"})
+            for (const QString& path : home.leftIn(QString::fromLatin1(folder)))
+                EXPECT_FALSE(path.contains(u"scratch-"_s) || path.endsWith(u".socket"_s))
+                    << path.toStdString();
+    }
+    /// Virtual phones with next to nothing on them, which are there at once.
+    [[nodiscard]] QStringList smallPhones() const {
+        for (const char* folder :
+             {"pixel/Download", "pixel-card", "galaxy", "iphone/notes", "iphone/pictures",
+              "iphone/recorder", "iphone/bank", "ipad/pictures", "ipad/scores"})
+            home.disk.makeFolder(u"phones/"_s + QString::fromLatin1(folder));
+        return {u"--demo-folder"_s, home.disk.path(u"phones"_s)};
+    }
+    /// The last of the virtual phones are there: the window is next.
+    [[nodiscard]] bool isDemoRunning() const {
+        for (const QString& path : home.leftIn(u"run"_s))
+            if (path.endsWith(u"/mux"_s))
+                return true;
+        return false;
+    }
+
+    OwnHome home;
+};
+
+INSTANTIATE_TEST_SUITE_P(Signals, EndingTest, testing::Values(SIGINT, SIGTERM, SIGHUP),
+                         [](const auto& row) { return sigabbrev_np(row.param); });
+
+TEST_P(EndingTest, commandLineLeavesNoPartOfACopy) {
+    home.disk.writeSparse(u"phones/pixel/Download/big"_s, qint64{8} << 30);
+    home.disk.makeFolder(u"into"_s);
+    Program program(home, commandLine,
+                    smallPhones() + QStringList{u"get"_s, u"DEMO0001"_s, u"/Download/big"_s,
+                                                home.disk.path(u"into"_s)});
+    ASSERT_TRUE(eventually([&] { return !home.disk.names(u"into"_s).isEmpty(); }))
+        << program.process.readAll().toStdString();
+    EXPECT_EQ(program.end(GetParam()), 130);
+    EXPECT_EQ(home.disk.names(u"into"_s), QStringList());
+    expectNothingTemporary();
+}
+
+TEST_P(EndingTest, watchingEndsToo) {
+    Program program(home, commandLine, smallPhones() + QStringList{u"watch"_s});
+    ASSERT_TRUE(program.process.waitForReadyRead());
+    EXPECT_EQ(program.end(GetParam()), 130);
+    expectNothingTemporary();
+}
+
+TEST_P(EndingTest, windowEndsAsByQuitting) {
+    Program program(home, window, {u"--demo"_s});
+    ASSERT_TRUE(eventually([&] { return isDemoRunning(); }));
+    EXPECT_EQ(program.end(GetParam()), 0) << program.process.readAll().toStdString();
+    expectNothingTemporary();
+}
+
+TEST_P(EndingTest, windowDoesNotWaitForAnADBThatHangs) {
+    const QString adb = home.disk.write(u"Library/Android/sdk/platform-tools/adb"_s,
+                                        "#!/bin/sh\ntouch \"$HOME/begun\"\nexec sleep 1000\n");
+    QFile::setPermissions(adb, QFile::ReadOwner | QFile::ExeOwner);
+    Program program(home, window, {});
+    ASSERT_TRUE(eventually([&] { return home.disk.has(u"begun"_s); }));
+    EXPECT_EQ(program.end(GetParam()), 0) << program.process.readAll().toStdString();
+}
+
+TEST_P(EndingTest, virtualPhonesTakeTheirFoldersAlong) {
+    const QString socket = home.disk.path(u"mux"_s);
+    Program program(home, QStringLiteral(TESSARY_PHONES), {socket});
+    ASSERT_TRUE(program.process.waitForReadyRead());
+    EXPECT_EQ(program.end(GetParam()), 0);
+    expectNothingTemporary();
+}
+
+/// What a shell's line prints on standard error, and its status.
+struct ShellRun {
+    ShellRun(const OwnHome& home, const QString& line, const QStringList& phones) {
+        QProcess process;
+        process.setProcessEnvironment(home.environment);
+        process.start(u"/bin/bash"_s, {u"-c"_s, u"set -o pipefail; cli='%1'; phones='%2'; "_s.arg(
+                                                    commandLine, phones.join(u' ')) +
+                                                    line});
+        process.waitForFinished(std::chrono::milliseconds(patience).count());
+        status = process.exitCode();
+        error = process.readAllStandardError();
+    }
+
+    int status = -1;
+    QByteArray error;
+};
+
+TEST_F(EndingTest, outputThatIsNotWrittenWholeIsAFailure) {
+    const std::pair<const char*, const char*> rows[] = {
+        // line, what standard error says
+        {"$cli $phones devices --json >/dev/full", "No space left on device"},
+        {"$cli $phones ls DEMO0001 / >/dev/full", "No space left on device"},
+        {"$cli $phones watch >/dev/full", "No space left on device"},
+        {"$cli $phones ls DEMO0001 / | true", "Broken pipe"},
+        {"$cli --help >/dev/full", ""},
+        {"$cli $phones ls DEMO0001 / >&-", "Standard output is closed"},
+    };
+    for (const auto& [line, text] : rows) {
+        const ShellRun run(home, QString::fromLatin1(line), smallPhones());
+        EXPECT_EQ(run.status, 1) << line;
+        EXPECT_TRUE(run.error.contains(text)) << line << ": " << run.error.toStdString();
+    }
+    expectNothingTemporary();
+}
+
+TEST_F(EndingTest, whatAKilledProgramLeftIsRemovedByTheNext) {
+    Program killed(home, window, {u"--demo"_s});
+    ASSERT_TRUE(eventually([&] { return isDemoRunning(); }));
+    EXPECT_EQ(killed.end(SIGKILL), -1);
+    const QStringList left =
+        QDir(home.disk.path(u"cache/tessary/demo"_s)).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    ASSERT_EQ(left.size(), 1);
+    const QString folder = home.disk.path(u"cache/tessary/demo/"_s + left.constFirst());
+    const ShellRun older(
+        home, u"touch -d '11 minutes ago' '%1'; $cli $phones devices >/dev/null"_s.arg(folder),
+        {u"--demo"_s});
+    EXPECT_EQ(older.status, 0) << older.error.toStdString();
+    EXPECT_FALSE(QFile::exists(folder));
+}
+
+} // namespace
+} // namespace tessary
