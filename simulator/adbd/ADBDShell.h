@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/adbd/ADBDFiles.h"
+#include "simulator/adbd/ADBDCommands.h"
 #include "simulator/adbd/ADBDService.h"
 #include "simulator/adbd/VirtualADBD.h"
 
@@ -9,13 +9,6 @@
 #include <vector>
 
 namespace tessary {
-
-/// What one command of a shell came to.
-struct ADBDShellResult {
-    std::string output;
-    std::string errors;
-    int status = 0;
-};
 
 /// The simple commands of a line, each a list of words, with whether a command runs only after the
 /// one before it went well. No value for a line that a shell would take for anything more than
@@ -27,11 +20,8 @@ struct ADBDShellCommand {
 [[nodiscard]] std::optional<std::vector<ADBDShellCommand>>
 parseADBDCommandLine(const std::string& line);
 
-/// Runs a command line on a virtual phone: ls, stat, mkdir, rm -rf, rm -f, rmdir, mv, find, head
-/// -c, dd, sha256sum, touch, df -k, sm, dumpsys battery, getprop and echo, each exactly in the
-/// forms that are asked of real phones. Anything else is refused and the hooks told.
-/// Starts no program.
-/// `mixesErrors`: in the output, in their order.
+/// Runs a command line on a virtual phone, by runADBDCommand(). A line that is not understood whole
+/// is refused and the hooks told. `mixesErrors`: in the output, in their order.
 [[nodiscard]] ADBDShellResult runADBDCommandLine(ADBDState& state, const std::string& line,
                                                  bool mixesErrors);
 

@@ -124,10 +124,15 @@ std::size_t StreamSocket::read(std::span<std::byte> to, const Wait& wait) {
         const ssize_t got = ::recv(socket_.get(), to.data(), to.size(), 0);
         if (got >= 0)
             return static_cast<std::size_t>(got);
-        if (wouldBlock(errno))
+        if (wouldBlock(errno)) {
+            // Who has sent one piece may hold the next one back until this one is acknowledged,
+            // which the system would do only after 40 ms. It forgets the wish at times.
+            const int on = 1;
+            ::setsockopt(socket_.get(), IPPROTO_TCP, TCP_QUICKACK, &on, sizeof on);
             await(POLLIN, wait);
-        else if (errno != EINTR)
+        } else if (errno != EINTR) {
             throw Error(NetworkError::brokenOff, {reason(errno)});
+        }
     }
 }
 

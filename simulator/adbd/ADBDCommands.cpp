@@ -1,0 +1,397 @@
+#include "simulator/adbd/ADBDCommands.h"
+
+#include "base/local/FileHandle.h"
+#include "simulator/adbd/ADBDListing.h"
+
+#include <QCryptographicHash>
+#include <QDateTime>
+#include <QFile>
+#include <QTimeZone>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <charconv>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <string_view>
+
+namespace tessary {
+
+namespace {
+
+using Words = std::vector<std::string>;
+
+ADBDShellResult failed(const std::string& text) {
+    return {{}, text + '\n', 1};
+}
+
+std::string reason(int code) {
+    return std::strerror(code); // NOLINT(concurrency-mt-unsafe): glibc's is safe for known codes
+}
+
+ADBDShellResult list(ADBDState& state, const Words& words) {
+    const std::string& path = words[2];
+    const ADBDFiles files(state.config);
+    const std::int64_t lie = state.hooks->sizeLie();
+    std::vector<ADBDEntry> entries;
+    struct stat status = {};
+    if (const int code = files.status(path, false, status))
+        return failed("ls: " + path + ": " + reason(code));
+    if (!S_ISDIR(status.st_mode)) {
+        ADBDEntry self{path, status, S_ISLNK(status.st_mode) ? "/storage/self/primary" : ""};
+        return {adbdListingLine(self, state.config.listing, lie), {}, 0};
+    }
+    if (const int code = files.list(path, entries))
+        return failed("ls: " + path + ": " + reason(code));
+    std::string text = "total " + std::to_string(4 * entries.size()) + '\n';
+    for (const ADBDEntry& entry : entries)
+        text += adbdListingLine(entry, state.config.listing, lie);
+    return {text, {}, 0};
+}
+
+/// `ls -A FOLDER`
+ADBDShellResult listNames(ADBDState& state, const Words& words) {
+    std::vector<ADBDEntry> entries;
+    if (const int code = ADBDFiles(state.config).list(words[2], entries))
+        return failed("ls: " + words[2] + ": " + reason(code));
+    std::string text;
+    for (const ADBDEntry& entry : entries)
+        if (entry.name != "." && entry.name != "..")
+            text += entry.name + '\n';
+    return {text, {}, 0};
+}
+
+/// `stat -f -c "MARK %a %S %b" FOLDER`
+ADBDShellResult fileSystemStat(ADBDState& state, const Words& words) {
+    constexpr std::uint64_t unit = 4096;
+    const std::string& path = words[4];
+    std::uint64_t free = state.config.free;
+    std::uint64_t capacity = state.config.capacity;
+    for (const ADBDCard& card : state.config.cards)
+        if (path.starts_with("/storage/" + card.id.toStdString())) {
+            free = card.free;
+            capacity = card.capacity;
+        }
+    struct stat status = {};
+    if (const int code = ADBDFiles(state.config).status(path, true, status))
+        return failed("stat: '" + path + "': " + reason(code));
+    std::string text;
+    const std::string& format = words[3];
+    for (std::size_t i = 0; i < format.size(); ++i) {
+        if (format[i] != '%')
+            text += format[i];
+        else if (const char field = format[++i]; field == 'a')
+            text += std::to_string(free / unit);
+        else if (field == 'S')
+            text += std::to_string(unit);
+        else if (field == 'b')
+            text += std::to_string(capacity / unit);
+        else
+            return failed("stat: bad format");
+    }
+    return {text + '\n', {}, 0};
+}
+
+/// `stat [-L] [-c FORMAT] PATH` with the fields %f %s %Y %d %i.
+ADBDShellResult stat(ADBDState& state, const Words& words) {
+    if (words.size() == 5 && words[1] == "-f" && words[2] == "-c")
+        return fileSystemStat(state, words);
+    std::size_t next = 1;
+    const bool follow = next < words.size() && words[next] == "-L";
+    next += follow ? 1 : 0;
+    std::string format = "  Size: %s\n";
+    if (next + 1 < words.size() && words[next] == "-c") {
+        format = words[next + 1] + '\n';
+        next += 2;
+    }
+    if (next + 1 != words.size())
+        return failed("stat: needs 1 argument");
+    const std::string& path = words[next];
+    struct stat status = {};
+    if (const int code = ADBDFiles(state.config).status(path, follow, status))
+        return failed("stat: '" + path + "': " + reason(code));
+    std::string text;
+    for (std::size_t i = 0; i < format.size(); ++i) {
+        if (format[i] != '%') {
+            text += format[i];
+            continue;
+        }
+        char hex[16] = {};
+        std::to_chars(hex, hex + sizeof hex - 1, status.st_mode, 16);
+        switch (format[++i]) {
+        case 'f':
+            text += hex;
+            break;
+        case 's':
+            text += std::to_string(status.st_size + state.hooks->sizeLie());
+            break;
+        case 'Y':
+            text += std::to_string(status.st_mtim.tv_sec);
+            break;
+        case 'd':
+            text += std::to_string(status.st_dev);
+            break;
+        case 'i':
+            text += std::to_string(status.st_ino);
+            break;
+        default:
+            return failed("stat: bad format");
+        }
+    }
+    return {text, {}, 0};
+}
+
+ADBDShellResult makeFolders(ADBDState& state, const Words& words) {
+    const int code =
+        state.hooks->isReadOnly() ? EROFS : ADBDFiles(state.config).makeFolders(words[2]);
+    return code == 0 ? ADBDShellResult() : failed("mkdir: '" + words[2] + "': " + reason(code));
+}
+
+ADBDShellResult removeAll(ADBDState& state, const Words& words) {
+    const int code =
+        state.hooks->isReadOnly() ? EROFS : ADBDFiles(state.config).removeAll(words[2]);
+    return code == 0 ? ADBDShellResult() : failed("rm: " + words[2] + ": " + reason(code));
+}
+
+ADBDShellResult removeFile(ADBDState& state, const Words& words) {
+    const int code =
+        state.hooks->isReadOnly() ? EROFS : ADBDFiles(state.config).removeFile(words[2]);
+    return code == 0 ? ADBDShellResult() : failed("rm: " + words[2] + ": " + reason(code));
+}
+
+/// `mkdir PATH`
+ADBDShellResult makeFolder(ADBDState& state, const Words& words) {
+    const int code =
+        state.hooks->isReadOnly() ? EROFS : ADBDFiles(state.config).makeFolder(words[1]);
+    return code == 0 ? ADBDShellResult() : failed("mkdir: '" + words[1] + "': " + reason(code));
+}
+
+/// `mv [-f|-n] FROM TO`
+ADBDShellResult move(ADBDState& state, const Words& words) {
+    const std::string& from = words[words.size() - 2];
+    const int code = state.hooks->isReadOnly()
+                         ? EROFS
+                         : ADBDFiles(state.config).move(from, words.back(), words[1] != "-n");
+    return code == 0 ? ADBDShellResult() : failed("mv: bad '" + from + "': " + reason(code));
+}
+
+/// `find FOLDER/ -maxdepth 1 -type f -size +BYTESc -print0`
+ADBDShellResult findLarge(ADBDState& state, const Words& words) {
+    std::vector<ADBDEntry> entries;
+    if (const int code = ADBDFiles(state.config).list(words[1], entries))
+        return failed("find: " + words[1] + ": " + reason(code));
+    const std::int64_t least = std::atoll(words[7].c_str() + 1);
+    ADBDShellResult all;
+    for (const ADBDEntry& entry : entries)
+        if (S_ISREG(entry.status.st_mode) && entry.status.st_size > least)
+            all.output += words[1] + entry.name + '\0';
+    return all;
+}
+
+/// `find FOLDER -type f -exec stat -c FORMAT {} +`
+ADBDShellResult findFiles(ADBDState& state, const Words& words) {
+    ADBDShellResult all;
+    std::vector<ADBDEntry> entries;
+    const ADBDFiles files(state.config);
+    if (const int code = files.list(words[1], entries))
+        return failed("find: " + words[1] + ": " + reason(code));
+    for (const ADBDEntry& entry : entries) {
+        if (entry.name == "." || entry.name == "..")
+            continue;
+        Words below = words;
+        below[1] += (below[1].ends_with('/') ? "" : "/") + entry.name;
+        if (S_ISDIR(entry.status.st_mode))
+            all.output += findFiles(state, below).output;
+        else if (S_ISREG(entry.status.st_mode))
+            all.output += stat(state, {"stat", "-c", words[7], below[1]}).output;
+    }
+    return all;
+}
+
+ADBDShellResult head(ADBDState& state, const Words& words) {
+    std::size_t count = 0;
+    const std::string& digits = words[2];
+    constexpr std::size_t most = std::size_t{1} << 20;
+    if (std::from_chars(digits.data(), digits.data() + digits.size(), count).ec != std::errc() ||
+        count > most)
+        return failed("head: bad number");
+    const auto local = ADBDFiles(state.config).resolve(words[3]);
+    const FileHandle file(local ? ::open(local->c_str(), O_RDONLY | O_CLOEXEC) : -1);
+    if (!file.isOpen())
+        return failed("head: " + words[3] + ": " + reason(ENOENT));
+    std::string text(count, '\0');
+    const ssize_t got = ::read(file.get(), text.data(), count);
+    text.resize(got < 0 ? 0 : static_cast<std::size_t>(got));
+    return {text, {}, 0};
+}
+
+/// The value of "NAME=value"; no value when the word is another one.
+std::optional<std::string> operand(const std::string& word, std::string_view name) {
+    if (!word.starts_with(std::string(name) + '='))
+        return std::nullopt;
+    return word.substr(name.size() + 1);
+}
+
+/// `dd if=FILE bs=BYTES skip=BLOCKS [count=BLOCKS]`
+ADBDShellResult copyBlocks(ADBDState& state, const Words& words) {
+    const auto path = operand(words[1], "if");
+    const auto size = operand(words[2], "bs");
+    const auto skip = operand(words[3], "skip");
+    const auto count = words.size() > 4 ? operand(words[4], "count") : std::string("1000000");
+    if (!path || !size || !skip || !count)
+        return failed("dd: bad operands");
+    const auto local = ADBDFiles(state.config).resolve(*path);
+    std::ifstream file(local.value_or("/nowhere"), std::ios::binary);
+    if (!file || std::filesystem::is_directory(*local))
+        return failed("dd: " + *path + ": " + reason(ENOENT));
+    const std::int64_t block = std::atoll(size->c_str());
+    file.seekg(block * std::atoll(skip->c_str()));
+    std::string text;
+    std::string piece(static_cast<std::size_t>(block), '\0');
+    for (std::int64_t n = std::atoll(count->c_str()); n > 0 && file; --n) {
+        file.read(piece.data(), block);
+        text.append(piece, 0, static_cast<std::size_t>(file.gcount()));
+    }
+    return {text, "1+0 records in\n1+0 records out\n", 0};
+}
+
+/// `[toybox] sha256sum FILE`
+ADBDShellResult hash(ADBDState& state, const Words& words) {
+    const std::string& path = words.back();
+    QCryptographicHash sum(QCryptographicHash::Sha256);
+    if (path != "/dev/null") {
+        const auto local = ADBDFiles(state.config).resolve(path);
+        QFile file(local ? QString::fromStdString(local->string()) : QString());
+        if (!local || !file.open(QIODevice::ReadOnly) || !sum.addData(&file))
+            return failed("sha256sum: " + path + ": " + reason(ENOENT));
+    }
+    return {sum.result().toHex().toStdString() + "  " + path + '\n', {}, 0};
+}
+
+/// `touch -m -t YYYYMMDDhhmm.ss FILE` in the world's own time
+ADBDShellResult touch(ADBDState& state, const Words& words) {
+    const QDateTime date =
+        QDateTime::fromString(QString::fromStdString(words[4]), QStringLiteral("yyyyMMddHHmm.ss"));
+    const auto local = ADBDFiles(state.config).resolve(words[5]);
+    if (!date.isValid() || !local)
+        return failed("touch: bad '" + words[4] + "'");
+    if (state.hooks->isReadOnly())
+        return failed("touch: '" + words[5] + "': " + reason(EROFS));
+    const QDateTime world(date.date(), date.time(), QTimeZone::utc());
+    const std::array<timespec, 2> times{timespec{0, UTIME_OMIT},
+                                        timespec{world.toSecsSinceEpoch(), 0}};
+    return ::utimensat(AT_FDCWD, local->c_str(), times.data(), AT_SYMLINK_NOFOLLOW) == 0
+               ? ADBDShellResult()
+               : failed("touch: '" + words[5] + "': " + reason(errno));
+}
+
+/// `sm list-volumes public`
+ADBDShellResult volumes(ADBDState& state, const Words&) {
+    std::string text;
+    for (const ADBDCard& card : state.config.cards)
+        text += (card.isStick ? "public:8,1 mounted " : "public:179,65 mounted ") +
+                card.id.toStdString() + '\n';
+    return {text, {}, 0};
+}
+
+ADBDShellResult model(ADBDState& state, const Words&) {
+    return {state.config.model.toStdString() + '\n', {}, 0};
+}
+
+ADBDShellResult apiLevel(ADBDState& state, const Words&) {
+    return {std::to_string(state.config.apiLevel) + '\n', {}, 0};
+}
+
+ADBDShellResult removeFolder(ADBDState& state, const Words& words) {
+    const int code =
+        state.hooks->isReadOnly() ? EROFS : ADBDFiles(state.config).removeFolder(words[1]);
+    return code == 0 ? ADBDShellResult() : failed("rmdir: '" + words[1] + "': " + reason(code));
+}
+
+ADBDShellResult diskFree(ADBDState& state, const Words&) {
+    const std::uint64_t all = state.config.capacity / 1024;
+    const std::uint64_t free = state.config.free / 1024;
+    const std::uint64_t used = all - std::min(all, free);
+    return {"Filesystem     1K-blocks     Used Available Use% Mounted on\n/dev/fuse      " +
+                std::to_string(all) + ' ' + std::to_string(used) + ' ' + std::to_string(free) +
+                "  42% /storage/emulated\n",
+            {},
+            0};
+}
+
+ADBDShellResult battery(ADBDState& state, const Words&) {
+    return {"Current Battery Service state:\n  AC powered: false\n  USB powered: true\n"
+            "  Max charging current: 500000\n  status: 2\n  health: 2\n  present: true\n"
+            "  level: " +
+                std::to_string(state.battery) +
+                "\n  scale: 100\n  voltage: 4123\n  temperature: 271\n  technology: Li-ion\n",
+            {},
+            0};
+}
+
+ADBDShellResult getProperty(ADBDState& state, const Words&) {
+    return {state.config.serialNumber.toStdString() + '\n', {}, 0};
+}
+
+ADBDShellResult echo(ADBDState&, const Words& words) {
+    return {words[1] + '\n', {}, 0};
+}
+
+/// A command with the words that it must begin with, and how many it has in all (0: any number).
+struct Known {
+    std::array<std::string_view, 3> front;
+    std::size_t count;
+    ADBDShellResult (*run)(ADBDState&, const Words&);
+};
+
+constexpr std::array knownCommands{
+    Known{{"ls", "-la", ""}, 3, &list},
+    Known{{"ls", "-A", ""}, 3, &listNames},
+    Known{{"stat", "", ""}, 0, &stat},
+    Known{{"mkdir", "-p", ""}, 3, &makeFolders},
+    Known{{"mkdir", "", ""}, 2, &makeFolder},
+    Known{{"rm", "-rf", ""}, 3, &removeAll},
+    Known{{"rm", "-f", ""}, 3, &removeFile},
+    Known{{"mv", "-f", ""}, 4, &move},
+    Known{{"mv", "-n", ""}, 4, &move},
+    Known{{"mv", "", ""}, 3, &move},
+    Known{{"find", "", "-type"}, 10, &findFiles},
+    Known{{"find", "", "-maxdepth"}, 9, &findLarge},
+    Known{{"dd", "", ""}, 5, &copyBlocks},
+    Known{{"dd", "", ""}, 4, &copyBlocks},
+    Known{{"sha256sum", "", ""}, 2, &hash},
+    Known{{"toybox", "sha256sum", ""}, 3, &hash},
+    Known{{"TZ=UTC0", "touch", "-m"}, 6, &touch},
+    Known{{"sm", "list-volumes", "public"}, 3, &volumes},
+    Known{{"getprop", "ro.build.version.sdk", ""}, 2, &apiLevel},
+    Known{{"getprop", "ro.product.model", ""}, 2, &model},
+    Known{{"head", "-c", ""}, 4, &head},
+    Known{{"df", "-k", "/sdcard"}, 3, &diskFree},
+    Known{{"dumpsys", "battery", ""}, 2, &battery},
+    Known{{"getprop", "ro.serialno", ""}, 2, &getProperty},
+    Known{{"echo", "", ""}, 2, &echo},
+    Known{{"rmdir", "", ""}, 2, &removeFolder},
+};
+
+} // namespace
+
+std::optional<ADBDShellResult> runADBDCommand(ADBDState& state, const Words& words) {
+    if (state.config.missingCommands.contains(QByteArray::fromStdString(words.front())))
+        return ADBDShellResult{{}, "/system/bin/sh: " + words.front() + ": not found\n", 127};
+    for (const Known& known : knownCommands) {
+        bool fits = known.count == 0 || words.size() == known.count;
+        for (std::size_t n = 0; n < known.front.size() && fits; ++n)
+            fits = known.front[n].empty() || (n < words.size() && words[n] == known.front[n]);
+        if (fits)
+            return known.run(state, words);
+    }
+    return std::nullopt;
+}
+
+} // namespace tessary

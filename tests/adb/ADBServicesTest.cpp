@@ -1,0 +1,248 @@
+#include "adb/protocol/ADBError.h"
+#include "adb/services/ADBShellClient.h"
+#include "adb/services/ADBSyncClient.h"
+#include "base/values/LittleEndian.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <functional>
+
+namespace tessary {
+
+namespace {
+
+using testing::ElementsAre;
+
+std::string codeOf(const std::function<void()>& call) {
+    try {
+        call();
+    } catch (const Error& error) {
+        return error.code().name();
+    }
+    return "nothing";
+}
+
+/// A record: its word, and numbers or texts.
+class Record {
+public:
+    explicit Record(const char* word) {
+        text(word);
+    }
+    Record& number(std::uint32_t value) {
+        appendLittleEndian(bytes_, value);
+        return *this;
+    }
+    Record& text(const QByteArray& value) {
+        const auto* data = reinterpret_cast<const std::byte*>(value.constData());
+        bytes_.insert(bytes_.end(), data, data + value.size());
+        return *this;
+    }
+    Record& zeros(std::size_t count) {
+        bytes_.resize(bytes_.size() + count);
+        return *this;
+    }
+    operator Bytes() const { // NOLINT(google-explicit-constructor)
+        return bytes_;
+    }
+
+private:
+    Bytes bytes_;
+};
+
+Bytes operator+(Bytes left, const Bytes& right) {
+    left.insert(left.end(), right.begin(), right.end());
+    return left;
+}
+
+/// A phone's side of one stream: what it says, whatever it is asked, and then the end.
+class Script final : public ADBStream {
+public:
+    /// `again` is said without end after `bytes`.
+    explicit Script(Bytes bytes, Bytes again = {}, std::size_t step = 3)
+        : bytes_(std::move(bytes)), again_(std::move(again)), step_(step) {}
+
+    std::size_t read(std::span<std::byte> to, const Wait&) override {
+        if (at_ == bytes_.size() && !again_.empty()) {
+            bytes_ = again_;
+            at_ = 0;
+        }
+        const std::size_t count = std::min({to.size(), step_, bytes_.size() - at_});
+        std::copy_n(bytes_.begin() + static_cast<std::ptrdiff_t>(at_), count, to.begin());
+        at_ += count;
+        return count;
+    }
+    void write(ByteView, const Wait&) override {}
+    [[nodiscard]] bool hasInput() const override {
+        return false; // nothing is said before it is asked
+    }
+
+private:
+    Bytes bytes_;
+    const Bytes again_;
+    std::size_t at_ = 0;
+    const std::size_t step_;
+};
+
+ADBSyncClient clientOf(Bytes bytes, Bytes again = {}, std::size_t step = 3) {
+    return {std::make_unique<Script>(std::move(bytes), std::move(again), step), {false, false}};
+}
+
+const Bytes oneEntry = Record("DENT").number(0x81B0).number(5).number(9).number(1).text("a");
+const Bytes listEnd = Record("DONE").zeros(16);
+const Bytes oneStat = Record("STAT").number(0x81B0).number(5).number(9);
+
+QByteArrayList namesOf(ADBSyncClient& client, std::size_t most = 100) {
+    QByteArrayList names;
+    client.list("/sdcard/",
+                [&](const ADBFacts&, QByteArray&& name) {
+                    if (static_cast<std::size_t>(names.size()) == most)
+                        throw Error(ADBError::nonsense); // as the caller's bound does
+                    names.append(name);
+                },
+                {});
+    return names;
+}
+
+std::uint64_t received(ADBSyncClient& client, std::uint64_t most = 1000) {
+    return client.receive(
+        "/sdcard/a", [](const ADBFacts&) {},
+        [&, got = std::uint64_t{0}](ByteView bytes) mutable {
+            got += bytes.size();
+            return got < most;
+        },
+        {});
+}
+
+TEST(ADBSyncClient, answersCutAnywhereAreAnErrorAndNeverLess) {
+    const Bytes listing = oneEntry + oneEntry + listEnd;
+    const Bytes file =
+        oneStat + oneStat + Record("DATA").number(3).text("abc") + Record("DONE").number(0);
+    for (std::size_t size = 0; size < listing.size(); ++size) {
+        auto client =
+            clientOf({listing.begin(), listing.begin() + static_cast<std::ptrdiff_t>(size)});
+        EXPECT_EQ(codeOf([&] { (void)namesOf(client); }), "brokenOff") << size;
+        EXPECT_FALSE(client.isUsable());
+    }
+    for (std::size_t size = 0; size < file.size(); ++size) {
+        auto client = clientOf({file.begin(), file.begin() + static_cast<std::ptrdiff_t>(size)});
+        EXPECT_EQ(codeOf([&] { (void)received(client); }), "brokenOff") << size;
+    }
+    auto client = clientOf(listing + file);
+    EXPECT_THAT(namesOf(client), ElementsAre("a", "a"));
+    EXPECT_EQ(received(client), 3U);
+    EXPECT_TRUE(client.isUsable()) << "one stream takes many requests";
+}
+
+TEST(ADBSyncClient, endlessAnswersEndWhereTheCallerSaysSo) {
+    auto listing = clientOf({}, oneEntry, 4096);
+    EXPECT_EQ(codeOf([&] { (void)namesOf(listing, 10'000); }), "nonsense");
+    EXPECT_FALSE(listing.isUsable());
+    auto file = clientOf(oneStat + oneStat, Record("DATA").number(4).text("abcd"), 4096);
+    EXPECT_GE(received(file, 100'000), 100'000U);
+    EXPECT_FALSE(file.isUsable());
+    auto piece =
+        clientOf(oneStat + oneStat + Record("DATA").number(0xFFFFFFFF), {std::byte{1}}, 4096);
+    EXPECT_GE(received(piece, 100'000), 100'000U) << "a piece that claims 4 GiB";
+}
+
+TEST(ADBSyncClient, nonsenseIsAnErrorAndNothingIsBelieved) {
+    const std::pair<const char*, Bytes> rows[] = {
+        {"nonsense", Record("OKAY").zeros(16)},
+        {"nonsense", Record("DENT").number(1).number(1).number(1).number(0xFFFFFFFF).zeros(9)},
+        {"nonsense", Record("DNT2").zeros(72)},
+        {"nonsense", Bytes(20, std::byte{0xFF})},
+    };
+    for (const auto& [code, bytes] : rows) {
+        auto client = clientOf(bytes);
+        EXPECT_EQ(codeOf([&] { (void)namesOf(client); }), code);
+    }
+    const std::pair<const char*, Bytes> files[] = {
+        {"syncFailed", Record("FAIL").number(2).text("no")},
+        {"nonsense", Record("FAIL").number(0xFFFFFFF0).text("no")},
+        {"nonsense", Record("OKAY").number(0)},
+    };
+    for (const auto& [code, bytes] : files) {
+        auto client = clientOf(oneStat + oneStat + bytes);
+        EXPECT_EQ(codeOf([&] { (void)received(client); }), code);
+        auto sender = clientOf(bytes);
+        const bool isEnd = std::string(code) != "nonsense" || bytes.size() > 8;
+        EXPECT_EQ(codeOf([&] {
+                      (void)sender.send(
+                          "/sdcard/a", 0100660, [](std::span<std::byte>) { return std::size_t{0}; },
+                          0, [](std::uint64_t) {}, {});
+                  }),
+                  isEnd ? code : "brokenOff");
+    }
+    auto client = clientOf({});
+    EXPECT_EQ(codeOf([&] { (void)client.stat(QByteArray(2000, 'a'), false, {}); }), "pathTooLong");
+}
+
+/// Gives one script to whoever opens a service.
+class ScriptedConnection final : public ADBConnection {
+public:
+    explicit ScriptedConnection(Bytes bytes, Bytes again = {})
+        : bytes_(std::move(bytes)), again_(std::move(again)) {}
+    std::unique_ptr<ADBStream> open(const QByteArray& service, const Wait&) override {
+        service_ = service;
+        return std::make_unique<Script>(bytes_, again_, 4096);
+    }
+    QByteArrayList features(const Wait&) override {
+        return {};
+    }
+    [[nodiscard]] const QByteArray& service() const {
+        return service_;
+    }
+
+private:
+    const Bytes bytes_;
+    const Bytes again_;
+    QByteArray service_;
+};
+
+TEST(ADBShellClient, exitStatusIsTheCommandsOwnOrTheLinkIsLost) {
+    const Bytes output = Record("\1").number(3).text("out");
+    const Bytes errors = Record("\2").number(3).text("err");
+    const Bytes status = Record("\3").number(1).text("\7");
+    const Bytes whole = output + errors + status;
+    ScriptedConnection phone(whole);
+    const ADBCommandResult result = ADBShellClient(phone, true).run("ls", {});
+    EXPECT_EQ(result.output, "out");
+    EXPECT_EQ(result.errors, "err");
+    EXPECT_EQ(result.status, 7);
+    EXPECT_EQ(phone.service(), "shell,v2,raw:ls");
+    for (std::size_t size = 0; size < whole.size(); ++size) {
+        ScriptedConnection cut({whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size)});
+        EXPECT_EQ(codeOf([&] { (void)ADBShellClient(cut, true).run("ls", {}); }), "brokenOff");
+    }
+    ScriptedConnection endless({}, Record("\1").number(4000).zeros(4000));
+    EXPECT_EQ(codeOf([&] { (void)ADBShellClient(endless, true).run("ls", {}); }), "nonsense");
+    ScriptedConnection wrong(Record("\3").number(2).zeros(2));
+    EXPECT_EQ(codeOf([&] { (void)ADBShellClient(wrong, true).run("ls", {}); }), "nonsense");
+}
+
+TEST(ADBShellClient, olderPhonesPrintTheirStatusLast) {
+    const std::pair<const char*, int> rows[] = {{"out\ntessary-status:3\n", 3},
+                                                {"tessary-status:0\n", 0},
+                                                {"tessary-status:9\nno\ntessary-status:1\r\n", 1}};
+    for (const auto& [text, status] : rows) {
+        ScriptedConnection phone{Bytes(Record(text))};
+        EXPECT_EQ(ADBShellClient(phone, false).run("ls", {}).status, status);
+        EXPECT_EQ(phone.service(), "exec:ls; echo tessary-status:$?");
+    }
+    for (const char* text : {"", "out", "tessary-status:", "tessary-status:x\n"}) {
+        ScriptedConnection phone{Bytes(Record(text))};
+        EXPECT_EQ(codeOf([&] { (void)ADBShellClient(phone, false).run("ls", {}); }), "brokenOff");
+    }
+}
+
+TEST(ADBShellClient, quotedTextIsOneWordWhateverItHolds) {
+    const std::pair<QByteArray, QByteArray> rows[] = {
+        {"", "''"}, {"a b", "'a b'"}, {"it's", R"('it'\''s')"}, {"$(x)\n\xFF", "'$(x)\n\xFF'"}};
+    for (const auto& [text, word] : rows)
+        EXPECT_EQ(shellQuoted(text), word);
+}
+
+} // namespace
+
+} // namespace tessary
