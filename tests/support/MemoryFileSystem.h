@@ -1,9 +1,8 @@
 #pragma once
 
-#include "base/text/PathNames.h"
-#include "base/threads/CancellationError.h"
 #include "phone/PhoneFileSystem.h"
-#include "phone/PhoneQueue.h"
+#include "support/MemoryRequests.h"
+#include "support/MemoryTree.h"
 
 #include <QCryptographicHash>
 #include <QStringList>
@@ -22,37 +21,8 @@ namespace tessary {
 /// of exactly as many bytes as were announced, only what its capabilities say, and a check of every
 /// FileItem that comes back. Faults are switched on; every request is kept. Thread-safe, but for
 /// the options, which are set before it is used.
-class MemoryFileSystem final : public PhoneFileSystem {
+class MemoryFileSystem final : public PhoneFileSystem, public MemoryRequests, private MemoryTree {
 public:
-    enum class Operation {
-        list,
-        find,
-        read,
-        write,
-        makeFolder,
-        remove,
-        removeTree,
-        rename,
-        move,
-        setModified,
-        freeBytes,
-        thumbnail,
-        hash,
-    };
-
-    /// A request as the phone saw it.
-    struct Request {
-        Operation operation{};
-        QString path{};    ///< of what is read, made, removed or changed
-        QString other{};   ///< the new name of a rename, the new folder of a move
-        qint64 bytes = 0;  ///< that went across, for read and write
-        ByteRange range{}; ///< of a read
-
-        [[nodiscard]] bool is(Operation wanted, const QString& at) const {
-            return operation == wanted && path == at;
-        }
-    };
-
     struct Options {
         QString identity = QStringLiteral("memory");
         QString displayName = QStringLiteral("Memory");
@@ -68,9 +38,7 @@ public:
     };
 
     MemoryFileSystem() : MemoryFileSystem(Options{}) {}
-    explicit MemoryFileSystem(Options options) : options_(std::move(options)) {
-        root_.isDirectory = true;
-    }
+    explicit MemoryFileSystem(Options options) : options_(std::move(options)) {}
 
     // --- What is on it; folders above are made. Not part of the log. ---
 
@@ -144,40 +112,6 @@ public:
         return paths;
     }
 
-    // --- Faults ---
-
-    /// The n-th request from now on (the next is 1) fails before it does anything.
-    void failCall(int n, const Error& error) {
-        const std::scoped_lock lock(mutex_);
-        faults_.push_back({.afterCalls = n, .error = error});
-    }
-    /// Requests of a kind for a path fail, this many times.
-    void fail(Operation operation, const QString& path, const Error& error, int times = 1'000'000) {
-        const std::scoped_lock lock(mutex_);
-        faults_.push_back(
-            {.operation = operation, .path = path, .error = error, .timesLeft = times});
-    }
-    /// The next read or write of a path fails when this many bytes are across.
-    void failAfterBytes(Operation operation, const QString& path, qint64 bytes,
-                        const Error& error) {
-        const std::scoped_lock lock(mutex_);
-        faults_.push_back(
-            {.operation = operation, .path = path, .error = error, .timesLeft = 1, .bytes = bytes});
-    }
-    /// Listings of a folder break off after this many rows.
-    void cutListing(const QString& folder, int rows) {
-        const std::scoped_lock lock(mutex_);
-        cutListings_.push_back({folder, rows});
-    }
-    /// From the n-th request on (the next is 1) every one fails with PhoneError::unplugged.
-    void loseLink(int atCall = 1) {
-        const std::scoped_lock lock(mutex_);
-        lostAt_ = calls_ + atCall;
-    }
-    void restoreLink() {
-        const std::scoped_lock lock(mutex_);
-        lostAt_.reset();
-    }
     /// A file whose reading brings other bytes than its size announces.
     void announce(const QString& path, qint64 size) {
         const std::scoped_lock lock(mutex_);
@@ -186,47 +120,6 @@ public:
             throw std::runtime_error("nothing is at " + path.toStdString());
         node->announced = size;
     }
-    /// Called before each request is carried out, without any lock: for changes behind a copy's
-    /// back, and for tests that hold a request up. What it throws, the request throws.
-    void beforeEach(std::function<void(const Request&)> hook) {
-        beforeEachCall([hook = std::move(hook)](const Request& request, const Call&) {
-            if (hook)
-                hook(request);
-        });
-    }
-    /// The same for what can be stopped meanwhile.
-    void beforeEachCall(std::function<void(const Request&, const Call&)> hook) {
-        const std::scoped_lock lock(mutex_);
-        hook_ = std::move(hook);
-    }
-
-    // --- What was asked ---
-
-    [[nodiscard]] std::vector<Request> requests() const {
-        const std::scoped_lock lock(mutex_);
-        return log_;
-    }
-    [[nodiscard]] int count(Operation operation) const {
-        const std::scoped_lock lock(mutex_);
-        return static_cast<int>(
-            std::count_if(log_.begin(), log_.end(), [operation](const Request& request) {
-                return request.operation == operation;
-            }));
-    }
-    /// Bytes that all requests of a kind brought across.
-    [[nodiscard]] qint64 bytes(Operation operation) const {
-        const std::scoped_lock lock(mutex_);
-        qint64 sum = 0;
-        for (const Request& request : log_)
-            if (request.operation == operation)
-                sum += request.bytes;
-        return sum;
-    }
-    void forgetRequests() {
-        const std::scoped_lock lock(mutex_);
-        log_.clear();
-    }
-
     // --- PhoneFileSystem ---
 
     [[nodiscard]] QString identity() const override {
@@ -253,7 +146,8 @@ public:
     }
 
     void list(const QString& folder, const ListingReceiver& receiver, const Call& call) override {
-        const Step step(*this, {.operation = Operation::list, .path = folder}, call);
+        const Step step(*this, options_.queue, {.operation = Operation::list, .path = folder},
+                        call);
         std::vector<FileItem> rows;
         std::vector<UnreadableEntry> unreadable;
         qsizetype cutAfter = -1;
@@ -266,7 +160,7 @@ public:
                 else
                     rows.push_back(itemOf(*child));
             }
-            for (const CutListing& cut : cutListings_)
+            for (const CutListing& cut : cutListings())
                 if (cut.folder == folder)
                     cutAfter = cut.rows;
         }
@@ -286,7 +180,7 @@ public:
     }
 
     [[nodiscard]] std::optional<FileItem> find(const QString& path, const Call& call) override {
-        const Step step(*this, {.operation = Operation::find, .path = path}, call);
+        const Step step(*this, options_.queue, {.operation = Operation::find, .path = path}, call);
         const std::scoped_lock lock(mutex_);
         const Node* const node = exactly(path);
         if (node == nullptr)
@@ -298,7 +192,8 @@ public:
 
     qint64 read(const FileItem& file, ByteRange range, const ByteSink& sink,
                 const Call& call) override {
-        Step step(*this, {.operation = Operation::read, .path = file.path, .range = range}, call);
+        Step step(*this, options_.queue,
+                  {.operation = Operation::read, .path = file.path, .range = range}, call);
         if (range.offset != 0 && !options_.capabilities.readsRanges)
             throw std::logic_error("a read from an offset without readsRanges");
         QByteArray content;
@@ -327,7 +222,7 @@ public:
     FileItem write(const NewFile& file, const ByteSource& source, const ByteProgress& progress,
                    const Call& call) override {
         const QString path = joinPath(file.folder, file.name);
-        Step step(*this, {.operation = Operation::write, .path = path}, call);
+        Step step(*this, options_.queue, {.operation = Operation::write, .path = path}, call);
         requireWritable(path);
         {
             const std::scoped_lock lock(mutex_);
@@ -364,7 +259,8 @@ public:
 
     FileItem makeFolder(const QString& parent, const QString& name, const Call& call) override {
         const QString path = joinPath(parent, name);
-        const Step step(*this, {.operation = Operation::makeFolder, .path = path}, call);
+        const Step step(*this, options_.queue, {.operation = Operation::makeFolder, .path = path},
+                        call);
         requireWritable(path);
         const std::scoped_lock lock(mutex_);
         Node& folder = folderAt(parent);
@@ -375,7 +271,8 @@ public:
     }
 
     void remove(const FileItem& item, const Call& call) override {
-        const Step step(*this, {.operation = Operation::remove, .path = item.path}, call);
+        const Step step(*this, options_.queue, {.operation = Operation::remove, .path = item.path},
+                        call);
         requireWritable(item.path);
         const std::scoped_lock lock(mutex_);
         Node& node = same(item);
@@ -385,7 +282,8 @@ public:
     }
 
     void removeTree(const FileItem& item, const Call& call) override {
-        const Step step(*this, {.operation = Operation::removeTree, .path = item.path}, call);
+        const Step step(*this, options_.queue,
+                        {.operation = Operation::removeTree, .path = item.path}, call);
         requireWritable(item.path);
         const std::scoped_lock lock(mutex_);
         takeOut(same(item));
@@ -393,8 +291,9 @@ public:
 
     FileItem rename(const FileItem& item, const QString& newName, TakenName taken,
                     const Call& call) override {
-        const Step step(
-            *this, {.operation = Operation::rename, .path = item.path, .other = newName}, call);
+        const Step step(*this, options_.queue,
+                        {.operation = Operation::rename, .path = item.path, .other = newName},
+                        call);
         requireWritable(item.path);
         if (!options_.capabilities.renames)
             throw Error(PhoneError::notSupported, {item.path});
@@ -414,8 +313,9 @@ public:
     }
 
     FileItem move(const FileItem& item, const QString& newFolder, const Call& call) override {
-        const Step step(
-            *this, {.operation = Operation::move, .path = item.path, .other = newFolder}, call);
+        const Step step(*this, options_.queue,
+                        {.operation = Operation::move, .path = item.path, .other = newFolder},
+                        call);
         requireWritable(item.path);
         if (!options_.capabilities.moves)
             throw Error(PhoneError::notSupported, {item.path});
@@ -433,7 +333,8 @@ public:
     }
 
     void setModified(const FileItem& file, const QDateTime& date, const Call& call) override {
-        const Step step(*this, {.operation = Operation::setModified, .path = file.path}, call);
+        const Step step(*this, options_.queue,
+                        {.operation = Operation::setModified, .path = file.path}, call);
         if (!options_.capabilities.setsDates)
             throw Error(PhoneError::notSupported, {file.path});
         const std::scoped_lock lock(mutex_);
@@ -442,7 +343,8 @@ public:
 
     [[nodiscard]] std::optional<std::uint64_t> freeBytes(const QString& folder,
                                                          const Call& call) override {
-        const Step step(*this, {.operation = Operation::freeBytes, .path = folder}, call);
+        const Step step(*this, options_.queue, {.operation = Operation::freeBytes, .path = folder},
+                        call);
         const std::scoped_lock lock(mutex_);
         if (!options_.capacity)
             return std::nullopt;
@@ -451,7 +353,8 @@ public:
     }
 
     [[nodiscard]] std::optional<QByteArray> hash(const FileItem& file, const Call& call) override {
-        const Step step(*this, {.operation = Operation::hash, .path = file.path}, call);
+        const Step step(*this, options_.queue, {.operation = Operation::hash, .path = file.path},
+                        call);
         if (!options_.capabilities.hasHashes)
             return std::nullopt;
         const std::scoped_lock lock(mutex_);
@@ -459,114 +362,8 @@ public:
     }
 
 private:
-    struct Node {
-        QString name;
-        bool isDirectory = false;
-        QByteArray content;
-        std::optional<QDateTime> modified;
-        std::optional<Error> unreadable;
-        std::optional<qint64> announced; ///< the size that is listed
-        std::uint32_t handle = 0;
-        Node* parent = nullptr;
-        std::vector<std::unique_ptr<Node>> children;
-    };
-
-    struct Fault {
-        std::optional<Operation> operation{};
-        QString path{};
-        int afterCalls = 0; ///< counts down; without an operation
-        Error error;
-        int timesLeft = 1;
-        qint64 bytes = -1; ///< when this many are across; -1: before anything is done
-    };
-
-    struct CutListing {
-        QString folder;
-        int rows = 0;
-    };
-
-    /// One request: its turn with the phone, its entry in the log, and the faults that hit it.
-    class Step {
-    public:
-        Step(MemoryFileSystem& files, Request request, const Call& call) : files_(files) {
-            throwIfStopped(call.stop);
-            if (files.options_.queue)
-                turn_.emplace(files.options_.queue->take(call));
-            std::function<void(const Request&, const Call&)> hook;
-            std::optional<Error> failure;
-            {
-                const std::scoped_lock lock(files.mutex_);
-                ++files.calls_;
-                index_ = files.log_.size();
-                files.log_.push_back(request);
-                hook = files.hook_;
-                failure = files.faultOf(request);
-                cut_ = files.cutOf(request);
-            }
-            if (hook)
-                hook(request, call);
-            if (failure)
-                throw *failure;
-        }
-
-        /// How many of the next bytes go across; throws when none may.
-        [[nodiscard]] qint64 allowed(qint64 done, qint64 wanted) const {
-            {
-                const std::scoped_lock lock(files_.mutex_);
-                if (files_.lostAt_ && files_.calls_ >= *files_.lostAt_)
-                    throw Error(PhoneError::unplugged);
-            }
-            if (!cut_)
-                return wanted;
-            if (done >= cut_->bytes)
-                throw cut_->error;
-            return std::min(wanted, cut_->bytes - done);
-        }
-        void noteBytes(qint64 done) {
-            const std::scoped_lock lock(files_.mutex_);
-            if (index_ < files_.log_.size())
-                files_.log_[index_].bytes = done;
-        }
-
-    private:
-        MemoryFileSystem& files_;
-        std::optional<PhoneQueue::Turn> turn_;
-        std::size_t index_ = 0;
-        std::optional<Fault> cut_;
-    };
-
     // All below is called with the lock held.
 
-    std::optional<Error> faultOf(const Request& request) {
-        if (lostAt_ && calls_ >= *lostAt_)
-            return Error(PhoneError::unplugged);
-        std::optional<Error> found;
-        for (Fault& fault : faults_) {
-            const bool hits = fault.operation
-                                  ? request.is(*fault.operation, fault.path) && fault.bytes < 0
-                                  : --fault.afterCalls == 0;
-            if (hits && fault.timesLeft > 0 && !found) {
-                --fault.timesLeft;
-                found = fault.error;
-            }
-        }
-        return found;
-    }
-    std::optional<Fault> cutOf(const Request& request) {
-        for (Fault& fault : faults_)
-            if (fault.operation && fault.bytes >= 0 && fault.timesLeft > 0 &&
-                request.is(*fault.operation, fault.path)) {
-                --fault.timesLeft;
-                return fault;
-            }
-        return std::nullopt;
-    }
-
-    [[nodiscard]] static QString pathOf(const Node& node) {
-        if (node.parent == nullptr)
-            return QStringLiteral("/");
-        return joinPath(pathOf(*node.parent), node.name);
-    }
     [[nodiscard]] FileItem itemOf(const Node& node) const {
         return {node.parent == nullptr ? options_.displayName : node.name,
                 pathOf(node),
@@ -575,36 +372,6 @@ private:
                 node.modified,
                 options_.givesHandles && node.parent != nullptr ? std::optional(node.handle)
                                                                 : std::nullopt};
-    }
-    /// The entry of the very path, also in what differs only by case.
-    [[nodiscard]] Node* exactly(const QString& path) const {
-        const Node* node = &root_;
-        for (const QString& name : path.split(QLatin1Char('/'), Qt::SkipEmptyParts)) {
-            const auto found =
-                std::find_if(node->children.begin(), node->children.end(),
-                             [&name](const auto& child) { return child->name == name; });
-            if (found == node->children.end())
-                return nullptr;
-            node = found->get();
-        }
-        return const_cast<Node*>(node);
-    }
-    [[nodiscard]] Node& folderAt(const QString& path) const {
-        Node* const node = exactly(path);
-        if (node == nullptr)
-            throw Error(PhoneError::notFound, {path});
-        if (!node->isDirectory)
-            throw Error(PhoneError::notAFolder, {path});
-        return *node;
-    }
-    [[nodiscard]] static Node* withHandle(const Node& folder, std::uint32_t handle) {
-        for (const auto& child : folder.children) {
-            if (child->handle == handle)
-                return child.get();
-            if (Node* const below = withHandle(*child, handle))
-                return below;
-        }
-        return nullptr;
     }
     /// What an item that was listed once stands for now.
     [[nodiscard]] Node& same(const FileItem& item) const {
@@ -644,59 +411,8 @@ private:
             usedBytes(root_) + static_cast<std::uint64_t>(more) > *options_.capacity)
             throw Error(PhoneError::full, {path});
     }
-    [[nodiscard]] static std::uint64_t usedBytes(const Node& node) {
-        auto sum = static_cast<std::uint64_t>(node.content.size());
-        for (const auto& child : node.children)
-            sum += usedBytes(*child);
-        return sum;
-    }
-    Node& addNode(Node& folder, const QString& path) {
-        auto node = std::make_unique<Node>();
-        node->name = lastComponent(path);
-        node->handle = ++lastHandle_;
-        node->parent = &folder;
-        folder.children.push_back(std::move(node));
-        return *folder.children.back();
-    }
-    Node& makeNodes(const QString& path) {
-        Node* node = &root_;
-        QString reached = QStringLiteral("/");
-        for (const QString& name : path.split(QLatin1Char('/'), Qt::SkipEmptyParts)) {
-            reached = joinPath(reached, name);
-            if (Node* const there = exactly(reached)) {
-                node = there;
-                continue;
-            }
-            node = &addNode(*node, reached);
-            node->isDirectory = true;
-        }
-        return *node;
-    }
-    std::unique_ptr<Node> takeOut(Node& node) {
-        auto& siblings = node.parent->children;
-        const auto found = std::find_if(siblings.begin(), siblings.end(),
-                                        [&node](const auto& one) { return one.get() == &node; });
-        std::unique_ptr<Node> taken = std::move(*found);
-        siblings.erase(found);
-        return taken;
-    }
-    void collect(const Node& folder, QStringList& paths) const {
-        for (const auto& child : folder.children) {
-            paths << (child->isDirectory ? pathOf(*child) + QLatin1Char('/') : pathOf(*child));
-            collect(*child, paths);
-        }
-    }
-
     const Options options_;
-    mutable std::mutex mutex_; ///< guards all below
-    Node root_;
-    std::uint32_t lastHandle_ = 0;
-    std::vector<Request> log_;
-    int calls_ = 0;
-    std::optional<int> lostAt_;
-    std::vector<Fault> faults_;
-    std::vector<CutListing> cutListings_;
-    std::function<void(const Request&, const Call&)> hook_;
+    mutable std::mutex mutex_; ///< guards the tree
 };
 
 } // namespace tessary

@@ -22,6 +22,12 @@ public:
     [[nodiscard]] QString root() const override {
         return QStringLiteral("/side");
     }
+    /// Requests that `work` makes.
+    [[nodiscard]] std::size_t requestsOf(const std::function<void()>& work) {
+        phone_->plugged.android.clearRequestLog();
+        work();
+        return phone_->plugged.android.requestCount();
+    }
 
 private:
     struct Phone {
@@ -139,6 +145,24 @@ INSTANTIATE_TEST_SUITE_P(
                     Way{"fromMTPToAFC", overMTP, overAFC}, Way{"fromAFCToADB", overAFC, overADB},
                     Way{"withinOnePhone", overADB, overADB}),
     [](const auto& way) { return way.param.name; });
+
+/// What many small files cost is what a person waits for.
+TEST(RequestsOverMTP, aSmallFileTakesFew) {
+    constexpr std::size_t files = 50;
+    constexpr std::size_t around = 10; // for the folder, and to begin with
+    for (const bool isUpload : {true, false}) {
+        MTPSide phone("REQUESTS");
+        DiskSide disk;
+        CopyEnd& from = isUpload ? static_cast<CopyEnd&>(disk) : phone;
+        CopyEnd& to = isUpload ? static_cast<CopyEnd&>(phone) : disk;
+        for (std::size_t n = 0; n < files; ++n)
+            from.put(s("d/%1.jpg").arg(n), "small", noon);
+        TreeCopyRequest request = requestFor(from, to, ClashAnswer::skip);
+        const std::size_t requests = phone.requestsOf(
+            [&] { EXPECT_EQ(run(std::move(request)).end(), CopyOutcome::End::done); });
+        EXPECT_LE(requests, files * (isUpload ? 6 : 2) + around);
+    }
+}
 
 } // namespace
 } // namespace tessary
