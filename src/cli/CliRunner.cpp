@@ -110,12 +110,13 @@ void CliRunner::fail(const QString& message) {
 }
 
 void CliRunner::print(const QJsonValue& document) {
-    const QByteArray text = jsonText(document);
+    const QByteArray text = printableLines(QString::fromUtf8(jsonText(document))).toUtf8();
     std::fwrite(text.constData(), 1, static_cast<std::size_t>(text.size()), out_);
 }
 
 void CliRunner::printLine(const QString& line) {
-    std::fprintf(out_, "%s\n", qUtf8Printable(line));
+    // The lines hold what phones and programs say.
+    std::fprintf(out_, "%s\n", qUtf8Printable(printable(line)));
 }
 
 const DeviceInfo& CliRunner::chosenDevice() {

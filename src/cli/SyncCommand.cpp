@@ -142,7 +142,7 @@ bool CliRunner::mayGoOn(const SyncQuestion& question) {
     if (question.candidates.size() > shownCandidates)
         std::fprintf(error_, "  and %zu more\n", question.candidates.size() - shownCandidates);
     if (!question.warning.isEmpty())
-        std::fprintf(error_, "%s\n", qUtf8Printable(question.warning));
+        std::fprintf(error_, "%s\n", qUtf8Printable(printable(question.warning)));
     if (isMissing)
         std::fprintf(error_, "Make it again? [y/N] ");
     else
@@ -216,7 +216,7 @@ void CliRunner::sync() {
     // A file that no run can sync does not make every run a failure.
     for (const SkippedItem& item : report.skipped)
         std::fprintf(error_, "tessary-cli: Not synced: %s: %s\n",
-                     qUtf8Printable(printable(item.path)), qUtf8Printable(item.reason));
+                     qUtf8Printable(printable(item.path)), qUtf8Printable(printable(item.reason)));
 }
 
 } // namespace tessary
