@@ -1,8 +1,8 @@
 #pragma once
 
 #include "phone/PhoneFileSystem.h"
+#include "support/MemoryNodes.h"
 #include "support/MemoryRequests.h"
-#include "support/MemoryTree.h"
 
 #include <QCryptographicHash>
 #include <QStringList>
@@ -21,7 +21,7 @@ namespace tessary {
 /// of exactly as many bytes as were announced, only what its capabilities say, and a check of every
 /// FileItem that comes back. Faults are switched on; every request is kept. Thread-safe, but for
 /// the options, which are set before it is used.
-class MemoryFileSystem final : public PhoneFileSystem, public MemoryRequests, private MemoryTree {
+class MemoryFileSystem final : public PhoneFileSystem, public MemoryRequests, private MemoryNodes {
 public:
     struct Options {
         QString identity = QStringLiteral("memory");

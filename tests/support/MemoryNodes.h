@@ -16,9 +16,9 @@
 namespace tessary {
 
 /// Files and folders in memory, in the order in which they were made. Names may be anything.
-class MemoryTree {
+class MemoryNodes {
 protected:
-    MemoryTree() {
+    MemoryNodes() {
         root_.isDirectory = true;
     }
 
