@@ -13,17 +13,22 @@ namespace tessary {
 
 namespace {
 
-void readNames(std::vector<DeviceInfo>& devices, const std::stop_token& stop) {
+/// Returns why the first one did not tell its name that did not.
+std::optional<TessaryError> readNames(std::vector<DeviceInfo>& devices,
+                                      const std::stop_token& stop) {
+    std::optional<TessaryError> refusal;
     for (DeviceInfo& device : devices) {
         throwIfStopped(stop);
         if (device.platform != DevicePlatform::iOS || device.deviceName)
             continue;
         try {
             device.deviceName = iphoneFacts(device.udid, stop).name;
-        } catch (const TessaryError&) {
-            // One that does not tell its name cannot be called by it.
+        } catch (const TessaryError& error) {
+            if (!refusal)
+                refusal = error;
         }
     }
+    return refusal;
 }
 
 } // namespace
@@ -49,9 +54,10 @@ DeviceInfo chooseDevice(DeviceSources sources, const CliRequest& request,
                  return device.deviceName.value_or(QString()).compare(wanted,
                                                                       Qt::CaseInsensitive) == 0;
              }}};
+    std::optional<TessaryError> refusal;
     for (const Rule& rule : rules) {
         if (rule.needsNames)
-            readNames(all, stop);
+            refusal = readNames(all, stop);
         std::vector<DeviceInfo> matching;
         std::copy_if(all.begin(), all.end(), std::back_inserter(matching),
                      [&](const DeviceInfo& device) { return rule.fits(device, request.device); });
@@ -64,6 +70,9 @@ DeviceInfo chooseDevice(DeviceSources sources, const CliRequest& request,
         if (matching.size() == 1)
             return matching.front();
     }
+    // It may be the one that is meant: what it waits for helps more than that it is missing.
+    if (refusal && refusal->kind() == TessaryError::Case::lockdownFailed)
+        throw *refusal;
     throw TessaryError::deviceNotFound(
         QStringLiteral("\"%1\" is not attached. Plug it in, unlock it and choose File transfer on "
                        "it; tessary-cli devices lists what is there.")
