@@ -133,8 +133,15 @@ TEST_F(MTPEditsTest, movesGoIntoOtherFoldersOfTheStorage) {
         EXPECT_EQ(codeOf([&] { move(what, into); }), code) << what << ' ' << into;
     EXPECT_EQ(phone().requests(moveObject), 0U);
     EXPECT_EQ(everything(), before);
-    phone().refuse(moveObject, MTPResponseCode::operationNotSupported);
-    EXPECT_EQ(codeOf([&] { move("/f.txt", "/A"); }), "notSupported");
+    // Whoever cannot move says so in many words: a copy takes its place then.
+    for (const MTPResponseCode code :
+         {MTPResponseCode::operationNotSupported, MTPResponseCode::invalidObjectHandle,
+          MTPResponseCode::generalError, MTPResponseCode::invalidParameter}) {
+        phone().refuse(moveObject, code);
+        EXPECT_EQ(codeOf([&] { move("/f.txt", "/A"); }), "notSupported");
+    }
+    phone().refuse(moveObject, MTPResponseCode::accessDenied);
+    EXPECT_EQ(codeOf([&] { move("/f.txt", "/A"); }), "accessDenied");
 }
 
 TEST_F(MTPEditsTest, refusedEditsAreReportedAndTheSessionGoesOn) {

@@ -3,6 +3,8 @@
 #include "mtp/MTPFilesFixture.h"
 #include "support/MTPContainers.h"
 
+#include <numeric>
+
 namespace tessary {
 namespace {
 
@@ -105,6 +107,39 @@ TEST_F(MTPFolderPropertiesTest, wholeFolderComesInOneRequest) {
     EXPECT_EQ(read(item("/DCIM/IMG_7.jpg")), QByteArray(7, 'j'));
     EXPECT_EQ(listedNames("/storage/131073"), QStringList(u"card.txt"_s));
     EXPECT_EQ(listedNames("/"), QStringList(u"DCIM"_s)) << "the card's root is not this one";
+}
+
+TEST_F(MTPFolderPropertiesTest, thousandsOfPicturesComeInAFewRequests) {
+    constexpr int many = 2000;
+    for (int n = 0; n < many; ++n)
+        phone().write(u"Camera/IMG_%1.jpg"_s.arg(n, 5, 10, QLatin1Char('0')), {});
+    (void)list("/");
+    phone().fault([](VirtualFaults& faults) { faults.delayEach = std::chrono::milliseconds(2); });
+    phone().android.clearRequestLog();
+    using Clock = std::chrono::steady_clock;
+    const auto start = Clock::now();
+    std::vector<std::size_t> pieces;
+    std::chrono::duration<double, std::milli> first{};
+    files_.list(u"/Camera"_s,
+                {[&](std::vector<FileItem>&& rows) {
+                     if (pieces.empty())
+                         first = Clock::now() - start;
+                     pieces.push_back(rows.size());
+                 },
+                 {}},
+                {});
+    const std::chrono::duration<double, std::milli> all = Clock::now() - start;
+    RecordProperty("firstRowsInMs", std::to_string(first.count()));
+    RecordProperty("allRowsInMs", std::to_string(all.count()));
+    RecordProperty("requests", std::to_string(phone().android.requestCount()));
+    EXPECT_EQ(std::accumulate(pieces.begin(), pieces.end(), std::size_t{0}), std::size_t{many});
+    EXPECT_LE(phone().android.requestCount(), 3U);
+    EXPECT_GT(pieces.size(), 5U) << "rows are shown before the last has come";
+    // What was read serves the edits that follow.
+    phone().android.clearRequestLog();
+    (void)rename("/Camera/IMG_00007.jpg", u"renamed.jpg"_s);
+    (void)write("/Camera", u"new.jpg"_s, "x");
+    EXPECT_LE(phone().android.requestCount(), 10U);
 }
 
 TEST_F(MTPFolderPropertiesTest, phonesThatDoNotAnswerOrLieAreAskedOneByOne) {

@@ -180,6 +180,12 @@ Error MTPFileSystem::translated(const MTPTransportError& failure, const QString&
     const Error error = phoneErrorOf(failure, path);
     if (error.is(PhoneError::held))
         return {PhoneError::held, {programsHolding().join(QStringLiteral(", "))}, *error.cause()};
+    // After a pulled cable some calls fail with codes of no meaning.
+    if (error.is(PhoneError::brokenOff)) {
+        const auto entry = findMTPDevice(bus_, addressOf(phone_));
+        if (!entry || entry->id != attachment_)
+            return {PhoneError::unplugged, {path}, *error.cause()};
+    }
     return error;
 }
 
@@ -386,8 +392,16 @@ FileItem MTPFileSystem::move(const FileItem& item, const QString& newFolder, con
         if (target.location.path == found.location.path || target.location.path.startsWith(inside))
             throw Error(PhoneError::insideItself, {item.path});
         requireFreeMTPName(tree.contents(target, call.stop), item.name);
-        tree.client().moveObject(found.object.handle, storageID,
-                                 target.location.isRoot() ? 0 : target.object.handle);
+        try {
+            tree.client().moveObject(found.object.handle, storageID,
+                                     target.location.isRoot() ? 0 : target.object.handle);
+        } catch (const MTPTransportError& failure) {
+            // The object is there, and so is the folder: then this phone just cannot move.
+            const Error error = phoneErrorOf(failure, item.path);
+            if (error.is(PhoneError::notFound) || error.is(PhoneError::refused))
+                throw Error(PhoneError::notSupported, {item.path}, *error.cause());
+            throw;
+        }
         tree.removed(found);
         noteEdit();
         const auto moved =

@@ -112,6 +112,33 @@ std::optional<QDateTime> matchDate(QStringView text, QLatin1StringView pattern) 
     return localDate(QDate(year, month, day), QTime(hour, minute, second, *fraction));
 }
 
+/// The zone that a date ends with.
+struct Zone {
+    int seconds = 0;    ///< east of Greenwich
+    qsizetype size = 0; ///< characters
+};
+
+/// "Z", "+0100" or "+01:00".
+std::optional<Zone> zoneAtEnd(QStringView text) {
+    if (text.endsWith(QLatin1Char('Z')))
+        return Zone{0, 1};
+    const qsizetype sign =
+        std::max(text.lastIndexOf(QLatin1Char('+')), text.lastIndexOf(QLatin1Char('-')));
+    if (sign < text.indexOf(QLatin1Char('T')) || sign < 0)
+        return std::nullopt;
+    QString digits = text.mid(sign + 1).toString();
+    digits.remove(QLatin1Char(':'));
+    bool isNumber = false;
+    const int number = digits.toInt(&isNumber);
+    constexpr int mostHours = 14;
+    const int hours = number / 100;
+    const int minutes = number % 100;
+    if (digits.size() != 4 || !isNumber || number < 0 || hours > mostHours || minutes > 59)
+        return std::nullopt;
+    const int seconds = (hours * 60 + minutes) * 60;
+    return Zone{text[sign] == QLatin1Char('-') ? -seconds : seconds, text.size() - sign};
+}
+
 /// ISO 8601, also in its basic form with a time zone ("20240131T235959Z").
 std::optional<QDateTime> isoDate(QString text) {
     // Only whole date-times: the parser would also take a lone date.
@@ -339,6 +366,11 @@ std::optional<QDateTime> MTPPacketCodec::parseMTPDate(const QString& text) {
                                       QLatin1StringView("yyyy-MM-dd HH:mm:ss")};
 
     const QString trimmed = text.trimmed();
+    if (trimmed.contains(QLatin1Char('.')))
+        if (const auto zone = zoneAtEnd(trimmed))
+            if (const auto date = parseMTPDate(trimmed.chopped(zone->size)))
+                return QDateTime(date->date(), date->time(), Qt::OffsetFromUTC, zone->seconds)
+                    .toLocalTime();
     const bool hasFraction = trimmed.contains(QLatin1Char('.'));
     for (const QLatin1StringView pattern : hasFraction
                                                ? std::span<const QLatin1StringView>(fractional)
