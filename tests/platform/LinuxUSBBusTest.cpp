@@ -37,7 +37,7 @@ TEST(OpenFiles, namesOtherProcessesOnly) {
     holder.setStandardInputFile(file.fileName());
     holder.start(QStringLiteral("sleep"), {QStringLiteral("60")});
     ASSERT_TRUE(holder.waitForStarted());
-    const QString expected = QStringLiteral("sleep (process %1)").arg(holder.processId());
+    const QString expected = QStringLiteral("sleep (%1)").arg(holder.processId());
     EXPECT_THAT(programsWithOpenFile(path), testing::ElementsAre(expected));
 
     holder.kill();

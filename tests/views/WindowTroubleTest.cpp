@@ -85,7 +85,7 @@ TEST_F(WindowTroubleTest, aHeldPhoneIsToldOnceWithOneButton) {
     faults.interfaceOpen = faults.interfaceSeize = usb::exclusiveAccess;
     phone_.android.unplug();
     bus_.setOpenFaults(phone_.android.config().location, faults);
-    bus_.setProgramsHolding(phone_.android.config().location, {u"gvfsd-mtp (process 2841)"_s});
+    bus_.setProgramsHolding(phone_.android.config().location, {u"gvfsd-mtp (2841)"_s});
     phone_.android.plugInto(bus_);
     const auto buttons = [this] {
         qsizetype count = 0;

@@ -51,7 +51,7 @@ QStringList programsWithOpenFile(const QByteArray& path) {
     std::ranges::sort(holders);
     QStringList names;
     for (const long number : holders)
-        names.append(QStringLiteral("%1 (process %2)")
+        names.append(QStringLiteral("%1 (%2)")
                          .arg(programName("/proc/" + std::to_string(number)))
                          .arg(number));
     return names;

@@ -5,8 +5,8 @@
 
 namespace tessary {
 
-/// The other processes that have the file `path` open, as "name (process N)", in order of N. Of
-/// other users' processes only root sees the files.
+/// The other processes that have the file `path` open, as "name (N)" with the process's number, in
+/// order of it. Of other users' processes only root sees the files.
 [[nodiscard]] QStringList programsWithOpenFile(const QByteArray& path);
 
 } // namespace tessary
