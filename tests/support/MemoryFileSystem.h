@@ -168,6 +168,8 @@ public:
             rows.resize(std::min(rows.size(), static_cast<std::size_t>(cutAfter)));
         for (std::size_t first = 0; first < rows.size(); first += options_.rowsAtOnce) {
             throwIfStopped(call.stop);
+            if (first > 0)
+                callRowsHook();
             const std::size_t last = std::min(rows.size(), first + options_.rowsAtOnce);
             receiver.rows({rows.begin() + static_cast<std::ptrdiff_t>(first),
                            rows.begin() + static_cast<std::ptrdiff_t>(last)});

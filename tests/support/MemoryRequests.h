@@ -92,6 +92,12 @@ public:
         hook_ = std::move(hook);
     }
 
+    /// Called, without any lock, before a listing hands out more rows.
+    void betweenRows(std::function<void()> hook) {
+        const std::scoped_lock lock(mutex_);
+        rowsHook_ = std::move(hook);
+    }
+
     // --- What was asked ---
 
     [[nodiscard]] std::vector<Request> requests() const {
@@ -186,6 +192,15 @@ protected:
         std::optional<Fault> cut_;
     };
 
+    void callRowsHook() const {
+        std::function<void()> hook;
+        {
+            const std::scoped_lock lock(mutex_);
+            hook = rowsHook_;
+        }
+        if (hook)
+            hook();
+    }
     [[nodiscard]] std::vector<CutListing> cutListings() const {
         const std::scoped_lock lock(mutex_);
         return cutListings_;
@@ -225,6 +240,7 @@ private:
     std::optional<int> lostAt_;
     std::vector<Fault> faults_;
     std::vector<CutListing> cutListings_;
+    std::function<void()> rowsHook_;
     std::function<void(const Request&, const Call&)> hook_;
 };
 
