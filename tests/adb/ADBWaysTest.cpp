@@ -1,7 +1,6 @@
 #include "adb/ways/ADBWays.h"
 
 #include "adb/ADBFilesFixture.h"
-#include "platform/usb/USBInterfaceKinds.h"
 #include "simulator/wire/PhoneSockets.h"
 #include "support/FakeProcessRunner.h"
 
@@ -131,12 +130,19 @@ TEST_F(ADBWaysTest, phonesAreReachedStraightWhereNoADBIs) {
     EXPECT_EQ(ways.devices()[0].model, u"Pixel 7"_s);
     EXPECT_EQ(ways.devices()[0].phoneSerial, u"VIRTUAL"_s);
     EXPECT_TRUE(ways.canReach(networkPhone()));
+    PhoneIdentity withoutADB;
+    withoutADB.serialNumber = u"X"_s;
+    withoutADB.usbLocation = u"1-9"_s;
+    EXPECT_FALSE(ways.canReach(withoutADB));
     EXPECT_EQ(listing(ways, networkPhone()), "nothing");
     ADBDCable cable(*adbd_, u"CABLE"_s);
     cable.plugInto(bus_, u"1-4.2"_s);
     PhoneIdentity plugged;
     plugged.udid = plugged.serialNumber = u"CABLE"_s;
     plugged.usbLocation = u"1-4.2"_s;
+    EXPECT_FALSE(ways.canReach(plugged)) << "as of the last look";
+    ways.lookAgain({});
+    EXPECT_TRUE(ways.canReach(plugged));
     EXPECT_EQ(listing(ways, plugged), "nothing");
     EXPECT_FALSE(hasServer());
     EXPECT_EQ(codeOf([&] { ways.pair(adbd_->address(), u"123456"_s, {}); }), "noServer");
@@ -172,26 +178,6 @@ TEST_F(ADBWaysTest, runningServerOfAnotherVersionIsLeftAlone) {
     ADBWays ways(with);
     ways.lookAgain({});
     EXPECT_EQ(processes.calls().size(), 0U);
-}
-
-TEST(USBInterfaceKinds, interfacesAreFoundAsTheKernelPublishesThem) {
-    const TemporaryFolder folder;
-    const auto publish = [&](const QString& name, const char* kind) {
-        const QByteArrayList parts = QByteArray(kind).split(' ');
-        folder.write(name + u"/bInterfaceClass"_s, parts[0] + '\n');
-        folder.write(name + u"/bInterfaceSubClass"_s, parts[1] + '\n');
-        folder.write(name + u"/bInterfaceProtocol"_s, parts[2] + '\n');
-    };
-    publish(u"1-4.2/1-4.2:1.0"_s, "06 01 01");
-    publish(u"1-4.2/1-4.2:1.1"_s, "ff 42 01");
-    publish(u"1-4/1-4:1.0"_s, "ff 42 03");
-    folder.makeFolder(u"1-5/1-5:1.0"_s);
-    const std::pair<const char*, bool> rows[] = {{"1-4.2", true}, {"1-4", false}, {"1-5", false},
-                                                 {"1-6", false},  {"", false},    {"../x", false}};
-    for (const auto& [location, has] : rows)
-        EXPECT_EQ(hasUSBInterfaceIn(folder.path(), QString::fromLatin1(location), 0xFF, 0x42, 1),
-                  has)
-            << location;
 }
 
 } // namespace

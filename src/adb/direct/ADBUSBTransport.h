@@ -15,6 +15,7 @@ namespace tessary {
 struct ADBUSBInterfaceKind {
     static constexpr std::uint8_t interfaceClass = 0xFF;
     static constexpr std::uint8_t subclass = 0x42;
+    static constexpr std::uint8_t protocol = 1;
 };
 
 /// The way over the cable. Header and payload are transfers of their own, and a payload that fills

@@ -7,7 +7,6 @@
 #include "adb/server/ADBServerConnection.h"
 #include "adb/services/ADBShellClient.h"
 #include "base/threads/CancellationError.h"
-#include "platform/usb/USBInterfaceKinds.h"
 
 #include <algorithm>
 #include <utility>
@@ -18,7 +17,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr std::uint8_t adbProtocol = 1;
 constexpr auto startPatience = 15s;
 /// A person may have to allow it on the phone.
 constexpr auto networkPatience = 20s;
@@ -103,16 +101,31 @@ std::vector<ADBDevice> ADBWays::devices() {
     return all;
 }
 
-void ADBWays::lookAgain(const std::stop_token& stop) {
-    const std::vector<USBDeviceEntry> attached = setup_.bus.devices();
-    const bool isNeeded =
-        std::any_of(attached.begin(), attached.end(), [&](const USBDeviceEntry& entry) {
-            return setup_.speaksADB
-                       ? setup_.speaksADB(entry)
-                       : hasUSBInterface(entry.location, ADBUSBInterfaceKind::interfaceClass,
-                                         ADBUSBInterfaceKind::subclass, adbProtocol);
+/// The places on the bus where a device speaks adb.
+QStringList ADBWays::placesWithADB() const {
+    const auto speaksADB = [&](const USBDeviceEntry& entry) {
+        if (setup_.speaksADB)
+            return setup_.speaksADB(entry);
+        return std::any_of(entry.interfaces.begin(), entry.interfaces.end(), [](const auto& one) {
+            return one.interfaceClass == ADBUSBInterfaceKind::interfaceClass &&
+                   one.subclass == ADBUSBInterfaceKind::subclass &&
+                   one.protocol == ADBUSBInterfaceKind::protocol;
         });
-    if (isNeeded)
+    };
+    QStringList places;
+    for (const USBDeviceEntry& entry : setup_.bus.devices())
+        if (speaksADB(entry))
+            places.append(entry.location);
+    return places;
+}
+
+void ADBWays::lookAgain(const std::stop_token& stop) {
+    const QStringList places = placesWithADB();
+    {
+        const std::scoped_lock lock(mutex_);
+        places_ = places;
+    }
+    if (!places.isEmpty())
         (void)ensureServer(stop);
     tracker_.wake();
 }
@@ -148,8 +161,19 @@ std::shared_ptr<ADBConnection> ADBWays::connectionTo(const PhoneIdentity& phone)
 }
 
 bool ADBWays::canReach(const PhoneIdentity& phone) {
-    return tool_.find() || tracker_.hasServer() || !phone.usbLocation.isEmpty() ||
-           hostAndPort(phone.serialNumber).has_value();
+    if (tool_.find() || tracker_.hasServer())
+        return true;
+    if (phone.usbLocation.isEmpty())
+        return hostAndPort(phone.serialNumber).has_value();
+    {
+        const std::scoped_lock lock(mutex_);
+        if (places_)
+            return places_->contains(phone.usbLocation);
+    }
+    const QStringList places = placesWithADB();
+    const std::scoped_lock lock(mutex_);
+    places_ = places;
+    return places.contains(phone.usbLocation);
 }
 
 std::shared_ptr<ADBConnection> ADBWays::byServer(const PhoneIdentity& phone) {

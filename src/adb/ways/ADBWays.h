@@ -31,7 +31,8 @@ public:
         std::optional<QStringList> adbPaths{};            ///< instead of the usual places
         std::shared_ptr<ADBAuthManager> keys{};           ///< null: this computer's
         std::function<void()> changed{};                  ///< devices() has another answer
-        /// Whether a device on the bus speaks adb; empty: as the kernel tells.
+                                         /// Whether a device on the bus speaks adb; empty: by the
+                                         /// interfaces that it declares.
         std::function<bool(const USBDeviceEntry&)> speaksADB{};
     };
 
@@ -48,7 +49,8 @@ public:
 
     /// The way to a phone, chosen anew whenever a link is made.
     [[nodiscard]] std::shared_ptr<ADBConnection> connectionTo(const PhoneIdentity& phone);
-    /// Whether a phone can be reached at all: with an adb tool or server here, or straight.
+    /// Whether a phone can be reached at all: with an adb tool or server here, or straight. Reads
+    /// the bus at the first call, unless lookAgain() has.
     [[nodiscard]] bool canReach(const PhoneIdentity& phone);
 
     /// Reaches a phone on the network, at "host:port" with the host in figures.
@@ -60,6 +62,7 @@ public:
 private:
     friend class ADBChosenConnection;
 
+    [[nodiscard]] QStringList placesWithADB() const;
     [[nodiscard]] bool ensureServer(const std::stop_token& stop);
     [[nodiscard]] std::shared_ptr<ADBConnection> byServer(const PhoneIdentity& phone);
     [[nodiscard]] std::shared_ptr<ADBConnection> straightTo(const PhoneIdentity& phone);
@@ -72,7 +75,8 @@ private:
     ADBDeviceTracker tracker_;
     std::mutex startMutex_; ///< one start of a server at a time
     mutable std::mutex mutex_;
-    std::vector<ADBDevice> straight_; ///< reached without a server; guarded by mutex_
+    std::vector<ADBDevice> straight_;   ///< reached without a server; guarded by mutex_
+    std::optional<QStringList> places_; ///< with adb, as of the last look; guarded by mutex_
 };
 
 } // namespace tessary
