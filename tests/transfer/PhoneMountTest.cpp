@@ -118,6 +118,22 @@ TEST_P(PhoneMountTest, severalTreesLieSideBySide) {
     EXPECT_EQ(names, "Card\nCard (2)\nphone\nab");
 }
 
+TEST_P(PhoneMountTest, aFolderOfItsOwnIsCalledAfterThePhone) {
+    qputenv("XDG_RUNTIME_DIR", disk.makeFolder(s("run")).toUtf8());
+    for (const auto& [name, shown] : {std::pair(s("Ann\u2019s phone"), s("Ann\u2019s phone")),
+                                      std::pair(s("../x"), s("phone"))}) {
+        auto own = PhoneMount::mountByName(phone.files(), {{phone.root(), name}}, name, {});
+        ASSERT_TRUE(own);
+        const QString path = own->path();
+        EXPECT_EQ(lastComponent(path), shown);
+        QByteArray content;
+        EXPECT_TRUE(prints(s("cat '%1/d/a.txt'").arg(path), &content));
+        EXPECT_EQ(content, "a");
+        own.reset();
+        EXPECT_FALSE(QFileInfo::exists(parentPath(path)));
+    }
+}
+
 TEST_P(PhoneMountTest, aSeekFetchesLittleMoreThanIsRead) {
     QByteArray bytes;
     ASSERT_TRUE(

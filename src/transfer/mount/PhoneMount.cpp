@@ -1,19 +1,55 @@
 #include "transfer/mount/PhoneMount.h"
 
+#include "base/local/PrivateFolder.h"
+#include "base/log/DiagnosticsLogger.h"
 #include "base/text/PathNames.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <system_error>
 
 namespace tessary {
+
+namespace {
+
+/// A phone's and a storage's name is their own.
+QString usableName(const QString& name) {
+    const bool isUsable = isSafeName(name) && name.isValidUtf16() && !isTooLongName(name);
+    return isUsable ? name : QStringLiteral("phone");
+}
+
+} // namespace
 
 std::unique_ptr<PhoneMount> PhoneMount::mount(const std::shared_ptr<PhoneFileSystem>& files,
                                               const std::vector<FileTreeRoot>& trees,
                                               const QString& mountPoint,
                                               const MountedFile::Failed& failed) {
     std::unique_ptr<PhoneMount> made(new PhoneMount(files, trees, failed));
-    made->mount_ = mountFiles(*made, mountPoint);
-    return made->mount_ ? std::move(made) : nullptr;
+    return made->mountAt(mountPoint) ? std::move(made) : nullptr;
+}
+
+std::unique_ptr<PhoneMount> PhoneMount::mountByName(const std::shared_ptr<PhoneFileSystem>& files,
+                                                    const std::vector<FileTreeRoot>& trees,
+                                                    const QString& name,
+                                                    const MountedFile::Failed& failed) {
+    std::unique_ptr<PhoneMount> made(new PhoneMount(files, trees, failed));
+    try {
+        const PrivateFolder all(PrivateFolder::Place::runtime, QStringLiteral("mounts"));
+        all.removeAbandoned();
+        made->ownFolder_.emplace(all);
+        const PrivateFolder mountPoint(made->ownFolder_->path(), usableName(name));
+        return made->mountAt(mountPoint.path()) ? std::move(made) : nullptr;
+    } catch (const Error& error) {
+        DiagnosticsLogger::shared().ui.standard("No folder to mount a phone in: %s",
+                                                {error.logText()});
+        return nullptr;
+    }
+}
+
+bool PhoneMount::mountAt(const QString& mountPoint) {
+    path_ = mountPoint;
+    mount_ = mountFiles(*this, mountPoint);
+    return mount_ != nullptr;
 }
 
 PhoneMount::PhoneMount(const std::shared_ptr<PhoneFileSystem>& files,
@@ -23,11 +59,7 @@ PhoneMount::PhoneMount(const std::shared_ptr<PhoneFileSystem>& files,
                            [&name](const auto& tree) { return tree->top().name == name; });
     };
     for (const FileTreeRoot& tree : trees) {
-        // A storage's name is the phone's own.
-        const QString wanted = isSafeName(tree.name) && !isTooLongName(tree.name)
-                                   ? tree.name
-                                   : QStringLiteral("phone");
-        const QString name = freeNameUnder({}, wanted, true, isTaken);
+        const QString name = freeNameUnder({}, usableName(tree.name), true, isTaken);
         trees_.push_back(
             std::make_unique<PhoneFolder>(files, FileItem(name, tree.path, true, 0, {}),
                                           PhoneFolder::Listings::keptForSeconds, failed));

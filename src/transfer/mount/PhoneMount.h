@@ -1,10 +1,12 @@
 #pragma once
 
+#include "base/local/ScratchFolder.h"
 #include "platform/mount/FileMount.h"
 #include "transfer/mount/OpenMountedFiles.h"
 #include "transfer/mount/PhoneFolder.h"
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace tessary {
@@ -19,9 +21,19 @@ public:
     [[nodiscard]] static std::unique_ptr<PhoneMount>
     mount(const std::shared_ptr<PhoneFileSystem>& files, const std::vector<FileTreeRoot>& trees,
           const QString& mountPoint, const MountedFile::Failed& failed);
+    /// The same in a folder of its own, which is called `name` as far as that can be and goes with
+    /// the mount: for a phone that is opened in the desktop's file manager.
+    [[nodiscard]] static std::unique_ptr<PhoneMount>
+    mountByName(const std::shared_ptr<PhoneFileSystem>& files,
+                const std::vector<FileTreeRoot>& trees, const QString& name,
+                const MountedFile::Failed& failed);
     /// Lets all readers go and takes the folder away.
     ~PhoneMount() override;
 
+    /// Where it is mounted.
+    [[nodiscard]] const QString& path() const {
+        return path_;
+    }
     [[nodiscard]] bool isBeingRead() const {
         return open_.areAny();
     }
@@ -40,6 +52,10 @@ private:
     std::vector<Entry> list(const QString& path) override;
     std::unique_ptr<Reader> open(const QString& path) override;
 
+    bool mountAt(const QString& mountPoint);
+
+    std::optional<ScratchFolder> ownFolder_; ///< around a mount point of our own
+    QString path_;
     std::vector<std::unique_ptr<PhoneFolder>> trees_;
     OpenMountedFiles open_;
     std::unique_ptr<FileMount> mount_; ///< last: it asks for all of the above until it ends
