@@ -3,6 +3,9 @@
 #include "support/PluggedIPhone.h"
 
 #include <QLineEdit>
+#include <QtEndian>
+
+#include <algorithm>
 
 namespace tessary {
 namespace {
@@ -119,6 +122,45 @@ TEST_F(LockedIPhoneWindowTest, itsAppsAreShownOnceItIsUnlocked) {
     ASSERT_TRUE(wait([this] { return saysWhatToDo(u"Unlock the phone and try again."_s); }));
     phone_.phone.setLocked(false);
     EXPECT_TRUE(showsAppsSoon());
+}
+
+TEST_F(WaitingIPhoneWindowTest, aHostileOneIsItsOwnTroubleAndOtherPhonesGoOn) {
+    phone_.phone.unplug();
+    const QByteArray deep = "<plist>" + QByteArray("<array>").repeated(600'000);
+    phone_.faults([&](VirtualIPhoneFaults& faults) {
+        QByteArray head(4, Qt::Uninitialized);
+        qToBigEndian(static_cast<quint32>(deep.size()), head.data());
+        faults.rawAnswers[u"lockdown.QueryType"_s] = {head + deep};
+    });
+    PluggedPhone android(bus_, phoneConfig("BESIDE"));
+    android.write(u"beside.txt"_s, "here");
+    phone_.phone.plugInto(phone_.mux);
+    const auto& manager = app_->deviceManager();
+    const auto rowOf = [&](DevicePlatform platform) {
+        const auto found = std::ranges::find(manager.devices(), platform, &DeviceInfo::platform);
+        return found == manager.devices().end()
+                   ? -1
+                   : static_cast<int>(found - manager.devices().begin());
+    };
+    const auto isTroubled = [&] {
+        const int row = rowOf(DevicePlatform::iOS);
+        return row >= 0 &&
+               manager.trouble(manager.devices()[static_cast<std::size_t>(row)].id()).has_value();
+    };
+    EXPECT_TRUE(wait(isTroubled));
+    ASSERT_TRUE(wait([&] { return rowOf(DevicePlatform::android) >= 0; }));
+    clickRow(list("deviceList"), rowOf(DevicePlatform::android));
+    EXPECT_TRUE(wait([this] {
+        const auto& items = window_->browser().items();
+        return std::ranges::any_of(
+            items, [](const FileItem& item) { return item.name == u"beside.txt"_s; });
+    }));
+    EXPECT_TRUE(isTroubled());
+    // It was but a bad moment.
+    phone_.faults([](VirtualIPhoneFaults& faults) { faults.rawAnswers.clear(); });
+    EXPECT_TRUE(wait([&] { return !isTroubled(); }));
+    clickRow(list("deviceList"), rowOf(DevicePlatform::iOS));
+    EXPECT_TRUE(wait([this] { return showsApps(); }));
 }
 
 } // namespace
