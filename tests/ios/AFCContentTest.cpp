@@ -247,6 +247,18 @@ TEST_F(AFCContentTest, aSilentPhoneKeepsNobodyWhoWantsToStop) {
     }
 }
 
+TEST(AFCContent, passesOverWifiToo) {
+    VirtualIPhoneConfig config;
+    config.wifiAddress = u"127.0.0.41"_s;
+    IPhoneFiles iphone(config);
+    ASSERT_NE(iphone.phone.joinWifi(iphone.mux), 0U);
+    iphone.phone.unplug();
+    const QByteArray content = manyBytes(3 * mebibyte);
+    const FileItem made = iphone.put({u"/"_s, u"up"_s, content.size(), someDate}, content);
+    EXPECT_EQ(made.modifiedDate, someDate);
+    EXPECT_EQ(iphone.get(u"/up"_s), content);
+}
+
 TEST(AFCContent, silenceWithoutAnEndIsNoAnswer) {
     IPhoneFiles iphone({}, false, {.afterStop = 100ms, .ofSilence = 2s});
     iphone.faults([](VirtualIPhoneFaults& faults) { faults.hang.insert(u"afc.getFileInfo"_s); });
