@@ -453,6 +453,24 @@ TEST(TreeCopyAgain, whatWasLeftOutIsCopiedAlone) {
     EXPECT_EQ(run(request).end(), CopyOutcome::End::done);
     EXPECT_EQ(source.memory->bytes(Operation::read), 1);
     EXPECT_EQ(target.contents().value(s("d/e/b")), "b");
+    // Nor does a folder that has gone, or become a file, keep the others from being copied.
+    request.items.push_back(first.leftOut[0].item);
+    request.items[0].folder = s("x/y");
+    request.items[1].folder = s("d/e/a/z");
+    const CopyOutcome again = run(request);
+    EXPECT_THAT(namesLeftOut(again), ElementsAre(s("b: notAFolder")));
+    EXPECT_EQ(target.contents().value(s("x/y/b")), "b");
+}
+
+TEST(TreeCopyAgain, withoutItsTargetFolderThereIsNoCopy) {
+    MemorySide source;
+    DiskSide target;
+    source.fill({{s("a"), "a"}}, noon);
+    TreeCopyRequest request = requestFor(source, target, ClashAnswer::skip);
+    request.folder += s("/missing");
+    const CopyOutcome outcome = run(request);
+    EXPECT_EQ(outcome.end(), CopyOutcome::End::failed);
+    EXPECT_EQ(outcome.failure, Error(LocalError::notFound, {request.folder}));
 }
 
 } // namespace

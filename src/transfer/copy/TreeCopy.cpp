@@ -80,7 +80,15 @@ void TreeCopy::copyAll() {
         });
         const std::vector<ScannedItem> group(std::make_move_iterator(first),
                                              std::make_move_iterator(last));
-        QString path = request_.folder;
+        copyGroup(group, below);
+        first = last;
+    }
+}
+
+/// What goes into one folder, which is made when it is missing.
+void TreeCopy::copyGroup(const std::vector<ScannedItem>& group, const QString& below) {
+    QString path = request_.folder;
+    try {
         for (const QString& name : below.split(QLatin1Char('/'), Qt::SkipEmptyParts)) {
             if (!request_.to->find(joinPath(path, name), call_))
                 request_.to->makeFolder(path, name, call_);
@@ -88,7 +96,14 @@ void TreeCopy::copyAll() {
         }
         TargetFolder target = openTarget(path, namesOf(group));
         copyInto(group, target);
-        first = last;
+    } catch (const Error& error) {
+        // Without the target folder itself there is no copy.
+        if (endsCopy(error) || below.isEmpty())
+            throw;
+        for (const ScannedItem& scanned : group) {
+            outcome_.leftOut.push_back({scanned.item, error});
+            forgetFiles(scanned);
+        }
     }
 }
 

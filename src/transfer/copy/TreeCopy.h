@@ -42,6 +42,7 @@ public:
 
 private:
     void copyAll();
+    void copyGroup(const std::vector<ScannedItem>& group, const QString& below);
     void copyInto(const std::vector<ScannedItem>& items, TargetFolder& target);
     void copyOne(const ScannedItem& scanned, TargetFolder& target);
     void copyFolder(const ScannedItem& scanned, TargetFolder& target);
