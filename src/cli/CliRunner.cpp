@@ -84,6 +84,7 @@ CliRunner::ExitStatus CliRunner::run(const CliRequest& request,
     files_.reset();
     status_ = done;
     try {
+        sayIfDamaged();
         (this->*steps[static_cast<std::size_t>(request.command)])();
         flushOutput();
     } catch (const CancellationError&) {
@@ -93,6 +94,16 @@ CliRunner::ExitStatus CliRunner::run(const CliRequest& request,
         fail((files_ ? adviceFor(error, *files_) : adviceFor(error)).text());
     }
     return status_;
+}
+
+/// Settings that made no sense count as none: the user should know why.
+void CliRunner::sayIfDamaged() {
+    const auto trouble = defaults_.trouble();
+    if (trouble && trouble->kind == SettingsTrouble::Kind::damaged)
+        std::fprintf(error_,
+                     "tessary-cli: The settings in %s are damaged and count as none. The next "
+                     "change keeps the damaged file beside the new one.\n",
+                     qUtf8Printable(printable(trouble->file)));
 }
 
 /// What was printed has arrived. An error otherwise: a script must not take a part for all.

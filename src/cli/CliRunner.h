@@ -51,6 +51,7 @@ private:
     void print(const QJsonValue& document);
     void printLine(const QString& line);
     void flushOutput();
+    void sayIfDamaged();
     void fail(const QString& message);
 
     const DeviceSources sources_;

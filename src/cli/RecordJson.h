@@ -1,9 +1,9 @@
 #pragma once
 
+#include "phone/TransferOutcome.h"
 #include "phone/records/AppInfo.h"
 #include "phone/records/DeviceInfo.h"
 #include "phone/records/FileItem.h"
-#include "phone/TransferOutcome.h"
 
 #include <QJsonObject>
 

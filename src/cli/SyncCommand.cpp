@@ -20,6 +20,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <chrono>
 
 namespace tessary {
 
@@ -77,6 +78,18 @@ QString previewLine(const SyncPreviewItem& item) {
         line += item.toDevice == (item.kind == Kind::remove) ? QStringLiteral("  (on the device)")
                                                              : QStringLiteral("  (here)");
     return item.reason.isEmpty() ? line : line + QStringLiteral("  (%1)").arg(item.reason);
+}
+
+/// A failure when settings cannot be stored.
+void requireStored(UserDefaults& defaults) {
+    constexpr std::chrono::seconds patience(15);
+    if (defaults.store(patience))
+        return;
+    const SettingsTrouble trouble = defaults.trouble().value_or(SettingsTrouble());
+    throw TessaryError::fileIOError(
+        QStringLiteral("The settings in %1 cannot be stored (%2). A sync that is forgotten would "
+                       "bring back what is deleted: nothing was done.")
+            .arg(trouble.file, trouble.reason));
 }
 
 TransferProgress transferProgress(const SyncProgress& progress) {
@@ -165,6 +178,10 @@ void CliRunner::sync() {
     pair.deleteSyncEnabled = request_.deletes;
     pair.moveFilesEnabled = request_.moves;
 
+    // Whoever forgets who he is takes deleted files for new ones the next time.
+    const QString hostID = syncHostID(defaults_);
+    requireStored(defaults_);
+
     const auto backend = deviceConnector(service_)(pair, device, stop_);
     DiskSyncFolder folder(pair.localFolderPath);
     SyncReport report;
@@ -177,7 +194,7 @@ void CliRunner::sync() {
                 printer.show(transferProgress(progress));
         };
         events.ask = [this](const SyncQuestion& question) { return mayGoOn(question); };
-        SyncRun run({pair, syncHostID(defaults_), computerName(), folder, *backend,
+        SyncRun run({pair, hostID, computerName(), folder, *backend,
                      [] { return QDateTime::currentDateTime(); }},
                     events, stop_);
         if (request_.isDryRun) {

@@ -1,4 +1,5 @@
 #include "platform/settings/JsonUserDefaults.h"
+#include "support/OrdinaryUser.h"
 #include "support/QtPrinters.h"
 #include "support/TemporaryFolder.h"
 
@@ -8,12 +9,16 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <thread>
+
+#include <sys/stat.h>
 
 using namespace tessary;
 
 namespace {
 
+constexpr std::chrono::seconds patience(20);
 const QString key = QStringLiteral("Tessary_AppLanguage");
 
 class JsonUserDefaultsTest : public testing::Test {
@@ -91,13 +96,61 @@ TEST_F(JsonUserDefaultsTest, changeThatMeetsALockHoldsAtOnceAndIsStoredLater) {
     EXPECT_TRUE(again.value(QStringLiteral("gone")).isUndefined());
 }
 
-TEST_F(JsonUserDefaultsTest, aStoreThatCannotBeWrittenKeepsTheValueForThisRun) {
+TEST_F(JsonUserDefaultsTest, whatCannotBeStoredIsToldAndStoredLater) {
+    using Kind = SettingsTrouble::Kind;
     // A file where the folder should be: no user may write below it.
     folder_.write(QStringLiteral("tessary"), "in the way");
     JsonUserDefaults defaults(file_);
+    EXPECT_EQ(defaults.trouble(), std::nullopt);
+    std::atomic<int> told = 0;
+    defaults.whenTroubleChanges([&] { ++told; });
     defaults.setValue(key, QStringLiteral("fr"));
+    EXPECT_FALSE(defaults.store(patience));
     EXPECT_EQ(defaults.value(key), QStringLiteral("fr"));
     EXPECT_EQ(folder_.read(QStringLiteral("tessary")), "in the way");
+    ASSERT_TRUE(defaults.trouble());
+    EXPECT_EQ(defaults.trouble()->kind, Kind::notStored);
+    EXPECT_EQ(defaults.trouble()->file, file_);
+    EXPECT_FALSE(defaults.trouble()->reason.isEmpty());
+    EXPECT_EQ(told, 1);
+
+    ASSERT_TRUE(QFile::remove(folder_.path(QStringLiteral("tessary"))));
+    EXPECT_TRUE(defaults.store(patience));
+    EXPECT_EQ(defaults.trouble(), std::nullopt);
+    EXPECT_EQ(told, 2);
+    EXPECT_EQ(JsonUserDefaults(file_).value(key), QStringLiteral("fr"));
+}
+
+TEST_F(JsonUserDefaultsTest, damagedFilesAreToldAndEachIsKept) {
+    const QString names[] = {QStringLiteral("settings.json.damaged"),
+                             QStringLiteral("settings.json.damaged-2")};
+    for (const QString& name : names) {
+        folder_.write(QStringLiteral("tessary/settings.json"), name.toUtf8());
+        JsonUserDefaults defaults(file_);
+        ASSERT_TRUE(defaults.trouble());
+        EXPECT_EQ(defaults.trouble()->kind, SettingsTrouble::Kind::damaged);
+        EXPECT_TRUE(defaults.trouble()->aside.isEmpty()) << "nothing is changed by looking";
+        defaults.setValue(key, 1);
+        EXPECT_TRUE(defaults.store(patience));
+        EXPECT_EQ(defaults.trouble()->aside, folder_.path(QStringLiteral("tessary/") + name));
+    }
+    for (const QString& name : names)
+        EXPECT_EQ(folder_.read(QStringLiteral("tessary/") + name), name.toUtf8());
+}
+
+TEST_F(JsonUserDefaultsTest, fileThatCannotBeReadIsLeftAlone) {
+    ASSERT_EQ(chmod(qUtf8Printable(folder_.path()), 0777), 0);
+    const OrdinaryUser user;
+    folder_.write(QStringLiteral("tessary/settings.json"), "{\"pairs\": 1}");
+    ASSERT_EQ(chmod(qUtf8Printable(file_), 0), 0);
+    JsonUserDefaults defaults(file_);
+    EXPECT_TRUE(defaults.trouble()) << "told before anything is changed";
+    defaults.setValue(key, 1);
+    EXPECT_FALSE(defaults.store(patience));
+    ASSERT_EQ(chmod(qUtf8Printable(file_), 0600), 0);
+    EXPECT_TRUE(defaults.store(patience));
+    EXPECT_EQ(defaults.trouble(), std::nullopt);
+    EXPECT_EQ(JsonUserDefaults(file_).value(QStringLiteral("pairs")), 1);
 }
 
 } // namespace

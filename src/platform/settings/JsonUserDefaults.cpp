@@ -14,6 +14,7 @@
 #include <QStandardPaths>
 
 #include <chrono>
+#include <future>
 #include <mutex>
 #include <optional>
 #include <utility>
@@ -26,19 +27,51 @@ constexpr qint64 largestFile = 16 * 1024 * 1024;
 constexpr int lockTimeout = 10'000; // ms; a change takes a few
 constexpr std::chrono::seconds patienceAtEnd(3);
 
-/// What the file holds: nothing when it is missing, no value when it is damaged.
-std::optional<QJsonObject> read(const QString& path) {
-    const QFileInfo info(path);
-    if (!info.exists())
-        return QJsonObject();
+/// What the file holds: values (none when it is missing), nonsense, or nothing that can be told.
+struct Content {
+    enum class Kind { values, damaged, unreadable };
+    Kind kind = Kind::values;
+    QJsonObject values;
+    QString reason; ///< of what is unreadable
+};
+
+Content read(const QString& path) {
     QFile file(path);
-    if (!info.isFile() || info.size() > largestFile || !file.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    const QByteArray bytes = file.read(largestFile);
+    const QFileInfo info(path);
+    if (!info.exists() && !info.isSymLink())
+        return {};
+    if (!info.isFile())
+        return {Content::Kind::unreadable, {}, QStringLiteral("it is no file")};
+    if (!file.open(QIODevice::ReadOnly))
+        return {Content::Kind::unreadable, {}, file.errorString()};
+    if (info.size() > largestFile)
+        return {Content::Kind::damaged, {}, {}};
+    const QByteArray bytes = file.readAll();
+    if (file.error() != QFile::NoError)
+        return {Content::Kind::unreadable, {}, file.errorString()};
     if (bytes.trimmed().isEmpty())
-        return QJsonObject();
+        return {};
     const QJsonDocument document = QJsonDocument::fromJson(bytes);
-    return document.isObject() ? std::optional(document.object()) : std::nullopt;
+    if (!document.isObject())
+        return {Content::Kind::damaged, {}, {}};
+    return {Content::Kind::values, document.object(), {}};
+}
+
+/// Puts a damaged file beside those of earlier times, none of which is touched. Its new name;
+/// empty when that cannot be done.
+QString putAside(const QString& path) {
+    constexpr int mostNumbers = 1000;
+    for (int number = 1; number < mostNumbers; ++number) {
+        QString aside = path + QStringLiteral(".damaged");
+        if (number > 1)
+            aside += QLatin1Char('-') + QString::number(number);
+        if (!QFileInfo(aside).isSymLink() &&
+            QFile::rename(path, aside)) // onto nothing that is there
+            return aside;
+        if (!QFileInfo::exists(aside) && !QFileInfo(aside).isSymLink())
+            break;
+    }
+    return {};
 }
 
 /// What went wrong; empty for success.
@@ -53,63 +86,98 @@ QString write(const QString& path, const QJsonObject& values) {
 } // namespace
 
 struct JsonUserDefaults::Store {
-    explicit Store(QString path)
-        : file(std::move(path)), values(read(file).value_or(QJsonObject())) {}
+    explicit Store(QString path) : file(std::move(path)) {
+        const Content content = read(file);
+        values = content.values;
+        if (content.kind == Content::Kind::damaged) {
+            damaged = SettingsTrouble{SettingsTrouble::Kind::damaged, file, {}, {}};
+            DiagnosticsLogger::shared().ui.error("Settings in %s are damaged", {file});
+        }
+        if (content.kind == Content::Kind::unreadable)
+            notStored = troubleOf(content.reason);
+    }
 
     const QString file;
-    std::mutex mutex;
+    mutable std::mutex mutex;
     // All guarded by mutex:
     QJsonObject values;
     QHash<QString, QJsonValue> unwritten; ///< changes that are not in the file
     bool isWriting = false;               ///< somebody is about to take them
+    std::optional<SettingsTrouble> damaged;
+    std::optional<SettingsTrouble> notStored;
+    std::function<void()> told;
 
+    [[nodiscard]] std::optional<SettingsTrouble> trouble() const {
+        const std::scoped_lock lock(mutex);
+        return notStored ? notStored : damaged;
+    }
     void write();
-    void fail(const QString& reason, const QHash<QString, QJsonValue>& changes);
+
+private:
+    [[nodiscard]] SettingsTrouble troubleOf(const QString& reason) const {
+        return {SettingsTrouble::Kind::notStored, file, reason, {}};
+    }
+    QString store(const QHash<QString, QJsonValue>& changes);
 };
 
 /// Makes the changes to what the file holds now. On the writer's thread.
 void JsonUserDefaults::Store::write() {
-    QDir().mkpath(QFileInfo(file).absolutePath());
-    QLockFile fileLock(file + QStringLiteral(".lock"));
-    const bool isLocked = fileLock.tryLock(lockTimeout);
-    const auto current = isLocked ? read(file) : std::nullopt;
+    const auto before = trouble();
     QHash<QString, QJsonValue> changes;
-    QJsonObject wanted;
     {
         const std::scoped_lock lock(mutex);
         isWriting = false;
         changes.swap(unwritten);
-        if (current) {
-            values = *current;
+    }
+    const QString reason = changes.isEmpty() ? QString() : store(changes);
+    std::function<void()> tell;
+    {
+        const std::scoped_lock lock(mutex);
+        if (reason.isEmpty() && !changes.isEmpty())
+            notStored.reset();
+        if (!reason.isEmpty()) {
+            notStored = troubleOf(reason);
+            // For the next time, unless they were overtaken.
             for (auto it = changes.constBegin(); it != changes.constEnd(); ++it)
-                values.insert(it.key(), it.value());
+                if (!unwritten.contains(it.key()))
+                    unwritten.insert(it.key(), it.value());
         }
-        wanted = values;
+        tell = told;
     }
-    if (!isLocked) {
-        fail(fileLock.error() == QLockFile::LockFailedError
-                 ? QStringLiteral("another program holds its lock")
-                 : QStringLiteral("its folder cannot be written to"),
-             changes);
-        return;
-    }
-    if (!current) {
-        const QString aside = file + QStringLiteral(".damaged");
-        QFile::remove(aside); // of an earlier time; nothing is renamed onto it
-        QFile::rename(file, aside);
-    }
-    if (const QString failure = tessary::write(file, wanted); !failure.isEmpty())
-        fail(failure, changes);
+    if (!reason.isEmpty())
+        DiagnosticsLogger::shared().ui.error("Cannot store settings in %s: %s", {file, reason});
+    if (tell && trouble() != before)
+        tell();
 }
 
-/// Keeps the changes for the next time, unless they were overtaken.
-void JsonUserDefaults::Store::fail(const QString& reason,
-                                   const QHash<QString, QJsonValue>& changes) {
-    DiagnosticsLogger::shared().ui.error("Cannot store settings in %s: %s", {file, reason});
-    const std::scoped_lock lock(mutex);
+/// What went wrong; empty for success.
+QString JsonUserDefaults::Store::store(const QHash<QString, QJsonValue>& changes) {
+    QDir().mkpath(QFileInfo(file).absolutePath());
+    QLockFile fileLock(file + QStringLiteral(".lock"));
+    if (!fileLock.tryLock(lockTimeout))
+        return fileLock.error() == QLockFile::LockFailedError
+                   ? QStringLiteral("another program holds its lock")
+                   : QStringLiteral("its folder cannot be written to");
+    Content current = read(file);
+    if (current.kind == Content::Kind::unreadable)
+        return current.reason; // what is in it must not be lost
+    if (current.kind == Content::Kind::damaged) {
+        const QString aside = putAside(file);
+        if (aside.isEmpty())
+            return QStringLiteral("it is damaged, and cannot be put aside");
+        const std::scoped_lock lock(mutex);
+        damaged = SettingsTrouble{SettingsTrouble::Kind::damaged, file, {}, aside};
+        current.values = values; // what this program knows is all there is
+    }
     for (auto it = changes.constBegin(); it != changes.constEnd(); ++it)
-        if (!unwritten.contains(it.key()))
-            unwritten.insert(it.key(), it.value());
+        current.values.insert(it.key(), it.value());
+    {
+        const std::scoped_lock lock(mutex);
+        values = current.values;
+        for (auto it = unwritten.constBegin(); it != unwritten.constEnd(); ++it)
+            values.insert(it.key(), it.value());
+    }
+    return tessary::write(file, current.values);
 }
 
 JsonUserDefaults::JsonUserDefaults(QString file)
@@ -133,6 +201,27 @@ void JsonUserDefaults::setValue(const QString& key, const QJsonValue& value) {
             return;
     }
     writer_.post([store = store_] { store->write(); });
+}
+
+std::optional<SettingsTrouble> JsonUserDefaults::trouble() const {
+    return store_->trouble();
+}
+
+void JsonUserDefaults::whenTroubleChanges(std::function<void()> told) {
+    const std::scoped_lock lock(store_->mutex);
+    store_->told = std::move(told);
+}
+
+bool JsonUserDefaults::store(std::chrono::milliseconds limit) {
+    const auto done = std::make_shared<std::promise<void>>();
+    writer_.post([store = store_, done] {
+        store->write();
+        done->set_value();
+    });
+    if (done->get_future().wait_for(limit) != std::future_status::ready)
+        return false;
+    const std::scoped_lock lock(store_->mutex);
+    return store_->unwritten.isEmpty();
 }
 
 std::unique_ptr<UserDefaults> makeSystemUserDefaults() {

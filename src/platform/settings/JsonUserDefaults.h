@@ -12,9 +12,11 @@ namespace tessary {
 /// a lock file. What another program changes is seen with the next change of one's own.
 ///
 /// A change holds at once and is written in the background, those that come together in one go. One
-/// that cannot be written is logged and goes with the next.
+/// that cannot be written is logged, is trouble(), and goes with the next.
 ///
-/// A file that is no JSON object is set aside as "<file>.damaged" before the first change.
+/// A file that is no JSON object is set aside before the first change as "<file>.damaged", or with
+/// a number behind when there is one from an earlier time. One that cannot be read is left alone,
+/// and nothing is stored.
 class JsonUserDefaults final : public UserDefaults {
 public:
     /// Reads the file, if there is one.
@@ -24,6 +26,9 @@ public:
 
     [[nodiscard]] QJsonValue value(const QString& key) const override;
     void setValue(const QString& key, const QJsonValue& value) override;
+    [[nodiscard]] std::optional<SettingsTrouble> trouble() const override;
+    void whenTroubleChanges(std::function<void()> told) override;
+    [[nodiscard]] bool store(std::chrono::milliseconds limit) override;
 
 private:
     struct Store;
