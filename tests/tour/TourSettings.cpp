@@ -1,5 +1,6 @@
+#include "tour/TourSettings.h"
+
 #include "app/LanguageManager.h"
-#include "tour/Tour.h"
 #include "views/dialogs/WirelessDialog.h"
 #include "views/settings/SettingsWindow.h"
 
@@ -34,50 +35,55 @@ QPalette darkPalette() {
 
 } // namespace
 
-void Tour::settings() {
-    window_.showSettings();
-    auto* settings = window_.findChild<SettingsWindow*>();
+void tourSettings(TourStage& stage) {
+    MainWindow& window = stage.window();
+    window.showSettings();
+    auto* settings = window.findChild<SettingsWindow*>();
     for (const char* name : {"general", "sync", "updates", "about"}) {
-        shoot(QStringLiteral("settings-") + QString::fromLatin1(name));
+        stage.shoot(QStringLiteral("settings-") + QString::fromLatin1(name));
         settings->tabs().setCurrentIndex(settings->tabs().currentIndex() + 1);
     }
     settings->tabs().setCurrentIndex(0);
     settings->hide();
 }
 
-void Tour::wireless() {
-    window_.showWireless();
-    auto* dialog = window_.findChild<WirelessDialog*>();
-    waitFor("the phones on the network", [&] { return dialog->phones().phones().size() == 2; });
+void tourWireless(TourStage& stage) {
+    MainWindow& window = stage.window();
+    window.showWireless();
+    auto* dialog = window.findChild<WirelessDialog*>();
+    stage.waitFor("the phones on the network",
+                  [&] { return dialog->phones().phones().size() == 2; });
     dialog->findChild<QListWidget*>()->setCurrentRow(0);
-    shoot(QStringLiteral("wireless-devices"));
+    stage.shoot(QStringLiteral("wireless-devices"));
     dialog->hide();
 }
 
-void Tour::languages() {
+void tourLanguages(TourStage& stage) {
+    MainWindow& window = stage.window();
     LanguageManager& languages = LanguageManager::shared();
-    open(QStringLiteral("/sdcard"));
+    stage.open(QStringLiteral("/sdcard"));
     for (const AppLanguage language : {AppLanguage::de, AppLanguage::ja}) {
         languages.setSelectedLanguage(language);
-        shoot(QStringLiteral("language-") + rawValue(language));
-        window_.showSettings();
-        shoot(QStringLiteral("settings-") + rawValue(language));
-        window_.findChild<SettingsWindow*>()->hide();
+        stage.shoot(QStringLiteral("language-") + rawValue(language));
+        window.showSettings();
+        stage.shoot(QStringLiteral("settings-") + rawValue(language));
+        window.findChild<SettingsWindow*>()->hide();
     }
     languages.setSelectedLanguage(AppLanguage::system);
 }
 
-void Tour::dark() {
+void tourDark(TourStage& stage) {
+    MainWindow& window = stage.window();
     QApplication::setPalette(darkPalette());
-    selectNamed({QStringLiteral("Documents")});
-    shoot(QStringLiteral("dark-list"));
-    open(QStringLiteral("/sdcard/DCIM/Camera"));
-    window_.browser().setViewMode(ViewMode::grid);
-    shoot(QStringLiteral("dark-grid"));
-    window_.browser().setViewMode(ViewMode::list);
-    window_.showSettings();
-    shoot(QStringLiteral("dark-settings"));
-    window_.findChild<SettingsWindow*>()->hide();
+    stage.selectNamed({QStringLiteral("Documents")});
+    stage.shoot(QStringLiteral("dark-list"));
+    stage.open(QStringLiteral("/sdcard/DCIM/Camera"));
+    window.browser().setViewMode(ViewMode::grid);
+    stage.shoot(QStringLiteral("dark-grid"));
+    window.browser().setViewMode(ViewMode::list);
+    window.showSettings();
+    stage.shoot(QStringLiteral("dark-settings"));
+    window.findChild<SettingsWindow*>()->hide();
     QApplication::setPalette(QPalette());
 }
 

@@ -6,7 +6,11 @@
 #include "ios/Multiplexer.h"
 #include "platform/process/QtProcessRunner.h"
 #include "simulator/demo/DemoPhones.h"
-#include "tour/Tour.h"
+#include "tour/TourCopies.h"
+#include "tour/TourDevices.h"
+#include "tour/TourFolders.h"
+#include "tour/TourSettings.h"
+#include "tour/TourSync.h"
 #include "views/common/AppStyle.h"
 #include "views/common/Icons.h"
 #include "views/window/MainWindow.h"
@@ -14,8 +18,34 @@
 #include <QApplication>
 
 #include <cstdio>
+#include <exception>
 
 using namespace tessary;
+
+namespace {
+
+/// The exit status.
+int walk(MainWindow& window, TourPhones& phones, const QString& folder) {
+    try {
+        TourStage stage(window, phones, folder);
+        for (const auto step :
+             {tourWelcome, tourListings, tourTypedPaths, tourPreviews, tourProperties, tourSettings,
+              tourWireless, tourLanguages, tourDark, tourEdits, tourTransfers, tourCopyQuestions,
+              tourSync, tourFailures, tourLosses, tourIPhone})
+            step(stage);
+        std::fprintf(stderr,
+                     "tessary-tour: %d screenshots are in %s; the window never stalled for over "
+                     "%lld ms\n",
+                     stage.pictures(), qUtf8Printable(folder),
+                     static_cast<long long>(stage.longestStall()));
+        return 0;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "tessary-tour: it stopped: %s\n", error.what());
+        return 1;
+    }
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
@@ -40,8 +70,9 @@ int main(int argc, char** argv) {
     MainWindow window(app);
     window.show();
 
-    Tour walk(window, phones, QCoreApplication::arguments().at(1));
     QMetaObject::invokeMethod(
-        &window, [&walk] { QApplication::exit(walk.run() ? 0 : 1); }, Qt::QueuedConnection);
+        &window,
+        [&] { QApplication::exit(walk(window, phones, QCoreApplication::arguments().at(1))); },
+        Qt::QueuedConnection);
     return QApplication::exec();
 }

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "tour/TourStage.h"
+
+namespace tessary {
+
+/// Transfers under way and finished.
+void tourTransfers(TourStage& stage);
+/// The questions before a copy.
+void tourCopyQuestions(TourStage& stage);
+/// What goes wrong: a full storage, another program that holds the phone.
+void tourFailures(TourStage& stage);
+
+} // namespace tessary

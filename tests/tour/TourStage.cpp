@@ -1,0 +1,105 @@
+#include "tour/TourStage.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QPainter>
+#include <QTimer>
+
+#include <stdexcept>
+
+namespace tessary {
+
+namespace {
+
+constexpr qint64 sampleSize = 9'000'000; // bytes
+constexpr int stepLimit = 20'000;        // ms that a step may take
+
+/// What stands in front of the window; null when nothing does.
+QWidget* openDialog(MainWindow& window) {
+    if (QWidget* modal = QApplication::activeModalWidget())
+        return modal;
+    for (auto* dialog : window.findChildren<QDialog*>())
+        if (dialog->isVisible())
+            return dialog;
+    return nullptr;
+}
+
+} // namespace
+
+TourStage::TourStage(MainWindow& window, TourPhones& phones, const QString& folder)
+    : window_(window), phones_(phones), folder_(folder) {
+    if (!QDir().mkpath(folder_))
+        throw std::runtime_error("the folder for the screenshots cannot be made");
+    watch_.emplace();
+}
+
+void TourStage::waitFor(const char* what, const std::function<bool()>& condition) {
+    QElapsedTimer clock;
+    clock.start();
+    while (!condition()) {
+        if (clock.elapsed() > stepLimit)
+            throw std::runtime_error(std::string("waited in vain for ") + what);
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 20);
+        QEventLoop pause;
+        QTimer::singleShot(10, &pause, &QEventLoop::quit);
+        pause.exec();
+    }
+}
+
+void TourStage::settle() {
+    QEventLoop pause;
+    QTimer::singleShot(settleTime, &pause, &QEventLoop::quit);
+    pause.exec();
+}
+
+void TourStage::shoot(const QString& name) {
+    settle();
+    const QString file = QStringLiteral("%1/%2-%3.png")
+                             .arg(folder_)
+                             .arg(++number_, 2, 10, QLatin1Char('0'))
+                             .arg(name);
+    // A dialog stands in front of the window: both are in the picture.
+    QPixmap picture = window_.grab();
+    if (QWidget* popup = QApplication::activePopupWidget()) {
+        QPainter painter(&picture);
+        painter.drawPixmap(window_.mapFromGlobal(popup->pos()), popup->grab());
+    } else if (QWidget* dialog = openDialog(window_)) {
+        QPainter painter(&picture);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.fillRect(picture.rect(), QColor(0, 0, 0, 70));
+        const QPixmap front = dialog->grab();
+        painter.drawPixmap((window_.width() - dialog->width()) / 2,
+                           (window_.height() - dialog->height()) / 2, front);
+    }
+    if (!picture.save(file))
+        throw std::runtime_error("cannot write " + file.toStdString());
+    watch_->restart();
+}
+
+void TourStage::open(const QString& path) {
+    window_.browser().navigateTo(path);
+    waitFor("a folder", [this] { return !window_.browser().isLoading(); });
+}
+
+void TourStage::selectNamed(const QStringList& names) {
+    FileBrowserViewModel& browser = window_.browser();
+    SelectionChange how = SelectionChange::replace;
+    for (const FileItem& item : browser.filteredItems()) {
+        if (!names.contains(item.name))
+            continue;
+        browser.selectItem(item.id(), how);
+        how = SelectionChange::toggle;
+    }
+}
+
+QString TourStage::writeSample(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || !file.resize(sampleSize))
+        throw std::runtime_error("cannot write a sample file");
+    return path;
+}
+
+} // namespace tessary

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "support/StallWatch.h"
+#include "tour/TourPhones.h"
+#include "views/window/MainWindow.h"
+
+#include <QString>
+#include <QTemporaryDir>
+
+#include <functional>
+#include <optional>
+
+namespace tessary {
+
+/// Where a tour takes place: the window, the phones, and the camera. Main thread. Every step throws
+/// std::runtime_error when it does not come about within a bound.
+class TourStage {
+public:
+    static constexpr double slowSpeed = 4; ///< MB/s, so that a transfer can be seen running
+    static constexpr int settleTime = 250; ///< ms for layouts and animations
+
+    /// Both must outlive the stage; the window is shown already, with no phone plugged in.
+    /// Screenshots go to the folder.
+    TourStage(MainWindow& window, TourPhones& phones, const QString& folder);
+
+    [[nodiscard]] MainWindow& window() {
+        return window_;
+    }
+    [[nodiscard]] TourPhones& phones() {
+        return phones_;
+    }
+    /// A folder of this computer for the length of the tour.
+    [[nodiscard]] const QTemporaryDir& local() const {
+        return local_;
+    }
+
+    /// Lets the window work until `condition` holds.
+    void waitFor(const char* what, const std::function<bool()>& condition);
+    void open(const QString& path);
+    void selectNamed(const QStringList& names);
+    /// Writes a numbered screenshot of what is in front.
+    void shoot(const QString& name);
+    /// Makes a local file that takes a while to copy.
+    static QString writeSample(const QString& path);
+
+    [[nodiscard]] int pictures() const {
+        return number_;
+    }
+    /// The longest time for which the window stood still, the taking of pictures apart; ms.
+    [[nodiscard]] qint64 longestStall() const {
+        return watch_->longest();
+    }
+
+private:
+    void settle();
+
+    std::optional<StallWatch> watch_;
+    MainWindow& window_;
+    TourPhones& phones_;
+    QString folder_;
+    QTemporaryDir local_;
+    int number_ = 0;
+};
+
+} // namespace tessary
