@@ -60,10 +60,10 @@ TEST_F(WindowStateStoreTest, nonsenseInTheSettingsLeavesAUsableWindow) {
 }
 
 TEST_F(WindowStateStoreTest, switchedOffItForgets) {
-    auto* memory = window_->findChild<QObject*>(u"windowMemory"_s);
-    ASSERT_NE(memory, nullptr);
+    auto* store = window_->findChild<QObject*>(u"windowStateStore"_s);
+    ASSERT_NE(store, nullptr);
     press(Qt::Key_2, Qt::ControlModifier);
-    static_cast<WindowStateStore*>(memory)->setOn(false);
+    static_cast<WindowStateStore*>(store)->setOn(false);
     window_->resize(760, 600);
     openAnew();
     EXPECT_NE(window_->width(), 760);

@@ -11,7 +11,7 @@ namespace tessary {
 /// of that.
 class PathEdit : public QLineEdit {
 public:
-    struct Wishes {
+    struct Callbacks {
         /// What a typed text may become.
         std::function<QStringList(const QString& typed)> complete;
         std::function<void(const QString& typed)> enter;
@@ -20,7 +20,7 @@ public:
         std::function<void()> change;
     };
 
-    explicit PathEdit(Wishes wishes, QWidget* parent = nullptr);
+    explicit PathEdit(Callbacks callbacks, QWidget* parent = nullptr);
 
 protected:
     bool event(QEvent* event) override;
@@ -28,7 +28,7 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    const Wishes wishes_;
+    const Callbacks callbacks_;
     QStringListModel completions_;
 };
 

@@ -37,7 +37,7 @@ QJsonObject written(const FileBrowserViewModel& browser, const QString& udid) {
 
 WindowStateStore::WindowStateStore(Parts parts, UserDefaults& defaults)
     : QObject(&parts.window), parts_(parts), defaults_(defaults) {
-    setObjectName(QStringLiteral("windowMemory"));
+    setObjectName(QStringLiteral("windowStateStore"));
     restoreWindow();
     parts.window.installEventFilter(this);
     FileBrowserViewModel& browser = parts.browser;

@@ -16,7 +16,7 @@ namespace tessary {
 namespace {
 
 constexpr qsizetype memoryLimit = 24 * 1024; // kilobytes of pixels
-constexpr std::size_t mostWishes = 400;      // more than any screen shows at a time
+constexpr std::size_t mostRequests = 400;    // more than any screen shows at a time
 constexpr int storedSide = 256;              // pixels, for every scale
 
 /// Made to fit, with a thin line around it, by which pale pictures stand out from the ground.
@@ -58,18 +58,18 @@ ThumbnailStore::ThumbnailStore(FileBrowserViewModel& browser, int side, Setup se
 }
 
 ThumbnailStore::~ThumbnailStore() {
-    for (Lane* lane : {&loads_, &makes_})
-        lane->stop.request_stop();
+    for (Queue* queue : {&loads_, &makes_})
+        queue->stop.request_stop();
 }
 
 void ThumbnailStore::startOver() {
     ++generation_;
-    for (Lane* lane : {&loads_, &makes_}) {
-        lane->stop.request_stop();
-        lane->wishes.clear();
-        lane->isBusy = false;
+    for (Queue* queue : {&loads_, &makes_}) {
+        queue->stop.request_stop();
+        queue->requests.clear();
+        queue->isBusy = false;
     }
-    wished_.clear();
+    requested_.clear();
     keys_.clear();
 }
 
@@ -98,14 +98,14 @@ QPixmap ThumbnailStore::find(const QString& id, qreal scale) {
         key = ThumbnailCache::key(*browser_.files(), *item);
     if (const QPixmap* known = pixmaps_.object(key))
         return *known;
-    if (failed_.contains(key) || wished_.contains(key))
+    if (failed_.contains(key) || requested_.contains(key))
         return {};
-    wished_.insert(key);
-    loads_.wishes.push_back({id, key});
+    requested_.insert(key);
+    loads_.requests.push_back({id, key});
     // What is asked for first is what has been scrolled away longest ago.
-    if (loads_.wishes.size() > mostWishes) {
-        wished_.remove(loads_.wishes.front().key);
-        loads_.wishes.erase(loads_.wishes.begin());
+    if (loads_.requests.size() > mostRequests) {
+        requested_.remove(loads_.requests.front().key);
+        loads_.requests.erase(loads_.requests.begin());
     }
     // Not from within a paint event.
     QMetaObject::invokeMethod(
@@ -113,48 +113,48 @@ QPixmap ThumbnailStore::find(const QString& id, qreal scale) {
     return {};
 }
 
-/// The newest wish for what can still be seen; drops the others on the way.
-std::optional<ThumbnailStore::Wish> ThumbnailStore::nextOf(Lane& lane) {
-    while (!lane.wishes.empty()) {
-        Wish wish = std::move(lane.wishes.back());
-        lane.wishes.pop_back();
-        if (!isVisible_ || isVisible_(wish.id))
-            return wish;
-        wished_.remove(wish.key);
+/// The newest request for what can still be seen; drops the others on the way.
+std::optional<ThumbnailStore::Request> ThumbnailStore::nextOf(Queue& queue) {
+    while (!queue.requests.empty()) {
+        Request request = std::move(queue.requests.back());
+        queue.requests.pop_back();
+        if (!isVisible_ || isVisible_(request.id))
+            return request;
+        requested_.remove(request.key);
     }
     return std::nullopt;
 }
 
-void ThumbnailStore::work(Lane& lane) {
-    if (lane.isBusy)
+void ThumbnailStore::work(Queue& queue) {
+    if (queue.isBusy)
         return;
-    if (&lane == &loads_)
+    if (&queue == &loads_)
         loadNext();
     else if (mayAskPhone())
         makeNext();
 }
 
 void ThumbnailStore::loadNext() {
-    const auto wish = nextOf(loads_);
-    if (!wish)
+    const auto request = nextOf(loads_);
+    if (!request)
         return;
     loads_.isBusy = true;
     const int side = qRound(side_ * scale_);
     loads_.stop = runInBackground(
         this,
-        [&disk = disk_, key = wish->key, side] {
+        [&disk = disk_, key = request->key, side] {
             const auto image = disk.load(key);
             return image ? finished(*image, side) : QImage();
         },
-        [this, wish = *wish, generation = generation_](BackgroundResult<QImage> result) {
+        [this, request = *request, generation = generation_](BackgroundResult<QImage> result) {
             if (generation != generation_)
                 return;
             loads_.isBusy = false;
             const QImage image = result.succeeded() ? result.take() : QImage();
             if (!image.isNull()) {
-                take(wish, image);
+                take(request, image);
             } else {
-                makes_.wishes.push_back(wish);
+                makes_.requests.push_back(request);
                 work(makes_);
             }
             work(loads_);
@@ -162,12 +162,12 @@ void ThumbnailStore::loadNext() {
 }
 
 void ThumbnailStore::makeNext() {
-    const auto wish = nextOf(makes_);
-    if (!wish)
+    const auto request = nextOf(makes_);
+    if (!request)
         return;
-    const FileItem* item = browser_.itemWithId(wish->id);
+    const FileItem* item = browser_.itemWithId(request->id);
     if (item == nullptr) {
-        wished_.remove(wish->key);
+        requested_.remove(request->key);
         QMetaObject::invokeMethod(
             this, [this] { work(makes_); }, Qt::QueuedConnection);
         return;
@@ -177,41 +177,41 @@ void ThumbnailStore::makeNext() {
     makes_.stop = runInBackground(
         this,
         [&disk = disk_, &copies = copies_, decoder = decoder_, files = browser_.files(),
-         item = *item, key = wish->key, side](const std::stop_token& stop) {
+         item = *item, key = request->key, side](const std::stop_token& stop) {
             const QString copy = copies.fetch(*files, item, {}, stop);
             const Picture picture = decoder.decode({copy, storedSide, 0}, stop);
             disk.store(key, picture.image);
             return finished(picture.image, side);
         },
-        [this, wish = *wish, generation = generation_](BackgroundResult<QImage> result) {
+        [this, request = *request, generation = generation_](BackgroundResult<QImage> result) {
             if (generation != generation_)
                 return;
             makes_.isBusy = false;
             try {
-                take(wish, result.take());
+                take(request, result.take());
             } catch (const CancellationError&) {
                 // It gave way to something else and is made afterwards.
-                makes_.wishes.push_back(wish);
+                makes_.requests.push_back(request);
             } catch (const PictureTimeoutError&) {
                 // As below: the machine was too busy for it.
             } catch (const PictureError&) {
-                wished_.remove(wish.key);
-                failed_.insert(wish.key);
+                requested_.remove(request.key);
+                failed_.insert(request.key);
             } catch (const std::exception&) {
-                // The phone did not give it: it stays wished for, and so is not asked for again
+                // The phone did not give it: it stays requested, and so is not asked for again
                 // before the folder is entered anew.
             }
             work(makes_);
         });
 }
 
-void ThumbnailStore::take(const Wish& wish, const QImage& image) {
-    wished_.remove(wish.key);
+void ThumbnailStore::take(const Request& request, const QImage& image) {
+    requested_.remove(request.key);
     auto pixmap = std::make_unique<QPixmap>(QPixmap::fromImage(image));
     pixmap->setDevicePixelRatio(scale_);
     const qsizetype kilobytes = 1 + image.sizeInBytes() / 1024;
-    pixmaps_.insert(wish.key, pixmap.release(), kilobytes);
-    Q_EMIT thumbnailReady(wish.id);
+    pixmaps_.insert(request.key, pixmap.release(), kilobytes);
+    Q_EMIT thumbnailReady(request.id);
 }
 
 void showThumbnails(QAbstractItemView& view, FileListModel& model, FileBrowserViewModel& browser) {

@@ -46,7 +46,8 @@ public:
 
     /// Nothing waits and nothing is being made.
     [[nodiscard]] bool isIdle() const {
-        return !loads_.isBusy && !makes_.isBusy && loads_.wishes.empty() && makes_.wishes.empty();
+        return !loads_.isBusy && !makes_.isBusy && loads_.requests.empty() &&
+               makes_.requests.empty();
     }
 
     /// Tells whether an entry can be seen. Without it everything that is asked for is made.
@@ -58,13 +59,13 @@ Q_SIGNALS:
     void thumbnailReady(const QString& id);
 
 private:
-    struct Wish {
+    struct Request {
         QString id;
         QString key;
     };
-    /// Wishes that are fulfilled one at a time.
-    struct Lane {
-        std::vector<Wish> wishes; ///< the next one is the last
+    /// Requests that are fulfilled one at a time.
+    struct Queue {
+        std::vector<Request> requests; ///< the next one is the last
         std::stop_source stop{std::nostopstate};
         bool isBusy = false;
     };
@@ -72,11 +73,11 @@ private:
     void startOver();
     void pauseOrGoOn();
     [[nodiscard]] bool mayAskPhone() const;
-    [[nodiscard]] std::optional<Wish> nextOf(Lane& lane);
-    void work(Lane& lane);
+    [[nodiscard]] std::optional<Request> nextOf(Queue& queue);
+    void work(Queue& queue);
     void loadNext();
     void makeNext();
-    void take(const Wish& wish, const QImage& image);
+    void take(const Request& request, const QImage& image);
 
     FileBrowserViewModel& browser_;
     const int side_;
@@ -87,11 +88,11 @@ private:
 
     qreal scale_ = 1;
     QCache<QString, QPixmap> pixmaps_; ///< by key
-    QSet<QString> wished_;             ///< keys that wait or are under way
+    QSet<QString> requested_;          ///< keys that wait or are under way
     QSet<QString> failed_;             ///< keys of what cannot be shown
     QHash<QString, QString> keys_;     ///< by id, of the folder shown
-    Lane loads_;                       ///< from the disk
-    Lane makes_;                       ///< from the phone
+    Queue loads_;                      ///< from the disk
+    Queue makes_;                      ///< from the phone
     std::uint64_t generation_ = 0;     ///< answers of an older one are dropped
 };
 

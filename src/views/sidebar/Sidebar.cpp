@@ -42,15 +42,15 @@ QWidget* makeWirelessButton(const std::function<void()>& showWireless) {
 
 } // namespace
 
-Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, Wishes wishes,
+Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, Callbacks callbacks,
                  QWidget* parent)
     : QWidget(parent),
       devices_(devices),
       favorites_(favorites),
-      wishes_(std::move(wishes)),
+      callbacks_(std::move(callbacks)),
       deviceList_(new QListView),
       noDevices_(new QLabel),
-      mode_(new ModeSwitch(wishes_.useMode)),
+      mode_(new ModeSwitch(callbacks_.useMode)),
       favoriteModel_(favorites),
       favoriteList_(
           new PlaceList(QT_TRANSLATE_NOOP("tessary::Sidebar", "Favorites"), favoriteModel_)),
@@ -88,11 +88,11 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, Wishes w
     favoriteView.setContextMenuPolicy(Qt::CustomContextMenu);
     connect(&favoriteView, &QListView::clicked, this, [this](const QModelIndex& index) {
         if (const auto favorite = favoriteModel_.favoriteAt(index))
-            wishes_.openFavorite(*favorite);
+            callbacks_.openFavorite(*favorite);
     });
     connect(&favoriteView, &QListView::activated, this, [this](const QModelIndex& index) {
         if (const auto favorite = favoriteModel_.favoriteAt(index))
-            wishes_.openFavorite(*favorite);
+            callbacks_.openFavorite(*favorite);
     });
     connect(&favoriteView, &QWidget::customContextMenuRequested, this, [this](const QPoint& where) {
         QListView& view = favoriteList_->view();
@@ -111,7 +111,7 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, Wishes w
         for (auto signal : {&QListView::clicked, &QListView::activated})
             connect(&list->view(), signal, this, [this, model = model](const QModelIndex& index) {
                 if (const Place* place = model->placeAt(index))
-                    wishes_.openFolder(place->path);
+                    callbacks_.openFolder(place->path);
             });
 
     auto* content = new QWidget;
@@ -126,7 +126,7 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, Wishes w
     for (PlaceList* list : {favoriteList_, shortcutList_, volumeList_})
         column->addWidget(list);
     column->addStretch(1);
-    column->addWidget(makeWirelessButton(wishes_.showWireless));
+    column->addWidget(makeWirelessButton(callbacks_.showWireless));
     auto* scroll = new QScrollArea;
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);

@@ -24,8 +24,8 @@ class Sidebar : public QWidget {
     Q_OBJECT
 
 public:
-    /// What the user wishes.
-    struct Wishes {
+    /// What the user asks for.
+    struct Callbacks {
         std::function<void(const DeviceFavorite&)> openFavorite;
         std::function<void(const QString& path)> openFolder;
         std::function<void(ProtocolMode)> useMode;
@@ -33,7 +33,7 @@ public:
     };
 
     /// Model and manager must outlive it.
-    Sidebar(DeviceListModel& devices, FavoritesManager& favorites, Wishes wishes,
+    Sidebar(DeviceListModel& devices, FavoritesManager& favorites, Callbacks callbacks,
             QWidget* parent = nullptr);
 
     [[nodiscard]] QListView& deviceList() const {
@@ -58,7 +58,7 @@ private:
 
     DeviceListModel& devices_;
     FavoritesManager& favorites_;
-    Wishes wishes_;
+    Callbacks callbacks_;
     std::optional<DeviceInfo> device_;
     FavoriteSource source_;
     QString folder_;

@@ -34,18 +34,19 @@ QMenu* addMenu(QMenuBar& bar, const char* title, std::initializer_list<QAction*>
 
 } // namespace
 
-void makeMainMenus(QMenuBar& bar, const BrowserActions& actions, const MainMenuWishes& wishes) {
+void makeMainMenus(QMenuBar& bar, const BrowserActions& actions,
+                   const MainMenuCallbacks& callbacks) {
     const auto& a = actions;
     auto* settings = new QAction(icon("configure"), QString(), &bar);
     settings->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
     settings->setMenuRole(QAction::PreferencesRole);
-    QObject::connect(settings, &QAction::triggered, &bar, wishes.showSettings);
+    QObject::connect(settings, &QAction::triggered, &bar, callbacks.showSettings);
     auto* wireless = new QAction(icon("network-wireless"), QString(), &bar);
-    QObject::connect(wireless, &QAction::triggered, &bar, wishes.showWireless);
+    QObject::connect(wireless, &QAction::triggered, &bar, callbacks.showWireless);
     auto* quit = new QAction(icon("application-exit"), QString(), &bar);
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     quit->setMenuRole(QAction::QuitRole);
-    QObject::connect(quit, &QAction::triggered, &bar, wishes.quit);
+    QObject::connect(quit, &QAction::triggered, &bar, callbacks.quit);
     keepTranslated(settings, [settings, wireless, quit] {
         settings->setText(MainMenu::tr("Settings"));
         wireless->setText(MainMenu::tr("Wireless Devices…"));

@@ -9,13 +9,14 @@ class QMenuBar;
 namespace tessary {
 
 /// What the menus do besides the browser's commands.
-struct MainMenuWishes {
+struct MainMenuCallbacks {
     std::function<void()> showSettings;
     std::function<void()> showWireless;
     std::function<void()> quit;
 };
 
 /// Fills the main window's menus; their texts follow the interface's language.
-void makeMainMenus(QMenuBar& bar, const BrowserActions& actions, const MainMenuWishes& wishes);
+void makeMainMenus(QMenuBar& bar, const BrowserActions& actions,
+                   const MainMenuCallbacks& callbacks);
 
 } // namespace tessary

@@ -57,7 +57,7 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
       browser_(transfers_, browserSetup(app)),
       devices_(app.deviceManager()),
       sync_(app.syncManager(), app.deviceManager()),
-      sidebar_(new Sidebar(devices_, app.favoritesManager(), sidebarWishes())),
+      sidebar_(new Sidebar(devices_, app.favoritesManager(), sidebarCallbacks())),
       banner_(new StatusBanner),
       pages_(new QStackedWidget),
       welcome_(new WelcomeView([&app] { app.startDemo(); })),
@@ -161,7 +161,7 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
     connect(&browser_, &FileBrowserViewModel::folderCreated, this, dismissOld);
     connect(&browser_, &FileBrowserViewModel::itemRenamed, this, dismissOld);
     connect(&browser_, &FileBrowserViewModel::itemsDeleted, this, dismissOld);
-    memory_ =
+    stateStore_ =
         new WindowStateStore({*this, *split, browserView_->columns(), browser_}, app.defaults());
     keepTranslated(this, [this] { showTexts(); });
     makePlain(*this);
@@ -190,7 +190,7 @@ void MainWindow::showTexts() {
 
 void MainWindow::showSettings() {
     if (settings_ == nullptr)
-        settings_ = new SettingsWindow(app_, sync_, *memory_, this);
+        settings_ = new SettingsWindow(app_, sync_, *stateStore_, this);
     settings_->show();
     settings_->raise();
     settings_->activateWindow();
@@ -204,7 +204,7 @@ void MainWindow::showWireless() {
     wireless_->activateWindow();
 }
 
-Sidebar::Wishes MainWindow::sidebarWishes() {
+Sidebar::Callbacks MainWindow::sidebarCallbacks() {
     return {[this](const DeviceFavorite& favorite) {
                 openFavorite(favorite);
                 pages_->currentWidget()->setFocus();

@@ -68,7 +68,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    [[nodiscard]] Sidebar::Wishes sidebarWishes();
+    [[nodiscard]] Sidebar::Callbacks sidebarCallbacks();
     void showTexts();
     void deviceListChanged();
     void chooseDevice(const QModelIndex& index);
@@ -106,7 +106,7 @@ private:
     SyncPanel* syncPanel_;
     SyncDialogs* syncDialogs_;
     TransferPanel* transferPanel_;
-    WindowStateStore* memory_;
+    WindowStateStore* stateStore_;
     std::unique_ptr<TransferNotice> transferNotice_; ///< null without a desktop to speak over
     SettingsWindow* settings_ = nullptr;             ///< made when it is first opened
     WirelessDialog* wireless_ = nullptr;             ///< the same
