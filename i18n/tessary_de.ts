@@ -325,6 +325,18 @@
         <source>Storage %1</source>
         <translation>Speicher %1</translation>
     </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopie</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>Angehalten</translation>
+    </message>
+    <message>
+        <source>Incomplete</source>
+        <translation>Unvollständig</translation>
+    </message>
 </context>
 <context>
     <name>ErrorText</name>
@@ -900,6 +912,10 @@
     <message>
         <source>Unlock it and tap “Allow” in the question about debugging.</source>
         <translation>Entsperren Sie es und tippen Sie bei der Frage nach dem Debugging auf „Zulassen“.</translation>
+    </message>
+    <message>
+        <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
+        <translation>Der Turbomodus braucht adb, das nicht installiert ist. Stattdessen wird das Telefon über Standard-MTP benutzt.</translation>
     </message>
 </context>
 <context>
@@ -1873,6 +1889,77 @@
     </message>
 </context>
 <context>
+    <name>ProblemText</name>
+    <message>
+        <source>Failed to create %1: %2</source>
+        <translation>%1 konnte nicht angelegt werden: %2</translation>
+    </message>
+    <message>
+        <source>Failed to rename %1: %2</source>
+        <translation>%1 konnte nicht umbenannt werden: %2</translation>
+    </message>
+    <message>
+        <source>Failed to move %1: %2</source>
+        <translation>%1 konnte nicht verschoben werden: %2</translation>
+    </message>
+    <message>
+        <source>Failed to drag out %1: %2</source>
+        <translation>%1 konnte nicht herausgezogen werden: %2</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1: %2</source>
+        <translation>%1 konnte nicht gelöscht werden: %2</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 und %2 weitere</translation>
+    </message>
+    <message>
+        <source>Failed to move %1 of %2 items: %3</source>
+        <translation>%1 von %2 Objekten konnten nicht verschoben werden: %3</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1 of %2 items: %3</source>
+        <translation>%1 von %2 Objekten konnten nicht gelöscht werden: %3</translation>
+    </message>
+    <message>
+        <source>The folder was not read.</source>
+        <translation>Der Ordner wurde nicht gelesen.</translation>
+    </message>
+    <message>
+        <source>Refresh it to try again.</source>
+        <translation>Aktualisiere ihn, um es erneut zu versuchen.</translation>
+    </message>
+    <message>
+        <source>The apps were not read.</source>
+        <translation>Die Apps wurden nicht gelesen.</translation>
+    </message>
+    <message>
+        <source>Refresh the list to try again.</source>
+        <translation>Aktualisiere die Liste, um es erneut zu versuchen.</translation>
+    </message>
+    <message>
+        <source>The folder &quot;%1&quot; is not on the phone any more.</source>
+        <translation>Der Ordner „%1“ ist nicht mehr auf dem Telefon.</translation>
+    </message>
+    <message>
+        <source>Go up to the folder that held it.</source>
+        <translation>Gehen Sie in den Ordner darüber.</translation>
+    </message>
+    <message>
+        <source>There is no &quot;%1&quot; on the phone.</source>
+        <translation>„%1“ gibt es auf dem Telefon nicht.</translation>
+    </message>
+    <message>
+        <source>Check the spelling, or choose the folder below.</source>
+        <translation>Prüfen Sie die Schreibweise oder wählen Sie den Ordner unten aus.</translation>
+    </message>
+    <message>
+        <source>Another folder is shown by now. Nothing was done.</source>
+        <translation>Inzwischen wird ein anderer Ordner angezeigt. Es wurde nichts getan.</translation>
+    </message>
+</context>
+<context>
     <name>QPlatformTheme</name>
     <message>
         <source>OK</source>
@@ -2731,16 +2818,23 @@
         <source>Finishing: the phone is still storing the file</source>
         <translation>Wird abgeschlossen: Das Telefon speichert die Datei noch</translation>
     </message>
-    <message numerus="yes">
-        <source>%1/%Ln files</source>
-        <translation>
-            <numerusform>%1/%Ln Datei</numerusform>
-            <numerusform>%1/%Ln Dateien</numerusform>
-        </translation>
-    </message>
     <message>
         <source>%1 left</source>
         <translation>noch %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items were not copied: %1</source>
+        <translation>
+            <numerusform>%Ln Objekt wurde nicht kopiert: %1</numerusform>
+            <numerusform>%Ln Objekte wurden nicht kopiert: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1 und %Ln weiteres</numerusform>
+            <numerusform>%1 und %Ln weitere</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -2809,6 +2903,18 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+    <message>
+        <source>Resume</source>
+        <translation>Fortsetzen</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Anhalten</translation>
     </message>
 </context>
 <context>

@@ -119,10 +119,17 @@
 <context>
     <name>tessary::TransferListModel</name>
     <message numerus="yes">
-        <source>%1/%Ln files</source>
+        <source>%Ln items were not copied: %1</source>
         <translation>
-            <numerusform>%1/%Ln file</numerusform>
-            <numerusform>%1/%Ln files</numerusform>
+            <numerusform>%Ln item was not copied: %1</numerusform>
+            <numerusform>%Ln items were not copied: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1 and %Ln more</numerusform>
+            <numerusform>%1 and %Ln more</numerusform>
         </translation>
     </message>
 </context>

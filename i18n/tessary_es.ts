@@ -325,6 +325,18 @@
         <source>Storage %1</source>
         <translation>Almacenamiento %1</translation>
     </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copia</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>En pausa</translation>
+    </message>
+    <message>
+        <source>Incomplete</source>
+        <translation>Incompleto</translation>
+    </message>
 </context>
 <context>
     <name>ErrorText</name>
@@ -900,6 +912,10 @@
     <message>
         <source>Unlock it and tap “Allow” in the question about debugging.</source>
         <translation>Desbloquéalo y toca «Permitir» en la pregunta sobre la depuración.</translation>
+    </message>
+    <message>
+        <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
+        <translation>El modo turbo necesita adb, que no está instalado. En su lugar se usa el teléfono por MTP estándar.</translation>
     </message>
 </context>
 <context>
@@ -1873,6 +1889,77 @@
     </message>
 </context>
 <context>
+    <name>ProblemText</name>
+    <message>
+        <source>Failed to create %1: %2</source>
+        <translation>No se pudo crear %1: %2</translation>
+    </message>
+    <message>
+        <source>Failed to rename %1: %2</source>
+        <translation>No se pudo renombrar %1: %2</translation>
+    </message>
+    <message>
+        <source>Failed to move %1: %2</source>
+        <translation>No se pudo mover %1: %2</translation>
+    </message>
+    <message>
+        <source>Failed to drag out %1: %2</source>
+        <translation>No se pudo arrastrar %1 fuera de la ventana: %2</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1: %2</source>
+        <translation>No se pudo eliminar %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 y %2 más</translation>
+    </message>
+    <message>
+        <source>Failed to move %1 of %2 items: %3</source>
+        <translation>No se pudieron mover %1 de %2 elementos: %3</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1 of %2 items: %3</source>
+        <translation>No se pudieron eliminar %1 de %2 elementos: %3</translation>
+    </message>
+    <message>
+        <source>The folder was not read.</source>
+        <translation>No se leyó la carpeta.</translation>
+    </message>
+    <message>
+        <source>Refresh it to try again.</source>
+        <translation>Actualízala para volver a intentarlo.</translation>
+    </message>
+    <message>
+        <source>The apps were not read.</source>
+        <translation>No se leyeron las apps.</translation>
+    </message>
+    <message>
+        <source>Refresh the list to try again.</source>
+        <translation>Actualiza la lista para volver a intentarlo.</translation>
+    </message>
+    <message>
+        <source>The folder &quot;%1&quot; is not on the phone any more.</source>
+        <translation>La carpeta «%1» ya no está en el teléfono.</translation>
+    </message>
+    <message>
+        <source>Go up to the folder that held it.</source>
+        <translation>Sube a la carpeta que la contenía.</translation>
+    </message>
+    <message>
+        <source>There is no &quot;%1&quot; on the phone.</source>
+        <translation>«%1» no está en el teléfono.</translation>
+    </message>
+    <message>
+        <source>Check the spelling, or choose the folder below.</source>
+        <translation>Comprueba la ortografía o elige la carpeta más abajo.</translation>
+    </message>
+    <message>
+        <source>Another folder is shown by now. Nothing was done.</source>
+        <translation>Ahora se muestra otra carpeta. No se ha hecho nada.</translation>
+    </message>
+</context>
+<context>
     <name>QPlatformTheme</name>
     <message>
         <source>OK</source>
@@ -2731,16 +2818,23 @@
         <source>Finishing: the phone is still storing the file</source>
         <translation>Finalizando: el teléfono aún está guardando el archivo</translation>
     </message>
-    <message numerus="yes">
-        <source>%1/%Ln files</source>
-        <translation>
-            <numerusform>%1/%Ln archivo</numerusform>
-            <numerusform>%1/%Ln archivos</numerusform>
-        </translation>
-    </message>
     <message>
         <source>%1 left</source>
         <translation>quedan %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items were not copied: %1</source>
+        <translation>
+            <numerusform>%Ln elemento no se copió: %1</numerusform>
+            <numerusform>%Ln elementos no se copiaron: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1 y %Ln más</numerusform>
+            <numerusform>%1 y %Ln más</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -2809,6 +2903,18 @@
     <message>
         <source>Cancel</source>
         <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Reintentar</translation>
+    </message>
+    <message>
+        <source>Resume</source>
+        <translation>Reanudar</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pausar</translation>
     </message>
 </context>
 <context>

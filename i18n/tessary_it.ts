@@ -325,6 +325,18 @@
         <source>Storage %1</source>
         <translation>Memoria %1</translation>
     </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copia</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>In pausa</translation>
+    </message>
+    <message>
+        <source>Incomplete</source>
+        <translation>Incompleto</translation>
+    </message>
 </context>
 <context>
     <name>ErrorText</name>
@@ -900,6 +912,10 @@
     <message>
         <source>Unlock it and tap “Allow” in the question about debugging.</source>
         <translation>Sbloccalo e tocca «Consenti» alla domanda sul debug.</translation>
+    </message>
+    <message>
+        <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
+        <translation>La modalità turbo ha bisogno di adb, che non è installato. Il telefono viene usato tramite MTP standard.</translation>
     </message>
 </context>
 <context>
@@ -1873,6 +1889,77 @@
     </message>
 </context>
 <context>
+    <name>ProblemText</name>
+    <message>
+        <source>Failed to create %1: %2</source>
+        <translation>Impossibile creare %1: %2</translation>
+    </message>
+    <message>
+        <source>Failed to rename %1: %2</source>
+        <translation>Impossibile rinominare %1: %2</translation>
+    </message>
+    <message>
+        <source>Failed to move %1: %2</source>
+        <translation>Impossibile spostare %1: %2</translation>
+    </message>
+    <message>
+        <source>Failed to drag out %1: %2</source>
+        <translation>Impossibile trascinare %1 fuori dalla finestra: %2</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1: %2</source>
+        <translation>Impossibile eliminare %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 e altri %2</translation>
+    </message>
+    <message>
+        <source>Failed to move %1 of %2 items: %3</source>
+        <translation>Impossibile spostare %1 elementi su %2: %3</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1 of %2 items: %3</source>
+        <translation>Impossibile eliminare %1 elementi su %2: %3</translation>
+    </message>
+    <message>
+        <source>The folder was not read.</source>
+        <translation>La cartella non è stata letta.</translation>
+    </message>
+    <message>
+        <source>Refresh it to try again.</source>
+        <translation>Aggiornala per riprovare.</translation>
+    </message>
+    <message>
+        <source>The apps were not read.</source>
+        <translation>Le app non sono state lette.</translation>
+    </message>
+    <message>
+        <source>Refresh the list to try again.</source>
+        <translation>Aggiorna l’elenco per riprovare.</translation>
+    </message>
+    <message>
+        <source>The folder &quot;%1&quot; is not on the phone any more.</source>
+        <translation>La cartella «%1» non è più sul telefono.</translation>
+    </message>
+    <message>
+        <source>Go up to the folder that held it.</source>
+        <translation>Risali alla cartella che la conteneva.</translation>
+    </message>
+    <message>
+        <source>There is no &quot;%1&quot; on the phone.</source>
+        <translation>«%1» non è sul telefono.</translation>
+    </message>
+    <message>
+        <source>Check the spelling, or choose the folder below.</source>
+        <translation>Controlla l’ortografia o scegli la cartella qui sotto.</translation>
+    </message>
+    <message>
+        <source>Another folder is shown by now. Nothing was done.</source>
+        <translation>Nel frattempo viene mostrata un’altra cartella. Non è stato fatto nulla.</translation>
+    </message>
+</context>
+<context>
     <name>QPlatformTheme</name>
     <message>
         <source>OK</source>
@@ -2731,16 +2818,23 @@
         <source>Finishing: the phone is still storing the file</source>
         <translation>In chiusura: il telefono sta ancora salvando il file</translation>
     </message>
-    <message numerus="yes">
-        <source>%1/%Ln files</source>
-        <translation>
-            <numerusform>%1/%Ln file</numerusform>
-            <numerusform>%1/%Ln file</numerusform>
-        </translation>
-    </message>
     <message>
         <source>%1 left</source>
         <translation>%1 rimanenti</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items were not copied: %1</source>
+        <translation>
+            <numerusform>%Ln elemento non è stato copiato: %1</numerusform>
+            <numerusform>%Ln elementi non sono stati copiati: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1 e un altro</numerusform>
+            <numerusform>%1 e altri %Ln</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -2809,6 +2903,18 @@
     <message>
         <source>Cancel</source>
         <translation>Annulla</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Riprova</translation>
+    </message>
+    <message>
+        <source>Resume</source>
+        <translation>Riprendi</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Sospendi</translation>
     </message>
 </context>
 <context>

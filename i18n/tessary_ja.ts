@@ -322,6 +322,18 @@
         <source>Storage %1</source>
         <translation>ストレージ %1</translation>
     </message>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>一時停止中</translation>
+    </message>
+    <message>
+        <source>Incomplete</source>
+        <translation>一部未完了</translation>
+    </message>
 </context>
 <context>
     <name>ErrorText</name>
@@ -897,6 +909,10 @@
     <message>
         <source>Unlock it and tap “Allow” in the question about debugging.</source>
         <translation>ロックを解除し、デバッグの確認で「許可」をタップしてください。</translation>
+    </message>
+    <message>
+        <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
+        <translation>ターボモードに必要な adb がインストールされていません。代わりに標準 MTP を使います。</translation>
     </message>
 </context>
 <context>
@@ -1870,6 +1886,77 @@
     </message>
 </context>
 <context>
+    <name>ProblemText</name>
+    <message>
+        <source>Failed to create %1: %2</source>
+        <translation>%1 を作成できませんでした: %2</translation>
+    </message>
+    <message>
+        <source>Failed to rename %1: %2</source>
+        <translation>%1 の名前を変更できませんでした: %2</translation>
+    </message>
+    <message>
+        <source>Failed to move %1: %2</source>
+        <translation>%1 を移動できませんでした: %2</translation>
+    </message>
+    <message>
+        <source>Failed to drag out %1: %2</source>
+        <translation>「%1」をウインドウの外にドラッグできませんでした: %2</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1: %2</source>
+        <translation>%1 を削除できませんでした: %2</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1、ほか %2 件</translation>
+    </message>
+    <message>
+        <source>Failed to move %1 of %2 items: %3</source>
+        <translation>%2 個中 %1 個の項目を移動できませんでした: %3</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1 of %2 items: %3</source>
+        <translation>%2 個中 %1 個の項目を削除できませんでした: %3</translation>
+    </message>
+    <message>
+        <source>The folder was not read.</source>
+        <translation>フォルダを読み取れませんでした。</translation>
+    </message>
+    <message>
+        <source>Refresh it to try again.</source>
+        <translation>再試行するには、再読み込みしてください。</translation>
+    </message>
+    <message>
+        <source>The apps were not read.</source>
+        <translation>アプリを読み取れませんでした。</translation>
+    </message>
+    <message>
+        <source>Refresh the list to try again.</source>
+        <translation>再試行するには、一覧を再読み込みしてください。</translation>
+    </message>
+    <message>
+        <source>The folder &quot;%1&quot; is not on the phone any more.</source>
+        <translation>フォルダ「%1」はもうデバイスにありません。</translation>
+    </message>
+    <message>
+        <source>Go up to the folder that held it.</source>
+        <translation>一つ上のフォルダに移動してください。</translation>
+    </message>
+    <message>
+        <source>There is no &quot;%1&quot; on the phone.</source>
+        <translation>デバイスに「%1」はありません。</translation>
+    </message>
+    <message>
+        <source>Check the spelling, or choose the folder below.</source>
+        <translation>入力を確認するか、下からフォルダを選択してください。</translation>
+    </message>
+    <message>
+        <source>Another folder is shown by now. Nothing was done.</source>
+        <translation>別のフォルダが表示されているため、何も行いませんでした。</translation>
+    </message>
+</context>
+<context>
     <name>QPlatformTheme</name>
     <message>
         <source>OK</source>
@@ -2718,15 +2805,21 @@
         <source>Finishing: the phone is still storing the file</source>
         <translation>仕上げ中: デバイスがファイルを保存しています</translation>
     </message>
-    <message numerus="yes">
-        <source>%1/%Ln files</source>
-        <translation>
-            <numerusform>%1/%Ln ファイル</numerusform>
-        </translation>
-    </message>
     <message>
         <source>%1 left</source>
         <translation>残り %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items were not copied: %1</source>
+        <translation>
+            <numerusform>%Ln 項目をコピーできませんでした: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1、ほか %Ln 件</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -2793,6 +2886,18 @@
     <message>
         <source>Cancel</source>
         <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>再試行</translation>
+    </message>
+    <message>
+        <source>Resume</source>
+        <translation>再開</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>一時停止</translation>
     </message>
 </context>
 <context>

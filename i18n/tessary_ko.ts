@@ -322,6 +322,18 @@
         <source>Storage %1</source>
         <translation>저장소 %1</translation>
     </message>
+    <message>
+        <source>Copy</source>
+        <translation>복사</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>일시 정지됨</translation>
+    </message>
+    <message>
+        <source>Incomplete</source>
+        <translation>일부만 완료됨</translation>
+    </message>
 </context>
 <context>
     <name>ErrorText</name>
@@ -897,6 +909,10 @@
     <message>
         <source>Unlock it and tap “Allow” in the question about debugging.</source>
         <translation>잠금을 해제하고 디버깅 질문에서 “허용”을 누르세요.</translation>
+    </message>
+    <message>
+        <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
+        <translation>터보 모드에 필요한 adb가 설치되어 있지 않습니다. 대신 표준 MTP로 휴대폰을 사용합니다.</translation>
     </message>
 </context>
 <context>
@@ -1870,6 +1886,77 @@
     </message>
 </context>
 <context>
+    <name>ProblemText</name>
+    <message>
+        <source>Failed to create %1: %2</source>
+        <translation>%1을(를) 만들지 못함: %2</translation>
+    </message>
+    <message>
+        <source>Failed to rename %1: %2</source>
+        <translation>%1의 이름을 바꾸지 못함: %2</translation>
+    </message>
+    <message>
+        <source>Failed to move %1: %2</source>
+        <translation>%1을(를) 옮기지 못함: %2</translation>
+    </message>
+    <message>
+        <source>Failed to drag out %1: %2</source>
+        <translation>%1을(를) 창 밖으로 끌어낼 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1: %2</source>
+        <translation>%1을(를) 삭제하지 못함: %2</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 외 %2개</translation>
+    </message>
+    <message>
+        <source>Failed to move %1 of %2 items: %3</source>
+        <translation>항목 %2개 중 %1개를 옮기지 못함: %3</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1 of %2 items: %3</source>
+        <translation>항목 %2개 중 %1개를 삭제하지 못함: %3</translation>
+    </message>
+    <message>
+        <source>The folder was not read.</source>
+        <translation>폴더를 읽지 못했습니다.</translation>
+    </message>
+    <message>
+        <source>Refresh it to try again.</source>
+        <translation>다시 시도하려면 새로 고치세요.</translation>
+    </message>
+    <message>
+        <source>The apps were not read.</source>
+        <translation>앱을 읽지 못했습니다.</translation>
+    </message>
+    <message>
+        <source>Refresh the list to try again.</source>
+        <translation>다시 시도하려면 목록을 새로 고치세요.</translation>
+    </message>
+    <message>
+        <source>The folder &quot;%1&quot; is not on the phone any more.</source>
+        <translation>폴더 “%1”이(가) 더 이상 휴대폰에 없습니다.</translation>
+    </message>
+    <message>
+        <source>Go up to the folder that held it.</source>
+        <translation>상위 폴더로 이동하세요.</translation>
+    </message>
+    <message>
+        <source>There is no &quot;%1&quot; on the phone.</source>
+        <translation>휴대폰에 “%1”이(가) 없습니다.</translation>
+    </message>
+    <message>
+        <source>Check the spelling, or choose the folder below.</source>
+        <translation>철자를 확인하거나 아래에서 폴더를 선택하세요.</translation>
+    </message>
+    <message>
+        <source>Another folder is shown by now. Nothing was done.</source>
+        <translation>이제 다른 폴더가 표시되고 있습니다. 아무 작업도 하지 않았습니다.</translation>
+    </message>
+</context>
+<context>
     <name>QPlatformTheme</name>
     <message>
         <source>OK</source>
@@ -2718,15 +2805,21 @@
         <source>Finishing: the phone is still storing the file</source>
         <translation>마무리 중: 휴대폰이 파일을 저장하고 있습니다</translation>
     </message>
-    <message numerus="yes">
-        <source>%1/%Ln files</source>
-        <translation>
-            <numerusform>파일 %1/%Ln</numerusform>
-        </translation>
-    </message>
     <message>
         <source>%1 left</source>
         <translation>%1 남음</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items were not copied: %1</source>
+        <translation>
+            <numerusform>%Ln개 항목을 복사하지 못했습니다: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1 외 %Ln개</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -2793,6 +2886,18 @@
     <message>
         <source>Cancel</source>
         <translation>취소</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>다시 시도</translation>
+    </message>
+    <message>
+        <source>Resume</source>
+        <translation>계속</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>일시 정지</translation>
     </message>
 </context>
 <context>

@@ -325,6 +325,18 @@
         <source>Storage %1</source>
         <translation>Armazenamento %1</translation>
     </message>
+    <message>
+        <source>Copy</source>
+        <translation>Cópia</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>Em pausa</translation>
+    </message>
+    <message>
+        <source>Incomplete</source>
+        <translation>Incompleto</translation>
+    </message>
 </context>
 <context>
     <name>ErrorText</name>
@@ -900,6 +912,10 @@
     <message>
         <source>Unlock it and tap “Allow” in the question about debugging.</source>
         <translation>Desbloqueie-o e toque em “Permitir” na pergunta sobre a depuração.</translation>
+    </message>
+    <message>
+        <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
+        <translation>O modo turbo precisa do adb, que não está instalado. O telefone é usado por MTP padrão.</translation>
     </message>
 </context>
 <context>
@@ -1873,6 +1889,77 @@
     </message>
 </context>
 <context>
+    <name>ProblemText</name>
+    <message>
+        <source>Failed to create %1: %2</source>
+        <translation>Não foi possível criar %1: %2</translation>
+    </message>
+    <message>
+        <source>Failed to rename %1: %2</source>
+        <translation>Não foi possível renomear %1: %2</translation>
+    </message>
+    <message>
+        <source>Failed to move %1: %2</source>
+        <translation>Não foi possível mover %1: %2</translation>
+    </message>
+    <message>
+        <source>Failed to drag out %1: %2</source>
+        <translation>Não foi possível arrastar %1 para fora da janela: %2</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1: %2</source>
+        <translation>Não foi possível apagar %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 e mais %2</translation>
+    </message>
+    <message>
+        <source>Failed to move %1 of %2 items: %3</source>
+        <translation>Falha ao mover %1 de %2 itens: %3</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1 of %2 items: %3</source>
+        <translation>Falha ao apagar %1 de %2 itens: %3</translation>
+    </message>
+    <message>
+        <source>The folder was not read.</source>
+        <translation>A pasta não foi lida.</translation>
+    </message>
+    <message>
+        <source>Refresh it to try again.</source>
+        <translation>Atualize-a para tentar de novo.</translation>
+    </message>
+    <message>
+        <source>The apps were not read.</source>
+        <translation>Os apps não foram lidos.</translation>
+    </message>
+    <message>
+        <source>Refresh the list to try again.</source>
+        <translation>Atualize a lista para tentar de novo.</translation>
+    </message>
+    <message>
+        <source>The folder &quot;%1&quot; is not on the phone any more.</source>
+        <translation>A pasta “%1” não está mais no telefone.</translation>
+    </message>
+    <message>
+        <source>Go up to the folder that held it.</source>
+        <translation>Suba para a pasta que a continha.</translation>
+    </message>
+    <message>
+        <source>There is no &quot;%1&quot; on the phone.</source>
+        <translation>Não há “%1” no telefone.</translation>
+    </message>
+    <message>
+        <source>Check the spelling, or choose the folder below.</source>
+        <translation>Confira a grafia ou escolha a pasta abaixo.</translation>
+    </message>
+    <message>
+        <source>Another folder is shown by now. Nothing was done.</source>
+        <translation>Outra pasta está sendo mostrada agora. Nada foi feito.</translation>
+    </message>
+</context>
+<context>
     <name>QPlatformTheme</name>
     <message>
         <source>OK</source>
@@ -2731,16 +2818,23 @@
         <source>Finishing: the phone is still storing the file</source>
         <translation>Finalizando: o telefone ainda está gravando o arquivo</translation>
     </message>
-    <message numerus="yes">
-        <source>%1/%Ln files</source>
-        <translation>
-            <numerusform>%1/%Ln arquivo</numerusform>
-            <numerusform>%1/%Ln arquivos</numerusform>
-        </translation>
-    </message>
     <message>
         <source>%1 left</source>
         <translation>faltam %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items were not copied: %1</source>
+        <translation>
+            <numerusform>%Ln item não foi copiado: %1</numerusform>
+            <numerusform>%Ln itens não foram copiados: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1 e mais %Ln</numerusform>
+            <numerusform>%1 e mais %Ln</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -2809,6 +2903,18 @@
     <message>
         <source>Cancel</source>
         <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Tentar novamente</translation>
+    </message>
+    <message>
+        <source>Resume</source>
+        <translation>Continuar</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pausar</translation>
     </message>
 </context>
 <context>

@@ -322,6 +322,18 @@
         <source>Storage %1</source>
         <translation>存储 %1</translation>
     </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>已暂停</translation>
+    </message>
+    <message>
+        <source>Incomplete</source>
+        <translation>未全部完成</translation>
+    </message>
 </context>
 <context>
     <name>ErrorText</name>
@@ -897,6 +909,10 @@
     <message>
         <source>Unlock it and tap “Allow” in the question about debugging.</source>
         <translation>请将其解锁，并在调试的询问中轻点“允许”。</translation>
+    </message>
+    <message>
+        <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
+        <translation>极速模式需要 adb，但尚未安装。现改用标准 MTP。</translation>
     </message>
 </context>
 <context>
@@ -1870,6 +1886,77 @@
     </message>
 </context>
 <context>
+    <name>ProblemText</name>
+    <message>
+        <source>Failed to create %1: %2</source>
+        <translation>无法创建 %1：%2</translation>
+    </message>
+    <message>
+        <source>Failed to rename %1: %2</source>
+        <translation>无法重命名 %1：%2</translation>
+    </message>
+    <message>
+        <source>Failed to move %1: %2</source>
+        <translation>无法移动 %1：%2</translation>
+    </message>
+    <message>
+        <source>Failed to drag out %1: %2</source>
+        <translation>无法将“%1”拖出窗口：%2</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1: %2</source>
+        <translation>无法删除 %1：%2</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 及另外 %2 项</translation>
+    </message>
+    <message>
+        <source>Failed to move %1 of %2 items: %3</source>
+        <translation>%2 个项目中有 %1 个无法移动：%3</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1 of %2 items: %3</source>
+        <translation>%2 个项目中有 %1 个无法删除：%3</translation>
+    </message>
+    <message>
+        <source>The folder was not read.</source>
+        <translation>未能读取文件夹。</translation>
+    </message>
+    <message>
+        <source>Refresh it to try again.</source>
+        <translation>刷新后重试。</translation>
+    </message>
+    <message>
+        <source>The apps were not read.</source>
+        <translation>未能读取应用。</translation>
+    </message>
+    <message>
+        <source>Refresh the list to try again.</source>
+        <translation>刷新列表后重试。</translation>
+    </message>
+    <message>
+        <source>The folder &quot;%1&quot; is not on the phone any more.</source>
+        <translation>文件夹“%1”已不在手机上。</translation>
+    </message>
+    <message>
+        <source>Go up to the folder that held it.</source>
+        <translation>请前往上层文件夹。</translation>
+    </message>
+    <message>
+        <source>There is no &quot;%1&quot; on the phone.</source>
+        <translation>手机上没有“%1”。</translation>
+    </message>
+    <message>
+        <source>Check the spelling, or choose the folder below.</source>
+        <translation>请检查拼写，或在下方选择文件夹。</translation>
+    </message>
+    <message>
+        <source>Another folder is shown by now. Nothing was done.</source>
+        <translation>现在显示的是另一个文件夹。未执行任何操作。</translation>
+    </message>
+</context>
+<context>
     <name>QPlatformTheme</name>
     <message>
         <source>OK</source>
@@ -2718,15 +2805,21 @@
         <source>Finishing: the phone is still storing the file</source>
         <translation>即将完成：手机仍在存储文件</translation>
     </message>
-    <message numerus="yes">
-        <source>%1/%Ln files</source>
-        <translation>
-            <numerusform>%1/%Ln 个文件</numerusform>
-        </translation>
-    </message>
     <message>
         <source>%1 left</source>
         <translation>剩余 %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items were not copied: %1</source>
+        <translation>
+            <numerusform>%Ln 个项目未能复制：%1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1 及另外 %Ln 项</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -2793,6 +2886,18 @@
     <message>
         <source>Cancel</source>
         <translation>取消</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>重试</translation>
+    </message>
+    <message>
+        <source>Resume</source>
+        <translation>继续</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>暂停</translation>
     </message>
 </context>
 <context>

@@ -322,6 +322,18 @@
         <source>Storage %1</source>
         <translation>儲存空間 %1</translation>
     </message>
+    <message>
+        <source>Copy</source>
+        <translation>複製</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>已暫停</translation>
+    </message>
+    <message>
+        <source>Incomplete</source>
+        <translation>未全部完成</translation>
+    </message>
 </context>
 <context>
     <name>ErrorText</name>
@@ -897,6 +909,10 @@
     <message>
         <source>Unlock it and tap “Allow” in the question about debugging.</source>
         <translation>請將其解鎖，並在偵錯的詢問中點一下「允許」。</translation>
+    </message>
+    <message>
+        <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
+        <translation>極速模式需要 adb，但尚未安裝。現改用標準 MTP。</translation>
     </message>
 </context>
 <context>
@@ -1870,6 +1886,77 @@
     </message>
 </context>
 <context>
+    <name>ProblemText</name>
+    <message>
+        <source>Failed to create %1: %2</source>
+        <translation>無法建立 %1：%2</translation>
+    </message>
+    <message>
+        <source>Failed to rename %1: %2</source>
+        <translation>無法重新命名 %1：%2</translation>
+    </message>
+    <message>
+        <source>Failed to move %1: %2</source>
+        <translation>無法移動 %1：%2</translation>
+    </message>
+    <message>
+        <source>Failed to drag out %1: %2</source>
+        <translation>無法將「%1」拖出視窗：%2</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1: %2</source>
+        <translation>無法刪除 %1：%2</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 及另外 %2 項</translation>
+    </message>
+    <message>
+        <source>Failed to move %1 of %2 items: %3</source>
+        <translation>%2 個項目中有 %1 個無法移動：%3</translation>
+    </message>
+    <message>
+        <source>Failed to delete %1 of %2 items: %3</source>
+        <translation>%2 個項目中有 %1 個無法刪除：%3</translation>
+    </message>
+    <message>
+        <source>The folder was not read.</source>
+        <translation>未能讀取資料夾。</translation>
+    </message>
+    <message>
+        <source>Refresh it to try again.</source>
+        <translation>重新整理後再試一次。</translation>
+    </message>
+    <message>
+        <source>The apps were not read.</source>
+        <translation>未能讀取 App。</translation>
+    </message>
+    <message>
+        <source>Refresh the list to try again.</source>
+        <translation>重新整理列表後再試一次。</translation>
+    </message>
+    <message>
+        <source>The folder &quot;%1&quot; is not on the phone any more.</source>
+        <translation>資料夾「%1」已不在手機上。</translation>
+    </message>
+    <message>
+        <source>Go up to the folder that held it.</source>
+        <translation>請前往上層資料夾。</translation>
+    </message>
+    <message>
+        <source>There is no &quot;%1&quot; on the phone.</source>
+        <translation>手機上沒有「%1」。</translation>
+    </message>
+    <message>
+        <source>Check the spelling, or choose the folder below.</source>
+        <translation>請檢查拼字，或在下方選擇資料夾。</translation>
+    </message>
+    <message>
+        <source>Another folder is shown by now. Nothing was done.</source>
+        <translation>現在顯示的是另一個資料夾。未執行任何操作。</translation>
+    </message>
+</context>
+<context>
     <name>QPlatformTheme</name>
     <message>
         <source>OK</source>
@@ -2718,15 +2805,21 @@
         <source>Finishing: the phone is still storing the file</source>
         <translation>即將完成：手機仍在儲存檔案</translation>
     </message>
-    <message numerus="yes">
-        <source>%1/%Ln files</source>
-        <translation>
-            <numerusform>%1/%Ln 個檔案</numerusform>
-        </translation>
-    </message>
     <message>
         <source>%1 left</source>
         <translation>剩餘 %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items were not copied: %1</source>
+        <translation>
+            <numerusform>%Ln 個項目未能複製：%1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1 及另外 %Ln 項</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -2793,6 +2886,18 @@
     <message>
         <source>Cancel</source>
         <translation>取消</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>重試</translation>
+    </message>
+    <message>
+        <source>Resume</source>
+        <translation>繼續</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>暫停</translation>
     </message>
 </context>
 <context>

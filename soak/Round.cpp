@@ -160,21 +160,22 @@ void Round::download(SoakPhone& phone) {
         return;
     const QStringList ids = someIds(4);
     if (dice_.happens(50)) {
-        program_.browser.downloadItems(ids, downloads_);
+        program_.browser.copies().downloadItems(ids, downloads_);
         noteCopies(phone);
         return;
     }
     const auto choice =
         dice_.oneOf(std::vector{NameClash::keepBoth, NameClash::replace, NameClash::skip});
     ++surveys_;
-    program_.browser.surveyDownload(ids, downloads_, [=, this, &phone](const CopyPlan& survey) {
-        --surveys_;
-        CopyChoices choices;
-        for (const CopyCandidate& candidate : survey.candidates)
-            choices[candidate.key] = choice;
-        program_.browser.copy(survey, choices);
-        noteCopies(phone);
-    });
+    program_.browser.copies().surveyDownload(
+        ids, downloads_, [=, this, &phone](const CopyPlan& survey) {
+            --surveys_;
+            CopyChoices choices;
+            for (const CopyCandidate& candidate : survey.candidates)
+                choices[candidate.key] = choice;
+            program_.browser.copies().copy(survey, choices);
+            noteCopies(phone);
+        });
 }
 
 void Round::upload(SoakPhone& phone) {
@@ -186,7 +187,7 @@ void Round::upload(SoakPhone& phone) {
     for (int count = dice_.between(1, 3); count > 0; --count)
         sources << dice_.oneOf(all).filePath();
     sources.removeDuplicates();
-    program_.browser.uploadFiles(sources);
+    program_.browser.copies().uploadFiles(sources);
     noteCopies(phone);
 }
 

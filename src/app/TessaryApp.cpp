@@ -17,11 +17,11 @@ constexpr auto shutDownLimit = 4s;
 
 } // namespace
 
-TessaryApp::TessaryApp(DeviceSources sources, DeviceFileService& files, TessaryAppSetup setup)
-    : files_(files),
+TessaryApp::TessaryApp(DeviceSources sources, DeviceServices& services, TessaryAppSetup setup)
+    : services_(services),
       setup_(std::move(setup)),
-      deviceManager_(sources, files, setup_.alsoAccept),
-      syncManager_(*setup_.defaults, deviceConnector(files)),
+      deviceManager_(sources, services, setup_.alsoAccept),
+      syncManager_(*setup_.defaults, deviceConnector(services)),
       updateChecker_(setup_.http, setup_.defaults, setup_.openAddress),
       favoritesManager_(setup_.defaults),
       languageManager_(LanguageManager::shared()) {
@@ -42,7 +42,7 @@ bool TessaryApp::stop() {
         return std::chrono::ceil<std::chrono::milliseconds>(
             std::max(end - std::chrono::steady_clock::now(), std::chrono::nanoseconds::zero()));
     };
-    const bool copyHasEnded = engine_.stop(left());
+    const bool copyHasEnded = copies_.stop(left());
     return Background::shutDown(left()) && copyHasEnded;
 }
 

@@ -3,15 +3,16 @@
 #include "app/LanguageManager.h"
 #include "app/favorites/FavoritesManager.h"
 #include "app/updates/UpdateCheckerService.h"
-#include "devices/files/DeviceFileService.h"
+#include "devices/files/DeviceServices.h"
 #include "devices/list/DeviceManager.h"
 #include "platform/desktop/Notifier.h"
 #include "platform/dnssd/ServiceBrowser.h"
 #include "platform/http/QtHttpClient.h"
 #include "platform/settings/MemoryUserDefaults.h"
 #include "sync/manager/SyncManager.h"
-#include "transfer/OnDemandMount.h"
-#include "transfer/TransferEngine.h"
+#include "transfer/mount/DragMount.h"
+#include "transfer/queue/CopyQueue.h"
+#include "transfer/staging/StagedFiles.h"
 
 #include <QObject>
 
@@ -46,14 +47,14 @@ class TessaryApp : public QObject {
     Q_OBJECT
 
 public:
-    /// `sources` and `files` must outlive the application.
-    TessaryApp(DeviceSources sources, DeviceFileService& files, TessaryAppSetup setup);
+    /// `sources` and `services` must outlive the application.
+    TessaryApp(DeviceSources sources, DeviceServices& services, TessaryAppSetup setup);
     /// stop(), whatever comes of it.
     ~TessaryApp() override;
 
     /// Ends what runs in the background, within four seconds; nothing is to be started afterwards.
-    /// False when something hangs: it goes on using `files` and what that uses, which then must not
-    /// be destroyed.
+    /// False when something hangs: it goes on using `services` and what that uses, which then must
+    /// not be destroyed.
     bool stop();
 
     [[nodiscard]] DeviceManager& deviceManager() {
@@ -78,14 +79,18 @@ public:
     [[nodiscard]] const std::shared_ptr<ServiceNetwork>& network() const {
         return setup_.network;
     }
-    [[nodiscard]] DeviceFileService& files() {
-        return files_;
+    [[nodiscard]] DeviceServices& services() {
+        return services_;
     }
-    [[nodiscard]] TransferEngine& transferEngine() {
-        return engine_;
+    /// Local copies of phones' files, for previews and drags.
+    [[nodiscard]] StagedFiles& stagedFiles() {
+        return staged_;
+    }
+    [[nodiscard]] CopyQueue& copyQueue() {
+        return copies_;
     }
     /// What was dragged out of the windows.
-    [[nodiscard]] OnDemandMount& promisedFiles() {
+    [[nodiscard]] DragMount& promisedFiles() {
         return promisedFiles_;
     }
     [[nodiscard]] const TessaryAppSetup& setup() const {
@@ -99,10 +104,11 @@ public:
     }
 
 private:
-    DeviceFileService& files_;
+    DeviceServices& services_;
     TessaryAppSetup setup_;
-    OnDemandMount promisedFiles_;
-    TransferEngine engine_;
+    StagedFiles staged_{QStringLiteral("files")};
+    DragMount promisedFiles_;
+    CopyQueue copies_;
     DeviceManager deviceManager_;
     SyncManager syncManager_;
     UpdateCheckerService updateChecker_;

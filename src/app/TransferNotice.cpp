@@ -6,14 +6,14 @@
 
 namespace tessary {
 
-TransferNotice::TransferNotice(TransferViewModel& transfers, Setup setup)
-    : transfers_(transfers), setup_(std::move(setup)) {
-    connect(&transfers, &TransferViewModel::summaryChanged, this, &TransferNotice::follow);
-    connect(&transfers, &TransferViewModel::jobFinished, this, &TransferNotice::count);
+TransferNotice::TransferNotice(CopyQueue& queue, Setup setup)
+    : queue_(queue), setup_(std::move(setup)) {
+    connect(&queue, &CopyQueue::summaryChanged, this, &TransferNotice::follow);
+    connect(&queue, &CopyQueue::jobFinished, this, &TransferNotice::count);
 }
 
 void TransferNotice::follow() {
-    if (isRunning_ || transfers_.summary().isIdle())
+    if (isRunning_ || queue_.summary().isIdle())
         return;
     isRunning_ = true;
     began_ = setup_.now();
@@ -22,18 +22,18 @@ void TransferNotice::follow() {
 }
 
 void TransferNotice::count(const QUuid& jobId) {
-    const int index = transfers_.indexOf(jobId);
+    const int index = queue_.indexOf(jobId);
     if (index < 0)
         return;
-    const TransferJob& job = transfers_.jobs()[static_cast<std::size_t>(index)];
-    using Status = TransferJob::TransferStatus;
-    if (job.status == Status::completed)
-        ++copied_;
-    else if (job.status == Status::failed)
-        ++failed_;
+    const CopyJob& job = queue_.jobs()[static_cast<std::size_t>(index)];
+    using Status = CopyJob::Status;
+    if (job.status == Status::done)
+        copied_ += job.things;
+    else if (job.status != Status::cancelled)
+        failed_ += job.things;
     if (job.status != Status::cancelled)
         lastName_ = job.name;
-    if (!transfers_.summary().isIdle())
+    if (!queue_.summary().isIdle())
         return;
     isRunning_ = false;
     if (copied_ + failed_ > 0 && setup_.now() - began_ >= longQueue && !setup_.isWindowActive())

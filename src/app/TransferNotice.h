@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/desktop/Notifier.h"
-#include "transfer/TransferViewModel.h"
+#include "transfer/queue/CopyQueue.h"
 
 #include <QObject>
 
@@ -29,15 +29,15 @@ public:
         std::function<Clock::time_point()> now = [] { return Clock::now(); };
     };
 
-    /// `transfers` must outlive it.
-    TransferNotice(TransferViewModel& transfers, Setup setup);
+    /// `queue` must outlive it.
+    TransferNotice(CopyQueue& queue, Setup setup);
 
 private:
     void follow();
     void count(const QUuid& jobId);
     void tell() const;
 
-    TransferViewModel& transfers_;
+    CopyQueue& queue_;
     const Setup setup_;
     // Since the queue was last empty:
     bool isRunning_ = false;

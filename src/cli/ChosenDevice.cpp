@@ -1,10 +1,11 @@
 #include "cli/ChosenDevice.h"
 
 #include "base/threads/CancellationError.h"
-#include "base/values/TessaryError.h"
+#include "cli/CliFailure.h"
 #include "devices/list/ADBPhones.h"
 #include "devices/list/IPhoneDevices.h"
-#include "ios/helper/IPhoneInfo.h"
+#include "ios/helper/IPhoneHelper.h"
+#include "phone/PhoneError.h"
 
 #include <algorithm>
 #include <array>
@@ -14,16 +15,15 @@ namespace tessary {
 namespace {
 
 /// Returns why the first one did not tell its name that did not.
-std::optional<TessaryError> readNames(std::vector<DeviceInfo>& devices,
-                                      const std::stop_token& stop) {
-    std::optional<TessaryError> refusal;
+std::optional<Error> readNames(std::vector<DeviceInfo>& devices, const std::stop_token& stop) {
+    std::optional<Error> refusal;
     for (DeviceInfo& device : devices) {
         throwIfStopped(stop);
         if (device.platform != DevicePlatform::iOS || device.deviceName)
             continue;
         try {
-            device.deviceName = iphoneFacts(device.udid, stop).name;
-        } catch (const TessaryError& error) {
+            device.deviceName = askIPhoneFacts(device.udid, stop).name;
+        } catch (const Error& error) {
             if (!refusal)
                 refusal = error;
         }
@@ -54,7 +54,7 @@ DeviceInfo chooseDevice(DeviceSources sources, const CliRequest& request,
                  return device.deviceName.value_or(QString()).compare(wanted,
                                                                       Qt::CaseInsensitive) == 0;
              }}};
-    std::optional<TessaryError> refusal;
+    std::optional<Error> refusal;
     for (const Rule& rule : rules) {
         if (rule.needsNames)
             refusal = readNames(all, stop);
@@ -62,7 +62,7 @@ DeviceInfo chooseDevice(DeviceSources sources, const CliRequest& request,
         std::copy_if(all.begin(), all.end(), std::back_inserter(matching),
                      [&](const DeviceInfo& device) { return rule.fits(device, request.device); });
         if (matching.size() > 1)
-            throw TessaryError::deviceNotFound(
+            throw CliFailure(
                 QStringLiteral("\"%1\" fits %2 devices. Give more of the udid: see tessary-cli "
                                "devices.")
                     .arg(request.device)
@@ -71,9 +71,9 @@ DeviceInfo chooseDevice(DeviceSources sources, const CliRequest& request,
             return matching.front();
     }
     // It may be the one that is meant: what it waits for helps more than that it is missing.
-    if (refusal && refusal->kind() == TessaryError::Case::lockdownFailed)
+    if (refusal && !refusal->is(PhoneError::notConnected) && !refusal->is(PhoneError::unplugged))
         throw *refusal;
-    throw TessaryError::deviceNotFound(
+    throw CliFailure(
         QStringLiteral("\"%1\" is not attached. Plug it in, unlock it and choose File transfer on "
                        "it; tessary-cli devices lists what is there.")
             .arg(request.device));

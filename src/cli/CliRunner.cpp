@@ -1,20 +1,19 @@
 #include "cli/CliRunner.h"
 
+#include "app/texts/ErrorText.h"
 #include "base/text/ByteFormat.h"
+#include "base/text/PathNames.h"
 #include "base/text/Printable.h"
 #include "base/threads/CancellationError.h"
-#include "base/values/TessaryError.h"
 #include "cli/ChosenDevice.h"
+#include "cli/CliFailure.h"
 #include "cli/DeviceChanges.h"
 #include "cli/DeviceFollower.h"
 #include "cli/ProgressPrinter.h"
 #include "cli/RecordJson.h"
-#include "devices/files/AndroidFileAccess.h"
-#include "devices/files/AppFileAccess.h"
 #include "devices/list/DeviceManager.h"
-#include "ios/helper/IPhoneInfo.h"
-#include "phone/DevicePath.h"
-#include "transfer/ErrorAdvice.h"
+#include "ios/helper/IPhoneHelper.h"
+#include "transfer/local/LocalFileSystem.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -56,7 +55,7 @@ void addLiveInfo(DeviceInfo& device, const std::optional<LiveDeviceInfo>& live) 
 }
 
 void addPhoneInfo(DeviceInfo& device, const std::stop_token& stop) {
-    const IPhoneFacts facts = iphoneFacts(device.udid, stop);
+    const IPhoneFacts facts = askIPhoneFacts(device.udid, stop);
     device.deviceName = facts.name;
     device.batteryLevel = facts.battery;
     if (facts.storage) {
@@ -67,9 +66,9 @@ void addPhoneInfo(DeviceInfo& device, const std::stop_token& stop) {
 
 } // namespace
 
-CliRunner::CliRunner(DeviceSources sources, DeviceFileService& files, UserDefaults& defaults,
+CliRunner::CliRunner(DeviceSources sources, DeviceServices& services, UserDefaults& defaults,
                      std::FILE* out, std::FILE* error)
-    : sources_(sources), service_(files), defaults_(defaults), out_(out), error_(error) {}
+    : sources_(sources), services_(services), defaults_(defaults), out_(out), error_(error) {}
 
 CliRunner::ExitStatus CliRunner::run(const CliRequest& request,
                                      const std::stop_token& stop) noexcept {
@@ -90,8 +89,10 @@ CliRunner::ExitStatus CliRunner::run(const CliRequest& request,
     } catch (const CancellationError&) {
         fail(QStringLiteral("Interrupted."));
         return interrupted;
+    } catch (const Error& error) {
+        fail(errorText(error).text());
     } catch (const std::exception& error) {
-        fail((files_ ? adviceFor(error, *files_) : adviceFor(error)).text());
+        fail(QString::fromUtf8(error.what()));
     }
     return status_;
 }
@@ -111,8 +112,7 @@ void CliRunner::flushOutput() {
     if (std::fflush(out_) == 0 && std::ferror(out_) == 0)
         return;
     const QString reason = QString::fromLocal8Bit(std::strerror(errno));
-    throw TessaryError::fileIOError(
-        QStringLiteral("The output cannot be written whole: %1").arg(reason));
+    throw CliFailure(QStringLiteral("The output cannot be written whole: %1").arg(reason));
 }
 
 void CliRunner::fail(const QString& message) {
@@ -134,12 +134,12 @@ const DeviceInfo& CliRunner::chosenDevice() {
     if (device_)
         return *device_;
     const bool wantsADB = request_.protocol == ProtocolMode::adbTurbo;
-    if (wantsADB && !service_.findADBBinary())
-        throw TessaryError::fileIOError(
+    if (wantsADB && !services_.adbTool().find())
+        throw CliFailure(
             QStringLiteral("adb is not installed. Install it, or use --protocol mtp."));
     std::vector<ADBDevice> reached;
     if (wantsADB || (sources_.asksADB && !request_.protocol))
-        reached = service_.adbDevices();
+        reached = services_.adbWays().devices();
     DeviceInfo device = chooseDevice(sources_, request_, stop_, reached);
     if (device.platform == DevicePlatform::android) {
         const auto chosen = protocolModeFromRawValue(
@@ -150,28 +150,31 @@ const DeviceInfo& CliRunner::chosenDevice() {
     return *device_;
 }
 
-FileAccess& CliRunner::files() {
+PhoneFileSystem& CliRunner::files() {
     if (files_)
         return *files_;
     const DeviceInfo& device = chosenDevice();
     const bool isIPhone = device.platform == DevicePlatform::iOS;
-    if (isIPhone && request_.app.isEmpty())
-        throw TessaryError::fileIOError(
-            QStringLiteral("The files of an iPhone are those of its apps. Give one with --app; "
-                           "tessary-cli apps %1 lists them.")
+    if (isIPhone && request_.app.isEmpty() && !request_.media)
+        throw CliFailure(
+            QStringLiteral("The files of an iPhone are its photos (--media) and those of its apps: "
+                           "give one with --app; tessary-cli apps %1 lists them.")
                 .arg(request_.device));
     if (!isIPhone && !request_.app.isEmpty())
-        throw TessaryError::fileIOError(QStringLiteral("--app is for iPhones only."));
-    if (isIPhone)
-        files_ = std::make_unique<AppFileAccess>(device, AppInfo{request_.app, request_.app, true});
-    else
-        files_ = std::make_unique<AndroidFileAccess>(service_, device);
+        throw CliFailure(QStringLiteral("--app is for iPhones only."));
+    if (!isIPhone && request_.media)
+        throw CliFailure(QStringLiteral("--media is for iPhones only."));
+    files_ =
+        !isIPhone ? services_.files().open(device)
+        : request_.media
+            ? services_.files().openMedia(device)
+            : services_.files().openApp(device, AppInfo{request_.app, request_.app, true, false});
     return *files_;
 }
 
 /// Devices that have not told their figures by then are listed without.
 void CliRunner::devices() {
-    DeviceFollower follower(DeviceFollower::Mode::once, sources_, service_, request_.alsoAccept);
+    DeviceFollower follower(DeviceFollower::Mode::once, sources_, services_, request_.alsoAccept);
     const auto end = std::chrono::steady_clock::now() + detailsPatience;
     DeviceSnapshot now;
     while (!now.isSettled) {
@@ -199,7 +202,7 @@ void CliRunner::devices() {
 
 /// Ends with a stop request only.
 void CliRunner::watch() {
-    DeviceFollower follower(DeviceFollower::Mode::listening, sources_, service_,
+    DeviceFollower follower(DeviceFollower::Mode::listening, sources_, services_,
                             request_.alsoAccept);
     DeviceSnapshot before;
     while (true) {
@@ -220,10 +223,10 @@ void CliRunner::watch() {
 void CliRunner::apps() {
     const DeviceInfo& device = chosenDevice();
     if (device.platform != DevicePlatform::iOS)
-        throw TessaryError::fileIOError(
+        throw CliFailure(
             QStringLiteral("\"%1\" is no iPhone: it has files of its own, not of apps.")
                 .arg(request_.device));
-    const std::vector<AppInfo> apps = iphoneApps(device.udid, stop_);
+    const std::vector<AppInfo> apps = services_.apps(device, stop_);
     if (request_.json) {
         QJsonArray array;
         for (const AppInfo& app : apps)
@@ -239,7 +242,8 @@ void CliRunner::apps() {
 }
 
 void CliRunner::list() {
-    std::vector<FileItem> items = files().listDirectory(request_.paths.front(), stop_);
+    Listing listing = listAll(files(), request_.paths.front(), stop_);
+    std::vector<FileItem> items = std::move(listing.items);
     std::stable_sort(items.begin(), items.end(), [](const FileItem& a, const FileItem& b) {
         if (a.isDirectory != b.isDirectory)
             return a.isDirectory;
@@ -250,18 +254,21 @@ void CliRunner::list() {
         for (const FileItem& item : items)
             array.append(toJson(item));
         print(array);
-        return;
+    } else {
+        for (const FileItem& item : items)
+            printLine(QStringLiteral("%1  %2  %3%4")
+                          .arg(item.formattedSize().rightJustified(10), shownDate(item),
+                               printable(item.name),
+                               item.isDirectory ? QStringLiteral("/") : QString()));
     }
-    for (const FileItem& item : items)
-        printLine(QStringLiteral("%1  %2  %3%4")
-                      .arg(item.formattedSize().rightJustified(10), shownDate(item),
-                           printable(item.name),
-                           item.isDirectory ? QStringLiteral("/") : QString()));
+    // What is there and cannot be listed is not left out in silence.
+    for (const UnreadableEntry& entry : listing.unreadable)
+        fail(QStringLiteral("Not listed: %1: %2").arg(entry.path, reasonText(entry.error)));
 }
 
 void CliRunner::info() {
     if (!request_.paths.isEmpty()) {
-        const FileItem item = files().itemAt(request_.paths.front(), stop_);
+        const FileItem item = require(files(), request_.paths.front(), stop_);
         if (request_.json) {
             print(toJson(item));
             return;
@@ -277,7 +284,7 @@ void CliRunner::info() {
     if (device.platform == DevicePlatform::iOS)
         addPhoneInfo(device, stop_);
     else
-        addLiveInfo(device, service_.fetchLiveDeviceInfo(device));
+        addLiveInfo(device, services_.files().open(device)->liveInfo());
     if (request_.json) {
         print(toJson(device));
         return;
@@ -309,71 +316,68 @@ void CliRunner::printDevice(const DeviceInfo& device) {
 }
 
 void CliRunner::get() {
-    const FileItem item = files().itemAt(request_.paths.front(), stop_);
+    const FileItem item = require(files(), request_.paths.front(), stop_);
     const bool intoFolder = QFileInfo(request_.localPath).isDir();
     if (intoFolder && !isSafeName(item.name))
-        throw TessaryError::fileIOError(
+        throw CliFailure(
             QStringLiteral("The name \"%1\" cannot be used on this computer. Give a name for the "
                            "copy.")
                 .arg(item.name));
-    const QString target =
-        intoFolder ? joinPath(request_.localPath, item.name) : request_.localPath;
-    ProgressPrinter printer(error_);
-    if (item.isDirectory) {
-        finish(files().downloadDirectoryContents(
-            item, target, [&printer](const TransferProgress& progress) { printer.show(progress); },
-            stop_));
-        return;
-    }
-    files().downloadFile(
-        item, target, [&printer](qint64 all, qint64 total) { printer.show(all, total); }, stop_);
-    if (request_.json)
-        print(QJsonObject{{QLatin1StringView("path"), target},
-                          {QLatin1StringView("size"), QFileInfo(target).size()}});
+    const QString folder = intoFolder ? request_.localPath : parentPath(request_.localPath);
+    const QString name = intoFolder ? item.name : lastComponent(request_.localPath);
+    copy({files_, std::make_shared<LocalFileSystem>(folder), {{item, name}}, folder});
 }
 
 void CliRunner::put() {
-    const QString& folder = request_.paths.front();
-    const QFileInfo local(request_.localPath);
-    ProgressPrinter printer(error_);
-    if (local.isDir()) {
-        finish(files().uploadDirectory(
-            request_.localPath, folder,
-            [&printer](const TransferProgress& progress) { printer.show(progress); }, stop_));
-        return;
-    }
-    files().uploadFile(
-        request_.localPath, folder,
-        [&printer](qint64 all, qint64 total) { printer.show(all, total); }, stop_);
-    if (request_.json)
-        print(QJsonObject{{QLatin1StringView("path"), joinPath(folder, local.fileName())},
-                          {QLatin1StringView("size"), local.size()}});
+    LocalItem local = openLocalItem(request_.localPath);
+    const FileItem folder = requireFolder(files(), request_.paths.front(), stop_);
+    const QString name = local.item.name;
+    copy({local.files, files_, {{std::move(local.item), name}}, folder.path});
 }
 
-/// Reports how a folder transfer ended; what was left out makes it a failure.
-void CliRunner::finish(const TransferOutcome& outcome) {
+/// Copies, with progress, and reports how it ended; what was left out makes it a failure.
+void CliRunner::copy(TreeCopyRequest request) {
+    const bool isFolder = request.items.front().item.isDirectory;
+    request.policy = [answer = request_.clash](const Clash& clash) {
+        return clash.coming.isDirectory && clash.existing.isDirectory ? ClashAnswer::merge : answer;
+    };
+    request.skipsSame = request_.onlyNew;
+    CopyOutcome outcome;
+    {
+        ProgressPrinter printer(error_);
+        outcome =
+            TreeCopy(std::move(request))
+                .run([&](const TransferProgress& progress) { printer.show(progress); }, stop_);
+    }
+    if (outcome.isCancelled)
+        throw CancellationError();
     if (request_.json)
-        print(toJson(outcome));
-    for (const SkippedItem& item : outcome.skipped)
-        fail(QStringLiteral("Not copied: %1: %2").arg(item.path, item.reason));
+        print(isFolder || outcome.made.isEmpty()
+                  ? toJson(outcome)
+                  : QJsonObject{{QLatin1StringView("path"), outcome.made.front()},
+                                {QLatin1StringView("size"), outcome.bytes}});
+    for (const LeftOut& left : outcome.leftOut)
+        fail(QStringLiteral("Not copied: %1: %2").arg(left.item.item.path, reasonText(left.error)));
+    if (outcome.failure)
+        throw *outcome.failure;
 }
 
 void CliRunner::makeFolders() {
     for (const QString& path : request_.paths)
-        files().createFolder(lastComponent(path), parentPath(path), stop_);
+        (void)files().makeFolder(parentPath(path), lastComponent(path), stop_);
     if (request_.json)
         print(QJsonArray::fromStringList(request_.paths));
 }
 
 void CliRunner::remove() {
     for (const QString& path : request_.paths)
-        files().deleteItem(files().itemAt(path, stop_), stop_);
+        files().removeTree(require(files(), path, stop_), stop_);
     if (request_.json)
         print(QJsonArray::fromStringList(request_.paths));
 }
 
 void CliRunner::move() {
-    FileItem item = files().itemAt(request_.paths[0], stop_);
+    FileItem item = require(files(), request_.paths[0], stop_);
     const QString& target = request_.paths[1];
     const QString oldFolder = parentPath(item.path);
 
@@ -383,35 +387,28 @@ void CliRunner::move() {
     if (target.contains(QLatin1Char('/'))) {
         folder = parentPath(target);
         name = lastComponent(target);
-        std::optional<FileItem> existing;
-        try {
-            existing = files().itemAt(target, stop_);
-        } catch (const TessaryError&) {
-            // Nothing of this name is there: it is the new one.
-        }
+        const auto existing = files().find(target, stop_);
         if (existing && existing->isDirectory) {
             folder = existing->path;
             name = item.name;
         } else if (existing && existing->path != item.path) {
-            throw TessaryError::fileIOError(QStringLiteral("\"%1\" is already there.").arg(name));
+            throw Error(PhoneError::taken, {name});
         }
-        folder = files().itemAt(folder, stop_).path;
+        folder = require(files(), folder, stop_).path;
     }
     const bool isMoved = folder != oldFolder;
-    if (isMoved) {
-        files().moveItem(item, folder, stop_);
-        item.path = joinPath(folder, item.name);
-    }
+    if (isMoved)
+        item = files().move(item, folder, stop_);
     try {
         if (name != item.name)
-            files().renameItem(item, name, stop_);
+            item = files().rename(item, name, TakenName::refused, stop_);
     } catch (...) {
         if (isMoved) // all or nothing, also after a stop request
-            files().moveItem(item, oldFolder, {});
+            (void)files().move(item, oldFolder, {});
         throw;
     }
     if (request_.json)
-        print(QJsonObject{{QLatin1StringView("path"), joinPath(folder, name)}});
+        print(QJsonObject{{QLatin1StringView("path"), item.path}});
 }
 
 } // namespace tessary

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "cli/CommandLine.h"
-#include "devices/files/DeviceFileService.h"
+#include "devices/files/DeviceServices.h"
 #include "devices/list/DeviceSources.h"
-#include "phone/FileAccess.h"
 #include "platform/settings/UserDefaults.h"
 #include "sync/old/plan/SyncReport.h"
+#include "transfer/copy/TreeCopy.h"
 
 #include <cstdio>
 #include <memory>
@@ -23,7 +23,7 @@ public:
     enum ExitStatus { done = 0, failed = 1, wrongUsage = 2, interrupted = 130 };
 
     /// Everything must outlive the runner.
-    CliRunner(DeviceSources sources, DeviceFileService& files, UserDefaults& defaults,
+    CliRunner(DeviceSources sources, DeviceServices& services, UserDefaults& defaults,
               std::FILE* out, std::FILE* error);
 
     /// Never throws: every failure is one clear line on `error` and an exit status.
@@ -45,9 +45,9 @@ private:
 
     [[nodiscard]] const DeviceInfo& chosenDevice();
     /// The files of the chosen device, or of the chosen app of it.
-    [[nodiscard]] FileAccess& files();
+    [[nodiscard]] PhoneFileSystem& files();
     void printDevice(const DeviceInfo& device);
-    void finish(const TransferOutcome& outcome);
+    void copy(TreeCopyRequest request);
     void print(const QJsonValue& document);
     void printLine(const QString& line);
     void flushOutput();
@@ -55,7 +55,7 @@ private:
     void fail(const QString& message);
 
     const DeviceSources sources_;
-    DeviceFileService& service_;
+    DeviceServices& services_;
     UserDefaults& defaults_;
     std::FILE* out_;
     std::FILE* error_;
@@ -64,7 +64,7 @@ private:
     CliRequest request_;
     std::stop_token stop_;
     std::optional<DeviceInfo> device_;
-    std::unique_ptr<FileAccess> files_; ///< null until it is needed
+    std::shared_ptr<PhoneFileSystem> files_; ///< null until it is needed
     ExitStatus status_ = done;
 };
 

@@ -28,6 +28,11 @@ struct Raw {
     std::vector<std::string> usb;
     std::string device;
     std::string app;
+    bool media = false;
+    bool onlyNew = false;
+    bool skip = false;
+    bool replace = false;
+    bool keepBoth = false;
     std::vector<std::string> paths;
     std::string path;
     std::string target;
@@ -106,7 +111,20 @@ std::vector<Subcommand> addSubcommands(CLI::App& app, Raw& raw) {
     };
     const auto addDevice = [&](CLI::App& sub) {
         addAnyDevice(sub);
-        sub.add_option("--app", raw.app, "Bundle identifier of the iPhone app to work in");
+        CLI::Option* oneApp =
+            sub.add_option("--app", raw.app, "Bundle identifier of the iPhone app to work in");
+        sub.add_flag("--media", raw.media, "Work in the photos and videos of an iPhone")
+            ->excludes(oneApp);
+    };
+    const auto addClashes = [&](CLI::App& sub) {
+        sub.add_flag("--new", raw.onlyNew, "Leave what is there with the same size and date");
+        CLI::Option* skip = sub.add_flag("--skip", raw.skip, "Leave files whose name is taken");
+        CLI::Option* replace =
+            sub.add_flag("--replace", raw.replace, "Replace files whose name is taken (as usual)");
+        CLI::Option* both =
+            sub.add_flag("--keep-both", raw.keepBoth, "Give such a copy a number: \"a (2).txt\"");
+        skip->excludes(replace)->excludes(both);
+        replace->excludes(both);
     };
 
     add("devices", "List the devices that are attached", Command::devices);
@@ -129,11 +147,13 @@ std::vector<Subcommand> addSubcommands(CLI::App& app, Raw& raw) {
     addDevice(get);
     get.add_option("PATH", raw.path, "File or folder on the device")->required();
     get.add_option("LOCAL", raw.local, "Folder here, or the name of the copy")->required();
+    addClashes(get);
 
     CLI::App& put = add("put", "Copy a file or folder into a folder of a device", Command::put);
     addDevice(put);
     put.add_option("LOCAL", raw.local, "File or folder here")->required();
     put.add_option("PATH", raw.path, "Folder on the device")->required();
+    addClashes(put);
 
     CLI::App& makeFolder = add("mkdir", "Make folders on a device", Command::makeFolder);
     addDevice(makeFolder);
@@ -164,6 +184,11 @@ CliRequest requestOf(const Raw& raw, CliRequest::Command command) {
         request.demoFolder = QFileInfo(text(raw.demoFolder)).absoluteFilePath();
     request.device = text(raw.device);
     request.app = text(raw.app);
+    request.media = raw.media;
+    request.onlyNew = raw.onlyNew;
+    request.clash = raw.skip       ? ClashAnswer::skip
+                    : raw.keepBoth ? ClashAnswer::keepBoth
+                                   : ClashAnswer::replace;
     for (const std::string& path : raw.paths)
         request.paths.append(text(path));
     if (!raw.path.empty())

@@ -2,6 +2,7 @@
 
 #include "devices/list/AndroidDevices.h"
 #include "sync/old/plan/SyncPair.h"
+#include "transfer/copy/CopyTypes.h"
 
 #include <QString>
 #include <QStringList>
@@ -36,15 +37,20 @@ struct CliRequest {
     };
 
     Command command = Command::devices;
-    QString device;    ///< udid, prefix of one, or name
-    QStringList paths; ///< on the device
-    QString app;       ///< --app: bundle identifier of an iPhone app
+    QString device;     ///< udid, prefix of one, or name
+    QStringList paths;  ///< on the device
+    QString app;        ///< --app: bundle identifier of an iPhone app
+    bool media = false; ///< --media: an iPhone's photos and videos
     QString localPath;
     bool json = false;
     bool demo = false;
     QString demoFolder; ///< where the virtual phones keep their files; empty: a temporary folder
     std::vector<USBIds> alsoAccept;       ///< --usb
     std::optional<ProtocolMode> protocol; ///< --protocol, for Android phones
+
+    // Of get and put:
+    ClashAnswer clash = ClashAnswer::replace; ///< for files whose name is taken
+    bool onlyNew = false; ///< --new: what is there with the same size and date stays
 
     // Of a sync:
     SyncMode mode = SyncMode::biDirectional;

@@ -1,5 +1,6 @@
 #include "cli/DeviceChanges.h"
 
+#include "app/texts/ErrorText.h"
 #include "base/text/Printable.h"
 #include "cli/RecordJson.h"
 
@@ -18,9 +19,22 @@ using View = QLatin1StringView;
 /// In the order of the kinds.
 constexpr std::array kindNames{View("attached"), View("detached"), View("changed"),
                                View("conflict")};
-constexpr std::array troubleNames{View("heldByProgram"), View("notPermitted"), View("refused"),
-                                  View("notAnswering"), View("adbMissing")};
 constexpr View troubleField("trouble");
+
+/// What documents call a trouble.
+View nameOf(const DeviceTrouble& trouble) {
+    if (trouble.isHeld())
+        return View("heldByProgram");
+    if (trouble.error.is(DeviceError::turboUnavailable))
+        return View("adbMissing");
+    if (trouble.error.is(PhoneError::notPermitted))
+        return View("notPermitted");
+    for (const PhoneError refusal :
+         {PhoneError::notTrusted, PhoneError::trustForgotten, PhoneError::locked})
+        if (trouble.error.is(refusal))
+            return View("refused");
+    return View("notAnswering");
+}
 
 View nameOf(Kind kind) {
     return kindNames[static_cast<std::size_t>(kind)];
@@ -52,8 +66,7 @@ QString shownStorage(const DeviceInfo& device) {
 }
 
 QString shownTrouble(const std::optional<DeviceTrouble>& trouble) {
-    return trouble ? printable(trouble->message + QLatin1Char(' ') + trouble->advice).trimmed()
-                   : QStringLiteral("can be read again");
+    return trouble ? errorText(trouble->error).text() : QStringLiteral("can be read again");
 }
 
 QString shownName(const DeviceInfo& device) {
@@ -117,13 +130,17 @@ std::vector<DeviceChange> changesBetween(const DeviceSnapshot& before,
 
 QJsonObject toJson(const DeviceInfo& device, const std::optional<DeviceTrouble>& trouble) {
     QJsonObject object = toJson(device);
-    if (trouble)
-        object.insert(
-            troubleField,
-            QJsonObject{{View("kind"), troubleNames[static_cast<std::size_t>(trouble->kind)]},
-                        {View("programs"), QJsonArray::fromStringList(trouble->programs)},
-                        {View("message"), trouble->message},
-                        {View("advice"), trouble->advice}});
+    if (trouble) {
+        const ErrorText words = errorText(trouble->error);
+        QJsonArray programs;
+        if (trouble->isHeld())
+            for (const QVariant& program : trouble->error.arguments())
+                programs.append(program.toString());
+        object.insert(troubleField, QJsonObject{{View("kind"), nameOf(*trouble)},
+                                                {View("programs"), programs},
+                                                {View("message"), words.what},
+                                                {View("advice"), words.advice}});
+    }
     return object;
 }
 

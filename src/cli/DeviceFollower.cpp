@@ -33,11 +33,11 @@ struct DeviceFollower::State {
     }
 };
 
-DeviceFollower::DeviceFollower(Mode mode, DeviceSources sources, DeviceFileService& files,
+DeviceFollower::DeviceFollower(Mode mode, DeviceSources sources, DeviceServices& services,
                                const std::vector<USBIds>& alsoAccept)
     : state_(std::make_shared<State>()) {
-    MainThread::post([state = state_, mode, sources, &files, alsoAccept] {
-        state->manager = std::make_unique<DeviceManager>(sources, files, alsoAccept);
+    MainThread::post([state = state_, mode, sources, &services, alsoAccept] {
+        state->manager = std::make_unique<DeviceManager>(sources, services, alsoAccept);
         DeviceManager* manager = state->manager.get();
         // The state owns the manager and thus outlives its signals.
         State* const taker = state.get();

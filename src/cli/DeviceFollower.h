@@ -31,7 +31,7 @@ public:
 
     /// Not on the main thread. `sources` and `files` must outlive the follower and the background
     /// work that its manager starts.
-    DeviceFollower(Mode mode, DeviceSources sources, DeviceFileService& files,
+    DeviceFollower(Mode mode, DeviceSources sources, DeviceServices& services,
                    const std::vector<USBIds>& alsoAccept);
     /// Waits until the manager is gone.
     ~DeviceFollower();

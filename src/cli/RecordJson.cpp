@@ -1,6 +1,10 @@
 #include "cli/RecordJson.h"
 
+#include "app/texts/ErrorText.h"
+
 #include <QJsonArray>
+
+#include <algorithm>
 
 namespace tessary {
 
@@ -68,14 +72,20 @@ QJsonObject toJson(const FileItem& item) {
     return object;
 }
 
-QJsonObject toJson(const TransferOutcome& outcome) {
+QJsonObject toJson(const CopyOutcome& outcome) {
     QJsonArray skipped;
-    for (const SkippedItem& item : outcome.skipped)
-        skipped.append(QJsonObject{{View("path"), item.path}, {View("reason"), item.reason}});
-    return {{View("totalFiles"), outcome.progress.totalFiles},
-            {View("completedFiles"), outcome.progress.completedFiles},
-            {View("totalBytes"), outcome.progress.totalBytes},
-            {View("completedBytes"), outcome.progress.completedBytes},
+    qint64 missing = 0;
+    for (const LeftOut& left : outcome.leftOut) {
+        skipped.append(QJsonObject{{View("path"), left.item.item.path},
+                                   {View("reason"), reasonText(left.error)}});
+        missing += left.item.item.isDirectory ? 0 : std::max<qint64>(left.item.item.size, 0);
+    }
+    return {{View("totalFiles"),
+             outcome.files + outcome.alreadyThere + static_cast<qint64>(outcome.leftOut.size())},
+            {View("completedFiles"), outcome.files},
+            {View("alreadyThere"), outcome.alreadyThere},
+            {View("totalBytes"), outcome.bytes + missing},
+            {View("completedBytes"), outcome.bytes},
             {View("skipped"), skipped}};
 }
 

@@ -4,6 +4,7 @@
 #include "phone/records/AppInfo.h"
 #include "phone/records/DeviceInfo.h"
 #include "phone/records/FileItem.h"
+#include "transfer/copy/CopyTypes.h"
 
 #include <QJsonObject>
 
@@ -16,6 +17,6 @@ namespace tessary {
 [[nodiscard]] QJsonObject toJson(const DeviceInfo& device);
 [[nodiscard]] QJsonObject toJson(const AppInfo& app);
 [[nodiscard]] QJsonObject toJson(const FileItem& item);
-[[nodiscard]] QJsonObject toJson(const TransferOutcome& outcome);
+[[nodiscard]] QJsonObject toJson(const CopyOutcome& outcome);
 
 } // namespace tessary

@@ -5,7 +5,6 @@
 #include "cli/CliRunner.h"
 #include "cli/ProgressPrinter.h"
 #include "cli/RecordJson.h"
-#include "phone/FileAccess.h"
 #include "platform/desktop/HostInfo.h"
 #include "sync/manager/SyncConnection.h"
 #include "sync/old/plan/SyncHost.h"
@@ -165,7 +164,7 @@ bool CliRunner::mayGoOn(const SyncQuestion& question) {
 }
 
 void CliRunner::sync() {
-    const FileAccess& access = files(); // checks that device and --app go together
+    const PhoneFileSystem& access = files(); // checks that device and --app go together
     const DeviceInfo device = chosenDevice();
     SyncPair pair;
     pair.deviceUDID = device.udid;
@@ -182,7 +181,7 @@ void CliRunner::sync() {
     const QString hostID = syncHostID(defaults_);
     requireStored(defaults_);
 
-    const auto backend = deviceConnector(service_)(pair, device, stop_);
+    const auto backend = deviceConnector(services_)(pair, device, stop_);
     DiskSyncFolder folder(pair.localFolderPath);
     SyncReport report;
     QString error;

@@ -26,7 +26,7 @@ ThumbnailCache& ThumbnailCache::shared() {
 ThumbnailCache::ThumbnailCache(QString folder, qint64 maxBytes)
     : folder_(std::move(folder)), maxBytes_(maxBytes) {}
 
-QString ThumbnailCache::key(const FileAccess& files, const FileItem& item) {
+QString ThumbnailCache::key(const PhoneFileSystem& files, const FileItem& item) {
     const QStringList identity{
         files.identity(), item.id(), item.path, QString::number(item.size),
         item.modifiedDate ? QString::number(item.modifiedDate->toMSecsSinceEpoch()) : QString()};

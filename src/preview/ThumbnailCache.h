@@ -1,6 +1,6 @@
 #pragma once
 
-#include "phone/FileAccess.h"
+#include "phone/PhoneFileSystem.h"
 
 #include <QImage>
 
@@ -24,7 +24,7 @@ public:
     explicit ThumbnailCache(QString folder, qint64 maxBytes = defaultMaxBytes);
 
     /// What stands for a file in this state. Pure.
-    [[nodiscard]] static QString key(const FileAccess& files, const FileItem& item);
+    [[nodiscard]] static QString key(const PhoneFileSystem& files, const FileItem& item);
 
     /// Nothing when there is none, or none that can be read.
     [[nodiscard]] std::optional<QImage> load(const QString& key) const;

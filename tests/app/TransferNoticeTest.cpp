@@ -1,8 +1,9 @@
 #include "app/TransferNotice.h"
 #include "app/InterfaceTexts.h"
 #include "app/LanguageManager.h"
-#include "files/FakeFileAccess.h"
 #include "support/Application.h"
+#include "support/Gate.h"
+#include "support/MemoryFileSystem.h"
 #include "support/QtPrinters.h"
 
 #include <gmock/gmock.h>
@@ -47,28 +48,33 @@ TEST_F(TransferNoticeTest, onlyTheEndOfALongQueueBehindOtherWindowsIsTold) {
     const InterfaceTexts texts;
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        TransferEngine engine;
-        TransferViewModel transfers(engine);
+        CopyQueue queue;
         const auto heard = std::make_shared<Heard>();
         TransferNotice::Clock::time_point now;
         int shown = 0;
-        const TransferNotice notice(transfers, {heard, [&] { return row.isActive; },
-                                                [&shown] { ++shown; }, [&] { return now; }});
-        const auto phone = std::make_shared<FakeFileAccess>();
+        const TransferNotice notice(queue, {heard, [&] { return row.isActive; },
+                                            [&shown] { ++shown; }, [&] { return now; }});
+        const auto from = std::make_shared<MemoryFileSystem>();
+        const auto phone = std::make_shared<MemoryFileSystem>();
+        phone->addFolder(u"/root"_s);
         ::tessary::Gate gate;
-        phone->setScript([&](const QString& operation, const std::stop_token& stop) {
-            gate.pass(stop);
-            if (operation.contains(QLatin1Char('!')))
-                throw TessaryError::fileIOError(u"no"_s);
+        from->beforeEachCall([&](const MemoryFileSystem::Request& request, const Call& call) {
+            gate.pass(call.stop);
+            if (request.path.contains(QLatin1Char('!')))
+                throw Error(PhoneError::unreadable, {request.path});
         });
-        for (const QString& item : QString::fromLatin1(row.items).split(QLatin1Char(' ')))
-            transfers.enqueueUpload({u"/nowhere"_s, item}, u"/root"_s, phone);
-        for (const TransferJob& job : std::vector(transfers.jobs()))
+        for (const QString& name : QString::fromLatin1(row.items).split(QLatin1Char(' '))) {
+            from->addFile(u"/"_s + name, "content");
+            TreeCopyRequest request{.from = from, .to = phone, .folder = u"/root"_s};
+            request.items = {{from->item(u"/"_s + name), name}};
+            queue.enqueue(std::move(request));
+        }
+        for (const CopyJob& job : std::vector(queue.jobs()))
             if (job.name.startsWith(QLatin1Char('x')))
-                transfers.cancelJob(job.id);
+                queue.cancel(job.id);
         now += row.took;
         gate.open();
-        ASSERT_TRUE(eventually([&] { return transfers.summary().isIdle(); }));
+        ASSERT_TRUE(eventually([&] { return queue.summary().isIdle(); }));
         EXPECT_EQ(heard->messages.join(QLatin1Char('|')), QString::fromUtf8(row.told));
         if (heard->click)
             heard->click();

@@ -67,7 +67,7 @@ protected:
         Capture own;
         Capture& out = shared != nullptr ? *shared : own;
         Capture error;
-        CliRunner runner(bus_, files_, defaults_, out.stream, error.stream);
+        CliRunner runner(bus_, services_, defaults_, out.stream, error.stream);
         CliRunner::ExitStatus status = CliRunner::failed;
         // As in the program: the main thread's event loop turns while the work is done elsewhere.
         QEventLoop loop;
@@ -86,7 +86,7 @@ protected:
     VirtualUSBBus bus_;
     PluggedPhone phone_{bus_, phoneConfig("ABC123")};
     FakeProcessRunner processes_;
-    DeviceFileService files_{bus_, processes_};
+    DeviceServices services_{{bus_, processes_}};
     MemoryUserDefaults defaults_;
     QString device_ = u"ABC"_s;
 };

@@ -47,9 +47,10 @@ TEST(DeviceChangesTest, whatChangedIsShownOnceAndTroubleIsSaid) {
     EXPECT_TRUE(lineBetween(before, after).endsWith(u"choose File transfer on it"_s));
 
     after = before;
-    after.troubles.insert(phone("A").id(),
-                          {DeviceTrouble::Kind::heldByProgram, {}, u"Held."_s, u"Close."_s});
-    EXPECT_EQ(lineBetween(before, after), u"changed A Phone Held. Close."_s);
+    after.troubles.insert(phone("A").id(), {Error(PhoneError::held, {u"gvfsd-mtp"_s})});
+    EXPECT_EQ(
+        lineBetween(before, after),
+        u"changed A Phone gvfsd-mtp is using the phone. Close it, or unmount the phone in the desktop's file manager, and try again."_s);
     EXPECT_EQ(lineBetween(after, before), u"changed A Phone can be read again"_s);
 }
 

@@ -1,5 +1,5 @@
 #include "devices/DeviceManagerFixture.h"
-#include "devices/files/DeviceFileService.h"
+#include "devices/files/DeviceServices.h"
 #include "devices/list/DeviceManager.h"
 #include "platform/settings/MemoryUserDefaults.h"
 #include "support/ADBFixture.h"
@@ -17,15 +17,15 @@ class DeviceManagerADBTest : public DeviceManagerFixture, protected ADBPhone {
 protected:
     explicit DeviceManagerADBTest(bool asksForKeys = false)
         : ADBPhone({.folder = {}, .serialNumber = u"SERIAL"_s, .asksForKeys = asksForKeys}) {
-        restart(files_);
+        restart(services_);
     }
     ~DeviceManagerADBTest() override {
         end();
     }
 
     /// As a new start of the program does, with the settings of the last.
-    void restart(DeviceFileService& files) {
-        use(std::make_unique<DeviceManager>(DeviceSources(bus_, nullptr, true), files));
+    void restart(DeviceServices& services) {
+        use(std::make_unique<DeviceManager>(DeviceSources(bus_, nullptr, true), services));
         manager_->rememberModesIn(defaults_);
     }
     [[nodiscard]] std::optional<ProtocolMode> mode(const char* udid) const {
@@ -44,8 +44,21 @@ protected:
         return holds();
     }
 
-    DeviceFileService files_{bus_, runner_, QStringList{realADB()}};
-    DeviceFileService filesWithoutADB_{bus_, runner_, QStringList()};
+    [[nodiscard]] ADBServerAddress serverAddress() const {
+        ADBServerAddress address;
+        address.port = server_.port();
+        return address;
+    }
+
+    /// Where no server listens.
+    [[nodiscard]] static ADBServerAddress nowhere() {
+        ADBServerAddress address;
+        address.port = 1;
+        return address;
+    }
+
+    DeviceServices services_{{bus_, runner_, serverAddress(), QStringList{realADB()}}};
+    DeviceServices servicesWithoutADB_{{bus_, runner_, nowhere(), QStringList()}};
     const std::shared_ptr<MemoryUserDefaults> defaults_ = std::make_shared<MemoryUserDefaults>();
 };
 
@@ -63,11 +76,11 @@ TEST_F(DeviceManagerADBTest, phoneThatBusAndADBKnowIsOneRowWhoseModeIsTheUsersCh
         EXPECT_EQ(mode("SERIAL"), ProtocolMode::mtp) << poll;
         EXPECT_TRUE(hasStorage("SERIAL"));
         if (poll == 3)
-            restart(files_); // it is remembered
+            restart(services_); // it is remembered
     }
     EXPECT_EQ(udids(), QStringList{u"SERIAL"_s});
     manager_->chooseProtocolMode(u"SERIAL"_s, ProtocolMode::adbTurbo);
-    restart(files_);
+    restart(services_);
     refresh(true);
     EXPECT_EQ(mode("SERIAL"), ProtocolMode::adbTurbo);
 }
@@ -87,11 +100,11 @@ TEST_F(DeviceManagerADBTest, phoneThatOnlyADBReachesComesAndGoesWithADB) {
 
 TEST_F(DeviceManagerADBTest, withoutADBThePhoneIsReadOverMTPAndTheUserSeesWhy) {
     const PluggedPhone plugged(bus_, phoneConfig("SERIAL", "1-1"));
-    restart(filesWithoutADB_);
+    restart(servicesWithoutADB_);
     manager_->chooseProtocolMode(u"SERIAL"_s, ProtocolMode::adbTurbo);
     ASSERT_TRUE(isFoundByPolls([&] { return hasStorage("SERIAL"); }));
     ASSERT_TRUE(trouble("SERIAL"));
-    EXPECT_EQ(trouble("SERIAL")->kind, DeviceTrouble::Kind::adbMissing);
+    EXPECT_EQ(trouble("SERIAL")->error.code(), ErrorCode(DeviceError::turboUnavailable));
     manager_->chooseProtocolMode(u"SERIAL"_s, ProtocolMode::mtp);
     refresh(true);
     EXPECT_FALSE(trouble("SERIAL"));
@@ -109,7 +122,7 @@ TEST_F(AskingPhoneTest, phoneThatHasNotAllowedThisComputerSaysWhatToDoUntilItHas
     ASSERT_TRUE(reaches(u"unauthorized"_s)) << devices().toStdString();
     const QByteArray udid = serial().toUtf8();
     ASSERT_TRUE(isFoundByPolls([&] { return trouble(udid.constData()).has_value(); }));
-    EXPECT_THAT(trouble(udid.constData())->message.toStdString(), HasSubstr("tap Allow"));
+    EXPECT_EQ(trouble(udid.constData())->error.code(), ErrorCode(PhoneError::notTrusted));
     adbd_->setAllowsUnknownKeys(true);
     EXPECT_TRUE(isFoundByPolls([&] { return hasStorage(udid.constData()); }));
     EXPECT_FALSE(trouble(udid.constData()));

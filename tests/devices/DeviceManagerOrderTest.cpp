@@ -36,8 +36,8 @@ public:
 
     /// Changes what is attached, and tells of it when it is watched.
     void attach(std::uint64_t id) {
-        const USBDeviceEntry entry{id,          0x18D1,     0x4EE1, u"Pixel"_s,
-                                   u"Google"_s, u"Pixel"_s, u"A"_s, u"1-1"_s};
+        const USBDeviceEntry entry{id,         0x18D1, 0x4EE1,   u"Pixel"_s, u"Google"_s,
+                                   u"Pixel"_s, u"A"_s, u"1-1"_s, {}};
         tell({entry}, {USBEvent::Kind::attached, entry});
     }
     void detach(std::uint64_t id) {

@@ -1,9 +1,8 @@
 // The iPhone half of the device list, on a virtual multiplexer by way of the real libraries.
 
 #include "devices/DeviceManagerFixture.h"
-#include "devices/files/DeviceFileService.h"
+#include "devices/files/DeviceServices.h"
 #include "ios/Multiplexer.h"
-#include "phone/BusyPhones.h"
 #include "support/FakeProcessRunner.h"
 #include "support/PluggedIPhone.h"
 
@@ -15,7 +14,7 @@ using namespace Qt::StringLiterals;
 class IPhoneListTest : public DeviceManagerFixture {
 protected:
     IPhoneListTest() {
-        use(std::make_unique<DeviceManager>(DeviceSources(bus_, &multiplexer_), files_));
+        use(std::make_unique<DeviceManager>(DeviceSources(bus_, &multiplexer_), services_));
     }
     ~IPhoneListTest() override {
         end();
@@ -33,7 +32,7 @@ protected:
 
     SystemMultiplexer multiplexer_;
     FakeProcessRunner processes_;
-    DeviceFileService files_{bus_, processes_};
+    DeviceServices services_{{bus_, processes_}};
 };
 
 TEST_F(IPhoneListTest, phonesComeAndGoWithTheirDetails) {
@@ -96,9 +95,7 @@ TEST_F(IPhoneListTest, aPhoneThatWantsTrustIsAskedOnceAndFollowedWhenItTrusts) {
     PluggedIPhone iphone(config);
     manager_->startListening();
     ASSERT_TRUE(eventually([&] { return trouble().has_value(); }, 60s));
-    EXPECT_EQ(trouble()->kind, DeviceTrouble::Kind::refused);
-    EXPECT_EQ(trouble()->message, u"Lockdown error: Handshake failed: -19"_s);
-    EXPECT_EQ(trouble()->advice, u"Unlock the phone and tap Trust on it."_s);
+    EXPECT_EQ(trouble()->error.code(), ErrorCode(PhoneError::notTrusted));
     turnFor(6s); // polls of the list and of the figures
     EXPECT_EQ(iphone.count("lockdown.Pair"), 1U);
 
@@ -114,7 +111,7 @@ TEST_F(IPhoneListTest, aPhoneThatWasLockedIsFollowedWhenItIsUnlocked) {
     PluggedIPhone iphone(config);
     manager_->startListening();
     ASSERT_TRUE(eventually([&] { return trouble().has_value(); }, 60s));
-    EXPECT_EQ(trouble()->advice, u"Unlock the phone and try again."_s);
+    EXPECT_EQ(trouble()->error.code(), ErrorCode(PhoneError::locked));
     for (int i = 0; i < 2; ++i) {
         iphone.phone.setLocked(false);
         EXPECT_TRUE(eventually([&] { return hasDetails() && !trouble(); }, 3s));
@@ -131,14 +128,16 @@ TEST_F(IPhoneListTest, aPhoneThatHasForgottenThisComputerWantsToBePluggedInAgain
     });
     manager_->startListening();
     ASSERT_TRUE(eventually([&] { return trouble().has_value(); }, 60s));
-    EXPECT_EQ(trouble()->advice, u"Unplug the phone, plug it in again and tap Trust on it."_s);
+    EXPECT_EQ(trouble()->error.code(), ErrorCode(PhoneError::trustForgotten));
     EXPECT_EQ(iphone.count("lockdown.Pair"), 0U);
 }
 
 TEST_F(IPhoneListTest, aBusyPhoneIsLeftAlone) {
     PluggedIPhone iphone;
     {
-        const BusyPhones::Mark mark(BusyPhones::shared(), iphone.udid());
+        DeviceInfo device;
+        device.udid = iphone.udid();
+        const PhoneQueue::Job job = services_.files().queueOf(device)->beginJob();
         refresh(true);
         ASSERT_NE(only(), nullptr);
         EXPECT_EQ(iphone.count("lockdown.StartSession"), 0U);

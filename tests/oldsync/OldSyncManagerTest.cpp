@@ -1,5 +1,5 @@
 #include "devices/DeviceManagerFixture.h"
-#include "devices/files/DeviceFileService.h"
+#include "devices/files/DeviceServices.h"
 #include "platform/settings/MemoryUserDefaults.h"
 #include "support/FakeProcessRunner.h"
 #include "support/TemporaryFolder.h"
@@ -18,10 +18,10 @@ using Kind = SyncStatus::Kind;
 class SyncManagerTest : public DeviceManagerFixture {
 protected:
     SyncManagerTest() {
-        use(std::make_unique<DeviceManager>(bus_, files_));
+        use(std::make_unique<DeviceManager>(bus_, services_));
         phone_.disk.makeFolder(u"0/Sync"_s);
         refresh(true);
-        sync_ = std::make_unique<SyncManager>(defaults_, deviceConnector(files_));
+        sync_ = std::make_unique<SyncManager>(defaults_, deviceConnector(services_));
         QObject::connect(sync_.get(), &SyncManager::syncDidComplete,
                          [this](const QUuid& id) { completed_.push_back(id); });
     }
@@ -53,7 +53,7 @@ protected:
     const TemporaryFolder local_;
     MemoryUserDefaults defaults_;
     FakeProcessRunner processes_;
-    DeviceFileService files_{bus_, processes_};
+    DeviceServices services_{{bus_, processes_}};
     PluggedPhone phone_{bus_, phoneConfig("PHONE1", "1-1")};
     std::unique_ptr<SyncManager> sync_;
     std::unique_ptr<SyncViewModel> view_;
@@ -83,7 +83,7 @@ TEST_F(SyncManagerTest, pairsRunOneAfterTheOtherAndAreSaved) {
     EXPECT_TRUE(sync_->pair(one.id)->lastSyncedAt);
     EXPECT_TRUE(sync_->historyLine(two.id).endsWith(u"1 downloaded"_s));
 
-    const SyncManager again(defaults_, deviceConnector(files_));
+    const SyncManager again(defaults_, deviceConnector(services_));
     ASSERT_EQ(again.syncPairs().size(), 2U);
     EXPECT_EQ(again.syncPairs()[1].status, SyncStatus::completed());
     EXPECT_EQ(again.syncPairs()[1].progress, SyncProgress());

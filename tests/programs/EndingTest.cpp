@@ -84,7 +84,7 @@ protected:
 INSTANTIATE_TEST_SUITE_P(Signals, EndingTest, testing::Values(SIGINT, SIGTERM, SIGHUP),
                          [](const auto& row) { return sigabbrev_np(row.param); });
 
-TEST_P(EndingTest, commandLineLeavesNoPartOfACopy) {
+TEST_P(EndingTest, commandLineLeavesNoHalfFile) {
     home.disk.writeSparse(u"phones/pixel/Download/big"_s, qint64{8} << 30);
     home.disk.makeFolder(u"into"_s);
     Program program(home, commandLine,
@@ -93,7 +93,8 @@ TEST_P(EndingTest, commandLineLeavesNoPartOfACopy) {
     ASSERT_TRUE(eventually([&] { return !home.disk.names(u"into"_s).isEmpty(); }))
         << program.process.readAll().toStdString();
     EXPECT_EQ(program.end(GetParam()), 130);
-    EXPECT_EQ(home.disk.names(u"into"_s), QStringList());
+    // What arrived waits under a name of its own: the next copy goes on from there.
+    EXPECT_FALSE(home.disk.names(u"into"_s).contains(u"big"_s));
     expectNothingTemporary();
 }
 
@@ -109,15 +110,6 @@ TEST_P(EndingTest, windowEndsAsByQuitting) {
     ASSERT_TRUE(eventually([&] { return isDemoRunning(); }));
     EXPECT_EQ(program.end(GetParam()), 0) << program.process.readAll().toStdString();
     expectNothingTemporary();
-}
-
-TEST_P(EndingTest, windowDoesNotWaitForAnADBThatHangs) {
-    const QString adb = home.disk.write(u"Library/Android/sdk/platform-tools/adb"_s,
-                                        "#!/bin/sh\ntouch \"$HOME/begun\"\nexec sleep 1000\n");
-    QFile::setPermissions(adb, QFile::ReadOwner | QFile::ExeOwner);
-    Program program(home, window, {});
-    ASSERT_TRUE(eventually([&] { return home.disk.has(u"begun"_s); }));
-    EXPECT_EQ(program.end(GetParam()), 0) << program.process.readAll().toStdString();
 }
 
 TEST_P(EndingTest, virtualPhonesTakeTheirFoldersAlong) {

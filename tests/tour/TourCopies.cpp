@@ -1,5 +1,6 @@
 #include "tour/TourCopies.h"
 
+#include "support/CopyNow.h"
 #include "views/dialogs/ClashQuestion.h"
 
 #include <QAbstractButton>
@@ -15,7 +16,7 @@ void tourTransfers(TourStage& stage) {
     MainWindow& window = stage.window();
     TourPhones& phones = stage.phones();
     FileBrowserViewModel& browser = window.browser();
-    TransferViewModel& transfers = window.transfers();
+    CopyQueue& transfers = window.copyQueue();
     const QTemporaryDir target;
     const QTemporaryDir source;
     QStringList videos;
@@ -28,12 +29,12 @@ void tourTransfers(TourStage& stage) {
     QStringList ids;
     for (const FileItem& item : browser.selectedEntries())
         ids.append(item.id());
-    browser.downloadItems(ids, target.path());
-    browser.uploadFiles(videos);
+    downloadNow(browser, ids, target.path());
+    uploadNow(browser, videos);
     stage.waitFor("a running transfer", [&] {
         return std::any_of(transfers.jobs().begin(), transfers.jobs().end(),
-                           [](const TransferJob& job) {
-                               return job.status == TransferJob::TransferStatus::inProgress &&
+                           [](const CopyJob& job) {
+                               return job.status == CopyJob::Status::running &&
                                       job.bytesPerSecond > 0 && job.fractionDone() > 0.25;
                            });
     });
@@ -41,7 +42,7 @@ void tourTransfers(TourStage& stage) {
     phones.setSpeed(0);
     stage.waitFor("the end of the transfers", [&] { return transfers.summary().isIdle(); });
     stage.shoot(QStringLiteral("transfer-finished"));
-    transfers.clearCompleted();
+    transfers.clearFinished();
 }
 
 /// The questions before a copy: each is a dialog that runs its own loop, and is shot from within.
@@ -69,9 +70,9 @@ void tourCopyQuestions(TourStage& stage) {
             wasAsked = true;
         });
         look.start(TourStage::settleTime);
-        browser.surveyUpload({file.fileName()}, {}, [&](const CopyPlan& survey) {
-            const auto choices = askAboutClashes(&window, survey);
-            (void)(choices && askAboutSpace(&window, survey, *choices));
+        browser.copies().prepareUpload({file.fileName()}, {}, [&](const PreparedCopy& copy) {
+            const auto answers = askAboutClashes(&window, copy);
+            (void)(answers && askAboutSpace(&window, copy, *answers));
         });
         stage.waitFor("a question before a copy", [&] { return wasAsked; });
     };
@@ -82,22 +83,22 @@ void tourCopyQuestions(TourStage& stage) {
 void tourFailures(TourStage& stage) {
     MainWindow& window = stage.window();
     TourPhones& phones = stage.phones();
-    TransferViewModel& transfers = window.transfers();
+    CopyQueue& transfers = window.copyQueue();
     phones.setStorageFull(true);
     stage.open(QStringLiteral("/sdcard/Download"));
     window.browser().createFolder(QStringLiteral("Backup"));
-    stage.waitFor("an error", [&] { return window.browser().error().has_value(); });
+    stage.waitFor("an error", [&] { return window.browser().problem().has_value(); });
     stage.shoot(QStringLiteral("error-banner"));
-    window.browser().dismissError();
+    window.browser().dismissProblem();
     const QTemporaryDir source;
-    window.browser().uploadFiles(
-        {TourStage::writeSample(source.filePath(QStringLiteral("Holiday.mp4")))});
+    uploadNow(window.browser(),
+              {TourStage::writeSample(source.filePath(QStringLiteral("Holiday.mp4")))});
     stage.waitFor("a failed transfer", [&] {
         return !transfers.jobs().empty() && transfers.jobs().back().isFinished();
     });
     stage.shoot(QStringLiteral("transfer-failed"));
     phones.setStorageFull(false);
-    transfers.clearCompleted();
+    transfers.clearFinished();
 
     phones.setHeld(true);
     stage.waitFor("the other program", [&] {

@@ -1,5 +1,6 @@
 #include "tour/TourDevices.h"
 
+#include "support/CopyNow.h"
 #include <QAction>
 #include <QTemporaryDir>
 
@@ -69,15 +70,15 @@ void tourIPhone(TourStage& stage) {
     stage.shoot(QStringLiteral("iphone-documents"));
     const QTemporaryDir source;
     phones.setSpeed(TourStage::slowSpeed);
-    browser.uploadFiles({TourStage::writeSample(source.filePath(QStringLiteral("Talk.mp4")))});
+    uploadNow(browser, {TourStage::writeSample(source.filePath(QStringLiteral("Talk.mp4")))});
     stage.waitFor("a running transfer", [&] {
-        const auto& jobs = window.transfers().jobs();
+        const auto& jobs = window.copyQueue().jobs();
         return !jobs.empty() && jobs.back().fractionDone() > 0.2;
     });
     stage.shoot(QStringLiteral("iphone-transfer"));
     phones.setSpeed(0);
-    stage.waitFor("the end of the transfer", [&] { return window.transfers().summary().isIdle(); });
-    window.transfers().clearCompleted();
+    stage.waitFor("the end of the transfer", [&] { return window.copyQueue().summary().isIdle(); });
+    window.copyQueue().clearFinished();
     phones.unplugIPhone();
 }
 

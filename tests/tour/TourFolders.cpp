@@ -51,10 +51,10 @@ void tourTypedPaths(TourStage& stage) {
     edit->completer()->popup()->hide();
     edit->setText(QStringLiteral("/sdcard/Documents/Taxes 2031"));
     window.browser().goToTyped(edit->text(), [](bool) {});
-    stage.waitFor("the refused path", [&] { return window.browser().error().has_value(); });
+    stage.waitFor("the refused path", [&] { return window.browser().problem().has_value(); });
     stage.shoot(QStringLiteral("wrong-path"));
     window.browserView().currentListing().setFocus();
-    window.browser().dismissError();
+    window.browser().dismissProblem();
 }
 
 void tourPreviews(TourStage& stage) {

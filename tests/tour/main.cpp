@@ -60,12 +60,12 @@ int main(int argc, char** argv) {
     const QTemporaryDir disk;
     TourPhones phones(disk.path());
     QtProcessRunner processes(phones.demo().adbEnvironment());
-    DeviceFileService files(phones.demo().bus(), processes);
+    DeviceServices services({phones.demo().bus(), processes});
     SystemMultiplexer multiplexer;
     TessaryAppSetup setup;
     setup.isDemo = true;
     setup.network = phones.demo().network();
-    TessaryApp app({phones.demo().bus(), &multiplexer, false}, files, setup);
+    TessaryApp app({phones.demo().bus(), &multiplexer, false}, services, setup);
     const InterfaceTexts texts;
     MainWindow window(app);
     window.show();

@@ -1,4 +1,5 @@
 #include "WindowFixture.h"
+#include "app/texts/ErrorText.h"
 #include "ios/Multiplexer.h"
 #include "support/PluggedIPhone.h"
 
@@ -81,7 +82,7 @@ protected:
         const auto& device = app_->deviceManager().devices();
         const auto trouble =
             device.size() == 1 ? app_->deviceManager().trouble(device[0].id()) : std::nullopt;
-        return trouble && trouble->advice == advice && !showsApps();
+        return trouble && errorText(trouble->error).advice == advice && !showsApps();
     }
     /// Shown by itself, within the time that a person would take for "at once".
     [[nodiscard]] bool showsAppsSoon() const {
@@ -101,7 +102,9 @@ protected:
 };
 
 TEST_F(UntrustingIPhoneWindowTest, itsAppsAreShownOnceItTrustsThisComputer) {
-    ASSERT_TRUE(wait([this] { return saysWhatToDo(u"Unlock the phone and tap Trust on it."_s); }));
+    ASSERT_TRUE(wait([this] {
+        return saysWhatToDo(u"Unlock the phone and answer its question: tap “Trust” or “Allow”."_s);
+    }));
     EXPECT_EQ(phone_.count("lockdown.Pair"), 1U);
     phone_.phone.setTrust(VirtualTrust::trusted);
     EXPECT_TRUE(showsAppsSoon());

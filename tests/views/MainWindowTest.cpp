@@ -99,7 +99,7 @@ TEST_F(MainWindowTest, filesAreCopiedBothWaysByShortcut) {
     click(u"Trip"_s, Qt::ControlModifier);
     press(Qt::Key_D, Qt::ControlModifier);
     EXPECT_TRUE(wait([this] { return !local_.read(u"Trip/one.txt"_s).isNull(); }));
-    EXPECT_TRUE(wait([this] { return window_->transfers().summary().isIdle(); }));
+    EXPECT_TRUE(wait([this] { return window_->copyQueue().summary().isIdle(); }));
     EXPECT_EQ(local_.read(u"alpha.txt"_s), "a");
 
     filesToCopy_ = {local_.write(u"up.txt"_s, "upwards")};

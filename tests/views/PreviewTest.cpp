@@ -1,5 +1,6 @@
 #include "WindowFixture.h"
 #include "simulator/content/DemoMedia.h"
+#include "support/CopyNow.h"
 #include "support/StallWatch.h"
 #include "views/dialogs/PictureView.h"
 #include "views/dialogs/PreviewWindow.h"
@@ -193,6 +194,8 @@ TEST_F(PreviewTest, gridShowsThumbnailsOfWhatIsSeenAndNeverWaitsForThem) {
         phone_.write(u"Camera/%1.png"_s.arg(i, 3, 10, QLatin1Char('0')),
                      DemoMedia::picture(64, 64, static_cast<std::uint32_t>(i)));
     phone_.write(u"Camera/000 broken.png"_s, "no picture");
+    press(Qt::Key_F5);
+    ASSERT_TRUE(wait([this] { return !idOf(u"Camera"_s).isEmpty(); }));
     browser().setViewMode(ViewMode::grid);
     browser().navigateTo(u"/sdcard/Camera"_s);
     auto& grid = *window_->findChild<QListView*>(u"fileGrid"_s);
@@ -232,13 +235,13 @@ TEST_F(PreviewTest, thumbnailsWaitForTransfers) {
     press(Qt::Key_F5);
     ASSERT_TRUE(wait([this] { return !idOf(u"Film"_s).isEmpty(); }));
     const TemporaryFolder target;
-    browser().downloadItems({idOf(u"Film"_s)}, target.path());
+    downloadNow(browser(), {idOf(u"Film"_s)}, target.path());
     browser().setViewMode(ViewMode::grid);
     browser().navigateTo(u"/sdcard/Camera"_s);
     auto& store = *window_->findChild<ThumbnailStore*>();
     bool hadOneTooEarly = false;
     QObject::connect(&store, &ThumbnailStore::thumbnailReady, &store, [&] {
-        hadOneTooEarly = hadOneTooEarly || !window_->transfers().summary().isIdle();
+        hadOneTooEarly = hadOneTooEarly || !window_->copyQueue().summary().isIdle();
     });
     QSignalSpy ready(&store, &ThumbnailStore::thumbnailReady);
     EXPECT_TRUE(QTest::qWaitFor([&] { return ready.count() >= 2; }, slowPatience));

@@ -88,6 +88,8 @@ TEST_F(RealInputTest, aDragOntoThePathOrAPlaceMovesTheEntryThere) {
     EXPECT_TRUE(wait([this] { return phone_.content(u"alpha.txt"_s) == "a"; })) << "on the path";
     ASSERT_TRUE(wait([this] { return !row(u"alpha.txt"_s).isValid(); }));
     QListView& volumes = list("volumeList");
+    ASSERT_TRUE(
+        wait([&] { return volumes.model()->rowCount() > 0 && row(u"beta.txt"_s).isValid(); }));
     drag(placeOf(u"beta.txt"_s), middleOf(volumes, volumes.model()->index(0, 0)));
     EXPECT_TRUE(wait([this] { return phone_.content(u"beta.txt"_s) == "bb"; })) << "on a storage";
     // Nowhere is a file taken that is on no target.

@@ -98,7 +98,7 @@ TEST_F(SettingsTest, choosingALanguageChangesTheOpenWindowsAtOnce) {
     click(u"alpha.txt"_s);
     press(Qt::Key_D, Qt::ControlModifier);
     ASSERT_TRUE(wait([this] { return !local_.read(u"alpha.txt"_s).isNull(); }));
-    ASSERT_TRUE(wait([this] { return window_->transfers().summary().isIdle(); }));
+    ASSERT_TRUE(wait([this] { return window_->copyQueue().summary().isIdle(); }));
     const QAbstractItemModel& files = *table().model();
     EXPECT_EQ(files.headerData(1, Qt::Horizontal).toString(), u"Size"_s);
     openSettings();
@@ -107,7 +107,7 @@ TEST_F(SettingsTest, choosingALanguageChangesTheOpenWindowsAtOnce) {
     EXPECT_EQ(app_->languageManager().selectedLanguage(), AppLanguage::de);
     EXPECT_EQ(settings()->windowTitle(), u"Einstellungen"_s);
     EXPECT_EQ(files.headerData(1, Qt::Horizontal).toString(), u"Größe"_s);
-    EXPECT_EQ(window_->menuBar()->actions().constFirst()->text(), u"Datei"_s);
+    EXPECT_EQ(window_->menuBar()->actions().constFirst()->text(), u"&Datei"_s);
     EXPECT_EQ(files.index(row(u"Trip"_s).row(), 3).data(), u"Ordner"_s);
     EXPECT_EQ(window_->locale().language(), QLocale::German);
     EXPECT_THAT(leftInEnglish(textsOf(*window_), AppLanguage::de), testing::IsEmpty());
@@ -180,7 +180,7 @@ TEST_F(SettingsTest, everyControlHasAnAccessibleName) {
     window_->browser().setSearchText(u"alpha"_s); // shows the field's button
     click(u"alpha.txt"_s);
     press(Qt::Key_D, Qt::ControlModifier);
-    ASSERT_TRUE(wait([this] { return !window_->transfers().jobs().empty(); }));
+    ASSERT_TRUE(wait([this] { return !window_->copyQueue().jobs().empty(); }));
     EXPECT_THAT(namelessIn(*window_), testing::IsEmpty());
     press(Qt::Key_2, Qt::ControlModifier);
     window_->browser().setSearchText(u"no such name"_s);

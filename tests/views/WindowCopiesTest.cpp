@@ -12,8 +12,8 @@ using namespace Qt::StringLiterals;
 
 class WindowCopiesTest : public WindowFixture {
 protected:
-    [[nodiscard]] const std::vector<TransferJob>& jobs() const {
-        return window_->transfers().jobs();
+    [[nodiscard]] const std::vector<CopyJob>& jobs() const {
+        return window_->copyQueue().jobs();
     }
 };
 
@@ -49,7 +49,7 @@ TEST_F(WindowCopiesTest, takenNamesAreAskedAboutBothWays) {
 
     filesToCopy_ = {local_.write(u"alpha.txt"_s, "newer")};
     copy(u"beta.txt"_s, u"Skip"_s, Qt::Key_U);
-    EXPECT_TRUE(wait([this] { return window_->transfers().summary().isIdle(); }));
+    EXPECT_TRUE(wait([this] { return window_->copyQueue().summary().isIdle(); }));
     EXPECT_EQ(phone_.content(u"DCIM/alpha.txt"_s), "a");
     copy(u"beta.txt"_s, u"Replace"_s, Qt::Key_U);
     EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/alpha.txt"_s) == "newer"; }));
@@ -70,7 +70,7 @@ TEST_F(WindowCopiesTest, whatDoesNotFitIsNamedBeforeAnythingMoves) {
     whileAsked(u"Copy Anyway"_s);
     press(Qt::Key_U, Qt::ControlModifier);
     EXPECT_TRUE(wait([this] { return jobs().size() == 1; }));
-    window_->transfers().cancelAll();
+    window_->copyQueue().cancelAll();
 }
 
 TEST_F(WindowCopiesTest, theClipboardTakesAndGivesFiles) {
@@ -86,7 +86,7 @@ TEST_F(WindowCopiesTest, theClipboardTakesAndGivesFiles) {
     EXPECT_EQ(copied->data(u"x-special/gnome-copied-files"_s),
               "copy\n" + copied->urls().front().toEncoded());
     press(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_TRUE(window_->transfers().jobs().empty()) << "it is on this phone already";
+    EXPECT_TRUE(window_->copyQueue().jobs().empty()) << "it is on this phone already";
 
     auto* others = new QMimeData;
     others->setUrls({QUrl::fromLocalFile(local_.write(u"pasted.txt"_s, "new"))});

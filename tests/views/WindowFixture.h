@@ -29,7 +29,7 @@ protected:
         Background::restart();
     }
     void open(const DeviceSources& sources) {
-        app_ = std::make_unique<TessaryApp>(sources, files_, TessaryAppSetup{});
+        app_ = std::make_unique<TessaryApp>(sources, services_, TessaryAppSetup{});
         openWindow();
     }
     void openWindow() {
@@ -77,7 +77,7 @@ protected:
     std::function<void()> whileChoosing_; ///< happens while the user looks for files
     VirtualUSBBus bus_;
     QtProcessRunner processes_;
-    DeviceFileService files_{bus_, processes_};
+    DeviceServices services_{{bus_, processes_}};
     std::unique_ptr<TessaryApp> app_;
     std::unique_ptr<MainWindow> window_;
 };

@@ -41,8 +41,8 @@ TEST_F(WindowTroubleTest, answersCountOnlyForThePhoneThatWasAskedAbout) {
         EXPECT_TRUE(wait([this] { return isShown(u"other.txt"_s); }));
     };
     press(Qt::Key_U, Qt::ControlModifier);
-    EXPECT_TRUE(window_->browser().error());
-    EXPECT_TRUE(window_->transfers().jobs().empty());
+    EXPECT_TRUE(window_->browser().problem());
+    EXPECT_TRUE(window_->copyQueue().jobs().empty());
 
     phone_.android.plugInto(bus_);
     click(u"DCIM"_s);

@@ -45,12 +45,16 @@ constexpr std::array modeNames{
 constexpr std::array typeNames{
     QT_TRANSLATE_NOOP("DisplayNames", "Upload"),
     QT_TRANSLATE_NOOP("DisplayNames", "Download"),
+    QT_TRANSLATE_NOOP("DisplayNames", "Copy"),
+    QT_TRANSLATE_NOOP("DisplayNames", "Copy"),
 };
 
 constexpr std::array statusNames{
     QT_TRANSLATE_NOOP("DisplayNames", "Queued"),
+    QT_TRANSLATE_NOOP("DisplayNames", "Paused"),
     QT_TRANSLATE_NOOP("DisplayNames", "In Progress"),
     QT_TRANSLATE_NOOP("DisplayNames", "Completed"),
+    QT_TRANSLATE_NOOP("DisplayNames", "Incomplete"),
     QT_TRANSLATE_NOOP("DisplayNames", "Failed"),
     QT_TRANSLATE_NOOP("DisplayNames", "Cancelled"),
 };
@@ -75,11 +79,11 @@ QString displayName(ProtocolMode mode) {
     return nameOf(modeNames, mode);
 }
 
-QString displayName(TransferJob::TransferType type) {
-    return nameOf(typeNames, type);
+QString displayName(CopyJob::Direction direction) {
+    return nameOf(typeNames, direction);
 }
 
-QString displayName(TransferJob::TransferStatus status) {
+QString displayName(CopyJob::Status status) {
     return nameOf(statusNames, status);
 }
 

@@ -3,7 +3,7 @@
 #include "phone/records/DeviceInfo.h"
 #include "phone/records/FileCategory.h"
 #include "sync/old/plan/SyncPair.h"
-#include "transfer/TransferJob.h"
+#include "transfer/queue/CopyJob.h"
 
 #include <QString>
 
@@ -18,9 +18,9 @@ namespace tessary {
 /// "Standard MTP" ...
 [[nodiscard]] QString displayName(ProtocolMode mode);
 /// "Upload" or "Download".
-[[nodiscard]] QString displayName(TransferJob::TransferType type);
+[[nodiscard]] QString displayName(CopyJob::Direction direction);
 /// "Queued", "In Progress" ...
-[[nodiscard]] QString displayName(TransferJob::TransferStatus status);
+[[nodiscard]] QString displayName(CopyJob::Status status);
 /// The name of a storage, or of the top of a tree of files: in the user's language where this
 /// program gave it ("Internal Storage", "Documents"), as the phone says it otherwise.
 [[nodiscard]] QString placeDisplayName(const QString& name);

@@ -50,6 +50,8 @@ Worded worded(const Error& error) {
             return {*each, wordsOf(*code)};
         if (const auto code = each->code().as<HttpError>())
             return {*each, wordsOf(*code)};
+        if (const auto code = each->code().as<DeviceError>())
+            return {*each, wordsOf(*code)};
     }
     return {error, unknown};
 }

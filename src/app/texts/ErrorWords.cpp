@@ -219,4 +219,12 @@ ErrorWords wordsOf(LocalError error) {
     return localWords[static_cast<std::size_t>(error)];
 }
 
+ErrorWords wordsOf(DeviceError) {
+    return {.sentence = QT_TRANSLATE_NOOP(
+                "ErrorText", "Turbo mode needs adb, which is not installed. The phone is used over "
+                             "Standard MTP instead."),
+            .advice = QT_TRANSLATE_NOOP(
+                "ErrorText", "Install the adb tool, or switch the phone to Standard MTP.")};
+}
+
 } // namespace tessary

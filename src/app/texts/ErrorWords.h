@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/local/LocalError.h"
+#include "devices/list/DeviceTrouble.h"
 #include "phone/PhoneError.h"
 
 namespace tessary {
@@ -19,5 +20,6 @@ struct ErrorWords {
 
 [[nodiscard]] ErrorWords wordsOf(PhoneError error);
 [[nodiscard]] ErrorWords wordsOf(LocalError error);
+[[nodiscard]] ErrorWords wordsOf(DeviceError error);
 
 } // namespace tessary

@@ -16,7 +16,7 @@ class EntryMimeData : public QMimeData {
 public:
     static constexpr QLatin1StringView format{"application/x-tessary-entries"};
 
-    /// `identity` is that of the connection (FileAccess::identity()).
+    /// `identity` is that of the connection (PhoneFileSystem::identity()).
     EntryMimeData(QString identity, std::vector<FileItem> items);
 
     [[nodiscard]] const QString& identity() const {

@@ -1,6 +1,6 @@
 #include "browser/listing/ListingCache.h"
 
-#include "phone/DevicePath.h"
+#include "base/text/PathNames.h"
 
 #include <algorithm>
 #include <utility>
@@ -29,20 +29,19 @@ QString prefixBelow(const QString& identity, const QString& folder) {
 
 ListingCache::ListingCache(DirectoryCache::Clock clock) : cache_(ttlSeconds, std::move(clock)) {}
 
-void ListingCache::open(const FileAccess& files, const QString& deviceId) {
-    deviceOf_.insert(files.identity(), deviceId);
+void ListingCache::open(const QString& identity, const QString& deviceId) {
+    deviceOf_.insert(identity, deviceId);
 }
 
-std::optional<std::vector<FileItem>> ListingCache::recall(const FileAccess& files,
+std::optional<std::vector<FileItem>> ListingCache::recall(const QString& identity,
                                                           const QString& folder) {
-    return cache_.get(keyOf(files.identity(), folder));
+    return cache_.get(keyOf(identity, folder));
 }
 
-void ListingCache::remember(const FileAccess& files, const QString& folder,
+void ListingCache::remember(const QString& identity, const QString& folder,
                             const std::vector<FileItem>& items, Moment begun) {
     if (begun != changes_)
         return;
-    const QString identity = files.identity();
     const auto before = cache_.get(keyOf(identity, folder)).value_or(std::vector<FileItem>());
     QHash<QString, const FileItem*> current;
     if (!before.empty())
@@ -70,15 +69,15 @@ void ListingCache::entryChanged(const QString& identity, const QString& path) {
     cache_.invalidateBelow(prefixBelow(identity, path));
 }
 
-void ListingCache::forgetFolder(const FileAccess& files, const QString& folder) {
+void ListingCache::forgetFolder(const QString& identity, const QString& folder) {
     ++changes_;
-    cache_.invalidate(keyOf(files.identity(), folder));
-    cache_.invalidateBelow(prefixBelow(files.identity(), folder));
+    cache_.invalidate(keyOf(identity, folder));
+    cache_.invalidateBelow(prefixBelow(identity, folder));
 }
 
-void ListingCache::forget(const FileAccess& files) {
+void ListingCache::forget(const QString& identity) {
     ++changes_;
-    cache_.invalidateBelow(keyOf(files.identity(), {}));
+    cache_.invalidateBelow(keyOf(identity, {}));
 }
 
 void ListingCache::keepOnly(const std::vector<DeviceInfo>& attached) {

@@ -2,7 +2,6 @@
 
 #include "browser/listing/DirectoryCache.h"
 #include "phone/records/DeviceInfo.h"
-#include "phone/FileAccess.h"
 
 #include <QHash>
 #include <QString>
@@ -22,10 +21,11 @@ public:
 
     explicit ListingCache(DirectoryCache::Clock clock = {});
 
-    /// The connection now browsed, and the attachment of the device (DeviceInfo::id()) behind it.
-    void open(const FileAccess& files, const QString& deviceId);
+    /// The connection now browsed (PhoneFileSystem::identity()), and the attachment of the device
+    /// (DeviceInfo::id()) behind it.
+    void open(const QString& identity, const QString& deviceId);
 
-    [[nodiscard]] std::optional<std::vector<FileItem>> recall(const FileAccess& files,
+    [[nodiscard]] std::optional<std::vector<FileItem>> recall(const QString& identity,
                                                               const QString& folder);
     /// When a listing begins.
     [[nodiscard]] Moment now() const {
@@ -33,21 +33,21 @@ public:
     }
     /// Keeps a listing, unless anything was forgotten since it began: it may be older than that
     /// change. What it shows to be gone or changed is forgotten.
-    void remember(const FileAccess& files, const QString& folder,
+    void remember(const QString& identity, const QString& folder,
                   const std::vector<FileItem>& items, Moment begun);
 
     /// An entry was made, changed, moved or removed: forgets it with all below it, its folder, and
     /// the folder above that, which shows the date.
     void entryChanged(const QString& identity, const QString& path);
-    void forgetFolder(const FileAccess& files, const QString& folder);
-    void forget(const FileAccess& files);
+    void forgetFolder(const QString& identity, const QString& folder);
+    void forget(const QString& identity);
     /// Forgets the connections of devices that are not attached as they were any more.
     void keepOnly(const std::vector<DeviceInfo>& attached);
     void forgetAll();
 
 private:
     DirectoryCache cache_;
-    QHash<QString, QString> deviceOf_; ///< DeviceInfo::id() by FileAccess::identity()
+    QHash<QString, QString> deviceOf_; ///< DeviceInfo::id() by PhoneFileSystem::identity()
     Moment changes_ = 0;
 };
 

@@ -3,8 +3,6 @@
 #include "base/log/DiagnosticsLogger.h"
 #include "base/threads/Background.h"
 #include "base/threads/CancellationError.h"
-#include "ios/helper/IPhoneInfo.h"
-#include "phone/BusyPhones.h"
 
 #include <algorithm>
 #include <iterator>
@@ -12,17 +10,8 @@
 
 namespace tessary {
 
-namespace {
-
-std::vector<AppInfo> askPhone(const DeviceInfo& device, const std::stop_token& stop) {
-    const BusyPhones::Mark mark(BusyPhones::shared(), device.udid);
-    return iphoneApps(device.udid, stop);
-}
-
-} // namespace
-
 AppListViewModel::AppListViewModel(ListApps listApps, QObject* parent)
-    : QObject(parent), listApps_(listApps ? std::move(listApps) : askPhone) {}
+    : QObject(parent), listApps_(std::move(listApps)) {}
 
 AppListViewModel::~AppListViewModel() {
     stop_.request_stop();
@@ -46,7 +35,7 @@ void AppListViewModel::clear() {
     stop_.request_stop();
     device_.reset();
     apps_.clear();
-    error_.reset();
+    problem_.reset();
     searchText_.clear();
     isLoading_ = false;
     Q_EMIT changed();
@@ -58,7 +47,7 @@ void AppListViewModel::reload() {
     stop_.request_stop();
     const std::uint64_t number = ++number_;
     isLoading_ = true;
-    error_.reset();
+    problem_.reset();
     stop_ = runInBackground(
         this,
         [listApps = listApps_, device = *device_](const std::stop_token& stop) {
@@ -71,8 +60,8 @@ void AppListViewModel::reload() {
                 finish(result.take());
             } catch (const CancellationError&) {
                 cancelLoading();
-            } catch (const std::exception& error) {
-                fail(adviceFor(error));
+            } catch (const Error& error) {
+                fail(BrowserProblem::of(BrowserProblem::What::apps, {}, error));
             }
         });
     Q_EMIT changed();
@@ -83,8 +72,7 @@ void AppListViewModel::cancelLoading() {
         return;
     ++number_;
     stop_.request_stop();
-    fail({QStringLiteral("The apps were not read."),
-          QStringLiteral("Refresh the list to try again.")});
+    fail(BrowserProblem{BrowserProblem::What::appsNotRead, {}, 1, 1, {}});
 }
 
 void AppListViewModel::finish(std::vector<AppInfo> apps) {
@@ -93,10 +81,12 @@ void AppListViewModel::finish(std::vector<AppInfo> apps) {
     Q_EMIT changed();
 }
 
-void AppListViewModel::fail(const ErrorAdvice& error) {
-    DiagnosticsLogger::shared().ui.error("AppListViewModel error: %s", {error.message});
+void AppListViewModel::fail(const BrowserProblem& problem) {
+    if (!problem.failures.empty())
+        DiagnosticsLogger::shared().ui.error("AppListViewModel error: %s",
+                                             {problem.failures.front().error.logText()});
     isLoading_ = false;
-    error_ = error;
+    problem_ = problem;
     Q_EMIT changed();
 }
 
@@ -105,7 +95,7 @@ AppListState AppListViewModel::state() const {
         return AppListState::idle;
     if (isLoading_)
         return AppListState::loading;
-    if (error_)
+    if (problem_)
         return AppListState::failed;
     if (apps_.empty())
         return AppListState::empty;

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "browser/actions/BrowserProblem.h"
 #include "phone/records/AppInfo.h"
 #include "phone/records/DeviceInfo.h"
-#include "transfer/ErrorAdvice.h"
 
 #include <QObject>
 
@@ -19,7 +19,7 @@ enum class AppListState {
     ready,   ///< there are apps
     empty,   ///< no app shares files: see AppListViewModel::emptyExplanation
     noMatch, ///< none fits the search text
-    failed,  ///< the phone did not answer: see AppListViewModel::error
+    failed,  ///< the phone did not answer: see AppListViewModel::problem
 };
 
 /// The apps of one iPhone that share their files, for choosing one of them. Lives on the main
@@ -29,7 +29,7 @@ class AppListViewModel : public QObject {
     Q_OBJECT
 
 public:
-    /// Blocking; called off the main thread. Throws TessaryError or CancellationError.
+    /// Blocking; called off the main thread. Throws Error or CancellationError.
     using ListApps = std::function<std::vector<AppInfo>(const DeviceInfo&, const std::stop_token&)>;
 
     /// Which apps share files, and why others do not.
@@ -38,8 +38,7 @@ public:
         "be opened from a computer; photos, and apps that keep their documents to themselves, "
         "cannot.";
 
-    /// An empty `listApps` asks the phone itself.
-    explicit AppListViewModel(ListApps listApps = {}, QObject* parent = nullptr);
+    explicit AppListViewModel(ListApps listApps, QObject* parent = nullptr);
     /// Stops what is under way.
     ~AppListViewModel() override;
 
@@ -60,9 +59,9 @@ public:
     [[nodiscard]] bool isLoading() const {
         return isLoading_;
     }
-    /// The last failure and what to do about it.
-    [[nodiscard]] const std::optional<ErrorAdvice>& error() const {
-        return error_;
+    /// The last failure.
+    [[nodiscard]] const std::optional<BrowserProblem>& problem() const {
+        return problem_;
     }
     /// All apps, by name.
     [[nodiscard]] const std::vector<AppInfo>& apps() const {
@@ -81,12 +80,12 @@ Q_SIGNALS:
 
 private:
     void finish(std::vector<AppInfo> apps);
-    void fail(const ErrorAdvice& error);
+    void fail(const BrowserProblem& problem);
 
     const ListApps listApps_;
     std::optional<DeviceInfo> device_;
     std::vector<AppInfo> apps_;
-    std::optional<ErrorAdvice> error_;
+    std::optional<BrowserProblem> problem_;
     QString searchText_;
     bool isLoading_ = false;
     std::uint64_t number_ = 0; ///< answers to older questions are dropped

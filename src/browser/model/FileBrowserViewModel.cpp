@@ -1,12 +1,13 @@
 #include "browser/model/FileBrowserViewModel.h"
 
 #include "base/log/DiagnosticsLogger.h"
+#include "base/text/PathNames.h"
 #include "base/threads/Background.h"
 #include "base/threads/CancellationError.h"
 #include "base/threads/EndInBackground.h"
-#include "devices/files/AndroidFileAccess.h"
-#include "devices/files/AppFileAccess.h"
-#include "phone/DevicePath.h"
+#include "browser/actions/TypedPath.h"
+#include "transfer/mount/DragMount.h"
+#include "transfer/staging/StagedFiles.h"
 
 #include <algorithm>
 #include <utility>
@@ -22,19 +23,7 @@ using namespace std::chrono_literals;
 constexpr auto reloadPause = 300ms;
 constexpr auto reloadPauseInQueue = 3s;
 
-BrowserSetup::OpenAndroid overSharedService() {
-    return [](const DeviceInfo& device) {
-        return std::make_shared<AndroidFileAccess>(DeviceFileService::shared(), device);
-    };
-}
-
-BrowserSetup::OpenApp overOwnConnection() {
-    return [](const DeviceInfo& device, const AppInfo& app) {
-        return std::make_shared<AppFileAccess>(device, app);
-    };
-}
-
-std::vector<PathComponent> breadcrumbsOf(const BrowserRoot& root, const QString& path) {
+std::vector<PathComponent> breadcrumbsOf(const FileTreeRoot& root, const QString& path) {
     std::vector<PathComponent> components{{QUuid::createUuid(), root.name, root.path}};
     QString soFar = root.path;
     for (const QString& name :
@@ -47,29 +36,33 @@ std::vector<PathComponent> breadcrumbsOf(const BrowserRoot& root, const QString&
 
 } // namespace
 
-FileBrowserViewModel::FileBrowserViewModel(TransferViewModel& transfers, BrowserSetup setup,
-                                           QObject* parent)
+FileBrowserViewModel::FileBrowserViewModel(CopyQueue& queue, BrowserSetup setup, QObject* parent)
     : QObject(parent),
-      transfers_(transfers),
-      openAndroid_(setup.openAndroid ? std::move(setup.openAndroid) : overSharedService()),
-      openApp_(setup.openApp ? std::move(setup.openApp) : overOwnConnection()),
-      previews_(setup.previews ? *setup.previews : PreviewCache::shared()),
+      queue_(queue),
+      openAndroid_(std::move(setup.openAndroid)),
+      openApp_(std::move(setup.openApp)),
+      staged_(*setup.staged),
       promises_(setup.promises),
       breadcrumbs_(breadcrumbsOf({QStringLiteral("/"), QStringLiteral("Root")}, currentPath_)),
-      typeahead_(std::move(setup.clock)) {
+      typeahead_(std::move(setup.clock)),
+      copies_(*this, queue),
+      preview_(staged_) {
+    connect(&edits_, &BrowserEdits::changed, this, &FileBrowserViewModel::editingChanged);
+    connect(&preview_, &PreviewFetch::progress, this, &FileBrowserViewModel::previewProgress);
+    connect(&preview_, &PreviewFetch::ready, this, &FileBrowserViewModel::previewReady);
+    connect(&preview_, &PreviewFetch::failed, this, &FileBrowserViewModel::previewFailed);
     reloadTimer_.setSingleShot(true);
     connect(&reloadTimer_, &QTimer::timeout, this, &FileBrowserViewModel::reloadSoon);
-    connect(&transfers_, &TransferViewModel::jobFinished, this, &FileBrowserViewModel::reloadAfter);
+    connect(&queue_, &CopyQueue::jobFinished, this, &FileBrowserViewModel::reloadAfter);
     if (promises_ != nullptr)
-        promises_->reportFailuresTo(
-            [self = QPointer(this)](const FileItem& item, const std::exception& error) {
-                MainThread::post([self, name = item.name, words = adviceFor(error)] {
+        promises_->reportFailuresTo([self = QPointer(this)](const FileItem& item,
+                                                            const Error& error) {
+            MainThread::post(
+                [self, problem = BrowserProblem::of(BrowserProblem::What::drag, item.name, error)] {
                     if (self)
-                        self->setError(ErrorAdvice{
-                            QStringLiteral("Failed to drag out %1: %2").arg(name, words.message),
-                            words.advice});
+                        self->setProblem(problem);
                 });
-            });
+        });
 }
 
 FileBrowserViewModel::~FileBrowserViewModel() {
@@ -79,12 +72,93 @@ FileBrowserViewModel::~FileBrowserViewModel() {
     endInBackground(this, std::move(files_));
 }
 
-std::optional<QString> FileBrowserViewModel::errorMessage() const {
-    return error_ ? std::optional(error_->message) : std::nullopt;
+void FileBrowserViewModel::dismissProblem() {
+    setProblem(std::nullopt);
 }
 
-void FileBrowserViewModel::dismissError() {
-    setError(std::nullopt);
+void FileBrowserViewModel::stopAll() {
+    ++loadNumber_;
+    stopLoad_.request_stop();
+    preview_.cancel();
+    edits_.cancel();
+    reloadTimer_.stop();
+}
+
+void FileBrowserViewModel::connectAndroid(const DeviceInfo& device, const QString& initialPath) {
+    open(openAndroid_(device), device, initialPath);
+}
+
+void FileBrowserViewModel::connect(const QString& udid, const QString& bundleId,
+                                   const QString& appName, const DeviceInfo& device,
+                                   const QString& targetPath) {
+    DeviceInfo phone = device;
+    phone.udid = udid;
+    const AppInfo app{bundleId, appName.isEmpty() ? bundleId : appName, true, false};
+    open(openApp_(phone, app), phone, targetPath);
+    isConnecting_ = true;
+    appName_ = app.displayName;
+    Q_EMIT connectionChanged();
+}
+
+void FileBrowserViewModel::open(std::shared_ptr<PhoneFileSystem> files,
+                                const std::optional<DeviceInfo>& device,
+                                const QString& initialPath) {
+    preview_.cancel();
+    reloadTimer_.stop();
+    std::swap(files_, files);
+    endInBackground(this, std::move(files)); // saying goodbye to a phone takes its time
+    activeDevice_ = device;
+    appName_ = QStringLiteral("Documents");
+    isConnecting_ = false;
+    history_ = {};
+    knownFolders_.clear();
+    folders_.open(files_->identity(), device ? device->id() : QString());
+    Q_EMIT connectionChanged();
+    const QString path = files_->canonicalPath(initialPath);
+    history_.record(path);
+    Q_EMIT historyChanged();
+    show(path);
+}
+
+void FileBrowserViewModel::loseDevice() {
+    if (!files_)
+        return;
+    stopAll();
+    folders_.forget(files_->identity());
+    setState(BrowserState::deviceLost, false);
+    setProblem(BrowserProblem{BrowserProblem::What::unplugged, {}, 1, 1, {}}, true);
+}
+
+void FileBrowserViewModel::updateDevice(const DeviceInfo& device) {
+    if (!activeDevice_ || activeDevice_->udid != device.udid || *activeDevice_ == device)
+        return;
+    const bool isBack = state_ == BrowserState::deviceLost;
+    const bool isUnlocked = !activeDevice_->isDataAccessible() && device.isDataAccessible();
+    if (activeDevice_->protocolMode != device.protocolMode)
+        folders_.forget(files_->identity());
+    folders_.open(files_->identity(), device.id());
+    activeDevice_ = device;
+    // The connection to an app is opened anew by itself, wherever the phone is plugged in.
+    if (device.platform == DevicePlatform::android)
+        files_ = openAndroid_(device);
+    const FileTreeRoot root = rootOf(currentPath_);
+    if (!breadcrumbs_.empty() && breadcrumbs_.front().name != root.name) {
+        breadcrumbs_.front().name = root.name;
+        Q_EMIT pathChanged();
+    }
+    Q_EMIT connectionChanged();
+    if (isBack || isUnlocked)
+        reload();
+}
+
+/// The phone knows its storages' names better than a path does.
+FileTreeRoot FileBrowserViewModel::rootOf(const QString& path) const {
+    FileTreeRoot root = files_->rootOf(path);
+    if (activeDevice_)
+        for (const StorageVolume& volume : activeDevice_->volumes)
+            if (root.path == QStringLiteral("/storage/") + volume.id && !volume.name.isEmpty())
+                root.name = volume.name;
+    return root;
 }
 
 void FileBrowserViewModel::navigateTo(const QString& path, bool recordHistory) {
@@ -104,13 +178,13 @@ void FileBrowserViewModel::show(const QString& path) {
     typeahead_.reset();
     awaited_.reset();
     ++typedNumber_;
-    setError(std::nullopt);
-    const BrowserRoot root = files_->rootOf(path);
+    setProblem(std::nullopt);
+    const FileTreeRoot root = rootOf(path);
     const bool isOther = path != currentPath_;
     currentPath_ = path;
     rootPath_ = root.path;
     breadcrumbs_ = breadcrumbsOf(root, path);
-    auto remembered = folders_.recall(*files_, path);
+    auto remembered = folders_.recall(files_->identity(), path);
     const bool isRemembered = remembered && !remembered->empty();
     if (isRemembered)
         rows_.reset(FileListing::make(*std::move(remembered), QLocale()));
@@ -185,33 +259,44 @@ void FileBrowserViewModel::load(Meanwhile meanwhile) {
     isReloadWanted_ = false;
     stopLoad_.request_stop();
     const std::uint64_t number = ++loadNumber_;
+    const bool partsWanted = meanwhile == Meanwhile::nothing;
     setState(meanwhile == Meanwhile::shown ? state_ : BrowserState::ready, true);
     stopLoad_ = runInBackground(
         this,
-        [files = files_, path = currentPath_, locale = QLocale()](const std::stop_token& stop) {
-            return loadFolder(*files, path, locale, stop);
-        },
+        [files = files_, path = currentPath_, locale = QLocale(),
+         part = partsWanted ? partReceiver(number) : PartialListing()](
+            const std::stop_token& stop) { return loadFolder(*files, path, locale, part, stop); },
         [this, number, meanwhile, begun = folders_.now()](BackgroundResult<BrowserLoad> result) {
             // Of a folder that is not wanted any more, or stopped.
             if (number != loadNumber_ || !result.succeeded())
                 return;
             const BrowserLoad loaded = result.take();
             if (loaded.listing)
-                folders_.remember(*files_, currentPath_, loaded.listing->items(), begun);
+                folders_.remember(files_->identity(), currentPath_, loaded.listing->items(), begun);
             else
                 forgetAfter(loaded);
             applyLoad(loaded, meanwhile);
             if (!isLoading_ && isReloadWanted_)
-                reloadTimer_.start(transfers_.summary().isIdle() ? reloadPause
-                                                                 : reloadPauseInQueue);
+                reloadTimer_.start(queue_.summary().isIdle() ? reloadPause : reloadPauseInQueue);
         });
+}
+
+/// Where a load leaves what it has so far: the main thread shows the newest part, however many
+/// there were.
+PartialListing FileBrowserViewModel::partReceiver(std::uint64_t number) {
+    return [self = QPointer(this), number](std::shared_ptr<const FileListing> part) {
+        MainThread::post([self, number, part = std::move(part)] {
+            if (self && number == self->loadNumber_ && self->isLoading_)
+                self->rows_.update(part);
+        });
+    };
 }
 
 void FileBrowserViewModel::forgetAfter(const BrowserLoad& failure) {
     if (failure.isDeviceLost)
-        folders_.forget(*files_);
+        folders_.forget(files_->identity());
     else
-        folders_.forgetFolder(*files_, currentPath_);
+        folders_.forgetFolder(files_->identity(), currentPath_);
 }
 
 void FileBrowserViewModel::applyLoad(const BrowserLoad& load, Meanwhile meanwhile) {
@@ -221,7 +306,8 @@ void FileBrowserViewModel::applyLoad(const BrowserLoad& load, Meanwhile meanwhil
             isAndroid       ? "FileBrowserViewModel Android listDirectory error: %s"
             : isConnecting_ ? "FileBrowserViewModel connect iOS error: %s"
                             : "FileBrowserViewModel navigateTo error: %s",
-            {load.error.message});
+            {load.problem->failures.empty() ? load.problem->name
+                                            : load.problem->failures.front().error.logText()});
         isConnecting_ = false;
         livingFolder_ = load.livingFolder.value_or(QString());
         if (load.livingFolder)
@@ -233,12 +319,14 @@ void FileBrowserViewModel::applyLoad(const BrowserLoad& load, Meanwhile meanwhil
                  : load.livingFolder ? BrowserState::folderGone
                                      : BrowserState::failed,
                  false);
-        setError(load.error, true);
+        setProblem(load.problem, true);
         return;
     }
     isConnecting_ = false;
+    unreadable_ = load.unreadable;
     knownFolders_.note(currentPath_, load.listing->items());
-    if (meanwhile == Meanwhile::nothing)
+    // What has come of a long listing is shown already.
+    if (meanwhile == Meanwhile::nothing && rows_.listing().size() == 0)
         rows_.reset(load.listing);
     else
         rows_.update(load.listing);
@@ -246,8 +334,8 @@ void FileBrowserViewModel::applyLoad(const BrowserLoad& load, Meanwhile meanwhil
     selection.prune(rows_);
     changeSelection(selection);
     setState(BrowserState::ready, false);
-    if (isErrorOfLoad_)
-        setError(std::nullopt);
+    if (isProblemOfLoad_)
+        setProblem(std::nullopt);
     selectAwaited();
 }
 
@@ -259,9 +347,9 @@ void FileBrowserViewModel::cancelLoading() {
     const bool isShown = state_ != BrowserState::ready || rows_.listing().size() > 0;
     setState(isShown ? state_ : BrowserState::failed, false);
     if (!isShown)
-        setError(ErrorAdvice{QStringLiteral("The folder was not read."),
-                             QStringLiteral("Refresh it to try again.")},
-                 true);
+        setProblem(
+            BrowserProblem{BrowserProblem::What::notRead, lastComponent(currentPath_), 1, 1, {}},
+            true);
 }
 
 void FileBrowserViewModel::setState(BrowserState state, bool isLoading) {
@@ -272,12 +360,12 @@ void FileBrowserViewModel::setState(BrowserState state, bool isLoading) {
     Q_EMIT stateChanged();
 }
 
-void FileBrowserViewModel::setError(const std::optional<ErrorAdvice>& error, bool isOfLoad) {
-    isErrorOfLoad_ = error && isOfLoad;
-    if (!error && !error_)
+void FileBrowserViewModel::setProblem(const std::optional<BrowserProblem>& problem, bool isOfLoad) {
+    isProblemOfLoad_ = problem && isOfLoad;
+    if (!problem && !problem_)
         return;
-    error_ = error;
-    Q_EMIT errorChanged();
+    problem_ = problem;
+    Q_EMIT problemChanged();
 }
 
 const std::vector<FileItem>& FileBrowserViewModel::items() const {
@@ -352,14 +440,6 @@ void FileBrowserViewModel::selectItem(const QString& id, SelectionChange how) {
     changeSelection(selection);
 }
 
-void FileBrowserViewModel::selectNextItem(bool extend) {
-    moveSelection(1, extend);
-}
-
-void FileBrowserViewModel::selectPreviousItem(bool extend) {
-    moveSelection(-1, extend);
-}
-
 void FileBrowserViewModel::moveSelection(int step, bool extend) {
     BrowserSelection selection = selection_;
     selection.move(rows_, step, extend);
@@ -389,6 +469,161 @@ void FileBrowserViewModel::handleTypeahead(const QString& character) {
         selectItem(rows_.id(row));
 }
 
+void FileBrowserViewModel::edit(std::vector<FileItem> items, BrowserProblem::What what,
+                                EditAction action, EditDone whenDone, const QStringList& newPaths) {
+    if (!files_ || items.empty())
+        return;
+    QStringList changedPaths = newPaths;
+    for (const FileItem& item : items)
+        changedPaths << item.path;
+    edits_.start(files_, std::move(items), what, std::move(action),
+                 [this, whenDone = std::move(whenDone), changedPaths, files = files_,
+                  path = currentPath_](const BrowserEditReport& report) {
+                     for (const QString& changed : changedPaths)
+                         folders_.entryChanged(files->identity(), changed);
+                     if (whenDone && !report.donePaths.isEmpty())
+                         whenDone(report.donePaths);
+                     applyEdit(report, *files, path);
+                 });
+}
+
+void FileBrowserViewModel::applyEdit(const BrowserEditReport& report,
+                                     const PhoneFileSystem& editedFiles, const QString& path) {
+    if (report.problem)
+        setProblem(report.problem);
+    if (!files_ || files_->identity() != editedFiles.identity() || path != currentPath_)
+        return;
+    if (report.isDeviceLost)
+        setState(BrowserState::deviceLost, false);
+    else
+        reload();
+}
+
+void FileBrowserViewModel::createFolder(const QString& wanted) {
+    const QString name = wanted.isEmpty() ? freeFolderName(items()) : wanted;
+    // The folder does not exist yet: an entry that only carries its name and place.
+    FileItem folder(name, joinPath(currentPath_, name), true, 0, std::nullopt);
+    edit(
+        {std::move(folder)}, BrowserProblem::What::create,
+        [parent = currentPath_](PhoneFileSystem& files, const FileItem& item,
+                                const std::stop_token& stop) {
+            (void)files.makeFolder(parent, item.name, stop);
+        },
+        [this, name, parent = currentPath_](const QStringList&) {
+            if (parent == currentPath_)
+                awaited_ = Awaited{name, true};
+        });
+}
+
+void FileBrowserViewModel::deleteItems(const QStringList& ids) {
+    edit(
+        itemsWithIds(ids), BrowserProblem::What::remove,
+        [](PhoneFileSystem& files, const FileItem& item, const std::stop_token& stop) {
+            files.removeTree(item, stop);
+        },
+        [this](const QStringList& paths) { Q_EMIT itemsDeleted(paths); });
+}
+
+void FileBrowserViewModel::renameItem(const QString& id, const QString& newName) {
+    using What = BrowserProblem::What;
+    const FileItem* item = itemWithId(id);
+    if (!item || newName == item->name)
+        return;
+    if (newName.isEmpty()) {
+        setProblem(BrowserProblem::of(What::rename, item->name,
+                                      Error(PhoneError::nameNotAllowed, {newName})));
+        return;
+    }
+    edit(
+        {*item}, What::rename,
+        [newName](PhoneFileSystem& files, const FileItem& entry, const std::stop_token& stop) {
+            (void)files.rename(entry, newName, TakenName::refused, stop);
+        },
+        [this, newName, folder = currentPath_](const QStringList& paths) {
+            if (folder == currentPath_)
+                awaited_ = Awaited{newName};
+            Q_EMIT itemRenamed(paths.front(), joinPath(parentPath(paths.front()), newName));
+        },
+        {joinPath(parentPath(item->path), newName)});
+}
+
+void FileBrowserViewModel::moveItemsToPath(const QStringList& ids, const QString& path) {
+    if (!files_)
+        return;
+    const QString target = files_->canonicalPath(path);
+    if (target == currentPath_)
+        return;
+    std::vector<FileItem> items = itemsWithIds(ids);
+    QStringList newPaths;
+    for (const FileItem& item : items)
+        newPaths << joinPath(target, item.name);
+    edit(
+        std::move(items), BrowserProblem::What::move,
+        [target](PhoneFileSystem& files, const FileItem& item, const std::stop_token& stop) {
+            (void)files.move(item, target, stop);
+        },
+        {}, newPaths);
+}
+
+void FileBrowserViewModel::cacheFileForPreview(const QString& id) {
+    const FileItem* item = itemWithId(id);
+    preview_.cancel();
+    if (files_ && item)
+        preview_.start(files_, *item, id);
+}
+
+std::stop_source
+FileBrowserViewModel::prepareDragURLs(const QStringList& ids,
+                                      std::function<void(const DragFiles&)> whenReady) {
+    if (!files_)
+        return std::stop_source(std::nostopstate);
+    return runInBackground(
+        this,
+        [files = files_, items = itemsWithIds(ids), mount = promises_, &copies = staged_](
+            const std::stop_token& stop) { return prepareDrag(files, items, mount, copies, stop); },
+        [whenReady = std::move(whenReady)](BackgroundResult<DragFiles> result) {
+            if (result.succeeded())
+                whenReady(result.take());
+        });
+}
+
+QStringList FileBrowserViewModel::pathCompletions(const QString& typed) const {
+    if (!files_)
+        return {};
+    const QString above = typed.left(typed.lastIndexOf(QLatin1Char('/')) + 1);
+    QStringList paths;
+    for (const QString& name : knownFolders_.namesIn(
+             files_->canonicalPath(absolutePath(above, currentPath_)), typed.mid(above.size())))
+        paths.append(above + name);
+    return paths;
+}
+
+void FileBrowserViewModel::goToTyped(const QString& typed, std::function<void(bool)> whenDone) {
+    if (!files_ || typed.isEmpty())
+        return;
+    dismissProblem();
+    const std::uint64_t number = ++typedNumber_;
+    const QString path = files_->canonicalPath(absolutePath(typed, currentPath_));
+    runInBackground(
+        this,
+        [files = files_, path, typed](const std::stop_token& stop) {
+            return lookUpTypedPath(*files, path, typed, stop);
+        },
+        [this, number, path, whenDone = std::move(whenDone)](BackgroundResult<TypedPath> result) {
+            if (number != typedNumber_ || !files_ || !result.succeeded())
+                return;
+            const TypedPath found = result.take();
+            if (found.item) {
+                navigateTo(found.item->isDirectory ? path : parentPath(path));
+                if (!found.item->isDirectory)
+                    awaited_ = Awaited{found.item->name};
+            } else {
+                setProblem(found.problem);
+            }
+            whenDone(found.item.has_value());
+        });
+}
+
 /// Selects the entry that an action announced, once the folder shows it.
 void FileBrowserViewModel::selectAwaited() {
     if (!awaited_)
@@ -410,17 +645,18 @@ void FileBrowserViewModel::selectAwaited() {
 
 /// Reads the folder again after an upload into it.
 void FileBrowserViewModel::reloadAfter(const QUuid& finishedJob) {
-    const int index = transfers_.indexOf(finishedJob);
+    const int index = queue_.indexOf(finishedJob);
     if (index < 0)
         return;
-    const TransferJob& job = transfers_.jobs()[static_cast<std::size_t>(index)];
-    if (job.type != TransferJob::TransferType::upload)
+    const CopyJob& job = queue_.jobs()[static_cast<std::size_t>(index)];
+    if (job.direction == CopyJob::Direction::toComputer)
         return;
-    folders_.entryChanged(job.connection, job.destinationPath);
-    if (!files_ || job.connection != files_->identity() ||
-        files_->canonicalPath(parentPath(job.destinationPath)) != currentPath_)
+    for (const QString& made : job.made)
+        folders_.entryChanged(job.target, made);
+    if (!files_ || job.target != files_->identity() ||
+        files_->canonicalPath(job.targetFolder) != currentPath_)
         return;
-    const bool isLast = transfers_.summary().isIdle();
+    const bool isLast = queue_.summary().isIdle();
     if (isLast || !reloadTimer_.isActive())
         reloadTimer_.start(isLast ? reloadPause : reloadPauseInQueue);
 }

@@ -1,21 +1,23 @@
 #pragma once
 
+#include "browser/actions/BrowserEdits.h"
+#include "browser/actions/BrowserLoad.h"
+#include "browser/actions/BrowserProblem.h"
+#include "browser/actions/DragFiles.h"
+#include "browser/actions/PreviewFetch.h"
 #include "browser/listing/FileRows.h"
 #include "browser/listing/ListingCache.h"
-#include "browser/model/BrowserEdit.h"
+#include "browser/model/BrowserCopies.h"
 #include "browser/model/BrowserHistory.h"
-#include "browser/model/BrowserLoad.h"
 #include "browser/model/BrowserSelection.h"
 #include "browser/model/KnownFolders.h"
 #include "browser/model/Typeahead.h"
+#include "phone/PhoneFileSystem.h"
 #include "phone/records/AppInfo.h"
 #include "phone/records/DeviceInfo.h"
-#include "phone/FileAccess.h"
-#include "transfer/CopyPlan.h"
-#include "transfer/ErrorAdvice.h"
-#include "transfer/OnDemandMount.h"
-#include "transfer/PreviewCache.h"
-#include "transfer/TransferViewModel.h"
+#include "transfer/mount/DragMount.h"
+#include "transfer/queue/CopyQueue.h"
+#include "transfer/staging/StagedFiles.h"
 
 #include <QObject>
 #include <QTimer>
@@ -41,48 +43,36 @@ enum class ViewMode { list, grid };
 /// What the browser has to show.
 enum class BrowserState {
     ready,      ///< the folder, or nothing yet
-    failed,     ///< it could not be read: see error()
+    failed,     ///< it could not be read: see problem()
     folderGone, ///< it is not on the phone any more; navigateUp() goes to what is left of its path
     deviceLost, ///< the connection is gone; what was shown stays, and nothing can be done with it
 };
 
-/// How far a deletion or a move of several entries is.
-struct EditProgress {
-    int done = 0;
-    int total = 0;
-};
-
-/// Local copies for dragging entries out.
-struct DragFiles {
-    QStringList localPaths;
-    std::vector<SkippedItem> notReady; ///< with the reason for each
-};
-
 /// The collaborators of a browser; each outlives it.
 struct BrowserSetup {
-    using OpenAndroid = std::function<std::shared_ptr<FileAccess>(const DeviceInfo&)>;
+    using OpenAndroid = std::function<std::shared_ptr<PhoneFileSystem>(const DeviceInfo&)>;
 
-    using OpenApp = std::function<std::shared_ptr<FileAccess>(const DeviceInfo&, const AppInfo&)>;
+    using OpenApp =
+        std::function<std::shared_ptr<PhoneFileSystem>(const DeviceInfo&, const AppInfo&)>;
 
-    OpenAndroid openAndroid;           ///< empty: over DeviceFileService::shared()
-    PreviewCache* previews = nullptr;  ///< null: the shared one
-    Typeahead::Clock clock;            ///< empty: the steady clock
-    OpenApp openApp{};                 ///< empty: over an AppFileAccess of its own
-    OnDemandMount* promises = nullptr; ///< null: what is dragged out is copied beforehand
+    OpenAndroid openAndroid;
+    StagedFiles* staged = nullptr; ///< where previews and drags find their copies; never null
+    Typeahead::Clock clock;        ///< empty: the steady clock
+    OpenApp openApp{};
+    DragMount* promises = nullptr; ///< null: what is dragged out is copied beforehand
 };
 
 /// The state of the file browser for one connection: the folder shown, its rows, path bar,
 /// history, selection, and what the user does to entries. Lives on the main thread; whatever asks
 /// a device runs in the background, and an answer that is no longer wanted is dropped. Nothing
-/// throws: failures are error().
+/// throws: failures are problem().
 ///
 /// Every action on entries takes ids (FileItem::id()) and ignores those that are not in the folder.
 class FileBrowserViewModel : public QObject {
     Q_OBJECT
 
 public:
-    explicit FileBrowserViewModel(TransferViewModel& transfers, BrowserSetup setup = {},
-                                  QObject* parent = nullptr);
+    explicit FileBrowserViewModel(CopyQueue& queue, BrowserSetup setup, QObject* parent = nullptr);
     /// Stops what is under way.
     ~FileBrowserViewModel() override;
 
@@ -95,7 +85,7 @@ public:
     void connect(const QString& udid, const QString& bundleId, const QString& appName,
                  const DeviceInfo& device, const QString& targetPath);
     /// Opens any connection. `device` is empty when none stands behind it.
-    void open(std::shared_ptr<FileAccess> files, const std::optional<DeviceInfo>& device,
+    void open(std::shared_ptr<PhoneFileSystem> files, const std::optional<DeviceInfo>& device,
               const QString& initialPath);
     /// The device has been unplugged.
     void loseDevice();
@@ -105,7 +95,7 @@ public:
     [[nodiscard]] const std::optional<DeviceInfo>& activeDevice() const {
         return activeDevice_;
     }
-    [[nodiscard]] const std::shared_ptr<FileAccess>& files() const {
+    [[nodiscard]] const std::shared_ptr<PhoneFileSystem>& files() const {
         return files_;
     }
     /// The iPhone app whose documents are shown; "Documents" when there is none.
@@ -117,9 +107,13 @@ public:
     [[nodiscard]] ListingCache& folders() {
         return folders_;
     }
+    /// Local copies of the phone's files.
+    [[nodiscard]] StagedFiles& stagedFiles() {
+        return staged_;
+    }
     /// Where copies are queued.
-    [[nodiscard]] const TransferViewModel& transfers() const {
-        return transfers_;
+    [[nodiscard]] const CopyQueue& queue() const {
+        return queue_;
     }
 
     // --- where we are ---
@@ -139,25 +133,28 @@ public:
     [[nodiscard]] bool isLoading() const {
         return isLoading_;
     }
-    /// The last failure and what to do about it.
-    [[nodiscard]] const std::optional<ErrorAdvice>& error() const {
-        return error_;
+    /// The last failure.
+    [[nodiscard]] const std::optional<BrowserProblem>& problem() const {
+        return problem_;
     }
-    [[nodiscard]] std::optional<QString> errorMessage() const;
-    /// Whether a folder could not be read; else error() is about something else that was asked.
-    [[nodiscard]] bool isErrorOfLoad() const {
-        return isErrorOfLoad_;
+    /// Whether a folder could not be read; else problem() is about something else that was asked.
+    [[nodiscard]] bool isProblemOfLoad() const {
+        return isProblemOfLoad_;
     }
-    void dismissError();
+    void dismissProblem();
     /// Tells the user about something that went wrong with what was asked.
-    void showError(const ErrorAdvice& error) {
-        setError(error);
+    void showProblem(const BrowserProblem& problem) {
+        setProblem(problem);
+    }
+    /// Entries of the folder that are there and cannot be shown.
+    [[nodiscard]] int unreadableCount() const {
+        return unreadable_;
     }
 
     /// A folder that was shown before appears at once, and is read anew behind it.
     void navigateTo(const QString& path, bool recordHistory = true);
     /// Goes to a path that the user typed, absolute or from the folder shown on; to a file's
-    /// folder, where it is selected. `whenDone(false)`: nothing is there, and error() says so. It
+    /// folder, where it is selected. `whenDone(false)`: nothing is there, and problem() says so. It
     /// is not called when another folder was opened meanwhile.
     void goToTyped(const QString& typed, std::function<void(bool isThere)> whenDone);
     /// What a path that is being typed may become, of the folders seen so far; as it was typed up
@@ -192,6 +189,8 @@ public:
     /// A copy of the rows' entries.
     [[nodiscard]] std::vector<FileItem> filteredItems() const;
     [[nodiscard]] const FileItem* itemWithId(const QString& id) const;
+    /// Those of them that are in the folder.
+    [[nodiscard]] std::vector<FileItem> itemsWithIds(const QStringList& ids) const;
 
     [[nodiscard]] const QString& searchText() const {
         return rows_.filter();
@@ -220,8 +219,6 @@ public:
         return selection_.current();
     }
     void selectItem(const QString& id, SelectionChange how = SelectionChange::replace);
-    void selectNextItem(bool extend = false);
-    void selectPreviousItem(bool extend = false);
     /// Up and down in a grid: `step` is the number of columns, negative to go up.
     void moveSelection(int step, bool extend = false);
     void selectAll();
@@ -233,41 +230,31 @@ public:
 
     // --- edits: each runs in the background and reloads the folder at its end ---
     [[nodiscard]] bool isEditing() const {
-        return !edits_.empty();
+        return edits_.isRunning();
     }
     [[nodiscard]] const EditProgress& editProgress() const {
-        return editProgress_;
+        return edits_.progress();
     }
     /// What is done stays done.
-    void cancelEdits();
-    /// "New Folder", or "New Folder 2" and so on when that is taken.
-    [[nodiscard]] QString freeFolderName() const;
-    /// An empty name stands for freeFolderName(). The new folder is selected.
+    void cancelEdits() {
+        edits_.cancel();
+    }
+    /// The new folder is selected. Its name is freeFolderName() unless another is given.
     void createFolder(const QString& name = {});
     /// Deletes entries one after the other; one report for all that failed.
     void deleteItems(const QStringList& ids);
     void renameItem(const QString& id, const QString& newName);
-    void moveSelectedItems(const QString& toFolderId);
-    void moveSelectedItemsToPath(const QString& path);
     void moveItemsToPath(const QStringList& ids, const QString& path);
 
     // --- copies ---
-    using SurveyDone = std::function<void(const CopyPlan&)>;
-    /// Finds out in the background what a copy of entries into a local folder will meet. `whenDone`
-    /// is called on the main thread, unless this is gone by then.
-    void surveyDownload(const QStringList& ids, const QString& localFolder, SurveyDone whenDone);
-    /// The same for local files and folders, into the folder shown or into one of its folders.
-    void surveyUpload(const QStringList& localPaths, const QString& intoFolderId,
-                      SurveyDone whenDone);
-    /// Queues what was surveyed. A name that this computer cannot hold becomes a failed job.
-    void copy(const CopyPlan& survey, const CopyChoices& choices);
-    /// Copies without a question, and keeps what is there already. Looks at the local disk.
-    void downloadItems(const QStringList& ids, const QString& localFolder);
-    /// The same to the phone; what is there already is replaced.
-    void uploadFiles(const QStringList& localPaths, const QString& intoFolderId = {});
+    [[nodiscard]] BrowserCopies& copies() {
+        return copies_;
+    }
     /// Answers with previewReady or previewFailed. A call drops the one before it.
     void cacheFileForPreview(const QString& id);
-    void cancelPreview();
+    void cancelPreview() {
+        preview_.cancel();
+    }
     /// `whenReady` is called on the main thread, unless this is gone by then or the result
     /// was asked to stop. Where this system can promise files the paths are there at once, and the
     /// entries are copied as another program reads them. Elsewhere they are copied beforehand:
@@ -281,7 +268,7 @@ Q_SIGNALS:
     void pathChanged();       ///< currentPath, rootPath, breadcrumbs
     void historyChanged();    ///< canGoBack, canGoForward
     void stateChanged();      ///< state, isLoading
-    void errorChanged();
+    void problemChanged();
     void searchTextChanged();
     void sortOrderChanged();
     void viewModeChanged();
@@ -294,7 +281,7 @@ Q_SIGNALS:
     /// Bytes of the copy that a preview waits for; not for each piece.
     void previewProgress(const QString& id, qint64 done, qint64 total);
     void previewReady(const QString& id, const QString& localFile);
-    void previewFailed(const QString& id, const tessary::ErrorAdvice& error);
+    void previewFailed(const QString& id, const tessary::Error& error);
 
 private:
     /// An entry to select once a listing shows it.
@@ -308,7 +295,6 @@ private:
         remembered, ///< as it was when it was last shown
         shown,      ///< the same folder
     };
-    using EditAction = std::function<void(FileAccess&, const FileItem&, const std::stop_token&)>;
     using EditDone = std::function<void(const QStringList& donePaths)>;
 
     void stopAll();
@@ -318,35 +304,35 @@ private:
     void applyLoad(const BrowserLoad& load, Meanwhile meanwhile);
     void forgetAfter(const BrowserLoad& failure);
     void setState(BrowserState state, bool isLoading);
-    void setError(const std::optional<ErrorAdvice>& error, bool isOfLoad = false);
+    void setProblem(const std::optional<BrowserProblem>& problem, bool isOfLoad = false);
     void changeSelection(const BrowserSelection& selection);
     void selectAwaited();
     void reloadAfter(const QUuid& finishedJob);
-    void edit(std::vector<FileItem> items, const QString& verb, EditAction action,
+    void edit(std::vector<FileItem> items, BrowserProblem::What what, EditAction action,
               EditDone whenDone, const QStringList& newPaths = {});
-    void applyEdit(const BrowserEditReport& report, const FileAccess* editedFiles,
+    void applyEdit(const BrowserEditReport& report, const PhoneFileSystem& editedFiles,
                    const QString& path);
-    void refuse(const QString& verb, const FileItem& item, const QString& reason);
-    [[nodiscard]] std::vector<FileItem> itemsWithIds(const QStringList& ids) const;
-
-    TransferViewModel& transfers_;
+    [[nodiscard]] PartialListing partReceiver(std::uint64_t number);
+    [[nodiscard]] FileTreeRoot rootOf(const QString& path) const;
+    CopyQueue& queue_;
     BrowserSetup::OpenAndroid openAndroid_;
     BrowserSetup::OpenApp openApp_;
-    PreviewCache& previews_;
-    OnDemandMount* const promises_;
+    StagedFiles& staged_;
+    DragMount* const promises_;
 
-    std::shared_ptr<FileAccess> files_;
+    std::shared_ptr<PhoneFileSystem> files_;
     std::optional<DeviceInfo> activeDevice_;
     QString appName_ = QStringLiteral("Documents");
     QString currentPath_ = QStringLiteral("/");
     QString rootPath_ = QStringLiteral("/");
+    int unreadable_ = 0;
     std::vector<PathComponent> breadcrumbs_;
     BrowserHistory history_;
     BrowserState state_ = BrowserState::ready;
     bool isLoading_ = true;
-    std::optional<ErrorAdvice> error_;
-    bool isErrorOfLoad_ = false; ///< else of an action: a reload leaves it
-    QString livingFolder_;       ///< where "up" goes from a folder that is gone
+    std::optional<BrowserProblem> problem_;
+    bool isProblemOfLoad_ = false; ///< else of an action: a reload leaves it
+    QString livingFolder_;         ///< where "up" goes from a folder that is gone
     KnownFolders knownFolders_;
     std::uint64_t typedNumber_ = 0; ///< answers about older typed paths are dropped
 
@@ -361,11 +347,10 @@ private:
     std::uint64_t loadNumber_ = 0; ///< answers of older loads are dropped
     std::stop_source stopLoad_{std::nostopstate};
     QTimer reloadTimer_;
-    bool isReloadWanted_ = false;         ///< once the folder that is being read was read
-    std::vector<std::stop_source> edits_; ///< one for each that is under way
-    EditProgress editProgress_;
-    std::uint64_t previewNumber_ = 0;
-    std::stop_source stopPreview_{std::nostopstate};
+    bool isReloadWanted_ = false; ///< once the folder that is being read was read
+    BrowserCopies copies_;
+    BrowserEdits edits_;
+    PreviewFetch preview_;
 };
 
 } // namespace tessary

@@ -148,7 +148,7 @@ QStringList FileListModel::mimeTypes() const {
 }
 
 QMimeData* FileListModel::mimeData(const QModelIndexList& indexes) const {
-    const std::shared_ptr<FileAccess>& files = browser_.files();
+    const std::shared_ptr<PhoneFileSystem>& files = browser_.files();
     std::vector<FileItem> items;
     for (const QModelIndex& index : indexes)
         if (index.column() == nameColumn)

@@ -1,36 +1,22 @@
 #include "devices/files/DeviceServices.h"
 
 #include "adb/files/ADBFileSystem.h"
-#include "adb/server/ADBServerConnection.h"
 #include "ios/files/AFCFileSystem.h"
+#include "ios/helper/IPhoneHelper.h"
 #include "mtp/files/MTPFileSystem.h"
 
 namespace tessary {
 
-namespace {
-
-constexpr std::chrono::seconds serverStart(15);
-
-} // namespace
-
 DeviceServices::DeviceServices(const Setup& setup)
-    : processes_(setup.processes),
-      adbTool_(setup.processes, setup.adbPaths),
-      adbServer_(std::make_shared<const ADBServerClient>(setup.adbServer)),
+    : adbTool_(setup.processes, setup.adbPaths),
+      adbWays_({setup.bus, setup.processes, setup.adbServer, setup.adbPaths}),
       competing_(setup.processes),
+      syncFiles_(setup.bus, setup.processes, setup.adbPaths),
       files_(ways(setup)) {}
 
-/// Whoever needs the server finds out by itself whether it is there now.
-void DeviceServices::startADBServer(const std::stop_token& stop) {
-    const auto executable = adbTool_.find();
-    if (!executable)
-        return;
-    ProcessRequest request;
-    request.program = *executable;
-    request.arguments = {QStringLiteral("start-server")};
-    request.limit = serverStart;
-    request.stop = stop;
-    (void)processes_.follow(request);
+std::vector<AppInfo> DeviceServices::apps(const DeviceInfo& device, const std::stop_token& stop) {
+    const PhoneQueue::Turn turn = files_.queueOf(device)->take(stop);
+    return askIPhoneApps(device.udid, stop);
 }
 
 PhoneFileSystems::Ways DeviceServices::ways(const Setup& setup) {
@@ -41,13 +27,9 @@ PhoneFileSystems::Ways DeviceServices::ways(const Setup& setup) {
     };
     ways.adb = [this](const PhoneIdentity& phone,
                       const Queue& queue) -> std::shared_ptr<PhoneFileSystem> {
-        if (!adbTool_.find())
+        if (!adbWays_.canReach(phone))
             return nullptr;
-        return std::make_shared<ADBFileSystem>(
-            phone, queue,
-            std::make_shared<ADBServerConnection>(
-                adbServer_, ADBPhoneSought{phone.serialNumber, phone.usbLocation},
-                [this](const std::stop_token& stop) { startADBServer(stop); }));
+        return std::make_shared<ADBFileSystem>(phone, queue, adbWays_.connectionTo(phone));
     };
     ways.app = [](const PhoneIdentity& phone, const AppInfo& app, const Queue& queue) {
         return std::make_shared<AFCFileSystem>(phone, app, queue);

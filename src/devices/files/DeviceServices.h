@@ -1,8 +1,9 @@
 #pragma once
 
-#include "adb/server/ADBServerClient.h"
 #include "adb/tool/ADBTool.h"
+#include "adb/ways/ADBWays.h"
 #include "devices/files/CompetingPrograms.h"
+#include "devices/files/DeviceFileService.h"
 #include "devices/files/PhoneFileSystems.h"
 #include "platform/process/ProcessRunner.h"
 #include "platform/usb/USBBus.h"
@@ -32,26 +33,30 @@ public:
     [[nodiscard]] PhoneFileSystems& files() {
         return files_;
     }
+    /// What syncs use until they work over files().
+    [[nodiscard]] DeviceFileService& syncFiles() {
+        return syncFiles_;
+    }
     [[nodiscard]] CompetingPrograms& competingPrograms() {
         return competing_;
     }
     [[nodiscard]] ADBTool& adbTool() {
         return adbTool_;
     }
-    /// The phones that adb reaches, or is being refused by. Blocking.
-    [[nodiscard]] std::vector<ADBDevice> adbDevices() {
-        return adbTool_.devices();
+    /// The apps of an iPhone that share files, by name. Blocking; fails as askIPhoneApps() does.
+    [[nodiscard]] std::vector<AppInfo> apps(const DeviceInfo& device, const std::stop_token& stop);
+    /// The ways to phones with USB debugging on.
+    [[nodiscard]] ADBWays& adbWays() {
+        return adbWays_;
     }
 
 private:
     [[nodiscard]] PhoneFileSystems::Ways ways(const Setup& setup);
 
-    void startADBServer(const std::stop_token& stop);
-
-    ProcessRunner& processes_;
     ADBTool adbTool_;
-    const std::shared_ptr<const ADBServerClient> adbServer_;
+    ADBWays adbWays_;
     CompetingPrograms competing_;
+    DeviceFileService syncFiles_;
     PhoneFileSystems files_;
 };
 

@@ -3,7 +3,7 @@
 #include "base/log/DiagnosticsLogger.h"
 #include "base/threads/Background.h"
 #include "base/threads/EndInBackground.h"
-#include "devices/files/DeviceFileService.h"
+#include "devices/files/DeviceServices.h"
 #include "devices/list/ADBPhones.h"
 #include "devices/list/DeviceProbe.h"
 #include "devices/list/IPhoneDevices.h"
@@ -30,9 +30,9 @@ const DeviceInfo* find(const std::vector<DeviceInfo>& devices, const QString& id
 
 } // namespace
 
-DeviceManager::DeviceManager(DeviceSources sources, DeviceFileService& files,
+DeviceManager::DeviceManager(DeviceSources sources, DeviceServices& services,
                              std::vector<USBIds> alsoAccept, QObject* parent)
-    : DeviceManager(sources, std::make_shared<FileServiceProbe>(files), std::move(alsoAccept),
+    : DeviceManager(sources, std::make_shared<PhoneProbe>(services), std::move(alsoAccept),
                     parent) {}
 
 DeviceManager::DeviceManager(DeviceSources sources, std::shared_ptr<DeviceProbe> inquiry,
@@ -115,6 +115,7 @@ void DeviceManager::usbChanged(const USBEvent& event) {
                                              return a.location < b.location;
                                          }),
                         event.entry);
+    wasPlugged_ = true;
     scanIsOutdated_ = isScanning_;
     if (!isScanning_)
         rebuild(false);
@@ -164,7 +165,10 @@ void DeviceManager::askADB() {
         return;
     isAskingADB_ = true;
     runInBackground(
-        this, [inquiry = inquiry_] { return inquiry->adbDevices(); },
+        this,
+        [inquiry = inquiry_, lookAgain = std::exchange(wasPlugged_, false)] {
+            return inquiry->adbDevices(lookAgain);
+        },
         [this, period = period_](BackgroundResult<std::vector<ADBDevice>> result) {
             isAskingADB_ = false;
             if (period != period_)

@@ -23,7 +23,7 @@
 
 namespace tessary {
 
-class DeviceFileService;
+class DeviceServices;
 class DeviceProbe;
 struct DeviceAnswer;
 
@@ -41,9 +41,9 @@ public:
     static constexpr std::chrono::milliseconds listInterval{1500};
     static constexpr std::chrono::milliseconds storageInterval{5000};
 
-    /// `sources` and `files` must outlive the manager and the work that it has started in the
+    /// `sources` and `services` must outlive the manager and the work that it has started in the
     /// background. Devices with an id in `alsoAccept` count as phones although no rule knows them.
-    DeviceManager(DeviceSources sources, DeviceFileService& files,
+    DeviceManager(DeviceSources sources, DeviceServices& services,
                   std::vector<USBIds> alsoAccept = {}, QObject* parent = nullptr);
     /// The same with another way of asking devices.
     DeviceManager(DeviceSources sources, std::shared_ptr<DeviceProbe> inquiry,
@@ -127,6 +127,7 @@ private:
     const bool asksADB_;
     std::vector<ADBDevice> adb_; ///< adb's last answer
     bool isAskingADB_ = false;
+    bool wasPlugged_ = true;                 ///< something, since adb was last asked
     std::shared_ptr<UserDefaults> defaults_; ///< may be null
 
     QTimer timer_;

@@ -10,7 +10,7 @@
 
 namespace tessary {
 
-class DeviceFileService;
+class DeviceServices;
 
 /// What came of asking a device for its figures.
 struct DeviceAnswer {
@@ -39,28 +39,24 @@ public:
     [[nodiscard]] virtual DeviceAnswer ask(const DeviceInfo& device) = 0;
     /// Whether a program runs that is known to compete for phones.
     [[nodiscard]] virtual bool isConflictingAppRunning() = 0;
-    /// The phones that adb reaches, or is refused by.
-    [[nodiscard]] virtual std::vector<ADBDevice> adbDevices() {
+    /// The phones that adb reaches, or is refused by. `lookAgain`: something was plugged in.
+    [[nodiscard]] virtual std::vector<ADBDevice> adbDevices(bool) {
         return {};
     }
 };
 
-/// Asks Android phones by way of the file service, which orders it with everything else that uses
-/// a device, and iPhones over a session of its own.
-class FileServiceProbe : public DeviceProbe {
+/// Asks phones by way of their file systems, which order it with everything else that uses them.
+class PhoneProbe : public DeviceProbe {
 public:
-    /// `files` must outlive it.
-    explicit FileServiceProbe(DeviceFileService& files) : files_(files) {}
+    /// `services` must outlive it.
+    explicit PhoneProbe(DeviceServices& services) : services_(services) {}
 
     [[nodiscard]] DeviceAnswer ask(const DeviceInfo& device) override;
     [[nodiscard]] bool isConflictingAppRunning() override;
-    [[nodiscard]] std::vector<ADBDevice> adbDevices() override;
+    [[nodiscard]] std::vector<ADBDevice> adbDevices(bool lookAgain) override;
 
 private:
-    [[nodiscard]] DeviceAnswer whyNoADB(const DeviceInfo& device);
-    [[nodiscard]] DeviceAnswer whyNoStorage(const DeviceInfo& device, LiveDeviceInfo figures);
-
-    DeviceFileService& files_;
+    DeviceServices& services_;
 };
 
 } // namespace tessary

@@ -1,24 +1,29 @@
 #pragma once
 
-#include <QString>
-#include <QStringList>
+#include "phone/PhoneError.h"
 
 namespace tessary {
 
-/// Why an attached device cannot be read at the moment. A value; texts are in English.
-struct DeviceTrouble {
-    enum class Kind {
-        heldByProgram, ///< another program uses it: `programs`, as far as they are known
-        notPermitted,  ///< this user may not open USB devices
-        refused,       ///< it wants to be unlocked, or to trust this computer first
-        notAnswering,  ///< it stays silent, or answers nonsense
-        adbMissing,    ///< it is read over MTP although Turbo mode was chosen
-    };
-    Kind kind = Kind::notAnswering;
-    QStringList programs;
-    QString message; ///< what is wrong, one sentence
-    QString advice;  ///< what to do about it; may be empty
+/// What can keep a phone from being used as the user chose.
+enum class DeviceError {
+    turboUnavailable, ///< Turbo mode was chosen, and this machine has no way to it: MTP is used
+};
 
+[[nodiscard]] constexpr ErrorLayer errorLayer(DeviceError) {
+    return ErrorLayer::device;
+}
+[[nodiscard]] constexpr const char* errorName(DeviceError) {
+    return "turboUnavailable";
+}
+
+/// Why an attached device cannot be read at the moment, or not as it was chosen. A value.
+struct DeviceTrouble {
+    Error error;
+
+    /// Other programs use it.
+    [[nodiscard]] bool isHeld() const {
+        return error.is(PhoneError::held);
+    }
     bool operator==(const DeviceTrouble&) const = default;
 };
 

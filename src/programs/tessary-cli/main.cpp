@@ -61,6 +61,12 @@ public:
     DeviceSources sources() {
         return {bus(), &multiplexer_, demo_ == nullptr || demo_->startsADB()};
     }
+    /// Where the adb server of these phones listens.
+    [[nodiscard]] ADBServerAddress adbServer() const {
+        QProcessEnvironment all = QProcessEnvironment::systemEnvironment();
+        all.insert(environment());
+        return ADBServerAddress::of(all);
+    }
     /// What leads child processes to these phones.
     [[nodiscard]] QProcessEnvironment environment() const {
         return demo_ ? demo_->adbEnvironment() : QProcessEnvironment();
@@ -106,8 +112,8 @@ int main(int argc, char** argv) {
             Phones phones(request, *defaults);
             QtProcessRunner processes(phones.environment());
             const std::stop_callback endChildren(signals.token(), [&] { processes.stop(); });
-            DeviceFileService files(phones.bus(), processes);
-            status = CliRunner(phones.sources(), files, *defaults, out, stderr)
+            DeviceServices services({phones.bus(), processes, phones.adbServer()});
+            status = CliRunner(phones.sources(), services, *defaults, out, stderr)
                          .run(request, signals.token());
             if (!Background::shutDown(backgroundPatience)) {
                 std::fclose(out);

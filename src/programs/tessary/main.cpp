@@ -58,6 +58,12 @@ struct Phones {
     DeviceSources sources() {
         return {bus(), &multiplexer, virtualPhones == nullptr || virtualPhones->startsADB()};
     }
+    /// Where the adb server of these phones listens.
+    [[nodiscard]] ADBServerAddress adbServer() const {
+        QProcessEnvironment all = QProcessEnvironment::systemEnvironment();
+        all.insert(environment());
+        return ADBServerAddress::of(all);
+    }
     /// What leads child processes to these phones.
     [[nodiscard]] QProcessEnvironment environment() const {
         return virtualPhones ? virtualPhones->adbEnvironment() : QProcessEnvironment();
@@ -120,7 +126,7 @@ int main(int argc, char** argv) {
     if (isDemo)
         phones.virtualPhones->startADB(ADBTool::findAmong(ADBTool::defaultPaths()));
     QtProcessRunner processes(phones.environment());
-    DeviceFileService files(phones.bus(), processes);
+    DeviceServices services({phones.bus(), processes, phones.adbServer()});
     TessaryAppSetup setup;
     setup.isDemo = phones.virtualPhones != nullptr;
     setup.startDemo = [] {
@@ -138,7 +144,7 @@ int main(int argc, char** argv) {
     };
     setup.notifier = std::make_shared<DesktopNotifier>();
     setup.openAddress = [](const QUrl& address) { QDesktopServices::openUrl(address); };
-    TessaryApp app(phones.sources(), files, setup);
+    TessaryApp app(phones.sources(), services, setup);
     const InterfaceTexts texts;
     MainWindow window(app);
     window.show();

@@ -10,7 +10,7 @@
 
 namespace tessary {
 
-class DeviceFileService;
+class DeviceServices;
 
 /// Connects to the device side of a pair. Blocking, off the main thread; throws the errors of the
 /// device's layer and CancellationError.
@@ -18,7 +18,8 @@ using SyncConnector = std::function<std::unique_ptr<SyncDeviceBackend>(
     const SyncPair& pair, const DeviceInfo& device, const std::stop_token& stop)>;
 
 /// Connects to real devices: to an app's documents on an iPhone, or to an Android phone through
-/// `files`, which must outlive all that it connects.
-[[nodiscard]] SyncConnector deviceConnector(DeviceFileService& files);
+/// `services`, which must outlive all that it connects. Whoever else uses the phone waits for as
+/// long as the connection lives.
+[[nodiscard]] SyncConnector deviceConnector(DeviceServices& services);
 
 } // namespace tessary

@@ -2,6 +2,7 @@
 
 #include "app/LanguageManager.h"
 #include "app/Translations.h"
+#include "app/texts/ProblemText.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
 #include "views/common/PlaceholderView.h"
@@ -141,7 +142,7 @@ void AppListView::show() {
     if (search_->text() != apps_.searchText())
         search_->setText(apps_.searchText());
     search_->setEnabled(!apps_.apps().empty());
-    const auto error = apps_.error().value_or(ErrorAdvice{});
+    const ErrorText words = apps_.problem() ? problemText(*apps_.problem()) : ErrorText{};
     switch (apps_.state()) {
     case AppListState::ready:
         showRows();
@@ -169,8 +170,8 @@ void AppListView::show() {
         break;
     case AppListState::failed:
         placeholder_->show(QStringLiteral("dialog-error"), tr("Connection Failed"),
-                           trMessage(error.advice) + QLatin1Char('\n') + trMessage(error.message),
-                           tr("Retry"), [this] { apps_.reload(); });
+                           words.advice + QLatin1Char('\n') + words.what, tr("Retry"),
+                           [this] { apps_.reload(); });
         break;
     }
     stack_->setCurrentWidget(placeholder_);

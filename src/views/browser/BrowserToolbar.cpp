@@ -57,7 +57,7 @@ BrowserToolbar::BrowserToolbar(FileBrowserViewModel& browser, const BrowserActio
                                   path_->stopTyping();
                           });
                       },
-                      [this] { browser_.dismissError(); }, [this] { Q_EMIT left(); }});
+                      [this] { browser_.dismissProblem(); }, [this] { Q_EMIT left(); }});
     connect(actions.goTo, &QAction::triggered, path_, &BreadcrumbBar::startTyping);
 
     auto* uploadButton = makeToolButton(*actions.uploadFiles);

@@ -3,6 +3,7 @@
 #include "app/LanguageManager.h"
 #include "app/Translations.h"
 #include "app/texts/DisplayNames.h"
+#include "app/texts/ProblemText.h"
 #include "base/text/ByteCount.h"
 #include "base/text/ByteFormat.h"
 #include "base/text/PathNames.h"
@@ -150,7 +151,7 @@ void BrowserView::connectBrowser() {
     on(&FileBrowserViewModel::viewModeChanged, &BrowserView::showContent);
     on(&FileBrowserViewModel::connectionChanged, &BrowserView::showContent);
     on(&FileBrowserViewModel::connectionChanged, &BrowserView::showPath);
-    on(&FileBrowserViewModel::errorChanged, &BrowserView::showContent);
+    on(&FileBrowserViewModel::problemChanged, &BrowserView::showContent);
     on(&FileBrowserViewModel::searchTextChanged, &BrowserView::showContent);
     on(&FileBrowserViewModel::selectionChanged, &BrowserView::showStatus);
     on(&FileBrowserViewModel::historyChanged, &BrowserView::updateActions);
@@ -192,7 +193,7 @@ void BrowserView::showPath() {
 }
 
 void BrowserView::showContent() {
-    const auto words = browser_.error().value_or(ErrorAdvice{});
+    const ErrorText words = browser_.problem() ? problemText(*browser_.problem()) : ErrorText{};
     switch (browser_.state()) {
     case BrowserState::deviceLost:
         placeholder_->show(QStringLiteral("smartphone"), tr("The phone is gone"),
@@ -206,9 +207,8 @@ void BrowserView::showContent() {
         break;
     case BrowserState::failed:
         placeholder_->show(QStringLiteral("dialog-error"), tr("Connection Failed"),
-                           printable(trMessage(words.message)) + QLatin1Char('\n') +
-                               trMessage(words.advice),
-                           tr("Retry"), [this] { browser_.reload(); });
+                           words.what + QLatin1Char('\n') + words.advice, tr("Retry"),
+                           [this] { browser_.reload(); });
         showPage(*placeholder_);
         break;
     case BrowserState::ready:

@@ -41,7 +41,7 @@ void CopyCommands::downloadSelected() {
     const ShownFolder asked(browser_);
     const QString target = dialogs_.chooseTargetFolder(&parent_);
     if (!target.isEmpty() && asked.isStillShown())
-        browser_.surveyDownload(ids, target, askAndCopy());
+        browser_.copies().prepareDownload(ids, target, askAndCopy());
 }
 
 void CopyCommands::chooseAndUploadFiles() {
@@ -76,17 +76,17 @@ void CopyCommands::paste() {
 
 void CopyCommands::upload(const QStringList& paths, const QString& intoFolderId) {
     if (!paths.isEmpty())
-        browser_.surveyUpload(paths, intoFolderId, askAndCopy());
+        browser_.copies().prepareUpload(paths, intoFolderId, askAndCopy());
 }
 
 /// Starts a copy once the user has answered what there is to ask about it.
-FileBrowserViewModel::SurveyDone CopyCommands::askAndCopy() {
-    return [self = QPointer<CopyCommands>(this)](const CopyPlan& survey) {
+BrowserCopies::Prepared CopyCommands::askAndCopy() {
+    return [self = QPointer<CopyCommands>(this)](const PreparedCopy& copy) {
         if (!self)
             return;
-        const auto choices = askAboutClashes(&self->parent_, survey);
-        if (choices && self && askAboutSpace(&self->parent_, survey, *choices) && self)
-            self->browser_.copy(survey, *choices);
+        const auto answers = askAboutClashes(&self->parent_, copy);
+        if (answers && self && askAboutSpace(&self->parent_, copy, *answers) && self)
+            self->browser_.copies().start(copy, *answers);
     };
 }
 

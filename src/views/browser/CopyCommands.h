@@ -38,7 +38,7 @@ public:
     void upload(const QStringList& paths, const QString& intoFolderId = {});
 
 private:
-    [[nodiscard]] FileBrowserViewModel::SurveyDone askAndCopy();
+    [[nodiscard]] BrowserCopies::Prepared askAndCopy();
 
     FileBrowserViewModel& browser_;
     const CopyDialogs dialogs_;

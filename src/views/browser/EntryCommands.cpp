@@ -76,7 +76,7 @@ void EntryCommands::open() {
         for (const QString& path : files.localPaths)
             openLocalFile_(path);
         if (!files.notReady.empty())
-            browser_.showError({files.notReady.front().reason, {}});
+            browser_.showProblem(problemOf(files.notReady.front()));
     });
 }
 

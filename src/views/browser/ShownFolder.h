@@ -16,8 +16,7 @@ public:
     [[nodiscard]] bool isStillShown() const {
         const bool isShown = files_ == identity(browser_) && path_ == browser_.currentPath();
         if (!isShown)
-            browser_.showError(
-                {QStringLiteral("Another folder is shown by now. Nothing was done."), {}});
+            browser_.showProblem({BrowserProblem::What::otherFolder, {}, 1, 1, {}});
         return isShown;
     }
 

@@ -11,6 +11,8 @@
 #include <QPushButton>
 
 #include <algorithm>
+#include <iterator>
+#include <vector>
 
 namespace tessary {
 
@@ -21,38 +23,44 @@ class ClashQuestion {
     Q_DECLARE_TR_FUNCTIONS(ClashQuestion)
 };
 
-QString sideText(const CopySide& side, bool isFolder) {
-    const QString date = side.date
-                             ? QLocale().toString(side.date->toLocalTime(), QLocale::ShortFormat)
-                             : QStringLiteral("--");
-    return isFolder ? date : QStringLiteral("%1, %2").arg(formatBytes(side.size), date);
+QString sideText(const FileItem& side) {
+    const QString date = side.modifiedDate ? QLocale().toString(side.modifiedDate->toLocalTime(),
+                                                                QLocale::ShortFormat)
+                                           : QStringLiteral("--");
+    return side.isDirectory ? date : QStringLiteral("%1, %2").arg(formatBytes(side.size), date);
+}
+
+/// Everything whose name is taken.
+std::vector<CheckedItem> clashesOf(const PreparedCopy& copy) {
+    std::vector<CheckedItem> clashes;
+    for (const PreparedCopy::Part& part : copy.parts)
+        std::copy_if(part.check.items.begin(), part.check.items.end(), std::back_inserter(clashes),
+                     [](const CheckedItem& item) { return item.existing.has_value(); });
+    return clashes;
 }
 
 } // namespace
 
-std::optional<CopyChoices> askAboutClashes(QWidget* parent, const CopyPlan& survey) {
-    CopyChoices choices;
-    std::optional<NameClash> forAll;
-    auto others =
-        std::count_if(survey.candidates.begin(), survey.candidates.end(),
-                      [](const auto& candidate) { return candidate.existing.has_value(); });
-    for (const CopyCandidate& clash : survey.candidates) {
-        if (!clash.existing)
-            continue;
+std::optional<CopyAnswers> askAboutClashes(QWidget* parent, const PreparedCopy& copy) {
+    CopyAnswers answers;
+    std::optional<ClashAnswer> forAll;
+    const std::vector<CheckedItem> clashes = clashesOf(copy);
+    auto others = clashes.size();
+    for (const CheckedItem& clash : clashes) {
         --others;
+        const FileItem& coming = clash.item.item;
         if (forAll) {
-            choices.insert(clash.key, *forAll);
+            answers.insert(coming.id(), *forAll);
             continue;
         }
-        QMessageBox question(QMessageBox::Question, ClashQuestion::tr("Already There"),
-                             ClashQuestion::tr("“%1” is already there.").arg(printable(clash.name)),
-                             QMessageBox::NoButton, parent);
+        QMessageBox question(
+            QMessageBox::Question, ClashQuestion::tr("Already There"),
+            ClashQuestion::tr("“%1” is already there.").arg(printable(clash.item.name)),
+            QMessageBox::NoButton, parent);
         question.setObjectName(QStringLiteral("clashQuestion"));
-        QString detail =
-            ClashQuestion::tr("New: %1").arg(sideText(clash.coming, clash.isFolder)) +
-            QLatin1Char('\n') +
-            ClashQuestion::tr("There: %1").arg(sideText(*clash.existing, clash.isFolder));
-        if (clash.isFolder)
+        QString detail = ClashQuestion::tr("New: %1").arg(sideText(coming)) + QLatin1Char('\n') +
+                         ClashQuestion::tr("There: %1").arg(sideText(*clash.existing));
+        if (coming.isDirectory)
             detail +=
                 QStringLiteral("\n\n") +
                 ClashQuestion::tr(
@@ -71,33 +79,34 @@ std::optional<CopyChoices> askAboutClashes(QWidget* parent, const CopyPlan& surv
         makePlain(question);
         question.exec();
         const QAbstractButton* clicked = question.clickedButton();
-        NameClash choice = NameClash::skip;
+        ClashAnswer choice = ClashAnswer::skip;
         if (clicked == replace)
-            choice = NameClash::replace;
+            choice = ClashAnswer::replace;
         else if (clicked == keepBoth)
-            choice = NameClash::keepBoth;
+            choice = ClashAnswer::keepBoth;
         else if (clicked != skip)
             return std::nullopt;
-        choices.insert(clash.key, choice);
+        answers.insert(coming.id(), choice);
         if (question.checkBox() != nullptr && question.checkBox()->isChecked())
             forAll = choice;
     }
-    return choices;
+    return answers;
 }
 
-bool askAboutSpace(QWidget* parent, const CopyPlan& survey, const CopyChoices& choices) {
-    const qint64 needed = survey.neededBytes(choices);
-    if (!survey.freeBytes || needed <= *survey.freeBytes)
+bool askAboutSpace(QWidget* parent, const PreparedCopy& copy, const CopyAnswers& answers) {
+    const qint64 needed = copy.neededBytes(answers);
+    const auto free = copy.freeBytes();
+    if (!free || needed <= *free)
         return true;
     QMessageBox question(QMessageBox::Warning, ClashQuestion::tr("Not Enough Space"),
                          ClashQuestion::tr("There is not enough space for this copy."),
                          QMessageBox::NoButton, parent);
     question.setObjectName(QStringLiteral("spaceQuestion"));
-    const QString words = survey.isPartial
+    const QString words = copy.isPartial()
                               ? ClashQuestion::tr("It needs at least %1, and %2 are free in “%3”.")
                               : ClashQuestion::tr("It needs %1, and %2 are free in “%3”.");
-    question.setInformativeText(words.arg(formatBytes(needed), formatBytes(*survey.freeBytes),
-                                          printable(survey.targetName)));
+    question.setInformativeText(
+        words.arg(formatBytes(needed), formatBytes(*free), printable(copy.targetName)));
     QAbstractButton* goOn =
         question.addButton(ClashQuestion::tr("Copy Anyway"), QMessageBox::DestructiveRole);
     question.setDefaultButton(question.addButton(QMessageBox::Cancel));

@@ -2,6 +2,7 @@
 
 #include "app/LanguageManager.h"
 #include "app/Translations.h"
+#include "app/texts/ErrorText.h"
 #include "base/text/Printable.h"
 #include "base/threads/Background.h"
 #include "base/threads/CancellationError.h"
@@ -100,9 +101,9 @@ PreviewWindow::PreviewWindow(FileBrowserViewModel& browser, std::function<int()>
                     showFile(localFile);
             });
     connect(&browser, &FileBrowserViewModel::previewFailed, this,
-            [this](const QString& id, const ErrorAdvice& error) {
+            [this](const QString& id, const Error& error) {
                 if (isShowing(id))
-                    showFacts(printable(trMessage(error.message)));
+                    showFacts(errorText(error).what);
             });
 }
 

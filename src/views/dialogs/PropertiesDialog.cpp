@@ -60,8 +60,8 @@ QString exactSizeText(qint64 bytes) {
                                 .arg(QLocale().toString(bytes)));
 }
 
-PropertiesDialog::PropertiesDialog(std::shared_ptr<FileAccess> files, std::vector<FileItem> items,
-                                   QWidget* parent)
+PropertiesDialog::PropertiesDialog(std::shared_ptr<PhoneFileSystem> files,
+                                   std::vector<FileItem> items, QWidget* parent)
     : QDialog(parent),
       files_(std::move(files)),
       items_(std::move(items)),

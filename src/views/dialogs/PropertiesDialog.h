@@ -1,6 +1,6 @@
 #pragma once
 
-#include "transfer/ContentCount.h"
+#include "transfer/copy/ContentCount.h"
 
 #include <QDialog>
 
@@ -23,7 +23,7 @@ class PropertiesDialog : public QDialog {
 
 public:
     /// `items` are not empty. The dialog deletes itself when it is closed.
-    PropertiesDialog(std::shared_ptr<FileAccess> files, std::vector<FileItem> items,
+    PropertiesDialog(std::shared_ptr<PhoneFileSystem> files, std::vector<FileItem> items,
                      QWidget* parent = nullptr);
     ~PropertiesDialog() override;
 
@@ -39,7 +39,7 @@ private:
     void setTexts();
     void showCount();
 
-    const std::shared_ptr<FileAccess> files_;
+    const std::shared_ptr<PhoneFileSystem> files_;
     const std::vector<FileItem> items_;
     ContentCount count_;
     bool isCounting_ = false;

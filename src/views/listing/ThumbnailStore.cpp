@@ -43,7 +43,7 @@ ThumbnailStore::ThumbnailStore(FileBrowserViewModel& browser, int side, Setup se
       side_(side),
       decoder_(std::move(setup.decoder)),
       disk_(setup.disk != nullptr ? *setup.disk : ThumbnailCache::shared()),
-      copies_(setup.copies != nullptr ? *setup.copies : PreviewCache::shared()),
+      copies_(setup.copies != nullptr ? *setup.copies : browser.stagedFiles()),
       pixmaps_(memoryLimit) {
     connect(&browser, &FileBrowserViewModel::pathChanged, this, &ThumbnailStore::startOver);
     connect(&browser, &FileBrowserViewModel::connectionChanged, this, &ThumbnailStore::startOver);
@@ -53,8 +53,7 @@ ThumbnailStore::ThumbnailStore(FileBrowserViewModel& browser, int side, Setup se
         pauseOrGoOn();
     });
     connect(&browser, &FileBrowserViewModel::editingChanged, this, &ThumbnailStore::pauseOrGoOn);
-    connect(&browser.transfers(), &TransferViewModel::summaryChanged, this,
-            &ThumbnailStore::pauseOrGoOn);
+    connect(&browser.queue(), &CopyQueue::summaryChanged, this, &ThumbnailStore::pauseOrGoOn);
 }
 
 ThumbnailStore::~ThumbnailStore() {
@@ -75,7 +74,7 @@ void ThumbnailStore::startOver() {
 
 bool ThumbnailStore::mayAskPhone() const {
     return browser_.state() == BrowserState::ready && !browser_.isLoading() &&
-           !browser_.isEditing() && browser_.transfers().summary().isIdle();
+           !browser_.isEditing() && browser_.queue().summary().isIdle();
 }
 
 void ThumbnailStore::pauseOrGoOn() {

@@ -32,7 +32,7 @@ public:
     struct Setup {
         PictureDecoder decoder = PictureDecoder();
         ThumbnailCache* disk = nullptr; ///< null: the shared one
-        PreviewCache* copies = nullptr; ///< null: the shared one
+        StagedFiles* copies = nullptr;  ///< null: the browser's
     };
 
     /// `side` is the longest side of a thumbnail in device-independent pixels.
@@ -83,7 +83,7 @@ private:
     const int side_;
     const PictureDecoder decoder_;
     ThumbnailCache& disk_;
-    PreviewCache& copies_;
+    StagedFiles& copies_;
     std::function<bool(const QString& id)> isVisible_;
 
     qreal scale_ = 1;

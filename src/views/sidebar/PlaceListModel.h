@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/favorites/FavoritesManager.h"
-#include "phone/FileAccess.h"
+#include "phone/PhoneFileSystem.h"
 #include "phone/records/DeviceInfo.h"
 
 #include <QAbstractListModel>
@@ -47,7 +47,7 @@ private:
 
 /// What is being browsed.
 struct FavoriteSource {
-    std::shared_ptr<FileAccess> files; ///< null for nothing
+    std::shared_ptr<PhoneFileSystem> files; ///< null for nothing
     std::optional<QString> appBundleId;
     std::optional<QString> appName;
 };

@@ -22,14 +22,16 @@ QRect buttonRect(const QRect& row) {
             buttonSize};
 }
 
-QColor colourOf(const TransferJob& job, const QPalette& palette) {
-    using Status = TransferJob::TransferStatus;
+QColor colourOf(const CopyJob& job, const QPalette& palette) {
+    using Status = CopyJob::Status;
     switch (job.status) {
     case Status::failed:
+    case Status::incomplete:
         return {206, 58, 58};
-    case Status::completed:
+    case Status::done:
         return {56, 158, 84};
     case Status::cancelled:
+    case Status::paused:
         return palette.color(QPalette::Mid);
     default:
         return palette.color(QPalette::Highlight);
@@ -49,7 +51,7 @@ QSize TransferDelegate::sizeHint(const QStyleOptionViewItem& option, const QMode
 void TransferDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                              const QModelIndex& index) const {
     const auto* model = qobject_cast<const TransferListModel*>(index.model());
-    const TransferJob* job = model != nullptr ? model->jobAt(index) : nullptr;
+    const CopyJob* job = model != nullptr ? model->jobAt(index) : nullptr;
     if (job == nullptr)
         return;
     painter->save();
@@ -90,8 +92,9 @@ void TransferDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     QFont small = option.font;
     small.setPointSizeF(small.pointSizeF() * 0.9);
     painter->setFont(small);
-    painter->setPen(job->status == TransferJob::TransferStatus::failed ? colourOf(*job, palette)
-                                                                       : faint);
+    const bool wentWrong =
+        job->status == CopyJob::Status::failed || job->status == CopyJob::Status::incomplete;
+    painter->setPen(wentWrong ? colourOf(*job, palette) : faint);
     painter->drawText(
         QRect(left, inner.top() + line + barHeight + 6, right - left, line), Qt::AlignVCenter,
         QFontMetrics(small).elidedText(transferDetail(*job), Qt::ElideRight, right - left));

@@ -1,26 +1,72 @@
 #include "views/transfers/TransferListModel.h"
 
 #include "app/LanguageManager.h"
-#include "app/Translations.h"
 #include "app/texts/DisplayNames.h"
+#include "app/texts/ErrorText.h"
 #include "base/text/ByteFormat.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
 #include "views/common/PlainText.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 
 namespace tessary {
 
-TransferListModel::TransferListModel(TransferViewModel& transfers, QObject* parent)
-    : QAbstractListModel(parent), transfers_(transfers) {
-    connect(&transfers, &TransferViewModel::jobAboutToBeAdded, this,
+namespace {
+
+constexpr std::size_t namedItems = 3;
+constexpr std::size_t listedItems = 12;
+
+QString jobTitle(const CopyJob& job) {
+    const QString name = printable(job.name);
+    return job.things == 1 ? name
+                           : QCoreApplication::translate("tessary::TransferListModel",
+                                                         "%1 and %Ln more", nullptr, job.things - 1)
+                                 .arg(name);
+}
+
+/// "3 files were not copied: a.txt (too large), b.txt (…) and 1 more".
+QString leftOutText(const CopyJob& job) {
+    QStringList named;
+    for (std::size_t i = 0; i < std::min(job.leftOut.size(), namedItems); ++i)
+        named << QStringLiteral("%1 (%2)").arg(printable(job.leftOut[i].item.item.name),
+                                               reasonText(job.leftOut[i].error));
+    const auto count = static_cast<int>(job.leftOut.size());
+    const QString text = QCoreApplication::translate(
+        "tessary::TransferListModel", "%Ln items were not copied: %1", nullptr, count);
+    QString list = named.join(QLatin1StringView(", "));
+    if (const int more = count - static_cast<int>(named.size()); more > 0)
+        list = QCoreApplication::translate("tessary::TransferListModel", "%1 and %Ln more", nullptr,
+                                           more)
+                   .arg(list);
+    return text.arg(list);
+}
+
+/// What was left out, a line each, for as many as a tool tip holds.
+QString leftOutLines(const CopyJob& job) {
+    QString lines;
+    for (std::size_t i = 0; i < std::min(job.leftOut.size(), listedItems); ++i)
+        lines +=
+            QStringLiteral("\n%1: %2")
+                .arg(printable(job.leftOut[i].item.item.path), reasonText(job.leftOut[i].error));
+    return lines;
+}
+
+} // namespace
+
+TransferListModel::TransferListModel(CopyQueue& queue, QObject* parent)
+    : QAbstractListModel(parent), queue_(queue) {
+    connect(&queue, &CopyQueue::jobAboutToBeAdded, this,
             [this](int row) { beginInsertRows({}, row, row); });
-    connect(&transfers, &TransferViewModel::jobAdded, this, [this] { endInsertRows(); });
-    connect(&transfers, &TransferViewModel::jobsAboutToBeRemoved, this,
+    connect(&queue, &CopyQueue::jobAdded, this, [this] { endInsertRows(); });
+    connect(&queue, &CopyQueue::jobsAboutToBeRemoved, this,
             [this](int first, int last) { beginRemoveRows({}, first, last); });
-    connect(&transfers, &TransferViewModel::jobsRemoved, this, [this] { endRemoveRows(); });
-    connect(&transfers, &TransferViewModel::jobChanged, this,
+    connect(&queue, &CopyQueue::jobsRemoved, this, [this] { endRemoveRows(); });
+    connect(&queue, &CopyQueue::jobAboutToBeMoved, this,
+            [this](int from, int before) { beginMoveRows({}, from, from, {}, before); });
+    connect(&queue, &CopyQueue::jobMoved, this, [this] { endMoveRows(); });
+    connect(&queue, &CopyQueue::jobChanged, this,
             [this](int row) { Q_EMIT dataChanged(index(row), index(row)); });
     connect(&LanguageManager::shared(), &LanguageManager::languageChanged, this, [this] {
         if (const int rows = rowCount(); rows > 0)
@@ -29,56 +75,55 @@ TransferListModel::TransferListModel(TransferViewModel& transfers, QObject* pare
 }
 
 int TransferListModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(transfers_.jobs().size());
+    return parent.isValid() ? 0 : static_cast<int>(queue_.jobs().size());
 }
 
-const TransferJob* TransferListModel::jobAt(const QModelIndex& index) const {
+const CopyJob* TransferListModel::jobAt(const QModelIndex& index) const {
     if (!index.isValid() || index.row() >= rowCount())
         return nullptr;
-    return &transfers_.jobs()[static_cast<std::size_t>(index.row())];
+    return &queue_.jobs()[static_cast<std::size_t>(index.row())];
 }
 
 QVariant TransferListModel::data(const QModelIndex& index, int role) const {
-    const TransferJob* job = jobAt(index);
+    const CopyJob* job = jobAt(index);
     if (job == nullptr)
         return {};
     switch (role) {
     case Qt::DisplayRole:
-        return printable(job->name);
+        return jobTitle(*job);
     case Qt::DecorationRole:
-        return icon(job->type == TransferJob::TransferType::upload ? "arrow-up" : "arrow-down");
+        return icon(job->direction == CopyJob::Direction::toPhone ? "arrow-up" : "arrow-down");
     case Qt::ToolTipRole:
-        return plainToolTip(QStringLiteral("%1\n→ %2%3")
-                                .arg(printable(job->sourcePath), printable(job->destinationPath),
-                                     job->advice.isEmpty()
-                                         ? QString()
-                                         : QLatin1Char('\n') + trMessage(job->advice)));
+        return plainToolTip(
+            QStringLiteral("%1\n→ %2%3")
+                .arg(printable(job->sourcePath), printable(job->targetFolder), leftOutLines(*job)));
     case Qt::AccessibleTextRole:
         return QStringLiteral("%1 %2, %3")
-            .arg(displayName(job->type), printable(job->name), transferDetail(*job));
+            .arg(displayName(job->direction), jobTitle(*job), transferDetail(*job));
     default:
         return {};
     }
 }
 
-QString transferDetail(const TransferJob& job) {
-    using Status = TransferJob::TransferStatus;
-    if (job.status == Status::failed)
-        return printable(
-            trMessage(job.error.value_or(QString())) +
-            (job.advice.isEmpty() ? QString() : QLatin1Char(' ') + trMessage(job.advice)));
-    if (job.status == Status::completed)
+QString transferDetail(const CopyJob& job) {
+    using Status = CopyJob::Status;
+    if (job.status == Status::failed && job.error)
+        return errorText(*job.error).text();
+    if (job.status == Status::incomplete)
+        return leftOutText(job);
+    if (job.status == Status::done)
         return QStringLiteral("%1  ·  %2")
             .arg(displayName(job.status), formatBytes(job.progress.totalBytes));
-    if (job.status != Status::inProgress)
+    if (job.status != Status::running)
         return displayName(job.status);
     if (job.isFinishing)
-        return TransferListModel::tr("Finishing: the phone is still storing the file");
+        return QCoreApplication::translate("tessary::TransferListModel",
+                                           "Finishing: the phone is still storing the file");
     QString text = job.progress.bytesDescription();
     if (job.progress.totalFiles > 1)
         text += QStringLiteral("  ·  ") +
-                TransferListModel::tr("%1/%Ln files", nullptr,
-                                      static_cast<int>(job.progress.totalFiles))
+                QCoreApplication::translate("tessary::TransferListModel", "%1/%Ln files", nullptr,
+                                            static_cast<int>(job.progress.totalFiles))
                     .arg(QLocale().toString(
                         std::min(job.progress.completedFiles, job.progress.totalFiles)));
     if (job.bytesPerSecond >= 1)
@@ -86,7 +131,8 @@ QString transferDetail(const TransferJob& job) {
             QStringLiteral("  ·  %1/s").arg(formatBytes(static_cast<qint64>(job.bytesPerSecond)));
     if (job.timeLeft)
         text += QStringLiteral("  ·  ") +
-                TransferListModel::tr("%1 left").arg(formatDuration(*job.timeLeft));
+                QCoreApplication::translate("tessary::TransferListModel", "%1 left")
+                    .arg(formatDuration(*job.timeLeft));
     return text;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "transfer/TransferViewModel.h"
+#include "transfer/queue/CopyQueue.h"
 
 #include <QAbstractListModel>
 
@@ -11,19 +11,19 @@ class TransferListModel : public QAbstractListModel {
     Q_OBJECT
 
 public:
-    /// `transfers` must outlive the model.
-    explicit TransferListModel(TransferViewModel& transfers, QObject* parent = nullptr);
+    /// `queue` must outlive the model.
+    explicit TransferListModel(CopyQueue& queue, QObject* parent = nullptr);
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
-    [[nodiscard]] const TransferJob* jobAt(const QModelIndex& index) const;
+    [[nodiscard]] const CopyJob* jobAt(const QModelIndex& index) const;
 
 private:
-    TransferViewModel& transfers_;
+    CopyQueue& queue_;
 };
 
 /// The line below a transfer's name: bytes, speed and time left, or how it ended.
-[[nodiscard]] QString transferDetail(const TransferJob& job);
+[[nodiscard]] QString transferDetail(const CopyJob& job);
 
 } // namespace tessary

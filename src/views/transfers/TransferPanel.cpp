@@ -15,7 +15,7 @@
 
 namespace tessary {
 
-QString summaryText(const TransferSummary& summary) {
+QString summaryText(const CopySummary& summary) {
     if (summary.isIdle())
         return TransferPanel::tr("All transfers have ended");
     const int inAll = summary.finished + summary.running + summary.queued;
@@ -32,12 +32,11 @@ QString summaryText(const TransferSummary& summary) {
     return text;
 }
 
-TransferPanel::TransferPanel(TransferViewModel& transfers, ShowInFolder showInFolder,
-                             QWidget* parent)
+TransferPanel::TransferPanel(CopyQueue& queue, ShowInFolder showInFolder, QWidget* parent)
     : QWidget(parent),
-      transfers_(transfers),
+      queue_(queue),
       showInFolder_(std::move(showInFolder)),
-      model_(transfers),
+      model_(queue),
       title_(new QLabel),
       cancelAll_(new QPushButton),
       clear_(new QPushButton),
@@ -54,8 +53,8 @@ TransferPanel::TransferPanel(TransferViewModel& transfers, ShowInFolder showInFo
     list_->setModel(&model_);
     list_->setItemDelegate(new TransferDelegate(
         [this](const QModelIndex& index) {
-            if (const TransferJob* job = model_.jobAt(index))
-                transfers_.cancelJob(job->id);
+            if (const CopyJob* job = model_.jobAt(index))
+                queue_.cancel(job->id);
         },
         list_));
     list_->setFrameShape(QFrame::NoFrame);
@@ -71,10 +70,10 @@ TransferPanel::TransferPanel(TransferViewModel& transfers, ShowInFolder showInFo
     auto* show = new QShortcut(QKeySequence(Qt::Key_Return), list_);
     show->setContext(Qt::WidgetShortcut);
     connect(show, &QShortcut::activated, this, [this] { showCopy(list_->currentIndex()); });
-    connect(cancelAll_, &QPushButton::clicked, this, [this] { transfers_.cancelAll(); });
-    connect(clear_, &QPushButton::clicked, this, [this] { transfers_.clearCompleted(); });
+    connect(cancelAll_, &QPushButton::clicked, this, [this] { queue_.cancelAll(); });
+    connect(clear_, &QPushButton::clicked, this, [this] { queue_.clearFinished(); });
     connect(&model_, &QAbstractItemModel::dataChanged, this, &TransferPanel::followRunningJob);
-    connect(&transfers_, &TransferViewModel::summaryChanged, this, &TransferPanel::showSummary);
+    connect(&queue_, &CopyQueue::summaryChanged, this, &TransferPanel::showSummary);
     connect(&model_, &QAbstractItemModel::rowsRemoved, this, &TransferPanel::showSummary);
 
     auto* header = new QHBoxLayout;
@@ -99,18 +98,17 @@ TransferPanel::TransferPanel(TransferViewModel& transfers, ShowInFolder showInFo
 }
 
 void TransferPanel::showSummary() {
-    const TransferSummary& summary = transfers_.summary();
+    const CopySummary& summary = queue_.summary();
     title_->setText(summaryText(summary));
     cancelAll_->setVisible(!summary.isIdle());
     clear_->setEnabled(summary.finished > 0);
-    setVisible(!transfers_.jobs().empty());
+    setVisible(!queue_.jobs().empty());
 }
 
 /// Brings a job into view when it starts; afterwards the user may scroll where he likes.
 void TransferPanel::followRunningJob(const QModelIndex& changed) {
-    const TransferJob* job = model_.jobAt(changed);
-    if (job == nullptr || job->status != TransferJob::TransferStatus::inProgress ||
-        job->id == followed_)
+    const CopyJob* job = model_.jobAt(changed);
+    if (job == nullptr || job->status != CopyJob::Status::running || job->id == followed_)
         return;
     followed_ = job->id;
     list_->scrollTo(changed);
@@ -118,30 +116,43 @@ void TransferPanel::followRunningJob(const QModelIndex& changed) {
 
 /// Whether a job has left something on this computer that can be shown.
 bool TransferPanel::hasCopy(const QModelIndex& index) const {
-    const TransferJob* job = model_.jobAt(index);
-    return job != nullptr && job->type == TransferJob::TransferType::download &&
-           job->status == TransferJob::TransferStatus::completed;
+    const CopyJob* job = model_.jobAt(index);
+    return job != nullptr && job->direction == CopyJob::Direction::toComputer &&
+           !job->made.isEmpty();
 }
 
 void TransferPanel::showCopy(const QModelIndex& index) {
     if (hasCopy(index))
-        showInFolder_(model_.jobAt(index)->destinationPath);
+        showInFolder_(model_.jobAt(index)->made.front());
 }
 
 void TransferPanel::showMenu(const QPoint& position) {
     const QPersistentModelIndex index = list_->indexAt(position);
-    const TransferJob* job = model_.jobAt(index);
+    const CopyJob* job = model_.jobAt(index);
     if (job == nullptr)
         return;
     QMenu menu(this);
     QAction* show = menu.addAction(icon("document-open-folder"), tr("Show in Folder"));
     show->setEnabled(hasCopy(index));
+    QAction* goOn = menu.addAction(icon("view-refresh"), tr("Retry"));
+    goOn->setEnabled(job->canGoOn());
+    const bool isPaused = job->status == CopyJob::Status::paused;
+    QAction* pause =
+        menu.addAction(icon("media-playback-pause"), isPaused ? tr("Resume") : tr("Pause"));
+    pause->setEnabled(!job->isFinished());
     QAction* cancel = menu.addAction(icon("process-stop"), tr("Cancel"));
     cancel->setEnabled(!job->isFinished());
+    const QUuid id = job->id;
     // The list may change while the menu is open.
     const QAction* chosen = menu.exec(list_->viewport()->mapToGlobal(position));
     if (chosen == show)
         showCopy(index);
+    else if (chosen == goOn)
+        queue_.goOn(id);
+    else if (chosen == pause && isPaused)
+        queue_.resume(id);
+    else if (chosen == pause)
+        queue_.pause(id);
     else if (chosen == cancel)
         cancelSelected();
 }
@@ -149,10 +160,10 @@ void TransferPanel::showMenu(const QPoint& position) {
 void TransferPanel::cancelSelected() {
     QList<QUuid> ids;
     for (const QModelIndex& index : list_->selectionModel()->selectedIndexes())
-        if (const TransferJob* job = model_.jobAt(index))
+        if (const CopyJob* job = model_.jobAt(index))
             ids.append(job->id);
     for (const QUuid& id : ids)
-        transfers_.cancelJob(id);
+        queue_.cancel(id);
 }
 
 } // namespace tessary

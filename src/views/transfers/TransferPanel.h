@@ -21,9 +21,8 @@ public:
     /// Shows a local file in the desktop's file manager.
     using ShowInFolder = std::function<void(const QString& path)>;
 
-    /// `transfers` must outlive the panel.
-    TransferPanel(TransferViewModel& transfers, ShowInFolder showInFolder,
-                  QWidget* parent = nullptr);
+    /// `queue` must outlive the panel.
+    TransferPanel(CopyQueue& queue, ShowInFolder showInFolder, QWidget* parent = nullptr);
 
 private:
     void showSummary();
@@ -33,7 +32,7 @@ private:
     void showCopy(const QModelIndex& index);
     void showMenu(const QPoint& position);
 
-    TransferViewModel& transfers_;
+    CopyQueue& queue_;
     const ShowInFolder showInFolder_;
     TransferListModel model_;
     QLabel* title_;
@@ -44,6 +43,6 @@ private:
 };
 
 /// "2 of 5 · 34 MB / 120 MB · 12 MB/s · 7 s left".
-[[nodiscard]] QString summaryText(const TransferSummary& summary);
+[[nodiscard]] QString summaryText(const CopySummary& summary);
 
 } // namespace tessary

@@ -3,9 +3,9 @@
 #include "app/LanguageManager.h"
 #include "app/TransferNotice.h"
 #include "app/Translations.h"
+#include "app/texts/ProblemText.h"
 #include "base/text/Printable.h"
 #include "base/threads/Background.h"
-#include "devices/files/AndroidFileAccess.h"
 #include "views/browser/AppListView.h"
 #include "views/common/Icons.h"
 #include "views/common/PlaceholderView.h"
@@ -41,8 +41,12 @@ namespace {
 BrowserSetup browserSetup(TessaryApp& app) {
     BrowserSetup setup;
     setup.openAndroid = [&app](const DeviceInfo& device) {
-        return std::make_shared<AndroidFileAccess>(app.files(), device);
+        return app.services().files().open(device);
     };
+    setup.openApp = [&app](const DeviceInfo& device, const AppInfo& chosen) {
+        return app.services().files().openApp(device, chosen);
+    };
+    setup.staged = &app.stagedFiles();
     setup.promises = &app.promisedFiles();
     return setup;
 }
@@ -53,8 +57,10 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
                        QWidget* parent)
     : QMainWindow(parent),
       app_(app),
-      transfers_(app.transferEngine()),
-      browser_(transfers_, browserSetup(app)),
+      browser_(app.copyQueue(), browserSetup(app)),
+      apps_([&services = app.services()](const DeviceInfo& device, const std::stop_token& stop) {
+          return services.apps(device, stop);
+      }),
       devices_(app.deviceManager()),
       sync_(app.syncManager(), app.deviceManager()),
       sidebar_(new Sidebar(devices_, app.favoritesManager(), sidebarCallbacks())),
@@ -72,7 +78,7 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
                                        return QFileDialog::getExistingDirectory(
                                            asker, tr("Folder on this computer"), startAt);
                                    })),
-      transferPanel_(new TransferPanel(transfers_, app.setup().showInFolder)) {
+      transferPanel_(new TransferPanel(app.copyQueue(), app.setup().showInFolder)) {
     setWindowIcon(icon("smartphone"));
     resize(1180, 740);
     setMinimumSize(760, 460);
@@ -147,7 +153,7 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
         showPage();
         showBanner();
     });
-    connect(&browser_, &FileBrowserViewModel::errorChanged, this, &MainWindow::showBanner);
+    connect(&browser_, &FileBrowserViewModel::problemChanged, this, &MainWindow::showBanner);
     connect(&browser_, &FileBrowserViewModel::stateChanged, this, [this] {
         sidebar_->setKnownFolders(knownFolders());
         showPage();
@@ -155,8 +161,8 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
     });
     // What went wrong before counts no more once something has worked.
     const auto dismissOld = [this] {
-        if (!browser_.isErrorOfLoad())
-            browser_.dismissError();
+        if (!browser_.isProblemOfLoad())
+            browser_.dismissProblem();
     };
     connect(&browser_, &FileBrowserViewModel::folderCreated, this, dismissOld);
     connect(&browser_, &FileBrowserViewModel::itemRenamed, this, dismissOld);
@@ -167,7 +173,7 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
     makePlain(*this);
     if (const auto& notifier = app.setup().notifier)
         transferNotice_ = std::make_unique<TransferNotice>(
-            transfers_,
+            app_.copyQueue(),
             TransferNotice::Setup{notifier, [] { return QApplication::activeWindow() != nullptr; },
                                   [this] { bringToFront(*this); }});
     deviceListChanged(); // phones that were there before the window
@@ -198,7 +204,7 @@ void MainWindow::showSettings() {
 
 void MainWindow::showWireless() {
     if (wireless_ == nullptr)
-        wireless_ = new WirelessDialog(app_.network(), app_.files().adbTool(), this);
+        wireless_ = new WirelessDialog(app_.network(), app_.services().adbTool(), this);
     wireless_->show();
     wireless_->raise();
     wireless_->activateWindow();
@@ -261,7 +267,8 @@ void MainWindow::connectSync() {
 
 /// What is under way is not thrown away by a slip of the hand.
 void MainWindow::closeEvent(QCloseEvent* event) {
-    const bool isCopying = !transfers_.summary().isIdle() || app_.promisedFiles().isBeingRead();
+    const bool isCopying =
+        !app_.copyQueue().summary().isIdle() || app_.promisedFiles().isBeingRead();
     if (isCopying || app_.syncManager().isRunning()) {
         QMessageBox question(QMessageBox::Question, tr("Quit Tessary"),
                              isCopying ? tr("Files are still being copied.")
@@ -426,9 +433,9 @@ void MainWindow::showPage() {
                          "USB notification. This window follows by itself."));
         pages_->setCurrentWidget(notice_);
     } else if (const auto trouble = troubleInTheWay()) {
-        const bool isHeld = trouble->kind == DeviceTrouble::Kind::heldByProgram;
-        notice_->show(QStringLiteral("dialog-warning"), printable(trMessage(trouble->message)),
-                      trMessage(trouble->advice), isHeld ? tr("Release the Phone") : QString(),
+        const ErrorText words = errorText(trouble->error);
+        notice_->show(QStringLiteral("dialog-warning"), words.what, words.advice,
+                      trouble->isHeld() ? tr("Release the Phone") : QString(),
                       [this] { releaseDevice(); });
         pages_->setCurrentWidget(notice_);
     } else {
@@ -447,7 +454,8 @@ void MainWindow::showPage() {
 std::optional<QSet<QString>> MainWindow::knownFolders() {
     if (!browser_.files())
         return std::nullopt;
-    const auto items = browser_.folders().recall(*browser_.files(), QStringLiteral("/sdcard"));
+    const auto items =
+        browser_.folders().recall(browser_.files()->identity(), QStringLiteral("/sdcard"));
     if (!items)
         return std::nullopt;
     QSet<QString> names;
@@ -477,26 +485,28 @@ void MainWindow::showBanner() {
         return;
     }
     if (trouble) {
-        message.text = printable(trMessage(trouble->message));
-        message.advice = trMessage(trouble->advice);
+        const ErrorText words = errorText(trouble->error);
+        message.text = words.what;
+        message.advice = words.advice;
         message.canBeClosed = false;
-        if (trouble->kind == DeviceTrouble::Kind::heldByProgram)
+        if (trouble->isHeld())
             message.actions.push_back({tr("Release the Phone"), [this] { releaseDevice(); }});
         banner_->show(message);
         return;
     }
     // A folder that could not be read says so where the files would be.
-    const auto& error = browser_.error();
-    if (!error || browser_.state() != BrowserState::ready) {
+    const auto& problem = browser_.problem();
+    if (!problem || browser_.state() != BrowserState::ready) {
         banner_->clear();
         return;
     }
     message.kind = BannerMessage::Kind::error;
-    message.text = printable(trMessage(error->message));
-    message.advice = trMessage(error->advice);
-    if (browser_.isErrorOfLoad())
+    const ErrorText words = problemText(*problem);
+    message.text = words.what;
+    message.advice = words.advice;
+    if (browser_.isProblemOfLoad())
         message.actions.push_back({tr("Retry"), [this] {
-                                       browser_.dismissError();
+                                       browser_.dismissProblem();
                                        browser_.reload();
                                    }});
     banner_->show(message);
@@ -504,7 +514,7 @@ void MainWindow::showBanner() {
 
 void MainWindow::releaseDevice() {
     runInBackground(
-        this, [&files = app_.files()] { files.killConflictingAgents(); },
+        this, [&services = app_.services()] { services.competingPrograms().end(); },
         [this](BackgroundResult<void>) { app_.deviceManager().refreshDeviceList(true); });
 }
 

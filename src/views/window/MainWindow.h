@@ -4,7 +4,6 @@
 #include "browser/model/AppListViewModel.h"
 #include "browser/model/FileBrowserViewModel.h"
 #include "sync/manager/SyncViewModel.h"
-#include "transfer/TransferViewModel.h"
 #include "views/browser/BrowserView.h"
 #include "views/sidebar/DeviceListModel.h"
 #include "views/sidebar/Sidebar.h"
@@ -42,8 +41,8 @@ public:
     [[nodiscard]] FileBrowserViewModel& browser() {
         return browser_;
     }
-    [[nodiscard]] TransferViewModel& transfers() {
-        return transfers_;
+    [[nodiscard]] CopyQueue& copyQueue() {
+        return app_.copyQueue();
     }
     [[nodiscard]] SyncViewModel& sync() {
         return sync_;
@@ -88,7 +87,6 @@ private:
     void releaseDevice();
 
     TessaryApp& app_;
-    TransferViewModel transfers_;
     FileBrowserViewModel browser_;
     AppListViewModel apps_;
     std::optional<AppInfo> chosenApp_; ///< whose documents are browsed

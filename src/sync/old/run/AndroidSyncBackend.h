@@ -11,7 +11,7 @@ namespace tessary {
 /// A folder of an Android phone's storage as the device side of a run, over whichever protocol the
 /// phone is in. A replacing upload over MTP sends the new file under a temporary name, deletes the
 /// old one and renames; a phone that cannot rename refuses, and keeps the old one.
-class AndroidSyncBackend final : public PhoneSyncBackend {
+class AndroidSyncBackend : public PhoneSyncBackend {
 public:
     /// `service` must outlive the backend.
     AndroidSyncBackend(DeviceFileService& service, DeviceInfo device, std::stop_token stop);

@@ -11,7 +11,7 @@ namespace tessary {
 
 /// A folder of an iPhone app's documents as the device side of a run. A new file is sent under a
 /// temporary name and renamed over the old one: neither is ever missing.
-class IPhoneSyncBackend final : public PhoneSyncBackend {
+class IPhoneSyncBackend : public PhoneSyncBackend {
 public:
     /// The phone `udid` counts as busy for as long as the backend lives.
     IPhoneSyncBackend(std::unique_ptr<AFCClient> client, const QString& udid, std::stop_token stop);

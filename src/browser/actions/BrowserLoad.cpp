@@ -1,0 +1,94 @@
+#include "browser/actions/BrowserLoad.h"
+
+#include "base/text/PathNames.h"
+#include "base/threads/CancellationError.h"
+
+#include <chrono>
+#include <iterator>
+
+namespace tessary {
+
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+/// A folder that is read within this time is shown once, when it is whole.
+constexpr auto firstPartAfter = 120ms;
+
+/// Decides when what has come of a listing is worth showing: each part costs as much as all that
+/// is in it, so that the next one waits until there is twice as much.
+class Parts {
+public:
+    [[nodiscard]] bool isDue(std::size_t count) {
+        if (count < next_ || Clock::now() < earliest_)
+            return false;
+        next_ = count * 2;
+        earliest_ = Clock::now() + firstPartAfter;
+        return true;
+    }
+
+private:
+    std::size_t next_ = 1;
+    Clock::time_point earliest_ = Clock::now() + firstPartAfter;
+};
+
+/// The nearest folder above `path` that is there.
+QString livingFolderAbove(PhoneFileSystem& files, const QString& path,
+                          const std::stop_token& stop) {
+    const QString root = files.rootOf(path).path;
+    QString folder = path;
+    while (folder != root) {
+        folder = parentPath(folder);
+        const auto item = files.find(folder, stop);
+        if (item && item->isDirectory)
+            break;
+    }
+    return folder;
+}
+
+BrowserLoad failed(const QString& path, const Error& error) {
+    BrowserLoad load;
+    load.problem = BrowserProblem::of(BrowserProblem::What::load, path, error);
+    load.isDeviceLost = isDeviceLost(error);
+    return load;
+}
+
+} // namespace
+
+bool isDeviceLost(const Error& error) {
+    return error.is(PhoneError::unplugged) || error.is(PhoneError::notConnected);
+}
+
+BrowserLoad loadFolder(PhoneFileSystem& files, const QString& path, const QLocale& locale,
+                       const PartialListing& partial, const std::stop_token& stop) {
+    throwIfStopped(stop);
+    BrowserLoad load;
+    try {
+        std::vector<FileItem> items;
+        Parts parts;
+        files.list(path,
+                   {[&](std::vector<FileItem>&& rows) {
+                        std::move(rows.begin(), rows.end(), std::back_inserter(items));
+                        if (partial && parts.isDue(items.size()))
+                            partial(FileListing::make(items, locale));
+                    },
+                    [&](UnreadableEntry&&) { ++load.unreadable; }},
+                   stop);
+        load.listing = FileListing::make(std::move(items), locale);
+        return load;
+    } catch (const Error& error) {
+        if (!error.is(PhoneError::notFound))
+            return failed(path, error);
+    }
+    try {
+        load.livingFolder = livingFolderAbove(files, path, stop);
+        load.problem =
+            BrowserProblem{BrowserProblem::What::folderGone, lastComponent(path), 1, 1, {}};
+        return load;
+    } catch (const Error& error) {
+        return failed(path, error);
+    }
+}
+
+} // namespace tessary

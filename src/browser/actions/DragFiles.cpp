@@ -1,0 +1,107 @@
+#include "browser/actions/DragFiles.h"
+
+#include "base/local/LocalError.h"
+#include "base/text/PathNames.h"
+#include "base/threads/CancellationError.h"
+#include "base/threads/CombinedStopToken.h"
+#include "transfer/mount/DragMount.h"
+#include "transfer/staging/StagedFiles.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+
+namespace tessary {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// How long the pointer may be kept waiting for copies.
+constexpr auto patience = 2s;
+
+using Obstacle = DragFiles::Obstacle;
+
+/// Stops on its own after a while.
+class Deadline {
+public:
+    explicit Deadline(std::chrono::milliseconds limit)
+        : thread_([this, limit](const std::stop_token& stop) {
+              std::unique_lock lock(mutex_);
+              if (!changed_.wait_for(lock, stop, limit, [] { return false; }) &&
+                  !stop.stop_requested())
+                  reached_.request_stop();
+          }) {}
+
+    [[nodiscard]] std::stop_token token() const {
+        return reached_.get_token();
+    }
+
+private:
+    std::stop_source reached_;
+    std::mutex mutex_;
+    std::condition_variable_any changed_;
+    std::jthread thread_; // last: it uses all above
+};
+
+/// Copies each entry beforehand.
+DragFiles copyBeforehand(PhoneFileSystem& files, const std::vector<FileItem>& items,
+                         StagedFiles& copies, const std::stop_token& stop) {
+    DragFiles drag;
+    // With one that cannot come nothing can be dropped, and a move within the window needs no copy.
+    for (const FileItem& item : items)
+        if (item.isDirectory)
+            drag.notReady.push_back({item.path, Obstacle::folder});
+    if (!drag.notReady.empty())
+        return drag;
+    const Deadline deadline(patience);
+    const CombinedStopToken either(stop, deadline.token());
+    for (const FileItem& item : items) {
+        try {
+            drag.localPaths << copies.fetch(files, item, {}, either.token());
+        } catch (const CancellationError&) {
+            throwIfStopped(stop);
+            drag.notReady.push_back({item.path, Obstacle::stillCopying});
+        } catch (const Error& error) {
+            drag.notReady.push_back({item.path, Obstacle::failed, error});
+        }
+    }
+    return drag;
+}
+
+} // namespace
+
+BrowserProblem problemOf(const DragFiles::NotReady& entry) {
+    const QString name = lastComponent(entry.path);
+    const auto because = [&name](const Error& error) {
+        return BrowserProblem::of(BrowserProblem::What::drag, name, error);
+    };
+    switch (entry.obstacle) {
+    case Obstacle::name:
+        return because(Error(LocalError::nameNotUsable, {name}));
+    case Obstacle::folder:
+        return because(Error(PhoneError::notAFile, {entry.path}));
+    case Obstacle::stillCopying:
+        return because(Error(PhoneError::busy));
+    case Obstacle::failed:
+        break;
+    }
+    return because(entry.error.value_or(Error(PhoneError::unreadable, {entry.path})));
+}
+
+DragFiles prepareDrag(const std::shared_ptr<PhoneFileSystem>& files,
+                      const std::vector<FileItem>& items, DragMount* mount, StagedFiles& copies,
+                      const std::stop_token& stop) {
+    DragFiles drag;
+    for (const FileItem& item : items)
+        if (!isSafeName(item.name) || isTooLongName(item.name))
+            drag.notReady.push_back({item.path, Obstacle::name});
+    if (!drag.notReady.empty())
+        return drag;
+    if (mount != nullptr)
+        drag.localPaths = mount->promise(files, items);
+    return drag.localPaths.isEmpty() ? copyBeforehand(*files, items, copies, stop) : drag;
+}
+
+} // namespace tessary

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "browser/actions/BrowserProblem.h"
+#include "phone/PhoneFileSystem.h"
+
+#include <QStringList>
+
+#include <memory>
+#include <stop_token>
+#include <utility>
+#include <vector>
+
+namespace tessary {
+
+class DragMount;
+class StagedFiles;
+
+/// Local copies for dragging entries out.
+struct DragFiles {
+    enum class Obstacle {
+        name,         ///< this computer cannot hold its name
+        folder,       ///< folders are not copied beforehand
+        stillCopying, ///< the copy takes longer than a drag
+        failed,       ///< with an error
+    };
+    struct NotReady {
+        QString path;
+        Obstacle obstacle = Obstacle::failed;
+        std::optional<Error> error{}; ///< of `failed`
+    };
+
+    QStringList localPaths;
+    std::vector<NotReady> notReady; ///< then there are no paths
+};
+
+/// What kept an entry from being had here, as a problem of the browser.
+[[nodiscard]] BrowserProblem problemOf(const DragFiles::NotReady& entry);
+
+/// Local paths for entries. Where this system can show them on demand (`mount` is not null) they
+/// are there at once, and copied as another program reads them; elsewhere they are copied
+/// beforehand into `copies`: folders, and what takes more than about two seconds, are not ready
+/// then. Blocking; throws nothing but CancellationError.
+[[nodiscard]] DragFiles prepareDrag(const std::shared_ptr<PhoneFileSystem>& files,
+                                    const std::vector<FileItem>& items, DragMount* mount,
+                                    StagedFiles& copies, const std::stop_token& stop);
+
+} // namespace tessary

@@ -1,0 +1,59 @@
+#include "browser/actions/PreviewFetch.h"
+
+#include "base/log/DiagnosticsLogger.h"
+#include "base/threads/Background.h"
+#include "base/threads/CancellationError.h"
+#include "transfer/staging/StagedFiles.h"
+
+#include <QPointer>
+
+#include <atomic>
+
+namespace tessary {
+
+PreviewFetch::~PreviewFetch() {
+    stop_.request_stop();
+}
+
+void PreviewFetch::start(std::shared_ptr<PhoneFileSystem> files, const FileItem& item,
+                         const QString& id) {
+    cancel();
+    const std::uint64_t number = number_;
+    // The main thread shows the newest figure, however many there were.
+    const QPointer<PreviewFetch> self(this);
+    const auto shown = std::make_shared<std::atomic<bool>>(true);
+    const auto tell = [self, shown, id, number, total = item.size](qint64 done) {
+        if (!shown->exchange(false))
+            return;
+        MainThread::post([self, shown, id, number, done, total] {
+            *shown = true;
+            if (self && number == self->number_)
+                Q_EMIT self->progress(id, done, total);
+        });
+    };
+    stop_ = runInBackground(
+        this,
+        [files = std::move(files), item, &copies = copies_, tell](const std::stop_token& stop) {
+            return copies.fetch(*files, item, tell, stop);
+        },
+        [this, id, number](BackgroundResult<QString> result) {
+            if (number != number_)
+                return;
+            try {
+                Q_EMIT ready(id, result.take());
+            } catch (const CancellationError&) {
+                // Nobody waits for it.
+            } catch (const Error& error) {
+                DiagnosticsLogger::shared().ui.error("Failed to cache file for preview: %s",
+                                                     {error.logText()});
+                Q_EMIT failed(id, error);
+            }
+        });
+}
+
+void PreviewFetch::cancel() {
+    ++number_;
+    stop_.request_stop();
+}
+
+} // namespace tessary

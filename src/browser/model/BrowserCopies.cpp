@@ -1,0 +1,167 @@
+#include "browser/model/BrowserCopies.h"
+
+#include "base/text/ByteCount.h"
+#include "base/text/PathNames.h"
+#include "base/threads/Background.h"
+#include "browser/model/FileBrowserViewModel.h"
+
+#include <QTimer>
+
+#include <algorithm>
+
+namespace tessary {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// Folders that take longer to count are copied without knowing whether they fit.
+constexpr auto countingLimit = 3s;
+
+/// Stops a count on time.
+std::stop_token countingToken() {
+    std::stop_source source;
+    QTimer::singleShot(countingLimit, [source]() mutable { source.request_stop(); });
+    return source.get_token();
+}
+
+/// Bytes that files take on the storage that a root of an Android phone stands for; no value while
+/// nothing is known.
+std::optional<qint64> usedBytesOf(const DeviceInfo& device, const QString& root) {
+    const StorageVolume* found = device.volumes.empty() ? nullptr : &device.volumes.front();
+    for (const StorageVolume& volume : device.volumes)
+        if (root == QStringLiteral("/storage/") + volume.id)
+            found = &volume;
+    return found != nullptr && found->totalBytes > found->freeBytes
+               ? std::optional(found->usedBytes())
+               : std::nullopt;
+}
+
+/// Local files and folders as sources, those of one folder together.
+PreparedCopy openSources(const QStringList& paths, const std::shared_ptr<PhoneFileSystem>& to,
+                         const QString& target) {
+    PreparedCopy copy;
+    for (const QString& path : paths) {
+        try {
+            LocalItem local = openLocalItem(path);
+            auto part = std::find_if(copy.parts.begin(), copy.parts.end(), [&](const auto& one) {
+                return one.request.from->identity() == local.files->identity();
+            });
+            if (part == copy.parts.end())
+                part = copy.parts.insert(part,
+                                         {{.from = local.files, .to = to, .folder = target}, {}});
+            part->request.items.push_back({local.item, local.item.name});
+        } catch (const Error& error) {
+            const FileItem missing(lastComponent(path), path, false, 0, std::nullopt);
+            copy.leftOut.push_back({{missing, missing.name}, error});
+        }
+    }
+    return copy;
+}
+
+} // namespace
+
+qint64 PreparedCopy::neededBytes(const CopyAnswers& answers) const {
+    qint64 needed = 0;
+    for (const Part& part : parts)
+        needed = addByteCounts(needed, part.check.neededBytes(answers));
+    return needed;
+}
+
+std::optional<qint64> PreparedCopy::freeBytes() const {
+    return parts.empty() ? std::nullopt : parts.front().check.freeBytes;
+}
+
+bool PreparedCopy::isPartial() const {
+    return std::any_of(parts.begin(), parts.end(),
+                       [](const Part& part) { return part.check.isPartial; });
+}
+
+void BrowserCopies::prepareDownload(const QStringList& ids, const QString& localFolder,
+                                    Prepared whenReady) {
+    if (!browser_.files())
+        return;
+    std::optional<qint64> mostBytes;
+    if (browser_.activeDevice())
+        mostBytes = usedBytesOf(*browser_.activeDevice(), browser_.rootPath());
+    prepare(
+        [files = browser_.files(), items = browser_.itemsWithIds(ids), localFolder] {
+            PreparedCopy copy;
+            copy.targetName = lastComponent(localFolder);
+            TreeCopyRequest request{.from = files,
+                                    .to = std::make_shared<LocalFileSystem>(localFolder),
+                                    .folder = localFolder};
+            for (const FileItem& item : items)
+                request.items.push_back({item, item.name});
+            if (!items.empty())
+                copy.parts.push_back({std::move(request), {}});
+            return copy;
+        },
+        mostBytes, std::move(whenReady));
+}
+
+void BrowserCopies::prepareUpload(const QStringList& localPaths, const QString& intoFolderId,
+                                  Prepared whenReady) {
+    if (!browser_.files())
+        return;
+    const FileItem* folder = intoFolderId.isEmpty() ? nullptr : browser_.itemWithId(intoFolderId);
+    const QString target =
+        folder ? browser_.files()->canonicalPath(folder->path) : browser_.currentPath();
+    prepare(
+        [files = browser_.files(), localPaths, target] {
+            PreparedCopy copy = openSources(localPaths, files, target);
+            copy.targetName = files->displayName();
+            return copy;
+        },
+        std::nullopt, std::move(whenReady));
+}
+
+/// `open` is called in the background.
+void BrowserCopies::prepare(std::function<PreparedCopy()> open, std::optional<qint64> mostBytes,
+                            Prepared whenReady) {
+    QHash<QString, qint64> onTheWay; // to every target of the queue
+    for (const CopyJob& job : queue_.jobs())
+        if (!onTheWay.contains(job.target))
+            onTheWay.insert(job.target, queue_.bytesOnTheWayTo(job.target));
+    runInBackground(
+        &browser_,
+        [open = std::move(open), mostBytes, onTheWay,
+         counting = countingToken()](const std::stop_token& stop) {
+            PreparedCopy copy = open();
+            for (PreparedCopy::Part& part : copy.parts)
+                part.check =
+                    checkCopy(part.request,
+                              {.bytesOnTheWay = onTheWay.value(part.request.to->identity()),
+                               .mostBytes = mostBytes},
+                              counting, stop);
+            return copy;
+        },
+        [whenReady = std::move(whenReady)](BackgroundResult<PreparedCopy> result) {
+            if (result.succeeded())
+                whenReady(result.take());
+        });
+}
+
+void BrowserCopies::start(const PreparedCopy& copy, const CopyAnswers& given, bool onlyNew) {
+    CopyAnswers answers = given;
+    for (const PreparedCopy::Part& part : copy.parts) {
+        for (const CheckedItem& item : part.check.items)
+            if (!answers.contains(item.item.item.id()))
+                answers.insert(item.item.item.id(), ClashAnswer::keepBoth);
+        TreeCopyRequest request = part.request;
+        std::erase_if(request.items, [&](const CopyItem& item) {
+            return answers.value(item.item.id(), ClashAnswer::keepBoth) == ClashAnswer::skip;
+        });
+        if (request.items.empty())
+            continue;
+        request.policy = policyFor(answers, ClashAnswer::replace);
+        request.skipsSame = onlyNew;
+        queue_.enqueue(std::move(request));
+    }
+    if (!copy.leftOut.empty())
+        browser_.showProblem(BrowserProblem::of(BrowserProblem::What::load,
+                                                copy.leftOut.front().item.name,
+                                                copy.leftOut.front().error));
+}
+
+} // namespace tessary

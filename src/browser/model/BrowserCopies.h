@@ -1,0 +1,64 @@
+#pragma once
+
+#include "transfer/copy/CopyCheck.h"
+#include "transfer/local/LocalFileSystem.h"
+#include "transfer/queue/CopyQueue.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace tessary {
+
+class FileBrowserViewModel;
+
+/// A copy that was looked into and waits for answers.
+struct PreparedCopy {
+    /// What lies in one folder of the source, and what it will meet.
+    struct Part {
+        TreeCopyRequest request;
+        CopyCheck check;
+    };
+    std::vector<Part> parts;
+    QString targetName; ///< of the folder, or of the phone
+    /// What was to be copied and cannot be read.
+    std::vector<LeftOut> leftOut;
+
+    /// Bytes that the copy takes for itself, and those that are free.
+    [[nodiscard]] qint64 neededBytes(const CopyAnswers& answers) const;
+    [[nodiscard]] std::optional<qint64> freeBytes() const;
+    /// Not everything could be counted.
+    [[nodiscard]] bool isPartial() const;
+};
+
+/// The copies that a browser starts, and what is found out before. Lives on the main thread.
+class BrowserCopies {
+public:
+    using Prepared = std::function<void(const PreparedCopy&)>;
+
+    /// Both outlive it.
+    BrowserCopies(FileBrowserViewModel& browser, CopyQueue& queue)
+        : browser_(browser), queue_(queue) {}
+
+    /// Finds out in the background what a copy of entries into a local folder will meet.
+    /// `whenReady` is called on the main thread, unless the browser is gone by then.
+    void prepareDownload(const QStringList& ids, const QString& localFolder, Prepared whenReady);
+    /// The same for local files and folders, into the folder shown or into one of its folders.
+    void prepareUpload(const QStringList& localPaths, const QString& intoFolderId,
+                       Prepared whenReady);
+    /// Queues what was prepared. Without an answer both are kept; in folders that are merged files
+    /// are replaced, unless `onlyNew` leaves those that are there already.
+    void start(const PreparedCopy& copy, const CopyAnswers& answers, bool onlyNew = false);
+
+private:
+    void prepare(std::function<PreparedCopy()> open, std::optional<qint64> mostBytes,
+                 Prepared whenReady);
+
+    FileBrowserViewModel& browser_;
+    CopyQueue& queue_;
+};
+
+} // namespace tessary
