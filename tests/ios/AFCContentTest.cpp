@@ -1,5 +1,6 @@
 #include "ios/files/AFCFileSystem.h"
 
+#include "base/local/PartFile.h"
 #include "base/threads/CancellationError.h"
 #include "support/IPhoneFiles.h"
 #include "support/ManyBytes.h"
@@ -38,8 +39,9 @@ protected:
     }
     [[nodiscard]] std::size_t requests() {
         std::size_t count = 0;
-        for (const char* request : {"readDir", "getFileInfo", "fileOpen", "fileRead", "fileWrite",
-                                    "fileClose", "fileSeek", "setFileModTime", "removePath"})
+        for (const char* request :
+             {"readDir", "getFileInfo", "fileOpen", "fileRead", "fileWrite", "fileClose",
+              "fileSeek", "setFileModTime", "removePath", "renamePath"})
             count += iphone_.count(("afc." + std::string(request)).c_str());
         return count;
     }
@@ -95,6 +97,16 @@ TEST_F(AFCContentTest, aSmallFileTakesThreeRequestsToReadAndSixToWrite) {
     before = requests();
     iphone_.put({u"/"_s, u"b"_s, 1000, someDate}, manyBytes(1000));
     EXPECT_EQ(requests() - before, 6U); // look, open, write, close, date, look
+    before = requests();
+    const FileItem part =
+        iphone_.put({u"/"_s, PartFile::newName(), 1000, someDate}, manyBytes(1000));
+    const FileItem whole = files_.rename(part, u"b"_s, TakenName::replaced, {});
+    EXPECT_EQ(requests() - before, 6U); // open, write, close, date, look, rename
+    EXPECT_EQ(whole, iphone_.item(u"/b"_s));
+    // Only right afterwards is it known to be the same still.
+    before = requests();
+    files_.rename(whole, u"c"_s, TakenName::replaced, {});
+    EXPECT_EQ(requests() - before, 2U);
 }
 
 TEST_F(AFCContentTest, shortAnswersAreReadOnUntilTheEnd) {

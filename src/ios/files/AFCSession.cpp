@@ -70,6 +70,8 @@ void AFCSession::Slot::close() {
     opened.file.reset();
     opened.link.reset();
     opened.made.clear();
+    opened.finished.reset();
+    opened.finishedBefore.reset();
 }
 
 } // namespace tessary

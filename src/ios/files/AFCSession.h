@@ -4,11 +4,13 @@
 #include "base/threads/SerialQueue.h"
 #include "ios/helper/AFCLink.h"
 #include "phone/PhoneError.h"
+#include "phone/records/FileItem.h"
 
 #include <QString>
 
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <stop_token>
 #include <utility>
 
@@ -24,6 +26,10 @@ public:
     struct Opened {
         std::shared_ptr<AFCLink> link;     ///< not null within work
         std::unique_ptr<AFCLinkFile> file; ///< that is being read or written
+        /// The file that was finished by this action, and by the one before it: nobody needs to
+        /// look at it again.
+        std::optional<FileItem> finished;
+        std::optional<FileItem> finishedBefore;
         /// The device's path of a file that is not whole yet; empty when there is none.
         QString made;
     };
@@ -107,6 +113,7 @@ private:
             const bool wasOpen = isUsable();
             if (!wasOpen)
                 open(stop);
+            opened.finishedBefore = std::exchange(opened.finished, std::nullopt);
             opened.link->beginAction();
             try {
                 return work(opened);
