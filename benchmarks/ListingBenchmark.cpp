@@ -1,6 +1,8 @@
-#include "devices/files/DeviceFileService.h"
-#include "support/FakeProcessRunner.h"
+#include "base/text/PathNames.h"
+#include "mtp/files/MTPFileSystem.h"
 #include "support/PluggedPhone.h"
+#include "transfer/copy/TreeCopy.h"
+#include "transfer/local/LocalFileSystem.h"
 
 #include <benchmark/benchmark.h>
 
@@ -15,55 +17,68 @@ void fill(const TemporaryFolder& folder, const QString& name, int files) {
                      fileContent);
 }
 
-/// The file service with one virtual phone, whose first storage has a folder "D" of some files.
+/// The files of a virtual phone, whose first storage has a folder "D" of some files.
 struct Bench {
-    explicit Bench(int files) {
-        fill(phone.disk, QStringLiteral("0/D"), files);
+    explicit Bench(int count) {
+        fill(phone.disk, QStringLiteral("0/D"), count);
         phone.android.clearRequestLog();
     }
     void report(benchmark::State& state) const {
         state.counters["requests"] = static_cast<double>(phone.android.requestCount()) /
                                      static_cast<double>(state.iterations());
     }
+    static void copy(const std::shared_ptr<PhoneFileSystem>& from, const QString& path,
+                     const std::shared_ptr<PhoneFileSystem>& to, const QString& folder) {
+        TreeCopy copy({.from = from,
+                       .to = to,
+                       .items = {{.item = require(*from, path, {}), .name = lastComponent(path)}},
+                       .folder = folder});
+        benchmark::DoNotOptimize(copy.run({}, {}));
+    }
 
     VirtualUSBBus bus;
-    FakeProcessRunner processes;
-    DeviceFileService service{bus, processes};
     PluggedPhone phone{bus};
+    std::shared_ptr<MTPFileSystem> files = std::make_shared<MTPFileSystem>(
+        bus, identityOf(phone.info), std::make_shared<PhoneQueue>());
 };
 
 void listFolder(benchmark::State& state) {
     Bench bench(static_cast<int>(state.range(0)));
     for (auto _ : state)
-        benchmark::DoNotOptimize(
-            bench.service.listDirectory(QStringLiteral("/D"), bench.phone.info));
+        benchmark::DoNotOptimize(listAll(*bench.files, QStringLiteral("/D"), {}));
     bench.report(state);
 }
 
 void downloadFolder(benchmark::State& state) {
     Bench bench(static_cast<int>(state.range(0)));
-    const FileItem folder = bench.service.itemAt(QStringLiteral("/D"), bench.phone.info);
-    bench.phone.android.clearRequestLog();
     const TemporaryFolder target;
-    for (auto _ : state)
-        benchmark::DoNotOptimize(
-            bench.service.downloadDirectory(folder, target.path(), bench.phone.info));
+    const auto here = std::make_shared<LocalFileSystem>(target.path());
+    for (auto _ : state) {
+        bench.copy(bench.files, QStringLiteral("/D"), here, target.path());
+        state.PauseTiming();
+        QDir(target.path(QStringLiteral("D"))).removeRecursively();
+        state.ResumeTiming();
+    }
     bench.report(state);
     state.SetBytesProcessed(state.iterations() * state.range(0) * fileContent.size());
 }
 
 void uploadFolder(benchmark::State& state) {
-    Bench bench(0);
     const TemporaryFolder source;
     fill(source, QStringLiteral("U"), static_cast<int>(state.range(0)));
+    const auto here = std::make_shared<LocalFileSystem>(source.path());
+    double requests = 0;
     for (auto _ : state) {
-        benchmark::DoNotOptimize(bench.service.uploadDirectory(
-            source.path(QStringLiteral("U")), QStringLiteral("/"), bench.phone.info));
         state.PauseTiming();
-        QDir(bench.phone.disk.path(QStringLiteral("0/U"))).removeRecursively();
+        auto bench = std::make_unique<Bench>(0); // a phone without the folder
+        state.ResumeTiming();
+        bench->copy(here, source.path(QStringLiteral("U")), bench->files, QStringLiteral("/"));
+        state.PauseTiming();
+        requests += static_cast<double>(bench->phone.android.requestCount());
+        bench.reset();
         state.ResumeTiming();
     }
-    bench.report(state);
+    state.counters["requests"] = requests / static_cast<double>(state.iterations());
     state.SetBytesProcessed(state.iterations() * state.range(0) * fileContent.size());
 }
 

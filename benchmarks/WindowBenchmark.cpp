@@ -101,8 +101,8 @@ int main(int argc, char** argv) {
         first.write(QStringLiteral("Many/file %1.txt").arg(i), "x");
     const double phonesTook = sinceStart() - phonesBegin;
     QtProcessRunner processes;
-    DeviceFileService files(bus, processes);
-    TessaryApp app({bus}, files, {});
+    DeviceServices services({bus, processes});
+    TessaryApp app({bus}, services, {});
     MainWindow window(app);
     PaintWatch paint;
     window.installEventFilter(&paint);

@@ -60,8 +60,7 @@ void TourPhones::setHeld(bool held) {
     VirtualUSBBus& bus = demo_->virtualBus();
     bus.setOpenFaults(android_->config().location, faults);
     bus.setProgramsHolding(android_->config().location,
-                           held ? QStringList{QStringLiteral("gvfsd-mtp (2841)")}
-                                : QStringList());
+                           held ? QStringList{QStringLiteral("gvfsd-mtp (2841)")} : QStringList());
 }
 
 void TourPhones::plugInIPhone() {

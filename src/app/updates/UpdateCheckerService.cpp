@@ -84,8 +84,7 @@ void UpdateCheckerService::finish(const std::optional<UpdateInfo>& newest,
     } else if (!isNewerVersion(newest->version, source_.currentVersion)) {
         availableUpdate_.reset();
         showUpToDateAlert_ = isUserInitiated_;
-    } else if (isUserInitiated_ ||
-               newest->version != store_->value(skippedVersionKey).toString()) {
+    } else if (isUserInitiated_ || newest->version != store_->value(skippedVersionKey).toString()) {
         availableUpdate_ = newest;
     }
     Q_EMIT stateChanged();

@@ -11,7 +11,20 @@
 namespace tessary {
 
 /// Whose codes an error has.
-enum class ErrorLayer { local, phone, device, usb, mtp, adb, iphone, afc, process, network, http, sync };
+enum class ErrorLayer {
+    local,
+    phone,
+    device,
+    usb,
+    mtp,
+    adb,
+    iphone,
+    afc,
+    process,
+    network,
+    http,
+    sync
+};
 
 /// One case of one layer's enum. A layer makes its enum usable here by two functions beside it:
 /// `constexpr ErrorLayer errorLayer(TheEnum)` and `const char* errorName(TheEnum)`, the case's name

@@ -12,8 +12,8 @@ public:
 
     /// Whether one runs. Blocking.
     [[nodiscard]] bool isAnyRunning();
-    /// Asks them to end, and unmounts with them; whoever calls it has asked the user. Those that the
-    /// desktop starts again when they are next needed are among them. Blocking.
+    /// Asks them to end, and unmounts with them; whoever calls it has asked the user. Those that
+    /// the desktop starts again when they are next needed are among them. Blocking.
     void end();
 
 private:

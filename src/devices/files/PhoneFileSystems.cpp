@@ -62,8 +62,7 @@ void PhoneFileSystems::keepOnly(const std::vector<PhoneIdentity>& attached) {
     for (auto one = opened_.begin(); one != opened_.end();) {
         const bool isThere =
             std::any_of(attached.begin(), attached.end(), [&](const PhoneIdentity& phone) {
-                return phone.key() == one->phone.key() &&
-                       phone.attachment == one->phone.attachment;
+                return phone.key() == one->phone.key() && phone.attachment == one->phone.attachment;
             });
         if (isThere) {
             ++one;

@@ -15,12 +15,12 @@
 
 namespace tessary {
 
-/// The file systems of the phones of this machine, each made once: whoever opens a phone by the same
-/// way again gets the same one, with its connection. Thread-safe; asks no phone.
+/// The file systems of the phones of this machine, each made once: whoever opens a phone by the
+/// same way again gets the same one, with its connection. Thread-safe; asks no phone.
 class PhoneFileSystems {
 public:
-    using Make = std::function<std::shared_ptr<PhoneFileSystem>(const PhoneIdentity&,
-                                                                const std::shared_ptr<PhoneQueue>&)>;
+    using Make = std::function<std::shared_ptr<PhoneFileSystem>(
+        const PhoneIdentity&, const std::shared_ptr<PhoneQueue>&)>;
     using MakeApp = std::function<std::shared_ptr<PhoneFileSystem>(
         const PhoneIdentity&, const AppInfo&, const std::shared_ptr<PhoneQueue>&)>;
 
