@@ -1891,38 +1891,6 @@
 <context>
     <name>ProblemText</name>
     <message>
-        <source>Failed to create %1: %2</source>
-        <translation>%1 konnte nicht angelegt werden: %2</translation>
-    </message>
-    <message>
-        <source>Failed to rename %1: %2</source>
-        <translation>%1 konnte nicht umbenannt werden: %2</translation>
-    </message>
-    <message>
-        <source>Failed to move %1: %2</source>
-        <translation>%1 konnte nicht verschoben werden: %2</translation>
-    </message>
-    <message>
-        <source>Failed to drag out %1: %2</source>
-        <translation>%1 konnte nicht herausgezogen werden: %2</translation>
-    </message>
-    <message>
-        <source>Failed to delete %1: %2</source>
-        <translation>%1 konnte nicht gelöscht werden: %2</translation>
-    </message>
-    <message>
-        <source>%1 and %2 more</source>
-        <translation>%1 und %2 weitere</translation>
-    </message>
-    <message>
-        <source>Failed to move %1 of %2 items: %3</source>
-        <translation>%1 von %2 Objekten konnten nicht verschoben werden: %3</translation>
-    </message>
-    <message>
-        <source>Failed to delete %1 of %2 items: %3</source>
-        <translation>%1 von %2 Objekten konnten nicht gelöscht werden: %3</translation>
-    </message>
-    <message>
         <source>The folder was not read.</source>
         <translation>Der Ordner wurde nicht gelesen.</translation>
     </message>
@@ -1939,16 +1907,8 @@
         <translation>Aktualisiere die Liste, um es erneut zu versuchen.</translation>
     </message>
     <message>
-        <source>The folder &quot;%1&quot; is not on the phone any more.</source>
-        <translation>Der Ordner „%1“ ist nicht mehr auf dem Telefon.</translation>
-    </message>
-    <message>
         <source>Go up to the folder that held it.</source>
         <translation>Gehen Sie in den Ordner darüber.</translation>
-    </message>
-    <message>
-        <source>There is no &quot;%1&quot; on the phone.</source>
-        <translation>„%1“ gibt es auf dem Telefon nicht.</translation>
     </message>
     <message>
         <source>Check the spelling, or choose the folder below.</source>
@@ -1957,6 +1917,65 @@
     <message>
         <source>Another folder is shown by now. Nothing was done.</source>
         <translation>Inzwischen wird ein anderer Ordner angezeigt. Es wurde nichts getan.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be created: %2</source>
+        <translation>„%1“ konnte nicht angelegt werden: %2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be renamed: %2</source>
+        <translation>„%1“ konnte nicht umbenannt werden: %2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be moved: %2</source>
+        <translation>„%1“ konnte nicht verschoben werden: %2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be dragged out: %2</source>
+        <translation>„%1“ konnte nicht herausgezogen werden: %2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be deleted: %2</source>
+        <translation>„%1“ konnte nicht gelöscht werden: %2</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <extracomment>the name of an item, and why it failed</extracomment>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <comment>between the items of a list</comment>
+        <translation>, </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1 und %Ln weiteres</numerusform>
+            <numerusform>%1 und %Ln weitere</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items could not be moved: %2</source>
+        <translation>
+            <numerusform>%Ln von %1 Objekten konnte nicht verschoben werden: %2</numerusform>
+            <numerusform>%Ln von %1 Objekten konnten nicht verschoben werden: %2</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items could not be deleted: %2</source>
+        <translation>
+            <numerusform>%Ln von %1 Objekten konnte nicht gelöscht werden: %2</numerusform>
+            <numerusform>%Ln von %1 Objekten konnten nicht gelöscht werden: %2</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The folder “%1” is not on the phone any more.</source>
+        <translation>Der Ordner „%1“ ist nicht mehr auf dem Telefon.</translation>
+    </message>
+    <message>
+        <source>There is no “%1” on the phone.</source>
+        <translation>Auf dem Telefon gibt es kein „%1“.</translation>
     </message>
 </context>
 <context>
@@ -2821,20 +2840,6 @@
     <message>
         <source>%1 left</source>
         <translation>noch %1</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items were not copied: %1</source>
-        <translation>
-            <numerusform>%Ln Objekt wurde nicht kopiert: %1</numerusform>
-            <numerusform>%Ln Objekte wurden nicht kopiert: %1</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%1 and %Ln more</source>
-        <translation>
-            <numerusform>%1 und %Ln weiteres</numerusform>
-            <numerusform>%1 und %Ln weitere</numerusform>
-        </translation>
     </message>
 </context>
 <context>

@@ -29,6 +29,30 @@
     </message>
 </context>
 <context>
+    <name>ProblemText</name>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1 and %Ln more</numerusform>
+            <numerusform>%1 and %Ln more</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items could not be moved: %2</source>
+        <translation>
+            <numerusform>%Ln of %1 items could not be moved: %2</numerusform>
+            <numerusform>%Ln of %1 items could not be moved: %2</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items could not be deleted: %2</source>
+        <translation>
+            <numerusform>%Ln of %1 items could not be deleted: %2</numerusform>
+            <numerusform>%Ln of %1 items could not be deleted: %2</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>tessary::BrowserView</name>
     <message numerus="yes">
         <source>%Ln selected</source>
@@ -113,23 +137,6 @@
         <translation>
             <numerusform>%Ln file was deleted on one side. Delete it on the other, too?</numerusform>
             <numerusform>%Ln files were deleted on one side. Delete them on the other, too?</numerusform>
-        </translation>
-    </message>
-</context>
-<context>
-    <name>tessary::TransferListModel</name>
-    <message numerus="yes">
-        <source>%Ln items were not copied: %1</source>
-        <translation>
-            <numerusform>%Ln item was not copied: %1</numerusform>
-            <numerusform>%Ln items were not copied: %1</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%1 and %Ln more</source>
-        <translation>
-            <numerusform>%1 and %Ln more</numerusform>
-            <numerusform>%1 and %Ln more</numerusform>
         </translation>
     </message>
 </context>

@@ -1891,38 +1891,6 @@
 <context>
     <name>ProblemText</name>
     <message>
-        <source>Failed to create %1: %2</source>
-        <translation>No se pudo crear %1: %2</translation>
-    </message>
-    <message>
-        <source>Failed to rename %1: %2</source>
-        <translation>No se pudo renombrar %1: %2</translation>
-    </message>
-    <message>
-        <source>Failed to move %1: %2</source>
-        <translation>No se pudo mover %1: %2</translation>
-    </message>
-    <message>
-        <source>Failed to drag out %1: %2</source>
-        <translation>No se pudo arrastrar %1 fuera de la ventana: %2</translation>
-    </message>
-    <message>
-        <source>Failed to delete %1: %2</source>
-        <translation>No se pudo eliminar %1: %2</translation>
-    </message>
-    <message>
-        <source>%1 and %2 more</source>
-        <translation>%1 y %2 más</translation>
-    </message>
-    <message>
-        <source>Failed to move %1 of %2 items: %3</source>
-        <translation>No se pudieron mover %1 de %2 elementos: %3</translation>
-    </message>
-    <message>
-        <source>Failed to delete %1 of %2 items: %3</source>
-        <translation>No se pudieron eliminar %1 de %2 elementos: %3</translation>
-    </message>
-    <message>
         <source>The folder was not read.</source>
         <translation>No se leyó la carpeta.</translation>
     </message>
@@ -1939,16 +1907,8 @@
         <translation>Actualiza la lista para volver a intentarlo.</translation>
     </message>
     <message>
-        <source>The folder &quot;%1&quot; is not on the phone any more.</source>
-        <translation>La carpeta «%1» ya no está en el teléfono.</translation>
-    </message>
-    <message>
         <source>Go up to the folder that held it.</source>
         <translation>Sube a la carpeta que la contenía.</translation>
-    </message>
-    <message>
-        <source>There is no &quot;%1&quot; on the phone.</source>
-        <translation>«%1» no está en el teléfono.</translation>
     </message>
     <message>
         <source>Check the spelling, or choose the folder below.</source>
@@ -1957,6 +1917,65 @@
     <message>
         <source>Another folder is shown by now. Nothing was done.</source>
         <translation>Ahora se muestra otra carpeta. No se ha hecho nada.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be created: %2</source>
+        <translation>No se ha podido crear «%1»: %2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be renamed: %2</source>
+        <translation>No se ha podido cambiar el nombre de «%1»: %2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be moved: %2</source>
+        <translation>No se ha podido mover «%1»: %2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be dragged out: %2</source>
+        <translation>No se ha podido arrastrar «%1» fuera: %2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be deleted: %2</source>
+        <translation>No se ha podido eliminar «%1»: %2</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <extracomment>the name of an item, and why it failed</extracomment>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <comment>between the items of a list</comment>
+        <translation>, </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1 y %Ln más</numerusform>
+            <numerusform>%1 y %Ln más</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items could not be moved: %2</source>
+        <translation>
+            <numerusform>No se ha podido mover %Ln de %1 elementos: %2</numerusform>
+            <numerusform>No se han podido mover %Ln de %1 elementos: %2</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items could not be deleted: %2</source>
+        <translation>
+            <numerusform>No se ha podido eliminar %Ln de %1 elementos: %2</numerusform>
+            <numerusform>No se han podido eliminar %Ln de %1 elementos: %2</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The folder “%1” is not on the phone any more.</source>
+        <translation>La carpeta «%1» ya no está en el teléfono.</translation>
+    </message>
+    <message>
+        <source>There is no “%1” on the phone.</source>
+        <translation>No hay ningún «%1» en el teléfono.</translation>
     </message>
 </context>
 <context>
@@ -2821,20 +2840,6 @@
     <message>
         <source>%1 left</source>
         <translation>quedan %1</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items were not copied: %1</source>
-        <translation>
-            <numerusform>%Ln elemento no se copió: %1</numerusform>
-            <numerusform>%Ln elementos no se copiaron: %1</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%1 and %Ln more</source>
-        <translation>
-            <numerusform>%1 y %Ln más</numerusform>
-            <numerusform>%1 y %Ln más</numerusform>
-        </translation>
     </message>
 </context>
 <context>

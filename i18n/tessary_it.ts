@@ -1891,38 +1891,6 @@
 <context>
     <name>ProblemText</name>
     <message>
-        <source>Failed to create %1: %2</source>
-        <translation>Impossibile creare %1: %2</translation>
-    </message>
-    <message>
-        <source>Failed to rename %1: %2</source>
-        <translation>Impossibile rinominare %1: %2</translation>
-    </message>
-    <message>
-        <source>Failed to move %1: %2</source>
-        <translation>Impossibile spostare %1: %2</translation>
-    </message>
-    <message>
-        <source>Failed to drag out %1: %2</source>
-        <translation>Impossibile trascinare %1 fuori dalla finestra: %2</translation>
-    </message>
-    <message>
-        <source>Failed to delete %1: %2</source>
-        <translation>Impossibile eliminare %1: %2</translation>
-    </message>
-    <message>
-        <source>%1 and %2 more</source>
-        <translation>%1 e altri %2</translation>
-    </message>
-    <message>
-        <source>Failed to move %1 of %2 items: %3</source>
-        <translation>Impossibile spostare %1 elementi su %2: %3</translation>
-    </message>
-    <message>
-        <source>Failed to delete %1 of %2 items: %3</source>
-        <translation>Impossibile eliminare %1 elementi su %2: %3</translation>
-    </message>
-    <message>
         <source>The folder was not read.</source>
         <translation>La cartella non è stata letta.</translation>
     </message>
@@ -1939,16 +1907,8 @@
         <translation>Aggiorna l’elenco per riprovare.</translation>
     </message>
     <message>
-        <source>The folder &quot;%1&quot; is not on the phone any more.</source>
-        <translation>La cartella «%1» non è più sul telefono.</translation>
-    </message>
-    <message>
         <source>Go up to the folder that held it.</source>
         <translation>Risali alla cartella che la conteneva.</translation>
-    </message>
-    <message>
-        <source>There is no &quot;%1&quot; on the phone.</source>
-        <translation>«%1» non è sul telefono.</translation>
     </message>
     <message>
         <source>Check the spelling, or choose the folder below.</source>
@@ -1957,6 +1917,65 @@
     <message>
         <source>Another folder is shown by now. Nothing was done.</source>
         <translation>Nel frattempo viene mostrata un’altra cartella. Non è stato fatto nulla.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be created: %2</source>
+        <translation>Impossibile creare «%1»: %2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be renamed: %2</source>
+        <translation>Impossibile rinominare «%1»: %2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be moved: %2</source>
+        <translation>Impossibile spostare «%1»: %2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be dragged out: %2</source>
+        <translation>Impossibile trascinare fuori «%1»: %2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be deleted: %2</source>
+        <translation>Impossibile eliminare «%1»: %2</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <extracomment>the name of an item, and why it failed</extracomment>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <comment>between the items of a list</comment>
+        <translation>, </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1 e un altro</numerusform>
+            <numerusform>%1 e altri %Ln</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items could not be moved: %2</source>
+        <translation>
+            <numerusform>Impossibile spostare %Ln elemento su %1: %2</numerusform>
+            <numerusform>Impossibile spostare %Ln elementi su %1: %2</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items could not be deleted: %2</source>
+        <translation>
+            <numerusform>Impossibile eliminare %Ln elemento su %1: %2</numerusform>
+            <numerusform>Impossibile eliminare %Ln elementi su %1: %2</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The folder “%1” is not on the phone any more.</source>
+        <translation>La cartella «%1» non è più sul telefono.</translation>
+    </message>
+    <message>
+        <source>There is no “%1” on the phone.</source>
+        <translation>Sul telefono non c’è «%1».</translation>
     </message>
 </context>
 <context>
@@ -2821,20 +2840,6 @@
     <message>
         <source>%1 left</source>
         <translation>%1 rimanenti</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items were not copied: %1</source>
-        <translation>
-            <numerusform>%Ln elemento non è stato copiato: %1</numerusform>
-            <numerusform>%Ln elementi non sono stati copiati: %1</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%1 and %Ln more</source>
-        <translation>
-            <numerusform>%1 e un altro</numerusform>
-            <numerusform>%1 e altri %Ln</numerusform>
-        </translation>
     </message>
 </context>
 <context>

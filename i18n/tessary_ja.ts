@@ -1888,38 +1888,6 @@
 <context>
     <name>ProblemText</name>
     <message>
-        <source>Failed to create %1: %2</source>
-        <translation>%1 を作成できませんでした: %2</translation>
-    </message>
-    <message>
-        <source>Failed to rename %1: %2</source>
-        <translation>%1 の名前を変更できませんでした: %2</translation>
-    </message>
-    <message>
-        <source>Failed to move %1: %2</source>
-        <translation>%1 を移動できませんでした: %2</translation>
-    </message>
-    <message>
-        <source>Failed to drag out %1: %2</source>
-        <translation>「%1」をウインドウの外にドラッグできませんでした: %2</translation>
-    </message>
-    <message>
-        <source>Failed to delete %1: %2</source>
-        <translation>%1 を削除できませんでした: %2</translation>
-    </message>
-    <message>
-        <source>%1 and %2 more</source>
-        <translation>%1、ほか %2 件</translation>
-    </message>
-    <message>
-        <source>Failed to move %1 of %2 items: %3</source>
-        <translation>%2 個中 %1 個の項目を移動できませんでした: %3</translation>
-    </message>
-    <message>
-        <source>Failed to delete %1 of %2 items: %3</source>
-        <translation>%2 個中 %1 個の項目を削除できませんでした: %3</translation>
-    </message>
-    <message>
         <source>The folder was not read.</source>
         <translation>フォルダを読み取れませんでした。</translation>
     </message>
@@ -1936,16 +1904,8 @@
         <translation>再試行するには、一覧を再読み込みしてください。</translation>
     </message>
     <message>
-        <source>The folder &quot;%1&quot; is not on the phone any more.</source>
-        <translation>フォルダ「%1」はもうデバイスにありません。</translation>
-    </message>
-    <message>
         <source>Go up to the folder that held it.</source>
         <translation>一つ上のフォルダに移動してください。</translation>
-    </message>
-    <message>
-        <source>There is no &quot;%1&quot; on the phone.</source>
-        <translation>デバイスに「%1」はありません。</translation>
     </message>
     <message>
         <source>Check the spelling, or choose the folder below.</source>
@@ -1954,6 +1914,62 @@
     <message>
         <source>Another folder is shown by now. Nothing was done.</source>
         <translation>別のフォルダが表示されているため、何も行いませんでした。</translation>
+    </message>
+    <message>
+        <source>“%1” could not be created: %2</source>
+        <translation>「%1」を作成できませんでした: %2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be renamed: %2</source>
+        <translation>「%1」の名前を変更できませんでした: %2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be moved: %2</source>
+        <translation>「%1」を移動できませんでした: %2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be dragged out: %2</source>
+        <translation>「%1」を外へドラッグできませんでした: %2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be deleted: %2</source>
+        <translation>「%1」を削除できませんでした: %2</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <extracomment>the name of an item, and why it failed</extracomment>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <comment>between the items of a list</comment>
+        <translation>、</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1、ほか %Ln 項目</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items could not be moved: %2</source>
+        <translation>
+            <numerusform>%1 項目中 %Ln 項目を移動できませんでした: %2</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items could not be deleted: %2</source>
+        <translation>
+            <numerusform>%1 項目中 %Ln 項目を削除できませんでした: %2</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The folder “%1” is not on the phone any more.</source>
+        <translation>フォルダ「%1」はデバイスにもうありません。</translation>
+    </message>
+    <message>
+        <source>There is no “%1” on the phone.</source>
+        <translation>デバイスに「%1」はありません。</translation>
     </message>
 </context>
 <context>
@@ -2808,18 +2824,6 @@
     <message>
         <source>%1 left</source>
         <translation>残り %1</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items were not copied: %1</source>
-        <translation>
-            <numerusform>%Ln 項目をコピーできませんでした: %1</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%1 and %Ln more</source>
-        <translation>
-            <numerusform>%1、ほか %Ln 件</numerusform>
-        </translation>
     </message>
 </context>
 <context>

@@ -1888,38 +1888,6 @@
 <context>
     <name>ProblemText</name>
     <message>
-        <source>Failed to create %1: %2</source>
-        <translation>%1을(를) 만들지 못함: %2</translation>
-    </message>
-    <message>
-        <source>Failed to rename %1: %2</source>
-        <translation>%1의 이름을 바꾸지 못함: %2</translation>
-    </message>
-    <message>
-        <source>Failed to move %1: %2</source>
-        <translation>%1을(를) 옮기지 못함: %2</translation>
-    </message>
-    <message>
-        <source>Failed to drag out %1: %2</source>
-        <translation>%1을(를) 창 밖으로 끌어낼 수 없습니다: %2</translation>
-    </message>
-    <message>
-        <source>Failed to delete %1: %2</source>
-        <translation>%1을(를) 삭제하지 못함: %2</translation>
-    </message>
-    <message>
-        <source>%1 and %2 more</source>
-        <translation>%1 외 %2개</translation>
-    </message>
-    <message>
-        <source>Failed to move %1 of %2 items: %3</source>
-        <translation>항목 %2개 중 %1개를 옮기지 못함: %3</translation>
-    </message>
-    <message>
-        <source>Failed to delete %1 of %2 items: %3</source>
-        <translation>항목 %2개 중 %1개를 삭제하지 못함: %3</translation>
-    </message>
-    <message>
         <source>The folder was not read.</source>
         <translation>폴더를 읽지 못했습니다.</translation>
     </message>
@@ -1936,16 +1904,8 @@
         <translation>다시 시도하려면 목록을 새로 고치세요.</translation>
     </message>
     <message>
-        <source>The folder &quot;%1&quot; is not on the phone any more.</source>
-        <translation>폴더 “%1”이(가) 더 이상 휴대폰에 없습니다.</translation>
-    </message>
-    <message>
         <source>Go up to the folder that held it.</source>
         <translation>상위 폴더로 이동하세요.</translation>
-    </message>
-    <message>
-        <source>There is no &quot;%1&quot; on the phone.</source>
-        <translation>휴대폰에 “%1”이(가) 없습니다.</translation>
     </message>
     <message>
         <source>Check the spelling, or choose the folder below.</source>
@@ -1954,6 +1914,62 @@
     <message>
         <source>Another folder is shown by now. Nothing was done.</source>
         <translation>이제 다른 폴더가 표시되고 있습니다. 아무 작업도 하지 않았습니다.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be created: %2</source>
+        <translation>“%1”을(를) 만들 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be renamed: %2</source>
+        <translation>“%1”의 이름을 바꿀 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be moved: %2</source>
+        <translation>“%1”을(를) 이동할 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be dragged out: %2</source>
+        <translation>“%1”을(를) 밖으로 드래그할 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be deleted: %2</source>
+        <translation>“%1”을(를) 삭제할 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <extracomment>the name of an item, and why it failed</extracomment>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <comment>between the items of a list</comment>
+        <translation>, </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1 외 %Ln개</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items could not be moved: %2</source>
+        <translation>
+            <numerusform>%1개 항목 중 %Ln개를 이동할 수 없습니다: %2</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items could not be deleted: %2</source>
+        <translation>
+            <numerusform>%1개 항목 중 %Ln개를 삭제할 수 없습니다: %2</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The folder “%1” is not on the phone any more.</source>
+        <translation>폴더 “%1”이(가) 휴대폰에 더 이상 없습니다.</translation>
+    </message>
+    <message>
+        <source>There is no “%1” on the phone.</source>
+        <translation>휴대폰에 “%1”이(가) 없습니다.</translation>
     </message>
 </context>
 <context>
@@ -2808,18 +2824,6 @@
     <message>
         <source>%1 left</source>
         <translation>%1 남음</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items were not copied: %1</source>
-        <translation>
-            <numerusform>%Ln개 항목을 복사하지 못했습니다: %1</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%1 and %Ln more</source>
-        <translation>
-            <numerusform>%1 외 %Ln개</numerusform>
-        </translation>
     </message>
 </context>
 <context>

@@ -1891,38 +1891,6 @@
 <context>
     <name>ProblemText</name>
     <message>
-        <source>Failed to create %1: %2</source>
-        <translation>Não foi possível criar %1: %2</translation>
-    </message>
-    <message>
-        <source>Failed to rename %1: %2</source>
-        <translation>Não foi possível renomear %1: %2</translation>
-    </message>
-    <message>
-        <source>Failed to move %1: %2</source>
-        <translation>Não foi possível mover %1: %2</translation>
-    </message>
-    <message>
-        <source>Failed to drag out %1: %2</source>
-        <translation>Não foi possível arrastar %1 para fora da janela: %2</translation>
-    </message>
-    <message>
-        <source>Failed to delete %1: %2</source>
-        <translation>Não foi possível apagar %1: %2</translation>
-    </message>
-    <message>
-        <source>%1 and %2 more</source>
-        <translation>%1 e mais %2</translation>
-    </message>
-    <message>
-        <source>Failed to move %1 of %2 items: %3</source>
-        <translation>Falha ao mover %1 de %2 itens: %3</translation>
-    </message>
-    <message>
-        <source>Failed to delete %1 of %2 items: %3</source>
-        <translation>Falha ao apagar %1 de %2 itens: %3</translation>
-    </message>
-    <message>
         <source>The folder was not read.</source>
         <translation>A pasta não foi lida.</translation>
     </message>
@@ -1939,16 +1907,8 @@
         <translation>Atualize a lista para tentar de novo.</translation>
     </message>
     <message>
-        <source>The folder &quot;%1&quot; is not on the phone any more.</source>
-        <translation>A pasta “%1” não está mais no telefone.</translation>
-    </message>
-    <message>
         <source>Go up to the folder that held it.</source>
         <translation>Suba para a pasta que a continha.</translation>
-    </message>
-    <message>
-        <source>There is no &quot;%1&quot; on the phone.</source>
-        <translation>Não há “%1” no telefone.</translation>
     </message>
     <message>
         <source>Check the spelling, or choose the folder below.</source>
@@ -1957,6 +1917,65 @@
     <message>
         <source>Another folder is shown by now. Nothing was done.</source>
         <translation>Outra pasta está sendo mostrada agora. Nada foi feito.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be created: %2</source>
+        <translation>Não foi possível criar “%1”: %2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be renamed: %2</source>
+        <translation>Não foi possível renomear “%1”: %2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be moved: %2</source>
+        <translation>Não foi possível mover “%1”: %2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be dragged out: %2</source>
+        <translation>Não foi possível arrastar “%1” para fora: %2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be deleted: %2</source>
+        <translation>Não foi possível apagar “%1”: %2</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <extracomment>the name of an item, and why it failed</extracomment>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <comment>between the items of a list</comment>
+        <translation>, </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1 e mais %Ln</numerusform>
+            <numerusform>%1 e mais %Ln</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items could not be moved: %2</source>
+        <translation>
+            <numerusform>Não foi possível mover %Ln de %1 itens: %2</numerusform>
+            <numerusform>Não foi possível mover %Ln de %1 itens: %2</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items could not be deleted: %2</source>
+        <translation>
+            <numerusform>Não foi possível apagar %Ln de %1 itens: %2</numerusform>
+            <numerusform>Não foi possível apagar %Ln de %1 itens: %2</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The folder “%1” is not on the phone any more.</source>
+        <translation>A pasta “%1” já não está no telefone.</translation>
+    </message>
+    <message>
+        <source>There is no “%1” on the phone.</source>
+        <translation>Não há “%1” no telefone.</translation>
     </message>
 </context>
 <context>
@@ -2821,20 +2840,6 @@
     <message>
         <source>%1 left</source>
         <translation>faltam %1</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items were not copied: %1</source>
-        <translation>
-            <numerusform>%Ln item não foi copiado: %1</numerusform>
-            <numerusform>%Ln itens não foram copiados: %1</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%1 and %Ln more</source>
-        <translation>
-            <numerusform>%1 e mais %Ln</numerusform>
-            <numerusform>%1 e mais %Ln</numerusform>
-        </translation>
     </message>
 </context>
 <context>

@@ -1888,38 +1888,6 @@
 <context>
     <name>ProblemText</name>
     <message>
-        <source>Failed to create %1: %2</source>
-        <translation>无法创建 %1：%2</translation>
-    </message>
-    <message>
-        <source>Failed to rename %1: %2</source>
-        <translation>无法重命名 %1：%2</translation>
-    </message>
-    <message>
-        <source>Failed to move %1: %2</source>
-        <translation>无法移动 %1：%2</translation>
-    </message>
-    <message>
-        <source>Failed to drag out %1: %2</source>
-        <translation>无法将“%1”拖出窗口：%2</translation>
-    </message>
-    <message>
-        <source>Failed to delete %1: %2</source>
-        <translation>无法删除 %1：%2</translation>
-    </message>
-    <message>
-        <source>%1 and %2 more</source>
-        <translation>%1 及另外 %2 项</translation>
-    </message>
-    <message>
-        <source>Failed to move %1 of %2 items: %3</source>
-        <translation>%2 个项目中有 %1 个无法移动：%3</translation>
-    </message>
-    <message>
-        <source>Failed to delete %1 of %2 items: %3</source>
-        <translation>%2 个项目中有 %1 个无法删除：%3</translation>
-    </message>
-    <message>
         <source>The folder was not read.</source>
         <translation>未能读取文件夹。</translation>
     </message>
@@ -1936,16 +1904,8 @@
         <translation>刷新列表后重试。</translation>
     </message>
     <message>
-        <source>The folder &quot;%1&quot; is not on the phone any more.</source>
-        <translation>文件夹“%1”已不在手机上。</translation>
-    </message>
-    <message>
         <source>Go up to the folder that held it.</source>
         <translation>请前往上层文件夹。</translation>
-    </message>
-    <message>
-        <source>There is no &quot;%1&quot; on the phone.</source>
-        <translation>手机上没有“%1”。</translation>
     </message>
     <message>
         <source>Check the spelling, or choose the folder below.</source>
@@ -1954,6 +1914,62 @@
     <message>
         <source>Another folder is shown by now. Nothing was done.</source>
         <translation>现在显示的是另一个文件夹。未执行任何操作。</translation>
+    </message>
+    <message>
+        <source>“%1” could not be created: %2</source>
+        <translation>无法创建“%1”：%2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be renamed: %2</source>
+        <translation>无法重命名“%1”：%2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be moved: %2</source>
+        <translation>无法移动“%1”：%2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be dragged out: %2</source>
+        <translation>无法将“%1”拖出：%2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be deleted: %2</source>
+        <translation>无法删除“%1”：%2</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <extracomment>the name of an item, and why it failed</extracomment>
+        <translation>%1（%2）</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <comment>between the items of a list</comment>
+        <translation>、</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1 以及另外 %Ln 项</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items could not be moved: %2</source>
+        <translation>
+            <numerusform>%1 项中有 %Ln 项无法移动：%2</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items could not be deleted: %2</source>
+        <translation>
+            <numerusform>%1 项中有 %Ln 项无法删除：%2</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The folder “%1” is not on the phone any more.</source>
+        <translation>文件夹“%1”已不在手机上。</translation>
+    </message>
+    <message>
+        <source>There is no “%1” on the phone.</source>
+        <translation>手机上没有“%1”。</translation>
     </message>
 </context>
 <context>
@@ -2808,18 +2824,6 @@
     <message>
         <source>%1 left</source>
         <translation>剩余 %1</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items were not copied: %1</source>
-        <translation>
-            <numerusform>%Ln 个项目未能复制：%1</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%1 and %Ln more</source>
-        <translation>
-            <numerusform>%1 及另外 %Ln 项</numerusform>
-        </translation>
     </message>
 </context>
 <context>

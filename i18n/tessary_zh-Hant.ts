@@ -1888,38 +1888,6 @@
 <context>
     <name>ProblemText</name>
     <message>
-        <source>Failed to create %1: %2</source>
-        <translation>無法建立 %1：%2</translation>
-    </message>
-    <message>
-        <source>Failed to rename %1: %2</source>
-        <translation>無法重新命名 %1：%2</translation>
-    </message>
-    <message>
-        <source>Failed to move %1: %2</source>
-        <translation>無法移動 %1：%2</translation>
-    </message>
-    <message>
-        <source>Failed to drag out %1: %2</source>
-        <translation>無法將「%1」拖出視窗：%2</translation>
-    </message>
-    <message>
-        <source>Failed to delete %1: %2</source>
-        <translation>無法刪除 %1：%2</translation>
-    </message>
-    <message>
-        <source>%1 and %2 more</source>
-        <translation>%1 及另外 %2 項</translation>
-    </message>
-    <message>
-        <source>Failed to move %1 of %2 items: %3</source>
-        <translation>%2 個項目中有 %1 個無法移動：%3</translation>
-    </message>
-    <message>
-        <source>Failed to delete %1 of %2 items: %3</source>
-        <translation>%2 個項目中有 %1 個無法刪除：%3</translation>
-    </message>
-    <message>
         <source>The folder was not read.</source>
         <translation>未能讀取資料夾。</translation>
     </message>
@@ -1936,16 +1904,8 @@
         <translation>重新整理列表後再試一次。</translation>
     </message>
     <message>
-        <source>The folder &quot;%1&quot; is not on the phone any more.</source>
-        <translation>資料夾「%1」已不在手機上。</translation>
-    </message>
-    <message>
         <source>Go up to the folder that held it.</source>
         <translation>請前往上層資料夾。</translation>
-    </message>
-    <message>
-        <source>There is no &quot;%1&quot; on the phone.</source>
-        <translation>手機上沒有「%1」。</translation>
     </message>
     <message>
         <source>Check the spelling, or choose the folder below.</source>
@@ -1954,6 +1914,62 @@
     <message>
         <source>Another folder is shown by now. Nothing was done.</source>
         <translation>現在顯示的是另一個資料夾。未執行任何操作。</translation>
+    </message>
+    <message>
+        <source>“%1” could not be created: %2</source>
+        <translation>無法建立「%1」：%2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be renamed: %2</source>
+        <translation>無法重新命名「%1」：%2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be moved: %2</source>
+        <translation>無法移動「%1」：%2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be dragged out: %2</source>
+        <translation>無法將「%1」拖出：%2</translation>
+    </message>
+    <message>
+        <source>“%1” could not be deleted: %2</source>
+        <translation>無法刪除「%1」：%2</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <extracomment>the name of an item, and why it failed</extracomment>
+        <translation>%1（%2）</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <comment>between the items of a list</comment>
+        <translation>、</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1 以及另外 %Ln 項</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items could not be moved: %2</source>
+        <translation>
+            <numerusform>%1 項中有 %Ln 項無法移動：%2</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln of %1 items could not be deleted: %2</source>
+        <translation>
+            <numerusform>%1 項中有 %Ln 項無法刪除：%2</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The folder “%1” is not on the phone any more.</source>
+        <translation>資料夾「%1」已不在手機上。</translation>
+    </message>
+    <message>
+        <source>There is no “%1” on the phone.</source>
+        <translation>手機上沒有「%1」。</translation>
     </message>
 </context>
 <context>
@@ -2808,18 +2824,6 @@
     <message>
         <source>%1 left</source>
         <translation>剩餘 %1</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items were not copied: %1</source>
-        <translation>
-            <numerusform>%Ln 個項目未能複製：%1</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%1 and %Ln more</source>
-        <translation>
-            <numerusform>%1 及另外 %Ln 項</numerusform>
-        </translation>
     </message>
 </context>
 <context>

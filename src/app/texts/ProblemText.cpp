@@ -4,6 +4,7 @@
 #include "phone/PhoneError.h"
 
 #include <QCoreApplication>
+#include <QLocale>
 #include <QStringList>
 
 namespace tessary {
@@ -12,8 +13,8 @@ namespace {
 
 using What = BrowserProblem::What;
 
-/// The words of this file.
-struct Words {
+/// The context of this file's texts.
+class ProblemText {
     Q_DECLARE_TR_FUNCTIONS(ProblemText)
 };
 
@@ -21,15 +22,15 @@ struct Words {
 QString failedOne(What what, const QString& name, const QString& why) {
     switch (what) {
     case What::create:
-        return Words::tr("Failed to create %1: %2").arg(name, why);
+        return ProblemText::tr("“%1” could not be created: %2").arg(name, why);
     case What::rename:
-        return Words::tr("Failed to rename %1: %2").arg(name, why);
+        return ProblemText::tr("“%1” could not be renamed: %2").arg(name, why);
     case What::move:
-        return Words::tr("Failed to move %1: %2").arg(name, why);
+        return ProblemText::tr("“%1” could not be moved: %2").arg(name, why);
     case What::drag:
-        return Words::tr("Failed to drag out %1: %2").arg(name, why);
+        return ProblemText::tr("“%1” could not be dragged out: %2").arg(name, why);
     default:
-        return Words::tr("Failed to delete %1: %2").arg(name, why);
+        return ProblemText::tr("“%1” could not be deleted: %2").arg(name, why);
     }
 }
 
@@ -37,23 +38,26 @@ QString failedOne(What what, const QString& name, const QString& why) {
 QString failedSeveral(const BrowserProblem& problem) {
     QStringList named;
     for (const BrowserProblem::Failure& failure : problem.failures)
-        named << QStringLiteral("%1 (%2)").arg(printable(failure.name),
-                                               errorText(failure.error).what);
-    QString list = named.join(QLatin1StringView(", "));
+        //: the name of an item, and why it failed
+        named << ProblemText::tr("%1 (%2)").arg(printable(failure.name), reasonText(failure.error));
+    QString list = named.join(ProblemText::tr(", ", "between the items of a list"));
     const int more = problem.failed - static_cast<int>(named.size());
     if (more > 0)
-        list = Words::tr("%1 and %2 more").arg(list, QString::number(more));
-    const QString text = problem.what == What::move
-                             ? Words::tr("Failed to move %1 of %2 items: %3")
-                             : Words::tr("Failed to delete %1 of %2 items: %3");
+        list = ProblemText::tr("%1 and %Ln more", nullptr, more).arg(list);
+    const QString text =
+        problem.what == What::move
+            ? ProblemText::tr("%Ln of %1 items could not be moved: %2", nullptr, problem.failed)
+            : ProblemText::tr("%Ln of %1 items could not be deleted: %2", nullptr, problem.failed);
     // One call: what a name holds is never taken for a place.
-    return text.arg(QString::number(problem.failed), QString::number(problem.total), list);
+    return text.arg(QLocale().toString(problem.total), list);
 }
 
 ErrorText ofEdit(const BrowserProblem& problem) {
-    ErrorText words = errorText(problem.failures.front().error);
-    words.what = problem.total == 1 ? failedOne(problem.what, printable(problem.name), words.what)
-                                    : failedSeveral(problem);
+    const Error& first = problem.failures.front().error;
+    ErrorText words = errorText(first);
+    words.what = problem.total == 1
+                     ? failedOne(problem.what, printable(problem.name), reasonText(first))
+                     : failedSeveral(problem);
     return words;
 }
 
@@ -62,21 +66,24 @@ ErrorText ofEdit(const BrowserProblem& problem) {
 ErrorText problemText(const BrowserProblem& problem) {
     switch (problem.what) {
     case What::notRead:
-        return {Words::tr("The folder was not read."), Words::tr("Refresh it to try again."), {}};
+        return {ProblemText::tr("The folder was not read."),
+                ProblemText::tr("Refresh it to try again."),
+                {}};
     case What::appsNotRead:
-        return {
-            Words::tr("The apps were not read."), Words::tr("Refresh the list to try again."), {}};
+        return {ProblemText::tr("The apps were not read."),
+                ProblemText::tr("Refresh the list to try again."),
+                {}};
     case What::folderGone:
-        return {Words::tr("The folder \"%1\" is not on the phone any more.")
+        return {ProblemText::tr("The folder “%1” is not on the phone any more.")
                     .arg(printable(problem.name)),
-                Words::tr("Go up to the folder that held it."),
+                ProblemText::tr("Go up to the folder that held it."),
                 {}};
     case What::noSuchPath:
-        return {Words::tr("There is no \"%1\" on the phone.").arg(printable(problem.name)),
-                Words::tr("Check the spelling, or choose the folder below."),
+        return {ProblemText::tr("There is no “%1” on the phone.").arg(printable(problem.name)),
+                ProblemText::tr("Check the spelling, or choose the folder below."),
                 {}};
     case What::otherFolder:
-        return {Words::tr("Another folder is shown by now. Nothing was done."), {}, {}};
+        return {ProblemText::tr("Another folder is shown by now. Nothing was done."), {}, {}};
     case What::unplugged:
         return errorText(Error(PhoneError::unplugged));
     case What::load:

@@ -1,6 +1,7 @@
 #include "views/transfers/TransferListModel.h"
 
 #include "app/LanguageManager.h"
+#include "app/texts/CopyText.h"
 #include "app/texts/DisplayNames.h"
 #include "app/texts/ErrorText.h"
 #include "base/text/ByteFormat.h"
@@ -15,9 +16,6 @@ namespace tessary {
 
 namespace {
 
-constexpr std::size_t namedItems = 3;
-constexpr std::size_t listedItems = 12;
-
 QString jobTitle(const CopyJob& job) {
     const QString name = printable(job.name);
     return job.things == 1 ? name
@@ -26,25 +24,9 @@ QString jobTitle(const CopyJob& job) {
                                  .arg(name);
 }
 
-/// "3 files were not copied: a.txt (too large), b.txt (…) and 1 more".
-QString leftOutText(const CopyJob& job) {
-    QStringList named;
-    for (std::size_t i = 0; i < std::min(job.leftOut.size(), namedItems); ++i)
-        named << QStringLiteral("%1 (%2)").arg(printable(job.leftOut[i].item.item.name),
-                                               reasonText(job.leftOut[i].error));
-    const auto count = static_cast<int>(job.leftOut.size());
-    const QString text = QCoreApplication::translate(
-        "tessary::TransferListModel", "%Ln items were not copied: %1", nullptr, count);
-    QString list = named.join(QLatin1StringView(", "));
-    if (const int more = count - static_cast<int>(named.size()); more > 0)
-        list = QCoreApplication::translate("tessary::TransferListModel", "%1 and %Ln more", nullptr,
-                                           more)
-                   .arg(list);
-    return text.arg(list);
-}
-
 /// What was left out, a line each, for as many as a tool tip holds.
 QString leftOutLines(const CopyJob& job) {
+    constexpr std::size_t listedItems = 12;
     QString lines;
     for (std::size_t i = 0; i < std::min(job.leftOut.size(), listedItems); ++i)
         lines +=
@@ -110,7 +92,7 @@ QString transferDetail(const CopyJob& job) {
     if (job.status == Status::failed && job.error)
         return errorText(*job.error).text();
     if (job.status == Status::incomplete)
-        return leftOutText(job);
+        return leftOutText(job.leftOut, job.progress.completedFiles);
     if (job.status == Status::done)
         return QStringLiteral("%1  ·  %2")
             .arg(displayName(job.status), formatBytes(job.progress.totalBytes));
