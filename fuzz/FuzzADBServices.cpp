@@ -1,6 +1,7 @@
 #include "FuzzTarget.h"
 #include "adb/protocol/ADBError.h"
 #include "adb/services/ADBShellClient.h"
+#include "adb/services/ADBShellSession.h"
 #include "adb/services/ADBSyncClient.h"
 
 #include <algorithm>
@@ -98,6 +99,10 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
             InputPhone phone(input);
             const ADBCommandResult result = ADBShellClient(phone, isNew).run("ls", {});
             require(static_cast<std::size_t>(result.output.size() + result.errors.size()) <= size);
+        });
+        attempt([&] {
+            InputPhone phone(input);
+            (void)ADBShellSession(phone, {}).run("'ls'", {});
         });
     }
     return 0;

@@ -186,7 +186,7 @@ std::unique_ptr<ADBDService> ADBDConnection::makeService(const std::string& name
     if (kind == "sync")
         return std::make_unique<ADBDSync>(*state_);
     const bool isVersion2 = kind.starts_with("shell,v2");
-    if (line.empty() || (isVersion2 && !state_->config.hasShellV2) ||
+    if ((line.empty() && !isVersion2) || (isVersion2 && !state_->config.hasShellV2) ||
         (!isVersion2 && kind != "shell" && kind != "exec"))
         return nullptr;
     return std::make_unique<ADBDShell>(*state_, line, isVersion2);

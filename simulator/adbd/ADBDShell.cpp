@@ -13,6 +13,9 @@ using Words = std::vector<std::string>;
 
 constexpr std::string_view special = "$`*?|<>()#~!{}[]\"\n\r&;";
 
+/// Puts a command's errors among its output.
+constexpr std::string_view mixesErrors = "2>&1";
+
 /// Stands for "$?" in a word.
 constexpr std::string_view statusMark = "\x01status\x01";
 
@@ -50,6 +53,20 @@ void appendPacket(Bytes& bytes, std::uint8_t kind, std::string_view content) {
     bytes.insert(bytes.end(), data, data + content.size());
 }
 
+/// Where the first line ends, whose line breaks in quotes belong to it; npos while it has not.
+std::size_t endOfLine(const std::string& text) {
+    bool isQuoted = false;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (text[at] == '\'')
+            isQuoted = !isQuoted;
+        else if (text[at] == '\\' && !isQuoted)
+            ++at;
+        else if (text[at] == '\n' && !isQuoted)
+            return at;
+    }
+    return std::string::npos;
+}
+
 } // namespace
 
 std::optional<std::vector<ADBDShellCommand>> parseADBDCommandLine(const std::string& line) {
@@ -67,6 +84,11 @@ std::optional<std::vector<ADBDShellCommand>> parseADBDCommandLine(const std::str
             at += 2;
             continue;
         }
+        if (line.compare(at, mixesErrors.size(), mixesErrors) == 0) {
+            commands.back().mixesErrors = true;
+            at += mixesErrors.size();
+            continue;
+        }
         auto word = takeWord(line, at);
         if (!word)
             return std::nullopt;
@@ -77,7 +99,7 @@ std::optional<std::vector<ADBDShellCommand>> parseADBDCommandLine(const std::str
     return commands;
 }
 
-ADBDShellResult runADBDCommandLine(ADBDState& state, const std::string& line, bool mixesErrors) {
+ADBDShellResult runADBDCommandLine(ADBDState& state, const std::string& line, bool mixesAll) {
     const auto refuse = [&] {
         state.hooks->lineRefused(QByteArray::fromStdString(line));
         return ADBDShellResult{{}, "/system/bin/sh: syntax error: unexpected\n", 2};
@@ -96,50 +118,94 @@ ADBDShellResult runADBDCommandLine(ADBDState& state, const std::string& line, bo
         if (!one)
             return refuse();
         all.output += one->output;
-        (mixesErrors ? all.output : all.errors) += one->errors;
+        (mixesAll || command.mixesErrors ? all.output : all.errors) += one->errors;
         all.status = one->status;
     }
     return all;
 }
 
-ADBDShell::ADBDShell(ADBDState& state, const std::string& line, bool isVersion2) {
-    const QByteArray command = QByteArray::fromStdString(line);
-    if (state.hooks->hangs(command.left(command.indexOf(' ')))) {
-        hangs_ = true;
+ADBDShell::ADBDShell(ADBDState& state, const std::string& line, bool isVersion2)
+    : state_(state), isVersion2_(isVersion2), isInteractive_(line.empty()) {
+    if (isInteractive_)
         return;
+    const auto status = runLine(line);
+    if (status && isVersion2)
+        appendStatus(*status);
+}
+
+/// Runs a line and keeps its output. No value when the phone hangs on it.
+std::optional<int> ADBDShell::runLine(const std::string& line) {
+    const QByteArray command = QByteArray::fromStdString(line);
+    if (state_.hooks->hangs(command.left(command.indexOf(' ')))) {
+        hangs_ = true;
+        return std::nullopt;
     }
     ADBDShellResult result;
-    if (const auto rewritten = state.hooks->rewrite(command))
+    if (const auto rewritten = state_.hooks->rewrite(command))
         result.output = rewritten->toStdString();
     else
-        result = runADBDCommandLine(state, line, !isVersion2);
-    if (!isVersion2) {
+        result = runADBDCommandLine(state_, line, !isVersion2_);
+    if (!isVersion2_) {
         const std::string text = result.output + result.errors;
         const auto* data = reinterpret_cast<const std::byte*>(text.data());
-        output_.assign(data, data + text.size());
-        return;
+        output_.insert(output_.end(), data, data + text.size());
+        return result.status;
     }
     constexpr std::uint8_t standardOutput = 1;
     constexpr std::uint8_t standardError = 2;
-    constexpr std::uint8_t exitStatus = 3;
     constexpr std::size_t piece = 32768;
     for (std::size_t at = 0; at < result.output.size(); at += piece)
         appendPacket(output_, standardOutput, std::string_view(result.output).substr(at, piece));
     if (!result.errors.empty())
         appendPacket(output_, standardError, result.errors);
-    const char status = static_cast<char>(result.status);
-    appendPacket(output_, exitStatus, {&status, 1});
+    return result.status;
+}
+
+void ADBDShell::appendStatus(int status) {
+    constexpr std::uint8_t exitStatus = 3;
+    const char byte = static_cast<char>(status);
+    appendPacket(output_, exitStatus, {&byte, 1});
+}
+
+/// Packets of the host: lines on standard input (0), or its end (3).
+void ADBDShell::receive(ByteView bytes) {
+    constexpr std::size_t frontSize = 5;
+    constexpr std::size_t longestLine = 64 * 1024;
+    if (!isInteractive_ || hangs_ || isOver_)
+        return;
+    in_.insert(in_.end(), bytes.begin(), bytes.end());
+    while (in_.size() >= frontSize && !hangs_) {
+        const std::size_t length = readLittleEndian<std::uint32_t>(in_, 1);
+        if (in_.size() < frontSize + length)
+            break;
+        if (in_[0] == std::byte{0})
+            line_.append(reinterpret_cast<const char*>(in_.data()) + frontSize, length);
+        isOver_ = isOver_ || in_[0] == std::byte{3};
+        in_.erase(in_.begin(), in_.begin() + static_cast<std::ptrdiff_t>(frontSize + length));
+    }
+    for (std::size_t end = 0; !hangs_ && (end = endOfLine(line_)) != std::string::npos;) {
+        lastStatus_ = runLine(line_.substr(0, end)).value_or(lastStatus_);
+        line_.erase(0, end + 1);
+    }
+    isOver_ = isOver_ || line_.size() > longestLine;
+    if (isOver_)
+        appendStatus(lastStatus_);
 }
 
 Bytes ADBDShell::produce(std::size_t most) {
     const std::size_t count = std::min(most, output_.size() - sent_);
     const auto begin = output_.begin() + static_cast<std::ptrdiff_t>(sent_);
+    Bytes bytes(begin, begin + static_cast<std::ptrdiff_t>(count));
     sent_ += count;
-    return {begin, begin + static_cast<std::ptrdiff_t>(count)};
+    if (sent_ == output_.size()) {
+        output_.clear();
+        sent_ = 0;
+    }
+    return bytes;
 }
 
 bool ADBDShell::isOver() const {
-    return !hangs_ && sent_ == output_.size();
+    return !hangs_ && output_.empty() && (!isInteractive_ || isOver_);
 }
 
 } // namespace tessary

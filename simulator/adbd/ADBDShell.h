@@ -16,26 +16,38 @@ namespace tessary {
 struct ADBDShellCommand {
     std::vector<std::string> words;
     bool onlyAfterSuccess = false;
+    bool mixesErrors = false; ///< "2>&1" stands behind it
 };
 [[nodiscard]] std::optional<std::vector<ADBDShellCommand>>
 parseADBDCommandLine(const std::string& line);
 
 /// Runs a command line on a virtual phone, by runADBDCommand(). A line that is not understood whole
-/// is refused and the hooks told. `mixesErrors`: in the output, in their order.
+/// is refused and the hooks told. `mixesAll`: in the output, in their order.
 [[nodiscard]] ADBDShellResult runADBDCommandLine(ADBDState& state, const std::string& line,
-                                                 bool mixesErrors);
+                                                 bool mixesAll);
 
 /// The shell service: a command line whose output goes to the host, in version 2 as packets (u8
-/// kind, u32 length, bytes) with the exit status at the end.
+/// kind, u32 length, bytes) with the exit status at the end. Without a line, version 2 runs those
+/// that the host sends.
 class ADBDShell : public ADBDService {
 public:
     ADBDShell(ADBDState& state, const std::string& line, bool isVersion2);
 
-    void receive(ByteView) override {}
+    void receive(ByteView bytes) override;
     [[nodiscard]] Bytes produce(std::size_t most) override;
     [[nodiscard]] bool isOver() const override;
 
 private:
+    [[nodiscard]] std::optional<int> runLine(const std::string& line);
+    void appendStatus(int status);
+
+    ADBDState& state_;
+    const bool isVersion2_;
+    const bool isInteractive_; ///< lines come from the host
+    Bytes in_;                 ///< a packet that is not complete
+    std::string line_;         ///< one that is not
+    int lastStatus_ = 0;
+    bool isOver_ = false;
     Bytes output_;
     std::size_t sent_ = 0;
     bool hangs_ = false;

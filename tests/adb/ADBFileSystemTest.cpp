@@ -264,13 +264,16 @@ TEST_P(ADBFileSystemTest, manyRequestsShareOneStream) {
     for (int n = 0; n < 20; ++n)
         write(u"d%1/f"_s.arg(n), "x");
     (void)listed(u"/"_s);
+    (void)files_->makeFolder(u"/"_s, u"new"_s, {});
     adbd_->clearLog();
     for (int n = 0; n < 20; ++n) {
+        (void)files_->rename(item(u"/d%1/f"_s.arg(n)), u"e"_s, TakenName::refused, {});
+        (void)files_->rename(item(u"/d%1/e"_s.arg(n)), u"f"_s, TakenName::refused, {});
         EXPECT_EQ(listed(u"/d%1"_s.arg(n)), QStringList(u"f"_s));
         (void)write(u"/d%1"_s.arg(n), u"g"_s, "g");
         (void)readAll(item(u"/d%1/g"_s.arg(n)));
     }
-    EXPECT_EQ(adbd_->log().size(), 0U) << "no further service was opened";
+    EXPECT_EQ(adbd_->log().size(), 0U) << "no further service was opened, and no shell";
 }
 
 TEST_P(ADBFileSystemTest, entriesThatCannotBeUsedAreReportedAndNeverLeftOut) {

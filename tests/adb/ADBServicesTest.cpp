@@ -1,5 +1,6 @@
 #include "adb/protocol/ADBError.h"
 #include "adb/services/ADBShellClient.h"
+#include "adb/services/ADBShellSession.h"
 #include "adb/services/ADBSyncClient.h"
 #include "base/values/LittleEndian.h"
 
@@ -195,8 +196,8 @@ public:
     }
 
 private:
-    const Bytes bytes_;
-    const Bytes again_;
+    Bytes bytes_;
+    Bytes again_;
     QByteArray service_;
 };
 
@@ -219,6 +220,21 @@ TEST(ADBShellClient, exitStatusIsTheCommandsOwnOrTheLinkIsLost) {
     EXPECT_EQ(codeOf([&] { (void)ADBShellClient(endless, true).run("ls", {}); }), "nonsense");
     ScriptedConnection wrong(Record("\3").number(2).zeros(2));
     EXPECT_EQ(codeOf([&] { (void)ADBShellClient(wrong, true).run("ls", {}); }), "nonsense");
+}
+
+TEST(ADBShellSession, shellThatEndsOrNeverStopsIsAnErrorAndOfNoMoreUse) {
+    const std::pair<const char*, ScriptedConnection> rows[] = {
+        {"brokenOff", ScriptedConnection(Record("\1").number(3).text("out"))},
+        {"brokenOff", ScriptedConnection(Record("\3").number(1).zeros(1))},
+        {"nonsense", ScriptedConnection({}, Record("\1").number(4000).zeros(4000))},
+        {"brokenOff", ScriptedConnection(Record("\1").number(20).text("tessary-0:0\n"))},
+    };
+    for (auto [code, phone] : rows) {
+        ADBShellSession session(phone, {});
+        EXPECT_EQ(phone.service(), "shell,v2,raw:");
+        EXPECT_EQ(codeOf([&] { (void)session.run("'ls'", {}); }), code);
+        EXPECT_FALSE(session.isUsable());
+    }
 }
 
 TEST(ADBShellClient, olderPhonesPrintTheirStatusLast) {

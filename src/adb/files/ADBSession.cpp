@@ -49,6 +49,7 @@ ADBShellClient& ADBSession::shell(const std::stop_token& stop) {
 
 void ADBSession::close() {
     sync_.reset();
+    commands_.reset();
     connection_->release();
 }
 
@@ -100,7 +101,14 @@ QByteArray ADBSession::lineOf(const QByteArrayList& words) {
 
 ADBCommandResult ADBSession::tryRun(const QByteArrayList& words, std::chrono::milliseconds silence,
                                     const std::stop_token& stop) {
-    return shell(stop).run(lineOf(words), {stop, silence});
+    ADBShellClient& client = shell(stop);
+    if (!client.isExact())
+        return client.run(lineOf(words), {stop, silence});
+    if (!commands_ || !commands_->isUsable()) {
+        commands_.reset();
+        commands_ = std::make_unique<ADBShellSession>(*connection_, Wait{stop, patience});
+    }
+    return commands_->run(lineOf(words), {stop, silence});
 }
 
 QByteArray ADBSession::run(const QByteArrayList& words, std::chrono::milliseconds silence,

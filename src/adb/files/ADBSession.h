@@ -1,6 +1,7 @@
 #pragma once
 
 #include "adb/services/ADBShellClient.h"
+#include "adb/services/ADBShellSession.h"
 #include "adb/services/ADBStream.h"
 #include "adb/services/ADBSyncClient.h"
 
@@ -14,8 +15,9 @@
 
 namespace tessary {
 
-/// What one phone's adbd is asked: one stream for files that stays open between two requests, and a
-/// shell. Used by whoever has the phone's turn. Failures are Error(ADBError); CancellationError.
+/// What one phone's adbd is asked: one stream for files and one for commands, which stay open
+/// between two requests, and shells of their own for what prints much. Used by whoever has the
+/// phone's turn. Failures are Error(ADBError); CancellationError.
 class ADBSession {
 public:
     /// For answers that a phone gives at once.
@@ -32,9 +34,9 @@ public:
     [[nodiscard]] ADBSyncClient& sync(const std::stop_token& stop);
     [[nodiscard]] ADBShellClient& shell(const std::stop_token& stop);
     [[nodiscard]] bool isOpen() const {
-        return sync_ != nullptr;
+        return sync_ != nullptr || commands_ != nullptr;
     }
-    /// Ends the stream. What the phone can do stays known.
+    /// Ends both streams. What the phone can do stays known.
     void close();
 
     /// What is at a path; no value when nothing is. Any other error of the phone is
@@ -67,6 +69,7 @@ private:
     std::optional<ADBSyncClient::Features> features_; ///< from the first use on
     std::optional<ADBShellClient> shell_;             ///< together with features_
     std::unique_ptr<ADBSyncClient> sync_;
+    std::unique_ptr<ADBShellSession> commands_; ///< where the phone's shell is exact
     std::optional<QByteArrayList> hashCommand_;
 };
 
