@@ -241,7 +241,7 @@ TEST_P(ADBFileSystemTest, hangingPhoneLetsACancelledCallGo) {
 TEST_P(ADBFileSystemTest, lostLinkIsAnErrorAndTheNextCallConnectsAnew) {
     write(u"big"_s, manyBytes(8'000'000));
     const FileItem big = item(u"/big"_s);
-    const auto lose = [&] { breakPhone([](ADBDFaults& faults) { faults.dropAfter = 1'000'000; }); };
+    const auto lose = [&] { breakPhone([](ADBDFaults& faults) { faults.dropAfter = 3'000'000; }); };
     lose();
     EXPECT_EQ(codeOf([&] { (void)readAll(big); }), "brokenOff");
     ASSERT_TRUE(comesBack());

@@ -161,8 +161,9 @@ qint64 ADBFileSystem::read(const FileItem& file, ByteRange range, const ByteSink
         const bool isPart = range.offset > 0 || (range.length > 0 && range.length <= shortRange &&
                                                  file.size - range.length > shortRange);
         if (!isPart || !shell.isExact()) {
-            session_.sync(call.stop).receive(phonePath(path), check, take,
-                                             {call.stop, ADBSession::patience});
+            session_.asking(call.stop, [&](ADBSyncClient& sync) {
+                sync.receive(phonePath(path), check, take, {call.stop, ADBSession::patience});
+            });
             return reader.done();
         }
         const auto facts = session_.facts(phonePath(path), true, call.stop);

@@ -129,7 +129,9 @@ void listADBFolder(ADBSession& session, const QString& folder, const ListingRece
         else
             rows.addUnreadable(place, {PhoneError::notAFile, {place}});
     };
-    session.sync(stop).list(path + '/', take, {stop, ADBSession::patience});
+    session.asking(stop, [&](ADBSyncClient& sync) {
+        sync.list(path + '/', take, {stop, ADBSession::patience});
+    });
     if (isEmpty)
         requireEmpty(session, folder, stop);
     if (!links.empty()) {
@@ -137,8 +139,9 @@ void listADBFolder(ADBSession& session, const QString& folder, const ListingRece
         std::vector<ADBSyncClient::Question> questions;
         for (const auto& [name, facts] : links)
             questions.push_back({phonePath(joinPath(folder, name)), true});
-        const std::vector<ADBFacts> targets =
-            session.sync(stop).stat(questions, {stop, ADBSession::patience});
+        const std::vector<ADBFacts> targets = session.asking(stop, [&](ADBSyncClient& sync) {
+            return sync.stat(questions, {stop, ADBSession::patience});
+        });
         for (std::size_t n = 0; n < links.size(); ++n) {
             const auto& [name, facts] = links[n];
             rows.add(
@@ -155,14 +158,14 @@ std::optional<QString> spellingInFolder(ADBSession& session, const QString& fold
     caseless.ignoresUnicodeForm = true;
     const QString key = caseless.key(wanted);
     std::optional<QString> found;
-    session.sync(stop).list(phonePath(folder) + '/',
-                            [&](const ADBFacts&, QByteArray&& bytes) {
-                                const QString name = QString::fromUtf8(bytes);
-                                if (name == wanted ||
-                                    (found != wanted && caseless.key(name) == key))
-                                    found = name;
-                            },
-                            {stop, ADBSession::patience});
+    const auto take = [&](const ADBFacts&, QByteArray&& bytes) {
+        const QString name = QString::fromUtf8(bytes);
+        if (name == wanted || (found != wanted && caseless.key(name) == key))
+            found = name;
+    };
+    session.asking(stop, [&](ADBSyncClient& sync) {
+        sync.list(phonePath(folder) + '/', take, {stop, ADBSession::patience});
+    });
     return found;
 }
 

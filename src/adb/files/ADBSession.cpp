@@ -62,7 +62,9 @@ std::vector<std::optional<ADBFacts>>
 ADBSession::facts(const std::vector<ADBSyncClient::Question>& questions,
                   const std::stop_token& stop) {
     std::vector<std::optional<ADBFacts>> found;
-    const std::vector<ADBFacts> answers = sync(stop).stat(questions, {stop, patience});
+    const std::vector<ADBFacts> answers = asking(stop, [&](ADBSyncClient& sync) {
+        return sync.stat(questions, {stop, patience});
+    });
     for (std::size_t n = 0; n < answers.size(); ++n) {
         const ADBFacts& facts = answers[n];
         if (facts.error == notThere || facts.error == linkLoop)

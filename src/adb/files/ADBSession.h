@@ -1,5 +1,6 @@
 #pragma once
 
+#include "adb/protocol/ADBError.h"
 #include "adb/services/ADBShellClient.h"
 #include "adb/services/ADBShellSession.h"
 #include "adb/services/ADBStream.h"
@@ -32,6 +33,22 @@ public:
     /// The stream for files, opened when it has to be. ADBError::tooOld for a phone that lacks what
     /// is needed.
     [[nodiscard]] ADBSyncClient& sync(const std::stop_token& stop);
+    /// Runs `work(sync)`, which changes nothing on the phone and hands nothing on before the phone
+    /// has answered. A stream that was kept and has ended meanwhile may show only now: it is opened
+    /// anew then, and asked once more.
+    template <typename Work>
+    auto asking(const std::stop_token& stop, Work work) {
+        const bool isKept = sync_ && sync_->isUsable();
+        try {
+            return work(sync(stop));
+        } catch (const Error& error) {
+            if (!isKept || !error.is(ADBError::brokenOff) || !sync_ || !sync_->isUnanswered())
+                throw;
+            sync_.reset();
+            commands_.reset(); // kept as long, and ended by the same
+        }
+        return work(sync(stop));
+    }
     [[nodiscard]] ADBShellClient& shell(const std::stop_token& stop);
     [[nodiscard]] bool isOpen() const {
         return sync_ != nullptr || commands_ != nullptr;

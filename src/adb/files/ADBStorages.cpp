@@ -4,6 +4,7 @@
 #include "adb/files/ADBSession.h"
 #include "adb/protocol/ADBError.h"
 #include "base/text/PathNames.h"
+#include "phone/PhoneError.h"
 
 #include <algorithm>
 #include <array>
@@ -96,14 +97,15 @@ std::vector<StorageVolume> ADBStorages::removable(ADBSession& session,
                                                   const std::stop_token& stop) {
     constexpr std::size_t most = 16;
     std::vector<StorageVolume> found;
-    session.sync(stop).list("/storage/",
-                            [&](const ADBFacts& facts, QByteArray&& bytes) {
-                                const QString name = QString::fromUtf8(bytes);
-                                if ((facts.isFolder() || facts.isLink()) && isCard(name) &&
-                                    name.toUtf8() == bytes && found.size() < most)
-                                    found.push_back({name, name, 0, 0, true});
-                            },
-                            {stop, ADBSession::patience});
+    const auto take = [&](const ADBFacts& facts, QByteArray&& bytes) {
+        const QString name = QString::fromUtf8(bytes);
+        if ((facts.isFolder() || facts.isLink()) && isCard(name) && name.toUtf8() == bytes &&
+            found.size() < most)
+            found.push_back({name, name, 0, 0, true});
+    };
+    session.asking(stop, [&](ADBSyncClient& sync) {
+        sync.list("/storage/", take, {stop, ADBSession::patience});
+    });
     {
         const std::scoped_lock lock(mutex_);
         for (StorageVolume& volume : found)
@@ -173,14 +175,15 @@ NameRules ADBStorages::nameRules(const QString& canonical, ADBSession& session,
         // nothing: then names that differ in letters alone are kept apart for now.
         rules.ignoresCase = true;
         QString name;
-        session.sync(stop).list("/sdcard/",
-                                [&](const ADBFacts&, QByteArray&& bytes) {
-                                    const QString one = QString::fromUtf8(bytes);
-                                    if (name.isEmpty() && one.toUtf8() == bytes &&
-                                        isSafeName(one) && swappedCase(one) != one)
-                                        name = one;
-                                },
-                                {stop, ADBSession::patience});
+        const auto take = [&](const ADBFacts&, QByteArray&& bytes) {
+            const QString one = QString::fromUtf8(bytes);
+            if (name.isEmpty() && one.toUtf8() == bytes && isSafeName(one) &&
+                swappedCase(one) != one)
+                name = one;
+        };
+        session.asking(stop, [&](ADBSyncClient& sync) {
+            sync.list("/sdcard/", take, {stop, ADBSession::patience});
+        });
         if (name.isEmpty())
             return rules;
         const auto facts = session.facts({{(card + slash + name).toUtf8(), false},
@@ -201,6 +204,9 @@ NameRules ADBStorages::nameRules(const QString& canonical, ADBSession& session,
 
 std::optional<std::uint64_t> ADBStorages::freeBytes(const QString& canonical, ADBSession& session,
                                                     const std::stop_token& stop) {
+    // An open stream for commands that has ended shows by this one.
+    if (!session.facts((canonical + slash).toUtf8(), true, stop))
+        throw Error(PhoneError::notFound, {canonical});
     const ADBCommandResult result =
         session.tryRun({"stat", "-f", "-c", spaceFormat(), (canonical + slash).toUtf8()},
                        ADBSession::patience, stop);

@@ -16,6 +16,7 @@ bool ADBReader::fill(const Wait& wait) {
     }
     const std::size_t got = stream_.read(std::span(buffer_).subspan(end_), wait);
     end_ += got;
+    received_ += got;
     return got > 0;
 }
 

@@ -3,6 +3,7 @@
 #include "adb/services/ADBStream.h"
 
 #include <cstddef>
+#include <cstdint>
 
 namespace tessary {
 
@@ -24,6 +25,11 @@ public:
         return begin_ < end_ || stream_.hasInput();
     }
 
+    /// Bytes that have come out of the stream so far.
+    [[nodiscard]] std::uint64_t received() const {
+        return received_;
+    }
+
     static constexpr std::size_t capacity = 64 * 1024;
 
 private:
@@ -33,6 +39,7 @@ private:
     Bytes buffer_;
     std::size_t begin_ = 0;
     std::size_t end_ = 0;
+    std::uint64_t received_ = 0;
 };
 
 } // namespace tessary

@@ -5,6 +5,8 @@
 
 #include <QUuid>
 
+#include <algorithm>
+
 namespace tessary {
 
 namespace {
@@ -49,8 +51,12 @@ ADBCommandResult ADBShellSession::run(const QByteArray& command, const Wait& wai
             if (result.output.size() > ADBShellClient::outputLimit)
                 throw Error(ADBError::nonsense, {QStringLiteral("a command's endless output")});
         }
-        const qsizetype mark = result.output.lastIndexOf(mark_);
-        if (mark < 0 || !result.output.endsWith('\n'))
+        if (!result.output.endsWith('\n'))
+            continue;
+        constexpr qsizetype longestStatus = 16; // and the line's end
+        const qsizetype mark = result.output.indexOf(
+            mark_, std::max<qsizetype>(0, result.output.size() - mark_.size() - longestStatus));
+        if (mark < 0)
             continue;
         bool isNumber = false;
         result.status = result.output.mid(mark + mark_.size()).trimmed().toInt(&isNumber);

@@ -90,7 +90,7 @@ std::vector<ADBFacts> ADBSyncClient::stat(const std::vector<Question>& questions
         Bytes requests;
         for (std::size_t n = begin; n < end; ++n)
             appendStat(requests, questions[n]);
-        isSound_ = false;
+        beginRequest();
         stream_->write(requests, wait);
         for (std::size_t n = begin; n < end; ++n)
             answers.push_back(takeStat(questions[n], wait));
@@ -108,7 +108,7 @@ void ADBSyncClient::list(const QByteArray& path,
                          const Wait& wait) {
     constexpr std::uint32_t longestName = 4096;
     requirePath(path);
-    isSound_ = false;
+    beginRequest();
     stream_->write(
         Records::request(features_.hasNewList ? adbWordLIS2 : word(ADBSyncCommand::list), path),
         wait);
@@ -135,7 +135,7 @@ std::uint64_t ADBSyncClient::receive(const QByteArray& path,
     Bytes requests;
     appendStat(requests, question);
     append(requests, Records::request(recv, path));
-    isSound_ = false;
+    beginRequest();
     stream_->write(requests, wait);
     check(takeStat(question, wait));
     std::uint64_t received = 0;
@@ -170,7 +170,7 @@ ADBFacts ADBSyncClient::send(const QByteArray& path, std::uint32_t mode,
     // What is left to be written: a record's front and its content go out together, and so do the
     // first and the last of a small file with all that belongs to them.
     Bytes pending = Records::request(ADBSyncCommand::send, target);
-    isSound_ = false;
+    beginRequest();
     std::uint64_t total = 0;
     for (;;) {
         throwIfAnswered(path, wait);

@@ -37,6 +37,10 @@ public:
     [[nodiscard]] bool isUsable() const {
         return isSound_ && !reader_.hasBytes();
     }
+    /// Whether nothing has come back for the last request.
+    [[nodiscard]] bool isUnanswered() const {
+        return reader_.received() == receivedBefore_;
+    }
     [[nodiscard]] const Features& features() const {
         return features_;
     }
@@ -73,6 +77,10 @@ public:
                   const Wait& wait);
 
 private:
+    void beginRequest() {
+        isSound_ = false;
+        receivedBefore_ = reader_.received();
+    }
     void appendStat(Bytes& bytes, const Question& question) const;
     [[nodiscard]] ADBFacts takeStat(const Question& question, const Wait& wait);
     void writeContent(const QByteArray& path, const Bytes& bytes, const Wait& wait);
@@ -82,7 +90,8 @@ private:
     const std::unique_ptr<ADBStream> stream_;
     ADBReader reader_;
     const Features features_;
-    bool isSound_ = true; ///< no request was left in the middle
+    bool isSound_ = true;              ///< no request was left in the middle
+    std::uint64_t receivedBefore_ = 0; ///< bytes, when the last request began
 };
 
 } // namespace tessary
