@@ -917,6 +917,110 @@
         <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
         <translation>Der Turbomodus braucht adb, das nicht installiert ist. Stattdessen wird das Telefon über Standard-MTP benutzt.</translation>
     </message>
+    <message>
+        <source>“%1” changed while the folders were being synced. It was left as it is.</source>
+        <translation>„%1“ hat sich geändert, während die Ordner abgeglichen wurden, und wurde gelassen, wie es ist.</translation>
+    </message>
+    <message>
+        <source>it changed while the folders were being synced</source>
+        <translation>es hat sich während des Abgleichs geändert</translation>
+    </message>
+    <message>
+        <source>“%1” is a file on one side and a folder on the other.</source>
+        <translation>„%1“ ist auf der einen Seite eine Datei und auf der anderen ein Ordner.</translation>
+    </message>
+    <message>
+        <source>it is a file on one side and a folder on the other</source>
+        <translation>es ist auf einer Seite eine Datei und auf der anderen ein Ordner</translation>
+    </message>
+    <message>
+        <source>Another name differs from “%1” only in case or in the form of its letters.</source>
+        <translation>Ein anderer Name unterscheidet sich von „%1“ nur in Groß- und Kleinschreibung oder der Form der Buchstaben.</translation>
+    </message>
+    <message>
+        <source>another name differs from it only in case or in the form of its letters</source>
+        <translation>ein anderer Name unterscheidet sich nur in Groß- und Kleinschreibung oder in der Form der Buchstaben</translation>
+    </message>
+    <message>
+        <source>What is in the folder “%1” could not be read on one side.</source>
+        <translation>Der Inhalt des Ordners „%1“ konnte auf einer Seite nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>its folder could not be read on one side</source>
+        <translation>sein Ordner konnte auf einer Seite nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>The folder of “%1” holds something that could not be read.</source>
+        <translation>Der Ordner von „%1“ enthält etwas, das nicht gelesen werden konnte.</translation>
+    </message>
+    <message>
+        <source>its folder holds something that could not be read</source>
+        <translation>sein Ordner enthält etwas, das nicht gelesen werden konnte</translation>
+    </message>
+    <message>
+        <source>“%1” was changed on the side that files are only copied to.</source>
+        <translation>„%1“ wurde auf der Seite geändert, auf die nur kopiert wird.</translation>
+    </message>
+    <message>
+        <source>it was changed on the side that files are only copied to</source>
+        <translation>es wurde auf der Seite geändert, auf die nur kopiert wird</translation>
+    </message>
+    <message>
+        <source>“%1” was left as it is.</source>
+        <translation>„%1“ wurde gelassen, wie es ist.</translation>
+    </message>
+    <message>
+        <source>it was to be left as it is</source>
+        <translation>es sollte bleiben, wie es ist</translation>
+    </message>
+    <message>
+        <source>The phone does not tell the size of “%1”.</source>
+        <translation>Das Telefon nennt die Größe von „%1“ nicht.</translation>
+    </message>
+    <message>
+        <source>the phone does not tell its size</source>
+        <translation>das Telefon nennt die Größe nicht</translation>
+    </message>
+    <message>
+        <source>The phone has several entries called “%1”.</source>
+        <translation>Das Telefon hat mehrere Einträge namens „%1“.</translation>
+    </message>
+    <message>
+        <source>the phone has several entries of this name</source>
+        <translation>das Telefon hat mehrere Einträge dieses Namens</translation>
+    </message>
+    <message>
+        <source>The folder “%1” lies too deep.</source>
+        <translation>Der Ordner „%1“ liegt zu tief.</translation>
+    </message>
+    <message>
+        <source>the folder lies too deep</source>
+        <translation>der Ordner liegt zu tief</translation>
+    </message>
+    <message>
+        <source>Nothing was changed.</source>
+        <translation>Nichts wurde geändert.</translation>
+    </message>
+    <message>
+        <source>The folder “%1” was synced before and is gone.</source>
+        <translation>Der Ordner „%1“ wurde schon abgeglichen und ist verschwunden.</translation>
+    </message>
+    <message>
+        <source>Plug its disk in, or make the folder again.</source>
+        <translation>Schließen Sie seinen Datenträger an, oder legen Sie den Ordner neu an.</translation>
+    </message>
+    <message>
+        <source>What was synced could not be noted down in “%1”.</source>
+        <translation>Was abgeglichen wurde, konnte nicht in „%1“ festgehalten werden.</translation>
+    </message>
+    <message>
+        <source>what was synced could not be noted down</source>
+        <translation>was abgeglichen wurde, konnte nicht festgehalten werden</translation>
+    </message>
+    <message>
+        <source>The next sync cannot tell what was deleted since: it copies such files back.</source>
+        <translation>Der nächste Abgleich erkennt nicht, was seither gelöscht wurde, und kopiert solche Dateien zurück.</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>
@@ -2013,6 +2117,157 @@
     </message>
 </context>
 <context>
+    <name>SyncTexts</name>
+    <message>
+        <source>Copy to the phone</source>
+        <translation>Auf das Telefon kopieren</translation>
+    </message>
+    <message>
+        <source>Replace on the phone</source>
+        <translation>Auf dem Telefon ersetzen</translation>
+    </message>
+    <message>
+        <source>Copy to this computer</source>
+        <translation>Auf diesen Computer kopieren</translation>
+    </message>
+    <message>
+        <source>Replace on this computer</source>
+        <translation>Auf diesem Computer ersetzen</translation>
+    </message>
+    <message>
+        <source>Move to the phone</source>
+        <translation>Auf das Telefon verschieben</translation>
+    </message>
+    <message>
+        <source>Move to this computer</source>
+        <translation>Auf diesen Computer verschieben</translation>
+    </message>
+    <message>
+        <source>Keep both versions</source>
+        <translation>Beide Fassungen behalten</translation>
+    </message>
+    <message>
+        <source>Delete on the phone</source>
+        <translation>Auf dem Telefon löschen</translation>
+    </message>
+    <message>
+        <source>Delete on this computer</source>
+        <translation>Auf diesem Computer löschen</translation>
+    </message>
+    <message>
+        <source>Rename on the phone</source>
+        <translation>Auf dem Telefon umbenennen</translation>
+    </message>
+    <message>
+        <source>Rename on this computer</source>
+        <translation>Auf diesem Computer umbenennen</translation>
+    </message>
+    <message>
+        <source>Connecting to device…</source>
+        <translation>Verbindung zum Gerät …</translation>
+    </message>
+    <message>
+        <source>Waiting for another sync…</source>
+        <translation>Warten auf einen anderen Abgleich …</translation>
+    </message>
+    <message>
+        <source>Scanning folders…</source>
+        <translation>Ordner werden durchsucht …</translation>
+    </message>
+    <message>
+        <source>Awaiting deletion confirmation…</source>
+        <translation>Wartet auf Bestätigung der Löschungen …</translation>
+    </message>
+    <message>
+        <source>Analyzing files…</source>
+        <translation>Dateien werden verglichen …</translation>
+    </message>
+    <message>
+        <source>Starting transfer…</source>
+        <translation>Übertragung beginnt …</translation>
+    </message>
+    <message>
+        <source>Uploading</source>
+        <translation>Wird hochgeladen</translation>
+    </message>
+    <message>
+        <source>Downloading</source>
+        <translation>Wird heruntergeladen</translation>
+    </message>
+    <message>
+        <source>Moving</source>
+        <translation>Wird verschoben</translation>
+    </message>
+    <message>
+        <source>Moving (already on destination)</source>
+        <translation>Wird verschoben (ist schon am Ziel)</translation>
+    </message>
+    <message>
+        <source>Up to date</source>
+        <translation>Auf dem neuesten Stand</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are deleted on the other after you agreed.</source>
+        <translation>Neue und geänderte Dateien werden in beide Richtungen kopiert. Auf einer Seite gelöschte Dateien werden auf der anderen gelöscht, nachdem Sie zugestimmt haben.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are copied back.</source>
+        <translation>Neue und geänderte Dateien werden in beide Richtungen kopiert. Auf einer Seite gelöschte Dateien werden zurückkopiert.</translation>
+    </message>
+    <message>
+        <source>Files are moved to the phone: each is deleted here once it has arrived.</source>
+        <translation>Dateien werden auf das Telefon verschoben: Jede wird hier gelöscht, sobald sie angekommen ist.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied to the phone. Nothing is deleted.</source>
+        <translation>Neue und geänderte Dateien werden auf das Telefon kopiert. Nichts wird gelöscht.</translation>
+    </message>
+    <message>
+        <source>Files are moved here: each is deleted on the phone once it has arrived.</source>
+        <translation>Dateien werden hierher verschoben: Jede wird auf dem Telefon gelöscht, sobald sie angekommen ist.</translation>
+    </message>
+    <message>
+        <source>New and changed files of the phone are copied here. Nothing is deleted.</source>
+        <translation>Neue und geänderte Dateien des Telefons werden hierher kopiert. Nichts wird gelöscht.</translation>
+    </message>
+    <message>
+        <source>Deleting</source>
+        <translation>Löschen</translation>
+    </message>
+    <message numerus="yes">
+        <source>The folder on this computer is empty, although %Ln files were in it after the last sync. Is its disk missing?</source>
+        <translation>
+            <numerusform>Der Ordner auf diesem Computer ist leer, obwohl nach dem letzten Abgleich %Ln Datei darin war. Fehlt sein Datenträger?</numerusform>
+            <numerusform>Der Ordner auf diesem Computer ist leer, obwohl nach dem letzten Abgleich %Ln Dateien darin waren. Fehlt sein Datenträger?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The folder on the phone is empty, although %Ln files were in it after the last sync. Is its memory card missing?</source>
+        <translation>
+            <numerusform>Der Ordner auf dem Telefon ist leer, obwohl nach dem letzten Abgleich %Ln Datei darin war. Fehlt die Speicherkarte?</numerusform>
+            <numerusform>Der Ordner auf dem Telefon ist leer, obwohl nach dem letzten Abgleich %Ln Dateien darin waren. Fehlt die Speicherkarte?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>More than half of the %Ln files of the last sync would be deleted.</source>
+        <translation>
+            <numerusform>Mehr als die Hälfte der %Ln Datei des letzten Abgleichs würde gelöscht.</numerusform>
+            <numerusform>Mehr als die Hälfte der %Ln Dateien des letzten Abgleichs würde gelöscht.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>Abgebrochen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files were left as they are</source>
+        <translation>
+            <numerusform>%Ln Datei wurde gelassen, wie sie ist</numerusform>
+            <numerusform>%Ln Dateien wurden gelassen, wie sie sind</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>tessary::AppListView</name>
     <message>
         <source>Apps</source>
@@ -2597,6 +2852,13 @@
     </message>
 </context>
 <context>
+    <name>tessary::SyncDialogs</name>
+    <message>
+        <source>Sync of %1</source>
+        <translation>Abgleich von %1</translation>
+    </message>
+</context>
+<context>
     <name>tessary::SyncPairList</name>
     <message>
         <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
@@ -2632,6 +2894,26 @@
     <message>
         <source>Remove</source>
         <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Mehr</translation>
+    </message>
+    <message>
+        <source>Not synced yet</source>
+        <translation>Noch nicht abgeglichen</translation>
+    </message>
+    <message>
+        <source>Show What Will Happen</source>
+        <translation>Zeigen, was geschehen wird</translation>
+    </message>
+    <message>
+        <source>Reports…</source>
+        <translation>Berichte …</translation>
+    </message>
+    <message>
+        <source>Edit…</source>
+        <translation>Bearbeiten …</translation>
     </message>
 </context>
 <context>
@@ -2680,6 +2962,26 @@
         <source>Show What Will Happen</source>
         <translation>Zeigen, was geschehen wird</translation>
     </message>
+    <message>
+        <source>Sync whenever this phone is plugged in</source>
+        <translation>Abgleichen, sobald dieses Telefon angeschlossen wird</translation>
+    </message>
+    <message>
+        <source>Edit This Pair</source>
+        <translation>Dieses Paar bearbeiten</translation>
+    </message>
+    <message>
+        <source>Left out</source>
+        <translation>Ausgelassen</translation>
+    </message>
+    <message>
+        <source>One pattern a line, by the rules of .gitignore: *.tmp, /private/</source>
+        <translation>Ein Muster je Zeile, nach den Regeln von .gitignore: *.tmp, /private/</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Sichern</translation>
+    </message>
 </context>
 <context>
     <name>tessary::SyncPanel</name>
@@ -2699,40 +3001,8 @@
 <context>
     <name>tessary::SyncPreviewDialog</name>
     <message>
-        <source>Copy to the phone</source>
-        <translation>Auf das Telefon kopieren</translation>
-    </message>
-    <message>
-        <source>Copy to this computer</source>
-        <translation>Auf diesen Computer kopieren</translation>
-    </message>
-    <message>
-        <source>Move to the phone</source>
-        <translation>Auf das Telefon verschieben</translation>
-    </message>
-    <message>
-        <source>Move to this computer</source>
-        <translation>Auf diesen Computer verschieben</translation>
-    </message>
-    <message>
-        <source>Changed on both sides: keep both</source>
-        <translation>Auf beiden Seiten geändert: beide behalten</translation>
-    </message>
-    <message>
-        <source>Delete on the phone</source>
-        <translation>Auf dem Telefon löschen</translation>
-    </message>
-    <message>
-        <source>Delete on this computer</source>
-        <translation>Auf diesem Computer löschen</translation>
-    </message>
-    <message>
         <source>Leave as it is</source>
         <translation>Unverändert lassen</translation>
-    </message>
-    <message>
-        <source>Skip</source>
-        <translation>Überspringen</translation>
     </message>
     <message>
         <source>What Will Happen</source>
@@ -2768,6 +3038,14 @@
             <numerusform>%Ln Dateien durchzugehen, %1 zu kopieren</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Keep this computer&apos;s</source>
+        <translation>Die dieses Computers behalten</translation>
+    </message>
+    <message>
+        <source>Keep the phone&apos;s</source>
+        <translation>Die des Telefons behalten</translation>
+    </message>
 </context>
 <context>
     <name>tessary::SyncQuestionDialog</name>
@@ -2794,10 +3072,6 @@
     <message>
         <source>Keep</source>
         <translation>Behalten</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>Delete</source>
@@ -2829,6 +3103,45 @@
     <message>
         <source>The folder on this computer is gone</source>
         <translation>Der Ordner auf diesem Computer ist weg</translation>
+    </message>
+    <message>
+        <source>Stop, Change Nothing</source>
+        <translation>Anhalten, nichts ändern</translation>
+    </message>
+    <message>
+        <source>Folder Empty</source>
+        <translation>Ordner leer</translation>
+    </message>
+    <message>
+        <source>Is everything to be copied there again?</source>
+        <translation>Soll alles noch einmal dorthin kopiert werden?</translation>
+    </message>
+    <message>
+        <source>Copy Everything Again</source>
+        <translation>Alles noch einmal kopieren</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncReportDialog</name>
+    <message>
+        <source>Reports</source>
+        <translation>Berichte</translation>
+    </message>
+    <message>
+        <source>Runs</source>
+        <translation>Durchläufe</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>Dateien</translation>
+    </message>
+    <message>
+        <source>There is no report yet.</source>
+        <translation>Es gibt noch keinen Bericht.</translation>
+    </message>
+    <message>
+        <source>What was done</source>
+        <translation>Was getan wurde</translation>
     </message>
 </context>
 <context>

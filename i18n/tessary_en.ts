@@ -53,6 +53,37 @@
     </message>
 </context>
 <context>
+    <name>SyncTexts</name>
+    <message numerus="yes">
+        <source>The folder on this computer is empty, although %Ln files were in it after the last sync. Is its disk missing?</source>
+        <translation>
+            <numerusform>The folder on this computer is empty, although %Ln file was in it after the last sync. Is its disk missing?</numerusform>
+            <numerusform>The folder on this computer is empty, although %Ln files were in it after the last sync. Is its disk missing?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The folder on the phone is empty, although %Ln files were in it after the last sync. Is its memory card missing?</source>
+        <translation>
+            <numerusform>The folder on the phone is empty, although %Ln file was in it after the last sync. Is its memory card missing?</numerusform>
+            <numerusform>The folder on the phone is empty, although %Ln files were in it after the last sync. Is its memory card missing?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>More than half of the %Ln files of the last sync would be deleted.</source>
+        <translation>
+            <numerusform>More than half of the %Ln file of the last sync would be deleted.</numerusform>
+            <numerusform>More than half of the %Ln files of the last sync would be deleted.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files were left as they are</source>
+        <translation>
+            <numerusform>%Ln file was left as it is</numerusform>
+            <numerusform>%Ln files were left as they are</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>tessary::BrowserView</name>
     <message numerus="yes">
         <source>%Ln selected</source>

@@ -917,6 +917,110 @@
         <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
         <translation>El modo turbo necesita adb, que no está instalado. En su lugar se usa el teléfono por MTP estándar.</translation>
     </message>
+    <message>
+        <source>“%1” changed while the folders were being synced. It was left as it is.</source>
+        <translation>«%1» cambió mientras se sincronizaban las carpetas. Se dejó como está.</translation>
+    </message>
+    <message>
+        <source>it changed while the folders were being synced</source>
+        <translation>cambió mientras se sincronizaban las carpetas</translation>
+    </message>
+    <message>
+        <source>“%1” is a file on one side and a folder on the other.</source>
+        <translation>«%1» es un archivo en un lado y una carpeta en el otro.</translation>
+    </message>
+    <message>
+        <source>it is a file on one side and a folder on the other</source>
+        <translation>es un archivo en un lado y una carpeta en el otro</translation>
+    </message>
+    <message>
+        <source>Another name differs from “%1” only in case or in the form of its letters.</source>
+        <translation>Otro nombre difiere de «%1» solo en mayúsculas o en la forma de las letras.</translation>
+    </message>
+    <message>
+        <source>another name differs from it only in case or in the form of its letters</source>
+        <translation>otro nombre solo se diferencia en mayúsculas o en la forma de las letras</translation>
+    </message>
+    <message>
+        <source>What is in the folder “%1” could not be read on one side.</source>
+        <translation>No se pudo leer el contenido de la carpeta «%1» en un lado.</translation>
+    </message>
+    <message>
+        <source>its folder could not be read on one side</source>
+        <translation>no se pudo leer su carpeta en un lado</translation>
+    </message>
+    <message>
+        <source>The folder of “%1” holds something that could not be read.</source>
+        <translation>La carpeta de «%1» contiene algo que no se pudo leer.</translation>
+    </message>
+    <message>
+        <source>its folder holds something that could not be read</source>
+        <translation>su carpeta contiene algo que no se pudo leer</translation>
+    </message>
+    <message>
+        <source>“%1” was changed on the side that files are only copied to.</source>
+        <translation>«%1» se cambió en el lado al que solo se copian archivos.</translation>
+    </message>
+    <message>
+        <source>it was changed on the side that files are only copied to</source>
+        <translation>se cambió en el lado al que solo se copian archivos</translation>
+    </message>
+    <message>
+        <source>“%1” was left as it is.</source>
+        <translation>«%1» se dejó como está.</translation>
+    </message>
+    <message>
+        <source>it was to be left as it is</source>
+        <translation>debía quedar como está</translation>
+    </message>
+    <message>
+        <source>The phone does not tell the size of “%1”.</source>
+        <translation>El teléfono no indica el tamaño de «%1».</translation>
+    </message>
+    <message>
+        <source>the phone does not tell its size</source>
+        <translation>el teléfono no indica su tamaño</translation>
+    </message>
+    <message>
+        <source>The phone has several entries called “%1”.</source>
+        <translation>El teléfono tiene varios elementos llamados «%1».</translation>
+    </message>
+    <message>
+        <source>the phone has several entries of this name</source>
+        <translation>el teléfono tiene varios elementos con este nombre</translation>
+    </message>
+    <message>
+        <source>The folder “%1” lies too deep.</source>
+        <translation>La carpeta «%1» está a demasiada profundidad.</translation>
+    </message>
+    <message>
+        <source>the folder lies too deep</source>
+        <translation>la carpeta está a demasiada profundidad</translation>
+    </message>
+    <message>
+        <source>Nothing was changed.</source>
+        <translation>No se cambió nada.</translation>
+    </message>
+    <message>
+        <source>The folder “%1” was synced before and is gone.</source>
+        <translation>La carpeta «%1» ya se sincronizó y ha desaparecido.</translation>
+    </message>
+    <message>
+        <source>Plug its disk in, or make the folder again.</source>
+        <translation>Conecta su disco o vuelve a crear la carpeta.</translation>
+    </message>
+    <message>
+        <source>What was synced could not be noted down in “%1”.</source>
+        <translation>No se pudo anotar en «%1» lo que se sincronizó.</translation>
+    </message>
+    <message>
+        <source>what was synced could not be noted down</source>
+        <translation>no se pudo anotar lo que se sincronizó</translation>
+    </message>
+    <message>
+        <source>The next sync cannot tell what was deleted since: it copies such files back.</source>
+        <translation>La próxima sincronización no sabrá qué se eliminó desde entonces: volverá a copiar esos archivos.</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>
@@ -2013,6 +2117,157 @@
     </message>
 </context>
 <context>
+    <name>SyncTexts</name>
+    <message>
+        <source>Copy to the phone</source>
+        <translation>Copiar al teléfono</translation>
+    </message>
+    <message>
+        <source>Replace on the phone</source>
+        <translation>Reemplazar en el teléfono</translation>
+    </message>
+    <message>
+        <source>Copy to this computer</source>
+        <translation>Copiar a este ordenador</translation>
+    </message>
+    <message>
+        <source>Replace on this computer</source>
+        <translation>Reemplazar en este ordenador</translation>
+    </message>
+    <message>
+        <source>Move to the phone</source>
+        <translation>Mover al teléfono</translation>
+    </message>
+    <message>
+        <source>Move to this computer</source>
+        <translation>Mover a este ordenador</translation>
+    </message>
+    <message>
+        <source>Keep both versions</source>
+        <translation>Conservar ambas versiones</translation>
+    </message>
+    <message>
+        <source>Delete on the phone</source>
+        <translation>Eliminar en el teléfono</translation>
+    </message>
+    <message>
+        <source>Delete on this computer</source>
+        <translation>Eliminar en este ordenador</translation>
+    </message>
+    <message>
+        <source>Rename on the phone</source>
+        <translation>Cambiar nombre en el teléfono</translation>
+    </message>
+    <message>
+        <source>Rename on this computer</source>
+        <translation>Cambiar nombre en este ordenador</translation>
+    </message>
+    <message>
+        <source>Connecting to device…</source>
+        <translation>Conectando con el dispositivo…</translation>
+    </message>
+    <message>
+        <source>Waiting for another sync…</source>
+        <translation>Esperando a otra sincronización…</translation>
+    </message>
+    <message>
+        <source>Scanning folders…</source>
+        <translation>Examinando carpetas…</translation>
+    </message>
+    <message>
+        <source>Awaiting deletion confirmation…</source>
+        <translation>Esperando confirmación para eliminar…</translation>
+    </message>
+    <message>
+        <source>Analyzing files…</source>
+        <translation>Analizando archivos…</translation>
+    </message>
+    <message>
+        <source>Starting transfer…</source>
+        <translation>Iniciando transferencia…</translation>
+    </message>
+    <message>
+        <source>Uploading</source>
+        <translation>Subiendo</translation>
+    </message>
+    <message>
+        <source>Downloading</source>
+        <translation>Descargando</translation>
+    </message>
+    <message>
+        <source>Moving</source>
+        <translation>Moviendo</translation>
+    </message>
+    <message>
+        <source>Moving (already on destination)</source>
+        <translation>Moviendo (ya está en el destino)</translation>
+    </message>
+    <message>
+        <source>Up to date</source>
+        <translation>Al día</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are deleted on the other after you agreed.</source>
+        <translation>Los archivos nuevos y modificados se copian en ambos sentidos. Los que se eliminan en un lado se eliminan en el otro cuando lo aceptas.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are copied back.</source>
+        <translation>Los archivos nuevos y modificados se copian en ambos sentidos. Los que se eliminan en un lado se vuelven a copiar.</translation>
+    </message>
+    <message>
+        <source>Files are moved to the phone: each is deleted here once it has arrived.</source>
+        <translation>Los archivos se mueven al teléfono: cada uno se elimina aquí cuando ha llegado.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied to the phone. Nothing is deleted.</source>
+        <translation>Los archivos nuevos y modificados se copian al teléfono. No se elimina nada.</translation>
+    </message>
+    <message>
+        <source>Files are moved here: each is deleted on the phone once it has arrived.</source>
+        <translation>Los archivos se mueven aquí: cada uno se elimina del teléfono cuando ha llegado.</translation>
+    </message>
+    <message>
+        <source>New and changed files of the phone are copied here. Nothing is deleted.</source>
+        <translation>Los archivos nuevos y modificados del teléfono se copian aquí. No se elimina nada.</translation>
+    </message>
+    <message>
+        <source>Deleting</source>
+        <translation>Eliminando</translation>
+    </message>
+    <message numerus="yes">
+        <source>The folder on this computer is empty, although %Ln files were in it after the last sync. Is its disk missing?</source>
+        <translation>
+            <numerusform>La carpeta de este ordenador está vacía, aunque contenía %Ln archivo tras la última sincronización. ¿Falta su disco?</numerusform>
+            <numerusform>La carpeta de este ordenador está vacía, aunque contenía %Ln archivos tras la última sincronización. ¿Falta su disco?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The folder on the phone is empty, although %Ln files were in it after the last sync. Is its memory card missing?</source>
+        <translation>
+            <numerusform>La carpeta del teléfono está vacía, aunque contenía %Ln archivo tras la última sincronización. ¿Falta su tarjeta de memoria?</numerusform>
+            <numerusform>La carpeta del teléfono está vacía, aunque contenía %Ln archivos tras la última sincronización. ¿Falta su tarjeta de memoria?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>More than half of the %Ln files of the last sync would be deleted.</source>
+        <translation>
+            <numerusform>Se eliminaría más de la mitad del %Ln archivo de la última sincronización.</numerusform>
+            <numerusform>Se eliminaría más de la mitad de los %Ln archivos de la última sincronización.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>Cancelado</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files were left as they are</source>
+        <translation>
+            <numerusform>%Ln archivo se dejó como está</numerusform>
+            <numerusform>%Ln archivos se dejaron como están</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>tessary::AppListView</name>
     <message>
         <source>Apps</source>
@@ -2597,6 +2852,13 @@
     </message>
 </context>
 <context>
+    <name>tessary::SyncDialogs</name>
+    <message>
+        <source>Sync of %1</source>
+        <translation>Sincronización de %1</translation>
+    </message>
+</context>
+<context>
     <name>tessary::SyncPairList</name>
     <message>
         <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
@@ -2632,6 +2894,26 @@
     <message>
         <source>Remove</source>
         <translation>Quitar</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Más</translation>
+    </message>
+    <message>
+        <source>Not synced yet</source>
+        <translation>Aún sin sincronizar</translation>
+    </message>
+    <message>
+        <source>Show What Will Happen</source>
+        <translation>Mostrar lo que ocurrirá</translation>
+    </message>
+    <message>
+        <source>Reports…</source>
+        <translation>Informes…</translation>
+    </message>
+    <message>
+        <source>Edit…</source>
+        <translation>Editar…</translation>
     </message>
 </context>
 <context>
@@ -2680,6 +2962,26 @@
         <source>Show What Will Happen</source>
         <translation>Mostrar lo que ocurrirá</translation>
     </message>
+    <message>
+        <source>Sync whenever this phone is plugged in</source>
+        <translation>Sincronizar cada vez que se conecte este teléfono</translation>
+    </message>
+    <message>
+        <source>Edit This Pair</source>
+        <translation>Editar este par</translation>
+    </message>
+    <message>
+        <source>Left out</source>
+        <translation>Se omite</translation>
+    </message>
+    <message>
+        <source>One pattern a line, by the rules of .gitignore: *.tmp, /private/</source>
+        <translation>Un patrón por línea, según las reglas de .gitignore: *.tmp, /private/</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Guardar</translation>
+    </message>
 </context>
 <context>
     <name>tessary::SyncPanel</name>
@@ -2699,40 +3001,8 @@
 <context>
     <name>tessary::SyncPreviewDialog</name>
     <message>
-        <source>Copy to the phone</source>
-        <translation>Copiar al teléfono</translation>
-    </message>
-    <message>
-        <source>Copy to this computer</source>
-        <translation>Copiar a este ordenador</translation>
-    </message>
-    <message>
-        <source>Move to the phone</source>
-        <translation>Mover al teléfono</translation>
-    </message>
-    <message>
-        <source>Move to this computer</source>
-        <translation>Mover a este ordenador</translation>
-    </message>
-    <message>
-        <source>Changed on both sides: keep both</source>
-        <translation>Cambiado en ambos lados: conservar ambos</translation>
-    </message>
-    <message>
-        <source>Delete on the phone</source>
-        <translation>Eliminar en el teléfono</translation>
-    </message>
-    <message>
-        <source>Delete on this computer</source>
-        <translation>Eliminar en este ordenador</translation>
-    </message>
-    <message>
         <source>Leave as it is</source>
         <translation>Dejar como está</translation>
-    </message>
-    <message>
-        <source>Skip</source>
-        <translation>Omitir</translation>
     </message>
     <message>
         <source>What Will Happen</source>
@@ -2768,6 +3038,14 @@
             <numerusform>%Ln archivos por revisar, %1 por copiar</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Keep this computer&apos;s</source>
+        <translation>Conservar la de este ordenador</translation>
+    </message>
+    <message>
+        <source>Keep the phone&apos;s</source>
+        <translation>Conservar la del teléfono</translation>
+    </message>
 </context>
 <context>
     <name>tessary::SyncQuestionDialog</name>
@@ -2794,10 +3072,6 @@
     <message>
         <source>Keep</source>
         <translation>Conservar</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Cancelar</translation>
     </message>
     <message>
         <source>Delete</source>
@@ -2829,6 +3103,45 @@
     <message>
         <source>The folder on this computer is gone</source>
         <translation>La carpeta de este ordenador ya no está</translation>
+    </message>
+    <message>
+        <source>Stop, Change Nothing</source>
+        <translation>Detener sin cambiar nada</translation>
+    </message>
+    <message>
+        <source>Folder Empty</source>
+        <translation>Carpeta vacía</translation>
+    </message>
+    <message>
+        <source>Is everything to be copied there again?</source>
+        <translation>¿Copiar todo allí de nuevo?</translation>
+    </message>
+    <message>
+        <source>Copy Everything Again</source>
+        <translation>Copiar todo de nuevo</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncReportDialog</name>
+    <message>
+        <source>Reports</source>
+        <translation>Informes</translation>
+    </message>
+    <message>
+        <source>Runs</source>
+        <translation>Ejecuciones</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>Archivos</translation>
+    </message>
+    <message>
+        <source>There is no report yet.</source>
+        <translation>Todavía no hay ningún informe.</translation>
+    </message>
+    <message>
+        <source>What was done</source>
+        <translation>Lo que se hizo</translation>
     </message>
 </context>
 <context>

@@ -122,19 +122,19 @@
     </message>
     <message>
         <source>“%1” is already there.</source>
-        <translation>« %1 » existe déjà.</translation>
+        <translation>«&#xa0;%1&#xa0;» existe déjà.</translation>
     </message>
     <message>
         <source>New: %1</source>
-        <translation>Nouveau : %1</translation>
+        <translation>Nouveau&#xa0;: %1</translation>
     </message>
     <message>
         <source>There: %1</source>
-        <translation>Existant : %1</translation>
+        <translation>Existant&#xa0;: %1</translation>
     </message>
     <message>
         <source>Replacing merges the folders; files of the same name in them are replaced.</source>
-        <translation>Le remplacement fusionne les dossiers ; les fichiers de même nom y sont remplacés.</translation>
+        <translation>Le remplacement fusionne les dossiers&#xa0;; les fichiers de même nom y sont remplacés.</translation>
     </message>
     <message>
         <source>Replace</source>
@@ -165,11 +165,11 @@
     </message>
     <message>
         <source>It needs at least %1, and %2 are free in “%3”.</source>
-        <translation>Elle nécessite au moins %1, et %2 sont libres dans « %3 ».</translation>
+        <translation>Elle nécessite au moins %1, et %2 sont libres dans «&#xa0;%3&#xa0;».</translation>
     </message>
     <message>
         <source>It needs %1, and %2 are free in “%3”.</source>
-        <translation>Elle nécessite %1, et %2 sont libres dans « %3 ».</translation>
+        <translation>Elle nécessite %1, et %2 sont libres dans «&#xa0;%3&#xa0;».</translation>
     </message>
     <message>
         <source>Copy Anyway</source>
@@ -198,8 +198,8 @@
     <message numerus="yes">
         <source>%Ln of %1 items were not copied: %2</source>
         <translation>
-            <numerusform>%Ln élément sur %1 n’a pas été copié : %2</numerusform>
-            <numerusform>%Ln éléments sur %1 n’ont pas été copiés : %2</numerusform>
+            <numerusform>%Ln élément sur %1 n’a pas été copié&#xa0;: %2</numerusform>
+            <numerusform>%Ln éléments sur %1 n’ont pas été copiés&#xa0;: %2</numerusform>
         </translation>
     </message>
 </context>
@@ -367,7 +367,7 @@
     </message>
     <message>
         <source>Unlock the phone and choose “File transfer” on it.</source>
-        <translation>Déverrouillez le téléphone et choisissez-y « Transfert de fichiers ».</translation>
+        <translation>Déverrouillez le téléphone et choisissez-y «&#xa0;Transfert de fichiers&#xa0;».</translation>
     </message>
     <message>
         <source>Try again. If that does not help, unplug the phone and plug it in again.</source>
@@ -415,7 +415,7 @@
     </message>
     <message>
         <source>Unlock the phone and answer its question: tap “Trust” or “Allow”.</source>
-        <translation>Déverrouillez le téléphone et répondez à sa question : touchez « Faire confiance » ou « Autoriser ».</translation>
+        <translation>Déverrouillez le téléphone et répondez à sa question&#xa0;: touchez «&#xa0;Faire confiance&#xa0;» ou «&#xa0;Autoriser&#xa0;».</translation>
     </message>
     <message>
         <source>The phone has forgotten this computer.</source>
@@ -423,7 +423,7 @@
     </message>
     <message>
         <source>Unplug the phone, plug it in again and tap “Trust” on it.</source>
-        <translation>Débranchez le téléphone, rebranchez-le et touchez-y « Faire confiance ».</translation>
+        <translation>Débranchez le téléphone, rebranchez-le et touchez-y «&#xa0;Faire confiance&#xa0;».</translation>
     </message>
     <message>
         <source>The phone is locked.</source>
@@ -447,7 +447,7 @@
     </message>
     <message>
         <source>Check its cable or its network. For Turbo mode, USB debugging must be on; Standard MTP works without.</source>
-        <translation>Vérifiez le câble ou le réseau. Le mode turbo exige le débogage USB ; le MTP standard s’en passe.</translation>
+        <translation>Vérifiez le câble ou le réseau. Le mode turbo exige le débogage USB&#xa0;; le MTP standard s’en passe.</translation>
     </message>
     <message>
         <source>The phone&apos;s answers make no sense.</source>
@@ -467,7 +467,7 @@
     </message>
     <message>
         <source>There is no “%1” on the phone.</source>
-        <translation>Il n’y a pas de « %1 » sur le téléphone.</translation>
+        <translation>Il n’y a pas de «&#xa0;%1&#xa0;» sur le téléphone.</translation>
     </message>
     <message>
         <source>it is not on the phone any more</source>
@@ -475,11 +475,11 @@
     </message>
     <message>
         <source>It may have been deleted or renamed: refresh the folder.</source>
-        <translation>Il a peut-être été supprimé ou renommé : actualisez le dossier.</translation>
+        <translation>Il a peut-être été supprimé ou renommé&#xa0;: actualisez le dossier.</translation>
     </message>
     <message>
         <source>“%1” is already there.</source>
-        <translation>« %1 » existe déjà.</translation>
+        <translation>«&#xa0;%1&#xa0;» existe déjà.</translation>
     </message>
     <message>
         <source>its name is already taken</source>
@@ -487,7 +487,7 @@
     </message>
     <message>
         <source>“%1” is on the phone, which takes “%2” for the same name.</source>
-        <translation>« %1 » est sur le téléphone, qui prend « %2 » pour le même nom.</translation>
+        <translation>«&#xa0;%1&#xa0;» est sur le téléphone, qui prend «&#xa0;%2&#xa0;» pour le même nom.</translation>
     </message>
     <message>
         <source>the phone takes its name for that of another item</source>
@@ -499,7 +499,7 @@
     </message>
     <message>
         <source>“%1” is not a folder.</source>
-        <translation>« %1 » n’est pas un dossier.</translation>
+        <translation>«&#xa0;%1&#xa0;» n’est pas un dossier.</translation>
     </message>
     <message>
         <source>it is not a folder</source>
@@ -507,7 +507,7 @@
     </message>
     <message>
         <source>“%1” is not a file.</source>
-        <translation>« %1 » n’est pas un fichier.</translation>
+        <translation>«&#xa0;%1&#xa0;» n’est pas un fichier.</translation>
     </message>
     <message>
         <source>it is not a file</source>
@@ -515,7 +515,7 @@
     </message>
     <message>
         <source>The folder “%1” is not empty.</source>
-        <translation>Le dossier « %1 » n’est pas vide.</translation>
+        <translation>Le dossier «&#xa0;%1&#xa0;» n’est pas vide.</translation>
     </message>
     <message>
         <source>the folder is not empty</source>
@@ -523,7 +523,7 @@
     </message>
     <message>
         <source>“%1” cannot be a name on the phone.</source>
-        <translation>« %1 » ne peut pas être un nom sur le téléphone.</translation>
+        <translation>«&#xa0;%1&#xa0;» ne peut pas être un nom sur le téléphone.</translation>
     </message>
     <message>
         <source>the phone does not allow its name</source>
@@ -531,7 +531,7 @@
     </message>
     <message>
         <source>The phone does not allow this with “%1”.</source>
-        <translation>Le téléphone n’autorise pas cela avec « %1 ».</translation>
+        <translation>Le téléphone n’autorise pas cela avec «&#xa0;%1&#xa0;».</translation>
     </message>
     <message>
         <source>the phone does not allow it</source>
@@ -543,7 +543,7 @@
     </message>
     <message>
         <source>“%1” is write-protected on the phone.</source>
-        <translation>« %1 » est protégé en écriture sur le téléphone.</translation>
+        <translation>«&#xa0;%1&#xa0;» est protégé en écriture sur le téléphone.</translation>
     </message>
     <message>
         <source>it is write-protected on the phone</source>
@@ -555,7 +555,7 @@
     </message>
     <message>
         <source>“%1” is too large for this storage of the phone.</source>
-        <translation>« %1 » est trop volumineux pour ce stockage du téléphone.</translation>
+        <translation>«&#xa0;%1&#xa0;» est trop volumineux pour ce stockage du téléphone.</translation>
     </message>
     <message>
         <source>it is too large for this storage of the phone</source>
@@ -563,7 +563,7 @@
     </message>
     <message>
         <source>“%1” has changed on the phone meanwhile. It was left as it is.</source>
-        <translation>« %1 » a changé entre-temps sur le téléphone. Il a été laissé tel quel.</translation>
+        <translation>«&#xa0;%1&#xa0;» a changé entre-temps sur le téléphone. Il a été laissé tel quel.</translation>
     </message>
     <message>
         <source>it has changed on the phone meanwhile</source>
@@ -575,7 +575,7 @@
     </message>
     <message>
         <source>“%1” cannot be read.</source>
-        <translation>« %1 » ne peut pas être lu.</translation>
+        <translation>«&#xa0;%1&#xa0;» ne peut pas être lu.</translation>
     </message>
     <message>
         <source>it cannot be read</source>
@@ -583,7 +583,7 @@
     </message>
     <message>
         <source>The folder “%1” cannot be read whole.</source>
-        <translation>Le dossier « %1 » ne peut pas être lu en entier.</translation>
+        <translation>Le dossier «&#xa0;%1&#xa0;» ne peut pas être lu en entier.</translation>
     </message>
     <message>
         <source>the folder cannot be read whole</source>
@@ -591,7 +591,7 @@
     </message>
     <message>
         <source>The phone sent %2 of the %3 bytes of “%1”.</source>
-        <translation>Le téléphone a envoyé %2 des %3 octets de « %1 ».</translation>
+        <translation>Le téléphone a envoyé %2 des %3 octets de «&#xa0;%1&#xa0;».</translation>
     </message>
     <message>
         <source>its size is not the one that was announced</source>
@@ -603,7 +603,7 @@
     </message>
     <message>
         <source>The folder “%1” cannot lie inside itself.</source>
-        <translation>Le dossier « %1 » ne peut pas se trouver dans lui-même.</translation>
+        <translation>Le dossier «&#xa0;%1&#xa0;» ne peut pas se trouver dans lui-même.</translation>
     </message>
     <message>
         <source>a folder cannot lie inside itself</source>
@@ -619,7 +619,7 @@
     </message>
     <message>
         <source>The phone cannot move “%1” to another storage.</source>
-        <translation>Le téléphone ne peut pas déplacer « %1 » vers un autre stockage.</translation>
+        <translation>Le téléphone ne peut pas déplacer «&#xa0;%1&#xa0;» vers un autre stockage.</translation>
     </message>
     <message>
         <source>the phone cannot move it to another storage</source>
@@ -639,7 +639,7 @@
     </message>
     <message>
         <source>The phone refused this for “%1”.</source>
-        <translation>Le téléphone l’a refusé pour « %1 ».</translation>
+        <translation>Le téléphone l’a refusé pour «&#xa0;%1&#xa0;».</translation>
     </message>
     <message>
         <source>the phone refused it</source>
@@ -647,7 +647,7 @@
     </message>
     <message>
         <source>The phone agreed, but did nothing with “%1”.</source>
-        <translation>Le téléphone a accepté, mais n’a rien fait de « %1 ».</translation>
+        <translation>Le téléphone a accepté, mais n’a rien fait de «&#xa0;%1&#xa0;».</translation>
     </message>
     <message>
         <source>the phone agreed, but did nothing</source>
@@ -667,11 +667,11 @@
     </message>
     <message>
         <source>“%1” cannot be read: %2</source>
-        <translation>« %1 » ne peut pas être lu : %2</translation>
+        <translation>«&#xa0;%1&#xa0;» ne peut pas être lu&#xa0;: %2</translation>
     </message>
     <message>
         <source>“%1” cannot be written: %2</source>
-        <translation>« %1 » ne peut pas être écrit : %2</translation>
+        <translation>«&#xa0;%1&#xa0;» ne peut pas être écrit&#xa0;: %2</translation>
     </message>
     <message>
         <source>it cannot be written on this computer</source>
@@ -679,7 +679,7 @@
     </message>
     <message>
         <source>The folder “%1” cannot be created: %2</source>
-        <translation>Le dossier « %1 » ne peut pas être créé : %2</translation>
+        <translation>Le dossier «&#xa0;%1&#xa0;» ne peut pas être créé&#xa0;: %2</translation>
     </message>
     <message>
         <source>the folder cannot be created on this computer</source>
@@ -687,7 +687,7 @@
     </message>
     <message>
         <source>“%1” cannot be deleted: %2</source>
-        <translation>« %1 » ne peut pas être supprimé : %2</translation>
+        <translation>«&#xa0;%1&#xa0;» ne peut pas être supprimé&#xa0;: %2</translation>
     </message>
     <message>
         <source>it cannot be deleted on this computer</source>
@@ -695,7 +695,7 @@
     </message>
     <message>
         <source>“%1” cannot be renamed: %2</source>
-        <translation>« %1 » ne peut pas être renommé : %2</translation>
+        <translation>«&#xa0;%1&#xa0;» ne peut pas être renommé&#xa0;: %2</translation>
     </message>
     <message>
         <source>it cannot be renamed on this computer</source>
@@ -703,7 +703,7 @@
     </message>
     <message>
         <source>“%1” is not on this computer any more.</source>
-        <translation>« %1 » n’est plus sur cet ordinateur.</translation>
+        <translation>«&#xa0;%1&#xa0;» n’est plus sur cet ordinateur.</translation>
     </message>
     <message>
         <source>it is not on this computer any more</source>
@@ -711,7 +711,7 @@
     </message>
     <message>
         <source>“%1” is not a regular file.</source>
-        <translation>« %1 » n’est pas un fichier ordinaire.</translation>
+        <translation>«&#xa0;%1&#xa0;» n’est pas un fichier ordinaire.</translation>
     </message>
     <message>
         <source>it is not a regular file</source>
@@ -719,7 +719,7 @@
     </message>
     <message>
         <source>A folder is where the file “%1” should be.</source>
-        <translation>Un dossier se trouve là où le fichier « %1 » devrait être.</translation>
+        <translation>Un dossier se trouve là où le fichier «&#xa0;%1&#xa0;» devrait être.</translation>
     </message>
     <message>
         <source>a folder of this name is on this computer</source>
@@ -727,7 +727,7 @@
     </message>
     <message>
         <source>A file is where the folder “%1” should be.</source>
-        <translation>Un fichier se trouve là où le dossier « %1 » devrait être.</translation>
+        <translation>Un fichier se trouve là où le dossier «&#xa0;%1&#xa0;» devrait être.</translation>
     </message>
     <message>
         <source>a file of this name is on this computer</source>
@@ -735,7 +735,7 @@
     </message>
     <message>
         <source>“%1” changed while it was being copied.</source>
-        <translation>« %1 » a changé pendant la copie.</translation>
+        <translation>«&#xa0;%1&#xa0;» a changé pendant la copie.</translation>
     </message>
     <message>
         <source>it changed while it was being copied</source>
@@ -743,7 +743,7 @@
     </message>
     <message>
         <source>The name “%1” cannot be used on this computer.</source>
-        <translation>Le nom « %1 » ne peut pas être utilisé sur cet ordinateur.</translation>
+        <translation>Le nom «&#xa0;%1&#xa0;» ne peut pas être utilisé sur cet ordinateur.</translation>
     </message>
     <message>
         <source>its name cannot be used on this computer</source>
@@ -751,7 +751,7 @@
     </message>
     <message>
         <source>The name “%1” is too long for this computer.</source>
-        <translation>Le nom « %1 » est trop long pour cet ordinateur.</translation>
+        <translation>Le nom «&#xa0;%1&#xa0;» est trop long pour cet ordinateur.</translation>
     </message>
     <message>
         <source>its name is too long for this computer</source>
@@ -759,7 +759,7 @@
     </message>
     <message>
         <source>“%1” leads out of the folder that is copied to.</source>
-        <translation>« %1 » mène hors du dossier de destination.</translation>
+        <translation>«&#xa0;%1&#xa0;» mène hors du dossier de destination.</translation>
     </message>
     <message>
         <source>it leads out of the folder that is copied to</source>
@@ -767,15 +767,15 @@
     </message>
     <message>
         <source>“%1” is a link; links are not followed.</source>
-        <translation>« %1 » est un lien ; les liens ne sont pas suivis.</translation>
+        <translation>«&#xa0;%1&#xa0;» est un lien&#xa0;; les liens ne sont pas suivis.</translation>
     </message>
     <message>
         <source>it is a link; links are not followed</source>
-        <translation>c’est un lien ; les liens ne sont pas suivis</translation>
+        <translation>c’est un lien&#xa0;; les liens ne sont pas suivis</translation>
     </message>
     <message>
         <source>No space is left on the disk of “%1”.</source>
-        <translation>Il n’y a plus d’espace sur le disque de « %1 ».</translation>
+        <translation>Il n’y a plus d’espace sur le disque de «&#xa0;%1&#xa0;».</translation>
     </message>
     <message>
         <source>no space is left on this computer&apos;s disk</source>
@@ -835,7 +835,7 @@
     </message>
     <message>
         <source>The name “%1” is not valid text.</source>
-        <translation>Le nom « %1 » n’est pas un texte valide.</translation>
+        <translation>Le nom «&#xa0;%1&#xa0;» n’est pas un texte valide.</translation>
     </message>
     <message>
         <source>its name is not valid text</source>
@@ -843,7 +843,7 @@
     </message>
     <message>
         <source>The path of “%1” is too long.</source>
-        <translation>Le chemin de « %1 » est trop long.</translation>
+        <translation>Le chemin de «&#xa0;%1&#xa0;» est trop long.</translation>
     </message>
     <message>
         <source>its path is too long</source>
@@ -875,7 +875,7 @@
     </message>
     <message>
         <source>The server cannot be reached: %1</source>
-        <translation>Le serveur est injoignable : %1</translation>
+        <translation>Le serveur est injoignable&#xa0;: %1</translation>
     </message>
     <message>
         <source>the server cannot be reached</source>
@@ -903,7 +903,7 @@
     </message>
     <message>
         <source>adb could not reach the phone: %2</source>
-        <translation>adb n’a pas pu atteindre le téléphone : %2</translation>
+        <translation>adb n’a pas pu atteindre le téléphone&#xa0;: %2</translation>
     </message>
     <message>
         <source>adb could not reach the phone</source>
@@ -911,11 +911,115 @@
     </message>
     <message>
         <source>Unlock it and tap “Allow” in the question about debugging.</source>
-        <translation>Déverrouillez-le et touchez « Autoriser » à la question sur le débogage.</translation>
+        <translation>Déverrouillez-le et touchez «&#xa0;Autoriser&#xa0;» à la question sur le débogage.</translation>
     </message>
     <message>
         <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
         <translation>Le mode turbo a besoin d’adb, qui n’est pas installé. Le téléphone est utilisé par MTP standard à la place.</translation>
+    </message>
+    <message>
+        <source>“%1” changed while the folders were being synced. It was left as it is.</source>
+        <translation>«&#xa0;%1&#xa0;» a changé pendant la synchronisation des dossiers. Il a été laissé tel quel.</translation>
+    </message>
+    <message>
+        <source>it changed while the folders were being synced</source>
+        <translation>il a changé pendant la synchronisation</translation>
+    </message>
+    <message>
+        <source>“%1” is a file on one side and a folder on the other.</source>
+        <translation>«&#xa0;%1&#xa0;» est un fichier d’un côté et un dossier de l’autre.</translation>
+    </message>
+    <message>
+        <source>it is a file on one side and a folder on the other</source>
+        <translation>c’est un fichier d’un côté et un dossier de l’autre</translation>
+    </message>
+    <message>
+        <source>Another name differs from “%1” only in case or in the form of its letters.</source>
+        <translation>Un autre nom ne diffère de «&#xa0;%1&#xa0;» que par la casse ou la forme des lettres.</translation>
+    </message>
+    <message>
+        <source>another name differs from it only in case or in the form of its letters</source>
+        <translation>un autre nom n’en diffère que par la casse ou la forme des lettres</translation>
+    </message>
+    <message>
+        <source>What is in the folder “%1” could not be read on one side.</source>
+        <translation>Le contenu du dossier «&#xa0;%1&#xa0;» n’a pas pu être lu d’un côté.</translation>
+    </message>
+    <message>
+        <source>its folder could not be read on one side</source>
+        <translation>son dossier n’a pas pu être lu d’un côté</translation>
+    </message>
+    <message>
+        <source>The folder of “%1” holds something that could not be read.</source>
+        <translation>Le dossier de «&#xa0;%1&#xa0;» contient un élément illisible.</translation>
+    </message>
+    <message>
+        <source>its folder holds something that could not be read</source>
+        <translation>son dossier contient un élément illisible</translation>
+    </message>
+    <message>
+        <source>“%1” was changed on the side that files are only copied to.</source>
+        <translation>«&#xa0;%1&#xa0;» a été modifié du côté vers lequel les fichiers sont seulement copiés.</translation>
+    </message>
+    <message>
+        <source>it was changed on the side that files are only copied to</source>
+        <translation>il a été modifié du côté vers lequel les fichiers sont seulement copiés</translation>
+    </message>
+    <message>
+        <source>“%1” was left as it is.</source>
+        <translation>«&#xa0;%1&#xa0;» a été laissé tel quel.</translation>
+    </message>
+    <message>
+        <source>it was to be left as it is</source>
+        <translation>il devait être laissé tel quel</translation>
+    </message>
+    <message>
+        <source>The phone does not tell the size of “%1”.</source>
+        <translation>Le téléphone n’indique pas la taille de «&#xa0;%1&#xa0;».</translation>
+    </message>
+    <message>
+        <source>the phone does not tell its size</source>
+        <translation>le téléphone n’indique pas sa taille</translation>
+    </message>
+    <message>
+        <source>The phone has several entries called “%1”.</source>
+        <translation>Le téléphone a plusieurs éléments nommés «&#xa0;%1&#xa0;».</translation>
+    </message>
+    <message>
+        <source>the phone has several entries of this name</source>
+        <translation>le téléphone a plusieurs éléments de ce nom</translation>
+    </message>
+    <message>
+        <source>The folder “%1” lies too deep.</source>
+        <translation>Le dossier «&#xa0;%1&#xa0;» est à une trop grande profondeur.</translation>
+    </message>
+    <message>
+        <source>the folder lies too deep</source>
+        <translation>le dossier est à une trop grande profondeur</translation>
+    </message>
+    <message>
+        <source>Nothing was changed.</source>
+        <translation>Rien n’a été modifié.</translation>
+    </message>
+    <message>
+        <source>The folder “%1” was synced before and is gone.</source>
+        <translation>Le dossier «&#xa0;%1&#xa0;» a déjà été synchronisé et a disparu.</translation>
+    </message>
+    <message>
+        <source>Plug its disk in, or make the folder again.</source>
+        <translation>Branchez son disque, ou recréez le dossier.</translation>
+    </message>
+    <message>
+        <source>What was synced could not be noted down in “%1”.</source>
+        <translation>Ce qui a été synchronisé n’a pas pu être noté dans «&#xa0;%1&#xa0;».</translation>
+    </message>
+    <message>
+        <source>what was synced could not be noted down</source>
+        <translation>ce qui a été synchronisé n’a pas pu être noté</translation>
+    </message>
+    <message>
+        <source>The next sync cannot tell what was deleted since: it copies such files back.</source>
+        <translation>La prochaine synchronisation ne saura pas ce qui a été supprimé depuis&#xa0;: elle recopiera ces fichiers.</translation>
     </message>
 </context>
 <context>
@@ -953,7 +1057,7 @@
     <name>Message</name>
     <message>
         <source>The phone is full: delete something on it, or copy less.</source>
-        <translation>Le téléphone est plein : supprimez-y quelque chose ou copiez moins.</translation>
+        <translation>Le téléphone est plein&#xa0;: supprimez-y quelque chose ou copiez moins.</translation>
     </message>
     <message>
         <source>The app does not allow this.</source>
@@ -961,7 +1065,7 @@
     </message>
     <message>
         <source>The phone does not answer: unlock it. If that does not help, unplug it and plug it in again.</source>
-        <translation>Le téléphone ne répond pas : déverrouillez-le. Si cela ne suffit pas, débranchez-le puis rebranchez-le.</translation>
+        <translation>Le téléphone ne répond pas&#xa0;: déverrouillez-le. Si cela ne suffit pas, débranchez-le puis rebranchez-le.</translation>
     </message>
     <message>
         <source>Unlock the phone and try again.</source>
@@ -969,15 +1073,15 @@
     </message>
     <message>
         <source>Unplug the phone, plug it in again and tap Trust on it.</source>
-        <translation>Débranchez le téléphone, rebranchez-le et touchez « Se fier ».</translation>
+        <translation>Débranchez le téléphone, rebranchez-le et touchez «&#xa0;Se fier&#xa0;».</translation>
     </message>
     <message>
         <source>Unlock the phone and tap Trust on it.</source>
-        <translation>Déverrouillez le téléphone et touchez « Se fier ».</translation>
+        <translation>Déverrouillez le téléphone et touchez «&#xa0;Se fier&#xa0;».</translation>
     </message>
     <message>
         <source>Unlock the phone, tap Trust on it when it asks, and try again.</source>
-        <translation>Déverrouillez le téléphone, touchez « Se fier » lorsqu’il le demande, puis réessayez.</translation>
+        <translation>Déverrouillez le téléphone, touchez «&#xa0;Se fier&#xa0;» lorsqu’il le demande, puis réessayez.</translation>
     </message>
     <message>
         <source>Unlock the phone. If that does not help, the app does not share its files with computers.</source>
@@ -1001,7 +1105,7 @@
     </message>
     <message>
         <source>Plug the phone in again, unlock it and choose File transfer on it.</source>
-        <translation>Rebranchez le téléphone, déverrouillez-le et choisissez-y « Transfert de fichiers ».</translation>
+        <translation>Rebranchez le téléphone, déverrouillez-le et choisissez-y «&#xa0;Transfert de fichiers&#xa0;».</translation>
     </message>
     <message>
         <source>The phone does not answer.</source>
@@ -1061,7 +1165,7 @@
     </message>
     <message>
         <source>Unlock the phone and choose File transfer on it.</source>
-        <translation>Déverrouillez le téléphone et choisissez-y « Transfert de fichiers ».</translation>
+        <translation>Déverrouillez le téléphone et choisissez-y «&#xa0;Transfert de fichiers&#xa0;».</translation>
     </message>
     <message>
         <source>The phone is busy.</source>
@@ -1093,7 +1197,7 @@
     </message>
     <message>
         <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
-        <translation>Aucune app de cet iPhone ne partage ses fichiers. Seules les apps dont le partage de fichiers a été activé par leur éditeur peuvent être ouvertes depuis un ordinateur ; les photos et les apps qui gardent leurs documents pour elles ne le peuvent pas.</translation>
+        <translation>Aucune app de cet iPhone ne partage ses fichiers. Seules les apps dont le partage de fichiers a été activé par leur éditeur peuvent être ouvertes depuis un ordinateur&#xa0;; les photos et les apps qui gardent leurs documents pour elles ne le peuvent pas.</translation>
     </message>
     <message>
         <source>New and changed files are copied both ways. Files deleted on one side are deleted on the other after you agreed.</source>
@@ -1105,7 +1209,7 @@
     </message>
     <message>
         <source>Files are moved to the phone: each is deleted here once it has arrived.</source>
-        <translation>Les fichiers sont déplacés vers le téléphone : chacun est supprimé ici une fois arrivé.</translation>
+        <translation>Les fichiers sont déplacés vers le téléphone&#xa0;: chacun est supprimé ici une fois arrivé.</translation>
     </message>
     <message>
         <source>New and changed files are copied to the phone. Nothing is deleted.</source>
@@ -1113,7 +1217,7 @@
     </message>
     <message>
         <source>Files are moved here: each is deleted on the phone once it has arrived.</source>
-        <translation>Les fichiers sont déplacés ici : chacun est supprimé du téléphone une fois arrivé.</translation>
+        <translation>Les fichiers sont déplacés ici&#xa0;: chacun est supprimé du téléphone une fois arrivé.</translation>
     </message>
     <message>
         <source>New and changed files of the phone are copied here. Nothing is deleted.</source>
@@ -1193,7 +1297,7 @@
     </message>
     <message>
         <source>it is a link; links are not followed</source>
-        <translation>c’est un lien ; les liens ne sont pas suivis</translation>
+        <translation>c’est un lien&#xa0;; les liens ne sont pas suivis</translation>
     </message>
     <message>
         <source>it is not a regular file</source>
@@ -1237,11 +1341,11 @@
     </message>
     <message>
         <source>it was changed on the side that files are moved to; both are kept</source>
-        <translation>il a été modifié du côté vers lequel on déplace ; les deux sont gardés</translation>
+        <translation>il a été modifié du côté vers lequel on déplace&#xa0;; les deux sont gardés</translation>
     </message>
     <message>
         <source>it changed while the folders were being synced; it was left as it is</source>
-        <translation>il a changé pendant la synchronisation ; il a été laissé tel quel</translation>
+        <translation>il a changé pendant la synchronisation&#xa0;; il a été laissé tel quel</translation>
     </message>
     <message>
         <source>it changed again and again while it was being copied</source>
@@ -1249,7 +1353,7 @@
     </message>
     <message>
         <source>another file of this name, size and date is on the other side; both are kept</source>
-        <translation>un autre fichier de mêmes nom, taille et date se trouve de l’autre côté ; les deux sont gardés</translation>
+        <translation>un autre fichier de mêmes nom, taille et date se trouve de l’autre côté&#xa0;; les deux sont gardés</translation>
     </message>
     <message>
         <source>The connection to the phone broke off.</source>
@@ -1285,7 +1389,7 @@
     </message>
     <message>
         <source>The phone has not allowed this computer yet. Unlock it and tap Allow in the question about USB debugging.</source>
-        <translation>Le téléphone n’a pas encore autorisé cet ordinateur. Déverrouillez-le et touchez « Autoriser » dans la question sur le débogage USB.</translation>
+        <translation>Le téléphone n’a pas encore autorisé cet ordinateur. Déverrouillez-le et touchez «&#xa0;Autoriser&#xa0;» dans la question sur le débogage USB.</translation>
     </message>
     <message>
         <source>The phone is offline for adb. Unplug it and plug it in again, or turn USB debugging off and on.</source>
@@ -1533,15 +1637,15 @@
     </message>
     <message>
         <source>%1 holds &quot;%2&quot;, which is no name of a file.</source>
-        <translation>%1 contient « %2 », qui n’est pas un nom de fichier.</translation>
+        <translation>%1 contient «&#xa0;%2&#xa0;», qui n’est pas un nom de fichier.</translation>
     </message>
     <message>
         <source>Cannot open local file for writing: %1</source>
-        <translation>Impossible d’ouvrir le fichier local en écriture : %1</translation>
+        <translation>Impossible d’ouvrir le fichier local en écriture&#xa0;: %1</translation>
     </message>
     <message>
         <source>Cannot open local file for reading: %1</source>
-        <translation>Impossible d’ouvrir le fichier local en lecture : %1</translation>
+        <translation>Impossible d’ouvrir le fichier local en lecture&#xa0;: %1</translation>
     </message>
     <message>
         <source>The phone does not tell what %1 is.</source>
@@ -1549,11 +1653,11 @@
     </message>
     <message>
         <source>The name &quot;%1&quot; cannot be used on this computer. Rename the folder on the phone first.</source>
-        <translation>Le nom « %1 » ne peut pas être utilisé sur cet ordinateur. Renommez d’abord le dossier sur le téléphone.</translation>
+        <translation>Le nom «&#xa0;%1&#xa0;» ne peut pas être utilisé sur cet ordinateur. Renommez d’abord le dossier sur le téléphone.</translation>
     </message>
     <message>
         <source>The name &quot;%1&quot; cannot be used on this computer. Rename it on the phone first.</source>
-        <translation>Le nom « %1 » ne peut pas être utilisé sur cet ordinateur. Changez-le d’abord sur le téléphone.</translation>
+        <translation>Le nom «&#xa0;%1&#xa0;» ne peut pas être utilisé sur cet ordinateur. Changez-le d’abord sur le téléphone.</translation>
     </message>
     <message>
         <source>No MTP handle for file %1</source>
@@ -1565,55 +1669,55 @@
     </message>
     <message>
         <source>&quot;%1&quot; has appeared on the phone meanwhile.</source>
-        <translation>« %1 » est apparu entre-temps sur le téléphone.</translation>
+        <translation>«&#xa0;%1&#xa0;» est apparu entre-temps sur le téléphone.</translation>
     </message>
     <message>
         <source>A folder named &quot;%1&quot; is already on the phone.</source>
-        <translation>Un dossier nommé « %1 » est déjà sur le téléphone.</translation>
+        <translation>Un dossier nommé «&#xa0;%1&#xa0;» est déjà sur le téléphone.</translation>
     </message>
     <message>
         <source>A file named &quot;%1&quot; is already on the phone.</source>
-        <translation>Un fichier nommé « %1 » est déjà sur le téléphone.</translation>
+        <translation>Un fichier nommé «&#xa0;%1&#xa0;» est déjà sur le téléphone.</translation>
     </message>
     <message>
         <source>The phone does not show the new &quot;%1&quot;. The old one was kept.</source>
-        <translation>Le téléphone ne montre pas le nouveau « %1 ». L’ancien a été conservé.</translation>
+        <translation>Le téléphone ne montre pas le nouveau «&#xa0;%1&#xa0;». L’ancien a été conservé.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is already on the phone, and this phone cannot replace files. Delete or rename the old one first.</source>
-        <translation>« %1 » est déjà sur le téléphone, et celui-ci ne peut pas remplacer de fichiers. Supprimez ou renommez d’abord l’ancien.</translation>
+        <translation>«&#xa0;%1&#xa0;» est déjà sur le téléphone, et celui-ci ne peut pas remplacer de fichiers. Supprimez ou renommez d’abord l’ancien.</translation>
     </message>
     <message>
         <source>The new &quot;%1&quot; is on the phone under the name &quot;%2&quot;: it could not be renamed (%3).</source>
-        <translation>Le nouveau « %1 » est sur le téléphone sous le nom « %2 » : il n’a pas pu être renommé (%3).</translation>
+        <translation>Le nouveau «&#xa0;%1&#xa0;» est sur le téléphone sous le nom «&#xa0;%2&#xa0;»&#xa0;: il n’a pas pu être renommé (%3).</translation>
     </message>
     <message>
         <source>The phone does not show the new folder &quot;%1&quot;.</source>
-        <translation>Le téléphone ne montre pas le nouveau dossier « %1 ».</translation>
+        <translation>Le téléphone ne montre pas le nouveau dossier «&#xa0;%1&#xa0;».</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is already there</source>
-        <translation>« %1 » est déjà là</translation>
+        <translation>«&#xa0;%1&#xa0;» est déjà là</translation>
     </message>
     <message>
         <source>%1 of %2 files was not copied: %3</source>
-        <translation>%1 fichier sur %2 n’a pas été copié : %3</translation>
+        <translation>%1 fichier sur %2 n’a pas été copié&#xa0;: %3</translation>
     </message>
     <message>
         <source>%1 of %2 files were not copied: %3</source>
-        <translation>%1 fichiers sur %2 n’ont pas été copiés : %3</translation>
+        <translation>%1 fichiers sur %2 n’ont pas été copiés&#xa0;: %3</translation>
     </message>
     <message>
         <source>Failed to delete %1 of %2 items: %3</source>
-        <translation>Échec de la suppression de %1 éléments sur %2 : %3</translation>
+        <translation>Échec de la suppression de %1 éléments sur %2&#xa0;: %3</translation>
     </message>
     <message>
         <source>Failed to move %1 of %2 items: %3</source>
-        <translation>Échec du déplacement de %1 éléments sur %2 : %3</translation>
+        <translation>Échec du déplacement de %1 éléments sur %2&#xa0;: %3</translation>
     </message>
     <message>
         <source>Error: %1</source>
-        <translation>Erreur : %1</translation>
+        <translation>Erreur&#xa0;: %1</translation>
     </message>
     <message>
         <source>Removing %1 from %2</source>
@@ -1625,15 +1729,15 @@
     </message>
     <message>
         <source>Cannot read the folder %1: %2</source>
-        <translation>Impossible de lire le dossier %1 : %2</translation>
+        <translation>Impossible de lire le dossier %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>Cannot create the folder %1: %2</source>
-        <translation>Impossible de créer le dossier %1 : %2</translation>
+        <translation>Impossible de créer le dossier %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>Cannot delete %1: %2</source>
-        <translation>Impossible de supprimer %1 : %2</translation>
+        <translation>Impossible de supprimer %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>Cannot keep %1 as %2.</source>
@@ -1645,7 +1749,7 @@
     </message>
     <message>
         <source>The folder %1 is gone, although it was synced before. Is its disk missing? Going on makes a new, empty folder.</source>
-        <translation>Le dossier %1 n’est plus là, alors qu’il a déjà été synchronisé. Son disque est-il absent ? Continuer crée un nouveau dossier vide.</translation>
+        <translation>Le dossier %1 n’est plus là, alors qu’il a déjà été synchronisé. Son disque est-il absent&#xa0;? Continuer crée un nouveau dossier vide.</translation>
     </message>
     <message>
         <source>The folder %1 is missing.</source>
@@ -1653,11 +1757,11 @@
     </message>
     <message>
         <source>The folder on this computer is empty, although %1 files were in it after the last sync. Is its disk missing?</source>
-        <translation>Le dossier sur cet ordinateur est vide, alors qu’il contenait %1 fichiers après la dernière synchronisation. Son disque est-il absent ?</translation>
+        <translation>Le dossier sur cet ordinateur est vide, alors qu’il contenait %1 fichiers après la dernière synchronisation. Son disque est-il absent&#xa0;?</translation>
     </message>
     <message>
         <source>The folder on the device is empty, although %1 files were in it after the last sync. Is its memory card missing?</source>
-        <translation>Le dossier sur l’appareil est vide, alors qu’il contenait %1 fichiers après la dernière synchronisation. Sa carte mémoire est-elle absente ?</translation>
+        <translation>Le dossier sur l’appareil est vide, alors qu’il contenait %1 fichiers après la dernière synchronisation. Sa carte mémoire est-elle absente&#xa0;?</translation>
     </message>
     <message>
         <source>%1 of the %2 files of the last sync would be deleted.</source>
@@ -1701,7 +1805,7 @@
     </message>
     <message>
         <source>in %1: %2</source>
-        <translation>dans %1 : %2</translation>
+        <translation>dans %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>The phone does not allow %1 to be read.</source>
@@ -1733,19 +1837,19 @@
     </message>
     <message>
         <source>The name &quot;%1&quot; cannot be used.</source>
-        <translation>Le nom « %1 » est inutilisable.</translation>
+        <translation>Le nom «&#xa0;%1&#xa0;» est inutilisable.</translation>
     </message>
     <message>
         <source>ADB pull failed for %1: %2</source>
-        <translation>Échec du téléchargement de %1 par ADB : %2</translation>
+        <translation>Échec du téléchargement de %1 par ADB&#xa0;: %2</translation>
     </message>
     <message>
         <source>ADB directory pull failed for %1: %2</source>
-        <translation>Échec du téléchargement du dossier %1 par ADB : %2</translation>
+        <translation>Échec du téléchargement du dossier %1 par ADB&#xa0;: %2</translation>
     </message>
     <message>
         <source>ADB push failed for %1: %2</source>
-        <translation>Échec de l’envoi de %1 par ADB : %2</translation>
+        <translation>Échec de l’envoi de %1 par ADB&#xa0;: %2</translation>
     </message>
     <message>
         <source>the phone has %1 of %2 bytes.</source>
@@ -1757,11 +1861,11 @@
     </message>
     <message>
         <source>&quot;%1&quot; is on the phone, which takes &quot;%2&quot; for the same name. Rename one of the two first.</source>
-        <translation>« %1 » est sur le téléphone, qui prend « %2 » pour le même nom. Renommez d’abord l’un des deux.</translation>
+        <translation>«&#xa0;%1&#xa0;» est sur le téléphone, qui prend «&#xa0;%2&#xa0;» pour le même nom. Renommez d’abord l’un des deux.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; has changed on the phone meanwhile. It was kept.</source>
-        <translation>« %1 » a changé entre-temps sur le téléphone. Il a été conservé.</translation>
+        <translation>«&#xa0;%1&#xa0;» a changé entre-temps sur le téléphone. Il a été conservé.</translation>
     </message>
     <message>
         <source>adb ended with status %1.</source>
@@ -1769,63 +1873,63 @@
     </message>
     <message>
         <source>A folder &quot;%1&quot; is already on the phone.</source>
-        <translation>Un dossier « %1 » est déjà sur le téléphone.</translation>
+        <translation>Un dossier «&#xa0;%1&#xa0;» est déjà sur le téléphone.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; cannot be the name of a file.</source>
-        <translation>« %1 » ne peut pas être le nom d’un fichier.</translation>
+        <translation>«&#xa0;%1&#xa0;» ne peut pas être le nom d’un fichier.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is already there.</source>
-        <translation>« %1 » est déjà là.</translation>
+        <translation>«&#xa0;%1&#xa0;» est déjà là.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; cannot be moved into itself.</source>
-        <translation>« %1 » ne peut pas être déplacé dans lui-même.</translation>
+        <translation>«&#xa0;%1&#xa0;» ne peut pas être déplacé dans lui-même.</translation>
     </message>
     <message>
         <source>Device not found: %1</source>
-        <translation>Appareil introuvable : %1</translation>
+        <translation>Appareil introuvable&#xa0;: %1</translation>
     </message>
     <message>
         <source>Lockdown error: %1</source>
-        <translation>Erreur Lockdown : %1</translation>
+        <translation>Erreur Lockdown&#xa0;: %1</translation>
     </message>
     <message>
         <source>Failed to start service: %1</source>
-        <translation>Impossible de démarrer le service : %1</translation>
+        <translation>Impossible de démarrer le service&#xa0;: %1</translation>
     </message>
     <message>
         <source>House Arrest error: %1</source>
-        <translation>Erreur House Arrest : %1</translation>
+        <translation>Erreur House Arrest&#xa0;: %1</translation>
     </message>
     <message>
         <source>InstProxy error: %1</source>
-        <translation>Erreur InstProxy : %1</translation>
+        <translation>Erreur InstProxy&#xa0;: %1</translation>
     </message>
     <message>
         <source>File I/O error: %1</source>
-        <translation>Erreur de fichier : %1</translation>
+        <translation>Erreur de fichier&#xa0;: %1</translation>
     </message>
     <message>
         <source>Failed to create %1: %2</source>
-        <translation>Impossible de créer %1 : %2</translation>
+        <translation>Impossible de créer %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>Failed to delete %1: %2</source>
-        <translation>Impossible de supprimer %1 : %2</translation>
+        <translation>Impossible de supprimer %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>Failed to rename %1: %2</source>
-        <translation>Impossible de renommer %1 : %2</translation>
+        <translation>Impossible de renommer %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>Failed to move %1: %2</source>
-        <translation>Impossible de déplacer %1 : %2</translation>
+        <translation>Impossible de déplacer %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>Failed to drag out %1: %2</source>
-        <translation>Impossible de faire glisser %1 hors de la fenêtre : %2</translation>
+        <translation>Impossible de faire glisser %1 hors de la fenêtre&#xa0;: %2</translation>
     </message>
     <message>
         <source>%1 is using the phone.</source>
@@ -1833,15 +1937,15 @@
     </message>
     <message>
         <source>The folder &quot;%1&quot; is not on the phone any more.</source>
-        <translation>Le dossier « %1 » n’est plus sur le téléphone.</translation>
+        <translation>Le dossier «&#xa0;%1&#xa0;» n’est plus sur le téléphone.</translation>
     </message>
     <message>
         <source>There is no &quot;%1&quot; on the phone.</source>
-        <translation>« %1 » n’existe pas sur le téléphone.</translation>
+        <translation>«&#xa0;%1&#xa0;» n’existe pas sur le téléphone.</translation>
     </message>
     <message>
         <source>There is no %1 on the phone. It may have been deleted or renamed: refresh the folder.</source>
-        <translation>%1 n’existe pas sur le téléphone. L’élément a peut-être été supprimé ou renommé : actualisez le dossier.</translation>
+        <translation>%1 n’existe pas sur le téléphone. L’élément a peut-être été supprimé ou renommé&#xa0;: actualisez le dossier.</translation>
     </message>
     <message>
         <source>The phone sent %1 of the %2 bytes of %3. Copy it again.</source>
@@ -1849,19 +1953,19 @@
     </message>
     <message>
         <source>The name &quot;%1&quot; cannot be used on this computer.</source>
-        <translation>Le nom « %1 » est inutilisable sur cet ordinateur.</translation>
+        <translation>Le nom «&#xa0;%1&#xa0;» est inutilisable sur cet ordinateur.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is too large for a preview. Copy it to this computer first.</source>
-        <translation>« %1 » est trop volumineux pour un aperçu. Copiez-le d’abord sur cet ordinateur.</translation>
+        <translation>«&#xa0;%1&#xa0;» est trop volumineux pour un aperçu. Copiez-le d’abord sur cet ordinateur.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is already on the phone.</source>
-        <translation>« %1 » est déjà sur le téléphone.</translation>
+        <translation>«&#xa0;%1&#xa0;» est déjà sur le téléphone.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; cannot be a name on the phone.</source>
-        <translation>« %1 » ne peut pas être un nom sur le téléphone.</translation>
+        <translation>«&#xa0;%1&#xa0;» ne peut pas être un nom sur le téléphone.</translation>
     </message>
     <message>
         <source>%1 is not a folder.</source>
@@ -1869,15 +1973,15 @@
     </message>
     <message>
         <source>Cannot write into %1: %2</source>
-        <translation>Impossible d’écrire dans %1 : %2</translation>
+        <translation>Impossible d’écrire dans %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>Cannot write %1: %2</source>
-        <translation>Impossible d’écrire %1 : %2</translation>
+        <translation>Impossible d’écrire %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>Cannot read %1: %2</source>
-        <translation>Impossible de lire %1 : %2</translation>
+        <translation>Impossible de lire %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>Cannot create the folder %1 on this computer.</source>
@@ -1920,23 +2024,23 @@
     </message>
     <message>
         <source>“%1” could not be created: %2</source>
-        <translation>« %1 » n’a pas pu être créé : %2</translation>
+        <translation>«&#xa0;%1&#xa0;» n’a pas pu être créé&#xa0;: %2</translation>
     </message>
     <message>
         <source>“%1” could not be renamed: %2</source>
-        <translation>« %1 » n’a pas pu être renommé : %2</translation>
+        <translation>«&#xa0;%1&#xa0;» n’a pas pu être renommé&#xa0;: %2</translation>
     </message>
     <message>
         <source>“%1” could not be moved: %2</source>
-        <translation>« %1 » n’a pas pu être déplacé : %2</translation>
+        <translation>«&#xa0;%1&#xa0;» n’a pas pu être déplacé&#xa0;: %2</translation>
     </message>
     <message>
         <source>“%1” could not be dragged out: %2</source>
-        <translation>« %1 » n’a pas pu être glissé à l’extérieur : %2</translation>
+        <translation>«&#xa0;%1&#xa0;» n’a pas pu être glissé à l’extérieur&#xa0;: %2</translation>
     </message>
     <message>
         <source>“%1” could not be deleted: %2</source>
-        <translation>« %1 » n’a pas pu être supprimé : %2</translation>
+        <translation>«&#xa0;%1&#xa0;» n’a pas pu être supprimé&#xa0;: %2</translation>
     </message>
     <message>
         <source>%1 (%2)</source>
@@ -1958,24 +2062,24 @@
     <message numerus="yes">
         <source>%Ln of %1 items could not be moved: %2</source>
         <translation>
-            <numerusform>%Ln élément sur %1 n’a pas pu être déplacé : %2</numerusform>
-            <numerusform>%Ln éléments sur %1 n’ont pas pu être déplacés : %2</numerusform>
+            <numerusform>%Ln élément sur %1 n’a pas pu être déplacé&#xa0;: %2</numerusform>
+            <numerusform>%Ln éléments sur %1 n’ont pas pu être déplacés&#xa0;: %2</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%Ln of %1 items could not be deleted: %2</source>
         <translation>
-            <numerusform>%Ln élément sur %1 n’a pas pu être supprimé : %2</numerusform>
-            <numerusform>%Ln éléments sur %1 n’ont pas pu être supprimés : %2</numerusform>
+            <numerusform>%Ln élément sur %1 n’a pas pu être supprimé&#xa0;: %2</numerusform>
+            <numerusform>%Ln éléments sur %1 n’ont pas pu être supprimés&#xa0;: %2</numerusform>
         </translation>
     </message>
     <message>
         <source>The folder “%1” is not on the phone any more.</source>
-        <translation>Le dossier « %1 » n’est plus sur le téléphone.</translation>
+        <translation>Le dossier «&#xa0;%1&#xa0;» n’est plus sur le téléphone.</translation>
     </message>
     <message>
         <source>There is no “%1” on the phone.</source>
-        <translation>Il n’y a pas de « %1 » sur le téléphone.</translation>
+        <translation>Il n’y a pas de «&#xa0;%1&#xa0;» sur le téléphone.</translation>
     </message>
 </context>
 <context>
@@ -2013,6 +2117,157 @@
     </message>
 </context>
 <context>
+    <name>SyncTexts</name>
+    <message>
+        <source>Copy to the phone</source>
+        <translation>Copier sur le téléphone</translation>
+    </message>
+    <message>
+        <source>Replace on the phone</source>
+        <translation>Remplacer sur le téléphone</translation>
+    </message>
+    <message>
+        <source>Copy to this computer</source>
+        <translation>Copier sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>Replace on this computer</source>
+        <translation>Remplacer sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>Move to the phone</source>
+        <translation>Déplacer vers le téléphone</translation>
+    </message>
+    <message>
+        <source>Move to this computer</source>
+        <translation>Déplacer vers cet ordinateur</translation>
+    </message>
+    <message>
+        <source>Keep both versions</source>
+        <translation>Garder les deux versions</translation>
+    </message>
+    <message>
+        <source>Delete on the phone</source>
+        <translation>Supprimer sur le téléphone</translation>
+    </message>
+    <message>
+        <source>Delete on this computer</source>
+        <translation>Supprimer sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>Rename on the phone</source>
+        <translation>Renommer sur le téléphone</translation>
+    </message>
+    <message>
+        <source>Rename on this computer</source>
+        <translation>Renommer sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>Connecting to device…</source>
+        <translation>Connexion à l’appareil…</translation>
+    </message>
+    <message>
+        <source>Waiting for another sync…</source>
+        <translation>En attente d’une autre synchronisation…</translation>
+    </message>
+    <message>
+        <source>Scanning folders…</source>
+        <translation>Analyse des dossiers…</translation>
+    </message>
+    <message>
+        <source>Awaiting deletion confirmation…</source>
+        <translation>En attente de confirmation de suppression…</translation>
+    </message>
+    <message>
+        <source>Analyzing files…</source>
+        <translation>Analyse des fichiers…</translation>
+    </message>
+    <message>
+        <source>Starting transfer…</source>
+        <translation>Démarrage du transfert…</translation>
+    </message>
+    <message>
+        <source>Uploading</source>
+        <translation>Envoi en cours</translation>
+    </message>
+    <message>
+        <source>Downloading</source>
+        <translation>Téléchargement en cours</translation>
+    </message>
+    <message>
+        <source>Moving</source>
+        <translation>Déplacement en cours</translation>
+    </message>
+    <message>
+        <source>Moving (already on destination)</source>
+        <translation>Déplacement (déjà à destination)</translation>
+    </message>
+    <message>
+        <source>Up to date</source>
+        <translation>À jour</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are deleted on the other after you agreed.</source>
+        <translation>Les fichiers nouveaux et modifiés sont copiés dans les deux sens. Les fichiers supprimés d’un côté sont supprimés de l’autre après votre accord.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are copied back.</source>
+        <translation>Les fichiers nouveaux et modifiés sont copiés dans les deux sens. Les fichiers supprimés d’un côté y sont recopiés.</translation>
+    </message>
+    <message>
+        <source>Files are moved to the phone: each is deleted here once it has arrived.</source>
+        <translation>Les fichiers sont déplacés vers le téléphone&#xa0;: chacun est supprimé ici une fois arrivé.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied to the phone. Nothing is deleted.</source>
+        <translation>Les fichiers nouveaux et modifiés sont copiés sur le téléphone. Rien n’est supprimé.</translation>
+    </message>
+    <message>
+        <source>Files are moved here: each is deleted on the phone once it has arrived.</source>
+        <translation>Les fichiers sont déplacés ici&#xa0;: chacun est supprimé du téléphone une fois arrivé.</translation>
+    </message>
+    <message>
+        <source>New and changed files of the phone are copied here. Nothing is deleted.</source>
+        <translation>Les fichiers nouveaux et modifiés du téléphone sont copiés ici. Rien n’est supprimé.</translation>
+    </message>
+    <message>
+        <source>Deleting</source>
+        <translation>Suppression</translation>
+    </message>
+    <message numerus="yes">
+        <source>The folder on this computer is empty, although %Ln files were in it after the last sync. Is its disk missing?</source>
+        <translation>
+            <numerusform>Le dossier de cet ordinateur est vide, alors qu’il contenait %Ln fichier après la dernière synchronisation. Son disque manque-t-il&#xa0;?</numerusform>
+            <numerusform>Le dossier de cet ordinateur est vide, alors qu’il contenait %Ln fichiers après la dernière synchronisation. Son disque manque-t-il&#xa0;?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The folder on the phone is empty, although %Ln files were in it after the last sync. Is its memory card missing?</source>
+        <translation>
+            <numerusform>Le dossier du téléphone est vide, alors qu’il contenait %Ln fichier après la dernière synchronisation. Sa carte mémoire manque-t-elle&#xa0;?</numerusform>
+            <numerusform>Le dossier du téléphone est vide, alors qu’il contenait %Ln fichiers après la dernière synchronisation. Sa carte mémoire manque-t-elle&#xa0;?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>More than half of the %Ln files of the last sync would be deleted.</source>
+        <translation>
+            <numerusform>Plus de la moitié du %Ln fichier de la dernière synchronisation serait supprimée.</numerusform>
+            <numerusform>Plus de la moitié des %Ln fichiers de la dernière synchronisation serait supprimée.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>Annulé</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files were left as they are</source>
+        <translation>
+            <numerusform>%Ln fichier laissé tel quel</numerusform>
+            <numerusform>%Ln fichiers laissés tels quels</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>tessary::AppListView</name>
     <message>
         <source>Apps</source>
@@ -2032,7 +2287,7 @@
     </message>
     <message>
         <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
-        <translation>Aucune app de cet iPhone ne partage ses fichiers. Seules les apps dont le partage de fichiers a été activé par leur éditeur peuvent être ouvertes depuis un ordinateur ; les photos et les apps qui gardent leurs documents pour elles ne le peuvent pas.</translation>
+        <translation>Aucune app de cet iPhone ne partage ses fichiers. Seules les apps dont le partage de fichiers a été activé par leur éditeur peuvent être ouvertes depuis un ordinateur&#xa0;; les photos et les apps qui gardent leurs documents pour elles ne le peuvent pas.</translation>
     </message>
     <message>
         <source>Retry</source>
@@ -2108,7 +2363,7 @@
     </message>
     <message>
         <source>Plug it in again, unlock it and choose File transfer on it.</source>
-        <translation>Rebranchez-le, déverrouillez-le et choisissez-y « Transfert de fichiers ».</translation>
+        <translation>Rebranchez-le, déverrouillez-le et choisissez-y «&#xa0;Transfert de fichiers&#xa0;».</translation>
     </message>
     <message>
         <source>Folder Not Found</source>
@@ -2116,7 +2371,7 @@
     </message>
     <message>
         <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
-        <translation>Ce dossier est introuvable sur l’appareil. Il a peut-être été supprimé ou déplacé. Voulez-vous le retirer de vos favoris ?</translation>
+        <translation>Ce dossier est introuvable sur l’appareil. Il a peut-être été supprimé ou déplacé. Voulez-vous le retirer de vos favoris&#xa0;?</translation>
     </message>
     <message>
         <source>Remove from Favorites</source>
@@ -2152,7 +2407,7 @@
     </message>
     <message>
         <source>Nothing here has “%1” in its name.</source>
-        <translation>Rien ici ne contient « %1 » dans son nom.</translation>
+        <translation>Rien ici ne contient «&#xa0;%1&#xa0;» dans son nom.</translation>
     </message>
     <message>
         <source>This folder is empty</source>
@@ -2190,7 +2445,7 @@
     </message>
     <message>
         <source>Into “%1”</source>
-        <translation>Dans « %1 »</translation>
+        <translation>Dans «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
         <source>Parent Folder</source>
@@ -2224,7 +2479,7 @@
     </message>
     <message>
         <source>Locked: unlock it</source>
-        <translation>Verrouillé : déverrouillez-le</translation>
+        <translation>Verrouillé&#xa0;: déverrouillez-le</translation>
     </message>
     <message>
         <source>Connecting…</source>
@@ -2243,11 +2498,11 @@
     </message>
     <message>
         <source>Delete selected items?</source>
-        <translation>Supprimer les éléments sélectionnés ?</translation>
+        <translation>Supprimer les éléments sélectionnés&#xa0;?</translation>
     </message>
     <message>
         <source>“%1” will be deleted from the phone.</source>
-        <translation>« %1 » sera supprimé du téléphone.</translation>
+        <translation>«&#xa0;%1&#xa0;» sera supprimé du téléphone.</translation>
     </message>
     <message numerus="yes">
         <source>%Ln items will be deleted from the phone.</source>
@@ -2305,7 +2560,7 @@
     </message>
     <message>
         <source>Tessary: Virtual Phones</source>
-        <translation>Tessary : téléphones virtuels</translation>
+        <translation>Tessary&#xa0;: téléphones virtuels</translation>
     </message>
     <message>
         <source>Quit Tessary</source>
@@ -2329,7 +2584,7 @@
     </message>
     <message>
         <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
-        <translation>Il montrera ses fichiers dès que vous l’aurez déverrouillé et aurez choisi « Transfert de fichiers » dans sa notification USB. Cette fenêtre suit d’elle-même.</translation>
+        <translation>Il montrera ses fichiers dès que vous l’aurez déverrouillé et aurez choisi «&#xa0;Transfert de fichiers&#xa0;» dans sa notification USB. Cette fenêtre suit d’elle-même.</translation>
     </message>
     <message>
         <source>Release the Phone</source>
@@ -2375,11 +2630,11 @@
     </message>
     <message>
         <source>“%1” is too large for a preview. Copy it to this computer first.</source>
-        <translation>« %1 » est trop volumineux pour un aperçu. Copiez-le d’abord sur cet ordinateur.</translation>
+        <translation>«&#xa0;%1&#xa0;» est trop volumineux pour un aperçu. Copiez-le d’abord sur cet ordinateur.</translation>
     </message>
     <message>
         <source>It cannot be shown: it is damaged, too large or protected.</source>
-        <translation>Impossible de l’afficher : le fichier est endommagé, trop volumineux ou protégé.</translation>
+        <translation>Impossible de l’afficher&#xa0;: le fichier est endommagé, trop volumineux ou protégé.</translation>
     </message>
     <message>
         <source>only its beginning is shown</source>
@@ -2456,15 +2711,15 @@
     </message>
     <message>
         <source>Files: %1, folders: %2</source>
-        <translation>Fichiers : %1, dossiers : %2</translation>
+        <translation>Fichiers&#xa0;: %1, dossiers&#xa0;: %2</translation>
     </message>
     <message>
         <source>The count was stopped: there may be more.</source>
-        <translation>Le comptage a été arrêté : il peut y en avoir davantage.</translation>
+        <translation>Le comptage a été arrêté&#xa0;: il peut y en avoir davantage.</translation>
     </message>
     <message>
         <source>Folders that could not be read: %1</source>
-        <translation>Dossiers illisibles : %1</translation>
+        <translation>Dossiers illisibles&#xa0;: %1</translation>
     </message>
 </context>
 <context>
@@ -2597,10 +2852,17 @@
     </message>
 </context>
 <context>
+    <name>tessary::SyncDialogs</name>
+    <message>
+        <source>Sync of %1</source>
+        <translation>Synchronisation de %1</translation>
+    </message>
+</context>
+<context>
     <name>tessary::SyncPairList</name>
     <message>
         <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
-        <translation>Aucun dossier n’est encore synchronisé. Ouvrez un dossier du téléphone, puis choisissez « Synchroniser ce dossier… ».</translation>
+        <translation>Aucun dossier n’est encore synchronisé. Ouvrez un dossier du téléphone, puis choisissez «&#xa0;Synchroniser ce dossier…&#xa0;».</translation>
     </message>
 </context>
 <context>
@@ -2623,7 +2885,7 @@
     </message>
     <message>
         <source>Stop keeping these folders in step?</source>
-        <translation>Ne plus synchroniser ces dossiers ?</translation>
+        <translation>Ne plus synchroniser ces dossiers&#xa0;?</translation>
     </message>
     <message>
         <source>No file is deleted on either side.</source>
@@ -2632,6 +2894,26 @@
     <message>
         <source>Remove</source>
         <translation>Retirer</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Plus</translation>
+    </message>
+    <message>
+        <source>Not synced yet</source>
+        <translation>Pas encore synchronisé</translation>
+    </message>
+    <message>
+        <source>Show What Will Happen</source>
+        <translation>Montrer ce qui va se passer</translation>
+    </message>
+    <message>
+        <source>Reports…</source>
+        <translation>Rapports…</translation>
+    </message>
+    <message>
+        <source>Edit…</source>
+        <translation>Modifier…</translation>
     </message>
 </context>
 <context>
@@ -2680,6 +2962,26 @@
         <source>Show What Will Happen</source>
         <translation>Montrer ce qui va se passer</translation>
     </message>
+    <message>
+        <source>Sync whenever this phone is plugged in</source>
+        <translation>Synchroniser dès que ce téléphone est branché</translation>
+    </message>
+    <message>
+        <source>Edit This Pair</source>
+        <translation>Modifier cette paire</translation>
+    </message>
+    <message>
+        <source>Left out</source>
+        <translation>Laissé de côté</translation>
+    </message>
+    <message>
+        <source>One pattern a line, by the rules of .gitignore: *.tmp, /private/</source>
+        <translation>Un motif par ligne, selon les règles de .gitignore&#xa0;: *.tmp, /private/</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Enregistrer</translation>
+    </message>
 </context>
 <context>
     <name>tessary::SyncPanel</name>
@@ -2699,40 +3001,8 @@
 <context>
     <name>tessary::SyncPreviewDialog</name>
     <message>
-        <source>Copy to the phone</source>
-        <translation>Copier sur le téléphone</translation>
-    </message>
-    <message>
-        <source>Copy to this computer</source>
-        <translation>Copier sur cet ordinateur</translation>
-    </message>
-    <message>
-        <source>Move to the phone</source>
-        <translation>Déplacer vers le téléphone</translation>
-    </message>
-    <message>
-        <source>Move to this computer</source>
-        <translation>Déplacer vers cet ordinateur</translation>
-    </message>
-    <message>
-        <source>Changed on both sides: keep both</source>
-        <translation>Modifié des deux côtés : garder les deux</translation>
-    </message>
-    <message>
-        <source>Delete on the phone</source>
-        <translation>Supprimer sur le téléphone</translation>
-    </message>
-    <message>
-        <source>Delete on this computer</source>
-        <translation>Supprimer sur cet ordinateur</translation>
-    </message>
-    <message>
         <source>Leave as it is</source>
         <translation>Laisser tel quel</translation>
-    </message>
-    <message>
-        <source>Skip</source>
-        <translation>Ignorer</translation>
     </message>
     <message>
         <source>What Will Happen</source>
@@ -2768,6 +3038,14 @@
             <numerusform>%Ln fichiers à examiner, %1 à copier</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Keep this computer&apos;s</source>
+        <translation>Garder celle de cet ordinateur</translation>
+    </message>
+    <message>
+        <source>Keep the phone&apos;s</source>
+        <translation>Garder celle du téléphone</translation>
+    </message>
 </context>
 <context>
     <name>tessary::SyncQuestionDialog</name>
@@ -2796,10 +3074,6 @@
         <translation>Conserver</translation>
     </message>
     <message>
-        <source>Cancel</source>
-        <translation>Annuler</translation>
-    </message>
-    <message>
         <source>Delete</source>
         <translation>Supprimer</translation>
     </message>
@@ -2809,13 +3083,13 @@
     </message>
     <message>
         <source>Delete Files?</source>
-        <translation>Supprimer les fichiers ?</translation>
+        <translation>Supprimer les fichiers&#xa0;?</translation>
     </message>
     <message numerus="yes">
         <source>%Ln files were deleted on one side. Delete them on the other, too?</source>
         <translation>
-            <numerusform>%Ln fichier a été supprimé d’un côté. Le supprimer aussi de l’autre ?</numerusform>
-            <numerusform>%Ln fichiers ont été supprimés d’un côté. Les supprimer aussi de l’autre ?</numerusform>
+            <numerusform>%Ln fichier a été supprimé d’un côté. Le supprimer aussi de l’autre&#xa0;?</numerusform>
+            <numerusform>%Ln fichiers ont été supprimés d’un côté. Les supprimer aussi de l’autre&#xa0;?</numerusform>
         </translation>
     </message>
     <message>
@@ -2830,12 +3104,51 @@
         <source>The folder on this computer is gone</source>
         <translation>Le dossier sur cet ordinateur n’est plus là</translation>
     </message>
+    <message>
+        <source>Stop, Change Nothing</source>
+        <translation>Arrêter sans rien modifier</translation>
+    </message>
+    <message>
+        <source>Folder Empty</source>
+        <translation>Dossier vide</translation>
+    </message>
+    <message>
+        <source>Is everything to be copied there again?</source>
+        <translation>Tout doit-il y être recopié&#xa0;?</translation>
+    </message>
+    <message>
+        <source>Copy Everything Again</source>
+        <translation>Tout recopier</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncReportDialog</name>
+    <message>
+        <source>Reports</source>
+        <translation>Rapports</translation>
+    </message>
+    <message>
+        <source>Runs</source>
+        <translation>Exécutions</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>Fichiers</translation>
+    </message>
+    <message>
+        <source>There is no report yet.</source>
+        <translation>Il n’y a pas encore de rapport.</translation>
+    </message>
+    <message>
+        <source>What was done</source>
+        <translation>Ce qui a été fait</translation>
+    </message>
 </context>
 <context>
     <name>tessary::TransferListModel</name>
     <message>
         <source>Finishing: the phone is still storing the file</source>
-        <translation>Finalisation : le téléphone enregistre encore le fichier</translation>
+        <translation>Finalisation&#xa0;: le téléphone enregistre encore le fichier</translation>
     </message>
     <message>
         <source>%1 left</source>
@@ -2846,7 +3159,7 @@
     <name>tessary::TransferNotice</name>
     <message>
         <source>“%1” is copied.</source>
-        <translation>« %1 » est copié.</translation>
+        <translation>«&#xa0;%1&#xa0;» est copié.</translation>
     </message>
     <message numerus="yes">
         <source>%Ln items are copied.</source>
@@ -2857,7 +3170,7 @@
     </message>
     <message>
         <source>“%1” was not copied.</source>
-        <translation>« %1 » n’a pas été copié.</translation>
+        <translation>«&#xa0;%1&#xa0;» n’a pas été copié.</translation>
     </message>
     <message numerus="yes">
         <source>%Ln of %1 items were not copied.</source>
@@ -3004,7 +3317,7 @@
     </message>
     <message>
         <source>Use a cable that carries data: some only charge.</source>
-        <translation>Utilisez un câble de données : certains ne font que charger.</translation>
+        <translation>Utilisez un câble de données&#xa0;: certains ne font que charger.</translation>
     </message>
     <message>
         <source>Unlock it</source>
@@ -3016,11 +3329,11 @@
     </message>
     <message>
         <source>Choose “File transfer” on it</source>
-        <translation>Choisissez-y « Transfert de fichiers »</translation>
+        <translation>Choisissez-y «&#xa0;Transfert de fichiers&#xa0;»</translation>
     </message>
     <message>
         <source>Android asks in a notification that says “Charging this device via USB”.</source>
-        <translation>Android le demande dans une notification « Appareil en cours de recharge via USB ».</translation>
+        <translation>Android le demande dans une notification «&#xa0;Appareil en cours de recharge via USB&#xa0;».</translation>
     </message>
 </context>
 <context>
@@ -3071,7 +3384,7 @@
     </message>
     <message>
         <source>This computer cannot look for phones on the network: the service for it (avahi-daemon) does not run.</source>
-        <translation>Cet ordinateur ne peut pas rechercher de téléphones sur le réseau : le service nécessaire (avahi-daemon) n’est pas lancé.</translation>
+        <translation>Cet ordinateur ne peut pas rechercher de téléphones sur le réseau&#xa0;: le service nécessaire (avahi-daemon) n’est pas lancé.</translation>
     </message>
     <message>
         <source>On the phone, switch on wireless debugging in the developer options. It must be on the same network as this computer.</source>
@@ -3091,7 +3404,7 @@
     </message>
     <message>
         <source>The six digits that the phone shows:</source>
-        <translation>Les six chiffres affichés par le téléphone :</translation>
+        <translation>Les six chiffres affichés par le téléphone&#xa0;:</translation>
     </message>
     <message>
         <source>Pair</source>

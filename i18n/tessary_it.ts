@@ -917,6 +917,110 @@
         <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
         <translation>La modalità turbo ha bisogno di adb, che non è installato. Il telefono viene usato tramite MTP standard.</translation>
     </message>
+    <message>
+        <source>“%1” changed while the folders were being synced. It was left as it is.</source>
+        <translation>«%1» è cambiato mentre le cartelle venivano sincronizzate. È stato lasciato com’è.</translation>
+    </message>
+    <message>
+        <source>it changed while the folders were being synced</source>
+        <translation>è cambiato durante la sincronizzazione</translation>
+    </message>
+    <message>
+        <source>“%1” is a file on one side and a folder on the other.</source>
+        <translation>«%1» è un file da un lato e una cartella dall’altro.</translation>
+    </message>
+    <message>
+        <source>it is a file on one side and a folder on the other</source>
+        <translation>è un file da una parte e una cartella dall’altra</translation>
+    </message>
+    <message>
+        <source>Another name differs from “%1” only in case or in the form of its letters.</source>
+        <translation>Un altro nome differisce da «%1» solo per maiuscole o forma delle lettere.</translation>
+    </message>
+    <message>
+        <source>another name differs from it only in case or in the form of its letters</source>
+        <translation>un altro nome differisce solo per maiuscole o forma delle lettere</translation>
+    </message>
+    <message>
+        <source>What is in the folder “%1” could not be read on one side.</source>
+        <translation>Il contenuto della cartella «%1» non è leggibile da un lato.</translation>
+    </message>
+    <message>
+        <source>its folder could not be read on one side</source>
+        <translation>la sua cartella non è leggibile da un lato</translation>
+    </message>
+    <message>
+        <source>The folder of “%1” holds something that could not be read.</source>
+        <translation>La cartella di «%1» contiene qualcosa di illeggibile.</translation>
+    </message>
+    <message>
+        <source>its folder holds something that could not be read</source>
+        <translation>la sua cartella contiene qualcosa di illeggibile</translation>
+    </message>
+    <message>
+        <source>“%1” was changed on the side that files are only copied to.</source>
+        <translation>«%1» è stato modificato dal lato su cui i file vengono solo copiati.</translation>
+    </message>
+    <message>
+        <source>it was changed on the side that files are only copied to</source>
+        <translation>è stato modificato dal lato su cui i file vengono solo copiati</translation>
+    </message>
+    <message>
+        <source>“%1” was left as it is.</source>
+        <translation>«%1» è stato lasciato com’è.</translation>
+    </message>
+    <message>
+        <source>it was to be left as it is</source>
+        <translation>doveva restare com’è</translation>
+    </message>
+    <message>
+        <source>The phone does not tell the size of “%1”.</source>
+        <translation>Il telefono non indica la dimensione di «%1».</translation>
+    </message>
+    <message>
+        <source>the phone does not tell its size</source>
+        <translation>il telefono non ne indica la dimensione</translation>
+    </message>
+    <message>
+        <source>The phone has several entries called “%1”.</source>
+        <translation>Il telefono ha più elementi chiamati «%1».</translation>
+    </message>
+    <message>
+        <source>the phone has several entries of this name</source>
+        <translation>il telefono ha più elementi con questo nome</translation>
+    </message>
+    <message>
+        <source>The folder “%1” lies too deep.</source>
+        <translation>La cartella «%1» è troppo in profondità.</translation>
+    </message>
+    <message>
+        <source>the folder lies too deep</source>
+        <translation>la cartella è troppo in profondità</translation>
+    </message>
+    <message>
+        <source>Nothing was changed.</source>
+        <translation>Non è stato modificato nulla.</translation>
+    </message>
+    <message>
+        <source>The folder “%1” was synced before and is gone.</source>
+        <translation>La cartella «%1» è già stata sincronizzata ed è sparita.</translation>
+    </message>
+    <message>
+        <source>Plug its disk in, or make the folder again.</source>
+        <translation>Collega il suo disco o ricrea la cartella.</translation>
+    </message>
+    <message>
+        <source>What was synced could not be noted down in “%1”.</source>
+        <translation>Non è stato possibile annotare in «%1» ciò che è stato sincronizzato.</translation>
+    </message>
+    <message>
+        <source>what was synced could not be noted down</source>
+        <translation>non è stato possibile annotare ciò che è stato sincronizzato</translation>
+    </message>
+    <message>
+        <source>The next sync cannot tell what was deleted since: it copies such files back.</source>
+        <translation>La prossima sincronizzazione non saprà cosa è stato eliminato: ricopierà quei file.</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>
@@ -2013,6 +2117,157 @@
     </message>
 </context>
 <context>
+    <name>SyncTexts</name>
+    <message>
+        <source>Copy to the phone</source>
+        <translation>Copia sul telefono</translation>
+    </message>
+    <message>
+        <source>Replace on the phone</source>
+        <translation>Sostituisci sul telefono</translation>
+    </message>
+    <message>
+        <source>Copy to this computer</source>
+        <translation>Copia su questo computer</translation>
+    </message>
+    <message>
+        <source>Replace on this computer</source>
+        <translation>Sostituisci su questo computer</translation>
+    </message>
+    <message>
+        <source>Move to the phone</source>
+        <translation>Sposta sul telefono</translation>
+    </message>
+    <message>
+        <source>Move to this computer</source>
+        <translation>Sposta su questo computer</translation>
+    </message>
+    <message>
+        <source>Keep both versions</source>
+        <translation>Mantieni entrambe le versioni</translation>
+    </message>
+    <message>
+        <source>Delete on the phone</source>
+        <translation>Elimina sul telefono</translation>
+    </message>
+    <message>
+        <source>Delete on this computer</source>
+        <translation>Elimina su questo computer</translation>
+    </message>
+    <message>
+        <source>Rename on the phone</source>
+        <translation>Rinomina sul telefono</translation>
+    </message>
+    <message>
+        <source>Rename on this computer</source>
+        <translation>Rinomina su questo computer</translation>
+    </message>
+    <message>
+        <source>Connecting to device…</source>
+        <translation>Connessione al dispositivo…</translation>
+    </message>
+    <message>
+        <source>Waiting for another sync…</source>
+        <translation>In attesa di un’altra sincronizzazione…</translation>
+    </message>
+    <message>
+        <source>Scanning folders…</source>
+        <translation>Scansione delle cartelle…</translation>
+    </message>
+    <message>
+        <source>Awaiting deletion confirmation…</source>
+        <translation>In attesa di conferma dell’eliminazione…</translation>
+    </message>
+    <message>
+        <source>Analyzing files…</source>
+        <translation>Analisi dei file…</translation>
+    </message>
+    <message>
+        <source>Starting transfer…</source>
+        <translation>Avvio del trasferimento…</translation>
+    </message>
+    <message>
+        <source>Uploading</source>
+        <translation>Caricamento in corso</translation>
+    </message>
+    <message>
+        <source>Downloading</source>
+        <translation>Scaricamento in corso</translation>
+    </message>
+    <message>
+        <source>Moving</source>
+        <translation>Spostamento in corso</translation>
+    </message>
+    <message>
+        <source>Moving (already on destination)</source>
+        <translation>Spostamento (già a destinazione)</translation>
+    </message>
+    <message>
+        <source>Up to date</source>
+        <translation>Aggiornato</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are deleted on the other after you agreed.</source>
+        <translation>I file nuovi e modificati vengono copiati in entrambe le direzioni. Quelli eliminati da una parte vengono eliminati dall’altra dopo il tuo consenso.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are copied back.</source>
+        <translation>I file nuovi e modificati vengono copiati in entrambe le direzioni. Quelli eliminati da una parte vengono ricopiati.</translation>
+    </message>
+    <message>
+        <source>Files are moved to the phone: each is deleted here once it has arrived.</source>
+        <translation>I file vengono spostati sul telefono: ognuno viene eliminato qui una volta arrivato.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied to the phone. Nothing is deleted.</source>
+        <translation>I file nuovi e modificati vengono copiati sul telefono. Non viene eliminato nulla.</translation>
+    </message>
+    <message>
+        <source>Files are moved here: each is deleted on the phone once it has arrived.</source>
+        <translation>I file vengono spostati qui: ognuno viene eliminato dal telefono una volta arrivato.</translation>
+    </message>
+    <message>
+        <source>New and changed files of the phone are copied here. Nothing is deleted.</source>
+        <translation>I file nuovi e modificati del telefono vengono copiati qui. Non viene eliminato nulla.</translation>
+    </message>
+    <message>
+        <source>Deleting</source>
+        <translation>Eliminazione</translation>
+    </message>
+    <message numerus="yes">
+        <source>The folder on this computer is empty, although %Ln files were in it after the last sync. Is its disk missing?</source>
+        <translation>
+            <numerusform>La cartella su questo computer è vuota, anche se conteneva %Ln file dopo l’ultima sincronizzazione. Manca il suo disco?</numerusform>
+            <numerusform>La cartella su questo computer è vuota, anche se conteneva %Ln file dopo l’ultima sincronizzazione. Manca il suo disco?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The folder on the phone is empty, although %Ln files were in it after the last sync. Is its memory card missing?</source>
+        <translation>
+            <numerusform>La cartella sul telefono è vuota, anche se conteneva %Ln file dopo l’ultima sincronizzazione. Manca la scheda di memoria?</numerusform>
+            <numerusform>La cartella sul telefono è vuota, anche se conteneva %Ln file dopo l’ultima sincronizzazione. Manca la scheda di memoria?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>More than half of the %Ln files of the last sync would be deleted.</source>
+        <translation>
+            <numerusform>Verrebbe eliminata più di metà dell’unico file (%Ln) dell’ultima sincronizzazione.</numerusform>
+            <numerusform>Verrebbe eliminata più di metà dei %Ln file dell’ultima sincronizzazione.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>Annullato</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files were left as they are</source>
+        <translation>
+            <numerusform>%Ln file lasciato com’è</numerusform>
+            <numerusform>%Ln file lasciati come sono</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>tessary::AppListView</name>
     <message>
         <source>Apps</source>
@@ -2597,6 +2852,13 @@
     </message>
 </context>
 <context>
+    <name>tessary::SyncDialogs</name>
+    <message>
+        <source>Sync of %1</source>
+        <translation>Sincronizzazione di %1</translation>
+    </message>
+</context>
+<context>
     <name>tessary::SyncPairList</name>
     <message>
         <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
@@ -2632,6 +2894,26 @@
     <message>
         <source>Remove</source>
         <translation>Rimuovi</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Altro</translation>
+    </message>
+    <message>
+        <source>Not synced yet</source>
+        <translation>Non ancora sincronizzato</translation>
+    </message>
+    <message>
+        <source>Show What Will Happen</source>
+        <translation>Mostra cosa accadrà</translation>
+    </message>
+    <message>
+        <source>Reports…</source>
+        <translation>Rapporti…</translation>
+    </message>
+    <message>
+        <source>Edit…</source>
+        <translation>Modifica…</translation>
     </message>
 </context>
 <context>
@@ -2680,6 +2962,26 @@
         <source>Show What Will Happen</source>
         <translation>Mostra cosa accadrà</translation>
     </message>
+    <message>
+        <source>Sync whenever this phone is plugged in</source>
+        <translation>Sincronizza ogni volta che questo telefono viene collegato</translation>
+    </message>
+    <message>
+        <source>Edit This Pair</source>
+        <translation>Modifica questa coppia</translation>
+    </message>
+    <message>
+        <source>Left out</source>
+        <translation>Tralasciati</translation>
+    </message>
+    <message>
+        <source>One pattern a line, by the rules of .gitignore: *.tmp, /private/</source>
+        <translation>Un modello per riga, secondo le regole di .gitignore: *.tmp, /private/</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Salva</translation>
+    </message>
 </context>
 <context>
     <name>tessary::SyncPanel</name>
@@ -2699,40 +3001,8 @@
 <context>
     <name>tessary::SyncPreviewDialog</name>
     <message>
-        <source>Copy to the phone</source>
-        <translation>Copia sul telefono</translation>
-    </message>
-    <message>
-        <source>Copy to this computer</source>
-        <translation>Copia su questo computer</translation>
-    </message>
-    <message>
-        <source>Move to the phone</source>
-        <translation>Sposta sul telefono</translation>
-    </message>
-    <message>
-        <source>Move to this computer</source>
-        <translation>Sposta su questo computer</translation>
-    </message>
-    <message>
-        <source>Changed on both sides: keep both</source>
-        <translation>Modificato da entrambe le parti: mantieni entrambi</translation>
-    </message>
-    <message>
-        <source>Delete on the phone</source>
-        <translation>Elimina sul telefono</translation>
-    </message>
-    <message>
-        <source>Delete on this computer</source>
-        <translation>Elimina su questo computer</translation>
-    </message>
-    <message>
         <source>Leave as it is</source>
         <translation>Lascia com’è</translation>
-    </message>
-    <message>
-        <source>Skip</source>
-        <translation>Salta</translation>
     </message>
     <message>
         <source>What Will Happen</source>
@@ -2768,6 +3038,14 @@
             <numerusform>%Ln file da esaminare, %1 da copiare</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Keep this computer&apos;s</source>
+        <translation>Mantieni quella di questo computer</translation>
+    </message>
+    <message>
+        <source>Keep the phone&apos;s</source>
+        <translation>Mantieni quella del telefono</translation>
+    </message>
 </context>
 <context>
     <name>tessary::SyncQuestionDialog</name>
@@ -2794,10 +3072,6 @@
     <message>
         <source>Keep</source>
         <translation>Mantieni</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Annulla</translation>
     </message>
     <message>
         <source>Delete</source>
@@ -2829,6 +3103,45 @@
     <message>
         <source>The folder on this computer is gone</source>
         <translation>La cartella su questo computer non c’è più</translation>
+    </message>
+    <message>
+        <source>Stop, Change Nothing</source>
+        <translation>Ferma senza modificare nulla</translation>
+    </message>
+    <message>
+        <source>Folder Empty</source>
+        <translation>Cartella vuota</translation>
+    </message>
+    <message>
+        <source>Is everything to be copied there again?</source>
+        <translation>Copiare di nuovo tutto lì?</translation>
+    </message>
+    <message>
+        <source>Copy Everything Again</source>
+        <translation>Copia di nuovo tutto</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncReportDialog</name>
+    <message>
+        <source>Reports</source>
+        <translation>Rapporti</translation>
+    </message>
+    <message>
+        <source>Runs</source>
+        <translation>Esecuzioni</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>There is no report yet.</source>
+        <translation>Non c’è ancora alcun rapporto.</translation>
+    </message>
+    <message>
+        <source>What was done</source>
+        <translation>Cosa è stato fatto</translation>
     </message>
 </context>
 <context>

@@ -914,6 +914,110 @@
         <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
         <translation>ターボモードに必要な adb がインストールされていません。代わりに標準 MTP を使います。</translation>
     </message>
+    <message>
+        <source>“%1” changed while the folders were being synced. It was left as it is.</source>
+        <translation>フォルダの同期中に「%1」が変更されました。そのままにしてあります。</translation>
+    </message>
+    <message>
+        <source>it changed while the folders were being synced</source>
+        <translation>同期中に変更されました</translation>
+    </message>
+    <message>
+        <source>“%1” is a file on one side and a folder on the other.</source>
+        <translation>「%1」は一方ではファイル、もう一方ではフォルダです。</translation>
+    </message>
+    <message>
+        <source>it is a file on one side and a folder on the other</source>
+        <translation>片方ではファイル、もう片方ではフォルダです</translation>
+    </message>
+    <message>
+        <source>Another name differs from “%1” only in case or in the form of its letters.</source>
+        <translation>「%1」と大文字小文字または文字の形だけが違う名前があります。</translation>
+    </message>
+    <message>
+        <source>another name differs from it only in case or in the form of its letters</source>
+        <translation>大文字小文字または文字の表現だけが異なる名前が別にあります</translation>
+    </message>
+    <message>
+        <source>What is in the folder “%1” could not be read on one side.</source>
+        <translation>一方でフォルダ「%1」の中身を読み取れませんでした。</translation>
+    </message>
+    <message>
+        <source>its folder could not be read on one side</source>
+        <translation>一方でそのフォルダを読み取れませんでした</translation>
+    </message>
+    <message>
+        <source>The folder of “%1” holds something that could not be read.</source>
+        <translation>「%1」のフォルダに読み取れない項目があります。</translation>
+    </message>
+    <message>
+        <source>its folder holds something that could not be read</source>
+        <translation>そのフォルダに読み取れない項目があります</translation>
+    </message>
+    <message>
+        <source>“%1” was changed on the side that files are only copied to.</source>
+        <translation>「%1」はコピー先側で変更されました。</translation>
+    </message>
+    <message>
+        <source>it was changed on the side that files are only copied to</source>
+        <translation>コピー先側で変更されました</translation>
+    </message>
+    <message>
+        <source>“%1” was left as it is.</source>
+        <translation>「%1」はそのままにしました。</translation>
+    </message>
+    <message>
+        <source>it was to be left as it is</source>
+        <translation>そのままにするよう選ばれました</translation>
+    </message>
+    <message>
+        <source>The phone does not tell the size of “%1”.</source>
+        <translation>デバイスが「%1」のサイズを返しません。</translation>
+    </message>
+    <message>
+        <source>the phone does not tell its size</source>
+        <translation>デバイスがサイズを返しません</translation>
+    </message>
+    <message>
+        <source>The phone has several entries called “%1”.</source>
+        <translation>デバイスに「%1」という項目が複数あります。</translation>
+    </message>
+    <message>
+        <source>the phone has several entries of this name</source>
+        <translation>デバイスに同じ名前の項目が複数あります</translation>
+    </message>
+    <message>
+        <source>The folder “%1” lies too deep.</source>
+        <translation>フォルダ「%1」の階層が深すぎます。</translation>
+    </message>
+    <message>
+        <source>the folder lies too deep</source>
+        <translation>フォルダの階層が深すぎます</translation>
+    </message>
+    <message>
+        <source>Nothing was changed.</source>
+        <translation>何も変更していません。</translation>
+    </message>
+    <message>
+        <source>The folder “%1” was synced before and is gone.</source>
+        <translation>以前に同期したフォルダ「%1」がなくなっています。</translation>
+    </message>
+    <message>
+        <source>Plug its disk in, or make the folder again.</source>
+        <translation>そのディスクを接続するか、フォルダを作り直してください。</translation>
+    </message>
+    <message>
+        <source>What was synced could not be noted down in “%1”.</source>
+        <translation>同期した内容を「%1」に記録できませんでした。</translation>
+    </message>
+    <message>
+        <source>what was synced could not be noted down</source>
+        <translation>同期した内容を記録できませんでした</translation>
+    </message>
+    <message>
+        <source>The next sync cannot tell what was deleted since: it copies such files back.</source>
+        <translation>次回の同期ではその後の削除が分からず、それらのファイルをコピーし直します。</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>
@@ -2007,6 +2111,153 @@
     </message>
 </context>
 <context>
+    <name>SyncTexts</name>
+    <message>
+        <source>Copy to the phone</source>
+        <translation>デバイスにコピー</translation>
+    </message>
+    <message>
+        <source>Replace on the phone</source>
+        <translation>デバイスで置き換える</translation>
+    </message>
+    <message>
+        <source>Copy to this computer</source>
+        <translation>このコンピュータにコピー</translation>
+    </message>
+    <message>
+        <source>Replace on this computer</source>
+        <translation>このコンピュータで置き換える</translation>
+    </message>
+    <message>
+        <source>Move to the phone</source>
+        <translation>デバイスに移動</translation>
+    </message>
+    <message>
+        <source>Move to this computer</source>
+        <translation>このコンピュータに移動</translation>
+    </message>
+    <message>
+        <source>Keep both versions</source>
+        <translation>両方のバージョンを残す</translation>
+    </message>
+    <message>
+        <source>Delete on the phone</source>
+        <translation>デバイスで削除</translation>
+    </message>
+    <message>
+        <source>Delete on this computer</source>
+        <translation>このコンピュータで削除</translation>
+    </message>
+    <message>
+        <source>Rename on the phone</source>
+        <translation>デバイスで名前を変更</translation>
+    </message>
+    <message>
+        <source>Rename on this computer</source>
+        <translation>このコンピュータで名前を変更</translation>
+    </message>
+    <message>
+        <source>Connecting to device…</source>
+        <translation>デバイスに接続中…</translation>
+    </message>
+    <message>
+        <source>Waiting for another sync…</source>
+        <translation>ほかの同期を待っています…</translation>
+    </message>
+    <message>
+        <source>Scanning folders…</source>
+        <translation>フォルダを調べています…</translation>
+    </message>
+    <message>
+        <source>Awaiting deletion confirmation…</source>
+        <translation>削除の確認待ち…</translation>
+    </message>
+    <message>
+        <source>Analyzing files…</source>
+        <translation>ファイルを分析中…</translation>
+    </message>
+    <message>
+        <source>Starting transfer…</source>
+        <translation>転送を開始しています…</translation>
+    </message>
+    <message>
+        <source>Uploading</source>
+        <translation>アップロード中</translation>
+    </message>
+    <message>
+        <source>Downloading</source>
+        <translation>ダウンロード中</translation>
+    </message>
+    <message>
+        <source>Moving</source>
+        <translation>移動中</translation>
+    </message>
+    <message>
+        <source>Moving (already on destination)</source>
+        <translation>移動中 (移動先にすでにあります)</translation>
+    </message>
+    <message>
+        <source>Up to date</source>
+        <translation>最新の状態</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are deleted on the other after you agreed.</source>
+        <translation>新しいファイルと変更されたファイルが双方向にコピーされます。片方で削除されたファイルは、同意後にもう片方でも削除されます。</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are copied back.</source>
+        <translation>新しいファイルと変更されたファイルが双方向にコピーされます。片方で削除されたファイルはコピーし直されます。</translation>
+    </message>
+    <message>
+        <source>Files are moved to the phone: each is deleted here once it has arrived.</source>
+        <translation>ファイルはデバイスに移動されます。届いたものから、ここでは削除されます。</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied to the phone. Nothing is deleted.</source>
+        <translation>新しいファイルと変更されたファイルがデバイスにコピーされます。何も削除されません。</translation>
+    </message>
+    <message>
+        <source>Files are moved here: each is deleted on the phone once it has arrived.</source>
+        <translation>ファイルはここに移動されます。届いたものから、デバイスでは削除されます。</translation>
+    </message>
+    <message>
+        <source>New and changed files of the phone are copied here. Nothing is deleted.</source>
+        <translation>デバイスの新しいファイルと変更されたファイルがここにコピーされます。何も削除されません。</translation>
+    </message>
+    <message>
+        <source>Deleting</source>
+        <translation>削除中</translation>
+    </message>
+    <message numerus="yes">
+        <source>The folder on this computer is empty, although %Ln files were in it after the last sync. Is its disk missing?</source>
+        <translation>
+            <numerusform>前回の同期後には %Ln 個のファイルがあったのに、このコンピュータのフォルダは空です。ディスクが外れていませんか？</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The folder on the phone is empty, although %Ln files were in it after the last sync. Is its memory card missing?</source>
+        <translation>
+            <numerusform>前回の同期後には %Ln 個のファイルがあったのに、デバイスのフォルダは空です。メモリカードが外れていませんか？</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>More than half of the %Ln files of the last sync would be deleted.</source>
+        <translation>
+            <numerusform>前回同期した %Ln 個のファイルの半分以上が削除されます。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>キャンセル済み</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files were left as they are</source>
+        <translation>
+            <numerusform>%Ln 個のファイルはそのままにしました</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>tessary::AppListView</name>
     <message>
         <source>Apps</source>
@@ -2584,6 +2835,13 @@
     </message>
 </context>
 <context>
+    <name>tessary::SyncDialogs</name>
+    <message>
+        <source>Sync of %1</source>
+        <translation>%1 の同期</translation>
+    </message>
+</context>
+<context>
     <name>tessary::SyncPairList</name>
     <message>
         <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
@@ -2619,6 +2877,26 @@
     <message>
         <source>Remove</source>
         <translation>取り除く</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>その他</translation>
+    </message>
+    <message>
+        <source>Not synced yet</source>
+        <translation>まだ同期していません</translation>
+    </message>
+    <message>
+        <source>Show What Will Happen</source>
+        <translation>実行内容を表示</translation>
+    </message>
+    <message>
+        <source>Reports…</source>
+        <translation>レポート…</translation>
+    </message>
+    <message>
+        <source>Edit…</source>
+        <translation>編集…</translation>
     </message>
 </context>
 <context>
@@ -2667,6 +2945,26 @@
         <source>Show What Will Happen</source>
         <translation>実行内容を表示</translation>
     </message>
+    <message>
+        <source>Sync whenever this phone is plugged in</source>
+        <translation>このデバイスが接続されるたびに同期</translation>
+    </message>
+    <message>
+        <source>Edit This Pair</source>
+        <translation>この組み合わせを編集</translation>
+    </message>
+    <message>
+        <source>Left out</source>
+        <translation>除外</translation>
+    </message>
+    <message>
+        <source>One pattern a line, by the rules of .gitignore: *.tmp, /private/</source>
+        <translation>1 行に 1 パターン、.gitignore の規則: *.tmp, /private/</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
 </context>
 <context>
     <name>tessary::SyncPanel</name>
@@ -2686,40 +2984,8 @@
 <context>
     <name>tessary::SyncPreviewDialog</name>
     <message>
-        <source>Copy to the phone</source>
-        <translation>デバイスにコピー</translation>
-    </message>
-    <message>
-        <source>Copy to this computer</source>
-        <translation>このコンピュータにコピー</translation>
-    </message>
-    <message>
-        <source>Move to the phone</source>
-        <translation>デバイスに移動</translation>
-    </message>
-    <message>
-        <source>Move to this computer</source>
-        <translation>このコンピュータに移動</translation>
-    </message>
-    <message>
-        <source>Changed on both sides: keep both</source>
-        <translation>両方で変更されています: 両方を残す</translation>
-    </message>
-    <message>
-        <source>Delete on the phone</source>
-        <translation>デバイスで削除</translation>
-    </message>
-    <message>
-        <source>Delete on this computer</source>
-        <translation>このコンピュータで削除</translation>
-    </message>
-    <message>
         <source>Leave as it is</source>
         <translation>そのままにする</translation>
-    </message>
-    <message>
-        <source>Skip</source>
-        <translation>スキップ</translation>
     </message>
     <message>
         <source>What Will Happen</source>
@@ -2753,6 +3019,14 @@
             <numerusform>確認するファイル %Ln 個、コピーする量 %1</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Keep this computer&apos;s</source>
+        <translation>このコンピュータのものを残す</translation>
+    </message>
+    <message>
+        <source>Keep the phone&apos;s</source>
+        <translation>デバイスのものを残す</translation>
+    </message>
 </context>
 <context>
     <name>tessary::SyncQuestionDialog</name>
@@ -2779,10 +3053,6 @@
     <message>
         <source>Keep</source>
         <translation>残す</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>キャンセル</translation>
     </message>
     <message>
         <source>Delete</source>
@@ -2813,6 +3083,45 @@
     <message>
         <source>The folder on this computer is gone</source>
         <translation>このコンピュータのフォルダがなくなりました</translation>
+    </message>
+    <message>
+        <source>Stop, Change Nothing</source>
+        <translation>何も変更せずに停止</translation>
+    </message>
+    <message>
+        <source>Folder Empty</source>
+        <translation>フォルダが空です</translation>
+    </message>
+    <message>
+        <source>Is everything to be copied there again?</source>
+        <translation>すべてをそこへコピーし直しますか？</translation>
+    </message>
+    <message>
+        <source>Copy Everything Again</source>
+        <translation>すべてコピーし直す</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncReportDialog</name>
+    <message>
+        <source>Reports</source>
+        <translation>レポート</translation>
+    </message>
+    <message>
+        <source>Runs</source>
+        <translation>実行履歴</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>ファイル</translation>
+    </message>
+    <message>
+        <source>There is no report yet.</source>
+        <translation>レポートはまだありません。</translation>
+    </message>
+    <message>
+        <source>What was done</source>
+        <translation>実行した内容</translation>
     </message>
 </context>
 <context>

@@ -914,6 +914,110 @@
         <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
         <translation>터보 모드에 필요한 adb가 설치되어 있지 않습니다. 대신 표준 MTP로 휴대폰을 사용합니다.</translation>
     </message>
+    <message>
+        <source>“%1” changed while the folders were being synced. It was left as it is.</source>
+        <translation>폴더를 동기화하는 동안 “%1”이(가) 변경되어 그대로 두었습니다.</translation>
+    </message>
+    <message>
+        <source>it changed while the folders were being synced</source>
+        <translation>동기화하는 동안 변경됨</translation>
+    </message>
+    <message>
+        <source>“%1” is a file on one side and a folder on the other.</source>
+        <translation>“%1”은(는) 한쪽에서는 파일이고 다른 쪽에서는 폴더입니다.</translation>
+    </message>
+    <message>
+        <source>it is a file on one side and a folder on the other</source>
+        <translation>한쪽에서는 파일이고 다른 쪽에서는 폴더임</translation>
+    </message>
+    <message>
+        <source>Another name differs from “%1” only in case or in the form of its letters.</source>
+        <translation>“%1”과(와) 대소문자나 글자 형태만 다른 이름이 있습니다.</translation>
+    </message>
+    <message>
+        <source>another name differs from it only in case or in the form of its letters</source>
+        <translation>대소문자나 글자 형태만 다른 이름이 있음</translation>
+    </message>
+    <message>
+        <source>What is in the folder “%1” could not be read on one side.</source>
+        <translation>한쪽에서 “%1” 폴더의 내용을 읽을 수 없었습니다.</translation>
+    </message>
+    <message>
+        <source>its folder could not be read on one side</source>
+        <translation>한쪽에서 폴더를 읽을 수 없음</translation>
+    </message>
+    <message>
+        <source>The folder of “%1” holds something that could not be read.</source>
+        <translation>“%1”의 폴더에 읽을 수 없는 항목이 있습니다.</translation>
+    </message>
+    <message>
+        <source>its folder holds something that could not be read</source>
+        <translation>폴더에 읽을 수 없는 항목이 있음</translation>
+    </message>
+    <message>
+        <source>“%1” was changed on the side that files are only copied to.</source>
+        <translation>“%1”이(가) 복사만 받는 쪽에서 변경되었습니다.</translation>
+    </message>
+    <message>
+        <source>it was changed on the side that files are only copied to</source>
+        <translation>복사만 받는 쪽에서 변경됨</translation>
+    </message>
+    <message>
+        <source>“%1” was left as it is.</source>
+        <translation>“%1”을(를) 그대로 두었습니다.</translation>
+    </message>
+    <message>
+        <source>it was to be left as it is</source>
+        <translation>그대로 두도록 선택됨</translation>
+    </message>
+    <message>
+        <source>The phone does not tell the size of “%1”.</source>
+        <translation>휴대폰이 “%1”의 크기를 알려 주지 않습니다.</translation>
+    </message>
+    <message>
+        <source>the phone does not tell its size</source>
+        <translation>휴대폰이 크기를 알려 주지 않음</translation>
+    </message>
+    <message>
+        <source>The phone has several entries called “%1”.</source>
+        <translation>휴대폰에 이름이 “%1”인 항목이 여러 개 있습니다.</translation>
+    </message>
+    <message>
+        <source>the phone has several entries of this name</source>
+        <translation>휴대폰에 이 이름의 항목이 여러 개 있음</translation>
+    </message>
+    <message>
+        <source>The folder “%1” lies too deep.</source>
+        <translation>“%1” 폴더가 너무 깊은 곳에 있습니다.</translation>
+    </message>
+    <message>
+        <source>the folder lies too deep</source>
+        <translation>폴더가 너무 깊은 곳에 있음</translation>
+    </message>
+    <message>
+        <source>Nothing was changed.</source>
+        <translation>아무것도 변경하지 않았습니다.</translation>
+    </message>
+    <message>
+        <source>The folder “%1” was synced before and is gone.</source>
+        <translation>이전에 동기화한 “%1” 폴더가 없어졌습니다.</translation>
+    </message>
+    <message>
+        <source>Plug its disk in, or make the folder again.</source>
+        <translation>해당 디스크를 연결하거나 폴더를 다시 만드세요.</translation>
+    </message>
+    <message>
+        <source>What was synced could not be noted down in “%1”.</source>
+        <translation>동기화한 내용을 “%1”에 기록할 수 없었습니다.</translation>
+    </message>
+    <message>
+        <source>what was synced could not be noted down</source>
+        <translation>동기화한 내용을 기록할 수 없음</translation>
+    </message>
+    <message>
+        <source>The next sync cannot tell what was deleted since: it copies such files back.</source>
+        <translation>다음 동기화에서는 그 뒤에 삭제된 것을 알 수 없어 해당 파일을 다시 복사합니다.</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>
@@ -2007,6 +2111,153 @@
     </message>
 </context>
 <context>
+    <name>SyncTexts</name>
+    <message>
+        <source>Copy to the phone</source>
+        <translation>휴대폰으로 복사</translation>
+    </message>
+    <message>
+        <source>Replace on the phone</source>
+        <translation>휴대폰에서 대치</translation>
+    </message>
+    <message>
+        <source>Copy to this computer</source>
+        <translation>이 컴퓨터로 복사</translation>
+    </message>
+    <message>
+        <source>Replace on this computer</source>
+        <translation>이 컴퓨터에서 대치</translation>
+    </message>
+    <message>
+        <source>Move to the phone</source>
+        <translation>휴대폰으로 이동</translation>
+    </message>
+    <message>
+        <source>Move to this computer</source>
+        <translation>이 컴퓨터로 이동</translation>
+    </message>
+    <message>
+        <source>Keep both versions</source>
+        <translation>두 버전 모두 유지</translation>
+    </message>
+    <message>
+        <source>Delete on the phone</source>
+        <translation>휴대폰에서 삭제</translation>
+    </message>
+    <message>
+        <source>Delete on this computer</source>
+        <translation>이 컴퓨터에서 삭제</translation>
+    </message>
+    <message>
+        <source>Rename on the phone</source>
+        <translation>휴대폰에서 이름 변경</translation>
+    </message>
+    <message>
+        <source>Rename on this computer</source>
+        <translation>이 컴퓨터에서 이름 변경</translation>
+    </message>
+    <message>
+        <source>Connecting to device…</source>
+        <translation>기기에 연결하는 중…</translation>
+    </message>
+    <message>
+        <source>Waiting for another sync…</source>
+        <translation>다른 동기화를 기다리는 중…</translation>
+    </message>
+    <message>
+        <source>Scanning folders…</source>
+        <translation>폴더를 검사하는 중…</translation>
+    </message>
+    <message>
+        <source>Awaiting deletion confirmation…</source>
+        <translation>삭제 확인을 기다리는 중…</translation>
+    </message>
+    <message>
+        <source>Analyzing files…</source>
+        <translation>파일을 분석하는 중…</translation>
+    </message>
+    <message>
+        <source>Starting transfer…</source>
+        <translation>전송을 시작하는 중…</translation>
+    </message>
+    <message>
+        <source>Uploading</source>
+        <translation>업로드 중</translation>
+    </message>
+    <message>
+        <source>Downloading</source>
+        <translation>다운로드 중</translation>
+    </message>
+    <message>
+        <source>Moving</source>
+        <translation>이동 중</translation>
+    </message>
+    <message>
+        <source>Moving (already on destination)</source>
+        <translation>이동 중(대상에 이미 있음)</translation>
+    </message>
+    <message>
+        <source>Up to date</source>
+        <translation>최신 상태</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are deleted on the other after you agreed.</source>
+        <translation>새 파일과 변경된 파일이 양방향으로 복사됩니다. 한쪽에서 삭제된 파일은 동의하신 뒤 다른 쪽에서도 삭제됩니다.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are copied back.</source>
+        <translation>새 파일과 변경된 파일이 양방향으로 복사됩니다. 한쪽에서 삭제된 파일은 다시 복사됩니다.</translation>
+    </message>
+    <message>
+        <source>Files are moved to the phone: each is deleted here once it has arrived.</source>
+        <translation>파일이 휴대폰으로 이동합니다. 각 파일은 도착하면 여기서 삭제됩니다.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied to the phone. Nothing is deleted.</source>
+        <translation>새 파일과 변경된 파일이 휴대폰으로 복사됩니다. 아무것도 삭제되지 않습니다.</translation>
+    </message>
+    <message>
+        <source>Files are moved here: each is deleted on the phone once it has arrived.</source>
+        <translation>파일이 여기로 이동합니다. 각 파일은 도착하면 휴대폰에서 삭제됩니다.</translation>
+    </message>
+    <message>
+        <source>New and changed files of the phone are copied here. Nothing is deleted.</source>
+        <translation>휴대폰의 새 파일과 변경된 파일이 여기로 복사됩니다. 아무것도 삭제되지 않습니다.</translation>
+    </message>
+    <message>
+        <source>Deleting</source>
+        <translation>삭제 중</translation>
+    </message>
+    <message numerus="yes">
+        <source>The folder on this computer is empty, although %Ln files were in it after the last sync. Is its disk missing?</source>
+        <translation>
+            <numerusform>마지막 동기화 후 파일 %Ln개가 있었지만 이 컴퓨터의 폴더가 비어 있습니다. 디스크가 빠져 있나요?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The folder on the phone is empty, although %Ln files were in it after the last sync. Is its memory card missing?</source>
+        <translation>
+            <numerusform>마지막 동기화 후 파일 %Ln개가 있었지만 휴대폰의 폴더가 비어 있습니다. 메모리 카드가 빠져 있나요?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>More than half of the %Ln files of the last sync would be deleted.</source>
+        <translation>
+            <numerusform>마지막 동기화의 파일 %Ln개 중 절반 이상이 삭제됩니다.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>취소됨</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files were left as they are</source>
+        <translation>
+            <numerusform>파일 %Ln개를 그대로 두었습니다</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>tessary::AppListView</name>
     <message>
         <source>Apps</source>
@@ -2584,6 +2835,13 @@
     </message>
 </context>
 <context>
+    <name>tessary::SyncDialogs</name>
+    <message>
+        <source>Sync of %1</source>
+        <translation>%1 동기화</translation>
+    </message>
+</context>
+<context>
     <name>tessary::SyncPairList</name>
     <message>
         <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
@@ -2619,6 +2877,26 @@
     <message>
         <source>Remove</source>
         <translation>제거</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>더 보기</translation>
+    </message>
+    <message>
+        <source>Not synced yet</source>
+        <translation>아직 동기화되지 않음</translation>
+    </message>
+    <message>
+        <source>Show What Will Happen</source>
+        <translation>실행될 내용 보기</translation>
+    </message>
+    <message>
+        <source>Reports…</source>
+        <translation>보고서…</translation>
+    </message>
+    <message>
+        <source>Edit…</source>
+        <translation>편집…</translation>
     </message>
 </context>
 <context>
@@ -2667,6 +2945,26 @@
         <source>Show What Will Happen</source>
         <translation>실행될 내용 보기</translation>
     </message>
+    <message>
+        <source>Sync whenever this phone is plugged in</source>
+        <translation>이 휴대폰이 연결될 때마다 동기화</translation>
+    </message>
+    <message>
+        <source>Edit This Pair</source>
+        <translation>이 짝 편집</translation>
+    </message>
+    <message>
+        <source>Left out</source>
+        <translation>제외</translation>
+    </message>
+    <message>
+        <source>One pattern a line, by the rules of .gitignore: *.tmp, /private/</source>
+        <translation>한 줄에 패턴 하나, .gitignore 규칙: *.tmp, /private/</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>저장</translation>
+    </message>
 </context>
 <context>
     <name>tessary::SyncPanel</name>
@@ -2686,40 +2984,8 @@
 <context>
     <name>tessary::SyncPreviewDialog</name>
     <message>
-        <source>Copy to the phone</source>
-        <translation>휴대폰으로 복사</translation>
-    </message>
-    <message>
-        <source>Copy to this computer</source>
-        <translation>이 컴퓨터로 복사</translation>
-    </message>
-    <message>
-        <source>Move to the phone</source>
-        <translation>휴대폰으로 이동</translation>
-    </message>
-    <message>
-        <source>Move to this computer</source>
-        <translation>이 컴퓨터로 이동</translation>
-    </message>
-    <message>
-        <source>Changed on both sides: keep both</source>
-        <translation>양쪽에서 변경됨: 둘 다 유지</translation>
-    </message>
-    <message>
-        <source>Delete on the phone</source>
-        <translation>휴대폰에서 삭제</translation>
-    </message>
-    <message>
-        <source>Delete on this computer</source>
-        <translation>이 컴퓨터에서 삭제</translation>
-    </message>
-    <message>
         <source>Leave as it is</source>
         <translation>그대로 두기</translation>
-    </message>
-    <message>
-        <source>Skip</source>
-        <translation>건너뛰기</translation>
     </message>
     <message>
         <source>What Will Happen</source>
@@ -2753,6 +3019,14 @@
             <numerusform>확인할 파일 %Ln개, 복사할 양 %1</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Keep this computer&apos;s</source>
+        <translation>이 컴퓨터의 것 유지</translation>
+    </message>
+    <message>
+        <source>Keep the phone&apos;s</source>
+        <translation>휴대폰의 것 유지</translation>
+    </message>
 </context>
 <context>
     <name>tessary::SyncQuestionDialog</name>
@@ -2779,10 +3053,6 @@
     <message>
         <source>Keep</source>
         <translation>유지</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>취소</translation>
     </message>
     <message>
         <source>Delete</source>
@@ -2813,6 +3083,45 @@
     <message>
         <source>The folder on this computer is gone</source>
         <translation>이 컴퓨터의 폴더가 없어졌습니다</translation>
+    </message>
+    <message>
+        <source>Stop, Change Nothing</source>
+        <translation>아무것도 변경하지 않고 중지</translation>
+    </message>
+    <message>
+        <source>Folder Empty</source>
+        <translation>폴더가 비어 있음</translation>
+    </message>
+    <message>
+        <source>Is everything to be copied there again?</source>
+        <translation>모두 그곳에 다시 복사할까요?</translation>
+    </message>
+    <message>
+        <source>Copy Everything Again</source>
+        <translation>모두 다시 복사</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncReportDialog</name>
+    <message>
+        <source>Reports</source>
+        <translation>보고서</translation>
+    </message>
+    <message>
+        <source>Runs</source>
+        <translation>실행 기록</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>파일</translation>
+    </message>
+    <message>
+        <source>There is no report yet.</source>
+        <translation>아직 보고서가 없습니다.</translation>
+    </message>
+    <message>
+        <source>What was done</source>
+        <translation>실행한 내용</translation>
     </message>
 </context>
 <context>

@@ -917,6 +917,110 @@
         <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
         <translation>O modo turbo precisa do adb, que não está instalado. O telefone é usado por MTP padrão.</translation>
     </message>
+    <message>
+        <source>“%1” changed while the folders were being synced. It was left as it is.</source>
+        <translation>“%1” mudou enquanto as pastas eram sincronizadas. Ficou como está.</translation>
+    </message>
+    <message>
+        <source>it changed while the folders were being synced</source>
+        <translation>mudou durante a sincronização</translation>
+    </message>
+    <message>
+        <source>“%1” is a file on one side and a folder on the other.</source>
+        <translation>“%1” é um arquivo de um lado e uma pasta do outro.</translation>
+    </message>
+    <message>
+        <source>it is a file on one side and a folder on the other</source>
+        <translation>é um arquivo de um lado e uma pasta do outro</translation>
+    </message>
+    <message>
+        <source>Another name differs from “%1” only in case or in the form of its letters.</source>
+        <translation>Outro nome difere de “%1” só em maiúsculas ou na forma das letras.</translation>
+    </message>
+    <message>
+        <source>another name differs from it only in case or in the form of its letters</source>
+        <translation>outro nome só difere nas maiúsculas ou na forma das letras</translation>
+    </message>
+    <message>
+        <source>What is in the folder “%1” could not be read on one side.</source>
+        <translation>Não foi possível ler o conteúdo da pasta “%1” de um dos lados.</translation>
+    </message>
+    <message>
+        <source>its folder could not be read on one side</source>
+        <translation>não foi possível ler sua pasta de um dos lados</translation>
+    </message>
+    <message>
+        <source>The folder of “%1” holds something that could not be read.</source>
+        <translation>A pasta de “%1” contém algo que não pôde ser lido.</translation>
+    </message>
+    <message>
+        <source>its folder holds something that could not be read</source>
+        <translation>sua pasta contém algo que não pôde ser lido</translation>
+    </message>
+    <message>
+        <source>“%1” was changed on the side that files are only copied to.</source>
+        <translation>“%1” foi alterado do lado para o qual os arquivos só são copiados.</translation>
+    </message>
+    <message>
+        <source>it was changed on the side that files are only copied to</source>
+        <translation>foi alterado do lado para o qual os arquivos só são copiados</translation>
+    </message>
+    <message>
+        <source>“%1” was left as it is.</source>
+        <translation>“%1” ficou como está.</translation>
+    </message>
+    <message>
+        <source>it was to be left as it is</source>
+        <translation>devia ficar como está</translation>
+    </message>
+    <message>
+        <source>The phone does not tell the size of “%1”.</source>
+        <translation>O telefone não informa o tamanho de “%1”.</translation>
+    </message>
+    <message>
+        <source>the phone does not tell its size</source>
+        <translation>o telefone não informa o tamanho</translation>
+    </message>
+    <message>
+        <source>The phone has several entries called “%1”.</source>
+        <translation>O telefone tem vários itens chamados “%1”.</translation>
+    </message>
+    <message>
+        <source>the phone has several entries of this name</source>
+        <translation>o telefone tem vários itens com este nome</translation>
+    </message>
+    <message>
+        <source>The folder “%1” lies too deep.</source>
+        <translation>A pasta “%1” está em um nível profundo demais.</translation>
+    </message>
+    <message>
+        <source>the folder lies too deep</source>
+        <translation>a pasta está em um nível profundo demais</translation>
+    </message>
+    <message>
+        <source>Nothing was changed.</source>
+        <translation>Nada foi alterado.</translation>
+    </message>
+    <message>
+        <source>The folder “%1” was synced before and is gone.</source>
+        <translation>A pasta “%1” já foi sincronizada e sumiu.</translation>
+    </message>
+    <message>
+        <source>Plug its disk in, or make the folder again.</source>
+        <translation>Conecte o disco dela ou crie a pasta de novo.</translation>
+    </message>
+    <message>
+        <source>What was synced could not be noted down in “%1”.</source>
+        <translation>Não foi possível anotar em “%1” o que foi sincronizado.</translation>
+    </message>
+    <message>
+        <source>what was synced could not be noted down</source>
+        <translation>não foi possível anotar o que foi sincronizado</translation>
+    </message>
+    <message>
+        <source>The next sync cannot tell what was deleted since: it copies such files back.</source>
+        <translation>A próxima sincronização não saberá o que foi apagado desde então: copiará esses arquivos de volta.</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>
@@ -2013,6 +2117,157 @@
     </message>
 </context>
 <context>
+    <name>SyncTexts</name>
+    <message>
+        <source>Copy to the phone</source>
+        <translation>Copiar para o telefone</translation>
+    </message>
+    <message>
+        <source>Replace on the phone</source>
+        <translation>Substituir no telefone</translation>
+    </message>
+    <message>
+        <source>Copy to this computer</source>
+        <translation>Copiar para este computador</translation>
+    </message>
+    <message>
+        <source>Replace on this computer</source>
+        <translation>Substituir neste computador</translation>
+    </message>
+    <message>
+        <source>Move to the phone</source>
+        <translation>Mover para o telefone</translation>
+    </message>
+    <message>
+        <source>Move to this computer</source>
+        <translation>Mover para este computador</translation>
+    </message>
+    <message>
+        <source>Keep both versions</source>
+        <translation>Manter as duas versões</translation>
+    </message>
+    <message>
+        <source>Delete on the phone</source>
+        <translation>Apagar no telefone</translation>
+    </message>
+    <message>
+        <source>Delete on this computer</source>
+        <translation>Apagar neste computador</translation>
+    </message>
+    <message>
+        <source>Rename on the phone</source>
+        <translation>Renomear no telefone</translation>
+    </message>
+    <message>
+        <source>Rename on this computer</source>
+        <translation>Renomear neste computador</translation>
+    </message>
+    <message>
+        <source>Connecting to device…</source>
+        <translation>Conectando ao dispositivo…</translation>
+    </message>
+    <message>
+        <source>Waiting for another sync…</source>
+        <translation>Aguardando outra sincronização…</translation>
+    </message>
+    <message>
+        <source>Scanning folders…</source>
+        <translation>Examinando pastas…</translation>
+    </message>
+    <message>
+        <source>Awaiting deletion confirmation…</source>
+        <translation>Aguardando confirmação para apagar…</translation>
+    </message>
+    <message>
+        <source>Analyzing files…</source>
+        <translation>Analisando arquivos…</translation>
+    </message>
+    <message>
+        <source>Starting transfer…</source>
+        <translation>Iniciando a transferência…</translation>
+    </message>
+    <message>
+        <source>Uploading</source>
+        <translation>Enviando</translation>
+    </message>
+    <message>
+        <source>Downloading</source>
+        <translation>Baixando</translation>
+    </message>
+    <message>
+        <source>Moving</source>
+        <translation>Movendo</translation>
+    </message>
+    <message>
+        <source>Moving (already on destination)</source>
+        <translation>Movendo (já está no destino)</translation>
+    </message>
+    <message>
+        <source>Up to date</source>
+        <translation>Atualizado</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are deleted on the other after you agreed.</source>
+        <translation>Arquivos novos e alterados são copiados nos dois sentidos. Os apagados de um lado são apagados do outro depois que você concordar.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are copied back.</source>
+        <translation>Arquivos novos e alterados são copiados nos dois sentidos. Os apagados de um lado são copiados de volta.</translation>
+    </message>
+    <message>
+        <source>Files are moved to the phone: each is deleted here once it has arrived.</source>
+        <translation>Os arquivos são movidos para o telefone: cada um é apagado aqui depois de chegar.</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied to the phone. Nothing is deleted.</source>
+        <translation>Arquivos novos e alterados são copiados para o telefone. Nada é apagado.</translation>
+    </message>
+    <message>
+        <source>Files are moved here: each is deleted on the phone once it has arrived.</source>
+        <translation>Os arquivos são movidos para cá: cada um é apagado do telefone depois de chegar.</translation>
+    </message>
+    <message>
+        <source>New and changed files of the phone are copied here. Nothing is deleted.</source>
+        <translation>Arquivos novos e alterados do telefone são copiados para cá. Nada é apagado.</translation>
+    </message>
+    <message>
+        <source>Deleting</source>
+        <translation>Apagando</translation>
+    </message>
+    <message numerus="yes">
+        <source>The folder on this computer is empty, although %Ln files were in it after the last sync. Is its disk missing?</source>
+        <translation>
+            <numerusform>A pasta neste computador está vazia, embora tivesse %Ln arquivo após a última sincronização. O disco dela está faltando?</numerusform>
+            <numerusform>A pasta neste computador está vazia, embora tivesse %Ln arquivos após a última sincronização. O disco dela está faltando?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The folder on the phone is empty, although %Ln files were in it after the last sync. Is its memory card missing?</source>
+        <translation>
+            <numerusform>A pasta no telefone está vazia, embora tivesse %Ln arquivo após a última sincronização. O cartão de memória está faltando?</numerusform>
+            <numerusform>A pasta no telefone está vazia, embora tivesse %Ln arquivos após a última sincronização. O cartão de memória está faltando?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>More than half of the %Ln files of the last sync would be deleted.</source>
+        <translation>
+            <numerusform>Mais da metade do %Ln arquivo da última sincronização seria apagada.</numerusform>
+            <numerusform>Mais da metade dos %Ln arquivos da última sincronização seria apagada.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>Cancelado</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files were left as they are</source>
+        <translation>
+            <numerusform>%Ln arquivo ficou como está</numerusform>
+            <numerusform>%Ln arquivos ficaram como estão</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>tessary::AppListView</name>
     <message>
         <source>Apps</source>
@@ -2597,6 +2852,13 @@
     </message>
 </context>
 <context>
+    <name>tessary::SyncDialogs</name>
+    <message>
+        <source>Sync of %1</source>
+        <translation>Sincronização de %1</translation>
+    </message>
+</context>
+<context>
     <name>tessary::SyncPairList</name>
     <message>
         <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
@@ -2632,6 +2894,26 @@
     <message>
         <source>Remove</source>
         <translation>Remover</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Mais</translation>
+    </message>
+    <message>
+        <source>Not synced yet</source>
+        <translation>Ainda não sincronizado</translation>
+    </message>
+    <message>
+        <source>Show What Will Happen</source>
+        <translation>Mostrar o que vai acontecer</translation>
+    </message>
+    <message>
+        <source>Reports…</source>
+        <translation>Relatórios…</translation>
+    </message>
+    <message>
+        <source>Edit…</source>
+        <translation>Editar…</translation>
     </message>
 </context>
 <context>
@@ -2680,6 +2962,26 @@
         <source>Show What Will Happen</source>
         <translation>Mostrar o que vai acontecer</translation>
     </message>
+    <message>
+        <source>Sync whenever this phone is plugged in</source>
+        <translation>Sincronizar sempre que este telefone for conectado</translation>
+    </message>
+    <message>
+        <source>Edit This Pair</source>
+        <translation>Editar este par</translation>
+    </message>
+    <message>
+        <source>Left out</source>
+        <translation>Deixado de fora</translation>
+    </message>
+    <message>
+        <source>One pattern a line, by the rules of .gitignore: *.tmp, /private/</source>
+        <translation>Um padrão por linha, pelas regras do .gitignore: *.tmp, /private/</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Salvar</translation>
+    </message>
 </context>
 <context>
     <name>tessary::SyncPanel</name>
@@ -2699,40 +3001,8 @@
 <context>
     <name>tessary::SyncPreviewDialog</name>
     <message>
-        <source>Copy to the phone</source>
-        <translation>Copiar para o telefone</translation>
-    </message>
-    <message>
-        <source>Copy to this computer</source>
-        <translation>Copiar para este computador</translation>
-    </message>
-    <message>
-        <source>Move to the phone</source>
-        <translation>Mover para o telefone</translation>
-    </message>
-    <message>
-        <source>Move to this computer</source>
-        <translation>Mover para este computador</translation>
-    </message>
-    <message>
-        <source>Changed on both sides: keep both</source>
-        <translation>Alterado nos dois lados: manter ambos</translation>
-    </message>
-    <message>
-        <source>Delete on the phone</source>
-        <translation>Apagar no telefone</translation>
-    </message>
-    <message>
-        <source>Delete on this computer</source>
-        <translation>Apagar neste computador</translation>
-    </message>
-    <message>
         <source>Leave as it is</source>
         <translation>Deixar como está</translation>
-    </message>
-    <message>
-        <source>Skip</source>
-        <translation>Pular</translation>
     </message>
     <message>
         <source>What Will Happen</source>
@@ -2768,6 +3038,14 @@
             <numerusform>%Ln arquivos a examinar, %1 a copiar</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Keep this computer&apos;s</source>
+        <translation>Manter a deste computador</translation>
+    </message>
+    <message>
+        <source>Keep the phone&apos;s</source>
+        <translation>Manter a do telefone</translation>
+    </message>
 </context>
 <context>
     <name>tessary::SyncQuestionDialog</name>
@@ -2794,10 +3072,6 @@
     <message>
         <source>Keep</source>
         <translation>Manter</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Cancelar</translation>
     </message>
     <message>
         <source>Delete</source>
@@ -2829,6 +3103,45 @@
     <message>
         <source>The folder on this computer is gone</source>
         <translation>A pasta neste computador sumiu</translation>
+    </message>
+    <message>
+        <source>Stop, Change Nothing</source>
+        <translation>Parar sem alterar nada</translation>
+    </message>
+    <message>
+        <source>Folder Empty</source>
+        <translation>Pasta vazia</translation>
+    </message>
+    <message>
+        <source>Is everything to be copied there again?</source>
+        <translation>Copiar tudo para lá de novo?</translation>
+    </message>
+    <message>
+        <source>Copy Everything Again</source>
+        <translation>Copiar tudo de novo</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncReportDialog</name>
+    <message>
+        <source>Reports</source>
+        <translation>Relatórios</translation>
+    </message>
+    <message>
+        <source>Runs</source>
+        <translation>Execuções</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>Arquivos</translation>
+    </message>
+    <message>
+        <source>There is no report yet.</source>
+        <translation>Ainda não há relatório.</translation>
+    </message>
+    <message>
+        <source>What was done</source>
+        <translation>O que foi feito</translation>
     </message>
 </context>
 <context>

@@ -914,6 +914,110 @@
         <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
         <translation>极速模式需要 adb，但尚未安装。现改用标准 MTP。</translation>
     </message>
+    <message>
+        <source>“%1” changed while the folders were being synced. It was left as it is.</source>
+        <translation>同步文件夹时“%1”发生了更改，已保持原样。</translation>
+    </message>
+    <message>
+        <source>it changed while the folders were being synced</source>
+        <translation>在同步期间发生了更改</translation>
+    </message>
+    <message>
+        <source>“%1” is a file on one side and a folder on the other.</source>
+        <translation>“%1”在一侧是文件，在另一侧是文件夹。</translation>
+    </message>
+    <message>
+        <source>it is a file on one side and a folder on the other</source>
+        <translation>它在一侧是文件，在另一侧是文件夹</translation>
+    </message>
+    <message>
+        <source>Another name differs from “%1” only in case or in the form of its letters.</source>
+        <translation>另一个名称与“%1”仅大小写或字符形式不同。</translation>
+    </message>
+    <message>
+        <source>another name differs from it only in case or in the form of its letters</source>
+        <translation>另一个名称仅大小写或字母形式不同</translation>
+    </message>
+    <message>
+        <source>What is in the folder “%1” could not be read on one side.</source>
+        <translation>在其中一侧无法读取文件夹“%1”的内容。</translation>
+    </message>
+    <message>
+        <source>its folder could not be read on one side</source>
+        <translation>在其中一侧无法读取其文件夹</translation>
+    </message>
+    <message>
+        <source>The folder of “%1” holds something that could not be read.</source>
+        <translation>“%1”所在的文件夹中有无法读取的项。</translation>
+    </message>
+    <message>
+        <source>its folder holds something that could not be read</source>
+        <translation>其文件夹中有无法读取的项</translation>
+    </message>
+    <message>
+        <source>“%1” was changed on the side that files are only copied to.</source>
+        <translation>“%1”在仅接收复制的一侧被更改。</translation>
+    </message>
+    <message>
+        <source>it was changed on the side that files are only copied to</source>
+        <translation>在仅接收复制的一侧被更改</translation>
+    </message>
+    <message>
+        <source>“%1” was left as it is.</source>
+        <translation>“%1”已保持原样。</translation>
+    </message>
+    <message>
+        <source>it was to be left as it is</source>
+        <translation>已选择保持原样</translation>
+    </message>
+    <message>
+        <source>The phone does not tell the size of “%1”.</source>
+        <translation>手机未提供“%1”的大小。</translation>
+    </message>
+    <message>
+        <source>the phone does not tell its size</source>
+        <translation>手机未提供其大小</translation>
+    </message>
+    <message>
+        <source>The phone has several entries called “%1”.</source>
+        <translation>手机上有多个名为“%1”的项。</translation>
+    </message>
+    <message>
+        <source>the phone has several entries of this name</source>
+        <translation>手机上有多个同名的项</translation>
+    </message>
+    <message>
+        <source>The folder “%1” lies too deep.</source>
+        <translation>文件夹“%1”的层级过深。</translation>
+    </message>
+    <message>
+        <source>the folder lies too deep</source>
+        <translation>文件夹的层级过深</translation>
+    </message>
+    <message>
+        <source>Nothing was changed.</source>
+        <translation>未做任何更改。</translation>
+    </message>
+    <message>
+        <source>The folder “%1” was synced before and is gone.</source>
+        <translation>以前同步过的文件夹“%1”已不存在。</translation>
+    </message>
+    <message>
+        <source>Plug its disk in, or make the folder again.</source>
+        <translation>请连接其磁盘，或重新创建该文件夹。</translation>
+    </message>
+    <message>
+        <source>What was synced could not be noted down in “%1”.</source>
+        <translation>无法将同步内容记录到“%1”。</translation>
+    </message>
+    <message>
+        <source>what was synced could not be noted down</source>
+        <translation>无法记录同步内容</translation>
+    </message>
+    <message>
+        <source>The next sync cannot tell what was deleted since: it copies such files back.</source>
+        <translation>下次同步无法得知此后删除了什么：会将这些文件复制回来。</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>
@@ -2007,6 +2111,153 @@
     </message>
 </context>
 <context>
+    <name>SyncTexts</name>
+    <message>
+        <source>Copy to the phone</source>
+        <translation>复制到手机</translation>
+    </message>
+    <message>
+        <source>Replace on the phone</source>
+        <translation>在手机上替换</translation>
+    </message>
+    <message>
+        <source>Copy to this computer</source>
+        <translation>复制到此电脑</translation>
+    </message>
+    <message>
+        <source>Replace on this computer</source>
+        <translation>在此电脑上替换</translation>
+    </message>
+    <message>
+        <source>Move to the phone</source>
+        <translation>移到手机</translation>
+    </message>
+    <message>
+        <source>Move to this computer</source>
+        <translation>移到此电脑</translation>
+    </message>
+    <message>
+        <source>Keep both versions</source>
+        <translation>保留两个版本</translation>
+    </message>
+    <message>
+        <source>Delete on the phone</source>
+        <translation>在手机上删除</translation>
+    </message>
+    <message>
+        <source>Delete on this computer</source>
+        <translation>在此电脑上删除</translation>
+    </message>
+    <message>
+        <source>Rename on the phone</source>
+        <translation>在手机上重命名</translation>
+    </message>
+    <message>
+        <source>Rename on this computer</source>
+        <translation>在此电脑上重命名</translation>
+    </message>
+    <message>
+        <source>Connecting to device…</source>
+        <translation>正在连接设备…</translation>
+    </message>
+    <message>
+        <source>Waiting for another sync…</source>
+        <translation>正在等待另一个同步…</translation>
+    </message>
+    <message>
+        <source>Scanning folders…</source>
+        <translation>正在扫描文件夹…</translation>
+    </message>
+    <message>
+        <source>Awaiting deletion confirmation…</source>
+        <translation>正在等待确认删除…</translation>
+    </message>
+    <message>
+        <source>Analyzing files…</source>
+        <translation>正在分析文件…</translation>
+    </message>
+    <message>
+        <source>Starting transfer…</source>
+        <translation>正在开始传输…</translation>
+    </message>
+    <message>
+        <source>Uploading</source>
+        <translation>正在上传</translation>
+    </message>
+    <message>
+        <source>Downloading</source>
+        <translation>正在下载</translation>
+    </message>
+    <message>
+        <source>Moving</source>
+        <translation>正在移动</translation>
+    </message>
+    <message>
+        <source>Moving (already on destination)</source>
+        <translation>正在移动（已在目标处）</translation>
+    </message>
+    <message>
+        <source>Up to date</source>
+        <translation>已是最新</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are deleted on the other after you agreed.</source>
+        <translation>新文件和更改过的文件会双向复制。在一侧删除的文件，经您同意后也会在另一侧删除。</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are copied back.</source>
+        <translation>新文件和更改过的文件会双向复制。在一侧删除的文件会复制回去。</translation>
+    </message>
+    <message>
+        <source>Files are moved to the phone: each is deleted here once it has arrived.</source>
+        <translation>文件会移到手机：每个文件到达后即从此处删除。</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied to the phone. Nothing is deleted.</source>
+        <translation>新文件和更改过的文件会复制到手机。不会删除任何内容。</translation>
+    </message>
+    <message>
+        <source>Files are moved here: each is deleted on the phone once it has arrived.</source>
+        <translation>文件会移到此处：每个文件到达后即从手机中删除。</translation>
+    </message>
+    <message>
+        <source>New and changed files of the phone are copied here. Nothing is deleted.</source>
+        <translation>手机上的新文件和更改过的文件会复制到此处。不会删除任何内容。</translation>
+    </message>
+    <message>
+        <source>Deleting</source>
+        <translation>正在删除</translation>
+    </message>
+    <message numerus="yes">
+        <source>The folder on this computer is empty, although %Ln files were in it after the last sync. Is its disk missing?</source>
+        <translation>
+            <numerusform>此电脑上的文件夹为空，而上次同步后其中有 %Ln 个文件。是否缺少其磁盘？</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The folder on the phone is empty, although %Ln files were in it after the last sync. Is its memory card missing?</source>
+        <translation>
+            <numerusform>手机上的文件夹为空，而上次同步后其中有 %Ln 个文件。是否缺少存储卡？</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>More than half of the %Ln files of the last sync would be deleted.</source>
+        <translation>
+            <numerusform>上次同步的 %Ln 个文件中有一半以上将被删除。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>已取消</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files were left as they are</source>
+        <translation>
+            <numerusform>%Ln 个文件保持原样</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>tessary::AppListView</name>
     <message>
         <source>Apps</source>
@@ -2584,6 +2835,13 @@
     </message>
 </context>
 <context>
+    <name>tessary::SyncDialogs</name>
+    <message>
+        <source>Sync of %1</source>
+        <translation>%1 的同步</translation>
+    </message>
+</context>
+<context>
     <name>tessary::SyncPairList</name>
     <message>
         <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
@@ -2619,6 +2877,26 @@
     <message>
         <source>Remove</source>
         <translation>移除</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>更多</translation>
+    </message>
+    <message>
+        <source>Not synced yet</source>
+        <translation>尚未同步</translation>
+    </message>
+    <message>
+        <source>Show What Will Happen</source>
+        <translation>显示将要进行的操作</translation>
+    </message>
+    <message>
+        <source>Reports…</source>
+        <translation>报告…</translation>
+    </message>
+    <message>
+        <source>Edit…</source>
+        <translation>编辑…</translation>
     </message>
 </context>
 <context>
@@ -2667,6 +2945,26 @@
         <source>Show What Will Happen</source>
         <translation>显示将要进行的操作</translation>
     </message>
+    <message>
+        <source>Sync whenever this phone is plugged in</source>
+        <translation>每次连接此手机时同步</translation>
+    </message>
+    <message>
+        <source>Edit This Pair</source>
+        <translation>编辑此配对</translation>
+    </message>
+    <message>
+        <source>Left out</source>
+        <translation>忽略</translation>
+    </message>
+    <message>
+        <source>One pattern a line, by the rules of .gitignore: *.tmp, /private/</source>
+        <translation>每行一个模式，按 .gitignore 规则：*.tmp, /private/</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
 </context>
 <context>
     <name>tessary::SyncPanel</name>
@@ -2686,40 +2984,8 @@
 <context>
     <name>tessary::SyncPreviewDialog</name>
     <message>
-        <source>Copy to the phone</source>
-        <translation>复制到手机</translation>
-    </message>
-    <message>
-        <source>Copy to this computer</source>
-        <translation>复制到此电脑</translation>
-    </message>
-    <message>
-        <source>Move to the phone</source>
-        <translation>移到手机</translation>
-    </message>
-    <message>
-        <source>Move to this computer</source>
-        <translation>移到此电脑</translation>
-    </message>
-    <message>
-        <source>Changed on both sides: keep both</source>
-        <translation>两侧均已更改：保留两者</translation>
-    </message>
-    <message>
-        <source>Delete on the phone</source>
-        <translation>在手机上删除</translation>
-    </message>
-    <message>
-        <source>Delete on this computer</source>
-        <translation>在此电脑上删除</translation>
-    </message>
-    <message>
         <source>Leave as it is</source>
         <translation>保持不变</translation>
-    </message>
-    <message>
-        <source>Skip</source>
-        <translation>跳过</translation>
     </message>
     <message>
         <source>What Will Happen</source>
@@ -2753,6 +3019,14 @@
             <numerusform>需检查 %Ln 个文件，需复制 %1</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Keep this computer&apos;s</source>
+        <translation>保留此电脑的版本</translation>
+    </message>
+    <message>
+        <source>Keep the phone&apos;s</source>
+        <translation>保留手机的版本</translation>
+    </message>
 </context>
 <context>
     <name>tessary::SyncQuestionDialog</name>
@@ -2779,10 +3053,6 @@
     <message>
         <source>Keep</source>
         <translation>保留</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>取消</translation>
     </message>
     <message>
         <source>Delete</source>
@@ -2813,6 +3083,45 @@
     <message>
         <source>The folder on this computer is gone</source>
         <translation>此电脑上的文件夹已不存在</translation>
+    </message>
+    <message>
+        <source>Stop, Change Nothing</source>
+        <translation>停止，不做任何更改</translation>
+    </message>
+    <message>
+        <source>Folder Empty</source>
+        <translation>文件夹为空</translation>
+    </message>
+    <message>
+        <source>Is everything to be copied there again?</source>
+        <translation>要将所有内容重新复制到那里吗？</translation>
+    </message>
+    <message>
+        <source>Copy Everything Again</source>
+        <translation>全部重新复制</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncReportDialog</name>
+    <message>
+        <source>Reports</source>
+        <translation>报告</translation>
+    </message>
+    <message>
+        <source>Runs</source>
+        <translation>运行记录</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>文件列表</translation>
+    </message>
+    <message>
+        <source>There is no report yet.</source>
+        <translation>尚无报告。</translation>
+    </message>
+    <message>
+        <source>What was done</source>
+        <translation>执行内容</translation>
     </message>
 </context>
 <context>

@@ -914,6 +914,110 @@
         <source>Turbo mode needs adb, which is not installed. The phone is used over Standard MTP instead.</source>
         <translation>極速模式需要 adb，但尚未安裝。現改用標準 MTP。</translation>
     </message>
+    <message>
+        <source>“%1” changed while the folders were being synced. It was left as it is.</source>
+        <translation>同步資料夾時「%1」發生了變更，已保持原樣。</translation>
+    </message>
+    <message>
+        <source>it changed while the folders were being synced</source>
+        <translation>在同步期間發生了變更</translation>
+    </message>
+    <message>
+        <source>“%1” is a file on one side and a folder on the other.</source>
+        <translation>「%1」在一側是檔案，在另一側是資料夾。</translation>
+    </message>
+    <message>
+        <source>it is a file on one side and a folder on the other</source>
+        <translation>它在一側是檔案，在另一側是資料夾</translation>
+    </message>
+    <message>
+        <source>Another name differs from “%1” only in case or in the form of its letters.</source>
+        <translation>另一個名稱與「%1」僅大小寫或字元形式不同。</translation>
+    </message>
+    <message>
+        <source>another name differs from it only in case or in the form of its letters</source>
+        <translation>另一個名稱僅大小寫或字母形式不同</translation>
+    </message>
+    <message>
+        <source>What is in the folder “%1” could not be read on one side.</source>
+        <translation>在其中一側無法讀取資料夾「%1」的內容。</translation>
+    </message>
+    <message>
+        <source>its folder could not be read on one side</source>
+        <translation>在其中一側無法讀取其資料夾</translation>
+    </message>
+    <message>
+        <source>The folder of “%1” holds something that could not be read.</source>
+        <translation>「%1」所在的資料夾中有無法讀取的項。</translation>
+    </message>
+    <message>
+        <source>its folder holds something that could not be read</source>
+        <translation>其資料夾中有無法讀取的項</translation>
+    </message>
+    <message>
+        <source>“%1” was changed on the side that files are only copied to.</source>
+        <translation>「%1」在僅接收複製的一側被變更。</translation>
+    </message>
+    <message>
+        <source>it was changed on the side that files are only copied to</source>
+        <translation>在僅接收複製的一側被變更</translation>
+    </message>
+    <message>
+        <source>“%1” was left as it is.</source>
+        <translation>「%1」已保持原樣。</translation>
+    </message>
+    <message>
+        <source>it was to be left as it is</source>
+        <translation>已選擇保持原樣</translation>
+    </message>
+    <message>
+        <source>The phone does not tell the size of “%1”.</source>
+        <translation>手機未提供「%1」的大小。</translation>
+    </message>
+    <message>
+        <source>the phone does not tell its size</source>
+        <translation>手機未提供其大小</translation>
+    </message>
+    <message>
+        <source>The phone has several entries called “%1”.</source>
+        <translation>手機上有多個名為「%1」的項。</translation>
+    </message>
+    <message>
+        <source>the phone has several entries of this name</source>
+        <translation>手機上有多個同名的項</translation>
+    </message>
+    <message>
+        <source>The folder “%1” lies too deep.</source>
+        <translation>資料夾「%1」的層級過深。</translation>
+    </message>
+    <message>
+        <source>the folder lies too deep</source>
+        <translation>資料夾的層級過深</translation>
+    </message>
+    <message>
+        <source>Nothing was changed.</source>
+        <translation>未做任何變更。</translation>
+    </message>
+    <message>
+        <source>The folder “%1” was synced before and is gone.</source>
+        <translation>以前同步過的資料夾「%1」已不存在。</translation>
+    </message>
+    <message>
+        <source>Plug its disk in, or make the folder again.</source>
+        <translation>請連接其磁碟，或重新建立該資料夾。</translation>
+    </message>
+    <message>
+        <source>What was synced could not be noted down in “%1”.</source>
+        <translation>無法將同步內容記錄到「%1」。</translation>
+    </message>
+    <message>
+        <source>what was synced could not be noted down</source>
+        <translation>無法記錄同步內容</translation>
+    </message>
+    <message>
+        <source>The next sync cannot tell what was deleted since: it copies such files back.</source>
+        <translation>下次同步無法得知此後刪除了什麼：會將這些檔案複製回來。</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>
@@ -2007,6 +2111,153 @@
     </message>
 </context>
 <context>
+    <name>SyncTexts</name>
+    <message>
+        <source>Copy to the phone</source>
+        <translation>複製到手機</translation>
+    </message>
+    <message>
+        <source>Replace on the phone</source>
+        <translation>在手機上取代</translation>
+    </message>
+    <message>
+        <source>Copy to this computer</source>
+        <translation>複製到此電腦</translation>
+    </message>
+    <message>
+        <source>Replace on this computer</source>
+        <translation>在此電腦上取代</translation>
+    </message>
+    <message>
+        <source>Move to the phone</source>
+        <translation>移到手機</translation>
+    </message>
+    <message>
+        <source>Move to this computer</source>
+        <translation>移到此電腦</translation>
+    </message>
+    <message>
+        <source>Keep both versions</source>
+        <translation>保留兩個版本</translation>
+    </message>
+    <message>
+        <source>Delete on the phone</source>
+        <translation>在手機上刪除</translation>
+    </message>
+    <message>
+        <source>Delete on this computer</source>
+        <translation>在此電腦上刪除</translation>
+    </message>
+    <message>
+        <source>Rename on the phone</source>
+        <translation>在手機上重新命名</translation>
+    </message>
+    <message>
+        <source>Rename on this computer</source>
+        <translation>在此電腦上重新命名</translation>
+    </message>
+    <message>
+        <source>Connecting to device…</source>
+        <translation>正在連接裝置…</translation>
+    </message>
+    <message>
+        <source>Waiting for another sync…</source>
+        <translation>正在等待另一個同步…</translation>
+    </message>
+    <message>
+        <source>Scanning folders…</source>
+        <translation>正在掃描資料夾…</translation>
+    </message>
+    <message>
+        <source>Awaiting deletion confirmation…</source>
+        <translation>正在等待確認刪除…</translation>
+    </message>
+    <message>
+        <source>Analyzing files…</source>
+        <translation>正在分析檔案…</translation>
+    </message>
+    <message>
+        <source>Starting transfer…</source>
+        <translation>正在開始傳輸…</translation>
+    </message>
+    <message>
+        <source>Uploading</source>
+        <translation>正在上傳</translation>
+    </message>
+    <message>
+        <source>Downloading</source>
+        <translation>正在下載</translation>
+    </message>
+    <message>
+        <source>Moving</source>
+        <translation>正在移動</translation>
+    </message>
+    <message>
+        <source>Moving (already on destination)</source>
+        <translation>正在移動（已在目標處）</translation>
+    </message>
+    <message>
+        <source>Up to date</source>
+        <translation>已是最新</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are deleted on the other after you agreed.</source>
+        <translation>新檔案和更改過的檔案會雙向複製。在一側刪除的檔案，經您同意後也會在另一側刪除。</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied both ways. Files deleted on one side are copied back.</source>
+        <translation>新檔案和更改過的檔案會雙向複製。在一側刪除的檔案會複製回去。</translation>
+    </message>
+    <message>
+        <source>Files are moved to the phone: each is deleted here once it has arrived.</source>
+        <translation>檔案會移到手機：每個檔案到達後即從此處刪除。</translation>
+    </message>
+    <message>
+        <source>New and changed files are copied to the phone. Nothing is deleted.</source>
+        <translation>新檔案和更改過的檔案會複製到手機。不會刪除任何內容。</translation>
+    </message>
+    <message>
+        <source>Files are moved here: each is deleted on the phone once it has arrived.</source>
+        <translation>檔案會移到此處：每個檔案到達後即從手機中刪除。</translation>
+    </message>
+    <message>
+        <source>New and changed files of the phone are copied here. Nothing is deleted.</source>
+        <translation>手機上的新檔案和更改過的檔案會複製到此處。不會刪除任何內容。</translation>
+    </message>
+    <message>
+        <source>Deleting</source>
+        <translation>正在刪除</translation>
+    </message>
+    <message numerus="yes">
+        <source>The folder on this computer is empty, although %Ln files were in it after the last sync. Is its disk missing?</source>
+        <translation>
+            <numerusform>此電腦上的資料夾是空的，而上次同步後其中有 %Ln 個檔案。是否缺少其磁碟？</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The folder on the phone is empty, although %Ln files were in it after the last sync. Is its memory card missing?</source>
+        <translation>
+            <numerusform>手機上的資料夾是空的，而上次同步後其中有 %Ln 個檔案。是否缺少記憶卡？</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>More than half of the %Ln files of the last sync would be deleted.</source>
+        <translation>
+            <numerusform>上次同步的 %Ln 個檔案中有一半以上將被刪除。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>已取消</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files were left as they are</source>
+        <translation>
+            <numerusform>%Ln 個檔案保持原樣</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>tessary::AppListView</name>
     <message>
         <source>Apps</source>
@@ -2584,6 +2835,13 @@
     </message>
 </context>
 <context>
+    <name>tessary::SyncDialogs</name>
+    <message>
+        <source>Sync of %1</source>
+        <translation>%1 的同步</translation>
+    </message>
+</context>
+<context>
     <name>tessary::SyncPairList</name>
     <message>
         <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
@@ -2619,6 +2877,26 @@
     <message>
         <source>Remove</source>
         <translation>移除</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>更多</translation>
+    </message>
+    <message>
+        <source>Not synced yet</source>
+        <translation>尚未同步</translation>
+    </message>
+    <message>
+        <source>Show What Will Happen</source>
+        <translation>顯示將要進行的動作</translation>
+    </message>
+    <message>
+        <source>Reports…</source>
+        <translation>報告…</translation>
+    </message>
+    <message>
+        <source>Edit…</source>
+        <translation>編輯…</translation>
     </message>
 </context>
 <context>
@@ -2667,6 +2945,26 @@
         <source>Show What Will Happen</source>
         <translation>顯示將要進行的動作</translation>
     </message>
+    <message>
+        <source>Sync whenever this phone is plugged in</source>
+        <translation>每次連接此手機時同步</translation>
+    </message>
+    <message>
+        <source>Edit This Pair</source>
+        <translation>編輯此配對</translation>
+    </message>
+    <message>
+        <source>Left out</source>
+        <translation>略過</translation>
+    </message>
+    <message>
+        <source>One pattern a line, by the rules of .gitignore: *.tmp, /private/</source>
+        <translation>每行一個模式，按 .gitignore 規則：*.tmp, /private/</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>儲存</translation>
+    </message>
 </context>
 <context>
     <name>tessary::SyncPanel</name>
@@ -2686,40 +2984,8 @@
 <context>
     <name>tessary::SyncPreviewDialog</name>
     <message>
-        <source>Copy to the phone</source>
-        <translation>複製到手機</translation>
-    </message>
-    <message>
-        <source>Copy to this computer</source>
-        <translation>複製到此電腦</translation>
-    </message>
-    <message>
-        <source>Move to the phone</source>
-        <translation>移到手機</translation>
-    </message>
-    <message>
-        <source>Move to this computer</source>
-        <translation>移到此電腦</translation>
-    </message>
-    <message>
-        <source>Changed on both sides: keep both</source>
-        <translation>兩側均已更改：保留兩者</translation>
-    </message>
-    <message>
-        <source>Delete on the phone</source>
-        <translation>在手機上刪除</translation>
-    </message>
-    <message>
-        <source>Delete on this computer</source>
-        <translation>在此電腦上刪除</translation>
-    </message>
-    <message>
         <source>Leave as it is</source>
         <translation>保持不變</translation>
-    </message>
-    <message>
-        <source>Skip</source>
-        <translation>略過</translation>
     </message>
     <message>
         <source>What Will Happen</source>
@@ -2753,6 +3019,14 @@
             <numerusform>需檢查 %Ln 個檔案，需複製 %1</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Keep this computer&apos;s</source>
+        <translation>保留此電腦的版本</translation>
+    </message>
+    <message>
+        <source>Keep the phone&apos;s</source>
+        <translation>保留手機的版本</translation>
+    </message>
 </context>
 <context>
     <name>tessary::SyncQuestionDialog</name>
@@ -2779,10 +3053,6 @@
     <message>
         <source>Keep</source>
         <translation>保留</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>取消</translation>
     </message>
     <message>
         <source>Delete</source>
@@ -2813,6 +3083,45 @@
     <message>
         <source>The folder on this computer is gone</source>
         <translation>此電腦上的資料夾已不存在</translation>
+    </message>
+    <message>
+        <source>Stop, Change Nothing</source>
+        <translation>停止，不做任何變更</translation>
+    </message>
+    <message>
+        <source>Folder Empty</source>
+        <translation>資料夾是空的</translation>
+    </message>
+    <message>
+        <source>Is everything to be copied there again?</source>
+        <translation>要將所有內容重新複製到那裡嗎？</translation>
+    </message>
+    <message>
+        <source>Copy Everything Again</source>
+        <translation>全部重新複製</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncReportDialog</name>
+    <message>
+        <source>Reports</source>
+        <translation>報告</translation>
+    </message>
+    <message>
+        <source>Runs</source>
+        <translation>執行紀錄</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>檔案列表</translation>
+    </message>
+    <message>
+        <source>There is no report yet.</source>
+        <translation>尚無報告。</translation>
+    </message>
+    <message>
+        <source>What was done</source>
+        <translation>執行內容</translation>
     </message>
 </context>
 <context>

@@ -2,7 +2,7 @@
 
 #include "Story.h"
 #include "base/local/PartFile.h"
-#include "sync/old/plan/SyncManifest.h"
+#include "sync/plan/SyncManifest.h"
 
 #include <QDateTime>
 #include <QDir>

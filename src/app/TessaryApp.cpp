@@ -1,5 +1,6 @@
 #include "app/TessaryApp.h"
 
+#include "app/texts/ErrorText.h"
 #include "base/threads/Background.h"
 #include "sync/manager/SyncConnection.h"
 
@@ -15,13 +16,17 @@ using namespace std::chrono_literals;
 /// Long enough for a phone that answers to be left in order.
 constexpr auto shutDownLimit = 4s;
 
+QString wordsForStatus(const Error& error) {
+    return errorText(error).text();
+}
+
 } // namespace
 
 TessaryApp::TessaryApp(DeviceSources sources, DeviceServices& services, TessaryAppSetup setup)
     : services_(services),
       setup_(std::move(setup)),
       deviceManager_(sources, services, setup_.alsoAccept),
-      syncManager_(*setup_.defaults, deviceConnector(services)),
+      syncManager_(*setup_.defaults, {deviceConnector(services.files()), wordsForStatus}),
       updateChecker_(setup_.http, setup_.defaults, setup_.openAddress),
       favoritesManager_(setup_.defaults),
       languageManager_(LanguageManager::shared()) {

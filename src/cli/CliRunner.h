@@ -4,7 +4,7 @@
 #include "devices/files/DeviceServices.h"
 #include "devices/list/DeviceSources.h"
 #include "platform/settings/UserDefaults.h"
-#include "sync/old/plan/SyncReport.h"
+#include "sync/plan/SyncReport.h"
 #include "transfer/copy/TreeCopy.h"
 
 #include <cstdio>
@@ -41,7 +41,8 @@ private:
     void remove();
     void move();
     void sync();
-    [[nodiscard]] bool mayGoOn(const SyncQuestion& question);
+    void showPreview(const SyncPreview& preview);
+    [[nodiscard]] SyncAnswer answerTo(const SyncQuestion& question);
 
     [[nodiscard]] const DeviceInfo& chosenDevice();
     /// The files of the chosen device, or of the chosen app of it.

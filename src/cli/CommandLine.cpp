@@ -44,6 +44,7 @@ struct Raw {
     bool yesAll = false;
     bool keep = false;
     bool dryRun = false;
+    std::vector<std::string> excludes;
 };
 
 struct ModeName {
@@ -93,6 +94,9 @@ void addSync(CLI::App& sync, Raw& raw, const AddDevice& addDevice) {
     yes->excludes(yesAll)->excludes(keep);
     yesAll->excludes(keep);
     sync.add_flag("--dry-run", raw.dryRun, "Print what would be done, and do nothing");
+    sync.add_option("--exclude", raw.excludes, "Leave out what matches, as .gitignore has it")
+        ->type_name("PATTERN")
+        ->allow_extra_args(false);
 }
 
 std::vector<Subcommand> addSubcommands(CLI::App& app, Raw& raw) {
@@ -207,6 +211,8 @@ CliRequest requestOf(const Raw& raw, CliRequest::Command command) {
                      : raw.yes  ? CliRequest::Answer::yes
                      : raw.keep ? CliRequest::Answer::keep
                                 : CliRequest::Answer::ask;
+    for (const std::string& pattern : raw.excludes)
+        request.excludes.append(text(pattern));
     if (!raw.local.empty())
         request.localPath = QFileInfo(text(raw.local)).absoluteFilePath();
     return request;

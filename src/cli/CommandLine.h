@@ -1,7 +1,7 @@
 #pragma once
 
 #include "devices/list/AndroidDevices.h"
-#include "sync/old/plan/SyncPair.h"
+#include "sync/plan/SyncPair.h"
 #include "transfer/copy/CopyTypes.h"
 
 #include <QString>
@@ -57,6 +57,7 @@ struct CliRequest {
     bool moves = false;
     bool deletes = true;
     bool isDryRun = false;
+    QStringList excludes; ///< --exclude: patterns beside the usual ones
     Answer answer = Answer::ask;
 };
 

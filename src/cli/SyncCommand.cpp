@@ -1,16 +1,16 @@
+#include "app/texts/ErrorText.h"
 #include "base/text/ByteFormat.h"
 #include "base/text/Printable.h"
 #include "base/threads/CancellationError.h"
-#include "base/values/TessaryError.h"
+#include "cli/CliFailure.h"
 #include "cli/CliRunner.h"
 #include "cli/ProgressPrinter.h"
-#include "cli/RecordJson.h"
 #include "platform/desktop/HostInfo.h"
-#include "sync/manager/SyncConnection.h"
-#include "sync/old/plan/SyncHost.h"
-#include "sync/old/run/DiskSyncFolder.h"
-#include "sync/old/run/SyncRun.h"
-#include "transfer/ErrorAdvice.h"
+#include "sync/manager/SyncHost.h"
+#include "sync/plan/SyncError.h"
+#include "sync/plan/SyncReportJson.h"
+#include "sync/run/SyncLock.h"
+#include "sync/run/SyncRun.h"
 
 #include <QDir>
 #include <QJsonArray>
@@ -18,6 +18,7 @@
 #include <poll.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 
@@ -26,69 +27,150 @@ namespace tessary {
 namespace {
 
 using View = QLatin1StringView;
-
-constexpr std::array previewNames{View("upload"), View("download"), View("move"), View("conflict"),
-                                  View("delete"), View("leave"),    View("skip")};
+using Answer = CliRequest::Answer;
+using Outcome = SyncReport::Outcome;
 
 /// How many deletions are shown before a question.
 constexpr std::size_t shownCandidates = 20;
 
-QString previewName(const SyncPreviewItem& item) {
-    return previewNames[static_cast<std::size_t>(item.kind)];
+/// "upload", "replace", …, in the order of SyncDeed; and on which side that is.
+struct DeedWords {
+    const char* action;
+    const char* place;
+};
+constexpr std::array deedWords{
+    DeedWords{"upload", ""},
+    DeedWords{"replace", "on the device"},
+    DeedWords{"download", ""},
+    DeedWords{"replace", "here"},
+    DeedWords{"move", "to the device"},
+    DeedWords{"move", "here"},
+    DeedWords{"conflict", "both are kept"},
+    DeedWords{"delete", "on the device"},
+    DeedWords{"delete", "here"},
+    DeedWords{"rename", "on the device"},
+    DeedWords{"rename", "here"},
+};
+static_assert(deedWords.size() == static_cast<std::size_t>(SyncDeed::renameHere) + 1);
+
+const DeedWords& wordsOf(SyncDeed deed) {
+    return deedWords[static_cast<std::size_t>(deed)];
+}
+
+QString guardText(const SyncGuard& guard) {
+    using Kind = SyncGuard::Kind;
+    switch (guard.kind) {
+    case Kind::nothing:
+        break;
+    case Kind::localEmpty:
+        return QStringLiteral("The folder on this computer is empty, although %1 files were in it "
+                              "after the last sync. Is its disk missing?")
+            .arg(guard.recorded);
+    case Kind::deviceEmpty:
+        return QStringLiteral("The folder on the device is empty, although %1 files were in it "
+                              "after the last sync. Is its memory card missing?")
+            .arg(guard.recorded);
+    case Kind::manyDeletions:
+        return QStringLiteral("%1 of the %2 files of the last sync would be deleted.")
+            .arg(guard.deletions)
+            .arg(guard.recorded);
+    }
+    return {};
 }
 
 QJsonObject toJson(const SyncPreview& preview) {
     QJsonArray items;
     for (const SyncPreviewItem& item : preview.items) {
-        QJsonObject object{{View("action"), previewName(item)},
-                           {View("path"), item.relativePath},
-                           {View("toDevice"), item.toDevice},
+        QJsonObject object{{View("action"), item.deed
+                                                ? QString::fromLatin1(wordsOf(*item.deed).action)
+                                                : QStringLiteral("skip")},
+                           {View("path"), item.path},
                            {View("size"), item.size}};
-        if (!item.reason.isEmpty())
-            object.insert(View("reason"), item.reason);
+        if (item.deed)
+            object.insert(View("deed"), QString::fromLatin1(deedName(*item.deed)));
+        if (!item.other.isEmpty())
+            object.insert(View("other"), item.other);
+        if (item.reason)
+            object.insert(View("reason"), reasonText(*item.reason));
         items.append(object);
     }
+    QJsonObject counts;
+    for (const auto& [deed, count] : preview.counts())
+        counts.insert(QString::fromLatin1(deedName(deed)), count);
     return {{View("items"), items},
+            {View("counts"), counts},
             {View("inSync"), preview.inSync},
             {View("totalBytes"), preview.totalBytes},
-            {View("warning"), preview.warning}};
+            {View("warning"), guardText(preview.guard)}};
 }
 
-QJsonObject toJson(const SyncReport& report, const QString& error) {
+/// The report, and its paths by what was done beside it.
+QJsonObject toJson(const SyncReport& report) {
+    const auto list = [&report](std::initializer_list<SyncDeed> deeds) {
+        return QJsonArray::fromStringList(report.paths(deeds));
+    };
+    QJsonObject object = encodeReport(report);
     QJsonArray skipped;
-    for (const SkippedItem& item : report.skipped)
-        skipped.append(QJsonObject{{View("path"), item.path}, {View("reason"), item.reason}});
-    const auto list = [](const QStringList& paths) { return QJsonArray::fromStringList(paths); };
-    return {{View("uploaded"), list(report.uploaded)},
-            {View("downloaded"), list(report.downloaded)},
-            {View("deleted"), list(report.deleted)},
-            {View("moved"), list(report.moved)},
-            {View("conflicts"), list(report.conflicts)},
-            {View("skipped"), skipped},
-            {View("errors"), list(error.isEmpty() ? QStringList() : QStringList(error))}};
+    for (const SyncSkippedItem& item : report.skipped)
+        skipped.append(
+            QJsonObject{{View("path"), item.path}, {View("reason"), reasonText(item.reason)}});
+    QJsonArray conflicts;
+    for (const SyncReportItem& item : report.items)
+        if (item.deed == SyncDeed::keepBoth)
+            conflicts.append(item.other);
+    QJsonArray errors;
+    if (report.failure)
+        errors.append(errorText(*report.failure).text());
+    object.insert(View("skipped"), skipped);
+    object.insert(View("uploaded"), list({SyncDeed::upload, SyncDeed::replaceOnDevice}));
+    object.insert(View("downloaded"), list({SyncDeed::download, SyncDeed::replaceHere}));
+    object.insert(View("deleted"), list({SyncDeed::deleteOnDevice, SyncDeed::deleteHere}));
+    object.insert(View("moved"), list({SyncDeed::moveToDevice, SyncDeed::moveHere}));
+    object.insert(View("renamed"), list({SyncDeed::renameOnDevice, SyncDeed::renameHere}));
+    object.insert(View("conflicts"), conflicts);
+    object.insert(View("errors"), errors);
+    return object;
 }
 
 QString previewLine(const SyncPreviewItem& item) {
-    using Kind = SyncPreviewItem::Kind;
-    QString line = previewName(item).leftJustified(9) + printable(item.relativePath);
-    if (item.kind == Kind::upload || item.kind == Kind::download || item.kind == Kind::move)
+    constexpr int actionWidth = 9;
+    const char* action = item.deed ? wordsOf(*item.deed).action : "skip";
+    QString line = QString::fromLatin1(action).leftJustified(actionWidth) + printable(item.path);
+    if (!item.deed)
+        return line +
+               QStringLiteral("  (%1)").arg(item.reason ? reasonText(*item.reason) : QString());
+    const bool isTransfer = *item.deed <= SyncDeed::moveHere;
+    if (isTransfer)
         line += QStringLiteral("  %1").arg(formatBytes(item.size));
-    if (item.kind == Kind::remove || item.kind == Kind::move)
-        line += item.toDevice == (item.kind == Kind::remove) ? QStringLiteral("  (on the device)")
-                                                             : QStringLiteral("  (here)");
-    return item.reason.isEmpty() ? line : line + QStringLiteral("  (%1)").arg(item.reason);
+    const char* place = wordsOf(*item.deed).place;
+    return *place == '\0' ? line : line + QStringLiteral("  (%1)").arg(QLatin1StringView(place));
 }
 
-/// A failure when settings cannot be stored.
-void requireStored(UserDefaults& defaults) {
-    constexpr std::chrono::seconds patience(15);
-    if (defaults.store(patience))
-        return;
-    const SettingsTrouble trouble = defaults.trouble().value_or(SettingsTrouble());
-    throw TessaryError::fileIOError(
-        QStringLiteral("The settings in %1 cannot be stored (%2). A sync that is forgotten would "
-                       "bring back what is deleted: nothing was done.")
-            .arg(trouble.file, trouble.reason));
+/// "2 uploaded, 1 deleted, 1 skipped" or "Up to date".
+QString summary(const SyncReport& report) {
+    const std::pair<const char*, std::vector<SyncDeed>> kinds[] = {
+        {"uploaded", {SyncDeed::upload, SyncDeed::replaceOnDevice}},
+        {"downloaded", {SyncDeed::download, SyncDeed::replaceHere}},
+        {"moved", {SyncDeed::moveToDevice, SyncDeed::moveHere}},
+        {"deleted", {SyncDeed::deleteOnDevice, SyncDeed::deleteHere}},
+        {"renamed", {SyncDeed::renameOnDevice, SyncDeed::renameHere}},
+        {"kept twice", {SyncDeed::keepBoth}},
+    };
+    const auto counts = report.counts();
+    QStringList parts;
+    for (const auto& [name, deeds] : kinds) {
+        qint64 count = 0;
+        for (const SyncDeed deed : deeds)
+            if (const auto found = counts.find(deed); found != counts.end())
+                count += found->second;
+        if (count > 0)
+            parts.append(QStringLiteral("%1 %2").arg(count).arg(QLatin1StringView(name)));
+    }
+    if (parts.isEmpty())
+        parts.append(QStringLiteral("Up to date"));
+    if (!report.skipped.empty())
+        parts.append(QStringLiteral("%1 skipped").arg(report.skipped.size()));
+    return parts.join(QStringLiteral(", "));
 }
 
 TransferProgress transferProgress(const SyncProgress& progress) {
@@ -102,11 +184,13 @@ TransferProgress transferProgress(const SyncProgress& progress) {
     return result;
 }
 
-/// Whether the next line of standard input begins with "y". CancellationError on a stop request.
-bool readYes(const std::stop_token& stop) {
+/// The first sign of the next line of standard input in lower case; NUL for none.
+/// CancellationError on a stop request.
+char readAnswer(const std::stop_token& stop) {
     constexpr int pollMilliseconds = 200;
+    constexpr qsizetype longest = 1024;
     QByteArray line;
-    while (!line.endsWith('\n')) {
+    while (!line.endsWith('\n') && line.size() < longest) {
         throwIfStopped(stop);
         pollfd input{STDIN_FILENO, POLLIN, 0};
         if (poll(&input, 1, pollMilliseconds) <= 0)
@@ -116,75 +200,130 @@ bool readYes(const std::stop_token& stop) {
             break;
         line.append(byte);
     }
-    return line.trimmed().toLower().startsWith('y');
+    const QByteArray word = line.trimmed().toLower();
+    return word.isEmpty() ? '\0' : word.front();
+}
+
+/// A failure when settings cannot be stored.
+void requireStored(UserDefaults& defaults) {
+    constexpr std::chrono::seconds patience(15);
+    if (defaults.store(patience))
+        return;
+    const SettingsTrouble trouble = defaults.trouble().value_or(SettingsTrouble());
+    throw CliFailure(
+        QStringLiteral("The settings in %1 cannot be stored (%2). A sync that is forgotten would "
+                       "bring back what is deleted: nothing was done.")
+            .arg(printable(trouble.file), printable(trouble.reason)));
+}
+
+/// Why a question that nobody is there to answer ends the run.
+CliFailure unanswered(const SyncQuestion& question) {
+    using Kind = SyncQuestion::Kind;
+    if (question.kind == Kind::missingLocalFolder)
+        return CliFailure(QStringLiteral("The folder %1 is gone, although it was synced before. "
+                                         "Make the folder, or say --yes-all.")
+                              .arg(printable(question.path)));
+    const QString guard = guardText(question.guard);
+    if (question.kind == Kind::emptySide)
+        return CliFailure(guard + QStringLiteral(" Nothing was done. Say --keep or --yes-all to "
+                                                 "copy the files there again."));
+    return CliFailure(
+        (guard.isEmpty()
+             ? QStringLiteral("%1 files would be deleted.").arg(question.candidates.size())
+             : guard) +
+        QStringLiteral(" Nothing was done. Say --keep to delete nothing, --yes or --yes-all to "
+                       "delete; --dry-run shows what."));
 }
 
 } // namespace
 
 /// The user's word on a question, or what the options say. Throws where neither tells.
-bool CliRunner::mayGoOn(const SyncQuestion& question) {
-    using Answer = CliRequest::Answer;
-    const bool isMissing = question.kind == SyncQuestion::Kind::missingLocalFolder;
-    const Answer answer = request_.answer;
-    if (answer == Answer::yesAll)
-        return true;
-    if (answer == Answer::keep && !isMissing)
-        return false;
-    if (answer == Answer::yes && question.warning.isEmpty())
-        return true;
+SyncAnswer CliRunner::answerTo(const SyncQuestion& question) {
+    using Kind = SyncQuestion::Kind;
+    const bool isGuarded = question.guard.kind != SyncGuard::Kind::nothing;
+    if (request_.answer == Answer::yesAll)
+        return SyncAnswer::deleteAll(question);
+    if (request_.answer == Answer::keep && question.kind != Kind::missingLocalFolder)
+        return SyncAnswer::keepAll();
+    if (request_.answer == Answer::yes && !isGuarded)
+        return SyncAnswer::deleteAll(question);
     const bool mayAsk =
-        answer == Answer::ask && isatty(STDIN_FILENO) != 0 && isatty(fileno(error_)) != 0;
-    if (!mayAsk) {
-        const QString text =
-            !question.warning.isEmpty()
-                ? question.warning
-                : QStringLiteral("%1 files would be deleted.").arg(question.candidates.size());
-        throw TessaryError::fileIOError(
-            text + (isMissing ? QStringLiteral(" Make the folder, or say --yes-all.")
-                              : QStringLiteral(" Nothing was done. Say --keep to delete nothing, "
-                                               "--yes or --yes-all to delete; --dry-run shows "
-                                               "what.")));
-    }
+        request_.answer == Answer::ask && isatty(STDIN_FILENO) != 0 && isatty(fileno(error_)) != 0;
+    if (!mayAsk)
+        throw unanswered(question);
+    const auto print = [this](const QString& text) {
+        std::fprintf(error_, "%s", qUtf8Printable(text));
+    };
     for (std::size_t n = 0; n < std::min(shownCandidates, question.candidates.size()); ++n) {
         const DeletionCandidate& file = question.candidates[n];
-        std::fprintf(error_, "  %s: %s%s\n", qUtf8Printable(rawValue(file.targetLocation)),
-                     qUtf8Printable(printable(file.relativePath)),
-                     file.isEditedSinceLastSync ? " (edited since the last sync)" : "");
+        print(QStringLiteral("  %1: %2%3\n")
+                  .arg(file.targetLocation == DeletionCandidate::DeletionLocation::localMac
+                           ? QStringLiteral("here")
+                           : QStringLiteral("on the device"),
+                       printable(file.relativePath),
+                       file.isEditedSinceLastSync ? QStringLiteral(" (edited since the last sync)")
+                                                  : QString()));
     }
     if (question.candidates.size() > shownCandidates)
-        std::fprintf(error_, "  and %zu more\n", question.candidates.size() - shownCandidates);
-    if (!question.warning.isEmpty())
-        std::fprintf(error_, "%s\n", qUtf8Printable(printable(question.warning)));
-    if (isMissing)
-        std::fprintf(error_, "Make it again? [y/N] ");
+        print(QStringLiteral("  and %1 more\n").arg(question.candidates.size() - shownCandidates));
+    if (isGuarded)
+        print(guardText(question.guard) + QLatin1Char('\n'));
+    if (question.kind == Kind::deletions)
+        print(QStringLiteral("Delete these %1 files, or keep them and copy them back? "
+                             "[d]elete, [k]eep, [S]top: ")
+                  .arg(question.candidates.size()));
+    else if (question.kind == Kind::emptySide)
+        print(QStringLiteral("Copy the files there again? [y]es, [S]top: "));
     else
-        std::fprintf(error_, "Delete these %zu files? [y/N] ", question.candidates.size());
+        print(QStringLiteral("The folder %1 is gone. Make it again? [y]es, [S]top: ")
+                  .arg(printable(question.path)));
     std::fflush(error_);
-    return readYes(stop_);
+    const char word = readAnswer(stop_);
+    if (question.kind == Kind::deletions)
+        return word == 'd'   ? SyncAnswer::deleteAll(question)
+               : word == 'k' ? SyncAnswer::keepAll()
+                             : SyncAnswer::stop();
+    return word == 'y' ? SyncAnswer::keepAll() : SyncAnswer::stop();
+}
+
+void CliRunner::showPreview(const SyncPreview& preview) {
+    if (request_.json) {
+        print(toJson(preview));
+        return;
+    }
+    for (const SyncPreviewItem& item : preview.items)
+        printLine(previewLine(item));
+    if (const QString warning = guardText(preview.guard); !warning.isEmpty())
+        printLine(warning);
+    printLine(QStringLiteral("%1 in sync, %2 to copy")
+                  .arg(preview.inSync)
+                  .arg(formatBytes(preview.totalBytes)));
 }
 
 void CliRunner::sync() {
-    const PhoneFileSystem& access = files(); // checks that device and --app go together
+    PhoneFileSystem& phone = files(); // checks that device and --app go together
     const DeviceInfo device = chosenDevice();
     SyncPair pair;
     pair.deviceUDID = device.udid;
     pair.deviceName = device.deviceName.value_or(device.udid);
-    pair.appBundleID =
-        device.platform == DevicePlatform::iOS ? request_.app : QString(SyncPair::deviceStorage);
-    pair.remoteFolderPath = access.canonicalPath(request_.paths.front());
+    pair.appBundleID = device.platform == DevicePlatform::iOS && !request_.app.isEmpty()
+                           ? request_.app
+                           : QString(SyncPair::deviceStorage);
+    pair.remoteFolderPath = phone.canonicalPath(request_.paths.front());
     pair.localFolderPath = QDir::cleanPath(request_.localPath);
     pair.syncMode = request_.mode;
     pair.deleteSyncEnabled = request_.deletes;
     pair.moveFilesEnabled = request_.moves;
+    pair.patterns += request_.excludes;
 
     // Whoever forgets who he is takes deleted files for new ones the next time.
     const QString hostID = syncHostID(defaults_);
     requireStored(defaults_);
 
-    const auto backend = deviceConnector(services_)(pair, device, stop_);
-    DiskSyncFolder folder(pair.localFolderPath);
+    LocalFileSystem folder(pair.localFolderPath);
+    SyncComputer computer = syncComputer(folder);
+    computer.trash = moveToTrash;
     SyncReport report;
-    QString error;
     {
         ProgressPrinter printer(error_);
         SyncRunEvents events;
@@ -192,47 +331,40 @@ void CliRunner::sync() {
             if (progress.totalFiles > 0)
                 printer.show(transferProgress(progress));
         };
-        events.ask = [this](const SyncQuestion& question) { return mayGoOn(question); };
-        SyncRun run({pair, hostID, computerName(), folder, *backend,
-                     [] { return QDateTime::currentDateTime(); }},
+        events.ask = [this](const SyncQuestion& question) { return answerTo(question); };
+        SyncRun run({pair,
+                     syncHostID(defaults_),
+                     computerName(),
+                     std::move(computer),
+                     phone,
+                     [] { return QDateTime::currentDateTime(); },
+                     SyncLock::defaultFile(),
+                     {}},
                     events, stop_);
         if (request_.isDryRun) {
-            const SyncPreview preview = run.preview();
-            if (request_.json) {
-                print(toJson(preview));
-                return;
-            }
-            for (const SyncPreviewItem& item : preview.items)
-                printLine(previewLine(item));
-            if (!preview.warning.isEmpty())
-                printLine(preview.warning);
-            printLine(QStringLiteral("%1 in sync, %2 to copy")
-                          .arg(preview.inSync)
-                          .arg(formatBytes(preview.totalBytes)));
+            showPreview(run.preview());
             return;
         }
-        if (request_.json) {
-            try {
-                report = run.run();
-            } catch (const CancellationError&) {
-                throw;
-            } catch (const std::exception& failure) {
-                error = adviceFor(failure).text();
-            }
-        } else {
+        try {
             report = run.run();
+        } catch (const CliFailure& failure) {
+            if (request_.json)
+                print(QJsonObject{{View("errors"), QJsonArray{QString::fromUtf8(failure.what())}}});
+            throw;
         }
     }
     if (request_.json)
-        print(toJson(report, error));
-    else
-        printLine(report.summary());
-    if (!error.isEmpty())
-        fail(error);
+        print(toJson(report));
+    else if (report.outcome == Outcome::done)
+        printLine(summary(report));
     // A file that no run can sync does not make every run a failure.
-    for (const SkippedItem& item : report.skipped)
+    for (const SyncSkippedItem& item : report.skipped)
         std::fprintf(error_, "tessary-cli: Not synced: %s: %s\n",
-                     qUtf8Printable(printable(item.path)), qUtf8Printable(printable(item.reason)));
+                     qUtf8Printable(printable(item.path)), qUtf8Printable(reasonText(item.reason)));
+    if (report.failure)
+        throw *report.failure;
+    if (report.outcome == Outcome::cancelled)
+        throw CancellationError();
 }
 
 } // namespace tessary

@@ -9,6 +9,7 @@
 #include "platform/http/HttpError.h"
 #include "support/Application.h"
 #include "support/QtPrinters.h"
+#include "sync/plan/SyncError.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -32,6 +33,7 @@ std::vector<Error> everyError() {
     addAll(errors, PhoneError::full);
     addAll(errors, LocalError::full);
     addAll(errors, HttpError::badContent);
+    addAll(errors, SyncError::recordNotStored);
     for (int value = 0; value <= static_cast<int>(ADBError::pathTooLong); ++value)
         errors.push_back(
             phoneErrorOf(Error(static_cast<ADBError>(value), {name, 1, u"odd"_s}), name));

@@ -54,7 +54,8 @@ TEST(CommandLine, wrongUsageSaysSo) {
 
 TEST(CommandLine, syncTakesItsModeAndOneAnswer) {
     const auto move =
-        request("sync P /tmp/x /Music --mode to-mac --move --no-delete --yes-all --dry-run");
+        request("sync P /tmp/x /Music --mode to-mac --move --no-delete --yes-all --dry-run "
+                "--exclude *.tmp --exclude /private/");
     ASSERT_TRUE(move);
     EXPECT_EQ(move->command, CliRequest::Command::sync);
     EXPECT_EQ(move->mode, SyncMode::toMac);
@@ -62,6 +63,7 @@ TEST(CommandLine, syncTakesItsModeAndOneAnswer) {
     EXPECT_EQ(move->answer, CliRequest::Answer::yesAll);
     EXPECT_EQ(move->localPath, u"/tmp/x"_s);
     EXPECT_EQ(move->paths, QStringList{u"/Music"_s});
+    EXPECT_EQ(move->excludes, (QStringList{u"*.tmp"_s, u"/private/"_s}));
     const auto both = request("sync P /tmp/x /Music --mode both");
     ASSERT_TRUE(both);
     EXPECT_EQ(both->answer, CliRequest::Answer::ask);

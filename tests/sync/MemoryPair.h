@@ -148,6 +148,10 @@ public:
             questions.push_back(question);
             return answer ? answer(question) : SyncAnswer::stop();
         };
+        events.status = [this](const QString& message) {
+            if (onStatus)
+                onStatus(message);
+        };
         events.progress = [this](const SyncProgress& progress) { last = progress; };
         SyncComputer computer{local_, [this] { local_.addFolder(localRoot); },
                               [this] {
@@ -156,14 +160,8 @@ public:
                                   flushed = users(false);
                               },
                               trash};
-        return SyncRun({pair,
-                        QStringLiteral("HOST"),
-                        QStringLiteral("Desk"),
-                        std::move(computer),
-                        phone_,
-                        [this] { return later(1); },
-                        {},
-                        decisions},
+        return SyncRun({pair, QStringLiteral("HOST"), QStringLiteral("Desk"), std::move(computer),
+                        phone_, [this] { return later(1); }, lockFile, decisions},
                        std::move(events), stop);
     }
     SyncReport run(const std::stop_token& stop = {}) {
@@ -204,6 +202,8 @@ public:
     SyncPair pair;
     std::function<SyncAnswer(const SyncQuestion&)> answer;
     SyncDecisions decisions;
+    QString lockFile;
+    std::function<void(const QString&)> onStatus;
     std::function<bool(const QString&)> trash;
     std::function<void(const MemoryFileSystem::Request&)> beforeCall;
     std::vector<SyncQuestion> questions;

@@ -1,8 +1,13 @@
 #include "base/local/LocalError.h"
+#include "support/TemporaryFolder.h"
 #include "sync/MemoryPair.h"
 #include "sync/plan/SyncError.h"
+#include "sync/run/SyncLock.h"
 
 #include <gmock/gmock.h>
+
+#include <atomic>
+#include <thread>
 
 namespace tessary {
 namespace {
@@ -538,6 +543,34 @@ TEST(SyncRunTest, recordThatCannotBeStoredIsReported) {
     // Plain edits go across without conflict copies all the same.
     pair.here("a", "11");
     EXPECT_THAT(pair.goodRun().paths({SyncDeed::replaceOnDevice}), ElementsAre(u"a"_s));
+}
+
+TEST(SyncRunTest, runsOfOneUserWaitForEachOther) {
+    const TemporaryFolder folder;
+    const QString file = folder.path(u"runs.lock"_s);
+    auto first = std::make_unique<SyncLock>(file, nullptr, std::stop_token());
+    std::atomic<bool> waits = false;
+    std::atomic<bool> isIn = false;
+    std::jthread other([&] {
+        const SyncLock second(file, [&] { waits = true; }, {});
+        isIn = true;
+    });
+    while (!waits)
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    EXPECT_FALSE(isIn);
+    first.reset();
+    other.join();
+    EXPECT_TRUE(isIn);
+
+    // A run that waits can be cancelled, and has touched nothing.
+    const SyncLock held(file, nullptr, {});
+    std::stop_source stop;
+    MemoryPair pair;
+    pair.here("a", "1");
+    pair.lockFile = file;
+    pair.onStatus = [&](const QString&) { stop.request_stop(); };
+    EXPECT_EQ(pair.run(stop.get_token()).outcome, Outcome::cancelled);
+    EXPECT_EQ(pair.calls, 0);
 }
 
 TEST(SyncRunTest, cancelledRunRecordsWhatItDid) {

@@ -5,6 +5,9 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
+#include <cstdio>
+
 namespace tessary {
 namespace {
 
@@ -172,6 +175,27 @@ TEST_F(SyncByMTP, cableThatComesOutAtAnyPhaseLosesNothing) {
         }
     }
     EXPECT_GT(broken, 5);
+}
+
+/// What the adb tool does with the same tree is the measure.
+TEST_F(SyncByADB, manySmallFilesTakeNotMuchLongerThanAPush) {
+    using Clock = std::chrono::steady_clock;
+    constexpr int files = 400;
+    for (int n = 0; n < files; ++n)
+        here(u"%1/%2.bin"_s.arg(n / 100).arg(n), QByteArray(20'000, 'x') + QByteArray::number(n));
+    const auto seconds = [](const auto& work) {
+        const auto began = Clock::now();
+        work();
+        return std::chrono::duration<double>(Clock::now() - began).count();
+    };
+    const double push = seconds([this] {
+        EXPECT_EQ(adb({u"push"_s, pair_.localFolderPath, u"/sdcard/Pushed"_s}).exitStatus, 0);
+    });
+    const double first = seconds([this] { (void)goodRun(); });
+    const double second = seconds([this] { EXPECT_FALSE(goodRun().hasChanges()); });
+    EXPECT_EQ(phoneFiles().size(), static_cast<std::size_t>(files));
+    std::printf("push %.2f s, first sync %.2f s, second %.2f s\n", push, first, second);
+    EXPECT_LT(first, 10 * push + 1) << "the steps of each file have become slow";
 }
 
 TEST_F(SyncByAFC, cutConnectionLosesNothing) {

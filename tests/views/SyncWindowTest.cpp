@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTreeWidget>
 
@@ -91,6 +92,13 @@ TEST_F(SyncWindowTest, pairIsMadePreviewedAndRun) {
 TEST_F(SyncWindowTest, deletionIsAskedAboutAndOnlyThenDone) {
     ASSERT_NO_FATAL_FAILURE(syncOnce());
     ASSERT_NO_FATAL_FAILURE(deleteAndRun());
+    // What one presses without reading changes nothing.
+    QTest::keyClick(dialog("syncQuestion"), Qt::Key_Return);
+    EXPECT_TRUE(wait([this] { return !app_->syncManager().isRunning(); }));
+    EXPECT_FALSE(local_.has(u"alpha.txt"_s));
+    EXPECT_EQ(phone_.content(u"DCIM/alpha.txt"_s), "a");
+
+    ASSERT_NO_FATAL_FAILURE(deleteAndRun());
     clickButton("syncQuestion", u"Keep"_s);
     EXPECT_TRUE(wait([this] { return hasSynced(); }));
     EXPECT_EQ(local_.read(u"alpha.txt"_s), "a") << "what is kept comes back";
@@ -99,6 +107,51 @@ TEST_F(SyncWindowTest, deletionIsAskedAboutAndOnlyThenDone) {
     EXPECT_EQ(phone_.content(u"DCIM/alpha.txt"_s), "a");
     clickButton("syncQuestion", u"Delete"_s);
     EXPECT_TRUE(wait([this] { return hasSynced() && !row(u"alpha.txt"_s).isValid(); }));
+}
+
+TEST_F(SyncWindowTest, deletionAndConflictAreDecidedInThePreview) {
+    ASSERT_NO_FATAL_FAILURE(syncOnce());
+    QFile::remove(local_.path(u"alpha.txt"_s));
+    QFile::remove(local_.path(u"beta.txt"_s));
+    local_.write(u"both.txt"_s, "mine");
+    phone_.write(u"DCIM/both.txt"_s, "theirs");
+    window_->sync().requestPreview(app_->syncManager().syncPairs().front());
+    ASSERT_TRUE(wait([this] {
+        QDialog* shown = dialog("syncPreview");
+        return shown != nullptr && shown->findChild<QTreeWidget*>()->topLevelItemCount() >= 2;
+    }));
+    auto* list = dialog("syncPreview")->findChild<QTreeWidget*>();
+    for (int n = 0; n < list->topLevelItemCount(); ++n)
+        if (list->topLevelItem(n)->text(0) == u"alpha.txt"_s)
+            list->topLevelItem(n)->setCheckState(0, Qt::Unchecked);
+    auto* choice = list->findChild<QComboBox*>();
+    ASSERT_NE(choice, nullptr);
+    choice->setCurrentIndex(choice->findText(u"Keep this computer's"_s));
+    clickButton("syncPreview", u"Sync Now"_s);
+    EXPECT_TRUE(wait([this] {
+        return hasSynced() && phone_.content(u"DCIM/both.txt"_s) == "mine" &&
+               local_.has(u"alpha.txt"_s);
+    }));
+    EXPECT_EQ(dialog("syncQuestion"), nullptr) << "all was decided";
+
+    window_->sync().requestReports(app_->syncManager().syncPairs().front().id);
+    ASSERT_TRUE(wait([this] {
+        QDialog* shown = dialog("syncReports");
+        return shown != nullptr && shown->findChild<QTreeWidget*>()->topLevelItemCount() > 0;
+    })) << "every run leaves a report";
+    dialog("syncReports")->close();
+}
+
+TEST_F(SyncWindowTest, pairIsEdited) {
+    ASSERT_NO_FATAL_FAILURE(syncOnce());
+    window_->sync().requestEdit(app_->syncManager().syncPairs().front().id);
+    ASSERT_TRUE(wait([this] { return dialog("syncPairSheet") != nullptr; }));
+    dialog("syncPairSheet")
+        ->findChild<QPlainTextEdit*>(u"syncPatterns"_s)
+        ->setPlainText(u"*.tmp"_s);
+    clickButton("syncPairSheet", u"Save"_s);
+    EXPECT_EQ(app_->syncManager().syncPairs().front().patterns, QStringList{u"*.tmp"_s});
+    EXPECT_TRUE(app_->syncManager().syncPairs().front().lastSyncedAt);
 }
 
 TEST_F(SyncWindowTest, unpluggedPhoneEndsTheRunAndItsQuestion) {

@@ -52,6 +52,8 @@ Worded worded(const Error& error) {
             return {*each, wordsOf(*code)};
         if (const auto code = each->code().as<DeviceError>())
             return {*each, wordsOf(*code)};
+        if (const auto code = each->code().as<SyncError>())
+            return {*each, wordsOf(*code)};
     }
     return {error, unknown};
 }

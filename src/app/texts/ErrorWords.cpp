@@ -209,6 +209,67 @@ constexpr std::array localWords{
 };
 static_assert(localWords.size() == static_cast<std::size_t>(LocalError::full) + 1);
 
+/// In the order of the enum's cases.
+constexpr std::array syncWords{
+    // changedMeanwhile
+    ErrorWords{
+        QT_TRANSLATE_NOOP(
+            "ErrorText", "“%1” changed while the folders were being synced. It was left as it is."),
+        QT_TRANSLATE_NOOP("ErrorText", "it changed while the folders were being synced")},
+    // kindsDiffer
+    ErrorWords{
+        QT_TRANSLATE_NOOP("ErrorText", "“%1” is a file on one side and a folder on the other."),
+        QT_TRANSLATE_NOOP("ErrorText", "it is a file on one side and a folder on the other")},
+    // sameNames
+    ErrorWords{
+        QT_TRANSLATE_NOOP(
+            "ErrorText",
+            "Another name differs from “%1” only in case or in the form of its letters."),
+        QT_TRANSLATE_NOOP(
+            "ErrorText", "another name differs from it only in case or in the form of its letters"),
+        QT_TRANSLATE_NOOP("ErrorText", "Rename one of the two first.")},
+    // aboveUnknown
+    ErrorWords{
+        QT_TRANSLATE_NOOP("ErrorText", "What is in the folder “%1” could not be read on one side."),
+        QT_TRANSLATE_NOOP("ErrorText", "its folder could not be read on one side")},
+    // notListed
+    ErrorWords{QT_TRANSLATE_NOOP("ErrorText",
+                                 "The folder of “%1” holds something that could not be read."),
+               QT_TRANSLATE_NOOP("ErrorText", "its folder holds something that could not be read")},
+    // changedAtTarget
+    ErrorWords{
+        QT_TRANSLATE_NOOP("ErrorText",
+                          "“%1” was changed on the side that files are only copied to."),
+        QT_TRANSLATE_NOOP("ErrorText", "it was changed on the side that files are only copied to")},
+    // undecided
+    ErrorWords{QT_TRANSLATE_NOOP("ErrorText", "“%1” was left as it is."),
+               QT_TRANSLATE_NOOP("ErrorText", "it was to be left as it is")},
+    // sizeUnknown
+    ErrorWords{QT_TRANSLATE_NOOP("ErrorText", "The phone does not tell the size of “%1”."),
+               QT_TRANSLATE_NOOP("ErrorText", "the phone does not tell its size")},
+    // twice
+    ErrorWords{QT_TRANSLATE_NOOP("ErrorText", "The phone has several entries called “%1”."),
+               QT_TRANSLATE_NOOP("ErrorText", "the phone has several entries of this name")},
+    // tooDeep
+    ErrorWords{QT_TRANSLATE_NOOP("ErrorText", "The folder “%1” lies too deep."),
+               QT_TRANSLATE_NOOP("ErrorText", "the folder lies too deep")},
+    // stopped
+    ErrorWords{QT_TRANSLATE_NOOP("ErrorText", "Nothing was changed.")},
+    // folderMissing
+    ErrorWords{QT_TRANSLATE_NOOP("ErrorText", "The folder “%1” was synced before and is gone."),
+               nullptr,
+               QT_TRANSLATE_NOOP("ErrorText", "Plug its disk in, or make the folder again.")},
+    // sourceIsNoFolder
+    ErrorWords{QT_TRANSLATE_NOOP("ErrorText", "“%1” is not a folder.")},
+    // recordNotStored
+    ErrorWords{QT_TRANSLATE_NOOP("ErrorText", "What was synced could not be noted down in “%1”."),
+               QT_TRANSLATE_NOOP("ErrorText", "what was synced could not be noted down"),
+               QT_TRANSLATE_NOOP(
+                   "ErrorText",
+                   "The next sync cannot tell what was deleted since: it copies such files back.")},
+};
+static_assert(syncWords.size() == static_cast<std::size_t>(SyncError::recordNotStored) + 1);
+
 } // namespace
 
 ErrorWords wordsOf(PhoneError error) {
@@ -225,6 +286,10 @@ ErrorWords wordsOf(DeviceError) {
                              "Standard MTP instead."),
             .advice = QT_TRANSLATE_NOOP(
                 "ErrorText", "Install the adb tool, or switch the phone to Standard MTP.")};
+}
+
+ErrorWords wordsOf(SyncError error) {
+    return syncWords[static_cast<std::size_t>(error)];
 }
 
 } // namespace tessary

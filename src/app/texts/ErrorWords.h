@@ -3,6 +3,7 @@
 #include "base/local/LocalError.h"
 #include "devices/list/DeviceTrouble.h"
 #include "phone/PhoneError.h"
+#include "sync/plan/SyncError.h"
 
 namespace tessary {
 
@@ -21,5 +22,6 @@ struct ErrorWords {
 [[nodiscard]] ErrorWords wordsOf(PhoneError error);
 [[nodiscard]] ErrorWords wordsOf(LocalError error);
 [[nodiscard]] ErrorWords wordsOf(DeviceError error);
+[[nodiscard]] ErrorWords wordsOf(SyncError error);
 
 } // namespace tessary

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "phone/PhoneFileSystem.h"
 #include "phone/records/DeviceInfo.h"
-#include "sync/old/plan/SyncPair.h"
-#include "sync/old/run/SyncDeviceBackend.h"
+#include "sync/plan/SyncPair.h"
 
 #include <functional>
 #include <memory>
@@ -10,16 +10,14 @@
 
 namespace tessary {
 
-class DeviceServices;
+class PhoneFileSystems;
 
-/// Connects to the device side of a pair. Blocking, off the main thread; throws the errors of the
-/// device's layer and CancellationError.
-using SyncConnector = std::function<std::unique_ptr<SyncDeviceBackend>(
+/// Opens the device side of a pair. Off the main thread; throws Error and CancellationError.
+using SyncConnector = std::function<std::shared_ptr<PhoneFileSystem>(
     const SyncPair& pair, const DeviceInfo& device, const std::stop_token& stop)>;
 
-/// Connects to real devices: to an app's documents on an iPhone, or to an Android phone through
-/// `services`, which must outlive all that it connects. Whoever else uses the phone waits for as
-/// long as the connection lives.
-[[nodiscard]] SyncConnector deviceConnector(DeviceServices& services);
+/// Opens real devices: an Android phone's storage, an app's documents on an iPhone, or the iPhone's
+/// media folder. `files` must outlive all that it opens.
+[[nodiscard]] SyncConnector deviceConnector(PhoneFileSystems& files);
 
 } // namespace tessary

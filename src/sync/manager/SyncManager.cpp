@@ -2,16 +2,12 @@
 
 #include "base/threads/Background.h"
 #include "base/threads/CancellationError.h"
-#include "base/values/TessaryError.h"
 #include "devices/list/DeviceManager.h"
+#include "phone/PhoneError.h"
 #include "platform/desktop/HostInfo.h"
-#include "sync/old/plan/SyncHost.h"
-#include "sync/old/run/DiskSyncFolder.h"
-#include "sync/old/run/SyncRun.h"
-#include "transfer/ErrorAdvice.h"
-
-#include <QJsonObject>
-#include <QLocale>
+#include "sync/manager/SyncHost.h"
+#include "sync/run/SyncLock.h"
+#include "transfer/local/LocalFileSystem.h"
 
 #include <algorithm>
 #include <condition_variable>
@@ -21,16 +17,7 @@ namespace tessary {
 
 namespace {
 
-/// The text of an error that work in the background ended with. A cancellation has none.
-QString textOf(const std::exception_ptr& failure) {
-    try {
-        std::rethrow_exception(failure);
-    } catch (const CancellationError&) {
-        return {};
-    } catch (const std::exception& error) {
-        return adviceFor(error).text();
-    }
-}
+using Outcome = SyncReport::Outcome;
 
 std::optional<DeviceInfo> deviceOf(const SyncPair& pair, const DeviceManager* manager) {
     if (manager != nullptr)
@@ -40,24 +27,31 @@ std::optional<DeviceInfo> deviceOf(const SyncPair& pair, const DeviceManager* ma
     return std::nullopt;
 }
 
-const QString& disconnected() {
-    static const QString text = QStringLiteral("Device disconnected");
-    return text;
+QDateTime now() {
+    return QDateTime::currentDateTime();
+}
+
+SyncReport failedReport(const Error& error) {
+    SyncReport report;
+    report.outcome = Outcome::failed;
+    report.startedAt = report.endedAt = now();
+    report.failure = error;
+    return report;
 }
 
 /// An answer that one thread waits for and another gives.
 struct Answer {
     std::mutex mutex;
     std::condition_variable_any changed;
-    std::optional<bool> value; ///< guarded by mutex
+    std::optional<SyncAnswer> value; ///< guarded by mutex
 
-    void give(bool answer) {
+    void give(SyncAnswer answer) {
         const std::scoped_lock lock(mutex);
         if (!value)
-            value = answer;
+            value = std::move(answer);
         changed.notify_all();
     }
-    [[nodiscard]] bool wait(const std::stop_token& stop) {
+    [[nodiscard]] SyncAnswer wait(const std::stop_token& stop) {
         std::unique_lock lock(mutex);
         if (!changed.wait(lock, stop, [this] { return value.has_value(); }))
             throw CancellationError();
@@ -72,12 +66,34 @@ struct LatestProgress {
     bool isPosted = false; ///< guarded by mutex
 };
 
+/// Everything that a run in the background needs.
+struct RunWork {
+    SyncPair pair;
+    DeviceInfo device;
+    QString hostID;
+    SyncManagerSetup setup;
+    SyncDecisions decisions;
+
+    template <typename Use>
+    auto with(const std::stop_token& stop, const SyncRunEvents& events, Use use) const {
+        const auto files = setup.connect(pair, device, stop);
+        LocalFileSystem folder(pair.localFolderPath);
+        SyncComputer computer = syncComputer(folder);
+        computer.trash = setup.trash;
+        SyncRun run({pair, hostID, computerName(), std::move(computer), *files, now,
+                     SyncLock::defaultFile(), decisions},
+                    events, stop);
+        return use(run);
+    }
+};
+
 } // namespace
 
-SyncManager::SyncManager(UserDefaults& defaults, SyncConnector connect, QObject* parent)
-    : QObject(parent), defaults_(defaults), connect_(std::move(connect)) {
+SyncManager::SyncManager(UserDefaults& defaults, SyncManagerSetup setup, QObject* parent)
+    : QObject(parent), defaults_(defaults), setup_(std::move(setup)), store_(setup_.reportFolder) {
     MainThread::assertCurrent();
     loadSyncPairs();
+    loadLastReports();
 }
 
 SyncManager::~SyncManager() {
@@ -133,7 +149,11 @@ void SyncManager::updateSyncPair(const SyncPair& pair) {
 void SyncManager::removeSyncPair(const QUuid& id) {
     cancel(id);
     std::erase_if(pairs_, [&](const SyncPair& pair) { return pair.id == id; });
+    lastReports_.remove(id);
     saveSyncPairs();
+    runInBackground(
+        this, [store = store_, id](const std::stop_token&) { store.forget(id); },
+        [](BackgroundResult<void>) {});
     Q_EMIT syncPairsChanged();
 }
 
@@ -154,20 +174,20 @@ bool SyncManager::isRunningOrWaiting(const QUuid& id) const {
                        [&](const Job& job) { return job.id == id; });
 }
 
-void SyncManager::syncAll(DeviceManager& deviceManager, const OnDeleteConfirm& onDeleteConfirm) {
+void SyncManager::syncAll(DeviceManager& deviceManager, const OnQuestion& ask) {
     std::vector<QUuid> ids;
     for (const SyncPair& pair : pairs_)
         ids.push_back(pair.id);
     for (const QUuid& id : ids)
-        syncPair(id, deviceManager, onDeleteConfirm);
+        syncPair(id, deviceManager, ask);
 }
 
-void SyncManager::syncPair(const QUuid& id, DeviceManager& deviceManager,
-                           const OnDeleteConfirm& onDeleteConfirm) {
+void SyncManager::syncPair(const QUuid& id, DeviceManager& deviceManager, const OnQuestion& ask,
+                           const SyncDecisions& decisions) {
     MainThread::assertCurrent();
     if (pair(id) == nullptr || isRunningOrWaiting(id))
         return;
-    waiting_.push_back({id, &deviceManager, onDeleteConfirm});
+    waiting_.push_back({id, &deviceManager, ask, decisions});
     if (running_)
         Q_EMIT syncPairChanged(id);
     else
@@ -201,17 +221,8 @@ void SyncManager::startNext() {
         Q_EMIT idle();
 }
 
-void SyncManager::start(const Job& job) {
-    const QUuid id = job.id;
-    setProgress(id, {});
-    setStatus(id, SyncStatus::syncing(QStringLiteral("Connecting to device…")));
-    const SyncPair pair = *find(id);
-    const auto device = deviceOf(pair, job.deviceManager);
-    if (!device) {
-        finish(id, SyncStatus::error(disconnected()), QStringLiteral("Error"));
-        addHistory(id, disconnected());
-        return;
-    }
+/// What a run tells, on its way to the pair list.
+SyncRunEvents SyncManager::eventsOf(const QUuid& id) {
     const QPointer<SyncManager> self(this);
     const auto latest = std::make_shared<LatestProgress>();
     SyncRunEvents events;
@@ -238,49 +249,82 @@ void SyncManager::start(const Job& job) {
                 self->setProgress(id, newest);
         });
     };
-    const auto run = [pair, device = *device, connect = connect_, events, confirm = job.confirm,
-                      hostID = macHostID()](const std::stop_token& stop) mutable {
-        events.ask = [confirm, stop](const SyncQuestion& question) {
+    return events;
+}
+
+void SyncManager::start(const Job& job) {
+    const QUuid id = job.id;
+    setProgress(id, {});
+    setStatus(id, SyncStatus::syncing(QStringLiteral("Connecting to device…")));
+    const SyncPair pair = *find(id);
+    const auto device = deviceOf(pair, job.deviceManager);
+    if (!device) {
+        running_.reset();
+        ended(id, failedReport(Error(PhoneError::notConnected)));
+        return;
+    }
+    const RunWork work{pair, *device, macHostID(), setup_, job.decisions};
+    const auto run = [work, events = eventsOf(id), ask = job.ask,
+                      store = store_](const std::stop_token& stop) mutable {
+        events.ask = [ask, stop](const SyncQuestion& question) {
             const auto answer = std::make_shared<Answer>();
-            MainThread::post([confirm, question, answer] {
-                if (confirm)
-                    confirm(question, [answer](bool yes) { answer->give(yes); });
+            MainThread::post([ask, question, answer] {
+                if (ask)
+                    ask(question, [answer](SyncAnswer given) { answer->give(std::move(given)); });
                 else
-                    answer->give(false);
+                    answer->give(SyncAnswer::stop());
             });
             return answer->wait(stop);
         };
-        const auto backend = connect(pair, device, stop);
-        DiskSyncFolder folder(pair.localFolderPath);
-        return SyncRun({pair, hostID, computerName(), folder, *backend,
-                        [] { return QDateTime::currentDateTime(); }},
-                       events, stop)
-            .run();
+        SyncReport report;
+        try {
+            report = work.with(stop, events, [](SyncRun& each) { return each.run(); });
+        } catch (const Error& error) {
+            report = failedReport(error);
+        }
+        store.add(work.pair.id, report, now());
+        return report;
     };
     running_ = Running{id, {}};
     running_->stop = runInBackground(this, run, [this, id](BackgroundResult<SyncReport> result) {
-        ended(id, [&result] { return result.take(); });
+        SyncReport report;
+        try {
+            report = result.take();
+        } catch (const CancellationError&) {
+            report.outcome = Outcome::cancelled;
+            report.startedAt = report.endedAt = now();
+        }
+        ended(id, std::move(report));
     });
 }
 
-void SyncManager::ended(const QUuid& id, const std::function<SyncReport()>& result) {
-    const bool isCancelled = running_ && running_->isCancelled;
+void SyncManager::ended(const QUuid& id, SyncReport report) {
+    // What breaks while a cancelled run winds down is not worth a word.
+    if (running_ && running_->isCancelled && report.outcome == Outcome::failed)
+        report.outcome = Outcome::cancelled;
     running_.reset();
-    try {
-        addHistory(id, result().summary());
-        if (SyncPair* pair = find(id))
-            pair->lastSyncedAt = QDateTime::currentDateTimeUtc();
+    const Outcome outcome = report.outcome;
+    const std::optional<Error> failure = report.failure;
+    if (SyncPair* pair = find(id); pair != nullptr && outcome == Outcome::done)
+        pair->lastSyncedAt = QDateTime::currentDateTimeUtc();
+    lastReports_.insert(id, std::move(report));
+    switch (outcome) {
+    case Outcome::done:
         finish(id, SyncStatus::completed(), QStringLiteral("Completed"));
         Q_EMIT syncDidComplete(id);
-    } catch (const CancellationError&) {
-        addHistory(id, QStringLiteral("Cancelled"));
+        break;
+    case Outcome::cancelled:
         finish(id, {}, {});
-    } catch (const std::exception& error) {
-        // What breaks while a cancelled run winds down is not worth a word.
-        addHistory(id, isCancelled ? QStringLiteral("Cancelled") : adviceFor(error).text());
-        finish(id, isCancelled ? SyncStatus() : SyncStatus::error(adviceFor(error).text()),
-               isCancelled ? QString() : QStringLiteral("Error"));
+        break;
+    case Outcome::failed:
+        finish(id,
+               SyncStatus::error(failure && failure->is(PhoneError::notConnected)
+                                     ? QStringLiteral("Device disconnected")
+                                     : setup_.words(failure.value_or(Error(PhoneError::nonsense)))),
+               QStringLiteral("Error"));
+        break;
     }
+    Q_EMIT runEnded(id);
     startNext();
 }
 
@@ -314,54 +358,54 @@ void SyncManager::setProgress(const QUuid& id, const SyncProgress& progress) {
 std::stop_source SyncManager::preview(const SyncPair& pair, DeviceManager& deviceManager,
                                       PreviewDone done) {
     const auto device = deviceOf(pair, &deviceManager);
-    const auto work = [pair, device, connect = connect_,
-                       hostID = macHostID()](const std::stop_token& stop) {
-        if (!device)
-            throw TessaryError::deviceNotFound(disconnected());
-        const auto backend = connect(pair, *device, stop);
-        DiskSyncFolder folder(pair.localFolderPath);
-        return SyncRun({pair,
-                        hostID,
-                        {},
-                        folder,
-                        *backend,
-                        [] { return QDateTime::currentDateTime(); }},
-                       {}, stop)
-            .preview();
-    };
+    const RunWork work{pair, device.value_or(DeviceInfo()), macHostID(), setup_, {}};
     return runInBackground(
-        this, work, [device, done = std::move(done)](BackgroundResult<SyncPreview> result) {
-            if (result.succeeded()) {
+        this,
+        [work, isConnected = device.has_value()](const std::stop_token& stop) {
+            if (!isConnected)
+                throw Error(PhoneError::notConnected);
+            return work.with(stop, {}, [](SyncRun& run) { return run.preview(); });
+        },
+        [done = std::move(done)](BackgroundResult<SyncPreview> result) {
+            try {
                 done(result.take(), {});
+            } catch (const CancellationError&) {
                 return;
+            } catch (const Error& error) {
+                done(std::nullopt, error);
             }
-            const QString text = device ? textOf(result.error()) : disconnected();
-            if (!text.isEmpty())
-                done(std::nullopt, text);
         });
 }
 
-void SyncManager::addHistory(const QUuid& id, const QString& line) {
-    QJsonObject history = defaults_.value(historyKey).toObject();
-    for (const QString& key : history.keys())
-        if (pair(QUuid::fromString(key)) == nullptr)
-            history.remove(key);
-    history.insert(id.toString(QUuid::WithoutBraces),
-                   QJsonObject{{QLatin1StringView("date"),
-                                QDateTime::currentDateTimeUtc().toString(Qt::ISODate)},
-                               {QLatin1StringView("text"), line}});
-    defaults_.setValue(historyKey, history);
+const SyncReport* SyncManager::lastReport(const QUuid& id) const {
+    const auto found = lastReports_.constFind(id);
+    return found == lastReports_.constEnd() ? nullptr : &*found;
 }
 
-QString SyncManager::historyLine(const QUuid& id) const {
-    const QJsonObject entry =
-        defaults_.value(historyKey).toObject().value(id.toString(QUuid::WithoutBraces)).toObject();
-    const QDateTime date =
-        QDateTime::fromString(entry.value(QLatin1StringView("date")).toString(), Qt::ISODate);
-    if (!date.isValid())
-        return {};
-    return QLocale().toString(date.toLocalTime(), QLocale::ShortFormat) + QStringLiteral(": ") +
-           entry.value(QLatin1StringView("text")).toString();
+void SyncManager::reports(const QUuid& id, std::function<void(std::vector<SyncReport>)> done) {
+    constexpr std::size_t most = 200;
+    runInBackground(
+        this, [store = store_, id](const std::stop_token&) { return store.of(id, most); },
+        [done = std::move(done)](BackgroundResult<std::vector<SyncReport>> result) {
+            if (result.succeeded())
+                done(result.take());
+        });
+}
+
+void SyncManager::loadLastReports() {
+    for (const SyncPair& pair : pairs_)
+        runInBackground(
+            this,
+            [store = store_, id = pair.id](const std::stop_token&) { return store.of(id, 1); },
+            [this, id = pair.id](BackgroundResult<std::vector<SyncReport>> result) {
+                if (!result.succeeded() || lastReports_.contains(id))
+                    return;
+                std::vector<SyncReport> found = result.take();
+                if (found.empty() || this->pair(id) == nullptr)
+                    return;
+                lastReports_.insert(id, std::move(found.front()));
+                Q_EMIT syncPairChanged(id);
+            });
 }
 
 } // namespace tessary

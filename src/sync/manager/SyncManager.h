@@ -4,9 +4,12 @@
 #include "phone/records/DeviceInfo.h"
 #include "platform/settings/UserDefaults.h"
 #include "sync/manager/SyncConnection.h"
-#include "sync/old/plan/SyncPair.h"
-#include "sync/old/plan/SyncReport.h"
+#include "sync/manager/SyncReportStore.h"
+#include "sync/plan/SyncPair.h"
+#include "sync/plan/SyncReport.h"
+#include "sync/run/SyncRun.h"
 
+#include <QHash>
 #include <QObject>
 #include <QPointer>
 
@@ -20,6 +23,16 @@ namespace tessary {
 
 class DeviceManager;
 
+/// What runs work with besides the settings.
+struct SyncManagerSetup {
+    SyncConnector connect; ///< what it uses must outlive the work in the background
+    /// An error in words, for the status that is stored with a pair. On the main thread.
+    std::function<QString(const Error&)> words = [](const Error& error) { return error.logText(); };
+    /// Where local files go that a run deletes or replaces; empty: they are gone.
+    std::function<bool(const QString& path)> trash = moveToTrash;
+    QString reportFolder = SyncReportStore::defaultFolder();
+};
+
 /// The sync pairs and their runs, one at a time and in the order they were asked for. Lives on the
 /// main thread and never makes it wait: the work is done in the background, and its state arrives
 /// in the pair list.
@@ -28,16 +41,14 @@ class SyncManager : public QObject {
 
 public:
     static constexpr QLatin1StringView userDefaultsKey{"Tessary_SyncPairs"};
-    static constexpr QLatin1StringView historyKey{"Tessary_SyncHistory"};
 
-    /// Asks the user. The completion is called once, at any time, on the main thread: delete (or
-    /// create again) or not. A run that is cancelled meanwhile needs no answer any more.
-    using OnDeleteConfirm =
-        std::function<void(const SyncQuestion& question, std::function<void(bool)> completion)>;
+    /// Asks the user. The completion is called once, at any time, on the main thread. A run that is
+    /// cancelled meanwhile needs no answer any more.
+    using OnQuestion = std::function<void(const SyncQuestion& question,
+                                          std::function<void(SyncAnswer)> completion)>;
 
-    /// Loads the pairs. `defaults` must outlive the manager, and what `connect` uses the work in
-    /// the background.
-    SyncManager(UserDefaults& defaults, SyncConnector connect, QObject* parent = nullptr);
+    /// Loads the pairs. `defaults` must outlive the manager.
+    SyncManager(UserDefaults& defaults, SyncManagerSetup setup, QObject* parent = nullptr);
     /// Cancels what runs; nothing waits for its end.
     ~SyncManager() override;
 
@@ -50,7 +61,7 @@ public:
     void addSyncPair(const SyncPair& pair);
     /// Replaces the pair with this id. A pair that runs keeps its state.
     void updateSyncPair(const SyncPair& pair);
-    /// Cancels the pair's run, too. Its manifests stay.
+    /// Cancels the pair's run, too, and forgets its reports. Its manifests stay.
     void removeSyncPair(const QUuid& id);
     /// This computer's name in manifests; made on first use.
     [[nodiscard]] QString macHostID();
@@ -69,10 +80,11 @@ public:
     }
 
     /// Runs every pair, in the order of the list.
-    void syncAll(DeviceManager& deviceManager, const OnDeleteConfirm& onDeleteConfirm);
+    void syncAll(DeviceManager& deviceManager, const OnQuestion& ask);
     /// Runs one pair, after those that wait already. Nothing happens when it runs or waits.
-    void syncPair(const QUuid& id, DeviceManager& deviceManager,
-                  const OnDeleteConfirm& onDeleteConfirm);
+    /// `decisions` were made at a preview.
+    void syncPair(const QUuid& id, DeviceManager& deviceManager, const OnQuestion& ask,
+                  const SyncDecisions& decisions = {});
     /// Ends the pair's run, or takes it out of the queue; its status becomes `idle`.
     void cancel(const QUuid& id);
     void cancelAll();
@@ -81,21 +93,26 @@ public:
     }
     [[nodiscard]] bool isRunningOrWaiting(const QUuid& id) const;
 
-    /// What a run of a pair, which need not be in the list, would do. The result, or the error's
-    /// text, comes later on the main thread; after a stop request neither comes.
-    using PreviewDone = std::function<void(std::optional<SyncPreview> preview, QString error)>;
+    /// What a run of a pair, which need not be in the list, would do. The result, or the error,
+    /// comes later on the main thread; after a stop request neither comes.
+    using PreviewDone =
+        std::function<void(std::optional<SyncPreview> preview, const std::optional<Error>& error)>;
     std::stop_source preview(const SyncPair& pair, DeviceManager& deviceManager, PreviewDone done);
 
-    /// The last run of a pair in one line; empty before there was one.
-    [[nodiscard]] QString historyLine(const QUuid& id) const;
+    /// How the last run of a pair went; null before there was one that is still kept.
+    [[nodiscard]] const SyncReport* lastReport(const QUuid& id) const;
+    /// The reports of a pair that are kept, the newest first; they come later on the main thread.
+    void reports(const QUuid& id, std::function<void(std::vector<SyncReport>)> done);
 
 Q_SIGNALS:
     /// Pairs were added, removed or replaced.
     void syncPairsChanged();
-    /// A pair's status, progress or history is another one.
+    /// A pair's status, progress or last report is another one.
     void syncPairChanged(const QUuid& id);
     /// "Tessary_SyncDidComplete": a run ended well.
     void syncDidComplete(const QUuid& id);
+    /// A run ended, however: see lastReport().
+    void runEnded(const QUuid& id);
     /// No run is under way or waits any more.
     void idle();
 
@@ -103,7 +120,8 @@ private:
     struct Job {
         QUuid id;
         QPointer<DeviceManager> deviceManager;
-        OnDeleteConfirm confirm;
+        OnQuestion ask;
+        SyncDecisions decisions;
     };
     struct Running {
         QUuid id;
@@ -114,15 +132,18 @@ private:
     [[nodiscard]] SyncPair* find(const QUuid& id);
     void startNext();
     void start(const Job& job);
+    [[nodiscard]] SyncRunEvents eventsOf(const QUuid& id);
     void setStatus(const QUuid& id, const SyncStatus& status);
     void setProgress(const QUuid& id, const SyncProgress& progress);
-    void ended(const QUuid& id, const std::function<SyncReport()>& result);
+    void ended(const QUuid& id, SyncReport report);
     void finish(const QUuid& id, const SyncStatus& status, const QString& stage);
-    void addHistory(const QUuid& id, const QString& line);
+    void loadLastReports();
 
     UserDefaults& defaults_;
-    const SyncConnector connect_;
+    const SyncManagerSetup setup_;
+    const SyncReportStore store_;
     std::vector<SyncPair> pairs_;
+    QHash<QUuid, SyncReport> lastReports_;
     std::deque<Job> waiting_;
     std::optional<Running> running_;
     std::optional<DeviceInfo> activeDevice_;

@@ -1,10 +1,23 @@
 #include "sync/manager/SyncViewModel.h"
 
+#include "base/text/PathNames.h"
 #include "devices/list/DeviceManager.h"
 
 #include <QPointer>
 
 namespace tessary {
+
+namespace {
+
+/// A name from a phone as one of a folder here.
+QString folderName(QString name) {
+    name.replace(u'/', u'-');
+    name.remove(QChar::Null);
+    name = name.trimmed();
+    return isSafeName(name) && !isTooLongName(name) ? name : QString();
+}
+
+} // namespace
 
 SyncViewModel::SyncViewModel(SyncManager& manager, DeviceManager& deviceManager, QObject* parent)
     : QObject(parent), manager_(manager), deviceManager_(deviceManager) {
@@ -15,15 +28,18 @@ SyncViewModel::SyncViewModel(SyncManager& manager, DeviceManager& deviceManager,
             (pair == nullptr || pair->status.kind != SyncStatus::Kind::syncing))
             dropQuestion();
     });
+    connect(&deviceManager, &DeviceManager::devicesChanged, this,
+            &SyncViewModel::runPairsOfNewDevices);
+    runPairsOfNewDevices();
 }
 
 SyncViewModel::~SyncViewModel() {
     stopPreview_.request_stop();
     if (completion_)
-        completion_(false);
+        completion_(SyncAnswer::stop());
 }
 
-std::optional<SyncPair> SyncViewModel::draft(const QString& localFolder) const {
+std::optional<SyncPair> SyncViewModel::draft(const QString& documents) const {
     const auto& device = manager_.activeDevice();
     const bool isAndroid = device && device->platform == DevicePlatform::android;
     if (!device || (!isAndroid && !manager_.activeApp()))
@@ -36,39 +52,19 @@ std::optional<SyncPair> SyncViewModel::draft(const QString& localFolder) const {
     pair.appName =
         isAndroid ? QStringLiteral("Internal Storage") : manager_.activeApp()->displayName;
     pair.remoteFolderPath = manager_.activeRemotePath();
-    pair.localFolderPath = localFolder;
+    pair.localFolderPath = documents;
+    const QString top = lastComponent(pair.remoteFolderPath);
+    for (const QString& name : {pair.deviceName, top.isEmpty() ? pair.appName : top})
+        if (const QString folder = folderName(name); !folder.isEmpty())
+            pair.localFolderPath = joinPath(pair.localFolderPath, folder);
     return pair;
 }
 
-QString SyncViewModel::sentence(const SyncPair& pair) {
-    switch (pair.syncMode) {
-    case SyncMode::biDirectional:
-        return pair.deleteSyncEnabled
-                   ? QStringLiteral("New and changed files are copied both ways. Files deleted on "
-                                    "one side are deleted on the other after you agreed.")
-                   : QStringLiteral("New and changed files are copied both ways. Files deleted on "
-                                    "one side are copied back.");
-    case SyncMode::toiPhone:
-        return pair.moveFilesEnabled
-                   ? QStringLiteral("Files are moved to the phone: each is deleted here once it "
-                                    "has arrived.")
-                   : QStringLiteral("New and changed files are copied to the phone. Nothing is "
-                                    "deleted.");
-    case SyncMode::toMac:
-        break;
-    }
-    return pair.moveFilesEnabled
-               ? QStringLiteral("Files are moved here: each is deleted on the phone once it has "
-                                "arrived.")
-               : QStringLiteral("New and changed files of the phone are copied here. Nothing is "
-                                "deleted.");
-}
-
-SyncManager::OnDeleteConfirm SyncViewModel::confirm() {
+SyncManager::OnQuestion SyncViewModel::ask() {
     return [self = QPointer<SyncViewModel>(this)](const SyncQuestion& question,
-                                                  std::function<void(bool)> completion) {
+                                                  std::function<void(SyncAnswer)> completion) {
         if (!self) {
-            completion(false);
+            completion(SyncAnswer::stop());
             return;
         }
         for (const SyncPair& pair : self->manager_.syncPairs())
@@ -86,20 +82,21 @@ void SyncViewModel::dropQuestion() {
     Q_EMIT questionChanged();
 }
 
-void SyncViewModel::answer(bool yes) {
+void SyncViewModel::answer(const SyncAnswer& answer) {
     if (!question_)
         return;
     const auto completion = std::move(completion_);
     dropQuestion();
-    completion(yes);
+    completion(answer);
 }
 
 void SyncViewModel::run(const QUuid& id) {
     const SyncPair* pair = manager_.pair(id);
     if (pair == nullptr)
         return;
+    byItself_.remove(id);
     if (pair->lastSyncedAt)
-        manager_.syncPair(id, deviceManager_, confirm());
+        manager_.syncPair(id, deviceManager_, ask());
     else
         requestPreview(*pair);
 }
@@ -110,11 +107,30 @@ void SyncViewModel::runAll() {
         if (pair.lastSyncedAt)
             ids.push_back(pair.id);
     for (const QUuid& id : ids)
-        manager_.syncPair(id, deviceManager_, confirm());
+        run(id);
 }
 
 void SyncViewModel::cancel(const QUuid& id) {
     manager_.cancel(id);
+}
+
+/// A pair that is to run by itself does so each time that its phone has come and can be read. What
+/// was never synced is looked at by somebody first.
+void SyncViewModel::runPairsOfNewDevices() {
+    QSet<QString> ready;
+    for (const DeviceInfo& device : deviceManager_.devices())
+        if (device.isDataAccessible())
+            ready.insert(device.udid);
+    const QSet<QString> come = ready - std::exchange(ready_, ready);
+    std::vector<QUuid> ids;
+    for (const SyncPair& pair : manager_.syncPairs())
+        if (pair.runsWhenPluggedIn && pair.lastSyncedAt && come.contains(pair.deviceUDID) &&
+            !manager_.isRunningOrWaiting(pair.id))
+            ids.push_back(pair.id);
+    for (const QUuid& id : ids) {
+        byItself_.insert(id);
+        manager_.syncPair(id, deviceManager_, ask());
+    }
 }
 
 void SyncViewModel::requestPreview(const SyncPair& pair) {
@@ -124,7 +140,7 @@ void SyncViewModel::requestPreview(const SyncPair& pair) {
     const QPointer<SyncViewModel> self(this);
     stopPreview_ = manager_.preview(
         pair, deviceManager_,
-        [self, id = pair.id](std::optional<SyncPreview> plan, const QString& error) {
+        [self, id = pair.id](std::optional<SyncPreview> plan, const std::optional<Error>& error) {
             if (!self || !self->preview_ || self->preview_->pair.id != id)
                 return;
             self->preview_->plan = std::move(plan);
@@ -133,14 +149,17 @@ void SyncViewModel::requestPreview(const SyncPair& pair) {
         });
 }
 
-void SyncViewModel::confirmPreview() {
+void SyncViewModel::confirmPreview(const SyncDecisions& decisions) {
     if (!preview_)
         return;
     const SyncPair pair = preview_->pair;
     closePreview();
     if (manager_.pair(pair.id) == nullptr)
         manager_.addSyncPair(pair);
-    manager_.syncPair(pair.id, deviceManager_, confirm());
+    else
+        manager_.updateSyncPair(pair);
+    byItself_.remove(pair.id);
+    manager_.syncPair(pair.id, deviceManager_, ask(), decisions);
 }
 
 void SyncViewModel::closePreview() {

@@ -3,6 +3,7 @@
 #include "sync/manager/SyncManager.h"
 
 #include <QObject>
+#include <QSet>
 
 #include <functional>
 #include <optional>
@@ -12,36 +13,35 @@ namespace tessary {
 class DeviceManager;
 
 /// What the sync menu, its sheet and its dialogs work on: runs and cancels pairs, holds the
-/// question that waits for an answer and the preview that is shown before a pair's first run. Lives
-/// on the main thread.
+/// question that waits for an answer and the preview that is shown before a run. Lives on the main
+/// thread.
 class SyncViewModel : public QObject {
     Q_OBJECT
 
 public:
-    /// What is shown before the first run of a pair.
+    /// What a run would do, before it is done.
     struct Preview {
         SyncPair pair;
         std::optional<SyncPreview> plan; ///< none while it is made, and after an error
-        QString error;
+        std::optional<Error> error;
 
         [[nodiscard]] bool isLoading() const {
-            return !plan && error.isEmpty();
+            return !plan && !error;
         }
     };
 
     /// Both must outlive the view model.
     SyncViewModel(SyncManager& manager, DeviceManager& deviceManager, QObject* parent = nullptr);
-    /// Answers a question that waits with no.
+    /// Answers a question that waits with SyncAnswer::stop().
     ~SyncViewModel() override;
 
     [[nodiscard]] SyncManager& manager() {
         return manager_;
     }
 
-    /// A new pair of the folder that is being browsed; no value while none is.
-    [[nodiscard]] std::optional<SyncPair> draft(const QString& localFolder) const;
-    /// One plain sentence that says what syncing a pair will do.
-    [[nodiscard]] static QString sentence(const SyncPair& pair);
+    /// A new pair of the folder that is being browsed, with a folder of its own below
+    /// `documents`; no value while none is.
+    [[nodiscard]] std::optional<SyncPair> draft(const QString& documents) const;
 
     /// Runs a pair; one that was never synced is previewed first and runs with confirmPreview().
     void run(const QUuid& id);
@@ -55,31 +55,48 @@ public:
         return preview_;
     }
     /// Closes the preview and runs its pair, which is added to the list when it is not in it.
-    void confirmPreview();
+    void confirmPreview(const SyncDecisions& decisions = {});
     void closePreview();
+
+    /// Shows the sheet of a pair, or its reports.
+    void requestEdit(const QUuid& id) {
+        Q_EMIT editRequested(id);
+    }
+    void requestReports(const QUuid& id) {
+        Q_EMIT reportsRequested(id);
+    }
 
     /// The question that a run waits with.
     [[nodiscard]] const std::optional<SyncQuestion>& question() const {
         return question_;
     }
-    /// "Delete" (or "create again") or "Keep".
-    void answer(bool yes);
+    void answer(const SyncAnswer& answer);
+
+    /// Whether the run of a pair that just ended, or runs, began by itself.
+    [[nodiscard]] bool beganByItself(const QUuid& id) const {
+        return byItself_.contains(id);
+    }
 
 Q_SIGNALS:
     void previewChanged();
     void questionChanged();
+    void editRequested(const QUuid& id);
+    void reportsRequested(const QUuid& id);
 
 private:
-    [[nodiscard]] SyncManager::OnDeleteConfirm confirm();
+    [[nodiscard]] SyncManager::OnQuestion ask();
     void dropQuestion();
+    void runPairsOfNewDevices();
 
     SyncManager& manager_;
     DeviceManager& deviceManager_;
     std::optional<Preview> preview_;
     std::stop_source stopPreview_;
     std::optional<SyncQuestion> question_;
-    std::function<void(bool)> completion_;
-    QUuid askedBy_; ///< the pair whose run asked
+    std::function<void(SyncAnswer)> completion_;
+    QUuid askedBy_;        ///< the pair whose run asked
+    QSet<QString> ready_;  ///< devices whose files can be read, by udid
+    QSet<QUuid> byItself_; ///< pairs whose runs nobody asked for
 };
 
 } // namespace tessary

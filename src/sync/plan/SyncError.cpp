@@ -7,9 +7,9 @@ namespace tessary {
 namespace {
 
 constexpr std::array names{
-    "changedMeanwhile", "kindsDiffer",   "sameNames",        "aboveUnknown", "notListed",
-    "changedAtTarget",  "undecided",     "sizeUnknown",      "twice",        "tooDeep",
-    "stopped",          "folderMissing", "sourceIsNoFolder", "noAnswer",     "recordNotStored",
+    "changedMeanwhile", "kindsDiffer",   "sameNames",        "aboveUnknown",    "notListed",
+    "changedAtTarget",  "undecided",     "sizeUnknown",      "twice",           "tooDeep",
+    "stopped",          "folderMissing", "sourceIsNoFolder", "recordNotStored",
 };
 static_assert(names.size() == static_cast<std::size_t>(SyncError::recordNotStored) + 1);
 

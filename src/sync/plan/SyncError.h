@@ -22,7 +22,6 @@ enum class SyncError {
     stopped,          ///< the user chose to change nothing
     folderMissing,    ///< local path: it was synced before and is gone
     sourceIsNoFolder, ///< path: something else stands where a pair's folder should be
-    noAnswer,         ///< files: nobody is there to confirm so many deletions
     // --- the run went well, and yet ---
     recordNotStored, ///< path: the next run cannot tell what was deleted
 };

@@ -62,15 +62,15 @@ std::optional<SyncRecord> syncRecord(const std::optional<SyncManifest>& local,
     return record;
 }
 
-qint64 filesOnceSynced(const std::optional<SyncManifest>& local,
-                       const std::optional<SyncManifest>& device, const QString& hostID,
-                       const SyncPair& pair) {
+std::optional<qint64> filesOnceSynced(const std::optional<SyncManifest>& local,
+                                      const std::optional<SyncManifest>& device,
+                                      const QString& hostID, const SyncPair& pair) {
     const QString key = syncRecordKey(hostID, pair);
-    std::size_t most = 0;
+    std::optional<qint64> most;
     for (const auto* manifest : {&local, &device})
         if (const SyncHostEntry* entry = entryOf(*manifest, key, pair))
-            most = std::max(most, entry->files.size());
-    return static_cast<qint64>(most);
+            most = std::max(most.value_or(0), static_cast<qint64>(entry->files.size()));
+    return most;
 }
 
 } // namespace tessary

@@ -31,9 +31,10 @@ struct SyncRecord {
                                                    const std::optional<SyncManifest>& device,
                                                    const QString& hostID, const SyncPair& pair);
 
-/// Files that either manifest knows of the pair: when a side is empty, that is worth a question.
-[[nodiscard]] qint64 filesOnceSynced(const std::optional<SyncManifest>& local,
-                                     const std::optional<SyncManifest>& device,
-                                     const QString& hostID, const SyncPair& pair);
+/// Files that either manifest knows of the pair, which is worth a question when a side is empty; no
+/// value when neither has heard of it.
+[[nodiscard]] std::optional<qint64> filesOnceSynced(const std::optional<SyncManifest>& local,
+                                                    const std::optional<SyncManifest>& device,
+                                                    const QString& hostID, const SyncPair& pair);
 
 } // namespace tessary

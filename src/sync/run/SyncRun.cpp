@@ -66,12 +66,12 @@ void SyncRun::tell(const QString& message) {
 void SyncRun::ensureLocalFolder() {
     if (local_.exists(call_))
         return;
-    const qint64 before = filesOnceSynced({}, deviceManifest_, setup_.hostID, setup_.pair);
-    if (setup_.pair.lastSyncedAt || before > 0) {
+    const auto before = filesOnceSynced({}, deviceManifest_, setup_.hostID, setup_.pair);
+    if (setup_.pair.lastSyncedAt || before) {
         SyncQuestion question;
         question.kind = SyncQuestion::Kind::missingLocalFolder;
         question.path = setup_.pair.localFolderPath;
-        question.guard = {SyncGuard::Kind::localEmpty, before, 0};
+        question.guard = {SyncGuard::Kind::localEmpty, before.value_or(0), 0};
         if (!events_.ask || !events_.ask(question).goesOn)
             throw Error(SyncError::folderMissing, {setup_.pair.localFolderPath});
         throwIfStopped(call_.stop);
@@ -92,11 +92,14 @@ void SyncRun::loadManifests() {
 void SyncRun::scan(SyncSide::Leftovers leftovers) {
     tell(QStringLiteral("Scanning folders…"));
     const SyncPatterns patterns(setup_.pair.patterns);
-    const auto scanned = [&](SyncSide& side) {
-        return side.exists(call_) ? side.scan(patterns, leftovers, remembered_, call_) : SyncTree();
+    const auto scanned = [&](SyncSide& side, NameRules& names) {
+        if (!side.exists(call_))
+            return SyncTree();
+        names = side.files().nameRules(side.pathOf({}));
+        return side.scan(patterns, leftovers, remembered_, call_);
     };
-    localTree_ = scanned(local_);
-    deviceTree_ = scanned(device_);
+    localTree_ = scanned(local_, localNames_);
+    deviceTree_ = scanned(device_, deviceNames_);
     if (record_)
         renames_ = takeCaseRenames(localTree_, deviceTree_, record_->files, setup_.pair.syncMode);
 }
@@ -111,10 +114,11 @@ SyncPlanner SyncRun::makePlanner() {
          .deletes = pair.deleteSyncEnabled,
          .moves = pair.movesFiles(),
          .isAndroid = pair.isAndroid(),
-         .localNames = local_.files().nameRules(local_.pathOf({})),
-         .deviceNames = device_.files().nameRules(device_.pathOf({})),
+         .localNames = localNames_,
+         .deviceNames = deviceNames_,
          .now = setup_.now(),
-         .filesOnceSynced = filesOnceSynced(localManifest_, deviceManifest_, setup_.hostID, pair)});
+         .filesOnceSynced =
+             filesOnceSynced(localManifest_, deviceManifest_, setup_.hostID, pair).value_or(0)});
 }
 
 /// Asks the user what he was not asked yet.

@@ -77,6 +77,8 @@ private:
     bool isFirstStored_ = false;
     SyncTree localTree_;
     SyncTree deviceTree_;
+    NameRules localNames_;
+    NameRules deviceNames_;
     std::vector<SyncRename> renames_;
     SyncDecisions decisions_;
 };

@@ -60,7 +60,13 @@ FileItem SyncSide::itemOf(const QString& relativePath, const SyncFile& seen) con
 }
 
 bool SyncSide::exists(const Call& call) {
-    const auto found = files_.find(root_, call);
+    std::optional<FileItem> found;
+    try {
+        found = files_.find(root_, call);
+    } catch (const Error& error) {
+        if (!error.is(LocalError::notFound) && !error.is(PhoneError::notFound))
+            throw;
+    }
     if (found && !found->isDirectory)
         throw Error(SyncError::sourceIsNoFolder, {root_});
     return found.has_value();

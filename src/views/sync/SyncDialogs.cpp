@@ -1,8 +1,9 @@
 #include "views/sync/SyncDialogs.h"
 
+#include "base/text/Printable.h"
 #include "views/sync/SyncPairSheet.h"
-#include "views/sync/SyncPreviewDialog.h"
-#include "views/sync/SyncQuestionDialog.h"
+#include "views/sync/SyncReportDialog.h"
+#include "views/sync/SyncTexts.h"
 
 #include <QDir>
 #include <QStandardPaths>
@@ -13,6 +14,9 @@ SyncDialogs::SyncDialogs(SyncViewModel& sync, QWidget& window, ChooseFolder choo
     : QObject(&window), sync_(sync), window_(window), chooseFolder_(std::move(chooseFolder)) {
     connect(&sync, &SyncViewModel::previewChanged, this, &SyncDialogs::showPreview);
     connect(&sync, &SyncViewModel::questionChanged, this, &SyncDialogs::showQuestion);
+    connect(&sync, &SyncViewModel::editRequested, this, &SyncDialogs::editPair);
+    connect(&sync, &SyncViewModel::reportsRequested, this, &SyncDialogs::showReports);
+    connect(&sync.manager(), &SyncManager::runEnded, this, &SyncDialogs::tellOutcome);
 }
 
 void SyncDialogs::makePair() {
@@ -20,11 +24,54 @@ void SyncDialogs::makePair() {
         sync_.draft(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     if (!draft)
         return;
-    auto* sheet = new SyncPairSheet(*draft, chooseFolder_, &window_);
+    auto* sheet = new SyncPairSheet(*draft, SyncPairSheet::Purpose::makes, chooseFolder_, &window_);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     connect(sheet, &QDialog::accepted, this,
             [this, sheet] { sync_.requestPreview(sheet->pair()); });
     sheet->open();
+}
+
+void SyncDialogs::editPair(const QUuid& id) {
+    const SyncPair* pair = sync_.manager().pair(id);
+    if (pair == nullptr)
+        return;
+    auto* sheet = new SyncPairSheet(*pair, SyncPairSheet::Purpose::edits, chooseFolder_, &window_);
+    sheet->setAttribute(Qt::WA_DeleteOnClose);
+    connect(sheet, &QDialog::accepted, this, [this, sheet, folder = pair->localFolderPath] {
+        SyncPair edited = sheet->pair();
+        // With another folder it is a first run again, and looked at beforehand.
+        if (edited.localFolderPath != folder)
+            edited.lastSyncedAt.reset();
+        sync_.manager().updateSyncPair(edited);
+    });
+    sheet->open();
+}
+
+void SyncDialogs::showReports(const QUuid& id) {
+    auto* dialog = new SyncReportDialog(&window_);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->open();
+    sync_.manager().reports(
+        id, [shown = QPointer<SyncReportDialog>(dialog)](std::vector<SyncReport> reports) {
+            if (shown)
+                shown->setReports(std::move(reports));
+        });
+}
+
+/// Nobody may be looking when a run began by itself.
+void SyncDialogs::tellOutcome(const QUuid& id) {
+    const SyncPair* pair = sync_.manager().pair(id);
+    const SyncReport* report = sync_.manager().lastReport(id);
+    if (!notifier_ || pair == nullptr || report == nullptr || !sync_.beganByItself(id))
+        return;
+    notifier_->notify(tr("Sync of %1").arg(printable(pair->deviceName)), reportText(*report),
+                      [window = QPointer<QWidget>(&window_)] {
+                          if (window) {
+                              window->show();
+                              window->raise();
+                              window->activateWindow();
+                          }
+                      });
 }
 
 void SyncDialogs::showPreview() {
@@ -38,11 +85,12 @@ void SyncDialogs::showPreview() {
         auto* dialog = new SyncPreviewDialog(&window_);
         dialog->setAttribute(Qt::WA_DeleteOnClose);
         dialog->setWindowModality(Qt::WindowModal);
-        connect(dialog, &QDialog::accepted, this, [this] { sync_.confirmPreview(); });
+        connect(dialog, &QDialog::accepted, this,
+                [this, dialog] { sync_.confirmPreview(dialog->decisions()); });
         connect(dialog, &QDialog::rejected, this, [this] { sync_.closePreview(); });
         preview_ = dialog;
     }
-    static_cast<SyncPreviewDialog*>(preview_.data())->show(*preview);
+    preview_->show(*preview);
 }
 
 void SyncDialogs::showQuestion() {
@@ -57,8 +105,8 @@ void SyncDialogs::showQuestion() {
     }
     question_ = new SyncQuestionDialog(*question, &window_);
     question_->setAttribute(Qt::WA_DeleteOnClose);
-    connect(question_, &QDialog::accepted, this, [this] { sync_.answer(true); });
-    connect(question_, &QDialog::rejected, this, [this] { sync_.answer(false); });
+    connect(question_, &QDialog::accepted, this, [this] { sync_.answer(question_->answer()); });
+    connect(question_, &QDialog::rejected, this, [this] { sync_.answer(SyncAnswer::stop()); });
     question_->open();
 }
 

@@ -1,14 +1,15 @@
 #include "views/sync/SyncPairRow.h"
 
-#include "app/Translations.h"
 #include "app/texts/DisplayNames.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
 #include "views/common/PlainText.h"
+#include "views/sync/SyncTexts.h"
 
 #include <QDir>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMenu>
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
@@ -43,13 +44,6 @@ QString arrow(SyncMode mode) {
     return QStringLiteral("↔");
 }
 
-/// A line of SyncManager's history, "date: what happened", in the interface's language.
-QString trHistory(const QString& line) {
-    const QString separator = QStringLiteral(": ");
-    const auto at = line.indexOf(separator);
-    return line.left(at + separator.size()) + trMessage(line.mid(at + separator.size()));
-}
-
 } // namespace
 
 SyncPairRow::SyncPairRow(SyncViewModel& sync, const QUuid& id, QWidget* parent)
@@ -62,7 +56,8 @@ SyncPairRow::SyncPairRow(SyncViewModel& sync, const QUuid& id, QWidget* parent)
       progress_(new QProgressBar),
       run_(button("view-refresh")),
       cancel_(button("dialog-cancel")),
-      remove_(button("edit-delete-remove")) {
+      more_(button("overflow-menu")),
+      menu_(new QMenu(this)) {
     QFont bold = title_->font();
     bold.setWeight(QFont::DemiBold);
     title_->setFont(bold);
@@ -77,7 +72,9 @@ SyncPairRow::SyncPairRow(SyncViewModel& sync, const QUuid& id, QWidget* parent)
     progress_->setFixedHeight(5);
     connect(run_, &QToolButton::clicked, this, [this] { sync_.run(id_); });
     connect(cancel_, &QToolButton::clicked, this, [this] { sync_.cancel(id_); });
-    connect(remove_, &QToolButton::clicked, this, &SyncPairRow::remove);
+    more_->setMenu(menu_);
+    more_->setPopupMode(QToolButton::InstantPopup);
+    connect(menu_, &QMenu::aboutToShow, this, &SyncPairRow::fillMenu);
 
     auto* texts = new QVBoxLayout;
     texts->setSpacing(2);
@@ -87,7 +84,7 @@ SyncPairRow::SyncPairRow(SyncViewModel& sync, const QUuid& id, QWidget* parent)
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 6, 0, 6);
     row->addLayout(texts, 1);
-    for (QToolButton* each : {run_, cancel_, remove_})
+    for (QToolButton* each : {run_, cancel_, more_})
         row->addWidget(each, 0, Qt::AlignTop);
     makePlain(*this);
     update();
@@ -105,20 +102,16 @@ void SyncPairRow::update() {
     detail_->setText(QStringLiteral("%1  ·  %2  ·  %3")
                          .arg(printable(pair->deviceName),
                               printable(placeDisplayName(pair->appName)), modeDisplayName(*pair)));
-    QString state = trMessage(pair->status.label());
     const bool isWaiting = isRunning && pair->status.kind != SyncStatus::Kind::syncing;
-    if (isWaiting)
-        state = tr("Queued");
-    else if (pair->status.kind == SyncStatus::Kind::syncing && pair->progress.totalFiles > 0)
-        state += QStringLiteral("  ") + pair->progress.filesDescription() +
-                 QStringLiteral("  ·  ") + pair->progress.bytesDescription();
-    else if (const QString history = sync_.manager().historyLine(id_);
-             !isRunning && !history.isEmpty())
-        state = pair->status.kind == SyncStatus::Kind::error ? state : trHistory(history);
-    state_->setText(printable(state));
+    const SyncReport* last = sync_.manager().lastReport(id_);
+    const bool hasFailed = pair->status.kind == SyncStatus::Kind::error;
+    const bool isPartial = !isRunning && !hasFailed && last != nullptr && !last->skipped.empty();
+    state_->setText(printable(stateOf(*pair)));
     QPalette colours;
-    if (pair->status.kind == SyncStatus::Kind::error && !isWaiting)
+    if (hasFailed && !isWaiting)
         colours.setColor(QPalette::WindowText, QColor(206, 58, 58));
+    else if (isPartial)
+        colours.setColor(QPalette::WindowText, QColor(190, 120, 20));
     state_->setPalette(colours);
     progress_->setVisible(isRunning);
     progress_->setAccessibleName(title_->text());
@@ -130,7 +123,42 @@ void SyncPairRow::update() {
     cancel_->setVisible(isRunning);
     name(*run_, tr("Sync Now"));
     name(*cancel_, tr("Cancel"));
-    name(*remove_, tr("Remove This Pair"));
+    name(*more_, tr("More"));
+}
+
+QString SyncPairRow::stateOf(const SyncPair& pair) const {
+    const bool isRunning = sync_.manager().isRunningOrWaiting(id_);
+    if (isRunning && pair.status.kind != SyncStatus::Kind::syncing)
+        return tr("Queued");
+    if (isRunning) {
+        QString state = stageText(pair.status.message);
+        if (pair.progress.totalFiles > 0)
+            state += QStringLiteral("  ") + pair.progress.filesDescription() +
+                     QStringLiteral("  ·  ") + pair.progress.bytesDescription();
+        return state;
+    }
+    if (const SyncReport* last = sync_.manager().lastReport(id_))
+        return datedReportText(*last);
+    return pair.status.kind == SyncStatus::Kind::error ? pair.status.message : tr("Not synced yet");
+}
+
+void SyncPairRow::fillMenu() {
+    const SyncPair* pair = sync_.manager().pair(id_);
+    if (pair == nullptr)
+        return;
+    const bool isIdle = !sync_.manager().isRunningOrWaiting(id_);
+    menu_->clear();
+    const auto add = [&](const char* iconName, const QString& text, auto slot) {
+        return menu_->addAction(icon(iconName), text, this, slot);
+    };
+    add("document-preview", tr("Show What Will Happen"), [this] {
+        if (const SyncPair* shown = sync_.manager().pair(id_))
+            sync_.requestPreview(*shown);
+    })->setEnabled(isIdle);
+    add("view-history", tr("Reports…"), [this] { sync_.requestReports(id_); });
+    add("document-edit", tr("Edit…"), [this] { sync_.requestEdit(id_); })->setEnabled(isIdle);
+    menu_->addSeparator();
+    add("edit-delete-remove", tr("Remove This Pair"), [this] { remove(); });
 }
 
 void SyncPairRow::remove() {

@@ -6,11 +6,13 @@
 
 class QLabel;
 class QProgressBar;
+class QMenu;
 class QToolButton;
 
 namespace tessary {
 
-/// One pair of the sync menu: what is tied to what, how it stands, and run, cancel and remove.
+/// One pair of the sync menu: what is tied to what, how it stands, run and cancel, and a menu for
+/// what else may be done with it.
 class SyncPairRow : public QWidget {
     Q_OBJECT
 
@@ -23,6 +25,8 @@ public:
 
 private:
     void remove();
+    void fillMenu();
+    [[nodiscard]] QString stateOf(const SyncPair& pair) const;
 
     SyncViewModel& sync_;
     const QUuid id_;
@@ -32,7 +36,8 @@ private:
     QProgressBar* progress_;
     QToolButton* run_;
     QToolButton* cancel_;
-    QToolButton* remove_;
+    QToolButton* more_;
+    QMenu* menu_;
 };
 
 } // namespace tessary

@@ -1,10 +1,9 @@
 #include "views/sync/SyncPairSheet.h"
 
-#include "app/Translations.h"
 #include "app/texts/DisplayNames.h"
 #include "base/text/Printable.h"
-#include "sync/manager/SyncViewModel.h"
 #include "views/common/PlainText.h"
+#include "views/sync/SyncTexts.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -14,23 +13,27 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 
 namespace tessary {
 
-SyncPairSheet::SyncPairSheet(SyncPair draft, ChooseFolder chooseFolder, QWidget* parent)
+SyncPairSheet::SyncPairSheet(SyncPair pair, Purpose purpose, ChooseFolder chooseFolder,
+                             QWidget* parent)
     : QDialog(parent),
-      pair_(std::move(draft)),
+      pair_(std::move(pair)),
       chooseFolder_(std::move(chooseFolder)),
       folder_(new QLineEdit(QDir::toNativeSeparators(pair_.localFolderPath))),
       mode_(new QComboBox),
       deletes_(
           new QCheckBox(tr("A file deleted on one side is deleted on the other, after asking"))),
       moves_(new QCheckBox(tr("Remove files from where they came once they have arrived"))),
+      runsByItself_(new QCheckBox(tr("Sync whenever this phone is plugged in"))),
+      patterns_(new QPlainTextEdit(pair_.patterns.join(QLatin1Char('\n')))),
       sentence_(new QLabel),
       next_(nullptr) {
     setObjectName(QStringLiteral("syncPairSheet"));
-    setWindowTitle(tr("Sync This Folder"));
+    setWindowTitle(purpose == Purpose::makes ? tr("Sync This Folder") : tr("Edit This Pair"));
     setMinimumWidth(520);
     folder_->setObjectName(QStringLiteral("syncLocalFolder"));
     folder_->setAccessibleName(tr("Folder on this computer"));
@@ -41,6 +44,13 @@ SyncPairSheet::SyncPairSheet(SyncPair draft, ChooseFolder chooseFolder, QWidget*
     mode_->setCurrentIndex(mode_->findData(static_cast<int>(pair_.syncMode)));
     deletes_->setChecked(pair_.deleteSyncEnabled);
     moves_->setChecked(pair_.moveFilesEnabled);
+    runsByItself_->setChecked(pair_.runsWhenPluggedIn);
+    patterns_->setObjectName(QStringLiteral("syncPatterns"));
+    patterns_->setAccessibleName(tr("Left out"));
+    patterns_->setToolTip(tr("One pattern a line, by the rules of .gitignore: *.tmp, /private/"));
+    patterns_->setTabChangesFocus(true);
+    patterns_->setLineWrapMode(QPlainTextEdit::NoWrap);
+    patterns_->setFixedHeight(patterns_->fontMetrics().lineSpacing() * 6);
     sentence_->setWordWrap(true);
     sentence_->setObjectName(QStringLiteral("syncSentence"));
     sentence_->setMinimumHeight(sentence_->fontMetrics().height() * 3);
@@ -63,9 +73,12 @@ SyncPairSheet::SyncPairSheet(SyncPair draft, ChooseFolder chooseFolder, QWidget*
     form->addRow(tr("Direction"), mode_);
     form->addRow(QString(), deletes_);
     form->addRow(QString(), moves_);
+    form->addRow(QString(), runsByItself_);
+    form->addRow(tr("Left out"), patterns_);
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
-    next_ = buttons->addButton(tr("Show What Will Happen"), QDialogButtonBox::AcceptRole);
+    next_ = buttons->addButton(purpose == Purpose::makes ? tr("Show What Will Happen") : tr("Save"),
+                               QDialogButtonBox::AcceptRole);
     next_->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -78,7 +91,9 @@ SyncPairSheet::SyncPairSheet(SyncPair draft, ChooseFolder chooseFolder, QWidget*
     connect(folder_, &QLineEdit::textChanged, this, &SyncPairSheet::change);
     connect(mode_, &QComboBox::currentIndexChanged, this, &SyncPairSheet::change);
     connect(deletes_, &QCheckBox::toggled, this, &SyncPairSheet::change);
-    connect(moves_, &QCheckBox::toggled, this, &SyncPairSheet::change);
+    for (QCheckBox* box : {moves_, runsByItself_})
+        connect(box, &QCheckBox::toggled, this, &SyncPairSheet::change);
+    connect(patterns_, &QPlainTextEdit::textChanged, this, &SyncPairSheet::change);
     makePlain(*this);
     change();
 }
@@ -88,10 +103,12 @@ void SyncPairSheet::change() {
     pair_.syncMode = static_cast<SyncMode>(mode_->currentData().toInt());
     pair_.deleteSyncEnabled = deletes_->isChecked();
     pair_.moveFilesEnabled = moves_->isChecked();
+    pair_.runsWhenPluggedIn = runsByItself_->isChecked();
+    pair_.patterns = patterns_->toPlainText().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     const bool isTwoWay = pair_.syncMode == SyncMode::biDirectional;
     deletes_->setVisible(isTwoWay);
     moves_->setVisible(!isTwoWay);
-    sentence_->setText(trMessage(SyncViewModel::sentence(pair_)));
+    sentence_->setText(sentenceOf(pair_));
     next_->setEnabled(QDir::isAbsolutePath(pair_.localFolderPath));
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sync/old/plan/SyncPair.h"
+#include "sync/plan/SyncPair.h"
 
 #include <QDialog>
 
@@ -10,19 +10,24 @@ class QCheckBox;
 class QComboBox;
 class QLabel;
 class QLineEdit;
+class QPlainTextEdit;
 class QPushButton;
 
 namespace tessary {
 
-/// Makes a sync pair of a device folder: the local folder, the mode, and what happens to deleted
-/// and transferred files, with one plain sentence that says what will come of it.
+/// Sets a sync pair up, a new one or one that is there: the local folder, the mode, what happens to
+/// deleted and transferred files, what is left out, and whether it runs by itself, with one plain
+/// sentence that says what will come of it.
 class SyncPairSheet : public QDialog {
     Q_OBJECT
 
 public:
     using ChooseFolder = std::function<QString(QWidget* parent, const QString& startAt)>;
 
-    SyncPairSheet(SyncPair draft, ChooseFolder chooseFolder, QWidget* parent = nullptr);
+    enum class Purpose { makes, edits };
+
+    SyncPairSheet(SyncPair pair, Purpose purpose, ChooseFolder chooseFolder,
+                  QWidget* parent = nullptr);
 
     /// As the user has set it up.
     [[nodiscard]] const SyncPair& pair() const {
@@ -38,6 +43,8 @@ private:
     QComboBox* mode_;
     QCheckBox* deletes_;
     QCheckBox* moves_;
+    QCheckBox* runsByItself_;
+    QPlainTextEdit* patterns_;
     QLabel* sentence_;
     QPushButton* next_;
 };

@@ -1,11 +1,13 @@
 #include "views/sync/SyncPreviewDialog.h"
 
-#include "app/Translations.h"
+#include "app/texts/ErrorText.h"
 #include "base/text/ByteFormat.h"
 #include "views/common/Icons.h"
 #include "views/common/PlainText.h"
 #include "views/sync/SyncFileList.h"
+#include "views/sync/SyncTexts.h"
 
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QProgressBar>
@@ -13,51 +15,31 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace tessary {
 
 namespace {
 
-using Kind = SyncPreviewItem::Kind;
+/// So many conflicts have a choice of their own in the list; of more, both versions are kept.
+constexpr int mostChoices = 500;
 
-QString actionText(const SyncPreviewItem& item) {
-    switch (item.kind) {
-    case Kind::upload:
-        return SyncPreviewDialog::tr("Copy to the phone");
-    case Kind::download:
-        return SyncPreviewDialog::tr("Copy to this computer");
-    case Kind::move:
-        return item.toDevice ? SyncPreviewDialog::tr("Move to the phone")
-                             : SyncPreviewDialog::tr("Move to this computer");
-    case Kind::conflict:
-        return SyncPreviewDialog::tr("Changed on both sides: keep both");
-    case Kind::remove:
-        return item.toDevice ? SyncPreviewDialog::tr("Delete on the phone")
-                             : SyncPreviewDialog::tr("Delete on this computer");
-    case Kind::leave:
-        return SyncPreviewDialog::tr("Leave as it is");
-    case Kind::skip:
-        break;
-    }
-    return SyncPreviewDialog::tr("Skip");
+bool isDeletion(const SyncPreviewItem& item) {
+    return item.deed == SyncDeed::deleteHere || item.deed == SyncDeed::deleteOnDevice;
 }
 
-const char* actionIcon(const SyncPreviewItem& item) {
-    switch (item.kind) {
-    case Kind::upload:
-        return "go-up";
-    case Kind::download:
-        return "go-down";
-    case Kind::move:
-        return item.toDevice ? "go-up" : "go-down";
-    case Kind::conflict:
-        return "edit-copy";
-    case Kind::remove:
-        return "edit-delete";
-    case Kind::leave:
-    case Kind::skip:
-        break;
-    }
-    return "dialog-warning";
+/// What wants a decision stands first, what is left alone last.
+int rank(const SyncPreviewItem& item) {
+    if (!item.deed)
+        return 3;
+    return isDeletion(item) ? 0 : item.deed == SyncDeed::keepBoth ? 1 : 2;
+}
+
+QString actionText(const SyncPreviewItem& item) {
+    if (item.deed)
+        return deedText(*item.deed);
+    const QString left = SyncPreviewDialog::tr("Leave as it is");
+    return item.reason ? left + QStringLiteral(": ") + reasonText(*item.reason) : left;
 }
 
 } // namespace
@@ -65,18 +47,20 @@ const char* actionIcon(const SyncPreviewItem& item) {
 SyncPreviewDialog::SyncPreviewDialog(QWidget* parent)
     : QDialog(parent),
       title_(new QLabel),
+      counts_(new QLabel),
       warning_(new QLabel),
       busy_(new QProgressBar),
       list_(new QTreeWidget),
       run_(nullptr) {
     setObjectName(QStringLiteral("syncPreview"));
     setWindowTitle(tr("What Will Happen"));
-    resize(640, 440);
-    title_->setWordWrap(true);
+    resize(680, 460);
     QFont bold = title_->font();
     bold.setWeight(QFont::DemiBold);
     title_->setFont(bold);
-    warning_->setWordWrap(true);
+    for (QLabel* label : {title_, counts_, warning_})
+        label->setWordWrap(true);
+    counts_->setObjectName(QStringLiteral("syncCounts"));
     QPalette red = warning_->palette();
     red.setColor(QPalette::WindowText, QColor(206, 58, 58));
     warning_->setPalette(red);
@@ -92,9 +76,8 @@ SyncPreviewDialog::SyncPreviewDialog(QWidget* parent)
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* column = new QVBoxLayout(this);
     column->setSpacing(10);
-    column->addWidget(title_);
-    column->addWidget(warning_);
-    column->addWidget(busy_);
+    for (QWidget* each : std::initializer_list<QWidget*>{title_, counts_, warning_, busy_})
+        column->addWidget(each);
     column->addWidget(list_, 1);
     column->addWidget(buttons);
     makePlain(*this);
@@ -103,9 +86,12 @@ SyncPreviewDialog::SyncPreviewDialog(QWidget* parent)
 void SyncPreviewDialog::show(const SyncViewModel::Preview& preview) {
     busy_->setVisible(preview.isLoading());
     run_->setEnabled(preview.plan.has_value());
-    warning_->setText(preview.plan ? trMessage(preview.plan->warning) : trMessage(preview.error));
+    warning_->setText(preview.plan    ? guardText(preview.plan->guard)
+                      : preview.error ? errorText(*preview.error).text()
+                                      : QString());
     warning_->setVisible(!warning_->text().isEmpty());
     list_->setVisible(preview.plan.has_value());
+    counts_->setVisible(preview.plan.has_value());
     if (preview.plan)
         fill(*preview.plan);
     else
@@ -114,28 +100,75 @@ void SyncPreviewDialog::show(const SyncViewModel::Preview& preview) {
     QDialog::show();
 }
 
-void SyncPreviewDialog::fill(const SyncPreview& plan) {
-    constexpr int maxLines = 2000; // more are read by nobody
-    list_->clear();
-    QList<QTreeWidgetItem*> rows;
-    for (const SyncPreviewItem& item : plan.items) {
-        if (rows.size() == maxLines)
-            break;
-        const QString reason =
-            item.reason.isEmpty() ? QString() : QStringLiteral(": ") + trMessage(item.reason);
-        auto* row = makeSyncFileRow(item.relativePath, item.size, actionText(item) + reason);
-        row->setIcon(0, icon(actionIcon(item)));
-        rows.append(row);
+QTreeWidgetItem* SyncPreviewDialog::makeRow(const SyncPreviewItem& item, bool isGuarded) {
+    auto* row = makeSyncFileRow(item.path, item.size, actionText(item));
+    row->setIcon(0, icon(item.deed ? deedIcon(*item.deed) : "dialog-warning"));
+    if (isDeletion(item)) {
+        // What looks like a mistake is not confirmed by a click on the way.
+        row->setCheckState(0, isGuarded ? Qt::Unchecked : Qt::Checked);
+        deletions_.insert(item.path, row);
+    } else if (item.deed == SyncDeed::keepBoth) {
+        conflicts_.insert(item.path, row);
     }
+    return row;
+}
+
+void SyncPreviewDialog::fill(const SyncPreview& plan) {
+    list_->clear();
+    deletions_.clear();
+    conflicts_.clear();
+    choices_.clear();
+    guard_ = plan.guard.kind;
+    std::vector<const SyncPreviewItem*> items;
+    for (const SyncPreviewItem& item : plan.items)
+        items.push_back(&item);
+    std::stable_sort(items.begin(), items.end(),
+                     [](const auto* a, const auto* b) { return rank(*a) < rank(*b); });
+    QList<QTreeWidgetItem*> rows;
+    for (const SyncPreviewItem* item : items)
+        rows.append(makeRow(*item, guard_ != SyncGuard::Kind::nothing));
     list_->addTopLevelItems(rows);
-    const auto files = static_cast<qint64>(plan.items.size());
+    addChoices();
     QStringList parts;
-    if (files > 0)
-        parts.append(tr("%Ln files to go through, %1 to copy", nullptr, static_cast<int>(files))
-                         .arg(formatBytes(plan.totalBytes)));
-    if (files == 0 || plan.inSync > 0)
+    if (!items.empty())
+        parts.append(
+            tr("%Ln files to go through, %1 to copy", nullptr, static_cast<int>(items.size()))
+                .arg(formatBytes(plan.totalBytes)));
+    if (items.empty() || plan.inSync > 0)
         parts.append(tr("%Ln files are the same already", nullptr, static_cast<int>(plan.inSync)));
     title_->setText(parts.join(QStringLiteral("  ·  ")));
+    counts_->setText(countsText(plan.counts()));
+}
+
+void SyncPreviewDialog::addChoices() {
+    if (conflicts_.size() > mostChoices)
+        return;
+    for (auto it = conflicts_.constBegin(); it != conflicts_.constEnd(); ++it) {
+        auto* choice = new QComboBox;
+        choice->setAccessibleName(tr("Action"));
+        const std::pair<QString, ConflictChoice> choices[] = {
+            {deedText(SyncDeed::keepBoth), ConflictChoice::keepBoth},
+            {tr("Keep this computer's"), ConflictChoice::keepLocal},
+            {tr("Keep the phone's"), ConflictChoice::keepDevice},
+            {tr("Leave as it is"), ConflictChoice::leave},
+        };
+        for (const auto& [text, value] : choices)
+            choice->addItem(text, static_cast<int>(value));
+        list_->setItemWidget(it.value(), 2, choice);
+        choices_.insert(it.key(), choice);
+    }
+}
+
+SyncDecisions SyncPreviewDialog::decisions() const {
+    SyncDecisions decisions;
+    decisions.guard = guard_;
+    for (auto it = deletions_.constBegin(); it != deletions_.constEnd(); ++it)
+        (it.value()->checkState(0) == Qt::Checked ? decisions.deletions : decisions.kept)
+            .insert(it.key());
+    for (auto it = choices_.constBegin(); it != choices_.constEnd(); ++it)
+        decisions.conflicts.insert(it.key(),
+                                   static_cast<ConflictChoice>(it.value()->currentData().toInt()));
+    return decisions;
 }
 
 } // namespace tessary

@@ -1,8 +1,9 @@
 #include "views/sync/SyncQuestionDialog.h"
 
-#include "app/Translations.h"
+#include "base/text/Printable.h"
 #include "views/common/PlainText.h"
 #include "views/sync/SyncFileList.h"
+#include "views/sync/SyncTexts.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -14,10 +15,18 @@ namespace tessary {
 
 namespace {
 
-QString sideText(DeletionCandidate::DeletionLocation location) {
-    return location == DeletionCandidate::DeletionLocation::localMac
-               ? SyncQuestionDialog::tr("On this computer")
-               : SyncQuestionDialog::tr("On the phone");
+using Kind = SyncQuestion::Kind;
+
+/// Where a row's path is kept: what it shows is made printable.
+constexpr int pathRole = Qt::UserRole;
+
+QString sideText(const DeletionCandidate& candidate) {
+    QString where = candidate.targetLocation == DeletionCandidate::DeletionLocation::localMac
+                        ? SyncQuestionDialog::tr("On this computer")
+                        : SyncQuestionDialog::tr("On the phone");
+    if (candidate.isEditedSinceLastSync)
+        where += QStringLiteral("  ·  ") + SyncQuestionDialog::tr("edited since the last sync");
+    return where;
 }
 
 QTreeWidget* makeList(const std::vector<DeletionCandidate>& candidates) {
@@ -26,60 +35,93 @@ QTreeWidget* makeList(const std::vector<DeletionCandidate>& candidates) {
     setUpSyncFileList(*list, SyncQuestionDialog::tr("Where"));
     QList<QTreeWidgetItem*> rows;
     for (const DeletionCandidate& candidate : candidates) {
-        QString where = sideText(candidate.targetLocation);
-        if (candidate.isEditedSinceLastSync)
-            where += QStringLiteral("  ·  ") + SyncQuestionDialog::tr("edited since the last sync");
-        rows.append(makeSyncFileRow(candidate.relativePath, candidate.size, where));
+        auto* row = makeSyncFileRow(candidate.relativePath, candidate.size, sideText(candidate));
+        row->setData(0, pathRole, candidate.relativePath);
+        row->setCheckState(0, Qt::Checked);
+        rows.append(row);
     }
     list->addTopLevelItems(rows);
     return list;
+}
+
+QLabel* boldLabel(const QString& text) {
+    auto* label = new QLabel(text);
+    QFont bold = label->font();
+    bold.setWeight(QFont::DemiBold);
+    label->setFont(bold);
+    label->setWordWrap(true);
+    return label;
 }
 
 } // namespace
 
 SyncQuestionDialog::SyncQuestionDialog(const SyncQuestion& question, QWidget* parent)
     : QDialog(parent) {
-    const bool isDeletion = question.kind == SyncQuestion::Kind::deletions;
     setObjectName(QStringLiteral("syncQuestion"));
-    auto* title = new QLabel;
-    QFont bold = title->font();
-    bold.setWeight(QFont::DemiBold);
-    title->setFont(bold);
-    title->setWordWrap(true);
-    auto* words = new QLabel(trMessage(question.warning));
-    words->setWordWrap(true);
-    words->setVisible(!question.warning.isEmpty());
-    auto* buttons = new QDialogButtonBox;
-    QPushButton* keep =
-        buttons->addButton(isDeletion ? tr("Keep") : tr("Cancel"), QDialogButtonBox::RejectRole);
-    buttons->addButton(isDeletion ? tr("Delete") : tr("Create Again"),
-                       QDialogButtonBox::AcceptRole);
-    keep->setDefault(true);
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-
     auto* column = new QVBoxLayout(this);
     column->setSpacing(10);
-    column->addWidget(title);
-    column->addWidget(words);
-    if (isDeletion) {
+    auto* buttons = new QDialogButtonBox;
+    QPushButton* stop =
+        buttons->addButton(tr("Stop, Change Nothing"), QDialogButtonBox::RejectRole);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    const auto goOn = [&](const QString& text, QDialogButtonBox::ButtonRole role, auto slot) {
+        connect(buttons->addButton(text, role), &QPushButton::clicked, this, slot);
+    };
+    const auto keepAll = [this] {
+        answer_ = SyncAnswer::keepAll();
+        accept();
+    };
+    const QString warning = guardText(question.guard);
+    if (question.kind == Kind::deletions) {
         setWindowTitle(tr("Delete Files?"));
-        title->setText(tr("%Ln files were deleted on one side. Delete them on the other, too?",
-                          nullptr, static_cast<int>(question.candidates.size())));
+        column->addWidget(
+            boldLabel(tr("%Ln files were deleted on one side. Delete them on the other, too?",
+                         nullptr, static_cast<int>(question.candidates.size()))));
+    } else if (question.kind == Kind::emptySide) {
+        setWindowTitle(tr("Folder Empty"));
+        column->addWidget(boldLabel(tr("Is everything to be copied there again?")));
+    } else {
+        setWindowTitle(tr("Folder Missing"));
+        column->addWidget(boldLabel(tr("The folder on this computer is gone")));
+        column->addWidget(new QLabel(printable(question.path)));
+    }
+    if (!warning.isEmpty()) {
+        auto* words = new QLabel(warning);
+        words->setWordWrap(true);
         QPalette red = words->palette();
         red.setColor(QPalette::WindowText, QColor(206, 58, 58));
         words->setPalette(red);
-        column->addWidget(makeList(question.candidates), 1);
+        column->addWidget(words);
+    }
+    if (question.kind == Kind::deletions) {
+        list_ = makeList(question.candidates);
+        column->addWidget(list_, 1);
         auto* note = new QLabel(tr("What you keep is copied back."));
         note->setForegroundRole(QPalette::PlaceholderText);
         column->addWidget(note);
+        goOn(tr("Keep"), QDialogButtonBox::ActionRole, keepAll);
+        goOn(tr("Delete"), QDialogButtonBox::DestructiveRole, [this] { deleteChecked(); });
         resize(600, 400);
+    } else if (question.kind == Kind::emptySide) {
+        goOn(tr("Copy Everything Again"), QDialogButtonBox::ActionRole, keepAll);
     } else {
-        setWindowTitle(tr("Folder Missing"));
-        title->setText(tr("The folder on this computer is gone"));
+        goOn(tr("Create Again"), QDialogButtonBox::ActionRole, keepAll);
     }
     column->addWidget(buttons);
+    for (QAbstractButton* each : buttons->buttons())
+        if (auto* button = qobject_cast<QPushButton*>(each))
+            button->setAutoDefault(false);
+    stop->setDefault(true);
+    stop->setFocus();
     makePlain(*this);
+}
+
+void SyncQuestionDialog::deleteChecked() {
+    answer_ = SyncAnswer::keepAll();
+    for (int n = 0; n < list_->topLevelItemCount(); ++n)
+        if (const QTreeWidgetItem* row = list_->topLevelItem(n); row->checkState(0) == Qt::Checked)
+            answer_.deletions.insert(row->data(0, pathRole).toString());
+    accept();
 }
 
 } // namespace tessary

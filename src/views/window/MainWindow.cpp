@@ -245,6 +245,7 @@ void MainWindow::changeEvent(QEvent* event) {
 }
 
 void MainWindow::connectSync() {
+    syncDialogs_->setNotifier(app_.setup().notifier);
     browserView_->setShowSync([this](const QWidget& anchor) {
         std::optional<DeviceInfo> device;
         if (browser_.state() == BrowserState::ready && !isChoosingApp_)

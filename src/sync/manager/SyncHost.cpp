@@ -1,4 +1,4 @@
-#include "sync/plan/SyncHost.h"
+#include "sync/manager/SyncHost.h"
 
 #include <QDir>
 #include <QSysInfo>

@@ -1,0 +1,87 @@
+#include "sync/manager/SyncReportStore.h"
+
+#include "base/local/LocalError.h"
+#include "base/local/PartFile.h"
+#include "base/log/DiagnosticsLogger.h"
+#include "sync/plan/SyncReportJson.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QStandardPaths>
+
+namespace tessary {
+
+namespace {
+
+/// A report of more bytes is none of ours.
+constexpr qint64 largestReport = 64LL * 1024 * 1024;
+
+const QString& pattern() {
+    static const QString text = QStringLiteral("*.json");
+    return text;
+}
+
+/// Sorts by date.
+QString fileName(const QDateTime& date) {
+    return date.toUTC().toString(QStringLiteral("yyyyMMdd-HHmmss-zzz")) + QStringLiteral(".json");
+}
+
+} // namespace
+
+QString SyncReportStore::defaultFolder() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+           QStringLiteral("/tessary/sync-reports");
+}
+
+QString SyncReportStore::folderOf(const QUuid& pair) const {
+    return folder_ + QLatin1Char('/') + pair.toString(QUuid::WithoutBraces);
+}
+
+void SyncReportStore::add(const QUuid& pair, const SyncReport& report, const QDateTime& now) const {
+    const QString folder = folderOf(pair);
+    const QByteArray json = QJsonDocument(encodeReport(report)).toJson(QJsonDocument::Compact);
+    try {
+        if (!QDir().mkpath(folder))
+            throw Error(LocalError::cannotMakeFolder, {folder, QString()});
+        PartFile file(folder + QLatin1Char('/') + fileName(report.endedAt));
+        file.write(
+            std::as_bytes(std::span(json.constData(), static_cast<std::size_t>(json.size()))));
+        file.commit({});
+    } catch (const std::exception& error) {
+        DiagnosticsLogger::shared().ui.error("sync report not stored: %s",
+                                             {QString::fromUtf8(error.what())});
+    }
+    const QString oldest = fileName(now.addDays(-keptFor.count()));
+    for (const QString& each : QDir(folder_).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        const QDir reports(folder_ + QLatin1Char('/') + each);
+        for (const QString& name : reports.entryList({pattern()}, QDir::Files))
+            if (name < oldest)
+                QFile::remove(reports.filePath(name));
+    }
+}
+
+std::vector<SyncReport> SyncReportStore::of(const QUuid& pair, std::size_t most) const {
+    std::vector<SyncReport> reports;
+    const QDir folder(folderOf(pair));
+    for (const QString& name :
+         folder.entryList({pattern()}, QDir::Files, QDir::Name | QDir::Reversed)) {
+        QFile file(folder.filePath(name));
+        if (reports.size() == most || file.size() > largestReport ||
+            !file.open(QIODevice::ReadOnly))
+            continue;
+        if (auto report = decodeReport(QJsonDocument::fromJson(file.readAll()).object()))
+            reports.push_back(*std::move(report));
+    }
+    return reports;
+}
+
+void SyncReportStore::forget(const QUuid& pair) const {
+    QDir folder(folderOf(pair));
+    for (const QString& name : folder.entryList({pattern()}, QDir::Files))
+        QFile::remove(folder.filePath(name));
+    (void)QDir(folder_).rmdir(pair.toString(QUuid::WithoutBraces));
+}
+
+} // namespace tessary

@@ -1,0 +1,150 @@
+#include "views/sync/SyncTexts.h"
+
+#include "app/texts/ErrorText.h"
+#include "base/text/Printable.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+#include <QStringList>
+
+#include <array>
+
+namespace tessary {
+
+namespace {
+
+class Texts {
+    Q_DECLARE_TR_FUNCTIONS(SyncTexts)
+};
+
+struct DeedLook {
+    const char* text;
+    const char* icon;
+};
+
+/// In the order of SyncDeed.
+constexpr std::array looks{
+    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Copy to the phone"), "go-up"},
+    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Replace on the phone"), "go-up"},
+    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Copy to this computer"), "go-down"},
+    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Replace on this computer"), "go-down"},
+    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Move to the phone"), "go-up"},
+    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Move to this computer"), "go-down"},
+    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Keep both versions"), "edit-copy"},
+    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Delete on the phone"), "edit-delete"},
+    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Delete on this computer"), "edit-delete"},
+    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Rename on the phone"), "edit-rename"},
+    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Rename on this computer"), "edit-rename"},
+};
+static_assert(looks.size() == static_cast<std::size_t>(SyncDeed::renameHere) + 1);
+
+constexpr std::array stages{
+    QT_TRANSLATE_NOOP("SyncTexts", "Connecting to device…"),
+    QT_TRANSLATE_NOOP("SyncTexts", "Waiting for another sync…"),
+    QT_TRANSLATE_NOOP("SyncTexts", "Scanning folders…"),
+    QT_TRANSLATE_NOOP("SyncTexts", "Awaiting deletion confirmation…"),
+    QT_TRANSLATE_NOOP("SyncTexts", "Analyzing files…"),
+    QT_TRANSLATE_NOOP("SyncTexts", "Starting transfer…"),
+    QT_TRANSLATE_NOOP("SyncTexts", "Uploading"),
+    QT_TRANSLATE_NOOP("SyncTexts", "Downloading"),
+    QT_TRANSLATE_NOOP("SyncTexts", "Moving"),
+    QT_TRANSLATE_NOOP("SyncTexts", "Moving (already on destination)"),
+    QT_TRANSLATE_NOOP("SyncTexts", "Up to date"),
+};
+
+const DeedLook& lookOf(SyncDeed deed) {
+    return looks[static_cast<std::size_t>(deed)];
+}
+
+} // namespace
+
+QString sentenceOf(const SyncPair& pair) {
+    switch (pair.syncMode) {
+    case SyncMode::biDirectional:
+        return pair.deleteSyncEnabled
+                   ? Texts::tr("New and changed files are copied both ways. Files deleted on one "
+                               "side are deleted on the other after you agreed.")
+                   : Texts::tr("New and changed files are copied both ways. Files deleted on one "
+                               "side are copied back.");
+    case SyncMode::toiPhone:
+        return pair.moveFilesEnabled
+                   ? Texts::tr("Files are moved to the phone: each is deleted here once it has "
+                               "arrived.")
+                   : Texts::tr("New and changed files are copied to the phone. Nothing is "
+                               "deleted.");
+    case SyncMode::toMac:
+        break;
+    }
+    return pair.moveFilesEnabled
+               ? Texts::tr("Files are moved here: each is deleted on the phone once it has "
+                           "arrived.")
+               : Texts::tr("New and changed files of the phone are copied here. Nothing is "
+                           "deleted.");
+}
+
+QString stageText(const QString& stage) {
+    for (const char* known : stages)
+        if (stage == QString::fromUtf8(known))
+            return Texts::tr(known);
+    // The one with a name in it; which side it is on the list tells.
+    return stage.startsWith(QLatin1StringView("Removing ")) ? Texts::tr("Deleting") : stage;
+}
+
+QString deedText(SyncDeed deed) {
+    return Texts::tr(lookOf(deed).text);
+}
+
+const char* deedIcon(SyncDeed deed) {
+    return lookOf(deed).icon;
+}
+
+QString guardText(const SyncGuard& guard) {
+    using Kind = SyncGuard::Kind;
+    const auto count = static_cast<int>(guard.recorded);
+    switch (guard.kind) {
+    case Kind::nothing:
+        break;
+    case Kind::localEmpty:
+        return Texts::tr("The folder on this computer is empty, although %Ln files were in it "
+                         "after the last sync. Is its disk missing?",
+                         nullptr, count);
+    case Kind::deviceEmpty:
+        return Texts::tr("The folder on the phone is empty, although %Ln files were in it after "
+                         "the last sync. Is its memory card missing?",
+                         nullptr, count);
+    case Kind::manyDeletions:
+        return Texts::tr("More than half of the %Ln files of the last sync would be deleted.",
+                         nullptr, count);
+    }
+    return {};
+}
+
+QString countsText(const std::map<SyncDeed, qint64>& counts) {
+    QStringList parts;
+    for (const auto& [deed, count] : counts)
+        parts.append(QStringLiteral("%1: %2").arg(deedText(deed), QLocale().toString(count)));
+    return parts.join(QStringLiteral("  ·  "));
+}
+
+QString reportText(const SyncReport& report) {
+    QStringList parts;
+    if (report.failure && report.outcome == SyncReport::Outcome::failed)
+        parts.append(printable(errorText(*report.failure).what));
+    else if (report.outcome == SyncReport::Outcome::cancelled)
+        parts.append(Texts::tr("Cancelled"));
+    if (report.hasChanges())
+        parts.append(countsText(report.counts()));
+    else if (report.outcome == SyncReport::Outcome::done)
+        parts.append(Texts::tr("Up to date"));
+    if (!report.skipped.empty())
+        parts.append(Texts::tr("%Ln files were left as they are", nullptr,
+                               static_cast<int>(report.skipped.size())));
+    return parts.join(QStringLiteral("  ·  "));
+}
+
+QString datedReportText(const SyncReport& report) {
+    return QLocale().toString(report.endedAt.toLocalTime(), QLocale::ShortFormat) +
+           QStringLiteral(": ") + reportText(report);
+}
+
+} // namespace tessary

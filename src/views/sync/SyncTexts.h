@@ -1,0 +1,28 @@
+#pragma once
+
+#include "sync/plan/SyncReport.h"
+
+#include <QString>
+
+namespace tessary {
+
+// What the sync tells, in the language of the interface. For the main thread.
+
+/// What a run of a pair does, in one plain sentence.
+[[nodiscard]] QString sentenceOf(const SyncPair& pair);
+/// A step of a run as SyncStatus names it: "Scanning folders…".
+[[nodiscard]] QString stageText(const QString& stage);
+/// "Copy to the phone"
+[[nodiscard]] QString deedText(SyncDeed deed);
+/// The icon of a deed.
+[[nodiscard]] const char* deedIcon(SyncDeed deed);
+/// Why a run looks like a mistake; empty when it does not.
+[[nodiscard]] QString guardText(const SyncGuard& guard);
+/// How often each thing is done: "Copy to the phone: 3  ·  Delete on the phone: 1".
+[[nodiscard]] QString countsText(const std::map<SyncDeed, qint64>& counts);
+/// How a run went, in one line.
+[[nodiscard]] QString reportText(const SyncReport& report);
+/// When a run ended, and how it went.
+[[nodiscard]] QString datedReportText(const SyncReport& report);
+
+} // namespace tessary
