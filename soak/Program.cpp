@@ -2,9 +2,10 @@
 
 #include "Story.h"
 #include "base/threads/Background.h"
-#include "devices/files/AndroidFileAccess.h"
+#include "sync/manager/SyncConnection.h"
 
 #include <QCoreApplication>
+#include <QDirIterator>
 
 #include <thread>
 
@@ -13,18 +14,37 @@ namespace tessary {
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
+namespace {
+
+/// A job counts as cancelled at once; its thread may take longer.
+bool isCopyThreadRunning() {
+    QDirIterator threads(u"/proc/self/task"_s, QDir::Dirs | QDir::NoDotAndDotDot);
+    while (threads.hasNext()) {
+        QFile name(threads.next() + u"/comm"_s);
+        if (name.open(QIODevice::ReadOnly) && name.readAll().trimmed() == "tessary-copy")
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
 Program::Program(VirtualUSBBus& bus, const QProcessEnvironment& environment, const QString& folder,
                  bool withADB)
     : processes_(environment),
-      files(bus, processes_),
-      devices({bus, &multiplexer, withADB}, files),
-      previews(folder + u"/previews"_s, 20'000'000),
-      browser(transfers, {.openAndroid =
-                              [this](const DeviceInfo& device) {
-                                  return std::make_shared<AndroidFileAccess>(files, device);
-                              },
-                          .previews = &previews,
-                          .clock = {}}) {
+      services({bus, processes_, ADBServerAddress::of(environment)}),
+      devices({bus, &multiplexer, withADB}, services),
+      browser(copies,
+              {.openAndroid =
+                   [this](const DeviceInfo& device) { return services.files().open(device); },
+               .staged = &staged,
+               .clock = {},
+               .openApp =
+                   [this](const DeviceInfo& device, const AppInfo& app) {
+                       return services.files().openApp(device, app);
+                   }}),
+      sync(defaults,
+           {.connect = deviceConnector(services.files()), .reportFolder = folder + u"/reports"_s}) {
     QObject::connect(&devices, &DeviceManager::devicesChanged, [this] { deviceListChanged(); });
     devices.startListening();
 }
@@ -92,30 +112,36 @@ void Program::deviceListChanged() {
         browser.reload();
 }
 
-bool Program::isIdle() {
-    if (!transfers.summary().isIdle() || browser.isEditing() || browser.isLoading() ||
-        sync.isRunning())
-        return false;
-    if (!isEngineFree_) {
-        // A job counts as cancelled at once; the engine takes up the next when it has ended.
-        isEngineFree_ = std::make_shared<std::atomic<bool>>(false);
-        engine.enqueue(QUuid::createUuid(), [](const auto&, const auto&) {},
-                       {.onStart = {},
-                        .onProgress = {},
-                        .onComplete = [free = isEngineFree_](const auto&) { *free = true; }});
+QString Program::whatRuns() const {
+    QStringList what;
+    if (!copies.summary().isIdle())
+        what << u"a copy"_s;
+    if (isCopyThreadRunning())
+        what << u"the thread of a copy"_s;
+    if (browser.isEditing())
+        what << u"an edit"_s;
+    if (browser.isLoading())
+        what << u"the listing of "_s + browser.currentPath();
+    if (sync.isRunning())
+        what << u"a sync"_s;
+    return what.join(u", "_s);
+}
+
+void Program::awaitIdleness(std::chrono::seconds limit) const {
+    try {
+        await(
+            "the end of all work", [this] { return isIdle(); }, limit);
+    } catch (const Broken& broken) {
+        throw Broken(QString::fromUtf8(broken.what()) + u": "_s + whatRuns());
     }
-    if (!*isEngineFree_)
-        return false;
-    isEngineFree_.reset();
-    return true;
 }
 
 void Program::end() {
     constexpr auto limit = 60s;
     devices.stopListening();
-    transfers.cancelAll();
+    copies.cancelAll();
     sync.cancelAll();
-    if (!engine.stop(limit) || !Background::shutDown(limit))
+    if (!copies.stop(limit) || !Background::shutDown(limit))
         throw Broken(u"something still works at the end"_s);
     QCoreApplication::processEvents();
 }

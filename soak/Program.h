@@ -3,16 +3,15 @@
 #include "SoakPhones.h"
 
 #include "browser/model/FileBrowserViewModel.h"
-#include "devices/files/DeviceFileService.h"
+#include "devices/files/DeviceServices.h"
 #include "devices/list/DeviceManager.h"
 #include "ios/Multiplexer.h"
 #include "platform/process/QtProcessRunner.h"
 #include "platform/settings/MemoryUserDefaults.h"
 #include "sync/manager/SyncManager.h"
-#include "transfer/TransferEngine.h"
-#include "transfer/TransferViewModel.h"
+#include "transfer/queue/CopyQueue.h"
+#include "transfer/staging/StagedFiles.h"
 
-#include <atomic>
 #include <chrono>
 #include <functional>
 
@@ -35,25 +34,28 @@ public:
     /// Opens a folder of a phone in the browser, connecting to it when another one is shown. False
     /// when the phone is not in the list.
     bool show(const SoakPhone& phone, const QString& path);
-    /// Nothing is under way, the engine's thread included.
-    [[nodiscard]] bool isIdle();
+    /// Nothing is under way, the threads of cancelled copies included.
+    [[nodiscard]] bool isIdle() const {
+        return whatRuns().isEmpty();
+    }
+    [[nodiscard]] QString whatRuns() const;
+    /// Turns the event loop until isIdle(); throws Broken that says what still runs.
+    void awaitIdleness(std::chrono::seconds limit) const;
     /// Ends what runs; throws Broken when something does not end.
     void end();
 
 private:
     QtProcessRunner processes_;
-    std::shared_ptr<std::atomic<bool>> isEngineFree_; ///< of a question to the engine
 
 public:
-    DeviceFileService files;
-    TransferEngine engine;
+    DeviceServices services;
+    CopyQueue copies;
     SystemMultiplexer multiplexer;
     DeviceManager devices;
-    TransferViewModel transfers{engine};
-    PreviewCache previews;
+    StagedFiles staged{QStringLiteral("soak"), 20'000'000};
     FileBrowserViewModel browser;
     MemoryUserDefaults defaults;
-    SyncManager sync{defaults, deviceConnector(files)};
+    SyncManager sync;
 
 private:
     void deviceListChanged();

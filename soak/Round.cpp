@@ -145,37 +145,38 @@ void Round::browse(SoakPhone& phone) {
     }
 }
 
-/// The jobs that have just been queued are of this phone.
-void Round::noteCopies(SoakPhone& phone) {
-    for (const TransferJob& job : program_.transfers.jobs())
-        if (!copies_.contains(job.id)) {
-            copies_.insert(job.id, &phone);
-            story_.tell(job.type == TransferJob::TransferType::upload ? "upload" : "download",
-                        phone.name() + u' ' + job.sourcePath + u" to "_s + job.destinationPath);
-        }
+/// Queues a copy with answers at random to what it will meet.
+void Round::copy(SoakPhone& phone, const PreparedCopy& prepared) {
+    const auto answer =
+        dice_.oneOf(std::vector{ClashAnswer::keepBoth, ClashAnswer::replace, ClashAnswer::skip});
+    CopyAnswers answers;
+    for (const PreparedCopy::Part& part : prepared.parts)
+        for (const CheckedItem& item : part.check.items)
+            answers.insert(item.item.item.id(), answer);
+    const auto before = program_.copies.jobs().size();
+    const bool isOnlyNew = dice_.happens(20);
+    program_.browser.copies().start(prepared, answers, isOnlyNew);
+    const auto& jobs = program_.copies.jobs();
+    for (std::size_t n = before; n < jobs.size(); ++n) {
+        const CopyJob& job = jobs[n];
+        const bool isUpload = job.direction == CopyJob::Direction::toPhone;
+        Copy& copy = copies_[job.id];
+        copy.phone = &phone;
+        if (answer != ClashAnswer::skip && !isOnlyNew &&
+            jobs.size() - before == prepared.parts.size())
+            for (const CopyItem& item : prepared.parts[n - before].request.items)
+                copy.sources << (isUpload ? item.item.path : phone.onDisk(item.item.path));
+        story_.tell(isUpload ? "upload" : "download",
+                    phone.name() + u' ' + job.sourcePath + u" to "_s + job.targetFolder);
+    }
 }
 
 void Round::download(SoakPhone& phone) {
     if (!show(phone, dice_.happens(70) ? camera : camera + u"/d2"_s))
         return;
-    const QStringList ids = someIds(4);
-    if (dice_.happens(50)) {
-        program_.browser.copies().downloadItems(ids, downloads_);
-        noteCopies(phone);
-        return;
-    }
-    const auto choice =
-        dice_.oneOf(std::vector{NameClash::keepBoth, NameClash::replace, NameClash::skip});
-    ++surveys_;
-    program_.browser.copies().surveyDownload(
-        ids, downloads_, [=, this, &phone](const CopyPlan& survey) {
-            --surveys_;
-            CopyChoices choices;
-            for (const CopyCandidate& candidate : survey.candidates)
-                choices[candidate.key] = choice;
-            program_.browser.copies().copy(survey, choices);
-            noteCopies(phone);
-        });
+    program_.browser.copies().prepareDownload(
+        someIds(4), downloads_,
+        [this, &phone](const PreparedCopy& prepared) { copy(phone, prepared); });
 }
 
 void Round::upload(SoakPhone& phone) {
@@ -187,8 +188,8 @@ void Round::upload(SoakPhone& phone) {
     for (int count = dice_.between(1, 3); count > 0; --count)
         sources << dice_.oneOf(all).filePath();
     sources.removeDuplicates();
-    program_.browser.copies().uploadFiles(sources);
-    noteCopies(phone);
+    program_.browser.copies().prepareUpload(
+        sources, {}, [this, &phone](const PreparedCopy& prepared) { copy(phone, prepared); });
 }
 
 void Round::edit(SoakPhone& phone) {
@@ -235,12 +236,12 @@ void Round::look(SoakPhone& phone) {
 void Round::cancelSomething() {
     story_.tell("cancel");
     std::vector<QUuid> ids;
-    for (const TransferJob& job : program_.transfers.jobs())
+    for (const CopyJob& job : program_.copies.jobs())
         if (!job.isFinished())
             ids.push_back(job.id);
     switch (dice_.between(0, 5)) {
     case 0:
-        program_.transfers.cancelAll();
+        program_.copies.cancelAll();
         break;
     case 1:
         program_.browser.cancelEdits();
@@ -254,7 +255,7 @@ void Round::cancelSomething() {
         break;
     default:
         if (!ids.empty())
-            program_.transfers.cancelJob(dice_.oneOf(ids));
+            program_.copies.cancel(dice_.oneOf(ids));
     }
 }
 

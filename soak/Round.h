@@ -37,6 +37,12 @@ public:
     void run();
 
 private:
+    /// One that was queued.
+    struct Copy {
+        SoakPhone* phone = nullptr;
+        QStringList sources; ///< on this disk; none where what is there may have been left
+    };
+
     void prepare(SoakPhone& phone);
     void act(SoakPhone& phone);
     void browse(SoakPhone& phone);
@@ -48,7 +54,7 @@ private:
     void disturb(SoakPhone& phone);
     [[nodiscard]] bool show(SoakPhone& phone, const QString& path);
     [[nodiscard]] QStringList someIds(int most);
-    void noteCopies(SoakPhone& phone);
+    void copy(SoakPhone& phone, const PreparedCopy& prepared);
 
     void settle();
     void makePeace();
@@ -64,9 +70,8 @@ private:
     const QString outbox_;
     const QString downloads_;
     std::vector<SoakPhone*> phones_; ///< of this round
-    QHash<QUuid, SoakPhone*> copies_;
+    QHash<QUuid, Copy> copies_;
     QHash<SoakPhone*, Tree> edits_; ///< what lay in "Edits" before
-    int surveys_ = 0;               ///< under way: they queue copies at their end
     bool hasDeleted_ = false;
     QString problem_; ///< that a signal brought, which must not throw
 };

@@ -19,6 +19,26 @@ namespace {
 constexpr auto settleLimit = 120s;
 constexpr auto listLimit = 60s;
 
+const char* statusName(CopyJob::Status status) {
+    switch (status) {
+    case CopyJob::Status::queued:
+        return "queued";
+    case CopyJob::Status::paused:
+        return "paused";
+    case CopyJob::Status::running:
+        return "running";
+    case CopyJob::Status::done:
+        return "done";
+    case CopyJob::Status::incomplete:
+        return "incomplete";
+    case CopyJob::Status::failed:
+        return "failed";
+    case CopyJob::Status::cancelled:
+        return "cancelled";
+    }
+    return "";
+}
+
 } // namespace
 
 void Round::makePeace() {
@@ -43,13 +63,12 @@ void Round::settle() {
             phone->unplug();
         }
     } else {
-        program_.transfers.cancelAll();
+        program_.copies.cancelAll();
         program_.browser.cancelEdits();
         program_.browser.cancelLoading();
         bench_.pairs.cancel();
     }
-    Program::await(
-        "the end of all jobs", [this] { return program_.isIdle(); }, settleLimit);
+    program_.awaitIdleness(settleLimit);
     story_.raise("longest end of a round (ms)", clock.elapsed());
     for (const SoakPhone* phone : phones_)
         if (!phone->isPlugged())
@@ -65,32 +84,41 @@ void Round::settle() {
                 return device && device->isDataAccessible();
             },
             listLimit);
-    Program::await(
-        "the end of all reading", [this] { return program_.isIdle(); }, settleLimit);
+    program_.awaitIdleness(settleLimit);
 }
 
 void Round::checkJobs() {
-    using Status = TransferJob::TransferStatus;
-    for (const TransferJob& job : program_.transfers.jobs()) {
-        SoakPhone& phone = *copies_.value(job.id);
-        story_.tell("job", rawValue(job.status) + u' ' + job.destinationPath + u": "_s +
-                               job.error.value_or(QString()));
-        story_.add(qPrintable(u"jobs "_s + rawValue(job.status)), 1);
-        if (job.status == Status::failed && !phone.isDisturbed)
-            throw Broken(u"a copy of %1 in peace failed: %2"_s.arg(job.sourcePath, *job.error));
-        if (job.status != Status::completed)
+    using Status = CopyJob::Status;
+    for (const CopyJob& job : program_.copies.jobs()) {
+        const Copy copy = copies_.value(job.id);
+        const QString reason = job.error             ? job.error->logText()
+                               : job.leftOut.empty() ? QString()
+                                                     : job.leftOut.front().error.logText();
+        const char* const status = statusName(job.status);
+        story_.tell("job", QString::fromLatin1(status) + u' ' + job.sourcePath + u": "_s + reason);
+        story_.add(qPrintable(u"jobs "_s + QString::fromLatin1(status)), 1);
+        if ((job.status == Status::failed || job.status == Status::incomplete) &&
+            !copy.phone->isDisturbed)
+            throw Broken(u"a copy of %1 in peace failed: %2"_s.arg(job.sourcePath, reason));
+        if (job.status != Status::done)
             continue;
-        story_.add("bytes of completed jobs", job.progress.completedBytes);
-        const bool isUpload = job.type == TransferJob::TransferType::upload;
-        const QString from = isUpload ? job.sourcePath : phone.onDisk(job.sourcePath);
-        const QString to = isUpload ? phone.onDisk(job.destinationPath) : job.destinationPath;
-        if (!job.isDirectory && Content::seedOf(from) != Content::seedOf(to))
-            throw Broken(u"%1 is not what %2 is"_s.arg(to, from));
-        const QString missing = job.isDirectory
-                                    ? Content::firstMissing(Content::read(from), Content::read(to))
-                                    : QString();
-        if (!missing.isEmpty())
-            throw Broken(u"%1 of %2 is not in %3"_s.arg(missing, from, to));
+        story_.add("bytes of completed jobs", job.doneBytes());
+        if (!copy.sources.isEmpty() && job.made.size() != copy.sources.size())
+            throw Broken(u"%1 things came of %2"_s.arg(job.made.size()).arg(copy.sources.size()));
+        for (qsizetype n = 0; n < copy.sources.size(); ++n) {
+            const QString& from = copy.sources[n];
+            const QString to = job.direction == CopyJob::Direction::toPhone
+                                   ? copy.phone->onDisk(job.made[n])
+                                   : job.made[n];
+            if (!QFileInfo(from).isDir()) {
+                if (Content::seedOf(from) != Content::seedOf(to))
+                    throw Broken(u"%1 is not what %2 is"_s.arg(to, from));
+                continue;
+            }
+            const QString missing = Content::firstMissing(Content::read(from), Content::read(to));
+            if (!missing.isEmpty())
+                throw Broken(u"%1 of %2 is not in %3"_s.arg(missing, from, to));
+        }
     }
 }
 
@@ -145,7 +173,7 @@ void Round::checkListing(SoakPhone& phone, const QString& path) {
 
 /// Some of it goes, by itself as far as the program can tell.
 void Round::tidy() {
-    program_.transfers.clearCompleted();
+    program_.copies.clearFinished();
     program_.browser.cancelPreview();
     program_.browser.setSearchText({});
     const auto clear = [](const QString& folder) {

@@ -81,11 +81,14 @@ void SyncPairs::edit(Pair& pair) {
 }
 
 void SyncPairs::run(const Pair& pair) {
-    const auto answer = [this](const SyncQuestion& question, std::function<void(bool)> whenDone) {
+    const auto answer = [this](const SyncQuestion& question,
+                               std::function<void(SyncAnswer)> whenDone) {
         const bool yes = dice_.happens(60);
         story_.tell("answer", u"%1 for %2 files"_s.arg(yes).arg(question.candidates.size()));
         QTimer::singleShot(dice_.between(0, 200),
-                           [whenDone = std::move(whenDone), yes] { whenDone(yes); });
+                           [whenDone = std::move(whenDone),
+                            answer = yes ? SyncAnswer::deleteAll(question)
+                                         : SyncAnswer::keepAll()] { whenDone(answer); });
     };
     program_.sync.syncPair(pair.id, program_.devices, answer);
 }
@@ -116,8 +119,10 @@ void SyncPairs::runInPeace(const Pair& pair) {
     const SyncStatus status = program_.sync.pair(pair.id)->status;
     if (status.kind != SyncStatus::Kind::completed)
         throw Broken(u"a sync of %1 in peace ended with: %2"_s.arg(pair.local, status.message));
-    if (program_.sync.historyLine(pair.id).contains(u"skipped"_s))
-        throw Broken(u"a sync of %1 left something out"_s.arg(pair.local));
+    if (const SyncReport* const report = program_.sync.lastReport(pair.id);
+        report != nullptr && !report->skipped.empty())
+        throw Broken(u"a sync of %1 left %2 out: %3"_s.arg(
+            pair.local, report->skipped.front().path, report->skipped.front().reason.logText()));
 }
 
 QString SyncPairs::difference(const Pair& pair) {
@@ -136,7 +141,7 @@ void SyncPairs::compare(const QUuid& id) {
     for (const auto& pair : pairs_) {
         if (pair->id != id || !problem_.isEmpty())
             continue;
-        story_.tell("synced", pair->phone.name() + u' ' + program_.sync.historyLine(id));
+        story_.tell("synced", pair->phone.name());
         try {
             if (const QString path = difference(*pair); !path.isEmpty())
                 problem_ =
@@ -155,7 +160,7 @@ void SyncPairs::finish() {
         if (dice_.happens(70))
             continue;
         runInPeace(*pair);
-        if (!program_.sync.historyLine(pair->id).endsWith(u"Up to date"_s))
+        if (program_.sync.lastReport(pair->id)->hasChanges())
             throw Broken(u"a second sync of %1 had something to do"_s.arg(pair->local));
     }
 }

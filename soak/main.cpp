@@ -47,6 +47,11 @@ void soak(Story& story, Dice& dice, std::chrono::seconds time, bool withADB) {
         phone->plug();
 
     Program program(bus, server.environment(), disk.path(), withADB);
+    for (const auto& phone : phones)
+        Program::await(
+            "a phone in the list at the start", [&] { return program.device(*phone).has_value(); },
+            std::chrono::seconds(60));
+    (void)program.show(*phones.front(), u"/"_s); // the browser is never without a phone
     Content content(dice);
     SyncPairs pairs(program, content, dice, story);
     for (std::size_t n = 0; n < phones.size(); ++n)
