@@ -283,7 +283,7 @@ TEST_F(USBBusProbe, namesTheProgramThatHoldsTheDevice) {
         std::this_thread::sleep_for(100ms);
     }
     ASSERT_THAT(holders, SizeIs(1));
-    EXPECT_TRUE(holders[0].startsWith(u"UsbBusProbe (")) << holders[0].toStdString();
+    EXPECT_TRUE(holders[0].startsWith(u"USBBusProbe (")) << holders[0].toStdString();
 }
 
 } // namespace

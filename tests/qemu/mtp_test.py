@@ -20,6 +20,10 @@ from machine import Machine, MachineError
 MIB = 1024 * 1024
 TIME_LIMIT = 280  # seconds: before ctest would end it without a word
 CLI = "tessary-cli --usb 46F4:0004"
+# Around one packet, one short read and one long read, with the container's header of 12 bytes; and
+# many reads. This responder takes no upload that ends with a few bytes behind a full buffer of its
+# own (of 512 KiB): it halts the pipe, or ends itself.
+EDGE_SIZES = (0, 1, 499, 500, 501, 1012, 4084, 4085, 262132, 262144, 524276, 1048600, 64 * MIB)
 
 
 class Failure(Exception):
@@ -53,11 +57,11 @@ def fill_phone(folder):
     (folder / "single.txt").write_text("to be removed")
     with open(folder / "huge.bin", "wb") as file:
         file.truncate(5 * 1024 * MIB)
+    with open(folder / "large.bin", "wb") as file:
+        file.truncate(512 * MIB)  # fits into the machine's memory
     edges = folder / "edges"
     edges.mkdir()
-    # Around one packet, one short read and one long read, with the container's header of 12 bytes;
-    # and many reads.
-    for size in (0, 1, 499, 500, 501, 1012, 4084, 4085, 262132, 262144, 524276, 1048565, 64 * MIB):
+    for size in EDGE_SIZES:
         (edges / f"{size} bytes.bin").write_bytes(os.urandom(size))
 
 
@@ -119,6 +123,11 @@ class Test:
         listing = json.loads(self.expect(f"ls '{self.device}' {folder} --json").output)
         return sorted(item["name"] for item in listing)
 
+    def file_system_works(self):
+        result = self.machine.run("MTPFilesProbe --gtest_brief=1", 120)
+        self.expect_probe(result)
+        return "; ".join(line for line in result.errors.strip().splitlines() if line)
+
     def device_is_listed(self):
         result = self.expect("devices --json")
         found = [one for one in json.loads(result.output) if "QEMU" in one["deviceName"]]
@@ -170,15 +179,18 @@ class Test:
 
     def start_download(self, then="true"):
         self.machine.run("mkdir -p /tmp/part")
-        self.start_long_copy(f"get '{self.device}' /huge.bin /tmp/part/huge.bin", then)
+        self.start_long_copy(f"get '{self.device}' /large.bin /tmp/part/large.bin", then)
 
     def start_upload(self, then="true"):
         self.machine.run("truncate -s 2G /tmp/long.bin")
         self.start_long_copy(f"put '{self.device}' /tmp/long.bin /", then)
 
-    def expect_no_partial_file(self):
-        left = self.machine.run("ls -A /tmp/part")
-        check(left.output == "", "a partial file is left", left)
+    def expect_part_to_go_on_with(self):
+        """What has arrived waits under a name of its own."""
+        left = self.machine.run("ls -A /tmp/part; rm -r /tmp/part")
+        names = left.output.split()
+        is_part = len(names) == 1 and names[0].startswith(".tessary-part-of-")
+        check(is_part, "something else than a part is left", left)
 
     def expect_broken_off(self, result, status):
         check(result.status == status, f"exit status {status} was expected", result)
@@ -188,7 +200,7 @@ class Test:
         self.start_download(then="killall -INT tessary-cli")
         result = self.machine.finish(20)
         self.expect_broken_off(result, 130)
-        self.expect_no_partial_file()
+        self.expect_part_to_go_on_with()
         check("huge.bin" in self.names("/"), "the listing afterwards is wrong")
         return f"{result.seconds:.1f} s"
 
@@ -206,7 +218,7 @@ class Test:
     def unplugged_download_fails_at_once(self):
         self.start_download()
         words = self.expect_failure_at_once()
-        self.expect_no_partial_file()
+        self.expect_part_to_go_on_with()
         return words
 
     def expect_failure_at_once(self):
@@ -229,7 +241,8 @@ def run(arguments, scratch):
     phone = scratch / "phone"
     fill_phone(phone)
     image, modules = kernel.kernel_files(arguments.cache)
-    initramfs.build(scratch / "initramfs", modules, [arguments.probe, arguments.cli])
+    programs = [arguments.probe, arguments.files, arguments.cli]
+    initramfs.build(scratch / "initramfs", modules, programs)
     devices = ["qemu-xhci,id=xhci", "usb-hub,port=2"]
     with Machine(image, scratch / "initramfs", scratch, devices) as machine:
         test = Test(machine, phone)
@@ -237,6 +250,7 @@ def run(arguments, scratch):
             test.pipes_work,
             test.holder_is_named,
             test.hot_plug_is_noticed,
+            test.file_system_works,
             test.device_is_listed,
             test.thousand_files_are_listed,
             test.sizes_beyond_32_bits_are_told,
@@ -283,6 +297,7 @@ def out_of_time(*_):
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--probe", type=pathlib.Path, required=True, help="the USBBusProbe program")
+    parser.add_argument("--files", type=pathlib.Path, required=True, help="MTPFilesProbe")
     parser.add_argument("--cli", type=pathlib.Path, required=True, help="tessary-cli")
     parser.add_argument("--cache", type=pathlib.Path, required=True, help="keeps the kernel")
     arguments = parser.parse_args()

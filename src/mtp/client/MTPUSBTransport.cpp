@@ -187,8 +187,8 @@ MTPPipeState MTPUSBTransport::recover(std::uint32_t transactionID, MTPDataPhase 
     MTPPipeState state = drainMTPPipe(*connection_, limit);
     if (state == MTPPipeState::quiet && held)
         state = MTPPipeState::drained;
-    // It has the data, and is still at work with them.
-    if (state == MTPPipeState::quiet && hasData && !isGone_)
+    // It has the data, and is still at work with them; unless it halted the pipe at their end.
+    if (state == MTPPipeState::quiet && hasData && !outgoingFailed_ && !isGone_)
         state = MTPPipeState::busy;
     incomingStream_.clear();
     resetFraming();

@@ -1,0 +1,146 @@
+// The file system over MTP on real USB, with whatever responder is attached: run by mtp_test.py.
+
+#include "base/threads/CancellationError.h"
+#include "mtp/files/MTPFileSystem.h"
+#include "platform/usb/SystemUSBBus.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <chrono>
+#include <iostream>
+
+namespace tessary {
+namespace {
+
+using namespace Qt::StringLiterals;
+using testing::IsEmpty;
+
+/// The attached device that has a still image interface, or one called MTP.
+PhoneIdentity attachedPhone(USBBus& bus) {
+    for (const USBDeviceEntry& entry : bus.devices())
+        for (const USBInterfaceEntry& one : entry.interfaces)
+            if (one.interfaceClass == 6 || one.name.contains(u"MTP"_s)) {
+                PhoneIdentity phone;
+                phone.udid = entry.serialNumber;
+                phone.vendorId = entry.vendorID;
+                phone.productId = entry.productID;
+                phone.serialNumber = entry.serialNumber;
+                phone.usbLocation = entry.location;
+                return phone;
+            }
+    throw std::runtime_error("no phone is attached");
+}
+
+class MTPFilesProbe : public testing::Test {
+protected:
+    static QByteArray bytesOf(qsizetype size) {
+        QByteArray bytes(size, Qt::Uninitialized);
+        for (qsizetype n = 0; n < size; ++n)
+            bytes[n] = static_cast<char>(n * 31 + n / 251);
+        return bytes;
+    }
+    FileItem write(const QString& folder, const QString& name, const QByteArray& bytes) {
+        const auto source = [&bytes, at = qsizetype{0}](std::span<std::byte> buffer) mutable {
+            const auto count = std::min(buffer.size(), static_cast<std::size_t>(bytes.size() - at));
+            std::copy_n(reinterpret_cast<const std::byte*>(bytes.constData()) + at, count,
+                        buffer.begin());
+            at += static_cast<qsizetype>(count);
+            return count;
+        };
+        return files_.write({folder, name, bytes.size(), date_}, source, {}, {});
+    }
+    QByteArray read(const FileItem& file, ByteRange range = {}) {
+        QByteArray bytes;
+        files_.read(file, range,
+                    [&](ByteView more) {
+                        bytes.append(reinterpret_cast<const char*>(more.data()),
+                                     static_cast<qsizetype>(more.size()));
+                    },
+                    {});
+        return bytes;
+    }
+
+    const QDateTime date_{QDate(2020, 2, 29), QTime(12, 34, 56)};
+    const std::unique_ptr<USBBus> bus_ = makeSystemUSBBus();
+    MTPFileSystem files_{*bus_, attachedPhone(*bus_), std::make_shared<PhoneQueue>()};
+};
+
+TEST_F(MTPFilesProbe, everySizeGoesThereAndBack) {
+    const FileItem folder = files_.makeFolder(u"/"_s, u"probe"_s, {});
+    for (const int size : {0, 1, 499, 500, 501, 1012, 4084, 4085, 262'132, 262'144, 1'048'600}) {
+        const QByteArray bytes = bytesOf(size);
+        const FileItem made = write(folder.path, QString::number(size), bytes);
+        EXPECT_EQ(made.size, size);
+        EXPECT_EQ(read(made), bytes) << size;
+        EXPECT_EQ(read(made, {0, 5}), bytes.left(5)) << size;
+        files_.remove(made, {});
+    }
+    EXPECT_THAT(listAll(files_, folder.path, {}).items, IsEmpty());
+    files_.remove(folder, {});
+}
+
+TEST_F(MTPFilesProbe, manyFilesAreListedAndKnownAfterwards) {
+    const auto start = std::chrono::steady_clock::now();
+    const Listing many = listAll(files_, u"/many"_s, {});
+    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
+    EXPECT_EQ(many.items.size(), 1000U);
+    EXPECT_THAT(many.unreadable, IsEmpty());
+    std::cerr << "1000 files in " << took.count() << " s\n";
+}
+
+TEST_F(MTPFilesProbe, editsDoWhatTheySay) {
+    const FileSystemCapabilities can = files_.capabilities({});
+    const FileItem folder = files_.makeFolder(u"/"_s, u"edits"_s, {});
+    FileItem file = write(folder.path, u"a b.txt"_s, "content");
+    std::cerr << "date kept: " << (file.modifiedDate == date_) << ", renames: " << can.renames
+              << ", moves: " << can.moves << ", ranges: " << can.readsRanges << '\n';
+    if (can.renames) {
+        file = files_.rename(file, u"b.txt"_s, TakenName::refused, {});
+        EXPECT_EQ(file.name, u"b.txt"_s);
+    }
+    EXPECT_EQ(read(file), "content");
+    files_.removeTree(folder, {});
+    EXPECT_EQ(files_.find(folder.path, {}), std::nullopt);
+    EXPECT_TRUE(files_.liveInfo());
+}
+
+TEST_F(MTPFilesProbe, stopEndsAReadAndTheSessionGoesOn) {
+    const FileItem huge = require(files_, u"/huge.bin"_s, {});
+    std::stop_source stop;
+    qint64 received = 0;
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_ANY_THROW(files_.read(
+        huge, {},
+        [&](ByteView bytes) {
+            received += static_cast<qint64>(bytes.size());
+            if (received > 40'000'000)
+                stop.request_stop();
+        },
+        stop.get_token()));
+    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
+    std::cerr << "stopped after " << took.count() << " s\n";
+    EXPECT_EQ(read(huge, {100, 10}).size(), 10);
+}
+
+TEST_F(MTPFilesProbe, stopEndsAWriteAndNothingIsLeft) {
+    std::stop_source stop;
+    const NewFile file{u"/"_s, u"stopped.bin"_s, qint64{1} << 30, date_};
+    qint64 sent = 0;
+    const ByteSource zeros = [&](std::span<std::byte> buffer) {
+        std::fill(buffer.begin(), buffer.end(), std::byte{});
+        sent += static_cast<qint64>(buffer.size());
+        if (sent > 10'000'000)
+            stop.request_stop();
+        return buffer.size();
+    };
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_THROW(files_.write(file, zeros, {}, stop.get_token()), CancellationError);
+    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
+    std::cerr << "stopped writing after " << took.count() << " s\n";
+    EXPECT_LT(took.count(), 5);
+    EXPECT_EQ(files_.find(u"/stopped.bin"_s, {}), std::nullopt);
+}
+
+} // namespace
+} // namespace tessary
