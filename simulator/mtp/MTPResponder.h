@@ -7,6 +7,7 @@
 #include "simulator/wire/Guarded.h"
 
 #include <atomic>
+#include <set>
 #include <thread>
 
 namespace tessary {
@@ -132,6 +133,7 @@ private:
     bool sessionOpen_ = false;
     std::uint32_t lastTransactionID_ = 0;
     std::optional<Pending> pending_;
+    std::set<std::uint32_t> hidden_; ///< until the next session
 
     std::mutex threadMutex_; ///< guards both
     std::weak_ptr<VirtualUSBPort> port_;

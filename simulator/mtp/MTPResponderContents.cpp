@@ -222,6 +222,8 @@ void MTPResponder::sendObject(Transaction& transaction) {
         store_.setModified(pending->handle, *pending->modified);
     if (transaction.behaviour.forgetsSentHandle)
         store_.forget(pending->handle);
+    if (transaction.behaviour.hidesSentFiles)
+        hidden_.insert(pending->handle);
     transaction.link.pause(hooks_->sendObjectPause());
 }
 

@@ -51,6 +51,7 @@ void MTPResponder::getNumObjects(Transaction& transaction) {
 
 void MTPResponder::getObjectHandles(Transaction& transaction) {
     std::vector<std::uint32_t> handles = listedHandles(transaction);
+    std::erase_if(handles, [this](std::uint32_t handle) { return hidden_.contains(handle); });
     hooks_->listing(transaction.command.parameter(2), handles);
     transaction.link.sendDataset(
         transaction.command, MTPResponderDatasets::array(std::span<const std::uint32_t>(handles)));
@@ -58,6 +59,8 @@ void MTPResponder::getObjectHandles(Transaction& transaction) {
 
 void MTPResponder::getObjectInfo(Transaction& transaction) {
     VirtualObject object = store_.object(transaction.command.parameter(0));
+    if (hidden_.contains(object.handle))
+        throw MTPRefusal(MTPResponseCode::invalidObjectHandle);
     if (transaction.behaviour.parentsAreZero)
         object.parent = 0;
     transaction.link.sendDataset(transaction.command, MTPResponderDatasets::objectInfo(

@@ -125,6 +125,7 @@ void MTPResponder::openSession(Transaction& transaction) {
     if (sessionOpen_)
         throw MTPRefusal(MTPResponseCode::sessionAlreadyOpen);
     sessionOpen_ = true;
+    hidden_.clear();
 }
 
 void MTPResponder::closeSession(Transaction&) {

@@ -26,6 +26,8 @@ struct VirtualBehaviour {
     bool forgetsSentHandle = false;
     /// A file gets the time of its arrival; the rule is the date in its ObjectInfo.
     bool datesFilesItself = false;
+    /// A file that was sent shows in the next session only.
+    bool hidesSentFiles = false;
     /// SendObjectInfo creates the object, empty, at once.
     bool createsObjectEarly = false;
     /// ObjectInfo holds the low 32 bits of a size instead of 0xFFFFFFFF.

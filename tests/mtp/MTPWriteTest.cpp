@@ -109,6 +109,15 @@ TEST_F(MTPWriteTest, announcedHandleMayBeWorthNothing) {
     EXPECT_EQ(read(write("/DCIM", u"b.txt"_s, "more")), "more");
 }
 
+TEST_F(MTPWriteTest, fileThatShowsToTheNextSessionOnlyIsFoundThere) {
+    phone().behave([](VirtualBehaviour& behaviour) { behaviour.hidesSentFiles = true; });
+    for (const int size : {0, 100}) {
+        const FileItem made = write("/DCIM", QString::number(size), manyBytes(size));
+        EXPECT_EQ(made.size, size);
+        EXPECT_EQ(read(made), manyBytes(size));
+    }
+}
+
 TEST_F(MTPWriteTest, cancelAndFailureLeaveNoPartialObject) {
     const QByteArray bytes = manyBytes(3'000'000);
     for (const bool keepsPartial : {false, true})

@@ -302,22 +302,53 @@ qint64 MTPFileSystem::read(const FileItem& file, ByteRange range, const ByteSink
 
 FileItem MTPFileSystem::write(const NewFile& file, const ByteSource& content,
                               const ByteProgress& progress, const Call& call) {
-    return inTurn(call, joinPath(file.folder, file.name), [&](MTPTree& tree) {
+    const auto work = [&](MTPTree& tree) {
         const MTPFound folder = tree.requireFolder(file.folder, call.stop);
         MTPFileWriter writer(tree, folder, call.stop);
         const MTPObjectInfo made = writer.writeFile(file, content, progress);
         noteEdit();
         return fileItemOf(made, folder.location, isBelowStorage(file.folder));
-    });
+    };
+    try {
+        return inTurn(call, joinPath(file.folder, file.name), work);
+    } catch (const Error& error) {
+        if (!error.is(PhoneError::notDone))
+            throw;
+        return findInNewSession(file.folder, file.name, file.size, error, call);
+    }
 }
 
 FileItem MTPFileSystem::makeFolder(const QString& parent, const QString& name, const Call& call) {
-    return inTurn(call, joinPath(parent, name), [&](MTPTree& tree) {
+    const auto work = [&](MTPTree& tree) {
         const MTPFound folder = tree.requireFolder(parent, call.stop);
         const MTPObjectInfo made = MTPFileWriter(tree, folder, call.stop).makeFolder(name);
         noteEdit();
         return fileItemOf(made, folder.location, isBelowStorage(parent));
-    });
+    };
+    try {
+        return inTurn(call, joinPath(parent, name), work);
+    } catch (const Error& error) {
+        if (!error.is(PhoneError::notDone))
+            throw;
+        return findInNewSession(parent, name, std::nullopt, error, call);
+    }
+}
+
+/// What the phone said that it has made and does not show: some show it to a new session only. A
+/// file has a size. Throws `failure` when it is not there either.
+FileItem MTPFileSystem::findInNewSession(const QString& folder, const QString& name,
+                                         std::optional<qint64> size, const Error& failure,
+                                         const Call& call) {
+    {
+        const PhoneQueue::Turn turn = queue_->take(call);
+        closeSession();
+    }
+    const auto made = find(joinPath(folder, name), call);
+    const bool isIt = made && made->isDirectory == !size && (!size || made->size == *size);
+    if (!isIt)
+        throw failure;
+    queue_->noteEdit();
+    return *made;
 }
 
 void MTPFileSystem::remove(const FileItem& item, const Call& call) {

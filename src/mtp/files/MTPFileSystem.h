@@ -71,6 +71,9 @@ private:
     [[nodiscard]] const MTPDeviceInfo& deviceInfo();
     [[nodiscard]] MTPPartialReads& partialReads();
     void noteEdit();
+    [[nodiscard]] FileItem findInNewSession(const QString& folder, const QString& name,
+                                            std::optional<qint64> size, const Error& failure,
+                                            const Call& call);
     [[nodiscard]] std::vector<StorageVolume> readVolumes();
     [[nodiscard]] std::optional<int> readBattery();
     [[nodiscard]] Error translated(const MTPTransportError& failure, const QString& path);

@@ -1,7 +1,10 @@
 #include "mtp/files/MTPFileWriter.h"
 
 #include "base/text/PathNames.h"
+#include "base/threads/CancellationError.h"
 #include "mtp/objects/MTPFailures.h"
+
+#include <thread>
 
 namespace tessary {
 
@@ -72,8 +75,7 @@ MTPObjectInfo MTPFileWriter::send(const NewFile& file, const ByteSource& content
             progress(done);
     };
     try {
-        const std::uint32_t handle = tree_.client().sendObject(object, source, size, options);
-        return requireNew(file.name, handle);
+        announced = tree_.client().sendObject(object, source, size, options);
     } catch (const MTPTransportError& error) {
         const bool isStalled = error.code() == usb::pipeStalled;
         // Some devices stall instead of answering once they have every byte. The object tells.
@@ -89,6 +91,7 @@ MTPObjectInfo MTPFileWriter::send(const NewFile& file, const ByteSource& content
             removeLeftover(file.name, *announced, size);
         throw;
     }
+    return requireNew(file.name, *announced);
 }
 
 /// The object of this name that was not in the folder before.
@@ -111,8 +114,14 @@ std::optional<MTPObjectInfo> MTPFileWriter::findNew(const QString& name, std::ui
 }
 
 MTPObjectInfo MTPFileWriter::requireNew(const QString& name, std::uint32_t announced) {
-    if (auto made = findNew(name, announced))
-        return *std::move(made);
+    using namespace std::chrono_literals;
+    // Some devices come to know of a file only after they have said that it is there.
+    for (const auto pause : {0ms, 50ms, 150ms, 400ms}) {
+        std::this_thread::sleep_for(pause);
+        throwIfStopped(stop_);
+        if (auto made = findNew(name, announced))
+            return *std::move(made);
+    }
     throw Error(PhoneError::notDone, {folder_.location.child(name).shownPath()});
 }
 
