@@ -76,6 +76,31 @@ public:
         }
     }
 
+    /// Pictures as an iPhone names them, a few a day: the first of a day moves, the second was
+    /// edited.
+    void addCamera(const QString& folder, int count, std::uint32_t seed) {
+        constexpr int aDay = 4;
+        constexpr qint64 dayLength = 24 * 3600;
+        for (int i = 0; i < count; ++i) {
+            const QString number = u"%1"_s.arg(i + 1, 4, 10, QLatin1Char('0'));
+            const QDateTime date =
+                until_.addSecs(-((count - 1 - i) / aDay) * dayLength - (aDay - i % aDay) * 1200);
+            const auto add = [&](const char* name, const QByteArray& content) {
+                this->add(folder + u'/' + QString::fromLatin1(name).arg(number), content, date);
+            };
+            add("IMG_%1.PNG", DemoMedia::picture(800, 600, seed + static_cast<std::uint32_t>(i)));
+            if (i % aDay == 0)
+                add("IMG_%1.MOV",
+                    QByteArray("\0\0\0\x14", 4) + "ftypqt  " + QByteArray(40'000, 'm'));
+            if (i % aDay == 1) {
+                add("IMG_%1.AAE",
+                    "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict/></plist>\n");
+                add("IMG_E%1.PNG",
+                    DemoMedia::picture(800, 800, seed + 500 + static_cast<std::uint32_t>(i)));
+            }
+        }
+    }
+
     void addMusic(const QString& folder, int count, std::uint32_t seed) {
         for (int i = 0; i < count; ++i)
             add(u"%1/%2 Melody.wav"_s.arg(folder).arg(i + 1, 2, 10, QLatin1Char('0')),
@@ -143,6 +168,12 @@ bool DemoContent::fillPictures(const QString& folder, const QDateTime& until) {
     Filler filler(folder, until);
     filler.addPictures(u"Albums/Mountains"_s, 8, 9000);
     filler.addPictures(u"Albums/Sketches"_s, 4, 9500);
+    return filler.isComplete();
+}
+
+bool DemoContent::fillCamera(const QString& folder, const QDateTime& until) {
+    Filler filler(folder, until);
+    filler.addCamera(u"DCIM/100APPLE"_s, 26, 3000);
     return filler.isComplete();
 }
 

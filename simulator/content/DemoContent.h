@@ -25,6 +25,8 @@ public:
     [[nodiscard]] static bool fillPictures(const QString& folder,
                                            const QDateTime& until = newest());
     [[nodiscard]] static bool fillMusic(const QString& folder, const QDateTime& until = newest());
+    /// The media folder of an iPhone: "DCIM/100APPLE" with pictures, some of them moving or edited.
+    [[nodiscard]] static bool fillCamera(const QString& folder, const QDateTime& until = newest());
     /// Files in the folder "Journal" of the notes.
     static constexpr int notesFiles = 500;
 

@@ -39,6 +39,7 @@ DemoIPhones::DemoIPhones(const QString& folder, const QString& socketPath,
     phone.name = u"Ada’s iPhone"_s;
     phone.productType = u"iPhone14,5"_s;
     phone.battery = 64;
+    phone.mediaFolder = container(u"iphone/media"_s);
     phone.apps = {app(u"com.example.notes"_s, u"Field Notes"_s, container(u"iphone/notes"_s)),
                   app(u"com.example.pictures"_s, u"Sketchbook"_s, container(u"iphone/pictures"_s)),
                   app(u"com.example.recorder"_s, u"Recorder"_s, container(u"iphone/recorder"_s)),
@@ -59,6 +60,7 @@ DemoIPhones::DemoIPhones(const QString& folder, const QString& socketPath,
         (void)DemoContent::fillNotes(phone.apps[0].folder + documents);
         (void)DemoContent::fillPictures(phone.apps[1].folder + documents);
         (void)DemoContent::fillMusic(phone.apps[2].folder + documents);
+        (void)DemoContent::fillCamera(phone.mediaFolder);
         (void)DemoContent::fillPictures(tablet.apps[0].folder + documents);
     }
     for (VirtualIPhoneConfig* config : {&phone, &tablet}) {

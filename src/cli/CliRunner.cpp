@@ -1,6 +1,7 @@
 #include "cli/CliRunner.h"
 
 #include "app/texts/ErrorText.h"
+#include "base/local/LocalError.h"
 #include "base/text/ByteFormat.h"
 #include "base/text/PathNames.h"
 #include "base/text/Printable.h"
@@ -9,6 +10,7 @@
 #include "cli/CliFailure.h"
 #include "cli/DeviceChanges.h"
 #include "cli/DeviceFollower.h"
+#include "cli/ImportSummary.h"
 #include "cli/ProgressPrinter.h"
 #include "cli/RecordJson.h"
 #include "devices/list/DeviceManager.h"
@@ -67,16 +69,21 @@ void addPhoneInfo(DeviceInfo& device, const std::stop_token& stop) {
 } // namespace
 
 CliRunner::CliRunner(DeviceSources sources, DeviceServices& services, UserDefaults& defaults,
-                     std::FILE* out, std::FILE* error)
-    : sources_(sources), services_(services), defaults_(defaults), out_(out), error_(error) {}
+                     std::FILE* out, std::FILE* error, QString ledgers)
+    : sources_(sources),
+      services_(services),
+      defaults_(defaults),
+      out_(out),
+      error_(error),
+      ledgers_(std::move(ledgers)) {}
 
 CliRunner::ExitStatus CliRunner::run(const CliRequest& request,
                                      const std::stop_token& stop) noexcept {
     using Step = void (CliRunner::*)();
-    static constexpr std::array<Step, 11> steps{
+    static constexpr std::array<Step, 12> steps{
         &CliRunner::devices, &CliRunner::watch, &CliRunner::apps, &CliRunner::list,
         &CliRunner::info,    &CliRunner::get,   &CliRunner::put,  &CliRunner::makeFolders,
-        &CliRunner::remove,  &CliRunner::move,  &CliRunner::sync};
+        &CliRunner::remove,  &CliRunner::move,  &CliRunner::sync, &CliRunner::importPhotos};
     request_ = request;
     stop_ = stop;
     device_.reset();
@@ -342,24 +349,57 @@ void CliRunner::copy(TreeCopyRequest request) {
         return clash.coming.isDirectory && clash.existing.isDirectory ? ClashAnswer::merge : answer;
     };
     request.skipsSame = request_.onlyNew;
-    CopyOutcome outcome;
-    {
-        ProgressPrinter printer(error_);
-        outcome =
-            TreeCopy(std::move(request))
-                .run([&](const TransferProgress& progress) { printer.show(progress); }, stop_);
-    }
-    if (outcome.isCancelled)
-        throw CancellationError();
+    const CopyOutcome outcome = run(std::move(request));
     if (request_.json)
         print(isFolder || outcome.made.isEmpty()
                   ? toJson(outcome)
                   : QJsonObject{{QLatin1StringView("path"), outcome.made.front()},
                                 {QLatin1StringView("size"), outcome.bytes}});
+    sayLeftOut(outcome);
+}
+
+CopyOutcome CliRunner::run(TreeCopyRequest request) {
+    ProgressPrinter printer(error_);
+    CopyOutcome outcome =
+        TreeCopy(std::move(request))
+            .run([&](const TransferProgress& progress) { printer.show(progress); }, stop_);
+    if (outcome.isCancelled)
+        throw CancellationError();
+    return outcome;
+}
+
+void CliRunner::sayLeftOut(const CopyOutcome& outcome) {
     for (const LeftOut& left : outcome.leftOut)
         fail(QStringLiteral("Not copied: %1: %2").arg(left.item.item.path, reasonText(left.error)));
     if (outcome.failure)
         throw *outcome.failure;
+}
+
+/// What was fetched before is not asked for again, whatever it is called here now.
+void CliRunner::importPhotos() {
+    request_.media = chosenDevice().platform == DevicePlatform::iOS;
+    FoundPhotos found = findPhotos(files(), chosenDevice(), ledgers_, {}, stop_);
+    if (!request_.isDryRun && !QDir().mkpath(request_.localPath))
+        throw Error(LocalError::cannotMakeFolder, {request_.localPath, QString()});
+    const auto to = std::make_shared<LocalFileSystem>(request_.localPath);
+    ImportPlan plan = planImport(found.newOnes(), *found.ledger, *to, request_.localPath,
+                                 {.byDate = request_.byDate}, stop_);
+    ImportSummary summary{found, plan, {}};
+    if (!request_.isDryRun) {
+        found.ledger->add(plan.alreadyHere);
+        summary.outcome = plan.items.empty()
+                              ? CopyOutcome()
+                              : run(importRequest(files_, to, std::move(plan), found.ledger));
+    }
+    if (request_.json)
+        print(toJson(summary));
+    else
+        for (const QString& line : linesOf(summary))
+            printLine(line);
+    for (const UnreadableEntry& entry : found.unreadable)
+        fail(QStringLiteral("Not listed: %1: %2").arg(entry.path, reasonText(entry.error)));
+    if (summary.outcome)
+        sayLeftOut(*summary.outcome);
 }
 
 void CliRunner::makeFolders() {

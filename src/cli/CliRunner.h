@@ -6,6 +6,7 @@
 #include "platform/settings/UserDefaults.h"
 #include "sync/plan/SyncReport.h"
 #include "transfer/copy/TreeCopy.h"
+#include "transfer/import/ImportLedger.h"
 
 #include <cstdio>
 #include <memory>
@@ -22,9 +23,9 @@ class CliRunner {
 public:
     enum ExitStatus { done = 0, failed = 1, wrongUsage = 2, interrupted = 130 };
 
-    /// Everything must outlive the runner.
+    /// Everything must outlive the runner. `ledgers` is the folder that keeps what was imported.
     CliRunner(DeviceSources sources, DeviceServices& services, UserDefaults& defaults,
-              std::FILE* out, std::FILE* error);
+              std::FILE* out, std::FILE* error, QString ledgers = ImportLedger::usersFolder());
 
     /// Never throws: every failure is one clear line on `error` and an exit status.
     [[nodiscard]] ExitStatus run(const CliRequest& request, const std::stop_token& stop) noexcept;
@@ -41,6 +42,7 @@ private:
     void remove();
     void move();
     void sync();
+    void importPhotos();
     void showPreview(const SyncPreview& preview);
     [[nodiscard]] SyncAnswer answerTo(const SyncQuestion& question);
 
@@ -49,6 +51,9 @@ private:
     [[nodiscard]] PhoneFileSystem& files();
     void printDevice(const DeviceInfo& device);
     void copy(TreeCopyRequest request);
+    /// The same without words about how it ended.
+    [[nodiscard]] CopyOutcome run(TreeCopyRequest request);
+    void sayLeftOut(const CopyOutcome& outcome);
     void print(const QJsonValue& document);
     void printLine(const QString& line);
     void flushOutput();
@@ -60,6 +65,7 @@ private:
     UserDefaults& defaults_;
     std::FILE* out_;
     std::FILE* error_;
+    const QString ledgers_;
 
     // Of the current run.
     CliRequest request_;

@@ -45,6 +45,7 @@ struct Raw {
     bool keep = false;
     bool dryRun = false;
     std::vector<std::string> excludes;
+    bool byDate = false;
 };
 
 struct ModeName {
@@ -176,6 +177,14 @@ std::vector<Subcommand> addSubcommands(CLI::App& app, Raw& raw) {
 
     addSync(add("sync", "Keep a folder here and a folder on a device in step", Command::sync), raw,
             addDevice);
+
+    CLI::App& photos =
+        add("import", "Copy the photos and videos that were not copied from a phone yet",
+            Command::importPhotos);
+    addAnyDevice(photos);
+    photos.add_option("LOCAL", raw.local, "Folder here; made when it is missing")->required();
+    photos.add_flag("--by-date", raw.byDate, "Into folders by date: 2026/2026-10-31");
+    photos.add_flag("--dry-run", raw.dryRun, "Print what would be copied, and do nothing");
     return commands;
 }
 
@@ -207,6 +216,7 @@ CliRequest requestOf(const Raw& raw, CliRequest::Command command) {
     request.moves = raw.move;
     request.deletes = !raw.noDelete;
     request.isDryRun = raw.dryRun;
+    request.byDate = raw.byDate;
     request.answer = raw.yesAll ? CliRequest::Answer::yesAll
                      : raw.yes  ? CliRequest::Answer::yes
                      : raw.keep ? CliRequest::Answer::keep

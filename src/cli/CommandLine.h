@@ -26,7 +26,8 @@ struct CliRequest {
         makeFolder,
         remove,
         move,
-        sync
+        sync,
+        importPhotos
     };
     /// What a sync answers when it has something to delete.
     enum class Answer {
@@ -52,7 +53,9 @@ struct CliRequest {
     ClashAnswer clash = ClashAnswer::replace; ///< for files whose name is taken
     bool onlyNew = false; ///< --new: what is there with the same size and date stays
 
-    // Of a sync:
+    bool byDate = false; ///< --by-date, of an import: into a folder a day
+
+    // Of a sync (isDryRun of an import, too):
     SyncMode mode = SyncMode::biDirectional;
     bool moves = false;
     bool deletes = true;

@@ -67,7 +67,8 @@ protected:
         Capture own;
         Capture& out = shared != nullptr ? *shared : own;
         Capture error;
-        CliRunner runner(bus_, services_, defaults_, out.stream, error.stream);
+        CliRunner runner(bus_, services_, defaults_, out.stream, error.stream,
+                         folder_.path(u"ledgers"_s));
         CliRunner::ExitStatus status = CliRunner::failed;
         // As in the program: the main thread's event loop turns while the work is done elsewhere.
         QEventLoop loop;
@@ -133,6 +134,35 @@ TEST_F(CliRunnerTest, watchPrintsWhatHappensUntilItIsInterrupted) {
         events.append(document.object().value(u"event"_s).toString());
     }
     EXPECT_EQ(events, (QStringList{u"attached"_s, u"changed"_s, u"detached"_s}));
+}
+
+TEST_F(CliRunnerTest, importBringsWhatIsNewOnce) {
+    phone_.write(u"DCIM/Camera/IMG_1.jpg"_s, "picture");
+    phone_.write(u"DCIM/Camera/IMG_1.mp4"_s, "moving");
+    phone_.write(u"DCIM/Camera/IMG_2.jpg"_s, "another");
+    CliRequest request;
+    request.command = Command::importPhotos;
+    request.device = device_;
+    request.localPath = folder_.path(u"new/pictures"_s);
+    request.isDryRun = true;
+    EXPECT_TRUE(run(request).out.contains(u"2 of 2 photos and videos are new (3 files"_s));
+    EXPECT_FALSE(folder_.has(u"new"_s));
+
+    request.isDryRun = false;
+    request.byDate = true;
+    EXPECT_EQ(run(request).status, CliRunner::done);
+    const QString day = QDate::currentDate().toString(u"yyyy/yyyy-MM-dd"_s);
+    EXPECT_EQ(folder_.names(u"new/pictures/"_s + day),
+              (QStringList{u"IMG_1.jpg"_s, u"IMG_1.mp4"_s, u"IMG_2.jpg"_s}));
+
+    phone_.write(u"DCIM/Camera/IMG_3.jpg"_s, "the third");
+    request.json = true;
+    const QJsonObject done = run(request).json().object();
+    EXPECT_EQ(done[u"photos"_s].toInt(), 3);
+    EXPECT_EQ(done[u"fetchedBefore"_s].toInt(), 2);
+    EXPECT_EQ(done[u"files"_s].toArray().at(0).toObject()[u"copy"_s].toString(),
+              day + u"/IMG_3.jpg"_s);
+    EXPECT_EQ(done[u"outcome"_s].toObject()[u"completedFiles"_s].toInt(), 1);
 }
 
 TEST_F(CliRunnerTest, deviceIsChosenByPrefixOrName) {

@@ -13,12 +13,14 @@
 
 #include <QCoreApplication>
 #include <QJsonObject>
+#include <QTemporaryDir>
 #include <unistd.h>
 
 #include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 #include <thread>
 
 using namespace tessary;
@@ -46,6 +48,7 @@ public:
             system_ = makeSystemUSBBus();
             return;
         }
+        ledgers_ = demoLedgers(request);
         demo_ = std::make_unique<DemoPhones>(request.demoFolder);
         // The run is over before adb would be there by itself: it is waited for, or not started.
         if (!wantsADB(request, defaults))
@@ -54,6 +57,10 @@ public:
         demo_->awaitADB();
     }
 
+    /// What was imported from virtual phones is forgotten with their files.
+    [[nodiscard]] QString ledgers() const {
+        return ledgers_;
+    }
     USBBus& bus() {
         return demo_ ? demo_->bus() : *system_;
     }
@@ -81,6 +88,15 @@ private:
                ProtocolMode::adbTurbo;
     }
 
+    QString demoLedgers(const CliRequest& request) {
+        if (!request.demoFolder.isEmpty())
+            return request.demoFolder + QStringLiteral("/imports");
+        scratch_.emplace();
+        return scratch_->path();
+    }
+
+    std::optional<QTemporaryDir> scratch_;
+    QString ledgers_ = ImportLedger::usersFolder();
     std::unique_ptr<DemoPhones> demo_;
     std::unique_ptr<USBBus> system_;
     SystemMultiplexer multiplexer_;
@@ -113,7 +129,7 @@ int main(int argc, char** argv) {
             QtProcessRunner processes(phones.environment());
             const std::stop_callback endChildren(signals.token(), [&] { processes.stop(); });
             DeviceServices services({phones.bus(), processes, phones.adbServer()});
-            status = CliRunner(phones.sources(), services, *defaults, out, stderr)
+            status = CliRunner(phones.sources(), services, *defaults, out, stderr, phones.ledgers())
                          .run(request, signals.token());
             if (!Background::shutDown(backgroundPatience)) {
                 std::fclose(out);

@@ -230,8 +230,13 @@ FileItem copyFile(const FileCopy& copy, const ByteProgress& progress, const Call
             if (!now || !isAsSeen(copy.file, *now))
                 throw changedError(copy.from, copy.file.path);
         }
-        if (copy.verifies && hashOf(copy.to, part, call) != stream.hash())
+        if (!copy.verifies)
+            return;
+        const QByteArray hash = stream.hash();
+        if (hashOf(copy.to, part, call) != hash)
             throw Error(PhoneError::notDone, {joinPath(copy.folder, copy.name)});
+        if (copy.verified)
+            copy.verified(hash);
     };
     return putFile(
         copy.to, put, [&stream](std::span<std::byte> into) { return stream.read(into); }, check,

@@ -48,6 +48,8 @@ struct FileCopy {
     bool checksSource = true;
     /// The copy is compared by hash before it gets its name: PhoneError::notDone.
     bool verifies = false;
+    /// Called with the content's SHA-256 once it was compared.
+    std::function<void(const QByteArray& sha256)> verified{};
 };
 
 /// From this size on a copy that breaks off is gone on with in its middle, where the source reads

@@ -52,6 +52,8 @@ CopyOutcome TreeCopy::run(const CopyProgress& progress, const std::stop_token& s
     progress_.currentFileBytes = 0;
     progress_.currentFileTotal = 0;
     pacer.showNow(progress_);
+    if (request_.witness)
+        request_.witness->ended();
     return std::move(outcome_);
 }
 
@@ -202,6 +204,7 @@ void TreeCopy::copyFileTo(const ScannedItem& scanned, TargetFolder& target) {
 
 void TreeCopy::transfer(const CopyItem& item, const QString& folder, const QString& name,
                         const std::optional<FileItem>& replaces) {
+    QByteArray sha256;
     FileCopy copy{.from = *request_.from,
                   .file = item.item,
                   .to = *request_.to,
@@ -210,7 +213,8 @@ void TreeCopy::transfer(const CopyItem& item, const QString& folder, const QStri
                   .replaces = replaces,
                   // A look at a file here costs nothing; at a phone it is one more request a file.
                   .checksSource = !request_.from->queue() || request_.removesSource,
-                  .verifies = request_.verifies || request_.removesSource};
+                  .verifies = request_.verifies || request_.removesSource,
+                  .verified = [&sha256](const QByteArray& hash) { sha256 = hash; }};
     const qint64 announced = std::max<qint64>(item.item.size, 0);
     progress_.currentFileTotal = announced;
     const auto show = [&](qint64 done) {
@@ -238,6 +242,8 @@ void TreeCopy::transfer(const CopyItem& item, const QString& folder, const QStri
     pacer_->show(progress_);
     ++outcome_.files;
     outcome_.bytes = addByteCounts(outcome_.bytes, std::max<qint64>(made.size, 0));
+    if (request_.witness)
+        request_.witness->copied(item, made, sha256);
     if (room_)
         *room_ -= std::min(*room_, static_cast<std::uint64_t>(announced));
 }

@@ -4,6 +4,7 @@
 #include "phone/PhoneQueue.h"
 #include "transfer/copy/CopyScan.h"
 #include "transfer/copy/CopyTypes.h"
+#include "transfer/copy/CopyWitness.h"
 #include "transfer/copy/ProgressPacer.h"
 #include "transfer/copy/TargetFolder.h"
 
@@ -26,6 +27,7 @@ struct TreeCopyRequest {
     bool verifies = false; ///< each copy is compared by hash
     /// Each file goes from the source once its copy was compared, each folder once it is empty.
     bool removesSource = false;
+    std::shared_ptr<CopyWitness> witness{}; ///< may be null
 };
 
 /// Copies files and folders from one file system to another, in either direction or between two

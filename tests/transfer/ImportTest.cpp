@@ -1,0 +1,363 @@
+#include "transfer/import/Import.h"
+
+#include "base/local/LocalError.h"
+#include "support/QtPrinters.h"
+#include "transfer/ImportFixture.h"
+#include "transfer/import/CameraFolders.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tessary {
+namespace {
+
+using namespace Qt::StringLiterals;
+using Operation = MemoryRequests::Operation;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+FileItem fileAt(const char* path, const QDateTime& date = lunch, qint64 size = 10) {
+    const QString at = QString::fromUtf8(path);
+    return {at.section(u'/', -1), at, false, size, date};
+}
+
+/// "IMG_1.HEIC+IMG_1.MOV", in the order that they are shown in.
+QStringList shown(const std::vector<Photo>& photos) {
+    QStringList all;
+    for (const Photo& photo : photos) {
+        QStringList names;
+        for (const FileItem& file : photo.files)
+            names << file.name;
+        all << names.join(u'+');
+    }
+    return all;
+}
+
+TEST(Photos, whatBelongsTogetherIsOne) {
+    const struct {
+        const char* name;
+        std::vector<const char*> files;
+        QStringList photos;
+    } rows[] = {
+        {"a moving picture", {"/D/IMG_1.MOV", "/D/IMG_1.HEIC"}, {u"IMG_1.HEIC+IMG_1.MOV"_s}},
+        {"an edited one",
+         {"/D/IMG_0001.HEIC", "/D/IMG_0001.AAE", "/D/IMG_E0001.JPG", "/D/IMG_O0001.AAE"},
+         {u"IMG_E0001.JPG+IMG_0001.HEIC+IMG_0001.AAE+IMG_O0001.AAE"_s}},
+        {"raw beside it", {"/D/a.dng", "/D/A.JPG"}, {u"A.JPG+a.dng"_s}},
+        {"raw of another naming",
+         {"/D/PXL_20260101_120000000.RAW-02.ORIGINAL.dng",
+          "/D/PXL_20260101_120000000.RAW-01.COVER.jpg"},
+         {u"PXL_20260101_120000000.RAW-01.COVER.jpg+PXL_20260101_120000000.RAW-02.ORIGINAL.dng"_s}},
+        {"a film alone", {"/D/IMG_2.MOV"}, {u"IMG_2.MOV"_s}},
+        {"one name in two folders",
+         {"/D/1/IMG_1.JPG", "/D/2/IMG_1.JPG"},
+         {u"IMG_1.JPG"_s, u"IMG_1.JPG"_s}},
+        {"no edits of another number",
+         {"/D/IMG_E001.JPG", "/D/IMG_001.JPG"},
+         {u"IMG_001.JPG"_s, u"IMG_E001.JPG"_s}},
+        {"companions of nothing and strangers", {"/D/IMG_3.AAE", "/D/notes.txt", "/D/jpg"}, {}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        std::vector<FileItem> files;
+        for (const char* path : row.files)
+            files.push_back(fileAt(path));
+        EXPECT_EQ(shown(photosOf(files)), row.photos);
+    }
+}
+
+TEST(Photos, newestFirstAndADayIsTheOneItWasTakenOn) {
+    FileItem undated = fileAt("/D/none.jpg");
+    undated.modifiedDate.reset();
+    const auto photos =
+        photosOf({undated, fileAt("/D/IMG_0001.JPG", lunch), fileAt("/D/new.jpg", lunch.addDays(1)),
+                  fileAt("/D/IMG_E0001.JPG", lunch.addDays(40))});
+    EXPECT_EQ(shown(photos),
+              (QStringList{u"new.jpg"_s, u"IMG_E0001.JPG+IMG_0001.JPG"_s, u"none.jpg"_s}));
+    EXPECT_EQ(photos[1].day(), lunch.date());
+    EXPECT_EQ(photos[2].day(), std::nullopt);
+}
+
+TEST(CameraFolders, areThoseOfEachStorageAndListedDeep) {
+    DeviceInfo device;
+    device.platform = DevicePlatform::android;
+    device.volumes.resize(2);
+    device.volumes[1].id = u"ABCD"_s;
+    EXPECT_EQ(cameraFoldersOf(device), (QStringList{u"/sdcard/DCIM"_s, u"/storage/ABCD/DCIM"_s}));
+    const ImportFixture import;
+    import.take("100APPLE/a.jpg", "a");
+    import.take(".thumbnails/b.jpg", "b");
+    import.take("Camera/.trashed-1-c.jpg", "c");
+    import.take("Camera/d.mp4", "d");
+    import.phone->addUnreadable(u"/DCIM/Camera/bad.jpg"_s, {PhoneError::unreadable});
+    import.phone->addFolder(u"/DCIM/Locked"_s);
+    import.phone->fail(Operation::list, u"/DCIM/Locked"_s, {PhoneError::accessDenied});
+    const FoundPhotos found = import.find();
+    EXPECT_EQ(shown(found.photos), (QStringList{u"a.jpg"_s, u"d.mp4"_s}));
+    QStringList unreadable;
+    for (const UnreadableEntry& entry : found.unreadable)
+        unreadable << entry.path;
+    EXPECT_THAT(unreadable,
+                testing::UnorderedElementsAre(u"/DCIM/Camera/bad.jpg"_s, u"/DCIM/Locked"_s));
+}
+
+TEST(CameraFolders, aPhoneWithoutThemHasNoPhotosAndALostOneIsAnError) {
+    const ImportFixture import;
+    EXPECT_THAT(import.find().photos, IsEmpty());
+    EXPECT_THAT(import.find().unreadable, IsEmpty());
+    import.phone->loseLink();
+    EXPECT_THROW((void)import.find(), Error);
+}
+
+TEST(Import, secondRunTakesNoRequestBeyondTheListing) {
+    const ImportFixture import;
+    constexpr int count = 2000;
+    for (int n = 0; n < count; ++n)
+        import.take(qPrintable(u"100APPLE/IMG_%1.HEIC"_s.arg(n, 4, 10, QChar(u'0'))),
+                    "picture " + QByteArray::number(n), lunch.addSecs(n));
+    const CopyOutcome outcome = import.fetch({.byDate = true});
+    EXPECT_EQ(outcome.end(), CopyOutcome::End::done);
+    EXPECT_EQ(outcome.files, count);
+    EXPECT_EQ(import.disk->names(u"pictures/2026/2026-05-17"_s).size(), count);
+    import.phone->forgetRequests();
+    EXPECT_EQ(import.fetch({.byDate = true}).files, 0);
+    const auto requests = import.phone->requests();
+    EXPECT_EQ(requests.size(), 2U); // of DCIM and 100APPLE
+    EXPECT_TRUE(std::ranges::all_of(
+        requests, [](const auto& request) { return request.operation == Operation::list; }));
+}
+
+TEST(Import, interruptedItGoesOnWithWhatIsMissing) {
+    const ImportFixture import;
+    for (int n = 0; n < 9; ++n)
+        import.take(qPrintable(u"IMG_%1.JPG"_s.arg(n)), QByteArray(5000, 'p'), lunch.addSecs(n));
+    import.phone->failAfterBytes(Operation::read, u"/DCIM/IMG_4.JPG"_s, 2000,
+                                 {PhoneError::unplugged});
+    const CopyOutcome first = import.fetch();
+    EXPECT_EQ(first.end(), CopyOutcome::End::failed);
+    EXPECT_EQ(first.files, 4);
+    import.phone->forgetRequests();
+    EXPECT_EQ(import.fetch().files, 5);
+    EXPECT_EQ(import.phone->bytes(Operation::read), 5 * 5000);
+    EXPECT_EQ(import.here().size(), 9);
+}
+
+TEST(Import, aKilledOneFindsItsCopiesAgain) {
+    const ImportFixture import;
+    import.take("IMG_1.JPG", "one");
+    import.take("IMG_2.JPG", "two");
+    (void)import.fetch();
+    const QString ledger = import.find().ledger->file();
+    ASSERT_TRUE(QFile::resize(ledger, QFileInfo(ledger).size() - 10)); // the last line is cut
+    import.phone->forgetRequests();
+    EXPECT_EQ(import.fetch().files, 0);
+    EXPECT_EQ(import.phone->count(Operation::read), 0);
+    EXPECT_THAT(import.plan().alreadyHere, IsEmpty()); // it was noted
+    EXPECT_THAT(import.plan().items, IsEmpty());
+}
+
+TEST(Import, aCopyThatWasRenamedOrDeletedHereIsNotFetchedAgain) {
+    const ImportFixture import;
+    import.take("IMG_1.JPG", "one");
+    import.take("IMG_2.JPG", "two");
+    (void)import.fetch();
+    ASSERT_TRUE(
+        QFile::rename(import.target() + u"/IMG_1.JPG"_s, import.target() + u"/Beach.jpg"_s));
+    ASSERT_TRUE(QFile::remove(import.target() + u"/IMG_2.JPG"_s));
+    EXPECT_EQ(import.fetch().files, 0);
+    EXPECT_EQ(import.here(), QStringList(u"Beach.jpg=one"_s));
+    // Unless that is wished.
+    const FoundPhotos found = import.find();
+    const ImportPlan again =
+        planImport(found.photos, *found.ledger, *import.to(), import.target(), {.again = true}, {});
+    EXPECT_EQ(again.items.size(), 2U);
+}
+
+TEST(Import, twoPhonesWithEqualNamesAreTwo) {
+    const ImportFixture one(u"PHONE1"_s);
+    ImportFixture other(u"PHONE2"_s);
+    other.disk = one.disk;
+    one.take("IMG_1.JPG", "mine!");
+    one.take("IMG_1.MOV", "moves");
+    other.take("IMG_1.JPG", "yours", lunch.addDays(2));
+    other.take("IMG_1.MOV", "waves", lunch.addDays(2));
+    (void)one.fetch();
+    EXPECT_EQ(other.fetch().files, 2);
+    EXPECT_EQ(one.here(), (QStringList{u"IMG_1 (2).JPG=yours"_s, u"IMG_1 (2).MOV=waves"_s,
+                                       u"IMG_1.JPG=mine!"_s, u"IMG_1.MOV=moves"_s}));
+    EXPECT_EQ(one.fetch().files + other.fetch().files, 0);
+}
+
+TEST(Import, filesOfOnePhotoGetOneFolderAndOneNumber) {
+    const ImportFixture import;
+    import.disk->write(u"pictures/2026/2026-05-17/IMG_0001.MOV"_s, "a stranger");
+    import.take("IMG_0001.HEIC", "still");
+    import.take("IMG_0001.MOV", "moving");
+    (void)import.fetch({.byDate = true});
+    // It is edited weeks later.
+    import.take("IMG_E0001.HEIC", "better", lunch.addDays(30));
+    (void)import.fetch({.byDate = true});
+    EXPECT_EQ(import.here(), (QStringList{u"2026/2026-05-17/IMG_0001 (2).HEIC=still"_s,
+                                          u"2026/2026-05-17/IMG_0001 (2).MOV=moving"_s,
+                                          u"2026/2026-05-17/IMG_0001.MOV=a stranger"_s,
+                                          u"2026/2026-05-17/IMG_E0001 (2).HEIC=better"_s}));
+    EXPECT_EQ(QFileInfo(import.target() + u"/2026/2026-05-17/IMG_0001 (2).HEIC"_s).lastModified(),
+              lunch);
+}
+
+TEST(Import, twinsOfOneNameBothArrive) {
+    ImportFixture import;
+    import.phone = std::make_shared<MemoryFileSystem>(
+        MemoryFileSystem::Options{.givesHandles = true, .queue = std::make_shared<PhoneQueue>()});
+    import.take("IMG_1.JPG", "first");
+    import.phone->addTwin(u"/DCIM/IMG_1.JPG"_s, "another", lunch);
+    EXPECT_EQ(import.fetch().files, 2);
+    EXPECT_EQ(import.here(), (QStringList{u"IMG_1 (2).JPG=another"_s, u"IMG_1.JPG=first"_s}));
+}
+
+TEST(Import, aCopyThatDoesNotCompareDoesNotCount) {
+    const ImportFixture import;
+    import.take("IMG_1.JPG", "one");
+    import.take("IMG_2.JPG", "two");
+    import.phone->announce(u"/DCIM/IMG_1.JPG"_s, 7);
+    const CopyOutcome outcome = import.fetch();
+    EXPECT_EQ(outcome.end(), CopyOutcome::End::incomplete);
+    EXPECT_EQ(import.here(), QStringList(u"IMG_2.JPG=two"_s));
+    EXPECT_EQ(import.plan().items.size(), 1U);
+}
+
+TEST(ImportLedger, knowsAFileByPathSizeAndDate) {
+    const TemporaryFolder folder;
+    ImportLedger ledger(folder.path(), u"X"_s);
+    ledger.add({{u"/DCIM/100/a.jpg"_s, 10, lunch, u"/home/a.jpg"_s, "hash"},
+                {u"/DCIM/100/none.jpg"_s, 10, {}, {}, {}}});
+    FileItem undated = fileAt("/DCIM/100/a.jpg");
+    undated.modifiedDate.reset();
+    const struct {
+        const char* name;
+        FileItem file;
+        bool isKnown;
+    } rows[] = {
+        {"itself", fileAt("/DCIM/100/a.jpg"), true},
+        {"cut to the second by another way", fileAt("/DCIM/100/a.jpg", lunch.addMSecs(900)), true},
+        {"in another time zone", fileAt("/DCIM/100/a.jpg", lunch.addSecs(9 * 3600)), true},
+        {"listed without a date", undated, true},
+        {"moved on the phone", fileAt("/DCIM/200/a.jpg"), true},
+        {"moved, and hours younger", fileAt("/DCIM/200/a.jpg", lunch.addSecs(9 * 3600)), false},
+        {"changed a minute later", fileAt("/DCIM/100/a.jpg", lunch.addSecs(60)), false},
+        {"changed in size", fileAt("/DCIM/100/a.jpg", lunch, 11), false},
+        {"another name", fileAt("/DCIM/100/b.jpg"), false},
+        {"days later", fileAt("/DCIM/100/a.jpg", lunch.addDays(3)), false},
+    };
+    // As it was written, and as it is read again.
+    const ImportLedger again(folder.path(), u"X"_s);
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(ledger.find(row.file).has_value(), row.isKnown);
+        EXPECT_EQ(again.find(row.file).has_value(), row.isKnown);
+    }
+    EXPECT_EQ(again.find(fileAt("/DCIM/100/a.jpg")),
+              (ImportRecord{u"/DCIM/100/a.jpg"_s, 10, lunch.toUTC(), u"/home/a.jpg"_s, "hash"}));
+    EXPECT_FALSE(ImportLedger(folder.path(), u"Y"_s).find(rows[0].file));
+}
+
+TEST(ImportLedger, damagedLinesCountAsNoneAndTheNextOneStandsAlone) {
+    const TemporaryFolder folder;
+    ImportLedger ledger(folder.path(), u"../x"_s);
+    ledger.add({{u"/a.jpg"_s, 10, lunch, {}, {}}});
+    EXPECT_EQ(QFileInfo(ledger.file()).path(), folder.path());
+    QFile file(ledger.file());
+    ASSERT_TRUE(file.open(QIODevice::Append));
+    file.write(
+        "[]\n{\"path\":\"/b.jpg\"}\n{\"path\":\"/c.jpg\",\"size\":-1}\nxx\n{\"path\":\"/d.j");
+    file.close();
+    ImportLedger(folder.path(), u"../x"_s).add({{u"/e.jpg"_s, 10, lunch, {}, {}}});
+    const ImportLedger again(folder.path(), u"../x"_s);
+    for (const auto& [path, isKnown] : {std::pair("/a.jpg", true),
+                                        {"/b.jpg", false},
+                                        {"/c.jpg", false},
+                                        {"/d.jpg", false},
+                                        {"/e.jpg", true}})
+        EXPECT_EQ(again.find(fileAt(path)).has_value(), isKnown) << path;
+}
+
+TEST(ImportLedger, thatCannotBeReadOrWrittenIsAnError) {
+    const TemporaryFolder folder;
+    folder.write(u"file"_s, "");
+    ImportLedger ledger(folder.path(u"file/below"_s), u"X"_s);
+    EXPECT_THROW(ledger.add({{u"/a.jpg"_s, 1, {}, {}, {}}}), Error);
+    const ImportLedger other(folder.path(), u"X"_s);
+    folder.makeFolder(QFileInfo(other.file()).fileName());
+    EXPECT_THROW(ImportLedger(folder.path(), u"X"_s), Error);
+}
+
+TEST(ImportRemoval, takesFromThePhoneOnlyWhatLiesHereWhole) {
+    const struct {
+        const char* name;
+        std::function<void(const ImportFixture&)> change;
+        const char* left; ///< on the phone
+        qint64 photos;
+    } rows[] = {
+        {"all is well", [](const auto&) {}, "", 2},
+        {"renamed here",
+         [](const auto& import) {
+             QFile::rename(import.target() + u"/IMG_1.JPG"_s, import.target() + u"/B.jpg"_s);
+         },
+         "", 2},
+        {"deleted here",
+         [](const auto& import) { QFile::remove(import.target() + u"/IMG_1.JPG"_s); },
+         "IMG_1.JPG IMG_1.MOV", 1},
+        {"damaged here",
+         [](const auto& import) { import.disk->write(u"pictures/IMG_1.MOV"_s, "mOving"); },
+         "IMG_1.JPG IMG_1.MOV", 1},
+        {"changed on the phone",
+         [](const auto& import) { import.take("IMG_1.MOV", "other one", lunch.addSecs(9)); },
+         "IMG_1.JPG IMG_1.MOV", 1},
+        {"not fetched as a whole", [](const auto& import) { import.take("IMG_1.AAE", "edits"); },
+         "IMG_1.AAE IMG_1.JPG IMG_1.MOV", 1},
+        {"refused by the phone",
+         [](const auto& import) {
+             import.phone->fail(Operation::remove, u"/DCIM/IMG_1.JPG"_s,
+                                {PhoneError::accessDenied});
+         },
+         "IMG_1.JPG IMG_1.MOV", 1},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        const ImportFixture import;
+        import.take("IMG_1.JPG", "one");
+        import.take("IMG_1.MOV", "moving");
+        import.take("IMG_2.JPG", "two");
+        ASSERT_EQ(import.fetch().files, 3);
+        row.change(import);
+        const ImportRemoval result = import.removeAll();
+        EXPECT_EQ(result.photos, row.photos);
+        EXPECT_EQ(result.leftOut.empty(), row.photos == 2);
+        QStringList left;
+        for (const QString& path : import.phone->tree())
+            if (!path.endsWith(u'/'))
+                left << path.section(u'/', -1);
+        EXPECT_EQ(left.join(u' '), QString::fromLatin1(row.left));
+    }
+}
+
+TEST(ImportRemoval, endsWithThePhone) {
+    const ImportFixture import;
+    import.take("IMG_1.JPG", "one");
+    import.take("IMG_2.JPG", "two");
+    (void)import.fetch();
+    const FoundPhotos found = import.find();
+    import.phone->loseLink(2);
+    const ImportRemoval lost = removeImported(*import.phone, found.photos, *found.ledger, {}, {});
+    ASSERT_TRUE(lost.failure);
+    EXPECT_TRUE(lost.failure->is(PhoneError::unplugged));
+    import.phone->restoreLink();
+    std::stop_source stop;
+    stop.request_stop();
+    EXPECT_TRUE(removeImported(*import.phone, found.photos, *found.ledger, {}, stop.get_token())
+                    .isCancelled);
+    EXPECT_TRUE(import.phone->has(u"/DCIM/IMG_1.JPG"_s));
+}
+
+} // namespace
+} // namespace tessary
