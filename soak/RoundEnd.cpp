@@ -129,7 +129,15 @@ void Round::checkFolders() {
     if (!parts.isEmpty())
         throw Broken(parts.front() + u" was left behind"_s);
     for (SoakPhone* phone : phones_) {
-        (void)Content::read(phone->folder(), &parts);
+        // A copy that was cancelled does not wait for the phone to have removed its part.
+        const auto leftParts = [&] {
+            parts.clear();
+            (void)Content::read(phone->folder(), &parts);
+            return !parts.isEmpty();
+        };
+        QElapsedTimer sincePeace;
+        for (sincePeace.start(); leftParts() && sincePeace.elapsed() < 5000;)
+            Program::turnFor(50ms);
         if (!parts.isEmpty() && !phone->isDisturbed)
             throw Broken(parts.front() + u" was left on the phone"_s);
         for (const QString& part : parts)

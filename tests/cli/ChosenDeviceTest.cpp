@@ -1,8 +1,8 @@
-#include "cli/ChosenDevice.h"
+#include "cli/devices/ChosenDevice.h"
 
 #include "base/values/Error.h"
-#include "cli/CliFailure.h"
-#include "cli/CommandLine.h"
+#include "cli/terminal/CliFailure.h"
+#include "cli/terminal/CommandLine.h"
 #include "devices/list/DeviceSources.h"
 #include "ios/Multiplexer.h"
 #include "support/PluggedIPhone.h"

@@ -1,4 +1,4 @@
-#include "cli/CliRunner.h"
+#include "cli/commands/CliRunner.h"
 #include "platform/settings/MemoryUserDefaults.h"
 #include "support/FakeProcessRunner.h"
 #include "support/MainLoop.h"
@@ -67,8 +67,8 @@ protected:
         Capture own;
         Capture& out = shared != nullptr ? *shared : own;
         Capture error;
-        CliRunner runner(bus_, services_, defaults_, out.stream, error.stream,
-                         folder_.path(u"ledgers"_s));
+        CliRunner runner(
+            {bus_, services_, defaults_, out.stream, error.stream, folder_.path(u"ledgers"_s)});
         CliRunner::ExitStatus status = CliRunner::failed;
         // As in the program: the main thread's event loop turns while the work is done elsewhere.
         QEventLoop loop;
@@ -197,6 +197,48 @@ TEST_F(CliRunnerTest, getCopiesIntoAFolderOrUnderANewName) {
     EXPECT_EQ(folder_.read(u"one.txt"_s), "one");
     EXPECT_EQ(run(Command::get, {u"/DCIM"_s}, folder_.path(u"copy"_s)).status, CliRunner::done);
     EXPECT_EQ(folder_.read(u"copy/sub/two.txt"_s), "second");
+}
+
+TEST_F(CliRunnerTest, filesAreFoundByNameWhereverTheyLie) {
+    CliRequest request;
+    request.command = Command::find;
+    request.device = device_;
+    request.paths = QStringList(u"/"_s);
+    request.pattern = u"*.txt"_s;
+    const Result text = run(request);
+    EXPECT_EQ(text.status, CliRunner::done);
+    EXPECT_TRUE(text.out.contains(u"/DCIM/one.txt\n"_s)) << text.out.toStdString();
+    EXPECT_TRUE(text.out.contains(u"/DCIM/sub/two.txt\n"_s)) << text.out.toStdString();
+    request.json = true;
+    EXPECT_EQ(run(request).json().array().size(), 2);
+}
+
+TEST_F(CliRunnerTest, aPhoneIsMountedUntilItGoes) {
+    if (!QFile::exists(u"/dev/fuse"_s))
+        GTEST_SKIP() << "no FUSE here";
+    CliRequest request;
+    request.command = Command::mount;
+    request.device = device_;
+    request.localPath = folder_.path(u"one.txt"_s);
+    EXPECT_TRUE(run(request).error.contains(u"There is no folder"_s));
+    request.localPath = folder_.makeFolder(u"mnt"_s);
+    const QString copy = request.localPath + u"/DCIM/one.txt"_s;
+    QByteArray content;
+    const std::jthread user([&] {
+        for (int n = 0; n < 4000 && content.isEmpty(); ++n) {
+            std::this_thread::sleep_for(5ms);
+            QFile file(copy);
+            if (file.open(QIODevice::ReadOnly))
+                content = file.readAll();
+        }
+        std::this_thread::sleep_for(500ms); // the phone was listed
+        phone_.android.unplug();
+    });
+    const Result result = run(request);
+    EXPECT_EQ(content, "one");
+    EXPECT_EQ(result.status, CliRunner::failed);
+    EXPECT_TRUE(result.error.contains(u"was unplugged"_s)) << result.error.toStdString();
+    EXPECT_TRUE(QDir(request.localPath).isEmpty());
 }
 
 TEST_F(CliRunnerTest, whatIsLeftOutOfAFolderIsNamedAndFails) {

@@ -1,4 +1,4 @@
-#include "cli/CommandLine.h"
+#include "cli/terminal/CommandLine.h"
 #include "support/QtPrinters.h"
 
 #include <QDir>
@@ -32,6 +32,9 @@ TEST(CommandLine, commandsTakeTheirPaths) {
 
     EXPECT_EQ(request("rm P /a /b").value().paths, (QStringList{u"/a"_s, u"/b"_s}));
     EXPECT_EQ(request("ls P").value().paths, QStringList{u"/"_s});
+    EXPECT_EQ(request("find P *.jpg").value().paths, QStringList{u"/"_s});
+    EXPECT_EQ(request("find P *.jpg /DCIM").value().pattern, u"*.jpg"_s);
+    EXPECT_EQ(request("mount P /tmp/x").value().localPath, u"/tmp/x"_s);
 }
 
 TEST(CommandLine, generalOptionsStandBeforeOrBehindTheCommand) {

@@ -1,4 +1,4 @@
-#include "cli/DeviceChanges.h"
+#include "cli/devices/DeviceChanges.h"
 #include "support/QtPrinters.h"
 
 #include <gtest/gtest.h>

@@ -85,7 +85,10 @@ const std::map<std::string, std::vector<std::string>> arrows = {
     {"views/sidebar", {"views/common"}},
     {"views/transfers", {"views/common"}},
     {"views/window", {"views/browser", "views/settings", "views/sidebar", "views/transfers"}},
-    {"cli", {"sync/manager", "app/texts", "transfer/import"}},
+    {"cli/terminal",
+     {"app/texts", "devices/list", "phone", "sync/plan", "transfer/copy", "transfer/queue"}},
+    {"cli/devices", {"cli/terminal"}},
+    {"cli/commands", {"cli/devices", "sync/manager", "transfer/import", "transfer/local", "transfer/mount"}},
     {"simulator/wire", {"base/local"}},
     {"simulator/usb", {"base/threads", "platform/usb", "simulator/wire"}},
     {"simulator/mtp", {"mtp/protocol", "simulator/usb"}},
@@ -97,7 +100,7 @@ const std::map<std::string, std::vector<std::string>> arrows = {
     {"simulator/faults", {"simulator/adbd", "simulator/iphone", "simulator/mtp"}},
     // A main file puts its program together: it may also start the virtual phones.
     {"programs",
-     {"views/window", "cli", "ios/helper/server", "preview/decoding", "simulator/demo"}},
+     {"views/window", "cli/commands", "ios/helper/server", "preview/decoding", "simulator/demo"}},
     {"browser/actions", {"transfer/mount", "transfer/staging", "browser/listing"}},
 };
 
@@ -205,8 +208,8 @@ TEST(FolderArrows, noFolderIsAHall) {
 TEST(FolderArrows, plantedViolationsAreFound) {
     const std::pair<const char*, const char*> rows[] = {
         {"mtp/client/MTPClient.h", "#pragma once\n\n  # include \"browser/listing/FileRows.h\""},
-        {"cli/Commands.cpp", "#include \"simulator/faults/FaultyAndroid.h\""},
-        {"cli/Other.cpp", "#include \"views/window/MainWindow.h\""},
+        {"cli/commands/A.cpp", "#include \"simulator/faults/FaultyAndroid.h\""},
+        {"cli/terminal/A.cpp", "#include \"views/window/MainWindow.h\""},
         {"base/text/A.cpp", "#include \"base/log/Product.h\""},
         {"app/TessaryApp.cpp", "#include <QMessageBox>"},
         {"sync/plan/A.cpp", "#include \"B.h\""},

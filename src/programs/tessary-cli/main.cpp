@@ -1,8 +1,8 @@
 #include "adb/tool/ADBTool.h"
 #include "base/local/Unfinished.h"
 #include "base/threads/Background.h"
-#include "cli/CliRunner.h"
-#include "cli/CommandLine.h"
+#include "cli/commands/CliRunner.h"
+#include "cli/terminal/CommandLine.h"
 #include "devices/list/DeviceManager.h"
 #include "ios/Multiplexer.h"
 #include "platform/process/QtProcessRunner.h"
@@ -129,8 +129,9 @@ int main(int argc, char** argv) {
             QtProcessRunner processes(phones.environment());
             const std::stop_callback endChildren(signals.token(), [&] { processes.stop(); });
             DeviceServices services({phones.bus(), processes, phones.adbServer()});
-            status = CliRunner(phones.sources(), services, *defaults, out, stderr, phones.ledgers())
-                         .run(request, signals.token());
+            status =
+                CliRunner({phones.sources(), services, *defaults, out, stderr, phones.ledgers()})
+                    .run(request, signals.token());
             if (!Background::shutDown(backgroundPatience)) {
                 std::fclose(out);
                 Unfinished::removeAll();

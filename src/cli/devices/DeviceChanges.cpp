@@ -1,8 +1,8 @@
-#include "cli/DeviceChanges.h"
+#include "cli/devices/DeviceChanges.h"
 
 #include "app/texts/ErrorText.h"
 #include "base/text/Printable.h"
-#include "cli/RecordJson.h"
+#include "cli/terminal/RecordJson.h"
 
 #include <QJsonArray>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/DeviceFollower.h"
+#include "cli/devices/DeviceFollower.h"
 
 #include <QJsonObject>
 #include <QStringList>

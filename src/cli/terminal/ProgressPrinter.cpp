@@ -1,4 +1,4 @@
-#include "cli/ProgressPrinter.h"
+#include "cli/terminal/ProgressPrinter.h"
 
 #include "base/text/ByteFormat.h"
 

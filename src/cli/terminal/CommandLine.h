@@ -27,7 +27,9 @@ struct CliRequest {
         remove,
         move,
         sync,
-        importPhotos
+        importPhotos,
+        find,
+        mount
     };
     /// What a sync answers when it has something to delete.
     enum class Answer {
@@ -43,6 +45,7 @@ struct CliRequest {
     QString app;        ///< --app: bundle identifier of an iPhone app
     bool media = false; ///< --media: an iPhone's photos and videos
     QString localPath;
+    QString pattern; ///< of a search, see NamePattern
     bool json = false;
     bool demo = false;
     QString demoFolder; ///< where the virtual phones keep their files; empty: a temporary folder
@@ -51,7 +54,8 @@ struct CliRequest {
 
     // Of get and put:
     ClashAnswer clash = ClashAnswer::replace; ///< for files whose name is taken
-    bool onlyNew = false; ///< --new: what is there with the same size and date stays
+    bool onlyNew = false;  ///< --new: what is there with the same size and date stays
+    bool verifies = false; ///< --verify: each copy is compared with its source
 
     bool byDate = false; ///< --by-date, of an import: into a folder a day
 

@@ -1,7 +1,7 @@
-#include "cli/ChosenDevice.h"
+#include "cli/devices/ChosenDevice.h"
 
 #include "base/threads/CancellationError.h"
-#include "cli/CliFailure.h"
+#include "cli/terminal/CliFailure.h"
 #include "devices/list/ADBPhones.h"
 #include "devices/list/IPhoneDevices.h"
 #include "ios/helper/IPhoneHelper.h"

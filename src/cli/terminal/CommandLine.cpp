@@ -1,4 +1,4 @@
-#include "cli/CommandLine.h"
+#include "cli/terminal/CommandLine.h"
 
 #include "base/log/Product.h"
 
@@ -30,6 +30,8 @@ struct Raw {
     std::string app;
     bool media = false;
     bool onlyNew = false;
+    bool verify = false;
+    std::string pattern;
     bool skip = false;
     bool replace = false;
     bool keepBoth = false;
@@ -123,6 +125,7 @@ std::vector<Subcommand> addSubcommands(CLI::App& app, Raw& raw) {
     };
     const auto addClashes = [&](CLI::App& sub) {
         sub.add_flag("--new", raw.onlyNew, "Leave what is there with the same size and date");
+        sub.add_flag("--verify", raw.verify, "Compare each copy with its source");
         CLI::Option* skip = sub.add_flag("--skip", raw.skip, "Leave files whose name is taken");
         CLI::Option* replace =
             sub.add_flag("--replace", raw.replace, "Replace files whose name is taken (as usual)");
@@ -147,6 +150,18 @@ std::vector<Subcommand> addSubcommands(CLI::App& app, Raw& raw) {
         add("info", "Show what is known of a device, or of one path on it", Command::info);
     addDevice(info);
     info.add_option("PATH", raw.path, "File or folder on the device");
+
+    CLI::App& find =
+        add("find", "Search a folder of a device, and all below it, by name", Command::find);
+    addDevice(find);
+    find.add_option("PATTERN", raw.pattern, "Part of a name, or a pattern: \"*.jpg\"")->required();
+    find.add_option("PATH", raw.path, "Folder on the device; / when left out");
+
+    CLI::App& mount =
+        add("mount", "Show a device's files as a folder here, to read, until it is unmounted",
+            Command::mount);
+    addDevice(mount);
+    mount.add_option("FOLDER", raw.local, "Empty folder here")->required();
 
     CLI::App& get = add("get", "Copy a file or folder from a device", Command::get);
     addDevice(get);
@@ -199,6 +214,8 @@ CliRequest requestOf(const Raw& raw, CliRequest::Command command) {
     request.app = text(raw.app);
     request.media = raw.media;
     request.onlyNew = raw.onlyNew;
+    request.verifies = raw.verify;
+    request.pattern = text(raw.pattern);
     request.clash = raw.skip       ? ClashAnswer::skip
                     : raw.keepBoth ? ClashAnswer::keepBoth
                                    : ClashAnswer::replace;
@@ -206,7 +223,9 @@ CliRequest requestOf(const Raw& raw, CliRequest::Command command) {
         request.paths.append(text(path));
     if (!raw.path.empty())
         request.paths.append(text(raw.path));
-    if (command == CliRequest::Command::list && raw.path.empty())
+    const bool startsAtTop =
+        command == CliRequest::Command::list || command == CliRequest::Command::find;
+    if (startsAtTop && raw.path.empty())
         request.paths.append(QStringLiteral("/"));
     if (!raw.target.empty())
         request.paths.append(text(raw.target));

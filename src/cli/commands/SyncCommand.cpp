@@ -1,10 +1,11 @@
+#include "cli/commands/SyncCommand.h"
+
 #include "app/texts/ErrorText.h"
 #include "base/text/ByteFormat.h"
 #include "base/text/Printable.h"
 #include "base/threads/CancellationError.h"
-#include "cli/CliFailure.h"
-#include "cli/CliRunner.h"
-#include "cli/ProgressPrinter.h"
+#include "cli/terminal/CliFailure.h"
+#include "cli/terminal/ProgressPrinter.h"
 #include "platform/desktop/HostInfo.h"
 #include "sync/manager/SyncHost.h"
 #include "sync/plan/SyncError.h"
@@ -235,24 +236,22 @@ CliFailure unanswered(const SyncQuestion& question) {
                        "delete; --dry-run shows what."));
 }
 
-} // namespace
-
 /// The user's word on a question, or what the options say. Throws where neither tells.
-SyncAnswer CliRunner::answerTo(const SyncQuestion& question) {
+SyncAnswer answerTo(const CliSession& session, const SyncQuestion& question) {
     using Kind = SyncQuestion::Kind;
     const bool isGuarded = question.guard.kind != SyncGuard::Kind::nothing;
-    if (request_.answer == Answer::yesAll)
+    if (session.request().answer == Answer::yesAll)
         return SyncAnswer::deleteAll(question);
-    if (request_.answer == Answer::keep && question.kind != Kind::missingLocalFolder)
+    if (session.request().answer == Answer::keep && question.kind != Kind::missingLocalFolder)
         return SyncAnswer::keepAll();
-    if (request_.answer == Answer::yes && !isGuarded)
+    if (session.request().answer == Answer::yes && !isGuarded)
         return SyncAnswer::deleteAll(question);
-    const bool mayAsk =
-        request_.answer == Answer::ask && isatty(STDIN_FILENO) != 0 && isatty(fileno(error_)) != 0;
+    const bool mayAsk = session.request().answer == Answer::ask && isatty(STDIN_FILENO) != 0 &&
+                        isatty(fileno(session.errors())) != 0;
     if (!mayAsk)
         throw unanswered(question);
-    const auto print = [this](const QString& text) {
-        std::fprintf(error_, "%s", qUtf8Printable(text));
+    const auto print = [&session](const QString& text) {
+        std::fprintf(session.errors(), "%s", qUtf8Printable(text));
     };
     for (std::size_t n = 0; n < std::min(shownCandidates, question.candidates.size()); ++n) {
         const DeletionCandidate& file = question.candidates[n];
@@ -277,8 +276,8 @@ SyncAnswer CliRunner::answerTo(const SyncQuestion& question) {
     else
         print(QStringLiteral("The folder %1 is gone. Make it again? [y]es, [S]top: ")
                   .arg(printable(question.path)));
-    std::fflush(error_);
-    const char word = readAnswer(stop_);
+    std::fflush(session.errors());
+    const char word = readAnswer(session.stop());
     if (question.kind == Kind::deletions)
         return word == 'd'   ? SyncAnswer::deleteAll(question)
                : word == 'k' ? SyncAnswer::keepAll()
@@ -286,80 +285,85 @@ SyncAnswer CliRunner::answerTo(const SyncQuestion& question) {
     return word == 'y' ? SyncAnswer::keepAll() : SyncAnswer::stop();
 }
 
-void CliRunner::showPreview(const SyncPreview& preview) {
-    if (request_.json) {
-        print(toJson(preview));
+void showPreview(CliSession& session, const SyncPreview& preview) {
+    if (session.request().json) {
+        session.print(toJson(preview));
         return;
     }
     for (const SyncPreviewItem& item : preview.items)
-        printLine(previewLine(item));
+        session.printLine(previewLine(item));
     if (const QString warning = guardText(preview.guard); !warning.isEmpty())
-        printLine(warning);
-    printLine(QStringLiteral("%1 in sync, %2 to copy")
-                  .arg(preview.inSync)
-                  .arg(formatBytes(preview.totalBytes)));
+        session.printLine(warning);
+    session.printLine(QStringLiteral("%1 in sync, %2 to copy")
+                          .arg(preview.inSync)
+                          .arg(formatBytes(preview.totalBytes)));
 }
 
-void CliRunner::sync() {
-    PhoneFileSystem& phone = files(); // checks that device and --app go together
-    const DeviceInfo device = chosenDevice();
+} // namespace
+
+void syncFolders(CliSession& session) {
+    PhoneFileSystem& phone = session.files(); // checks that device and --app go together
+    const DeviceInfo device = session.device();
     SyncPair pair;
     pair.deviceUDID = device.udid;
     pair.deviceName = device.deviceName.value_or(device.udid);
-    pair.appBundleID = device.platform == DevicePlatform::iOS && !request_.app.isEmpty()
-                           ? request_.app
+    pair.appBundleID = device.platform == DevicePlatform::iOS && !session.request().app.isEmpty()
+                           ? session.request().app
                            : QString(SyncPair::deviceStorage);
-    pair.remoteFolderPath = phone.canonicalPath(request_.paths.front());
-    pair.localFolderPath = QDir::cleanPath(request_.localPath);
-    pair.syncMode = request_.mode;
-    pair.deleteSyncEnabled = request_.deletes;
-    pair.moveFilesEnabled = request_.moves;
-    pair.patterns += request_.excludes;
+    pair.remoteFolderPath = phone.canonicalPath(session.request().paths.front());
+    pair.localFolderPath = QDir::cleanPath(session.request().localPath);
+    pair.syncMode = session.request().mode;
+    pair.deleteSyncEnabled = session.request().deletes;
+    pair.moveFilesEnabled = session.request().moves;
+    pair.patterns += session.request().excludes;
 
     // Whoever forgets who he is takes deleted files for new ones the next time.
-    const QString hostID = syncHostID(defaults_);
-    requireStored(defaults_);
+    const QString hostID = syncHostID(session.defaults());
+    requireStored(session.defaults());
 
     LocalFileSystem folder(pair.localFolderPath);
     SyncComputer computer = syncComputer(folder);
     computer.trash = moveToTrash;
     SyncReport report;
     {
-        ProgressPrinter printer(error_);
+        ProgressPrinter printer(session.errors());
         SyncRunEvents events;
         events.progress = [&printer](const SyncProgress& progress) {
             if (progress.totalFiles > 0)
                 printer.show(transferProgress(progress));
         };
-        events.ask = [this](const SyncQuestion& question) { return answerTo(question); };
+        events.ask = [&session](const SyncQuestion& question) {
+            return answerTo(session, question);
+        };
         SyncRun run({pair,
-                     syncHostID(defaults_),
+                     syncHostID(session.defaults()),
                      computerName(),
                      std::move(computer),
                      phone,
                      [] { return QDateTime::currentDateTime(); },
                      SyncLock::defaultFile(),
                      {}},
-                    events, stop_);
-        if (request_.isDryRun) {
-            showPreview(run.preview());
+                    events, session.stop());
+        if (session.request().isDryRun) {
+            showPreview(session, run.preview());
             return;
         }
         try {
             report = run.run();
         } catch (const CliFailure& failure) {
-            if (request_.json)
-                print(QJsonObject{{View("errors"), QJsonArray{QString::fromUtf8(failure.what())}}});
+            if (session.request().json)
+                session.print(
+                    QJsonObject{{View("errors"), QJsonArray{QString::fromUtf8(failure.what())}}});
             throw;
         }
     }
-    if (request_.json)
-        print(toJson(report));
+    if (session.request().json)
+        session.print(toJson(report));
     else if (report.outcome == Outcome::done)
-        printLine(summary(report));
+        session.printLine(summary(report));
     // A file that no run can sync does not make every run a failure.
     for (const SyncSkippedItem& item : report.skipped)
-        std::fprintf(error_, "tessary-cli: Not synced: %s: %s\n",
+        std::fprintf(session.errors(), "tessary-cli: Not synced: %s: %s\n",
                      qUtf8Printable(printable(item.path)), qUtf8Printable(reasonText(item.reason)));
     if (report.failure)
         throw *report.failure;

@@ -1,8 +1,8 @@
-#include "cli/ImportSummary.h"
+#include "cli/commands/ImportSummary.h"
 
 #include "base/text/ByteFormat.h"
 #include "base/text/PathNames.h"
-#include "cli/RecordJson.h"
+#include "cli/terminal/RecordJson.h"
 
 #include <QJsonArray>
 

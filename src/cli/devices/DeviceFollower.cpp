@@ -1,4 +1,4 @@
-#include "cli/DeviceFollower.h"
+#include "cli/devices/DeviceFollower.h"
 
 #include "base/threads/MainThread.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "adb/server/ADBDevices.h"
-#include "cli/CommandLine.h"
+#include "cli/terminal/CommandLine.h"
 #include "devices/list/DeviceSources.h"
 #include "phone/records/DeviceInfo.h"
 

@@ -1,4 +1,4 @@
-#include "cli/RecordJson.h"
+#include "cli/terminal/RecordJson.h"
 
 #include "app/texts/ErrorText.h"
 

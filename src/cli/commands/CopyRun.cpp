@@ -1,0 +1,29 @@
+#include "cli/commands/CopyRun.h"
+
+#include "app/texts/ErrorText.h"
+#include "base/threads/CancellationError.h"
+#include "cli/terminal/ProgressPrinter.h"
+
+#include <utility>
+
+namespace tessary {
+
+CopyOutcome runCopy(CliSession& session, TreeCopyRequest request) {
+    ProgressPrinter printer(session.errors());
+    CopyOutcome outcome =
+        TreeCopy(std::move(request))
+            .run([&](const TransferProgress& progress) { printer.show(progress); }, session.stop());
+    if (outcome.isCancelled)
+        throw CancellationError();
+    return outcome;
+}
+
+void sayLeftOut(CliSession& session, const CopyOutcome& outcome) {
+    for (const LeftOut& left : outcome.leftOut)
+        session.fail(
+            QStringLiteral("Not copied: %1: %2").arg(left.item.item.path, reasonText(left.error)));
+    if (outcome.failure)
+        throw *outcome.failure;
+}
+
+} // namespace tessary

@@ -1,0 +1,140 @@
+#include "cli/commands/FileCommands.h"
+
+#include "app/texts/ErrorText.h"
+#include "base/text/PathNames.h"
+#include "base/threads/CancellationError.h"
+#include "cli/commands/CopyRun.h"
+#include "cli/terminal/CliFailure.h"
+#include "cli/terminal/FileLine.h"
+#include "cli/terminal/RecordJson.h"
+#include "transfer/copy/TreeCopy.h"
+#include "transfer/local/LocalFileSystem.h"
+
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonObject>
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+namespace tessary {
+
+namespace {
+
+/// Copies, with progress, and reports how it ended; what was left out makes it a failure.
+void copy(CliSession& session, TreeCopyRequest request) {
+    const bool isFolder = request.items.front().item.isDirectory;
+    request.policy = [answer = session.request().clash](const Clash& clash) {
+        return clash.coming.isDirectory && clash.existing.isDirectory ? ClashAnswer::merge : answer;
+    };
+    request.skipsSame = session.request().onlyNew;
+    request.verifies = session.request().verifies;
+    const CopyOutcome outcome = runCopy(session, std::move(request));
+    if (session.request().json)
+        session.print(isFolder || outcome.made.isEmpty()
+                          ? toJson(outcome)
+                          : QJsonObject{{QLatin1StringView("path"), outcome.made.front()},
+                                        {QLatin1StringView("size"), outcome.bytes}});
+    sayLeftOut(session, outcome);
+}
+
+} // namespace
+
+void listFolder(CliSession& session) {
+    Listing listing = listAll(session.files(), session.request().paths.front(), session.stop());
+    std::vector<FileItem> items = std::move(listing.items);
+    std::stable_sort(items.begin(), items.end(), [](const FileItem& a, const FileItem& b) {
+        if (a.isDirectory != b.isDirectory)
+            return a.isDirectory;
+        return a.name.compare(b.name, Qt::CaseInsensitive) < 0;
+    });
+    if (session.request().json) {
+        QJsonArray array;
+        for (const FileItem& item : items)
+            array.append(toJson(item));
+        session.print(array);
+    } else {
+        for (const FileItem& item : items)
+            session.printLine(fileLine(item, item.name));
+    }
+    // What is there and cannot be listed is not left out in silence.
+    for (const UnreadableEntry& entry : listing.unreadable)
+        session.fail(QStringLiteral("Not listed: %1: %2").arg(entry.path, reasonText(entry.error)));
+}
+
+void getFiles(CliSession& session) {
+    const FileItem item = require(session.files(), session.request().paths.front(), session.stop());
+    const bool intoFolder = QFileInfo(session.request().localPath).isDir();
+    if (intoFolder && !isSafeName(item.name))
+        throw CliFailure(
+            QStringLiteral("The name \"%1\" cannot be used on this computer. Give a name for the "
+                           "copy.")
+                .arg(item.name));
+    const QString folder =
+        intoFolder ? session.request().localPath : parentPath(session.request().localPath);
+    const QString name = intoFolder ? item.name : lastComponent(session.request().localPath);
+    copy(
+        session,
+        {session.sharedFiles(), std::make_shared<LocalFileSystem>(folder), {{item, name}}, folder});
+}
+
+void putFiles(CliSession& session) {
+    LocalItem local = openLocalItem(session.request().localPath);
+    const FileItem folder =
+        requireFolder(session.files(), session.request().paths.front(), session.stop());
+    const QString name = local.item.name;
+    copy(session,
+         {local.files, session.sharedFiles(), {{std::move(local.item), name}}, folder.path});
+}
+
+void makeFolders(CliSession& session) {
+    for (const QString& path : session.request().paths)
+        (void)session.files().makeFolder(parentPath(path), lastComponent(path), session.stop());
+    if (session.request().json)
+        session.print(QJsonArray::fromStringList(session.request().paths));
+}
+
+void removeFiles(CliSession& session) {
+    for (const QString& path : session.request().paths)
+        session.files().removeTree(require(session.files(), path, session.stop()), session.stop());
+    if (session.request().json)
+        session.print(QJsonArray::fromStringList(session.request().paths));
+}
+
+void moveFile(CliSession& session) {
+    FileItem item = require(session.files(), session.request().paths[0], session.stop());
+    const QString& target = session.request().paths[1];
+    const QString oldFolder = parentPath(item.path);
+
+    // A bare name renames; a folder that exists takes the item in; any other path does both.
+    QString folder = oldFolder;
+    QString name = target;
+    if (target.contains(QLatin1Char('/'))) {
+        folder = parentPath(target);
+        name = lastComponent(target);
+        const auto existing = session.files().find(target, session.stop());
+        if (existing && existing->isDirectory) {
+            folder = existing->path;
+            name = item.name;
+        } else if (existing && existing->path != item.path) {
+            throw Error(PhoneError::taken, {name});
+        }
+        folder = require(session.files(), folder, session.stop()).path;
+    }
+    const bool isMoved = folder != oldFolder;
+    if (isMoved)
+        item = session.files().move(item, folder, session.stop());
+    try {
+        if (name != item.name)
+            item = session.files().rename(item, name, TakenName::refused, session.stop());
+    } catch (...) {
+        if (isMoved) // all or nothing, also after a stop request
+            (void)session.files().move(item, oldFolder, {});
+        throw;
+    }
+    if (session.request().json)
+        session.print(QJsonObject{{QLatin1StringView("path"), item.path}});
+}
+
+} // namespace tessary

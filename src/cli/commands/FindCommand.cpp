@@ -1,0 +1,36 @@
+#include "cli/commands/FindCommand.h"
+
+#include "app/texts/ErrorText.h"
+#include "cli/terminal/FileLine.h"
+#include "cli/terminal/RecordJson.h"
+#include "phone/FileSearch.h"
+
+#include <QJsonArray>
+
+namespace tessary {
+
+void findFiles(CliSession& session) {
+    const CliRequest& request = session.request();
+    QJsonArray found;
+    const ListingReceiver receiver{
+        [&](std::vector<FileItem>&& items) {
+            for (const FileItem& item : items) {
+                if (request.json)
+                    found.append(toJson(item));
+                else
+                    session.printLine(fileLine(item, item.path));
+            }
+            if (!request.json)
+                session.flushOutput();
+        },
+        [&](UnreadableEntry&& entry) {
+            session.fail(
+                QStringLiteral("Not searched: %1: %2").arg(entry.path, reasonText(entry.error)));
+        }};
+    searchFiles(session.files(), request.paths.front(), NamePattern(request.pattern), receiver,
+                session.stop());
+    if (request.json)
+        session.print(found);
+}
+
+} // namespace tessary

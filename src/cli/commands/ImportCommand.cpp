@@ -1,0 +1,44 @@
+#include "cli/commands/ImportCommand.h"
+
+#include "app/texts/ErrorText.h"
+#include "base/local/LocalError.h"
+#include "cli/commands/CopyRun.h"
+#include "cli/commands/ImportSummary.h"
+#include "transfer/local/LocalFileSystem.h"
+
+#include <QDir>
+
+namespace tessary {
+
+void importPhotos(CliSession& session) {
+    session.useMedia();
+    const CliRequest& request = session.request();
+    FoundPhotos found =
+        findPhotos(session.files(), session.device(), session.ledgers(), {}, session.stop());
+    if (!request.isDryRun && !QDir().mkpath(request.localPath))
+        throw Error(LocalError::cannotMakeFolder, {request.localPath, QString()});
+    const auto to = std::make_shared<LocalFileSystem>(request.localPath);
+    ImportPlan plan = planImport(found.newOnes(), *found.ledger, *to, request.localPath,
+                                 {.byDate = request.byDate}, session.stop());
+    ImportSummary summary{found, plan, {}};
+    if (!request.isDryRun) {
+        found.ledger->add(plan.alreadyHere);
+        summary.outcome =
+            plan.items.empty()
+                ? CopyOutcome()
+                : runCopy(session, importRequest(session.sharedFiles(), to, std::move(plan),
+                                                 found.ledger));
+    }
+    if (request.json)
+        session.print(toJson(summary));
+    else
+        for (const QString& line : linesOf(summary))
+            session.printLine(line);
+    for (const UnreadableEntry& entry : found.unreadable)
+        session.fail(
+            QStringLiteral("Not listed: %1: %2").arg(entry.path, reasonText(entry.error)));
+    if (summary.outcome)
+        sayLeftOut(session, *summary.outcome);
+}
+
+} // namespace tessary
