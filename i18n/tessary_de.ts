@@ -95,6 +95,50 @@
         <source>Paste</source>
         <translation>Einfügen</translation>
     </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Ausschneiden</translation>
+    </message>
+    <message>
+        <source>Copy Path</source>
+        <translation>Pfad kopieren</translation>
+    </message>
+    <message>
+        <source>Move to…</source>
+        <translation>Verschieben nach …</translation>
+    </message>
+    <message>
+        <source>Copy to…</source>
+        <translation>Kopieren nach …</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Duplizieren</translation>
+    </message>
+    <message>
+        <source>Invert Selection</source>
+        <translation>Auswahl umkehren</translation>
+    </message>
+    <message>
+        <source>Larger Icons</source>
+        <translation>Größere Symbole</translation>
+    </message>
+    <message>
+        <source>Smaller Icons</source>
+        <translation>Kleinere Symbole</translation>
+    </message>
+    <message>
+        <source>Icons of Normal Size</source>
+        <translation>Symbole in normaler Größe</translation>
+    </message>
+    <message>
+        <source>Hidden Files</source>
+        <translation>Versteckte Dateien</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>
@@ -1051,6 +1095,10 @@
     <message>
         <source>Go</source>
         <translation>Gehe zu</translation>
+    </message>
+    <message>
+        <source>Full Screen</source>
+        <translation>Vollbild</translation>
     </message>
 </context>
 <context>
@@ -2451,6 +2499,34 @@
         <source>Parent Folder</source>
         <translation>Übergeordneter Ordner</translation>
     </message>
+    <message>
+        <source>Only hidden files in here</source>
+        <translation>Hier sind nur versteckte Dateien</translation>
+    </message>
+    <message>
+        <source>Their names begin with a dot.</source>
+        <translation>Ihre Namen beginnen mit einem Punkt.</translation>
+    </message>
+    <message>
+        <source>Show Hidden Files</source>
+        <translation>Versteckte Dateien anzeigen</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Undo Rename</source>
+        <translation>Umbenennen rückgängig machen</translation>
+    </message>
+    <message>
+        <source>Undo Move</source>
+        <translation>Verschieben rückgängig machen</translation>
+    </message>
+    <message>
+        <source>Undo New Folder</source>
+        <translation>Neuen Ordner rückgängig machen</translation>
+    </message>
 </context>
 <context>
     <name>tessary::CopyCommands</name>
@@ -2465,6 +2541,18 @@
     <message>
         <source>Copy a Folder to the Phone</source>
         <translation>Einen Ordner auf das Telefon kopieren</translation>
+    </message>
+    <message>
+        <source>Move to</source>
+        <translation>Verschieben nach</translation>
+    </message>
+    <message>
+        <source>Move Here</source>
+        <translation>Hierher verschieben</translation>
+    </message>
+    <message>
+        <source>Copy Here</source>
+        <translation>Hierher kopieren</translation>
     </message>
 </context>
 <context>
@@ -2550,6 +2638,41 @@
             <numerusform>%Ln Objekt</numerusform>
             <numerusform>%Ln Objekte</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FolderChooser</name>
+    <message>
+        <source>New Folder…</source>
+        <translation>Neuer Ordner …</translation>
+    </message>
+    <message>
+        <source>Storage</source>
+        <translation>Speicher</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>Übergeordneter Ordner</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>Ordner</translation>
+    </message>
+    <message>
+        <source>reading…</source>
+        <translation>wird gelesen …</translation>
+    </message>
+    <message>
+        <source>No folders in here.</source>
+        <translation>Hier sind keine Ordner.</translation>
+    </message>
+    <message>
+        <source>New Folder</source>
+        <translation>Neuer Ordner</translation>
+    </message>
+    <message>
+        <source>Name of the new folder:</source>
+        <translation>Name des neuen Ordners:</translation>
     </message>
 </context>
 <context>

@@ -95,6 +95,50 @@
         <source>Paste</source>
         <translation>Pegar</translation>
     </message>
+    <message>
+        <source>Undo</source>
+        <translation>Deshacer</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Cortar</translation>
+    </message>
+    <message>
+        <source>Copy Path</source>
+        <translation>Copiar la ruta</translation>
+    </message>
+    <message>
+        <source>Move to…</source>
+        <translation>Mover a…</translation>
+    </message>
+    <message>
+        <source>Copy to…</source>
+        <translation>Copiar a…</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Duplicar</translation>
+    </message>
+    <message>
+        <source>Invert Selection</source>
+        <translation>Invertir la selección</translation>
+    </message>
+    <message>
+        <source>Larger Icons</source>
+        <translation>Iconos más grandes</translation>
+    </message>
+    <message>
+        <source>Smaller Icons</source>
+        <translation>Iconos más pequeños</translation>
+    </message>
+    <message>
+        <source>Icons of Normal Size</source>
+        <translation>Iconos de tamaño normal</translation>
+    </message>
+    <message>
+        <source>Hidden Files</source>
+        <translation>Archivos ocultos</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>
@@ -1051,6 +1095,10 @@
     <message>
         <source>Go</source>
         <translation>Ir</translation>
+    </message>
+    <message>
+        <source>Full Screen</source>
+        <translation>Pantalla completa</translation>
     </message>
 </context>
 <context>
@@ -2451,6 +2499,34 @@
         <source>Parent Folder</source>
         <translation>Carpeta superior</translation>
     </message>
+    <message>
+        <source>Only hidden files in here</source>
+        <translation>Aquí solo hay archivos ocultos</translation>
+    </message>
+    <message>
+        <source>Their names begin with a dot.</source>
+        <translation>Sus nombres empiezan por un punto.</translation>
+    </message>
+    <message>
+        <source>Show Hidden Files</source>
+        <translation>Mostrar los archivos ocultos</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Deshacer</translation>
+    </message>
+    <message>
+        <source>Undo Rename</source>
+        <translation>Deshacer el cambio de nombre</translation>
+    </message>
+    <message>
+        <source>Undo Move</source>
+        <translation>Deshacer el movimiento</translation>
+    </message>
+    <message>
+        <source>Undo New Folder</source>
+        <translation>Deshacer la nueva carpeta</translation>
+    </message>
 </context>
 <context>
     <name>tessary::CopyCommands</name>
@@ -2465,6 +2541,18 @@
     <message>
         <source>Copy a Folder to the Phone</source>
         <translation>Copiar una carpeta al teléfono</translation>
+    </message>
+    <message>
+        <source>Move to</source>
+        <translation>Mover a</translation>
+    </message>
+    <message>
+        <source>Move Here</source>
+        <translation>Mover aquí</translation>
+    </message>
+    <message>
+        <source>Copy Here</source>
+        <translation>Copiar aquí</translation>
     </message>
 </context>
 <context>
@@ -2550,6 +2638,41 @@
             <numerusform>%Ln elemento</numerusform>
             <numerusform>%Ln elementos</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FolderChooser</name>
+    <message>
+        <source>New Folder…</source>
+        <translation>Nueva carpeta…</translation>
+    </message>
+    <message>
+        <source>Storage</source>
+        <translation>Almacenamiento</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>Carpeta superior</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>Carpetas</translation>
+    </message>
+    <message>
+        <source>reading…</source>
+        <translation>leyendo…</translation>
+    </message>
+    <message>
+        <source>No folders in here.</source>
+        <translation>Aquí no hay carpetas.</translation>
+    </message>
+    <message>
+        <source>New Folder</source>
+        <translation>Nueva carpeta</translation>
+    </message>
+    <message>
+        <source>Name of the new folder:</source>
+        <translation>Nombre de la nueva carpeta:</translation>
     </message>
 </context>
 <context>

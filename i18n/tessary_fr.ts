@@ -95,6 +95,50 @@
         <source>Paste</source>
         <translation>Coller</translation>
     </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Couper</translation>
+    </message>
+    <message>
+        <source>Copy Path</source>
+        <translation>Copier le chemin</translation>
+    </message>
+    <message>
+        <source>Move to…</source>
+        <translation>Déplacer vers…</translation>
+    </message>
+    <message>
+        <source>Copy to…</source>
+        <translation>Copier vers…</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Dupliquer</translation>
+    </message>
+    <message>
+        <source>Invert Selection</source>
+        <translation>Inverser la sélection</translation>
+    </message>
+    <message>
+        <source>Larger Icons</source>
+        <translation>Icônes plus grandes</translation>
+    </message>
+    <message>
+        <source>Smaller Icons</source>
+        <translation>Icônes plus petites</translation>
+    </message>
+    <message>
+        <source>Icons of Normal Size</source>
+        <translation>Icônes de taille normale</translation>
+    </message>
+    <message>
+        <source>Hidden Files</source>
+        <translation>Fichiers cachés</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>
@@ -1051,6 +1095,10 @@
     <message>
         <source>Go</source>
         <translation>Aller</translation>
+    </message>
+    <message>
+        <source>Full Screen</source>
+        <translation>Plein écran</translation>
     </message>
 </context>
 <context>
@@ -2451,6 +2499,34 @@
         <source>Parent Folder</source>
         <translation>Dossier parent</translation>
     </message>
+    <message>
+        <source>Only hidden files in here</source>
+        <translation>Il n’y a ici que des fichiers cachés</translation>
+    </message>
+    <message>
+        <source>Their names begin with a dot.</source>
+        <translation>Leurs noms commencent par un point.</translation>
+    </message>
+    <message>
+        <source>Show Hidden Files</source>
+        <translation>Afficher les fichiers cachés</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Undo Rename</source>
+        <translation>Annuler le renommage</translation>
+    </message>
+    <message>
+        <source>Undo Move</source>
+        <translation>Annuler le déplacement</translation>
+    </message>
+    <message>
+        <source>Undo New Folder</source>
+        <translation>Annuler le nouveau dossier</translation>
+    </message>
 </context>
 <context>
     <name>tessary::CopyCommands</name>
@@ -2465,6 +2541,18 @@
     <message>
         <source>Copy a Folder to the Phone</source>
         <translation>Copier un dossier sur le téléphone</translation>
+    </message>
+    <message>
+        <source>Move to</source>
+        <translation>Déplacer vers</translation>
+    </message>
+    <message>
+        <source>Move Here</source>
+        <translation>Déplacer ici</translation>
+    </message>
+    <message>
+        <source>Copy Here</source>
+        <translation>Copier ici</translation>
     </message>
 </context>
 <context>
@@ -2550,6 +2638,41 @@
             <numerusform>%Ln élément</numerusform>
             <numerusform>%Ln éléments</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FolderChooser</name>
+    <message>
+        <source>New Folder…</source>
+        <translation>Nouveau dossier…</translation>
+    </message>
+    <message>
+        <source>Storage</source>
+        <translation>Stockage</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>Dossier parent</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>Dossiers</translation>
+    </message>
+    <message>
+        <source>reading…</source>
+        <translation>lecture…</translation>
+    </message>
+    <message>
+        <source>No folders in here.</source>
+        <translation>Il n’y a pas de dossier ici.</translation>
+    </message>
+    <message>
+        <source>New Folder</source>
+        <translation>Nouveau dossier</translation>
+    </message>
+    <message>
+        <source>Name of the new folder:</source>
+        <translation>Nom du nouveau dossier&#xa0;:</translation>
     </message>
 </context>
 <context>

@@ -95,6 +95,50 @@
         <source>Paste</source>
         <translation>Incolla</translation>
     </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annulla modifica</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Taglia</translation>
+    </message>
+    <message>
+        <source>Copy Path</source>
+        <translation>Copia il percorso</translation>
+    </message>
+    <message>
+        <source>Move to…</source>
+        <translation>Sposta in…</translation>
+    </message>
+    <message>
+        <source>Copy to…</source>
+        <translation>Copia in…</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Duplica</translation>
+    </message>
+    <message>
+        <source>Invert Selection</source>
+        <translation>Inverti la selezione</translation>
+    </message>
+    <message>
+        <source>Larger Icons</source>
+        <translation>Icone più grandi</translation>
+    </message>
+    <message>
+        <source>Smaller Icons</source>
+        <translation>Icone più piccole</translation>
+    </message>
+    <message>
+        <source>Icons of Normal Size</source>
+        <translation>Icone di dimensione normale</translation>
+    </message>
+    <message>
+        <source>Hidden Files</source>
+        <translation>File nascosti</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>
@@ -1051,6 +1095,10 @@
     <message>
         <source>Go</source>
         <translation>Vai</translation>
+    </message>
+    <message>
+        <source>Full Screen</source>
+        <translation>Schermo intero</translation>
     </message>
 </context>
 <context>
@@ -2451,6 +2499,34 @@
         <source>Parent Folder</source>
         <translation>Cartella superiore</translation>
     </message>
+    <message>
+        <source>Only hidden files in here</source>
+        <translation>Qui ci sono solo file nascosti</translation>
+    </message>
+    <message>
+        <source>Their names begin with a dot.</source>
+        <translation>I loro nomi iniziano con un punto.</translation>
+    </message>
+    <message>
+        <source>Show Hidden Files</source>
+        <translation>Mostra i file nascosti</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annulla modifica</translation>
+    </message>
+    <message>
+        <source>Undo Rename</source>
+        <translation>Annulla la ridenominazione</translation>
+    </message>
+    <message>
+        <source>Undo Move</source>
+        <translation>Annulla lo spostamento</translation>
+    </message>
+    <message>
+        <source>Undo New Folder</source>
+        <translation>Annulla la nuova cartella</translation>
+    </message>
 </context>
 <context>
     <name>tessary::CopyCommands</name>
@@ -2465,6 +2541,18 @@
     <message>
         <source>Copy a Folder to the Phone</source>
         <translation>Copia una cartella sul telefono</translation>
+    </message>
+    <message>
+        <source>Move to</source>
+        <translation>Sposta in</translation>
+    </message>
+    <message>
+        <source>Move Here</source>
+        <translation>Sposta qui</translation>
+    </message>
+    <message>
+        <source>Copy Here</source>
+        <translation>Copia qui</translation>
     </message>
 </context>
 <context>
@@ -2550,6 +2638,41 @@
             <numerusform>%Ln elemento</numerusform>
             <numerusform>%Ln elementi</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FolderChooser</name>
+    <message>
+        <source>New Folder…</source>
+        <translation>Nuova cartella…</translation>
+    </message>
+    <message>
+        <source>Storage</source>
+        <translation>Memoria</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>Cartella superiore</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>Cartelle</translation>
+    </message>
+    <message>
+        <source>reading…</source>
+        <translation>lettura…</translation>
+    </message>
+    <message>
+        <source>No folders in here.</source>
+        <translation>Qui non ci sono cartelle.</translation>
+    </message>
+    <message>
+        <source>New Folder</source>
+        <translation>Nuova cartella</translation>
+    </message>
+    <message>
+        <source>Name of the new folder:</source>
+        <translation>Nome della nuova cartella:</translation>
     </message>
 </context>
 <context>

@@ -95,6 +95,50 @@
         <source>Paste</source>
         <translation>貼り付け</translation>
     </message>
+    <message>
+        <source>Undo</source>
+        <translation>元に戻す</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>切り取り</translation>
+    </message>
+    <message>
+        <source>Copy Path</source>
+        <translation>パスをコピー</translation>
+    </message>
+    <message>
+        <source>Move to…</source>
+        <translation>移動先を選択…</translation>
+    </message>
+    <message>
+        <source>Copy to…</source>
+        <translation>コピー先を選択…</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>複製を作成</translation>
+    </message>
+    <message>
+        <source>Invert Selection</source>
+        <translation>選択を反転</translation>
+    </message>
+    <message>
+        <source>Larger Icons</source>
+        <translation>アイコンを大きく</translation>
+    </message>
+    <message>
+        <source>Smaller Icons</source>
+        <translation>アイコンを小さく</translation>
+    </message>
+    <message>
+        <source>Icons of Normal Size</source>
+        <translation>アイコンを標準サイズに</translation>
+    </message>
+    <message>
+        <source>Hidden Files</source>
+        <translation>隠しファイル</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>
@@ -1048,6 +1092,10 @@
     <message>
         <source>Go</source>
         <translation>移動</translation>
+    </message>
+    <message>
+        <source>Full Screen</source>
+        <translation>全画面表示</translation>
     </message>
 </context>
 <context>
@@ -2438,6 +2486,34 @@
         <source>Parent Folder</source>
         <translation>上のフォルダ</translation>
     </message>
+    <message>
+        <source>Only hidden files in here</source>
+        <translation>隠しファイルだけがあります</translation>
+    </message>
+    <message>
+        <source>Their names begin with a dot.</source>
+        <translation>名前がドットで始まるファイルです。</translation>
+    </message>
+    <message>
+        <source>Show Hidden Files</source>
+        <translation>隠しファイルを表示</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>元に戻す</translation>
+    </message>
+    <message>
+        <source>Undo Rename</source>
+        <translation>名前の変更を元に戻す</translation>
+    </message>
+    <message>
+        <source>Undo Move</source>
+        <translation>移動を元に戻す</translation>
+    </message>
+    <message>
+        <source>Undo New Folder</source>
+        <translation>新規フォルダの作成を元に戻す</translation>
+    </message>
 </context>
 <context>
     <name>tessary::CopyCommands</name>
@@ -2452,6 +2528,18 @@
     <message>
         <source>Copy a Folder to the Phone</source>
         <translation>フォルダをデバイスにコピー</translation>
+    </message>
+    <message>
+        <source>Move to</source>
+        <translation>移動先</translation>
+    </message>
+    <message>
+        <source>Move Here</source>
+        <translation>ここに移動</translation>
+    </message>
+    <message>
+        <source>Copy Here</source>
+        <translation>ここにコピー</translation>
     </message>
 </context>
 <context>
@@ -2535,6 +2623,41 @@
         <translation>
             <numerusform>%Ln 項目</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FolderChooser</name>
+    <message>
+        <source>New Folder…</source>
+        <translation>新規フォルダ…</translation>
+    </message>
+    <message>
+        <source>Storage</source>
+        <translation>ストレージ</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>上のフォルダ</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>フォルダ</translation>
+    </message>
+    <message>
+        <source>reading…</source>
+        <translation>読み込み中…</translation>
+    </message>
+    <message>
+        <source>No folders in here.</source>
+        <translation>ここにフォルダはありません。</translation>
+    </message>
+    <message>
+        <source>New Folder</source>
+        <translation>新規フォルダ</translation>
+    </message>
+    <message>
+        <source>Name of the new folder:</source>
+        <translation>新規フォルダの名前：</translation>
     </message>
 </context>
 <context>

@@ -95,6 +95,50 @@
         <source>Paste</source>
         <translation>붙여넣기</translation>
     </message>
+    <message>
+        <source>Undo</source>
+        <translation>실행 취소</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>잘라내기</translation>
+    </message>
+    <message>
+        <source>Copy Path</source>
+        <translation>경로 복사</translation>
+    </message>
+    <message>
+        <source>Move to…</source>
+        <translation>이동할 폴더 선택…</translation>
+    </message>
+    <message>
+        <source>Copy to…</source>
+        <translation>복사할 폴더 선택…</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>복제</translation>
+    </message>
+    <message>
+        <source>Invert Selection</source>
+        <translation>선택 반전</translation>
+    </message>
+    <message>
+        <source>Larger Icons</source>
+        <translation>아이콘 크게</translation>
+    </message>
+    <message>
+        <source>Smaller Icons</source>
+        <translation>아이콘 작게</translation>
+    </message>
+    <message>
+        <source>Icons of Normal Size</source>
+        <translation>기본 크기 아이콘</translation>
+    </message>
+    <message>
+        <source>Hidden Files</source>
+        <translation>숨김 파일</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>
@@ -1048,6 +1092,10 @@
     <message>
         <source>Go</source>
         <translation>이동</translation>
+    </message>
+    <message>
+        <source>Full Screen</source>
+        <translation>전체 화면</translation>
     </message>
 </context>
 <context>
@@ -2438,6 +2486,34 @@
         <source>Parent Folder</source>
         <translation>상위 폴더</translation>
     </message>
+    <message>
+        <source>Only hidden files in here</source>
+        <translation>숨김 파일만 있습니다</translation>
+    </message>
+    <message>
+        <source>Their names begin with a dot.</source>
+        <translation>이름이 점으로 시작하는 파일입니다.</translation>
+    </message>
+    <message>
+        <source>Show Hidden Files</source>
+        <translation>숨김 파일 표시</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>실행 취소</translation>
+    </message>
+    <message>
+        <source>Undo Rename</source>
+        <translation>이름 변경 취소</translation>
+    </message>
+    <message>
+        <source>Undo Move</source>
+        <translation>이동 취소</translation>
+    </message>
+    <message>
+        <source>Undo New Folder</source>
+        <translation>새 폴더 취소</translation>
+    </message>
 </context>
 <context>
     <name>tessary::CopyCommands</name>
@@ -2452,6 +2528,18 @@
     <message>
         <source>Copy a Folder to the Phone</source>
         <translation>휴대폰으로 폴더 복사</translation>
+    </message>
+    <message>
+        <source>Move to</source>
+        <translation>이동 위치</translation>
+    </message>
+    <message>
+        <source>Move Here</source>
+        <translation>여기로 이동</translation>
+    </message>
+    <message>
+        <source>Copy Here</source>
+        <translation>여기에 복사</translation>
     </message>
 </context>
 <context>
@@ -2535,6 +2623,41 @@
         <translation>
             <numerusform>항목 %Ln개</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FolderChooser</name>
+    <message>
+        <source>New Folder…</source>
+        <translation>새 폴더…</translation>
+    </message>
+    <message>
+        <source>Storage</source>
+        <translation>저장소</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>상위 폴더</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>폴더</translation>
+    </message>
+    <message>
+        <source>reading…</source>
+        <translation>읽는 중…</translation>
+    </message>
+    <message>
+        <source>No folders in here.</source>
+        <translation>여기에는 폴더가 없습니다.</translation>
+    </message>
+    <message>
+        <source>New Folder</source>
+        <translation>새 폴더</translation>
+    </message>
+    <message>
+        <source>Name of the new folder:</source>
+        <translation>새 폴더의 이름:</translation>
     </message>
 </context>
 <context>

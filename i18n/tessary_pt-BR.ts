@@ -95,6 +95,50 @@
         <source>Paste</source>
         <translation>Colar</translation>
     </message>
+    <message>
+        <source>Undo</source>
+        <translation>Desfazer</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Recortar</translation>
+    </message>
+    <message>
+        <source>Copy Path</source>
+        <translation>Copiar caminho</translation>
+    </message>
+    <message>
+        <source>Move to…</source>
+        <translation>Mover para…</translation>
+    </message>
+    <message>
+        <source>Copy to…</source>
+        <translation>Copiar para…</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Duplicar</translation>
+    </message>
+    <message>
+        <source>Invert Selection</source>
+        <translation>Inverter seleção</translation>
+    </message>
+    <message>
+        <source>Larger Icons</source>
+        <translation>Ícones maiores</translation>
+    </message>
+    <message>
+        <source>Smaller Icons</source>
+        <translation>Ícones menores</translation>
+    </message>
+    <message>
+        <source>Icons of Normal Size</source>
+        <translation>Ícones de tamanho normal</translation>
+    </message>
+    <message>
+        <source>Hidden Files</source>
+        <translation>Arquivos ocultos</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>
@@ -1051,6 +1095,10 @@
     <message>
         <source>Go</source>
         <translation>Ir</translation>
+    </message>
+    <message>
+        <source>Full Screen</source>
+        <translation>Tela cheia</translation>
     </message>
 </context>
 <context>
@@ -2451,6 +2499,34 @@
         <source>Parent Folder</source>
         <translation>Pasta superior</translation>
     </message>
+    <message>
+        <source>Only hidden files in here</source>
+        <translation>Aqui só há arquivos ocultos</translation>
+    </message>
+    <message>
+        <source>Their names begin with a dot.</source>
+        <translation>Seus nomes começam com um ponto.</translation>
+    </message>
+    <message>
+        <source>Show Hidden Files</source>
+        <translation>Mostrar arquivos ocultos</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Desfazer</translation>
+    </message>
+    <message>
+        <source>Undo Rename</source>
+        <translation>Desfazer renomear</translation>
+    </message>
+    <message>
+        <source>Undo Move</source>
+        <translation>Desfazer mover</translation>
+    </message>
+    <message>
+        <source>Undo New Folder</source>
+        <translation>Desfazer nova pasta</translation>
+    </message>
 </context>
 <context>
     <name>tessary::CopyCommands</name>
@@ -2465,6 +2541,18 @@
     <message>
         <source>Copy a Folder to the Phone</source>
         <translation>Copiar uma pasta para o telefone</translation>
+    </message>
+    <message>
+        <source>Move to</source>
+        <translation>Mover para</translation>
+    </message>
+    <message>
+        <source>Move Here</source>
+        <translation>Mover para cá</translation>
+    </message>
+    <message>
+        <source>Copy Here</source>
+        <translation>Copiar para cá</translation>
     </message>
 </context>
 <context>
@@ -2550,6 +2638,41 @@
             <numerusform>%Ln item</numerusform>
             <numerusform>%Ln itens</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FolderChooser</name>
+    <message>
+        <source>New Folder…</source>
+        <translation>Nova pasta…</translation>
+    </message>
+    <message>
+        <source>Storage</source>
+        <translation>Armazenamento</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>Pasta superior</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>Pastas</translation>
+    </message>
+    <message>
+        <source>reading…</source>
+        <translation>lendo…</translation>
+    </message>
+    <message>
+        <source>No folders in here.</source>
+        <translation>Não há pastas aqui.</translation>
+    </message>
+    <message>
+        <source>New Folder</source>
+        <translation>Nova pasta</translation>
+    </message>
+    <message>
+        <source>Name of the new folder:</source>
+        <translation>Nome da nova pasta:</translation>
     </message>
 </context>
 <context>

@@ -95,6 +95,50 @@
         <source>Paste</source>
         <translation>粘贴</translation>
     </message>
+    <message>
+        <source>Undo</source>
+        <translation>撤销</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>剪切</translation>
+    </message>
+    <message>
+        <source>Copy Path</source>
+        <translation>复制路径</translation>
+    </message>
+    <message>
+        <source>Move to…</source>
+        <translation>移动到…</translation>
+    </message>
+    <message>
+        <source>Copy to…</source>
+        <translation>复制到…</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>创建副本</translation>
+    </message>
+    <message>
+        <source>Invert Selection</source>
+        <translation>反选</translation>
+    </message>
+    <message>
+        <source>Larger Icons</source>
+        <translation>放大图标</translation>
+    </message>
+    <message>
+        <source>Smaller Icons</source>
+        <translation>缩小图标</translation>
+    </message>
+    <message>
+        <source>Icons of Normal Size</source>
+        <translation>标准大小图标</translation>
+    </message>
+    <message>
+        <source>Hidden Files</source>
+        <translation>隐藏文件</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>
@@ -1048,6 +1092,10 @@
     <message>
         <source>Go</source>
         <translation>前往</translation>
+    </message>
+    <message>
+        <source>Full Screen</source>
+        <translation>全屏</translation>
     </message>
 </context>
 <context>
@@ -2438,6 +2486,34 @@
         <source>Parent Folder</source>
         <translation>上层文件夹</translation>
     </message>
+    <message>
+        <source>Only hidden files in here</source>
+        <translation>这里只有隐藏文件</translation>
+    </message>
+    <message>
+        <source>Their names begin with a dot.</source>
+        <translation>它们的名称以点开头。</translation>
+    </message>
+    <message>
+        <source>Show Hidden Files</source>
+        <translation>显示隐藏文件</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>撤销</translation>
+    </message>
+    <message>
+        <source>Undo Rename</source>
+        <translation>撤销重命名</translation>
+    </message>
+    <message>
+        <source>Undo Move</source>
+        <translation>撤销移动</translation>
+    </message>
+    <message>
+        <source>Undo New Folder</source>
+        <translation>撤销新建文件夹</translation>
+    </message>
 </context>
 <context>
     <name>tessary::CopyCommands</name>
@@ -2452,6 +2528,18 @@
     <message>
         <source>Copy a Folder to the Phone</source>
         <translation>将文件夹复制到手机</translation>
+    </message>
+    <message>
+        <source>Move to</source>
+        <translation>移动到</translation>
+    </message>
+    <message>
+        <source>Move Here</source>
+        <translation>移动到此处</translation>
+    </message>
+    <message>
+        <source>Copy Here</source>
+        <translation>复制到此处</translation>
     </message>
 </context>
 <context>
@@ -2535,6 +2623,41 @@
         <translation>
             <numerusform>%Ln 项</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FolderChooser</name>
+    <message>
+        <source>New Folder…</source>
+        <translation>新建文件夹…</translation>
+    </message>
+    <message>
+        <source>Storage</source>
+        <translation>存储</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>上层文件夹</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>文件夹</translation>
+    </message>
+    <message>
+        <source>reading…</source>
+        <translation>正在读取…</translation>
+    </message>
+    <message>
+        <source>No folders in here.</source>
+        <translation>这里没有文件夹。</translation>
+    </message>
+    <message>
+        <source>New Folder</source>
+        <translation>新建文件夹</translation>
+    </message>
+    <message>
+        <source>Name of the new folder:</source>
+        <translation>新文件夹的名称：</translation>
     </message>
 </context>
 <context>

@@ -95,6 +95,50 @@
         <source>Paste</source>
         <translation>貼上</translation>
     </message>
+    <message>
+        <source>Undo</source>
+        <translation>復原</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>剪下</translation>
+    </message>
+    <message>
+        <source>Copy Path</source>
+        <translation>複製路徑</translation>
+    </message>
+    <message>
+        <source>Move to…</source>
+        <translation>移動到…</translation>
+    </message>
+    <message>
+        <source>Copy to…</source>
+        <translation>複製到…</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>建立副本</translation>
+    </message>
+    <message>
+        <source>Invert Selection</source>
+        <translation>反向選取</translation>
+    </message>
+    <message>
+        <source>Larger Icons</source>
+        <translation>放大圖示</translation>
+    </message>
+    <message>
+        <source>Smaller Icons</source>
+        <translation>縮小圖示</translation>
+    </message>
+    <message>
+        <source>Icons of Normal Size</source>
+        <translation>標準大小圖示</translation>
+    </message>
+    <message>
+        <source>Hidden Files</source>
+        <translation>隱藏檔案</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>
@@ -1048,6 +1092,10 @@
     <message>
         <source>Go</source>
         <translation>前往</translation>
+    </message>
+    <message>
+        <source>Full Screen</source>
+        <translation>全螢幕</translation>
     </message>
 </context>
 <context>
@@ -2438,6 +2486,34 @@
         <source>Parent Folder</source>
         <translation>上層資料夾</translation>
     </message>
+    <message>
+        <source>Only hidden files in here</source>
+        <translation>這裡只有隱藏檔案</translation>
+    </message>
+    <message>
+        <source>Their names begin with a dot.</source>
+        <translation>它們的名稱以點開頭。</translation>
+    </message>
+    <message>
+        <source>Show Hidden Files</source>
+        <translation>顯示隱藏檔案</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>復原</translation>
+    </message>
+    <message>
+        <source>Undo Rename</source>
+        <translation>復原重新命名</translation>
+    </message>
+    <message>
+        <source>Undo Move</source>
+        <translation>復原移動</translation>
+    </message>
+    <message>
+        <source>Undo New Folder</source>
+        <translation>復原新增資料夾</translation>
+    </message>
 </context>
 <context>
     <name>tessary::CopyCommands</name>
@@ -2452,6 +2528,18 @@
     <message>
         <source>Copy a Folder to the Phone</source>
         <translation>將資料夾複製到手機</translation>
+    </message>
+    <message>
+        <source>Move to</source>
+        <translation>移動到</translation>
+    </message>
+    <message>
+        <source>Move Here</source>
+        <translation>移動到這裡</translation>
+    </message>
+    <message>
+        <source>Copy Here</source>
+        <translation>複製到這裡</translation>
     </message>
 </context>
 <context>
@@ -2535,6 +2623,41 @@
         <translation>
             <numerusform>%Ln 個項目</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FolderChooser</name>
+    <message>
+        <source>New Folder…</source>
+        <translation>新增資料夾…</translation>
+    </message>
+    <message>
+        <source>Storage</source>
+        <translation>儲存空間</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>上層資料夾</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>資料夾</translation>
+    </message>
+    <message>
+        <source>reading…</source>
+        <translation>正在讀取…</translation>
+    </message>
+    <message>
+        <source>No folders in here.</source>
+        <translation>這裡沒有資料夾。</translation>
+    </message>
+    <message>
+        <source>New Folder</source>
+        <translation>新增資料夾</translation>
+    </message>
+    <message>
+        <source>Name of the new folder:</source>
+        <translation>新資料夾的名稱：</translation>
     </message>
 </context>
 <context>

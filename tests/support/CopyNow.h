@@ -14,8 +14,8 @@ inline void downloadNow(FileBrowserViewModel& browser, const QStringList& ids,
 
 /// Copies local files and folders to the phone: what is there is replaced.
 inline void uploadNow(FileBrowserViewModel& browser, const QStringList& localPaths,
-                      const QString& intoFolderId = {}) {
-    browser.copies().prepareUpload(localPaths, intoFolderId, [&browser](const PreparedCopy& copy) {
+                      const QString& folder = {}) {
+    browser.copies().prepareUpload(localPaths, folder, [&browser](const PreparedCopy& copy) {
         CopyAnswers answers;
         for (const PreparedCopy::Part& part : copy.parts)
             for (const CheckedItem& item : part.check.items)

@@ -64,6 +64,31 @@ TEST_F(FolderPositionsTest, backAndForwardLeadToWhatWasLeft) {
     }
 }
 
+TEST_F(FolderPositionsTest, anotherPhoneAndBackLeadsToWhatWasLeft) {
+    go(u"Many"_s);
+    go(u"More"_s);
+    scrolling().setValue(1500);
+    window_->browser().selectItem(window_->browser().rows().item(70).id());
+    QCoreApplication::processEvents();
+    const int left = scrolling().value();
+    PluggedPhone other(bus_, phoneConfig("OTHER", "1-2"));
+    other.write(u"here.txt"_s, "here");
+    QListView& devices = list("deviceList");
+    ASSERT_TRUE(wait([&] { return devices.model()->rowCount() == 2; }));
+    clickRow(devices, 1 - devices.currentIndex().row());
+    ASSERT_TRUE(wait([this] { return isShown(u"here.txt"_s); }));
+    EXPECT_FALSE(window_->browser().canGoBack()) << "a history of its own";
+
+    clickRow(devices, 1 - devices.currentIndex().row());
+    ASSERT_TRUE(wait([this] { return isShown(u"file 000.txt"_s); }));
+    EXPECT_EQ(window_->browser().currentPath(), u"/sdcard/More"_s);
+    EXPECT_TRUE(wait([&] { return scrolling().value() == left; })) << scrolling().value();
+    EXPECT_EQ(selectedNames(), QStringList(u"file 070.txt"_s));
+    window_->browser().goBack();
+    EXPECT_TRUE(wait([this] { return window_->browser().currentPath() == u"/sdcard/Many"_s; }));
+    close();
+}
+
 TEST_F(FolderPositionsTest, whatIsGoneMeanwhileIsNotSelected) {
     go(u"Many"_s);
     window_->browser().selectItem(window_->browser().rows().item(3).id());

@@ -150,5 +150,36 @@ TEST_F(RealInputTest, keysSelectRenameAndWalk) {
     EXPECT_TRUE(wait([this] { return isShown(u"readme.md"_s); }));
 }
 
+TEST_F(RealInputTest, theMousesSideButtonsWalkAndItsWheelZooms) {
+    const auto at = [this](const QStringList& what) {
+        EXPECT_TRUE(run(
+            u"xdotool"_s,
+            moveTo(table().viewport()->mapToGlobal(table().viewport()->rect().center())) + what));
+    };
+    at({u"click"_s, u"8"_s});
+    EXPECT_TRUE(wait([this] { return isShown(u"readme.md"_s); }));
+    at({u"click"_s, u"9"_s});
+    EXPECT_TRUE(wait([this] { return isShown(u"alpha.txt"_s); }));
+    const int side = table().iconSize().width();
+    at({u"keydown"_s, u"ctrl"_s, u"click"_s, u"--repeat"_s, u"3"_s, u"4"_s, u"keyup"_s, u"ctrl"_s});
+    EXPECT_TRUE(wait([&] { return table().iconSize().width() > side * 3 / 2; }));
+    EXPECT_TRUE(run(u"xdotool"_s, {u"key"_s, u"ctrl+0"_s}));
+    EXPECT_TRUE(wait([&] { return table().iconSize().width() == side; }));
+}
+
+TEST_F(RealInputTest, keysCutPasteAndTakeItBack) {
+    const auto keys = [](const QStringList& more) {
+        EXPECT_TRUE(run(u"xdotool"_s, QStringList{u"key"_s, u"--delay"_s, u"30"_s} + more));
+    };
+    click(u"alpha.txt"_s);
+    keys({u"ctrl+x"_s, u"alt+Up"_s});
+    ASSERT_TRUE(wait([this] { return isShown(u"readme.md"_s); }));
+    keys({u"ctrl+v"_s});
+    EXPECT_TRUE(wait([this] { return phone_.content(u"alpha.txt"_s) == "a"; }));
+    ASSERT_TRUE(wait([this] { return isShown(u"alpha.txt"_s); }));
+    keys({u"ctrl+z"_s});
+    EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/alpha.txt"_s) == "a"; }));
+}
+
 } // namespace
 } // namespace tessary

@@ -1,10 +1,12 @@
 #include "WindowFixture.h"
+#include "transfer/local/LocalFileSystem.h"
 #include "views/listing/DragOut.h"
 
 #include <QDropEvent>
 #include <QListView>
 #include <QMimeData>
 #include <QProcess>
+#include <QToolButton>
 
 namespace tessary {
 namespace {
@@ -14,21 +16,33 @@ using namespace Qt::StringLiterals;
 class WindowPlacesTest : public WindowFixture {
 protected:
     /// Drops data on the middle of an entry of the listing.
-    void dropOn(const QString& name, const QMimeData& data) {
+    void dropOn(const QString& name, const QMimeData& data, Qt::KeyboardModifiers keys = {}) {
         BrowserView& view = window_->browserView();
-        const QPoint spot =
-            table().viewport()->mapTo(&view, table().visualRect(row(name)).center());
-        QDragEnterEvent enter(spot, Qt::MoveAction | Qt::CopyAction, &data, Qt::LeftButton, {});
-        QApplication::sendEvent(&view, &enter);
-        QDragMoveEvent move(spot, Qt::MoveAction | Qt::CopyAction, &data, Qt::LeftButton, {});
-        QApplication::sendEvent(&view, &move);
-        QDropEvent drop(spot, Qt::MoveAction | Qt::CopyAction, &data, Qt::LeftButton, {});
+        dropAt(view, table().viewport()->mapTo(&view, table().visualRect(row(name)).center()), data,
+               keys);
+    }
+    /// What another window drags, on a place of a widget; whether it was taken.
+    static bool dropAt(QWidget& widget, const QPoint& spot, const QMimeData& data,
+                       Qt::KeyboardModifiers keys = {}) {
+        const Qt::DropActions actions = Qt::MoveAction | Qt::CopyAction;
+        QDragEnterEvent enter(spot, actions, &data, Qt::LeftButton, keys);
+        QApplication::sendEvent(&widget, &enter);
+        QDragMoveEvent move(spot, actions, &data, Qt::LeftButton, keys);
+        QApplication::sendEvent(&widget, &move);
+        QDropEvent drop(spot, actions, &data, Qt::LeftButton, keys);
         if (move.isAccepted())
-            QApplication::sendEvent(&view, &drop);
+            QApplication::sendEvent(&widget, &drop);
+        return move.isAccepted();
+    }
+    [[nodiscard]] QMimeData& localFile(const QString& name) {
+        dragged_.setUrls({QUrl::fromLocalFile(local_.write(name, "dropped"))});
+        return dragged_;
     }
     [[nodiscard]] const FileItem& entry(const QString& name) const {
         return *window_->browser().itemWithId(row(name).data(FileListModel::idRole).toString());
     }
+
+    QMimeData dragged_;
 };
 
 TEST_F(WindowPlacesTest, favoritesLeadToTheirFolderAndGoWithIt) {
@@ -53,10 +67,11 @@ TEST_F(WindowPlacesTest, favoritesLeadToTheirFolderAndGoWithIt) {
 
 TEST_F(WindowPlacesTest, onlyFoldersOfThisPhoneBecomeFavorites) {
     QAbstractItemModel& model = *list("favoriteList").model();
-    const QString identity = window_->browser().files()->identity();
-    const EntryMimeData folder(identity, {entry(u"DCIM"_s)});
-    const EntryMimeData file(identity, {entry(u"readme.md"_s)});
-    const EntryMimeData foreign(u"android:other"_s, {entry(u"DCIM"_s)});
+    const auto files = window_->browser().files();
+    const EntryMimeData folder(files, {entry(u"DCIM"_s)});
+    const EntryMimeData file(files, {entry(u"readme.md"_s)});
+    const EntryMimeData foreign(std::make_shared<LocalFileSystem>(local_.path()),
+                                {entry(u"DCIM"_s)});
     for (const EntryMimeData* refused : {&file, &foreign})
         EXPECT_FALSE(model.canDropMimeData(refused, Qt::CopyAction, 0, 0, {}));
     EXPECT_TRUE(model.dropMimeData(&folder, Qt::CopyAction, 0, 0, {}));
@@ -73,11 +88,43 @@ TEST_F(WindowPlacesTest, filesDroppedOnAFolderArriveWhateverIsShownByThen) {
     EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/Trip/drop.txt"_s) == "dropped"; }));
 }
 
+TEST_F(WindowPlacesTest, filesOfThisComputerAreTakenByThePathAndByPlaces) {
+    openFolder();
+    auto* path = window_->findChild<QWidget*>(u"breadcrumbs"_s);
+    const QToolButton* root = nullptr;
+    for (const QToolButton* part : path->findChildren<QToolButton*>())
+        if (part->isVisible() && part->property("path").toString() == window_->browser().rootPath())
+            root = part;
+    ASSERT_NE(root, nullptr);
+    EXPECT_TRUE(dropAt(*path, root->geometry().center(), localFile(u"on path.txt"_s)));
+    EXPECT_TRUE(wait([this] { return phone_.content(u"on path.txt"_s) == "dropped"; }));
+
+    QListView& volumes = list("volumeList");
+    ASSERT_TRUE(wait([&] { return volumes.model()->rowCount() > 0; }));
+    EXPECT_TRUE(dropAt(*volumes.viewport(),
+                       volumes.visualRect(volumes.model()->index(0, 0)).center(),
+                       localFile(u"on volume.txt"_s)));
+    EXPECT_TRUE(wait([this] { return phone_.content(u"on volume.txt"_s) == "dropped"; }));
+    EXPECT_EQ(window_->browser().currentPath(), u"/sdcard/DCIM"_s) << "what is shown stays";
+}
+
+TEST_F(WindowPlacesTest, aDragWithinThePhoneMovesAndWithCtrlCopies) {
+    openFolder();
+    const auto files = window_->browser().files();
+    dropOn(u"Trip"_s, EntryMimeData(files, {entry(u"alpha.txt"_s)}), Qt::ControlModifier);
+    EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/Trip/alpha.txt"_s) == "a"; }));
+    EXPECT_EQ(phone_.content(u"DCIM/alpha.txt"_s), "a");
+    ASSERT_TRUE(wait([this] { return window_->copyQueue().summary().isIdle(); }));
+    dropOn(u"Trip"_s, EntryMimeData(files, {entry(u"beta.txt"_s)}));
+    EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/Trip/beta.txt"_s) == "bb"; }));
+    EXPECT_TRUE(wait([this] { return !row(u"beta.txt"_s).isValid(); }));
+    EXPECT_EQ(phone_.names(u"DCIM"_s), (QStringList{u"Trip"_s, u"alpha.txt"_s}));
+}
+
 TEST_F(WindowPlacesTest, whatIsDraggedOutIsWholeOrNothing) {
     openFolder();
     const auto urlsOf = [this](std::vector<FileItem> items) {
-        const DragOutData data(window_->browser(), window_->browser().files()->identity(),
-                               std::move(items));
+        const DragOutData data(window_->browser(), std::move(items));
         EXPECT_TRUE(data.hasUrls());
         return data.urls();
     };

@@ -4,8 +4,9 @@
 
 namespace tessary {
 
-EntryMimeData::EntryMimeData(QString identity, std::vector<FileItem> items)
-    : identity_(std::move(identity)), items_(std::move(items)) {
+EntryMimeData::EntryMimeData(std::shared_ptr<PhoneFileSystem> files, std::vector<FileItem> items,
+                             Use use)
+    : files_(std::move(files)), items_(std::move(items)), use_(use) {
     // Its presence is what counts; drops look at the object itself.
     setData(QString(format), QByteArray("entries"));
 }

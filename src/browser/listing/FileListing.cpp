@@ -53,6 +53,8 @@ FileListing::FileListing(std::vector<FileItem> items, const QLocale& locale)
     : items_(std::move(items)), locale_(locale) {
     giveIds();
     orderNames();
+    for (int index = 0; index < size(); ++index)
+        hiddenCount_ += isHidden(index) ? 1 : 0;
 }
 
 void FileListing::giveIds() {
@@ -153,12 +155,14 @@ std::vector<qint64> FileListing::valuesOf(FileField field) const {
     return values;
 }
 
-std::vector<int> FileListing::rows(const QString& filter, const FileSortOrder& sortOrder) const {
+std::vector<int> FileListing::rows(const QString& filter, const FileSortOrder& sortOrder,
+                                   bool withHidden) const {
     const QString wanted = folded(filter.trimmed());
     std::vector<int> rows;
     rows.reserve(items_.size());
     for (const int index : byName_)
-        if (wanted.isEmpty() || foldedName(index).contains(wanted))
+        if ((withHidden || hiddenCount_ == 0 || !isHidden(index)) &&
+            (wanted.isEmpty() || foldedName(index).contains(wanted)))
             rows.push_back(index);
     std::stable_partition(rows.begin(), rows.end(), [this](int index) { return isFolder(index); });
     if (sortOrder == FileSortOrder{{FileField::name, false}})

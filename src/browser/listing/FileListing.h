@@ -37,6 +37,15 @@ public:
     [[nodiscard]] bool isFolder(int index) const {
         return isFolder_[static_cast<std::size_t>(index)];
     }
+    /// Whether its name begins with a dot. Names that no honest phone gives ("..") are shown.
+    [[nodiscard]] bool isHidden(int index) const {
+        const QString& name = item(index).name;
+        return name.startsWith(QLatin1Char('.')) && name != QLatin1StringView(".") &&
+               name != QLatin1StringView("..");
+    }
+    [[nodiscard]] int hiddenCount() const {
+        return hiddenCount_;
+    }
     /// -1 for an id that is not in the listing.
     [[nodiscard]] int indexOf(const QString& id) const {
         return indexes_.value(id, -1);
@@ -48,8 +57,9 @@ public:
     }
 
     /// The indexes of the entries whose name contains `filter` (blanks around it do not count,
-    /// nor does case), in order.
-    [[nodiscard]] std::vector<int> rows(const QString& filter, const FileSortOrder& order) const;
+    /// nor does case), in order; without those that are hidden unless `withHidden`.
+    [[nodiscard]] std::vector<int> rows(const QString& filter, const FileSortOrder& order,
+                                        bool withHidden) const;
 
 private:
     struct Key {
@@ -68,6 +78,7 @@ private:
     std::vector<bool> isFolder_; ///< whether the entry at the same index is one
     std::vector<int> byName_;    ///< indexes in order of name
     QHash<QString, int> indexes_;
+    int hiddenCount_ = 0;
     QLocale locale_;
 };
 

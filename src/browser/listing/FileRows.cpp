@@ -45,26 +45,32 @@ int FileRows::rowOf(const QString& id) const {
 
 void FileRows::reset(std::shared_ptr<const FileListing> listing) {
     MainThread::assertCurrent();
-    std::vector<int> wanted = listing->rows(filter_, sortOrder_);
+    std::vector<int> wanted = listing->rows(filter_, sortOrder_, showsHidden_);
     resetTo(std::move(listing), std::move(wanted));
 }
 
 void FileRows::update(std::shared_ptr<const FileListing> listing) {
     MainThread::assertCurrent();
-    std::vector<int> wanted = listing->rows(filter_, sortOrder_);
+    std::vector<int> wanted = listing->rows(filter_, sortOrder_, showsHidden_);
     show(std::move(listing), std::move(wanted));
 }
 
 void FileRows::setFilter(const QString& filter) {
     MainThread::assertCurrent();
     filter_ = filter;
-    show(listing_, listing_->rows(filter_, sortOrder_));
+    show(listing_, listing_->rows(filter_, sortOrder_, showsHidden_));
+}
+
+void FileRows::setShowsHidden(bool shows) {
+    MainThread::assertCurrent();
+    showsHidden_ = shows;
+    show(listing_, listing_->rows(filter_, sortOrder_, showsHidden_));
 }
 
 void FileRows::setSortOrder(const FileSortOrder& order) {
     MainThread::assertCurrent();
     sortOrder_ = order;
-    show(listing_, listing_->rows(filter_, sortOrder_));
+    show(listing_, listing_->rows(filter_, sortOrder_, showsHidden_));
 }
 
 void FileRows::resetTo(std::shared_ptr<const FileListing> listing, std::vector<int> wanted) {

@@ -49,11 +49,21 @@ public:
         return sortOrder_;
     }
 
+    [[nodiscard]] bool showsHidden() const {
+        return showsHidden_;
+    }
+    /// The rows that there would be without a filter.
+    [[nodiscard]] int unfilteredCount() const {
+        return listing_->size() - (showsHidden_ ? 0 : listing_->hiddenCount());
+    }
+
     /// Another folder: a reset.
     void reset(std::shared_ptr<const FileListing> listing);
     /// The same folder, read again.
     void update(std::shared_ptr<const FileListing> listing);
     void setFilter(const QString& filter);
+    /// Entries whose name begins with a dot; off at first.
+    void setShowsHidden(bool shows);
     void setSortOrder(const FileSortOrder& order);
 
 Q_SIGNALS:
@@ -78,6 +88,7 @@ private:
     std::vector<int> shown_; ///< indexes into listing_
     std::vector<int> rowAt_; ///< the row of each index of listing_; -1 when it is not shown
     QString filter_;
+    bool showsHidden_ = false;
     FileSortOrder sortOrder_{{FileField::name, false}};
 };
 

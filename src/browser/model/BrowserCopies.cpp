@@ -37,6 +37,24 @@ std::optional<qint64> usedBytesOf(const DeviceInfo& device, const QString& root)
                : std::nullopt;
 }
 
+TreeCopyRequest requestOf(std::shared_ptr<PhoneFileSystem> from,
+                          std::shared_ptr<PhoneFileSystem> to, const std::vector<FileItem>& items,
+                          const QString& folder) {
+    TreeCopyRequest request{.from = std::move(from), .to = std::move(to), .folder = folder};
+    for (const FileItem& item : items)
+        request.items.push_back({item, item.name});
+    return request;
+}
+
+/// What would be copied onto itself meets nobody else: its copy just gets another name.
+void forgetOwnNames(PreparedCopy::Part& part) {
+    if (part.request.from->identity() != part.request.to->identity())
+        return;
+    for (CheckedItem& item : part.check.items)
+        if (item.existing && item.existing->path == item.item.item.path)
+            item.existing.reset();
+}
+
 /// Local files and folders as sources, those of one folder together.
 PreparedCopy openSources(const QStringList& paths, const std::shared_ptr<PhoneFileSystem>& to,
                          const QString& target) {
@@ -88,32 +106,59 @@ void BrowserCopies::prepareDownload(const QStringList& ids, const QString& local
         [files = browser_.files(), items = browser_.itemsWithIds(ids), localFolder] {
             PreparedCopy copy;
             copy.targetName = lastComponent(localFolder);
-            TreeCopyRequest request{.from = files,
-                                    .to = std::make_shared<LocalFileSystem>(localFolder),
-                                    .folder = localFolder};
-            for (const FileItem& item : items)
-                request.items.push_back({item, item.name});
             if (!items.empty())
-                copy.parts.push_back({std::move(request), {}});
+                copy.parts.push_back(
+                    {requestOf(files, std::make_shared<LocalFileSystem>(localFolder), items,
+                               localFolder),
+                     {}});
             return copy;
         },
         mostBytes, std::move(whenReady));
 }
 
-void BrowserCopies::prepareUpload(const QStringList& localPaths, const QString& intoFolderId,
-                                  Prepared whenReady) {
+QString BrowserCopies::targetOf(const QString& folder) const {
+    return folder.isEmpty() ? browser_.currentPath() : browser_.files()->canonicalPath(folder);
+}
+
+void BrowserCopies::prepareUpload(const QStringList& localPaths, const QString& folder,
+                                  Prepared whenReady, Afterwards afterwards) {
     if (!browser_.files())
         return;
-    const FileItem* folder = intoFolderId.isEmpty() ? nullptr : browser_.itemWithId(intoFolderId);
-    const QString target =
-        folder ? browser_.files()->canonicalPath(folder->path) : browser_.currentPath();
     prepare(
-        [files = browser_.files(), localPaths, target] {
+        [files = browser_.files(), localPaths, target = targetOf(folder), afterwards] {
             PreparedCopy copy = openSources(localPaths, files, target);
             copy.targetName = files->displayName();
+            for (PreparedCopy::Part& part : copy.parts)
+                part.request.removesSource = afterwards == Afterwards::removeSource;
             return copy;
         },
         std::nullopt, std::move(whenReady));
+}
+
+void BrowserCopies::prepareTransfer(const std::shared_ptr<PhoneFileSystem>& from,
+                                    const std::vector<FileItem>& items, const QString& folder,
+                                    Prepared whenReady, Afterwards afterwards) {
+    if (!browser_.files() || items.empty())
+        return;
+    TreeCopyRequest request = requestOf(from, browser_.files(), items, targetOf(folder));
+    request.removesSource = afterwards == Afterwards::removeSource;
+    prepare(
+        [request, files = browser_.files()] {
+            PreparedCopy copy;
+            copy.targetName = files->displayName();
+            copy.parts.push_back({request, {}});
+            return copy;
+        },
+        std::nullopt, std::move(whenReady));
+}
+
+void BrowserCopies::moveByCopy(const std::shared_ptr<PhoneFileSystem>& files,
+                               const std::vector<FileItem>& items, const QString& folder) {
+    if (items.empty())
+        return;
+    TreeCopyRequest request = requestOf(files, files, items, folder);
+    request.removesSource = true;
+    queue_.enqueue(std::move(request));
 }
 
 /// `open` is called in the background.
@@ -128,12 +173,14 @@ void BrowserCopies::prepare(std::function<PreparedCopy()> open, std::optional<qi
         [open = std::move(open), mostBytes, onTheWay,
          counting = countingToken()](const std::stop_token& stop) {
             PreparedCopy copy = open();
-            for (PreparedCopy::Part& part : copy.parts)
+            for (PreparedCopy::Part& part : copy.parts) {
                 part.check =
                     checkCopy(part.request,
                               {.bytesOnTheWay = onTheWay.value(part.request.to->identity()),
                                .mostBytes = mostBytes},
                               counting, stop);
+                forgetOwnNames(part);
+            }
             return copy;
         },
         [whenReady = std::move(whenReady)](BackgroundResult<PreparedCopy> result) {

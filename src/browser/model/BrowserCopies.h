@@ -38,6 +38,8 @@ struct PreparedCopy {
 class BrowserCopies {
 public:
     using Prepared = std::function<void(const PreparedCopy&)>;
+    /// What becomes of what was copied: removeSource makes it a move.
+    enum class Afterwards { keepSource, removeSource };
 
     /// Both outlive it.
     BrowserCopies(FileBrowserViewModel& browser, CopyQueue& queue)
@@ -46,14 +48,25 @@ public:
     /// Finds out in the background what a copy of entries into a local folder will meet.
     /// `whenReady` is called on the main thread, unless the browser is gone by then.
     void prepareDownload(const QStringList& ids, const QString& localFolder, Prepared whenReady);
-    /// The same for local files and folders, into the folder shown or into one of its folders.
-    void prepareUpload(const QStringList& localPaths, const QString& intoFolderId,
-                       Prepared whenReady);
+    /// The same for local files and folders, into a folder of the phone; the one shown when
+    /// `folder` is empty.
+    void prepareUpload(const QStringList& localPaths, const QString& folder, Prepared whenReady,
+                       Afterwards afterwards = Afterwards::keepSource);
+    /// The same for entries of any phone, this one included. A copy beside what it was made of gets
+    /// another name, unasked.
+    void prepareTransfer(const std::shared_ptr<PhoneFileSystem>& from,
+                         const std::vector<FileItem>& items, const QString& folder,
+                         Prepared whenReady, Afterwards afterwards = Afterwards::keepSource);
     /// Queues what was prepared. Without an answer both are kept; in folders that are merged files
     /// are replaced, unless `onlyNew` leaves those that are there already.
     void start(const PreparedCopy& copy, const CopyAnswers& answers, bool onlyNew = false);
+    /// Queues a move within one phone that it cannot make by itself. A name that is taken gets a
+    /// number.
+    void moveByCopy(const std::shared_ptr<PhoneFileSystem>& files,
+                    const std::vector<FileItem>& items, const QString& folder);
 
 private:
+    [[nodiscard]] QString targetOf(const QString& folder) const;
     void prepare(std::function<PreparedCopy()> open, std::optional<qint64> mostBytes,
                  Prepared whenReady);
 

@@ -22,6 +22,10 @@ public:
     QString back();
     QString forward();
 
+    /// The folder at the position. Only when something is recorded.
+    [[nodiscard]] const QString& current() const {
+        return paths_[static_cast<std::size_t>(index_)];
+    }
     [[nodiscard]] const std::vector<QString>& paths() const {
         return paths_;
     }

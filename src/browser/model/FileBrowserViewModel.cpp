@@ -46,8 +46,11 @@ FileBrowserViewModel::FileBrowserViewModel(CopyQueue& queue, BrowserSetup setup,
       breadcrumbs_(breadcrumbsOf({QStringLiteral("/"), QStringLiteral("Root")}, currentPath_)),
       typeahead_(std::move(setup.clock)),
       copies_(*this, queue),
+      changes_(*this),
       preview_(staged_) {
-    connect(&edits_, &BrowserEdits::changed, this, &FileBrowserViewModel::editingChanged);
+    connect(&changes_, &EntryChanges::runningChanged, this, &FileBrowserViewModel::editingChanged);
+    connect(&changes_, &EntryChanges::removed, this, &FileBrowserViewModel::itemsDeleted);
+    connect(&changes_, &EntryChanges::renamed, this, &FileBrowserViewModel::itemRenamed);
     connect(&preview_, &PreviewFetch::progress, this, &FileBrowserViewModel::previewProgress);
     connect(&preview_, &PreviewFetch::ready, this, &FileBrowserViewModel::previewReady);
     connect(&preview_, &PreviewFetch::failed, this, &FileBrowserViewModel::previewFailed);
@@ -80,7 +83,7 @@ void FileBrowserViewModel::stopAll() {
     ++loadNumber_;
     stopLoad_.request_stop();
     preview_.cancel();
-    edits_.cancel();
+    changes_.cancel();
     reloadTimer_.stop();
 }
 
@@ -105,19 +108,22 @@ void FileBrowserViewModel::open(std::shared_ptr<PhoneFileSystem> files,
                                 const QString& initialPath) {
     preview_.cancel();
     reloadTimer_.stop();
+    if (files_)
+        left_.insert(files_->identity(), history_);
     std::swap(files_, files);
     endInBackground(this, std::move(files)); // saying goodbye to a phone takes its time
     activeDevice_ = device;
     appName_ = QStringLiteral("Documents");
     isConnecting_ = false;
-    history_ = {};
+    history_ = initialPath.isEmpty() ? left_.value(files_->identity()) : BrowserHistory();
     knownFolders_.clear();
     folders_.open(files_->identity(), device ? device->id() : QString());
     Q_EMIT connectionChanged();
-    const QString path = files_->canonicalPath(initialPath);
-    history_.record(path);
+    if (history_.paths().empty())
+        history_.record(
+            files_->canonicalPath(initialPath.isEmpty() ? QStringLiteral("/") : initialPath));
     Q_EMIT historyChanged();
-    show(path);
+    show(history_.current());
 }
 
 void FileBrowserViewModel::loseDevice() {
@@ -312,9 +318,7 @@ void FileBrowserViewModel::applyLoad(const BrowserLoad& load, Meanwhile meanwhil
         livingFolder_ = load.livingFolder.value_or(QString());
         if (load.livingFolder)
             rows_.reset(FileListing::make({}, QLocale()));
-        BrowserSelection selection = selection_;
-        selection.prune(rows_);
-        changeSelection(selection);
+        pruneSelection();
         setState(load.isDeviceLost   ? BrowserState::deviceLost
                  : load.livingFolder ? BrowserState::folderGone
                                      : BrowserState::failed,
@@ -330,9 +334,7 @@ void FileBrowserViewModel::applyLoad(const BrowserLoad& load, Meanwhile meanwhil
         rows_.reset(load.listing);
     else
         rows_.update(load.listing);
-    BrowserSelection selection = selection_;
-    selection.prune(rows_);
-    changeSelection(selection);
+    pruneSelection();
     setState(BrowserState::ready, false);
     if (isProblemOfLoad_)
         setProblem(std::nullopt);
@@ -397,11 +399,23 @@ void FileBrowserViewModel::setSearchText(const QString& text) {
     if (text == rows_.filter())
         return;
     rows_.setFilter(text);
-    // What cannot be seen must not be deleted with the rest.
+    pruneSelection();
+    Q_EMIT searchTextChanged();
+}
+
+void FileBrowserViewModel::setShowsHidden(bool shows) {
+    if (shows == rows_.showsHidden())
+        return;
+    rows_.setShowsHidden(shows);
+    pruneSelection();
+    Q_EMIT showsHiddenChanged();
+}
+
+/// What cannot be seen must not be deleted with the rest.
+void FileBrowserViewModel::pruneSelection() {
     BrowserSelection selection = selection_;
     selection.prune(rows_);
     changeSelection(selection);
-    Q_EMIT searchTextChanged();
 }
 
 void FileBrowserViewModel::setSortOrder(const FileSortOrder& order) {
@@ -414,6 +428,12 @@ void FileBrowserViewModel::setSortOrder(const FileSortOrder& order) {
 void FileBrowserViewModel::setViewMode(ViewMode mode) {
     if (std::exchange(viewMode_, mode) != mode)
         Q_EMIT viewModeChanged();
+}
+
+void FileBrowserViewModel::setPictureSide(int side) {
+    const int bounded = std::clamp(side, smallestPicture, largestPicture);
+    if (std::exchange(pictureSide_, bounded) != bounded)
+        Q_EMIT pictureSideChanged();
 }
 
 std::vector<FileItem> FileBrowserViewModel::selectedEntries() const {
@@ -452,6 +472,14 @@ void FileBrowserViewModel::selectAll() {
     changeSelection(selection);
 }
 
+void FileBrowserViewModel::invertSelection() {
+    QSet<QString> others;
+    for (int row = 0; row < rows_.count(); ++row)
+        if (!selection_.ids().contains(rows_.id(row)))
+            others.insert(rows_.id(row));
+    setSelection(others, selection_.current().value_or(QString()));
+}
+
 void FileBrowserViewModel::clearSelection() {
     changeSelection({});
 }
@@ -469,100 +497,31 @@ void FileBrowserViewModel::handleTypeahead(const QString& character) {
         selectItem(rows_.id(row));
 }
 
-void FileBrowserViewModel::edit(std::vector<FileItem> items, BrowserProblem::What what,
-                                EditAction action, EditDone whenDone, const QStringList& newPaths) {
-    if (!files_ || items.empty())
+void FileBrowserViewModel::refreshAfterChange(const QString& identity, const QString& path,
+                                              bool isDeviceLost) {
+    if (!files_ || files_->identity() != identity || path != currentPath_)
         return;
-    QStringList changedPaths = newPaths;
-    for (const FileItem& item : items)
-        changedPaths << item.path;
-    edits_.start(files_, std::move(items), what, std::move(action),
-                 [this, whenDone = std::move(whenDone), changedPaths, files = files_,
-                  path = currentPath_](const BrowserEditReport& report) {
-                     for (const QString& changed : changedPaths)
-                         folders_.entryChanged(files->identity(), changed);
-                     if (whenDone && !report.donePaths.isEmpty())
-                         whenDone(report.donePaths);
-                     applyEdit(report, *files, path);
-                 });
-}
-
-void FileBrowserViewModel::applyEdit(const BrowserEditReport& report,
-                                     const PhoneFileSystem& editedFiles, const QString& path) {
-    if (report.problem)
-        setProblem(report.problem);
-    if (!files_ || files_->identity() != editedFiles.identity() || path != currentPath_)
-        return;
-    if (report.isDeviceLost)
+    if (isDeviceLost)
         setState(BrowserState::deviceLost, false);
     else
         reload();
 }
 
 void FileBrowserViewModel::createFolder(const QString& wanted) {
-    const QString name = wanted.isEmpty() ? freeFolderName(items()) : wanted;
-    // The folder does not exist yet: an entry that only carries its name and place.
-    FileItem folder(name, joinPath(currentPath_, name), true, 0, std::nullopt);
-    edit(
-        {std::move(folder)}, BrowserProblem::What::create,
-        [parent = currentPath_](PhoneFileSystem& files, const FileItem& item,
-                                const std::stop_token& stop) {
-            (void)files.makeFolder(parent, item.name, stop);
-        },
-        [this, name, parent = currentPath_](const QStringList&) {
-            if (parent == currentPath_)
-                awaited_ = Awaited{name, true};
-        });
+    changes_.createFolder(wanted.isEmpty() ? freeFolderName(items()) : wanted);
 }
 
 void FileBrowserViewModel::deleteItems(const QStringList& ids) {
-    edit(
-        itemsWithIds(ids), BrowserProblem::What::remove,
-        [](PhoneFileSystem& files, const FileItem& item, const std::stop_token& stop) {
-            files.removeTree(item, stop);
-        },
-        [this](const QStringList& paths) { Q_EMIT itemsDeleted(paths); });
+    changes_.remove(itemsWithIds(ids));
 }
 
 void FileBrowserViewModel::renameItem(const QString& id, const QString& newName) {
-    using What = BrowserProblem::What;
-    const FileItem* item = itemWithId(id);
-    if (!item || newName == item->name)
-        return;
-    if (newName.isEmpty()) {
-        setProblem(BrowserProblem::of(What::rename, item->name,
-                                      Error(PhoneError::nameNotAllowed, {newName})));
-        return;
-    }
-    edit(
-        {*item}, What::rename,
-        [newName](PhoneFileSystem& files, const FileItem& entry, const std::stop_token& stop) {
-            (void)files.rename(entry, newName, TakenName::refused, stop);
-        },
-        [this, newName, folder = currentPath_](const QStringList& paths) {
-            if (folder == currentPath_)
-                awaited_ = Awaited{newName};
-            Q_EMIT itemRenamed(paths.front(), joinPath(parentPath(paths.front()), newName));
-        },
-        {joinPath(parentPath(item->path), newName)});
+    if (const FileItem* item = itemWithId(id))
+        changes_.rename(*item, newName);
 }
 
 void FileBrowserViewModel::moveItemsToPath(const QStringList& ids, const QString& path) {
-    if (!files_)
-        return;
-    const QString target = files_->canonicalPath(path);
-    if (target == currentPath_)
-        return;
-    std::vector<FileItem> items = itemsWithIds(ids);
-    QStringList newPaths;
-    for (const FileItem& item : items)
-        newPaths << joinPath(target, item.name);
-    edit(
-        std::move(items), BrowserProblem::What::move,
-        [target](PhoneFileSystem& files, const FileItem& item, const std::stop_token& stop) {
-            (void)files.move(item, target, stop);
-        },
-        {}, newPaths);
+    changes_.move(itemsWithIds(ids), path);
 }
 
 void FileBrowserViewModel::cacheFileForPreview(const QString& id) {
@@ -653,8 +612,13 @@ void FileBrowserViewModel::reloadAfter(const QUuid& finishedJob) {
         return;
     for (const QString& made : job.made)
         folders_.entryChanged(job.target, made);
-    if (!files_ || job.target != files_->identity() ||
-        files_->canonicalPath(job.targetFolder) != currentPath_)
+    const QString sourceFolder = parentPath(job.sourcePath); // it may have been a move
+    folders_.forgetFolder(job.source, sourceFolder);
+    const auto isShown = [this](const QString& identity, const QString& folder) {
+        return files_ && identity == files_->identity() &&
+               files_->canonicalPath(folder) == currentPath_;
+    };
+    if (!isShown(job.target, job.targetFolder) && !isShown(job.source, sourceFolder))
         return;
     const bool isLast = queue_.summary().isIdle();
     if (isLast || !reloadTimer_.isActive())

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "browser/actions/BrowserEdits.h"
 #include "browser/actions/BrowserLoad.h"
 #include "browser/actions/BrowserProblem.h"
 #include "browser/actions/DragFiles.h"
@@ -10,6 +9,7 @@
 #include "browser/model/BrowserCopies.h"
 #include "browser/model/BrowserHistory.h"
 #include "browser/model/BrowserSelection.h"
+#include "browser/model/EntryChanges.h"
 #include "browser/model/KnownFolders.h"
 #include "browser/model/Typeahead.h"
 #include "phone/PhoneFileSystem.h"
@@ -19,6 +19,7 @@
 #include "transfer/queue/CopyQueue.h"
 #include "transfer/staging/StagedFiles.h"
 
+#include <QHash>
 #include <QObject>
 #include <QTimer>
 #include <QUuid>
@@ -77,14 +78,15 @@ public:
     ~FileBrowserViewModel() override;
 
     // --- connection ---
-    /// Opens an Android device at `initialPath`, with a history of its own.
+    /// Opens an Android device at `initialPath`, with a new history; where that is empty, with the
+    /// history and at the folder that its files were last left at, or at the top.
     void connectAndroid(const DeviceInfo& device, const QString& initialPath);
     using QObject::connect;
-    /// Opens the documents of an iPhone app at `targetPath`, with a history of its own. `device`
-    /// has this udid.
+    /// Opens the documents of an iPhone app at `targetPath`, in the same way. `device` has this
+    /// udid.
     void connect(const QString& udid, const QString& bundleId, const QString& appName,
                  const DeviceInfo& device, const QString& targetPath);
-    /// Opens any connection. `device` is empty when none stands behind it.
+    /// Opens any connection, in the same way. `device` is empty when none stands behind it.
     void open(std::shared_ptr<PhoneFileSystem> files, const std::optional<DeviceInfo>& device,
               const QString& initialPath);
     /// The device has been unplugged.
@@ -200,10 +202,28 @@ public:
         return rows_.sortOrder();
     }
     void setSortOrder(const FileSortOrder& order);
+    /// Entries whose name begins with a dot.
+    [[nodiscard]] bool showsHidden() const {
+        return rows_.showsHidden();
+    }
+    void setShowsHidden(bool shows);
+    /// The entries of the folder that would be shown without a filter.
+    [[nodiscard]] int unfilteredCount() const {
+        return rows_.unfilteredCount();
+    }
     [[nodiscard]] ViewMode viewMode() const {
         return viewMode_;
     }
     void setViewMode(ViewMode mode);
+    /// How large the grid's pictures are, in device-independent pixels; those of the list follow.
+    [[nodiscard]] int pictureSide() const {
+        return pictureSide_;
+    }
+    /// Within smallestPicture and largestPicture.
+    void setPictureSide(int side);
+    static constexpr int smallestPicture = 48;
+    static constexpr int normalPicture = 96;
+    static constexpr int largestPicture = 256;
 
     // --- selection ---
     [[nodiscard]] const QSet<QString>& selectedItems() const {
@@ -222,6 +242,7 @@ public:
     /// Up and down in a grid: `step` is the number of columns, negative to go up.
     void moveSelection(int step, bool extend = false);
     void selectAll();
+    void invertSelection();
     void clearSelection();
     /// Takes over a selection that a view has made by itself.
     void setSelection(const QSet<QString>& ids, const QString& currentId);
@@ -230,15 +251,28 @@ public:
 
     // --- edits: each runs in the background and reloads the folder at its end ---
     [[nodiscard]] bool isEditing() const {
-        return edits_.isRunning();
+        return changes_.isRunning();
     }
     [[nodiscard]] const EditProgress& editProgress() const {
-        return edits_.progress();
+        return changes_.progress();
     }
     /// What is done stays done.
     void cancelEdits() {
-        edits_.cancel();
+        changes_.cancel();
     }
+    /// For what goes beyond the entries of the folder shown, and for taking changes back.
+    [[nodiscard]] EntryChanges& changes() {
+        return changes_;
+    }
+    [[nodiscard]] const EntryChanges& changes() const {
+        return changes_;
+    }
+    /// Selects an entry once the folder shows it.
+    void awaitEntry(const QString& name, bool isNewFolder = false) {
+        awaited_ = Awaited{name, isNewFolder};
+    }
+    /// Reads a folder of a connection again if it is shown; a lost device is said to be lost.
+    void refreshAfterChange(const QString& identity, const QString& path, bool isDeviceLost);
     /// The new folder is selected. Its name is freeFolderName() unless another is given.
     void createFolder(const QString& name = {});
     /// Deletes entries one after the other; one report for all that failed.
@@ -272,6 +306,8 @@ Q_SIGNALS:
     void searchTextChanged();
     void sortOrderChanged();
     void viewModeChanged();
+    void pictureSideChanged();
+    void showsHiddenChanged();
     void selectionChanged(); ///< also the current entry
     void editingChanged();   ///< isEditing, editProgress
     /// The new folder is there and selected; a view may start renaming it.
@@ -295,8 +331,6 @@ private:
         remembered, ///< as it was when it was last shown
         shown,      ///< the same folder
     };
-    using EditDone = std::function<void(const QStringList& donePaths)>;
-
     void stopAll();
     void show(const QString& path);
     void reloadSoon();
@@ -308,10 +342,7 @@ private:
     void changeSelection(const BrowserSelection& selection);
     void selectAwaited();
     void reloadAfter(const QUuid& finishedJob);
-    void edit(std::vector<FileItem> items, BrowserProblem::What what, EditAction action,
-              EditDone whenDone, const QStringList& newPaths = {});
-    void applyEdit(const BrowserEditReport& report, const PhoneFileSystem& editedFiles,
-                   const QString& path);
+    void pruneSelection();
     [[nodiscard]] PartialListing partReceiver(std::uint64_t number);
     [[nodiscard]] FileTreeRoot rootOf(const QString& path) const;
     CopyQueue& queue_;
@@ -328,6 +359,7 @@ private:
     int unreadable_ = 0;
     std::vector<PathComponent> breadcrumbs_;
     BrowserHistory history_;
+    QHash<QString, BrowserHistory> left_; ///< of other connections, by PhoneFileSystem::identity()
     BrowserState state_ = BrowserState::ready;
     bool isLoading_ = true;
     std::optional<BrowserProblem> problem_;
@@ -341,6 +373,7 @@ private:
     BrowserSelection selection_;
     Typeahead typeahead_;
     ViewMode viewMode_ = ViewMode::list;
+    int pictureSide_ = normalPicture;
     std::optional<Awaited> awaited_;
 
     bool isConnecting_ = false;    ///< to an app: the first load is under way
@@ -349,7 +382,7 @@ private:
     QTimer reloadTimer_;
     bool isReloadWanted_ = false; ///< once the folder that is being read was read
     BrowserCopies copies_;
-    BrowserEdits edits_;
+    EntryChanges changes_;
     PreviewFetch preview_;
 };
 

@@ -155,7 +155,7 @@ QMimeData* FileListModel::mimeData(const QModelIndexList& indexes) const {
             items.push_back(browser_.rows().item(index.row()));
     if (files == nullptr || items.empty())
         return nullptr;
-    return new EntryMimeData(files->identity(), std::move(items));
+    return new EntryMimeData(files, std::move(items));
 }
 
 Qt::DropActions FileListModel::supportedDragActions() const {

@@ -42,9 +42,9 @@ QList<QKeySequence> keys(auto... sequences) {
     return {QKeySequence(sequences)...};
 }
 
-const std::array<Row, 23>& commands() {
+const std::array<Row, 34>& commands() {
     using Actions = BrowserActions;
-    static const std::array<Row, 23> rows{{
+    static const std::array<Row, 34> rows{{
         {&Actions::back, "go-previous", QT_TRANSLATE_NOOP("BrowserActions", "Back"), keys(backKey)},
         {&Actions::forward, "go-next", QT_TRANSLATE_NOOP("BrowserActions", "Forward"),
          keys(forwardKey)},
@@ -57,10 +57,22 @@ const std::array<Row, 23>& commands() {
          keys(openKey)},
         {&Actions::newFolder, "folder-new", QT_TRANSLATE_NOOP("BrowserActions", "New Folder"),
          keys(Qt::CTRL | Qt::SHIFT | Qt::Key_N)},
+        {&Actions::undo, "edit-undo", QT_TRANSLATE_NOOP("BrowserActions", "Undo"),
+         keys(QKeySequence::Undo)},
+        {&Actions::cut, "edit-cut", QT_TRANSLATE_NOOP("BrowserActions", "Cut"),
+         keys(QKeySequence::Cut)},
         {&Actions::copy, "edit-copy", QT_TRANSLATE_NOOP("BrowserActions", "Copy"),
          keys(QKeySequence::Copy)},
         {&Actions::paste, "edit-paste", QT_TRANSLATE_NOOP("BrowserActions", "Paste"),
          keys(QKeySequence::Paste)},
+        {&Actions::copyPath, "edit-copy-path", QT_TRANSLATE_NOOP("BrowserActions", "Copy Path"),
+         keys(Qt::CTRL | Qt::SHIFT | Qt::Key_C)},
+        {&Actions::moveTo, "edit-move", QT_TRANSLATE_NOOP("BrowserActions", "Move to…"),
+         keys(Qt::CTRL | Qt::SHIFT | Qt::Key_M)},
+        {&Actions::copyTo, "edit-copy", QT_TRANSLATE_NOOP("BrowserActions", "Copy to…"),
+         keys(Qt::CTRL | Qt::SHIFT | Qt::Key_K)},
+        {&Actions::duplicate, "edit-duplicate", QT_TRANSLATE_NOOP("BrowserActions", "Duplicate"),
+         keys(Qt::CTRL | Qt::SHIFT | Qt::Key_D)},
         {&Actions::rename, "edit-rename", QT_TRANSLATE_NOOP("BrowserActions", "Rename"),
          keys(Qt::Key_F2)},
         {&Actions::remove, "edit-delete", QT_TRANSLATE_NOOP("BrowserActions", "Delete"),
@@ -74,12 +86,23 @@ const std::array<Row, 23>& commands() {
          keys(Qt::CTRL | Qt::SHIFT | Qt::Key_U)},
         {&Actions::selectAll, "edit-select-all", QT_TRANSLATE_NOOP("BrowserActions", "Select All"),
          keys(QKeySequence::SelectAll)},
+        {&Actions::invertSelection, "edit-select-invert",
+         QT_TRANSLATE_NOOP("BrowserActions", "Invert Selection"),
+         keys(Qt::CTRL | Qt::SHIFT | Qt::Key_I)},
         {&Actions::find, "edit-find", QT_TRANSLATE_NOOP("BrowserActions", "Filter"),
          keys(QKeySequence::Find)},
         {&Actions::asList, "view-list-details", QT_TRANSLATE_NOOP("BrowserActions", "As List"),
          keys(Qt::CTRL | Qt::Key_1)},
         {&Actions::asGrid, "view-list-icons", QT_TRANSLATE_NOOP("BrowserActions", "As Grid"),
          keys(Qt::CTRL | Qt::Key_2)},
+        {&Actions::zoomIn, "zoom-in", QT_TRANSLATE_NOOP("BrowserActions", "Larger Icons"),
+         keys(Qt::CTRL | Qt::Key_Plus, Qt::CTRL | Qt::Key_Equal)},
+        {&Actions::zoomOut, "zoom-out", QT_TRANSLATE_NOOP("BrowserActions", "Smaller Icons"),
+         keys(Qt::CTRL | Qt::Key_Minus)},
+        {&Actions::zoomReset, "zoom-original",
+         QT_TRANSLATE_NOOP("BrowserActions", "Icons of Normal Size"), keys(Qt::CTRL | Qt::Key_0)},
+        {&Actions::showHidden, "view-hidden", QT_TRANSLATE_NOOP("BrowserActions", "Hidden Files"),
+         keys(Qt::CTRL | Qt::Key_H)},
         {&Actions::favorite, "bookmark-new",
          QT_TRANSLATE_NOOP("BrowserActions", "Add to Favorites"), keys(Qt::CTRL | Qt::Key_B)},
         {&Actions::apps, "view-list-icons", QT_TRANSLATE_NOOP("BrowserActions", "Apps"),
@@ -118,8 +141,9 @@ BrowserActions::BrowserActions(QWidget& owner) {
         modes->addAction(mode);
     }
     asList->setChecked(true);
+    showHidden->setCheckable(true);
     // A key that also edits text belongs to the field that has the focus.
-    for (QAction* action : {remove, selectAll, rename, copy, paste})
+    for (QAction* action : {undo, cut, remove, selectAll, rename, copy, paste})
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     // Space has other uses wherever there are no files.
     quickLook->setShortcutContext(Qt::WidgetShortcut);

@@ -19,17 +19,28 @@ struct BrowserActions {
     QAction* reload;
     QAction* open;
     QAction* newFolder;
+    QAction* undo;
+    QAction* cut;
     QAction* copy;
     QAction* paste;
+    QAction* copyPath;
+    QAction* moveTo;
+    QAction* copyTo;
+    QAction* duplicate;
     QAction* rename;
     QAction* remove;
     QAction* download;
     QAction* uploadFiles;
     QAction* uploadFolder;
     QAction* selectAll;
+    QAction* invertSelection;
     QAction* find;
     QAction* asList;
     QAction* asGrid;
+    QAction* zoomIn;
+    QAction* zoomOut;
+    QAction* zoomReset;
+    QAction* showHidden;
     QAction* favorite;
     QAction* apps; ///< back to the apps of an iPhone
     QAction* sync;

@@ -55,8 +55,11 @@ BrowserView::BrowserView(FileBrowserViewModel& browser, CopyDialogs dialogs,
                {[this]() -> QAbstractItemView& { return currentListing(); },
                 [this] { return browser_.viewMode() == ViewMode::grid ? grid_->columns() : 1; }},
                std::move(openLocalFile), *this),
-      drops_(browser, [this](const QStringList& paths,
-                             const QString& intoFolderId) { copies_.upload(paths, intoFolderId); }),
+      drops_(browser, {[this](const QStringList& paths, const QString& folder) {
+                           copies_.upload(paths, folder);
+                       },
+                       [this](const EntryMimeData& entries, const QString& folder,
+                              EntryMimeData::Use use) { copies_.take(entries, folder, use); }}),
       toolbar_(new BrowserToolbar(browser, actions_)),
       stack_(new QStackedWidget),
       table_(new FileTableView(browser, model_)),
@@ -80,6 +83,7 @@ BrowserView::BrowserView(FileBrowserViewModel& browser, CopyDialogs dialogs,
     for (QAbstractItemView* view :
          {static_cast<QAbstractItemView*>(table_), static_cast<QAbstractItemView*>(grid_)}) {
         connectSelection(*view, model_, browser_);
+        view->viewport()->installEventFilter(this);
         connect(view, &QAbstractItemView::doubleClicked, &entries_, &EntryCommands::open);
     }
     new FolderPositions(
@@ -114,11 +118,23 @@ void BrowserView::connectActions() {
     on(actions_.download, [this] { copies_.downloadSelected(); });
     on(actions_.uploadFiles, [this] { copies_.chooseAndUploadFiles(); });
     on(actions_.uploadFolder, [this] { copies_.chooseAndUploadFolder(); });
+    on(actions_.undo, [this] { browser_.changes().undo(); });
+    on(actions_.cut, [this] { entries_.cut(); });
     on(actions_.copy, [this] { entries_.copy(); });
+    on(actions_.copyPath, [this] { entries_.copyPath(); });
+    on(actions_.moveTo, [this] { copies_.chooseFolderAndTake(EntryMimeData::Use::move); });
+    on(actions_.copyTo, [this] { copies_.chooseFolderAndTake(EntryMimeData::Use::copy); });
+    on(actions_.duplicate, [this] { copies_.duplicate(); });
     on(actions_.paste, [this] { copies_.paste(); });
     on(actions_.selectAll, [this] { browser_.selectAll(); });
+    on(actions_.invertSelection, [this] { browser_.invertSelection(); });
     on(actions_.asList, [this] { setGrid(false); });
     on(actions_.asGrid, [this] { setGrid(true); });
+    on(actions_.zoomIn, [this] { zoom(1); });
+    on(actions_.zoomOut, [this] { zoom(-1); });
+    on(actions_.zoomReset,
+       [this] { browser_.setPictureSide(FileBrowserViewModel::normalPicture); });
+    on(actions_.showHidden, [this] { browser_.setShowsHidden(!browser_.showsHidden()); });
     on(actions_.favorite, [this] { entries_.toggleFavorite(); });
     on(actions_.apps, [this] {
         if (showApps_)
@@ -156,6 +172,8 @@ void BrowserView::connectBrowser() {
     on(&FileBrowserViewModel::selectionChanged, &BrowserView::showStatus);
     on(&FileBrowserViewModel::historyChanged, &BrowserView::updateActions);
     on(&FileBrowserViewModel::editingChanged, &BrowserView::showStatus);
+    on(&FileBrowserViewModel::showsHiddenChanged, &BrowserView::showContent);
+    connect(&browser_.changes(), &EntryChanges::undoableChanged, this, &BrowserView::updateActions);
     connect(&model_, &QAbstractItemModel::modelReset, this, &BrowserView::showContent);
     connect(&model_, &QAbstractItemModel::rowsInserted, this, &BrowserView::showContent);
     connect(&model_, &QAbstractItemModel::rowsRemoved, this, &BrowserView::showContent);
@@ -247,10 +265,14 @@ void BrowserView::showEmpty() {
                            isInApp() ? tr("Loading directory contents…")
                                      : tr("Loading device storage…"),
                            {}, {}, {}, true);
-    else if (!wanted.isEmpty() && !browser_.items().empty())
+    else if (!wanted.isEmpty() && browser_.unfilteredCount() > 0)
         placeholder_->show(QStringLiteral("edit-find"), tr("No Matching Files"),
                            tr("Nothing here has “%1” in its name.").arg(printable(wanted)),
                            tr("Clear the Filter"), [this] { toolbar_->clearFilter(); });
+    else if (!browser_.items().empty())
+        placeholder_->show(QStringLiteral("view-hidden"), tr("Only hidden files in here"),
+                           tr("Their names begin with a dot."), tr("Show Hidden Files"),
+                           [this] { browser_.setShowsHidden(true); });
     else
         placeholder_->show(QStringLiteral("folder"), tr("This folder is empty"),
                            tr("Drop files here to copy them to the phone."));
@@ -270,7 +292,7 @@ void BrowserView::showPage(QWidget& page) {
 
 void BrowserView::showStatus() {
     const auto shown = static_cast<qsizetype>(model_.rowCount());
-    const auto inAll = static_cast<qsizetype>(browser_.items().size());
+    const qsizetype inAll = browser_.unfilteredCount();
     QString text = shown == inAll ? tr("%Ln items", nullptr, static_cast<int>(inAll))
                                   : tr("%1 of %Ln items", nullptr, static_cast<int>(inAll))
                                         .arg(QLocale().toString(shown));
@@ -320,17 +342,46 @@ void BrowserView::updateActions() {
     actions_.up->setEnabled(isUsable && browser_.canNavigateUp());
     for (QAction* action :
          {actions_.goTo, actions_.reload, actions_.newFolder, actions_.uploadFiles,
-          actions_.uploadFolder, actions_.paste, actions_.selectAll, actions_.find})
+          actions_.uploadFolder, actions_.paste, actions_.copyPath, actions_.selectAll,
+          actions_.invertSelection, actions_.find})
         action->setEnabled(isUsable);
     actions_.rename->setEnabled(isUsable && selected == 1);
-    for (QAction* action : {actions_.open, actions_.copy, actions_.remove, actions_.download,
+    for (QAction* action : {actions_.open, actions_.cut, actions_.copy, actions_.moveTo,
+                            actions_.copyTo, actions_.duplicate, actions_.remove, actions_.download,
                             actions_.quickLook, actions_.properties})
         action->setEnabled(isUsable && selected > 0);
+    actions_.showHidden->setChecked(browser_.showsHidden());
+    actions_.zoomIn->setEnabled(browser_.pictureSide() < FileBrowserViewModel::largestPicture);
+    actions_.zoomOut->setEnabled(browser_.pictureSide() > FileBrowserViewModel::smallestPicture);
+    showUndo();
     actions_.apps->setVisible(isInApp());
     const QString path = entries_.favoriteCandidate().second;
     actions_.favorite->setEnabled(isUsable && !path.isEmpty());
     actions_.favorite->setText(entries_.isFavorite(path) ? tr("Remove from Favorites")
                                                          : tr("Add to Favorites"));
+}
+
+/// The command says what it would take back.
+void BrowserView::showUndo() {
+    const auto step = browser_.changes().undoable();
+    actions_.undo->setEnabled(step.has_value() && !browser_.isEditing() &&
+                              browser_.state() != BrowserState::deviceLost);
+    if (!step)
+        actions_.undo->setText(tr("Undo"));
+    else if (step->kind == UndoStep::Kind::rename)
+        actions_.undo->setText(tr("Undo Rename"));
+    else if (step->kind == UndoStep::Kind::move)
+        actions_.undo->setText(tr("Undo Move"));
+    else
+        actions_.undo->setText(tr("Undo New Folder"));
+}
+
+/// A step larger or smaller, by a quarter.
+void BrowserView::zoom(int steps) {
+    constexpr double factor = 1.25;
+    const int side = browser_.pictureSide();
+    browser_.setPictureSide(qRound(steps > 0 ? side * factor : side / factor));
+    updateActions();
 }
 
 void BrowserView::showContextMenu(const QPoint& position) {
@@ -343,9 +394,27 @@ void BrowserView::showContextMenu(const QPoint& position) {
 }
 
 bool BrowserView::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonPress)
+        return handleMouseButton(static_cast<QMouseEvent*>(event)->button());
+    if (event->type() == QEvent::Wheel) {
+        const auto& wheel = *static_cast<QWheelEvent*>(event);
+        if (!wheel.modifiers().testFlag(Qt::ControlModifier) || wheel.angleDelta().y() == 0)
+            return false;
+        zoom(wheel.angleDelta().y() > 0 ? 1 : -1);
+        return true;
+    }
     // A key that the editor of a name leaves over is not meant for the listing.
     return event->type() == QEvent::KeyPress && QApplication::focusWidget() == watched &&
            handleKey(*static_cast<QKeyEvent*>(event));
+}
+
+/// The buttons at a mouse's side walk through the history.
+bool BrowserView::handleMouseButton(Qt::MouseButton button) {
+    if (button == Qt::BackButton)
+        browser_.goBack();
+    else if (button == Qt::ForwardButton)
+        browser_.goForward();
+    return button == Qt::BackButton || button == Qt::ForwardButton;
 }
 
 /// Keys of a listing, and of the page that stands in for one.

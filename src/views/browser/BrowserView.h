@@ -72,8 +72,11 @@ private:
     void showStatus();
     void showContextMenu(const QPoint& position);
     void setGrid(bool grid);
+    void showUndo();
+    void zoom(int steps);
     [[nodiscard]] bool isInApp() const;
     [[nodiscard]] bool handleKey(const QKeyEvent& key);
+    [[nodiscard]] bool handleMouseButton(Qt::MouseButton button);
     void hideDropTarget();
     [[nodiscard]] DropFolder folderUnder(const QPoint& position) const;
 

@@ -1,8 +1,8 @@
 #include "views/browser/CopyCommands.h"
 
-#include "browser/listing/EntryMimeData.h"
 #include "views/browser/ShownFolder.h"
 #include "views/dialogs/ClashQuestion.h"
+#include "views/dialogs/FolderChooser.h"
 
 #include <QClipboard>
 #include <QFileDialog>
@@ -12,6 +12,22 @@
 #include <QUrl>
 
 namespace tessary {
+
+namespace {
+
+BrowserCopies::Afterwards afterwards(EntryMimeData::Use use) {
+    return use == EntryMimeData::Use::move ? BrowserCopies::Afterwards::removeSource
+                                           : BrowserCopies::Afterwards::keepSource;
+}
+
+/// Whether another file manager means its files to be moved: by the word that GNOME's puts before
+/// their addresses, or by KDE's mark.
+bool wasCut(const QMimeData& data) {
+    return data.data(QStringLiteral("x-special/gnome-copied-files")).startsWith("cut") ||
+           data.data(QStringLiteral("application/x-kde-cutselection")).startsWith('1');
+}
+
+} // namespace
 
 CopyDialogs systemCopyDialogs() {
     return {[](QWidget* parent) {
@@ -59,24 +75,63 @@ void CopyCommands::chooseAndUploadFolder() {
 }
 
 void CopyCommands::paste() {
-    const QMimeData* copied = QGuiApplication::clipboard()->mimeData();
-    const auto* entries = qobject_cast<const EntryMimeData*>(copied);
-    const bool isOwn = entries != nullptr && browser_.files() != nullptr &&
-                       entries->identity() == browser_.files()->identity();
-    if (copied == nullptr || isOwn)
+    QClipboard& clipboard = *QGuiApplication::clipboard();
+    const QMimeData* copied = clipboard.mimeData();
+    if (copied == nullptr || !browser_.files())
         return;
-    const ShownFolder asked(browser_);
-    QStringList paths;
-    for (const QUrl& url : copied->urls())
-        if (url.isLocalFile())
-            paths.append(url.toLocalFile());
-    if (!paths.isEmpty() && asked.isStillShown())
-        upload(paths);
+    EntryMimeData::Use use = EntryMimeData::Use::copy;
+    if (const auto* entries = qobject_cast<const EntryMimeData*>(copied)) {
+        use = entries->use();
+        take(*entries, {}, use);
+    } else {
+        use = wasCut(*copied) ? EntryMimeData::Use::move : EntryMimeData::Use::copy;
+        const ShownFolder asked(browser_);
+        QStringList paths;
+        for (const QUrl& url : copied->urls()) // their program may have to be waited for
+            if (url.isLocalFile())
+                paths.append(url.toLocalFile());
+        if (paths.isEmpty() || !asked.isStillShown())
+            return;
+        upload(paths, {}, use);
+    }
+    if (use == EntryMimeData::Use::move)
+        clipboard.clear(); // they are not there any more
 }
 
-void CopyCommands::upload(const QStringList& paths, const QString& intoFolderId) {
+void CopyCommands::upload(const QStringList& paths, const QString& folder, EntryMimeData::Use use) {
     if (!paths.isEmpty())
-        browser_.copies().prepareUpload(paths, intoFolderId, askAndCopy());
+        browser_.copies().prepareUpload(paths, folder, askAndCopy(), afterwards(use));
+}
+
+void CopyCommands::take(const EntryMimeData& entries, const QString& folder,
+                        EntryMimeData::Use use) {
+    if (!browser_.files())
+        return;
+    if (use == EntryMimeData::Use::move && entries.identity() == browser_.files()->identity())
+        browser_.changes().move(entries.items(),
+                                folder.isEmpty() ? browser_.currentPath() : folder);
+    else
+        browser_.copies().prepareTransfer(entries.files(), entries.items(), folder, askAndCopy(),
+                                          afterwards(use));
+}
+
+void CopyCommands::chooseFolderAndTake(EntryMimeData::Use use) {
+    std::vector<FileItem> items = browser_.selectedEntries();
+    if (items.empty() || !browser_.files())
+        return;
+    const bool isMove = use == EntryMimeData::Use::move;
+    const ShownFolder asked(browser_);
+    FolderChooser chooser(browser_, isMove ? tr("Move to") : tr("Copy to"),
+                          isMove ? tr("Move Here") : tr("Copy Here"), &parent_);
+    const EntryMimeData entries(browser_.files(), std::move(items));
+    if (chooser.exec() == QDialog::Accepted && asked.isStillShown())
+        take(entries, chooser.folder(), use);
+}
+
+void CopyCommands::duplicate() {
+    if (browser_.files())
+        browser_.copies().prepareTransfer(browser_.files(), browser_.selectedEntries(), {},
+                                          askAndCopy());
 }
 
 /// Starts a copy once the user has answered what there is to ask about it.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "browser/listing/EntryMimeData.h"
 #include "browser/model/FileBrowserViewModel.h"
 
 #include <QObject>
@@ -30,12 +31,19 @@ public:
     void downloadSelected();
     void chooseAndUploadFiles();
     void chooseAndUploadFolder();
-    /// Copies the files on the clipboard into the folder shown: those of this computer, and those
-    /// of another phone. What is on this phone itself is left alone: it cannot be read while it is
-    /// written to.
+    /// Copies what is on the clipboard into the folder shown, or moves it there when it was cut:
+    /// entries of any phone, and files of this computer.
     void paste();
-    /// Into the folder shown, or into one of its folders.
-    void upload(const QStringList& paths, const QString& intoFolderId = {});
+    /// Into a folder of the phone; the one shown when it is empty.
+    void upload(const QStringList& paths, const QString& folder = {},
+                EntryMimeData::Use use = EntryMimeData::Use::copy);
+    /// A phone's entries into a folder of the one shown. A move within it is made by the phone
+    /// itself.
+    void take(const EntryMimeData& entries, const QString& folder, EntryMimeData::Use use);
+    /// Asks for a folder of this phone, and copies or moves the selected entries there.
+    void chooseFolderAndTake(EntryMimeData::Use use);
+    /// Copies of the selected entries, beside them.
+    void duplicate();
 
 private:
     [[nodiscard]] BrowserCopies::Prepared askAndCopy();

@@ -80,11 +80,33 @@ void EntryCommands::open() {
     });
 }
 
-void EntryCommands::copy() {
+EntryCommands::~EntryCommands() {
+    QClipboard* clipboard = QGuiApplication::clipboard();
+    if (qobject_cast<const EntryMimeData*>(clipboard->mimeData()) != nullptr)
+        clipboard->clear();
+}
+
+void EntryCommands::putOnClipboard(EntryMimeData::Use use) {
     std::vector<FileItem> items = browser_.selectedEntries();
     if (!items.empty() && browser_.files())
-        QGuiApplication::clipboard()->setMimeData(
-            new DragOutData(browser_, browser_.files()->identity(), std::move(items)));
+        QGuiApplication::clipboard()->setMimeData(new DragOutData(browser_, std::move(items), use));
+}
+
+void EntryCommands::copy() {
+    putOnClipboard(EntryMimeData::Use::copy);
+}
+
+void EntryCommands::cut() {
+    putOnClipboard(EntryMimeData::Use::move);
+}
+
+void EntryCommands::copyPath() const {
+    QStringList paths;
+    for (const FileItem& item : browser_.selectedEntries())
+        paths.append(browser_.files()->canonicalPath(item.path));
+    if (paths.isEmpty())
+        paths.append(browser_.currentPath());
+    QGuiApplication::clipboard()->setText(paths.join(QLatin1Char('\n')));
 }
 
 void EntryCommands::preview() {
@@ -141,6 +163,9 @@ void EntryCommands::addTo(QMenu& menu, const BrowserActions& actions) const {
              {actions.newFolder, actions.paste, actions.uploadFiles, actions.uploadFolder})
             menu.addAction(action);
         menu.addSeparator();
+        menu.addAction(actions.undo);
+        menu.addAction(actions.showHidden);
+        menu.addSeparator();
         menu.addAction(actions.favorite);
         menu.addAction(actions.reload);
         return;
@@ -148,12 +173,18 @@ void EntryCommands::addTo(QMenu& menu, const BrowserActions& actions) const {
     const bool isOneFolder = selected.size() == 1 && selected.front().isDirectory;
     menu.addAction(actions.open);
     menu.addAction(actions.quickLook);
-    menu.addAction(actions.copy);
     menu.addAction(actions.download);
+    menu.addSeparator();
+    for (QAction* action : {actions.cut, actions.copy, actions.paste, actions.copyPath})
+        menu.addAction(action);
+    menu.addSeparator();
+    menu.addAction(actions.moveTo);
+    menu.addAction(actions.copyTo);
     if (isOneFolder)
         menu.addAction(actions.favorite);
     menu.addSeparator();
     menu.addAction(actions.rename);
+    menu.addAction(actions.duplicate);
     menu.addAction(actions.remove);
     menu.addSeparator();
     menu.addAction(actions.properties);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "browser/listing/EntryMimeData.h"
 #include "browser/model/FileBrowserViewModel.h"
 
 #include <QObject>
@@ -42,6 +43,9 @@ public:
     EntryCommands(FileBrowserViewModel& browser, Views views, OpenLocalFile openLocalFile,
                   QWidget& parent);
 
+    /// Takes what it put on the clipboard off again: nobody could paste it any more.
+    ~EntryCommands() override;
+
     void setFavorites(FavoriteCommands favorites);
     [[nodiscard]] bool isFavorite(const QString& path) const;
     void toggleFavorite();
@@ -54,8 +58,11 @@ public:
     /// Enters a folder. A file opens with the program that the desktop has for it, once it is here.
     void open();
     void preview();
-    /// Puts the selected entries on the clipboard: other programs, and other phones, get copies.
+    /// Puts the selected entries on the clipboard. Other programs get copies, also of what was cut.
     void copy();
+    void cut();
+    /// Puts the paths of the selected entries, or of the folder, on the clipboard as text.
+    void copyPath() const;
     void rename();
     void remove();
     void showProperties();
@@ -64,6 +71,8 @@ public:
     void addTo(QMenu& menu, const BrowserActions& actions) const;
 
 private:
+    void putOnClipboard(EntryMimeData::Use use);
+
     FileBrowserViewModel& browser_;
     const Views views_;
     const OpenLocalFile openLocalFile_;

@@ -1,7 +1,5 @@
 #include "views/common/EntryDrop.h"
 
-#include "browser/listing/EntryMimeData.h"
-
 #include <QDropEvent>
 #include <QMimeData>
 #include <QUrl>
@@ -12,37 +10,39 @@ namespace tessary {
 
 namespace {
 
-/// Entries that the window itself drags, from this connection.
-const EntryMimeData* ownEntries(const FileBrowserViewModel& browser, const QDropEvent& event) {
-    const auto* entries = qobject_cast<const EntryMimeData*>(event.mimeData());
-    return entries != nullptr && browser.files() != nullptr &&
-                   entries->identity() == browser.files()->identity()
-               ? entries
-               : nullptr;
+const EntryMimeData* entriesOf(const QDropEvent& event) {
+    return qobject_cast<const EntryMimeData*>(event.mimeData());
+}
+
+bool isMove(const QDropEvent& event) {
+    return !event.modifiers().testFlag(Qt::ControlModifier);
 }
 
 } // namespace
 
+bool EntryDrop::isOwn(const EntryMimeData& entries) const {
+    return browser_.files() != nullptr && entries.identity() == browser_.files()->identity();
+}
+
 bool EntryDrop::isUsable(const QDropEvent& event) const {
     return browser_.files() != nullptr && browser_.state() == BrowserState::ready &&
-           (ownEntries(browser_, event) != nullptr || event.mimeData()->hasUrls());
+           (entriesOf(event) != nullptr || event.mimeData()->hasUrls());
 }
 
 bool EntryDrop::consider(QDropEvent& event, const DropFolder& folder) const {
     bool isAccepted = isUsable(event) && !folder.path.isEmpty();
-    if (const EntryMimeData* entries = ownEntries(browser_, event); isAccepted && entries) {
+    const EntryMimeData* entries = entriesOf(event);
+    if (isAccepted && entries != nullptr && isOwn(*entries)) {
         // Not where they are, not onto themselves, not into what they hold.
         const QString target = browser_.files()->canonicalPath(folder.path);
         const auto holdsTarget = [&](const FileItem& item) {
             const QString path = browser_.files()->canonicalPath(item.path);
             return path == target || target.startsWith(path + QLatin1Char('/'));
         };
-        isAccepted = target != browser_.currentPath() &&
+        isAccepted = (!isMove(event) || target != browser_.currentPath()) &&
                      std::none_of(entries->items().begin(), entries->items().end(), holdsTarget);
-        event.setDropAction(Qt::MoveAction);
+        event.setDropAction(isMove(event) ? Qt::MoveAction : Qt::CopyAction);
     } else if (isAccepted) {
-        // What else there is of the phone is copied to while it is shown.
-        isAccepted = !folder.id.isEmpty() || folder.path == browser_.currentPath();
         event.setDropAction(Qt::CopyAction);
     }
     event.setAccepted(isAccepted);
@@ -52,18 +52,17 @@ bool EntryDrop::consider(QDropEvent& event, const DropFolder& folder) const {
 void EntryDrop::drop(QDropEvent& event, const DropFolder& folder) const {
     if (!consider(event, folder))
         return;
-    if (const EntryMimeData* entries = ownEntries(browser_, event)) {
-        QStringList ids;
-        for (const FileItem& item : entries->items())
-            ids.append(item.id());
-        browser_.moveItemsToPath(ids, folder.path);
+    if (const EntryMimeData* entries = entriesOf(event)) {
+        callbacks_.take(*entries, folder.path,
+                        isOwn(*entries) && isMove(event) ? EntryMimeData::Use::move
+                                                         : EntryMimeData::Use::copy);
         return;
     }
     QStringList paths;
     for (const QUrl& url : event.mimeData()->urls())
         if (url.isLocalFile())
             paths.append(url.toLocalFile());
-    upload_(paths, folder.id);
+    callbacks_.upload(paths, folder.path);
 }
 
 } // namespace tessary

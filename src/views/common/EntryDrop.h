@@ -1,8 +1,7 @@
 #pragma once
 
+#include "browser/listing/EntryMimeData.h"
 #include "browser/model/FileBrowserViewModel.h"
-
-#include <QObject>
 
 #include <functional>
 
@@ -18,14 +17,22 @@ struct DropFolder {
 };
 
 /// What becomes of files that are dropped on a folder of the phone that is browsed: its own entries
-/// move there, files of this computer are copied there. On the main thread.
+/// move there, and with Ctrl are copied; those of another phone and files of this computer are
+/// copied. On the main thread.
 class EntryDrop {
 public:
-    using Upload = std::function<void(const QStringList& paths, const QString& intoFolderId)>;
+    struct Callbacks {
+        /// Copies files of this computer into a folder.
+        std::function<void(const QStringList& paths, const QString& folder)> upload;
+        /// Copies or moves a phone's entries into a folder.
+        std::function<void(const EntryMimeData& entries, const QString& folder,
+                           EntryMimeData::Use use)>
+            take;
+    };
 
     /// `browser` must outlive it.
-    EntryDrop(FileBrowserViewModel& browser, Upload upload)
-        : browser_(browser), upload_(std::move(upload)) {}
+    EntryDrop(FileBrowserViewModel& browser, Callbacks callbacks)
+        : browser_(browser), callbacks_(std::move(callbacks)) {}
 
     /// Whether anything that is dragged could be dropped somewhere here.
     [[nodiscard]] bool isUsable(const QDropEvent& event) const;
@@ -35,8 +42,10 @@ public:
     void drop(QDropEvent& event, const DropFolder& folder) const;
 
 private:
+    [[nodiscard]] bool isOwn(const EntryMimeData& entries) const;
+
     FileBrowserViewModel& browser_;
-    const Upload upload_;
+    const Callbacks callbacks_;
 };
 
 } // namespace tessary

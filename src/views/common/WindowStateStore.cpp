@@ -77,6 +77,9 @@ void WindowStateStore::restoreWindow() {
     const QSize size(kept.value(View("width")).toInt(), kept.value(View("height")).toInt());
     if (!size.isEmpty())
         window.resize(size.boundedTo(room).expandedTo(window.minimumSize()));
+    parts_.browser.setShowsHidden(kept.value(View("hidden")).toBool());
+    if (const int side = kept.value(View("pictures")).toInt(); side > 0)
+        parts_.browser.setPictureSide(side);
     if (kept.value(View("maximized")).toBool())
         window.setWindowState(window.windowState() | Qt::WindowMaximized);
     if (const int sidebar = kept.value(View("sidebar")).toInt(); sidebar > 0) {
@@ -103,6 +106,8 @@ void WindowStateStore::keepWindow() {
     defaults_.setValue(windowKey, QJsonObject{{View("width"), size.width()},
                                               {View("height"), size.height()},
                                               {View("maximized"), isMaximized},
+                                              {View("hidden"), parts_.browser.showsHidden()},
+                                              {View("pictures"), parts_.browser.pictureSide()},
                                               {View("sidebar"), parts_.split.sizes().value(0)},
                                               {View("columns"), columns}});
 }

@@ -21,9 +21,8 @@ QStringList idsOf(const std::vector<FileItem>& items) {
 
 } // namespace
 
-DragOutData::DragOutData(FileBrowserViewModel& browser, QString identity,
-                         std::vector<FileItem> items)
-    : EntryMimeData(std::move(identity), std::move(items)) {
+DragOutData::DragOutData(FileBrowserViewModel& browser, std::vector<FileItem> items, Use use)
+    : EntryMimeData(browser.files(), std::move(items), use) {
     stop_ =
         browser.prepareDragURLs(idsOf(this->items()), [copies = copies_](const DragFiles& files) {
             copies->areMade = true;

@@ -18,7 +18,8 @@ public:
     /// How long a drop waits for copies that are not there yet.
     static constexpr std::chrono::seconds patience{8};
 
-    DragOutData(FileBrowserViewModel& browser, QString identity, std::vector<FileItem> items);
+    /// Of entries that `browser` shows.
+    DragOutData(FileBrowserViewModel& browser, std::vector<FileItem> items, Use use = Use::copy);
     ~DragOutData() override;
 
     [[nodiscard]] bool hasFormat(const QString& mimeType) const override;

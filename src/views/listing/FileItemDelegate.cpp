@@ -11,6 +11,8 @@
 #include <QLocale>
 #include <QTimer>
 
+#include <algorithm>
+
 namespace tessary {
 
 QString FileItemDelegate::displayText(const QVariant& value, const QLocale& locale) const {
@@ -20,7 +22,9 @@ QString FileItemDelegate::displayText(const QVariant& value, const QLocale& loca
 QSize FileItemDelegate::sizeHint(const QStyleOptionViewItem& option,
                                  const QModelIndex& index) const {
     constexpr int lowestRow = 32;
-    return QStyledItemDelegate::sizeHint(option, index).expandedTo({0, lowestRow});
+    constexpr int aroundPicture = 8;
+    return QStyledItemDelegate::sizeHint(option, index)
+        .expandedTo({0, std::max(lowestRow, option.decorationSize.height() + aroundPicture)});
 }
 
 void FileItemDelegate::initStyleOption(QStyleOptionViewItem* option,

@@ -64,7 +64,7 @@ void dragSelected(QAbstractItemView& view, FileBrowserViewModel& browser) {
                          Qt::AlignVCenter | Qt::AlignLeft, label);
     }
     auto* drag = new QDrag(&view);
-    drag->setMimeData(new DragOutData(browser, browser.files()->identity(), std::move(items)));
+    drag->setMimeData(new DragOutData(browser, std::move(items)));
     drag->setPixmap(picture);
     drag->setHotSpot({margin, margin});
     drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::CopyAction);
@@ -136,7 +136,8 @@ FileTableView::FileTableView(FileBrowserViewModel& browser, FileListModel& model
     setAlternatingRowColors(true);
     setAllColumnsShowFocus(true);
     setSortingEnabled(true);
-    setIconSize({24, 24});
+    fitPictures();
+    connect(&browser, &FileBrowserViewModel::pictureSideChanged, this, &FileTableView::fitPictures);
     sortByColumn(FileListModel::nameColumn, Qt::AscendingOrder);
     connect(&browser, &FileBrowserViewModel::sortOrderChanged, this, [this] {
         if (browser_.sortOrder().empty())
@@ -197,6 +198,14 @@ void FileTableView::mousePressEvent(QMouseEvent* event) {
     QTreeView::mousePressEvent(event);
 }
 
+void FileTableView::fitPictures() {
+    constexpr int share = 4; // of what the grid shows
+    constexpr int smallest = 16;
+    const int side = std::max(browser_.pictureSide() / share, smallest);
+    setIconSize({side, side});
+    scheduleDelayedItemsLayout();
+}
+
 void FileTableView::startDrag(Qt::DropActions) {
     dragSelected(*this, browser_);
 }
@@ -212,14 +221,23 @@ FileGridView::FileGridView(FileBrowserViewModel& browser, FileListModel& model, 
     setLayoutMode(QListView::Batched);
     setBatchSize(500);
     setUniformItemSizes(true);
-    setIconSize({96, 96});
-    const int lines = GridItemDelegate::mostLines * fontMetrics().lineSpacing();
-    setGridSize({140, 96 + lines + 24});
+    fitPictures();
+    connect(&browser, &FileBrowserViewModel::pictureSideChanged, this, &FileGridView::fitPictures);
     setViewportMargins(8, 10, 8, 0);
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Base);
     setSpacing(4);
     showThumbnails(*this, model, browser);
+}
+
+void FileGridView::fitPictures() {
+    constexpr int besides = 44; // pixels for names that are wider
+    constexpr int narrowest = 112;
+    constexpr int above = 24;
+    const int side = browser_.pictureSide();
+    const int lines = GridItemDelegate::mostLines * fontMetrics().lineSpacing();
+    setIconSize({side, side});
+    setGridSize({std::max(side + besides, narrowest), side + lines + above});
 }
 
 int FileGridView::columns() const {

@@ -25,6 +25,7 @@ protected:
 private:
     void columnResized(int column, int oldSize, int newSize);
     void fitNames();
+    void fitPictures();
 
     FileBrowserViewModel& browser_;
     bool isFittingColumns_ = false;
@@ -44,6 +45,8 @@ protected:
     void startDrag(Qt::DropActions supportedActions) override;
 
 private:
+    void fitPictures();
+
     FileBrowserViewModel& browser_;
 };
 

@@ -8,7 +8,8 @@ namespace tessary {
 FolderPositions::FolderPositions(FileBrowserViewModel& browser,
                                  std::function<QAbstractItemView&()> listing, QObject* parent)
     : QObject(parent), browser_(browser), listing_(std::move(listing)) {
-    connect(&browser, &FileBrowserViewModel::connectionChanged, this, &FolderPositions::startOver);
+    connect(&browser, &FileBrowserViewModel::connectionChanged, this,
+            &FolderPositions::connectionChanged);
     connect(&browser, &FileBrowserViewModel::historyChanged, this,
             &FolderPositions::historyChanged);
     connect(&browser, &FileBrowserViewModel::pathChanged, this, &FolderPositions::folderChanged);
@@ -18,11 +19,22 @@ FolderPositions::FolderPositions(FileBrowserViewModel& browser,
     });
 }
 
-void FolderPositions::startOver() {
-    paths_.clear();
-    positions_.clear();
+/// Comes before the folder changes.
+void FolderPositions::connectionChanged() {
+    const QString identity = browser_.files() ? browser_.files()->identity() : QString();
+    if (identity == identity_)
+        return; // only more is known of it
+    leave();
+    left_.insert(identity_, std::move(visits_));
+    visits_ = left_.take(identity);
+    identity_ = identity;
     index_ = -1;
     awaited_.reset();
+}
+
+void FolderPositions::leave() {
+    if (index_ >= 0 && index_ < static_cast<int>(visits_.positions.size()))
+        visits_.positions[static_cast<std::size_t>(index_)] = now();
 }
 
 FolderPositions::Position FolderPositions::now() const {
@@ -33,17 +45,17 @@ FolderPositions::Position FolderPositions::now() const {
 /// Comes before the folder changes: what is shown is still the one that is left.
 void FolderPositions::historyChanged() {
     const BrowserHistory& history = browser_.history();
-    const bool isWalk = history.paths() == paths_;
-    if (index_ >= 0 && index_ < static_cast<int>(positions_.size()))
-        positions_[static_cast<std::size_t>(index_)] = now();
-    paths_ = history.paths();
+    const bool isWalk = history.paths() == visits_.paths;
+    const int before = index_;
+    leave();
+    visits_.paths = history.paths();
     index_ = history.index();
-    if (!isWalk && index_ >= 0)
-        positions_.resize(static_cast<std::size_t>(index_));
-    positions_.resize(paths_.size());
+    if (!isWalk)
+        visits_.positions.resize(before < 0 ? 0 : static_cast<std::size_t>(index_));
+    visits_.positions.resize(visits_.paths.size());
     awaited_.reset();
-    if (isWalk && index_ >= 0)
-        awaited_ = positions_[static_cast<std::size_t>(index_)];
+    if (isWalk)
+        awaited_ = visits_.positions[static_cast<std::size_t>(index_)];
 }
 
 void FolderPositions::folderChanged() {

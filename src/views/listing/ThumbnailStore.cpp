@@ -10,6 +10,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <utility>
 
 namespace tessary {
 
@@ -70,6 +71,13 @@ void ThumbnailStore::startOver() {
     }
     requested_.clear();
     keys_.clear();
+}
+
+void ThumbnailStore::setSide(int side) {
+    if (std::exchange(side_, side) == side)
+        return;
+    startOver();
+    pixmaps_.clear();
 }
 
 bool ThumbnailStore::mayAskPhone() const {
@@ -222,6 +230,8 @@ void showThumbnails(QAbstractItemView& view, FileListModel& model, FileBrowserVi
     });
     QObject::connect(store, &ThumbnailStore::thumbnailReady, &view,
                      [&view, &model](const QString& id) { view.update(model.indexOf(id)); });
+    QObject::connect(&view, &QAbstractItemView::iconSizeChanged, store,
+                     [store](const QSize& size) { store->setSide(size.width()); });
 }
 
 } // namespace tessary

@@ -44,6 +44,9 @@ public:
     /// there is none; thumbnailReady tells when it is made.
     [[nodiscard]] QPixmap find(const QString& id, qreal scale);
 
+    /// What is shown is made anew in another size.
+    void setSide(int side);
+
     /// Nothing waits and nothing is being made.
     [[nodiscard]] bool isIdle() const {
         return !loads_.isBusy && !makes_.isBusy && loads_.requests.empty() &&
@@ -80,7 +83,7 @@ private:
     void take(const Request& request, const QImage& image);
 
     FileBrowserViewModel& browser_;
-    const int side_;
+    int side_;
     const PictureDecoder decoder_;
     ThumbnailCache& disk_;
     StagedFiles& copies_;

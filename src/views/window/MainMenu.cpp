@@ -43,13 +43,17 @@ void makeMainMenus(QMenuBar& bar, const BrowserActions& actions,
     QObject::connect(settings, &QAction::triggered, &bar, callbacks.showSettings);
     auto* wireless = new QAction(icon("network-wireless"), QString(), &bar);
     QObject::connect(wireless, &QAction::triggered, &bar, callbacks.showWireless);
+    auto* fullScreen = new QAction(icon("view-fullscreen"), QString(), &bar);
+    fullScreen->setShortcut(QKeySequence(Qt::Key_F11));
+    QObject::connect(fullScreen, &QAction::triggered, &bar, callbacks.toggleFullScreen);
     auto* quit = new QAction(icon("application-exit"), QString(), &bar);
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     quit->setMenuRole(QAction::QuitRole);
     QObject::connect(quit, &QAction::triggered, &bar, callbacks.quit);
-    keepTranslated(settings, [settings, wireless, quit] {
+    keepTranslated(settings, [settings, wireless, fullScreen, quit] {
         settings->setText(MainMenu::tr("Settings"));
         wireless->setText(MainMenu::tr("Wireless Devices…"));
+        fullScreen->setText(MainMenu::tr("Full Screen"));
         quit->setText(MainMenu::tr("Quit Tessary"));
     });
 
@@ -57,8 +61,12 @@ void makeMainMenus(QMenuBar& bar, const BrowserActions& actions,
             {a.newFolder, a.open, a.download, a.uploadFiles, a.uploadFolder, a.sync, nullptr,
              a.quickLook, a.properties, nullptr, settings, nullptr, quit});
     addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "Edit"),
-            {a.copy, a.paste, nullptr, a.rename, a.remove, nullptr, a.selectAll, a.find});
-    addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "View"), {a.asList, a.asGrid, nullptr, a.reload});
+            {a.undo, nullptr, a.cut, a.copy, a.paste, a.copyPath, nullptr, a.moveTo, a.copyTo,
+             a.duplicate, nullptr, a.rename, a.remove, nullptr, a.selectAll, a.invertSelection,
+             a.find});
+    addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "View"),
+            {a.asList, a.asGrid, nullptr, a.zoomIn, a.zoomOut, a.zoomReset, nullptr, a.showHidden,
+             fullScreen, nullptr, a.reload});
     addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "Go"),
             {a.back, a.forward, a.up, a.goTo, a.apps, nullptr, a.favorite, nullptr, wireless});
     new MenuMnemonics(bar);

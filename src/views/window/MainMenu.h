@@ -12,6 +12,7 @@ namespace tessary {
 struct MainMenuCallbacks {
     std::function<void()> showSettings;
     std::function<void()> showWireless;
+    std::function<void()> toggleFullScreen;
     std::function<void()> quit;
 };
 

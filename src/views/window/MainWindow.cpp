@@ -110,6 +110,7 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
     setCentralWidget(split);
     makeMainMenus(*menuBar(), browserView_->actions(),
                   {[this] { showSettings(); }, [this] { showWireless(); },
+                   [this] { setWindowState(windowState() ^ Qt::WindowFullScreen); },
                    [] { QApplication::closeAllWindows(); }});
     connectSync();
 
@@ -308,14 +309,19 @@ std::optional<QString> MainWindow::chosenAppId() const {
 }
 
 void MainWindow::openApp(const AppInfo& app, const QString& path) {
+    connectApp(app, path);
+    showPage();
+    browserView_->currentListing().setFocus();
+}
+
+void MainWindow::connectApp(const AppInfo& app, const QString& path) {
     const auto device = apps_.device();
     if (!device)
         return;
     chosenApp_ = app;
+    lastApps_.insert(device->udid, app);
     isChoosingApp_ = false;
     browser_.connect(device->udid, app.bundleIdentifier, app.displayName, *device, path);
-    showPage();
-    browserView_->currentListing().setFocus();
 }
 
 void MainWindow::showApps() {
@@ -323,6 +329,7 @@ void MainWindow::showApps() {
     if (!device || device->platform != DevicePlatform::iOS)
         return;
     isChoosingApp_ = true;
+    lastApps_.remove(device->udid);
     apps_.setDevice(*device);
     showPage();
     appList_->setFocus();
@@ -406,11 +413,14 @@ void MainWindow::chooseDevice(const QModelIndex& index) {
                          browser_.state() != BrowserState::deviceLost;
     isChoosingApp_ = false;
     if (device != nullptr && device->platform == DevicePlatform::iOS) {
-        isChoosingApp_ = !isShown;
+        const auto last = lastApps_.constFind(device->udid);
+        isChoosingApp_ = !isShown && last == lastApps_.constEnd();
         apps_.setDevice(*device);
+        if (!isShown && !isChoosingApp_)
+            connectApp(*last, {});
     } else if (device != nullptr && (!isShown || active->id() != device->id())) {
         chosenApp_.reset();
-        browser_.connectAndroid(*device, QStringLiteral("/"));
+        browser_.connectAndroid(*device, {}); // where it was left
     }
     showSidebar();
     showPage();

@@ -52,6 +52,7 @@ public:
     }
     /// Shows the documents of one of apps().
     void openApp(const AppInfo& app, const QString& path);
+    void connectApp(const AppInfo& app, const QString& path);
     /// Opens the settings, or brings them to the front.
     void showSettings();
     /// Opens the list of phones on the network, or brings it to the front.
@@ -90,6 +91,7 @@ private:
     FileBrowserViewModel browser_;
     AppListViewModel apps_;
     std::optional<AppInfo> chosenApp_; ///< whose documents are browsed
+    QHash<QString, AppInfo> lastApps_; ///< that were open, by udid
     bool isChoosingApp_ = false;
     bool wasFocused_ = false; ///< the files had the keys once
     DeviceListModel devices_;

@@ -1,0 +1,216 @@
+#include "browser/model/EntryChanges.h"
+
+#include "base/text/PathNames.h"
+#include "browser/model/FileBrowserViewModel.h"
+
+#include <algorithm>
+#include <mutex>
+#include <utility>
+
+namespace tessary {
+
+namespace {
+
+using What = BrowserProblem::What;
+
+/// Entries that a move has to leave to a copy; filled in the background.
+struct Unmovable {
+    std::mutex mutex;
+    std::vector<FileItem> items;
+};
+
+/// An entry of which only name and place are known.
+FileItem named(const QString& path, bool isFolder = false) {
+    return {lastComponent(path), path, isFolder, 0, std::nullopt};
+}
+
+What problemOf(UndoStep::Kind kind) {
+    switch (kind) {
+    case UndoStep::Kind::rename:
+        return What::rename;
+    case UndoStep::Kind::move:
+        return What::move;
+    case UndoStep::Kind::create:
+        break;
+    }
+    return What::remove;
+}
+
+void takeBack(PhoneFileSystem& files, UndoStep::Kind kind, const UndoStep::Change& change,
+              const std::stop_token& stop) {
+    const FileItem item = require(files, change.now, stop);
+    switch (kind) {
+    case UndoStep::Kind::rename:
+        (void)files.rename(item, lastComponent(change.before), TakenName::refused, stop);
+        break;
+    case UndoStep::Kind::move:
+        (void)files.move(item, parentPath(change.before), stop);
+        break;
+    case UndoStep::Kind::create:
+        if (!item.isDirectory)
+            throw Error(PhoneError::changed, {item.path});
+        files.remove(item, stop);
+        break;
+    }
+}
+
+} // namespace
+
+EntryChanges::EntryChanges(FileBrowserViewModel& browser) : browser_(browser) {
+    connect(&edits_, &BrowserEdits::changed, this, &EntryChanges::runningChanged);
+}
+
+void EntryChanges::run(std::vector<FileItem> items, What what, EditAction action, Done whenDone,
+                       const QStringList& newPaths) {
+    const auto files = browser_.files();
+    if (!files || items.empty())
+        return;
+    QStringList changedPaths = newPaths;
+    for (const FileItem& item : items)
+        changedPaths << item.path;
+    edits_.start(files, std::move(items), what, std::move(action),
+                 [this, whenDone = std::move(whenDone), changedPaths, files,
+                  path = browser_.currentPath()](const BrowserEditReport& report) {
+                     for (const QString& changed : changedPaths)
+                         browser_.folders().entryChanged(files->identity(), changed);
+                     if (whenDone && !report.donePaths.isEmpty())
+                         whenDone(report.donePaths);
+                     if (report.problem)
+                         browser_.showProblem(*report.problem);
+                     browser_.refreshAfterChange(files->identity(), path, report.isDeviceLost);
+                 });
+}
+
+void EntryChanges::record(UndoStep step) {
+    history_.record(std::move(step));
+    Q_EMIT undoableChanged();
+}
+
+void EntryChanges::createFolder(const QString& name) {
+    // The folder does not exist yet: an entry that only carries its name and place.
+    run(
+        {named(joinPath(browser_.currentPath(), name), true)}, What::create,
+        [parent = browser_.currentPath()](PhoneFileSystem& files, const FileItem& item,
+                                          const std::stop_token& stop) {
+            (void)files.makeFolder(parent, item.name, stop);
+        },
+        [this, name, parent = browser_.currentPath(),
+         identity = browser_.files() ? browser_.files()->identity()
+                                     : QString()](const QStringList& paths) {
+            record({UndoStep::Kind::create, identity, {{{}, paths.front()}}});
+            if (parent == browser_.currentPath())
+                browser_.awaitEntry(name, true);
+        });
+}
+
+void EntryChanges::remove(std::vector<FileItem> items) {
+    run(
+        std::move(items), What::remove,
+        [](PhoneFileSystem& files, const FileItem& item, const std::stop_token& stop) {
+            files.removeTree(item, stop);
+        },
+        [this](const QStringList& paths) { Q_EMIT removed(paths); });
+}
+
+void EntryChanges::rename(const FileItem& item, const QString& newName) {
+    if (newName == item.name || !browser_.files())
+        return;
+    if (newName.isEmpty()) {
+        browser_.showProblem(BrowserProblem::of(What::rename, item.name,
+                                                Error(PhoneError::nameNotAllowed, {newName})));
+        return;
+    }
+    const QString newPath = joinPath(parentPath(item.path), newName);
+    run(
+        {item}, What::rename,
+        [newName](PhoneFileSystem& files, const FileItem& entry, const std::stop_token& stop) {
+            (void)files.rename(entry, newName, TakenName::refused, stop);
+        },
+        [this, newName, newPath, folder = browser_.currentPath(),
+         identity = browser_.files()->identity()](const QStringList& paths) {
+            record({UndoStep::Kind::rename, identity, {{paths.front(), newPath}}});
+            if (folder == browser_.currentPath())
+                browser_.awaitEntry(newName);
+            Q_EMIT renamed(paths.front(), newPath);
+        },
+        {newPath});
+}
+
+void EntryChanges::move(std::vector<FileItem> items, const QString& folder) {
+    const auto files = browser_.files();
+    if (!files)
+        return;
+    const QString target = files->canonicalPath(folder);
+    std::erase_if(items, [&](const FileItem& item) {
+        return files->canonicalPath(parentPath(item.path)) == target;
+    });
+    QStringList newPaths;
+    for (const FileItem& item : items)
+        newPaths << joinPath(target, item.name);
+    const auto unmovable = std::make_shared<Unmovable>();
+    run(
+        std::move(items), What::move,
+        [target, unmovable](PhoneFileSystem& phone, const FileItem& item,
+                            const std::stop_token& stop) {
+            try {
+                (void)phone.move(item, target, stop);
+            } catch (const Error& error) {
+                if (!error.is(PhoneError::otherStorage) && !error.is(PhoneError::notSupported))
+                    throw;
+                const std::scoped_lock lock(unmovable->mutex);
+                unmovable->items.push_back(item);
+            }
+        },
+        [this, target, unmovable, files](const QStringList& paths) {
+            const std::scoped_lock lock(unmovable->mutex);
+            UndoStep step{UndoStep::Kind::move, files->identity(), {}};
+            for (const QString& path : paths)
+                if (std::ranges::find(unmovable->items, path, &FileItem::path) ==
+                    unmovable->items.end())
+                    step.changes.push_back({path, joinPath(target, lastComponent(path))});
+            record(std::move(step));
+            browser_.copies().moveByCopy(files, unmovable->items, target);
+        },
+        newPaths);
+}
+
+std::optional<UndoStep> EntryChanges::undoable() const {
+    return browser_.files() ? history_.newestOf(browser_.files()->identity()) : std::nullopt;
+}
+
+void EntryChanges::undo() {
+    if (!browser_.files() || isRunning())
+        return;
+    const auto step = history_.take(browser_.files()->identity());
+    if (!step)
+        return;
+    Q_EMIT undoableChanged();
+    std::vector<FileItem> items;
+    QStringList oldPaths;
+    for (const UndoStep::Change& change : step->changes) {
+        items.push_back(named(change.now));
+        if (!change.before.isEmpty())
+            oldPaths << change.before;
+    }
+    run(
+        std::move(items), problemOf(step->kind),
+        [step = *step](PhoneFileSystem& files, const FileItem& item, const std::stop_token& stop) {
+            const auto change = std::ranges::find(step.changes, item.path, &UndoStep::Change::now);
+            takeBack(files, step.kind, *change, stop);
+        },
+        [this, step = *step](const QStringList& paths) {
+            if (step.kind == UndoStep::Kind::create) {
+                Q_EMIT removed(paths);
+                return;
+            }
+            const QString& back = step.changes.front().before;
+            if (browser_.files() && browser_.files()->identity() == step.identity &&
+                parentPath(back) == browser_.currentPath())
+                browser_.awaitEntry(lastComponent(back));
+            if (step.kind == UndoStep::Kind::rename)
+                Q_EMIT renamed(step.changes.front().now, back);
+        },
+        oldPaths);
+}
+
+} // namespace tessary

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "browser/actions/BrowserEdits.h"
+#include "browser/actions/UndoHistory.h"
+
+#include <QObject>
+#include <QStringList>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace tessary {
+
+class FileBrowserViewModel;
+
+/// What a browser changes on a phone: makes folders, renames, moves, deletes, and takes that back
+/// again. Each change runs in the background and reloads the folder at its end. Lives on the main
+/// thread.
+class EntryChanges : public QObject {
+    Q_OBJECT
+
+public:
+    /// `browser` outlives it.
+    explicit EntryChanges(FileBrowserViewModel& browser);
+
+    [[nodiscard]] bool isRunning() const {
+        return edits_.isRunning();
+    }
+    [[nodiscard]] const EditProgress& progress() const {
+        return edits_.progress();
+    }
+    /// What is done stays done.
+    void cancel() {
+        edits_.cancel();
+    }
+
+    /// In the folder shown.
+    void createFolder(const QString& name);
+    /// One after the other; one report for all that failed.
+    void remove(std::vector<FileItem> items);
+    void rename(const FileItem& item, const QString& newName);
+    /// Entries of this connection, of whatever folder, to another of its folders. What the phone
+    /// cannot move there, to another storage, is copied and removed instead, by the queue.
+    void move(std::vector<FileItem> items, const QString& folder);
+
+    /// The change that undo() would take back; no value when there is none on this connection.
+    [[nodiscard]] std::optional<UndoStep> undoable() const;
+    void undo();
+
+Q_SIGNALS:
+    void runningChanged();  ///< isRunning, progress
+    void undoableChanged(); ///< also when another phone is shown
+    void removed(const QStringList& paths);
+    void renamed(const QString& oldPath, const QString& newPath);
+
+private:
+    using Done = std::function<void(const QStringList& donePaths)>;
+
+    void run(std::vector<FileItem> items, BrowserProblem::What what, EditAction action,
+             Done whenDone, const QStringList& newPaths = {});
+    void record(UndoStep step);
+
+    FileBrowserViewModel& browser_;
+    BrowserEdits edits_;
+    UndoHistory history_;
+};
+
+} // namespace tessary

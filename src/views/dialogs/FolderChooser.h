@@ -1,0 +1,63 @@
+#pragma once
+
+#include "browser/model/FileBrowserViewModel.h"
+
+#include <QDialog>
+
+#include <cstdint>
+#include <memory>
+#include <stop_token>
+#include <vector>
+
+class QComboBox;
+class QLabel;
+class QListWidget;
+class QPushButton;
+class QToolButton;
+
+namespace tessary {
+
+/// Asks for a folder of the phone that a browser shows: the folders of one are listed, from the one
+/// shown on. On the main thread.
+class FolderChooser : public QDialog {
+    Q_OBJECT
+
+public:
+    /// `acceptText` is what the button says that ends it ("Move Here"). `browser` must outlive it.
+    FolderChooser(FileBrowserViewModel& browser, const QString& title, const QString& acceptText,
+                  QWidget* parent);
+    ~FolderChooser() override;
+
+    /// The folder that was chosen.
+    [[nodiscard]] const QString& folder() const {
+        return folder_;
+    }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void show(const QString& folder, const QString& select = {});
+    void take(const Listing& listing, const QString& select);
+    void showFailure(const Error& error);
+    void enter();
+    void goUp();
+    void makeFolder();
+    void listStorages();
+
+    const FileBrowserViewModel& browser_;
+    const std::shared_ptr<PhoneFileSystem> files_; ///< however the browser goes on
+    QString folder_;
+    std::uint64_t number_ = 0; ///< answers about older folders are dropped
+    std::stop_source stop_{std::nostopstate};
+
+    QComboBox* storages_;
+    QToolButton* up_;
+    QLabel* path_;
+    QListWidget* list_;
+    QLabel* note_;
+    QPushButton* newFolder_;
+    QPushButton* accept_;
+};
+
+} // namespace tessary

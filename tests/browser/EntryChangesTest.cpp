@@ -1,0 +1,201 @@
+#include "FileBrowserFixture.h"
+
+namespace tessary {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// Changes to the files of a phone, and taking them back.
+class EntryChangesTest : public FileBrowserFixture {
+protected:
+    EntryChangesTest() {
+        fill("/root", {"a/", "a/deep/", "b.txt", "c.txt", ".hidden"});
+        open("/root");
+    }
+    [[nodiscard]] std::optional<UndoStep::Kind> undoable() const {
+        const auto step = browser_.changes().undoable();
+        return step ? std::optional(step->kind) : std::nullopt;
+    }
+    void undo() {
+        browser_.changes().undo();
+        settle();
+    }
+    /// What a copy did is there.
+    void settleCopies() {
+        ASSERT_TRUE(eventually([this] {
+            return !queue_.jobs().empty() && queue_.summary().isIdle() && !browser_.isEditing();
+        }));
+    }
+};
+
+TEST_F(EntryChangesTest, everyChangeIsTakenBackWhole) {
+    const QStringList before = files_->tree();
+    const std::tuple<const char*, UndoStep::Kind, std::function<void()>, const char*> rows[] = {
+        // what, kind, change, a path that is there after it
+        {"rename", UndoStep::Kind::rename, [&] { browser_.renameItem(u"/root/b.txt"_s, u"x"_s); },
+         "/root/x"},
+        {"move two", UndoStep::Kind::move,
+         [&] {
+             browser_.moveItemsToPath(ids({"/root/b.txt", "/root/c.txt"}), u"/root/a"_s);
+         },
+         "/root/a/c.txt"},
+        {"create", UndoStep::Kind::create, [&] { browser_.createFolder(u"new"_s); }, "/root/new"},
+    };
+    for (const auto& [what, kind, change, path] : rows) {
+        SCOPED_TRACE(what);
+        change();
+        settle();
+        EXPECT_TRUE(files_->has(QString::fromUtf8(path)));
+        EXPECT_EQ(undoable(), kind);
+        undo();
+        EXPECT_EQ(files_->tree(), before);
+        EXPECT_FALSE(browser_.problem());
+        EXPECT_EQ(undoable(), std::nullopt);
+    }
+}
+
+TEST_F(EntryChangesTest, laterChangesAreTakenBackFirst) {
+    const QStringList before = files_->tree();
+    browser_.renameItem(u"/root/b.txt"_s, u"x"_s);
+    settle();
+    browser_.moveItemsToPath(ids({"/root/x"}), u"/root/a"_s);
+    settle();
+    undo();
+    EXPECT_TRUE(files_->has(u"/root/x"_s));
+    undo();
+    EXPECT_EQ(files_->tree(), before);
+}
+
+TEST_F(EntryChangesTest, whatCannotBeTakenBackSaysWhyAndHarmsNothing) {
+    browser_.createFolder(u"new"_s);
+    settle();
+    files_->addFile(u"/root/new/filled.txt"_s, "kept");
+    undo();
+    ASSERT_TRUE(browser_.problem());
+    EXPECT_TRUE(browser_.problem()->failures.front().error.is(PhoneError::folderNotEmpty));
+    EXPECT_EQ(files_->content(u"/root/new/filled.txt"_s), "kept");
+
+    browser_.renameItem(u"/root/b.txt"_s, u"x"_s);
+    settle();
+    files_->addFile(u"/root/b.txt"_s, "another");
+    undo();
+    EXPECT_TRUE(browser_.problem()->failures.front().error.is(PhoneError::taken));
+    EXPECT_EQ(files_->content(u"/root/b.txt"_s), "another");
+    EXPECT_TRUE(files_->has(u"/root/x"_s));
+}
+
+TEST_F(EntryChangesTest, aFailedChangeIsNotTakenBack) {
+    files_->fail(Operation::move, u"/root/b.txt"_s, Error(PhoneError::accessDenied));
+    browser_.moveItemsToPath(ids({"/root/b.txt", "/root/c.txt"}), u"/root/a"_s);
+    settle();
+    ASSERT_TRUE(browser_.changes().undoable());
+    const std::vector<UndoStep::Change> done{{u"/root/c.txt"_s, u"/root/a/c.txt"_s}};
+    EXPECT_EQ(browser_.changes().undoable()->changes, done);
+}
+
+TEST_F(EntryChangesTest, changesOfAnotherPhoneStayWithIt) {
+    browser_.renameItem(u"/root/b.txt"_s, u"x"_s);
+    settle();
+    const auto other =
+        std::make_shared<MemoryFileSystem>(MemoryFileSystem::Options{.identity = u"other"_s});
+    other->addFile(u"/x"_s, "not this one");
+    browser_.open(other, std::nullopt, u"/"_s);
+    settle();
+    EXPECT_EQ(undoable(), std::nullopt);
+    undo();
+    EXPECT_TRUE(other->has(u"/x"_s));
+    browser_.open(files_, std::nullopt, {});
+    settle();
+    EXPECT_EQ(undoable(), UndoStep::Kind::rename);
+}
+
+/// As between a phone's own storage and its card.
+TEST_F(EntryChangesTest, whatThePhoneCannotMoveIsCopiedAndRemoved) {
+    for (const char* path : {"/root/a", "/root/b.txt"})
+        files_->fail(Operation::move, QString::fromUtf8(path), Error(PhoneError::otherStorage));
+    files_->addFile(u"/root/a/deep/inner.txt"_s, "inner");
+    files_->addFolder(u"/card"_s);
+    files_->addFile(u"/card/b.txt"_s, "was there");
+    browser_.moveItemsToPath(ids({"/root/a", "/root/b.txt", "/root/c.txt"}), u"/card"_s);
+    settleCopies();
+    EXPECT_FALSE(browser_.problem());
+    EXPECT_EQ(files_->content(u"/card/a/deep/inner.txt"_s), "inner");
+    EXPECT_EQ(files_->content(u"/card/b.txt"_s), "was there");
+    EXPECT_EQ(files_->content(u"/card/b (2).txt"_s), QByteArray(10, 'x'));
+    EXPECT_TRUE(files_->has(u"/card/c.txt"_s)) << "moved by the phone";
+    for (const char* gone : {"/root/a", "/root/b.txt", "/root/c.txt"})
+        EXPECT_FALSE(files_->has(QString::fromUtf8(gone))) << gone;
+    EXPECT_TRUE(eventually([this] { return names().isEmpty(); })) << "the folder is read again";
+}
+
+TEST_F(EntryChangesTest, copiesBesideTheirSourceAreNumberedUnasked) {
+    bool hasClashes = true;
+    browser_.copies().prepareTransfer(files_,
+                                      {files_->item(u"/root/b.txt"_s), files_->item(u"/root/a"_s)},
+                                      {}, [&](const PreparedCopy& copy) {
+                                          hasClashes = copy.parts.front().check.hasClashes();
+                                          browser_.copies().start(copy, {});
+                                      });
+    settleCopies();
+    EXPECT_FALSE(hasClashes);
+    EXPECT_TRUE(files_->has(u"/root/b (2).txt"_s));
+    EXPECT_TRUE(files_->has(u"/root/a (2)/deep"_s));
+    EXPECT_TRUE(files_->has(u"/root/b.txt"_s));
+}
+
+TEST_F(EntryChangesTest, hiddenEntriesAreCountedAndShownOnRequest) {
+    EXPECT_EQ(names(), (QStringList{u"a"_s, u"b.txt"_s, u"c.txt"_s}));
+    EXPECT_EQ(browser_.unfilteredCount(), 3);
+    browser_.selectAll();
+    EXPECT_EQ(browser_.selectedItems().size(), 3) << "what is not seen is not selected";
+    browser_.setShowsHidden(true);
+    EXPECT_EQ(names(), (QStringList{u"a"_s, u".hidden"_s, u"b.txt"_s, u"c.txt"_s}));
+    browser_.selectAll();
+    browser_.setShowsHidden(false);
+    EXPECT_EQ(browser_.selectedItems().size(), 3);
+    browser_.selectItem(u"/root/a"_s);
+    browser_.invertSelection();
+    EXPECT_EQ(browser_.selectedItems(), (QSet<QString>{u"/root/b.txt"_s, u"/root/c.txt"_s}));
+}
+
+TEST_F(EntryChangesTest, aConnectionIsFoundAsItWasLeft) {
+    const auto other =
+        std::make_shared<MemoryFileSystem>(MemoryFileSystem::Options{.identity = u"other"_s});
+    go("/root/a");
+    go("/root/a/deep");
+    browser_.goBack();
+    settle();
+    browser_.open(other, std::nullopt, {});
+    settle();
+    EXPECT_EQ(browser_.currentPath(), u"/"_s);
+    EXPECT_FALSE(browser_.canGoBack()) << "a history of its own";
+    browser_.open(files_, std::nullopt, {});
+    settle();
+    EXPECT_EQ(browser_.currentPath(), u"/root/a"_s);
+    EXPECT_TRUE(browser_.canGoForward());
+    EXPECT_TRUE(browser_.canGoBack());
+    browser_.open(files_, std::nullopt, u"/root"_s);
+    settle();
+    EXPECT_FALSE(browser_.canGoBack()) << "a place that is asked for begins anew";
+}
+
+TEST(UndoHistory, forgetsTheOldestAndKeepsConnectionsApart) {
+    UndoHistory history;
+    const auto step = [](const char* identity, const QString& now) {
+        return UndoStep{UndoStep::Kind::rename, QString::fromUtf8(identity), {{u"/a"_s, now}}};
+    };
+    history.record({UndoStep::Kind::move, u"one"_s, {}});
+    EXPECT_FALSE(history.newestOf(u"one"_s)) << "nothing was changed";
+    history.record(step("one", u"/first"_s));
+    history.record(step("two", u"/second"_s));
+    EXPECT_EQ(history.take(u"one"_s), step("one", u"/first"_s));
+    EXPECT_FALSE(history.take(u"one"_s));
+    for (std::size_t i = 0; i < UndoHistory::mostSteps; ++i)
+        history.record(step("one", QString::number(i)));
+    EXPECT_FALSE(history.newestOf(u"two"_s));
+    for (std::size_t i = UndoHistory::mostSteps; i-- > 0;)
+        EXPECT_EQ(history.take(u"one"_s), step("one", QString::number(i)));
+}
+
+} // namespace
+} // namespace tessary
