@@ -2334,10 +2334,6 @@
         <translation>Keine Apps, die Dateien freigeben</translation>
     </message>
     <message>
-        <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
-        <translation>Keine App auf diesem iPhone gibt ihre Dateien frei. Von einem Computer aus lassen sich nur Apps öffnen, deren Hersteller die Dateifreigabe eingeschaltet haben; Fotos und Apps, die ihre Dokumente für sich behalten, nicht.</translation>
-    </message>
-    <message>
         <source>Retry</source>
         <translation>Erneut versuchen</translation>
     </message>
@@ -2352,6 +2348,18 @@
     <message>
         <source>Connection Failed</source>
         <translation>Verbindung fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Only apps whose makers turned on file sharing can be opened from a computer. The photos and videos can be opened.</source>
+        <translation>Von einem Computer aus lassen sich nur Apps öffnen, deren Hersteller die Dateifreigabe eingeschaltet haben. Die Fotos und Videos lassen sich öffnen.</translation>
+    </message>
+    <message>
+        <source>Photos &amp; Videos</source>
+        <translation>Fotos &amp; Videos</translation>
+    </message>
+    <message>
+        <source>What the camera took, and what was saved with it</source>
+        <translation>Was die Kamera aufgenommen hat und was dabei gesichert wurde</translation>
     </message>
 </context>
 <context>
@@ -2526,6 +2534,10 @@
     <message>
         <source>Undo New Folder</source>
         <translation>Neuen Ordner rückgängig machen</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>Apps</translation>
     </message>
 </context>
 <context>
@@ -2965,6 +2977,10 @@
     <message>
         <source>Remove from Favorites</source>
         <translation>Aus Favoriten entfernen</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>Apps</translation>
     </message>
 </context>
 <context>

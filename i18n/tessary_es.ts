@@ -2334,10 +2334,6 @@
         <translation>Ninguna app comparte archivos</translation>
     </message>
     <message>
-        <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
-        <translation>Ninguna app de este iPhone comparte sus archivos. Desde un ordenador solo se pueden abrir las apps cuyos autores activaron el uso compartido de archivos; las fotos y las apps que se reservan sus documentos, no.</translation>
-    </message>
-    <message>
         <source>Retry</source>
         <translation>Reintentar</translation>
     </message>
@@ -2352,6 +2348,18 @@
     <message>
         <source>Connection Failed</source>
         <translation>Error de conexión</translation>
+    </message>
+    <message>
+        <source>Only apps whose makers turned on file sharing can be opened from a computer. The photos and videos can be opened.</source>
+        <translation>Desde un ordenador solo se pueden abrir las apps cuyos creadores activaron el uso compartido de archivos. Las fotos y los vídeos sí se pueden abrir.</translation>
+    </message>
+    <message>
+        <source>Photos &amp; Videos</source>
+        <translation>Fotos y vídeos</translation>
+    </message>
+    <message>
+        <source>What the camera took, and what was saved with it</source>
+        <translation>Lo que captó la cámara y lo que se guardó con ello</translation>
     </message>
 </context>
 <context>
@@ -2526,6 +2534,10 @@
     <message>
         <source>Undo New Folder</source>
         <translation>Deshacer la nueva carpeta</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>Aplicaciones</translation>
     </message>
 </context>
 <context>
@@ -2965,6 +2977,10 @@
     <message>
         <source>Remove from Favorites</source>
         <translation>Quitar de favoritos</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>Aplicaciones</translation>
     </message>
 </context>
 <context>

@@ -2334,10 +2334,6 @@
         <translation>Aucune app ne partage de fichiers</translation>
     </message>
     <message>
-        <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
-        <translation>Aucune app de cet iPhone ne partage ses fichiers. Seules les apps dont le partage de fichiers a été activé par leur éditeur peuvent être ouvertes depuis un ordinateur&#xa0;; les photos et les apps qui gardent leurs documents pour elles ne le peuvent pas.</translation>
-    </message>
-    <message>
         <source>Retry</source>
         <translation>Réessayer</translation>
     </message>
@@ -2352,6 +2348,18 @@
     <message>
         <source>Connection Failed</source>
         <translation>Échec de la connexion</translation>
+    </message>
+    <message>
+        <source>Only apps whose makers turned on file sharing can be opened from a computer. The photos and videos can be opened.</source>
+        <translation>Depuis un ordinateur, seules les apps dont les éditeurs ont activé le partage de fichiers peuvent être ouvertes. Les photos et vidéos, elles, peuvent être ouvertes.</translation>
+    </message>
+    <message>
+        <source>Photos &amp; Videos</source>
+        <translation>Photos et vidéos</translation>
+    </message>
+    <message>
+        <source>What the camera took, and what was saved with it</source>
+        <translation>Ce que l’appareil photo a pris et ce qui a été enregistré avec</translation>
     </message>
 </context>
 <context>
@@ -2526,6 +2534,10 @@
     <message>
         <source>Undo New Folder</source>
         <translation>Annuler le nouveau dossier</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>Apps</translation>
     </message>
 </context>
 <context>
@@ -2965,6 +2977,10 @@
     <message>
         <source>Remove from Favorites</source>
         <translation>Retirer des favoris</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>Apps</translation>
     </message>
 </context>
 <context>

@@ -2334,10 +2334,6 @@
         <translation>Nessuna app condivide file</translation>
     </message>
     <message>
-        <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
-        <translation>Nessuna app su questo iPhone condivide i propri file. Da un computer si possono aprire solo le app i cui autori hanno attivato la condivisione dei file; le foto e le app che tengono per sé i documenti no.</translation>
-    </message>
-    <message>
         <source>Retry</source>
         <translation>Riprova</translation>
     </message>
@@ -2352,6 +2348,18 @@
     <message>
         <source>Connection Failed</source>
         <translation>Connessione non riuscita</translation>
+    </message>
+    <message>
+        <source>Only apps whose makers turned on file sharing can be opened from a computer. The photos and videos can be opened.</source>
+        <translation>Da un computer si possono aprire solo le app i cui produttori hanno attivato la condivisione dei file. Le foto e i video si possono aprire.</translation>
+    </message>
+    <message>
+        <source>Photos &amp; Videos</source>
+        <translation>Foto e video</translation>
+    </message>
+    <message>
+        <source>What the camera took, and what was saved with it</source>
+        <translation>Ciò che la fotocamera ha ripreso e ciò che è stato salvato insieme</translation>
     </message>
 </context>
 <context>
@@ -2526,6 +2534,10 @@
     <message>
         <source>Undo New Folder</source>
         <translation>Annulla la nuova cartella</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>App</translation>
     </message>
 </context>
 <context>
@@ -2965,6 +2977,10 @@
     <message>
         <source>Remove from Favorites</source>
         <translation>Rimuovi dai preferiti</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>App</translation>
     </message>
 </context>
 <context>

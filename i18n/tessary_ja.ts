@@ -2324,10 +2324,6 @@
         <translation>ファイルを共有するアプリがありません</translation>
     </message>
     <message>
-        <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
-        <translation>このiPhoneにはファイルを共有するアプリがありません。コンピュータから開けるのは、開発元がファイル共有を有効にしたアプリだけです。写真や、書類を公開しないアプリは開けません。</translation>
-    </message>
-    <message>
         <source>Retry</source>
         <translation>再試行</translation>
     </message>
@@ -2342,6 +2338,18 @@
     <message>
         <source>Connection Failed</source>
         <translation>接続に失敗しました</translation>
+    </message>
+    <message>
+        <source>Only apps whose makers turned on file sharing can be opened from a computer. The photos and videos can be opened.</source>
+        <translation>コンピュータから開けるのは、開発元がファイル共有を有効にしたアプリだけです。写真とビデオは開けます。</translation>
+    </message>
+    <message>
+        <source>Photos &amp; Videos</source>
+        <translation>写真とビデオ</translation>
+    </message>
+    <message>
+        <source>What the camera took, and what was saved with it</source>
+        <translation>カメラで撮影したものと、一緒に保存されたもの</translation>
     </message>
 </context>
 <context>
@@ -2513,6 +2521,10 @@
     <message>
         <source>Undo New Folder</source>
         <translation>新規フォルダの作成を元に戻す</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>アプリ</translation>
     </message>
 </context>
 <context>
@@ -2948,6 +2960,10 @@
     <message>
         <source>Remove from Favorites</source>
         <translation>よく使う項目から削除</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>アプリ</translation>
     </message>
 </context>
 <context>

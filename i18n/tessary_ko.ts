@@ -2324,10 +2324,6 @@
         <translation>파일을 공유하는 앱 없음</translation>
     </message>
     <message>
-        <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
-        <translation>이 iPhone에는 파일을 공유하는 앱이 없습니다. 제작자가 파일 공유를 켠 앱만 컴퓨터에서 열 수 있으며, 사진이나 문서를 공개하지 않는 앱은 열 수 없습니다.</translation>
-    </message>
-    <message>
         <source>Retry</source>
         <translation>다시 시도</translation>
     </message>
@@ -2342,6 +2338,18 @@
     <message>
         <source>Connection Failed</source>
         <translation>연결 실패</translation>
+    </message>
+    <message>
+        <source>Only apps whose makers turned on file sharing can be opened from a computer. The photos and videos can be opened.</source>
+        <translation>제작자가 파일 공유를 켠 앱만 컴퓨터에서 열 수 있습니다. 사진과 비디오는 열 수 있습니다.</translation>
+    </message>
+    <message>
+        <source>Photos &amp; Videos</source>
+        <translation>사진 및 비디오</translation>
+    </message>
+    <message>
+        <source>What the camera took, and what was saved with it</source>
+        <translation>카메라로 찍은 것과 함께 저장된 것</translation>
     </message>
 </context>
 <context>
@@ -2513,6 +2521,10 @@
     <message>
         <source>Undo New Folder</source>
         <translation>새 폴더 취소</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>앱</translation>
     </message>
 </context>
 <context>
@@ -2948,6 +2960,10 @@
     <message>
         <source>Remove from Favorites</source>
         <translation>즐겨찾기에서 제거</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>앱</translation>
     </message>
 </context>
 <context>

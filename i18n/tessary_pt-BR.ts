@@ -2334,10 +2334,6 @@
         <translation>Nenhum app compartilha arquivos</translation>
     </message>
     <message>
-        <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
-        <translation>Nenhum app neste iPhone compartilha seus arquivos. Só é possível abrir no computador os apps cujos autores ativaram o compartilhamento de arquivos; fotos e apps que guardam seus documentos para si, não.</translation>
-    </message>
-    <message>
         <source>Retry</source>
         <translation>Tentar novamente</translation>
     </message>
@@ -2352,6 +2348,18 @@
     <message>
         <source>Connection Failed</source>
         <translation>Falha na conexão</translation>
+    </message>
+    <message>
+        <source>Only apps whose makers turned on file sharing can be opened from a computer. The photos and videos can be opened.</source>
+        <translation>Em um computador, só é possível abrir apps cujos criadores ativaram o compartilhamento de arquivos. As fotos e os vídeos podem ser abertos.</translation>
+    </message>
+    <message>
+        <source>Photos &amp; Videos</source>
+        <translation>Fotos e vídeos</translation>
+    </message>
+    <message>
+        <source>What the camera took, and what was saved with it</source>
+        <translation>O que a câmera captou e o que foi salvo com isso</translation>
     </message>
 </context>
 <context>
@@ -2526,6 +2534,10 @@
     <message>
         <source>Undo New Folder</source>
         <translation>Desfazer nova pasta</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>Apps</translation>
     </message>
 </context>
 <context>
@@ -2965,6 +2977,10 @@
     <message>
         <source>Remove from Favorites</source>
         <translation>Remover dos favoritos</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>Apps</translation>
     </message>
 </context>
 <context>

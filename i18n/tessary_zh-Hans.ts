@@ -2324,10 +2324,6 @@
         <translation>没有共享文件的 App</translation>
     </message>
     <message>
-        <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
-        <translation>此 iPhone 上没有共享文件的 App。只有开发者开启了文件共享的 App 才能在电脑上打开；照片以及不公开文稿的 App 则不能。</translation>
-    </message>
-    <message>
         <source>Retry</source>
         <translation>重试</translation>
     </message>
@@ -2342,6 +2338,18 @@
     <message>
         <source>Connection Failed</source>
         <translation>连接失败</translation>
+    </message>
+    <message>
+        <source>Only apps whose makers turned on file sharing can be opened from a computer. The photos and videos can be opened.</source>
+        <translation>只有开发者开启了文件共享的应用才能从电脑上打开。照片和视频可以打开。</translation>
+    </message>
+    <message>
+        <source>Photos &amp; Videos</source>
+        <translation>照片和视频</translation>
+    </message>
+    <message>
+        <source>What the camera took, and what was saved with it</source>
+        <translation>相机拍摄的内容，以及与之一起保存的内容</translation>
     </message>
 </context>
 <context>
@@ -2513,6 +2521,10 @@
     <message>
         <source>Undo New Folder</source>
         <translation>撤销新建文件夹</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>应用</translation>
     </message>
 </context>
 <context>
@@ -2948,6 +2960,10 @@
     <message>
         <source>Remove from Favorites</source>
         <translation>从收藏夹移除</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>应用</translation>
     </message>
 </context>
 <context>

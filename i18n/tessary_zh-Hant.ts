@@ -2324,10 +2324,6 @@
         <translation>沒有分享檔案的 App</translation>
     </message>
     <message>
-        <source>No app on this iPhone shares its files. Only apps whose makers turned on file sharing can be opened from a computer; photos, and apps that keep their documents to themselves, cannot.</source>
-        <translation>此 iPhone 上沒有分享檔案的 App。只有開發者開啟檔案分享的 App 才能在電腦上打開；照片以及不公開文件的 App 則不行。</translation>
-    </message>
-    <message>
         <source>Retry</source>
         <translation>重試</translation>
     </message>
@@ -2342,6 +2338,18 @@
     <message>
         <source>Connection Failed</source>
         <translation>連線失敗</translation>
+    </message>
+    <message>
+        <source>Only apps whose makers turned on file sharing can be opened from a computer. The photos and videos can be opened.</source>
+        <translation>只有開發者開啟了檔案共享的 App 才能從電腦上打開。照片和影片可以打開。</translation>
+    </message>
+    <message>
+        <source>Photos &amp; Videos</source>
+        <translation>照片與影片</translation>
+    </message>
+    <message>
+        <source>What the camera took, and what was saved with it</source>
+        <translation>相機拍攝的內容，以及與之一起儲存的內容</translation>
     </message>
 </context>
 <context>
@@ -2513,6 +2521,10 @@
     <message>
         <source>Undo New Folder</source>
         <translation>復原新增資料夾</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>App</translation>
     </message>
 </context>
 <context>
@@ -2948,6 +2960,10 @@
     <message>
         <source>Remove from Favorites</source>
         <translation>從我的最愛移除</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>App</translation>
     </message>
 </context>
 <context>

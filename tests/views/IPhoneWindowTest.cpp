@@ -4,6 +4,7 @@
 #include "support/PluggedIPhone.h"
 
 #include <QLineEdit>
+#include <QToolButton>
 #include <QtEndian>
 
 #include <algorithm>
@@ -28,7 +29,20 @@ protected:
         return list("appList");
     }
     [[nodiscard]] bool showsApps() const {
-        return appList().isVisible() && appList().model()->rowCount() > 0;
+        return appList().isVisible() && appList().model()->rowCount() > 1;
+    }
+    /// An app, or the photos beside them.
+    void clickApp(const QString& name) const {
+        for (int row = 0; row < appList().model()->rowCount(); ++row)
+            if (appList().model()->index(row, 0).data().toString() == name)
+                clickRow(appList(), row);
+    }
+    [[nodiscard]] QToolButton* pathPart(const QString& name) const {
+        for (auto* part :
+             window_->findChild<QWidget*>(u"breadcrumbs"_s)->findChildren<QToolButton*>())
+            if (part->isVisible() && part->text() == name)
+                return part;
+        return nullptr;
     }
     [[nodiscard]] bool showsLetter() const {
         const auto& items = window_->browser().items();
@@ -47,7 +61,7 @@ TEST_F(IPhoneWindowTest, appIsChosenAndItsDocumentsAreCopied) {
     EXPECT_TRUE(wait([this] { return !appList().isVisible(); }));
     QTest::keyClick(&search, Qt::Key_Escape);
     ASSERT_TRUE(wait([this] { return showsApps(); }));
-    clickRow(appList(), 0);
+    clickApp(u"Notes"_s);
     ASSERT_TRUE(wait([this] { return showsLetter(); }));
 
     window_->browser().selectAll();
@@ -64,13 +78,87 @@ TEST_F(IPhoneWindowTest, appIsChosenAndItsDocumentsAreCopied) {
 
 TEST_F(IPhoneWindowTest, replugReturnsToTheAppThatWasOpen) {
     ASSERT_TRUE(wait([this] { return showsApps(); }));
-    clickRow(appList(), 0);
+    clickApp(u"Notes"_s);
     ASSERT_TRUE(wait([this] { return showsLetter(); }));
     phone_.phone.unplug();
     EXPECT_TRUE(wait([this] { return window_->browser().state() == BrowserState::deviceLost; }));
     phone_.phone.plugInto(phone_.mux);
     EXPECT_TRUE(wait(
         [this] { return window_->browser().state() == BrowserState::ready && showsLetter(); }));
+}
+
+TEST_F(IPhoneWindowTest, theWayBackToTheAppsIsUp) {
+    auto& listing = window_->browserView();
+    const struct {
+        const char* name;
+        std::function<void()> go;
+    } ways[] = {
+        {"Up", [&] { listing.actions().up->trigger(); }},
+        {"Backspace", [&] { QTest::keyClick(&listing.currentListing(), Qt::Key_Backspace); }},
+        {"the path", [&] { QTest::mouseClick(pathPart(u"Apps"_s), Qt::LeftButton); }},
+        {"the phone", [&] { clickRow(list("deviceList"), 0); }},
+        {"the sidebar", [&] { clickRow(list("volumeList"), 1); }},
+    };
+    ASSERT_TRUE(wait([this] { return showsApps(); }));
+    for (const auto& way : ways) {
+        SCOPED_TRACE(way.name);
+        clickApp(u"Notes"_s);
+        ASSERT_TRUE(wait([this] { return showsLetter() && !appList().isVisible(); }));
+        for (const QString& part : {u"Apps"_s, u"Notes"_s, u"Documents"_s})
+            EXPECT_NE(pathPart(part), nullptr) << part.toStdString();
+        way.go();
+        EXPECT_TRUE(wait([this] { return showsApps(); }));
+    }
+}
+
+class PhotosIPhoneWindowTest : public IPhoneWindowTest {
+protected:
+    PhotosIPhoneWindowTest() : IPhoneWindowTest(wishes(camera_)) {}
+    static VirtualIPhoneConfig wishes(const TemporaryFolder& camera) {
+        camera.write(u"DCIM/100APPLE/IMG_0001.JPG"_s, "a picture");
+        VirtualIPhoneConfig config;
+        config.mediaFolder = camera.path();
+        return config;
+    }
+    [[nodiscard]] bool shows(const QString& name) const {
+        const auto& items = window_->browser().items();
+        return !window_->browser().isLoading() && !appList().isVisible() && !items.empty() &&
+               items.front().name == name;
+    }
+    static inline const TemporaryFolder camera_;
+};
+
+TEST_F(PhotosIPhoneWindowTest, theyAreAVolumeBesideTheApps) {
+    ASSERT_TRUE(wait([this] { return showsApps(); }));
+    clickRow(list("volumeList"), 0);
+    ASSERT_TRUE(wait([this] { return shows(u"DCIM"_s); }));
+    EXPECT_NE(pathPart(u"Photos && Videos"_s), nullptr);
+    EXPECT_EQ(list("volumeList").currentIndex().row(), 0);
+    window_->browser().navigateTo(u"/DCIM/100APPLE"_s);
+    ASSERT_TRUE(wait([this] { return shows(u"IMG_0001.JPG"_s); }));
+    window_->browser().selectAll();
+    window_->browserView().actions().download->trigger();
+    EXPECT_TRUE(wait([this] { return local_.read(u"IMG_0001.JPG"_s) == "a picture"; }));
+
+    window_->browser().clearSelection();
+    window_->browserView().actions().favorite->trigger();
+    clickRow(list("volumeList"), 1);
+    ASSERT_TRUE(wait([this] { return showsApps(); }));
+    clickApp(u"Notes"_s);
+    ASSERT_TRUE(wait([this] { return showsLetter(); }));
+    clickRow(list("favoriteList"), 0);
+    EXPECT_TRUE(wait([this] { return shows(u"IMG_0001.JPG"_s); }));
+    clickRow(list("volumeList"), 1);
+    ASSERT_TRUE(wait([this] { return showsApps(); }));
+    clickApp(u"Photos & Videos"_s);
+    EXPECT_TRUE(wait([this] { return shows(u"DCIM"_s); }));
+
+    // Also after the phone was away.
+    phone_.phone.unplug();
+    EXPECT_TRUE(wait([this] { return window_->browser().state() == BrowserState::deviceLost; }));
+    phone_.phone.plugInto(phone_.mux);
+    EXPECT_TRUE(wait(
+        [this] { return window_->browser().state() == BrowserState::ready && shows(u"DCIM"_s); }));
 }
 
 /// The page of an iPhone that cannot be read yet.

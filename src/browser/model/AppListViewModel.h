@@ -17,7 +17,7 @@ enum class AppListState {
     idle,    ///< no phone is chosen
     loading, ///< the phone is being asked; apps of an earlier answer stay
     ready,   ///< there are apps
-    empty,   ///< no app shares files: see AppListViewModel::emptyExplanation
+    empty,   ///< no app shares files
     noMatch, ///< none fits the search text
     failed,  ///< the phone did not answer: see AppListViewModel::problem
 };
@@ -31,12 +31,6 @@ class AppListViewModel : public QObject {
 public:
     /// Blocking; called off the main thread. Throws Error or CancellationError.
     using ListApps = std::function<std::vector<AppInfo>(const DeviceInfo&, const std::stop_token&)>;
-
-    /// Which apps share files, and why others do not.
-    static constexpr const char* emptyExplanation =
-        "No app on this iPhone shares its files. Only apps whose makers turned on file sharing can "
-        "be opened from a computer; photos, and apps that keep their documents to themselves, "
-        "cannot.";
 
     explicit AppListViewModel(ListApps listApps, QObject* parent = nullptr);
     /// Stops what is under way.

@@ -100,6 +100,7 @@ void FileBrowserViewModel::connect(const QString& udid, const QString& bundleId,
     open(openApp_(phone, app), phone, targetPath);
     isConnecting_ = true;
     appName_ = app.displayName;
+    isMedia_ = isMediaFolder(bundleId);
     Q_EMIT connectionChanged();
 }
 
@@ -114,6 +115,7 @@ void FileBrowserViewModel::open(std::shared_ptr<PhoneFileSystem> files,
     endInBackground(this, std::move(files)); // saying goodbye to a phone takes its time
     activeDevice_ = device;
     appName_ = QStringLiteral("Documents");
+    isMedia_ = false;
     isConnecting_ = false;
     history_ = initialPath.isEmpty() ? left_.value(files_->identity()) : BrowserHistory();
     knownFolders_.clear();

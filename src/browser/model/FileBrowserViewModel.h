@@ -104,6 +104,10 @@ public:
     [[nodiscard]] const QString& appName() const {
         return appName_;
     }
+    /// The photos and videos of an iPhone are shown.
+    [[nodiscard]] bool isMedia() const {
+        return isMedia_;
+    }
     /// The folders shown before. Whoever changes a device behind the browser's back has them
     /// forgotten.
     [[nodiscard]] ListingCache& folders() {
@@ -354,6 +358,7 @@ private:
     std::shared_ptr<PhoneFileSystem> files_;
     std::optional<DeviceInfo> activeDevice_;
     QString appName_ = QStringLiteral("Documents");
+    bool isMedia_ = false;
     QString currentPath_ = QStringLiteral("/");
     QString rootPath_ = QStringLiteral("/");
     int unreadable_ = 0;

@@ -38,6 +38,8 @@ std::shared_ptr<PhoneFileSystem> PhoneFileSystems::open(const DeviceInfo& device
 
 std::shared_ptr<PhoneFileSystem> PhoneFileSystems::openApp(const DeviceInfo& device,
                                                            const AppInfo& app) {
+    if (isMediaFolder(app.bundleIdentifier))
+        return openMedia(device);
     const PhoneIdentity phone = identityOf(device);
     return once(QStringLiteral("app ") + app.bundleIdentifier, phone,
                 [&](const auto& queue) { return ways_.app(phone, app, queue); });

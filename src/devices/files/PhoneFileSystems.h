@@ -38,7 +38,7 @@ public:
     /// An Android phone in the mode that it is to be used in: by adb in Turbo mode where this
     /// machine has it, else over MTP.
     [[nodiscard]] std::shared_ptr<PhoneFileSystem> open(const DeviceInfo& device);
-    /// The documents of an iPhone's app.
+    /// The documents of an iPhone's app; what isMediaFolder() is its photos and videos.
     [[nodiscard]] std::shared_ptr<PhoneFileSystem> openApp(const DeviceInfo& device,
                                                            const AppInfo& app);
     /// An iPhone's photos and videos.

@@ -21,6 +21,14 @@ struct AppInfo {
     bool operator==(const AppInfo&) const = default;
 };
 
+/// An iPhone's photos and videos, which stand beside its apps: opened, kept and named like one.
+[[nodiscard]] inline AppInfo mediaFolder() {
+    return {QStringLiteral("com.apple.afc"), QStringLiteral("Photos & Videos"), true, false};
+}
+[[nodiscard]] inline bool isMediaFolder(const QString& bundleIdentifier) {
+    return bundleIdentifier == QLatin1StringView("com.apple.afc");
+}
+
 [[nodiscard]] inline std::size_t qHash(const AppInfo& app, std::size_t seed = 0) {
     return qHashMulti(seed, app.bundleIdentifier, app.displayName, app.fileSharingEnabled,
                       app.documentsInPlace);

@@ -2,6 +2,7 @@
 
 #include "app/LanguageManager.h"
 #include "app/Translations.h"
+#include "app/texts/DisplayNames.h"
 #include "app/texts/ProblemText.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
@@ -26,6 +27,19 @@ namespace {
 constexpr int iconSize = 40;
 constexpr int margin = 10;
 
+void paintLetter(QPainter& painter, QFont font, const QRect& tile, const QString& name,
+                 const QString& identifier) {
+    // The same app has the same colour every time.
+    const auto hue = static_cast<int>(qChecksum(identifier.toUtf8()) % 360);
+    painter.setBrush(QColor::fromHsv(hue, 120, 190));
+    painter.drawRoundedRect(tile, 9, 9);
+    font.setPointSizeF(font.pointSizeF() * 1.5);
+    font.setWeight(QFont::DemiBold);
+    painter.setFont(font);
+    painter.setPen(Qt::white);
+    painter.drawText(tile, Qt::AlignCenter, name.left(1).toUpper());
+}
+
 /// A row: a tile with the app's first letter, its name, and its identifier below.
 class AppRowDelegate : public QStyledItemDelegate {
 public:
@@ -48,16 +62,10 @@ public:
         painter->setPen(Qt::NoPen);
         const QRect tile(card.left() + margin, card.center().y() - iconSize / 2, iconSize,
                          iconSize);
-        // The same app has the same colour every time.
-        const auto hue = static_cast<int>(qChecksum(identifier.toUtf8()) % 360);
-        painter->setBrush(QColor::fromHsv(hue, 120, 190));
-        painter->drawRoundedRect(tile, 9, 9);
-        QFont letter = option.font;
-        letter.setPointSizeF(letter.pointSizeF() * 1.5);
-        letter.setWeight(QFont::DemiBold);
-        painter->setFont(letter);
-        painter->setPen(Qt::white);
-        painter->drawText(tile, Qt::AlignCenter, name.left(1).toUpper());
+        if (const QVariant picture = index.data(Qt::DecorationRole); picture.isValid())
+            picture.value<QIcon>().paint(painter, tile);
+        else
+            paintLetter(*painter, option.font, tile, name, identifier);
 
         const QColor text =
             palette.color(isSelected ? QPalette::HighlightedText : QPalette::WindowText);
@@ -159,10 +167,10 @@ void AppListView::show() {
         break;
     case AppListState::empty:
         placeholder_->show(QStringLiteral("phone"), tr("No Apps That Share Files"),
-                           tr("No app on this iPhone shares its files. Only apps whose makers "
-                              "turned on file sharing can be opened from a computer; photos, and "
-                              "apps that keep their documents to themselves, cannot."),
-                           tr("Retry"), [this] { apps_.reload(); });
+                           tr("Only apps whose makers turned on file sharing can be opened from a "
+                              "computer. The photos and videos can be opened."),
+                           tr("Photos & Videos"), [this] { choose_(mediaFolder()); });
+        placeholder_->addChoice(tr("Retry"), [this] { apps_.reload(); });
         break;
     case AppListState::noMatch:
         placeholder_->show(QStringLiteral("edit-find"), tr("No Matching Apps"), {},
@@ -179,13 +187,22 @@ void AppListView::show() {
 
 void AppListView::showRows() {
     std::vector<AppInfo> apps = apps_.filteredApps();
+    AppInfo media = mediaFolder();
+    media.displayName = placeDisplayName(media.displayName);
+    if (media.displayName.contains(apps_.searchText().trimmed(), Qt::CaseInsensitive))
+        apps.insert(apps.begin(), media);
     if (apps == shown_)
         return;
     shown_ = std::move(apps);
     rows_->clear();
     for (const AppInfo& app : shown_) {
         auto* row = new QStandardItem(printable(app.displayName));
-        row->setData(printable(app.bundleIdentifier), Qt::UserRole);
+        if (isMediaFolder(app.bundleIdentifier)) {
+            row->setData(tr("What the camera took, and what was saved with it"), Qt::UserRole);
+            row->setData(icon("folder-pictures"), Qt::DecorationRole);
+        } else {
+            row->setData(printable(app.bundleIdentifier), Qt::UserRole);
+        }
         rows_->appendRow(row);
     }
     list_->setCurrentIndex(rows_->index(0, 0));

@@ -133,7 +133,8 @@ void BreadcrumbBar::addPart(const Breadcrumb& part, bool isLast, int mostWidth) 
                         .replace(QLatin1Char('&'), QStringLiteral("&&")));
     button->setAccessibleName(part.name);
     button->setProperty(pathProperty, part.path);
-    button->setToolTip(plainToolTip(printable(part.path)));
+    if (!part.path.isEmpty())
+        button->setToolTip(plainToolTip(printable(part.path)));
     connect(button, &QToolButton::clicked, this, [this, path = part.path] {
         if (onChosen_)
             onChosen_(path);
@@ -143,7 +144,8 @@ void BreadcrumbBar::addPart(const Breadcrumb& part, bool isLast, int mostWidth) 
 
 QToolButton* BreadcrumbBar::partAt(const QPoint& position) const {
     auto* part = qobject_cast<QToolButton*>(childAt(position));
-    return part != nullptr && part->property(pathProperty).isValid() ? part : nullptr;
+    // What leads out of the files is no folder to drop something into.
+    return part != nullptr && !part->property(pathProperty).toString().isEmpty() ? part : nullptr;
 }
 
 void BreadcrumbBar::showTarget(QToolButton* part) {

@@ -109,7 +109,7 @@ void BrowserView::connectActions() {
     };
     on(actions_.back, [this] { browser_.goBack(); });
     on(actions_.forward, [this] { browser_.goForward(); });
-    on(actions_.up, [this] { browser_.navigateUp(); });
+    on(actions_.up, [this] { goUp(); });
     on(actions_.reload, [this] { browser_.reload(); });
     on(actions_.open, [this] { entries_.open(); });
     on(actions_.newFolder, [this] { browser_.createFolder(); });
@@ -198,8 +198,11 @@ QHeaderView& BrowserView::columns() const {
 
 void BrowserView::showPath() {
     std::vector<Breadcrumb> path;
-    if (isInApp())
-        path.push_back({printable(browser_.appName()), {}});
+    if (isInApp()) {
+        path.push_back({tr("Apps"), {}});
+        if (!browser_.isMedia())
+            path.push_back({printable(browser_.appName()), browser_.rootPath()});
+    }
     // The root has a name of ours, or the phone's.
     for (const PathComponent& part : browser_.breadcrumbs())
         path.push_back(
@@ -312,6 +315,14 @@ void BrowserView::setShowApps(std::function<void()> showApps) {
     showApps_ = std::move(showApps);
 }
 
+/// Above the documents of an app are the apps.
+void BrowserView::goUp() {
+    if (browser_.canNavigateUp())
+        browser_.navigateUp();
+    else if (isInApp() && showApps_)
+        showApps_();
+}
+
 void BrowserView::setShowSync(std::function<void(const QWidget& anchor)> showSync) {
     showSync_ = std::move(showSync);
 }
@@ -339,7 +350,7 @@ void BrowserView::updateActions() {
         browser_.files() != nullptr && browser_.state() != BrowserState::deviceLost;
     actions_.back->setEnabled(isUsable && browser_.canGoBack());
     actions_.forward->setEnabled(isUsable && browser_.canGoForward());
-    actions_.up->setEnabled(isUsable && browser_.canNavigateUp());
+    actions_.up->setEnabled(isUsable && (browser_.canNavigateUp() || isInApp()));
     for (QAction* action :
          {actions_.goTo, actions_.reload, actions_.newFolder, actions_.uploadFiles,
           actions_.uploadFolder, actions_.paste, actions_.copyPath, actions_.selectAll,
@@ -433,7 +444,7 @@ bool BrowserView::handleKey(const QKeyEvent& key) {
         entries_.open();
         return true;
     case Qt::Key_Backspace:
-        browser_.navigateUp();
+        goUp();
         return true;
     case Qt::Key_Down:
     case Qt::Key_Up:

@@ -65,6 +65,7 @@ private:
     void connectBrowser();
     void showTexts();
     void showPath();
+    void goUp();
     void showContent();
     void showFolderGone();
     void showEmpty();

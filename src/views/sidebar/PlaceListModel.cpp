@@ -3,6 +3,7 @@
 #include "app/texts/DisplayNames.h"
 #include "base/text/Printable.h"
 #include "browser/listing/EntryMimeData.h"
+#include "phone/records/AppInfo.h"
 #include "views/common/Icons.h"
 #include "views/common/PlainText.h"
 
@@ -55,8 +56,16 @@ const Place* PlaceListModel::placeAt(const QModelIndex& index) const {
 }
 
 QModelIndex PlaceListModel::indexOf(const QString& path) const {
+    const auto found = std::find_if(places_.begin(), places_.end(), [&](const Place& place) {
+        return place.target == Place::Target::folder && place.path == path;
+    });
+    return found == places_.end() ? QModelIndex()
+                                  : index(static_cast<int>(found - places_.begin()));
+}
+
+QModelIndex PlaceListModel::indexOf(Place::Target target) const {
     const auto found = std::find_if(places_.begin(), places_.end(),
-                                    [&](const Place& place) { return place.path == path; });
+                                    [&](const Place& place) { return place.target == target; });
     return found == places_.end() ? QModelIndex()
                                   : index(static_cast<int>(found - places_.begin()));
 }
@@ -180,8 +189,17 @@ std::vector<Place> shortcutsOf(const DeviceInfo& device) {
 }
 
 std::vector<Place> volumesOf(const DeviceInfo& device) {
-    if (device.platform != DevicePlatform::android)
-        return {};
+    if (device.platform == DevicePlatform::iOS)
+        return {{QStringLiteral("camera-photo"),
+                 placeDisplayName(mediaFolder().displayName),
+                 {},
+                 placeDisplayName(mediaFolder().displayName),
+                 Place::Target::media},
+                {QStringLiteral("view-list-icons"),
+                 QCoreApplication::translate("tessary::Sidebar", "Apps"),
+                 {},
+                 QCoreApplication::translate("tessary::Sidebar", "Apps"),
+                 Place::Target::apps}};
     std::vector<Place> places;
     for (std::size_t i = 0; i < device.volumes.size(); ++i) {
         const StorageVolume& volume = device.volumes[i];

@@ -11,12 +11,15 @@
 
 namespace tessary {
 
-/// A folder that the sidebar leads to.
+/// A folder that the sidebar leads to, or, of an iPhone, its apps or its photos.
 struct Place {
+    enum class Target { folder, media, apps };
+
     QString iconName;
     QString title;
-    QString path;
+    QString path; ///< empty for what is no folder
     QString toolTip;
+    Target target = Target::folder;
 
     bool operator==(const Place&) const = default;
 };
@@ -32,10 +35,12 @@ public:
     [[nodiscard]] const Place* placeAt(const QModelIndex& index) const;
     /// The row that is this folder; invalid when none is.
     [[nodiscard]] QModelIndex indexOf(const QString& path) const;
+    [[nodiscard]] QModelIndex indexOf(Place::Target target) const;
 
     /// Whether the row is a folder of the connection that is browsed, as far as the model can tell.
-    [[nodiscard]] virtual bool isOnShownConnection(const QModelIndex&) const {
-        return true;
+    [[nodiscard]] virtual bool isOnShownConnection(const QModelIndex& index) const {
+        const Place* place = placeAt(index);
+        return place != nullptr && place->target == Place::Target::folder;
     }
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;

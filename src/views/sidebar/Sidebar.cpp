@@ -2,6 +2,7 @@
 
 #include "app/LanguageManager.h"
 #include "base/text/PathNames.h"
+#include "phone/records/AppInfo.h"
 #include "views/common/Icons.h"
 #include "views/sidebar/DeviceDelegate.h"
 #include "views/sidebar/ModeSwitch.h"
@@ -111,7 +112,7 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, Callback
         for (auto signal : {&QListView::clicked, &QListView::activated})
             connect(&list->view(), signal, this, [this, model = model](const QModelIndex& index) {
                 if (const Place* place = model->placeAt(index))
-                    callbacks_.openFolder(place->path);
+                    open(*place);
             });
 
     auto* content = new QWidget;
@@ -145,6 +146,20 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, Callback
             &Sidebar::showPlaces);
     fitDeviceList();
     showDevice(std::nullopt, {});
+}
+
+void Sidebar::open(const Place& place) {
+    switch (place.target) {
+    case Place::Target::folder:
+        callbacks_.openFolder(QString(place.path)); // the places may change under it
+        return;
+    case Place::Target::media:
+        callbacks_.openMedia();
+        return;
+    case Place::Target::apps:
+        callbacks_.showApps();
+        return;
+    }
 }
 
 void Sidebar::fitDeviceList() {
@@ -191,7 +206,12 @@ void Sidebar::showFolder(const QString& path) {
     folder_ = path;
     favoriteList_->mark(favoriteModel_.indexOf(path));
     shortcutList_->mark(shortcutModel_.indexOf(path));
-    volumeList_->mark(volumeModel_.indexOf(path));
+    const bool isIPhone = device_ && device_->platform == DevicePlatform::iOS;
+    const bool isMedia =
+        isIPhone && !path.isEmpty() && source_.appBundleId && isMediaFolder(*source_.appBundleId);
+    volumeList_->mark(isMedia    ? volumeModel_.indexOf(Place::Target::media)
+                      : isIPhone ? volumeModel_.indexOf(Place::Target::apps)
+                                 : volumeModel_.indexOf(path));
 }
 
 void Sidebar::changeEvent(QEvent* event) {

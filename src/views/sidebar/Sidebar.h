@@ -28,6 +28,8 @@ public:
     struct Callbacks {
         std::function<void(const DeviceFavorite&)> openFavorite;
         std::function<void(const QString& path)> openFolder;
+        std::function<void()> openMedia; ///< of an iPhone
+        std::function<void()> showApps;  ///< the same
         std::function<void(ProtocolMode)> useMode;
         std::function<void()> showWireless;
     };
@@ -54,6 +56,7 @@ protected:
 
 private:
     void fitDeviceList();
+    void open(const Place& place);
     void showPlaces();
 
     DeviceListModel& devices_;

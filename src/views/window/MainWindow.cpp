@@ -116,8 +116,12 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
 
     connect(sidebar_->deviceList().selectionModel(), &QItemSelectionModel::currentChanged, this,
             &MainWindow::chooseDevice);
-    connect(&sidebar_->deviceList(), &QListView::clicked, this,
-            [this] { pages_->currentWidget()->setFocus(); });
+    connect(&sidebar_->deviceList(), &QListView::clicked, this, [this] {
+        // A click on the phone whose files are shown leads up to its apps.
+        if (!std::exchange(wasChosenByPress_, false))
+            showApps();
+        pages_->currentWidget()->setFocus();
+    });
     sidebar_->setDrops(browserView_->drops());
     browserView_->setFavorites(
         {[this](const QString& path) {
@@ -220,6 +224,8 @@ Sidebar::Callbacks MainWindow::sidebarCallbacks() {
                 browser_.navigateTo(path);
                 pages_->currentWidget()->setFocus();
             },
+            [this] { openMedia(); },
+            [this] { showApps(); },
             [this](ProtocolMode mode) {
                 if (const auto& device = browser_.activeDevice())
                     app_.deviceManager().chooseProtocolMode(device->udid, mode);
@@ -324,6 +330,25 @@ void MainWindow::connectApp(const AppInfo& app, const QString& path) {
     browser_.connect(device->udid, app.bundleIdentifier, app.displayName, *device, path);
 }
 
+/// Where it was left, when it is open.
+void MainWindow::openMedia() {
+    const auto device = chosenDevice();
+    if (!device || device->platform != DevicePlatform::iOS)
+        return;
+    const auto& active = browser_.activeDevice();
+    if (chosenApp_ && isMediaFolder(chosenApp_->bundleIdentifier) && active &&
+        active->udid == device->udid && browser_.state() != BrowserState::deviceLost) {
+        isChoosingApp_ = false;
+        browser_.navigateTo(browser_.rootPath());
+        showSidebar();
+        showPage();
+        browserView_->currentListing().setFocus();
+        return;
+    }
+    apps_.setDevice(*device);
+    openApp(mediaFolder(), QStringLiteral("/"));
+}
+
 void MainWindow::showApps() {
     const auto device = chosenDevice();
     if (!device || device->platform != DevicePlatform::iOS)
@@ -331,6 +356,7 @@ void MainWindow::showApps() {
     isChoosingApp_ = true;
     lastApps_.remove(device->udid);
     apps_.setDevice(*device);
+    showSidebar();
     showPage();
     appList_->setFocus();
 }
@@ -412,6 +438,7 @@ void MainWindow::chooseDevice(const QModelIndex& index) {
     const bool isShown = device != nullptr && active && active->udid == device->udid &&
                          browser_.state() != BrowserState::deviceLost;
     isChoosingApp_ = false;
+    wasChosenByPress_ = QApplication::mouseButtons().testFlag(Qt::LeftButton);
     if (device != nullptr && device->platform == DevicePlatform::iOS) {
         const auto last = lastApps_.constFind(device->udid);
         isChoosingApp_ = !isShown && last == lastApps_.constEnd();

@@ -77,6 +77,7 @@ private:
     /// The attached device that is the same phone, wherever it is plugged in.
     [[nodiscard]] std::optional<DeviceInfo> attached(const DeviceInfo& device) const;
     [[nodiscard]] std::optional<QString> chosenAppId() const;
+    void openMedia();
     void showApps();
     void connectSync();
     void showSidebar();
@@ -93,7 +94,8 @@ private:
     std::optional<AppInfo> chosenApp_; ///< whose documents are browsed
     QHash<QString, AppInfo> lastApps_; ///< that were open, by udid
     bool isChoosingApp_ = false;
-    bool wasFocused_ = false; ///< the files had the keys once
+    bool wasChosenByPress_ = false; ///< until the button is let go
+    bool wasFocused_ = false;       ///< the files had the keys once
     DeviceListModel devices_;
     SyncViewModel sync_;
     Sidebar* sidebar_;
