@@ -57,6 +57,12 @@ TEST_F(MTPListingTest, pathsLeadToTheStorageThatTheyName) {
     EXPECT_FALSE(files_.nameRules(u"/sdcard"_s).forbidsFATCharacters);
 }
 
+TEST_F(MTPListingTest, whatOthersMadeWithoutAWordIsFoundByItsName) {
+    (void)list("/DCIM");
+    phone().write(u"DCIM/theirs.txt"_s, "t");
+    EXPECT_TRUE(files_.find(u"/DCIM/theirs.txt"_s, {}));
+}
+
 TEST_F(MTPListingTest, pathThatLeadsNowhereIsAnErrorForEveryCall) {
     phone().write(u"file"_s, "x");
     const std::pair<const char*, const char*> rows[] = {

@@ -100,6 +100,19 @@ TEST_F(MTPWriteTest, manyFilesIntoOneFolderDoNotListItAgainAndAgain) {
     EXPECT_EQ(phone().content(u"DCIM/late"_s), "t");
 }
 
+TEST_F(MTPWriteTest, fileUnderAPartNameCostsFiveRequests) {
+    (void)files_.makeFolder(u"/DCIM"_s, u"Camera"_s, {});
+    (void)list("/DCIM/Camera");
+    const std::size_t requests = requestsOf([&] {
+        for (int n = 0; n < 20; ++n)
+            files_.rename(write("/DCIM/Camera", u".part"_s, "x"), QString::number(n),
+                          TakenName::refused, {});
+    });
+    // The object's two, a look at what became of it, its name, and a look at that.
+    EXPECT_LE(requests, 20U * 5 + 4);
+    EXPECT_EQ(phone().names(u"DCIM/Camera"_s).size(), 20);
+}
+
 TEST_F(MTPWriteTest, announcedHandleMayBeWorthNothing) {
     phone().behave([](VirtualBehaviour& behaviour) { behaviour.forgetsSentHandle = true; });
     const FileItem made = write("/DCIM", u"a.txt"_s, "content");

@@ -88,6 +88,7 @@ std::uint32_t MTPClient::sendCommand(MTPOperationCode operation, Parameters para
     if (!isSettled_ && recover() == MTPPipeState::busy)
         throw MTPTransportError(MTPTransportError::Case::timeout);
     const std::uint32_t transactionID = transactionIDCounter_++;
+    ++asked_;
     isSettled_ = false;
     phase_ = MTPDataPhase::toHost;
     transport_->send(MTPPacketCodec::buildCommandPacket(operation, transactionID, parameters));

@@ -46,6 +46,10 @@ public:
     /// to rest, which may take a while.
     [[nodiscard]] bool isSettled() const;
 
+    /// How many transactions were begun so far.
+    [[nodiscard]] std::uint64_t asked() const {
+        return asked_;
+    }
     /// How often the device has answered so far.
     [[nodiscard]] std::uint64_t answered() const {
         return answered_;
@@ -135,6 +139,7 @@ private:
     void setWaits(std::chrono::milliseconds patience);
     void recoverSoon() noexcept;
 
+    std::atomic<std::uint64_t> asked_ = 0;
     std::atomic<std::uint64_t> answered_ = 0;
     mutable std::mutex mutex_; ///< held during each call; guards everything below
     const std::unique_ptr<MTPTransportProtocol> transport_;

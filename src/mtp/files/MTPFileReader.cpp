@@ -46,7 +46,7 @@ bool MTPFileReader::step(MTPTree& tree, MTPPartialReads& parts) {
 
 /// Finds the file in a session. It is the one of the first step when it has the same facts.
 void MTPFileReader::confirm(MTPTree& tree) {
-    const MTPFound found = tree.findItem(file_, stop_);
+    const MTPFound found = tree.findListed(file_, stop_);
     if (found.object.isDirectory())
         throw Error(PhoneError::notAFile, {file_.path});
     MTPObjectInfo info = *found.object.info;

@@ -39,6 +39,11 @@ bool MTPFolderContents::contains(std::uint32_t handle) const {
     return knows(handle) || unreadable_.contains(handle);
 }
 
+std::optional<MTPObjectInfo> MTPFolderContents::info(std::uint32_t handle) const {
+    const auto found = objects_.constFind(handle);
+    return found == objects_.cend() ? std::nullopt : std::optional(*found);
+}
+
 const MTPObjectInfo* MTPFolderContents::any() const {
     return objects_.isEmpty() ? nullptr : &*objects_.constBegin();
 }

@@ -34,6 +34,8 @@ public:
     [[nodiscard]] bool knows(std::uint32_t handle) const {
         return objects_.contains(handle);
     }
+    /// The facts of an object; no value when they are not known.
+    [[nodiscard]] std::optional<MTPObjectInfo> info(std::uint32_t handle) const;
     /// Any object with its facts; null when there is none.
     [[nodiscard]] const MTPObjectInfo* any() const;
     /// The object of this very name; null when there is none.

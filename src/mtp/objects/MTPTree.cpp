@@ -97,6 +97,7 @@ MTPTree::Known& MTPTree::known(std::uint32_t storageID, std::uint32_t folder) {
 
 void MTPTree::doubt() {
     folders_.clear();
+    confirmed_.reset();
 }
 
 bool MTPTree::heedEvents() {
@@ -112,6 +113,9 @@ bool MTPTree::heedEvents() {
 }
 
 bool MTPTree::heed(const MTPEvent& event) {
+    if (confirmed_ && confirmed_->info.id == event.parameter)
+        confirmed_.reset();
+    confirmedFolders_.remove(event.parameter);
     const auto knowing = std::find_if(folders_.begin(), folders_.end(), [&](const Known& folder) {
         return folder.contents.contains(event.parameter);
     });
@@ -185,10 +189,31 @@ bool MTPTree::isIn(const MTPObjectInfo& info, std::uint32_t folder) {
     return std::find(listed.begin(), listed.end(), info.id) != listed.end();
 }
 
+MTPObjectInfo MTPTree::infoOf(std::uint32_t handle) {
+    constexpr std::chrono::seconds moment{1};
+    if (!confirmed_ || confirmed_->info.id != handle || confirmed_->asked != client_.asked() ||
+        Clock::now() - confirmed_->at > moment) {
+        MTPObjectInfo info = client_.getObjectInfo(handle);
+        confirmed_ = {std::move(info), client_.asked(), Clock::now()};
+        if (confirmed_->info.isDirectory()) {
+            if (confirmedFolders_.size() >= mostHints)
+                confirmedFolders_.clear();
+            confirmedFolders_.insert(handle, confirmed_->at);
+        }
+    }
+    return confirmed_->info;
+}
+
+/// Whether a folder was asked for a short while ago.
+bool MTPTree::wasConfirmed(std::uint32_t handle) const {
+    const auto at = confirmedFolders_.constFind(handle);
+    return at != confirmedFolders_.cend() && Clock::now() - *at < freshness;
+}
+
 std::optional<MTPObjectInfo> MTPTree::confirm(std::uint32_t handle, const QString& name,
                                               std::uint32_t storageID, std::uint32_t folder) {
     try {
-        MTPObjectInfo info = client_.getObjectInfo(handle);
+        MTPObjectInfo info = infoOf(handle);
         // The roots of two storages have one handle: only the storage tells their entries apart.
         if (info.filename == name && info.storageID == storageID && isIn(info, folder))
             return info;
@@ -229,7 +254,7 @@ std::optional<MTPResolvedObject> MTPTree::resolveChild(const MTPLocation& folder
         return MTPResolvedObject{info.id, info};
     };
     const MTPObjectInfo* listed = parent.contents.find(name);
-    if (listed && parent.isFresh() && !mustBeCurrent)
+    if (listed && !mustBeCurrent && (parent.isFresh() || wasConfirmed(listed->id)))
         return found(*listed);
     const auto hint = memory_.folders.constFind({folder.storageID, location.path});
     for (const std::uint32_t handle :
@@ -241,7 +266,7 @@ std::optional<MTPResolvedObject> MTPTree::resolveChild(const MTPLocation& folder
         }
     if (listed)
         parent.contents.remove(listed->id); // it is not what it was
-    else if (parent.isFreshWhole() && !parent.contents.hasNameOnly(name))
+    else if (!mustBeCurrent && parent.isFreshWhole() && !parent.contents.hasNameOnly(name))
         return std::nullopt;
     std::optional<MTPObjectInfo> match;
     readChildren(
@@ -284,6 +309,23 @@ MTPFound MTPTree::requireFolder(const QString& path, const std::stop_token& stop
 }
 
 MTPFound MTPTree::findItem(const FileItem& item, const std::stop_token& stop) {
+    return findEntry(item, true, stop);
+}
+
+MTPFound MTPTree::findListed(const FileItem& item, const std::stop_token& stop) {
+    return findEntry(item, false, stop);
+}
+
+/// What a whole listing of a folder said of an object that the phone still lists there.
+std::optional<MTPObjectInfo> MTPTree::listedOf(const MTPFound& folder, std::uint32_t handle,
+                                               const std::stop_token& stop) {
+    Known& one = known(folder.location.storageID, folder.object.handle);
+    if (!one.isWhole || !one.contents.knows(handle))
+        return std::nullopt;
+    return contents(folder, stop).info(handle);
+}
+
+MTPFound MTPTree::findEntry(const FileItem& item, bool mustBeCurrent, const std::stop_token& stop) {
     // A name may be empty or hold "/", so that the item's path alone does not tell the folder.
     const QString ending = QLatin1Char('/') + item.name;
     const bool isEntry = item.path.endsWith(ending) && (item.handle || !item.name.isEmpty());
@@ -298,7 +340,11 @@ MTPFound MTPTree::findItem(const FileItem& item, const std::stop_token& stop) {
             requireFolder(item.path.chopped(ending.size()) + QLatin1Char('/'), stop);
         const std::uint32_t storageID = folder.location.storageID;
         const MTPLocation location = folder.location.child(item.name);
-        if (item.handle)
+        if (item.handle && !mustBeCurrent)
+            if (auto info = listedOf(folder, *item.handle, stop);
+                info && info->filename == item.name)
+                found = MTPFound{location, {info->id, info}, folder.object.handle};
+        if (item.handle && !found)
             if (auto info = confirm(*item.handle, item.name, storageID, folder.object.handle))
                 found = MTPFound{location, {info->id, info}, folder.object.handle};
         if (!found)

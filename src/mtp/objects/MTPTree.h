@@ -75,6 +75,9 @@ public:
     /// What was listed as `item`, as the phone describes it now. PhoneError::notFound when nothing
     /// of its name is there, PhoneError::changed when it is not that any more.
     [[nodiscard]] MTPFound findItem(const FileItem& item, const std::stop_token& stop);
+    /// The same for reading: as the phone described it in a listing that its handles still bear
+    /// out, where there was one.
+    [[nodiscard]] MTPFound findListed(const FileItem& item, const std::stop_token& stop);
 
     /// Reads a folder anew.
     void list(const MTPFound& folder, const ChildVisitor& visit,
@@ -89,7 +92,8 @@ public:
     [[nodiscard]] std::vector<std::uint32_t> childHandles(std::uint32_t storageID,
                                                           std::uint32_t folder);
 
-    /// The object of a handle, when it is the one called `name` in that folder of that storage.
+    /// The object of a handle, when it is the one called `name` in that folder of that storage. It
+    /// is not asked for again when the phone's last answer was about it, a moment ago.
     [[nodiscard]] std::optional<MTPObjectInfo> confirm(std::uint32_t handle, const QString& name,
                                                        std::uint32_t storageID,
                                                        std::uint32_t folder);
@@ -121,9 +125,21 @@ private:
             return isWhole && Clock::now() - checkedAt < freshness;
         }
     };
+    /// An object as the phone has described it.
+    struct Confirmed {
+        MTPObjectInfo info;
+        std::uint64_t asked = 0; ///< transactions until then
+        Clock::time_point at;
+    };
     using FolderKey = std::pair<std::uint32_t, std::uint32_t>; ///< storage, handle
 
     [[nodiscard]] bool heed(const MTPEvent& event);
+    [[nodiscard]] MTPObjectInfo infoOf(std::uint32_t handle);
+    [[nodiscard]] bool wasConfirmed(std::uint32_t handle) const;
+    [[nodiscard]] MTPFound findEntry(const FileItem& item, bool mustBeCurrent,
+                                     const std::stop_token& stop);
+    [[nodiscard]] std::optional<MTPObjectInfo>
+    listedOf(const MTPFound& folder, std::uint32_t handle, const std::stop_token& stop);
     [[nodiscard]] bool isIn(const MTPObjectInfo& info, std::uint32_t folder);
     [[nodiscard]] Known& known(std::uint32_t storageID, std::uint32_t folder);
     [[nodiscard]] std::optional<MTPFound> resolve(const MTPLocation& location, bool mustBeCurrent,
@@ -154,6 +170,8 @@ private:
     MTPClient client_;
     std::optional<std::vector<std::uint32_t>> storageIDs_;
     QHash<FolderKey, Known> folders_;
+    std::optional<Confirmed> confirmed_;                       ///< the last one
+    QHash<std::uint32_t, Clock::time_point> confirmedFolders_; ///< by handle
     std::mutex eventMutex_;
     std::vector<MTPEvent> events_; ///< not heeded yet; guarded by eventMutex_
     bool parentsAreZero_ = false;  ///< the phone says so of whatever lies in folders
