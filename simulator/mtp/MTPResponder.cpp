@@ -48,6 +48,10 @@ std::span<const MTPResponder::Operation> MTPResponder::operations() {
         Operation{Code::setObjectPropValue, &R::setObjectPropValue, 2, fromHost},
         Operation{Code::getObjectPropList, &R::getObjectPropList, 5, toHost},
         Operation{Code::androidGetPartialObject64, &R::getPartialObject64, 4, toHost},
+        Operation{Code::androidSendPartialObject, &R::sendPartialObject, 4, fromHost},
+        Operation{Code::androidTruncateObject, &R::truncateObject, 3},
+        Operation{Code::androidBeginEditObject, &R::beginEditObject, 1},
+        Operation{Code::androidEndEditObject, &R::endEditObject, 1},
     };
     return table;
 }
@@ -167,6 +171,7 @@ void MTPResponder::run(const std::shared_ptr<VirtualUSBPort>& port) {
 void MTPResponder::endSession() {
     sessionOpen_ = false;
     pending_.reset();
+    edits_.clear();
 }
 
 } // namespace tessary

@@ -7,6 +7,7 @@
 #include "simulator/wire/Guarded.h"
 
 #include <atomic>
+#include <map>
 #include <set>
 #include <thread>
 
@@ -122,6 +123,14 @@ private:
     void sendObject(Transaction& transaction);
     void dropPending(bool keepsObject);
 
+    // Edits in place
+    /// The file of an edit that was begun; generalError when there is none.
+    [[nodiscard]] const FileHandle& editOf(std::uint32_t handle) const;
+    void beginEditObject(Transaction& transaction);
+    void sendPartialObject(Transaction& transaction);
+    void truncateObject(Transaction& transaction);
+    void endEditObject(Transaction& transaction);
+
     MTPDeviceDescription description_;
     VirtualObjectStore store_;
     const std::unique_ptr<MTPResponderHooks> hooks_;
@@ -134,6 +143,7 @@ private:
     std::uint32_t lastTransactionID_ = 0;
     std::optional<Pending> pending_;
     std::set<std::uint32_t> hidden_; ///< until the next session
+    std::map<std::uint32_t, FileHandle> edits_;
 
     std::mutex threadMutex_; ///< guards both
     std::weak_ptr<VirtualUSBPort> port_;

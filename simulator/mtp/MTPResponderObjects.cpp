@@ -143,14 +143,23 @@ void MTPResponder::getObjectPropList(Transaction& transaction) {
 void MTPResponder::setObjectPropValue(Transaction& transaction) {
     const Bytes value = receiveDataset(transaction);
     const VirtualObject object = store_.object(transaction.command.parameter(0));
-    const auto fileName = static_cast<std::uint32_t>(MTPObjectProperty::objectFileName);
-    if (transaction.command.parameter(1) != fileName)
+    const auto property = static_cast<MTPObjectProperty>(transaction.command.parameter(1));
+    const bool isDate =
+        property == MTPObjectProperty::dateModified && transaction.behaviour.setsDates;
+    if (property != MTPObjectProperty::objectFileName && !isDate)
         throw MTPRefusal(objectPropNotSupported);
     store_.checkWritable(object.storageID);
-    const auto name = MTPPacketCodec::decodeString(value, 0);
-    if (!name || name->second != value.size())
+    const auto text = MTPPacketCodec::decodeString(value, 0);
+    if (!text || text->second != value.size())
         throw MTPRefusal(MTPResponseCode::invalidParameter);
-    store_.rename(object.handle, name->first);
+    if (!isDate) {
+        store_.rename(object.handle, text->first);
+        return;
+    }
+    const auto date = MTPPacketCodec::parseMTPDate(text->first);
+    if (!date)
+        throw MTPRefusal(MTPResponseCode::invalidParameter);
+    store_.setModified(object.handle, date->toSecsSinceEpoch());
 }
 
 } // namespace tessary

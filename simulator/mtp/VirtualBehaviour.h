@@ -26,6 +26,8 @@ struct VirtualBehaviour {
     bool forgetsSentHandle = false;
     /// A file gets the time of its arrival; the rule is the date in its ObjectInfo.
     bool datesFilesItself = false;
+    /// The date of a file can be set; the rule is its name alone.
+    bool setsDates = false;
     /// A file that was sent shows in the next session only.
     bool hidesSentFiles = false;
     /// SendObjectInfo creates the object, empty, at once.

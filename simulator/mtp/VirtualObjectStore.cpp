@@ -238,6 +238,13 @@ FileHandle VirtualObjectStore::openFile(std::uint32_t handle) {
     return file;
 }
 
+FileHandle VirtualObjectStore::editFile(std::uint32_t handle) {
+    FileHandle file(::open(pathOf(handle).c_str(), O_WRONLY | O_NOFOLLOW | O_CLOEXEC));
+    if (!file.isOpen())
+        throw refusalFor(errno);
+    return file;
+}
+
 bool VirtualObjectStore::isEmptyFolder(std::uint32_t handle) {
     std::error_code error;
     return fs::is_empty(pathOf(handle), error) && !error;

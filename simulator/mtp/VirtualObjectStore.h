@@ -63,6 +63,8 @@ public:
     /// A new, empty file to write; `replaces` allows it to be there already.
     [[nodiscard]] FileHandle createFile(std::uint32_t handle, bool replaces);
     [[nodiscard]] FileHandle openFile(std::uint32_t handle);
+    /// A file that is there, to write to.
+    [[nodiscard]] FileHandle editFile(std::uint32_t handle);
     /// Deletes an object with all that is in it; partialDeletion when something stays.
     void remove(std::uint32_t handle);
     [[nodiscard]] bool isEmptyFolder(std::uint32_t handle);

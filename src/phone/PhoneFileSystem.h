@@ -36,6 +36,8 @@ struct FileSystemCapabilities {
     bool hasThumbnails = false;
     bool writes = true;
     bool appends = false; ///< goes on with a file that broke off
+    /// Of files below this many bytes nothing stays when they break off.
+    qint64 appendsFrom = 0;
     /// The steps in which listed dates go; a file's own date may be anywhere within one.
     std::chrono::milliseconds dateStep{1000};
     /// One file of this many bytes is too large; 0: no limit that is known.

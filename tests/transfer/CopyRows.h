@@ -181,7 +181,7 @@ TEST_P(TreeCopyOverWays, aLargeFileGoesOnInItsMiddle) {
     copy.verifies = true;
     EXPECT_EQ(copyFile(copy, noteFirst, {}).size, large.size());
     EXPECT_EQ(target->contents(), (Contents{{s("large"), large}}));
-    if (can.appends) {
+    if (can.appends && can.appendsFrom <= large.size()) {
         EXPECT_GT(first, 4'000'000);
     }
 }

@@ -392,14 +392,24 @@ std::uint32_t MTPClient::createFolder(const QString& name, std::uint32_t parentH
     return sendObjectInfo(info, QStringLiteral("CreateFolder failed: 0x"));
 }
 
-void MTPClient::renameObject(std::uint32_t handle, const QString& newName) {
+void MTPClient::setProperty(std::uint32_t handle, MTPObjectProperty property, const QString& value,
+                            const QString& failure) {
     const std::scoped_lock lock(mutex_);
-    const std::uint32_t transactionID =
-        sendCommand(MTPOperationCode::setObjectPropValue,
-                    {handle, static_cast<std::uint32_t>(MTPObjectProperty::objectFileName)});
+    const std::uint32_t transactionID = sendCommand(MTPOperationCode::setObjectPropValue,
+                                                    {handle, static_cast<std::uint32_t>(property)});
     sendData(MTPOperationCode::setObjectPropValue, transactionID,
-             MTPPacketCodec::encodeString(newName));
-    expectOk(QStringLiteral("RenameObject failed: 0x"));
+             MTPPacketCodec::encodeString(value));
+    expectOk(failure);
+}
+
+void MTPClient::renameObject(std::uint32_t handle, const QString& newName) {
+    setProperty(handle, MTPObjectProperty::objectFileName, newName,
+                QStringLiteral("RenameObject failed: 0x"));
+}
+
+void MTPClient::setDateModified(std::uint32_t handle, const QDateTime& date) {
+    setProperty(handle, MTPObjectProperty::dateModified, MTPPacketCodec::formatMTPDate(date),
+                QStringLiteral("SetDateModified failed: 0x"));
 }
 
 void MTPClient::moveObject(std::uint32_t handle, std::uint32_t storageID,
@@ -407,6 +417,18 @@ void MTPClient::moveObject(std::uint32_t handle, std::uint32_t storageID,
     const std::scoped_lock lock(mutex_);
     sendCommand(MTPOperationCode::moveObject, {handle, storageID, parentHandle});
     expectOk(QStringLiteral("MoveObject failed: 0x"), workPatience);
+}
+
+void MTPClient::beginEdit(std::uint32_t handle) {
+    const std::scoped_lock lock(mutex_);
+    sendCommand(MTPOperationCode::androidBeginEditObject, {handle});
+    expectOk(QStringLiteral("BeginEditObject failed: 0x"));
+}
+
+void MTPClient::endEdit(std::uint32_t handle) {
+    const std::scoped_lock lock(mutex_);
+    sendCommand(MTPOperationCode::androidEndEditObject, {handle});
+    expectOk(QStringLiteral("EndEditObject failed: 0x"), workPatience);
 }
 
 void MTPClient::deleteObject(std::uint32_t handle) {

@@ -106,6 +106,19 @@ public:
     /// The same with all that `object` says of it: storage, parent, name, date of the last change.
     std::uint32_t sendObject(MTPObjectInfo object, const MTPDataSource& source, std::uint64_t size,
                              const MTPStreamOptions& options);
+
+    // A file that is there, written to in place, as Android's extension has it: between beginEdit
+    // and endEdit; the end of the session ends it too. Dates change with it.
+
+    void beginEdit(std::uint32_t handle);
+    /// `size` bytes from `source`, from an offset on that is not beyond the file's end. Broken off
+    /// as getObject; what the device has then stays.
+    void sendPartialObject(std::uint32_t handle, std::uint64_t offset, std::uint32_t size,
+                           const MTPDataSource& source, const MTPStreamOptions& options = {});
+    void endEdit(std::uint32_t handle);
+    /// The date of an object's last change, where the device lets it be set.
+    void setDateModified(std::uint32_t handle, const QDateTime& date);
+
     /// The result as that of sendObject().
     std::uint32_t createFolder(const QString& name, std::uint32_t parentHandle,
                                std::uint32_t storageID);
@@ -124,6 +137,10 @@ private:
     std::uint32_t sendCommand(MTPOperationCode operation, Parameters parameters);
     MTPPipeState recover();
     void sendData(MTPOperationCode operation, std::uint32_t transactionID, ByteView payload);
+    void sendContent(MTPOperationCode operation, Parameters parameters, const MTPDataSource& source,
+                     std::uint64_t size, const QString& failure, const MTPStreamOptions& options);
+    void setProperty(std::uint32_t handle, MTPObjectProperty property, const QString& value,
+                     const QString& failure);
     [[nodiscard]] MTPPacket receiveResponse(std::chrono::milliseconds patience = {});
     [[nodiscard]] MTPPacket receiveFirst();
     void skipResponse();

@@ -150,10 +150,33 @@ std::uint32_t MTPClient::sendObject(MTPObjectInfo object, const MTPDataSource& s
     if (options.accepted)
         options.accepted(handle);
 
-    const std::uint32_t transactionID = sendCommand(MTPOperationCode::sendObject, {});
+    sendContent(MTPOperationCode::sendObject, {}, whole, size,
+                QStringLiteral("SendObject failed: 0x"), options);
+    return handle;
+}
+
+void MTPClient::sendPartialObject(std::uint32_t handle, std::uint64_t offset, std::uint32_t size,
+                                  const MTPDataSource& source, const MTPStreamOptions& options) {
+    const std::scoped_lock lock(mutex_);
+    Bytes first = firstPiece(source, size);
+    throwIfStopped(options.stop);
+    const MTPDataSource whole = [&](std::span<std::byte> buffer) {
+        return first.empty() ? source(buffer) : takeFront(first, buffer);
+    };
+    sendContent(MTPOperationCode::androidSendPartialObject,
+                {handle, static_cast<std::uint32_t>(offset),
+                 static_cast<std::uint32_t>(offset >> 32), size},
+                whole, size, QStringLiteral("SendPartialObject failed: 0x"), options);
+}
+
+/// A transaction whose data phase is a file's content, or a part of it.
+void MTPClient::sendContent(MTPOperationCode operation, Parameters parameters,
+                            const MTPDataSource& source, std::uint64_t size, const QString& failure,
+                            const MTPStreamOptions& options) {
+    const std::uint32_t transactionID = sendCommand(operation, parameters);
     MTPContainerHeader header;
     header.type = MTPContainerType::data;
-    header.code = static_cast<std::uint16_t>(MTPOperationCode::sendObject);
+    header.code = static_cast<std::uint16_t>(operation);
     header.transactionID = transactionID;
     header.length = static_cast<std::uint32_t>(
         std::min<std::uint64_t>(size, full32Bits - MTPContainerHeader::size) +
@@ -161,7 +184,7 @@ std::uint32_t MTPClient::sendObject(MTPObjectInfo object, const MTPDataSource& s
     MTPPacket response;
     phase_ = MTPDataPhase::toDevice;
     try {
-        transport_->sendContainer(header, size, whole, options);
+        transport_->sendContainer(header, size, source, options);
         response = receiveResponse(workPatience);
     } catch (const CancellationError&) {
         recoverSoon();
@@ -171,9 +194,7 @@ std::uint32_t MTPClient::sendObject(MTPObjectInfo object, const MTPDataSource& s
         throw;
     }
     if (response.header.code != rawOk)
-        throw MTPTransportError::refusal(QStringLiteral("SendObject failed: 0x"),
-                                         response.header.code);
-    return handle;
+        throw MTPTransportError::refusal(failure, response.header.code);
 }
 
 } // namespace tessary

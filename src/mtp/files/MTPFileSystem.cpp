@@ -218,6 +218,11 @@ FileSystemCapabilities MTPFileSystem::capabilities(const Call& call) {
         can.renames = device.announces(MTPOperationCode::setObjectPropValue);
         can.moves = device.announces(MTPOperationCode::moveObject);
         can.readsRanges = partialReads() != MTPPartialReads::none;
+        can.appends = memory_.editsObjects &&
+                      device.announces(MTPOperationCode::androidBeginEditObject) &&
+                      device.announces(MTPOperationCode::androidSendPartialObject) &&
+                      device.announces(MTPOperationCode::androidEndEditObject);
+        can.appendsFrom = MTPPieceWriter::smallestFile;
         can.hasThumbnails = device.announces(MTPOperationCode::getThumb);
         can.writes = device.announces(MTPOperationCode::sendObject);
         return can;
@@ -302,6 +307,10 @@ qint64 MTPFileSystem::read(const FileItem& file, ByteRange range, const ByteSink
 
 FileItem MTPFileSystem::write(const NewFile& file, const ByteSource& content,
                               const ByteProgress& progress, const Call& call) {
+    if (file.staysWhenBroken && file.size >= MTPPieceWriter::smallestFile &&
+        capabilities(call).appends)
+        return writeInPieces(MTPPieceWriter(file, content, progress, call.stop),
+                             joinPath(file.folder, file.name), call);
     const auto work = [&](MTPTree& tree) {
         const MTPFound folder = tree.requireFolder(file.folder, call.stop);
         MTPFileWriter writer(tree, folder, call.stop);
@@ -316,6 +325,27 @@ FileItem MTPFileSystem::write(const NewFile& file, const ByteSource& content,
             throw;
         return findInNewSession(file.folder, file.name, file.size, error, call);
     }
+}
+
+FileItem MTPFileSystem::append(const FileItem& begun, qint64 keptBytes, const NewFile& whole,
+                               const ByteSource& content, const ByteProgress& progress,
+                               const Call& call) {
+    if (!capabilities(call).appends)
+        throw Error(PhoneError::notSupported, {begun.path});
+    return writeInPieces(MTPPieceWriter(begun, keptBytes, whole, content, progress, call.stop),
+                         begun.path, call);
+}
+
+FileItem MTPFileSystem::writeInPieces(MTPPieceWriter writer, const QString& path,
+                                      const Call& call) {
+    const auto step = [&](MTPTree& tree) {
+        const bool isMore = writer.step(tree);
+        noteEdit();
+        return isMore;
+    };
+    while (inTurn(call, path, step))
+        continue;
+    return writer.made();
 }
 
 FileItem MTPFileSystem::makeFolder(const QString& parent, const QString& name, const Call& call) {

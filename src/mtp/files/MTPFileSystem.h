@@ -1,6 +1,7 @@
 #pragma once
 
 #include "mtp/files/MTPFileReader.h"
+#include "mtp/files/MTPPieceWriter.h"
 #include "mtp/objects/MTPTree.h"
 #include "phone/PhoneFileSystem.h"
 #include "phone/PhoneQueue.h"
@@ -42,8 +43,13 @@ public:
 
     qint64 read(const FileItem& file, ByteRange range, const ByteSink& sink,
                 const Call& call) override;
+    /// A large file that may stay when it breaks off goes in pieces, where the phone takes them:
+    /// its date is then kept only by those that let it be set.
     FileItem write(const NewFile& file, const ByteSource& content, const ByteProgress& progress,
                    const Call& call) override;
+    FileItem append(const FileItem& begun, qint64 keptBytes, const NewFile& whole,
+                    const ByteSource& content, const ByteProgress& progress,
+                    const Call& call) override;
 
     FileItem makeFolder(const QString& parent, const QString& name, const Call& call) override;
     void remove(const FileItem& item, const Call& call) override;
@@ -71,6 +77,8 @@ private:
     [[nodiscard]] const MTPDeviceInfo& deviceInfo();
     [[nodiscard]] MTPPartialReads& partialReads();
     void noteEdit();
+    [[nodiscard]] FileItem writeInPieces(MTPPieceWriter writer, const QString& path,
+                                         const Call& call);
     [[nodiscard]] FileItem findInNewSession(const QString& folder, const QString& name,
                                             std::optional<qint64> size, const Error& failure,
                                             const Call& call);

@@ -100,6 +100,18 @@ void MTPTree::doubt() {
     confirmed_.reset();
 }
 
+void MTPTree::beginEdit(std::uint32_t handle) {
+    if (edits_.contains(handle))
+        endEdit(handle);
+    client_.beginEdit(handle);
+    edits_.insert(handle);
+}
+
+void MTPTree::endEdit(std::uint32_t handle) {
+    edits_.remove(handle);
+    client_.endEdit(handle);
+}
+
 bool MTPTree::heedEvents() {
     std::vector<MTPEvent> events;
     {

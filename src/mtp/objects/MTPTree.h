@@ -27,6 +27,9 @@ struct MTPPhoneMemory {
     QHash<std::pair<std::uint32_t, QString>, std::uint32_t> folders;
     /// It answers GetObjectPropList, and tells the truth there.
     bool listsProperties = false;
+    /// It takes edits in place, and dates, as far as is known.
+    bool editsObjects = true;
+    bool setsDates = true;
 };
 
 /// The objects of one phone by their paths, in one session that is open from construction to
@@ -56,6 +59,9 @@ public:
 
     [[nodiscard]] MTPClient& client() {
         return client_;
+    }
+    [[nodiscard]] MTPPhoneMemory& memory() {
+        return memory_;
     }
     /// Another one for each session of this program: handles are good within one.
     [[nodiscard]] std::uint64_t serial() const {
@@ -97,6 +103,10 @@ public:
     [[nodiscard]] std::optional<MTPObjectInfo> confirm(std::uint32_t handle, const QString& name,
                                                        std::uint32_t storageID,
                                                        std::uint32_t folder);
+
+    /// MTPClient::beginEdit() and ::endEdit(); an edit that was left open is ended first.
+    void beginEdit(std::uint32_t handle);
+    void endEdit(std::uint32_t handle);
 
     /// Something on the phone was changed by others: all that is known is to be read again.
     void doubt();
@@ -170,6 +180,7 @@ private:
     MTPClient client_;
     std::optional<std::vector<std::uint32_t>> storageIDs_;
     QHash<FolderKey, Known> folders_;
+    QSet<std::uint32_t> edits_;                                ///< begun and not ended
     std::optional<Confirmed> confirmed_;                       ///< the last one
     QHash<std::uint32_t, Clock::time_point> confirmedFolders_; ///< by handle
     std::mutex eventMutex_;

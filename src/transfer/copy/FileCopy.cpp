@@ -163,8 +163,11 @@ struct Resumption {
 };
 
 std::optional<Resumption> resumptionOf(const FileCopy& copy, const Call& call) {
-    if (copy.file.size < resumableFrom || !copy.file.modifiedDate ||
-        !copy.to.capabilities(call).appends || !copy.from.capabilities(call).readsRanges)
+    if (copy.file.size < resumableFrom || !copy.file.modifiedDate)
+        return std::nullopt;
+    const FileSystemCapabilities can = copy.to.capabilities(call);
+    if (!can.appends || copy.file.size < can.appendsFrom ||
+        !copy.from.capabilities(call).readsRanges)
         return std::nullopt;
     Resumption found{resumableName(copy.from, copy.file), {}, 0};
     if (PartInUse::has(found.partName)) // the same file, copied twice at a time

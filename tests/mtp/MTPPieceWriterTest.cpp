@@ -1,0 +1,158 @@
+#include "mtp/MTPFilesFixture.h"
+
+namespace tessary {
+namespace {
+
+using namespace Qt::StringLiterals;
+using enum MTPOperationCode;
+
+constexpr qint64 fileSize = MTPPieceWriter::smallestFile + MTPPieceWriter::checkpoint + 12'345;
+const QDateTime date{QDate(2020, 2, 29), QTime(12, 34, 56)};
+
+QByteArray contentOf(qint64 from, qint64 to) {
+    QByteArray bytes(to - from, Qt::Uninitialized);
+    for (qint64 n = from; n < to; ++n)
+        bytes[n - from] = static_cast<char>(n * 31 + n / 251);
+    return bytes;
+}
+
+class MTPPieceWriterTest : public MTPFilesFixture {
+protected:
+    MTPPieceWriterTest() {
+        phone().disk.makeFolder(u"0/DCIM"_s);
+    }
+    static ByteSource from(qint64 offset) {
+        return [at = offset](std::span<std::byte> buffer) mutable {
+            const auto count = std::min(static_cast<qint64>(buffer.size()), fileSize - at);
+            const QByteArray bytes = contentOf(at, at + count);
+            std::copy_n(reinterpret_cast<const std::byte*>(bytes.constData()), count,
+                        buffer.begin());
+            at += count;
+            return static_cast<std::size_t>(count);
+        };
+    }
+    static NewFile newFile() {
+        return {u"/DCIM"_s, u"video.part"_s, fileSize, date, true};
+    }
+    FileItem writeLarge(const ByteProgress& progress = {}, const Call& call = {}) {
+        return files_.write(newFile(), from(0), progress, call);
+    }
+    [[nodiscard]] bool isWhole() {
+        return phone().content(u"DCIM/video.part"_s) == contentOf(0, fileSize);
+    }
+};
+
+TEST_F(MTPPieceWriterTest, largeFileArrivesWholeAndOthersGetInBetween) {
+    int listings = 0;
+    std::jthread browser;
+    const FileItem made = writeLarge([&](qint64 done) {
+        if (done > 0 && !browser.joinable())
+            browser = std::jthread([&](const std::stop_token& stop) {
+                while (!stop.stop_requested()) {
+                    (void)list("/");
+                    ++listings;
+                }
+            });
+    });
+    browser.request_stop();
+    browser.join();
+    EXPECT_TRUE(isWhole());
+    EXPECT_EQ(made.size, fileSize);
+    EXPECT_EQ(made.name, u"video.part");
+    EXPECT_GT(listings, 3);
+    EXPECT_EQ(phone().requests(androidBeginEditObject), phone().requests(androidEndEditObject));
+    // Smaller ones, and those that need not stay, go in one and keep their date.
+    phone().android.clearRequestLog();
+    NewFile other{u"/DCIM"_s, u"b"_s, fileSize, date, false};
+    EXPECT_EQ(files_.write(other, from(0), {}, {}).modifiedDate, date);
+    EXPECT_EQ(phone().requests(androidSendPartialObject), 0U);
+}
+
+TEST_F(MTPPieceWriterTest, dateIsKeptWhereThePhoneLetsItBeSet) {
+    phone().behave([](VirtualBehaviour& behaviour) { behaviour.setsDates = true; });
+    EXPECT_EQ(writeLarge().modifiedDate, date);
+}
+
+TEST_F(MTPPieceWriterTest, unpluggedCopyIsGoneOnWithWhereItWas) {
+    const qint64 unplugAt = fileSize * 7 / 10;
+    const std::string code = codeOf([&] {
+        writeLarge([&](qint64 done) {
+            if (done >= unplugAt)
+                phone().android.unplug();
+        });
+    });
+    EXPECT_THAT(code, testing::AnyOf("unplugged", "notConnected"));
+    ASSERT_NE(phone().android.plugInto(bus_), 0U);
+    const FileItem begun = item("/DCIM/video.part");
+    EXPECT_GE(begun.size, unplugAt - MTPPieceWriter::pieceSize);
+    const qint64 kept = begun.size - 1'000'000;
+    std::vector<qint64> shown;
+    const FileItem made = files_.append(begun, kept, newFile(), from(kept),
+                                        [&](qint64 done) { shown.push_back(done); }, {});
+    EXPECT_TRUE(isWhole());
+    EXPECT_EQ(made.size, fileSize);
+    EXPECT_GT(shown.front(), kept);
+    EXPECT_EQ(shown.back(), fileSize);
+}
+
+TEST_F(MTPPieceWriterTest, stopIsHeardAndTheRestCanFollowOnTheSameSession) {
+    for (const qint64 after : {qint64{1}, MTPPieceWriter::pieceSize, qint64{30'000'000}}) {
+        std::stop_source stop;
+        EXPECT_EQ(codeOf([&] {
+                      writeLarge(
+                          [&](qint64 done) {
+                              if (done >= after)
+                                  stop.request_stop();
+                          },
+                          stop.get_token());
+                  }),
+                  "cancelled");
+        const FileItem begun = item("/DCIM/video.part");
+        EXPECT_GE(begun.size, after / MTPPieceWriter::pieceSize * MTPPieceWriter::pieceSize);
+        const qint64 kept = std::max<qint64>(begun.size - 100, 0);
+        const FileItem made = files_.append(begun, kept, newFile(), from(kept), {}, {});
+        EXPECT_TRUE(isWhole()) << after;
+        files_.remove(made, {});
+    }
+    EXPECT_EQ(phone().requests(openSession), 1U);
+}
+
+class MTPLyingPhoneTest : public MTPPieceWriterTest,
+                          public testing::WithParamInterface<MTPOperationCode> {};
+
+TEST_P(MTPLyingPhoneTest, phoneThatAnnouncesEditsAndRefusesThemGetsTheFileInOne) {
+    phone().refuse(GetParam(), MTPResponseCode::generalError);
+    EXPECT_EQ(writeLarge().modifiedDate, date);
+    EXPECT_TRUE(isWhole());
+    EXPECT_EQ(phone().names(u"DCIM"_s), QStringList(u"video.part"_s));
+    EXPECT_FALSE(files_.capabilities({}).appends);
+}
+
+INSTANTIATE_TEST_SUITE_P(Operations, MTPLyingPhoneTest,
+                         testing::Values(androidBeginEditObject, androidSendPartialObject),
+                         [](const auto& row) {
+                             return row.param == androidBeginEditObject ? "begin" : "piece";
+                         });
+
+TEST_F(MTPPieceWriterTest, whatEndsACopyIsToldAndLeavesNoOpenEdit) {
+    (void)files_.capabilities({});
+    phone().fault([](VirtualFaults& faults) { faults.storeFullAfter = 50'000'000; });
+    EXPECT_EQ(codeOf([&] { writeLarge(); }), "full");
+    EXPECT_EQ(phone().requests(androidBeginEditObject), phone().requests(androidEndEditObject));
+    EXPECT_EQ(codeOf([&] { writeLarge(); }), "taken");
+    const FileItem begun = item("/DCIM/video.part");
+    phone().fault([](VirtualFaults& faults) { faults.storeFullAfter.reset(); });
+    EXPECT_EQ(codeOf([&] {
+                  files_.append(begun, begun.size, newFile(),
+                                [](std::span<std::byte>) { return std::size_t{0}; }, {}, {});
+              }),
+              "wrongSize");
+    phone().behave([](VirtualBehaviour& behaviour) {
+        behaviour.unsupportedOperations.insert(static_cast<std::uint16_t>(androidBeginEditObject));
+    });
+    replug();
+    EXPECT_EQ(codeOf([&] { files_.append(begun, 0, newFile(), from(0), {}, {}); }), "notSupported");
+}
+
+} // namespace
+} // namespace tessary
