@@ -150,7 +150,7 @@ void MTPClient::expectOk(const QString& failure, std::chrono::milliseconds patie
 void MTPClient::openSession(std::uint32_t sessionID) {
     const std::scoped_lock lock(mutex_);
     transport_->open();
-    transport_->setWaits({patience_.opening, {}});
+    setWaits(patience_.opening);
     try {
         startSession(sessionID);
         setWaits(patience_.answer);

@@ -108,7 +108,7 @@ std::invoke_result_t<Work, MTPTree&> MTPFileSystem::inSession(const std::stop_to
     std::uint64_t answered = 0;
     try {
         if (!tree_)
-            openSession();
+            openSession(stop);
         answered = tree_->client().answered();
         tree_->client().setStop(stop);
         if (const std::uint64_t edits = queue_->edits(); edits != edits_) {
@@ -157,7 +157,7 @@ std::invoke_result_t<Work, MTPTree&> MTPFileSystem::inTurn(const Call& call, con
     return inSession(call.stop, path, std::move(work));
 }
 
-void MTPFileSystem::openSession() {
+void MTPFileSystem::openSession(const std::stop_token& stop) {
     const auto entry = findMTPDevice(bus_, addressOf(phone_));
     if (const std::uint64_t id = entry ? entry->id : 0; id != attachment_) {
         attachment_ = id;
@@ -166,7 +166,7 @@ void MTPFileSystem::openSession() {
         hasBattery_ = true;
     }
     tree_ = std::make_unique<MTPTree>(std::make_unique<MTPUSBTransport>(bus_, addressOf(phone_)),
-                                      memory_, patience_);
+                                      memory_, patience_, stop);
     if (!deviceInfo_)
         memory_.listsProperties = deviceInfo().announces(MTPOperationCode::getObjectPropList);
     queue_->closeWhenIdle(this, [this] { closeSession(); });

@@ -72,7 +72,7 @@ private:
     template <typename Work>
     std::invoke_result_t<Work, MTPTree&> inSession(const std::stop_token& stop, const QString& path,
                                                    Work work);
-    void openSession();
+    void openSession(const std::stop_token& stop);
     void closeSession();
     [[nodiscard]] const MTPDeviceInfo& deviceInfo();
     [[nodiscard]] MTPPartialReads& partialReads();

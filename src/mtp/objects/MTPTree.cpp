@@ -39,7 +39,7 @@ bool isUsable(std::uint32_t storageID) {
 } // namespace
 
 MTPTree::MTPTree(std::unique_ptr<MTPTransportProtocol> transport, MTPPhoneMemory& memory,
-                 MTPPatience patience)
+                 MTPPatience patience, const std::stop_token& stop)
     : memory_(memory), serial_(nextSerial()), client_(std::move(transport), patience) {
     client_.setEventReceiver([this](const MTPEvent& event) {
         // A phone may tell without end: from some number on, all is to be doubted anyway.
@@ -50,6 +50,7 @@ MTPTree::MTPTree(std::unique_ptr<MTPTransportProtocol> transport, MTPPhoneMemory
         else
             events_.back() = {static_cast<std::uint16_t>(MTPEventCode::deviceReset), 0};
     });
+    client_.setStop(stop);
     client_.openSession(1);
 }
 

@@ -50,9 +50,10 @@ public:
     /// Called for a child that is there and whose facts cannot be read.
     using UnreadableVisitor = std::function<void(std::uint32_t handle, const MTPTransportError&)>;
 
-    /// Opens the session. `memory` outlives the tree, and is kept up to date by it.
+    /// Opens the session, unless `stop` ends that early. `memory` outlives the tree, and is kept up
+    /// to date by it.
     MTPTree(std::unique_ptr<MTPTransportProtocol> transport, MTPPhoneMemory& memory,
-            MTPPatience patience = defaultPatience);
+            MTPPatience patience, const std::stop_token& stop);
     ~MTPTree();
     MTPTree(const MTPTree&) = delete;
     MTPTree& operator=(const MTPTree&) = delete;
