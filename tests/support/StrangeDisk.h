@@ -14,6 +14,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <mutex>
 #include <thread>
 
 namespace tessary {
@@ -62,6 +63,18 @@ public:
     [[nodiscard]] QString path() const {
         return shown_.path(QStringLiteral("disk"));
     }
+    /// The n-th request from now on (the next is 1) fails with this errno; 0: none does.
+    void failRequest(int n, int error) {
+        const std::scoped_lock lock(mutex_);
+        failing_ = n;
+        error_ = error;
+        requests_ = 0;
+    }
+    /// Requests since then.
+    [[nodiscard]] int requests() const {
+        const std::scoped_lock lock(mutex_);
+        return requests_;
+    }
     /// What is on it, past its own rules.
     [[nodiscard]] QStringList names(const QString& folder = {}) const {
         return behind_.names(QStringLiteral("files/") + folder);
@@ -87,6 +100,12 @@ private:
         }
         return reached.toUtf8();
     }
+    /// Counts a request. Less than 0: it fails so.
+    [[nodiscard]] static int fault() {
+        StrangeDisk& disk = *instance();
+        const std::scoped_lock lock(disk.mutex_);
+        return ++disk.requests_ == disk.failing_ ? -disk.error_ : 0;
+    }
     /// 0, or what is against a new entry of this path.
     [[nodiscard]] int refusalOf(const char* path) const {
         if (options_.isReadOnly)
@@ -111,10 +130,14 @@ private:
             return nullptr;
         };
         calls.getattr = [](const char* path, struct stat* facts, fuse_file_info*) {
+            if (const int failure = fault(); failure != 0)
+                return failure;
             return answer(::lstat(instance()->at(path), facts));
         };
         calls.readdir = [](const char* path, void* buffer, fuse_fill_dir_t fill, off_t,
                            fuse_file_info*, fuse_readdir_flags) {
+            if (const int failure = fault(); failure != 0)
+                return failure;
             DIR* const folder = ::opendir(instance()->at(path));
             if (folder == nullptr)
                 return -errno;
@@ -124,11 +147,15 @@ private:
             return 0;
         };
         calls.open = [](const char* path, fuse_file_info* info) {
+            if (const int failure = fault(); failure != 0)
+                return failure;
             const int file = ::open(instance()->at(path), info->flags & O_ACCMODE);
             info->fh = static_cast<std::uint64_t>(file);
             return answer(file);
         };
         calls.create = [](const char* path, mode_t mode, fuse_file_info* info) {
+            if (const int failure = fault(); failure != 0)
+                return failure;
             if (const int refusal = instance()->refusalOf(path); refusal != 0)
                 return refusal;
             const int file = ::open(instance()->at(path), O_CREAT | O_EXCL | O_RDWR, mode);
@@ -137,10 +164,14 @@ private:
         };
         calls.read = [](const char*, char* into, std::size_t size, off_t offset,
                         fuse_file_info* info) {
+            if (const int failure = fault(); failure != 0)
+                return failure;
             return static_cast<int>(::pread(static_cast<int>(info->fh), into, size, offset));
         };
         calls.write = [](const char*, const char* bytes, std::size_t size, off_t offset,
                          fuse_file_info* info) {
+            if (const int failure = fault(); failure != 0)
+                return failure;
             const Options& options = instance()->options_;
             const auto end = offset + static_cast<off_t>(size);
             if (options.largestFile > 0 && end > options.largestFile)
@@ -150,17 +181,31 @@ private:
                 return -ENOSPC;
             return static_cast<int>(::pwrite(static_cast<int>(info->fh), bytes, size, offset));
         };
+        calls.flush = [](const char*, fuse_file_info*) { return fault(); };
+        calls.fsync = [](const char*, int, fuse_file_info*) { return fault(); };
         calls.release = [](const char*, fuse_file_info* info) {
             return answer(::close(static_cast<int>(info->fh)));
         };
         calls.mkdir = [](const char* path, mode_t mode) {
+            if (const int failure = fault(); failure != 0)
+                return failure;
             if (const int refusal = instance()->refusalOf(path); refusal != 0)
                 return refusal;
             return answer(::mkdir(instance()->at(path), mode));
         };
-        calls.unlink = [](const char* path) { return answer(::unlink(instance()->at(path))); };
-        calls.rmdir = [](const char* path) { return answer(::rmdir(instance()->at(path))); };
+        calls.unlink = [](const char* path) {
+            if (const int failure = fault(); failure != 0)
+                return failure;
+            return answer(::unlink(instance()->at(path)));
+        };
+        calls.rmdir = [](const char* path) {
+            if (const int failure = fault(); failure != 0)
+                return failure;
+            return answer(::rmdir(instance()->at(path)));
+        };
         calls.rename = [](const char* from, const char* to, unsigned flags) {
+            if (const int failure = fault(); failure != 0)
+                return failure;
             if (flags != 0)
                 return -EINVAL; // as many do not know them
             if (const int refusal = instance()->refusalOf(to); refusal != 0)
@@ -168,9 +213,13 @@ private:
             return answer(::rename(instance()->at(from), instance()->at(to)));
         };
         calls.utimens = [](const char* path, const timespec times[2], fuse_file_info*) {
+            if (const int failure = fault(); failure != 0)
+                return failure;
             return answer(::utimensat(AT_FDCWD, instance()->at(path), times, AT_SYMLINK_NOFOLLOW));
         };
         calls.statfs = [](const char*, struct statvfs* facts) {
+            if (const int failure = fault(); failure != 0)
+                return failure;
             constexpr unsigned long block = 512;
             const Options& options = instance()->options_;
             facts->f_bsize = facts->f_frsize = block;
@@ -186,6 +235,10 @@ private:
     }
 
     const Options options_;
+    mutable std::mutex mutex_; ///< guards the three below
+    int failing_ = 0;
+    int error_ = 0;
+    int requests_ = 0;
     const TemporaryFolder behind_;
     const TemporaryFolder shown_;
     fuse* fuse_ = nullptr;

@@ -126,5 +126,52 @@ TEST_F(StrangeDiskTest, aReadOnlyDiskLeavesAllOutAndSaysWhy) {
     EXPECT_EQ(outcome.end(), CopyOutcome::End::incomplete);
 }
 
+TEST_F(StrangeDiskTest, anyRequestMayFailAndNothingIsLostOrCalledDone) {
+    mount({});
+    if (IsSkipped())
+        return;
+    const auto contentOf = [this](const char* path) {
+        QFile file(disk->path() + QLatin1Char('/') + s(path));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    const QByteArray older(1000, 'o');
+    const Contents newer{{s("taken.txt"), QByteArray(200'000, 'n')},
+                         {s("made/first.txt"), "first"},
+                         {s("made/second.txt"), QByteArray(70'000, 's')}};
+    for (const int error : {EIO, ENOSPC, EDQUOT, EACCES, EROFS, EMFILE, ENOMEM}) {
+        int failing = 1;
+        for (bool hasFailed = true; hasFailed; ++failing) {
+            SCOPED_TRACE(QStringLiteral("%1 at request %2")
+                             .arg(QLatin1StringView(::strerrorname_np(error)))
+                             .arg(failing)
+                             .toStdString());
+            for (const QString& name :
+                 QDir(disk->path())
+                     .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot))
+                if (!QFile::remove(disk->path() + QLatin1Char('/') + name))
+                    QDir(disk->path() + QLatin1Char('/') + name).removeRecursively();
+            QFile taken(disk->path() + s("/taken.txt"));
+            ASSERT_TRUE(taken.open(QIODevice::WriteOnly) && taken.write(older) == older.size());
+            taken.close();
+
+            disk->failRequest(failing, error);
+            const CopyOutcome outcome = download(newer, ClashAnswer::replace);
+            hasFailed = disk->requests() >= failing;
+            disk->failRequest(0, 0);
+
+            bool isAllThere = true;
+            for (auto file = newer.begin(); file != newer.end(); ++file) {
+                const QByteArray there = contentOf(file.key().toUtf8().constData());
+                isAllThere = isAllThere && there == *file;
+                EXPECT_TRUE(there == *file || there.isNull() || there == older)
+                    << file.key().toStdString() << " holds " << there.size() << " bytes";
+            }
+            EXPECT_FALSE(contentOf("taken.txt").isEmpty()) << "the old one went with nothing new";
+            EXPECT_TRUE(isAllThere || outcome.end() != CopyOutcome::End::done);
+        }
+        EXPECT_GT(failing, 20);
+    }
+}
+
 } // namespace
 } // namespace tessary
