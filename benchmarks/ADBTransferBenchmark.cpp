@@ -6,7 +6,8 @@
 // Each line gives the medians and the shortest times, and both ratios. The exit status is 1 when a
 // ratio of medians is above its limit and that of the shortest times is, too: what else a machine
 // does makes single runs up to twice as long. All files lie in memory where there is room: a disk's
-// moods are larger than what is measured.
+// moods are larger than what is measured. An argument names the one part that is to run: "big",
+// "small", "list", "steps" or "straight".
 
 #include "adb/direct/ADBDirectConnection.h"
 #include "adb/direct/ADBTCPTransport.h"
@@ -28,6 +29,7 @@
 #include <chrono>
 #include <cstdio>
 #include <functional>
+#include <string>
 #include <vector>
 
 namespace tessary {
@@ -78,13 +80,28 @@ public:
             std::make_shared<ADBServerClient>(address), ADBPhoneSought{phone_.address(), {}}));
     }
 
-    int run() {
-        makeFiles();
-        oneFile();
-        copy("push 400 x 20 kB", u"small"_s, true, 1);
-        copy("pull 400 x 20 kB", u"small"_s, false, 1);
-        list();
-        steps();
+    /// `only`: one of the parts below; empty for all.
+    int run(const std::string& only) {
+        const auto wants = [&](const char* part) { return only.empty() || only == part; };
+        makeFiles(wants("big") || wants("straight"));
+        if (wants("big"))
+            oneFile();
+        if (wants("small")) {
+            copy("push 400 x 20 kB", u"small"_s, true, 1);
+            copy("pull 400 x 20 kB", u"small"_s, false, 1);
+        }
+        if (wants("list"))
+            list();
+        if (wants("steps"))
+            steps();
+        if (wants("straight"))
+            straightWays();
+        return isWhole_ && isFast_ ? 0 : 1;
+    }
+
+private:
+    /// Without adb, next to nothing.
+    void straightWays() {
         const auto keys = std::make_shared<ADBAuthManager>(
             std::make_unique<FileKeyStore>(disk_.path(u"keys"_s)), ADBHostIdentity{u"a"_s, u"b"_s});
         const std::pair<const char*, ADBDirectConnection::Connect> straight[] = {
@@ -114,10 +131,7 @@ public:
                 std::fflush(stdout);
             }
         }
-        return isWhole_ && isFast_ ? 0 : 1;
     }
-
-private:
     ADBDConfig config() {
         ADBDConfig config;
         config.folder = disk_.makeFolder(u"phone"_s);
@@ -129,8 +143,9 @@ private:
         return std::make_shared<ADBFileSystem>(phone, std::make_shared<PhoneQueue>(),
                                                std::move(connection));
     }
-    void makeFiles() {
-        disk_.write(u"local/big"_s, QByteArray(bigSize, 'x'));
+    void makeFiles(bool withBig) {
+        if (withBig)
+            disk_.write(u"local/big"_s, QByteArray(bigSize, 'x'));
         for (int n = 0; n < smallCount; ++n)
             disk_.write(u"local/small/f%1"_s.arg(n), QByteArray(smallSize, 'y'));
         for (int n = 0; n < listedCount; ++n)
@@ -292,10 +307,10 @@ private:
 } // namespace
 } // namespace tessary
 
-int main() {
+int main(int argc, char** argv) {
     constexpr qint64 room = 5 * tessary::bigSize;
     if (!qEnvironmentVariableIsSet("TMPDIR") &&
         QStorageInfo(QStringLiteral("/dev/shm")).bytesAvailable() > room)
         qputenv("TMPDIR", "/dev/shm");
-    return tessary::Bench().run();
+    return tessary::Bench().run(argc > 1 ? argv[1] : "");
 }

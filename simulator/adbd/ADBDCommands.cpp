@@ -172,8 +172,25 @@ ADBDShellResult makeFolder(ADBDState& state, const Words& words) {
     return code == 0 ? ADBDShellResult() : failed("mkdir: '" + words[1] + "': " + reason(code));
 }
 
+/// `mv -n FROM… FOLDER/`
+ADBDShellResult moveInto(ADBDState& state, const Words& words) {
+    ADBDShellResult all;
+    for (std::size_t n = 2; n + 1 < words.size(); ++n) {
+        const int code = state.hooks->isReadOnly()
+                             ? EROFS
+                             : ADBDFiles(state.config).move(words[n], words.back(), false);
+        if (code == 0)
+            continue;
+        all.errors += "mv: bad '" + words[n] + "': " + reason(code) + '\n';
+        all.status = 1;
+    }
+    return all;
+}
+
 /// `mv [-f|-n] FROM TO`
 ADBDShellResult move(ADBDState& state, const Words& words) {
+    if (words.back().ends_with('/'))
+        return moveInto(state, words);
     const std::string& from = words[words.size() - 2];
     const int code = state.hooks->isReadOnly()
                          ? EROFS
@@ -360,6 +377,7 @@ constexpr std::array knownCommands{
     Known{{"rm", "-f", ""}, 3, &removeFile},
     Known{{"mv", "-f", ""}, 4, &move},
     Known{{"mv", "-n", ""}, 4, &move},
+    Known{{"mv", "-n", ""}, 0, &moveInto},
     Known{{"mv", "", ""}, 3, &move},
     Known{{"find", "", "-type"}, 10, &findFiles},
     Known{{"find", "", "-maxdepth"}, 9, &findLarge},

@@ -174,13 +174,16 @@ int ADBDFiles::move(const std::string& from, const std::string& to, bool mayRepl
     std::error_code failure;
     if (!fs::exists(fs::symlink_status(*source, failure)))
         return ENOENT;
-    if (!mayReplace && fs::exists(fs::symlink_status(*target, failure)) &&
-        !fs::is_directory(*target, failure))
-        return 0;
-    if (*source == *target)
+    if (*source == *target) {
+        if (!mayReplace && !fs::is_directory(*source, failure))
+            return 0;
         target->replace_filename(fs::path(to).filename()); // another spelling of its name
-    else if (fs::is_directory(*target, failure))
-        *target /= source->filename();
+    } else {
+        if (fs::is_directory(*target, failure))
+            *target /= source->filename();
+        if (!mayReplace && fs::exists(fs::symlink_status(*target, failure)))
+            return 0;
+    }
     fs::rename(*source, *target, failure);
     return failure.value();
 }

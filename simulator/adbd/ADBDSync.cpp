@@ -53,7 +53,18 @@ ADBDSync::~ADBDSync() {
 void ADBDSync::receive(ByteView bytes) {
     if (hangs_)
         return;
-    while (!bytes.empty()) {
+    if (pulled_.isOpen()) // one request after another
+        waiting_.insert(waiting_.end(), bytes.begin(), bytes.end());
+    else
+        take(bytes);
+}
+
+void ADBDSync::take(ByteView bytes) {
+    while (!bytes.empty() && !isOver_) {
+        if (pulled_.isOpen()) {
+            waiting_.assign(bytes.begin(), bytes.end());
+            return;
+        }
         if (chunkLeft_ > 0) {
             const std::size_t count = std::min(chunkLeft_, bytes.size());
             writePushed(bytes.first(count));
@@ -211,11 +222,10 @@ void ADBDSync::beginPull(const std::string& path) {
 }
 
 Bytes ADBDSync::produce(std::size_t most) {
-    if (pulled_.isOpen() && out_.size() < most) {
-        Bytes bytes = std::move(out_);
-        out_.clear();
-        appendContent(bytes, most);
-        return bytes;
+    while (pulled_.isOpen() && out_.size() + 2 * recordHeader < most) {
+        appendContent(most);
+        if (!pulled_.isOpen())
+            take(std::exchange(waiting_, {}));
     }
     if (out_.size() <= most)
         return std::exchange(out_, {});
@@ -226,32 +236,30 @@ Bytes ADBDSync::produce(std::size_t most) {
 }
 
 /// DATA records up to the room that there is, and DONE together with the last one.
-void ADBDSync::appendContent(Bytes& bytes, std::size_t most) {
-    const std::size_t before = bytes.size();
-    while (most - bytes.size() > 2 * recordHeader) {
-        const std::size_t at = bytes.size();
+void ADBDSync::appendContent(std::size_t most) {
+    const std::size_t before = out_.size();
+    while (out_.size() + 2 * recordHeader < most) {
+        const std::size_t at = out_.size();
         const std::size_t room = std::min(largestChunk, most - at - 2 * recordHeader);
-        bytes.resize(at + recordHeader + room);
-        const ssize_t got = ::read(pulled_.get(), bytes.data() + at + recordHeader, room);
+        out_.resize(at + recordHeader + room);
+        const ssize_t got = ::read(pulled_.get(), out_.data() + at + recordHeader, room);
         if (got < 0) {
             pulled_.close();
-            bytes.resize(at);
+            out_.resize(at);
             fail("read failed");
-            bytes.insert(bytes.end(), out_.begin(), out_.end());
-            out_.clear();
             break;
         }
         Bytes header;
         appendWord(header, got == 0 ? done : data);
         appendLittleEndian(header, low32(got));
-        std::copy(header.begin(), header.end(), bytes.begin() + static_cast<std::ptrdiff_t>(at));
-        bytes.resize(at + recordHeader + static_cast<std::size_t>(got));
+        std::copy(header.begin(), header.end(), out_.begin() + static_cast<std::ptrdiff_t>(at));
+        out_.resize(at + recordHeader + static_cast<std::size_t>(got));
         if (got == 0) {
             pulled_.close();
             break;
         }
     }
-    slowDown(bytes.size() - before);
+    slowDown(out_.size() - before);
 }
 
 void ADBDSync::beginPush(const std::string& pathAndMode) {

@@ -26,12 +26,13 @@ public:
     }
 
 private:
+    void take(ByteView bytes);
     void serve(ADBSyncCommand command, const std::string& path);
     void appendFacts(const struct stat& status, std::uint64_t size);
     void answerStat(ADBSyncCommand command, const std::string& path);
     void answerList(const std::string& path, bool isNew);
     void beginPull(const std::string& path);
-    void appendContent(Bytes& bytes, std::size_t most);
+    void appendContent(std::size_t most);
     void beginPush(const std::string& pathAndMode);
     void takePushRecord(ByteView bytes);
     void writePushed(ByteView bytes);
@@ -41,8 +42,9 @@ private:
 
     ADBDState& state_;
     const ADBDFiles files_;
-    Bytes in_;  ///< a request that is not complete
-    Bytes out_; ///< answers that were not taken
+    Bytes in_;      ///< a request that is not complete
+    Bytes waiting_; ///< what came while a file was pulled
+    Bytes out_;     ///< answers that were not taken
     bool isOver_ = false;
     bool hangs_ = false;
 

@@ -45,6 +45,18 @@ FileItem PhoneFileSystem::append(const FileItem& begun, qint64, const NewFile&, 
     throw Error(PhoneError::notSupported, {begun.path});
 }
 
+std::vector<std::optional<QByteArray>> PhoneFileSystem::readTogether(const std::vector<FileItem>&,
+                                                                     const Call&) {
+    throw Error(PhoneError::notSupported);
+}
+
+std::vector<std::optional<FileItem>>
+PhoneFileSystem::writeTogether(const QString& folder, const std::vector<SmallFile>&,
+                               const std::function<bool(std::size_t)>&, const ByteProgress&,
+                               const Call&) {
+    throw Error(PhoneError::notSupported, {folder});
+}
+
 std::optional<QByteArray> PhoneFileSystem::thumbnail(const FileItem&, qint64, const Call&) {
     return std::nullopt;
 }

@@ -38,6 +38,8 @@ struct FileSystemCapabilities {
     bool appends = false; ///< goes on with a file that broke off
     /// Of files below this many bytes nothing stays when they break off.
     qint64 appendsFrom = 0;
+    bool readsTogether = false;  ///< many small files in a few steps
+    bool writesTogether = false; ///< makes many small files in a few steps
     /// The steps in which listed dates go; a file's own date may be anywhere within one.
     std::chrono::milliseconds dateStep{1000};
     /// One file of this many bytes is too large; 0: no limit that is known.
@@ -80,6 +82,13 @@ struct NewFile {
     std::optional<QDateTime> modified; ///< set where the way to the phone can
     /// What has arrived stays when the writing breaks off; only where `appends`.
     bool staysWhenBroken = false;
+};
+
+/// A file that is to be made together with others.
+struct SmallFile {
+    QString name; ///< is free
+    QByteArray content;
+    std::optional<QDateTime> modified; ///< set where the way to the phone can
 };
 
 /// What lies where in a file. A negative length means: to its end.
@@ -147,6 +156,11 @@ public:
     /// cannot be read, `offset` is 0; a length then ends the reading early.
     virtual qint64 read(const FileItem& file, ByteRange range, const ByteSink& sink,
                         const Call& call) = 0;
+    /// The whole contents of small files, in a few steps for all of them. What has no value could
+    /// not be read as it was announced: `read` says why. PhoneError::notSupported without
+    /// `readsTogether`.
+    [[nodiscard]] virtual std::vector<std::optional<QByteArray>>
+    readTogether(const std::vector<FileItem>& files, const Call& call);
     /// Makes a file and returns it as the phone shows it then. A name that is taken by the phone's
     /// rules is PhoneError::taken or ::sameName. What a failed or cancelled call has made is
     /// removed again while the link lasts.
@@ -159,6 +173,17 @@ public:
     virtual FileItem append(const FileItem& begun, qint64 keptBytes, const NewFile& whole,
                             const ByteSource& content, const ByteProgress& progress,
                             const Call& call);
+
+    /// Makes files in a folder that is there, in a few steps for all of them, and returns them as
+    /// the phone shows them then. `isWanted` is asked about each one, by its place in `files`, when
+    /// all bytes are across and before it gets its name. What has no value was not made, for a
+    /// reason of its own that `write` tells, and nothing is left of it; after an error that is so
+    /// for all. `progress` counts the bytes of all. PhoneError::notSupported without
+    /// `writesTogether`.
+    virtual std::vector<std::optional<FileItem>>
+    writeTogether(const QString& folder, const std::vector<SmallFile>& files,
+                  const std::function<bool(std::size_t)>& isWanted, const ByteProgress& progress,
+                  const Call& call);
 
     /// Makes a folder in one that is there. PhoneError::taken or ::sameName as above.
     virtual FileItem makeFolder(const QString& parent, const QString& name, const Call& call) = 0;

@@ -69,6 +69,48 @@ TEST(ADBSyncClient, endlessAnswersEndWhereTheCallerSaysSo) {
     EXPECT_GE(received(piece, 100'000), 100'000U) << "a piece that claims 4 GiB";
 }
 
+TEST(ADBSyncClient, manyFilesAtATimeEndWithTheFirstThatIsRefused) {
+    const std::vector<ADBSyncClient::SmallFile> files{{"/a", "a", 1}, {"/b", "b", 2}};
+    const Bytes okay = Record("OKAY").number(0);
+    const Bytes fail = Record("FAIL").number(2).text("no");
+    const std::pair<const char*, Bytes> sent[] = {
+        {"nothing", okay + okay},
+        {"brokenOff", okay},
+        {"brokenOff", okay + Record("OKA")},
+        {"syncFailed", okay + fail},
+        {"syncFailed", fail},
+        {"nonsense", okay + Record("DONE").number(0)},
+        {"nonsense", Record("FAIL").number(0xFFFFFFF0)},
+    };
+    for (const auto& [code, bytes] : sent) {
+        auto client = clientOf(bytes);
+        EXPECT_EQ(codeOf([&] { client.sendTogether(files, 0100660, [](std::uint64_t) {}, {}); }),
+                  code);
+        EXPECT_EQ(client.isUsable(), std::string(code) == "nothing");
+    }
+    const Bytes a = Record("DATA").number(1).text("a") + Record("DONE").number(0);
+    const Bytes endless = Record("DATA").number(1).text("a");
+    const std::tuple<const char*, Bytes, Bytes, int> read[] = {
+        {"nothing", a + a, {}, 2},
+        {"nothing", a + fail, {}, 1},
+        {"nothing", a + Record("DONE").number(0), {}, 1},
+        {"nothing", a, endless, 1},
+        {"nothing", a + Record("DATA").number(0xFFFFFFFF), {}, 1},
+        {"nonsense", a + okay, {}, 0},
+        {"brokenOff", a, {}, 0},
+    };
+    for (const auto& [code, bytes, again, count] : read) {
+        auto client = clientOf(bytes, again);
+        std::vector<std::optional<QByteArray>> contents;
+        EXPECT_EQ(codeOf([&] {
+                      contents = client.receiveTogether({{"/a", 1}, {"/b", 1}}, {});
+                  }),
+                  code);
+        EXPECT_EQ(std::count(contents.begin(), contents.end(), "a"), count);
+        EXPECT_EQ(client.isUsable(), count == 2);
+    }
+}
+
 TEST(ADBSyncClient, nonsenseIsAnErrorAndNothingIsBelieved) {
     const std::pair<const char*, Bytes> rows[] = {
         {"nonsense", Record("OKAY").zeros(16)},

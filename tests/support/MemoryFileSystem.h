@@ -259,6 +259,57 @@ public:
         return itemOf(node);
     }
 
+    [[nodiscard]] std::vector<std::optional<QByteArray>>
+    readTogether(const std::vector<FileItem>& files, const Call& call) override {
+        if (!options_.capabilities.readsTogether)
+            throw std::logic_error("files are read together without readsTogether");
+        std::vector<std::optional<QByteArray>> contents;
+        for (const FileItem& file : files)
+            contents.push_back(attempted([&] {
+                QByteArray content;
+                (void)read(
+                    file, {},
+                    [&](ByteView bytes) {
+                        content.append(reinterpret_cast<const char*>(bytes.data()),
+                                       static_cast<qsizetype>(bytes.size()));
+                    },
+                    call);
+                if (content.size() != file.size)
+                    throw Error(PhoneError::wrongSize, {file.path});
+                return content;
+            }));
+        return contents;
+    }
+    std::vector<std::optional<FileItem>>
+    writeTogether(const QString& folder, const std::vector<SmallFile>& files,
+                  const std::function<bool(std::size_t)>& isWanted, const ByteProgress& progress,
+                  const Call& call) override {
+        if (!options_.capabilities.writesTogether)
+            throw std::logic_error("files are written together without writesTogether");
+        std::vector<std::optional<FileItem>> made;
+        qint64 before = 0;
+        for (std::size_t n = 0; n < files.size(); ++n) {
+            const SmallFile& file = files[n];
+            qsizetype at = 0;
+            const auto source = [&](std::span<std::byte> to) {
+                const auto count =
+                    std::min(static_cast<qsizetype>(to.size()), file.content.size() - at);
+                std::copy_n(reinterpret_cast<const std::byte*>(file.content.constData()) + at,
+                            count, to.begin());
+                at += count;
+                return static_cast<std::size_t>(count);
+            };
+            made.push_back(isWanted(n) ? attempted([&] {
+                return write(
+                    {folder, file.name, file.content.size(), file.modified}, source,
+                    [&](qint64 done) { progress(before + done); }, call);
+            })
+                                       : std::nullopt);
+            before += file.content.size();
+        }
+        return made;
+    }
+
     FileItem makeFolder(const QString& parent, const QString& name, const Call& call) override {
         const QString path = joinPath(parent, name);
         const Step step(*this, options_.queue, {.operation = Operation::makeFolder, .path = path},
@@ -364,6 +415,17 @@ public:
     }
 
 private:
+    template <typename Work>
+    static auto attempted(const Work& work) -> std::optional<decltype(work())> {
+        try {
+            return work();
+        } catch (const Error& error) {
+            if (endsEverything(error))
+                throw;
+            return std::nullopt;
+        }
+    }
+
     // All below is called with the lock held.
 
     [[nodiscard]] FileItem itemOf(const Node& node) const {

@@ -214,6 +214,70 @@ TEST_P(TreeCopyLostLink, atEveryRequest) {
     EXPECT_GT(requests, 10);
 }
 
+MemoryFileSystem::Options phoneForMany() {
+    return {.capabilities = {.setsDates = true, .readsTogether = true, .writesTogether = true},
+            .queue = std::make_shared<PhoneQueue>()};
+}
+
+TEST(SmallFilesTogether, whatDoesNotGoThatWayGoesAloneAndSaysWhy) {
+    const Contents coming{{s("a"), "1"}, {s("b"), "2"}, {s("c"), "3"}, {s("d"), "4"}};
+    DiskSide source;
+    MemorySide target(phoneForMany());
+    source.fill(coming, noon);
+    target.memory->fail(Operation::write, s("/side/b"), {PhoneError::refused}); // not as a part
+    target.memory->beforeEach([&](const MemoryFileSystem::Request& request) {
+        if (request.operation == Operation::write && request.path == s("/side/c"))
+            target.memory->addFile(s("/side/c"), "another's", noon);
+    });
+    const CopyOutcome outcome = run(requestFor(source, target, ClashAnswer::skip));
+    EXPECT_THAT(namesLeftOut(outcome), testing::ElementsAre(s("c: taken")));
+    EXPECT_EQ(outcome.files, 3);
+    Contents expected = coming;
+    expected[s("c")] = "another's";
+    EXPECT_EQ(target.contents(), expected);
+}
+
+TEST(SmallFilesTogether, aLinkLostAtAnyRequestIsMadeGood) {
+    const Contents coming{{s("a"), "1"}, {s("d/"), {}}, {s("d/b"), "2"}, {s("d/c"), "3"}};
+    for (const bool isUpload : {true, false})
+        for (int lostAt = 1;; ++lostAt) {
+            SCOPED_TRACE(lostAt);
+            DiskSide disk;
+            MemorySide phone(phoneForMany());
+            CopyEnd& source = isUpload ? static_cast<CopyEnd&>(disk) : phone;
+            CopyEnd& target = isUpload ? static_cast<CopyEnd&>(phone) : disk;
+            source.fill(coming, noon);
+            TreeCopyRequest request = requestFor(source, target, ClashAnswer::skip);
+            phone.memory->loseLink(lostAt);
+            const CopyOutcome broken = run(std::move(request));
+            phone.memory->restoreLink();
+            if (broken.end() != CopyOutcome::End::done) {
+                ASSERT_EQ(broken.end(), CopyOutcome::End::failed);
+                TreeCopyRequest again = requestFor(source, target, ClashAnswer::merge);
+                again.skipsSame = true;
+                EXPECT_EQ(run(std::move(again)).end(), CopyOutcome::End::done);
+            }
+            EXPECT_EQ(target.contents(), coming);
+            if (broken.end() == CopyOutcome::End::done) {
+                EXPECT_GE(lostAt, 5);
+                break;
+            }
+        }
+}
+
+TEST(Leftovers, foldersOfOursGoWithAllInThemOnceTheyAreOld) {
+    MemorySide target({.rules = {}});
+    const QDateTime now = QDateTime::currentDateTime();
+    target.memory->addFile(s("/side/.tessary-part-old/x"), "x", now);
+    target.memory->addFile(s("/side/.tessary-part-new/x"), "x", now);
+    std::vector<FileItem> items = listAll(*target.memory, s("/side"), {}).items;
+    for (FileItem& item : items)
+        item.modifiedDate = item.name == s(".tessary-part-old") ? now.addSecs(-3600) : now;
+    EXPECT_THAT(tidied(*target.memory, items, {}, {}, {}), testing::IsEmpty());
+    EXPECT_EQ(target.memory->tree(), (QStringList{s("/side/"), s("/side/.tessary-part-new/"),
+                                                  s("/side/.tessary-part-new/x")}));
+}
+
 /// What is to be replaced is looked at again; what changed since stays.
 TEST(FileCopies, whatChangedSinceItWasSeenStays) {
     const struct {

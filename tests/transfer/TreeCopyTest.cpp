@@ -22,12 +22,26 @@ std::unique_ptr<CopyEnd> aPhoneThatReplaces() {
         .capabilities = {.renamesOntoTaken = true, .setsDates = true, .readsRanges = true},
         .queue = std::make_shared<PhoneQueue>()});
 }
+/// One over adb whose shell is up to it.
+std::unique_ptr<CopyEnd> aPhoneForMany() {
+    return std::make_unique<MemorySide>(
+        MemoryFileSystem::Options{.identity = QStringLiteral("adb2"),
+                                  .capabilities = {.renamesOntoTaken = true,
+                                                   .setsDates = true,
+                                                   .readsRanges = true,
+                                                   .readsTogether = true,
+                                                   .writesTogether = true},
+                                  .queue = std::make_shared<PhoneQueue>()});
+}
 
 INSTANTIATE_TEST_SUITE_P(Ways, TreeCopyOverWays,
                          testing::Values(Way{"download", aPhone, aDisk},
                                          Way{"upload", aDisk, aPhone},
                                          Way{"uploadOnto", aDisk, aPhoneThatReplaces},
-                                         Way{"fromPhoneToPhone", aPhone, aPhoneThatReplaces}),
+                                         Way{"uploadTogether", aDisk, aPhoneForMany},
+                                         Way{"downloadTogether", aPhoneForMany, aDisk},
+                                         Way{"fromPhoneToPhone", aPhone, aPhoneThatReplaces},
+                                         Way{"manyToPhone", aPhoneForMany, aPhone}),
                          [](const auto& way) { return way.param.name; });
 
 /// Names are decided by the target, and nothing is left out in silence.

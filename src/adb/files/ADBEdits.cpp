@@ -18,14 +18,14 @@ namespace {
 
 constexpr QLatin1Char slash('/');
 
-std::uint32_t secondsOf(const std::optional<QDateTime>& date) {
+} // namespace
+
+std::uint32_t ADBEdits::secondsOf(const std::optional<QDateTime>& date) {
     constexpr qint64 last = std::numeric_limits<std::uint32_t>::max();
     const qint64 seconds =
         (date && date->isValid() ? *date : QDateTime::currentDateTimeUtc()).toSecsSinceEpoch();
     return static_cast<std::uint32_t>(std::clamp<qint64>(seconds, 0, last));
 }
-
-} // namespace
 
 QString requireItemPath(const FileItem& item, const QString& canonical, const QString& root) {
     if (canonical == root || canonical.count(slash) < 2)
@@ -165,7 +165,6 @@ void ADBEdits::setModified(const FileItem& file, const QDateTime& date) {
 
 FileItem ADBEdits::write(const NewFile& file, const ByteSource& content,
                          const ByteProgress& progress) {
-    constexpr std::uint32_t mode = 0100660; // of a plain file, for its owner and group
     requireName(file.name);
     const QString path = joinPath(file.folder, file.name);
     const QByteArray bytes = phonePath(path);
@@ -175,7 +174,7 @@ FileItem ADBEdits::write(const NewFile& file, const ByteSource& content,
     std::uint64_t done = 0;
     try {
         const ADBFacts facts =
-            session_.sync(stop_).send(bytes, mode, content, secondsOf(file.modified),
+            session_.sync(stop_).send(bytes, newFileMode, content, secondsOf(file.modified),
                                       [&](std::uint64_t sent) {
                                           done = sent;
                                           if (progress)

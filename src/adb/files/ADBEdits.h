@@ -25,13 +25,18 @@ public:
 
     /// PhoneError::changed when something of another kind is there now, ::notFound for nothing.
     static void requireKind(const FileItem& item, const std::optional<ADBFacts>& facts);
+    static void requireFolder(const QString& path, const std::optional<ADBFacts>& facts);
+    static void requireName(const QString& name);
+
+    /// The mode of a file that is made: a plain one, for its owner and group.
+    static constexpr std::uint32_t newFileMode = 0100660;
+    /// A date as the sync service takes it: now, when there is none.
+    [[nodiscard]] static std::uint32_t secondsOf(const std::optional<QDateTime>& date);
 
 private:
     /// What is at a new name's place when it can be had: nothing, or another spelling of `own`.
     [[nodiscard]] bool requireFree(const QString& folder, const QString& name,
                                    const std::optional<ADBFacts>& there, const QString& own);
-    static void requireFolder(const QString& path, const std::optional<ADBFacts>& facts);
-    static void requireName(const QString& name);
     void removeRest(const QByteArray& path);
     [[nodiscard]] FileItem respell(const FileItem& item, const QString& newPath);
     [[nodiscard]] bool isThere(const QByteArray& path);

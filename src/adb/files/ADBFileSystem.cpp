@@ -3,6 +3,7 @@
 #include "adb/files/ADBEdits.h"
 #include "adb/files/ADBListing.h"
 #include "adb/files/ADBPhoneErrors.h"
+#include "adb/files/ADBSmallFiles.h"
 #include "base/log/DiagnosticsLogger.h"
 #include "base/text/PathNames.h"
 #include "base/threads/CancellationError.h"
@@ -105,6 +106,8 @@ FileSystemCapabilities ADBFileSystem::capabilities(const Call& call) {
         can.renamesOntoTaken = true;
         can.setsDates = true;
         can.readsRanges = session_.shell(call.stop).isExact();
+        can.readsTogether = true;
+        can.writesTogether = can.readsRanges;
         can.hasHashes = !session_.hashCommand(call.stop).isEmpty();
         return can;
     });
@@ -190,6 +193,31 @@ FileItem ADBFileSystem::write(const NewFile& file, const ByteSource& content,
     return inTurn(joinPath(there.folder, file.name), call, [&] {
         queue_->noteEdit();
         return ADBEdits(session_, call.stop).write(there, content, progress);
+    });
+}
+
+std::vector<std::optional<QByteArray>>
+ADBFileSystem::readTogether(const std::vector<FileItem>& files, const Call& call) {
+    std::vector<ADBSyncClient::Wanted> wanted;
+    for (const FileItem& file : files)
+        wanted.push_back({phonePath(canonicalPath(file.path)), file.size});
+    return inTurn({}, call, [&] {
+        return session_.asking(call.stop, [&](ADBSyncClient& sync) {
+            return sync.receiveTogether(wanted, {call.stop, ADBSession::patience});
+        });
+    });
+}
+
+std::vector<std::optional<FileItem>>
+ADBFileSystem::writeTogether(const QString& folder, const std::vector<SmallFile>& files,
+                             const std::function<bool(std::size_t)>& isWanted,
+                             const ByteProgress& progress, const Call& call) {
+    const QString path = canonicalPath(folder);
+    return inTurn(path, call, [&] {
+        if (!session_.shell(call.stop).isExact())
+            throw Error(PhoneError::notSupported, {path});
+        queue_->noteEdit();
+        return ADBSmallFiles(session_, path, files, call.stop).write(isWanted, progress);
     });
 }
 

@@ -41,6 +41,12 @@ public:
                 const Call& call) override;
     FileItem write(const NewFile& file, const ByteSource& content, const ByteProgress& progress,
                    const Call& call) override;
+    [[nodiscard]] std::vector<std::optional<QByteArray>>
+    readTogether(const std::vector<FileItem>& files, const Call& call) override;
+    std::vector<std::optional<FileItem>>
+    writeTogether(const QString& folder, const std::vector<SmallFile>& files,
+                  const std::function<bool(std::size_t)>& isWanted, const ByteProgress& progress,
+                  const Call& call) override;
     FileItem makeFolder(const QString& parent, const QString& name, const Call& call) override;
     void remove(const FileItem& item, const Call& call) override;
     void removeTree(const FileItem& item, const Call& call) override;

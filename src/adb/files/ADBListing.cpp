@@ -88,7 +88,7 @@ FileItem itemOf(const QString& name, const QString& path, const ADBFacts& facts)
     const auto seconds = std::clamp(facts.modified, -lastSecond, lastSecond);
     return {name, path, facts.isFolder(),
             facts.isFolder() ? 0 : static_cast<qint64>(std::min(facts.size, largest)),
-            QDateTime::fromSecsSinceEpoch(seconds, QTimeZone::utc()).toLocalTime()};
+            QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC)};
 }
 
 void listADBFolder(ADBSession& session, const QString& folder, const ListingReceiver& receiver,

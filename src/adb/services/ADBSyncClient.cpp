@@ -196,6 +196,106 @@ ADBFacts ADBSyncClient::send(const QByteArray& path, std::uint32_t mode,
     appendStat(pending, question);
     writeContent(path, pending, wait);
     sent(total);
+    takeOkay(path, wait);
+    const ADBFacts facts = takeStat(question, wait);
+    isSound_ = true;
+    return facts;
+}
+
+void ADBSyncClient::sendTogether(const std::vector<SmallFile>& files, std::uint32_t mode,
+                                 const std::function<void(std::uint64_t)>& sent, const Wait& wait) {
+    const QByteArray suffix = ',' + QByteArray::number(mode);
+    for (const SmallFile& file : files)
+        requirePath(file.path + suffix);
+    std::size_t answered = 0;
+    std::uint64_t total = 0;
+    Bytes pending;
+    beginRequest();
+    const auto write = [&] {
+        // Who has refused a file takes no other one.
+        while (answered < files.size() && reader_.hasBytes())
+            takeOkay(files[answered++].path, wait);
+        try {
+            stream_->write(pending, wait);
+        } catch (const Error& error) {
+            if (!error.is(ADBError::brokenOff))
+                throw;
+            while (answered < files.size())
+                takeOkay(files[answered++].path, wait);
+            throw;
+        }
+        pending.clear();
+        sent(total);
+    };
+    for (const SmallFile& file : files) {
+        append(pending, Records::request(ADBSyncCommand::send, file.path + suffix));
+        const auto* content = reinterpret_cast<const std::byte*>(file.content.constData());
+        ByteView left(content, static_cast<std::size_t>(file.content.size()));
+        while (!left.empty()) {
+            const ByteView piece = left.first(std::min(left.size(), largestPiece));
+            appendLittleEndian(pending, word(data));
+            appendLittleEndian(pending, static_cast<std::uint32_t>(piece.size()));
+            pending.insert(pending.end(), piece.begin(), piece.end());
+            left = left.subspan(piece.size());
+            total += piece.size();
+        }
+        append(pending, ADBSyncCodec::buildDone(file.modified));
+        if (pending.size() > largestPiece)
+            write();
+    }
+    write();
+    while (answered < files.size())
+        takeOkay(files[answered++].path, wait);
+    isSound_ = true;
+}
+
+std::vector<std::optional<QByteArray>>
+ADBSyncClient::receiveTogether(const std::vector<Wanted>& files, const Wait& wait) {
+    // So few that the phone takes all requests even while nobody takes its answers.
+    constexpr std::size_t mostAsked = 16;
+    for (const Wanted& file : files)
+        requirePath(file.path, longestPath - 1);
+    std::vector<std::optional<QByteArray>> contents(files.size());
+    std::size_t asked = 0;
+    beginRequest();
+    for (std::size_t n = 0; n < files.size(); ++n) {
+        if (asked <= n + mostAsked / 2) {
+            Bytes requests;
+            for (; asked < std::min(n + mostAsked, files.size()); ++asked)
+                append(requests, Records::request(recv, files[asked].path));
+            if (!requests.empty())
+                stream_->write(requests, wait);
+        }
+        contents[n] = takeContent(files[n], wait);
+        if (!contents[n])
+            return contents; // the phone ends the stream, or goes on with what nobody wants
+    }
+    isSound_ = true;
+    return contents;
+}
+
+std::optional<QByteArray> ADBSyncClient::takeContent(const Wanted& file, const Wait& wait) {
+    QByteArray content;
+    for (;;) {
+        const ByteView front = reader_.take(frontSize, wait);
+        const auto command = adbSyncCommandFromRawValue(readLittleEndian<std::uint32_t>(front, 0));
+        auto left = readLittleEndian<std::uint32_t>(front, Records::wordSize);
+        if (command == done)
+            return content.size() == file.size ? std::optional(content) : std::nullopt;
+        if (command == fail || (command == data && left > file.size - content.size()))
+            return std::nullopt;
+        if (command != data)
+            throwNonsense("a piece of a file");
+        while (left > 0) {
+            const ByteView piece = reader_.takeSome(left, wait);
+            left -= static_cast<std::uint32_t>(piece.size());
+            content.append(reinterpret_cast<const char*>(piece.data()),
+                           static_cast<qsizetype>(piece.size()));
+        }
+    }
+}
+
+void ADBSyncClient::takeOkay(const QByteArray& path, const Wait& wait) {
     const ByteView front = reader_.take(frontSize, wait);
     const auto command = adbSyncCommandFromRawValue(readLittleEndian<std::uint32_t>(front, 0));
     const auto length = readLittleEndian<std::uint32_t>(front, Records::wordSize);
@@ -203,9 +303,6 @@ ADBFacts ADBSyncClient::send(const QByteArray& path, std::uint32_t mode,
         throwFailure(path, length, wait);
     if (command != okay)
         throwNonsense("the end of a file");
-    const ADBFacts facts = takeStat(question, wait);
-    isSound_ = true;
-    return facts;
 }
 
 /// A phone that has ended the stream may have said why.

@@ -76,6 +76,29 @@ public:
                   std::uint32_t modified, const std::function<void(std::uint64_t)>& sent,
                   const Wait& wait);
 
+    struct SmallFile {
+        QByteArray path;
+        QByteArray content;
+        std::uint32_t modified = 0; ///< seconds since 1970-01-01 UTC
+    };
+    /// Makes files without waiting for the phone in between: at most `mostTogether` of them, whose
+    /// answers fit into any buffer on the way. Of what the phone refuses nothing is left, and the
+    /// others may or may not be there.
+    void sendTogether(const std::vector<SmallFile>& files, std::uint32_t mode,
+                      const std::function<void(std::uint64_t)>& sent, const Wait& wait);
+
+    static constexpr std::size_t mostTogether = 64;
+
+    struct Wanted {
+        QByteArray path;
+        qint64 size = 0; ///< bytes
+    };
+    /// The whole contents of files, several of which are asked for at a time. Ends at the first one
+    /// that is refused, or has another size than the one that is wanted: it and those after it have
+    /// no value.
+    [[nodiscard]] std::vector<std::optional<QByteArray>>
+    receiveTogether(const std::vector<Wanted>& files, const Wait& wait);
+
 private:
     void beginRequest() {
         isSound_ = false;
@@ -86,6 +109,8 @@ private:
     void writeContent(const QByteArray& path, const Bytes& bytes, const Wait& wait);
     [[noreturn]] void throwFailure(const QByteArray& path, std::uint32_t length, const Wait& wait);
     void throwIfAnswered(const QByteArray& path, const Wait& wait);
+    [[nodiscard]] std::optional<QByteArray> takeContent(const Wanted& file, const Wait& wait);
+    void takeOkay(const QByteArray& path, const Wait& wait);
 
     const std::unique_ptr<ADBStream> stream_;
     ADBReader reader_;

@@ -5,8 +5,9 @@
 namespace tessary {
 
 QString shownDate(const FileItem& item) {
-    return item.modifiedDate ? item.modifiedDate->toString(QStringLiteral("yyyy-MM-dd HH:mm"))
-                             : QString(16, QLatin1Char(' '));
+    return item.modifiedDate
+               ? item.modifiedDate->toLocalTime().toString(QStringLiteral("yyyy-MM-dd HH:mm"))
+               : QString(16, QLatin1Char(' '));
 }
 
 QString fileLine(const FileItem& item, const QString& shown) {

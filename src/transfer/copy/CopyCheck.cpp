@@ -79,7 +79,7 @@ CopyCheck checkCopy(const TreeCopyRequest& request, const CopyCheckFacts& facts,
     const NameRules rules = orNothing([&] { return to.nameRules(request.folder); });
     QHash<QString, FileItem> there;
     for (FileItem& item : orNothing([&] { return listAll(to, request.folder, stop); }).items)
-        if (item.isDirectory || !isPartName(item.name))
+        if (!isPartName(item.name))
             there.insert(rules.key(item.name), std::move(item));
     QSet<QString> given;
     for (const CopyItem& item : request.items) {

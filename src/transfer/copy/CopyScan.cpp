@@ -79,7 +79,7 @@ private:
                 {{FileItem(name, entry.path, false, 0, {}), name, place}, entry.error});
         }
         for (FileItem& item : listing.items) {
-            if (!item.isDirectory && isPartName(item.name))
+            if (isPartName(item.name))
                 continue;
             const QString name = item.name;
             add({std::move(item), name, place}, folder.content, depth + 1);

@@ -102,9 +102,7 @@ bool PartInUse::has(const QString& name) {
 
 std::vector<FileItem> tidied(PhoneFileSystem& files, std::vector<FileItem> entries,
                              const NameRules& rules, const QStringList& awaited, const Call& call) {
-    const auto isOurs = [](const FileItem& item) {
-        return !item.isDirectory && isPartName(item.name);
-    };
+    const auto isOurs = [](const FileItem& item) { return isPartName(item.name); };
     const auto firstOurs =
         std::stable_partition(entries.begin(), entries.end(), std::not_fn(isOurs));
     const std::vector<FileItem> ours(firstOurs, entries.end());
@@ -118,8 +116,8 @@ std::vector<FileItem> tidied(PhoneFileSystem& files, std::vector<FileItem> entri
         if (PartInUse::has(item.name))
             continue;
         const auto name = nameWaitedFor(item.name, awaited);
-        const bool waits =
-            item.name.startsWith(waitingPrefix) || item.name.startsWith(hashedPrefix);
+        const bool waits = !item.isDirectory && (item.name.startsWith(waitingPrefix) ||
+                                                 item.name.startsWith(hashedPrefix));
         if (waits && !(name && taken.contains(rules.key(*name)))) {
             if (name && rules.accepts(*name))
                 tries([&] {
@@ -127,7 +125,7 @@ std::vector<FileItem> tidied(PhoneFileSystem& files, std::vector<FileItem> entri
                     taken.insert(rules.key(*name));
                 });
         } else if (isOld(item)) {
-            tries([&] { files.remove(item, call); });
+            tries([&] { files.removeTree(item, call); });
         }
     }
     return entries;

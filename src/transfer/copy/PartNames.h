@@ -16,7 +16,8 @@ inline constexpr std::chrono::minutes oldestPart{10};
 /// A file that broke off and can be gone on with is kept this long.
 inline constexpr std::chrono::hours oldestBrokenOff{24};
 
-/// Whether a file is one of ours on its way: no listing, copy or sync takes it for the user's.
+/// Whether a file is one of ours on its way, or a folder holds such: no listing, copy or sync takes
+/// it for the user's.
 [[nodiscard]] bool isPartName(const QString& name);
 
 /// What a whole file is called while the old one of its name is removed: the only one of the two

@@ -9,6 +9,7 @@
 #include "transfer/copy/PartNames.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tessary {
 
@@ -60,6 +61,8 @@ CopyOutcome TreeCopy::run(const CopyProgress& progress, const std::stop_token& s
 void TreeCopy::copyAll() {
     can_ = request_.to->capabilities(call_);
     dateStep_ = std::max(can_.dateStep, request_.from->capabilities(call_).dateStep);
+    sendsTogether_ = (can_.writesTogether || request_.from->capabilities(call_).readsTogether) &&
+                     !request_.verifies && !request_.removesSource;
     outcome_.items = request_.items;
     CopyScan scan = scanForCopy(
         *request_.from, request_.items,
@@ -122,26 +125,65 @@ TargetFolder TreeCopy::openTarget(const QString& path, const QStringList& awaite
 }
 
 void TreeCopy::copyInto(const std::vector<ScannedItem>& items, TargetFolder& target) {
+    Together together;
     for (const ScannedItem& scanned : items) {
         throwIfStopped(call_.stop);
-        try {
-            copyOne(scanned, target);
-        } catch (const Error& error) {
-            if (endsCopy(error))
-                throw;
-            progress_.currentFileBytes = 0;
-            progress_.currentFileTotal = 0;
-            outcome_.leftOut.push_back({scanned.item, error});
-            forgetFiles(scanned);
-        }
+        const bool isFolder = scanned.item.item.isDirectory;
+        if (isFolder || together.files.isFull())
+            copyTogether(together, target);
+        attempt(scanned, [&] {
+            isFolder ? copyFolder(scanned, target) : copyFileTo(scanned, target, together);
+        });
+    }
+    copyTogether(together, target);
+}
+
+/// Copies one item; what it refuses is left out and named.
+void TreeCopy::attempt(const ScannedItem& scanned, const std::function<void()>& work) {
+    try {
+        work();
+    } catch (const Error& error) {
+        if (endsCopy(error))
+            throw;
+        progress_.currentFileBytes = 0;
+        progress_.currentFileTotal = 0;
+        outcome_.leftOut.push_back({scanned.item, error});
+        forgetFiles(scanned);
     }
 }
 
-void TreeCopy::copyOne(const ScannedItem& scanned, TargetFolder& target) {
-    if (scanned.item.item.isDirectory)
-        copyFolder(scanned, target);
-    else
-        copyFileTo(scanned, target);
+/// Sends what has been gathered. What does not go that way goes alone, and says why it cannot.
+void TreeCopy::copyTogether(Together& together, TargetFolder& target) {
+    const Together gathered = std::exchange(together, {});
+    const std::vector<SmallFiles::One>& files = gathered.files.all();
+    std::vector<std::optional<FileItem>> made(files.size());
+    if (files.size() > 1) {
+        made = gathered.files.copy(
+            *request_.from, *request_.to, target.path(), checksSource(),
+            [this](qint64 done) {
+                progress_.currentFileBytes = done;
+                progress_.currentFileTotal = done;
+                pacer_->show(progress_);
+            },
+            call_);
+        progress_.currentFileBytes = 0;
+        progress_.currentFileTotal = 0;
+    }
+    for (std::size_t n = 0; n < files.size(); ++n) {
+        const ScannedItem& scanned = *gathered.scanned[n];
+        const QString& name = files[n].name;
+        if (made[n])
+            noteCopied(scanned.item, *made[n], {});
+        else
+            attempt(scanned, [&] {
+                throwIfStopped(call_.stop);
+                requireRoom(target.path(), scanned.item.item.size);
+                transfer(scanned.item, target.path(), name, {});
+                made[n] = FileItem();
+            });
+        if (made[n])
+            noteMade(scanned, joinPath(target.path(), name), name);
+    }
 }
 
 TargetFolder::Decision TreeCopy::place(const CopyItem& item, TargetFolder& target) {
@@ -178,7 +220,7 @@ void TreeCopy::copyFolder(const ScannedItem& scanned, TargetFolder& target) {
         removeSource(item);
 }
 
-void TreeCopy::copyFileTo(const ScannedItem& scanned, TargetFolder& target) {
+void TreeCopy::copyFileTo(const ScannedItem& scanned, TargetFolder& target, Together& together) {
     const CopyItem& item = scanned.item;
     const TargetFolder::Decision decision = place(item, target);
     if (const auto* error = std::get_if<Error>(&decision))
@@ -194,12 +236,22 @@ void TreeCopy::copyFileTo(const ScannedItem& scanned, TargetFolder& target) {
         replace != nullptr ? replace->existing.name : std::get<TargetFolder::Make>(decision).name;
     if (can_.largestFile > 0 && item.item.size > can_.largestFile)
         throw Error(PhoneError::tooLarge, {item.item.path});
+    if (replace == nullptr && sendsTogether_ && SmallFiles::takes(item.item)) {
+        together.files.add({item.item, name});
+        together.scanned.push_back(&scanned);
+        return;
+    }
     requireRoom(target.path(), item.item.size);
     transfer(item, target.path(), name,
              replace != nullptr ? std::optional(replace->existing) : std::nullopt);
     noteMade(scanned, joinPath(target.path(), name), name);
     if (request_.removesSource)
         removeSource(item);
+}
+
+/// A look at a file here costs nothing; at a phone it is one more request a file.
+bool TreeCopy::checksSource() const {
+    return !request_.from->queue() || request_.removesSource;
 }
 
 void TreeCopy::transfer(const CopyItem& item, const QString& folder, const QString& name,
@@ -211,8 +263,7 @@ void TreeCopy::transfer(const CopyItem& item, const QString& folder, const QStri
                   .folder = folder,
                   .name = name,
                   .replaces = replaces,
-                  // A look at a file here costs nothing; at a phone it is one more request a file.
-                  .checksSource = !request_.from->queue() || request_.removesSource,
+                  .checksSource = checksSource(),
                   .verifies = request_.verifies || request_.removesSource,
                   .verified = [&sha256](const QByteArray& hash) { sha256 = hash; }};
     const qint64 announced = std::max<qint64>(item.item.size, 0);
@@ -235,6 +286,11 @@ void TreeCopy::transfer(const CopyItem& item, const QString& folder, const QStri
         copy.file = *now;
         made = copyFile(copy, show, call_);
     }
+    noteCopied(item, made, sha256);
+}
+
+void TreeCopy::noteCopied(const CopyItem& item, const FileItem& made, const QByteArray& sha256) {
+    const qint64 announced = std::max<qint64>(item.item.size, 0);
     progress_.currentFileBytes = 0;
     progress_.currentFileTotal = 0;
     ++progress_.completedFiles;

@@ -6,6 +6,7 @@
 #include "transfer/copy/CopyTypes.h"
 #include "transfer/copy/CopyWitness.h"
 #include "transfer/copy/ProgressPacer.h"
+#include "transfer/copy/SmallFiles.h"
 #include "transfer/copy/TargetFolder.h"
 
 #include <memory>
@@ -43,12 +44,21 @@ public:
     [[nodiscard]] CopyOutcome run(const CopyProgress& progress, const std::stop_token& stop);
 
 private:
+    /// Small files of one folder that have their names and wait for others.
+    struct Together {
+        SmallFiles files;
+        std::vector<const ScannedItem*> scanned{}; ///< in the same order
+    };
+
     void copyAll();
     void copyGroup(const std::vector<ScannedItem>& group, const QString& below);
     void copyInto(const std::vector<ScannedItem>& items, TargetFolder& target);
-    void copyOne(const ScannedItem& scanned, TargetFolder& target);
     void copyFolder(const ScannedItem& scanned, TargetFolder& target);
-    void copyFileTo(const ScannedItem& scanned, TargetFolder& target);
+    void copyFileTo(const ScannedItem& scanned, TargetFolder& target, Together& together);
+    void copyTogether(Together& together, TargetFolder& target);
+    void attempt(const ScannedItem& scanned, const std::function<void()>& work);
+    [[nodiscard]] bool checksSource() const;
+    void noteCopied(const CopyItem& item, const FileItem& made, const QByteArray& sha256);
     void transfer(const CopyItem& item, const QString& folder, const QString& name,
                   const std::optional<FileItem>& replaces);
     void removeSource(const CopyItem& item);
@@ -64,6 +74,7 @@ private:
     Call call_;
     ProgressPacer* pacer_ = nullptr; ///< while run() runs, as `call_`
     FileSystemCapabilities can_;
+    bool sendsTogether_ = false;
     std::chrono::milliseconds dateStep_{};
     std::optional<std::uint64_t> room_; ///< bytes at the target, by our own count
     TransferProgress progress_;

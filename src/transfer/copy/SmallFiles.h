@@ -1,0 +1,58 @@
+#pragma once
+
+#include "phone/PhoneFileSystem.h"
+
+#include <optional>
+#include <vector>
+
+namespace tessary {
+
+/// Small files on their way into one folder, gathered until there are enough of them to be sent
+/// together.
+class SmallFiles {
+public:
+    static constexpr qint64 largestFile = 128 * 1024; ///< bytes
+    static constexpr qint64 mostBytes = 1024 * 1024;  ///< of all
+    static constexpr std::size_t mostFiles = 64;
+
+    struct One {
+        FileItem file;
+        QString name; ///< is free at the target
+    };
+
+    [[nodiscard]] static bool takes(const FileItem& file) {
+        return !file.isDirectory && file.size >= 0 && file.size <= largestFile;
+    }
+    void add(One one) {
+        bytes_ += one.file.size;
+        files_.push_back(std::move(one));
+    }
+    [[nodiscard]] bool isFull() const {
+        return files_.size() >= mostFiles || bytes_ >= mostBytes;
+    }
+    [[nodiscard]] std::size_t count() const {
+        return files_.size();
+    }
+    [[nodiscard]] const std::vector<One>& all() const {
+        return files_;
+    }
+
+    /// Copies all of them and says what has become of each; no value for one that is to be copied
+    /// alone, which tells why. A source that is not what was seen gets no name, as with copyFile(),
+    /// when `checksSource`. Throws CancellationError, what `progress` throws, and Error that
+    /// endsEverything().
+    [[nodiscard]] std::vector<std::optional<FileItem>>
+    copy(PhoneFileSystem& from, PhoneFileSystem& to, const QString& folder, bool checksSource,
+         const ByteProgress& progress, const Call& call) const;
+
+private:
+    [[nodiscard]] std::vector<std::optional<QByteArray>> contents(PhoneFileSystem& from,
+                                                                  const Call& call) const;
+    [[nodiscard]] static std::optional<FileItem> put(PhoneFileSystem& to, const QString& folder,
+                                                     const SmallFile& file, const Call& call);
+
+    std::vector<One> files_;
+    qint64 bytes_ = 0;
+};
+
+} // namespace tessary
