@@ -1,8 +1,9 @@
 #include "base/threads/MainThread.h"
-#include "base/values/TessaryError.h"
 #include "support/MainLoop.h"
 
 #include <atomic>
+#include <stdexcept>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -37,7 +38,7 @@ TEST_F(MainThreadTest, postsOfEachThreadArriveOnTheMainThreadInTheirOrder) {
 TEST_F(MainThreadTest, resultAndExceptionOfTheWorkAreDelivered) {
     QObject context;
     std::optional<int> value;
-    std::optional<QString> failure;
+    std::optional<std::string> failure;
     runInBackground(
         &context, [] { return std::make_unique<int>(42); }, // a value that cannot be copied
         [&](BackgroundResult<std::unique_ptr<int>> result) {
@@ -45,18 +46,18 @@ TEST_F(MainThreadTest, resultAndExceptionOfTheWorkAreDelivered) {
             value = *result.take();
         });
     runInBackground(
-        &context, [] { throw TessaryError::transferCancelled(); },
+        &context, [] { throw std::runtime_error("no luck"); },
         [&](BackgroundResult<void> result) {
             EXPECT_FALSE(result.succeeded());
             try {
                 result.take();
-            } catch (const TessaryError& error) {
-                failure = error.description();
+            } catch (const std::runtime_error& error) {
+                failure = error.what();
             }
         });
     ASSERT_TRUE(eventually([&] { return value && failure; }));
     EXPECT_EQ(*value, 42);
-    EXPECT_EQ(*failure, TessaryError::transferCancelled().description());
+    EXPECT_EQ(*failure, "no luck");
 }
 
 TEST_F(MainThreadTest, resultForAContextThatIsGoneIsDropped) {

@@ -1,5 +1,6 @@
 #include "base/local/PartFile.h"
-#include "base/values/TessaryError.h"
+
+#include "base/local/LocalError.h"
 #include "support/OrdinaryUser.h"
 #include "support/QtPrinters.h"
 #include "support/TemporaryFolder.h"
@@ -94,7 +95,7 @@ TEST_F(PartFileTest, commitDatesTheFileWhenItCan) {
 
 TEST_F(PartFileTest, folderInTheWayIsRefusedAndStays) {
     folder_.write(QStringLiteral("photo.jpg/inside"), "kept");
-    EXPECT_THROW(PartFile{target_}, TessaryError);
+    EXPECT_THROW(PartFile{target_}, Error);
     EXPECT_EQ(folder_.names(), QStringList(QStringLiteral("photo.jpg")));
 
     // The folder may also come while the copy runs.
@@ -102,7 +103,7 @@ TEST_F(PartFileTest, folderInTheWayIsRefusedAndStays) {
     {
         PartFile part(later);
         folder_.write(QStringLiteral("later/inside"), "kept");
-        EXPECT_THROW(part.commit(std::nullopt), TessaryError);
+        EXPECT_THROW(part.commit(std::nullopt), Error);
     }
     EXPECT_EQ(folder_.names(), (QStringList{QStringLiteral("later"), QStringLiteral("photo.jpg")}));
     EXPECT_EQ(folder_.read(QStringLiteral("later/inside")), "kept");
@@ -112,8 +113,8 @@ TEST_F(PartFileTest, folderThatIsMissingOrReadOnlyIsNamed) {
     const auto messageFor = [](const QString& path) {
         try {
             PartFile part(path);
-        } catch (const TessaryError& error) {
-            return error.message();
+        } catch (const Error& error) {
+            return error.arguments().value(0).toString();
         }
         return QString();
     };
@@ -137,9 +138,9 @@ TEST_F(PartFileTest, fullDiskLeavesTheOldFileAndNoOther) {
         try {
             part.write(bytes(much));
             FAIL() << "the disk is full";
-        } catch (const TessaryError& error) {
-            EXPECT_EQ(error.kind(), TessaryError::Case::fileIOError);
-            EXPECT_TRUE(error.message().contains(target_)) << error.what();
+        } catch (const Error& error) {
+            EXPECT_EQ(error.code(), LocalError::cannotWrite);
+            EXPECT_EQ(error.arguments().value(0).toString(), target_);
         }
     }
     EXPECT_EQ(content(), "old");
@@ -151,7 +152,7 @@ TEST_F(PartFileTest, nameTooLongForTheDiskIsAnErrorWithoutLeftover) {
     {
         PartFile part(target);
         part.write(bytes("x"));
-        EXPECT_THROW(part.commit(std::nullopt), TessaryError);
+        EXPECT_THROW(part.commit(std::nullopt), Error);
     }
     EXPECT_TRUE(folder_.names().isEmpty());
 }

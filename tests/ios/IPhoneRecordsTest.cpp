@@ -1,7 +1,6 @@
-#include "ios/AFCClient.h"
 #include "ios/AFCFileInfo.h"
 #include "ios/AppLister.h"
-#include "ios/LockdownSession.h"
+#include "ios/Lockdown.h"
 #include "support/QtPrinters.h"
 
 #include <QTimeZone>
@@ -114,21 +113,6 @@ TEST(FileInfo, isReadAsFarAsItMakesSense) {
         EXPECT_EQ(parseFileInfo(texts.data()), row.expected) << row.name;
     }
     EXPECT_EQ(parseFileInfo(nullptr), AFCFileInfo{});
-}
-
-TEST(RemotePath, resolvesAgainstTheWorkingRoot) {
-    const auto resolved = [](const char* path, const char* root = "/Documents") {
-        return AFCClient::resolveRemotePath(QString::fromUtf8(path), QString::fromUtf8(root))
-            .toStdString();
-    };
-    EXPECT_EQ(resolved("photos/a.jpg"), "/Documents/photos/a.jpg");
-    EXPECT_EQ(resolved("/a.jpg"), "/Documents/a.jpg");
-    EXPECT_EQ(resolved("/"), "/Documents");
-    EXPECT_EQ(resolved("/Documents/x"), "/Documents/x");
-    EXPECT_EQ(resolved("/DocumentsOld"), "/DocumentsOld");
-    EXPECT_EQ(resolved("/a", "Documents"), "/Documents/a");
-    EXPECT_EQ(resolved("/", "/"), "/");
-    EXPECT_EQ(resolved("/a", ""), "/a");
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "ios/AFCClient.h"
 #include "ios/PairingQuestions.h"
 #include "simulator/faults/FaultyIPhone.h"
 #include "support/TemporaryFolder.h"
@@ -22,10 +21,6 @@ public:
 
     [[nodiscard]] QString udid() const {
         return phone.config().udid;
-    }
-    [[nodiscard]] std::unique_ptr<AFCClient> open(SerialQueue::Patience patience = {}) const {
-        return std::make_unique<AFCClient>(std::make_unique<LockdownSession>(udid()), bundleId,
-                                           std::stop_token(), patience);
     }
     /// What lies in the app's documents on the phone's disk.
     [[nodiscard]] QString inDocuments(const QString& relative) const {

@@ -1,10 +1,5 @@
 #include "adb/files/ADBPaths.h"
 
-#include "base/values/TessaryError.h"
-#include "phone/DevicePath.h"
-
-#include <QStringList>
-
 #include <algorithm>
 #include <array>
 
@@ -24,9 +19,6 @@ constexpr std::array topFolders{
     View("dev"),    View("etc"),     View("cache"),      View("apex"), View("config"),
     View("acct"),   View("oem"),     View("system_ext"),
 };
-constexpr std::array storageRoots{View("/sdcard"),           View("/storage"),
-                                  View("/storage/emulated"), View("/storage/emulated/0"),
-                                  View("/storage/self"),     View("/storage/self/primary")};
 
 } // namespace
 
@@ -42,20 +34,6 @@ QString androidPath(const QString& path) {
     const bool isAndroids =
         std::find(topFolders.begin(), topFolders.end(), top) != topFolders.end();
     return isAndroids ? clean : card + clean;
-}
-
-QString requireItemPath(const FileItem& item) {
-    const QString path = androidPath(item.path);
-    if (path.count(slash) < 2 ||
-        std::find(storageRoots.begin(), storageRoots.end(), path) != storageRoots.end())
-        throw TessaryError::fileIOError(
-            QStringLiteral("A whole storage cannot be changed or copied as one item."));
-    const QStringList components = path.split(slash);
-    if (!isSafeName(item.name) || components.contains(QStringLiteral("..")) ||
-        components.last() != item.name)
-        throw TessaryError::fileIOError(
-            QStringLiteral("The name \"%1\" cannot be used.").arg(item.name));
-    return path;
 }
 
 } // namespace tessary

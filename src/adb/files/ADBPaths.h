@@ -1,7 +1,5 @@
 #pragma once
 
-#include "phone/records/FileItem.h"
-
 #include <QString>
 
 namespace tessary {
@@ -10,9 +8,5 @@ namespace tessary {
 /// "/sdcard", what begins with one of Android's own top folders stays, and everything else lies
 /// below "/sdcard", as over MTP. No "/" at the end.
 [[nodiscard]] QString androidPath(const QString& path);
-
-/// The path of an item that is to be changed or copied. Throws TessaryError::fileIOError when its
-/// name is none, when its path leads elsewhere ("..") or when it is a whole storage.
-[[nodiscard]] QString requireItemPath(const FileItem& item);
 
 } // namespace tessary

@@ -1,6 +1,6 @@
 #include "base/local/PartFile.h"
 
-#include "base/values/TessaryError.h"
+#include "base/local/LocalError.h"
 
 #include <QFileInfo>
 #include <QUuid>
@@ -27,12 +27,10 @@ QString PartFile::newName() {
 
 PartFile::PartFile(const QString& target) : target_(target), file_(freshPathBeside(target)) {
     if (QFileInfo(target).isDir())
-        throw TessaryError::fileIOError(
-            QStringLiteral("Cannot write %1: a folder of this name is there.").arg(target));
+        throw Error(LocalError::folderInTheWay, {target});
     if (!file_.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
-        throw TessaryError::fileIOError(
-            QStringLiteral("Cannot write into %1: %2")
-                .arg(QFileInfo(target).absolutePath(), file_.errorString()));
+        throw Error(LocalError::cannotWrite,
+                    {QFileInfo(target).absolutePath(), file_.errorString()});
     unfinished_ = Unfinished(AT_FDCWD, file_.filesystemFileName().native().c_str());
 }
 
@@ -47,8 +45,7 @@ void PartFile::write(ByteView bytes) {
     for (qint64 written = 0; written < count;) {
         const qint64 step = file_.write(data + written, count - written);
         if (step <= 0)
-            throw TessaryError::fileIOError(
-                QStringLiteral("Cannot write %1: %2").arg(target_, file_.errorString()));
+            throw Error(LocalError::cannotWrite, {target_, file_.errorString()});
         written += step;
     }
     size_ += count;
@@ -60,21 +57,15 @@ void PartFile::commit(const std::optional<QDateTime>& modified) {
         (void)file_.setFileTime(*modified, QFileDevice::FileModificationTime);
     file_.close();
     if (file_.error() != QFileDevice::NoError)
-        throw TessaryError::fileIOError(
-            QStringLiteral("Cannot write %1: %2").arg(target_, file_.errorString()));
-    renameOver(file_.fileName(), target_);
-    isCommitted_ = true;
-    unfinished_ = {};
-}
-
-void renameOver(const QString& from, const QString& to) {
+        throw Error(LocalError::cannotWrite, {target_, file_.errorString()});
     std::error_code failure;
-    std::filesystem::rename(QFile(from).filesystemFileName(), QFile(to).filesystemFileName(),
+    std::filesystem::rename(file_.filesystemFileName(), QFile(target_).filesystemFileName(),
                             failure);
     if (failure)
-        throw TessaryError::fileIOError(
-            QStringLiteral("Cannot write %1: %2")
-                .arg(to, QString::fromLocal8Bit(failure.message().c_str())));
+        throw Error(LocalError::cannotRename,
+                    {target_, QString::fromLocal8Bit(failure.message().c_str())});
+    isCommitted_ = true;
+    unfinished_ = {};
 }
 
 } // namespace tessary

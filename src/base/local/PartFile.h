@@ -13,8 +13,8 @@ namespace tessary {
 
 /// A local file that appears whole or not at all: it is written under a temporary name in the
 /// target's folder and renamed over the target by commit(). Without commit() nothing is left of
-/// it and an older file keeps its content. Used by one thread; failures are
-/// TessaryError::fileIOError with the system's reason.
+/// it and an older file keeps its content. Used by one thread. Fails with
+/// LocalError::folderInTheWay, ::cannotWrite and ::cannotRename.
 class PartFile {
 public:
     /// What the names of temporary files begin with.
@@ -46,8 +46,5 @@ private:
     qint64 size_ = 0;
     bool isCommitted_ = false;
 };
-
-/// Renames a local file over another. Throws TessaryError::fileIOError with the system's reason.
-void renameOver(const QString& from, const QString& to);
 
 } // namespace tessary

@@ -12,7 +12,7 @@ namespace tessary {
 
 /// The one attached device that a request's text fits: as a udid, else as the beginning of one,
 /// else as a name. Blocking: the names of iPhones are asked of them, when it comes to names.
-/// TessaryError::deviceNotFound, in words that say what to do, when none or several fit.
+/// CliFailure, in words that say what to do, when none or several fit.
 [[nodiscard]] DeviceInfo chooseDevice(DeviceSources sources, const CliRequest& request,
                                       const std::stop_token& stop,
                                       const std::vector<ADBDevice>& reachedByADB = {});

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "phone/TransferOutcome.h"
+#include "phone/TransferProgress.h"
 #include "phone/records/AppInfo.h"
 #include "phone/records/DeviceInfo.h"
 #include "phone/records/FileItem.h"

@@ -11,7 +11,6 @@ DeviceServices::DeviceServices(const Setup& setup)
     : adbTool_(setup.processes, setup.adbPaths),
       adbWays_({setup.bus, setup.processes, setup.adbServer, setup.adbPaths}),
       competing_(setup.processes),
-      syncFiles_(setup.bus, setup.processes, setup.adbPaths),
       files_(ways(setup)) {}
 
 std::vector<AppInfo> DeviceServices::apps(const DeviceInfo& device, const std::stop_token& stop) {

@@ -3,7 +3,6 @@
 #include "adb/tool/ADBTool.h"
 #include "adb/ways/ADBWays.h"
 #include "devices/files/CompetingPrograms.h"
-#include "devices/files/DeviceFileService.h"
 #include "devices/files/PhoneFileSystems.h"
 #include "platform/process/ProcessRunner.h"
 #include "platform/usb/USBBus.h"
@@ -33,10 +32,6 @@ public:
     [[nodiscard]] PhoneFileSystems& files() {
         return files_;
     }
-    /// What syncs use until they work over files().
-    [[nodiscard]] DeviceFileService& syncFiles() {
-        return syncFiles_;
-    }
     [[nodiscard]] CompetingPrograms& competingPrograms() {
         return competing_;
     }
@@ -56,7 +51,6 @@ private:
     ADBTool adbTool_;
     ADBWays adbWays_;
     CompetingPrograms competing_;
-    DeviceFileService syncFiles_;
     PhoneFileSystems files_;
 };
 

@@ -33,14 +33,6 @@ Error reasonOf(const Error& error, const QString& path) {
     return isChange ? Error(SyncError::changedMeanwhile, {path}, error) : error;
 }
 
-/// A step's name as people know it: "Removing a.txt from Mac".
-QString removalStage(const SyncPair& pair, const QString& name, bool fromDevice) {
-    const QString place = !fromDevice        ? QStringLiteral("Mac")
-                          : pair.isAndroid() ? QStringLiteral("Android")
-                                             : QStringLiteral("iPhone");
-    return QStringLiteral("Removing %1 from %2").arg(name, place);
-}
-
 } // namespace
 
 SyncWorker::SyncWorker(SyncTransfer& transfer, const SyncPair& pair, const SyncComputer& computer,
@@ -210,7 +202,7 @@ void SyncWorker::keepLoserAtTarget(const Action& action) {
 void SyncWorker::deleteConfirmed(const Action& action) {
     const QString& path = action.relativePath;
     const bool fromDevice = action.kind == Kind::deleteRemote;
-    progress_.beginFile(removalStage(pair_, lastComponent(path), fromDevice), path);
+    progress_.beginFile(QStringLiteral("Deleting"), path);
     // It is to go because the other side had deleted it: it may be back by now.
     if (transfer_.side(!fromDevice).findFile(path, transfer_.call())) {
         keepRecord(action);

@@ -1,7 +1,6 @@
 #include "views/browser/BrowserView.h"
 
 #include "app/LanguageManager.h"
-#include "app/Translations.h"
 #include "app/texts/DisplayNames.h"
 #include "app/texts/ProblemText.h"
 #include "base/text/ByteCount.h"

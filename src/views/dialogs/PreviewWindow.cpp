@@ -1,7 +1,6 @@
 #include "views/dialogs/PreviewWindow.h"
 
 #include "app/LanguageManager.h"
-#include "app/Translations.h"
 #include "app/texts/ErrorText.h"
 #include "base/text/Printable.h"
 #include "base/threads/Background.h"

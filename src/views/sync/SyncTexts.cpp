@@ -49,6 +49,7 @@ constexpr std::array stages{
     QT_TRANSLATE_NOOP("SyncTexts", "Downloading"),
     QT_TRANSLATE_NOOP("SyncTexts", "Moving"),
     QT_TRANSLATE_NOOP("SyncTexts", "Moving (already on destination)"),
+    QT_TRANSLATE_NOOP("SyncTexts", "Deleting"),
     QT_TRANSLATE_NOOP("SyncTexts", "Up to date"),
 };
 
@@ -86,8 +87,7 @@ QString stageText(const QString& stage) {
     for (const char* known : stages)
         if (stage == QString::fromUtf8(known))
             return Texts::tr(known);
-    // The one with a name in it; which side it is on the list tells.
-    return stage.startsWith(QLatin1StringView("Removing ")) ? Texts::tr("Deleting") : stage;
+    return stage;
 }
 
 QString deedText(SyncDeed deed) {

@@ -2,7 +2,6 @@
 
 #include "app/LanguageManager.h"
 #include "app/TransferNotice.h"
-#include "app/Translations.h"
 #include "app/texts/ProblemText.h"
 #include "base/text/Printable.h"
 #include "base/threads/Background.h"

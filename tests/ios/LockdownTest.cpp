@@ -1,8 +1,9 @@
-#include "ios/LockdownSession.h"
+#include "ios/Lockdown.h"
 
 #include "base/threads/CancellationError.h"
 #include "ios/AppLister.h"
-#include "support/Failure.h"
+#include "ios/IPhoneError.h"
+#include "phone/PhoneError.h"
 #include "support/PluggedIPhone.h"
 #include "support/QtPrinters.h"
 
@@ -19,22 +20,31 @@ using namespace Qt::StringLiterals;
 /// Pauses that are counted and take no time.
 struct CountedPauses {
     int count = 0;
-    LockdownSession::Pause pause = [this](std::chrono::milliseconds time, const std::stop_token&) {
+    Lockdown::Pause pause = [this](std::chrono::milliseconds time, const std::stop_token&) {
         EXPECT_EQ(time, 250ms);
         ++count;
     };
 };
 
-TEST(LockdownSession, aDeviceThatIsNotThereIsLookedUpFiveTimes) {
+/// What a handshake ends with; no value when a session is open.
+std::optional<PhoneError> refusalOf(const QString& udid, const CountedPauses& pauses) {
+    try {
+        const Lockdown session(udid, {}, pauses.pause);
+        return std::nullopt;
+    } catch (const Error& error) {
+        return error.code().as<PhoneError>();
+    }
+}
+
+TEST(Lockdown, aDeviceThatIsNotThereIsLookedUpFiveTimes) {
     PluggedIPhone iphone;
     CountedPauses pauses;
-    EXPECT_EQ(failureOf([&] { LockdownSession(u"absent"_s, {}, pauses.pause); }),
-              u"Device not found: absent"_s);
+    EXPECT_EQ(refusalOf(u"absent"_s, pauses), PhoneError::notConnected);
     EXPECT_EQ(iphone.mux.log().count(u"mux.ListDevices"_s), 5U);
     EXPECT_EQ(pauses.count, 4);
 }
 
-TEST(LockdownSession, aPhoneThatIsStillStartingIsGivenFiveAttempts) {
+TEST(Lockdown, aPhoneThatIsStillStartingIsGivenFiveAttempts) {
     for (const unsigned failing : {0U, 4U, 5U}) {
         PluggedIPhone iphone;
         CountedPauses pauses;
@@ -42,33 +52,31 @@ TEST(LockdownSession, aPhoneThatIsStillStartingIsGivenFiveAttempts) {
             faults.handshakesToFail = failing;
             faults.handshakeError = u"PasswordProtected"_s;
         });
-        EXPECT_EQ(failureOf([&] { LockdownSession(iphone.udid(), {}, pauses.pause); }),
-                  failing < 5 ? u"nothing was thrown"_s
-                              : u"Lockdown error: Handshake failed: -17"_s);
+        EXPECT_EQ(refusalOf(iphone.udid(), pauses),
+                  failing < 5 ? std::nullopt : std::optional(PhoneError::locked));
         EXPECT_EQ(pauses.count, static_cast<int>(std::min(failing, 4U)));
         EXPECT_EQ(iphone.count("lockdown.StartSession"), std::min(failing + 1, 5U));
     }
 }
 
-TEST(LockdownSession, aPhoneThatRefusesTrustFailsTheHandshake) {
+TEST(Lockdown, aPhoneThatRefusesTrustFailsTheHandshake) {
     VirtualIPhoneConfig config;
     config.isPaired = false;
     config.trust = VirtualTrust::denied;
     PluggedIPhone iphone(config);
     CountedPauses pauses;
-    EXPECT_EQ(failureOf([&] { LockdownSession(iphone.udid(), {}, pauses.pause); }),
-              u"Lockdown error: Handshake failed: -18"_s);
+    EXPECT_EQ(refusalOf(iphone.udid(), pauses), PhoneError::notTrusted);
 }
 
-TEST(LockdownSession, stopEndsThePauseBetweenTwoAttempts) {
+TEST(Lockdown, stopEndsThePauseBetweenTwoAttempts) {
     PluggedIPhone iphone;
     std::stop_source stop;
     const auto begin = std::chrono::steady_clock::now();
-    EXPECT_THROW(LockdownSession(u"absent"_s, stop.get_token(),
-                                 [&](std::chrono::milliseconds, const std::stop_token& token) {
-                                     stop.request_stop();
-                                     LockdownSession::waitFor(1h, token);
-                                 }),
+    EXPECT_THROW(Lockdown(u"absent"_s, stop.get_token(),
+                          [&](std::chrono::milliseconds, const std::stop_token& token) {
+                              stop.request_stop();
+                              Lockdown::waitFor(1h, token);
+                          }),
                  CancellationError);
     EXPECT_LT(std::chrono::steady_clock::now() - begin, 10s);
 }
