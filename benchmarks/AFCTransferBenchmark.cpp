@@ -80,7 +80,7 @@ public:
     }
 
 private:
-    LockdownSession session_;
+    Lockdown session_;
     HouseArrestHandle house_;
     AFCHandle client_;
     std::vector<char> buffer_ = std::vector<char>(piece);

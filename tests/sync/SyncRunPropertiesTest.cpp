@@ -100,16 +100,6 @@ struct Options {
 
 enum class Fault { none, killed, powerCut, lost, refused };
 
-/// Until what is left over is old enough to be removed.
-void passTime(MemoryPair& pair) {
-    pair.later(3600);
-    for (const bool onDevice : {false, true})
-        for (const auto& [name, file] : pair.all(onDevice))
-            if (name.contains(u".tessary-part-"_s))
-                pair.side(onDevice).addFile(MemoryPair::path(onDevice, name), file.content,
-                                            QDateTime::currentDateTime().addSecs(-3600));
-}
-
 /// Whether a file is one that did not arrive, or whose old version is still there.
 bool isRest(const MemoryTree& tree, const QString& path) {
     const QString prefix = u".tessary-part-"_s;
@@ -287,7 +277,7 @@ RC_GTEST_PROP(SyncRunPropertiesTest, nothingIsLostWhateverFails, ()) {
             const bool wasHit = runWith(*copy, options, fault, at);
             if (!wasHit)
                 break;
-            passTime(copy->pair);
+            copy->pair.passTime();
             runInPeace(*copy, repair);
         }
         runInPeace(*world, options);

@@ -545,6 +545,61 @@ TEST(SyncRunTest, recordThatCannotBeStoredIsReported) {
     EXPECT_THAT(pair.goodRun().paths({SyncDeed::replaceOnDevice}), ElementsAre(u"a"_s));
 }
 
+/// The copy has the size of the file that the record names, and a phone that dates files itself may
+/// give it the same date.
+TEST(SyncRunTest, movedFileIsNoDeletionWhereverTheRunIsKilled) {
+    for (int at = 0;; ++at) {
+        SCOPED_TRACE(at);
+        MemoryPair pair({.setsDates = false});
+        pair.here("a", "old");
+        pair.here("b", "other");
+        (void)pair.goodRun();
+        pair.here("a", "new");
+        pair.pair.syncMode = SyncMode::toiPhone;
+        pair.pair.moveFilesEnabled = true;
+        pair.killAt = at;
+        EXPECT_THROW(
+            {
+                (void)pair.run();
+                throw Killed();
+            },
+            Killed);
+        const bool wasKilled = std::exchange(pair.isDead, false);
+        pair.killAt = -1;
+        pair.passTime();
+        pair.pair.syncMode = SyncMode::biDirectional;
+        pair.pair.deleteSyncEnabled = true;
+        pair.confirmAll();
+        (void)pair.goodRun();
+        EXPECT_TRUE(pair.isAnywhere("new"));
+        EXPECT_TRUE(pair.isAnywhere("other"));
+        EXPECT_EQ(pair.hereContents(), pair.thereContents());
+        if (!wasKilled) {
+            EXPECT_GT(at, 20);
+            break;
+        }
+    }
+}
+
+TEST(SyncRunTest, movedFileStaysWhereTheRecordCannotBeStored) {
+    MemoryPair pair;
+    pair.here("a", "old");
+    (void)pair.goodRun();
+    pair.here("a", "new");
+    pair.pair.syncMode = SyncMode::toiPhone;
+    pair.pair.moveFilesEnabled = true;
+    const QString manifest = MemoryPair::path(true, SyncManifest::fileName);
+    pair.beforeCall = [&](const MemoryFileSystem::Request& request) {
+        if (request.is(Operation::remove, manifest))
+            throw Error(PhoneError::accessDenied, {manifest});
+    };
+    const SyncReport report = pair.run();
+    EXPECT_EQ(pair.hereContents(), "a=new");
+    EXPECT_EQ(pair.thereContents(), "a=new");
+    EXPECT_FALSE(report.hasChanges());
+    EXPECT_THAT(report.skipped, Not(testing::IsEmpty()));
+}
+
 TEST(SyncRunTest, runsOfOneUserWaitForEachOther) {
     const TemporaryFolder folder;
     const QString file = folder.path(u"runs.lock"_s);

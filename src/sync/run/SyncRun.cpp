@@ -53,7 +53,6 @@ SyncRun::SyncRun(SyncRunSetup setup, SyncRunEvents events, std::stop_token stop)
       local_(setup_.computer.files, setup_.pair.localFolderPath),
       device_(setup_.device, setup_.pair.remoteFolderPath),
       transfer_(local_, device_, setup_.computer, call_),
-      runID_(QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper()),
       decisions_(setup_.decisions) {}
 
 void SyncRun::tell(const QString& message) {
@@ -204,11 +203,13 @@ void SyncRun::reportUnknown() {
 
 /// Whether the record says all this already.
 bool SyncRun::isRecorded(const SyncFiles& files) const {
-    return record_ && record_->isShared && !isFirstStored_ && report_.items.empty() &&
+    return record_ && record_->isShared && !isStored_ && report_.items.empty() &&
            remembered_ == files;
 }
 
-void SyncRun::writeManifests(SyncFiles files, bool onDevice) {
+/// False when a side could not store it, which is reported. Each time has an identifier of its own:
+/// a run that ends between the two sides has not stored the same on both.
+bool SyncRun::writeManifests(SyncFiles files, bool onDevice) {
     const SyncPair& pair = setup_.pair;
     const QString key = syncRecordKey(setup_.hostID, pair);
     qint64 number = 0;
@@ -220,11 +221,13 @@ void SyncRun::writeManifests(SyncFiles files, bool onDevice) {
         setup_.computerName.isEmpty() ? QStringLiteral("Mac") : setup_.computerName;
     manifest.hosts.insert_or_assign(
         key, SyncHostEntry{name, pair.deviceUDID, pair.appBundleID, pair.remoteFolderPath,
-                           pair.localFolderPath, runID_, number + 1, syncDate(report_.startedAt),
-                           syncDate(setup_.now()), std::move(files)});
+                           pair.localFolderPath,
+                           QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper(), number + 1,
+                           syncDate(report_.startedAt), syncDate(setup_.now()), std::move(files)});
     // Nothing that the record speaks of may be lost when the power goes.
     setup_.computer.flush();
     const Call whole{{}, Urgency::copy};
+    bool isWhole = true;
     for (SyncSide* side : {&local_, &device_}) {
         if (side == &device_ && !onDevice)
             continue;
@@ -234,11 +237,21 @@ void SyncRun::writeManifests(SyncFiles files, bool onDevice) {
             logFailure("sync record not stored: %s", error);
             if (endsEverything(error))
                 throw;
+            isWhole = false;
             report_.skipped.push_back(
                 {SyncManifest::fileName,
                  Error(SyncError::recordNotStored, {side->pathOf(SyncManifest::fileName)}, error)});
         }
     }
+    localManifest_ = std::move(manifest);
+    return isWhole;
+}
+
+bool SyncRun::forgetMoved(const QStringList& paths) {
+    isStored_ = true;
+    for (const QString& path : paths)
+        remembered_.erase(path);
+    return writeManifests(remembered_, true);
 }
 
 /// What is done is recorded, and of what was not reached the old record stays.
@@ -264,9 +277,10 @@ void SyncRun::carryOut(const SyncPlan& plan) {
         // Both sides hold a record from the beginning: should this run break off, the next one
         // knows what it has done.
         writeManifests({}, true);
-        isFirstStored_ = true;
+        isStored_ = true;
     }
-    SyncWorker worker(transfer_, setup_.pair, setup_.computer, progress_, report_);
+    SyncWorker worker(transfer_, setup_.pair, setup_.computer, progress_, report_,
+                      [this](const QStringList& paths) { return forgetMoved(paths); });
     std::size_t reached = 0;
     try {
         for (; reached < plan.actions.size(); ++reached)

@@ -57,7 +57,8 @@ private:
     void recordBrokenOff(SyncWorker& worker, const SyncPlan& plan, std::size_t reached,
                          bool reachesDevice);
     [[nodiscard]] bool isRecorded(const SyncFiles& files) const;
-    void writeManifests(SyncFiles files, bool onDevice);
+    bool writeManifests(SyncFiles files, bool onDevice);
+    [[nodiscard]] bool forgetMoved(const QStringList& paths);
     void tell(const QString& message);
 
     SyncRunSetup setup_;
@@ -67,14 +68,13 @@ private:
     SyncSide local_;
     SyncSide device_;
     SyncTransfer transfer_;
-    QString runID_;
     SyncReport report_;
 
     std::optional<SyncManifest> localManifest_;
     std::optional<SyncManifest> deviceManifest_;
     std::optional<SyncRecord> record_;
-    SyncFiles remembered_; ///< the record as it was read, before renames
-    bool isFirstStored_ = false;
+    SyncFiles remembered_;  ///< the record as it was read, before renames
+    bool isStored_ = false; ///< this run has written a record, and is not at its end
     SyncTree localTree_;
     SyncTree deviceTree_;
     NameRules localNames_;

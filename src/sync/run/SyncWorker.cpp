@@ -36,8 +36,13 @@ Error reasonOf(const Error& error, const QString& path) {
 } // namespace
 
 SyncWorker::SyncWorker(SyncTransfer& transfer, const SyncPair& pair, const SyncComputer& computer,
-                       SyncRunProgress& progress, SyncReport& report)
-    : transfer_(transfer), pair_(pair), computer_(computer), progress_(progress), report_(report) {}
+                       SyncRunProgress& progress, SyncReport& report, ForgetFiles forget)
+    : transfer_(transfer),
+      pair_(pair),
+      computer_(computer),
+      progress_(progress),
+      report_(report),
+      forget_(std::move(forget)) {}
 
 ByteProgress SyncWorker::byteProgress() {
     return [this](qint64 done) { progress_.setBytes(done); };
@@ -106,7 +111,8 @@ void SyncWorker::act(const Action& action) {
         const bool toDevice = action.kind == Kind::moveDeleteSourceOnly;
         progress_.beginFile(QStringLiteral("Moving (already on destination)"), path);
         noteMove({toDevice, path, toDevice ? *action.local : *action.device,
-                  toDevice ? *action.device : *action.local, action.local->size});
+                  toDevice ? *action.device : *action.local, action.local->size,
+                  action.record != nullptr});
         break;
     }
     case Kind::conflict:
@@ -141,7 +147,8 @@ void SyncWorker::transfer(const Action& action, bool toDevice) {
     const FileItem arrived =
         copy({toDevice, path, source, path, toDevice ? action.device : action.local});
     if (action.deletesSource) {
-        noteMove({toDevice, path, source, syncFileOf(arrived), source.size});
+        noteMove(
+            {toDevice, path, source, syncFileOf(arrived), source.size, action.record != nullptr});
         return;
     }
     const SyncFile there = syncFileOf(arrived);
@@ -172,7 +179,7 @@ void SyncWorker::resolveConflict(const Action& action) {
     const SyncFile there = syncFileOf(copy(last));
     addItem(SyncDeed::keepBoth, path, winner.size, action.conflictName);
     if (action.deletesSource)
-        noteMove({!deviceWins, path, winner, there, winner.size});
+        noteMove({!deviceWins, path, winner, there, winner.size, action.record != nullptr});
     else
         enter(path, deviceWins ? there : winner, deviceWins ? winner : there, true);
 }
@@ -222,12 +229,27 @@ void SyncWorker::noteMove(Moved moved) {
         deleteMoved();
 }
 
-/// Their sources go once the copies are there for good, and both are as they were.
-void SyncWorker::deleteMoved() {
-    const std::vector<Moved> moved = std::exchange(moved_, {});
-    movedBytes_ = 0;
+/// Copies are there for good, and no record speaks of them any more. Leaves in `moved` those whose
+/// sources may go.
+void SyncWorker::prepareDeletion(std::vector<Moved>& moved) {
     if (std::any_of(moved.begin(), moved.end(), [](const Moved& one) { return !one.toDevice; }))
         computer_.flush();
+    QStringList recorded;
+    for (const Moved& one : moved)
+        if (one.isRecorded)
+            recorded.append(one.path);
+    if (recorded.isEmpty() || forget_(recorded))
+        return;
+    for (const QString& path : recorded)
+        skip(path, Error(SyncError::recordNotStored, {path}));
+    std::erase_if(moved, [](const Moved& one) { return one.isRecorded; });
+}
+
+/// Their sources go when both they and the copies are as they were.
+void SyncWorker::deleteMoved() {
+    std::vector<Moved> moved = std::exchange(moved_, {});
+    movedBytes_ = 0;
+    prepareDeletion(moved);
     for (const Moved& one : moved) {
         throwIfStopped(transfer_.call().stop);
         try {

@@ -5,6 +5,7 @@
 #include "sync/run/SyncRunEvents.h"
 #include "sync/run/SyncTransfer.h"
 
+#include <functional>
 #include <map>
 #include <set>
 #include <vector>
@@ -16,8 +17,13 @@ namespace tessary {
 /// thrown.
 class SyncWorker {
 public:
+    /// Takes files out of the record that both sides hold, before their sources go: a moved file
+    /// that an older record still names would look like one that the user deleted. False when it
+    /// cannot be stored.
+    using ForgetFiles = std::function<bool(const QStringList& paths)>;
+
     SyncWorker(SyncTransfer& transfer, const SyncPair& pair, const SyncComputer& computer,
-               SyncRunProgress& progress, SyncReport& report);
+               SyncRunProgress& progress, SyncReport& report, ForgetFiles forget);
 
     void carryOut(const SyncPlannedAction& action);
     /// Notes an action that is not carried out any more: its record stays.
@@ -39,6 +45,7 @@ private:
         SyncFile source;
         SyncFile target;
         qint64 size = 0;
+        bool isRecorded = false; ///< an earlier run recorded a file of this name
     };
 
     void act(const Action& action);
@@ -49,6 +56,7 @@ private:
     void deleteConfirmed(const Action& action);
     void noteMove(Moved moved);
     void deleteMoved();
+    void prepareDeletion(std::vector<Moved>& moved);
     void confirmSent(const QString& folder, const QStringList& names, const SyncTree& listed);
     void confirmOne(const QString& path, const std::optional<SyncFile>& now);
 
@@ -64,6 +72,7 @@ private:
     const SyncComputer& computer_;
     SyncRunProgress& progress_;
     SyncReport& report_;
+    const ForgetFiles forget_;
     SyncFiles files_;
     std::map<QString, SyncFile> sent_; ///< to the device, as it showed them then
     std::vector<Moved> moved_;         ///< whose sources are still there
