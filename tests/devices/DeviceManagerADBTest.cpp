@@ -98,6 +98,18 @@ TEST_F(DeviceManagerADBTest, phoneThatOnlyADBReachesComesAndGoesWithADB) {
     EXPECT_TRUE(isFoundByPolls([&] { return udids().isEmpty(); }));
 }
 
+TEST_F(DeviceManagerADBTest, phoneShowsAtOnceWhenADBTellsOfIt) {
+    manager_->startListening();
+    ASSERT_TRUE(eventually([&] { return rounds_ > 0; }));
+    turnFor(1s);
+    for (int n = 0; n < 2; ++n) {
+        connectPhone();
+        EXPECT_TRUE(eventually([&] { return udids() == QStringList(serial()); }, 1s));
+        server_.disconnect(serial());
+        EXPECT_TRUE(eventually([&] { return udids().isEmpty(); }, 1s));
+    }
+}
+
 TEST_F(DeviceManagerADBTest, withoutADBThePhoneIsReadOverMTPAndTheUserSeesWhy) {
     const PluggedPhone plugged(bus_, phoneConfig("SERIAL", "1-1"));
     restart(servicesWithoutADB_);

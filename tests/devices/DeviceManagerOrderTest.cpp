@@ -19,6 +19,7 @@ public:
             const std::scoped_lock lock(mutex_);
             seen = entries_;
         }
+        ++scanCount_;
         scans_.pass(); // what it saw is old when it returns
         return seen;
     }
@@ -52,6 +53,7 @@ public:
     }
 
     Gate scans_{true};
+    std::atomic<int> scanCount_ = 0;
     const std::shared_ptr<Gate> watchEnds_ = std::make_shared<Gate>(true);
 
 private:
@@ -150,14 +152,27 @@ TEST_F(DeviceManagerOrderTest, slowScanDoesNotBringBackWhatWasUnplugged) {
     scripted_.attach(1);
     ASSERT_TRUE(eventually([&] { return battery().has_value(); }));
     scripted_.scans_.close();
-    manager_->refreshDeviceList(false);
-    ASSERT_TRUE(eventually([&] { return scripted_.scans_.waiting() == 1; }));
+    ASSERT_TRUE(eventually([&] {
+        manager_->refreshDeviceList(false); // the scan of the event may be under way still
+        return scripted_.scans_.waiting() == 1;
+    }));
     scripted_.detach(1);
     ASSERT_TRUE(eventually([&] { return udids().isEmpty(); }));
     const int before = changes_;
     scripted_.scans_.open();
     turnFor(300ms);
     EXPECT_EQ(changes_, before);
+}
+
+TEST_F(DeviceManagerOrderTest, withoutAPhoneNothingIsReadOrStartedAgainAndAgain) {
+    listen();
+    ASSERT_TRUE(eventually([&] { return inquiry_->conflictQuestions_ > 0; }));
+    turnFor(200ms);
+    const int scans = scripted_.scanCount_;
+    const int questions = inquiry_->conflictQuestions_;
+    turnFor(5500ms); // polls of the list and of the figures
+    EXPECT_EQ(scripted_.scanCount_, scans);
+    EXPECT_EQ(inquiry_->conflictQuestions_, questions);
 }
 
 TEST_F(DeviceManagerOrderTest, deviceIsNeverAskedTwiceAtOnce) {

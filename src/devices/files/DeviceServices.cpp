@@ -9,13 +9,28 @@ namespace tessary {
 
 DeviceServices::DeviceServices(const Setup& setup)
     : adbTool_(setup.processes, setup.adbPaths),
-      adbWays_({setup.bus, setup.processes, setup.adbServer, setup.adbPaths}),
+      adbWays_({.bus = setup.bus,
+                .processes = setup.processes,
+                .server = setup.adbServer,
+                .adbPaths = setup.adbPaths,
+                .changed = [this] { tellADBChange(); }}),
       competing_(setup.processes),
       files_(ways(setup)) {}
 
 std::vector<AppInfo> DeviceServices::apps(const DeviceInfo& device, const std::stop_token& stop) {
     const PhoneQueue::Turn turn = files_.queueOf(device)->take(stop);
     return askIPhoneApps(device.udid, stop);
+}
+
+void DeviceServices::onADBChange(std::function<void()> changed) {
+    const std::scoped_lock lock(mutex_);
+    adbChanged_ = std::move(changed);
+}
+
+void DeviceServices::tellADBChange() {
+    const std::scoped_lock lock(mutex_);
+    if (adbChanged_)
+        adbChanged_();
 }
 
 PhoneFileSystems::Ways DeviceServices::ways(const Setup& setup) {

@@ -7,7 +7,9 @@
 #include "platform/process/ProcessRunner.h"
 #include "platform/usb/USBBus.h"
 
+#include <functional>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <vector>
 
@@ -44,11 +46,18 @@ public:
     [[nodiscard]] ADBWays& adbWays() {
         return adbWays_;
     }
+    /// From now on `changed`, which must not call back, is called on any thread when
+    /// adbWays().devices() has another answer. In place of what was given before; empty for none.
+    void onADBChange(std::function<void()> changed);
 
 private:
     [[nodiscard]] PhoneFileSystems::Ways ways(const Setup& setup);
 
+    void tellADBChange();
+
     ADBTool adbTool_;
+    std::mutex mutex_;
+    std::function<void()> adbChanged_; ///< guarded by mutex_; may be empty
     ADBWays adbWays_;
     CompetingPrograms competing_;
     PhoneFileSystems files_;

@@ -45,7 +45,7 @@ DeviceManager::DeviceManager(DeviceSources sources, std::shared_ptr<DeviceProbe>
       iphones_(sources.multiplexer) {
     MainThread::assertCurrent();
     timer_.setInterval(listInterval);
-    connect(&timer_, &QTimer::timeout, this, [this] { refreshList(false); });
+    connect(&timer_, &QTimer::timeout, this, [this] { poll(); });
     storageTimer_.setInterval(storageInterval);
     connect(&iphones_, &MultiplexerMonitor::wasRead, this, [this] { rebuild(false); });
     connect(&iphones_, &MultiplexerMonitor::eventCame, this, [this] {
@@ -55,8 +55,14 @@ DeviceManager::DeviceManager(DeviceSources sources, std::shared_ptr<DeviceProbe>
                 refreshStorageInfo({device});
     });
     connect(&storageTimer_, &QTimer::timeout, this, [this] {
-        // A child process costs more than all else here: not at each poll of the list.
-        checkConflict();
+        // A child process costs more than all else here: not at each poll of the list, and not
+        // without a phone that another program could hold.
+        const bool hasAndroid =
+            std::any_of(devices_.begin(), devices_.end(), [](const DeviceInfo& one) {
+                return one.platform == DevicePlatform::android;
+            });
+        if (hasAndroid || hasUSBConflict_)
+            checkConflict();
         refreshStorageInfo(devices_);
     });
 }
@@ -67,6 +73,7 @@ DeviceManager::~DeviceManager() {
 
 void DeviceManager::startListening() {
     startAndroidListening();
+    startADBListening();
     iphones_.start();
     timer_.start();
     storageTimer_.start();
@@ -78,7 +85,29 @@ void DeviceManager::stopListening() {
     storageTimer_.stop();
     endInBackground(this, std::move(watch_));
     iphones_.stop();
+    if (asksADB_)
+        inquiry_->onADBChange({});
     ++period_;
+}
+
+void DeviceManager::startADBListening() {
+    if (asksADB_)
+        inquiry_->onADBChange([guard = QPointer<DeviceManager>(this), period = period_] {
+            MainThread::post([guard, period] {
+                if (guard && guard->period_ == period)
+                    guard->askADB();
+            });
+        });
+}
+
+/// What the bus tells by itself is read only now and then, should an event have been lost. The
+/// multiplexer's program may begin to run at any time, which nobody tells.
+void DeviceManager::poll() {
+    constexpr unsigned readEvery = 40;
+    if (!watch_ || ++polls_ % readEvery == 0)
+        return refreshList(false);
+    iphones_.refresh();
+    rebuild(false);
 }
 
 void DeviceManager::startAndroidListening() {
@@ -161,7 +190,10 @@ void DeviceManager::scan(bool forceStorageRefresh) {
 
 /// Its last answer counts until the next one is there: adb may have to start its server first.
 void DeviceManager::askADB() {
-    if (!asksADB_ || isAskingADB_)
+    if (!asksADB_)
+        return;
+    adbIsOutdated_ = isAskingADB_;
+    if (isAskingADB_)
         return;
     isAskingADB_ = true;
     runInBackground(
@@ -171,6 +203,8 @@ void DeviceManager::askADB() {
         },
         [this, period = period_](BackgroundResult<std::vector<ADBDevice>> result) {
             isAskingADB_ = false;
+            if (adbIsOutdated_)
+                askADB();
             if (period != period_)
                 return;
             std::vector<ADBDevice> found;

@@ -51,8 +51,8 @@ public:
     /// Ends what startListening() began. Answers that are still to come are dropped.
     ~DeviceManager() override;
 
-    /// Watches bus and multiplexer, starts both timers and refreshes the list with storage. Calling
-    /// it again starts the timers anew.
+    /// Watches bus, adb and multiplexer, starts both timers and refreshes the list with storage.
+    /// Calling it again starts the timers anew.
     void startListening();
     /// Ends the watch and the timers. The list stays as it is; answers that are still to come are
     /// dropped.
@@ -103,6 +103,8 @@ private:
     using Attachment = std::pair<bool, std::uint64_t>;
 
     void startAndroidListening();
+    void startADBListening();
+    void poll();
     void askADB();
     [[nodiscard]] Attachment adbAttachment(const QString& serial) const;
     void usbChanged(const USBEvent& event);
@@ -127,11 +129,13 @@ private:
     const bool asksADB_;
     std::vector<ADBDevice> adb_; ///< adb's last answer
     bool isAskingADB_ = false;
+    bool adbIsOutdated_ = false;             ///< it has told of a change meanwhile
     bool wasPlugged_ = true;                 ///< something, since adb was last asked
     std::shared_ptr<UserDefaults> defaults_; ///< may be null
 
     QTimer timer_;
     QTimer storageTimer_;
+    unsigned polls_ = 0; ///< of the list, by the timer
     std::unique_ptr<USBWatch> watch_;
     /// Counts calls of stopListening(): an answer to a question of an earlier period is dropped.
     unsigned period_ = 0;

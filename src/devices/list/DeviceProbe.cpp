@@ -44,6 +44,10 @@ std::vector<ADBDevice> PhoneProbe::adbDevices(bool lookAgain) {
     return services_.adbWays().devices();
 }
 
+void PhoneProbe::onADBChange(std::function<void()> changed) {
+    services_.onADBChange(std::move(changed));
+}
+
 bool PhoneProbe::isConflictingAppRunning() {
     return services_.competingPrograms().isAnyRunning();
 }

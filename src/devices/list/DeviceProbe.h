@@ -6,6 +6,7 @@
 #include "phone/records/DeviceInfo.h"
 #include "phone/records/LiveDeviceInfo.h"
 
+#include <functional>
 #include <optional>
 
 namespace tessary {
@@ -43,6 +44,9 @@ public:
     [[nodiscard]] virtual std::vector<ADBDevice> adbDevices(bool) {
         return {};
     }
+    /// From now on `changed` is called, on any thread, when adbDevices() has another answer; an
+    /// empty one ends that.
+    virtual void onADBChange(std::function<void()> /*changed*/) {}
 };
 
 /// Asks phones by way of their file systems, which order it with everything else that uses them.
@@ -54,6 +58,7 @@ public:
     [[nodiscard]] DeviceAnswer ask(const DeviceInfo& device) override;
     [[nodiscard]] bool isConflictingAppRunning() override;
     [[nodiscard]] std::vector<ADBDevice> adbDevices(bool lookAgain) override;
+    void onADBChange(std::function<void()> changed) override;
 
 private:
     DeviceServices& services_;
