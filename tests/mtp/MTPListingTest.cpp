@@ -4,6 +4,7 @@ namespace tessary {
 namespace {
 
 using namespace Qt::StringLiterals;
+using enum MTPOperationCode;
 using namespace std::chrono_literals;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
@@ -174,6 +175,32 @@ TEST_F(MTPListingTest, everyRootThatPhonesListIsUnderstood) {
         faults.foldersHoldThemselves = true;
     });
     EXPECT_EQ(listedNames("/DCIM"), QStringList(u"Camera"_s));
+}
+
+TEST_F(MTPListingTest, sizesThatThePhoneCutsTo32BitsAreListedWhole) {
+    constexpr qint64 fiveGiB = qint64{5} << 30;
+    phone().behave([](VirtualBehaviour& behaviour) {
+        behaviour.cutsSizesTo32Bits = true;
+        behaviour.unsupportedOperations.insert(static_cast<std::uint16_t>(getObjectPropList));
+    });
+    (void)phone().disk.writeSparse(u"0/films/a"_s, fiveGiB);
+    (void)phone().disk.writeSparse(u"0/films/b"_s, (qint64{4} << 30) + 5);
+    phone().write(u"films/c"_s, "small");
+    std::vector<qint64> sizes;
+    for (const FileItem& file : list("/films"))
+        sizes.push_back(file.size);
+    EXPECT_THAT(sizes, testing::ElementsAre(fiveGiB, (qint64{4} << 30) + 5, 5));
+    EXPECT_EQ(item("/films/a").size, fiveGiB);
+}
+
+TEST_F(MTPListingTest, phoneThatTellsLargeSizesIsNotAskedAboutEveryFile) {
+    phone().behave([](VirtualBehaviour& behaviour) {
+        behaviour.unsupportedOperations.insert(static_cast<std::uint16_t>(getObjectPropList));
+    });
+    for (const qint64 size : {5, 1, 2, 3})
+        (void)phone().disk.writeSparse(u"0/films/%1"_s.arg(9 - size), size << 30);
+    EXPECT_EQ(list("/films").size(), 4U);
+    EXPECT_EQ(phone().requests(getObjectPropValue), 1U);
 }
 
 TEST_F(MTPListingTest, hostileNamesAreListedAsTheyAre) {

@@ -15,7 +15,7 @@ mount -t devtmpfs devtmpfs /dev
 exec </dev/console >/dev/console 2>&1
 mount -t tmpfs -o size=75% tmpfs /tmp
 echo 1 >/proc/sys/kernel/printk
-for module in {modules}; do insmod /modules/$module; done
+{loading}
 stty -echo -onlcr
 echo @@booted
 while read -r line; do eval "$line"; done
@@ -28,8 +28,9 @@ def _libraries(program):
     return re.findall(r"(/\S+) \(0x", listing.stdout)
 
 
-def build(target, modules, programs):
-    """Writes the archive. `programs` land in /bin under their own names."""
+def build(target, modules, programs, texts=None, parameters=None):
+    """Writes the archive. `programs` land in /bin under their own names, `texts` under theirs;
+    `parameters` are of modules, by their names."""
     busybox = shutil.which("busybox")
     if not busybox:
         raise FileNotFoundError("busybox is needed (package busybox-static)")
@@ -52,8 +53,14 @@ def build(target, modules, programs):
                 put(library, str(library).lstrip("/"))
         for module in modules:
             put(module, f"modules/{module.name}")
-        names = " ".join(module.name for module in modules)
-        (root / "init").write_text(INIT.replace("{modules}", names))
+        for name, text in (texts or {}).items():
+            (root / name).parent.mkdir(parents=True, exist_ok=True)
+            (root / name).write_text(text)
+        loading = [
+            f"insmod /modules/{module.name} {(parameters or {}).get(module.name, '')}"
+            for module in modules
+        ]
+        (root / "init").write_text(INIT.replace("{loading}", "\n".join(loading)))
         (root / "init").chmod(0o755)
         files = "\n".join(str(path.relative_to(root)) for path in sorted(root.rglob("*")))
         with open(target, "wb") as archive:

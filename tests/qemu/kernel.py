@@ -1,4 +1,5 @@
-"""Debian's own kernel and the modules that the emulated machine needs: unpacked, not installed."""
+"""Debian's own kernel with the modules that the emulated machines need, and the responder that runs
+in one of them: unpacked, not installed."""
 
 import fcntl
 import pathlib
@@ -7,12 +8,17 @@ import shutil
 import subprocess
 import tempfile
 
-MODULES = [
-    "drivers/usb/common/usb-common.ko",
-    "drivers/usb/core/usbcore.ko",
-    "drivers/usb/host/xhci-hcd.ko",
-    "drivers/usb/host/xhci-pci.ko",
-]  # in the order in which they are loaded
+# In the order in which they are loaded
+USB_MODULES = ["drivers/usb/common/usb-common.ko", "drivers/usb/core/usbcore.ko"]
+MODULES = USB_MODULES + ["drivers/usb/host/xhci-hcd.ko", "drivers/usb/host/xhci-pci.ko"]
+# Of a machine that is the phone as well
+GADGET_MODULES = USB_MODULES + [
+    "fs/configfs/configfs.ko",
+    "drivers/usb/gadget/udc/udc-core.ko",
+    "drivers/usb/gadget/libcomposite.ko",
+    "drivers/usb/gadget/function/usb_f_fs.ko",
+    "drivers/usb/gadget/udc/dummy_hcd.ko",
+]
 
 
 class KernelError(Exception):
@@ -38,43 +44,57 @@ def _package_name():
     return names[0]
 
 
-def _download(folder):
+def _download(name, folder):
+    """`name` is a function, since lists that are updated may hold another name."""
     try:
-        _run(["apt-get", "download", _package_name()], folder)
+        _run(["apt-get", "download", name()], folder)
     except KernelError:
         # Old lists, or none at all, as in a fresh container.
         _run(["apt-get", "update"])
-        _run(["apt-get", "download", _package_name()], folder)
-    return next(folder.glob("linux-image-*.deb"))
+        _run(["apt-get", "download", name()], folder)
+    return next(folder.glob("*.deb"))
 
 
-def _unpack(package, target):
-    with tempfile.TemporaryDirectory(dir=target.parent) as scratch:
-        tree = pathlib.Path(scratch) / "tree"
-        _run(["dpkg-deb", "-x", str(package), str(tree)])
-        kernel = next(tree.glob("boot/vmlinuz-*"))
-        modules = next(tree.glob("lib/modules/*/kernel"))
-        parts = pathlib.Path(scratch) / "parts"
-        parts.mkdir()
-        shutil.copy(kernel, parts / "vmlinuz")
-        for module in MODULES:
-            shutil.copy(modules / module, parts)
-        parts.rename(target)
-
-
-def kernel_files(cache):
-    """(kernel, modules in the order of loading). Downloads the package unless the cache has it."""
+def _fetch(cache, kept, name, wanted):
+    """The folder `kept` of the cache with files of a package: `wanted` finds them in its tree."""
     cache.mkdir(parents=True, exist_ok=True)
-    target = cache / "kernel"
+    target = cache / kept
     with open(cache / "lock", "w") as lock:
         fcntl.flock(lock, fcntl.LOCK_EX)
-        if not target.exists():
-            try:
-                with tempfile.TemporaryDirectory(dir=cache) as scratch:
-                    _unpack(_download(pathlib.Path(scratch)), target)
-            except (KernelError, StopIteration) as error:
-                raise KernelError(
-                    f"no kernel for the emulated machine: {error or 'unexpected package'}\n"
-                    f"It is fetched with apt-get once and kept in {target}."
-                ) from error
-    return target / "vmlinuz", [target / pathlib.Path(module).name for module in MODULES]
+        if target.exists():
+            return target
+        try:
+            with tempfile.TemporaryDirectory(dir=cache) as scratch:
+                scratch = pathlib.Path(scratch)
+                tree = scratch / "tree"
+                _run(["dpkg-deb", "-x", str(_download(name, scratch)), str(tree)])
+                parts = scratch / "parts"
+                parts.mkdir()
+                for file, called in wanted(tree):
+                    shutil.copy(file, parts / called)
+                parts.rename(target)
+        except (KernelError, StopIteration, OSError) as error:
+            raise KernelError(
+                f"no {kept} for the emulated machine: {error or 'unexpected package'}\n"
+                f"It is fetched with apt-get once and kept in {target}."
+            ) from error
+    return target
+
+
+def _kernel_parts(tree):
+    modules = next(tree.glob("lib/modules/*/kernel"))
+    yield next(tree.glob("boot/vmlinuz-*")), "vmlinuz"
+    for module in MODULES + GADGET_MODULES:
+        yield modules / module, pathlib.Path(module).name
+
+
+def kernel_files(cache, wanted=MODULES):
+    """(kernel, modules in the order of loading). Downloads the package unless the cache has it."""
+    folder = _fetch(cache, "kernel-with-gadgets", _package_name, _kernel_parts)
+    return folder / "vmlinuz", [folder / pathlib.Path(module).name for module in wanted]
+
+
+def responder_file(cache):
+    """An MTP responder for Linux's own gadgets."""
+    parts = lambda tree: [(tree / "usr/bin/umtprd", "umtprd")]
+    return _fetch(cache, "responder", lambda: "umtp-responder", parts) / "umtprd"

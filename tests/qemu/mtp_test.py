@@ -19,7 +19,6 @@ from machine import Machine, MachineError
 
 MIB = 1024 * 1024
 TIME_LIMIT = 280  # seconds: before ctest would end it without a word
-CLI = "tessary-cli --usb 46F4:0004"
 # Around one packet, one short read and one long read, with the container's header of 12 bytes; and
 # many reads. This responder takes no upload that ends with a few bytes behind a full buffer of its
 # own (of 512 KiB): it halts the pipe, or ends itself.
@@ -66,7 +65,10 @@ def fill_phone(folder):
 
 
 class Test:
-    def __init__(self, machine, phone):
+    CLI = "tessary-cli --usb 46F4:0004"
+    NAME = "QEMU"
+
+    def __init__(self, machine, phone=None):
         self.machine = machine
         self.phone = phone  # the responder's folder on this machine
         self.device = None  # its id for tessary-cli
@@ -103,16 +105,18 @@ class Test:
     def unplug(self):
         self.machine.unplug("phone")
 
+    def is_there(self):
+        return "grep -q 46f4 /sys/bus/usb/devices/*/idVendor"
+
     def await_enumeration(self):
-        look = "grep -q 46f4 /sys/bus/usb/devices/*/idVendor"
-        loop = f"for i in $(seq 100); do {look} && exit 0; usleep 50000; done; exit 1"
+        loop = f"for i in $(seq 100); do {self.is_there()} && exit 0; usleep 50000; done; exit 1"
         result = self.machine.run(loop, 20)
         check(result.status == 0, "the kernel found no device", result)
 
     # The services, by tessary-cli
 
     def cli(self, command, seconds=60):
-        return self.machine.run(f"{CLI} {command}", seconds)
+        return self.machine.run(f"{self.CLI} {command}", seconds)
 
     def expect(self, command, seconds=60):
         result = self.cli(command, seconds)
@@ -123,14 +127,14 @@ class Test:
         listing = json.loads(self.expect(f"ls '{self.device}' {folder} --json").output)
         return sorted(item["name"] for item in listing)
 
-    def file_system_works(self):
-        result = self.machine.run("MTPFilesProbe --gtest_brief=1", 120)
+    def file_system_works(self, environment=""):
+        result = self.machine.run(f"{environment} MTPFilesProbe --gtest_brief=1", 120)
         self.expect_probe(result)
         return "; ".join(line for line in result.errors.strip().splitlines() if line)
 
     def device_is_listed(self):
         result = self.expect("devices --json")
-        found = [one for one in json.loads(result.output) if "QEMU" in one["deviceName"]]
+        found = [one for one in json.loads(result.output) if self.NAME in one["deviceName"]]
         check(len(found) == 1, "the device is not listed", result)
         self.device = found[0]["udid"]
 
@@ -168,14 +172,17 @@ class Test:
         self.expect(f"mkdir '{self.device}' /new")
         check((self.phone / "new").is_dir(), "the folder was not made")
 
-    def start_long_copy(self, command, then="true"):
-        """Starts a copy that would take long, and waits until it is well on its way."""
+    def moved(self):
+        """A command that tells how many MiB the copy under way has read and written."""
         add_up = "awk '/char/ { n += $2 } END { print int(n / 1048576) }'"
-        moved = f"cat /proc/$(pidof tessary-cli)/io | {add_up}"
-        wait = f"until [ $({moved}) -gt 32 ]; do usleep 20000; done 2>/dev/null"
+        return f"cat /proc/$(pidof tessary-cli)/io | {add_up}"
+
+    def start_long_copy(self, command, then="true", mebibytes=32):
+        """Starts a copy that would take long, and waits until it is well on its way."""
+        wait = f"until [ $({self.moved()}) -gt {mebibytes} ]; do usleep 20000; done 2>/dev/null"
         watch = f"({wait}; echo @@running >/dev/console; {then}) &"
-        self.machine.start(f"{watch} exec {CLI} {command}")
-        self.machine.await_text("@@running", 60)
+        self.machine.start(f"{watch} exec {self.CLI} {command}")
+        self.machine.await_text("@@running", 120)
 
     def start_download(self, then="true"):
         self.machine.run("mkdir -p /tmp/part")
@@ -263,25 +270,34 @@ def run(arguments, scratch):
             test.unplugged_upload_fails_at_once,
             test.plugged_in_again_it_works,
         ]
-        current = "boot"
-        try:
-            start = time.monotonic()
-            machine.await_text("@@booted\n", 120)
+
+        def begin():
             test.plug()
             test.await_enumeration()
-            report("boot", start, None)
-            for step in steps:
-                current = step.__name__
-                start = time.monotonic()
-                report(current, start, step())
-        except (Failure, MachineError, OSError, ValueError, KeyError) as error:
-            signal.alarm(0)
-            print(f"FAIL {current}: {error}")
-            with contextlib.suppress(MachineError):
-                print("--- kernel log\n" + machine.run("dmesg | tail -n 40", 10).output)
-            print(f"--- console\n{machine.console[-4000:]}")
-            print(f"--- emulator\n{machine.emulator_errors()}")
-            return 1
+
+        return perform(machine, begin, steps)
+
+
+def perform(machine, begin, steps):
+    """Runs the steps once the machine has booted; returns the exit status."""
+    current = "boot"
+    try:
+        start = time.monotonic()
+        machine.await_text("@@booted\n", 120)
+        begin()
+        report("boot", start, None)
+        for step in steps:
+            current = step.__name__
+            start = time.monotonic()
+            report(current, start, step())
+    except (Failure, MachineError, OSError, ValueError, KeyError) as error:
+        signal.alarm(0)
+        print(f"FAIL {current}: {error}")
+        with contextlib.suppress(MachineError, OSError):
+            print("--- kernel log\n" + machine.run("dmesg | tail -n 40", 10).output)
+        print(f"--- console\n{machine.console[-4000:]}")
+        print(f"--- emulator\n{machine.emulator_errors()}")
+        return 1
     return 0
 
 
@@ -294,12 +310,11 @@ def out_of_time(*_):
     raise MachineError(f"not done after {TIME_LIMIT} s")
 
 
-def main():
-    parser = argparse.ArgumentParser(description=__doc__)
-    parser.add_argument("--probe", type=pathlib.Path, required=True, help="the USBBusProbe program")
-    parser.add_argument("--files", type=pathlib.Path, required=True, help="MTPFilesProbe")
-    parser.add_argument("--cli", type=pathlib.Path, required=True, help="tessary-cli")
-    parser.add_argument("--cache", type=pathlib.Path, required=True, help="keeps the kernel")
+def main(run, description, programs):
+    parser = argparse.ArgumentParser(description=description)
+    for program in programs:
+        parser.add_argument(f"--{program}", type=pathlib.Path, required=True)
+    parser.add_argument("--cache", type=pathlib.Path, required=True, help="keeps what is fetched")
     arguments = parser.parse_args()
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
     signal.signal(signal.SIGALRM, out_of_time)
@@ -313,4 +328,4 @@ def main():
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(main(run, __doc__, ["probe", "files", "cli"]))

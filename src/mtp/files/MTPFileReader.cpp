@@ -50,9 +50,6 @@ void MTPFileReader::confirm(MTPTree& tree) {
     if (found.object.isDirectory())
         throw Error(PhoneError::notAFile, {file_.path});
     MTPObjectInfo info = *found.object.info;
-    // Some phones cut the size of a large object to 32 bits everywhere but in this property.
-    if (!info.true64BitSize && info.compressedSize > largestWhole)
-        info.true64BitSize = tree.client().getObjectSize(info.id);
     if (info_ && (info_->effectiveSize() != info.effectiveSize() ||
                   info_->dateModified != info.dateModified))
         throw Error(PhoneError::changed, {file_.path});

@@ -202,11 +202,28 @@ bool MTPTree::isIn(const MTPObjectInfo& info, std::uint32_t folder) {
     return std::find(listed.begin(), listed.end(), info.id) != listed.end();
 }
 
+/// What the phone says of an object, with a size that can be believed.
+MTPObjectInfo MTPTree::ask(std::uint32_t handle) {
+    using Sizes = MTPPhoneMemory::Sizes;
+    constexpr std::uint32_t suspicious = 32U << 20; // few files are that large
+    MTPObjectInfo info = client_.getObjectInfo(handle);
+    if (info.isDirectory())
+        return info;
+    if (info.true64BitSize)
+        memory_.sizes = Sizes::whole; // it says when 32 bits are not enough
+    else if (memory_.sizes == Sizes::cut ||
+             (memory_.sizes == Sizes::unproven && info.compressedSize >= suspicious))
+        info.true64BitSize = client_.getObjectSize(handle);
+    if (info.effectiveSize() >> 32 != 0 && info.compressedSize != 0xFFFFFFFF)
+        memory_.sizes = Sizes::cut;
+    return info;
+}
+
 MTPObjectInfo MTPTree::infoOf(std::uint32_t handle) {
     constexpr std::chrono::seconds moment{1};
     if (!confirmed_ || confirmed_->info.id != handle || confirmed_->asked != client_.asked() ||
         Clock::now() - confirmed_->at > moment) {
-        MTPObjectInfo info = client_.getObjectInfo(handle);
+        MTPObjectInfo info = ask(handle);
         confirmed_ = {std::move(info), client_.asked(), Clock::now()};
         if (confirmed_->info.isDirectory()) {
             if (confirmedFolders_.size() >= mostHints)
@@ -459,7 +476,7 @@ void MTPTree::readChildren(std::uint32_t storageID, Known& folder,
             continue;
         std::optional<MTPObjectInfo> info;
         try {
-            info = client_.getObjectInfo(handle);
+            info = ask(handle);
         } catch (const MTPTransportError& error) {
             if (endsSession(error))
                 throw;

@@ -27,6 +27,9 @@ struct MTPPhoneMemory {
     QHash<std::pair<std::uint32_t, QString>, std::uint32_t> folders;
     /// It answers GetObjectPropList, and tells the truth there.
     bool listsProperties = false;
+    /// What a size of 32 bits is worth: some phones leave out what does not fit.
+    enum class Sizes { unproven, whole, cut };
+    Sizes sizes = Sizes::unproven;
     /// It takes edits in place, and dates, as far as is known.
     bool editsObjects = true;
     bool setsDates = true;
@@ -146,6 +149,7 @@ private:
 
     [[nodiscard]] bool heed(const MTPEvent& event);
     [[nodiscard]] MTPObjectInfo infoOf(std::uint32_t handle);
+    [[nodiscard]] MTPObjectInfo ask(std::uint32_t handle);
     [[nodiscard]] bool wasConfirmed(std::uint32_t handle) const;
     [[nodiscard]] MTPFound findEntry(const FileItem& item, bool mustBeCurrent,
                                      const std::stop_token& stop);
