@@ -5,6 +5,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPainterPath>
 
 #include <algorithm>
 
@@ -13,7 +14,7 @@ namespace tessary {
 namespace {
 
 constexpr int margin = 8;
-constexpr int iconSize = 22;
+constexpr int markSize = 26;
 constexpr int barHeight = 5;
 constexpr int buttonSize = 22;
 
@@ -38,11 +39,92 @@ QColor colourOf(const CopyJob& job, const QPalette& palette) {
     }
 }
 
+/// The strokes that say how a job stands, in a square of 24 units: a tick, a cross, two bars, or an
+/// arrow in the direction of the copy.
+QPainterPath strokesOf(const CopyJob& job) {
+    using Status = CopyJob::Status;
+    QPainterPath path;
+    switch (job.status) {
+    case Status::done:
+        path.moveTo(7, 12.5);
+        path.lineTo(10.5, 16);
+        path.lineTo(17, 8.5);
+        return path;
+    case Status::failed:
+    case Status::cancelled:
+        path.moveTo(8.5, 8.5);
+        path.lineTo(15.5, 15.5);
+        path.moveTo(15.5, 8.5);
+        path.lineTo(8.5, 15.5);
+        return path;
+    case Status::incomplete:
+        path.moveTo(12, 7);
+        path.lineTo(12, 13);
+        path.moveTo(12, 16.6);
+        path.lineTo(12, 16.9);
+        return path;
+    case Status::paused:
+        path.moveTo(9.5, 8);
+        path.lineTo(9.5, 16);
+        path.moveTo(14.5, 8);
+        path.lineTo(14.5, 16);
+        return path;
+    case Status::queued:
+    case Status::running:
+        break;
+    }
+    const bool isUp = job.direction == CopyJob::Direction::toPhone;
+    const double tip = isUp ? 6.5 : 17.5;
+    const double wing = isUp ? 11.5 : 12.5;
+    path.moveTo(12, isUp ? 17.5 : 6.5);
+    path.lineTo(12, tip);
+    path.moveTo(7, wing);
+    path.lineTo(12, tip);
+    path.lineTo(17, wing);
+    return path;
+}
+
+/// A disc with the strokes in it: filled once the job has ended, for what is under way a ring.
+void paintMark(QPainter& painter, const QRectF& place, const CopyJob& job,
+               const QPalette& palette) {
+    constexpr double units = 24;
+    constexpr double stroke = 2;
+    const QColor colour = colourOf(job, palette);
+    painter.save();
+    painter.translate(place.topLeft());
+    painter.scale(place.width() / units, place.height() / units);
+    QColor ground = colour;
+    if (!job.isFinished())
+        ground.setAlphaF(0.16F);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ground);
+    painter.drawEllipse(QRectF(1, 1, units - 2, units - 2));
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(job.isFinished() ? QColor(Qt::white) : colour, stroke, Qt::SolidLine,
+                        Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPath(strokesOf(job));
+    painter.restore();
+}
+
+void paintBar(QPainter& painter, const QRectF& bar, const CopyJob& job, const QPalette& palette) {
+    QColor trough = palette.color(QPalette::WindowText);
+    trough.setAlphaF(0.14F);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(trough);
+    painter.drawRoundedRect(bar, barHeight / 2.0, barHeight / 2.0);
+    const double share = job.fractionDone();
+    if (share <= 0)
+        return;
+    QRectF done = bar;
+    done.setWidth(std::max<double>(barHeight, bar.width() * share));
+    painter.setBrush(colourOf(job, palette));
+    painter.drawRoundedRect(done, barHeight / 2.0, barHeight / 2.0);
+}
+
 } // namespace
 
-TransferDelegate::TransferDelegate(std::function<void(const QModelIndex&)> onCancel,
-                                   QObject* parent)
-    : QStyledItemDelegate(parent), onCancel_(std::move(onCancel)) {}
+TransferDelegate::TransferDelegate(Actions actions, QObject* parent)
+    : QStyledItemDelegate(parent), actions_(std::move(actions)) {}
 
 QSize TransferDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const {
     return {200, 2 * option.fontMetrics.height() + barHeight + 2 * margin + 6};
@@ -64,42 +146,44 @@ void TransferDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     }
     const QRect inner = option.rect.adjusted(margin + 4, margin, -margin, -margin);
     const int line = option.fontMetrics.height();
-    index.data(Qt::DecorationRole)
-        .value<QIcon>()
-        .paint(painter, QRect(inner.left(), inner.center().y() - iconSize / 2, iconSize, iconSize));
+    paintMark(*painter,
+              QRectF(inner.left(), option.rect.center().y() - markSize / 2.0, markSize, markSize),
+              *job, palette);
 
-    const int left = inner.left() + iconSize + 12;
+    const int left = inner.left() + markSize + 12;
     const int right = buttonRect(option.rect).left() - 12;
     const QColor text = palette.color(QPalette::WindowText);
     QColor faint = text;
     faint.setAlphaF(0.72F);
-    painter->setPen(text);
-    painter->drawText(
-        QRect(left, inner.top(), right - left, line), Qt::AlignVCenter,
-        option.fontMetrics.elidedText(index.data().toString(), Qt::ElideMiddle, right - left));
-    const QRectF bar(left, inner.top() + line + 3, right - left, barHeight);
-    QColor trough = text;
-    trough.setAlphaF(0.14F);
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(trough);
-    painter->drawRoundedRect(bar, barHeight / 2.0, barHeight / 2.0);
-    if (const double share = job->fractionDone(); share > 0) {
-        QRectF done = bar;
-        done.setWidth(std::max<double>(barHeight, bar.width() * share));
-        painter->setBrush(colourOf(*job, palette));
-        painter->drawRoundedRect(done, barHeight / 2.0, barHeight / 2.0);
-    }
     QFont small = option.font;
     small.setPointSizeF(small.pointSizeF() * 0.9);
+    const QFontMetrics smallMetrics(small);
+    // Where it goes stands to the right, and gives way to the name.
+    const QString route =
+        smallMetrics.elidedText(transferRoute(*job), Qt::ElideMiddle, (right - left) * 2 / 5);
+    const int routeWidth = smallMetrics.horizontalAdvance(route);
+    const bool showsBar = !job->isFinished();
+    const int top = showsBar ? inner.top() : inner.center().y() - line - 1;
+    painter->setPen(text);
+    painter->drawText(QRect(left, top, right - left, line), Qt::AlignVCenter,
+                      option.fontMetrics.elidedText(index.data().toString(), Qt::ElideMiddle,
+                                                    right - left - routeWidth - 16));
+    painter->setPen(faint);
     painter->setFont(small);
+    painter->drawText(QRect(right - routeWidth - 1, top, routeWidth + 1, line),
+                      Qt::AlignVCenter | Qt::AlignRight, route);
+    if (showsBar)
+        paintBar(*painter, QRectF(left, top + line + 3, right - left, barHeight), *job, palette);
     const bool wentWrong =
         job->status == CopyJob::Status::failed || job->status == CopyJob::Status::incomplete;
     painter->setPen(wentWrong ? colourOf(*job, palette) : faint);
-    painter->drawText(
-        QRect(left, inner.top() + line + barHeight + 6, right - left, line), Qt::AlignVCenter,
-        QFontMetrics(small).elidedText(transferDetail(*job), Qt::ElideRight, right - left));
+    painter->drawText(QRect(left, top + line + (showsBar ? barHeight + 6 : 2), right - left, line),
+                      Qt::AlignVCenter,
+                      smallMetrics.elidedText(transferDetail(*job), Qt::ElideRight, right - left));
     if (!job->isFinished())
         icon("dialog-close").paint(painter, buttonRect(option.rect).adjusted(3, 3, -3, -3));
+    else if (job->canGoOn())
+        icon("view-refresh").paint(painter, buttonRect(option.rect).adjusted(2, 2, -2, -2));
     painter->restore();
 }
 
@@ -109,11 +193,22 @@ bool TransferDelegate::editorEvent(QEvent* event, QAbstractItemModel* model,
         const auto* mouse = static_cast<QMouseEvent*>(event);
         if (mouse->button() == Qt::LeftButton &&
             buttonRect(option.rect).contains(mouse->position().toPoint())) {
-            onCancel_(index);
+            actOn(index);
             return true;
         }
     }
     return QStyledItemDelegate::editorEvent(event, model, option, index);
+}
+
+void TransferDelegate::actOn(const QModelIndex& index) const {
+    const auto* model = qobject_cast<const TransferListModel*>(index.model());
+    const CopyJob* job = model != nullptr ? model->jobAt(index) : nullptr;
+    if (job == nullptr)
+        return;
+    if (!job->isFinished())
+        actions_.cancel(index);
+    else if (job->canGoOn())
+        actions_.goOn(index);
 }
 
 } // namespace tessary

@@ -6,13 +6,17 @@
 
 namespace tessary {
 
-/// Draws a transfer of TransferListModel: direction, name, progress bar, what there is to say, and
-/// a button that cancels it.
+/// Draws a transfer of TransferListModel: how it stands, name, from where to where, a bar while it
+/// is under way, what there is to say, and a button that cancels it or goes on with it.
 class TransferDelegate : public QStyledItemDelegate {
 public:
-    /// `onCancel` is called with the index whose button was clicked.
-    explicit TransferDelegate(std::function<void(const QModelIndex&)> onCancel,
-                              QObject* parent = nullptr);
+    /// Called with the index whose button was clicked.
+    struct Actions {
+        std::function<void(const QModelIndex&)> cancel;
+        std::function<void(const QModelIndex&)> goOn;
+    };
+
+    explicit TransferDelegate(Actions actions, QObject* parent = nullptr);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
@@ -22,7 +26,9 @@ public:
                      const QModelIndex& index) override;
 
 private:
-    std::function<void(const QModelIndex&)> onCancel_;
+    void actOn(const QModelIndex& index) const;
+
+    const Actions actions_;
 };
 
 } // namespace tessary

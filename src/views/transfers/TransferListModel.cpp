@@ -5,8 +5,8 @@
 #include "app/texts/DisplayNames.h"
 #include "app/texts/ErrorText.h"
 #include "base/text/ByteFormat.h"
+#include "base/text/PathNames.h"
 #include "base/text/Printable.h"
-#include "views/common/Icons.h"
 #include "views/common/PlainText.h"
 
 #include <QCoreApplication>
@@ -73,8 +73,6 @@ QVariant TransferListModel::data(const QModelIndex& index, int role) const {
     switch (role) {
     case Qt::DisplayRole:
         return jobTitle(*job);
-    case Qt::DecorationRole:
-        return icon(job->direction == CopyJob::Direction::toPhone ? "arrow-up" : "arrow-down");
     case Qt::ToolTipRole:
         return plainToolTip(
             QStringLiteral("%1\n→ %2%3")
@@ -85,6 +83,18 @@ QVariant TransferListModel::data(const QModelIndex& index, int role) const {
     default:
         return {};
     }
+}
+
+QString transferRoute(const CopyJob& job) {
+    using Direction = CopyJob::Direction;
+    const QString phone = printable(job.phone);
+    const QString from = lastComponent(parentPath(job.sourcePath));
+    const QString to = lastComponent(job.targetFolder);
+    const bool comesFromPhone = job.direction == Direction::toComputer;
+    const bool goesToPhone =
+        job.direction == Direction::toPhone || job.direction == Direction::betweenPhones;
+    return QStringLiteral("%1 → %2").arg(comesFromPhone || from.isEmpty() ? phone : printable(from),
+                                         goesToPhone || to.isEmpty() ? phone : printable(to));
 }
 
 QString transferDetail(const CopyJob& job) {

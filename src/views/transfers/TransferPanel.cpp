@@ -51,12 +51,15 @@ TransferPanel::TransferPanel(CopyQueue& queue, ShowInFolder showInFolder, QWidge
 
     list_->setObjectName(QStringLiteral("transferList"));
     list_->setModel(&model_);
-    list_->setItemDelegate(new TransferDelegate(
-        [this](const QModelIndex& index) {
-            if (const CopyJob* job = model_.jobAt(index))
-                queue_.cancel(job->id);
-        },
-        list_));
+    list_->setItemDelegate(new TransferDelegate({[this](const QModelIndex& index) {
+                                                     if (const CopyJob* job = model_.jobAt(index))
+                                                         queue_.cancel(job->id);
+                                                 },
+                                                 [this](const QModelIndex& index) {
+                                                     if (const CopyJob* job = model_.jobAt(index))
+                                                         queue_.goOn(job->id);
+                                                 }},
+                                                list_));
     list_->setFrameShape(QFrame::NoFrame);
     list_->setUniformItemSizes(true);
     list_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
