@@ -6,8 +6,9 @@
 namespace tessary {
 
 void paintRowGround(QPainter& painter, const QStyleOptionViewItem& option, const QRect& place,
-                    int radius) {
+                    int radius, RowSelection selection) {
     constexpr float hoverShare = 0.12F;
+    constexpr float tintShare = 0.24F;
     const bool isSelected = (option.state & QStyle::State_Selected) != 0;
     if ((option.state & QStyle::State_HasFocus) != 0) {
         // Where the keyboard is; around the ground, which may have the same colour.
@@ -18,7 +19,8 @@ void paintRowGround(QPainter& painter, const QStyleOptionViewItem& option, const
     if (!isSelected && (option.state & QStyle::State_MouseOver) == 0)
         return;
     QColor ground = option.palette.color(QPalette::Highlight);
-    ground.setAlphaF(isSelected ? 1.0F : hoverShare);
+    const float selectedShare = selection == RowSelection::solid ? 1.0F : tintShare;
+    ground.setAlphaF(isSelected ? selectedShare : hoverShare);
     painter.setPen(Qt::NoPen);
     painter.setBrush(ground);
     painter.drawRoundedRect(place, radius, radius);

@@ -15,6 +15,7 @@ namespace {
 constexpr int margin = 10;
 constexpr int iconSize = 32;
 constexpr int barHeight = 5;
+constexpr QSize batterySize(21, 11);
 
 /// Used share of the storage that the row shows; no value while it is unknown.
 std::optional<double> usedShare(const DeviceInfo& device) {
@@ -35,11 +36,27 @@ QColor fillColour(double share, const QPalette& palette) {
     return palette.color(QPalette::Highlight);
 }
 
+/// A battery lying on its side, filled as far as it is charged.
+void paintBattery(QPainter& painter, const QRect& place, int percent, const QColor& outline) {
+    constexpr int low = 15; // percent
+    const QRectF body = QRectF(place).adjusted(0.5, 0.5, -2.5, -0.5);
+    painter.setPen(QPen(outline, 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(body, 2, 2);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(outline);
+    painter.drawRect(QRectF(body.right() + 1, body.center().y() - 2, 1.5, 4));
+    QRectF charge = body.adjusted(1.5, 1.5, -1.5, -1.5);
+    charge.setWidth(std::max(1.0, charge.width() * std::clamp(percent, 0, 100) / 100));
+    painter.setBrush(percent <= low ? QColor(206, 58, 58) : outline);
+    painter.drawRect(charge);
+}
+
 } // namespace
 
 QSize DeviceDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const {
     const int line = option.fontMetrics.height();
-    return {180, 2 * margin + 3 * line + barHeight + 8};
+    return {180, 2 * margin + 2 * line + barHeight + 12};
 }
 
 void DeviceDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -49,23 +66,37 @@ void DeviceDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
     if (device == nullptr)
         return;
     const QPalette& palette = option.palette;
-    const bool isSelected = (option.state & QStyle::State_Selected) != 0;
-    const QColor text =
-        palette.color(isSelected ? QPalette::HighlightedText : QPalette::WindowText);
+    const QColor text = palette.color(QPalette::WindowText);
     QColor faint = text;
     faint.setAlphaF(0.72F);
 
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     const QRect card = option.rect.adjusted(6, 2, -6, -2);
-    paintRowGround(*painter, option, card);
+    paintRowGround(*painter, option, card, 8, RowSelection::tinted);
 
     const QRect inner = card.adjusted(margin, margin - 2, -margin, -(margin - 2));
     const QRect iconRect(inner.left(), inner.top() + 2, iconSize, iconSize);
     index.data(Qt::DecorationRole).value<QIcon>().paint(painter, iconRect);
 
     const int line = option.fontMetrics.height();
-    const QRect texts = inner.adjusted(iconSize + 10, 0, 0, 0);
+    QRect texts = inner.adjusted(iconSize + 10, 0, 0, 0);
+    QFont small = option.font;
+    small.setPointSizeF(small.pointSizeF() * 0.88);
+    const QFontMetrics smallMetrics(small);
+    painter->setFont(small);
+    if (device->batteryLevel) {
+        const QString percent = QStringLiteral("%1 %").arg(*device->batteryLevel);
+        const int width = smallMetrics.horizontalAdvance(percent);
+        const QRect glyph(texts.right() - batterySize.width() + 1,
+                          texts.top() + (line - batterySize.height()) / 2 + 1, batterySize.width(),
+                          batterySize.height());
+        painter->setPen(faint);
+        painter->drawText(QRect(glyph.left() - width - 5, texts.top(), width + 1, line),
+                          Qt::AlignRight | Qt::AlignVCenter, percent);
+        paintBattery(*painter, glyph, *device->batteryLevel, faint);
+        texts.setRight(glyph.left() - width - 12);
+    }
     QFont bold = option.font;
     bold.setWeight(QFont::DemiBold);
     painter->setFont(bold);
@@ -73,19 +104,11 @@ void DeviceDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
     painter->drawText(
         QRect(texts.left(), texts.top(), texts.width(), line), Qt::AlignLeft | Qt::AlignVCenter,
         QFontMetrics(bold).elidedText(index.data().toString(), Qt::ElideRight, texts.width()));
-    QFont small = option.font;
-    small.setPointSizeF(small.pointSizeF() * 0.88);
-    const QFontMetrics smallMetrics(small);
-    painter->setFont(small);
-    painter->setPen(faint);
-    painter->drawText(
-        QRect(texts.left(), texts.top() + line, texts.width(), line),
-        Qt::AlignLeft | Qt::AlignVCenter,
-        smallMetrics.elidedText(deviceDetail(*device), Qt::ElideRight, texts.width()));
 
-    const int barTop = inner.top() + 2 * line + 6;
+    texts.setRight(inner.right());
+    int stateTop = texts.top() + line + 4;
     if (const auto share = usedShare(*device)) {
-        const QRectF bar(inner.left(), barTop, inner.width(), barHeight);
+        const QRectF bar(texts.left(), stateTop, texts.width(), barHeight);
         QColor trough = text;
         trough.setAlphaF(0.16F);
         painter->setPen(Qt::NoPen);
@@ -93,14 +116,17 @@ void DeviceDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
         painter->drawRoundedRect(bar, barHeight / 2.0, barHeight / 2.0);
         QRectF used = bar;
         used.setWidth(std::max<double>(barHeight, bar.width() * *share));
-        painter->setBrush(isSelected ? text : fillColour(*share, palette));
+        painter->setBrush(fillColour(*share, palette));
         painter->drawRoundedRect(used, barHeight / 2.0, barHeight / 2.0);
+        stateTop += barHeight + 2;
     }
+    const QString state = index.data(DeviceListModel::stateRole).toString();
+    painter->setFont(small);
     painter->setPen(faint);
-    painter->drawText(QRect(inner.left(), barTop + barHeight + 2, inner.width(), line),
+    painter->drawText(QRect(texts.left(), stateTop, texts.width(), line),
                       Qt::AlignLeft | Qt::AlignVCenter,
-                      smallMetrics.elidedText(index.data(DeviceListModel::stateRole).toString(),
-                                              Qt::ElideRight, inner.width()));
+                      smallMetrics.elidedText(state.isEmpty() ? deviceDetail(*device) : state,
+                                              Qt::ElideRight, texts.width()));
 
     if ((option.state & QStyle::State_HasFocus) != 0 &&
         (option.state & QStyle::State_KeyboardFocusChange) != 0) {

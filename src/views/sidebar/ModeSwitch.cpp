@@ -6,13 +6,29 @@
 #include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QStyleOptionButton>
 
 namespace tessary {
 
 namespace {
 
+/// One half of the switch. The pressed look alone is hardly seen on a dark ground.
+class ModeButton final : public QPushButton {
+protected:
+    void initStyleOption(QStyleOptionButton* option) const override {
+        QPushButton::initStyleOption(option);
+        if (!isChecked() || !isEnabled())
+            return;
+        const QColor accent = palette().color(QPalette::Highlight);
+        option->palette.setColor(QPalette::Button, accent);
+        option->palette.setColor(QPalette::Window, accent);
+        option->palette.setColor(QPalette::ButtonText, palette().color(QPalette::HighlightedText));
+        option->state &= ~(QStyle::State_On | QStyle::State_Sunken); // which would darken it again
+    }
+};
+
 QPushButton* modeButton(ProtocolMode mode, const char* toolTip) {
-    auto* button = new QPushButton;
+    auto* button = new ModeButton;
     button->setCheckable(true);
     button->setFlat(false);
     QFont small = button->font();
@@ -42,12 +58,6 @@ ModeSwitch::ModeSwitch(std::function<void(ProtocolMode)> useMode, QWidget* paren
     row->setSpacing(0);
     for (QPushButton* button : {standard_, turbo_}) {
         group->addButton(button);
-        // The pressed look alone is hardly seen on a dark ground.
-        connect(button, &QPushButton::toggled, button, [button](bool isOn) {
-            QFont font = button->font();
-            font.setBold(isOn);
-            button->setFont(font);
-        });
         row->addWidget(button, 1);
     }
     connect(standard_, &QPushButton::clicked, this, [useMode] { useMode(ProtocolMode::mtp); });
