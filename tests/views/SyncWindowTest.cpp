@@ -37,7 +37,8 @@ protected:
             return false;
         })) << dialogName;
     }
-    void makePair() {
+    /// The sheet of a new pair, with its folder typed in.
+    void openSheet() {
         openFolder();
         press(Qt::Key_Y, Qt::ControlModifier);
         QWidget* panel = window_->findChild<QWidget*>(u"syncPanel"_s);
@@ -49,6 +50,9 @@ protected:
         auto* folder = dialog("syncPairSheet")->findChild<QLineEdit*>(u"syncLocalFolder"_s);
         folder->selectAll();
         QTest::keyClicks(folder, local_.path());
+    }
+    void makePair() {
+        ASSERT_NO_FATAL_FAILURE(openSheet());
         clickButton("syncPairSheet", u"Show What Will Happen"_s);
     }
     [[nodiscard]] bool hasSynced() const {
@@ -87,6 +91,19 @@ TEST_F(SyncWindowTest, pairIsMadePreviewedAndRun) {
     runAgain();
     EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/new.txt"_s) == "new"; }));
     EXPECT_TRUE(wait([this] { return isShown(u"new.txt"_s); })) << "the folder shown is read again";
+}
+
+TEST_F(SyncWindowTest, returnGoesOnFromTheSheetAndFromThePreview) {
+    ASSERT_NO_FATAL_FAILURE(openSheet());
+    QTest::keyClick(dialog("syncPairSheet")->findChild<QLineEdit*>(u"syncLocalFolder"_s),
+                    Qt::Key_Return);
+    ASSERT_TRUE(wait([this] {
+        const QDialog* shown = dialog("syncPreview");
+        return shown != nullptr && shown->findChild<QTreeWidget*>()->topLevelItemCount() == 3;
+    }));
+    QTest::keyClick(dialog("syncPreview")->findChild<QTreeWidget*>(), Qt::Key_Return);
+    EXPECT_TRUE(wait([this] { return hasSynced(); }));
+    EXPECT_EQ(local_.read(u"alpha.txt"_s), "a");
 }
 
 TEST_F(SyncWindowTest, deletionIsAskedAboutAndOnlyThenDone) {

@@ -57,6 +57,7 @@ SyncPairSheet::SyncPairSheet(SyncPair pair, Purpose purpose, ChooseFolder choose
     sentence_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
 
     auto* choose = new QPushButton(tr("Choose…"));
+    choose->setAutoDefault(false); // Return goes on
     connect(choose, &QPushButton::clicked, this, [this] {
         const QString chosen = chooseFolder_(this, folder_->text());
         if (!chosen.isEmpty())
@@ -79,7 +80,6 @@ SyncPairSheet::SyncPairSheet(SyncPair pair, Purpose purpose, ChooseFolder choose
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
     next_ = buttons->addButton(purpose == Purpose::makes ? tr("Show What Will Happen") : tr("Save"),
                                QDialogButtonBox::AcceptRole);
-    next_->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* column = new QVBoxLayout(this);
@@ -94,6 +94,8 @@ SyncPairSheet::SyncPairSheet(SyncPair pair, Purpose purpose, ChooseFolder choose
     for (QCheckBox* box : {moves_, runsByItself_})
         connect(box, &QCheckBox::toggled, this, &SyncPairSheet::change);
     connect(patterns_, &QPlainTextEdit::textChanged, this, &SyncPairSheet::change);
+    buttons->button(QDialogButtonBox::Cancel)->setAutoDefault(false);
+    next_->setDefault(true); // the dialog has it only now
     makePlain(*this);
     change();
 }

@@ -71,7 +71,6 @@ SyncPreviewDialog::SyncPreviewDialog(QWidget* parent)
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
     run_ = buttons->addButton(tr("Sync Now"), QDialogButtonBox::AcceptRole);
-    run_->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* column = new QVBoxLayout(this);
@@ -80,6 +79,8 @@ SyncPreviewDialog::SyncPreviewDialog(QWidget* parent)
         column->addWidget(each);
     column->addWidget(list_, 1);
     column->addWidget(buttons);
+    buttons->button(QDialogButtonBox::Cancel)->setAutoDefault(false);
+    run_->setDefault(true); // the dialog has it only now
     makePlain(*this);
 }
 
