@@ -13,9 +13,10 @@ if(TESSARY_PCH)
 else()
     option(TESSARY_HARDENING "Have the compiler and the linker guard against broken memory" ON)
 endif()
-set(TESSARY_UPDATE_ENDPOINT "https://updates.tessary.example" CACHE STRING
+# Without them the program offers neither a check for updates nor a page.
+set(TESSARY_UPDATE_ENDPOINT "" CACHE STRING
     "The server that announces updates, at /tessary/version.json")
-set(TESSARY_HOMEPAGE "https://tessary.example" CACHE STRING "The product's homepage")
+set(TESSARY_HOMEPAGE "" CACHE STRING "The product's homepage")
 set(TESSARY_SANITIZE "" CACHE STRING "Sanitizers, as -fsanitize= takes them")
 
 set(CMAKE_CXX_STANDARD 20)

@@ -36,10 +36,6 @@
         <translation>Löschen</translation>
     </message>
     <message>
-        <source>Download</source>
-        <translation>Herunterladen</translation>
-    </message>
-    <message>
         <source>Copy Files Here…</source>
         <translation>Dateien hierher kopieren …</translation>
     </message>
@@ -138,6 +134,14 @@
     <message>
         <source>Hidden Files</source>
         <translation>Versteckte Dateien</translation>
+    </message>
+    <message>
+        <source>Copy to Computer</source>
+        <translation>Auf Computer kopieren</translation>
+    </message>
+    <message>
+        <source>Search Below This Folder</source>
+        <translation>Unterhalb dieses Ordners suchen</translation>
     </message>
 </context>
 <context>
@@ -1452,6 +1456,14 @@
         <source>Path</source>
         <translation>Pfad</translation>
     </message>
+    <message>
+        <source>Copy to Phone</source>
+        <translation>Auf Telefon kopieren</translation>
+    </message>
+    <message>
+        <source>Search below…</source>
+        <translation>Unterhalb suchen …</translation>
+    </message>
 </context>
 <context>
     <name>tessary::BrowserView</name>
@@ -1600,6 +1612,26 @@
         <source>Apps</source>
         <translation>Apps</translation>
     </message>
+    <message>
+        <source>Searching for “%1”…</source>
+        <translation>Suche nach „%1“ …</translation>
+    </message>
+    <message>
+        <source>Nothing Found</source>
+        <translation>Nichts gefunden</translation>
+    </message>
+    <message>
+        <source>Nothing below this folder has “%1” in its name.</source>
+        <translation>Unterhalb dieses Ordners hat nichts „%1“ im Namen.</translation>
+    </message>
+    <message>
+        <source>Show the Folder</source>
+        <translation>Ordner anzeigen</translation>
+    </message>
+    <message>
+        <source>searching…</source>
+        <translation>wird durchsucht …</translation>
+    </message>
 </context>
 <context>
     <name>tessary::CopyCommands</name>
@@ -1676,6 +1708,18 @@
         <source>This cannot be undone.</source>
         <translation>Das lässt sich nicht rückgängig machen.</translation>
     </message>
+    <message>
+        <source>Open With</source>
+        <translation>Öffnen mit</translation>
+    </message>
+    <message>
+        <source>Looking for programs…</source>
+        <translation>Programme werden gesucht …</translation>
+    </message>
+    <message>
+        <source>No program is known for this</source>
+        <translation>Dafür ist kein Programm bekannt</translation>
+    </message>
 </context>
 <context>
     <name>tessary::FactsView</name>
@@ -1746,6 +1790,41 @@
     <message>
         <source>Name of the new folder:</source>
         <translation>Name des neuen Ordners:</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::GeneralNotices</name>
+    <message>
+        <source>Your settings could not be read. Tessary goes on with its own.</source>
+        <translation>Ihre Einstellungen konnten nicht gelesen werden. Tessary verwendet seine eigenen.</translation>
+    </message>
+    <message>
+        <source>The file is damaged: %1</source>
+        <translation>Die Datei ist beschädigt: %1</translation>
+    </message>
+    <message>
+        <source>The damaged file was kept: %1</source>
+        <translation>Die beschädigte Datei wurde aufgehoben: %1</translation>
+    </message>
+    <message>
+        <source>Your settings could not be stored: %1</source>
+        <translation>Ihre Einstellungen konnten nicht gespeichert werden: %1</translation>
+    </message>
+    <message>
+        <source>They hold until Tessary ends, and are tried again with each change.</source>
+        <translation>Sie gelten bis zum Ende von Tessary; bei jeder Änderung wird es erneut versucht.</translation>
+    </message>
+    <message>
+        <source>Another program on this computer opens phones, too.</source>
+        <translation>Auch ein anderes Programm auf diesem Computer öffnet Telefone.</translation>
+    </message>
+    <message>
+        <source>If a phone does not show its files here, have that program release it.</source>
+        <translation>Zeigt ein Telefon seine Dateien hier nicht, lassen Sie jenes Programm es freigeben.</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Telefon freigeben</translation>
     </message>
 </context>
 <context>
@@ -2452,6 +2531,10 @@
     <message>
         <source>Kind</source>
         <translation>Art</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Ordner</translation>
     </message>
 </context>
 <context>

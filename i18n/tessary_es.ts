@@ -36,10 +36,6 @@
         <translation>Eliminar</translation>
     </message>
     <message>
-        <source>Download</source>
-        <translation>Descargar</translation>
-    </message>
-    <message>
         <source>Copy Files Here…</source>
         <translation>Copiar archivos aquí…</translation>
     </message>
@@ -138,6 +134,14 @@
     <message>
         <source>Hidden Files</source>
         <translation>Archivos ocultos</translation>
+    </message>
+    <message>
+        <source>Copy to Computer</source>
+        <translation>Copiar al ordenador</translation>
+    </message>
+    <message>
+        <source>Search Below This Folder</source>
+        <translation>Buscar dentro de esta carpeta</translation>
     </message>
 </context>
 <context>
@@ -1452,6 +1456,14 @@
         <source>Path</source>
         <translation>Ruta</translation>
     </message>
+    <message>
+        <source>Copy to Phone</source>
+        <translation>Copiar al teléfono</translation>
+    </message>
+    <message>
+        <source>Search below…</source>
+        <translation>Buscar dentro…</translation>
+    </message>
 </context>
 <context>
     <name>tessary::BrowserView</name>
@@ -1600,6 +1612,26 @@
         <source>Apps</source>
         <translation>Aplicaciones</translation>
     </message>
+    <message>
+        <source>Searching for “%1”…</source>
+        <translation>Buscando «%1»…</translation>
+    </message>
+    <message>
+        <source>Nothing Found</source>
+        <translation>No se encontró nada</translation>
+    </message>
+    <message>
+        <source>Nothing below this folder has “%1” in its name.</source>
+        <translation>Nada dentro de esta carpeta tiene «%1» en el nombre.</translation>
+    </message>
+    <message>
+        <source>Show the Folder</source>
+        <translation>Mostrar la carpeta</translation>
+    </message>
+    <message>
+        <source>searching…</source>
+        <translation>buscando…</translation>
+    </message>
 </context>
 <context>
     <name>tessary::CopyCommands</name>
@@ -1676,6 +1708,18 @@
         <source>This cannot be undone.</source>
         <translation>Esto no se puede deshacer.</translation>
     </message>
+    <message>
+        <source>Open With</source>
+        <translation>Abrir con</translation>
+    </message>
+    <message>
+        <source>Looking for programs…</source>
+        <translation>Buscando programas…</translation>
+    </message>
+    <message>
+        <source>No program is known for this</source>
+        <translation>No se conoce ningún programa para esto</translation>
+    </message>
 </context>
 <context>
     <name>tessary::FactsView</name>
@@ -1746,6 +1790,41 @@
     <message>
         <source>Name of the new folder:</source>
         <translation>Nombre de la nueva carpeta:</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::GeneralNotices</name>
+    <message>
+        <source>Your settings could not be read. Tessary goes on with its own.</source>
+        <translation>No se pudieron leer tus ajustes. Tessary sigue con los suyos.</translation>
+    </message>
+    <message>
+        <source>The file is damaged: %1</source>
+        <translation>El archivo está dañado: %1</translation>
+    </message>
+    <message>
+        <source>The damaged file was kept: %1</source>
+        <translation>El archivo dañado se ha conservado: %1</translation>
+    </message>
+    <message>
+        <source>Your settings could not be stored: %1</source>
+        <translation>No se pudieron guardar tus ajustes: %1</translation>
+    </message>
+    <message>
+        <source>They hold until Tessary ends, and are tried again with each change.</source>
+        <translation>Valen hasta que Tessary se cierre; se intentará de nuevo con cada cambio.</translation>
+    </message>
+    <message>
+        <source>Another program on this computer opens phones, too.</source>
+        <translation>Otro programa de este ordenador también abre teléfonos.</translation>
+    </message>
+    <message>
+        <source>If a phone does not show its files here, have that program release it.</source>
+        <translation>Si un teléfono no muestra aquí sus archivos, haz que ese programa lo libere.</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Liberar el teléfono</translation>
     </message>
 </context>
 <context>
@@ -2452,6 +2531,10 @@
     <message>
         <source>Kind</source>
         <translation>Tipo</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Carpeta</translation>
     </message>
 </context>
 <context>

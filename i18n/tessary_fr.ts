@@ -36,10 +36,6 @@
         <translation>Supprimer</translation>
     </message>
     <message>
-        <source>Download</source>
-        <translation>Télécharger</translation>
-    </message>
-    <message>
         <source>Copy Files Here…</source>
         <translation>Copier des fichiers ici…</translation>
     </message>
@@ -138,6 +134,14 @@
     <message>
         <source>Hidden Files</source>
         <translation>Fichiers cachés</translation>
+    </message>
+    <message>
+        <source>Copy to Computer</source>
+        <translation>Copier sur l’ordinateur</translation>
+    </message>
+    <message>
+        <source>Search Below This Folder</source>
+        <translation>Rechercher dans ce dossier</translation>
     </message>
 </context>
 <context>
@@ -1452,6 +1456,14 @@
         <source>Path</source>
         <translation>Chemin</translation>
     </message>
+    <message>
+        <source>Copy to Phone</source>
+        <translation>Copier sur le téléphone</translation>
+    </message>
+    <message>
+        <source>Search below…</source>
+        <translation>Rechercher ici…</translation>
+    </message>
 </context>
 <context>
     <name>tessary::BrowserView</name>
@@ -1600,6 +1612,26 @@
         <source>Apps</source>
         <translation>Apps</translation>
     </message>
+    <message>
+        <source>Searching for “%1”…</source>
+        <translation>Recherche de «&#xa0;%1&#xa0;»…</translation>
+    </message>
+    <message>
+        <source>Nothing Found</source>
+        <translation>Rien trouvé</translation>
+    </message>
+    <message>
+        <source>Nothing below this folder has “%1” in its name.</source>
+        <translation>Rien dans ce dossier n’a «&#xa0;%1&#xa0;» dans son nom.</translation>
+    </message>
+    <message>
+        <source>Show the Folder</source>
+        <translation>Afficher le dossier</translation>
+    </message>
+    <message>
+        <source>searching…</source>
+        <translation>recherche…</translation>
+    </message>
 </context>
 <context>
     <name>tessary::CopyCommands</name>
@@ -1676,6 +1708,18 @@
         <source>This cannot be undone.</source>
         <translation>Cette action est irréversible.</translation>
     </message>
+    <message>
+        <source>Open With</source>
+        <translation>Ouvrir avec</translation>
+    </message>
+    <message>
+        <source>Looking for programs…</source>
+        <translation>Recherche de programmes…</translation>
+    </message>
+    <message>
+        <source>No program is known for this</source>
+        <translation>Aucun programme connu pour cela</translation>
+    </message>
 </context>
 <context>
     <name>tessary::FactsView</name>
@@ -1746,6 +1790,41 @@
     <message>
         <source>Name of the new folder:</source>
         <translation>Nom du nouveau dossier&#xa0;:</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::GeneralNotices</name>
+    <message>
+        <source>Your settings could not be read. Tessary goes on with its own.</source>
+        <translation>Vos réglages n’ont pas pu être lus. Tessary continue avec les siens.</translation>
+    </message>
+    <message>
+        <source>The file is damaged: %1</source>
+        <translation>Le fichier est endommagé&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>The damaged file was kept: %1</source>
+        <translation>Le fichier endommagé a été conservé&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Your settings could not be stored: %1</source>
+        <translation>Vos réglages n’ont pas pu être enregistrés&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>They hold until Tessary ends, and are tried again with each change.</source>
+        <translation>Ils valent jusqu’à la fermeture de Tessary&#x202f;; chaque changement relance l’enregistrement.</translation>
+    </message>
+    <message>
+        <source>Another program on this computer opens phones, too.</source>
+        <translation>Un autre programme de cet ordinateur ouvre aussi les téléphones.</translation>
+    </message>
+    <message>
+        <source>If a phone does not show its files here, have that program release it.</source>
+        <translation>Si un téléphone n’affiche pas ses fichiers ici, faites-le libérer par ce programme.</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Libérer le téléphone</translation>
     </message>
 </context>
 <context>
@@ -2452,6 +2531,10 @@
     <message>
         <source>Kind</source>
         <translation>Type</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Dossier</translation>
     </message>
 </context>
 <context>

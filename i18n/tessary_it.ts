@@ -36,10 +36,6 @@
         <translation>Elimina</translation>
     </message>
     <message>
-        <source>Download</source>
-        <translation>Scarica</translation>
-    </message>
-    <message>
         <source>Copy Files Here…</source>
         <translation>Copia file qui…</translation>
     </message>
@@ -138,6 +134,14 @@
     <message>
         <source>Hidden Files</source>
         <translation>File nascosti</translation>
+    </message>
+    <message>
+        <source>Copy to Computer</source>
+        <translation>Copia sul computer</translation>
+    </message>
+    <message>
+        <source>Search Below This Folder</source>
+        <translation>Cerca in questa cartella</translation>
     </message>
 </context>
 <context>
@@ -1452,6 +1456,14 @@
         <source>Path</source>
         <translation>Percorso</translation>
     </message>
+    <message>
+        <source>Copy to Phone</source>
+        <translation>Copia sul telefono</translation>
+    </message>
+    <message>
+        <source>Search below…</source>
+        <translation>Cerca qui…</translation>
+    </message>
 </context>
 <context>
     <name>tessary::BrowserView</name>
@@ -1600,6 +1612,26 @@
         <source>Apps</source>
         <translation>App</translation>
     </message>
+    <message>
+        <source>Searching for “%1”…</source>
+        <translation>Ricerca di «%1»…</translation>
+    </message>
+    <message>
+        <source>Nothing Found</source>
+        <translation>Nessun risultato</translation>
+    </message>
+    <message>
+        <source>Nothing below this folder has “%1” in its name.</source>
+        <translation>Nulla in questa cartella ha «%1» nel nome.</translation>
+    </message>
+    <message>
+        <source>Show the Folder</source>
+        <translation>Mostra la cartella</translation>
+    </message>
+    <message>
+        <source>searching…</source>
+        <translation>ricerca in corso…</translation>
+    </message>
 </context>
 <context>
     <name>tessary::CopyCommands</name>
@@ -1676,6 +1708,18 @@
         <source>This cannot be undone.</source>
         <translation>L’operazione non può essere annullata.</translation>
     </message>
+    <message>
+        <source>Open With</source>
+        <translation>Apri con</translation>
+    </message>
+    <message>
+        <source>Looking for programs…</source>
+        <translation>Ricerca dei programmi…</translation>
+    </message>
+    <message>
+        <source>No program is known for this</source>
+        <translation>Nessun programma noto per questo</translation>
+    </message>
 </context>
 <context>
     <name>tessary::FactsView</name>
@@ -1746,6 +1790,41 @@
     <message>
         <source>Name of the new folder:</source>
         <translation>Nome della nuova cartella:</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::GeneralNotices</name>
+    <message>
+        <source>Your settings could not be read. Tessary goes on with its own.</source>
+        <translation>Non è stato possibile leggere le tue impostazioni. Tessary continua con le proprie.</translation>
+    </message>
+    <message>
+        <source>The file is damaged: %1</source>
+        <translation>Il file è danneggiato: %1</translation>
+    </message>
+    <message>
+        <source>The damaged file was kept: %1</source>
+        <translation>Il file danneggiato è stato conservato: %1</translation>
+    </message>
+    <message>
+        <source>Your settings could not be stored: %1</source>
+        <translation>Non è stato possibile salvare le tue impostazioni: %1</translation>
+    </message>
+    <message>
+        <source>They hold until Tessary ends, and are tried again with each change.</source>
+        <translation>Valgono fino alla chiusura di Tessary; a ogni modifica si riprova.</translation>
+    </message>
+    <message>
+        <source>Another program on this computer opens phones, too.</source>
+        <translation>Anche un altro programma su questo computer apre i telefoni.</translation>
+    </message>
+    <message>
+        <source>If a phone does not show its files here, have that program release it.</source>
+        <translation>Se un telefono non mostra qui i suoi file, fallo rilasciare da quel programma.</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Libera il telefono</translation>
     </message>
 </context>
 <context>
@@ -2452,6 +2531,10 @@
     <message>
         <source>Kind</source>
         <translation>Tipo</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Cartella</translation>
     </message>
 </context>
 <context>

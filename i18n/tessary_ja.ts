@@ -36,10 +36,6 @@
         <translation>削除</translation>
     </message>
     <message>
-        <source>Download</source>
-        <translation>ダウンロード</translation>
-    </message>
-    <message>
         <source>Copy Files Here…</source>
         <translation>ここにファイルをコピー…</translation>
     </message>
@@ -138,6 +134,14 @@
     <message>
         <source>Hidden Files</source>
         <translation>隠しファイル</translation>
+    </message>
+    <message>
+        <source>Copy to Computer</source>
+        <translation>コンピュータにコピー</translation>
+    </message>
+    <message>
+        <source>Search Below This Folder</source>
+        <translation>このフォルダ以下を検索</translation>
     </message>
 </context>
 <context>
@@ -1442,6 +1446,14 @@
         <source>Path</source>
         <translation>パス</translation>
     </message>
+    <message>
+        <source>Copy to Phone</source>
+        <translation>デバイスにコピー</translation>
+    </message>
+    <message>
+        <source>Search below…</source>
+        <translation>フォルダ以下を検索…</translation>
+    </message>
 </context>
 <context>
     <name>tessary::BrowserView</name>
@@ -1587,6 +1599,26 @@
         <source>Apps</source>
         <translation>アプリ</translation>
     </message>
+    <message>
+        <source>Searching for “%1”…</source>
+        <translation>「%1」を検索中…</translation>
+    </message>
+    <message>
+        <source>Nothing Found</source>
+        <translation>見つかりません</translation>
+    </message>
+    <message>
+        <source>Nothing below this folder has “%1” in its name.</source>
+        <translation>このフォルダ以下に、名前に「%1」を含むものはありません。</translation>
+    </message>
+    <message>
+        <source>Show the Folder</source>
+        <translation>フォルダを表示</translation>
+    </message>
+    <message>
+        <source>searching…</source>
+        <translation>検索中…</translation>
+    </message>
 </context>
 <context>
     <name>tessary::CopyCommands</name>
@@ -1662,6 +1694,18 @@
         <source>This cannot be undone.</source>
         <translation>この操作は取り消せません。</translation>
     </message>
+    <message>
+        <source>Open With</source>
+        <translation>アプリケーションで開く</translation>
+    </message>
+    <message>
+        <source>Looking for programs…</source>
+        <translation>アプリケーションを検索中…</translation>
+    </message>
+    <message>
+        <source>No program is known for this</source>
+        <translation>開けるアプリケーションがありません</translation>
+    </message>
 </context>
 <context>
     <name>tessary::FactsView</name>
@@ -1731,6 +1775,41 @@
     <message>
         <source>Name of the new folder:</source>
         <translation>新規フォルダの名前：</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::GeneralNotices</name>
+    <message>
+        <source>Your settings could not be read. Tessary goes on with its own.</source>
+        <translation>設定を読み取れませんでした。初期設定で続行します。</translation>
+    </message>
+    <message>
+        <source>The file is damaged: %1</source>
+        <translation>ファイルが壊れています：%1</translation>
+    </message>
+    <message>
+        <source>The damaged file was kept: %1</source>
+        <translation>壊れたファイルは残してあります：%1</translation>
+    </message>
+    <message>
+        <source>Your settings could not be stored: %1</source>
+        <translation>設定を保存できませんでした：%1</translation>
+    </message>
+    <message>
+        <source>They hold until Tessary ends, and are tried again with each change.</source>
+        <translation>Tessary の終了まで有効で、変更のたびに保存を再試行します。</translation>
+    </message>
+    <message>
+        <source>Another program on this computer opens phones, too.</source>
+        <translation>このコンピュータの別のアプリケーションもデバイスを開いています。</translation>
+    </message>
+    <message>
+        <source>If a phone does not show its files here, have that program release it.</source>
+        <translation>ここにデバイスのファイルが表示されないときは、そのアプリケーションに解放させてください。</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>デバイスを解放</translation>
     </message>
 </context>
 <context>
@@ -2430,6 +2509,10 @@
     <message>
         <source>Kind</source>
         <translation>種類</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>フォルダ</translation>
     </message>
 </context>
 <context>

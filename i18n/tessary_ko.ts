@@ -36,10 +36,6 @@
         <translation>삭제</translation>
     </message>
     <message>
-        <source>Download</source>
-        <translation>다운로드</translation>
-    </message>
-    <message>
         <source>Copy Files Here…</source>
         <translation>여기에 파일 복사…</translation>
     </message>
@@ -138,6 +134,14 @@
     <message>
         <source>Hidden Files</source>
         <translation>숨김 파일</translation>
+    </message>
+    <message>
+        <source>Copy to Computer</source>
+        <translation>컴퓨터로 복사</translation>
+    </message>
+    <message>
+        <source>Search Below This Folder</source>
+        <translation>이 폴더 아래에서 검색</translation>
     </message>
 </context>
 <context>
@@ -1442,6 +1446,14 @@
         <source>Path</source>
         <translation>경로</translation>
     </message>
+    <message>
+        <source>Copy to Phone</source>
+        <translation>휴대폰으로 복사</translation>
+    </message>
+    <message>
+        <source>Search below…</source>
+        <translation>아래에서 검색…</translation>
+    </message>
 </context>
 <context>
     <name>tessary::BrowserView</name>
@@ -1587,6 +1599,26 @@
         <source>Apps</source>
         <translation>앱</translation>
     </message>
+    <message>
+        <source>Searching for “%1”…</source>
+        <translation>“%1” 검색 중…</translation>
+    </message>
+    <message>
+        <source>Nothing Found</source>
+        <translation>찾을 수 없음</translation>
+    </message>
+    <message>
+        <source>Nothing below this folder has “%1” in its name.</source>
+        <translation>이 폴더 아래에 이름에 “%1”이 들어간 항목이 없습니다.</translation>
+    </message>
+    <message>
+        <source>Show the Folder</source>
+        <translation>폴더 표시</translation>
+    </message>
+    <message>
+        <source>searching…</source>
+        <translation>검색 중…</translation>
+    </message>
 </context>
 <context>
     <name>tessary::CopyCommands</name>
@@ -1662,6 +1694,18 @@
         <source>This cannot be undone.</source>
         <translation>이 작업은 취소할 수 없습니다.</translation>
     </message>
+    <message>
+        <source>Open With</source>
+        <translation>다른 프로그램으로 열기</translation>
+    </message>
+    <message>
+        <source>Looking for programs…</source>
+        <translation>프로그램을 찾는 중…</translation>
+    </message>
+    <message>
+        <source>No program is known for this</source>
+        <translation>이 항목을 여는 프로그램이 없음</translation>
+    </message>
 </context>
 <context>
     <name>tessary::FactsView</name>
@@ -1731,6 +1775,41 @@
     <message>
         <source>Name of the new folder:</source>
         <translation>새 폴더의 이름:</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::GeneralNotices</name>
+    <message>
+        <source>Your settings could not be read. Tessary goes on with its own.</source>
+        <translation>설정을 읽지 못했습니다. 기본 설정으로 계속합니다.</translation>
+    </message>
+    <message>
+        <source>The file is damaged: %1</source>
+        <translation>파일이 손상되었습니다: %1</translation>
+    </message>
+    <message>
+        <source>The damaged file was kept: %1</source>
+        <translation>손상된 파일은 보관되었습니다: %1</translation>
+    </message>
+    <message>
+        <source>Your settings could not be stored: %1</source>
+        <translation>설정을 저장하지 못했습니다: %1</translation>
+    </message>
+    <message>
+        <source>They hold until Tessary ends, and are tried again with each change.</source>
+        <translation>Tessary를 종료할 때까지 유지되며 변경할 때마다 다시 시도합니다.</translation>
+    </message>
+    <message>
+        <source>Another program on this computer opens phones, too.</source>
+        <translation>이 컴퓨터의 다른 프로그램도 휴대폰을 엽니다.</translation>
+    </message>
+    <message>
+        <source>If a phone does not show its files here, have that program release it.</source>
+        <translation>휴대폰의 파일이 여기에 표시되지 않으면 그 프로그램이 휴대폰을 놓게 하세요.</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>휴대폰 연결 풀기</translation>
     </message>
 </context>
 <context>
@@ -2430,6 +2509,10 @@
     <message>
         <source>Kind</source>
         <translation>종류</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>폴더</translation>
     </message>
 </context>
 <context>

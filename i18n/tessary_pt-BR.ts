@@ -36,10 +36,6 @@
         <translation>Apagar</translation>
     </message>
     <message>
-        <source>Download</source>
-        <translation>Baixar</translation>
-    </message>
-    <message>
         <source>Copy Files Here…</source>
         <translation>Copiar arquivos para cá…</translation>
     </message>
@@ -138,6 +134,14 @@
     <message>
         <source>Hidden Files</source>
         <translation>Arquivos ocultos</translation>
+    </message>
+    <message>
+        <source>Copy to Computer</source>
+        <translation>Copiar para o computador</translation>
+    </message>
+    <message>
+        <source>Search Below This Folder</source>
+        <translation>Procurar dentro desta pasta</translation>
     </message>
 </context>
 <context>
@@ -1452,6 +1456,14 @@
         <source>Path</source>
         <translation>Caminho</translation>
     </message>
+    <message>
+        <source>Copy to Phone</source>
+        <translation>Copiar para o telefone</translation>
+    </message>
+    <message>
+        <source>Search below…</source>
+        <translation>Procurar dentro…</translation>
+    </message>
 </context>
 <context>
     <name>tessary::BrowserView</name>
@@ -1600,6 +1612,26 @@
         <source>Apps</source>
         <translation>Apps</translation>
     </message>
+    <message>
+        <source>Searching for “%1”…</source>
+        <translation>Procurando “%1”…</translation>
+    </message>
+    <message>
+        <source>Nothing Found</source>
+        <translation>Nada encontrado</translation>
+    </message>
+    <message>
+        <source>Nothing below this folder has “%1” in its name.</source>
+        <translation>Nada dentro desta pasta tem “%1” no nome.</translation>
+    </message>
+    <message>
+        <source>Show the Folder</source>
+        <translation>Mostrar a pasta</translation>
+    </message>
+    <message>
+        <source>searching…</source>
+        <translation>procurando…</translation>
+    </message>
 </context>
 <context>
     <name>tessary::CopyCommands</name>
@@ -1676,6 +1708,18 @@
         <source>This cannot be undone.</source>
         <translation>Isso não pode ser desfeito.</translation>
     </message>
+    <message>
+        <source>Open With</source>
+        <translation>Abrir com</translation>
+    </message>
+    <message>
+        <source>Looking for programs…</source>
+        <translation>Procurando programas…</translation>
+    </message>
+    <message>
+        <source>No program is known for this</source>
+        <translation>Nenhum programa conhecido para isto</translation>
+    </message>
 </context>
 <context>
     <name>tessary::FactsView</name>
@@ -1746,6 +1790,41 @@
     <message>
         <source>Name of the new folder:</source>
         <translation>Nome da nova pasta:</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::GeneralNotices</name>
+    <message>
+        <source>Your settings could not be read. Tessary goes on with its own.</source>
+        <translation>Não foi possível ler suas configurações. O Tessary continua com as próprias.</translation>
+    </message>
+    <message>
+        <source>The file is damaged: %1</source>
+        <translation>O arquivo está danificado: %1</translation>
+    </message>
+    <message>
+        <source>The damaged file was kept: %1</source>
+        <translation>O arquivo danificado foi guardado: %1</translation>
+    </message>
+    <message>
+        <source>Your settings could not be stored: %1</source>
+        <translation>Não foi possível guardar suas configurações: %1</translation>
+    </message>
+    <message>
+        <source>They hold until Tessary ends, and are tried again with each change.</source>
+        <translation>Elas valem até o Tessary ser fechado; a cada mudança tenta-se de novo.</translation>
+    </message>
+    <message>
+        <source>Another program on this computer opens phones, too.</source>
+        <translation>Outro programa neste computador também abre telefones.</translation>
+    </message>
+    <message>
+        <source>If a phone does not show its files here, have that program release it.</source>
+        <translation>Se um telefone não mostrar seus arquivos aqui, faça esse programa liberá-lo.</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Liberar o telefone</translation>
     </message>
 </context>
 <context>
@@ -2452,6 +2531,10 @@
     <message>
         <source>Kind</source>
         <translation>Tipo</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Pasta</translation>
     </message>
 </context>
 <context>

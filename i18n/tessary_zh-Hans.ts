@@ -36,10 +36,6 @@
         <translation>删除</translation>
     </message>
     <message>
-        <source>Download</source>
-        <translation>下载</translation>
-    </message>
-    <message>
         <source>Copy Files Here…</source>
         <translation>将文件复制到此处…</translation>
     </message>
@@ -138,6 +134,14 @@
     <message>
         <source>Hidden Files</source>
         <translation>隐藏文件</translation>
+    </message>
+    <message>
+        <source>Copy to Computer</source>
+        <translation>复制到电脑</translation>
+    </message>
+    <message>
+        <source>Search Below This Folder</source>
+        <translation>在此文件夹及其下搜索</translation>
     </message>
 </context>
 <context>
@@ -1442,6 +1446,14 @@
         <source>Path</source>
         <translation>路径</translation>
     </message>
+    <message>
+        <source>Copy to Phone</source>
+        <translation>复制到手机</translation>
+    </message>
+    <message>
+        <source>Search below…</source>
+        <translation>向下搜索…</translation>
+    </message>
 </context>
 <context>
     <name>tessary::BrowserView</name>
@@ -1587,6 +1599,26 @@
         <source>Apps</source>
         <translation>应用</translation>
     </message>
+    <message>
+        <source>Searching for “%1”…</source>
+        <translation>正在搜索“%1”…</translation>
+    </message>
+    <message>
+        <source>Nothing Found</source>
+        <translation>未找到</translation>
+    </message>
+    <message>
+        <source>Nothing below this folder has “%1” in its name.</source>
+        <translation>此文件夹及其下没有名称包含“%1”的项。</translation>
+    </message>
+    <message>
+        <source>Show the Folder</source>
+        <translation>显示文件夹</translation>
+    </message>
+    <message>
+        <source>searching…</source>
+        <translation>正在搜索…</translation>
+    </message>
 </context>
 <context>
     <name>tessary::CopyCommands</name>
@@ -1662,6 +1694,18 @@
         <source>This cannot be undone.</source>
         <translation>此操作无法撤销。</translation>
     </message>
+    <message>
+        <source>Open With</source>
+        <translation>打开方式</translation>
+    </message>
+    <message>
+        <source>Looking for programs…</source>
+        <translation>正在查找程序…</translation>
+    </message>
+    <message>
+        <source>No program is known for this</source>
+        <translation>没有已知的程序可以打开它</translation>
+    </message>
 </context>
 <context>
     <name>tessary::FactsView</name>
@@ -1731,6 +1775,41 @@
     <message>
         <source>Name of the new folder:</source>
         <translation>新文件夹的名称：</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::GeneralNotices</name>
+    <message>
+        <source>Your settings could not be read. Tessary goes on with its own.</source>
+        <translation>未能读取您的设置。Tessary 将使用默认设置。</translation>
+    </message>
+    <message>
+        <source>The file is damaged: %1</source>
+        <translation>文件已损坏：%1</translation>
+    </message>
+    <message>
+        <source>The damaged file was kept: %1</source>
+        <translation>已保留损坏的文件：%1</translation>
+    </message>
+    <message>
+        <source>Your settings could not be stored: %1</source>
+        <translation>未能保存您的设置：%1</translation>
+    </message>
+    <message>
+        <source>They hold until Tessary ends, and are tried again with each change.</source>
+        <translation>它们在 Tessary 退出前有效，每次更改都会重试。</translation>
+    </message>
+    <message>
+        <source>Another program on this computer opens phones, too.</source>
+        <translation>此电脑上的另一个程序也会打开手机。</translation>
+    </message>
+    <message>
+        <source>If a phone does not show its files here, have that program release it.</source>
+        <translation>如果手机的文件没有显示在这里，请让该程序释放手机。</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>释放手机</translation>
     </message>
 </context>
 <context>
@@ -2430,6 +2509,10 @@
     <message>
         <source>Kind</source>
         <translation>种类</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>文件夹</translation>
     </message>
 </context>
 <context>

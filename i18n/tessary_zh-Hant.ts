@@ -36,10 +36,6 @@
         <translation>刪除</translation>
     </message>
     <message>
-        <source>Download</source>
-        <translation>下載</translation>
-    </message>
-    <message>
         <source>Copy Files Here…</source>
         <translation>將檔案複製到這裡…</translation>
     </message>
@@ -138,6 +134,14 @@
     <message>
         <source>Hidden Files</source>
         <translation>隱藏檔案</translation>
+    </message>
+    <message>
+        <source>Copy to Computer</source>
+        <translation>複製到電腦</translation>
+    </message>
+    <message>
+        <source>Search Below This Folder</source>
+        <translation>在此資料夾及其下搜尋</translation>
     </message>
 </context>
 <context>
@@ -1442,6 +1446,14 @@
         <source>Path</source>
         <translation>路徑</translation>
     </message>
+    <message>
+        <source>Copy to Phone</source>
+        <translation>複製到手機</translation>
+    </message>
+    <message>
+        <source>Search below…</source>
+        <translation>向下搜尋…</translation>
+    </message>
 </context>
 <context>
     <name>tessary::BrowserView</name>
@@ -1587,6 +1599,26 @@
         <source>Apps</source>
         <translation>App</translation>
     </message>
+    <message>
+        <source>Searching for “%1”…</source>
+        <translation>正在搜尋「%1」…</translation>
+    </message>
+    <message>
+        <source>Nothing Found</source>
+        <translation>找不到</translation>
+    </message>
+    <message>
+        <source>Nothing below this folder has “%1” in its name.</source>
+        <translation>此資料夾及其下沒有名稱包含「%1」的項目。</translation>
+    </message>
+    <message>
+        <source>Show the Folder</source>
+        <translation>顯示資料夾</translation>
+    </message>
+    <message>
+        <source>searching…</source>
+        <translation>正在搜尋…</translation>
+    </message>
 </context>
 <context>
     <name>tessary::CopyCommands</name>
@@ -1662,6 +1694,18 @@
         <source>This cannot be undone.</source>
         <translation>此動作無法還原。</translation>
     </message>
+    <message>
+        <source>Open With</source>
+        <translation>開啟方式</translation>
+    </message>
+    <message>
+        <source>Looking for programs…</source>
+        <translation>正在尋找程式…</translation>
+    </message>
+    <message>
+        <source>No program is known for this</source>
+        <translation>沒有已知的程式可以開啟它</translation>
+    </message>
 </context>
 <context>
     <name>tessary::FactsView</name>
@@ -1731,6 +1775,41 @@
     <message>
         <source>Name of the new folder:</source>
         <translation>新資料夾的名稱：</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::GeneralNotices</name>
+    <message>
+        <source>Your settings could not be read. Tessary goes on with its own.</source>
+        <translation>未能讀取您的設定。Tessary 將使用預設設定。</translation>
+    </message>
+    <message>
+        <source>The file is damaged: %1</source>
+        <translation>檔案已損壞：%1</translation>
+    </message>
+    <message>
+        <source>The damaged file was kept: %1</source>
+        <translation>已保留損壞的檔案：%1</translation>
+    </message>
+    <message>
+        <source>Your settings could not be stored: %1</source>
+        <translation>未能儲存您的設定：%1</translation>
+    </message>
+    <message>
+        <source>They hold until Tessary ends, and are tried again with each change.</source>
+        <translation>它們在 Tessary 結束前有效，每次變更都會重試。</translation>
+    </message>
+    <message>
+        <source>Another program on this computer opens phones, too.</source>
+        <translation>此電腦上的另一個程式也會開啟手機。</translation>
+    </message>
+    <message>
+        <source>If a phone does not show its files here, have that program release it.</source>
+        <translation>如果手機的檔案沒有顯示在這裡，請讓該程式釋放手機。</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>釋放手機</translation>
     </message>
 </context>
 <context>
@@ -2430,6 +2509,10 @@
     <message>
         <source>Kind</source>
         <translation>種類</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>資料夾</translation>
     </message>
 </context>
 <context>

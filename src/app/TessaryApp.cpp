@@ -27,7 +27,7 @@ TessaryApp::TessaryApp(DeviceSources sources, DeviceServices& services, TessaryA
       setup_(std::move(setup)),
       deviceManager_(sources, services, setup_.alsoAccept),
       syncManager_(*setup_.defaults, {deviceConnector(services.files()), wordsForStatus}),
-      updateChecker_(setup_.http, setup_.defaults, setup_.openAddress),
+      updateChecker_(setup_.http, setup_.defaults, setup_.openAddress, setup_.updates),
       favoritesManager_(setup_.defaults),
       languageManager_(LanguageManager::shared()) {
     languageManager_.useStore(setup_.defaults);

@@ -31,6 +31,8 @@ struct TessaryAppSetup {
     /// The user's settings; until the end of the program when there are none.
     std::shared_ptr<UserDefaults> defaults = std::make_shared<MemoryUserDefaults>();
     std::shared_ptr<HttpClient> http = std::make_shared<QtHttpClient>();
+    /// Where updates are announced.
+    UpdateSource updates = UpdateSource::builtIn();
     /// Where phones with wireless debugging are looked for.
     std::shared_ptr<ServiceNetwork> network = makeSystemServiceNetwork();
     /// Shows a page in the user's browser.

@@ -63,6 +63,9 @@ int main(int argc, char** argv) {
     DeviceServices services({phones.demo().bus(), processes});
     SystemMultiplexer multiplexer;
     TessaryAppSetup setup;
+    setup.updates = {QUrl(QStringLiteral("https://updates.tessary.example")),
+                     QUrl(QStringLiteral("https://tessary.example")),
+                     UpdateSource::builtIn().currentVersion};
     setup.isDemo = true;
     setup.network = phones.demo().network();
     TessaryApp app({phones.demo().bus(), &multiplexer, false}, services, setup);

@@ -86,6 +86,7 @@ TEST_F(CopyQueueTest, aJobShowsWhatItIsAndWhatItDid) {
     EXPECT_EQ(told, s("b"));
     EXPECT_EQ(finished, 1);
     EXPECT_EQ(queue.summary().doneBytes, film.size() + 1);
+    EXPECT_EQ(queue.summary().fractionDone(), std::nullopt) << "nothing is under way";
 }
 
 TEST_F(CopyQueueTest, onePhoneCopiesInOrderAndTwoSideBySide) {
@@ -307,6 +308,20 @@ TEST_F(CopyQueueTest, stoppingEndsWhatRunsAndStartsNothing) {
     EXPECT_TRUE(queue.stop(10s));
     turnFor(50ms);
     EXPECT_TRUE(here.contents().isEmpty());
+}
+
+TEST(CopySummary, saysHowFarTheQueueIs) {
+    const std::tuple<int, qint64, qint64, std::optional<double>> rows[] = {
+        // running, done, total, fraction
+        {0, 5, 10, std::nullopt}, {1, 5, 10, 0.5}, {1, 0, 0, 0.0}, {1, 12, 10, 1.0}, {1, 0, 3, 0.0},
+    };
+    for (const auto& [running, done, total, fraction] : rows) {
+        CopySummary summary;
+        summary.running = running;
+        summary.doneBytes = done;
+        summary.totalBytes = total;
+        EXPECT_EQ(summary.fractionDone(), fraction) << done << " of " << total;
+    }
 }
 
 } // namespace

@@ -3,6 +3,8 @@
 #include "app/LanguageManager.h"
 #include "views/window/MenuMnemonics.h"
 
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QMenuBar>
 
 namespace tessary {
@@ -70,6 +72,51 @@ TEST_F(KeysTest, aFileOpensWithTheDesktopsProgram) {
     press(Qt::Key_Return);
     EXPECT_TRUE(wait([this] { return opened_.size() == 2; })) << "by Return";
     EXPECT_EQ(QFileInfo(opened_.back()).fileName(), u"beta.txt"_s);
+}
+
+TEST_F(KeysTest, openWithOffersTheDesktopsProgramsAndStartsThem) {
+    const QString out = local_.path(u"opened"_s);
+    const QString script =
+        local_.write(u"bin/view"_s, "#!/bin/sh\ncat \"$1\" > '" + out.toUtf8() + ".new' && mv '" +
+                                        out.toUtf8() + ".new' '" + out.toUtf8() + "'\n");
+    ASSERT_TRUE(QFile::setPermissions(script, QFile::ReadOwner | QFile::ExeOwner));
+    local_.write(
+        u"data/applications/view.desktop"_s,
+        "[Desktop Entry]\nType=Application\nName=Test Viewer\nMimeType=text/plain;\nExec=" +
+            script.toUtf8() + " %f\n");
+    qputenv("XDG_DATA_HOME", QFile::encodeName(local_.path(u"data"_s)));
+    openFolder();
+    click(u"beta.txt"_s);
+    QTimer::singleShot(100, window_.get(), [] {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        ASSERT_NE(menu, nullptr);
+        auto* programs = menu->findChild<QMenu*>(u"openWith"_s);
+        ASSERT_NE(programs, nullptr);
+        menu->setActiveAction(programs->menuAction());
+        QTest::keyClick(menu, Qt::Key_Right);
+        QAction* found = nullptr;
+        EXPECT_TRUE(wait([&] {
+            for (QAction* action : programs->actions())
+                if (action->text() == u"Test Viewer")
+                    found = action;
+            return found != nullptr;
+        }));
+        programs->setActiveAction(found);
+        QTest::keyClick(programs, Qt::Key_Return);
+        menu->close();
+    });
+    const QPoint spot = table().visualRect(row(u"beta.txt"_s)).center();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, spot, table().viewport()->mapToGlobal(spot));
+    QApplication::sendEvent(table().viewport(), &event);
+    EXPECT_TRUE(wait([&] { return local_.read(u"opened"_s) == "bb"; }));
+    qunsetenv("XDG_DATA_HOME");
+}
+
+TEST_F(KeysTest, fullScreenComesAndGoes) {
+    press(Qt::Key_F11);
+    EXPECT_TRUE(wait([this] { return window_->isFullScreen(); }));
+    press(Qt::Key_F11);
+    EXPECT_TRUE(wait([this] { return !window_->isFullScreen(); }));
 }
 
 TEST_F(KeysTest, theMenusOpenByTheirLettersAndByF10) {

@@ -29,7 +29,11 @@ protected:
         Background::restart();
     }
     void open(const DeviceSources& sources) {
-        app_ = std::make_unique<TessaryApp>(sources, services_, TessaryAppSetup{});
+        TessaryAppSetup setup;
+        setup.updates = {QUrl(QStringLiteral("https://updates.tessary.example")),
+                         QUrl(QStringLiteral("https://tessary.example")), QStringLiteral("1.0")};
+        setup.defaults = defaults_;
+        app_ = std::make_unique<TessaryApp>(sources, services_, std::move(setup));
         openWindow();
     }
     void openWindow() {
@@ -75,6 +79,7 @@ protected:
     QStringList filesToCopy_;
     QStringList opened_;                  ///< local files that the window had the desktop open
     std::function<void()> whileChoosing_; ///< happens while the user looks for files
+    std::shared_ptr<UserDefaults> defaults_ = std::make_shared<MemoryUserDefaults>();
     VirtualUSBBus bus_;
     QtProcessRunner processes_;
     DeviceServices services_{{bus_, processes_}};

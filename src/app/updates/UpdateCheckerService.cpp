@@ -90,8 +90,16 @@ void UpdateCheckerService::finish(const std::optional<UpdateInfo>& newest,
     Q_EMIT stateChanged();
 }
 
+bool UpdateCheckerService::canCheck() const {
+    return isSafeAddress(source_.endpoint);
+}
+
+bool UpdateCheckerService::hasHomepage() const {
+    return isSafeAddress(source_.homepage);
+}
+
 void UpdateCheckerService::checkAtStart() {
-    if (checksAutomatically())
+    if (canCheck() && checksAutomatically())
         checkForUpdates(false);
 }
 
@@ -126,7 +134,10 @@ void UpdateCheckerService::dismissError() {
 
 void UpdateCheckerService::openHomepage(const QString& url) {
     const QUrl address(url, QUrl::StrictMode);
-    openAddress_(isSafeAddress(address) ? address : source_.homepage);
+    if (isSafeAddress(address))
+        openAddress_(address);
+    else if (hasHomepage())
+        openAddress_(source_.homepage);
 }
 
 } // namespace tessary

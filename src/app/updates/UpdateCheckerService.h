@@ -54,10 +54,14 @@ public:
         return source_.currentVersion;
     }
 
+    /// Whether this program knows whom to ask for updates, and a page of the product.
+    [[nodiscard]] bool canCheck() const;
+    [[nodiscard]] bool hasHomepage() const;
+
     /// Asks the server. Only a check that the user started tells that nothing was found or that it
     /// failed; one that is under way already is turned into such a check.
     void checkForUpdates(bool isUserInitiated);
-    /// The silent check, unless the user has switched it off.
+    /// The silent check, where it can be made and unless the user has switched it off.
     void checkAtStart();
 
     /// On until the user switches it off. Governs only checkAtStart().
@@ -71,7 +75,8 @@ public:
     void dismissUpToDateAlert();
     void dismissError();
 
-    /// Shows a page of the product: this one when it is a safe address, else the homepage.
+    /// Shows a page of the product: this one when it is a safe address, else the homepage where
+    /// there is one.
     void openHomepage(const QString& url = QString());
 
 Q_SIGNALS:

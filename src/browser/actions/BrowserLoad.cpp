@@ -2,7 +2,9 @@
 
 #include "base/text/PathNames.h"
 #include "base/threads/CancellationError.h"
+#include "phone/FileSearch.h"
 
+#include <algorithm>
 #include <chrono>
 #include <iterator>
 
@@ -85,6 +87,36 @@ BrowserLoad loadFolder(PhoneFileSystem& files, const QString& path, const QLocal
         load.livingFolder = livingFolderAbove(files, path, stop);
         load.problem =
             BrowserProblem{BrowserProblem::What::folderGone, lastComponent(path), 1, 1, {}};
+        return load;
+    } catch (const Error& error) {
+        return failed(path, error);
+    }
+}
+
+BrowserLoad loadSearch(PhoneFileSystem& files, const QString& path, const SearchBelow& search,
+                       const QLocale& locale, const PartialListing& partial,
+                       const std::stop_token& stop) {
+    throwIfStopped(stop);
+    BrowserLoad load;
+    std::vector<FileItem> items;
+    Parts parts;
+    const auto isHidden = [&, top = files.canonicalPath(path).size()](const FileItem& item) {
+        return files.canonicalPath(item.path).indexOf(QLatin1StringView("/."), top) >= 0;
+    };
+    try {
+        searchFiles(files, path, NamePattern(search.name),
+                    {[&](std::vector<FileItem>&& rows) {
+                         std::copy_if(std::move_iterator(rows.begin()),
+                                      std::move_iterator(rows.end()), std::back_inserter(items),
+                                      [&](const FileItem& item) {
+                                          return search.withHidden || !isHidden(item);
+                                      });
+                         if (partial && parts.isDue(items.size()))
+                             partial(FileListing::make(items, locale));
+                     },
+                     [&](UnreadableEntry&&) { ++load.unreadable; }},
+                    stop);
+        load.listing = FileListing::make(std::move(items), locale);
         return load;
     } catch (const Error& error) {
         return failed(path, error);

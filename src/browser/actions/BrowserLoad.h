@@ -37,4 +37,16 @@ using PartialListing = std::function<void(std::shared_ptr<const FileListing>)>;
                                      const QLocale& locale, const PartialListing& partial,
                                      const std::stop_token& stop);
 
+/// What to search for below a folder.
+struct SearchBelow {
+    QString name;            ///< as NamePattern takes it
+    bool withHidden = false; ///< also in hidden folders
+};
+
+/// Searches a folder and all below it by name; blocking. What is found makes a listing as of one
+/// folder; what cannot be read is counted. The rest is as above.
+[[nodiscard]] BrowserLoad loadSearch(PhoneFileSystem& files, const QString& path,
+                                     const SearchBelow& search, const QLocale& locale,
+                                     const PartialListing& partial, const std::stop_token& stop);
+
 } // namespace tessary

@@ -182,6 +182,7 @@ void FileBrowserViewModel::navigateTo(const QString& path, bool recordHistory) {
 
 /// Goes to another folder, or anew to the one shown.
 void FileBrowserViewModel::show(const QString& path) {
+    setSearchedName({});
     changeSelection({});
     typeahead_.reset();
     awaited_.reset();
@@ -262,6 +263,42 @@ void FileBrowserViewModel::reloadSoon() {
         reload();
 }
 
+void FileBrowserViewModel::setSearchedName(const QString& name) {
+    if (std::exchange(searchedName_, name) != name)
+        Q_EMIT searchedNameChanged();
+}
+
+void FileBrowserViewModel::searchBelow(const QString& name) {
+    const QString wanted = name.trimmed();
+    if (!files_ || state_ == BrowserState::deviceLost || wanted.isEmpty())
+        return;
+    changeSelection({});
+    awaited_.reset();
+    setProblem(std::nullopt);
+    setSearchText({});
+    setSearchedName(wanted);
+    rows_.reset(FileListing::make({}, QLocale()));
+    load(Meanwhile::nothing);
+}
+
+void FileBrowserViewModel::endSearch() {
+    if (!searchedName_.isEmpty())
+        show(currentPath_);
+}
+
+std::function<BrowserLoad(const std::stop_token&)>
+FileBrowserViewModel::loadWork(const PartialListing& part) const {
+    if (searchedName_.isEmpty())
+        return [files = files_, path = currentPath_, locale = QLocale(),
+                part](const std::stop_token& stop) {
+            return loadFolder(*files, path, locale, part, stop);
+        };
+    return [files = files_, path = currentPath_, locale = QLocale(), part,
+            search = SearchBelow{searchedName_, rows_.showsHidden()}](const std::stop_token& stop) {
+        return loadSearch(*files, path, search, locale, part, stop);
+    };
+}
+
 void FileBrowserViewModel::load(Meanwhile meanwhile) {
     reloadTimer_.stop();
     isReloadWanted_ = false;
@@ -270,18 +307,15 @@ void FileBrowserViewModel::load(Meanwhile meanwhile) {
     const bool partsWanted = meanwhile == Meanwhile::nothing;
     setState(meanwhile == Meanwhile::shown ? state_ : BrowserState::ready, true);
     stopLoad_ = runInBackground(
-        this,
-        [files = files_, path = currentPath_, locale = QLocale(),
-         part = partsWanted ? partReceiver(number) : PartialListing()](
-            const std::stop_token& stop) { return loadFolder(*files, path, locale, part, stop); },
+        this, loadWork(partsWanted ? partReceiver(number) : PartialListing()),
         [this, number, meanwhile, begun = folders_.now()](BackgroundResult<BrowserLoad> result) {
             // Of a folder that is not wanted any more, or stopped.
             if (number != loadNumber_ || !result.succeeded())
                 return;
             const BrowserLoad loaded = result.take();
-            if (loaded.listing)
+            if (loaded.listing && searchedName_.isEmpty())
                 folders_.remember(files_->identity(), currentPath_, loaded.listing->items(), begun);
-            else
+            else if (!loaded.listing)
                 forgetAfter(loaded);
             applyLoad(loaded, meanwhile);
             if (!isLoading_ && isReloadWanted_)
@@ -330,7 +364,8 @@ void FileBrowserViewModel::applyLoad(const BrowserLoad& load, Meanwhile meanwhil
     }
     isConnecting_ = false;
     unreadable_ = load.unreadable;
-    knownFolders_.note(currentPath_, load.listing->items());
+    if (searchedName_.isEmpty())
+        knownFolders_.note(currentPath_, load.listing->items());
     // What has come of a long listing is shown already.
     if (meanwhile == Meanwhile::nothing && rows_.listing().size() == 0)
         rows_.reset(load.listing);
@@ -411,6 +446,8 @@ void FileBrowserViewModel::setShowsHidden(bool shows) {
     rows_.setShowsHidden(shows);
     pruneSelection();
     Q_EMIT showsHiddenChanged();
+    if (!searchedName_.isEmpty())
+        reload(); // hidden folders are searched, too, or not any more
 }
 
 /// What cannot be seen must not be deleted with the rest.
@@ -620,7 +657,8 @@ void FileBrowserViewModel::reloadAfter(const QUuid& finishedJob) {
         return files_ && identity == files_->identity() &&
                files_->canonicalPath(folder) == currentPath_;
     };
-    if (!isShown(job.target, job.targetFolder) && !isShown(job.source, sourceFolder))
+    if (!searchedName_.isEmpty() || // a search takes its time: the user repeats it
+        (!isShown(job.target, job.targetFolder) && !isShown(job.source, sourceFolder)))
         return;
     const bool isLast = queue_.summary().isIdle();
     if (isLast || !reloadTimer_.isActive())

@@ -182,6 +182,16 @@ public:
     /// Gives up the load under way; what is shown stays.
     void cancelLoading();
 
+    /// Shows what has this in its name in the folder and all below it, as it is found; until
+    /// endSearch() or another folder is shown. Blanks alone are no name.
+    void searchBelow(const QString& name);
+    /// Shows the folder itself again.
+    void endSearch();
+    /// What is searched for; empty while the folder itself is shown.
+    [[nodiscard]] const QString& searchedName() const {
+        return searchedName_;
+    }
+
     // --- what is shown ---
     /// Entries of the folder as they came.
     [[nodiscard]] const std::vector<FileItem>& items() const;
@@ -308,6 +318,7 @@ Q_SIGNALS:
     void stateChanged();      ///< state, isLoading
     void problemChanged();
     void searchTextChanged();
+    void searchedNameChanged();
     void sortOrderChanged();
     void viewModeChanged();
     void pictureSideChanged();
@@ -338,6 +349,9 @@ private:
     void stopAll();
     void show(const QString& path);
     void reloadSoon();
+    void setSearchedName(const QString& name);
+    [[nodiscard]] std::function<BrowserLoad(const std::stop_token&)>
+    loadWork(const PartialListing& part) const;
     void load(Meanwhile meanwhile);
     void applyLoad(const BrowserLoad& load, Meanwhile meanwhile);
     void forgetAfter(const BrowserLoad& failure);
@@ -373,6 +387,7 @@ private:
     KnownFolders knownFolders_;
     std::uint64_t typedNumber_ = 0; ///< answers about older typed paths are dropped
 
+    QString searchedName_;
     ListingCache folders_;
     FileRows rows_;
     BrowserSelection selection_;

@@ -1,5 +1,6 @@
 #include "browser/model/FileListModel.h"
 
+#include "base/text/PathNames.h"
 #include "browser/listing/EntryMimeData.h"
 
 #include <array>
@@ -9,7 +10,8 @@ namespace tessary {
 namespace {
 
 constexpr std::array titles{QLatin1StringView("Name"), QLatin1StringView("Size"),
-                            QLatin1StringView("Date Modified"), QLatin1StringView("Kind")};
+                            QLatin1StringView("Date Modified"), QLatin1StringView("Kind"),
+                            QLatin1StringView("Folder")};
 
 QString shownText(const FileItem& item, int column) {
     switch (column) {
@@ -73,7 +75,7 @@ QVariant FileListModel::data(const QModelIndex& index, int role) const {
     const FileItem& item = browser_.rows().item(index.row());
     switch (role) {
     case Qt::DisplayRole:
-        return shownText(item, index.column());
+        return index.column() == folderColumn ? folderOf(item) : shownText(item, index.column());
     case Qt::EditRole:
         return index.column() == nameColumn ? item.name : QVariant();
     case Qt::TextAlignmentRole:
@@ -96,6 +98,15 @@ QVariant FileListModel::data(const QModelIndex& index, int role) const {
     default:
         return {};
     }
+}
+
+/// Where an entry lies below the folder that was searched.
+QString FileListModel::folderOf(const FileItem& item) const {
+    if (!browser_.files())
+        return {};
+    const QString folder = browser_.files()->canonicalPath(parentPath(item.path));
+    const QString& shown = browser_.currentPath();
+    return folder.startsWith(shown) ? folder.mid(shown.size()).remove(0, 1) : folder;
 }
 
 bool FileListModel::setData(const QModelIndex& index, const QVariant& value, int role) {
@@ -127,7 +138,7 @@ Qt::ItemFlags FileListModel::flags(const QModelIndex& index) const {
 }
 
 void FileListModel::sort(int column, Qt::SortOrder order) {
-    if (column >= 0 && column < columnsInAll)
+    if (column >= 0 && column < folderColumn)
         browser_.setSortOrder({{static_cast<FileField>(column), order == Qt::DescendingOrder}});
 }
 

@@ -9,14 +9,14 @@
 
 namespace tessary {
 
-/// The rows of a file browser as a table: name, size, date and kind. The texts are raw: views pass
-/// the kind and the column titles through tr. Sorting by a column sorts the browser. On the main
-/// thread.
+/// The rows of a file browser as a table: name, size, date, kind, and for what a search has found
+/// the folder. The texts are raw: views pass the kind and the column titles through tr. Sorting by
+/// a column sorts the browser. On the main thread.
 class FileListModel : public QAbstractTableModel {
     Q_OBJECT
 
 public:
-    enum Column { nameColumn, sizeColumn, dateColumn, kindColumn, columnsInAll };
+    enum Column { nameColumn, sizeColumn, dateColumn, kindColumn, folderColumn, columnsInAll };
     enum Role {
         idRole = Qt::UserRole + 1,
         pathRole,
@@ -52,6 +52,7 @@ public:
     [[nodiscard]] QModelIndex indexOf(const QString& id) const;
 
 private:
+    [[nodiscard]] QString folderOf(const FileItem& item) const;
     void reorder(const QList<int>& newRows);
 
     FileBrowserViewModel& browser_;

@@ -8,6 +8,7 @@
 #include "platform/desktop/DesktopNotifier.h"
 #include "platform/desktop/FileManager.h"
 #include "platform/desktop/SingleInstance.h"
+#include "platform/desktop/TaskbarProgress.h"
 #include "platform/process/QtProcessRunner.h"
 #include "platform/process/StopSignals.h"
 #include "platform/settings/SystemUserDefaults.h"
@@ -151,6 +152,10 @@ int main(int argc, char** argv) {
     ApplicationWindows windows(window);
     UpdateAlerts alerts(app.updateChecker(), window);
     alerts.addCommand(*window.menuBar());
+    TaskbarProgress taskbar;
+    const CopyQueue& copies = app.copyQueue();
+    QObject::connect(&copies, &CopyQueue::summaryChanged, &windows.delegate(),
+                     [&] { taskbar.show(copies.summary().fractionDone()); });
     delegate = &windows.delegate();
     delegate->applicationDidFinishLaunching();
     if (!isDemo)

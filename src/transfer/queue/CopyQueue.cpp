@@ -54,6 +54,15 @@ struct CopyQueue::Work {
     }
 };
 
+std::optional<double> CopySummary::fractionDone() const {
+    if (isIdle())
+        return std::nullopt;
+    return totalBytes > 0
+               ? std::clamp(static_cast<double>(doneBytes) / static_cast<double>(totalBytes), 0.0,
+                            1.0)
+               : 0;
+}
+
 CopyQueue::CopyQueue(QObject* parent) : QObject(parent) {
     progressTimer_.setInterval(progressInterval);
     connect(&progressTimer_, &QTimer::timeout, this, &CopyQueue::showProgress);

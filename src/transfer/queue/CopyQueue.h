@@ -27,6 +27,8 @@ struct CopySummary {
     [[nodiscard]] bool isIdle() const {
         return queued + running == 0;
     }
+    /// Between 0 and 1, by bytes; no value while nothing is under way.
+    [[nodiscard]] std::optional<double> fractionDone() const;
     bool operator==(const CopySummary&) const = default;
 };
 

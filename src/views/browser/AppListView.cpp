@@ -162,10 +162,11 @@ void AppListView::show() {
             stack_->setCurrentWidget(list_);
             return;
         }
-        placeholder_->show(QStringLiteral("phone"), tr("Looking for apps…"), {}, {}, {}, true);
+        placeholder_->show(QStringLiteral("iphone.gen3"), tr("Looking for apps…"), {}, {}, {},
+                           true);
         break;
     case AppListState::empty:
-        placeholder_->show(QStringLiteral("phone"), tr("No Apps That Share Files"),
+        placeholder_->show(QStringLiteral("iphone.gen3"), tr("No Apps That Share Files"),
                            tr("Only apps whose makers turned on file sharing can be opened from a "
                               "computer. The photos and videos can be opened."),
                            tr("Photos & Videos"), [this] { choose_(mediaFolder()); });

@@ -42,9 +42,9 @@ QList<QKeySequence> keys(auto... sequences) {
     return {QKeySequence(sequences)...};
 }
 
-const std::array<Row, 34>& commands() {
+const std::array<Row, 35>& commands() {
     using Actions = BrowserActions;
-    static const std::array<Row, 34> rows{{
+    static const std::array<Row, 35> rows{{
         {&Actions::back, "go-previous", QT_TRANSLATE_NOOP("BrowserActions", "Back"), keys(backKey)},
         {&Actions::forward, "go-next", QT_TRANSLATE_NOOP("BrowserActions", "Forward"),
          keys(forwardKey)},
@@ -77,11 +77,11 @@ const std::array<Row, 34>& commands() {
          keys(Qt::Key_F2)},
         {&Actions::remove, "edit-delete", QT_TRANSLATE_NOOP("BrowserActions", "Delete"),
          keys(removeKey)},
-        {&Actions::download, "download", QT_TRANSLATE_NOOP("BrowserActions", "Download"),
-         keys(Qt::CTRL | Qt::Key_D)},
-        {&Actions::uploadFiles, "document-import",
+        {&Actions::download, "copyFromPhone",
+         QT_TRANSLATE_NOOP("BrowserActions", "Copy to Computer"), keys(Qt::CTRL | Qt::Key_D)},
+        {&Actions::uploadFiles, "copyToPhone",
          QT_TRANSLATE_NOOP("BrowserActions", "Copy Files Here…"), keys(Qt::CTRL | Qt::Key_U)},
-        {&Actions::uploadFolder, "document-import",
+        {&Actions::uploadFolder, "copyToPhone",
          QT_TRANSLATE_NOOP("BrowserActions", "Copy a Folder Here…"),
          keys(Qt::CTRL | Qt::SHIFT | Qt::Key_U)},
         {&Actions::selectAll, "edit-select-all", QT_TRANSLATE_NOOP("BrowserActions", "Select All"),
@@ -91,6 +91,9 @@ const std::array<Row, 34>& commands() {
          keys(Qt::CTRL | Qt::SHIFT | Qt::Key_I)},
         {&Actions::find, "edit-find", QT_TRANSLATE_NOOP("BrowserActions", "Filter"),
          keys(QKeySequence::Find)},
+        {&Actions::search, "edit-find-folders",
+         QT_TRANSLATE_NOOP("BrowserActions", "Search Below This Folder"),
+         keys(Qt::CTRL | Qt::SHIFT | Qt::Key_F)},
         {&Actions::asList, "view-list-details", QT_TRANSLATE_NOOP("BrowserActions", "As List"),
          keys(Qt::CTRL | Qt::Key_1)},
         {&Actions::asGrid, "view-list-icons", QT_TRANSLATE_NOOP("BrowserActions", "As Grid"),

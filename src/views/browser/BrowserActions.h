@@ -35,6 +35,7 @@ struct BrowserActions {
     QAction* selectAll;
     QAction* invertSelection;
     QAction* find;
+    QAction* search; ///< in all that is below the folder
     QAction* asList;
     QAction* asGrid;
     QAction* zoomIn;

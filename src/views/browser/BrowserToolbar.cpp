@@ -3,6 +3,7 @@
 #include "app/LanguageManager.h"
 #include "views/browser/BreadcrumbBar.h"
 #include "views/browser/BrowserActions.h"
+#include "views/common/Icons.h"
 
 #include <QAction>
 #include <QHBoxLayout>
@@ -15,8 +16,9 @@ namespace tessary {
 
 namespace {
 
-/// Narrower than this, the path needs the room of the filter. Pixels.
-constexpr int roomForFilter = 820;
+/// Narrower than this, the path needs the room of the field, and of the commands' words. Pixels.
+constexpr int roomForField = 1050;
+constexpr int roomForWords = 760;
 
 } // namespace
 
@@ -27,20 +29,30 @@ BrowserToolbar::BrowserToolbar(FileBrowserViewModel& browser, const BrowserActio
       path_(new BreadcrumbBar),
       filter_(new QLineEdit),
       filterButton_(makeToolButton(*actions.find)),
-      syncButton_(makeToolButton(*actions.sync)) {
+      syncButton_(makeToolButton(*actions.sync)),
+      downloadButton_(makeToolButton(*actions.download)),
+      uploadButton_(new QToolButton) {
     setObjectName(QStringLiteral("toolbar"));
     filter_->setObjectName(QStringLiteral("filter"));
     filter_->setClearButtonEnabled(true);
     filter_->setFixedWidth(190);
     filter_->installEventFilter(this);
     filterButton_->setObjectName(QStringLiteral("filterButton"));
-    connect(actions.find, &QAction::triggered, this, &BrowserToolbar::showFilter);
-    connect(filter_, &QLineEdit::textChanged, this,
-            [this](const QString& text) { browser_.setSearchText(text); });
+    connect(actions.find, &QAction::triggered, this, [this] { showField(false); });
+    connect(actions.search, &QAction::triggered, this, [this] { showField(true); });
+    connect(filter_, &QLineEdit::textChanged, this, &BrowserToolbar::takeText);
     connect(&browser, &FileBrowserViewModel::searchTextChanged, this, [this] {
-        if (filter_->text() != browser_.searchText())
+        if (!isForSearch_ && filter_->text() != browser_.searchText())
             filter_->setText(browser_.searchText());
-        fitFilter();
+        fit();
+    });
+    connect(&browser, &FileBrowserViewModel::searchedNameChanged, this, [this] {
+        if (isForSearch_ && browser_.searchedName().isEmpty() && !filter_->hasFocus()) {
+            isForSearch_ = false;
+            filter_->clear();
+            showFieldTexts();
+        }
+        fit();
     });
     path_->setOnChosen([this, apps = actions.apps](const QString& path) {
         if (path.isEmpty())
@@ -60,12 +72,18 @@ BrowserToolbar::BrowserToolbar(FileBrowserViewModel& browser, const BrowserActio
                       [this] { browser_.dismissProblem(); }, [this] { Q_EMIT left(); }});
     connect(actions.goTo, &QAction::triggered, path_, &BreadcrumbBar::startTyping);
 
-    auto* uploadButton = makeToolButton(*actions.uploadFiles);
-    auto* uploadMenu = new QMenu(uploadButton);
+    auto* uploadMenu = new QMenu(uploadButton_);
     uploadMenu->addAction(actions.uploadFiles);
     uploadMenu->addAction(actions.uploadFolder);
-    uploadButton->setMenu(uploadMenu);
-    uploadButton->setPopupMode(QToolButton::MenuButtonPopup);
+    uploadButton_->setObjectName(QStringLiteral("uploadButton"));
+    uploadButton_->setIcon(icon("copyToPhone"));
+    uploadButton_->setIconSize(downloadButton_->iconSize());
+    uploadButton_->setAutoRaise(true);
+    uploadButton_->setMenu(uploadMenu);
+    uploadButton_->setPopupMode(QToolButton::InstantPopup);
+    connect(
+        actions.uploadFiles, &QAction::changed, uploadButton_,
+        [this, upload = actions.uploadFiles] { uploadButton_->setEnabled(upload->isEnabled()); });
 
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(8, 6, 10, 6);
@@ -75,9 +93,10 @@ BrowserToolbar::BrowserToolbar(FileBrowserViewModel& browser, const BrowserActio
     row->addSpacing(6);
     row->addWidget(path_, 1);
     row->addSpacing(6);
-    for (QAction* action : {actions.newFolder, actions.download})
-        row->addWidget(makeToolButton(*action));
-    row->addWidget(uploadButton);
+    row->addWidget(downloadButton_);
+    row->addWidget(uploadButton_);
+    row->addSpacing(8);
+    row->addWidget(makeToolButton(*actions.newFolder));
     row->addWidget(syncButton_);
     row->addSpacing(8);
     auto* modes = new QWidget;
@@ -92,46 +111,77 @@ BrowserToolbar::BrowserToolbar(FileBrowserViewModel& browser, const BrowserActio
     row->addWidget(filter_);
     keepTranslated(this, [this, modes] {
         modes->setAccessibleName(tr("View Mode"));
-        filter_->setPlaceholderText(tr("Filter…"));
-        filter_->setAccessibleName(tr("Filter…"));
+        showFieldTexts();
+        uploadButton_->setText(tr("Copy to Phone"));
+        uploadButton_->setAccessibleName(tr("Copy to Phone"));
+        uploadButton_->setToolTip(tr("Copy to Phone"));
         if (auto* clear = filter_->findChild<QToolButton*>())
             clear->setAccessibleName(tr("Clear the Filter"));
         path_->setAccessibleName(tr("Path"));
     });
-    fitFilter();
+    fit();
 }
 
 void BrowserToolbar::clearFilter() {
     filter_->clear();
 }
 
-void BrowserToolbar::showFilter() {
+void BrowserToolbar::showField(bool isForSearch) {
+    if (isForSearch != isForSearch_) {
+        filter_->clear(); // ends what it was for before
+        isForSearch_ = isForSearch;
+        showFieldTexts();
+    }
     filterButton_->hide();
     filter_->show();
     filter_->setFocus();
     filter_->selectAll();
 }
 
-void BrowserToolbar::fitFilter() {
-    const bool isShown =
-        width() >= roomForFilter || filter_->hasFocus() || !filter_->text().isEmpty();
-    filter_->setVisible(isShown);
-    filterButton_->setVisible(!isShown);
+void BrowserToolbar::showFieldTexts() {
+    const QString text = isForSearch_ ? tr("Search below…") : tr("Filter…");
+    filter_->setPlaceholderText(text);
+    filter_->setAccessibleName(text);
+}
+
+void BrowserToolbar::takeText(const QString& text) {
+    if (!isForSearch_)
+        browser_.setSearchText(text);
+    else if (text.isEmpty())
+        browser_.endSearch();
+}
+
+void BrowserToolbar::fit() {
+    const bool hasField =
+        width() >= roomForField || filter_->hasFocus() || !filter_->text().isEmpty();
+    filter_->setVisible(hasField);
+    filterButton_->setVisible(!hasField);
+    const auto style = width() - (hasField ? filter_->width() : 0) >= roomForWords
+                           ? Qt::ToolButtonTextBesideIcon
+                           : Qt::ToolButtonIconOnly;
+    for (QToolButton* button : {downloadButton_, uploadButton_})
+        button->setToolButtonStyle(style);
 }
 
 void BrowserToolbar::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    fitFilter();
+    fit();
 }
 
 bool BrowserToolbar::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusOut)
-        QMetaObject::invokeMethod(this, &BrowserToolbar::fitFilter, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, &BrowserToolbar::fit, Qt::QueuedConnection);
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Escape)
+        if (key == Qt::Key_Escape) {
             filter_->clear();
-        if (key == Qt::Key_Escape || key == Qt::Key_Return || key == Qt::Key_Down)
+            isForSearch_ = false;
+            showFieldTexts();
+        }
+        const bool isReturn = key == Qt::Key_Return || key == Qt::Key_Enter;
+        if (isReturn && isForSearch_)
+            browser_.searchBelow(filter_->text());
+        if (key == Qt::Key_Escape || isReturn || key == Qt::Key_Down)
             Q_EMIT left();
     }
     return QWidget::eventFilter(watched, event);

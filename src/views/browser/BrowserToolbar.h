@@ -12,8 +12,9 @@ namespace tessary {
 struct BrowserActions;
 class BreadcrumbBar;
 
-/// The row above a listing: back and forward, the path, the most used commands, the filter. Where
-/// there is little room the filter shrinks to a button before the path does.
+/// The row above a listing: back and forward, the path, the most used commands, and a field for the
+/// filter, or for a name to search below the folder. Where there is little room first the field
+/// shrinks to a button, then commands lose their words, before the path does.
 class BrowserToolbar : public QWidget {
     Q_OBJECT
 
@@ -40,14 +41,19 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void showFilter();
-    void fitFilter();
+    void showField(bool isForSearch);
+    void takeText(const QString& text);
+    void showFieldTexts();
+    void fit();
 
     FileBrowserViewModel& browser_;
     BreadcrumbBar* path_;
     QLineEdit* filter_;
     QToolButton* filterButton_;
     QToolButton* syncButton_;
+    QToolButton* downloadButton_;
+    QToolButton* uploadButton_;
+    bool isForSearch_ = false; ///< the field; else for the filter
 };
 
 } // namespace tessary

@@ -172,6 +172,7 @@ void BrowserView::connectBrowser() {
     on(&FileBrowserViewModel::historyChanged, &BrowserView::updateActions);
     on(&FileBrowserViewModel::editingChanged, &BrowserView::showStatus);
     on(&FileBrowserViewModel::showsHiddenChanged, &BrowserView::showContent);
+    on(&FileBrowserViewModel::searchedNameChanged, &BrowserView::showContent);
     connect(&browser_.changes(), &EntryChanges::undoableChanged, this, &BrowserView::updateActions);
     connect(&model_, &QAbstractItemModel::modelReset, this, &BrowserView::showContent);
     connect(&model_, &QAbstractItemModel::rowsInserted, this, &BrowserView::showContent);
@@ -262,7 +263,9 @@ void BrowserView::showFolderGone() {
 
 void BrowserView::showEmpty() {
     const QString wanted = browser_.searchText().trimmed();
-    if (browser_.isLoading())
+    if (!browser_.searchedName().isEmpty())
+        showEmptySearch();
+    else if (browser_.isLoading())
         placeholder_->show(QStringLiteral("folder"),
                            isInApp() ? tr("Loading directory contents…")
                                      : tr("Loading device storage…"),
@@ -278,6 +281,18 @@ void BrowserView::showEmpty() {
     else
         placeholder_->show(QStringLiteral("folder"), tr("This folder is empty"),
                            tr("Drop files here to copy them to the phone."));
+    showPage(*placeholder_);
+}
+
+void BrowserView::showEmptySearch() {
+    const QString name = printable(browser_.searchedName());
+    if (browser_.isLoading())
+        placeholder_->show(QStringLiteral("edit-find"), tr("Searching for “%1”…").arg(name), {}, {},
+                           {}, true);
+    else
+        placeholder_->show(QStringLiteral("edit-find"), tr("Nothing Found"),
+                           tr("Nothing below this folder has “%1” in its name.").arg(name),
+                           tr("Show the Folder"), [this] { browser_.endSearch(); });
     showPage(*placeholder_);
 }
 
@@ -305,7 +320,8 @@ void BrowserView::showStatus() {
                                               .arg(browser_.editProgress().done)
                                               .arg(browser_.editProgress().total);
     else if (browser_.isLoading())
-        text += QStringLiteral("  ·  ") + tr("reading…");
+        text += QStringLiteral("  ·  ") +
+                (browser_.searchedName().isEmpty() ? tr("reading…") : tr("searching…"));
     status_->setText(browser_.state() == BrowserState::ready ? text : QString());
     updateActions();
 }
@@ -351,7 +367,7 @@ void BrowserView::updateActions() {
     actions_.forward->setEnabled(isUsable && browser_.canGoForward());
     actions_.up->setEnabled(isUsable && (browser_.canNavigateUp() || isInApp()));
     for (QAction* action :
-         {actions_.goTo, actions_.reload, actions_.newFolder, actions_.uploadFiles,
+         {actions_.goTo, actions_.reload, actions_.search, actions_.newFolder, actions_.uploadFiles,
           actions_.uploadFolder, actions_.paste, actions_.copyPath, actions_.selectAll,
           actions_.invertSelection, actions_.find})
         action->setEnabled(isUsable);
@@ -433,6 +449,8 @@ bool BrowserView::handleKey(const QKeyEvent& key) {
     case Qt::Key_Escape:
         if (browser_.isEditing())
             browser_.cancelEdits();
+        else if (browser_.selectedItems().isEmpty())
+            browser_.endSearch();
         else
             browser_.clearSelection();
         return true;
@@ -484,7 +502,7 @@ void BrowserView::dragMoveEvent(QDragMoveEvent* event) {
         const QModelIndex index = model_.indexOf(folder.id);
         place = view.visualRect(index);
         if (&view == table_)
-            place |= view.visualRect(index.siblingAtColumn(FileListModel::columnsInAll - 1));
+            place.setWidth(view.viewport()->width());
         place.moveTopLeft(view.viewport()->mapTo(stack_, place.topLeft()));
     }
     dropMark_->setGeometry(place);

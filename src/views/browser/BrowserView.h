@@ -69,6 +69,7 @@ private:
     void showContent();
     void showFolderGone();
     void showEmpty();
+    void showEmptySearch();
     void showPage(QWidget& page);
     void showStatus();
     void showContextMenu(const QPoint& position);

@@ -1,6 +1,7 @@
 #include "views/browser/EntryCommands.h"
 
 #include "base/text/Printable.h"
+#include "base/threads/Background.h"
 #include "browser/model/FileListModel.h"
 #include "views/browser/BrowserActions.h"
 #include "views/browser/ShownFolder.h"
@@ -17,6 +18,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QUrl>
+
+#include <algorithm>
 
 namespace tessary {
 
@@ -66,18 +69,59 @@ void EntryCommands::open() {
         browser_.enterFolder(selected.front().id());
         return;
     }
+    fetchSelected([this](const QStringList& localPaths) {
+        for (const QString& path : localPaths)
+            openLocalFile_(path);
+    });
+}
+
+/// Gives the selected files as files of this computer; folders are left out.
+void EntryCommands::fetchSelected(std::function<void(const QStringList&)> whenHere) {
     QStringList ids;
-    for (const FileItem& item : selected)
+    for (const FileItem& item : browser_.selectedEntries())
         if (!item.isDirectory)
             ids.append(item.id());
     if (ids.isEmpty())
         return;
-    browser_.prepareDragURLs(ids, [this](const DragFiles& files) {
-        for (const QString& path : files.localPaths)
-            openLocalFile_(path);
+    browser_.prepareDragURLs(ids, [this, whenHere = std::move(whenHere)](const DragFiles& files) {
+        if (!files.localPaths.isEmpty())
+            whenHere(files.localPaths);
         if (!files.notReady.empty())
             browser_.showProblem(problemOf(files.notReady.front()));
     });
+}
+
+/// The desktop's programs are looked up while the menu is open.
+void EntryCommands::addOpenWith(QMenu& menu) {
+    const auto selected = browser_.selectedEntries();
+    const auto file =
+        std::ranges::find_if(selected, [](const FileItem& item) { return !item.isDirectory; });
+    if (file == selected.end())
+        return;
+    QMenu* programs = menu.addMenu(tr("Open With"));
+    programs->setObjectName(QStringLiteral("openWith"));
+    programs->addAction(tr("Looking for programs…"))->setEnabled(false);
+    connect(programs, &QMenu::aboutToShow, programs, [this, programs, name = file->name] {
+        runInBackground(
+            programs, [name, language = QLocale().name()] { return programsFor(name, language); },
+            [this, programs](BackgroundResult<std::vector<DesktopProgram>> result) {
+                fillOpenWith(*programs,
+                             result.succeeded() ? result.take() : std::vector<DesktopProgram>());
+            });
+    });
+}
+
+void EntryCommands::fillOpenWith(QMenu& menu, const std::vector<DesktopProgram>& programs) {
+    menu.clear();
+    if (programs.empty())
+        menu.addAction(tr("No program is known for this"))->setEnabled(false);
+    for (const DesktopProgram& program : programs)
+        menu.addAction(QIcon::fromTheme(program.iconName), printable(program.name), this,
+                       [this, program] {
+                           fetchSelected([program](const QStringList& localPaths) {
+                               (void)openWith(program, localPaths);
+                           });
+                       });
 }
 
 EntryCommands::~EntryCommands() {
@@ -156,7 +200,7 @@ void EntryCommands::remove() {
         browser_.deleteItems(ids);
 }
 
-void EntryCommands::addTo(QMenu& menu, const BrowserActions& actions) const {
+void EntryCommands::addTo(QMenu& menu, const BrowserActions& actions) {
     const auto selected = browser_.selectedEntries();
     if (selected.empty()) {
         for (QAction* action :
@@ -172,6 +216,7 @@ void EntryCommands::addTo(QMenu& menu, const BrowserActions& actions) const {
     }
     const bool isOneFolder = selected.size() == 1 && selected.front().isDirectory;
     menu.addAction(actions.open);
+    addOpenWith(menu);
     menu.addAction(actions.quickLook);
     menu.addAction(actions.download);
     menu.addSeparator();

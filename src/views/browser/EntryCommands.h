@@ -2,11 +2,13 @@
 
 #include "browser/listing/EntryMimeData.h"
 #include "browser/model/FileBrowserViewModel.h"
+#include "platform/desktop/DesktopPrograms.h"
 
 #include <QObject>
 
 #include <functional>
 #include <utility>
+#include <vector>
 
 class QAbstractItemView;
 class QMenu;
@@ -68,10 +70,13 @@ public:
     void showProperties();
 
     /// The commands for what is selected, or for the folder.
-    void addTo(QMenu& menu, const BrowserActions& actions) const;
+    void addTo(QMenu& menu, const BrowserActions& actions);
 
 private:
     void putOnClipboard(EntryMimeData::Use use);
+    void fetchSelected(std::function<void(const QStringList& localPaths)> whenHere);
+    void addOpenWith(QMenu& menu);
+    void fillOpenWith(QMenu& menu, const std::vector<DesktopProgram>& programs);
 
     FileBrowserViewModel& browser_;
     const Views views_;

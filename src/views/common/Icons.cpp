@@ -6,6 +6,11 @@
 
 #include <array>
 
+/// Outside of any namespace, as the macro wants it.
+static void useOwnPictures() {
+    Q_INIT_RESOURCE(icons);
+}
+
 namespace tessary {
 
 namespace {
@@ -16,8 +21,8 @@ struct Row {
 };
 
 constexpr std::array symbols{
-    Row{QLatin1StringView("iphone.gen3"), QLatin1StringView("phone")},
-    Row{QLatin1StringView("smartphone"), QLatin1StringView("smartphone")},
+    Row{QLatin1StringView("iphone.gen3"), QLatin1StringView("iphonePicture")},
+    Row{QLatin1StringView("smartphone"), QLatin1StringView("phonePicture")},
     Row{QLatin1StringView("folder.fill"), QLatin1StringView("folder")},
     Row{QLatin1StringView("photo"), QLatin1StringView("image-x-generic")},
     Row{QLatin1StringView("film"), QLatin1StringView("video-x-generic")},
@@ -44,6 +49,10 @@ QIcon icon(const char* name) {
     return icon(QString::fromLatin1(name));
 }
 
+QIcon programIcon() {
+    return QIcon::fromTheme(QStringLiteral("tessaryPicture"));
+}
+
 QIcon lineIcon(const QString& name) {
     return QIcon::fromTheme(name + QLatin1StringView("-symbolic"), icon(name));
 }
@@ -67,6 +76,9 @@ void setUpIconTheme() {
     const bool isDark = QGuiApplication::palette().color(QPalette::Window).lightness() < 128;
     const QString fallback = isDark ? QStringLiteral("breeze-dark") : QStringLiteral("breeze");
     QIcon::setFallbackThemeName(fallback);
+    useOwnPictures();
+    QIcon::setFallbackSearchPaths(
+        {isDark ? QStringLiteral(":/icons/dark") : QStringLiteral(":/icons/light")});
     // Without a desktop there is no theme at all, and the fall-back alone is not searched.
     const QString theme = QIcon::themeName();
     if (theme.isEmpty() || theme == QLatin1StringView("hicolor") ||

@@ -60,7 +60,7 @@ StatusBanner::StatusBanner(QWidget* parent)
         close_->setAccessibleName(tr("Close this message"));
         close_->setToolTip(tr("Close this message"));
     });
-    connect(close_, &QToolButton::clicked, this, &StatusBanner::clear);
+    connect(close_, &QToolButton::clicked, this, &StatusBanner::close);
 
     auto* texts = new QVBoxLayout;
     texts->setSpacing(2);
@@ -103,6 +103,13 @@ void StatusBanner::show(const BannerMessage& message) {
 void StatusBanner::clear() {
     message_ = {};
     setVisible(false);
+}
+
+void StatusBanner::close() {
+    const auto closed = message_.closed;
+    clear();
+    if (closed)
+        closed();
 }
 
 void StatusBanner::changeEvent(QEvent* event) {

@@ -25,6 +25,7 @@ struct BannerMessage {
     QString advice; ///< what to do; may be empty
     std::vector<BannerAction> actions;
     bool canBeClosed = true;
+    std::function<void()> closed{}; ///< by the user
 };
 
 /// A strip below the files that says what is wrong and what to do about it.
@@ -42,6 +43,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void close();
     void applyColours();
 
     QLabel* icon_;

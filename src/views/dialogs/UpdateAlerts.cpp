@@ -22,6 +22,8 @@ UpdateAlerts::UpdateAlerts(UpdateCheckerService& checker, QWidget& window)
 }
 
 void UpdateAlerts::addCommand(QMenuBar& menus) {
+    if (!checker_.canCheck())
+        return;
     QMenu* help = menus.addMenu(QString());
     QAction* check = help->addAction(QString(), this, [this] { checker_.checkForUpdates(true); });
     check->setMenuRole(QAction::ApplicationSpecificRole);

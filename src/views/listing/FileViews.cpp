@@ -152,17 +152,23 @@ FileTableView::FileTableView(FileBrowserViewModel& browser, FileListModel& model
     connect(header(), &QHeaderView::sectionResized, this, &FileTableView::columnResized);
     header()->setHighlightSections(false);
     header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    const QScopedValueRollback fitting(isFittingColumns_, true);
     header()->resizeSection(FileListModel::sizeColumn, 110);
     header()->resizeSection(FileListModel::dateColumn, 170);
     header()->resizeSection(FileListModel::kindColumn, 130);
+    header()->resizeSection(FileListModel::folderColumn, 230);
+    setColumnHidden(FileListModel::folderColumn, true);
+    connect(&browser, &FileBrowserViewModel::searchedNameChanged, this, &FileTableView::fitColumns);
 }
 
 /// The edge between two columns moves, and nothing else: what one gets, the next one gives.
 void FileTableView::columnResized(int column, int, int) {
-    if (isFittingColumns_)
+    if (isFittingColumns_ || header()->isSectionHidden(column))
         return;
     const QScopedValueRollback fitting(isFittingColumns_, true);
-    const int next = column + 1;
+    int next = column + 1;
+    while (next < header()->count() && header()->isSectionHidden(next))
+        ++next;
     const int tooWide = header()->length() - viewport()->width();
     if (next < header()->count()) {
         const int given = std::min(tooWide, header()->sectionSize(next) - narrowestColumn);
@@ -173,11 +179,22 @@ void FileTableView::columnResized(int column, int, int) {
     }
 }
 
+/// What a search has found lies in many folders: then their column stands where the kinds do.
+void FileTableView::fitColumns() {
+    const bool isSearch = !browser_.searchedName().isEmpty();
+    const QScopedValueRollback fitting(isFittingColumns_, true);
+    setColumnHidden(FileListModel::folderColumn, !isSearch);
+    setColumnHidden(FileListModel::kindColumn, isSearch);
+    fitNames();
+}
+
 /// Names take the room that the other columns leave.
 void FileTableView::fitNames() {
     const QScopedValueRollback fitting(isFittingColumns_, true);
     constexpr int narrowestName = 120;
-    const int others = header()->length() - header()->sectionSize(FileListModel::nameColumn);
+    int others = 0; // hidden ones have no width
+    for (int column = FileListModel::nameColumn + 1; column < header()->count(); ++column)
+        others += header()->sectionSize(column);
     header()->resizeSection(FileListModel::nameColumn,
                             std::max(viewport()->width() - others, narrowestName));
 }

@@ -25,6 +25,7 @@ protected:
 private:
     void columnResized(int column, int oldSize, int newSize);
     void fitNames();
+    void fitColumns();
     void fitPictures();
 
     FileBrowserViewModel& browser_;

@@ -33,6 +33,8 @@ QVariant TranslatedFileModel::headerData(int section, Qt::Orientation orientatio
         return tr("Date Modified");
     case kindColumn:
         return tr("Kind");
+    case folderColumn:
+        return tr("Folder");
     default:
         return {};
     }

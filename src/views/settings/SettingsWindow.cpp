@@ -70,6 +70,8 @@ SettingsWindow::SettingsWindow(TessaryApp& app, SyncViewModel& sync, WindowState
             &SettingsWindow::showState);
     connect(&app.languageManager(), &LanguageManager::selectedLanguageChanged, this,
             &SettingsWindow::showState);
+    tabs_->setTabVisible(updatesTab, app.updateChecker().canCheck());
+    homepage_->setVisible(app.updateChecker().hasHomepage());
     for (QPushButton* button : {check_, homepage_})
         button->setAutoDefault(false); // Return belongs to the control that has the focus
     tabs_->tabBar()->setFocus();
@@ -123,7 +125,7 @@ QWidget* SettingsWindow::makeUpdates() {
 QWidget* SettingsWindow::makeAbout() {
     constexpr int pictureSide = 72;
     auto* picture = new QLabel;
-    picture->setPixmap(icon("smartphone").pixmap(pictureSide, pictureSide));
+    picture->setPixmap(programIcon().pixmap(pictureSide, pictureSide));
     auto* name = new QLabel(QStringLiteral("Tessary"));
     QFont font = name->font();
     font.setPointSizeF(font.pointSizeF() * 1.8);

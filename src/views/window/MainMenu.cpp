@@ -63,7 +63,7 @@ void makeMainMenus(QMenuBar& bar, const BrowserActions& actions,
     addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "Edit"),
             {a.undo, nullptr, a.cut, a.copy, a.paste, a.copyPath, nullptr, a.moveTo, a.copyTo,
              a.duplicate, nullptr, a.rename, a.remove, nullptr, a.selectAll, a.invertSelection,
-             a.find});
+             a.find, a.search});
     addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "View"),
             {a.asList, a.asGrid, nullptr, a.zoomIn, a.zoomOut, a.zoomReset, nullptr, a.showHidden,
              fullScreen, nullptr, a.reload});

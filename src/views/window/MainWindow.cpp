@@ -62,6 +62,7 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
       }),
       devices_(app.deviceManager()),
       sync_(app.syncManager(), app.deviceManager()),
+      notices_(app, [this] { releaseDevice(); }),
       sidebar_(new Sidebar(devices_, app.favoritesManager(), sidebarCallbacks())),
       banner_(new StatusBanner),
       pages_(new QStackedWidget),
@@ -78,7 +79,7 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
                                            asker, tr("Folder on this computer"), startAt);
                                    })),
       transferPanel_(new TransferPanel(app.copyQueue(), app.setup().showInFolder)) {
-    setWindowIcon(icon("smartphone"));
+    setWindowIcon(programIcon());
     resize(1180, 740);
     setMinimumSize(760, 460);
 
@@ -158,6 +159,7 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
         showBanner();
     });
     connect(&browser_, &FileBrowserViewModel::problemChanged, this, &MainWindow::showBanner);
+    connect(&notices_, &GeneralNotices::changed, this, &MainWindow::showBanner);
     connect(&browser_, &FileBrowserViewModel::stateChanged, this, [this] {
         sidebar_->setKnownFolders(knownFolders());
         showPage();
@@ -534,7 +536,7 @@ void MainWindow::showBanner() {
     // A folder that could not be read says so where the files would be.
     const auto& problem = browser_.problem();
     if (!problem || browser_.state() != BrowserState::ready) {
-        banner_->clear();
+        showNotice();
         return;
     }
     message.kind = BannerMessage::Kind::error;
@@ -547,6 +549,15 @@ void MainWindow::showBanner() {
                                        browser_.reload();
                                    }});
     banner_->show(message);
+}
+
+/// What is no matter of the phone has the banner while nothing else needs it.
+void MainWindow::showNotice() {
+    const bool isReadable = browser_.files() && browser_.state() == BrowserState::ready;
+    if (const auto notice = notices_.current(isReadable))
+        banner_->show(*notice);
+    else
+        banner_->clear();
 }
 
 void MainWindow::releaseDevice() {

@@ -7,6 +7,7 @@
 #include "views/browser/BrowserView.h"
 #include "views/sidebar/DeviceListModel.h"
 #include "views/sidebar/Sidebar.h"
+#include "views/window/GeneralNotices.h"
 
 #include <QMainWindow>
 
@@ -84,6 +85,7 @@ private:
     void openFavorite(const DeviceFavorite& favorite);
     void showPage();
     void showBanner();
+    void showNotice();
     [[nodiscard]] std::optional<QSet<QString>> knownFolders();
     [[nodiscard]] std::optional<DeviceTrouble> troubleInTheWay() const;
     void releaseDevice();
@@ -98,6 +100,7 @@ private:
     bool wasFocused_ = false;       ///< the files had the keys once
     DeviceListModel devices_;
     SyncViewModel sync_;
+    GeneralNotices notices_;
     Sidebar* sidebar_;
     StatusBanner* banner_;
     QStackedWidget* pages_;

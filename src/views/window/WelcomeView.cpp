@@ -54,7 +54,7 @@ QWidget* step(int number, const char* title, const char* detail) {
 WelcomeView::WelcomeView(std::function<void()> startDemo, QWidget* parent) : QWidget(parent) {
     setObjectName(QStringLiteral("welcomeView"));
     auto* picture = new QLabel;
-    picture->setPixmap(icon("smartphone").pixmap(96, 96));
+    picture->setPixmap(programIcon().pixmap(96, 96));
     picture->setAlignment(Qt::AlignCenter);
     auto* title = translated(QT_TR_NOOP("Connect a phone"), 1.8, QFont::DemiBold);
     title->setAlignment(Qt::AlignCenter);

@@ -1,0 +1,68 @@
+#include "views/window/GeneralNotices.h"
+
+#include "base/text/Printable.h"
+#include "base/threads/MainThread.h"
+
+#include <QPointer>
+
+namespace tessary {
+
+GeneralNotices::GeneralNotices(TessaryApp& app, std::function<void()> release)
+    : app_(app), release_(std::move(release)) {
+    connect(&app.deviceManager(), &DeviceManager::hasUSBConflictChanged, this, [this] {
+        isConflictClosed_ = false;
+        Q_EMIT changed();
+    });
+    app.defaults().whenTroubleChanges([self = QPointer(this)] {
+        MainThread::post([self] {
+            if (self)
+                Q_EMIT self->changed();
+        });
+    });
+}
+
+GeneralNotices::~GeneralNotices() {
+    app_.defaults().whenTroubleChanges({});
+}
+
+std::optional<BannerMessage> GeneralNotices::current(bool isPhoneReadable) {
+    if (const auto trouble = app_.defaults().trouble(); trouble && trouble != closedTrouble_)
+        return ofSettings(*trouble);
+    if (app_.deviceManager().hasUSBConflict() && !isPhoneReadable && !isConflictClosed_)
+        return ofConflict();
+    return std::nullopt;
+}
+
+BannerMessage GeneralNotices::ofSettings(const SettingsTrouble& trouble) {
+    BannerMessage message;
+    message.kind = BannerMessage::Kind::warning;
+    if (trouble.kind == SettingsTrouble::Kind::damaged) {
+        message.text = tr("Your settings could not be read. Tessary goes on with its own.");
+        message.advice = trouble.aside.isEmpty()
+                             ? tr("The file is damaged: %1").arg(printable(trouble.file))
+                             : tr("The damaged file was kept: %1").arg(printable(trouble.aside));
+    } else {
+        message.text = tr("Your settings could not be stored: %1").arg(printable(trouble.reason));
+        message.advice = tr("They hold until Tessary ends, and are tried again with each change.");
+    }
+    message.closed = [this, trouble] {
+        closedTrouble_ = trouble;
+        Q_EMIT changed();
+    };
+    return message;
+}
+
+BannerMessage GeneralNotices::ofConflict() {
+    BannerMessage message;
+    message.kind = BannerMessage::Kind::information;
+    message.text = tr("Another program on this computer opens phones, too.");
+    message.advice = tr("If a phone does not show its files here, have that program release it.");
+    message.actions.push_back({tr("Release the Phone"), release_});
+    message.closed = [this] {
+        isConflictClosed_ = true;
+        Q_EMIT changed();
+    };
+    return message;
+}
+
+} // namespace tessary

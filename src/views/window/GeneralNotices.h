@@ -1,0 +1,40 @@
+#pragma once
+
+#include "app/TessaryApp.h"
+#include "views/common/StatusBanner.h"
+
+#include <QObject>
+
+#include <functional>
+#include <optional>
+
+namespace tessary {
+
+/// What the window says when it has nothing to say about the phone: settings that could not be read
+/// or stored, and programs that may keep phones from it. What the user has closed stays closed
+/// until there is other news. On the main thread.
+class GeneralNotices : public QObject {
+    Q_OBJECT
+
+public:
+    /// `app` must outlive it. `release` has other programs let go of phones.
+    GeneralNotices(TessaryApp& app, std::function<void()> release);
+    ~GeneralNotices() override;
+
+    /// `isPhoneReadable`: then nobody has to be told of programs that may be in the way.
+    [[nodiscard]] std::optional<BannerMessage> current(bool isPhoneReadable);
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    [[nodiscard]] BannerMessage ofSettings(const SettingsTrouble& trouble);
+    [[nodiscard]] BannerMessage ofConflict();
+
+    TessaryApp& app_;
+    const std::function<void()> release_;
+    std::optional<SettingsTrouble> closedTrouble_;
+    bool isConflictClosed_ = false;
+};
+
+} // namespace tessary
