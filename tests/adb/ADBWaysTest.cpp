@@ -145,12 +145,12 @@ TEST_F(ADBWaysTest, phonesAreReachedStraightWhereNoADBIs) {
     EXPECT_TRUE(ways.canReach(plugged));
     EXPECT_EQ(listing(ways, plugged), "nothing");
     EXPECT_FALSE(hasServer());
-    EXPECT_EQ(codeOf([&] { ways.pair(adbd_->address(), u"123456"_s, {}); }), "noServer");
+    EXPECT_EQ(codeOf([&] { ways.pair(adbd_->address(), u"123456"_s, {}); }), "noADB");
 }
 
 TEST_F(ADBWaysTest, pairingThatAnOldServerDoesNotKnowIsToldSo) {
     ADBWays ways(setup({realADB()}));
-    EXPECT_EQ(codeOf([&] { ways.pair(adbd_->address(), u"123456"_s, {}); }), "tooOld");
+    EXPECT_EQ(codeOf([&] { ways.pair(adbd_->address(), u"123456"_s, {}); }), "cannotPair");
 }
 
 TEST_F(ADBWaysTest, runningServerOfAnotherVersionIsLeftAlone) {

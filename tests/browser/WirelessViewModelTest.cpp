@@ -2,8 +2,11 @@
 #include "adb/protocol/ADBError.h"
 #include "phone/PhoneError.h"
 #include "simulator/demo/DemoNetwork.h"
+#include "simulator/usb/VirtualUSBBus.h"
 #include "support/ADBFixture.h"
 #include "support/MainLoop.h"
+#include "support/ScriptedADBServer.h"
+#include "support/ScriptedNetwork.h"
 
 #include <gmock/gmock.h>
 
@@ -15,6 +18,7 @@ using namespace Qt::StringLiterals;
 using Phone = WirelessViewModel::Phone;
 using State = WirelessViewModel::State;
 using Step = WirelessViewModel::Step;
+using testing::ElementsAre;
 using testing::IsEmpty;
 
 /// The list of a network with one phone to connect to, the first, and one to pair.
@@ -43,17 +47,12 @@ protected:
     std::shared_ptr<DemoNetwork> networkWith(std::optional<ServiceAddress> address) {
         return std::make_shared<DemoNetwork>([address] { return address; });
     }
-    /// An adb that prints this and tells what it was asked.
-    QString adbThatPrints(const QByteArray& text) {
-        const QString script =
-            disk_.write(u"adb"_s, "#!/bin/sh\necho \"$@\" >> '" + disk_.path().toUtf8() +
-                                      "/asked'\ncat <<END\n* daemon started\n" + text + "\nEND\n");
-        QFile(script).setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        return script;
+    ADBWays::Setup waysBy(const ADBServerAddress& server) {
+        return {.bus = bus_, .processes = runner_, .server = server, .adbPaths = QStringList()};
     }
 
-    const TemporaryFolder disk_;
     QtProcessRunner runner_;
+    VirtualUSBBus bus_;
 };
 
 TEST_F(WirelessViewModelTest, whatADBSaysIsTold) {
@@ -62,26 +61,66 @@ TEST_F(WirelessViewModelTest, whatADBSaysIsTold) {
         {"already connected to 10.0.0.2:4711", Step::done, {}},
         {"failed to authenticate to 10.0.0.2:4711", Step::failed,
          Error(ADBError::unauthorized, {u"10.0.0.2:4711"_s})},
-        {"adb: unknown command", Step::failed, Error(ADBError::cannotPair)},
-        {"cannot connect to 10.0.0.2:4711: Connection refused", Step::failed,
+        {"cannot connect to 10.0.0.2:4711: Connection refused\n", Step::failed,
          Error(ADBError::refused,
                {u"10.0.0.2:4711"_s, u"cannot connect to 10.0.0.2:4711: Connection refused"_s})},
     };
     const auto network = networkWith(ServiceAddress{u"10.0.0.2"_s, 4711});
     for (const auto& [said, step, failure] : rows) {
-        const ADBTool adb(runner_, QStringList{adbThatPrints(said)});
-        WirelessViewModel phones(network, adb);
+        const ScriptedADBServer server([said = said](const QByteArray&) { return said; });
+        ADBWays ways(waysBy(server.address()));
+        WirelessViewModel phones(network, ways);
         start(phones);
         const Phone phone = connectFirst(phones);
         EXPECT_EQ(phone.step, step) << said;
         EXPECT_EQ(phone.failure, failure);
+        EXPECT_THAT(server.requests(), ElementsAre("host:connect:10.0.0.2:4711"));
     }
-    EXPECT_TRUE(disk_.read(u"asked"_s).startsWith("connect 10.0.0.2:4711\n"));
+}
+
+TEST_F(WirelessViewModelTest, phoneThatAnnouncesBothIsPairedAndConnectedTo) {
+    const std::pair<QByteArray, std::optional<Error>> rows[] = {
+        {"Successfully paired to 10.0.0.2", {}},
+        {"Failed: Wrong password.",
+         Error(ADBError::refused, {u"[fe80::1%lo]:4711"_s, u"Failed: Wrong password."_s})},
+        {"FAILunknown host service", Error(ADBError::cannotPair)},
+        {"FAILdevice 'pair:123456' not found", Error(ADBError::cannotPair)},
+    };
+    for (const auto& [said, failure] : rows) {
+        SCOPED_TRACE(said.toStdString());
+        const ScriptedADBServer server([said = said](const QByteArray& request) {
+            return request.startsWith("host:pair:") ? said : "connected to it";
+        });
+        ADBWays ways(waysBy(server.address()));
+        const auto network = std::make_shared<ScriptedNetwork>();
+        network->address = ServiceAddress{u"fe80::1%lo"_s, 4711};
+        WirelessViewModel phones(network, ways);
+        phones.start();
+        for (const auto type :
+             {WirelessADBDiscovery::pairingType, WirelessADBDiscovery::connectType})
+            network->report(type, "adb-A");
+        ASSERT_TRUE(eventually([&] { return phones.phones().size() == 2; }));
+        const QString toConnect = phones.phones()[0].device.id;
+        const QString toPair = phones.phones()[1].device.id;
+        EXPECT_EQ(phones.phone(toConnect)->device.endpoint.type, WirelessADBDiscovery::connectType);
+        EXPECT_EQ(phones.phone(toPair)->device.endpoint.type, WirelessADBDiscovery::pairingType);
+        phones.pair(toPair, u"123456"_s);
+        ASSERT_TRUE(eventually([&] { return !phones.isWorking(); }));
+        EXPECT_EQ(phones.phone(toPair)->failure, failure);
+        EXPECT_FALSE(failure && failure->logText().contains(u"123456"_s)) << "it is in no log";
+        EXPECT_EQ(phones.phone(toConnect)->step, Step::none);
+        phones.connectTo(toConnect);
+        ASSERT_TRUE(eventually([&] { return !phones.isWorking(); }));
+        EXPECT_EQ(phones.phone(toConnect)->step, Step::done);
+        EXPECT_THAT(server.requests(), ElementsAre("host:pair:123456:[fe80::1%lo]:4711",
+                                                   "host:connect:[fe80::1%lo]:4711"));
+    }
 }
 
 TEST_F(WirelessViewModelTest, phoneThatIsNotThereOrNotPairedIsTold) {
-    const ADBTool adb(runner_, QStringList{adbThatPrints("adb: unknown command pair")});
-    WirelessViewModel phones(networkWith(std::nullopt), adb);
+    const ScriptedADBServer server([](const QByteArray&) { return "HANG"; });
+    ADBWays ways(waysBy(server.address()));
+    WirelessViewModel phones(networkWith(std::nullopt), ways);
     start(phones);
     EXPECT_EQ(connectFirst(phones).failure, Error(PhoneError::notReachable));
     phones.connectTo(u"unknown"_s);
@@ -90,14 +129,33 @@ TEST_F(WirelessViewModelTest, phoneThatIsNotThereOrNotPairedIsTold) {
     phones.stop();
     EXPECT_FALSE(phones.isWorking());
     EXPECT_THAT(phones.phones(), IsEmpty());
-    EXPECT_FALSE(disk_.has(u"asked"_s));
+    EXPECT_THAT(server.requests(), IsEmpty());
+}
+
+TEST_F(WirelessViewModelTest, serverThatNeverAnswersHoldsUpNobody) {
+    const ScriptedADBServer server([](const QByteArray&) { return "HANG"; });
+    ADBWays ways(waysBy(server.address()));
+    const auto begun = std::chrono::steady_clock::now();
+    {
+        WirelessViewModel phones(networkWith(ServiceAddress{u"10.0.0.2"_s, 4711}), ways);
+        start(phones);
+        phones.connectTo(phones.phones()[0].device.id);
+        EXPECT_TRUE(eventually([&] { return server.requests().size() == 1; }));
+        phones.stop();
+        EXPECT_FALSE(phones.isWorking());
+    }
+    EXPECT_TRUE(Background::shutDown(5s)) << "what was asked is given up";
+    EXPECT_LT(std::chrono::steady_clock::now() - begun, 5s);
+    Background::restart();
 }
 
 class WirelessADBTest : public WirelessViewModelTest, protected ADBPhone {};
 
 TEST_F(WirelessADBTest, connectedPhoneIsReachedByTheRealADB) {
-    const ADBTool adb(ADBPhone::runner_, QStringList{realADB()});
-    WirelessViewModel phones(networkWith(ServiceAddress{u"127.0.0.1"_s, adbd_->port()}), adb);
+    ADBServerAddress server;
+    server.port = server_.port();
+    ADBWays ways(waysBy(server));
+    WirelessViewModel phones(networkWith(ServiceAddress{u"127.0.0.1"_s, adbd_->port()}), ways);
     start(phones);
     const Phone phone = connectFirst(phones);
     EXPECT_EQ(phone.step, Step::done) << (phone.failure ? phone.failure->what() : "");

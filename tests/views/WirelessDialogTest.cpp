@@ -2,9 +2,10 @@
 
 #include "base/threads/Background.h"
 #include "platform/process/QtProcessRunner.h"
+#include "simulator/usb/VirtualUSBBus.h"
 #include "support/QtPrinters.h"
+#include "support/ScriptedADBServer.h"
 #include "support/ScriptedNetwork.h"
-#include "support/TemporaryFolder.h"
 
 #include <QLabel>
 #include <QListWidget>
@@ -46,15 +47,25 @@ protected:
     }
     /// Has adb answer this from now on.
     void adbSays(const char* words) {
-        QFile script(disk_.write(u"adb"_s, QByteArray("#!/bin/sh\necho '") + words + "'\n"));
-        script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        const std::scoped_lock lock(mutex_);
+        said_ = words;
+    }
+    QByteArray said() {
+        const std::scoped_lock lock(mutex_);
+        return said_;
     }
 
-    const TemporaryFolder disk_;
+    std::mutex mutex_;
+    QByteArray said_; ///< guarded by mutex_
     QtProcessRunner runner_;
-    const ADBTool adb_{runner_, QStringList{disk_.path(u"adb"_s)}};
+    VirtualUSBBus bus_;
+    const ScriptedADBServer server_{[this](const QByteArray&) { return said(); }};
+    ADBWays ways_{{.bus = bus_,
+                   .processes = runner_,
+                   .server = server_.address(),
+                   .adbPaths = QStringList()}};
     const std::shared_ptr<ScriptedNetwork> network_ = std::make_shared<ScriptedNetwork>();
-    WirelessDialog dialog_{network_, adb_};
+    WirelessDialog dialog_{network_, ways_};
     QPushButton& connect_ = find<QPushButton>("wirelessConnect");
 };
 

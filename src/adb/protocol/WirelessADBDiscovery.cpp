@@ -65,7 +65,9 @@ void WirelessADBDiscovery::handleResults(const std::shared_ptr<Browsing>& browsi
             auto known = browsing->devices.find(service.name);
             if (known == browsing->devices.end())
                 known = browsing->devices.insert(service.name,
-                                                 {service.name, service.name, service, false});
+                                                 {service.name, service.name, service, isPairing});
+            if (known->isPairing != isPairing)
+                known->otherEndpoint = known->endpoint;
             known->endpoint = service;
             known->isPairing = isPairing;
         }

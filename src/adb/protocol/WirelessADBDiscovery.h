@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <vector>
 
 namespace tessary {
@@ -19,6 +20,8 @@ struct DiscoveredWirelessDevice {
     QString name; ///< of the service instance
     ServiceEndpoint endpoint;
     bool isPairing = false; ///< waits to be paired; else it can be connected to
+    /// Of the other kind of service, where both are announced under the name.
+    std::optional<ServiceEndpoint> otherEndpoint{};
 
     bool operator==(const DiscoveredWirelessDevice&) const = default;
 };

@@ -1,14 +1,9 @@
 #include "adb/tool/ADBTool.h"
 
-#include "base/threads/CancellationError.h"
-
 #include <QDir>
 #include <QFileInfo>
 
 namespace tessary {
-
-ADBTool::ADBTool(ProcessRunner& processes, std::optional<QStringList> paths)
-    : processes_(processes), paths_(std::move(paths)) {}
 
 QStringList ADBTool::defaultPaths() {
     const QString inSDK = QStringLiteral("/platform-tools/adb");
@@ -37,13 +32,6 @@ std::optional<QString> ADBTool::findAmong(const QStringList& paths) {
             return path;
     }
     return std::nullopt;
-}
-
-ProcessResult ADBTool::run(const ProcessRequest& request) const {
-    ProcessResult result = processes_.follow(request);
-    if (result.outcome == ProcessResult::Outcome::cancelled)
-        throw CancellationError();
-    return result;
 }
 
 } // namespace tessary

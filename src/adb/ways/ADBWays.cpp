@@ -84,12 +84,16 @@ private:
 
 ADBWays::ADBWays(Setup setup)
     : setup_(std::move(setup)),
-      tool_(setup_.processes, setup_.adbPaths),
+      tool_(setup_.adbPaths),
       server_(std::make_shared<const ADBServerClient>(setup_.server)),
       keys_(setup_.keys ? setup_.keys : std::make_shared<ADBAuthManager>()),
       tracker_(server_, setup_.changed) {}
 
 ADBWays::~ADBWays() = default;
+
+bool ADBWays::isAddress(const QString& text) {
+    return hostAndPort(text).has_value();
+}
 
 std::vector<ADBDevice> ADBWays::devices() {
     std::vector<ADBDevice> all = tracker_.devices();
@@ -220,7 +224,7 @@ void ADBWays::connect(const QString& address, const std::stop_token& stop) {
             return;
         if (answer.contains(QLatin1StringView("authenticate")))
             throw Error(ADBError::unauthorized, {address});
-        throw Error(ADBError::notFound, {address}, Error(ADBError::refused, {address, answer}));
+        throw Error(ADBError::refused, {address, answer.trimmed()});
     }
     PhoneIdentity phone;
     phone.serialNumber = address;
@@ -246,21 +250,23 @@ void ADBWays::connect(const QString& address, const std::stop_token& stop) {
 
 void ADBWays::pair(const QString& address, const QString& code, const std::stop_token& stop) {
     if (!ensureServer(stop))
-        throw Error(ADBError::noServer, {setup_.server.text()});
+        throw tool_.find() ? Error(ADBError::noServer, {setup_.server.text()})
+                           : Error(ADBError::noADB);
     // Over the socket: a code among a process's arguments can be read by every user.
+    QString answer;
     try {
-        const QString answer = QString::fromUtf8(server_->ask(
+        answer = QString::fromUtf8(server_->ask(
             "host:pair:" + code.toUtf8() + ':' + address.toUtf8(), {stop, networkPatience}));
-        if (!answer.startsWith(QLatin1StringView("Successfully paired")))
-            throw Error(ADBError::unauthorized, {address},
-                        Error(ADBError::refused, {address, answer}));
     } catch (const Error& error) {
-        if (!error.is(ADBError::refused))
+        if (error.is(ADBError::noServer) || error.is(ADBError::brokenOff) ||
+            error.is(ADBError::timedOut) || error.is(ADBError::nonsense))
             throw;
-        // A server from before pairing does not know the word.
-        const int version = server_->version({stop, ADBServerClient::patience}).value_or(0);
-        throw Error(ADBError::tooOld, {version}, error);
+        // A server from before pairing does not know the word. Its refusal is not passed on, since
+        // it holds the request, and so the code.
+        throw Error(ADBError::cannotPair);
     }
+    if (!answer.startsWith(QLatin1StringView("Successfully paired")))
+        throw Error(ADBError::refused, {address, answer.trimmed()});
 }
 
 } // namespace tessary

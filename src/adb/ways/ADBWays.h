@@ -53,10 +53,12 @@ public:
     /// the bus at the first call, unless lookAgain() has.
     [[nodiscard]] bool canReach(const PhoneIdentity& phone);
 
+    /// Whether connect() could take this.
+    [[nodiscard]] static bool isAddress(const QString& text);
     /// Reaches a phone on the network, at "host:port" with the host in figures.
     void connect(const QString& address, const std::stop_token& stop);
     /// Makes a phone and the adb server known to each other, by the code that the phone shows.
-    /// ADBError::tooOld (the server's version) when this machine's adb cannot.
+    /// ADBError::cannotPair when this machine's adb is too old for it, ::noADB without one.
     void pair(const QString& address, const QString& code, const std::stop_token& stop);
 
 private:

@@ -1,6 +1,5 @@
 #include "browser/model/WirelessViewModel.h"
 
-#include "adb/tool/ADBWireless.h"
 #include "base/threads/Background.h"
 #include "phone/PhoneError.h"
 
@@ -9,9 +8,35 @@
 
 namespace tessary {
 
-WirelessViewModel::WirelessViewModel(std::shared_ptr<ServiceNetwork> network, const ADBTool& adb,
+namespace {
+
+/// "host:port", or "[host]:port" for an IPv6 address.
+QString textOf(const ServiceAddress& address) {
+    const bool isIPv6 = address.host.contains(QLatin1Char(':'));
+    return (isIPv6 ? QStringLiteral("[%1]:%2") : QStringLiteral("%1:%2"))
+        .arg(address.host)
+        .arg(address.port);
+}
+
+/// What is shown of one record: a row for each of its announcements.
+std::vector<DiscoveredWirelessDevice> rowsOf(const DiscoveredWirelessDevice& device) {
+    std::vector<DiscoveredWirelessDevice> rows{device};
+    if (device.otherEndpoint) {
+        rows.push_back(device);
+        rows.back().isPairing = !device.isPairing;
+        rows.back().endpoint = *device.otherEndpoint;
+    }
+    for (DiscoveredWirelessDevice& row : rows)
+        if (row.isPairing)
+            row.id += QStringLiteral("/pairing");
+    return rows;
+}
+
+} // namespace
+
+WirelessViewModel::WirelessViewModel(std::shared_ptr<ServiceNetwork> network, ADBWays& ways,
                                      QObject* parent)
-    : QObject(parent), network_(std::move(network)), adb_(adb), discovery_(network_) {
+    : QObject(parent), network_(std::move(network)), ways_(ways), discovery_(network_) {
     discovery_.onDevicesUpdated = [this](const auto& found) { update(found); };
     discovery_.onAvailabilityChanged = [this](bool isAvailable) {
         state_ = isAvailable ? State::looking : State::unavailable;
@@ -46,29 +71,29 @@ const WirelessViewModel::Phone* WirelessViewModel::phone(const QString& id) cons
 void WirelessViewModel::update(const std::vector<DiscoveredWirelessDevice>& found) {
     std::vector<Phone> phones;
     phones.reserve(found.size());
-    for (const DiscoveredWirelessDevice& device : found) {
-        const Phone* known = phone(device.id);
-        // What was asked of a phone that waited to be paired says nothing of one to connect to.
-        const bool isSame = known && known->device.isPairing == device.isPairing;
-        phones.push_back(isSame ? *known : Phone{});
-        phones.back().device = device;
-    }
+    for (const DiscoveredWirelessDevice& record : found)
+        for (DiscoveredWirelessDevice& device : rowsOf(record)) {
+            const Phone* known = phone(device.id);
+            phones.push_back(known ? *known : Phone{});
+            phones.back().device = std::move(device);
+        }
     std::sort(phones.begin(), phones.end(), [](const Phone& left, const Phone& right) {
-        return left.device.name < right.device.name;
+        return std::pair(left.device.name, left.device.isPairing) <
+               std::pair(right.device.name, right.device.isPairing);
     });
     phones_ = std::move(phones);
     Q_EMIT changed();
 }
 
 void WirelessViewModel::connectTo(const QString& id) {
-    ask(id, [&adb = adb_](const QString& address, const std::stop_token& stop) {
-        connectOverNetwork(adb, address, stop);
+    ask(id, [&ways = ways_](const QString& address, const std::stop_token& stop) {
+        ways.connect(address, stop);
     });
 }
 
 void WirelessViewModel::pair(const QString& id, const QString& code) {
-    ask(id, [&adb = adb_, code](const QString& address, const std::stop_token& stop) {
-        pairOverNetwork(adb, address, code, stop);
+    ask(id, [&ways = ways_, code](const QString& address, const std::stop_token& stop) {
+        ways.pair(address, code, stop);
     });
 }
 
@@ -87,7 +112,7 @@ void WirelessViewModel::ask(const QString& id, Work work) {
                 const auto address = network->resolve(endpoint, stop);
                 if (!address)
                     return Failure(PhoneError::notReachable);
-                work(QStringLiteral("%1:%2").arg(address->host).arg(address->port), stop);
+                work(textOf(*address), stop);
                 return Failure();
             } catch (const Error& error) {
                 return Failure(error);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "adb/protocol/WirelessADBDiscovery.h"
-#include "adb/tool/ADBTool.h"
+#include "adb/ways/ADBWays.h"
 #include "base/values/Error.h"
 
 #include <QObject>
@@ -28,14 +28,15 @@ public:
     /// What was asked of a phone last.
     enum class Step { none, working, done, failed };
 
+    /// A phone that announces both, to be connected to and to be paired, is in the list twice.
     struct Phone {
         DiscoveredWirelessDevice device;
         Step step = Step::none;
         std::optional<Error> failure{}; ///< of a step that failed
     };
 
-    /// `adb` must outlive this.
-    WirelessViewModel(std::shared_ptr<ServiceNetwork> network, const ADBTool& adb,
+    /// `ways` must outlive this and what it has started.
+    WirelessViewModel(std::shared_ptr<ServiceNetwork> network, ADBWays& ways,
                       QObject* parent = nullptr);
     ~WirelessViewModel() override;
 
@@ -74,7 +75,7 @@ private:
     void setStep(const QString& id, Step step, const std::optional<Error>& failure = {});
 
     const std::shared_ptr<ServiceNetwork> network_;
-    const ADBTool& adb_;
+    ADBWays& ways_;
     WirelessADBDiscovery discovery_;
     State state_ = State::starting;
     std::vector<Phone> phones_;

@@ -34,9 +34,9 @@ const DeviceInfo& CliSession::device() {
     if (device_)
         return *device_;
     const bool wantsADB = request_.protocol == ProtocolMode::adbTurbo;
-    if (wantsADB && !setup_.services.adbTool().find())
-        throw CliFailure(
-            QStringLiteral("adb is not installed. Install it, or use --protocol mtp."));
+    // A phone on the network is reached by its address, whether adb is installed or not.
+    if (wantsADB && ADBWays::isAddress(request_.device))
+        setup_.services.adbWays().connect(request_.device, stop_);
     std::vector<ADBDevice> reached;
     if (wantsADB || (setup_.sources.asksADB && !request_.protocol))
         reached = setup_.services.adbWays().devices();
@@ -47,6 +47,9 @@ const DeviceInfo& CliSession::device() {
                                          .toObject()[device.udid]
                                          .toString());
         device.protocolMode = request_.protocol.value_or(chosen.value_or(device.protocolMode));
+        if (wantsADB && !setup_.services.adbWays().canReach(identityOf(device)))
+            throw CliFailure(
+                QStringLiteral("adb is not installed. Install it, or use --protocol mtp."));
     }
     device_ = std::move(device);
     return *device_;

@@ -8,8 +8,7 @@
 namespace tessary {
 
 DeviceServices::DeviceServices(const Setup& setup)
-    : adbTool_(setup.processes, setup.adbPaths),
-      adbWays_({.bus = setup.bus,
+    : adbWays_({.bus = setup.bus,
                 .processes = setup.processes,
                 .server = setup.adbServer,
                 .adbPaths = setup.adbPaths,

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "adb/tool/ADBTool.h"
 #include "adb/ways/ADBWays.h"
 #include "devices/files/CompetingPrograms.h"
 #include "devices/files/PhoneFileSystems.h"
@@ -37,9 +36,6 @@ public:
     [[nodiscard]] CompetingPrograms& competingPrograms() {
         return competing_;
     }
-    [[nodiscard]] ADBTool& adbTool() {
-        return adbTool_;
-    }
     /// The apps of an iPhone that share files, by name. Blocking; fails as askIPhoneApps() does.
     [[nodiscard]] std::vector<AppInfo> apps(const DeviceInfo& device, const std::stop_token& stop);
     /// The ways to phones with USB debugging on.
@@ -55,7 +51,6 @@ private:
 
     void tellADBChange();
 
-    ADBTool adbTool_;
     std::mutex mutex_;
     std::function<void()> adbChanged_; ///< guarded by mutex_; may be empty
     ADBWays adbWays_;

@@ -40,10 +40,10 @@ QString stateText(const WirelessViewModel::Phone& phone) {
 
 } // namespace
 
-WirelessDialog::WirelessDialog(std::shared_ptr<ServiceNetwork> network, const ADBTool& adb,
+WirelessDialog::WirelessDialog(std::shared_ptr<ServiceNetwork> network, ADBWays& ways,
                                QWidget* parent)
     : QDialog(parent),
-      phones_(std::move(network), adb),
+      phones_(std::move(network), ways),
       intro_(new QLabel),
       list_(new QListWidget),
       note_(new QLabel),

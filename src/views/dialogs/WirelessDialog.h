@@ -16,7 +16,7 @@ class WirelessDialog : public QDialog {
     Q_OBJECT
 
 public:
-    WirelessDialog(std::shared_ptr<ServiceNetwork> network, const ADBTool& adb,
+    WirelessDialog(std::shared_ptr<ServiceNetwork> network, ADBWays& ways,
                    QWidget* parent = nullptr);
     ~WirelessDialog() override;
 

@@ -210,7 +210,7 @@ void MainWindow::showSettings() {
 
 void MainWindow::showWireless() {
     if (wireless_ == nullptr)
-        wireless_ = new WirelessDialog(app_.network(), app_.services().adbTool(), this);
+        wireless_ = new WirelessDialog(app_.network(), app_.services().adbWays(), this);
     wireless_->show();
     wireless_->raise();
     wireless_->activateWindow();
