@@ -13,7 +13,9 @@
 #include <mutex>
 
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace tessary {
 
@@ -58,15 +60,29 @@ QString PictureDecoder::installedProgram() {
 }
 
 Picture PictureDecoder::decode(const PictureRequest& request, const std::stop_token& stop) const {
+    const FileHandle file = openFile(request.file);
+    return decode(file.get(), request.maxSide, request.page, stop);
+}
+
+Picture PictureDecoder::decode(const QByteArray& bytes, int maxSide,
+                               const std::stop_token& stop) const {
+    const FileHandle file(::memfd_create("picture", MFD_CLOEXEC));
+    const auto size = static_cast<ssize_t>(bytes.size());
+    if (!file.isOpen() || ::write(file.get(), bytes.constData(), bytes.size()) != size ||
+        ::lseek(file.get(), 0, SEEK_SET) != 0)
+        throw PictureError("there is no memory for the picture");
+    return decode(file.get(), maxSide, 0, stop);
+}
+
+Picture PictureDecoder::decode(int file, int maxSide, int page, const std::stop_token& stop) const {
     throwIfStopped(stop);
     if (program_.isEmpty())
         throw PictureError("the program that decodes pictures is missing");
     sayWhatIsMissing();
-    const FileHandle file = openFile(request.file);
     ProcessRequest child;
     child.program = program_;
-    child.arguments = {QString::number(request.maxSide), QString::number(request.page)};
-    child.standardInput = file.get();
+    child.arguments = {QString::number(maxSide), QString::number(page)};
+    child.standardInput = file;
     child.limit = limit_;
     child.stop = stop;
     child.outputLimit = longestOutput;

@@ -24,10 +24,17 @@ public:
     /// of time), CancellationError once `stop` asks for it.
     [[nodiscard]] Picture decode(const PictureRequest& request, const std::stop_token& stop) const;
 
+    /// The same for the bytes of a file.
+    [[nodiscard]] Picture decode(const QByteArray& bytes, int maxSide,
+                                 const std::stop_token& stop) const;
+
     /// Empty when there is none.
     [[nodiscard]] static QString installedProgram();
 
 private:
+    [[nodiscard]] Picture decode(int file, int maxSide, int page,
+                                 const std::stop_token& stop) const;
+
     QString program_;
     std::chrono::milliseconds limit_;
 };

@@ -7,6 +7,7 @@
 #include "views/dialogs/PropertiesDialog.h"
 #include "views/listing/ThumbnailStore.h"
 
+#include <QBuffer>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QProgressBar>
@@ -224,6 +225,29 @@ TEST_F(PreviewTest, gridShowsThumbnailsOfWhatIsSeenAndNeverWaitsForThem) {
     ThumbnailStore another(browser(), 96);
     EXPECT_TRUE(wait([&] { return !another.find(last, 1).isNull(); }));
     EXPECT_EQ(requests(), asked);
+}
+
+TEST_F(PreviewTest, picturesThatThePhoneHasItselfComeWithoutThePhotos) {
+    QImage image(200, 150, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QBuffer small;
+    small.open(QIODevice::WriteOnly);
+    ASSERT_TRUE(image.save(&small, "JPG"));
+    const QByteArray photo = "\xFF\xD8" + small.data() + QByteArray(20'000'000, 'x');
+    for (const QString& name : {u"a.jpg"_s, u"b.jpg"_s, u"film.mp4"_s})
+        phone_.write(u"Camera/"_s + name, photo); // above the limit for whole ones
+    press(Qt::Key_F5);
+    ASSERT_TRUE(wait([this] { return !idOf(u"Camera"_s).isEmpty(); }));
+    browser().setViewMode(ViewMode::grid);
+    browser().navigateTo(u"/sdcard/Camera"_s);
+    auto& store = *window_->findChild<ThumbnailStore*>();
+    EXPECT_TRUE(wait([this] { return !idOf(u"film.mp4"_s).isEmpty(); }));
+    for (const QString& name : {u"a.jpg"_s, u"b.jpg"_s, u"film.mp4"_s})
+        EXPECT_TRUE(
+            QTest::qWaitFor([&] { return !store.find(idOf(name), 1).isNull(); }, slowPatience))
+            << name.toStdString();
+    EXPECT_EQ(phone_.requests(MTPOperationCode::getObject), 0U);
+    EXPECT_EQ(phone_.requests(MTPOperationCode::getThumb), 3U);
 }
 
 TEST_F(PreviewTest, thumbnailsWaitForTransfers) {

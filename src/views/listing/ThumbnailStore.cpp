@@ -3,6 +3,7 @@
 #include "base/threads/Background.h"
 #include "base/threads/CancellationError.h"
 #include "browser/model/FileListModel.h"
+#include "preview/PhoneThumbnail.h"
 #include "preview/PreviewKind.h"
 #include "views/listing/FileItemDelegate.h"
 
@@ -19,6 +20,38 @@ namespace {
 constexpr qsizetype memoryLimit = 24 * 1024; // kilobytes of pixels
 constexpr std::size_t mostRequests = 400;    // more than any screen shows at a time
 constexpr int storedSide = 256;              // pixels, for every scale
+
+/// Pictures of phones are stored beside those that are made of whole files.
+QString keyOfPhones(const QString& key) {
+    return key + QStringLiteral("-phone");
+}
+
+/// Large enough to be shown with this side.
+bool isEnough(const QImage& image, int side) {
+    return 3 * std::max(image.width(), image.height()) >= 2 * side;
+}
+
+/// The phone's own picture; else one that is made of the file, of one that is not too large.
+QImage makeThumbnail(PhoneFileSystem& files, const FileItem& item, StagedFiles& copies,
+                     const PictureDecoder& decoder, ThumbnailCache& disk, const QString& key,
+                     int side, const std::stop_token& stop) {
+    const bool isCopied = copies.find(files, item).has_value();
+    if (const auto own = isCopied ? std::nullopt : phoneThumbnail(files, item, stop))
+        try {
+            const QImage image = decoder.decode(*own, storedSide, stop).image;
+            disk.store(keyOfPhones(key), image);
+            if (isEnough(image, side) || !hasThumbnail(item))
+                return image;
+        } catch (const PictureError&) {
+            // Then there is none.
+        }
+    if (!hasThumbnail(item))
+        throw PictureError("there is no small picture of the file");
+    const QImage image =
+        decoder.decode({copies.fetch(files, item, {}, stop), storedSide, 0}, stop).image;
+    disk.store(key, image);
+    return image;
+}
 
 /// Made to fit, with a thin line around it, by which pale pictures stand out from the ground.
 QImage finished(const QImage& image, int side) {
@@ -94,7 +127,8 @@ void ThumbnailStore::pauseOrGoOn() {
 
 QPixmap ThumbnailStore::find(const QString& id, qreal scale) {
     const FileItem* item = browser_.itemWithId(id);
-    if (item == nullptr || !browser_.files() || !hasThumbnail(*item))
+    if (item == nullptr || !browser_.files() ||
+        !(hasThumbnail(*item) || mayHavePhoneThumbnail(*item)))
         return {};
     if (scale != scale_) {
         scale_ = scale;
@@ -147,11 +181,15 @@ void ThumbnailStore::loadNext() {
         return;
     loads_.isBusy = true;
     const int side = qRound(side_ * scale_);
+    const FileItem* item = browser_.itemWithId(request->id);
+    const bool isOnlyOne = item == nullptr || !hasThumbnail(*item);
     loads_.stop = runInBackground(
         this,
-        [&disk = disk_, key = request->key, side] {
-            const auto image = disk.load(key);
-            return image ? finished(*image, side) : QImage();
+        [&disk = disk_, key = request->key, side, isOnlyOne] {
+            if (const auto image = disk.load(key))
+                return finished(*image, side);
+            const auto own = disk.load(keyOfPhones(key));
+            return own && (isEnough(*own, side) || isOnlyOne) ? finished(*own, side) : QImage();
         },
         [this, request = *request, generation = generation_](BackgroundResult<QImage> result) {
             if (generation != generation_)
@@ -185,10 +223,8 @@ void ThumbnailStore::makeNext() {
         this,
         [&disk = disk_, &copies = copies_, decoder = decoder_, files = browser_.files(),
          item = *item, key = request->key, side](const std::stop_token& stop) {
-            const QString copy = copies.fetch(*files, item, {}, stop);
-            const Picture picture = decoder.decode({copy, storedSide, 0}, stop);
-            disk.store(key, picture.image);
-            return finished(picture.image, side);
+            return finished(makeThumbnail(*files, item, copies, decoder, disk, key, side, stop),
+                            side);
         },
         [this, request = *request, generation = generation_](BackgroundResult<QImage> result) {
             if (generation != generation_)
