@@ -173,14 +173,15 @@ FileItem ADBEdits::write(const NewFile& file, const ByteSource& content,
     (void)requireFree(file.folder, file.name, before[1], {});
     std::uint64_t done = 0;
     try {
-        const ADBFacts facts =
-            session_.sync(stop_).send(bytes, newFileMode, content, secondsOf(file.modified),
-                                      [&](std::uint64_t sent) {
-                                          done = sent;
-                                          if (progress)
-                                              progress(static_cast<qint64>(sent));
-                                      },
-                                      {stop_, ADBSession::patience});
+        const ADBFacts facts = session_.apart(stop_, false, [&](ADBSyncClient& sync) {
+            return sync.send(bytes, newFileMode, content, secondsOf(file.modified),
+                             [&](std::uint64_t sent) {
+                                 done = sent;
+                                 if (progress)
+                                     progress(static_cast<qint64>(sent));
+                             },
+                             {stop_, ADBSession::patience});
+        });
         const std::uint64_t size =
             facts.isOld ? (done & ~std::uint64_t{0xFFFFFFFF}) + facts.size : facts.size;
         if (facts.error != 0)

@@ -52,6 +52,34 @@ private:
 
 } // namespace
 
+/// A turn that a long copy passes to those who wait, between two pieces of a file.
+class ADBFileSystem::PassingTurn {
+public:
+    PassingTurn(PhoneQueue& queue, const Call& call)
+        : queue_(queue), call_(call), turn_(queue.take(call)) {}
+
+    /// Has a turn again when it returns or throws, which is CancellationError alone.
+    void letOthersIn() {
+        constexpr std::chrono::milliseconds least(50); // for one's own work
+        if (call_.urgency != Urgency::copy || Clock::now() - since_ < least ||
+            queue_.waitingCount() == 0)
+            return;
+        turn_.reset();
+        turn_.emplace(
+            queue_.take({{}, call_.urgency})); // what is cancelled is cleaned up in a turn
+        since_ = Clock::now();
+        throwIfStopped(call_.stop);
+    }
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    PhoneQueue& queue_;
+    const Call& call_;
+    std::optional<PhoneQueue::Turn> turn_;
+    Clock::time_point since_ = Clock::now();
+};
+
 ADBFileSystem::ADBFileSystem(PhoneIdentity phone, std::shared_ptr<PhoneQueue> queue,
                              std::shared_ptr<ADBConnection> connection)
     : phone_(std::move(phone)),
@@ -82,6 +110,13 @@ template <typename Work>
 auto ADBFileSystem::inTurn(const QString& path, const Call& call, Work work) {
     const PhoneQueue::Turn turn = queue_->take(call);
     return withSession(path, work);
+}
+
+/// As inTurn(), with `work(turn)`.
+template <typename Work>
+auto ADBFileSystem::inPassingTurn(const QString& path, const Call& call, Work work) {
+    PassingTurn turn(*queue_, call);
+    return withSession(path, [&] { return work(turn); });
 }
 
 QString ADBFileSystem::identity() const {
@@ -150,7 +185,7 @@ qint64 ADBFileSystem::read(const FileItem& file, ByteRange range, const ByteSink
     constexpr qint64 block = 64 * 1024;
     constexpr qint64 shortRange = qint64{4} << 20;
     const QString path = canonicalPath(file.path);
-    return inTurn(path, call, [&] {
+    return inPassingTurn(path, call, [&](PassingTurn& turn) {
         RangeReader reader(range, sink);
         const auto take = [&](ByteView bytes) { return reader.take(bytes); };
         const auto check = [&](const ADBFacts& facts) {
@@ -164,8 +199,14 @@ qint64 ADBFileSystem::read(const FileItem& file, ByteRange range, const ByteSink
         const bool isPart = range.offset > 0 || (range.length > 0 && range.length <= shortRange &&
                                                  file.size - range.length > shortRange);
         if (!isPart || !shell.isExact()) {
-            session_.asking(call.stop, [&](ADBSyncClient& sync) {
-                sync.receive(phonePath(path), check, take, {call.stop, ADBSession::patience});
+            const auto takeInTurns = [&](ByteView bytes) {
+                const bool wantsMore = take(bytes);
+                turn.letOthersIn();
+                return wantsMore;
+            };
+            session_.apart(call.stop, true, [&](ADBSyncClient& sync) {
+                return sync.receive(phonePath(path), check, takeInTurns,
+                                    {call.stop, ADBSession::patience});
             });
             return reader.done();
         }
@@ -190,9 +231,14 @@ FileItem ADBFileSystem::write(const NewFile& file, const ByteSource& content,
                               const ByteProgress& progress, const Call& call) {
     NewFile there = file;
     there.folder = canonicalPath(file.folder);
-    return inTurn(joinPath(there.folder, file.name), call, [&] {
+    return inPassingTurn(joinPath(there.folder, file.name), call, [&](PassingTurn& turn) {
         queue_->noteEdit();
-        return ADBEdits(session_, call.stop).write(there, content, progress);
+        const auto progressInTurns = [&](qint64 done) {
+            if (progress)
+                progress(done);
+            turn.letOthersIn();
+        };
+        return ADBEdits(session_, call.stop).write(there, content, progressInTurns);
     });
 }
 

@@ -61,9 +61,13 @@ public:
     [[nodiscard]] QStringList programsHolding() override;
 
 private:
+    class PassingTurn;
+
     [[nodiscard]] FileItem editable(const FileItem& item) const;
     template <typename Work>
     auto inTurn(const QString& path, const Call& call, Work work);
+    template <typename Work>
+    auto inPassingTurn(const QString& path, const Call& call, Work work);
     template <typename Work>
     auto withSession(const QString& path, Work work);
 

@@ -49,6 +49,28 @@ public:
         }
         return work(sync(stop));
     }
+    /// Runs `work(sync)` on a stream for files that is nobody else's meanwhile: the turn may pass
+    /// to others while it works, but for the beginning and the end. With `repeats` it is as
+    /// asking() otherwise.
+    template <typename Work>
+    auto apart(const std::stop_token& stop, bool repeats, Work work) {
+        const bool isKept = sync_ && sync_->isUsable();
+        std::unique_ptr<ADBSyncClient> own = takeSync(stop);
+        const auto finish = [&](auto result) {
+            if (!sync_ && own->isUsable())
+                sync_ = std::move(own);
+            return result;
+        };
+        try {
+            return finish(work(*own));
+        } catch (const Error& error) {
+            if (!repeats || !isKept || !error.is(ADBError::brokenOff) || !own->isUnanswered())
+                throw;
+            commands_.reset(); // kept as long, and ended by the same
+        }
+        own = takeSync(stop);
+        return finish(work(*own));
+    }
     [[nodiscard]] ADBShellClient& shell(const std::stop_token& stop);
     [[nodiscard]] bool isOpen() const {
         return sync_ != nullptr || commands_ != nullptr;
@@ -78,6 +100,10 @@ public:
     [[nodiscard]] const QByteArrayList& hashCommand(const std::stop_token& stop);
 
 private:
+    [[nodiscard]] std::unique_ptr<ADBSyncClient> takeSync(const std::stop_token& stop) {
+        (void)sync(stop);
+        return std::move(sync_);
+    }
     void probe(const std::stop_token& stop);
     [[nodiscard]] ADBFacts wholeSize(const ADBSyncClient::Question& question, ADBFacts facts,
                                      const std::stop_token& stop);
