@@ -344,6 +344,23 @@ TEST_F(MTPUSBTransportTest, refusedCancelEndsAnUploadByTheShortestWrite) {
     }
 }
 
+TEST_F(MTPUSBTransportTest, deviceThatHaltsAtTheEndOfACancelledUploadIsDoneWithIt) {
+    for (const auto& [atTheEnd, state] : {std::pair{usb::success, MTPPipeState::busy},
+                                          std::pair{usb::pipeStalled, MTPPipeState::quiet}}) {
+        EXPECT_NE(mtpFailureOf([&] {
+                      transport_.sendContainer(
+                          {600'012, MTPContainerType::data, 0x100D, 9}, 600'000,
+                          [first = true](auto buffer) mutable {
+                              return std::exchange(first, false) ? buffer.size() : 0;
+                          },
+                          {});
+                  }),
+                  "none");
+        bus_.writeCodes = {atTheEnd};
+        EXPECT_EQ(transport_.recover(9, MTPDataPhase::toDevice), state);
+    }
+}
+
 TEST_F(MTPUSBTransportTest, lateContainersOfBrokenOffTransactionAreDropped) {
     transport_.recover(7, MTPDataPhase::toHost);
     bus_.send(dataOf(0x1007, 7, Bytes(3000)));
