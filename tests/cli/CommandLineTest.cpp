@@ -77,6 +77,7 @@ TEST(CommandLine, syncTakesItsModeAndOneAnswer) {
     EXPECT_EQ(move->localPath, u"/tmp/x"_s);
     EXPECT_EQ(move->paths, QStringList{u"/Music"_s});
     EXPECT_EQ(move->excludes, (QStringList{u"*.tmp"_s, u"/private/"_s}));
+    EXPECT_EQ(request("sync P /tmp/x /Music --mode to-computer")->mode, SyncMode::toMac);
     const auto both = request("sync P /tmp/x /Music --mode both");
     ASSERT_TRUE(both);
     EXPECT_EQ(both->answer, CliRequest::Answer::ask);

@@ -2,16 +2,14 @@
 
 #include "adb/files/ADBFileSystem.h"
 #include "adb/server/ADBServerConnection.h"
-#include "base/local/PartFile.h"
 #include "mtp/files/MTPFileSystem.h"
 #include "support/ADBFixture.h"
 #include "support/Application.h"
 #include "support/IPhoneFiles.h"
 #include "support/PluggedPhone.h"
 #include "sync/ForwardedFiles.h"
+#include "sync/SyncFolders.h"
 #include "sync/run/SyncRun.h"
-
-#include <QDirIterator>
 
 #include <stdexcept>
 
@@ -22,104 +20,22 @@ struct ProgramKilled : std::runtime_error {
     ProgramKilled() : std::runtime_error("killed") {}
 };
 
-/// Runs between the folder "mac" of this computer's disk and the folder "Sync" of a virtual phone,
-/// which lies on this computer's disk, too. A part of fixtures that have the phone.
-class SyncWay {
+/// Runs between the folders of a SyncFolders. A part of fixtures that have the phone.
+class SyncWay : protected SyncFolders {
 protected:
-    using Files = std::map<QString, QByteArray>;
-
     SyncWay(const QString& udid, const QString& app) {
         pair_.deviceUDID = udid;
         pair_.appBundleID = app;
         pair_.remoteFolderPath = QStringLiteral("/Sync");
-        pair_.localFolderPath = computer_.path(QStringLiteral("mac"));
+        pair_.localFolderPath = localFolder();
     }
-    virtual ~SyncWay() = default;
 
-    /// The phone's folder as this computer has it.
-    [[nodiscard]] virtual QString phoneFolder() = 0;
     /// A connection of its own, as every program has one.
     [[nodiscard]] virtual std::unique_ptr<PhoneFileSystem> open() = 0;
     /// Forgets what the phone was asked so far.
     virtual void forgetRequests() = 0;
     /// Files of the phone that were read or written since, by their last name.
     [[nodiscard]] virtual QStringList openedFiles() = 0;
-
-    void clear() {
-        for (const QString& folder : {pair_.localFolderPath, phoneFolder()}) {
-            QDir(folder).removeRecursively();
-            QDir().mkpath(folder);
-        }
-    }
-    static void write(const QString& path, const QByteArray& content, int secondsAgo = 0) {
-        QDir().mkpath(QFileInfo(path).path());
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size() &&
-                    file.flush());
-        if (secondsAgo > 0) {
-            ASSERT_TRUE(file.setFileTime(QDateTime::currentDateTime().addSecs(-secondsAgo),
-                                         QFileDevice::FileModificationTime));
-        }
-    }
-    void here(const QString& path, const QByteArray& content, int secondsAgo = 100) {
-        write(pair_.localFolderPath + QLatin1Char('/') + path, content, secondsAgo);
-    }
-    void onPhone(const QString& path, const QByteArray& content, int secondsAgo = 100) {
-        write(phoneFolder() + QLatin1Char('/') + path, content, secondsAgo);
-    }
-    void removeHere(const QString& path) {
-        QFile::remove(pair_.localFolderPath + QLatin1Char('/') + path);
-    }
-    void removeOnPhone(const QString& path) {
-        QFile::remove(phoneFolder() + QLatin1Char('/') + path);
-    }
-    /// All that lies below a folder, files of ours aside.
-    static Files below(const QString& folder) {
-        Files files;
-        QDirIterator walk(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
-        while (walk.hasNext()) {
-            QFile file(walk.next());
-            if (walk.fileName() == SyncManifest::fileName ||
-                walk.fileName().startsWith(PartFile::namePrefix))
-                continue;
-            EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-            files[QDir(folder).relativeFilePath(file.fileName())] = file.readAll();
-        }
-        return files;
-    }
-    /// Files that did not arrive, on either side.
-    [[nodiscard]] QStringList parts() {
-        QStringList found;
-        for (const QString& folder : {pair_.localFolderPath, phoneFolder()}) {
-            QDirIterator walk(folder, {PartFile::namePrefix + QLatin1Char('*')},
-                              QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
-            while (walk.hasNext())
-                found.append(walk.next());
-        }
-        return found;
-    }
-    /// Lets what is left over become old enough to be removed.
-    void age() {
-        for (const QString& path : parts()) {
-            QFile file(path);
-            ASSERT_TRUE(file.open(QIODevice::ReadWrite) &&
-                        file.setFileTime(QDateTime::currentDateTime().addSecs(-3600),
-                                         QFileDevice::FileModificationTime));
-        }
-    }
-    [[nodiscard]] Files hereFiles() const {
-        return below(pair_.localFolderPath);
-    }
-    [[nodiscard]] Files phoneFiles() {
-        return below(phoneFolder());
-    }
-    [[nodiscard]] bool holds(const QByteArray& content) {
-        for (const Files& files : {hereFiles(), phoneFiles()})
-            for (const auto& [name, each] : files)
-                if (each == content)
-                    return true;
-        return false;
-    }
 
     /// One run of a program of its own; it is killed at a call, or at a piece of a file that is
     /// written, when `killAt` is not negative.
@@ -185,7 +101,6 @@ protected:
         EXPECT_EQ(hereFiles(), before);
     }
 
-    const TemporaryFolder computer_;
     SyncPair pair_;
     bool confirms_ = true;
     int killAt_ = -1;

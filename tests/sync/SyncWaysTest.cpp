@@ -195,7 +195,7 @@ TEST_F(SyncByADB, manySmallFilesTakeNotMuchLongerThanAPush) {
     const double second = seconds([this] { EXPECT_FALSE(goodRun().hasChanges()); });
     EXPECT_EQ(phoneFiles().size(), static_cast<std::size_t>(files));
     std::printf("push %.2f s, first sync %.2f s, second %.2f s\n", push, first, second);
-    EXPECT_LT(first, 10 * push + 1) << "the steps of each file have become slow";
+    EXPECT_LT(first, 2 * push + 0.5) << "the steps of each file have become slow";
 }
 
 TEST_F(SyncByAFC, cutConnectionLosesNothing) {

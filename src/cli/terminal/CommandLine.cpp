@@ -57,7 +57,8 @@ struct ModeName {
 
 constexpr std::array modeNames{ModeName{"both", SyncMode::biDirectional},
                                ModeName{"to-device", SyncMode::toiPhone},
-                               ModeName{"to-mac", SyncMode::toMac}};
+                               ModeName{"to-computer", SyncMode::toMac},
+                               ModeName{"to-mac", SyncMode::toMac}}; // as it was called
 
 /// "VID:PID" in hexadecimal.
 std::optional<USBIds> parseIds(const std::string& ids) {
