@@ -1379,6 +1379,14 @@
             <numerusform>%Ln Dateien wurden gelassen, wie sie sind</numerusform>
         </translation>
     </message>
+    <message>
+        <source>The sync with %1 was not finished.</source>
+        <translation>Der Abgleich mit %1 wurde nicht beendet.</translation>
+    </message>
+    <message>
+        <source>The sync with %1 left some files as they are.</source>
+        <translation>Der Abgleich mit %1 hat einige Dateien gelassen, wie sie sind.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::AppListView</name>
@@ -1825,6 +1833,10 @@
     <message>
         <source>Release the Phone</source>
         <translation>Telefon freigeben</translation>
+    </message>
+    <message>
+        <source>Show Report</source>
+        <translation>Bericht zeigen</translation>
     </message>
 </context>
 <context>

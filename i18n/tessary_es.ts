@@ -1379,6 +1379,14 @@
             <numerusform>%Ln archivos se dejaron como están</numerusform>
         </translation>
     </message>
+    <message>
+        <source>The sync with %1 was not finished.</source>
+        <translation>La sincronización con %1 no se completó.</translation>
+    </message>
+    <message>
+        <source>The sync with %1 left some files as they are.</source>
+        <translation>La sincronización con %1 dejó algunos archivos como están.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::AppListView</name>
@@ -1825,6 +1833,10 @@
     <message>
         <source>Release the Phone</source>
         <translation>Liberar el teléfono</translation>
+    </message>
+    <message>
+        <source>Show Report</source>
+        <translation>Mostrar informe</translation>
     </message>
 </context>
 <context>

@@ -1379,6 +1379,14 @@
             <numerusform>%Ln fichiers laissés tels quels</numerusform>
         </translation>
     </message>
+    <message>
+        <source>The sync with %1 was not finished.</source>
+        <translation>La synchronisation avec %1 n’a pas été terminée.</translation>
+    </message>
+    <message>
+        <source>The sync with %1 left some files as they are.</source>
+        <translation>La synchronisation avec %1 a laissé certains fichiers tels quels.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::AppListView</name>
@@ -1825,6 +1833,10 @@
     <message>
         <source>Release the Phone</source>
         <translation>Libérer le téléphone</translation>
+    </message>
+    <message>
+        <source>Show Report</source>
+        <translation>Afficher le rapport</translation>
     </message>
 </context>
 <context>

@@ -1379,6 +1379,14 @@
             <numerusform>%Ln file lasciati come sono</numerusform>
         </translation>
     </message>
+    <message>
+        <source>The sync with %1 was not finished.</source>
+        <translation>La sincronizzazione con %1 non è stata completata.</translation>
+    </message>
+    <message>
+        <source>The sync with %1 left some files as they are.</source>
+        <translation>La sincronizzazione con %1 ha lasciato alcuni file come sono.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::AppListView</name>
@@ -1825,6 +1833,10 @@
     <message>
         <source>Release the Phone</source>
         <translation>Libera il telefono</translation>
+    </message>
+    <message>
+        <source>Show Report</source>
+        <translation>Mostra rapporto</translation>
     </message>
 </context>
 <context>

@@ -1369,6 +1369,14 @@
             <numerusform>%Ln 個のファイルはそのままにしました</numerusform>
         </translation>
     </message>
+    <message>
+        <source>The sync with %1 was not finished.</source>
+        <translation>%1 との同期は完了しませんでした。</translation>
+    </message>
+    <message>
+        <source>The sync with %1 left some files as they are.</source>
+        <translation>%1 との同期では、一部のファイルをそのままにしました。</translation>
+    </message>
 </context>
 <context>
     <name>tessary::AppListView</name>
@@ -1810,6 +1818,10 @@
     <message>
         <source>Release the Phone</source>
         <translation>デバイスを解放</translation>
+    </message>
+    <message>
+        <source>Show Report</source>
+        <translation>レポートを表示</translation>
     </message>
 </context>
 <context>

@@ -1369,6 +1369,14 @@
             <numerusform>파일 %Ln개를 그대로 두었습니다</numerusform>
         </translation>
     </message>
+    <message>
+        <source>The sync with %1 was not finished.</source>
+        <translation>%1 동기화를 마치지 못했습니다.</translation>
+    </message>
+    <message>
+        <source>The sync with %1 left some files as they are.</source>
+        <translation>%1 동기화에서 일부 파일을 그대로 두었습니다.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::AppListView</name>
@@ -1810,6 +1818,10 @@
     <message>
         <source>Release the Phone</source>
         <translation>휴대폰 연결 풀기</translation>
+    </message>
+    <message>
+        <source>Show Report</source>
+        <translation>보고서 보기</translation>
     </message>
 </context>
 <context>

@@ -1379,6 +1379,14 @@
             <numerusform>%Ln arquivos ficaram como estão</numerusform>
         </translation>
     </message>
+    <message>
+        <source>The sync with %1 was not finished.</source>
+        <translation>A sincronização com %1 não foi concluída.</translation>
+    </message>
+    <message>
+        <source>The sync with %1 left some files as they are.</source>
+        <translation>A sincronização com %1 deixou alguns arquivos como estão.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::AppListView</name>
@@ -1825,6 +1833,10 @@
     <message>
         <source>Release the Phone</source>
         <translation>Liberar o telefone</translation>
+    </message>
+    <message>
+        <source>Show Report</source>
+        <translation>Mostrar relatório</translation>
     </message>
 </context>
 <context>

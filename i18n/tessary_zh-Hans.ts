@@ -1369,6 +1369,14 @@
             <numerusform>%Ln 个文件保持原样</numerusform>
         </translation>
     </message>
+    <message>
+        <source>The sync with %1 was not finished.</source>
+        <translation>与 %1 的同步未完成。</translation>
+    </message>
+    <message>
+        <source>The sync with %1 left some files as they are.</source>
+        <translation>与 %1 的同步使一些文件保持原样。</translation>
+    </message>
 </context>
 <context>
     <name>tessary::AppListView</name>
@@ -1810,6 +1818,10 @@
     <message>
         <source>Release the Phone</source>
         <translation>释放手机</translation>
+    </message>
+    <message>
+        <source>Show Report</source>
+        <translation>显示报告</translation>
     </message>
 </context>
 <context>

@@ -1369,6 +1369,14 @@
             <numerusform>%Ln 個檔案保持原樣</numerusform>
         </translation>
     </message>
+    <message>
+        <source>The sync with %1 was not finished.</source>
+        <translation>與 %1 的同步未完成。</translation>
+    </message>
+    <message>
+        <source>The sync with %1 left some files as they are.</source>
+        <translation>與 %1 的同步使一些檔案保持原樣。</translation>
+    </message>
 </context>
 <context>
     <name>tessary::AppListView</name>
@@ -1810,6 +1818,10 @@
     <message>
         <source>Release the Phone</source>
         <translation>釋放手機</translation>
+    </message>
+    <message>
+        <source>Show Report</source>
+        <translation>顯示報告</translation>
     </message>
 </context>
 <context>

@@ -4,9 +4,20 @@
 #include <QDialog>
 #include <QDir>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 
 namespace tessary {
+
+namespace {
+
+void writeFile(const QString& path, const QByteArray& content) {
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly))
+        file.write(content);
+}
+
+} // namespace
 
 void tourSync(TourStage& stage) {
     MainWindow& window = stage.window();
@@ -60,6 +71,37 @@ void tourSync(TourStage& stage) {
     stage.waitFor("the sync menu", [&] { return panel->isVisible(); });
     stage.shoot(QStringLiteral("sync-menu"));
     panel->hide();
+
+    // A deletion and a conflict, to be decided one by one, and what cannot be synced at all.
+    const QDir here(local);
+    const QDir there(stage.phones().demo().androids().front()->config().storages.front().folder +
+                     QStringLiteral("/Documents"));
+    here.mkpath(QStringLiteral("Letters"));
+    writeFile(here.filePath(QStringLiteral("Letters/To Ann.txt")), "Dear Ann");
+    writeFile(there.filePath(QStringLiteral("Letters")), "a file");
+    writeFile(here.filePath(QStringLiteral("Plan.txt")), "as it is here");
+    writeFile(there.filePath(QStringLiteral("Plan.txt")), "as it is on the phone");
+    writeFile(here.filePath(QStringLiteral("New.txt")), "new");
+    sync.requestPreview(*sync.manager().pair(pair));
+    preview = shown("syncPreview");
+    stage.waitFor("the preview", [&] { return sync.preview() && sync.preview()->plan; });
+    stage.shoot(QStringLiteral("sync-decisions"));
+    preview->accept();
+    stage.waitFor("the sync", hasRun);
+    stage.waitFor("the banner", [&] { return sync.troubledPair().has_value(); });
+    stage.shoot(QStringLiteral("sync-banner"));
+    sync.requestReports(pair);
+    QDialog* reports = shown("syncReports");
+    stage.waitFor("the report", [&] {
+        auto* runs = reports->findChild<QListWidget*>();
+        return runs != nullptr && runs->count() > 0;
+    });
+    stage.shoot(QStringLiteral("sync-report"));
+    reports->reject();
+    sync.requestEdit(pair);
+    sheet = shown("syncPairSheet");
+    stage.shoot(QStringLiteral("sync-edit"));
+    sheet->reject();
 }
 
 } // namespace tessary

@@ -68,6 +68,9 @@ protected:
         clickButton("syncPreview", u"Sync Now"_s);
         ASSERT_TRUE(wait([this] { return hasSynced(); }));
     }
+    QWidget* banner() {
+        return window_->findChild<QWidget*>(u"statusBanner"_s);
+    }
     /// Deletes a file here, and syncs until that is asked about.
     void deleteAndRun() {
         QFile::remove(local_.path(u"alpha.txt"_s));
@@ -180,6 +183,26 @@ TEST_F(SyncWindowTest, unpluggedPhoneEndsTheRunAndItsQuestion) {
         return app_->syncManager().syncPairs().front().status.kind == SyncStatus::Kind::error;
     }));
     EXPECT_EQ(dialog("syncQuestion"), nullptr);
+    EXPECT_TRUE(banner()->isVisible());
+    EXPECT_TRUE(banner()->accessibleName().contains(u"was not finished"_s));
+}
+
+TEST_F(SyncWindowTest, runThatLeftSomethingSaysSoUntilItsReportIsSeen) {
+    ASSERT_NO_FATAL_FAILURE(syncOnce());
+    EXPECT_FALSE(banner()->isVisible());
+    // A folder there, and a file here.
+    local_.write(u"kind/inside"_s, "1");
+    phone_.write(u"DCIM/kind"_s, "2");
+    local_.write(u"more.txt"_s, "3");
+    runAgain();
+    ASSERT_TRUE(wait([this] { return banner()->isVisible(); }));
+    EXPECT_TRUE(banner()->accessibleName().contains(u"left some files"_s));
+    EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/more.txt"_s) == "3"; }));
+    for (auto* button : banner()->findChildren<QPushButton*>())
+        if (button->text() == u"Show Report"_s)
+            button->click();
+    ASSERT_TRUE(wait([this] { return dialog("syncReports") != nullptr; }));
+    EXPECT_FALSE(banner()->isVisible());
 }
 
 } // namespace

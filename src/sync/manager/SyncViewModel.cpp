@@ -28,6 +28,11 @@ SyncViewModel::SyncViewModel(SyncManager& manager, DeviceManager& deviceManager,
             (pair == nullptr || pair->status.kind != SyncStatus::Kind::syncing))
             dropQuestion();
     });
+    connect(&manager, &SyncManager::runEnded, this, &SyncViewModel::noteTrouble);
+    connect(&manager, &SyncManager::syncPairsChanged, this, [this] {
+        if (troubledPair_ && manager_.pair(*troubledPair_) == nullptr)
+            dismissTrouble();
+    });
     connect(&deviceManager, &DeviceManager::devicesChanged, this,
             &SyncViewModel::runPairsOfNewDevices);
     runPairsOfNewDevices();
@@ -131,6 +136,27 @@ void SyncViewModel::runPairsOfNewDevices() {
         byItself_.insert(id);
         manager_.syncPair(id, deviceManager_, ask());
     }
+}
+
+void SyncViewModel::noteTrouble(const QUuid& id) {
+    const SyncReport* report = manager_.lastReport(id);
+    if (report == nullptr || manager_.pair(id) == nullptr)
+        return;
+    const bool isTrouble =
+        report->outcome == SyncReport::Outcome::failed ||
+        (report->outcome == SyncReport::Outcome::done && !report->skipped.empty());
+    if (isTrouble) {
+        troubledPair_ = id;
+        Q_EMIT troubleChanged();
+    } else if (troubledPair_ == id) {
+        dismissTrouble();
+    }
+}
+
+void SyncViewModel::dismissTrouble() {
+    if (!std::exchange(troubledPair_, std::nullopt))
+        return;
+    Q_EMIT troubleChanged();
 }
 
 void SyncViewModel::requestPreview(const SyncPair& pair) {

@@ -63,6 +63,8 @@ public:
         Q_EMIT editRequested(id);
     }
     void requestReports(const QUuid& id) {
+        if (troubledPair_ == id)
+            dismissTrouble();
         Q_EMIT reportsRequested(id);
     }
 
@@ -71,6 +73,13 @@ public:
         return question_;
     }
     void answer(const SyncAnswer& answer);
+
+    /// The pair whose last run failed or left files as they are, until the user has seen it or a
+    /// later run of it has gone well; no value while there is none.
+    [[nodiscard]] const std::optional<QUuid>& troubledPair() const {
+        return troubledPair_;
+    }
+    void dismissTrouble();
 
     /// Whether the run of a pair that just ended, or runs, began by itself.
     [[nodiscard]] bool beganByItself(const QUuid& id) const {
@@ -82,11 +91,13 @@ Q_SIGNALS:
     void questionChanged();
     void editRequested(const QUuid& id);
     void reportsRequested(const QUuid& id);
+    void troubleChanged();
 
 private:
     [[nodiscard]] SyncManager::OnQuestion ask();
     void dropQuestion();
     void runPairsOfNewDevices();
+    void noteTrouble(const QUuid& id);
 
     SyncManager& manager_;
     DeviceManager& deviceManager_;
@@ -96,6 +107,7 @@ private:
     std::function<void(SyncAnswer)> completion_;
     QUuid askedBy_;        ///< the pair whose run asked
     QSet<QString> ready_;  ///< devices whose files can be read, by udid
+    std::optional<QUuid> troubledPair_;
     QSet<QUuid> byItself_; ///< pairs whose runs nobody asked for
 };
 

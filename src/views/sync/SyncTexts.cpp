@@ -142,6 +142,13 @@ QString reportText(const SyncReport& report) {
     return parts.join(QStringLiteral("  ·  "));
 }
 
+QString troubleText(const SyncPair& pair, const SyncReport& report) {
+    const QString device = printable(pair.deviceName);
+    return report.outcome == SyncReport::Outcome::failed
+               ? Texts::tr("The sync with %1 was not finished.").arg(device)
+               : Texts::tr("The sync with %1 left some files as they are.").arg(device);
+}
+
 QString datedReportText(const SyncReport& report) {
     return QLocale().toString(report.endedAt.toLocalTime(), QLocale::ShortFormat) +
            QStringLiteral(": ") + reportText(report);

@@ -22,6 +22,8 @@ namespace tessary {
 [[nodiscard]] QString countsText(const std::map<SyncDeed, qint64>& counts);
 /// How a run went, in one line.
 [[nodiscard]] QString reportText(const SyncReport& report);
+/// That a run failed, or left files as they are.
+[[nodiscard]] QString troubleText(const SyncPair& pair, const SyncReport& report);
 /// When a run ended, and how it went.
 [[nodiscard]] QString datedReportText(const SyncReport& report);
 

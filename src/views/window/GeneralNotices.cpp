@@ -2,13 +2,15 @@
 
 #include "base/text/Printable.h"
 #include "base/threads/MainThread.h"
+#include "views/sync/SyncTexts.h"
 
 #include <QPointer>
 
 namespace tessary {
 
-GeneralNotices::GeneralNotices(TessaryApp& app, std::function<void()> release)
-    : app_(app), release_(std::move(release)) {
+GeneralNotices::GeneralNotices(TessaryApp& app, SyncViewModel& sync, std::function<void()> release)
+    : app_(app), sync_(sync), release_(std::move(release)) {
+    connect(&sync, &SyncViewModel::troubleChanged, this, &GeneralNotices::changed);
     connect(&app.deviceManager(), &DeviceManager::hasUSBConflictChanged, this, [this] {
         isConflictClosed_ = false;
         Q_EMIT changed();
@@ -28,6 +30,8 @@ GeneralNotices::~GeneralNotices() {
 std::optional<BannerMessage> GeneralNotices::current(bool isPhoneReadable) {
     if (const auto trouble = app_.defaults().trouble(); trouble && trouble != closedTrouble_)
         return ofSettings(*trouble);
+    if (auto notice = ofSync())
+        return notice;
     if (app_.deviceManager().hasUSBConflict() && !isPhoneReadable && !isConflictClosed_)
         return ofConflict();
     return std::nullopt;
@@ -49,6 +53,22 @@ BannerMessage GeneralNotices::ofSettings(const SettingsTrouble& trouble) {
         closedTrouble_ = trouble;
         Q_EMIT changed();
     };
+    return message;
+}
+
+std::optional<BannerMessage> GeneralNotices::ofSync() {
+    const auto& id = sync_.troubledPair();
+    const SyncPair* pair = id ? sync_.manager().pair(*id) : nullptr;
+    const SyncReport* report = id ? sync_.manager().lastReport(*id) : nullptr;
+    if (pair == nullptr || report == nullptr)
+        return std::nullopt;
+    BannerMessage message;
+    message.kind = report->outcome == SyncReport::Outcome::failed ? BannerMessage::Kind::error
+                                                                  : BannerMessage::Kind::warning;
+    message.text = troubleText(*pair, *report);
+    message.advice = reportText(*report);
+    message.actions.push_back({tr("Show Report"), [this, id = *id] { sync_.requestReports(id); }});
+    message.closed = [this] { sync_.dismissTrouble(); };
     return message;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/TessaryApp.h"
+#include "sync/manager/SyncViewModel.h"
 #include "views/common/StatusBanner.h"
 
 #include <QObject>
@@ -11,14 +12,14 @@
 namespace tessary {
 
 /// What the window says when it has nothing to say about the phone: settings that could not be read
-/// or stored, and programs that may keep phones from it. What the user has closed stays closed
-/// until there is other news. On the main thread.
+/// or stored, a sync that did not do all it should, and programs that may keep phones from it. What
+/// the user has closed stays closed until there is other news. On the main thread.
 class GeneralNotices : public QObject {
     Q_OBJECT
 
 public:
-    /// `app` must outlive it. `release` has other programs let go of phones.
-    GeneralNotices(TessaryApp& app, std::function<void()> release);
+    /// `app` and `sync` must outlive it. `release` has other programs let go of phones.
+    GeneralNotices(TessaryApp& app, SyncViewModel& sync, std::function<void()> release);
     ~GeneralNotices() override;
 
     /// `isPhoneReadable`: then nobody has to be told of programs that may be in the way.
@@ -29,9 +30,11 @@ Q_SIGNALS:
 
 private:
     [[nodiscard]] BannerMessage ofSettings(const SettingsTrouble& trouble);
+    [[nodiscard]] std::optional<BannerMessage> ofSync();
     [[nodiscard]] BannerMessage ofConflict();
 
     TessaryApp& app_;
+    SyncViewModel& sync_;
     const std::function<void()> release_;
     std::optional<SettingsTrouble> closedTrouble_;
     bool isConflictClosed_ = false;

@@ -62,7 +62,7 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
       }),
       devices_(app.deviceManager()),
       sync_(app.syncManager(), app.deviceManager()),
-      notices_(app, [this] { releaseDevice(); }),
+      notices_(app, sync_, [this] { releaseDevice(); }),
       sidebar_(new Sidebar(devices_, app.favoritesManager(), sidebarCallbacks())),
       banner_(new StatusBanner),
       pages_(new QStackedWidget),
