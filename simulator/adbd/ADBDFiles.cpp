@@ -1,10 +1,13 @@
 #include "simulator/adbd/ADBDFiles.h"
 
+#include <dirent.h>
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <memory>
 #include <string_view>
 #include <system_error>
 
@@ -95,24 +98,22 @@ int ADBDFiles::list(const std::string& path, std::vector<ADBDEntry>& entries) co
     const auto local = resolve(path);
     if (!local)
         return ENOENT;
-    std::error_code failure;
-    fs::directory_iterator iterator(*local, failure);
-    if (failure)
-        return failure.value();
-    const auto add = [&](std::string name, const fs::path& place) {
-        ADBDEntry entry{std::move(name), {}, {}};
-        if (::lstat(place.c_str(), &entry.status) != 0)
-            return;
+    const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(local->c_str()), &::closedir);
+    if (!folder)
+        return errno;
+    const int descriptor = ::dirfd(folder.get());
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): nobody else has this folder
+    while (const dirent* const next = ::readdir(folder.get())) {
+        ADBDEntry entry{next->d_name, {}, {}};
+        if (::fstatat(descriptor, next->d_name, &entry.status, AT_SYMLINK_NOFOLLOW) != 0)
+            continue;
+        std::error_code failure;
         if (S_ISLNK(entry.status.st_mode))
-            entry.target = fs::read_symlink(place, failure).string();
+            entry.target = fs::read_symlink(*local / entry.name, failure).string();
+        // Nothing above the storage can be seen.
+        if (entry.name == "..")
+            (void)::fstat(descriptor, &entry.status);
         entries.push_back(std::move(entry));
-    };
-    add(".", *local);
-    add("..", *local);
-    for (; iterator != fs::directory_iterator(); iterator.increment(failure)) {
-        add(iterator->path().filename().string(), iterator->path());
-        if (failure)
-            return failure.value();
     }
     std::sort(entries.begin(), entries.end(),
               [](const ADBDEntry& a, const ADBDEntry& b) { return a.name < b.name; });
