@@ -96,6 +96,15 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
                 [](std::uint64_t) {}, {});
         });
         attempt([&] {
+            auto sync = client();
+            sync.sendTogether({{"/a", "a", 0}, {"/b", "b", 0}}, 0100660, [](std::uint64_t) {}, {});
+        });
+        attempt([&] {
+            auto sync = client();
+            for (const auto& content : sync.receiveTogether({{"/a", 1}, {"/b", 2}}, {}))
+                require(!content || content->size() <= 2);
+        });
+        attempt([&] {
             InputPhone phone(input);
             const ADBCommandResult result = ADBShellClient(phone, isNew).run("ls", {});
             require(static_cast<std::size_t>(result.output.size() + result.errors.size()) <= size);

@@ -97,6 +97,7 @@ TEST(ADBSyncClient, manyFilesAtATimeEndWithTheFirstThatIsRefused) {
         {"nothing", a, endless, 1},
         {"nothing", a + Record("DATA").number(0xFFFFFFFF), {}, 1},
         {"nonsense", a + okay, {}, 0},
+        {"nonsense", a, Record("DATA").number(0), 0},
         {"brokenOff", a, {}, 0},
     };
     for (const auto& [code, bytes, again, count] : read) {
@@ -126,6 +127,7 @@ TEST(ADBSyncClient, nonsenseIsAnErrorAndNothingIsBelieved) {
         {"syncFailed", Record("FAIL").number(2).text("no")},
         {"nonsense", Record("FAIL").number(0xFFFFFFF0).text("no")},
         {"nonsense", Record("OKAY").number(0)},
+        {"nonsense", Record("DATA").number(0) + Record("DATA").number(0)},
     };
     for (const auto& [code, bytes] : files) {
         auto client = clientOf(oneStat + oneStat + bytes);

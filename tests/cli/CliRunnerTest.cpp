@@ -1,5 +1,6 @@
 #include "cli/commands/CliRunner.h"
 #include "platform/settings/MemoryUserDefaults.h"
+#include "simulator/adbd/VirtualADBD.h"
 #include "support/FakeProcessRunner.h"
 #include "support/MainLoop.h"
 #include "support/PluggedPhone.h"
@@ -68,7 +69,7 @@ protected:
         Capture& out = shared != nullptr ? *shared : own;
         Capture error;
         CliRunner runner(
-            {bus_, services_, defaults_, out.stream, error.stream, folder_.path(u"ledgers"_s)});
+            {bus_, *used_, defaults_, out.stream, error.stream, folder_.path(u"ledgers"_s)});
         CliRunner::ExitStatus status = CliRunner::failed;
         // As in the program: the main thread's event loop turns while the work is done elsewhere.
         QEventLoop loop;
@@ -88,8 +89,36 @@ protected:
     PluggedPhone phone_{bus_, phoneConfig("ABC123")};
     FakeProcessRunner processes_;
     DeviceServices services_{{bus_, processes_}};
+    DeviceServices* used_ = &services_;
     MemoryUserDefaults defaults_;
     QString device_ = u"ABC"_s;
+};
+
+/// A phone on the network, and a computer without adb.
+class CliNetworkPhoneTest : public CliRunnerTest {
+protected:
+    CliNetworkPhoneTest() {
+        adbd_.start();
+        used_ = &withoutADB_;
+    }
+    [[nodiscard]] static ADBServerAddress nowhere() {
+        ADBServerAddress address;
+        address.port = 1;
+        return address;
+    }
+    [[nodiscard]] CliRequest request(Command command, const QString& path,
+                                     const QString& local = {}) const {
+        CliRequest request;
+        request.command = command;
+        request.protocol = ProtocolMode::adbTurbo;
+        request.device = adbd_.address();
+        request.paths = {path};
+        request.localPath = local;
+        return request;
+    }
+
+    VirtualADBD adbd_{{.folder = folder_.makeFolder(u"phone"_s)}};
+    DeviceServices withoutADB_{{bus_, processes_, nowhere(), QStringList()}};
 };
 
 } // namespace
@@ -106,6 +135,33 @@ TEST_F(CliRunnerTest, devicesAreListedWithBatteryAndStorage) {
 
     phone_.android.setLocked(true);
     EXPECT_TRUE(run(Command::devices).out.contains(u"unlock it"_s));
+}
+
+TEST_F(CliNetworkPhoneTest, isReachedByItsAddress) {
+    folder_.write(u"local/album/a.txt"_s, "a");
+    folder_.write(u"local/album/sub/b.txt"_s, "b");
+    const Result put = run(request(Command::put, u"/sdcard"_s, folder_.path(u"local/album"_s)));
+    EXPECT_EQ(put.status, CliRunner::done) << put.error.toStdString();
+    EXPECT_EQ(folder_.read(u"phone/album/sub/b.txt"_s), "b");
+    EXPECT_TRUE(run(request(Command::list, u"/sdcard/album"_s)).out.contains(u"a.txt"_s));
+    folder_.makeFolder(u"back"_s);
+    const Result get =
+        run(request(Command::get, u"/sdcard/album"_s, folder_.path(u"back/album"_s)));
+    EXPECT_EQ(get.status, CliRunner::done) << get.error.toStdString();
+    EXPECT_EQ(folder_.read(u"back/album/sub/b.txt"_s), "b");
+    EXPECT_EQ(processes_.calls().size(), 0U) << "nothing was started";
+    adbd_.stop();
+    const Result gone = run(request(Command::list, u"/"_s));
+    EXPECT_EQ(gone.status, CliRunner::failed);
+    EXPECT_EQ(gone.error.count(u'\n'), 1) << gone.error.toStdString();
+}
+
+TEST_F(CliNetworkPhoneTest, phoneOnACableWithoutADBIsToldSo) {
+    CliRequest cable = request(Command::list, u"/"_s);
+    cable.device = u"ABC"_s;
+    const Result result = run(cable);
+    EXPECT_EQ(result.status, CliRunner::failed);
+    EXPECT_TRUE(result.error.contains(u"adb is not installed"_s)) << result.error.toStdString();
 }
 
 TEST_F(CliRunnerTest, watchPrintsWhatHappensUntilItIsInterrupted) {

@@ -147,7 +147,7 @@ std::uint64_t ADBSyncClient::receive(const QByteArray& path,
             throwFailure(path, left, wait);
         if (command == done)
             break;
-        if (command != data)
+        if (command != data || left == 0) // without an end, maybe
             throwNonsense("a piece of a file");
         while (left > 0) {
             const ByteView piece = reader_.takeSome(left, wait);
@@ -284,7 +284,7 @@ std::optional<QByteArray> ADBSyncClient::takeContent(const Wanted& file, const W
             return content.size() == file.size ? std::optional(content) : std::nullopt;
         if (command == fail || (command == data && left > file.size - content.size()))
             return std::nullopt;
-        if (command != data)
+        if (command != data || left == 0) // without an end, maybe
             throwNonsense("a piece of a file");
         while (left > 0) {
             const ByteView piece = reader_.takeSome(left, wait);
