@@ -20,10 +20,6 @@
         <translation>Neu laden</translation>
     </message>
     <message>
-        <source>Open Folder</source>
-        <translation>Ordner öffnen</translation>
-    </message>
-    <message>
         <source>New Folder</source>
         <translation>Neuer Ordner</translation>
     </message>
@@ -142,6 +138,10 @@
     <message>
         <source>Search Below This Folder</source>
         <translation>Unterhalb dieses Ordners suchen</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
     </message>
 </context>
 <context>
@@ -2623,12 +2623,12 @@
         <translation>Ein gesperrtes Telefon zeigt nichts von seinem Speicher.</translation>
     </message>
     <message>
-        <source>Choose “File transfer” on it</source>
-        <translation>Wählen Sie darauf „Dateiübertragung“</translation>
+        <source>Allow it on the phone</source>
+        <translation>Auf dem Telefon erlauben</translation>
     </message>
     <message>
-        <source>Android asks in a notification that says “Charging this device via USB”.</source>
-        <translation>Android fragt in einer Benachrichtigung wie „Gerät wird über USB aufgeladen“.</translation>
+        <source>Android: tap the notification “Charging this device via USB” and choose “File transfer”. iPhone: tap “Trust”.</source>
+        <translation>Android: Tippen Sie auf die Benachrichtigung „Gerät wird über USB aufgeladen“ und wählen Sie „Dateiübertragung“. iPhone: Tippen Sie auf „Vertrauen“.</translation>
     </message>
 </context>
 <context>

@@ -20,10 +20,6 @@
         <translation>Recargar</translation>
     </message>
     <message>
-        <source>Open Folder</source>
-        <translation>Abrir carpeta</translation>
-    </message>
-    <message>
         <source>New Folder</source>
         <translation>Nueva carpeta</translation>
     </message>
@@ -142,6 +138,10 @@
     <message>
         <source>Search Below This Folder</source>
         <translation>Buscar dentro de esta carpeta</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Abrir</translation>
     </message>
 </context>
 <context>
@@ -2623,12 +2623,12 @@
         <translation>Un teléfono bloqueado no muestra nada de su almacenamiento.</translation>
     </message>
     <message>
-        <source>Choose “File transfer” on it</source>
-        <translation>Elige en él «Transferencia de archivos»</translation>
+        <source>Allow it on the phone</source>
+        <translation>Permite el acceso en el teléfono</translation>
     </message>
     <message>
-        <source>Android asks in a notification that says “Charging this device via USB”.</source>
-        <translation>Android lo pregunta en una notificación que dice «Cargando este dispositivo por USB».</translation>
+        <source>Android: tap the notification “Charging this device via USB” and choose “File transfer”. iPhone: tap “Trust”.</source>
+        <translation>Android: toca la notificación «Cargando este dispositivo por USB» y elige «Transferencia de archivos». iPhone: toca «Confiar».</translation>
     </message>
 </context>
 <context>

@@ -20,10 +20,6 @@
         <translation>Actualiser</translation>
     </message>
     <message>
-        <source>Open Folder</source>
-        <translation>Ouvrir le dossier</translation>
-    </message>
-    <message>
         <source>New Folder</source>
         <translation>Nouveau dossier</translation>
     </message>
@@ -142,6 +138,10 @@
     <message>
         <source>Search Below This Folder</source>
         <translation>Rechercher dans ce dossier</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Ouvrir</translation>
     </message>
 </context>
 <context>
@@ -2623,12 +2623,12 @@
         <translation>Un téléphone verrouillé ne montre rien de son stockage.</translation>
     </message>
     <message>
-        <source>Choose “File transfer” on it</source>
-        <translation>Choisissez-y «&#xa0;Transfert de fichiers&#xa0;»</translation>
+        <source>Allow it on the phone</source>
+        <translation>Autorisez-le sur le téléphone</translation>
     </message>
     <message>
-        <source>Android asks in a notification that says “Charging this device via USB”.</source>
-        <translation>Android le demande dans une notification «&#xa0;Appareil en cours de recharge via USB&#xa0;».</translation>
+        <source>Android: tap the notification “Charging this device via USB” and choose “File transfer”. iPhone: tap “Trust”.</source>
+        <translation>Android&#xa0;: touchez la notification «&#xa0;Recharge de cet appareil via USB&#xa0;» et choisissez «&#xa0;Transfert de fichiers&#xa0;». iPhone&#xa0;: touchez «&#xa0;Se fier&#xa0;».</translation>
     </message>
 </context>
 <context>

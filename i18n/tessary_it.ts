@@ -20,10 +20,6 @@
         <translation>Ricarica</translation>
     </message>
     <message>
-        <source>Open Folder</source>
-        <translation>Apri cartella</translation>
-    </message>
-    <message>
         <source>New Folder</source>
         <translation>Nuova cartella</translation>
     </message>
@@ -142,6 +138,10 @@
     <message>
         <source>Search Below This Folder</source>
         <translation>Cerca in questa cartella</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Apri</translation>
     </message>
 </context>
 <context>
@@ -2623,12 +2623,12 @@
         <translation>Un telefono bloccato non mostra nulla della sua memoria.</translation>
     </message>
     <message>
-        <source>Choose “File transfer” on it</source>
-        <translation>Scegli «Trasferimento file»</translation>
+        <source>Allow it on the phone</source>
+        <translation>Consentilo sul telefono</translation>
     </message>
     <message>
-        <source>Android asks in a notification that says “Charging this device via USB”.</source>
-        <translation>Android lo chiede in una notifica che dice «Dispositivo in carica via USB».</translation>
+        <source>Android: tap the notification “Charging this device via USB” and choose “File transfer”. iPhone: tap “Trust”.</source>
+        <translation>Android: tocca la notifica «Dispositivo in carica tramite USB» e scegli «Trasferimento file». iPhone: tocca «Autorizza».</translation>
     </message>
 </context>
 <context>

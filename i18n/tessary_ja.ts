@@ -20,10 +20,6 @@
         <translation>再読み込み</translation>
     </message>
     <message>
-        <source>Open Folder</source>
-        <translation>フォルダを開く</translation>
-    </message>
-    <message>
         <source>New Folder</source>
         <translation>新規フォルダ</translation>
     </message>
@@ -142,6 +138,10 @@
     <message>
         <source>Search Below This Folder</source>
         <translation>このフォルダ以下を検索</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>開く</translation>
     </message>
 </context>
 <context>
@@ -2601,12 +2601,12 @@
         <translation>ロックされたデバイスの中身は表示されません。</translation>
     </message>
     <message>
-        <source>Choose “File transfer” on it</source>
-        <translation>「ファイル転送」を選択する</translation>
+        <source>Allow it on the phone</source>
+        <translation>デバイスで許可する</translation>
     </message>
     <message>
-        <source>Android asks in a notification that says “Charging this device via USB”.</source>
-        <translation>Android では「このデバイスを USB で充電中」という通知から選べます。</translation>
+        <source>Android: tap the notification “Charging this device via USB” and choose “File transfer”. iPhone: tap “Trust”.</source>
+        <translation>Android：「このデバイスを USB で充電中」の通知をタップし、「ファイル転送」を選びます。iPhone：「信頼」をタップします。</translation>
     </message>
 </context>
 <context>

@@ -20,10 +20,6 @@
         <translation>새로고침</translation>
     </message>
     <message>
-        <source>Open Folder</source>
-        <translation>폴더 열기</translation>
-    </message>
-    <message>
         <source>New Folder</source>
         <translation>새 폴더</translation>
     </message>
@@ -142,6 +138,10 @@
     <message>
         <source>Search Below This Folder</source>
         <translation>이 폴더 아래에서 검색</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>열기</translation>
     </message>
 </context>
 <context>
@@ -2601,12 +2601,12 @@
         <translation>잠긴 휴대폰은 저장소를 보여 주지 않습니다.</translation>
     </message>
     <message>
-        <source>Choose “File transfer” on it</source>
-        <translation>“파일 전송” 선택하기</translation>
+        <source>Allow it on the phone</source>
+        <translation>휴대폰에서 허용하세요</translation>
     </message>
     <message>
-        <source>Android asks in a notification that says “Charging this device via USB”.</source>
-        <translation>Android에서는 “USB로 이 기기 충전 중” 알림에서 선택합니다.</translation>
+        <source>Android: tap the notification “Charging this device via USB” and choose “File transfer”. iPhone: tap “Trust”.</source>
+        <translation>Android: “이 기기를 USB로 충전 중” 알림을 누르고 “파일 전송”을 선택하세요. iPhone: “신뢰”를 누르세요.</translation>
     </message>
 </context>
 <context>

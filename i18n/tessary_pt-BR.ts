@@ -20,10 +20,6 @@
         <translation>Recarregar</translation>
     </message>
     <message>
-        <source>Open Folder</source>
-        <translation>Abrir pasta</translation>
-    </message>
-    <message>
         <source>New Folder</source>
         <translation>Nova pasta</translation>
     </message>
@@ -142,6 +138,10 @@
     <message>
         <source>Search Below This Folder</source>
         <translation>Procurar dentro desta pasta</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Abrir</translation>
     </message>
 </context>
 <context>
@@ -2623,12 +2623,12 @@
         <translation>Um telefone bloqueado não mostra nada do seu armazenamento.</translation>
     </message>
     <message>
-        <source>Choose “File transfer” on it</source>
-        <translation>Escolha nele “Transferência de arquivos”</translation>
+        <source>Allow it on the phone</source>
+        <translation>Permita no telefone</translation>
     </message>
     <message>
-        <source>Android asks in a notification that says “Charging this device via USB”.</source>
-        <translation>O Android pergunta em uma notificação que diz “Carregando este dispositivo via USB”.</translation>
+        <source>Android: tap the notification “Charging this device via USB” and choose “File transfer”. iPhone: tap “Trust”.</source>
+        <translation>Android: toque na notificação “Carregando este dispositivo via USB” e escolha “Transferência de arquivos”. iPhone: toque em “Confiar”.</translation>
     </message>
 </context>
 <context>

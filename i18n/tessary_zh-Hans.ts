@@ -20,10 +20,6 @@
         <translation>重新载入</translation>
     </message>
     <message>
-        <source>Open Folder</source>
-        <translation>打开文件夹</translation>
-    </message>
-    <message>
         <source>New Folder</source>
         <translation>新建文件夹</translation>
     </message>
@@ -142,6 +138,10 @@
     <message>
         <source>Search Below This Folder</source>
         <translation>在此文件夹及其下搜索</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>打开</translation>
     </message>
 </context>
 <context>
@@ -2601,12 +2601,12 @@
         <translation>锁定的手机不会显示任何存储内容。</translation>
     </message>
     <message>
-        <source>Choose “File transfer” on it</source>
-        <translation>在手机上选择“文件传输”</translation>
+        <source>Allow it on the phone</source>
+        <translation>在手机上允许</translation>
     </message>
     <message>
-        <source>Android asks in a notification that says “Charging this device via USB”.</source>
-        <translation>Android 会在“正在通过 USB 为此设备充电”通知中询问。</translation>
+        <source>Android: tap the notification “Charging this device via USB” and choose “File transfer”. iPhone: tap “Trust”.</source>
+        <translation>Android：点按通知“正在通过 USB 为此设备充电”，然后选择“文件传输”。iPhone：点按“信任”。</translation>
     </message>
 </context>
 <context>

@@ -20,10 +20,6 @@
         <translation>重新載入</translation>
     </message>
     <message>
-        <source>Open Folder</source>
-        <translation>打開資料夾</translation>
-    </message>
-    <message>
         <source>New Folder</source>
         <translation>新增資料夾</translation>
     </message>
@@ -142,6 +138,10 @@
     <message>
         <source>Search Below This Folder</source>
         <translation>在此資料夾及其下搜尋</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>開啟</translation>
     </message>
 </context>
 <context>
@@ -2601,12 +2601,12 @@
         <translation>鎖定的手機不會顯示任何儲存內容。</translation>
     </message>
     <message>
-        <source>Choose “File transfer” on it</source>
-        <translation>在手機上選擇「檔案傳輸」</translation>
+        <source>Allow it on the phone</source>
+        <translation>在手機上允許</translation>
     </message>
     <message>
-        <source>Android asks in a notification that says “Charging this device via USB”.</source>
-        <translation>Android 會在「正在透過 USB 為這部裝置充電」通知中詢問。</translation>
+        <source>Android: tap the notification “Charging this device via USB” and choose “File transfer”. iPhone: tap “Trust”.</source>
+        <translation>Android：點按通知「透過 USB 為這部裝置充電」，然後選擇「檔案傳輸」。iPhone：點按「信任」。</translation>
     </message>
 </context>
 <context>

@@ -9,6 +9,7 @@
 #include "tour/TourCopies.h"
 #include "tour/TourDevices.h"
 #include "tour/TourFolders.h"
+#include "tour/TourMoves.h"
 #include "tour/TourSettings.h"
 #include "tour/TourSync.h"
 #include "views/common/AppStyle.h"
@@ -28,10 +29,10 @@ namespace {
 int walk(MainWindow& window, TourPhones& phones, const QString& folder) {
     try {
         TourStage stage(window, phones, folder);
-        for (const auto step :
-             {tourWelcome, tourListings, tourTypedPaths, tourPreviews, tourProperties, tourSettings,
-              tourWireless, tourLanguages, tourDark, tourEdits, tourTransfers, tourCopyQuestions,
-              tourSync, tourFailures, tourLosses, tourIPhone})
+        for (const auto step : {tourWelcome, tourListings, tourTypedPaths, tourMoves, tourSearch,
+                                tourSmallWindow, tourPreviews, tourProperties, tourSettings,
+                                tourWireless, tourLanguages, tourDark, tourEdits, tourTransfers,
+                                tourCopyQuestions, tourSync, tourFailures, tourLosses, tourIPhone})
             step(stage);
         std::fprintf(stderr,
                      "tessary-tour: %d screenshots are in %s; the window never stalled for over "

@@ -158,5 +158,17 @@ TEST_F(WindowPlacesTest, shortcutsLeadOnlyToFoldersThatAreThere) {
     EXPECT_TRUE(wait([&] { return shortcuts().contains(u"Music"_s); })) << "once it is there";
 }
 
+TEST(DeviceListModel, tabletsAreKnownByTheirNames) {
+    const std::pair<const char*, bool> rows[] = {
+        {"Ada’s iPad", true},      {"iPad Pro", true},
+        {"Galaxy Tab S9", true},   {"Lenovo Tablet", true},
+        {"Redmi Pad", true},       {"MatePad 11", true},
+        {"Google Pixel 7", false}, {"Table Phone", false},
+        {"Ada’s iPhone", false},   {"", false},
+    };
+    for (const auto& [name, isTablet] : rows)
+        EXPECT_EQ(looksLikeTablet(QString::fromUtf8(name)), isTablet) << name;
+}
+
 } // namespace
 } // namespace tessary

@@ -199,7 +199,7 @@ void AppListView::showRows() {
         auto* row = new QStandardItem(printable(app.displayName));
         if (isMediaFolder(app.bundleIdentifier)) {
             row->setData(tr("What the camera took, and what was saved with it"), Qt::UserRole);
-            row->setData(icon("folder-pictures"), Qt::DecorationRole);
+            row->setData(icon("photosPicture"), Qt::DecorationRole);
         } else {
             row->setData(printable(app.bundleIdentifier), Qt::UserRole);
         }

@@ -182,7 +182,8 @@ void BreadcrumbBar::dropEvent(QDropEvent* event) {
 }
 
 void BreadcrumbBar::addOverflow(std::size_t first, std::size_t end) {
-    addSeparator();
+    if (first > 0)
+        addSeparator();
     auto* button = new QToolButton;
     button->setCursor(Qt::ArrowCursor);
     button->setAutoRaise(true);

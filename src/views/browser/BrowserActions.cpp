@@ -53,7 +53,7 @@ const std::array<Row, 35>& commands() {
          keys(Qt::CTRL | Qt::Key_L, Qt::CTRL | Qt::SHIFT | Qt::Key_G)},
         {&Actions::reload, "view-refresh", QT_TRANSLATE_NOOP("BrowserActions", "Reload"),
          keys(Qt::Key_F5, Qt::CTRL | Qt::Key_R)},
-        {&Actions::open, "document-open-folder", QT_TRANSLATE_NOOP("BrowserActions", "Open Folder"),
+        {&Actions::open, "document-open", QT_TRANSLATE_NOOP("BrowserActions", "Open"),
          keys(openKey)},
         {&Actions::newFolder, "folder-new", QT_TRANSLATE_NOOP("BrowserActions", "New Folder"),
          keys(Qt::CTRL | Qt::SHIFT | Qt::Key_N)},

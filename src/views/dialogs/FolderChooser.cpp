@@ -126,8 +126,10 @@ void FolderChooser::show(const QString& folder, const QString& select) {
     const FileTreeRoot root = files_->rootOf(folder);
     up_->setEnabled(folder != root.path);
     const QString below = folder.mid(root.path.size());
-    path_->setText(printable(placeDisplayName(root.name)) +
-                   printable(below).replace(QLatin1Char('/'), QStringLiteral(" › ")));
+    const QString steps = printable(below).replace(QLatin1Char('/'), QStringLiteral(" › "));
+    const bool namesRoot = storages_->count() <= 1; // else they do
+    path_->setText(namesRoot ? printable(placeDisplayName(root.name)) + steps
+                             : steps.mid(steps.startsWith(QLatin1Char(' ')) ? 1 : 0));
     path_->setToolTip(plainToolTip(printable(folder)));
     list_->clear();
     note_->setText(tr("reading…"));

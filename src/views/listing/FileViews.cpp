@@ -19,6 +19,7 @@ namespace tessary {
 namespace {
 
 constexpr int narrowestColumn = 60; // pixels
+constexpr int roomForKinds = 560;   // pixels of a list that shows them
 
 void setUp(QAbstractItemView& view, FileListModel& model, FileItemDelegate* delegate) {
     view.setModel(&model);
@@ -135,6 +136,7 @@ FileTableView::FileTableView(FileBrowserViewModel& browser, FileListModel& model
     setUniformRowHeights(true);
     setAlternatingRowColors(true);
     setAllColumnsShowFocus(true);
+    setTextElideMode(Qt::ElideMiddle);
     setSortingEnabled(true);
     fitPictures();
     connect(&browser, &FileBrowserViewModel::pictureSideChanged, this, &FileTableView::fitPictures);
@@ -179,12 +181,14 @@ void FileTableView::columnResized(int column, int, int) {
     }
 }
 
-/// What a search has found lies in many folders: then their column stands where the kinds do.
+/// What a search has found lies in many folders: then their column stands where the kinds do. Where
+/// there is little room icons have to tell the kinds.
 void FileTableView::fitColumns() {
     const bool isSearch = !browser_.searchedName().isEmpty();
+    const bool isNarrow = viewport()->width() < roomForKinds;
     const QScopedValueRollback fitting(isFittingColumns_, true);
     setColumnHidden(FileListModel::folderColumn, !isSearch);
-    setColumnHidden(FileListModel::kindColumn, isSearch);
+    setColumnHidden(FileListModel::kindColumn, isSearch || isNarrow);
     fitNames();
 }
 
@@ -201,7 +205,7 @@ void FileTableView::fitNames() {
 
 void FileTableView::resizeEvent(QResizeEvent* event) {
     QTreeView::resizeEvent(event);
-    fitNames();
+    fitColumns();
 }
 
 void FileTableView::keyboardSearch(const QString& search) {

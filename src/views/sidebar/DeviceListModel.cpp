@@ -7,6 +7,8 @@
 #include "views/common/Icons.h"
 #include "views/common/PlainText.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 
 namespace tessary {
@@ -40,6 +42,13 @@ int DeviceListModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(devices_.size());
 }
 
+bool looksLikeTablet(const QString& name) {
+    static const QRegularExpression words(QStringLiteral("\\b(iPad|\\w*Pad|Tab|Tablet)\\b"),
+                                          QRegularExpression::CaseInsensitiveOption |
+                                              QRegularExpression::UseUnicodePropertiesOption);
+    return words.match(name).hasMatch();
+}
+
 QVariant DeviceListModel::data(const QModelIndex& index, int role) const {
     const DeviceInfo* device = deviceAt(index);
     if (device == nullptr)
@@ -49,7 +58,8 @@ QVariant DeviceListModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
         return name;
     case Qt::DecorationRole:
-        return icon(systemImage(device->platform));
+        return icon(looksLikeTablet(name) ? QStringLiteral("tabletPicture")
+                                          : systemImage(device->platform));
     case Qt::ToolTipRole:
         return plainToolTip(QStringLiteral("%1\n%2").arg(name, printable(device->udid)));
     case stateRole:

@@ -39,4 +39,8 @@ private:
 /// The line below its storage bar: what is free, or what is waited for.
 [[nodiscard]] QString deviceStorageText(const DeviceInfo& device);
 
+/// Whether a device of this name has a tablet's picture rather than a phone's: nothing else tells.
+/// Pure.
+[[nodiscard]] bool looksLikeTablet(const QString& name);
+
 } // namespace tessary

@@ -80,8 +80,9 @@ WelcomeView::WelcomeView(std::function<void()> startDemo, QWidget* parent) : QWi
     content->addWidget(step(2, QT_TR_NOOP("Unlock it"),
                             QT_TR_NOOP("A locked phone shows nothing of its storage.")));
     content->addWidget(step(
-        3, QT_TR_NOOP("Choose “File transfer” on it"),
-        QT_TR_NOOP("Android asks in a notification that says “Charging this device via USB”.")));
+        3, QT_TR_NOOP("Allow it on the phone"),
+        QT_TR_NOOP("Android: tap the notification “Charging this device via USB” and choose “File "
+                   "transfer”. iPhone: tap “Trust”.")));
     content->addSpacing(8);
     content->addWidget(demo, 0, Qt::AlignCenter);
 
