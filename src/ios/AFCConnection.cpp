@@ -7,6 +7,8 @@
 #include "ios/PlistValues.h"
 #include "phone/PhoneError.h"
 
+#include <QSet>
+
 #include <algorithm>
 #include <cstdio>
 #include <utility>
@@ -21,6 +23,24 @@ constexpr std::size_t networkWriteLimit = std::size_t{64} << 10;
 /// Above what a device that is awake takes, and below the library's own patience.
 constexpr auto longWait = std::chrono::seconds(25);
 constexpr QLatin1Char slash('/');
+
+/// Whether the top is the documents themselves, and "/Documents" a folder that the user has in
+/// them: a container has nothing of his at its top, and most phones keep that to themselves.
+bool isDocumentsOf(AFCConnection& opened) {
+    static const QSet<QByteArray> ofContainers{"Documents", "Library", "tmp", "StoreKit",
+                                               "SystemData"};
+    try {
+        const std::vector<QByteArray> names = opened.readNames(QString(slash));
+        return std::any_of(names.begin(), names.end(), [](const QByteArray& name) {
+            return !ofContainers.contains(name) && !name.startsWith('.') &&
+                   !name.startsWith("iTunes");
+        });
+    } catch (const Error&) {
+        if (opened.isLost())
+            throw;
+        return false;
+    }
+}
 
 } // namespace
 
@@ -98,7 +118,7 @@ void AFCConnection::openContainer() {
     const AFCTexts owner(texts);
     if (isLost_)
         throw errorOf(probe, {});
-    if (probe == AFC_E_SUCCESS && texts != nullptr)
+    if (probe == AFC_E_SUCCESS && texts != nullptr && !isDocumentsOf(*this))
         workingRootPath_ = QStringLiteral("/Documents");
 }
 

@@ -58,11 +58,16 @@ TEST(AFCFileSystem, opensDocumentsWhereverTheContainerHasThem) {
         EXPECT_EQ(iphone.get(u"/folder/a.txt"_s), "content");
     }
     // A folder called like the root is not the root.
-    IPhoneFiles iphone;
-    iphone.write(u"Documents/a"_s, "1");
-    iphone.write(u"keep"_s, "2");
-    iphone.files.removeTree(iphone.item(u"/Documents"_s), {});
-    EXPECT_EQ(iphone.names(u"/"_s), QStringList(u"keep"_s));
+    for (const bool areRoot : {false, true}) {
+        VirtualIPhoneConfig config;
+        config.documentsAreRoot = areRoot;
+        IPhoneFiles iphone(config);
+        iphone.write(u"Documents/a"_s, "1");
+        iphone.write(u"keep"_s, "2");
+        EXPECT_EQ(iphone.names(u"/"_s), (QStringList{u"Documents"_s, u"keep"_s}));
+        iphone.files.removeTree(iphone.item(u"/Documents"_s), {});
+        EXPECT_EQ(iphone.names(u"/"_s), QStringList(u"keep"_s));
+    }
 }
 
 TEST(AFCFileSystem, anAppThatCannotBeOpenedIsTheAppsRefusal) {

@@ -79,6 +79,11 @@ std::shared_ptr<SerialQueue::Task> SerialQueue::add(std::function<void()> work) 
     return task;
 }
 
+bool SerialQueue::isIdle() const {
+    const std::scoped_lock lock(state_->mutex);
+    return !state_->isRunning && state_->waiting.empty();
+}
+
 void SerialQueue::waitFor(const std::shared_ptr<Task>& task, const std::stop_token& stop) {
     if (!task)
         throw CancellationError();
@@ -96,6 +101,8 @@ void SerialQueue::waitFor(const std::shared_ptr<Task>& task, const std::stop_tok
     if (isDone())
         return;
     std::erase(state->waiting, task);
+    if (stop.stop_requested() && task->stage == Task::Stage::running)
+        throw LeftBehind();
     if (stop.stop_requested())
         throw CancellationError();
     throw QueueStalled();

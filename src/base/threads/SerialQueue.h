@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/threads/Background.h"
+#include "base/threads/CancellationError.h"
 
 #include <chrono>
 #include <functional>
@@ -17,6 +18,9 @@ class QueueStalled : public std::runtime_error {
 public:
     QueueStalled() : std::runtime_error("The device does not answer.") {}
 };
+
+/// Thrown to whoever was asked to stop while his work ran, and did not end soon afterwards.
+class LeftBehind : public CancellationError {};
 
 /// Runs pieces of work one after the other, first in first out, on a thread of its own. Made for
 /// calls that cannot be interrupted: a caller that is asked to stop, or that has waited too long
@@ -42,9 +46,9 @@ public:
     SerialQueue& operator=(const SerialQueue&) = delete;
 
     /// Runs `work` on the queue's thread and returns or throws what it does. CancellationError
-    /// when `stop` asks before it has begun (it then never runs) or when it does not end soon
-    /// afterwards; QueueStalled after Patience::ofSilence. In both last cases the work goes on
-    /// without its caller: it must own or outlive all that it uses.
+    /// when `stop` asks before it has begun (it then never runs), as LeftBehind when it does not
+    /// end soon afterwards; QueueStalled after Patience::ofSilence. In both last cases the work
+    /// goes on without its caller: it must own or outlive all that it uses.
     template <typename Work>
     auto run(Work work, const std::stop_token& stop = {}) {
         return start(std::move(work)).get(stop);
@@ -85,6 +89,9 @@ public:
 
     /// Has `work` run without anybody waiting for it. It must not throw.
     void post(std::function<void()> work);
+
+    /// Nothing runs and nothing waits.
+    [[nodiscard]] bool isIdle() const;
 
     /// What the running work calls as a sign of life. Usable even when the queue is gone.
     [[nodiscard]] std::function<void()> pulse() const;

@@ -3,6 +3,8 @@
 #include "ios/Multiplexer.h"
 #include "ios/PairingQuestions.h"
 
+#include <thread>
+
 namespace tessary {
 
 AFCSession::AFCSession(const QString& udid, const QString& bundleId, SerialQueue::Patience patience,
@@ -33,7 +35,24 @@ void AFCSession::close() {
     queue_.post([slot = slot_] { slot->close(); });
 }
 
+void AFCSession::endWhatWasLeft(const std::stop_token& stop) {
+    constexpr auto moment = std::chrono::seconds(2);
+    constexpr auto step = std::chrono::milliseconds(10);
+    if (!leftAt_)
+        return;
+    while (!queue_.isIdle()) {
+        if (std::chrono::steady_clock::now() - *leftAt_ >= moment) {
+            slot_->giveUp();
+            break;
+        }
+        throwIfStopped(stop);
+        std::this_thread::sleep_for(step);
+    }
+    leftAt_.reset();
+}
+
 IPhoneFacts AFCSession::facts(const std::stop_token& stop) {
+    endWhatWasLeft(stop);
     return waitFor(queue_.start([slot = slot_, stop] {
         return slot->isUsable() ? slot->opened.link->facts()
                                 : askIPhoneFacts(slot->udid, stop, slot->limits);

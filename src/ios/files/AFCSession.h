@@ -8,6 +8,7 @@
 
 #include <QString>
 
+#include <chrono>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -49,6 +50,7 @@ public:
     template <typename Work>
     auto begin(Work work, const std::stop_token& stop) {
         throwIfStopped(stop);
+        endWhatWasLeft(stop);
         return waitFor(queue_.start([slot = slot_, work = std::move(work), stop]() mutable {
             return slot->begin(work, stop);
         }),
@@ -75,6 +77,9 @@ public:
         } catch (const QueueStalled&) {
             slot_->giveUp();
             throw Error(PhoneError::noAnswer);
+        } catch (const LeftBehind&) {
+            leftAt_ = std::chrono::steady_clock::now();
+            throw;
         }
     }
 
@@ -132,7 +137,13 @@ private:
         }
     };
 
+    /// Who stopped waiting for a phone has left a request behind: it gets a moment more, for its
+    /// file to be closed and removed. Then it is ended, with the connection: who comes next does
+    /// not wait for a mute phone.
+    void endWhatWasLeft(const std::stop_token& stop);
+
     SerialQueue queue_;
+    std::optional<std::chrono::steady_clock::time_point> leftAt_;
     std::shared_ptr<Slot> slot_; ///< shared with work that outlives its caller
 };
 

@@ -19,6 +19,10 @@ namespace tessary {
 // and its result or an error. The helper has met the phone's bytes: what it says is read as if the
 // phone itself had said it.
 
+/// Raised with each change of what follows: an update may exchange the helper under a program that
+/// runs.
+inline constexpr int helperVersion = 1;
+
 /// Arguments and results stand behind each.
 enum class HelperOperation : std::uint8_t {
     facts,      ///< nothing; facts

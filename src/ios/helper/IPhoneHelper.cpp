@@ -39,7 +39,8 @@ IPhoneHelper::IPhoneHelper(const QString& udid, Limits limits)
         throw helperError(PhoneError::notReachable, "not installed");
     try {
         const int inherited[] = {memory_.descriptor()};
-        channel_ = std::make_unique<ChildChannel>(limits_.program, QStringList{udid}, inherited);
+        channel_ = std::make_unique<ChildChannel>(
+            limits_.program, QStringList{QString::number(helperVersion), udid}, inherited);
     } catch (const std::system_error& error) {
         throw helperError(PhoneError::notReachable, error.what());
     }

@@ -1,5 +1,5 @@
-// tessary-iphone UDID: speaks to one iPhone for the program that started it, which asks on standard
-// input, a socket, and shares its memory as descriptor 3. Not for people.
+// tessary-iphone VERSION UDID: speaks to one iPhone for the program that started it, which asks on
+// standard input, a socket, and shares its memory as descriptor 3. Not for people.
 
 #include "ios/helper/server/HelperServer.h"
 #include "ios/helper/server/IPhoneSandbox.h"
@@ -15,9 +15,9 @@
 using namespace tessary;
 
 int main(int argc, char** argv) {
-    constexpr int wanted = 2;
+    constexpr int wanted = 3;
     if (argc != wanted) {
-        std::fputs("usage: tessary-iphone UDID\n", stderr);
+        std::fputs("usage: tessary-iphone VERSION UDID\n", stderr);
         return 2;
     }
     // Nobody is left to ask once the thread that started it is gone.
@@ -26,7 +26,10 @@ int main(int argc, char** argv) {
     try {
         auto content = SharedMemory::map(contentDescriptor, contentMemory);
         enterIPhoneSandbox();
-        HelperServer(QString::fromUtf8(argv[1]), std::move(content)).serve(STDIN_FILENO);
+        HelperServer server(QString::fromUtf8(argv[2]), std::move(content));
+        if (QByteArray(argv[1]).toInt() != helperVersion)
+            server.refuseAll();
+        server.serve(STDIN_FILENO);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "tessary-iphone: %s\n", error.what());
         return 1;

@@ -42,6 +42,9 @@ QByteArray HelperServer::answer(const QByteArray& request) {
     arguments >> operation;
     bool wentWell = false;
     try {
+        if (refusesAll_)
+            throw Error(PhoneError::notReachable, {},
+                        Error(IPhoneError::helper, {QStringLiteral("another version")}));
         wentWell = carryOut(static_cast<HelperOperation>(operation), arguments, results);
         if (!wentWell)
             results << Error(PhoneError::notSupported);

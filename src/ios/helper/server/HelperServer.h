@@ -18,6 +18,11 @@ public:
     HelperServer(QString udid, std::shared_ptr<std::byte> content)
         : udid_(std::move(udid)), content_(std::move(content)) {}
 
+    /// From now on every answer is that the program speaks another version:
+    /// PhoneError::notReachable.
+    void refuseAll() {
+        refusesAll_ = true;
+    }
     /// Answers what comes on a descriptor until it ends.
     void serve(int descriptor);
     /// The answer to one request.
@@ -34,6 +39,7 @@ private:
     [[nodiscard]] Lockdown& lockdown();
 
     const QString udid_;
+    bool refusesAll_ = false;
     const std::shared_ptr<std::byte> content_;
     std::unique_ptr<Lockdown> lockdown_; ///< until a connection is opened with it
     std::unique_ptr<AFCConnection> connection_;
