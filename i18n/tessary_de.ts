@@ -1840,6 +1840,154 @@
     </message>
 </context>
 <context>
+    <name>tessary::ImportView</name>
+    <message>
+        <source>Also What Was Imported Before</source>
+        <translation>Auch schon Importiertes</translation>
+    </message>
+    <message>
+        <source>A Folder for Each Day</source>
+        <translation>Ein Ordner für jeden Tag</translation>
+    </message>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>Ordner auf diesem Computer</translation>
+    </message>
+    <message>
+        <source>Photos &amp; Videos</source>
+        <translation>Fotos &amp; Videos</translation>
+    </message>
+    <message>
+        <source>Import from %1</source>
+        <translation>Import von %1</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Looking for photos and videos…</source>
+        <translation>Fotos und Videos werden gesucht …</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files found</source>
+        <translation>
+            <numerusform>%Ln Datei gefunden</numerusform>
+            <numerusform>%Ln Dateien gefunden</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+    <message>
+        <source>Deleting from the phone…</source>
+        <translation>Wird vom Telefon gelöscht …</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln entries could not be read.</source>
+        <translation>
+            <numerusform>%Ln Eintrag konnte nicht gelesen werden.</numerusform>
+            <numerusform>%Ln Einträge konnten nicht gelesen werden.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>All of this phone was imported before.</source>
+        <translation>Alles auf diesem Telefon wurde schon importiert.</translation>
+    </message>
+    <message>
+        <source>No new photos</source>
+        <translation>Keine neuen Fotos</translation>
+    </message>
+    <message>
+        <source>No photos or videos</source>
+        <translation>Keine Fotos oder Videos</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln chosen</source>
+        <translation>
+            <numerusform>%Ln ausgewählt</numerusform>
+            <numerusform>%Ln ausgewählt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files</source>
+        <translation>%1 von %2 Dateien</translation>
+    </message>
+    <message>
+        <source>Importing…</source>
+        <translation>Wird importiert …</translation>
+    </message>
+    <message>
+        <source>They were compared with those on the phone, and lie in %1.</source>
+        <translation>Sie wurden mit denen auf dem Telefon verglichen und liegen in %1.</translation>
+    </message>
+    <message>
+        <source>Not everything arrived: the list of copies below says why.</source>
+        <translation>Nicht alles ist angekommen: Die Liste der Kopien unten sagt, warum.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln photos and videos imported</source>
+        <translation>
+            <numerusform>%Ln Foto oder Video importiert</numerusform>
+            <numerusform>%Ln Fotos und Videos importiert</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>Im Ordner anzeigen</translation>
+    </message>
+    <message>
+        <source>Delete from the Phone…</source>
+        <translation>Vom Telefon löschen …</translation>
+    </message>
+    <message>
+        <source>Import More</source>
+        <translation>Weiteres importieren</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files stayed, the first because: %1</source>
+        <translation>
+            <numerusform>%Ln Datei blieb, weil: %1</numerusform>
+            <numerusform>%Ln Dateien blieben, die erste, weil: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln photos and videos deleted from the phone</source>
+        <translation>
+            <numerusform>%Ln Foto oder Video vom Telefon gelöscht</numerusform>
+            <numerusform>%Ln Fotos und Videos vom Telefon gelöscht</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %Ln photos and videos from the phone?</source>
+        <translation>
+            <numerusform>%Ln Foto oder Video vom Telefon löschen?</numerusform>
+            <numerusform>%Ln Fotos und Videos vom Telefon löschen?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
+        <translation>Sie verschwinden sofort und kommen nicht in das Album „Zuletzt gelöscht“ des Telefons.</translation>
+    </message>
+    <message>
+        <source>Each copy on this computer is read once more before. This cannot be undone.</source>
+        <translation>Jede Kopie auf diesem Computer wird vorher noch einmal gelesen. Das kann nicht rückgängig gemacht werden.</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+</context>
+<context>
     <name>tessary::MainWindow</name>
     <message>
         <source>Folder on this computer</source>
@@ -1881,6 +2029,10 @@
         <source>Retry</source>
         <translation>Erneut versuchen</translation>
     </message>
+    <message>
+        <source>Import Photos…</source>
+        <translation>Fotos importieren …</translation>
+    </message>
 </context>
 <context>
     <name>tessary::ModeSwitch</name>
@@ -1891,6 +2043,13 @@
     <message>
         <source>Faster and sees more. Needs USB debugging on the phone.</source>
         <translation>Schneller und sieht mehr. Braucht USB-Debugging auf dem Telefon.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PhotoListModel</name>
+    <message>
+        <source>No Date</source>
+        <translation>Ohne Datum</translation>
     </message>
 </context>
 <context>

@@ -128,6 +128,58 @@
     </message>
 </context>
 <context>
+    <name>tessary::ImportView</name>
+    <message numerus="yes">
+        <source>%Ln files found</source>
+        <translation>
+            <numerusform>%Ln file found</numerusform>
+            <numerusform>%Ln files found</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln entries could not be read.</source>
+        <translation>
+            <numerusform>%Ln entry could not be read.</numerusform>
+            <numerusform>%Ln entries could not be read.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln chosen</source>
+        <translation>
+            <numerusform>%Ln chosen</numerusform>
+            <numerusform>%Ln chosen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln photos and videos imported</source>
+        <translation>
+            <numerusform>%Ln photo or video imported</numerusform>
+            <numerusform>%Ln photos and videos imported</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files stayed, the first because: %1</source>
+        <translation>
+            <numerusform>%Ln file stayed, because: %1</numerusform>
+            <numerusform>%Ln files stayed, the first because: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln photos and videos deleted from the phone</source>
+        <translation>
+            <numerusform>%Ln photo or video deleted from the phone</numerusform>
+            <numerusform>%Ln photos and videos deleted from the phone</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %Ln photos and videos from the phone?</source>
+        <translation>
+            <numerusform>Delete %Ln photo or video from the phone?</numerusform>
+            <numerusform>Delete %Ln photos and videos from the phone?</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>tessary::PropertiesDialog</name>
     <message numerus="yes">
         <source>%1 bytes</source>

@@ -1840,6 +1840,154 @@
     </message>
 </context>
 <context>
+    <name>tessary::ImportView</name>
+    <message>
+        <source>Also What Was Imported Before</source>
+        <translation>También lo ya importado</translation>
+    </message>
+    <message>
+        <source>A Folder for Each Day</source>
+        <translation>Una carpeta por día</translation>
+    </message>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>Carpeta en este ordenador</translation>
+    </message>
+    <message>
+        <source>Photos &amp; Videos</source>
+        <translation>Fotos y vídeos</translation>
+    </message>
+    <message>
+        <source>Import from %1</source>
+        <translation>Importar de %1</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>Looking for photos and videos…</source>
+        <translation>Buscando fotos y vídeos…</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files found</source>
+        <translation>
+            <numerusform>%Ln archivo encontrado</numerusform>
+            <numerusform>%Ln archivos encontrados</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Reintentar</translation>
+    </message>
+    <message>
+        <source>Deleting from the phone…</source>
+        <translation>Eliminando del teléfono…</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln entries could not be read.</source>
+        <translation>
+            <numerusform>No se pudo leer %Ln entrada.</numerusform>
+            <numerusform>No se pudieron leer %Ln entradas.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>All of this phone was imported before.</source>
+        <translation>Todo lo de este teléfono ya se importó.</translation>
+    </message>
+    <message>
+        <source>No new photos</source>
+        <translation>No hay fotos nuevas</translation>
+    </message>
+    <message>
+        <source>No photos or videos</source>
+        <translation>No hay fotos ni vídeos</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln chosen</source>
+        <translation>
+            <numerusform>%Ln elegido</numerusform>
+            <numerusform>%Ln elegidos</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importar</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files</source>
+        <translation>%1 de %2 archivos</translation>
+    </message>
+    <message>
+        <source>Importing…</source>
+        <translation>Importando…</translation>
+    </message>
+    <message>
+        <source>They were compared with those on the phone, and lie in %1.</source>
+        <translation>Se compararon con los del teléfono y están en %1.</translation>
+    </message>
+    <message>
+        <source>Not everything arrived: the list of copies below says why.</source>
+        <translation>No llegó todo: la lista de copias de abajo dice por qué.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln photos and videos imported</source>
+        <translation>
+            <numerusform>%Ln foto o vídeo importado</numerusform>
+            <numerusform>%Ln fotos y vídeos importados</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>Mostrar en la carpeta</translation>
+    </message>
+    <message>
+        <source>Delete from the Phone…</source>
+        <translation>Eliminar del teléfono…</translation>
+    </message>
+    <message>
+        <source>Import More</source>
+        <translation>Importar más</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files stayed, the first because: %1</source>
+        <translation>
+            <numerusform>Se quedó %Ln archivo, porque: %1</numerusform>
+            <numerusform>Se quedaron %Ln archivos; el primero, porque: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln photos and videos deleted from the phone</source>
+        <translation>
+            <numerusform>%Ln foto o vídeo eliminado del teléfono</numerusform>
+            <numerusform>%Ln fotos y vídeos eliminados del teléfono</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %Ln photos and videos from the phone?</source>
+        <translation>
+            <numerusform>¿Eliminar %Ln foto o vídeo del teléfono?</numerusform>
+            <numerusform>¿Eliminar %Ln fotos y vídeos del teléfono?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
+        <translation>Desaparecen al momento y no pasan al álbum «Eliminado» del teléfono.</translation>
+    </message>
+    <message>
+        <source>Each copy on this computer is read once more before. This cannot be undone.</source>
+        <translation>Antes se lee una vez más cada copia de este ordenador. Esto no se puede deshacer.</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Eliminar</translation>
+    </message>
+</context>
+<context>
     <name>tessary::MainWindow</name>
     <message>
         <source>Folder on this computer</source>
@@ -1881,6 +2029,10 @@
         <source>Retry</source>
         <translation>Reintentar</translation>
     </message>
+    <message>
+        <source>Import Photos…</source>
+        <translation>Importar fotos…</translation>
+    </message>
 </context>
 <context>
     <name>tessary::ModeSwitch</name>
@@ -1891,6 +2043,13 @@
     <message>
         <source>Faster and sees more. Needs USB debugging on the phone.</source>
         <translation>Más rápido y ve más. Requiere depuración USB en el teléfono.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PhotoListModel</name>
+    <message>
+        <source>No Date</source>
+        <translation>Sin fecha</translation>
     </message>
 </context>
 <context>

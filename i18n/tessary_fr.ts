@@ -1840,6 +1840,154 @@
     </message>
 </context>
 <context>
+    <name>tessary::ImportView</name>
+    <message>
+        <source>Also What Was Imported Before</source>
+        <translation>Aussi ce qui a déjà été importé</translation>
+    </message>
+    <message>
+        <source>A Folder for Each Day</source>
+        <translation>Un dossier par jour</translation>
+    </message>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>Dossier sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>Photos &amp; Videos</source>
+        <translation>Photos et vidéos</translation>
+    </message>
+    <message>
+        <source>Import from %1</source>
+        <translation>Importer de %1</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>Looking for photos and videos…</source>
+        <translation>Recherche de photos et de vidéos…</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files found</source>
+        <translation>
+            <numerusform>%Ln fichier trouvé</numerusform>
+            <numerusform>%Ln fichiers trouvés</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Réessayer</translation>
+    </message>
+    <message>
+        <source>Deleting from the phone…</source>
+        <translation>Suppression du téléphone…</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln entries could not be read.</source>
+        <translation>
+            <numerusform>%Ln élément n’a pas pu être lu.</numerusform>
+            <numerusform>%Ln éléments n’ont pas pu être lus.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>All of this phone was imported before.</source>
+        <translation>Tout ce que contient ce téléphone a déjà été importé.</translation>
+    </message>
+    <message>
+        <source>No new photos</source>
+        <translation>Aucune nouvelle photo</translation>
+    </message>
+    <message>
+        <source>No photos or videos</source>
+        <translation>Ni photos ni vidéos</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln chosen</source>
+        <translation>
+            <numerusform>%Ln choisi</numerusform>
+            <numerusform>%Ln choisis</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importer</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files</source>
+        <translation>%1 fichiers sur %2</translation>
+    </message>
+    <message>
+        <source>Importing…</source>
+        <translation>Importation…</translation>
+    </message>
+    <message>
+        <source>They were compared with those on the phone, and lie in %1.</source>
+        <translation>Elles ont été comparées à celles du téléphone et se trouvent dans %1.</translation>
+    </message>
+    <message>
+        <source>Not everything arrived: the list of copies below says why.</source>
+        <translation>Tout n’est pas arrivé : la liste des copies ci-dessous dit pourquoi.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln photos and videos imported</source>
+        <translation>
+            <numerusform>%Ln photo ou vidéo importée</numerusform>
+            <numerusform>%Ln photos et vidéos importées</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>Afficher dans le dossier</translation>
+    </message>
+    <message>
+        <source>Delete from the Phone…</source>
+        <translation>Supprimer du téléphone…</translation>
+    </message>
+    <message>
+        <source>Import More</source>
+        <translation>Importer davantage</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files stayed, the first because: %1</source>
+        <translation>
+            <numerusform>%Ln fichier est resté, car : %1</numerusform>
+            <numerusform>%Ln fichiers sont restés, le premier car : %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln photos and videos deleted from the phone</source>
+        <translation>
+            <numerusform>%Ln photo ou vidéo supprimée du téléphone</numerusform>
+            <numerusform>%Ln photos et vidéos supprimées du téléphone</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %Ln photos and videos from the phone?</source>
+        <translation>
+            <numerusform>Supprimer %Ln photo ou vidéo du téléphone ?</numerusform>
+            <numerusform>Supprimer %Ln photos et vidéos du téléphone ?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
+        <translation>Elles disparaissent immédiatement, sans passer par l’album « Supprimés récemment » du téléphone.</translation>
+    </message>
+    <message>
+        <source>Each copy on this computer is read once more before. This cannot be undone.</source>
+        <translation>Chaque copie sur cet ordinateur est d’abord relue une fois. Cette action est irréversible.</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Supprimer</translation>
+    </message>
+</context>
+<context>
     <name>tessary::MainWindow</name>
     <message>
         <source>Folder on this computer</source>
@@ -1881,6 +2029,10 @@
         <source>Retry</source>
         <translation>Réessayer</translation>
     </message>
+    <message>
+        <source>Import Photos…</source>
+        <translation>Importer des photos…</translation>
+    </message>
 </context>
 <context>
     <name>tessary::ModeSwitch</name>
@@ -1891,6 +2043,13 @@
     <message>
         <source>Faster and sees more. Needs USB debugging on the phone.</source>
         <translation>Plus rapide et voit davantage. Nécessite le débogage USB sur le téléphone.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PhotoListModel</name>
+    <message>
+        <source>No Date</source>
+        <translation>Sans date</translation>
     </message>
 </context>
 <context>

@@ -1840,6 +1840,154 @@
     </message>
 </context>
 <context>
+    <name>tessary::ImportView</name>
+    <message>
+        <source>Also What Was Imported Before</source>
+        <translation>Anche ciò che è già stato importato</translation>
+    </message>
+    <message>
+        <source>A Folder for Each Day</source>
+        <translation>Una cartella per ogni giorno</translation>
+    </message>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>Cartella su questo computer</translation>
+    </message>
+    <message>
+        <source>Photos &amp; Videos</source>
+        <translation>Foto e video</translation>
+    </message>
+    <message>
+        <source>Import from %1</source>
+        <translation>Importa da %1</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annulla</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Chiudi</translation>
+    </message>
+    <message>
+        <source>Looking for photos and videos…</source>
+        <translation>Ricerca di foto e video…</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files found</source>
+        <translation>
+            <numerusform>%Ln file trovato</numerusform>
+            <numerusform>%Ln file trovati</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Riprova</translation>
+    </message>
+    <message>
+        <source>Deleting from the phone…</source>
+        <translation>Eliminazione dal telefono…</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln entries could not be read.</source>
+        <translation>
+            <numerusform>%Ln elemento non è leggibile.</numerusform>
+            <numerusform>%Ln elementi non sono leggibili.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>All of this phone was imported before.</source>
+        <translation>Tutto ciò che è su questo telefono è già stato importato.</translation>
+    </message>
+    <message>
+        <source>No new photos</source>
+        <translation>Nessuna foto nuova</translation>
+    </message>
+    <message>
+        <source>No photos or videos</source>
+        <translation>Nessuna foto né video</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln chosen</source>
+        <translation>
+            <numerusform>%Ln scelto</numerusform>
+            <numerusform>%Ln scelti</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importa</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files</source>
+        <translation>%1 di %2 file</translation>
+    </message>
+    <message>
+        <source>Importing…</source>
+        <translation>Importazione…</translation>
+    </message>
+    <message>
+        <source>They were compared with those on the phone, and lie in %1.</source>
+        <translation>Sono state confrontate con quelle sul telefono e si trovano in %1.</translation>
+    </message>
+    <message>
+        <source>Not everything arrived: the list of copies below says why.</source>
+        <translation>Non è arrivato tutto: l’elenco delle copie qui sotto spiega perché.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln photos and videos imported</source>
+        <translation>
+            <numerusform>%Ln foto o video importato</numerusform>
+            <numerusform>%Ln foto e video importati</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>Mostra nella cartella</translation>
+    </message>
+    <message>
+        <source>Delete from the Phone…</source>
+        <translation>Elimina dal telefono…</translation>
+    </message>
+    <message>
+        <source>Import More</source>
+        <translation>Importa altro</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files stayed, the first because: %1</source>
+        <translation>
+            <numerusform>%Ln file è rimasto, perché: %1</numerusform>
+            <numerusform>%Ln file sono rimasti, il primo perché: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln photos and videos deleted from the phone</source>
+        <translation>
+            <numerusform>%Ln foto o video eliminato dal telefono</numerusform>
+            <numerusform>%Ln foto e video eliminati dal telefono</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %Ln photos and videos from the phone?</source>
+        <translation>
+            <numerusform>Eliminare %Ln foto o video dal telefono?</numerusform>
+            <numerusform>Eliminare %Ln foto e video dal telefono?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
+        <translation>Spariscono subito e non finiscono nell’album «Eliminati di recente» del telefono.</translation>
+    </message>
+    <message>
+        <source>Each copy on this computer is read once more before. This cannot be undone.</source>
+        <translation>Prima ogni copia su questo computer viene riletta. L’operazione non può essere annullata.</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Elimina</translation>
+    </message>
+</context>
+<context>
     <name>tessary::MainWindow</name>
     <message>
         <source>Folder on this computer</source>
@@ -1881,6 +2029,10 @@
         <source>Retry</source>
         <translation>Riprova</translation>
     </message>
+    <message>
+        <source>Import Photos…</source>
+        <translation>Importa foto…</translation>
+    </message>
 </context>
 <context>
     <name>tessary::ModeSwitch</name>
@@ -1891,6 +2043,13 @@
     <message>
         <source>Faster and sees more. Needs USB debugging on the phone.</source>
         <translation>Più veloce e vede di più. Richiede il debug USB sul telefono.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PhotoListModel</name>
+    <message>
+        <source>No Date</source>
+        <translation>Senza data</translation>
     </message>
 </context>
 <context>

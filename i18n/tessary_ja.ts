@@ -1825,6 +1825,147 @@
     </message>
 </context>
 <context>
+    <name>tessary::ImportView</name>
+    <message>
+        <source>Also What Was Imported Before</source>
+        <translation>読み込み済みのものも表示</translation>
+    </message>
+    <message>
+        <source>A Folder for Each Day</source>
+        <translation>1 日ごとに 1 フォルダ</translation>
+    </message>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>このコンピュータのフォルダ</translation>
+    </message>
+    <message>
+        <source>Photos &amp; Videos</source>
+        <translation>写真とビデオ</translation>
+    </message>
+    <message>
+        <source>Import from %1</source>
+        <translation>%1 から読み込む</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>Looking for photos and videos…</source>
+        <translation>写真とビデオを探しています…</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files found</source>
+        <translation>
+            <numerusform>%Ln 個のファイルが見つかりました</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>再試行</translation>
+    </message>
+    <message>
+        <source>Deleting from the phone…</source>
+        <translation>デバイスから削除中…</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln entries could not be read.</source>
+        <translation>
+            <numerusform>%Ln 項目を読み取れませんでした。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>All of this phone was imported before.</source>
+        <translation>このデバイスのものはすべて読み込み済みです。</translation>
+    </message>
+    <message>
+        <source>No new photos</source>
+        <translation>新しい写真はありません</translation>
+    </message>
+    <message>
+        <source>No photos or videos</source>
+        <translation>写真もビデオもありません</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln chosen</source>
+        <translation>
+            <numerusform>%Ln 個を選択</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>読み込む</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files</source>
+        <translation>%1/%2 個のファイル</translation>
+    </message>
+    <message>
+        <source>Importing…</source>
+        <translation>読み込み中…</translation>
+    </message>
+    <message>
+        <source>They were compared with those on the phone, and lie in %1.</source>
+        <translation>デバイスのものと照合済みで、%1 にあります。</translation>
+    </message>
+    <message>
+        <source>Not everything arrived: the list of copies below says why.</source>
+        <translation>すべては届きませんでした。理由は下のコピーの一覧にあります。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln photos and videos imported</source>
+        <translation>
+            <numerusform>%Ln 個の写真とビデオを読み込みました</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>フォルダに表示</translation>
+    </message>
+    <message>
+        <source>Delete from the Phone…</source>
+        <translation>デバイスから削除…</translation>
+    </message>
+    <message>
+        <source>Import More</source>
+        <translation>さらに読み込む</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files stayed, the first because: %1</source>
+        <translation>
+            <numerusform>%Ln 個のファイルが残りました。最初の理由：%1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln photos and videos deleted from the phone</source>
+        <translation>
+            <numerusform>デバイスから %Ln 個の写真とビデオを削除しました</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %Ln photos and videos from the phone?</source>
+        <translation>
+            <numerusform>デバイスから %Ln 個の写真とビデオを削除しますか？</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
+        <translation>すぐに消え、デバイスのアルバム「最近削除した項目」には入りません。</translation>
+    </message>
+    <message>
+        <source>Each copy on this computer is read once more before. This cannot be undone.</source>
+        <translation>その前に、このコンピュータ上の各コピーをもう一度読み取ります。この操作は取り消せません。</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>削除</translation>
+    </message>
+</context>
+<context>
     <name>tessary::MainWindow</name>
     <message>
         <source>Folder on this computer</source>
@@ -1866,6 +2007,10 @@
         <source>Retry</source>
         <translation>再試行</translation>
     </message>
+    <message>
+        <source>Import Photos…</source>
+        <translation>写真を読み込む…</translation>
+    </message>
 </context>
 <context>
     <name>tessary::ModeSwitch</name>
@@ -1876,6 +2021,13 @@
     <message>
         <source>Faster and sees more. Needs USB debugging on the phone.</source>
         <translation>高速で、より多くの項目を表示します。デバイスのUSBデバッグが必要です。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PhotoListModel</name>
+    <message>
+        <source>No Date</source>
+        <translation>日付なし</translation>
     </message>
 </context>
 <context>

@@ -1825,6 +1825,147 @@
     </message>
 </context>
 <context>
+    <name>tessary::ImportView</name>
+    <message>
+        <source>Also What Was Imported Before</source>
+        <translation>이미 가져온 항목도 표시</translation>
+    </message>
+    <message>
+        <source>A Folder for Each Day</source>
+        <translation>날짜별 폴더</translation>
+    </message>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>이 컴퓨터의 폴더</translation>
+    </message>
+    <message>
+        <source>Photos &amp; Videos</source>
+        <translation>사진 및 비디오</translation>
+    </message>
+    <message>
+        <source>Import from %1</source>
+        <translation>%1에서 가져오기</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>취소</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>닫기</translation>
+    </message>
+    <message>
+        <source>Looking for photos and videos…</source>
+        <translation>사진과 비디오를 찾는 중…</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files found</source>
+        <translation>
+            <numerusform>파일 %Ln개 찾음</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>다시 시도</translation>
+    </message>
+    <message>
+        <source>Deleting from the phone…</source>
+        <translation>휴대폰에서 삭제하는 중…</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln entries could not be read.</source>
+        <translation>
+            <numerusform>%Ln개 항목을 읽지 못했습니다.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>All of this phone was imported before.</source>
+        <translation>이 휴대폰의 모든 항목을 이미 가져왔습니다.</translation>
+    </message>
+    <message>
+        <source>No new photos</source>
+        <translation>새로운 사진 없음</translation>
+    </message>
+    <message>
+        <source>No photos or videos</source>
+        <translation>사진이나 비디오 없음</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln chosen</source>
+        <translation>
+            <numerusform>%Ln개 선택됨</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>가져오기</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files</source>
+        <translation>파일 %2개 중 %1개</translation>
+    </message>
+    <message>
+        <source>Importing…</source>
+        <translation>가져오는 중…</translation>
+    </message>
+    <message>
+        <source>They were compared with those on the phone, and lie in %1.</source>
+        <translation>휴대폰의 항목과 비교했으며 %1에 있습니다.</translation>
+    </message>
+    <message>
+        <source>Not everything arrived: the list of copies below says why.</source>
+        <translation>모두 도착하지는 않았습니다. 이유는 아래 복사 목록에 있습니다.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln photos and videos imported</source>
+        <translation>
+            <numerusform>사진과 비디오 %Ln개를 가져왔습니다</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>폴더에서 보기</translation>
+    </message>
+    <message>
+        <source>Delete from the Phone…</source>
+        <translation>휴대폰에서 삭제…</translation>
+    </message>
+    <message>
+        <source>Import More</source>
+        <translation>더 가져오기</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files stayed, the first because: %1</source>
+        <translation>
+            <numerusform>파일 %Ln개가 남았습니다. 첫 번째 이유: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln photos and videos deleted from the phone</source>
+        <translation>
+            <numerusform>휴대폰에서 사진과 비디오 %Ln개를 삭제했습니다</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %Ln photos and videos from the phone?</source>
+        <translation>
+            <numerusform>휴대폰에서 사진과 비디오 %Ln개를 삭제하시겠습니까?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
+        <translation>즉시 사라지며 휴대폰의 “최근 삭제된 항목” 앨범으로 가지 않습니다.</translation>
+    </message>
+    <message>
+        <source>Each copy on this computer is read once more before. This cannot be undone.</source>
+        <translation>그 전에 이 컴퓨터의 각 복사본을 한 번 더 읽습니다. 이 작업은 취소할 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>삭제</translation>
+    </message>
+</context>
+<context>
     <name>tessary::MainWindow</name>
     <message>
         <source>Folder on this computer</source>
@@ -1866,6 +2007,10 @@
         <source>Retry</source>
         <translation>다시 시도</translation>
     </message>
+    <message>
+        <source>Import Photos…</source>
+        <translation>사진 가져오기…</translation>
+    </message>
 </context>
 <context>
     <name>tessary::ModeSwitch</name>
@@ -1876,6 +2021,13 @@
     <message>
         <source>Faster and sees more. Needs USB debugging on the phone.</source>
         <translation>더 빠르고 더 많이 보여 줍니다. 휴대폰의 USB 디버깅이 필요합니다.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PhotoListModel</name>
+    <message>
+        <source>No Date</source>
+        <translation>날짜 없음</translation>
     </message>
 </context>
 <context>

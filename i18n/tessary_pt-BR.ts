@@ -1840,6 +1840,154 @@
     </message>
 </context>
 <context>
+    <name>tessary::ImportView</name>
+    <message>
+        <source>Also What Was Imported Before</source>
+        <translation>Também o que já foi importado</translation>
+    </message>
+    <message>
+        <source>A Folder for Each Day</source>
+        <translation>Uma pasta por dia</translation>
+    </message>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>Pasta neste computador</translation>
+    </message>
+    <message>
+        <source>Photos &amp; Videos</source>
+        <translation>Fotos e vídeos</translation>
+    </message>
+    <message>
+        <source>Import from %1</source>
+        <translation>Importar de %1</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fechar</translation>
+    </message>
+    <message>
+        <source>Looking for photos and videos…</source>
+        <translation>Procurando fotos e vídeos…</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files found</source>
+        <translation>
+            <numerusform>%Ln arquivo encontrado</numerusform>
+            <numerusform>%Ln arquivos encontrados</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Tentar novamente</translation>
+    </message>
+    <message>
+        <source>Deleting from the phone…</source>
+        <translation>Apagando do telefone…</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln entries could not be read.</source>
+        <translation>
+            <numerusform>%Ln item não pôde ser lido.</numerusform>
+            <numerusform>%Ln itens não puderam ser lidos.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>All of this phone was imported before.</source>
+        <translation>Tudo deste telefone já foi importado.</translation>
+    </message>
+    <message>
+        <source>No new photos</source>
+        <translation>Nenhuma foto nova</translation>
+    </message>
+    <message>
+        <source>No photos or videos</source>
+        <translation>Nenhuma foto ou vídeo</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln chosen</source>
+        <translation>
+            <numerusform>%Ln escolhido</numerusform>
+            <numerusform>%Ln escolhidos</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importar</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files</source>
+        <translation>%1 de %2 arquivos</translation>
+    </message>
+    <message>
+        <source>Importing…</source>
+        <translation>Importando…</translation>
+    </message>
+    <message>
+        <source>They were compared with those on the phone, and lie in %1.</source>
+        <translation>Foram comparados com os do telefone e estão em %1.</translation>
+    </message>
+    <message>
+        <source>Not everything arrived: the list of copies below says why.</source>
+        <translation>Nem tudo chegou: a lista de cópias abaixo diz por quê.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln photos and videos imported</source>
+        <translation>
+            <numerusform>%Ln foto ou vídeo importado</numerusform>
+            <numerusform>%Ln fotos e vídeos importados</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>Mostrar na pasta</translation>
+    </message>
+    <message>
+        <source>Delete from the Phone…</source>
+        <translation>Apagar do telefone…</translation>
+    </message>
+    <message>
+        <source>Import More</source>
+        <translation>Importar mais</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files stayed, the first because: %1</source>
+        <translation>
+            <numerusform>%Ln arquivo ficou, porque: %1</numerusform>
+            <numerusform>%Ln arquivos ficaram; o primeiro, porque: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln photos and videos deleted from the phone</source>
+        <translation>
+            <numerusform>%Ln foto ou vídeo apagado do telefone</numerusform>
+            <numerusform>%Ln fotos e vídeos apagados do telefone</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %Ln photos and videos from the phone?</source>
+        <translation>
+            <numerusform>Apagar %Ln foto ou vídeo do telefone?</numerusform>
+            <numerusform>Apagar %Ln fotos e vídeos do telefone?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
+        <translation>Eles somem na hora e não vão para o álbum “Apagados” do telefone.</translation>
+    </message>
+    <message>
+        <source>Each copy on this computer is read once more before. This cannot be undone.</source>
+        <translation>Antes, cada cópia neste computador é lida mais uma vez. Isso não pode ser desfeito.</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Apagar</translation>
+    </message>
+</context>
+<context>
     <name>tessary::MainWindow</name>
     <message>
         <source>Folder on this computer</source>
@@ -1881,6 +2029,10 @@
         <source>Retry</source>
         <translation>Tentar novamente</translation>
     </message>
+    <message>
+        <source>Import Photos…</source>
+        <translation>Importar fotos…</translation>
+    </message>
 </context>
 <context>
     <name>tessary::ModeSwitch</name>
@@ -1891,6 +2043,13 @@
     <message>
         <source>Faster and sees more. Needs USB debugging on the phone.</source>
         <translation>Mais rápido e vê mais. Requer depuração USB no telefone.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PhotoListModel</name>
+    <message>
+        <source>No Date</source>
+        <translation>Sem data</translation>
     </message>
 </context>
 <context>

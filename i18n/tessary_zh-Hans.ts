@@ -1825,6 +1825,147 @@
     </message>
 </context>
 <context>
+    <name>tessary::ImportView</name>
+    <message>
+        <source>Also What Was Imported Before</source>
+        <translation>也显示已导入的内容</translation>
+    </message>
+    <message>
+        <source>A Folder for Each Day</source>
+        <translation>每天一个文件夹</translation>
+    </message>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>此电脑上的文件夹</translation>
+    </message>
+    <message>
+        <source>Photos &amp; Videos</source>
+        <translation>照片和视频</translation>
+    </message>
+    <message>
+        <source>Import from %1</source>
+        <translation>从“%1”导入</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Looking for photos and videos…</source>
+        <translation>正在查找照片和视频…</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files found</source>
+        <translation>
+            <numerusform>找到 %Ln 个文件</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>重试</translation>
+    </message>
+    <message>
+        <source>Deleting from the phone…</source>
+        <translation>正在从手机中删除…</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln entries could not be read.</source>
+        <translation>
+            <numerusform>%Ln 个项目无法读取。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>All of this phone was imported before.</source>
+        <translation>此手机上的内容均已导入过。</translation>
+    </message>
+    <message>
+        <source>No new photos</source>
+        <translation>没有新照片</translation>
+    </message>
+    <message>
+        <source>No photos or videos</source>
+        <translation>没有照片或视频</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln chosen</source>
+        <translation>
+            <numerusform>已选择 %Ln 项</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>导入</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files</source>
+        <translation>%1/%2 个文件</translation>
+    </message>
+    <message>
+        <source>Importing…</source>
+        <translation>正在导入…</translation>
+    </message>
+    <message>
+        <source>They were compared with those on the phone, and lie in %1.</source>
+        <translation>它们已与手机上的内容比对，位于 %1。</translation>
+    </message>
+    <message>
+        <source>Not everything arrived: the list of copies below says why.</source>
+        <translation>并非全部到达：下方的复制列表会说明原因。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln photos and videos imported</source>
+        <translation>
+            <numerusform>已导入 %Ln 个照片和视频</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>在文件夹中显示</translation>
+    </message>
+    <message>
+        <source>Delete from the Phone…</source>
+        <translation>从手机中删除…</translation>
+    </message>
+    <message>
+        <source>Import More</source>
+        <translation>导入更多</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files stayed, the first because: %1</source>
+        <translation>
+            <numerusform>%Ln 个文件保留了下来，第一个的原因：%1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln photos and videos deleted from the phone</source>
+        <translation>
+            <numerusform>已从手机中删除 %Ln 个照片和视频</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %Ln photos and videos from the phone?</source>
+        <translation>
+            <numerusform>要从手机中删除 %Ln 个照片和视频吗？</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
+        <translation>它们会立即消失，不会进入手机的“最近删除”相簿。</translation>
+    </message>
+    <message>
+        <source>Each copy on this computer is read once more before. This cannot be undone.</source>
+        <translation>删除前会再次读取此电脑上的每个副本。此操作无法撤销。</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>删除</translation>
+    </message>
+</context>
+<context>
     <name>tessary::MainWindow</name>
     <message>
         <source>Folder on this computer</source>
@@ -1866,6 +2007,10 @@
         <source>Retry</source>
         <translation>重试</translation>
     </message>
+    <message>
+        <source>Import Photos…</source>
+        <translation>导入照片…</translation>
+    </message>
 </context>
 <context>
     <name>tessary::ModeSwitch</name>
@@ -1876,6 +2021,13 @@
     <message>
         <source>Faster and sees more. Needs USB debugging on the phone.</source>
         <translation>更快，可见内容更多。需要在手机上开启 USB 调试。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PhotoListModel</name>
+    <message>
+        <source>No Date</source>
+        <translation>无日期</translation>
     </message>
 </context>
 <context>

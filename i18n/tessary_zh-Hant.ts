@@ -1825,6 +1825,147 @@
     </message>
 </context>
 <context>
+    <name>tessary::ImportView</name>
+    <message>
+        <source>Also What Was Imported Before</source>
+        <translation>也顯示已輸入的內容</translation>
+    </message>
+    <message>
+        <source>A Folder for Each Day</source>
+        <translation>每天一個資料夾</translation>
+    </message>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>此電腦上的資料夾</translation>
+    </message>
+    <message>
+        <source>Photos &amp; Videos</source>
+        <translation>照片與影片</translation>
+    </message>
+    <message>
+        <source>Import from %1</source>
+        <translation>從「%1」輸入</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>關閉</translation>
+    </message>
+    <message>
+        <source>Looking for photos and videos…</source>
+        <translation>正在尋找照片和影片…</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files found</source>
+        <translation>
+            <numerusform>找到 %Ln 個檔案</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>重試</translation>
+    </message>
+    <message>
+        <source>Deleting from the phone…</source>
+        <translation>正在從手機中刪除…</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln entries could not be read.</source>
+        <translation>
+            <numerusform>%Ln 個項目無法讀取。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>All of this phone was imported before.</source>
+        <translation>此手機上的內容均已輸入過。</translation>
+    </message>
+    <message>
+        <source>No new photos</source>
+        <translation>沒有新照片</translation>
+    </message>
+    <message>
+        <source>No photos or videos</source>
+        <translation>沒有照片或影片</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln chosen</source>
+        <translation>
+            <numerusform>已選擇 %Ln 項</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>輸入</translation>
+    </message>
+    <message>
+        <source>%1 of %2 files</source>
+        <translation>%1/%2 個檔案</translation>
+    </message>
+    <message>
+        <source>Importing…</source>
+        <translation>正在輸入…</translation>
+    </message>
+    <message>
+        <source>They were compared with those on the phone, and lie in %1.</source>
+        <translation>它們已與手機上的內容比對，位於 %1。</translation>
+    </message>
+    <message>
+        <source>Not everything arrived: the list of copies below says why.</source>
+        <translation>並非全部到達：下方的複製列表會說明原因。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln photos and videos imported</source>
+        <translation>
+            <numerusform>已輸入 %Ln 個照片和影片</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>在資料夾中顯示</translation>
+    </message>
+    <message>
+        <source>Delete from the Phone…</source>
+        <translation>從手機中刪除…</translation>
+    </message>
+    <message>
+        <source>Import More</source>
+        <translation>輸入更多</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files stayed, the first because: %1</source>
+        <translation>
+            <numerusform>%Ln 個檔案保留了下來，第一個的原因：%1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln photos and videos deleted from the phone</source>
+        <translation>
+            <numerusform>已從手機中刪除 %Ln 個照片和影片</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %Ln photos and videos from the phone?</source>
+        <translation>
+            <numerusform>要從手機中刪除 %Ln 個照片和影片嗎？</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
+        <translation>它們會立即消失，不會進入手機的「最近刪除」相簿。</translation>
+    </message>
+    <message>
+        <source>Each copy on this computer is read once more before. This cannot be undone.</source>
+        <translation>刪除前會再次讀取此電腦上的每個副本。此操作無法還原。</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>刪除</translation>
+    </message>
+</context>
+<context>
     <name>tessary::MainWindow</name>
     <message>
         <source>Folder on this computer</source>
@@ -1866,6 +2007,10 @@
         <source>Retry</source>
         <translation>重試</translation>
     </message>
+    <message>
+        <source>Import Photos…</source>
+        <translation>輸入照片…</translation>
+    </message>
 </context>
 <context>
     <name>tessary::ModeSwitch</name>
@@ -1876,6 +2021,13 @@
     <message>
         <source>Faster and sees more. Needs USB debugging on the phone.</source>
         <translation>更快，可見內容更多。需要在手機上開啟 USB 偵錯。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PhotoListModel</name>
+    <message>
+        <source>No Date</source>
+        <translation>沒有日期</translation>
     </message>
 </context>
 <context>

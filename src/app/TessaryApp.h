@@ -15,6 +15,7 @@
 #include "transfer/staging/StagedFiles.h"
 
 #include <QObject>
+#include <QTemporaryDir>
 
 #include <functional>
 #include <memory>
@@ -35,6 +36,8 @@ struct TessaryAppSetup {
     UpdateSource updates = UpdateSource::builtIn();
     /// Where phones with wireless debugging are looked for.
     std::shared_ptr<ServiceNetwork> network = makeSystemServiceNetwork();
+    /// The folder that keeps what was imported from phones; empty: until the end of the program.
+    QString importLedgers{};
     /// Shows a page in the user's browser.
     std::function<void(const QUrl&)> openAddress = [](const QUrl&) {};
     /// Shows a local file in the desktop's file manager.
@@ -91,6 +94,10 @@ public:
     [[nodiscard]] CopyQueue& copyQueue() {
         return copies_;
     }
+    /// The folder that keeps what was imported from phones.
+    [[nodiscard]] QString importLedgers() const {
+        return setup_.importLedgers.isEmpty() ? scratch_.path() : setup_.importLedgers;
+    }
     /// What was dragged out of the windows.
     [[nodiscard]] DragMount& promisedFiles() {
         return promisedFiles_;
@@ -108,6 +115,7 @@ public:
 private:
     DeviceServices& services_;
     TessaryAppSetup setup_;
+    QTemporaryDir scratch_;
     StagedFiles staged_{QStringLiteral("files")};
     DragMount promisedFiles_;
     CopyQueue copies_;

@@ -1,6 +1,8 @@
 #include "tour/TourDevices.h"
 
 #include "support/CopyNow.h"
+#include "views/listing/ThumbnailStore.h"
+
 #include <QAction>
 #include <QTemporaryDir>
 
@@ -47,6 +49,36 @@ void tourLosses(TourStage& stage) {
     sync.removeSyncPair(pair);
 }
 
+namespace {
+
+/// Photos as files, and imported.
+void tourImport(TourStage& stage) {
+    MainWindow& window = stage.window();
+    FileBrowserViewModel& browser = window.browser();
+    window.openApp(mediaFolder(), QStringLiteral("/DCIM/100APPLE"));
+    stage.waitFor("the photos", [&] { return !browser.isLoading() && browser.items().size() > 9; });
+    stage.shoot(QStringLiteral("iphone-photos"));
+    ImportViewModel& import = window.import();
+    using State = ImportViewModel::State;
+    window.findChild<QAction*>(QStringLiteral("importAction"))->trigger();
+    stage.waitFor("what is new", [&] { return import.state() == State::choosing; });
+    import.choose({import.photos()[2].id(), import.photos()[3].id()}, false);
+    const auto& thumbnails =
+        *window.findChild<QWidget*>(QStringLiteral("importView"))->findChild<ThumbnailStore*>();
+    stage.waitFor("the paint", [&] { return !thumbnails.isIdle(); });
+    stage.waitFor("the thumbnails", [&] { return thumbnails.isIdle(); });
+    stage.shoot(QStringLiteral("import-new"));
+    import.start(stage.local().filePath(QStringLiteral("Pictures")), true);
+    stage.waitFor("the import", [&] { return import.state() == State::copied; });
+    stage.shoot(QStringLiteral("import-done"));
+    import.removeFromPhone();
+    stage.waitFor("the removal", [&] { return import.state() == State::removed; });
+    stage.shoot(QStringLiteral("import-removed"));
+    import.close();
+}
+
+} // namespace
+
 void tourIPhone(TourStage& stage) {
     MainWindow& window = stage.window();
     TourPhones& phones = stage.phones();
@@ -63,6 +95,7 @@ void tourIPhone(TourStage& stage) {
         return apps.state() == AppListState::ready && device && device->totalStorageBytes;
     });
     stage.shoot(QStringLiteral("iphone-apps"));
+    tourImport(stage);
     window.openApp(apps.apps().back(), QStringLiteral("/"));
     stage.waitFor("the documents", [&] { return !browser.isLoading(); });
     browser.enterFolder(browser.items().front().id());

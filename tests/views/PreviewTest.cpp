@@ -200,7 +200,7 @@ TEST_F(PreviewTest, gridShowsThumbnailsOfWhatIsSeenAndNeverWaitsForThem) {
     browser().setViewMode(ViewMode::grid);
     browser().navigateTo(u"/sdcard/Camera"_s);
     auto& grid = *window_->findChild<QListView*>(u"fileGrid"_s);
-    auto& store = *window_->findChild<ThumbnailStore*>();
+    auto& store = *window_->findChild<QListView*>(u"fileGrid"_s)->findChild<ThumbnailStore*>();
     QSignalSpy ready(&store, &ThumbnailStore::thumbnailReady);
     EXPECT_TRUE(wait([this] { return !idOf(u"199.png"_s).isEmpty(); }));
     const StallWatch watch;
@@ -240,7 +240,7 @@ TEST_F(PreviewTest, picturesThatThePhoneHasItselfComeWithoutThePhotos) {
     ASSERT_TRUE(wait([this] { return !idOf(u"Camera"_s).isEmpty(); }));
     browser().setViewMode(ViewMode::grid);
     browser().navigateTo(u"/sdcard/Camera"_s);
-    auto& store = *window_->findChild<ThumbnailStore*>();
+    auto& store = *window_->findChild<QListView*>(u"fileGrid"_s)->findChild<ThumbnailStore*>();
     EXPECT_TRUE(wait([this] { return !idOf(u"film.mp4"_s).isEmpty(); }));
     for (const QString& name : {u"a.jpg"_s, u"b.jpg"_s, u"film.mp4"_s})
         EXPECT_TRUE(
@@ -262,7 +262,7 @@ TEST_F(PreviewTest, thumbnailsWaitForTransfers) {
     downloadNow(browser(), {idOf(u"Film"_s)}, target.path());
     browser().setViewMode(ViewMode::grid);
     browser().navigateTo(u"/sdcard/Camera"_s);
-    auto& store = *window_->findChild<ThumbnailStore*>();
+    auto& store = *window_->findChild<QListView*>(u"fileGrid"_s)->findChild<ThumbnailStore*>();
     bool hadOneTooEarly = false;
     QObject::connect(&store, &ThumbnailStore::thumbnailReady, &store, [&] {
         hadOneTooEarly = hadOneTooEarly || !window_->copyQueue().summary().isIdle();

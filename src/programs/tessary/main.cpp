@@ -14,6 +14,7 @@
 #include "platform/settings/SystemUserDefaults.h"
 #include "platform/usb/SystemUSBBus.h"
 #include "simulator/demo/DemoPhones.h"
+#include "transfer/import/ImportLedger.h"
 #include "views/common/AppStyle.h"
 #include "views/common/Icons.h"
 #include "views/dialogs/UpdateAlerts.h"
@@ -138,6 +139,8 @@ int main(int argc, char** argv) {
     if (isDemo)
         setup.network = phones.virtualPhones->network();
     setup.defaults = makeSystemUserDefaults();
+    if (!isDemo)
+        setup.importLedgers = ImportLedger::usersFolder();
     setup.showInFolder = [](const QString& path) {
         showInFileManager(path, [path] {
             QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(path).absolutePath()));

@@ -132,9 +132,10 @@ public:
         const QString path = below.isEmpty() ? folder_ : joinPath(folder_, below);
         std::vector<FileItem> wanted;
         int number = 1;
+        const bool isAgain = wishes_.again && isFetched(photo, ledger_);
         for (const FileItem& file : photo.files) {
             const auto record = ledger_.find(file);
-            if (!record || wishes_.again)
+            if (!record || isAgain)
                 wanted.push_back(file);
             else if (parentPath(record->copy) == path)
                 number = numberOf(lastComponent(record->copy), file.name).value_or(number);

@@ -14,7 +14,7 @@ namespace tessary {
 
 struct ImportWishes {
     bool byDate = false; ///< a folder a year, and in it one a day: "2026/2026-10-31"
-    bool again = false;  ///< what was fetched before is fetched once more
+    bool again = false;  ///< photos that were fetched whole are fetched once more
 };
 
 /// What is to be fetched of some photos, into which folders and under which names.

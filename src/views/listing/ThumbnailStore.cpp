@@ -65,6 +65,15 @@ QImage finished(const QImage& image, int side) {
     return small;
 }
 
+ThumbnailSource sourceOf(FileBrowserViewModel& browser) {
+    return {[&browser](const QString& id) { return browser.itemWithId(id); },
+            [&browser] { return browser.files(); },
+            [&browser] {
+                return browser.state() == BrowserState::ready && !browser.isLoading() &&
+                       !browser.isEditing() && browser.queue().summary().isIdle();
+            }};
+}
+
 } // namespace
 
 ThumbnailStore::ThumbnailStore(FileBrowserViewModel& browser, int side, QObject* parent)
@@ -72,23 +81,29 @@ ThumbnailStore::ThumbnailStore(FileBrowserViewModel& browser, int side, QObject*
 
 ThumbnailStore::ThumbnailStore(FileBrowserViewModel& browser, int side, Setup setup,
                                QObject* parent)
-    : QObject(parent),
-      browser_(browser),
-      side_(side),
-      decoder_(std::move(setup.decoder)),
-      disk_(setup.disk != nullptr ? *setup.disk : ThumbnailCache::shared()),
-      copies_(setup.copies != nullptr ? *setup.copies : browser.stagedFiles()),
-      pixmaps_(memoryLimit) {
+    : ThumbnailStore(sourceOf(browser), side,
+                     {std::move(setup.decoder), setup.disk,
+                      setup.copies != nullptr ? setup.copies : &browser.stagedFiles()},
+                     parent) {
     connect(&browser, &FileBrowserViewModel::pathChanged, this, &ThumbnailStore::startOver);
     connect(&browser, &FileBrowserViewModel::connectionChanged, this, &ThumbnailStore::startOver);
-    connect(&browser, &FileBrowserViewModel::stateChanged, this, [this] {
-        if (!browser_.isLoading())
+    connect(&browser, &FileBrowserViewModel::stateChanged, this, [this, &browser] {
+        if (!browser.isLoading())
             keys_.clear(); // an entry may have changed
         pauseOrGoOn();
     });
     connect(&browser, &FileBrowserViewModel::editingChanged, this, &ThumbnailStore::pauseOrGoOn);
     connect(&browser.queue(), &CopyQueue::summaryChanged, this, &ThumbnailStore::pauseOrGoOn);
 }
+
+ThumbnailStore::ThumbnailStore(ThumbnailSource source, int side, Setup setup, QObject* parent)
+    : QObject(parent),
+      source_(std::move(source)),
+      side_(side),
+      decoder_(std::move(setup.decoder)),
+      disk_(setup.disk != nullptr ? *setup.disk : ThumbnailCache::shared()),
+      copies_(*setup.copies),
+      pixmaps_(memoryLimit) {}
 
 ThumbnailStore::~ThumbnailStore() {
     for (Queue* queue : {&loads_, &makes_})
@@ -113,21 +128,16 @@ void ThumbnailStore::setSide(int side) {
     pixmaps_.clear();
 }
 
-bool ThumbnailStore::mayAskPhone() const {
-    return browser_.state() == BrowserState::ready && !browser_.isLoading() &&
-           !browser_.isEditing() && browser_.queue().summary().isIdle();
-}
-
 void ThumbnailStore::pauseOrGoOn() {
-    if (mayAskPhone())
+    if (source_.mayAskPhone())
         work(makes_);
     else
         makes_.stop.request_stop();
 }
 
 QPixmap ThumbnailStore::find(const QString& id, qreal scale) {
-    const FileItem* item = browser_.itemWithId(id);
-    if (item == nullptr || !browser_.files() ||
+    const FileItem* item = source_.item(id);
+    if (item == nullptr || !source_.files() ||
         !(hasThumbnail(*item) || mayHavePhoneThumbnail(*item)))
         return {};
     if (scale != scale_) {
@@ -136,7 +146,7 @@ QPixmap ThumbnailStore::find(const QString& id, qreal scale) {
     }
     QString& key = keys_[id];
     if (key.isEmpty())
-        key = ThumbnailCache::key(*browser_.files(), *item);
+        key = ThumbnailCache::key(*source_.files(), *item);
     if (const QPixmap* known = pixmaps_.object(key))
         return *known;
     if (failed_.contains(key) || requested_.contains(key))
@@ -171,7 +181,7 @@ void ThumbnailStore::work(Queue& queue) {
         return;
     if (&queue == &loads_)
         loadNext();
-    else if (mayAskPhone())
+    else if (source_.mayAskPhone())
         makeNext();
 }
 
@@ -181,7 +191,7 @@ void ThumbnailStore::loadNext() {
         return;
     loads_.isBusy = true;
     const int side = qRound(side_ * scale_);
-    const FileItem* item = browser_.itemWithId(request->id);
+    const FileItem* item = source_.item(request->id);
     const bool isOnlyOne = item == nullptr || !hasThumbnail(*item);
     loads_.stop = runInBackground(
         this,
@@ -210,7 +220,7 @@ void ThumbnailStore::makeNext() {
     const auto request = nextOf(makes_);
     if (!request)
         return;
-    const FileItem* item = browser_.itemWithId(request->id);
+    const FileItem* item = source_.item(request->id);
     if (item == nullptr) {
         requested_.remove(request->key);
         QMetaObject::invokeMethod(
@@ -221,7 +231,7 @@ void ThumbnailStore::makeNext() {
     const int side = qRound(side_ * scale_);
     makes_.stop = runInBackground(
         this,
-        [&disk = disk_, &copies = copies_, decoder = decoder_, files = browser_.files(),
+        [&disk = disk_, &copies = copies_, decoder = decoder_, files = source_.files(),
          item = *item, key = request->key, side](const std::stop_token& stop) {
             return finished(makeThumbnail(*files, item, copies, decoder, disk, key, side, stop),
                             side);

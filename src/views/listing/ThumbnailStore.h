@@ -20,10 +20,17 @@ namespace tessary {
 
 class FileListModel;
 
-/// The thumbnails of the folder that a browser shows. What is painted asks for them and never
-/// waits: they are made in the background, what was asked for last first, and what has been
-/// scrolled away by its turn is left out. The phone is asked for one file at a time, and only while
-/// nothing else is asked of it. On the main thread.
+/// The files that thumbnails are made of. Called on the main thread.
+struct ThumbnailSource {
+    std::function<const FileItem*(const QString& id)> item;  ///< null for what is not shown
+    std::function<std::shared_ptr<PhoneFileSystem>()> files; ///< null when there are none
+    std::function<bool()> mayAskPhone;                       ///< nothing else is asked of it
+};
+
+/// The thumbnails of what a browser, or another list of files, shows. What is painted asks for them
+/// and never waits: they are made in the background, what was asked for last first, and what has
+/// been scrolled away by its turn is left out. The phone is asked for one file at a time, and only
+/// while nothing else is asked of it. On the main thread.
 class ThumbnailStore : public QObject {
     Q_OBJECT
 
@@ -32,12 +39,14 @@ public:
     struct Setup {
         PictureDecoder decoder = PictureDecoder();
         ThumbnailCache* disk = nullptr; ///< null: the shared one
-        StagedFiles* copies = nullptr;  ///< null: the browser's
+        StagedFiles* copies = nullptr;  ///< null: the browser's; never null for another source
     };
 
     /// `side` is the longest side of a thumbnail in device-independent pixels.
     ThumbnailStore(FileBrowserViewModel& browser, int side, Setup setup, QObject* parent = nullptr);
     ThumbnailStore(FileBrowserViewModel& browser, int side, QObject* parent = nullptr);
+    /// Whoever makes it calls startOver() and pauseOrGoOn().
+    ThumbnailStore(ThumbnailSource source, int side, Setup setup, QObject* parent = nullptr);
     ~ThumbnailStore() override;
 
     /// The thumbnail of an entry of the folder shown, at `scale` device pixels a pixel. Null when
@@ -58,6 +67,11 @@ public:
         isVisible_ = std::move(isVisible);
     }
 
+    /// Other files are shown, or those of another phone.
+    void startOver();
+    /// Whether the phone may be asked has changed.
+    void pauseOrGoOn();
+
 Q_SIGNALS:
     void thumbnailReady(const QString& id);
 
@@ -73,16 +87,13 @@ private:
         bool isBusy = false;
     };
 
-    void startOver();
-    void pauseOrGoOn();
-    [[nodiscard]] bool mayAskPhone() const;
     [[nodiscard]] std::optional<Request> nextOf(Queue& queue);
     void work(Queue& queue);
     void loadNext();
     void makeNext();
     void take(const Request& request, const QImage& image);
 
-    FileBrowserViewModel& browser_;
+    const ThumbnailSource source_;
     int side_;
     const PictureDecoder decoder_;
     ThumbnailCache& disk_;

@@ -190,7 +190,7 @@ std::vector<Place> shortcutsOf(const DeviceInfo& device) {
 
 std::vector<Place> volumesOf(const DeviceInfo& device) {
     if (device.platform == DevicePlatform::iOS)
-        return {{QStringLiteral("camera-photo"),
+        return {{QStringLiteral("folder-pictures"),
                  placeDisplayName(mediaFolder().displayName),
                  {},
                  placeDisplayName(mediaFolder().displayName),

@@ -25,20 +25,30 @@ namespace {
 
 constexpr int maxShownDevices = 4; ///< more of them scroll
 
-QWidget* makeWirelessButton(const std::function<void()>& showWireless) {
-    auto* button = new QToolButton;
-    button->setObjectName(QStringLiteral("wirelessButton"));
-    button->setIcon(lineIcon(QStringLiteral("network-wireless")));
+QWidget* inRow(QToolButton* button, const char* objectName) {
+    button->setObjectName(QString::fromLatin1(objectName));
     button->setIconSize({18, 18});
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setAutoRaise(true);
-    keepTranslated(button, [button] { button->setText(Sidebar::tr("Wireless Devices…")); });
-    QObject::connect(button, &QToolButton::clicked, button, showWireless);
     auto* row = new QWidget;
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(10, 4, 10, 0);
     layout->addWidget(button, 0, Qt::AlignLeft);
     return row;
+}
+
+QWidget* makeWirelessButton(const std::function<void()>& showWireless) {
+    auto* button = new QToolButton;
+    button->setIcon(lineIcon(QStringLiteral("network-wireless")));
+    keepTranslated(button, [button] { button->setText(Sidebar::tr("Wireless Devices…")); });
+    QObject::connect(button, &QToolButton::clicked, button, showWireless);
+    return inRow(button, "wirelessButton");
+}
+
+QWidget* makeImportButton(QAction& import) {
+    auto* button = new QToolButton;
+    button->setDefaultAction(&import);
+    return inRow(button, "importButton");
 }
 
 } // namespace
@@ -127,6 +137,7 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, Callback
     for (PlaceList* list : {favoriteList_, shortcutList_, volumeList_})
         column->addWidget(list);
     column->addStretch(1);
+    column->addWidget(makeImportButton(*callbacks_.importPhotos));
     column->addWidget(makeWirelessButton(callbacks_.showWireless));
     auto* scroll = new QScrollArea;
     scroll->setFrameShape(QFrame::NoFrame);

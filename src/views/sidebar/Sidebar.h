@@ -9,6 +9,7 @@
 #include <functional>
 #include <optional>
 
+class QAction;
 class QLabel;
 class QListView;
 
@@ -30,6 +31,7 @@ public:
         std::function<void(const QString& path)> openFolder;
         std::function<void()> openMedia; ///< of an iPhone
         std::function<void()> showApps;  ///< the same
+        QAction* importPhotos = nullptr; ///< never null
         std::function<void(ProtocolMode)> useMode;
         std::function<void()> showWireless;
     };

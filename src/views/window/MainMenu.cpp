@@ -58,8 +58,9 @@ void makeMainMenus(QMenuBar& bar, const BrowserActions& actions,
     });
 
     addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "File"),
-            {a.newFolder, a.open, a.download, a.uploadFiles, a.uploadFolder, a.sync, nullptr,
-             a.quickLook, a.properties, nullptr, settings, nullptr, quit});
+            {a.newFolder, a.open, a.download, a.uploadFiles, a.uploadFolder, a.sync,
+             callbacks.importPhotos, nullptr, a.quickLook, a.properties, nullptr, settings, nullptr,
+             quit});
     addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "Edit"),
             {a.undo, nullptr, a.cut, a.copy, a.paste, a.copyPath, nullptr, a.moveTo, a.copyTo,
              a.duplicate, nullptr, a.rename, a.remove, nullptr, a.selectAll, a.invertSelection,

@@ -4,6 +4,7 @@
 
 #include <functional>
 
+class QAction;
 class QMenuBar;
 
 namespace tessary {
@@ -12,6 +13,7 @@ namespace tessary {
 struct MainMenuCallbacks {
     std::function<void()> showSettings;
     std::function<void()> showWireless;
+    QAction* importPhotos = nullptr;
     std::function<void()> toggleFullScreen;
     std::function<void()> quit;
 };

@@ -12,6 +12,7 @@
 #include "views/common/StatusBanner.h"
 #include "views/common/WindowStateStore.h"
 #include "views/dialogs/WirelessDialog.h"
+#include "views/import/ImportView.h"
 #include "views/settings/SettingsWindow.h"
 #include "views/sync/SyncDialogs.h"
 #include "views/sync/SyncPanel.h"
@@ -20,6 +21,7 @@
 #include "views/window/MainMenu.h"
 #include "views/window/WelcomeView.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFileDialog>
@@ -61,6 +63,8 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
           return services.apps(device, stop);
       }),
       devices_(app.deviceManager()),
+      import_(app.copyQueue(), app.importLedgers()),
+      importAction_(new QAction(this)),
       sync_(app.syncManager(), app.deviceManager()),
       notices_(app, sync_, [this] { releaseDevice(); }),
       sidebar_(new Sidebar(devices_, app.favoritesManager(), sidebarCallbacks())),
@@ -71,6 +75,12 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
       appList_(new AppListView(
           apps_, [this](const AppInfo& info) { openApp(info, QStringLiteral("/")); })),
       browserView_(new BrowserView(browser_, std::move(dialogs), std::move(openLocalFile))),
+      importView_(new ImportView({import_, app.copyQueue(), app.stagedFiles(), app.defaults()},
+                                 {[](QWidget* asker, const QString& startAt) {
+                                      return QFileDialog::getExistingDirectory(
+                                          asker, tr("Folder on this computer"), startAt);
+                                  },
+                                  app.setup().showInFolder})),
       syncPanel_(new SyncPanel(
           sync_, [this] { syncDialogs_->makePair(); }, this)),
       syncDialogs_(new SyncDialogs(sync_, *this,
@@ -84,7 +94,8 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
     setMinimumSize(760, 460);
 
     for (QWidget* page : {static_cast<QWidget*>(welcome_), static_cast<QWidget*>(notice_),
-                          static_cast<QWidget*>(appList_), static_cast<QWidget*>(browserView_)})
+                          static_cast<QWidget*>(appList_), static_cast<QWidget*>(browserView_),
+                          static_cast<QWidget*>(importView_)})
         pages_->addWidget(page);
     // The banner comes from below: nothing moves away under the pointer.
     auto* files = new QWidget;
@@ -109,17 +120,27 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
     split->setHandleWidth(1);
     setCentralWidget(split);
     makeMainMenus(*menuBar(), browserView_->actions(),
-                  {[this] { showSettings(); }, [this] { showWireless(); },
+                  {[this] { showSettings(); }, [this] { showWireless(); }, importAction_,
                    [this] { setWindowState(windowState() ^ Qt::WindowFullScreen); },
                    [] { QApplication::closeAllWindows(); }});
     connectSync();
+    importAction_->setObjectName(QStringLiteral("importAction"));
+    importAction_->setIcon(lineIcon(QStringLiteral("camera-photo")));
+    importAction_->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_I));
+    connect(importAction_, &QAction::triggered, this, &MainWindow::showImport);
+    connect(&import_, &ImportViewModel::stateChanged, this, [this] {
+        if (isImporting() != (pages_->currentWidget() == importView_))
+            showPage();
+    });
 
     connect(sidebar_->deviceList().selectionModel(), &QItemSelectionModel::currentChanged, this,
             &MainWindow::chooseDevice);
     connect(&sidebar_->deviceList(), &QListView::clicked, this, [this] {
         // A click on the phone whose files are shown leads up to its apps.
-        if (!std::exchange(wasChosenByPress_, false))
+        if (!std::exchange(wasChosenByPress_, false)) {
+            leaveImport();
             showApps();
+        }
         pages_->currentWidget()->setFocus();
     });
     sidebar_->setDrops(browserView_->drops());
@@ -194,6 +215,7 @@ MainWindow::~MainWindow() {
 }
 
 void MainWindow::showTexts() {
+    importAction_->setText(tr("Import Photos…"));
     setWindowTitle(app_.isDemo() ? tr("Tessary: Virtual Phones") : QStringLiteral("Tessary"));
     setLocale(QLocale()); // dates and numbers of every view in it
     showPage();
@@ -218,15 +240,18 @@ void MainWindow::showWireless() {
 
 Sidebar::Callbacks MainWindow::sidebarCallbacks() {
     return {[this](const DeviceFavorite& favorite) {
+                leaveImport();
                 openFavorite(favorite);
                 pages_->currentWidget()->setFocus();
             },
             [this](const QString& path) {
+                leaveImport();
                 browser_.navigateTo(path);
                 pages_->currentWidget()->setFocus();
             },
             [this] { openMedia(); },
             [this] { showApps(); },
+            importAction_,
             [this](ProtocolMode mode) {
                 if (const auto& device = browser_.activeDevice())
                     app_.deviceManager().chooseProtocolMode(device->udid, mode);
@@ -336,6 +361,7 @@ void MainWindow::openMedia() {
     const auto device = chosenDevice();
     if (!device || device->platform != DevicePlatform::iOS)
         return;
+    leaveImport();
     const auto& active = browser_.activeDevice();
     if (chosenApp_ && isMediaFolder(chosenApp_->bundleIdentifier) && active &&
         active->udid == device->udid && browser_.state() != BrowserState::deviceLost) {
@@ -350,10 +376,35 @@ void MainWindow::openMedia() {
     openApp(mediaFolder(), QStringLiteral("/"));
 }
 
+void MainWindow::showImport() {
+    const auto device = chosenDevice();
+    if (!device)
+        return;
+    PhoneFileSystems& phones = app_.services().files();
+    import_.open(device->platform == DevicePlatform::iOS ? phones.openMedia(*device)
+                                                         : phones.open(*device),
+                 *device);
+    showPage();
+    importView_->setFocus();
+}
+
+/// Another page is wanted. A copy goes on.
+void MainWindow::leaveImport() {
+    if (import_.state() != ImportViewModel::State::closed)
+        import_.close();
+}
+
+bool MainWindow::isImporting() const {
+    const auto device = chosenDevice();
+    return import_.state() != ImportViewModel::State::closed && device &&
+           device->udid == import_.device().udid;
+}
+
 void MainWindow::showApps() {
     const auto device = chosenDevice();
     if (!device || device->platform != DevicePlatform::iOS)
         return;
+    leaveImport();
     isChoosingApp_ = true;
     lastApps_.remove(device->udid);
     apps_.setDevice(*device);
@@ -371,6 +422,8 @@ void MainWindow::showSidebar() {
         if (chosenApp_)
             source.appName = chosenApp_->displayName;
     }
+    importAction_->setEnabled(
+        device && (device->platform == DevicePlatform::iOS || device->isDataAccessible()));
     sidebar_->showDevice(device, source);
     sidebar_->showFolder(source.files && !isChoosingApp_ ? browser_.currentPath() : QString());
 }
@@ -464,6 +517,8 @@ void MainWindow::showPage() {
     const QWidget* before = pages_->currentWidget();
     if (isListEmpty && (!active || isLost)) {
         pages_->setCurrentWidget(welcome_);
+    } else if (isImporting()) {
+        pages_->setCurrentWidget(importView_);
     } else if (isChoosingApp_ && chosenDevice()) {
         pages_->setCurrentWidget(appList_);
     } else if (isLocked) {

@@ -3,6 +3,7 @@
 #include "app/TessaryApp.h"
 #include "browser/model/AppListViewModel.h"
 #include "browser/model/FileBrowserViewModel.h"
+#include "browser/model/ImportViewModel.h"
 #include "sync/manager/SyncViewModel.h"
 #include "views/browser/BrowserView.h"
 #include "views/sidebar/DeviceListModel.h"
@@ -11,11 +12,13 @@
 
 #include <QMainWindow>
 
+class QAction;
 class QStackedWidget;
 
 namespace tessary {
 
 class AppListView;
+class ImportView;
 class PlaceholderView;
 class SettingsWindow;
 class StatusBanner;
@@ -51,6 +54,9 @@ public:
     [[nodiscard]] AppListViewModel& apps() {
         return apps_;
     }
+    [[nodiscard]] ImportViewModel& import() {
+        return import_;
+    }
     /// Shows the documents of one of apps().
     void openApp(const AppInfo& app, const QString& path);
     void connectApp(const AppInfo& app, const QString& path);
@@ -79,6 +85,9 @@ private:
     [[nodiscard]] std::optional<DeviceInfo> attached(const DeviceInfo& device) const;
     [[nodiscard]] std::optional<QString> chosenAppId() const;
     void openMedia();
+    void showImport();
+    void leaveImport();
+    [[nodiscard]] bool isImporting() const;
     void showApps();
     void connectSync();
     void showSidebar();
@@ -99,6 +108,8 @@ private:
     bool wasChosenByPress_ = false; ///< until the button is let go
     bool wasFocused_ = false;       ///< the files had the keys once
     DeviceListModel devices_;
+    ImportViewModel import_;
+    QAction* importAction_;
     SyncViewModel sync_;
     GeneralNotices notices_;
     Sidebar* sidebar_;
@@ -108,6 +119,7 @@ private:
     PlaceholderView* notice_;
     AppListView* appList_;
     BrowserView* browserView_;
+    ImportView* importView_;
     SyncPanel* syncPanel_;
     SyncDialogs* syncDialogs_;
     TransferPanel* transferPanel_;

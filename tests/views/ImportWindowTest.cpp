@@ -1,0 +1,189 @@
+#include "WindowFixture.h"
+#include "ios/Multiplexer.h"
+#include "support/PluggedIPhone.h"
+
+#include <QCheckBox>
+#include <QProgressBar>
+#include <QPushButton>
+
+namespace tessary {
+namespace {
+
+using namespace Qt::StringLiterals;
+using State = ImportViewModel::State;
+
+/// A window with an iPhone whose camera was used, and an Android phone beside it.
+class ImportWindowTest : public AppWindowFixture {
+protected:
+    ImportWindowTest() : iphone_(media(camera_)), android_(bus_, phoneConfig("BESIDE")) {
+        android_.write(u"DCIM/Camera/IMG_9.jpg"_s, "of the other phone");
+        app_ = std::make_unique<TessaryApp>(DeviceSources(bus_, &multiplexer_), services_,
+                                            TessaryAppSetup{});
+        app_->defaults().setValue(u"importFolder"_s, local_.path(u"pictures"_s));
+        openWindow();
+        EXPECT_TRUE(wait([this] { return app_->deviceManager().devices().size() == 2; }));
+    }
+    ~ImportWindowTest() override {
+        close();
+    }
+    static VirtualIPhoneConfig media(const TemporaryFolder& camera) {
+        // The newest is shown first.
+        int age = 0;
+        for (const char* name : {"IMG_0001.HEIC", "IMG_0001.MOV", "IMG_0002.JPG", "IMG_0003.MOV"}) {
+            QFile file(camera.write(u"DCIM/100APPLE/"_s + QString::fromLatin1(name), name));
+            EXPECT_TRUE(file.open(QIODevice::ReadWrite) &&
+                        file.setFileTime(today().addSecs(-++age), QFile::FileModificationTime));
+        }
+        VirtualIPhoneConfig config;
+        config.mediaFolder = camera.path();
+        return config;
+    }
+
+    static QDateTime today() {
+        return {QDate::currentDate(), QTime(12, 0)};
+    }
+    void choose(DevicePlatform platform) {
+        const auto& devices = app_->deviceManager().devices();
+        for (std::size_t i = 0; i < devices.size(); ++i)
+            if (devices[i].platform == platform)
+                clickRow(list("deviceList"), static_cast<int>(i));
+    }
+    /// Opens the page, as the sidebar's button does.
+    void look() {
+        auto& action = *window_->findChild<QAction*>(u"importAction"_s);
+        ASSERT_TRUE(wait([&] { return action.isEnabled(); }));
+        action.trigger();
+        ASSERT_TRUE(wait([this] { return state() == State::choosing; }));
+    }
+    [[nodiscard]] State state() const {
+        return window_->import().state();
+    }
+    template <typename Widget>
+    [[nodiscard]] Widget& find(const QString& name) const {
+        return *window_->findChild<Widget*>(name);
+    }
+    void press(const QString& name) const {
+        QTest::mouseClick(&find<QPushButton>(name), Qt::LeftButton);
+    }
+    /// A button of the page by its words.
+    void pressText(const QString& text) const {
+        for (auto* button : find<QWidget>(u"importView"_s).findChildren<QPushButton*>())
+            if (button->isVisible() && button->text() == text)
+                QTest::mouseClick(button, Qt::LeftButton);
+    }
+    [[nodiscard]] QStringList rows() const {
+        QStringList texts;
+        const auto& model = *list("photoList").model();
+        for (int row = 0; row < model.rowCount(); ++row)
+            texts << model.index(row, 0).data().toString();
+        return texts;
+    }
+    /// What has been imported, by name.
+    [[nodiscard]] QStringList here() const {
+        const QString year = QDate::currentDate().toString(u"yyyy/yyyy-MM-dd"_s);
+        return local_.has(u"pictures"_s) ? local_.names(u"pictures/"_s + year) : QStringList();
+    }
+
+    TemporaryFolder camera_;
+    PluggedIPhone iphone_;
+    PluggedPhone android_;
+    SystemMultiplexer multiplexer_;
+};
+
+TEST_F(ImportWindowTest, whatIsChosenIsFetchedAndThenGoesFromThePhoneWhenAsked) {
+    choose(DevicePlatform::iOS);
+    look();
+    auto& photos = list("photoList");
+    EXPECT_TRUE(photos.isVisible());
+    EXPECT_EQ(rows(), (QStringList{QLocale().toString(QDate::currentDate(), QLocale::LongFormat),
+                                   u"IMG_0001.HEIC"_s, u"IMG_0002.JPG"_s, u"IMG_0003.MOV"_s}));
+    EXPECT_EQ(window_->import().chosenCount(), 3);
+    clickRow(photos, 0); // the day
+    EXPECT_EQ(window_->import().chosenCount(), 0);
+    EXPECT_FALSE(find<QPushButton>(u"importProceed"_s).isEnabled());
+    clickRow(photos, 0);
+    clickRow(photos, 3);
+    EXPECT_EQ(window_->import().chosenCount(), 2);
+    photos.setFocus();
+    photos.setCurrentIndex(photos.model()->index(3, 0));
+    QTest::keyClick(&photos, Qt::Key_Space);
+    EXPECT_EQ(window_->import().chosenCount(), 3);
+    clickRow(photos, 3);
+
+    press(u"importProceed"_s);
+    ASSERT_TRUE(wait([this] { return state() == State::copied; }));
+    EXPECT_EQ(here(), (QStringList{u"IMG_0001.HEIC"_s, u"IMG_0001.MOV"_s, u"IMG_0002.JPG"_s}));
+    EXPECT_EQ(window_->import().arrivedCount(), 2);
+
+    QTimer::singleShot(100, window_.get(), [] {
+        auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(question, nullptr);
+        for (QAbstractButton* button : question->buttons())
+            if (button->text() == u"Delete"_s)
+                button->click();
+    });
+    pressText(u"Delete from the Phone…"_s);
+    ASSERT_TRUE(wait([this] { return state() == State::removed; }));
+    EXPECT_EQ(camera_.names(u"DCIM/100APPLE"_s), QStringList(u"IMG_0003.MOV"_s));
+
+    press(u"importProceed"_s);
+    ASSERT_TRUE(wait([this] { return state() == State::choosing; }));
+    EXPECT_EQ(rows().last(), u"IMG_0003.MOV"_s);
+    press(u"importLeave"_s);
+    EXPECT_TRUE(wait([this] { return list("appList").isVisible(); }));
+}
+
+TEST_F(ImportWindowTest, aSecondLookShowsWhatIsNewAndOnWishAll) {
+    choose(DevicePlatform::iOS);
+    look();
+    press(u"importProceed"_s);
+    ASSERT_TRUE(wait([this] { return state() == State::copied; }));
+    camera_.write(u"DCIM/101APPLE/IMG_0001.JPG"_s, "a newer one of that name");
+    look();
+    ASSERT_EQ(rows().size(), 2);
+    EXPECT_EQ(rows().last(), u"IMG_0001.JPG"_s);
+    QTest::mouseClick(&find<QCheckBox>(u"importAll"_s), Qt::LeftButton, {},
+                      {8, find<QCheckBox>(u"importAll"_s).height() / 2});
+    EXPECT_EQ(rows().size(), 5);
+    EXPECT_EQ(window_->import().chosenCount(), 1);
+    press(u"importProceed"_s);
+    ASSERT_TRUE(wait([this] { return state() == State::copied; }));
+    EXPECT_EQ(here().size(), 5);
+    look();
+    EXPECT_FALSE(list("photoList").isVisible());
+    EXPECT_EQ(rows(), QStringList());
+}
+
+TEST_F(ImportWindowTest, anAndroidPhoneIsAskedForItsCamera) {
+    choose(DevicePlatform::android);
+    look();
+    EXPECT_EQ(rows().last(), u"IMG_9.jpg"_s);
+    press(u"importProceed"_s);
+    ASSERT_TRUE(wait([this] { return state() == State::copied; }));
+    EXPECT_EQ(here(), QStringList(u"IMG_9.jpg"_s));
+    // A place in the sidebar leads away from the page.
+    clickRow(list("volumeList"), 0);
+    EXPECT_TRUE(wait([this] { return window_->browserView().isVisible(); }));
+    EXPECT_EQ(state(), State::closed);
+}
+
+TEST_F(ImportWindowTest, aPulledCableIsSaidAndTheNextTryGoesOn) {
+    choose(DevicePlatform::iOS);
+    look();
+    iphone_.faults([](VirtualIPhoneFaults& faults) {
+        faults.requestFault = VirtualIPhoneRequestFault{.request = u"afc.fileRead"_s, .nth = 2};
+    });
+    press(u"importProceed"_s);
+    ASSERT_TRUE(wait([this] { return state() == State::copied; }));
+    EXPECT_LT(window_->import().arrivedCount(), 3);
+    iphone_.phone.plugInto(iphone_.mux);
+    EXPECT_TRUE(wait([this] { return app_->deviceManager().devices().size() == 2; }));
+    choose(DevicePlatform::iOS);
+    look();
+    press(u"importProceed"_s);
+    ASSERT_TRUE(wait([this] { return state() == State::copied; }));
+    EXPECT_EQ(here().size(), 4);
+}
+
+} // namespace
+} // namespace tessary
