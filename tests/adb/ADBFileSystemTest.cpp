@@ -453,6 +453,12 @@ TEST_P(CardPhoneTest, storagesAreVolumesRootsAndWorkAlike) {
     files_->removeTree(dcim, {});
 }
 
+TEST_P(CardPhoneTest, storageThatMTPOnlyNumbersIsNotGuessed) {
+    EXPECT_EQ(codeOf([&] { (void)listed(u"/storage/131073"_s); }), "notFound");
+    EXPECT_EQ(codeOf([&] { (void)item(u"/storage/131073/x"_s); }), "notFound");
+    EXPECT_THAT(listed(u"/storage/65537"_s), IsEmpty());
+}
+
 TEST_P(CardPhoneTest, pathsOfAllKindsHaveOneForm) {
     const std::pair<QString, QString> rows[] = {
         {u""_s, u"/sdcard"_s},
@@ -473,6 +479,28 @@ TEST_P(CardPhoneTest, pathsOfAllKindsHaveOneForm) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Ways, CardPhoneTest, allADBWays, testing::PrintToStringParamName());
+
+struct OneCardPhoneTest : ADBFileSystemTest {
+    OneCardPhoneTest()
+        : ADBFileSystemTest(
+              {.folder = {}, .cards = {{.folder = cardFolder_.makeFolder(u"card"_s)}}}) {}
+    inline static const TemporaryFolder cardFolder_;
+};
+
+TEST_P(OneCardPhoneTest, placesThatWereKeptOverMTPAreTheSameHere) {
+    cardFolder_.write(u"card/Music/a.mp3"_s, "a");
+    write(u"DCIM/b.jpg"_s, "b");
+    EXPECT_EQ(listed(u"/storage/131073/Music"_s), QStringList(u"a.mp3"_s));
+    const FileItem music = item(u"/storage/131073/Music/a.mp3"_s);
+    EXPECT_EQ(music.path, u"/storage/1234-ABCD/Music/a.mp3"_s);
+    EXPECT_EQ(readAll(music), "a");
+    EXPECT_EQ(listed(u"/storage/65537/DCIM"_s), QStringList(u"b.jpg"_s));
+    const FileItem made = write(u"/storage/131073/Music"_s, u"c"_s, "c");
+    EXPECT_EQ(made.path, u"/storage/1234-ABCD/Music/c"_s);
+    files_->remove(made, {});
+}
+
+INSTANTIATE_TEST_SUITE_P(Ways, OneCardPhoneTest, allADBWays, testing::PrintToStringParamName());
 
 } // namespace
 

@@ -161,12 +161,12 @@ NameRules ADBFileSystem::nameRules(const QString& folder) {
 }
 
 void ADBFileSystem::list(const QString& folder, const ListingReceiver& receiver, const Call& call) {
-    const QString path = canonicalPath(folder);
+    const QString path = enteredPath(folder, call);
     inTurn(path, call, [&] { listADBFolder(session_, path, receiver, call.stop); });
 }
 
 std::optional<FileItem> ADBFileSystem::find(const QString& path, const Call& call) {
-    const QString clean = canonicalPath(path);
+    const QString clean = enteredPath(path, call);
     return inTurn(clean, call, [&]() -> std::optional<FileItem> {
         const FileTreeRoot root = rootOf(clean);
         const QByteArray bytes = phonePath(clean);
@@ -273,6 +273,18 @@ FileItem ADBFileSystem::makeFolder(const QString& parent, const QString& name, c
         queue_->noteEdit();
         return ADBEdits(session_, call.stop).makeFolder(folder, name);
     });
+}
+
+/// The canonical path of a place that was kept, maybe while the phone was used over MTP.
+QString ADBFileSystem::enteredPath(const QString& path, const Call& call) {
+    QString clean = canonicalPath(path);
+    if (!ADBStorages::isByNumber(clean))
+        return clean;
+    inTurn(clean, call, [&] { storages_.learn(session_, call.stop); });
+    clean = canonicalPath(path);
+    if (ADBStorages::isByNumber(clean))
+        throw Error(PhoneError::notFound, {clean});
+    return clean;
 }
 
 /// The item with its path as the phone has it.

@@ -63,6 +63,7 @@ public:
 private:
     class PassingTurn;
 
+    [[nodiscard]] QString enteredPath(const QString& path, const Call& call);
     [[nodiscard]] FileItem editable(const FileItem& item) const;
     template <typename Work>
     auto inTurn(const QString& path, const Call& call, Work work);

@@ -72,6 +72,10 @@ QString ADBStorages::canonicalPath(const QString& path) const {
     return cards_.size() == 1 ? storage + cards_.front().id + rest : clean;
 }
 
+bool ADBStorages::isByNumber(const QString& canonical) {
+    return canonical.startsWith(storage) && mtpNumber(canonical.section(slash, 2, 2));
+}
+
 QString ADBStorages::rootPathOf(const QString& canonical) {
     if (canonical.startsWith(storage) && isCard(canonical.section(slash, 2, 2)))
         return canonical.section(slash, 0, 2);

@@ -29,6 +29,13 @@ public:
     /// The same for a path that is canonical.
     [[nodiscard]] static QString rootPathOf(const QString& canonical);
 
+    /// Whether a canonical path has a storage by its number over MTP still, which learn() may tell
+    /// the name of.
+    [[nodiscard]] static bool isByNumber(const QString& canonical);
+    /// Finds out what the cards and sticks are called. Errors of ADBSession.
+    void learn(ADBSession& session, const std::stop_token& stop) {
+        (void)removable(session, stop);
+    }
     /// Battery and storages. Errors of ADBSession.
     [[nodiscard]] LiveDeviceInfo ask(ADBSession& session, const std::stop_token& stop);
     [[nodiscard]] NameRules nameRules(const QString& canonical, ADBSession& session,
