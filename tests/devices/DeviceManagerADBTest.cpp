@@ -2,7 +2,9 @@
 #include "devices/files/DeviceServices.h"
 #include "devices/list/DeviceManager.h"
 #include "platform/settings/MemoryUserDefaults.h"
+#include "simulator/wire/PhoneSockets.h"
 #include "support/ADBFixture.h"
+#include "support/StallWatch.h"
 
 #include <gmock/gmock.h>
 
@@ -50,6 +52,11 @@ protected:
         return address;
     }
 
+    [[nodiscard]] static ADBServerAddress addressOf(const FileHandle& socket) {
+        ADBServerAddress address;
+        address.port = PhoneSockets::portOf(socket);
+        return address;
+    }
     /// Where no server listens.
     [[nodiscard]] static ADBServerAddress nowhere() {
         ADBServerAddress address;
@@ -59,6 +66,9 @@ protected:
 
     DeviceServices services_{{bus_, runner_, serverAddress(), QStringList{realADB()}}};
     DeviceServices servicesWithoutADB_{{bus_, runner_, nowhere(), QStringList()}};
+    /// Takes connections and never says a word.
+    const FileHandle silent_ = PhoneSockets::listenAt(u"127.0.0.1"_s, 0);
+    DeviceServices servicesThatHang_{{bus_, runner_, addressOf(silent_), QStringList()}};
     const std::shared_ptr<MemoryUserDefaults> defaults_ = std::make_shared<MemoryUserDefaults>();
 };
 
@@ -108,6 +118,17 @@ TEST_F(DeviceManagerADBTest, phoneShowsAtOnceWhenADBTellsOfIt) {
         server_.disconnect(serial());
         EXPECT_TRUE(eventually([&] { return udids().isEmpty(); }, 1s));
     }
+}
+
+TEST_F(DeviceManagerADBTest, serverThatHangsHoldsUpNeitherTheWindowNorOtherPhones) {
+    restart(servicesThatHang_);
+    const PluggedPhone plugged(bus_, phoneConfig("SERIAL", "1-1"));
+    StallWatch stalls;
+    manager_->startListening();
+    EXPECT_TRUE(eventually([&] { return hasStorage("SERIAL"); }, 3s));
+    turnFor(2s);
+    EXPECT_LT(stalls.longest(), 200) << "milliseconds";
+    EXPECT_EQ(udids(), QStringList{u"SERIAL"_s});
 }
 
 TEST_F(DeviceManagerADBTest, withoutADBThePhoneIsReadOverMTPAndTheUserSeesWhy) {
