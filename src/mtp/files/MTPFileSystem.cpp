@@ -480,7 +480,7 @@ std::optional<QByteArray> MTPFileSystem::thumbnail(const FileItem& file, qint64 
     return inTurn(call, file.path, [&](MTPTree& tree) -> std::optional<QByteArray> {
         if (!deviceInfo().announces(MTPOperationCode::getThumb))
             return std::nullopt;
-        const MTPFound found = tree.findItem(file, call.stop);
+        const MTPFound found = tree.findListed(file, call.stop);
         if (found.object.isDirectory())
             return std::nullopt;
         QByteArray picture;
