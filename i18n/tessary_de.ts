@@ -1728,6 +1728,10 @@
         <source>No program is known for this</source>
         <translation>Dafür ist kein Programm bekannt</translation>
     </message>
+    <message>
+        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
+        <translation>Sie verschwinden sofort und kommen nicht in das Album „Zuletzt gelöscht“ des Telefons.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::FactsView</name>

@@ -1728,6 +1728,10 @@
         <source>No program is known for this</source>
         <translation>No se conoce ningún programa para esto</translation>
     </message>
+    <message>
+        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
+        <translation>Desaparecen al momento y no pasan al álbum «Eliminado» del teléfono.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::FactsView</name>

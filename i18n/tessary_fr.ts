@@ -1728,6 +1728,10 @@
         <source>No program is known for this</source>
         <translation>Aucun programme connu pour cela</translation>
     </message>
+    <message>
+        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
+        <translation>Elles disparaissent immédiatement, sans passer par l’album « Supprimés récemment » du téléphone.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::FactsView</name>
@@ -1932,7 +1936,7 @@
     </message>
     <message>
         <source>Not everything arrived: the list of copies below says why.</source>
-        <translation>Tout n’est pas arrivé : la liste des copies ci-dessous dit pourquoi.</translation>
+        <translation>Tout n’est pas arrivé&#xa0;: la liste des copies ci-dessous dit pourquoi.</translation>
     </message>
     <message numerus="yes">
         <source>%Ln photos and videos imported</source>
@@ -1956,8 +1960,8 @@
     <message numerus="yes">
         <source>%Ln files stayed, the first because: %1</source>
         <translation>
-            <numerusform>%Ln fichier est resté, car : %1</numerusform>
-            <numerusform>%Ln fichiers sont restés, le premier car : %1</numerusform>
+            <numerusform>%Ln fichier est resté, car&#xa0;: %1</numerusform>
+            <numerusform>%Ln fichiers sont restés, le premier car&#xa0;: %1</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -1970,13 +1974,13 @@
     <message numerus="yes">
         <source>Delete %Ln photos and videos from the phone?</source>
         <translation>
-            <numerusform>Supprimer %Ln photo ou vidéo du téléphone ?</numerusform>
-            <numerusform>Supprimer %Ln photos et vidéos du téléphone ?</numerusform>
+            <numerusform>Supprimer %Ln photo ou vidéo du téléphone&#xa0;?</numerusform>
+            <numerusform>Supprimer %Ln photos et vidéos du téléphone&#xa0;?</numerusform>
         </translation>
     </message>
     <message>
         <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
-        <translation>Elles disparaissent immédiatement, sans passer par l’album « Supprimés récemment » du téléphone.</translation>
+        <translation>Elles disparaissent immédiatement, sans passer par l’album «&#xa0;Supprimés récemment&#xa0;» du téléphone.</translation>
     </message>
     <message>
         <source>Each copy on this computer is read once more before. This cannot be undone.</source>

@@ -1728,6 +1728,10 @@
         <source>No program is known for this</source>
         <translation>Nessun programma noto per questo</translation>
     </message>
+    <message>
+        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
+        <translation>Spariscono subito e non finiscono nell’album «Eliminati di recente» del telefono.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::FactsView</name>

@@ -1714,6 +1714,10 @@
         <source>No program is known for this</source>
         <translation>開けるアプリケーションがありません</translation>
     </message>
+    <message>
+        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
+        <translation>すぐに消え、デバイスのアルバム「最近削除した項目」には入りません。</translation>
+    </message>
 </context>
 <context>
     <name>tessary::FactsView</name>

@@ -1714,6 +1714,10 @@
         <source>No program is known for this</source>
         <translation>이 항목을 여는 프로그램이 없음</translation>
     </message>
+    <message>
+        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
+        <translation>즉시 사라지며 휴대폰의 “최근 삭제된 항목” 앨범으로 가지 않습니다.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::FactsView</name>

@@ -1728,6 +1728,10 @@
         <source>No program is known for this</source>
         <translation>Nenhum programa conhecido para isto</translation>
     </message>
+    <message>
+        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
+        <translation>Eles somem na hora e não vão para o álbum “Apagados” do telefone.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::FactsView</name>

@@ -1714,6 +1714,10 @@
         <source>No program is known for this</source>
         <translation>没有已知的程序可以打开它</translation>
     </message>
+    <message>
+        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
+        <translation>它们会立即消失，不会进入手机的“最近删除”相簿。</translation>
+    </message>
 </context>
 <context>
     <name>tessary::FactsView</name>

@@ -1714,6 +1714,10 @@
         <source>No program is known for this</source>
         <translation>沒有已知的程式可以開啟它</translation>
     </message>
+    <message>
+        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
+        <translation>它們會立即消失，不會進入手機的「最近刪除」相簿。</translation>
+    </message>
 </context>
 <context>
     <name>tessary::FactsView</name>

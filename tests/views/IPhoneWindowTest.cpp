@@ -139,6 +139,16 @@ TEST_F(PhotosIPhoneWindowTest, theyAreAVolumeBesideTheApps) {
     window_->browser().selectAll();
     window_->browserView().actions().download->trigger();
     EXPECT_TRUE(wait([this] { return local_.read(u"IMG_0001.JPG"_s) == "a picture"; }));
+    // What is deleted here is gone in another way than on the phone.
+    QString asked;
+    QTimer::singleShot(50, window_.get(), [&asked] {
+        auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(question, nullptr);
+        asked = question->informativeText();
+        question->reject();
+    });
+    window_->browserView().actions().remove->trigger();
+    EXPECT_TRUE(asked.contains(u"Recently Deleted"_s)) << asked.toStdString();
 
     window_->browser().clearSelection();
     window_->browserView().actions().favorite->trigger();

@@ -187,7 +187,11 @@ void EntryCommands::remove() {
             ? tr("“%1” will be deleted from the phone.").arg(printable(selected.front().name))
             : tr("%Ln items will be deleted from the phone.", nullptr,
                  static_cast<int>(selected.size()));
-    question.setInformativeText(what + QLatin1Char(' ') + tr("This cannot be undone."));
+    QStringList sentences{what};
+    if (browser_.isMedia())
+        sentences << tr("They go at once, and not to the phone's album “Recently Deleted”.");
+    sentences << tr("This cannot be undone.");
+    question.setInformativeText(sentences.join(QLatin1Char(' ')));
     QAbstractButton* remove = question.addButton(tr("Delete"), QMessageBox::DestructiveRole);
     question.setDefaultButton(question.addButton(QMessageBox::Cancel));
     makePlain(question);
