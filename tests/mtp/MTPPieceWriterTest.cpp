@@ -9,10 +9,17 @@ using enum MTPOperationCode;
 constexpr qint64 fileSize = MTPPieceWriter::smallestFile + MTPPieceWriter::checkpoint + 12'345;
 const QDateTime date{QDate(2020, 2, 29), QTime(12, 34, 56)};
 
+/// Bytes that tell where they belong: a block whose length no piece is a multiple of, repeated.
 QByteArray contentOf(qint64 from, qint64 to) {
-    QByteArray bytes(to - from, Qt::Uninitialized);
-    for (qint64 n = from; n < to; ++n)
-        bytes[n - from] = static_cast<char>(n * 31 + n / 251);
+    static const QByteArray block = manyBytes(65'521);
+    QByteArray bytes;
+    bytes.reserve(to - from);
+    for (qint64 at = from; at < to;) {
+        const qint64 inBlock = at % block.size();
+        const qint64 count = std::min(block.size() - inBlock, to - at);
+        bytes.append(block.constData() + inBlock, count);
+        at += count;
+    }
     return bytes;
 }
 
