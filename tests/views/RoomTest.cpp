@@ -99,6 +99,10 @@ TEST(GridNames, areCutInTheMiddleOfTheLastOfThreeLines) {
     const QString numbered = u"IMG_20310704_183000_a very long name of a picture that goes on and "
                              u"on until its number 0042.jpg"_s;
     EXPECT_THAT(GridItemDelegate::linesOf(u"a.txt"_s, font, width), ElementsAre(u"a.txt"_s));
+    const QStringList parted = GridItemDelegate::linesOf(u"IMG_20241121_011000.png"_s, font, width);
+    EXPECT_EQ(parted.join(QString()), u"IMG_20241121_011000.png"_s);
+    EXPECT_TRUE(parted.size() == 1 || parted.front() == u"IMG_20241121_"_s)
+        << "not within a number: " << parted.front().toStdString();
     const QStringList lines = GridItemDelegate::linesOf(numbered, font, width);
     ASSERT_EQ(lines.size(), GridItemDelegate::mostLines);
     EXPECT_TRUE(lines.last().endsWith(u"2.jpg"_s)) << lines.last().toStdString();

@@ -4,6 +4,7 @@
 
 #include <QAbstractItemView>
 #include <QHelpEvent>
+#include <QListView>
 #include <QPainter>
 #include <QTextLayout>
 #include <QToolTip>
@@ -31,8 +32,18 @@ QRect nameOf(const QStyleOptionViewItem& option) {
 
 } // namespace
 
-QStringList GridItemDelegate::linesOf(const QString& name, const QFont& font, int width) {
-    // A name has few blanks: it is cut wherever a line is full.
+QStringList GridItemDelegate::linesOf(const QString& plain, const QFont& font, int width) {
+    // A name has few blanks: it is parted at other signs, too, or else wherever a line is full.
+    constexpr QChar mayBreak(0x200B);
+    constexpr QLatin1StringView partingSigns("_-.");
+    QString name;
+    name.reserve(2 * plain.size());
+    for (const QChar sign : plain) {
+        name += sign;
+        if (partingSigns.contains(sign))
+            name += mayBreak;
+    }
+    const auto shown = [](QString line) { return line.remove(mayBreak).trimmed(); };
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     QTextLayout layout(name, font);
@@ -42,11 +53,11 @@ QStringList GridItemDelegate::linesOf(const QString& name, const QFont& font, in
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
         line.setLineWidth(width);
         if (lines.size() + 1 == mostLines) {
-            lines.append(
-                QFontMetrics(font).elidedText(name.mid(line.textStart()), Qt::ElideMiddle, width));
+            lines.append(QFontMetrics(font).elidedText(shown(name.mid(line.textStart())),
+                                                       Qt::ElideMiddle, width));
             break;
         }
-        lines.append(name.mid(line.textStart(), line.textLength()).trimmed());
+        lines.append(shown(name.mid(line.textStart(), line.textLength())));
     }
     layout.endLayout();
     return lines;
@@ -102,6 +113,12 @@ void GridItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& plai
         painter->drawRoundedRect(ground, radius, radius);
     }
     painter->restore();
+}
+
+QSize GridItemDelegate::sizeHint(const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const {
+    const auto* grid = qobject_cast<const QListView*>(option.widget);
+    return grid != nullptr ? grid->gridSize() : FileItemDelegate::sizeHint(option, index);
 }
 
 void GridItemDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
