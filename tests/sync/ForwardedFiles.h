@@ -62,6 +62,25 @@ public:
             {file.folder, file.name, file.size, datesItself ? std::nullopt : file.modified}, source,
             progress, call);
     }
+    std::vector<std::optional<QByteArray>> readTogether(const std::vector<FileItem>& files,
+                                                        const Call& call) override {
+        come();
+        return files_.readTogether(files, call);
+    }
+    std::vector<std::optional<FileItem>>
+    writeTogether(const QString& folder, const std::vector<SmallFile>& files,
+                  const std::function<bool(std::size_t)>& isWanted, const ByteProgress& progress,
+                  const Call& call) override {
+        come();
+        return files_.writeTogether(
+            folder, files,
+            [&](std::size_t place) {
+                if (beforePiece)
+                    beforePiece();
+                return isWanted(place);
+            },
+            progress, call);
+    }
     FileItem makeFolder(const QString& parent, const QString& name, const Call& call) override {
         come();
         return files_.makeFolder(parent, name, call);

@@ -8,7 +8,12 @@
 #include <QDirIterator>
 #include <gtest/gtest.h>
 
+#include <array>
+#include <ctime>
 #include <map>
+
+#include <fcntl.h>
+#include <sys/stat.h>
 
 namespace tessary {
 
@@ -61,7 +66,7 @@ protected:
         while (walk.hasNext()) {
             QFile file(walk.next());
             if (walk.fileName() == SyncManifest::fileName ||
-                walk.fileName().startsWith(PartFile::namePrefix))
+                walk.filePath().contains(QLatin1Char('/') + PartFile::namePrefix))
                 continue;
             EXPECT_TRUE(file.open(QIODevice::ReadOnly));
             files[QDir(folder).relativeFilePath(file.fileName())] = file.readAll();
@@ -73,7 +78,8 @@ protected:
         QStringList found;
         for (const QString& folder : {localFolder(), phoneFolder()}) {
             QDirIterator walk(folder, {PartFile::namePrefix + QLatin1Char('*')},
-                              QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+                              QDir::Files | QDir::Dirs | QDir::Hidden,
+                              QDirIterator::Subdirectories);
             while (walk.hasNext())
                 found.append(walk.next());
         }
@@ -81,12 +87,10 @@ protected:
     }
     /// Lets what is left over become old enough to be removed.
     void age() {
-        for (const QString& path : parts()) {
-            QFile file(path);
-            ASSERT_TRUE(file.open(QIODevice::ReadWrite) &&
-                        file.setFileTime(QDateTime::currentDateTime().addSecs(-3600),
-                                         QFileDevice::FileModificationTime));
-        }
+        const timespec then{::time(nullptr) - 3600, 0};
+        const std::array times{then, then};
+        for (const QString& path : parts())
+            ASSERT_EQ(::utimensat(AT_FDCWD, qUtf8Printable(path), times.data(), 0), 0);
     }
     [[nodiscard]] Files hereFiles() const {
         return below(localFolder());

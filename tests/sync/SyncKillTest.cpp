@@ -149,6 +149,10 @@ TYPED_TEST(SyncKillTest, nothingIsLostWheneverTheProgramIsKilled) {
         this->removeOnPhone(u"gone there"_s);
         this->here(u"d/up"_s, large("up"));
         this->onPhone(u"e/down"_s, large("down"));
+        for (int n = 0; n < 4; ++n) { // these may go together
+            this->here(u"d/small %1"_s.arg(n), "small here" + QByteArray::number(n));
+            this->onPhone(u"e/small %1"_s.arg(n), "small there" + QByteArray::number(n));
+        }
         this->here(u"both"_s, "mine");
         this->onPhone(u"both"_s, "theirs");
         const bool wasKilled = this->run(changes);
@@ -156,7 +160,8 @@ TYPED_TEST(SyncKillTest, nothingIsLostWheneverTheProgramIsKilled) {
         this->age();
         (void)this->run();
         EXPECT_TRUE(this->hereFiles() == this->phoneFiles());
-        this->expectAll({large("3"), large("4"), large("up"), large("down"), "mine", "theirs"});
+        this->expectAll({large("3"), large("4"), large("up"), large("down"), "mine", "theirs",
+                         "small here0", "small here3", "small there0", "small there3"});
         EXPECT_FALSE(this->hereFiles().contains(u"gone"_s));
         EXPECT_FALSE(this->hereFiles().contains(u"gone there"_s));
         EXPECT_THAT(this->parts(), IsEmpty());

@@ -117,6 +117,10 @@ TYPED_TEST(SyncWaysTest, killedAtAnyStepARunLosesNothing) {
         this->removeHere(u"gone"_s);
         this->here(u"d/up"_s, "up");
         this->onPhone(u"e/down"_s, "down");
+        for (int n = 0; n < 4; ++n) { // these may go together
+            this->here(u"d/small %1"_s.arg(n), "small here" + QByteArray::number(n));
+            this->onPhone(u"e/small %1"_s.arg(n), "small there" + QByteArray::number(n));
+        }
         this->here(u"both"_s, "mine");
         this->onPhone(u"both"_s, "theirs");
         this->killAt_ = at;

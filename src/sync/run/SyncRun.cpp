@@ -16,6 +16,7 @@
 #include <QUuid>
 
 #include <algorithm>
+#include <span>
 
 namespace tessary {
 
@@ -283,8 +284,8 @@ void SyncRun::carryOut(const SyncPlan& plan) {
                       [this](const QStringList& paths) { return forgetMoved(paths); });
     std::size_t reached = 0;
     try {
-        for (; reached < plan.actions.size(); ++reached)
-            worker.carryOut(plan.actions[reached]);
+        while (reached < plan.actions.size())
+            reached += worker.carryOutFirst(std::span(plan.actions).subspan(reached));
         worker.finish(deviceTree_);
     } catch (const Error& error) {
         recordBrokenOff(worker, plan, reached + 1, !endsEverything(error));

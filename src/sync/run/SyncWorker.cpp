@@ -6,6 +6,7 @@
 #include "sync/plan/SyncError.h"
 #include "sync/run/SyncContents.h"
 #include "transfer/copy/CopyErrors.h"
+#include "transfer/copy/SmallFiles.h"
 
 #include <algorithm>
 
@@ -66,7 +67,7 @@ void SyncWorker::enter(const QString& path, const SyncFile& local, const SyncFil
 
 void SyncWorker::keepRecord(const Action& action) {
     if (action.record != nullptr)
-        files_.insert_or_assign(action.relativePath, *action.record);
+        files_.try_emplace(action.relativePath, *action.record);
 }
 
 void SyncWorker::carryOut(const Action& action) {
@@ -151,9 +152,97 @@ void SyncWorker::transfer(const Action& action, bool toDevice) {
             {toDevice, path, source, syncFileOf(arrived), source.size, action.record != nullptr});
         return;
     }
-    const SyncFile there = syncFileOf(arrived);
-    enter(path, toDevice ? source : there, toDevice ? there : source, true);
-    addItem(deedOf(action), path, source.size);
+    noteTransfer(action, syncFileOf(arrived));
+}
+
+void SyncWorker::noteTransfer(const Action& action, const SyncFile& arrived) {
+    const bool toDevice = action.kind == Kind::upload;
+    const SyncFile& source = toDevice ? *action.local : *action.device;
+    enter(action.relativePath, toDevice ? source : arrived, toDevice ? arrived : source, true);
+    addItem(deedOf(action), action.relativePath, source.size);
+}
+
+std::size_t SyncWorker::carryOutFirst(std::span<const Action> actions) {
+    const std::size_t count = countTogether(actions);
+    if (count < 2) {
+        carryOut(actions.front());
+        return 1;
+    }
+    carryOutTogether(actions.first(count));
+    return count;
+}
+
+/// How many of the actions are new small files of one folder that go the same way.
+std::size_t SyncWorker::countTogether(std::span<const Action> actions) const {
+    const auto sourceOf = [](const Action& action) -> const SyncFile* {
+        const bool isNew = (action.kind == Kind::upload && action.device == nullptr) ||
+                           (action.kind == Kind::download && action.local == nullptr);
+        const SyncFile* source = action.kind == Kind::upload ? action.local : action.device;
+        return isNew && !action.deletesSource && source != nullptr &&
+                       source->size <= SmallFiles::largestFile
+                   ? source
+                   : nullptr;
+    };
+    const Action& first = actions.front();
+    if (sourceOf(first) == nullptr)
+        return 0;
+    const auto can = transfer_.side(true).files().capabilities(transfer_.call());
+    if (first.kind == Kind::upload ? !can.writesTogether : !can.readsTogether)
+        return 0;
+    std::size_t count = 0;
+    qint64 bytes = 0;
+    for (const Action& action : actions) {
+        const SyncFile* source = sourceOf(action);
+        if (source == nullptr || action.kind != first.kind ||
+            folderOf(action.relativePath) != folderOf(first.relativePath) ||
+            count == SmallFiles::mostFiles || bytes >= SmallFiles::mostBytes)
+            break;
+        bytes += source->size;
+        ++count;
+    }
+    return count;
+}
+
+void SyncWorker::carryOutTogether(std::span<const Action> actions) {
+    throwIfStopped(transfer_.call().stop);
+    const bool toDevice = actions.front().kind == Kind::upload;
+    SyncSide& from = transfer_.side(!toDevice);
+    SyncSide& to = transfer_.side(toDevice);
+    progress_.beginFile(toDevice ? QStringLiteral("Uploading") : QStringLiteral("Downloading"),
+                        actions.front().relativePath);
+    std::vector<std::optional<FileItem>> made(actions.size());
+    try {
+        SmallFiles files;
+        for (const Action& action : actions)
+            files.add({from.itemOf(action.relativePath, toDevice ? *action.local : *action.device),
+                       lastComponent(action.relativePath)});
+        const QString folder = to.makeFoldersAbove(actions.front().relativePath, transfer_.call());
+        made = files.copy(from.files(), to.files(), folder, true, byteProgress(), transfer_.call());
+    } catch (const Error& error) {
+        if (endsCopy(error)) {
+            for (const Action& action : actions)
+                keepRecord(action);
+            throw;
+        }
+        // Each alone says why.
+    } catch (...) {
+        for (const Action& action : actions)
+            keepRecord(action);
+        throw;
+    }
+    for (std::size_t n = 0; n < actions.size(); ++n) {
+        if (!made[n])
+            continue;
+        const SyncFile arrived = syncFileOf(*made[n]);
+        report_.transferredBytes += arrived.size;
+        if (toDevice)
+            sent_.insert_or_assign(actions[n].relativePath, arrived);
+        noteTransfer(actions[n], arrived);
+        progress_.endFile(actions[n].bytes());
+    }
+    for (std::size_t n = 0; n < actions.size(); ++n)
+        if (!made[n])
+            carryOut(actions[n]);
 }
 
 void SyncWorker::resolveConflict(const Action& action) {

@@ -8,6 +8,7 @@
 #include <functional>
 #include <map>
 #include <set>
+#include <span>
 #include <vector>
 
 namespace tessary {
@@ -26,6 +27,9 @@ public:
                SyncRunProgress& progress, SyncReport& report, ForgetFiles forget);
 
     void carryOut(const SyncPlannedAction& action);
+    /// Carries out the first action, or the first few: small new files of one folder go together
+    /// where the phone takes or sends them so. How many they were.
+    std::size_t carryOutFirst(std::span<const SyncPlannedAction> actions);
     /// Notes an action that is not carried out any more: its record stays.
     void keepRecord(const SyncPlannedAction& action);
     /// Deletes what was moved, removes folders that became empty, and looks at what was sent as the
@@ -48,8 +52,11 @@ private:
         bool isRecorded = false; ///< an earlier run recorded a file of this name
     };
 
+    [[nodiscard]] std::size_t countTogether(std::span<const Action> actions) const;
+    void carryOutTogether(std::span<const Action> actions);
     void act(const Action& action);
     void transfer(const Action& action, bool toDevice);
+    void noteTransfer(const Action& action, const SyncFile& arrived);
     void resolveConflict(const Action& action);
     void keepLoserOnBoth(const Action& action, bool deviceWins);
     void keepLoserAtTarget(const Action& action);
