@@ -102,10 +102,6 @@ class GadgetTest(Test):
     def broken_off_upload_goes_on(self):
         return self.copy_twice(f"put {self.device} /tmp/film /", "/tmp/phone")
 
-    def broken_off_download_goes_on(self):
-        self.shell("mkdir -p /tmp/home")
-        return self.copy_twice(f"get {self.device} /film /tmp/home/film", "/tmp/home")
-
     def copy_twice(self, command, target):
         """Pulls the cable at 70 %, and copies again."""
         self.start_long_copy(command, then=UNPLUG, mebibytes=FILM * 7 // 10)
@@ -144,7 +140,6 @@ def run(arguments, scratch):
             test.sizes_beyond_32_bits_are_told,
             test.edge_sizes_go_there_and_back,
             test.broken_off_upload_goes_on,
-            test.broken_off_download_goes_on,
             test.vendor_specific_interface_is_a_phone,
         ]
 
