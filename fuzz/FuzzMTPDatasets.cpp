@@ -8,10 +8,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const ByteView input = fuzzInput(data, size);
     const auto storage = MTPPacketCodec::decodeStorageInfo(input, 1);
     require(storage.has_value() == (size >= 26));
-    if (storage) {
+    if (storage)
         require(!storage->storageDescription.isEmpty());
-        require(storage->usagePercentage() >= 0 && storage->usagePercentage() <= 1);
-    }
     auto object = MTPPacketCodec::decodeObjectInfo(input, 7);
     require(object.has_value() == (size >= 52));
     if (object) {

@@ -95,14 +95,6 @@ void PhoneQueue::closeWhenIdle(const void* owner, std::function<void()> close) {
         idleThread_ = std::jthread([this](const std::stop_token& stop) { watchIdleness(stop); });
 }
 
-void PhoneQueue::closeConnections() {
-    std::unique_lock lock(mutex_);
-    const QHash<const void*, std::function<void()>> closers = closers_;
-    lock.unlock();
-    for (const auto& close : closers)
-        close();
-}
-
 void PhoneQueue::forget(const void* owner) {
     std::unique_lock lock(mutex_);
     changed_.wait(lock, [this] { return !isTaken_; });

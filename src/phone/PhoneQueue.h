@@ -74,8 +74,6 @@ public:
     /// not been used for the idle time; again after each later use. Called by who has a turn.
     /// `owner` is what forget() takes it back by.
     void closeWhenIdle(const void* owner, std::function<void()> close);
-    /// Closes the connections at once: called by who has a turn and opens one of another kind.
-    void closeConnections();
     /// Waits for a closing that is under way.
     void forget(const void* owner);
 

@@ -2,7 +2,7 @@
 
 #include "base/threads/CancellationError.h"
 #include "mtp/client/MTPUSBTransport.h"
-#include "mtp/client/MockMTPTransport.h"
+#include "mtp/MockMTPTransport.h"
 #include "support/MTPContainers.h"
 #include "support/MTPFailure.h"
 #include "support/ScriptedUSBBus.h"

@@ -28,10 +28,6 @@ public:
     PartFile(const PartFile&) = delete;
     PartFile& operator=(const PartFile&) = delete;
 
-    /// Where the bytes go until commit().
-    [[nodiscard]] QString temporaryPath() const {
-        return file_.fileName();
-    }
     void write(ByteView bytes);
     [[nodiscard]] qint64 size() const {
         return size_;

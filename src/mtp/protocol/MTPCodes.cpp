@@ -24,14 +24,6 @@ std::optional<Code> inRange(std::uint16_t raw, Code first, int count) {
     return static_cast<Code>(raw);
 }
 
-constexpr std::array extendedOperations{
-    MTPOperationCode::getObjectPropsSupported,  MTPOperationCode::getObjectPropDesc,
-    MTPOperationCode::getObjectPropValue,       MTPOperationCode::setObjectPropValue,
-    MTPOperationCode::getObjectPropList,        MTPOperationCode::androidGetPartialObject64,
-    MTPOperationCode::androidSendPartialObject, MTPOperationCode::androidTruncateObject,
-    MTPOperationCode::androidBeginEditObject,   MTPOperationCode::androidEndEditObject,
-};
-
 constexpr std::array formats{
     MTPObjectFormat::undefined,
     MTPObjectFormat::associationFolder,
@@ -73,20 +65,6 @@ constexpr std::array properties{
 
 std::optional<MTPContainerType> mtpContainerTypeFromRaw(std::uint16_t raw) {
     return inRange(raw, MTPContainerType::undefined, 5);
-}
-
-std::optional<MTPOperationCode> mtpOperationCodeFromRaw(std::uint16_t raw) {
-    if (const auto code = inRange(raw, MTPOperationCode::getDeviceInfo, 27))
-        return code;
-    return find(extendedOperations, raw);
-}
-
-std::optional<MTPResponseCode> mtpResponseCodeFromRaw(std::uint16_t raw) {
-    return inRange(raw, MTPResponseCode::ok, 32);
-}
-
-std::optional<MTPEventCode> mtpEventCodeFromRaw(std::uint16_t raw) {
-    return inRange(raw, MTPEventCode::undefined, 15);
 }
 
 std::optional<MTPObjectFormat> mtpObjectFormatFromRaw(std::uint16_t raw) {

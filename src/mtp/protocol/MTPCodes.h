@@ -170,9 +170,6 @@ inline constexpr std::uint32_t mtpRootHandle = 0xFFFFFFFF;
 
 // Each gives the case of a raw code, or no value for a code that is not in its table.
 [[nodiscard]] std::optional<MTPContainerType> mtpContainerTypeFromRaw(std::uint16_t raw);
-[[nodiscard]] std::optional<MTPOperationCode> mtpOperationCodeFromRaw(std::uint16_t raw);
-[[nodiscard]] std::optional<MTPResponseCode> mtpResponseCodeFromRaw(std::uint16_t raw);
-[[nodiscard]] std::optional<MTPEventCode> mtpEventCodeFromRaw(std::uint16_t raw);
 [[nodiscard]] std::optional<MTPObjectFormat> mtpObjectFormatFromRaw(std::uint16_t raw);
 [[nodiscard]] std::optional<MTPObjectProperty> mtpObjectPropertyFromRaw(std::uint16_t raw);
 

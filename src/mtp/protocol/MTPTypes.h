@@ -87,15 +87,6 @@ struct MTPStorageInfo {
     [[nodiscard]] bool isReadOnly() const {
         return accessCapability != 0;
     }
-    [[nodiscard]] std::uint64_t usedSpaceInBytes() const {
-        return freeSpaceInBytes > maxCapacity ? 0 : maxCapacity - freeSpaceInBytes;
-    }
-    /// A fraction between 0 and 1; 0 for an unknown capacity.
-    [[nodiscard]] double usagePercentage() const {
-        return maxCapacity == 0
-                   ? 0.0
-                   : static_cast<double>(usedSpaceInBytes()) / static_cast<double>(maxCapacity);
-    }
 
     bool operator==(const MTPStorageInfo&) const = default;
 };

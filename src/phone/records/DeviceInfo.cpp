@@ -38,25 +38,12 @@ QString rawValue(DevicePlatform platform) {
     return platformTable[static_cast<std::size_t>(platform)].rawValue;
 }
 
-std::optional<DevicePlatform> devicePlatformFromRawValue(const QString& text) {
-    for (const PlatformRow& row : platformTable)
-        if (row.rawValue == text)
-            return row.platform;
-    return std::nullopt;
-}
-
 QString systemImage(DevicePlatform platform) {
     return platformTable[static_cast<std::size_t>(platform)].systemImage;
 }
 
 std::uint32_t rawValue(ConnectionType type) {
     return static_cast<std::uint32_t>(type);
-}
-
-std::optional<ConnectionType> connectionTypeFromRawValue(std::uint32_t raw) {
-    if (raw == 1 || raw == 2)
-        return static_cast<ConnectionType>(raw);
-    return std::nullopt;
 }
 
 QString rawValue(ProtocolMode mode) {

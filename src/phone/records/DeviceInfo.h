@@ -17,14 +17,12 @@ enum class DevicePlatform { iOS, android };
 inline constexpr std::array allDevicePlatforms{DevicePlatform::iOS, DevicePlatform::android};
 
 [[nodiscard]] QString rawValue(DevicePlatform platform);
-[[nodiscard]] std::optional<DevicePlatform> devicePlatformFromRawValue(const QString& text);
 [[nodiscard]] QString systemImage(DevicePlatform platform);
 
 /// How a device is attached; the numbers are those of the USB multiplexer's device list.
 enum class ConnectionType : std::uint32_t { usb = 1, network = 2 };
 
 [[nodiscard]] std::uint32_t rawValue(ConnectionType type);
-[[nodiscard]] std::optional<ConnectionType> connectionTypeFromRawValue(std::uint32_t raw);
 
 /// How the files of a device are reached. The raw value is also the label that the user sees.
 enum class ProtocolMode { afc, mtp, adbTurbo };

@@ -49,13 +49,6 @@ QString rawValue(FileCategory category) {
     return row(category).rawValue;
 }
 
-std::optional<FileCategory> fileCategoryFromRawValue(const QString& text) {
-    for (const CategoryRow& entry : categoryTable)
-        if (entry.rawValue == text)
-            return entry.category;
-    return std::nullopt;
-}
-
 QString sfSymbol(FileCategory category) {
     return row(category).sfSymbol;
 }

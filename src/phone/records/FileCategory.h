@@ -4,7 +4,6 @@
 #include <QStringView>
 
 #include <array>
-#include <optional>
 
 namespace tessary {
 
@@ -17,7 +16,6 @@ inline constexpr std::array allFileCategories{
 
 /// The name that the user sees.
 [[nodiscard]] QString rawValue(FileCategory category);
-[[nodiscard]] std::optional<FileCategory> fileCategoryFromRawValue(const QString& text);
 [[nodiscard]] QString sfSymbol(FileCategory category);
 
 /// The category of a file by its lower-cased extension; `other` for an unknown or empty one.

@@ -97,13 +97,4 @@ QString SyncPair::modeDisplayName() const {
     return rawValue(SyncMode::biDirectional);
 }
 
-QString SyncPair::displayRemotePath() const {
-    if (remoteFolderPath.isEmpty() || remoteFolderPath == View("/"))
-        return appName + QStringLiteral(" (Root)");
-    if (appBundleID == deviceStorage)
-        return appName + QStringLiteral(": ") + remoteFolderPath;
-    return appName + QStringLiteral(" / ") +
-           remoteFolderPath.section(QLatin1Char('/'), -1, -1, QString::SectionSkipEmpty);
-}
-
 } // namespace tessary

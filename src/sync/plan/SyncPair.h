@@ -96,7 +96,6 @@ struct SyncPair {
         return moveFilesEnabled && syncMode != SyncMode::biDirectional;
     }
     [[nodiscard]] QString modeDisplayName() const;
-    [[nodiscard]] QString displayRemotePath() const;
 
     bool operator==(const SyncPair&) const = default;
 };

@@ -1,4 +1,4 @@
-#include "mtp/client/MockMTPTransport.h"
+#include "mtp/MockMTPTransport.h"
 
 #include "base/threads/CancellationError.h"
 #include "mtp/protocol/MTPPacketCodec.h"
