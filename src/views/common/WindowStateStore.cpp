@@ -7,6 +7,7 @@
 #include <QMainWindow>
 #include <QScopedValueRollback>
 #include <QScreen>
+#include <QSignalBlocker>
 #include <QSplitter>
 
 #include <algorithm>
@@ -89,6 +90,7 @@ void WindowStateStore::restoreWindow() {
     }
     // The first column takes what the others leave.
     const QJsonArray columns = kept.value(View("columns")).toArray();
+    const QSignalBlocker asTheyWere(parts_.columns); // none of them gives room to its neighbour
     for (int i = 1; i < parts_.columns.count() && i - 1 < columns.size(); ++i)
         if (const int width = columns.at(i - 1).toInt(); width > 0)
             parts_.columns.resizeSection(i, std::clamp(width, narrowestColumn, widestColumn));
