@@ -46,11 +46,16 @@ TEST(CompetingPrograms, areKnownByTheWholeNameOfTheirExecutable) {
         const char* name;
         bool holdsPhones;
         bool isEnded;
-    } rows[] = {{"gvfsd-mtp", true, true},        {"gvfsd-gphoto2", true, true},
-                {"jmtpfs", true, true},           {"android-file-tr", true, true},
-                {"kiod5", false, true},           {"kiod6", false, true},
-                {"gvfsd", false, false},          {"my-jmtpfs", false, false},
-                {"gvfsd-mtp-viewer", false, false}, {"tessary", false, false}};
+    } rows[] = {{"gvfsd-mtp", true, true},
+                {"gvfsd-gphoto2", true, true},
+                {"jmtpfs", true, true},
+                {"android-file-tr", true, true},
+                {"kiod5", false, true},
+                {"kiod6", false, true},
+                {"gvfsd", false, false},
+                {"my-jmtpfs", false, false},
+                {"gvfsd-mtp-viewer", false, false},
+                {"tessary", false, false}};
     for (const auto& row : rows) {
         const auto matches = [&](const QStringList& call) {
             return QRegularExpression(QRegularExpression::anchoredPattern(call.last()))

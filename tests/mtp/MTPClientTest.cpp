@@ -1,8 +1,8 @@
 #include "mtp/client/MTPClient.h"
 
 #include "base/threads/CancellationError.h"
-#include "mtp/client/MTPUSBTransport.h"
 #include "mtp/MockMTPTransport.h"
+#include "mtp/client/MTPUSBTransport.h"
 #include "support/MTPContainers.h"
 #include "support/MTPFailure.h"
 #include "support/ScriptedUSBBus.h"

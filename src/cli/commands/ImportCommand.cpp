@@ -23,11 +23,10 @@ void importPhotos(CliSession& session) {
     ImportSummary summary{found, plan, {}};
     if (!request.isDryRun) {
         found.ledger->add(plan.alreadyHere);
-        summary.outcome =
-            plan.items.empty()
-                ? CopyOutcome()
-                : runCopy(session, importRequest(session.sharedFiles(), to, std::move(plan),
-                                                 found.ledger));
+        summary.outcome = plan.items.empty()
+                              ? CopyOutcome()
+                              : runCopy(session, importRequest(session.sharedFiles(), to,
+                                                               std::move(plan), found.ledger));
     }
     if (request.json)
         session.print(toJson(summary));
@@ -35,8 +34,7 @@ void importPhotos(CliSession& session) {
         for (const QString& line : linesOf(summary))
             session.printLine(line);
     for (const UnreadableEntry& entry : found.unreadable)
-        session.fail(
-            QStringLiteral("Not listed: %1: %2").arg(entry.path, reasonText(entry.error)));
+        session.fail(QStringLiteral("Not listed: %1: %2").arg(entry.path, reasonText(entry.error)));
     if (summary.outcome)
         sayLeftOut(session, *summary.outcome);
 }

@@ -39,8 +39,8 @@ public:
     /// MTPTransportProtocol::setEventReceiver() of the transport; before openSession().
     void setEventReceiver(std::function<void(const MTPEvent&)> receiver);
 
-    /// From now on `stop` ends any call early, with CancellationError, except closeSession(). May be
-    /// called before openSession().
+    /// From now on `stop` ends any call early, with CancellationError, except closeSession(). May
+    /// be called before openSession().
     void setStop(std::stop_token stop);
     /// Whether the last transaction ran to its end. If not, the next one first brings the device
     /// to rest, which may take a while.

@@ -105,8 +105,8 @@ private:
     std::stop_source stopPreview_;
     std::optional<SyncQuestion> question_;
     std::function<void(SyncAnswer)> completion_;
-    QUuid askedBy_;        ///< the pair whose run asked
-    QSet<QString> ready_;  ///< devices whose files can be read, by udid
+    QUuid askedBy_;       ///< the pair whose run asked
+    QSet<QString> ready_; ///< devices whose files can be read, by udid
     std::optional<QUuid> troubledPair_;
     QSet<QUuid> byItself_; ///< pairs whose runs nobody asked for
 };
