@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <string_view>
 
 using namespace Qt::StringLiterals;
 using namespace tessary;
@@ -105,10 +106,15 @@ TEST_F(SandboxTest, onlyWhatWasHandedInCanBeUsed) {
         {"plain", "asynchronous calls", refused},
         {"plain", "kernel programs", refused},
     };
-    for (const auto& row : rows)
+    for (const auto& row : rows) {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+        if (std::string_view(row.action) == "take 512 MB")
+            continue; // sanitizers need address space without end: there is no limit then
+#endif
         EXPECT_THAT(outcome(QString::fromLatin1(row.rules), QString::fromLatin1(row.action)),
                     row.outcome)
             << row.rules << ", " << row.action;
+    }
     EXPECT_EQ(folder_.names(), (QStringList{u"kept"_s, u"readable"_s, u"secret"_s, u"socket"_s}));
     EXPECT_EQ(folder_.read(u"secret"_s), "secret");
 }

@@ -1,5 +1,6 @@
 #include "platform/desktop/DesktopPrograms.h"
 
+#include <QCollator>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -208,13 +209,14 @@ std::vector<DesktopProgram> programsFor(const QString& fileName, const QString& 
                 programs.push_back(std::move(program));
         }
     }
+    const QCollator collator;
     std::ranges::sort(programs, [&](const DesktopProgram& left, const DesktopProgram& right) {
         const auto rank = [&](const DesktopProgram& program) {
             const qsizetype place = associations.added.indexOf(program.id);
             return place < 0 ? associations.added.size() : place;
         };
         return rank(left) != rank(right) ? rank(left) < rank(right)
-                                         : QString::localeAwareCompare(left.name, right.name) < 0;
+                                         : collator.compare(left.name, right.name) < 0;
     });
     return programs;
 }
