@@ -50,6 +50,8 @@ public:
                               {QStringLiteral("-u"), QStringLiteral("-z"), path()});
         if (thread_.joinable())
             thread_.join();
+        if (isMounted_)
+            fuse_unmount(fuse_); // what is left of it
         if (fuse_ != nullptr)
             fuse_destroy(fuse_);
     }
