@@ -6,7 +6,9 @@
 #include "base/text/PathNames.h"
 
 #include <algorithm>
+#include <chrono>
 #include <exception>
+#include <thread>
 #include <utility>
 
 namespace tessary {
@@ -34,6 +36,10 @@ ADBSmallFiles::~ADBSmallFiles() {
         return;
     try {
         session_.close();
+        removePart({});
+        // What was still on its way when the stream was closed may have made the folder again.
+        constexpr std::chrono::milliseconds lateArrivals(400);
+        std::this_thread::sleep_for(lateArrivals);
         removePart({});
     } catch (const Error&) {
         // the failure that led here is the one to report
