@@ -130,12 +130,14 @@ TEST_F(EntryChangesTest, whatThePhoneCannotMoveIsCopiedAndRemoved) {
 
 TEST_F(EntryChangesTest, copiesBesideTheirSourceAreNumberedUnasked) {
     bool hasClashes = true;
-    browser_.copies().prepareTransfer(files_,
-                                      {files_->item(u"/root/b.txt"_s), files_->item(u"/root/a"_s)},
-                                      {}, [&](const PreparedCopy& copy) {
-                                          hasClashes = copy.parts.front().check.hasClashes();
-                                          browser_.copies().start(copy, {});
-                                      });
+    browser_.copies().prepareTransfer(
+        files_, {files_->item(u"/root/b.txt"_s), files_->item(u"/root/a"_s)}, {},
+        [&](const PreparedCopy& copy) {
+            hasClashes = std::ranges::any_of(copy.parts.front().check.items, [](const auto& one) {
+                return one.existing.has_value();
+            });
+            browser_.copies().start(copy, {});
+        });
     settleCopies();
     EXPECT_FALSE(hasClashes);
     EXPECT_TRUE(files_->has(u"/root/b (2).txt"_s));

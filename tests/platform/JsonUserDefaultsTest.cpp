@@ -4,7 +4,6 @@
 #include "support/TemporaryFolder.h"
 
 #include <QElapsedTimer>
-#include <QJsonArray>
 #include <QLockFile>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -27,38 +26,29 @@ protected:
     const QString file_ = folder_.path(QStringLiteral("tessary/settings.json"));
 };
 
-TEST_F(JsonUserDefaultsTest, valuesOutliveTheStore) {
-    {
-        JsonUserDefaults defaults(file_);
-        EXPECT_TRUE(defaults.value(key).isUndefined());
-        defaults.setValue(key, QStringLiteral("日本語 \" \n"));
-        defaults.setValue(QStringLiteral("list"), QJsonArray{1, QStringLiteral("two"), true});
-        defaults.setValue(QStringLiteral("gone"), 1);
-        defaults.setValue(QStringLiteral("gone"), QJsonValue::Undefined);
-    }
-    const JsonUserDefaults again(file_);
-    EXPECT_EQ(again.value(key), QStringLiteral("日本語 \" \n"));
-    EXPECT_EQ(again.value(QStringLiteral("list")).toArray().size(), 3);
-    EXPECT_TRUE(again.value(QStringLiteral("gone")).isUndefined());
-}
-
-TEST_F(JsonUserDefaultsTest, filesOfAnyShapeAreTakenAndNothingOfThemIsLost) {
-    const std::pair<const char*, QByteArray> rows[] = {
-        {"cut off", "{\"Tessary_AppLanguage\": \"de"},
-        {"binary", QByteArray("\0\xff\xfe{", 4)},
-        {"nested beyond measure", QByteArray(200'000, '[')},
+TEST_F(JsonUserDefaultsTest, damagedFilesAreToldAndEachIsKept) {
+    const std::tuple<const char*, QByteArray, QString> rows[] = {
+        // what, content, kept as
+        {"cut off", "{\"Tessary_AppLanguage\": \"de", QStringLiteral("settings.json.damaged")},
+        {"binary", QByteArray("\0\xff\xfe{", 4), QStringLiteral("settings.json.damaged-2")},
+        {"nested beyond measure", QByteArray(200'000, '['),
+         QStringLiteral("settings.json.damaged-3")},
     };
-    for (const auto& [name, content] : rows) {
-        SCOPED_TRACE(name);
+    for (const auto& [what, content, aside] : rows) {
+        SCOPED_TRACE(what);
         folder_.write(QStringLiteral("tessary/settings.json"), content);
         {
             JsonUserDefaults defaults(file_);
             EXPECT_TRUE(defaults.value(key).isUndefined());
-            defaults.setValue(key, QStringLiteral("de"));
+            ASSERT_TRUE(defaults.trouble());
+            EXPECT_EQ(defaults.trouble()->kind, SettingsTrouble::Kind::damaged);
+            EXPECT_TRUE(defaults.trouble()->aside.isEmpty()) << "nothing is changed by looking";
+            defaults.setValue(key, QStringLiteral("日本語 \" \n"));
+            EXPECT_TRUE(defaults.store(patience));
+            EXPECT_EQ(defaults.trouble()->aside, folder_.path(QStringLiteral("tessary/") + aside));
         }
-        EXPECT_EQ(JsonUserDefaults(file_).value(key), QStringLiteral("de"));
-        EXPECT_EQ(folder_.read(QStringLiteral("tessary/settings.json.damaged")), content);
-        QFile::remove(file_ + QStringLiteral(".damaged"));
+        EXPECT_EQ(JsonUserDefaults(file_).value(key), QStringLiteral("日本語 \" \n"));
+        EXPECT_EQ(folder_.read(QStringLiteral("tessary/") + aside), content);
     }
 }
 
@@ -119,23 +109,6 @@ TEST_F(JsonUserDefaultsTest, whatCannotBeStoredIsToldAndStoredLater) {
     EXPECT_EQ(defaults.trouble(), std::nullopt);
     EXPECT_EQ(told, 2);
     EXPECT_EQ(JsonUserDefaults(file_).value(key), QStringLiteral("fr"));
-}
-
-TEST_F(JsonUserDefaultsTest, damagedFilesAreToldAndEachIsKept) {
-    const QString names[] = {QStringLiteral("settings.json.damaged"),
-                             QStringLiteral("settings.json.damaged-2")};
-    for (const QString& name : names) {
-        folder_.write(QStringLiteral("tessary/settings.json"), name.toUtf8());
-        JsonUserDefaults defaults(file_);
-        ASSERT_TRUE(defaults.trouble());
-        EXPECT_EQ(defaults.trouble()->kind, SettingsTrouble::Kind::damaged);
-        EXPECT_TRUE(defaults.trouble()->aside.isEmpty()) << "nothing is changed by looking";
-        defaults.setValue(key, 1);
-        EXPECT_TRUE(defaults.store(patience));
-        EXPECT_EQ(defaults.trouble()->aside, folder_.path(QStringLiteral("tessary/") + name));
-    }
-    for (const QString& name : names)
-        EXPECT_EQ(folder_.read(QStringLiteral("tessary/") + name), name.toUtf8());
 }
 
 TEST_F(JsonUserDefaultsTest, fileThatCannotBeReadIsLeftAlone) {

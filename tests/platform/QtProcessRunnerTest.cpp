@@ -42,14 +42,6 @@ protected:
     QtProcessRunner runner_;
 };
 
-TEST_F(QtProcessRunnerTest, outputErrorAndStatusArriveApart) {
-    const ProcessResult result = runner_.follow(shell("echo out; echo err >&2; exit 3"));
-    EXPECT_EQ(result.outcome, Outcome::exited);
-    EXPECT_EQ(result.exitStatus, 3);
-    EXPECT_EQ(result.standardOutput, "out\n");
-    EXPECT_EQ(result.standardError, "err\n");
-}
-
 TEST_F(QtProcessRunnerTest, argumentsReachTheProgramAsTheyAre) {
     ProcessRequest request = shell("printf '[%s]' \"$@\"");
     request.arguments += {QStringLiteral("-"), QStringLiteral("$(id) `id`"),

@@ -42,13 +42,6 @@ struct StopSignalsTest : testing::TestWithParam<int> {
 INSTANTIATE_TEST_SUITE_P(Signals, StopSignalsTest, testing::Values(SIGINT, SIGTERM, SIGHUP),
                          [](const auto& row) { return sigabbrev_np(row.param); });
 
-TEST_P(StopSignalsTest, firstSignalIsARequest) {
-    const StopSignals signals(longEnough);
-    EXPECT_FALSE(signals.token().stop_requested());
-    raise(GetParam());
-    EXPECT_TRUE(isRequestedSoon(signals));
-}
-
 TEST_P(StopSignalsTest, processThatDoesNotFollowIsEndedAndTidiedUp) {
     const QString part = disk.write(QStringLiteral("part"), "half");
     EXPECT_EXIT(
@@ -60,15 +53,6 @@ TEST_P(StopSignalsTest, processThatDoesNotFollowIsEndedAndTidiedUp) {
         },
         testing::ExitedWithCode(128 + GetParam()), "");
     EXPECT_FALSE(disk.has(QStringLiteral("part")));
-}
-
-TEST_P(StopSignalsTest, signalsDoAgainWhatTheyDidAfterwards) {
-    EXPECT_EXIT(
-        {
-            { const StopSignals signals(patience); }
-            raise(GetParam());
-        },
-        testing::KilledBySignal(GetParam()), "");
 }
 
 TEST_P(StopSignalsTest, ignoredSignalsStayIgnored) {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "phone/PhoneFileSystem.h"
-#include "support/MemoryNodes.h"
 #include "support/MemoryRequests.h"
+#include "support/MemoryTree.h"
 
 #include <QCryptographicHash>
 #include <QStringList>
@@ -21,106 +21,12 @@ namespace tessary {
 /// of exactly as many bytes as were announced, only what its capabilities say, and a check of every
 /// FileItem that comes back. Faults are switched on; every request is kept. Thread-safe, but for
 /// the options, which are set before it is used.
-class MemoryFileSystem final : public PhoneFileSystem, public MemoryRequests, private MemoryNodes {
+class MemoryFileSystem final : public PhoneFileSystem, public MemoryRequests, public MemoryTree {
 public:
-    struct Options {
-        QString identity = QStringLiteral("memory");
-        QString displayName = QStringLiteral("Memory");
-        NameRules rules{.ignoresCase = true, .ignoresUnicodeForm = true};
-        FileSystemCapabilities capabilities{.setsDates = true, .readsRanges = true};
-        std::optional<std::uint64_t> capacity{}; ///< bytes of all files; no value: without end
-        bool givesHandles = false;               ///< items carry handles, and twins are possible
-        /// A write may bring more or fewer bytes than announced, as on a computer's disk.
-        bool takesOtherSizes = false;
-        std::size_t rowsAtOnce = 3;
-        std::size_t pieceSize = 1000; ///< bytes
-        std::shared_ptr<PhoneQueue> queue{};
-    };
+    using Options = MemoryOptions;
 
     MemoryFileSystem() : MemoryFileSystem(Options{}) {}
-    explicit MemoryFileSystem(Options options) : options_(std::move(options)) {}
-
-    // --- What is on it; folders above are made. Not part of the log. ---
-
-    void addFolder(const QString& path) {
-        const std::scoped_lock lock(mutex_);
-        makeNodes(path);
-    }
-    /// A file, in the place of one that has the very path; twins by addTwin().
-    void addFile(const QString& path, const QByteArray& content,
-                 std::optional<QDateTime> modified = {}) {
-        const std::scoped_lock lock(mutex_);
-        Node* const there = exactly(path);
-        Node& node = there != nullptr ? *there : addNode(makeNodes(parentPath(path)), path);
-        node.content = content;
-        node.modified = std::move(modified);
-    }
-    /// One more file of a name that is there. They are told apart by handle only.
-    void addTwin(const QString& path, const QByteArray& content,
-                 std::optional<QDateTime> modified = {}) {
-        const std::scoped_lock lock(mutex_);
-        Node& node = addNode(makeNodes(parentPath(path)), path);
-        node.content = content;
-        node.modified = std::move(modified);
-    }
-    /// An entry that listings report as unreadable.
-    void addUnreadable(const QString& path, const Error& error) {
-        const std::scoped_lock lock(mutex_);
-        addNode(makeNodes(parentPath(path)), path).unreadable = error;
-    }
-    /// An item with a hostile name, listed as it stands: "..", "a/b".
-    void addHostile(const QString& folder, const QString& name, const QByteArray& content,
-                    bool isDirectory = false) {
-        const std::scoped_lock lock(mutex_);
-        Node& node = addNode(makeNodes(folder), QStringLiteral("stand-in"));
-        node.name = name;
-        node.content = content;
-        node.isDirectory = isDirectory;
-    }
-    void removeQuietly(const QString& path) {
-        const std::scoped_lock lock(mutex_);
-        if (Node* const node = exactly(path))
-            takeOut(*node);
-    }
-
-    /// A file's content; a null array when there is none.
-    [[nodiscard]] QByteArray content(const QString& path) const {
-        const std::scoped_lock lock(mutex_);
-        const Node* const node = exactly(path);
-        if (node == nullptr || node->isDirectory)
-            return {};
-        return node->content.isNull() ? QByteArray("") : node->content;
-    }
-    [[nodiscard]] bool has(const QString& path) const {
-        const std::scoped_lock lock(mutex_);
-        return exactly(path) != nullptr;
-    }
-    /// The item at a path as a listing shows it.
-    [[nodiscard]] FileItem item(const QString& path) const {
-        const std::scoped_lock lock(mutex_);
-        const Node* const node = exactly(path);
-        if (node == nullptr)
-            throw std::runtime_error("nothing is at " + path.toStdString());
-        return itemOf(*node);
-    }
-    /// Every path, sorted; folders end in "/".
-    [[nodiscard]] QStringList tree() const {
-        const std::scoped_lock lock(mutex_);
-        QStringList paths;
-        collect(root_, paths);
-        paths.sort();
-        return paths;
-    }
-
-    /// A file whose reading brings other bytes than its size announces.
-    void announce(const QString& path, qint64 size) {
-        const std::scoped_lock lock(mutex_);
-        Node* const node = exactly(path);
-        if (node == nullptr)
-            throw std::runtime_error("nothing is at " + path.toStdString());
-        node->announced = size;
-    }
-    // --- PhoneFileSystem ---
+    explicit MemoryFileSystem(Options options) : MemoryTree(std::move(options)) {}
 
     [[nodiscard]] QString identity() const override {
         return options_.identity;
@@ -152,7 +58,7 @@ public:
         std::vector<UnreadableEntry> unreadable;
         qsizetype cutAfter = -1;
         {
-            const std::scoped_lock lock(mutex_);
+            const std::scoped_lock lock(treeMutex_);
             const Node& node = folderAt(folder);
             for (const auto& child : node.children) {
                 if (child->unreadable)
@@ -183,7 +89,7 @@ public:
 
     [[nodiscard]] std::optional<FileItem> find(const QString& path, const Call& call) override {
         const Step step(*this, options_.queue, {.operation = Operation::find, .path = path}, call);
-        const std::scoped_lock lock(mutex_);
+        const std::scoped_lock lock(treeMutex_);
         const Node* const node = exactly(path);
         if (node == nullptr)
             return std::nullopt;
@@ -200,7 +106,7 @@ public:
             throw std::logic_error("a read from an offset without readsRanges");
         QByteArray content;
         {
-            const std::scoped_lock lock(mutex_);
+            const std::scoped_lock lock(treeMutex_);
             const Node& node = same(file);
             if (node.isDirectory)
                 throw Error(PhoneError::notAFile, {file.path});
@@ -227,7 +133,7 @@ public:
         Step step(*this, options_.queue, {.operation = Operation::write, .path = path}, call);
         requireWritable(path);
         {
-            const std::scoped_lock lock(mutex_);
+            const std::scoped_lock lock(treeMutex_);
             requireFree(folderAt(file.folder), file.name, nullptr);
             requireRoom(path, options_.takesOtherSizes ? 0 : file.size);
         }
@@ -243,14 +149,14 @@ public:
             step.noteBytes(content.size());
             if (progress)
                 progress(content.size());
-            const std::scoped_lock lock(mutex_);
+            const std::scoped_lock lock(treeMutex_);
             requireRoom(path, content.size());
         }
         (void)step.allowed(content.size(), 1);
         throwIfStopped(call.stop);
         if (content.size() != file.size && !options_.takesOtherSizes)
             throw Error(PhoneError::wrongSize, {path, content.size(), file.size});
-        const std::scoped_lock lock(mutex_);
+        const std::scoped_lock lock(treeMutex_);
         Node& folder = folderAt(file.folder);
         requireFree(folder, file.name, nullptr);
         Node& node = addNode(folder, path);
@@ -315,7 +221,7 @@ public:
         const Step step(*this, options_.queue, {.operation = Operation::makeFolder, .path = path},
                         call);
         requireWritable(path);
-        const std::scoped_lock lock(mutex_);
+        const std::scoped_lock lock(treeMutex_);
         Node& folder = folderAt(parent);
         requireFree(folder, name, nullptr);
         Node& node = addNode(folder, path);
@@ -327,7 +233,7 @@ public:
         const Step step(*this, options_.queue, {.operation = Operation::remove, .path = item.path},
                         call);
         requireWritable(item.path);
-        const std::scoped_lock lock(mutex_);
+        const std::scoped_lock lock(treeMutex_);
         Node& node = same(item);
         if (!node.children.empty())
             throw Error(PhoneError::folderNotEmpty, {item.path});
@@ -338,7 +244,7 @@ public:
         const Step step(*this, options_.queue,
                         {.operation = Operation::removeTree, .path = item.path}, call);
         requireWritable(item.path);
-        const std::scoped_lock lock(mutex_);
+        const std::scoped_lock lock(treeMutex_);
         takeOut(same(item));
     }
 
@@ -352,7 +258,7 @@ public:
             throw Error(PhoneError::notSupported, {item.path});
         if (taken == TakenName::replaced && !options_.capabilities.renamesOntoTaken)
             throw std::logic_error("a rename onto a taken name without renamesOntoTaken");
-        const std::scoped_lock lock(mutex_);
+        const std::scoped_lock lock(treeMutex_);
         Node& node = same(item);
         if (taken == TakenName::replaced)
             if (Node* const old = taking(*node.parent, newName); old != nullptr && old != &node) {
@@ -372,7 +278,7 @@ public:
         requireWritable(item.path);
         if (!options_.capabilities.moves)
             throw Error(PhoneError::notSupported, {item.path});
-        const std::scoped_lock lock(mutex_);
+        const std::scoped_lock lock(treeMutex_);
         Node& node = same(item);
         Node& folder = folderAt(newFolder);
         for (const Node* above = &folder; above != nullptr; above = above->parent)
@@ -390,7 +296,7 @@ public:
                         {.operation = Operation::setModified, .path = file.path}, call);
         if (!options_.capabilities.setsDates)
             throw Error(PhoneError::notSupported, {file.path});
-        const std::scoped_lock lock(mutex_);
+        const std::scoped_lock lock(treeMutex_);
         same(file).modified = date;
     }
 
@@ -398,7 +304,7 @@ public:
                                                          const Call& call) override {
         const Step step(*this, options_.queue, {.operation = Operation::freeBytes, .path = folder},
                         call);
-        const std::scoped_lock lock(mutex_);
+        const std::scoped_lock lock(treeMutex_);
         if (!options_.capacity)
             return std::nullopt;
         const std::uint64_t used = usedBytes(root_);
@@ -410,7 +316,7 @@ public:
                         call);
         if (!options_.capabilities.hasHashes)
             return std::nullopt;
-        const std::scoped_lock lock(mutex_);
+        const std::scoped_lock lock(treeMutex_);
         return QCryptographicHash::hash(same(file).content, QCryptographicHash::Sha256);
     }
 
@@ -425,58 +331,6 @@ private:
             return std::nullopt;
         }
     }
-
-    // All below is called with the lock held.
-
-    [[nodiscard]] FileItem itemOf(const Node& node) const {
-        return {node.parent == nullptr ? options_.displayName : node.name,
-                pathOf(node),
-                node.isDirectory,
-                node.isDirectory ? 0 : node.announced.value_or(node.content.size()),
-                node.modified,
-                options_.givesHandles && node.parent != nullptr ? std::optional(node.handle)
-                                                                : std::nullopt};
-    }
-    /// What an item that was listed once stands for now.
-    [[nodiscard]] Node& same(const FileItem& item) const {
-        if (item.path == QLatin1StringView("/"))
-            throw Error(PhoneError::wholeStorage, {item.path});
-        Node* const node = item.handle ? withHandle(root_, *item.handle) : exactly(item.path);
-        if (node == nullptr)
-            throw Error(PhoneError::notFound, {item.path});
-        if (node->isDirectory != item.isDirectory || (item.handle && pathOf(*node) != item.path))
-            throw Error(PhoneError::changed, {item.path});
-        return *node;
-    }
-    /// What has a name by the phone's rules.
-    [[nodiscard]] Node* taking(const Node& folder, const QString& name) const {
-        const QString key = options_.rules.key(name);
-        const auto found =
-            std::find_if(folder.children.begin(), folder.children.end(),
-                         [&](const auto& child) { return options_.rules.key(child->name) == key; });
-        return found == folder.children.end() ? nullptr : found->get();
-    }
-    void requireFree(const Node& folder, const QString& name, const Node* except) const {
-        if (!options_.rules.accepts(name))
-            throw Error(PhoneError::nameNotAllowed, {name});
-        const Node* const there = taking(folder, name);
-        if (there == nullptr || there == except)
-            return;
-        if (there->name == name)
-            throw Error(PhoneError::taken, {name});
-        throw Error(PhoneError::sameName, {there->name, name});
-    }
-    void requireWritable(const QString& path) const {
-        if (!options_.capabilities.writes)
-            throw Error(PhoneError::writeProtected, {path});
-    }
-    void requireRoom(const QString& path, qint64 more) const {
-        if (options_.capacity &&
-            usedBytes(root_) + static_cast<std::uint64_t>(more) > *options_.capacity)
-            throw Error(PhoneError::full, {path});
-    }
-    const Options options_;
-    mutable std::mutex mutex_; ///< guards the tree
 };
 
 } // namespace tessary

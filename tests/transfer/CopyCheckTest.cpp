@@ -33,7 +33,6 @@ TEST_F(CopyCheckTest, clashesNamesAndSpaceAreKnownBefore) {
     request.items.push_back({source.memory->item(s("/side/b")), s("a:b/c")});
     const CopyCheck check = checkCopy(request, {.bytesOnTheWay = 100}, {}, {});
     ASSERT_EQ(check.items.size(), 4U);
-    EXPECT_TRUE(check.hasClashes());
     EXPECT_EQ(check.items[0].existing->name, s("A"));
     EXPECT_EQ(check.items[0].freeName, s("a (2)"));
     EXPECT_FALSE(check.items[1].existing);
@@ -66,19 +65,10 @@ TEST_F(CopyCheckTest, neededBytesFollowTheAnswers) {
     EXPECT_EQ(policy({request.items[1].item, {}}), ClashAnswer::merge);
 }
 
-TEST_F(CopyCheckTest, foldersAreCountedOnlyWhereItMatters) {
-    (void)checkCopy(request, {.mostBytes = 900}, {}, {});
-    EXPECT_EQ(source.memory->count(Operation::list), 1); // the one of requestFor()
-    std::stop_source enough;
-    enough.request_stop();
-    EXPECT_TRUE(checkCopy(request, {}, enough.get_token(), {}).isPartial);
-    EXPECT_THROW((void)checkCopy(request, {}, {}, enough.get_token()), CancellationError);
-}
-
 TEST_F(CopyCheckTest, aTargetThatCannotBeAskedCountsAsEmpty) {
     target.memory->loseLink();
     const CopyCheck check = checkCopy(request, {}, {}, {});
-    EXPECT_FALSE(check.hasClashes());
+    EXPECT_FALSE(check.items[0].existing);
     EXPECT_FALSE(check.freeBytes);
 }
 

@@ -1,6 +1,5 @@
-#include "transfer/copy/FileCopy.h"
+#include "transfer/copy/TreeCopy.h"
 
-#include "base/threads/CancellationError.h"
 #include "support/QtPrinters.h"
 #include "transfer/CopySides.h"
 #include "transfer/copy/FileStream.h"
@@ -96,19 +95,6 @@ TEST(TreeCopyErrors, aListingOlderThanItsFileIsLookedUpOnceMore) {
     EXPECT_EQ(target.contents().value(s("a")), "much longer");
 }
 
-TEST(TreeCopyErrors, aFullTargetEndsTheCopyBeforeItIsFull) {
-    DiskSide source;
-    MemorySide target({.capacity = 1'000'000, .queue = std::make_shared<PhoneQueue>()});
-    source.fill(
-        {{s("a/"), {}}, {s("a/1"), QByteArray(600'000, '1')}, {s("a/2"), QByteArray(600'000, '2')}},
-        noon);
-    const CopyOutcome outcome = run(requestFor(source, target, ClashAnswer::skip));
-    EXPECT_EQ(outcome.end(), CopyOutcome::End::failed);
-    EXPECT_EQ(outcome.failure, Error(PhoneError::full, {s("/side/a")}));
-    EXPECT_EQ(outcome.files, 1);
-    EXPECT_EQ(target.memory->bytes(Operation::write), 600'000); // the second was not even begun
-}
-
 TEST(TreeCopyErrors, aFileThatIsTooLargeForTheCardIsLeftOut) {
     DiskSide source;
     MemorySide target({.capabilities = {.largestFile = 100}});
@@ -135,22 +121,6 @@ TEST(TreeCopyErrors, aCopyNeverReplacesWhatItComesFrom) {
     EXPECT_EQ(side.contents(), (Contents{{s("d"), "d"}, {s("d (2)"), "d"}}));
 }
 
-TEST(TreeCopyErrors, cancelledSoonAndWithoutAPart) {
-    MemorySide source({.queue = std::make_shared<PhoneQueue>()});
-    DiskSide target;
-    source.fill({{s("a"), "a"}, {s("b"), film}}, noon);
-    target.fill({{s("b"), "old"}}, noon);
-    std::stop_source stop;
-    source.memory->beforeEach([&stop](const MemoryFileSystem::Request& request) {
-        if (request.is(Operation::read, s("/side/b")))
-            stop.request_stop();
-    });
-    const CopyOutcome outcome =
-        TreeCopy(requestFor(source, target, ClashAnswer::replace)).run({}, stop.get_token());
-    EXPECT_EQ(outcome.end(), CopyOutcome::End::cancelled);
-    EXPECT_EQ(target.contents(), (Contents{{s("a"), "a"}, {s("b"), "old"}}));
-}
-
 /// Two copies that cross must not wait for each other's phone.
 TEST(TreeCopyErrors, copiesThatCrossBothEnd) {
     MemorySide one({.identity = s("one"), .queue = std::make_shared<PhoneQueue>()});
@@ -169,20 +139,25 @@ TEST(TreeCopyErrors, copiesThatCrossBothEnd) {
 
 /// Whichever request the link goes at, no old file is lost, no half one has a name, and a second
 /// run completes what the first did not.
-class TreeCopyLostLink : public testing::TestWithParam<bool> {};
-INSTANTIATE_TEST_SUITE_P(Ways, TreeCopyLostLink, testing::Bool(), [](const auto& way) {
-    return way.param ? "renamesOntoTaken" : "removesFirst";
-});
+class TreeCopyLostLink : public testing::TestWithParam<FileSystemCapabilities> {};
+INSTANTIATE_TEST_SUITE_P(
+    Ways, TreeCopyLostLink,
+    testing::Values(FileSystemCapabilities{.setsDates = true},
+                    FileSystemCapabilities{.renamesOntoTaken = true, .setsDates = true},
+                    FileSystemCapabilities{.setsDates = true, .writesTogether = true}));
 
 TEST_P(TreeCopyLostLink, atEveryRequest) {
-    const Contents coming{{s("a"), "new a"}, {s("d/"), {}}, {s("d/b"), film}, {s("d/c"), "new c"}};
+    const Contents coming{{s("a"), "new a"},
+                          {s("d/"), {}},
+                          {s("d/b"), film},
+                          {s("d/c"), "new c"},
+                          {s("d/e"), "new e"}};
     const Contents old{{s("a"), "old a"}, {s("d/"), {}}, {s("d/b"), "old b"}};
     int requests = 0;
     for (int lostAt = 1; requests == 0 || lostAt <= requests; ++lostAt) {
         SCOPED_TRACE(lostAt);
         DiskSide source;
-        MemorySide target({.capabilities = {.renamesOntoTaken = GetParam(), .setsDates = true},
-                           .queue = std::make_shared<PhoneQueue>()});
+        MemorySide target({.capabilities = GetParam(), .queue = std::make_shared<PhoneQueue>()});
         source.fill(coming, noon);
         target.fill(old, noon.addDays(-1));
         target.memory->loseLink(lostAt);
@@ -214,15 +189,11 @@ TEST_P(TreeCopyLostLink, atEveryRequest) {
     EXPECT_GT(requests, 10);
 }
 
-MemoryFileSystem::Options phoneForMany() {
-    return {.capabilities = {.setsDates = true, .readsTogether = true, .writesTogether = true},
-            .queue = std::make_shared<PhoneQueue>()};
-}
-
 TEST(SmallFilesTogether, whatDoesNotGoThatWayGoesAloneAndSaysWhy) {
     const Contents coming{{s("a"), "1"}, {s("b"), "2"}, {s("c"), "3"}, {s("d"), "4"}};
     DiskSide source;
-    MemorySide target(phoneForMany());
+    MemorySide target({.capabilities = {.setsDates = true, .writesTogether = true},
+                       .queue = std::make_shared<PhoneQueue>()});
     source.fill(coming, noon);
     target.memory->fail(Operation::write, s("/side/b"), {PhoneError::refused}); // not as a part
     target.memory->beforeEach([&](const MemoryFileSystem::Request& request) {
@@ -235,250 +206,6 @@ TEST(SmallFilesTogether, whatDoesNotGoThatWayGoesAloneAndSaysWhy) {
     Contents expected = coming;
     expected[s("c")] = "another's";
     EXPECT_EQ(target.contents(), expected);
-}
-
-TEST(SmallFilesTogether, aLinkLostAtAnyRequestIsMadeGood) {
-    const Contents coming{{s("a"), "1"}, {s("d/"), {}}, {s("d/b"), "2"}, {s("d/c"), "3"}};
-    for (const bool isUpload : {true, false})
-        for (int lostAt = 1;; ++lostAt) {
-            SCOPED_TRACE(lostAt);
-            DiskSide disk;
-            MemorySide phone(phoneForMany());
-            CopyEnd& source = isUpload ? static_cast<CopyEnd&>(disk) : phone;
-            CopyEnd& target = isUpload ? static_cast<CopyEnd&>(phone) : disk;
-            source.fill(coming, noon);
-            TreeCopyRequest request = requestFor(source, target, ClashAnswer::skip);
-            phone.memory->loseLink(lostAt);
-            const CopyOutcome broken = run(std::move(request));
-            phone.memory->restoreLink();
-            if (broken.end() != CopyOutcome::End::done) {
-                ASSERT_EQ(broken.end(), CopyOutcome::End::failed);
-                TreeCopyRequest again = requestFor(source, target, ClashAnswer::merge);
-                again.skipsSame = true;
-                EXPECT_EQ(run(std::move(again)).end(), CopyOutcome::End::done);
-            }
-            EXPECT_EQ(target.contents(), coming);
-            if (broken.end() == CopyOutcome::End::done) {
-                EXPECT_GE(lostAt, 5);
-                break;
-            }
-        }
-}
-
-TEST(Leftovers, foldersOfOursGoWithAllInThemOnceTheyAreOld) {
-    MemorySide target({.rules = {}});
-    const QDateTime now = QDateTime::currentDateTime();
-    target.memory->addFile(s("/side/.tessary-part-old/x"), "x", now);
-    target.memory->addFile(s("/side/.tessary-part-new/x"), "x", now);
-    std::vector<FileItem> items = listAll(*target.memory, s("/side"), {}).items;
-    for (FileItem& item : items)
-        item.modifiedDate = item.name == s(".tessary-part-old") ? now.addSecs(-3600) : now;
-    EXPECT_THAT(tidied(*target.memory, items, {}, {}, {}), testing::IsEmpty());
-    EXPECT_EQ(target.memory->tree(), (QStringList{s("/side/"), s("/side/.tessary-part-new/"),
-                                                  s("/side/.tessary-part-new/x")}));
-}
-
-/// What is to be replaced is looked at again; what changed since stays.
-TEST(FileCopies, whatChangedSinceItWasSeenStays) {
-    const struct {
-        const char* name;
-        std::function<void(MemoryFileSystem& source, MemoryFileSystem& target)> change;
-        std::optional<ErrorCode> code;
-        QByteArray left;
-    } rows[] = {
-        {"nothing", [](auto&, auto&) {}, std::nullopt, "new"},
-        {"the target's content",
-         [](auto&, auto& target) { target.addFile(s("/t"), "edited", noon); },
-         ErrorCode(PhoneError::changed), "edited"},
-        {"the target's date alone",
-         [](auto&, auto& target) { target.addFile(s("/t"), "old", noon.addSecs(1)); },
-         ErrorCode(PhoneError::changed), "old"},
-        {"the target went",
-         [](auto&, auto& target) { target.removeQuietly(s("/t")); },
-         ErrorCode(PhoneError::changed),
-         {}},
-        {"the source's content",
-         [](auto& source, auto&) { source.addFile(s("/s"), "wen", noon.addSecs(1)); },
-         ErrorCode(PhoneError::changed), "old"},
-        {"the source went", [](auto& source, auto&) { source.removeQuietly(s("/s")); },
-         ErrorCode(PhoneError::changed), "old"},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        MemoryFileSystem source({.queue = std::make_shared<PhoneQueue>()});
-        MemoryFileSystem target({.queue = std::make_shared<PhoneQueue>()});
-        source.addFile(s("/s"), "new", noon);
-        target.addFile(s("/t"), "old", noon);
-        const FileCopy copy{.from = source,
-                            .file = source.item(s("/s")),
-                            .to = target,
-                            .folder = s("/"),
-                            .name = s("t"),
-                            .replaces = target.item(s("/t"))};
-        target.beforeEach([&](const MemoryFileSystem::Request& request) {
-            if (request.operation == Operation::write)
-                row.change(source, target);
-        });
-        std::optional<ErrorCode> code;
-        try {
-            EXPECT_EQ(copyFile(copy, {}, {}).modifiedDate, noon);
-        } catch (const Error& error) {
-            code = error.code();
-        }
-        EXPECT_EQ(code, row.code);
-        EXPECT_EQ(target.content(s("/t")), row.left);
-        EXPECT_LE(target.tree().size(), 1); // and no part
-    }
-}
-
-TEST(FileCopies, aNameThatWasFreeAndIsTakenNowIsRefused) {
-    MemoryFileSystem source({.queue = std::make_shared<PhoneQueue>()});
-    MemoryFileSystem target({.queue = std::make_shared<PhoneQueue>()});
-    source.addFile(s("/s"), "new", noon);
-    target.beforeEach([&](const MemoryFileSystem::Request& request) {
-        if (request.operation == Operation::write)
-            target.addFile(s("/t"), "somebody's", noon);
-    });
-    EXPECT_THROW(copyFile({source, source.item(s("/s")), target, s("/"), s("t")}, {}, {}), Error);
-    EXPECT_EQ(target.content(s("/t")), "somebody's");
-    EXPECT_EQ(target.tree(), QStringList{s("/t")});
-}
-
-TEST(FileCopies, aWayThatCannotRenameGetsNewFilesOnly) {
-    MemoryFileSystem source;
-    MemoryFileSystem target({.capabilities = {.renames = false, .moves = false}});
-    source.addFile(s("/s"), "new", noon);
-    target.addFile(s("/t"), "old", noon);
-    FileCopy copy{source, source.item(s("/s")), target, s("/"), s("u")};
-    EXPECT_EQ(copyFile(copy, {}, {}).path, s("/u"));
-    copy.name = s("t");
-    copy.replaces = target.item(s("/t"));
-    EXPECT_THROW(copyFile(copy, {}, {}), Error);
-    EXPECT_EQ(target.content(s("/t")), "old");
-    EXPECT_EQ(target.count(Operation::write), 1);
-}
-
-TEST(FileCopies, whatArrivedWrongIsFoundByComparing) {
-    MemoryFileSystem source;
-    for (const bool hasHashes : {true, false}) {
-        MemoryFileSystem target({.capabilities = {.hasHashes = hasHashes}});
-        source.addFile(s("/s"), film, noon);
-        bool breaks = false;
-        target.beforeEach([&](const MemoryFileSystem::Request& request) {
-            if (breaks &&
-                (request.operation == Operation::hash || request.operation == Operation::read))
-                target.addFile(request.path, QByteArray(film.size(), 'g'), noon);
-        });
-        FileCopy copy{source, source.item(s("/s")), target, s("/"), s("t")};
-        copy.verifies = true;
-        EXPECT_NO_THROW(copyFile(copy, {}, {}));
-        EXPECT_EQ(target.bytes(Operation::read), hasHashes ? 0 : film.size());
-        breaks = true;
-        copy.name = s("u");
-        EXPECT_THROW(copyFile(copy, {}, {}), Error);
-        EXPECT_EQ(target.tree(), QStringList{s("/t")});
-    }
-}
-
-TEST(Leftovers, areFinishedOrRemovedAndNothingElseIs) {
-    MemorySide target;
-    DiskSide source;
-    source.fill({{s("new"), "n"}}, noon);
-    const QDateTime now = QDateTime::currentDateTime();
-    const QString longName(245, QLatin1Char('l'));
-    const QString old = PartFile::newName();
-    const QString young = PartFile::newName();
-    const QString used = PartFile::newName();
-    target.put(old, "o", now.addSecs(-700));
-    target.put(young, "y", now.addSecs(-500));
-    target.put(used, "u", now.addSecs(-700));
-    target.put(waitingName({}, s("film.mp4")), "whole", noon);
-    target.put(waitingName({}, s("taken")), "whole", noon);
-    target.put(s("taken"), "t", noon);
-    target.put(waitingName({}, longName), "long", noon);
-    target.put(waitingName({}, longName + u'x'), "not awaited", noon);
-    source.put(longName, "long", noon.addSecs(5));
-    const PartInUse use(used);
-    EXPECT_EQ(run(requestFor(source, target, ClashAnswer::skip)).end(), CopyOutcome::End::done);
-    EXPECT_EQ(target.contents(), (Contents{{young, "y"},
-                                           {used, "u"},
-                                           {s("film.mp4"), "whole"},
-                                           {s("taken"), "t"},
-                                           {longName, "long"},
-                                           {waitingName({}, longName + u'x'), "not awaited"},
-                                           {s("new"), "n"}}));
-}
-
-TEST(Leftovers, areNoneOfTheUsersFiles) {
-    MemorySide source;
-    DiskSide target;
-    source.fill({{s("d/a"), "a"}, {s("d/") + PartFile::newName(), "part"}}, noon);
-    EXPECT_EQ(run(requestFor(source, target, ClashAnswer::skip)).end(), CopyOutcome::End::done);
-    EXPECT_EQ(target.contents().keys(), (QStringList{s("d/"), s("d/a")}));
-}
-
-/// Breaks off a copy of a large file at any point, and goes on.
-TEST(LargeFiles, goOnInTheirMiddle) {
-    const QByteArray large = QByteArray(3'000'000, 'l') + QByteArray(4'000'000, 'm');
-    constexpr qint64 lastPiece = 1024 * 1024;
-    for (const qint64 brokenAt : {0, 1, 500'000, 1'100'000, 4'000'000, 6'999'999}) {
-        for (const bool verifies : {false, true}) {
-            SCOPED_TRACE(brokenAt);
-            MemorySide source({.pieceSize = 100'000, .queue = std::make_shared<PhoneQueue>()});
-            DiskSide target;
-            source.put(s("film"), large, noon);
-            target.put(s("film"), "old", noon.addDays(-1));
-            TreeCopyRequest request = requestFor(source, target, ClashAnswer::replace);
-            request.verifies = verifies;
-            source.memory->failAfterBytes(Operation::read, s("/side/film"), brokenAt,
-                                          {PhoneError::unplugged});
-            EXPECT_EQ(run(request).end(), CopyOutcome::End::failed);
-            EXPECT_EQ(target.contents().value(s("film")), "old");
-            source.memory->forgetRequests();
-            EXPECT_EQ(run(request).end(), CopyOutcome::End::done);
-            EXPECT_LE(source.memory->bytes(Operation::read),
-                      large.size() - brokenAt + lastPiece + FileStream::mostAhead);
-            EXPECT_EQ(target.contents(), (Contents{{s("film"), large}}));
-        }
-    }
-}
-
-TEST(LargeFiles, beginAnewWhenTheSourceChanged) {
-    MemorySide source({.pieceSize = 100'000, .queue = std::make_shared<PhoneQueue>()});
-    DiskSide target;
-    source.put(s("film"), QByteArray(6'000'000, 'a'), noon);
-    source.memory->failAfterBytes(Operation::read, s("/side/film"), 5'500'000,
-                                  {PhoneError::unplugged});
-    EXPECT_EQ(run(requestFor(source, target, ClashAnswer::skip)).end(), CopyOutcome::End::failed);
-    const QByteArray other(6'000'000, 'b');
-    source.put(s("film"), other, noon.addSecs(1));
-    EXPECT_EQ(run(requestFor(source, target, ClashAnswer::skip)).end(), CopyOutcome::End::done);
-    EXPECT_EQ(target.contents().value(s("film")), other);
-}
-
-TEST(LargeFiles, leaveNothingWhenTheSourceContradictsItself) {
-    MemorySide source({.pieceSize = 100'000, .queue = std::make_shared<PhoneQueue>()});
-    DiskSide target;
-    source.put(s("film"), QByteArray(6'000'000, 'a'), noon);
-    source.memory->announce(s("/side/film"), 7'000'000);
-    EXPECT_EQ(run(requestFor(source, target, ClashAnswer::skip)).end(),
-              CopyOutcome::End::incomplete);
-    EXPECT_TRUE(target.contents().isEmpty());
-}
-
-TEST(LargeFiles, thatWereGivenUpAreRemovedAfterADay) {
-    MemorySide source({.queue = std::make_shared<PhoneQueue>()});
-    DiskSide target;
-    source.put(s("a"), "a", noon);
-    const FileItem item = source.items()[0];
-    const QDateTime now = QDateTime::currentDateTime();
-    FileItem other = item;
-    other.path += s("2");
-    const QString young = resumableName(*source.memory, item);
-    target.put(young, "y", now.addSecs(-23 * 3600));
-    target.put(resumableName(*source.memory, other), "o", now.addSecs(-25 * 3600));
-    EXPECT_EQ(run(requestFor(source, target, ClashAnswer::skip)).end(), CopyOutcome::End::done);
-    EXPECT_EQ(target.contents(), (Contents{{young, "y"}, {s("a"), "a"}}));
 }
 
 /// A copy that broke off goes on under the names that it gave, and what was left out alone.
@@ -524,17 +251,6 @@ TEST(TreeCopyAgain, whatWasLeftOutIsCopiedAlone) {
     const CopyOutcome again = run(request);
     EXPECT_THAT(namesLeftOut(again), ElementsAre(s("b: notAFolder")));
     EXPECT_EQ(target.contents().value(s("x/y/b")), "b");
-}
-
-TEST(TreeCopyAgain, withoutItsTargetFolderThereIsNoCopy) {
-    MemorySide source;
-    DiskSide target;
-    source.fill({{s("a"), "a"}}, noon);
-    TreeCopyRequest request = requestFor(source, target, ClashAnswer::skip);
-    request.folder += s("/missing");
-    const CopyOutcome outcome = run(request);
-    EXPECT_EQ(outcome.end(), CopyOutcome::End::failed);
-    EXPECT_EQ(outcome.failure, Error(LocalError::notFound, {request.folder}));
 }
 
 } // namespace

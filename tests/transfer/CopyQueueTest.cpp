@@ -171,22 +171,6 @@ TEST_F(CopyQueueTest, whatLostItsPhoneGoesOnWithoutCopyingTwice) {
     EXPECT_EQ(here.contents().keys(), (QStringList{s("a"), s("b")}));
 }
 
-TEST_F(CopyQueueTest, whatWasLeftOutIsNamedAndBroughtAlone) {
-    one.memory->fail(Operation::read, s("/side/d/e"), {PhoneError::accessDenied}, 1);
-    one.memory->addFile(s("/side/d/f"), "f", noon);
-    const QUuid id = copy(one, "d");
-    finishAll();
-    EXPECT_EQ(job(id).status, Status::incomplete);
-    ASSERT_EQ(job(id).leftOut.size(), 1U);
-    EXPECT_EQ(job(id).leftOut[0].error, Error(PhoneError::accessDenied));
-    one.memory->forgetRequests();
-    queue.goOn(id);
-    finishAll();
-    EXPECT_EQ(job(id).status, Status::done);
-    EXPECT_EQ(one.memory->count(Operation::read), 1);
-    EXPECT_EQ(here.contents().keys(), (QStringList{s("d/"), s("d/e"), s("d/f")}));
-}
-
 TEST_F(CopyQueueTest, whoGoesOnRightAfterCancellingIsNotCancelledAgain) {
     hold(one);
     const QUuid id = copy(one, "b");
@@ -308,20 +292,6 @@ TEST_F(CopyQueueTest, stoppingEndsWhatRunsAndStartsNothing) {
     EXPECT_TRUE(queue.stop(10s));
     turnFor(50ms);
     EXPECT_TRUE(here.contents().isEmpty());
-}
-
-TEST(CopySummary, saysHowFarTheQueueIs) {
-    const std::tuple<int, qint64, qint64, std::optional<double>> rows[] = {
-        // running, done, total, fraction
-        {0, 5, 10, std::nullopt}, {1, 5, 10, 0.5}, {1, 0, 0, 0.0}, {1, 12, 10, 1.0}, {1, 0, 3, 0.0},
-    };
-    for (const auto& [running, done, total, fraction] : rows) {
-        CopySummary summary;
-        summary.running = running;
-        summary.doneBytes = done;
-        summary.totalBytes = total;
-        EXPECT_EQ(summary.fractionDone(), fraction) << done << " of " << total;
-    }
 }
 
 } // namespace

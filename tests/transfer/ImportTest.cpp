@@ -101,32 +101,6 @@ TEST(CameraFolders, areThoseOfEachStorageAndListedDeep) {
                 testing::UnorderedElementsAre(u"/DCIM/Camera/bad.jpg"_s, u"/DCIM/Locked"_s));
 }
 
-TEST(CameraFolders, aPhoneWithoutThemHasNoPhotosAndALostOneIsAnError) {
-    const ImportFixture import;
-    EXPECT_THAT(import.find().photos, IsEmpty());
-    EXPECT_THAT(import.find().unreadable, IsEmpty());
-    import.phone->loseLink();
-    EXPECT_THROW((void)import.find(), Error);
-}
-
-TEST(Import, secondRunTakesNoRequestBeyondTheListing) {
-    const ImportFixture import;
-    constexpr int count = 2000;
-    for (int n = 0; n < count; ++n)
-        import.take(qPrintable(u"100APPLE/IMG_%1.HEIC"_s.arg(n, 4, 10, QChar(u'0'))),
-                    "picture " + QByteArray::number(n), lunch.addSecs(n));
-    const CopyOutcome outcome = import.fetch({.byDate = true});
-    EXPECT_EQ(outcome.end(), CopyOutcome::End::done);
-    EXPECT_EQ(outcome.files, count);
-    EXPECT_EQ(import.disk->names(u"pictures/2026/2026-05-17"_s).size(), count);
-    import.phone->forgetRequests();
-    EXPECT_EQ(import.fetch({.byDate = true}).files, 0);
-    const auto requests = import.phone->requests();
-    EXPECT_EQ(requests.size(), 2U); // of DCIM and 100APPLE
-    EXPECT_TRUE(std::ranges::all_of(
-        requests, [](const auto& request) { return request.operation == Operation::list; }));
-}
-
 TEST(Import, interruptedItGoesOnWithWhatIsMissing) {
     const ImportFixture import;
     for (int n = 0; n < 9; ++n)
@@ -215,17 +189,6 @@ TEST(Import, twinsOfOneNameBothArrive) {
     EXPECT_EQ(import.here(), (QStringList{u"IMG_1 (2).JPG=another"_s, u"IMG_1.JPG=first"_s}));
 }
 
-TEST(Import, aCopyThatDoesNotCompareDoesNotCount) {
-    const ImportFixture import;
-    import.take("IMG_1.JPG", "one");
-    import.take("IMG_2.JPG", "two");
-    import.phone->announce(u"/DCIM/IMG_1.JPG"_s, 7);
-    const CopyOutcome outcome = import.fetch();
-    EXPECT_EQ(outcome.end(), CopyOutcome::End::incomplete);
-    EXPECT_EQ(import.here(), QStringList(u"IMG_2.JPG=two"_s));
-    EXPECT_EQ(import.plan().items.size(), 1U);
-}
-
 TEST(ImportLedger, knowsAFileByPathSizeAndDate) {
     const TemporaryFolder folder;
     ImportLedger ledger(folder.path(), u"X"_s);
@@ -281,16 +244,6 @@ TEST(ImportLedger, damagedLinesCountAsNoneAndTheNextOneStandsAlone) {
         EXPECT_EQ(again.find(fileAt(path)).has_value(), isKnown) << path;
 }
 
-TEST(ImportLedger, thatCannotBeReadOrWrittenIsAnError) {
-    const TemporaryFolder folder;
-    folder.write(u"file"_s, "");
-    ImportLedger ledger(folder.path(u"file/below"_s), u"X"_s);
-    EXPECT_THROW(ledger.add({{u"/a.jpg"_s, 1, {}, {}, {}}}), Error);
-    const ImportLedger other(folder.path(), u"X"_s);
-    folder.makeFolder(QFileInfo(other.file()).fileName());
-    EXPECT_THROW(ImportLedger(folder.path(), u"X"_s), Error);
-}
-
 TEST(ImportRemoval, takesFromThePhoneOnlyWhatLiesHereWhole) {
     const struct {
         const char* name;
@@ -339,24 +292,6 @@ TEST(ImportRemoval, takesFromThePhoneOnlyWhatLiesHereWhole) {
                 left << path.section(u'/', -1);
         EXPECT_EQ(left.join(u' '), QString::fromLatin1(row.left));
     }
-}
-
-TEST(ImportRemoval, endsWithThePhone) {
-    const ImportFixture import;
-    import.take("IMG_1.JPG", "one");
-    import.take("IMG_2.JPG", "two");
-    (void)import.fetch();
-    const FoundPhotos found = import.find();
-    import.phone->loseLink(2);
-    const ImportRemoval lost = removeImported(*import.phone, found.photos, *found.ledger, {}, {});
-    ASSERT_TRUE(lost.failure);
-    EXPECT_TRUE(lost.failure->is(PhoneError::unplugged));
-    import.phone->restoreLink();
-    std::stop_source stop;
-    stop.request_stop();
-    EXPECT_TRUE(removeImported(*import.phone, found.photos, *found.ledger, {}, stop.get_token())
-                    .isCancelled);
-    EXPECT_TRUE(import.phone->has(u"/DCIM/IMG_1.JPG"_s));
 }
 
 } // namespace

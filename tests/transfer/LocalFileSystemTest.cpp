@@ -79,24 +79,6 @@ std::optional<ErrorCode> codeOf(const std::function<void()>& work) {
     return std::nullopt;
 }
 
-TEST_F(LocalFileSystemTest, whatIsWrittenIsListedAndRead) {
-    const QDateTime date = QDateTime::fromMSecsSinceEpoch(1'600'000'000'123);
-    const QByteArray content(700'001, 'c');
-    const FileItem made = write(files.folder(), QStringLiteral("film.mp4"), content, date);
-    EXPECT_EQ(made, item(QStringLiteral("film.mp4")));
-    EXPECT_EQ(made.size, content.size());
-    EXPECT_EQ(made.modifiedDate, date);
-    EXPECT_EQ(read(made), content);
-    EXPECT_EQ(read(made, {700'000, 50}), QByteArray("c"));
-    EXPECT_EQ(read(made, {10, 300'000}).size(), 300'000);
-    EXPECT_EQ(files.hash(made, {}), QCryptographicHash::hash(content, QCryptographicHash::Sha256));
-    const FileItem folder = files.makeFolder(files.folder(), QStringLiteral("f"), {});
-    EXPECT_THAT(listAll(files, files.folder(), {}).items, UnorderedElementsAre(made, folder));
-    files.setModified(made, date.addSecs(-7), {});
-    EXPECT_EQ(item(QStringLiteral("film.mp4")).modifiedDate, date.addSecs(-7));
-    files.flush();
-}
-
 TEST_F(LocalFileSystemTest, aListingHandsOutEveryEntryOnce) {
     QStringList names;
     for (int i = 0; i < 1300; ++i)
@@ -219,27 +201,6 @@ TEST_F(LocalFileSystemTest, takenNamesAreRefusedOrReplacedAsAsked) {
                   files.move(item(QStringLiteral("empty")), at(QStringLiteral("empty/folder")), {});
               }),
               ErrorCode(PhoneError::insideItself));
-}
-
-TEST_F(LocalFileSystemTest, aWriteThatFailsLeavesNothing) {
-    struct Broken {};
-    int pieces = 0;
-    const auto breaks = [&pieces](std::span<std::byte> into) -> std::size_t {
-        if (++pieces > 3)
-            throw Broken();
-        return into.size();
-    };
-    EXPECT_THROW(files.write({files.folder(), QStringLiteral("x"), 10, {}}, breaks, {}, {}),
-                 Broken);
-    std::stop_source stop;
-    const auto stops = [&stop](std::span<std::byte> into) {
-        stop.request_stop();
-        return into.size();
-    };
-    EXPECT_THROW(
-        files.write({files.folder(), QStringLiteral("x"), 10, {}}, stops, {}, stop.get_token()),
-        CancellationError);
-    EXPECT_THAT(disk.names(QStringLiteral("base")), IsEmpty());
 }
 
 TEST_F(LocalFileSystemTest, removalsTakeWhatWasSeenAndNoMore) {

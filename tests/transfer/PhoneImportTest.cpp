@@ -75,23 +75,6 @@ TEST_F(PhoneImport, twoThousandPhotosAreFetchedOnceAndThenListedOnly) {
               (Counts{{u"afc.readDir"_s, 2}, {u"afc.getFileInfo"_s, count + 1}}));
 }
 
-TEST_F(PhoneImport, aPulledCableCostsNothingThatHasArrived) {
-    constexpr int count = 40;
-    for (int n = 0; n < count; ++n)
-        take(u"IMG_%1.JPG"_s.arg(n, 4, 10, QChar(u'0')), QByteArray(20'000, 'p'));
-    iphone_.faults([](VirtualIPhoneFaults& faults) {
-        faults.requestFault = VirtualIPhoneRequestFault{.request = u"afc.fileRead"_s, .nth = 25};
-    });
-    const CopyOutcome first = fetch();
-    EXPECT_EQ(first.end(), CopyOutcome::End::failed);
-    EXPECT_GT(first.files, 5);
-    iphone_.phone.plugInto(iphone_.mux);
-    const auto missing = static_cast<std::size_t>(count - first.files);
-    EXPECT_EQ(requestsOf([&] { EXPECT_EQ(fetch().files, count - first.files); })[u"afc.fileOpen"_s],
-              missing);
-    EXPECT_EQ(here_.names(u"pictures"_s).size(), count);
-}
-
 /// Phones let the camera's files be deleted, and not written.
 TEST_F(PhoneImport, fetchedPhotosGoFromThePhone) {
     take(u"IMG_0001.HEIC"_s, "still");

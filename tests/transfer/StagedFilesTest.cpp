@@ -52,16 +52,6 @@ TEST_F(StagedFilesTest, aCopyIsMadeOnceAndAnotherForWhatChanged) {
     EXPECT_NE(staged.fetch(*twin.memory, twin.memory->item(s("/side/a.txt")), {}, {}), other);
 }
 
-TEST_F(StagedFilesTest, onlyThisUserCanLookIn) {
-    StagedFiles staged(s("test"));
-    QString folder = fetch(staged, "a.txt");
-    for (int up = 0; up < 2; ++up)
-        folder = parentPath(folder);
-    struct stat facts {};
-    ASSERT_EQ(::stat(folder.toUtf8().constData(), &facts), 0);
-    EXPECT_EQ(facts.st_mode & 0777, 0700U);
-}
-
 TEST_F(StagedFilesTest, whatWasNotUsedForLongestGoesFirst) {
     StagedFiles staged(s("test"), 12);
     const QString a = fetch(staged, "a.txt");

@@ -108,15 +108,6 @@ TEST_F(StrangeDiskTest, aFullDiskEndsTheCopyAndKeepsNoPart) {
     }
 }
 
-TEST_F(StrangeDiskTest, whatIsTooLargeForItIsLeftOut) {
-    mount({.largestFile = 500'000});
-    if (IsSkipped())
-        return;
-    const CopyOutcome outcome = download({{s("a"), QByteArray(600'000, 'a')}, {s("b"), "b"}});
-    EXPECT_THAT(namesLeftOut(outcome), ElementsAre(s("a: tooLarge")));
-    EXPECT_EQ(disk->names(), QStringList{s("b")});
-}
-
 TEST_F(StrangeDiskTest, aReadOnlyDiskLeavesAllOutAndSaysWhy) {
     mount({.isReadOnly = true});
     if (IsSkipped())

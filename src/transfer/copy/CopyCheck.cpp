@@ -46,11 +46,6 @@ qint64 bytesOf(PhoneFileSystem& files, const FileItem& item, bool& isPartial,
 
 } // namespace
 
-bool CopyCheck::hasClashes() const {
-    return std::any_of(items.begin(), items.end(),
-                       [](const CheckedItem& one) { return one.existing.has_value(); });
-}
-
 qint64 CopyCheck::neededBytes(const CopyAnswers& answers) const {
     qint64 needed = 0;
     qint64 largestOld = 0;

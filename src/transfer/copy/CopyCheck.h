@@ -25,7 +25,6 @@ struct CopyCheck {
     /// Not everything could be counted: the bytes are the least that will be moved.
     bool isPartial = false;
 
-    [[nodiscard]] bool hasClashes() const;
     /// What the copy takes for itself at its worst moment: an older file goes when the new one is
     /// there.
     [[nodiscard]] qint64 neededBytes(const CopyAnswers& answers) const;

@@ -5,6 +5,7 @@
 #include "base/text/PathNames.h"
 #include "base/threads/CancellationError.h"
 #include "base/values/FreeWith.h"
+#include "transfer/local/LocalContent.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -26,7 +27,6 @@ namespace tessary {
 
 namespace {
 
-constexpr std::size_t pieceSize = 256 * 1024;
 constexpr std::size_t rowsAtOnce = 512;
 
 QDateTime dateOf(const struct stat& facts) {
@@ -224,24 +224,7 @@ FileHandle LocalFileSystem::openToRead(const FileItem& file) const {
 qint64 LocalFileSystem::read(const FileItem& file, ByteRange range, const ByteSink& sink,
                              const Call& call) {
     const FileHandle opened = openToRead(file);
-    Bytes buffer(pieceSize);
-    qint64 done = 0;
-    while (range.length < 0 || done < range.length) {
-        throwIfStopped(call.stop);
-        std::size_t wanted = buffer.size();
-        if (range.length >= 0)
-            wanted = std::min(wanted, static_cast<std::size_t>(range.length - done));
-        const ssize_t count = ::pread(opened.get(), buffer.data(), wanted, range.offset + done);
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count < 0)
-            throw localFailure(LocalError::cannotRead, file.path, errno);
-        if (count == 0)
-            break;
-        sink(ByteView(buffer).first(static_cast<std::size_t>(count)));
-        done += count;
-    }
-    return done;
+    return readContent(opened, file.path, range, sink, call.stop);
 }
 
 FileItem LocalFileSystem::write(const NewFile& file, const ByteSource& content,
@@ -288,19 +271,7 @@ FileItem LocalFileSystem::fill(const FileHandle& opened, qint64 done, const NewF
                                const ByteSource& content, const ByteProgress& progress,
                                const Call& call) {
     const QString path = joinPath(file.folder, file.name);
-    Bytes buffer(pieceSize);
-    while (const std::size_t count = content(buffer)) {
-        throwIfStopped(call.stop);
-        for (std::size_t written = 0; written < count;) {
-            const ssize_t step = ::write(opened.get(), buffer.data() + written, count - written);
-            if (step < 0 && errno != EINTR)
-                throw localFailure(LocalError::cannotWrite, path, errno);
-            written += step < 0 ? 0 : static_cast<std::size_t>(step);
-        }
-        done += static_cast<qint64>(count);
-        if (progress)
-            progress(done);
-    }
+    writeContent(opened, path, done, content, progress, call.stop);
     // A date that the file system cannot hold is no reason to lose the copy.
     if (file.modified)
         (void)::futimens(opened.get(), timesFor(*file.modified).data());

@@ -54,15 +54,6 @@ struct CopyQueue::Work {
     }
 };
 
-std::optional<double> CopySummary::fractionDone() const {
-    if (isIdle())
-        return std::nullopt;
-    return totalBytes > 0
-               ? std::clamp(static_cast<double>(doneBytes) / static_cast<double>(totalBytes), 0.0,
-                            1.0)
-               : 0;
-}
-
 CopyQueue::CopyQueue(QObject* parent) : QObject(parent) {
     progressTimer_.setInterval(progressInterval);
     connect(&progressTimer_, &QTimer::timeout, this, &CopyQueue::showProgress);
@@ -135,10 +126,8 @@ QUuid CopyQueue::enqueue(TreeCopyRequest request, Finished onFinished) {
                 addByteCounts(job.progress.totalBytes, std::max<qint64>(item.item.size, 0));
         }
     }
-    if (summary_.isIdle()) {
-        speed_ = {};
-        finishedBytes_ = 0;
-    }
+    if (summary_.isIdle())
+        totals_.beginAnew();
     auto work = std::make_shared<Work>();
     work->request = std::move(request);
     work->onFinished = std::move(onFinished);
@@ -259,7 +248,7 @@ void CopyQueue::finish(CopyJob& job, Status status) {
     job.isFinishing = false;
     job.bytesPerSecond = 0;
     job.timeLeft.reset();
-    finishedBytes_ = addByteCounts(finishedBytes_, job.doneBytes());
+    totals_.noteEnd(job);
     const CopyJob shown = job; // listeners may change the list
     const Finished told = works_[job.id]->onFinished;
     tellChanged({shown.id});
@@ -318,10 +307,8 @@ void CopyQueue::goOn(const QUuid& id) {
     CopyJob* const job = find(id);
     if (job == nullptr || !job->canGoOn())
         return;
-    if (summary_.isIdle()) {
-        speed_ = {};
-        finishedBytes_ = 0;
-    }
+    if (summary_.isIdle())
+        totals_.beginAnew();
     Work& work = *works_[id];
     work.isCancelled = false;
     work.isPausing = work.stop.has_value(); // it begins once its thread has ended
@@ -400,28 +387,11 @@ void CopyQueue::showProgress() {
 }
 
 void CopyQueue::updateSummary() {
-    CopySummary summary;
-    summary.doneBytes = finishedBytes_;
-    summary.totalBytes = finishedBytes_;
-    for (const CopyJob& job : jobs_) {
-        if (job.isFinished()) {
-            ++summary.finished;
-            continue;
-        }
-        ++(job.status == Status::running ? summary.running : summary.queued);
-        summary.doneBytes = addByteCounts(summary.doneBytes, job.doneBytes());
-        summary.totalBytes = addByteCounts(summary.totalBytes, job.progress.totalBytes);
-    }
-    if (!summary.isIdle()) {
-        speed_.update(summary.doneBytes, TransferSpeed::Clock::now());
-        summary.bytesPerSecond = summary.running > 0 ? speed_.bytesPerSecond() : 0;
-        if (summary.running > 0)
-            summary.timeLeft = speed_.timeLeft(summary.totalBytes - summary.doneBytes);
-    }
-    if (summary != summary_) {
-        summary_ = summary;
-        Q_EMIT summaryChanged();
-    }
+    const CopySummary summary = totals_.summaryOf(jobs_);
+    if (summary == summary_)
+        return;
+    summary_ = summary;
+    Q_EMIT summaryChanged();
 }
 
 } // namespace tessary

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "transfer/queue/CopyRecord.h"
+#include "transfer/queue/CopySummary.h"
 #include "transfer/queue/CopyThreads.h"
-#include "transfer/queue/TransferSpeed.h"
 
 #include <QHash>
 #include <QObject>
@@ -13,24 +13,6 @@
 #include <vector>
 
 namespace tessary {
-
-/// The queue as a whole: what is under way since it was last empty.
-struct CopySummary {
-    int queued = 0; ///< paused ones, too
-    int running = 0;
-    int finished = 0; ///< in the list, whatever their outcome
-    qint64 doneBytes = 0;
-    qint64 totalBytes = 0;
-    double bytesPerSecond = 0;
-    std::optional<std::chrono::seconds> timeLeft;
-
-    [[nodiscard]] bool isIdle() const {
-        return queued + running == 0;
-    }
-    /// Between 0 and 1, by bytes; no value while nothing is under way.
-    [[nodiscard]] std::optional<double> fractionDone() const;
-    bool operator==(const CopySummary&) const = default;
-};
 
 /// The copies that the user sees, in their order, and what he asks of them. One at a time a phone,
 /// in the order of the list; copies of different phones side by side; one between two phones needs
@@ -111,10 +93,7 @@ private:
     QHash<QUuid, std::shared_ptr<Work>> works_;
     QTimer progressTimer_;
     CopySummary summary_;
-
-    // Of the jobs since the queue was last empty:
-    TransferSpeed speed_;
-    qint64 finishedBytes_ = 0; ///< totals of those that have ended, however they did
+    CopyTotals totals_;
 
     CopyThreads threads_; ///< last: its end waits for what still posts to this
 };

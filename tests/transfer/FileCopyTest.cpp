@@ -1,0 +1,185 @@
+#include "transfer/copy/FileCopy.h"
+
+#include "support/QtPrinters.h"
+#include "transfer/CopySides.h"
+#include "transfer/copy/FileStream.h"
+#include "transfer/copy/PartNames.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tessary {
+namespace {
+
+using Operation = MemoryFileSystem::Operation;
+
+/// What is to be replaced is looked at again; what changed since stays.
+TEST(FileCopies, whatChangedSinceItWasSeenStays) {
+    const struct {
+        const char* name;
+        std::function<void(MemoryFileSystem& source, MemoryFileSystem& target)> change;
+        std::optional<ErrorCode> code;
+        QByteArray left;
+        bool isFree = false; ///< at first
+    } rows[] = {
+        {"nothing", [](auto&, auto&) {}, std::nullopt, "new"},
+        {"the target's content",
+         [](auto&, auto& target) { target.addFile(s("/t"), "edited", noon); },
+         ErrorCode(PhoneError::changed), "edited"},
+        {"the target's date alone",
+         [](auto&, auto& target) { target.addFile(s("/t"), "old", noon.addSecs(1)); },
+         ErrorCode(PhoneError::changed), "old"},
+        {"the target went",
+         [](auto&, auto& target) { target.removeQuietly(s("/t")); },
+         ErrorCode(PhoneError::changed),
+         {}},
+        {"the source's content",
+         [](auto& source, auto&) { source.addFile(s("/s"), "wen", noon.addSecs(1)); },
+         ErrorCode(PhoneError::changed), "old"},
+        {"the source went", [](auto& source, auto&) { source.removeQuietly(s("/s")); },
+         ErrorCode(PhoneError::changed), "old"},
+        {"the target came", [](auto&, auto& target) { target.addFile(s("/t"), "else", noon); },
+         ErrorCode(PhoneError::taken), "else", true},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        MemoryFileSystem source({.queue = std::make_shared<PhoneQueue>()});
+        MemoryFileSystem target({.queue = std::make_shared<PhoneQueue>()});
+        source.addFile(s("/s"), "new", noon);
+        FileCopy copy{source, source.item(s("/s")), target, s("/"), s("t")};
+        if (!row.isFree) {
+            target.addFile(s("/t"), "old", noon);
+            copy.replaces = target.item(s("/t"));
+        }
+        target.beforeEach([&](const MemoryFileSystem::Request& request) {
+            if (request.operation == Operation::write)
+                row.change(source, target);
+        });
+        std::optional<ErrorCode> code;
+        try {
+            EXPECT_EQ(copyFile(copy, {}, {}).modifiedDate, noon);
+        } catch (const Error& error) {
+            code = error.code();
+        }
+        EXPECT_EQ(code, row.code);
+        EXPECT_EQ(target.content(s("/t")), row.left);
+        EXPECT_LE(target.tree().size(), 1); // and no part
+    }
+}
+
+TEST(FileCopies, aWayThatCannotRenameGetsNewFilesOnly) {
+    MemoryFileSystem source;
+    MemoryFileSystem target({.capabilities = {.renames = false, .moves = false}});
+    source.addFile(s("/s"), "new", noon);
+    target.addFile(s("/t"), "old", noon);
+    FileCopy copy{source, source.item(s("/s")), target, s("/"), s("u")};
+    EXPECT_EQ(copyFile(copy, {}, {}).path, s("/u"));
+    copy.name = s("t");
+    copy.replaces = target.item(s("/t"));
+    EXPECT_THROW(copyFile(copy, {}, {}), Error);
+    EXPECT_EQ(target.content(s("/t")), "old");
+    EXPECT_EQ(target.count(Operation::write), 1);
+}
+
+TEST(FileCopies, whatArrivedWrongIsFoundByComparing) {
+    MemoryFileSystem source;
+    for (const bool hasHashes : {true, false}) {
+        MemoryFileSystem target({.capabilities = {.hasHashes = hasHashes}});
+        source.addFile(s("/s"), film, noon);
+        bool breaks = false;
+        target.beforeEach([&](const MemoryFileSystem::Request& request) {
+            if (breaks &&
+                (request.operation == Operation::hash || request.operation == Operation::read))
+                target.addFile(request.path, QByteArray(film.size(), 'g'), noon);
+        });
+        FileCopy copy{source, source.item(s("/s")), target, s("/"), s("t")};
+        copy.verifies = true;
+        EXPECT_NO_THROW(copyFile(copy, {}, {}));
+        EXPECT_EQ(target.bytes(Operation::read), hasHashes ? 0 : film.size());
+        breaks = true;
+        copy.name = s("u");
+        EXPECT_THROW(copyFile(copy, {}, {}), Error);
+        EXPECT_EQ(target.tree(), QStringList{s("/t")});
+    }
+}
+
+TEST(Leftovers, areFinishedOrRemovedAndNothingElseIs) {
+    MemorySide target;
+    DiskSide source;
+    source.fill({{s("new"), "n"}}, noon);
+    const QDateTime now = QDateTime::currentDateTime();
+    const QString longName(245, QLatin1Char('l'));
+    const QString old = PartFile::newName();
+    const QString young = PartFile::newName();
+    const QString used = PartFile::newName();
+    target.put(old, "o", now.addSecs(-700));
+    target.put(young, "y", now.addSecs(-500));
+    target.put(used, "u", now.addSecs(-700));
+    target.put(waitingName({}, s("film.mp4")), "whole", noon);
+    target.put(waitingName({}, s("taken")), "whole", noon);
+    target.put(s("taken"), "t", noon);
+    target.put(waitingName({}, longName), "long", noon);
+    target.put(waitingName({}, longName + u'x'), "not awaited", noon);
+    source.put(longName, "long", noon.addSecs(5));
+    const PartInUse use(used);
+    EXPECT_EQ(run(requestFor(source, target, ClashAnswer::skip)).end(), CopyOutcome::End::done);
+    EXPECT_EQ(target.contents(), (Contents{{young, "y"},
+                                           {used, "u"},
+                                           {s("film.mp4"), "whole"},
+                                           {s("taken"), "t"},
+                                           {longName, "long"},
+                                           {waitingName({}, longName + u'x'), "not awaited"},
+                                           {s("new"), "n"}}));
+}
+
+TEST(Leftovers, areNoneOfTheUsersFiles) {
+    MemorySide source;
+    DiskSide target;
+    source.fill({{s("d/a"), "a"}, {s("d/") + PartFile::newName(), "part"}}, noon);
+    EXPECT_EQ(run(requestFor(source, target, ClashAnswer::skip)).end(), CopyOutcome::End::done);
+    EXPECT_EQ(target.contents().keys(), (QStringList{s("d/"), s("d/a")}));
+}
+
+TEST(Leftovers, foldersOfOursGoWithAllInThemOnceTheyAreOld) {
+    MemorySide target({.rules = {}});
+    const QDateTime now = QDateTime::currentDateTime();
+    target.memory->addFile(s("/side/.tessary-part-old/x"), "x", now);
+    target.memory->addFile(s("/side/.tessary-part-new/x"), "x", now);
+    std::vector<FileItem> items = listAll(*target.memory, s("/side"), {}).items;
+    for (FileItem& item : items)
+        item.modifiedDate = item.name == s(".tessary-part-old") ? now.addSecs(-3600) : now;
+    EXPECT_THAT(tidied(*target.memory, items, {}, {}, {}), testing::IsEmpty());
+    EXPECT_EQ(target.memory->tree(), (QStringList{s("/side/"), s("/side/.tessary-part-new/"),
+                                                  s("/side/.tessary-part-new/x")}));
+}
+
+TEST(LargeFiles, beginAnewWhenTheSourceChanged) {
+    MemorySide source({.pieceSize = 100'000, .queue = std::make_shared<PhoneQueue>()});
+    DiskSide target;
+    source.put(s("film"), QByteArray(6'000'000, 'a'), noon);
+    source.memory->failAfterBytes(Operation::read, s("/side/film"), 5'500'000,
+                                  {PhoneError::unplugged});
+    EXPECT_EQ(run(requestFor(source, target, ClashAnswer::skip)).end(), CopyOutcome::End::failed);
+    const QByteArray other(6'000'000, 'b');
+    source.put(s("film"), other, noon.addSecs(1));
+    EXPECT_EQ(run(requestFor(source, target, ClashAnswer::skip)).end(), CopyOutcome::End::done);
+    EXPECT_EQ(target.contents().value(s("film")), other);
+}
+
+TEST(LargeFiles, thatWereGivenUpAreRemovedAfterADay) {
+    MemorySide source({.queue = std::make_shared<PhoneQueue>()});
+    DiskSide target;
+    source.put(s("a"), "a", noon);
+    const FileItem item = source.items()[0];
+    const QDateTime now = QDateTime::currentDateTime();
+    FileItem other = item;
+    other.path += s("2");
+    const QString young = resumableName(*source.memory, item);
+    target.put(young, "y", now.addSecs(-23 * 3600));
+    target.put(resumableName(*source.memory, other), "o", now.addSecs(-25 * 3600));
+    EXPECT_EQ(run(requestFor(source, target, ClashAnswer::skip)).end(), CopyOutcome::End::done);
+    EXPECT_EQ(target.contents(), (Contents{{young, "y"}, {s("a"), "a"}}));
+}
+
+} // namespace
+} // namespace tessary
