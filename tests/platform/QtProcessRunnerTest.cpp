@@ -42,13 +42,6 @@ protected:
     QtProcessRunner runner_;
 };
 
-TEST_F(QtProcessRunnerTest, argumentsReachTheProgramAsTheyAre) {
-    ProcessRequest request = shell("printf '[%s]' \"$@\"");
-    request.arguments += {QStringLiteral("-"), QStringLiteral("$(id) `id`"),
-                          QStringLiteral("a  'b\" \\"), QString()};
-    EXPECT_EQ(runner_.follow(request).standardOutput, "[$(id) `id`][a  'b\" \\][]");
-}
-
 TEST_F(QtProcessRunnerTest, unusualEndsAreToldApart) {
     EXPECT_EQ(runner_.follow(shell("kill -SEGV $$")).outcome, Outcome::crashed);
     ProcessRequest missing;
@@ -119,18 +112,6 @@ TEST_F(QtProcessRunnerTest, childDiesWithTheThreadThatStartedIt) {
         ended = !status.open(QIODevice::ReadOnly) || status.readAll().contains(") Z ");
     }
     EXPECT_TRUE(ended);
-}
-
-TEST_F(QtProcessRunnerTest, endOfTheProgramEndsEveryRunAndEveryLaterOne) {
-    QtProcessRunner runner;
-    const std::jthread ending([&] {
-        std::this_thread::sleep_for(200ms);
-        runner.stop();
-    });
-    const auto start = std::chrono::steady_clock::now();
-    EXPECT_EQ(runner.follow(shell("exec sleep 60")).outcome, Outcome::cancelled);
-    EXPECT_EQ(runner.follow(shell("exec sleep 60")).outcome, Outcome::cancelled);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, 5s);
 }
 
 } // namespace
