@@ -1,8 +1,8 @@
 #pragma once
 
 #include "phone/PhoneFileSystem.h"
+#include "support/MemoryFiles.h"
 #include "support/MemoryRequests.h"
-#include "support/MemoryTree.h"
 
 #include <QCryptographicHash>
 #include <QStringList>
@@ -21,12 +21,12 @@ namespace tessary {
 /// of exactly as many bytes as were announced, only what its capabilities say, and a check of every
 /// FileItem that comes back. Faults are switched on; every request is kept. Thread-safe, but for
 /// the options, which are set before it is used.
-class MemoryFileSystem final : public PhoneFileSystem, public MemoryRequests, public MemoryTree {
+class MemoryFileSystem final : public PhoneFileSystem, public MemoryRequests, public MemoryFiles {
 public:
     using Options = MemoryOptions;
 
     MemoryFileSystem() : MemoryFileSystem(Options{}) {}
-    explicit MemoryFileSystem(Options options) : MemoryTree(std::move(options)) {}
+    explicit MemoryFileSystem(Options options) : MemoryFiles(std::move(options)) {}
 
     [[nodiscard]] QString identity() const override {
         return options_.identity;

@@ -30,9 +30,9 @@ struct MemoryOptions {
 
 /// What lies on a phone in memory, and its rules: names, handles, room. Around them a test puts
 /// there what it likes. Thread-safe, but for what is protected.
-class MemoryTree : private MemoryNodes {
+class MemoryFiles : private MemoryNodes {
 public:
-    explicit MemoryTree(MemoryOptions options) : options_(std::move(options)) {}
+    explicit MemoryFiles(MemoryOptions options) : options_(std::move(options)) {}
 
     // Folders above are made. Nothing of this is part of the log.
 
