@@ -1,5 +1,6 @@
 #include "transfer/copy/FileCopy.h"
 
+#include "base/local/LocalError.h"
 #include "base/log/DiagnosticsLogger.h"
 #include "base/text/PathNames.h"
 #include "base/threads/CancellationError.h"
@@ -23,9 +24,11 @@ public:
             return;
         try {
             files_.remove(item_, {{}, urgency_}); // also when the copy was cancelled
+        } catch (const Error& error) {
+            if (!error.is(PhoneError::notFound) && !error.is(LocalError::notFound))
+                tell(error);
         } catch (const std::exception& error) {
-            DiagnosticsLogger::shared().transfer.standard("a part stays: %s",
-                                                          {QString::fromUtf8(error.what())});
+            tell(error);
         }
     }
     PartOnTarget(const PartOnTarget&) = delete;
@@ -43,6 +46,11 @@ public:
     }
 
 private:
+    static void tell(const std::exception& error) {
+        DiagnosticsLogger::shared().transfer.standard("a part stays: %s",
+                                                      {QString::fromUtf8(error.what())});
+    }
+
     PhoneFileSystem& files_;
     FileItem item_;
     const Urgency urgency_;
