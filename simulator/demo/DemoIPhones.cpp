@@ -27,9 +27,9 @@ VirtualIPhoneApp closedApp(const QString& bundleID, const QString& name, const Q
 
 } // namespace
 
-DemoIPhones::DemoIPhones(const QString& folder, const QString& socketPath,
-                         double megabytesPerSecond, const Maker& maker)
-    : mux_(socketPath) {
+DemoIPhones::DemoIPhones(const QString& socketPath) : mux_(socketPath) {}
+
+void DemoIPhones::plugIn(const QString& folder, double megabytesPerSecond, const Maker& maker) {
     const QDir disk(folder);
     const bool isNew = !disk.exists(u"iphone"_s);
     const auto container = [&disk](const QString& name) { return disk.filePath(name); };

@@ -12,18 +12,22 @@ class DemoIPhones {
 public:
     using Maker = std::function<std::unique_ptr<VirtualIPhone>(VirtualIPhoneConfig)>;
 
-    /// Blocking, some tenths of a second. The apps' containers lie below `folder`, which is the
-    /// caller's; what an earlier run left there is used as it is. `megabytesPerSecond` slows the
-    /// phones down; 0 for no limit. Throws std::runtime_error when the mux cannot listen.
-    DemoIPhones(const QString& folder, const QString& socketPath, double megabytesPerSecond = 0,
-                const Maker& maker = std::make_unique<VirtualIPhone, VirtualIPhoneConfig>);
+    /// Listens; no phone is plugged in yet. Throws std::runtime_error when it cannot.
+    explicit DemoIPhones(const QString& socketPath);
     ~DemoIPhones();
     DemoIPhones(const DemoIPhones&) = delete;
     DemoIPhones& operator=(const DemoIPhones&) = delete;
 
+    /// Blocking, some tenths of a second. The apps' containers lie below `folder`, which is the
+    /// caller's; what an earlier run left there is used as it is. `megabytesPerSecond` slows the
+    /// phones down; 0 for no limit. To be called once.
+    void plugIn(const QString& folder, double megabytesPerSecond = 0,
+                const Maker& maker = std::make_unique<VirtualIPhone, VirtualIPhoneConfig>);
+
     [[nodiscard]] VirtualMux& mux() {
         return mux_;
     }
+    /// From plugIn() on.
     [[nodiscard]] std::vector<std::unique_ptr<VirtualIPhone>>& phones() {
         return phones_;
     }

@@ -12,16 +12,45 @@ namespace tessary {
 
 using namespace Qt::StringLiterals;
 
-DemoPhones::DemoPhones(const QString& folder, double megabytesPerSecond, const DemoMakers& makers) {
+DemoPhones::DemoPhones(const QString& folder, double megabytesPerSecond, const DemoMakers& makers,
+                       PluggedIn when) {
     if (folder.isEmpty()) {
         const PrivateFolder parent(PrivateFolder::Place::cache, u"demo"_s);
         parent.removeAbandoned();
         disk_.emplace(parent);
     }
     parent_.removeAbandoned();
-    const QDir disk(disk_ ? disk_->path() : folder);
-    const bool isNew = !disk.exists(u"pixel"_s);
+    const QString disk = disk_ ? disk_->path() : folder;
+    const bool isNew = !QDir(disk).exists(u"pixel"_s);
 
+    ADBDConfig debugged;
+    debugged.serialNumber = debuggedSerial;
+    debugged.folder = QDir(disk).filePath(u"pixel"_s);
+    debugged.megabytesPerSecond = megabytesPerSecond;
+    adbd_ = std::make_unique<VirtualADBD>(std::move(debugged));
+
+    try {
+        iPhones_ = std::make_unique<DemoIPhones>(own_.path() + u"/mux"_s);
+        iPhones_->mux().useInThisProcess();
+    } catch (const std::runtime_error& error) {
+        qWarning("No virtual iPhones: %s", error.what());
+    }
+
+    if (when == PluggedIn::atOnce) {
+        plugIn(disk, isNew, megabytesPerSecond, makers);
+        return;
+    }
+    pluggingIn_ = std::jthread([=, this] {
+        nameCurrentThread("demo-content");
+        plugIn(disk, isNew, megabytesPerSecond, makers);
+    });
+}
+
+DemoPhones::~DemoPhones() = default;
+
+void DemoPhones::plugIn(const QString& folder, bool isNew, double megabytesPerSecond,
+                        const DemoMakers& makers) {
+    const QDir disk(folder);
     VirtualAndroidConfig first;
     first.serialNumber = debuggedSerial;
     first.storages.resize(2);
@@ -50,28 +79,15 @@ DemoPhones::DemoPhones(const QString& folder, double megabytesPerSecond, const D
         (void)DemoContent::fillCard(first.storages[1].folder);
         (void)DemoContent::fillCard(second.storages[0].folder);
     }
-
     for (VirtualAndroidConfig* config : {&first, &second}) {
         config->megabytesPerSecond = megabytesPerSecond;
         androids_.emplace_back(makers.android(std::move(*config)))->plugInto(bus_);
     }
 
-    ADBDConfig debugged;
-    debugged.serialNumber = debuggedSerial;
-    debugged.folder = disk.filePath(u"pixel"_s);
-    debugged.megabytesPerSecond = megabytesPerSecond;
-    adbd_ = std::make_unique<VirtualADBD>(std::move(debugged));
-
-    try {
-        iPhones_ = std::make_unique<DemoIPhones>(disk.path(), own_.path() + u"/mux"_s,
-                                                 megabytesPerSecond, makers.iPhone);
-        iPhones_->mux().useInThisProcess();
-    } catch (const std::runtime_error& error) {
-        qWarning("No virtual iPhones: %s", error.what());
-    }
+    if (iPhones_)
+        iPhones_->plugIn(folder, megabytesPerSecond, makers.iPhone);
+    isPluggedIn_.set_value();
 }
-
-DemoPhones::~DemoPhones() = default;
 
 QString DemoPhones::ownFolder(const QString& name) const {
     QDir(own_.path()).mkdir(name);
@@ -92,6 +108,7 @@ void DemoPhones::startADB(const std::optional<QString>& executable) {
     adbStart_ = std::jthread([this](const std::stop_token& stop) {
         nameCurrentThread("adb-start");
         try {
+            pluggedIn_.wait();
             adbServer_.awaitStart(stop);
             adbServer_.connect(adbd_->address(), stop);
             (void)adbServer_.awaitPhone(adbd_->address(), stop);

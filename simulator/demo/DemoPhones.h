@@ -11,6 +11,7 @@
 #include <QProcessEnvironment>
 
 #include <functional>
+#include <future>
 #include <memory>
 #include <optional>
 #include <thread>
@@ -31,12 +32,18 @@ struct DemoMakers {
 /// user's.
 class DemoPhones {
 public:
-    /// Blocking, about a second. The folder is the caller's, and what an earlier run left in it is
-    /// used as it is; an empty name stands for one that goes with this object. `megabytesPerSecond`
-    /// slows the phones down, so that progress can be seen; 0 for no limit. Sets an environment
-    /// variable: before there are threads that read the environment.
+    /// Making the sample content takes about a second.
+    enum class PluggedIn {
+        atOnce, ///< all phones are there when the constructor returns
+        later,  ///< each as soon as it has its files, from a thread of its own
+    };
+
+    /// The folder is the caller's, and what an earlier run left in it is used as it is; an empty
+    /// name stands for one that goes with this object. `megabytesPerSecond` slows the phones down,
+    /// so that progress can be seen; 0 for no limit. Sets an environment variable: before there are
+    /// threads that read the environment.
     explicit DemoPhones(const QString& folder, double megabytesPerSecond = 0,
-                        const DemoMakers& makers = {});
+                        const DemoMakers& makers = {}, PluggedIn when = PluggedIn::atOnce);
     ~DemoPhones();
     DemoPhones(const DemoPhones&) = delete;
     DemoPhones& operator=(const DemoPhones&) = delete;
@@ -47,6 +54,7 @@ public:
     [[nodiscard]] VirtualUSBBus& virtualBus() {
         return bus_;
     }
+    /// With PluggedIn::atOnce only, as iPhones()->phones().
     [[nodiscard]] std::vector<std::unique_ptr<VirtualAndroid>>& androids() {
         return androids_;
     }
@@ -79,6 +87,8 @@ public:
 
 private:
     [[nodiscard]] QString ownFolder(const QString& name) const;
+    void plugIn(const QString& folder, bool isNew, double megabytesPerSecond,
+                const DemoMakers& makers);
 
     const PrivateFolder parent_{PrivateFolder::Place::runtime, QStringLiteral("demo")};
     const ScratchFolder own_{parent_}; ///< short of name, as a socket's path has to be
@@ -89,7 +99,10 @@ private:
     std::unique_ptr<VirtualADBD> adbd_;
     ADBServer adbServer_{ownFolder(QStringLiteral("adb"))};
     bool startsADB_ = false;
-    std::jthread adbStart_; ///< the last: it uses the others
+    std::promise<void> isPluggedIn_;
+    const std::shared_future<void> pluggedIn_{isPluggedIn_.get_future()};
+    std::jthread pluggingIn_; ///< these last: they use the others
+    std::jthread adbStart_;
 };
 
 } // namespace tessary

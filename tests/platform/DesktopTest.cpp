@@ -1,12 +1,15 @@
 #include "platform/desktop/DesktopNotifier.h"
 #include "platform/desktop/FileManager.h"
+#include "platform/desktop/MuteSessionBus.h"
 #include "platform/desktop/TaskbarProgress.h"
 #include "support/Application.h"
 #include "support/QtPrinters.h"
+#include "support/TemporaryFolder.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
+#include <QLocalServer>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -107,6 +110,22 @@ TEST_F(DesktopTest, theDockShowsWholePercentsAndIsClearedAtTheEnd) {
     EXPECT_TRUE(eventually([&] { return dock.shown.size() >= expected.size(); }));
     EXPECT_EQ(dock.shown, expected);
     EXPECT_EQ(dock.program, QStringLiteral("application://tessary.desktop"));
+}
+
+TEST_F(DesktopTest, aBusThatNeverAnswersIsLeftAloneAndAnyOtherIsKept) {
+    const QByteArray bus = qgetenv("DBUS_SESSION_BUS_ADDRESS");
+    EXPECT_FALSE(leaveMuteSessionBus());
+    EXPECT_EQ(qgetenv("DBUS_SESSION_BUS_ADDRESS"), bus);
+
+    const TemporaryFolder folder;
+    QLocalServer mute; // takes what comes in, in a loop that does not run
+    ASSERT_TRUE(mute.listen(folder.path(QStringLiteral("bus"))));
+    const QByteArray address = "unix:path=" + mute.fullServerName().toUtf8();
+    qputenv("DBUS_SESSION_BUS_ADDRESS", address + ",guid=00;tcp:host=localhost");
+    EXPECT_TRUE(leaveMuteSessionBus());
+    EXPECT_FALSE(qgetenv("DBUS_SESSION_BUS_ADDRESS").contains(address));
+    EXPECT_FALSE(leaveMuteSessionBus());
+    qputenv("DBUS_SESSION_BUS_ADDRESS", bus);
 }
 
 } // namespace

@@ -31,7 +31,7 @@ const std::map<std::string, std::vector<std::string>> arrows = {
     {"platform/dnssd", {"base/local", "base/log", "base/threads"}},
     {"platform/http", {"base/threads", "base/values"}},
     {"platform/mount", {"base/local", "base/log", "base/threads"}},
-    {"platform/desktop", {"base/log"}},
+    {"platform/desktop", {"base/log", "platform/net"}},
     {"platform/usb", {"base/local", "platform/process"}},
     {"phone/records", {"base/text", "base/values"}},
     {"phone", {"base/local", "base/text", "base/threads", "phone/records"}},

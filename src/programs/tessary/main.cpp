@@ -7,6 +7,7 @@
 #include "ios/Multiplexer.h"
 #include "platform/desktop/DesktopNotifier.h"
 #include "platform/desktop/FileManager.h"
+#include "platform/desktop/MuteSessionBus.h"
 #include "platform/desktop/SingleInstance.h"
 #include "platform/desktop/TaskbarProgress.h"
 #include "platform/process/QtProcessRunner.h"
@@ -47,7 +48,8 @@ constexpr double demoMegabytesPerSecond = 30;
 struct Phones {
     explicit Phones(bool demo) {
         if (demo)
-            virtualPhones = std::make_unique<DemoPhones>(QString(), demoMegabytesPerSecond);
+            virtualPhones = std::make_unique<DemoPhones>(
+                QString(), demoMegabytesPerSecond, DemoMakers{}, DemoPhones::PluggedIn::later);
         else
             systemBus = makeSystemUSBBus();
     }
@@ -91,6 +93,7 @@ int main(int argc, char** argv) {
     // Avahi's library for DNS-SD asks on standard error for its own interface to be used instead.
     qputenv("AVAHI_COMPAT_NOWARN", "1");
     const StopSignals signals;
+    leaveMuteSessionBus();
     const std::unique_ptr<QCoreApplication> application =
         asksForText(argc, argv) ? std::make_unique<QCoreApplication>(argc, argv)
                                 : std::make_unique<QApplication>(argc, argv);
