@@ -48,9 +48,10 @@ public:
         piece_.remove(0, static_cast<qsizetype>(count));
         return count;
     }
-    void write(ByteView bytes, const Wait&) override {
-        const QByteArray text(reinterpret_cast<const char*>(bytes.data()),
-                              static_cast<qsizetype>(bytes.size()));
+    void writeOn(ByteView& left, const Wait&) override {
+        const QByteArray text(reinterpret_cast<const char*>(left.data()),
+                              static_cast<qsizetype>(left.size()));
+        left = {};
         if (const qsizetype at = text.lastIndexOf(markFront); at >= 0)
             mark_ = text.mid(at, text.indexOf(':', at) - at);
     }

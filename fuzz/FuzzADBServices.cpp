@@ -23,7 +23,9 @@ public:
         input_ = input_.subspan(count);
         return count;
     }
-    void write(ByteView, const Wait&) override {}
+    void writeOn(ByteView& left, const Wait&) override {
+        left = {};
+    }
     [[nodiscard]] bool hasInput() const override {
         return false;
     }

@@ -94,15 +94,11 @@ void ADBDSync::take(ByteView bytes) {
         const std::size_t length = readLittleEndian<std::uint32_t>(in_, 4);
         if (length > longestPath || in_.size() < recordHeader + length)
             continue;
-        const auto word = readLittleEndian<std::uint32_t>(in_, 0);
-        const auto command = adbSyncCommandFromRawValue(word);
+        const auto command = adbSyncCommandFromRawValue(readLittleEndian<std::uint32_t>(in_, 0));
         const std::string path(reinterpret_cast<const char*>(in_.data()) + recordHeader, length);
         in_.clear();
-        if (word == adbWordLIS2 && state_.config.hasLsV2) {
-            answerList(path, true);
-            continue;
-        }
-        const bool isUnknown = !state_.config.hasStatV2 && (command == sta2 || command == lst2);
+        const bool isUnknown = (!state_.config.hasStatV2 && (command == sta2 || command == lst2)) ||
+                               (!state_.config.hasLsV2 && command == lis2);
         if (!command || isUnknown) {
             fail("unknown command");
             isOver_ = true;
@@ -119,7 +115,8 @@ void ADBDSync::serve(ADBSyncCommand command, const std::string& path) {
     case lst2:
         return answerStat(command, path);
     case list:
-        return answerList(path, false);
+    case lis2:
+        return answerList(path, command == lis2);
     case recv:
         return beginPull(path);
     case send:
@@ -178,7 +175,7 @@ void ADBDSync::answerList(const std::string& path, bool isNew) {
     }
     for (const ADBDEntry& entry : entries) {
         if (isNew) {
-            appendLittleEndian(out_, adbWordDNT2);
+            appendWord(out_, dnt2);
             appendLittleEndian(out_, std::uint32_t{0});
             appendFacts(entry.status, static_cast<std::uint64_t>(entry.status.st_size + lie));
             appendLittleEndian(out_, low32(entry.name.size()));
@@ -194,8 +191,8 @@ void ADBDSync::answerList(const std::string& path, bool isNew) {
     }
     appendWord(out_, done);
     out_.insert(out_.end(),
-                (isNew ? ADBSyncRecords::newEntrySize : ADBSyncRecords::oldEntrySize) -
-                    ADBSyncRecords::wordSize,
+                (isNew ? ADBSyncCodec::newEntrySize : ADBSyncCodec::oldEntrySize) -
+                    ADBSyncCodec::wordSize,
                 std::byte{0});
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adb/protocol/ADBSyncRecords.h"
+#include "adb/protocol/ADBSyncCodec.h"
 #include "base/local/FileHandle.h"
 #include "simulator/adbd/ADBDFiles.h"
 #include "simulator/adbd/ADBDService.h"

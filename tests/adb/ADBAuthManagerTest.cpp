@@ -67,14 +67,6 @@ TEST_F(ADBAuthManagerTest, signatureAndExportedKeyHoldForOpenssl) {
                    "-pkeyopt rsa_padding_mode:pkcs1 -pkeyopt digest:sha1");
 }
 
-TEST_F(ADBAuthManagerTest, payloadIsKeyThenUserAtHostThenOneNul) {
-    const QByteArray payload = textOf(manager().getPublicKeyPayload());
-    EXPECT_EQ(payload.mid(payload.indexOf(' ')), QByteArray(" ann@Ann's desk\0", 16));
-    EXPECT_FALSE(payload.left(payload.indexOf(' ')).contains('\n'));
-    EXPECT_TRUE(
-        textOf(manager(QString()).getPublicKeyPayload()).endsWith(QByteArray(" ann@macOS\0", 11)));
-}
-
 TEST_F(ADBAuthManagerTest, keyOfTheADBToolSignsForItsPublicKeyAndForOurs) {
     folder_.makeFolder(QStringLiteral("keys"));
     expectSucceeds("adb keygen @keys/com.kestrine.adb.privatekey");

@@ -6,10 +6,10 @@
 #include "adb/files/ADBFileSystem.h"
 #include "adb/protocol/ADBError.h"
 #include "adb/server/ADBServerConnection.h"
-#include "base/threads/CancellationError.h"
 #include "platform/keys/FileKeyStore.h"
 #include "simulator/adbd/ADBDCable.h"
 #include "support/ADBFixture.h"
+#include "support/CodeOf.h"
 
 #include <QFileInfo>
 
@@ -24,19 +24,6 @@
 #include <memory>
 
 namespace tessary {
-
-/// The code that `call` ends with, by its name in logs; "nothing" when it ends well, "cancelled"
-/// after a CancellationError.
-inline std::string codeOf(const std::function<void()>& call) {
-    try {
-        call();
-    } catch (const Error& error) {
-        return error.code().name();
-    } catch (const CancellationError&) {
-        return "cancelled";
-    }
-    return "nothing";
-}
 
 /// How a phone's adbd is reached.
 enum class ADBWay { server, network, cable };
@@ -58,6 +45,12 @@ protected:
         cable_.plugInto(bus_, QStringLiteral("1-1"));
         connection_ = connect();
         files_ = std::make_unique<ADBFileSystem>(identity(), queue_, connection_);
+    }
+    void TearDown() override {
+        EXPECT_THAT(adbd_->violations(), testing::IsEmpty());
+    }
+    void breakPhone(const std::function<void(ADBDFaults&)>& change) {
+        adbd_->faults().update(change);
     }
     /// Waits until the phone can be asked again after its link was lost.
     [[nodiscard]] bool comesBack() {

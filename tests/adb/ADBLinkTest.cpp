@@ -118,44 +118,6 @@ TEST_F(ADBLinkTest, greetingTellsVersionAndIsSentWithItsChecksum) {
     EXPECT_EQ(link_->features(), (QByteArrayList{"shell_v2", "stat_v2"}));
 }
 
-TEST_F(ADBLinkTest, phoneOfTheFirstVersionGetsChecksumsAndSmallPieces) {
-    greet(ADBConstants::versionV1, ADBConstants::maxPayloadV1, "device::\0");
-    ASSERT_EQ(codeOfReady(), "nothing");
-    EXPECT_EQ(link_->features(), QByteArrayList());
-    const auto stream = answered(2, ADBCommand::okay, 7, 1);
-    EXPECT_EQ(heard(2), ADBMessage(ADBCommand::open, 1, 0, bytesOf(QByteArray("sync:\0", 6))));
-    std::jthread writer([&] { stream->write(Bytes(5000, std::byte{1}), {{}, 5s}); });
-    EXPECT_EQ(heard(3), ADBMessage(ADBCommand::wrte, 1, 7, Bytes(4096, std::byte{1})));
-    say(ADBCommand::okay, 7, 1);
-    EXPECT_EQ(heard(4), ADBMessage(ADBCommand::wrte, 1, 7, Bytes(904, std::byte{1})));
-    say(ADBCommand::wrte, 7, 1, "sum is missing");
-    EXPECT_EQ(codeOfRead(*stream), "nonsense");
-}
-
-TEST_F(ADBLinkTest, phoneThatIsNoDeviceOrWantsTLSIsAnError) {
-    greet(ADBConstants::versionV2, ADBConstants::maxPayloadV2, "recovery::");
-    EXPECT_EQ(codeOfReady(), "offline");
-}
-
-TEST_F(ADBLinkTest, wishForTLSIsAnError) {
-    say(ADBCommand::stls, ADBConstants::versionV2, 0);
-    EXPECT_EQ(codeOfReady(), "refused");
-}
-
-TEST_F(ADBLinkTest, unknownComputerSignsThenShowsItsKeyThenWaits) {
-    const QByteArray token(20, 't');
-    say(ADBCommand::auth, ADBConstants::authTypeToken, 0, token);
-    EXPECT_EQ(heard(2).arg0, ADBConstants::authTypeSignature);
-    EXPECT_EQ(heard(2).payload.size(), 256U);
-    say(ADBCommand::auth, ADBConstants::authTypeToken, 0, token);
-    EXPECT_EQ(heard(3).arg0, ADBConstants::authTypeRSAPublicKey);
-    EXPECT_EQ(heard(3).payload.size(), 700U + 10U) << "524 bytes in base64, and whose it is";
-    EXPECT_EQ(codeOfReady(), "unauthorized");
-    EXPECT_TRUE(link_->awaitsTrust());
-    greet(); // the person has allowed it
-    EXPECT_EQ(codeOfReady(), "nothing");
-}
-
 TEST_F(ADBLinkTest, pieceIsAcknowledgedOnceThereIsRoom) {
     const auto stream = openStream();
     const QByteArray piece(1'000'000, 'x');

@@ -15,9 +15,6 @@ class ADBManyFilesTest : public ADBFilesFixture {
 protected:
     static constexpr int count = 150; // more than go into one group
 
-    void TearDown() override {
-        EXPECT_THAT(adbd_->violations(), IsEmpty());
-    }
     static std::vector<SmallFile> manyFiles() {
         std::vector<SmallFile> files;
         for (int n = 0; n < count; ++n)
@@ -30,9 +27,6 @@ protected:
         const std::function<bool(std::size_t)>& isWanted = [](std::size_t) { return true; },
         const ByteProgress& progress = {}) {
         return files_->writeTogether(u"/sdcard/many"_s, files, isWanted, progress, call);
-    }
-    void breakPhone(const std::function<void(ADBDFaults&)>& change) {
-        adbd_->faults().update(change);
     }
 
     const QString folder_ = disk_.makeFolder(u"phone/many"_s);
@@ -144,30 +138,6 @@ TEST_P(ADBManyFilesTest, cancelledOrLostOnesHaveNoNameAndTheCallEndsSoon) {
     ASSERT_TRUE(comesBack());
     for (const QString& name : listed(u"/many"_s))
         EXPECT_TRUE(name.startsWith(u".tessary-part-"_s)) << name.toStdString();
-}
-
-TEST_P(ADBManyFilesTest, readingStopsAtTheFirstThatIsNotAsAnnounced) {
-    const QByteArrayList contents{"one", "two", "three"};
-    for (const QByteArray& one : contents)
-        write(u"many/"_s + QString::fromUtf8(one), one);
-    const FileItem one = item(u"/many/one"_s);
-    const FileItem two = item(u"/many/two"_s);
-    FileItem shorter = item(u"/many/three"_s);
-    FileItem longer = shorter;
-    FileItem gone = shorter;
-    shorter.size -= 1;
-    longer.size += 1;
-    gone.path += u"x"_s;
-    FileItem folder = gone;
-    folder.path = u"/sdcard/many"_s;
-    for (const FileItem& odd : {shorter, longer, gone, folder}) {
-        const auto read = files_->readTogether({one, odd, two}, {});
-        ASSERT_EQ(read.size(), 3U);
-        EXPECT_EQ(read[0], "one");
-        EXPECT_EQ(read[1], std::nullopt);
-        EXPECT_EQ(read[2], std::nullopt);
-        EXPECT_EQ(readAll(two), "two") << "another stream is as good";
-    }
 }
 
 TEST_P(ADBManyFilesTest, longCopyLetsAListingInBetweenItsPieces) {

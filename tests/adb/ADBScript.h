@@ -3,23 +3,13 @@
 #include "adb/protocol/ADBError.h"
 #include "adb/services/ADBStream.h"
 #include "base/values/LittleEndian.h"
+#include "support/CodeOf.h"
 
 #include <algorithm>
-#include <functional>
 #include <memory>
 #include <string>
 
 namespace tessary {
-
-/// The code that `call` ends with, by its name in logs; "nothing" when it ends well.
-inline std::string codeOf(const std::function<void()>& call) {
-    try {
-        call();
-    } catch (const Error& error) {
-        return error.code().name();
-    }
-    return "nothing";
-}
 
 /// A record: its word, and numbers or texts.
 class Record {
@@ -70,7 +60,9 @@ public:
         at_ += count;
         return count;
     }
-    void write(ByteView, const Wait&) override {}
+    void writeOn(ByteView& left, const Wait&) override {
+        left = {};
+    }
     [[nodiscard]] bool hasInput() const override {
         return false; // nothing is said before it is asked
     }

@@ -152,32 +152,6 @@ struct ADBServerPhoneTest : testing::Test, ADBPhone {
     }
 };
 
-TEST_F(ADBServerPhoneTest, realServerTellsVersionPhonesAndFeatures) {
-    EXPECT_GT(client()->version({}).value_or(0), 30);
-    const std::vector<ADBDevice> devices = client()->devices({});
-    ASSERT_EQ(devices.size(), 1U);
-    EXPECT_EQ(devices[0].serial, serial());
-    EXPECT_TRUE(devices[0].isReady() && devices[0].isNetwork());
-    ADBServerConnection byOwnSerial(client(), {u"VIRTUAL"_s, u"1-7"_s});
-    EXPECT_TRUE(byOwnSerial.features({}).contains("stat_v2"));
-    ADBServerConnection other(client(), {u"ELSE"_s, {}});
-    EXPECT_EQ(codeOf([&] { (void)other.features({}); }), "notFound");
-    EXPECT_EQ(codeOf([&] { (void)byOwnSerial.open("nonsense:", {}); }), "refused");
-}
-
-TEST_F(ADBServerPhoneTest, missingServerIsStartedOnceWhereThatIsWanted) {
-    ADBServerAddress nowhere;
-    {
-        FileHandle gone = PhoneSockets::listenAt(u"127.0.0.1"_s, 0);
-        nowhere.port = PhoneSockets::portOf(gone);
-    }
-    int starts = 0;
-    ADBServerConnection connection(std::make_shared<ADBServerClient>(nowhere), {serial(), {}},
-                                   [&](const std::stop_token&) { ++starts; });
-    EXPECT_EQ(codeOf([&] { (void)connection.open("sync:", {}); }), "noServer");
-    EXPECT_EQ(starts, 1);
-}
-
 } // namespace
 
 } // namespace tessary

@@ -196,13 +196,6 @@ TEST(ADBShellClient, olderPhonesPrintTheirStatusLast) {
     }
 }
 
-TEST(ADBShellClient, quotedTextIsOneWordWhateverItHolds) {
-    const std::pair<QByteArray, QByteArray> rows[] = {
-        {"", "''"}, {"a b", "'a b'"}, {"it's", R"('it'\''s')"}, {"$(x)\n\xFF", "'$(x)\n\xFF'"}};
-    for (const auto& [text, word] : rows)
-        EXPECT_EQ(shellQuoted(text), word);
-}
-
 } // namespace
 
 } // namespace tessary

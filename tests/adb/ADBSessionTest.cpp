@@ -22,7 +22,7 @@ public:
         said_.erase(said_.begin(), said_.begin() + static_cast<std::ptrdiff_t>(count));
         return count;
     }
-    void write(ByteView, const Wait&) override {
+    void writeOn(ByteView&, const Wait&) override {
         if (answers_.empty())
             return;
         said_.insert(said_.end(), answers_.front().begin(), answers_.front().end());

@@ -3,7 +3,6 @@
 #include "support/Application.h"
 #include "support/AvahiNetwork.h"
 #include "support/QtPrinters.h"
-#include "support/ScriptedNetwork.h"
 
 #include <gmock/gmock.h>
 
@@ -13,7 +12,6 @@ namespace tessary {
 
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 /// What came from a discovery: "name", or "name (pairing)".
@@ -25,7 +23,6 @@ public:
             devices = found;
             std::sort(devices.begin(), devices.end(),
                       [](const auto& left, const auto& right) { return left.name < right.name; });
-            ++updates;
         };
         discovery.onAvailabilityChanged = [this](bool available) { isAvailable = available; };
     }
@@ -38,51 +35,9 @@ public:
 
     std::vector<DiscoveredWirelessDevice> devices;
     std::optional<bool> isAvailable;
-    int updates = 0;
 };
 
-class WirelessADBDiscoveryTest : public Application, public testing::Test {};
-
-TEST_F(WirelessADBDiscoveryTest, latestReportOfAPhoneWinsAndPhonesThatGoStay) {
-    const auto network = std::make_shared<ScriptedNetwork>();
-    WirelessADBDiscovery discovery(network);
-    Watch watch(discovery);
-    discovery.startBrowsing();
-    struct Row {
-        QLatin1StringView type;
-        const char* reported;
-        const char* expected;
-    };
-    const auto connectType = WirelessADBDiscovery::connectType;
-    const auto pairingType = WirelessADBDiscovery::pairingType;
-    const std::vector<Row> rows{
-        {connectType, "a,b", "a,b"},
-        {pairingType, "b,c", "a,b (pairing),c (pairing)"},
-        {pairingType, "", "a,b (pairing),c (pairing)"},
-        {connectType, "b", "a,b,c (pairing)"},
-    };
-    for (const Row& row : rows) {
-        const int before = watch.updates;
-        network->report(row.type, row.reported);
-        ASSERT_TRUE(eventually([&] { return watch.updates > before; }));
-        EXPECT_EQ(watch.names().join(QLatin1Char(',')), QString::fromLatin1(row.expected));
-    }
-    EXPECT_EQ(watch.devices[1].endpoint.type, connectType) << "where the last report leads";
-    EXPECT_EQ(watch.isAvailable, true);
-
-    network->report(connectType, "late");
-    discovery.stopBrowsing();
-    const int before = watch.updates;
-    (void)eventually([] { return false; }, std::chrono::milliseconds(50));
-    EXPECT_EQ(watch.updates, before);
-    EXPECT_FALSE(network->isBrowsing());
-    discovery.startBrowsing();
-    network->report(connectType, "");
-    ASSERT_TRUE(eventually([&] { return watch.updates > before; }));
-    EXPECT_THAT(watch.names(), IsEmpty());
-}
-
-class RealNetworkTest : public WirelessADBDiscoveryTest {
+class RealNetworkTest : public Application, public testing::Test {
 protected:
     static void SetUpTestSuite() {
         canHave_ = AvahiNetwork::enter();

@@ -57,8 +57,8 @@ public:
     std::size_t read(std::span<std::byte> to, const Wait& wait) override {
         return link_->read(channel_, to, wait);
     }
-    void write(ByteView bytes, const Wait& wait) override {
-        link_->write(channel_, bytes, wait);
+    void writeOn(ByteView& left, const Wait& wait) override {
+        link_->write(channel_, left, wait);
     }
     [[nodiscard]] bool hasInput() const override {
         return link_->hasInput(channel_);
@@ -315,16 +315,16 @@ std::size_t ADBLink::read(Channel& channel, std::span<std::byte> to, const Wait&
     return filled;
 }
 
-void ADBLink::write(Channel& channel, ByteView bytes, const Wait& wait) {
+void ADBLink::write(Channel& channel, ByteView& left, const Wait& wait) {
     std::unique_lock lock(mutex_);
-    while (!bytes.empty()) {
+    while (!left.empty()) {
         await(lock, wait, [&] { return channel.mayWrite || channel.hasEnded; });
         if (channel.hasEnded)
             throw Error(ADBError::brokenOff);
-        const ByteView piece = bytes.first(std::min(bytes.size(), largestPayload_));
+        const ByteView piece = left.first(std::min(left.size(), largestPayload_));
         channel.mayWrite = false;
         send(ADBCommand::wrte, channel.localID, channel.remoteID, {piece.begin(), piece.end()});
-        bytes = bytes.subspan(piece.size());
+        left = left.subspan(piece.size());
     }
 }
 

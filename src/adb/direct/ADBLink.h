@@ -72,7 +72,7 @@ private:
     void await(std::unique_lock<std::mutex>& lock, const Wait& wait, Ready ready);
 
     [[nodiscard]] std::size_t read(Channel& channel, std::span<std::byte> to, const Wait& wait);
-    void write(Channel& channel, ByteView bytes, const Wait& wait);
+    void write(Channel& channel, ByteView& left, const Wait& wait);
     [[nodiscard]] bool hasInput(const Channel& channel) const;
     void close(Channel& channel);
 

@@ -174,13 +174,18 @@ FileItem ADBEdits::write(const NewFile& file, const ByteSource& content,
     std::uint64_t done = 0;
     try {
         const ADBFacts facts = session_.apart(stop_, false, [&](ADBSyncClient& sync) {
-            return sync.send(bytes, newFileMode, content, secondsOf(file.modified),
-                             [&](std::uint64_t sent) {
-                                 done = sent;
-                                 if (progress)
-                                     progress(static_cast<qint64>(sent));
-                             },
-                             {stop_, ADBSession::patience});
+            const auto sent = [&](std::uint64_t bytesSent) {
+                done = bytesSent;
+                if (progress)
+                    progress(static_cast<qint64>(bytesSent));
+            };
+            try {
+                return sync.send(bytes, newFileMode, content, secondsOf(file.modified), sent,
+                                 {stop_, ADBSession::patience});
+            } catch (...) {
+                sync.end(ADBSession::endPatience);
+                throw;
+            }
         });
         const std::uint64_t size =
             facts.isOld ? (done & ~std::uint64_t{0xFFFFFFFF}) + facts.size : facts.size;
@@ -198,14 +203,10 @@ FileItem ADBEdits::write(const NewFile& file, const ByteSource& content,
     }
 }
 
-/// A phone removes what was not sent whole by itself, but not what it took and we refuse; and not
-/// at once.
+/// A phone removes what was not sent whole by itself, but not what it took and we refuse.
 void ADBEdits::removeRest(const QByteArray& path) {
-    constexpr std::chrono::seconds patience(5);
     try {
-        session_.close();
-        if (session_.facts(path, false, {}))
-            (void)session_.tryRun({"rm", "-f", path}, patience, {});
+        (void)session_.tryRun({"rm", "-f", path}, ADBSession::endPatience, {});
     } catch (const Error&) {
         // the link is lost: the phone's own part of it has to do
     }

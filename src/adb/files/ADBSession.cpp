@@ -2,6 +2,8 @@
 
 #include "adb/protocol/ADBError.h"
 
+#include <algorithm>
+
 namespace tessary {
 
 namespace {
@@ -51,6 +53,12 @@ void ADBSession::close() {
     sync_.reset();
     commands_.reset();
     connection_->release();
+}
+
+void ADBSession::endSync() {
+    if (sync_ && !sync_->isUsable())
+        sync_->end(endPatience);
+    sync_.reset();
 }
 
 std::optional<ADBFacts> ADBSession::facts(const QByteArray& path, bool follows,
@@ -108,7 +116,8 @@ ADBCommandResult ADBSession::tryRun(const QByteArrayList& words, std::chrono::mi
         return client.run(lineOf(words), {stop, silence});
     if (!commands_ || !commands_->isUsable()) {
         commands_.reset();
-        commands_ = std::make_unique<ADBShellSession>(*connection_, Wait{stop, patience});
+        commands_ = std::make_unique<ADBShellSession>(
+            *connection_, Wait{stop, std::min<std::chrono::milliseconds>(patience, silence)});
     }
     return commands_->run(lineOf(words), {stop, silence});
 }

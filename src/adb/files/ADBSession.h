@@ -77,6 +77,9 @@ public:
     }
     /// Ends both streams. What the phone can do stays known.
     void close();
+    /// After a failure, before what was sent is cleaned up: see ADBSyncClient::end().
+    void endSync();
+    static constexpr std::chrono::seconds endPatience{2};
 
     /// What is at a path; no value when nothing is. Any other error of the phone is
     /// ADBError::statFailed.

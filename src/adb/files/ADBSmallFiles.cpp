@@ -6,9 +6,7 @@
 #include "base/text/PathNames.h"
 
 #include <algorithm>
-#include <chrono>
 #include <exception>
-#include <thread>
 #include <utility>
 
 namespace tessary {
@@ -35,11 +33,7 @@ ADBSmallFiles::~ADBSmallFiles() {
     if (!hasPart_)
         return;
     try {
-        session_.close();
-        removePart({});
-        // What was still on its way when the stream was closed may have made the folder again.
-        constexpr std::chrono::milliseconds lateArrivals(400);
-        std::this_thread::sleep_for(lateArrivals);
+        session_.endSync(); // what is still on its way would make the folder again
         removePart({});
     } catch (const Error&) {
         // the failure that led here is the one to report
@@ -65,7 +59,7 @@ ADBSmallFiles::write(const std::function<bool(std::size_t)>& isWanted,
     } catch (const Error&) {
         // Who refuses a file ends the stream, and is not always heard saying so.
         failure = std::current_exception();
-        session_.close();
+        session_.endSync();
     }
     try {
         auto made = inPlace(moved);
@@ -167,8 +161,7 @@ void ADBSmallFiles::moveOut(const Places& places) {
 
 /// Takes away what is left of the files here.
 void ADBSmallFiles::removePart(const std::stop_token& stop) {
-    constexpr std::chrono::seconds patience(5);
-    (void)session_.tryRun({"rm", "-rf", part_}, patience, stop);
+    (void)session_.tryRun({"rm", "-rf", part_}, ADBSession::endPatience, stop);
 }
 
 } // namespace tessary

@@ -2,108 +2,105 @@
 
 #include "base/values/LittleEndian.h"
 
-#include <QStringDecoder>
-#include <QTimeZone>
-
+#include <algorithm>
 #include <array>
-#include <limits>
+#include <bit>
 
 namespace tessary {
 
 namespace {
 
 using enum ADBSyncCommand;
+using Codec = ADBSyncCodec;
 
-constexpr std::array words{list, dent, stat, lst2, sta2, send, recv, data, done, okay, fail, quit};
+constexpr std::array words{list, lis2, dent, dnt2, stat, lst2, sta2,
+                           send, recv, data, done, okay, fail, quit};
 
-constexpr std::size_t statSize = 16;
-constexpr std::size_t dentHeaderSize = 20;
-constexpr std::size_t doneSize = 16;
+constexpr std::uint32_t notThere = 2; // ENOENT of Linux
 
-std::uint32_t field(ByteView bytes, std::size_t at) {
+std::uint32_t u32(ByteView bytes, std::size_t at) {
     return readLittleEndian<std::uint32_t>(bytes, at);
 }
 
-void appendWord(Bytes& bytes, ADBSyncCommand word) {
-    appendLittleEndian(bytes, static_cast<std::uint32_t>(word));
+bool hasWord(ByteView bytes, ADBSyncCommand word) {
+    return u32(bytes, 0) == static_cast<std::uint32_t>(word);
 }
 
-/// A byte order mark in front is part of a name: without it the entry could not be asked for.
-QString nameFrom(ByteView utf8) {
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless |
-                                                     QStringDecoder::Flag::ConvertInitialBom);
-    return decoder.decode(QByteArrayView(utf8.data(), static_cast<qsizetype>(utf8.size())));
+ADBFacts oldFacts(ByteView record) {
+    ADBFacts facts;
+    facts.mode = u32(record, 4);
+    facts.size = u32(record, 8);
+    facts.modified = u32(record, 12);
+    facts.error = facts.mode == 0 ? notThere : 0;
+    facts.isOld = true;
+    return facts;
+}
+
+ADBFacts newFacts(ByteView record) {
+    ADBFacts facts;
+    facts.error = u32(record, 4);
+    facts.mode = u32(record, 24);
+    facts.size = readLittleEndian<std::uint64_t>(record, 40);
+    facts.modified = std::bit_cast<std::int64_t>(readLittleEndian<std::uint64_t>(record, 56));
+    return facts;
 }
 
 } // namespace
 
 std::optional<ADBSyncCommand> adbSyncCommandFromRawValue(std::uint32_t raw) {
-    for (const ADBSyncCommand word : words)
-        if (static_cast<std::uint32_t>(word) == raw)
-            return word;
-    return std::nullopt;
+    const auto* const word = std::find(words.begin(), words.end(), ADBSyncCommand{raw});
+    return word == words.end() ? std::nullopt : std::optional(*word);
 }
 
-bool ADBDentEntry::isDirectory() const {
-    constexpr std::uint32_t typeMask = 0xF000;
-    constexpr std::uint32_t folder = 0x4000;
-    return (mode & typeMask) == folder;
-}
-
-QDateTime ADBDentEntry::modifiedDate() const {
-    return QDateTime::fromSecsSinceEpoch(mtime, QTimeZone::utc());
-}
-
-Bytes ADBSyncCodec::buildSyncCommand(ADBSyncCommand id, const QString& path) {
-    // Half of a surrogate pair has no UTF-8 form.
-    const QByteArray utf8 = path.isValidUtf16() ? path.toUtf8() : QByteArray();
+Bytes ADBSyncCodec::request(ADBSyncCommand command, const QByteArray& path) {
     Bytes bytes;
-    appendWord(bytes, id);
-    appendLittleEndian(bytes, static_cast<std::uint32_t>(utf8.size()));
-    for (const char c : utf8)
-        bytes.push_back(static_cast<std::byte>(c));
+    bytes.reserve(2 * wordSize + static_cast<std::size_t>(path.size()));
+    appendLittleEndian(bytes, static_cast<std::uint32_t>(command));
+    appendLittleEndian(bytes, static_cast<std::uint32_t>(path.size()));
+    const auto* data = reinterpret_cast<const std::byte*>(path.constData());
+    bytes.insert(bytes.end(), data, data + path.size());
     return bytes;
 }
 
-Bytes ADBSyncCodec::buildDataChunk(ByteView payload) {
-    if (payload.size() > std::numeric_limits<std::uint32_t>::max())
-        qFatal("a sync record above the 32-bit range");
+Bytes ADBSyncCodec::doneRecord(std::uint32_t modified) {
     Bytes bytes;
-    bytes.reserve(8 + payload.size());
-    appendWord(bytes, data);
-    appendLittleEndian(bytes, static_cast<std::uint32_t>(payload.size()));
-    bytes.insert(bytes.end(), payload.begin(), payload.end());
+    appendLittleEndian(bytes, static_cast<std::uint32_t>(done));
+    appendLittleEndian(bytes, modified);
     return bytes;
 }
 
-Bytes ADBSyncCodec::buildDone(std::uint32_t mtime) {
-    Bytes bytes;
-    appendWord(bytes, done);
-    appendLittleEndian(bytes, mtime);
-    return bytes;
+std::optional<ADBFacts> ADBSyncCodec::oldStat(ByteView record) {
+    if (record.size() < oldStatSize || !hasWord(record, stat))
+        return std::nullopt;
+    return oldFacts(record);
 }
 
-std::optional<ADBStatResult> ADBSyncCodec::parseStat(ByteView from) {
-    if (from.size() < statSize || field(from, 0) != static_cast<std::uint32_t>(stat))
+std::optional<ADBFacts> ADBSyncCodec::newStat(ByteView record) {
+    if (record.size() < newStatSize || !(hasWord(record, lst2) || hasWord(record, sta2)))
         return std::nullopt;
-    return ADBStatResult{field(from, 4), field(from, 8), field(from, 12)};
+    return newFacts(record);
 }
 
-std::optional<ADBDentRecord> ADBSyncCodec::parseDent(ByteView from) {
-    if (from.size() < doneSize)
+std::optional<Codec::EntryFront> ADBSyncCodec::oldEntry(ByteView record) {
+    if (record.size() < oldEntrySize)
         return std::nullopt;
-    const auto word = adbSyncCommandFromRawValue(field(from, 0));
-    if (word == done)
-        return ADBDentRecord{std::nullopt, doneSize};
-    if (word != dent || from.size() < dentHeaderSize)
+    if (hasWord(record, done))
+        return EntryFront{{}, 0, true};
+    if (!hasWord(record, dent))
         return std::nullopt;
-    const std::size_t nameLength = field(from, 16);
-    if (from.size() - dentHeaderSize < nameLength)
+    EntryFront front{oldFacts(record), u32(record, oldStatSize), false};
+    front.facts.error = 0; // it is listed: it is there
+    return front;
+}
+
+std::optional<Codec::EntryFront> ADBSyncCodec::newEntry(ByteView record) {
+    if (record.size() < newEntrySize)
         return std::nullopt;
-    const ByteView name = from.subspan(dentHeaderSize, nameLength);
-    return ADBDentRecord{
-        ADBDentEntry{field(from, 4), field(from, 8), field(from, 12), nameFrom(name)},
-        dentHeaderSize + nameLength};
+    if (hasWord(record, done))
+        return EntryFront{{}, 0, true};
+    if (!hasWord(record, dnt2))
+        return std::nullopt;
+    return EntryFront{newFacts(record), u32(record, newStatSize), false};
 }
 
 } // namespace tessary

@@ -2,8 +2,7 @@
 
 #include "base/values/Bytes.h"
 
-#include <QDateTime>
-#include <QString>
+#include <QByteArray>
 
 #include <cstdint>
 #include <optional>
@@ -13,7 +12,9 @@ namespace tessary {
 /// The words of the file-sync records: four ASCII letters as a little-endian u32.
 enum class ADBSyncCommand : std::uint32_t {
     list = 0x5453494C,
+    lis2 = 0x3253494C,
     dent = 0x544E4544,
+    dnt2 = 0x32544E44,
     stat = 0x54415453,
     lst2 = 0x3254534C,
     sta2 = 0x32415453,
@@ -29,57 +30,69 @@ enum class ADBSyncCommand : std::uint32_t {
 /// No value for any other word.
 [[nodiscard]] std::optional<ADBSyncCommand> adbSyncCommandFromRawValue(std::uint32_t raw);
 
-/// One entry of a folder. A value.
-struct ADBDentEntry {
-    std::uint32_t mode = 0;  ///< POSIX mode bits
-    std::uint32_t size = 0;  ///< bytes
-    std::uint32_t mtime = 0; ///< seconds since 1970-01-01 UTC
-    QString name;            ///< as the device gives it: hostile
+/// What a sync service tells of one path.
+struct ADBFacts {
+    std::uint32_t error = 0;   ///< the phone's errno; nothing below counts when it is not 0
+    std::uint32_t mode = 0;    ///< POSIX mode bits
+    std::uint64_t size = 0;    ///< bytes; the low 32 bits alone when `isOld`
+    std::int64_t modified = 0; ///< seconds since 1970-01-01 UTC
+    bool isOld = false;        ///< from a record of the first version
 
-    [[nodiscard]] const QString& id() const {
-        return name;
+    [[nodiscard]] bool isFolder() const {
+        return (mode & 0xF000) == 0x4000;
     }
-    [[nodiscard]] bool isDirectory() const;
-    [[nodiscard]] QDateTime modifiedDate() const;
+    [[nodiscard]] bool isLink() const {
+        return (mode & 0xF000) == 0xA000;
+    }
+    [[nodiscard]] bool isFile() const {
+        return (mode & 0xF000) == 0x8000;
+    }
 
-    bool operator==(const ADBDentEntry&) const = default;
+    bool operator==(const ADBFacts&) const = default;
 };
 
-struct ADBStatResult {
-    std::uint32_t mode = 0;
-    std::uint32_t size = 0;
-    std::uint32_t mtime = 0;
-
-    bool operator==(const ADBStatResult&) const = default;
-};
-
-/// One record of a listing.
-struct ADBDentRecord {
-    std::optional<ADBDentEntry> entry; ///< none: the listing is finished
-    std::size_t bytesRead = 0;
-
-    bool operator==(const ADBDentRecord&) const = default;
-};
-
-/// Records of the sync service, as they travel in WRTE payloads. Pure; all integers little-endian.
+/// The fixed fronts of the records of both versions, as they are read from a stream of many. Pure;
+/// all integers little-endian.
+///
+///     STAT       word, u32 mode, size, time                                       16 bytes
+///     LST2, STA2 word, u32 error, u64 device, inode, u32 mode, links, user, group,
+///                u64 size, i64 times of access, content, status                   72 bytes
+///     DENT       word, u32 mode, size, time, length of the name                   20 bytes
+///     DNT2       as LST2, then u32 length of the name                             76 bytes
+///
+/// The name follows. DONE ends a listing and is as long as the front of the entries would be.
 class ADBSyncCodec {
 public:
     ADBSyncCodec() = delete;
 
-    /// LIST, STAT, SEND, RECV or QUIT: word, u32 length of the path in UTF-8, the path.
-    [[nodiscard]] static Bytes buildSyncCommand(ADBSyncCommand id, const QString& path);
-    /// "DATA", u32 length, the payload. Fatal for a payload above the 32-bit range.
-    [[nodiscard]] static Bytes buildDataChunk(ByteView payload);
-    /// "DONE", u32 time of the file that was pushed.
-    [[nodiscard]] static Bytes buildDone(std::uint32_t mtime);
+    static constexpr std::size_t wordSize = 4;
+    static constexpr std::size_t oldStatSize = 16;
+    static constexpr std::size_t newStatSize = 72;
+    static constexpr std::size_t oldEntrySize = 20;
+    static constexpr std::size_t newEntrySize = 76;
 
-    /// "STAT", u32 mode, u32 size, u32 mtime. No value for anything shorter or other.
-    [[nodiscard]] static std::optional<ADBStatResult> parseStat(ByteView from);
+    /// A request for a path in the phone's bytes: word, u32 length, the path.
+    [[nodiscard]] static Bytes request(ADBSyncCommand command, const QByteArray& path);
+    /// Ends the content of a file that is sent: "DONE", u32 its time.
+    [[nodiscard]] static Bytes doneRecord(std::uint32_t modified);
 
-    /// The record at the front of a listing: "DENT", u32 mode, u32 size, u32 mtime, u32 length of
-    /// the name, the name; or "DONE" and twelve bytes that mean nothing, counted as 16. No value
-    /// while bytes are missing, and for any other word.
-    [[nodiscard]] static std::optional<ADBDentRecord> parseDent(ByteView from);
+    /// STAT, whose mode 0 says that nothing is there (ENOENT). No value for anything shorter or
+    /// other.
+    [[nodiscard]] static std::optional<ADBFacts> oldStat(ByteView record);
+    /// LST2 or STA2.
+    [[nodiscard]] static std::optional<ADBFacts> newStat(ByteView record);
+
+    struct EntryFront {
+        ADBFacts facts;
+        std::uint32_t nameLength = 0; ///< as the phone claims
+        bool isDone = false;          ///< no entry: the listing ends
+
+        bool operator==(const EntryFront&) const = default;
+    };
+    /// DENT or DONE.
+    [[nodiscard]] static std::optional<EntryFront> oldEntry(ByteView record);
+    /// DNT2 or DONE.
+    [[nodiscard]] static std::optional<EntryFront> newEntry(ByteView record);
 };
 
 } // namespace tessary

@@ -46,9 +46,9 @@ public:
             throw errorOf(error);
         }
     }
-    void write(ByteView bytes, const Wait& wait) override {
+    void writeOn(ByteView& left, const Wait& wait) override {
         try {
-            socket_.write(bytes, wait);
+            socket_.writeOn(left, wait);
         } catch (const Error& error) {
             throw errorOf(error);
         }

@@ -1,18 +1,11 @@
 #include "adb/services/ADBShellClient.h"
 
 #include "adb/protocol/ADBError.h"
-#include "adb/services/ADBReader.h"
-#include "base/values/LittleEndian.h"
+#include "adb/services/ADBShellPacket.h"
 
 namespace tessary {
 
 namespace {
-
-/// Kinds of the packets of version 2: u8 kind, u32 length, content.
-constexpr auto standardOutput = std::byte{1};
-constexpr auto standardError = std::byte{2};
-constexpr auto exitStatus = std::byte{3};
-constexpr std::size_t frontSize = 5;
 
 constexpr qsizetype errorsLimit = 64 * 1024;
 
@@ -20,12 +13,6 @@ constexpr qsizetype errorsLimit = 64 * 1024;
 const QByteArray& statusMark() {
     static const QByteArray mark = "tessary-status:";
     return mark;
-}
-
-void append(QByteArray& to, ByteView bytes, qsizetype most) {
-    if (to.size() + static_cast<qsizetype>(bytes.size()) > most)
-        throw Error(ADBError::nonsense, {QStringLiteral("a command's endless output")});
-    to.append(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size()));
 }
 
 } // namespace
@@ -41,7 +28,7 @@ ADBCommandResult ADBShellClient::run(const QByteArray& line, const Wait& wait) {
     ADBCommandResult result = stream(
         line,
         [&](ByteView bytes) {
-            append(output, bytes, outputLimit);
+            appendOutput(output, bytes, outputLimit);
             return true;
         },
         wait);
@@ -56,10 +43,8 @@ ADBCommandResult ADBShellClient::stream(const QByteArray& line,
     ADBReader reader(*service);
     ADBCommandResult result;
     for (;;) {
-        const ByteView front = reader.take(frontSize, wait);
-        const std::byte kind = front[0];
-        auto left = readLittleEndian<std::uint32_t>(front, 1);
-        if (kind == exitStatus) {
+        auto [kind, left] = ADBShellPacket::take(reader, wait);
+        if (kind == ADBShellPacket::exitStatus) {
             if (left != 1)
                 throw Error(ADBError::nonsense, {QStringLiteral("an exit status")});
             result.status = std::to_integer<int>(reader.take(1, wait)[0]);
@@ -68,10 +53,10 @@ ADBCommandResult ADBShellClient::stream(const QByteArray& line,
         while (left > 0) {
             const ByteView piece = reader.takeSome(left, wait);
             left -= static_cast<std::uint32_t>(piece.size());
-            if (kind == standardOutput && !output(piece))
+            if (kind == ADBShellPacket::standardOutput && !output(piece))
                 return result;
-            if (kind == standardError)
-                append(result.errors, piece, errorsLimit);
+            if (kind == ADBShellPacket::standardError)
+                appendOutput(result.errors, piece, errorsLimit);
         }
     }
 }
@@ -82,7 +67,7 @@ ADBCommandResult ADBShellClient::runOld(const QByteArray& line, const Wait& wait
     ADBReader reader(*service);
     ADBCommandResult result;
     while (!reader.isAtEnd(wait))
-        append(result.output, reader.takeSome(ADBReader::capacity, wait), outputLimit);
+        appendOutput(result.output, reader.takeSome(ADBReader::capacity, wait), outputLimit);
     const qsizetype mark = result.output.lastIndexOf(statusMark());
     bool isNumber = false;
     result.status =

@@ -1,31 +1,13 @@
 #include "adb/services/ADBShellSession.h"
 
 #include "adb/protocol/ADBError.h"
-#include "base/values/LittleEndian.h"
+#include "adb/services/ADBShellPacket.h"
 
 #include <QUuid>
 
 #include <algorithm>
 
 namespace tessary {
-
-namespace {
-
-/// Kinds of the packets of version 2: u8 kind, u32 length, content.
-constexpr auto standardInput = std::byte{0};
-constexpr auto standardOutput = std::byte{1};
-constexpr auto exitStatus = std::byte{3};
-constexpr std::size_t frontSize = 5;
-
-Bytes inputPacket(const QByteArray& text) {
-    Bytes packet{standardInput};
-    appendLittleEndian(packet, static_cast<std::uint32_t>(text.size()));
-    const auto* data = reinterpret_cast<const std::byte*>(text.constData());
-    packet.insert(packet.end(), data, data + text.size());
-    return packet;
-}
-
-} // namespace
 
 ADBShellSession::ADBShellSession(ADBConnection& connection, const Wait& wait)
     : mark_("tessary-" + QUuid::createUuid().toByteArray(QUuid::Id128) + ':'),
@@ -34,22 +16,17 @@ ADBShellSession::ADBShellSession(ADBConnection& connection, const Wait& wait)
 
 ADBCommandResult ADBShellSession::run(const QByteArray& command, const Wait& wait) {
     isSound_ = false;
-    stream_->write(inputPacket(command + " 2>&1; echo " + mark_ + "$?\n"), wait);
+    stream_->write(ADBShellPacket::input(command + " 2>&1; echo " + mark_ + "$?\n"), wait);
     ADBCommandResult result;
     for (;;) {
-        const ByteView front = reader_.take(frontSize, wait);
-        const std::byte kind = front[0];
-        auto left = readLittleEndian<std::uint32_t>(front, 1);
-        if (kind == exitStatus)
+        auto [kind, left] = ADBShellPacket::take(reader_, wait);
+        if (kind == ADBShellPacket::exitStatus)
             throw Error(ADBError::brokenOff, {QStringLiteral("the phone's shell has ended")});
         while (left > 0) {
             const ByteView piece = reader_.takeSome(left, wait);
             left -= static_cast<std::uint32_t>(piece.size());
-            if (kind == standardOutput)
-                result.output.append(reinterpret_cast<const char*>(piece.data()),
-                                     static_cast<qsizetype>(piece.size()));
-            if (result.output.size() > ADBShellClient::outputLimit)
-                throw Error(ADBError::nonsense, {QStringLiteral("a command's endless output")});
+            if (kind == ADBShellPacket::standardOutput)
+                appendOutput(result.output, piece, ADBShellClient::outputLimit);
         }
         if (!result.output.endsWith('\n'))
             continue;

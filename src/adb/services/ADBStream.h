@@ -20,8 +20,11 @@ public:
     /// Waits until bytes are there and takes them, at most as many as there is room for. 0 when the
     /// service has ended.
     [[nodiscard]] virtual std::size_t read(std::span<std::byte> to, const Wait& wait) = 0;
-    /// Hands all bytes over.
-    virtual void write(ByteView bytes, const Wait& wait) = 0;
+    /// Hands all bytes over. `left` shrinks as they go: what was stopped can be finished later.
+    virtual void writeOn(ByteView& left, const Wait& wait) = 0;
+    void write(ByteView bytes, const Wait& wait) {
+        writeOn(bytes, wait);
+    }
     /// Whether read() would return at once: of an idle stream that it has ended. Never blocks.
     [[nodiscard]] virtual bool hasInput() const = 0;
 };

@@ -10,7 +10,7 @@ namespace tessary {
 namespace {
 
 using enum ADBSyncCommand;
-using Records = ADBSyncRecords;
+using Codec = ADBSyncCodec;
 
 constexpr std::size_t frontSize = 8; // word and length
 constexpr std::uint32_t notThere = 2;
@@ -47,22 +47,22 @@ ADBSyncClient::ADBSyncClient(std::unique_ptr<ADBStream> stream, Features feature
 
 void ADBSyncClient::appendStat(Bytes& bytes, const Question& question) const {
     if (features_.hasNewStat)
-        return append(bytes, Records::request(question.follows ? sta2 : lst2, question.path));
+        return append(bytes, Codec::request(question.follows ? sta2 : lst2, question.path));
     // The old request looks at a link itself, unless the path ends in "/".
-    append(bytes, Records::request(ADBSyncCommand::stat, question.path));
+    append(bytes, Codec::request(ADBSyncCommand::stat, question.path));
     if (question.follows)
-        append(bytes, Records::request(ADBSyncCommand::stat, question.path + '/'));
+        append(bytes, Codec::request(ADBSyncCommand::stat, question.path + '/'));
 }
 
 ADBFacts ADBSyncClient::takeStat(const Question& question, const Wait& wait) {
     const auto takeOld = [&] {
-        const auto facts = Records::oldStat(reader_.take(Records::oldStatSize, wait));
+        const auto facts = Codec::oldStat(reader_.take(Codec::oldStatSize, wait));
         if (!facts)
             throwNonsense("an answer to STAT");
         return *facts;
     };
     if (features_.hasNewStat) {
-        const auto facts = Records::newStat(reader_.take(Records::newStatSize, wait));
+        const auto facts = Codec::newStat(reader_.take(Codec::newStatSize, wait));
         if (!facts)
             throwNonsense("an answer to LST2");
         return *facts;
@@ -109,13 +109,11 @@ void ADBSyncClient::list(const QByteArray& path,
     constexpr std::uint32_t longestName = 4096;
     requirePath(path);
     beginRequest();
-    stream_->write(
-        Records::request(features_.hasNewList ? adbWordLIS2 : word(ADBSyncCommand::list), path),
-        wait);
+    stream_->write(Codec::request(features_.hasNewList ? lis2 : ADBSyncCommand::list, path), wait);
     for (;;) {
         const auto front = features_.hasNewList
-                               ? Records::newEntry(reader_.take(Records::newEntrySize, wait))
-                               : Records::oldEntry(reader_.take(Records::oldEntrySize, wait));
+                               ? Codec::newEntry(reader_.take(Codec::newEntrySize, wait))
+                               : Codec::oldEntry(reader_.take(Codec::oldEntrySize, wait));
         if (!front || front->nameLength > longestName)
             throwNonsense("an entry of a listing");
         if (front->isDone)
@@ -134,7 +132,7 @@ std::uint64_t ADBSyncClient::receive(const QByteArray& path,
     const Question question{path, true};
     Bytes requests;
     appendStat(requests, question);
-    append(requests, Records::request(recv, path));
+    append(requests, Codec::request(recv, path));
     beginRequest();
     stream_->write(requests, wait);
     check(takeStat(question, wait));
@@ -142,7 +140,7 @@ std::uint64_t ADBSyncClient::receive(const QByteArray& path,
     for (;;) {
         const ByteView front = reader_.take(frontSize, wait);
         const auto command = adbSyncCommandFromRawValue(readLittleEndian<std::uint32_t>(front, 0));
-        auto left = readLittleEndian<std::uint32_t>(front, Records::wordSize);
+        auto left = readLittleEndian<std::uint32_t>(front, Codec::wordSize);
         if (command == fail)
             throwFailure(path, left, wait);
         if (command == done)
@@ -169,7 +167,7 @@ ADBFacts ADBSyncClient::send(const QByteArray& path, std::uint32_t mode,
     requirePath(target);
     // What is left to be written: a record's front and its content go out together, and so do the
     // first and the last of a small file with all that belongs to them.
-    Bytes pending = Records::request(ADBSyncCommand::send, target);
+    Bytes pending = Codec::request(ADBSyncCommand::send, target);
     beginRequest();
     std::uint64_t total = 0;
     for (;;) {
@@ -191,7 +189,7 @@ ADBFacts ADBSyncClient::send(const QByteArray& path, std::uint32_t mode,
             sent(total);
         }
     }
-    append(pending, ADBSyncCodec::buildDone(modified));
+    append(pending, Codec::doneRecord(modified));
     const Question question{path, false};
     appendStat(pending, question);
     writeContent(path, pending, wait);
@@ -216,7 +214,7 @@ void ADBSyncClient::sendTogether(const std::vector<SmallFile>& files, std::uint3
         while (answered < files.size() && reader_.hasBytes())
             takeOkay(files[answered++].path, wait);
         try {
-            stream_->write(pending, wait);
+            writeOut(pending, wait);
         } catch (const Error& error) {
             if (!error.is(ADBError::brokenOff))
                 throw;
@@ -228,7 +226,7 @@ void ADBSyncClient::sendTogether(const std::vector<SmallFile>& files, std::uint3
         sent(total);
     };
     for (const SmallFile& file : files) {
-        append(pending, Records::request(ADBSyncCommand::send, file.path + suffix));
+        append(pending, Codec::request(ADBSyncCommand::send, file.path + suffix));
         const auto* content = reinterpret_cast<const std::byte*>(file.content.constData());
         ByteView left(content, static_cast<std::size_t>(file.content.size()));
         while (!left.empty()) {
@@ -239,7 +237,7 @@ void ADBSyncClient::sendTogether(const std::vector<SmallFile>& files, std::uint3
             left = left.subspan(piece.size());
             total += piece.size();
         }
-        append(pending, ADBSyncCodec::buildDone(file.modified));
+        append(pending, Codec::doneRecord(file.modified));
         if (pending.size() > largestPiece)
             write();
     }
@@ -262,7 +260,7 @@ ADBSyncClient::receiveTogether(const std::vector<Wanted>& files, const Wait& wai
         if (asked <= n + mostAsked / 2) {
             Bytes requests;
             for (; asked < std::min(n + mostAsked, files.size()); ++asked)
-                append(requests, Records::request(recv, files[asked].path));
+                append(requests, Codec::request(recv, files[asked].path));
             if (!requests.empty())
                 stream_->write(requests, wait);
         }
@@ -279,7 +277,7 @@ std::optional<QByteArray> ADBSyncClient::takeContent(const Wanted& file, const W
     for (;;) {
         const ByteView front = reader_.take(frontSize, wait);
         const auto command = adbSyncCommandFromRawValue(readLittleEndian<std::uint32_t>(front, 0));
-        auto left = readLittleEndian<std::uint32_t>(front, Records::wordSize);
+        auto left = readLittleEndian<std::uint32_t>(front, Codec::wordSize);
         if (command == done)
             return content.size() == file.size ? std::optional(content) : std::nullopt;
         if (command == fail || (command == data && left > file.size - content.size()))
@@ -298,17 +296,50 @@ std::optional<QByteArray> ADBSyncClient::takeContent(const Wanted& file, const W
 void ADBSyncClient::takeOkay(const QByteArray& path, const Wait& wait) {
     const ByteView front = reader_.take(frontSize, wait);
     const auto command = adbSyncCommandFromRawValue(readLittleEndian<std::uint32_t>(front, 0));
-    const auto length = readLittleEndian<std::uint32_t>(front, Records::wordSize);
+    const auto length = readLittleEndian<std::uint32_t>(front, Codec::wordSize);
     if (command == fail)
         throwFailure(path, length, wait);
     if (command != okay)
         throwNonsense("the end of a file");
 }
 
+void ADBSyncClient::writeOut(const Bytes& bytes, const Wait& wait) {
+    ByteView left(bytes);
+    try {
+        stream_->writeOn(left, wait);
+    } catch (...) {
+        unsent_.assign(left.begin(), left.end());
+        throw;
+    }
+}
+
+/// In the middle of a file QUIT is no record that a phone expects: it drops the file and ends, too.
+void ADBSyncClient::end(std::chrono::milliseconds limit) {
+    using Clock = std::chrono::steady_clock;
+    const auto until = Clock::now() + limit;
+    const auto wait = [&] {
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(until - Clock::now());
+        return Wait{{}, std::max(left, std::chrono::milliseconds(0))};
+    };
+    isSound_ = false;
+    append(unsent_, Codec::request(quit, {}));
+    try {
+        stream_->write(unsent_, wait());
+    } catch (const Error&) {
+        // A phone that has ended the stream takes no more.
+    }
+    try {
+        while (Clock::now() < until && !reader_.isAtEnd(wait()))
+            (void)reader_.takeSome(ADBReader::capacity, wait());
+    } catch (const Error&) {
+        // Closing it has to do.
+    }
+}
+
 /// A phone that has ended the stream may have said why.
 void ADBSyncClient::writeContent(const QByteArray& path, const Bytes& bytes, const Wait& wait) {
     try {
-        stream_->write(bytes, wait);
+        writeOut(bytes, wait);
     } catch (const Error& error) {
         if (error.is(ADBError::brokenOff))
             throwIfAnswered(path, wait);
@@ -321,7 +352,7 @@ void ADBSyncClient::throwIfAnswered(const QByteArray& path, const Wait& wait) {
     if (!reader_.hasBytes())
         return;
     const ByteView front = reader_.take(frontSize, wait);
-    const auto length = readLittleEndian<std::uint32_t>(front, Records::wordSize);
+    const auto length = readLittleEndian<std::uint32_t>(front, Codec::wordSize);
     if (readLittleEndian<std::uint32_t>(front, 0) != word(fail))
         throwNonsense("an answer before the end of a file");
     throwFailure(path, length, wait);

@@ -1,11 +1,12 @@
 #pragma once
 
-#include "adb/protocol/ADBSyncRecords.h"
+#include "adb/protocol/ADBSyncCodec.h"
 #include "adb/services/ADBReader.h"
 #include "adb/services/ADBStream.h"
 
 #include <QByteArray>
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -99,6 +100,11 @@ public:
     [[nodiscard]] std::vector<std::optional<QByteArray>>
     receiveTogether(const std::vector<Wanted>& files, const Wait& wait);
 
+    /// Gives up a request in the middle, and waits, for at most `limit`, until the phone has taken
+    /// all that it was sent and has ended the stream: nothing of it changes the phone from then on.
+    /// Of a file that was not sent whole nothing stays. Of no more use afterwards.
+    void end(std::chrono::milliseconds limit);
+
 private:
     void beginRequest() {
         isSound_ = false;
@@ -106,6 +112,7 @@ private:
     }
     void appendStat(Bytes& bytes, const Question& question) const;
     [[nodiscard]] ADBFacts takeStat(const Question& question, const Wait& wait);
+    void writeOut(const Bytes& bytes, const Wait& wait);
     void writeContent(const QByteArray& path, const Bytes& bytes, const Wait& wait);
     [[noreturn]] void throwFailure(const QByteArray& path, std::uint32_t length, const Wait& wait);
     void throwIfAnswered(const QByteArray& path, const Wait& wait);
@@ -116,6 +123,7 @@ private:
     ADBReader reader_;
     const Features features_;
     bool isSound_ = true;              ///< no request was left in the middle
+    Bytes unsent_;                     ///< of a record that was stopped in the middle
     std::uint64_t receivedBefore_ = 0; ///< bytes, when the last request began
 };
 

@@ -136,12 +136,12 @@ std::size_t StreamSocket::read(std::span<std::byte> to, const Wait& wait) {
     }
 }
 
-void StreamSocket::write(ByteView bytes, const Wait& wait) {
+void StreamSocket::writeOn(ByteView& left, const Wait& wait) {
     throwIfStopped(wait.stop);
-    while (!bytes.empty()) {
-        const ssize_t sent = ::send(socket_.get(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
+    while (!left.empty()) {
+        const ssize_t sent = ::send(socket_.get(), left.data(), left.size(), MSG_NOSIGNAL);
         if (sent >= 0)
-            bytes = bytes.subspan(static_cast<std::size_t>(sent));
+            left = left.subspan(static_cast<std::size_t>(sent));
         else if (wouldBlock(errno))
             await(POLLOUT, wait);
         else if (errno != EINTR)

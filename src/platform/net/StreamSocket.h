@@ -33,8 +33,11 @@ public:
     /// Waits until bytes are there and takes them, at most as many as there is room for. 0 when the
     /// other side has ended the stream.
     [[nodiscard]] std::size_t read(std::span<std::byte> to, const Wait& wait);
-    /// Hands all bytes over.
-    void write(ByteView bytes, const Wait& wait);
+    /// Hands all bytes over. `left` shrinks as they go: what was stopped can be finished later.
+    void writeOn(ByteView& left, const Wait& wait);
+    void write(ByteView bytes, const Wait& wait) {
+        writeOn(bytes, wait);
+    }
     /// Whether a read() would return at once. Never blocks.
     [[nodiscard]] bool hasInput() const;
     /// Ends the stream in both directions; a read() or write() under way fails. From any thread.

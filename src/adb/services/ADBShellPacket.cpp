@@ -1,0 +1,28 @@
+#include "adb/services/ADBShellPacket.h"
+
+#include "adb/protocol/ADBError.h"
+#include "base/values/LittleEndian.h"
+
+namespace tessary {
+
+ADBShellPacket ADBShellPacket::take(ADBReader& reader, const Wait& wait) {
+    constexpr std::size_t frontSize = 5;
+    const ByteView front = reader.take(frontSize, wait);
+    return {front[0], readLittleEndian<std::uint32_t>(front, 1)};
+}
+
+Bytes ADBShellPacket::input(const QByteArray& text) {
+    Bytes packet{standardInput};
+    appendLittleEndian(packet, static_cast<std::uint32_t>(text.size()));
+    const auto* data = reinterpret_cast<const std::byte*>(text.constData());
+    packet.insert(packet.end(), data, data + text.size());
+    return packet;
+}
+
+void appendOutput(QByteArray& to, ByteView bytes, qsizetype most) {
+    if (to.size() + static_cast<qsizetype>(bytes.size()) > most)
+        throw Error(ADBError::nonsense, {QStringLiteral("a command's endless output")});
+    to.append(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size()));
+}
+
+} // namespace tessary

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "adb/services/ADBReader.h"
+
+#include <QByteArray>
+
+#include <cstdint>
+
+namespace tessary {
+
+/// The front of a packet of the shell service's version 2: u8 kind, u32 length. The content
+/// follows.
+struct ADBShellPacket {
+    static constexpr auto standardInput = std::byte{0};
+    static constexpr auto standardOutput = std::byte{1};
+    static constexpr auto standardError = std::byte{2};
+    static constexpr auto exitStatus = std::byte{3};
+
+    std::byte kind{};
+    std::uint32_t length = 0; ///< as the phone claims
+
+    [[nodiscard]] static ADBShellPacket take(ADBReader& reader, const Wait& wait);
+    /// A whole packet of standard input.
+    [[nodiscard]] static Bytes input(const QByteArray& text);
+};
+
+/// Adds what a command prints; more than `most` bytes are ADBError::nonsense.
+void appendOutput(QByteArray& to, ByteView bytes, qsizetype most);
+
+} // namespace tessary
