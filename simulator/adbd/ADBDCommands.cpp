@@ -14,7 +14,6 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <charconv>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
@@ -45,13 +44,13 @@ ADBDShellResult list(ADBDState& state, const Words& words) {
         return failed("ls: " + path + ": " + reason(code));
     if (!S_ISDIR(status.st_mode)) {
         ADBDEntry self{path, status, S_ISLNK(status.st_mode) ? "/storage/self/primary" : ""};
-        return {adbdListingLine(self, state.config.listing, lie), {}, 0};
+        return {adbdListingLine(self, lie), {}, 0};
     }
     if (const int code = files.list(path, entries))
         return failed("ls: " + path + ": " + reason(code));
     std::string text = "total " + std::to_string(4 * entries.size()) + '\n';
     for (const ADBDEntry& entry : entries)
-        text += adbdListingLine(entry, state.config.listing, lie);
+        text += adbdListingLine(entry, lie);
     return {text, {}, 0};
 }
 
@@ -98,7 +97,7 @@ ADBDShellResult fileSystemStat(ADBDState& state, const Words& words) {
     return {text + '\n', {}, 0};
 }
 
-/// `stat [-L] [-c FORMAT] PATH` with the fields %f %s %Y %d %i.
+/// `stat [-L] [-c FORMAT] PATH` with the field %s.
 ADBDShellResult stat(ADBDState& state, const Words& words) {
     if (words.size() == 5 && words[1] == "-f" && words[2] == "-c")
         return fileSystemStat(state, words);
@@ -122,35 +121,11 @@ ADBDShellResult stat(ADBDState& state, const Words& words) {
             text += format[i];
             continue;
         }
-        char hex[16] = {};
-        std::to_chars(hex, hex + sizeof hex - 1, status.st_mode, 16);
-        switch (format[++i]) {
-        case 'f':
-            text += hex;
-            break;
-        case 's':
-            text += std::to_string(status.st_size + state.hooks->sizeLie());
-            break;
-        case 'Y':
-            text += std::to_string(status.st_mtim.tv_sec);
-            break;
-        case 'd':
-            text += std::to_string(status.st_dev);
-            break;
-        case 'i':
-            text += std::to_string(status.st_ino);
-            break;
-        default:
+        if (format[++i] != 's')
             return failed("stat: bad format");
-        }
+        text += std::to_string(status.st_size + state.hooks->sizeLie());
     }
     return {text, {}, 0};
-}
-
-ADBDShellResult makeFolders(ADBDState& state, const Words& words) {
-    const int code =
-        state.hooks->isReadOnly() ? EROFS : ADBDFiles(state.config).makeFolders(words[2]);
-    return code == 0 ? ADBDShellResult() : failed("mkdir: '" + words[2] + "': " + reason(code));
 }
 
 ADBDShellResult removeAll(ADBDState& state, const Words& words) {
@@ -187,7 +162,7 @@ ADBDShellResult moveInto(ADBDState& state, const Words& words) {
     return all;
 }
 
-/// `mv [-f|-n] FROM TO`
+/// `mv -f|-n FROM TO`
 ADBDShellResult move(ADBDState& state, const Words& words) {
     if (words.back().ends_with('/'))
         return moveInto(state, words);
@@ -209,43 +184,6 @@ ADBDShellResult findLarge(ADBDState& state, const Words& words) {
         if (S_ISREG(entry.status.st_mode) && entry.status.st_size > least)
             all.output += words[1] + entry.name + '\0';
     return all;
-}
-
-/// `find FOLDER -type f -exec stat -c FORMAT {} +`
-ADBDShellResult findFiles(ADBDState& state, const Words& words) {
-    ADBDShellResult all;
-    std::vector<ADBDEntry> entries;
-    const ADBDFiles files(state.config);
-    if (const int code = files.list(words[1], entries))
-        return failed("find: " + words[1] + ": " + reason(code));
-    for (const ADBDEntry& entry : entries) {
-        if (entry.name == "." || entry.name == "..")
-            continue;
-        Words below = words;
-        below[1] += (below[1].ends_with('/') ? "" : "/") + entry.name;
-        if (S_ISDIR(entry.status.st_mode))
-            all.output += findFiles(state, below).output;
-        else if (S_ISREG(entry.status.st_mode))
-            all.output += stat(state, {"stat", "-c", words[7], below[1]}).output;
-    }
-    return all;
-}
-
-ADBDShellResult head(ADBDState& state, const Words& words) {
-    std::size_t count = 0;
-    const std::string& digits = words[2];
-    constexpr std::size_t most = std::size_t{1} << 20;
-    if (std::from_chars(digits.data(), digits.data() + digits.size(), count).ec != std::errc() ||
-        count > most)
-        return failed("head: bad number");
-    const auto local = ADBDFiles(state.config).resolve(words[3]);
-    const FileHandle file(local ? ::open(local->c_str(), O_RDONLY | O_CLOEXEC) : -1);
-    if (!file.isOpen())
-        return failed("head: " + words[3] + ": " + reason(ENOENT));
-    std::string text(count, '\0');
-    const ssize_t got = ::read(file.get(), text.data(), count);
-    text.resize(got < 0 ? 0 : static_cast<std::size_t>(got));
-    return {text, {}, 0};
 }
 
 /// The value of "NAME=value"; no value when the word is another one.
@@ -331,17 +269,6 @@ ADBDShellResult removeFolder(ADBDState& state, const Words& words) {
     return code == 0 ? ADBDShellResult() : failed("rmdir: '" + words[1] + "': " + reason(code));
 }
 
-ADBDShellResult diskFree(ADBDState& state, const Words&) {
-    const std::uint64_t all = state.config.capacity / 1024;
-    const std::uint64_t free = state.config.free / 1024;
-    const std::uint64_t used = all - std::min(all, free);
-    return {"Filesystem     1K-blocks     Used Available Use% Mounted on\n/dev/fuse      " +
-                std::to_string(all) + ' ' + std::to_string(used) + ' ' + std::to_string(free) +
-                "  42% /storage/emulated\n",
-            {},
-            0};
-}
-
 ADBDShellResult battery(ADBDState& state, const Words&) {
     return {"Current Battery Service state:\n  AC powered: false\n  USB powered: true\n"
             "  Max charging current: 500000\n  status: 2\n  health: 2\n  present: true\n"
@@ -371,15 +298,12 @@ constexpr std::array knownCommands{
     Known{{"ls", "-la", ""}, 3, &list},
     Known{{"ls", "-A", ""}, 3, &listNames},
     Known{{"stat", "", ""}, 0, &stat},
-    Known{{"mkdir", "-p", ""}, 3, &makeFolders},
     Known{{"mkdir", "", ""}, 2, &makeFolder},
     Known{{"rm", "-rf", ""}, 3, &removeAll},
     Known{{"rm", "-f", ""}, 3, &removeFile},
     Known{{"mv", "-f", ""}, 4, &move},
     Known{{"mv", "-n", ""}, 4, &move},
     Known{{"mv", "-n", ""}, 0, &moveInto},
-    Known{{"mv", "", ""}, 3, &move},
-    Known{{"find", "", "-type"}, 10, &findFiles},
     Known{{"find", "", "-maxdepth"}, 9, &findLarge},
     Known{{"dd", "", ""}, 5, &copyBlocks},
     Known{{"dd", "", ""}, 4, &copyBlocks},
@@ -389,8 +313,6 @@ constexpr std::array knownCommands{
     Known{{"sm", "list-volumes", "public"}, 3, &volumes},
     Known{{"getprop", "ro.build.version.sdk", ""}, 2, &apiLevel},
     Known{{"getprop", "ro.product.model", ""}, 2, &model},
-    Known{{"head", "-c", ""}, 4, &head},
-    Known{{"df", "-k", "/sdcard"}, 3, &diskFree},
     Known{{"dumpsys", "battery", ""}, 2, &battery},
     Known{{"getprop", "ro.serialno", ""}, 2, &getProperty},
     Known{{"echo", "", ""}, 2, &echo},

@@ -120,15 +120,6 @@ int ADBDFiles::list(const std::string& path, std::vector<ADBDEntry>& entries) co
     return 0;
 }
 
-int ADBDFiles::makeFolders(const std::string& path) const {
-    const auto local = resolve(path);
-    if (!local)
-        return EROFS;
-    std::error_code failure;
-    fs::create_directories(*local, failure);
-    return failure.value();
-}
-
 int ADBDFiles::removeAll(const std::string& path) const {
     const auto local = resolve(path);
     if (!local)

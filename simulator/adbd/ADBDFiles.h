@@ -38,7 +38,6 @@ public:
     /// The entries of a folder with "." and "..", sorted by name.
     [[nodiscard]] int list(const std::string& path, std::vector<ADBDEntry>& entries) const;
 
-    [[nodiscard]] int makeFolders(const std::string& path) const;
     [[nodiscard]] int removeAll(const std::string& path) const;
     /// As `rm -f`: no folder.
     [[nodiscard]] int removeFile(const std::string& path) const;

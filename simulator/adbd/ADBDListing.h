@@ -6,8 +6,8 @@
 
 namespace tessary {
 
-/// One line of `ls -la` with its line break, in local time. `sizeLie` is added to the size.
-[[nodiscard]] std::string adbdListingLine(const ADBDEntry& entry, ADBDListingForm form,
-                                          std::int64_t sizeLie);
+/// One line of `ls -la` as current phones print it, with its line break, in local time. `sizeLie`
+/// is added to the size.
+[[nodiscard]] std::string adbdListingLine(const ADBDEntry& entry, std::int64_t sizeLie);
 
 } // namespace tessary

@@ -9,14 +9,6 @@
 
 namespace tessary {
 
-/// How a phone prints `ls -la`.
-enum class ADBDListingForm {
-    minutes,     ///< 2024-01-02 10:30, as current phones do
-    seconds,     ///< 2024-01-02 10:30:15
-    monthAndDay, ///< Jan  2 10:30, or Jan  2  2020 when it is long ago
-    plain,       ///< no link count, and no size for folders, as very old phones do
-};
-
 /// A card or stick of a phone, seen as /storage/<id>.
 struct ADBDCard {
     QString id = QStringLiteral("1234-ABCD");
@@ -32,7 +24,6 @@ struct ADBDConfig {
     QString product = QStringLiteral("panther");
     QString model = QStringLiteral("Pixel 7");
     QString device = QStringLiteral("panther");
-    ADBDListingForm listing = ADBDListingForm::minutes;
     bool hasShellV2 = true;                    ///< else no exit status reaches the host
     bool hasStatV2 = true;                     ///< else sizes have 32 bits
     bool hasLsV2 = true;                       ///< the same in listings

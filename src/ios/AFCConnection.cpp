@@ -176,23 +176,6 @@ std::vector<QByteArray> AFCConnection::readNames(const QString& path) {
     return names;
 }
 
-QStringList AFCConnection::readDirectory(const QString& path) {
-    QStringList names;
-    for (const QByteArray& name : readNames(path))
-        names.append(QString::fromUtf8(name));
-    return names;
-}
-
-std::optional<AFCFileInfo> AFCConnection::fileInfo(const QString& path) {
-    try {
-        return findInfo(path);
-    } catch (const Error&) {
-        if (isLost_)
-            throw;
-        return std::nullopt;
-    }
-}
-
 std::optional<AFCFileInfo> AFCConnection::findInfo(const QString& path) {
     char** texts = nullptr;
     const QByteArray name = path.toUtf8();

@@ -53,13 +53,9 @@ public:
         isLost_ = true;
     }
 
-    /// Names in the order of the device, without "." and "..". Some of them when the link broke off
-    /// meanwhile: see requireLink().
-    [[nodiscard]] QStringList readDirectory(const QString& path);
-    /// The same as the bytes that came, which need not be UTF-8.
+    /// Names in the order of the device, without "." and "..", as the bytes that came: they need
+    /// not be UTF-8. Some of them when the link broke off meanwhile: see requireLink().
     [[nodiscard]] std::vector<QByteArray> readNames(const QString& path);
-    /// No value when the device refuses to tell; throws when the link has failed.
-    [[nodiscard]] std::optional<AFCFileInfo> fileInfo(const QString& path);
     /// No value when nothing is there; any other refusal is thrown.
     [[nodiscard]] std::optional<AFCFileInfo> findInfo(const QString& path);
     /// Throws unless the device still answers. The library takes an answer that was cut short for a

@@ -12,10 +12,6 @@ constexpr QLatin1Char slash('/');
 
 } // namespace
 
-QString normalizePath(const QString& path) {
-    return storageRelativePath(path.trimmed());
-}
-
 QString storageRelativePath(const QString& path) {
     QString result = path;
     for (const QLatin1StringView root : storageRoots) {

@@ -6,12 +6,9 @@
 
 namespace tessary {
 
-/// A path as a person or Android writes it, as a storage-relative one that begins with "/": blanks
-/// around it are dropped, "", "/sdcard" and "/storage/emulated/0" are "/", and those two prefixes
-/// are taken off. The result may end in "/".
-[[nodiscard]] QString normalizePath(const QString& path);
-
-/// The same without dropping blanks: names on a phone may begin and end with them.
+/// A path as a person or Android writes it, as a storage-relative one that begins with "/": "",
+/// "/sdcard" and "/storage/emulated/0" are "/", and those two prefixes are taken off. Blanks are
+/// part of it: names on a phone may begin and end with them. The result may end in "/".
 [[nodiscard]] QString storageRelativePath(const QString& path);
 
 } // namespace tessary

@@ -13,25 +13,6 @@ namespace {
 using namespace Qt::StringLiterals;
 using Outcome = ProcessResult::Outcome;
 
-TEST(CompetingPrograms, runOnlyWhenTheSearchFoundOne) {
-    FakeProcessRunner processes;
-    CompetingPrograms programs(processes);
-    const struct {
-        Outcome outcome;
-        int status;
-        bool isRunning;
-    } rows[] = {{Outcome::exited, 0, true},
-                {Outcome::exited, 1, false},
-                {Outcome::notStarted, 0, false},
-                {Outcome::timedOut, 0, false},
-                {Outcome::crashed, 0, false}};
-    for (const auto& row : rows) {
-        processes.setResult(row.outcome, row.status);
-        EXPECT_EQ(programs.isAnyRunning(), row.isRunning)
-            << static_cast<int>(row.outcome) << ' ' << row.status;
-    }
-}
-
 TEST(CompetingPrograms, areKnownByTheWholeNameOfTheirExecutable) {
     FakeProcessRunner processes;
     CompetingPrograms programs(processes);

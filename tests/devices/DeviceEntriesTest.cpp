@@ -127,23 +127,6 @@ TEST(AndroidDevicesTest, udidStaysWithItsAttachment) {
                 ElementsAre(u"S-1-0"_s, u"S"_s, u"S-1-2"_s));
 }
 
-TEST(AndroidDevicesTest, serialNumberThatLooksLikeAnotherPhonesUdidStaysUnique) {
-    const std::vector entries{entryOf(knownVendor, "", "A", "S", "1-1", 1),
-                              entryOf(knownVendor, "", "A", "S-1-3", "1-2", 2),
-                              entryOf(knownVendor, "", "A", "S", "1-3", 3)};
-    EXPECT_THAT(udidsOf(entries), ElementsAre(u"S"_s, u"S-1-3"_s, u"S-1-3-1-3"_s));
-}
-
-TEST(AndroidDevicesTest, acceptedIdsOverrideEveryRule) {
-    const std::vector entries{entryOf(0x46F4, "QEMU", "Acme"),
-                              entryOf(unknownVendor, "Apple", "Hub")};
-    EXPECT_TRUE(androidDevices(entries, {}).empty());
-    const std::array ids{USBIds{0x46F4, 0x4EE7}, USBIds{unknownVendor, 0x4EE7},
-                         USBIds{0x46F4, 0x0001}};
-    EXPECT_EQ(androidDevices(entries, ids).size(), 2U);
-    EXPECT_TRUE(androidDevices(entries, std::span(ids).last(1)).empty());
-}
-
 constexpr ProtocolMode mtp = ProtocolMode::mtp;
 constexpr ProtocolMode turbo = ProtocolMode::adbTurbo;
 

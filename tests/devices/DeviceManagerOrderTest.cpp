@@ -210,15 +210,6 @@ TEST_F(DeviceManagerOrderTest, lateAnswerIsNotTakenForADeviceThatWasReplugged) {
     EXPECT_FALSE(sawFirst);
 }
 
-TEST_F(DeviceManagerOrderTest, questionThatThrowsIsAskedAgain) {
-    listen();
-    inquiry_->throws_ = true;
-    scripted_.attach(1);
-    ASSERT_TRUE(eventually([&] { return inquiry_->questions_ > 0; }));
-    inquiry_->throws_ = false;
-    EXPECT_TRUE(eventually([&] { return battery().has_value(); }));
-}
-
 TEST_F(DeviceManagerOrderTest, conflictIsPublishedWhenTheLaggingAnswerComes) {
     inquiry_->conflictGate_.close();
     inquiry_->isConflicting_ = true;
@@ -234,16 +225,6 @@ TEST_F(DeviceManagerOrderTest, conflictIsPublishedWhenTheLaggingAnswerComes) {
     refresh(false);
     EXPECT_TRUE(eventually([&] { return !manager_->hasUSBConflict(); }));
     EXPECT_EQ(conflictChanges_, 2);
-}
-
-TEST_F(DeviceManagerOrderTest, endingAWatchDoesNotHoldUpTheMainThread) {
-    listen();
-    scripted_.watchEnds_->close();
-    const auto start = std::chrono::steady_clock::now();
-    manager_->stopListening();
-    manager_->startListening();
-    manager_.reset();
-    EXPECT_LT(std::chrono::steady_clock::now() - start, 10s);
 }
 
 } // namespace

@@ -37,20 +37,6 @@ protected:
     DeviceServices services_{{bus_, processes_}};
 };
 
-TEST_F(DeviceManagerTest, attachedPhoneGetsItsDetailsAndADetachedOneGoes) {
-    manager_->startListening();
-    ASSERT_TRUE(eventually([&] { return rounds_ > 0; }));
-    EXPECT_TRUE(udids().isEmpty());
-    {
-        const PluggedPhone phone(bus_, phoneConfig("A", "1-1"));
-        ASSERT_TRUE(eventually([&] { return hasDetails("A"); }));
-        EXPECT_EQ(device("A")->batteryLevel, 80);
-        EXPECT_EQ(device("A")->volumes.size(), 1U);
-    }
-    // The event tells; a poll would take longer.
-    EXPECT_TRUE(eventually([&] { return udids().isEmpty(); }, 1s));
-}
-
 TEST_F(DeviceManagerTest, pollsAskForWhatIsMissingAndPublishWhatDiffers) {
     PluggedPhone phone(bus_, phoneConfig("A", "1-1"));
     refresh(false);
@@ -67,19 +53,6 @@ TEST_F(DeviceManagerTest, pollsAskForWhatIsMissingAndPublishWhatDiffers) {
     refresh(true);
     EXPECT_EQ(changes_, before + 1);
     EXPECT_EQ(device("A")->batteryLevel, 79);
-}
-
-TEST_F(DeviceManagerTest, phoneThatComesBackHasItsDetailsAtOnce) {
-    manager_->startListening();
-    PluggedPhone phone(bus_, phoneConfig("A", "1-1"));
-    ASSERT_TRUE(eventually([&] { return hasDetails("A"); }));
-    phone.android.unplug();
-    ASSERT_TRUE(eventually([&] { return udids().isEmpty(); }));
-    hang(phone, true);
-    phone.android.plugInto(bus_);
-    ASSERT_TRUE(eventually([&] { return !udids().isEmpty(); }));
-    EXPECT_TRUE(hasDetails("A"));
-    phone.android.unplug(); // ends the wait for an answer
 }
 
 TEST_F(DeviceManagerTest, lockedPhoneShowsItsStorageAtThePollAfterItIsUnlocked) {

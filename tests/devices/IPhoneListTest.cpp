@@ -88,38 +88,6 @@ TEST_F(IPhoneListTest, withoutAMultiplexerThereIsQuietUntilOneAppears) {
     EXPECT_TRUE(eventually([&] { return hasDetails(); }));
 }
 
-TEST_F(IPhoneListTest, aPhoneThatWantsTrustIsAskedOnceAndFollowedWhenItTrusts) {
-    VirtualIPhoneConfig config;
-    config.isPaired = false;
-    config.trust = VirtualTrust::asking;
-    PluggedIPhone iphone(config);
-    manager_->startListening();
-    ASSERT_TRUE(eventually([&] { return trouble().has_value(); }, 60s));
-    EXPECT_EQ(trouble()->error.code(), ErrorCode(PhoneError::notTrusted));
-    turnFor(6s); // polls of the list and of the figures
-    EXPECT_EQ(iphone.count("lockdown.Pair"), 1U);
-
-    iphone.phone.setTrust(VirtualTrust::trusted);
-    EXPECT_TRUE(eventually([&] { return hasDetails() && !trouble(); }, 2s));
-    EXPECT_EQ(iphone.count("lockdown.Pair"), 1U);
-    EXPECT_EQ(only()->batteryLevel, 80);
-}
-
-TEST_F(IPhoneListTest, aPhoneThatWasLockedIsFollowedWhenItIsUnlocked) {
-    VirtualIPhoneConfig config;
-    config.isLocked = true;
-    PluggedIPhone iphone(config);
-    manager_->startListening();
-    ASSERT_TRUE(eventually([&] { return trouble().has_value(); }, 60s));
-    EXPECT_EQ(trouble()->error.code(), ErrorCode(PhoneError::locked));
-    for (int i = 0; i < 2; ++i) {
-        iphone.phone.setLocked(false);
-        EXPECT_TRUE(eventually([&] { return hasDetails() && !trouble(); }, 3s));
-        iphone.phone.setLocked(true);
-        EXPECT_TRUE(eventually([&] { return trouble().has_value(); }, 20s));
-    }
-}
-
 TEST_F(IPhoneListTest, aPhoneThatHasForgottenThisComputerWantsToBePluggedInAgain) {
     PluggedIPhone iphone;
     iphone.faults([](VirtualIPhoneFaults& faults) {

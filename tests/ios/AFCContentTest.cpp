@@ -109,12 +109,6 @@ TEST_F(AFCContentTest, aSmallFileTakesThreeRequestsToReadAndSixToWrite) {
     EXPECT_EQ(requests() - before, 2U);
 }
 
-TEST_F(AFCContentTest, shortAnswersAreReadOnUntilTheEnd) {
-    iphone_.write(u"a"_s, manyBytes(300'000));
-    iphone_.faults([](VirtualIPhoneFaults& faults) { faults.longestRead = 70'001; });
-    EXPECT_EQ(iphone_.get(u"/a"_s), manyBytes(300'000));
-}
-
 TEST_F(AFCContentTest, aFileThatGrewOrShrankIsReadAsItIs) {
     for (const qint64 size : {qint64{3}, qint64{7}, 2 * mebibyte}) {
         iphone_.write(u"a"_s, "12345");
@@ -195,26 +189,6 @@ TEST_F(AFCContentTest, aDateThatThePhoneDoesNotTakeDoesNotFailTheCopy) {
     EXPECT_NE(iphone_.put({u"/"_s, u"up"_s, 1, someDate}, "1").modifiedDate, someDate);
 }
 
-TEST_F(AFCContentTest, cancelledCopiesLeaveNothingAndThePhoneGoesOn) {
-    iphone_.write(u"big"_s, manyBytes(16 * mebibyte));
-    iphone_.faults([](VirtualIPhoneFaults& faults) {
-        faults.delay[u"afc.fileRead"_s] = 100ms;
-        faults.delay[u"afc.fileWrite"_s] = 100ms;
-    });
-    std::stop_source stopUp;
-    const auto upStopper = stopAfter("afc.fileWrite", 1, stopUp);
-    EXPECT_THROW(iphone_.put({u"/"_s, u"up"_s, 16 * mebibyte, {}}, manyBytes(16 * mebibyte),
-                             stopUp.get_token()),
-                 CancellationError);
-    EXPECT_EQ(iphone_.names(u"/"_s), QStringList(u"big"_s));
-    EXPECT_LT(iphone_.count("afc.fileWrite"), 8U);
-    std::stop_source stopDown;
-    const auto downStopper = stopAfter("afc.fileRead", 1, stopDown);
-    EXPECT_THROW(iphone_.get(u"/big"_s, {}, stopDown.get_token()), CancellationError);
-    EXPECT_EQ(iphone_.names(u"/"_s), QStringList(u"big"_s));
-    EXPECT_LT(iphone_.count("afc.fileRead"), 8U);
-}
-
 TEST_F(AFCContentTest, onASlowLinkACancelIsHeardWithinASecondAndNoPartStays) {
     iphone_.faults([](VirtualIPhoneFaults& faults) { faults.megabytesPerSecond = 0.5; });
     std::stop_source stop;
@@ -279,26 +253,6 @@ TEST(AFCContent, silenceWithoutAnEndIsNoAnswer) {
     iphone.phone.unplug();
     iphone.phone.plugInto(iphone.mux);
     EXPECT_EQ(iphone.names(u"/"_s), QStringList());
-}
-
-TEST_F(AFCContentTest, aListingGetsInBetweenTwoFilesOfACopy) {
-    for (int i = 0; i < 20; ++i)
-        iphone_.write(u"many/%1"_s.arg(i), QByteArray(1000, 'x'));
-    iphone_.faults([](VirtualIPhoneFaults& faults) { faults.delay[u"afc.fileRead"_s] = 50ms; });
-    const std::vector<FileItem> items = listAll(files_, u"/many"_s, {}).items;
-    std::atomic<int> copied = 0;
-    std::jthread copy([&] {
-        const auto job = iphone_.queue->beginJob();
-        for (const FileItem& item : items) {
-            files_.read(item, {}, [](ByteView) {}, {{}, Urgency::copy});
-            ++copied;
-        }
-    });
-    while (copied < 2)
-        std::this_thread::sleep_for(1ms);
-    EXPECT_EQ(iphone_.names(u"/"_s), QStringList(u"many"_s));
-    EXPECT_LT(copied, 8);
-    EXPECT_EQ(iphone_.count("houseArrest.VendDocuments"), 1U);
 }
 
 } // namespace

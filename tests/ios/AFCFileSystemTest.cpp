@@ -37,17 +37,6 @@ protected:
     AFCFileSystem& files_ = iphone_.files;
 };
 
-TEST(AFCFileSystem, isNamedByPhoneAndApp) {
-    IPhoneFiles iphone;
-    EXPECT_EQ(iphone.files.identity(), u"ios:%1:com.example.notes"_s.arg(iphone.udid()));
-    EXPECT_EQ(iphone.files.displayName(), u"Notes (Ann's iPhone)"_s);
-    EXPECT_EQ(iphone.files.canonicalPath(u"a//b/"_s), u"/a/b"_s);
-    EXPECT_EQ(iphone.item(u"/"_s).name, u"Documents"_s);
-    const AFCFileSystem media(iphone.identity(), std::nullopt, iphone.queue);
-    EXPECT_NE(media.identity(), iphone.files.identity());
-    EXPECT_EQ(media.displayName(), u"Ann's iPhone"_s);
-}
-
 TEST(AFCFileSystem, opensDocumentsWhereverTheContainerHasThem) {
     for (const bool areRoot : {false, true}) {
         VirtualIPhoneConfig config;
@@ -87,35 +76,6 @@ TEST(AFCFileSystem, anAppThatCannotBeOpenedIsTheAppsRefusal) {
         EXPECT_EQ(iphone.count("houseArrest.VendDocuments"), 1U);
         EXPECT_EQ(iphone.count("houseArrest.VendContainer"), 1U);
     }
-}
-
-TEST(AFCFileSystem, aPhoneThatLetsNobodyInSaysWhyAndIsAskedOnce) {
-    const struct {
-        const char* name;
-        VirtualTrust trust;
-        bool isPaired;
-        const char* error;
-    } rows[] = {{"asking", VirtualTrust::asking, false, "notTrusted, caused by handshake (-19)"},
-                {"denied", VirtualTrust::denied, false, "notTrusted, caused by handshake (-18)"}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        VirtualIPhoneConfig config;
-        config.trust = row.trust;
-        config.isPaired = row.isPaired;
-        IPhoneFiles iphone(config);
-        EXPECT_EQ(errorOf([&] { (void)iphone.names(u"/"_s); }), row.error);
-        EXPECT_EQ(iphone.count("lockdown.Pair"), 1U);
-    }
-    IPhoneFiles iphone;
-    iphone.faults([](VirtualIPhoneFaults& faults) {
-        faults.handshakesToFail = 100;
-        faults.handshakeError = u"InvalidHostID"_s;
-    });
-    EXPECT_EQ(errorOf([&] { (void)iphone.names(u"/"_s); }),
-              "trustForgotten, caused by handshake (-21)");
-    EXPECT_EQ(iphone.count("lockdown.StartSession"), 1U);
-    iphone.phone.unplug();
-    EXPECT_EQ(errorOf([&] { (void)iphone.names(u"/"_s); }), "notConnected");
 }
 
 TEST_F(AFCFileSystemTest, listsFactsAndNamesWhatCannotBeRead) {
@@ -195,33 +155,6 @@ TEST_F(AFCFileSystemTest, aLongListingThatIsCutOnEitherConnectionIsAnError) {
     }
 }
 
-TEST_F(AFCFileSystemTest, factsThatAreMissingOrOddMakeAnEntryUnreadable) {
-    iphone_.write(u"a"_s, "123");
-    const struct {
-        const char* name;
-        QStringList facts;
-        bool isReadable;
-    } rows[] = {
-        {"sound", {u"st_ifmt"_s, u"S_IFREG"_s, u"st_size"_s, u"3"_s}, true},
-        {"folder without a size", {u"st_ifmt"_s, u"S_IFDIR"_s}, true},
-        {"no kind", {u"st_size"_s, u"3"_s}, false},
-        {"no number", {u"st_ifmt"_s, u"S_IFREG"_s, u"st_size"_s, u"many"_s}, false},
-        {"a pipe", {u"st_ifmt"_s, u"S_IFIFO"_s, u"st_size"_s, u"3"_s}, false},
-        {"a key without its value", {u"st_size"_s, u"3"_s, u"st_ifmt"_s}, false},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        iphone_.faults([&](VirtualIPhoneFaults& faults) {
-            faults.rewriteFileInfo = [&](const QString&, const QStringList&) { return row.facts; };
-        });
-        const Listing listing = listAll(files_, u"/"_s, {});
-        EXPECT_EQ(listing.items.size(), row.isReadable ? 1U : 0U);
-        EXPECT_EQ(listing.unreadable.size(), row.isReadable ? 0U : 1U);
-        EXPECT_EQ(errorOf([&] { (void)files_.find(u"/a"_s, {}); }),
-                  row.isReadable ? "nothing was thrown" : "unreadable (/a)");
-    }
-}
-
 TEST_F(AFCFileSystemTest, pathsThatLeadNowhereAreNotFoundWhereverTheyAreUsed) {
     iphone_.write(u"file"_s, "1");
     EXPECT_EQ(files_.find(u"/none"_s, {}), std::nullopt);
@@ -241,17 +174,6 @@ TEST_F(AFCFileSystemTest, pathsThatLeadNowhereAreNotFoundWhereverTheyAreUsed) {
               "notAFolder (/file), caused by objectNotFound (8)");
     EXPECT_THAT(errorOf([&] { files_.makeFolder(u"/file"_s, u"a"_s, {}); }),
                 StartsWith("notAFolder (/file)"));
-}
-
-TEST_F(AFCFileSystemTest, foldersAreMadeOnceAndOnlyUnderGoodNames) {
-    EXPECT_EQ(files_.makeFolder(u"/"_s, u"new"_s, {}).path, u"/new"_s);
-    EXPECT_EQ(errorOf([&] { files_.makeFolder(u"/"_s, u"new"_s, {}); }), "taken (new)");
-    for (const QString& name : {u""_s, u".."_s, u"a/b"_s, QString(256, u'n')})
-        EXPECT_THAT(errorOf([&] { files_.makeFolder(u"/"_s, name, {}); }),
-                    StartsWith("nameNotAllowed"));
-    refuse("afc.makeDir", 10);
-    EXPECT_EQ(errorOf([&] { files_.makeFolder(u"/"_s, u"b"_s, {}); }),
-              "accessDenied (/b), caused by permissionDenied (10)");
 }
 
 TEST_F(AFCFileSystemTest, aRefusalOfALockedPhoneIsNotTheFilesDoing) {
@@ -384,18 +306,6 @@ TEST(AFCFileSystem, theMediaFolderIsReadAndWrittenWhereThePhoneTakesIt) {
     EXPECT_EQ(iphone.put({u"/Downloads"_s, u"b"_s, 1, {}}, "b").size, 1);
     iphone.files.remove(iphone.item(u"/DCIM/100APPLE/IMG_0001.HEIC"_s), {});
     EXPECT_FALSE(media.has(u"DCIM/100APPLE/IMG_0001.HEIC"_s));
-}
-
-TEST_F(AFCFileSystemTest, figuresComeFromThePhoneAndNeverDisturbIt) {
-    EXPECT_EQ(files_.freeBytes(u"/"_s, {}), iphone_.phone.freeBytes());
-    iphone_.phone.setBattery(37);
-    const auto live = files_.liveInfo();
-    ASSERT_TRUE(live);
-    EXPECT_EQ(live->battery, 37);
-    ASSERT_EQ(live->volumes.size(), 1U);
-    EXPECT_EQ(live->volumes.front().freeBytes, iphone_.phone.freeBytes());
-    const auto job = iphone_.queue->beginJob();
-    EXPECT_EQ(files_.liveInfo(), std::nullopt);
 }
 
 TEST_F(AFCFileSystemTest, oneConnectionServesManyCallsAndIsClosedWhenIdle) {

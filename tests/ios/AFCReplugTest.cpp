@@ -159,19 +159,5 @@ TEST(AFCReplug, aListingThatIsCutIsAnErrorOrWholeAndNeverShorter) {
     }
 }
 
-TEST(AFCReplug, unpluggingWhileItOpensIsAnError) {
-    for (const char* request : {"lockdown.StartSession", "lockdown.StartService",
-                                "houseArrest.VendDocuments", "afc.readDir"}) {
-        SCOPED_TRACE(request);
-        IPhoneFiles iphone;
-        iphone.faults([&](VirtualIPhoneFaults& faults) {
-            faults.requestFault = {QString::fromLatin1(request), 1, false, VirtualCut::unplug};
-        });
-        const auto begin = std::chrono::steady_clock::now();
-        EXPECT_THAT(errorOf([&] { (void)iphone.names(u"/"_s); }), isLost);
-        EXPECT_LT(std::chrono::steady_clock::now() - begin, bound);
-    }
-}
-
 } // namespace
 } // namespace tessary

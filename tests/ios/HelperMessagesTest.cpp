@@ -105,28 +105,5 @@ TEST(HelperMessages, whatIsNoErrorOfOursIsNone) {
     EXPECT_FALSE(readError(stream));
 }
 
-TEST(HelperMessages, figuresAreClampedAndCountsAreNotBelieved) {
-    QByteArray bytes;
-    {
-        QDataStream stream(&bytes, QIODevice::WriteOnly);
-        stream << false << true << qint64{900} << qint64{-5} << true << qint32{101};
-    }
-    QDataStream facts(bytes);
-    IPhoneFacts read;
-    facts >> read;
-    EXPECT_EQ(read, (IPhoneFacts{std::nullopt, StorageInfo{0, 0}, std::nullopt}));
-
-    bytes.clear();
-    {
-        QDataStream stream(&bytes, QIODevice::WriteOnly);
-        stream << quint32{0xFFFFFFFF} << QByteArray("one");
-    }
-    QDataStream names(bytes);
-    std::vector<QByteArray> list;
-    names >> list;
-    EXPECT_NE(names.status(), QDataStream::Ok);
-    EXPECT_LE(list.size(), 2U);
-}
-
 } // namespace
 } // namespace tessary

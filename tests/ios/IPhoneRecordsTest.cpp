@@ -47,37 +47,6 @@ TEST(DiskUsage, isReadInEachForm) {
     }
 }
 
-TEST(DiskUsage, whatIsNoDictionaryOfNumbersTellsNothing) {
-    EXPECT_EQ(storageFromDiskUsage(nullptr), std::nullopt);
-    const PlistHandle text(plist_new_string("100"));
-    EXPECT_EQ(storageFromDiskUsage(text.get()), std::nullopt);
-    const PlistHandle usage(plist_new_dict());
-    plist_dict_set_item(usage.get(), "TotalDiskCapacity", plist_new_string("100"));
-    EXPECT_EQ(storageFromDiskUsage(usage.get()), std::nullopt);
-}
-
-TEST(AppLister, listsOnlyAppsThatShareFilesAndHaveAnIdentifier) {
-    const PlistHandle apps(plist_new_array());
-    const auto add = [&apps](const char* identifier, plist_t sharing) {
-        plist_t entry = plist_new_dict();
-        if (identifier != nullptr)
-            plist_dict_set_item(entry, "CFBundleIdentifier", plist_new_string(identifier));
-        if (sharing != nullptr)
-            plist_dict_set_item(entry, "UIFileSharingEnabled", sharing);
-        plist_array_append_item(apps.get(), entry);
-    };
-    add("com.no", plist_new_bool(0));
-    add("com.missing", nullptr);
-    add("com.text", plist_new_string("true"));
-    add(nullptr, plist_new_bool(1));
-    plist_array_append_item(apps.get(), plist_new_string("no dictionary"));
-    EXPECT_TRUE(AppLister::fileSharingAppsIn(apps.get()).empty());
-    EXPECT_TRUE(AppLister::fileSharingAppsIn(nullptr).empty());
-    add("com.only", plist_new_bool(1));
-    const AppInfo only{u"com.only"_s, u"com.only"_s, true, false};
-    EXPECT_EQ(AppLister::fileSharingAppsIn(apps.get()), std::vector{only});
-}
-
 QDateTime utc(qint64 milliseconds) {
     return QDateTime::fromMSecsSinceEpoch(milliseconds, QTimeZone::utc());
 }

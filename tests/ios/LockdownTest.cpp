@@ -59,15 +59,6 @@ TEST(Lockdown, aPhoneThatIsStillStartingIsGivenFiveAttempts) {
     }
 }
 
-TEST(Lockdown, aPhoneThatRefusesTrustFailsTheHandshake) {
-    VirtualIPhoneConfig config;
-    config.isPaired = false;
-    config.trust = VirtualTrust::denied;
-    PluggedIPhone iphone(config);
-    CountedPauses pauses;
-    EXPECT_EQ(refusalOf(iphone.udid(), pauses), PhoneError::notTrusted);
-}
-
 TEST(Lockdown, stopEndsThePauseBetweenTwoAttempts) {
     PluggedIPhone iphone;
     std::stop_source stop;

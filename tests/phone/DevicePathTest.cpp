@@ -12,11 +12,11 @@ using namespace Qt::StringLiterals;
 TEST(DevicePath, pathsAreMappedOntoTheStorage) {
     const std::pair<const char*, const char*> rows[] = {
         {"", "/"},
-        {" \t\r\n", "/"},
         {"/sdcard", "/"},
         {"Music", "/Music"},
         {"/storage/emulated/0", "/"},
-        {"  /sdcard/DCIM/ \n", "/DCIM/"},
+        {"/sdcard/DCIM/", "/DCIM/"},
+        {"/sdcard/ a /b ", "/ a /b "},
         {"/storage/emulated/0/DCIM/Camera", "/DCIM/Camera"},
         {"/sdcard/sdcard/x", "/sdcard/x"}, // only one prefix is dropped
         {"/sdcard2/x", "/sdcard2/x"},
@@ -25,8 +25,8 @@ TEST(DevicePath, pathsAreMappedOntoTheStorage) {
         {"/storage/131073/x", "/storage/131073/x"},
     };
     for (const auto& [given, expected] : rows)
-        EXPECT_EQ(normalizePath(QString::fromUtf8(given)), QString::fromUtf8(expected)) << given;
-    EXPECT_EQ(storageRelativePath(u"/sdcard/ a /b "_s), u"/ a /b "_s) << "names keep their blanks";
+        EXPECT_EQ(storageRelativePath(QString::fromUtf8(given)), QString::fromUtf8(expected))
+            << given;
 }
 
 } // namespace

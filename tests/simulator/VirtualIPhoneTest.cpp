@@ -60,7 +60,7 @@ TEST(VirtualIPhone, noPathLeavesTheContainer) {
                                 u"/Documents/file"_s, u"/Documents/../.."_s, u"/Documents/.."_s}) {
         SCOPED_TRACE(path.toStdString());
         EXPECT_THROW(AFCFile(client, path, AFC_FOPEN_RDONLY), Error);
-        EXPECT_THROW((void)client.readDirectory(path), Error);
+        EXPECT_THROW((void)client.readNames(path), Error);
         try {
             // It may take the place of a link, and go no further.
             AFCFile file(client, path, AFC_FOPEN_WRONLY);

@@ -4,12 +4,10 @@
 #include "base/text/PathNames.h"
 #include "ios/AFCStatus.h"
 #include "ios/files/AFCContent.h"
-#include "ios/files/AFCItems.h"
+#include "ios/files/AFCListing.h"
 #include "ios/files/AFCSteps.h"
 
 #include <algorithm>
-#include <deque>
-#include <span>
 
 namespace tessary {
 
@@ -20,10 +18,6 @@ using Opened = AFCSession::Opened;
 constexpr QLatin1Char slash('/');
 /// Deeper trees are a phone's mistake: paths of a real one are far shorter.
 constexpr int maxDepth = 128;
-/// Rows are handed over, and a stop is heard, after so many requests.
-constexpr std::size_t rowsAtATime = 32;
-/// From so many entries on a second connection is worth its making.
-constexpr std::size_t longListing = 500;
 
 /// A path whose components a phone can have; any other leads nowhere.
 void requirePath(const QString& path) {
@@ -38,24 +32,6 @@ void requireItem(const QString& path) {
     requirePath(path);
     if (path == slash)
         throw Error(PhoneError::wholeStorage, {path});
-}
-
-void handOver(std::vector<AFCRow>&& rows, const ListingReceiver& receiver) {
-    std::vector<FileItem> items;
-    for (AFCRow& row : rows) {
-        if (auto* item = std::get_if<FileItem>(&row)) {
-            items.push_back(std::move(*item));
-            continue;
-        }
-        auto& entry = std::get<UnreadableEntry>(row);
-        if (receiver.unreadable)
-            receiver.unreadable(std::move(entry));
-        else
-            DiagnosticsLogger::shared().afc.error("Left out of a listing: %s",
-                                                  {entry.error.logText()});
-    }
-    if (!items.empty())
-        receiver.rows(std::move(items));
 }
 
 /// Rethrows the exception that is being handled; an error with one code gets another one.
@@ -143,40 +119,8 @@ void AFCFileSystem::list(const QString& folder, const ListingReceiver& receiver,
     const QString at = canonicalPath(folder);
     requirePath(at);
     const PhoneQueue::Turn turn = takeTurn(call);
-    const auto names = std::make_shared<const std::vector<QByteArray>>(
-        session_.begin([at](const Opened& opened) { return namesIn(opened, at); }, call.stop));
-    AFCSession* const second =
-        names->size() >= longListing ? helperOfLongListings(call.stop) : nullptr;
-    const auto ask = [&](AFCSession& session, std::size_t begin) {
-        const std::size_t count = std::min(rowsAtATime, names->size() - begin);
-        return session.start([at, names, begin, count](const Opened& opened) {
-            return rowsOf(opened, at, std::span(*names).subspan(begin, count));
-        });
-    };
-    using Answer = decltype(ask(session_, 0));
-    std::deque<Answer> answers; // of one connection and the other by turns
-    std::size_t asked = 0;
-    const auto askNext = [&] {
-        if (asked >= names->size())
-            return;
-        const bool isSeconds = second != nullptr && asked / rowsAtATime % 2 == 1;
-        answers.push_back(ask(isSeconds ? *second : session_, asked));
-        asked += rowsAtATime;
-    };
-    // Each connection has one piece under way and one that waits.
-    for (int n = 0; n < (second != nullptr ? 4 : 2); ++n)
-        askNext();
-    while (!answers.empty()) {
-        std::vector<AFCRow> rows = session_.waitFor(answers.front(), call.stop);
-        answers.pop_front();
-        throwIfStopped(call.stop);
-        askNext();
-        handOver(std::move(rows), receiver);
-    }
-    // What came last is known to have come in full only when another answer follows it.
-    for (AFCSession* session : {&session_, second})
-        if (session != nullptr && !names->empty())
-            session->step([](const Opened& opened) { opened.link->requireLink(); }, call.stop);
+    listAFCFolder(
+        session_, [&] { return helperOfLongListings(call.stop); }, at, receiver, call.stop);
 }
 
 /// Null when the phone allows no second connection: the first one does it alone then.
