@@ -1,6 +1,6 @@
 #include "FuzzTarget.h"
+#include "sync/pair/SyncPairJson.h"
 #include "sync/plan/SyncManifest.h"
-#include "sync/plan/SyncPair.h"
 
 #include <QJsonDocument>
 

@@ -90,8 +90,8 @@ TEST_F(SyncManagerTest, pairsRunOneAfterTheOtherAndAreSaved) {
         if (status(one).kind == Kind::syncing && status(two).kind == Kind::syncing)
             ADD_FAILURE() << "two at a time";
     });
-    sync_->syncAll(*manager_, {});
-    sync_->syncAll(*manager_, {}); // those that run or wait already are not doubled
+    for (const SyncPair& pair : {one, two, one, two}) // one that runs or waits is not doubled
+        sync_->syncPair(pair.id, *manager_, {});
     EXPECT_TRUE(sync_->isRunningOrWaiting(two.id));
     EXPECT_EQ(queued, 1);
     sync_->cancel(two.id);

@@ -1,6 +1,6 @@
 #include "support/QtPrinters.h"
+#include "sync/pair/SyncPairJson.h"
 #include "sync/plan/SyncManifest.h"
-#include "sync/plan/SyncPair.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>

@@ -2,7 +2,7 @@
 
 #include "phone/records/DeviceInfo.h"
 #include "phone/records/FileCategory.h"
-#include "sync/plan/SyncPair.h"
+#include "sync/pair/SyncPair.h"
 #include "transfer/queue/CopyJob.h"
 
 #include <QString>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "devices/list/AndroidDevices.h"
-#include "sync/plan/SyncPair.h"
+#include "sync/pair/SyncPair.h"
 #include "transfer/copy/CopyTypes.h"
 
 #include <QString>

@@ -2,7 +2,7 @@
 
 #include "phone/PhoneFileSystem.h"
 #include "phone/records/DeviceInfo.h"
-#include "sync/plan/SyncPair.h"
+#include "sync/pair/SyncPair.h"
 
 #include <functional>
 #include <memory>

@@ -5,12 +5,13 @@
 #include "devices/list/DeviceManager.h"
 #include "phone/PhoneError.h"
 #include "platform/desktop/HostInfo.h"
+#include "sync/manager/PendingAnswer.h"
 #include "sync/manager/SyncHost.h"
+#include "sync/pair/SyncPairJson.h"
 #include "sync/run/SyncLock.h"
 #include "transfer/local/LocalFileSystem.h"
 
 #include <algorithm>
-#include <condition_variable>
 #include <mutex>
 
 namespace tessary {
@@ -38,26 +39,6 @@ SyncReport failedReport(const Error& error) {
     report.failure = error;
     return report;
 }
-
-/// An answer that one thread waits for and another gives.
-struct Answer {
-    std::mutex mutex;
-    std::condition_variable_any changed;
-    std::optional<SyncAnswer> value; ///< guarded by mutex
-
-    void give(SyncAnswer answer) {
-        const std::scoped_lock lock(mutex);
-        if (!value)
-            value = std::move(answer);
-        changed.notify_all();
-    }
-    [[nodiscard]] SyncAnswer wait(const std::stop_token& stop) {
-        std::unique_lock lock(mutex);
-        if (!changed.wait(lock, stop, [this] { return value.has_value(); }))
-            throw CancellationError();
-        return *value;
-    }
-};
 
 /// The newest progress on its way to the main thread: one post at a time, however many come.
 struct LatestProgress {
@@ -174,14 +155,6 @@ bool SyncManager::isRunningOrWaiting(const QUuid& id) const {
                        [&](const Job& job) { return job.id == id; });
 }
 
-void SyncManager::syncAll(DeviceManager& deviceManager, const OnQuestion& ask) {
-    std::vector<QUuid> ids;
-    for (const SyncPair& pair : pairs_)
-        ids.push_back(pair.id);
-    for (const QUuid& id : ids)
-        syncPair(id, deviceManager, ask);
-}
-
 void SyncManager::syncPair(const QUuid& id, DeviceManager& deviceManager, const OnQuestion& ask,
                            const SyncDecisions& decisions) {
     MainThread::assertCurrent();
@@ -267,7 +240,7 @@ void SyncManager::start(const Job& job) {
     const auto run = [work, events = eventsOf(id), ask = job.ask,
                       store = store_](const std::stop_token& stop) mutable {
         events.ask = [ask, stop](const SyncQuestion& question) {
-            const auto answer = std::make_shared<Answer>();
+            const auto answer = std::make_shared<PendingAnswer>();
             MainThread::post([ask, question, answer] {
                 if (ask)
                     ask(question, [answer](SyncAnswer given) { answer->give(std::move(given)); });

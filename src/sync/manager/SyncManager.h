@@ -5,7 +5,7 @@
 #include "platform/settings/UserDefaults.h"
 #include "sync/manager/SyncConnection.h"
 #include "sync/manager/SyncReportStore.h"
-#include "sync/plan/SyncPair.h"
+#include "sync/pair/SyncPair.h"
 #include "sync/plan/SyncReport.h"
 #include "sync/run/SyncRun.h"
 
@@ -79,8 +79,6 @@ public:
         return activeRemotePath_;
     }
 
-    /// Runs every pair, in the order of the list.
-    void syncAll(DeviceManager& deviceManager, const OnQuestion& ask);
     /// Runs one pair, after those that wait already. Nothing happens when it runs or waits.
     /// `decisions` were made at a preview.
     void syncPair(const QUuid& id, DeviceManager& deviceManager, const OnQuestion& ask,

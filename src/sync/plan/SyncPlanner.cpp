@@ -3,6 +3,7 @@
 #include "base/local/LocalError.h"
 #include "base/text/ByteCount.h"
 #include "phone/PhoneError.h"
+#include "sync/plan/ConflictNames.h"
 #include "sync/plan/SyncDates.h"
 #include "sync/plan/SyncError.h"
 #include "sync/plan/SyncObstacles.h"
@@ -19,9 +20,6 @@ using FileMap = std::map<QString, SyncFile>;
 
 /// Fewer deletions than this never look like a mistake by their number.
 constexpr std::size_t fewDeletions = 20;
-
-/// File systems and phones hold no longer names, in bytes of UTF-8 and in UTF-16 units.
-constexpr qsizetype longestName = 240;
 
 /// Dates within this time are one.
 constexpr std::chrono::milliseconds dateTolerance = 2s;
@@ -330,39 +328,6 @@ QStringList SyncPlanner::pathsToCompare() const {
     return paths;
 }
 
-bool SyncPlanner::isTaken(const QString& path) const {
-    for (const SyncTree* side : {&input_.local, &input_.device})
-        if (side->files.contains(path) || side->folders.contains(path) ||
-            side->unknown.contains(path))
-            return true;
-    return false;
-}
-
-/// "dir/name (conflict 2024-05-01 101500).ext", numbered when that is taken.
-QString SyncPlanner::conflictName(const SyncPlannedAction& action, QSet<QString>& taken) const {
-    const QString& path = action.relativePath;
-    const qsizetype nameAt = path.lastIndexOf(u'/') + 1;
-    const QString name = path.mid(nameAt);
-    const qsizetype dot = name.lastIndexOf(u'.');
-    QString stem = dot > 0 ? name.left(dot) : name;
-    QString extension = dot > 0 ? name.mid(dot) : QString();
-    const QString mark =
-        QStringLiteral(" (conflict ") + input_.now.toString(QStringLiteral("yyyy-MM-dd HHmmss"));
-    for (int n = 1;; ++n) {
-        const QString end =
-            mark + (n == 1 ? QString() : QLatin1Char(' ') + QString::number(n)) + QLatin1Char(')');
-        while ((stem + end + extension).toUtf8().size() > longestName) {
-            QString& longer = stem.size() >= extension.size() ? stem : extension;
-            longer.chop(longer.back().isLowSurrogate() ? 2 : 1);
-        }
-        const QString copy = path.left(nameAt) + stem + end + extension;
-        if (!taken.contains(copy) && !isTaken(copy)) {
-            taken.insert(copy);
-            return copy;
-        }
-    }
-}
-
 /// What a user makes of a conflict.
 void SyncPlanner::choose(SyncPlannedAction& action, ConflictChoice choice) const {
     const bool keepsTarget =
@@ -412,12 +377,12 @@ void SyncPlanner::answer(SyncPlannedAction& action, Pending pending, const SyncD
 
 SyncPlan SyncPlanner::plan(const SyncDecisions& decisions, const SyncComparisons& comparisons) {
     SyncPlan plan;
-    QSet<QString> taken;
+    ConflictNames names(input_.local, input_.device, input_.now);
     for (std::size_t n = 0; n < actions_.size(); ++n) {
         SyncPlannedAction& action = actions_[n];
         answer(action, pending_[n], decisions, comparisons);
         if (action.kind == Kind::conflict)
-            action.conflictName = conflictName(action, taken);
+            action.conflictName = names.forPath(action.relativePath);
         if (action.isWork())
             ++plan.totalFiles;
         plan.totalBytes = addByteCounts(plan.totalBytes, action.bytes());

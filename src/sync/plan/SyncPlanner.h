@@ -5,7 +5,6 @@
 #include "sync/plan/SyncRecord.h"
 
 #include <QDateTime>
-#include <QSet>
 #include <QStringList>
 
 #include <chrono>
@@ -86,8 +85,6 @@ private:
     void answer(SyncPlannedAction& action, Pending pending, const SyncDecisions& decisions,
                 const SyncComparisons& comparisons) const;
     [[nodiscard]] SyncReason nameRefusal(const SyncPlannedAction& action) const;
-    [[nodiscard]] QString conflictName(const SyncPlannedAction& action, QSet<QString>& taken) const;
-    [[nodiscard]] bool isTaken(const QString& path) const;
     [[nodiscard]] bool isMove() const {
         return input_.moves && input_.mode != SyncMode::biDirectional;
     }

@@ -56,7 +56,6 @@ void rename(SyncTree& tree, const QString& from, const QString& to) {
     moveKeys(tree.files, from, to);
     moveKeys(tree.folders, from, to);
     moveKeys(tree.unknown, from, to);
-    moveKeys(tree.leftovers, from, to);
 }
 
 /// The topmost name in which two paths of one folded form differ, when the side `follows` can take

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "sync/pair/SyncPair.h"
 #include "sync/plan/SyncManifest.h"
-#include "sync/plan/SyncPair.h"
 #include "sync/plan/SyncTree.h"
 
 #include <QString>

@@ -35,9 +35,6 @@ struct SyncTree {
     /// What is there and could not be looked at, or cannot be synced. Neither a file nor the lack
     /// of one: nothing is known of the path and of anything below it.
     std::map<QString, Error> unknown;
-    /// Temporary files of an earlier run, or of one that is at work.
-    std::map<QString, SyncFile> leftovers;
-    bool hasManifest = false; ///< ".tessary.sync" is in the root
     /// The steps in which dates are listed.
     std::chrono::milliseconds dateStep{1000};
 };

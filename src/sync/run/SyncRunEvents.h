@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sync/plan/SyncPair.h"
+#include "sync/pair/SyncPair.h"
 #include "sync/plan/SyncReport.h"
 
 #include <functional>

@@ -20,10 +20,6 @@ QString below(const QString& folder, const QString& name) {
     return folder.isEmpty() ? name : folder + QLatin1Char('/') + name;
 }
 
-QString folderOf(const QString& path) {
-    return path.left(std::max<qsizetype>(0, path.lastIndexOf(u'/')));
-}
-
 /// Whether a folder that could not be listed is skipped, and not the end of the scan.
 bool leavesRest(const Error& error) {
     return error.code().layer() == ErrorLayer::local ||
@@ -42,6 +38,10 @@ QStringList namesIn(const SyncFiles& known, const QString& folder) {
 }
 
 } // namespace
+
+QString folderOf(const QString& path) {
+    return path.left(std::max<qsizetype>(0, path.lastIndexOf(u'/')));
+}
 
 SyncFile syncFileOf(const FileItem& item) {
     return {item.size, syncDate(item.modifiedDate), item.modifiedDate.has_value()};
@@ -111,11 +111,9 @@ void SyncSide::scanFolder(SyncTree& tree, const Folder& folder, std::vector<Fold
     for (const FileItem& item : withoutLeftovers(std::move(listing.items), leftovers,
                                                  namesIn(known, folder.relativePath), call)) {
         const QString path = below(folder.relativePath, item.name);
-        if (item.name == SyncManifest::fileName) {
-            tree.hasManifest |= folder.relativePath.isEmpty() && !item.isDirectory;
-        } else if (patterns.excludes(path, item.isDirectory)) {
+        if (item.name == SyncManifest::fileName || patterns.excludes(path, item.isDirectory))
             continue;
-        } else if (!isSafeName(item.name)) {
+        if (!isSafeName(item.name)) {
             tree.unknown.insert_or_assign(path, Error(PhoneError::nameNotAllowed, {item.name}));
         } else if (taken.contains(item.name)) {
             tree.files.erase(path);

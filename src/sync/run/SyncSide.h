@@ -1,8 +1,8 @@
 #pragma once
 
 #include "phone/PhoneFileSystem.h"
+#include "sync/pair/SyncPatterns.h"
 #include "sync/plan/SyncManifest.h"
-#include "sync/plan/SyncPatterns.h"
 #include "sync/plan/SyncTree.h"
 
 #include <QString>
@@ -70,6 +70,9 @@ private:
     const QString root_;
     std::set<QString> made_; ///< folders that are known to be there
 };
+
+/// Everything of a relative path before its last component; empty for what lies at the root.
+[[nodiscard]] QString folderOf(const QString& relativePath);
 
 /// A file of a listing as the sync sees it.
 [[nodiscard]] SyncFile syncFileOf(const FileItem& item);

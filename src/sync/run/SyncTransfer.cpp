@@ -1,6 +1,8 @@
 #include "sync/run/SyncTransfer.h"
 
+#include "base/local/LocalError.h"
 #include "base/text/PathNames.h"
+#include "sync/plan/SyncError.h"
 #include "transfer/copy/CopyErrors.h"
 #include "transfer/copy/FileCopy.h"
 #include "transfer/copy/FileStream.h"
@@ -38,7 +40,7 @@ FileItem SyncTransfer::replaceThroughTrash(const FileItem& source, const QString
     FileStream stream(device_.files(), source, FileStream::Way::ahead, FileStream::slack, call_);
     const auto check = [this](SyncSide& where, const FileItem& seen) {
         const auto now = where.files().find(seen.path, call_);
-        if (!now || !tessary::isAsSeen(seen, *now))
+        if (!now || !isAsSeen(seen, *now))
             throw changedError(where.files(), seen.path);
     };
     const auto makeRoom = [&](const FileItem&) {
@@ -60,7 +62,7 @@ FileItem SyncTransfer::setAside(bool onDevice, const QString& path, const SyncFi
     if (!where.files().capabilities(call_).renames)
         return copyBeside(onDevice, path, seen, newPath, progress);
     const auto now = where.findFile(path, call_);
-    if (!now || !tessary::isAsSeen(where.itemOf(path, seen), *now))
+    if (!now || !isAsSeen(where.itemOf(path, seen), *now))
         throw changedError(where.files(), where.pathOf(path));
     return where.files().rename(*now, lastComponent(newPath), TakenName::refused, call_);
 }
@@ -76,24 +78,25 @@ FileItem SyncTransfer::copyBeside(bool onDevice, const QString& path, const Sync
                     progress, call_);
 }
 
-bool SyncTransfer::isAsSeen(bool onDevice, const QString& path, const SyncFile& seen) {
-    const auto now = side(onDevice).findFile(path, call_);
-    return now && tessary::isAsSeen(side(onDevice).itemOf(path, seen), *now);
-}
-
 bool SyncTransfer::remove(bool onDevice, const QString& path, const SyncFile& seen,
                           bool intoTrash) {
     SyncSide& where = side(onDevice);
     const auto now = where.findFile(path, call_);
     if (!now)
         return false;
-    if (!tessary::isAsSeen(where.itemOf(path, seen), *now))
+    if (!isAsSeen(where.itemOf(path, seen), *now))
         throw changedError(where.files(), where.pathOf(path));
     const bool isInTrash =
         intoTrash && !onDevice && computer_.trash && computer_.trash(where.pathOf(path));
     if (!isInTrash)
         where.files().remove(*now, call_);
     return true;
+}
+
+Error whySkipped(const Error& error, const QString& path) {
+    const bool isChange = saysChanged(error) || isTaken(error) || error.is(PhoneError::notFound) ||
+                          error.is(LocalError::notFound);
+    return isChange ? Error(SyncError::changedMeanwhile, {path}, error) : error;
 }
 
 } // namespace tessary

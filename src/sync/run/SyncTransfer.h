@@ -35,8 +35,6 @@ public:
     /// A copy of a file beside it.
     FileItem copyBeside(bool onDevice, const QString& path, const SyncFile& seen,
                         const QString& newPath, const ByteProgress& progress);
-    /// Whether a side has the file as it was seen.
-    [[nodiscard]] bool isAsSeen(bool onDevice, const QString& path, const SyncFile& seen);
     /// Removes a file that is as it was seen; `intoTrash` where there is one. False when there is
     /// none any more.
     bool remove(bool onDevice, const QString& path, const SyncFile& seen, bool intoTrash);
@@ -50,5 +48,9 @@ private:
     const SyncComputer& computer_;
     const Call call_;
 };
+
+/// What a failure means for one file of a run: what is not any more as it was seen is
+/// SyncError::changedMeanwhile, with its cause.
+[[nodiscard]] Error whySkipped(const Error& error, const QString& path);
 
 } // namespace tessary

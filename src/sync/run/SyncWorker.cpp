@@ -1,6 +1,5 @@
 #include "sync/run/SyncWorker.h"
 
-#include "base/local/LocalError.h"
 #include "base/text/PathNames.h"
 #include "base/threads/CancellationError.h"
 #include "sync/plan/SyncError.h"
@@ -16,34 +15,19 @@ namespace {
 
 using Kind = SyncPlannedAction::Kind;
 
-/// So many files, or bytes, are moved before the disk is waited for and their sources go.
-constexpr std::size_t movedAtOnce = 200;
-constexpr qint64 movedBytesAtOnce = 512LL * 1024 * 1024;
-
 /// A folder is listed to look at what was sent to it when that is this part of it, or more.
 constexpr std::size_t partToList = 8;
-
-QString folderOf(const QString& path) {
-    return path.left(std::max<qsizetype>(0, path.lastIndexOf(u'/')));
-}
-
-/// What a failure means for one file of a run.
-Error reasonOf(const Error& error, const QString& path) {
-    const bool isChange = saysChanged(error) || isTaken(error) || error.is(PhoneError::notFound) ||
-                          error.is(LocalError::notFound);
-    return isChange ? Error(SyncError::changedMeanwhile, {path}, error) : error;
-}
 
 } // namespace
 
 SyncWorker::SyncWorker(SyncTransfer& transfer, const SyncPair& pair, const SyncComputer& computer,
-                       SyncRunProgress& progress, SyncReport& report, ForgetFiles forget)
+                       SyncRunProgress& progress, SyncReport& report,
+                       SyncRemovals::ForgetFiles forget)
     : transfer_(transfer),
       pair_(pair),
-      computer_(computer),
       progress_(progress),
       report_(report),
-      forget_(std::move(forget)) {}
+      removals_(transfer, computer, report, std::move(forget)) {}
 
 ByteProgress SyncWorker::byteProgress() {
     return [this](qint64 done) { progress_.setBytes(done); };
@@ -92,7 +76,7 @@ void SyncWorker::carryOut(const Action& action) {
         keepRecord(action);
         if (endsCopy(error))
             throw;
-        skip(action.relativePath, reasonOf(error, action.relativePath));
+        skip(action.relativePath, whySkipped(error, action.relativePath));
     } catch (...) {
         keepRecord(action);
         throw;
@@ -111,9 +95,8 @@ void SyncWorker::act(const Action& action) {
     case Kind::moveDeleteRemoteSourceOnly: {
         const bool toDevice = action.kind == Kind::moveDeleteSourceOnly;
         progress_.beginFile(QStringLiteral("Moving (already on destination)"), path);
-        noteMove({toDevice, path, toDevice ? *action.local : *action.device,
-                  toDevice ? *action.device : *action.local, action.local->size,
-                  action.record != nullptr});
+        removals_.add(
+            {toDevice, path, toDevice ? *action.local : *action.device, action.record != nullptr});
         break;
     }
     case Kind::conflict:
@@ -148,8 +131,7 @@ void SyncWorker::transfer(const Action& action, bool toDevice) {
     const FileItem arrived =
         copy({toDevice, path, source, path, toDevice ? action.device : action.local});
     if (action.deletesSource) {
-        noteMove(
-            {toDevice, path, source, syncFileOf(arrived), source.size, action.record != nullptr});
+        removals_.add({toDevice, path, source, action.record != nullptr});
         return;
     }
     noteTransfer(action, syncFileOf(arrived));
@@ -268,7 +250,7 @@ void SyncWorker::resolveConflict(const Action& action) {
     const SyncFile there = syncFileOf(copy(last));
     addItem(SyncDeed::keepBoth, path, winner.size, action.conflictName);
     if (action.deletesSource)
-        noteMove({!deviceWins, path, winner, there, winner.size, action.record != nullptr});
+        removals_.add({!deviceWins, path, winner, action.record != nullptr});
     else
         enter(path, deviceWins ? there : winner, deviceWins ? winner : there, true);
 }
@@ -308,62 +290,11 @@ void SyncWorker::deleteConfirmed(const Action& action) {
     const SyncFile& seen = fromDevice ? *action.device : *action.local;
     if (transfer_.remove(fromDevice, path, seen, true))
         addItem(deedOf(action), path, seen.size);
-    (fromDevice ? deviceEmptied_ : localEmptied_).insert(folderOf(path));
-}
-
-void SyncWorker::noteMove(Moved moved) {
-    movedBytes_ += moved.size;
-    moved_.push_back(std::move(moved));
-    if (moved_.size() >= movedAtOnce || movedBytes_ >= movedBytesAtOnce)
-        deleteMoved();
-}
-
-/// Copies are there for good, and no record speaks of them any more. Leaves in `moved` those whose
-/// sources may go.
-void SyncWorker::prepareDeletion(std::vector<Moved>& moved) {
-    if (std::any_of(moved.begin(), moved.end(), [](const Moved& one) { return !one.toDevice; }))
-        computer_.flush();
-    QStringList recorded;
-    for (const Moved& one : moved)
-        if (one.isRecorded)
-            recorded.append(one.path);
-    if (recorded.isEmpty() || forget_(recorded))
-        return;
-    for (const QString& path : recorded)
-        skip(path, Error(SyncError::recordNotStored, {path}));
-    std::erase_if(moved, [](const Moved& one) { return one.isRecorded; });
-}
-
-/// Their sources go when both they and the copies are as they were.
-void SyncWorker::deleteMoved() {
-    std::vector<Moved> moved = std::exchange(moved_, {});
-    movedBytes_ = 0;
-    prepareDeletion(moved);
-    for (const Moved& one : moved) {
-        throwIfStopped(transfer_.call().stop);
-        try {
-            const auto there = transfer_.side(one.toDevice).findFile(one.path, transfer_.call());
-            if (!there || there->size != one.source.size)
-                throw Error(SyncError::changedMeanwhile, {one.path});
-            (void)transfer_.remove(!one.toDevice, one.path, one.source, false);
-            (one.toDevice ? localEmptied_ : deviceEmptied_).insert(folderOf(one.path));
-            addItem(one.toDevice ? SyncDeed::moveToDevice : SyncDeed::moveHere, one.path, one.size);
-        } catch (const Error& error) {
-            if (endsCopy(error))
-                throw;
-            skip(one.path, reasonOf(error, one.path));
-        }
-    }
+    removals_.noteEmptied(fromDevice, folderOf(path));
 }
 
 void SyncWorker::finish(const SyncTree& listed) {
-    deleteMoved();
-    for (const bool onDevice : {false, true}) {
-        // Folders before those above them, which may become empty by it.
-        const auto& emptied = onDevice ? deviceEmptied_ : localEmptied_;
-        for (auto folder = emptied.rbegin(); folder != emptied.rend(); ++folder)
-            transfer_.side(onDevice).removeEmptyFolders(*folder, transfer_.call());
-    }
+    removals_.finish();
     std::map<QString, QStringList> byFolder;
     for (const auto& [path, file] : sent_)
         if (files_.contains(path))

@@ -2,14 +2,12 @@
 
 #include "sync/plan/SyncPlan.h"
 #include "sync/plan/SyncReport.h"
+#include "sync/run/SyncRemovals.h"
 #include "sync/run/SyncRunEvents.h"
 #include "sync/run/SyncTransfer.h"
 
-#include <functional>
 #include <map>
-#include <set>
 #include <span>
-#include <vector>
 
 namespace tessary {
 
@@ -18,13 +16,8 @@ namespace tessary {
 /// thrown.
 class SyncWorker {
 public:
-    /// Takes files out of the record that both sides hold, before their sources go: a moved file
-    /// that an older record still names would look like one that the user deleted. False when it
-    /// cannot be stored.
-    using ForgetFiles = std::function<bool(const QStringList& paths)>;
-
     SyncWorker(SyncTransfer& transfer, const SyncPair& pair, const SyncComputer& computer,
-               SyncRunProgress& progress, SyncReport& report, ForgetFiles forget);
+               SyncRunProgress& progress, SyncReport& report, SyncRemovals::ForgetFiles forget);
 
     void carryOut(const SyncPlannedAction& action);
     /// Carries out the first action, or the first few: small new files of one folder go together
@@ -42,15 +35,6 @@ public:
 
 private:
     using Action = SyncPlannedAction;
-    /// A file that is on its new side and goes from its old one.
-    struct Moved {
-        bool toDevice = false;
-        QString path;
-        SyncFile source;
-        SyncFile target;
-        qint64 size = 0;
-        bool isRecorded = false; ///< an earlier run recorded a file of this name
-    };
 
     [[nodiscard]] std::size_t countTogether(std::span<const Action> actions) const;
     void carryOutTogether(std::span<const Action> actions);
@@ -61,9 +45,6 @@ private:
     void keepLoserOnBoth(const Action& action, bool deviceWins);
     void keepLoserAtTarget(const Action& action);
     void deleteConfirmed(const Action& action);
-    void noteMove(Moved moved);
-    void deleteMoved();
-    void prepareDeletion(std::vector<Moved>& moved);
     void confirmSent(const QString& folder, const QStringList& names, const SyncTree& listed);
     void confirmOne(const QString& path, const std::optional<SyncFile>& now);
 
@@ -76,16 +57,11 @@ private:
 
     SyncTransfer& transfer_;
     const SyncPair& pair_;
-    const SyncComputer& computer_;
     SyncRunProgress& progress_;
     SyncReport& report_;
-    const ForgetFiles forget_;
+    SyncRemovals removals_;
     SyncFiles files_;
     std::map<QString, SyncFile> sent_; ///< to the device, as it showed them then
-    std::vector<Moved> moved_;         ///< whose sources are still there
-    qint64 movedBytes_ = 0;
-    std::set<QString> localEmptied_; ///< folders that something was removed from
-    std::set<QString> deviceEmptied_;
 };
 
 } // namespace tessary

@@ -1,4 +1,4 @@
-#include "sync/plan/SyncPair.h"
+#include "sync/pair/SyncPairJson.h"
 
 #include <QJsonObject>
 #include <QTimeZone>

@@ -1,16 +1,14 @@
 #pragma once
 
-#include "sync/plan/SyncPatterns.h"
+#include "sync/pair/SyncPatterns.h"
 
 #include <QDateTime>
-#include <QJsonArray>
 #include <QString>
 #include <QStringList>
 #include <QUuid>
 
 #include <array>
 #include <optional>
-#include <vector>
 
 namespace tessary {
 
@@ -40,8 +38,6 @@ struct SyncStatus {
     [[nodiscard]] static SyncStatus error(const QString& message) {
         return {Kind::error, message};
     }
-
-    [[nodiscard]] QString label() const;
 
     bool operator==(const SyncStatus&) const = default;
 };
@@ -95,7 +91,6 @@ struct SyncPair {
     [[nodiscard]] bool movesFiles() const {
         return moveFilesEnabled && syncMode != SyncMode::biDirectional;
     }
-    [[nodiscard]] QString modeDisplayName() const;
 
     bool operator==(const SyncPair&) const = default;
 };
@@ -112,10 +107,5 @@ struct DeletionCandidate {
 };
 
 [[nodiscard]] QString rawValue(DeletionCandidate::DeletionLocation location);
-
-/// The pair list as JSON: dates in seconds since 2001, absent ones left out.
-[[nodiscard]] QJsonArray encodeSyncPairs(const std::vector<SyncPair>& pairs);
-/// The reverse. No value when it is no such list, or a pair lacks a field that it must have.
-[[nodiscard]] std::optional<std::vector<SyncPair>> decodeSyncPairs(const QJsonValue& json);
 
 } // namespace tessary

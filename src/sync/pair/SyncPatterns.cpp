@@ -1,4 +1,4 @@
-#include "sync/plan/SyncPatterns.h"
+#include "sync/pair/SyncPatterns.h"
 
 #include <QStringView>
 

@@ -1,4 +1,4 @@
-#include "sync/plan/SyncPair.h"
+#include "sync/pair/SyncPair.h"
 
 #include "base/text/ByteCount.h"
 #include "base/text/ByteFormat.h"
@@ -39,20 +39,6 @@ QString rawValue(Location location) {
     return locationNames[static_cast<std::size_t>(location)];
 }
 
-QString SyncStatus::label() const {
-    switch (kind) {
-    case Kind::idle:
-        return QStringLiteral("Idle");
-    case Kind::syncing:
-        return message.isEmpty() ? QStringLiteral("Syncing…") : message;
-    case Kind::completed:
-        return QStringLiteral("Synced");
-    case Kind::error:
-        break;
-    }
-    return QStringLiteral("Error: ") + message;
-}
-
 QString SyncProgress::filesDescription() const {
     if (totalFiles < 1)
         return {};
@@ -81,20 +67,6 @@ QString SyncProgress::progressPercentDescription() const {
 bool SyncPair::isAndroid() const {
     return appBundleID == deviceStorage ||
            QLocale().toLower(deviceName).contains(QLocale().toLower(QStringLiteral("Android")));
-}
-
-QString SyncPair::modeDisplayName() const {
-    const QString device = isAndroid() ? QStringLiteral("Android") : QStringLiteral("iPhone");
-    const QString verb = movesFiles() ? QStringLiteral("Move to ") : QStringLiteral("To ");
-    switch (syncMode) {
-    case SyncMode::biDirectional:
-        break;
-    case SyncMode::toiPhone:
-        return verb + device;
-    case SyncMode::toMac:
-        return verb + QStringLiteral("Mac");
-    }
-    return rawValue(SyncMode::biDirectional);
 }
 
 } // namespace tessary
