@@ -39,15 +39,6 @@ TEST_F(DirectoryCacheTest, entryHoldsForItsTimeAndIsThenGoneForGood) {
     EXPECT_FALSE(has("a"));
 }
 
-TEST_F(DirectoryCacheTest, onlyWhatIsNamedIsRemoved) {
-    for (const char* key : {"a", "a/b", "ab", "c"})
-        cache_.set(QString::fromLatin1(key), listing(key));
-    cache_.invalidate(u"c"_s);
-    cache_.invalidateBelow(u"a/"_s);
-    EXPECT_TRUE(has("a") && has("ab"));
-    EXPECT_FALSE(has("a/b") || has("c"));
-}
-
 TEST_F(DirectoryCacheTest, aboveTheLimitTheOneNotUsedForLongestGoes) {
     for (std::size_t n = 0; n < DirectoryCache::countLimit; ++n)
         cache_.set(QString::number(n), {});

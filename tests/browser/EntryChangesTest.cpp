@@ -54,18 +54,6 @@ TEST_F(EntryChangesTest, everyChangeIsTakenBackWhole) {
     }
 }
 
-TEST_F(EntryChangesTest, laterChangesAreTakenBackFirst) {
-    const QStringList before = files_->tree();
-    browser_.renameItem(u"/root/b.txt"_s, u"x"_s);
-    settle();
-    browser_.moveItemsToPath(ids({"/root/x"}), u"/root/a"_s);
-    settle();
-    undo();
-    EXPECT_TRUE(files_->has(u"/root/x"_s));
-    undo();
-    EXPECT_EQ(files_->tree(), before);
-}
-
 TEST_F(EntryChangesTest, whatCannotBeTakenBackSaysWhyAndHarmsNothing) {
     browser_.createFolder(u"new"_s);
     settle();
@@ -158,27 +146,6 @@ TEST_F(EntryChangesTest, hiddenEntriesAreCountedAndShownOnRequest) {
     browser_.selectItem(u"/root/a"_s);
     browser_.invertSelection();
     EXPECT_EQ(browser_.selectedItems(), (QSet<QString>{u"/root/b.txt"_s, u"/root/c.txt"_s}));
-}
-
-TEST_F(EntryChangesTest, aConnectionIsFoundAsItWasLeft) {
-    const auto other =
-        std::make_shared<MemoryFileSystem>(MemoryFileSystem::Options{.identity = u"other"_s});
-    go("/root/a");
-    go("/root/a/deep");
-    browser_.goBack();
-    settle();
-    browser_.open(other, std::nullopt, {});
-    settle();
-    EXPECT_EQ(browser_.currentPath(), u"/"_s);
-    EXPECT_FALSE(browser_.canGoBack()) << "a history of its own";
-    browser_.open(files_, std::nullopt, {});
-    settle();
-    EXPECT_EQ(browser_.currentPath(), u"/root/a"_s);
-    EXPECT_TRUE(browser_.canGoForward());
-    EXPECT_TRUE(browser_.canGoBack());
-    browser_.open(files_, std::nullopt, u"/root"_s);
-    settle();
-    EXPECT_FALSE(browser_.canGoBack()) << "a place that is asked for begins anew";
 }
 
 TEST(UndoHistory, forgetsTheOldestAndKeepsConnectionsApart) {

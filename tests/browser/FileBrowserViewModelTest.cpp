@@ -11,7 +11,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 using testing::ElementsAre;
-using testing::UnorderedElementsAre;
 
 class FileBrowserViewModelTest : public FileBrowserFixture {
 protected:
@@ -65,22 +64,6 @@ TEST_F(FileBrowserViewModelTest, loadIsStoppedWhenTheUserGoesOnOrCancels) {
     ASSERT_TRUE(eventually([&] { return never.waiting() == 0; }));
 }
 
-TEST_F(FileBrowserViewModelTest, reloadKeepsSelectionAndDropsWhatIsGone) {
-    open("/root");
-    browser_.selectItem(u"/root/a"_s);
-    browser_.selectItem(u"/root/readme.txt"_s, SelectionChange::toggle);
-    files_->removeQuietly(u"/root/a"_s);
-    fill("/root", {"new.txt"});
-    int resets = 0;
-    QObject::connect(&browser_.rows(), &FileRows::wasReset, [&] { ++resets; });
-    browser_.reload();
-    EXPECT_EQ(names().size(), 4) << "rows stay while the folder is read";
-    settle();
-    EXPECT_EQ(resets, 0);
-    EXPECT_EQ(browser_.selectedItems(), QSet<QString>{u"/root/readme.txt"_s});
-    EXPECT_TRUE(names().contains(u"new.txt"_s));
-}
-
 TEST_F(FileBrowserViewModelTest, failureKeepsTheRowsAndIsForgottenByTheReload) {
     const std::pair<PhoneError, BrowserState> rows[] = {
         {PhoneError::noAnswer, BrowserState::failed},
@@ -103,19 +86,6 @@ TEST_F(FileBrowserViewModelTest, failureKeepsTheRowsAndIsForgottenByTheReload) {
         EXPECT_EQ(browser_.state(), BrowserState::ready);
         EXPECT_FALSE(browser_.problem());
     }
-}
-
-TEST_F(FileBrowserViewModelTest, folderThatIsGoneLeadsToWhatIsLeftOfItsPath) {
-    open("/root/a/deep");
-    files_->removeQuietly(u"/root/a"_s);
-    browser_.reload();
-    settle();
-    EXPECT_EQ(browser_.state(), BrowserState::folderGone);
-    ASSERT_TRUE(browser_.problem());
-    EXPECT_EQ(browser_.problem()->what, BrowserProblem::What::folderGone);
-    browser_.navigateUp();
-    settle();
-    EXPECT_EQ(browser_.currentPath(), u"/root"_s);
 }
 
 TEST_F(FileBrowserViewModelTest, longListingIsShownWhileItArrives) {
@@ -254,30 +224,6 @@ TEST_F(FileBrowserEditTest, withoutAMountOnlyWholeCopiesAreDragged) {
     ASSERT_TRUE(eventually([&] { return late.has_value(); }));
     ASSERT_EQ(late->notReady.size(), 1U);
     EXPECT_EQ(late->notReady.front().obstacle, Obstacle::stillCopying);
-}
-
-TEST_F(FileBrowserEditTest, downloadKeepsWhatIsThereAndNeverLeavesTheFolder) {
-    files_->addTwin(u"/root/a.txt"_s, "twin");
-    files_->addHostile(u"/root"_s, u".."_s, "evil");
-    browser_.reload();
-    settle();
-    local_.write(u"in/a.txt"_s, "old");
-    QStringList all;
-    for (int row = 0; row < browser_.rows().count(); ++row)
-        if (!browser_.rows().isFolder(row) && (browser_.rows().item(row).name == u"a.txt"_s ||
-                                               browser_.rows().item(row).name == u".."_s))
-            all << browser_.rows().id(row);
-    ASSERT_EQ(all.size(), 3);
-    downloadNow(browser_, all, local_.path(u"in"_s));
-    ASSERT_TRUE(eventually([this] { return !queue_.jobs().empty(); }));
-    settle();
-    EXPECT_EQ(local_.read(u"in/a.txt"_s), "old");
-    EXPECT_THAT(local_.names(u"in"_s),
-                UnorderedElementsAre(u"a.txt"_s, u"a (2).txt"_s, u"a (3).txt"_s));
-    const CopyJob& job = queue_.jobs().front();
-    EXPECT_EQ(job.status, CopyJob::Status::incomplete) << "what was left out is no success";
-    ASSERT_EQ(job.leftOut.size(), 1U);
-    EXPECT_EQ(job.leftOut.front().item.item.name, u".."_s);
 }
 
 class FileBrowserPreviewTest : public FileBrowserFixture {

@@ -1,6 +1,5 @@
 #include "browser/model/WirelessViewModel.h"
 #include "adb/protocol/ADBError.h"
-#include "phone/PhoneError.h"
 #include "simulator/demo/DemoNetwork.h"
 #include "simulator/usb/VirtualUSBBus.h"
 #include "support/ADBFixture.h"
@@ -19,7 +18,6 @@ using Phone = WirelessViewModel::Phone;
 using State = WirelessViewModel::State;
 using Step = WirelessViewModel::Step;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 /// The list of a network with one phone to connect to, the first, and one to pair.
 class WirelessViewModelTest : public MainLoop {
@@ -44,7 +42,7 @@ protected:
         EXPECT_TRUE(eventually([&] { return !phones.isWorking(); }, 40s));
         return phones.phones()[0];
     }
-    std::shared_ptr<DemoNetwork> networkWith(std::optional<ServiceAddress> address) {
+    std::shared_ptr<DemoNetwork> networkWith(ServiceAddress address) {
         return std::make_shared<DemoNetwork>([address] { return address; });
     }
     ADBWays::Setup waysBy(const ADBServerAddress& server) {
@@ -54,29 +52,6 @@ protected:
     QtProcessRunner runner_;
     VirtualUSBBus bus_;
 };
-
-TEST_F(WirelessViewModelTest, whatADBSaysIsTold) {
-    const std::tuple<const char*, Step, std::optional<Error>> rows[] = {
-        {"connected to 10.0.0.2:4711", Step::done, {}},
-        {"already connected to 10.0.0.2:4711", Step::done, {}},
-        {"failed to authenticate to 10.0.0.2:4711", Step::failed,
-         Error(ADBError::unauthorized, {u"10.0.0.2:4711"_s})},
-        {"cannot connect to 10.0.0.2:4711: Connection refused\n", Step::failed,
-         Error(ADBError::refused,
-               {u"10.0.0.2:4711"_s, u"cannot connect to 10.0.0.2:4711: Connection refused"_s})},
-    };
-    const auto network = networkWith(ServiceAddress{u"10.0.0.2"_s, 4711});
-    for (const auto& [said, step, failure] : rows) {
-        const ScriptedADBServer server([said = said](const QByteArray&) { return said; });
-        ADBWays ways(waysBy(server.address()));
-        WirelessViewModel phones(network, ways);
-        start(phones);
-        const Phone phone = connectFirst(phones);
-        EXPECT_EQ(phone.step, step) << said;
-        EXPECT_EQ(phone.failure, failure);
-        EXPECT_THAT(server.requests(), ElementsAre("host:connect:10.0.0.2:4711"));
-    }
-}
 
 TEST_F(WirelessViewModelTest, phoneThatAnnouncesBothIsPairedAndConnectedTo) {
     const std::pair<QByteArray, std::optional<Error>> rows[] = {
@@ -115,21 +90,6 @@ TEST_F(WirelessViewModelTest, phoneThatAnnouncesBothIsPairedAndConnectedTo) {
         EXPECT_THAT(server.requests(), ElementsAre("host:pair:123456:[fe80::1%lo]:4711",
                                                    "host:connect:[fe80::1%lo]:4711"));
     }
-}
-
-TEST_F(WirelessViewModelTest, phoneThatIsNotThereOrNotPairedIsTold) {
-    const ScriptedADBServer server([](const QByteArray&) { return "HANG"; });
-    ADBWays ways(waysBy(server.address()));
-    WirelessViewModel phones(networkWith(std::nullopt), ways);
-    start(phones);
-    EXPECT_EQ(connectFirst(phones).failure, Error(PhoneError::notReachable));
-    phones.connectTo(u"unknown"_s);
-    EXPECT_FALSE(phones.isWorking());
-    phones.pair(phones.phones()[1].device.id, u"123456"_s);
-    phones.stop();
-    EXPECT_FALSE(phones.isWorking());
-    EXPECT_THAT(phones.phones(), IsEmpty());
-    EXPECT_THAT(server.requests(), IsEmpty());
 }
 
 TEST_F(WirelessViewModelTest, serverThatNeverAnswersHoldsUpNobody) {

@@ -63,17 +63,6 @@ struct Setting {
         return SyncPlanner({local, device, record ? &*record : nullptr, mode, deletes, moves, true,
                             NameRules(), deviceNames, at(0), filesOnceSynced});
     }
-    /// What becomes of each path, as "path: action", where everything that is compared differs.
-    [[nodiscard]] QStringList plan() const {
-        SyncPlanner made = planner();
-        SyncComparisons differing;
-        for (const QString& each : made.pathsToCompare())
-            differing[each] = SyncComparison::differing;
-        QStringList lines;
-        for (const SyncPlannedAction& action : made.plan({}, differing).actions)
-            lines.append(action.relativePath + u": "_s + nameOf(action));
-        return lines;
-    }
     /// What becomes of the one path.
     [[nodiscard]] QString outcome(bool confirmed, SyncComparison comparison) const {
         SyncPlanner made = planner();
@@ -180,24 +169,6 @@ TEST(SyncPlannerTest, decisionTable) {
     }
 }
 
-TEST(SyncPlannerTest, newerVersionKeepsTheNameAndTheSourceDoesInOneWayModes) {
-    for (const bool deviceIsNewer : {false, true}) {
-        for (const SyncMode mode : allSyncModes) {
-            SCOPED_TRACE(rawValue(mode).toStdString());
-            Setting setting;
-            setting.mode = mode;
-            setting.local.files[path] = file(5, 100);
-            setting.device.files[path] = file(6, deviceIsNewer ? 200 : 50);
-            const SyncPlan plan = setting.planner().plan({}, {});
-            ASSERT_EQ(plan.actions.size(), 1U);
-            const bool isTwoWay = mode == SyncMode::biDirectional;
-            EXPECT_EQ(plan.actions[0].deviceWins,
-                      isTwoWay ? deviceIsNewer : mode == SyncMode::toMac);
-            EXPECT_EQ(plan.actions[0].prefixLoses, isTwoWay);
-        }
-    }
-}
-
 TEST(SyncPlannerTest, userDecidesAConflict) {
     // What each choice comes to in the three modes.
     const std::pair<ConflictChoice, const char*> rows[] = {
@@ -217,25 +188,6 @@ TEST(SyncPlannerTest, userDecidesAConflict) {
             EXPECT_EQ(nameOf(setting.planner().plan(decisions, {}).actions.at(0)),
                       QString::fromLatin1(outcomes).split(u", "_s).at(static_cast<int>(mode)));
         }
-}
-
-TEST(SyncPlannerTest, movesDeleteTheSourceAndNothingElse) {
-    Setting setting;
-    setting.moves = true;
-    setting.local.files = {
-        {u"changed"_s, file(6, 0)}, {u"new"_s, file(1, 0)}, {u"twin"_s, file(5, 0)}};
-    setting.device.files = {
-        {u"changed"_s, file(5, 0)}, {u"other"_s, file(1, 0)}, {u"twin"_s, file(5, 0)}};
-    setting.remember({{u"changed"_s, known(5, 0)}});
-    setting.mode = SyncMode::toiPhone;
-    EXPECT_THAT(setting.plan(), ElementsAre(u"changed: upload moving"_s, u"new: upload moving"_s,
-                                            u"twin: conflict moving"_s));
-    setting.mode = SyncMode::toMac;
-    EXPECT_THAT(setting.plan(), ElementsAre(u"changed: skip"_s, u"other: download moving"_s,
-                                            u"twin: conflict moving"_s));
-    setting.mode = SyncMode::biDirectional;
-    EXPECT_THAT(setting.plan(), ElementsAre(u"changed: upload"_s, u"new: upload"_s,
-                                            u"other: download"_s, u"twin: conflict"_s));
 }
 
 TEST(SyncPlannerTest, onlyACertainRecordStandsForAComparison) {

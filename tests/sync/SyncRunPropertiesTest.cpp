@@ -8,9 +8,11 @@
 #include <set>
 
 // Whole runs over a computer and a phone in memory: random trees with contents that only differ
-// far behind any sample, random edits, modes, moves and answers, and one fault in a run: the
-// program is killed, the power goes, the phone is lost, or a single call is refused. Then a run in
-// peace. Nothing that a user wrote and neither replaced nor deleted may ever be on neither side.
+// far behind any sample, random edits, modes, moves and answers, records that a side has lost, and
+// one fault in a run: the program is killed, the power goes, the phone is lost, a single call is
+// refused, or the user cancels. Then a run in peace. Nothing that a user wrote and neither replaced
+// nor deleted may ever be on neither side, and a one-way run takes from its source only what its
+// target has got.
 
 namespace tessary {
 namespace {
@@ -43,6 +45,15 @@ struct World {
     MemoryPair pair;
     std::map<QString, QByteArray> synced; ///< content of both sides when they were last in sync
 };
+
+/// A side comes without its record, as another card or a wiped phone does, or with an older one.
+void loseRecord(World& world, const Random& random, const std::optional<QByteArray>& older) {
+    const bool onDevice = random(2) == 0;
+    const QString path = MemoryPair::path(onDevice, SyncManifest::fileName);
+    world.pair.side(onDevice).removeQuietly(path);
+    if (older)
+        world.pair.side(onDevice).addFile(path, *older);
+}
 
 void edit(World& world, const Random& random) {
     const bool onDevice = random(2) == 0;
@@ -98,7 +109,7 @@ struct Options {
     bool confirms = false;
 };
 
-enum class Fault { none, killed, powerCut, lost, refused };
+enum class Fault { none, killed, powerCut, lost, refused, cancelled };
 
 /// Whether a file is one that did not arrive, or whose old version is still there.
 bool isRest(const MemoryTree& tree, const QString& path) {
@@ -155,6 +166,26 @@ std::string described(const QString& lost, const Options& options, Fault fault, 
         .toStdString();
 }
 
+/// A one-way run leaves its source as it is; a move takes what its target has.
+void expectSourceKept(const State& before, const Options& options, World& world) {
+    if (options.mode == SyncMode::biDirectional)
+        return;
+    const bool toDevice = options.mode == SyncMode::toiPhone;
+    const MemoryTree source = world.pair.users(!toDevice);
+    const MemoryTree target = world.pair.users(toDevice);
+    for (const auto& [name, file] : toDevice ? before.local : before.device) {
+        if (name.endsWith(SyncManifest::fileName) || name.contains(u".tessary-part-"_s))
+            continue;
+        const auto still = source.find(name);
+        if (still != source.end()) {
+            RC_ASSERT(still->second.content == file.content);
+            continue;
+        }
+        RC_ASSERT(options.moves);
+        RC_ASSERT(target.contains(name) && target.at(name).content == file.content);
+    }
+}
+
 /// One run with a fault at one call; checks what holds however it ends. False when the fault came
 /// too late to hit anything.
 bool runWith(World& world, const Options& options, Fault fault, int at) {
@@ -180,16 +211,25 @@ bool runWith(World& world, const Options& options, Fault fault, int at) {
         pair.device().loseLink(at + 1);
     if (fault == Fault::refused)
         pair.device().failCall(at + 1, Error(PhoneError::refused));
+    std::stop_source stop;
+    if (fault == Fault::cancelled)
+        pair.beforeCall = [&, call = 0](const auto&) mutable {
+            if (call++ == at)
+                stop.request_stop();
+        };
     const std::size_t requests = pair.device().requests().size();
     bool isDone = false;
     try {
-        isDone = pair.run().outcome == SyncReport::Outcome::done;
+        isDone = pair.run(stop.get_token()).outcome == SyncReport::Outcome::done;
     } catch (const Killed&) {
         RC_ASSERT(isDeath);
     }
+    pair.beforeCall = nullptr;
     const bool wasHit =
         isDeath ? pair.isDead
-                : static_cast<std::size_t>(at) < pair.device().requests().size() - requests;
+        : fault == Fault::cancelled
+            ? stop.stop_requested()
+            : static_cast<std::size_t>(at) < pair.device().requests().size() - requests;
     if (fault == Fault::none)
         RC_ASSERT(isDone);
     pair.device().restoreLink();
@@ -207,6 +247,12 @@ bool runWith(World& world, const Options& options, Fault fault, int at) {
         }
     }
 
+    if (fault == Fault::cancelled) // it tidies up
+        for (const bool onDevice : {false, true})
+            for (const auto& [name, file] : pair.all(onDevice))
+                RC_ASSERT(!name.contains(u".tessary-part-"_s) ||
+                          (onDevice ? before.device : before.local).contains(name));
+    expectSourceKept(before, options, world);
     const std::set<QByteArray> left = contents(world);
     for (const bool onDevice : {false, true}) {
         const MemoryTree& tree = onDevice ? before.device : before.local;
@@ -263,12 +309,18 @@ RC_GTEST_PROP(SyncRunPropertiesTest, nothingIsLostWhateverFails, ()) {
     device.renamesOntoTaken = random(2) == 0;
     device.hasHashes = random(3) == 0;
     auto world = std::make_unique<World>(device);
+    std::optional<QByteArray> older;
     for (int period = 1 + random(2); period > 0; --period) {
+        const MemoryTree there = world->pair.all(true);
+        if (random(3) == 0)
+            loseRecord(*world, random, random(2) == 0 ? older : std::nullopt);
+        if (const auto record = there.find(SyncManifest::fileName); record != there.end())
+            older = record->second.content;
         for (int edits = 1 + random(9); edits > 0; --edits)
             edit(*world, random);
         const Options options = randomOptions(random);
         const Options repair = random(2) == 0 ? options : randomOptions(random);
-        const auto fault = static_cast<Fault>(1 + random(4));
+        const auto fault = static_cast<Fault>(1 + random(5));
         const State state = stateOf(*world);
         // At every step of the run, each in a world of its own.
         const int step = 1 + random(3);

@@ -1,0 +1,323 @@
+// What a run does when something is in its way: files that are refused, listings that break off,
+// records that are lost, another run.
+
+#include "support/TemporaryFolder.h"
+#include "sync/MemoryPair.h"
+#include "sync/plan/SyncError.h"
+#include "sync/run/SyncLock.h"
+
+#include <gmock/gmock.h>
+
+#include <atomic>
+#include <thread>
+
+namespace tessary {
+namespace {
+
+using namespace Qt::StringLiterals;
+using Operation = MemoryFileSystem::Operation;
+using Outcome = SyncReport::Outcome;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+
+QString paths(const std::vector<SyncSkippedItem>& skipped) {
+    QStringList names;
+    for (const SyncSkippedItem& item : skipped)
+        names.append(item.path);
+    names.sort();
+    return names.join(u' ');
+}
+
+const QByteArray longOne = QByteArray(20'000, 'x');
+
+TEST(SyncRunFailuresTest, recordOfOneSideTellsOfNoDeletion) {
+    const std::pair<const char*, void (*)(MemoryPair&)> rows[] = {
+        {"another card, or a phone that was wiped",
+         [](MemoryPair& pair) {
+             for (const auto& [name, file] : pair.all(true))
+                 pair.device().removeQuietly(MemoryPair::path(true, name));
+             pair.there("else", "another");
+         }},
+        {"another disk at the mount point",
+         [](MemoryPair& pair) {
+             for (const auto& [name, file] : pair.all(false))
+                 pair.local().removeQuietly(MemoryPair::path(false, name));
+             pair.here("else", "another");
+         }},
+        {"the phone's record is an older run's",
+         [](MemoryPair& pair) {
+             const QString manifest = MemoryPair::path(true, SyncManifest::fileName);
+             const QByteArray old = pair.device().content(manifest);
+             pair.here("late", "late");
+             (void)pair.goodRun();
+             pair.device().addFile(manifest, old);
+             pair.removeThere("a");
+             pair.removeHere("b");
+         }},
+        {"the phone's record is cut off",
+         [](MemoryPair& pair) {
+             pair.device().addFile(MemoryPair::path(true, SyncManifest::fileName), "{");
+             pair.removeThere("a");
+         }},
+    };
+    for (const auto& [name, change] : rows) {
+        SCOPED_TRACE(name);
+        MemoryPair pair;
+        for (const char* file : {"a", "b", "c"})
+            pair.here(file, file);
+        (void)pair.goodRun();
+        change(pair);
+        pair.confirmAll();
+        (void)pair.goodRun();
+        for (const SyncQuestion& question : pair.questions)
+            EXPECT_THAT(question.candidates, IsEmpty());
+        for (const char* file : {"a", "b", "c"})
+            EXPECT_TRUE(pair.isAnywhere(file));
+        EXPECT_EQ(pair.hereContents(), pair.thereContents());
+        pair.expectQuietRun();
+    }
+}
+
+TEST(SyncRunFailuresTest, nothingIsRecordedThatIsNotOnTheDisk) {
+    MemoryPair pair;
+    pair.there("a", "photo");
+    pair.there("d/b", "photo, too");
+    int manifests = 0;
+    pair.beforeCall = [&](const MemoryFileSystem::Request& request) {
+        const bool isManifest =
+            request.operation == Operation::rename && request.other == SyncManifest::fileName;
+        if (!isManifest)
+            return;
+        ++manifests;
+        EXPECT_EQ(pair.flushed, pair.users(false));
+    };
+    (void)pair.goodRun();
+    EXPECT_EQ(manifests, 4) << "two at the beginning, two at the end";
+    // A move's source goes once its copy is on the disk.
+    pair.pair.syncMode = SyncMode::toMac;
+    pair.pair.moveFilesEnabled = true;
+    pair.there("c", "moved");
+    pair.beforeCall = [&](const MemoryFileSystem::Request& request) {
+        if (request.is(Operation::remove, MemoryPair::path(true, u"c"_s))) {
+            EXPECT_TRUE(pair.flushed.contains(u"c"_s));
+        }
+    };
+    (void)pair.goodRun();
+    EXPECT_FALSE(pair.users(true).contains(u"c"_s));
+}
+
+TEST(SyncRunFailuresTest, whatCannotBeReadIsNotGone) {
+    MemoryPair pair;
+    for (const char* name : {"a", "dir/b", "dir/c", "z"})
+        pair.here(name, name);
+    (void)pair.goodRun();
+    pair.confirmAll();
+    const QString dir = MemoryPair::path(true, u"dir"_s);
+    pair.device().fail(Operation::list, dir, Error(PhoneError::accessDenied, {dir}), 1);
+    pair.removeHere("dir/b");
+    pair.here("z", "edited");
+    const SyncReport report = pair.goodRun();
+    EXPECT_THAT(pair.questions, IsEmpty());
+    EXPECT_EQ(paths(report.skipped), u"dir dir/b dir/c"_s);
+    EXPECT_THAT(report.paths({SyncDeed::replaceOnDevice}), ElementsAre(u"z"_s));
+    EXPECT_TRUE(pair.users(true).contains(u"dir/b"_s));
+    // The record of what was left is as it was: now the deletion is one.
+    EXPECT_THAT(pair.goodRun().paths({SyncDeed::deleteOnDevice}), ElementsAre(u"dir/b"_s));
+}
+
+TEST(SyncRunFailuresTest, listingThatBreaksOffEndsTheRun) {
+    MemoryPair pair;
+    for (const char* name : {"a", "b", "c", "d/e"})
+        pair.here(name, name);
+    (void)pair.goodRun();
+    pair.confirmAll();
+    pair.device().cutListing(MemoryPair::deviceRoot, 1);
+    const SyncReport report = pair.run();
+    EXPECT_EQ(report.outcome, Outcome::failed);
+    EXPECT_TRUE(report.failure && report.failure->is(PhoneError::listingBroken));
+    EXPECT_FALSE(report.hasChanges());
+    EXPECT_EQ(pair.hereContents(), pair.thereContents());
+}
+
+TEST(SyncRunFailuresTest, oneRefusedFileStopsNothingElse) {
+    const Error reasons[] = {Error(PhoneError::accessDenied), Error(PhoneError::tooLarge),
+                             Error(PhoneError::nameNotAllowed), Error(PhoneError::refused)};
+    for (const Error& reason : reasons) {
+        SCOPED_TRACE(reason.what());
+        MemoryPair pair;
+        pair.here("a", "1");
+        pair.here("d/b", "2");
+        pair.there("c", "3");
+        pair.device().fail(Operation::makeFolder, MemoryPair::path(true, u"d"_s), reason, 1);
+        pair.device().fail(Operation::read, MemoryPair::path(true, u"c"_s), reason, 1);
+        const SyncReport report = pair.goodRun();
+        EXPECT_EQ(paths(report.skipped), u"c d/b"_s);
+        EXPECT_EQ(report.skipped.front().reason, reason);
+        EXPECT_THAT(report.paths({SyncDeed::upload}), ElementsAre(u"a"_s));
+        EXPECT_EQ(pair.goodRun().items.size(), 2U) << "the next run tries again";
+        EXPECT_EQ(pair.hereContents(), pair.thereContents());
+    }
+}
+
+TEST(SyncRunFailuresTest, fullTargetEndsTheRunAndWhatIsDoneIsRecorded) {
+    MemoryPair pair({.capacity = 30'000});
+    pair.here("a", longOne);
+    pair.here("b", longOne);
+    const SyncReport report = pair.run();
+    EXPECT_EQ(report.outcome, Outcome::failed);
+    EXPECT_TRUE(report.failure && report.failure->is(PhoneError::full));
+    EXPECT_THAT(report.paths({SyncDeed::upload}), ElementsAre(u"a"_s));
+    pair.removeHere("b");
+    EXPECT_FALSE(pair.goodRun().hasChanges());
+    pair.expectQuietRun();
+}
+
+TEST(SyncRunFailuresTest, emptySideAndMissingFolderAreAskedAbout) {
+    using Kind = SyncQuestion::Kind;
+    const std::tuple<const char*, Kind, void (*)(MemoryPair&)> rows[] = {
+        {"emptied here", Kind::deletions,
+         [](MemoryPair& pair) {
+             pair.removeHere("a");
+             pair.removeHere("b");
+         }},
+        {"another disk", Kind::emptySide,
+         [](MemoryPair& pair) {
+             for (const auto& [name, file] : pair.all(false))
+                 pair.local().removeQuietly(MemoryPair::path(false, name));
+         }},
+        {"another card", Kind::emptySide,
+         [](MemoryPair& pair) {
+             for (const auto& [name, file] : pair.all(true))
+                 pair.device().removeQuietly(MemoryPair::path(true, name));
+         }},
+        {"no disk", Kind::missingLocalFolder,
+         [](MemoryPair& pair) { pair.local().removeQuietly(MemoryPair::localRoot); }},
+    };
+    for (const auto& [name, kind, change] : rows) {
+        SCOPED_TRACE(name);
+        MemoryPair pair;
+        pair.here("a", "1");
+        pair.here("b", "2");
+        (void)pair.goodRun();
+        change(pair);
+        const std::string here = pair.hereContents();
+        const std::string there = pair.thereContents();
+        (void)pair.run();
+        ASSERT_EQ(pair.questions.size(), 1U);
+        EXPECT_EQ(pair.questions[0].kind, kind);
+        EXPECT_NE(pair.questions[0].guard.kind, SyncGuard::Kind::nothing);
+        EXPECT_EQ(pair.hereContents(), here);
+        EXPECT_EQ(pair.thereContents(), there);
+        pair.keepAll();
+        (void)pair.goodRun();
+        EXPECT_EQ(pair.hereContents(), pair.thereContents());
+        EXPECT_EQ(pair.users(false).size(), 2U);
+        pair.expectQuietRun();
+    }
+}
+
+TEST(SyncRunFailuresTest, recordThatCannotBeStoredIsReported) {
+    MemoryPair pair;
+    pair.here("a", "1");
+    (void)pair.goodRun();
+    pair.here("b", "2");
+    const QString manifest = MemoryPair::path(true, SyncManifest::fileName);
+    pair.beforeCall = [&](const MemoryFileSystem::Request& request) {
+        if (request.is(Operation::remove, manifest))
+            throw Error(PhoneError::accessDenied, {manifest});
+    };
+    const SyncReport report = pair.goodRun();
+    ASSERT_EQ(report.skipped.size(), 1U);
+    EXPECT_TRUE(report.skipped[0].reason.is(SyncError::recordNotStored));
+    EXPECT_EQ(pair.hereContents(), pair.thereContents());
+    // Plain edits go across without conflict copies all the same.
+    pair.here("a", "11");
+    EXPECT_THAT(pair.goodRun().paths({SyncDeed::replaceOnDevice}), ElementsAre(u"a"_s));
+}
+
+/// The copy has the size of the file that the record names, and a phone that dates files itself may
+/// give it the same date.
+TEST(SyncRunFailuresTest, movedFileIsNoDeletionWhereverTheRunIsKilled) {
+    for (int at = 0;; ++at) {
+        SCOPED_TRACE(at);
+        MemoryPair pair({.setsDates = false});
+        pair.here("a", "old");
+        pair.here("b", "other");
+        (void)pair.goodRun();
+        pair.here("a", "new");
+        pair.pair.syncMode = SyncMode::toiPhone;
+        pair.pair.moveFilesEnabled = true;
+        pair.killAt = at;
+        EXPECT_THROW(
+            {
+                (void)pair.run();
+                throw Killed();
+            },
+            Killed);
+        const bool wasKilled = std::exchange(pair.isDead, false);
+        pair.killAt = -1;
+        pair.passTime();
+        pair.pair.syncMode = SyncMode::biDirectional;
+        pair.pair.deleteSyncEnabled = true;
+        pair.confirmAll();
+        (void)pair.goodRun();
+        EXPECT_TRUE(pair.isAnywhere("new"));
+        EXPECT_TRUE(pair.isAnywhere("other"));
+        EXPECT_EQ(pair.hereContents(), pair.thereContents());
+        if (!wasKilled) {
+            EXPECT_GT(at, 20);
+            break;
+        }
+    }
+}
+
+TEST(SyncRunFailuresTest, movedFileStaysWhereTheRecordCannotBeStored) {
+    MemoryPair pair;
+    pair.here("a", "old");
+    (void)pair.goodRun();
+    pair.here("a", "new");
+    pair.pair.syncMode = SyncMode::toiPhone;
+    pair.pair.moveFilesEnabled = true;
+    const QString manifest = MemoryPair::path(true, SyncManifest::fileName);
+    pair.beforeCall = [&](const MemoryFileSystem::Request& request) {
+        if (request.is(Operation::remove, manifest))
+            throw Error(PhoneError::accessDenied, {manifest});
+    };
+    const SyncReport report = pair.run();
+    EXPECT_EQ(pair.hereContents(), "a=new");
+    EXPECT_EQ(pair.thereContents(), "a=new");
+    EXPECT_FALSE(report.hasChanges());
+    EXPECT_THAT(report.skipped, Not(testing::IsEmpty()));
+}
+
+TEST(SyncRunFailuresTest, runsOfOneUserWaitForEachOther) {
+    const TemporaryFolder folder;
+    const QString file = folder.path(u"runs.lock"_s);
+    auto first = std::make_unique<SyncLock>(file, nullptr, std::stop_token());
+    std::atomic<bool> waits = false;
+    std::atomic<bool> isIn = false;
+    std::jthread other([&] {
+        const SyncLock second(file, [&] { waits = true; }, {});
+        isIn = true;
+    });
+    while (!waits)
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    EXPECT_FALSE(isIn);
+    first.reset();
+    other.join();
+    EXPECT_TRUE(isIn);
+
+    // A run that waits can be cancelled, and has touched nothing.
+    const SyncLock held(file, nullptr, {});
+    std::stop_source stop;
+    MemoryPair pair;
+    pair.here("a", "1");
+    pair.lockFile = file;
+    pair.onStatus = [&](const QString&) { stop.request_stop(); };
+    EXPECT_EQ(pair.run(stop.get_token()).outcome, Outcome::cancelled);
+    EXPECT_EQ(pair.calls, 0);
+}
+
+} // namespace
+} // namespace tessary
