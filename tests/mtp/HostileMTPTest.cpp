@@ -2,72 +2,24 @@
 // time and memory, and the phone is used again when it has come to its senses.
 
 #include "mtp/MTPFilesFixture.h"
+#include "support/UnderAttack.h"
 #include "transfer/copy/FileCopy.h"
 #include "transfer/local/LocalFileSystem.h"
 
-#include <atomic>
-#include <chrono>
-#include <fstream>
 #include <random>
-#include <thread>
 
 namespace tessary {
 namespace {
 
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 using enum MTPOperationCode;
-using Clock = std::chrono::steady_clock;
-
-/// Who waits longer than this for nonsense to end stops it.
-constexpr auto patience = 300ms;
-/// From a stop request to the end of the call.
-constexpr auto toHearIt = 1500ms;
-/// Bytes beyond what was used before. One answer may have 64 MiB, and the phone is in here, too.
-constexpr std::size_t mostMemory = 160 << 20;
-
-std::size_t usedMemory() {
-    std::size_t total = 0;
-    std::size_t resident = 0;
-    std::ifstream("/proc/self/statm") >> total >> resident;
-    return resident * 4096;
-}
 
 void putNumber(Bytes& bytes, std::size_t at, std::uint32_t number) {
     for (std::size_t n = 0; n < 4 && at + n < bytes.size(); ++n)
         bytes[at + n] = static_cast<std::byte>(number >> (8 * n));
 }
 
-struct Use {
-    const char* name;
-    std::function<void(PhoneFileSystem&, const Call&)> run;
-};
-
-FileItem theFile(PhoneFileSystem& files, const Call& call) {
-    return require(files, u"/D/a.jpg"_s, call);
-}
-
-const std::vector<Use> uses{
-    {"list", [](auto& files, auto& call) { (void)listAll(files, u"/D"_s, call); }},
-    {"read",
-     [](auto& files, auto& call) {
-         files.read(
-             theFile(files, call), {}, [](ByteView) {}, call);
-     }},
-    {"write",
-     [](auto& files, auto& call) {
-         (void)files.write(
-             {u"/D"_s, u"new"_s, 5000, {}},
-             [](std::span<std::byte> buffer) { return buffer.size(); }, {}, call);
-     }},
-    {"thumbnail",
-     [](auto& files, auto& call) { (void)files.thumbnail(theFile(files, call), 1 << 20, call); }},
-    {"rename",
-     [](auto& files, auto& call) {
-         (void)files.rename(theFile(files, call), u"b.jpg"_s, TakenName::refused, call);
-     }},
-    {"free space", [](auto& files, auto& call) { (void)files.freeBytes(u"/"_s, call); }},
-};
+const std::vector<PhoneUse> uses = usesOf(u"/D"_s);
 
 /// What becomes of a container on its way.
 struct Attack {
@@ -130,33 +82,6 @@ protected:
             };
         });
     }
-    /// One use under attack: it ends, however, and so does waiting for it.
-    void expectBounded(const Use& use) {
-        const std::size_t before = usedMemory();
-        std::stop_source stop;
-        std::atomic<bool> hasEnded = false;
-        std::atomic<std::size_t> peak = before;
-        Clock::time_point stopped{};
-        std::jthread impatient([&] {
-            const auto end = Clock::now() + patience;
-            while (!hasEnded && Clock::now() < end) {
-                peak = std::max(peak.load(), usedMemory());
-                std::this_thread::sleep_for(5ms);
-            }
-            stopped = Clock::now();
-            stop.request_stop();
-        });
-        try {
-            use.run(files_, stop.get_token());
-        } catch (const Error&) {
-        } catch (const CancellationError&) {
-        }
-        const auto end = Clock::now();
-        hasEnded = true;
-        impatient.join();
-        EXPECT_LT(end - std::min(stopped, end), toHearIt);
-        EXPECT_LT(peak, before + mostMemory);
-    }
     void expectUsableAgain() {
         phone().fault([](VirtualFaults& faults) { faults.rewrite = nullptr; });
         std::string failure;
@@ -174,10 +99,10 @@ protected:
 
 TEST_F(HostileMTPTest, everyLieIsBoundedAndForgiven) {
     for (const Attack& attack : attacks)
-        for (const Use& use : uses) {
+        for (const PhoneUse& use : uses) {
             SCOPED_TRACE(std::string(use.name) + ": " + attack.name);
             setAttack(attack.change);
-            expectBounded(use);
+            expectBounded(files_, use);
             EXPECT_EQ(listAll(otherFiles_, u"/"_s, {}).items.size(), 1U);
             expectUsableAgain();
         }
@@ -189,7 +114,7 @@ TEST_F(HostileMTPTest, anAnswerMayEndAtEachByte) {
         setAttack([length](const VirtualAnswer&, Bytes& bytes) {
             bytes.resize(std::min(bytes.size(), length));
         });
-        expectBounded(uses[length % uses.size()]);
+        expectBounded(files_, uses[length % uses.size()]);
     }
     expectUsableAgain();
 }
@@ -204,7 +129,7 @@ TEST_F(HostileMTPTest, anyByteMayBeAnother) {
             for (int flips = 0; flips < 4 && !bytes.empty(); ++flips)
                 bytes[dice() % bytes.size()] = static_cast<std::byte>(dice());
         });
-        expectBounded(uses[static_cast<std::size_t>(round) % uses.size()]);
+        expectBounded(files_, uses[static_cast<std::size_t>(round) % uses.size()]);
     }
     expectUsableAgain();
 }
@@ -212,7 +137,7 @@ TEST_F(HostileMTPTest, anyByteMayBeAnother) {
 TEST_F(HostileMTPTest, aFileIsNotLongerHereThanItWasAnnounced) {
     const TemporaryFolder disk;
     LocalFileSystem here(disk.path());
-    const FileItem file = theFile(files_, {});
+    const FileItem file = item("/D/a.jpg");
     setAttack([](const VirtualAnswer& answer, Bytes& bytes) {
         if (!isData(answer))
             return;

@@ -1,0 +1,240 @@
+// An adbd that says what it likes. Whatever it is, it is one error of this phone, within bounds of
+// time, memory and disk, and the phone is used again when it has come to its senses.
+
+#include "adb/ADBFilesFixture.h"
+#include "support/UnderAttack.h"
+#include "transfer/copy/TreeCopy.h"
+#include "transfer/local/LocalFileSystem.h"
+
+#include <mutex>
+#include <random>
+
+namespace tessary {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// What becomes of the bytes of a stream on their way. `served` are those that came before them on
+/// it. No value: nothing comes, without end.
+using Lie = std::function<std::optional<Bytes>(std::uint64_t served, Bytes bytes)>;
+
+class LyingStream final : public ADBStream {
+public:
+    LyingStream(std::unique_ptr<ADBStream> stream, Lie lie)
+        : stream_(std::move(stream)), lie_(std::move(lie)) {}
+
+    std::size_t read(std::span<std::byte> to, const Wait& wait) override {
+        while (said_.empty()) {
+            Bytes bytes(to.size());
+            bytes.resize(stream_->read(bytes, wait));
+            const bool isOver = bytes.empty();
+            auto said = lie_(served_, bytes);
+            served_ += bytes.size();
+            if (!said)
+                awaitStop(wait);
+            said_ = *std::move(said);
+            if (isOver && said_.empty())
+                return 0;
+        }
+        const std::size_t count = std::min(to.size(), said_.size());
+        std::copy_n(said_.begin(), count, to.begin());
+        said_.erase(said_.begin(), said_.begin() + static_cast<std::ptrdiff_t>(count));
+        return count;
+    }
+    void write(ByteView bytes, const Wait& wait) override {
+        stream_->write(bytes, wait);
+    }
+    [[nodiscard]] bool hasInput() const override {
+        return stream_->hasInput();
+    }
+
+private:
+    [[noreturn]] static void awaitStop(const Wait& wait) {
+        const auto end = std::chrono::steady_clock::now() + wait.silence;
+        while (std::chrono::steady_clock::now() < end) {
+            if (wait.stop.stop_requested())
+                throw CancellationError();
+            std::this_thread::sleep_for(5ms);
+        }
+        throw Error(ADBError::timedOut);
+    }
+
+    const std::unique_ptr<ADBStream> stream_;
+    const Lie lie_;
+    std::uint64_t served_ = 0;
+    Bytes said_;
+};
+
+/// A phone whose answers are changed on their way.
+class LyingPhone final : public ADBConnection {
+public:
+    explicit LyingPhone(std::shared_ptr<ADBConnection> phone) : phone_(std::move(phone)) {}
+
+    /// For the streams that are open as well; null: the truth.
+    void setLie(Lie lie) {
+        const std::scoped_lock lock(mutex_);
+        lie_ = std::move(lie);
+    }
+    std::unique_ptr<ADBStream> open(const QByteArray& service, const Wait& wait) override {
+        return std::make_unique<LyingStream>(
+            phone_->open(service, wait), [this](std::uint64_t served, Bytes bytes) {
+                const std::scoped_lock lock(mutex_);
+                return lie_ ? lie_(served, std::move(bytes)) : std::optional(std::move(bytes));
+            });
+    }
+    QByteArrayList features(const Wait& wait) override {
+        return phone_->features(wait);
+    }
+    void release() override {
+        phone_->release();
+    }
+
+private:
+    const std::shared_ptr<ADBConnection> phone_;
+    std::mutex mutex_;
+    Lie lie_; ///< guarded by mutex_
+};
+
+Bytes repeated(const Bytes& one, std::size_t count) {
+    Bytes all;
+    all.reserve(one.size() * count);
+    for (std::size_t n = 0; n < count; ++n)
+        all.insert(all.end(), one.begin(), one.end());
+    return all;
+}
+
+std::optional<std::size_t> positionOf(const char* word, const Bytes& bytes) {
+    const auto* text = reinterpret_cast<const std::byte*>(word);
+    const auto at = std::search(bytes.begin(), bytes.end(), text, text + 4);
+    if (at == bytes.end())
+        return std::nullopt;
+    return static_cast<std::size_t>(at - bytes.begin());
+}
+
+/// From the first record of this kind on, that record for ever.
+Lie endless(const char* word, std::size_t length) {
+    auto record = std::make_shared<Bytes>();
+    return [=](std::uint64_t, Bytes bytes) -> std::optional<Bytes> {
+        if (record->empty()) {
+            const auto at = positionOf(word, bytes);
+            if (!at || *at + length > bytes.size())
+                return bytes;
+            record->assign(bytes.begin() + static_cast<std::ptrdiff_t>(*at),
+                           bytes.begin() + static_cast<std::ptrdiff_t>(*at + length));
+            bytes.resize(*at);
+        }
+        const Bytes more = repeated(*record, std::max<std::size_t>(1, 60'000 / length));
+        bytes.assign(more.begin(), more.end());
+        return bytes;
+    };
+}
+
+class HostileADBTest : public ADBFilesFixture {
+protected:
+    void SetUp() override {
+        ADBFilesFixture::SetUp();
+        phone_ = std::make_shared<LyingPhone>(connection_);
+        lying_ = std::make_shared<ADBFileSystem>(identity(), queue_, phone_);
+        write(u"D/a.jpg"_s, QByteArray(3000, 'a'));
+        write(u"D/second.txt"_s, "2");
+    }
+    void TearDown() override {
+        lying_.reset();
+        ADBFilesFixture::TearDown();
+    }
+    void expectUsableAgain() {
+        phone_->setLie({});
+        std::string failure;
+        for (int tries = 0; tries < 3; ++tries) { // a torn stream is noticed by its next user
+            failure = codeOf([&] { (void)listAll(*lying_, u"/sdcard/D"_s, {}); });
+            if (failure == "nothing")
+                return;
+        }
+        ADD_FAILURE() << "not usable: " << failure;
+    }
+    void expectBoundedUnder(const Lie& lie, const PhoneUse& use) {
+        phone_->setLie(lie);
+        expectBounded(*lying_, use);
+    }
+
+    std::shared_ptr<LyingPhone> phone_;
+    std::shared_ptr<ADBFileSystem> lying_;
+    const std::vector<PhoneUse> uses_ = usesOf(u"/sdcard/D"_s);
+};
+
+INSTANTIATE_TEST_SUITE_P(Ways, HostileADBTest, testing::Values(ADBWay::server, ADBWay::network));
+
+TEST_P(HostileADBTest, everyLieIsBoundedAndForgiven) {
+    const std::pair<const char*, Lie> lies[] = {
+        {"says nothing", [](std::uint64_t, Bytes) { return std::nullopt; }},
+        {"ends at once", [](std::uint64_t, Bytes) { return Bytes(); }},
+        {"zeros for ever", [](std::uint64_t, Bytes) { return Bytes(60'000); }},
+        {"all ones for ever", [](std::uint64_t, Bytes) { return Bytes(60'000, std::byte{0xFF}); }},
+        {"entries for ever", endless("DNT2", 77)},
+        {"pieces of a file for ever", endless("DATA", 1000)},
+        {"output of a command for ever",
+         [](std::uint64_t, Bytes) {
+             Bytes packet{std::byte{1}, std::byte{0x60}, std::byte{0xEA}, std::byte{0},
+                          std::byte{0}};
+             packet.resize(5 + 60'000, std::byte{'x'});
+             return packet;
+         }},
+    };
+    for (const auto& [name, lie] : lies)
+        for (const PhoneUse& use : uses_) {
+            SCOPED_TRACE(std::string(use.name) + ": " + name);
+            expectBoundedUnder(lie, use);
+            expectUsableAgain();
+        }
+}
+
+TEST_P(HostileADBTest, anyByteMayBeAnotherAndTheAnswerMayEndAtIt) {
+    std::mt19937 random(20261122); // NOLINT(cert-msc51-cpp): the same every time
+    for (std::size_t round = 0; round < 30; ++round) {
+        SCOPED_TRACE(round);
+        const std::uint64_t place = random() % 400;
+        const auto value = static_cast<std::byte>(random());
+        const bool ends = round % 3 == 0;
+        expectBoundedUnder(
+            [=](std::uint64_t served, Bytes bytes) -> std::optional<Bytes> {
+                if (place < served || place >= served + bytes.size())
+                    return ends && place < served ? Bytes() : bytes;
+                const auto at = static_cast<std::size_t>(place - served);
+                bytes[at] = value;
+                if (ends)
+                    bytes.resize(at);
+                return bytes;
+            },
+            uses_[round % uses_.size()]);
+    }
+    expectUsableAgain();
+}
+
+TEST_P(HostileADBTest, aCopyTakesNoMoreThanWasAnnouncedAndStaysInItsFolder) {
+    const TemporaryFolder box;
+    const QString target = box.makeFolder(u"target"_s);
+    adbd_->faults().update([](ADBDFaults& faults) {
+        faults.extraNames = {"../escaped", "..", "a/b", ""};
+    });
+    const auto copy = [&] {
+        TreeCopyRequest request{
+            .from = lying_, .to = std::make_shared<LocalFileSystem>(target), .folder = target};
+        request.items.push_back({require(*lying_, u"/sdcard/D"_s, {}), u"D"_s});
+        return TreeCopy(std::move(request)).run({}, {});
+    };
+    const CopyOutcome honest = copy();
+    EXPECT_EQ(honest.end(), CopyOutcome::End::incomplete);
+    EXPECT_EQ(box.names(), QStringList(u"target"_s));
+    EXPECT_EQ(box.names(u"target/D"_s), (QStringList{u"a.jpg"_s, u"second.txt"_s}));
+
+    phone_->setLie(endless("DATA", 1000));
+    EXPECT_NE(copy().end(), CopyOutcome::End::done);
+    for (const QString& name : box.names(u"target"_s))
+        for (const QString& file : box.names(u"target/"_s + name))
+            EXPECT_LE(box.read(u"target/"_s + name + u'/' + file).size(), 3000)
+                << file.toStdString();
+    phone_->setLie({});
+}
+
+} // namespace
+} // namespace tessary

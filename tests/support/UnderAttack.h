@@ -1,0 +1,97 @@
+#pragma once
+
+#include "base/threads/CancellationError.h"
+#include "phone/PhoneFileSystem.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <fstream>
+#include <functional>
+#include <thread>
+#include <vector>
+
+namespace tessary {
+
+/// What is asked of a phone that lies.
+struct PhoneUse {
+    const char* name;
+    std::function<void(PhoneFileSystem&, const Call&)> run;
+};
+
+/// The things that people do with `folder`, which has a file "a.jpg".
+inline std::vector<PhoneUse> usesOf(const QString& folder) {
+    const QString file = folder + QStringLiteral("/a.jpg");
+    return {
+        {"list", [=](auto& files, auto& call) { (void)listAll(files, folder, call); }},
+        {"read",
+         [=](auto& files, auto& call) {
+             files.read(
+                 require(files, file, call), {}, [](ByteView) {}, call);
+         }},
+        {"write",
+         [=](auto& files, auto& call) {
+             (void)files.write(
+                 {folder, QStringLiteral("new"), 5000, {}},
+                 [](std::span<std::byte> buffer) { return buffer.size(); }, {}, call);
+         }},
+        {"thumbnail",
+         [=](auto& files, auto& call) {
+             (void)files.thumbnail(require(files, file, call), 1 << 20, call);
+         }},
+        {"rename",
+         [=](auto& files, auto& call) {
+             (void)files.rename(require(files, file, call), QStringLiteral("b.jpg"),
+                                TakenName::refused, call);
+         }},
+        {"free space", [=](auto& files, auto& call) { (void)files.freeBytes(folder, call); }},
+    };
+}
+
+/// Resident memory of this process, bytes.
+inline std::size_t usedMemory() {
+    std::size_t total = 0;
+    std::size_t resident = 0;
+    std::ifstream("/proc/self/statm") >> total >> resident;
+    return resident * 4096;
+}
+
+/// One use of a phone that lies: it ends, however, and soon after it is stopped, and takes no more
+/// memory than one answer may have. Whoever waits for nonsense loses patience after 300 ms.
+inline void expectBounded(PhoneFileSystem& files, const PhoneUse& use) {
+    using Clock = std::chrono::steady_clock;
+    using namespace std::chrono_literals;
+    constexpr auto patience = 300ms;
+    constexpr auto toHearIt = 1500ms;
+    // One answer may have 64 MiB, and the phone that sends it is in this process, too.
+    constexpr std::size_t mostMemory = 160 << 20;
+
+    const std::size_t before = usedMemory();
+    std::stop_source stop;
+    std::atomic<bool> hasEnded = false;
+    std::atomic<std::size_t> peak = before;
+    Clock::time_point stopped{};
+    std::jthread impatient([&] {
+        const auto end = Clock::now() + patience;
+        while (!hasEnded && Clock::now() < end) {
+            peak = std::max(peak.load(), usedMemory());
+            std::this_thread::sleep_for(5ms);
+        }
+        stopped = Clock::now();
+        stop.request_stop();
+    });
+    try {
+        use.run(files, stop.get_token());
+    } catch (const Error&) {
+    } catch (const CancellationError&) {
+    }
+    const auto end = Clock::now();
+    hasEnded = true;
+    impatient.join();
+    EXPECT_LT(end - std::min(stopped, end), toHearIt);
+    EXPECT_LT(peak, before + mostMemory);
+}
+
+} // namespace tessary
