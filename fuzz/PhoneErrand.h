@@ -53,11 +53,12 @@ private:
         const QString target = box_.path(QStringLiteral("target"));
         TreeCopyRequest request{
             .from = phone_, .to = std::make_shared<LocalFileSystem>(target), .folder = target};
+        constexpr qint64 most = qint64{1} << 40; // sizes are the phone's, and can be any
         qint64 announced = 0;
         bool hasFolders = false;
         for (const FileItem& item : items_) {
             request.items.push_back({item, item.name});
-            announced += item.size;
+            announced += std::min(item.size, most);
             hasFolders |= item.isDirectory;
         }
         const CopyOutcome outcome = TreeCopy(std::move(request)).run({}, {});
