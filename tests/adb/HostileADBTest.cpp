@@ -41,8 +41,8 @@ public:
         said_.erase(said_.begin(), said_.begin() + static_cast<std::ptrdiff_t>(count));
         return count;
     }
-    void write(ByteView bytes, const Wait& wait) override {
-        stream_->write(bytes, wait);
+    void writeOn(ByteView& left, const Wait& wait) override {
+        stream_->writeOn(left, wait);
     }
     [[nodiscard]] bool hasInput() const override {
         return stream_->hasInput();

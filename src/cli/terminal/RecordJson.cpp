@@ -1,6 +1,7 @@
 #include "cli/terminal/RecordJson.h"
 
 #include "app/texts/ErrorText.h"
+#include "base/text/ByteCount.h"
 
 #include <QJsonArray>
 
@@ -78,13 +79,14 @@ QJsonObject toJson(const CopyOutcome& outcome) {
     for (const LeftOut& left : outcome.leftOut) {
         skipped.append(QJsonObject{{View("path"), left.item.item.path},
                                    {View("reason"), reasonText(left.error)}});
-        missing += left.item.item.isDirectory ? 0 : std::max<qint64>(left.item.item.size, 0);
+        if (!left.item.item.isDirectory)
+            missing = addByteCounts(missing, std::max<qint64>(left.item.item.size, 0));
     }
     return {{View("totalFiles"),
              outcome.files + outcome.alreadyThere + static_cast<qint64>(outcome.leftOut.size())},
             {View("completedFiles"), outcome.files},
             {View("alreadyThere"), outcome.alreadyThere},
-            {View("totalBytes"), outcome.bytes + missing},
+            {View("totalBytes"), addByteCounts(outcome.bytes, missing)},
             {View("completedBytes"), outcome.bytes},
             {View("skipped"), skipped}};
 }

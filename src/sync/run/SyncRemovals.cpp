@@ -1,5 +1,6 @@
 #include "sync/run/SyncRemovals.h"
 
+#include "base/text/ByteCount.h"
 #include "base/threads/CancellationError.h"
 #include "sync/plan/SyncError.h"
 #include "transfer/copy/CopyErrors.h"
@@ -22,7 +23,7 @@ SyncRemovals::SyncRemovals(SyncTransfer& transfer, const SyncComputer& computer,
     : transfer_(transfer), computer_(computer), report_(report), forget_(std::move(forget)) {}
 
 void SyncRemovals::add(Moved moved) {
-    movedBytes_ += moved.source.size;
+    movedBytes_ = addByteCounts(movedBytes_, moved.source.size);
     moved_.push_back(std::move(moved));
     if (moved_.size() >= movedAtOnce || movedBytes_ >= movedBytesAtOnce)
         removeSources();

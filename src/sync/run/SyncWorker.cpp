@@ -1,5 +1,6 @@
 #include "sync/run/SyncWorker.h"
 
+#include "base/text/ByteCount.h"
 #include "base/text/PathNames.h"
 #include "base/threads/CancellationError.h"
 #include "sync/plan/SyncError.h"
@@ -115,7 +116,7 @@ void SyncWorker::act(const Action& action) {
 
 FileItem SyncWorker::copy(const SyncTransfer::Copy& copy) {
     FileItem arrived = transfer_.copy(copy, byteProgress());
-    report_.transferredBytes += copy.seen.size;
+    report_.transferredBytes = addByteCounts(report_.transferredBytes, copy.seen.size);
     if (copy.toDevice)
         sent_.insert_or_assign(copy.newPath, syncFileOf(arrived));
     return arrived;
@@ -179,7 +180,7 @@ std::size_t SyncWorker::countTogether(std::span<const Action> actions) const {
             folderOf(action.relativePath) != folderOf(first.relativePath) ||
             count == SmallFiles::mostFiles || bytes >= SmallFiles::mostBytes)
             break;
-        bytes += source->size;
+        bytes = addByteCounts(bytes, source->size);
         ++count;
     }
     return count;
@@ -216,7 +217,7 @@ void SyncWorker::carryOutTogether(std::span<const Action> actions) {
         if (!made[n])
             continue;
         const SyncFile arrived = syncFileOf(*made[n]);
-        report_.transferredBytes += arrived.size;
+        report_.transferredBytes = addByteCounts(report_.transferredBytes, arrived.size);
         if (toDevice)
             sent_.insert_or_assign(actions[n].relativePath, arrived);
         noteTransfer(actions[n], arrived);

@@ -1,6 +1,7 @@
 #include "transfer/import/ImportPlan.h"
 
 #include "base/local/LocalError.h"
+#include "base/text/ByteCount.h"
 #include "base/text/PathNames.h"
 
 #include <QSet>
@@ -167,7 +168,7 @@ private:
                         {file.path, file.size, file.modifiedDate, same->path, {}});
             } else {
                 items_[below].push_back({file, name, below});
-                plan_.bytes += std::max<qint64>(file.size, 0);
+                plan_.bytes = addByteCounts(plan_.bytes, std::max<qint64>(file.size, 0));
             }
             names.give(name);
         }
