@@ -213,7 +213,7 @@ void Round::edit(SoakPhone& phone) {
             return item.isDirectory && !ids.contains(item.id());
         });
         if (folder != items.end())
-            browser.moveItemsToPath(ids, folder->path);
+            browser.changes().move(browser.itemsWithIds(ids), folder->path);
     }
 }
 

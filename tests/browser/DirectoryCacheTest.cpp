@@ -73,13 +73,14 @@ TEST_F(RememberedFolderTest, folderAppearsAtOnceAndItsRefreshMovesNothing) {
     browser_.navigateUp();
     EXPECT_THAT(names(), ElementsAre(u"deep", u"one.txt", u"two.txt"));
     EXPECT_TRUE(browser_.isLoading());
-    EXPECT_EQ(browser_.selectedItems(), QSet<QString>{u"/root/a/deep"_s}) << "where one came from";
-    browser_.selectItem(u"/root/a/two.txt"_s);
+    EXPECT_EQ(browser_.selection().ids(), QSet<QString>{u"/root/a/deep"_s})
+        << "where one came from";
+    browser_.selection().select(u"/root/a/two.txt"_s);
     int changes = 0;
     const auto note = [&changes] { ++changes; };
     QObject::connect(&browser_.rows(), &FileRows::aboutToBeReset, note);
     QObject::connect(&browser_.rows(), &FileRows::changed, note);
-    QObject::connect(&browser_, &FileBrowserViewModel::selectionChanged, note);
+    QObject::connect(&browser_.selection(), &EntrySelection::changed, note);
     gate_.open();
     settle();
     EXPECT_EQ(changes, 0);
@@ -97,7 +98,9 @@ TEST_F(RememberedFolderTest, whatTheProgramChangesIsForgotten) {
          [&] { browser_.createFolder(u"deep"_s); },
          {"/root/a", "/root/a/deep", "/root/b"}},
         {"move",
-         [&] { browser_.moveItemsToPath(ids({"/root/c.txt"}), u"/root/a"_s); },
+         [&] {
+             browser_.changes().move(browser_.itemsWithIds(ids({"/root/c.txt"})), u"/root/a"_s);
+         },
          {"/root/a/deep", "/root/b"}},
         {"rename", [&] { browser_.renameItem(u"/root/b"_s, u"x"_s); }, {"/root/a", "/root/a/deep"}},
         {"delete", [&] { browser_.deleteItems(ids({"/root/a"})); }, {"/root/b"}},

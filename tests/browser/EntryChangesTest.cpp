@@ -36,7 +36,8 @@ TEST_F(EntryChangesTest, everyChangeIsTakenBackWhole) {
          "/root/x"},
         {"move two", UndoStep::Kind::move,
          [&] {
-             browser_.moveItemsToPath(ids({"/root/b.txt", "/root/c.txt"}), u"/root/a"_s);
+             browser_.changes().move(browser_.itemsWithIds(ids({"/root/b.txt", "/root/c.txt"})),
+                                     u"/root/a"_s);
          },
          "/root/a/c.txt"},
         {"create", UndoStep::Kind::create, [&] { browser_.createFolder(u"new"_s); }, "/root/new"},
@@ -74,7 +75,8 @@ TEST_F(EntryChangesTest, whatCannotBeTakenBackSaysWhyAndHarmsNothing) {
 
 TEST_F(EntryChangesTest, aFailedChangeIsNotTakenBack) {
     files_->fail(Operation::move, u"/root/b.txt"_s, Error(PhoneError::accessDenied));
-    browser_.moveItemsToPath(ids({"/root/b.txt", "/root/c.txt"}), u"/root/a"_s);
+    browser_.changes().move(browser_.itemsWithIds(ids({"/root/b.txt", "/root/c.txt"})),
+                            u"/root/a"_s);
     settle();
     ASSERT_TRUE(browser_.changes().undoable());
     const std::vector<UndoStep::Change> done{{u"/root/c.txt"_s, u"/root/a/c.txt"_s}};
@@ -104,7 +106,8 @@ TEST_F(EntryChangesTest, whatThePhoneCannotMoveIsCopiedAndRemoved) {
     files_->addFile(u"/root/a/deep/inner.txt"_s, "inner");
     files_->addFolder(u"/card"_s);
     files_->addFile(u"/card/b.txt"_s, "was there");
-    browser_.moveItemsToPath(ids({"/root/a", "/root/b.txt", "/root/c.txt"}), u"/card"_s);
+    browser_.changes().move(browser_.itemsWithIds(ids({"/root/a", "/root/b.txt", "/root/c.txt"})),
+                            u"/card"_s);
     settleCopies();
     EXPECT_FALSE(browser_.problem());
     EXPECT_EQ(files_->content(u"/card/a/deep/inner.txt"_s), "inner");
@@ -136,16 +139,16 @@ TEST_F(EntryChangesTest, copiesBesideTheirSourceAreNumberedUnasked) {
 TEST_F(EntryChangesTest, hiddenEntriesAreCountedAndShownOnRequest) {
     EXPECT_EQ(names(), (QStringList{u"a"_s, u"b.txt"_s, u"c.txt"_s}));
     EXPECT_EQ(browser_.unfilteredCount(), 3);
-    browser_.selectAll();
-    EXPECT_EQ(browser_.selectedItems().size(), 3) << "what is not seen is not selected";
+    browser_.selection().selectAll();
+    EXPECT_EQ(browser_.selection().ids().size(), 3) << "what is not seen is not selected";
     browser_.setShowsHidden(true);
     EXPECT_EQ(names(), (QStringList{u"a"_s, u".hidden"_s, u"b.txt"_s, u"c.txt"_s}));
-    browser_.selectAll();
+    browser_.selection().selectAll();
     browser_.setShowsHidden(false);
-    EXPECT_EQ(browser_.selectedItems().size(), 3);
-    browser_.selectItem(u"/root/a"_s);
-    browser_.invertSelection();
-    EXPECT_EQ(browser_.selectedItems(), (QSet<QString>{u"/root/b.txt"_s, u"/root/c.txt"_s}));
+    EXPECT_EQ(browser_.selection().ids().size(), 3);
+    browser_.selection().select(u"/root/a"_s);
+    browser_.selection().invert();
+    EXPECT_EQ(browser_.selection().ids(), (QSet<QString>{u"/root/b.txt"_s, u"/root/c.txt"_s}));
 }
 
 TEST(UndoHistory, forgetsTheOldestAndKeepsConnectionsApart) {

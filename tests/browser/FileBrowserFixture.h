@@ -5,6 +5,7 @@
 #include "support/Gate.h"
 #include "support/MainLoop.h"
 #include "support/MemoryFileSystem.h"
+#include "support/ShownItems.h"
 #include "support/TemporaryFolder.h"
 
 #include <initializer_list>
@@ -54,7 +55,7 @@ protected:
     }
     [[nodiscard]] QStringList names() const {
         QStringList names;
-        for (const FileItem& item : browser_.filteredItems())
+        for (const FileItem& item : shownItems(browser_))
             names << item.name;
         return names;
     }

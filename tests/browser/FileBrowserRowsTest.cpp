@@ -1,6 +1,6 @@
 #include "browser/listing/FileRows.h"
-#include "browser/model/BrowserSelection.h"
-#include "browser/model/Typeahead.h"
+#include "browser/selection/BrowserSelection.h"
+#include "browser/selection/Typeahead.h"
 #include "support/MainLoop.h"
 
 #include <QRandomGenerator>

@@ -1,5 +1,6 @@
 #include "browser/FileBrowserFixture.h"
 #include "browser/model/FileListModel.h"
+#include "support/ShownItems.h"
 
 #include <QAbstractItemModelTester>
 #include <QFileInfo>
@@ -23,13 +24,13 @@ protected:
 
 TEST_F(FileBrowserViewModelTest, hiddenEntriesAreNoLongerSelected) {
     open("/root");
-    browser_.selectAll();
+    browser_.selection().selectAll();
     browser_.setSearchText(u"photo"_s);
-    EXPECT_EQ(browser_.selectedItems(), QSet<QString>{u"/root/Photo.jpg"_s});
+    EXPECT_EQ(browser_.selection().ids(), QSet<QString>{u"/root/Photo.jpg"_s});
     browser_.setSearchText(u"nothing like it"_s);
-    EXPECT_TRUE(browser_.filteredItems().empty());
+    EXPECT_TRUE(shownItems(browser_).empty());
     EXPECT_EQ(browser_.items().size(), 4U);
-    EXPECT_TRUE(browser_.selectedItems().isEmpty());
+    EXPECT_TRUE(browser_.selection().ids().isEmpty());
 }
 
 TEST_F(FileBrowserViewModelTest, listingThatArrivesAfterTheUserWentOnIsDropped) {
@@ -104,11 +105,11 @@ TEST_F(FileBrowserViewModelTest, longListingIsShownWhileItArrives) {
     EXPECT_TRUE(eventually([this] { return browser_.rows().count() >= 3; }));
     EXPECT_LT(browser_.rows().count(), 40);
     EXPECT_TRUE(browser_.isLoading());
-    browser_.selectItem(u"/long/file 0"_s);
+    browser_.selection().select(u"/long/file 0"_s);
     rest.open();
     settle();
     EXPECT_EQ(browser_.rows().count(), 40);
-    EXPECT_EQ(browser_.selectedItems(), QSet<QString>{u"/long/file 0"_s});
+    EXPECT_EQ(browser_.selection().ids(), QSet<QString>{u"/long/file 0"_s});
 }
 
 TEST_F(FileBrowserViewModelTest, persistentIndexesFollowSortFilterAndReload) {

@@ -27,7 +27,7 @@ void tourTransfers(TourStage& stage) {
     stage.selectNamed(
         {QStringLiteral("Music"), QStringLiteral("DCIM"), QStringLiteral("Documents")});
     QStringList ids;
-    for (const FileItem& item : browser.selectedEntries())
+    for (const FileItem& item : browser.selection().entries())
         ids.append(item.id());
     downloadNow(browser, ids, target.path());
     uploadNow(browser, videos);

@@ -1,5 +1,6 @@
 #include "tour/TourFolders.h"
 
+#include "support/ShownItems.h"
 #include "views/dialogs/PreviewWindow.h"
 #include "views/dialogs/PropertiesDialog.h"
 #include "views/listing/ThumbnailStore.h"
@@ -19,10 +20,10 @@ void tourListings(TourStage& stage) {
     FileBrowserViewModel& browser = window.browser();
     stage.shoot(QStringLiteral("storage"));
     stage.open(QStringLiteral("/sdcard/DCIM/Camera"));
-    const auto rows = browser.filteredItems();
+    const auto rows = shownItems(browser);
     for (std::size_t i = 1; i < std::min<std::size_t>(rows.size(), 4); ++i)
-        browser.selectItem(rows[i].id(),
-                           i == 1 ? SelectionChange::replace : SelectionChange::extend);
+        browser.selection().select(rows[i].id(),
+                                   i == 1 ? SelectionChange::replace : SelectionChange::extend);
     stage.shoot(QStringLiteral("list"));
     browser.setViewMode(ViewMode::grid);
     window.browserView().currentListing().setFocus();
@@ -60,7 +61,7 @@ void tourTypedPaths(TourStage& stage) {
 void tourPreviews(TourStage& stage) {
     MainWindow& window = stage.window();
     stage.open(QStringLiteral("/sdcard/DCIM/Camera"));
-    window.browser().selectItem(window.browser().filteredItems().at(2).id());
+    window.browser().selection().select(shownItems(window.browser()).at(2).id());
     window.browserView().actions().quickLook->trigger();
     const auto shows = [&](const char* page) {
         const auto* widget =
@@ -77,7 +78,7 @@ void tourPreviews(TourStage& stage) {
     stage.shoot(QStringLiteral("preview-text"));
     window.browserView().actions().quickLook->trigger();
     stage.open(QStringLiteral("/sdcard/Music/First Songs"));
-    window.browser().selectItem(window.browser().filteredItems().at(1).id());
+    window.browser().selection().select(shownItems(window.browser()).at(1).id());
     window.browserView().actions().quickLook->trigger();
     stage.shoot(QStringLiteral("preview-facts"));
     window.browserView().actions().quickLook->trigger();

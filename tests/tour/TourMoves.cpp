@@ -1,4 +1,5 @@
 #include "tour/TourMoves.h"
+#include "support/ShownItems.h"
 
 #include <QAbstractItemView>
 #include <QAction>
@@ -30,10 +31,10 @@ void tourMoves(TourStage& stage) {
     MainWindow& window = stage.window();
     const BrowserActions& actions = window.browserView().actions();
     stage.open(QStringLiteral("/sdcard/Documents"));
-    const auto rows = window.browser().filteredItems();
+    const auto rows = shownItems(window.browser());
     if (rows.empty())
         throw std::runtime_error("there are no documents");
-    window.browser().selectItem(rows.back().id());
+    window.browser().selection().select(rows.back().id());
     shootWhenOpen(stage, QStringLiteral("entry-menu"));
     QAbstractItemView& view = window.browserView().currentListing();
     const QPoint spot = view.visualRect(view.currentIndex()).center();

@@ -1,4 +1,5 @@
 #include "tour/TourStage.h"
+#include "support/ShownItems.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -87,10 +88,10 @@ void TourStage::open(const QString& path) {
 void TourStage::selectNamed(const QStringList& names) {
     FileBrowserViewModel& browser = window_.browser();
     SelectionChange how = SelectionChange::replace;
-    for (const FileItem& item : browser.filteredItems()) {
+    for (const FileItem& item : shownItems(browser)) {
         if (!names.contains(item.name))
             continue;
-        browser.selectItem(item.id(), how);
+        browser.selection().select(item.id(), how);
         how = SelectionChange::toggle;
     }
 }

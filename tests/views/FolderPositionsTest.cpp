@@ -40,7 +40,7 @@ TEST_F(FolderPositionsTest, backAndForwardLeadToWhatWasLeft) {
         go(u"Many"_s);
         EXPECT_EQ(scrolling().value(), 0) << "a new folder begins at its top";
         scrolling().setValue(1500);
-        window_->browser().selectItem(window_->browser().rows().item(70).id());
+        window_->browser().selection().select(window_->browser().rows().item(70).id());
         QCoreApplication::processEvents();
         const int left = scrolling().value();
         ASSERT_GT(left, 900);
@@ -68,7 +68,7 @@ TEST_F(FolderPositionsTest, anotherPhoneAndBackLeadsToWhatWasLeft) {
     go(u"Many"_s);
     go(u"More"_s);
     scrolling().setValue(1500);
-    window_->browser().selectItem(window_->browser().rows().item(70).id());
+    window_->browser().selection().select(window_->browser().rows().item(70).id());
     QCoreApplication::processEvents();
     const int left = scrolling().value();
     PluggedPhone other(bus_, phoneConfig("OTHER", "1-2"));
@@ -91,7 +91,7 @@ TEST_F(FolderPositionsTest, anotherPhoneAndBackLeadsToWhatWasLeft) {
 
 TEST_F(FolderPositionsTest, whatIsGoneMeanwhileIsNotSelected) {
     go(u"Many"_s);
-    window_->browser().selectItem(window_->browser().rows().item(3).id());
+    window_->browser().selection().select(window_->browser().rows().item(3).id());
     go(u"More"_s);
     ASSERT_TRUE(QFile::remove(phone_.disk.path(u"0/Many/file 003.txt"_s)));
     window_->browser().folders().forgetAll();

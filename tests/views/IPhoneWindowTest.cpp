@@ -64,11 +64,11 @@ TEST_F(IPhoneWindowTest, appIsChosenAndItsDocumentsAreCopied) {
     clickApp(u"Notes"_s);
     ASSERT_TRUE(wait([this] { return showsLetter(); }));
 
-    window_->browser().selectAll();
+    window_->browser().selection().selectAll();
     window_->browserView().actions().download->trigger();
     EXPECT_TRUE(wait([this] { return local_.read(u"letter.txt"_s) == "dear"; }));
 
-    window_->browser().clearSelection();
+    window_->browser().selection().clear();
     window_->browserView().actions().favorite->trigger();
     window_->browserView().actions().apps->trigger();
     EXPECT_TRUE(wait([this] { return showsApps(); }));
@@ -136,7 +136,7 @@ TEST_F(PhotosIPhoneWindowTest, theyAreAVolumeBesideTheApps) {
     EXPECT_EQ(list("volumeList").currentIndex().row(), 0);
     window_->browser().navigateTo(u"/DCIM/100APPLE"_s);
     ASSERT_TRUE(wait([this] { return shows(u"IMG_0001.JPG"_s); }));
-    window_->browser().selectAll();
+    window_->browser().selection().selectAll();
     window_->browserView().actions().download->trigger();
     EXPECT_TRUE(wait([this] { return local_.read(u"IMG_0001.JPG"_s) == "a picture"; }));
     // What is deleted here is gone in another way than on the phone.
@@ -150,7 +150,7 @@ TEST_F(PhotosIPhoneWindowTest, theyAreAVolumeBesideTheApps) {
     window_->browserView().actions().remove->trigger();
     EXPECT_TRUE(asked.contains(u"Recently Deleted"_s)) << asked.toStdString();
 
-    window_->browser().clearSelection();
+    window_->browser().selection().clear();
     window_->browserView().actions().favorite->trigger();
     clickRow(list("volumeList"), 1);
     ASSERT_TRUE(wait([this] { return showsApps(); }));

@@ -1,6 +1,7 @@
 #include "WindowFixture.h"
 #include "simulator/content/DemoMedia.h"
 #include "support/CopyNow.h"
+#include "support/ShownItems.h"
 #include "support/StallWatch.h"
 #include "views/dialogs/PictureView.h"
 #include "views/dialogs/PreviewWindow.h"
@@ -47,7 +48,7 @@ protected:
         return window_->browser();
     }
     QString idOf(const QString& name) {
-        for (const FileItem& item : browser().filteredItems())
+        for (const FileItem& item : shownItems(browser()))
             if (item.name == name)
                 return item.id();
         return {};
@@ -147,7 +148,7 @@ TEST_F(PreviewTest, fetchingShowsProgressAndCanBeCancelled) {
 
 TEST_F(PreviewTest, previewFollowsTheListingAndGoesWithItsFile) {
     openPreview(u"a picture.png"_s);
-    browser().selectItem(idOf(u"b text.txt"_s));
+    browser().selection().select(idOf(u"b text.txt"_s));
     EXPECT_EQ(preview()->item()->name, u"b text.txt"_s);
     phone_.android.unplug();
     EXPECT_TRUE(wait([this] { return preview() == nullptr; }));

@@ -1,4 +1,5 @@
 #include "WindowFixture.h"
+#include "support/ShownItems.h"
 
 #include <QLineEdit>
 
@@ -29,7 +30,7 @@ protected:
     }
     [[nodiscard]] QStringList shown() const {
         QStringList names;
-        for (const FileItem& item : window_->browser().filteredItems())
+        for (const FileItem& item : shownItems(window_->browser()))
             names.append(item.name);
         return names;
     }

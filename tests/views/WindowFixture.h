@@ -164,7 +164,7 @@ protected:
     }
     [[nodiscard]] QStringList selectedNames() const {
         QStringList names;
-        for (const FileItem& item : window_->browser().selectedEntries())
+        for (const FileItem& item : window_->browser().selection().entries())
             names.append(item.name);
         return names;
     }

@@ -5,7 +5,6 @@
 #include "base/threads/Background.h"
 #include "base/threads/CancellationError.h"
 #include "base/threads/EndInBackground.h"
-#include "browser/actions/TypedPath.h"
 #include "transfer/mount/DragMount.h"
 #include "transfer/staging/StagedFiles.h"
 
@@ -23,17 +22,6 @@ using namespace std::chrono_literals;
 constexpr auto reloadPause = 300ms;
 constexpr auto reloadPauseInQueue = 3s;
 
-std::vector<PathComponent> breadcrumbsOf(const FileTreeRoot& root, const QString& path) {
-    std::vector<PathComponent> components{{QUuid::createUuid(), root.name, root.path}};
-    QString soFar = root.path;
-    for (const QString& name :
-         path.mid(root.path.size()).split(QLatin1Char('/'), Qt::SkipEmptyParts)) {
-        soFar = joinPath(soFar, name);
-        components.push_back({QUuid::createUuid(), name, soFar});
-    }
-    return components;
-}
-
 } // namespace
 
 FileBrowserViewModel::FileBrowserViewModel(CopyQueue& queue, BrowserSetup setup, QObject* parent)
@@ -43,8 +31,8 @@ FileBrowserViewModel::FileBrowserViewModel(CopyQueue& queue, BrowserSetup setup,
       openApp_(std::move(setup.openApp)),
       staged_(*setup.staged),
       promises_(setup.promises),
-      breadcrumbs_(breadcrumbsOf({QStringLiteral("/"), QStringLiteral("Root")}, currentPath_)),
-      typeahead_(std::move(setup.clock)),
+      selection_(rows_, std::move(setup.clock)),
+      loader_([&queue] { return queue.summary().isIdle() ? reloadPause : reloadPauseInQueue; }),
       copies_(*this, queue),
       changes_(*this),
       preview_(staged_) {
@@ -54,8 +42,9 @@ FileBrowserViewModel::FileBrowserViewModel(CopyQueue& queue, BrowserSetup setup,
     connect(&preview_, &PreviewFetch::progress, this, &FileBrowserViewModel::previewProgress);
     connect(&preview_, &PreviewFetch::ready, this, &FileBrowserViewModel::previewReady);
     connect(&preview_, &PreviewFetch::failed, this, &FileBrowserViewModel::previewFailed);
-    reloadTimer_.setSingleShot(true);
-    connect(&reloadTimer_, &QTimer::timeout, this, &FileBrowserViewModel::reloadSoon);
+    connect(&loader_, &FolderLoader::againDue, this, &FileBrowserViewModel::reload);
+    connect(&loader_, &FolderLoader::partCame, this,
+            [this](const std::shared_ptr<const FileListing>& part) { rows_.update(part); });
     connect(&queue_, &CopyQueue::jobFinished, this, &FileBrowserViewModel::reloadAfter);
     if (promises_ != nullptr)
         promises_->reportFailuresTo([self = QPointer(this)](const FileItem& item,
@@ -80,11 +69,10 @@ void FileBrowserViewModel::dismissProblem() {
 }
 
 void FileBrowserViewModel::stopAll() {
-    ++loadNumber_;
-    stopLoad_.request_stop();
+    loader_.stop();
+    loader_.forgetAgain();
     preview_.cancel();
     changes_.cancel();
-    reloadTimer_.stop();
 }
 
 void FileBrowserViewModel::connectAndroid(const DeviceInfo& device, const QString& initialPath) {
@@ -108,7 +96,6 @@ void FileBrowserViewModel::open(std::shared_ptr<PhoneFileSystem> files,
                                 const std::optional<DeviceInfo>& device,
                                 const QString& initialPath) {
     preview_.cancel();
-    reloadTimer_.stop();
     if (files_)
         left_.insert(files_->identity(), history_);
     std::swap(files_, files);
@@ -118,7 +105,7 @@ void FileBrowserViewModel::open(std::shared_ptr<PhoneFileSystem> files,
     isMedia_ = false;
     isConnecting_ = false;
     history_ = initialPath.isEmpty() ? left_.value(files_->identity()) : BrowserHistory();
-    knownFolders_.clear();
+    typed_.known().clear();
     folders_.open(files_->identity(), device ? device->id() : QString());
     Q_EMIT connectionChanged();
     if (history_.paths().empty())
@@ -149,9 +136,10 @@ void FileBrowserViewModel::updateDevice(const DeviceInfo& device) {
     // The connection to an app is opened anew by itself, wherever the phone is plugged in.
     if (device.platform == DevicePlatform::android)
         files_ = openAndroid_(device);
-    const FileTreeRoot root = rootOf(currentPath_);
-    if (!breadcrumbs_.empty() && breadcrumbs_.front().name != root.name) {
-        breadcrumbs_.front().name = root.name;
+    BrowserPlace renamed = BrowserPlace::of(*files_, activeDevice_, currentPath());
+    if (place_.components.empty() ||
+        place_.components.front().name != renamed.components.front().name) {
+        place_ = std::move(renamed);
         Q_EMIT pathChanged();
     }
     Q_EMIT connectionChanged();
@@ -159,21 +147,11 @@ void FileBrowserViewModel::updateDevice(const DeviceInfo& device) {
         reload();
 }
 
-/// The phone knows its storages' names better than a path does.
-FileTreeRoot FileBrowserViewModel::rootOf(const QString& path) const {
-    FileTreeRoot root = files_->rootOf(path);
-    if (activeDevice_)
-        for (const StorageVolume& volume : activeDevice_->volumes)
-            if (root.path == QStringLiteral("/storage/") + volume.id && !volume.name.isEmpty())
-                root.name = volume.name;
-    return root;
-}
-
 void FileBrowserViewModel::navigateTo(const QString& path, bool recordHistory) {
     if (!files_)
         return;
     const QString target = files_->canonicalPath(path);
-    if (recordHistory && target != currentPath_) {
+    if (recordHistory && target != currentPath()) {
         history_.record(target);
         Q_EMIT historyChanged();
     }
@@ -183,16 +161,12 @@ void FileBrowserViewModel::navigateTo(const QString& path, bool recordHistory) {
 /// Goes to another folder, or anew to the one shown.
 void FileBrowserViewModel::show(const QString& path) {
     setSearchedName({});
-    changeSelection({});
-    typeahead_.reset();
+    selection_.restart();
     awaited_.reset();
-    ++typedNumber_;
+    typed_.forget();
     setProblem(std::nullopt);
-    const FileTreeRoot root = rootOf(path);
-    const bool isOther = path != currentPath_;
-    currentPath_ = path;
-    rootPath_ = root.path;
-    breadcrumbs_ = breadcrumbsOf(root, path);
+    const bool isOther = path != currentPath();
+    place_ = BrowserPlace::of(*files_, activeDevice_, path);
     auto remembered = folders_.recall(files_->identity(), path);
     const bool isRemembered = remembered && !remembered->empty();
     if (isRemembered)
@@ -210,28 +184,20 @@ void FileBrowserViewModel::enterFolder(const QString& itemId) {
 }
 
 bool FileBrowserViewModel::canNavigateUp() const {
-    return files_ && currentPath_ != rootPath_;
+    return files_ && currentPath() != rootPath();
 }
 
 void FileBrowserViewModel::navigateUp() {
     if (!canNavigateUp())
         return;
-    const QString left = lastComponent(currentPath_);
+    const QString left = lastComponent(currentPath());
     const bool isGone = state_ == BrowserState::folderGone;
-    navigateTo(isGone ? livingFolder_ : parentPath(currentPath_));
+    navigateTo(isGone ? livingFolder_ : parentPath(currentPath()));
     if (isGone)
         return;
     awaited_ = Awaited{left};
     if (rows_.listing().size() > 0)
         selectAwaited();
-}
-
-bool FileBrowserViewModel::canGoBack() const {
-    return history_.canGoBack();
-}
-
-bool FileBrowserViewModel::canGoForward() const {
-    return history_.canGoForward();
 }
 
 void FileBrowserViewModel::goBack() {
@@ -255,14 +221,6 @@ void FileBrowserViewModel::reload() {
         load(Meanwhile::shown);
 }
 
-/// Reads the folder again, after the reading that is under way: a phone that is busy copying would
-/// else never come to the end of one.
-void FileBrowserViewModel::reloadSoon() {
-    isReloadWanted_ = isLoading_;
-    if (!isLoading_)
-        reload();
-}
-
 void FileBrowserViewModel::setSearchedName(const QString& name) {
     if (std::exchange(searchedName_, name) != name)
         Q_EMIT searchedNameChanged();
@@ -272,7 +230,7 @@ void FileBrowserViewModel::searchBelow(const QString& name) {
     const QString wanted = name.trimmed();
     if (!files_ || state_ == BrowserState::deviceLost || wanted.isEmpty())
         return;
-    changeSelection({});
+    selection_.clear();
     awaited_.reset();
     setProblem(std::nullopt);
     setSearchText({});
@@ -283,62 +241,29 @@ void FileBrowserViewModel::searchBelow(const QString& name) {
 
 void FileBrowserViewModel::endSearch() {
     if (!searchedName_.isEmpty())
-        show(currentPath_);
-}
-
-std::function<BrowserLoad(const std::stop_token&)>
-FileBrowserViewModel::loadWork(const PartialListing& part) const {
-    if (searchedName_.isEmpty())
-        return [files = files_, path = currentPath_, locale = QLocale(),
-                part](const std::stop_token& stop) {
-            return loadFolder(*files, path, locale, part, stop);
-        };
-    return [files = files_, path = currentPath_, locale = QLocale(), part,
-            search = SearchBelow{searchedName_, rows_.showsHidden()}](const std::stop_token& stop) {
-        return loadSearch(*files, path, search, locale, part, stop);
-    };
+        show(currentPath());
 }
 
 void FileBrowserViewModel::load(Meanwhile meanwhile) {
-    reloadTimer_.stop();
-    isReloadWanted_ = false;
-    stopLoad_.request_stop();
-    const std::uint64_t number = ++loadNumber_;
-    const bool partsWanted = meanwhile == Meanwhile::nothing;
+    FolderLoader::Wanted wanted{files_, currentPath(), std::nullopt,
+                                meanwhile == Meanwhile::nothing};
+    if (!searchedName_.isEmpty())
+        wanted.search = SearchBelow{searchedName_, rows_.showsHidden()};
     setState(meanwhile == Meanwhile::shown ? state_ : BrowserState::ready, true);
-    stopLoad_ = runInBackground(
-        this, loadWork(partsWanted ? partReceiver(number) : PartialListing()),
-        [this, number, meanwhile, begun = folders_.now()](BackgroundResult<BrowserLoad> result) {
-            // Of a folder that is not wanted any more, or stopped.
-            if (number != loadNumber_ || !result.succeeded())
-                return;
-            const BrowserLoad loaded = result.take();
-            if (loaded.listing && searchedName_.isEmpty())
-                folders_.remember(files_->identity(), currentPath_, loaded.listing->items(), begun);
-            else if (!loaded.listing)
-                forgetAfter(loaded);
-            applyLoad(loaded, meanwhile);
-            if (!isLoading_ && isReloadWanted_)
-                reloadTimer_.start(queue_.summary().isIdle() ? reloadPause : reloadPauseInQueue);
-        });
-}
-
-/// Where a load leaves what it has so far: the main thread shows the newest part, however many
-/// there were.
-PartialListing FileBrowserViewModel::partReceiver(std::uint64_t number) {
-    return [self = QPointer(this), number](std::shared_ptr<const FileListing> part) {
-        MainThread::post([self, number, part = std::move(part)] {
-            if (self && number == self->loadNumber_ && self->isLoading_)
-                self->rows_.update(part);
-        });
-    };
+    loader_.start(wanted, [this, meanwhile, begun = folders_.now()](const BrowserLoad& loaded) {
+        if (loaded.listing && searchedName_.isEmpty())
+            folders_.remember(files_->identity(), currentPath(), loaded.listing->items(), begun);
+        else if (!loaded.listing)
+            forgetAfter(loaded);
+        applyLoad(loaded, meanwhile);
+    });
 }
 
 void FileBrowserViewModel::forgetAfter(const BrowserLoad& failure) {
     if (failure.isDeviceLost)
         folders_.forget(files_->identity());
     else
-        folders_.forgetFolder(files_->identity(), currentPath_);
+        folders_.forgetFolder(files_->identity(), currentPath());
 }
 
 void FileBrowserViewModel::applyLoad(const BrowserLoad& load, Meanwhile meanwhile) {
@@ -354,7 +279,7 @@ void FileBrowserViewModel::applyLoad(const BrowserLoad& load, Meanwhile meanwhil
         livingFolder_ = load.livingFolder.value_or(QString());
         if (load.livingFolder)
             rows_.reset(FileListing::make({}, QLocale()));
-        pruneSelection();
+        selection_.prune();
         setState(load.isDeviceLost   ? BrowserState::deviceLost
                  : load.livingFolder ? BrowserState::folderGone
                                      : BrowserState::failed,
@@ -365,13 +290,13 @@ void FileBrowserViewModel::applyLoad(const BrowserLoad& load, Meanwhile meanwhil
     isConnecting_ = false;
     unreadable_ = load.unreadable;
     if (searchedName_.isEmpty())
-        knownFolders_.note(currentPath_, load.listing->items());
+        typed_.known().note(currentPath(), load.listing->items());
     // What has come of a long listing is shown already.
     if (meanwhile == Meanwhile::nothing && rows_.listing().size() == 0)
         rows_.reset(load.listing);
     else
         rows_.update(load.listing);
-    pruneSelection();
+    selection_.prune();
     setState(BrowserState::ready, false);
     if (isProblemOfLoad_)
         setProblem(std::nullopt);
@@ -381,13 +306,12 @@ void FileBrowserViewModel::applyLoad(const BrowserLoad& load, Meanwhile meanwhil
 void FileBrowserViewModel::cancelLoading() {
     if (!isLoading_ || !files_)
         return;
-    ++loadNumber_;
-    stopLoad_.request_stop();
+    loader_.stop();
     const bool isShown = state_ != BrowserState::ready || rows_.listing().size() > 0;
     setState(isShown ? state_ : BrowserState::failed, false);
     if (!isShown)
         setProblem(
-            BrowserProblem{BrowserProblem::What::notRead, lastComponent(currentPath_), 1, 1, {}},
+            BrowserProblem{BrowserProblem::What::notRead, lastComponent(currentPath()), 1, 1, {}},
             true);
 }
 
@@ -411,14 +335,6 @@ const std::vector<FileItem>& FileBrowserViewModel::items() const {
     return rows_.listing().items();
 }
 
-std::vector<FileItem> FileBrowserViewModel::filteredItems() const {
-    std::vector<FileItem> shown;
-    shown.reserve(static_cast<std::size_t>(rows_.count()));
-    for (int row = 0; row < rows_.count(); ++row)
-        shown.push_back(rows_.item(row));
-    return shown;
-}
-
 const FileItem* FileBrowserViewModel::itemWithId(const QString& id) const {
     const int index = rows_.listing().indexOf(id);
     return index < 0 ? nullptr : &rows_.listing().item(index);
@@ -436,7 +352,7 @@ void FileBrowserViewModel::setSearchText(const QString& text) {
     if (text == rows_.filter())
         return;
     rows_.setFilter(text);
-    pruneSelection();
+    selection_.prune();
     Q_EMIT searchTextChanged();
 }
 
@@ -444,17 +360,10 @@ void FileBrowserViewModel::setShowsHidden(bool shows) {
     if (shows == rows_.showsHidden())
         return;
     rows_.setShowsHidden(shows);
-    pruneSelection();
+    selection_.prune();
     Q_EMIT showsHiddenChanged();
     if (!searchedName_.isEmpty())
         reload(); // hidden folders are searched, too, or not any more
-}
-
-/// What cannot be seen must not be deleted with the rest.
-void FileBrowserViewModel::pruneSelection() {
-    BrowserSelection selection = selection_;
-    selection.prune(rows_);
-    changeSelection(selection);
 }
 
 void FileBrowserViewModel::setSortOrder(const FileSortOrder& order) {
@@ -475,70 +384,9 @@ void FileBrowserViewModel::setPictureSide(int side) {
         Q_EMIT pictureSideChanged();
 }
 
-std::vector<FileItem> FileBrowserViewModel::selectedEntries() const {
-    std::vector<FileItem> selected;
-    for (int row = 0; row < rows_.count(); ++row)
-        if (selection_.ids().contains(rows_.id(row)))
-            selected.push_back(rows_.item(row));
-    return selected;
-}
-
-void FileBrowserViewModel::changeSelection(const BrowserSelection& selection) {
-    if (selection == selection_)
-        return;
-    selection_ = selection;
-    Q_EMIT selectionChanged();
-}
-
-void FileBrowserViewModel::selectItem(const QString& id, SelectionChange how) {
-    const int row = rows_.rowOf(id);
-    if (row < 0)
-        return;
-    BrowserSelection selection = selection_;
-    selection.select(rows_, row, how);
-    changeSelection(selection);
-}
-
-void FileBrowserViewModel::moveSelection(int step, bool extend) {
-    BrowserSelection selection = selection_;
-    selection.move(rows_, step, extend);
-    changeSelection(selection);
-}
-
-void FileBrowserViewModel::selectAll() {
-    BrowserSelection selection = selection_;
-    selection.selectAll(rows_);
-    changeSelection(selection);
-}
-
-void FileBrowserViewModel::invertSelection() {
-    QSet<QString> others;
-    for (int row = 0; row < rows_.count(); ++row)
-        if (!selection_.ids().contains(rows_.id(row)))
-            others.insert(rows_.id(row));
-    setSelection(others, selection_.current().value_or(QString()));
-}
-
-void FileBrowserViewModel::clearSelection() {
-    changeSelection({});
-}
-
-void FileBrowserViewModel::setSelection(const QSet<QString>& ids, const QString& currentId) {
-    BrowserSelection selection = selection_;
-    selection.set(rows_, ids, currentId);
-    changeSelection(selection);
-}
-
-void FileBrowserViewModel::handleTypeahead(const QString& character) {
-    const int current = selection_.current() ? rows_.rowOf(*selection_.current()) : -1;
-    const int row = typeahead_.type(character, rows_, current);
-    if (row >= 0)
-        selectItem(rows_.id(row));
-}
-
 void FileBrowserViewModel::refreshAfterChange(const QString& identity, const QString& path,
                                               bool isDeviceLost) {
-    if (!files_ || files_->identity() != identity || path != currentPath_)
+    if (!files_ || files_->identity() != identity || path != currentPath())
         return;
     if (isDeviceLost)
         setState(BrowserState::deviceLost, false);
@@ -557,10 +405,6 @@ void FileBrowserViewModel::deleteItems(const QStringList& ids) {
 void FileBrowserViewModel::renameItem(const QString& id, const QString& newName) {
     if (const FileItem* item = itemWithId(id))
         changes_.rename(*item, newName);
-}
-
-void FileBrowserViewModel::moveItemsToPath(const QStringList& ids, const QString& path) {
-    changes_.move(itemsWithIds(ids), path);
 }
 
 void FileBrowserViewModel::cacheFileForPreview(const QString& id) {
@@ -586,31 +430,16 @@ FileBrowserViewModel::prepareDragURLs(const QStringList& ids,
 }
 
 QStringList FileBrowserViewModel::pathCompletions(const QString& typed) const {
-    if (!files_)
-        return {};
-    const QString above = typed.left(typed.lastIndexOf(QLatin1Char('/')) + 1);
-    QStringList paths;
-    for (const QString& name : knownFolders_.namesIn(
-             files_->canonicalPath(absolutePath(above, currentPath_)), typed.mid(above.size())))
-        paths.append(above + name);
-    return paths;
+    return files_ ? typed_.completions(*files_, typed, currentPath()) : QStringList();
 }
 
 void FileBrowserViewModel::goToTyped(const QString& typed, std::function<void(bool)> whenDone) {
     if (!files_ || typed.isEmpty())
         return;
     dismissProblem();
-    const std::uint64_t number = ++typedNumber_;
-    const QString path = files_->canonicalPath(absolutePath(typed, currentPath_));
-    runInBackground(
-        this,
-        [files = files_, path, typed](const std::stop_token& stop) {
-            return lookUpTypedPath(*files, path, typed, stop);
-        },
-        [this, number, path, whenDone = std::move(whenDone)](BackgroundResult<TypedPath> result) {
-            if (number != typedNumber_ || !files_ || !result.succeeded())
-                return;
-            const TypedPath found = result.take();
+    typed_.lookUp(
+        files_, typed, currentPath(),
+        [this, whenDone = std::move(whenDone)](const TypedPath& found, const QString& path) {
             if (found.item) {
                 navigateTo(found.item->isDirectory ? path : parentPath(path));
                 if (!found.item->isDirectory)
@@ -634,7 +463,7 @@ void FileBrowserViewModel::selectAwaited() {
             continue;
         awaited_.reset();
         const QString id = rows_.id(row);
-        selectItem(id);
+        selection_.select(id);
         if (awaited.isNewFolder)
             Q_EMIT folderCreated(id);
         return;
@@ -655,14 +484,12 @@ void FileBrowserViewModel::reloadAfter(const QUuid& finishedJob) {
     folders_.forgetFolder(job.source, sourceFolder);
     const auto isShown = [this](const QString& identity, const QString& folder) {
         return files_ && identity == files_->identity() &&
-               files_->canonicalPath(folder) == currentPath_;
+               files_->canonicalPath(folder) == currentPath();
     };
     if (!searchedName_.isEmpty() || // a search takes its time: the user repeats it
         (!isShown(job.target, job.targetFolder) && !isShown(job.source, sourceFolder)))
         return;
-    const bool isLast = queue_.summary().isIdle();
-    if (isLast || !reloadTimer_.isActive())
-        reloadTimer_.start(isLast ? reloadPause : reloadPauseInQueue);
+    loader_.againSoon(queue_.summary().isIdle());
 }
 
 } // namespace tessary

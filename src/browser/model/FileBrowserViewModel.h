@@ -1,6 +1,5 @@
 #pragma once
 
-#include "browser/actions/BrowserLoad.h"
 #include "browser/actions/BrowserProblem.h"
 #include "browser/actions/DragFiles.h"
 #include "browser/actions/PreviewFetch.h"
@@ -8,10 +7,11 @@
 #include "browser/listing/ListingCache.h"
 #include "browser/model/BrowserCopies.h"
 #include "browser/model/BrowserHistory.h"
-#include "browser/model/BrowserSelection.h"
+#include "browser/model/BrowserPlace.h"
 #include "browser/model/EntryChanges.h"
-#include "browser/model/KnownFolders.h"
-#include "browser/model/Typeahead.h"
+#include "browser/model/FolderLoader.h"
+#include "browser/model/TypedPaths.h"
+#include "browser/selection/EntrySelection.h"
 #include "phone/PhoneFileSystem.h"
 #include "phone/records/AppInfo.h"
 #include "phone/records/DeviceInfo.h"
@@ -21,7 +21,6 @@
 
 #include <QHash>
 #include <QObject>
-#include <QTimer>
 #include <QUuid>
 
 #include <functional>
@@ -31,13 +30,6 @@
 #include <vector>
 
 namespace tessary {
-
-/// One step of the path bar.
-struct PathComponent {
-    QUuid id;
-    QString name;
-    QString path; ///< where a click goes
-};
 
 enum class ViewMode { list, grid };
 
@@ -124,13 +116,13 @@ public:
 
     // --- where we are ---
     [[nodiscard]] const QString& currentPath() const {
-        return currentPath_;
+        return place_.path;
     }
     [[nodiscard]] const QString& rootPath() const {
-        return rootPath_;
+        return place_.root;
     }
     [[nodiscard]] const std::vector<PathComponent>& breadcrumbs() const {
-        return breadcrumbs_;
+        return place_.components;
     }
     [[nodiscard]] BrowserState state() const {
         return state_;
@@ -172,8 +164,12 @@ public:
     void goBack();
     void goForward();
     [[nodiscard]] bool canNavigateUp() const;
-    [[nodiscard]] bool canGoBack() const;
-    [[nodiscard]] bool canGoForward() const;
+    [[nodiscard]] bool canGoBack() const {
+        return history_.canGoBack();
+    }
+    [[nodiscard]] bool canGoForward() const {
+        return history_.canGoForward();
+    }
     [[nodiscard]] const BrowserHistory& history() const {
         return history_;
     }
@@ -202,8 +198,6 @@ public:
     [[nodiscard]] const FileRows& rows() const {
         return rows_;
     }
-    /// A copy of the rows' entries.
-    [[nodiscard]] std::vector<FileItem> filteredItems() const;
     [[nodiscard]] const FileItem* itemWithId(const QString& id) const;
     /// Those of them that are in the folder.
     [[nodiscard]] std::vector<FileItem> itemsWithIds(const QStringList& ids) const;
@@ -239,29 +233,12 @@ public:
     static constexpr int normalPicture = 96;
     static constexpr int largestPicture = 256;
 
-    // --- selection ---
-    [[nodiscard]] const QSet<QString>& selectedItems() const {
-        return selection_.ids();
+    [[nodiscard]] EntrySelection& selection() {
+        return selection_;
     }
-    /// The selected entries in the order of the rows.
-    [[nodiscard]] std::vector<FileItem> selectedEntries() const;
-    [[nodiscard]] const std::optional<QString>& lastSelectedItemID() const {
-        return selection_.anchor();
+    [[nodiscard]] const EntrySelection& selection() const {
+        return selection_;
     }
-    /// The entry that the keyboard is on.
-    [[nodiscard]] const std::optional<QString>& currentItemID() const {
-        return selection_.current();
-    }
-    void selectItem(const QString& id, SelectionChange how = SelectionChange::replace);
-    /// Up and down in a grid: `step` is the number of columns, negative to go up.
-    void moveSelection(int step, bool extend = false);
-    void selectAll();
-    void invertSelection();
-    void clearSelection();
-    /// Takes over a selection that a view has made by itself.
-    void setSelection(const QSet<QString>& ids, const QString& currentId);
-    /// One typed letter of type-to-select.
-    void handleTypeahead(const QString& character);
 
     // --- edits: each runs in the background and reloads the folder at its end ---
     [[nodiscard]] bool isEditing() const {
@@ -292,7 +269,6 @@ public:
     /// Deletes entries one after the other; one report for all that failed.
     void deleteItems(const QStringList& ids);
     void renameItem(const QString& id, const QString& newName);
-    void moveItemsToPath(const QStringList& ids, const QString& path);
 
     // --- copies ---
     [[nodiscard]] BrowserCopies& copies() {
@@ -323,8 +299,7 @@ Q_SIGNALS:
     void viewModeChanged();
     void pictureSideChanged();
     void showsHiddenChanged();
-    void selectionChanged(); ///< also the current entry
-    void editingChanged();   ///< isEditing, editProgress
+    void editingChanged(); ///< isEditing, editProgress
     /// The new folder is there and selected; a view may start renaming it.
     void folderCreated(const QString& id);
     void itemRenamed(const QString& oldPath, const QString& newPath);
@@ -348,21 +323,14 @@ private:
     };
     void stopAll();
     void show(const QString& path);
-    void reloadSoon();
     void setSearchedName(const QString& name);
-    [[nodiscard]] std::function<BrowserLoad(const std::stop_token&)>
-    loadWork(const PartialListing& part) const;
     void load(Meanwhile meanwhile);
     void applyLoad(const BrowserLoad& load, Meanwhile meanwhile);
     void forgetAfter(const BrowserLoad& failure);
     void setState(BrowserState state, bool isLoading);
     void setProblem(const std::optional<BrowserProblem>& problem, bool isOfLoad = false);
-    void changeSelection(const BrowserSelection& selection);
     void selectAwaited();
     void reloadAfter(const QUuid& finishedJob);
-    void pruneSelection();
-    [[nodiscard]] PartialListing partReceiver(std::uint64_t number);
-    [[nodiscard]] FileTreeRoot rootOf(const QString& path) const;
     CopyQueue& queue_;
     BrowserSetup::OpenAndroid openAndroid_;
     BrowserSetup::OpenApp openApp_;
@@ -373,10 +341,8 @@ private:
     std::optional<DeviceInfo> activeDevice_;
     QString appName_ = QStringLiteral("Documents");
     bool isMedia_ = false;
-    QString currentPath_ = QStringLiteral("/");
-    QString rootPath_ = QStringLiteral("/");
+    BrowserPlace place_;
     int unreadable_ = 0;
-    std::vector<PathComponent> breadcrumbs_;
     BrowserHistory history_;
     QHash<QString, BrowserHistory> left_; ///< of other connections, by PhoneFileSystem::identity()
     BrowserState state_ = BrowserState::ready;
@@ -384,23 +350,18 @@ private:
     std::optional<BrowserProblem> problem_;
     bool isProblemOfLoad_ = false; ///< else of an action: a reload leaves it
     QString livingFolder_;         ///< where "up" goes from a folder that is gone
-    KnownFolders knownFolders_;
-    std::uint64_t typedNumber_ = 0; ///< answers about older typed paths are dropped
+    TypedPaths typed_;
 
     QString searchedName_;
     ListingCache folders_;
     FileRows rows_;
-    BrowserSelection selection_;
-    Typeahead typeahead_;
+    EntrySelection selection_;
     ViewMode viewMode_ = ViewMode::list;
     int pictureSide_ = normalPicture;
     std::optional<Awaited> awaited_;
 
-    bool isConnecting_ = false;    ///< to an app: the first load is under way
-    std::uint64_t loadNumber_ = 0; ///< answers of older loads are dropped
-    std::stop_source stopLoad_{std::nostopstate};
-    QTimer reloadTimer_;
-    bool isReloadWanted_ = false; ///< once the folder that is being read was read
+    bool isConnecting_ = false; ///< to an app: the first load is under way
+    FolderLoader loader_;
     BrowserCopies copies_;
     EntryChanges changes_;
     PreviewFetch preview_;

@@ -125,8 +125,8 @@ void BrowserView::connectActions() {
     on(actions_.copyTo, [this] { copies_.chooseFolderAndTake(EntryMimeData::Use::copy); });
     on(actions_.duplicate, [this] { copies_.duplicate(); });
     on(actions_.paste, [this] { copies_.paste(); });
-    on(actions_.selectAll, [this] { browser_.selectAll(); });
-    on(actions_.invertSelection, [this] { browser_.invertSelection(); });
+    on(actions_.selectAll, [this] { browser_.selection().selectAll(); });
+    on(actions_.invertSelection, [this] { browser_.selection().invert(); });
     on(actions_.asList, [this] { setGrid(false); });
     on(actions_.asGrid, [this] { setGrid(true); });
     on(actions_.zoomIn, [this] { zoom(1); });
@@ -168,7 +168,7 @@ void BrowserView::connectBrowser() {
     on(&FileBrowserViewModel::connectionChanged, &BrowserView::showPath);
     on(&FileBrowserViewModel::problemChanged, &BrowserView::showContent);
     on(&FileBrowserViewModel::searchTextChanged, &BrowserView::showContent);
-    on(&FileBrowserViewModel::selectionChanged, &BrowserView::showStatus);
+    connect(&browser_.selection(), &EntrySelection::changed, this, &BrowserView::showStatus);
     on(&FileBrowserViewModel::historyChanged, &BrowserView::updateActions);
     on(&FileBrowserViewModel::editingChanged, &BrowserView::showStatus);
     on(&FileBrowserViewModel::showsHiddenChanged, &BrowserView::showContent);
@@ -313,7 +313,7 @@ void BrowserView::showStatus() {
     QString text = shown == inAll ? tr("%Ln items", nullptr, static_cast<int>(inAll))
                                   : tr("%1 of %Ln items", nullptr, static_cast<int>(inAll))
                                         .arg(QLocale().toString(shown));
-    if (const auto selected = browser_.selectedEntries(); !selected.empty())
+    if (const auto selected = browser_.selection().entries(); !selected.empty())
         text += QStringLiteral("  ·  ") + selectionText(selected);
     if (browser_.isEditing())
         text += QStringLiteral("  ·  ") + tr("%1 of %2 done (Esc stops)")
@@ -360,7 +360,7 @@ void BrowserView::setGrid(bool grid) {
 
 void BrowserView::updateActions() {
     (browser_.viewMode() == ViewMode::grid ? actions_.asGrid : actions_.asList)->setChecked(true);
-    const std::size_t selected = static_cast<std::size_t>(browser_.selectedItems().size());
+    const std::size_t selected = static_cast<std::size_t>(browser_.selection().ids().size());
     const bool isUsable =
         browser_.files() != nullptr && browser_.state() != BrowserState::deviceLost;
     actions_.back->setEnabled(isUsable && browser_.canGoBack());
@@ -449,10 +449,10 @@ bool BrowserView::handleKey(const QKeyEvent& key) {
     case Qt::Key_Escape:
         if (browser_.isEditing())
             browser_.cancelEdits();
-        else if (browser_.selectedItems().isEmpty())
+        else if (browser_.selection().ids().isEmpty())
             browser_.endSearch();
         else
-            browser_.clearSelection();
+            browser_.selection().clear();
         return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -468,15 +468,15 @@ bool BrowserView::handleKey(const QKeyEvent& key) {
     case Qt::Key_Left:
     case Qt::Key_Right:
         // The first arrow key selects the entry that the keyboard is on, before any moves it.
-        if (!browser_.selectedItems().isEmpty() || key.modifiers() != Qt::NoModifier ||
+        if (!browser_.selection().ids().isEmpty() || key.modifiers() != Qt::NoModifier ||
             model_.rowCount() == 0)
             return false;
         if (const QModelIndex index = currentListing().currentIndex(); index.isValid())
-            browser_.selectItem(index.siblingAtColumn(FileListModel::nameColumn)
-                                    .data(FileListModel::idRole)
-                                    .toString());
+            browser_.selection().select(index.siblingAtColumn(FileListModel::nameColumn)
+                                            .data(FileListModel::idRole)
+                                            .toString());
         else
-            browser_.selectItem(model_.index(0, 0).data(FileListModel::idRole).toString());
+            browser_.selection().select(model_.index(0, 0).data(FileListModel::idRole).toString());
         return true;
     default:
         return false;

@@ -50,7 +50,7 @@ CopyCommands::CopyCommands(FileBrowserViewModel& browser, CopyDialogs dialogs, Q
 
 void CopyCommands::downloadSelected() {
     QStringList ids;
-    for (const FileItem& item : browser_.selectedEntries())
+    for (const FileItem& item : browser_.selection().entries())
         ids.append(item.id());
     if (ids.isEmpty())
         return;
@@ -116,7 +116,7 @@ void CopyCommands::take(const EntryMimeData& entries, const QString& folder,
 }
 
 void CopyCommands::chooseFolderAndTake(EntryMimeData::Use use) {
-    std::vector<FileItem> items = browser_.selectedEntries();
+    std::vector<FileItem> items = browser_.selection().entries();
     if (items.empty() || !browser_.files())
         return;
     const bool isMove = use == EntryMimeData::Use::move;
@@ -130,7 +130,7 @@ void CopyCommands::chooseFolderAndTake(EntryMimeData::Use use) {
 
 void CopyCommands::duplicate() {
     if (browser_.files())
-        browser_.copies().prepareTransfer(browser_.files(), browser_.selectedEntries(), {},
+        browser_.copies().prepareTransfer(browser_.files(), browser_.selection().entries(), {},
                                           askAndCopy());
 }
 

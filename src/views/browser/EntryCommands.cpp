@@ -50,7 +50,7 @@ void EntryCommands::toggleFavorite() {
 }
 
 std::pair<QString, QString> EntryCommands::favoriteCandidate() const {
-    const auto selected = browser_.selectedEntries();
+    const auto selected = browser_.selection().entries();
     if (selected.size() == 1 && selected.front().isDirectory)
         return {selected.front().name, browser_.files()->canonicalPath(selected.front().path)};
     if (!selected.empty() || browser_.breadcrumbs().empty())
@@ -64,7 +64,7 @@ void EntryCommands::forgetFavorite() {
 }
 
 void EntryCommands::open() {
-    const auto selected = browser_.selectedEntries();
+    const auto selected = browser_.selection().entries();
     if (selected.size() == 1 && selected.front().isDirectory) {
         browser_.enterFolder(selected.front().id());
         return;
@@ -78,7 +78,7 @@ void EntryCommands::open() {
 /// Gives the selected files as files of this computer; folders are left out.
 void EntryCommands::fetchSelected(std::function<void(const QStringList&)> whenHere) {
     QStringList ids;
-    for (const FileItem& item : browser_.selectedEntries())
+    for (const FileItem& item : browser_.selection().entries())
         if (!item.isDirectory)
             ids.append(item.id());
     if (ids.isEmpty())
@@ -93,7 +93,7 @@ void EntryCommands::fetchSelected(std::function<void(const QStringList&)> whenHe
 
 /// The desktop's programs are looked up while the menu is open.
 void EntryCommands::addOpenWith(QMenu& menu) {
-    const auto selected = browser_.selectedEntries();
+    const auto selected = browser_.selection().entries();
     const auto file =
         std::ranges::find_if(selected, [](const FileItem& item) { return !item.isDirectory; });
     if (file == selected.end())
@@ -131,7 +131,7 @@ EntryCommands::~EntryCommands() {
 }
 
 void EntryCommands::putOnClipboard(EntryMimeData::Use use) {
-    std::vector<FileItem> items = browser_.selectedEntries();
+    std::vector<FileItem> items = browser_.selection().entries();
     if (!items.empty() && browser_.files())
         QGuiApplication::clipboard()->setMimeData(new DragOutData(browser_, std::move(items), use));
 }
@@ -146,7 +146,7 @@ void EntryCommands::cut() {
 
 void EntryCommands::copyPath() const {
     QStringList paths;
-    for (const FileItem& item : browser_.selectedEntries())
+    for (const FileItem& item : browser_.selection().entries())
         paths.append(browser_.files()->canonicalPath(item.path));
     if (paths.isEmpty())
         paths.append(browser_.currentPath());
@@ -160,13 +160,13 @@ void EntryCommands::preview() {
 }
 
 void EntryCommands::showProperties() {
-    const auto selected = browser_.selectedEntries();
+    const auto selected = browser_.selection().entries();
     if (!selected.empty() && browser_.files())
         (new PropertiesDialog(browser_.files(), selected, &parent_))->show();
 }
 
 void EntryCommands::rename() {
-    const auto selected = browser_.selectedEntries();
+    const auto selected = browser_.selection().entries();
     if (selected.size() != 1)
         return;
     QAbstractItemView& view = views_.listing();
@@ -177,7 +177,7 @@ void EntryCommands::rename() {
 }
 
 void EntryCommands::remove() {
-    const auto selected = browser_.selectedEntries();
+    const auto selected = browser_.selection().entries();
     if (selected.empty())
         return;
     QMessageBox question(QMessageBox::Warning, tr("Delete"), tr("Delete selected items?"),
@@ -205,7 +205,7 @@ void EntryCommands::remove() {
 }
 
 void EntryCommands::addTo(QMenu& menu, const BrowserActions& actions) {
-    const auto selected = browser_.selectedEntries();
+    const auto selected = browser_.selection().entries();
     if (selected.empty()) {
         for (QAction* action :
              {actions.newFolder, actions.paste, actions.uploadFiles, actions.uploadFolder})

@@ -87,7 +87,7 @@ PreviewWindow::PreviewWindow(FileBrowserViewModel& browser, std::function<int()>
     fetchTimer_.setInterval(walkingPace);
     connect(&fetchTimer_, &QTimer::timeout, this, &PreviewWindow::fetch);
 
-    connect(&browser, &FileBrowserViewModel::selectionChanged, this, &PreviewWindow::follow);
+    connect(&browser.selection(), &EntrySelection::changed, this, &PreviewWindow::follow);
     connect(&browser, &FileBrowserViewModel::stateChanged, this, &PreviewWindow::follow);
     connect(&browser, &FileBrowserViewModel::previewProgress, this,
             [this](const QString& id, qint64 done, qint64 total) {
@@ -109,8 +109,8 @@ PreviewWindow::PreviewWindow(FileBrowserViewModel& browser, std::function<int()>
 QWidget* PreviewWindow::makeFooter() {
     auto* previous = footerButton("go-previous");
     auto* next = footerButton("go-next");
-    connect(previous, &QToolButton::clicked, this, [this] { browser_.moveSelection(-1); });
-    connect(next, &QToolButton::clicked, this, [this] { browser_.moveSelection(1); });
+    connect(previous, &QToolButton::clicked, this, [this] { browser_.selection().move(-1); });
+    connect(next, &QToolButton::clicked, this, [this] { browser_.selection().move(1); });
     connect(previousPage_, &QToolButton::clicked, this, [this] { turnTo(page_ - 1); });
     connect(nextPage_, &QToolButton::clicked, this, [this] { turnTo(page_ + 1); });
     keepTranslated(this, [this, previous, next] {
@@ -179,7 +179,7 @@ bool PreviewWindow::isShowing(const QString& id) const {
 void PreviewWindow::follow() {
     if (!isVisible() || browser_.isLoading())
         return;
-    const auto& current = browser_.currentItemID();
+    const auto& current = browser_.selection().currentId();
     const FileItem* item = current ? browser_.itemWithId(*current) : nullptr;
     if (item == nullptr || browser_.state() != BrowserState::ready) {
         hide();
@@ -300,16 +300,16 @@ bool PreviewWindow::handleKey(const QKeyEvent& event) {
         hide();
         return true;
     case Qt::Key_Left:
-        browser_.moveSelection(-1);
+        browser_.selection().move(-1);
         return true;
     case Qt::Key_Right:
-        browser_.moveSelection(1);
+        browser_.selection().move(1);
         return true;
     case Qt::Key_Up:
-        browser_.moveSelection(-columns);
+        browser_.selection().move(-columns);
         return true;
     case Qt::Key_Down:
-        browser_.moveSelection(columns);
+        browser_.selection().move(columns);
         return true;
     case Qt::Key_PageUp:
     case Qt::Key_PageDown:

@@ -35,7 +35,7 @@ void setUp(QAbstractItemView& view, FileListModel& model, FileItemDelegate* dele
 
 /// Drags the selected entries, under a picture of what is dragged.
 void dragSelected(QAbstractItemView& view, FileBrowserViewModel& browser) {
-    std::vector<FileItem> items = browser.selectedEntries();
+    std::vector<FileItem> items = browser.selection().entries();
     if (items.empty() || browser.files() == nullptr)
         return;
     const QFontMetrics metrics = view.fontMetrics();
@@ -107,21 +107,21 @@ void connectSelection(QAbstractItemView& view, FileListModel& model,
                                     .siblingAtColumn(FileListModel::nameColumn)
                                     .data(FileListModel::idRole)
                                     .toString();
-        browser.setSelection(selectedIds(*selection), current);
+        browser.selection().set(selectedIds(*selection), current);
     };
     QObject::connect(selection, &QItemSelectionModel::selectionChanged, &browser, take);
     QObject::connect(
-        &browser, &FileBrowserViewModel::selectionChanged, selection,
+        &browser.selection(), &EntrySelection::changed, selection,
         [&view, &model, &browser, selection] {
-            if (selectedIds(*selection) == browser.selectedItems())
+            if (selectedIds(*selection) == browser.selection().ids())
                 return;
-            const QSignalBlocker quiet(&browser);
+            const QSignalBlocker quiet(&browser.selection());
             // First: the browser takes a selection over with the view's current entry.
-            const auto current = browser.currentItemID();
+            const auto current = browser.selection().currentId();
             const QModelIndex index = current ? model.indexOf(*current) : QModelIndex();
             if (index.isValid())
                 selection->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
-            selection->select(rangesOf(model, browser.selectedItems()),
+            selection->select(rangesOf(model, browser.selection().ids()),
                               QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
             if (index.isValid())
                 view.scrollTo(index);
@@ -209,7 +209,7 @@ void FileTableView::resizeEvent(QResizeEvent* event) {
 }
 
 void FileTableView::keyboardSearch(const QString& search) {
-    browser_.handleTypeahead(search);
+    browser_.selection().type(search);
 }
 
 void FileTableView::mousePressEvent(QMouseEvent* event) {
@@ -266,7 +266,7 @@ int FileGridView::columns() const {
 }
 
 void FileGridView::keyboardSearch(const QString& search) {
-    browser_.handleTypeahead(search);
+    browser_.selection().type(search);
 }
 
 void FileGridView::startDrag(Qt::DropActions) {

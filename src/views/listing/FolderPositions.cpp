@@ -38,8 +38,8 @@ void FolderPositions::leave() {
 }
 
 FolderPositions::Position FolderPositions::now() const {
-    return {listing_().verticalScrollBar()->value(), browser_.selectedItems(),
-            browser_.currentItemID().value_or(QString())};
+    return {listing_().verticalScrollBar()->value(), browser_.selection().ids(),
+            browser_.selection().currentId().value_or(QString())};
 }
 
 /// Comes before the folder changes: what is shown is still the one that is left.
@@ -72,7 +72,7 @@ void FolderPositions::takeUp() {
     for (const QString& id : position.selected)
         if (browser_.itemWithId(id) != nullptr)
             there.insert(id);
-    browser_.setSelection(there, position.current);
+    browser_.selection().set(there, position.current);
     // The rows have to have their places first; then the selection has scrolled, too.
     QMetaObject::invokeMethod(
         this,

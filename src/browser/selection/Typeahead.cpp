@@ -1,4 +1,4 @@
-#include "browser/model/Typeahead.h"
+#include "browser/selection/Typeahead.h"
 
 #include "browser/listing/FileRows.h"
 

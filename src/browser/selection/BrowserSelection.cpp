@@ -1,4 +1,4 @@
-#include "browser/model/BrowserSelection.h"
+#include "browser/selection/BrowserSelection.h"
 
 #include "browser/listing/FileRows.h"
 
