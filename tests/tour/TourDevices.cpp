@@ -55,7 +55,7 @@ namespace {
 void tourImport(TourStage& stage) {
     MainWindow& window = stage.window();
     FileBrowserViewModel& browser = window.browser();
-    window.openApp(mediaFolder(), QStringLiteral("/DCIM/100APPLE"));
+    window.choice().openApp(mediaFolder(), QStringLiteral("/DCIM/100APPLE"));
     stage.waitFor("the photos", [&] { return !browser.isLoading() && browser.items().size() > 9; });
     stage.shoot(QStringLiteral("iphone-photos"));
     ImportViewModel& import = window.import();
@@ -96,7 +96,7 @@ void tourIPhone(TourStage& stage) {
     });
     stage.shoot(QStringLiteral("iphone-apps"));
     tourImport(stage);
-    window.openApp(apps.apps().back(), QStringLiteral("/"));
+    window.choice().openApp(apps.apps().back(), QStringLiteral("/"));
     stage.waitFor("the documents", [&] { return !browser.isLoading(); });
     browser.enterFolder(browser.items().front().id());
     stage.waitFor("a folder of documents", [&] { return !browser.isLoading(); });

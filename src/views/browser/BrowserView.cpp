@@ -2,14 +2,13 @@
 
 #include "app/LanguageManager.h"
 #include "app/texts/DisplayNames.h"
-#include "app/texts/ProblemText.h"
 #include "base/text/ByteCount.h"
 #include "base/text/ByteFormat.h"
-#include "base/text/PathNames.h"
 #include "base/text/Printable.h"
 #include "views/browser/BreadcrumbBar.h"
 #include "views/browser/BrowserToolbar.h"
-#include "views/common/PlaceholderView.h"
+#include "views/browser/DropMark.h"
+#include "views/browser/FolderNotice.h"
 #include "views/listing/FileViews.h"
 #include "views/listing/FolderPositions.h"
 
@@ -21,7 +20,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
-#include <QRubberBand>
 #include <QStackedWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -63,17 +61,20 @@ BrowserView::BrowserView(FileBrowserViewModel& browser, CopyDialogs dialogs,
       stack_(new QStackedWidget),
       table_(new FileTableView(browser, model_)),
       grid_(new FileGridView(browser, model_)),
-      placeholder_(new PlaceholderView),
+      notice_(new FolderNotice(
+          browser, {[this](const QString& path) { return entries_.isFavorite(path); },
+                    [this] { entries_.forgetFavorite(); }, [this] { toolbar_->clearFilter(); }})),
       status_(new QLabel),
-      dropMark_(new QRubberBand(QRubberBand::Rectangle, stack_)) {
+      dropMark_(new DropMark(
+          browser, drops_, [this] { return &currentListing(); }, *stack_)) {
     setObjectName(QStringLiteral("browserView"));
     setAcceptDrops(true);
     connectActions();
     toolbar_->path().setDrops(&drops_);
     connect(toolbar_, &BrowserToolbar::left, this, [this] { stack_->currentWidget()->setFocus(); });
-    placeholder_->setFocusPolicy(Qt::StrongFocus);
+    notice_->setFocusPolicy(Qt::StrongFocus);
     for (QWidget* page : {static_cast<QWidget*>(table_), static_cast<QWidget*>(grid_),
-                          static_cast<QWidget*>(placeholder_)}) {
+                          static_cast<QWidget*>(notice_)}) {
         stack_->addWidget(page);
         page->installEventFilter(this);
         page->setContextMenuPolicy(Qt::CustomContextMenu);
@@ -152,7 +153,7 @@ void BrowserView::connectActions() {
 void BrowserView::showTexts() {
     table_->setAccessibleName(tr("Files"));
     grid_->setAccessibleName(tr("Files"));
-    placeholder_->setAccessibleName(tr("Files"));
+    notice_->setAccessibleName(tr("Files"));
     showPath();
     showContent();
 }
@@ -214,86 +215,11 @@ void BrowserView::showPath() {
 }
 
 void BrowserView::showContent() {
-    const ErrorText words = browser_.problem() ? problemText(*browser_.problem()) : ErrorText{};
-    switch (browser_.state()) {
-    case BrowserState::deviceLost:
-        placeholder_->show(QStringLiteral("smartphone"), tr("The phone is gone"),
-                           isInApp()
-                               ? tr("Plug the phone in again and unlock it.")
-                               : tr("Plug it in again, unlock it and choose File transfer on it."));
-        showPage(*placeholder_);
-        break;
-    case BrowserState::folderGone:
-        showFolderGone();
-        break;
-    case BrowserState::failed:
-        placeholder_->show(QStringLiteral("dialog-error"), tr("Connection Failed"),
-                           words.what + QLatin1Char('\n') + words.advice, tr("Retry"),
-                           [this] { browser_.reload(); });
-        showPage(*placeholder_);
-        break;
-    case BrowserState::ready:
-        if (model_.rowCount() > 0)
-            showPage(currentListing());
-        else
-            showEmpty();
-        break;
-    }
+    if (notice_->takeState())
+        showPage(*notice_);
+    else
+        showPage(currentListing());
     showStatus();
-}
-
-void BrowserView::showFolderGone() {
-    if (entries_.isFavorite(browser_.currentPath())) {
-        placeholder_->show(
-            QStringLiteral("folder"), tr("Folder Not Found"),
-            tr("This folder could not be found on the device. It may have been deleted or "
-               "moved. Would you like to remove it from your Favorites?"),
-            tr("Remove from Favorites"), [this] {
-                entries_.forgetFavorite();
-                browser_.navigateUp();
-            });
-        placeholder_->addChoice(tr("Keep"), [this] { browser_.navigateUp(); });
-    } else {
-        placeholder_->show(QStringLiteral("folder"), tr("Folder Not Found"),
-                           tr("It may have been deleted or moved on the phone."),
-                           tr("Parent Folder"), [this] { browser_.navigateUp(); });
-    }
-    showPage(*placeholder_);
-}
-
-void BrowserView::showEmpty() {
-    const QString wanted = browser_.searchText().trimmed();
-    if (!browser_.searchedName().isEmpty())
-        showEmptySearch();
-    else if (browser_.isLoading())
-        placeholder_->show(QStringLiteral("folder"),
-                           isInApp() ? tr("Loading directory contents…")
-                                     : tr("Loading device storage…"),
-                           {}, {}, {}, true);
-    else if (!wanted.isEmpty() && browser_.unfilteredCount() > 0)
-        placeholder_->show(QStringLiteral("edit-find"), tr("No Matching Files"),
-                           tr("Nothing here has “%1” in its name.").arg(printable(wanted)),
-                           tr("Clear the Filter"), [this] { toolbar_->clearFilter(); });
-    else if (!browser_.items().empty())
-        placeholder_->show(QStringLiteral("view-hidden"), tr("Only hidden files in here"),
-                           tr("Their names begin with a dot."), tr("Show Hidden Files"),
-                           [this] { browser_.setShowsHidden(true); });
-    else
-        placeholder_->show(QStringLiteral("folder"), tr("This folder is empty"),
-                           tr("Drop files here to copy them to the phone."));
-    showPage(*placeholder_);
-}
-
-void BrowserView::showEmptySearch() {
-    const QString name = printable(browser_.searchedName());
-    if (browser_.isLoading())
-        placeholder_->show(QStringLiteral("edit-find"), tr("Searching for “%1”…").arg(name), {}, {},
-                           {}, true);
-    else
-        placeholder_->show(QStringLiteral("edit-find"), tr("Nothing Found"),
-                           tr("Nothing below this folder has “%1” in its name.").arg(name),
-                           tr("Show the Folder"), [this] { browser_.endSearch(); });
-    showPage(*placeholder_);
 }
 
 /// The keys stay with what is shown, whatever that is.
@@ -489,62 +415,22 @@ void BrowserView::dragEnterEvent(QDragEnterEvent* event) {
 }
 
 void BrowserView::dragMoveEvent(QDragMoveEvent* event) {
-    const QPoint position = event->position().toPoint();
-    const DropFolder folder = folderUnder(position);
-    if (!drops_.consider(*event, folder)) {
-        hideDropTarget();
-        return;
-    }
-    const FileItem* entry = browser_.itemWithId(folder.id);
-    QRect place = stack_->rect();
-    if (entry != nullptr) {
-        const QAbstractItemView& view = currentListing();
-        const QModelIndex index = model_.indexOf(folder.id);
-        place = view.visualRect(index);
-        if (&view == table_)
-            place.setWidth(view.viewport()->width());
-        place.moveTopLeft(view.viewport()->mapTo(stack_, place.topLeft()));
-    }
-    dropMark_->setGeometry(place);
-    dropMark_->show();
-    dropMark_->raise();
-    status_->setText(tr("Into “%1”")
-                         .arg(printable(entry != nullptr ? entry->name
-                                                         : lastComponent(browser_.currentPath()))));
+    if (dropMark_->follow(*event))
+        status_->setText(tr("Into “%1”").arg(printable(dropMark_->targetName())));
+    else
+        showStatus();
 }
 
 void BrowserView::dragLeaveEvent(QDragLeaveEvent* event) {
-    hideDropTarget();
+    dropMark_->hide();
+    showStatus();
     QWidget::dragLeaveEvent(event);
 }
 
 void BrowserView::dropEvent(QDropEvent* event) {
-    hideDropTarget();
-    drops_.drop(*event, folderUnder(event->position().toPoint()));
-}
-
-void BrowserView::hideDropTarget() {
     dropMark_->hide();
     showStatus();
-}
-
-/// The folder of the listing at a position of this widget, or the one that is shown; none beside
-/// the listing.
-DropFolder BrowserView::folderUnder(const QPoint& position) const {
-    if (!stack_->geometry().contains(position))
-        return {};
-    const QAbstractItemView& view = currentListing();
-    if (stack_->currentWidget() == &view) {
-        const QModelIndex index = view.indexAt(view.viewport()->mapFrom(this, position));
-        const FileItem* entry =
-            index.isValid() ? browser_.itemWithId(index.siblingAtColumn(FileListModel::nameColumn)
-                                                      .data(FileListModel::idRole)
-                                                      .toString())
-                            : nullptr;
-        if (entry != nullptr && entry->isDirectory)
-            return {entry->path, entry->id()};
-    }
-    return {browser_.currentPath(), {}};
+    drops_.drop(*event, dropMark_->folderUnder(event->position().toPoint()));
 }
 
 } // namespace tessary

@@ -14,15 +14,15 @@
 class QAbstractItemView;
 class QHeaderView;
 class QLabel;
-class QRubberBand;
 class QStackedWidget;
 
 namespace tessary {
 
 class BrowserToolbar;
+class DropMark;
 class FileGridView;
 class FileTableView;
-class PlaceholderView;
+class FolderNotice;
 
 /// The files of one device: toolbar, listing, and a line about what is selected. It shows what the
 /// browser's view model has, and hands every wish of the user to it.
@@ -67,9 +67,6 @@ private:
     void showPath();
     void goUp();
     void showContent();
-    void showFolderGone();
-    void showEmpty();
-    void showEmptySearch();
     void showPage(QWidget& page);
     void showStatus();
     void showContextMenu(const QPoint& position);
@@ -79,8 +76,6 @@ private:
     [[nodiscard]] bool isInApp() const;
     [[nodiscard]] bool handleKey(const QKeyEvent& key);
     [[nodiscard]] bool handleMouseButton(Qt::MouseButton button);
-    void hideDropTarget();
-    [[nodiscard]] DropFolder folderUnder(const QPoint& position) const;
 
     FileBrowserViewModel& browser_;
     std::function<void()> showApps_;
@@ -94,9 +89,9 @@ private:
     QStackedWidget* stack_;
     FileTableView* table_;
     FileGridView* grid_;
-    PlaceholderView* placeholder_;
+    FolderNotice* notice_;
     QLabel* status_;
-    QRubberBand* dropMark_; ///< over where a drop would go
+    DropMark* dropMark_;
 };
 
 } // namespace tessary

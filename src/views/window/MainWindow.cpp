@@ -2,14 +2,9 @@
 
 #include "app/LanguageManager.h"
 #include "app/TransferNotice.h"
-#include "app/texts/ProblemText.h"
-#include "base/text/Printable.h"
-#include "base/threads/Background.h"
 #include "views/browser/AppListView.h"
 #include "views/common/Icons.h"
-#include "views/common/PlaceholderView.h"
 #include "views/common/PlainText.h"
-#include "views/common/StatusBanner.h"
 #include "views/common/WindowStateStore.h"
 #include "views/dialogs/WirelessDialog.h"
 #include "views/import/ImportView.h"
@@ -20,6 +15,8 @@
 #include "views/window/ApplicationWindows.h"
 #include "views/window/MainMenu.h"
 #include "views/window/WelcomeView.h"
+#include "views/window/WindowBanner.h"
+#include "views/window/WindowPages.h"
 
 #include <QAction>
 #include <QApplication>
@@ -32,7 +29,6 @@
 #include <QPushButton>
 #include <QShowEvent>
 #include <QSplitter>
-#include <QStackedWidget>
 #include <QVBoxLayout>
 
 namespace tessary {
@@ -52,6 +48,11 @@ BrowserSetup browserSetup(TessaryApp& app) {
     return setup;
 }
 
+QString chooseLocalFolder(QWidget* asker, const QString& startAt) {
+    return QFileDialog::getExistingDirectory(asker, MainWindow::tr("Folder on this computer"),
+                                             startAt);
+}
+
 } // namespace
 
 MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openLocalFile,
@@ -65,38 +66,27 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
       devices_(app.deviceManager()),
       import_(app.copyQueue(), app.importLedgers()),
       importAction_(new QAction(this)),
+      choice_({app, browser_, apps_, import_}, [this] { return chosenDevice(); }),
       sync_(app.syncManager(), app.deviceManager()),
-      notices_(app, sync_, [this] { releaseDevice(); }),
       sidebar_(new Sidebar(devices_, app.favoritesManager(), sidebarCallbacks())),
-      banner_(new StatusBanner),
-      pages_(new QStackedWidget),
-      welcome_(new WelcomeView([&app] { app.startDemo(); })),
-      notice_(new PlaceholderView),
-      appList_(new AppListView(
-          apps_, [this](const AppInfo& info) { openApp(info, QStringLiteral("/")); })),
       browserView_(new BrowserView(browser_, std::move(dialogs), std::move(openLocalFile))),
       importView_(new ImportView({import_, app.copyQueue(), app.stagedFiles(), app.defaults()},
-                                 {[](QWidget* asker, const QString& startAt) {
-                                      return QFileDialog::getExistingDirectory(
-                                          asker, tr("Folder on this computer"), startAt);
-                                  },
-                                  app.setup().showInFolder})),
+                                 {chooseLocalFolder, app.setup().showInFolder})),
+      banner_(new WindowBanner({app, browser_, sync_, choice_})),
+      pages_(new WindowPages(
+          {new WelcomeView([&app] { app.startDemo(); }),
+           new AppListView(
+               apps_, [this](const AppInfo& info) { choice_.openApp(info, QStringLiteral("/")); }),
+           browserView_, importView_},
+          app, browser_, choice_, *banner_)),
       syncPanel_(new SyncPanel(
           sync_, [this] { syncDialogs_->makePair(); }, this)),
-      syncDialogs_(new SyncDialogs(sync_, *this,
-                                   [](QWidget* asker, const QString& startAt) {
-                                       return QFileDialog::getExistingDirectory(
-                                           asker, tr("Folder on this computer"), startAt);
-                                   })),
+      syncDialogs_(new SyncDialogs(sync_, *this, chooseLocalFolder)),
       transferPanel_(new TransferPanel(app.copyQueue(), app.setup().showInFolder)) {
     setWindowIcon(programIcon());
     resize(1180, 740);
     setMinimumSize(760, 460);
 
-    for (QWidget* page : {static_cast<QWidget*>(welcome_), static_cast<QWidget*>(notice_),
-                          static_cast<QWidget*>(appList_), static_cast<QWidget*>(browserView_),
-                          static_cast<QWidget*>(importView_)})
-        pages_->addWidget(page);
     // The banner comes from below: nothing moves away under the pointer.
     auto* files = new QWidget;
     auto* filesColumn = new QVBoxLayout(files);
@@ -123,77 +113,15 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
                   {[this] { showSettings(); }, [this] { showWireless(); }, importAction_,
                    [this] { setWindowState(windowState() ^ Qt::WindowFullScreen); },
                    [] { QApplication::closeAllWindows(); }});
-    connectSync();
     importAction_->setObjectName(QStringLiteral("importAction"));
     importAction_->setIcon(lineIcon(QStringLiteral("camera-photo")));
     importAction_->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_I));
-    connect(importAction_, &QAction::triggered, this, &MainWindow::showImport);
-    connect(&import_, &ImportViewModel::stateChanged, this, [this] {
-        if (isImporting() != (pages_->currentWidget() == importView_))
-            showPage();
-    });
-
-    connect(sidebar_->deviceList().selectionModel(), &QItemSelectionModel::currentChanged, this,
-            &MainWindow::chooseDevice);
-    connect(&sidebar_->deviceList(), &QListView::clicked, this, [this] {
-        // A click on the phone whose files are shown leads up to its apps.
-        if (!std::exchange(wasChosenByPress_, false)) {
-            leaveImport();
-            showApps();
-        }
-        pages_->currentWidget()->setFocus();
-    });
     sidebar_->setDrops(browserView_->drops());
-    browserView_->setFavorites(
-        {[this](const QString& path) {
-             const auto& device = browser_.activeDevice();
-             return device && app_.favoritesManager().isFavorite(device->udid, path, chosenAppId());
-         },
-         [this](const QString& name, const QString& path) {
-             if (const auto& device = browser_.activeDevice())
-                 app_.favoritesManager().toggleFavorite(
-                     device->udid, name, path, chosenAppId(),
-                     chosenApp_ ? std::optional(chosenApp_->displayName) : std::nullopt);
-         }});
-    browserView_->setShowApps([this] { showApps(); });
-    connect(&app.favoritesManager(), &FavoritesManager::favoritesChanged, browserView_,
-            &BrowserView::updateActions);
-    connect(&browser_, &FileBrowserViewModel::connectionChanged, this, &MainWindow::showSidebar);
-    connect(&browser_, &FileBrowserViewModel::pathChanged, this,
-            [this] { sidebar_->showFolder(browser_.currentPath()); });
-    connect(&browser_, &FileBrowserViewModel::itemsDeleted, this, [this](const QStringList& paths) {
-        const auto& device = browser_.activeDevice();
-        for (const QString& path : paths)
-            if (device)
-                app_.favoritesManager().removeFavorites(browser_.files()->canonicalPath(path),
-                                                        device->udid, chosenAppId());
-    });
-    connect(&app.deviceManager(), &DeviceManager::devicesChanged, this,
-            &MainWindow::deviceListChanged);
-    connect(&app.deviceManager(), &DeviceManager::troubleChanged, this, [this](const QString& id) {
-        const auto listed = apps_.device();
-        // It was unlocked, or trusts this computer now.
-        if (listed && listed->id() == id && apps_.state() == AppListState::failed &&
-            !app_.deviceManager().trouble(id))
-            apps_.reload();
-        showPage();
-        showBanner();
-    });
-    connect(&browser_, &FileBrowserViewModel::problemChanged, this, &MainWindow::showBanner);
-    connect(&notices_, &GeneralNotices::changed, this, &MainWindow::showBanner);
-    connect(&browser_, &FileBrowserViewModel::stateChanged, this, [this] {
-        sidebar_->setKnownFolders(knownFolders());
-        showPage();
-        showBanner();
-    });
-    // What went wrong before counts no more once something has worked.
-    const auto dismissOld = [this] {
-        if (!browser_.isProblemOfLoad())
-            browser_.dismissProblem();
-    };
-    connect(&browser_, &FileBrowserViewModel::folderCreated, this, dismissOld);
-    connect(&browser_, &FileBrowserViewModel::itemRenamed, this, dismissOld);
-    connect(&browser_, &FileBrowserViewModel::itemsDeleted, this, dismissOld);
+    browserView_->setFavorites(favoriteCommands());
+    browserView_->setShowApps([this] { choice_.showApps(); });
+    connectBrowser();
+    connectChoice();
+    connectSync();
     stateStore_ =
         new WindowStateStore({*this, *split, browserView_->columns(), browser_}, app.defaults());
     keepTranslated(this, [this] { showTexts(); });
@@ -204,6 +132,72 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
             TransferNotice::Setup{notifier, [] { return QApplication::activeWindow() != nullptr; },
                                   [this] { bringToFront(*this); }});
     deviceListChanged(); // phones that were there before the window
+}
+
+void MainWindow::connectBrowser() {
+    connect(&app_.favoritesManager(), &FavoritesManager::favoritesChanged, browserView_,
+            &BrowserView::updateActions);
+    connect(&browser_, &FileBrowserViewModel::connectionChanged, this, &MainWindow::showSidebar);
+    connect(&browser_, &FileBrowserViewModel::pathChanged, this,
+            [this] { sidebar_->showFolder(browser_.currentPath()); });
+    connect(&browser_, &FileBrowserViewModel::stateChanged, this, [this] {
+        sidebar_->setKnownFolders(knownFolders());
+        showPage();
+    });
+    connect(&browser_, &FileBrowserViewModel::itemsDeleted, this, [this](const QStringList& paths) {
+        const auto& device = browser_.activeDevice();
+        for (const QString& path : paths)
+            if (device)
+                app_.favoritesManager().removeFavorites(browser_.files()->canonicalPath(path),
+                                                        device->udid, choice_.appId());
+    });
+}
+
+void MainWindow::connectChoice() {
+    connect(&choice_, &PhoneChoice::changed, this, [this] {
+        showSidebar();
+        showPage();
+    });
+    connect(&choice_, &PhoneChoice::focusWanted, this,
+            [this] { pages_->currentWidget()->setFocus(); });
+    connect(importAction_, &QAction::triggered, &choice_, &PhoneChoice::openImport);
+    connect(&import_, &ImportViewModel::stateChanged, this, [this] {
+        if (choice_.isImporting() != (pages_->currentWidget() == importView_))
+            showPage();
+    });
+    QListView& list = sidebar_->deviceList();
+    connect(list.selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& index) {
+                wasChosenByPress_ = QApplication::mouseButtons().testFlag(Qt::LeftButton);
+                choice_.choose(devices_.deviceAt(index));
+            });
+    connect(&list, &QListView::clicked, this, [this] {
+        // A click on the phone whose files are shown leads up to its apps.
+        if (!std::exchange(wasChosenByPress_, false)) {
+            choice_.leaveImport();
+            choice_.showApps();
+        }
+        pages_->currentWidget()->setFocus();
+    });
+    connect(&app_.deviceManager(), &DeviceManager::devicesChanged, this,
+            &MainWindow::deviceListChanged);
+    connect(&app_.deviceManager(), &DeviceManager::troubleChanged, this,
+            &MainWindow::troubleChanged);
+}
+
+FavoriteCommands MainWindow::favoriteCommands() {
+    return {[this](const QString& path) {
+                const auto& device = browser_.activeDevice();
+                return device &&
+                       app_.favoritesManager().isFavorite(device->udid, path, choice_.appId());
+            },
+            [this](const QString& name, const QString& path) {
+                const auto& app = choice_.app();
+                if (const auto& device = browser_.activeDevice())
+                    app_.favoritesManager().toggleFavorite(
+                        device->udid, name, path, choice_.appId(),
+                        app ? std::optional(app->displayName) : std::nullopt);
+            }};
 }
 
 MainWindow::~MainWindow() {
@@ -219,7 +213,7 @@ void MainWindow::showTexts() {
     setWindowTitle(app_.isDemo() ? tr("Tessary: Virtual Phones") : QStringLiteral("Tessary"));
     setLocale(QLocale()); // dates and numbers of every view in it
     showPage();
-    showBanner();
+    banner_->update();
 }
 
 void MainWindow::showSettings() {
@@ -240,17 +234,16 @@ void MainWindow::showWireless() {
 
 Sidebar::Callbacks MainWindow::sidebarCallbacks() {
     return {[this](const DeviceFavorite& favorite) {
-                leaveImport();
-                openFavorite(favorite);
+                choice_.openFavorite(favorite);
                 pages_->currentWidget()->setFocus();
             },
             [this](const QString& path) {
-                leaveImport();
+                choice_.leaveImport();
                 browser_.navigateTo(path);
                 pages_->currentWidget()->setFocus();
             },
-            [this] { openMedia(); },
-            [this] { showApps(); },
+            [this] { choice_.openMedia(); },
+            [this] { choice_.showApps(); },
             importAction_,
             [this](ProtocolMode mode) {
                 if (const auto& device = browser_.activeDevice())
@@ -281,9 +274,9 @@ void MainWindow::connectSync() {
     syncDialogs_->setNotifier(app_.setup().notifier);
     browserView_->setShowSync([this](const QWidget& anchor) {
         std::optional<DeviceInfo> device;
-        if (browser_.state() == BrowserState::ready && !isChoosingApp_)
+        if (browser_.state() == BrowserState::ready && !choice_.isChoosingApp())
             device = browser_.activeDevice();
-        app_.syncManager().setBrowsingContext(device, chosenApp_, browser_.currentPath());
+        app_.syncManager().setBrowsingContext(device, choice_.app(), browser_.currentPath());
         syncPanel_->popUpBelow(anchor);
     });
     connect(&app_.syncManager(), &SyncManager::syncDidComplete, this, [this](const QUuid& id) {
@@ -327,221 +320,44 @@ std::optional<DeviceInfo> MainWindow::chosenDevice() const {
     return device == nullptr ? std::nullopt : std::optional(*device);
 }
 
-std::optional<DeviceInfo> MainWindow::attached(const DeviceInfo& device) const {
-    // An iPhone has another handle at each plugging.
-    for (const DeviceInfo& other : app_.deviceManager().devices())
-        if (other.id() == device.id() ||
-            (device.platform == DevicePlatform::iOS && other.udid == device.udid))
-            return other;
-    return std::nullopt;
-}
-
-std::optional<QString> MainWindow::chosenAppId() const {
-    return chosenApp_ ? std::optional(chosenApp_->bundleIdentifier) : std::nullopt;
-}
-
-void MainWindow::openApp(const AppInfo& app, const QString& path) {
-    connectApp(app, path);
-    showPage();
-    browserView_->currentListing().setFocus();
-}
-
-void MainWindow::connectApp(const AppInfo& app, const QString& path) {
-    const auto device = apps_.device();
-    if (!device)
-        return;
-    chosenApp_ = app;
-    lastApps_.insert(device->udid, app);
-    isChoosingApp_ = false;
-    browser_.connect(device->udid, app.bundleIdentifier, app.displayName, *device, path);
-}
-
-/// Where it was left, when it is open.
-void MainWindow::openMedia() {
-    const auto device = chosenDevice();
-    if (!device || device->platform != DevicePlatform::iOS)
-        return;
-    leaveImport();
-    const auto& active = browser_.activeDevice();
-    if (chosenApp_ && isMediaFolder(chosenApp_->bundleIdentifier) && active &&
-        active->udid == device->udid && browser_.state() != BrowserState::deviceLost) {
-        isChoosingApp_ = false;
-        browser_.navigateTo(browser_.rootPath());
-        showSidebar();
-        showPage();
-        browserView_->currentListing().setFocus();
-        return;
-    }
-    apps_.setDevice(*device);
-    openApp(mediaFolder(), QStringLiteral("/"));
-}
-
-void MainWindow::showImport() {
-    const auto device = chosenDevice();
-    if (!device)
-        return;
-    PhoneFileSystems& phones = app_.services().files();
-    import_.open(device->platform == DevicePlatform::iOS ? phones.openMedia(*device)
-                                                         : phones.open(*device),
-                 *device);
-    showPage();
-    importView_->setFocus();
-}
-
-/// Another page is wanted. A copy goes on.
-void MainWindow::leaveImport() {
-    if (import_.state() != ImportViewModel::State::closed)
-        import_.close();
-}
-
-bool MainWindow::isImporting() const {
-    const auto device = chosenDevice();
-    return import_.state() != ImportViewModel::State::closed && device &&
-           device->udid == import_.device().udid;
-}
-
-void MainWindow::showApps() {
-    const auto device = chosenDevice();
-    if (!device || device->platform != DevicePlatform::iOS)
-        return;
-    leaveImport();
-    isChoosingApp_ = true;
-    lastApps_.remove(device->udid);
-    apps_.setDevice(*device);
-    showSidebar();
-    showPage();
-    appList_->setFocus();
-}
-
 void MainWindow::showSidebar() {
     const auto device = chosenDevice();
     FavoriteSource source;
     if (device && browser_.activeDevice() && browser_.activeDevice()->udid == device->udid) {
         source.files = browser_.files();
-        source.appBundleId = chosenAppId();
-        if (chosenApp_)
-            source.appName = chosenApp_->displayName;
+        source.appBundleId = choice_.appId();
+        if (choice_.app())
+            source.appName = choice_.app()->displayName;
     }
     importAction_->setEnabled(
         device && (device->platform == DevicePlatform::iOS || device->isDataAccessible()));
     sidebar_->showDevice(device, source);
-    sidebar_->showFolder(source.files && !isChoosingApp_ ? browser_.currentPath() : QString());
-}
-
-void MainWindow::openFavorite(const DeviceFavorite& favorite) {
-    const auto device = chosenDevice();
-    if (!device)
-        return;
-    if (!favorite.appBundleId) {
-        browser_.navigateTo(favorite.path);
-        return;
-    }
-    if (chosenAppId() == favorite.appBundleId && browser_.state() != BrowserState::deviceLost &&
-        browser_.activeDevice() && browser_.activeDevice()->udid == device->udid) {
-        isChoosingApp_ = false;
-        browser_.navigateTo(favorite.path);
-        showPage();
-        return;
-    }
-    apps_.setDevice(*device);
-    openApp({*favorite.appBundleId, favorite.appName.value_or(*favorite.appBundleId), true, false},
-            favorite.path);
+    sidebar_->showFolder(source.files && !choice_.isChoosingApp() ? browser_.currentPath()
+                                                                  : QString());
 }
 
 void MainWindow::deviceListChanged() {
-    browser_.folders().keepOnly(app_.deviceManager().devices());
-    const auto active = browser_.activeDevice();
-    if (active) {
-        const auto now = attached(*active);
-        const bool isLost = browser_.state() == BrowserState::deviceLost;
-        if (!now) {
-            if (!isLost)
-                browser_.loseDevice();
-        } else {
-            const bool wasLocked = !active->isDataAccessible();
-            const bool hasOtherMode = active->protocolMode != now->protocolMode;
-            const QString path = browser_.currentPath();
-            browser_.updateDevice(*now);
-            if (isLost && chosenApp_)
-                browser_.connect(now->udid, chosenApp_->bundleIdentifier, chosenApp_->displayName,
-                                 *now, path);
-            else if (isLost)
-                browser_.connectAndroid(*now, path);
-            else if ((wasLocked || hasOtherMode) && now->isDataAccessible())
-                browser_.reload();
-        }
-    }
-    if (const auto listed = apps_.device()) {
-        if (const auto now = attached(*listed))
-            apps_.setDevice(*now);
-        else
-            apps_.clear();
-    }
+    choice_.follow();
     // The first phone to come is the one that the user has just plugged in.
     QListView& list = sidebar_->deviceList();
     if (!list.currentIndex().isValid() && devices_.rowCount() > 0)
         list.setCurrentIndex(devices_.index(0));
     showSidebar();
     showPage();
-    showBanner();
+    banner_->update();
 }
 
-void MainWindow::chooseDevice(const QModelIndex& index) {
-    const DeviceInfo* device = devices_.deviceAt(index);
-    const auto& active = browser_.activeDevice();
-    const bool isShown = device != nullptr && active && active->udid == device->udid &&
-                         browser_.state() != BrowserState::deviceLost;
-    isChoosingApp_ = false;
-    wasChosenByPress_ = QApplication::mouseButtons().testFlag(Qt::LeftButton);
-    if (device != nullptr && device->platform == DevicePlatform::iOS) {
-        const auto last = lastApps_.constFind(device->udid);
-        isChoosingApp_ = !isShown && last == lastApps_.constEnd();
-        apps_.setDevice(*device);
-        if (!isShown && !isChoosingApp_)
-            connectApp(*last, {});
-    } else if (device != nullptr && (!isShown || active->id() != device->id())) {
-        chosenApp_.reset();
-        browser_.connectAndroid(*device, {}); // where it was left
-    }
-    showSidebar();
+void MainWindow::troubleChanged(const QString& deviceId) {
+    const auto listed = apps_.device();
+    // It was unlocked, or trusts this computer now.
+    if (listed && listed->id() == deviceId && apps_.state() == AppListState::failed &&
+        !app_.deviceManager().trouble(deviceId))
+        apps_.reload();
     showPage();
-    showBanner();
 }
 
 void MainWindow::showPage() {
-    const auto& active = browser_.activeDevice();
-    const bool isLost = browser_.state() == BrowserState::deviceLost;
-    const bool isLocked =
-        active && !isLost && active->isLocked && !app_.deviceManager().trouble(active->id());
-    const bool isListEmpty = app_.deviceManager().devices().empty();
-    const QWidget* before = pages_->currentWidget();
-    if (isListEmpty && (!active || isLost)) {
-        pages_->setCurrentWidget(welcome_);
-    } else if (isImporting()) {
-        pages_->setCurrentWidget(importView_);
-    } else if (isChoosingApp_ && chosenDevice()) {
-        pages_->setCurrentWidget(appList_);
-    } else if (isLocked) {
-        notice_->show(QStringLiteral("object-locked"), tr("This phone is locked"),
-                      tr("It shows its files once you unlock it and choose “File transfer” in its "
-                         "USB notification. This window follows by itself."));
-        pages_->setCurrentWidget(notice_);
-    } else if (const auto trouble = troubleInTheWay()) {
-        const ErrorText words = errorText(trouble->error);
-        notice_->show(QStringLiteral("dialog-warning"), words.what, words.advice,
-                      trouble->isHeld() ? tr("Release the Phone") : QString(),
-                      [this] { releaseDevice(); });
-        pages_->setCurrentWidget(notice_);
-    } else {
-        pages_->setCurrentWidget(browserView_);
-    }
-    // The keys follow what is shown, unless they are at work elsewhere.
-    const QWidget* focus = focusWidget();
-    if (before != pages_->currentWidget() &&
-        (focus == nullptr || !sidebar_->isAncestorOf(focus) || !wasFocused_)) {
-        wasFocused_ = wasFocused_ || pages_->currentWidget() == browserView_;
-        pages_->currentWidget()->setFocus();
-    }
+    pages_->update([this](const QWidget& focus) { return sidebar_->isAncestorOf(&focus); });
 }
 
 /// The names of the folders in the main storage of the phone that is browsed, once it was listed.
@@ -557,68 +373,6 @@ std::optional<QSet<QString>> MainWindow::knownFolders() {
         if (item.isDirectory)
             names.insert(item.name);
     return names;
-}
-
-/// What keeps the files of the phone from being shown at all.
-std::optional<DeviceTrouble> MainWindow::troubleInTheWay() const {
-    const auto& active = browser_.activeDevice();
-    return active && browser_.state() == BrowserState::failed
-               ? app_.deviceManager().trouble(active->id())
-               : std::nullopt;
-}
-
-void MainWindow::showBanner() {
-    const auto shown = isChoosingApp_ ? chosenDevice() : browser_.activeDevice();
-    // What keeps the apps from being listed stands where they would be.
-    const auto trouble =
-        shown && !isChoosingApp_ ? app_.deviceManager().trouble(shown->id()) : std::nullopt;
-    BannerMessage message;
-    message.kind = BannerMessage::Kind::warning;
-    if (!isChoosingApp_ && troubleInTheWay()) {
-        banner_->clear(); // the page says so
-        return;
-    }
-    if (trouble) {
-        const ErrorText words = errorText(trouble->error);
-        message.text = words.what;
-        message.advice = words.advice;
-        message.canBeClosed = false;
-        if (trouble->isHeld())
-            message.actions.push_back({tr("Release the Phone"), [this] { releaseDevice(); }});
-        banner_->show(message);
-        return;
-    }
-    // A folder that could not be read says so where the files would be.
-    const auto& problem = browser_.problem();
-    if (!problem || browser_.state() != BrowserState::ready) {
-        showNotice();
-        return;
-    }
-    message.kind = BannerMessage::Kind::error;
-    const ErrorText words = problemText(*problem);
-    message.text = words.what;
-    message.advice = words.advice;
-    if (browser_.isProblemOfLoad())
-        message.actions.push_back({tr("Retry"), [this] {
-                                       browser_.dismissProblem();
-                                       browser_.reload();
-                                   }});
-    banner_->show(message);
-}
-
-/// What is no matter of the phone has the banner while nothing else needs it.
-void MainWindow::showNotice() {
-    const bool isReadable = browser_.files() && browser_.state() == BrowserState::ready;
-    if (const auto notice = notices_.current(isReadable))
-        banner_->show(*notice);
-    else
-        banner_->clear();
-}
-
-void MainWindow::releaseDevice() {
-    runInBackground(
-        this, [&services = app_.services()] { services.competingPrograms().end(); },
-        [this](BackgroundResult<void>) { app_.deviceManager().refreshDeviceList(true); });
 }
 
 } // namespace tessary

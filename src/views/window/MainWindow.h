@@ -8,25 +8,22 @@
 #include "views/browser/BrowserView.h"
 #include "views/sidebar/DeviceListModel.h"
 #include "views/sidebar/Sidebar.h"
-#include "views/window/GeneralNotices.h"
+#include "views/window/PhoneChoice.h"
 
 #include <QMainWindow>
 
 class QAction;
-class QStackedWidget;
 
 namespace tessary {
 
-class AppListView;
 class ImportView;
-class PlaceholderView;
 class SettingsWindow;
-class StatusBanner;
 class SyncDialogs;
 class SyncPanel;
 class TransferNotice;
 class TransferPanel;
-class WelcomeView;
+class WindowBanner;
+class WindowPages;
 class WindowStateStore;
 class WirelessDialog;
 
@@ -57,9 +54,10 @@ public:
     [[nodiscard]] ImportViewModel& import() {
         return import_;
     }
-    /// Shows the documents of one of apps().
-    void openApp(const AppInfo& app, const QString& path);
-    void connectApp(const AppInfo& app, const QString& path);
+    /// Which phone is shown, and what of it.
+    [[nodiscard]] PhoneChoice& choice() {
+        return choice_;
+    }
     /// Opens the settings, or brings them to the front.
     void showSettings();
     /// Opens the list of phones on the network, or brings it to the front.
@@ -77,49 +75,32 @@ protected:
 private:
     [[nodiscard]] Sidebar::Callbacks sidebarCallbacks();
     void showTexts();
+    void connectBrowser();
+    void connectChoice();
+    void connectSync();
     void deviceListChanged();
-    void chooseDevice(const QModelIndex& index);
+    void troubleChanged(const QString& deviceId);
+    [[nodiscard]] FavoriteCommands favoriteCommands();
     /// The device that is chosen in the sidebar.
     [[nodiscard]] std::optional<DeviceInfo> chosenDevice() const;
-    /// The attached device that is the same phone, wherever it is plugged in.
-    [[nodiscard]] std::optional<DeviceInfo> attached(const DeviceInfo& device) const;
-    [[nodiscard]] std::optional<QString> chosenAppId() const;
-    void openMedia();
-    void showImport();
-    void leaveImport();
-    [[nodiscard]] bool isImporting() const;
-    void showApps();
-    void connectSync();
     void showSidebar();
-    void openFavorite(const DeviceFavorite& favorite);
     void showPage();
-    void showBanner();
-    void showNotice();
     [[nodiscard]] std::optional<QSet<QString>> knownFolders();
-    [[nodiscard]] std::optional<DeviceTrouble> troubleInTheWay() const;
-    void releaseDevice();
 
     TessaryApp& app_;
     FileBrowserViewModel browser_;
     AppListViewModel apps_;
-    std::optional<AppInfo> chosenApp_; ///< whose documents are browsed
-    QHash<QString, AppInfo> lastApps_; ///< that were open, by udid
-    bool isChoosingApp_ = false;
     bool wasChosenByPress_ = false; ///< until the button is let go
-    bool wasFocused_ = false;       ///< the files had the keys once
     DeviceListModel devices_;
     ImportViewModel import_;
     QAction* importAction_;
+    PhoneChoice choice_;
     SyncViewModel sync_;
-    GeneralNotices notices_;
     Sidebar* sidebar_;
-    StatusBanner* banner_;
-    QStackedWidget* pages_;
-    WelcomeView* welcome_;
-    PlaceholderView* notice_;
-    AppListView* appList_;
     BrowserView* browserView_;
     ImportView* importView_;
+    WindowBanner* banner_;
+    WindowPages* pages_;
     SyncPanel* syncPanel_;
     SyncDialogs* syncDialogs_;
     TransferPanel* transferPanel_;

@@ -1,0 +1,91 @@
+#include "views/browser/FolderNotice.h"
+
+#include "app/texts/ProblemText.h"
+#include "base/text/Printable.h"
+
+#include <utility>
+
+namespace tessary {
+
+FolderNotice::FolderNotice(FileBrowserViewModel& browser, Callbacks callbacks)
+    : browser_(browser), callbacks_(std::move(callbacks)) {}
+
+bool FolderNotice::isInApp() const {
+    const auto& device = browser_.activeDevice();
+    return device && device->platform == DevicePlatform::iOS;
+}
+
+bool FolderNotice::takeState() {
+    const ErrorText words = browser_.problem() ? problemText(*browser_.problem()) : ErrorText{};
+    switch (browser_.state()) {
+    case BrowserState::deviceLost:
+        show(QStringLiteral("smartphone"), tr("The phone is gone"),
+             isInApp() ? tr("Plug the phone in again and unlock it.")
+                       : tr("Plug it in again, unlock it and choose File transfer on it."));
+        return true;
+    case BrowserState::folderGone:
+        showFolderGone();
+        return true;
+    case BrowserState::failed:
+        show(QStringLiteral("dialog-error"), tr("Connection Failed"),
+             words.what + QLatin1Char('\n') + words.advice, tr("Retry"),
+             [this] { browser_.reload(); });
+        return true;
+    case BrowserState::ready:
+        break;
+    }
+    if (browser_.rows().count() > 0)
+        return false;
+    showEmpty();
+    return true;
+}
+
+void FolderNotice::showFolderGone() {
+    if (callbacks_.isFavorite(browser_.currentPath())) {
+        show(QStringLiteral("folder"), tr("Folder Not Found"),
+             tr("This folder could not be found on the device. It may have been deleted or "
+                "moved. Would you like to remove it from your Favorites?"),
+             tr("Remove from Favorites"), [this] {
+                 callbacks_.forgetFavorite();
+                 browser_.navigateUp();
+             });
+        addChoice(tr("Keep"), [this] { browser_.navigateUp(); });
+    } else {
+        show(QStringLiteral("folder"), tr("Folder Not Found"),
+             tr("It may have been deleted or moved on the phone."), tr("Parent Folder"),
+             [this] { browser_.navigateUp(); });
+    }
+}
+
+void FolderNotice::showEmpty() {
+    const QString wanted = browser_.searchText().trimmed();
+    if (!browser_.searchedName().isEmpty())
+        showEmptySearch();
+    else if (browser_.isLoading())
+        show(QStringLiteral("folder"),
+             isInApp() ? tr("Loading directory contents…") : tr("Loading device storage…"), {}, {},
+             {}, true);
+    else if (!wanted.isEmpty() && browser_.unfilteredCount() > 0)
+        show(QStringLiteral("edit-find"), tr("No Matching Files"),
+             tr("Nothing here has “%1” in its name.").arg(printable(wanted)),
+             tr("Clear the Filter"), [this] { callbacks_.clearFilter(); });
+    else if (!browser_.items().empty())
+        show(QStringLiteral("view-hidden"), tr("Only hidden files in here"),
+             tr("Their names begin with a dot."), tr("Show Hidden Files"),
+             [this] { browser_.setShowsHidden(true); });
+    else
+        show(QStringLiteral("folder"), tr("This folder is empty"),
+             tr("Drop files here to copy them to the phone."));
+}
+
+void FolderNotice::showEmptySearch() {
+    const QString name = printable(browser_.searchedName());
+    if (browser_.isLoading())
+        show(QStringLiteral("edit-find"), tr("Searching for “%1”…").arg(name), {}, {}, {}, true);
+    else
+        show(QStringLiteral("edit-find"), tr("Nothing Found"),
+             tr("Nothing below this folder has “%1” in its name.").arg(name), tr("Show the Folder"),
+             [this] { browser_.endSearch(); });
+}
+
+} // namespace tessary

@@ -1,0 +1,89 @@
+#include "views/window/WindowBanner.h"
+
+#include "app/texts/ErrorText.h"
+#include "app/texts/ProblemText.h"
+#include "base/threads/Background.h"
+
+namespace tessary {
+
+WindowBanner::WindowBanner(Parts parts)
+    : parts_(parts), notices_(parts.app, parts.sync, [this] { releaseDevice(); }) {
+    FileBrowserViewModel& browser = parts.browser;
+    connect(&browser, &FileBrowserViewModel::problemChanged, this, &WindowBanner::update);
+    connect(&browser, &FileBrowserViewModel::stateChanged, this, &WindowBanner::update);
+    connect(&notices_, &GeneralNotices::changed, this, &WindowBanner::update);
+    connect(&parts.choice, &PhoneChoice::changed, this, &WindowBanner::update);
+    connect(&parts.app.deviceManager(), &DeviceManager::troubleChanged, this,
+            &WindowBanner::update);
+    // What went wrong before counts no more once something has worked.
+    const auto dismissOld = [&browser] {
+        if (!browser.isProblemOfLoad())
+            browser.dismissProblem();
+    };
+    connect(&browser, &FileBrowserViewModel::folderCreated, this, dismissOld);
+    connect(&browser, &FileBrowserViewModel::itemRenamed, this, dismissOld);
+    connect(&browser, &FileBrowserViewModel::itemsDeleted, this, dismissOld);
+}
+
+std::optional<DeviceTrouble> WindowBanner::troubleInTheWay() const {
+    const auto& active = parts_.browser.activeDevice();
+    return active && parts_.browser.state() == BrowserState::failed
+               ? parts_.app.deviceManager().trouble(active->id())
+               : std::nullopt;
+}
+
+void WindowBanner::update() {
+    const bool isChoosingApp = parts_.choice.isChoosingApp();
+    if (!isChoosingApp && troubleInTheWay()) {
+        clear(); // the page says so
+        return;
+    }
+    // What keeps the apps from being listed stands where they would be.
+    const auto& active = parts_.browser.activeDevice();
+    const auto trouble =
+        active && !isChoosingApp ? parts_.app.deviceManager().trouble(active->id()) : std::nullopt;
+    // A folder that could not be read says so where the files would be.
+    const bool isReady = parts_.browser.state() == BrowserState::ready;
+    if (trouble)
+        showTrouble(*trouble);
+    else if (const auto& problem = parts_.browser.problem(); problem && isReady)
+        showProblem(*problem);
+    else if (const auto notice = notices_.current(parts_.browser.files() && isReady))
+        show(*notice);
+    else
+        clear();
+}
+
+void WindowBanner::showTrouble(const DeviceTrouble& trouble) {
+    const ErrorText words = errorText(trouble.error);
+    BannerMessage message;
+    message.kind = BannerMessage::Kind::warning;
+    message.text = words.what;
+    message.advice = words.advice;
+    message.canBeClosed = false;
+    if (trouble.isHeld())
+        message.actions.push_back({tr("Release the Phone"), [this] { releaseDevice(); }});
+    show(message);
+}
+
+void WindowBanner::showProblem(const BrowserProblem& problem) {
+    const ErrorText words = problemText(problem);
+    BannerMessage message;
+    message.kind = BannerMessage::Kind::error;
+    message.text = words.what;
+    message.advice = words.advice;
+    if (parts_.browser.isProblemOfLoad())
+        message.actions.push_back({tr("Retry"), [this] {
+                                       parts_.browser.dismissProblem();
+                                       parts_.browser.reload();
+                                   }});
+    show(message);
+}
+
+void WindowBanner::releaseDevice() {
+    runInBackground(
+        this, [&services = parts_.app.services()] { services.competingPrograms().end(); },
+        [this](BackgroundResult<void>) { parts_.app.deviceManager().refreshDeviceList(true); });
+}
+
+} // namespace tessary

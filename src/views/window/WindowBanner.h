@@ -1,0 +1,45 @@
+#pragma once
+
+#include "app/TessaryApp.h"
+#include "views/common/StatusBanner.h"
+#include "views/window/GeneralNotices.h"
+#include "views/window/PhoneChoice.h"
+
+#include <functional>
+#include <optional>
+
+namespace tessary {
+
+/// The banner of a window with what stands in the way: a trouble of the phone, what went wrong in
+/// the browser, or a notice that is no matter of the phone.
+class WindowBanner : public StatusBanner {
+    Q_OBJECT
+
+public:
+    /// All must outlive it.
+    struct Parts {
+        TessaryApp& app;
+        FileBrowserViewModel& browser;
+        SyncViewModel& sync;
+        const PhoneChoice& choice;
+    };
+
+    explicit WindowBanner(Parts parts);
+
+    /// What keeps the files of the phone from being shown at all; then it stands in their place,
+    /// and not in the banner.
+    [[nodiscard]] std::optional<DeviceTrouble> troubleInTheWay() const;
+    /// Ends the programs that hold phones, and looks for phones again.
+    void releaseDevice();
+    /// Shows what there is to say now.
+    void update();
+
+private:
+    void showTrouble(const DeviceTrouble& trouble);
+    void showProblem(const BrowserProblem& problem);
+
+    const Parts parts_;
+    GeneralNotices notices_;
+};
+
+} // namespace tessary

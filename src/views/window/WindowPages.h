@@ -1,0 +1,48 @@
+#pragma once
+
+#include "views/window/PhoneChoice.h"
+#include "views/window/WindowBanner.h"
+
+#include <QStackedWidget>
+
+#include <functional>
+
+namespace tessary {
+
+class PlaceholderView;
+
+/// The pages of a window: the welcome, what keeps a phone's files from being shown, its apps, the
+/// import, and the files. It shows the one that is meant.
+class WindowPages : public QStackedWidget {
+    Q_OBJECT
+
+public:
+    /// The pages that are made elsewhere; it takes them over.
+    struct Pages {
+        QWidget* welcome;
+        QWidget* apps;
+        QWidget* files;
+        QWidget* import;
+    };
+
+    /// The rest must outlive it.
+    WindowPages(const Pages& pages, TessaryApp& app, FileBrowserViewModel& browser,
+                const PhoneChoice& choice, WindowBanner& banner);
+
+    /// Shows what is meant now. The keys go along, unless they are at work elsewhere (`keepsKeys`
+    /// of the widget that has them) and were with the files before.
+    void update(const std::function<bool(const QWidget&)>& keepsKeys);
+
+private:
+    [[nodiscard]] QWidget* wanted();
+
+    const Pages pages_;
+    PlaceholderView* notice_;
+    TessaryApp& app_;
+    FileBrowserViewModel& browser_;
+    const PhoneChoice& choice_;
+    WindowBanner& banner_;
+    bool wasFocused_ = false; ///< the files had the keys once
+};
+
+} // namespace tessary
