@@ -1483,76 +1483,12 @@
         </translation>
     </message>
     <message>
-        <source>Clear the Filter</source>
-        <translation>Filter löschen</translation>
-    </message>
-    <message>
         <source>Files</source>
         <translation>Dateien</translation>
     </message>
     <message>
-        <source>The phone is gone</source>
-        <translation>Das Telefon ist weg</translation>
-    </message>
-    <message>
-        <source>Plug the phone in again and unlock it.</source>
-        <translation>Schließen Sie das Telefon wieder an und entsperren Sie es.</translation>
-    </message>
-    <message>
-        <source>Plug it in again, unlock it and choose File transfer on it.</source>
-        <translation>Schließen Sie es wieder an, entsperren Sie es und wählen Sie darauf „Dateiübertragung“.</translation>
-    </message>
-    <message>
-        <source>Folder Not Found</source>
-        <translation>Ordner nicht gefunden</translation>
-    </message>
-    <message>
-        <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
-        <translation>Dieser Ordner wurde auf dem Gerät nicht gefunden. Vielleicht wurde er gelöscht oder verschoben. Möchten Sie ihn aus Ihren Favoriten entfernen?</translation>
-    </message>
-    <message>
         <source>Remove from Favorites</source>
         <translation>Aus Favoriten entfernen</translation>
-    </message>
-    <message>
-        <source>Keep</source>
-        <translation>Behalten</translation>
-    </message>
-    <message>
-        <source>It may have been deleted or moved on the phone.</source>
-        <translation>Vielleicht wurde er auf dem Telefon gelöscht oder verschoben.</translation>
-    </message>
-    <message>
-        <source>Connection Failed</source>
-        <translation>Verbindung fehlgeschlagen</translation>
-    </message>
-    <message>
-        <source>Retry</source>
-        <translation>Erneut versuchen</translation>
-    </message>
-    <message>
-        <source>Loading directory contents…</source>
-        <translation>Inhalt des Ordners wird geladen …</translation>
-    </message>
-    <message>
-        <source>Loading device storage…</source>
-        <translation>Gerätespeicher wird geladen …</translation>
-    </message>
-    <message>
-        <source>No Matching Files</source>
-        <translation>Keine passenden Dateien</translation>
-    </message>
-    <message>
-        <source>Nothing here has “%1” in its name.</source>
-        <translation>Nichts hier hat „%1“ im Namen.</translation>
-    </message>
-    <message>
-        <source>This folder is empty</source>
-        <translation>Dieser Ordner ist leer</translation>
-    </message>
-    <message>
-        <source>Drop files here to copy them to the phone.</source>
-        <translation>Ziehen Sie Dateien hierher, um sie auf das Telefon zu kopieren.</translation>
     </message>
     <message numerus="yes">
         <source>%Ln items</source>
@@ -1585,22 +1521,6 @@
         <translation>In „%1“</translation>
     </message>
     <message>
-        <source>Parent Folder</source>
-        <translation>Übergeordneter Ordner</translation>
-    </message>
-    <message>
-        <source>Only hidden files in here</source>
-        <translation>Hier sind nur versteckte Dateien</translation>
-    </message>
-    <message>
-        <source>Their names begin with a dot.</source>
-        <translation>Ihre Namen beginnen mit einem Punkt.</translation>
-    </message>
-    <message>
-        <source>Show Hidden Files</source>
-        <translation>Versteckte Dateien anzeigen</translation>
-    </message>
-    <message>
         <source>Undo</source>
         <translation>Rückgängig</translation>
     </message>
@@ -1619,22 +1539,6 @@
     <message>
         <source>Apps</source>
         <translation>Apps</translation>
-    </message>
-    <message>
-        <source>Searching for “%1”…</source>
-        <translation>Suche nach „%1“ …</translation>
-    </message>
-    <message>
-        <source>Nothing Found</source>
-        <translation>Nichts gefunden</translation>
-    </message>
-    <message>
-        <source>Nothing below this folder has “%1” in its name.</source>
-        <translation>Unterhalb dieses Ordners hat nichts „%1“ im Namen.</translation>
-    </message>
-    <message>
-        <source>Show the Folder</source>
-        <translation>Ordner anzeigen</translation>
     </message>
     <message>
         <source>searching…</source>
@@ -1802,6 +1706,109 @@
     <message>
         <source>Name of the new folder:</source>
         <translation>Name des neuen Ordners:</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FolderNotice</name>
+    <message>
+        <source>The phone is gone</source>
+        <translation>Das Telefon ist weg</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>Schließen Sie das Telefon wieder an und entsperren Sie es.</translation>
+    </message>
+    <message>
+        <source>Plug it in again, unlock it and choose File transfer on it.</source>
+        <translation>Schließen Sie es wieder an, entsperren Sie es und wählen Sie darauf „Dateiübertragung“.</translation>
+    </message>
+    <message>
+        <source>Connection Failed</source>
+        <translation>Verbindung fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+    <message>
+        <source>Folder Not Found</source>
+        <translation>Ordner nicht gefunden</translation>
+    </message>
+    <message>
+        <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
+        <translation>Dieser Ordner wurde auf dem Gerät nicht gefunden. Vielleicht wurde er gelöscht oder verschoben. Möchten Sie ihn aus Ihren Favoriten entfernen?</translation>
+    </message>
+    <message>
+        <source>Remove from Favorites</source>
+        <translation>Aus Favoriten entfernen</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Behalten</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or moved on the phone.</source>
+        <translation>Vielleicht wurde er auf dem Telefon gelöscht oder verschoben.</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>Übergeordneter Ordner</translation>
+    </message>
+    <message>
+        <source>Loading directory contents…</source>
+        <translation>Inhalt des Ordners wird geladen …</translation>
+    </message>
+    <message>
+        <source>Loading device storage…</source>
+        <translation>Gerätespeicher wird geladen …</translation>
+    </message>
+    <message>
+        <source>No Matching Files</source>
+        <translation>Keine passenden Dateien</translation>
+    </message>
+    <message>
+        <source>Nothing here has “%1” in its name.</source>
+        <translation>Nichts hier hat „%1“ im Namen.</translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>Filter löschen</translation>
+    </message>
+    <message>
+        <source>Only hidden files in here</source>
+        <translation>Hier sind nur versteckte Dateien</translation>
+    </message>
+    <message>
+        <source>Their names begin with a dot.</source>
+        <translation>Ihre Namen beginnen mit einem Punkt.</translation>
+    </message>
+    <message>
+        <source>Show Hidden Files</source>
+        <translation>Versteckte Dateien anzeigen</translation>
+    </message>
+    <message>
+        <source>This folder is empty</source>
+        <translation>Dieser Ordner ist leer</translation>
+    </message>
+    <message>
+        <source>Drop files here to copy them to the phone.</source>
+        <translation>Ziehen Sie Dateien hierher, um sie auf das Telefon zu kopieren.</translation>
+    </message>
+    <message>
+        <source>Searching for “%1”…</source>
+        <translation>Suche nach „%1“ …</translation>
+    </message>
+    <message>
+        <source>Nothing Found</source>
+        <translation>Nichts gefunden</translation>
+    </message>
+    <message>
+        <source>Nothing below this folder has “%1” in its name.</source>
+        <translation>Unterhalb dieses Ordners hat nichts „%1“ im Namen.</translation>
+    </message>
+    <message>
+        <source>Show the Folder</source>
+        <translation>Ordner anzeigen</translation>
     </message>
 </context>
 <context>
@@ -2016,22 +2023,6 @@
     <message>
         <source>Quitting cancels this. What has arrived whole stays.</source>
         <translation>Beim Beenden wird das abgebrochen. Was vollständig angekommen ist, bleibt.</translation>
-    </message>
-    <message>
-        <source>This phone is locked</source>
-        <translation>Dieses Telefon ist gesperrt</translation>
-    </message>
-    <message>
-        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
-        <translation>Es zeigt seine Dateien, sobald Sie es entsperren und in seiner USB-Benachrichtigung „Dateiübertragung“ wählen. Dieses Fenster zieht von selbst nach.</translation>
-    </message>
-    <message>
-        <source>Release the Phone</source>
-        <translation>Telefon freigeben</translation>
-    </message>
-    <message>
-        <source>Retry</source>
-        <translation>Erneut versuchen</translation>
     </message>
     <message>
         <source>Import Photos…</source>
@@ -2792,6 +2783,32 @@
     <message>
         <source>Android: tap the notification “Charging this device via USB” and choose “File transfer”. iPhone: tap “Trust”.</source>
         <translation>Android: Tippen Sie auf die Benachrichtigung „Gerät wird über USB aufgeladen“ und wählen Sie „Dateiübertragung“. iPhone: Tippen Sie auf „Vertrauen“.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WindowBanner</name>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Telefon freigeben</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WindowPages</name>
+    <message>
+        <source>This phone is locked</source>
+        <translation>Dieses Telefon ist gesperrt</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>Es zeigt seine Dateien, sobald Sie es entsperren und in seiner USB-Benachrichtigung „Dateiübertragung“ wählen. Dieses Fenster zieht von selbst nach.</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Telefon freigeben</translation>
     </message>
 </context>
 <context>

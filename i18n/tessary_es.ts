@@ -1483,76 +1483,12 @@
         </translation>
     </message>
     <message>
-        <source>Clear the Filter</source>
-        <translation>Borrar el filtro</translation>
-    </message>
-    <message>
         <source>Files</source>
         <translation>Archivos</translation>
     </message>
     <message>
-        <source>The phone is gone</source>
-        <translation>El teléfono ya no está</translation>
-    </message>
-    <message>
-        <source>Plug the phone in again and unlock it.</source>
-        <translation>Vuelve a conectar el teléfono y desbloquéalo.</translation>
-    </message>
-    <message>
-        <source>Plug it in again, unlock it and choose File transfer on it.</source>
-        <translation>Vuelve a conectarlo, desbloquéalo y elige en él «Transferencia de archivos».</translation>
-    </message>
-    <message>
-        <source>Folder Not Found</source>
-        <translation>Carpeta no encontrada</translation>
-    </message>
-    <message>
-        <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
-        <translation>No se encontró esta carpeta en el dispositivo. Puede que se haya eliminado o movido. ¿Quieres quitarla de tus favoritos?</translation>
-    </message>
-    <message>
         <source>Remove from Favorites</source>
         <translation>Quitar de favoritos</translation>
-    </message>
-    <message>
-        <source>Keep</source>
-        <translation>Conservar</translation>
-    </message>
-    <message>
-        <source>It may have been deleted or moved on the phone.</source>
-        <translation>Puede que se haya eliminado o movido en el teléfono.</translation>
-    </message>
-    <message>
-        <source>Connection Failed</source>
-        <translation>Error de conexión</translation>
-    </message>
-    <message>
-        <source>Retry</source>
-        <translation>Reintentar</translation>
-    </message>
-    <message>
-        <source>Loading directory contents…</source>
-        <translation>Cargando el contenido de la carpeta…</translation>
-    </message>
-    <message>
-        <source>Loading device storage…</source>
-        <translation>Cargando el almacenamiento del dispositivo…</translation>
-    </message>
-    <message>
-        <source>No Matching Files</source>
-        <translation>Ningún archivo coincide</translation>
-    </message>
-    <message>
-        <source>Nothing here has “%1” in its name.</source>
-        <translation>Nada aquí contiene «%1» en el nombre.</translation>
-    </message>
-    <message>
-        <source>This folder is empty</source>
-        <translation>Esta carpeta está vacía</translation>
-    </message>
-    <message>
-        <source>Drop files here to copy them to the phone.</source>
-        <translation>Suelta archivos aquí para copiarlos al teléfono.</translation>
     </message>
     <message numerus="yes">
         <source>%Ln items</source>
@@ -1585,22 +1521,6 @@
         <translation>En «%1»</translation>
     </message>
     <message>
-        <source>Parent Folder</source>
-        <translation>Carpeta superior</translation>
-    </message>
-    <message>
-        <source>Only hidden files in here</source>
-        <translation>Aquí solo hay archivos ocultos</translation>
-    </message>
-    <message>
-        <source>Their names begin with a dot.</source>
-        <translation>Sus nombres empiezan por un punto.</translation>
-    </message>
-    <message>
-        <source>Show Hidden Files</source>
-        <translation>Mostrar los archivos ocultos</translation>
-    </message>
-    <message>
         <source>Undo</source>
         <translation>Deshacer</translation>
     </message>
@@ -1619,22 +1539,6 @@
     <message>
         <source>Apps</source>
         <translation>Aplicaciones</translation>
-    </message>
-    <message>
-        <source>Searching for “%1”…</source>
-        <translation>Buscando «%1»…</translation>
-    </message>
-    <message>
-        <source>Nothing Found</source>
-        <translation>No se encontró nada</translation>
-    </message>
-    <message>
-        <source>Nothing below this folder has “%1” in its name.</source>
-        <translation>Nada dentro de esta carpeta tiene «%1» en el nombre.</translation>
-    </message>
-    <message>
-        <source>Show the Folder</source>
-        <translation>Mostrar la carpeta</translation>
     </message>
     <message>
         <source>searching…</source>
@@ -1802,6 +1706,109 @@
     <message>
         <source>Name of the new folder:</source>
         <translation>Nombre de la nueva carpeta:</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FolderNotice</name>
+    <message>
+        <source>The phone is gone</source>
+        <translation>El teléfono ya no está</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>Vuelve a conectar el teléfono y desbloquéalo.</translation>
+    </message>
+    <message>
+        <source>Plug it in again, unlock it and choose File transfer on it.</source>
+        <translation>Vuelve a conectarlo, desbloquéalo y elige en él «Transferencia de archivos».</translation>
+    </message>
+    <message>
+        <source>Connection Failed</source>
+        <translation>Error de conexión</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Reintentar</translation>
+    </message>
+    <message>
+        <source>Folder Not Found</source>
+        <translation>Carpeta no encontrada</translation>
+    </message>
+    <message>
+        <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
+        <translation>No se encontró esta carpeta en el dispositivo. Puede que se haya eliminado o movido. ¿Quieres quitarla de tus favoritos?</translation>
+    </message>
+    <message>
+        <source>Remove from Favorites</source>
+        <translation>Quitar de favoritos</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Conservar</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or moved on the phone.</source>
+        <translation>Puede que se haya eliminado o movido en el teléfono.</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>Carpeta superior</translation>
+    </message>
+    <message>
+        <source>Loading directory contents…</source>
+        <translation>Cargando el contenido de la carpeta…</translation>
+    </message>
+    <message>
+        <source>Loading device storage…</source>
+        <translation>Cargando el almacenamiento del dispositivo…</translation>
+    </message>
+    <message>
+        <source>No Matching Files</source>
+        <translation>Ningún archivo coincide</translation>
+    </message>
+    <message>
+        <source>Nothing here has “%1” in its name.</source>
+        <translation>Nada aquí contiene «%1» en el nombre.</translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>Borrar el filtro</translation>
+    </message>
+    <message>
+        <source>Only hidden files in here</source>
+        <translation>Aquí solo hay archivos ocultos</translation>
+    </message>
+    <message>
+        <source>Their names begin with a dot.</source>
+        <translation>Sus nombres empiezan por un punto.</translation>
+    </message>
+    <message>
+        <source>Show Hidden Files</source>
+        <translation>Mostrar los archivos ocultos</translation>
+    </message>
+    <message>
+        <source>This folder is empty</source>
+        <translation>Esta carpeta está vacía</translation>
+    </message>
+    <message>
+        <source>Drop files here to copy them to the phone.</source>
+        <translation>Suelta archivos aquí para copiarlos al teléfono.</translation>
+    </message>
+    <message>
+        <source>Searching for “%1”…</source>
+        <translation>Buscando «%1»…</translation>
+    </message>
+    <message>
+        <source>Nothing Found</source>
+        <translation>No se encontró nada</translation>
+    </message>
+    <message>
+        <source>Nothing below this folder has “%1” in its name.</source>
+        <translation>Nada dentro de esta carpeta tiene «%1» en el nombre.</translation>
+    </message>
+    <message>
+        <source>Show the Folder</source>
+        <translation>Mostrar la carpeta</translation>
     </message>
 </context>
 <context>
@@ -2016,22 +2023,6 @@
     <message>
         <source>Quitting cancels this. What has arrived whole stays.</source>
         <translation>Al salir se cancela. Lo que ha llegado entero se conserva.</translation>
-    </message>
-    <message>
-        <source>This phone is locked</source>
-        <translation>Este teléfono está bloqueado</translation>
-    </message>
-    <message>
-        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
-        <translation>Mostrará sus archivos cuando lo desbloquees y elijas «Transferencia de archivos» en su notificación USB. Esta ventana se actualiza sola.</translation>
-    </message>
-    <message>
-        <source>Release the Phone</source>
-        <translation>Liberar el teléfono</translation>
-    </message>
-    <message>
-        <source>Retry</source>
-        <translation>Reintentar</translation>
     </message>
     <message>
         <source>Import Photos…</source>
@@ -2792,6 +2783,32 @@
     <message>
         <source>Android: tap the notification “Charging this device via USB” and choose “File transfer”. iPhone: tap “Trust”.</source>
         <translation>Android: toca la notificación «Cargando este dispositivo por USB» y elige «Transferencia de archivos». iPhone: toca «Confiar».</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WindowBanner</name>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Liberar el teléfono</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Reintentar</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WindowPages</name>
+    <message>
+        <source>This phone is locked</source>
+        <translation>Este teléfono está bloqueado</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>Mostrará sus archivos cuando lo desbloquees y elijas «Transferencia de archivos» en su notificación USB. Esta ventana se actualiza sola.</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Liberar el teléfono</translation>
     </message>
 </context>
 <context>

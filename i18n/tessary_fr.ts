@@ -1483,76 +1483,12 @@
         </translation>
     </message>
     <message>
-        <source>Clear the Filter</source>
-        <translation>Effacer le filtre</translation>
-    </message>
-    <message>
         <source>Files</source>
         <translation>Fichiers</translation>
     </message>
     <message>
-        <source>The phone is gone</source>
-        <translation>Le téléphone n’est plus là</translation>
-    </message>
-    <message>
-        <source>Plug the phone in again and unlock it.</source>
-        <translation>Rebranchez le téléphone et déverrouillez-le.</translation>
-    </message>
-    <message>
-        <source>Plug it in again, unlock it and choose File transfer on it.</source>
-        <translation>Rebranchez-le, déverrouillez-le et choisissez-y «&#xa0;Transfert de fichiers&#xa0;».</translation>
-    </message>
-    <message>
-        <source>Folder Not Found</source>
-        <translation>Dossier introuvable</translation>
-    </message>
-    <message>
-        <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
-        <translation>Ce dossier est introuvable sur l’appareil. Il a peut-être été supprimé ou déplacé. Voulez-vous le retirer de vos favoris&#xa0;?</translation>
-    </message>
-    <message>
         <source>Remove from Favorites</source>
         <translation>Retirer des favoris</translation>
-    </message>
-    <message>
-        <source>Keep</source>
-        <translation>Conserver</translation>
-    </message>
-    <message>
-        <source>It may have been deleted or moved on the phone.</source>
-        <translation>Il a peut-être été supprimé ou déplacé sur le téléphone.</translation>
-    </message>
-    <message>
-        <source>Connection Failed</source>
-        <translation>Échec de la connexion</translation>
-    </message>
-    <message>
-        <source>Retry</source>
-        <translation>Réessayer</translation>
-    </message>
-    <message>
-        <source>Loading directory contents…</source>
-        <translation>Chargement du contenu du dossier…</translation>
-    </message>
-    <message>
-        <source>Loading device storage…</source>
-        <translation>Chargement du stockage de l’appareil…</translation>
-    </message>
-    <message>
-        <source>No Matching Files</source>
-        <translation>Aucun fichier correspondant</translation>
-    </message>
-    <message>
-        <source>Nothing here has “%1” in its name.</source>
-        <translation>Rien ici ne contient «&#xa0;%1&#xa0;» dans son nom.</translation>
-    </message>
-    <message>
-        <source>This folder is empty</source>
-        <translation>Ce dossier est vide</translation>
-    </message>
-    <message>
-        <source>Drop files here to copy them to the phone.</source>
-        <translation>Déposez des fichiers ici pour les copier sur le téléphone.</translation>
     </message>
     <message numerus="yes">
         <source>%Ln items</source>
@@ -1585,22 +1521,6 @@
         <translation>Dans «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
-        <source>Parent Folder</source>
-        <translation>Dossier parent</translation>
-    </message>
-    <message>
-        <source>Only hidden files in here</source>
-        <translation>Il n’y a ici que des fichiers cachés</translation>
-    </message>
-    <message>
-        <source>Their names begin with a dot.</source>
-        <translation>Leurs noms commencent par un point.</translation>
-    </message>
-    <message>
-        <source>Show Hidden Files</source>
-        <translation>Afficher les fichiers cachés</translation>
-    </message>
-    <message>
         <source>Undo</source>
         <translation>Annuler</translation>
     </message>
@@ -1619,22 +1539,6 @@
     <message>
         <source>Apps</source>
         <translation>Apps</translation>
-    </message>
-    <message>
-        <source>Searching for “%1”…</source>
-        <translation>Recherche de «&#xa0;%1&#xa0;»…</translation>
-    </message>
-    <message>
-        <source>Nothing Found</source>
-        <translation>Rien trouvé</translation>
-    </message>
-    <message>
-        <source>Nothing below this folder has “%1” in its name.</source>
-        <translation>Rien dans ce dossier n’a «&#xa0;%1&#xa0;» dans son nom.</translation>
-    </message>
-    <message>
-        <source>Show the Folder</source>
-        <translation>Afficher le dossier</translation>
     </message>
     <message>
         <source>searching…</source>
@@ -1730,7 +1634,7 @@
     </message>
     <message>
         <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
-        <translation>Elles disparaissent immédiatement, sans passer par l’album « Supprimés récemment » du téléphone.</translation>
+        <translation>Elles disparaissent immédiatement, sans passer par l’album «&#xa0;Supprimés récemment&#xa0;» du téléphone.</translation>
     </message>
 </context>
 <context>
@@ -1802,6 +1706,109 @@
     <message>
         <source>Name of the new folder:</source>
         <translation>Nom du nouveau dossier&#xa0;:</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FolderNotice</name>
+    <message>
+        <source>The phone is gone</source>
+        <translation>Le téléphone n’est plus là</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>Rebranchez le téléphone et déverrouillez-le.</translation>
+    </message>
+    <message>
+        <source>Plug it in again, unlock it and choose File transfer on it.</source>
+        <translation>Rebranchez-le, déverrouillez-le et choisissez-y «&#xa0;Transfert de fichiers&#xa0;».</translation>
+    </message>
+    <message>
+        <source>Connection Failed</source>
+        <translation>Échec de la connexion</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Réessayer</translation>
+    </message>
+    <message>
+        <source>Folder Not Found</source>
+        <translation>Dossier introuvable</translation>
+    </message>
+    <message>
+        <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
+        <translation>Ce dossier est introuvable sur l’appareil. Il a peut-être été supprimé ou déplacé. Voulez-vous le retirer de vos favoris&#xa0;?</translation>
+    </message>
+    <message>
+        <source>Remove from Favorites</source>
+        <translation>Retirer des favoris</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Conserver</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or moved on the phone.</source>
+        <translation>Il a peut-être été supprimé ou déplacé sur le téléphone.</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>Dossier parent</translation>
+    </message>
+    <message>
+        <source>Loading directory contents…</source>
+        <translation>Chargement du contenu du dossier…</translation>
+    </message>
+    <message>
+        <source>Loading device storage…</source>
+        <translation>Chargement du stockage de l’appareil…</translation>
+    </message>
+    <message>
+        <source>No Matching Files</source>
+        <translation>Aucun fichier correspondant</translation>
+    </message>
+    <message>
+        <source>Nothing here has “%1” in its name.</source>
+        <translation>Rien ici ne contient «&#xa0;%1&#xa0;» dans son nom.</translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>Effacer le filtre</translation>
+    </message>
+    <message>
+        <source>Only hidden files in here</source>
+        <translation>Il n’y a ici que des fichiers cachés</translation>
+    </message>
+    <message>
+        <source>Their names begin with a dot.</source>
+        <translation>Leurs noms commencent par un point.</translation>
+    </message>
+    <message>
+        <source>Show Hidden Files</source>
+        <translation>Afficher les fichiers cachés</translation>
+    </message>
+    <message>
+        <source>This folder is empty</source>
+        <translation>Ce dossier est vide</translation>
+    </message>
+    <message>
+        <source>Drop files here to copy them to the phone.</source>
+        <translation>Déposez des fichiers ici pour les copier sur le téléphone.</translation>
+    </message>
+    <message>
+        <source>Searching for “%1”…</source>
+        <translation>Recherche de «&#xa0;%1&#xa0;»…</translation>
+    </message>
+    <message>
+        <source>Nothing Found</source>
+        <translation>Rien trouvé</translation>
+    </message>
+    <message>
+        <source>Nothing below this folder has “%1” in its name.</source>
+        <translation>Rien dans ce dossier n’a «&#xa0;%1&#xa0;» dans son nom.</translation>
+    </message>
+    <message>
+        <source>Show the Folder</source>
+        <translation>Afficher le dossier</translation>
     </message>
 </context>
 <context>
@@ -2016,22 +2023,6 @@
     <message>
         <source>Quitting cancels this. What has arrived whole stays.</source>
         <translation>Quitter annule cette opération. Ce qui est arrivé en entier reste.</translation>
-    </message>
-    <message>
-        <source>This phone is locked</source>
-        <translation>Ce téléphone est verrouillé</translation>
-    </message>
-    <message>
-        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
-        <translation>Il montrera ses fichiers dès que vous l’aurez déverrouillé et aurez choisi «&#xa0;Transfert de fichiers&#xa0;» dans sa notification USB. Cette fenêtre suit d’elle-même.</translation>
-    </message>
-    <message>
-        <source>Release the Phone</source>
-        <translation>Libérer le téléphone</translation>
-    </message>
-    <message>
-        <source>Retry</source>
-        <translation>Réessayer</translation>
     </message>
     <message>
         <source>Import Photos…</source>
@@ -2792,6 +2783,32 @@
     <message>
         <source>Android: tap the notification “Charging this device via USB” and choose “File transfer”. iPhone: tap “Trust”.</source>
         <translation>Android&#xa0;: touchez la notification «&#xa0;Recharge de cet appareil via USB&#xa0;» et choisissez «&#xa0;Transfert de fichiers&#xa0;». iPhone&#xa0;: touchez «&#xa0;Se fier&#xa0;».</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WindowBanner</name>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Libérer le téléphone</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Réessayer</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WindowPages</name>
+    <message>
+        <source>This phone is locked</source>
+        <translation>Ce téléphone est verrouillé</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>Il montrera ses fichiers dès que vous l’aurez déverrouillé et aurez choisi «&#xa0;Transfert de fichiers&#xa0;» dans sa notification USB. Cette fenêtre suit d’elle-même.</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Libérer le téléphone</translation>
     </message>
 </context>
 <context>

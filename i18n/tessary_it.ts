@@ -1483,76 +1483,12 @@
         </translation>
     </message>
     <message>
-        <source>Clear the Filter</source>
-        <translation>Cancella il filtro</translation>
-    </message>
-    <message>
         <source>Files</source>
         <translation>File</translation>
     </message>
     <message>
-        <source>The phone is gone</source>
-        <translation>Il telefono non c’è più</translation>
-    </message>
-    <message>
-        <source>Plug the phone in again and unlock it.</source>
-        <translation>Ricollega il telefono e sbloccalo.</translation>
-    </message>
-    <message>
-        <source>Plug it in again, unlock it and choose File transfer on it.</source>
-        <translation>Ricollegalo, sbloccalo e scegli «Trasferimento file».</translation>
-    </message>
-    <message>
-        <source>Folder Not Found</source>
-        <translation>Cartella non trovata</translation>
-    </message>
-    <message>
-        <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
-        <translation>Questa cartella non si trova sul dispositivo. Forse è stata eliminata o spostata. Vuoi rimuoverla dai preferiti?</translation>
-    </message>
-    <message>
         <source>Remove from Favorites</source>
         <translation>Rimuovi dai preferiti</translation>
-    </message>
-    <message>
-        <source>Keep</source>
-        <translation>Mantieni</translation>
-    </message>
-    <message>
-        <source>It may have been deleted or moved on the phone.</source>
-        <translation>Forse è stata eliminata o spostata sul telefono.</translation>
-    </message>
-    <message>
-        <source>Connection Failed</source>
-        <translation>Connessione non riuscita</translation>
-    </message>
-    <message>
-        <source>Retry</source>
-        <translation>Riprova</translation>
-    </message>
-    <message>
-        <source>Loading directory contents…</source>
-        <translation>Caricamento del contenuto della cartella…</translation>
-    </message>
-    <message>
-        <source>Loading device storage…</source>
-        <translation>Caricamento della memoria del dispositivo…</translation>
-    </message>
-    <message>
-        <source>No Matching Files</source>
-        <translation>Nessun file corrispondente</translation>
-    </message>
-    <message>
-        <source>Nothing here has “%1” in its name.</source>
-        <translation>Qui niente contiene «%1» nel nome.</translation>
-    </message>
-    <message>
-        <source>This folder is empty</source>
-        <translation>Questa cartella è vuota</translation>
-    </message>
-    <message>
-        <source>Drop files here to copy them to the phone.</source>
-        <translation>Trascina qui i file per copiarli sul telefono.</translation>
     </message>
     <message numerus="yes">
         <source>%Ln items</source>
@@ -1585,22 +1521,6 @@
         <translation>In «%1»</translation>
     </message>
     <message>
-        <source>Parent Folder</source>
-        <translation>Cartella superiore</translation>
-    </message>
-    <message>
-        <source>Only hidden files in here</source>
-        <translation>Qui ci sono solo file nascosti</translation>
-    </message>
-    <message>
-        <source>Their names begin with a dot.</source>
-        <translation>I loro nomi iniziano con un punto.</translation>
-    </message>
-    <message>
-        <source>Show Hidden Files</source>
-        <translation>Mostra i file nascosti</translation>
-    </message>
-    <message>
         <source>Undo</source>
         <translation>Annulla modifica</translation>
     </message>
@@ -1619,22 +1539,6 @@
     <message>
         <source>Apps</source>
         <translation>App</translation>
-    </message>
-    <message>
-        <source>Searching for “%1”…</source>
-        <translation>Ricerca di «%1»…</translation>
-    </message>
-    <message>
-        <source>Nothing Found</source>
-        <translation>Nessun risultato</translation>
-    </message>
-    <message>
-        <source>Nothing below this folder has “%1” in its name.</source>
-        <translation>Nulla in questa cartella ha «%1» nel nome.</translation>
-    </message>
-    <message>
-        <source>Show the Folder</source>
-        <translation>Mostra la cartella</translation>
     </message>
     <message>
         <source>searching…</source>
@@ -1802,6 +1706,109 @@
     <message>
         <source>Name of the new folder:</source>
         <translation>Nome della nuova cartella:</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FolderNotice</name>
+    <message>
+        <source>The phone is gone</source>
+        <translation>Il telefono non c’è più</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>Ricollega il telefono e sbloccalo.</translation>
+    </message>
+    <message>
+        <source>Plug it in again, unlock it and choose File transfer on it.</source>
+        <translation>Ricollegalo, sbloccalo e scegli «Trasferimento file».</translation>
+    </message>
+    <message>
+        <source>Connection Failed</source>
+        <translation>Connessione non riuscita</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Riprova</translation>
+    </message>
+    <message>
+        <source>Folder Not Found</source>
+        <translation>Cartella non trovata</translation>
+    </message>
+    <message>
+        <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
+        <translation>Questa cartella non si trova sul dispositivo. Forse è stata eliminata o spostata. Vuoi rimuoverla dai preferiti?</translation>
+    </message>
+    <message>
+        <source>Remove from Favorites</source>
+        <translation>Rimuovi dai preferiti</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Mantieni</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or moved on the phone.</source>
+        <translation>Forse è stata eliminata o spostata sul telefono.</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>Cartella superiore</translation>
+    </message>
+    <message>
+        <source>Loading directory contents…</source>
+        <translation>Caricamento del contenuto della cartella…</translation>
+    </message>
+    <message>
+        <source>Loading device storage…</source>
+        <translation>Caricamento della memoria del dispositivo…</translation>
+    </message>
+    <message>
+        <source>No Matching Files</source>
+        <translation>Nessun file corrispondente</translation>
+    </message>
+    <message>
+        <source>Nothing here has “%1” in its name.</source>
+        <translation>Qui niente contiene «%1» nel nome.</translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>Cancella il filtro</translation>
+    </message>
+    <message>
+        <source>Only hidden files in here</source>
+        <translation>Qui ci sono solo file nascosti</translation>
+    </message>
+    <message>
+        <source>Their names begin with a dot.</source>
+        <translation>I loro nomi iniziano con un punto.</translation>
+    </message>
+    <message>
+        <source>Show Hidden Files</source>
+        <translation>Mostra i file nascosti</translation>
+    </message>
+    <message>
+        <source>This folder is empty</source>
+        <translation>Questa cartella è vuota</translation>
+    </message>
+    <message>
+        <source>Drop files here to copy them to the phone.</source>
+        <translation>Trascina qui i file per copiarli sul telefono.</translation>
+    </message>
+    <message>
+        <source>Searching for “%1”…</source>
+        <translation>Ricerca di «%1»…</translation>
+    </message>
+    <message>
+        <source>Nothing Found</source>
+        <translation>Nessun risultato</translation>
+    </message>
+    <message>
+        <source>Nothing below this folder has “%1” in its name.</source>
+        <translation>Nulla in questa cartella ha «%1» nel nome.</translation>
+    </message>
+    <message>
+        <source>Show the Folder</source>
+        <translation>Mostra la cartella</translation>
     </message>
 </context>
 <context>
@@ -2016,22 +2023,6 @@
     <message>
         <source>Quitting cancels this. What has arrived whole stays.</source>
         <translation>Uscendo, l’operazione viene annullata. Ciò che è arrivato per intero resta.</translation>
-    </message>
-    <message>
-        <source>This phone is locked</source>
-        <translation>Questo telefono è bloccato</translation>
-    </message>
-    <message>
-        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
-        <translation>Mostrerà i suoi file quando lo sbloccherai e sceglierai «Trasferimento file» nella notifica USB. Questa finestra si aggiorna da sola.</translation>
-    </message>
-    <message>
-        <source>Release the Phone</source>
-        <translation>Libera il telefono</translation>
-    </message>
-    <message>
-        <source>Retry</source>
-        <translation>Riprova</translation>
     </message>
     <message>
         <source>Import Photos…</source>
@@ -2792,6 +2783,32 @@
     <message>
         <source>Android: tap the notification “Charging this device via USB” and choose “File transfer”. iPhone: tap “Trust”.</source>
         <translation>Android: tocca la notifica «Dispositivo in carica tramite USB» e scegli «Trasferimento file». iPhone: tocca «Autorizza».</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WindowBanner</name>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Libera il telefono</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Riprova</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WindowPages</name>
+    <message>
+        <source>This phone is locked</source>
+        <translation>Questo telefono è bloccato</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>Mostrerà i suoi file quando lo sbloccherai e sceglierai «Trasferimento file» nella notifica USB. Questa finestra si aggiorna da sola.</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Libera il telefono</translation>
     </message>
 </context>
 <context>

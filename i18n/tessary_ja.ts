@@ -1472,76 +1472,12 @@
         </translation>
     </message>
     <message>
-        <source>Clear the Filter</source>
-        <translation>絞り込みを解除</translation>
-    </message>
-    <message>
         <source>Files</source>
         <translation>ファイル</translation>
     </message>
     <message>
-        <source>The phone is gone</source>
-        <translation>デバイスが取り外されました</translation>
-    </message>
-    <message>
-        <source>Plug the phone in again and unlock it.</source>
-        <translation>デバイスをもう一度接続し、ロックを解除してください。</translation>
-    </message>
-    <message>
-        <source>Plug it in again, unlock it and choose File transfer on it.</source>
-        <translation>もう一度接続し、ロックを解除して「ファイル転送」を選択してください。</translation>
-    </message>
-    <message>
-        <source>Folder Not Found</source>
-        <translation>フォルダが見つかりません</translation>
-    </message>
-    <message>
-        <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
-        <translation>このフォルダはデバイス上に見つかりません。削除または移動された可能性があります。よく使う項目から削除しますか？</translation>
-    </message>
-    <message>
         <source>Remove from Favorites</source>
         <translation>よく使う項目から削除</translation>
-    </message>
-    <message>
-        <source>Keep</source>
-        <translation>残す</translation>
-    </message>
-    <message>
-        <source>It may have been deleted or moved on the phone.</source>
-        <translation>デバイス上で削除または移動された可能性があります。</translation>
-    </message>
-    <message>
-        <source>Connection Failed</source>
-        <translation>接続に失敗しました</translation>
-    </message>
-    <message>
-        <source>Retry</source>
-        <translation>再試行</translation>
-    </message>
-    <message>
-        <source>Loading directory contents…</source>
-        <translation>フォルダの内容を読み込み中…</translation>
-    </message>
-    <message>
-        <source>Loading device storage…</source>
-        <translation>デバイスのストレージを読み込み中…</translation>
-    </message>
-    <message>
-        <source>No Matching Files</source>
-        <translation>一致するファイルがありません</translation>
-    </message>
-    <message>
-        <source>Nothing here has “%1” in its name.</source>
-        <translation>名前に「%1」を含む項目はありません。</translation>
-    </message>
-    <message>
-        <source>This folder is empty</source>
-        <translation>このフォルダは空です</translation>
-    </message>
-    <message>
-        <source>Drop files here to copy them to the phone.</source>
-        <translation>ここにファイルをドロップするとデバイスにコピーされます。</translation>
     </message>
     <message numerus="yes">
         <source>%Ln items</source>
@@ -1572,22 +1508,6 @@
         <translation>「%1」へ</translation>
     </message>
     <message>
-        <source>Parent Folder</source>
-        <translation>上のフォルダ</translation>
-    </message>
-    <message>
-        <source>Only hidden files in here</source>
-        <translation>隠しファイルだけがあります</translation>
-    </message>
-    <message>
-        <source>Their names begin with a dot.</source>
-        <translation>名前がドットで始まるファイルです。</translation>
-    </message>
-    <message>
-        <source>Show Hidden Files</source>
-        <translation>隠しファイルを表示</translation>
-    </message>
-    <message>
         <source>Undo</source>
         <translation>元に戻す</translation>
     </message>
@@ -1606,22 +1526,6 @@
     <message>
         <source>Apps</source>
         <translation>アプリ</translation>
-    </message>
-    <message>
-        <source>Searching for “%1”…</source>
-        <translation>「%1」を検索中…</translation>
-    </message>
-    <message>
-        <source>Nothing Found</source>
-        <translation>見つかりません</translation>
-    </message>
-    <message>
-        <source>Nothing below this folder has “%1” in its name.</source>
-        <translation>このフォルダ以下に、名前に「%1」を含むものはありません。</translation>
-    </message>
-    <message>
-        <source>Show the Folder</source>
-        <translation>フォルダを表示</translation>
     </message>
     <message>
         <source>searching…</source>
@@ -1787,6 +1691,109 @@
     <message>
         <source>Name of the new folder:</source>
         <translation>新規フォルダの名前：</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FolderNotice</name>
+    <message>
+        <source>The phone is gone</source>
+        <translation>デバイスが取り外されました</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>デバイスを接続し直し、ロックを解除してください。</translation>
+    </message>
+    <message>
+        <source>Plug it in again, unlock it and choose File transfer on it.</source>
+        <translation>もう一度接続し、ロックを解除して「ファイル転送」を選択してください。</translation>
+    </message>
+    <message>
+        <source>Connection Failed</source>
+        <translation>接続に失敗しました</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>再試行</translation>
+    </message>
+    <message>
+        <source>Folder Not Found</source>
+        <translation>フォルダが見つかりません</translation>
+    </message>
+    <message>
+        <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
+        <translation>このフォルダはデバイス上に見つかりません。削除または移動された可能性があります。よく使う項目から削除しますか？</translation>
+    </message>
+    <message>
+        <source>Remove from Favorites</source>
+        <translation>よく使う項目から削除</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>残す</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or moved on the phone.</source>
+        <translation>デバイス上で削除または移動された可能性があります。</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>上のフォルダ</translation>
+    </message>
+    <message>
+        <source>Loading directory contents…</source>
+        <translation>フォルダの内容を読み込み中…</translation>
+    </message>
+    <message>
+        <source>Loading device storage…</source>
+        <translation>デバイスのストレージを読み込み中…</translation>
+    </message>
+    <message>
+        <source>No Matching Files</source>
+        <translation>一致するファイルがありません</translation>
+    </message>
+    <message>
+        <source>Nothing here has “%1” in its name.</source>
+        <translation>名前に「%1」を含む項目はありません。</translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>絞り込みを解除</translation>
+    </message>
+    <message>
+        <source>Only hidden files in here</source>
+        <translation>隠しファイルだけがあります</translation>
+    </message>
+    <message>
+        <source>Their names begin with a dot.</source>
+        <translation>名前がドットで始まるファイルです。</translation>
+    </message>
+    <message>
+        <source>Show Hidden Files</source>
+        <translation>隠しファイルを表示</translation>
+    </message>
+    <message>
+        <source>This folder is empty</source>
+        <translation>このフォルダは空です</translation>
+    </message>
+    <message>
+        <source>Drop files here to copy them to the phone.</source>
+        <translation>ここにファイルをドロップするとデバイスにコピーされます。</translation>
+    </message>
+    <message>
+        <source>Searching for “%1”…</source>
+        <translation>「%1」を検索中…</translation>
+    </message>
+    <message>
+        <source>Nothing Found</source>
+        <translation>見つかりません</translation>
+    </message>
+    <message>
+        <source>Nothing below this folder has “%1” in its name.</source>
+        <translation>このフォルダ以下に、名前に「%1」を含むものはありません。</translation>
+    </message>
+    <message>
+        <source>Show the Folder</source>
+        <translation>フォルダを表示</translation>
     </message>
 </context>
 <context>
@@ -1994,22 +2001,6 @@
     <message>
         <source>Quitting cancels this. What has arrived whole stays.</source>
         <translation>終了するとキャンセルされます。完全に届いたものは残ります。</translation>
-    </message>
-    <message>
-        <source>This phone is locked</source>
-        <translation>このデバイスはロックされています</translation>
-    </message>
-    <message>
-        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
-        <translation>ロックを解除し、USB の通知で「ファイル転送」を選ぶとファイルが表示されます。このウインドウは自動的に更新されます。</translation>
-    </message>
-    <message>
-        <source>Release the Phone</source>
-        <translation>デバイスを解放</translation>
-    </message>
-    <message>
-        <source>Retry</source>
-        <translation>再試行</translation>
     </message>
     <message>
         <source>Import Photos…</source>
@@ -2763,6 +2754,32 @@
     <message>
         <source>Android: tap the notification “Charging this device via USB” and choose “File transfer”. iPhone: tap “Trust”.</source>
         <translation>Android：「このデバイスを USB で充電中」の通知をタップし、「ファイル転送」を選びます。iPhone：「信頼」をタップします。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WindowBanner</name>
+    <message>
+        <source>Release the Phone</source>
+        <translation>デバイスを解放</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>再試行</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WindowPages</name>
+    <message>
+        <source>This phone is locked</source>
+        <translation>このデバイスはロックされています</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>ロックを解除し、USB の通知で「ファイル転送」を選ぶとファイルが表示されます。このウインドウは自動的に更新されます。</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>デバイスを解放</translation>
     </message>
 </context>
 <context>

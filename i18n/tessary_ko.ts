@@ -1472,76 +1472,12 @@
         </translation>
     </message>
     <message>
-        <source>Clear the Filter</source>
-        <translation>필터 지우기</translation>
-    </message>
-    <message>
         <source>Files</source>
         <translation>파일</translation>
     </message>
     <message>
-        <source>The phone is gone</source>
-        <translation>휴대폰 연결이 끊어졌습니다</translation>
-    </message>
-    <message>
-        <source>Plug the phone in again and unlock it.</source>
-        <translation>휴대폰을 다시 연결하고 잠금을 해제하세요.</translation>
-    </message>
-    <message>
-        <source>Plug it in again, unlock it and choose File transfer on it.</source>
-        <translation>다시 연결하고 잠금을 해제한 뒤 “파일 전송”을 선택하세요.</translation>
-    </message>
-    <message>
-        <source>Folder Not Found</source>
-        <translation>폴더를 찾을 수 없음</translation>
-    </message>
-    <message>
-        <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
-        <translation>기기에서 이 폴더를 찾을 수 없습니다. 삭제되었거나 이동되었을 수 있습니다. 즐겨찾기에서 제거할까요?</translation>
-    </message>
-    <message>
         <source>Remove from Favorites</source>
         <translation>즐겨찾기에서 제거</translation>
-    </message>
-    <message>
-        <source>Keep</source>
-        <translation>유지</translation>
-    </message>
-    <message>
-        <source>It may have been deleted or moved on the phone.</source>
-        <translation>휴대폰에서 삭제되었거나 이동되었을 수 있습니다.</translation>
-    </message>
-    <message>
-        <source>Connection Failed</source>
-        <translation>연결 실패</translation>
-    </message>
-    <message>
-        <source>Retry</source>
-        <translation>다시 시도</translation>
-    </message>
-    <message>
-        <source>Loading directory contents…</source>
-        <translation>폴더 내용을 불러오는 중…</translation>
-    </message>
-    <message>
-        <source>Loading device storage…</source>
-        <translation>기기 저장소를 불러오는 중…</translation>
-    </message>
-    <message>
-        <source>No Matching Files</source>
-        <translation>일치하는 파일 없음</translation>
-    </message>
-    <message>
-        <source>Nothing here has “%1” in its name.</source>
-        <translation>이름에 “%1”이(가) 들어간 항목이 없습니다.</translation>
-    </message>
-    <message>
-        <source>This folder is empty</source>
-        <translation>이 폴더는 비어 있습니다</translation>
-    </message>
-    <message>
-        <source>Drop files here to copy them to the phone.</source>
-        <translation>여기에 파일을 놓으면 휴대폰으로 복사됩니다.</translation>
     </message>
     <message numerus="yes">
         <source>%Ln items</source>
@@ -1572,22 +1508,6 @@
         <translation>“%1”(으)로</translation>
     </message>
     <message>
-        <source>Parent Folder</source>
-        <translation>상위 폴더</translation>
-    </message>
-    <message>
-        <source>Only hidden files in here</source>
-        <translation>숨김 파일만 있습니다</translation>
-    </message>
-    <message>
-        <source>Their names begin with a dot.</source>
-        <translation>이름이 점으로 시작하는 파일입니다.</translation>
-    </message>
-    <message>
-        <source>Show Hidden Files</source>
-        <translation>숨김 파일 표시</translation>
-    </message>
-    <message>
         <source>Undo</source>
         <translation>실행 취소</translation>
     </message>
@@ -1606,22 +1526,6 @@
     <message>
         <source>Apps</source>
         <translation>앱</translation>
-    </message>
-    <message>
-        <source>Searching for “%1”…</source>
-        <translation>“%1” 검색 중…</translation>
-    </message>
-    <message>
-        <source>Nothing Found</source>
-        <translation>찾을 수 없음</translation>
-    </message>
-    <message>
-        <source>Nothing below this folder has “%1” in its name.</source>
-        <translation>이 폴더 아래에 이름에 “%1”이 들어간 항목이 없습니다.</translation>
-    </message>
-    <message>
-        <source>Show the Folder</source>
-        <translation>폴더 표시</translation>
     </message>
     <message>
         <source>searching…</source>
@@ -1787,6 +1691,109 @@
     <message>
         <source>Name of the new folder:</source>
         <translation>새 폴더의 이름:</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FolderNotice</name>
+    <message>
+        <source>The phone is gone</source>
+        <translation>휴대폰 연결이 끊어졌습니다</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>휴대폰을 다시 연결하고 잠금을 해제하세요.</translation>
+    </message>
+    <message>
+        <source>Plug it in again, unlock it and choose File transfer on it.</source>
+        <translation>다시 연결하고 잠금을 해제한 뒤 “파일 전송”을 선택하세요.</translation>
+    </message>
+    <message>
+        <source>Connection Failed</source>
+        <translation>연결 실패</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>다시 시도</translation>
+    </message>
+    <message>
+        <source>Folder Not Found</source>
+        <translation>폴더를 찾을 수 없음</translation>
+    </message>
+    <message>
+        <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
+        <translation>기기에서 이 폴더를 찾을 수 없습니다. 삭제되었거나 이동되었을 수 있습니다. 즐겨찾기에서 제거할까요?</translation>
+    </message>
+    <message>
+        <source>Remove from Favorites</source>
+        <translation>즐겨찾기에서 제거</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>유지</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or moved on the phone.</source>
+        <translation>휴대폰에서 삭제되었거나 이동되었을 수 있습니다.</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>상위 폴더</translation>
+    </message>
+    <message>
+        <source>Loading directory contents…</source>
+        <translation>폴더 내용을 불러오는 중…</translation>
+    </message>
+    <message>
+        <source>Loading device storage…</source>
+        <translation>기기 저장소를 불러오는 중…</translation>
+    </message>
+    <message>
+        <source>No Matching Files</source>
+        <translation>일치하는 파일 없음</translation>
+    </message>
+    <message>
+        <source>Nothing here has “%1” in its name.</source>
+        <translation>이름에 “%1”이(가) 들어간 항목이 없습니다.</translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>필터 지우기</translation>
+    </message>
+    <message>
+        <source>Only hidden files in here</source>
+        <translation>숨김 파일만 있습니다</translation>
+    </message>
+    <message>
+        <source>Their names begin with a dot.</source>
+        <translation>이름이 점으로 시작하는 파일입니다.</translation>
+    </message>
+    <message>
+        <source>Show Hidden Files</source>
+        <translation>숨김 파일 표시</translation>
+    </message>
+    <message>
+        <source>This folder is empty</source>
+        <translation>이 폴더는 비어 있습니다</translation>
+    </message>
+    <message>
+        <source>Drop files here to copy them to the phone.</source>
+        <translation>여기에 파일을 놓으면 휴대폰으로 복사됩니다.</translation>
+    </message>
+    <message>
+        <source>Searching for “%1”…</source>
+        <translation>“%1” 검색 중…</translation>
+    </message>
+    <message>
+        <source>Nothing Found</source>
+        <translation>찾을 수 없음</translation>
+    </message>
+    <message>
+        <source>Nothing below this folder has “%1” in its name.</source>
+        <translation>이 폴더 아래에 이름에 “%1”이 들어간 항목이 없습니다.</translation>
+    </message>
+    <message>
+        <source>Show the Folder</source>
+        <translation>폴더 표시</translation>
     </message>
 </context>
 <context>
@@ -1994,22 +2001,6 @@
     <message>
         <source>Quitting cancels this. What has arrived whole stays.</source>
         <translation>종료하면 취소됩니다. 온전히 도착한 것은 남습니다.</translation>
-    </message>
-    <message>
-        <source>This phone is locked</source>
-        <translation>이 휴대폰은 잠겨 있습니다</translation>
-    </message>
-    <message>
-        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
-        <translation>잠금을 해제하고 USB 알림에서 “파일 전송”을 선택하면 파일이 표시됩니다. 이 창은 자동으로 바뀝니다.</translation>
-    </message>
-    <message>
-        <source>Release the Phone</source>
-        <translation>휴대폰 연결 풀기</translation>
-    </message>
-    <message>
-        <source>Retry</source>
-        <translation>다시 시도</translation>
     </message>
     <message>
         <source>Import Photos…</source>
@@ -2763,6 +2754,32 @@
     <message>
         <source>Android: tap the notification “Charging this device via USB” and choose “File transfer”. iPhone: tap “Trust”.</source>
         <translation>Android: “이 기기를 USB로 충전 중” 알림을 누르고 “파일 전송”을 선택하세요. iPhone: “신뢰”를 누르세요.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WindowBanner</name>
+    <message>
+        <source>Release the Phone</source>
+        <translation>휴대폰 연결 풀기</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>다시 시도</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WindowPages</name>
+    <message>
+        <source>This phone is locked</source>
+        <translation>이 휴대폰은 잠겨 있습니다</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>잠금을 해제하고 USB 알림에서 “파일 전송”을 선택하면 파일이 표시됩니다. 이 창은 자동으로 바뀝니다.</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>휴대폰 연결 풀기</translation>
     </message>
 </context>
 <context>

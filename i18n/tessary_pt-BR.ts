@@ -1483,76 +1483,12 @@
         </translation>
     </message>
     <message>
-        <source>Clear the Filter</source>
-        <translation>Limpar o filtro</translation>
-    </message>
-    <message>
         <source>Files</source>
         <translation>Arquivos</translation>
     </message>
     <message>
-        <source>The phone is gone</source>
-        <translation>O telefone sumiu</translation>
-    </message>
-    <message>
-        <source>Plug the phone in again and unlock it.</source>
-        <translation>Conecte o telefone de novo e desbloqueie-o.</translation>
-    </message>
-    <message>
-        <source>Plug it in again, unlock it and choose File transfer on it.</source>
-        <translation>Conecte-o de novo, desbloqueie-o e escolha nele “Transferência de arquivos”.</translation>
-    </message>
-    <message>
-        <source>Folder Not Found</source>
-        <translation>Pasta não encontrada</translation>
-    </message>
-    <message>
-        <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
-        <translation>Esta pasta não foi encontrada no dispositivo. Talvez tenha sido apagada ou movida. Deseja removê-la dos favoritos?</translation>
-    </message>
-    <message>
         <source>Remove from Favorites</source>
         <translation>Remover dos favoritos</translation>
-    </message>
-    <message>
-        <source>Keep</source>
-        <translation>Manter</translation>
-    </message>
-    <message>
-        <source>It may have been deleted or moved on the phone.</source>
-        <translation>Talvez tenha sido apagada ou movida no telefone.</translation>
-    </message>
-    <message>
-        <source>Connection Failed</source>
-        <translation>Falha na conexão</translation>
-    </message>
-    <message>
-        <source>Retry</source>
-        <translation>Tentar novamente</translation>
-    </message>
-    <message>
-        <source>Loading directory contents…</source>
-        <translation>Carregando o conteúdo da pasta…</translation>
-    </message>
-    <message>
-        <source>Loading device storage…</source>
-        <translation>Carregando o armazenamento do dispositivo…</translation>
-    </message>
-    <message>
-        <source>No Matching Files</source>
-        <translation>Nenhum arquivo correspondente</translation>
-    </message>
-    <message>
-        <source>Nothing here has “%1” in its name.</source>
-        <translation>Nada aqui tem “%1” no nome.</translation>
-    </message>
-    <message>
-        <source>This folder is empty</source>
-        <translation>Esta pasta está vazia</translation>
-    </message>
-    <message>
-        <source>Drop files here to copy them to the phone.</source>
-        <translation>Solte arquivos aqui para copiá-los para o telefone.</translation>
     </message>
     <message numerus="yes">
         <source>%Ln items</source>
@@ -1585,22 +1521,6 @@
         <translation>Para “%1”</translation>
     </message>
     <message>
-        <source>Parent Folder</source>
-        <translation>Pasta superior</translation>
-    </message>
-    <message>
-        <source>Only hidden files in here</source>
-        <translation>Aqui só há arquivos ocultos</translation>
-    </message>
-    <message>
-        <source>Their names begin with a dot.</source>
-        <translation>Seus nomes começam com um ponto.</translation>
-    </message>
-    <message>
-        <source>Show Hidden Files</source>
-        <translation>Mostrar arquivos ocultos</translation>
-    </message>
-    <message>
         <source>Undo</source>
         <translation>Desfazer</translation>
     </message>
@@ -1619,22 +1539,6 @@
     <message>
         <source>Apps</source>
         <translation>Apps</translation>
-    </message>
-    <message>
-        <source>Searching for “%1”…</source>
-        <translation>Procurando “%1”…</translation>
-    </message>
-    <message>
-        <source>Nothing Found</source>
-        <translation>Nada encontrado</translation>
-    </message>
-    <message>
-        <source>Nothing below this folder has “%1” in its name.</source>
-        <translation>Nada dentro desta pasta tem “%1” no nome.</translation>
-    </message>
-    <message>
-        <source>Show the Folder</source>
-        <translation>Mostrar a pasta</translation>
     </message>
     <message>
         <source>searching…</source>
@@ -1802,6 +1706,109 @@
     <message>
         <source>Name of the new folder:</source>
         <translation>Nome da nova pasta:</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FolderNotice</name>
+    <message>
+        <source>The phone is gone</source>
+        <translation>O telefone sumiu</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>Conecte o telefone de novo e desbloqueie-o.</translation>
+    </message>
+    <message>
+        <source>Plug it in again, unlock it and choose File transfer on it.</source>
+        <translation>Conecte-o de novo, desbloqueie-o e escolha nele “Transferência de arquivos”.</translation>
+    </message>
+    <message>
+        <source>Connection Failed</source>
+        <translation>Falha na conexão</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Tentar novamente</translation>
+    </message>
+    <message>
+        <source>Folder Not Found</source>
+        <translation>Pasta não encontrada</translation>
+    </message>
+    <message>
+        <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
+        <translation>Esta pasta não foi encontrada no dispositivo. Talvez tenha sido apagada ou movida. Deseja removê-la dos favoritos?</translation>
+    </message>
+    <message>
+        <source>Remove from Favorites</source>
+        <translation>Remover dos favoritos</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Manter</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or moved on the phone.</source>
+        <translation>Talvez tenha sido apagada ou movida no telefone.</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>Pasta superior</translation>
+    </message>
+    <message>
+        <source>Loading directory contents…</source>
+        <translation>Carregando o conteúdo da pasta…</translation>
+    </message>
+    <message>
+        <source>Loading device storage…</source>
+        <translation>Carregando o armazenamento do dispositivo…</translation>
+    </message>
+    <message>
+        <source>No Matching Files</source>
+        <translation>Nenhum arquivo correspondente</translation>
+    </message>
+    <message>
+        <source>Nothing here has “%1” in its name.</source>
+        <translation>Nada aqui tem “%1” no nome.</translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>Limpar o filtro</translation>
+    </message>
+    <message>
+        <source>Only hidden files in here</source>
+        <translation>Aqui só há arquivos ocultos</translation>
+    </message>
+    <message>
+        <source>Their names begin with a dot.</source>
+        <translation>Seus nomes começam com um ponto.</translation>
+    </message>
+    <message>
+        <source>Show Hidden Files</source>
+        <translation>Mostrar arquivos ocultos</translation>
+    </message>
+    <message>
+        <source>This folder is empty</source>
+        <translation>Esta pasta está vazia</translation>
+    </message>
+    <message>
+        <source>Drop files here to copy them to the phone.</source>
+        <translation>Solte arquivos aqui para copiá-los para o telefone.</translation>
+    </message>
+    <message>
+        <source>Searching for “%1”…</source>
+        <translation>Procurando “%1”…</translation>
+    </message>
+    <message>
+        <source>Nothing Found</source>
+        <translation>Nada encontrado</translation>
+    </message>
+    <message>
+        <source>Nothing below this folder has “%1” in its name.</source>
+        <translation>Nada dentro desta pasta tem “%1” no nome.</translation>
+    </message>
+    <message>
+        <source>Show the Folder</source>
+        <translation>Mostrar a pasta</translation>
     </message>
 </context>
 <context>
@@ -2016,22 +2023,6 @@
     <message>
         <source>Quitting cancels this. What has arrived whole stays.</source>
         <translation>Sair cancela isso. O que chegou por inteiro permanece.</translation>
-    </message>
-    <message>
-        <source>This phone is locked</source>
-        <translation>Este telefone está bloqueado</translation>
-    </message>
-    <message>
-        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
-        <translation>Ele mostrará seus arquivos quando você o desbloquear e escolher “Transferência de arquivos” na notificação USB. Esta janela se atualiza sozinha.</translation>
-    </message>
-    <message>
-        <source>Release the Phone</source>
-        <translation>Liberar o telefone</translation>
-    </message>
-    <message>
-        <source>Retry</source>
-        <translation>Tentar novamente</translation>
     </message>
     <message>
         <source>Import Photos…</source>
@@ -2792,6 +2783,32 @@
     <message>
         <source>Android: tap the notification “Charging this device via USB” and choose “File transfer”. iPhone: tap “Trust”.</source>
         <translation>Android: toque na notificação “Carregando este dispositivo via USB” e escolha “Transferência de arquivos”. iPhone: toque em “Confiar”.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WindowBanner</name>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Liberar o telefone</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Tentar novamente</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WindowPages</name>
+    <message>
+        <source>This phone is locked</source>
+        <translation>Este telefone está bloqueado</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>Ele mostrará seus arquivos quando você o desbloquear e escolher “Transferência de arquivos” na notificação USB. Esta janela se atualiza sozinha.</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Liberar o telefone</translation>
     </message>
 </context>
 <context>

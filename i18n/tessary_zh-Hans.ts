@@ -1472,76 +1472,12 @@
         </translation>
     </message>
     <message>
-        <source>Clear the Filter</source>
-        <translation>清除筛选</translation>
-    </message>
-    <message>
         <source>Files</source>
         <translation>文件列表</translation>
     </message>
     <message>
-        <source>The phone is gone</source>
-        <translation>手机已断开</translation>
-    </message>
-    <message>
-        <source>Plug the phone in again and unlock it.</source>
-        <translation>请重新插上手机并解锁。</translation>
-    </message>
-    <message>
-        <source>Plug it in again, unlock it and choose File transfer on it.</source>
-        <translation>请重新插上手机，解锁并选择“文件传输”。</translation>
-    </message>
-    <message>
-        <source>Folder Not Found</source>
-        <translation>未找到文件夹</translation>
-    </message>
-    <message>
-        <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
-        <translation>在设备上找不到此文件夹。它可能已被删除或移动。要将它从收藏夹中移除吗？</translation>
-    </message>
-    <message>
         <source>Remove from Favorites</source>
         <translation>从收藏夹移除</translation>
-    </message>
-    <message>
-        <source>Keep</source>
-        <translation>保留</translation>
-    </message>
-    <message>
-        <source>It may have been deleted or moved on the phone.</source>
-        <translation>它可能已在手机上被删除或移动。</translation>
-    </message>
-    <message>
-        <source>Connection Failed</source>
-        <translation>连接失败</translation>
-    </message>
-    <message>
-        <source>Retry</source>
-        <translation>重试</translation>
-    </message>
-    <message>
-        <source>Loading directory contents…</source>
-        <translation>正在载入文件夹内容…</translation>
-    </message>
-    <message>
-        <source>Loading device storage…</source>
-        <translation>正在载入设备存储…</translation>
-    </message>
-    <message>
-        <source>No Matching Files</source>
-        <translation>没有匹配的文件</translation>
-    </message>
-    <message>
-        <source>Nothing here has “%1” in its name.</source>
-        <translation>这里没有名称包含“%1”的项目。</translation>
-    </message>
-    <message>
-        <source>This folder is empty</source>
-        <translation>此文件夹为空</translation>
-    </message>
-    <message>
-        <source>Drop files here to copy them to the phone.</source>
-        <translation>将文件拖到此处即可复制到手机。</translation>
     </message>
     <message numerus="yes">
         <source>%Ln items</source>
@@ -1572,22 +1508,6 @@
         <translation>到“%1”</translation>
     </message>
     <message>
-        <source>Parent Folder</source>
-        <translation>上层文件夹</translation>
-    </message>
-    <message>
-        <source>Only hidden files in here</source>
-        <translation>这里只有隐藏文件</translation>
-    </message>
-    <message>
-        <source>Their names begin with a dot.</source>
-        <translation>它们的名称以点开头。</translation>
-    </message>
-    <message>
-        <source>Show Hidden Files</source>
-        <translation>显示隐藏文件</translation>
-    </message>
-    <message>
         <source>Undo</source>
         <translation>撤销</translation>
     </message>
@@ -1606,22 +1526,6 @@
     <message>
         <source>Apps</source>
         <translation>应用</translation>
-    </message>
-    <message>
-        <source>Searching for “%1”…</source>
-        <translation>正在搜索“%1”…</translation>
-    </message>
-    <message>
-        <source>Nothing Found</source>
-        <translation>未找到</translation>
-    </message>
-    <message>
-        <source>Nothing below this folder has “%1” in its name.</source>
-        <translation>此文件夹及其下没有名称包含“%1”的项。</translation>
-    </message>
-    <message>
-        <source>Show the Folder</source>
-        <translation>显示文件夹</translation>
     </message>
     <message>
         <source>searching…</source>
@@ -1787,6 +1691,109 @@
     <message>
         <source>Name of the new folder:</source>
         <translation>新文件夹的名称：</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FolderNotice</name>
+    <message>
+        <source>The phone is gone</source>
+        <translation>手机已断开</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>请重新插上手机并解锁。</translation>
+    </message>
+    <message>
+        <source>Plug it in again, unlock it and choose File transfer on it.</source>
+        <translation>请重新插上手机，解锁并选择“文件传输”。</translation>
+    </message>
+    <message>
+        <source>Connection Failed</source>
+        <translation>连接失败</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>重试</translation>
+    </message>
+    <message>
+        <source>Folder Not Found</source>
+        <translation>未找到文件夹</translation>
+    </message>
+    <message>
+        <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
+        <translation>在设备上找不到此文件夹。它可能已被删除或移动。要将它从收藏夹中移除吗？</translation>
+    </message>
+    <message>
+        <source>Remove from Favorites</source>
+        <translation>从收藏夹移除</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>保留</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or moved on the phone.</source>
+        <translation>它可能已在手机上被删除或移动。</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>上层文件夹</translation>
+    </message>
+    <message>
+        <source>Loading directory contents…</source>
+        <translation>正在载入文件夹内容…</translation>
+    </message>
+    <message>
+        <source>Loading device storage…</source>
+        <translation>正在载入设备存储…</translation>
+    </message>
+    <message>
+        <source>No Matching Files</source>
+        <translation>没有匹配的文件</translation>
+    </message>
+    <message>
+        <source>Nothing here has “%1” in its name.</source>
+        <translation>这里没有名称包含“%1”的项目。</translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>清除筛选</translation>
+    </message>
+    <message>
+        <source>Only hidden files in here</source>
+        <translation>这里只有隐藏文件</translation>
+    </message>
+    <message>
+        <source>Their names begin with a dot.</source>
+        <translation>它们的名称以点开头。</translation>
+    </message>
+    <message>
+        <source>Show Hidden Files</source>
+        <translation>显示隐藏文件</translation>
+    </message>
+    <message>
+        <source>This folder is empty</source>
+        <translation>此文件夹为空</translation>
+    </message>
+    <message>
+        <source>Drop files here to copy them to the phone.</source>
+        <translation>将文件拖到此处即可复制到手机。</translation>
+    </message>
+    <message>
+        <source>Searching for “%1”…</source>
+        <translation>正在搜索“%1”…</translation>
+    </message>
+    <message>
+        <source>Nothing Found</source>
+        <translation>未找到</translation>
+    </message>
+    <message>
+        <source>Nothing below this folder has “%1” in its name.</source>
+        <translation>此文件夹及其下没有名称包含“%1”的项。</translation>
+    </message>
+    <message>
+        <source>Show the Folder</source>
+        <translation>显示文件夹</translation>
     </message>
 </context>
 <context>
@@ -1994,22 +2001,6 @@
     <message>
         <source>Quitting cancels this. What has arrived whole stays.</source>
         <translation>退出会取消此操作。已完整传到的内容会保留。</translation>
-    </message>
-    <message>
-        <source>This phone is locked</source>
-        <translation>此手机已锁定</translation>
-    </message>
-    <message>
-        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
-        <translation>解锁手机并在其 USB 通知中选择“文件传输”后即可显示文件。此窗口会自动更新。</translation>
-    </message>
-    <message>
-        <source>Release the Phone</source>
-        <translation>释放手机</translation>
-    </message>
-    <message>
-        <source>Retry</source>
-        <translation>重试</translation>
     </message>
     <message>
         <source>Import Photos…</source>
@@ -2763,6 +2754,32 @@
     <message>
         <source>Android: tap the notification “Charging this device via USB” and choose “File transfer”. iPhone: tap “Trust”.</source>
         <translation>Android：点按通知“正在通过 USB 为此设备充电”，然后选择“文件传输”。iPhone：点按“信任”。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WindowBanner</name>
+    <message>
+        <source>Release the Phone</source>
+        <translation>释放手机</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>重试</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WindowPages</name>
+    <message>
+        <source>This phone is locked</source>
+        <translation>此手机已锁定</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>解锁手机并在其 USB 通知中选择“文件传输”后即可显示文件。此窗口会自动更新。</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>释放手机</translation>
     </message>
 </context>
 <context>

@@ -1472,76 +1472,12 @@
         </translation>
     </message>
     <message>
-        <source>Clear the Filter</source>
-        <translation>清除篩選</translation>
-    </message>
-    <message>
         <source>Files</source>
         <translation>檔案列表</translation>
     </message>
     <message>
-        <source>The phone is gone</source>
-        <translation>手機已中斷連線</translation>
-    </message>
-    <message>
-        <source>Plug the phone in again and unlock it.</source>
-        <translation>請重新插上手機並解鎖。</translation>
-    </message>
-    <message>
-        <source>Plug it in again, unlock it and choose File transfer on it.</source>
-        <translation>請重新插上手機，解鎖並選擇「檔案傳輸」。</translation>
-    </message>
-    <message>
-        <source>Folder Not Found</source>
-        <translation>找不到資料夾</translation>
-    </message>
-    <message>
-        <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
-        <translation>在裝置上找不到此資料夾。它可能已被刪除或移動。要將它從我的最愛中移除嗎？</translation>
-    </message>
-    <message>
         <source>Remove from Favorites</source>
         <translation>從我的最愛移除</translation>
-    </message>
-    <message>
-        <source>Keep</source>
-        <translation>保留</translation>
-    </message>
-    <message>
-        <source>It may have been deleted or moved on the phone.</source>
-        <translation>它可能已在手機上被刪除或移動。</translation>
-    </message>
-    <message>
-        <source>Connection Failed</source>
-        <translation>連線失敗</translation>
-    </message>
-    <message>
-        <source>Retry</source>
-        <translation>重試</translation>
-    </message>
-    <message>
-        <source>Loading directory contents…</source>
-        <translation>正在載入資料夾內容…</translation>
-    </message>
-    <message>
-        <source>Loading device storage…</source>
-        <translation>正在載入裝置儲存空間…</translation>
-    </message>
-    <message>
-        <source>No Matching Files</source>
-        <translation>沒有符合的檔案</translation>
-    </message>
-    <message>
-        <source>Nothing here has “%1” in its name.</source>
-        <translation>這裡沒有名稱包含「%1」的項目。</translation>
-    </message>
-    <message>
-        <source>This folder is empty</source>
-        <translation>此資料夾是空的</translation>
-    </message>
-    <message>
-        <source>Drop files here to copy them to the phone.</source>
-        <translation>將檔案拖到這裡即可複製到手機。</translation>
     </message>
     <message numerus="yes">
         <source>%Ln items</source>
@@ -1572,22 +1508,6 @@
         <translation>到「%1」</translation>
     </message>
     <message>
-        <source>Parent Folder</source>
-        <translation>上層資料夾</translation>
-    </message>
-    <message>
-        <source>Only hidden files in here</source>
-        <translation>這裡只有隱藏檔案</translation>
-    </message>
-    <message>
-        <source>Their names begin with a dot.</source>
-        <translation>它們的名稱以點開頭。</translation>
-    </message>
-    <message>
-        <source>Show Hidden Files</source>
-        <translation>顯示隱藏檔案</translation>
-    </message>
-    <message>
         <source>Undo</source>
         <translation>復原</translation>
     </message>
@@ -1606,22 +1526,6 @@
     <message>
         <source>Apps</source>
         <translation>App</translation>
-    </message>
-    <message>
-        <source>Searching for “%1”…</source>
-        <translation>正在搜尋「%1」…</translation>
-    </message>
-    <message>
-        <source>Nothing Found</source>
-        <translation>找不到</translation>
-    </message>
-    <message>
-        <source>Nothing below this folder has “%1” in its name.</source>
-        <translation>此資料夾及其下沒有名稱包含「%1」的項目。</translation>
-    </message>
-    <message>
-        <source>Show the Folder</source>
-        <translation>顯示資料夾</translation>
     </message>
     <message>
         <source>searching…</source>
@@ -1787,6 +1691,109 @@
     <message>
         <source>Name of the new folder:</source>
         <translation>新資料夾的名稱：</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FolderNotice</name>
+    <message>
+        <source>The phone is gone</source>
+        <translation>手機已中斷連線</translation>
+    </message>
+    <message>
+        <source>Plug the phone in again and unlock it.</source>
+        <translation>請重新接上手機並解鎖。</translation>
+    </message>
+    <message>
+        <source>Plug it in again, unlock it and choose File transfer on it.</source>
+        <translation>請重新插上手機，解鎖並選擇「檔案傳輸」。</translation>
+    </message>
+    <message>
+        <source>Connection Failed</source>
+        <translation>連線失敗</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>重試</translation>
+    </message>
+    <message>
+        <source>Folder Not Found</source>
+        <translation>找不到資料夾</translation>
+    </message>
+    <message>
+        <source>This folder could not be found on the device. It may have been deleted or moved. Would you like to remove it from your Favorites?</source>
+        <translation>在裝置上找不到此資料夾。它可能已被刪除或移動。要將它從我的最愛中移除嗎？</translation>
+    </message>
+    <message>
+        <source>Remove from Favorites</source>
+        <translation>從我的最愛移除</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>保留</translation>
+    </message>
+    <message>
+        <source>It may have been deleted or moved on the phone.</source>
+        <translation>它可能已在手機上被刪除或移動。</translation>
+    </message>
+    <message>
+        <source>Parent Folder</source>
+        <translation>上層資料夾</translation>
+    </message>
+    <message>
+        <source>Loading directory contents…</source>
+        <translation>正在載入資料夾內容…</translation>
+    </message>
+    <message>
+        <source>Loading device storage…</source>
+        <translation>正在載入裝置儲存空間…</translation>
+    </message>
+    <message>
+        <source>No Matching Files</source>
+        <translation>沒有符合的檔案</translation>
+    </message>
+    <message>
+        <source>Nothing here has “%1” in its name.</source>
+        <translation>這裡沒有名稱包含「%1」的項目。</translation>
+    </message>
+    <message>
+        <source>Clear the Filter</source>
+        <translation>清除篩選</translation>
+    </message>
+    <message>
+        <source>Only hidden files in here</source>
+        <translation>這裡只有隱藏檔案</translation>
+    </message>
+    <message>
+        <source>Their names begin with a dot.</source>
+        <translation>它們的名稱以點開頭。</translation>
+    </message>
+    <message>
+        <source>Show Hidden Files</source>
+        <translation>顯示隱藏檔案</translation>
+    </message>
+    <message>
+        <source>This folder is empty</source>
+        <translation>此資料夾是空的</translation>
+    </message>
+    <message>
+        <source>Drop files here to copy them to the phone.</source>
+        <translation>將檔案拖到這裡即可複製到手機。</translation>
+    </message>
+    <message>
+        <source>Searching for “%1”…</source>
+        <translation>正在搜尋「%1」…</translation>
+    </message>
+    <message>
+        <source>Nothing Found</source>
+        <translation>找不到</translation>
+    </message>
+    <message>
+        <source>Nothing below this folder has “%1” in its name.</source>
+        <translation>此資料夾及其下沒有名稱包含「%1」的項目。</translation>
+    </message>
+    <message>
+        <source>Show the Folder</source>
+        <translation>顯示資料夾</translation>
     </message>
 </context>
 <context>
@@ -1994,22 +2001,6 @@
     <message>
         <source>Quitting cancels this. What has arrived whole stays.</source>
         <translation>結束會取消此操作。已完整傳到的內容會保留。</translation>
-    </message>
-    <message>
-        <source>This phone is locked</source>
-        <translation>此手機已鎖定</translation>
-    </message>
-    <message>
-        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
-        <translation>解鎖手機並在其 USB 通知中選擇「檔案傳輸」後即可顯示檔案。此視窗會自動更新。</translation>
-    </message>
-    <message>
-        <source>Release the Phone</source>
-        <translation>釋放手機</translation>
-    </message>
-    <message>
-        <source>Retry</source>
-        <translation>重試</translation>
     </message>
     <message>
         <source>Import Photos…</source>
@@ -2763,6 +2754,32 @@
     <message>
         <source>Android: tap the notification “Charging this device via USB” and choose “File transfer”. iPhone: tap “Trust”.</source>
         <translation>Android：點按通知「透過 USB 為這部裝置充電」，然後選擇「檔案傳輸」。iPhone：點按「信任」。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WindowBanner</name>
+    <message>
+        <source>Release the Phone</source>
+        <translation>釋放手機</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>重試</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::WindowPages</name>
+    <message>
+        <source>This phone is locked</source>
+        <translation>此手機已鎖定</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>解鎖手機並在其 USB 通知中選擇「檔案傳輸」後即可顯示檔案。此視窗會自動更新。</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>釋放手機</translation>
     </message>
 </context>
 <context>

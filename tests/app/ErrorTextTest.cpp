@@ -134,16 +134,6 @@ TEST_F(ErrorTextTest, sentencesNameTheItemAndSayWhatToDo) {
     use(AppLanguage::en);
 }
 
-TEST_F(ErrorTextTest, reasonsStandBesideAName) {
-    const std::pair<Error, const char*> rows[] = {
-        {Error(LocalError::link, {u"/x"_s}), "it is a link; links are not followed"},
-        {Error(PhoneError::unreadable, {u"/x"_s}), "it cannot be read"},
-        {Error(PhoneError::unplugged), "The phone was unplugged."},
-    };
-    for (const auto& [error, reason] : rows)
-        EXPECT_EQ(reasonText(error), QString::fromUtf8(reason));
-}
-
 TEST_F(ErrorTextTest, theProtocolsNumbersStandInTheDetailsAlone) {
     const std::pair<Error, const char*> rows[] = {
         {Error(PhoneError::full), ""},

@@ -78,23 +78,6 @@ protected:
     UpdateAlerts alerts_{checker_, window_};
 };
 
-TEST_F(ApplicationWindowsTest, whatTheUserAskedForIsTold) {
-    checker_.checkForUpdates(true);
-    ASSERT_NE(box(), nullptr);
-    EXPECT_EQ(box()->windowTitle(), u"Update Check Failed"_s);
-    EXPECT_EQ(box()->informativeText(),
-              u"The server answered with the error 404. Please try again later."_s);
-    press(u"OK"_s);
-    EXPECT_EQ(checker_.checkFailure(), std::nullopt);
-
-    http_->body = R"({"version": "1.9"})";
-    checker_.checkForUpdates(true);
-    ASSERT_NE(box(), nullptr);
-    EXPECT_EQ(box()->informativeText(), u"Tessary v1.9 is currently the newest version."_s);
-    press(u"OK"_s);
-    EXPECT_FALSE(checker_.showUpToDateAlert());
-}
-
 TEST_F(ApplicationWindowsTest, anUpdateIsOfferedAsPlainTextAndLeadsToSafePagesOnly) {
     http_->body = R"({"version": "2.0", "release_notes": "<h1>Big</h1>",
                       "download_url": "file:///bin/sh"})";

@@ -23,11 +23,6 @@ class FolderPositionsTest : public WindowFixture {
 protected:
     FolderPositionsTest() : WindowFixture(manyFiles()) {}
 
-    void go(const QString& folder) {
-        window_->browser().navigateTo(u"/sdcard/"_s + folder);
-        ASSERT_TRUE(wait([this] { return isShown(u"file 000.txt"_s); }));
-        QCoreApplication::processEvents();
-    }
     [[nodiscard]] QScrollBar& scrolling() const {
         return *window_->browserView().currentListing().verticalScrollBar();
     }
@@ -37,7 +32,7 @@ TEST_F(FolderPositionsTest, backAndForwardLeadToWhatWasLeft) {
     for (const ViewMode mode : {ViewMode::list, ViewMode::grid}) {
         SCOPED_TRACE(mode == ViewMode::list ? "list" : "grid");
         window_->browser().setViewMode(mode);
-        go(u"Many"_s);
+        go(u"/sdcard/Many"_s, u"file 000.txt"_s);
         EXPECT_EQ(scrolling().value(), 0) << "a new folder begins at its top";
         scrolling().setValue(1500);
         window_->browser().selection().select(window_->browser().rows().item(70).id());
@@ -45,7 +40,7 @@ TEST_F(FolderPositionsTest, backAndForwardLeadToWhatWasLeft) {
         const int left = scrolling().value();
         ASSERT_GT(left, 900);
 
-        go(u"More"_s);
+        go(u"/sdcard/More"_s, u"file 000.txt"_s);
         EXPECT_EQ(scrolling().value(), 0) << "the position of one folder is not another's";
         EXPECT_TRUE(selectedNames().isEmpty());
         scrolling().setValue(400);
@@ -59,14 +54,14 @@ TEST_F(FolderPositionsTest, backAndForwardLeadToWhatWasLeft) {
         EXPECT_TRUE(wait([&] { return scrolling().value() == 400; })) << scrolling().value();
         EXPECT_TRUE(selectedNames().isEmpty());
 
-        go(u"Many"_s);
+        go(u"/sdcard/Many"_s, u"file 000.txt"_s);
         EXPECT_EQ(scrolling().value(), 0) << "visited anew it is a new entry of the history";
     }
 }
 
 TEST_F(FolderPositionsTest, anotherPhoneAndBackLeadsToWhatWasLeft) {
-    go(u"Many"_s);
-    go(u"More"_s);
+    go(u"/sdcard/Many"_s, u"file 000.txt"_s);
+    go(u"/sdcard/More"_s, u"file 000.txt"_s);
     scrolling().setValue(1500);
     window_->browser().selection().select(window_->browser().rows().item(70).id());
     QCoreApplication::processEvents();
@@ -90,9 +85,9 @@ TEST_F(FolderPositionsTest, anotherPhoneAndBackLeadsToWhatWasLeft) {
 }
 
 TEST_F(FolderPositionsTest, whatIsGoneMeanwhileIsNotSelected) {
-    go(u"Many"_s);
+    go(u"/sdcard/Many"_s, u"file 000.txt"_s);
     window_->browser().selection().select(window_->browser().rows().item(3).id());
-    go(u"More"_s);
+    go(u"/sdcard/More"_s, u"file 000.txt"_s);
     ASSERT_TRUE(QFile::remove(phone_.disk.path(u"0/Many/file 003.txt"_s)));
     window_->browser().folders().forgetAll();
     press(Qt::Key_Left, Qt::AltModifier);

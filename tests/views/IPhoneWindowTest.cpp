@@ -162,13 +162,6 @@ TEST_F(PhotosIPhoneWindowTest, theyAreAVolumeBesideTheApps) {
     ASSERT_TRUE(wait([this] { return showsApps(); }));
     clickApp(u"Photos & Videos"_s);
     EXPECT_TRUE(wait([this] { return shows(u"DCIM"_s); }));
-
-    // Also after the phone was away.
-    phone_.phone.unplug();
-    EXPECT_TRUE(wait([this] { return window_->browser().state() == BrowserState::deviceLost; }));
-    phone_.phone.plugInto(phone_.mux);
-    EXPECT_TRUE(wait(
-        [this] { return window_->browser().state() == BrowserState::ready && shows(u"DCIM"_s); }));
 }
 
 /// The page of an iPhone that cannot be read yet.
@@ -207,22 +200,6 @@ TEST_F(UntrustingIPhoneWindowTest, itsAppsAreShownOnceItTrustsThisComputer) {
     phone_.phone.setTrust(VirtualTrust::trusted);
     EXPECT_TRUE(showsAppsSoon());
     EXPECT_EQ(phone_.count("lockdown.Pair"), 1U);
-}
-
-class LockedIPhoneWindowTest : public WaitingIPhoneWindowTest {
-protected:
-    LockedIPhoneWindowTest() : WaitingIPhoneWindowTest(wishes()) {}
-    static VirtualIPhoneConfig wishes() {
-        VirtualIPhoneConfig config;
-        config.isLocked = true;
-        return config;
-    }
-};
-
-TEST_F(LockedIPhoneWindowTest, itsAppsAreShownOnceItIsUnlocked) {
-    ASSERT_TRUE(wait([this] { return saysWhatToDo(u"Unlock the phone and try again."_s); }));
-    phone_.phone.setLocked(false);
-    EXPECT_TRUE(showsAppsSoon());
 }
 
 TEST_F(WaitingIPhoneWindowTest, aHostileOneIsItsOwnTroubleAndOtherPhonesGoOn) {

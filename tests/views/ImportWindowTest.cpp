@@ -167,23 +167,5 @@ TEST_F(ImportWindowTest, anAndroidPhoneIsAskedForItsCamera) {
     EXPECT_EQ(state(), State::closed);
 }
 
-TEST_F(ImportWindowTest, aPulledCableIsSaidAndTheNextTryGoesOn) {
-    choose(DevicePlatform::iOS);
-    look();
-    iphone_.faults([](VirtualIPhoneFaults& faults) {
-        faults.requestFault = VirtualIPhoneRequestFault{.request = u"afc.fileRead"_s, .nth = 2};
-    });
-    press(u"importProceed"_s);
-    ASSERT_TRUE(wait([this] { return state() == State::copied; }));
-    EXPECT_LT(window_->import().arrivedCount(), 3);
-    iphone_.phone.plugInto(iphone_.mux);
-    EXPECT_TRUE(wait([this] { return app_->deviceManager().devices().size() == 2; }));
-    choose(DevicePlatform::iOS);
-    look();
-    press(u"importProceed"_s);
-    ASSERT_TRUE(wait([this] { return state() == State::copied; }));
-    EXPECT_EQ(here().size(), 4);
-}
-
 } // namespace
 } // namespace tessary

@@ -36,32 +36,6 @@ TEST_F(MainWindowTest, typingSelectsAndTheFilterNarrows) {
     EXPECT_TRUE(wait([this] { return table().model()->rowCount() == 3; }));
 }
 
-TEST_F(MainWindowTest, severalRowsAreSelectedAsOnTheDesktop) {
-    openFolder();
-    click(u"alpha.txt"_s);
-    click(u"Trip"_s, Qt::ControlModifier);
-    EXPECT_EQ(selectedNames().size(), 2);
-    click(u"Trip"_s);
-    click(u"beta.txt"_s, Qt::ShiftModifier);
-    EXPECT_EQ(selectedNames().size(), 3);
-    press(Qt::Key_A, Qt::ControlModifier);
-    EXPECT_EQ(selectedNames().size(), 3);
-}
-
-TEST_F(MainWindowTest, renamingInPlaceReachesThePhone) {
-    openFolder();
-    click(u"alpha.txt"_s);
-    press(Qt::Key_F2);
-    auto* editor = table().findChild<QLineEdit*>();
-    ASSERT_NE(editor, nullptr);
-    EXPECT_TRUE(wait([editor] { return editor->selectedText() == u"alpha"_s; }));
-    QTest::keyClicks(editor, u"gamma"_s);
-    QTest::keyClick(editor, Qt::Key_Return);
-    EXPECT_TRUE(wait([this] { return isShown(u"gamma.txt"_s); }));
-    EXPECT_EQ(phone_.content(u"DCIM/gamma.txt"_s), "a");
-    EXPECT_TRUE(phone_.content(u"DCIM/alpha.txt"_s).isNull());
-}
-
 TEST_F(MainWindowTest, deletingAsksFirst) {
     openFolder();
     for (const bool confirms : {false, true}) {
@@ -91,21 +65,6 @@ TEST_F(MainWindowTest, newFolderIsMadeAndNamedInPlace) {
     QTest::keyClick(editor, Qt::Key_Return);
     EXPECT_TRUE(wait([this] { return isShown(u"Letters"_s); }));
     EXPECT_TRUE(phone_.names().contains(u"Letters"_s));
-}
-
-TEST_F(MainWindowTest, filesAreCopiedBothWaysByShortcut) {
-    openFolder();
-    click(u"alpha.txt"_s);
-    click(u"Trip"_s, Qt::ControlModifier);
-    press(Qt::Key_D, Qt::ControlModifier);
-    EXPECT_TRUE(wait([this] { return !local_.read(u"Trip/one.txt"_s).isNull(); }));
-    EXPECT_TRUE(wait([this] { return window_->copyQueue().summary().isIdle(); }));
-    EXPECT_EQ(local_.read(u"alpha.txt"_s), "a");
-
-    filesToCopy_ = {local_.write(u"up.txt"_s, "upwards")};
-    press(Qt::Key_U, Qt::ControlModifier);
-    EXPECT_TRUE(wait([this] { return isShown(u"up.txt"_s); }));
-    EXPECT_EQ(phone_.content(u"DCIM/up.txt"_s), "upwards");
 }
 
 TEST_F(MainWindowTest, unpluggedPhoneComesBackWhereItWas) {

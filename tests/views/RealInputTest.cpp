@@ -167,19 +167,5 @@ TEST_F(RealInputTest, theMousesSideButtonsWalkAndItsWheelZooms) {
     EXPECT_TRUE(wait([&] { return table().iconSize().width() == side; }));
 }
 
-TEST_F(RealInputTest, keysCutPasteAndTakeItBack) {
-    const auto keys = [](const QStringList& more) {
-        EXPECT_TRUE(run(u"xdotool"_s, QStringList{u"key"_s, u"--delay"_s, u"30"_s} + more));
-    };
-    click(u"alpha.txt"_s);
-    keys({u"ctrl+x"_s, u"alt+Up"_s});
-    ASSERT_TRUE(wait([this] { return isShown(u"readme.md"_s); }));
-    keys({u"ctrl+v"_s});
-    EXPECT_TRUE(wait([this] { return phone_.content(u"alpha.txt"_s) == "a"; }));
-    ASSERT_TRUE(wait([this] { return isShown(u"alpha.txt"_s); }));
-    keys({u"ctrl+z"_s});
-    EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/alpha.txt"_s) == "a"; }));
-}
-
 } // namespace
 } // namespace tessary

@@ -79,23 +79,6 @@ protected:
     }
 };
 
-TEST_F(SyncWindowTest, pairIsMadePreviewedAndRun) {
-    ASSERT_NO_FATAL_FAILURE(makePair());
-    ASSERT_TRUE(wait([this] {
-        const QDialog* shown = dialog("syncPreview");
-        return shown != nullptr && shown->findChild<QTreeWidget*>()->topLevelItemCount() == 3;
-    }));
-    EXPECT_FALSE(local_.has(u"alpha.txt"_s)) << "a preview does nothing";
-    clickButton("syncPreview", u"Sync Now"_s);
-    EXPECT_TRUE(wait([this] { return hasSynced(); }));
-    EXPECT_EQ(local_.read(u"Trip/one.txt"_s), "one");
-
-    local_.write(u"new.txt"_s, "new");
-    runAgain();
-    EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/new.txt"_s) == "new"; }));
-    EXPECT_TRUE(wait([this] { return isShown(u"new.txt"_s); })) << "the folder shown is read again";
-}
-
 TEST_F(SyncWindowTest, returnGoesOnFromTheSheetAndFromThePreview) {
     ASSERT_NO_FATAL_FAILURE(openSheet());
     QTest::keyClick(dialog("syncPairSheet")->findChild<QLineEdit*>(u"syncLocalFolder"_s),
@@ -104,9 +87,15 @@ TEST_F(SyncWindowTest, returnGoesOnFromTheSheetAndFromThePreview) {
         const QDialog* shown = dialog("syncPreview");
         return shown != nullptr && shown->findChild<QTreeWidget*>()->topLevelItemCount() == 3;
     }));
+    EXPECT_FALSE(local_.has(u"alpha.txt"_s)) << "a preview does nothing";
     QTest::keyClick(dialog("syncPreview")->findChild<QTreeWidget*>(), Qt::Key_Return);
     EXPECT_TRUE(wait([this] { return hasSynced(); }));
     EXPECT_EQ(local_.read(u"alpha.txt"_s), "a");
+
+    local_.write(u"new.txt"_s, "new");
+    runAgain();
+    EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/new.txt"_s) == "new"; }));
+    EXPECT_TRUE(wait([this] { return isShown(u"new.txt"_s); })) << "the folder shown is read again";
 }
 
 TEST_F(SyncWindowTest, deletionIsAskedAboutAndOnlyThenDone) {

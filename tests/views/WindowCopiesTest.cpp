@@ -1,8 +1,5 @@
 #include "WindowFixture.h"
 
-#include <QClipboard>
-#include <QMimeData>
-
 #include <QCheckBox>
 
 namespace tessary {
@@ -71,26 +68,6 @@ TEST_F(WindowCopiesTest, whatDoesNotFitIsNamedBeforeAnythingMoves) {
     press(Qt::Key_U, Qt::ControlModifier);
     EXPECT_TRUE(wait([this] { return jobs().size() == 1; }));
     window_->copyQueue().cancelAll();
-}
-
-TEST_F(WindowCopiesTest, theClipboardTakesAndGivesFiles) {
-    QClipboard& clipboard = *QGuiApplication::clipboard();
-    openFolder();
-    click(u"alpha.txt"_s);
-    press(Qt::Key_C, Qt::ControlModifier);
-    const QMimeData* copied = clipboard.mimeData();
-    ASSERT_EQ(copied->urls().size(), 1);
-    QFile file(copied->urls().front().toLocalFile());
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(), "a");
-    EXPECT_EQ(copied->data(u"x-special/gnome-copied-files"_s),
-              "copy\n" + copied->urls().front().toEncoded());
-    auto* others = new QMimeData;
-    others->setUrls({QUrl::fromLocalFile(local_.write(u"pasted.txt"_s, "new"))});
-    clipboard.setMimeData(others);
-    press(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/pasted.txt"_s) == "new"; }));
-    clipboard.clear();
 }
 
 } // namespace

@@ -152,6 +152,11 @@ protected:
                     each->click();
         });
     }
+    void go(const QString& path, const QString& holds) {
+        window_->browser().navigateTo(path);
+        ASSERT_TRUE(wait([&] { return isShown(holds); }));
+        activate();
+    }
     void openFolder() {
         doubleClick(QStringLiteral("DCIM"));
         ASSERT_TRUE(wait([this] { return isShown(QStringLiteral("alpha.txt")); }));

@@ -69,17 +69,6 @@ protected:
     QPushButton& connect_ = find<QPushButton>("wirelessConnect");
 };
 
-TEST_F(WirelessDialogTest, tellsWhyNothingIsFound) {
-    auto& busy = *dialog_.findChild<QProgressBar*>();
-    network_->report(WirelessADBDiscovery::connectType, "", false);
-    EXPECT_TRUE(notes("avahi-daemon"));
-    EXPECT_FALSE(busy.isVisible());
-    network_->report(WirelessADBDiscovery::connectType, "");
-    EXPECT_TRUE(notes("developer options"));
-    EXPECT_TRUE(busy.isVisible());
-    EXPECT_FALSE(connect_.isEnabled());
-}
-
 TEST_F(WirelessDialogTest, phoneIsConnectedOrTheFailureTold) {
     network_->address = ServiceAddress{u"10.0.0.2"_s, 4711};
     network_->report(WirelessADBDiscovery::connectType, "adb-A-1");

@@ -18,19 +18,32 @@ using Clock = std::chrono::steady_clock;
 /// A folder that is read within this time is shown once, when it is whole.
 constexpr auto firstPartAfter = 120ms;
 
-/// Decides when what has come of a listing is worth showing: each part costs as much as all that
-/// is in it, so that the next one waits until there is twice as much.
-class Parts {
+/// Gathers the entries of a listing, and hands out what has come of one that takes its time. Each
+/// part costs as much as all that is in it, so that the next one waits until there is twice as
+/// much.
+class Gathering {
 public:
-    [[nodiscard]] bool isDue(std::size_t count) {
-        if (count < next_ || Clock::now() < earliest_)
-            return false;
-        next_ = count * 2;
+    Gathering(const QLocale& locale, const PartialListing& partial)
+        : locale_(locale), partial_(partial) {}
+
+    template <typename Wanted>
+    void add(std::vector<FileItem>&& rows, Wanted isWanted) {
+        std::copy_if(std::move_iterator(rows.begin()), std::move_iterator(rows.end()),
+                     std::back_inserter(items_), isWanted);
+        if (!partial_ || items_.size() < next_ || Clock::now() < earliest_)
+            return;
+        next_ = items_.size() * 2;
         earliest_ = Clock::now() + firstPartAfter;
-        return true;
+        partial_(FileListing::make(items_, locale_));
+    }
+    [[nodiscard]] std::shared_ptr<const FileListing> take() {
+        return FileListing::make(std::move(items_), locale_);
     }
 
 private:
+    const QLocale& locale_;
+    const PartialListing& partial_;
+    std::vector<FileItem> items_;
     std::size_t next_ = 1;
     Clock::time_point earliest_ = Clock::now() + firstPartAfter;
 };
@@ -67,17 +80,14 @@ BrowserLoad loadFolder(PhoneFileSystem& files, const QString& path, const QLocal
     throwIfStopped(stop);
     BrowserLoad load;
     try {
-        std::vector<FileItem> items;
-        Parts parts;
+        Gathering gathering(locale, partial);
         files.list(path,
                    {[&](std::vector<FileItem>&& rows) {
-                        std::move(rows.begin(), rows.end(), std::back_inserter(items));
-                        if (partial && parts.isDue(items.size()))
-                            partial(FileListing::make(items, locale));
+                        gathering.add(std::move(rows), [](const FileItem&) { return true; });
                     },
                     [&](UnreadableEntry&&) { ++load.unreadable; }},
                    stop);
-        load.listing = FileListing::make(std::move(items), locale);
+        load.listing = gathering.take();
         return load;
     } catch (const Error& error) {
         if (!error.is(PhoneError::notFound))
@@ -98,25 +108,18 @@ BrowserLoad loadSearch(PhoneFileSystem& files, const QString& path, const Search
                        const std::stop_token& stop) {
     throwIfStopped(stop);
     BrowserLoad load;
-    std::vector<FileItem> items;
-    Parts parts;
-    const auto isHidden = [&, top = files.canonicalPath(path).size()](const FileItem& item) {
-        return files.canonicalPath(item.path).indexOf(QLatin1StringView("/."), top) >= 0;
+    Gathering gathering(locale, partial);
+    const auto isWanted = [&, top = files.canonicalPath(path).size()](const FileItem& item) {
+        return search.withHidden ||
+               files.canonicalPath(item.path).indexOf(QLatin1StringView("/."), top) < 0;
     };
     try {
-        searchFiles(files, path, NamePattern(search.name),
-                    {[&](std::vector<FileItem>&& rows) {
-                         std::copy_if(std::move_iterator(rows.begin()),
-                                      std::move_iterator(rows.end()), std::back_inserter(items),
-                                      [&](const FileItem& item) {
-                                          return search.withHidden || !isHidden(item);
-                                      });
-                         if (partial && parts.isDue(items.size()))
-                             partial(FileListing::make(items, locale));
-                     },
-                     [&](UnreadableEntry&&) { ++load.unreadable; }},
-                    stop);
-        load.listing = FileListing::make(std::move(items), locale);
+        searchFiles(
+            files, path, NamePattern(search.name),
+            {[&](std::vector<FileItem>&& rows) { gathering.add(std::move(rows), isWanted); },
+             [&](UnreadableEntry&&) { ++load.unreadable; }},
+            stop);
+        load.listing = gathering.take();
         return load;
     } catch (const Error& error) {
         return failed(path, error);
