@@ -1,6 +1,7 @@
+#include "simulator/mtp/MTPResponderContents.h"
+
 #include "mtp/protocol/MTPPacketCodec.h"
 #include "simulator/mtp/MTPRefusal.h"
-#include "simulator/mtp/MTPResponderOperation.h"
 
 #include <algorithm>
 #include <array>
@@ -38,11 +39,11 @@ void writeAll(int file, ByteView bytes) {
 
 } // namespace
 
-void MTPResponder::getObject(Transaction& transaction) {
-    const VirtualObject object = store_.object(transaction.command.parameter(0));
+void MTPResponderContents::getObject(Transaction& transaction) {
+    const VirtualObject object = state_.store.object(transaction.command.parameter(0));
     if (object.isFolder)
         throw MTPRefusal(MTPResponseCode::invalidObjectHandle);
-    const FileHandle file = store_.openFile(object.handle);
+    const FileHandle file = state_.store.openFile(object.handle);
     std::uint64_t offset = 0;
     const bool complete = transaction.link.sendStream(
         transaction.command, object.size, [&](std::span<std::byte> buffer) {
@@ -54,12 +55,12 @@ void MTPResponder::getObject(Transaction& transaction) {
         throw MTPRefusal(MTPResponseCode::incompleteTransfer);
 }
 
-void MTPResponder::getThumb(Transaction& transaction) {
+void MTPResponderContents::getThumb(Transaction& transaction) {
     constexpr std::size_t headSize = std::size_t{64} << 10;
-    const VirtualObject object = store_.object(transaction.command.parameter(0));
+    const VirtualObject object = state_.store.object(transaction.command.parameter(0));
     if (object.isFolder)
         throw MTPRefusal(MTPResponseCode::noThumbnailPresent);
-    const FileHandle file = store_.openFile(object.handle);
+    const FileHandle file = state_.store.openFile(object.handle);
     Bytes head(headSize);
     head.resize(readSome(file.get(), head, 0));
     constexpr std::array start{std::byte{0xFF}, std::byte{0xD8}, std::byte{0xFF}};
@@ -75,24 +76,25 @@ void MTPResponder::getThumb(Transaction& transaction) {
     transaction.link.sendDataset(transaction.command, Bytes(from, to + 2));
 }
 
-void MTPResponder::getPartialObject(Transaction& transaction) {
+void MTPResponderContents::getPartialObject(Transaction& transaction) {
     const MTPCommand& command = transaction.command;
     sendRange(transaction, command.parameter(1), command.parameter(2));
 }
 
-void MTPResponder::getPartialObject64(Transaction& transaction) {
+void MTPResponderContents::getPartialObject64(Transaction& transaction) {
     const MTPCommand& command = transaction.command;
     sendRange(transaction, std::uint64_t{command.parameter(2)} << 32 | command.parameter(1),
               command.parameter(3));
 }
 
-void MTPResponder::sendRange(Transaction& transaction, std::uint64_t offset, std::uint32_t most) {
-    const VirtualObject object = store_.object(transaction.command.parameter(0));
+void MTPResponderContents::sendRange(Transaction& transaction, std::uint64_t offset,
+                                     std::uint32_t most) {
+    const VirtualObject object = state_.store.object(transaction.command.parameter(0));
     if (object.isFolder)
         throw MTPRefusal(MTPResponseCode::invalidObjectHandle);
     if (offset > object.size)
         throw MTPRefusal(MTPResponseCode::invalidParameter);
-    const FileHandle file = store_.openFile(object.handle);
+    const FileHandle file = state_.store.openFile(object.handle);
     const std::uint64_t size = std::min<std::uint64_t>(most, object.size - offset);
     const bool complete =
         transaction.link.sendStream(transaction.command, size, [&](std::span<std::byte> buffer) {
@@ -105,39 +107,39 @@ void MTPResponder::sendRange(Transaction& transaction, std::uint64_t offset, std
     transaction.answer.push_back(static_cast<std::uint32_t>(size));
 }
 
-void MTPResponder::sendObjectInfo(Transaction& transaction) {
-    const Bytes dataset = receiveDataset(transaction);
+void MTPResponderContents::sendObjectInfo(Transaction& transaction) {
+    const Bytes dataset = transaction.receiveDataset();
     const auto info = MTPPacketCodec::decodeObjectInfo(dataset, 0);
     if (!info)
         throw MTPRefusal(MTPResponseCode::invalidParameter);
     std::uint32_t storageID = transaction.command.parameter(0);
-    if (const auto all = store_.storageIDs(); storageID == 0 && !all.empty())
+    if (const auto all = state_.store.storageIDs(); storageID == 0 && !all.empty())
         storageID = all.front();
-    const VirtualStorage storage = store_.storage(storageID);
-    store_.checkWritable(storageID);
+    const VirtualStorage storage = state_.store.storage(storageID);
+    state_.store.checkWritable(storageID);
     const std::uint32_t given = transaction.command.parameter(1);
     const std::uint32_t parent = given == mtpRootHandle ? 0 : given;
     if (parent != 0)
-        (void)store_.children(storageID, parent);
+        (void)state_.store.children(storageID, parent);
 
     dropPending(true);
     Pending pending;
     pending.storageID = storageID;
-    pending.handle = store_.reserve(storageID, parent, info->filename);
+    pending.handle = state_.store.reserve(storageID, parent, info->filename);
     pending.announcedSize = info->compressedSize;
     if (info->dateModified)
         pending.modified = info->dateModified->toSecsSinceEpoch();
-    pending.isOnDisk = store_.exists(pending.handle);
+    pending.isOnDisk = state_.store.exists(pending.handle);
     if (pending.isOnDisk)
         throw MTPRefusal(MTPResponseCode::generalError);
     if (info->isDirectory()) {
-        store_.createFolder(pending.handle);
+        state_.store.createFolder(pending.handle);
     } else {
         const bool sizeKnown = pending.announcedSize != anySize;
         if (sizeKnown && pending.announcedSize > storage.free)
             throw MTPRefusal(MTPResponseCode::storeFull);
         if (transaction.behaviour.createsObjectEarly) {
-            (void)store_.createFile(pending.handle, false);
+            (void)state_.store.createFile(pending.handle, false);
             pending.isOnDisk = true;
         }
         pending_ = pending;
@@ -146,7 +148,7 @@ void MTPResponder::sendObjectInfo(Transaction& transaction) {
 }
 
 /// The file that SendObject fills. What has arrived is removed again unless it is complete.
-class MTPResponder::Arrival {
+class MTPResponderContents::Arrival {
 public:
     Arrival(VirtualObjectStore& store, const Pending& pending, std::optional<std::uint64_t> limit,
             bool keepsPartial)
@@ -197,14 +199,14 @@ private:
     bool complete_ = false;
 };
 
-void MTPResponder::sendObject(Transaction& transaction) {
+void MTPResponderContents::sendObject(Transaction& transaction) {
     const std::optional<Pending> pending = std::exchange(pending_, std::nullopt);
     std::optional<Arrival> arrival;
     std::optional<MTPRefusal> refusal;
     try {
         if (!pending)
             throw MTPRefusal(MTPResponseCode::noValidObjectInfo);
-        arrival.emplace(store_, *pending, hooks_->storeFullAfter(),
+        arrival.emplace(state_.store, *pending, state_.hooks->storeFullAfter(),
                         transaction.behaviour.keepsPartialObjects);
     } catch (const MTPRefusal& thrown) {
         refusal = thrown;
@@ -219,18 +221,18 @@ void MTPResponder::sendObject(Transaction& transaction) {
     arrival->complete();
     arrival.reset();
     if (pending->modified && !transaction.behaviour.datesFilesItself)
-        store_.setModified(pending->handle, *pending->modified);
+        state_.store.setModified(pending->handle, *pending->modified);
     if (transaction.behaviour.forgetsSentHandle)
-        store_.forget(pending->handle);
+        state_.store.forget(pending->handle);
     if (transaction.behaviour.hidesSentFiles)
-        hidden_.insert(pending->handle);
-    transaction.link.pause(hooks_->sendObjectPause());
+        state_.hidden.insert(pending->handle);
+    transaction.link.pause(state_.hooks->sendObjectPause());
 }
 
-void MTPResponder::dropPending(bool keepsObject) {
+void MTPResponderContents::dropPending(bool keepsObject) {
     const std::optional<Pending> pending = std::exchange(pending_, std::nullopt);
     if (pending && !keepsObject && pending->isOnDisk)
-        store_.discard(pending->handle);
+        state_.store.discard(pending->handle);
 }
 
 } // namespace tessary

@@ -1,11 +1,9 @@
+#include "simulator/mtp/MTPResponderEdits.h"
+
 #include "simulator/mtp/MTPRefusal.h"
-#include "simulator/mtp/MTPResponder.h"
 
 #include <cerrno>
 #include <unistd.h>
-
-// Edits in place, as Android's extension has them: a file is opened for them, written to where it
-// has bytes or at its end, and closed. What was written stays, whatever happens then.
 
 namespace tessary {
 
@@ -17,24 +15,24 @@ std::uint64_t wide(std::uint32_t low, std::uint32_t high) {
 
 } // namespace
 
-const FileHandle& MTPResponder::editOf(std::uint32_t handle) const {
+const FileHandle& MTPResponderEdits::editOf(std::uint32_t handle) const {
     const auto edit = edits_.find(handle);
     if (edit == edits_.end())
         throw MTPRefusal(MTPResponseCode::generalError);
     return edit->second;
 }
 
-void MTPResponder::beginEditObject(Transaction& transaction) {
-    const VirtualObject object = store_.object(transaction.command.parameter(0));
+void MTPResponderEdits::beginEditObject(Transaction& transaction) {
+    const VirtualObject object = state_.store.object(transaction.command.parameter(0));
     if (object.isFolder)
         throw MTPRefusal(MTPResponseCode::invalidObjectHandle);
     if (edits_.contains(object.handle))
         throw MTPRefusal(MTPResponseCode::generalError);
-    store_.checkWritable(object.storageID);
-    edits_.emplace(object.handle, store_.editFile(object.handle));
+    state_.store.checkWritable(object.storageID);
+    edits_.emplace(object.handle, state_.store.editFile(object.handle));
 }
 
-void MTPResponder::sendPartialObject(Transaction& transaction) {
+void MTPResponderEdits::sendPartialObject(Transaction& transaction) {
     const MTPCommand& command = transaction.command;
     std::uint64_t offset = wide(command.parameter(1), command.parameter(2));
     std::uint64_t rest = command.parameter(3);
@@ -43,19 +41,19 @@ void MTPResponder::sendPartialObject(Transaction& transaction) {
     VirtualObject object;
     std::uint64_t fullAt = 0;
     try {
-        object = store_.object(command.parameter(0));
+        object = state_.store.object(command.parameter(0));
         file = &editOf(object.handle);
         if (offset > object.size)
             throw MTPRefusal(MTPResponseCode::generalError);
-        fullAt = object.size + store_.storage(object.storageID).free;
-        if (const auto limit = hooks_->storeFullAfter())
+        fullAt = object.size + state_.store.storage(object.storageID).free;
+        if (const auto limit = state_.hooks->storeFullAfter())
             fullAt = std::min(fullAt, *limit);
     } catch (const MTPRefusal& thrown) {
         refusal = thrown;
     }
     const auto keepBooks = [&] {
         if (offset > object.size)
-            store_.addUsed(object.storageID, static_cast<std::int64_t>(offset - object.size));
+            state_.store.addUsed(object.storageID, static_cast<std::int64_t>(offset - object.size));
     };
     const auto write = [&](ByteView bytes) {
         if (refusal)
@@ -86,17 +84,17 @@ void MTPResponder::sendPartialObject(Transaction& transaction) {
     transaction.answer = {command.parameter(3)};
 }
 
-void MTPResponder::truncateObject(Transaction& transaction) {
+void MTPResponderEdits::truncateObject(Transaction& transaction) {
     const MTPCommand& command = transaction.command;
-    const VirtualObject object = store_.object(command.parameter(0));
+    const VirtualObject object = state_.store.object(command.parameter(0));
     const std::uint64_t size = wide(command.parameter(1), command.parameter(2));
     if (::ftruncate(editOf(object.handle).get(), static_cast<off_t>(size)) != 0)
         throw MTPRefusal(MTPResponseCode::generalError);
-    store_.addUsed(object.storageID,
-                   static_cast<std::int64_t>(size) - static_cast<std::int64_t>(object.size));
+    state_.store.addUsed(object.storageID,
+                         static_cast<std::int64_t>(size) - static_cast<std::int64_t>(object.size));
 }
 
-void MTPResponder::endEditObject(Transaction& transaction) {
+void MTPResponderEdits::endEditObject(Transaction& transaction) {
     if (edits_.erase(transaction.command.parameter(0)) == 0)
         throw MTPRefusal(MTPResponseCode::generalError);
 }

@@ -1,7 +1,8 @@
+#include "simulator/mtp/MTPResponderObjects.h"
+
 #include "base/values/LittleEndian.h"
 #include "mtp/protocol/MTPPacketCodec.h"
 #include "simulator/mtp/MTPRefusal.h"
-#include "simulator/mtp/MTPResponderOperation.h"
 
 #include <algorithm>
 
@@ -14,11 +15,7 @@ constexpr std::uint16_t objectPropNotSupported = 0xA80A;
 
 } // namespace
 
-QString MTPResponder::shownName(const VirtualObject& object) {
-    return hooks_->shownName(QString::fromStdString(object.name));
-}
-
-std::vector<std::uint32_t> MTPResponder::listedHandles(Transaction& transaction) {
+std::vector<std::uint32_t> MTPResponderObjects::listedHandles(Transaction& transaction) {
     using RootListing = VirtualBehaviour::RootListing;
     const MTPCommand& command = transaction.command;
     const RootListing rule = transaction.behaviour.rootListing;
@@ -28,81 +25,83 @@ std::vector<std::uint32_t> MTPResponder::listedHandles(Transaction& transaction)
         throw MTPRefusal(MTPResponseCode::specificationByFormatUnsupported);
 
     if (parent != 0 && parent != mtpRootHandle) {
-        const VirtualObject folder = store_.object(parent);
-        return store_.children(storageID == allStorages ? folder.storageID : storageID, parent);
+        const VirtualObject folder = state_.store.object(parent);
+        return state_.store.children(storageID == allStorages ? folder.storageID : storageID,
+                                     parent);
     }
     if (parent == mtpRootHandle && rule == RootListing::zero)
         throw MTPRefusal(MTPResponseCode::invalidParentObject);
     const bool everything = parent == 0 && rule == RootListing::allOnes;
     std::vector<std::uint32_t> storages{storageID};
     if (storageID == allStorages)
-        storages = store_.storageIDs();
+        storages = state_.store.storageIDs();
     std::vector<std::uint32_t> handles;
     for (const std::uint32_t each : storages) {
-        const auto found = everything ? store_.everything(each) : store_.children(each, 0);
+        const auto found =
+            everything ? state_.store.everything(each) : state_.store.children(each, 0);
         handles.insert(handles.end(), found.begin(), found.end());
     }
     return handles;
 }
 
-void MTPResponder::getNumObjects(Transaction& transaction) {
+void MTPResponderObjects::getNumObjects(Transaction& transaction) {
     transaction.answer.push_back(static_cast<std::uint32_t>(listedHandles(transaction).size()));
 }
 
-void MTPResponder::getObjectHandles(Transaction& transaction) {
+void MTPResponderObjects::getObjectHandles(Transaction& transaction) {
     std::vector<std::uint32_t> handles = listedHandles(transaction);
-    std::erase_if(handles, [this](std::uint32_t handle) { return hidden_.contains(handle); });
-    hooks_->listing(transaction.command.parameter(2), handles);
+    std::erase_if(handles, [this](std::uint32_t handle) { return state_.hidden.contains(handle); });
+    state_.hooks->listing(transaction.command.parameter(2), handles);
     transaction.link.sendDataset(
         transaction.command, MTPResponderDatasets::array(std::span<const std::uint32_t>(handles)));
 }
 
-void MTPResponder::getObjectInfo(Transaction& transaction) {
-    VirtualObject object = store_.object(transaction.command.parameter(0));
-    if (hidden_.contains(object.handle))
+void MTPResponderObjects::getObjectInfo(Transaction& transaction) {
+    VirtualObject object = state_.store.object(transaction.command.parameter(0));
+    if (state_.hidden.contains(object.handle))
         throw MTPRefusal(MTPResponseCode::invalidObjectHandle);
     if (transaction.behaviour.parentsAreZero)
         object.parent = 0;
     transaction.link.sendDataset(transaction.command, MTPResponderDatasets::objectInfo(
-                                                          object, shownName(object),
+                                                          object, state_.shownName(object),
                                                           transaction.behaviour.cutsSizesTo32Bits));
 }
 
-void MTPResponder::deleteObject(Transaction& transaction) {
-    const VirtualObject object = store_.object(transaction.command.parameter(0));
+void MTPResponderObjects::deleteObject(Transaction& transaction) {
+    const VirtualObject object = state_.store.object(transaction.command.parameter(0));
     if (transaction.command.parameter(1) != 0)
         throw MTPRefusal(MTPResponseCode::specificationByFormatUnsupported);
-    store_.checkWritable(object.storageID);
+    state_.store.checkWritable(object.storageID);
     if (transaction.behaviour.refusesFullFolders && object.isFolder &&
-        !store_.isEmptyFolder(object.handle))
+        !state_.store.isEmptyFolder(object.handle))
         throw MTPRefusal(MTPResponseCode::partialDeletion);
-    store_.remove(object.handle);
+    state_.store.remove(object.handle);
 }
 
-void MTPResponder::moveObject(Transaction& transaction) {
+void MTPResponderObjects::moveObject(Transaction& transaction) {
     const MTPCommand& command = transaction.command;
-    const VirtualObject object = store_.object(command.parameter(0));
+    const VirtualObject object = state_.store.object(command.parameter(0));
     const std::uint32_t parent = command.parameter(2);
-    store_.checkWritable(command.parameter(1));
+    state_.store.checkWritable(command.parameter(1));
     if (command.parameter(1) != object.storageID)
         throw MTPRefusal(MTPResponseCode::destinationUnsupported);
-    store_.move(object.handle, parent == mtpRootHandle ? 0 : parent);
+    state_.store.move(object.handle, parent == mtpRootHandle ? 0 : parent);
 }
 
-void MTPResponder::getObjectPropsSupported(Transaction& transaction) {
+void MTPResponderObjects::getObjectPropsSupported(Transaction& transaction) {
     transaction.link.sendDataset(
         transaction.command, MTPResponderDatasets::array(MTPResponderDatasets::objectProperties()));
 }
 
-void MTPResponder::getObjectPropValue(Transaction& transaction) {
-    const VirtualObject object = store_.object(transaction.command.parameter(0));
+void MTPResponderObjects::getObjectPropValue(Transaction& transaction) {
+    const VirtualObject object = state_.store.object(transaction.command.parameter(0));
     const auto property = static_cast<std::uint16_t>(transaction.command.parameter(1));
-    transaction.link.sendDataset(transaction.command, MTPResponderDatasets::objectProperty(
-                                                          property, object, shownName(object)));
+    transaction.link.sendDataset(
+        transaction.command,
+        MTPResponderDatasets::objectProperty(property, object, state_.shownName(object)));
 }
 
-/// All properties of a folder's children, and of the folder; handle 0 stands for every root.
-void MTPResponder::getObjectPropList(Transaction& transaction) {
+void MTPResponderObjects::getObjectPropList(Transaction& transaction) {
     constexpr std::uint32_t all = 0xFFFFFFFF;
     constexpr std::uint16_t groupUnsupported = 0xA807;
     constexpr std::uint16_t depthUnsupported = 0xA808;
@@ -116,23 +115,23 @@ void MTPResponder::getObjectPropList(Transaction& transaction) {
         throw MTPRefusal(depthUnsupported);
     std::vector<std::uint32_t> handles;
     if (handle == 0) {
-        for (const std::uint32_t storageID : store_.storageIDs())
-            for (const std::uint32_t child : store_.children(storageID, 0))
+        for (const std::uint32_t storageID : state_.store.storageIDs())
+            for (const std::uint32_t child : state_.store.children(storageID, 0))
                 handles.push_back(child);
     } else {
-        const VirtualObject object = store_.object(handle);
+        const VirtualObject object = state_.store.object(handle);
         handles.push_back(handle);
         if (object.isFolder && command.parameter(4) == 1 && !transaction.behaviour.listsFolderOnly)
-            for (const std::uint32_t child : store_.children(object.storageID, handle))
+            for (const std::uint32_t child : state_.store.children(object.storageID, handle))
                 handles.push_back(child);
     }
     Bytes list;
     std::uint32_t count = 0;
     for (const std::uint32_t each : handles) {
-        VirtualObject object = store_.object(each);
+        VirtualObject object = state_.store.object(each);
         if (transaction.behaviour.parentsAreZero)
             object.parent = 0;
-        count += MTPResponderDatasets::appendProperties(list, object, shownName(object));
+        count += MTPResponderDatasets::appendProperties(list, object, state_.shownName(object));
     }
     Bytes dataset;
     appendLittleEndian(dataset, count);
@@ -140,26 +139,26 @@ void MTPResponder::getObjectPropList(Transaction& transaction) {
     transaction.link.sendDataset(command, dataset);
 }
 
-void MTPResponder::setObjectPropValue(Transaction& transaction) {
-    const Bytes value = receiveDataset(transaction);
-    const VirtualObject object = store_.object(transaction.command.parameter(0));
+void MTPResponderObjects::setObjectPropValue(Transaction& transaction) {
+    const Bytes value = transaction.receiveDataset();
+    const VirtualObject object = state_.store.object(transaction.command.parameter(0));
     const auto property = static_cast<MTPObjectProperty>(transaction.command.parameter(1));
     const bool isDate =
         property == MTPObjectProperty::dateModified && transaction.behaviour.setsDates;
     if (property != MTPObjectProperty::objectFileName && !isDate)
         throw MTPRefusal(objectPropNotSupported);
-    store_.checkWritable(object.storageID);
+    state_.store.checkWritable(object.storageID);
     const auto text = MTPPacketCodec::decodeString(value, 0);
     if (!text || text->second != value.size())
         throw MTPRefusal(MTPResponseCode::invalidParameter);
     if (!isDate) {
-        store_.rename(object.handle, text->first);
+        state_.store.rename(object.handle, text->first);
         return;
     }
     const auto date = MTPPacketCodec::parseMTPDate(text->first);
     if (!date)
         throw MTPRefusal(MTPResponseCode::invalidParameter);
-    store_.setModified(object.handle, date->toSecsSinceEpoch());
+    state_.store.setModified(object.handle, date->toSecsSinceEpoch());
 }
 
 } // namespace tessary
