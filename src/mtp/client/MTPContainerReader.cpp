@@ -1,12 +1,10 @@
+#include "mtp/client/MTPContainerReader.h"
+
 #include "base/threads/CancellationError.h"
-#include "mtp/client/MTPRecovery.h"
-#include "mtp/client/MTPUSBTransport.h"
 #include "mtp/protocol/MTPPacketCodec.h"
 
 #include <algorithm>
 #include <deque>
-
-// What comes from the device.
 
 namespace tessary {
 
@@ -15,6 +13,9 @@ namespace {
 constexpr std::size_t minimumReadSize = 4096;
 constexpr std::size_t streamRequestSize = 0x40000;
 constexpr std::size_t streamDepth = 4;
+/// Data and response; and for how many broken-off transactions they are looked out for.
+constexpr int containersPerTransaction = 2;
+constexpr std::size_t abandonedLimit = 8 * containersPerTransaction;
 /// A response container has at most five parameters.
 constexpr std::uint32_t longestResponse = MTPContainerHeader::size + 5 * 4;
 
@@ -49,11 +50,9 @@ std::optional<std::uint64_t> payloadSize(const MTPContainerHeader& header,
 
 } // namespace
 
-Bytes MTPUSBTransport::receive(std::size_t maxBytes) {
-    const std::scoped_lock lock(mutex_);
-    requireOpen();
+Bytes MTPContainerReader::receive(std::size_t maxBytes) {
     if (incomingStream_.size() < maxBytes) {
-        const USBCode code = readOnce(timeouts());
+        const USBCode code = readOnce(pipes_.timeouts());
         if (code != usb::success)
             failRead(code);
     }
@@ -61,31 +60,28 @@ Bytes MTPUSBTransport::receive(std::size_t maxBytes) {
 }
 
 /// One read of the pipe into the incoming stream; an empty read leaves it as it is.
-USBCode MTPUSBTransport::readOnce(USBTimeouts timeouts) {
-    const std::size_t packetSize = connection_->maxPacketSize;
+USBCode MTPContainerReader::readOnce(USBTimeouts timeouts) {
+    const std::size_t packetSize = pipes_.connection.maxPacketSize;
     const std::size_t size = roundUp(std::max(packetSize, minimumReadSize), packetSize);
     const std::size_t held = incomingStream_.size();
     incomingStream_.resize(held + size);
     std::size_t transferred = 0;
-    const USBCode code = connection_->interface->readPipeTO(
-        connection_->inPipe, std::span(incomingStream_).subspan(held), transferred, timeouts);
+    const USBCode code = pipes_.connection.interface->readPipeTO(
+        pipes_.connection.inPipe, std::span(incomingStream_).subspan(held), transferred, timeouts);
     incomingStream_.resize(held + std::min(transferred, size));
     lastReadWasFull_ = transferred == size;
     return code;
 }
 
-void MTPUSBTransport::failRead(USBCode code) {
-    throwIfAborted(code);
-    if (code != usb::noDevice)
-        connection_->interface->clearPipeStallBothEnds(connection_->inPipe);
-    throw MTPTransportError::pipe(QStringLiteral("USB Read failed"), code);
+void MTPContainerReader::failRead(USBCode code) const {
+    pipes_.fail(QStringLiteral("USB Read failed"), pipes_.connection.inPipe, code);
 }
 
 /// Reads until the incoming stream holds `count` bytes.
-void MTPUSBTransport::fill(std::size_t count) {
+void MTPContainerReader::fill(std::size_t count) {
     while (incomingStream_.size() < count) {
         const std::size_t held = incomingStream_.size();
-        const USBCode code = readOnce(timeouts());
+        const USBCode code = readOnce(pipes_.timeouts());
         if (code != usb::success)
             failRead(code);
         if (incomingStream_.size() == held)
@@ -93,7 +89,7 @@ void MTPUSBTransport::fill(std::size_t count) {
     }
 }
 
-Bytes MTPUSBTransport::take(std::size_t count) {
+Bytes MTPContainerReader::take(std::size_t count) {
     const auto end = incomingStream_.begin() +
                      static_cast<std::ptrdiff_t>(std::min(count, incomingStream_.size()));
     Bytes taken(incomingStream_.begin(), end);
@@ -101,19 +97,15 @@ Bytes MTPUSBTransport::take(std::size_t count) {
     return taken;
 }
 
-MTPPacket MTPUSBTransport::receivePacket(std::chrono::milliseconds patience) {
-    const std::scoped_lock lock(mutex_);
-    requireOpen();
+MTPPacket MTPContainerReader::receivePacket(std::chrono::milliseconds patience) {
     MTPPacket packet;
     packet.header = receiveHeader(patience);
     packet.payload = receiveDataset(packet.header);
     return packet;
 }
 
-MTPPacket MTPUSBTransport::receiveContainer(const MTPDataSink& sink,
-                                            const MTPStreamOptions& options) {
-    const std::scoped_lock lock(mutex_);
-    requireOpen();
+MTPPacket MTPContainerReader::receiveContainer(const MTPDataSink& sink,
+                                               const MTPStreamOptions& options) {
     MTPPacket packet;
     packet.header = receiveHeader({});
     if (packet.header.type == MTPContainerType::response)
@@ -124,7 +116,7 @@ MTPPacket MTPUSBTransport::receiveContainer(const MTPDataSink& sink,
 }
 
 /// A payload that is kept whole. No list or record of a device is that long.
-Bytes MTPUSBTransport::receiveDataset(const MTPContainerHeader& header) {
+Bytes MTPContainerReader::receiveDataset(const MTPContainerHeader& header) {
     constexpr std::uint64_t longestDataset = std::uint64_t{64} << 20;
     if (announcedSize(header) > longestDataset)
         throw MTPTransportError(MTPTransportError::Case::bufferOverflow);
@@ -136,8 +128,8 @@ Bytes MTPUSBTransport::receiveDataset(const MTPContainerHeader& header) {
 }
 
 /// The payload of a container, however its size is told.
-void MTPUSBTransport::receiveData(const MTPContainerHeader& header, const MTPDataSink& sink,
-                                  const MTPStreamOptions& options) {
+void MTPContainerReader::receiveData(const MTPContainerHeader& header, const MTPDataSink& sink,
+                                     const MTPStreamOptions& options) {
     const auto size = payloadSize(header, options.expectedSize);
     if (size)
         receivePayload(*size, sink, options);
@@ -147,7 +139,7 @@ void MTPUSBTransport::receiveData(const MTPContainerHeader& header, const MTPDat
 
 /// Whether there is more in the transfer than its header announced: some devices cut the length of
 /// a large object to its low 32 bits. What follows data is a response else, or one stray byte.
-bool MTPUSBTransport::goesOn() const {
+bool MTPContainerReader::goesOn() const {
     const std::size_t beyond = incomingStream_.size();
     if (!lastReadWasFull_ || beyond < 2)
         return false;
@@ -157,8 +149,8 @@ bool MTPUSBTransport::goesOn() const {
 }
 
 /// The header of the next container that belongs to a transaction under way.
-MTPContainerHeader MTPUSBTransport::receiveHeader(std::chrono::milliseconds patience) {
-    const auto deadline = std::chrono::steady_clock::now() + recoveryLimit;
+MTPContainerHeader MTPContainerReader::receiveHeader(std::chrono::milliseconds patience) {
+    const auto deadline = std::chrono::steady_clock::now() + MTPTransportProtocol::recoveryLimit;
     const MTPDataSink drop = [deadline](ByteView) {
         if (std::chrono::steady_clock::now() > deadline)
             throw MTPTransportError(MTPTransportError::Case::timeout);
@@ -171,7 +163,7 @@ MTPContainerHeader MTPUSBTransport::receiveHeader(std::chrono::milliseconds pati
     }
 }
 
-MTPContainerHeader MTPUSBTransport::receiveAnyHeader(std::chrono::milliseconds patience) {
+MTPContainerHeader MTPContainerReader::receiveAnyHeader(std::chrono::milliseconds patience) {
     awaitFirstByte(patience);
     fill(MTPContainerHeader::size);
     if (afterData_)
@@ -185,11 +177,11 @@ MTPContainerHeader MTPUSBTransport::receiveAnyHeader(std::chrono::milliseconds p
 }
 
 /// Waits until there is anything of a container to read, as long as the caller has patience.
-void MTPUSBTransport::awaitFirstByte(std::chrono::milliseconds patience) {
-    patience = std::max(patience, waits_.patience);
-    auto waits = std::max<std::int64_t>(patience / pipeTimeout, 1);
-    USBTimeouts slice = timeouts();
-    slice.noData = slice.completion = std::min(patience, pipeTimeout);
+void MTPContainerReader::awaitFirstByte(std::chrono::milliseconds patience) {
+    patience = std::max(patience, pipes_.waits.patience);
+    auto waits = std::max<std::int64_t>(patience / MTPTransportProtocol::pipeTimeout, 1);
+    USBTimeouts slice = pipes_.timeouts();
+    slice.noData = slice.completion = std::min(patience, MTPTransportProtocol::pipeTimeout);
     // Such a packet ends a transfer of whole packets; some devices send one after any data.
     bool zeroPacketMayFollow = afterData_ || lastReadWasFull_;
     // A single byte behind data is a stray one, see below.
@@ -208,7 +200,7 @@ void MTPUSBTransport::awaitFirstByte(std::chrono::milliseconds patience) {
 
 /// Some devices send one byte more than their data container announced. It stands in front of the
 /// response, and is recognised by what comes after it.
-void MTPUSBTransport::skipStrayByte() {
+void MTPContainerReader::skipStrayByte() {
     const auto header = MTPPacketCodec::decodeHeader(incomingStream_);
     if (header && isResponse(*header))
         return;
@@ -217,8 +209,8 @@ void MTPUSBTransport::skipStrayByte() {
         (void)take(1);
 }
 
-void MTPUSBTransport::receivePayload(std::uint64_t size, const MTPDataSink& sink,
-                                     const MTPStreamOptions& options) {
+void MTPContainerReader::receivePayload(std::uint64_t size, const MTPDataSink& sink,
+                                        const MTPStreamOptions& options) {
     std::uint64_t received = 0;
     const auto deliver = [&](ByteView bytes) {
         sink(bytes);
@@ -236,12 +228,13 @@ void MTPUSBTransport::receivePayload(std::uint64_t size, const MTPDataSink& sink
     // takes, what follows the payload; the last one is rounded up to whole packets.
     const auto readLength = [&](std::uint64_t rest) {
         return roundUp(static_cast<std::size_t>(std::min<std::uint64_t>(streamRequestSize, rest)),
-                       connection_->maxPacketSize);
+                       pipes_.connection.maxPacketSize);
     };
     const std::size_t requestSize = readLength(size - received);
     const auto depth = static_cast<std::size_t>(
         std::min<std::uint64_t>(streamDepth, (size - received - 1) / requestSize + 1));
-    const auto stream = connection_->interface->readStream(connection_->inPipe, requestSize, depth);
+    const auto stream =
+        pipes_.connection.interface->readStream(pipes_.connection.inPipe, requestSize, depth);
     if (!stream)
         failRead(usb::noMemory);
     std::deque<std::size_t> inFlight; // lengths of the reads, oldest first
@@ -257,7 +250,7 @@ void MTPUSBTransport::receivePayload(std::uint64_t size, const MTPDataSink& sink
             requested += length;
         }
         ByteView arrived;
-        const USBCode code = stream->next(arrived, timeouts());
+        const USBCode code = stream->next(arrived, pipes_.timeouts());
         if (code != usb::success)
             failRead(code);
         lastReadWasFull_ = arrived.size() == inFlight.front();
@@ -274,8 +267,8 @@ void MTPUSBTransport::receivePayload(std::uint64_t size, const MTPDataSink& sink
 }
 
 /// `before` is what has arrived of the payload already.
-void MTPUSBTransport::receiveUntilShortPacket(std::uint64_t before, const MTPDataSink& sink,
-                                              const MTPStreamOptions& options) {
+void MTPContainerReader::receiveUntilShortPacket(std::uint64_t before, const MTPDataSink& sink,
+                                                 const MTPStreamOptions& options) {
     auto received = static_cast<qint64>(before);
     const auto deliver = [&](ByteView bytes) {
         sink(bytes);
@@ -289,12 +282,12 @@ void MTPUSBTransport::receiveUntilShortPacket(std::uint64_t before, const MTPDat
         deliver(take(incomingStream_.size()));
     if (!more)
         return;
-    Bytes buffer(roundUp(streamRequestSize, connection_->maxPacketSize));
+    Bytes buffer(roundUp(streamRequestSize, pipes_.connection.maxPacketSize));
     do {
         throwIfStopped(options.stop);
         std::size_t transferred = 0;
-        const USBCode code = connection_->interface->readPipeTO(connection_->inPipe, buffer,
-                                                                transferred, timeouts());
+        const USBCode code = pipes_.connection.interface->readPipeTO(
+            pipes_.connection.inPipe, buffer, transferred, pipes_.timeouts());
         if (code != usb::success)
             failRead(code);
         lastReadWasFull_ = transferred == buffer.size();
@@ -304,7 +297,7 @@ void MTPUSBTransport::receiveUntilShortPacket(std::uint64_t before, const MTPDat
 }
 
 /// True, at most once for each container of the transaction, when a container is such a late one.
-bool MTPUSBTransport::isAbandoned(const MTPContainerHeader& header) {
+bool MTPContainerReader::isAbandoned(const MTPContainerHeader& header) {
     const auto found = std::find(abandoned_.begin(), abandoned_.end(), header.transactionID);
     if (found == abandoned_.end()) {
         abandoned_.clear(); // containers come in order: nothing older follows
@@ -312,6 +305,25 @@ bool MTPUSBTransport::isAbandoned(const MTPContainerHeader& header) {
     }
     abandoned_.erase(found);
     return true;
+}
+
+bool MTPContainerReader::hearsAnything(std::chrono::milliseconds limit) noexcept {
+    const USBCode code = readOnce({limit, limit});
+    if (code != usb::success && code != usb::noDevice)
+        pipes_.connection.interface->clearPipeStallBothEnds(pipes_.connection.inPipe);
+    isGone_ = code == usb::noDevice;
+    return !std::exchange(incomingStream_, {}).empty();
+}
+
+void MTPContainerReader::abandon(std::uint32_t transactionID) {
+    incomingStream_.clear();
+    afterData_ = false;
+    lastReadWasFull_ = false;
+    if (std::find(abandoned_.begin(), abandoned_.end(), transactionID) != abandoned_.end())
+        return;
+    abandoned_.insert(abandoned_.end(), containersPerTransaction, transactionID);
+    if (abandoned_.size() > abandonedLimit)
+        abandoned_.erase(abandoned_.begin(), abandoned_.begin() + containersPerTransaction);
 }
 
 } // namespace tessary

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "mtp/client/MTPPipes.h"
+
+#include <vector>
+
+namespace tessary {
+
+/// Takes containers from the IN pipe of one connection, however the device cuts them into
+/// transfers. Used by one thread at a time. Failures as MTPTransportProtocol has them.
+class MTPContainerReader {
+public:
+    explicit MTPContainerReader(MTPPipes pipes) : pipes_(pipes) {}
+
+    /// MTPTransportProtocol::receive(), ::receivePacket() and ::receiveContainer().
+    [[nodiscard]] Bytes receive(std::size_t maxBytes);
+    [[nodiscard]] MTPPacket receivePacket(std::chrono::milliseconds patience);
+    [[nodiscard]] MTPPacket receiveContainer(const MTPDataSink& sink,
+                                             const MTPStreamOptions& options);
+
+    /// Something has arrived that was not handed out.
+    [[nodiscard]] bool holdsAnything() const {
+        return !incomingStream_.empty();
+    }
+    /// Whether anything comes within `limit`. It is dropped.
+    [[nodiscard]] bool hearsAnything(std::chrono::milliseconds limit) noexcept;
+    /// The last hearsAnything() found that the device is gone.
+    [[nodiscard]] bool isGone() const {
+        return isGone_;
+    }
+    /// Drops what is held, and what a late device still answers to a broken-off transaction.
+    void abandon(std::uint32_t transactionID);
+
+private:
+    [[nodiscard]] USBCode readOnce(USBTimeouts timeouts);
+    [[noreturn]] void failRead(USBCode code) const;
+    void fill(std::size_t count);
+    [[nodiscard]] Bytes take(std::size_t count);
+    [[nodiscard]] MTPContainerHeader receiveHeader(std::chrono::milliseconds patience);
+    [[nodiscard]] MTPContainerHeader receiveAnyHeader(std::chrono::milliseconds patience);
+    void awaitFirstByte(std::chrono::milliseconds patience);
+    void skipStrayByte();
+    [[nodiscard]] Bytes receiveDataset(const MTPContainerHeader& header);
+    void receiveData(const MTPContainerHeader& header, const MTPDataSink& sink,
+                     const MTPStreamOptions& options);
+    [[nodiscard]] bool goesOn() const;
+    void receivePayload(std::uint64_t size, const MTPDataSink& sink,
+                        const MTPStreamOptions& options);
+    void receiveUntilShortPacket(std::uint64_t before, const MTPDataSink& sink,
+                                 const MTPStreamOptions& options);
+    [[nodiscard]] bool isAbandoned(const MTPContainerHeader& header);
+
+    const MTPPipes pipes_;
+    Bytes incomingStream_; ///< read from the device, not handed out yet
+    /// The last container carried data.
+    bool afterData_ = false;
+    /// The last read was filled to its end: the transfer may go on, or end by a zero-length packet.
+    bool lastReadWasFull_ = false;
+    bool isGone_ = false;
+    /// Transaction IDs of abandon(), once for each container that may still come.
+    std::vector<std::uint32_t> abandoned_;
+};
+
+} // namespace tessary
