@@ -1,37 +1,20 @@
 #pragma once
 
-#include "mtp/client/MTPTransport.h"
+#include "mtp/client/MTPSession.h"
 
-#include <atomic>
-#include <initializer_list>
-#include <memory>
 #include <mutex>
 #include <vector>
 
 namespace tessary {
 
-/// How long a silent device is waited for.
-struct MTPPatience {
-    std::chrono::milliseconds opening{MTPTransportProtocol::pipeTimeout}; ///< of a session
-    /// In a session, for each answer and in the middle of data: phones pause to flush and to index.
-    std::chrono::milliseconds answer{MTPTransportProtocol::pipeTimeout};
-};
-
 /// MTP transactions with one device. Every call is one transaction (an upload two, and an object
 /// whose 32-bit size is full one more for its true size), blocks, and may come from any thread:
 /// calls run one at a time. There is no cache and no retry; failures are MTPTransportError, with
 /// the device's refusals as `underlying`. Calls do not check whether a session is open: the device
-/// does.
+/// does. Its end closes the transport without a word to the device; see closeSession().
 class MTPClient {
 public:
-    /// How long a device may work on after the last byte of an upload, or on a deletion.
-    static constexpr std::chrono::seconds workPatience{60};
-
     explicit MTPClient(std::unique_ptr<MTPTransportProtocol> transport, MTPPatience patience = {});
-    /// Closes the transport without a word to the device; see closeSession().
-    ~MTPClient();
-    MTPClient(const MTPClient&) = delete;
-    MTPClient& operator=(const MTPClient&) = delete;
 
     /// Opens the transport and a session. A session that an earlier client left open is closed
     /// first; stale data in the pipe is drained once. After a failure the transport is closed.
@@ -48,11 +31,11 @@ public:
 
     /// How many transactions were begun so far.
     [[nodiscard]] std::uint64_t asked() const {
-        return asked_;
+        return session_.asked();
     }
     /// How often the device has answered so far.
     [[nodiscard]] std::uint64_t answered() const {
-        return answered_;
+        return session_.answered();
     }
     /// Closes session and transport. Whatever the device answers, or does not, is ignored.
     void closeSession();
@@ -129,45 +112,14 @@ public:
     void deleteObject(std::uint32_t handle);
 
 private:
-    using Parameters = std::initializer_list<std::uint32_t>;
-
-    std::uint64_t receiveObject(MTPOperationCode operation, Parameters parameters,
-                                const QString& failure, const MTPDataSink& sink,
-                                const MTPStreamOptions& options);
-    std::uint32_t sendCommand(MTPOperationCode operation, Parameters parameters);
-    MTPPipeState recover();
-    void sendData(MTPOperationCode operation, std::uint32_t transactionID, ByteView payload);
-    void sendContent(MTPOperationCode operation, Parameters parameters, const MTPDataSource& source,
-                     std::uint64_t size, const QString& failure, const MTPStreamOptions& options);
     void setProperty(std::uint32_t handle, MTPObjectProperty property, const QString& value,
                      const QString& failure);
-    [[nodiscard]] MTPPacket receiveResponse(std::chrono::milliseconds patience = {});
-    [[nodiscard]] MTPPacket receiveFirst();
-    void skipResponse();
-    void expectOk(const QString& failure, std::chrono::milliseconds patience = {});
-    void startSession(std::uint32_t sessionID);
-    [[nodiscard]] MTPPacket openSessionAnswer();
-    [[nodiscard]] std::optional<MTPPacket> receiveAnswerOrStaleData();
-    void closeTransport();
-    [[nodiscard]] Bytes receiveDataset(const QString& failure);
     [[nodiscard]] std::optional<std::uint64_t> objectSizeLocked(std::uint32_t handle);
     std::uint32_t sendObjectInfo(const MTPObjectInfo& info, const QString& failure);
 
-    void setWaits(std::chrono::milliseconds patience);
-    void recoverSoon() noexcept;
-
-    std::atomic<std::uint64_t> asked_ = 0;
-    std::atomic<std::uint64_t> answered_ = 0;
     mutable std::mutex mutex_; ///< held during each call; guards everything below
-    const std::unique_ptr<MTPTransportProtocol> transport_;
-    const MTPPatience patience_;
-    std::stop_token stop_;
-    std::uint32_t sessionID_ = 0;
-    std::uint32_t transactionIDCounter_ = 1;
-    bool isOpen_ = false;
+    MTPSession session_;
     bool objectSizeSupported_ = true;
-    bool isSettled_ = true;                     ///< the last transaction ran to its response
-    MTPDataPhase phase_ = MTPDataPhase::toHost; ///< of the last transaction
 };
 
 } // namespace tessary

@@ -1,0 +1,266 @@
+#include "mtp/client/MTPSession.h"
+
+#include "base/threads/CancellationError.h"
+#include "mtp/protocol/MTPPacketCodec.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace tessary {
+
+namespace {
+
+constexpr std::uint16_t rawOk = static_cast<std::uint16_t>(MTPResponseCode::ok);
+constexpr std::uint16_t rawAlreadyOpen =
+    static_cast<std::uint16_t>(MTPResponseCode::sessionAlreadyOpen);
+constexpr std::uint32_t full32Bits = std::numeric_limits<std::uint32_t>::max();
+
+bool isResponse(const MTPPacket& packet) {
+    return packet.header.type == MTPContainerType::response;
+}
+
+} // namespace
+
+MTPSession::MTPSession(std::unique_ptr<MTPTransportProtocol> transport, MTPPatience patience)
+    : transport_(std::move(transport)), patience_(patience) {}
+
+MTPSession::~MTPSession() {
+    transport_->close();
+}
+
+void MTPSession::setEventReceiver(std::function<void(const MTPEvent&)> receiver) {
+    transport_->setEventReceiver(std::move(receiver));
+}
+
+void MTPSession::setStop(std::stop_token stop) {
+    stop_ = std::move(stop);
+    setPatience(patience_.answer);
+}
+
+void MTPSession::setPatience(std::chrono::milliseconds patience) {
+    transport_->setWaits({patience, stop_});
+}
+
+std::uint32_t MTPSession::sendCommand(MTPOperationCode operation, MTPParameters parameters) {
+    // What a failed transaction left in the pipe must not be taken for the answer to this one.
+    if (!isSettled_ && recover() == MTPPipeState::busy)
+        throw MTPTransportError(MTPTransportError::Case::timeout);
+    const std::uint32_t transactionID = transactionIDCounter_++;
+    ++asked_;
+    isSettled_ = false;
+    phase_ = MTPDataPhase::toHost;
+    transport_->send(MTPPacketCodec::buildCommandPacket(operation, transactionID, parameters));
+    return transactionID;
+}
+
+void MTPSession::sendData(MTPOperationCode operation, std::uint32_t transactionID,
+                          ByteView payload) {
+    phase_ = MTPDataPhase::toDevice;
+    transport_->send(MTPPacketCodec::buildDataPacket(operation, transactionID, payload));
+}
+
+/// Ends the last transaction, which was broken off, on the device's side.
+MTPPipeState MTPSession::recover() {
+    const MTPPipeState state = transport_->recover(transactionIDCounter_ - 1, phase_);
+    isSettled_ = state != MTPPipeState::busy;
+    return state;
+}
+
+/// The same for a transaction that was stopped: whoever stopped it does not wait much longer. For a
+/// device that is still at work then, the next transaction waits.
+void MTPSession::recoverSoon() noexcept {
+    constexpr std::chrono::milliseconds limit{700};
+    const MTPPipeState state = transport_->recover(transactionIDCounter_ - 1, phase_, limit);
+    isSettled_ = state != MTPPipeState::busy;
+}
+
+MTPPacket MTPSession::receiveResponse(std::chrono::milliseconds patience) {
+    MTPPacket response = transport_->receivePacket(patience);
+    isSettled_ = isResponse(response);
+    ++answered_;
+    return response;
+}
+
+MTPPacket MTPSession::receiveFirst() {
+    MTPPacket first = transport_->receivePacket();
+    isSettled_ = isResponse(first);
+    ++answered_;
+    return first;
+}
+
+void MTPSession::skipResponse() {
+    try {
+        (void)receiveResponse();
+    } catch (const MTPTransportError&) {
+        // The failure that led here is the one to report.
+    }
+}
+
+void MTPSession::expectOk(const QString& failure, std::chrono::milliseconds patience) {
+    const MTPPacket response = receiveResponse(patience);
+    if (response.header.code != rawOk)
+        throw MTPTransportError::refusal(failure, response.header.code);
+}
+
+void MTPSession::open(std::uint32_t sessionID) {
+    transport_->open();
+    setPatience(patience_.opening);
+    try {
+        start(sessionID);
+        setPatience(patience_.answer);
+    } catch (...) {
+        // The next try finds the device anew, and others find it free.
+        closeTransport();
+        throw;
+    }
+    isOpen_ = true;
+}
+
+void MTPSession::start(std::uint32_t sessionID) {
+    sessionID_ = sessionID;
+    MTPPacket response = answerToOpening();
+    if (response.header.code == rawAlreadyOpen) {
+        sendCommand(MTPOperationCode::closeSession, {});
+        (void)receiveResponse();
+        sendCommand(MTPOperationCode::openSession, {sessionID_});
+        response = receiveResponse();
+        if (response.header.code == rawAlreadyOpen)
+            return;
+    }
+    if (response.header.code != rawOk)
+        throw MTPTransportError::refusal(QStringLiteral("OpenSession failed with code 0x"),
+                                         response.header.code);
+}
+
+/// A response; no value when something else came, of which no more than the beginning is read.
+std::optional<MTPPacket> MTPSession::receiveAnswerOrStaleData() {
+    struct StaleData {};
+    try {
+        MTPPacket answer = transport_->receiveContainer([](ByteView) { throw StaleData(); }, {});
+        isSettled_ = isResponse(answer);
+        return isSettled_ ? std::optional(std::move(answer)) : std::nullopt;
+    } catch (const StaleData&) {
+        return std::nullopt;
+    }
+}
+
+/// The device's answer to OpenSession. A client that died in mid-transfer leaves its data or its
+/// response in the pipe, or a device that takes OpenSession for the rest of an upload: whatever
+/// is no answer to this transaction makes room for one more try.
+MTPPacket MTPSession::answerToOpening() {
+    std::optional<MTPPacket> answer;
+    try {
+        const std::uint32_t transactionID =
+            sendCommand(MTPOperationCode::openSession, {sessionID_});
+        answer = receiveAnswerOrStaleData();
+        if (answer && answer->header.transactionID == transactionID)
+            return *std::move(answer);
+    } catch (const MTPTransportError& error) {
+        if (error.isDeviceGone())
+            throw;
+    }
+    const bool pipeWasEmpty = recover() == MTPPipeState::quiet;
+    const bool sessionIsOpen =
+        answer && (answer->header.code == rawOk || answer->header.code == rawAlreadyOpen);
+    if (pipeWasEmpty && sessionIsOpen)
+        return *std::move(answer); // a device whose responses carry any transaction ID
+    try {
+        sendCommand(MTPOperationCode::openSession, {sessionID_});
+        return receiveResponse();
+    } catch (const MTPTransportError&) {
+        if (!answer)
+            throw;
+        return *std::move(answer);
+    }
+}
+
+void MTPSession::closeTransport() {
+    transport_->close();
+    isSettled_ = true;
+    isOpen_ = false;
+}
+
+void MTPSession::close() {
+    if (!isOpen_)
+        return;
+    transport_->setWaits({patience_.opening, {}});
+    try {
+        // A device that has just failed is not asked for more: the next client finds the session
+        // open and closes it.
+        if (isSettled_) {
+            sendCommand(MTPOperationCode::closeSession, {});
+            (void)receiveResponse();
+        } else {
+            recoverSoon();
+        }
+    } catch (const MTPTransportError&) {
+        // The device may be gone; its session ends with it.
+    }
+    closeTransport();
+}
+
+Bytes MTPSession::receiveDataset(const QString& failure) {
+    MTPPacket first = receiveFirst();
+    if (first.header.type == MTPContainerType::data)
+        return std::move(first.payload);
+    if (isResponse(first) && first.header.code != rawOk)
+        throw MTPTransportError::refused(failure, first.header.code);
+    throw MTPTransportError::underlying(failure);
+}
+
+std::uint64_t MTPSession::receiveContent(MTPOperationCode operation, MTPParameters parameters,
+                                         const QString& failure, const MTPDataSink& sink,
+                                         const MTPStreamOptions& options) {
+    throwIfStopped(options.stop);
+    sendCommand(operation, parameters);
+    std::uint64_t received = 0;
+    const MTPDataSink countingSink = [&](ByteView bytes) {
+        sink(bytes);
+        received += bytes.size();
+    };
+    MTPPacket first;
+    try {
+        first = transport_->receiveContainer(countingSink, options);
+        isSettled_ = first.header.type == MTPContainerType::response;
+    } catch (const CancellationError&) {
+        recoverSoon();
+        throw;
+    } catch (...) {
+        recover();
+        throw;
+    }
+    if (!isSettled_)
+        expectOk(failure);
+    else if (first.header.code != rawOk)
+        throw MTPTransportError::refusal(failure, first.header.code);
+    return received;
+}
+
+void MTPSession::sendContent(MTPOperationCode operation, MTPParameters parameters,
+                             const MTPDataSource& source, std::uint64_t size,
+                             const QString& failure, const MTPStreamOptions& options) {
+    const std::uint32_t transactionID = sendCommand(operation, parameters);
+    MTPContainerHeader header;
+    header.type = MTPContainerType::data;
+    header.code = static_cast<std::uint16_t>(operation);
+    header.transactionID = transactionID;
+    header.length = static_cast<std::uint32_t>(
+        std::min<std::uint64_t>(size, full32Bits - MTPContainerHeader::size) +
+        MTPContainerHeader::size);
+    MTPPacket response;
+    phase_ = MTPDataPhase::toDevice;
+    try {
+        transport_->sendContainer(header, size, source, options);
+        response = receiveResponse(workPatience);
+    } catch (const CancellationError&) {
+        recoverSoon();
+        throw;
+    } catch (...) {
+        recover();
+        throw;
+    }
+    if (response.header.code != rawOk)
+        throw MTPTransportError::refusal(failure, response.header.code);
+}
+
+} // namespace tessary
