@@ -1,6 +1,7 @@
 #include "simulator/usb/VirtualUSBInterface.h"
 
 #include "simulator/usb/VirtualUSBReadStream.h"
+#include "simulator/usb/VirtualUSBWriteStream.h"
 
 namespace tessary {
 
@@ -111,6 +112,14 @@ VirtualUSBInterface::readStream(std::uint8_t pipe, std::size_t requestSize, std:
     if (!open_ || !source)
         return nullptr;
     return std::make_unique<VirtualUSBReadStream>(port_, *source, requestSize, depth);
+}
+
+std::unique_ptr<USBWriteStream>
+VirtualUSBInterface::writeStream(std::uint8_t pipe, std::size_t requestSize, std::size_t depth) {
+    VirtualUSBPipe* const target = pipeFor(pipe, USBDirection::out);
+    if (!open_ || !target || depth == 0)
+        return nullptr;
+    return std::make_unique<VirtualUSBWriteStream>(port_, *target, requestSize, depth);
 }
 
 USBCode VirtualUSBInterface::controlRequest(const USBControlRequest& request,

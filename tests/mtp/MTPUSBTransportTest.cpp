@@ -239,6 +239,7 @@ TEST_F(MTPUSBTransportTest, headerAndFirstBytesGoOutTogether) {
     transport_.sendContainer({600'012, MTPContainerType::data, 0x100D, 7}, payload.size(), source,
                              options);
     EXPECT_THAT(bus_.log, ElementsAre("write 262144", "write 262144", "write 75724"));
+    EXPECT_EQ(bus_.mostWrites, 3U) << "the pipe never idles while the source is read";
     EXPECT_EQ(sent, dataOf(0x100D, 7, payload));
     EXPECT_THAT(progress,
                 ElementsAre(Pair(262132, 600000), Pair(524276, 600000), Pair(600000, 600000)));

@@ -54,6 +54,7 @@ public:
     std::vector<ScriptedControl> controls;
     Bytes written; ///< the first 4096 bytes
     std::uint64_t writtenSize = 0;
+    std::size_t mostWrites = 0;        ///< the most that were in flight at once
     std::uint64_t readBufferLimit = 0; ///< the most memory that was set aside for reads at once
 
     ScriptedUSBBus() {
@@ -212,6 +213,39 @@ private:
         std::deque<std::size_t> lengths_;
     };
 
+    /// Writes when it is waited for.
+    class Writes : public USBWriteStream {
+    public:
+        Writes(ScriptedUSBBus& bus, std::size_t requestSize, std::size_t depth)
+            : bus_(bus), buffer_(requestSize), depth_(depth) {}
+
+        [[nodiscard]] std::span<std::byte> buffer() override {
+            return inFlight() == depth_ ? std::span<std::byte>() : buffer_;
+        }
+        USBCode submit(std::size_t length) override {
+            flying_.emplace_back(buffer_.begin(),
+                                 buffer_.begin() + static_cast<std::ptrdiff_t>(length));
+            bus_.mostWrites = std::max(bus_.mostWrites, flying_.size());
+            return usb::success;
+        }
+        USBCode next(std::size_t& transferred, USBTimeouts) override {
+            const USBCode code = bus_.write(flying_.front(), transferred);
+            flying_.pop_front();
+            if (code != usb::success)
+                flying_.clear();
+            return code;
+        }
+        [[nodiscard]] std::size_t inFlight() const override {
+            return flying_.size();
+        }
+
+    private:
+        ScriptedUSBBus& bus_;
+        Bytes buffer_;
+        const std::size_t depth_;
+        std::deque<Bytes> flying_;
+    };
+
     class Interface : public USBInterface {
     public:
         Interface(ScriptedUSBBus& bus, ScriptedInterface& script, std::uint8_t number)
@@ -262,6 +296,10 @@ private:
             bus_.readBufferLimit =
                 std::max<std::uint64_t>(bus_.readBufferLimit, requestSize * depth);
             return std::make_unique<Stream>(bus_, requestSize, depth);
+        }
+        [[nodiscard]] std::unique_ptr<USBWriteStream>
+        writeStream(std::uint8_t, std::size_t requestSize, std::size_t depth) override {
+            return std::make_unique<Writes>(bus_, requestSize, depth);
         }
         USBCode controlRequest(const USBControlRequest& request, std::span<std::byte> data,
                                std::size_t& transferred, std::chrono::milliseconds) override {

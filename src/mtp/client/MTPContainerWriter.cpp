@@ -4,12 +4,54 @@
 #include "mtp/protocol/MTPPacketCodec.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tessary {
 
 namespace {
 
 const QString writeFailed = QStringLiteral("USB Write failed");
+/// Writes in flight at once, so that the pipe never idles while the source is read.
+constexpr std::size_t streamDepth = 4;
+
+/// The bytes of a container, as they are asked for.
+class Content {
+public:
+    Content(const MTPContainerHeader& header, std::uint64_t payloadSize,
+            const MTPDataSource& source)
+        : head_(MTPPacketCodec::encodeHeader(header)), payloadSize_(payloadSize), source_(source) {}
+
+    [[nodiscard]] std::uint64_t size() const {
+        return MTPContainerHeader::size + payloadSize_;
+    }
+    [[nodiscard]] bool isOver() const {
+        return head_.empty() && read_ == payloadSize_;
+    }
+    /// Fills `room`, unless the content ends before. Returns how much.
+    std::size_t fill(std::span<std::byte> room) {
+        std::size_t filled = head_.size();
+        std::ranges::copy(std::exchange(head_, {}), room.begin());
+        while (filled < room.size() && read_ < payloadSize_) {
+            const auto wanted = static_cast<std::size_t>(
+                std::min<std::uint64_t>(room.size() - filled, payloadSize_ - read_));
+            const std::size_t count = source_(room.subspan(filled, wanted));
+            if (count == 0)
+                throw MTPTransportError::underlying(
+                    QStringLiteral("the data ended after %1 of %2 bytes")
+                        .arg(read_)
+                        .arg(payloadSize_));
+            filled += count;
+            read_ += count;
+        }
+        return filled;
+    }
+
+private:
+    Bytes head_; ///< until it was handed out
+    const std::uint64_t payloadSize_;
+    const MTPDataSource& source_;
+    std::uint64_t read_ = 0;
+};
 
 } // namespace
 
@@ -49,51 +91,70 @@ void MTPContainerWriter::endFullPacket() {
     if (code == usb::pipeStalled || code == usb::timeout)
         link.interface->clearPipeStallBothEnds(link.outPipe);
     else if (code != usb::success)
-        pipes_.fail(writeFailed, link.outPipe, code);
+        pipes_.fail(writeFailed, link.outPipe, code); // which is not the data's fault
 }
 
 void MTPContainerWriter::sendContainer(const MTPContainerHeader& header, std::uint64_t payloadSize,
                                        const MTPDataSource& source,
                                        const MTPStreamOptions& options) {
     begin(header);
-    Bytes chunk = MTPPacketCodec::encodeHeader(header);
-    std::size_t filled = chunk.size();
-    chunk.resize(static_cast<std::size_t>(std::min<std::uint64_t>(
-        chunkSize, std::min<std::uint64_t>(payloadSize, chunkSize) + filled)));
-    std::uint64_t read = 0;
-    do {
-        throwIfStopped(options.stop);
-        while (filled < chunk.size() && read < payloadSize) {
-            const std::uint64_t wanted =
-                std::min<std::uint64_t>(chunk.size() - filled, payloadSize - read);
-            const std::size_t count =
-                source(std::span(chunk).subspan(filled, static_cast<std::size_t>(wanted)));
-            if (count == 0)
-                throw MTPTransportError::underlying(
-                    QStringLiteral("the data ended after %1 of %2 bytes")
-                        .arg(read)
-                        .arg(payloadSize));
-            filled += count;
-            read += count;
-        }
-        write(ByteView(chunk).first(filled));
-        filled = 0;
+    Content content(header, payloadSize, source);
+    const auto requestSize =
+        static_cast<std::size_t>(std::min<std::uint64_t>(chunkSize, content.size()));
+    const std::uint64_t chunks = (content.size() + chunkSize - 1) / chunkSize;
+    const auto stream = pipes_.connection.interface->writeStream(
+        pipes_.connection.outPipe, requestSize,
+        static_cast<std::size_t>(std::min<std::uint64_t>(chunks, streamDepth)));
+    if (!stream)
+        fail(usb::noMemory);
+    const auto awaitOldest = [&](USBTimeouts timeouts) {
+        std::size_t transferred = 0;
+        const USBCode code = stream->next(transferred, timeouts);
+        written_ += transferred;
+        return code;
+    };
+    const auto progressed = [&] {
         if (options.progress)
-            options.progress(static_cast<qint64>(read), static_cast<qint64>(payloadSize));
-    } while (read < payloadSize);
+            options.progress(static_cast<qint64>(written_ - MTPContainerHeader::size),
+                             static_cast<qint64>(payloadSize));
+    };
+    try {
+        while (!content.isOver() || stream->inFlight() > 0) {
+            throwIfStopped(options.stop);
+            const auto room = content.isOver() ? std::span<std::byte>() : stream->buffer();
+            const USBCode code =
+                room.empty() ? awaitOldest(pipes_.timeouts()) : stream->submit(content.fill(room));
+            if (code != usb::success)
+                fail(code);
+            if (room.empty())
+                progressed();
+        }
+    } catch (...) {
+        // What is under way is called back; how much has left all the same tells how to end it.
+        std::stop_source callBack;
+        callBack.request_stop();
+        const std::stop_token now = callBack.get_token();
+        USBTimeouts timeouts = pipes_.timeouts();
+        timeouts.stop = &now;
+        while (stream->inFlight() > 0 && awaitOldest(timeouts) == usb::success)
+            continue;
+        throw;
+    }
     endFullPacket();
 }
 
 void MTPContainerWriter::write(ByteView chunk) {
-    const std::uint8_t pipe = pipes_.connection.outPipe;
     std::size_t transferred = 0;
-    const USBCode code =
-        pipes_.connection.interface->writePipeTO(pipe, chunk, transferred, pipes_.timeouts());
-    written_ += code == usb::success ? chunk.size() : transferred;
-    if (code == usb::success)
-        return;
+    const USBCode code = pipes_.connection.interface->writePipeTO(pipes_.connection.outPipe, chunk,
+                                                                  transferred, pipes_.timeouts());
+    written_ += transferred;
+    if (code != usb::success)
+        fail(code);
+}
+
+void MTPContainerWriter::fail(USBCode code) {
     hasFailed_ = code != usb::aborted || !pipes_.waits.stop.stop_requested();
-    pipes_.fail(writeFailed, pipe, code);
+    pipes_.fail(writeFailed, pipes_.connection.outPipe, code);
 }
 
 bool MTPContainerWriter::hasSentData() const {

@@ -8,6 +8,7 @@ namespace tessary {
 /// device has. Used by one thread at a time. Failures as MTPTransportProtocol has them.
 class MTPContainerWriter {
 public:
+    /// What one write of a container takes at the most; several of them are in flight at once.
     static constexpr std::size_t chunkSize = 0x40000;
 
     explicit MTPContainerWriter(MTPPipes pipes) : pipes_(pipes) {}
@@ -32,6 +33,7 @@ public:
 private:
     void begin(const MTPContainerHeader& header);
     void write(ByteView chunk);
+    [[noreturn]] void fail(USBCode code);
     void endFullPacket();
     [[nodiscard]] bool isSending() const;
 

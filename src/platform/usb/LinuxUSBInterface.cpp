@@ -4,6 +4,7 @@
 #include "platform/usb/LibusbHandle.h"
 #include "platform/usb/LibusbTransfer.h"
 #include "platform/usb/LinuxUSBReadStream.h"
+#include "platform/usb/LinuxUSBWriteStream.h"
 
 #include <algorithm>
 #include <bit>
@@ -176,10 +177,12 @@ USBCode LinuxUSBInterface::clearPipeStallBothEnds(std::uint8_t pipe) {
     return usbCodeOfError(libusb_clear_halt(handle_.get(), pipes_[pipe - 1u].address));
 }
 
-std::unique_ptr<USBReadStream>
-LinuxUSBInterface::readStream(std::uint8_t pipe, std::size_t requestSize, std::size_t depth) {
-    const Pipe* source = dataPipe(pipe, USBDirection::in);
-    if (!open_ || !source || requestSize < 1 || requestSize > maxRequestSize || depth < 1 ||
+template <typename Stream>
+std::unique_ptr<Stream> LinuxUSBInterface::stream(std::uint8_t pipe, USBDirection direction,
+                                                  std::size_t requestSize,
+                                                  std::size_t depth) const {
+    const Pipe* end = dataPipe(pipe, direction);
+    if (!open_ || !end || requestSize < 1 || requestSize > maxRequestSize || depth < 1 ||
         depth > maxStreamDepth)
         return nullptr;
     std::vector<std::unique_ptr<LibusbTransfer>> transfers;
@@ -189,8 +192,17 @@ LinuxUSBInterface::readStream(std::uint8_t pipe, std::size_t requestSize, std::s
         if (!transfers.back())
             return nullptr;
     }
-    return std::make_unique<LinuxUSBReadStream>(std::move(transfers), source->address,
-                                                source->properties);
+    return std::make_unique<Stream>(std::move(transfers), end->address, end->properties);
+}
+
+std::unique_ptr<USBReadStream>
+LinuxUSBInterface::readStream(std::uint8_t pipe, std::size_t requestSize, std::size_t depth) {
+    return stream<LinuxUSBReadStream>(pipe, USBDirection::in, requestSize, depth);
+}
+
+std::unique_ptr<USBWriteStream>
+LinuxUSBInterface::writeStream(std::uint8_t pipe, std::size_t requestSize, std::size_t depth) {
+    return stream<LinuxUSBWriteStream>(pipe, USBDirection::out, requestSize, depth);
 }
 
 USBCode LinuxUSBInterface::controlRequest(const USBControlRequest& request,

@@ -36,6 +36,8 @@ public:
     USBCode clearPipeStallBothEnds(std::uint8_t pipe) override;
     [[nodiscard]] std::unique_ptr<USBReadStream>
     readStream(std::uint8_t pipe, std::size_t requestSize, std::size_t depth) override;
+    [[nodiscard]] std::unique_ptr<USBWriteStream>
+    writeStream(std::uint8_t pipe, std::size_t requestSize, std::size_t depth) override;
     USBCode controlRequest(const USBControlRequest& request, std::span<std::byte> data,
                            std::size_t& transferred, std::chrono::milliseconds timeout) override;
 
@@ -49,6 +51,9 @@ private:
     };
 
     USBCode claim(bool fromKernel);
+    template <typename Stream>
+    [[nodiscard]] std::unique_ptr<Stream> stream(std::uint8_t pipe, USBDirection direction,
+                                                 std::size_t requestSize, std::size_t depth) const;
     [[nodiscard]] const Pipe* dataPipe(std::uint8_t number, USBDirection direction) const;
 
     const LibusbHandle& handle_;

@@ -97,6 +97,26 @@ public:
     [[nodiscard]] virtual std::size_t inFlight() const = 0;
 };
 
+/// Several writes of one OUT pipe in flight at once, so that the pipe never idles between two of
+/// them. They complete in the order in which they were submitted. One thread uses a stream.
+class USBWriteStream {
+public:
+    /// Cancels what is in flight and waits until the platform has let go of the buffers.
+    virtual ~USBWriteStream() = default;
+
+    /// Room for the next write, of the request size that the stream was made with; empty when
+    /// `depth` writes are in flight.
+    [[nodiscard]] virtual std::span<std::byte> buffer() = 0;
+    /// Starts to write the first `length` bytes of buffer(), in one transfer.
+    virtual USBCode submit(std::size_t length) = 0;
+
+    /// Waits for the oldest write. After any code but usb::success the remaining writes are
+    /// cancelled, and `transferred` is what left of all of them.
+    virtual USBCode next(std::size_t& transferred, USBTimeouts timeouts) = 0;
+
+    [[nodiscard]] virtual std::size_t inFlight() const = 0;
+};
+
 /// One interface of an open device. Blocking; calls on different pipes may come from different
 /// threads, calls on one pipe come from one thread at a time.
 class USBInterface {
@@ -133,6 +153,11 @@ public:
     /// when the platform has no memory for it.
     [[nodiscard]] virtual std::unique_ptr<USBReadStream>
     readStream(std::uint8_t pipe, std::size_t requestSize, std::size_t depth) = 0;
+
+    /// A stream of at most `depth` writes of at most `requestSize` bytes each on an OUT pipe; null
+    /// when the platform has no memory for it.
+    [[nodiscard]] virtual std::unique_ptr<USBWriteStream>
+    writeStream(std::uint8_t pipe, std::size_t requestSize, std::size_t depth) = 0;
 
     /// Control request on the default pipe; `data` is sent or filled according to the direction.
     virtual USBCode controlRequest(const USBControlRequest& request, std::span<std::byte> data,
