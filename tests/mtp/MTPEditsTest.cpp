@@ -40,17 +40,6 @@ protected:
     }
 };
 
-TEST_F(MTPEditsTest, newFolderIsReturnedAsItIs) {
-    const FileItem made = files_.makeFolder(u"/A/sub/"_s, u"New"_s, {});
-    EXPECT_TRUE(made.isDirectory);
-    EXPECT_EQ(made.path, u"/A/sub/New"_s);
-    EXPECT_TRUE(has("0/A/sub/New"));
-    (void)write("/A/sub/New", u"x"_s, "x");
-    EXPECT_EQ(phone().content(u"A/sub/New/x"_s), "x");
-    (void)files_.makeFolder(u"/storage/131073"_s, u"Top"_s, {});
-    EXPECT_TRUE(has("1/Top"));
-}
-
 TEST_F(MTPEditsTest, removeTakesAFileOrAnEmptyFolderAndNothingMore) {
     EXPECT_EQ(codeOf([&] { remove("/A"); }), "folderNotEmpty");
     EXPECT_EQ(codeOf([&] { remove("/"); }), "wholeStorage");
@@ -144,16 +133,6 @@ TEST_F(MTPEditsTest, movesGoIntoOtherFoldersOfTheStorage) {
     EXPECT_EQ(codeOf([&] { move("/f.txt", "/A"); }), "accessDenied");
 }
 
-TEST_F(MTPEditsTest, refusedEditsAreReportedAndTheSessionGoesOn) {
-    phone().refuse(deleteObject, MTPResponseCode::objectWriteProtected);
-    EXPECT_EQ(codeOf([&] { remove("/A/f.txt"); }), "writeProtected");
-    EXPECT_EQ(codeOf([&] { files_.removeTree(item("/A"), {}); }), "writeProtected");
-    phone().refuse(setObjectPropValue, MTPResponseCode::accessDenied);
-    EXPECT_EQ(codeOf([&] { rename("/A/f.txt", u"x"_s); }), "accessDenied");
-    EXPECT_EQ(everything().size(), 4);
-    EXPECT_EQ(phone().requests(openSession), 1U);
-}
-
 // Items keep the handle that a listing gave them; devices give others.
 
 TEST_F(MTPEditsTest, recycledHandleOfTheSameNameElsewhereIsNotFollowed) {
@@ -170,18 +149,6 @@ TEST_F(MTPEditsTest, recycledHandleOfTheSameNameElsewhereIsNotFollowed) {
     files_.remove(withHandle(onCard, inRoot.handle), {});
     EXPECT_FALSE(has("1/f.txt"));
     EXPECT_TRUE(has("0/f.txt"));
-}
-
-TEST_F(MTPEditsTest, handlesOfAnEarlierPluggingAreResolvedAnew) {
-    const FileItem inA = item("/A/f.txt");
-    const FileItem folder = item("/B");
-    replug();
-    (void)list("/B"); // in another order than before
-    files_.remove(inA, {});
-    EXPECT_FALSE(has("0/A/f.txt"));
-    EXPECT_TRUE(has("0/B/f.txt"));
-    files_.rename(folder, u"C"_s, TakenName::refused, {});
-    EXPECT_TRUE(has("0/C/f.txt"));
 }
 
 TEST_F(MTPEditsTest, objectThatSomebodyElseReplacedIsLeftAlone) {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "base/threads/CancellationError.h"
+#include "mtp/files/MTPFileReader.h"
 #include "mtp/files/MTPFileSystem.h"
+#include "mtp/files/MTPPieceWriter.h"
 #include "support/ManyBytes.h"
 #include "support/PluggedPhone.h"
 #include "support/QtPrinters.h"

@@ -9,7 +9,6 @@
 namespace tessary {
 namespace {
 
-using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 constexpr USBPipeProperties bulkIn{USBDirection::in, USBTransferType::bulk, 512};
@@ -22,18 +21,6 @@ std::string openFailure(ScriptedUSBBus& bus, const MTPDeviceAddress& address = a
     return mtpFailureOf([&] { (void)openMTPInterface(bus, address); });
 }
 
-TEST(MTPInterfaceConnection, opensOnlyTheAskedModel) {
-    ScriptedUSBBus bus;
-    bus.attach("1-2").entry.productID = 0x4EE2;
-    bus.attach("1-3").entry.vendorID = 0x04E8;
-    (void)openMTPInterface(bus, {0x18D1, 0x4EE2, {}, {}});
-    EXPECT_THAT(bus.log, ElementsAre("open 1-2", "open interface 0"));
-    EXPECT_EQ(openFailure(bus, {0x18D1, 0x4EE3, {}, {}}), mtpNotConnected);
-    // Alike in the lower half only.
-    EXPECT_EQ(openFailure(bus, {0x118D1, 0x4EE1, {}, {}}), mtpNotConnected);
-    EXPECT_EQ(openFailure(bus, {0x18D1, 0x14EE1, {}, {}}), mtpNotConnected);
-}
-
 TEST(MTPInterfaceConnection, someVendorsAreNeverOpened) {
     for (const std::uint16_t vendor :
          std::initializer_list<std::uint16_t>{0x05AC, 0x0BC2, 0x1058}) {
@@ -42,18 +29,6 @@ TEST(MTPInterfaceConnection, someVendorsAreNeverOpened) {
         EXPECT_EQ(openFailure(bus, {vendor, 0x4EE1, {}, {}}), mtpNotConnected);
         EXPECT_THAT(bus.log, IsEmpty()) << vendor;
         EXPECT_FALSE(findMTPDevice(bus, {vendor, 0x4EE1, {}, {}}));
-    }
-}
-
-TEST(MTPInterfaceConnection, interfaceQualifiesByItsClass) {
-    const std::tuple<std::uint8_t, std::uint8_t, bool> rows[] = {
-        {6, 0, true}, {255, 1, true}, {255, 255, true}, {255, 66, false}, {8, 6, false}};
-    for (const auto& [interfaceClass, subclass, qualifies] : rows) {
-        ScriptedUSBBus bus;
-        bus.attached[0].interfaces[0].interfaceClass = interfaceClass;
-        bus.attached[0].interfaces[0].subclass = subclass;
-        EXPECT_EQ(openFailure(bus), qualifies ? "none" : mtpNotConnected)
-            << int(interfaceClass) << "/" << int(subclass);
     }
 }
 
@@ -174,33 +149,6 @@ TEST(MTPInterfaceConnection, clonesWithOneSerialAreToldApartByTheirPort) {
     EXPECT_THAT(openFailure(bus, address), ::testing::HasSubstr("several phones of this model"));
     address.location = QStringLiteral("1-2");
     EXPECT_EQ(findMTPDevice(bus, address)->location, QStringLiteral("1-2"));
-}
-
-TEST(MTPUSBTransportLifecycle, everythingFailsWhileClosed) {
-    ScriptedUSBBus bus;
-    MTPUSBTransport transport(bus, anyOfModel);
-    const Bytes bytes(12);
-    const auto expectClosed = [&] {
-        EXPECT_EQ(mtpFailureOf([&] { transport.send(bytes); }), mtpNotConnected);
-        EXPECT_EQ(mtpFailureOf([&] { (void)transport.receivePacket(); }), mtpNotConnected);
-        EXPECT_EQ(mtpFailureOf([&] { transport.sendContainer({}, 0, {}, {}); }), mtpNotConnected);
-        EXPECT_EQ(mtpFailureOf([&] { (void)transport.receiveContainer({}, {}); }), mtpNotConnected);
-        EXPECT_EQ(transport.recover(1, MTPDataPhase::toHost), MTPPipeState::quiet);
-    };
-    expectClosed();
-    transport.open();
-    transport.open(); // once is enough
-    EXPECT_EQ(bus.logged("open 1-1"), 1U);
-    bus.send(bytes);
-    EXPECT_EQ(transport.receive(2).size(), 2U);
-    transport.close();
-    transport.close();
-    expectClosed();
-
-    // Nothing of the first connection is left in the second.
-    transport.open();
-    bus.send({std::byte{7}});
-    EXPECT_THAT(transport.receive(2), ElementsAre(std::byte{7}));
 }
 
 } // namespace

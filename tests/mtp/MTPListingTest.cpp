@@ -6,7 +6,6 @@ namespace {
 using namespace Qt::StringLiterals;
 using enum MTPOperationCode;
 using namespace std::chrono_literals;
-using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 
 class MTPListingTest : public MTPFilesFixture {
@@ -18,18 +17,6 @@ protected:
         phone().disk.write(u"1/card.txt"_s, "c");
     }
 };
-
-TEST_F(MTPListingTest, rowsSayWhatThePhoneHolds) {
-    const auto rows = list("/DCIM/Camera/");
-    ASSERT_EQ(rows.size(), 2U);
-    EXPECT_EQ(rows[1].name, u"2.jpg"_s);
-    EXPECT_EQ(rows[1].path, u"/DCIM/Camera/2.jpg"_s);
-    EXPECT_EQ(rows[1].id(), u"/sdcard/DCIM/Camera/2.jpg"_s);
-    EXPECT_EQ(rows[1].size, 4);
-    EXPECT_TRUE(rows[1].handle && rows[1].modifiedDate);
-    EXPECT_FALSE(rows[1].isDirectory);
-    EXPECT_THAT(listedNames("/"), UnorderedElementsAre(u"DCIM"_s, u"note.txt"_s));
-}
 
 TEST_F(MTPListingTest, pathsLeadToTheStorageThatTheyName) {
     const std::tuple<const char*, const char*, const char*> rows[] = {
@@ -81,25 +68,6 @@ TEST_F(MTPListingTest, pathThatLeadsNowhereIsAnErrorForEveryCall) {
     }
     EXPECT_EQ(files_.find(u"/missing"_s, {}), std::nullopt);
     EXPECT_EQ(phone().names(), before) << "nothing lands in the root";
-}
-
-TEST_F(MTPListingTest, entryThatCannotBeReadIsReported) {
-    phone().refuse(MTPOperationCode::getObjectInfo, MTPResponseCode::accessDenied);
-    Listing listing;
-    EXPECT_NO_THROW(listing = listAll(files_, u"/"_s, {}));
-    EXPECT_THAT(listing.items, IsEmpty());
-    ASSERT_EQ(listing.unreadable.size(), 2U);
-    EXPECT_TRUE(listing.unreadable[0].error.is(PhoneError::accessDenied));
-    EXPECT_TRUE(listing.unreadable[0].path.startsWith(u"/(object "_s));
-}
-
-TEST_F(MTPListingTest, listingThatBreaksOffIsAnErrorAndTheNextOneOpensAnotherSession) {
-    phone().unplugAfter(USBDirection::in, 0, 4);
-    EXPECT_EQ(codeOf([&] { (void)list("/"); }), "unplugged");
-    EXPECT_EQ(codeOf([&] { (void)list("/"); }), "notConnected");
-    phone().android.unplug();
-    ASSERT_NE(phone().android.plugInto(bus_), 0U);
-    EXPECT_EQ(list("/").size(), 2U);
 }
 
 TEST_F(MTPListingTest, listOfHandlesThatContradictsItselfIsNoEmptyFolder) {
@@ -193,16 +161,6 @@ TEST_F(MTPListingTest, sizesThatThePhoneCutsTo32BitsAreListedWhole) {
     EXPECT_EQ(item("/films/a").size, fiveGiB);
 }
 
-TEST_F(MTPListingTest, phoneThatTellsLargeSizesIsNotAskedAboutEveryFile) {
-    phone().behave([](VirtualBehaviour& behaviour) {
-        behaviour.unsupportedOperations.insert(static_cast<std::uint16_t>(getObjectPropList));
-    });
-    for (const qint64 size : {5, 1, 2, 3})
-        (void)phone().disk.writeSparse(u"0/films/%1"_s.arg(9 - size), size << 30);
-    EXPECT_EQ(list("/films").size(), 4U);
-    EXPECT_EQ(phone().requests(getObjectPropValue), 1U);
-}
-
 TEST_F(MTPListingTest, hostileNamesAreListedAsTheyAre) {
     const QString names[] = {u".."_s, u"a/b"_s, QString(), QString(254, u'n'), u"x\u0000y"_s};
     phone().fault([&](VirtualFaults& faults) {
@@ -231,15 +189,6 @@ TEST_F(MTPListingTest, liveInfoNeverWaits) {
     phone().android.clearRequestLog();
     (void)files_.liveInfo();
     EXPECT_EQ(phone().requests(MTPOperationCode::getDevicePropValue), 0U);
-}
-
-TEST_F(MTPListingTest, oneSessionServesManyCalls) {
-    for (int n = 0; n < 5; ++n)
-        (void)list("/DCIM/Camera");
-    EXPECT_EQ(phone().requests(MTPOperationCode::openSession), 1U);
-    EXPECT_EQ(phone().requests(MTPOperationCode::closeSession), 0U);
-    const std::size_t first = requestsOf([&] { (void)list("/DCIM/Camera"); });
-    EXPECT_EQ(first, 3U) << "the handles, and the facts of two files";
 }
 
 /// A session that is closed soon.

@@ -80,50 +80,6 @@ TEST_F(MTPPieceWriterTest, dateIsKeptWhereThePhoneLetsItBeSet) {
     EXPECT_EQ(writeLarge().modifiedDate, date);
 }
 
-TEST_F(MTPPieceWriterTest, unpluggedCopyIsGoneOnWithWhereItWas) {
-    const qint64 unplugAt = fileSize * 7 / 10;
-    const std::string code = codeOf([&] {
-        writeLarge([&](qint64 done) {
-            if (done >= unplugAt)
-                phone().android.unplug();
-        });
-    });
-    EXPECT_THAT(code, testing::AnyOf("unplugged", "notConnected"));
-    ASSERT_NE(phone().android.plugInto(bus_), 0U);
-    const FileItem begun = item("/DCIM/video.part");
-    EXPECT_GE(begun.size, unplugAt - MTPPieceWriter::pieceSize);
-    const qint64 kept = begun.size - 1'000'000;
-    std::vector<qint64> shown;
-    const FileItem made = files_.append(begun, kept, newFile(), from(kept),
-                                        [&](qint64 done) { shown.push_back(done); }, {});
-    EXPECT_TRUE(isWhole());
-    EXPECT_EQ(made.size, fileSize);
-    EXPECT_GT(shown.front(), kept);
-    EXPECT_EQ(shown.back(), fileSize);
-}
-
-TEST_F(MTPPieceWriterTest, stopIsHeardAndTheRestCanFollowOnTheSameSession) {
-    for (const qint64 after : {qint64{1}, MTPPieceWriter::pieceSize, qint64{30'000'000}}) {
-        std::stop_source stop;
-        EXPECT_EQ(codeOf([&] {
-                      writeLarge(
-                          [&](qint64 done) {
-                              if (done >= after)
-                                  stop.request_stop();
-                          },
-                          stop.get_token());
-                  }),
-                  "cancelled");
-        const FileItem begun = item("/DCIM/video.part");
-        EXPECT_GE(begun.size, after / MTPPieceWriter::pieceSize * MTPPieceWriter::pieceSize);
-        const qint64 kept = std::max<qint64>(begun.size - 100, 0);
-        const FileItem made = files_.append(begun, kept, newFile(), from(kept), {}, {});
-        EXPECT_TRUE(isWhole()) << after;
-        files_.remove(made, {});
-    }
-    EXPECT_EQ(phone().requests(openSession), 1U);
-}
-
 class MTPLyingPhoneTest : public MTPPieceWriterTest,
                           public testing::WithParamInterface<MTPOperationCode> {};
 

@@ -3,14 +3,11 @@
 #include "mtp/MTPFilesFixture.h"
 #include "support/MTPContainers.h"
 
-#include <numeric>
-
 namespace tessary {
 namespace {
 
 using namespace Qt::StringLiterals;
 using enum MTPOperationCode;
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 /// What a list of properties tells: "handle name size folder|file", and whether it was whole.
@@ -109,39 +106,6 @@ TEST_F(MTPFolderPropertiesTest, wholeFolderComesInOneRequest) {
     EXPECT_EQ(listedNames("/"), QStringList(u"DCIM"_s)) << "the card's root is not this one";
 }
 
-TEST_F(MTPFolderPropertiesTest, thousandsOfPicturesComeInAFewRequests) {
-    constexpr int many = 2000;
-    for (int n = 0; n < many; ++n)
-        phone().write(u"Camera/IMG_%1.jpg"_s.arg(n, 5, 10, QLatin1Char('0')), {});
-    (void)list("/");
-    phone().fault([](VirtualFaults& faults) { faults.delayEach = std::chrono::milliseconds(2); });
-    phone().android.clearRequestLog();
-    using Clock = std::chrono::steady_clock;
-    const auto start = Clock::now();
-    std::vector<std::size_t> pieces;
-    std::chrono::duration<double, std::milli> first{};
-    files_.list(u"/Camera"_s,
-                {[&](std::vector<FileItem>&& rows) {
-                     if (pieces.empty())
-                         first = Clock::now() - start;
-                     pieces.push_back(rows.size());
-                 },
-                 {}},
-                {});
-    const std::chrono::duration<double, std::milli> all = Clock::now() - start;
-    RecordProperty("firstRowsInMs", std::to_string(first.count()));
-    RecordProperty("allRowsInMs", std::to_string(all.count()));
-    RecordProperty("requests", std::to_string(phone().android.requestCount()));
-    EXPECT_EQ(std::accumulate(pieces.begin(), pieces.end(), std::size_t{0}), std::size_t{many});
-    EXPECT_LE(phone().android.requestCount(), 3U);
-    EXPECT_GT(pieces.size(), 5U) << "rows are shown before the last has come";
-    // What was read serves the edits that follow.
-    phone().android.clearRequestLog();
-    (void)rename("/Camera/IMG_00007.jpg", u"renamed.jpg"_s);
-    (void)write("/Camera", u"new.jpg"_s, "x");
-    EXPECT_LE(phone().android.requestCount(), 10U);
-}
-
 TEST_F(MTPFolderPropertiesTest, phonesThatDoNotAnswerOrLieAreAskedOneByOne) {
     struct Row {
         const char* name;
@@ -193,23 +157,6 @@ TEST_F(MTPFolderPropertiesTest, phonesThatDoNotAnswerOrLieAreAskedOneByOne) {
             faults.rewrite = {};
         });
     }
-}
-
-TEST_F(MTPFolderPropertiesTest, entriesThatTheListLacksAreAskedForOneByOne) {
-    (void)list("/");
-    phone().rewriteData(getObjectPropList, [](Bytes& list) { list[16 + 4] = std::byte{0xEE}; });
-    // The first property of all, the folder's own, is another one now: nothing is lost by it.
-    EXPECT_EQ(listDCIM().infos, 0U);
-    phone().rewriteData(getObjectPropList, [](Bytes& list) {
-        // One file's name has no name's code any more.
-        const QByteArray name = QByteArray::fromHex("49004d0047005f00330030002e");
-        const QByteArray bytes(reinterpret_cast<const char*>(list.data()),
-                               static_cast<qsizetype>(list.size()));
-        list[static_cast<std::size_t>(bytes.indexOf(name)) - 5] = std::byte{0x45};
-    });
-    const Counts counts = listDCIM();
-    EXPECT_EQ(counts.lists, 1U);
-    EXPECT_EQ(counts.infos, 1U);
 }
 
 TEST_F(MTPFolderPropertiesTest, pictureInAPhotoComesWithoutThePhoto) {

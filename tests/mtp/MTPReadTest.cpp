@@ -12,14 +12,6 @@ protected:
     static constexpr qint64 large = MTPFileReader::largestWhole + 3'000'001;
 };
 
-TEST_F(MTPReadTest, filesOfEverySizeComeWhole) {
-    for (const int size : {0, 1, 500, 512, 1012, 1024 - 12, 0x40000, 0x40000 - 12, 1'700'001}) {
-        const QByteArray bytes = manyBytes(size);
-        phone().write(u"f.bin"_s, bytes);
-        EXPECT_EQ(read(item("/f.bin")), bytes) << size;
-    }
-}
-
 TEST_F(MTPReadTest, listedFilesCostOneRequestEachAndAreTheOnesListed) {
     for (int n = 0; n < 10; ++n)
         phone().write(u"DCIM/%1"_s.arg(n), QByteArray::number(n));
@@ -31,7 +23,7 @@ TEST_F(MTPReadTest, listedFilesCostOneRequestEachAndAreTheOnesListed) {
               files.size() + 4);
     ASSERT_TRUE(QFile::remove(phone().disk.path(u"0/DCIM/7"_s)));
     phone().write(u"DCIM/8"_s, "edited in place");
-    std::this_thread::sleep_for(MTPTree::freshness + std::chrono::milliseconds(50));
+    std::this_thread::sleep_for(MTPKnownFolder::freshness + std::chrono::milliseconds(50));
     EXPECT_EQ(codeOf([&] { (void)read(files[7]); }), "notFound");
     EXPECT_EQ(read(item("/DCIM/8")), "edited in place");
 }
@@ -138,29 +130,6 @@ TEST_F(MTPReadTest, lessThanTheTellingSizeIsTakenAsTheWhole) {
     EXPECT_EQ(phone().requests(getObjectPropValue), 0U) << "32 bits hold its size";
 }
 
-TEST_F(MTPReadTest, unpluggingAnywhereIsAnErrorAndTheNextReadIsWhole) {
-    const QByteArray bytes = manyBytes(600'000);
-    phone().write(u"DCIM/f.bin"_s, bytes);
-    int failures = 0;
-    for (const std::uint64_t after : {0, 12, 511, 512, 300'000, 600'011})
-        for (unsigned phase = 1; phase <= 6; ++phase) {
-            replug();
-            phone().unplugAfter(USBDirection::in, after, phase);
-            const std::string code = codeOf([&] { EXPECT_EQ(read(item("/DCIM/f.bin")), bytes); });
-            phone().fault([](VirtualFaults& faults) { faults.unplug.reset(); });
-            if (!code.empty()) {
-                EXPECT_TRUE(code == "unplugged" || code == "notConnected")
-                    << code << after << " bytes of phase " << phase;
-                ++failures;
-                (void)phone().android.unplug();
-                (void)phone().android.plugInto(bus_);
-                EXPECT_EQ(read(item("/DCIM/f.bin")), bytes);
-            }
-        }
-    EXPECT_GT(failures, 10);
-    EXPECT_LT(failures, 36);
-}
-
 TEST_F(MTPReadTest, refusalsAreToldByWhatTheyMean) {
     phone().write(u"f.bin"_s, manyBytes(5000));
     const FileItem file = item("/f.bin");
@@ -210,27 +179,6 @@ TEST_F(MTPReadTest, oneFileThatBreaksOffIsSkippedAndTwoInARowEndIt) {
     EXPECT_EQ(stall(), std::pair(std::string("refused"), true));
     EXPECT_EQ(stall(), std::pair(std::string("brokenOff"), false));
     EXPECT_EQ(read(good), manyBytes(3000)) << "in another session";
-}
-
-TEST_F(MTPReadTest, stopAndSinkEndAReadAndTheSessionGoesOn) {
-    phone().write(u"f.bin"_s, manyBytes(3'000'000));
-    const FileItem file = item("/f.bin");
-    std::stop_source stop;
-    EXPECT_EQ(codeOf([&] {
-                  files_.read(
-                      file, {}, [&](ByteView) { stop.request_stop(); }, stop.get_token());
-              }),
-              "cancelled");
-    const auto full = [](ByteView) { throw Error(PhoneError::full, {u"here"_s}); };
-    EXPECT_EQ(codeOf([&] { files_.read(file, {}, full, {}); }), "full");
-    EXPECT_EQ(read(file), manyBytes(3'000'000));
-    EXPECT_EQ(phone().requests(openSession), 1U);
-}
-
-TEST_F(MTPReadTest, folderIsNoFile) {
-    phone().disk.makeFolder(u"0/D"_s);
-    EXPECT_EQ(codeOf([&] { read(item("/D")); }), "notAFile");
-    EXPECT_EQ(codeOf([&] { read(item("/")); }), "notAFile");
 }
 
 } // namespace

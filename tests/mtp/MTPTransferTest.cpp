@@ -1,9 +1,6 @@
 #include "MTPPhoneFixture.h"
 #include "base/threads/CancellationError.h"
 
-#include <atomic>
-#include <thread>
-
 namespace tessary {
 namespace {
 
@@ -176,68 +173,6 @@ INSTANTIATE_TEST_SUITE_P(
         Cancelling{"answered", {&VirtualBehaviour::answersCancelled}},
         Cancelling{"slow", {&VirtualBehaviour::answersCancelled}, std::chrono::milliseconds(200)}),
     [](const auto& row) { return std::string(row.param.name); });
-
-class MTPConcurrencyTest : public MTPPhoneFixture {};
-
-TEST_F(MTPConcurrencyTest, callersOfOneClientTakeTurns) {
-    constexpr int callers = 4;
-    constexpr int rounds = 8;
-    const Bytes content = patternOf(400'000);
-    put(QStringLiteral("shared"), content);
-    const std::uint32_t shared = find(client_, QStringLiteral("shared"));
-    std::atomic<int> whole = 0;
-    {
-        std::vector<std::jthread> threads;
-        for (int caller = 0; caller < callers; ++caller) {
-            threads.emplace_back([&, caller] {
-                for (int round = 0; round < rounds; ++round) {
-                    const QString name = QStringLiteral("%1-%2").arg(caller).arg(round);
-                    upload(client_, name, content);
-                    const std::uint32_t handle = find(client_, name);
-                    const bool same = client_.getObject(handle) == content &&
-                                      client_.getObject(shared) == content &&
-                                      client_.getBatteryLevel() == 80;
-                    client_.deleteObject(handle);
-                    whole += same ? 1 : 0;
-                }
-            });
-        }
-        // One of them changes its mind all the time.
-        threads.emplace_back([&] {
-            for (int round = 0; round < 3; ++round) {
-                std::stop_source stop;
-                MTPStreamOptions options;
-                options.stop = stop.get_token();
-                options.progress = [&](qint64, qint64) { stop.request_stop(); };
-                EXPECT_THROW(client_.getObject(
-                                 shared, [](ByteView) {}, options),
-                             CancellationError);
-            }
-        });
-    }
-    EXPECT_EQ(whole, callers * rounds);
-    EXPECT_EQ(phone_.names(), QStringList{QStringLiteral("shared")});
-    expectUsable();
-}
-
-TEST_F(MTPConcurrencyTest, unpluggingWakesEveryCaller) {
-    phone_.fault([](VirtualFaults& faults) { faults.hang.insert(0x1004); });
-    std::atomic<int> failed = 0;
-    const auto start = std::chrono::steady_clock::now();
-    {
-        std::vector<std::jthread> threads;
-        for (int caller = 0; caller < 4; ++caller)
-            threads.emplace_back([&] {
-                if (mtpFailureOf([&] { (void)client_.getStorageIDs(); }) != "none")
-                    ++failed;
-            });
-        while (phone_.requests(MTPOperationCode::getStorageIDs) == 0)
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));
-        phone_.android.unplug();
-    }
-    EXPECT_EQ(failed, 4);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, MTPTransportProtocol::pipeTimeout);
-}
 
 } // namespace
 } // namespace tessary

@@ -12,9 +12,7 @@ namespace tessary {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 using ::testing::Pair;
-using ::testing::SizeIs;
 
 class MTPUSBTransportTest : public ::testing::Test {
 protected:
@@ -44,11 +42,6 @@ protected:
 constexpr std::uint64_t gibibyte = std::uint64_t{1} << 30;
 constexpr std::uint32_t unknown = 0xFFFFFFFF;
 
-Bytes slice(const Bytes& bytes, std::size_t from, std::size_t count) {
-    const auto begin = bytes.begin() + static_cast<std::ptrdiff_t>(from);
-    return {begin, begin + static_cast<std::ptrdiff_t>(std::min(count, bytes.size() - from))};
-}
-
 TEST_F(MTPUSBTransportTest, failedCallsTellTheirCodeAndClearTheHalt) {
     struct Row {
         USBCode code;
@@ -67,52 +60,11 @@ TEST_F(MTPUSBTransportTest, failedCallsTellTheirCodeAndClearTheHalt) {
         EXPECT_THAT(bus_.log, ElementsAre("write 262144", "clear 2"));
         bus_.log.clear();
         bus_.fail(row.code);
-        EXPECT_EQ(mtpFailureOf([&] { (void)transport_.receive(12); }),
+        EXPECT_EQ(mtpFailureOf([&] { (void)transport_.receivePacket(); }),
                   "MTP Transport error: USB Read failed: " + row.text);
         EXPECT_THAT(bus_.log, ElementsAre("clear 1"));
         expectInStep();
     }
-}
-
-TEST_F(MTPUSBTransportTest, receiveHandsOutWhatArrived) {
-    const Bytes data = patternOf(5000);
-    bus_.send(data);
-    EXPECT_EQ(transport_.receive(12), slice(data, 0, 12));
-    bus_.fail(usb::pipeStalled); // is not read while enough is held
-    EXPECT_EQ(transport_.receive(84), slice(data, 12, 84));
-    EXPECT_EQ(transport_.receive(4000), slice(data, 96, 4000)); // held to the last byte
-    EXPECT_THAT(transport_.receive(0), IsEmpty());
-    EXPECT_EQ(transport_.receive(12), slice(data, 4096, 12));
-    bus_.incoming = {};
-    bus_.send(slice(data, 0, 100));
-    EXPECT_THAT(transport_.receive(2000),
-                SizeIs(904 - 12 + 100)); // one read, short of what is asked
-    bus_.sendEmptyPacket();
-    EXPECT_THAT(transport_.receive(10), IsEmpty());
-    EXPECT_EQ(bus_.readBufferLimit, 4096U);
-}
-
-TEST_F(MTPUSBTransportTest, bytesBeyondTheContainerAreKeptForTheNext) {
-    for (const std::size_t size : {4U, 500U, 5000U, 300'000U}) {
-        const Bytes payload = patternOf(size);
-        bus_.send(dataOf(0x1007, 7, payload) + responseOf(0x2001, 7, {1, 2}));
-        EXPECT_EQ(transport_.receivePacket().payload, payload) << size;
-        EXPECT_THAT(transport_.receivePacket().payload, SizeIs(8)) << size;
-    }
-}
-
-TEST_F(MTPUSBTransportTest, containerWithoutPayloadNeedsOneRead) {
-    for (const std::uint32_t length : {0U, 11U, 12U}) {
-        bus_.send(containerOf(length, 3, 0x2001, 5, {}));
-        bus_.fail(usb::generalError); // of a read that must not be made
-        const MTPPacket packet = transport_.receivePacket();
-        EXPECT_EQ(packet.header.length, length);
-        EXPECT_THAT(packet.payload, IsEmpty());
-        bus_.incoming = {};
-    }
-    bus_.send(containerOf(13, 3, 0x2001, 5, Bytes{std::byte{1}}));
-    EXPECT_THAT(transport_.receivePacket().payload, ElementsAre(std::byte{1}));
-    EXPECT_THAT(bus_.log, IsEmpty());
 }
 
 TEST_F(MTPUSBTransportTest, promisedBytesThatNeverComeCostNoMemory) {
@@ -130,59 +82,6 @@ TEST_F(MTPUSBTransportTest, promisedBytesThatNeverComeCostNoMemory) {
         transport_.recover(5, MTPDataPhase::toHost);
         expectInStep();
     }
-}
-
-TEST_F(MTPUSBTransportTest, emptyPacketInsideContainerIsTimeout) {
-    struct Row {
-        const char* name;
-        Bytes before;
-    };
-    const Bytes container = dataOf(0x1008, 7, patternOf(2000));
-    for (const Row& row : {Row{"before anything", {}},
-                           {"inside the header", slice(container, 0, 5)},
-                           {"after the header", slice(container, 0, 12)},
-                           {"inside the payload", slice(container, 0, 600)}}) {
-        if (!row.before.empty())
-            bus_.send(row.before);
-        bus_.sendEmptyPacket();
-        EXPECT_EQ(mtpFailureOf([&] { (void)transport_.receivePacket(); }), mtpTimeout) << row.name;
-        transport_.recover(7, MTPDataPhase::toHost);
-        expectInStep();
-    }
-}
-
-TEST_F(MTPUSBTransportTest, onlyOneEmptyPacketBehindDataIsItsEnd) {
-    // 4096 and 512 × n + 4096 fill their last read to the end, 1000 does not.
-    for (const std::size_t size : {1000U, 4096U, 4096U + 512U, 4096U + 262144U}) {
-        bus_.send(dataOf(0x1007, 7, patternOf(size - 12)));
-        for (int i = 0; i < 3; ++i)
-            bus_.sendEmptyPacket();
-        EXPECT_THAT(transport_.receivePacket().payload, SizeIs(size - 12));
-        EXPECT_EQ(mtpFailureOf([&] { (void)transport_.receivePacket(); }), mtpTimeout) << size;
-        transport_.recover(7, MTPDataPhase::toHost);
-        expectInStep();
-    }
-}
-
-TEST_F(MTPUSBTransportTest, dataAndResponseOfWholePacketsAreTerminatedTogether) {
-    bus_.send(dataOf(0x1007, 7, patternOf(4096 - 24)) + responseOf(0x2001, 7));
-    bus_.sendEmptyPacket();
-    EXPECT_THAT(transport_.receivePacket().payload, SizeIs(4096 - 24));
-    EXPECT_EQ(transport_.receivePacket().header.code, 0x2001);
-    expectInStep();
-}
-
-TEST_F(MTPUSBTransportTest, patienceHasAnEndAndIsForTheFirstByteOnly) {
-    for (int i = 0; i < 3; ++i)
-        bus_.fail(usb::timeout);
-    bus_.send(responseOf(0x2001, 7));
-    EXPECT_EQ(mtpFailureOf([&] { (void)transport_.receivePacket(std::chrono::seconds(15)); }),
-              mtpReadTimedOut);
-    transport_.recover(7, MTPDataPhase::toHost);
-
-    bus_.send(slice(responseOf(0x2001, 7), 0, 5));
-    EXPECT_EQ(mtpFailureOf([&] { (void)transport_.receivePacket(std::chrono::seconds(15)); }),
-              mtpReadTimedOut);
 }
 
 TEST_F(MTPUSBTransportTest, objectsBeyond32BitsArriveWhole) {
@@ -286,65 +185,6 @@ TEST_F(MTPUSBTransportTest, deviceThatWantsNoEmptyPacketHasTheDataAllTheSame) {
     EXPECT_NE(mtpFailureOf([&] { upload(512, 500); }), "none");
 }
 
-TEST_F(MTPUSBTransportTest, cancelNamesTransactionAndInterface) {
-    EXPECT_EQ(transport_.recover(0x01020304, MTPDataPhase::toHost), MTPPipeState::quiet);
-    ASSERT_THAT(bus_.controls, SizeIs(2));
-    const ScriptedControl& cancel = bus_.controls[0];
-    EXPECT_EQ(cancel.request.requestType, 0x21);
-    EXPECT_EQ(cancel.request.request, 0x64);
-    EXPECT_EQ(cancel.request.value, 0);
-    EXPECT_EQ(cancel.request.index, 1); // the second interface
-    EXPECT_EQ(cancel.data, hexBytes("0140 04030201"));
-    const ScriptedControl& status = bus_.controls[1];
-    EXPECT_EQ(status.request.requestType, 0xA1);
-    EXPECT_EQ(status.request.request, 0x67);
-    EXPECT_EQ(status.request.index, 1);
-}
-
-TEST_F(MTPUSBTransportTest, statusIsAskedWhileTheDeviceIsBusyAndTellsOfHalts) {
-    const Bytes busy = hexBytes("0400 1920");
-    const std::pair<std::deque<Bytes>, std::vector<std::string>> rows[] = {
-        {{busy, busy, hexBytes("0400 0120")}, {"cancel", "status", "status", "status"}},
-        {{hexBytes("0400 19"), busy}, {"cancel", "status"}}, // a short answer tells nothing
-        {{hexBytes("0800 1F20 81000000")}, {"cancel", "status", "clear 1", "clear 2"}},
-    };
-    for (const auto& [answers, calls] : rows) {
-        bus_.log.clear();
-        bus_.statusAnswers = answers;
-        transport_.recover(3, MTPDataPhase::toHost);
-        EXPECT_EQ(bus_.log, calls);
-    }
-    bus_.fail(usb::pipeStalled);
-    bus_.send(Bytes(100));
-    EXPECT_EQ(transport_.recover(3, MTPDataPhase::toHost), MTPPipeState::drained);
-    EXPECT_EQ(bus_.log.back(), "clear 1");
-}
-
-TEST_F(MTPUSBTransportTest, refusedCancelEndsAnUploadByTheShortestWrite) {
-    for (const auto& [after, write] : {std::pair{10, "write 12"}, std::pair{300'000, "write 0"}}) {
-        const MTPDataSource source = [rest = static_cast<std::size_t>(after)](auto buffer) mutable {
-            const std::size_t count = std::min(buffer.size(), rest);
-            rest -= count;
-            return count;
-        };
-        EXPECT_NE(mtpFailureOf([&] {
-                      transport_.sendContainer({600'012, MTPContainerType::data, 0x100D, 9},
-                                               600'000, source, {});
-                  }),
-                  "none");
-        const bool hasBegun = std::string(write) == "write 0";
-        bus_.log.clear();
-        bus_.cancelCodes = {usb::pipeStalled};
-        // A device that has begun to read is told the end of its data, and is asked to cancel only
-        // when it does not answer to that.
-        transport_.recover(9, MTPDataPhase::toDevice);
-        if (hasBegun)
-            EXPECT_THAT(bus_.log, ElementsAre("write 0", "clear 1", "cancel"));
-        else
-            EXPECT_THAT(bus_.log, ElementsAre("cancel", write));
-    }
-}
-
 TEST_F(MTPUSBTransportTest, deviceThatHaltsAtTheEndOfACancelledUploadIsDoneWithIt) {
     for (const auto& [atTheEnd, state] : {std::pair{usb::success, MTPPipeState::busy},
                                           std::pair{usb::pipeStalled, MTPPipeState::quiet}}) {
@@ -377,16 +217,6 @@ TEST_F(MTPUSBTransportTest, lateContainersOfBrokenOffTransactionAreDropped) {
         transport_.receiveContainer([&](ByteView bytes) { received += bytes.size(); }, {});
     EXPECT_EQ(packet.header.transactionID, 9U);
     EXPECT_EQ(received, 100U);
-}
-
-TEST_F(MTPUSBTransportTest, constantTransactionIDsAreNotDroppedForEver) {
-    transport_.recover(7, MTPDataPhase::toHost);
-    bus_.send(responseOf(0x2001, 7));
-    bus_.send(responseOf(0x2001, 7));
-    bus_.send(responseOf(0x2002, 7));
-    EXPECT_EQ(transport_.receivePacket().header.code, 0x2002);
-    bus_.send(responseOf(0x2003, 7));
-    EXPECT_EQ(transport_.receivePacket().header.code, 0x2003);
 }
 
 } // namespace

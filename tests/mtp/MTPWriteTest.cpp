@@ -6,7 +6,6 @@ namespace {
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using enum MTPOperationCode;
-using testing::ElementsAre;
 
 /// A virtual cable holds fewer bytes: once they are sent, the phone takes the object. Real phones
 /// cannot be cancelled earlier either.
@@ -18,23 +17,6 @@ protected:
         phone().disk.makeFolder(u"0/DCIM"_s);
     }
 };
-
-TEST_F(MTPWriteTest, filesOfEverySizeArriveWholeAndAreReturnedAsThePhoneShowsThem) {
-    for (const int size : {0, 1, 499, 500, 501, 1012, 4084, 0x40000 - 12, 0x40000, 1'000'003}) {
-        const QByteArray bytes = manyBytes(size);
-        const QString name = u"f%1.bin"_s.arg(size);
-        qint64 last = 0;
-        const FileItem made = write("/sdcard/DCIM", name, bytes, [&](qint64 done) {
-            EXPECT_GE(done, last);
-            last = done;
-        });
-        EXPECT_EQ(last, size);
-        EXPECT_EQ(phone().content(u"DCIM/"_s + name), bytes) << size;
-        EXPECT_EQ(made.size, size);
-        EXPECT_EQ(made.path, u"/DCIM/"_s + name);
-        EXPECT_EQ(made.handle, item(("/DCIM/" + name.toStdString()).c_str()).handle);
-    }
-}
 
 TEST_F(MTPWriteTest, fileKeepsItsDateWhereThePhoneSetsIt) {
     const QDateTime date(QDate(2020, 2, 29), QTime(12, 34, 56));
@@ -95,22 +77,9 @@ TEST_F(MTPWriteTest, manyFilesIntoOneFolderDoNotListItAgainAndAgain) {
     queue_->noteEdit();
     EXPECT_EQ(codeOf([&] { write("/DCIM", u"theirs"_s, "x"); }), "taken");
     phone().write(u"DCIM/late"_s, "t");
-    std::this_thread::sleep_for(MTPTree::freshness + 100ms);
+    std::this_thread::sleep_for(MTPKnownFolder::freshness + 100ms);
     EXPECT_EQ(codeOf([&] { write("/DCIM", u"late"_s, "x"); }), "taken");
     EXPECT_EQ(phone().content(u"DCIM/late"_s), "t");
-}
-
-TEST_F(MTPWriteTest, fileUnderAPartNameCostsFiveRequests) {
-    (void)files_.makeFolder(u"/DCIM"_s, u"Camera"_s, {});
-    (void)list("/DCIM/Camera");
-    const std::size_t requests = requestsOf([&] {
-        for (int n = 0; n < 20; ++n)
-            files_.rename(write("/DCIM/Camera", u".part"_s, "x"), QString::number(n),
-                          TakenName::refused, {});
-    });
-    // The object's two, a look at what became of it, its name, and a look at that.
-    EXPECT_LE(requests, 20U * 5 + 4);
-    EXPECT_EQ(phone().names(u"DCIM/Camera"_s).size(), 20);
 }
 
 TEST_F(MTPWriteTest, announcedHandleMayBeWorthNothing) {
@@ -163,67 +132,12 @@ TEST_F(MTPWriteTest, cancelAndFailureLeaveNoPartialObject) {
     EXPECT_EQ(write("/DCIM", u"big.bin"_s, bytes).size, 3'000'000) << "nothing stands in its way";
 }
 
-TEST_F(MTPWriteTest, sourceThatEndsEarlyOrThrowsLeavesNothing) {
-    const auto shrinking = [left = qint64{2'000'000}](std::span<std::byte> buffer) mutable {
-        const auto count = std::min(buffer.size(), static_cast<std::size_t>(left));
-        left -= static_cast<qint64>(count);
-        return count;
-    };
-    const NewFile file{u"/DCIM"_s, u"log.txt"_s, 4'000'000, {}};
-    EXPECT_EQ(codeOf([&] { files_.write(file, shrinking, {}, {}); }), "wrongSize");
-    const ByteSource failing = [](std::span<std::byte>) -> std::size_t {
-        throw Error(PhoneError::changed, {u"here"_s});
-    };
-    EXPECT_EQ(codeOf([&] { files_.write(file, failing, {}, {}); }), "changed");
-    EXPECT_TRUE(phone().names(u"DCIM"_s).isEmpty());
-    EXPECT_EQ(phone().requests(sendObjectInfo), 1U) << "the second one fails before it begins";
-}
-
-TEST_F(MTPWriteTest, refusalsLeaveNothingAndSayWhatTheyMean) {
-    const std::tuple<MTPOperationCode, std::uint16_t, const char*> rows[] = {
-        {sendObjectInfo, 0x200C, "full"},
-        {sendObject, 0x200C, "full"},
-        {sendObjectInfo, 0x200E, "writeProtected"},
-        {sendObjectInfo, 0xA809, "tooLarge"},
-        {sendObject, 0x2002, "refused"},
-        {sendObjectInfo, 0x201A, "notFound"},
-    };
-    for (const auto& [operation, response, code] : rows) {
-        phone().refuse(operation, static_cast<MTPResponseCode>(response), false);
-        EXPECT_EQ(codeOf([&] { write("/DCIM", u"a"_s, "abc"); }), code);
-        EXPECT_TRUE(phone().names(u"DCIM"_s).isEmpty()) << code;
-        (void)write("/DCIM", u"a"_s, "abc");
-        remove("/DCIM/a");
-    }
-    phone().fault([](VirtualFaults& faults) { faults.storeFullAfter = 100'000; });
-    EXPECT_EQ(codeOf([&] { write("/DCIM", u"a"_s, manyBytes(400'000)); }), "full");
-    EXPECT_TRUE(phone().names(u"DCIM"_s).isEmpty());
-}
-
 TEST_F(MTPWriteTest, neighbourThatAppearsMeanwhileOutlivesARefusedUpload) {
     (void)list("/DCIM");
     phone().write(u"DCIM/a.txt"_s, "theirs");
     phone().refuse(sendObjectInfo, MTPResponseCode::accessDenied);
     EXPECT_EQ(codeOf([&] { write("/DCIM", u"a.txt"_s, "ours"); }), "accessDenied");
     EXPECT_EQ(phone().content(u"DCIM/a.txt"_s), "theirs");
-}
-
-TEST_F(MTPWriteTest, unpluggingAnywhereIsAnErrorOrDone) {
-    const QByteArray bytes = manyBytes(300'000);
-    int failures = 0;
-    for (const USBDirection direction : {USBDirection::out, USBDirection::in})
-        for (const std::uint64_t after : {0, 12, 512, 300'011})
-            for (unsigned phase = 1; phase <= 5; ++phase) {
-                phone().unplugAfter(direction, after, phase);
-                const std::string code = codeOf([&] { write("/DCIM", u"a"_s, bytes); });
-                phone().fault([](VirtualFaults& faults) { faults.unplug.reset(); });
-                phone().android.unplug(); // waits until the phone has cleaned up
-                failures += code.empty() ? 0 : 1;
-                EXPECT_TRUE(!code.empty() || phone().content(u"DCIM/a"_s) == bytes) << phase;
-                QFile::remove(phone().disk.path(u"0/DCIM/a"_s));
-                ASSERT_NE(phone().android.plugInto(bus_), 0U);
-            }
-    EXPECT_GT(failures, 10);
 }
 
 } // namespace

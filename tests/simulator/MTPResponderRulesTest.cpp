@@ -44,29 +44,6 @@ TEST_F(MTPResponderRules, transactionIDsRiseWithinOneSession) {
     EXPECT_EQ(host().run(0x1004).code, 0x2003);
 }
 
-TEST_F(MTPResponderRules, parametersAreChecked) {
-    openAndList();
-    struct Row {
-        const char* name;
-        std::uint16_t operation;
-        std::vector<std::uint32_t> parameters;
-        std::uint16_t code;
-    };
-    const Row rows[] = {
-        {"unknown operation", 0x9999, {}, 0x2005},
-        {"handles in a file", 0x1007, {storage, 0, file_}, 0x201A},
-        {"content of a folder", 0x1009, {folder_}, 0x2009},
-        {"part beyond the end", 0x101B, {file_, 8, 1}, 0x201D},
-        {"deletion of everything", 0x100B, {root, 0}, 0x2009},
-        {"move into itself", 0x1019, {folder_, storage, folder_}, 0x201A},
-    };
-    for (const Row& row : rows) {
-        const RawHost::Answer answer = host().run(row.operation, row.parameters);
-        EXPECT_EQ(answer.code, row.code) << row.name;
-        EXPECT_FALSE(answer.hasData) << row.name;
-    }
-}
-
 TEST_F(MTPResponderRules, whatCannotBeACommandHaltsThePipe) {
     struct Row {
         const char* name;
@@ -91,32 +68,6 @@ TEST_F(MTPResponderRules, whatCannotBeACommandHaltsThePipe) {
     EXPECT_EQ(phone_.android.needlessHaltClears(), 0U);
     EXPECT_EQ(host().clearStall(1), usb::success);
     EXPECT_EQ(phone_.android.needlessHaltClears(), 1U);
-}
-
-TEST_F(MTPResponderRules, dataPhasesMustFitTheirCommand) {
-    host().openSession();
-    struct Row {
-        const char* name;
-        Bytes sent;
-        std::uint16_t code;
-    };
-    const Bytes info = RawHost::objectInfo(u"new", 1);
-    const std::uint32_t first = host().transactionID + 1;
-    const Row rows[] = {
-        {"a command instead", commandOf(0x1004, first, {}), 0x2002},
-        {"another operation", dataOf(0x100D, first + 1, info), 0x2002},
-        {"another transaction", dataOf(0x100C, 999, info), 0x2004},
-        {"a transfer that ends early", containerOf(99, 2, 0x100C, first + 3, info), 0x2007},
-        {"a transfer that is too long", containerOf(20, 2, 0x100C, first + 4, info), 0x2002},
-        {"a dataset that is too short", dataOf(0x100C, first + 5, Bytes(51)), 0x201D},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.name);
-        ASSERT_EQ(host().command(0x100C, {storage, root}), usb::success);
-        ASSERT_EQ(host().write(row.sent), usb::success);
-        EXPECT_EQ(host().answer().code, row.code);
-    }
-    EXPECT_EQ(phone_.names(), (QStringList{QStringLiteral("file"), QStringLiteral("folder")}));
 }
 
 TEST_F(MTPResponderRules, uploadsAreChecked) {
@@ -153,17 +104,6 @@ TEST_F(MTPResponderRules, nothingTheHostSendsLeavesTheFolder) {
         EXPECT_EQ(host().runOut(0x9804, {file_, 0xDC07}, text).code, 0x201D);
     }
     EXPECT_EQ(phone_.disk.names(), QStringList(QStringLiteral("0")));
-}
-
-TEST_F(MTPResponderRules, renamesAndMovesNeverReplace) {
-    openAndList();
-    phone_.write(QStringLiteral("folder/file"), "other");
-    const Bytes toFolder = RawHost::objectInfo(u"folder", 0);
-    EXPECT_EQ(host().runOut(0x9804, {file_, 0xDC07}, ByteView(toFolder).subspan(52, 15)).code,
-              0x2002);
-    EXPECT_EQ(host().run(0x1019, {file_, storage, folder_}).code, 0x2002);
-    EXPECT_EQ(phone_.content(QStringLiteral("folder/file")), "other");
-    EXPECT_EQ(phone_.content(QStringLiteral("file")), "content");
 }
 
 using VirtualFramings = PhoneFixture;

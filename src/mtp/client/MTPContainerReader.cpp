@@ -50,15 +50,6 @@ std::optional<std::uint64_t> payloadSize(const MTPContainerHeader& header,
 
 } // namespace
 
-Bytes MTPContainerReader::receive(std::size_t maxBytes) {
-    if (incomingStream_.size() < maxBytes) {
-        const USBCode code = readOnce(pipes_.timeouts());
-        if (code != usb::success)
-            failRead(code);
-    }
-    return take(maxBytes);
-}
-
 /// One read of the pipe into the incoming stream; an empty read leaves it as it is.
 USBCode MTPContainerReader::readOnce(USBTimeouts timeouts) {
     const std::size_t packetSize = pipes_.connection.maxPacketSize;

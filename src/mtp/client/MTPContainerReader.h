@@ -12,8 +12,7 @@ class MTPContainerReader {
 public:
     explicit MTPContainerReader(MTPPipes pipes) : pipes_(pipes) {}
 
-    /// MTPTransportProtocol::receive(), ::receivePacket() and ::receiveContainer().
-    [[nodiscard]] Bytes receive(std::size_t maxBytes);
+    /// MTPTransportProtocol::receivePacket() and ::receiveContainer().
     [[nodiscard]] MTPPacket receivePacket(std::chrono::milliseconds patience);
     [[nodiscard]] MTPPacket receiveContainer(const MTPDataSink& sink,
                                              const MTPStreamOptions& options);

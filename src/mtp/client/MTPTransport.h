@@ -78,9 +78,6 @@ public:
         send(data, {});
     }
 
-    /// At most `maxBytes` bytes; fewer when the device sent fewer, none for a zero-length packet.
-    [[nodiscard]] virtual Bytes receive(std::size_t maxBytes) = 0;
-
     /// One whole container, whose payload may have 64 MiB, else `bufferOverflow`. A device that
     /// stays silent before the first byte is waited for as long as `patience`, and at least as
     /// setWaits() says.

@@ -49,11 +49,6 @@ void MTPUSBTransport::send(ByteView data, const MTPByteProgress& progress) {
     link().writer.send(data, progress);
 }
 
-Bytes MTPUSBTransport::receive(std::size_t maxBytes) {
-    const std::scoped_lock lock(mutex_);
-    return link().reader.receive(maxBytes);
-}
-
 MTPPacket MTPUSBTransport::receivePacket(std::chrono::milliseconds patience) {
     const std::scoped_lock lock(mutex_);
     return link().reader.receivePacket(patience);

@@ -27,7 +27,6 @@ public:
     void close() override;
     using MTPTransportProtocol::send;
     void send(ByteView data, const MTPByteProgress& progress) override;
-    [[nodiscard]] Bytes receive(std::size_t maxBytes) override;
     using MTPTransportProtocol::receivePacket;
     [[nodiscard]] MTPPacket receivePacket(std::chrono::milliseconds patience) override;
     void sendContainer(const MTPContainerHeader& header, std::uint64_t payloadSize,

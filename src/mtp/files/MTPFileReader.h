@@ -1,16 +1,9 @@
 #pragma once
 
-#include "mtp/objects/MTPTree.h"
+#include "mtp/files/MTPConnection.h"
 #include "phone/PhoneFileSystem.h"
 
 namespace tessary {
-
-/// How a phone hands out parts of an object.
-enum class MTPPartialReads {
-    none,
-    narrow, ///< GetPartialObject, below 4 GiB
-    wide,   ///< GetPartialObject64
-};
 
 /// Reads one file in steps, so that others get their turn in between: pieces of a large one or of a
 /// range, where the phone hands out parts; else all in one step.

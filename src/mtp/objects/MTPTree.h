@@ -1,8 +1,8 @@
 #pragma once
 
 #include "mtp/client/MTPClient.h"
-#include "mtp/objects/MTPFolderContents.h"
-#include "mtp/objects/MTPLocation.h"
+#include "mtp/objects/MTPKnownFolders.h"
+#include "mtp/objects/MTPObjectReader.h"
 #include "phone/records/FileItem.h"
 
 #include <QHash>
@@ -20,38 +20,19 @@
 
 namespace tessary {
 
-/// What is remembered of a phone from one session to the next.
-struct MTPPhoneMemory {
-    /// Handles that folders had, by storage and path. Hints only: a phone may give others at any
-    /// time.
-    QHash<std::pair<std::uint32_t, QString>, std::uint32_t> folders;
-    /// It answers GetObjectPropList, and tells the truth there.
-    bool listsProperties = false;
-    /// What a size of 32 bits is worth: some phones leave out what does not fit.
-    enum class Sizes { unproven, whole, cut };
-    Sizes sizes = Sizes::unproven;
-    /// It takes edits in place, and dates, as far as is known.
-    bool editsObjects = true;
-    bool setsDates = true;
-};
-
 /// The objects of one phone by their paths, in one session that is open from construction to
 /// destruction. What a listing has read of a folder answers the questions that follow it: its
-/// handles are asked again after `freshness`, everything after `lifetime`.
+/// handles are asked again after a short while.
 ///
 /// Used by one thread at a time. Throws MTPTransportError for failures of the connection, Error
 /// with PhoneError for paths that lead nowhere, CancellationError once `stop` asks for it.
 class MTPTree {
 public:
-    static constexpr std::chrono::seconds freshness{2};
-    static constexpr std::chrono::seconds lifetime{60};
-
     static constexpr MTPPatience defaultPatience{std::chrono::seconds(5), std::chrono::seconds(60)};
 
     /// Called for each child, in the device's order.
     using ChildVisitor = std::function<void(const MTPObjectInfo&)>;
-    /// Called for a child that is there and whose facts cannot be read.
-    using UnreadableVisitor = std::function<void(std::uint32_t handle, const MTPTransportError&)>;
+    using UnreadableVisitor = MTPObjectReader::UnreadableVisitor;
 
     /// Opens the session, unless `stop` ends that early. `memory` outlives the tree, and is kept up
     /// to date by it.
@@ -100,7 +81,9 @@ public:
     [[nodiscard]] bool knows(const MTPFound& folder, std::uint32_t handle) const;
     /// The handles of a folder's children, as the device lists them now.
     [[nodiscard]] std::vector<std::uint32_t> childHandles(std::uint32_t storageID,
-                                                          std::uint32_t folder);
+                                                          std::uint32_t folder) {
+        return reader_.childHandles(storageID, folder);
+    }
 
     /// The object of a handle, when it is the one called `name` in that folder of that storage. It
     /// is not asked for again when the phone's last answer was about it, a moment ago.
@@ -124,39 +107,20 @@ public:
 
 private:
     using Clock = std::chrono::steady_clock;
-    struct Known {
-        MTPFolderContents contents;
-        bool isWhole = false;        ///< all that the folder holds is in `contents`
-        Clock::time_point readAt;    ///< when the first of it was read
-        Clock::time_point checkedAt; ///< when its handles were last asked for
-
-        /// What is in it is so.
-        [[nodiscard]] bool isFresh() const {
-            return Clock::now() - readAt < freshness || isFreshWhole();
-        }
-        /// What is not in it is not there either.
-        [[nodiscard]] bool isFreshWhole() const {
-            return isWhole && Clock::now() - checkedAt < freshness;
-        }
-    };
     /// An object as the phone has described it.
     struct Confirmed {
         MTPObjectInfo info;
         std::uint64_t asked = 0; ///< transactions until then
         Clock::time_point at;
     };
-    using FolderKey = std::pair<std::uint32_t, std::uint32_t>; ///< storage, handle
 
     [[nodiscard]] bool heed(const MTPEvent& event);
     [[nodiscard]] MTPObjectInfo infoOf(std::uint32_t handle);
-    [[nodiscard]] MTPObjectInfo ask(std::uint32_t handle);
     [[nodiscard]] bool wasConfirmed(std::uint32_t handle) const;
     [[nodiscard]] MTPFound findEntry(const FileItem& item, bool mustBeCurrent,
                                      const std::stop_token& stop);
     [[nodiscard]] std::optional<MTPObjectInfo>
     listedOf(const MTPFound& folder, std::uint32_t handle, const std::stop_token& stop);
-    [[nodiscard]] bool isIn(const MTPObjectInfo& info, std::uint32_t folder);
-    [[nodiscard]] Known& known(std::uint32_t storageID, std::uint32_t folder);
     [[nodiscard]] std::optional<MTPFound> resolve(const MTPLocation& location, bool mustBeCurrent,
                                                   const std::stop_token& stop);
     [[nodiscard]] std::optional<MTPResolvedObject>
@@ -164,33 +128,19 @@ private:
                  bool mustBeCurrent, const std::stop_token& stop);
     [[nodiscard]] std::optional<MTPFound> tryBoth(const QString& path, bool mustBeCurrent,
                                                   const std::stop_token& stop);
-    /// Reads the children whose handles `contents` does not have, until `visit` says false.
-    void readChildren(std::uint32_t storageID, Known& folder,
-                      const std::function<bool(const MTPObjectInfo&)>& visit,
-                      const UnreadableVisitor& unreadable, const std::stop_token& stop);
-    /// Reads the facts of a whole folder's `wanted` handles in one request, to its end whatever
-    /// `visit` says, and takes those that came out of it. Returns what `visit` said last.
-    [[nodiscard]] bool readProperties(std::uint32_t storageID, Known& folder,
-                                      QSet<std::uint32_t>& wanted,
-                                      const std::function<bool(const MTPObjectInfo&)>& visit,
-                                      const std::stop_token& stop);
-    /// Keeps what was read of a child, and hands it on. Returns what `visit` says.
-    [[nodiscard]] bool take(Known& folder, const MTPObjectInfo& info,
-                            const QSet<std::uint32_t>& listed,
-                            const std::function<bool(const MTPObjectInfo&)>& visit);
     void remember(const MTPLocation& location, const MTPObjectInfo& info);
 
     MTPPhoneMemory& memory_;
     const std::uint64_t serial_;
     MTPClient client_;
     std::optional<std::vector<std::uint32_t>> storageIDs_;
-    QHash<FolderKey, Known> folders_;
+    MTPObjectReader reader_{client_, memory_};
+    MTPKnownFolders folders_;
     QSet<std::uint32_t> edits_;                                ///< begun and not ended
     std::optional<Confirmed> confirmed_;                       ///< the last one
     QHash<std::uint32_t, Clock::time_point> confirmedFolders_; ///< by handle
     std::mutex eventMutex_;
     std::vector<MTPEvent> events_; ///< not heeded yet; guarded by eventMutex_
-    bool parentsAreZero_ = false;  ///< the phone says so of whatever lies in folders
 };
 
 } // namespace tessary
