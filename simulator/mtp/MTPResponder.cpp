@@ -3,7 +3,7 @@
 #include "base/threads/ThreadName.h"
 #include "base/values/LittleEndian.h"
 #include "mtp/protocol/MTPPacketCodec.h"
-#include "simulator/mtp/MTPRefusal.h"
+#include "simulator/storage/MTPRefusal.h"
 
 #include <algorithm>
 #include <array>

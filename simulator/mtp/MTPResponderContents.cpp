@@ -1,7 +1,7 @@
 #include "simulator/mtp/MTPResponderContents.h"
 
 #include "mtp/protocol/MTPPacketCodec.h"
-#include "simulator/mtp/MTPRefusal.h"
+#include "simulator/storage/MTPRefusal.h"
 
 #include <algorithm>
 #include <array>

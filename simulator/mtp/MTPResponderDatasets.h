@@ -3,7 +3,7 @@
 #include "base/values/Bytes.h"
 #include "simulator/mtp/MTPResponderHooks.h"
 #include "simulator/mtp/VirtualBehaviour.h"
-#include "simulator/mtp/VirtualObjectStore.h"
+#include "simulator/storage/VirtualObjectStore.h"
 
 #include <span>
 

@@ -1,6 +1,6 @@
 #include "simulator/mtp/MTPResponderEdits.h"
 
-#include "simulator/mtp/MTPRefusal.h"
+#include "simulator/storage/MTPRefusal.h"
 
 #include <cerrno>
 #include <unistd.h>

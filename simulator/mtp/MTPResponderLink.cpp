@@ -2,8 +2,8 @@
 
 #include "base/values/LittleEndian.h"
 #include "mtp/protocol/MTPPacketCodec.h"
-#include "simulator/mtp/MTPRefusal.h"
 #include "simulator/mtp/MTPResponderPhase.h"
+#include "simulator/storage/MTPRefusal.h"
 
 #include <algorithm>
 #include <cstring>

@@ -2,7 +2,7 @@
 
 #include "base/values/LittleEndian.h"
 #include "mtp/protocol/MTPPacketCodec.h"
-#include "simulator/mtp/MTPRefusal.h"
+#include "simulator/storage/MTPRefusal.h"
 
 #include <algorithm>
 

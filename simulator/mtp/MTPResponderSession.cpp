@@ -1,6 +1,6 @@
 #include "simulator/mtp/MTPResponderSession.h"
 
-#include "simulator/mtp/MTPRefusal.h"
+#include "simulator/storage/MTPRefusal.h"
 
 namespace tessary {
 

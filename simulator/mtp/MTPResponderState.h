@@ -3,7 +3,7 @@
 #include "simulator/mtp/MTPResponderDatasets.h"
 #include "simulator/mtp/MTPResponderHooks.h"
 #include "simulator/mtp/VirtualBehaviour.h"
-#include "simulator/mtp/VirtualObjectStore.h"
+#include "simulator/storage/VirtualObjectStore.h"
 #include "simulator/wire/Guarded.h"
 
 #include <atomic>

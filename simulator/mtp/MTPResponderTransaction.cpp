@@ -1,6 +1,6 @@
 #include "simulator/mtp/MTPResponderTransaction.h"
 
-#include "simulator/mtp/MTPRefusal.h"
+#include "simulator/storage/MTPRefusal.h"
 
 namespace tessary {
 

@@ -2,7 +2,7 @@
 
 #include "mtp/protocol/MTPCodes.h"
 #include "simulator/mtp/VirtualBehaviour.h"
-#include "simulator/mtp/VirtualStorage.h"
+#include "simulator/storage/VirtualStorage.h"
 #include "simulator/usb/VirtualUSBBus.h"
 #include "simulator/wire/Guarded.h"
 

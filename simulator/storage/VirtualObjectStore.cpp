@@ -1,6 +1,6 @@
-#include "simulator/mtp/VirtualObjectStore.h"
+#include "simulator/storage/VirtualObjectStore.h"
 
-#include "simulator/mtp/MTPRefusal.h"
+#include "simulator/storage/MTPRefusal.h"
 
 #include <QStringEncoder>
 

@@ -2,7 +2,7 @@
 
 #include "base/local/FileHandle.h"
 #include "mtp/protocol/MTPCodes.h"
-#include "simulator/mtp/VirtualStorage.h"
+#include "simulator/storage/VirtualStorage.h"
 
 #include <cstdint>
 #include <filesystem>
