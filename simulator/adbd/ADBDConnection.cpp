@@ -76,7 +76,16 @@ bool ADBDConnection::readExactly(std::byte* to, std::size_t count) {
     return true;
 }
 
+/// As long as the host says nothing, and there is something to do.
+void ADBDConnection::workAhead() {
+    pollfd readable{socket_.get(), POLLIN, 0};
+    for (auto& [id, stream] : streams_)
+        while (stream.awaitsOkay && ::poll(&readable, 1, 0) == 0 && stream.service->workAhead()) {
+        }
+}
+
 bool ADBDConnection::serveOne() {
+    workAhead();
     std::array<std::byte, ADBConstants::headerSize> header{};
     if (!readExactly(header.data(), header.size()))
         return false;

@@ -32,6 +32,7 @@ private:
     using Streams = std::map<std::uint32_t, Stream>;
 
     [[nodiscard]] bool readExactly(std::byte* to, std::size_t count);
+    void workAhead();
     [[nodiscard]] bool serveOne();
     [[nodiscard]] std::size_t largestOwnPayload() const;
     [[nodiscard]] bool handle(ADBMessage&& message);

@@ -1,6 +1,5 @@
 #include "simulator/adbd/ADBDFiles.h"
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -83,38 +82,27 @@ int ADBDFiles::status(const std::string& path, bool follow, struct stat& status)
     return 0;
 }
 
-int ADBDFiles::list(const std::string& path, std::vector<ADBDEntry>& entries) const {
+int ADBDFiles::openFolder(const std::string& path, ADBDFolder& folder) const {
     if (path == "/storage" || path == "/storage/") {
-        for (const std::string& name :
-             {std::string("."), std::string(".."), std::string("emulated"), std::string("self")})
-            entries.push_back({name, {}, {}});
-        for (const auto& [root, folder] : cards_)
-            entries.push_back({fs::path(root).filename().string(), {}, {}});
-        for (ADBDEntry& entry : entries)
-            if (::stat(root_.c_str(), &entry.status) != 0)
-                return errno;
+        std::vector<std::string> names{".", "..", "emulated", "self"};
+        for (const auto& [root, place] : cards_)
+            names.push_back(fs::path(root).filename().string());
+        folder = ADBDFolder(names, root_);
         return 0;
     }
     const auto local = resolve(path);
     if (!local)
         return ENOENT;
-    const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(local->c_str()), &::closedir);
-    if (!folder)
-        return errno;
-    const int descriptor = ::dirfd(folder.get());
-    // NOLINTNEXTLINE(concurrency-mt-unsafe): nobody else has this folder
-    while (const dirent* const next = ::readdir(folder.get())) {
-        ADBDEntry entry{next->d_name, {}, {}};
-        if (::fstatat(descriptor, next->d_name, &entry.status, AT_SYMLINK_NOFOLLOW) != 0)
-            continue;
-        std::error_code failure;
-        if (S_ISLNK(entry.status.st_mode))
-            entry.target = fs::read_symlink(*local / entry.name, failure).string();
-        // Nothing above the storage can be seen.
-        if (entry.name == "..")
-            (void)::fstat(descriptor, &entry.status);
-        entries.push_back(std::move(entry));
-    }
+    folder = ADBDFolder(*local);
+    return folder.isOpen() ? 0 : errno;
+}
+
+int ADBDFiles::list(const std::string& path, std::vector<ADBDEntry>& entries) const {
+    ADBDFolder folder;
+    if (const int code = openFolder(path, folder))
+        return code;
+    while (auto entry = folder.next())
+        entries.push_back(*std::move(entry));
     std::sort(entries.begin(), entries.end(),
               [](const ADBDEntry& a, const ADBDEntry& b) { return a.name < b.name; });
     return 0;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "simulator/adbd/ADBDFolder.h"
 #include "simulator/adbd/ADBDSettings.h"
 
 #include <sys/stat.h>
@@ -10,13 +11,6 @@
 #include <vector>
 
 namespace tessary {
-
-/// One entry of a phone's folder.
-struct ADBDEntry {
-    std::string name;
-    struct stat status = {};
-    std::string target; ///< of a link
-};
 
 /// The file tree of a virtual adbd: /sdcard, which is a link, and /storage/emulated/0, over one
 /// folder of this machine, and each card as /storage/<id> over its own. Errors are errno values;
@@ -35,6 +29,8 @@ public:
     /// 0, or why there is no status. `follow` looks through a link at the end of the path, as a
     /// trailing "/" does.
     [[nodiscard]] int status(const std::string& path, bool follow, struct stat& status) const;
+    /// 0, or why the folder cannot be read.
+    [[nodiscard]] int openFolder(const std::string& path, ADBDFolder& folder) const;
     /// The entries of a folder with "." and "..", sorted by name.
     [[nodiscard]] int list(const std::string& path, std::vector<ADBDEntry>& entries) const;
 

@@ -53,7 +53,7 @@ ADBDSync::~ADBDSync() {
 void ADBDSync::receive(ByteView bytes) {
     if (hangs_)
         return;
-    if (pulled_.isOpen()) // one request after another
+    if (isAnswering())
         waiting_.insert(waiting_.end(), bytes.begin(), bytes.end());
     else
         take(bytes);
@@ -61,7 +61,7 @@ void ADBDSync::receive(ByteView bytes) {
 
 void ADBDSync::take(ByteView bytes) {
     while (!bytes.empty() && !isOver_) {
-        if (pulled_.isOpen()) {
+        if (isAnswering()) {
             waiting_.assign(bytes.begin(), bytes.end());
             return;
         }
@@ -116,7 +116,7 @@ void ADBDSync::serve(ADBSyncCommand command, const std::string& path) {
         return answerStat(command, path);
     case list:
     case lis2:
-        return answerList(path, command == lis2);
+        return beginList(path, command == lis2);
     case recv:
         return beginPull(path);
     case send:
@@ -163,37 +163,59 @@ void ADBDSync::appendFacts(const struct stat& status, std::uint64_t size) {
     appendLittleEndian(out_, static_cast<std::uint64_t>(status.st_ctim.tv_sec));
 }
 
-void ADBDSync::answerList(const std::string& path, bool isNew) {
-    const std::int64_t lie = state_.hooks->sizeLie();
-    std::vector<ADBDEntry> entries;
-    (void)files_.list(path, entries); // what cannot be read has no entries
+void ADBDSync::beginList(const std::string& path, bool isNew) {
+    listsNew_ = isNew;
+    listed_.emplace();
+    (void)files_.openFolder(path, *listed_); // what cannot be read has no entries
     for (const QByteArray& name : state_.hooks->extraNames()) {
         ADBDEntry extra{name.toStdString(), {}, {}};
         extra.status.st_mode = S_IFREG | 0644;
         extra.status.st_size = 4;
-        entries.push_back(std::move(extra));
+        appendEntry(extra);
     }
-    for (const ADBDEntry& entry : entries) {
-        if (isNew) {
-            appendWord(out_, dnt2);
-            appendLittleEndian(out_, std::uint32_t{0});
-            appendFacts(entry.status, static_cast<std::uint64_t>(entry.status.st_size + lie));
-            appendLittleEndian(out_, low32(entry.name.size()));
-            appendText(out_, entry.name);
-            continue;
-        }
+}
+
+void ADBDSync::appendEntry(const ADBDEntry& entry) {
+    const auto size = entry.status.st_size + state_.hooks->sizeLie();
+    if (listsNew_) {
+        appendWord(out_, dnt2);
+        appendLittleEndian(out_, std::uint32_t{0});
+        appendFacts(entry.status, static_cast<std::uint64_t>(size));
+    } else {
         appendWord(out_, dent);
         appendLittleEndian(out_, low32(entry.status.st_mode));
-        appendLittleEndian(out_, low32(entry.status.st_size + lie));
+        appendLittleEndian(out_, low32(size));
         appendLittleEndian(out_, low32(entry.status.st_mtim.tv_sec));
-        appendLittleEndian(out_, low32(entry.name.size()));
-        appendText(out_, entry.name);
     }
-    appendWord(out_, done);
-    out_.insert(out_.end(),
-                (isNew ? ADBSyncCodec::newEntrySize : ADBSyncCodec::oldEntrySize) -
-                    ADBSyncCodec::wordSize,
-                std::byte{0});
+    appendLittleEndian(out_, low32(entry.name.size()));
+    appendText(out_, entry.name);
+}
+
+/// Entries go out as they are read: the host looks at the first ones meanwhile.
+bool ADBDSync::workAhead() {
+    constexpr std::size_t most = std::size_t{256} << 10;
+    if (!listed_ || out_.size() >= most)
+        return false;
+    appendEntries(out_.size() + largestChunk / 8);
+    return true;
+}
+
+/// Until `most` bytes are ready.
+void ADBDSync::appendEntries(std::size_t most) {
+    while (out_.size() < most) {
+        const auto entry = listed_->next();
+        if (entry) {
+            appendEntry(*entry);
+            continue;
+        }
+        listed_.reset();
+        appendWord(out_, done);
+        out_.insert(out_.end(),
+                    (listsNew_ ? ADBSyncCodec::newEntrySize : ADBSyncCodec::oldEntrySize) -
+                        ADBSyncCodec::wordSize,
+                    std::byte{0});
+        return;
+    }
 }
 
 void ADBDSync::beginPull(const std::string& path) {
@@ -219,10 +241,16 @@ void ADBDSync::beginPull(const std::string& path) {
 }
 
 Bytes ADBDSync::produce(std::size_t most) {
-    while (pulled_.isOpen() && out_.size() + 2 * recordHeader < most) {
-        appendContent(most);
-        if (!pulled_.isOpen())
+    constexpr std::size_t enough = 32 * 1024; // of a listing, to be sent
+    while (isAnswering() || !waiting_.empty()) {
+        if (!isAnswering())
             take(std::exchange(waiting_, {}));
+        else if (out_.size() + 2 * recordHeader >= most || (listed_ && out_.size() >= enough))
+            break;
+        else if (listed_)
+            appendEntries(enough);
+        else
+            appendContent(most);
     }
     if (out_.size() <= most)
         return std::exchange(out_, {});

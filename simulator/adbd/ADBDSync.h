@@ -21,6 +21,7 @@ public:
 
     void receive(ByteView bytes) override;
     [[nodiscard]] Bytes produce(std::size_t most) override;
+    [[nodiscard]] bool workAhead() override;
     [[nodiscard]] bool isOver() const override {
         return isOver_ && out_.empty();
     }
@@ -30,7 +31,9 @@ private:
     void serve(ADBSyncCommand command, const std::string& path);
     void appendFacts(const struct stat& status, std::uint64_t size);
     void answerStat(ADBSyncCommand command, const std::string& path);
-    void answerList(const std::string& path, bool isNew);
+    void beginList(const std::string& path, bool isNew);
+    void appendEntry(const ADBDEntry& entry);
+    void appendEntries(std::size_t most);
     void beginPull(const std::string& path);
     void appendContent(std::size_t most);
     void beginPush(const std::string& pathAndMode);
@@ -43,12 +46,19 @@ private:
     ADBDState& state_;
     const ADBDFiles files_;
     Bytes in_;      ///< a request that is not complete
-    Bytes waiting_; ///< what came while a file was pulled
+    Bytes waiting_; ///< what came while a file was pulled or a folder listed
     Bytes out_;     ///< answers that were not taken
     bool isOver_ = false;
     bool hangs_ = false;
 
+    /// One request after another: what comes meanwhile waits.
+    [[nodiscard]] bool isAnswering() const {
+        return pulled_.isOpen() || listed_.has_value();
+    }
+
     FileHandle pulled_;
+    std::optional<ADBDFolder> listed_;
+    bool listsNew_ = false; ///< in records of the second version
 
     bool isPushing_ = false;
     FileHandle pushed_;         ///< closed after a failure: what still comes is thrown away

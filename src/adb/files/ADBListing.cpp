@@ -101,14 +101,17 @@ void listADBFolder(ADBSession& session, const QString& folder, const ListingRece
     bool isEmpty = true;
     const auto take = [&](const ADBFacts& listed, QByteArray&& bytes) {
         isEmpty = false;
-        if (bytes == "." || bytes == ".." || names.contains(bytes))
+        if (bytes == "." || bytes == "..")
             return;
-        if (static_cast<std::size_t>(names.size()) >= mostEntries)
-            throw Error(PhoneError::listingBroken, {folder});
+        const auto before = names.size();
         names.insert(bytes);
+        if (names.size() == before)
+            return;
+        if (static_cast<std::size_t>(before) >= mostEntries)
+            throw Error(PhoneError::listingBroken, {folder});
         const QString name = QString::fromUtf8(bytes);
         const QString place = joinPath(folder, name);
-        if (name.toUtf8() != bytes)
+        if (!bytes.isValidUtf8())
             return rows.addUnreadable(
                 place,
                 {PhoneError::unreadable,
