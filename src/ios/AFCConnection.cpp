@@ -18,7 +18,7 @@ namespace tessary {
 namespace {
 
 constexpr std::size_t mebibyte = std::size_t{1} << 20;
-constexpr std::size_t networkWriteLimit = std::size_t{64} << 10;
+constexpr std::size_t networkLimit = std::size_t{64} << 10;
 
 /// Above what a device that is awake takes, and below the library's own patience.
 constexpr auto longWait = std::chrono::seconds(25);
@@ -53,7 +53,7 @@ AFCConnection::AFCConnection(std::unique_ptr<Lockdown> session, const QString& b
         houseArrest_ = openHouseArrest(bundleId);
         openContainer();
     }
-    writeLimit_ = session_->usesNetwork() ? networkWriteLimit : mebibyte;
+    requestLimit_ = session_->usesNetwork() ? networkLimit : mebibyte;
 }
 
 HouseArrestHandle AFCConnection::openHouseArrest(const QString& bundleId) {

@@ -39,9 +39,9 @@ public:
     [[nodiscard]] const QString& workingRootPath() const {
         return workingRootPath_;
     }
-    /// The most bytes that one write may have: a network link takes less at a time than a cable.
-    [[nodiscard]] std::size_t writeLimit() const {
-        return writeLimit_;
+    /// The most bytes of one read or write: a network link takes less at a time than a cable.
+    [[nodiscard]] std::size_t requestLimit() const {
+        return requestLimit_;
     }
     [[nodiscard]] Lockdown& lockdown() {
         return *session_;
@@ -85,7 +85,7 @@ private:
 
     const std::function<void()> beat_;
     QString workingRootPath_{QLatin1Char('/')};
-    std::size_t writeLimit_ = 0;
+    std::size_t requestLimit_ = 0;
     std::atomic<bool> isLost_ = false;
     std::chrono::steady_clock::duration lastWait_{}; ///< of the last request, for its answer
     // Freed in the reverse order.
@@ -106,7 +106,7 @@ public:
     [[nodiscard]] std::size_t read(std::span<std::byte> buffer);
     /// Reading goes on from this offset.
     void seek(qint64 offset);
-    /// Bytes that the device has taken. At most AFCConnection::writeLimit() at a time.
+    /// Bytes that the device has taken. At most AFCConnection::requestLimit() at a time.
     [[nodiscard]] std::size_t write(ByteView bytes);
     /// Throws what the device says when the file is closed. Nothing once it is closed.
     void close();

@@ -48,8 +48,7 @@ Answer give(AFCSession& session, const std::shared_ptr<Piece>& piece) {
         const auto begin = Clock::now();
         ByteView rest = piece->first(piece->count);
         while (!rest.empty()) {
-            const ByteView part = rest.first(std::min(rest.size(), opened.link->writeLimit()));
-            const std::size_t taken = opened.file->write(part);
+            const std::size_t taken = opened.file->write(rest);
             if (taken == 0)
                 throw Error(PhoneError::refused, {});
             rest = rest.subspan(taken);

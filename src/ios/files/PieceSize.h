@@ -12,7 +12,7 @@ class PieceSize {
 public:
     static constexpr std::size_t smallest = std::size_t{16} << 10;
     static constexpr std::size_t first = std::size_t{128} << 10;
-    static constexpr std::size_t largest = std::size_t{1} << 20;
+    static constexpr std::size_t largest = std::size_t{4} << 20;
 
     [[nodiscard]] std::size_t bytes() const {
         return bytes_;

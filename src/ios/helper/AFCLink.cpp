@@ -17,11 +17,8 @@ AFCLink::AFCLink(const QString& udid, const QString& bundleId, const IPhoneHelpe
                  const std::stop_token& stop)
     : helper_(udid, limits) {
     const auto answer = helper_.ask(HelperOperation::open, helperArguments(bundleId), stop);
-    quint32 limit = 0;
-    *answer >> workingRootPath_ >> limit;
-    helper_.requireSense(answer->status() == QDataStream::Ok && limit > 0 &&
-                         workingRootPath_.startsWith(slash));
-    writeLimit_ = limit;
+    *answer >> workingRootPath_;
+    helper_.requireSense(answer->status() == QDataStream::Ok && workingRootPath_.startsWith(slash));
 }
 
 QString AFCLink::inContainer(const QString& path) const {

@@ -36,10 +36,6 @@ public:
     /// A path below workingRootPath() as the device has it: written out, so that a folder called
     /// like the root is not taken for it.
     [[nodiscard]] QString inContainer(const QString& path) const;
-    /// The most bytes that one write may have: a network link takes less at a time than a cable.
-    [[nodiscard]] std::size_t writeLimit() const {
-        return writeLimit_;
-    }
     [[nodiscard]] bool isLost() const {
         return isLost_;
     }
@@ -99,7 +95,6 @@ private:
 
     IPhoneHelper helper_;
     QString workingRootPath_;
-    std::size_t writeLimit_ = 0;
     std::atomic<bool> isLost_ = false;
     bool hasTouched_ = false;
 };
@@ -114,8 +109,7 @@ public:
 
     /// Bytes read into the front of `buffer`, a part of AFCLink::content(); 0 at the file's end.
     [[nodiscard]] std::size_t read(std::span<std::byte> buffer);
-    /// Bytes that the device has taken of a part of AFCLink::content(), at most
-    /// AFCLink::writeLimit() at a time.
+    /// Bytes that the device has taken of a part of AFCLink::content().
     [[nodiscard]] std::size_t write(ByteView bytes);
     /// Reading goes on from this offset.
     void seek(qint64 offset);

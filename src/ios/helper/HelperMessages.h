@@ -21,13 +21,13 @@ namespace tessary {
 
 /// Raised with each change of what follows: an update may exchange the helper under a program that
 /// runs.
-inline constexpr int helperVersion = 1;
+inline constexpr int helperVersion = 2;
 
 /// Arguments and results stand behind each.
 enum class HelperOperation : std::uint8_t {
     facts,      ///< nothing; facts
     apps,       ///< nothing; apps
-    open,       ///< bundle identifier, empty for the media folder; root path, write limit
+    open,       ///< bundle identifier, empty for the media folder; root path
     names,      ///< path; names
     info,       ///< path; facts of the file, or none
     makeFolder, ///< path; nothing
@@ -43,7 +43,7 @@ enum class HelperOperation : std::uint8_t {
 };
 
 /// Memory for two pieces of content, which both have in common.
-inline constexpr std::size_t contentPiece = std::size_t{1} << 20;
+inline constexpr std::size_t contentPiece = std::size_t{4} << 20;
 inline constexpr std::size_t contentMemory = 2 * contentPiece;
 /// The descriptor that the helper finds it at.
 inline constexpr int contentDescriptor = 3;

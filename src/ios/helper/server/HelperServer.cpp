@@ -7,6 +7,7 @@
 
 #include <QTimeZone>
 
+#include <algorithm>
 #include <span>
 
 namespace tessary {
@@ -86,10 +87,16 @@ bool HelperServer::moveContent(HelperOperation operation, QDataStream& arguments
     quint32 size = 0;
     if (!read(arguments, offset, size) || offset > contentMemory || size > contentMemory - offset)
         return false;
-    const std::span part(content_.get() + offset, size);
-    const std::size_t count =
-        operation == HelperOperation::read ? file().read(part) : file().write(part);
-    result << static_cast<quint32>(count);
+    const std::span all(content_.get() + offset, size);
+    std::size_t done = 0;
+    for (bool goesOn = true; goesOn && done < size;) {
+        const auto part = all.subspan(done, std::min(size - done, connection().requestLimit()));
+        const std::size_t count =
+            operation == HelperOperation::read ? file().read(part) : file().write(part);
+        done += count;
+        goesOn = count == part.size(); // most often it is the end of the file
+    }
+    result << static_cast<quint32>(done);
     return true;
 }
 
@@ -111,7 +118,7 @@ bool HelperServer::carryOut(HelperOperation operation, QDataStream& arguments,
             return false;
         connection_ =
             std::make_unique<AFCConnection>(std::make_unique<Lockdown>(udid_), path, [] {});
-        result << connection_->workingRootPath() << static_cast<quint32>(connection_->writeLimit());
+        result << connection_->workingRootPath();
         return true;
     case HelperOperation::names:
         if (!read(arguments, path))
