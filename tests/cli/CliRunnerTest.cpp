@@ -219,6 +219,16 @@ TEST_F(CliRunnerTest, importBringsWhatIsNewOnce) {
     EXPECT_EQ(done[u"files"_s].toArray().at(0).toObject()[u"copy"_s].toString(),
               day + u"/IMG_3.jpg"_s);
     EXPECT_EQ(done[u"outcome"_s].toObject()[u"completedFiles"_s].toInt(), 1);
+
+    // What is not here any more stays on the phone, with all that belongs to it.
+    ASSERT_TRUE(QFile::remove(folder_.path(u"new/pictures/"_s + day + u"/IMG_1.mp4"_s)));
+    phone_.write(u"DCIM/Camera/IMG_4.jpg"_s, "the fourth");
+    request.deletesFromPhone = true;
+    const Result deleting = run(request);
+    EXPECT_EQ(deleting.status, CliRunner::failed);
+    EXPECT_EQ(deleting.error.count(u"Not deleted: "_s), 1) << deleting.error.toStdString();
+    EXPECT_EQ(deleting.json().object()[u"deleted"_s].toObject()[u"photos"_s].toInt(), 3);
+    EXPECT_EQ(phone_.disk.names(u"0/DCIM/Camera"_s), (QStringList{u"IMG_1.jpg"_s, u"IMG_1.mp4"_s}));
 }
 
 TEST_F(CliRunnerTest, deviceIsChosenByPrefixOrName) {

@@ -60,7 +60,9 @@ TEST(CommandLine, importTakesAFolderHere) {
     ASSERT_TRUE(import);
     EXPECT_EQ(import->command, CliRequest::Command::importPhotos);
     EXPECT_EQ(import->localPath, QDir::current().absoluteFilePath(u"here"_s));
-    EXPECT_TRUE(import->byDate && import->isDryRun);
+    EXPECT_TRUE(import->byDate && import->isDryRun && !import->deletesFromPhone);
+    EXPECT_TRUE(request("import P here --delete")->deletesFromPhone);
+    EXPECT_FALSE(request("import P here --delete --dry-run"));
     EXPECT_FALSE(request("import P"));
     EXPECT_FALSE(request("import P here --app com.example.notes"));
 }

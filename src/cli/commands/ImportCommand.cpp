@@ -2,6 +2,7 @@
 
 #include "app/texts/ErrorText.h"
 #include "base/local/LocalError.h"
+#include "base/threads/CancellationError.h"
 #include "cli/commands/CopyRun.h"
 #include "cli/commands/ImportSummary.h"
 #include "transfer/local/LocalFileSystem.h"
@@ -9,6 +10,29 @@
 #include <QDir>
 
 namespace tessary {
+
+namespace {
+
+/// What was fetched now or earlier, and lies here whole.
+ImportRemoval removeFetched(CliSession& session, const FoundPhotos& found) {
+    std::vector<Photo> fetched;
+    for (const Photo& photo : found.photos)
+        if (isFetched(photo, *found.ledger))
+            fetched.push_back(photo);
+    return removeImported(session.files(), fetched, *found.ledger, {}, session.stop());
+}
+
+void sayNotDeleted(CliSession& session, const ImportRemoval& removal) {
+    for (const LeftOut& left : removal.leftOut)
+        session.fail(
+            QStringLiteral("Not deleted: %1: %2").arg(left.item.item.path, reasonText(left.error)));
+    if (removal.failure)
+        throw *removal.failure;
+    if (removal.isCancelled)
+        throw CancellationError();
+}
+
+} // namespace
 
 void importPhotos(CliSession& session) {
     session.useMedia();
@@ -28,6 +52,10 @@ void importPhotos(CliSession& session) {
                               : runCopy(session, importRequest(session.sharedFiles(), to,
                                                                std::move(plan), found.ledger));
     }
+    const bool isComplete =
+        summary.outcome && !summary.outcome->failure && !session.stop().stop_requested();
+    if (request.deletesFromPhone && isComplete)
+        summary.removal = removeFetched(session, found);
     if (request.json)
         session.print(toJson(summary));
     else
@@ -37,6 +65,8 @@ void importPhotos(CliSession& session) {
         session.fail(QStringLiteral("Not listed: %1: %2").arg(entry.path, reasonText(entry.error)));
     if (summary.outcome)
         sayLeftOut(session, *summary.outcome);
+    if (summary.removal)
+        sayNotDeleted(session, *summary.removal);
 }
 
 } // namespace tessary

@@ -38,6 +38,9 @@ QJsonObject toJson(const ImportSummary& summary) {
                        {View("files"), files}};
     if (summary.outcome)
         object.insert(View("outcome"), toJson(*summary.outcome));
+    if (summary.removal)
+        object.insert(View("deleted"), QJsonObject{{View("photos"), summary.removal->photos},
+                                                   {View("files"), summary.removal->files}});
     return object;
 }
 
@@ -59,6 +62,10 @@ QStringList linesOf(const ImportSummary& summary) {
     lines << numbers;
     if (summary.outcome && !plan.items.empty())
         lines << QStringLiteral("%1 files are copied and compared.").arg(summary.outcome->files);
+    if (summary.removal)
+        lines << QStringLiteral("%1 photos and videos are deleted from the phone (%2 files).")
+                     .arg(summary.removal->photos)
+                     .arg(summary.removal->files);
     return lines;
 }
 

@@ -2,6 +2,7 @@
 
 #include "transfer/copy/CopyTypes.h"
 #include "transfer/import/Import.h"
+#include "transfer/import/ImportRemoval.h"
 
 #include <QJsonObject>
 #include <QStringList>
@@ -13,6 +14,7 @@ struct ImportSummary {
     const FoundPhotos& found;
     const ImportPlan plan;
     std::optional<CopyOutcome> outcome; ///< no value when nothing was to be done
+    std::optional<ImportRemoval> removal = {};
 };
 
 /// Numbers, and each file that is, or would be, copied.

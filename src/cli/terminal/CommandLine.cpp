@@ -48,6 +48,7 @@ struct Raw {
     bool dryRun = false;
     std::vector<std::string> excludes;
     bool byDate = false;
+    bool deleteFetched = false;
 };
 
 struct ModeName {
@@ -200,7 +201,12 @@ std::vector<Subcommand> addSubcommands(CLI::App& app, Raw& raw) {
     addAnyDevice(photos);
     photos.add_option("LOCAL", raw.local, "Folder here; made when it is missing")->required();
     photos.add_flag("--by-date", raw.byDate, "Into folders by date: 2026/2026-10-31");
-    photos.add_flag("--dry-run", raw.dryRun, "Print what would be copied, and do nothing");
+    CLI::Option* dryRun =
+        photos.add_flag("--dry-run", raw.dryRun, "Print what would be copied, and do nothing");
+    photos
+        .add_flag("--delete", raw.deleteFetched,
+                  "Then delete from the phone what lies here whole, compared once more")
+        ->excludes(dryRun);
     return commands;
 }
 
@@ -237,6 +243,7 @@ CliRequest requestOf(const Raw& raw, CliRequest::Command command) {
     request.deletes = !raw.noDelete;
     request.isDryRun = raw.dryRun;
     request.byDate = raw.byDate;
+    request.deletesFromPhone = raw.deleteFetched;
     request.answer = raw.yesAll ? CliRequest::Answer::yesAll
                      : raw.yes  ? CliRequest::Answer::yes
                      : raw.keep ? CliRequest::Answer::keep

@@ -57,7 +57,9 @@ struct CliRequest {
     bool onlyNew = false;  ///< --new: what is there with the same size and date stays
     bool verifies = false; ///< --verify: each copy is compared with its source
 
-    bool byDate = false; ///< --by-date, of an import: into a folder a day
+    // Of an import:
+    bool byDate = false;           ///< --by-date: into a folder a day
+    bool deletesFromPhone = false; ///< --delete: what lies here whole
 
     // Of a sync (isDryRun of an import, too):
     SyncMode mode = SyncMode::biDirectional;
