@@ -74,7 +74,8 @@ int main(int argc, char** argv) {
             temporary.emplace(parent);
         }
         const QString disk = temporary ? temporary->path() : parser.value(folder);
-        DemoIPhones phones(disk, parser.positionalArguments().constFirst());
+        DemoIPhones phones(parser.positionalArguments().constFirst());
+        phones.plugIn(disk);
         std::printf("export USBMUXD_SOCKET_ADDRESS='%s'\n", phones.mux().address().constData());
         const std::unique_ptr<VirtualADBD> adbd = parser.isSet(adb) ? startADBD(disk) : nullptr;
         if (adbd)
