@@ -1104,6 +1104,10 @@
         <source>Full Screen</source>
         <translation>Vollbild</translation>
     </message>
+    <message>
+        <source>Copy History…</source>
+        <translation>Kopierverlauf …</translation>
+    </message>
 </context>
 <context>
     <name>ProblemText</name>
@@ -1573,6 +1577,57 @@
     </message>
 </context>
 <context>
+    <name>tessary::CopyHistoryDialog</name>
+    <message>
+        <source>Copy History</source>
+        <translation>Kopierverlauf</translation>
+    </message>
+    <message>
+        <source>Search copies</source>
+        <translation>Kopien durchsuchen</translation>
+    </message>
+    <message>
+        <source>What was left out</source>
+        <translation>Was ausgelassen wurde</translation>
+    </message>
+    <message>
+        <source>Why</source>
+        <translation>Warum</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>Im Ordner anzeigen</translation>
+    </message>
+    <message>
+        <source>Clear History…</source>
+        <translation>Verlauf löschen …</translation>
+    </message>
+    <message>
+        <source>Nothing has been copied yet.</source>
+        <translation>Es wurde noch nichts kopiert.</translation>
+    </message>
+    <message>
+        <source>No copy matches this search.</source>
+        <translation>Keine Kopie passt zu dieser Suche.</translation>
+    </message>
+    <message>
+        <source>Clear History</source>
+        <translation>Verlauf löschen</translation>
+    </message>
+    <message>
+        <source>Forget which copies were made?</source>
+        <translation>Vergessen, was kopiert wurde?</translation>
+    </message>
+    <message>
+        <source>The copied files stay. Copies that broke off are not offered again.</source>
+        <translation>Die kopierten Dateien bleiben. Abgebrochene Kopien werden nicht wieder angeboten.</translation>
+    </message>
+</context>
+<context>
     <name>tessary::DeviceListModel</name>
     <message>
         <source>Needs your attention</source>
@@ -1848,6 +1903,25 @@
     <message>
         <source>Show Report</source>
         <translation>Bericht zeigen</translation>
+    </message>
+    <message>
+        <source>Copying “%1” broke off.</source>
+        <translation>Das Kopieren von „%1“ ist abgebrochen.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln copies broke off.</source>
+        <translation>
+            <numerusform>%Ln Kopie ist abgebrochen.</numerusform>
+            <numerusform>%Ln Kopien sind abgebrochen.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The phone is back. What has arrived is not copied again.</source>
+        <translation>Das Telefon ist wieder da. Was angekommen ist, wird nicht noch einmal kopiert.</translation>
+    </message>
+    <message>
+        <source>Continue Copying</source>
+        <translation>Weiter kopieren</translation>
     </message>
 </context>
 <context>
@@ -2599,6 +2673,10 @@
         <source>%1 left</source>
         <translation>noch %1</translation>
     </message>
+    <message>
+        <source>Tessary ended while this was being copied.</source>
+        <translation>Tessary wurde beendet, während dies kopiert wurde.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::TransferNotice</name>
@@ -2678,6 +2756,18 @@
     <message>
         <source>Pause</source>
         <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>History…</source>
+        <translation>Verlauf …</translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation>Nach oben</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>Nach unten</translation>
     </message>
 </context>
 <context>

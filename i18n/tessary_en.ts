@@ -128,6 +128,16 @@
     </message>
 </context>
 <context>
+    <name>tessary::GeneralNotices</name>
+    <message numerus="yes">
+        <source>%Ln copies broke off.</source>
+        <translation>
+            <numerusform>%Ln copy broke off.</numerusform>
+            <numerusform>%Ln copies broke off.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>tessary::ImportView</name>
     <message numerus="yes">
         <source>%Ln files found</source>

@@ -1104,6 +1104,10 @@
         <source>Full Screen</source>
         <translation>Pantalla completa</translation>
     </message>
+    <message>
+        <source>Copy History…</source>
+        <translation>Historial de copias…</translation>
+    </message>
 </context>
 <context>
     <name>ProblemText</name>
@@ -1573,6 +1577,57 @@
     </message>
 </context>
 <context>
+    <name>tessary::CopyHistoryDialog</name>
+    <message>
+        <source>Copy History</source>
+        <translation>Historial de copias</translation>
+    </message>
+    <message>
+        <source>Search copies</source>
+        <translation>Buscar copias</translation>
+    </message>
+    <message>
+        <source>What was left out</source>
+        <translation>Lo que se omitió</translation>
+    </message>
+    <message>
+        <source>Why</source>
+        <translation>Por qué</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Reintentar</translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>Mostrar en la carpeta</translation>
+    </message>
+    <message>
+        <source>Clear History…</source>
+        <translation>Vaciar historial…</translation>
+    </message>
+    <message>
+        <source>Nothing has been copied yet.</source>
+        <translation>Todavía no se ha copiado nada.</translation>
+    </message>
+    <message>
+        <source>No copy matches this search.</source>
+        <translation>Ninguna copia coincide con esta búsqueda.</translation>
+    </message>
+    <message>
+        <source>Clear History</source>
+        <translation>Vaciar historial</translation>
+    </message>
+    <message>
+        <source>Forget which copies were made?</source>
+        <translation>¿Olvidar qué copias se hicieron?</translation>
+    </message>
+    <message>
+        <source>The copied files stay. Copies that broke off are not offered again.</source>
+        <translation>Los archivos copiados permanecen. Las copias interrumpidas no se vuelven a ofrecer.</translation>
+    </message>
+</context>
+<context>
     <name>tessary::DeviceListModel</name>
     <message>
         <source>Needs your attention</source>
@@ -1848,6 +1903,25 @@
     <message>
         <source>Show Report</source>
         <translation>Mostrar informe</translation>
+    </message>
+    <message>
+        <source>Copying “%1” broke off.</source>
+        <translation>La copia de «%1» se interrumpió.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln copies broke off.</source>
+        <translation>
+            <numerusform>Se interrumpió %Ln copia.</numerusform>
+            <numerusform>Se interrumpieron %Ln copias.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The phone is back. What has arrived is not copied again.</source>
+        <translation>El teléfono ha vuelto. Lo que ya llegó no se copia de nuevo.</translation>
+    </message>
+    <message>
+        <source>Continue Copying</source>
+        <translation>Continuar la copia</translation>
     </message>
 </context>
 <context>
@@ -2599,6 +2673,10 @@
         <source>%1 left</source>
         <translation>quedan %1</translation>
     </message>
+    <message>
+        <source>Tessary ended while this was being copied.</source>
+        <translation>Tessary se cerró mientras se copiaba esto.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::TransferNotice</name>
@@ -2678,6 +2756,18 @@
     <message>
         <source>Pause</source>
         <translation>Pausar</translation>
+    </message>
+    <message>
+        <source>History…</source>
+        <translation>Historial…</translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation>Subir</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>Bajar</translation>
     </message>
 </context>
 <context>

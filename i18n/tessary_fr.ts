@@ -1104,6 +1104,10 @@
         <source>Full Screen</source>
         <translation>Plein écran</translation>
     </message>
+    <message>
+        <source>Copy History…</source>
+        <translation>Historique des copies…</translation>
+    </message>
 </context>
 <context>
     <name>ProblemText</name>
@@ -1573,6 +1577,57 @@
     </message>
 </context>
 <context>
+    <name>tessary::CopyHistoryDialog</name>
+    <message>
+        <source>Copy History</source>
+        <translation>Historique des copies</translation>
+    </message>
+    <message>
+        <source>Search copies</source>
+        <translation>Rechercher des copies</translation>
+    </message>
+    <message>
+        <source>What was left out</source>
+        <translation>Ce qui a été laissé de côté</translation>
+    </message>
+    <message>
+        <source>Why</source>
+        <translation>Pourquoi</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Réessayer</translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>Afficher dans le dossier</translation>
+    </message>
+    <message>
+        <source>Clear History…</source>
+        <translation>Vider l’historique…</translation>
+    </message>
+    <message>
+        <source>Nothing has been copied yet.</source>
+        <translation>Rien n’a encore été copié.</translation>
+    </message>
+    <message>
+        <source>No copy matches this search.</source>
+        <translation>Aucune copie ne correspond à cette recherche.</translation>
+    </message>
+    <message>
+        <source>Clear History</source>
+        <translation>Vider l’historique</translation>
+    </message>
+    <message>
+        <source>Forget which copies were made?</source>
+        <translation>Oublier les copies effectuées ?</translation>
+    </message>
+    <message>
+        <source>The copied files stay. Copies that broke off are not offered again.</source>
+        <translation>Les fichiers copiés restent. Les copies interrompues ne sont plus proposées.</translation>
+    </message>
+</context>
+<context>
     <name>tessary::DeviceListModel</name>
     <message>
         <source>Needs your attention</source>
@@ -1848,6 +1903,25 @@
     <message>
         <source>Show Report</source>
         <translation>Afficher le rapport</translation>
+    </message>
+    <message>
+        <source>Copying “%1” broke off.</source>
+        <translation>La copie de « %1 » s’est interrompue.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln copies broke off.</source>
+        <translation>
+            <numerusform>%Ln copie s’est interrompue.</numerusform>
+            <numerusform>%Ln copies se sont interrompues.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The phone is back. What has arrived is not copied again.</source>
+        <translation>Le téléphone est de retour. Ce qui est arrivé n’est pas recopié.</translation>
+    </message>
+    <message>
+        <source>Continue Copying</source>
+        <translation>Continuer la copie</translation>
     </message>
 </context>
 <context>
@@ -2599,6 +2673,10 @@
         <source>%1 left</source>
         <translation>%1 restantes</translation>
     </message>
+    <message>
+        <source>Tessary ended while this was being copied.</source>
+        <translation>Tessary s’est arrêté pendant cette copie.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::TransferNotice</name>
@@ -2678,6 +2756,18 @@
     <message>
         <source>Pause</source>
         <translation>Suspendre</translation>
+    </message>
+    <message>
+        <source>History…</source>
+        <translation>Historique…</translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation>Monter</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>Descendre</translation>
     </message>
 </context>
 <context>

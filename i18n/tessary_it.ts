@@ -1104,6 +1104,10 @@
         <source>Full Screen</source>
         <translation>Schermo intero</translation>
     </message>
+    <message>
+        <source>Copy History…</source>
+        <translation>Cronologia delle copie…</translation>
+    </message>
 </context>
 <context>
     <name>ProblemText</name>
@@ -1573,6 +1577,57 @@
     </message>
 </context>
 <context>
+    <name>tessary::CopyHistoryDialog</name>
+    <message>
+        <source>Copy History</source>
+        <translation>Cronologia delle copie</translation>
+    </message>
+    <message>
+        <source>Search copies</source>
+        <translation>Cerca copie</translation>
+    </message>
+    <message>
+        <source>What was left out</source>
+        <translation>Che cosa è stato tralasciato</translation>
+    </message>
+    <message>
+        <source>Why</source>
+        <translation>Perché</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Riprova</translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>Mostra nella cartella</translation>
+    </message>
+    <message>
+        <source>Clear History…</source>
+        <translation>Cancella cronologia…</translation>
+    </message>
+    <message>
+        <source>Nothing has been copied yet.</source>
+        <translation>Non è stato ancora copiato nulla.</translation>
+    </message>
+    <message>
+        <source>No copy matches this search.</source>
+        <translation>Nessuna copia corrisponde a questa ricerca.</translation>
+    </message>
+    <message>
+        <source>Clear History</source>
+        <translation>Cancella cronologia</translation>
+    </message>
+    <message>
+        <source>Forget which copies were made?</source>
+        <translation>Dimenticare quali copie sono state fatte?</translation>
+    </message>
+    <message>
+        <source>The copied files stay. Copies that broke off are not offered again.</source>
+        <translation>I file copiati restano. Le copie interrotte non vengono più proposte.</translation>
+    </message>
+</context>
+<context>
     <name>tessary::DeviceListModel</name>
     <message>
         <source>Needs your attention</source>
@@ -1848,6 +1903,25 @@
     <message>
         <source>Show Report</source>
         <translation>Mostra rapporto</translation>
+    </message>
+    <message>
+        <source>Copying “%1” broke off.</source>
+        <translation>La copia di «%1» si è interrotta.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln copies broke off.</source>
+        <translation>
+            <numerusform>%Ln copia si è interrotta.</numerusform>
+            <numerusform>%Ln copie si sono interrotte.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The phone is back. What has arrived is not copied again.</source>
+        <translation>Il telefono è tornato. Ciò che è arrivato non viene copiato di nuovo.</translation>
+    </message>
+    <message>
+        <source>Continue Copying</source>
+        <translation>Continua la copia</translation>
     </message>
 </context>
 <context>
@@ -2599,6 +2673,10 @@
         <source>%1 left</source>
         <translation>%1 rimanenti</translation>
     </message>
+    <message>
+        <source>Tessary ended while this was being copied.</source>
+        <translation>Tessary è terminato durante questa copia.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::TransferNotice</name>
@@ -2678,6 +2756,18 @@
     <message>
         <source>Pause</source>
         <translation>Sospendi</translation>
+    </message>
+    <message>
+        <source>History…</source>
+        <translation>Cronologia…</translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation>Sposta su</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>Sposta giù</translation>
     </message>
 </context>
 <context>

@@ -1101,6 +1101,10 @@
         <source>Full Screen</source>
         <translation>全画面表示</translation>
     </message>
+    <message>
+        <source>Copy History…</source>
+        <translation>コピーの履歴…</translation>
+    </message>
 </context>
 <context>
     <name>ProblemText</name>
@@ -1560,6 +1564,57 @@
     </message>
 </context>
 <context>
+    <name>tessary::CopyHistoryDialog</name>
+    <message>
+        <source>Copy History</source>
+        <translation>コピーの履歴</translation>
+    </message>
+    <message>
+        <source>Search copies</source>
+        <translation>コピーを検索</translation>
+    </message>
+    <message>
+        <source>What was left out</source>
+        <translation>コピーされなかったもの</translation>
+    </message>
+    <message>
+        <source>Why</source>
+        <translation>理由</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>再試行</translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>フォルダに表示</translation>
+    </message>
+    <message>
+        <source>Clear History…</source>
+        <translation>履歴を消去…</translation>
+    </message>
+    <message>
+        <source>Nothing has been copied yet.</source>
+        <translation>まだ何もコピーされていません。</translation>
+    </message>
+    <message>
+        <source>No copy matches this search.</source>
+        <translation>この検索に一致するコピーはありません。</translation>
+    </message>
+    <message>
+        <source>Clear History</source>
+        <translation>履歴を消去</translation>
+    </message>
+    <message>
+        <source>Forget which copies were made?</source>
+        <translation>コピーの記録を消去しますか？</translation>
+    </message>
+    <message>
+        <source>The copied files stay. Copies that broke off are not offered again.</source>
+        <translation>コピーされたファイルは残ります。途中で切れたコピーの再開は提案されなくなります。</translation>
+    </message>
+</context>
+<context>
     <name>tessary::DeviceListModel</name>
     <message>
         <source>Needs your attention</source>
@@ -1833,6 +1888,24 @@
     <message>
         <source>Show Report</source>
         <translation>レポートを表示</translation>
+    </message>
+    <message>
+        <source>Copying “%1” broke off.</source>
+        <translation>「%1」のコピーが途中で切れました。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln copies broke off.</source>
+        <translation>
+            <numerusform>%Ln 件のコピーが途中で切れました。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The phone is back. What has arrived is not copied again.</source>
+        <translation>デバイスが戻りました。届いた分は再びコピーされません。</translation>
+    </message>
+    <message>
+        <source>Continue Copying</source>
+        <translation>コピーを続ける</translation>
     </message>
 </context>
 <context>
@@ -2572,6 +2645,10 @@
         <source>%1 left</source>
         <translation>残り %1</translation>
     </message>
+    <message>
+        <source>Tessary ended while this was being copied.</source>
+        <translation>このコピーの途中で Tessary が終了しました。</translation>
+    </message>
 </context>
 <context>
     <name>tessary::TransferNotice</name>
@@ -2649,6 +2726,18 @@
     <message>
         <source>Pause</source>
         <translation>一時停止</translation>
+    </message>
+    <message>
+        <source>History…</source>
+        <translation>履歴…</translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation>上へ移動</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>下へ移動</translation>
     </message>
 </context>
 <context>

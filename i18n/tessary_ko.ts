@@ -1101,6 +1101,10 @@
         <source>Full Screen</source>
         <translation>전체 화면</translation>
     </message>
+    <message>
+        <source>Copy History…</source>
+        <translation>복사 기록…</translation>
+    </message>
 </context>
 <context>
     <name>ProblemText</name>
@@ -1560,6 +1564,57 @@
     </message>
 </context>
 <context>
+    <name>tessary::CopyHistoryDialog</name>
+    <message>
+        <source>Copy History</source>
+        <translation>복사 기록</translation>
+    </message>
+    <message>
+        <source>Search copies</source>
+        <translation>복사 검색</translation>
+    </message>
+    <message>
+        <source>What was left out</source>
+        <translation>제외된 항목</translation>
+    </message>
+    <message>
+        <source>Why</source>
+        <translation>이유</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>다시 시도</translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>폴더에서 보기</translation>
+    </message>
+    <message>
+        <source>Clear History…</source>
+        <translation>기록 지우기…</translation>
+    </message>
+    <message>
+        <source>Nothing has been copied yet.</source>
+        <translation>아직 복사한 것이 없습니다.</translation>
+    </message>
+    <message>
+        <source>No copy matches this search.</source>
+        <translation>검색과 일치하는 복사가 없습니다.</translation>
+    </message>
+    <message>
+        <source>Clear History</source>
+        <translation>기록 지우기</translation>
+    </message>
+    <message>
+        <source>Forget which copies were made?</source>
+        <translation>복사한 기록을 지울까요?</translation>
+    </message>
+    <message>
+        <source>The copied files stay. Copies that broke off are not offered again.</source>
+        <translation>복사된 파일은 그대로 있습니다. 중단된 복사는 다시 제안하지 않습니다.</translation>
+    </message>
+</context>
+<context>
     <name>tessary::DeviceListModel</name>
     <message>
         <source>Needs your attention</source>
@@ -1833,6 +1888,24 @@
     <message>
         <source>Show Report</source>
         <translation>보고서 보기</translation>
+    </message>
+    <message>
+        <source>Copying “%1” broke off.</source>
+        <translation>“%1” 복사가 중단되었습니다.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln copies broke off.</source>
+        <translation>
+            <numerusform>복사 %Ln개가 중단되었습니다.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The phone is back. What has arrived is not copied again.</source>
+        <translation>휴대폰이 다시 연결되었습니다. 이미 받은 것은 다시 복사하지 않습니다.</translation>
+    </message>
+    <message>
+        <source>Continue Copying</source>
+        <translation>복사 계속</translation>
     </message>
 </context>
 <context>
@@ -2572,6 +2645,10 @@
         <source>%1 left</source>
         <translation>%1 남음</translation>
     </message>
+    <message>
+        <source>Tessary ended while this was being copied.</source>
+        <translation>복사하는 중에 Tessary가 종료되었습니다.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::TransferNotice</name>
@@ -2649,6 +2726,18 @@
     <message>
         <source>Pause</source>
         <translation>일시 정지</translation>
+    </message>
+    <message>
+        <source>History…</source>
+        <translation>기록…</translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation>위로 이동</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>아래로 이동</translation>
     </message>
 </context>
 <context>

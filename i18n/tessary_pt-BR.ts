@@ -1104,6 +1104,10 @@
         <source>Full Screen</source>
         <translation>Tela cheia</translation>
     </message>
+    <message>
+        <source>Copy History…</source>
+        <translation>Histórico de cópias…</translation>
+    </message>
 </context>
 <context>
     <name>ProblemText</name>
@@ -1573,6 +1577,57 @@
     </message>
 </context>
 <context>
+    <name>tessary::CopyHistoryDialog</name>
+    <message>
+        <source>Copy History</source>
+        <translation>Histórico de cópias</translation>
+    </message>
+    <message>
+        <source>Search copies</source>
+        <translation>Buscar cópias</translation>
+    </message>
+    <message>
+        <source>What was left out</source>
+        <translation>O que ficou de fora</translation>
+    </message>
+    <message>
+        <source>Why</source>
+        <translation>Por quê</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Tentar novamente</translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>Mostrar na pasta</translation>
+    </message>
+    <message>
+        <source>Clear History…</source>
+        <translation>Limpar histórico…</translation>
+    </message>
+    <message>
+        <source>Nothing has been copied yet.</source>
+        <translation>Nada foi copiado ainda.</translation>
+    </message>
+    <message>
+        <source>No copy matches this search.</source>
+        <translation>Nenhuma cópia corresponde a esta busca.</translation>
+    </message>
+    <message>
+        <source>Clear History</source>
+        <translation>Limpar histórico</translation>
+    </message>
+    <message>
+        <source>Forget which copies were made?</source>
+        <translation>Esquecer quais cópias foram feitas?</translation>
+    </message>
+    <message>
+        <source>The copied files stay. Copies that broke off are not offered again.</source>
+        <translation>Os arquivos copiados permanecem. As cópias interrompidas não são oferecidas de novo.</translation>
+    </message>
+</context>
+<context>
     <name>tessary::DeviceListModel</name>
     <message>
         <source>Needs your attention</source>
@@ -1848,6 +1903,25 @@
     <message>
         <source>Show Report</source>
         <translation>Mostrar relatório</translation>
+    </message>
+    <message>
+        <source>Copying “%1” broke off.</source>
+        <translation>A cópia de “%1” foi interrompida.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln copies broke off.</source>
+        <translation>
+            <numerusform>%Ln cópia foi interrompida.</numerusform>
+            <numerusform>%Ln cópias foram interrompidas.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The phone is back. What has arrived is not copied again.</source>
+        <translation>O telefone voltou. O que já chegou não é copiado de novo.</translation>
+    </message>
+    <message>
+        <source>Continue Copying</source>
+        <translation>Continuar a cópia</translation>
     </message>
 </context>
 <context>
@@ -2599,6 +2673,10 @@
         <source>%1 left</source>
         <translation>faltam %1</translation>
     </message>
+    <message>
+        <source>Tessary ended while this was being copied.</source>
+        <translation>O Tessary foi encerrado durante esta cópia.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::TransferNotice</name>
@@ -2678,6 +2756,18 @@
     <message>
         <source>Pause</source>
         <translation>Pausar</translation>
+    </message>
+    <message>
+        <source>History…</source>
+        <translation>Histórico…</translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation>Mover para cima</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>Mover para baixo</translation>
     </message>
 </context>
 <context>

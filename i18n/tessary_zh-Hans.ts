@@ -1101,6 +1101,10 @@
         <source>Full Screen</source>
         <translation>全屏</translation>
     </message>
+    <message>
+        <source>Copy History…</source>
+        <translation>复制历史…</translation>
+    </message>
 </context>
 <context>
     <name>ProblemText</name>
@@ -1560,6 +1564,57 @@
     </message>
 </context>
 <context>
+    <name>tessary::CopyHistoryDialog</name>
+    <message>
+        <source>Copy History</source>
+        <translation>复制历史</translation>
+    </message>
+    <message>
+        <source>Search copies</source>
+        <translation>搜索复制记录</translation>
+    </message>
+    <message>
+        <source>What was left out</source>
+        <translation>未复制的内容</translation>
+    </message>
+    <message>
+        <source>Why</source>
+        <translation>原因</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>重试</translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>在文件夹中显示</translation>
+    </message>
+    <message>
+        <source>Clear History…</source>
+        <translation>清除历史记录…</translation>
+    </message>
+    <message>
+        <source>Nothing has been copied yet.</source>
+        <translation>尚未复制任何内容。</translation>
+    </message>
+    <message>
+        <source>No copy matches this search.</source>
+        <translation>没有与此搜索匹配的复制记录。</translation>
+    </message>
+    <message>
+        <source>Clear History</source>
+        <translation>清除历史记录</translation>
+    </message>
+    <message>
+        <source>Forget which copies were made?</source>
+        <translation>要清除复制记录吗？</translation>
+    </message>
+    <message>
+        <source>The copied files stay. Copies that broke off are not offered again.</source>
+        <translation>已复制的文件会保留。中断的复制不会再次提示。</translation>
+    </message>
+</context>
+<context>
     <name>tessary::DeviceListModel</name>
     <message>
         <source>Needs your attention</source>
@@ -1833,6 +1888,24 @@
     <message>
         <source>Show Report</source>
         <translation>显示报告</translation>
+    </message>
+    <message>
+        <source>Copying “%1” broke off.</source>
+        <translation>“%1”的复制中断了。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln copies broke off.</source>
+        <translation>
+            <numerusform>%Ln 项复制中断了。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The phone is back. What has arrived is not copied again.</source>
+        <translation>手机已重新连接。已到达的内容不会再次复制。</translation>
+    </message>
+    <message>
+        <source>Continue Copying</source>
+        <translation>继续复制</translation>
     </message>
 </context>
 <context>
@@ -2572,6 +2645,10 @@
         <source>%1 left</source>
         <translation>剩余 %1</translation>
     </message>
+    <message>
+        <source>Tessary ended while this was being copied.</source>
+        <translation>复制进行时 Tessary 已退出。</translation>
+    </message>
 </context>
 <context>
     <name>tessary::TransferNotice</name>
@@ -2649,6 +2726,18 @@
     <message>
         <source>Pause</source>
         <translation>暂停</translation>
+    </message>
+    <message>
+        <source>History…</source>
+        <translation>历史记录…</translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation>上移</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>下移</translation>
     </message>
 </context>
 <context>

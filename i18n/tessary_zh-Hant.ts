@@ -1101,6 +1101,10 @@
         <source>Full Screen</source>
         <translation>全螢幕</translation>
     </message>
+    <message>
+        <source>Copy History…</source>
+        <translation>複製歷史…</translation>
+    </message>
 </context>
 <context>
     <name>ProblemText</name>
@@ -1560,6 +1564,57 @@
     </message>
 </context>
 <context>
+    <name>tessary::CopyHistoryDialog</name>
+    <message>
+        <source>Copy History</source>
+        <translation>複製歷史</translation>
+    </message>
+    <message>
+        <source>Search copies</source>
+        <translation>搜尋複製記錄</translation>
+    </message>
+    <message>
+        <source>What was left out</source>
+        <translation>未複製的內容</translation>
+    </message>
+    <message>
+        <source>Why</source>
+        <translation>原因</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>重試</translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>在資料夾中顯示</translation>
+    </message>
+    <message>
+        <source>Clear History…</source>
+        <translation>清除歷史記錄…</translation>
+    </message>
+    <message>
+        <source>Nothing has been copied yet.</source>
+        <translation>尚未複製任何內容。</translation>
+    </message>
+    <message>
+        <source>No copy matches this search.</source>
+        <translation>沒有符合此搜尋的複製記錄。</translation>
+    </message>
+    <message>
+        <source>Clear History</source>
+        <translation>清除歷史記錄</translation>
+    </message>
+    <message>
+        <source>Forget which copies were made?</source>
+        <translation>要清除複製記錄嗎？</translation>
+    </message>
+    <message>
+        <source>The copied files stay. Copies that broke off are not offered again.</source>
+        <translation>已複製的檔案會保留。中斷的複製不會再次提示。</translation>
+    </message>
+</context>
+<context>
     <name>tessary::DeviceListModel</name>
     <message>
         <source>Needs your attention</source>
@@ -1833,6 +1888,24 @@
     <message>
         <source>Show Report</source>
         <translation>顯示報告</translation>
+    </message>
+    <message>
+        <source>Copying “%1” broke off.</source>
+        <translation>「%1」的複製中斷了。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln copies broke off.</source>
+        <translation>
+            <numerusform>%Ln 項複製中斷了。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The phone is back. What has arrived is not copied again.</source>
+        <translation>手機已重新連接。已送達的內容不會再次複製。</translation>
+    </message>
+    <message>
+        <source>Continue Copying</source>
+        <translation>繼續複製</translation>
     </message>
 </context>
 <context>
@@ -2572,6 +2645,10 @@
         <source>%1 left</source>
         <translation>剩餘 %1</translation>
     </message>
+    <message>
+        <source>Tessary ended while this was being copied.</source>
+        <translation>複製進行時 Tessary 已結束。</translation>
+    </message>
 </context>
 <context>
     <name>tessary::TransferNotice</name>
@@ -2649,6 +2726,18 @@
     <message>
         <source>Pause</source>
         <translation>暫停</translation>
+    </message>
+    <message>
+        <source>History…</source>
+        <translation>歷史記錄…</translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation>上移</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>下移</translation>
     </message>
 </context>
 <context>

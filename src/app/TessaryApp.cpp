@@ -26,6 +26,8 @@ TessaryApp::TessaryApp(DeviceSources sources, DeviceServices& services, TessaryA
     : services_(services),
       setup_(std::move(setup)),
       deviceManager_(sources, services, setup_.alsoAccept),
+      rememberedCopies_(copies_, deviceManager_, services.files(),
+                        setup_.copyRecords.isEmpty() ? scratch_.path() : setup_.copyRecords),
       syncManager_(*setup_.defaults, {deviceConnector(services.files()), wordsForStatus}),
       updateChecker_(setup_.http, setup_.defaults, setup_.openAddress, setup_.updates),
       favoritesManager_(setup_.defaults),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/LanguageManager.h"
+#include "app/copies/RememberedCopies.h"
 #include "app/favorites/FavoritesManager.h"
 #include "app/updates/UpdateCheckerService.h"
 #include "devices/files/DeviceServices.h"
@@ -38,6 +39,8 @@ struct TessaryAppSetup {
     std::shared_ptr<ServiceNetwork> network = makeSystemServiceNetwork();
     /// The folder that keeps what was imported from phones; empty: until the end of the program.
     QString importLedgers{};
+    /// The folder that keeps the records of copies; empty: the same.
+    QString copyRecords{};
     /// Shows a page in the user's browser.
     std::function<void(const QUrl&)> openAddress = [](const QUrl&) {};
     /// Shows a local file in the desktop's file manager.
@@ -94,6 +97,9 @@ public:
     [[nodiscard]] CopyQueue& copyQueue() {
         return copies_;
     }
+    [[nodiscard]] RememberedCopies& rememberedCopies() {
+        return rememberedCopies_;
+    }
     /// The folder that keeps what was imported from phones.
     [[nodiscard]] QString importLedgers() const {
         return setup_.importLedgers.isEmpty() ? scratch_.path() : setup_.importLedgers;
@@ -120,6 +126,7 @@ private:
     DragMount promisedFiles_;
     CopyQueue copies_;
     DeviceManager deviceManager_;
+    RememberedCopies rememberedCopies_;
     SyncManager syncManager_;
     UpdateCheckerService updateChecker_;
     FavoritesManager favoritesManager_;

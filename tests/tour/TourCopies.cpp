@@ -2,9 +2,11 @@
 
 #include "support/CopyNow.h"
 #include "views/dialogs/ClashQuestion.h"
+#include "views/window/GeneralNotices.h"
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDialog>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <algorithm>
@@ -42,6 +44,41 @@ void tourTransfers(TourStage& stage) {
     phones.setSpeed(0);
     stage.waitFor("the end of the transfers", [&] { return transfers.summary().isIdle(); });
     stage.shoot(QStringLiteral("transfer-finished"));
+    transfers.clearFinished();
+}
+
+void tourBrokenCopy(TourStage& stage) {
+    MainWindow& window = stage.window();
+    TourPhones& phones = stage.phones();
+    CopyQueue& transfers = window.copyQueue();
+    const QTemporaryDir target;
+    phones.setSpeed(TourStage::slowSpeed);
+    stage.open(QStringLiteral("/sdcard"));
+    stage.selectNamed({QStringLiteral("Music"), QStringLiteral("Documents")});
+    QStringList ids;
+    for (const FileItem& item : window.browser().selectedEntries())
+        ids.append(item.id());
+    downloadNow(window.browser(), ids, target.path());
+    stage.waitFor("a copy under way", [&] {
+        return !transfers.jobs().empty() && transfers.jobs().back().fractionDone() > 0.25;
+    });
+    phones.unplugAndroid();
+    phones.setSpeed(0);
+    stage.waitFor("the end of the copy", [&] { return transfers.summary().isIdle(); });
+    phones.plugInAndroid();
+    QAbstractButton* goOn = nullptr;
+    stage.waitFor("the offer to go on", [&] {
+        for (QAbstractButton* button : window.findChildren<QAbstractButton*>())
+            if (button->isVisible() && button->text() == GeneralNotices::tr("Continue Copying"))
+                goOn = button;
+        return goOn != nullptr;
+    });
+    stage.shoot(QStringLiteral("copy-offered-again"));
+    window.showCopyHistory();
+    stage.shoot(QStringLiteral("copy-history"));
+    window.findChild<QDialog*>(QStringLiteral("copyHistory"))->close();
+    goOn->click();
+    stage.waitFor("the rest of the copy", [&] { return transfers.summary().isIdle(); });
     transfers.clearFinished();
 }
 

@@ -29,10 +29,11 @@ namespace {
 int walk(MainWindow& window, TourPhones& phones, const QString& folder) {
     try {
         TourStage stage(window, phones, folder);
-        for (const auto step : {tourWelcome, tourListings, tourTypedPaths, tourMoves, tourSearch,
-                                tourSmallWindow, tourPreviews, tourProperties, tourSettings,
-                                tourWireless, tourLanguages, tourDark, tourEdits, tourTransfers,
-                                tourCopyQuestions, tourSync, tourFailures, tourLosses, tourIPhone})
+        for (const auto step :
+             {tourWelcome,     tourListings, tourTypedPaths, tourMoves,     tourSearch,
+              tourSmallWindow, tourPreviews, tourProperties, tourSettings,  tourWireless,
+              tourLanguages,   tourDark,     tourEdits,      tourTransfers, tourCopyQuestions,
+              tourSync,        tourFailures, tourBrokenCopy, tourLosses,    tourIPhone})
             step(stage);
         std::fprintf(stderr,
                      "tessary-tour: %d screenshots are in %s; the window never stalled for over "

@@ -225,11 +225,11 @@ TEST_F(CopyQueueTest, aRecordSaysWhatHappenedAndGoesOn) {
     const QUuid a = copy(one, "a");
     const QUuid d = copy(one, "d");
     const QUuid b = copy(one, "b");
+    const CopyRecord begun = queue.recordOf(b); // all that a killed program leaves
     finishAll();
     {
         CopyHistory history(disk.path(s("new/history")));
-        for (const QUuid& id : {a, d, b, a})
-            history.add(queue.recordOf(id));
+        history.add({queue.recordOf(a), queue.recordOf(d), queue.recordOf(b), queue.recordOf(a)});
     }
     CopyHistory history(disk.path(s("new/history")));
     ASSERT_EQ(history.find({}).size(), 3U);
@@ -239,16 +239,16 @@ TEST_F(CopyQueueTest, aRecordSaysWhatHappenedAndGoesOn) {
     EXPECT_EQ(left.job.status, Status::incomplete);
     ASSERT_EQ(left.job.leftOut.size(), 1U);
     EXPECT_EQ(left.job.leftOut[0].error, Error(PhoneError::accessDenied, {s("/side/d/e")}));
-    EXPECT_TRUE(history.brokenOffWith(s("another phone")).empty());
-    ASSERT_EQ(history.brokenOffWith(s("one")).size(), 1U);
-    const CopyRecord broken = history.brokenOffWith(s("one"))[0];
+    ASSERT_EQ(history.unfinished().size(), 1U);
+    const CopyRecord broken = history.unfinished()[0];
     EXPECT_EQ(broken.job.error, Error(PhoneError::unplugged));
+    history.noteOffered({b});
+    EXPECT_TRUE(history.unfinished().empty());
+    history.add({begun});
+    EXPECT_TRUE(history.unfinished().empty()) << "it is under way";
+    EXPECT_EQ(CopyHistory(disk.path(s("new/history"))).unfinished().size(), 1U);
     for (const CopyRecord& record : {left, broken})
-        queue.enqueue({.from = one.files(),
-                       .to = here.files(),
-                       .items = record.rest,
-                       .folder = record.job.targetFolder,
-                       .skipsSame = true});
+        queue.enqueue(record.requestForRest(one.files(), here.files()));
     finishAll();
     EXPECT_EQ(here.contents(),
               (Contents{{s("a"), "a"}, {s("b"), film}, {s("d/"), {}}, {s("d/e"), "e"}}));
@@ -264,9 +264,9 @@ TEST_F(CopyQueueTest, historyForgetsWhatIsOldAndSurvivesWhatIsBroken) {
     old.ended = record.ended.addDays(-CopyHistory::keptDays - 1);
     {
         CopyHistory history(disk.path());
-        history.add(old);
+        history.add({old});
         EXPECT_TRUE(history.find({}).empty());
-        history.add(record);
+        history.add({record});
         EXPECT_EQ(history.find({}).size(), 1U);
     }
     const QByteArray whole = disk.read(s("copies.json"));
@@ -276,7 +276,7 @@ TEST_F(CopyQueueTest, historyForgetsWhatIsOldAndSurvivesWhatIsBroken) {
     }
     disk.write(s("copies.json"), R"([{"id":1},7,{"direction":99},null,[]])");
     CopyHistory history(disk.path());
-    history.add(record);
+    history.add({record});
     EXPECT_EQ(CopyHistory(disk.path()).find({}).size(), 1U);
     history.clear();
     EXPECT_TRUE(CopyHistory(disk.path()).find({}).empty());

@@ -166,7 +166,7 @@ TEST(LargeFiles, beginAnewWhenTheSourceChanged) {
     EXPECT_EQ(target.contents().value(s("film")), other);
 }
 
-TEST(LargeFiles, thatWereGivenUpAreRemovedAfterADay) {
+TEST(LargeFiles, thatWereGivenUpAreRemovedAfterAWeek) {
     MemorySide source({.queue = std::make_shared<PhoneQueue>()});
     DiskSide target;
     source.put(s("a"), "a", noon);
@@ -175,8 +175,8 @@ TEST(LargeFiles, thatWereGivenUpAreRemovedAfterADay) {
     FileItem other = item;
     other.path += s("2");
     const QString young = resumableName(*source.memory, item);
-    target.put(young, "y", now.addSecs(-23 * 3600));
-    target.put(resumableName(*source.memory, other), "o", now.addSecs(-25 * 3600));
+    target.put(young, "y", now.addDays(-6));
+    target.put(resumableName(*source.memory, other), "o", now.addDays(-8));
     EXPECT_EQ(run(requestFor(source, target, ClashAnswer::skip)).end(), CopyOutcome::End::done);
     EXPECT_EQ(target.contents(), (Contents{{young, "y"}, {s("a"), "a"}}));
 }

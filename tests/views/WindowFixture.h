@@ -25,14 +25,13 @@ inline constexpr int windowPatience = 15'000; // ms
 /// The main window of an application, used by mouse and keyboard.
 class AppWindowFixture : public ::testing::Test {
 protected:
-    AppWindowFixture() {
-        Background::restart();
-    }
     void open(const DeviceSources& sources) {
+        Background::restart();
         TessaryAppSetup setup;
         setup.updates = {QUrl(QStringLiteral("https://updates.tessary.example")),
                          QUrl(QStringLiteral("https://tessary.example")), QStringLiteral("1.0")};
         setup.defaults = defaults_;
+        setup.copyRecords = records_.path();
         app_ = std::make_unique<TessaryApp>(sources, services_, std::move(setup));
         openWindow();
     }
@@ -76,6 +75,7 @@ protected:
     }
 
     TemporaryFolder local_;
+    TemporaryFolder records_; ///< of copies
     QStringList filesToCopy_;
     QStringList opened_;                  ///< local files that the window had the desktop open
     std::function<void()> whileChoosing_; ///< happens while the user looks for files

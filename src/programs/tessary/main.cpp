@@ -142,8 +142,10 @@ int main(int argc, char** argv) {
     if (isDemo)
         setup.network = phones.virtualPhones->network();
     setup.defaults = makeSystemUserDefaults();
-    if (!isDemo)
+    if (!isDemo) {
         setup.importLedgers = ImportLedger::usersFolder();
+        setup.copyRecords = CopyHistory::usersFolder();
+    }
     setup.showInFolder = [](const QString& path) {
         showInFileManager(path, [path] {
             QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(path).absolutePath()));

@@ -10,11 +10,13 @@ namespace tessary {
 
 // Names of files that are not whole yet, or that wait for a name that is still taken.
 
-/// What a run that broke off left behind is removed once it is this old.
-inline constexpr std::chrono::minutes oldestPart{10};
+// One rule for what a run that broke off has left behind, on either side: the next visit to its
+// folder removes it once it is older than ten minutes and of no running program. Only what can be
+// gone on with is kept longer; its name is the record of that, and says of which file, size and
+// date it is a part (resumableName()). It is kept for as long as going on with its copy is offered.
 
-/// A file that broke off and can be gone on with is kept this long.
-inline constexpr std::chrono::hours oldestBrokenOff{24};
+inline constexpr std::chrono::minutes oldestPart{10};
+inline constexpr std::chrono::hours oldestBrokenOff{7 * 24};
 
 /// Whether a file is one of ours on its way, or a folder holds such: no listing, copy or sync takes
 /// it for the user's.

@@ -2,12 +2,14 @@
 
 #include "base/local/LocalError.h"
 #include "base/log/DiagnosticsLogger.h"
+#include "transfer/copy/PartNames.h"
 
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QSaveFile>
+#include <QStandardPaths>
 
 #include <algorithm>
 
@@ -21,6 +23,11 @@ constexpr qint64 longestFile = qint64{64} * 1024 * 1024;
 } // namespace
 
 CopyHistory::CopyHistory(QString folder) : folder_(std::move(folder)) {}
+
+QString CopyHistory::usersFolder() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+           QStringLiteral("/tessary/copies");
+}
 
 void CopyHistory::load() {
     if (std::exchange(isLoaded_, true))
@@ -55,15 +62,17 @@ void CopyHistory::save() {
         throw Error(LocalError::cannotWrite, {file.fileName(), file.errorString()});
 }
 
-void CopyHistory::add(CopyRecord record) {
+void CopyHistory::add(std::vector<CopyRecord> records) {
     const std::scoped_lock lock(mutex_);
     load();
-    std::erase_if(records_,
-                  [&record](const CopyRecord& one) { return one.job.id == record.job.id; });
-    if (record.job.leftOut.size() > CopyRecord::mostLeftOut)
-        record.job.leftOut.erase(record.job.leftOut.begin() + CopyRecord::mostLeftOut,
-                                 record.job.leftOut.end());
-    records_.insert(records_.begin(), std::move(record));
+    for (CopyRecord& record : records) {
+        std::erase_if(records_,
+                      [&record](const CopyRecord& one) { return one.job.id == record.job.id; });
+        std::vector<LeftOut>& leftOut = record.job.leftOut;
+        if (leftOut.size() > CopyRecord::mostLeftOut)
+            leftOut.erase(leftOut.begin() + CopyRecord::mostLeftOut, leftOut.end());
+        records_.insert(records_.begin(), std::move(record));
+    }
     save();
 }
 
@@ -76,16 +85,26 @@ std::vector<CopyRecord> CopyHistory::find(const QString& search) {
     return found;
 }
 
-std::vector<CopyRecord> CopyHistory::brokenOffWith(const QString& identity) {
+std::vector<CopyRecord> CopyHistory::unfinished() {
     const std::scoped_lock lock(mutex_);
     load();
+    const QDateTime oldest =
+        QDateTime::currentDateTime().addMSecs(-std::chrono::milliseconds(oldestBrokenOff).count());
     std::vector<CopyRecord> found;
     std::copy_if(records_.begin(), records_.end(), std::back_inserter(found),
-                 [&identity](const CopyRecord& one) {
-                     return one.job.hasLostPhone() && !one.rest.empty() &&
-                            (one.job.source == identity || one.job.target == identity);
+                 [&oldest](const CopyRecord& one) {
+                     return one.hasBrokenOff() && !one.wasOffered && one.ended > oldest;
                  });
     return found;
+}
+
+void CopyHistory::noteOffered(const std::vector<QUuid>& ids) {
+    const std::scoped_lock lock(mutex_);
+    load();
+    for (CopyRecord& one : records_)
+        one.wasOffered =
+            one.wasOffered || std::find(ids.begin(), ids.end(), one.job.id) != ids.end();
+    save();
 }
 
 void CopyHistory::clear() {

@@ -17,15 +17,19 @@ public:
     /// `folder` is this user's; it is made when it is missing. A file that cannot be read is taken
     /// for an empty one and written anew.
     explicit CopyHistory(QString folder);
+    /// Where the user's lies.
+    [[nodiscard]] static QString usersFolder();
 
-    /// Puts a copy at the top, in the place of an earlier record of the same one. What is too old
-    /// goes. LocalError when it cannot be written: it is remembered until the program ends.
-    void add(CopyRecord record);
+    /// Puts copies at the top, the last one first, in the place of earlier records of the same
+    /// ones. What is too old goes. LocalError when they cannot be written: they are remembered
+    /// until the program ends.
+    void add(std::vector<CopyRecord> records);
     /// Those that match a search; all for an empty one.
     [[nodiscard]] std::vector<CopyRecord> find(const QString& search);
-    /// Those that can go on and begin or end at a phone (PhoneFileSystem::identity()): to be
-    /// offered when it comes back.
-    [[nodiscard]] std::vector<CopyRecord> brokenOffWith(const QString& identity);
+    /// Those that broke off within oldestBrokenOff and that nobody was asked about yet.
+    [[nodiscard]] std::vector<CopyRecord> unfinished();
+    /// Nobody is asked about these again.
+    void noteOffered(const std::vector<QUuid>& ids);
     void clear();
 
 private:

@@ -96,17 +96,20 @@ CopyRecord CopyQueue::recordOf(const QUuid& id) const {
     const int index = indexOf(id);
     if (index < 0)
         return {};
-    CopyRecord record{jobs_[static_cast<std::size_t>(index)], QDateTime::currentDateTime(), {}};
-    if (record.job.canGoOn())
-        record.rest = works_[id]->request.items;
+    CopyRecord record{jobs_[static_cast<std::size_t>(index)], QDateTime::currentDateTime()};
+    const TreeCopyRequest& request = works_[id]->request;
+    record.removesSource = request.removesSource;
+    record.verifies = request.verifies;
+    if (record.job.status != Status::done)
+        record.rest = request.items;
     return record;
 }
 
-QUuid CopyQueue::enqueue(TreeCopyRequest request, Finished onFinished) {
+QUuid CopyQueue::enqueue(TreeCopyRequest request, Finished onFinished, const QUuid& id) {
     MainThread::assertCurrent();
-    Q_ASSERT(!request.items.empty());
+    Q_ASSERT(!request.items.empty() && indexOf(id) < 0);
     CopyJob job;
-    job.id = QUuid::createUuid();
+    job.id = id;
     job.direction = directionOf(request);
     const CopyItem& first = request.items.front();
     job.name = first.name;
@@ -131,13 +134,13 @@ QUuid CopyQueue::enqueue(TreeCopyRequest request, Finished onFinished) {
     auto work = std::make_shared<Work>();
     work->request = std::move(request);
     work->onFinished = std::move(onFinished);
-    const QUuid id = job.id;
     const int index = static_cast<int>(jobs_.size());
     Q_EMIT jobAboutToBeAdded(index);
     works_.insert(id, std::move(work));
     jobs_.push_back(std::move(job));
     indexes_.insert(id, index);
     Q_EMIT jobAdded(index);
+    Q_EMIT recordChanged(id);
     startNext();
     return id;
 }
@@ -236,6 +239,7 @@ void CopyQueue::takeOutcome(const QUuid& id, const std::shared_ptr<Work>& work,
         finish(*job, Status::cancelled);
         break;
     }
+    Q_EMIT recordChanged(id);
     startNext();
 }
 
@@ -264,9 +268,12 @@ void CopyQueue::cancel(const QUuid& id) {
         return;
     Work& work = *works_[id];
     work.isCancelled = true;
-    if (work.stop)
+    const bool isUnderWay = work.stop.has_value();
+    if (isUnderWay)
         work.stop->request_stop();
     finish(*job, Status::cancelled);
+    if (!isUnderWay)
+        Q_EMIT recordChanged(id);
     startNext();
 }
 
@@ -303,7 +310,7 @@ void CopyQueue::resume(const QUuid& id) {
     startNext();
 }
 
-void CopyQueue::goOn(const QUuid& id) {
+void CopyQueue::goOn(const QUuid& id, const CopyEnds& ends) {
     CopyJob* const job = find(id);
     if (job == nullptr || !job->canGoOn())
         return;
@@ -312,10 +319,15 @@ void CopyQueue::goOn(const QUuid& id) {
     Work& work = *works_[id];
     work.isCancelled = false;
     work.isPausing = work.stop.has_value(); // it begins once its thread has ended
+    if (ends.from)
+        work.request.from = ends.from;
+    if (ends.to)
+        work.request.to = ends.to;
     job->status = Status::queued;
     job->progress = {};
     job->isMeasuring = true;
     tellChanged({id});
+    Q_EMIT recordChanged(id);
     startNext();
 }
 

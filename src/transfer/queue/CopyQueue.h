@@ -14,6 +14,12 @@
 
 namespace tessary {
 
+/// The two file systems of a copy; null for one that stays as it is.
+struct CopyEnds {
+    std::shared_ptr<PhoneFileSystem> from{};
+    std::shared_ptr<PhoneFileSystem> to{};
+};
+
 /// The copies that the user sees, in their order, and what he asks of them. One at a time a phone,
 /// in the order of the list; copies of different phones side by side; one between two phones needs
 /// both. Lives on the main thread and does no I/O there.
@@ -38,13 +44,15 @@ public:
     [[nodiscard]] const CopySummary& summary() const {
         return summary_;
     }
-    /// What to remember of a job that has finished.
+    /// What to remember of a job, and what is missing of it by now.
     [[nodiscard]] CopyRecord recordOf(const QUuid& id) const;
     /// Bytes that wait or are under way to a target: they are not free there any more.
     [[nodiscard]] qint64 bytesOnTheWayTo(const QString& targetIdentity) const;
 
-    /// Adds a copy of at least one item at the end. Returns its id.
-    QUuid enqueue(TreeCopyRequest request, Finished onFinished = {});
+    /// Adds a copy of at least one item at the end. Returns its id; another run of the program may
+    /// have given it.
+    QUuid enqueue(TreeCopyRequest request, Finished onFinished = {},
+                  const QUuid& id = QUuid::createUuid());
     /// Shown as cancelled at once. No effect on one that has finished.
     void cancel(const QUuid& id);
     void cancelAll();
@@ -53,8 +61,9 @@ public:
     /// Lets one that is paused wait for its turn again.
     void resume(const QUuid& id);
     /// Brings what is missing of a job that canGoOn(): what was left out alone, or the rest of one
-    /// that broke off, under the names that it has given. It is queued again under its id.
-    void goOn(const QUuid& id);
+    /// that broke off, under the names that it has given. It is queued again under its id. `ends`
+    /// are the same file systems, opened anew where their phones were plugged in again.
+    void goOn(const QUuid& id, const CopyEnds& ends = {});
     /// Puts a job that waits before another place in the list.
     void moveTo(const QUuid& id, int index);
     /// Removes every job that has finished.
@@ -74,6 +83,9 @@ Q_SIGNALS:
     void jobsRemoved(int first, int last);
     void summaryChanged();
     void jobFinished(const QUuid& id);
+    /// recordOf() has another answer that is worth keeping: the job was queued, or all of it has
+    /// come to an end, its thread included.
+    void recordChanged(const QUuid& id);
 
 private:
     struct Work;

@@ -62,6 +62,24 @@ CopyItem itemFromJson(const QJsonObject& json) {
 
 } // namespace
 
+bool CopyRecord::hasBrokenOff() const {
+    return !rest.empty() &&
+           (job.hasLostPhone() || (job.status == CopyJob::Status::failed && !job.error));
+}
+
+TreeCopyRequest CopyRecord::requestForRest(std::shared_ptr<PhoneFileSystem> from,
+                                           std::shared_ptr<PhoneFileSystem> to) const {
+    TreeCopyRequest request{.from = std::move(from),
+                            .to = std::move(to),
+                            .items = rest,
+                            .folder = job.targetFolder,
+                            .policy = [](const Clash&) { return ClashAnswer::merge; },
+                            .skipsSame = true,
+                            .verifies = verifies,
+                            .removesSource = removesSource};
+    return request;
+}
+
 bool CopyRecord::matches(const QString& search) const {
     QStringList names{job.name, job.phone, job.sourcePath, job.targetFolder};
     names += job.made;
@@ -105,7 +123,10 @@ QJsonObject toJson(const CopyRecord& record) {
                      {u"alreadyThere"_s, job.alreadyThere},
                      {u"made"_s, QJsonArray::fromStringList(job.made)},
                      {u"leftOut"_s, leftOut},
-                     {u"rest"_s, rest}};
+                     {u"rest"_s, rest},
+                     {u"removesSource"_s, record.removesSource},
+                     {u"verifies"_s, record.verifies},
+                     {u"wasOffered"_s, record.wasOffered}};
     if (job.error)
         json[u"error"_s] = toJson(*job.error);
     return json;
@@ -125,7 +146,7 @@ std::optional<CopyRecord> copyRecordFromJson(const QJsonObject& json) {
     job.direction = static_cast<CopyJob::Direction>(direction);
     job.status = static_cast<CopyJob::Status>(status);
     if (!job.isFinished())
-        return std::nullopt;
+        job.status = CopyJob::Status::failed;
     job.name = json[u"name"_s].toString();
     job.things = json[u"things"_s].toInt(1);
     job.isFolder = json[u"isFolder"_s].toBool();
@@ -148,6 +169,9 @@ std::optional<CopyRecord> copyRecordFromJson(const QJsonObject& json) {
         job.error = errorFromJson(json[u"error"_s].toObject());
     for (const QJsonValue& item : json[u"rest"_s].toArray())
         record.rest.push_back(itemFromJson(item.toObject()));
+    record.removesSource = json[u"removesSource"_s].toBool();
+    record.verifies = json[u"verifies"_s].toBool();
+    record.wasOffered = json[u"wasOffered"_s].toBool();
     return record;
 }
 

@@ -12,6 +12,8 @@
 
 #include <array>
 
+#include <algorithm>
+
 namespace tessary {
 
 namespace {
@@ -77,6 +79,9 @@ StatusBanner::StatusBanner(QWidget* parent)
 }
 
 void StatusBanner::show(const BannerMessage& message) {
+    // What is said again keeps its buttons: one of them may be held down just now.
+    const bool keepsButtons = std::ranges::equal(message.actions, message_.actions, {},
+                                                 &BannerAction::title, &BannerAction::title);
     message_ = message;
     const KindRow& kind = kinds[static_cast<std::size_t>(message.kind)];
     icon_->setPixmap(icon(kind.iconName).pixmap(24, 24));
@@ -84,24 +89,35 @@ void StatusBanner::show(const BannerMessage& message) {
     advice_->setText(message.advice);
     advice_->setVisible(!message.advice.isEmpty());
     close_->setVisible(message.canBeClosed);
-    while (QLayoutItem* old = buttons_->takeAt(0)) {
-        if (QWidget* button = old->widget())
-            button->deleteLater();
-        delete old;
-    }
-    for (const BannerAction& action : message.actions) {
-        auto* button = new QPushButton(action.title);
-        connect(button, &QPushButton::clicked, this, [run = action.run] { run(); });
-        buttons_->addWidget(button);
-    }
+    if (!keepsButtons)
+        makeButtons();
     setAccessibleName(message.text);
     setAccessibleDescription(message.advice);
     applyColours();
     setVisible(true);
 }
 
+void StatusBanner::makeButtons() {
+    while (QLayoutItem* old = buttons_->takeAt(0)) {
+        if (QWidget* button = old->widget()) {
+            button->hide();
+            button->deleteLater();
+        }
+        delete old;
+    }
+    for (std::size_t n = 0; n < message_.actions.size(); ++n) {
+        auto* button = new QPushButton(message_.actions[n].title);
+        connect(button, &QPushButton::clicked, this, [this, n] {
+            const auto run = message_.actions.at(n).run; // it may change the message
+            run();
+        });
+        buttons_->addWidget(button);
+    }
+}
+
 void StatusBanner::clear() {
     message_ = {};
+    makeButtons();
     setVisible(false);
 }
 

@@ -44,6 +44,7 @@ protected:
 
 private:
     void close();
+    void makeButtons();
     void applyColours();
 
     QLabel* icon_;

@@ -16,14 +16,6 @@ namespace tessary {
 
 namespace {
 
-QString jobTitle(const CopyJob& job) {
-    const QString name = printable(job.name);
-    return job.things == 1 ? name
-                           : QCoreApplication::translate("tessary::TransferListModel",
-                                                         "%1 and %Ln more", nullptr, job.things - 1)
-                                 .arg(name);
-}
-
 /// What was left out, a line each, for as many as a tool tip holds.
 QString leftOutLines(const CopyJob& job) {
     constexpr std::size_t listedItems = 12;
@@ -72,17 +64,25 @@ QVariant TransferListModel::data(const QModelIndex& index, int role) const {
         return {};
     switch (role) {
     case Qt::DisplayRole:
-        return jobTitle(*job);
+        return transferTitle(*job);
     case Qt::ToolTipRole:
         return plainToolTip(
             QStringLiteral("%1\n→ %2%3")
                 .arg(printable(job->sourcePath), printable(job->targetFolder), leftOutLines(*job)));
     case Qt::AccessibleTextRole:
         return QStringLiteral("%1 %2, %3")
-            .arg(displayName(job->direction), jobTitle(*job), transferDetail(*job));
+            .arg(displayName(job->direction), transferTitle(*job), transferDetail(*job));
     default:
         return {};
     }
+}
+
+QString transferTitle(const CopyJob& job) {
+    const QString name = printable(job.name);
+    return job.things == 1 ? name
+                           : QCoreApplication::translate("tessary::TransferListModel",
+                                                         "%1 and %Ln more", nullptr, job.things - 1)
+                                 .arg(name);
 }
 
 QString transferRoute(const CopyJob& job) {
@@ -101,6 +101,9 @@ QString transferDetail(const CopyJob& job) {
     using Status = CopyJob::Status;
     if (job.status == Status::failed && job.error)
         return errorText(*job.error).text();
+    if (job.status == Status::failed)
+        return QCoreApplication::translate("tessary::TransferListModel",
+                                           "Tessary ended while this was being copied.");
     if (job.status == Status::incomplete)
         return leftOutText(job.leftOut, job.progress.completedFiles);
     if (job.status == Status::done)

@@ -23,6 +23,8 @@ private:
     CopyQueue& queue_;
 };
 
+/// "a.jpg and 3 more": what is copied.
+[[nodiscard]] QString transferTitle(const CopyJob& job);
 /// "Google Pixel 7 → Downloads": the phone, or a folder's name, on either side.
 [[nodiscard]] QString transferRoute(const CopyJob& job);
 /// The line below a transfer's name: bytes, speed and time left, or how it ended.

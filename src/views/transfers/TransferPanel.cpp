@@ -32,14 +32,15 @@ QString summaryText(const CopySummary& summary) {
     return text;
 }
 
-TransferPanel::TransferPanel(CopyQueue& queue, ShowInFolder showInFolder, QWidget* parent)
+TransferPanel::TransferPanel(CopyQueue& queue, Callbacks callbacks, QWidget* parent)
     : QWidget(parent),
       queue_(queue),
-      showInFolder_(std::move(showInFolder)),
+      callbacks_(std::move(callbacks)),
       model_(queue),
       title_(new QLabel),
       cancelAll_(new QPushButton),
       clear_(new QPushButton),
+      history_(new QPushButton),
       list_(new QListView) {
     setObjectName(QStringLiteral("transferPanel"));
     auto* heading = new QLabel;
@@ -57,7 +58,7 @@ TransferPanel::TransferPanel(CopyQueue& queue, ShowInFolder showInFolder, QWidge
                                                  },
                                                  [this](const QModelIndex& index) {
                                                      if (const CopyJob* job = model_.jobAt(index))
-                                                         queue_.goOn(job->id);
+                                                         callbacks_.goOn(job->id);
                                                  }},
                                                 list_));
     list_->setFrameShape(QFrame::NoFrame);
@@ -73,6 +74,13 @@ TransferPanel::TransferPanel(CopyQueue& queue, ShowInFolder showInFolder, QWidge
     auto* show = new QShortcut(QKeySequence(Qt::Key_Return), list_);
     show->setContext(Qt::WidgetShortcut);
     connect(show, &QShortcut::activated, this, [this] { showCopy(list_->currentIndex()); });
+    for (const auto& [key, rows] : {std::pair(Qt::Key_Up, -1), std::pair(Qt::Key_Down, 1)}) {
+        auto* move = new QShortcut(QKeySequence(Qt::ALT | key), list_);
+        move->setContext(Qt::WidgetShortcut);
+        connect(move, &QShortcut::activated, this,
+                [this, by = rows] { this->move(list_->currentIndex(), by); });
+    }
+    connect(history_, &QPushButton::clicked, this, [this] { callbacks_.showHistory(); });
     connect(cancelAll_, &QPushButton::clicked, this, [this] { queue_.cancelAll(); });
     connect(clear_, &QPushButton::clicked, this, [this] { queue_.clearFinished(); });
     connect(&model_, &QAbstractItemModel::dataChanged, this, &TransferPanel::followRunningJob);
@@ -86,6 +94,7 @@ TransferPanel::TransferPanel(CopyQueue& queue, ShowInFolder showInFolder, QWidge
     header->addWidget(title_, 1);
     header->addWidget(cancelAll_);
     header->addWidget(clear_);
+    header->addWidget(history_);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
@@ -96,6 +105,7 @@ TransferPanel::TransferPanel(CopyQueue& queue, ShowInFolder showInFolder, QWidge
         list_->setAccessibleName(tr("Transfers"));
         cancelAll_->setText(tr("Cancel All"));
         clear_->setText(tr("Clear Finished"));
+        history_->setText(tr("History…"));
         showSummary();
     });
 }
@@ -126,7 +136,7 @@ bool TransferPanel::hasCopy(const QModelIndex& index) const {
 
 void TransferPanel::showCopy(const QModelIndex& index) {
     if (hasCopy(index))
-        showInFolder_(model_.jobAt(index)->made.front());
+        callbacks_.showInFolder(model_.jobAt(index)->made.front());
 }
 
 void TransferPanel::showMenu(const QPoint& position) {
@@ -145,19 +155,36 @@ void TransferPanel::showMenu(const QPoint& position) {
     pause->setEnabled(!job->isFinished());
     QAction* cancel = menu.addAction(icon("process-stop"), tr("Cancel"));
     cancel->setEnabled(!job->isFinished());
+    const bool canMove = job->status == CopyJob::Status::queued || isPaused;
+    QAction* sooner = menu.addAction(icon("go-up"), tr("Move Up"));
+    sooner->setShortcut(Qt::ALT | Qt::Key_Up);
+    sooner->setEnabled(canMove && index.row() > 0);
+    QAction* later = menu.addAction(icon("go-down"), tr("Move Down"));
+    later->setShortcut(Qt::ALT | Qt::Key_Down);
+    later->setEnabled(canMove && index.row() + 1 < model_.rowCount());
     const QUuid id = job->id;
     // The list may change while the menu is open.
     const QAction* chosen = menu.exec(list_->viewport()->mapToGlobal(position));
     if (chosen == show)
         showCopy(index);
     else if (chosen == goOn)
-        queue_.goOn(id);
+        callbacks_.goOn(id);
+    else if (chosen == sooner || chosen == later)
+        move(index, chosen == sooner ? -1 : 1);
     else if (chosen == pause && isPaused)
         queue_.resume(id);
     else if (chosen == pause)
         queue_.pause(id);
     else if (chosen == cancel)
         cancelSelected();
+}
+
+/// A job that waits changes places with its neighbour.
+void TransferPanel::move(const QModelIndex& index, int rows) {
+    const CopyJob* job = model_.jobAt(index);
+    const int to = index.row() + rows;
+    if (job != nullptr && to >= 0 && to < model_.rowCount())
+        queue_.moveTo(job->id, to + std::max(rows, 0));
 }
 
 void TransferPanel::cancelSelected() {

@@ -18,26 +18,34 @@ class TransferPanel : public QWidget {
     Q_OBJECT
 
 public:
-    /// Shows a local file in the desktop's file manager.
-    using ShowInFolder = std::function<void(const QString& path)>;
+    /// What the user asks for, beside what the queue does.
+    struct Callbacks {
+        /// Shows a local file in the desktop's file manager.
+        std::function<void(const QString& path)> showInFolder;
+        /// Brings what is missing of a copy.
+        std::function<void(const QUuid& id)> goOn;
+        std::function<void()> showHistory;
+    };
 
     /// `queue` must outlive the panel.
-    TransferPanel(CopyQueue& queue, ShowInFolder showInFolder, QWidget* parent = nullptr);
+    TransferPanel(CopyQueue& queue, Callbacks callbacks, QWidget* parent = nullptr);
 
 private:
     void showSummary();
     void followRunningJob(const QModelIndex& changed);
     void cancelSelected();
+    void move(const QModelIndex& index, int rows);
     [[nodiscard]] bool hasCopy(const QModelIndex& index) const;
     void showCopy(const QModelIndex& index);
     void showMenu(const QPoint& position);
 
     CopyQueue& queue_;
-    const ShowInFolder showInFolder_;
+    const Callbacks callbacks_;
     TransferListModel model_;
     QLabel* title_;
     QPushButton* cancelAll_;
     QPushButton* clear_;
+    QPushButton* history_;
     QListView* list_;
     QUuid followed_;
 };

@@ -15,6 +15,8 @@ GeneralNotices::GeneralNotices(TessaryApp& app, SyncViewModel& sync, std::functi
         isConflictClosed_ = false;
         Q_EMIT changed();
     });
+    connect(&app.rememberedCopies(), &RememberedCopies::offeredChanged, this,
+            &GeneralNotices::changed);
     app.defaults().whenTroubleChanges([self = QPointer(this)] {
         MainThread::post([self] {
             if (self)
@@ -31,6 +33,8 @@ std::optional<BannerMessage> GeneralNotices::current(bool isPhoneReadable) {
     if (const auto trouble = app_.defaults().trouble(); trouble && trouble != closedTrouble_)
         return ofSettings(*trouble);
     if (auto notice = ofSync())
+        return notice;
+    if (auto notice = ofCopies())
         return notice;
     if (app_.deviceManager().hasUSBConflict() && !isPhoneReadable && !isConflictClosed_)
         return ofConflict();
@@ -69,6 +73,22 @@ std::optional<BannerMessage> GeneralNotices::ofSync() {
     message.advice = reportText(*report);
     message.actions.push_back({tr("Show Report"), [this, id = *id] { sync_.requestReports(id); }});
     message.closed = [this] { sync_.dismissTrouble(); };
+    return message;
+}
+
+std::optional<BannerMessage> GeneralNotices::ofCopies() {
+    RememberedCopies& copies = app_.rememberedCopies();
+    const std::vector<CopyRecord> offered = copies.offered();
+    if (offered.empty())
+        return std::nullopt;
+    BannerMessage message;
+    message.kind = BannerMessage::Kind::information;
+    message.text = offered.size() == 1
+                       ? tr("Copying “%1” broke off.").arg(printable(offered.front().job.name))
+                       : tr("%Ln copies broke off.", nullptr, static_cast<int>(offered.size()));
+    message.advice = tr("The phone is back. What has arrived is not copied again.");
+    message.actions.push_back({tr("Continue Copying"), [&copies] { copies.goOnWithOffered(); }});
+    message.closed = [&copies] { copies.declineOffered(); };
     return message;
 }
 

@@ -12,8 +12,9 @@
 namespace tessary {
 
 /// What the window says when it has nothing to say about the phone: settings that could not be read
-/// or stored, a sync that did not do all it should, and programs that may keep phones from it. What
-/// the user has closed stays closed until there is other news. On the main thread.
+/// or stored, a sync that did not do all it should, copies that broke off and can go on, and
+/// programs that may keep phones from it. What the user has closed stays closed until there is
+/// other news. On the main thread.
 class GeneralNotices : public QObject {
     Q_OBJECT
 
@@ -31,6 +32,7 @@ Q_SIGNALS:
 private:
     [[nodiscard]] BannerMessage ofSettings(const SettingsTrouble& trouble);
     [[nodiscard]] std::optional<BannerMessage> ofSync();
+    [[nodiscard]] std::optional<BannerMessage> ofCopies();
     [[nodiscard]] BannerMessage ofConflict();
 
     TessaryApp& app_;

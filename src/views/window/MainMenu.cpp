@@ -43,6 +43,10 @@ void makeMainMenus(QMenuBar& bar, const BrowserActions& actions,
     QObject::connect(settings, &QAction::triggered, &bar, callbacks.showSettings);
     auto* wireless = new QAction(icon("network-wireless"), QString(), &bar);
     QObject::connect(wireless, &QAction::triggered, &bar, callbacks.showWireless);
+    auto* history = new QAction(icon("view-history"), QString(), &bar);
+    history->setObjectName(QStringLiteral("copyHistoryAction"));
+    history->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_H));
+    QObject::connect(history, &QAction::triggered, &bar, callbacks.showCopyHistory);
     auto* fullScreen = new QAction(icon("view-fullscreen"), QString(), &bar);
     fullScreen->setShortcut(QKeySequence(Qt::Key_F11));
     QObject::connect(fullScreen, &QAction::triggered, &bar, callbacks.toggleFullScreen);
@@ -50,9 +54,10 @@ void makeMainMenus(QMenuBar& bar, const BrowserActions& actions,
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     quit->setMenuRole(QAction::QuitRole);
     QObject::connect(quit, &QAction::triggered, &bar, callbacks.quit);
-    keepTranslated(settings, [settings, wireless, fullScreen, quit] {
+    keepTranslated(settings, [settings, wireless, history, fullScreen, quit] {
         settings->setText(MainMenu::tr("Settings"));
         wireless->setText(MainMenu::tr("Wireless Devices…"));
+        history->setText(MainMenu::tr("Copy History…"));
         fullScreen->setText(MainMenu::tr("Full Screen"));
         quit->setText(MainMenu::tr("Quit Tessary"));
     });
@@ -68,8 +73,9 @@ void makeMainMenus(QMenuBar& bar, const BrowserActions& actions,
     addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "View"),
             {a.asList, a.asGrid, nullptr, a.zoomIn, a.zoomOut, a.zoomReset, nullptr, a.showHidden,
              fullScreen, nullptr, a.reload});
-    addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "Go"),
-            {a.back, a.forward, a.up, a.goTo, a.apps, nullptr, a.favorite, nullptr, wireless});
+    addMenu(
+        bar, QT_TRANSLATE_NOOP("MainMenu", "Go"),
+        {a.back, a.forward, a.up, a.goTo, a.apps, nullptr, a.favorite, nullptr, wireless, history});
     new MenuMnemonics(bar);
 }
 

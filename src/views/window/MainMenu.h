@@ -13,6 +13,7 @@ namespace tessary {
 struct MainMenuCallbacks {
     std::function<void()> showSettings;
     std::function<void()> showWireless;
+    std::function<void()> showCopyHistory;
     QAction* importPhotos = nullptr;
     std::function<void()> toggleFullScreen;
     std::function<void()> quit;

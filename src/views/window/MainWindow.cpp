@@ -11,6 +11,7 @@
 #include "views/settings/SettingsWindow.h"
 #include "views/sync/SyncDialogs.h"
 #include "views/sync/SyncPanel.h"
+#include "views/transfers/CopyHistoryDialog.h"
 #include "views/transfers/TransferPanel.h"
 #include "views/window/ApplicationWindows.h"
 #include "views/window/MainMenu.h"
@@ -82,7 +83,10 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
       syncPanel_(new SyncPanel(
           sync_, [this] { syncDialogs_->makePair(); }, this)),
       syncDialogs_(new SyncDialogs(sync_, *this, chooseLocalFolder)),
-      transferPanel_(new TransferPanel(app.copyQueue(), app.setup().showInFolder)) {
+      transferPanel_(new TransferPanel(
+          app.copyQueue(),
+          {app.setup().showInFolder, [&app](const QUuid& id) { app.rememberedCopies().goOn(id); },
+           [this] { showCopyHistory(); }})) {
     setWindowIcon(programIcon());
     resize(1180, 740);
     setMinimumSize(760, 460);
@@ -110,7 +114,8 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
     split->setHandleWidth(1);
     setCentralWidget(split);
     makeMainMenus(*menuBar(), browserView_->actions(),
-                  {[this] { showSettings(); }, [this] { showWireless(); }, importAction_,
+                  {[this] { showSettings(); }, [this] { showWireless(); },
+                   [this] { showCopyHistory(); }, importAction_,
                    [this] { setWindowState(windowState() ^ Qt::WindowFullScreen); },
                    [] { QApplication::closeAllWindows(); }});
     importAction_->setObjectName(QStringLiteral("importAction"));
@@ -205,6 +210,7 @@ MainWindow::~MainWindow() {
     hide();
     delete settings_;
     delete wireless_;
+    delete history_;
     delete takeCentralWidget();
 }
 
@@ -230,6 +236,14 @@ void MainWindow::showWireless() {
     wireless_->show();
     wireless_->raise();
     wireless_->activateWindow();
+}
+
+void MainWindow::showCopyHistory() {
+    if (history_ == nullptr)
+        history_ = new CopyHistoryDialog(app_.rememberedCopies(), app_.setup().showInFolder, this);
+    history_->show();
+    history_->raise();
+    history_->activateWindow();
 }
 
 Sidebar::Callbacks MainWindow::sidebarCallbacks() {

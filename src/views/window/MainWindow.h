@@ -16,6 +16,7 @@ class QAction;
 
 namespace tessary {
 
+class CopyHistoryDialog;
 class ImportView;
 class SettingsWindow;
 class SyncDialogs;
@@ -62,6 +63,8 @@ public:
     void showSettings();
     /// Opens the list of phones on the network, or brings it to the front.
     void showWireless();
+    /// Opens what was copied in the last month, or brings it to the front.
+    void showCopyHistory();
     [[nodiscard]] BrowserView& browserView() {
         return *browserView_;
     }
@@ -108,6 +111,7 @@ private:
     std::unique_ptr<TransferNotice> transferNotice_; ///< null without a desktop to speak over
     SettingsWindow* settings_ = nullptr;             ///< made when it is first opened
     WirelessDialog* wireless_ = nullptr;             ///< the same
+    CopyHistoryDialog* history_ = nullptr;           ///< the same
 };
 
 } // namespace tessary

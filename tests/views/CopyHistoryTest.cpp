@@ -1,0 +1,164 @@
+#include "WindowFixture.h"
+#include "support/CopyNow.h"
+#include "views/common/StatusBanner.h"
+
+#include <QAction>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QToolButton>
+#include <QTreeWidget>
+
+namespace tessary {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// Copies that broke off, and those of earlier.
+class CopyHistoryTest : public WindowFixture {
+protected:
+    CopyHistoryTest() : WindowFixture({{u"film.mp4"_s, film()}}) {}
+
+    static QByteArray film() {
+        QByteArray bytes(24'000'000, 'f');
+        for (qsizetype at = 0; at < bytes.size(); at += 997)
+            bytes[at] = static_cast<char>(at / 997);
+        return bytes;
+    }
+    void download(const QString& name) {
+        downloadNow(window_->browser(), {idOf(name)}, local_.path());
+    }
+    [[nodiscard]] QString idOf(const QString& name) const {
+        for (const FileItem& item : window_->browser().items())
+            if (item.name == name)
+                return item.id();
+        return {};
+    }
+    /// The cable goes in the middle of the film.
+    void loseFilm() {
+        setSpeed(20);
+        download(u"film.mp4"_s);
+        ASSERT_TRUE(
+            wait([this] { return !jobs().empty() && jobs().front().doneBytes() > 8'000'000; }));
+        phone_.android.unplug();
+        setSpeed(0);
+        ASSERT_TRUE(wait([this] { return !jobs().empty() && jobs().front().isFinished(); }));
+        ASSERT_EQ(jobs().front().status, CopyJob::Status::failed);
+        ASSERT_FALSE(local_.has(u"film.mp4"_s));
+    }
+    void setSpeed(double megabytesPerSecond) {
+        phone_.fault(
+            [&](VirtualFaults& faults) { faults.megabytesPerSecond = megabytesPerSecond; });
+    }
+    void plugIn() {
+        ASSERT_NE(phone_.android.plugInto(bus_), 0U);
+    }
+    [[nodiscard]] const std::vector<CopyJob>& jobs() const {
+        return window_->copyQueue().jobs();
+    }
+    [[nodiscard]] QAbstractButton* offer() const {
+        auto* banner = window_->findChild<StatusBanner*>(u"statusBanner"_s);
+        for (auto* button : banner->findChildren<QAbstractButton*>())
+            if (banner->isVisible() && button->text() == u"Continue Copying"_s)
+                return button;
+        return nullptr;
+    }
+    [[nodiscard]] bool isFilmHere() const {
+        return window_->copyQueue().summary().isIdle() && local_.read(u"film.mp4"_s) == film();
+    }
+    /// The film goes on in its middle, as the phone sees it.
+    void expectToGoOn(const std::function<void()>& work) {
+        phone_.android.clearRequestLog();
+        work();
+        EXPECT_TRUE(wait([this] { return isFilmHere(); }));
+        EXPECT_EQ(phone_.requests(MTPOperationCode::getObject), 0U);
+    }
+    [[nodiscard]] QDialog* history() const {
+        window_->findChild<QAction*>(u"copyHistoryAction"_s)->trigger();
+        return window_->findChild<QDialog*>(u"copyHistory"_s);
+    }
+};
+
+TEST_F(CopyHistoryTest, whatLostItsPhoneIsOfferedOnceWhenThatIsBack) {
+    loseFilm();
+    EXPECT_EQ(offer(), nullptr) << "the phone is away";
+    plugIn();
+    ASSERT_TRUE(wait([this] { return offer() != nullptr; }));
+    expectToGoOn([this] { QTest::mouseClick(offer(), Qt::LeftButton); });
+    EXPECT_EQ(jobs().size(), 1U) << "it is the same copy";
+    EXPECT_EQ(offer(), nullptr);
+}
+
+TEST_F(CopyHistoryTest, anotherStartOfTheProgramOffersItAndWhoDeclinesIsNotAskedAgain) {
+    loseFilm();
+    close();
+    plugIn();
+    open(bus_);
+    ASSERT_TRUE(wait([this] { return offer() != nullptr; }));
+    for (auto* button :
+         window_->findChild<StatusBanner*>(u"statusBanner"_s)->findChildren<QToolButton*>())
+        button->click();
+    EXPECT_EQ(offer(), nullptr);
+    QTest::qWait(300); // it is written
+    close();
+    open(bus_);
+    ASSERT_TRUE(wait([this] { return isShown(u"film.mp4"_s); }));
+    EXPECT_EQ(offer(), nullptr);
+
+    // The history still knows it, and goes on in its middle.
+    QDialog* dialog = history();
+    auto& list = *dialog->findChild<QListWidget*>(u"historyList"_s);
+    auto& retry = *dialog->findChild<QPushButton*>(u"historyRetry"_s);
+    ASSERT_TRUE(wait([&] { return list.count() == 1 && retry.isEnabled(); }));
+    expectToGoOn([&] { retry.click(); });
+    EXPECT_TRUE(wait([&] { return list.count() == 1 && !retry.isEnabled(); }));
+}
+
+TEST_F(CopyHistoryTest, aProgramThatWasKilledLeavesACopyToGoOnWith) {
+    setSpeed(4);
+    download(u"film.mp4"_s);
+    const QString records = u"copies.json"_s;
+    ASSERT_TRUE(wait([&] { return jobs().size() == 1 && records_.has(records); }));
+    const QByteArray asItWas = records_.read(records);
+    window_->copyQueue().cancelAll();
+    close();
+    records_.write(records, asItWas);
+    setSpeed(0);
+    open(bus_);
+    ASSERT_TRUE(wait([this] { return offer() != nullptr; }));
+    QTest::mouseClick(offer(), Qt::LeftButton);
+    EXPECT_TRUE(wait([this] { return isFilmHere(); }));
+    EXPECT_EQ(local_.names(), QStringList(u"film.mp4"_s));
+}
+
+TEST_F(CopyHistoryTest, whatWasLeftOutIsNamedFoundAndBroughtAlone) {
+    local_.makeFolder(u"DCIM"_s);
+    phone_.refuse(MTPOperationCode::getObject, MTPResponseCode::accessDenied, false);
+    download(u"DCIM"_s);
+    ASSERT_TRUE(wait([this] { return !jobs().empty() && jobs().front().isFinished(); }));
+    ASSERT_EQ(jobs().front().status, CopyJob::Status::incomplete);
+    download(u"readme.md"_s);
+    ASSERT_TRUE(wait([this] { return local_.has(u"readme.md"_s); }));
+
+    QDialog* dialog = history();
+    auto& list = *dialog->findChild<QListWidget*>(u"historyList"_s);
+    auto& leftOut = *dialog->findChild<QTreeWidget*>(u"historyLeftOut"_s);
+    ASSERT_TRUE(wait([&] { return list.count() == 2; }));
+    auto& search = *dialog->findChild<QLineEdit*>(u"historySearch"_s);
+    const QString missing = jobs().front().leftOut.front().item.item.name;
+    QTest::keyClicks(&search, u"dcim "_s + missing);
+    ASSERT_TRUE(wait([&] { return list.count() == 1 && leftOut.topLevelItemCount() == 1; }));
+    EXPECT_TRUE(leftOut.topLevelItem(0)->text(0).endsWith(missing));
+    EXPECT_FALSE(leftOut.topLevelItem(0)->text(1).isEmpty());
+    phone_.android.clearRequestLog();
+    auto& retry = *dialog->findChild<QPushButton*>(u"historyRetry"_s);
+    ASSERT_TRUE(wait([&] { return retry.isEnabled(); }));
+    retry.click();
+    EXPECT_TRUE(wait([&] { return leftOut.topLevelItemCount() == 0 && !retry.isEnabled(); }));
+    EXPECT_EQ(phone_.requests(MTPOperationCode::getObject), 1U);
+    EXPECT_EQ(local_.read(u"DCIM (2)/alpha.txt"_s), "a");
+    EXPECT_EQ(local_.read(u"DCIM (2)/beta.txt"_s), "bb");
+}
+
+} // namespace
+} // namespace tessary
