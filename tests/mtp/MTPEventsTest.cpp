@@ -62,6 +62,28 @@ TEST_F(MTPEventsTest, whatOthersAddRemoveOrChangeIsSeenAtOnce) {
     EXPECT_EQ(codeOf([&] { (void)list("/"); }), "noStorage");
 }
 
+TEST_F(MTPEventsTest, foldersThatOthersRemoveMayBeKnown) {
+    // Where an entry lies in a table is another one in each process: many rounds meet the worst.
+    constexpr int rounds = 60;
+    constexpr int folders = 12;
+    for (int n = 0; n < rounds * folders; ++n)
+        phone().disk.makeFolder(u"0/P%1/%2"_s.arg(n / folders).arg(n % folders));
+    for (int round = 0; round < rounds; ++round) {
+        const std::string parent = "/P" + std::to_string(round);
+        const auto rows = list(parent.c_str());
+        ASSERT_EQ(rows.size(), std::size_t{folders});
+        for (const FileItem& row : rows)
+            (void)list(row.path.toUtf8().constData());
+        (void)list(parent.c_str()); // known since later than what lies in it
+        for (const FileItem& row : rows)
+            phone().android.sendEvent(MTPEventCode::objectRemoved, *row.handle);
+        for (const FileItem& row : rows)
+            ASSERT_TRUE(QDir().rmdir(phone().disk.path(u"0"_s + row.path)));
+        std::this_thread::sleep_for(20ms);
+        EXPECT_EQ(files_.find(rows[0].path, {}), std::nullopt);
+    }
+}
+
 TEST_F(MTPEventsTest, echoesOfOwnEditsCostNothing) {
     (void)list("/D");
     for (int n = 0; n < 5; ++n) {

@@ -52,10 +52,12 @@ bool MTPKnownFolders::heed(const MTPEvent& event) {
             folder.checkedAt = {}; // the handles tell where it is
         return true;
     case MTPEventCode::objectRemoved:
-        folders_.remove({isKnown ? knowing.key().first : 0, event.parameter});
-        if (isKnown)
-            knowing->contents.remove(event.parameter);
-        return isKnown;
+        if (!isKnown)
+            return false;
+        knowing->contents.remove(event.parameter);
+        // Last: no iterator is good any more after it.
+        folders_.remove(Key(knowing.key().first, event.parameter));
+        return true;
     case MTPEventCode::objectInfoChanged:
         if (isKnown)
             knowing->contents.remove(event.parameter); // it is asked again
