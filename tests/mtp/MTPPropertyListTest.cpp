@@ -25,7 +25,7 @@ Read readList(const Bytes& bytes, std::size_t piece) {
                                  (info.isDirectory() ? " folder" : " file"));
     });
     for (std::size_t at = 0; at < bytes.size(); at += piece)
-        list.add(ByteView(bytes).subspan(at, std::min(piece, bytes.size() - at)));
+        EXPECT_TRUE(list.add(ByteView(bytes).subspan(at, std::min(piece, bytes.size() - at))));
     result.isWhole = list.finish();
     return result;
 }
@@ -57,6 +57,7 @@ TEST(MTPPropertyListDataset, hostileListsAreBroken) {
         {"more than told", hexBytes("02000000") + photo},
         {"no such type", hexBytes("01000000 2A000000 07DC 0B00 00")},
         {"type 0", hexBytes("01000000 2A000000 07DC 0000 00")},
+        {"more properties than any folder has", hexBytes("FFFFFFFF") + photo},
         {"endless array", hexBytes("01000000 2A000000 07DC 0840 FFFFFFFF 00")},
         {"string is cut", hexBytes("01000000 2A000000 07DC FFFF FF 6100")},
     };
@@ -67,9 +68,23 @@ TEST(MTPPropertyListDataset, hostileListsAreBroken) {
         const Bytes cut(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size));
         EXPECT_FALSE(readList(cut, 16).isWhole) << size;
     }
+    // Whatever follows one of them is not taken without end.
+    const Bytes more(4096);
+    for (const auto& [name, bytes] : rows) {
+        MTPPropertyList list([](auto&&) {});
+        int pieces = 0;
+        for (bool isTaken = list.add(bytes); isTaken && pieces < 1000; ++pieces)
+            isTaken = list.add(more);
+        EXPECT_LT(pieces, 20) << name;
+    }
     // A file whose name, kind or size is not told is none.
     EXPECT_THAT(readList(hexBytes("01000000 2A000000 07DC FFFF 04 'a.b' 0000"), 9).objects,
                 IsEmpty());
+}
+
+void writeLength(Bytes& container) {
+    for (std::size_t n = 0; n < 4; ++n)
+        container[n] = static_cast<std::byte>(container.size() >> (8 * n));
 }
 
 class MTPFolderPropertiesTest : public MTPFilesFixture {
@@ -130,8 +145,14 @@ TEST_F(MTPFolderPropertiesTest, phonesThatDoNotAnswerOrLieAreAskedOneByOne) {
          [](PluggedPhone& phone) {
              phone.rewriteData(getObjectPropList, [](Bytes& list) {
                  list.resize(list.size() / 2);
-                 list[0] = static_cast<std::byte>(list.size() & 0xFF);
-                 list[1] = static_cast<std::byte>(list.size() >> 8);
+                 writeLength(list);
+             });
+         }},
+        {"megabytes behind the last",
+         [](PluggedPhone& phone) {
+             phone.rewriteData(getObjectPropList, [](Bytes& list) {
+                 list.resize(list.size() + (8 << 20));
+                 writeLength(list);
              });
          }},
         {"nonsense",

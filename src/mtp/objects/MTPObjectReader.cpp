@@ -87,7 +87,13 @@ bool MTPObjectReader::readProperties(std::uint32_t storageID, MTPKnownFolder& fo
     bool isWhole = false;
     try {
         client_.getObjectPropList(
-            isMTPRoot(self) ? 0 : self, [&](ByteView bytes) { list.add(bytes); }, options);
+            isMTPRoot(self) ? 0 : self,
+            [&](ByteView bytes) {
+                if (!list.add(bytes))
+                    throw MTPTransportError::underlying(
+                        QStringLiteral("a list of properties without an end"));
+            },
+            options);
         isWhole = list.finish();
     } catch (const MTPTransportError& failure) {
         if (endsSession(failure))

@@ -4,6 +4,7 @@
 #include "mtp/protocol/MTPPacketCodec.h"
 
 #include <limits>
+#include <utility>
 
 namespace tessary {
 
@@ -14,6 +15,10 @@ constexpr std::uint16_t stringType = 0xFFFF;
 constexpr std::uint16_t arrayMark = 0x4000;
 /// No array of a property that describes a file is that long.
 constexpr std::size_t longestArray = std::size_t{64} << 10;
+/// More than any folder's list has. The roots of all storages come in one.
+constexpr std::uint32_t mostProperties = 20'000'000;
+/// A phone that sends more beyond the end than this is not waited for.
+constexpr std::size_t mostBeyond = std::size_t{64} << 10;
 constexpr std::size_t unknownSize = std::numeric_limits<std::size_t>::max();
 
 /// Bytes of one number; 0 for a type that does not exist.
@@ -49,12 +54,15 @@ std::uint64_t numberOf(ByteView value) {
 } // namespace
 
 bool MTPPropertyList::add(ByteView bytes) {
-    if (isBroken_)
-        return false;
+    if (isBroken_ || left_ == 0U) {
+        beyond_ += bytes.size();
+        return beyond_ <= mostBeyond;
+    }
     pending_.insert(pending_.end(), bytes.begin(), bytes.end());
     std::size_t at = 0;
     if (!left_ && pending_.size() >= 4) {
         left_ = readLittleEndian<std::uint32_t>(pending_, 0);
+        isBroken_ = *left_ > mostProperties;
         at = 4;
     }
     while (left_.value_or(0) > 0 && !isBroken_) {
@@ -65,7 +73,9 @@ bool MTPPropertyList::add(ByteView bytes) {
         --*left_;
     }
     pending_.erase(pending_.begin(), pending_.begin() + static_cast<std::ptrdiff_t>(at));
-    return !isBroken_;
+    if (isBroken_ || left_ == 0U)
+        beyond_ = std::exchange(pending_, {}).size();
+    return beyond_ <= mostBeyond;
 }
 
 /// Takes one property and tells how long it is; 0 while it is not whole.
@@ -138,7 +148,7 @@ void MTPPropertyList::handOver() {
 
 bool MTPPropertyList::finish() {
     handOver();
-    return !isBroken_ && left_ == 0U && pending_.empty();
+    return !isBroken_ && left_ == 0U && beyond_ == 0;
 }
 
 } // namespace tessary

@@ -21,8 +21,9 @@ public:
 
     explicit MTPPropertyList(Receiver receiver) : receiver_(std::move(receiver)) {}
 
-    /// The next bytes. False once they make no sense: the rest is dropped.
-    bool add(ByteView bytes);
+    /// The next bytes. What comes behind the last property, or behind nonsense, is dropped; false
+    /// once there is so much of it that the phone may go on for ever.
+    [[nodiscard]] bool add(ByteView bytes);
     /// All bytes were added. False when they end too early or late, or made no sense.
     [[nodiscard]] bool finish();
 
@@ -34,6 +35,7 @@ private:
     const Receiver receiver_;
     Bytes pending_; ///< the beginning of what is not whole yet
     std::optional<std::uint32_t> left_;
+    std::size_t beyond_ = 0; ///< bytes that were dropped
     bool isBroken_ = false;
 
     std::optional<MTPObjectInfo> current_;
