@@ -9,10 +9,11 @@ using namespace tessary;
 
 namespace {
 
-/// What a line of words without blanks asks for; nothing when it is wrong.
+/// What a line of words without blanks asks for; nothing when it is wrong. '' is an empty word.
 std::optional<CliRequest> request(const char* line) {
-    auto parsed =
-        parseCommandLine(QString::fromLatin1(line).split(QLatin1Char(' '), Qt::SkipEmptyParts));
+    QStringList words = QString::fromLatin1(line).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    words.replaceInStrings(u"''"_s, QString());
+    auto parsed = parseCommandLine(words);
     if (auto* good = std::get_if<CliRequest>(&parsed))
         return *good;
     return std::nullopt;
@@ -51,7 +52,34 @@ TEST(CommandLine, wrongUsageSaysSo) {
     for (const char* line :
          {"", "dance", "ls", "get P /a", "mv P /a", "devices --fast", "--usb pixel devices",
           "--usb 12345:1 devices", "sync P /tmp/x /Music", "sync P /tmp/x /Music --mode sideways",
-          "sync P /tmp/x /Music --mode both --yes --keep"})
+          "sync P /tmp/x /Music --mode both --yes --keep",
+          "sync P /tmp/x /Music --mode both --move"})
+        EXPECT_FALSE(request(line)) << line;
+}
+
+TEST(CommandLine, emptyWordOfAScriptIsWrongUsage) {
+    for (const char* line : {"get P '' x",
+                             "get P /DCIM ''",
+                             "put P x ''",
+                             "put P '' /DCIM",
+                             "mv P /a ''",
+                             "mv P '' /b",
+                             "rm P ''",
+                             "rm P /a ''",
+                             "rm '' /a",
+                             "mkdir P ''",
+                             "ls '' /",
+                             "ls P ''",
+                             "find P ''",
+                             "find P a ''",
+                             "mount P ''",
+                             "import P ''",
+                             "import P '' --dry-run",
+                             "sync P '' /Music --mode both --dry-run",
+                             "sync P x '' --mode both",
+                             "ls --app '' P",
+                             "sync P x /Music --mode both --exclude ''",
+                             "--demo-folder '' rm P /a"})
         EXPECT_FALSE(request(line)) << line;
 }
 

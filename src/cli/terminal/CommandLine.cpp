@@ -74,6 +74,19 @@ std::optional<USBIds> parseIds(const std::string& ids) {
     return parsed;
 }
 
+/// An empty word is what a script's unset variable leaves: it means nothing, and never "all" or
+/// "/".
+std::string refuseEmpty(const std::string& value) {
+    return value.empty() ? "it must not be empty" : "";
+}
+
+void refuseEmptyWords(CLI::App& app) {
+    for (CLI::Option* option : app.get_options())
+        option->check(refuseEmpty);
+    for (CLI::App* sub : app.get_subcommands(nullptr))
+        refuseEmptyWords(*sub);
+}
+
 struct Subcommand {
     CLI::App* app = nullptr;
     CliRequest::Command command = CliRequest::Command::devices;
@@ -273,6 +286,7 @@ std::variant<CliRequest, CliUsage> parseCommandLine(const QStringList& arguments
     app.add_option("--demo-folder", raw.demoFolder,
                    "The same, with the phones' files kept in this folder from run to run");
     const std::vector<Subcommand> commands = addSubcommands(app, raw);
+    refuseEmptyWords(app);
 
     std::vector<std::string> reversed;
     for (auto it = arguments.crbegin(); it != arguments.crend(); ++it)
@@ -294,6 +308,9 @@ std::variant<CliRequest, CliUsage> parseCommandLine(const QStringList& arguments
         if (!sub.app->parsed())
             continue;
         CliRequest request = requestOf(raw, sub.command);
+        if (request.moves && request.mode == SyncMode::biDirectional)
+            return CliUsage{wrongUsage,
+                            QStringLiteral("--move goes one way: not with --mode both.\n")};
         if (!raw.protocol.empty())
             request.protocol = raw.protocol == "adb" ? ProtocolMode::adbTurbo : ProtocolMode::mtp;
         for (const std::string& ids : raw.usb) {
