@@ -69,9 +69,16 @@ TEST_F(FavoritesManagerTest, storedSettingsOfAnyShapeStartWithAnEmptyList) {
         {"an id that is none", with("id", u"12"_s)},
         {"a date beyond all dates", with("createdAt", 1e300)},
     };
+    QString aside = key + u".damaged"_s;
+    int number = 1;
     for (const auto& [name, value] : rows) {
         store_->setValue(key, value);
-        EXPECT_TRUE(stored().empty()) << name;
+        FavoritesManager manager(store_);
+        EXPECT_TRUE(manager.favorites().empty()) << name;
+        manager.addFavorite(phone, QString(), u"/new"_s);
+        EXPECT_EQ(paths(stored()), u"/new"_s) << name;
+        EXPECT_EQ(store_->value(aside), value) << name << ": nothing of it is lost";
+        aside = key + u".damaged-%1"_s.arg(++number);
     }
     store_->setValue(key, with("appName", QJsonValue::Null));
     EXPECT_EQ(stored().size(), 2u);

@@ -1,9 +1,12 @@
 #include "platform/settings/JsonUserDefaults.h"
+#include "platform/settings/StoredList.h"
 #include "support/OrdinaryUser.h"
 #include "support/QtPrinters.h"
 #include "support/TemporaryFolder.h"
 
 #include <QElapsedTimer>
+#include <QJsonArray>
+#include <QJsonObject>
 #include <QLockFile>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -19,6 +22,24 @@ namespace {
 
 constexpr std::chrono::seconds patience(20);
 const QString key = QStringLiteral("Tessary_AppLanguage");
+
+/// "a1 b1": entry a with content 1, then b.
+QJsonArray listOf(const char* words) {
+    QJsonArray list;
+    for (const QString& word :
+         QString::fromLatin1(words).split(QLatin1Char(' '), Qt::SkipEmptyParts))
+        list.append(QJsonObject{{QStringLiteral("id"), word.left(1)},
+                                {QStringLiteral("content"), word.mid(1)}});
+    return list;
+}
+
+QString wordsOf(const QJsonValue& list) {
+    QStringList words;
+    for (const QJsonValue& entry : list.toArray())
+        words.append(entry[QStringLiteral("id")].toString() +
+                     entry[QStringLiteral("content")].toString());
+    return words.join(QLatin1Char(' '));
+}
 
 class JsonUserDefaultsTest : public testing::Test {
 protected:
@@ -65,6 +86,43 @@ TEST_F(JsonUserDefaultsTest, changesOfTwoProgramsDoNotUndoEachOther) {
     for (const char* prefix : {"cli", "window"})
         for (int i = 0; i < 20; ++i)
             EXPECT_EQ(after.value(QString::fromLatin1(prefix) + QString::number(i)), i);
+}
+
+TEST_F(JsonUserDefaultsTest, listThatTwoProgramsChangeKeepsWhatBothDid) {
+    const QString listKey = QStringLiteral("list");
+    const struct {
+        const char* name;
+        const char* before;
+        const char* window;
+        const char* demo; ///< stored later
+        const char* after;
+    } rows[] = {
+        {"first ones", "", "a1", "b1", "a1 b1"},
+        {"both add", "a1", "a1 b1", "a1 c1", "a1 b1 c1"},
+        {"both change", "a1 b1", "a2 b1", "a1 b2", "a2 b2"},
+        {"the same one", "a1 b1", "a2 b1", "a3 b1", "a3 b1"},
+        {"one removes", "a1 b1", "b1", "a1 b1 c1", "b1 c1"},
+        {"removed and changed", "a1 b1", "b1", "a2 b1", "b1"},
+        {"both remove", "a1 b1 c1", "b1 c1", "a1 b1", "b1"},
+        {"moved", "a1 b1 c1", "a1 b1 c1 d1", "c1 a1 b1", "c1 a1 b1 d1"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        JsonUserDefaults window(file_);
+        window.setValue(listKey, *row.before == '\0' ? QJsonValue(QJsonValue::Undefined)
+                                                     : QJsonValue(listOf(row.before)));
+        ASSERT_TRUE(window.store(patience));
+        JsonUserDefaults demo(file_);
+        StoredList ofWindow(window, listKey);
+        StoredList ofDemo(demo, listKey);
+        ofWindow.setKnown(listOf(row.before));
+        ofDemo.setKnown(listOf(row.before));
+        ofWindow.store(listOf(row.window));
+        ASSERT_TRUE(window.store(patience));
+        ofDemo.store(listOf(row.demo));
+        ASSERT_TRUE(demo.store(patience));
+        EXPECT_EQ(wordsOf(JsonUserDefaults(file_).value(listKey)), QString::fromLatin1(row.after));
+    }
 }
 
 TEST_F(JsonUserDefaultsTest, changeThatMeetsALockHoldsAtOnceAndIsStoredLater) {

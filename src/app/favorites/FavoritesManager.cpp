@@ -13,28 +13,42 @@ QString withSlash(const QString& path) {
     return path.size() < 2 || path.endsWith(QLatin1Char('/')) ? path : path + QLatin1Char('/');
 }
 
+QJsonArray encodeFavorites(const std::vector<DeviceFavorite>& favorites) {
+    QJsonArray list;
+    for (const DeviceFavorite& favorite : favorites)
+        list.append(toJson(favorite));
+    return list;
+}
+
+/// No value when one of them makes no sense.
+std::optional<std::vector<DeviceFavorite>> decodeFavorites(const QJsonValue& json) {
+    if (!json.isArray())
+        return std::nullopt;
+    std::vector<DeviceFavorite> favorites;
+    for (const QJsonValue& each : json.toArray()) {
+        auto favorite = deviceFavoriteFromJson(each);
+        if (!favorite)
+            return std::nullopt;
+        favorites.push_back(*std::move(favorite));
+    }
+    return favorites;
+}
+
 } // namespace
 
-FavoritesManager::FavoritesManager(std::shared_ptr<UserDefaults> store) : store_(std::move(store)) {
+FavoritesManager::FavoritesManager(std::shared_ptr<UserDefaults> store)
+    : store_(std::move(store)), stored_(*store_, userDefaultsKey) {
     loadFavorites();
 }
 
 void FavoritesManager::loadFavorites() {
-    std::vector<DeviceFavorite> loaded;
-    for (const QJsonValue& json : store_->value(userDefaultsKey).toArray()) {
-        auto favorite = deviceFavoriteFromJson(json);
-        if (!favorite)
-            return;
-        loaded.push_back(*std::move(favorite));
-    }
-    favorites_ = std::move(loaded);
+    auto loaded = decodeFavorites(stored_.value());
+    stored_.setKnown(loaded ? std::optional(encodeFavorites(*loaded)) : std::nullopt);
+    favorites_ = std::move(loaded).value_or(std::vector<DeviceFavorite>());
 }
 
 void FavoritesManager::saveFavorites() {
-    QJsonArray list;
-    for (const DeviceFavorite& favorite : favorites_)
-        list.append(toJson(favorite));
-    store_->setValue(userDefaultsKey, list);
+    stored_.store(encodeFavorites(favorites_));
     Q_EMIT favoritesChanged();
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/favorites/DeviceFavorite.h"
-#include "platform/settings/UserDefaults.h"
+#include "platform/settings/StoredList.h"
 
 #include <QObject>
 
@@ -65,7 +65,8 @@ private:
     template <typename Condition>
     void removeWhere(Condition condition);
 
-    std::shared_ptr<UserDefaults> store_;
+    const std::shared_ptr<UserDefaults> store_;
+    StoredList stored_;
     std::vector<DeviceFavorite> favorites_;
 };
 

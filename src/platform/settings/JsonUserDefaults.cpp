@@ -18,6 +18,7 @@
 #include <mutex>
 #include <optional>
 #include <utility>
+#include <vector>
 
 namespace tessary {
 
@@ -26,6 +27,15 @@ namespace {
 constexpr qint64 largestFile = 16 * 1024 * 1024;
 constexpr int lockTimeout = 10'000; // ms; a change takes a few
 constexpr std::chrono::seconds patienceAtEnd(3);
+
+/// By key, in the order in which they were made.
+using Changes = QHash<QString, std::vector<UserDefaults::Change>>;
+
+void makeChanges(const Changes& changes, QJsonObject& values) {
+    for (auto it = changes.constBegin(); it != changes.constEnd(); ++it)
+        for (const UserDefaults::Change& change : it.value())
+            values.insert(it.key(), change(values.value(it.key())));
+}
 
 /// What the file holds: values (none when it is missing), nonsense, or nothing that can be told.
 struct Content {
@@ -101,8 +111,8 @@ struct JsonUserDefaults::Store {
     mutable std::mutex mutex;
     // All guarded by mutex:
     QJsonObject values;
-    QHash<QString, QJsonValue> unwritten; ///< changes that are not in the file
-    bool isWriting = false;               ///< somebody is about to take them
+    Changes unwritten;      ///< those that are not in the file
+    bool isWriting = false; ///< somebody is about to take them
     std::optional<SettingsTrouble> damaged;
     std::optional<SettingsTrouble> notStored;
     std::function<void()> told;
@@ -117,13 +127,13 @@ private:
     [[nodiscard]] SettingsTrouble troubleOf(const QString& reason) const {
         return {SettingsTrouble::Kind::notStored, file, reason, {}};
     }
-    QString store(const QHash<QString, QJsonValue>& changes);
+    QString store(const Changes& changes);
 };
 
 /// Makes the changes to what the file holds now. On the writer's thread.
 void JsonUserDefaults::Store::write() {
     const auto before = trouble();
-    QHash<QString, QJsonValue> changes;
+    Changes changes;
     {
         const std::scoped_lock lock(mutex);
         isWriting = false;
@@ -137,10 +147,11 @@ void JsonUserDefaults::Store::write() {
             notStored.reset();
         if (!reason.isEmpty()) {
             notStored = troubleOf(reason);
-            // For the next time, unless they were overtaken.
-            for (auto it = changes.constBegin(); it != changes.constEnd(); ++it)
-                if (!unwritten.contains(it.key()))
-                    unwritten.insert(it.key(), it.value());
+            // For the next time, before those that came meanwhile.
+            for (auto it = changes.begin(); it != changes.end(); ++it) {
+                std::vector<Change>& later = unwritten[it.key()];
+                later.insert(later.begin(), it.value().begin(), it.value().end());
+            }
         }
         tell = told;
     }
@@ -151,7 +162,7 @@ void JsonUserDefaults::Store::write() {
 }
 
 /// What went wrong; empty for success.
-QString JsonUserDefaults::Store::store(const QHash<QString, QJsonValue>& changes) {
+QString JsonUserDefaults::Store::store(const Changes& changes) {
     QDir().mkpath(QFileInfo(file).absolutePath());
     QLockFile fileLock(file + QStringLiteral(".lock"));
     if (!fileLock.tryLock(lockTimeout))
@@ -169,13 +180,11 @@ QString JsonUserDefaults::Store::store(const QHash<QString, QJsonValue>& changes
         damaged = SettingsTrouble{SettingsTrouble::Kind::damaged, file, {}, aside};
         current.values = values; // what this program knows is all there is
     }
-    for (auto it = changes.constBegin(); it != changes.constEnd(); ++it)
-        current.values.insert(it.key(), it.value());
+    makeChanges(changes, current.values);
     {
         const std::scoped_lock lock(mutex);
         values = current.values;
-        for (auto it = unwritten.constBegin(); it != unwritten.constEnd(); ++it)
-            values.insert(it.key(), it.value());
+        makeChanges(unwritten, values);
     }
     return tessary::write(file, current.values);
 }
@@ -193,10 +202,14 @@ QJsonValue JsonUserDefaults::value(const QString& key) const {
 }
 
 void JsonUserDefaults::setValue(const QString& key, const QJsonValue& value) {
+    change(key, [value](const QJsonValue&) { return value; });
+}
+
+void JsonUserDefaults::change(const QString& key, const Change& change) {
     {
         const std::scoped_lock lock(store_->mutex);
-        store_->values.insert(key, value);
-        store_->unwritten.insert(key, value);
+        store_->values.insert(key, change(store_->values.value(key)));
+        store_->unwritten[key].push_back(change);
         if (std::exchange(store_->isWriting, true))
             return;
     }

@@ -26,6 +26,7 @@ public:
 
     [[nodiscard]] QJsonValue value(const QString& key) const override;
     void setValue(const QString& key, const QJsonValue& value) override;
+    void change(const QString& key, const Change& change) override;
     [[nodiscard]] std::optional<SettingsTrouble> trouble() const override;
     void whenTroubleChanges(std::function<void()> told) override;
     [[nodiscard]] bool store(std::chrono::milliseconds limit) override;

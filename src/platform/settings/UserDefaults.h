@@ -37,6 +37,14 @@ public:
     /// trouble(), and the value holds until the program ends.
     virtual void setValue(const QString& key, const QJsonValue& value) = 0;
 
+    /// What makes a new value of the one that is stored; it may be called again, on another
+    /// thread, and with its own result.
+    using Change = std::function<QJsonValue(const QJsonValue&)>;
+    /// As setValue(), of what is stored at that moment: what another program did to it stays.
+    virtual void change(const QString& key, const Change& change) {
+        setValue(key, change(value(key)));
+    }
+
     /// Nothing while all is well. What was not stored is said before what was damaged.
     [[nodiscard]] virtual std::optional<SettingsTrouble> trouble() const {
         return std::nullopt;

@@ -1,5 +1,6 @@
 #include "adb/tool/ADBTool.h"
 #include "app/InterfaceTexts.h"
+#include "app/LanguageManager.h"
 #include "app/TessaryApp.h"
 #include "base/local/Unfinished.h"
 #include "base/log/Product.h"
@@ -12,6 +13,7 @@
 #include "platform/desktop/TaskbarProgress.h"
 #include "platform/process/QtProcessRunner.h"
 #include "platform/process/StopSignals.h"
+#include "platform/settings/MemoryUserDefaults.h"
 #include "platform/settings/SystemUserDefaults.h"
 #include "platform/usb/SystemUSBBus.h"
 #include "simulator/demo/DemoPhones.h"
@@ -78,6 +80,15 @@ struct Phones {
     SystemMultiplexer multiplexer;
 };
 
+/// The demo speaks the user's language and leaves the settings alone: pairs and favorites of phones
+/// that are gone with it.
+std::shared_ptr<UserDefaults> demoDefaults() {
+    auto defaults = std::make_shared<MemoryUserDefaults>();
+    const QString language = LanguageManager::userDefaultsKey;
+    defaults->setValue(language, makeSystemUserDefaults()->value(language));
+    return defaults;
+}
+
 /// Help and the version are there without a display, too.
 bool asksForText(int argc, char** argv) {
     constexpr std::array<std::string_view, 5> options{"-h", "--help", "--help-all", "-v",
@@ -141,7 +152,7 @@ int main(int argc, char** argv) {
     };
     if (isDemo)
         setup.network = phones.virtualPhones->network();
-    setup.defaults = makeSystemUserDefaults();
+    setup.defaults = isDemo ? demoDefaults() : makeSystemUserDefaults();
     if (!isDemo) {
         setup.importLedgers = ImportLedger::usersFolder();
         setup.copyRecords = CopyHistory::usersFolder();

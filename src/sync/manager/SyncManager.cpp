@@ -71,7 +71,11 @@ struct RunWork {
 } // namespace
 
 SyncManager::SyncManager(UserDefaults& defaults, SyncManagerSetup setup, QObject* parent)
-    : QObject(parent), defaults_(defaults), setup_(std::move(setup)), store_(setup_.reportFolder) {
+    : QObject(parent),
+      defaults_(defaults),
+      storedPairs_(defaults, userDefaultsKey),
+      setup_(std::move(setup)),
+      store_(setup_.reportFolder) {
     MainThread::assertCurrent();
     loadSyncPairs();
     loadLastReports();
@@ -93,7 +97,9 @@ SyncPair* SyncManager::find(const QUuid& id) {
 }
 
 void SyncManager::loadSyncPairs() {
-    pairs_ = decodeSyncPairs(defaults_.value(userDefaultsKey)).value_or(std::vector<SyncPair>());
+    auto pairs = decodeSyncPairs(storedPairs_.value());
+    storedPairs_.setKnown(pairs ? std::optional(encodeSyncPairs(*pairs)) : std::nullopt);
+    pairs_ = std::move(pairs).value_or(std::vector<SyncPair>());
     Q_EMIT syncPairsChanged();
 }
 
@@ -104,7 +110,7 @@ void SyncManager::saveSyncPairs() {
             pair.status = {};
         pair.progress = {};
     }
-    defaults_.setValue(userDefaultsKey, encodeSyncPairs(saved));
+    storedPairs_.store(encodeSyncPairs(saved));
 }
 
 void SyncManager::addSyncPair(const SyncPair& pair) {

@@ -2,7 +2,7 @@
 
 #include "phone/records/AppInfo.h"
 #include "phone/records/DeviceInfo.h"
-#include "platform/settings/UserDefaults.h"
+#include "platform/settings/StoredList.h"
 #include "sync/manager/SyncConnection.h"
 #include "sync/manager/SyncReportStore.h"
 #include "sync/pair/SyncPair.h"
@@ -138,6 +138,7 @@ private:
     void loadLastReports();
 
     UserDefaults& defaults_;
+    StoredList storedPairs_;
     const SyncManagerSetup setup_;
     const SyncReportStore store_;
     std::vector<SyncPair> pairs_;

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/settings/UserDefaults.h"
+
+#include <QJsonArray>
+
+#include <optional>
+
+namespace tessary {
+
+/// `theirs`, as a program finds it, with what made `mine` of `known`: entries that came, went,
+/// changed or moved. Entries are objects that are told apart by "id". What others added stays, what
+/// others removed stays away, and of an entry that both changed `mine` holds. Pure.
+[[nodiscard]] QJsonArray mergedList(const QJsonArray& known, const QJsonArray& mine,
+                                    const QJsonArray& theirs);
+
+/// A list in the settings that programs which run at the same time may each change: only one's own
+/// changes are stored.
+class StoredList {
+public:
+    StoredList(UserDefaults& defaults, QString key);
+
+    [[nodiscard]] QJsonValue value() const;
+    /// Says how this program would write what value() said; nothing when it makes no sense of it.
+    /// The next store() then keeps that as "<key>.damaged", and begins a new list.
+    void setKnown(const std::optional<QJsonArray>& known);
+    void store(const QJsonArray& list);
+
+private:
+    void putAside(const QJsonValue& damaged);
+
+    UserDefaults& defaults_;
+    const QString key_;
+    QJsonArray known_;
+    bool isDamaged_ = false;
+};
+
+} // namespace tessary
