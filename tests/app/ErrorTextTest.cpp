@@ -113,6 +113,12 @@ TEST_F(ErrorTextTest, sentencesNameTheItemAndSayWhatToDo) {
          "to Standard MTP.",
          "adb erreicht mehrere Telefone und weiß nicht, welches gemeint ist. Ziehen Sie die "
          "anderen ab oder wechseln Sie zu Standard-MTP."},
+        {"the reason alone", Error(ADBError::refused, {u"host:features"_s, u"%1 is offline"_s}),
+         "adb could not reach the phone: %1 is offline. Turn on USB debugging on it, or switch to "
+         "Standard MTP.",
+         "adb konnte das Telefon nicht erreichen: %1 is offline. Schalten Sie darauf das "
+         "USB-Debugging "
+         "ein oder wechseln Sie zu Standard-MTP."},
         {"a program", Error(PhoneError::held, {u"gvfs"_s}),
          "gvfs is using the phone. Close it, or unmount the phone in the desktop's file manager, "
          "and try again.",

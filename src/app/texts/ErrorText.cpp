@@ -104,15 +104,28 @@ QString shown(const QVariant& argument, bool isOnPhone) {
     return printable(name.isEmpty() ? text : name);
 }
 
-/// `text` with its places filled, at once: a name may look like a place.
+/// The number of the argument whose place begins at `at`; no value where none does.
+std::optional<qsizetype> placeAt(const QString& text, qsizetype at) {
+    if (text[at] != QLatin1Char('%') || at + 1 == text.size())
+        return std::nullopt;
+    const int number = text[at + 1].digitValue();
+    return number > 0 ? std::optional<qsizetype>(number - 1) : std::nullopt;
+}
+
+/// `text` with "%1" replaced by the first argument, and so on, whatever places it has. In one pass:
+/// a name may look like a place.
 QString filled(const QString& text, const Error& error) {
     const bool isOnPhone = error.code().layer() == ErrorLayer::phone;
-    const auto value = [&](qsizetype at) { return shown(error.arguments().value(at), isOnPhone); };
-    if (text.contains(QLatin1StringView("%3")))
-        return text.arg(value(0), value(1), value(2));
-    if (text.contains(QLatin1StringView("%2")))
-        return text.arg(value(0), value(1));
-    return text.contains(QLatin1StringView("%1")) ? text.arg(value(0)) : text;
+    QString whole;
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        if (const auto place = placeAt(text, at)) {
+            whole += shown(error.arguments().value(*place), isOnPhone);
+            ++at;
+        } else {
+            whole += text[at];
+        }
+    }
+    return whole;
 }
 
 /// A reason as a sentence of its own.
@@ -156,7 +169,11 @@ QString sentenceOf(const Worded& worded) {
 } // namespace
 
 QString ErrorText::text() const {
-    return advice.isEmpty() ? what : what + QLatin1Char(' ') + advice;
+    if (advice.isEmpty())
+        return what;
+    const bool isEnded = !what.isEmpty() && QStringLiteral(".!?。！？").contains(what.back());
+    return (isEnded ? what : what + Words::tr(".", "the end of a sentence")) + QLatin1Char(' ') +
+           advice;
 }
 
 ErrorText errorText(const Error& error) {
