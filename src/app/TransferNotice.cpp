@@ -27,10 +27,14 @@ void TransferNotice::count(const QUuid& jobId) {
         return;
     const CopyJob& job = queue_.jobs()[static_cast<std::size_t>(index)];
     using Status = CopyJob::Status;
-    if (job.status == Status::done)
+    if (job.status == Status::done) {
         copied_ += job.things;
-    else if (job.status != Status::cancelled)
+    } else if (job.status == Status::incomplete) { // folders count as what is in them
+        copied_ += static_cast<int>(job.progress.completedFiles);
+        failed_ += static_cast<int>(job.leftOut.size());
+    } else if (job.status != Status::cancelled) {
         failed_ += job.things;
+    }
     if (job.status != Status::cancelled)
         lastName_ = job.name;
     if (!queue_.summary().isIdle())

@@ -33,7 +33,8 @@ TEST_F(TransferNoticeTest, onlyTheEndOfALongQueueBehindOtherWindowsIsTold) {
         const char* name;
         std::chrono::seconds took;
         bool isActive;
-        const char* items; ///< names; "!" before what fails, "x" before what is cancelled
+        const char* items; ///< names; "!" before what fails, "x" before what is cancelled,
+                           ///< "+" between those of one job
         const char* told;
     } rows[] = {
         {"short", 9s, false, "a", ""},
@@ -42,6 +43,8 @@ TEST_F(TransferNoticeTest, onlyTheEndOfALongQueueBehindOtherWindowsIsTold) {
         {"two", 11s, false, "a b", "Copying has finished: 2 items are copied."},
         {"a failure", 11s, false, "!a", "Copying went wrong: “!a” was not copied."},
         {"some fail", 11s, false, "!a b xc", "Copying went wrong: 1 of 2 items was not copied."},
+        {"a job lacks one", 11s, false, "a+b+!c",
+         "Copying went wrong: 1 of 3 items was not copied."},
         {"cancelled", 11s, false, "xa", ""},
     };
     LanguageManager::shared().setSelectedLanguage(AppLanguage::en);
@@ -64,9 +67,11 @@ TEST_F(TransferNoticeTest, onlyTheEndOfALongQueueBehindOtherWindowsIsTold) {
                 throw Error(PhoneError::unreadable, {request.path});
         });
         for (const QString& name : QString::fromLatin1(row.items).split(QLatin1Char(' '))) {
-            from->addFile(u"/"_s + name, "content");
             TreeCopyRequest request{.from = from, .to = phone, .folder = u"/root"_s};
-            request.items = {{from->item(u"/"_s + name), name}};
+            for (const QString& one : name.split(QLatin1Char('+'))) {
+                from->addFile(u"/"_s + one, "content");
+                request.items.push_back({from->item(u"/"_s + one), one});
+            }
             queue.enqueue(std::move(request));
         }
         for (const CopyJob& job : std::vector(queue.jobs()))
