@@ -8,8 +8,8 @@ LanguageManager& LanguageManager::shared() {
 }
 
 LanguageManager::LanguageManager(std::shared_ptr<UserDefaults> store,
-                                 QStringList preferredLanguages)
-    : preferredLanguages_(std::move(preferredLanguages)) {
+                                 QStringList preferredLanguages, const QString& systemLocale)
+    : preferredLanguages_(std::move(preferredLanguages)), systemLocale_(systemLocale) {
     useStore(std::move(store));
     QLocale::setDefault(currentLocale());
 }
@@ -43,7 +43,10 @@ AppLanguage LanguageManager::effectiveLanguage() const {
 }
 
 QLocale LanguageManager::currentLocale() const {
-    return QLocale(rawValue(effectiveLanguage()));
+    const QLocale usual(rawValue(effectiveLanguage()));
+    const bool isSystems =
+        usual.language() == systemLocale_.language() && usual.script() == systemLocale_.script();
+    return isSystems ? systemLocale_ : usual;
 }
 
 } // namespace tessary

@@ -27,7 +27,8 @@ public:
     /// Starts with the stored choice; with `system` when there is none or it makes no sense.
     explicit LanguageManager(
         std::shared_ptr<UserDefaults> store = std::make_shared<MemoryUserDefaults>(),
-        QStringList preferredLanguages = QLocale::system().uiLanguages());
+        QStringList preferredLanguages = QLocale::system().uiLanguages(),
+        const QString& systemLocale = QLocale::system().name());
 
     /// Takes the choice that is kept there, and keeps it there from now on.
     void useStore(std::shared_ptr<UserDefaults> store);
@@ -40,6 +41,7 @@ public:
 
     /// The language that texts are in: the selected one, or what `system` comes to.
     [[nodiscard]] AppLanguage effectiveLanguage() const;
+    /// The system's own ("de_CH") where it is of that language, else the usual one.
     [[nodiscard]] QLocale currentLocale() const;
 
 Q_SIGNALS:
@@ -54,6 +56,7 @@ private:
 
     std::shared_ptr<UserDefaults> store_;
     const QStringList preferredLanguages_;
+    const QLocale systemLocale_;
     AppLanguage selected_ = AppLanguage::system;
 };
 

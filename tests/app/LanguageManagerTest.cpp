@@ -67,6 +67,29 @@ TEST(LanguageManager, aChoiceIsStoredToldAndSetsTheFormatOfNumbers) {
     EXPECT_EQ(start.store->value(key), u"system"_s);
 }
 
+TEST(LanguageManager, aRegionOfTheLanguageWritesDatesItsOwnWay) {
+    const std::tuple<AppLanguage, QString, QString> rows[] = {
+        // choice, the system's locale, what holds
+        {AppLanguage::system, u"en_GB"_s, u"en_GB"_s},
+        {AppLanguage::en, u"en_GB"_s, u"en_GB"_s},
+        {AppLanguage::de, u"en_GB"_s, u"de_DE"_s},
+        {AppLanguage::de, u"de_CH"_s, u"de_CH"_s},
+        {AppLanguage::system, u"pt_PT"_s, u"pt_PT"_s},
+        {AppLanguage::zhHant, u"zh_CN"_s, u"zh_TW"_s},
+        {AppLanguage::system, u"zh_HK"_s, u"zh_HK"_s},
+        {AppLanguage::system, u"en_HK"_s, u"zh_TW"_s},
+        {AppLanguage::system, u"C"_s, u"en_US"_s},
+        {AppLanguage::system, u"nl_NL"_s, u"en_US"_s},
+    };
+    for (const auto& [choice, systemLocale, holds] : rows) {
+        LanguageManager manager(std::make_shared<MemoryUserDefaults>(), QStringList{systemLocale},
+                                systemLocale);
+        manager.setSelectedLanguage(choice);
+        EXPECT_EQ(manager.currentLocale().name(), holds) << systemLocale.toStdString();
+        EXPECT_EQ(QLocale().name(), holds) << systemLocale.toStdString();
+    }
+}
+
 class InterfaceTextsTest : public Application, public testing::Test {
 protected:
     InterfaceTextsTest() {
@@ -80,7 +103,7 @@ TEST_F(InterfaceTextsTest, textsFollowTheLanguageForAsLongAsTheirOwnerLives) {
     QString text;
     auto owner = std::make_unique<QObject>();
     keepTranslated(owner.get(),
-                   [&] { text = QCoreApplication::translate("tessary::BrowserView", "Retry"); });
+                   [&] { text = QCoreApplication::translate("tessary::FolderNotice", "Retry"); });
     EXPECT_EQ(text, u"Retry"_s);
     shared.setSelectedLanguage(AppLanguage::it);
     EXPECT_EQ(text, u"Riprova"_s);
