@@ -234,20 +234,22 @@ TEST(TreeCopyAgain, whatWasLeftOutIsCopiedAlone) {
     MemorySide source({.queue = std::make_shared<PhoneQueue>()});
     DiskSide target;
     source.fill({{s("d/e/a"), "a"}, {s("d/e/b"), "b"}, {s("d/e/c"), "c"}}, noon);
-    TreeCopyRequest request = requestFor(source, target, ClashAnswer::skip);
+    target.fill({{s("d/"), {}}, {s("d/e/"), {}}, {s("d/e/b"), "the user's own"}}, noon);
+    TreeCopyRequest request = requestFor(source, target, ClashAnswer::keepBoth);
     source.memory->fail(Operation::read, s("/side/d/e/b"), {PhoneError::refused}, 1);
     const CopyOutcome first = run(request);
     ASSERT_EQ(first.leftOut.size(), 1U);
-    EXPECT_EQ(first.leftOut[0].item.folder, s("d/e"));
+    EXPECT_EQ(first.leftOut[0].item.folder, s("d (2)/e"));
     request.items = {first.leftOut[0].item};
     source.memory->forgetRequests();
     EXPECT_EQ(run(request).end(), CopyOutcome::End::done);
     EXPECT_EQ(source.memory->bytes(Operation::read), 1);
-    EXPECT_EQ(target.contents().value(s("d/e/b")), "b");
+    EXPECT_EQ(target.contents().value(s("d (2)/e/b")), "b");
+    EXPECT_EQ(target.contents().value(s("d/e/b")), "the user's own");
     // Nor does a folder that has gone, or become a file, keep the others from being copied.
     request.items.push_back(first.leftOut[0].item);
     request.items[0].folder = s("x/y");
-    request.items[1].folder = s("d/e/a/z");
+    request.items[1].folder = s("d (2)/e/a/z");
     const CopyOutcome again = run(request);
     EXPECT_THAT(namesLeftOut(again), ElementsAre(s("b: notAFolder")));
     EXPECT_EQ(target.contents().value(s("x/y/b")), "b");

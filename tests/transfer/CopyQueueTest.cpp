@@ -171,6 +171,31 @@ TEST_F(CopyQueueTest, whatLostItsPhoneGoesOnWithoutCopyingTwice) {
     EXPECT_EQ(here.contents().keys(), (QStringList{s("a"), s("b")}));
 }
 
+/// The answers were given about other clashes than those that a second try meets.
+TEST_F(CopyQueueTest, whatWasLeftOutReplacesNothingWhenItIsTriedAgain) {
+    here.fill({{s("d/"), {}}, {s("d/e"), "the user's own"}}, noon);
+    one.memory->fail(Operation::read, s("/side/d/e"), {PhoneError::refused}, 1);
+    const QUuid id = queue.enqueue({.from = one.files(),
+                                    .to = here.files(),
+                                    .items = {{one.memory->item(s("/side/d")), s("d")}},
+                                    .folder = here.root(),
+                                    .policy = [](const Clash& clash) {
+                                        return clash.coming.isDirectory ? ClashAnswer::keepBoth
+                                                                        : ClashAnswer::replace;
+                                    }});
+    finishAll();
+    ASSERT_EQ(job(id).status, Status::incomplete);
+    here.put(s("d (2)/e"), "put there meanwhile", noon);
+    queue.goOn(id);
+    finishAll();
+    EXPECT_EQ(job(id).status, Status::done);
+    EXPECT_EQ(here.contents(), (Contents{{s("d/"), {}},
+                                         {s("d/e"), "the user's own"},
+                                         {s("d (2)/"), {}},
+                                         {s("d (2)/e"), "put there meanwhile"},
+                                         {s("d (2)/e (2)"), "e"}}));
+}
+
 TEST_F(CopyQueueTest, whoGoesOnRightAfterCancellingIsNotCancelledAgain) {
     hold(one);
     const QUuid id = copy(one, "b");

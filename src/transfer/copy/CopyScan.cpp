@@ -15,6 +15,10 @@ namespace {
 constexpr int maxDepth = 128;           // levels: a phone may list a folder in itself
 constexpr qint64 mostItems = 5'000'000; // a listing that goes on for ever ends here
 
+std::shared_ptr<const Error> whyUnread(Error error) {
+    return std::make_shared<const Error>(std::move(error));
+}
+
 class Scanner {
 public:
     Scanner(PhoneFileSystem& files, const std::function<void(const CopyScan&)>& progress,
@@ -23,10 +27,8 @@ public:
 
     CopyScan scan(const std::vector<CopyItem>& items) {
         for (std::size_t i = 0; i < items.size(); ++i) {
-            const std::size_t before = result_.items.size();
             add(items[i], result_.items, 0);
-            if (result_.items.size() > before)
-                result_.items.back().asked = i;
+            result_.items.back().asked = i;
         }
         return std::move(result_);
     }
@@ -40,28 +42,23 @@ private:
             result_.bytes = addByteCounts(result_.bytes, std::max<qint64>(item.item.size, 0));
         } else if (!isSafeName(item.name)) {
             // Nothing of it could be copied.
-            result_.leftOut.push_back({item, {PhoneError::nameNotAllowed, {item.name}}});
-            return;
+            scanned.unread = whyUnread({PhoneError::nameNotAllowed, {item.name}});
         } else {
             try {
                 if (depth >= maxDepth)
                     throw Error(PhoneError::insideItself, {item.item.path});
                 addContent(scanned, depth);
+                ++result_.folders;
             } catch (const Error& error) {
                 if (endsCopy(error))
                     throw;
-                result_.leftOut.push_back({item, error});
-                return;
+                scanned.unread = whyUnread(error);
             }
-            ++result_.folders;
         }
         to.push_back(std::move(scanned));
     }
 
     void addContent(ScannedItem& folder, int depth) {
-        const QString place = folder.item.folder.isEmpty()
-                                  ? folder.item.name
-                                  : joinPath(folder.item.folder, folder.item.name);
         Listing listing;
         files_.list(
             folder.item.item.path,
@@ -75,14 +72,14 @@ private:
             call_);
         for (UnreadableEntry& entry : listing.unreadable) {
             const QString name = lastComponent(entry.path);
-            result_.leftOut.push_back(
-                {{FileItem(name, entry.path, false, 0, {}), name, place}, entry.error});
+            folder.content.push_back({{FileItem(name, entry.path, false, 0, {}), name}});
+            folder.content.back().unread = whyUnread(std::move(entry.error));
         }
         for (FileItem& item : listing.items) {
             if (isPartName(item.name))
                 continue;
             const QString name = item.name;
-            add({std::move(item), name, place}, folder.content, depth + 1);
+            add({std::move(item), name}, folder.content, depth + 1);
         }
         if (progress_)
             progress_(result_);

@@ -44,7 +44,7 @@ struct CopyItem {
 
 /// Something that was not copied, and why.
 struct LeftOut {
-    CopyItem item;
+    CopyItem item; ///< in the folder, by the name that this was given, where it belongs
     Error error;
 };
 

@@ -75,7 +75,6 @@ void TreeCopy::copyAll() {
     progress_.totalFiles = scan.files;
     progress_.totalBytes = scan.bytes;
     pacer_->showNow(progress_);
-    outcome_.leftOut = std::move(scan.leftOut);
     room_ = freeBytes(request_.folder);
     // What is asked for goes into few folders, mostly into one.
     for (auto first = scan.items.begin(); first != scan.items.end();) {
@@ -99,21 +98,20 @@ void TreeCopy::copyGroup(const std::vector<ScannedItem>& group, const QString& b
                 request_.to->makeFolder(path, name, call_);
             path = joinPath(path, name);
         }
-        TargetFolder target = openTarget(path, namesOf(group));
+        Folder target = openTarget(path, below, namesOf(group));
         copyInto(group, target);
     } catch (const Error& error) {
         // Without the target folder itself there is no copy.
         if (endsCopy(error) || below.isEmpty())
             throw;
-        for (const ScannedItem& scanned : group) {
-            outcome_.leftOut.push_back({scanned.item, error});
-            forgetFiles(scanned);
-        }
+        for (const ScannedItem& scanned : group)
+            leaveOut(scanned, below, error);
     }
 }
 
 /// A folder that is there, with what it holds; leftovers are dealt with on the way.
-TargetFolder TreeCopy::openTarget(const QString& path, const QStringList& awaited) {
+TreeCopy::Folder TreeCopy::openTarget(const QString& path, const QString& below,
+                                      const QStringList& awaited) {
     TargetFolder target(path, request_.to->nameRules(path), dateStep_);
     Listing there = listAll(*request_.to, path, call_);
     for (const FileItem& item :
@@ -121,17 +119,19 @@ TargetFolder TreeCopy::openTarget(const QString& path, const QStringList& awaite
         target.addExisting(item);
     for (const UnreadableEntry& entry : there.unreadable)
         target.addUnreadable(lastComponent(entry.path), entry.error);
-    return target;
+    return {std::move(target), below};
 }
 
-void TreeCopy::copyInto(const std::vector<ScannedItem>& items, TargetFolder& target) {
+void TreeCopy::copyInto(const std::vector<ScannedItem>& items, Folder& target) {
     Together together;
     for (const ScannedItem& scanned : items) {
         throwIfStopped(call_.stop);
         const bool isFolder = scanned.item.item.isDirectory;
         if (isFolder || together.files.isFull())
             copyTogether(together, target);
-        attempt(scanned, [&] {
+        attempt(scanned, target, [&] {
+            if (scanned.unread)
+                throw Error(*scanned.unread);
             isFolder ? copyFolder(scanned, target) : copyFileTo(scanned, target, together);
         });
     }
@@ -139,7 +139,8 @@ void TreeCopy::copyInto(const std::vector<ScannedItem>& items, TargetFolder& tar
 }
 
 /// Copies one item; what it refuses is left out and named.
-void TreeCopy::attempt(const ScannedItem& scanned, const std::function<void()>& work) {
+void TreeCopy::attempt(const ScannedItem& scanned, const Folder& target,
+                       const std::function<void()>& work) {
     try {
         work();
     } catch (const Error& error) {
@@ -147,19 +148,24 @@ void TreeCopy::attempt(const ScannedItem& scanned, const std::function<void()>& 
             throw;
         progress_.currentFileBytes = 0;
         progress_.currentFileTotal = 0;
-        outcome_.leftOut.push_back({scanned.item, error});
-        forgetFiles(scanned);
+        leaveOut(scanned, target.below, error);
     }
 }
 
+void TreeCopy::leaveOut(const ScannedItem& scanned, const QString& below, const Error& error) {
+    outcome_.leftOut.push_back({scanned.item, error});
+    outcome_.leftOut.back().item.folder = below;
+    forgetFiles(scanned);
+}
+
 /// Sends what has been gathered. What does not go that way goes alone, and says why it cannot.
-void TreeCopy::copyTogether(Together& together, TargetFolder& target) {
+void TreeCopy::copyTogether(Together& together, const Folder& target) {
     const Together gathered = std::exchange(together, {});
     const std::vector<SmallFiles::One>& files = gathered.files.all();
     std::vector<std::optional<FileItem>> made(files.size());
     if (files.size() > 1) {
         made = gathered.files.copy(
-            *request_.from, *request_.to, target.path(), checksSource(),
+            *request_.from, *request_.to, target.names.path(), checksSource(),
             [this](qint64 done) {
                 progress_.currentFileBytes = done;
                 progress_.currentFileTotal = done;
@@ -175,14 +181,14 @@ void TreeCopy::copyTogether(Together& together, TargetFolder& target) {
         if (made[n])
             noteCopied(scanned.item, *made[n], {});
         else
-            attempt(scanned, [&] {
+            attempt(scanned, target, [&] {
                 throwIfStopped(call_.stop);
-                requireRoom(target.path(), scanned.item.item.size);
-                transfer(scanned.item, target.path(), name, {});
+                requireRoom(target.names.path(), scanned.item.item.size);
+                transfer(scanned.item, target.names.path(), name, {});
                 made[n] = FileItem();
             });
         if (made[n])
-            noteMade(scanned, joinPath(target.path(), name), name);
+            noteMade(scanned, joinPath(target.names.path(), name), name);
     }
 }
 
@@ -194,21 +200,25 @@ TargetFolder::Decision TreeCopy::place(const CopyItem& item, TargetFolder& targe
                                .ownPath = isOneFileSystem_ ? item.item.path : QString()});
 }
 
-void TreeCopy::copyFolder(const ScannedItem& scanned, TargetFolder& target) {
+void TreeCopy::copyFolder(const ScannedItem& scanned, Folder& target) {
     const CopyItem& item = scanned.item;
-    if (isOneFileSystem_ && isAtOrBelow(target.path(), item.item.path))
+    const auto below = [&target](const QString& name) {
+        return target.below.isEmpty() ? name : joinPath(target.below, name);
+    };
+    if (isOneFileSystem_ && isAtOrBelow(target.names.path(), item.item.path))
         throw Error(PhoneError::insideItself, {item.item.path});
-    const TargetFolder::Decision decision = place(item, target);
+    const TargetFolder::Decision decision = place(item, target.names);
     if (const auto* error = std::get_if<Error>(&decision))
         throw Error(*error);
     if (const auto* make = std::get_if<TargetFolder::Make>(&decision)) {
-        const FileItem made = request_.to->makeFolder(target.path(), make->name, call_);
+        const FileItem made = request_.to->makeFolder(target.names.path(), make->name, call_);
         ++outcome_.folders;
         noteMade(scanned, made.path, make->name);
-        TargetFolder inside(made.path, request_.to->nameRules(made.path), dateStep_);
+        Folder inside{{made.path, request_.to->nameRules(made.path), dateStep_}, below(make->name)};
         copyInto(scanned.content, inside);
     } else if (const auto* merge = std::get_if<TargetFolder::Merge>(&decision)) {
-        TargetFolder inside = openTarget(merge->existing.path, namesOf(scanned.content));
+        Folder inside =
+            openTarget(merge->existing.path, below(merge->existing.name), namesOf(scanned.content));
         noteMade(scanned, merge->existing.path, merge->existing.name);
         copyInto(scanned.content, inside);
     } else {
@@ -220,9 +230,9 @@ void TreeCopy::copyFolder(const ScannedItem& scanned, TargetFolder& target) {
         removeSource(item);
 }
 
-void TreeCopy::copyFileTo(const ScannedItem& scanned, TargetFolder& target, Together& together) {
+void TreeCopy::copyFileTo(const ScannedItem& scanned, Folder& target, Together& together) {
     const CopyItem& item = scanned.item;
-    const TargetFolder::Decision decision = place(item, target);
+    const TargetFolder::Decision decision = place(item, target.names);
     if (const auto* error = std::get_if<Error>(&decision))
         throw Error(*error);
     if (std::holds_alternative<TargetFolder::Stay>(decision)) {
@@ -241,10 +251,10 @@ void TreeCopy::copyFileTo(const ScannedItem& scanned, TargetFolder& target, Toge
         together.scanned.push_back(&scanned);
         return;
     }
-    requireRoom(target.path(), item.item.size);
-    transfer(item, target.path(), name,
+    requireRoom(target.names.path(), item.item.size);
+    transfer(item, target.names.path(), name,
              replace != nullptr ? std::optional(replace->existing) : std::nullopt);
-    noteMade(scanned, joinPath(target.path(), name), name);
+    noteMade(scanned, joinPath(target.names.path(), name), name);
     if (request_.removesSource)
         removeSource(item);
 }
@@ -345,7 +355,7 @@ void TreeCopy::requireRoom(const QString& folder, qint64 bytes) {
 
 /// What is not copied after all is not waited for.
 void TreeCopy::forgetFiles(const ScannedItem& scanned) {
-    if (!scanned.item.item.isDirectory) {
+    if (!scanned.unread && !scanned.item.item.isDirectory) {
         --progress_.totalFiles;
         progress_.totalBytes -= std::max<qint64>(scanned.item.item.size, 0);
     }

@@ -50,19 +50,28 @@ private:
         std::vector<const ScannedItem*> scanned{}; ///< in the same order
     };
 
+    /// A folder at the target that is being filled.
+    struct Folder {
+        TargetFolder names;
+        QString below; ///< where it is, as CopyItem says it
+    };
+
     void copyAll();
     void copyGroup(const std::vector<ScannedItem>& group, const QString& below);
-    void copyInto(const std::vector<ScannedItem>& items, TargetFolder& target);
-    void copyFolder(const ScannedItem& scanned, TargetFolder& target);
-    void copyFileTo(const ScannedItem& scanned, TargetFolder& target, Together& together);
-    void copyTogether(Together& together, TargetFolder& target);
-    void attempt(const ScannedItem& scanned, const std::function<void()>& work);
+    void copyInto(const std::vector<ScannedItem>& items, Folder& target);
+    void copyFolder(const ScannedItem& scanned, Folder& target);
+    void copyFileTo(const ScannedItem& scanned, Folder& target, Together& together);
+    void copyTogether(Together& together, const Folder& target);
+    void attempt(const ScannedItem& scanned, const Folder& target,
+                 const std::function<void()>& work);
+    void leaveOut(const ScannedItem& scanned, const QString& below, const Error& error);
     [[nodiscard]] bool checksSource() const;
     void noteCopied(const CopyItem& item, const FileItem& made, const QByteArray& sha256);
     void transfer(const CopyItem& item, const QString& folder, const QString& name,
                   const std::optional<FileItem>& replaces);
     void removeSource(const CopyItem& item);
-    [[nodiscard]] TargetFolder openTarget(const QString& path, const QStringList& awaited);
+    [[nodiscard]] Folder openTarget(const QString& path, const QString& below,
+                                    const QStringList& awaited);
     [[nodiscard]] TargetFolder::Decision place(const CopyItem& item, TargetFolder& target);
     void requireRoom(const QString& folder, qint64 bytes);
     [[nodiscard]] std::optional<std::uint64_t> freeBytes(const QString& folder);

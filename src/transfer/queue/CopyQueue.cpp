@@ -4,6 +4,7 @@
 #include "base/threads/MainThread.h"
 
 #include <QPointer>
+#include <QSet>
 
 #include <algorithm>
 #include <mutex>
@@ -28,6 +29,23 @@ std::set<const PhoneQueue*> phonesOf(const TreeCopyRequest& request) {
     std::set<const PhoneQueue*> phones{request.from->queue().get(), request.to->queue().get()};
     phones.erase(nullptr);
     return phones;
+}
+
+/// Only what was left out is copied then. Of what lay in folders nobody was asked about a clash in
+/// the folder that was made here: both are kept.
+void goOnWithLeftOut(TreeCopyRequest& request, const std::vector<LeftOut>& leftOut) {
+    request.items.clear();
+    request.skipsSame = true;
+    QSet<QString> fromFolders;
+    for (const LeftOut& one : leftOut) {
+        request.items.push_back(one.item);
+        if (!one.item.folder.isEmpty())
+            fromFolders.insert(one.item.item.id());
+    }
+    if (request.policy && !fromFolders.isEmpty())
+        request.policy = [given = request.policy, fromFolders](const Clash& clash) {
+            return fromFolders.contains(clash.coming.id()) ? ClashAnswer::keepBoth : given(clash);
+        };
 }
 
 } // namespace
@@ -209,9 +227,7 @@ void CopyQueue::takeOutcome(const QUuid& id, const std::shared_ptr<Work>& work,
     job->error = outcome.failure;
     // What goes on later knows what is there already.
     if (end == CopyOutcome::End::incomplete) {
-        work->request.items.clear();
-        for (const LeftOut& one : job->leftOut)
-            work->request.items.push_back(one.item);
+        goOnWithLeftOut(work->request, job->leftOut);
     } else if (!outcome.items.empty()) {
         work->request.items = std::move(outcome.items);
         work->request.skipsSame = true;
