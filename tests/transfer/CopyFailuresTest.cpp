@@ -230,6 +230,49 @@ TEST(TreeCopyAgain, goesOnWhereItBrokeOff) {
                                                      s("d (2)/c"), s("d/"), s("d/x")}));
 }
 
+/// Wherever the cable goes: what is there already is neither copied twice nor left at its source.
+TEST(TreeCopyAgain, aMoveGoesOnWhereItBrokeOff) {
+    const Contents tree{
+        {s("a"), "a"}, {s("d/"), {}}, {s("d/b"), "b"}, {s("d/c"), film}, {s("e/"), {}}};
+    int lostAt = 1;
+    for (bool isWhole = false; !isWhole; ++lostAt) {
+        SCOPED_TRACE(lostAt);
+        MemorySide source({.queue = std::make_shared<PhoneQueue>()});
+        DiskSide target;
+        source.fill(tree, noon);
+        TreeCopyRequest request = requestFor(source, target, ClashAnswer::keepBoth);
+        request.removesSource = true;
+        source.memory->loseLink(lostAt);
+        const CopyOutcome first = run(request);
+        isWhole = first.end() == CopyOutcome::End::done;
+        source.memory->restoreLink();
+        if (target.contents().contains(s("a")))
+            target.put(s("a"), "a", noon.addDays(1)); // as where no date is kept
+        request.items = first.items;
+        request.skipsSame = true;
+        const CopyOutcome rest = run(request);
+        EXPECT_THAT(namesLeftOut(rest), testing::IsEmpty());
+        EXPECT_EQ(rest.end(), CopyOutcome::End::done);
+        EXPECT_EQ(target.contents(), tree) << target.contents().keys().join(u' ').toStdString();
+        EXPECT_THAT(source.contents(), testing::IsEmpty());
+    }
+    EXPECT_GT(lostAt, 15);
+}
+
+/// What only looks the same is not taken for the copy of a file that goes.
+TEST(TreeCopyAgain, aMoveThatGoesOnRemovesNothingThatIsNotThere) {
+    MemorySide source({.queue = std::make_shared<PhoneQueue>()});
+    DiskSide target;
+    source.fill({{s("a"), "this"}}, noon);
+    target.fill({{s("a"), "that"}}, noon);
+    TreeCopyRequest request = requestFor(source, target, ClashAnswer::keepBoth);
+    request.removesSource = true;
+    request.skipsSame = true;
+    EXPECT_THAT(namesLeftOut(run(std::move(request))), ElementsAre(s("a: taken")));
+    EXPECT_EQ(source.contents(), (Contents{{s("a"), "this"}}));
+    EXPECT_EQ(target.contents(), (Contents{{s("a"), "that"}}));
+}
+
 TEST(TreeCopyAgain, whatWasLeftOutIsCopiedAlone) {
     MemorySide source({.queue = std::make_shared<PhoneQueue>()});
     DiskSide target;

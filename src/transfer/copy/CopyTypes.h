@@ -64,7 +64,8 @@ struct CopyOutcome {
     std::vector<LeftOut> leftOut;
     std::optional<Error> failure;
     bool isCancelled = false;
-    /// Everything asked for, by the names that it was given: what to go on with.
+    /// Everything asked for, by the names that it was given: what to go on with. What a move has
+    /// taken from its source is done with.
     std::vector<CopyItem> items;
     QStringList made; ///< paths at the target of the things asked for, as far as they are there
 

@@ -134,6 +134,11 @@ QByteArray hashOf(PhoneFileSystem& files, const FileItem& item, const Call& call
 
 } // namespace
 
+bool haveSameContent(PhoneFileSystem& files, const FileItem& file, PhoneFileSystem& others,
+                     const FileItem& other, const Call& call) {
+    return hashOf(files, file, call) == hashOf(others, other, call);
+}
+
 bool isAsSeen(const FileItem& seen, const FileItem& now) {
     return seen.isDirectory == now.isDirectory && seen.size == now.size &&
            seen.modifiedDate == now.modifiedDate &&

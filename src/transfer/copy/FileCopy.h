@@ -60,6 +60,11 @@ inline constexpr qint64 resumableFrom = qint64{4} * 1024 * 1024;
 /// PhoneError::wrongSize. Returns the copy as the target shows it.
 FileItem copyFile(const FileCopy& copy, const ByteProgress& progress, const Call& call);
 
+/// Compares two files whole, by hash where a side works that out.
+[[nodiscard]] bool haveSameContent(PhoneFileSystem& files, const FileItem& file,
+                                   PhoneFileSystem& others, const FileItem& other,
+                                   const Call& call);
+
 /// Whether what was seen once is what is there now, as far as either can tell.
 [[nodiscard]] bool isAsSeen(const FileItem& seen, const FileItem& now);
 

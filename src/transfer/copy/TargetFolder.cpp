@@ -24,6 +24,14 @@ bool TargetFolder::isSame(const FileItem& one, const FileItem& other) const {
                std::max<qint64>(dateStep_.count(), 0);
 }
 
+bool TargetFolder::isTakenForSame(const CopyItem& item, const FileItem& existing,
+                                  const Rules& rules) const {
+    if (!rules.skipsSame || item.item.isDirectory || existing.isDirectory)
+        return false;
+    return isSame(item.item, existing) ||
+           (rules.isMove && item.isContinued && item.item.size == existing.size);
+}
+
 TargetFolder::Decision TargetFolder::place(const CopyItem& item, const Rules& rules) {
     if (!rules_.accepts(item.name))
         return Error(PhoneError::nameNotAllowed, {item.name});
@@ -45,9 +53,9 @@ TargetFolder::Decision TargetFolder::place(const CopyItem& item, const Rules& ru
         given_.insert(key);
         return Merge{existing};
     }
-    if (rules.skipsSame && !item.item.isDirectory && isSame(item.item, existing)) {
+    if (isTakenForSame(item, existing, rules)) {
         given_.insert(key);
-        return Stay{};
+        return Stay{existing};
     }
     return answered(item, existing, rules.policy({item.item, existing}), rules.skipsSame);
 }
@@ -79,21 +87,23 @@ TargetFolder::Decision TargetFolder::answered(const CopyItem& item, const FileIt
 
 /// A number for the name; but a file that an earlier copy numbered is not copied again.
 TargetFolder::Decision TargetFolder::numbered(const CopyItem& item, bool skipsSame) {
-    bool isThere = false;
+    std::optional<FileItem> same;
     const QString name =
         freeNameUnder(rules_, item.name, item.item.isDirectory, [&](const QString& key) {
             if (given_.contains(key) || unreadable_.contains(key))
                 return true;
             const auto existing = existing_.constFind(key);
-            isThere = existing != existing_.constEnd() && skipsSame && !item.item.isDirectory &&
-                      isSame(item.item, *existing);
-            return existing != existing_.constEnd() && !isThere;
+            if (existing == existing_.constEnd())
+                return false;
+            if (skipsSame && !item.item.isDirectory && isSame(item.item, *existing))
+                same = *existing;
+            return !same;
         });
     if (!rules_.accepts(name)) // too long for a number
         return Error(PhoneError::nameNotAllowed, {item.name});
     given_.insert(rules_.key(name));
-    if (isThere)
-        return Stay{};
+    if (same)
+        return Stay{std::move(same)};
     return Make{name};
 }
 

@@ -37,13 +37,17 @@ public:
     struct Merge { ///< into a folder that is there
         FileItem existing;
     };
-    struct Stay {}; ///< what is there stays, as was answered
+    struct Stay {                       ///< what is there stays, as was answered
+        std::optional<FileItem> same{}; ///< or because it is taken for what comes
+    };
     using Decision = std::variant<Make, Replace, Merge, Stay, Error>;
 
     struct Rules {
         ClashPolicy policy;
         /// Files that are there with the same size and date are not copied again.
         bool skipsSame = false;
+        /// What an earlier run of a move brought is known by its size, where it lost its date.
+        bool isMove = false;
         /// The path, when it lies on the target itself, of what is copied: a copy never replaces
         /// what it comes from.
         QString ownPath{};
@@ -56,6 +60,8 @@ private:
     [[nodiscard]] Decision answered(const CopyItem& item, const FileItem& existing,
                                     ClashAnswer answer, bool skipsSame);
     [[nodiscard]] bool isSame(const FileItem& one, const FileItem& other) const;
+    [[nodiscard]] bool isTakenForSame(const CopyItem& item, const FileItem& existing,
+                                      const Rules& rules) const;
 
     const QString path_;
     const NameRules rules_;

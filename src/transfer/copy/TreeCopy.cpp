@@ -38,6 +38,8 @@ CopyOutcome TreeCopy::run(const CopyProgress& progress, const std::stop_token& s
     pacer_ = &pacer;
     call_ = {stop, Urgency::copy};
     outcome_ = {};
+    outcome_.items = request_.items;
+    moved_.clear();
     progress_ = {};
     std::vector<PhoneQueue::Job> jobs;
     for (const auto& side : {request_.from, request_.to})
@@ -53,6 +55,8 @@ CopyOutcome TreeCopy::run(const CopyProgress& progress, const std::stop_token& s
     progress_.currentFileBytes = 0;
     progress_.currentFileTotal = 0;
     pacer.showNow(progress_);
+    for (auto n = moved_.rbegin(); n != moved_.rend(); ++n)
+        outcome_.items.erase(outcome_.items.begin() + static_cast<std::ptrdiff_t>(*n));
     if (request_.witness)
         request_.witness->ended();
     return std::move(outcome_);
@@ -63,7 +67,6 @@ void TreeCopy::copyAll() {
     dateStep_ = std::max(can_.dateStep, request_.from->capabilities(call_).dateStep);
     sendsTogether_ = (can_.writesTogether || request_.from->capabilities(call_).readsTogether) &&
                      !request_.verifies && !request_.removesSource;
-    outcome_.items = request_.items;
     CopyScan scan = scanForCopy(
         *request_.from, request_.items,
         [this](const CopyScan& sofar) {
@@ -197,6 +200,7 @@ TargetFolder::Decision TreeCopy::place(const CopyItem& item, TargetFolder& targe
                                              ? request_.policy
                                              : [](const Clash&) { return ClashAnswer::keepBoth; },
                                .skipsSame = request_.skipsSame,
+                               .isMove = request_.removesSource,
                                .ownPath = isOneFileSystem_ ? item.item.path : QString()});
 }
 
@@ -208,18 +212,20 @@ void TreeCopy::copyFolder(const ScannedItem& scanned, Folder& target) {
     if (isOneFileSystem_ && isAtOrBelow(target.names.path(), item.item.path))
         throw Error(PhoneError::insideItself, {item.item.path});
     const TargetFolder::Decision decision = place(item, target.names);
+    QString name;
     if (const auto* error = std::get_if<Error>(&decision))
         throw Error(*error);
     if (const auto* make = std::get_if<TargetFolder::Make>(&decision)) {
         const FileItem made = request_.to->makeFolder(target.names.path(), make->name, call_);
         ++outcome_.folders;
-        noteMade(scanned, made.path, make->name);
-        Folder inside{{made.path, request_.to->nameRules(made.path), dateStep_}, below(make->name)};
+        name = make->name;
+        noteMade(scanned, made.path, name);
+        Folder inside{{made.path, request_.to->nameRules(made.path), dateStep_}, below(name)};
         copyInto(scanned.content, inside);
     } else if (const auto* merge = std::get_if<TargetFolder::Merge>(&decision)) {
-        Folder inside =
-            openTarget(merge->existing.path, below(merge->existing.name), namesOf(scanned.content));
-        noteMade(scanned, merge->existing.path, merge->existing.name);
+        name = merge->existing.name;
+        Folder inside = openTarget(merge->existing.path, below(name), namesOf(scanned.content));
+        noteMade(scanned, merge->existing.path, name);
         copyInto(scanned.content, inside);
     } else {
         ++outcome_.alreadyThere;
@@ -227,7 +233,7 @@ void TreeCopy::copyFolder(const ScannedItem& scanned, Folder& target) {
         return;
     }
     if (request_.removesSource)
-        removeSource(item);
+        removeSource(scanned, target, name);
 }
 
 void TreeCopy::copyFileTo(const ScannedItem& scanned, Folder& target, Together& together) {
@@ -235,7 +241,9 @@ void TreeCopy::copyFileTo(const ScannedItem& scanned, Folder& target, Together& 
     const TargetFolder::Decision decision = place(item, target.names);
     if (const auto* error = std::get_if<Error>(&decision))
         throw Error(*error);
-    if (std::holds_alternative<TargetFolder::Stay>(decision)) {
+    if (const auto* stay = std::get_if<TargetFolder::Stay>(&decision)) {
+        if (request_.removesSource && stay->same)
+            finishMove(scanned, target, *stay->same);
         ++outcome_.alreadyThere;
         --progress_.totalFiles;
         progress_.totalBytes -= std::max<qint64>(item.item.size, 0);
@@ -256,7 +264,7 @@ void TreeCopy::copyFileTo(const ScannedItem& scanned, Folder& target, Together& 
              replace != nullptr ? std::optional(replace->existing) : std::nullopt);
     noteMade(scanned, joinPath(target.names.path(), name), name);
     if (request_.removesSource)
-        removeSource(item);
+        removeSource(scanned, target, name);
 }
 
 /// A look at a file here costs nothing; at a phone it is one more request a file.
@@ -314,8 +322,20 @@ void TreeCopy::noteCopied(const CopyItem& item, const FileItem& made, const QByt
         *room_ -= std::min(*room_, static_cast<std::uint64_t>(announced));
 }
 
-/// Takes away what was copied, when it still is what was copied; a folder only when it is empty.
-void TreeCopy::removeSource(const CopyItem& item) {
+/// Something like it is there: an earlier run brought it, and did not get to its source.
+void TreeCopy::finishMove(const ScannedItem& scanned, const Folder& target,
+                          const FileItem& brought) {
+    if (!haveSameContent(*request_.from, scanned.item.item, *request_.to, brought, call_))
+        throw request_.to->queue() ? Error(PhoneError::taken, {brought.name})
+                                   : Error(LocalError::taken, {brought.path});
+    noteMade(scanned, brought.path, brought.name);
+    removeSource(scanned, target, brought.name);
+}
+
+/// Takes away what was copied to `name`, when it still is what was copied; a folder only when it is
+/// empty.
+void TreeCopy::removeSource(const ScannedItem& scanned, const Folder& target, const QString& name) {
+    const CopyItem& item = scanned.item;
     PhoneFileSystem& from = *request_.from;
     try {
         const auto now = from.find(item.item.path, call_);
@@ -323,12 +343,14 @@ void TreeCopy::removeSource(const CopyItem& item) {
             (!now->isDirectory && !isAsSeen(item.item, *now)))
             throw changedError(from, item.item.path);
         from.remove(*now, call_);
+        if (scanned.asked)
+            moved_.insert(*scanned.asked);
     } catch (const Error& error) {
         if (endsCopy(error))
             throw;
         // What keeps a folder from going was left out, and is named already.
         if (!error.is(PhoneError::folderNotEmpty) && !error.is(LocalError::folderNotEmpty))
-            outcome_.leftOut.push_back({item, error});
+            outcome_.leftOut.push_back({{item.item, name, target.below, true}, error});
     }
 }
 

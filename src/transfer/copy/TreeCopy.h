@@ -11,6 +11,7 @@
 
 #include <memory>
 #include <optional>
+#include <set>
 
 namespace tessary {
 
@@ -69,7 +70,8 @@ private:
     void noteCopied(const CopyItem& item, const FileItem& made, const QByteArray& sha256);
     void transfer(const CopyItem& item, const QString& folder, const QString& name,
                   const std::optional<FileItem>& replaces);
-    void removeSource(const CopyItem& item);
+    void finishMove(const ScannedItem& scanned, const Folder& target, const FileItem& brought);
+    void removeSource(const ScannedItem& scanned, const Folder& target, const QString& name);
     [[nodiscard]] Folder openTarget(const QString& path, const QString& below,
                                     const QStringList& awaited);
     [[nodiscard]] TargetFolder::Decision place(const CopyItem& item, TargetFolder& target);
@@ -88,6 +90,7 @@ private:
     std::optional<std::uint64_t> room_; ///< bytes at the target, by our own count
     TransferProgress progress_;
     CopyOutcome outcome_;
+    std::set<std::size_t> moved_; ///< of what was asked for: its source is gone
 };
 
 } // namespace tessary

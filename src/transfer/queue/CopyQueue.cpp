@@ -228,7 +228,7 @@ void CopyQueue::takeOutcome(const QUuid& id, const std::shared_ptr<Work>& work,
     // What goes on later knows what is there already.
     if (end == CopyOutcome::End::incomplete) {
         goOnWithLeftOut(work->request, job->leftOut);
-    } else if (!outcome.items.empty()) {
+    } else {
         work->request.items = std::move(outcome.items);
         work->request.skipsSame = true;
     }
