@@ -208,6 +208,27 @@ TEST(SmallFilesTogether, whatDoesNotGoThatWayGoesAloneAndSaysWhy) {
     EXPECT_EQ(target.contents(), expected);
 }
 
+TEST(SmallFilesTogether, whatArrivedBeforeTheCableWentIsCounted) {
+    std::set<qint64> counts;
+    for (int lostAt = 1; lostAt < 25; ++lostAt) {
+        SCOPED_TRACE(lostAt);
+        MemorySide source(
+            {.capabilities = {.readsTogether = true}, .queue = std::make_shared<PhoneQueue>()});
+        MemorySide target({.identity = s("target"), .queue = std::make_shared<PhoneQueue>()});
+        source.fill({{s("a"), "1"}, {s("b"), "2"}, {s("c"), "3"}, {s("d"), "4"}}, noon);
+        target.memory->loseLink(lostAt);
+        const CopyOutcome outcome = run(requestFor(source, target, ClashAnswer::skip));
+        QStringList named;
+        for (const QString& name : target.contents().keys())
+            if (!isPartName(name))
+                named << target.at(name);
+        EXPECT_EQ(outcome.files, named.size());
+        EXPECT_EQ(outcome.made, named);
+        counts.insert(outcome.files);
+    }
+    EXPECT_THAT(counts, ElementsAre(0, 1, 2, 3, 4));
+}
+
 /// A copy that broke off goes on under the names that it gave, and what was left out alone.
 TEST(TreeCopyAgain, goesOnWhereItBrokeOff) {
     DiskSide source;

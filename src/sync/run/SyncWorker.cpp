@@ -193,14 +193,23 @@ void SyncWorker::carryOutTogether(std::span<const Action> actions) {
     SyncSide& to = transfer_.side(toDevice);
     progress_.beginFile(toDevice ? QStringLiteral("Uploading") : QStringLiteral("Downloading"),
                         actions.front().relativePath);
-    std::vector<std::optional<FileItem>> made(actions.size());
+    std::vector<bool> isMade(actions.size());
+    const auto note = [&](std::size_t n, const FileItem& made) {
+        isMade[n] = true;
+        const SyncFile arrived = syncFileOf(made);
+        report_.transferredBytes = addByteCounts(report_.transferredBytes, arrived.size);
+        if (toDevice)
+            sent_.insert_or_assign(actions[n].relativePath, arrived);
+        noteTransfer(actions[n], arrived);
+        progress_.endFile(actions[n].bytes());
+    };
     try {
         SmallFiles files;
         for (const Action& action : actions)
             files.add({from.itemOf(action.relativePath, toDevice ? *action.local : *action.device),
                        lastComponent(action.relativePath)});
         const QString folder = to.makeFoldersAbove(actions.front().relativePath, transfer_.call());
-        made = files.copy(from.files(), to.files(), folder, true, byteProgress(), transfer_.call());
+        files.copy(from.files(), to.files(), folder, true, note, byteProgress(), transfer_.call());
     } catch (const Error& error) {
         if (endsCopy(error)) {
             for (const Action& action : actions)
@@ -213,18 +222,8 @@ void SyncWorker::carryOutTogether(std::span<const Action> actions) {
             keepRecord(action);
         throw;
     }
-    for (std::size_t n = 0; n < actions.size(); ++n) {
-        if (!made[n])
-            continue;
-        const SyncFile arrived = syncFileOf(*made[n]);
-        report_.transferredBytes = addByteCounts(report_.transferredBytes, arrived.size);
-        if (toDevice)
-            sent_.insert_or_assign(actions[n].relativePath, arrived);
-        noteTransfer(actions[n], arrived);
-        progress_.endFile(actions[n].bytes());
-    }
     for (std::size_t n = 0; n < actions.size(); ++n)
-        if (!made[n])
+        if (!isMade[n])
             carryOut(actions[n]);
 }
 

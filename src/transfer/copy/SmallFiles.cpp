@@ -87,11 +87,9 @@ std::optional<FileItem> SmallFiles::put(PhoneFileSystem& to, const QString& fold
     }
 }
 
-std::vector<std::optional<FileItem>> SmallFiles::copy(PhoneFileSystem& from, PhoneFileSystem& to,
-                                                      const QString& folder, bool checksSource,
-                                                      const ByteProgress& progress,
-                                                      const Call& call) const {
-    std::vector<std::optional<FileItem>> made(files_.size());
+void SmallFiles::copy(PhoneFileSystem& from, PhoneFileSystem& to, const QString& folder,
+                      bool checksSource, const Made& made, const ByteProgress& progress,
+                      const Call& call) const {
     std::vector<SmallFile> sent;
     std::vector<std::size_t> places; // in files_, of those that are sent
     std::vector<std::optional<QByteArray>> read = contents(from, call);
@@ -105,26 +103,26 @@ std::vector<std::optional<FileItem>> SmallFiles::copy(PhoneFileSystem& from, Pho
         return !checksSource || isUnchanged(from, files_[places[n]].file, call);
     };
     if (!to.capabilities(call).writesTogether) {
-        qint64 done = 0;
         for (std::size_t n = 0; n < sent.size(); ++n) {
             throwIfStopped(call.stop);
             if (!isWanted(n))
                 continue;
-            made[places[n]] = put(to, folder, sent[n], call);
-            progress(done += sent[n].content.size());
+            if (const auto file = put(to, folder, sent[n], call))
+                made(places[n], *file);
         }
-        return made;
+        return;
     }
+    std::vector<std::optional<FileItem>> results;
     try {
-        auto results = to.writeTogether(folder, sent, isWanted, progress, call);
-        for (std::size_t n = 0; n < results.size(); ++n)
-            made[places[n]] = std::move(results[n]);
+        results = to.writeTogether(folder, sent, isWanted, progress, call);
     } catch (const Error& error) {
         if (endsEverything(error))
             throw;
         DiagnosticsLogger::shared().transfer.standard("files go one by one: %s", {error.logText()});
     }
-    return made;
+    for (std::size_t n = 0; n < results.size(); ++n)
+        if (results[n])
+            made(places[n], *results[n]);
 }
 
 } // namespace tessary

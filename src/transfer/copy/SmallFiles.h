@@ -2,6 +2,7 @@
 
 #include "phone/PhoneFileSystem.h"
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -37,13 +38,16 @@ public:
         return files_;
     }
 
-    /// Copies all of them and says what has become of each; no value for one that is to be copied
-    /// alone, which tells why. A source that is not what was seen gets no name, as with copyFile(),
-    /// when `checksSource`. Throws CancellationError, what `progress` throws, and Error that
-    /// endsEverything().
-    [[nodiscard]] std::vector<std::optional<FileItem>>
-    copy(PhoneFileSystem& from, PhoneFileSystem& to, const QString& folder, bool checksSource,
-         const ByteProgress& progress, const Call& call) const;
+    /// One of them has its name; `n` is its place in all().
+    using Made = std::function<void(std::size_t n, const FileItem& file)>;
+
+    /// Copies all of them and tells `made` of each as soon as that is so, whatever comes after it.
+    /// One that it is not told of is to be copied alone, which says why it cannot. A source that is
+    /// not what was seen gets no name, as with copyFile(), when `checksSource`. `progress` counts
+    /// the bytes that are across of files without a name. Throws CancellationError, what the
+    /// callbacks throw, and Error that endsEverything().
+    void copy(PhoneFileSystem& from, PhoneFileSystem& to, const QString& folder, bool checksSource,
+              const Made& made, const ByteProgress& progress, const Call& call) const;
 
 private:
     [[nodiscard]] std::vector<std::optional<QByteArray>> contents(PhoneFileSystem& from,

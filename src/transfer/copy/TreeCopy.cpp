@@ -165,10 +165,19 @@ void TreeCopy::leaveOut(const ScannedItem& scanned, const QString& below, const 
 void TreeCopy::copyTogether(Together& together, const Folder& target) {
     const Together gathered = std::exchange(together, {});
     const std::vector<SmallFiles::One>& files = gathered.files.all();
-    std::vector<std::optional<FileItem>> made(files.size());
+    std::vector<bool> isMade(files.size());
+    const auto note = [&](std::size_t n) {
+        isMade[n] = true;
+        const QString& name = files[n].name;
+        noteMade(*gathered.scanned[n], joinPath(target.names.path(), name), name);
+    };
     if (files.size() > 1) {
-        made = gathered.files.copy(
+        gathered.files.copy(
             *request_.from, *request_.to, target.names.path(), checksSource(),
+            [&](std::size_t n, const FileItem& made) {
+                noteCopied(gathered.scanned[n]->item, made, {});
+                note(n);
+            },
             [this](qint64 done) {
                 progress_.currentFileBytes = done;
                 progress_.currentFileTotal = done;
@@ -179,19 +188,15 @@ void TreeCopy::copyTogether(Together& together, const Folder& target) {
         progress_.currentFileTotal = 0;
     }
     for (std::size_t n = 0; n < files.size(); ++n) {
+        if (isMade[n])
+            continue;
         const ScannedItem& scanned = *gathered.scanned[n];
-        const QString& name = files[n].name;
-        if (made[n])
-            noteCopied(scanned.item, *made[n], {});
-        else
-            attempt(scanned, target, [&] {
-                throwIfStopped(call_.stop);
-                requireRoom(target.names.path(), scanned.item.item.size);
-                transfer(scanned.item, target.names.path(), name, {});
-                made[n] = FileItem();
-            });
-        if (made[n])
-            noteMade(scanned, joinPath(target.names.path(), name), name);
+        attempt(scanned, target, [&] {
+            throwIfStopped(call_.stop);
+            requireRoom(target.names.path(), scanned.item.item.size);
+            transfer(scanned.item, target.names.path(), files[n].name, {});
+            note(n);
+        });
     }
 }
 
