@@ -166,6 +166,8 @@ public:
                               [this] {
                                   if (isDead)
                                       throw Killed();
+                                  if (flushError)
+                                      throw Error(*std::exchange(flushError, {}));
                                   flushed = users(false);
                               },
                               trash};
@@ -217,7 +219,8 @@ public:
     std::function<void(const MemoryFileSystem::Request&)> beforeCall;
     std::vector<SyncQuestion> questions;
     SyncProgress last;
-    MemoryTree flushed; ///< the computer's files at the last flush
+    MemoryTree flushed;              ///< the computer's files at the last flush
+    std::optional<Error> flushError; ///< the next flush fails with it
     qint64 clock = 1'700'000'000;
     int calls = 0;   ///< of either side, since the run began
     int killAt = -1; ///< the call that the program does not live to see

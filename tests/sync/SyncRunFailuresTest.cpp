@@ -291,6 +291,25 @@ TEST(SyncRunFailuresTest, movedFileStaysWhereTheRecordCannotBeStored) {
     EXPECT_THAT(report.skipped, Not(testing::IsEmpty()));
 }
 
+TEST(SyncRunFailuresTest, movedFilesThatMayNotBeOnTheDiskKeepTheirSources) {
+    MemoryPair pair;
+    pair.pair.syncMode = SyncMode::toMac;
+    pair.pair.moveFilesEnabled = true;
+    for (const char* name : {"a", "b", "c"})
+        pair.there(name, name);
+    pair.beforeCall = [&](const MemoryFileSystem::Request& request) {
+        if (request.operation == Operation::rename && request.other == u"c"_s)
+            pair.flushError = Error(LocalError::cannotWrite, {MemoryPair::localRoot, u"EIO"_s});
+    };
+    const SyncReport report = pair.run();
+    EXPECT_EQ(paths(report.skipped), u"a b c"_s);
+    EXPECT_THAT(report.items, IsEmpty());
+    EXPECT_EQ(pair.thereContents(), "a=a b=b c=c");
+    pair.beforeCall = nullptr;
+    EXPECT_EQ(pair.goodRun().items.size(), 3U);
+    EXPECT_EQ(pair.thereContents(), "");
+}
+
 TEST(SyncRunFailuresTest, runsOfOneUserWaitForEachOther) {
     const TemporaryFolder folder;
     const QString file = folder.path(u"runs.lock"_s);

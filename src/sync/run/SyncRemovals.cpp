@@ -53,7 +53,15 @@ void SyncRemovals::prepare(std::vector<Moved>& moved) {
 void SyncRemovals::removeSources() {
     std::vector<Moved> moved = std::exchange(moved_, {});
     movedBytes_ = 0;
-    prepare(moved);
+    try {
+        prepare(moved);
+    } catch (const Error& error) {
+        for (const Moved& one : moved)
+            report_.skipped.push_back({one.path, whySkipped(error, one.path)});
+        if (endsCopy(error))
+            throw;
+        return;
+    }
     for (const Moved& one : moved) {
         throwIfStopped(transfer_.call().stop);
         try {
