@@ -249,6 +249,29 @@ TEST(SyncRunTest, replacedAndDeletedFilesGoToTheTrash) {
     EXPECT_THAT(trashed, UnorderedElementsAre(u"old"_s, u"unwanted"_s));
     EXPECT_EQ(pair.hereContents(), "a=newer");
     pair.expectQuietRun();
+    // Whenever the program dies, the newer one is not lost with the older one in the trash.
+    pair.there("a", "newest");
+    pair.trash = [&](const QString& path) {
+        pair.local().removeQuietly(path);
+        return pair.isDead = true;
+    };
+    EXPECT_THROW((void)pair.run(), Killed);
+    pair.isDead = false;
+    pair.device().removeQuietly(MemoryPair::path(true, u"a"_s));
+    pair.keepAll();
+    (void)pair.goodRun();
+    EXPECT_EQ(pair.hereContents(), "a=newest");
+}
+
+TEST(SyncRunTest, withoutATrashAReplacedFileIsThereAllTheTime) {
+    MemoryPair pair;
+    pair.trash = [](const QString&) { return false; };
+    pair.here("a", "old");
+    (void)pair.goodRun();
+    pair.there("a", "newer");
+    pair.beforeCall = [&](const auto&) { EXPECT_TRUE(pair.users(false).contains(u"a"_s)); };
+    (void)pair.goodRun();
+    EXPECT_EQ(pair.hereContents(), "a=newer");
 }
 
 } // namespace

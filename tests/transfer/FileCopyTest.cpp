@@ -1,5 +1,6 @@
 #include "transfer/copy/FileCopy.h"
 
+#include "support/CodeOf.h"
 #include "support/QtPrinters.h"
 #include "transfer/CopySides.h"
 #include "transfer/copy/FileStream.h"
@@ -79,6 +80,15 @@ TEST(FileCopies, aWayThatCannotRenameGetsNewFilesOnly) {
     EXPECT_THROW(copyFile(copy, {}, {}), Error);
     EXPECT_EQ(target.content(s("/t")), "old");
     EXPECT_EQ(target.count(Operation::write), 1);
+}
+
+TEST(FileCopies, nothingIsReadOfWhatTheTargetCannotHold) {
+    MemoryFileSystem source;
+    MemoryFileSystem target({.capabilities = {.largestFile = 99}});
+    source.addFile(s("/s"), QByteArray(100, 's'), noon);
+    const FileCopy copy{source, source.item(s("/s")), target, s("/"), s("t")};
+    EXPECT_EQ(codeOf([&] { (void)copyFile(copy, {}, {}); }), "tooLarge");
+    EXPECT_EQ(source.count(Operation::read), 0);
 }
 
 TEST(FileCopies, whatArrivedWrongIsFoundByComparing) {

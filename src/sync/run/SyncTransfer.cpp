@@ -5,7 +5,6 @@
 #include "sync/plan/SyncError.h"
 #include "transfer/copy/CopyErrors.h"
 #include "transfer/copy/FileCopy.h"
-#include "transfer/copy/FileStream.h"
 
 #include <algorithm>
 
@@ -23,37 +22,14 @@ FileItem SyncTransfer::copy(const Copy& copy, const ByteProgress& progress) {
     std::optional<FileItem> replaced;
     if (copy.replaced != nullptr)
         replaced = to.itemOf(copy.newPath, *copy.replaced);
-    if (replaced && !copy.toDevice && computer_.trash)
-        return replaceThroughTrash(source, folder, *replaced, progress);
     return copyFile({.from = from.files(),
                      .file = source,
                      .to = to.files(),
                      .folder = folder,
                      .name = lastComponent(copy.newPath),
-                     .replaces = std::move(replaced)},
+                     .replaces = std::move(replaced),
+                     .trash = copy.toDevice ? nullptr : computer_.trash},
                     progress, call_);
-}
-
-/// The old file goes to the trash once the new one is here whole, right before it takes the name.
-FileItem SyncTransfer::replaceThroughTrash(const FileItem& source, const QString& folder,
-                                           const FileItem& replaced, const ByteProgress& progress) {
-    FileStream stream(device_.files(), source, FileStream::Way::ahead, FileStream::slack, call_);
-    const auto check = [this](SyncSide& where, const FileItem& seen) {
-        const auto now = where.files().find(seen.path, call_);
-        if (!now || !isAsSeen(seen, *now))
-            throw changedError(where.files(), seen.path);
-    };
-    const auto makeRoom = [&](const FileItem&) {
-        check(device_, source);
-        check(local_, replaced);
-        if (!computer_.trash(replaced.path))
-            local_.files().remove(replaced, call_);
-    };
-    return putFile(
-        local_.files(),
-        {folder, replaced.name, std::max<qint64>(source.size, 0), source.modifiedDate, {}},
-        [&stream](std::span<std::byte> into) { return stream.read(into); }, makeRoom, progress,
-        call_);
 }
 
 FileItem SyncTransfer::setAside(bool onDevice, const QString& path, const SyncFile& seen,

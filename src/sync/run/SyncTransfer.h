@@ -40,9 +40,6 @@ public:
     bool remove(bool onDevice, const QString& path, const SyncFile& seen, bool intoTrash);
 
 private:
-    FileItem replaceThroughTrash(const FileItem& source, const QString& folder,
-                                 const FileItem& replaced, const ByteProgress& progress);
-
     SyncSide& local_;
     SyncSide& device_;
     const SyncComputer& computer_;

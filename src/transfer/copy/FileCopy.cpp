@@ -75,17 +75,25 @@ FileItem giveName(PhoneFileSystem& to, const FilePut& put, bool renamesOntoTaken
         return named;
     }
     const FileItem old = lookAgain(to, put.folder, *put.replaces, call);
-    if (renamesOntoTaken) {
+    const auto replaceAtOnce = [&] {
         FileItem named = to.rename(part.item(), put.name, TakenName::replaced, call);
         part.keep();
         return named;
-    }
+    };
+    if (renamesOntoTaken && !put.trash)
+        return replaceAtOnce();
     const QString waiting = waitingName(to.nameRules(put.folder), put.name);
     const PartInUse use(waiting);
     part.setItem(to.rename(part.item(), waiting, TakenName::refused, call));
     // Nothing is cancelled between the removal and the new name.
     const Call whole{{}, call.urgency};
     throwIfStopped(call.stop);
+    if (put.trash && put.trash(old.path)) {
+        part.keep();
+        return to.rename(part.item(), put.name, TakenName::refused, whole);
+    }
+    if (renamesOntoTaken)
+        return replaceAtOnce();
     try {
         to.remove(old, whole);
     } catch (const Error& error) {
@@ -175,10 +183,10 @@ struct Resumption {
     qint64 keptBytes = 0;
 };
 
-std::optional<Resumption> resumptionOf(const FileCopy& copy, const Call& call) {
+std::optional<Resumption> resumptionOf(const FileCopy& copy, const FileSystemCapabilities& can,
+                                       const Call& call) {
     if (copy.file.size < resumableFrom || !copy.file.modifiedDate)
         return std::nullopt;
-    const FileSystemCapabilities can = copy.to.capabilities(call);
     if (!can.appends || copy.file.size < can.appendsFrom ||
         !copy.from.capabilities(call).readsRanges)
         return std::nullopt;
@@ -219,9 +227,13 @@ FileItem putFile(PhoneFileSystem& to, const FilePut& put, const ByteSource& cont
 }
 
 FileItem copyFile(const FileCopy& copy, const ByteProgress& progress, const Call& call) {
-    FilePut put{copy.folder, copy.name, std::max<qint64>(copy.file.size, 0), copy.file.modifiedDate,
-                copy.replaces};
-    if (const auto resumption = resumptionOf(copy, call)) {
+    const FileSystemCapabilities can = copy.to.capabilities(call);
+    if (can.largestFile > 0 && copy.file.size > can.largestFile)
+        throw Error(PhoneError::tooLarge, {copy.file.path});
+    FilePut put{
+        copy.folder,   copy.name, std::max<qint64>(copy.file.size, 0), copy.file.modifiedDate,
+        copy.replaces, copy.trash};
+    if (const auto resumption = resumptionOf(copy, can, call)) {
         put.partName = resumption->partName;
         put.begun = resumption->begun;
         put.keptBytes = resumption->keptBytes;

@@ -2,6 +2,7 @@
 
 #include "phone/PhoneFileSystem.h"
 
+#include <functional>
 #include <optional>
 
 namespace tessary {
@@ -14,6 +15,9 @@ struct FilePut {
     std::optional<QDateTime> modified;
     /// What has the name, as it was seen, and is to be replaced; no value: the name is free.
     std::optional<FileItem> replaces;
+    /// Takes what is replaced, by its path, to where the user finds it again; false where there is
+    /// no such place, and it just goes. May be empty.
+    std::function<bool(const QString& path)> trash{};
     /// What the file is called until it is whole; no value: a name of its own.
     std::optional<QString> partName{};
     /// An earlier part of that name, whose first bytes are kept and not in `content`.
@@ -43,6 +47,7 @@ struct FileCopy {
     QString folder{};
     QString name{};
     std::optional<FileItem> replaces{};
+    std::function<bool(const QString& path)> trash{}; ///< as in FilePut
     /// The source is looked at again before the copy gets its name: PhoneError::changed (or
     /// LocalError::changed) when it is not what was seen.
     bool checksSource = true;
@@ -57,7 +62,8 @@ struct FileCopy {
 inline constexpr qint64 resumableFrom = qint64{4} * 1024 * 1024;
 
 /// Copies one file as putFile() does, with its date. Bytes that came and were not announced are
-/// PhoneError::wrongSize. Returns the copy as the target shows it.
+/// PhoneError::wrongSize; of a file that is larger than the target takes nothing is read. Returns
+/// the copy as the target shows it.
 FileItem copyFile(const FileCopy& copy, const ByteProgress& progress, const Call& call);
 
 /// Compares two files whole, by hash where a side works that out.
