@@ -80,6 +80,20 @@ TEST_F(MTPPieceWriterTest, dateIsKeptWhereThePhoneLetsItBeSet) {
     EXPECT_EQ(writeLarge().modifiedDate, date);
 }
 
+TEST_F(MTPPieceWriterTest, whatWasOnItsWayIsNotSentAgainFromFurtherOn) {
+    bool wasOut = false;
+    EXPECT_EQ(codeOf([&] {
+                  writeLarge([&](qint64 done) {
+                      if (done > 2 * MTPPieceWriter::pieceSize && !std::exchange(wasOut, true))
+                          replug();
+                  });
+              }),
+              "unplugged");
+    const QByteArray begun = phone().content(u"DCIM/video.part"_s);
+    EXPECT_GE(begun.size(), 2 * MTPPieceWriter::pieceSize);
+    EXPECT_TRUE(begun == contentOf(0, begun.size()));
+}
+
 class MTPLyingPhoneTest : public MTPPieceWriterTest,
                           public testing::WithParamInterface<MTPOperationCode> {};
 

@@ -297,6 +297,7 @@ std::uint32_t MTPClient::sendObject(MTPObjectInfo object, const MTPDataSource& s
     const std::scoped_lock lock(mutex_);
     // A transfer that fails before its first bytes has not begun: a device may miss a cancellation
     // that comes before data does.
+    drawn_ += size > 0 ? 1 : 0;
     Bytes first = firstPiece(source, size);
     throwIfStopped(options.stop);
     const MTPDataSource whole = [&](std::span<std::byte> buffer) {
@@ -316,6 +317,7 @@ std::uint32_t MTPClient::sendObject(MTPObjectInfo object, const MTPDataSource& s
 void MTPClient::sendPartialObject(std::uint32_t handle, std::uint64_t offset, std::uint32_t size,
                                   const MTPDataSource& source, const MTPStreamOptions& options) {
     const std::scoped_lock lock(mutex_);
+    drawn_ += size > 0 ? 1 : 0;
     Bytes first = firstPiece(source, size);
     throwIfStopped(options.stop);
     const MTPDataSource whole = [&](std::span<std::byte> buffer) {

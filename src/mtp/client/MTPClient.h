@@ -2,6 +2,7 @@
 
 #include "mtp/client/MTPSession.h"
 
+#include <atomic>
 #include <mutex>
 #include <vector>
 
@@ -33,9 +34,10 @@ public:
     [[nodiscard]] std::uint64_t asked() const {
         return session_.asked();
     }
-    /// How often the device has answered so far.
-    [[nodiscard]] std::uint64_t answered() const {
-        return session_.answered();
+    /// How often the device has answered so far, or content was taken from a source: a call since
+    /// which this has not changed has done nothing, and may be made again.
+    [[nodiscard]] std::uint64_t proceeded() const {
+        return session_.answered() + drawn_;
     }
     /// Closes session and transport. Whatever the device answers, or does not, is ignored.
     void closeSession();
@@ -119,6 +121,7 @@ private:
 
     mutable std::mutex mutex_; ///< held during each call; guards everything below
     MTPSession session_;
+    std::atomic<std::uint64_t> drawn_ = 0; ///< sources that something was taken from
     bool objectSizeSupported_ = true;
 };
 

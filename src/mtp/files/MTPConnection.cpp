@@ -41,7 +41,7 @@ MTPTree& MTPConnection::ready(const std::stop_token& stop, Start& start) {
     start.isReused = tree_ != nullptr;
     if (!tree_)
         openSession(stop);
-    start.answered = tree_->client().answered();
+    start.proceeded = tree_->client().proceeded();
     tree_->client().setStop(stop);
     if (const std::uint64_t edits = queue_->edits(); edits != edits_) {
         tree_->doubt();
@@ -56,7 +56,7 @@ void MTPConnection::failed(const MTPTransportError& failure, const QString& path
                            const Start& start) {
     // The cable may have been out and in again since the last call: nothing is done yet then.
     const bool isStale =
-        start.isReused && failure.isDeviceGone() && tree_->client().answered() == start.answered;
+        start.isReused && failure.isDeviceGone() && tree_->client().proceeded() == start.proceeded;
     Error error = translated(failure, path);
     // One object that cannot be had does not end a copy; two in a row are the phone's fault.
     const bool isOne = tree_ && isBrokenData(failure) && ++brokenInRow_ < 2;

@@ -75,7 +75,7 @@ private:
     /// How it was when a call began.
     struct Start {
         bool isReused = false;
-        std::uint64_t answered = 0;
+        std::uint64_t proceeded = 0;
     };
 
     [[nodiscard]] PhoneQueue::Turn takeTurn(const Call& call);
