@@ -25,10 +25,15 @@ public:
 
     std::size_t read(std::span<std::byte> to, const Wait& wait) override {
         while (said_.empty()) {
-            Bytes bytes(to.size());
-            bytes.resize(stream_->read(bytes, wait));
+            // What goes on for ever needs nothing to begin with.
+            auto said = lie_(served_, {});
+            Bytes bytes;
+            if (said && said->empty()) {
+                bytes.resize(to.size());
+                bytes.resize(stream_->read(bytes, wait));
+                said = lie_(served_, bytes);
+            }
             const bool isOver = bytes.empty();
-            auto said = lie_(served_, bytes);
             served_ += bytes.size();
             if (!said)
                 awaitStop(wait);
@@ -70,16 +75,18 @@ class LyingPhone final : public ADBConnection {
 public:
     explicit LyingPhone(std::shared_ptr<ADBConnection> phone) : phone_(std::move(phone)) {}
 
-    /// For the streams that are open as well; null: the truth.
-    void setLie(Lie lie) {
+    /// For the streams that are open as well, to services of this kind; null: the truth.
+    void setLie(Lie lie, const char* service = "") {
         const std::scoped_lock lock(mutex_);
         lie_ = std::move(lie);
+        service_ = service;
     }
     std::unique_ptr<ADBStream> open(const QByteArray& service, const Wait& wait) override {
         return std::make_unique<LyingStream>(
-            phone_->open(service, wait), [this](std::uint64_t served, Bytes bytes) {
+            phone_->open(service, wait), [this, service](std::uint64_t served, Bytes bytes) {
                 const std::scoped_lock lock(mutex_);
-                return lie_ ? lie_(served, std::move(bytes)) : std::optional(std::move(bytes));
+                return lie_ && service.startsWith(service_) ? lie_(served, std::move(bytes))
+                                                            : std::optional(std::move(bytes));
             });
     }
     QByteArrayList features(const Wait& wait) override {
@@ -92,7 +99,8 @@ public:
 private:
     const std::shared_ptr<ADBConnection> phone_;
     std::mutex mutex_;
-    Lie lie_; ///< guarded by mutex_
+    Lie lie_;            ///< guarded by mutex_
+    QByteArray service_; ///< guarded by mutex_
 };
 
 Bytes repeated(const Bytes& one, std::size_t count) {
@@ -186,6 +194,41 @@ TEST_P(HostileADBTest, everyLieIsBoundedAndForgiven) {
             expectBoundedUnder(lie, use);
             expectUsableAgain();
         }
+}
+
+/// Shell packets of this kind with so many bytes, for ever.
+Lie endlessPackets(std::byte kind, std::uint8_t length) {
+    Bytes packet{kind, std::byte{length}, {}, {}, {}};
+    packet.resize(packet.size() + length);
+    return [=](std::uint64_t, Bytes) { return repeated(packet, 60'000 / packet.size()); };
+}
+
+TEST_P(HostileADBTest, whatNeverEndsIsGivenUpThoughNobodyStopsIt) {
+    const auto list = [&] { (void)listAll(*lying_, u"/sdcard/D"_s, {}); };
+    const auto free = [&] { (void)lying_->freeBytes(u"/sdcard/D"_s, {}); };
+    const auto read = [&] {
+        const FileItem large{u"a.jpg"_s, u"/sdcard/D/a.jpg"_s, false, qint64{1} << 30, {}};
+        lying_->read(large, {100, 200}, [](ByteView) {}, {});
+    };
+    const struct {
+        const char* name;
+        std::function<void()> work;
+        const char* service; ///< that is lied about
+        Lie lie;
+    } rows[] = {
+        {"one entry", list, "sync:", endless("DNT2", 77)},
+        {"empty packets", free, "shell", endlessPackets(std::byte{1}, 0)},
+        {"packets of no kind", free, "shell", endlessPackets(std::byte{9}, 200)},
+        {"empty packets of a file", read, "shell", endlessPackets(std::byte{1}, 0)},
+        {"packets of no kind in a file", read, "shell", endlessPackets(std::byte{9}, 200)},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        row.work(); // the streams are open
+        phone_->setLie(row.lie, row.service);
+        EXPECT_EQ(codeOf(row.work), "nonsense");
+        expectUsableAgain();
+    }
 }
 
 TEST_P(HostileADBTest, anyByteMayBeAnotherAndTheAnswerMayEndAtIt) {

@@ -16,8 +16,6 @@ namespace tessary {
 namespace {
 
 constexpr std::size_t rowsAtOnce = 512;
-/// More entries than any phone's folder: one that goes on beyond that never ends.
-constexpr std::size_t mostEntries = 4'000'000;
 
 /// Collects rows and hands them over in pieces.
 class Rows {
@@ -107,8 +105,6 @@ void listADBFolder(ADBSession& session, const QString& folder, const ListingRece
         names.insert(bytes);
         if (names.size() == before)
             return;
-        if (static_cast<std::size_t>(before) >= mostEntries)
-            throw Error(PhoneError::listingBroken, {folder});
         const QString name = QString::fromUtf8(bytes);
         const QString place = joinPath(folder, name);
         if (!bytes.isValidUtf8())

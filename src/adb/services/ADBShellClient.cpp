@@ -42,6 +42,7 @@ ADBCommandResult ADBShellClient::stream(const QByteArray& line,
     const auto service = connection_.open("shell,v2,raw:" + line, wait);
     ADBReader reader(*service);
     ADBCommandResult result;
+    ADBPassedOver passedOver;
     for (;;) {
         auto [kind, left] = ADBShellPacket::take(reader, wait);
         if (kind == ADBShellPacket::exitStatus) {
@@ -50,13 +51,17 @@ ADBCommandResult ADBShellClient::stream(const QByteArray& line,
             result.status = std::to_integer<int>(reader.take(1, wait)[0]);
             return result;
         }
+        if (left == 0)
+            passedOver.add(0);
         while (left > 0) {
             const ByteView piece = reader.takeSome(left, wait);
             left -= static_cast<std::uint32_t>(piece.size());
-            if (kind == ADBShellPacket::standardOutput && !output(piece))
-                return result;
             if (kind == ADBShellPacket::standardError)
                 appendOutput(result.errors, piece, errorsLimit);
+            else if (kind != ADBShellPacket::standardOutput)
+                passedOver.add(piece.size());
+            else if (!output(piece))
+                return result;
         }
     }
 }

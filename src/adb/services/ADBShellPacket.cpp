@@ -19,6 +19,10 @@ Bytes ADBShellPacket::input(const QByteArray& text) {
     return packet;
 }
 
+void ADBPassedOver::throwEndless() {
+    throw Error(ADBError::nonsense, {QStringLiteral("packets without an end")});
+}
+
 void appendOutput(QByteArray& to, ByteView bytes, qsizetype most) {
     if (to.size() + static_cast<qsizetype>(bytes.size()) > most)
         throw Error(ADBError::nonsense, {QStringLiteral("a command's endless output")});

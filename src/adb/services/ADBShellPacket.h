@@ -24,6 +24,24 @@ struct ADBShellPacket {
     [[nodiscard]] static Bytes input(const QByteArray& text);
 };
 
+/// What a phone sends that means nothing here, an empty packet too, is passed over; so much of it
+/// that it may never end is ADBError::nonsense.
+class ADBPassedOver {
+public:
+    void add(std::size_t bytes) {
+        bytes_ += bytes + 1;
+        if (bytes_ > most)
+            throwEndless();
+    }
+
+private:
+    static constexpr std::size_t most = std::size_t{1} << 20;
+
+    [[noreturn]] static void throwEndless();
+
+    std::size_t bytes_ = 0;
+};
+
 /// Adds what a command prints; more than `most` bytes are ADBError::nonsense.
 void appendOutput(QByteArray& to, ByteView bytes, qsizetype most);
 

@@ -18,15 +18,20 @@ ADBCommandResult ADBShellSession::run(const QByteArray& command, const Wait& wai
     isSound_ = false;
     stream_->write(ADBShellPacket::input(command + " 2>&1; echo " + mark_ + "$?\n"), wait);
     ADBCommandResult result;
+    ADBPassedOver passedOver;
     for (;;) {
         auto [kind, left] = ADBShellPacket::take(reader_, wait);
         if (kind == ADBShellPacket::exitStatus)
             throw Error(ADBError::brokenOff, {QStringLiteral("the phone's shell has ended")});
+        if (left == 0)
+            passedOver.add(0);
         while (left > 0) {
             const ByteView piece = reader_.takeSome(left, wait);
             left -= static_cast<std::uint32_t>(piece.size());
             if (kind == ADBShellPacket::standardOutput)
                 appendOutput(result.output, piece, ADBShellClient::outputLimit);
+            else
+                passedOver.add(piece.size());
         }
         if (!result.output.endsWith('\n'))
             continue;

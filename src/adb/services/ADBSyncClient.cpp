@@ -110,6 +110,7 @@ void ADBSyncClient::list(const QByteArray& path,
     requirePath(path);
     beginRequest();
     stream_->write(Codec::request(features_.hasNewList ? lis2 : ADBSyncCommand::list, path), wait);
+    std::size_t entries = 0;
     for (;;) {
         const auto front = features_.hasNewList
                                ? Codec::newEntry(reader_.take(Codec::newEntrySize, wait))
@@ -118,6 +119,8 @@ void ADBSyncClient::list(const QByteArray& path,
             throwNonsense("an entry of a listing");
         if (front->isDone)
             break;
+        if (++entries > mostEntries)
+            throwNonsense("a listing without an end");
         const ByteView name = reader_.take(front->nameLength, wait);
         entry(front->facts, QByteArray(reinterpret_cast<const char*>(name.data()),
                                        static_cast<qsizetype>(name.size())));

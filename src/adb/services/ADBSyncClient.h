@@ -58,7 +58,7 @@ public:
 
     /// Hands the entries of a folder to `entry` in the phone's order, with "." and "..", links not
     /// followed. A folder that cannot be read has none. Names are hostile. Returns only when the
-    /// phone has said that this was all.
+    /// phone has said that this was all; more than mostEntries are ADBError::nonsense.
     void list(const QByteArray& path,
               const std::function<void(const ADBFacts& facts, QByteArray&& name)>& entry,
               const Wait& wait);
@@ -76,6 +76,9 @@ public:
                   const std::function<std::size_t(std::span<std::byte>)>& source,
                   std::uint32_t modified, const std::function<void(std::uint64_t)>& sent,
                   const Wait& wait);
+
+    /// No phone's folder has so many: one that goes on beyond that never ends.
+    static constexpr std::size_t mostEntries = 1'000'000;
 
     struct SmallFile {
         QByteArray path;
