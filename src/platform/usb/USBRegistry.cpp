@@ -1,48 +1,79 @@
 #include "platform/usb/USBRegistry.h"
 
+#include "base/local/FileHandle.h"
 #include "platform/usb/UdevPointers.h"
 
-#include <QDir>
-#include <QFile>
-
+#include <dirent.h>
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <array>
 
 namespace tessary {
 
 namespace {
 
-QString attribute(udev_device* device, const char* name) {
-    return QString::fromUtf8(udev_device_get_sysattr_value(device, name));
+constexpr const char* devicesFolder = "/sys/bus/usb/devices";
+
+struct CloseFolder {
+    void operator()(DIR* folder) const {
+        ::closedir(folder);
+    }
+};
+
+/// What a folder holds; nothing when it cannot be read.
+std::vector<QByteArray> namesIn(const QByteArray& path) {
+    std::vector<QByteArray> names;
+    const std::unique_ptr<DIR, CloseFolder> folder(::opendir(path.constData()));
+    while (const dirent* entry = folder ? ::readdir(folder.get()) : nullptr)
+        names.emplace_back(entry->d_name);
+    return names;
 }
 
-std::uint16_t hexAttribute(udev_device* device, const char* name) {
-    return attribute(device, name).toUShort(nullptr, 16);
+/// One of a device's attributes: a file of one line. Empty when there is none.
+QByteArray attribute(const QByteArray& folder, const char* name) {
+    std::array<char, 4096> text{};
+    const FileHandle file(::open((folder + '/' + name).constData(), O_RDONLY | O_CLOEXEC));
+    const ssize_t size = file.isOpen() ? ::read(file.get(), text.data(), text.size()) : 0;
+    return QByteArray(text.data(), std::max<ssize_t>(size, 0)).trimmed();
 }
 
-QString textOf(const QString& file) {
-    QFile opened(file);
-    return opened.open(QIODevice::ReadOnly) ? QString::fromUtf8(opened.readAll()).trimmed()
-                                            : QString();
+QString textOf(const QByteArray& folder, const char* name) {
+    return QString::fromUtf8(attribute(folder, name));
+}
+
+std::uint16_t hexOf(const QByteArray& folder, const char* name) {
+    return attribute(folder, name).toUShort(nullptr, 16);
 }
 
 /// The folders "1-4:1.0" below a device's.
-std::vector<USBInterfaceEntry> interfacesOf(const QByteArray& sysPath, const QString& location) {
+std::vector<USBInterfaceEntry> interfacesOf(const QByteArray& sysPath, const QByteArray& location) {
+    std::vector<QByteArray> names = namesIn(sysPath);
+    std::erase_if(names, [&](const QByteArray& name) { return !name.startsWith(location + ':'); });
+    std::ranges::sort(names);
     std::vector<USBInterfaceEntry> found;
-    const QDir device(QFile::decodeName(sysPath));
-    for (const QString& name :
-         device.entryList({location + QStringLiteral(":*")}, QDir::Dirs, QDir::Name)) {
-        const QString folder = device.filePath(name) + QLatin1Char('/');
+    for (const QByteArray& name : names) {
+        const QByteArray folder = sysPath + '/' + name;
         const auto number = [&](const char* attribute) {
-            return static_cast<std::uint8_t>(
-                textOf(folder + QLatin1String(attribute)).toUShort(nullptr, 16));
+            return static_cast<std::uint8_t>(hexOf(folder, attribute));
         };
         found.push_back({number("bInterfaceNumber"), number("bInterfaceClass"),
                          number("bInterfaceSubClass"), number("bInterfaceProtocol"),
-                         textOf(folder + QLatin1String("interface"))});
+                         textOf(folder, "interface")});
     }
     return found;
+}
+
+/// What udev's database calls the model of a device that does not tell.
+QString nameInDatabase(const QByteArray& sysPath) {
+    const std::scoped_lock lock(udevMutex());
+    const UdevPointer context(udev_new());
+    const UdevDevicePointer device(
+        context ? udev_device_new_from_syspath(context.get(), sysPath.constData()) : nullptr);
+    return QString::fromUtf8(
+        device ? udev_device_get_property_value(device.get(), "ID_MODEL_FROM_DATABASE") : nullptr);
 }
 
 /// 0 when there is no such folder.
@@ -51,58 +82,61 @@ std::uint64_t inodeOf(const QByteArray& path) {
     return ::stat(path.constData(), &facts) == 0 ? facts.st_ino : 0;
 }
 
+/// The folders of the attached devices themselves, not those of their interfaces.
+std::vector<QByteArray> deviceFolders() {
+    std::vector<QByteArray> found;
+    for (const QByteArray& name : namesIn(devicesFolder)) {
+        if (name.startsWith('.') || name.contains(':'))
+            continue;
+        // "../../../devices/pci0000:00/..."
+        std::array<char, 4096> target{};
+        const QByteArray link = QByteArray(devicesFolder) + '/' + name;
+        const ssize_t size = ::readlink(link.constData(), target.data(), target.size());
+        const QByteArray path(target.data(), std::max<ssize_t>(size, 0));
+        if (const auto at = path.indexOf("/devices/"); at >= 0)
+            found.push_back("/sys" + path.mid(at));
+    }
+    std::ranges::sort(found, {},
+                      [](const QByteArray& path) { return path.mid(path.lastIndexOf('/') + 1); });
+    return found;
+}
+
 } // namespace
 
-std::optional<USBRegistryEntry> USBRegistry::read(udev_device* device) {
-    const QByteArray type = udev_device_get_devtype(device);
+std::optional<USBRegistryEntry> USBRegistry::read(const QByteArray& sysPath) {
+    const QByteArray location = sysPath.mid(sysPath.lastIndexOf('/') + 1);
+    const auto bus = attribute(sysPath, "busnum");
+    const auto number = attribute(sysPath, "devnum");
     USBRegistryEntry found;
-    found.sysPath = udev_device_get_syspath(device);
-    found.node = udev_device_get_devnode(device);
+    found.sysPath = sysPath;
+    found.node = "/dev/bus/usb/" + bus.rightJustified(3, '0') + '/' + number.rightJustified(3, '0');
     USBDeviceEntry& entry = found.entry;
-    entry.id = inodeOf(found.sysPath);
-    if (type != "usb_device" || entry.id == 0 || found.node.isEmpty())
+    entry.id = inodeOf(sysPath);
+    if (entry.id == 0 || bus.isEmpty() || number.isEmpty())
         return std::nullopt;
-    entry.vendorID = hexAttribute(device, "idVendor");
-    entry.productID = hexAttribute(device, "idProduct");
-    entry.vendorName = attribute(device, "manufacturer");
-    entry.productName = attribute(device, "product");
-    entry.serialNumber = attribute(device, "serial");
-    entry.location = QString::fromUtf8(udev_device_get_sysname(device));
-    entry.interfaces = interfacesOf(found.sysPath, entry.location);
-    entry.registryName = entry.productName;
-    if (entry.registryName.isEmpty())
-        entry.registryName =
-            QString::fromUtf8(udev_device_get_property_value(device, "ID_MODEL_FROM_DATABASE"));
+    entry.vendorID = hexOf(sysPath, "idVendor");
+    entry.productID = hexOf(sysPath, "idProduct");
+    entry.vendorName = textOf(sysPath, "manufacturer");
+    entry.productName = textOf(sysPath, "product");
+    entry.serialNumber = textOf(sysPath, "serial");
+    entry.location = QString::fromUtf8(location);
+    entry.interfaces = interfacesOf(sysPath, location);
+    entry.registryName = entry.productName.isEmpty() ? nameInDatabase(sysPath) : entry.productName;
     return found;
 }
 
 std::vector<USBRegistryEntry> USBRegistry::scan() {
-    const std::scoped_lock lock(udevMutex());
     std::vector<USBRegistryEntry> found;
-    const UdevPointer context(udev_new());
-    const UdevEnumeratePointer enumeration(context ? udev_enumerate_new(context.get()) : nullptr);
-    if (!enumeration)
-        return found;
-    udev_enumerate_add_match_subsystem(enumeration.get(), "usb");
-    udev_enumerate_add_match_property(enumeration.get(), "DEVTYPE", "usb_device");
-    udev_enumerate_scan_devices(enumeration.get());
-    for (udev_list_entry* item = udev_enumerate_get_list_entry(enumeration.get()); item;
-         item = udev_list_entry_get_next(item)) {
-        const UdevDevicePointer device(
-            udev_device_new_from_syspath(context.get(), udev_list_entry_get_name(item)));
-        if (!device)
-            continue;
-        if (auto entry = read(device.get()))
+    for (const QByteArray& sysPath : deviceFolders())
+        if (auto entry = read(sysPath))
             found.push_back(std::move(*entry));
-    }
-    std::ranges::sort(found, {}, [](const USBRegistryEntry& one) { return one.entry.location; });
     return found;
 }
 
 std::optional<USBRegistryEntry> USBRegistry::find(std::uint64_t id) {
-    for (USBRegistryEntry& one : scan())
-        if (one.entry.id == id)
-            return std::move(one);
+    for (const QByteArray& sysPath : deviceFolders())
+        if (inodeOf(sysPath) == id)
+            return read(sysPath);
     return std::nullopt;
 }
 

@@ -4,8 +4,6 @@
 
 #include <QByteArray>
 
-#include <libudev.h>
-
 #include <optional>
 #include <vector>
 
@@ -18,8 +16,8 @@ struct USBRegistryEntry {
     QByteArray node;    ///< "/dev/bus/usb/BBB/DDD"
 };
 
-/// Reads the attached devices from sysfs, by way of libudev, without opening any. Stateless, thus
-/// thread-safe.
+/// Reads the attached devices from sysfs without opening any; libudev would read several times as
+/// much for the same, and is asked only where a device has no name. Stateless, thus thread-safe.
 ///
 /// The `id` of an entry is the inode number of its folder in sysfs. The kernel counts those up with
 /// every object that appears and does not use one again while it runs, so that an id that was kept
@@ -29,8 +27,8 @@ public:
     /// In order of location.
     [[nodiscard]] static std::vector<USBRegistryEntry> scan();
     [[nodiscard]] static std::optional<USBRegistryEntry> find(std::uint64_t id);
-    /// No value when the device is gone or isn't a whole USB device. The caller holds udevMutex().
-    [[nodiscard]] static std::optional<USBRegistryEntry> read(udev_device* device);
+    /// The device of a folder in sysfs. No value when it is gone, or isn't a whole USB device.
+    [[nodiscard]] static std::optional<USBRegistryEntry> read(const QByteArray& sysPath);
     /// Whether the entry's folder is still the one that was read.
     [[nodiscard]] static bool isAttached(const USBRegistryEntry& entry);
 };

@@ -78,19 +78,16 @@ std::optional<UdevMonitor::Message> UdevMonitor::receive() {
     const UdevDevicePointer device(udev_monitor_receive_device(monitor_.get()));
     if (!device)
         return std::nullopt;
-    Message message{udev_device_get_action(device.get()), udev_device_get_syspath(device.get()),
-                    std::nullopt};
-    if (message.action == "add")
-        message.found = USBRegistry::read(device.get());
-    return message;
+    return Message{udev_device_get_action(device.get()), udev_device_get_syspath(device.get())};
 }
 
 void UdevMonitor::handle(const Message& message) {
     if (message.action == "remove") {
         awaitRemoval(message.sysPath);
         detach(message.sysPath);
-    } else if (message.found) {
-        attach(message.sysPath, message.found->entry);
+    } else if (message.action == "add") {
+        if (const auto found = USBRegistry::read(message.sysPath))
+            attach(message.sysPath, found->entry);
     }
 }
 

@@ -32,7 +32,6 @@ private:
     struct Message {
         QByteArray action;
         QByteArray sysPath;
-        std::optional<USBRegistryEntry> found; ///< of an added device, unless it is gone again
     };
 
     UdevMonitor() = default;

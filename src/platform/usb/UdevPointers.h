@@ -18,7 +18,6 @@ inline std::mutex& udevMutex() {
 // Owners of libudev's handles.
 using UdevPointer = std::unique_ptr<udev, FreeWith<udev_unref>>;
 using UdevDevicePointer = std::unique_ptr<udev_device, FreeWith<udev_device_unref>>;
-using UdevEnumeratePointer = std::unique_ptr<udev_enumerate, FreeWith<udev_enumerate_unref>>;
 using UdevMonitorPointer = std::unique_ptr<udev_monitor, FreeWith<udev_monitor_unref>>;
 
 } // namespace tessary
