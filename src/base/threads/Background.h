@@ -78,7 +78,8 @@ public:
     /// Allows new work after shutDown(). For tests that start and end in one process.
     static void restart();
 
-    /// Work without a result; `work` must not throw. The way in for runInBackground only.
+    /// Work without a result; `work` must not throw. The way in for runInBackground and
+    /// endInBackground only.
     static void start(std::function<void()> work, const std::stop_source& stop);
 };
 

@@ -16,4 +16,11 @@ void endInBackground(QObject* context, Pointer owner) {
             [](const BackgroundResult<void>&) {});
 }
 
+/// The same from any thread.
+template <typename Pointer>
+void endInBackground(Pointer owner) {
+    if (owner)
+        Background::start([ended = std::move(owner)]() mutable { ended.reset(); }, {});
+}
+
 } // namespace tessary

@@ -1,6 +1,7 @@
 #include "devices/files/PhoneFileSystems.h"
 
-#include <algorithm>
+#include "base/threads/EndInBackground.h"
+
 #include <utility>
 
 namespace tessary {
@@ -12,17 +13,19 @@ std::shared_ptr<PhoneFileSystem> PhoneFileSystems::once(
     const std::function<std::shared_ptr<PhoneFileSystem>(const std::shared_ptr<PhoneQueue>&)>&
         make) {
     const QString key = way + QLatin1Char(' ') + phone.key();
-    std::shared_ptr<PhoneFileSystem> old; // ends without the lock
     const std::scoped_lock lock(mutex_);
     const auto known = opened_.constFind(key);
     // An iPhone that was plugged in anew does not take up its old connection.
     if (known != opened_.cend() && known->phone.attachment == phone.attachment)
         return known->files;
+    // Its connection may take a while to close.
     if (known != opened_.cend())
-        old = known->files;
+        endInBackground(opened_.take(key).files);
     auto files = make(queues_.of(phone));
-    if (files)
-        opened_.insert(key, {phone, files});
+    if (!files)
+        return files;
+    limit();
+    opened_.insert(key, {phone, files});
     return files;
 }
 
@@ -58,21 +61,17 @@ bool PhoneFileSystems::usesADB(const DeviceInfo& device) {
                 [&](const auto& queue) { return ways_.adb(phone, queue); }) != nullptr;
 }
 
-void PhoneFileSystems::keepOnly(const std::vector<PhoneIdentity>& attached) {
-    std::vector<Opened> gone; // ends without the lock
-    const std::scoped_lock lock(mutex_);
-    for (auto one = opened_.begin(); one != opened_.end();) {
-        const bool isThere =
-            std::any_of(attached.begin(), attached.end(), [&](const PhoneIdentity& phone) {
-                return phone.key() == one->phone.key() && phone.attachment == one->phone.attachment;
-            });
-        if (isThere) {
-            ++one;
-        } else {
-            gone.push_back(std::move(*one));
-            one = opened_.erase(one);
-        }
-    }
+/// Lets go of what nobody uses once there are many: a phone in another port is another one.
+void PhoneFileSystems::limit() {
+    constexpr qsizetype most = 32;
+    if (opened_.size() <= most)
+        return;
+    opened_.removeIf([](QHash<QString, Opened>::iterator one) {
+        const bool isUnused = one->files.use_count() == 1;
+        if (isUnused)
+            endInBackground(std::move(one->files));
+        return isUnused;
+    });
 }
 
 } // namespace tessary

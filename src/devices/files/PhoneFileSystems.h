@@ -11,7 +11,6 @@
 #include <functional>
 #include <memory>
 #include <mutex>
-#include <vector>
 
 namespace tessary {
 
@@ -24,8 +23,8 @@ public:
     using MakeApp = std::function<std::shared_ptr<PhoneFileSystem>(
         const PhoneIdentity&, const AppInfo&, const std::shared_ptr<PhoneQueue>&)>;
 
-    /// How the file systems of each way are made. A null result of `adb` means that this machine
-    /// has no such way.
+    /// How the file systems of each way are made, soon and without asking a phone. A null result of
+    /// `adb` means that this machine has no such way.
     struct Ways {
         Make mtp;
         Make adb;
@@ -51,15 +50,12 @@ public:
     /// Whether open() would use adb.
     [[nodiscard]] bool usesADB(const DeviceInfo& device);
 
-    /// Lets the file systems go that belong to phones which are not attached as they were any more.
-    /// Blocks while connections are closed: not on the main thread.
-    void keepOnly(const std::vector<PhoneIdentity>& attached);
-
 private:
     std::shared_ptr<PhoneFileSystem>
     once(const QString& way, const PhoneIdentity& phone,
          const std::function<std::shared_ptr<PhoneFileSystem>(const std::shared_ptr<PhoneQueue>&)>&
              make);
+    void limit();
 
     struct Opened {
         PhoneIdentity phone;

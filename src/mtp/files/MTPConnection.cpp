@@ -13,11 +13,7 @@ MTPConnection::MTPConnection(USBBus& bus, const PhoneIdentity& phone,
     : bus_(bus),
       address_{phone.vendorId, phone.productId, phone.serialNumber, phone.usbLocation},
       queue_(std::move(queue)),
-      patience_(patience),
-      watch_(bus.watch([this](const USBEvent& event) {
-          if (event.kind == USBEvent::Kind::detached)
-              detached_ = event.entry.id;
-      })) {}
+      patience_(patience) {}
 
 /// Waits for whoever has a turn, and closes the session.
 MTPConnection::~MTPConnection() {
@@ -75,6 +71,12 @@ void MTPConnection::failed(const Error& error) {
 }
 
 void MTPConnection::openSession(const std::stop_token& stop) {
+    // Not before: the kernel may make whoever looks at the bus wait for a device.
+    if (!watch_)
+        watch_ = bus_.watch([this](const USBEvent& event) {
+            if (event.kind == USBEvent::Kind::detached)
+                detached_ = event.entry.id;
+        });
     const auto entry = findMTPDevice(bus_, address_);
     if (const std::uint64_t id = entry ? entry->id : 0; id != attachment_) {
         attachment_ = id;

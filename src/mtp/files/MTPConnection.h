@@ -28,7 +28,7 @@ enum class MTPPartialReads {
 /// Everything but inTurn(), programsHolding() and close() is for whoever has the turn.
 class MTPConnection {
 public:
-    /// `bus` outlives it.
+    /// `bus` outlives it. Asks neither the bus nor the phone.
     MTPConnection(USBBus& bus, const PhoneIdentity& phone, std::shared_ptr<PhoneQueue> queue,
                   MTPPatience patience);
     ~MTPConnection();
@@ -102,7 +102,7 @@ private:
     int brokenInRow_ = 0;     ///< calls whose data broke off
 
     std::atomic<std::uint64_t> detached_ = 0; ///< the attachment that ended last
-    std::unique_ptr<USBWatch> watch_;         ///< last: its callback sets detached_
+    std::unique_ptr<USBWatch> watch_; ///< from the first session on; its callback sets detached_
 };
 
 template <typename Work>
