@@ -1,18 +1,14 @@
 #include "phone/FileSearch.h"
 
 #include "base/threads/CancellationError.h"
+#include "phone/TreeLimits.h"
 
 #include <deque>
 #include <utility>
 
 namespace tessary {
 
-namespace {
-
-constexpr int maxDepth = 128;           // levels: a phone may list a folder in itself
-constexpr qint64 mostItems = 5'000'000; // a listing that goes on for ever ends here
-
-} // namespace
+namespace {} // namespace
 
 NamePattern::NamePattern(const QString& text) {
     constexpr QLatin1StringView wildcards("*?[");
@@ -50,11 +46,11 @@ void searchFiles(PhoneFileSystem& files, const QString& folder, const NamePatter
         folders.pop_front();
         const ListingReceiver rows{[&](std::vector<FileItem>&& items) {
                                        seen += static_cast<qint64>(items.size());
-                                       if (seen > mostItems)
+                                       if (seen > mostWalkedEntries)
                                            throw Error(PhoneError::listingBroken, {folder});
                                        std::vector<FileItem> found;
                                        for (FileItem& item : items) {
-                                           if (item.isDirectory && now.depth + 1 < maxDepth)
+                                           if (item.isDirectory && now.depth + 1 < deepestFolder)
                                                folders.push_back({item.path, now.depth + 1});
                                            else if (item.isDirectory)
                                                report(item.path,

@@ -2,6 +2,7 @@
 
 #include "base/text/PathNames.h"
 #include "base/threads/CancellationError.h"
+#include "phone/TreeLimits.h"
 
 #include <iterator>
 
@@ -9,20 +10,22 @@ namespace tessary {
 
 namespace {
 
-/// Deeper trees are a phone's mistake: paths of a real one are far shorter.
-constexpr int maxDepth = 128;
-
-void removeWithContents(PhoneFileSystem& files, const FileItem& item, int depth, const Call& call) {
+/// `left`: entries that the walk may still come across.
+void removeWithContents(PhoneFileSystem& files, const FileItem& item, int depth, qint64& left,
+                        const Call& call) {
     throwIfStopped(call.stop);
     if (item.isDirectory) {
-        if (depth >= maxDepth)
+        if (depth >= deepestFolder)
             throw Error(PhoneError::insideItself, {item.path});
         Listing content = listAll(files, item.path, call);
+        left -= std::ssize(content.items);
+        if (left < 0)
+            throw Error(PhoneError::listingBroken, {item.path});
         for (const FileItem& child : content.items) {
             // A name with a "/" in it would lead out of the folder that the user saw.
             if (!isSafeName(child.name))
                 throw Error(PhoneError::nameNotAllowed, {child.name});
-            removeWithContents(files, child, depth + 1, call);
+            removeWithContents(files, child, depth + 1, left, call);
         }
         if (!content.unreadable.empty())
             throw content.unreadable.front().error;
@@ -33,7 +36,8 @@ void removeWithContents(PhoneFileSystem& files, const FileItem& item, int depth,
 } // namespace
 
 void PhoneFileSystem::removeTree(const FileItem& item, const Call& call) {
-    removeWithContents(*this, item, 0, call);
+    qint64 left = mostWalkedEntries;
+    removeWithContents(*this, item, 0, left, call);
 }
 
 void PhoneFileSystem::setModified(const FileItem& file, const QDateTime&, const Call&) {

@@ -97,7 +97,7 @@ void PhoneQueue::closeWhenIdle(const void* owner, std::function<void()> close) {
 
 void PhoneQueue::forget(const void* owner) {
     std::unique_lock lock(mutex_);
-    changed_.wait(lock, [this] { return !isTaken_; });
+    changed_.wait(lock, [this] { return !isClosing_; });
     closers_.remove(owner);
 }
 
@@ -115,12 +115,14 @@ void PhoneQueue::watchIdleness(const std::stop_token& stop) {
             lastUse_ != usedAt)
             continue;
         isTaken_ = true;
+        isClosing_ = true;
         wasUsed_ = false;
         const QHash<const void*, std::function<void()>> closers = closers_;
         lock.unlock();
         for (const auto& close : closers)
             close();
         lock.lock();
+        isClosing_ = false;
         isTaken_ = false;
         changed_.notify_all();
     }

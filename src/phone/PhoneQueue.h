@@ -74,7 +74,7 @@ public:
     /// not been used for the idle time; again after each later use. Called by who has a turn.
     /// `owner` is what forget() takes it back by.
     void closeWhenIdle(const void* owner, std::function<void()> close);
-    /// Waits for a closing that is under way.
+    /// Waits for a closing that is under way, and for nothing else: turns of others may be long.
     void forget(const void* owner);
 
     /// How often files of the phone were changed by this program: what is known of them is to be
@@ -95,6 +95,7 @@ private:
     mutable std::mutex mutex_; ///< guards all below
     std::condition_variable_any changed_;
     bool isTaken_ = false;
+    bool isClosing_ = false; ///< by the idle thread, which has the turn meanwhile
     int jobs_ = 0;
     std::list<Waiting> waiting_; ///< in the order of asking
     std::uint64_t edits_ = 0;

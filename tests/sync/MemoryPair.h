@@ -143,12 +143,13 @@ public:
     [[nodiscard]] std::string thereContents() {
         return contents(true);
     }
+    [[nodiscard]] bool holds(bool onDevice, const QByteArray& content) {
+        const MemoryTree files = users(onDevice);
+        return std::any_of(files.begin(), files.end(),
+                           [&](const auto& file) { return file.second.content == content; });
+    }
     [[nodiscard]] bool isAnywhere(const QByteArray& content) {
-        for (const bool onDevice : {false, true})
-            for (const auto& [name, file] : users(onDevice))
-                if (file.content == content)
-                    return true;
-        return false;
+        return holds(false, content) || holds(true, content);
     }
 
     [[nodiscard]] SyncRun makeRun(const std::stop_token& stop = {}) {
@@ -172,7 +173,7 @@ public:
                               },
                               trash};
         return SyncRun({pair, QStringLiteral("HOST"), QStringLiteral("Desk"), std::move(computer),
-                        phone_, [this] { return later(1); }, lockFile, decisions},
+                        phone_, [this] { return later(runsLater); }, lockFile, decisions},
                        std::move(events), stop);
     }
     SyncReport run(const std::stop_token& stop = {}) {
@@ -222,6 +223,9 @@ public:
     MemoryTree flushed;              ///< the computer's files at the last flush
     std::optional<Error> flushError; ///< the next flush fails with it
     qint64 clock = 1'700'000'000;
+    /// From the last edit to a run, seconds. Below three an edit right after the run may leave the
+    /// date that the run has seen.
+    qint64 runsLater = 10;
     int calls = 0;   ///< of either side, since the run began
     int killAt = -1; ///< the call that the program does not live to see
     bool isDead = false;

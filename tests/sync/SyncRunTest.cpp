@@ -54,17 +54,41 @@ TEST(SyncRunTest, moveAndDeletionTrustNoSampleAndNoDate) {
         SCOPED_TRACE(rawValue(mode).toStdString());
         const bool fromDevice = mode == SyncMode::toMac;
         MemoryPair pair;
+        pair.runsLater = 1;
         pair.put(fromDevice, u"a"_s, longOne);
         (void)pair.goodRun();
         // Edited within the second of its date: no listing shows it.
         MemoryFileSystem& source = pair.side(fromDevice);
         const QString path = MemoryPair::path(fromDevice, u"a"_s);
         source.addFile(path, editedLate(longOne), source.item(path).modifiedDate);
+        pair.here("other", "that the record is written for");
+        (void)pair.goodRun();
         pair.pair.syncMode = mode;
         pair.pair.moveFilesEnabled = true;
         (void)pair.goodRun();
         EXPECT_TRUE(pair.isAnywhere(editedLate(longOne)));
         EXPECT_TRUE(pair.isAnywhere(longOne));
+    }
+}
+
+TEST(SyncRunTest, editThatLeftTheDateIsFoundAfterTheRunThatReadsNothing) {
+    for (const bool onDevice : {false, true}) {
+        MemoryPair pair;
+        pair.runsLater = 1;
+        pair.put(onDevice, u"a"_s, longOne);
+        (void)pair.goodRun();
+        const QString path = MemoryPair::path(onDevice, u"a"_s);
+        MemoryFileSystem& source = pair.side(onDevice);
+        source.addFile(path, editedLate(longOne), source.item(path).modifiedDate);
+        pair.expectQuietRun();
+        pair.runsLater = 10;
+        pair.here("other", "that the record is written for");
+        (void)pair.goodRun();
+        (void)pair.goodRun();
+        for (const bool there : {false, true})
+            for (const QByteArray& content : {longOne, editedLate(longOne)})
+                EXPECT_TRUE(pair.holds(there, content));
+        pair.expectQuietRun();
     }
 }
 

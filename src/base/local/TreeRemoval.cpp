@@ -1,6 +1,7 @@
 #include "base/local/TreeRemoval.h"
 
 #include "base/local/FileHandle.h"
+#include "base/local/FolderEntries.h"
 
 #include <QUuid>
 
@@ -9,7 +10,6 @@
 #include <optional>
 #include <vector>
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 
@@ -19,12 +19,6 @@ namespace {
 
 /// Folders that are open at a time. What is deeper is first moved up to the top.
 constexpr int mostOpen = 32;
-
-struct CloseFolder {
-    void operator()(DIR* folder) const {
-        ::closedir(folder);
-    }
-};
 
 class Removal {
 public:
@@ -76,7 +70,7 @@ private:
     }
 
     std::optional<std::vector<QByteArray>> namesIn(int folder) {
-        const std::unique_ptr<DIR, CloseFolder> entries(::fdopendir(::dup(folder)));
+        const FolderEntries entries = entriesOf(folder);
         if (!entries) {
             note(errno);
             return std::nullopt;

@@ -6,6 +6,7 @@
 #include "ios/files/AFCContent.h"
 #include "ios/files/AFCListing.h"
 #include "ios/files/AFCSteps.h"
+#include "phone/TreeLimits.h"
 
 #include <algorithm>
 
@@ -17,7 +18,6 @@ using Opened = AFCSession::Opened;
 
 constexpr QLatin1Char slash('/');
 /// Deeper trees are a phone's mistake: paths of a real one are far shorter.
-constexpr int maxDepth = 128;
 
 /// A path whose components a phone can have; any other leads nowhere.
 void requirePath(const QString& path) {
@@ -237,7 +237,7 @@ void AFCFileSystem::removeTree(const FileItem& item, const Call& call) {
 }
 
 void AFCFileSystem::removeBelow(const QString& path, int depth, const Call& call) {
-    if (depth > maxDepth)
+    if (depth > deepestFolder)
         throw Error(PhoneError::insideItself, {path});
     // Empty once it is gone: only a folder that holds something is listed.
     const auto removeIt = [&](bool mayBeFull) {

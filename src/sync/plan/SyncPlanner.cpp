@@ -87,9 +87,11 @@ SyncPlanner::SyncPlanner(const SyncPlanInput& input) : input_(input) {
         clashingPaths(input.local, input.device, input.localNames, input.deviceNames);
     // More than there are paths: what is not used takes no memory.
     actions_.reserve(input.local.files.size() + input.device.files.size());
+    bool changesRecord = false;
     forEachPath(input.local.files, input.device.files, record.files,
                 [&](const QString& path, const SyncFile* local, const SyncFile* device,
                     const SyncFileEntry* known) {
+                    changesRecord |= (local != nullptr && device != nullptr) != (known != nullptr);
                     SyncPlannedAction action;
                     action.relativePath = path;
                     action.local = local;
@@ -100,7 +102,9 @@ SyncPlanner::SyncPlanner(const SyncPlanInput& input) : input_(input) {
                                                               device != nullptr, known != nullptr);
                     if (!obstacle && (local != nullptr || device != nullptr)) {
                         pending = decide(action);
-                        const bool acts = action.isWork() || pending != Pending::nothing;
+                        const bool acts = action.isWork() || (pending != Pending::nothing &&
+                                                              pending != Pending::freshness);
+                        changesRecord |= acts;
                         if (acts && isUnderAny(path, clashes))
                             obstacle = reason(SyncError::sameNames, path);
                         else if (acts)
@@ -117,6 +121,7 @@ SyncPlanner::SyncPlanner(const SyncPlanInput& input) : input_(input) {
                     pending_.push_back(pending);
                 });
     decideResemblances();
+    decideFreshOnes(changesRecord);
 }
 
 /// Files that look the same and were never synced are compared whole, unless that takes too long.
@@ -134,6 +139,14 @@ void SyncPlanner::decideResemblances() {
         if (!compares)
             settleEqual(actions_[n], false);
     }
+}
+
+/// Where the record is written anew, dates that were fresh at the last run count as settled from
+/// then on: now is the time to look. A run that finds nothing to do reads no content.
+void SyncPlanner::decideFreshOnes(bool changesRecord) {
+    for (Pending& pending : pending_)
+        if (pending == Pending::freshness)
+            pending = changesRecord ? Pending::comparison : Pending::nothing;
 }
 
 SyncPlanner::Change SyncPlanner::change(const SyncFile& file, qint64 recordedSize,
@@ -183,7 +196,7 @@ SyncPlanner::Pending SyncPlanner::decideBoth(SyncPlannedAction& action) const {
         if (isMove() && !(isCertain && vouches(action)))
             return Pending::comparison;
         settleEqual(action, action.record->isContentKnown);
-        return Pending::nothing;
+        return isCertain ? Pending::nothing : Pending::freshness;
     }
     if (local.size != device.size) {
         settleDiffering(action);

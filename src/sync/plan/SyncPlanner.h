@@ -59,6 +59,7 @@ private:
         nothing,
         comparison,
         resemblance, ///< never synced, and of one size and date
+        freshness,   ///< in sync, unless it was edited at the very time of the last run
         deletion,
     };
     /// How a side stands to the record.
@@ -74,6 +75,7 @@ private:
                                 const QDateTime& recordedDate, std::chrono::seconds shift,
                                 std::chrono::milliseconds step) const;
     void decideResemblances();
+    void decideFreshOnes(bool changesRecord);
     [[nodiscard]] bool vouches(const SyncPlannedAction& action) const;
     [[nodiscard]] Pending decide(SyncPlannedAction& action) const;
     [[nodiscard]] Pending decideBoth(SyncPlannedAction& action) const;

@@ -3,6 +3,7 @@
 #include "base/local/LocalError.h"
 #include "base/text/PathNames.h"
 #include "base/threads/CancellationError.h"
+#include "phone/TreeLimits.h"
 #include "sync/plan/SyncError.h"
 #include "transfer/copy/CopyErrors.h"
 #include "transfer/copy/PartNames.h"
@@ -14,7 +15,6 @@ namespace tessary {
 namespace {
 
 /// Paths of a real tree are far shorter.
-constexpr int maxDepth = 128;
 
 QString below(const QString& folder, const QString& name) {
     return folder.isEmpty() ? name : folder + QLatin1Char('/') + name;
@@ -86,6 +86,9 @@ SyncTree SyncSide::scan(const SyncPatterns& patterns, Leftovers leftovers, const
         throwIfStopped(call.stop);
         const Folder folder = std::move(waiting.back());
         waiting.pop_back();
+        if (static_cast<qint64>(tree.files.size() + tree.unknown.size()) + tree.folders.size() >
+            mostWalkedEntries)
+            throw Error(PhoneError::listingBroken, {pathOf(folder.relativePath)});
         try {
             scanFolder(tree, folder, waiting, patterns, leftovers, known, call);
         } catch (const Error& error) {
@@ -120,7 +123,7 @@ void SyncSide::scanFolder(SyncTree& tree, const Folder& folder, std::vector<Fold
             tree.unknown.insert_or_assign(path, Error(SyncError::twice, {path}));
         } else if (item.isDirectory) {
             tree.folders.insert(path);
-            if (folder.depth < maxDepth)
+            if (folder.depth < deepestFolder)
                 waiting.push_back({path, folder.depth + 1});
             else
                 tree.unknown.insert_or_assign(path, Error(SyncError::tooDeep, {path}));

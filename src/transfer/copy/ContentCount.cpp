@@ -2,14 +2,13 @@
 
 #include "base/text/ByteCount.h"
 #include "base/threads/CancellationError.h"
+#include "phone/TreeLimits.h"
 
 #include <algorithm>
 
 namespace tessary {
 
 namespace {
-
-constexpr int deepest = 128; // levels; a phone may list a folder as its own content
 
 struct Folder {
     QString path;
@@ -38,6 +37,8 @@ ContentCount countContent(PhoneFileSystem& files, const std::vector<FileItem>& i
         throwIfStopped(call.stop);
         const Folder folder = std::move(waiting.back());
         waiting.pop_back();
+        if (count.files + count.folders + count.unreadable > mostWalkedEntries)
+            throw Error(PhoneError::listingBroken, {folder.path});
         const auto addRows = [&](const std::vector<FileItem>& rows) {
             for (const FileItem& item : rows) {
                 if (!item.isDirectory) {
@@ -49,7 +50,7 @@ ContentCount countContent(PhoneFileSystem& files, const std::vector<FileItem>& i
             }
         };
         try {
-            if (folder.depth > deepest)
+            if (folder.depth > deepestFolder)
                 throw Error(PhoneError::insideItself, {folder.path});
             files.list(folder.path, {addRows, [&](UnreadableEntry&&) { ++count.unreadable; }},
                        call);

@@ -3,6 +3,7 @@
 #include "base/text/ByteCount.h"
 #include "base/text/PathNames.h"
 #include "base/threads/CancellationError.h"
+#include "phone/TreeLimits.h"
 #include "transfer/copy/CopyErrors.h"
 #include "transfer/copy/PartNames.h"
 
@@ -11,9 +12,6 @@
 namespace tessary {
 
 namespace {
-
-constexpr int maxDepth = 128;           // levels: a phone may list a folder in itself
-constexpr qint64 mostItems = 5'000'000; // a listing that goes on for ever ends here
 
 std::shared_ptr<const Error> whyUnread(Error error) {
     return std::make_shared<const Error>(std::move(error));
@@ -45,7 +43,7 @@ private:
             scanned.unread = whyUnread({PhoneError::nameNotAllowed, {item.name}});
         } else {
             try {
-                if (depth >= maxDepth)
+                if (depth >= deepestFolder)
                     throw Error(PhoneError::insideItself, {item.item.path});
                 addContent(scanned, depth);
                 ++result_.folders;
@@ -64,7 +62,7 @@ private:
             folder.item.item.path,
             {[&](std::vector<FileItem>&& rows) {
                  count_ += static_cast<qint64>(rows.size());
-                 if (count_ > mostItems)
+                 if (count_ > mostWalkedEntries)
                      throw Error(PhoneError::listingBroken, {folder.item.item.path});
                  std::move(rows.begin(), rows.end(), std::back_inserter(listing.items));
              },

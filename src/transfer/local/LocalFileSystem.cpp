@@ -1,10 +1,10 @@
 #include "transfer/local/LocalFileSystem.h"
 
+#include "base/local/FolderEntries.h"
 #include "base/local/TreeRemoval.h"
 #include "base/local/Unfinished.h"
 #include "base/text/PathNames.h"
 #include "base/threads/CancellationError.h"
-#include "base/values/FreeWith.h"
 #include "transfer/local/LocalContent.h"
 
 #include <QCryptographicHash>
@@ -12,7 +12,6 @@
 #include <QFileInfo>
 #include <QSysInfo>
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
@@ -38,6 +37,15 @@ std::array<timespec, 2> timesFor(const QDateTime& modified) {
     const qint64 ms = modified.toMSecsSinceEpoch();
     const qint64 seconds = (ms >= 0 ? ms : ms - 999) / 1000;
     return {timespec{0, UTIME_OMIT}, timespec{seconds, (ms - seconds * 1000) * 1'000'000}};
+}
+
+/// Whether two names lead to one entry, as they do where case does not count.
+bool isSameFile(int folder, const QByteArray& one, const QByteArray& other) {
+    struct stat first {};
+    struct stat second {};
+    return ::fstatat(folder, one.constData(), &first, AT_SYMLINK_NOFOLLOW) == 0 &&
+           ::fstatat(folder, other.constData(), &second, AT_SYMLINK_NOFOLLOW) == 0 &&
+           first.st_dev == second.st_dev && first.st_ino == second.st_ino;
 }
 
 FileItem itemOf(const struct stat& facts, const QString& name, const QString& path) {
@@ -98,8 +106,8 @@ DiskTraits LocalFileSystem::traits(const FileHandle& folder) {
     const std::scoped_lock lock(mutex_);
     auto known = traits_.find(facts.st_dev);
     if (known == traits_.end())
-        known = traits_.insert(facts.st_dev, traitsOfFolder(folder.get()));
-    return *known;
+        known = traits_.insert(facts.st_dev, traitsOfDisk(folder.get()));
+    return traitsOfFolder(*known, folder.get());
 }
 
 FileSystemCapabilities LocalFileSystem::capabilities(const Call&) {
@@ -142,7 +150,7 @@ FileItem LocalFileSystem::itemAt(int folder, const QByteArray& diskName, const Q
 void LocalFileSystem::list(const QString& folder, const ListingReceiver& receiver,
                            const Call& call) {
     const FileHandle opened = base_.openForReading(folder);
-    const std::unique_ptr<DIR, FreeWith<::closedir>> entries(::fdopendir(::dup(opened.get())));
+    const FolderEntries entries = entriesOf(opened.get());
     if (!entries)
         throw localFailure(LocalError::cannotRead, folder, errno);
     std::vector<FileItem> rows;
@@ -325,7 +333,8 @@ FileItem LocalFileSystem::rename(const FileItem& item, const QString& newName, T
     const int folder = place.folder.get();
     const NameRules rules = traits(place.folder).names;
     const bool isItself = newName != lastComponent(item.path) &&
-                          rules.key(newName) == rules.key(lastComponent(item.path));
+                          rules.key(newName) == rules.key(lastComponent(item.path)) &&
+                          isSameFile(folder, place.name, name);
     // A folder would take the place of an empty one without a word.
     const int result = taken == TakenName::replaced && !item.isDirectory
                            ? ::renameat(folder, place.name.constData(), folder, name.constData())

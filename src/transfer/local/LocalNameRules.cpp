@@ -92,7 +92,6 @@ DiskTraits tryOut(int folder, qint64 longestName) {
     return traits;
 }
 
-/// A folder may ignore case where its file system does not.
 bool foldsCase(int folder) {
     const FileHandle readable(::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     int flags = 0;
@@ -108,17 +107,20 @@ std::optional<DiskTraits> diskTraitsOf(quint64 type) {
     return found == knownDisks.end() ? std::nullopt : std::optional(found->traits);
 }
 
-DiskTraits traitsOfFolder(int folder) {
+DiskTraits traitsOfDisk(int folder) {
     struct statfs facts {};
     if (::fstatfs(folder, &facts) != 0)
         return {};
     const auto known = diskTraitsOf(static_cast<quint32>(facts.f_type));
-    DiskTraits traits = known ? *known : tryOut(folder, facts.f_namelen);
+    return known ? *known : tryOut(folder, facts.f_namelen);
+}
+
+DiskTraits traitsOfFolder(DiskTraits disk, int folder) {
     if (foldsCase(folder)) {
-        traits.names.ignoresCase = true;
-        traits.names.ignoresUnicodeForm = true;
+        disk.names.ignoresCase = true;
+        disk.names.ignoresUnicodeForm = true;
     }
-    return traits;
+    return disk;
 }
 
 } // namespace tessary

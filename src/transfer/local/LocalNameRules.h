@@ -22,9 +22,12 @@ struct DiskTraits {
 /// that has to be tried out. Pure.
 [[nodiscard]] std::optional<DiskTraits> diskTraitsOf(quint64 type);
 
-/// What the folder of an open descriptor does with names: known by its file system's type, else
-/// tried out with files of ours that are gone again afterwards. Names are taken for distinct where
-/// nothing can be written. Blocking; never fails.
-[[nodiscard]] DiskTraits traitsOfFolder(int folder);
+/// What the file system of an open folder does with names: known by its type, else tried out in
+/// that folder with files of ours that are gone again afterwards. Names are taken for distinct
+/// where nothing can be written. Blocking; never fails.
+[[nodiscard]] DiskTraits traitsOfDisk(int folder);
+
+/// The same for one folder of a disk: each may ignore case where its disk does not.
+[[nodiscard]] DiskTraits traitsOfFolder(DiskTraits disk, int folder);
 
 } // namespace tessary
