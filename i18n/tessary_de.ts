@@ -1649,6 +1649,10 @@
         <source>Reading storage…</source>
         <translation>Speicher wird gelesen …</translation>
     </message>
+    <message>
+        <source>Open in the file manager</source>
+        <translation>Im Dateimanager geöffnet</translation>
+    </message>
 </context>
 <context>
     <name>tessary::EntryCommands</name>
@@ -1922,6 +1926,14 @@
     <message>
         <source>Continue Copying</source>
         <translation>Weiter kopieren</translation>
+    </message>
+    <message>
+        <source>“%1” could not be opened in the file manager.</source>
+        <translation>„%1“ konnte nicht im Dateimanager geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>This computer mounts nothing for its users. FUSE may not be installed.</source>
+        <translation>Dieser Computer hängt für seine Benutzer nichts ein. Vielleicht ist FUSE nicht installiert.</translation>
     </message>
 </context>
 <context>
@@ -2295,6 +2307,14 @@
         <source>Website</source>
         <translation>Webseite</translation>
     </message>
+    <message>
+        <source>Compare each copy with its original</source>
+        <translation>Jede Kopie mit dem Original vergleichen</translation>
+    </message>
+    <message>
+        <source>A copy counts only once it was read again and found to be the same. This takes longer.</source>
+        <translation>Eine Kopie gilt erst, wenn sie noch einmal gelesen und für gleich befunden wurde. Das dauert länger.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::Sidebar</name>
@@ -2361,6 +2381,14 @@
     <message>
         <source>Apps</source>
         <translation>Apps</translation>
+    </message>
+    <message>
+        <source>Open in File Manager</source>
+        <translation>Im Dateimanager öffnen</translation>
+    </message>
+    <message>
+        <source>Remove from File Manager</source>
+        <translation>Aus dem Dateimanager entfernen</translation>
     </message>
 </context>
 <context>

@@ -1649,6 +1649,10 @@
         <source>Reading storage…</source>
         <translation>Leyendo el almacenamiento…</translation>
     </message>
+    <message>
+        <source>Open in the file manager</source>
+        <translation>Abierto en el gestor de archivos</translation>
+    </message>
 </context>
 <context>
     <name>tessary::EntryCommands</name>
@@ -1922,6 +1926,14 @@
     <message>
         <source>Continue Copying</source>
         <translation>Continuar la copia</translation>
+    </message>
+    <message>
+        <source>“%1” could not be opened in the file manager.</source>
+        <translation>No se pudo abrir «%1» en el gestor de archivos.</translation>
+    </message>
+    <message>
+        <source>This computer mounts nothing for its users. FUSE may not be installed.</source>
+        <translation>Este ordenador no monta nada para sus usuarios. Puede que FUSE no esté instalado.</translation>
     </message>
 </context>
 <context>
@@ -2295,6 +2307,14 @@
         <source>Website</source>
         <translation>Sitio web</translation>
     </message>
+    <message>
+        <source>Compare each copy with its original</source>
+        <translation>Comparar cada copia con su original</translation>
+    </message>
+    <message>
+        <source>A copy counts only once it was read again and found to be the same. This takes longer.</source>
+        <translation>Una copia solo cuenta cuando se ha vuelto a leer y es igual. Esto tarda más.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::Sidebar</name>
@@ -2361,6 +2381,14 @@
     <message>
         <source>Apps</source>
         <translation>Aplicaciones</translation>
+    </message>
+    <message>
+        <source>Open in File Manager</source>
+        <translation>Abrir en el gestor de archivos</translation>
+    </message>
+    <message>
+        <source>Remove from File Manager</source>
+        <translation>Quitar del gestor de archivos</translation>
     </message>
 </context>
 <context>

@@ -1620,7 +1620,7 @@
     </message>
     <message>
         <source>Forget which copies were made?</source>
-        <translation>Oublier les copies effectuées ?</translation>
+        <translation>Oublier les copies effectuées&#xa0;?</translation>
     </message>
     <message>
         <source>The copied files stay. Copies that broke off are not offered again.</source>
@@ -1648,6 +1648,10 @@
     <message>
         <source>Reading storage…</source>
         <translation>Lecture du stockage…</translation>
+    </message>
+    <message>
+        <source>Open in the file manager</source>
+        <translation>Ouvert dans le gestionnaire de fichiers</translation>
     </message>
 </context>
 <context>
@@ -1906,7 +1910,7 @@
     </message>
     <message>
         <source>Copying “%1” broke off.</source>
-        <translation>La copie de « %1 » s’est interrompue.</translation>
+        <translation>La copie de «&#xa0;%1&#xa0;» s’est interrompue.</translation>
     </message>
     <message numerus="yes">
         <source>%Ln copies broke off.</source>
@@ -1922,6 +1926,14 @@
     <message>
         <source>Continue Copying</source>
         <translation>Continuer la copie</translation>
+    </message>
+    <message>
+        <source>“%1” could not be opened in the file manager.</source>
+        <translation>« %1 » n’a pas pu être ouvert dans le gestionnaire de fichiers.</translation>
+    </message>
+    <message>
+        <source>This computer mounts nothing for its users. FUSE may not be installed.</source>
+        <translation>Cet ordinateur ne monte rien pour ses utilisateurs. FUSE n’est peut-être pas installé.</translation>
     </message>
 </context>
 <context>
@@ -2295,6 +2307,14 @@
         <source>Website</source>
         <translation>Site web</translation>
     </message>
+    <message>
+        <source>Compare each copy with its original</source>
+        <translation>Comparer chaque copie à son original</translation>
+    </message>
+    <message>
+        <source>A copy counts only once it was read again and found to be the same. This takes longer.</source>
+        <translation>Une copie ne compte qu’une fois relue et jugée identique. Cela prend plus de temps.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::Sidebar</name>
@@ -2361,6 +2381,14 @@
     <message>
         <source>Apps</source>
         <translation>Apps</translation>
+    </message>
+    <message>
+        <source>Open in File Manager</source>
+        <translation>Ouvrir dans le gestionnaire de fichiers</translation>
+    </message>
+    <message>
+        <source>Remove from File Manager</source>
+        <translation>Retirer du gestionnaire de fichiers</translation>
     </message>
 </context>
 <context>

@@ -1649,6 +1649,10 @@
         <source>Reading storage…</source>
         <translation>Lettura della memoria…</translation>
     </message>
+    <message>
+        <source>Open in the file manager</source>
+        <translation>Aperto nel gestore file</translation>
+    </message>
 </context>
 <context>
     <name>tessary::EntryCommands</name>
@@ -1922,6 +1926,14 @@
     <message>
         <source>Continue Copying</source>
         <translation>Continua la copia</translation>
+    </message>
+    <message>
+        <source>“%1” could not be opened in the file manager.</source>
+        <translation>Impossibile aprire «%1» nel gestore file.</translation>
+    </message>
+    <message>
+        <source>This computer mounts nothing for its users. FUSE may not be installed.</source>
+        <translation>Questo computer non monta nulla per i suoi utenti. Forse FUSE non è installato.</translation>
     </message>
 </context>
 <context>
@@ -2295,6 +2307,14 @@
         <source>Website</source>
         <translation>Sito web</translation>
     </message>
+    <message>
+        <source>Compare each copy with its original</source>
+        <translation>Confronta ogni copia con l’originale</translation>
+    </message>
+    <message>
+        <source>A copy counts only once it was read again and found to be the same. This takes longer.</source>
+        <translation>Una copia vale solo dopo essere stata riletta e trovata uguale. Richiede più tempo.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::Sidebar</name>
@@ -2361,6 +2381,14 @@
     <message>
         <source>Apps</source>
         <translation>App</translation>
+    </message>
+    <message>
+        <source>Open in File Manager</source>
+        <translation>Apri nel gestore file</translation>
+    </message>
+    <message>
+        <source>Remove from File Manager</source>
+        <translation>Rimuovi dal gestore file</translation>
     </message>
 </context>
 <context>

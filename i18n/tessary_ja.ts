@@ -1636,6 +1636,10 @@
         <source>Reading storage…</source>
         <translation>ストレージを読み込み中…</translation>
     </message>
+    <message>
+        <source>Open in the file manager</source>
+        <translation>ファイルマネージャーで開いています</translation>
+    </message>
 </context>
 <context>
     <name>tessary::EntryCommands</name>
@@ -1906,6 +1910,14 @@
     <message>
         <source>Continue Copying</source>
         <translation>コピーを続ける</translation>
+    </message>
+    <message>
+        <source>“%1” could not be opened in the file manager.</source>
+        <translation>「%1」をファイルマネージャーで開けませんでした。</translation>
+    </message>
+    <message>
+        <source>This computer mounts nothing for its users. FUSE may not be installed.</source>
+        <translation>このコンピュータでは利用者が何もマウントできません。FUSE がインストールされていない可能性があります。</translation>
     </message>
 </context>
 <context>
@@ -2270,6 +2282,14 @@
         <source>Website</source>
         <translation>ウェブサイト</translation>
     </message>
+    <message>
+        <source>Compare each copy with its original</source>
+        <translation>コピーを元のファイルと照合する</translation>
+    </message>
+    <message>
+        <source>A copy counts only once it was read again and found to be the same. This takes longer.</source>
+        <translation>コピーは読み直して一致を確認してから完了となります。時間がかかります。</translation>
+    </message>
 </context>
 <context>
     <name>tessary::Sidebar</name>
@@ -2336,6 +2356,14 @@
     <message>
         <source>Apps</source>
         <translation>アプリ</translation>
+    </message>
+    <message>
+        <source>Open in File Manager</source>
+        <translation>ファイルマネージャーで開く</translation>
+    </message>
+    <message>
+        <source>Remove from File Manager</source>
+        <translation>ファイルマネージャーから取り除く</translation>
     </message>
 </context>
 <context>

@@ -1636,6 +1636,10 @@
         <source>Reading storage…</source>
         <translation>저장소를 읽는 중…</translation>
     </message>
+    <message>
+        <source>Open in the file manager</source>
+        <translation>파일 관리자에서 열려 있음</translation>
+    </message>
 </context>
 <context>
     <name>tessary::EntryCommands</name>
@@ -1906,6 +1910,14 @@
     <message>
         <source>Continue Copying</source>
         <translation>복사 계속</translation>
+    </message>
+    <message>
+        <source>“%1” could not be opened in the file manager.</source>
+        <translation>“%1”을(를) 파일 관리자에서 열지 못했습니다.</translation>
+    </message>
+    <message>
+        <source>This computer mounts nothing for its users. FUSE may not be installed.</source>
+        <translation>이 컴퓨터에서는 사용자가 아무것도 마운트할 수 없습니다. FUSE가 설치되지 않았을 수 있습니다.</translation>
     </message>
 </context>
 <context>
@@ -2270,6 +2282,14 @@
         <source>Website</source>
         <translation>웹사이트</translation>
     </message>
+    <message>
+        <source>Compare each copy with its original</source>
+        <translation>각 복사본을 원본과 비교</translation>
+    </message>
+    <message>
+        <source>A copy counts only once it was read again and found to be the same. This takes longer.</source>
+        <translation>복사본을 다시 읽어 같음을 확인해야 완료로 처리합니다. 시간이 더 걸립니다.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::Sidebar</name>
@@ -2336,6 +2356,14 @@
     <message>
         <source>Apps</source>
         <translation>앱</translation>
+    </message>
+    <message>
+        <source>Open in File Manager</source>
+        <translation>파일 관리자에서 열기</translation>
+    </message>
+    <message>
+        <source>Remove from File Manager</source>
+        <translation>파일 관리자에서 제거</translation>
     </message>
 </context>
 <context>

@@ -1649,6 +1649,10 @@
         <source>Reading storage…</source>
         <translation>Lendo o armazenamento…</translation>
     </message>
+    <message>
+        <source>Open in the file manager</source>
+        <translation>Aberto no gerenciador de arquivos</translation>
+    </message>
 </context>
 <context>
     <name>tessary::EntryCommands</name>
@@ -1922,6 +1926,14 @@
     <message>
         <source>Continue Copying</source>
         <translation>Continuar a cópia</translation>
+    </message>
+    <message>
+        <source>“%1” could not be opened in the file manager.</source>
+        <translation>Não foi possível abrir “%1” no gerenciador de arquivos.</translation>
+    </message>
+    <message>
+        <source>This computer mounts nothing for its users. FUSE may not be installed.</source>
+        <translation>Este computador não monta nada para seus usuários. Talvez o FUSE não esteja instalado.</translation>
     </message>
 </context>
 <context>
@@ -2295,6 +2307,14 @@
         <source>Website</source>
         <translation>Página na web</translation>
     </message>
+    <message>
+        <source>Compare each copy with its original</source>
+        <translation>Comparar cada cópia com o original</translation>
+    </message>
+    <message>
+        <source>A copy counts only once it was read again and found to be the same. This takes longer.</source>
+        <translation>Uma cópia só vale depois de relida e considerada igual. Isso demora mais.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::Sidebar</name>
@@ -2361,6 +2381,14 @@
     <message>
         <source>Apps</source>
         <translation>Apps</translation>
+    </message>
+    <message>
+        <source>Open in File Manager</source>
+        <translation>Abrir no gerenciador de arquivos</translation>
+    </message>
+    <message>
+        <source>Remove from File Manager</source>
+        <translation>Remover do gerenciador de arquivos</translation>
     </message>
 </context>
 <context>

@@ -1636,6 +1636,10 @@
         <source>Reading storage…</source>
         <translation>正在读取存储…</translation>
     </message>
+    <message>
+        <source>Open in the file manager</source>
+        <translation>已在文件管理器中打开</translation>
+    </message>
 </context>
 <context>
     <name>tessary::EntryCommands</name>
@@ -1906,6 +1910,14 @@
     <message>
         <source>Continue Copying</source>
         <translation>继续复制</translation>
+    </message>
+    <message>
+        <source>“%1” could not be opened in the file manager.</source>
+        <translation>无法在文件管理器中打开“%1”。</translation>
+    </message>
+    <message>
+        <source>This computer mounts nothing for its users. FUSE may not be installed.</source>
+        <translation>此电脑不允许用户挂载。可能未安装 FUSE。</translation>
     </message>
 </context>
 <context>
@@ -2270,6 +2282,14 @@
         <source>Website</source>
         <translation>网站</translation>
     </message>
+    <message>
+        <source>Compare each copy with its original</source>
+        <translation>将每个副本与原件比较</translation>
+    </message>
+    <message>
+        <source>A copy counts only once it was read again and found to be the same. This takes longer.</source>
+        <translation>副本重新读取并确认一致后才算完成。这需要更长时间。</translation>
+    </message>
 </context>
 <context>
     <name>tessary::Sidebar</name>
@@ -2336,6 +2356,14 @@
     <message>
         <source>Apps</source>
         <translation>应用</translation>
+    </message>
+    <message>
+        <source>Open in File Manager</source>
+        <translation>在文件管理器中打开</translation>
+    </message>
+    <message>
+        <source>Remove from File Manager</source>
+        <translation>从文件管理器中移除</translation>
     </message>
 </context>
 <context>

@@ -1636,6 +1636,10 @@
         <source>Reading storage…</source>
         <translation>正在讀取儲存空間…</translation>
     </message>
+    <message>
+        <source>Open in the file manager</source>
+        <translation>已在檔案管理員中打開</translation>
+    </message>
 </context>
 <context>
     <name>tessary::EntryCommands</name>
@@ -1906,6 +1910,14 @@
     <message>
         <source>Continue Copying</source>
         <translation>繼續複製</translation>
+    </message>
+    <message>
+        <source>“%1” could not be opened in the file manager.</source>
+        <translation>無法在檔案管理員中打開「%1」。</translation>
+    </message>
+    <message>
+        <source>This computer mounts nothing for its users. FUSE may not be installed.</source>
+        <translation>此電腦不允許使用者掛載。可能未安裝 FUSE。</translation>
     </message>
 </context>
 <context>
@@ -2270,6 +2282,14 @@
         <source>Website</source>
         <translation>網站</translation>
     </message>
+    <message>
+        <source>Compare each copy with its original</source>
+        <translation>將每個副本與原件比較</translation>
+    </message>
+    <message>
+        <source>A copy counts only once it was read again and found to be the same. This takes longer.</source>
+        <translation>副本重新讀取並確認一致後才算完成。這需要較長時間。</translation>
+    </message>
 </context>
 <context>
     <name>tessary::Sidebar</name>
@@ -2336,6 +2356,14 @@
     <message>
         <source>Apps</source>
         <translation>App</translation>
+    </message>
+    <message>
+        <source>Open in File Manager</source>
+        <translation>在檔案管理員中打開</translation>
+    </message>
+    <message>
+        <source>Remove from File Manager</source>
+        <translation>從檔案管理員移除</translation>
     </message>
 </context>
 <context>

@@ -28,6 +28,7 @@ TessaryApp::TessaryApp(DeviceSources sources, DeviceServices& services, TessaryA
       deviceManager_(sources, services, setup_.alsoAccept),
       rememberedCopies_(copies_, deviceManager_, services.files(),
                         setup_.copyRecords.isEmpty() ? scratch_.path() : setup_.copyRecords),
+      phoneMounts_(deviceManager_, services.files(), setup_.showFolder),
       syncManager_(*setup_.defaults, {deviceConnector(services.files()), wordsForStatus}),
       updateChecker_(setup_.http, setup_.defaults, setup_.openAddress, setup_.updates),
       favoritesManager_(setup_.defaults),
@@ -44,6 +45,7 @@ bool TessaryApp::stop() {
     deviceManager_.stopListening();
     syncManager_.cancelAll();
     promisedFiles_.stop();
+    phoneMounts_.closeAll();
     const auto end = std::chrono::steady_clock::now() + shutDownLimit;
     const auto left = [end] {
         return std::chrono::ceil<std::chrono::milliseconds>(

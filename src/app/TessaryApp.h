@@ -3,6 +3,7 @@
 #include "app/LanguageManager.h"
 #include "app/copies/RememberedCopies.h"
 #include "app/favorites/FavoritesManager.h"
+#include "app/mounts/PhoneMounts.h"
 #include "app/updates/UpdateCheckerService.h"
 #include "devices/files/DeviceServices.h"
 #include "devices/list/DeviceManager.h"
@@ -45,6 +46,8 @@ struct TessaryAppSetup {
     std::function<void(const QUrl&)> openAddress = [](const QUrl&) {};
     /// Shows a local file in the desktop's file manager.
     std::function<void(const QString&)> showInFolder = [](const QString&) {};
+    /// Shows a local folder itself there.
+    std::function<void(const QString&)> showFolder = [](const QString&) {};
     /// Speaks to the user while he looks elsewhere; may be null.
     std::shared_ptr<Notifier> notifier{};
 };
@@ -108,6 +111,10 @@ public:
     [[nodiscard]] DragMount& promisedFiles() {
         return promisedFiles_;
     }
+    /// The phones that are open in the desktop's file manager.
+    [[nodiscard]] PhoneMounts& phoneMounts() {
+        return phoneMounts_;
+    }
     [[nodiscard]] const TessaryAppSetup& setup() const {
         return setup_;
     }
@@ -127,6 +134,7 @@ private:
     CopyQueue copies_;
     DeviceManager deviceManager_;
     RememberedCopies rememberedCopies_;
+    PhoneMounts phoneMounts_;
     SyncManager syncManager_;
     UpdateCheckerService updateChecker_;
     FavoritesManager favoritesManager_;

@@ -91,6 +91,9 @@ TEST_F(DesktopTest, messagesAndFilesReachTheDesktopAndNobodyIsNoFailure) {
     ASSERT_TRUE(eventually([&] { return desktop.calls.size() == 2; }));
     EXPECT_EQ(desktop.calls[1].arguments().at(0).toStringList(),
               QStringList(QStringLiteral("file:///a%20b%23c")));
+    showFolderInFileManager(QStringLiteral("/a b"), [] { ADD_FAILURE() << "it was shown"; });
+    ASSERT_TRUE(eventually([&] { return desktop.calls.size() == 3; }));
+    EXPECT_EQ(desktop.calls[2].member(), QStringLiteral("ShowFolders"));
     bus.unregisterObject(QStringLiteral("/org/freedesktop/Notifications"));
 }
 

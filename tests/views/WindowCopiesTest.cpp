@@ -70,5 +70,26 @@ TEST_F(WindowCopiesTest, whatDoesNotFitIsNamedBeforeAnythingMoves) {
     window_->copyQueue().cancelAll();
 }
 
+TEST_F(WindowCopiesTest, whoWishesSoHasEachCopyComparedWithItsOriginal) {
+    for (const bool isWished : {false, true}) {
+        window_->showSettings();
+        auto* wish = window_->findChild<QCheckBox*>(u"compareCopies"_s);
+        ASSERT_NE(wish, nullptr);
+        if (isWished)
+            wish->click();
+        EXPECT_EQ(wish->isChecked(), isWished);
+        wish->window()->close();
+        activate();
+        const QString name = isWished ? u"compared.txt"_s : u"copied.txt"_s;
+        filesToCopy_ = {local_.write(name, "new")};
+        phone_.android.clearRequestLog();
+        press(Qt::Key_U, Qt::ControlModifier);
+        EXPECT_TRUE(wait([&] { return phone_.content(name) == "new"; }));
+        EXPECT_TRUE(wait([this] { return window_->copyQueue().summary().isIdle(); }));
+        EXPECT_EQ(phone_.requests(MTPOperationCode::getObject), isWished ? 1U : 0U)
+            << "it is read back";
+    }
+}
+
 } // namespace
 } // namespace tessary

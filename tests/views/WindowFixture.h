@@ -32,6 +32,7 @@ protected:
                          QUrl(QStringLiteral("https://tessary.example")), QStringLiteral("1.0")};
         setup.defaults = defaults_;
         setup.copyRecords = records_.path();
+        setup.showFolder = [this](const QString& path) { shownFolders_.append(path); };
         app_ = std::make_unique<TessaryApp>(sources, services_, std::move(setup));
         openWindow();
     }
@@ -78,6 +79,7 @@ protected:
     TemporaryFolder records_; ///< of copies
     QStringList filesToCopy_;
     QStringList opened_;                  ///< local files that the window had the desktop open
+    QStringList shownFolders_;            ///< folders that it had the file manager show
     std::function<void()> whileChoosing_; ///< happens while the user looks for files
     std::shared_ptr<UserDefaults> defaults_ = std::make_shared<MemoryUserDefaults>();
     VirtualUSBBus bus_;

@@ -203,6 +203,7 @@ void BrowserCopies::start(const PreparedCopy& copy, const CopyAnswers& given, bo
             continue;
         request.policy = policyFor(answers, ClashAnswer::replace);
         request.skipsSame = onlyNew;
+        request.verifies = compares_ && compares_();
         queue_.enqueue(std::move(request));
     }
     if (!copy.leftOut.empty())

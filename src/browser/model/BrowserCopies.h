@@ -41,9 +41,14 @@ public:
     /// What becomes of what was copied: removeSource makes it a move.
     enum class Afterwards { keepSource, removeSource };
 
-    /// Both outlive it.
-    BrowserCopies(FileBrowserViewModel& browser, CopyQueue& queue)
-        : browser_(browser), queue_(queue) {}
+    /// Of the settings: whether the user wants each copy compared with its original.
+    static inline const QString comparesKey = QStringLiteral("Tessary_CompareCopies");
+    /// Whether that is so now; called when a copy starts.
+    using Compares = std::function<bool()>;
+
+    /// All outlive it.
+    BrowserCopies(FileBrowserViewModel& browser, CopyQueue& queue, Compares compares)
+        : browser_(browser), queue_(queue), compares_(std::move(compares)) {}
 
     /// Finds out in the background what a copy of entries into a local folder will meet.
     /// `whenReady` is called on the main thread, unless the browser is gone by then.
@@ -72,6 +77,7 @@ private:
 
     FileBrowserViewModel& browser_;
     CopyQueue& queue_;
+    const Compares compares_;
 };
 
 } // namespace tessary

@@ -33,7 +33,7 @@ FileBrowserViewModel::FileBrowserViewModel(CopyQueue& queue, BrowserSetup setup,
       promises_(setup.promises),
       selection_(rows_, std::move(setup.clock)),
       loader_([&queue] { return queue.summary().isIdle() ? reloadPause : reloadPauseInQueue; }),
-      copies_(*this, queue),
+      copies_(*this, queue, std::move(setup.comparesCopies)),
       changes_(*this),
       preview_(staged_) {
     connect(&changes_, &EntryChanges::runningChanged, this, &FileBrowserViewModel::editingChanged);

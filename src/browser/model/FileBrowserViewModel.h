@@ -52,7 +52,8 @@ struct BrowserSetup {
     StagedFiles* staged = nullptr; ///< where previews and drags find their copies; never null
     Typeahead::Clock clock;        ///< empty: the steady clock
     OpenApp openApp{};
-    DragMount* promises = nullptr; ///< null: what is dragged out is copied beforehand
+    DragMount* promises = nullptr;            ///< null: what is dragged out is copied beforehand
+    BrowserCopies::Compares comparesCopies{}; ///< empty: they are not compared
 };
 
 /// The state of the file browser for one connection: the folder shown, its rows, path bar,

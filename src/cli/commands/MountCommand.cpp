@@ -31,18 +31,6 @@ void requireEmptyFolder(const QString& path) {
         throw CliFailure(QStringLiteral("The folder %1 is not empty.").arg(path));
 }
 
-/// One tree a storage; what has only one is shown as it is.
-std::vector<FileTreeRoot> treesOf(CliSession& session) {
-    PhoneFileSystem& files = session.files();
-    std::vector<FileTreeRoot> trees;
-    if (const auto live = files.liveInfo(); live && live->volumes.size() > 1)
-        for (const StorageVolume& volume : live->volumes)
-            trees.push_back({QStringLiteral("/storage/") + volume.id, volume.name});
-    if (trees.empty())
-        trees.push_back(files.rootOf(QStringLiteral("/")));
-    return trees;
-}
-
 bool isMounted(const QString& path) {
     const QByteArray name = QFile::encodeName(path);
     struct stat self {};
@@ -56,7 +44,9 @@ bool isMounted(const QString& path) {
 void mountFiles(CliSession& session) {
     const QString& folder = session.request().localPath;
     requireEmptyFolder(folder);
-    const std::vector<FileTreeRoot> trees = treesOf(session);
+    const auto live = session.files().liveInfo();
+    const auto trees =
+        mountedTrees(session.files(), live ? live->volumes : std::vector<StorageVolume>());
     for (const FileTreeRoot& tree : trees) // says now what is wrong, and not each reader later
         (void)requireFolder(session.files(), tree.path, session.stop());
     std::mutex outputMutex; // readers fail on threads of their own

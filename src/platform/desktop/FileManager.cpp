@@ -8,7 +8,9 @@
 
 namespace tessary {
 
-void showInFileManager(const QString& path, std::function<void()> otherwise) {
+namespace {
+
+void show(const char* how, const QString& path, std::function<void()> otherwise) {
     const auto bus = sessionBus();
     if (!bus) {
         otherwise();
@@ -17,7 +19,7 @@ void showInFileManager(const QString& path, std::function<void()> otherwise) {
     QDBusMessage call = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.FileManager1"),
         QStringLiteral("/org/freedesktop/FileManager1"),
-        QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
+        QStringLiteral("org.freedesktop.FileManager1"), QString::fromLatin1(how));
     call << QStringList{QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded)} << QString();
     auto* watcher = new QDBusPendingCallWatcher(bus->asyncCall(call));
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher,
@@ -26,6 +28,16 @@ void showInFileManager(const QString& path, std::function<void()> otherwise) {
                          if (watcher->isError())
                              otherwise();
                      });
+}
+
+} // namespace
+
+void showInFileManager(const QString& path, std::function<void()> otherwise) {
+    show("ShowItems", path, std::move(otherwise));
+}
+
+void showFolderInFileManager(const QString& path, std::function<void()> otherwise) {
+    show("ShowFolders", path, std::move(otherwise));
 }
 
 } // namespace tessary

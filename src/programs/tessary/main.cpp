@@ -162,6 +162,10 @@ int main(int argc, char** argv) {
             QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(path).absolutePath()));
         });
     };
+    setup.showFolder = [](const QString& path) {
+        showFolderInFileManager(path,
+                                [path] { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); });
+    };
     setup.notifier = std::make_shared<DesktopNotifier>();
     setup.openAddress = [](const QUrl& address) { QDesktopServices::openUrl(address); };
     TessaryApp app(phones.sources(), services, setup);

@@ -72,6 +72,29 @@ PhoneMount::~PhoneMount() {
     mount_.reset();
 }
 
+QString PhoneMount::localPath(const QString& folder) const {
+    for (const auto& tree : trees_) {
+        const QString& top = tree->top().path;
+        const QString shown = trees_.size() == 1 ? path_ : joinPath(path_, tree->top().name);
+        if (folder == top)
+            return shown;
+        if (folder.startsWith(joinPath(top, {})))
+            return joinPath(shown, folder.mid(joinPath(top, {}).size()));
+    }
+    return path_;
+}
+
+std::vector<FileTreeRoot> mountedTrees(const PhoneFileSystem& files,
+                                       const std::vector<StorageVolume>& volumes) {
+    if (volumes.size() < 2)
+        return {files.rootOf(QStringLiteral("/"))};
+    std::vector<FileTreeRoot> trees;
+    for (const StorageVolume& volume : volumes)
+        trees.push_back(
+            {files.canonicalPath(QStringLiteral("/storage/") + volume.id), volume.name});
+    return trees;
+}
+
 PhoneMount::Place PhoneMount::placeOf(const QString& path) {
     QStringList names = path.split(QLatin1Char('/'), Qt::SkipEmptyParts);
     if (trees_.size() == 1)

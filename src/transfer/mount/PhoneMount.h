@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/local/ScratchFolder.h"
+#include "phone/records/DeviceInfo.h"
 #include "platform/mount/FileMount.h"
 #include "transfer/mount/OpenMountedFiles.h"
 #include "transfer/mount/PhoneFolder.h"
@@ -34,6 +35,9 @@ public:
     [[nodiscard]] const QString& path() const {
         return path_;
     }
+    /// Where a folder of the phone, by its canonical path, is shown; path() for one that is in none
+    /// of the trees.
+    [[nodiscard]] QString localPath(const QString& folder) const;
     [[nodiscard]] bool isBeingRead() const {
         return open_.areAny();
     }
@@ -60,5 +64,10 @@ private:
     OpenMountedFiles open_;
     std::unique_ptr<FileMount> mount_; ///< last: it asks for all of the above until it ends
 };
+
+/// What a mount of a whole phone shows: a tree for each of several storages, else the one that the
+/// phone begins with.
+[[nodiscard]] std::vector<FileTreeRoot> mountedTrees(const PhoneFileSystem& files,
+                                                     const std::vector<StorageVolume>& volumes);
 
 } // namespace tessary

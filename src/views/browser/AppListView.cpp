@@ -14,6 +14,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QMenu>
 #include <QPainter>
 #include <QStackedWidget>
 #include <QStandardItemModel>
@@ -90,11 +91,11 @@ public:
 
 } // namespace
 
-AppListView::AppListView(AppListViewModel& apps, std::function<void(const AppInfo&)> choose,
-                         QWidget* parent)
+AppListView::AppListView(AppListViewModel& apps, Choose choose, Choose openOutside, QWidget* parent)
     : QWidget(parent),
       apps_(apps),
       choose_(std::move(choose)),
+      openOutside_(std::move(openOutside)),
       search_(new QLineEdit),
       stack_(new QStackedWidget),
       list_(new QListView),
@@ -142,6 +143,8 @@ AppListView::AppListView(AppListViewModel& apps, std::function<void(const AppInf
     connect(search_, &QLineEdit::textChanged, this,
             [this](const QString& text) { apps_.setSearchText(text); });
     connect(list_, &QListView::clicked, this, &AppListView::open);
+    list_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(list_, &QWidget::customContextMenuRequested, this, &AppListView::showMenu);
     connect(&apps, &AppListViewModel::changed, this, &AppListView::show);
 }
 
@@ -211,6 +214,18 @@ void AppListView::showRows() {
 void AppListView::open(const QModelIndex& index) {
     if (index.isValid() && index.row() < static_cast<int>(shown_.size()))
         choose_(shown_[static_cast<std::size_t>(index.row())]);
+}
+
+void AppListView::showMenu(const QPoint& where) {
+    const QModelIndex index = list_->indexAt(where);
+    if (!index.isValid() || index.row() >= static_cast<int>(shown_.size()))
+        return;
+    const AppInfo app = shown_[static_cast<std::size_t>(index.row())]; // the list may change
+    QMenu menu(this);
+    menu.addAction(icon("document-open-folder"),
+                   QCoreApplication::translate("tessary::Sidebar", "Open in File Manager"),
+                   [this, &app] { openOutside_(app); });
+    menu.exec(list_->viewport()->mapToGlobal(where));
 }
 
 bool AppListView::eventFilter(QObject* watched, QEvent* event) {

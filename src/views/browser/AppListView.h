@@ -21,8 +21,11 @@ class AppListView : public QWidget {
     Q_OBJECT
 
 public:
-    /// `apps` must outlive the view.
-    AppListView(AppListViewModel& apps, std::function<void(const AppInfo&)> choose,
+    using Choose = std::function<void(const AppInfo&)>;
+
+    /// `apps` must outlive the view. `openOutside` opens an app's documents in the desktop's file
+    /// manager.
+    AppListView(AppListViewModel& apps, Choose choose, Choose openOutside,
                 QWidget* parent = nullptr);
 
 protected:
@@ -32,9 +35,11 @@ private:
     void show();
     void showRows();
     void open(const QModelIndex& index);
+    void showMenu(const QPoint& where);
 
     AppListViewModel& apps_;
-    const std::function<void(const AppInfo&)> choose_;
+    const Choose choose_;
+    const Choose openOutside_;
     std::vector<AppInfo> shown_;
     QLineEdit* search_;
     QStackedWidget* stack_;

@@ -49,6 +49,8 @@ SettingsWindow::SettingsWindow(TessaryApp& app, SyncViewModel& sync, WindowState
       language_(new QComboBox),
       languageNote_(makeNote()),
       remember_(new QCheckBox),
+      compare_(new QCheckBox),
+      compareNote_(makeNote()),
       autoCheck_(new QCheckBox),
       check_(new QPushButton),
       version_(new QLabel),
@@ -90,6 +92,9 @@ QWidget* SettingsWindow::makeGeneral() {
     });
     remember_->setObjectName(QStringLiteral("rememberWindow"));
     connect(remember_, &QCheckBox::clicked, this, [this](bool on) { memory_.setOn(on); });
+    compare_->setObjectName(QStringLiteral("compareCopies"));
+    connect(compare_, &QCheckBox::clicked, this,
+            [this](bool on) { app_.defaults().setValue(BrowserCopies::comparesKey, on); });
 
     auto [page, column] = makePage();
     auto* form = new QFormLayout;
@@ -102,6 +107,9 @@ QWidget* SettingsWindow::makeGeneral() {
     column->addWidget(languageNote_);
     column->addSpacing(8);
     column->addWidget(remember_);
+    column->addSpacing(8);
+    column->addWidget(compare_);
+    column->addWidget(compareNote_);
     column->addStretch(1);
     return page;
 }
@@ -160,6 +168,10 @@ void SettingsWindow::showTexts() {
     languageNote_->setText(
         tr("Choose your preferred display language. Changes apply immediately."));
     remember_->setText(tr("Open the window as it was left"));
+    compare_->setText(tr("Compare each copy with its original"));
+    compareNote_->setText(
+        tr("A copy counts only once it was read again and found to be the same. This takes "
+           "longer."));
     autoCheck_->setText(tr("Automatically check for updates"));
     check_->setText(tr("Check for Updates…"));
     const QString version =
@@ -175,6 +187,7 @@ void SettingsWindow::showState() {
     language_->setCurrentIndex(
         language_->findData(static_cast<int>(app_.languageManager().selectedLanguage())));
     remember_->setChecked(memory_.isOn());
+    compare_->setChecked(app_.defaults().value(BrowserCopies::comparesKey).toBool());
     autoCheck_->setChecked(app_.updateChecker().checksAutomatically());
     check_->setEnabled(!app_.updateChecker().isChecking());
 }

@@ -43,6 +43,8 @@ private:
     QComboBox* language_;
     QLabel* languageNote_;
     QCheckBox* remember_;
+    QCheckBox* compare_;
+    QLabel* compareNote_;
     QCheckBox* autoCheck_;
     QPushButton* check_;
     QLabel* version_;

@@ -1,5 +1,6 @@
 #include "views/sidebar/DeviceDelegate.h"
 
+#include "views/common/Icons.h"
 #include "views/common/RowGround.h"
 #include "views/sidebar/DeviceListModel.h"
 
@@ -119,6 +120,11 @@ void DeviceDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
         painter->setBrush(fillColour(*share, palette));
         painter->drawRoundedRect(used, barHeight / 2.0, barHeight / 2.0);
         stateTop += barHeight + 2;
+    }
+    if (index.data(DeviceListModel::mountedRole).toBool()) {
+        const QRect mark(texts.right() - line + 1, stateTop, line, line);
+        icon("document-open-folder").paint(painter, mark);
+        texts.setRight(mark.left() - 4);
     }
     const QString state = index.data(DeviceListModel::stateRole).toString();
     painter->setFont(small);

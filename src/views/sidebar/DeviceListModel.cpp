@@ -25,17 +25,20 @@ QString nameOf(const DeviceInfo& device) {
 
 } // namespace
 
-DeviceListModel::DeviceListModel(const DeviceManager& manager, QObject* parent)
-    : QAbstractListModel(parent), manager_(manager), devices_(manager.devices()) {
+DeviceListModel::DeviceListModel(const DeviceManager& manager, const PhoneMounts& mounts,
+                                 QObject* parent)
+    : QAbstractListModel(parent), manager_(manager), mounts_(mounts), devices_(manager.devices()) {
     connect(&manager, &DeviceManager::devicesChanged, this, &DeviceListModel::update);
     connect(&manager, &DeviceManager::troubleChanged, this, [this](const QString& id) {
         if (const QModelIndex row = indexOf(id); row.isValid())
             Q_EMIT dataChanged(row, row);
     });
-    connect(&LanguageManager::shared(), &LanguageManager::languageChanged, this, [this] {
+    const auto changeAll = [this] {
         if (const int rows = rowCount(); rows > 0)
             Q_EMIT dataChanged(index(0), index(rows - 1));
-    });
+    };
+    connect(&mounts, &PhoneMounts::changed, this, changeAll);
+    connect(&LanguageManager::shared(), &LanguageManager::languageChanged, this, changeAll);
 }
 
 int DeviceListModel::rowCount(const QModelIndex& parent) const {
@@ -61,13 +64,20 @@ QVariant DeviceListModel::data(const QModelIndex& index, int role) const {
         return icon(looksLikeTablet(name) ? QStringLiteral("tabletPicture")
                                           : systemImage(device->platform));
     case Qt::ToolTipRole:
-        return plainToolTip(QStringLiteral("%1\n%2").arg(name, printable(device->udid)));
+        return plainToolTip(QStringLiteral("%1\n%2").arg(name, printable(device->udid)) +
+                            (mounts_.isOpen(device->udid)
+                                 ? QLatin1Char('\n') + tr("Open in the file manager")
+                                 : QString()));
+    case mountedRole:
+        return mounts_.isOpen(device->udid);
     case stateRole:
         return manager_.trouble(device->id()) ? tr("Needs your attention")
                                               : deviceStorageText(*device);
     case Qt::AccessibleTextRole:
         return QStringLiteral("%1, %2, %3")
-            .arg(name, deviceDetail(*device), data(index, stateRole).toString());
+                   .arg(name, deviceDetail(*device), data(index, stateRole).toString()) +
+               (mounts_.isOpen(device->udid) ? QStringLiteral(", ") + tr("Open in the file manager")
+                                             : QString());
     default:
         return {};
     }

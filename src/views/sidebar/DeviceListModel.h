@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/mounts/PhoneMounts.h"
 #include "devices/list/DeviceManager.h"
 
 #include <QAbstractListModel>
@@ -16,9 +17,12 @@ class DeviceListModel : public QAbstractListModel {
 public:
     /// The line below the storage bar: free space, or that something is the matter.
     static constexpr int stateRole = Qt::UserRole + 1;
+    /// Whether the phone is open in the desktop's file manager, too.
+    static constexpr int mountedRole = Qt::UserRole + 2;
 
-    /// `manager` must outlive the model.
-    explicit DeviceListModel(const DeviceManager& manager, QObject* parent = nullptr);
+    /// Both must outlive the model.
+    DeviceListModel(const DeviceManager& manager, const PhoneMounts& mounts,
+                    QObject* parent = nullptr);
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
@@ -31,6 +35,7 @@ private:
     void update();
 
     const DeviceManager& manager_;
+    const PhoneMounts& mounts_;
     std::vector<DeviceInfo> devices_;
 };
 

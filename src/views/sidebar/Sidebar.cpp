@@ -53,11 +53,12 @@ QWidget* makeImportButton(QAction& import) {
 
 } // namespace
 
-Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, Callbacks callbacks,
-                 QWidget* parent)
+Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, PhoneMounts& mounts,
+                 Callbacks callbacks, QWidget* parent)
     : QWidget(parent),
       devices_(devices),
       favorites_(favorites),
+      mounts_(mounts),
       callbacks_(std::move(callbacks)),
       deviceList_(new QListView),
       noDevices_(new QLabel),
@@ -96,7 +97,6 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, Callback
     QListView& favoriteView = favoriteList_->view();
     favoriteView.setDragDropMode(QAbstractItemView::DragDrop);
     favoriteView.setDefaultDropAction(Qt::MoveAction);
-    favoriteView.setContextMenuPolicy(Qt::CustomContextMenu);
     connect(&favoriteView, &QListView::clicked, this, [this](const QModelIndex& index) {
         if (const auto favorite = favoriteModel_.favoriteAt(index))
             callbacks_.openFavorite(*favorite);
@@ -104,16 +104,6 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, Callback
     connect(&favoriteView, &QListView::activated, this, [this](const QModelIndex& index) {
         if (const auto favorite = favoriteModel_.favoriteAt(index))
             callbacks_.openFavorite(*favorite);
-    });
-    connect(&favoriteView, &QWidget::customContextMenuRequested, this, [this](const QPoint& where) {
-        QListView& view = favoriteList_->view();
-        const auto favorite = favoriteModel_.favoriteAt(view.indexAt(where));
-        if (!favorite)
-            return;
-        QMenu menu;
-        menu.addAction(icon("edit-delete-remove"), tr("Remove from Favorites"),
-                       [this, id = favorite->id] { favorites_.removeFavorite(id); });
-        menu.exec(view.viewport()->mapToGlobal(where));
     });
     shortcutList_->view().setObjectName(QStringLiteral("shortcutList"));
     volumeList_->view().setObjectName(QStringLiteral("volumeList"));
@@ -155,8 +145,69 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, Callback
     setMinimumWidth(200);
     connect(&LanguageManager::shared(), &LanguageManager::languageChanged, this,
             &Sidebar::showPlaces);
+    connectMenus();
     fitDeviceList();
     showDevice(std::nullopt, {});
+}
+
+void Sidebar::connectMenus() {
+    for (QListView* view :
+         {deviceList_, &favoriteList_->view(), &shortcutList_->view(), &volumeList_->view()})
+        view->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(deviceList_, &QWidget::customContextMenuRequested, this, &Sidebar::showDeviceMenu);
+    connect(&favoriteList_->view(), &QWidget::customContextMenuRequested, this,
+            &Sidebar::showFavoriteMenu);
+    for (auto [list, model] :
+         {std::pair{shortcutList_, &shortcutModel_}, std::pair{volumeList_, &volumeModel_}})
+        connect(&list->view(), &QWidget::customContextMenuRequested, this,
+                [this, list = list, model = model](const QPoint& where) {
+                    showPlaceMenu(*list, *model, where);
+                });
+}
+
+void Sidebar::showDeviceMenu(const QPoint& where) {
+    const DeviceInfo* const chosen = devices_.deviceAt(deviceList_->indexAt(where));
+    if (chosen == nullptr)
+        return;
+    const DeviceInfo device = *chosen; // it may go while the menu is open
+    QMenu menu(this);
+    QAction* open = menu.addAction(icon("document-open-folder"), tr("Open in File Manager"),
+                                   [this, &device] { mounts_.open(device, {}, {}); });
+    open->setEnabled(device.isDataAccessible());
+    if (mounts_.isOpen(device.udid))
+        menu.addAction(icon("process-stop"), tr("Remove from File Manager"),
+                       [this, &device] { mounts_.close(device.udid); });
+    menu.exec(deviceList_->viewport()->mapToGlobal(where));
+}
+
+void Sidebar::showFavoriteMenu(const QPoint& where) {
+    QListView& view = favoriteList_->view();
+    const auto favorite = favoriteModel_.favoriteAt(view.indexAt(where));
+    if (!favorite || !device_)
+        return;
+    QMenu menu(this);
+    menu.addAction(icon("document-open-folder"), tr("Open in File Manager"),
+                   [this, device = *device_, favorite = *favorite] {
+                       std::optional<AppInfo> app;
+                       if (favorite.appBundleId)
+                           app = {*favorite.appBundleId,
+                                  favorite.appName.value_or(*favorite.appBundleId), true, false};
+                       mounts_.open(device, app, favorite.path);
+                   });
+    menu.addAction(icon("edit-delete-remove"), tr("Remove from Favorites"),
+                   [this, id = favorite->id] { favorites_.removeFavorite(id); });
+    menu.exec(view.viewport()->mapToGlobal(where));
+}
+
+void Sidebar::showPlaceMenu(PlaceList& list, const PlaceListModel& model, const QPoint& where) {
+    const Place* const place = model.placeAt(list.view().indexAt(where));
+    if (place == nullptr || !device_ || place->target == Place::Target::apps)
+        return;
+    QMenu menu(this);
+    menu.addAction(
+        icon("document-open-folder"), tr("Open in File Manager"),
+        [this, device = *device_, path = place->path] { mounts_.open(device, {}, path); });
+    menu.exec(list.view().viewport()->mapToGlobal(where));
 }
 
 void Sidebar::open(const Place& place) {

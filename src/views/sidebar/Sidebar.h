@@ -36,9 +36,9 @@ public:
         std::function<void()> showWireless;
     };
 
-    /// Model and manager must outlive it.
-    Sidebar(DeviceListModel& devices, FavoritesManager& favorites, Callbacks callbacks,
-            QWidget* parent = nullptr);
+    /// All must outlive it.
+    Sidebar(DeviceListModel& devices, FavoritesManager& favorites, PhoneMounts& mounts,
+            Callbacks callbacks, QWidget* parent = nullptr);
 
     [[nodiscard]] QListView& deviceList() const {
         return *deviceList_;
@@ -60,9 +60,14 @@ private:
     void fitDeviceList();
     void open(const Place& place);
     void showPlaces();
+    void connectMenus();
+    void showDeviceMenu(const QPoint& where);
+    void showFavoriteMenu(const QPoint& where);
+    void showPlaceMenu(PlaceList& list, const PlaceListModel& model, const QPoint& where);
 
     DeviceListModel& devices_;
     FavoritesManager& favorites_;
+    PhoneMounts& mounts_;
     Callbacks callbacks_;
     std::optional<DeviceInfo> device_;
     FavoriteSource source_;

@@ -15,6 +15,10 @@ GeneralNotices::GeneralNotices(TessaryApp& app, SyncViewModel& sync, std::functi
         isConflictClosed_ = false;
         Q_EMIT changed();
     });
+    connect(&app.phoneMounts(), &PhoneMounts::failed, this, [this](const QString& name) {
+        notMounted_ = name;
+        Q_EMIT changed();
+    });
     connect(&app.rememberedCopies(), &RememberedCopies::offeredChanged, this,
             &GeneralNotices::changed);
     app.defaults().whenTroubleChanges([self = QPointer(this)] {
@@ -32,6 +36,8 @@ GeneralNotices::~GeneralNotices() {
 std::optional<BannerMessage> GeneralNotices::current(bool isPhoneReadable) {
     if (const auto trouble = app_.defaults().trouble(); trouble && trouble != closedTrouble_)
         return ofSettings(*trouble);
+    if (notMounted_)
+        return ofMount();
     if (auto notice = ofSync())
         return notice;
     if (auto notice = ofCopies())
@@ -89,6 +95,18 @@ std::optional<BannerMessage> GeneralNotices::ofCopies() {
     message.advice = tr("The phone is back. What has arrived is not copied again.");
     message.actions.push_back({tr("Continue Copying"), [&copies] { copies.goOnWithOffered(); }});
     message.closed = [&copies] { copies.declineOffered(); };
+    return message;
+}
+
+BannerMessage GeneralNotices::ofMount() {
+    BannerMessage message;
+    message.kind = BannerMessage::Kind::error;
+    message.text = tr("“%1” could not be opened in the file manager.").arg(printable(*notMounted_));
+    message.advice = tr("This computer mounts nothing for its users. FUSE may not be installed.");
+    message.closed = [this] {
+        notMounted_.reset();
+        Q_EMIT changed();
+    };
     return message;
 }
 

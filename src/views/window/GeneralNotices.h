@@ -33,12 +33,14 @@ private:
     [[nodiscard]] BannerMessage ofSettings(const SettingsTrouble& trouble);
     [[nodiscard]] std::optional<BannerMessage> ofSync();
     [[nodiscard]] std::optional<BannerMessage> ofCopies();
+    [[nodiscard]] BannerMessage ofMount();
     [[nodiscard]] BannerMessage ofConflict();
 
     TessaryApp& app_;
     SyncViewModel& sync_;
     const std::function<void()> release_;
     std::optional<SettingsTrouble> closedTrouble_;
+    std::optional<QString> notMounted_; ///< a phone that the file manager could not be given
     bool isConflictClosed_ = false;
 };
 

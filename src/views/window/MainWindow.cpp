@@ -46,6 +46,9 @@ BrowserSetup browserSetup(TessaryApp& app) {
     };
     setup.staged = &app.stagedFiles();
     setup.promises = &app.promisedFiles();
+    setup.comparesCopies = [&app] {
+        return app.defaults().value(BrowserCopies::comparesKey).toBool();
+    };
     return setup;
 }
 
@@ -64,12 +67,13 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
       apps_([&services = app.services()](const DeviceInfo& device, const std::stop_token& stop) {
           return services.apps(device, stop);
       }),
-      devices_(app.deviceManager()),
+      devices_(app.deviceManager(), app.phoneMounts()),
       import_(app.copyQueue(), app.importLedgers()),
       importAction_(new QAction(this)),
       choice_({app, browser_, apps_, import_}, [this] { return chosenDevice(); }),
       sync_(app.syncManager(), app.deviceManager()),
-      sidebar_(new Sidebar(devices_, app.favoritesManager(), sidebarCallbacks())),
+      sidebar_(
+          new Sidebar(devices_, app.favoritesManager(), app.phoneMounts(), sidebarCallbacks())),
       browserView_(new BrowserView(browser_, std::move(dialogs), std::move(openLocalFile))),
       importView_(new ImportView({import_, app.copyQueue(), app.stagedFiles(), app.defaults()},
                                  {chooseLocalFolder, app.setup().showInFolder})),
@@ -77,7 +81,11 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
       pages_(new WindowPages(
           {new WelcomeView([&app] { app.startDemo(); }),
            new AppListView(
-               apps_, [this](const AppInfo& info) { choice_.openApp(info, QStringLiteral("/")); }),
+               apps_, [this](const AppInfo& info) { choice_.openApp(info, QStringLiteral("/")); },
+               [this](const AppInfo& info) {
+                   if (const auto device = apps_.device())
+                       app_.phoneMounts().open(*device, info, {});
+               }),
            browserView_, importView_},
           app, browser_, choice_, *banner_)),
       syncPanel_(new SyncPanel(
