@@ -27,6 +27,7 @@ DemoPhones::DemoPhones(const QString& folder, double megabytesPerSecond, const D
     debugged.serialNumber = debuggedSerial;
     debugged.folder = QDir(disk).filePath(u"pixel"_s);
     debugged.megabytesPerSecond = megabytesPerSecond;
+    debugged.cards = {{.folder = QDir(disk).filePath(u"pixel-card"_s)}};
     adbd_ = std::make_unique<VirtualADBD>(std::move(debugged));
 
     try {
@@ -95,8 +96,6 @@ QString DemoPhones::ownFolder(const QString& name) const {
 }
 
 void DemoPhones::startADB(const std::optional<QString>& executable) {
-    if (!executable)
-        return;
     try {
         adbd_->start();
     } catch (const std::runtime_error& error) {
@@ -104,6 +103,9 @@ void DemoPhones::startADB(const std::optional<QString>& executable) {
         return;
     }
     startsADB_ = true;
+    hasADBServer_ = executable.has_value();
+    if (!hasADBServer_)
+        return;
     adbServer_.start(*executable);
     adbStart_ = std::jthread([this](const std::stop_token& stop) {
         nameCurrentThread("adb-start");

@@ -71,10 +71,14 @@ public:
     static inline const QString debuggedSerial = QStringLiteral("DEMO0001");
 
     /// Starts the adb server and connects it to the first phone, in the background; without an
-    /// executable nothing happens. To be called once.
+    /// executable the phone only listens, at straightAddress(). To be called once.
     void startADB(const std::optional<QString>& executable);
     [[nodiscard]] bool startsADB() const {
         return startsADB_;
+    }
+    /// Where the first phone's adbd listens for whoever has no adb server; empty with one.
+    [[nodiscard]] QString straightAddress() const {
+        return startsADB_ && !hasADBServer_ ? adbd_->address() : QString();
     }
     /// Waits for the background, a few seconds at most; whether adb reaches the phone then is for
     /// adb to tell.
@@ -99,6 +103,7 @@ private:
     std::unique_ptr<VirtualADBD> adbd_;
     ADBServer adbServer_{ownFolder(QStringLiteral("adb"))};
     bool startsADB_ = false;
+    bool hasADBServer_ = false;
     std::promise<void> isPluggedIn_;
     const std::shared_future<void> pluggedIn_{isPluggedIn_.get_future()};
     std::jthread pluggingIn_; ///< these last: they use the others

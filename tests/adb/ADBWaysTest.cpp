@@ -135,6 +135,11 @@ TEST_F(ADBWaysTest, phonesAreReachedStraightWhereNoADBIs) {
     withoutADB.usbLocation = u"1-9"_s;
     EXPECT_FALSE(ways.canReach(withoutADB));
     EXPECT_EQ(listing(ways, networkPhone()), "nothing");
+    PhoneIdentity onBoth; // its cable gives no more than files
+    onBoth.udid = onBoth.serialNumber = u"VIRTUAL"_s;
+    onBoth.usbLocation = u"1-7"_s;
+    EXPECT_TRUE(ways.canReach(onBoth));
+    EXPECT_EQ(listing(ways, onBoth), "nothing");
     ADBDCable cable(*adbd_, u"CABLE"_s);
     cable.plugInto(bus_, u"1-4.2"_s);
     PhoneIdentity plugged;

@@ -1,3 +1,4 @@
+#include "simulator/adbd/VirtualADBD.h"
 #include "support/PluggedIPhone.h"
 #include "support/QtPrinters.h"
 
@@ -87,6 +88,44 @@ TEST(CliProcess, virtualPhoneIsReachedThroughAnADBServerOfItsOwn) {
     EXPECT_EQ(get.status, 0) << get.error.toStdString();
     EXPECT_EQ(disk.read(u"back/deep/it's.txt"_s), "content");
     EXPECT_FALSE(users.waitForNewConnection(0));
+}
+
+/// In a mount namespace where no adb lies, with nothing in PATH.
+TEST(CliProcess, withoutADBATurboPhoneIsBrowsedCopiedAndKeptInStep) {
+    const TemporaryFolder disk;
+    const QString hidden = u"mount --bind /dev/null /usr/bin/adb"_s;
+    if (ProgramRun({u"-m"_s, u"sh"_s, u"-c"_s, hidden}, u"unshare"_s).status != 0)
+        GTEST_SKIP() << "no mount namespace can be had here (unshare -m)";
+    disk.write(u"album/sub/b.txt"_s, "b");
+    disk.makeFolder(u"pair"_s);
+    VirtualADBD adbd({.folder = disk.makeFolder(u"phone"_s)});
+    adbd.start();
+    const auto run = [&](const QStringList& arguments) {
+        const QString script = hidden + u" && PATH=/nowhere exec \"$@\""_s;
+        const QStringList whole{u"-m"_s, u"sh"_s, u"-c"_s,         script,
+                                u"sh"_s, program, u"--protocol"_s, u"adb"_s};
+        return ProgramRun(whole + arguments, u"unshare"_s);
+    };
+    const QStringList demo{u"--demo-folder"_s, disk.path(u"demo"_s)};
+    const std::tuple<QStringList, QString, QString> phones[] = {
+        {{}, adbd.address(), u"phone"_s}, {demo, u"DEMO0001"_s, u"demo/pixel"_s}};
+    for (const auto& [options, phone, folder] : phones) {
+        SCOPED_TRACE(phone.toStdString());
+        const ProgramRun put =
+            run(options + QStringList{u"put"_s, phone, disk.path(u"album"_s), u"/sdcard"_s});
+        EXPECT_EQ(put.status, 0) << put.error.toStdString();
+        EXPECT_EQ(disk.read(folder + u"/album/sub/b.txt"_s), "b");
+        const ProgramRun list = run(options + QStringList{u"ls"_s, phone, u"/sdcard/album"_s});
+        EXPECT_TRUE(list.out.contains("sub/")) << list.error.toStdString();
+        const QString back = disk.path(u"back of "_s + phone);
+        const ProgramRun get = run(options + QStringList{u"get"_s, phone, u"/album"_s, back});
+        EXPECT_EQ(get.status, 0) << get.error.toStdString();
+        EXPECT_EQ(disk.read(u"back of "_s + phone + u"/sub/b.txt"_s), "b");
+        const ProgramRun sync = run(options + QStringList{u"sync"_s, phone, disk.path(u"pair"_s),
+                                                          u"/album"_s, u"--mode"_s, u"both"_s});
+        EXPECT_EQ(sync.status, 0) << sync.error.toStdString();
+        EXPECT_EQ(disk.read(u"pair/sub/b.txt"_s), "b");
+    }
 }
 
 /// The program itself, against a virtual iPhone of this process.

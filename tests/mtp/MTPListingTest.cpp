@@ -27,6 +27,8 @@ TEST_F(MTPListingTest, pathsLeadToTheStorageThatTheyName) {
         {"/storage/emulated/0/DCIM", "/DCIM/Camera", "/storage/DCIM/Camera"},
         {"/storage/65537", "/storage/65537/DCIM", "/storage/65537/DCIM"},
         {"/storage/131073/", "/storage/131073/card.txt", "/storage/131073/card.txt"},
+        // as Turbo mode calls it
+        {"/storage/1234-ABCD", "/storage/131073/card.txt", "/storage/131073/card.txt"},
     };
     for (const auto& [asked, path, id] : rows) {
         const auto entries = list(asked);

@@ -167,8 +167,10 @@ std::shared_ptr<ADBConnection> ADBWays::connectionTo(const PhoneIdentity& phone)
 bool ADBWays::canReach(const PhoneIdentity& phone) {
     if (tool_.find() || tracker_.hasServer())
         return true;
+    if (addressOf(phone))
+        return true;
     if (phone.usbLocation.isEmpty())
-        return hostAndPort(phone.serialNumber).has_value();
+        return false;
     {
         const std::scoped_lock lock(mutex_);
         if (places_)
@@ -187,8 +189,7 @@ std::shared_ptr<ADBConnection> ADBWays::byServer(const PhoneIdentity& phone) {
 
 std::shared_ptr<ADBConnection> ADBWays::straightTo(const PhoneIdentity& phone) {
     USBBus& bus = setup_.bus;
-    if (const auto address = hostAndPort(phone.serialNumber);
-        address && phone.usbLocation.isEmpty())
+    if (const auto address = hostAndPort(addressOf(phone).value_or(QString())))
         return std::make_shared<ADBDirectConnection>(
             [address](const Wait& wait) {
                 return std::make_unique<ADBTCPTransport>(address->first, address->second, wait);
@@ -203,6 +204,19 @@ std::shared_ptr<ADBConnection> ADBWays::straightTo(const PhoneIdentity& phone) {
             const auto entry = ADBUSBTransport::find(bus, phone.usbLocation, phone.serialNumber);
             return entry ? bus.programsHolding(entry->id) : QStringList();
         });
+}
+
+/// Where a phone is on the network: itself, or one whose cable here gives no more than files.
+std::optional<QString> ADBWays::addressOf(const PhoneIdentity& phone) const {
+    if (phone.usbLocation.isEmpty())
+        return isAddress(phone.serialNumber) ? std::optional(phone.serialNumber) : std::nullopt;
+    const std::scoped_lock lock(mutex_);
+    if (phone.serialNumber.isEmpty() || (places_ && places_->contains(phone.usbLocation)))
+        return std::nullopt;
+    for (const ADBDevice& one : straight_)
+        if (one.phoneSerial == phone.serialNumber)
+            return one.serial;
+    return std::nullopt;
 }
 
 bool ADBWays::isStraight(const QString& address) const {

@@ -68,6 +68,7 @@ private:
     [[nodiscard]] bool ensureServer(const std::stop_token& stop);
     [[nodiscard]] std::shared_ptr<ADBConnection> byServer(const PhoneIdentity& phone);
     [[nodiscard]] std::shared_ptr<ADBConnection> straightTo(const PhoneIdentity& phone);
+    [[nodiscard]] std::optional<QString> addressOf(const PhoneIdentity& phone) const;
     [[nodiscard]] bool isStraight(const QString& address) const;
 
     const Setup setup_;

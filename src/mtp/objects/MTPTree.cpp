@@ -5,6 +5,7 @@
 #include "mtp/objects/MTPFailures.h"
 #include "phone/DevicePath.h"
 
+#include <QRegularExpression>
 #include <QStringList>
 
 #include <algorithm>
@@ -60,16 +61,27 @@ const std::vector<std::uint32_t>& MTPTree::storageIDs() {
     return *storageIDs_;
 }
 
+/// The storage that "/storage/<word>" means: its number, or the name that Android gives a card or
+/// stick, which MTP does not tell. With one of these there is no doubt.
+std::optional<std::uint32_t> MTPTree::storageCalled(const QString& word) {
+    const std::vector<std::uint32_t>& storages = storageIDs();
+    bool isNumber = false;
+    const std::uint32_t number = word.toUInt(&isNumber);
+    if (isNumber && std::find(storages.begin(), storages.end(), number) != storages.end())
+        return number;
+    static const QRegularExpression ofVolume(QStringLiteral("^[0-9A-F]{4}-[0-9A-F]{4}$"));
+    return storages.size() == 2 && ofVolume.match(word).hasMatch() ? std::optional(storages[1])
+                                                                   : std::nullopt;
+}
+
 MTPLocation MTPTree::locate(const QString& path) {
     const std::vector<std::uint32_t>& storages = storageIDs();
     QStringList components = storageRelativePath(path).split(QLatin1Char('/'), Qt::SkipEmptyParts);
     MTPLocation location{storages.front(), {}, {}};
     if (components.size() >= 2 && components[0] == QLatin1StringView("storage")) {
-        bool isNumber = false;
-        const std::uint32_t wanted = components[1].toUInt(&isNumber);
-        if (isNumber && std::find(storages.begin(), storages.end(), wanted) != storages.end()) {
-            location.prefix = QStringLiteral("/storage/") + components[1];
-            location.storageID = wanted;
+        if (const auto wanted = storageCalled(components[1])) {
+            location.prefix = QStringLiteral("/storage/%1").arg(*wanted);
+            location.storageID = *wanted;
             components.remove(0, 2);
         }
     }

@@ -55,7 +55,8 @@ public:
     /// The storages that can be used, asked once a session; PhoneError::noStorage without any.
     [[nodiscard]] const std::vector<std::uint32_t>& storageIDs();
 
-    /// The place of a path: on the first storage, or on the one that "/storage/<id>" names.
+    /// The place of a path: on the first storage, or on the one that "/storage/<id>" names, by
+    /// its number or, where there is one beside the first, by Android's name for it.
     [[nodiscard]] MTPLocation locate(const QString& path);
 
     /// What is at a path, as the phone describes it now. Blanks around the path count only when a
@@ -106,6 +107,7 @@ public:
     void removed(const MTPFound& object);
 
 private:
+    [[nodiscard]] std::optional<std::uint32_t> storageCalled(const QString& word);
     using Clock = std::chrono::steady_clock;
     /// An object as the phone has described it.
     struct Confirmed {

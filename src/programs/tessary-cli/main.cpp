@@ -74,6 +74,10 @@ public:
         all.insert(environment());
         return ADBServerAddress::of(all);
     }
+    /// Where a virtual phone is reached when there is no adb; else empty.
+    [[nodiscard]] QString straightAddress() const {
+        return demo_ ? demo_->straightAddress() : QString();
+    }
     /// What leads child processes to these phones.
     [[nodiscard]] QProcessEnvironment environment() const {
         return demo_ ? demo_->adbEnvironment() : QProcessEnvironment();
@@ -129,6 +133,8 @@ int main(int argc, char** argv) {
             QtProcessRunner processes(phones.environment());
             const std::stop_callback endChildren(signals.token(), [&] { processes.stop(); });
             DeviceServices services({phones.bus(), processes, phones.adbServer()});
+            if (const QString address = phones.straightAddress(); !address.isEmpty())
+                services.adbWays().connect(address, signals.token());
             status =
                 CliRunner({phones.sources(), services, *defaults, out, stderr, phones.ledgers()})
                     .run(request, signals.token());

@@ -181,6 +181,14 @@ int main(int argc, char** argv) {
                      [&] { taskbar.show(copies.summary().fractionDone()); });
     delegate = &windows.delegate();
     delegate->applicationDidFinishLaunching();
+    if (const QString address = isDemo ? phones.virtualPhones->straightAddress() : QString();
+        !address.isEmpty())
+        runInBackground(
+            &windows.delegate(),
+            [&services, address](const std::stop_token& stop) {
+                services.adbWays().connect(address, stop);
+            },
+            [](const BackgroundResult<void>&) {});
     if (!isDemo)
         app.updateChecker().checkAtStart();
     // Whoever ends the session has no time for questions.
