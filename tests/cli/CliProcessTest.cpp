@@ -215,6 +215,50 @@ TEST_F(CliIPhoneTest, refusalsAreOneClearLine) {
     EXPECT_EQ(iphone_.read(u"a.txt"_s), QByteArray("content"));
 }
 
+TEST(CliIPhone, whatThePhoneWaitsForIsSaidInWords) {
+    const auto untrusted = [](VirtualTrust trust) {
+        VirtualIPhoneConfig config;
+        config.isPaired = false;
+        config.trust = trust;
+        return config;
+    };
+    VirtualIPhoneConfig locked;
+    locked.isLocked = true;
+    const struct {
+        const char* name;
+        VirtualIPhoneConfig config;
+        const char* handshake; ///< what each handshake is answered with; empty: as it should be
+        const char* words;
+    } rows[] = {
+        {"forgotten",
+         {},
+         "InvalidHostID",
+         "The phone has forgotten this computer. Unplug the phone, plug it in again and tap "
+         "“Trust” on it."},
+        {"asks", untrusted(VirtualTrust::asking), "",
+         "The phone has not allowed this computer yet. Unlock the phone and answer its question"},
+        {"denied", untrusted(VirtualTrust::denied), "",
+         "The phone has not allowed this computer yet."},
+        {"locked", locked, "", "The phone is locked. Unlock the phone and try again."},
+    };
+    for (const auto& row : rows) {
+        PluggedIPhone iphone(row.config);
+        iphone.faults([&](VirtualIPhoneFaults& faults) {
+            faults.handshakesToFail = *row.handshake == '\0' ? 0 : 1000;
+            faults.handshakeError = QString::fromLatin1(row.handshake);
+        });
+        // By its name, which an untrusted phone does not tell, and by its identifier.
+        for (const QString& device : {u"iphone"_s, iphone.udid()}) {
+            SCOPED_TRACE(row.name + (' ' + device.toStdString()));
+            const ProgramRun run({u"ls"_s, device, u"--app"_s, PluggedIPhone::bundleId});
+            EXPECT_EQ(run.status, 1);
+            EXPECT_TRUE(run.error.contains(row.words)) << run.error.toStdString();
+        }
+    }
+    const PluggedIPhone iphone;
+    EXPECT_TRUE(ProgramRun({u"devices"_s}).out.contains("battery 80 %"));
+}
+
 TEST_F(CliIPhoneTest, anInterruptLeavesNoHalfFile) {
     iphone_.disk.writeSparse(iphone_.inDocuments(u"big"_s), qint64{1} << 30);
     iphone_.faults([](VirtualIPhoneFaults& faults) { faults.megabytesPerSecond = 10; });
