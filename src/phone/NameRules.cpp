@@ -13,10 +13,15 @@ bool isFATCharacter(QChar character) {
            QStringLiteral("\\:*?\"<>|").contains(character);
 }
 
+/// Whatever follows the last dot, in UTF-16 units, it is no extension when it is longer.
+constexpr qsizetype longestExtension = 32;
+
 /// The stem and the extension with its dot; a leading dot starts a hidden name.
 std::pair<QString, QString> splitName(const QString& name, bool isFolder) {
     const qsizetype dot = isFolder ? -1 : name.lastIndexOf(QLatin1Char('.'));
-    return dot > 0 ? std::pair(name.left(dot), name.mid(dot)) : std::pair(name, QString());
+    return dot > 0 && name.size() - dot <= longestExtension
+               ? std::pair(name.left(dot), name.mid(dot))
+               : std::pair(name, QString());
 }
 
 bool fits(const NameRules& rules, const QString& name) {
@@ -47,7 +52,7 @@ QString freeNameUnder(const NameRules& rules, const QString& name, bool isFolder
                       const std::function<bool(const QString& key)>& isTaken) {
     auto [stem, extension] = splitName(name, isFolder);
     QString candidate = name;
-    for (int n = 2; isTaken(rules.key(candidate)); ++n) {
+    for (int n = 2; !fits(rules, candidate) || isTaken(rules.key(candidate)); ++n) {
         const QString number = QStringLiteral(" (%1)").arg(n);
         candidate = stem + number + extension;
         while (!fits(rules, candidate) && !stem.isEmpty()) {

@@ -24,8 +24,9 @@ struct NameRules {
     bool operator==(const NameRules&) const = default;
 };
 
-/// "a.txt", "a (2).txt", …: the first whose key `isTaken` does not hold for, shortened where the
-/// number would make it too long. `name` is accepted by the rules.
+/// "a.txt", "a (2).txt", …: the first that is not too long and whose key `isTaken` does not hold
+/// for, shortened before its number where it has to be. But for its length `name` is accepted by
+/// the rules.
 [[nodiscard]] QString freeNameUnder(const NameRules& rules, const QString& name, bool isFolder,
                                     const std::function<bool(const QString& key)>& isTaken);
 

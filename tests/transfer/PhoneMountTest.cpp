@@ -157,13 +157,17 @@ TEST_P(PhoneMountTest, aFileIsFetchedOnceForAllWhoReadIt) {
     EXPECT_LE(phone.memory->bytes(Operation::read), long_.size() * 5 / 4);
 }
 
-TEST_P(PhoneMountTest, namesAreThoseThatCanLieHere) {
+TEST_P(PhoneMountTest, namesAreThoseThatCanLieHereAndTheRestIsTold) {
     phone.memory->addTwin(s("/side/d/a.txt"), "twin", noon);
     phone.memory->addHostile(s("/side/d"), s("x/y"), "hostile");
     phone.memory->addUnreadable(s("/side/d/u"), {PhoneError::unreadable});
+    phone.memory->addFile(s("/side/d/%1.txt").arg(QString(300, u'l')), "long", noon);
+    phone.memory->addFile(s("/side/d/m.%1").arg(QString(300, u'm')), "long", noon);
     QByteArray names;
     ASSERT_TRUE(prints(s("ls '%1'; cat '%1/a (2).txt'").arg(at("d")), &names));
-    EXPECT_EQ(names, "a (2).txt\na.txt\ne\nnone\ntwin");
+    EXPECT_EQ(names, "a (2).txt\na.txt\ne\n" + QByteArray(247, 'l') + " (2).txt\nm." +
+                         QByteArray(249, 'm') + " (2)\nnone\ntwin");
+    EXPECT_EQ(failures, 2) << "x/y and u";
 }
 
 TEST_P(PhoneMountTest, aFolderOfTenThousandIsListedOnce) {
@@ -176,12 +180,14 @@ TEST_P(PhoneMountTest, aFolderOfTenThousandIsListedOnce) {
 }
 
 TEST_P(PhoneMountTest, whatWasChangedByUsIsListedAnew) {
+    phone.memory->addUnreadable(s("/side/d/e/u"), {PhoneError::unreadable});
     QByteArray names;
     ASSERT_TRUE(prints(s("ls '%1'").arg(at("d/e")), &names));
     phone.memory->addFile(s("/side/d/e/new"), "n", noon);
     phone.files()->queue()->noteEdit();
     ASSERT_TRUE(prints(s("sleep 1.2; ls '%1'").arg(at("d/e")), &names));
     EXPECT_EQ(names, "b\nnew\n");
+    EXPECT_EQ(failures, 1) << "what is left out is told once";
 }
 
 TEST_P(PhoneMountTest, aPhoneThatGoesIsAnErrorAndNoShorterFile) {

@@ -27,7 +27,7 @@ constexpr auto afterEdit = 1s;
 }
 
 bool canLieHere(const QString& name) {
-    return isSafeName(name) && name.isValidUtf16() && !isTooLongName(name);
+    return isSafeName(name) && name.isValidUtf16();
 }
 
 MountedFiles::Entry entryOf(const QString& name, const FileItem& item) {
@@ -100,18 +100,17 @@ std::shared_ptr<const PhoneFolder::Listing> PhoneFolder::content(const FileItem&
 std::shared_ptr<const PhoneFolder::Listing> PhoneFolder::ask(const FileItem& folder) {
     auto listing = std::make_shared<Listing>();
     const bool isWhole = listings_ == Listings::keptAndWhole;
-    const auto leaveOut = [&](const Error& error) {
+    const auto leaveOut = [&](const QString& path, const Error& error) {
         if (isWhole)
             throw Error(error);
-        DiagnosticsLogger::shared().transfer.standard("not shown in the mounted folder: %s",
-                                                      {error.logText()});
+        tellLeftOut(path, error);
     };
     const NameRules rules;
     files_->list(folder.path,
                  {[&](std::vector<FileItem>&& rows) {
                       for (FileItem& item : rows) {
                           if (!canLieHere(item.name)) {
-                              leaveOut({PhoneError::nameNotAllowed, {item.name}});
+                              leaveOut(item.path, {PhoneError::nameNotAllowed, {item.name}});
                               continue;
                           }
                           const QString name = freeNameUnder(
@@ -120,9 +119,22 @@ std::shared_ptr<const PhoneFolder::Listing> PhoneFolder::ask(const FileItem& fol
                           listing->insert(name, std::move(item));
                       }
                   },
-                  [&](UnreadableEntry&& entry) { leaveOut(entry.error); }},
+                  [&](UnreadableEntry&& entry) { leaveOut(entry.path, entry.error); }},
                  stop_.get_token());
     return listing;
+}
+
+/// Once a path, however often its folder is listed.
+void PhoneFolder::tellLeftOut(const QString& path, const Error& error) {
+    {
+        const std::scoped_lock lock(mutex_);
+        if (!leftOut_.insert(path).second)
+            return;
+    }
+    DiagnosticsLogger::shared().transfer.standard("not shown in the mounted folder: %s",
+                                                  {error.logText()});
+    if (failed_)
+        failed_(FileItem(lastComponent(path), path, false, 0, std::nullopt), error);
 }
 
 PhoneFolder::Found PhoneFolder::find(const QStringList& names) {

@@ -10,6 +10,7 @@
 #include <map>
 #include <mutex>
 #include <optional>
+#include <set>
 
 namespace tessary {
 
@@ -20,12 +21,12 @@ class PhoneFolder {
 public:
     enum class Listings {
         keptForSeconds, ///< longer where the phone takes long to list; entries that cannot be read
-                        ///< or named here are left out and logged
+                        ///< or named here are left out, and told as failed
         keptAndWhole,   ///< for as long as this lives; a folder with such an entry is an error, so
                         ///< that nobody takes a part of it for the whole
     };
 
-    /// `top` is a file or a folder.
+    /// `top` is a file or a folder. `failed` may be empty.
     PhoneFolder(std::shared_ptr<PhoneFileSystem> files, FileItem top, Listings listings,
                 MountedFile::Failed failed);
 
@@ -57,6 +58,7 @@ private:
     [[nodiscard]] Found find(const QStringList& names);
     [[nodiscard]] std::shared_ptr<const Listing> content(const FileItem& folder);
     [[nodiscard]] std::shared_ptr<const Listing> ask(const FileItem& folder);
+    void tellLeftOut(const QString& path, const Error& error);
     [[nodiscard]] bool isGood(const KnownListing& known) const;
     [[nodiscard]] std::uint64_t edits() const;
 
@@ -69,6 +71,7 @@ private:
     std::mutex mutex_;                                       ///< guards all below
     std::map<QString, std::shared_ptr<KnownListing>> known_; ///< by the folder's path on the phone
     std::map<QString, std::weak_ptr<MountedFile>> open_;     ///< by path, size and date
+    std::set<QString> leftOut_;                              ///< paths that were told
     std::shared_ptr<MountedFile> lastOpen_; ///< who looks into a file often opens it again
 };
 
