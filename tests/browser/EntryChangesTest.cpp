@@ -73,6 +73,24 @@ TEST_F(EntryChangesTest, whatCannotBeTakenBackSaysWhyAndHarmsNothing) {
     EXPECT_TRUE(files_->has(u"/root/x"_s));
 }
 
+TEST_F(EntryChangesTest, whatFailedToBeTakenBackCanBeTriedAgain) {
+    const QStringList before = files_->tree();
+    browser_.changes().move(browser_.itemsWithIds(ids({"/root/b.txt", "/root/c.txt"})),
+                            u"/root/a"_s);
+    settle();
+    files_->fail(Operation::move, u"/root/a/b.txt"_s, Error(PhoneError::locked), 1);
+    undo();
+    EXPECT_TRUE(browser_.problem());
+    undo();
+    EXPECT_EQ(files_->tree(), before);
+
+    browser_.renameItem(u"/root/b.txt"_s, u"x"_s);
+    settle();
+    files_->removeQuietly(u"/root/x"_s);
+    undo();
+    EXPECT_EQ(undoable(), std::nullopt) << "it is gone for good";
+}
+
 TEST_F(EntryChangesTest, aFailedChangeIsNotTakenBack) {
     files_->fail(Operation::move, u"/root/b.txt"_s, Error(PhoneError::accessDenied));
     browser_.changes().move(browser_.itemsWithIds(ids({"/root/b.txt", "/root/c.txt"})),
@@ -117,6 +135,38 @@ TEST_F(EntryChangesTest, whatThePhoneCannotMoveIsCopiedAndRemoved) {
     for (const char* gone : {"/root/a", "/root/b.txt", "/root/c.txt"})
         EXPECT_FALSE(files_->has(QString::fromUtf8(gone))) << gone;
     EXPECT_TRUE(eventually([this] { return names().isEmpty(); })) << "the folder is read again";
+}
+
+TEST_F(EntryChangesTest, aStoppedMoveDoesNotGoOnAsACopy) {
+    const QStringList before = files_->tree();
+    files_->fail(Operation::move, u"/root/b.txt"_s, Error(PhoneError::otherStorage));
+    Gate gate;
+    holdAt(gate, Operation::move, "/root/c.txt");
+    browser_.changes().move(browser_.itemsWithIds(ids({"/root/b.txt", "/root/c.txt"})),
+                            u"/root/a"_s);
+    ASSERT_TRUE(eventually([&] { return gate.waiting() == 1; }));
+    browser_.changes().cancel();
+    settle();
+    EXPECT_TRUE(queue_.jobs().empty());
+    EXPECT_EQ(files_->tree(), before);
+}
+
+TEST_F(EntryChangesTest, whatCannotBeOpenedHereIsCountedAndTriedAgain) {
+    local_.write(u"good"_s, "content");
+    uploadNow(browser_, {local_.path(u"one"_s), local_.path(u"good"_s), local_.path(u"two"_s)});
+    settleCopies();
+    ASSERT_EQ(queue_.jobs().size(), 1U);
+    const CopyJob& job = queue_.jobs().front();
+    EXPECT_EQ(job.status, CopyJob::Status::incomplete);
+    ASSERT_EQ(job.leftOut.size(), 2U);
+    EXPECT_EQ(job.leftOut[1].item.name, u"two"_s);
+    EXPECT_TRUE(job.leftOut[1].error.is(LocalError::notFound));
+    EXPECT_EQ(files_->content(u"/root/good"_s), "content");
+    local_.write(u"one"_s, "late");
+    queue_.goOn(job.id);
+    settleCopies();
+    EXPECT_EQ(queue_.jobs().front().leftOut.size(), 1U);
+    EXPECT_EQ(files_->content(u"/root/one"_s), "late");
 }
 
 TEST_F(EntryChangesTest, copiesBesideTheirSourceAreNumberedUnasked) {

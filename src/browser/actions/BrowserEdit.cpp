@@ -2,6 +2,7 @@
 
 #include "base/threads/CancellationError.h"
 #include "browser/actions/BrowserLoad.h"
+#include "phone/PhoneError.h"
 #include "phone/PhoneQueue.h"
 
 #include <QCoreApplication>
@@ -30,6 +31,8 @@ BrowserEditReport editEach(PhoneFileSystem& files, const std::vector<FileItem>& 
             break;
         } catch (const Error& error) {
             ++problem.failed;
+            if (error.is(PhoneError::notFound))
+                report.gonePaths << items[i].path;
             if (problem.failures.size() < namedFailures)
                 problem.failures.push_back({items[i].name, error});
             if (isDeviceLost(error)) {
@@ -40,6 +43,7 @@ BrowserEditReport editEach(PhoneFileSystem& files, const std::vector<FileItem>& 
         }
         progress(static_cast<int>(i) + 1);
     }
+    report.isStopped = stop.stop_requested();
     if (problem.failed > 0) {
         problem.name = problem.failures.front().name;
         report.problem = std::move(problem);

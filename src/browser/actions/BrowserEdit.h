@@ -16,6 +16,8 @@ namespace tessary {
 /// What changing entries of a folder came to.
 struct BrowserEditReport {
     QStringList donePaths;
+    QStringList gonePaths;  ///< what was not there any more
+    bool isStopped = false; ///< before the end, or right at it
     /// One report for everything that failed. A cancellation is no failure.
     std::optional<BrowserProblem> problem;
     bool isDeviceLost = false;

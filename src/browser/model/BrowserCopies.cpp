@@ -5,6 +5,7 @@
 #include "base/threads/Background.h"
 #include "browser/model/FileBrowserViewModel.h"
 
+#include <QDir>
 #include <QTimer>
 
 #include <algorithm>
@@ -55,24 +56,30 @@ void forgetOwnNames(PreparedCopy::Part& part) {
             item.existing.reset();
 }
 
+/// A local file or folder as a source. What cannot be opened is one, too: its copy says why, counts
+/// it, and can be tried again.
+LocalItem sourceAt(const QString& path) {
+    try {
+        return openLocalItem(path);
+    } catch (const Error&) {
+        const QString clean = QDir::cleanPath(path);
+        return {std::make_shared<LocalFileSystem>(parentPath(clean), LocalLinks::filesFollowed),
+                FileItem(lastComponent(clean), clean, false, 0, std::nullopt)};
+    }
+}
+
 /// Local files and folders as sources, those of one folder together.
-PreparedCopy openSources(const QStringList& paths, const std::shared_ptr<PhoneFileSystem>& to,
-                         const QString& target) {
+PreparedCopy sourcesAt(const QStringList& paths, const std::shared_ptr<PhoneFileSystem>& to,
+                       const QString& target) {
     PreparedCopy copy;
     for (const QString& path : paths) {
-        try {
-            LocalItem local = openLocalItem(path);
-            auto part = std::find_if(copy.parts.begin(), copy.parts.end(), [&](const auto& one) {
-                return one.request.from->identity() == local.files->identity();
-            });
-            if (part == copy.parts.end())
-                part = copy.parts.insert(part,
-                                         {{.from = local.files, .to = to, .folder = target}, {}});
-            part->request.items.push_back({local.item, local.item.name});
-        } catch (const Error& error) {
-            const FileItem missing(lastComponent(path), path, false, 0, std::nullopt);
-            copy.leftOut.push_back({{missing, missing.name}, error});
-        }
+        LocalItem local = sourceAt(path);
+        auto part = std::find_if(copy.parts.begin(), copy.parts.end(), [&](const auto& one) {
+            return one.request.from->identity() == local.files->identity();
+        });
+        if (part == copy.parts.end())
+            part = copy.parts.insert(part, {{.from = local.files, .to = to, .folder = target}, {}});
+        part->request.items.push_back({local.item, local.item.name});
     }
     return copy;
 }
@@ -126,7 +133,7 @@ void BrowserCopies::prepareUpload(const QStringList& localPaths, const QString& 
         return;
     prepare(
         [files = browser_.files(), localPaths, target = targetOf(folder), afterwards] {
-            PreparedCopy copy = openSources(localPaths, files, target);
+            PreparedCopy copy = sourcesAt(localPaths, files, target);
             copy.targetName = files->displayName();
             for (PreparedCopy::Part& part : copy.parts)
                 part.request.removesSource = afterwards == Afterwards::removeSource;
@@ -206,10 +213,6 @@ void BrowserCopies::start(const PreparedCopy& copy, const CopyAnswers& given, bo
         request.verifies = compares_ && compares_();
         queue_.enqueue(std::move(request));
     }
-    if (!copy.leftOut.empty())
-        browser_.showProblem(BrowserProblem::of(BrowserProblem::What::load,
-                                                copy.leftOut.front().item.name,
-                                                copy.leftOut.front().error));
 }
 
 } // namespace tessary

@@ -24,8 +24,6 @@ struct PreparedCopy {
     };
     std::vector<Part> parts;
     QString targetName; ///< of the folder, or of the phone
-    /// What was to be copied and cannot be read.
-    std::vector<LeftOut> leftOut;
 
     /// Bytes that the copy takes for itself, and those that are free.
     [[nodiscard]] qint64 neededBytes(const CopyAnswers& answers) const;

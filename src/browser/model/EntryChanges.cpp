@@ -73,8 +73,7 @@ void EntryChanges::run(std::vector<FileItem> items, What what, EditAction action
                   path = browser_.currentPath()](const BrowserEditReport& report) {
                      for (const QString& changed : changedPaths)
                          browser_.folders().entryChanged(files->identity(), changed);
-                     if (whenDone && !report.donePaths.isEmpty())
-                         whenDone(report.donePaths);
+                     whenDone(report);
                      if (report.problem)
                          browser_.showProblem(*report.problem);
                      browser_.refreshAfterChange(files->identity(), path, report.isDeviceLost);
@@ -96,8 +95,10 @@ void EntryChanges::createFolder(const QString& name) {
         },
         [this, name, parent = browser_.currentPath(),
          identity = browser_.files() ? browser_.files()->identity()
-                                     : QString()](const QStringList& paths) {
-            record({UndoStep::Kind::create, identity, {{{}, paths.front()}}});
+                                     : QString()](const BrowserEditReport& report) {
+            if (report.donePaths.isEmpty())
+                return;
+            record({UndoStep::Kind::create, identity, {{{}, report.donePaths.front()}}});
             if (parent == browser_.currentPath())
                 browser_.awaitEntry(name, true);
         });
@@ -109,7 +110,12 @@ void EntryChanges::remove(std::vector<FileItem> items) {
         [](PhoneFileSystem& files, const FileItem& item, const std::stop_token& stop) {
             files.removeTree(item, stop);
         },
-        [this](const QStringList& paths) { Q_EMIT removed(paths); });
+        [this](const BrowserEditReport& report) { tellRemoved(report.donePaths); });
+}
+
+void EntryChanges::tellRemoved(const QStringList& paths) {
+    if (!paths.isEmpty())
+        Q_EMIT removed(paths);
 }
 
 void EntryChanges::rename(const FileItem& item, const QString& newName) {
@@ -127,11 +133,14 @@ void EntryChanges::rename(const FileItem& item, const QString& newName) {
             (void)files.rename(entry, newName, TakenName::refused, stop);
         },
         [this, newName, newPath, folder = browser_.currentPath(),
-         identity = browser_.files()->identity()](const QStringList& paths) {
-            record({UndoStep::Kind::rename, identity, {{paths.front(), newPath}}});
+         identity = browser_.files()->identity()](const BrowserEditReport& report) {
+            if (report.donePaths.isEmpty())
+                return;
+            const QString& path = report.donePaths.front();
+            record({UndoStep::Kind::rename, identity, {{path, newPath}}});
             if (folder == browser_.currentPath())
                 browser_.awaitEntry(newName);
-            Q_EMIT renamed(paths.front(), newPath);
+            Q_EMIT renamed(path, newPath);
         },
         {newPath});
 }
@@ -161,15 +170,16 @@ void EntryChanges::move(std::vector<FileItem> items, const QString& folder) {
                 unmovable->items.push_back(item);
             }
         },
-        [this, target, unmovable, files](const QStringList& paths) {
+        [this, target, unmovable, files](const BrowserEditReport& report) {
             const std::scoped_lock lock(unmovable->mutex);
             UndoStep step{UndoStep::Kind::move, files->identity(), {}};
-            for (const QString& path : paths)
+            for (const QString& path : report.donePaths)
                 if (std::ranges::find(unmovable->items, path, &FileItem::path) ==
                     unmovable->items.end())
                     step.changes.push_back({path, joinPath(target, lastComponent(path))});
             record(std::move(step));
-            browser_.copies().moveByCopy(files, unmovable->items, target);
+            if (!report.isStopped && !report.isDeviceLost)
+                browser_.copies().moveByCopy(files, unmovable->items, target);
         },
         newPaths);
 }
@@ -198,19 +208,30 @@ void EntryChanges::undo() {
             const auto change = std::ranges::find(step.changes, item.path, &UndoStep::Change::now);
             takeBack(files, step.kind, *change, stop);
         },
-        [this, step = *step](const QStringList& paths) {
-            if (step.kind == UndoStep::Kind::create) {
-                Q_EMIT removed(paths);
-                return;
-            }
-            const QString& back = step.changes.front().before;
-            if (browser_.files() && browser_.files()->identity() == step.identity &&
-                parentPath(back) == browser_.currentPath())
-                browser_.awaitEntry(lastComponent(back));
-            if (step.kind == UndoStep::Kind::rename)
-                Q_EMIT renamed(step.changes.front().now, back);
-        },
+        [this, step = *step](const BrowserEditReport& report) { takenBack(step, report); },
         oldPaths);
+}
+
+void EntryChanges::takenBack(const UndoStep& step, const BrowserEditReport& report) {
+    UndoStep left = step; // what failed can be tried again
+    std::erase_if(left.changes, [&](const UndoStep::Change& change) {
+        return report.donePaths.contains(change.now) || report.gonePaths.contains(change.now);
+    });
+    record(std::move(left));
+    if (report.donePaths.isEmpty())
+        return;
+    if (step.kind == UndoStep::Kind::create) {
+        Q_EMIT removed(report.donePaths);
+        return;
+    }
+    const auto first =
+        std::ranges::find(step.changes, report.donePaths.front(), &UndoStep::Change::now);
+    const QString& back = first->before;
+    if (browser_.files() && browser_.files()->identity() == step.identity &&
+        parentPath(back) == browser_.currentPath())
+        browser_.awaitEntry(lastComponent(back));
+    if (step.kind == UndoStep::Kind::rename)
+        Q_EMIT renamed(first->now, back);
 }
 
 } // namespace tessary

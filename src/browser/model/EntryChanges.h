@@ -55,11 +55,13 @@ Q_SIGNALS:
     void renamed(const QString& oldPath, const QString& newPath);
 
 private:
-    using Done = std::function<void(const QStringList& donePaths)>;
+    using Done = std::function<void(const BrowserEditReport&)>;
 
     void run(std::vector<FileItem> items, BrowserProblem::What what, EditAction action,
              Done whenDone, const QStringList& newPaths = {});
     void record(UndoStep step);
+    void tellRemoved(const QStringList& paths);
+    void takenBack(const UndoStep& step, const BrowserEditReport& report);
 
     FileBrowserViewModel& browser_;
     BrowserEdits edits_;
