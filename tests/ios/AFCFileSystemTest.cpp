@@ -240,6 +240,16 @@ TEST(AFCFileSystem, aFullFolderStaysUnlessTheTreeIsMeantWhateverTheRefusalsNumbe
     }
 }
 
+TEST_F(AFCFileSystemTest, aFolderWhoseLastEntryWentMeanwhileIsRemovedAllTheSame) {
+    iphone_.disk.makeFolder(iphone_.inDocuments(u"tree"_s));
+    const FileItem tree = iphone_.item(u"/tree"_s);
+    iphone_.faults([](VirtualIPhoneFaults& faults) {
+        faults.statuses[u"afc.removePath"_s] = {.status = 33, .always = false};
+    });
+    files_.removeTree(tree, {});
+    EXPECT_FALSE(iphone_.has(u"tree"_s));
+}
+
 TEST_F(AFCFileSystemTest, removalStaysInItsFolderWhateverNamesAreListed) {
     iphone_.write(u"tree/inner"_s, "1");
     iphone_.write(u"precious"_s, "2");

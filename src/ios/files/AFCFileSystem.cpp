@@ -239,15 +239,16 @@ void AFCFileSystem::removeTree(const FileItem& item, const Call& call) {
 void AFCFileSystem::removeBelow(const QString& path, int depth, const Call& call) {
     if (depth > deepestFolder)
         throw Error(PhoneError::insideItself, {path});
-    // Empty once it is gone: only a folder that holds something is listed.
+    using Names = std::vector<QByteArray>;
+    // No value once it is gone; else what it holds, as far as the phone says that.
     const auto removeIt = [&](bool mayBeFull) {
         const PhoneQueue::Turn turn = takeTurn(call);
         const Edit edit(*queue_);
         return session_.begin(
-            [path, mayBeFull](const Opened& opened) -> std::vector<QByteArray> {
+            [path, mayBeFull](const Opened& opened) -> std::optional<Names> {
                 try {
                     removeOne(opened, path);
-                    return {};
+                    return std::nullopt;
                 } catch (const Error& error) {
                     if (!mayBeFull || !error.is(PhoneError::folderNotEmpty))
                         throw;
@@ -256,10 +257,10 @@ void AFCFileSystem::removeBelow(const QString& path, int depth, const Call& call
             },
             call.stop);
     };
-    const std::vector<QByteArray> names = removeIt(true);
-    if (names.empty())
+    const std::optional<Names> names = removeIt(true);
+    if (!names)
         return;
-    for (const QByteArray& bytes : names) {
+    for (const QByteArray& bytes : *names) {
         const auto name = textOfName(bytes);
         // A name with a "/" in it would lead out of the folder that the user saw.
         if (!name || !isSafeName(*name))
