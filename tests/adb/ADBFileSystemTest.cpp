@@ -139,6 +139,7 @@ TEST_P(ADBFileSystemTest, whatIsMissingTakenOrOfAnotherKindIsRefused) {
     EXPECT_EQ(content(u"a/x"_s), "x");
     EXPECT_EQ(disk_.names(u"phone"_s), (QStringList{u"a"_s, u"b"_s, u"f"_s}));
     EXPECT_EQ(files_->find(u"/none/at/all"_s, {}), std::nullopt);
+    EXPECT_EQ(files_->find(u"/a/x/below/a/file"_s, {}), std::nullopt);
 }
 
 TEST_P(ADBFileSystemTest, phoneThatRefusesIsAnErrorAndNothingIsLeft) {

@@ -3,13 +3,14 @@
 #include "adb/protocol/ADBError.h"
 
 #include <algorithm>
+#include <array>
 
 namespace tessary {
 
 namespace {
 
-constexpr std::uint32_t notThere = 2;  // ENOENT of Linux
-constexpr std::uint32_t linkLoop = 40; // ELOOP: a link that leads nowhere, too
+/// Linux's ENOENT, ENOTDIR (below a file), ENAMETOOLONG and ELOOP (a link that leads nowhere, too).
+constexpr std::array<std::uint32_t, 4> notThere{2, 20, 36, 40};
 
 } // namespace
 
@@ -75,7 +76,7 @@ ADBSession::facts(const std::vector<ADBSyncClient::Question>& questions,
     });
     for (std::size_t n = 0; n < answers.size(); ++n) {
         const ADBFacts& facts = answers[n];
-        if (facts.error == notThere || facts.error == linkLoop)
+        if (std::find(notThere.begin(), notThere.end(), facts.error) != notThere.end())
             found.emplace_back();
         else if (facts.error != 0)
             throw Error(ADBError::statFailed, {QString::fromUtf8(questions[n].path), facts.error});
