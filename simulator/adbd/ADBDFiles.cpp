@@ -25,7 +25,15 @@ bool isCardLink(const std::string& path) {
     return path == cardLink;
 }
 
-/// A path with each name as the folder that holds it has it, whatever its case.
+/// A name as a storage that ignores case takes it, and with it the Unicode form.
+QString folded(const std::string& name) {
+    return QString::fromStdString(name)
+        .normalized(QString::NormalizationForm_D)
+        .toCaseFolded()
+        .normalized(QString::NormalizationForm_D);
+}
+
+/// A path with each name as the folder that holds it has it.
 fs::path spelledAsStored(const fs::path& root, const fs::path& relative) {
     fs::path path = root;
     for (const fs::path& name : relative) {
@@ -33,8 +41,7 @@ fs::path spelledAsStored(const fs::path& root, const fs::path& relative) {
         std::error_code failure;
         if (!fs::exists(fs::symlink_status(next, failure)))
             for (const fs::directory_entry& entry : fs::directory_iterator(path, failure))
-                if (QString::fromStdString(entry.path().filename().string())
-                        .compare(QString::fromStdString(name.string()), Qt::CaseInsensitive) == 0)
+                if (folded(entry.path().filename().string()) == folded(name.string()))
                     next = entry.path();
         path = next;
     }

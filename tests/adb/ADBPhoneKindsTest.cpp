@@ -18,6 +18,7 @@ TEST_P(CaselessPhoneTest, otherSpellingOfANameIsTheSameName) {
     write(u"Dir/x"_s, "x");
     const FileItem there = item(u"/img.jpg"_s);
     EXPECT_TRUE(files_->nameRules(u"/"_s).ignoresCase);
+    EXPECT_TRUE(files_->nameRules(u"/"_s).ignoresUnicodeForm);
     EXPECT_EQ(codeOf([&] { (void)write(u"/"_s, u"IMG.JPG"_s, "new"); }), "sameName");
     EXPECT_EQ(codeOf([&] { (void)files_->makeFolder(u"/"_s, u"DIR"_s, {}); }), "sameName");
     EXPECT_EQ(
@@ -28,6 +29,21 @@ TEST_P(CaselessPhoneTest, otherSpellingOfANameIsTheSameName) {
     EXPECT_EQ(content(u"Img.jpg"_s), "old");
     EXPECT_EQ(content(u"dir/X"_s), "x");
     EXPECT_EQ(disk_.names(u"phone"_s).size(), 2);
+}
+
+TEST_P(CaselessPhoneTest, ofNamesThatThePhoneTakesForOneTheFirstIsMade) {
+    disk_.makeFolder(u"phone/many"_s);
+    const QString composed = u"caf\u00e9"_s;
+    const QString decomposed = u"cafe\u0301"_s;
+    const auto made = files_->writeTogether(
+        u"/sdcard/many"_s,
+        {{composed, "one", {}}, {decomposed, "two", {}}, {u"CAF\u00c9"_s, "three", {}}},
+        [](std::size_t) { return true; }, {}, {});
+    ASSERT_EQ(made.size(), 3U);
+    EXPECT_TRUE(made[0]);
+    EXPECT_FALSE(made[1] || made[2]);
+    EXPECT_EQ(disk_.names(u"phone/many"_s), QStringList(composed));
+    EXPECT_EQ(content(u"many/"_s + composed), "one");
 }
 
 INSTANTIATE_TEST_SUITE_P(Ways, CaselessPhoneTest, allADBWays, testing::PrintToStringParamName());
@@ -126,6 +142,17 @@ TEST_P(CardPhoneTest, storagesAreVolumesRootsAndWorkAlike) {
     files_->removeTree(dcim, {});
 }
 
+TEST_P(CardPhoneTest, storageThatCannotBeMeasuredIsThereWithoutASize) {
+    const QString away = cardFolder_.path() + u"/away"_s;
+    ASSERT_TRUE(QDir().rename(cardFolder_.path() + u"/card"_s, away));
+    const auto info = files_->liveInfo();
+    ASSERT_TRUE(QDir().rename(away, cardFolder_.path() + u"/card"_s));
+    ASSERT_EQ(info->volumes.size(), 3U);
+    EXPECT_EQ(info->volumes[0].freeBytes, std::uint64_t{64} << 30);
+    EXPECT_EQ(info->volumes[1].totalBytes, 0U);
+    EXPECT_EQ(info->volumes[2].totalBytes, std::uint64_t{32} << 30);
+}
+
 TEST_P(CardPhoneTest, storageThatMTPOnlyNumbersIsNotGuessed) {
     EXPECT_EQ(codeOf([&] { (void)listed(u"/storage/131073"_s); }), "notFound");
     EXPECT_EQ(codeOf([&] { (void)item(u"/storage/131073/x"_s); }), "notFound");
@@ -139,6 +166,7 @@ TEST_P(CardPhoneTest, pathsOfAllKindsHaveOneForm) {
         {u"/storage/emulated/0"_s, u"/sdcard"_s},
         {u"/storage/emulated/0/DCIM//a/"_s, u"/sdcard/DCIM/a"_s},
         {u"/storage/self/primary/x"_s, u"/sdcard/x"_s},
+        {u"/storage/internal/x"_s, u"/sdcard/x"_s}, // by its id as a volume
         {u"DCIM"_s, u"/sdcard/DCIM"_s},
         {u"/DCIM"_s, u"/sdcard/DCIM"_s},
         {u"/storage/1234-ABCD/"_s, u"/storage/1234-ABCD"_s},

@@ -4,6 +4,9 @@
 #include "adb/files/ADBListing.h"
 #include "base/local/PartFile.h"
 #include "base/text/PathNames.h"
+#include "phone/PhoneNames.h"
+
+#include <QSet>
 
 #include <algorithm>
 #include <exception>
@@ -92,7 +95,8 @@ std::vector<std::optional<FileItem>> ADBSmallFiles::inPlace(const Places& moved)
     return made;
 }
 
-/// Those whose name nothing has.
+/// Those whose name nothing has, on the phone or among them: of two that the phone may take for one
+/// the second would go over the first.
 ADBSmallFiles::Places ADBSmallFiles::free() {
     std::vector<ADBSyncClient::Question> questions{{folderPath_, true}};
     for (std::size_t place = 0; place < files_.size(); ++place) {
@@ -102,9 +106,14 @@ ADBSmallFiles::Places ADBSmallFiles::free() {
     const auto facts = session_.facts(questions, stop_);
     ADBEdits::requireFolder(folder_, facts.front());
     Places places;
-    for (std::size_t place = 0; place < files_.size(); ++place)
-        if (!facts[place + 1])
-            places.push_back(place);
+    QSet<QString> given;
+    for (std::size_t place = 0; place < files_.size(); ++place) {
+        const QString key = nameForPhones(files_[place].name);
+        if (facts[place + 1] || given.contains(key))
+            continue;
+        given.insert(key);
+        places.push_back(place);
+    }
     return places;
 }
 

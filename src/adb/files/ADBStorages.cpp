@@ -18,11 +18,11 @@ using View = QLatin1StringView;
 constexpr QLatin1Char slash('/');
 constexpr View card("/sdcard");
 constexpr View storage("/storage/");
-constexpr const char* spaceMark = "space:";
+const QByteArray spaceMark = "space:";
 
 /// What the internal storage is called besides.
 constexpr std::array aliases{View("/storage/emulated/0"), View("/storage/self/primary"),
-                             View("/mnt/sdcard")};
+                             View("/storage/internal"), View("/mnt/sdcard")};
 /// Folders of /storage that are no storages of their own.
 constexpr std::array notCards{View("emulated"), View("self"), View("enc_emulated"),
                               View("knox-emulated"), View("sdcard0")};
@@ -145,23 +145,24 @@ LiveDeviceInfo ADBStorages::ask(ADBSession& session, const std::stop_token& stop
     info.volumes = removable(session, stop);
     info.volumes.insert(info.volumes.begin(), {QStringLiteral("internal"),
                                                QStringLiteral("Internal Storage"), 0, 0, false});
-    // One line for all, since each costs the phone a process. The line of a storage that went
-    // meanwhile is missing: then no sizes are believed.
+    // One line for all, since each costs the phone a process. That of a storage that went
+    // meanwhile, or cannot be looked at, says nothing of its size.
     QByteArray line = "dumpsys battery";
     for (std::size_t n = 0; n < info.volumes.size(); ++n)
         line += "; " + ADBSession::lineOf(
-                           {"stat", "-f", "-c", spaceFormat(),
+                           {"stat", "-f", "-c", spaceFormat(static_cast<int>(n)),
                             n == 0 ? QByteArray("/sdcard/")
                                    : QByteArray("/storage/") + info.volumes[n].id.toUtf8()});
     const ADBCommandResult result = session.shell(stop).run(line, {stop, ADBSession::patience});
     info.battery = batteryLevelIn(result.output);
-    const std::vector<ADBSpace> spaces = spacesIn(result.output);
-    if (spaces.size() != info.volumes.size())
-        return {info.battery, {}};
-    for (std::size_t n = 0; n < spaces.size(); ++n) {
-        info.volumes[n].totalBytes = spaces[n].total;
-        info.volumes[n].freeBytes = spaces[n].free;
-    }
+    const QHash<int, ADBSpace> spaces = spacesIn(result.output);
+    if (!spaces.contains(0))
+        return {info.battery, {}}; // before the phone is unlocked for the first time
+    for (auto space = spaces.cbegin(); space != spaces.cend(); ++space)
+        if (const auto n = static_cast<std::size_t>(space.key()); n < info.volumes.size()) {
+            info.volumes[n].totalBytes = space->total;
+            info.volumes[n].freeBytes = space->free;
+        }
     return info;
 }
 
@@ -177,7 +178,7 @@ NameRules ADBStorages::nameRules(const QString& canonical, ADBSession& session,
     if (root == card) {
         // Whether an entry is found under its name in other letters, too. An empty storage tells
         // nothing: then names that differ in letters alone are kept apart for now.
-        rules.ignoresCase = true;
+        rules.ignoresCase = rules.ignoresUnicodeForm = true;
         QString name;
         const auto take = [&](const ADBFacts&, QByteArray&& bytes) {
             const QString one = QString::fromUtf8(bytes);
@@ -194,6 +195,7 @@ NameRules ADBStorages::nameRules(const QString& canonical, ADBSession& session,
                                           {(card + slash + swappedCase(name)).toUtf8(), false}},
                                          stop);
         rules.ignoresCase = facts[0] && facts[1] && *facts[0] == *facts[1];
+        rules.ignoresUnicodeForm = rules.ignoresCase; // by one rule of Android's file systems
     } else if (root.size() > 1) {
         // Cards and sticks are formatted by FAT or its successor.
         constexpr int longest = 255;
@@ -212,10 +214,11 @@ std::optional<std::uint64_t> ADBStorages::freeBytes(const QString& canonical, AD
     if (!session.facts((canonical + slash).toUtf8(), true, stop))
         throw Error(PhoneError::notFound, {canonical});
     const ADBCommandResult result =
-        session.tryRun({"stat", "-f", "-c", spaceFormat(), (canonical + slash).toUtf8()},
+        session.tryRun({"stat", "-f", "-c", spaceFormat(0), (canonical + slash).toUtf8()},
                        ADBSession::patience, stop);
-    const std::vector<ADBSpace> spaces = spacesIn(result.output);
-    return spaces.size() == 1 ? std::optional(spaces.front().free) : std::nullopt;
+    const QHash<int, ADBSpace> spaces = spacesIn(result.output);
+    const auto space = spaces.constFind(0);
+    return space != spaces.cend() && space->total > 0 ? std::optional(space->free) : std::nullopt;
 }
 
 std::optional<int> batteryLevelIn(const QByteArray& output) {
@@ -231,16 +234,18 @@ std::optional<int> batteryLevelIn(const QByteArray& output) {
     return std::nullopt;
 }
 
-QByteArray spaceFormat() {
-    return QByteArray(spaceMark) + " %a %S %b";
+QByteArray spaceFormat(int number) {
+    return spaceMark + QByteArray::number(number) + " %a %S %b";
 }
 
-std::vector<ADBSpace> spacesIn(const QByteArray& output) {
+QHash<int, ADBSpace> spacesIn(const QByteArray& output) {
     constexpr std::uint64_t limit = std::uint64_t{1} << 62; // bytes: below the signed range
-    std::vector<ADBSpace> spaces;
+    QHash<int, ADBSpace> spaces;
     for (const QByteArray& line : output.split('\n')) {
         const QByteArrayList words = line.simplified().split(' ');
-        if (words.size() != 4 || words[0] != spaceMark)
+        bool isNumbered = false;
+        const int place = words[0].mid(spaceMark.size()).toInt(&isNumbered);
+        if (words.size() != 4 || !words[0].startsWith(spaceMark) || !isNumbered)
             continue;
         std::array<std::uint64_t, 3> numbers{};
         bool areNumbers = true;
@@ -250,8 +255,9 @@ std::vector<ADBSpace> spacesIn(const QByteArray& output) {
             areNumbers = areNumbers && isNumber;
         }
         const auto [free, unit, total] = numbers;
-        if (areNumbers && unit > 0 && free < limit / unit && total < limit / unit)
-            spaces.push_back({free * unit, total * unit});
+        const bool makesSense =
+            areNumbers && unit > 0 && free < limit / unit && total < limit / unit;
+        spaces.insert(place, makesSense ? ADBSpace{free * unit, total * unit} : ADBSpace());
     }
     return spaces;
 }

@@ -62,10 +62,9 @@ struct ADBSpace {
 
     bool operator==(const ADBSpace&) const = default;
 };
-/// What `stat -f -c '<mark> %a %S %b'` prints, in the order of its lines; others are left out.
-/// Pure.
-[[nodiscard]] std::vector<ADBSpace> spacesIn(const QByteArray& output);
-/// The mark that lines of spacesIn() begin with, and their format.
-[[nodiscard]] QByteArray spaceFormat();
+/// What `stat -f -c` prints by spaceFormat(), by its number; of a file system that tells nonsense
+/// zeros, and of one that cannot be told of nothing. Pure.
+[[nodiscard]] QHash<int, ADBSpace> spacesIn(const QByteArray& output);
+[[nodiscard]] QByteArray spaceFormat(int number);
 
 } // namespace tessary

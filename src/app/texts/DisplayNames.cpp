@@ -105,6 +105,8 @@ QString freeSpaceText(std::uint64_t freeBytes, std::uint64_t totalBytes) {
         constexpr std::uint64_t most = std::numeric_limits<qint64>::max();
         return formatBytes(static_cast<qint64>(std::min(bytes, most)));
     };
+    if (totalBytes == 0)
+        return {}; // nobody knows
     return DisplayNames::tr("%1 free of %2")
         .arg(shown(std::min(freeBytes, totalBytes)), shown(totalBytes));
 }
