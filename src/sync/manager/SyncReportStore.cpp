@@ -1,7 +1,6 @@
 #include "sync/manager/SyncReportStore.h"
 
 #include "base/local/LocalError.h"
-#include "base/local/PartFile.h"
 #include "base/log/DiagnosticsLogger.h"
 #include "sync/plan/SyncReportJson.h"
 
@@ -9,6 +8,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
+#include <QSaveFile>
 #include <QStandardPaths>
 
 namespace tessary {
@@ -45,10 +45,9 @@ void SyncReportStore::add(const QUuid& pair, const SyncReport& report, const QDa
     try {
         if (!QDir().mkpath(folder))
             throw Error(LocalError::cannotMakeFolder, {folder, QString()});
-        PartFile file(folder + QLatin1Char('/') + fileName(report.endedAt));
-        file.write(
-            std::as_bytes(std::span(json.constData(), static_cast<std::size_t>(json.size()))));
-        file.commit({});
+        QSaveFile file(folder + QLatin1Char('/') + fileName(report.endedAt));
+        if (!file.open(QIODevice::WriteOnly) || file.write(json) != json.size() || !file.commit())
+            throw Error(LocalError::cannotWrite, {file.fileName(), file.errorString()});
     } catch (const std::exception& error) {
         DiagnosticsLogger::shared().ui.error("sync report not stored: %s",
                                              {QString::fromUtf8(error.what())});
@@ -56,7 +55,8 @@ void SyncReportStore::add(const QUuid& pair, const SyncReport& report, const QDa
     const QString oldest = fileName(now.addDays(-keptFor.count()));
     for (const QString& each : QDir(folder_).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
         const QDir reports(folder_ + QLatin1Char('/') + each);
-        for (const QString& name : reports.entryList({pattern()}, QDir::Files))
+        // Whatever it ends in: what is not finished has the date in its name, too.
+        for (const QString& name : reports.entryList(QDir::Files))
             if (name < oldest)
                 QFile::remove(reports.filePath(name));
     }
