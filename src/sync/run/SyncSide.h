@@ -42,7 +42,7 @@ public:
     /// listing breaks off and where the phone is lost.
     [[nodiscard]] SyncTree scan(const SyncPatterns& patterns, Leftovers leftovers,
                                 const SyncFiles& known, const Call& call);
-    /// The files of one folder by name; empty for one that is not there.
+    /// The files of one folder by name, as far as it can be read.
     [[nodiscard]] std::map<QString, SyncFile> filesIn(const QString& relativeFolder,
                                                       const Call& call);
 

@@ -313,19 +313,24 @@ void SyncWorker::confirmSent(const QString& folder, const QStringList& paths,
          it != listed.files.end() && it->first.startsWith(prefix) && others <= enough; ++it)
         ++others;
     std::map<QString, SyncFile> all;
-    const bool isListed = others <= enough && paths.size() > 1;
-    if (isListed)
+    if (others <= enough && paths.size() > 1)
         all = transfer_.side(true).filesIn(folder, transfer_.call());
     for (const QString& path : paths) {
         throwIfStopped(transfer_.call().stop);
-        std::optional<SyncFile> now;
-        if (!isListed) {
-            if (const auto found = transfer_.side(true).findFile(path, transfer_.call()))
-                now = syncFileOf(*found);
-        } else if (const auto found = all.find(lastComponent(path)); found != all.end()) {
-            now = found->second;
+        if (const auto seen = all.find(lastComponent(path)); seen != all.end()) {
+            confirmOne(path, seen->second);
+            continue;
         }
-        confirmOne(path, now);
+        // What a listing could not read is asked for alone.
+        try {
+            const auto found = transfer_.side(true).findFile(path, transfer_.call());
+            confirmOne(path, found ? std::optional(syncFileOf(*found)) : std::nullopt);
+        } catch (const Error& error) {
+            if (endsCopy(error))
+                throw;
+            files_.erase(path);
+            skip(path, error);
+        }
     }
 }
 
