@@ -374,6 +374,16 @@ TEST_F(CliRunnerTest, syncPreviewsCopiesAndDeletesOnlyOnRequest) {
     EXPECT_EQ(lengths(result, "downloaded"), 2);
     EXPECT_EQ(folder_.read(u"pictures/sub/two.txt"_s), "second");
 
+    // What is left out and could come is no success.
+    CliRequest other = request;
+    other.localPath = folder_.path(u"other"_s);
+    folder_.makeFolder(u"other/one.txt"_s);
+    result = run(other);
+    EXPECT_EQ(result.status, CliRunner::failed);
+    EXPECT_TRUE(result.error.contains(u"Not synced: one.txt"_s)) << result.error.toStdString();
+    EXPECT_EQ(result.json().object().value(u"outcome"_s), u"incomplete"_s);
+    EXPECT_EQ(folder_.read(u"other/sub/two.txt"_s), "second");
+
     // Nobody can be asked here, and half of the files is no matter to be careless about.
     QFile::remove(request.localPath + u"/sub/two.txt"_s);
     result = run(request);

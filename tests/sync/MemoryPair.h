@@ -182,9 +182,11 @@ public:
     }
     /// A run that goes well.
     SyncReport goodRun() {
+        return runTo(SyncReport::Outcome::done);
+    }
+    SyncReport runTo(SyncReport::Outcome outcome) {
         SyncReport report = run();
-        EXPECT_EQ(report.outcome, SyncReport::Outcome::done)
-            << (report.failure ? report.failure->what() : "");
+        EXPECT_EQ(report.outcome, outcome) << (report.failure ? report.failure->what() : "");
         return report;
     }
     /// A further run transfers nothing and reads no content.

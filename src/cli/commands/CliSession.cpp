@@ -98,8 +98,12 @@ void CliSession::flushOutput() {
     throw CliFailure(QStringLiteral("The output cannot be written whole: %1").arg(reason));
 }
 
-void CliSession::fail(const QString& message) {
+void CliSession::warn(const QString& message) {
     std::fprintf(setup_.error, "tessary-cli: %s\n", qUtf8Printable(printable(message)));
+}
+
+void CliSession::fail(const QString& message) {
+    warn(message);
     hasFailed_ = true;
 }
 

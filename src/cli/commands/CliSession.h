@@ -70,6 +70,8 @@ public:
     void printLine(const QString& line);
     /// What was printed has arrived; CliFailure otherwise: a script must not take a part for all.
     void flushOutput();
+    /// Says what the user should know of a run that goes well.
+    void warn(const QString& message);
     /// Says what went wrong, and makes the run one that failed.
     void fail(const QString& message);
     [[nodiscard]] bool hasFailed() const {

@@ -359,12 +359,17 @@ void syncFolders(CliSession& session) {
     }
     if (session.request().json)
         session.print(toJson(report));
-    else if (report.outcome == Outcome::done)
+    else if (report.outcome == Outcome::done || report.outcome == Outcome::incomplete)
         session.printLine(summary(report));
     // A file that no run can sync does not make every run a failure.
-    for (const SyncSkippedItem& item : report.skipped)
-        std::fprintf(session.errors(), "tessary-cli: Not synced: %s: %s\n",
-                     qUtf8Printable(printable(item.path)), qUtf8Printable(reasonText(item.reason)));
+    for (const SyncSkippedItem& item : report.skipped) {
+        const QString text =
+            QStringLiteral("Not synced: %1: %2").arg(item.path, reasonText(item.reason));
+        if (isForGood(item.reason))
+            session.warn(text);
+        else
+            session.fail(text);
+    }
     if (report.failure)
         throw *report.failure;
     if (report.outcome == Outcome::cancelled)

@@ -284,11 +284,13 @@ void SyncManager::ended(const QUuid& id, SyncReport report) {
     running_.reset();
     const Outcome outcome = report.outcome;
     const std::optional<Error> failure = report.failure;
-    if (SyncPair* pair = find(id); pair != nullptr && outcome == Outcome::done)
+    const bool isToEnd = outcome == Outcome::done || outcome == Outcome::incomplete;
+    if (SyncPair* pair = find(id); pair != nullptr && isToEnd)
         pair->lastSyncedAt = QDateTime::currentDateTimeUtc();
     lastReports_.insert(id, std::move(report));
     switch (outcome) {
     case Outcome::done:
+    case Outcome::incomplete: // the report says what is missing
         finish(id, SyncStatus::completed(), QStringLiteral("Completed"));
         Q_EMIT syncDidComplete(id);
         break;

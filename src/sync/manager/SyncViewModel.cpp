@@ -144,7 +144,7 @@ void SyncViewModel::noteTrouble(const QUuid& id) {
         return;
     const bool isTrouble =
         report->outcome == SyncReport::Outcome::failed ||
-        (report->outcome == SyncReport::Outcome::done && !report->skipped.empty());
+        (report->outcome != SyncReport::Outcome::cancelled && !report->skipped.empty());
     if (isTrouble) {
         troubledPair_ = id;
         Q_EMIT troubleChanged();

@@ -82,7 +82,7 @@ struct SyncPair {
     bool moveFilesEnabled = false;
     bool runsWhenPluggedIn = false;                  ///< by itself, whenever its phone comes
     QStringList patterns = SyncPatterns::defaults(); ///< what is left out, see SyncPatterns
-    std::optional<QDateTime> lastSyncedAt;           ///< end of the last run that went well
+    std::optional<QDateTime> lastSyncedAt;           ///< end of the last run that did not break off
     SyncStatus status;
     SyncProgress progress;
 

@@ -1,5 +1,7 @@
 #include "sync/plan/SyncReport.h"
 
+#include "base/local/LocalError.h"
+#include "phone/PhoneError.h"
 #include "sync/plan/SyncError.h"
 
 #include <algorithm>
@@ -63,6 +65,16 @@ SyncDeed deedOf(const SyncPlannedAction& action) {
         break;
     }
     return SyncDeed::keepBoth;
+}
+
+bool isForGood(const Error& reason) {
+    const ErrorCode lasting[] = {PhoneError::nameNotAllowed, PhoneError::sameName,
+                                 LocalError::nameNotUsable,  LocalError::nameTooLong,
+                                 LocalError::link,           LocalError::leavesFolder,
+                                 SyncError::sameNames,       SyncError::twice,
+                                 SyncError::changedAtTarget, SyncError::undecided};
+    return std::any_of(std::begin(lasting), std::end(lasting),
+                       [&reason](const ErrorCode& code) { return reason.is(code); });
 }
 
 std::map<SyncDeed, qint64> SyncReport::counts() const {

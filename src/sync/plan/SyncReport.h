@@ -48,12 +48,17 @@ struct SyncSkippedItem {
     Error reason;
 };
 
+/// Whether a file stays left out until somebody renames it, or decides otherwise: a name that the
+/// other side cannot hold, a link, and what the pair's own rules leave alone.
+[[nodiscard]] bool isForGood(const Error& reason);
+
 /// What a run did.
 struct SyncReport {
     enum class Outcome {
-        done,      ///< all of it, what was skipped aside
-        cancelled, ///< by the user, in mid-run or at a question
-        failed,    ///< it broke off, see `failure`
+        done,       ///< all that can be synced
+        incomplete, ///< but for files that were skipped, and that a later run may bring
+        cancelled,  ///< by the user, in mid-run or at a question
+        failed,     ///< it broke off, see `failure`
     };
 
     Outcome outcome = Outcome::done;

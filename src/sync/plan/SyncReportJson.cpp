@@ -15,7 +15,8 @@ namespace {
 using View = QLatin1StringView;
 using Outcome = SyncReport::Outcome;
 
-constexpr std::array outcomeNames{View("done"), View("cancelled"), View("failed")};
+constexpr std::array outcomeNames{View("done"), View("incomplete"), View("cancelled"),
+                                  View("failed")};
 
 /// Errors nest no deeper than this in a report.
 constexpr int deepestCause = 4;

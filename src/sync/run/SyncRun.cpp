@@ -334,6 +334,11 @@ SyncReport SyncRun::run() {
         report_.failure = error;
     }
     reportUnknown();
+    const auto& skipped = report_.skipped;
+    if (report_.outcome == SyncReport::Outcome::done &&
+        !std::all_of(skipped.begin(), skipped.end(),
+                     [](const SyncSkippedItem& item) { return isForGood(item.reason); }))
+        report_.outcome = SyncReport::Outcome::incomplete;
     report_.endedAt = setup_.now();
     return std::move(report_);
 }
