@@ -142,8 +142,8 @@ public:
 
     /// Asks the phone when it has to, at the first call.
     [[nodiscard]] virtual FileSystemCapabilities capabilities(const Call& call) = 0;
-    /// What the storage of a folder does with names.
-    [[nodiscard]] virtual NameRules nameRules(const QString& folder) = 0;
+    /// What the storage of a folder does with names. Asks the phone when it has to, once a storage.
+    [[nodiscard]] virtual NameRules nameRules(const QString& folder, const Call& call) = 0;
 
     /// The entries of a folder, each once, in the phone's order. Returns only when all were handed
     /// over; a listing that breaks off throws.
@@ -207,7 +207,7 @@ public:
                                                                  const Call& call) = 0;
     /// Battery and storages, asked without ever waiting for whoever uses the phone: no value while
     /// somebody does. Never throws but Error with `endsEverything`.
-    [[nodiscard]] virtual std::optional<LiveDeviceInfo> liveInfo() {
+    [[nodiscard]] virtual std::optional<LiveDeviceInfo> liveInfo(const std::stop_token&) {
         return std::nullopt;
     }
     /// A small picture of a file, encoded, where the phone has one; hostile, and at most

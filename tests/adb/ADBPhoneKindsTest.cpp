@@ -17,8 +17,8 @@ TEST_P(CaselessPhoneTest, otherSpellingOfANameIsTheSameName) {
     disk_.makeFolder(u"phone/Dir"_s);
     write(u"Dir/x"_s, "x");
     const FileItem there = item(u"/img.jpg"_s);
-    EXPECT_TRUE(files_->nameRules(u"/"_s).ignoresCase);
-    EXPECT_TRUE(files_->nameRules(u"/"_s).ignoresUnicodeForm);
+    EXPECT_TRUE(files_->nameRules(u"/"_s, {}).ignoresCase);
+    EXPECT_TRUE(files_->nameRules(u"/"_s, {}).ignoresUnicodeForm);
     EXPECT_EQ(codeOf([&] { (void)write(u"/"_s, u"IMG.JPG"_s, "new"); }), "sameName");
     EXPECT_EQ(codeOf([&] { (void)files_->makeFolder(u"/"_s, u"DIR"_s, {}); }), "sameName");
     EXPECT_EQ(
@@ -118,7 +118,7 @@ struct CardPhoneTest : ADBFilesFixture {
 };
 
 TEST_P(CardPhoneTest, storagesAreVolumesRootsAndWorkAlike) {
-    const auto info = files_->liveInfo();
+    const auto info = files_->liveInfo({});
     ASSERT_TRUE(info);
     EXPECT_EQ(info->battery, 80);
     EXPECT_THAT(info->volumes,
@@ -132,7 +132,7 @@ TEST_P(CardPhoneTest, storagesAreVolumesRootsAndWorkAlike) {
     EXPECT_EQ(files_->rootOf(card + u"/DCIM"_s), (FileTreeRoot{card, u"SD Card"_s}));
     EXPECT_EQ(files_->freeBytes(card, {}), std::uint64_t{16} << 30);
     EXPECT_EQ(files_->freeBytes(u"/storage/ABCD-0001"_s, {}), std::uint64_t{0});
-    EXPECT_TRUE(files_->nameRules(card).forbidsFATCharacters);
+    EXPECT_TRUE(files_->nameRules(card, {}).forbidsFATCharacters);
     EXPECT_EQ(item(card).name, u"SD Card"_s);
     const FileItem dcim = files_->makeFolder(card, u"DCIM"_s, {});
     EXPECT_EQ(write(dcim.path, u"x"_s, "x").path, card + u"/DCIM/x"_s);
@@ -145,7 +145,7 @@ TEST_P(CardPhoneTest, storagesAreVolumesRootsAndWorkAlike) {
 TEST_P(CardPhoneTest, storageThatCannotBeMeasuredIsThereWithoutASize) {
     const QString away = cardFolder_.path() + u"/away"_s;
     ASSERT_TRUE(QDir().rename(cardFolder_.path() + u"/card"_s, away));
-    const auto info = files_->liveInfo();
+    const auto info = files_->liveInfo({});
     ASSERT_TRUE(QDir().rename(away, cardFolder_.path() + u"/card"_s));
     ASSERT_EQ(info->volumes.size(), 3U);
     EXPECT_EQ(info->volumes[0].freeBytes, std::uint64_t{64} << 30);
@@ -174,7 +174,7 @@ TEST_P(CardPhoneTest, pathsOfAllKindsHaveOneForm) {
         {u"/storage/65537/DCIM"_s, u"/sdcard/DCIM"_s}, // as over MTP
         {u"/storage/131073/x"_s, u"/storage/131073/x"_s},
     };
-    (void)files_->liveInfo();
+    (void)files_->liveInfo({});
     for (const auto& [path, form] : rows)
         EXPECT_EQ(files_->canonicalPath(path), form) << path.toStdString();
 }

@@ -55,6 +55,15 @@ TEST_F(DeviceManagerTest, pollsAskForWhatIsMissingAndPublishWhatDiffers) {
     EXPECT_EQ(device("A")->batteryLevel, 79);
 }
 
+TEST_F(DeviceManagerTest, aQuestionThatComesToNoEndIsGivenUp) {
+    PluggedPhone phone(bus_, phoneConfig("A", "1-1"));
+    hang(phone, true);
+    const auto start = std::chrono::steady_clock::now();
+    const DeviceAnswer answer = PhoneProbe(services_, 200ms).ask(phone.info);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 3s) << "the phone's own limits are longer";
+    EXPECT_EQ(answer.outcome, DeviceAnswer::Outcome::failed);
+}
+
 TEST_F(DeviceManagerTest, lockedPhoneShowsItsStorageAtThePollAfterItIsUnlocked) {
     PluggedPhone phone(bus_, phoneConfig("A", "1-1"));
     phone.android.setLocked(true);

@@ -38,13 +38,13 @@ TEST_F(MTPListingTest, pathsLeadToTheStorageThatTheyName) {
     }
     EXPECT_EQ(item("/storage/131073").name, u"SD card"_s);
     EXPECT_TRUE(item("/").isDirectory);
-    ASSERT_TRUE(files_.liveInfo());
+    EXPECT_TRUE(files_.nameRules(u"/storage/131073/x"_s, {}).forbidsFATCharacters) << "unasked";
+    ASSERT_TRUE(files_.liveInfo({}));
     EXPECT_EQ(files_.rootOf(u"/storage/131073/x"_s),
               (FileTreeRoot{u"/storage/131073"_s, u"SD card"_s}));
     EXPECT_EQ(files_.rootOf(u"/DCIM"_s), (FileTreeRoot{u"/sdcard"_s, u"Internal Storage"_s}));
     EXPECT_EQ(files_.canonicalPath(u"/storage/emulated/0/DCIM//a/"_s), u"/sdcard/DCIM/a"_s);
-    EXPECT_TRUE(files_.nameRules(u"/storage/131073/x"_s).forbidsFATCharacters);
-    EXPECT_FALSE(files_.nameRules(u"/sdcard"_s).forbidsFATCharacters);
+    EXPECT_FALSE(files_.nameRules(u"/sdcard"_s, {}).forbidsFATCharacters);
 }
 
 TEST_F(MTPListingTest, whatOthersMadeWithoutAWordIsFoundByItsName) {
@@ -97,13 +97,13 @@ TEST_F(MTPListingTest, emptyCardSlotIsNoStorage) {
         ids[16] = std::byte{0}; // 0x00010000: the first slot holds no card
     });
     EXPECT_EQ(listedNames("/"), QStringList(u"card.txt"_s));
-    EXPECT_EQ(files_.liveInfo()->volumes.size(), 1U);
+    EXPECT_EQ(files_.liveInfo({})->volumes.size(), 1U);
 }
 
 TEST_F(MTPListingTest, lockedPhoneHasNoStorageUntilItIsUnlocked) {
     phone().android.setLocked(true);
     EXPECT_EQ(codeOf([&] { (void)list("/"); }), "noStorage");
-    EXPECT_EQ(codeOf([&] { (void)files_.liveInfo(); }), "noStorage");
+    EXPECT_EQ(codeOf([&] { (void)files_.liveInfo({}); }), "noStorage");
     phone().android.setLocked(false);
     EXPECT_EQ(list("/").size(), 2U);
 }
@@ -175,21 +175,21 @@ TEST_F(MTPListingTest, hostileNamesAreListedAsTheyAre) {
 }
 
 TEST_F(MTPListingTest, liveInfoNeverWaits) {
-    const auto info = files_.liveInfo();
+    const auto info = files_.liveInfo({});
     ASSERT_TRUE(info);
     EXPECT_EQ(info->battery, 80);
     ASSERT_EQ(info->volumes.size(), 2U);
     EXPECT_TRUE(info->volumes[1].isSDCard);
     {
         const auto turn = queue_->take({});
-        EXPECT_EQ(files_.liveInfo(), std::nullopt);
+        EXPECT_EQ(files_.liveInfo({}), std::nullopt);
     }
     // A phone without a battery is asked for it once; its storages are shown all the same.
     phone().refuse(MTPOperationCode::getDevicePropValue, MTPResponseCode::operationNotSupported);
     for (int n = 0; n < 3; ++n)
-        EXPECT_EQ(files_.liveInfo()->volumes.size(), 2U);
+        EXPECT_EQ(files_.liveInfo({})->volumes.size(), 2U);
     phone().android.clearRequestLog();
-    (void)files_.liveInfo();
+    (void)files_.liveInfo({});
     EXPECT_EQ(phone().requests(MTPOperationCode::getDevicePropValue), 0U);
 }
 

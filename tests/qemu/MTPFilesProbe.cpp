@@ -122,7 +122,7 @@ TEST_F(MTPFilesProbe, editsDoWhatTheySay) {
     EXPECT_EQ(read(file), "content");
     files_.removeTree(folder, {});
     EXPECT_EQ(files_.find(folder.path, {}), std::nullopt);
-    EXPECT_TRUE(files_.liveInfo());
+    EXPECT_TRUE(files_.liveInfo({}));
 }
 
 TEST_F(MTPFilesProbe, stopEndsAReadAndTheSessionGoesOn) {

@@ -47,7 +47,7 @@ public:
     [[nodiscard]] FileSystemCapabilities capabilities(const Call&) override {
         return options_.capabilities;
     }
-    [[nodiscard]] NameRules nameRules(const QString&) override {
+    [[nodiscard]] NameRules nameRules(const QString&, const Call&) override {
         return options_.rules;
     }
 

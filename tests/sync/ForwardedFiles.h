@@ -34,8 +34,8 @@ public:
     FileSystemCapabilities capabilities(const Call& call) override {
         return files_.capabilities(call);
     }
-    NameRules nameRules(const QString& folder) override {
-        return files_.nameRules(folder);
+    NameRules nameRules(const QString& folder, const Call& call) override {
+        return files_.nameRules(folder, call);
     }
     void list(const QString& folder, const ListingReceiver& receiver, const Call& call) override {
         come();

@@ -277,7 +277,7 @@ TEST_F(LocalFileSystemTest, rulesComeFromTheKindOfDisk) {
     EXPECT_EQ(diskTraitsOf(fat)->largestFile, 0xFFFFFFFF);
     EXPECT_FALSE(diskTraitsOf(fuse)); // may be anything: it is tried out
     // This disk tells names apart, and trying it out leaves nothing behind.
-    const NameRules here = files.nameRules(files.folder());
+    const NameRules here = files.nameRules(files.folder(), {});
     EXPECT_NE(here.key(QStringLiteral("a")), here.key(QStringLiteral("A")));
     EXPECT_TRUE(here.accepts(QStringLiteral("1 10:20.txt")));
     EXPECT_THAT(disk.names(QStringLiteral("base")), IsEmpty());

@@ -49,7 +49,7 @@ TEST_F(StrangeDiskTest, rulesAreFoundOutByTryingAndLeaveNothing) {
         mount({.rules = rules});
         if (IsSkipped())
             return;
-        EXPECT_EQ(files->nameRules(disk->path()), rules);
+        EXPECT_EQ(files->nameRules(disk->path(), {}), rules);
         EXPECT_THAT(disk->names(), IsEmpty());
         disk.reset();
     }

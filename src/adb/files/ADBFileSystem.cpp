@@ -148,11 +148,13 @@ FileSystemCapabilities ADBFileSystem::capabilities(const Call& call) {
     });
 }
 
-NameRules ADBFileSystem::nameRules(const QString& folder) {
+NameRules ADBFileSystem::nameRules(const QString& folder, const Call& call) {
     const QString path = canonicalPath(folder);
     try {
-        return inTurn(path, {}, [&] { return storages_.nameRules(path, session_, {}); });
+        return inTurn(path, call, [&] { return storages_.nameRules(path, session_, call.stop); });
     } catch (const Error& error) {
+        if (endsEverything(error) || error.is(PhoneError::busy))
+            throw;
         DiagnosticsLogger::shared().adb.standard("Name rules unknown: %s", {error.logText()});
         NameRules careful;
         careful.ignoresCase = true;
@@ -346,12 +348,12 @@ std::optional<std::uint64_t> ADBFileSystem::freeBytes(const QString& folder, con
     return inTurn(path, call, [&] { return storages_.freeBytes(path, session_, call.stop); });
 }
 
-std::optional<LiveDeviceInfo> ADBFileSystem::liveInfo() {
+std::optional<LiveDeviceInfo> ADBFileSystem::liveInfo(const std::stop_token& stop) {
     const auto turn = queue_->tryTake();
     if (!turn)
         return std::nullopt;
     try {
-        return withSession({}, [&] { return storages_.ask(session_, {}); });
+        return withSession({}, [&] { return storages_.ask(session_, stop); });
     } catch (const Error& error) {
         if (endsEverything(error))
             throw;

@@ -33,7 +33,7 @@ public:
         return queue_;
     }
     [[nodiscard]] FileSystemCapabilities capabilities(const Call& call) override;
-    [[nodiscard]] NameRules nameRules(const QString& folder) override;
+    [[nodiscard]] NameRules nameRules(const QString& folder, const Call& call) override;
 
     void list(const QString& folder, const ListingReceiver& receiver, const Call& call) override;
     [[nodiscard]] std::optional<FileItem> find(const QString& path, const Call& call) override;
@@ -56,7 +56,7 @@ public:
     void setModified(const FileItem& file, const QDateTime& date, const Call& call) override;
     [[nodiscard]] std::optional<std::uint64_t> freeBytes(const QString& folder,
                                                          const Call& call) override;
-    [[nodiscard]] std::optional<LiveDeviceInfo> liveInfo() override;
+    [[nodiscard]] std::optional<LiveDeviceInfo> liveInfo(const std::stop_token& stop) override;
     [[nodiscard]] std::optional<QByteArray> hash(const FileItem& file, const Call& call) override;
     [[nodiscard]] QStringList programsHolding() override;
 

@@ -161,7 +161,7 @@ void showInfo(CliSession& session) {
     if (device.platform == DevicePlatform::iOS)
         addPhoneInfo(device, session.stop());
     else
-        addLiveInfo(device, session.services().files().open(device)->liveInfo());
+        addLiveInfo(device, session.services().files().open(device)->liveInfo(session.stop()));
     if (session.request().json) {
         session.print(toJson(device));
         return;

@@ -44,7 +44,7 @@ bool isMounted(const QString& path) {
 void mountFiles(CliSession& session) {
     const QString& folder = session.request().localPath;
     requireEmptyFolder(folder);
-    const auto live = session.files().liveInfo();
+    const auto live = session.files().liveInfo(session.stop());
     const auto trees =
         mountedTrees(session.files(), live ? live->volumes : std::vector<StorageVolume>());
     for (const FileTreeRoot& tree : trees) // says now what is wrong, and not each reader later

@@ -1,5 +1,7 @@
 #include "devices/list/DeviceProbe.h"
 
+#include "base/threads/CancellationError.h"
+#include "base/threads/Deadline.h"
 #include "devices/files/DeviceServices.h"
 #include "devices/list/IPhoneProbe.h"
 
@@ -23,10 +25,11 @@ DeviceAnswer answerTo(const Error& error) {
 } // namespace
 
 DeviceAnswer PhoneProbe::ask(const DeviceInfo& device) {
+    const Deadline deadline(limit_);
     try {
         if (device.platform == DevicePlatform::iOS)
-            return askIPhone(services_, device);
-        auto figures = services_.files().open(device)->liveInfo();
+            return askIPhone(services_, device, deadline.token());
+        auto figures = services_.files().open(device)->liveInfo(deadline.token());
         if (!figures)
             return {Outcome::busy};
         DeviceAnswer answer{Outcome::answered, *std::move(figures)};
@@ -35,6 +38,8 @@ DeviceAnswer PhoneProbe::ask(const DeviceInfo& device) {
         return answer;
     } catch (const Error& error) {
         return answerTo(error);
+    } catch (const CancellationError&) {
+        return answerTo(Error(PhoneError::noAnswer));
     }
 }
 

@@ -6,6 +6,7 @@
 #include "phone/records/DeviceInfo.h"
 #include "phone/records/LiveDeviceInfo.h"
 
+#include <chrono>
 #include <functional>
 #include <optional>
 
@@ -54,6 +55,9 @@ class PhoneProbe : public DeviceProbe {
 public:
     /// `services` must outlive it.
     explicit PhoneProbe(DeviceServices& services) : services_(services) {}
+    /// With another limit of one question.
+    PhoneProbe(DeviceServices& services, std::chrono::milliseconds limit)
+        : services_(services), limit_(limit) {}
 
     [[nodiscard]] DeviceAnswer ask(const DeviceInfo& device) override;
     [[nodiscard]] bool isConflictingAppRunning() override;
@@ -62,6 +66,8 @@ public:
 
 private:
     DeviceServices& services_;
+    /// A phone that answers, but never to the end, keeps others from it for so long.
+    const std::chrono::milliseconds limit_ = std::chrono::minutes(1);
 };
 
 } // namespace tessary

@@ -111,7 +111,7 @@ FileSystemCapabilities AFCFileSystem::capabilities(const Call&) {
     return can;
 }
 
-NameRules AFCFileSystem::nameRules(const QString&) {
+NameRules AFCFileSystem::nameRules(const QString&, const Call&) {
     return {.ignoresUnicodeForm = true};
 }
 
@@ -174,7 +174,7 @@ FileItem AFCFileSystem::write(const NewFile& file, const ByteSource& content,
                               const ByteProgress& progress, const Call& call) {
     const QString folder = canonicalPath(file.folder);
     requirePath(folder);
-    if (!nameRules(folder).accepts(file.name))
+    if (!nameRules(folder, call).accepts(file.name))
         throw Error(PhoneError::nameNotAllowed, {file.name});
     const QString path = joinPath(folder, file.name);
     const PhoneQueue::Turn turn = takeTurn(call);
@@ -194,7 +194,7 @@ FileItem AFCFileSystem::write(const NewFile& file, const ByteSource& content,
 FileItem AFCFileSystem::makeFolder(const QString& parent, const QString& name, const Call& call) {
     const QString folder = canonicalPath(parent);
     requirePath(folder);
-    if (!nameRules(folder).accepts(name))
+    if (!nameRules(folder, call).accepts(name))
         throw Error(PhoneError::nameNotAllowed, {name});
     const PhoneQueue::Turn turn = takeTurn(call);
     const Edit edit(*queue_);
@@ -288,7 +288,7 @@ FileItem AFCFileSystem::renameTo(const FileItem& item, const QString& target, Ta
     const QString path = canonicalPath(item.path);
     requireItem(path);
     const QString name = lastComponent(target);
-    const NameRules rules = nameRules(path);
+    const NameRules rules = nameRules(path, call);
     if (!rules.accepts(name) || target == slash)
         throw Error(PhoneError::nameNotAllowed, {name});
     const bool replaces = taken == TakenName::replaced && !item.isDirectory;
@@ -349,11 +349,11 @@ std::optional<std::uint64_t> AFCFileSystem::freeBytes(const QString&, const Call
     return session_.begin([](const Opened& opened) { return opened.link->freeBytes(); }, call.stop);
 }
 
-std::optional<LiveDeviceInfo> AFCFileSystem::liveInfo() {
+std::optional<LiveDeviceInfo> AFCFileSystem::liveInfo(const std::stop_token& stop) {
     const auto turn = queue_->tryTake();
     if (!turn)
         return std::nullopt;
-    const IPhoneFacts facts = session_.facts({});
+    const IPhoneFacts facts = session_.facts(stop);
     LiveDeviceInfo info;
     info.battery = facts.battery;
     if (facts.storage) {

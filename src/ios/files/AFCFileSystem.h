@@ -36,7 +36,7 @@ public:
     }
 
     [[nodiscard]] FileSystemCapabilities capabilities(const Call& call) override;
-    [[nodiscard]] NameRules nameRules(const QString& folder) override;
+    [[nodiscard]] NameRules nameRules(const QString& folder, const Call& call) override;
     void list(const QString& folder, const ListingReceiver& receiver, const Call& call) override;
     [[nodiscard]] std::optional<FileItem> find(const QString& path, const Call& call) override;
     qint64 read(const FileItem& file, ByteRange range, const ByteSink& sink,
@@ -53,7 +53,7 @@ public:
     void setModified(const FileItem& file, const QDateTime& date, const Call& call) override;
     [[nodiscard]] std::optional<std::uint64_t> freeBytes(const QString& folder,
                                                          const Call& call) override;
-    [[nodiscard]] std::optional<LiveDeviceInfo> liveInfo() override;
+    [[nodiscard]] std::optional<LiveDeviceInfo> liveInfo(const std::stop_token& stop) override;
 
 private:
     [[nodiscard]] PhoneQueue::Turn takeTurn(const Call& call);

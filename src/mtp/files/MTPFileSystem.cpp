@@ -87,14 +87,17 @@ FileSystemCapabilities MTPFileSystem::capabilities(const Call& call) {
     });
 }
 
-NameRules MTPFileSystem::nameRules(const QString& folder) {
+NameRules MTPFileSystem::nameRules(const QString& folder, const Call& call) {
     NameRules rules;
     rules.ignoresCase = true;
     rules.ignoresUnicodeForm = true;
     constexpr int mostUnits = 254;
     rules.longestUTF16 = mostUnits;
     // Memory cards are formatted so that cameras can read them.
-    rules.forbidsFATCharacters = status_.volume(storageIDOf(storageRelativePath(folder))).isSDCard;
+    const QString id = storageIDOf(storageRelativePath(folder));
+    if (!id.isEmpty() && status_.volume(id).id != id)
+        link_.inTurn(call, folder, [&](MTPTree& tree) { (void)status_.readVolumes(tree); });
+    rules.forbidsFATCharacters = status_.volume(id).isSDCard;
     return rules;
 }
 
@@ -252,9 +255,9 @@ std::optional<std::uint64_t> MTPFileSystem::freeBytes(const QString& folder, con
     });
 }
 
-std::optional<LiveDeviceInfo> MTPFileSystem::liveInfo() {
+std::optional<LiveDeviceInfo> MTPFileSystem::liveInfo(const std::stop_token& stop) {
     const auto turn = link_.queue()->tryTake();
-    return turn ? std::optional(status_.read(link_)) : std::nullopt;
+    return turn ? std::optional(status_.read(link_, stop)) : std::nullopt;
 }
 
 QStringList MTPFileSystem::programsHolding() {

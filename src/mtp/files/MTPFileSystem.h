@@ -26,7 +26,7 @@ public:
     [[nodiscard]] std::shared_ptr<PhoneQueue> queue() const override;
 
     [[nodiscard]] FileSystemCapabilities capabilities(const Call& call) override;
-    [[nodiscard]] NameRules nameRules(const QString& folder) override;
+    [[nodiscard]] NameRules nameRules(const QString& folder, const Call& call) override;
 
     void list(const QString& folder, const ListingReceiver& receiver, const Call& call) override;
     [[nodiscard]] std::optional<FileItem> find(const QString& path, const Call& call) override;
@@ -53,7 +53,7 @@ public:
                                                       const Call& call) override;
     [[nodiscard]] std::optional<std::uint64_t> freeBytes(const QString& folder,
                                                          const Call& call) override;
-    [[nodiscard]] std::optional<LiveDeviceInfo> liveInfo() override;
+    [[nodiscard]] std::optional<LiveDeviceInfo> liveInfo(const std::stop_token& stop) override;
     [[nodiscard]] QStringList programsHolding() override;
 
 private:

@@ -13,10 +13,10 @@ StorageVolume MTPStatus::volume(const QString& id) const {
     return volumes_.value(id);
 }
 
-LiveDeviceInfo MTPStatus::read(MTPConnection& phone) {
+LiveDeviceInfo MTPStatus::read(MTPConnection& phone, const std::stop_token& stop) {
     LiveDeviceInfo info;
     try {
-        phone.inSession({}, {}, [&](MTPTree& tree) { info.volumes = readVolumes(tree); });
+        phone.inSession(stop, {}, [&](MTPTree& tree) { info.volumes = readVolumes(tree); });
     } catch (const Error& error) {
         if (endsEverything(error))
             throw;
@@ -27,7 +27,7 @@ LiveDeviceInfo MTPStatus::read(MTPConnection& phone) {
         if (std::exchange(attachment_, phone.attachment()) != phone.attachment())
             hasBattery_ = true;
         if (hasBattery_)
-            phone.inSession({}, {}, [&](MTPTree& tree) { info.battery = readBattery(tree); });
+            phone.inSession(stop, {}, [&](MTPTree& tree) { info.battery = readBattery(tree); });
     } catch (const Error& error) {
         hasBattery_ = false;
         DiagnosticsLogger::shared().mtp.standard("The battery cannot be read: %s",
@@ -36,7 +36,6 @@ LiveDeviceInfo MTPStatus::read(MTPConnection& phone) {
     return info;
 }
 
-/// Those that tell of themselves; none while the phone is locked.
 std::vector<StorageVolume> MTPStatus::readVolumes(MTPTree& tree) {
     std::vector<StorageVolume> read;
     for (const std::uint32_t id : tree.storageIDs())
@@ -47,6 +46,7 @@ std::vector<StorageVolume> MTPStatus::readVolumes(MTPTree& tree) {
                 throw;
         }
     const std::scoped_lock lock(mutex_);
+    volumes_.clear(); // a card may have gone, and another one have its number
     for (const StorageVolume& volume : read)
         volumes_.insert(volume.id, volume);
     return read;

@@ -95,7 +95,7 @@ void SyncRun::scan(SyncSide::Leftovers leftovers) {
     const auto scanned = [&](SyncSide& side, NameRules& names) {
         if (!side.exists(call_))
             return SyncTree();
-        names = side.files().nameRules(side.pathOf({}));
+        names = side.files().nameRules(side.pathOf({}), call_);
         return side.scan(patterns, leftovers, remembered_, call_);
     };
     localTree_ = scanned(local_, localNames_);

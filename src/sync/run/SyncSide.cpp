@@ -139,7 +139,7 @@ void SyncSide::scanFolder(SyncTree& tree, const Folder& folder, std::vector<Fold
 std::vector<FileItem> SyncSide::withoutLeftovers(std::vector<FileItem> items, Leftovers leftovers,
                                                  const QStringList& awaited, const Call& call) {
     if (leftovers == Leftovers::finished)
-        return tidied(files_, std::move(items), files_.nameRules(root_), awaited, call);
+        return tidied(files_, std::move(items), files_.nameRules(root_, call), awaited, call);
     QSet<QString> names;
     for (const FileItem& item : items)
         names.insert(item.name);

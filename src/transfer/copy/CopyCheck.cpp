@@ -71,7 +71,7 @@ CopyCheck checkCopy(const TreeCopyRequest& request, const CopyCheckFacts& facts,
         check.freeBytes = std::max<qint64>(clampedByteCount(*free) - facts.bytesOnTheWay, 0);
     const bool mayNotFit =
         check.freeBytes && (!facts.mostBytes || *facts.mostBytes > *check.freeBytes);
-    const NameRules rules = orNothing([&] { return to.nameRules(request.folder); });
+    const NameRules rules = orNothing([&] { return to.nameRules(request.folder, stop); });
     QHash<QString, FileItem> there;
     for (FileItem& item : orNothing([&] { return listAll(to, request.folder, stop); }).items)
         if (!isPartName(item.name))

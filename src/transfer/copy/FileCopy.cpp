@@ -82,7 +82,7 @@ FileItem giveName(PhoneFileSystem& to, const FilePut& put, bool renamesOntoTaken
     };
     if (renamesOntoTaken && !put.trash)
         return replaceAtOnce();
-    const QString waiting = waitingName(to.nameRules(put.folder), put.name);
+    const QString waiting = waitingName(to.nameRules(put.folder, call), put.name);
     const PartInUse use(waiting);
     part.setItem(to.rename(part.item(), waiting, TakenName::refused, call));
     // Nothing is cancelled between the removal and the new name.

@@ -115,7 +115,7 @@ void TreeCopy::copyGroup(const std::vector<ScannedItem>& group, const QString& b
 /// A folder that is there, with what it holds; leftovers are dealt with on the way.
 TreeCopy::Folder TreeCopy::openTarget(const QString& path, const QString& below,
                                       const QStringList& awaited) {
-    TargetFolder target(path, request_.to->nameRules(path), dateStep_);
+    TargetFolder target(path, request_.to->nameRules(path, call_), dateStep_);
     Listing there = listAll(*request_.to, path, call_);
     for (const FileItem& item :
          tidied(*request_.to, std::move(there.items), target.rules(), awaited, call_))
@@ -225,7 +225,8 @@ void TreeCopy::copyFolder(const ScannedItem& scanned, Folder& target) {
         ++outcome_.folders;
         name = make->name;
         noteMade(scanned, made.path, name);
-        Folder inside{{made.path, request_.to->nameRules(made.path), dateStep_}, below(name)};
+        Folder inside{{made.path, request_.to->nameRules(made.path, call_), dateStep_},
+                      below(name)};
         copyInto(scanned.content, inside);
     } else if (const auto* merge = std::get_if<TargetFolder::Merge>(&decision)) {
         name = merge->existing.name;

@@ -21,7 +21,7 @@ FoundPhotos findPhotos(PhoneFileSystem& from, DeviceInfo device, const QString& 
     FoundPhotos result;
     result.ledger = std::make_shared<ImportLedger>(ledgers, device.udid);
     if (device.platform == DevicePlatform::android && device.volumes.empty())
-        if (auto live = from.liveInfo())
+        if (auto live = from.liveInfo(call.stop))
             device.volumes = std::move(live->volumes);
     CameraFiles all = listCameraFiles(from, cameraFoldersOf(device), found, call);
     result.photos = photosOf(all.files);

@@ -61,8 +61,8 @@ auto whereThere(const Ask& ask, std::invoke_result_t<Ask> otherwise) {
 class FolderNames {
 public:
     FolderNames(PhoneFileSystem& to, const QString& target, const QString& path, const Call& call)
-        : rules_(whereThere([&] { return to.nameRules(path); },
-                            whereThere([&] { return to.nameRules(target); }, NameRules()))),
+        : rules_(whereThere([&] { return to.nameRules(path, call); },
+                            whereThere([&] { return to.nameRules(target, call); }, NameRules()))),
           dateStep_(whereThere([&] { return std::max(to.capabilities(call).dateStep, phonesStep); },
                                phonesStep)) {
         Listing listing = whereThere([&] { return listAll(to, path, call); }, Listing());

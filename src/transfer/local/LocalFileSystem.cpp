@@ -124,7 +124,7 @@ FileSystemCapabilities LocalFileSystem::capabilities(const Call&) {
     return can;
 }
 
-NameRules LocalFileSystem::nameRules(const QString& folder) {
+NameRules LocalFileSystem::nameRules(const QString& folder, const Call&) {
     return traits(base_.open(folder)).names;
 }
 

@@ -40,7 +40,7 @@ public:
     [[nodiscard]] FileTreeRoot rootOf(const QString& path) const override;
     [[nodiscard]] QString canonicalPath(const QString& path) const override;
     [[nodiscard]] FileSystemCapabilities capabilities(const Call& call) override;
-    [[nodiscard]] NameRules nameRules(const QString& folder) override;
+    [[nodiscard]] NameRules nameRules(const QString& folder, const Call& call) override;
 
     void list(const QString& folder, const ListingReceiver& receiver, const Call& call) override;
     /// LocalError::link, ::notAFile or ::nameNotUsable for what is there and no entry.
