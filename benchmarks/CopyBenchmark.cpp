@@ -1,6 +1,7 @@
-// What reading through a mounted folder costs next to a copy, and what a second phone adds: a film
-// of a virtual phone is copied and read through a mount by turns, then two phones copy alone and
-// side by side. Each line gives the shortest of some rounds. The film's size in MiB may be given.
+// What reading through a mounted folder costs next to a copy, what other programs do in it, and
+// what a second phone adds: a film of a virtual phone is copied and read through a mount by turns,
+// then two phones copy alone and side by side. Each line gives the shortest of some rounds. The
+// film's size in MiB may be given.
 
 #include "mtp/files/MTPFileSystem.h"
 #include "support/PluggedPhone.h"
@@ -58,6 +59,34 @@ struct Phone {
         bus, identityOf(plugged.info), std::make_shared<PhoneQueue>());
 };
 
+/// What other programs do with a mounted folder of ten thousand files, and how soon fifty readers
+/// of the film can be killed.
+bool showTools(Phone& phone, const QString& top) {
+    constexpr int files = 10'000;
+    for (int n = 0; n < files; ++n)
+        phone.plugged.write(u"many/%1.jpg"_s.arg(n), "jpeg");
+    const TemporaryFolder disk;
+    const auto mounted = PhoneMount::mount(phone.files, {{u"/"_s, u"phone"_s}}, top,
+                                           [](const FileItem&, const Error&) {});
+    const auto time = [](const char* what, const QString& command) {
+        const auto begin = std::chrono::steady_clock::now();
+        const int status = QProcess::execute(u"sh"_s, {u"-c"_s, command});
+        std::printf("%-28s %8.3f s%s\n", what,
+                    std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count(),
+                    status == 0 ? "" : "   FAILED");
+        std::fflush(stdout);
+        return status == 0;
+    };
+    const QString many = top + u"/many"_s;
+    return time("find, 10,000 files", u"test $(find '%1' -type f | wc -l) = 10000"_s.arg(many)) &&
+           time("the same again", u"test $(find '%1' -type f | wc -l) = 10000"_s.arg(many)) &&
+           time("cp -r of them", u"cp -r '%1' '%2'"_s.arg(many, disk.path())) &&
+           time("a seek to the film's end", u"tail -c 100000 '%1/film' > /dev/null"_s.arg(top)) &&
+           time("50 readers, killed after 1 s",
+                u"for n in $(seq 50); do timeout -s KILL 1 cat '%1/film' > /dev/null & done; "
+                "wait; exit 0"_s.arg(top));
+}
+
 int run(qint64 mebibytes) {
     const qint64 size = mebibytes << 20;
     const TemporaryFolder disk;
@@ -91,6 +120,8 @@ int run(qint64 mebibytes) {
     }
     show("read through the mount", read);
     std::printf("%-28s %8.2f\n", "mount : copy", read / copied);
+    if (!showTools(one, top))
+        return EXIT_FAILURE;
     const double both = shortestOf([&] {
         std::jthread beside([&] { other.copyTo(second); });
         one.copyTo(first);

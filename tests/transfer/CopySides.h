@@ -86,6 +86,10 @@ public:
     void putFolder(const QString& path) override {
         disk_.makeFolder(inFolder(path));
     }
+    /// A file of zeros that takes no room, below a side of a phone or of the disk.
+    void putSparse(const QString& path, qint64 size) {
+        disk_.writeSparse(inFolder(path), size);
+    }
     [[nodiscard]] Contents contents() const override {
         Contents found;
         const QString top = disk_.path(inFolder({}));

@@ -1,0 +1,147 @@
+#pragma once
+
+#include "adb/files/ADBFileSystem.h"
+#include "adb/server/ADBServerConnection.h"
+#include "ios/files/AFCFileSystem.h"
+#include "mtp/files/MTPFileSystem.h"
+#include "support/ADBFixture.h"
+#include "support/Application.h"
+#include "support/IPhoneFiles.h"
+#include "support/PluggedPhone.h"
+#include "transfer/CopySides.h"
+
+namespace tessary {
+
+/// A virtual phone over MTP.
+class MTPSide final : public FolderSide {
+public:
+    explicit MTPSide(const char* serial) : MTPSide(std::make_unique<Phone>(serial)) {}
+
+    [[nodiscard]] std::shared_ptr<PhoneFileSystem> files() override {
+        return files_;
+    }
+    [[nodiscard]] QString root() const override {
+        return QStringLiteral("/side");
+    }
+    /// Requests that `work` makes.
+    [[nodiscard]] std::size_t requestsOf(const std::function<void()>& work) {
+        phone_->plugged.android.clearRequestLog();
+        work();
+        return phone_->plugged.android.requestCount();
+    }
+
+    void unplug() {
+        phone_->plugged.android.unplug();
+    }
+    void plugIn() {
+        ASSERT_NE(phone_->plugged.android.plugInto(phone_->bus), 0U);
+    }
+
+private:
+    struct Phone {
+        explicit Phone(const char* serial) : plugged(bus, phoneConfig(serial)) {}
+
+        VirtualUSBBus bus;
+        PluggedPhone plugged;
+    };
+
+    explicit MTPSide(std::unique_ptr<Phone> phone)
+        : FolderSide(phone->plugged.disk, QStringLiteral("0/side")), phone_(std::move(phone)) {}
+
+    const std::unique_ptr<Phone> phone_;
+    const std::shared_ptr<MTPFileSystem> files_ = std::make_shared<MTPFileSystem>(
+        phone_->bus, identityOf(phone_->plugged.info), std::make_shared<PhoneQueue>());
+};
+
+inline std::unique_ptr<CopyEnd> overMTP() {
+    return std::make_unique<MTPSide>("MTPSIDE1");
+}
+inline std::unique_ptr<CopyEnd> overMTPToAnother() {
+    return std::make_unique<MTPSide>("MTPSIDE2");
+}
+
+/// A folder of its own on a phone that is the same for all tests: to start one takes seconds.
+inline QString nextFolder() {
+    static int folders = 0;
+    return QStringLiteral("side%1").arg(++folders);
+}
+
+/// A virtual phone by the real adb server.
+class ADBSide final : public FolderSide {
+public:
+    ADBSide() : ADBSide(nextFolder()) {}
+
+    [[nodiscard]] std::shared_ptr<PhoneFileSystem> files() override {
+        return files_;
+    }
+    [[nodiscard]] QString root() const override {
+        return QStringLiteral("/sdcard/") + folder_;
+    }
+
+private:
+    struct Phone : ADBPhone {
+        Phone() {
+            connectPhone();
+            PhoneIdentity identity;
+            identity.udid = identity.serialNumber = serial();
+            ADBServerAddress address;
+            address.port = server_.port();
+            files = std::make_shared<ADBFileSystem>(
+                identity, std::make_shared<PhoneQueue>(),
+                std::make_shared<ADBServerConnection>(std::make_shared<ADBServerClient>(address),
+                                                      ADBPhoneSought{serial(), {}}));
+        }
+        using ADBPhone::disk_;
+        std::shared_ptr<ADBFileSystem> files;
+    };
+    static Phone& phone() {
+        static Phone phone;
+        return phone;
+    }
+
+    explicit ADBSide(const QString& folder)
+        : FolderSide(phone().disk_, QStringLiteral("phone/") + folder), folder_(folder) {}
+
+    const QString folder_;
+    const std::shared_ptr<ADBFileSystem> files_ = phone().files;
+};
+
+/// A virtual iPhone's app by the real library.
+class AFCSide final : public FolderSide {
+public:
+    AFCSide() : AFCSide(nextFolder()) {}
+
+    [[nodiscard]] std::shared_ptr<PhoneFileSystem> files() override {
+        return files_;
+    }
+    [[nodiscard]] QString root() const override {
+        return QLatin1Char('/') + folder_;
+    }
+
+private:
+    struct Phone {
+        Application application;
+        IPhoneFiles plugged;
+        std::shared_ptr<AFCFileSystem> files = std::make_shared<AFCFileSystem>(
+            plugged.identity(), IPhoneFiles::notes(), std::make_shared<PhoneQueue>());
+    };
+    static Phone& phone() {
+        static Phone phone;
+        return phone;
+    }
+
+    explicit AFCSide(const QString& folder)
+        : FolderSide(phone().plugged.disk, phone().plugged.inDocuments(folder)), folder_(folder) {}
+
+    const QString folder_;
+    const std::shared_ptr<AFCFileSystem> files_ = phone().files;
+};
+
+inline std::unique_ptr<CopyEnd> overADB() {
+    return std::make_unique<ADBSide>();
+}
+inline std::unique_ptr<CopyEnd> overAFC() {
+    return std::make_unique<AFCSide>();
+}
+
+} // namespace tessary
