@@ -185,7 +185,9 @@ TEST_F(ADBLinkTest, refusalSilenceAndStopAreToldApart) {
     greet();
     ASSERT_EQ(codeOfReady(), "nothing");
     EXPECT_EQ(codeOf([&] { (void)link_->open("sync:", {{}, 50ms}); }), "timedOut");
-    EXPECT_EQ(codeOf([&] { (void)answered(3, ADBCommand::clse, 0, 2); }), "refused");
+    say(ADBCommand::okay, 9, 1);
+    EXPECT_EQ(heard(3), ADBMessage(ADBCommand::clse, 1, 9, {}, true)) << "else it stays open there";
+    EXPECT_EQ(codeOf([&] { (void)answered(4, ADBCommand::clse, 0, 2); }), "refused");
     std::stop_source stop;
     stop.request_stop();
     EXPECT_EQ(codeOf([&] { (void)link_->open("sync:", {stop.get_token(), 5s}); }), "cancelled");

@@ -7,6 +7,8 @@
 
 #include <QRegularExpression>
 
+#include <unistd.h>
+
 namespace tessary {
 namespace {
 
@@ -20,8 +22,10 @@ TEST(CompetingPrograms, areKnownByTheWholeNameOfTheirExecutable) {
     programs.end();
     const auto calls = processes.calls();
     ASSERT_EQ(calls.size(), 2U);
-    EXPECT_EQ(calls[0].mid(0, 2), (QStringList{u"/usr/bin/pgrep"_s, u"-x"_s}));
-    EXPECT_EQ(calls[1].mid(0, 3), (QStringList{u"/usr/bin/pkill"_s, u"-TERM"_s, u"-x"_s}));
+    const QString user = QString::number(::geteuid());
+    EXPECT_EQ(calls[0].mid(0, 4), (QStringList{u"/usr/bin/pgrep"_s, u"-u"_s, user, u"-x"_s}));
+    EXPECT_EQ(calls[1].mid(0, 5),
+              (QStringList{u"/usr/bin/pkill"_s, u"-TERM"_s, u"-u"_s, user, u"-x"_s}));
     // As the two programs match them: the whole name, of which the kernel keeps 15 characters.
     const struct {
         const char* name;

@@ -244,8 +244,12 @@ void ADBLink::handleStream(ADBMessage&& message, ADBCommand command) {
     if (command == ADBCommand::open)
         return send(ADBCommand::clse, 0, message.arg0); // nothing here is served
     const auto found = channels_.find(message.arg1);
-    if (found == channels_.end())
-        return; // of a stream that we have just closed
+    if (found == channels_.end()) {
+        // Of a stream that we have just closed; one that was given up goes on until it is told.
+        if (givenUp_.erase(message.arg1) > 0 && command == ADBCommand::okay)
+            send(ADBCommand::clse, message.arg1, message.arg0);
+        return;
+    }
     Channel& channel = *found->second;
     const bool isNew = channel.remoteID == 0;
     if (command != ADBCommand::clse && (isNew ? message.arg0 == 0 || command != ADBCommand::okay
@@ -336,6 +340,10 @@ bool ADBLink::hasInput(const Channel& channel) const {
 void ADBLink::close(Channel& channel) {
     const std::scoped_lock lock(mutex_);
     channels_.erase(channel.localID);
+    constexpr std::size_t mostGivenUp = 1000; // of a phone that opens none
+    const bool isAsked = channel.localID != 0 && channel.remoteID == 0;
+    if (isAsked && !channel.hasEnded && givenUp_.size() < mostGivenUp)
+        givenUp_.insert(channel.localID);
     if (!channel.hasEnded && channel.remoteID != 0 && outbox_.size() < longestOutbox)
         send(ADBCommand::clse, channel.localID, channel.remoteID);
 }

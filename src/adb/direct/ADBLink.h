@@ -14,6 +14,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <set>
 #include <thread>
 
 namespace tessary {
@@ -88,6 +89,7 @@ private:
     QByteArrayList features_;
     std::map<std::uint32_t, Channel*> channels_; ///< by local id
     std::uint32_t lastID_ = 0;
+    std::set<std::uint32_t> givenUp_; ///< ids of streams that went before the phone had opened them
     std::deque<ADBMessage> outbox_;
     std::jthread writer_;
     std::jthread reader_;

@@ -77,11 +77,11 @@ ADBUSBTransport::~ADBUSBTransport() = default;
 std::size_t ADBUSBTransport::readTransfer(std::span<std::byte> to) {
     std::size_t filled = 0;
     for (;;) {
-        if (isClosed_)
+        if (isClosed_.stop_requested())
             throw Error(ADBError::brokenOff);
         std::size_t got = 0;
-        const USBCode code =
-            interface_->readPipeTO(inPipe_, to.subspan(filled), got, {readStep, readStep});
+        const USBCode code = interface_->readPipeTO(inPipe_, to.subspan(filled), got,
+                                                    {readStep, readStep, &isClosed_});
         filled += got;
         if (code == usb::timeout && filled % packetSize_ == 0 && filled < to.size())
             continue;
@@ -119,10 +119,10 @@ ADBMessage ADBUSBTransport::read() {
 
 void ADBUSBTransport::writeTransfer(ByteView bytes) {
     std::size_t sent = 0;
-    if (isClosed_)
+    if (isClosed_.stop_requested())
         throw Error(ADBError::brokenOff);
     const USBCode code =
-        interface_->writePipeTO(outPipe_, bytes, sent, {writePatience, writePatience});
+        interface_->writePipeTO(outPipe_, bytes, sent, {writePatience, writePatience, &isClosed_});
     if (code != usb::success || sent != bytes.size())
         throw Error(ADBError::brokenOff, {QStringLiteral("USB write: %1").arg(code)});
 }
@@ -139,7 +139,7 @@ void ADBUSBTransport::write(const ADBMessage& message) {
 }
 
 void ADBUSBTransport::close() {
-    isClosed_ = true;
+    closing_.request_stop();
 }
 
 } // namespace tessary

@@ -5,9 +5,9 @@
 
 #include <QString>
 
-#include <atomic>
 #include <memory>
 #include <optional>
+#include <stop_token>
 
 namespace tessary {
 
@@ -47,7 +47,8 @@ private:
     std::uint8_t outPipe_ = 0;
     std::size_t packetSize_ = 0; ///< bytes
     Bytes buffer_;               ///< of the thread that reads
-    std::atomic<bool> isClosed_ = false;
+    std::stop_source closing_;   ///< stopped by close()
+    const std::stop_token isClosed_ = closing_.get_token();
 };
 
 } // namespace tessary

@@ -2,6 +2,7 @@
 
 #include "adb/files/ADBPhoneErrors.h"
 #include "adb/protocol/ADBError.h"
+#include "base/log/DiagnosticsLogger.h"
 #include "base/text/PathNames.h"
 
 #include <QHash>
@@ -30,6 +31,9 @@ public:
     void addUnreadable(const QString& path, const Error& error) {
         if (receiver_.unreadable)
             receiver_.unreadable({path, error});
+        else
+            DiagnosticsLogger::shared().adb.standard("An entry cannot be read: %s",
+                                                     {error.logText()});
     }
     void flush() {
         if (!rows_.empty())

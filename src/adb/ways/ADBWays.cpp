@@ -137,8 +137,11 @@ void ADBWays::lookAgain(const std::stop_token& stop) {
 /// Whether a server answers now. One of another version than the tool's is left alone: the tool
 /// would end it under other programs' copies.
 bool ADBWays::ensureServer(const std::stop_token& stop) {
-    if (tracker_.hasServer())
-        return true;
+    return tracker_.hasServer() || startServer(stop);
+}
+
+/// The same without trust in what was so a moment ago.
+bool ADBWays::startServer(const std::stop_token& stop) {
     const Wait wait{stop, ADBServerClient::patience};
     if (server_->version(wait))
         return true;
@@ -184,7 +187,8 @@ bool ADBWays::canReach(const PhoneIdentity& phone) {
 
 std::shared_ptr<ADBConnection> ADBWays::byServer(const PhoneIdentity& phone) {
     return std::make_shared<ADBServerConnection>(
-        server_, ADBPhoneSought{phone.serialNumber, phone.usbLocation});
+        server_, ADBPhoneSought{phone.serialNumber, phone.usbLocation},
+        [this](const std::stop_token& stop) { (void)startServer(stop); });
 }
 
 std::shared_ptr<ADBConnection> ADBWays::straightTo(const PhoneIdentity& phone) {

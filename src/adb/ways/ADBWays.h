@@ -66,6 +66,7 @@ private:
 
     [[nodiscard]] QStringList placesWithADB() const;
     [[nodiscard]] bool ensureServer(const std::stop_token& stop);
+    bool startServer(const std::stop_token& stop);
     [[nodiscard]] std::shared_ptr<ADBConnection> byServer(const PhoneIdentity& phone);
     [[nodiscard]] std::shared_ptr<ADBConnection> straightTo(const PhoneIdentity& phone);
     [[nodiscard]] std::optional<QString> addressOf(const PhoneIdentity& phone) const;

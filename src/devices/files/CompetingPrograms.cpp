@@ -3,6 +3,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <unistd.h>
+
 #include <chrono>
 
 namespace tessary {
@@ -27,17 +29,25 @@ QString suspects() {
     return holders() + QStringLiteral("|kiod[56]");
 }
 
+/// Whose programs are meant: this user's alone, also where he may end those of others.
+QString user() {
+    return QString::number(::geteuid());
+}
+
 } // namespace
 
 bool CompetingPrograms::isAnyRunning() {
     return processes_
-        .run(QStringLiteral("/usr/bin/pgrep"), {QStringLiteral("-x"), holders()}, processLimit)
+        .run(QStringLiteral("/usr/bin/pgrep"),
+             {QStringLiteral("-u"), user(), QStringLiteral("-x"), holders()}, processLimit)
         .succeeded();
 }
 
 void CompetingPrograms::end() {
-    (void)processes_.run(QStringLiteral("/usr/bin/pkill"),
-                         {QStringLiteral("-TERM"), QStringLiteral("-x"), suspects()}, processLimit);
+    (void)processes_.run(
+        QStringLiteral("/usr/bin/pkill"),
+        {QStringLiteral("-TERM"), QStringLiteral("-u"), user(), QStringLiteral("-x"), suspects()},
+        processLimit);
 }
 
 } // namespace tessary

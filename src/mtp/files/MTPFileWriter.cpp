@@ -41,7 +41,7 @@ MTPObjectInfo MTPFileWriter::makeFolder(const QString& name) {
     requireFreeName(name);
     const std::uint32_t announced =
         tree_.client().createFolder(name, folder_.object.handle, folder_.location.storageID);
-    MTPObjectInfo made = requireNew(name, announced);
+    MTPObjectInfo made = madeOrRemoved(name, announced, 0);
     tree_.added(folder_, made);
     return made;
 }
@@ -91,7 +91,18 @@ MTPObjectInfo MTPFileWriter::send(const NewFile& file, const ByteSource& content
             removeLeftover(file.name, *announced, size);
         throw;
     }
-    return requireNew(file.name, *announced);
+    return madeOrRemoved(file.name, *announced, size);
+}
+
+/// requireNew(); who stops it does not want it.
+MTPObjectInfo MTPFileWriter::madeOrRemoved(const QString& name, std::uint32_t announced,
+                                           std::uint64_t size) {
+    try {
+        return requireNew(name, announced);
+    } catch (const CancellationError&) {
+        removeLeftover(name, announced, size);
+        throw;
+    }
 }
 
 /// The object of this name that was not in the folder before.

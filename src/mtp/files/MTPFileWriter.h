@@ -25,6 +25,8 @@ private:
     [[nodiscard]] std::optional<MTPObjectInfo> findNew(const QString& name,
                                                        std::uint32_t announced);
     [[nodiscard]] MTPObjectInfo requireNew(const QString& name, std::uint32_t announced);
+    [[nodiscard]] MTPObjectInfo madeOrRemoved(const QString& name, std::uint32_t announced,
+                                              std::uint64_t size);
     void removeLeftover(const QString& name, std::uint32_t announced, std::uint64_t size) noexcept;
 
     MTPTree& tree_;

@@ -203,6 +203,8 @@ void ChildChannel::kill() {
 ChildChannel::Answer ChildChannel::ask(const QByteArray& message, qint64 longestAnswer,
                                        std::chrono::milliseconds patience,
                                        const std::stop_token& stop) {
+    std::uint64_t late = 0; // a stop that came as the last call ended is not for this one
+    (void)!::read(wake_, &late, sizeof late);
     const std::stop_callback wake(stop, [this] {
         const std::uint64_t one = 1;
         (void)!::write(wake_, &one, sizeof one);
