@@ -43,6 +43,8 @@ TEST(HelperMessages, comeBackAsTheyWereAndCutOnesAreNoticed) {
     expectSame(std::optional<AFCFileInfo>());
     expectSame(std::optional(AFCFileInfo{true, false, false, 64, {}}));
     expectSame(std::optional(AFCFileInfo{false, false, true, 5, date}));
+    expectSame(std::vector<AFCLookup>{std::optional<AFCFileInfo>(),
+                                      AFCFileInfo{true, false, false, 64, {}}});
     expectSame(IPhoneFacts());
     expectSame(IPhoneFacts{u"Ann's"_s, StorageInfo{5, 7}, 100});
     expectSame(

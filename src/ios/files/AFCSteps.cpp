@@ -81,23 +81,39 @@ std::vector<QByteArray> namesIn(const Opened& opened, const QString& folder) {
 
 std::vector<AFCRow> rowsOf(const Opened& opened, const QString& folder,
                            std::span<const QByteArray> names) {
+    // So few that a slow phone answers them within the patience for one message.
+    constexpr qsizetype atOnce = 8;
     std::vector<AFCRow> rows;
+    QStringList asked;
+    std::vector<std::size_t> places;
+    const auto ask = [&] {
+        const auto found = opened.link->findInfos(opened.link->inContainer(folder), asked);
+        for (std::size_t n = 0; n < found.size(); ++n) {
+            const QString path = joinPath(folder, asked[static_cast<qsizetype>(n)]);
+            const auto* error = std::get_if<Error>(&found[n]);
+            if (error != nullptr && endsEverything(*error))
+                throw Error(*error);
+            rows[places[n]] = error != nullptr
+                                  ? AFCRow(UnreadableEntry{path, *error})
+                                  : rowFrom(path, std::get<std::optional<AFCFileInfo>>(found[n]));
+        }
+        asked.clear();
+        places.clear();
+    };
     for (const QByteArray& bytes : names) {
         const auto name = textOfName(bytes);
         const QString path = joinPath(folder, name.value_or(QString::fromUtf8(bytes)));
-        if (!name || !isSafeName(*name)) {
-            rows.emplace_back(
-                UnreadableEntry{path, Error(PhoneError::nameNotAllowed, {lastComponent(path)})});
+        rows.emplace_back(
+            UnreadableEntry{path, Error(PhoneError::nameNotAllowed, {lastComponent(path)})});
+        if (!name || !isSafeName(*name))
             continue;
-        }
-        try {
-            rows.push_back(rowFrom(path, infoAt(opened, path)));
-        } catch (const Error& error) {
-            if (opened.link->isLost() || endsEverything(error))
-                throw;
-            rows.emplace_back(UnreadableEntry{path, error});
-        }
+        asked.append(*name);
+        places.push_back(rows.size() - 1);
+        if (asked.size() == atOnce)
+            ask();
     }
+    if (!asked.isEmpty())
+        ask();
     return rows;
 }
 

@@ -55,6 +55,12 @@ std::optional<AFCFileInfo> AFCLink::findInfo(const QString& path) {
     return ask<std::optional<AFCFileInfo>>(HelperOperation::info, path);
 }
 
+std::vector<AFCLookup> AFCLink::findInfos(const QString& folder, const QStringList& names) {
+    auto found = ask<std::vector<AFCLookup>>(HelperOperation::infos, folder, names);
+    helper_.requireSense(found.size() == static_cast<std::size_t>(names.size()));
+    return found;
+}
+
 void AFCLink::makeDirectory(const QString& path) {
     hasTouched_ = true;
     request(HelperOperation::makeFolder, path);

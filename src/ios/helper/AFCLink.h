@@ -68,6 +68,8 @@ public:
     [[nodiscard]] std::vector<QByteArray> readNames(const QString& path);
     /// No value when nothing is there; any other refusal is thrown.
     [[nodiscard]] std::optional<AFCFileInfo> findInfo(const QString& path);
+    /// The same of several names in a folder, by one message to the helper: a row for each.
+    [[nodiscard]] std::vector<AFCLookup> findInfos(const QString& folder, const QStringList& names);
     void makeDirectory(const QString& path);
     void removePath(const QString& path);
     void renamePath(const QString& from, const QString& to);

@@ -144,6 +144,36 @@ QDataStream& operator>>(QDataStream& stream, std::optional<AFCFileInfo>& info) {
     return stream;
 }
 
+QDataStream& operator<<(QDataStream& stream, const std::vector<AFCLookup>& lookups) {
+    stream << static_cast<quint32>(lookups.size());
+    for (const AFCLookup& lookup : lookups) {
+        const auto* error = std::get_if<Error>(&lookup);
+        stream << (error == nullptr);
+        if (error != nullptr)
+            stream << *error;
+        else
+            stream << std::get<std::optional<AFCFileInfo>>(lookup);
+    }
+    return stream;
+}
+
+QDataStream& operator>>(QDataStream& stream, std::vector<AFCLookup>& lookups) {
+    readList(stream, lookups, [&]() -> AFCLookup {
+        bool isInfo = false;
+        stream >> isInfo;
+        if (isInfo) {
+            std::optional<AFCFileInfo> info;
+            stream >> info;
+            return info;
+        }
+        if (auto error = readError(stream))
+            return *std::move(error);
+        stream.setStatus(QDataStream::ReadCorruptData);
+        return {};
+    });
+    return stream;
+}
+
 QDataStream& operator<<(QDataStream& stream, const IPhoneFacts& facts) {
     writeOptional(stream, facts.name);
     stream << facts.storage.has_value();

@@ -10,6 +10,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <variant>
 #include <vector>
 
 namespace tessary {
@@ -21,7 +22,7 @@ namespace tessary {
 
 /// Raised with each change of what follows: an update may exchange the helper under a program that
 /// runs.
-inline constexpr int helperVersion = 2;
+inline constexpr int helperVersion = 3;
 
 /// Arguments and results stand behind each.
 enum class HelperOperation : std::uint8_t {
@@ -30,6 +31,7 @@ enum class HelperOperation : std::uint8_t {
     open,       ///< bundle identifier, empty for the media folder; root path
     names,      ///< path; names
     info,       ///< path; facts of the file, or none
+    infos,      ///< folder, names; the same of each of them, or why it is refused
     makeFolder, ///< path; nothing
     remove,     ///< path; nothing
     rename,     ///< two paths; nothing
@@ -41,6 +43,9 @@ enum class HelperOperation : std::uint8_t {
     write,      ///< offset in the shared memory, bytes; bytes that were taken
     seek,       ///< offset in the file; nothing
 };
+
+/// What is told of one of several paths: its facts, none when nothing is there, or an error.
+using AFCLookup = std::variant<std::optional<AFCFileInfo>, Error>;
 
 /// Memory for two pieces of content, which both have in common.
 inline constexpr std::size_t contentPiece = std::size_t{4} << 20;
@@ -60,6 +65,8 @@ QDataStream& operator<<(QDataStream& stream, const std::vector<QByteArray>& name
 QDataStream& operator>>(QDataStream& stream, std::vector<QByteArray>& names);
 QDataStream& operator<<(QDataStream& stream, const std::optional<AFCFileInfo>& info);
 QDataStream& operator>>(QDataStream& stream, std::optional<AFCFileInfo>& info);
+QDataStream& operator<<(QDataStream& stream, const std::vector<AFCLookup>& lookups);
+QDataStream& operator>>(QDataStream& stream, std::vector<AFCLookup>& lookups);
 QDataStream& operator<<(QDataStream& stream, const IPhoneFacts& facts);
 QDataStream& operator>>(QDataStream& stream, IPhoneFacts& facts);
 QDataStream& operator<<(QDataStream& stream, const std::vector<AppInfo>& apps);

@@ -1,5 +1,6 @@
 #include "ios/helper/server/HelperServer.h"
 
+#include "base/text/PathNames.h"
 #include "ios/AppLister.h"
 #include "ios/IPhoneError.h"
 #include "phone/PhoneError.h"
@@ -100,6 +101,20 @@ bool HelperServer::moveContent(HelperOperation operation, QDataStream& arguments
     return true;
 }
 
+std::vector<AFCLookup> HelperServer::infosIn(const QString& folder, const QStringList& names) {
+    std::vector<AFCLookup> lookups;
+    for (const QString& name : names) {
+        try {
+            lookups.emplace_back(connection().findInfo(joinPath(folder, name)));
+        } catch (const Error& error) {
+            if (connection().isLost())
+                throw;
+            lookups.emplace_back(error);
+        }
+    }
+    return lookups;
+}
+
 bool HelperServer::carryOut(HelperOperation operation, QDataStream& arguments,
                             QDataStream& result) {
     QString path;
@@ -130,6 +145,13 @@ bool HelperServer::carryOut(HelperOperation operation, QDataStream& arguments,
             return false;
         result << connection().findInfo(path);
         return true;
+    case HelperOperation::infos: {
+        QStringList names;
+        if (!read(arguments, path, names))
+            return false;
+        result << infosIn(path, names);
+        return true;
+    }
     case HelperOperation::freeBytes:
         result << connection().freeBytes();
         return true;

@@ -34,6 +34,7 @@ private:
                                 QDataStream& result);
     [[nodiscard]] bool moveContent(HelperOperation operation, QDataStream& arguments,
                                    QDataStream& result);
+    [[nodiscard]] std::vector<AFCLookup> infosIn(const QString& folder, const QStringList& names);
     [[nodiscard]] AFCConnection& connection();
     [[nodiscard]] AFCFile& file();
     [[nodiscard]] Lockdown& lockdown();
