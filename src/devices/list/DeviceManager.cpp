@@ -12,6 +12,7 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace tessary {
@@ -63,7 +64,15 @@ DeviceManager::DeviceManager(DeviceSources sources, std::shared_ptr<DeviceProbe>
             });
         if (hasAndroid || hasUSBConflict_)
             checkConflict();
-        refreshStorageInfo(devices_);
+        // An iPhone is asked by a process and a handshake of its own each time, and whoever clicks
+        // meanwhile waits for that: once its figures are known they may be a minute old.
+        const bool isMinute = ++storageRounds_ % roundsOfIPhones == 0;
+        std::vector<DeviceInfo> due;
+        std::copy_if(
+            devices_.begin(), devices_.end(), std::back_inserter(due), [&](const DeviceInfo& one) {
+                return isMinute || one.platform != DevicePlatform::iOS || lacksDetails(one);
+            });
+        refreshStorageInfo(due);
     });
 }
 

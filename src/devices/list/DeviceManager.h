@@ -40,6 +40,7 @@ class DeviceManager : public QObject {
 public:
     static constexpr std::chrono::milliseconds listInterval{1500};
     static constexpr std::chrono::milliseconds storageInterval{5000};
+    static constexpr unsigned roundsOfIPhones = 12; ///< of storageInterval
 
     /// `sources` and `services` must outlive the manager and the work that it has started in the
     /// background. Devices with an id in `alsoAccept` count as phones although no rule knows them.
@@ -135,6 +136,7 @@ private:
 
     QTimer timer_;
     QTimer storageTimer_;
+    unsigned storageRounds_ = 0;
     unsigned polls_ = 0; ///< of the list, by the timer
     std::unique_ptr<USBWatch> watch_;
     /// Counts calls of stopListening(): an answer to a question of an earlier period is dropped.
