@@ -27,7 +27,7 @@ public:
 
     void run(const QString& folder) {
         attempt([&] { (void)phone_->capabilities({}); });
-        attempt([&] { (void)phone_->liveInfo(); });
+        attempt([&] { (void)phone_->liveInfo({}); });
         attempt([&] { items_ = listAll(*phone_, folder, {}).items; });
         for (const FileItem& item : items_)
             require(!item.path.isEmpty() && item.size >= 0);
