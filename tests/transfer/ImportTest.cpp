@@ -224,6 +224,22 @@ TEST(ImportLedger, knowsAFileByPathSizeAndDate) {
     EXPECT_FALSE(ImportLedger(folder.path(), u"Y"_s).find(rows[0].file));
 }
 
+TEST(Import, whatCannotBeRecordedIsNoSuccess) {
+    const ImportFixture import;
+    import.take("IMG_1.JPG", "one");
+    const FoundPhotos found = import.find();
+    TreeCopyRequest request = importRequest(import.phone, import.to(), import.plan(), found.ledger);
+    import.disk->write(u"ledgers"_s, "in the way");
+    const CopyOutcome outcome = TreeCopy(request).run({}, {});
+    ASSERT_EQ(outcome.end(), CopyOutcome::End::failed);
+    EXPECT_TRUE(outcome.failure->is(LocalError::cannotMakeFolder));
+    EXPECT_EQ(import.here(), QStringList{u"IMG_1.JPG=one"_s});
+    // It is recorded by the next try, which has nothing to fetch.
+    QFile::remove(import.ledgers());
+    EXPECT_EQ(TreeCopy(request).run({}, {}).end(), CopyOutcome::End::done);
+    EXPECT_TRUE(import.find().newOnes().empty());
+}
+
 TEST(ImportLedger, damagedLinesCountAsNoneAndTheNextOneStandsAlone) {
     const TemporaryFolder folder;
     ImportLedger ledger(folder.path(), u"../x"_s);

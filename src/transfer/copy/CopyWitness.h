@@ -15,8 +15,9 @@ public:
     /// `copy` is there under its name. `sha256` is that of its content; empty unless the copy
     /// verifies.
     virtual void copied(const CopyItem& item, const FileItem& copy, const QByteArray& sha256) = 0;
-    /// Nothing more comes of this run, however it ended; a copy that goes on later has another.
-    virtual void ended() = 0;
+    /// Nothing more comes of this run, however it ended. What it returns is why the copy failed in
+    /// spite of all files being there.
+    [[nodiscard]] virtual std::optional<Error> ended() = 0;
 };
 
 } // namespace tessary

@@ -58,7 +58,8 @@ CopyOutcome TreeCopy::run(const CopyProgress& progress, const std::stop_token& s
     for (auto n = moved_.rbegin(); n != moved_.rend(); ++n)
         outcome_.items.erase(outcome_.items.begin() + static_cast<std::ptrdiff_t>(*n));
     if (request_.witness)
-        request_.witness->ended();
+        if (const auto error = request_.witness->ended(); error && !outcome_.isCancelled)
+            outcome_.failure = outcome_.failure.value_or(*error);
     return std::move(outcome_);
 }
 

@@ -2,8 +2,6 @@
 
 #include "base/log/DiagnosticsLogger.h"
 
-#include <utility>
-
 namespace tessary {
 
 namespace {
@@ -18,23 +16,26 @@ void ImportRecorder::copied(const CopyItem& item, const FileItem& copy, const QB
     if (waiting_.empty())
         since_ = now;
     waiting_.push_back({item.item.path, item.item.size, item.item.modifiedDate, copy.path, sha256});
-    if (now - since_ >= longestWait)
-        write();
+    if (now - since_ >= longestWait && write())
+        since_ = now; // it may go well later
 }
 
-void ImportRecorder::ended() {
-    write();
+std::optional<Error> ImportRecorder::ended() {
+    return write();
 }
 
-void ImportRecorder::write() {
+std::optional<Error> ImportRecorder::write() {
     if (waiting_.empty())
-        return;
+        return std::nullopt;
     try {
         to_->flush();
-        ledger_->add(std::exchange(waiting_, {}));
+        ledger_->add(waiting_);
+        waiting_.clear();
+        return std::nullopt;
     } catch (const Error& error) {
         DiagnosticsLogger::shared().transfer.error("The ledger of an import: %s",
                                                    {error.logText()});
+        return error;
     }
 }
 

@@ -19,13 +19,12 @@ public:
         : ledger_(std::move(ledger)), to_(std::move(to)) {}
 
     void copied(const CopyItem& item, const FileItem& copy, const QByteArray& sha256) override;
-    void ended() override;
-
-    /// Waits for the disk and writes what waits. A ledger that cannot be written is logged: the
-    /// photos are there all the same.
-    void write();
+    [[nodiscard]] std::optional<Error> ended() override;
 
 private:
+    /// Waits for the disk and writes what waits; what cannot be written waits on.
+    [[nodiscard]] std::optional<Error> write();
+
     const std::shared_ptr<ImportLedger> ledger_;
     const std::shared_ptr<LocalFileSystem> to_;
     std::vector<ImportRecord> waiting_;
