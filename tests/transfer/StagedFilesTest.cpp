@@ -52,6 +52,20 @@ TEST_F(StagedFilesTest, aCopyIsMadeOnceAndAnotherForWhatChanged) {
     EXPECT_NE(staged.fetch(*twin.memory, twin.memory->item(s("/side/a.txt")), {}, {}), other);
 }
 
+TEST_F(StagedFilesTest, aCopyIsForReadingAndNoEditIsTakenForThePhonesFile) {
+    StagedFiles staged(s("test"));
+    const QString path = fetch(staged, "a.txt");
+    EXPECT_FALSE(QFile::permissions(path).testAnyFlags(
+        QFileDevice::WriteOwner | QFileDevice::WriteGroup | QFileDevice::WriteOther));
+    QFile file(path);
+    ASSERT_TRUE(file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    file.write("edited");
+    file.close();
+    EXPECT_EQ(staged.find(*phone.memory, phone.memory->item(s("/side/a.txt"))), std::nullopt);
+    EXPECT_EQ(contentOf(fetch(staged, "a.txt")), "first");
+}
+
 TEST_F(StagedFilesTest, whatWasNotUsedForLongestGoesFirst) {
     StagedFiles staged(s("test"), 12);
     const QString a = fetch(staged, "a.txt");

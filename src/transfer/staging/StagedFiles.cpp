@@ -8,6 +8,7 @@
 #include "transfer/local/LocalFileSystem.h"
 
 #include <QCryptographicHash>
+#include <QFile>
 
 #include <algorithm>
 #include <vector>
@@ -15,6 +16,11 @@
 namespace tessary {
 
 namespace {
+
+/// Nobody writes to a copy by mistake: no change would ever reach the phone.
+void makeReadOnly(const QString& path) {
+    QFile::setPermissions(path, QFileDevice::ReadOwner);
+}
 
 /// A name under which a copy can lie here: the file's own when it fits, else one with its
 /// extension.
@@ -59,7 +65,7 @@ std::optional<QString> StagedFiles::find(const PhoneFileSystem& files, const Fil
     const Place place = placeOf(files, item);
     LocalFileSystem here(folder());
     const auto copy = here.find(joinPath(joinPath(here.folder(), place.folder), place.name), {});
-    if (!copy || copy->isDirectory)
+    if (!copy || copy->isDirectory || copy->size != item.size)
         return std::nullopt;
     here.setModified(*copy, QDateTime::currentDateTime(), {}); // it is used now
     return copy->path;
@@ -84,11 +90,16 @@ QString StagedFiles::fetch(PhoneFileSystem& files, const FileItem& item,
                 throw;
         }
     }
+    // What somebody wrote to all the same is not the phone's file any more.
+    if (const auto stale = here.find(joinPath(target, place.name), call);
+        stale && stale->size != item.size)
+        here.removeTree(*stale, call);
     FileCopy copy{.from = files, .file = item, .to = here, .folder = target, .name = place.name};
     copy.checksSource = false;
     try {
         const FileItem made = copyFile(copy, progress, call);
         here.setModified(made, QDateTime::currentDateTime(), call);
+        makeReadOnly(made.path);
     } catch (const Error& error) {
         if (!isTaken(error)) // the other was faster
             throw;

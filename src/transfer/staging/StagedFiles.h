@@ -11,11 +11,11 @@
 
 namespace tessary {
 
-/// Local copies of files of phones, for previews and for other programs to open, in a folder of
-/// this user's cache that nobody else can reach. Each lies in a folder of its own that stands for
-/// phone, path, size and date: a file that changed is another file. Copies are reused; together
-/// they stay below a number of bytes, the ones not used for longest go first. Thread-safe and
-/// blocking.
+/// Local copies of files of phones, for previews and for other programs to open, read-only, in a
+/// folder of this user's cache that nobody else can reach. Each lies in a folder of its own that
+/// stands for phone, path, size and date: a file that changed is another file. Copies are reused;
+/// together they stay below a number of bytes, the ones not used for longest go first. Thread-safe
+/// and blocking.
 class StagedFiles {
 public:
     static constexpr qint64 defaultMaxBytes = qint64{2} * 1000 * 1000 * 1000;
