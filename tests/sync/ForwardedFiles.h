@@ -8,7 +8,7 @@ namespace tessary {
 
 /// A file system with somebody in between: called before each call to it, and before each piece
 /// that is written, where it may throw.
-class ForwardedFiles final : public PhoneFileSystem {
+class ForwardedFiles : public PhoneFileSystem {
 public:
     explicit ForwardedFiles(PhoneFileSystem& files) : files_(files) {}
 

@@ -1,9 +1,12 @@
 #include "transfer/mount/PhoneMount.h"
 
+#include "base/threads/CancellationError.h"
 #include "support/Gate.h"
 #include "support/QtPrinters.h"
+#include "sync/ForwardedFiles.h"
 #include "transfer/CopySides.h"
 #include "transfer/mount/DragMount.h"
+#include "transfer/mount/PhoneFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -12,6 +15,7 @@
 #include <QProcess>
 
 #include <array>
+#include <atomic>
 #include <future>
 
 namespace tessary {
@@ -47,6 +51,21 @@ bool soon(const std::function<bool()>& isSo) {
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
     return isSo();
 }
+
+/// A phone that is silent once it is asked what it can.
+class SilentPhone final : public ForwardedFiles {
+public:
+    using ForwardedFiles::ForwardedFiles;
+
+    FileSystemCapabilities capabilities(const Call& call) override {
+        isAsked = true;
+        while (!call.stop.stop_requested())
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        throw CancellationError();
+    }
+
+    std::atomic<bool> isAsked = false;
+};
 
 /// Bytes of which each tells where it lies.
 QByteArray countingBytes(qsizetype size) {
@@ -255,6 +274,19 @@ protected:
     std::promise<QString> reported;
     DragMount mount;
 };
+
+TEST(PhoneFolderTest, whoWaitsForASilentPhoneHoldsUpNobodyAndCanBeStopped) {
+    MemorySide phone;
+    phone.fill({{s("a"), "a"}}, noon);
+    const auto silent = std::make_shared<SilentPhone>(*phone.memory);
+    PhoneFolder folder(silent, phone.memory->item(phone.root()),
+                       PhoneFolder::Listings::keptForSeconds, [](const auto&, const auto&) {});
+    auto open = std::async(std::launch::async, [&] { return folder.open({s("a")}); });
+    ASSERT_TRUE(soon([&] { return silent->isAsked.load(); }));
+    EXPECT_EQ(folder.list({}).size(), 1U);
+    folder.stop();
+    EXPECT_THROW((void)open.get(), std::system_error);
+}
 
 TEST_F(DragMountTest, whatWasPromisedArrivesAsItIsRead) {
     const QStringList paths = promise({"film", "d"});

@@ -6,8 +6,8 @@
 namespace tessary {
 
 std::shared_ptr<MountedFile> MountedFile::open(std::shared_ptr<PhoneFileSystem> files,
-                                               FileItem item, Failed failed) {
-    if (files->capabilities({}).readsRanges)
+                                               FileItem item, bool readsRanges, Failed failed) {
+    if (readsRanges)
         return std::make_shared<RangedFile>(std::move(files), std::move(item), std::move(failed));
     return std::make_shared<ArrivingFile>(std::move(files), std::move(item), std::move(failed));
 }

@@ -165,6 +165,19 @@ std::vector<MountedFiles::Entry> PhoneFolder::list(const QStringList& names) {
     return entries;
 }
 
+/// Asks the phone the first time, while others go on with what is known.
+bool PhoneFolder::readsRanges() {
+    {
+        const std::scoped_lock lock(mutex_);
+        if (readsRanges_)
+            return *readsRanges_;
+    }
+    const bool answer = files_->capabilities(stop_.get_token()).readsRanges;
+    const std::scoped_lock lock(mutex_);
+    readsRanges_ = answer;
+    return answer;
+}
+
 std::shared_ptr<MountedFile> PhoneFolder::open(const QStringList& names) {
     const FileItem item = find(names).item;
     if (item.isDirectory)
@@ -174,6 +187,15 @@ std::shared_ptr<MountedFile> PhoneFolder::open(const QStringList& names) {
                             .arg(item.modifiedDateOrEpoch().toMSecsSinceEpoch())
                             .arg(item.handle.value_or(0))
                             .arg(item.path);
+    bool isByRange = false;
+    try {
+        isByRange = readsRanges();
+    } catch (const CancellationError&) {
+        fail(EIO);
+    } catch (const Error& error) {
+        failed_(item, error);
+        fail(EIO);
+    }
     std::shared_ptr<MountedFile> before; // ends after the lock, which its end may need
     const std::scoped_lock lock(mutex_);
     if (stop_.stop_requested())
@@ -181,12 +203,7 @@ std::shared_ptr<MountedFile> PhoneFolder::open(const QStringList& names) {
     std::erase_if(open_, [](const auto& known) { return known.second.expired(); });
     std::shared_ptr<MountedFile> file = open_[key].lock();
     if (!file) {
-        try {
-            file = MountedFile::open(files_, item, failed_);
-        } catch (const Error& error) {
-            failed_(item, error);
-            fail(EIO);
-        }
+        file = MountedFile::open(files_, item, isByRange, failed_);
         open_[key] = file;
     }
     before = std::exchange(lastOpen_, file);

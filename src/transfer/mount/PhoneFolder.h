@@ -61,6 +61,7 @@ private:
     void tellLeftOut(const QString& path, const Error& error);
     [[nodiscard]] bool isGood(const KnownListing& known) const;
     [[nodiscard]] std::uint64_t edits() const;
+    [[nodiscard]] bool readsRanges();
 
     const std::shared_ptr<PhoneFileSystem> files_;
     const FileItem top_;
@@ -72,6 +73,7 @@ private:
     std::map<QString, std::shared_ptr<KnownListing>> known_; ///< by the folder's path on the phone
     std::map<QString, std::weak_ptr<MountedFile>> open_;     ///< by path, size and date
     std::set<QString> leftOut_;                              ///< paths that were told
+    std::optional<bool> readsRanges_;                        ///< what the phone said
     std::shared_ptr<MountedFile> lastOpen_; ///< who looks into a file often opens it again
 };
 
