@@ -1069,6 +1069,10 @@
         <source>The next sync cannot tell what was deleted since: it copies such files back.</source>
         <translation>Der nächste Abgleich erkennt nicht, was seither gelöscht wurde, und kopiert solche Dateien zurück.</translation>
     </message>
+    <message>
+        <source>Delete something on that disk. Files lie there while they are on their way.</source>
+        <translation>Löschen Sie etwas auf diesem Datenträger. Dateien liegen dort, solange sie unterwegs sind.</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>

@@ -1069,6 +1069,10 @@
         <source>The next sync cannot tell what was deleted since: it copies such files back.</source>
         <translation>La próxima sincronización no sabrá qué se eliminó desde entonces: volverá a copiar esos archivos.</translation>
     </message>
+    <message>
+        <source>Delete something on that disk. Files lie there while they are on their way.</source>
+        <translation>Elimina algo de ese disco. Los archivos están ahí mientras van de camino.</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>

@@ -834,6 +834,10 @@
         <translation>Supprimez-y quelque chose ou choisissez un autre dossier.</translation>
     </message>
     <message>
+        <source>Delete something on that disk. Files lie there while they are on their way.</source>
+        <translation>Supprimez quelque chose sur ce disque. Les fichiers y restent le temps de leur transfert.</translation>
+    </message>
+    <message>
         <source>Install the adb tool, or switch the phone to Standard MTP.</source>
         <translation>Installez l’outil adb ou passez le téléphone à MTP standard.</translation>
     </message>

@@ -1069,6 +1069,10 @@
         <source>The next sync cannot tell what was deleted since: it copies such files back.</source>
         <translation>La prossima sincronizzazione non saprà cosa è stato eliminato: ricopierà quei file.</translation>
     </message>
+    <message>
+        <source>Delete something on that disk. Files lie there while they are on their way.</source>
+        <translation>Elimina qualcosa da quel disco. I file restano lì durante il trasferimento.</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>

@@ -1066,6 +1066,10 @@
         <source>The next sync cannot tell what was deleted since: it copies such files back.</source>
         <translation>次回の同期ではその後の削除が分からず、それらのファイルをコピーし直します。</translation>
     </message>
+    <message>
+        <source>Delete something on that disk. Files lie there while they are on their way.</source>
+        <translation>そのディスクで何かを削除してください。転送中のファイルはそこに置かれます。</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>

@@ -1066,6 +1066,10 @@
         <source>The next sync cannot tell what was deleted since: it copies such files back.</source>
         <translation>다음 동기화에서는 그 뒤에 삭제된 것을 알 수 없어 해당 파일을 다시 복사합니다.</translation>
     </message>
+    <message>
+        <source>Delete something on that disk. Files lie there while they are on their way.</source>
+        <translation>그 디스크에서 일부를 삭제하세요. 전송 중인 파일이 그곳에 놓입니다.</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>

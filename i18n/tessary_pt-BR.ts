@@ -1069,6 +1069,10 @@
         <source>The next sync cannot tell what was deleted since: it copies such files back.</source>
         <translation>A próxima sincronização não saberá o que foi apagado desde então: copiará esses arquivos de volta.</translation>
     </message>
+    <message>
+        <source>Delete something on that disk. Files lie there while they are on their way.</source>
+        <translation>Apague algo nesse disco. Os arquivos ficam nele enquanto são transferidos.</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>

@@ -1066,6 +1066,10 @@
         <source>The next sync cannot tell what was deleted since: it copies such files back.</source>
         <translation>下次同步无法得知此后删除了什么：会将这些文件复制回来。</translation>
     </message>
+    <message>
+        <source>Delete something on that disk. Files lie there while they are on their way.</source>
+        <translation>请删除该磁盘上的部分内容。传输中的文件会暂存在那里。</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>

@@ -1066,6 +1066,10 @@
         <source>The next sync cannot tell what was deleted since: it copies such files back.</source>
         <translation>下次同步無法得知此後刪除了什麼：會將這些檔案複製回來。</translation>
     </message>
+    <message>
+        <source>Delete something on that disk. Files lie there while they are on their way.</source>
+        <translation>請刪除該磁碟上的部分內容。傳輸中的檔案會暫存在那裡。</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>

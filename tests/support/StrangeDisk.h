@@ -129,12 +129,14 @@ private:
         fuse_operations calls{};
         calls.init = [](fuse_conn_info*, fuse_config* config) -> void* {
             config->hard_remove = 1; // what is removed while it is open is gone
+            config->nullpath_ok = 1; // and then has no path
             return nullptr;
         };
-        calls.getattr = [](const char* path, struct stat* facts, fuse_file_info*) {
+        calls.getattr = [](const char* path, struct stat* facts, fuse_file_info* info) {
             if (const int failure = fault(); failure != 0)
                 return failure;
-            return answer(::lstat(instance()->at(path), facts));
+            return answer(path != nullptr ? ::lstat(instance()->at(path), facts)
+                                          : ::fstat(static_cast<int>(info->fh), facts));
         };
         calls.readdir = [](const char* path, void* buffer, fuse_fill_dir_t fill, off_t,
                            fuse_file_info*, fuse_readdir_flags) {

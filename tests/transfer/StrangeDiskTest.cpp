@@ -1,7 +1,9 @@
 #include "support/StrangeDisk.h"
 
+#include "support/CodeOf.h"
 #include "support/QtPrinters.h"
 #include "transfer/CopySides.h"
+#include "transfer/copy/Spool.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -64,6 +66,27 @@ TEST_F(StrangeDiskTest, twinsAreNumberedAndWhatCannotLieThereIsNamed) {
     EXPECT_EQ(disk->names(), (QStringList{s("Foto.jpg"), s("foto (2).jpg"), s("z.txt")}));
     EXPECT_THAT(namesLeftOut(outcome), ElementsAre(s("1 10:20.txt: nameNotAllowed")));
     EXPECT_EQ(outcome.files, 3);
+}
+
+/// As a cache on a disk of the network may be: without files that never had a name.
+TEST_F(StrangeDiskTest, filesOnTheirWayWaitThereAndItsEndIsTold) {
+    mount({});
+    if (IsSkipped())
+        return;
+    qputenv("XDG_CACHE_HOME", disk->path().toUtf8());
+    const ByteView bytes(reinterpret_cast<const std::byte*>(film.constData()),
+                         static_cast<std::size_t>(film.size()));
+    {
+        Spool spool(0);
+        spool.append(bytes);
+        Bytes back(bytes.size());
+        EXPECT_EQ(spool.read(back), bytes.size());
+        EXPECT_TRUE(std::equal(back.begin(), back.end(), bytes.begin()));
+    }
+    Spool spool(0);
+    spool.append(bytes);
+    disk->failRequest(1, ENOSPC);
+    EXPECT_EQ(codeOf([&] { spool.append(bytes); }), "noRoomOnTheWay");
 }
 
 TEST_F(StrangeDiskTest, whatIsThereIsReplacedUnderItsOwnName) {

@@ -206,8 +206,13 @@ constexpr std::array localWords{
     ErrorWords{QT_TRANSLATE_NOOP("ErrorText", "No space is left on the disk of “%1”."),
                QT_TRANSLATE_NOOP("ErrorText", "no space is left on this computer's disk"),
                QT_TRANSLATE_NOOP("ErrorText", "Delete something there, or choose another folder.")},
+    // noRoomOnTheWay
+    ErrorWords{QT_TRANSLATE_NOOP("ErrorText", "No space is left on the disk of “%1”."),
+               QT_TRANSLATE_NOOP("ErrorText", "no space is left on this computer's disk"),
+               QT_TRANSLATE_NOOP("ErrorText", "Delete something on that disk. Files lie there "
+                                              "while they are on their way.")},
 };
-static_assert(localWords.size() == static_cast<std::size_t>(LocalError::full) + 1);
+static_assert(localWords.size() == static_cast<std::size_t>(LocalError::noRoomOnTheWay) + 1);
 
 /// In the order of the enum's cases.
 constexpr std::array syncWords{

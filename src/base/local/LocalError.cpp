@@ -7,14 +7,15 @@ namespace tessary {
 namespace {
 
 constexpr std::array names{
-    "cannotRead",   "cannotWrite",   "cannotMakeFolder",
-    "cannotDelete", "cannotRename",  "notFound",
-    "notAFile",     "notAFolder",    "folderInTheWay",
-    "fileInTheWay", "taken",         "folderNotEmpty",
-    "changed",      "nameNotUsable", "nameTooLong",
-    "leavesFolder", "link",          "full",
+    "cannotRead",     "cannotWrite",   "cannotMakeFolder",
+    "cannotDelete",   "cannotRename",  "notFound",
+    "notAFile",       "notAFolder",    "folderInTheWay",
+    "fileInTheWay",   "taken",         "folderNotEmpty",
+    "changed",        "nameNotUsable", "nameTooLong",
+    "leavesFolder",   "link",          "full",
+    "noRoomOnTheWay",
 };
-static_assert(names.size() == static_cast<std::size_t>(LocalError::full) + 1);
+static_assert(names.size() == static_cast<std::size_t>(LocalError::noRoomOnTheWay) + 1);
 
 } // namespace
 

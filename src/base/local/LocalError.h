@@ -25,6 +25,7 @@ enum class LocalError {
     leavesFolder,     ///< path: a link would lead out of the target folder
     link,             ///< path: links are not followed
     full,             ///< path: no space is left on its disk
+    noRoomOnTheWay,   ///< path of a folder of ours: no space is left where files are on their way
 };
 
 [[nodiscard]] constexpr ErrorLayer errorLayer(LocalError) {

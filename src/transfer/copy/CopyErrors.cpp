@@ -6,7 +6,8 @@
 namespace tessary {
 
 bool isFull(const Error& error) {
-    return error.is(PhoneError::full) || error.is(LocalError::full);
+    return error.is(PhoneError::full) || error.is(LocalError::full) ||
+           error.is(LocalError::noRoomOnTheWay);
 }
 
 bool isTaken(const Error& error) {

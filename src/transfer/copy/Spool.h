@@ -1,14 +1,16 @@
 #pragma once
 
-#include "base/local/FileHandle.h"
+#include "base/local/UnnamedFile.h"
 #include "base/values/Bytes.h"
 
 #include <QtGlobal>
 
+#include <optional>
+
 namespace tessary {
 
-/// Bytes that wait between two phones: in memory as long as they are few, else in a file without a
-/// name in this user's cache. Used by one thread at a time. LocalError::cannotWrite, ::full.
+/// Bytes that wait between two phones: in memory as long as they are few, else in an UnnamedFile.
+/// Used by one thread at a time; throws what that throws.
 class Spool {
 public:
     /// What stays in memory.
@@ -23,16 +25,13 @@ public:
         return size_;
     }
     [[nodiscard]] bool isOnDisk() const {
-        return file_.isOpen();
+        return file_.has_value();
     }
 
 private:
-    void openFile();
-    void writeOut(ByteView bytes);
-
     const qint64 mostInMemory_;
     Bytes memory_;
-    FileHandle file_; ///< holds everything once it is open
+    std::optional<UnnamedFile> file_; ///< holds everything once it is there
     qint64 size_ = 0;
     qint64 taken_ = 0;
 };

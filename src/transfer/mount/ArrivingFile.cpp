@@ -1,13 +1,7 @@
 #include "transfer/mount/ArrivingFile.h"
 
-#include "base/local/LocalError.h"
-#include "base/local/PrivateFolder.h"
 #include "base/threads/CancellationError.h"
 #include "base/threads/ThreadName.h"
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <cerrno>
 #include <system_error>
@@ -44,21 +38,10 @@ void ArrivingFile::run(const std::stop_token& stop) {
 }
 
 void ArrivingFile::fetch(const std::stop_token& stop) {
-    const QString folderName = QStringLiteral("mounted");
-    const auto cannot = [&](int reason) {
-        return reason == ENOSPC
-                   ? Error(LocalError::full, {folderName})
-                   : Error(LocalError::cannotWrite, {folderName, qt_error_string(reason)});
-    };
-    const PrivateFolder folder(PrivateFolder::Place::cache, folderName);
-    FileHandle file(
-        ::openat(folder.descriptor(), ".", O_TMPFILE | O_RDWR | O_CLOEXEC, S_IRUSR | S_IWUSR));
-    if (!file.isOpen())
-        throw cannot(errno);
-    const int descriptor = file.get();
+    const auto file = std::make_shared<UnnamedFile>(QStringLiteral("mounted"));
     {
         const std::scoped_lock lock(mutex_);
-        file_ = std::move(file);
+        file_ = file;
     }
     qint64 done = 0;
     files_->read(
@@ -66,13 +49,8 @@ void ArrivingFile::fetch(const std::stop_token& stop) {
         [&](ByteView bytes) {
             if (done + static_cast<qint64>(bytes.size()) > item_.size)
                 throw Error(PhoneError::changed, {item_.path});
-            while (!bytes.empty()) {
-                const ssize_t count = ::write(descriptor, bytes.data(), bytes.size());
-                if (count < 0 && errno != EINTR)
-                    throw cannot(errno);
-                bytes = bytes.subspan(count < 0 ? 0 : static_cast<std::size_t>(count));
-                done += std::max<ssize_t>(count, 0);
-            }
+            file->append(bytes);
+            done += static_cast<qint64>(bytes.size());
             const std::scoped_lock lock(mutex_);
             arrived_ = done;
             changed_.notify_all();
@@ -101,12 +79,13 @@ std::size_t ArrivingFile::read(qint64 offset, std::span<std::byte> into,
             throw std::system_error(EINTR, std::generic_category());
         changed_.wait_for(lock, glance);
     }
-    const int file = file_.get();
+    const std::shared_ptr<const UnnamedFile> file = file_;
     lock.unlock();
-    const ssize_t count = ::pread(file, into.data(), into.size(), offset);
-    if (count < 0)
+    try {
+        return file->readAt(offset, into);
+    } catch (const Error&) {
         throw std::system_error(EIO, std::generic_category());
-    return static_cast<std::size_t>(count);
+    }
 }
 
 } // namespace tessary

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/local/FileHandle.h"
+#include "base/local/UnnamedFile.h"
 #include "transfer/mount/MountedFile.h"
 
 #include <condition_variable>
@@ -30,10 +30,10 @@ private:
     const std::shared_ptr<PhoneFileSystem> files_;
     const FileItem item_;
     const Failed failed_;
-    FileHandle file_;
 
-    std::mutex mutex_; ///< guards the three below
+    std::mutex mutex_; ///< guards all below but the thread
     std::condition_variable changed_;
+    std::shared_ptr<const UnnamedFile> file_; ///< null until it is there
     qint64 arrived_ = 0;
     bool isWhole_ = false;
     bool hasFailed_ = false;

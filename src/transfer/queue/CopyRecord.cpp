@@ -31,7 +31,8 @@ Error errorFromJson(const QJsonObject& json) {
     const int code = json[u"code"_s].toInt(-1);
     if (layer == ErrorLayer::phone && code >= 0 && code <= static_cast<int>(PhoneError::full))
         return {static_cast<PhoneError>(code), arguments};
-    if (layer == ErrorLayer::local && code >= 0 && code <= static_cast<int>(LocalError::full))
+    if (layer == ErrorLayer::local && code >= 0 &&
+        code <= static_cast<int>(LocalError::noRoomOnTheWay))
         return {static_cast<LocalError>(code), arguments};
     return {PhoneError::refused, arguments};
 }
