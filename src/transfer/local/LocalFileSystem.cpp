@@ -39,13 +39,15 @@ std::array<timespec, 2> timesFor(const QDateTime& modified) {
     return {timespec{0, UTIME_OMIT}, timespec{seconds, (ms - seconds * 1000) * 1'000'000}};
 }
 
-/// Whether two names lead to one entry, as they do where case does not count.
-bool isSameFile(int folder, const QByteArray& one, const QByteArray& other) {
-    struct stat first {};
-    struct stat second {};
-    return ::fstatat(folder, one.constData(), &first, AT_SYMLINK_NOFOLLOW) == 0 &&
-           ::fstatat(folder, other.constData(), &second, AT_SYMLINK_NOFOLLOW) == 0 &&
-           first.st_dev == second.st_dev && first.st_ino == second.st_ino;
+/// Whether an entry has the very name: where case does not count, no look-up tells, and a disk that
+/// a program serves may give one file another number under each name.
+bool isListed(int folder, const QByteArray& name) {
+    const FileHandle readable(::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const FolderEntries entries = readable.isOpen() ? entriesOf(readable.get()) : FolderEntries();
+    while (const dirent* entry = entries ? ::readdir(entries.get()) : nullptr)
+        if (name == entry->d_name)
+            return true;
+    return !entries;
 }
 
 FileItem itemOf(const struct stat& facts, const QString& name, const QString& path) {
@@ -334,7 +336,7 @@ FileItem LocalFileSystem::rename(const FileItem& item, const QString& newName, T
     const NameRules rules = traits(place.folder).names;
     const bool isItself = newName != lastComponent(item.path) &&
                           rules.key(newName) == rules.key(lastComponent(item.path)) &&
-                          isSameFile(folder, place.name, name);
+                          !isListed(folder, name);
     // A folder would take the place of an empty one without a word.
     const int result = taken == TakenName::replaced && !item.isDirectory
                            ? ::renameat(folder, place.name.constData(), folder, name.constData())
