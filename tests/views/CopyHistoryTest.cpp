@@ -36,7 +36,7 @@ protected:
     }
     /// The cable goes in the middle of the film.
     void loseFilm() {
-        setSpeed(20);
+        setSpeed(6);
         download(u"film.mp4"_s);
         ASSERT_TRUE(
             wait([this] { return !jobs().empty() && jobs().front().doneBytes() > 8'000'000; }));
@@ -99,7 +99,8 @@ TEST_F(CopyHistoryTest, anotherStartOfTheProgramOffersItAndWhoDeclinesIsNotAsked
          window_->findChild<StatusBanner*>(u"statusBanner"_s)->findChildren<QToolButton*>())
         button->click();
     EXPECT_EQ(offer(), nullptr);
-    QTest::qWait(300); // it is written
+    ASSERT_TRUE(
+        wait([this] { return records_.read(u"copies.json"_s).contains("\"wasOffered\":true"); }));
     close();
     open(bus_);
     ASSERT_TRUE(wait([this] { return isShown(u"film.mp4"_s); }));
