@@ -20,6 +20,7 @@
 #include <QTemporaryDir>
 #include <QTimer>
 
+#include <algorithm>
 #include <cstdio>
 #include <functional>
 
@@ -72,9 +73,13 @@ bool measure(int photos, bool byPropertyLists) {
     if (!waitFor([&] { return browser.files() && !browser.isLoading(); }))
         return false;
     browser.setViewMode(ViewMode::grid);
-    auto& store = *window.findChild<ThumbnailStore*>();
     int pictures = 0;
-    QObject::connect(&store, &ThumbnailStore::thumbnailReady, [&pictures] { ++pictures; });
+    const auto stores = window.findChildren<ThumbnailStore*>(); // other pages have some, too
+    for (const ThumbnailStore* store : stores)
+        QObject::connect(store, &ThumbnailStore::thumbnailReady, [&pictures] { ++pictures; });
+    const auto isDone = [&] {
+        return pictures > 0 && std::ranges::all_of(stores, &ThumbnailStore::isIdle);
+    };
 
     std::printf("%s:\n", byPropertyLists ? "by property lists" : "object by object");
     phone.android.clearRequestLog();
@@ -94,7 +99,7 @@ bool measure(int photos, bool byPropertyLists) {
         }))
         return false;
     tell("all rows");
-    if (!waitFor([&] { return pictures > 0 && store.isIdle(); }))
+    if (!waitFor(isDone))
         return false;
     tell("first pictures");
     std::printf("  (%d pictures)\n", pictures);
