@@ -1112,6 +1112,14 @@
         <source>Copy History…</source>
         <translation>Kopierverlauf …</translation>
     </message>
+    <message>
+        <source>New Window</source>
+        <translation>Neues Fenster</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
 </context>
 <context>
     <name>ProblemText</name>
@@ -1699,6 +1707,32 @@
         <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
         <translation>Sie verschwinden sofort und kommen nicht in das Album „Zuletzt gelöscht“ des Telefons.</translation>
     </message>
+    <message>
+        <source>“%1” will be moved to the trash.</source>
+        <translation>„%1“ wird in den Papierkorb gelegt.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be moved to the trash.</source>
+        <translation>
+            <numerusform>%Ln Objekt wird in den Papierkorb gelegt.</numerusform>
+            <numerusform>%Ln Objekte werden in den Papierkorb gelegt.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::EntryDrop</name>
+    <message>
+        <source>Move Here</source>
+        <translation>Hierher verschieben</translation>
+    </message>
+    <message>
+        <source>Copy Here</source>
+        <translation>Hierher kopieren</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
 </context>
 <context>
     <name>tessary::FactsView</name>
@@ -1727,6 +1761,53 @@
     </message>
 </context>
 <context>
+    <name>tessary::FileSettings</name>
+    <message>
+        <source>Copies from a phone go to</source>
+        <translation>Kopien von einem Telefon kommen in</translation>
+    </message>
+    <message>
+        <source>A double click on a file</source>
+        <translation>Ein Doppelklick auf eine Datei</translation>
+    </message>
+    <message>
+        <source>A new phone&apos;s files are shown</source>
+        <translation>Dateien eines neuen Telefons erscheinen</translation>
+    </message>
+    <message>
+        <source>A folder that is asked for</source>
+        <translation>einen Ordner, nach dem gefragt wird</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>Auswählen …</translation>
+    </message>
+    <message>
+        <source>opens it</source>
+        <translation>öffnet sie</translation>
+    </message>
+    <message>
+        <source>shows a preview</source>
+        <translation>zeigt eine Vorschau</translation>
+    </message>
+    <message>
+        <source>copies it to this computer</source>
+        <translation>kopiert sie auf diesen Computer</translation>
+    </message>
+    <message>
+        <source>in a list</source>
+        <translation>als Liste</translation>
+    </message>
+    <message>
+        <source>as pictures</source>
+        <translation>als Bilder</translation>
+    </message>
+    <message>
+        <source>Always the same folder</source>
+        <translation>immer denselben Ordner</translation>
+    </message>
+</context>
+<context>
     <name>tessary::FileTableView</name>
     <message numerus="yes">
         <source>%Ln items</source>
@@ -1734,6 +1815,10 @@
             <numerusform>%Ln Objekt</numerusform>
             <numerusform>%Ln Objekte</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Columns</source>
+        <translation>Spalten</translation>
     </message>
 </context>
 <context>
@@ -1873,6 +1958,10 @@
         <source>Show the Folder</source>
         <translation>Ordner anzeigen</translation>
     </message>
+    <message>
+        <source>Drop files here to copy them into it.</source>
+        <translation>Ziehen Sie Dateien hierher, um sie in diesen Ordner zu kopieren.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::GeneralNotices</name>
@@ -1938,6 +2027,41 @@
     <message>
         <source>This computer mounts nothing for its users. FUSE may not be installed.</source>
         <translation>Dieser Computer hängt für seine Benutzer nichts ein. Vielleicht ist FUSE nicht installiert.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::HelpDialog</name>
+    <message>
+        <source>Plug the phone in and unlock it. On an Android phone choose “File transfer” in its USB notification; on an iPhone tap “Trust”.</source>
+        <translation>Schließen Sie das Telefon an und entsperren Sie es. Wählen Sie auf einem Android-Telefon „Dateiübertragung“ in der USB-Benachrichtigung; tippen Sie auf einem iPhone auf „Vertrauen“.</translation>
+    </message>
+    <message>
+        <source>Drag files out of the window to copy them here, and into it to copy them to the phone.</source>
+        <translation>Ziehen Sie Dateien aus dem Fenster, um sie hierher zu kopieren, und hinein, um sie auf das Telefon zu kopieren.</translation>
+    </message>
+    <message>
+        <source>F3 shows a folder of this computer beside the phone&apos;s: drag or paste from one to the other.</source>
+        <translation>F3 zeigt neben dem Ordner des Telefons einen dieses Computers: Ziehen oder fügen Sie von einem in den anderen ein.</translation>
+    </message>
+    <message>
+        <source>“Import Photos…” fetches what is new on the camera, and “Sync” keeps a folder here and one on the phone the same.</source>
+        <translation>„Fotos importieren …“ holt, was auf der Kamera neu ist, und „Abgleich“ hält einen Ordner hier und einen auf dem Telefon gleich.</translation>
+    </message>
+    <message>
+        <source>While files are dragged, Ctrl copies, Shift moves and Alt asks.</source>
+        <translation>Beim Ziehen kopiert Strg, verschiebt Umschalt und fragt Alt.</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
+    <message>
+        <source>First Steps</source>
+        <translation>Erste Schritte</translation>
     </message>
 </context>
 <context>
@@ -2128,6 +2252,13 @@
     <message>
         <source>Faster and sees more. Needs USB debugging on the phone.</source>
         <translation>Schneller und sieht mehr. Braucht USB-Debugging auf dem Telefon.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::Panes</name>
+    <message>
+        <source>This Computer Beside the Phone</source>
+        <translation>Diesen Computer neben dem Telefon</translation>
     </message>
 </context>
 <context>
@@ -2827,10 +2958,6 @@
 </context>
 <context>
     <name>tessary::UpdateAlerts</name>
-    <message>
-        <source>Help</source>
-        <translation>Hilfe</translation>
-    </message>
     <message>
         <source>Check for Updates…</source>
         <translation>Nach Updates suchen …</translation>

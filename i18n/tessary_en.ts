@@ -116,6 +116,13 @@
             <numerusform>%Ln items will be deleted from the phone.</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln items will be moved to the trash.</source>
+        <translation>
+            <numerusform>%Ln item will be moved to the trash.</numerusform>
+            <numerusform>%Ln items will be moved to the trash.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>tessary::FileTableView</name>

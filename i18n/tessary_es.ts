@@ -1112,6 +1112,14 @@
         <source>Copy History…</source>
         <translation>Historial de copias…</translation>
     </message>
+    <message>
+        <source>New Window</source>
+        <translation>Nueva ventana</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Ayuda</translation>
+    </message>
 </context>
 <context>
     <name>ProblemText</name>
@@ -1699,6 +1707,32 @@
         <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
         <translation>Desaparecen al momento y no pasan al álbum «Eliminado» del teléfono.</translation>
     </message>
+    <message>
+        <source>“%1” will be moved to the trash.</source>
+        <translation>«%1» se moverá a la papelera.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be moved to the trash.</source>
+        <translation>
+            <numerusform>Se moverá %Ln elemento a la papelera.</numerusform>
+            <numerusform>Se moverán %Ln elementos a la papelera.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::EntryDrop</name>
+    <message>
+        <source>Move Here</source>
+        <translation>Mover aquí</translation>
+    </message>
+    <message>
+        <source>Copy Here</source>
+        <translation>Copiar aquí</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
 </context>
 <context>
     <name>tessary::FactsView</name>
@@ -1727,6 +1761,53 @@
     </message>
 </context>
 <context>
+    <name>tessary::FileSettings</name>
+    <message>
+        <source>Copies from a phone go to</source>
+        <translation>Las copias de un teléfono van a</translation>
+    </message>
+    <message>
+        <source>A double click on a file</source>
+        <translation>Un doble clic en un archivo</translation>
+    </message>
+    <message>
+        <source>A new phone&apos;s files are shown</source>
+        <translation>Los archivos de un teléfono nuevo se muestran</translation>
+    </message>
+    <message>
+        <source>A folder that is asked for</source>
+        <translation>una carpeta que se pregunta</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>Elegir…</translation>
+    </message>
+    <message>
+        <source>opens it</source>
+        <translation>lo abre</translation>
+    </message>
+    <message>
+        <source>shows a preview</source>
+        <translation>muestra una vista previa</translation>
+    </message>
+    <message>
+        <source>copies it to this computer</source>
+        <translation>lo copia a este ordenador</translation>
+    </message>
+    <message>
+        <source>in a list</source>
+        <translation>en una lista</translation>
+    </message>
+    <message>
+        <source>as pictures</source>
+        <translation>como imágenes</translation>
+    </message>
+    <message>
+        <source>Always the same folder</source>
+        <translation>siempre la misma carpeta</translation>
+    </message>
+</context>
+<context>
     <name>tessary::FileTableView</name>
     <message numerus="yes">
         <source>%Ln items</source>
@@ -1734,6 +1815,10 @@
             <numerusform>%Ln elemento</numerusform>
             <numerusform>%Ln elementos</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Columns</source>
+        <translation>Columnas</translation>
     </message>
 </context>
 <context>
@@ -1873,6 +1958,10 @@
         <source>Show the Folder</source>
         <translation>Mostrar la carpeta</translation>
     </message>
+    <message>
+        <source>Drop files here to copy them into it.</source>
+        <translation>Suelta archivos aquí para copiarlos en la carpeta.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::GeneralNotices</name>
@@ -1938,6 +2027,41 @@
     <message>
         <source>This computer mounts nothing for its users. FUSE may not be installed.</source>
         <translation>Este ordenador no monta nada para sus usuarios. Puede que FUSE no esté instalado.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::HelpDialog</name>
+    <message>
+        <source>Plug the phone in and unlock it. On an Android phone choose “File transfer” in its USB notification; on an iPhone tap “Trust”.</source>
+        <translation>Conecta el teléfono y desbloquéalo. En un teléfono Android elige «Transferencia de archivos» en su notificación de USB; en un iPhone toca «Confiar».</translation>
+    </message>
+    <message>
+        <source>Drag files out of the window to copy them here, and into it to copy them to the phone.</source>
+        <translation>Arrastra archivos fuera de la ventana para copiarlos aquí, y dentro de ella para copiarlos al teléfono.</translation>
+    </message>
+    <message>
+        <source>F3 shows a folder of this computer beside the phone&apos;s: drag or paste from one to the other.</source>
+        <translation>F3 muestra una carpeta de este ordenador junto a la del teléfono: arrastra o pega de una a otra.</translation>
+    </message>
+    <message>
+        <source>“Import Photos…” fetches what is new on the camera, and “Sync” keeps a folder here and one on the phone the same.</source>
+        <translation>«Importar fotos…» trae lo nuevo de la cámara, y «Sincronización» mantiene iguales una carpeta de aquí y una del teléfono.</translation>
+    </message>
+    <message>
+        <source>While files are dragged, Ctrl copies, Shift moves and Alt asks.</source>
+        <translation>Al arrastrar, Ctrl copia, Mayús mueve y Alt pregunta.</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>Atajos de teclado</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Ayuda</translation>
+    </message>
+    <message>
+        <source>First Steps</source>
+        <translation>Primeros pasos</translation>
     </message>
 </context>
 <context>
@@ -2128,6 +2252,13 @@
     <message>
         <source>Faster and sees more. Needs USB debugging on the phone.</source>
         <translation>Más rápido y ve más. Requiere depuración USB en el teléfono.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::Panes</name>
+    <message>
+        <source>This Computer Beside the Phone</source>
+        <translation>Este ordenador junto al teléfono</translation>
     </message>
 </context>
 <context>
@@ -2827,10 +2958,6 @@
 </context>
 <context>
     <name>tessary::UpdateAlerts</name>
-    <message>
-        <source>Help</source>
-        <translation>Ayuda</translation>
-    </message>
     <message>
         <source>Check for Updates…</source>
         <translation>Buscar actualizaciones…</translation>

@@ -1112,6 +1112,14 @@
         <source>Copy History…</source>
         <translation>Historique des copies…</translation>
     </message>
+    <message>
+        <source>New Window</source>
+        <translation>Nouvelle fenêtre</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Aide</translation>
+    </message>
 </context>
 <context>
     <name>ProblemText</name>
@@ -1699,6 +1707,32 @@
         <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
         <translation>Elles disparaissent immédiatement, sans passer par l’album «&#xa0;Supprimés récemment&#xa0;» du téléphone.</translation>
     </message>
+    <message>
+        <source>“%1” will be moved to the trash.</source>
+        <translation>« %1 » sera mis à la corbeille.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be moved to the trash.</source>
+        <translation>
+            <numerusform>%Ln élément sera mis à la corbeille.</numerusform>
+            <numerusform>%Ln éléments seront mis à la corbeille.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::EntryDrop</name>
+    <message>
+        <source>Move Here</source>
+        <translation>Déplacer ici</translation>
+    </message>
+    <message>
+        <source>Copy Here</source>
+        <translation>Copier ici</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
 </context>
 <context>
     <name>tessary::FactsView</name>
@@ -1727,6 +1761,53 @@
     </message>
 </context>
 <context>
+    <name>tessary::FileSettings</name>
+    <message>
+        <source>Copies from a phone go to</source>
+        <translation>Les copies d’un téléphone vont dans</translation>
+    </message>
+    <message>
+        <source>A double click on a file</source>
+        <translation>Un double clic sur un fichier</translation>
+    </message>
+    <message>
+        <source>A new phone&apos;s files are shown</source>
+        <translation>Les fichiers d’un nouveau téléphone s’affichent</translation>
+    </message>
+    <message>
+        <source>A folder that is asked for</source>
+        <translation>un dossier demandé à chaque fois</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>Choisir…</translation>
+    </message>
+    <message>
+        <source>opens it</source>
+        <translation>l’ouvre</translation>
+    </message>
+    <message>
+        <source>shows a preview</source>
+        <translation>affiche un aperçu</translation>
+    </message>
+    <message>
+        <source>copies it to this computer</source>
+        <translation>le copie sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>in a list</source>
+        <translation>en liste</translation>
+    </message>
+    <message>
+        <source>as pictures</source>
+        <translation>en images</translation>
+    </message>
+    <message>
+        <source>Always the same folder</source>
+        <translation>toujours le même dossier</translation>
+    </message>
+</context>
+<context>
     <name>tessary::FileTableView</name>
     <message numerus="yes">
         <source>%Ln items</source>
@@ -1734,6 +1815,10 @@
             <numerusform>%Ln élément</numerusform>
             <numerusform>%Ln éléments</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Columns</source>
+        <translation>Colonnes</translation>
     </message>
 </context>
 <context>
@@ -1873,6 +1958,10 @@
         <source>Show the Folder</source>
         <translation>Afficher le dossier</translation>
     </message>
+    <message>
+        <source>Drop files here to copy them into it.</source>
+        <translation>Déposez des fichiers ici pour les copier dans ce dossier.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::GeneralNotices</name>
@@ -1933,11 +2022,46 @@
     </message>
     <message>
         <source>“%1” could not be opened in the file manager.</source>
-        <translation>« %1 » n’a pas pu être ouvert dans le gestionnaire de fichiers.</translation>
+        <translation>«&#xa0;%1&#xa0;» n’a pas pu être ouvert dans le gestionnaire de fichiers.</translation>
     </message>
     <message>
         <source>This computer mounts nothing for its users. FUSE may not be installed.</source>
         <translation>Cet ordinateur ne monte rien pour ses utilisateurs. FUSE n’est peut-être pas installé.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::HelpDialog</name>
+    <message>
+        <source>Plug the phone in and unlock it. On an Android phone choose “File transfer” in its USB notification; on an iPhone tap “Trust”.</source>
+        <translation>Branchez le téléphone et déverrouillez-le. Sur un téléphone Android, choisissez « Transfert de fichiers » dans sa notification USB ; sur un iPhone, touchez « Faire confiance ».</translation>
+    </message>
+    <message>
+        <source>Drag files out of the window to copy them here, and into it to copy them to the phone.</source>
+        <translation>Faites glisser des fichiers hors de la fenêtre pour les copier ici, et dans la fenêtre pour les copier sur le téléphone.</translation>
+    </message>
+    <message>
+        <source>F3 shows a folder of this computer beside the phone&apos;s: drag or paste from one to the other.</source>
+        <translation>F3 affiche un dossier de cet ordinateur à côté de celui du téléphone : faites glisser ou collez de l’un à l’autre.</translation>
+    </message>
+    <message>
+        <source>“Import Photos…” fetches what is new on the camera, and “Sync” keeps a folder here and one on the phone the same.</source>
+        <translation>« Importer des photos… » récupère les nouveautés de l’appareil photo, et « Synchronisation » garde identiques un dossier d’ici et un du téléphone.</translation>
+    </message>
+    <message>
+        <source>While files are dragged, Ctrl copies, Shift moves and Alt asks.</source>
+        <translation>Pendant le glissement, Ctrl copie, Maj déplace et Alt demande.</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>Raccourcis</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Aide</translation>
+    </message>
+    <message>
+        <source>First Steps</source>
+        <translation>Premiers pas</translation>
     </message>
 </context>
 <context>
@@ -2128,6 +2252,13 @@
     <message>
         <source>Faster and sees more. Needs USB debugging on the phone.</source>
         <translation>Plus rapide et voit davantage. Nécessite le débogage USB sur le téléphone.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::Panes</name>
+    <message>
+        <source>This Computer Beside the Phone</source>
+        <translation>Cet ordinateur à côté du téléphone</translation>
     </message>
 </context>
 <context>
@@ -2827,10 +2958,6 @@
 </context>
 <context>
     <name>tessary::UpdateAlerts</name>
-    <message>
-        <source>Help</source>
-        <translation>Aide</translation>
-    </message>
     <message>
         <source>Check for Updates…</source>
         <translation>Rechercher les mises à jour…</translation>

@@ -1112,6 +1112,14 @@
         <source>Copy History…</source>
         <translation>Cronologia delle copie…</translation>
     </message>
+    <message>
+        <source>New Window</source>
+        <translation>Nuova finestra</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Aiuto</translation>
+    </message>
 </context>
 <context>
     <name>ProblemText</name>
@@ -1699,6 +1707,32 @@
         <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
         <translation>Spariscono subito e non finiscono nell’album «Eliminati di recente» del telefono.</translation>
     </message>
+    <message>
+        <source>“%1” will be moved to the trash.</source>
+        <translation>«%1» verrà spostato nel cestino.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be moved to the trash.</source>
+        <translation>
+            <numerusform>%Ln elemento verrà spostato nel cestino.</numerusform>
+            <numerusform>%Ln elementi verranno spostati nel cestino.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::EntryDrop</name>
+    <message>
+        <source>Move Here</source>
+        <translation>Sposta qui</translation>
+    </message>
+    <message>
+        <source>Copy Here</source>
+        <translation>Copia qui</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annulla</translation>
+    </message>
 </context>
 <context>
     <name>tessary::FactsView</name>
@@ -1727,6 +1761,53 @@
     </message>
 </context>
 <context>
+    <name>tessary::FileSettings</name>
+    <message>
+        <source>Copies from a phone go to</source>
+        <translation>Le copie da un telefono vanno in</translation>
+    </message>
+    <message>
+        <source>A double click on a file</source>
+        <translation>Un doppio clic su un file</translation>
+    </message>
+    <message>
+        <source>A new phone&apos;s files are shown</source>
+        <translation>I file di un nuovo telefono sono mostrati</translation>
+    </message>
+    <message>
+        <source>A folder that is asked for</source>
+        <translation>una cartella chiesta ogni volta</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>Scegli…</translation>
+    </message>
+    <message>
+        <source>opens it</source>
+        <translation>lo apre</translation>
+    </message>
+    <message>
+        <source>shows a preview</source>
+        <translation>mostra un’anteprima</translation>
+    </message>
+    <message>
+        <source>copies it to this computer</source>
+        <translation>lo copia su questo computer</translation>
+    </message>
+    <message>
+        <source>in a list</source>
+        <translation>in un elenco</translation>
+    </message>
+    <message>
+        <source>as pictures</source>
+        <translation>come immagini</translation>
+    </message>
+    <message>
+        <source>Always the same folder</source>
+        <translation>sempre la stessa cartella</translation>
+    </message>
+</context>
+<context>
     <name>tessary::FileTableView</name>
     <message numerus="yes">
         <source>%Ln items</source>
@@ -1734,6 +1815,10 @@
             <numerusform>%Ln elemento</numerusform>
             <numerusform>%Ln elementi</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Columns</source>
+        <translation>Colonne</translation>
     </message>
 </context>
 <context>
@@ -1873,6 +1958,10 @@
         <source>Show the Folder</source>
         <translation>Mostra la cartella</translation>
     </message>
+    <message>
+        <source>Drop files here to copy them into it.</source>
+        <translation>Trascina qui i file per copiarli nella cartella.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::GeneralNotices</name>
@@ -1938,6 +2027,41 @@
     <message>
         <source>This computer mounts nothing for its users. FUSE may not be installed.</source>
         <translation>Questo computer non monta nulla per i suoi utenti. Forse FUSE non è installato.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::HelpDialog</name>
+    <message>
+        <source>Plug the phone in and unlock it. On an Android phone choose “File transfer” in its USB notification; on an iPhone tap “Trust”.</source>
+        <translation>Collega il telefono e sbloccalo. Su un telefono Android scegli «Trasferimento file» nella notifica USB; su un iPhone tocca «Autorizza».</translation>
+    </message>
+    <message>
+        <source>Drag files out of the window to copy them here, and into it to copy them to the phone.</source>
+        <translation>Trascina i file fuori dalla finestra per copiarli qui, e dentro per copiarli sul telefono.</translation>
+    </message>
+    <message>
+        <source>F3 shows a folder of this computer beside the phone&apos;s: drag or paste from one to the other.</source>
+        <translation>F3 mostra una cartella di questo computer accanto a quella del telefono: trascina o incolla dall’una all’altra.</translation>
+    </message>
+    <message>
+        <source>“Import Photos…” fetches what is new on the camera, and “Sync” keeps a folder here and one on the phone the same.</source>
+        <translation>«Importa foto…» prende ciò che è nuovo sulla fotocamera, e «Sincronizzazione» mantiene uguali una cartella qui e una sul telefono.</translation>
+    </message>
+    <message>
+        <source>While files are dragged, Ctrl copies, Shift moves and Alt asks.</source>
+        <translation>Durante il trascinamento Ctrl copia, Maiusc sposta e Alt chiede.</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>Scorciatoie</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Aiuto</translation>
+    </message>
+    <message>
+        <source>First Steps</source>
+        <translation>Primi passi</translation>
     </message>
 </context>
 <context>
@@ -2128,6 +2252,13 @@
     <message>
         <source>Faster and sees more. Needs USB debugging on the phone.</source>
         <translation>Più veloce e vede di più. Richiede il debug USB sul telefono.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::Panes</name>
+    <message>
+        <source>This Computer Beside the Phone</source>
+        <translation>Questo computer accanto al telefono</translation>
     </message>
 </context>
 <context>
@@ -2827,10 +2958,6 @@
 </context>
 <context>
     <name>tessary::UpdateAlerts</name>
-    <message>
-        <source>Help</source>
-        <translation>Aiuto</translation>
-    </message>
     <message>
         <source>Check for Updates…</source>
         <translation>Cerca aggiornamenti…</translation>

@@ -1109,6 +1109,14 @@
         <source>Copy History…</source>
         <translation>コピーの履歴…</translation>
     </message>
+    <message>
+        <source>New Window</source>
+        <translation>新規ウインドウ</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>ヘルプ</translation>
+    </message>
 </context>
 <context>
     <name>ProblemText</name>
@@ -1685,6 +1693,31 @@
         <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
         <translation>すぐに消え、デバイスのアルバム「最近削除した項目」には入りません。</translation>
     </message>
+    <message>
+        <source>“%1” will be moved to the trash.</source>
+        <translation>「%1」はゴミ箱に移動されます。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be moved to the trash.</source>
+        <translation>
+            <numerusform>%Ln 項目がゴミ箱に移動されます。</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::EntryDrop</name>
+    <message>
+        <source>Move Here</source>
+        <translation>ここに移動</translation>
+    </message>
+    <message>
+        <source>Copy Here</source>
+        <translation>ここにコピー</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
 </context>
 <context>
     <name>tessary::FactsView</name>
@@ -1713,12 +1746,63 @@
     </message>
 </context>
 <context>
+    <name>tessary::FileSettings</name>
+    <message>
+        <source>Copies from a phone go to</source>
+        <translation>デバイスからのコピー先</translation>
+    </message>
+    <message>
+        <source>A double click on a file</source>
+        <translation>ファイルのダブルクリック</translation>
+    </message>
+    <message>
+        <source>A new phone&apos;s files are shown</source>
+        <translation>新しいデバイスのファイルの表示</translation>
+    </message>
+    <message>
+        <source>A folder that is asked for</source>
+        <translation>毎回確認するフォルダ</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>選択…</translation>
+    </message>
+    <message>
+        <source>opens it</source>
+        <translation>開く</translation>
+    </message>
+    <message>
+        <source>shows a preview</source>
+        <translation>プレビューを表示</translation>
+    </message>
+    <message>
+        <source>copies it to this computer</source>
+        <translation>このコンピュータにコピー</translation>
+    </message>
+    <message>
+        <source>in a list</source>
+        <translation>リスト</translation>
+    </message>
+    <message>
+        <source>as pictures</source>
+        <translation>画像</translation>
+    </message>
+    <message>
+        <source>Always the same folder</source>
+        <translation>常に同じフォルダ</translation>
+    </message>
+</context>
+<context>
     <name>tessary::FileTableView</name>
     <message numerus="yes">
         <source>%Ln items</source>
         <translation>
             <numerusform>%Ln 項目</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Columns</source>
+        <translation>列</translation>
     </message>
 </context>
 <context>
@@ -1858,6 +1942,10 @@
         <source>Show the Folder</source>
         <translation>フォルダを表示</translation>
     </message>
+    <message>
+        <source>Drop files here to copy them into it.</source>
+        <translation>ここにファイルをドロップするとこのフォルダにコピーされます。</translation>
+    </message>
 </context>
 <context>
     <name>tessary::GeneralNotices</name>
@@ -1922,6 +2010,41 @@
     <message>
         <source>This computer mounts nothing for its users. FUSE may not be installed.</source>
         <translation>このコンピュータでは利用者が何もマウントできません。FUSE がインストールされていない可能性があります。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::HelpDialog</name>
+    <message>
+        <source>Plug the phone in and unlock it. On an Android phone choose “File transfer” in its USB notification; on an iPhone tap “Trust”.</source>
+        <translation>デバイスを接続し、ロックを解除してください。Android では USB の通知で「ファイル転送」を選択し、iPhone では「信頼」をタップしてください。</translation>
+    </message>
+    <message>
+        <source>Drag files out of the window to copy them here, and into it to copy them to the phone.</source>
+        <translation>ウインドウの外にファイルをドラッグするとこのコンピュータに、中にドラッグするとデバイスにコピーされます。</translation>
+    </message>
+    <message>
+        <source>F3 shows a folder of this computer beside the phone&apos;s: drag or paste from one to the other.</source>
+        <translation>F3 でこのコンピュータのフォルダがデバイスのフォルダの横に表示されます。ドラッグまたはペーストでコピーできます。</translation>
+    </message>
+    <message>
+        <source>“Import Photos…” fetches what is new on the camera, and “Sync” keeps a folder here and one on the phone the same.</source>
+        <translation>「写真を読み込む…」はカメラの新しい写真を取り込み、「同期」はここのフォルダとデバイスのフォルダを同じ状態に保ちます。</translation>
+    </message>
+    <message>
+        <source>While files are dragged, Ctrl copies, Shift moves and Alt asks.</source>
+        <translation>ドラッグ中は、Ctrl でコピー、Shift で移動、Alt で確認します。</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>ショートカット</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>ヘルプ</translation>
+    </message>
+    <message>
+        <source>First Steps</source>
+        <translation>はじめに</translation>
     </message>
 </context>
 <context>
@@ -2105,6 +2228,13 @@
     <message>
         <source>Faster and sees more. Needs USB debugging on the phone.</source>
         <translation>高速で、より多くの項目を表示します。デバイスのUSBデバッグが必要です。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::Panes</name>
+    <message>
+        <source>This Computer Beside the Phone</source>
+        <translation>このコンピュータをデバイスの横に表示</translation>
     </message>
 </context>
 <context>
@@ -2797,10 +2927,6 @@
 </context>
 <context>
     <name>tessary::UpdateAlerts</name>
-    <message>
-        <source>Help</source>
-        <translation>ヘルプ</translation>
-    </message>
     <message>
         <source>Check for Updates…</source>
         <translation>アップデートを確認…</translation>

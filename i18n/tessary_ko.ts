@@ -1109,6 +1109,14 @@
         <source>Copy History…</source>
         <translation>복사 기록…</translation>
     </message>
+    <message>
+        <source>New Window</source>
+        <translation>새 윈도우</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>도움말</translation>
+    </message>
 </context>
 <context>
     <name>ProblemText</name>
@@ -1685,6 +1693,31 @@
         <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
         <translation>즉시 사라지며 휴대폰의 “최근 삭제된 항목” 앨범으로 가지 않습니다.</translation>
     </message>
+    <message>
+        <source>“%1” will be moved to the trash.</source>
+        <translation>“%1”이(가) 휴지통으로 이동됩니다.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be moved to the trash.</source>
+        <translation>
+            <numerusform>항목 %Ln개가 휴지통으로 이동됩니다.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::EntryDrop</name>
+    <message>
+        <source>Move Here</source>
+        <translation>여기로 이동</translation>
+    </message>
+    <message>
+        <source>Copy Here</source>
+        <translation>여기에 복사</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>취소</translation>
+    </message>
 </context>
 <context>
     <name>tessary::FactsView</name>
@@ -1713,12 +1746,63 @@
     </message>
 </context>
 <context>
+    <name>tessary::FileSettings</name>
+    <message>
+        <source>Copies from a phone go to</source>
+        <translation>휴대폰에서 복사할 위치</translation>
+    </message>
+    <message>
+        <source>A double click on a file</source>
+        <translation>파일을 두 번 클릭하면</translation>
+    </message>
+    <message>
+        <source>A new phone&apos;s files are shown</source>
+        <translation>새 휴대폰의 파일 표시</translation>
+    </message>
+    <message>
+        <source>A folder that is asked for</source>
+        <translation>매번 묻는 폴더</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>선택…</translation>
+    </message>
+    <message>
+        <source>opens it</source>
+        <translation>열기</translation>
+    </message>
+    <message>
+        <source>shows a preview</source>
+        <translation>미리보기 표시</translation>
+    </message>
+    <message>
+        <source>copies it to this computer</source>
+        <translation>이 컴퓨터로 복사</translation>
+    </message>
+    <message>
+        <source>in a list</source>
+        <translation>목록</translation>
+    </message>
+    <message>
+        <source>as pictures</source>
+        <translation>그림</translation>
+    </message>
+    <message>
+        <source>Always the same folder</source>
+        <translation>항상 같은 폴더</translation>
+    </message>
+</context>
+<context>
     <name>tessary::FileTableView</name>
     <message numerus="yes">
         <source>%Ln items</source>
         <translation>
             <numerusform>항목 %Ln개</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Columns</source>
+        <translation>열</translation>
     </message>
 </context>
 <context>
@@ -1858,6 +1942,10 @@
         <source>Show the Folder</source>
         <translation>폴더 표시</translation>
     </message>
+    <message>
+        <source>Drop files here to copy them into it.</source>
+        <translation>여기에 파일을 놓으면 이 폴더로 복사됩니다.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::GeneralNotices</name>
@@ -1922,6 +2010,41 @@
     <message>
         <source>This computer mounts nothing for its users. FUSE may not be installed.</source>
         <translation>이 컴퓨터에서는 사용자가 아무것도 마운트할 수 없습니다. FUSE가 설치되지 않았을 수 있습니다.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::HelpDialog</name>
+    <message>
+        <source>Plug the phone in and unlock it. On an Android phone choose “File transfer” in its USB notification; on an iPhone tap “Trust”.</source>
+        <translation>휴대폰을 연결하고 잠금을 해제하세요. Android에서는 USB 알림에서 “파일 전송”을 선택하고, iPhone에서는 “신뢰”를 누르세요.</translation>
+    </message>
+    <message>
+        <source>Drag files out of the window to copy them here, and into it to copy them to the phone.</source>
+        <translation>윈도우 밖으로 파일을 끌면 이 컴퓨터로, 안으로 끌면 휴대폰으로 복사됩니다.</translation>
+    </message>
+    <message>
+        <source>F3 shows a folder of this computer beside the phone&apos;s: drag or paste from one to the other.</source>
+        <translation>F3 키를 누르면 이 컴퓨터의 폴더가 휴대폰의 폴더 옆에 나타납니다. 끌거나 붙여넣어 복사하세요.</translation>
+    </message>
+    <message>
+        <source>“Import Photos…” fetches what is new on the camera, and “Sync” keeps a folder here and one on the phone the same.</source>
+        <translation>“사진 가져오기…”는 카메라의 새 사진을 가져오고, “동기화”는 여기의 폴더와 휴대폰의 폴더를 같게 유지합니다.</translation>
+    </message>
+    <message>
+        <source>While files are dragged, Ctrl copies, Shift moves and Alt asks.</source>
+        <translation>끄는 동안 Ctrl은 복사하고, Shift는 이동하고, Alt는 묻습니다.</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>단축키</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>도움말</translation>
+    </message>
+    <message>
+        <source>First Steps</source>
+        <translation>첫걸음</translation>
     </message>
 </context>
 <context>
@@ -2105,6 +2228,13 @@
     <message>
         <source>Faster and sees more. Needs USB debugging on the phone.</source>
         <translation>더 빠르고 더 많이 보여 줍니다. 휴대폰의 USB 디버깅이 필요합니다.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::Panes</name>
+    <message>
+        <source>This Computer Beside the Phone</source>
+        <translation>이 컴퓨터를 휴대폰 옆에 표시</translation>
     </message>
 </context>
 <context>
@@ -2797,10 +2927,6 @@
 </context>
 <context>
     <name>tessary::UpdateAlerts</name>
-    <message>
-        <source>Help</source>
-        <translation>도움말</translation>
-    </message>
     <message>
         <source>Check for Updates…</source>
         <translation>업데이트 확인…</translation>

@@ -1112,6 +1112,14 @@
         <source>Copy History…</source>
         <translation>Histórico de cópias…</translation>
     </message>
+    <message>
+        <source>New Window</source>
+        <translation>Nova janela</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Ajuda</translation>
+    </message>
 </context>
 <context>
     <name>ProblemText</name>
@@ -1699,6 +1707,32 @@
         <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
         <translation>Eles somem na hora e não vão para o álbum “Apagados” do telefone.</translation>
     </message>
+    <message>
+        <source>“%1” will be moved to the trash.</source>
+        <translation>“%1” será movido para a lixeira.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be moved to the trash.</source>
+        <translation>
+            <numerusform>%Ln item será movido para a lixeira.</numerusform>
+            <numerusform>%Ln itens serão movidos para a lixeira.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::EntryDrop</name>
+    <message>
+        <source>Move Here</source>
+        <translation>Mover para cá</translation>
+    </message>
+    <message>
+        <source>Copy Here</source>
+        <translation>Copiar para cá</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
 </context>
 <context>
     <name>tessary::FactsView</name>
@@ -1727,6 +1761,53 @@
     </message>
 </context>
 <context>
+    <name>tessary::FileSettings</name>
+    <message>
+        <source>Copies from a phone go to</source>
+        <translation>As cópias de um telefone vão para</translation>
+    </message>
+    <message>
+        <source>A double click on a file</source>
+        <translation>Um clique duplo em um arquivo</translation>
+    </message>
+    <message>
+        <source>A new phone&apos;s files are shown</source>
+        <translation>Os arquivos de um telefone novo aparecem</translation>
+    </message>
+    <message>
+        <source>A folder that is asked for</source>
+        <translation>uma pasta perguntada a cada vez</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>Escolher…</translation>
+    </message>
+    <message>
+        <source>opens it</source>
+        <translation>o abre</translation>
+    </message>
+    <message>
+        <source>shows a preview</source>
+        <translation>mostra uma prévia</translation>
+    </message>
+    <message>
+        <source>copies it to this computer</source>
+        <translation>o copia para este computador</translation>
+    </message>
+    <message>
+        <source>in a list</source>
+        <translation>em uma lista</translation>
+    </message>
+    <message>
+        <source>as pictures</source>
+        <translation>como imagens</translation>
+    </message>
+    <message>
+        <source>Always the same folder</source>
+        <translation>sempre a mesma pasta</translation>
+    </message>
+</context>
+<context>
     <name>tessary::FileTableView</name>
     <message numerus="yes">
         <source>%Ln items</source>
@@ -1734,6 +1815,10 @@
             <numerusform>%Ln item</numerusform>
             <numerusform>%Ln itens</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Columns</source>
+        <translation>Colunas</translation>
     </message>
 </context>
 <context>
@@ -1873,6 +1958,10 @@
         <source>Show the Folder</source>
         <translation>Mostrar a pasta</translation>
     </message>
+    <message>
+        <source>Drop files here to copy them into it.</source>
+        <translation>Solte arquivos aqui para copiá-los para a pasta.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::GeneralNotices</name>
@@ -1938,6 +2027,41 @@
     <message>
         <source>This computer mounts nothing for its users. FUSE may not be installed.</source>
         <translation>Este computador não monta nada para seus usuários. Talvez o FUSE não esteja instalado.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::HelpDialog</name>
+    <message>
+        <source>Plug the phone in and unlock it. On an Android phone choose “File transfer” in its USB notification; on an iPhone tap “Trust”.</source>
+        <translation>Conecte o telefone e desbloqueie-o. Em um telefone Android, escolha “Transferência de arquivos” na notificação de USB; em um iPhone, toque em “Confiar”.</translation>
+    </message>
+    <message>
+        <source>Drag files out of the window to copy them here, and into it to copy them to the phone.</source>
+        <translation>Arraste arquivos para fora da janela para copiá-los para cá, e para dentro dela para copiá-los para o telefone.</translation>
+    </message>
+    <message>
+        <source>F3 shows a folder of this computer beside the phone&apos;s: drag or paste from one to the other.</source>
+        <translation>F3 mostra uma pasta deste computador ao lado da do telefone: arraste ou cole de uma para a outra.</translation>
+    </message>
+    <message>
+        <source>“Import Photos…” fetches what is new on the camera, and “Sync” keeps a folder here and one on the phone the same.</source>
+        <translation>“Importar fotos…” busca o que há de novo na câmera, e “Sincronização” mantém iguais uma pasta daqui e uma do telefone.</translation>
+    </message>
+    <message>
+        <source>While files are dragged, Ctrl copies, Shift moves and Alt asks.</source>
+        <translation>Ao arrastar, Ctrl copia, Shift move e Alt pergunta.</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>Atalhos</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Ajuda</translation>
+    </message>
+    <message>
+        <source>First Steps</source>
+        <translation>Primeiros passos</translation>
     </message>
 </context>
 <context>
@@ -2128,6 +2252,13 @@
     <message>
         <source>Faster and sees more. Needs USB debugging on the phone.</source>
         <translation>Mais rápido e vê mais. Requer depuração USB no telefone.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::Panes</name>
+    <message>
+        <source>This Computer Beside the Phone</source>
+        <translation>Este computador ao lado do telefone</translation>
     </message>
 </context>
 <context>
@@ -2827,10 +2958,6 @@
 </context>
 <context>
     <name>tessary::UpdateAlerts</name>
-    <message>
-        <source>Help</source>
-        <translation>Ajuda</translation>
-    </message>
     <message>
         <source>Check for Updates…</source>
         <translation>Buscar atualizações…</translation>

@@ -1109,6 +1109,14 @@
         <source>Copy History…</source>
         <translation>复制历史…</translation>
     </message>
+    <message>
+        <source>New Window</source>
+        <translation>新建窗口</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>帮助</translation>
+    </message>
 </context>
 <context>
     <name>ProblemText</name>
@@ -1685,6 +1693,31 @@
         <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
         <translation>它们会立即消失，不会进入手机的“最近删除”相簿。</translation>
     </message>
+    <message>
+        <source>“%1” will be moved to the trash.</source>
+        <translation>将把“%1”移到回收站。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be moved to the trash.</source>
+        <translation>
+            <numerusform>将把 %Ln 个项目移到回收站。</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::EntryDrop</name>
+    <message>
+        <source>Move Here</source>
+        <translation>移动到此处</translation>
+    </message>
+    <message>
+        <source>Copy Here</source>
+        <translation>复制到此处</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
 </context>
 <context>
     <name>tessary::FactsView</name>
@@ -1713,12 +1746,63 @@
     </message>
 </context>
 <context>
+    <name>tessary::FileSettings</name>
+    <message>
+        <source>Copies from a phone go to</source>
+        <translation>从手机复制到</translation>
+    </message>
+    <message>
+        <source>A double click on a file</source>
+        <translation>双击文件时</translation>
+    </message>
+    <message>
+        <source>A new phone&apos;s files are shown</source>
+        <translation>新手机的文件显示为</translation>
+    </message>
+    <message>
+        <source>A folder that is asked for</source>
+        <translation>每次询问的文件夹</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>选取…</translation>
+    </message>
+    <message>
+        <source>opens it</source>
+        <translation>打开它</translation>
+    </message>
+    <message>
+        <source>shows a preview</source>
+        <translation>显示预览</translation>
+    </message>
+    <message>
+        <source>copies it to this computer</source>
+        <translation>复制到此电脑</translation>
+    </message>
+    <message>
+        <source>in a list</source>
+        <translation>列表</translation>
+    </message>
+    <message>
+        <source>as pictures</source>
+        <translation>图片</translation>
+    </message>
+    <message>
+        <source>Always the same folder</source>
+        <translation>始终为同一文件夹</translation>
+    </message>
+</context>
+<context>
     <name>tessary::FileTableView</name>
     <message numerus="yes">
         <source>%Ln items</source>
         <translation>
             <numerusform>%Ln 项</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Columns</source>
+        <translation>列</translation>
     </message>
 </context>
 <context>
@@ -1858,6 +1942,10 @@
         <source>Show the Folder</source>
         <translation>显示文件夹</translation>
     </message>
+    <message>
+        <source>Drop files here to copy them into it.</source>
+        <translation>将文件拖到此处即可复制到此文件夹。</translation>
+    </message>
 </context>
 <context>
     <name>tessary::GeneralNotices</name>
@@ -1922,6 +2010,41 @@
     <message>
         <source>This computer mounts nothing for its users. FUSE may not be installed.</source>
         <translation>此电脑不允许用户挂载。可能未安装 FUSE。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::HelpDialog</name>
+    <message>
+        <source>Plug the phone in and unlock it. On an Android phone choose “File transfer” in its USB notification; on an iPhone tap “Trust”.</source>
+        <translation>请插上手机并解锁。在 Android 手机的 USB 通知中选择“文件传输”；在 iPhone 上轻点“信任”。</translation>
+    </message>
+    <message>
+        <source>Drag files out of the window to copy them here, and into it to copy them to the phone.</source>
+        <translation>将文件拖出窗口即可复制到此电脑，拖入窗口即可复制到手机。</translation>
+    </message>
+    <message>
+        <source>F3 shows a folder of this computer beside the phone&apos;s: drag or paste from one to the other.</source>
+        <translation>按 F3 可在手机的文件夹旁边显示此电脑的文件夹：可在两者之间拖动或粘贴。</translation>
+    </message>
+    <message>
+        <source>“Import Photos…” fetches what is new on the camera, and “Sync” keeps a folder here and one on the phone the same.</source>
+        <translation>“导入照片…”会取回相机中的新照片，“同步”会让此处的文件夹与手机上的文件夹保持一致。</translation>
+    </message>
+    <message>
+        <source>While files are dragged, Ctrl copies, Shift moves and Alt asks.</source>
+        <translation>拖动时，Ctrl 复制，Shift 移动，Alt 询问。</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>快捷键</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>帮助</translation>
+    </message>
+    <message>
+        <source>First Steps</source>
+        <translation>入门</translation>
     </message>
 </context>
 <context>
@@ -2105,6 +2228,13 @@
     <message>
         <source>Faster and sees more. Needs USB debugging on the phone.</source>
         <translation>更快，可见内容更多。需要在手机上开启 USB 调试。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::Panes</name>
+    <message>
+        <source>This Computer Beside the Phone</source>
+        <translation>在手机旁显示此电脑</translation>
     </message>
 </context>
 <context>
@@ -2797,10 +2927,6 @@
 </context>
 <context>
     <name>tessary::UpdateAlerts</name>
-    <message>
-        <source>Help</source>
-        <translation>帮助</translation>
-    </message>
     <message>
         <source>Check for Updates…</source>
         <translation>检查更新…</translation>

@@ -1109,6 +1109,14 @@
         <source>Copy History…</source>
         <translation>複製歷史…</translation>
     </message>
+    <message>
+        <source>New Window</source>
+        <translation>新增視窗</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>輔助說明</translation>
+    </message>
 </context>
 <context>
     <name>ProblemText</name>
@@ -1685,6 +1693,31 @@
         <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
         <translation>它們會立即消失，不會進入手機的「最近刪除」相簿。</translation>
     </message>
+    <message>
+        <source>“%1” will be moved to the trash.</source>
+        <translation>將把「%1」移到垃圾桶。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be moved to the trash.</source>
+        <translation>
+            <numerusform>將把 %Ln 個項目移到垃圾桶。</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::EntryDrop</name>
+    <message>
+        <source>Move Here</source>
+        <translation>移動到這裡</translation>
+    </message>
+    <message>
+        <source>Copy Here</source>
+        <translation>複製到這裡</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
 </context>
 <context>
     <name>tessary::FactsView</name>
@@ -1713,12 +1746,63 @@
     </message>
 </context>
 <context>
+    <name>tessary::FileSettings</name>
+    <message>
+        <source>Copies from a phone go to</source>
+        <translation>從手機複製到</translation>
+    </message>
+    <message>
+        <source>A double click on a file</source>
+        <translation>按兩下檔案時</translation>
+    </message>
+    <message>
+        <source>A new phone&apos;s files are shown</source>
+        <translation>新手機的檔案顯示為</translation>
+    </message>
+    <message>
+        <source>A folder that is asked for</source>
+        <translation>每次詢問的資料夾</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>選擇…</translation>
+    </message>
+    <message>
+        <source>opens it</source>
+        <translation>打開它</translation>
+    </message>
+    <message>
+        <source>shows a preview</source>
+        <translation>顯示預覽</translation>
+    </message>
+    <message>
+        <source>copies it to this computer</source>
+        <translation>複製到此電腦</translation>
+    </message>
+    <message>
+        <source>in a list</source>
+        <translation>列表</translation>
+    </message>
+    <message>
+        <source>as pictures</source>
+        <translation>圖片</translation>
+    </message>
+    <message>
+        <source>Always the same folder</source>
+        <translation>一律使用同一個資料夾</translation>
+    </message>
+</context>
+<context>
     <name>tessary::FileTableView</name>
     <message numerus="yes">
         <source>%Ln items</source>
         <translation>
             <numerusform>%Ln 個項目</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Columns</source>
+        <translation>欄位</translation>
     </message>
 </context>
 <context>
@@ -1858,6 +1942,10 @@
         <source>Show the Folder</source>
         <translation>顯示資料夾</translation>
     </message>
+    <message>
+        <source>Drop files here to copy them into it.</source>
+        <translation>將檔案拖到這裡即可複製到此資料夾。</translation>
+    </message>
 </context>
 <context>
     <name>tessary::GeneralNotices</name>
@@ -1922,6 +2010,41 @@
     <message>
         <source>This computer mounts nothing for its users. FUSE may not be installed.</source>
         <translation>此電腦不允許使用者掛載。可能未安裝 FUSE。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::HelpDialog</name>
+    <message>
+        <source>Plug the phone in and unlock it. On an Android phone choose “File transfer” in its USB notification; on an iPhone tap “Trust”.</source>
+        <translation>請插上手機並解鎖。在 Android 手機的 USB 通知中選擇「檔案傳輸」；在 iPhone 上點一下「信任」。</translation>
+    </message>
+    <message>
+        <source>Drag files out of the window to copy them here, and into it to copy them to the phone.</source>
+        <translation>將檔案拖出視窗即可複製到此電腦，拖進視窗即可複製到手機。</translation>
+    </message>
+    <message>
+        <source>F3 shows a folder of this computer beside the phone&apos;s: drag or paste from one to the other.</source>
+        <translation>按 F3 可在手機的資料夾旁邊顯示此電腦的資料夾：可在兩者之間拖移或貼上。</translation>
+    </message>
+    <message>
+        <source>“Import Photos…” fetches what is new on the camera, and “Sync” keeps a folder here and one on the phone the same.</source>
+        <translation>「輸入照片…」會取回相機中的新照片，「同步」會讓此處的資料夾與手機上的資料夾保持一致。</translation>
+    </message>
+    <message>
+        <source>While files are dragged, Ctrl copies, Shift moves and Alt asks.</source>
+        <translation>拖移時，Ctrl 複製，Shift 移動，Alt 詢問。</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>快速鍵</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>輔助說明</translation>
+    </message>
+    <message>
+        <source>First Steps</source>
+        <translation>入門</translation>
     </message>
 </context>
 <context>
@@ -2105,6 +2228,13 @@
     <message>
         <source>Faster and sees more. Needs USB debugging on the phone.</source>
         <translation>更快，可見內容更多。需要在手機上開啟 USB 偵錯。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::Panes</name>
+    <message>
+        <source>This Computer Beside the Phone</source>
+        <translation>在手機旁顯示此電腦</translation>
     </message>
 </context>
 <context>
@@ -2797,10 +2927,6 @@
 </context>
 <context>
     <name>tessary::UpdateAlerts</name>
-    <message>
-        <source>Help</source>
-        <translation>輔助說明</translation>
-    </message>
     <message>
         <source>Check for Updates…</source>
         <translation>檢查更新…</translation>

@@ -56,7 +56,7 @@ void tourBrokenCopy(TourStage& stage) {
     stage.open(QStringLiteral("/sdcard"));
     stage.selectNamed({QStringLiteral("Music"), QStringLiteral("Documents")});
     QStringList ids;
-    for (const FileItem& item : window.browser().selectedEntries())
+    for (const FileItem& item : window.browser().selection().entries())
         ids.append(item.id());
     downloadNow(window.browser(), ids, target.path());
     stage.waitFor("a copy under way", [&] {

@@ -10,6 +10,7 @@
 #include "tour/TourDevices.h"
 #include "tour/TourFolders.h"
 #include "tour/TourMoves.h"
+#include "tour/TourPanes.h"
 #include "tour/TourSettings.h"
 #include "tour/TourSync.h"
 #include "views/common/AppStyle.h"
@@ -30,10 +31,11 @@ int walk(MainWindow& window, TourPhones& phones, const QString& folder) {
     try {
         TourStage stage(window, phones, folder);
         for (const auto step :
-             {tourWelcome,     tourListings, tourTypedPaths, tourMoves,     tourSearch,
-              tourSmallWindow, tourPreviews, tourProperties, tourSettings,  tourWireless,
-              tourLanguages,   tourDark,     tourEdits,      tourTransfers, tourCopyQuestions,
-              tourSync,        tourFailures, tourBrokenCopy, tourLosses,    tourIPhone})
+             {tourWelcome,       tourListings,  tourTypedPaths, tourMoves,      tourSearch,
+              tourSmallWindow,   tourPanes,     tourPreviews,   tourProperties, tourSettings,
+              tourWireless,      tourLanguages, tourDark,       tourEdits,      tourTransfers,
+              tourCopyQuestions, tourSync,      tourFailures,   tourBrokenCopy, tourLosses,
+              tourIPhone})
             step(stage);
         std::fprintf(stderr,
                      "tessary-tour: %d screenshots are in %s; the window never stalled for over "

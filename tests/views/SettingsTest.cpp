@@ -1,5 +1,6 @@
 #include "WindowFixture.h"
 #include "support/TranslationFile.h"
+#include "views/settings/FileSettings.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -9,8 +10,11 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QProgressBar>
+#include <QTabBar>
 #include <QTabWidget>
+#include <QToolButton>
 
 namespace tessary {
 namespace {
@@ -141,6 +145,35 @@ TEST_F(SettingsTest, everyLanguageReachesEveryTextOfTheOpenWindows) {
     EXPECT_EQ(titles.size(), 8); // Spanish and Portuguese have one word, as have ja and zh-Hant
 }
 
+TEST_F(SettingsTest, whatBecomesOfFilesIsTheUsersChoice) {
+    openSettings();
+    const auto choose = [this](const char* name, int choice) {
+        auto* box = settings()->findChild<QComboBox*>(QString::fromLatin1(name));
+        box->setCurrentIndex(choice);
+        Q_EMIT box->activated(choice);
+    };
+    choose("fileClick", static_cast<int>(FileClick::copies));
+    choose("newPhonesView", 1);
+    defaults_->setValue(downloadFolderKey, local_.path(u"kept"_s));
+    (void)QDir().mkpath(local_.path(u"kept"_s));
+    settings()->close();
+    activate();
+    openFolder();
+    doubleClick(u"alpha.txt"_s);
+    EXPECT_TRUE(wait([this] { return local_.read(u"kept/alpha.txt"_s) == "a"; })) << "unasked";
+    EXPECT_TRUE(opened_.isEmpty());
+    PluggedPhone other(bus_, phoneConfig("OTHER", "1-2"));
+    other.write(u"here.txt"_s, "here");
+    ASSERT_TRUE(wait([this] { return list("deviceList").model()->rowCount() == 2; }));
+    clickRow(list("deviceList"), 1 - list("deviceList").currentIndex().row());
+    EXPECT_TRUE(wait([this] { return window_->browser().viewMode() == ViewMode::grid; }));
+    for (const QJsonValue& nonsense : {QJsonValue(-4), QJsonValue(u"x"_s)}) {
+        defaults_->setValue(fileClickKey, nonsense);
+        EXPECT_EQ(fileClickOf(*defaults_), FileClick::opens);
+    }
+    close();
+}
+
 /// Controls without a name for those who do not see them.
 QStringList namelessIn(const QWidget& window) {
     QStringList nameless;
@@ -158,6 +191,56 @@ QStringList namelessIn(const QWidget& window) {
                 widget->parentWidget()->objectName()));
     }
     return nameless;
+}
+
+/// What the Tab key does not reach in a window, of what takes keys.
+QStringList notReachedIn(QWidget& window) {
+    QSet<const QWidget*> reached;
+    QWidget* first = QApplication::focusWidget();
+    for (QWidget* focus = first; focus != nullptr && !reached.contains(focus);
+         focus = QApplication::focusWidget()) {
+        reached.insert(focus);
+        QTest::keyClick(focus, Qt::Key_Tab,
+                        qobject_cast<QPlainTextEdit*>(focus) != nullptr ? Qt::ControlModifier
+                                                                        : Qt::NoModifier);
+    }
+    QStringList left;
+    for (const QWidget* widget : window.findChildren<QWidget*>())
+        if (widget->isVisible() && widget->isEnabled() && widget->window() == &window &&
+            (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->focusProxy() == nullptr &&
+            !reached.contains(widget))
+            left.append(u"%1 \"%2\""_s.arg(QString::fromLatin1(widget->metaObject()->className()),
+                                           widget->objectName()));
+    return left;
+}
+
+/// Buttons that take no keys are commands of a menu, which has them for who uses the keyboard.
+QStringList buttonsForTheMouseAlone(const MainWindow& window) {
+    QList<QAction*> inMenus;
+    for (const QMenu* menu : window.menuBar()->findChildren<QMenu*>())
+        inMenus += menu->actions();
+    QStringList left;
+    for (const QToolButton* button : window.findChildren<QToolButton*>())
+        if (button->isVisible() && button->isEnabled() && button->focusPolicy() == Qt::NoFocus &&
+            button->defaultAction() != nullptr && !inMenus.contains(button->defaultAction()))
+            left.append(button->accessibleName());
+    return left;
+}
+
+TEST_F(SettingsTest, nothingIsReachedByTheMouseAlone) {
+    openFolder();
+    press(Qt::Key_F3);
+    ASSERT_TRUE(wait([this] { return window_->findChild<QWidget*>(u"localPane"_s) != nullptr; }));
+    table().setFocus();
+    EXPECT_THAT(notReachedIn(*window_), testing::IsEmpty());
+    EXPECT_THAT(buttonsForTheMouseAlone(*window_), testing::IsEmpty());
+    EXPECT_THAT(namelessIn(*window_), testing::IsEmpty());
+    openSettings();
+    for (int i = 0; i < tabs().count(); ++i) {
+        tabs().setCurrentIndex(i);
+        tabs().tabBar()->setFocus();
+        EXPECT_THAT(notReachedIn(*settings()), testing::IsEmpty()) << "tab " << i;
+    }
 }
 
 TEST_F(SettingsTest, everyControlHasAnAccessibleName) {

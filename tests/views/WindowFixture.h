@@ -108,7 +108,7 @@ protected:
     }
 
     [[nodiscard]] QTreeView& table() const {
-        return *window_->findChild<QTreeView*>(QStringLiteral("fileTable"));
+        return *window_->browserView().findChild<QTreeView*>(QStringLiteral("fileTable"));
     }
     [[nodiscard]] QModelIndex row(const QString& name) const {
         const QAbstractItemModel& model = *table().model();

@@ -4,6 +4,7 @@
 #include "base/text/PathNames.h"
 #include "base/threads/CancellationError.h"
 #include "base/threads/CombinedStopToken.h"
+#include "transfer/local/LocalFileSystem.h"
 #include "transfer/mount/DragMount.h"
 #include "transfer/staging/StagedFiles.h"
 
@@ -99,6 +100,11 @@ DragFiles prepareDrag(const std::shared_ptr<PhoneFileSystem>& files,
             drag.notReady.push_back({item.path, Obstacle::name});
     if (!drag.notReady.empty())
         return drag;
+    if (dynamic_cast<const LocalFileSystem*>(files.get()) != nullptr) {
+        for (const FileItem& item : items)
+            drag.localPaths << item.path;
+        return drag;
+    }
     if (mount != nullptr)
         drag.localPaths = mount->promise(files, items);
     return drag.localPaths.isEmpty() ? copyBeforehand(*files, items, copies, stop) : drag;

@@ -36,10 +36,10 @@ struct DragFiles {
 /// What kept an entry from being had here, as a problem of the browser.
 [[nodiscard]] BrowserProblem problemOf(const DragFiles::NotReady& entry);
 
-/// Local paths for entries. Where this system can show them on demand (`mount` is not null) they
-/// are there at once, and copied as another program reads them; elsewhere they are copied
-/// beforehand into `copies`: folders, and what takes more than about two seconds, are not ready
-/// then. Blocking; throws nothing but CancellationError.
+/// Local paths for entries; those of this computer have theirs. Where this system can show them on
+/// demand (`mount` is not null) they are there at once, and copied as another program reads them;
+/// elsewhere they are copied beforehand into `copies`: folders, and what takes more than about two
+/// seconds, are not ready then. Blocking; throws nothing but CancellationError.
 [[nodiscard]] DragFiles prepareDrag(const std::shared_ptr<PhoneFileSystem>& files,
                                     const std::vector<FileItem>& items, DragMount* mount,
                                     StagedFiles& copies, const std::stop_token& stop);

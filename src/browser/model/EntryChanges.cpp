@@ -1,7 +1,11 @@
 #include "browser/model/EntryChanges.h"
 
+#include "base/local/LocalError.h"
 #include "base/text/PathNames.h"
 #include "browser/model/FileBrowserViewModel.h"
+#include "transfer/local/LocalFileSystem.h"
+
+#include <QFile>
 
 #include <algorithm>
 #include <mutex>
@@ -108,7 +112,10 @@ void EntryChanges::remove(std::vector<FileItem> items) {
     run(
         std::move(items), What::remove,
         [](PhoneFileSystem& files, const FileItem& item, const std::stop_token& stop) {
-            files.removeTree(item, stop);
+            if (dynamic_cast<LocalFileSystem*>(&files) == nullptr)
+                files.removeTree(item, stop);
+            else if (!QFile::moveToTrash(item.path))
+                throw Error(LocalError::cannotWrite, {item.path, QString()});
         },
         [this](const BrowserEditReport& report) { tellRemoved(report.donePaths); });
 }

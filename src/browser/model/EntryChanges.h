@@ -37,7 +37,7 @@ public:
 
     /// In the folder shown.
     void createFolder(const QString& name);
-    /// One after the other; one report for all that failed.
+    /// One after the other; one report for all that failed. Those of this computer go to its trash.
     void remove(std::vector<FileItem> items);
     void rename(const FileItem& item, const QString& newName);
     /// Entries of this connection, of whatever folder, to another of its folders. What the phone

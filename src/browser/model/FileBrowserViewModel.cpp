@@ -5,6 +5,7 @@
 #include "base/threads/Background.h"
 #include "base/threads/CancellationError.h"
 #include "base/threads/EndInBackground.h"
+#include "transfer/local/LocalFileSystem.h"
 #include "transfer/mount/DragMount.h"
 #include "transfer/staging/StagedFiles.h"
 
@@ -46,6 +47,14 @@ FileBrowserViewModel::FileBrowserViewModel(CopyQueue& queue, BrowserSetup setup,
     connect(&loader_, &FolderLoader::partCame, this,
             [this](const std::shared_ptr<const FileListing>& part) { rows_.update(part); });
     connect(&queue_, &CopyQueue::jobFinished, this, &FileBrowserViewModel::reloadAfter);
+    takeDragFailures();
+}
+
+bool FileBrowserViewModel::isLocal() const {
+    return std::dynamic_pointer_cast<LocalFileSystem>(files_) != nullptr;
+}
+
+void FileBrowserViewModel::takeDragFailures() {
     if (promises_ != nullptr)
         promises_->reportFailuresTo([self = QPointer(this)](const FileItem& item,
                                                             const Error& error) {
@@ -62,10 +71,6 @@ FileBrowserViewModel::~FileBrowserViewModel() {
         promises_->reportFailuresTo({});
     stopAll();
     endInBackground(this, std::move(files_));
-}
-
-void FileBrowserViewModel::dismissProblem() {
-    setProblem(std::nullopt);
 }
 
 void FileBrowserViewModel::stopAll() {
@@ -329,10 +334,6 @@ void FileBrowserViewModel::setProblem(const std::optional<BrowserProblem>& probl
         return;
     problem_ = problem;
     Q_EMIT problemChanged();
-}
-
-const std::vector<FileItem>& FileBrowserViewModel::items() const {
-    return rows_.listing().items();
 }
 
 const FileItem* FileBrowserViewModel::itemWithId(const QString& id) const {

@@ -101,6 +101,10 @@ public:
     [[nodiscard]] bool isMedia() const {
         return isMedia_;
     }
+    /// They lie on this computer.
+    [[nodiscard]] bool isLocal() const;
+    /// Has the failures of what is dragged out, of whatever window, told by this one.
+    void takeDragFailures();
     /// The folders shown before. Whoever changes a device behind the browser's back has them
     /// forgotten.
     [[nodiscard]] ListingCache& folders() {
@@ -140,7 +144,9 @@ public:
     [[nodiscard]] bool isProblemOfLoad() const {
         return isProblemOfLoad_;
     }
-    void dismissProblem();
+    void dismissProblem() {
+        setProblem(std::nullopt);
+    }
     /// Tells the user about something that went wrong with what was asked.
     void showProblem(const BrowserProblem& problem) {
         setProblem(problem);
@@ -191,7 +197,9 @@ public:
 
     // --- what is shown ---
     /// Entries of the folder as they came.
-    [[nodiscard]] const std::vector<FileItem>& items() const;
+    [[nodiscard]] const std::vector<FileItem>& items() const {
+        return rows_.listing().items();
+    }
     /// The rows, for a list model. Lives as long as this.
     [[nodiscard]] FileRows& rows() {
         return rows_;

@@ -7,6 +7,8 @@
 #include <QActionGroup>
 #include <QCoreApplication>
 #include <QKeySequence>
+#include <QMenu>
+#include <QMenuBar>
 #include <QToolButton>
 #include <QWidget>
 
@@ -150,6 +152,27 @@ BrowserActions::BrowserActions(QWidget& owner) {
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     // Space has other uses wherever there are no files.
     quickLook->setShortcutContext(Qt::WidgetShortcut);
+}
+
+void useKeys(const BrowserActions& actions, bool areUsed) {
+    for (const Row& row : commands())
+        (actions.*row.action)->setShortcuts(areUsed ? row.shortcuts : QList<QKeySequence>());
+}
+
+void handOver(const BrowserActions& before, const BrowserActions& next, const QMenuBar& menus) {
+    for (const QAction* title : menus.actions()) {
+        QMenu* menu = title->menu();
+        if (menu == nullptr)
+            continue;
+        const QList<QAction*> entries = menu->actions();
+        for (const Row& row : commands())
+            if (QAction* old = before.*row.action; entries.contains(old)) {
+                menu->insertAction(old, next.*row.action);
+                menu->removeAction(old);
+            }
+    }
+    useKeys(before, false);
+    useKeys(next, true);
 }
 
 QToolButton* makeToolButton(QAction& action) {

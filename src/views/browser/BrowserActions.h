@@ -1,6 +1,7 @@
 #pragma once
 
 class QAction;
+class QMenuBar;
 class QToolButton;
 class QWidget;
 
@@ -48,6 +49,11 @@ struct BrowserActions {
     QAction* quickLook;
     QAction* properties;
 };
+
+/// Which of two browsers' commands a window's keys and menus mean: those of `next` from now on.
+void handOver(const BrowserActions& before, const BrowserActions& next, const QMenuBar& menus);
+/// Gives the commands their keys, or takes these away while another browser has them.
+void useKeys(const BrowserActions& actions, bool areUsed);
 
 /// A toolbar button for a command, which has its name for those who do not see the icon.
 [[nodiscard]] QToolButton* makeToolButton(QAction& action);

@@ -19,6 +19,7 @@ namespace {
 /// Narrower than this, the path needs the room of the field, and of the commands' words. Pixels.
 constexpr int roomForField = 1050;
 constexpr int roomForWords = 760;
+constexpr int roomForModes = 460; // less leaves them to the menu
 
 } // namespace
 
@@ -31,7 +32,8 @@ BrowserToolbar::BrowserToolbar(FileBrowserViewModel& browser, const BrowserActio
       filterButton_(makeToolButton(*actions.find)),
       syncButton_(makeToolButton(*actions.sync)),
       downloadButton_(makeToolButton(*actions.download)),
-      uploadButton_(new QToolButton) {
+      uploadButton_(new QToolButton),
+      modes_(new QWidget) {
     setObjectName(QStringLiteral("toolbar"));
     filter_->setObjectName(QStringLiteral("filter"));
     filter_->setClearButtonEnabled(true);
@@ -99,18 +101,17 @@ BrowserToolbar::BrowserToolbar(FileBrowserViewModel& browser, const BrowserActio
     row->addWidget(makeToolButton(*actions.newFolder));
     row->addWidget(syncButton_);
     row->addSpacing(8);
-    auto* modes = new QWidget;
-    auto* modeRow = new QHBoxLayout(modes);
+    auto* modeRow = new QHBoxLayout(modes_);
     modeRow->setContentsMargins(0, 0, 0, 0);
     modeRow->setSpacing(2);
     modeRow->addWidget(makeToolButton(*actions.asList));
     modeRow->addWidget(makeToolButton(*actions.asGrid));
-    row->addWidget(modes);
+    row->addWidget(modes_);
     row->addSpacing(8);
     row->addWidget(filterButton_);
     row->addWidget(filter_);
-    keepTranslated(this, [this, modes] {
-        modes->setAccessibleName(tr("View Mode"));
+    keepTranslated(this, [this] {
+        modes_->setAccessibleName(tr("View Mode"));
         showFieldTexts();
         uploadButton_->setText(tr("Copy to Phone"));
         uploadButton_->setAccessibleName(tr("Copy to Phone"));
@@ -120,6 +121,11 @@ BrowserToolbar::BrowserToolbar(FileBrowserViewModel& browser, const BrowserActio
         path_->setAccessibleName(tr("Path"));
     });
     fit();
+}
+
+void BrowserToolbar::hidePhoneCommands() {
+    for (QToolButton* button : {downloadButton_, uploadButton_, syncButton_})
+        button->hide();
 }
 
 void BrowserToolbar::clearFilter() {
@@ -156,6 +162,7 @@ void BrowserToolbar::fit() {
         width() >= roomForField || filter_->hasFocus() || !filter_->text().isEmpty();
     filter_->setVisible(hasField);
     filterButton_->setVisible(!hasField);
+    modes_->setVisible(width() >= roomForModes);
     const auto style = width() - (hasField ? filter_->width() : 0) >= roomForWords
                            ? Qt::ToolButtonTextBesideIcon
                            : Qt::ToolButtonIconOnly;

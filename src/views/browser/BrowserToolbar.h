@@ -31,6 +31,8 @@ public:
         return *syncButton_;
     }
     void clearFilter();
+    /// For files that are no phone's.
+    void hidePhoneCommands();
 
 Q_SIGNALS:
     /// The user is done up here: the keys belong to the listing again.
@@ -53,6 +55,7 @@ private:
     QToolButton* syncButton_;
     QToolButton* downloadButton_;
     QToolButton* uploadButton_;
+    QWidget* modes_;           ///< list or grid
     bool isForSearch_ = false; ///< the field; else for the filter
 };
 

@@ -52,9 +52,8 @@ BrowserView::BrowserView(FileBrowserViewModel& browser, CopyDialogs dialogs,
                {[this]() -> QAbstractItemView& { return currentListing(); },
                 [this] { return browser_.viewMode() == ViewMode::grid ? grid_->columns() : 1; }},
                std::move(openLocalFile), *this),
-      drops_(browser, {[this](const QStringList& paths, const QString& folder) {
-                           copies_.upload(paths, folder);
-                       },
+      drops_(browser, {[this](const QStringList& paths, const QString& folder,
+                              EntryMimeData::Use use) { copies_.upload(paths, folder, use); },
                        [this](const EntryMimeData& entries, const QString& folder,
                               EntryMimeData::Use use) { copies_.take(entries, folder, use); }}),
       toolbar_(new BrowserToolbar(browser, actions_)),
@@ -84,7 +83,7 @@ BrowserView::BrowserView(FileBrowserViewModel& browser, CopyDialogs dialogs,
          {static_cast<QAbstractItemView*>(table_), static_cast<QAbstractItemView*>(grid_)}) {
         connectSelection(*view, model_, browser_);
         view->viewport()->installEventFilter(this);
-        connect(view, &QAbstractItemView::doubleClicked, &entries_, &EntryCommands::open);
+        connect(view, &QAbstractItemView::doubleClicked, this, &BrowserView::doubleClicked);
     }
     new FolderPositions(
         browser_, [this]() -> QAbstractItemView& { return currentListing(); }, this);
@@ -98,7 +97,6 @@ BrowserView::BrowserView(FileBrowserViewModel& browser, CopyDialogs dialogs,
     column->addWidget(toolbar_);
     column->addWidget(stack_, 1);
     column->addWidget(status_);
-    setFocusProxy(stack_);
     connectBrowser();
     keepTranslated(this, [this] { showTexts(); });
 }
@@ -193,6 +191,10 @@ QAbstractItemView& BrowserView::currentListing() const {
     return *table_;
 }
 
+QMenu& BrowserView::columnMenu() const {
+    return table_->columnMenu();
+}
+
 QHeaderView& BrowserView::columns() const {
     return *table_->header();
 }
@@ -262,6 +264,29 @@ void BrowserView::goUp() {
         browser_.navigateUp();
     else if (isInApp() && showApps_)
         showApps_();
+}
+
+void BrowserView::doubleClicked() {
+    const auto selected = browser_.selection().entries();
+    const bool isFile = selected.size() == 1 && !selected.front().isDirectory;
+    switch (isFile && fileClick_ ? fileClick_() : FileClick::opens) {
+    case FileClick::opens:
+        entries_.open();
+        break;
+    case FileClick::previews:
+        entries_.preview();
+        break;
+    case FileClick::copies:
+        copies_.downloadSelected();
+        break;
+    }
+}
+
+void BrowserView::becomeLocal() {
+    toolbar_->hidePhoneCommands();
+    for (QAction* action : {actions_.download, actions_.uploadFiles, actions_.uploadFolder,
+                            actions_.sync, actions_.favorite, actions_.apps})
+        action->setVisible(false);
 }
 
 void BrowserView::setShowSync(std::function<void(const QWidget& anchor)> showSync) {
@@ -407,6 +432,11 @@ bool BrowserView::handleKey(const QKeyEvent& key) {
     default:
         return false;
     }
+}
+
+/// The files have the keys. A focus proxy would make the Tab key pass by the toolbar.
+void BrowserView::focusInEvent(QFocusEvent* event) {
+    stack_->currentWidget()->setFocus(event->reason());
 }
 
 void BrowserView::dragEnterEvent(QDragEnterEvent* event) {

@@ -5,6 +5,7 @@
 #include "views/browser/CopyCommands.h"
 #include "views/browser/EntryCommands.h"
 #include "views/common/EntryDrop.h"
+#include "views/common/FileClick.h"
 #include "views/listing/TranslatedFileModel.h"
 
 #include <QWidget>
@@ -14,6 +15,7 @@
 class QAbstractItemView;
 class QHeaderView;
 class QLabel;
+class QMenu;
 class QStackedWidget;
 
 namespace tessary {
@@ -44,16 +46,25 @@ public:
     void setFavorites(FavoriteCommands favorites);
     /// What leads back to the apps of an iPhone.
     void setShowApps(std::function<void()> showApps);
+    /// The files are this computer's: what only a phone has is not offered.
+    void becomeLocal();
+    /// What a double click on a file does; it opens when nothing is set.
+    void setFileClick(std::function<FileClick()> fileClick) {
+        fileClick_ = std::move(fileClick);
+    }
     /// What opens the sync menu below a widget.
     void setShowSync(std::function<void(const QWidget& anchor)> showSync);
     /// Favorites have changed.
     void updateActions();
     /// The listing that is shown, table or grid.
     [[nodiscard]] QAbstractItemView& currentListing() const;
+    /// Which of its columns the table shows.
+    [[nodiscard]] QMenu& columnMenu() const;
     /// The table's columns.
     [[nodiscard]] QHeaderView& columns() const;
 
 protected:
+    void focusInEvent(QFocusEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dragLeaveEvent(QDragLeaveEvent* event) override;
@@ -66,6 +77,7 @@ private:
     void showTexts();
     void showPath();
     void goUp();
+    void doubleClicked();
     void showContent();
     void showPage(QWidget& page);
     void showStatus();
@@ -80,6 +92,7 @@ private:
     FileBrowserViewModel& browser_;
     std::function<void()> showApps_;
     std::function<void(const QWidget&)> showSync_;
+    std::function<FileClick()> fileClick_;
     TranslatedFileModel model_;
     const BrowserActions actions_{*this};
     CopyCommands copies_;

@@ -126,14 +126,17 @@ void EntryCommands::fillOpenWith(QMenu& menu, const std::vector<DesktopProgram>&
 
 EntryCommands::~EntryCommands() {
     QClipboard* clipboard = QGuiApplication::clipboard();
-    if (qobject_cast<const EntryMimeData*>(clipboard->mimeData()) != nullptr)
+    if (onClipboard_ != nullptr && clipboard->mimeData() == onClipboard_)
         clipboard->clear();
 }
 
 void EntryCommands::putOnClipboard(EntryMimeData::Use use) {
     std::vector<FileItem> items = browser_.selection().entries();
-    if (!items.empty() && browser_.files())
-        QGuiApplication::clipboard()->setMimeData(new DragOutData(browser_, std::move(items), use));
+    if (items.empty() || !browser_.files())
+        return;
+    auto* data = new DragOutData(browser_, std::move(items), use);
+    onClipboard_ = data;
+    QGuiApplication::clipboard()->setMimeData(data);
 }
 
 void EntryCommands::copy() {
@@ -182,15 +185,20 @@ void EntryCommands::remove() {
         return;
     QMessageBox question(QMessageBox::Warning, tr("Delete"), tr("Delete selected items?"),
                          QMessageBox::NoButton, &parent_);
-    const QString what =
-        selected.size() == 1
-            ? tr("“%1” will be deleted from the phone.").arg(printable(selected.front().name))
-            : tr("%Ln items will be deleted from the phone.", nullptr,
-                 static_cast<int>(selected.size()));
-    QStringList sentences{what};
+    const bool isOne = selected.size() == 1;
+    const int count = static_cast<int>(selected.size());
+    QString what;
+    if (browser_.isLocal())
+        what = isOne ? tr("“%1” will be moved to the trash.")
+                     : tr("%Ln items will be moved to the trash.", nullptr, count);
+    else
+        what = isOne ? tr("“%1” will be deleted from the phone.")
+                     : tr("%Ln items will be deleted from the phone.", nullptr, count);
+    QStringList sentences{isOne ? what.arg(printable(selected.front().name)) : what};
     if (browser_.isMedia())
         sentences << tr("They go at once, and not to the phone's album “Recently Deleted”.");
-    sentences << tr("This cannot be undone.");
+    if (!browser_.isLocal())
+        sentences << tr("This cannot be undone.");
     question.setInformativeText(sentences.join(QLatin1Char(' ')));
     QAbstractButton* remove = question.addButton(tr("Delete"), QMessageBox::DestructiveRole);
     question.setDefaultButton(question.addButton(QMessageBox::Cancel));

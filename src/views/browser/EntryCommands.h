@@ -4,7 +4,9 @@
 #include "browser/model/FileBrowserViewModel.h"
 #include "platform/desktop/DesktopPrograms.h"
 
+#include <QMimeData>
 #include <QObject>
+#include <QPointer>
 
 #include <functional>
 #include <utility>
@@ -83,7 +85,8 @@ private:
     const OpenLocalFile openLocalFile_;
     QWidget& parent_;
     FavoriteCommands favorites_;
-    PreviewWindow* preview_ = nullptr; ///< made when it is first opened
+    QPointer<const QMimeData> onClipboard_; ///< what this has put there last
+    PreviewWindow* preview_ = nullptr;      ///< made when it is first opened
 };
 
 } // namespace tessary

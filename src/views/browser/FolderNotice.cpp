@@ -63,8 +63,9 @@ void FolderNotice::showEmpty() {
         showEmptySearch();
     else if (browser_.isLoading())
         show(QStringLiteral("folder"),
-             isInApp() ? tr("Loading directory contents…") : tr("Loading device storage…"), {}, {},
-             {}, true);
+             isInApp() || browser_.isLocal() ? tr("Loading directory contents…")
+                                             : tr("Loading device storage…"),
+             {}, {}, {}, true);
     else if (!wanted.isEmpty() && browser_.unfilteredCount() > 0)
         show(QStringLiteral("edit-find"), tr("No Matching Files"),
              tr("Nothing here has “%1” in its name.").arg(printable(wanted)),
@@ -75,7 +76,8 @@ void FolderNotice::showEmpty() {
              [this] { browser_.setShowsHidden(true); });
     else
         show(QStringLiteral("folder"), tr("This folder is empty"),
-             tr("Drop files here to copy them to the phone."));
+             browser_.isLocal() ? tr("Drop files here to copy them into it.")
+                                : tr("Drop files here to copy them to the phone."));
 }
 
 void FolderNotice::showEmptySearch() {

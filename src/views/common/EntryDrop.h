@@ -3,6 +3,8 @@
 #include "browser/listing/EntryMimeData.h"
 #include "browser/model/FileBrowserViewModel.h"
 
+#include <QCoreApplication>
+
 #include <functional>
 
 class QDropEvent;
@@ -17,13 +19,16 @@ struct DropFolder {
 };
 
 /// What becomes of files that are dropped on a folder of the phone that is browsed: its own entries
-/// move there, and with Ctrl are copied; those of another phone and files of this computer are
-/// copied. On the main thread.
+/// move there; those of another phone and files of this computer are copied. Shift moves all of
+/// them, Ctrl copies, and Alt asks. On the main thread.
 class EntryDrop {
+    Q_DECLARE_TR_FUNCTIONS(tessary::EntryDrop)
+
 public:
     struct Callbacks {
-        /// Copies files of this computer into a folder.
-        std::function<void(const QStringList& paths, const QString& folder)> upload;
+        /// Copies or moves files of this computer into a folder.
+        std::function<void(const QStringList& paths, const QString& folder, EntryMimeData::Use use)>
+            upload;
         /// Copies or moves a phone's entries into a folder.
         std::function<void(const EntryMimeData& entries, const QString& folder,
                            EntryMimeData::Use use)>

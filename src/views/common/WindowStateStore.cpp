@@ -119,11 +119,10 @@ void WindowStateStore::showDevice() {
     if (!device || device->udid == udid_)
         return;
     udid_ = device->udid;
-    if (!isOn())
-        return;
-    QJsonObject kept;
+    const bool isInGrid = defaults_.value(newDevicesInGridKey).toBool();
+    QJsonObject kept{{View("view"), isInGrid ? QJsonValue(QString(gridName)) : QJsonValue()}};
     for (const QJsonValue& entry : defaults_.value(devicesKey).toArray())
-        if (entry.toObject().value(View("device")).toString() == udid_)
+        if (isOn() && entry.toObject().value(View("device")).toString() == udid_)
             kept = entry.toObject();
     const QScopedValueRollback restoring(isRestoring_, true);
     const int column = std::clamp(kept.value(View("column")).toInt(), 0, fieldsInAll - 1);

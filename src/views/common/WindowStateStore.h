@@ -19,6 +19,8 @@ public:
     static constexpr QLatin1StringView isOffKey{"Tessary_ForgetsWindow"};
     static constexpr QLatin1StringView windowKey{"Tessary_Window"};
     static constexpr QLatin1StringView devicesKey{"Tessary_DeviceViews"};
+    /// Whether the files of a device that was never shown begin as pictures.
+    static constexpr QLatin1StringView newDevicesInGridKey{"Tessary_NewPhonesInGrid"};
     static constexpr int mostDevices = 50; ///< the one that was changed longest ago goes
 
     /// What is kept of; all must outlive it.

@@ -24,13 +24,12 @@ UpdateAlerts::UpdateAlerts(UpdateCheckerService& checker, QWidget& window)
 void UpdateAlerts::addCommand(QMenuBar& menus) {
     if (!checker_.canCheck())
         return;
-    QMenu* help = menus.addMenu(QString());
+    auto* help = menus.findChild<QMenu*>(QStringLiteral("helpMenu"));
+    if (help == nullptr)
+        return;
     QAction* check = help->addAction(QString(), this, [this] { checker_.checkForUpdates(true); });
     check->setMenuRole(QAction::ApplicationSpecificRole);
-    keepTranslated(help, [help, check] {
-        help->setTitle(tr("Help"));
-        check->setText(tr("Check for Updates…"));
-    });
+    keepTranslated(help, [check] { check->setText(tr("Check for Updates…")); });
     connect(&checker_, &UpdateCheckerService::stateChanged, check,
             [this, check] { check->setEnabled(!checker_.isChecking()); });
 }

@@ -5,6 +5,7 @@
 #include "views/common/Icons.h"
 #include "views/dialogs/FactsView.h"
 #include "views/listing/ThumbnailStore.h"
+#include "views/listing/TranslatedFileModel.h"
 
 #include <QDateTime>
 #include <QLineEdit>
@@ -30,6 +31,8 @@ QSize FileItemDelegate::sizeHint(const QStyleOptionViewItem& option,
 void FileItemDelegate::initStyleOption(QStyleOptionViewItem* option,
                                        const QModelIndex& index) const {
     QStyledItemDelegate::initStyleOption(option, index);
+    if (index.data(TranslatedFileModel::isCutRole).toBool())
+        option->state &= ~QStyle::State_Enabled; // it is on its way elsewhere
     if (index.column() == FileListModel::dateColumn)
         option->text = dateText(index.data(FileListModel::dateRole).toDateTime(),
                                 QLocale::ShortFormat, option->locale);

@@ -1,5 +1,6 @@
 #include "views/listing/FileViews.h"
 
+#include "app/LanguageManager.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
 #include "views/listing/DragOut.h"
@@ -8,6 +9,7 @@
 
 #include <QDrag>
 #include <QHeaderView>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
@@ -20,6 +22,7 @@ namespace {
 
 constexpr int narrowestColumn = 60; // pixels
 constexpr int roomForKinds = 560;   // pixels of a list that shows them
+constexpr int roomForDates = 420;   // the same
 
 void setUp(QAbstractItemView& view, FileListModel& model, FileItemDelegate* delegate) {
     view.setModel(&model);
@@ -129,7 +132,7 @@ void connectSelection(QAbstractItemView& view, FileListModel& model,
 }
 
 FileTableView::FileTableView(FileBrowserViewModel& browser, FileListModel& model, QWidget* parent)
-    : QTreeView(parent), browser_(browser) {
+    : QTreeView(parent), browser_(browser), columnMenu_(new QMenu(this)) {
     setObjectName(QStringLiteral("fileTable"));
     setUp(*this, model, new FileItemDelegate(this));
     setRootIsDecorated(false);
@@ -161,6 +164,32 @@ FileTableView::FileTableView(FileBrowserViewModel& browser, FileListModel& model
     header()->resizeSection(FileListModel::folderColumn, 230);
     setColumnHidden(FileListModel::folderColumn, true);
     connect(&browser, &FileBrowserViewModel::searchedNameChanged, this, &FileTableView::fitColumns);
+    makeColumnMenu();
+    showThumbnails(*this, model, browser);
+}
+
+void FileTableView::makeColumnMenu() {
+    for (const int column :
+         {FileListModel::sizeColumn, FileListModel::dateColumn, FileListModel::kindColumn}) {
+        QAction* choice = columnMenu_->addAction(QString());
+        choice->setCheckable(true);
+        choice->setChecked(true);
+        connect(choice, &QAction::toggled, this, [this, column](bool isWanted) {
+            if (isWanted)
+                unwanted_.remove(column);
+            else
+                unwanted_.insert(column);
+            fitColumns();
+        });
+        keepTranslated(choice, [this, choice, column] {
+            choice->setText(model()->headerData(column, Qt::Horizontal).toString());
+        });
+    }
+    keepTranslated(columnMenu_, [this] { columnMenu_->setTitle(tr("Columns")); });
+    header()->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(header(), &QWidget::customContextMenuRequested, this, [this](const QPoint& where) {
+        columnMenu_->popup(header()->viewport()->mapToGlobal(where));
+    });
 }
 
 /// The edge between two columns moves, and nothing else: what one gets, the next one gives.
@@ -188,7 +217,11 @@ void FileTableView::fitColumns() {
     const bool isNarrow = viewport()->width() < roomForKinds;
     const QScopedValueRollback fitting(isFittingColumns_, true);
     setColumnHidden(FileListModel::folderColumn, !isSearch);
-    setColumnHidden(FileListModel::kindColumn, isSearch || isNarrow);
+    setColumnHidden(FileListModel::sizeColumn, unwanted_.contains(FileListModel::sizeColumn));
+    setColumnHidden(FileListModel::dateColumn, viewport()->width() < roomForDates ||
+                                                   unwanted_.contains(FileListModel::dateColumn));
+    setColumnHidden(FileListModel::kindColumn,
+                    isSearch || isNarrow || unwanted_.contains(FileListModel::kindColumn));
     fitNames();
 }
 

@@ -4,7 +4,10 @@
 #include "browser/model/FileListModel.h"
 
 #include <QListView>
+#include <QSet>
 #include <QTreeView>
+
+class QMenu;
 
 namespace tessary {
 
@@ -16,6 +19,10 @@ public:
     FileTableView(FileBrowserViewModel& browser, FileListModel& model, QWidget* parent = nullptr);
 
     void keyboardSearch(const QString& search) override;
+    /// The user's choice of columns; also the header's menu.
+    [[nodiscard]] QMenu& columnMenu() const {
+        return *columnMenu_;
+    }
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
@@ -23,12 +30,15 @@ protected:
     void startDrag(Qt::DropActions supportedActions) override;
 
 private:
+    void makeColumnMenu();
     void columnResized(int column, int oldSize, int newSize);
     void fitNames();
     void fitColumns();
     void fitPictures();
 
     FileBrowserViewModel& browser_;
+    QMenu* columnMenu_;
+    QSet<int> unwanted_; ///< columns that the user does not want to see
     bool isFittingColumns_ = false;
 };
 

@@ -83,6 +83,9 @@ void GridItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& plai
 
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
+    constexpr qreal faded = 0.45;
+    if ((option.state & QStyle::State_Enabled) == 0)
+        painter->setOpacity(faded);
     constexpr float selectedShare = 0.25F;
     constexpr float hoverShare = 0.1F;
     constexpr int radius = 6;

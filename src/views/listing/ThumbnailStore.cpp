@@ -271,7 +271,8 @@ void showThumbnails(QAbstractItemView& view, FileListModel& model, FileBrowserVi
     auto* store = new ThumbnailStore(browser, view.iconSize().width(), &view);
     static_cast<FileItemDelegate*>(view.itemDelegate())->setThumbnails(*store);
     store->setIsVisible([&view, &model](const QString& id) {
-        return view.isVisible() &&
+        constexpr int smallestShown = 32; // below it icons tell more, and the phone is left alone
+        return view.isVisible() && view.iconSize().width() >= smallestShown &&
                view.viewport()->rect().intersects(view.visualRect(model.indexOf(id)));
     });
     QObject::connect(store, &ThumbnailStore::thumbnailReady, &view,

@@ -2,22 +2,59 @@
 
 #include "app/LanguageManager.h"
 #include "app/texts/DisplayNames.h"
+#include "browser/listing/EntryMimeData.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+#include <utility>
 
 namespace tessary {
 
 TranslatedFileModel::TranslatedFileModel(FileBrowserViewModel& browser, QObject* parent)
-    : FileListModel(browser, parent) {
+    : FileListModel(browser, parent), shown_(browser) {
     connect(&LanguageManager::shared(), &LanguageManager::languageChanged, this, [this] {
         Q_EMIT headerDataChanged(Qt::Horizontal, 0, columnsInAll - 1);
-        if (const int rows = rowCount(); rows > 0)
-            Q_EMIT dataChanged(index(0, 0), index(rows - 1, columnsInAll - 1));
+        allChanged();
     });
+    connect(&kinds_, &FileKinds::changed, this, &TranslatedFileModel::allChanged);
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this,
+            &TranslatedFileModel::takeClipboard);
+    connect(&browser, &FileBrowserViewModel::connectionChanged, this,
+            &TranslatedFileModel::takeClipboard);
+    takeClipboard();
+}
+
+void TranslatedFileModel::allChanged() {
+    if (const int rows = rowCount(); rows > 0)
+        Q_EMIT dataChanged(index(0, 0), index(rows - 1, columnsInAll - 1));
+}
+
+void TranslatedFileModel::takeClipboard() {
+    QSet<QString> cut;
+    const auto* entries =
+        qobject_cast<const EntryMimeData*>(QGuiApplication::clipboard()->mimeData());
+    if (entries != nullptr && entries->use() == EntryMimeData::Use::move && shown_.files() &&
+        entries->identity() == shown_.files()->identity())
+        for (const FileItem& item : entries->items())
+            cut.insert(item.id());
+    if (std::exchange(cut_, cut) != cut)
+        allChanged();
+}
+
+QString TranslatedFileModel::kindOf(const QModelIndex& index) const {
+    const QString category =
+        displayName(static_cast<FileCategory>(FileListModel::data(index, categoryRole).toInt()));
+    if (FileListModel::data(index, isDirectoryRole).toBool())
+        return category;
+    return kinds_.kindOf(shown_.rows().item(index.row()).name).value_or(category);
 }
 
 QVariant TranslatedFileModel::data(const QModelIndex& index, int role) const {
     if (role == Qt::DisplayRole && index.column() == kindColumn)
-        return displayName(
-            static_cast<FileCategory>(FileListModel::data(index, categoryRole).toInt()));
+        return kindOf(index);
+    if (role == isCutRole)
+        return !cut_.isEmpty() && cut_.contains(FileListModel::data(index, idRole).toString());
     return FileListModel::data(index, role);
 }
 

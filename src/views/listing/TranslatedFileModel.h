@@ -1,20 +1,36 @@
 #pragma once
 
 #include "browser/model/FileListModel.h"
+#include "views/listing/FileKinds.h"
+
+#include <QSet>
 
 namespace tessary {
 
-/// The rows of the browser with the column titles and kinds in the interface's language.
+/// The rows of the browser with the column titles and kinds in the interface's language, and with
+/// what was cut and not pasted yet.
 class TranslatedFileModel : public FileListModel {
     Q_OBJECT
 
 public:
+    /// Whether an entry lies on the clipboard to be moved.
+    static constexpr int isCutRole = Qt::UserRole + 100;
+
     /// `browser` must outlive the model.
     explicit TranslatedFileModel(FileBrowserViewModel& browser, QObject* parent = nullptr);
 
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
                                       int role) const override;
+
+private:
+    [[nodiscard]] QString kindOf(const QModelIndex& index) const;
+    void takeClipboard();
+    void allChanged();
+
+    FileBrowserViewModel& shown_;
+    mutable FileKinds kinds_;
+    QSet<QString> cut_; ///< ids
 };
 
 } // namespace tessary

@@ -2,6 +2,7 @@
 
 #include "views/common/Icons.h"
 #include "views/common/WindowStateStore.h"
+#include "views/settings/FileSettings.h"
 #include "views/sync/SyncPairList.h"
 
 #include <QCheckBox>
@@ -105,6 +106,8 @@ QWidget* SettingsWindow::makeGeneral() {
     form->addRow(languageLabel_, field);
     column->addLayout(form);
     column->addWidget(languageNote_);
+    column->addSpacing(8);
+    column->addWidget(new FileSettings(app_.defaults()));
     column->addSpacing(8);
     column->addWidget(remember_);
     column->addSpacing(8);

@@ -19,12 +19,12 @@ SyncDialogs::SyncDialogs(SyncViewModel& sync, QWidget& window, ChooseFolder choo
     connect(&sync.manager(), &SyncManager::runEnded, this, &SyncDialogs::tellOutcome);
 }
 
-void SyncDialogs::makePair() {
+void SyncDialogs::makePair(QWidget& asker) {
     const auto draft =
         sync_.draft(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     if (!draft)
         return;
-    auto* sheet = new SyncPairSheet(*draft, SyncPairSheet::Purpose::makes, chooseFolder_, &window_);
+    auto* sheet = new SyncPairSheet(*draft, SyncPairSheet::Purpose::makes, chooseFolder_, &asker);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     connect(sheet, &QDialog::accepted, this,
             [this, sheet] { sync_.requestPreview(sheet->pair()); });

@@ -28,8 +28,8 @@ public:
     /// Both must outlive it.
     SyncDialogs(SyncViewModel& sync, QWidget& window, ChooseFolder chooseFolder);
 
-    /// Lets the user make a pair of the folder being browsed.
-    void makePair();
+    /// Lets the user make a pair of the folder being browsed, in front of the window that asks.
+    void makePair(QWidget& asker);
     /// May be null.
     void setNotifier(std::shared_ptr<Notifier> notifier) {
         notifier_ = std::move(notifier);

@@ -1,6 +1,7 @@
 #include "views/window/GeneralNotices.h"
 
 #include "base/text/Printable.h"
+#include "base/threads/Background.h"
 #include "base/threads/MainThread.h"
 #include "views/sync/SyncTexts.h"
 
@@ -8,8 +9,7 @@
 
 namespace tessary {
 
-GeneralNotices::GeneralNotices(TessaryApp& app, SyncViewModel& sync, std::function<void()> release)
-    : app_(app), sync_(sync), release_(std::move(release)) {
+GeneralNotices::GeneralNotices(TessaryApp& app, SyncViewModel& sync) : app_(app), sync_(sync) {
     connect(&sync, &SyncViewModel::troubleChanged, this, &GeneralNotices::changed);
     connect(&app.deviceManager(), &DeviceManager::hasUSBConflictChanged, this, [this] {
         isConflictClosed_ = false;
@@ -31,6 +31,12 @@ GeneralNotices::GeneralNotices(TessaryApp& app, SyncViewModel& sync, std::functi
 
 GeneralNotices::~GeneralNotices() {
     app_.defaults().whenTroubleChanges({});
+}
+
+void GeneralNotices::releaseDevice() {
+    runInBackground(
+        this, [&services = app_.services()] { services.competingPrograms().end(); },
+        [this](BackgroundResult<void>) { app_.deviceManager().refreshDeviceList(true); });
 }
 
 std::optional<BannerMessage> GeneralNotices::current(bool isPhoneReadable) {
@@ -115,7 +121,7 @@ BannerMessage GeneralNotices::ofConflict() {
     message.kind = BannerMessage::Kind::information;
     message.text = tr("Another program on this computer opens phones, too.");
     message.advice = tr("If a phone does not show its files here, have that program release it.");
-    message.actions.push_back({tr("Release the Phone"), release_});
+    message.actions.push_back({tr("Release the Phone"), [this] { releaseDevice(); }});
     message.closed = [this] {
         isConflictClosed_ = true;
         Q_EMIT changed();

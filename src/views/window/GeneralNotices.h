@@ -6,7 +6,6 @@
 
 #include <QObject>
 
-#include <functional>
 #include <optional>
 
 namespace tessary {
@@ -19,12 +18,15 @@ class GeneralNotices : public QObject {
     Q_OBJECT
 
 public:
-    /// `app` and `sync` must outlive it. `release` has other programs let go of phones.
-    GeneralNotices(TessaryApp& app, SyncViewModel& sync, std::function<void()> release);
+    /// Both must outlive it.
+    GeneralNotices(TessaryApp& app, SyncViewModel& sync);
     ~GeneralNotices() override;
 
     /// `isPhoneReadable`: then nobody has to be told of programs that may be in the way.
     [[nodiscard]] std::optional<BannerMessage> current(bool isPhoneReadable);
+
+    /// Ends the programs that hold phones, and looks for phones again.
+    void releaseDevice();
 
 Q_SIGNALS:
     void changed();
@@ -38,7 +40,6 @@ private:
 
     TessaryApp& app_;
     SyncViewModel& sync_;
-    const std::function<void()> release_;
     std::optional<SettingsTrouble> closedTrouble_;
     std::optional<QString> notMounted_; ///< a phone that the file manager could not be given
     bool isConflictClosed_ = false;

@@ -54,7 +54,16 @@ void makeMainMenus(QMenuBar& bar, const BrowserActions& actions,
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     quit->setMenuRole(QAction::QuitRole);
     QObject::connect(quit, &QAction::triggered, &bar, callbacks.quit);
-    keepTranslated(settings, [settings, wireless, history, fullScreen, quit] {
+    auto* newWindow = new QAction(icon("window-new"), QString(), &bar);
+    newWindow->setObjectName(QStringLiteral("newWindowAction"));
+    newWindow->setShortcut(QKeySequence::New);
+    QObject::connect(newWindow, &QAction::triggered, &bar, callbacks.newWindow);
+    auto* help = new QAction(icon("help-contents"), QString(), &bar);
+    help->setShortcut(QKeySequence::HelpContents);
+    QObject::connect(help, &QAction::triggered, &bar, callbacks.showHelp);
+    keepTranslated(settings, [settings, wireless, history, fullScreen, quit, newWindow, help] {
+        newWindow->setText(MainMenu::tr("New Window"));
+        help->setText(MainMenu::tr("Help"));
         settings->setText(MainMenu::tr("Settings"));
         wireless->setText(MainMenu::tr("Wireless Devices…"));
         history->setText(MainMenu::tr("Copy History…"));
@@ -63,19 +72,21 @@ void makeMainMenus(QMenuBar& bar, const BrowserActions& actions,
     });
 
     addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "File"),
-            {a.newFolder, a.open, a.download, a.uploadFiles, a.uploadFolder, a.sync,
-             callbacks.importPhotos, nullptr, a.quickLook, a.properties, nullptr, settings, nullptr,
-             quit});
+            {newWindow, nullptr, a.newFolder, a.open, a.download, a.uploadFiles, a.uploadFolder,
+             a.sync, callbacks.importPhotos, nullptr, a.quickLook, a.properties, nullptr, settings,
+             nullptr, quit});
     addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "Edit"),
             {a.undo, nullptr, a.cut, a.copy, a.paste, a.copyPath, nullptr, a.moveTo, a.copyTo,
              a.duplicate, nullptr, a.rename, a.remove, nullptr, a.selectAll, a.invertSelection,
              a.find, a.search});
     addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "View"),
             {a.asList, a.asGrid, nullptr, a.zoomIn, a.zoomOut, a.zoomReset, nullptr, a.showHidden,
-             fullScreen, nullptr, a.reload});
+             callbacks.columns->menuAction(), callbacks.split, fullScreen, nullptr, a.reload});
     addMenu(
         bar, QT_TRANSLATE_NOOP("MainMenu", "Go"),
         {a.back, a.forward, a.up, a.goTo, a.apps, nullptr, a.favorite, nullptr, wireless, history});
+    addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "Help"), {help})
+        ->setObjectName(QStringLiteral("helpMenu"));
     new MenuMnemonics(bar);
 }
 

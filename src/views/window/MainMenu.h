@@ -5,12 +5,17 @@
 #include <functional>
 
 class QAction;
+class QMenu;
 class QMenuBar;
 
 namespace tessary {
 
 /// What the menus do besides the browser's commands.
 struct MainMenuCallbacks {
+    std::function<void()> newWindow;
+    QAction* split = nullptr; ///< a folder of this computer beside the phone's
+    QMenu* columns = nullptr; ///< which columns the list has
+    std::function<void()> showHelp;
     std::function<void()> showSettings;
     std::function<void()> showWireless;
     std::function<void()> showCopyHistory;

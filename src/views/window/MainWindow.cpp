@@ -6,8 +6,10 @@
 #include "views/common/Icons.h"
 #include "views/common/PlainText.h"
 #include "views/common/WindowStateStore.h"
+#include "views/dialogs/HelpDialog.h"
 #include "views/dialogs/WirelessDialog.h"
 #include "views/import/ImportView.h"
+#include "views/settings/FileSettings.h"
 #include "views/settings/SettingsWindow.h"
 #include "views/sync/SyncDialogs.h"
 #include "views/sync/SyncPanel.h"
@@ -15,6 +17,7 @@
 #include "views/transfers/TransferPanel.h"
 #include "views/window/ApplicationWindows.h"
 #include "views/window/MainMenu.h"
+#include "views/window/Panes.h"
 #include "views/window/WelcomeView.h"
 #include "views/window/WindowBanner.h"
 #include "views/window/WindowPages.h"
@@ -22,6 +25,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
 #include <QFileDialog>
 #include <QHideEvent>
 #include <QListView>
@@ -31,6 +35,8 @@
 #include <QShowEvent>
 #include <QSplitter>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace tessary {
 
@@ -52,6 +58,15 @@ BrowserSetup browserSetup(TessaryApp& app) {
     return setup;
 }
 
+/// What the user has the folder for copies set to is not asked for.
+CopyDialogs withDownloadFolder(CopyDialogs dialogs, UserDefaults& defaults) {
+    dialogs.chooseTargetFolder = [&defaults, ask = dialogs.chooseTargetFolder](QWidget* asker) {
+        const QString folder = defaults.value(downloadFolderKey).toString();
+        return !folder.isEmpty() && QDir(folder).exists() ? folder : ask(asker);
+    };
+    return dialogs;
+}
+
 QString chooseLocalFolder(QWidget* asker, const QString& startAt) {
     return QFileDialog::getExistingDirectory(asker, MainWindow::tr("Folder on this computer"),
                                              startAt);
@@ -60,9 +75,13 @@ QString chooseLocalFolder(QWidget* asker, const QString& startAt) {
 } // namespace
 
 MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openLocalFile,
-                       QWidget* parent)
-    : QMainWindow(parent),
-      app_(app),
+                       MainWindow* first)
+    : app_(app),
+      first_(first),
+      dialogs_(withDownloadFolder(std::move(dialogs), app.defaults())),
+      openLocalFile_(std::move(openLocalFile)),
+      ownCommon_(first == nullptr ? std::make_unique<Common>(app) : nullptr),
+      common_(first == nullptr ? *ownCommon_ : first->common_),
       browser_(app.copyQueue(), browserSetup(app)),
       apps_([&services = app.services()](const DeviceInfo& device, const std::stop_token& stop) {
           return services.apps(device, stop);
@@ -71,13 +90,12 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
       import_(app.copyQueue(), app.importLedgers()),
       importAction_(new QAction(this)),
       choice_({app, browser_, apps_, import_}, [this] { return chosenDevice(); }),
-      sync_(app.syncManager(), app.deviceManager()),
       sidebar_(
           new Sidebar(devices_, app.favoritesManager(), app.phoneMounts(), sidebarCallbacks())),
-      browserView_(new BrowserView(browser_, std::move(dialogs), std::move(openLocalFile))),
+      browserView_(new BrowserView(browser_, dialogs_, openLocalFile_)),
       importView_(new ImportView({import_, app.copyQueue(), app.stagedFiles(), app.defaults()},
                                  {chooseLocalFolder, app.setup().showInFolder})),
-      banner_(new WindowBanner({app, browser_, sync_, choice_})),
+      banner_(new WindowBanner({app, browser_, common_.notices, choice_})),
       pages_(new WindowPages(
           {new WelcomeView([&app] { app.startDemo(); }),
            new AppListView(
@@ -89,8 +107,7 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
            browserView_, importView_},
           app, browser_, choice_, *banner_)),
       syncPanel_(new SyncPanel(
-          sync_, [this] { syncDialogs_->makePair(); }, this)),
-      syncDialogs_(new SyncDialogs(sync_, *this, chooseLocalFolder)),
+          common_.sync, [this] { common_.dialogs->makePair(*this); }, this)),
       transferPanel_(new TransferPanel(
           app.copyQueue(),
           {app.setup().showInFolder, [&app](const QUuid& id) { app.rememberedCopies().goOn(id); },
@@ -98,7 +115,33 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
     setWindowIcon(programIcon());
     resize(1180, 740);
     setMinimumSize(760, 460);
+    if (first == nullptr)
+        common_.dialogs = new SyncDialogs(common_.sync, *this, chooseLocalFolder);
+    setCentralWidget(makeContent());
+    makeMenus();
+    importAction_->setObjectName(QStringLiteral("importAction"));
+    importAction_->setIcon(lineIcon(QStringLiteral("camera-photo")));
+    importAction_->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_I));
+    sidebar_->setDrops(browserView_->drops());
+    browserView_->setFavorites(favoriteCommands());
+    browserView_->setShowApps([this] { choice_.showApps(); });
+    browserView_->setFileClick([&defaults = app.defaults()] { return fileClickOf(defaults); });
+    connectBrowser();
+    connectChoice();
+    connectSync();
+    stateStore_ =
+        new WindowStateStore({*this, *split_, browserView_->columns(), browser_}, app.defaults());
+    keepTranslated(this, [this] { showTexts(); });
+    makePlain(*this);
+    if (const auto& notifier = app.setup().notifier; notifier && first == nullptr)
+        transferNotice_ = std::make_unique<TransferNotice>(
+            app_.copyQueue(),
+            TransferNotice::Setup{notifier, [] { return QApplication::activeWindow() != nullptr; },
+                                  [this] { bringToFront(*this); }});
+    deviceListChanged(); // phones that were there before the window
+}
 
+QWidget* MainWindow::makeContent() {
     // The banner comes from below: nothing moves away under the pointer.
     auto* files = new QWidget;
     auto* filesColumn = new QVBoxLayout(files);
@@ -106,45 +149,73 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
     filesColumn->setSpacing(0);
     filesColumn->addWidget(pages_, 1);
     filesColumn->addWidget(banner_);
+    panes_ = new Panes(files, *browserView_, *menuBar(), [this] {
+        auto* local = new LocalPane(app_, browserSetup(app_), dialogs_, openLocalFile_);
+        makePlain(*local);
+        return local;
+    });
     auto* right = new QSplitter(Qt::Vertical);
-    right->addWidget(files);
+    right->addWidget(panes_);
     right->addWidget(transferPanel_);
     right->setStretchFactor(0, 1);
     right->setSizes({510, 200});
     right->setChildrenCollapsible(false);
     right->setHandleWidth(1);
-    auto* split = new QSplitter(Qt::Horizontal);
-    split->addWidget(sidebar_);
-    split->addWidget(right);
-    split->setStretchFactor(1, 1);
-    split->setSizes({250, 930});
-    split->setChildrenCollapsible(false);
-    split->setHandleWidth(1);
-    setCentralWidget(split);
-    makeMainMenus(*menuBar(), browserView_->actions(),
-                  {[this] { showSettings(); }, [this] { showWireless(); },
-                   [this] { showCopyHistory(); }, importAction_,
-                   [this] { setWindowState(windowState() ^ Qt::WindowFullScreen); },
-                   [] { QApplication::closeAllWindows(); }});
-    importAction_->setObjectName(QStringLiteral("importAction"));
-    importAction_->setIcon(lineIcon(QStringLiteral("camera-photo")));
-    importAction_->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_I));
-    sidebar_->setDrops(browserView_->drops());
-    browserView_->setFavorites(favoriteCommands());
-    browserView_->setShowApps([this] { choice_.showApps(); });
-    connectBrowser();
-    connectChoice();
-    connectSync();
-    stateStore_ =
-        new WindowStateStore({*this, *split, browserView_->columns(), browser_}, app.defaults());
-    keepTranslated(this, [this] { showTexts(); });
-    makePlain(*this);
-    if (const auto& notifier = app.setup().notifier)
-        transferNotice_ = std::make_unique<TransferNotice>(
-            app_.copyQueue(),
-            TransferNotice::Setup{notifier, [] { return QApplication::activeWindow() != nullptr; },
-                                  [this] { bringToFront(*this); }});
-    deviceListChanged(); // phones that were there before the window
+    split_ = new QSplitter(Qt::Horizontal);
+    split_->addWidget(sidebar_);
+    split_->addWidget(right);
+    split_->setStretchFactor(1, 1);
+    split_->setSizes({250, 930});
+    split_->setChildrenCollapsible(false);
+    split_->setHandleWidth(1);
+    return split_;
+}
+
+void MainWindow::makeMenus() {
+    MainMenuCallbacks callbacks;
+    callbacks.newWindow = [this] { openWindow(); };
+    callbacks.split = &panes_->toggle();
+    callbacks.columns = &browserView_->columnMenu();
+    callbacks.showHelp = [this] { showHelp(); };
+    callbacks.showSettings = [this] { showSettings(); };
+    callbacks.showWireless = [this] { showWireless(); };
+    callbacks.showCopyHistory = [this] { showCopyHistory(); };
+    callbacks.importPhotos = importAction_;
+    callbacks.toggleFullScreen = [this] { setWindowState(windowState() ^ Qt::WindowFullScreen); };
+    callbacks.quit = [] { QApplication::closeAllWindows(); };
+    makeMainMenus(*menuBar(), browserView_->actions(), callbacks);
+}
+
+MainWindow& MainWindow::openWindow() {
+    MainWindow& first = first_ == nullptr ? *this : *first_;
+    auto* window = new MainWindow(app_, dialogs_, openLocalFile_, &first);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    first.others_.emplace_back(window);
+    const auto& device = browser_.activeDevice();
+    const int row = sidebar_->deviceList().currentIndex().row();
+    if (row >= 0)
+        window->sidebar_->deviceList().setCurrentIndex(window->devices_.index(row));
+    if (device && device->platform == DevicePlatform::android &&
+        window->browser_.activeDevice().has_value())
+        window->browser_.navigateTo(browser_.currentPath());
+    constexpr QPoint aside(36, 36);
+    window->move(pos() + aside);
+    window->show();
+    return *window;
+}
+
+bool MainWindow::isTheOnlyOne() const {
+    const auto windows = QApplication::topLevelWidgets();
+    return std::none_of(windows.begin(), windows.end(), [this](const QWidget* each) {
+        return each != this && each->isVisible() &&
+               qobject_cast<const MainWindow*>(each) != nullptr;
+    });
+}
+
+void MainWindow::showHelp() {
+    auto* help = new HelpDialog(*menuBar(), this);
+    help->setAttribute(Qt::WA_DeleteOnClose);
+    help->show();
 }
 
 void MainWindow::connectBrowser() {
@@ -215,7 +286,11 @@ FavoriteCommands MainWindow::favoriteCommands() {
 
 MainWindow::~MainWindow() {
     // The views show what the members below hold: they go first.
+    for (const QPointer<MainWindow>& other : others_)
+        delete other.data();
     hide();
+    if (first_ == nullptr)
+        delete common_.dialogs;
     delete settings_;
     delete wireless_;
     delete history_;
@@ -232,7 +307,7 @@ void MainWindow::showTexts() {
 
 void MainWindow::showSettings() {
     if (settings_ == nullptr)
-        settings_ = new SettingsWindow(app_, sync_, *stateStore_, this);
+        settings_ = new SettingsWindow(app_, common_.sync, *stateStore_, this);
     settings_->show();
     settings_->raise();
     settings_->activateWindow();
@@ -282,7 +357,7 @@ void MainWindow::showEvent(QShowEvent* event) {
 
 void MainWindow::hideEvent(QHideEvent* event) {
     QMainWindow::hideEvent(event);
-    if (!event->spontaneous())
+    if (!event->spontaneous() && isTheOnlyOne())
         app_.deviceManager().stopListening();
 }
 
@@ -290,10 +365,13 @@ void MainWindow::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
         setUpIconTheme();
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        browser_.takeDragFailures();
 }
 
 void MainWindow::connectSync() {
-    syncDialogs_->setNotifier(app_.setup().notifier);
+    if (first_ == nullptr)
+        common_.dialogs->setNotifier(app_.setup().notifier);
     browserView_->setShowSync([this](const QWidget& anchor) {
         std::optional<DeviceInfo> device;
         if (browser_.state() == BrowserState::ready && !choice_.isChoosingApp())
@@ -318,7 +396,7 @@ void MainWindow::connectSync() {
 void MainWindow::closeEvent(QCloseEvent* event) {
     const bool isCopying =
         !app_.copyQueue().summary().isIdle() || app_.promisedFiles().isBeingRead();
-    if (isCopying || app_.syncManager().isRunning()) {
+    if (isTheOnlyOne() && (isCopying || app_.syncManager().isRunning())) {
         QMessageBox question(QMessageBox::Question, tr("Quit Tessary"),
                              isCopying ? tr("Files are still being copied.")
                                        : tr("A sync is still running."),

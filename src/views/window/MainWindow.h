@@ -8,16 +8,23 @@
 #include "views/browser/BrowserView.h"
 #include "views/sidebar/DeviceListModel.h"
 #include "views/sidebar/Sidebar.h"
+#include "views/window/GeneralNotices.h"
 #include "views/window/PhoneChoice.h"
 
 #include <QMainWindow>
+#include <QPointer>
+
+#include <memory>
+#include <vector>
 
 class QAction;
+class QSplitter;
 
 namespace tessary {
 
 class CopyHistoryDialog;
 class ImportView;
+class Panes;
 class SettingsWindow;
 class SyncDialogs;
 class SyncPanel;
@@ -34,11 +41,15 @@ class MainWindow : public QMainWindow {
     Q_OBJECT
 
 public:
-    /// `app` must outlive the window.
+    /// `app` must outlive the window. One that is opened from another shares with the `first` what
+    /// there is once in the program: the syncs' questions and notices.
     explicit MainWindow(TessaryApp& app, CopyDialogs dialogs = systemCopyDialogs(),
                         OpenLocalFile openLocalFile = systemOpenLocalFile(),
-                        QWidget* parent = nullptr);
+                        MainWindow* first = nullptr);
     ~MainWindow() override;
+
+    /// Opens another window, on the phone and folder of this one.
+    MainWindow& openWindow();
 
     [[nodiscard]] FileBrowserViewModel& browser() {
         return browser_;
@@ -47,7 +58,7 @@ public:
         return app_.copyQueue();
     }
     [[nodiscard]] SyncViewModel& sync() {
-        return sync_;
+        return common_.sync;
     }
     [[nodiscard]] AppListViewModel& apps() {
         return apps_;
@@ -77,6 +88,10 @@ protected:
 
 private:
     [[nodiscard]] Sidebar::Callbacks sidebarCallbacks();
+    [[nodiscard]] bool isTheOnlyOne() const;
+    [[nodiscard]] QWidget* makeContent();
+    void makeMenus();
+    void showHelp();
     void showTexts();
     void connectBrowser();
     void connectChoice();
@@ -90,7 +105,23 @@ private:
     void showPage();
     [[nodiscard]] std::optional<QSet<QString>> knownFolders();
 
+    /// What there is once, whatever the number of windows.
+    struct Common {
+        explicit Common(TessaryApp& app)
+            : sync(app.syncManager(), app.deviceManager()), notices(app, sync) {}
+
+        SyncViewModel sync;
+        GeneralNotices notices;
+        SyncDialogs* dialogs = nullptr; ///< the first window's
+    };
+
     TessaryApp& app_;
+    MainWindow* const first_; ///< null for the first one
+    const CopyDialogs dialogs_;
+    const OpenLocalFile openLocalFile_;
+    std::unique_ptr<Common> ownCommon_;
+    Common& common_;
+    std::vector<QPointer<MainWindow>> others_; ///< of the first one: those opened from it
     FileBrowserViewModel browser_;
     AppListViewModel apps_;
     bool wasChosenByPress_ = false; ///< until the button is let go
@@ -98,14 +129,14 @@ private:
     ImportViewModel import_;
     QAction* importAction_;
     PhoneChoice choice_;
-    SyncViewModel sync_;
     Sidebar* sidebar_;
     BrowserView* browserView_;
     ImportView* importView_;
     WindowBanner* banner_;
     WindowPages* pages_;
     SyncPanel* syncPanel_;
-    SyncDialogs* syncDialogs_;
+    QSplitter* split_; ///< sidebar and files
+    Panes* panes_;
     TransferPanel* transferPanel_;
     WindowStateStore* stateStore_;
     std::unique_ptr<TransferNotice> transferNotice_; ///< null without a desktop to speak over

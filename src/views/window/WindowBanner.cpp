@@ -2,16 +2,14 @@
 
 #include "app/texts/ErrorText.h"
 #include "app/texts/ProblemText.h"
-#include "base/threads/Background.h"
 
 namespace tessary {
 
-WindowBanner::WindowBanner(Parts parts)
-    : parts_(parts), notices_(parts.app, parts.sync, [this] { releaseDevice(); }) {
+WindowBanner::WindowBanner(Parts parts) : parts_(parts) {
     FileBrowserViewModel& browser = parts.browser;
     connect(&browser, &FileBrowserViewModel::problemChanged, this, &WindowBanner::update);
     connect(&browser, &FileBrowserViewModel::stateChanged, this, &WindowBanner::update);
-    connect(&notices_, &GeneralNotices::changed, this, &WindowBanner::update);
+    connect(&parts.notices, &GeneralNotices::changed, this, &WindowBanner::update);
     connect(&parts.choice, &PhoneChoice::changed, this, &WindowBanner::update);
     connect(&parts.app.deviceManager(), &DeviceManager::troubleChanged, this,
             &WindowBanner::update);
@@ -48,7 +46,7 @@ void WindowBanner::update() {
         showTrouble(*trouble);
     else if (const auto& problem = parts_.browser.problem(); problem && isReady)
         showProblem(*problem);
-    else if (const auto notice = notices_.current(parts_.browser.files() && isReady))
+    else if (const auto notice = parts_.notices.current(parts_.browser.files() && isReady))
         show(*notice);
     else
         clear();
@@ -81,9 +79,7 @@ void WindowBanner::showProblem(const BrowserProblem& problem) {
 }
 
 void WindowBanner::releaseDevice() {
-    runInBackground(
-        this, [&services = parts_.app.services()] { services.competingPrograms().end(); },
-        [this](BackgroundResult<void>) { parts_.app.deviceManager().refreshDeviceList(true); });
+    parts_.notices.releaseDevice();
 }
 
 } // namespace tessary

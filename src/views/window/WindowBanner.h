@@ -20,7 +20,7 @@ public:
     struct Parts {
         TessaryApp& app;
         FileBrowserViewModel& browser;
-        SyncViewModel& sync;
+        GeneralNotices& notices;
         const PhoneChoice& choice;
     };
 
@@ -29,7 +29,7 @@ public:
     /// What keeps the files of the phone from being shown at all; then it stands in their place,
     /// and not in the banner.
     [[nodiscard]] std::optional<DeviceTrouble> troubleInTheWay() const;
-    /// Ends the programs that hold phones, and looks for phones again.
+    /// GeneralNotices::releaseDevice().
     void releaseDevice();
     /// Shows what there is to say now.
     void update();
@@ -39,7 +39,6 @@ private:
     void showProblem(const BrowserProblem& problem);
 
     const Parts parts_;
-    GeneralNotices notices_;
 };
 
 } // namespace tessary

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QDialog>
+
+class QAction;
+class QMenuBar;
+class QTabWidget;
+
+namespace tessary {
+
+/// Help: the first steps with a phone, and the keys of all commands in some menus.
+class HelpDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    /// Lists the keys that the commands have now.
+    explicit HelpDialog(const QMenuBar& menus, QWidget* parent = nullptr);
+};
+
+} // namespace tessary

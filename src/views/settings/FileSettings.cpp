@@ -1,0 +1,105 @@
+#include "views/settings/FileSettings.h"
+
+#include "app/LanguageManager.h"
+#include "base/text/Printable.h"
+#include "views/common/WindowStateStore.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+
+#include <algorithm>
+
+namespace tessary {
+
+namespace {
+
+enum FolderChoice { asks, isFixed, chooses };
+
+QComboBox* makeChoice(const char* name, int count, QLabel& label) {
+    auto* box = new QComboBox;
+    box->setObjectName(QString::fromLatin1(name));
+    box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    for (int i = 0; i < count; ++i)
+        box->addItem(QString());
+    label.setBuddy(box);
+    return box;
+}
+
+} // namespace
+
+FileClick fileClickOf(const UserDefaults& defaults) {
+    return static_cast<FileClick>(
+        std::clamp(defaults.value(fileClickKey).toInt(), 0, static_cast<int>(FileClick::copies)));
+}
+
+FileSettings::FileSettings(UserDefaults& defaults)
+    : defaults_(defaults),
+      folderLabel_(new QLabel),
+      folder_(makeChoice("downloadFolder", 3, *folderLabel_)),
+      clickLabel_(new QLabel),
+      click_(makeChoice("fileClick", 3, *clickLabel_)),
+      viewLabel_(new QLabel),
+      view_(makeChoice("newPhonesView", 2, *viewLabel_)) {
+    auto* form = new QFormLayout(this);
+    form->setContentsMargins(0, 0, 0, 0);
+    form->setHorizontalSpacing(16);
+    for (auto [label, box] :
+         {std::pair{folderLabel_, folder_}, {clickLabel_, click_}, {viewLabel_, view_}}) {
+        auto* field = new QHBoxLayout;
+        field->addWidget(box);
+        field->addStretch(1);
+        form->addRow(label, field);
+    }
+    click_->setCurrentIndex(static_cast<int>(fileClickOf(defaults)));
+    view_->setCurrentIndex(defaults.value(WindowStateStore::newDevicesInGridKey).toBool() ? 1 : 0);
+    connect(folder_, &QComboBox::activated, this, &FileSettings::takeFolder);
+    connect(click_, &QComboBox::activated, this,
+            [this](int choice) { defaults_.setValue(fileClickKey, choice); });
+    connect(view_, &QComboBox::activated, this, [this](int choice) {
+        defaults_.setValue(WindowStateStore::newDevicesInGridKey, choice == 1);
+    });
+    keepTranslated(this, [this] { showTexts(); });
+}
+
+void FileSettings::showTexts() {
+    const auto set = [](QLabel* label, QComboBox* box, const QString& name) {
+        label->setText(name);
+        box->setAccessibleName(name);
+    };
+    set(folderLabel_, folder_, tr("Copies from a phone go to"));
+    set(clickLabel_, click_, tr("A double click on a file"));
+    set(viewLabel_, view_, tr("A new phone's files are shown"));
+    folder_->setItemText(asks, tr("A folder that is asked for"));
+    folder_->setItemText(chooses, tr("Choose…"));
+    click_->setItemText(static_cast<int>(FileClick::opens), tr("opens it"));
+    click_->setItemText(static_cast<int>(FileClick::previews), tr("shows a preview"));
+    click_->setItemText(static_cast<int>(FileClick::copies), tr("copies it to this computer"));
+    view_->setItemText(0, tr("in a list"));
+    view_->setItemText(1, tr("as pictures"));
+    showFolder();
+}
+
+void FileSettings::takeFolder(int choice) {
+    if (choice == asks) {
+        defaults_.setValue(downloadFolderKey, QJsonValue::Undefined);
+    } else if (choice == chooses || defaults_.value(downloadFolderKey).toString().isEmpty()) {
+        const QString folder = QFileDialog::getExistingDirectory(
+            this, tr("Copies from a phone go to"), defaults_.value(downloadFolderKey).toString());
+        if (!folder.isEmpty())
+            defaults_.setValue(downloadFolderKey, folder);
+    }
+    showFolder();
+}
+
+void FileSettings::showFolder() {
+    const QString folder = defaults_.value(downloadFolderKey).toString();
+    folder_->setItemText(isFixed, folder.isEmpty() ? tr("Always the same folder")
+                                                   : printable(QDir::toNativeSeparators(folder)));
+    folder_->setCurrentIndex(folder.isEmpty() ? asks : isFixed);
+}
+
+} // namespace tessary

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/settings/UserDefaults.h"
+#include "views/common/FileClick.h"
+
+#include <QLatin1StringView>
+#include <QWidget>
+
+class QComboBox;
+class QLabel;
+
+namespace tessary {
+
+/// The folder that copies from a phone go to; without one the user is asked.
+inline constexpr QLatin1StringView downloadFolderKey{"Tessary_DownloadFolder"};
+/// What a double click on a file does.
+inline constexpr QLatin1StringView fileClickKey{"Tessary_FileClick"};
+/// What is stored may be anything; then files open.
+[[nodiscard]] FileClick fileClickOf(const UserDefaults& defaults);
+
+/// The settings of what becomes of files: where copies go, what a double click does, and how the
+/// files of a new phone are shown.
+class FileSettings : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `defaults` must outlive it.
+    explicit FileSettings(UserDefaults& defaults);
+
+private:
+    void showTexts();
+    void takeFolder(int choice);
+    void showFolder();
+
+    UserDefaults& defaults_;
+    QLabel* folderLabel_;
+    QComboBox* folder_;
+    QLabel* clickLabel_;
+    QComboBox* click_;
+    QLabel* viewLabel_;
+    QComboBox* view_;
+};
+
+} // namespace tessary

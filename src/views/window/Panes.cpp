@@ -1,0 +1,69 @@
+#include "views/window/Panes.h"
+
+#include "app/LanguageManager.h"
+#include "views/common/Icons.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QMenuBar>
+
+#include <utility>
+
+namespace tessary {
+
+Panes::Panes(QWidget* phone, BrowserView& phoneView, QMenuBar& menus, MakeLocal makeLocal)
+    : QSplitter(Qt::Horizontal),
+      phoneView_(phoneView),
+      used_(&phoneView),
+      menus_(menus),
+      makeLocal_(std::move(makeLocal)),
+      toggle_(new QAction(icon("view-split-left-right"), QString(), this)) {
+    addWidget(phone);
+    setChildrenCollapsible(false);
+    setHandleWidth(1);
+    toggle_->setObjectName(QStringLiteral("splitAction"));
+    toggle_->setCheckable(true);
+    toggle_->setShortcut(QKeySequence(Qt::Key_F3));
+    connect(toggle_, &QAction::toggled, this, &Panes::show);
+    keepTranslated(toggle_, [this] { toggle_->setText(tr("This Computer Beside the Phone")); });
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](const QWidget*, const QWidget* now) { follow(now); });
+}
+
+Panes::~Panes() {
+    qApp->disconnect(this); // the focus moves while what is shown goes
+}
+
+void Panes::show(bool isSplit) {
+    if (isSplit && local_ == nullptr) {
+        local_ = makeLocal_();
+        useKeys(local_->view().actions(), false);
+        addWidget(local_);
+        setSizes({width() / 2, width() / 2});
+    }
+    if (local_ == nullptr)
+        return;
+    local_->setVisible(isSplit);
+    if (isSplit) {
+        local_->view().setFocus();
+        return;
+    }
+    use(phoneView_);
+    phoneView_.setFocus();
+}
+
+void Panes::follow(const QWidget* focus) {
+    // A menu or another window leaves the keys where they were.
+    if (local_ == nullptr || focus == nullptr || focus->window() != window() ||
+        menus_.isAncestorOf(focus) || focus == &menus_)
+        return;
+    use(local_->isAncestorOf(focus) ? local_->view() : phoneView_);
+}
+
+void Panes::use(BrowserView& view) {
+    BrowserView* before = std::exchange(used_, &view);
+    if (before != &view)
+        handOver(before->actions(), view.actions(), menus_);
+}
+
+} // namespace tessary

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "views/window/LocalPane.h"
+
+#include <QSplitter>
+
+#include <functional>
+#include <memory>
+
+class QAction;
+class QMenuBar;
+
+namespace tessary {
+
+/// The phone's files, and beside them a folder of this computer when the user wants one. Keys and
+/// menus belong to the side that has the focus.
+class Panes : public QSplitter {
+    Q_OBJECT
+
+public:
+    using MakeLocal = std::function<LocalPane*()>;
+
+    /// Takes `phone` over, in which `phoneView` lies. `menus` outlive it.
+    Panes(QWidget* phone, BrowserView& phoneView, QMenuBar& menus, MakeLocal makeLocal);
+    ~Panes() override;
+
+    /// Shows or hides the folder of this computer; a checkable command.
+    [[nodiscard]] QAction& toggle() const {
+        return *toggle_;
+    }
+
+private:
+    void show(bool isSplit);
+    void follow(const QWidget* focus);
+    void use(BrowserView& view);
+
+    BrowserView& phoneView_;
+    BrowserView* used_;
+    QMenuBar& menus_;
+    const MakeLocal makeLocal_;
+    LocalPane* local_ = nullptr; ///< made when it is first shown
+    QAction* toggle_;
+};
+
+} // namespace tessary

@@ -1,0 +1,173 @@
+#include "WindowFixture.h"
+
+#include "views/listing/TranslatedFileModel.h"
+#include "views/window/LocalPane.h"
+
+#include <QClipboard>
+#include <QHeaderView>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QPointer>
+#include <QTreeWidget>
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace tessary {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// A folder of this computer beside the phone's, and a second window.
+class PanesTest : public WindowFixture {
+protected:
+    PanesTest() {
+        QGuiApplication::clipboard()->clear();
+        local_.write(u"here/local.txt"_s, "local");
+        defaults_->setValue(LocalPane::folderKey, local_.path(u"here"_s));
+    }
+    /// Presses F3, and waits for the folder of this computer.
+    void split() {
+        press(Qt::Key_F3);
+        ASSERT_TRUE(wait([this] { return pane() != nullptr && isHere(u"local.txt"_s); }));
+    }
+    [[nodiscard]] LocalPane* pane() const {
+        return window_->findChild<LocalPane*>(u"localPane"_s);
+    }
+    [[nodiscard]] bool isHere(const QString& name) const {
+        const auto& items = pane()->browser().items();
+        return std::ranges::any_of(items, [&](const FileItem& item) { return item.name == name; });
+    }
+    void selectHere(const QString& name) const {
+        pane()->browser().selection().select(local_.path(u"here/"_s + name));
+        pane()->view().currentListing().setFocus();
+    }
+    [[nodiscard]] QMenu& menu(const QString& title) const {
+        for (const QAction* action : window_->menuBar()->actions())
+            if (QString(action->text()).remove(u'&') == title)
+                return *action->menu();
+        throw std::runtime_error("no such menu");
+    }
+};
+
+TEST_F(PanesTest, filesGoFromSideToSideByTheClipboard) {
+    openFolder();
+    split();
+    EXPECT_TRUE(pane()->isAncestorOf(QApplication::focusWidget()));
+    selectHere(u"local.txt"_s);
+    press(Qt::Key_C, Qt::ControlModifier);
+    table().setFocus();
+    press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/local.txt"_s) == "local"; }));
+
+    click(u"Trip"_s);
+    press(Qt::Key_C, Qt::ControlModifier);
+    pane()->view().setFocus();
+    press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_TRUE(wait([this] { return local_.read(u"here/Trip/one.txt"_s) == "one"; }));
+    EXPECT_TRUE(wait([this] { return isHere(u"Trip"_s); })) << "it is shown at once";
+
+    press(Qt::Key_F3);
+    EXPECT_FALSE(pane()->isVisible());
+    EXPECT_TRUE(table().hasFocus());
+}
+
+TEST_F(PanesTest, keysAndMenusBelongToTheSideInUse) {
+    openFolder();
+    split();
+    const auto parent = [this](const BrowserView& view) {
+        return menu(u"Go"_s).actions().contains(view.actions().up);
+    };
+    EXPECT_TRUE(parent(pane()->view()) && !parent(window_->browserView()));
+    EXPECT_TRUE(window_->browserView().actions().up->shortcuts().isEmpty()) << "no key means both";
+    press(Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(pane()->browser().selection().ids().size(), 1);
+    EXPECT_TRUE(selectedNames().isEmpty());
+
+    click(u"alpha.txt"_s);
+    EXPECT_TRUE(parent(window_->browserView()) && !parent(pane()->view()));
+    press(Qt::Key_Up, Qt::AltModifier);
+    EXPECT_TRUE(wait([this] { return isShown(u"readme.md"_s); })) << "of the phone";
+}
+
+/// What is deleted here can be had back, and is asked about in other words.
+TEST_F(PanesTest, filesOfThisComputerGoToItsTrash) {
+    local_.write(u"data/there"_s, "");
+    qputenv("XDG_DATA_HOME", QFile::encodeName(local_.path(u"data"_s)));
+    split();
+    selectHere(u"local.txt"_s);
+    QString said;
+    whileAsked(u"Delete"_s, [&] { said = question()->informativeText(); });
+    press(Qt::Key_Delete);
+    EXPECT_TRUE(wait([this] { return !local_.has(u"here/local.txt"_s); }));
+    EXPECT_EQ(local_.read(u"data/Trash/files/local.txt"_s), "local");
+    EXPECT_EQ(said, u"“local.txt” will be moved to the trash."_s);
+    EXPECT_TRUE(wait([this] { return !isHere(u"local.txt"_s); }));
+    qunsetenv("XDG_DATA_HOME");
+}
+
+TEST_F(PanesTest, aSecondWindowBeginsWhereTheFirstIsAndGoesAlone) {
+    openFolder();
+    press(Qt::Key_N, Qt::ControlModifier);
+    MainWindow* second = nullptr;
+    ASSERT_TRUE(wait([&] {
+        for (QWidget* each : QApplication::topLevelWidgets())
+            if (auto* window = qobject_cast<MainWindow*>(each); window && window != window_.get())
+                second = window;
+        return second != nullptr && !second->browser().isLoading();
+    }));
+    EXPECT_EQ(second->browser().currentPath(), u"/sdcard/DCIM"_s);
+    second->browser().navigateTo(u"/sdcard/DCIM/Trip"_s);
+    EXPECT_TRUE(wait([&] { return second->browser().items().size() == 1; }));
+    EXPECT_EQ(window_->browser().currentPath(), u"/sdcard/DCIM"_s) << "a place of its own";
+
+    // What one has put on the clipboard stays there when the other closes.
+    click(u"alpha.txt"_s);
+    press(Qt::Key_X, Qt::ControlModifier);
+    EXPECT_TRUE(row(u"alpha.txt"_s).data(TranslatedFileModel::isCutRole).toBool());
+    EXPECT_FALSE(row(u"beta.txt"_s).data(TranslatedFileModel::isCutRole).toBool());
+    const QPointer<MainWindow> other(second);
+    second->close();
+    EXPECT_TRUE(wait([&] { return other.isNull(); }));
+    go(u"/sdcard/DCIM/Trip"_s, u"one.txt"_s);
+    press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/Trip/alpha.txt"_s) == "a"; }));
+    phone_.write(u"new.txt"_s, "new");
+    phone_.android.unplug();
+    EXPECT_TRUE(wait([this] { return window_->browser().state() == BrowserState::deviceLost; }))
+        << "the first still hears of phones";
+}
+
+TEST_F(PanesTest, theHelpListsEveryKeyOfTheMenus) {
+    press(Qt::Key_F1);
+    QTreeWidget* keys = nullptr;
+    ASSERT_TRUE(wait([&] {
+        keys = window_->findChild<QTreeWidget*>(u"helpKeys"_s);
+        return keys != nullptr;
+    }));
+    QStringList listed;
+    for (int i = 0; i < keys->topLevelItemCount(); ++i)
+        for (int j = 0; j < keys->topLevelItem(i)->childCount(); ++j)
+            listed += keys->topLevelItem(i)->child(j)->text(1).split(u",  "_s);
+    for (const char* key : {"F1", "F3", "Ctrl+N", "Ctrl+V", "F2", "Alt+Up", "Ctrl+Shift+F"})
+        EXPECT_TRUE(listed.contains(QString::fromLatin1(key))) << key;
+    keys->window()->close();
+}
+
+TEST_F(PanesTest, columnsAreChosenInTheMenu) {
+    auto& columns = window_->browserView().columnMenu();
+    EXPECT_TRUE(menu(u"View"_s).actions().contains(columns.menuAction()));
+    for (QAction* column : columns.actions()) {
+        column->trigger();
+        EXPECT_TRUE(table().isColumnHidden(1 + static_cast<int>(columns.actions().indexOf(column))))
+            << column->text().toStdString();
+    }
+    EXPECT_EQ(table().header()->length(), table().viewport()->width()) << "names take all the room";
+    EXPECT_TRUE(wait([this] {
+        return row(u"readme.md"_s).siblingAtColumn(3).data().toString() == u"Markdown document";
+    }));
+}
+
+} // namespace
+} // namespace tessary
