@@ -21,6 +21,8 @@ public:
 
     /// A service was asked for: "shell:ls …", "sync:".
     virtual void serviceAsked(const QByteArray& /*name*/) {}
+    /// The sync service or a shell was asked for one thing: a path, or a command line.
+    virtual void requestAsked(const QByteArray& /*what*/) {}
     /// The strict shell refused a command line.
     virtual void lineRefused(const QByteArray& /*line*/) {}
 

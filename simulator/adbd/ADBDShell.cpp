@@ -136,6 +136,7 @@ ADBDShell::ADBDShell(ADBDState& state, const std::string& line, bool isVersion2)
 /// Runs a line and keeps its output. No value when the phone hangs on it.
 std::optional<int> ADBDShell::runLine(const std::string& line) {
     const QByteArray command = QByteArray::fromStdString(line);
+    state_.hooks->requestAsked(command);
     if (state_.hooks->hangs(command.left(command.indexOf(' ')))) {
         hangs_ = true;
         return std::nullopt;

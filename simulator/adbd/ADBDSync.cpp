@@ -109,6 +109,7 @@ void ADBDSync::take(ByteView bytes) {
 }
 
 void ADBDSync::serve(ADBSyncCommand command, const std::string& path) {
+    state_.hooks->requestAsked(QByteArray::fromStdString(path));
     switch (command) {
     case stat:
     case sta2:

@@ -8,10 +8,14 @@ class FaultyADBD::Hooks final : public ADBDHooks {
 public:
     Guarded<ADBDFaults> faults;
     Guarded<std::vector<QByteArray>> log;
+    Guarded<std::vector<QByteArray>> requests;
     Guarded<std::vector<QByteArray>> violations;
 
     void serviceAsked(const QByteArray& name) override {
         log.update([&name](auto& all) { all.push_back(name); });
+    }
+    void requestAsked(const QByteArray& what) override {
+        requests.update([&what](auto& all) { all.push_back(what); });
     }
     void lineRefused(const QByteArray& line) override {
         violations.update([&line](auto& all) { all.push_back(line); });
@@ -70,6 +74,11 @@ std::vector<QByteArray> FaultyADBD::log() const {
 
 void FaultyADBD::clearLog() {
     hooks_.log.set({});
+    hooks_.requests.set({});
+}
+
+std::vector<QByteArray> FaultyADBD::requests() const {
+    return hooks_.requests.get();
 }
 
 std::vector<QByteArray> FaultyADBD::violations() const {

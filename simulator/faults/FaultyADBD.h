@@ -36,6 +36,8 @@ public:
     /// The services that were asked for ("shell:ls …", "sync:"), oldest first.
     [[nodiscard]] std::vector<QByteArray> log() const;
     void clearLog();
+    /// What the sync service and shells were asked for, oldest first: paths and command lines.
+    [[nodiscard]] std::vector<QByteArray> requests() const;
     /// Command lines that this phone's strict shell refused: wrongly quoted or unknown ones.
     [[nodiscard]] std::vector<QByteArray> violations() const;
 

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QString>
+
 #include <stop_token>
+#include <utility>
 
 namespace tessary {
 
@@ -10,8 +13,8 @@ enum class Urgency {
     copy, ///< a step of a longer job: waits until it is its turn
 };
 
-/// What comes along with every call to a phone: what stops it, and how soon it wants its turn. A
-/// stop token alone makes a call that somebody waits for.
+/// What comes along with every call to a phone: what stops it, how soon it wants its turn, and on
+/// whose behalf it is. A stop token alone makes a call that somebody waits for.
 struct Call {
     Call() = default;
     Call(std::stop_token stopToken, // NOLINT(google-explicit-constructor)
@@ -20,6 +23,8 @@ struct Call {
 
     std::stop_token stop;
     Urgency urgency = Urgency::user;
+    QString
+        partOwner; ///< whose the files are that it leaves behind when it breaks off: see PartName
 };
 
 } // namespace tessary

@@ -84,15 +84,6 @@ public:
         clock += seconds;
         return QDateTime::fromSecsSinceEpoch(clock, QTimeZone::utc());
     }
-    /// An hour, after which what is left over is old enough to be removed.
-    void passTime() {
-        later(3600);
-        for (const bool onDevice : {false, true})
-            for (const auto& [name, file] : all(onDevice))
-                if (name.contains(QLatin1StringView(".tessary-part-")))
-                    side(onDevice).addFile(path(onDevice, name), file.content,
-                                           QDateTime::currentDateTime().addSecs(-3600));
-    }
     void put(bool onDevice, const QString& name, const QByteArray& content) {
         side(onDevice).addFile(path(onDevice, name), content, later());
     }

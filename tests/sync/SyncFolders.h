@@ -8,12 +8,7 @@
 #include <QDirIterator>
 #include <gtest/gtest.h>
 
-#include <array>
-#include <ctime>
 #include <map>
-
-#include <fcntl.h>
-#include <sys/stat.h>
 
 namespace tessary {
 
@@ -84,13 +79,6 @@ protected:
                 found.append(walk.next());
         }
         return found;
-    }
-    /// Lets what is left over become old enough to be removed.
-    void age() {
-        const timespec then{::time(nullptr) - 3600, 0};
-        const std::array times{then, then};
-        for (const QString& path : parts())
-            ASSERT_EQ(::utimensat(AT_FDCWD, qUtf8Printable(path), times.data(), 0), 0);
     }
     [[nodiscard]] Files hereFiles() const {
         return below(localFolder());

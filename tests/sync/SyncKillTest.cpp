@@ -157,7 +157,6 @@ TYPED_TEST(SyncKillTest, nothingIsLostWheneverTheProgramIsKilled) {
         this->onPhone(u"both"_s, "theirs");
         const bool wasKilled = this->run(changes);
         killed += wasKilled ? 1 : 0;
-        this->age();
         (void)this->run();
         EXPECT_TRUE(this->hereFiles() == this->phoneFiles());
         this->expectAll({large("3"), large("4"), large("up"), large("down"), "mine", "theirs",

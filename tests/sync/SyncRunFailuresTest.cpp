@@ -272,7 +272,6 @@ TEST(SyncRunFailuresTest, movedFileIsNoDeletionWhereverTheRunIsKilled) {
             Killed);
         const bool wasKilled = std::exchange(pair.isDead, false);
         pair.killAt = -1;
-        pair.passTime();
         pair.pair.syncMode = SyncMode::biDirectional;
         pair.pair.deleteSyncEnabled = true;
         pair.confirmAll();

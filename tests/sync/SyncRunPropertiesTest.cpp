@@ -329,7 +329,6 @@ RC_GTEST_PROP(SyncRunPropertiesTest, nothingIsLostWhateverFails, ()) {
             const bool wasHit = runWith(*copy, options, fault, at);
             if (!wasHit)
                 break;
-            copy->pair.passTime();
             runInPeace(*copy, repair);
         }
         runInPeace(*world, options);

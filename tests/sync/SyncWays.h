@@ -34,6 +34,8 @@ protected:
     [[nodiscard]] virtual std::unique_ptr<PhoneFileSystem> open() = 0;
     /// Forgets what the phone was asked so far.
     virtual void forgetRequests() = 0;
+    /// How many it has been asked since.
+    [[nodiscard]] virtual std::size_t requestCount() = 0;
     /// Files of the phone that were read or written since, by their last name.
     [[nodiscard]] virtual QStringList openedFiles() = 0;
 
@@ -128,6 +130,9 @@ protected:
     void forgetRequests() override {
         phone_.android.clearRequestLog();
     }
+    std::size_t requestCount() override {
+        return phone_.android.requestLog().size();
+    }
     /// What was read is told by number only: the record takes one request.
     QStringList openedFiles() override {
         const std::size_t reads = phone_.requests(MTPOperationCode::getObject) +
@@ -144,7 +149,8 @@ protected:
 /// By the real adb server.
 class SyncByADB : public ADBFixture, protected SyncWay {
 protected:
-    SyncByADB() : SyncWay(serial(), SyncPair::deviceStorage) {
+    explicit SyncByADB(ADBDConfig config = {})
+        : ADBFixture(std::move(config)), SyncWay(serial(), SyncPair::deviceStorage) {
         clear();
     }
     QString phoneFolder() override {
@@ -160,7 +166,12 @@ protected:
             std::make_shared<ADBServerConnection>(std::make_shared<ADBServerClient>(address),
                                                   ADBPhoneSought{serial(), {}}));
     }
-    void forgetRequests() override {}
+    void forgetRequests() override {
+        adbd_->clearLog();
+    }
+    std::size_t requestCount() override {
+        return adbd_->requests().size();
+    }
     QStringList openedFiles() override {
         return {};
     }
@@ -181,6 +192,9 @@ protected:
     }
     void forgetRequests() override {
         iphone_.phone.log().clear();
+    }
+    std::size_t requestCount() override {
+        return iphone_.phone.log().requests().size();
     }
     QStringList openedFiles() override {
         QStringList opened;

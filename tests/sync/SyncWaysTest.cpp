@@ -6,8 +6,12 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstdio>
+
+#include <fcntl.h>
+#include <sys/stat.h>
 
 namespace tessary {
 namespace {
@@ -91,6 +95,33 @@ TYPED_TEST(SyncWaysTest, editsConflictsDeletionsAndMovesGoAcross) {
     EXPECT_EQ(this->phoneFiles().size(), 5U);
 }
 
+/// What a second run asks the phone is what it takes to list the folders and to read the record.
+TYPED_TEST(SyncWaysTest, secondRunAsksForNothingButTheListing) {
+    for (int n = 0; n < 40; ++n)
+        this->here(u"folder %1/file %2"_s.arg(n % 4).arg(n), QByteArray::number(n));
+    (void)this->goodRun();
+    this->forgetRequests();
+    {
+        const auto phone = this->open();
+        (void)phone->capabilities({}); // what a connection asks once
+        (void)phone->nameRules(u"/Sync"_s, {});
+        std::vector<QString> folders{u"/Sync"_s};
+        for (std::size_t n = 0; n < folders.size(); ++n)
+            for (const FileItem& item : listAll(*phone, QString(folders[n]), {}).items)
+                if (item.isDirectory)
+                    folders.push_back(item.path);
+                else if (item.name == SyncManifest::fileName)
+                    phone->read(item, {}, [](ByteView) {}, {});
+        ASSERT_EQ(folders.size(), 5U);
+    }
+    const std::size_t listing = this->requestCount();
+    this->forgetRequests();
+    EXPECT_FALSE(this->goodRun().hasChanges());
+    std::printf("listing %zu requests, second run %zu\n", listing, this->requestCount());
+    constexpr std::size_t root = 4; // whether the pair's folder and its record are there
+    EXPECT_LE(this->requestCount(), listing + root);
+}
+
 TYPED_TEST(SyncWaysTest, nameThatChangedInCaseOnlyIsARename) {
     this->here(u"Photos/a.JPG"_s, longContent('1'));
     (void)this->goodRun();
@@ -107,6 +138,7 @@ TYPED_TEST(SyncWaysTest, nameThatChangedInCaseOnlyIsARename) {
 // At every third call; with TESSARY_EVERY_CALL=1 in the environment, some minutes, at each.
 TYPED_TEST(SyncWaysTest, killedAtAnyStepARunLosesNothing) {
     int killed = 0;
+    this->flushes_ = false; // what a program wrote outlives it
     const int step = qEnvironmentVariableIsSet("TESSARY_EVERY_CALL") ? 1 : 3;
     for (int at = 0;; at += step) {
         SCOPED_TRACE(at);
@@ -141,7 +173,6 @@ TYPED_TEST(SyncWaysTest, killedAtAnyStepARunLosesNothing) {
         for (const QByteArray& content :
              {QByteArray("up"), QByteArray("down"), QByteArray("mine"), QByteArray("theirs")})
             EXPECT_TRUE(this->holds(content)) << content.constData();
-        this->age();
         (void)this->goodRun();
         EXPECT_EQ(this->hereFiles(), this->phoneFiles());
         for (const QByteArray& content :
@@ -157,6 +188,7 @@ TYPED_TEST(SyncWaysTest, killedAtAnyStepARunLosesNothing) {
 
 TEST_F(SyncByMTP, cableThatComesOutAtAnyPhaseLosesNothing) {
     int broken = 0;
+    flushes_ = false;
     for (const USBDirection direction : {USBDirection::in, USBDirection::out}) {
         for (unsigned phase = 2; phase < 60; phase += 5) {
             SCOPED_TRACE(phase);
@@ -173,7 +205,6 @@ TEST_F(SyncByMTP, cableThatComesOutAtAnyPhaseLosesNothing) {
             phone_.fault([](VirtualFaults& faults) { faults.unplug.reset(); });
             phone_.android.unplug();
             ASSERT_NE(phone_.android.plugInto(bus_), 0U);
-            age();
             (void)goodRun();
             EXPECT_EQ(hereFiles(), phoneFiles());
             for (const QByteArray& content : {QByteArray(3000, 'u'), QByteArray(3000, 'd'),
@@ -215,8 +246,47 @@ TEST_F(SyncByADB, manySmallFilesTakeNotMuchLongerThanAPush) {
     EXPECT_LT(first, 6 * push + 1) << "the steps of each file have become slow";
 }
 
+class SyncByCaselessADB : public SyncByADB {
+protected:
+    SyncByCaselessADB() : SyncByADB({.folder = {}, .ignoresCase = true}) {}
+};
+
+/// It takes a third name for that, and the phone leaves the folder there.
+TEST_F(SyncByCaselessADB, folderThatIsBeingSpelledInAnotherWayIsNotLost) {
+    const QByteArray photo = longContent('p');
+    here(u"Photos/1.jpg"_s, photo, 100'000);
+    (void)goodRun();
+    ASSERT_TRUE(
+        QFile::rename(pair_.localFolderPath + u"/Photos"_s, pair_.localFolderPath + u"/photos"_s));
+    adbd_->faults().update([this](ADBDFaults& faults) {
+        faults.rewrite = [this](const QByteArray& line) -> std::optional<QByteArray> {
+            const qsizetype at = line.indexOf(".tessary-part-");
+            if (!line.startsWith("'mv'") || at < 0)
+                return std::nullopt;
+            const QByteArray between = line.mid(at, line.indexOf('\'', at) - at);
+            QFile::rename(phoneFolder() + u"/Photos"_s,
+                          phoneFolder() + u'/' + QString::fromUtf8(between));
+            const QByteArray end = line.mid(line.indexOf("echo ") + 5);
+            return end.left(end.indexOf(':')) + ":0\n"; // it says that all went well
+        };
+    });
+    EXPECT_FALSE(run().skipped.empty());
+    ASSERT_FALSE(QFileInfo::exists(phoneFolder() + u"/Photos"_s));
+    adbd_->faults().update([](ADBDFaults& faults) { faults.rewrite = nullptr; });
+    // Much later, whoever visits the folder takes what is old for a leftover.
+    for (const QString& path : parts())
+        ASSERT_EQ(::utimensat(AT_FDCWD, qUtf8Printable(path),
+                              std::array{timespec{1, 0}, timespec{1, 0}}.data(), 0),
+                  0);
+    removeHere(u"photos/1.jpg"_s); // the phone's is the only one
+    confirms_ = false;
+    (void)goodRun();
+    EXPECT_EQ(phoneFiles(), (Files{{u"photos/1.jpg"_s, photo}}));
+}
+
 TEST_F(SyncByAFC, cutConnectionLosesNothing) {
     int broken = 0;
+    flushes_ = false;
     for (unsigned nth = 1; nth < 40; nth += 6) {
         for (const char* request :
              {"afc.fileWrite", "afc.getFileInfo", "afc.fileOpen", "afc.renamePath"}) {
@@ -232,7 +302,6 @@ TEST_F(SyncByAFC, cutConnectionLosesNothing) {
             });
             broken += run().outcome == SyncReport::Outcome::failed ? 1 : 0;
             iphone_.faults([](VirtualIPhoneFaults& faults) { faults.requestFault.reset(); });
-            age();
             (void)goodRun();
             EXPECT_EQ(hereFiles(), phoneFiles());
             for (const QByteArray& content : {QByteArray(2000, 'u'), QByteArray(3000, 'd'),

@@ -4,7 +4,7 @@
 #include "support/QtPrinters.h"
 #include "transfer/CopySides.h"
 #include "transfer/copy/ContentCount.h"
-#include "transfer/copy/PartNames.h"
+#include "transfer/copy/Leftovers.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -18,7 +18,7 @@ class CopyCheckTest : public testing::Test {
 protected:
     CopyCheckTest() {
         source.fill({{s("a"), "123"}, {s("b"), "12345"}, {s("d/e/f"), QByteArray(700, 'f')}}, noon);
-        target.fill({{s("A"), "12"}, {s("D/"), {}}, {PartFile::newName(), "part"}}, noon);
+        target.fill({{s("A"), "12"}, {s("D/"), {}}, {newPartName({}), "part"}}, noon);
         request = requestFor(source, target, ClashAnswer::skip);
         std::sort(request.items.begin(), request.items.end(),
                   [](const auto& one, const auto& other) { return one.name < other.name; });

@@ -3,7 +3,7 @@
 #include "support/QtPrinters.h"
 #include "transfer/CopySides.h"
 #include "transfer/copy/FileStream.h"
-#include "transfer/copy/PartNames.h"
+#include "transfer/copy/Leftovers.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -171,7 +171,7 @@ TEST_P(TreeCopyLostLink, atEveryRequest) {
             const Contents now = target.contents();
             const QString waiting = parentPath(QLatin1Char('/') + name).mid(1) +
                                     (name.contains(u'/') ? s("/") : s("")) +
-                                    waitingName({}, lastComponent(name));
+                                    waitingName({}, lastComponent(name), {});
             EXPECT_TRUE(now.value(name) == old[name] || now.value(name) == coming[name] ||
                         now.value(waiting) == coming[name])
                 << name.toStdString();

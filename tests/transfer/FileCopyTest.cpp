@@ -4,7 +4,7 @@
 #include "support/QtPrinters.h"
 #include "transfer/CopySides.h"
 #include "transfer/copy/FileStream.h"
-#include "transfer/copy/PartNames.h"
+#include "transfer/copy/Leftovers.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -119,17 +119,17 @@ TEST(Leftovers, areFinishedOrRemovedAndNothingElseIs) {
     source.fill({{s("new"), "n"}}, noon);
     const QDateTime now = QDateTime::currentDateTime();
     const QString longName(245, QLatin1Char('l'));
-    const QString old = PartFile::newName();
-    const QString young = PartFile::newName();
-    const QString used = PartFile::newName();
+    const QString old = newPartName({});
+    const QString young = newPartName({});
+    const QString used = newPartName({});
     target.put(old, "o", now.addSecs(-700));
     target.put(young, "y", now.addSecs(-500));
     target.put(used, "u", now.addSecs(-700));
-    target.put(waitingName({}, s("film.mp4")), "whole", noon);
-    target.put(waitingName({}, s("taken")), "whole", noon);
+    target.put(waitingName({}, s("film.mp4"), {}), "whole", noon);
+    target.put(waitingName({}, s("taken"), {}), "whole", noon);
     target.put(s("taken"), "t", noon);
-    target.put(waitingName({}, longName), "long", noon);
-    target.put(waitingName({}, longName + u'x'), "not awaited", noon);
+    target.put(waitingName({}, longName, {}), "long", noon);
+    target.put(waitingName({}, longName + u'x', {}), "not awaited", noon);
     source.put(longName, "long", noon.addSecs(5));
     const PartInUse use(used);
     EXPECT_EQ(run(requestFor(source, target, ClashAnswer::skip)).end(), CopyOutcome::End::done);
@@ -138,14 +138,14 @@ TEST(Leftovers, areFinishedOrRemovedAndNothingElseIs) {
                                            {s("film.mp4"), "whole"},
                                            {s("taken"), "t"},
                                            {longName, "long"},
-                                           {waitingName({}, longName + u'x'), "not awaited"},
+                                           {waitingName({}, longName + u'x', {}), "not awaited"},
                                            {s("new"), "n"}}));
 }
 
 TEST(Leftovers, areNoneOfTheUsersFiles) {
     MemorySide source;
     DiskSide target;
-    source.fill({{s("d/a"), "a"}, {s("d/") + PartFile::newName(), "part"}}, noon);
+    source.fill({{s("d/a"), "a"}, {s("d/") + newPartName({}), "part"}}, noon);
     EXPECT_EQ(run(requestFor(source, target, ClashAnswer::skip)).end(), CopyOutcome::End::done);
     EXPECT_EQ(target.contents().keys(), (QStringList{s("d/"), s("d/a")}));
 }
@@ -161,6 +161,39 @@ TEST(Leftovers, foldersOfOursGoWithAllInThemOnceTheyAreOld) {
     EXPECT_THAT(tidied(*target.memory, items, {}, {}, {}), testing::IsEmpty());
     EXPECT_EQ(target.memory->tree(), (QStringList{s("/side/"), s("/side/.tessary-part-new/"),
                                                   s("/side/.tessary-part-new/x")}));
+}
+
+TEST(Leftovers, ofTheCallersOwnGoAtOnceAndWhatIsTheUsersIsNeverRemoved) {
+    Call call;
+    call.partOwner = partOwner(s("me"));
+    const QString other = partOwner(s("another"));
+    const QString arriving = newPartName(other);
+    const QString resumable = resumablePartName(s("film"));
+    const QString waitsForTaken = waitingName({}, s("taken"), other);
+    const QDateTime now = QDateTime::currentDateTime();
+    MemorySide target({.rules = {}});
+    target.put(newPartName(call.partOwner), "part", now);
+    target.put(arriving, "part of another", now);
+    target.put(resumable, "goes on", now);
+    target.put(s("taken"), "old", noon);
+    target.put(waitingName({}, s("taken"), call.partOwner), "new", now);
+    target.put(waitsForTaken, "another's new", now);
+    target.put(waitingName({}, s("free"), call.partOwner), "whole", now);
+    target.put(respellingName(s("Photo.jpg")), "photo", noon);
+    target.put(respellingName(s("TAKEN")) + s("x"), "photo, too", noon);
+    target.put(s("TAKENx"), "taken, too", noon);
+    target.memory->addFile(s("/side/") + respellingName(s("dcim")) + s("/1.jpg"), "one", noon);
+    (void)tidied(*target.memory, listAll(*target.memory, s("/side"), {}).items, {}, {}, call);
+    EXPECT_EQ(target.contents(), (Contents{{arriving, "part of another"},
+                                           {resumable, "goes on"},
+                                           {s("taken"), "old"},
+                                           {waitsForTaken, "another's new"},
+                                           {s("free"), "whole"},
+                                           {s("Photo.jpg"), "photo"},
+                                           {s("TAKENx"), "taken, too"},
+                                           {s("TAKENx (2)"), "photo, too"},
+                                           {s("dcim/"), {}},
+                                           {s("dcim/1.jpg"), "one"}}));
 }
 
 TEST(LargeFiles, beginAnewWhenTheSourceChanged) {

@@ -2,9 +2,9 @@
 
 #include "adb/files/ADBListing.h"
 #include "adb/protocol/ADBError.h"
-#include "base/local/PartFile.h"
 #include "base/text/PathNames.h"
 #include "base/threads/CancellationError.h"
+#include "phone/PartNames.h"
 
 #include <QTimeZone>
 
@@ -133,15 +133,18 @@ FileItem ADBEdits::rename(const FileItem& item, const QString& folder, const QSt
 }
 
 /// To a phone that ignores case a name's other spelling is taken by the item itself: it goes there
-/// by way of a third name.
+/// by way of a third name, in one command, and by one that is not taken for something of ours
+/// should the phone not live to see its end.
 FileItem ADBEdits::respell(const FileItem& item, const QString& newPath) {
     const QByteArray from = phonePath(item.path);
     const QByteArray to = phonePath(newPath);
-    const QByteArray between = phonePath(joinPath(parentPath(newPath), PartFile::newName()));
-    session_.run({"mv", "-n", from, between}, ADBSession::patience, stop_);
+    const QByteArray between =
+        phonePath(joinPath(parentPath(newPath), respellingName(lastComponent(newPath))));
     const ADBCommandResult result =
-        session_.tryRun({"mv", "-n", between, to}, ADBSession::patience, stop_);
-    const auto after = session_.facts({{between, false}, {to, false}}, stop_);
+        session_.tryRunLine(ADBSession::lineOf({"mv", "-n", from, between}) + " && " +
+                                ADBSession::lineOf({"mv", "-n", between, to}),
+                            ADBSession::patience, stop_);
+    const auto after = session_.facts({{between, false}, {to, false}}, {});
     if (!after[0] && after[1])
         return itemOf(lastComponent(newPath), newPath, *after[1]);
     session_.run({"mv", "-n", between, from}, ADBSession::patience, {});

@@ -265,7 +265,7 @@ ADBFileSystem::writeTogether(const QString& folder, const std::vector<SmallFile>
         if (!session_.shell(call.stop).isExact())
             throw Error(PhoneError::notSupported, {path});
         queue_->noteEdit();
-        return ADBSmallFiles(session_, path, files, call.stop).write(isWanted, progress);
+        return ADBSmallFiles(session_, path, files, call).write(isWanted, progress);
     });
 }
 

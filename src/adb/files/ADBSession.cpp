@@ -112,15 +112,20 @@ QByteArray ADBSession::lineOf(const QByteArrayList& words) {
 
 ADBCommandResult ADBSession::tryRun(const QByteArrayList& words, std::chrono::milliseconds silence,
                                     const std::stop_token& stop) {
+    return tryRunLine(lineOf(words), silence, stop);
+}
+
+ADBCommandResult ADBSession::tryRunLine(const QByteArray& line, std::chrono::milliseconds silence,
+                                        const std::stop_token& stop) {
     ADBShellClient& client = shell(stop);
     if (!client.isExact())
-        return client.run(lineOf(words), {stop, silence});
+        return client.run(line, {stop, silence});
     if (!commands_ || !commands_->isUsable()) {
         commands_.reset();
         commands_ = std::make_unique<ADBShellSession>(
             *connection_, Wait{stop, std::min<std::chrono::milliseconds>(patience, silence)});
     }
-    return commands_->run(lineOf(words), {stop, silence});
+    return commands_->run(line, {stop, silence});
 }
 
 QByteArray ADBSession::run(const QByteArrayList& words, std::chrono::milliseconds silence,

@@ -96,6 +96,10 @@ public:
     [[nodiscard]] ADBCommandResult tryRun(const QByteArrayList& words,
                                           std::chrono::milliseconds silence,
                                           const std::stop_token& stop);
+    /// The same for a whole line.
+    [[nodiscard]] ADBCommandResult tryRunLine(const QByteArray& line,
+                                              std::chrono::milliseconds silence,
+                                              const std::stop_token& stop);
     void throwIfFailed(const QByteArray& command, const ADBCommandResult& result) const;
     [[nodiscard]] static QByteArray lineOf(const QByteArrayList& words);
 

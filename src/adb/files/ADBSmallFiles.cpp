@@ -2,26 +2,25 @@
 
 #include "adb/files/ADBEdits.h"
 #include "adb/files/ADBListing.h"
-#include "base/local/PartFile.h"
 #include "base/text/PathNames.h"
+#include "phone/PartNames.h"
 #include "phone/PhoneNames.h"
 
 #include <QSet>
 
 #include <algorithm>
 #include <exception>
-#include <utility>
 
 namespace tessary {
 
 ADBSmallFiles::ADBSmallFiles(ADBSession& session, const QString& folder,
-                             const std::vector<SmallFile>& files, std::stop_token stop)
+                             const std::vector<SmallFile>& files, const Call& call)
     : session_(session),
       folder_(folder),
       files_(files),
-      stop_(std::move(stop)),
+      stop_(call.stop),
       folderPath_(phonePath(folder)),
-      part_(phonePath(joinPath(folder, PartFile::newName()))) {}
+      part_(phonePath(joinPath(folder, newPartName(call.partOwner)))) {}
 
 QByteArray ADBSmallFiles::finalPath(std::size_t place) const {
     return folderPath_ + '/' + files_[place].name.toUtf8();

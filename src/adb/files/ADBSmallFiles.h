@@ -18,7 +18,7 @@ class ADBSmallFiles {
 public:
     /// `files` outlives it; `folder` is canonical.
     ADBSmallFiles(ADBSession& session, const QString& folder, const std::vector<SmallFile>& files,
-                  std::stop_token stop);
+                  const Call& call);
     ~ADBSmallFiles();
     ADBSmallFiles(const ADBSmallFiles&) = delete;
     ADBSmallFiles& operator=(const ADBSmallFiles&) = delete;

@@ -4,6 +4,7 @@
 #include "base/log/DiagnosticsLogger.h"
 #include "base/text/PathNames.h"
 #include "base/threads/CancellationError.h"
+#include "phone/PartNames.h"
 #include "phone/PhoneQueue.h"
 #include "sync/plan/SyncError.h"
 #include "sync/run/SyncContents.h"
@@ -13,6 +14,7 @@
 #include "transfer/copy/CopyErrors.h"
 
 #include <QSet>
+#include <QSysInfo>
 #include <QUuid>
 
 #include <algorithm>
@@ -40,6 +42,16 @@ void dropBelow(Map& map, const QString& path) {
         it = map.erase(it);
 }
 
+/// Runs of one pair that have the same lock come one after the other: what such a run finds of
+/// theirs is nobody's any more.
+Call callOf(const SyncRunSetup& setup, std::stop_token stop) {
+    Call call(std::move(stop), Urgency::copy);
+    const QString key = syncRecordKey(setup.hostID, setup.pair);
+    const QString machine = QString::fromLatin1(QSysInfo::machineUniqueId());
+    call.partOwner = partOwner(QStringList{key, setup.lockFile, machine}.join(QChar::Null));
+    return call;
+}
+
 void logFailure(const char* what, const Error& error) {
     DiagnosticsLogger::shared().transfer.error(what, {error.logText()});
 }
@@ -49,7 +61,7 @@ void logFailure(const char* what, const Error& error) {
 SyncRun::SyncRun(SyncRunSetup setup, SyncRunEvents events, std::stop_token stop)
     : setup_(std::move(setup)),
       events_(std::move(events)),
-      call_(std::move(stop), Urgency::copy),
+      call_(callOf(setup_, std::move(stop))),
       progress_(events_),
       local_(setup_.computer.files, setup_.pair.localFolderPath),
       device_(setup_.device, setup_.pair.remoteFolderPath),
@@ -227,7 +239,8 @@ bool SyncRun::writeManifests(SyncFiles files, bool onDevice) {
                            syncDate(report_.startedAt), syncDate(setup_.now()), std::move(files)});
     // Nothing that the record speaks of may be lost when the power goes.
     setup_.computer.flush();
-    const Call whole{{}, Urgency::copy};
+    Call whole = call_;
+    whole.stop = {};
     bool isWhole = true;
     for (SyncSide* side : {&local_, &device_}) {
         if (side == &device_ && !onDevice)

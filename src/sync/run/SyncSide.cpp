@@ -6,7 +6,7 @@
 #include "phone/TreeLimits.h"
 #include "sync/plan/SyncError.h"
 #include "transfer/copy/CopyErrors.h"
-#include "transfer/copy/PartNames.h"
+#include "transfer/copy/Leftovers.h"
 
 #include <QSet>
 
@@ -146,10 +146,10 @@ std::vector<FileItem> SyncSide::withoutLeftovers(std::vector<FileItem> items, Le
     std::vector<FileItem> shown;
     for (FileItem& item : items) {
         if (isPartName(item.name)) {
-            const auto name = nameWaitedFor(item.name, awaited);
-            if (!name || names.contains(*name))
+            const auto part = partNameOf(item.name, awaited);
+            if (!part || !part->awaited || names.contains(*part->awaited))
                 continue;
-            item.name = *name;
+            item.name = *part->awaited;
         }
         shown.push_back(std::move(item));
     }

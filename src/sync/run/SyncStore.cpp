@@ -1,5 +1,6 @@
 #include "sync/run/SyncStore.h"
 
+#include "phone/PartNames.h"
 #include "transfer/copy/CopyErrors.h"
 #include "transfer/copy/FileCopy.h"
 
@@ -18,7 +19,12 @@ struct TooLong {};
 std::optional<SyncManifest> loadManifest(SyncSide& side, const Call& call) {
     QByteArray json;
     try {
-        const auto file = side.findFile(SyncManifest::fileName, call);
+        auto file = side.findFile(SyncManifest::fileName, call);
+        if (!file) {
+            // A run that broke off may have left it there, short of its name.
+            const NameRules rules = side.files().nameRules(side.pathOf({}), call);
+            file = side.findFile(waitingName(rules, SyncManifest::fileName, call.partOwner), call);
+        }
         if (!file)
             return std::nullopt;
         side.files().read(

@@ -4,8 +4,8 @@
 #include "base/text/PathNames.h"
 #include "base/threads/CancellationError.h"
 #include "base/threads/CombinedStopToken.h"
+#include "phone/PartNames.h"
 #include "transfer/copy/ContentCount.h"
-#include "transfer/copy/PartNames.h"
 
 #include <QSet>
 

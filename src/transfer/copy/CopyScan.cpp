@@ -3,9 +3,9 @@
 #include "base/text/ByteCount.h"
 #include "base/text/PathNames.h"
 #include "base/threads/CancellationError.h"
+#include "phone/PartNames.h"
 #include "phone/TreeLimits.h"
 #include "transfer/copy/CopyErrors.h"
-#include "transfer/copy/PartNames.h"
 
 #include <algorithm>
 

@@ -6,7 +6,7 @@
 #include "base/threads/CancellationError.h"
 #include "transfer/copy/CopyErrors.h"
 #include "transfer/copy/FileStream.h"
-#include "transfer/copy/PartNames.h"
+#include "transfer/copy/Leftovers.h"
 
 #include <algorithm>
 
@@ -82,7 +82,7 @@ FileItem giveName(PhoneFileSystem& to, const FilePut& put, bool renamesOntoTaken
     };
     if (renamesOntoTaken && !put.trash)
         return replaceAtOnce();
-    const QString waiting = waitingName(to.nameRules(put.folder, call), put.name);
+    const QString waiting = waitingName(to.nameRules(put.folder, call), put.name, call.partOwner);
     const PartInUse use(waiting);
     part.setItem(to.rename(part.item(), waiting, TakenName::refused, call));
     // Nothing is cancelled between the removal and the new name.
@@ -212,7 +212,7 @@ FileItem putFile(PhoneFileSystem& to, const FilePut& put, const ByteSource& cont
         throw Error(PhoneError::notSupported, {joinPath(put.folder, put.name)});
     const QString writtenAs = !can.renames   ? put.name
                               : put.partName ? *put.partName
-                                             : PartFile::newName();
+                                             : newPartName(call.partOwner);
     const PartInUse use(writtenAs);
     PartOnTarget part(to, writePart(to, put, writtenAs, content, progress, call), call);
     throwIfStopped(call.stop);

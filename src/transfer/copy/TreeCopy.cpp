@@ -6,7 +6,7 @@
 #include "base/threads/CancellationError.h"
 #include "transfer/copy/CopyErrors.h"
 #include "transfer/copy/FileCopy.h"
-#include "transfer/copy/PartNames.h"
+#include "transfer/copy/Leftovers.h"
 
 #include <algorithm>
 #include <utility>

@@ -2,7 +2,7 @@
 
 #include "base/local/LocalError.h"
 #include "base/log/DiagnosticsLogger.h"
-#include "transfer/copy/PartNames.h"
+#include "transfer/copy/Leftovers.h"
 
 #include <QDir>
 #include <QFile>

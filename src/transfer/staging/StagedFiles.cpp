@@ -4,7 +4,7 @@
 #include "base/text/PathNames.h"
 #include "transfer/copy/CopyErrors.h"
 #include "transfer/copy/FileCopy.h"
-#include "transfer/copy/PartNames.h"
+#include "transfer/copy/Leftovers.h"
 #include "transfer/local/LocalFileSystem.h"
 
 #include <QCryptographicHash>

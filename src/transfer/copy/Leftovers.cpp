@@ -1,8 +1,7 @@
-#include "transfer/copy/PartNames.h"
+#include "transfer/copy/Leftovers.h"
 
 #include "base/log/DiagnosticsLogger.h"
 
-#include <QCryptographicHash>
 #include <QHash>
 #include <QSet>
 
@@ -12,10 +11,6 @@
 namespace tessary {
 
 namespace {
-
-constexpr QLatin1StringView waitingPrefix{".tessary-part-for-"};
-constexpr QLatin1StringView hashedPrefix{".tessary-part-for#"};
-constexpr QLatin1StringView resumablePrefix{".tessary-part-of-"};
 
 struct InUse {
     std::mutex mutex;
@@ -27,19 +22,9 @@ InUse& inUse() {
     return all;
 }
 
-QString shortHash(const QString& text) {
-    constexpr qsizetype digits = 32;
-    return QString::fromLatin1(
-        QCryptographicHash::hash(text.toUtf8(), QCryptographicHash::Sha256).toHex().left(digits));
-}
-
-QString hashedName(const QString& name) {
-    return hashedPrefix + shortHash(name);
-}
-
-bool isOld(const FileItem& item) {
+bool isOld(const FileItem& item, PartName::Kind kind) {
     const std::chrono::milliseconds most =
-        item.name.startsWith(resumablePrefix) ? oldestBrokenOff : oldestPart;
+        kind == PartName::Kind::resumable ? oldestBrokenOff : oldestPart;
     return item.modifiedDate &&
            item.modifiedDate->msecsTo(QDateTime::currentDateTime()) > most.count();
 }
@@ -59,29 +44,10 @@ bool tries(const std::function<void()>& step) {
 
 } // namespace
 
-bool isPartName(const QString& name) {
-    return name.startsWith(PartFile::namePrefix);
-}
-
-QString waitingName(const NameRules& rules, const QString& name) {
-    const QString plain = waitingPrefix + name;
-    return rules.accepts(plain) ? plain : hashedName(name);
-}
-
-std::optional<QString> nameWaitedFor(const QString& waitingName, const QStringList& awaited) {
-    if (waitingName.startsWith(waitingPrefix))
-        return waitingName.mid(waitingPrefix.size());
-    if (waitingName.startsWith(hashedPrefix))
-        for (const QString& name : awaited)
-            if (hashedName(name) == waitingName)
-                return name;
-    return std::nullopt;
-}
-
 QString resumableName(const PhoneFileSystem& from, const FileItem& file) {
     const QStringList identity{from.identity(), file.path, QString::number(file.size),
                                QString::number(file.modifiedDateOrEpoch().toMSecsSinceEpoch())};
-    return resumablePrefix + shortHash(identity.join(QChar::Null));
+    return resumablePartName(identity.join(QChar::Null));
 }
 
 PartInUse::PartInUse(QString name) : name_(std::move(name)) {
@@ -112,19 +78,27 @@ std::vector<FileItem> tidied(PhoneFileSystem& files, std::vector<FileItem> entri
     QSet<QString> taken;
     for (const FileItem& item : entries)
         taken.insert(rules.key(item.name));
+    const auto isTaken = [&taken](const QString& key) { return taken.contains(key); };
+    const auto giveName = [&](const FileItem& item, const QString& name) {
+        tries([&] {
+            entries.push_back(files.rename(item, name, TakenName::refused, call));
+            taken.insert(rules.key(name));
+        });
+    };
     for (const FileItem& item : ours) {
         if (PartInUse::has(item.name))
             continue;
-        const auto name = nameWaitedFor(item.name, awaited);
-        const bool waits = !item.isDirectory && (item.name.startsWith(waitingPrefix) ||
-                                                 item.name.startsWith(hashedPrefix));
-        if (waits && !(name && taken.contains(rules.key(*name)))) {
-            if (name && rules.accepts(*name))
-                tries([&] {
-                    entries.push_back(files.rename(item, *name, TakenName::refused, call));
-                    taken.insert(rules.key(*name));
-                });
-        } else if (isOld(item)) {
+        const PartName part = partNameOf(item.name, awaited).value_or(PartName());
+        const bool isFree = part.awaited && !isTaken(rules.key(*part.awaited));
+        const bool isOwn = !part.owner.isEmpty() && part.owner == call.partOwner;
+        if (part.kind == PartName::Kind::respelled) {
+            if (part.awaited && rules.accepts(*part.awaited))
+                giveName(item, freeNameUnder(rules, *part.awaited, item.isDirectory, isTaken));
+        } else if (part.kind == PartName::Kind::waiting && !item.isDirectory &&
+                   (isFree || !part.awaited)) {
+            if (isFree && rules.accepts(*part.awaited))
+                giveName(item, *part.awaited);
+        } else if (isOwn || isOld(item, part.kind)) {
             tries([&] { files.removeTree(item, call); });
         }
     }
