@@ -39,6 +39,20 @@ TEST(SyncRunTest, editOfTheSameSizeBehindAnySampleArrives) {
         }
 }
 
+TEST(SyncRunTest, editOfTheSameSizeASecondLaterArrives) {
+    for (const bool onDevice : {false, true}) {
+        MemoryPair pair;
+        pair.put(onDevice, u"a"_s, longOne);
+        (void)pair.goodRun();
+        MemoryFileSystem& side = pair.side(onDevice);
+        const QString path = MemoryPair::path(onDevice, u"a"_s);
+        side.addFile(path, editedLate(longOne), side.item(path).modifiedDate.value().addSecs(1));
+        (void)pair.goodRun();
+        EXPECT_EQ(pair.users(!onDevice).at(u"a"_s).content, editedLate(longOne));
+        pair.expectQuietRun();
+    }
+}
+
 TEST(SyncRunTest, datesCutToTheMinuteHideNoEdit) {
     MemoryPair pair({.dateStep = std::chrono::minutes(1)});
     pair.there("a", longOne);

@@ -155,9 +155,11 @@ SyncPlanner::Change SyncPlanner::change(const SyncFile& file, qint64 recordedSiz
     const QDateTime expected = recordedDate.addSecs(shift.count());
     if (file.size != recordedSize || step >= 1min || !isSameDate(file.date, expected))
         return Change::changed;
+    if (seconds(file.date) != seconds(expected))
+        return Change::near;
     // An edit within the second, or within that of the last run, leaves the date as it is.
     const bool wasSettled = recordedDate.addMSecs(dateTolerance.count()) < input_.record->startedAt;
-    return wasSettled && seconds(file.date) == seconds(expected) ? Change::none : Change::unsure;
+    return wasSettled ? Change::none : Change::unsure;
 }
 
 SyncPlanner::Change SyncPlanner::localChange(const SyncPlannedAction& action) const {
@@ -191,7 +193,7 @@ SyncPlanner::Pending SyncPlanner::decideBoth(SyncPlannedAction& action) const {
     const SyncFile& device = *action.device;
     const Change localChanged = localChange(action);
     const Change deviceChanged = deviceChange(action);
-    if (localChanged != Change::changed && deviceChanged != Change::changed) {
+    if (!isChange(localChanged) && !isChange(deviceChanged)) {
         const bool isCertain = localChanged == Change::none && deviceChanged == Change::none;
         if (isMove() && !(isCertain && vouches(action)))
             return Pending::comparison;
@@ -207,9 +209,9 @@ SyncPlanner::Pending SyncPlanner::decideBoth(SyncPlannedAction& action) const {
                                input_.local.dateStep < 1min && input_.device.dateStep < 1min;
         return looksSame ? Pending::resemblance : Pending::comparison;
     }
-    if (localChanged == Change::changed && deviceChanged == Change::changed)
+    if (isChange(localChanged) && isChange(deviceChanged))
         return Pending::comparison;
-    const QDateTime& changed = localChanged == Change::changed ? local.date : device.date;
+    const QDateTime& changed = isChange(localChanged) ? local.date : device.date;
     const auto& known = action.record->differingDate;
     if (!known || seconds(*known) != seconds(changed))
         return Pending::comparison;
@@ -227,8 +229,8 @@ void SyncPlanner::settleEqual(SyncPlannedAction& action, bool isContentKnown) co
 
 /// Both sides have the file, and it is not the same.
 void SyncPlanner::settleDiffering(SyncPlannedAction& action) const {
-    const bool localChanged = localChange(action) == Change::changed;
-    const bool deviceChanged = deviceChange(action) == Change::changed;
+    const bool localChanged = isChange(localChange(action));
+    const bool deviceChanged = isChange(deviceChange(action));
     const bool isTwoWay = input_.mode == SyncMode::biDirectional;
     action.deletesSource = isMove();
     if (localChanged == deviceChanged) {

@@ -66,6 +66,7 @@ private:
     enum class Change : unsigned char {
         none,    ///< and nothing can have happened to it unseen
         unsure,  ///< it looks unchanged, and may have been changed since
+        near,    ///< its date is another one, of about the same time
         changed, ///< or without a record
     };
 
@@ -74,6 +75,9 @@ private:
     [[nodiscard]] Change change(const SyncFile& file, qint64 recordedSize,
                                 const QDateTime& recordedDate, std::chrono::seconds shift,
                                 std::chrono::milliseconds step) const;
+    [[nodiscard]] static bool isChange(Change change) {
+        return change == Change::near || change == Change::changed;
+    }
     void decideResemblances();
     void decideFreshOnes(bool changesRecord);
     [[nodiscard]] bool vouches(const SyncPlannedAction& action) const;
