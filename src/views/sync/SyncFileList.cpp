@@ -29,12 +29,13 @@ void setUpSyncFileList(QTreeWidget& list, const QString& last) {
     list.header()->setStretchLastSection(false);
     list.header()->setSectionResizeMode(0, QHeaderView::Stretch);
     list.header()->resizeSection(1, 90);
-    list.header()->setSectionResizeMode(2, QHeaderView::ResizeToContents);
+    list.header()->setSectionResizeMode(2, QHeaderView::Stretch);
 }
 
 QTreeWidgetItem* makeSyncFileRow(const QString& path, qint64 size, const QString& words) {
     auto* row = new QTreeWidgetItem({printable(path), formatBytes(size), words});
     row->setToolTip(0, plainToolTip(printable(path)));
+    row->setToolTip(2, plainToolTip(words));
     row->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
     return row;
 }

@@ -39,7 +39,7 @@ QString actionText(const SyncPreviewItem& item) {
     if (item.deed)
         return deedText(*item.deed);
     const QString left = SyncPreviewDialog::tr("Leave as it is");
-    return item.reason ? left + QStringLiteral(": ") + reasonText(*item.reason) : left;
+    return item.reason ? left + QStringLiteral(": ") + errorText(*item.reason).what : left;
 }
 
 } // namespace

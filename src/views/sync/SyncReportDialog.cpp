@@ -29,7 +29,7 @@ QTreeWidgetItem* rowOf(const SyncReportItem& item) {
 }
 
 QTreeWidgetItem* rowOf(const SyncSkippedItem& item) {
-    auto* row = makeSyncFileRow(item.path, 0, reasonText(item.reason));
+    auto* row = makeSyncFileRow(item.path, 0, errorText(item.reason).text());
     row->setText(1, QString());
     row->setIcon(0, icon("dialog-warning"));
     return row;
@@ -47,6 +47,8 @@ SyncReportDialog::SyncReportDialog(QWidget* parent)
     outcome_->setWordWrap(true);
     outcome_->setText(tr("There is no report yet."));
     setUpSyncFileList(*files_, tr("What was done"));
+    files_->setUniformRowHeights(false); // of sentences
+    files_->setWordWrap(true);
     auto* right = new QWidget;
     auto* column = new QVBoxLayout(right);
     column->setContentsMargins(0, 0, 0, 0);

@@ -24,12 +24,12 @@ struct DeedLook {
 
 /// In the order of SyncDeed.
 constexpr std::array looks{
-    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Copy to the phone"), "go-up"},
-    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Replace on the phone"), "go-up"},
-    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Copy to this computer"), "go-down"},
-    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Replace on this computer"), "go-down"},
-    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Move to the phone"), "go-up"},
-    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Move to this computer"), "go-down"},
+    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Copy to the phone"), "copyToPhone"},
+    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Replace on the phone"), "copyToPhone"},
+    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Copy to this computer"), "copyFromPhone"},
+    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Replace on this computer"), "copyFromPhone"},
+    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Move to the phone"), "copyToPhone"},
+    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Move to this computer"), "copyFromPhone"},
     DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Keep both versions"), "edit-copy"},
     DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Delete on the phone"), "edit-delete"},
     DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Delete on this computer"), "edit-delete"},
