@@ -11,7 +11,9 @@ from mtp_test import MIB, Test, check, main, perform
 
 EDGE_SIZES = (0, 1, 499, 500, 501, 512, 1012, 4084, 4085, 262132, 262144, 524276, 1048565)
 PHONE = "/tmp/phone"
-FILM = 72  # MiB
+# MiB: what goes up in pieces at the least, and what comes down in them
+FILM = 72
+CLIP = 36
 CABLE = "/tmp/config/usb_gadget/phone/UDC"
 UNPLUG = f"echo >{CABLE}"
 
@@ -99,27 +101,38 @@ class GadgetTest(Test):
         self.expect(f"rm {self.device} /edges")
         check("edges" not in self.names("/"), "the folder is still there")
 
-    def broken_off_upload_goes_on(self):
-        return self.copy_twice(f"put {self.device} /tmp/film /", "/tmp/phone")
+    def restart_phone(self):
+        """A responder that has lost its cable may begin anew at any time."""
+        self.stop_phone()
+        self.start_phone("still-image")
 
-    def copy_twice(self, command, target):
+    def broken_off_upload_goes_on(self):
+        self.restart_phone()
+        return self.copy_twice(f"put {self.device} /tmp/film /", "/tmp/film", PHONE, FILM)
+
+    def broken_off_download_goes_on(self):
+        self.shell(f"mkdir /tmp/clips; head -c {CLIP * MIB} /tmp/film >{PHONE}/clip")
+        command = f"get {self.device} /clip /tmp/clips/clip"
+        return self.copy_twice(command, f"{PHONE}/clip", "/tmp/clips", CLIP)
+
+    def copy_twice(self, command, source, target, mebibytes):
         """Pulls the cable at 70 %, and copies again."""
-        self.start_long_copy(command, then=UNPLUG, mebibytes=FILM * 7 // 10)
+        self.start_long_copy(command, then=UNPLUG, mebibytes=mebibytes * 7 // 10)
         self.expect_broken_off(self.machine.finish(30), 1)
         part = int(self.shell(f"stat -c %s {target}/.tessary-part-of-*"))
-        check(part > FILM * MIB // 2, f"{part} bytes wait to be gone on with")
+        check(part > mebibytes * MIB // 2, f"{part} bytes wait to be gone on with")
         self.plug()
         self.await_enumeration()
         watch = f"while usleep 20000; do {self.moved()}; done 2>/dev/null >/tmp/moved"
         copy = f"{self.CLI} {command}; status=$?; kill $watch; exit $status"
         result = self.machine.run(f"({watch}) & watch=$!; {copy}", 90)
         check(result.status == 0, "the second copy failed", result)
-        self.shell(f"cmp /tmp/film {target}/film")
+        self.shell(f"cmp {source} {target}/{source.rsplit('/', 1)[1]}")
         left = self.shell(f"ls -A {target}").split()
         check(not any(name.startswith(".tessary") for name in left), f"left behind: {left}")
         moved = int(self.shell("sort -n /tmp/moved | tail -n 1"))
-        check(moved < FILM // 2, f"{moved} MiB of {FILM} moved again")
-        return f"{part // MIB} of {FILM} MiB were there, {moved} moved after that"
+        check(moved <= mebibytes // 2, f"{moved} MiB of {mebibytes} moved again")
+        return f"{part // MIB} of {mebibytes} MiB were there, {moved} moved after that"
 
     def vendor_specific_interface_is_a_phone(self):
         self.stop_phone()
@@ -139,6 +152,7 @@ def run(arguments, scratch):
             test.device_is_listed,
             test.sizes_beyond_32_bits_are_told,
             test.edge_sizes_go_there_and_back,
+            test.broken_off_download_goes_on,
             test.broken_off_upload_goes_on,
             test.vendor_specific_interface_is_a_phone,
         ]
