@@ -233,6 +233,9 @@ TEST_F(SyncManagerTest, managerThatGoesInMidRunLeavesNothingWaiting) {
 TEST(SyncHostTest, sameComputerIsKnownAgainWithoutSettings) {
     MemoryUserDefaults one;
     MemoryUserDefaults lost;
+    const QString foreseen = foreseenHostID(one);
+    EXPECT_TRUE(one.value(u"Tessary_MacHostID"_s).isUndefined()) << "nothing is stored by looking";
+    EXPECT_EQ(syncHostID(one), foreseen);
     EXPECT_EQ(syncHostID(one), syncHostID(lost));
     one.setValue(u"Tessary_MacHostID"_s, u"0F2A9C1E-1111-4222-8333-ABCDEFABCDEF"_s);
     EXPECT_EQ(syncHostID(one), u"0F2A9C1E-1111-4222-8333-ABCDEFABCDEF"_s);

@@ -318,8 +318,10 @@ void syncFolders(CliSession& session) {
     pair.patterns += session.request().excludes;
 
     // Whoever forgets who he is takes deleted files for new ones the next time.
-    const QString hostID = syncHostID(session.defaults());
-    requireStored(session.defaults());
+    const QString hostID = session.request().isDryRun ? foreseenHostID(session.defaults())
+                                                      : syncHostID(session.defaults());
+    if (!session.request().isDryRun)
+        requireStored(session.defaults());
 
     LocalFileSystem folder(pair.localFolderPath);
     SyncComputer computer = syncComputer(folder);
@@ -336,7 +338,7 @@ void syncFolders(CliSession& session) {
             return answerTo(session, question);
         };
         SyncRun run({pair,
-                     syncHostID(session.defaults()),
+                     hostID,
                      computerName(),
                      std::move(computer),
                      phone,

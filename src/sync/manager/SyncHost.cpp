@@ -12,6 +12,8 @@ namespace {
 constexpr QUuid hostNames(0x6c1fd2a1, 0x2f60, 0x4d4e, 0x9b, 0x4a, 0x30, 0x7c, 0x6f, 0x2e, 0x91,
                           0x58);
 
+constexpr QLatin1StringView key("Tessary_MacHostID");
+
 QUuid newHostID() {
     const QByteArray machine = QSysInfo::machineUniqueId();
     return machine.isEmpty()
@@ -21,13 +23,16 @@ QUuid newHostID() {
 
 } // namespace
 
+QString foreseenHostID(const UserDefaults& defaults) {
+    const QString id = defaults.value(key).toString();
+    return QUuid::fromString(id).isNull() ? newHostID().toString(QUuid::WithoutBraces).toUpper()
+                                          : id;
+}
+
 QString syncHostID(UserDefaults& defaults) {
-    const QString key = QStringLiteral("Tessary_MacHostID");
-    QString id = defaults.value(key).toString();
-    if (QUuid::fromString(id).isNull()) {
-        id = newHostID().toString(QUuid::WithoutBraces).toUpper();
+    QString id = foreseenHostID(defaults);
+    if (defaults.value(key) != id)
         defaults.setValue(key, id);
-    }
     return id;
 }
 

@@ -10,5 +10,7 @@ namespace tessary {
 /// settings. Made on first use, of the machine and the user: where settings cannot be stored it is
 /// the same one again.
 [[nodiscard]] QString syncHostID(UserDefaults& defaults);
+/// The same, without storing it.
+[[nodiscard]] QString foreseenHostID(const UserDefaults& defaults);
 
 } // namespace tessary
