@@ -59,6 +59,8 @@ TEST(DesktopEntry, execLinesTakeFilesAsTheySay) {
         {"view 100%% %d%v %F", {{u"view"_s, u"100%"_s, u"/a b.txt"_s, u"/ü%.txt"_s}}},
         {"\"unfinished %F", {}},
         {"  ", {}},
+        {"%i", {}}, // or the phone's file would be the program
+        {"%F", {}},
     };
     for (const auto& [line, commands] : rows) {
         const DesktopProgram program{u"v.desktop"_s, u"Viewer"_s, u"eye"_s,
