@@ -130,6 +130,8 @@ TEST_F(SyncWindowTest, deletionAndConflictAreDecidedInThePreview) {
         return shown != nullptr && shown->findChild<QTreeWidget*>()->topLevelItemCount() >= 2;
     }));
     auto* list = dialog("syncPreview")->findChild<QTreeWidget*>();
+    for (const auto* button : dialog("syncPreview")->findChildren<QPushButton*>())
+        EXPECT_EQ(button->isDefault(), button->text() == u"Cancel") << "Return deletes nothing";
     for (int n = 0; n < list->topLevelItemCount(); ++n)
         if (list->topLevelItem(n)->text(0) == u"alpha.txt"_s)
             list->topLevelItem(n)->setCheckState(0, Qt::Unchecked);

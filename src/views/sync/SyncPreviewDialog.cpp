@@ -51,6 +51,7 @@ SyncPreviewDialog::SyncPreviewDialog(QWidget* parent)
       warning_(new QLabel),
       busy_(new QProgressBar),
       list_(new QTreeWidget),
+      cancel_(nullptr),
       run_(nullptr) {
     setObjectName(QStringLiteral("syncPreview"));
     setWindowTitle(tr("What Will Happen"));
@@ -79,7 +80,8 @@ SyncPreviewDialog::SyncPreviewDialog(QWidget* parent)
         column->addWidget(each);
     column->addWidget(list_, 1);
     column->addWidget(buttons);
-    buttons->button(QDialogButtonBox::Cancel)->setAutoDefault(false);
+    cancel_ = buttons->button(QDialogButtonBox::Cancel);
+    cancel_->setAutoDefault(false);
     run_->setDefault(true); // the dialog has it only now
     makePlain(*this);
 }
@@ -137,6 +139,13 @@ void SyncPreviewDialog::fill(const SyncPreview& plan) {
                 .arg(formatBytes(plan.totalBytes)));
     if (items.empty() || plan.inSync > 0)
         parts.append(tr("%Ln files are the same already", nullptr, static_cast<int>(plan.inSync)));
+    // Return changes nothing where something may go, or comes back that was meant to be gone.
+    const bool isRisky = guard_ != SyncGuard::Kind::nothing || !deletions_.isEmpty();
+    (isRisky ? cancel_ : run_)->setDefault(true);
+    const bool isSideEmpty =
+        guard_ == SyncGuard::Kind::localEmpty || guard_ == SyncGuard::Kind::deviceEmpty;
+    run_->setText(isSideEmpty && deletions_.isEmpty() ? tr("Copy Everything Again")
+                                                      : tr("Sync Now"));
     title_->setText(parts.join(QStringLiteral("  ·  ")));
     counts_->setText(countsText(plan.counts()));
 }

@@ -36,6 +36,7 @@ private:
     QLabel* warning_;
     QProgressBar* busy_;
     QTreeWidget* list_;
+    QPushButton* cancel_;
     QPushButton* run_;
     SyncGuard::Kind guard_ = SyncGuard::Kind::nothing;
     QHash<QString, QTreeWidgetItem*> deletions_; ///< by path
