@@ -32,11 +32,13 @@ protected:
             }
             auto* folders = dialog->findChild<QListWidget*>(u"folderChooserList"_s);
             EXPECT_EQ(dialog->focusWidget(), folders);
+            // Each folder is read before its next key.
+            const auto isRead = [&] { return folders->count() > 0; };
             for (const Qt::Key key : keys) {
-                // Each folder is read before its next key.
-                EXPECT_TRUE(wait([&] { return folders->count() > 0; }));
+                EXPECT_TRUE(wait(isRead));
                 QTest::keyClick(folders, key);
             }
+            EXPECT_TRUE(wait(isRead));
             QTest::keyClick(dialog, Qt::Key_Return);
         });
     }
@@ -129,6 +131,20 @@ TEST_F(ClipboardTest, filesThatOtherProgramsCutAreMoved) {
     }
 }
 
+TEST_F(ClipboardTest, whatWasCutStaysCutUntilItIsOnItsWay) {
+    QClipboard& clipboard = *QGuiApplication::clipboard();
+    openFolder();
+    QMimeData* data = urls({local_.write(u"alpha.txt"_s, "another")});
+    data->setData(u"x-special/gnome-copied-files"_s, "cut\n");
+    clipboard.setMimeData(data);
+    bool wasAsked = false;
+    whileAsked(u"Cancel"_s, [&] { wasAsked = true; });
+    paste();
+    EXPECT_TRUE(wait([&] { return wasAsked && question() == nullptr; }));
+    EXPECT_TRUE(clipboard.mimeData()->hasUrls());
+    EXPECT_EQ(phone_.content(u"DCIM/alpha.txt"_s), "a");
+}
+
 TEST_F(ClipboardTest, moveToAndCopyToAskForAFolderOfThePhone) {
     (void)phone_.disk.makeFolder(u"0/Music/Live"_s);
     openFolder();
@@ -140,7 +156,7 @@ TEST_F(ClipboardTest, moveToAndCopyToAskForAFolderOfThePhone) {
     EXPECT_TRUE(wait([this] { return !row(u"alpha.txt"_s).isValid(); }));
 
     click(u"beta.txt"_s);
-    chooseFolder({Qt::Key_Left}); // into the storage itself
+    chooseFolder({Qt::Key_Left}); // into the storage itself, not back to where one came from
     press(Qt::Key_K, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_TRUE(wait([this] { return phone_.content(u"beta.txt"_s) == "bb"; }));
     EXPECT_EQ(phone_.content(u"DCIM/beta.txt"_s), "bb");

@@ -7,6 +7,8 @@
 #include "support/ScriptedADBServer.h"
 #include "support/ScriptedNetwork.h"
 
+#include <QDialogButtonBox>
+#include <QInputDialog>
 #include <QLabel>
 #include <QListWidget>
 #include <QProgressBar>
@@ -94,6 +96,25 @@ TEST_F(WirelessDialogTest, phoneIsConnectedOrTheFailureTold) {
         EXPECT_TRUE(wait([&] { return row(0).endsWith(shown); })) << row(0).toStdString();
     }
     EXPECT_FALSE(connect_.isEnabled());
+}
+
+TEST_F(WirelessDialogTest, onlySixDigitsPair) {
+    network_->address = ServiceAddress{u"10.0.0.2"_s, 4711};
+    network_->report(WirelessADBDiscovery::pairingType, "adb-B-2");
+    ASSERT_TRUE(wait([&] { return find<QListWidget>("wirelessList").count() == 1; }));
+    find<QListWidget>("wirelessList").setCurrentRow(0);
+    QTest::mouseClick(&connect_, Qt::LeftButton);
+    auto* question = dialog_.findChild<QInputDialog*>();
+    ASSERT_NE(question, nullptr);
+    const auto* pair = question->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
+    const std::pair<const char*, bool> rows[] = {
+        {"", false}, {"12345", false}, {"123 456", true}, {"1234567", false}, {"12345a", false},
+    };
+    for (const auto& [typed, isCode] : rows) {
+        question->setTextValue(QString::fromLatin1(typed));
+        EXPECT_EQ(pair->isEnabled(), isCode) << typed;
+    }
+    question->reject();
 }
 
 } // namespace

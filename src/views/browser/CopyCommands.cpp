@@ -27,6 +27,16 @@ bool wasCut(const QMimeData& data) {
            data.data(QStringLiteral("application/x-kde-cutselection")).startsWith('1');
 }
 
+/// What was cut and has been taken is not there any more.
+void clearCut() {
+    QClipboard& clipboard = *QGuiApplication::clipboard();
+    const QMimeData* held = clipboard.mimeData();
+    const auto* entries = qobject_cast<const EntryMimeData*>(held);
+    if (entries != nullptr ? entries->use() == EntryMimeData::Use::move
+                           : held != nullptr && wasCut(*held))
+        clipboard.clear();
+}
+
 } // namespace
 
 CopyDialogs systemCopyDialogs() {
@@ -75,16 +85,13 @@ void CopyCommands::chooseAndUploadFolder() {
 }
 
 void CopyCommands::paste() {
-    QClipboard& clipboard = *QGuiApplication::clipboard();
-    const QMimeData* copied = clipboard.mimeData();
+    const QMimeData* copied = QGuiApplication::clipboard()->mimeData();
     if (copied == nullptr || !browser_.files())
         return;
-    EntryMimeData::Use use = EntryMimeData::Use::copy;
     if (const auto* entries = qobject_cast<const EntryMimeData*>(copied)) {
-        use = entries->use();
-        take(*entries, {}, use);
+        take(*entries, {}, entries->use(), Origin::clipboard);
     } else {
-        use = wasCut(*copied) ? EntryMimeData::Use::move : EntryMimeData::Use::copy;
+        const auto use = wasCut(*copied) ? EntryMimeData::Use::move : EntryMimeData::Use::copy;
         const ShownFolder asked(browser_);
         QStringList paths;
         for (const QUrl& url : copied->urls()) // their program may have to be waited for
@@ -92,27 +99,29 @@ void CopyCommands::paste() {
                 paths.append(url.toLocalFile());
         if (paths.isEmpty() || !asked.isStillShown())
             return;
-        upload(paths, {}, use);
+        upload(paths, {}, use, Origin::clipboard);
     }
-    if (use == EntryMimeData::Use::move)
-        clipboard.clear(); // they are not there any more
 }
 
-void CopyCommands::upload(const QStringList& paths, const QString& folder, EntryMimeData::Use use) {
+void CopyCommands::upload(const QStringList& paths, const QString& folder, EntryMimeData::Use use,
+                          Origin origin) {
     if (!paths.isEmpty())
-        browser_.copies().prepareUpload(paths, folder, askAndCopy(), afterwards(use));
+        browser_.copies().prepareUpload(paths, folder, askAndCopy(use, origin), afterwards(use));
 }
 
-void CopyCommands::take(const EntryMimeData& entries, const QString& folder,
-                        EntryMimeData::Use use) {
+void CopyCommands::take(const EntryMimeData& entries, const QString& folder, EntryMimeData::Use use,
+                        Origin origin) {
     if (!browser_.files())
         return;
-    if (use == EntryMimeData::Use::move && entries.identity() == browser_.files()->identity())
+    if (use == EntryMimeData::Use::move && entries.identity() == browser_.files()->identity()) {
         browser_.changes().move(entries.items(),
                                 folder.isEmpty() ? browser_.currentPath() : folder);
-    else
-        browser_.copies().prepareTransfer(entries.files(), entries.items(), folder, askAndCopy(),
-                                          afterwards(use));
+        if (origin == Origin::clipboard)
+            clearCut();
+    } else {
+        browser_.copies().prepareTransfer(entries.files(), entries.items(), folder,
+                                          askAndCopy(use, origin), afterwards(use));
+    }
 }
 
 void CopyCommands::chooseFolderAndTake(EntryMimeData::Use use) {
@@ -135,13 +144,17 @@ void CopyCommands::duplicate() {
 }
 
 /// Starts a copy once the user has answered what there is to ask about it.
-BrowserCopies::Prepared CopyCommands::askAndCopy() {
-    return [self = QPointer<CopyCommands>(this)](const PreparedCopy& copy) {
+BrowserCopies::Prepared CopyCommands::askAndCopy(EntryMimeData::Use use, Origin origin) {
+    const bool isCut = use == EntryMimeData::Use::move && origin == Origin::clipboard;
+    return [self = QPointer<CopyCommands>(this), isCut](const PreparedCopy& copy) {
         if (!self)
             return;
         const auto answers = askAboutClashes(&self->parent_, copy);
-        if (answers && self && askAboutSpace(&self->parent_, copy, *answers) && self)
-            self->browser_.copies().start(copy, *answers);
+        if (!answers || !self || !askAboutSpace(&self->parent_, copy, *answers) || !self)
+            return;
+        self->browser_.copies().start(copy, *answers);
+        if (isCut)
+            clearCut();
     };
 }
 

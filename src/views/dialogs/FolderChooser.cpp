@@ -121,7 +121,7 @@ void FolderChooser::listStorages() {
     });
 }
 
-void FolderChooser::show(const QString& folder, const QString& select) {
+void FolderChooser::show(const QString& folder, const Marked& marked) {
     folder_ = folder;
     const FileTreeRoot root = files_->rootOf(folder);
     up_->setEnabled(folder != root.path);
@@ -139,11 +139,11 @@ void FolderChooser::show(const QString& folder, const QString& select) {
         [files = files_, folder](const std::stop_token& stop) {
             return listAll(*files, folder, stop);
         },
-        [this, number = ++number_, select](BackgroundResult<Listing> result) {
+        [this, number = ++number_, marked](BackgroundResult<Listing> result) {
             if (number != number_)
                 return;
             try {
-                take(result.take(), select);
+                take(result.take(), marked);
             } catch (const CancellationError&) {
                 return;
             } catch (const Error& error) {
@@ -152,7 +152,7 @@ void FolderChooser::show(const QString& folder, const QString& select) {
         });
 }
 
-void FolderChooser::take(const Listing& listing, const QString& select) {
+void FolderChooser::take(const Listing& listing, const Marked& marked) {
     std::vector<FileItem> folders;
     for (const FileItem& item : listing.items)
         if (item.isDirectory && (browser_.showsHidden() || !item.name.startsWith(QLatin1Char('.'))))
@@ -163,8 +163,9 @@ void FolderChooser::take(const Listing& listing, const QString& select) {
         auto* row = new QListWidgetItem(fileIcon(QStringLiteral("folder.fill")), printable(name));
         row->setData(nameRole, name);
         list_->addItem(row);
-        if (name == select)
-            list_->setCurrentItem(row);
+        if (name == marked.name)
+            list_->setCurrentItem(row, marked.isSelected ? QItemSelectionModel::ClearAndSelect
+                                                         : QItemSelectionModel::NoUpdate);
     }
     note_->setText(list_->count() == 0 ? tr("No folders in here.") : QString());
 }
@@ -180,7 +181,7 @@ void FolderChooser::enter() {
 
 void FolderChooser::goUp() {
     if (up_->isEnabled())
-        show(parentPath(folder_), lastComponent(folder_));
+        show(parentPath(folder_), {lastComponent(folder_), false});
 }
 
 void FolderChooser::makeFolder() {
@@ -199,7 +200,7 @@ void FolderChooser::makeFolder() {
             if (folder != folder_)
                 return;
             try {
-                show(folder, result.take().name);
+                show(folder, {result.take().name, true});
             } catch (const CancellationError&) {
                 return;
             } catch (const Error& error) {

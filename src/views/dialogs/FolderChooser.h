@@ -37,8 +37,13 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void show(const QString& folder, const QString& select = {});
-    void take(const Listing& listing, const QString& select);
+    /// What becomes of a row: only one that is selected is meant by the button.
+    struct Marked {
+        QString name;
+        bool isSelected;
+    };
+    void show(const QString& folder, const Marked& marked = {});
+    void take(const Listing& listing, const Marked& marked);
     void showFailure(const Error& error);
     void enter();
     void goUp();

@@ -38,6 +38,14 @@ QString stateText(const WirelessViewModel::Phone& phone) {
                                   : WirelessDialog::tr("Ready to connect");
 }
 
+/// The six digits, however they are grouped; no value for anything else.
+std::optional<QString> pairingCode(const QString& text) {
+    static const QRegularExpression blanks(QStringLiteral("\\s"));
+    static const QRegularExpression digits(QStringLiteral("^\\d{6}$"));
+    const QString code = QString(text).remove(blanks);
+    return digits.match(code).hasMatch() ? std::optional(code) : std::nullopt;
+}
+
 } // namespace
 
 WirelessDialog::WirelessDialog(std::shared_ptr<ServiceNetwork> network, ADBWays& ways,
@@ -175,12 +183,13 @@ void WirelessDialog::connectOrPair() {
     question->setLabelText(tr("The six digits that the phone shows:"));
     question->setOkButtonText(tr("Pair"));
     question->setCancelButtonText(tr("Cancel"));
+    QPushButton* pair = question->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
+    pair->setEnabled(false);
+    connect(question, &QInputDialog::textValueChanged, pair,
+            [pair](const QString& text) { pair->setEnabled(pairingCode(text).has_value()); });
     connect(question, &QInputDialog::textValueSelected, this, [this, id](const QString& text) {
-        static const QRegularExpression blanks(QStringLiteral("\\s"));
-        static const QRegularExpression digits(QStringLiteral("^\\d{6}$"));
-        const QString code = QString(text).remove(blanks);
-        if (digits.match(code).hasMatch())
-            phones_.pair(id, code);
+        if (const auto code = pairingCode(text))
+            phones_.pair(id, *code);
     });
     question->open();
 }
