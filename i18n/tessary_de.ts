@@ -1164,10 +1164,6 @@
         <translation>„%1“ konnte nicht verschoben werden: %2</translation>
     </message>
     <message>
-        <source>“%1” could not be dragged out: %2</source>
-        <translation>„%1“ konnte nicht herausgezogen werden: %2</translation>
-    </message>
-    <message>
         <source>“%1” could not be deleted: %2</source>
         <translation>„%1“ konnte nicht gelöscht werden: %2</translation>
     </message>
@@ -1209,6 +1205,18 @@
     <message>
         <source>There is no “%1” on the phone.</source>
         <translation>Auf dem Telefon gibt es kein „%1“.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be fetched: %2</source>
+        <translation>„%1“ konnte nicht geholt werden: %2</translation>
+    </message>
+    <message>
+        <source>The search was stopped. What it had found is shown.</source>
+        <translation>Die Suche wurde angehalten. Gezeigt wird, was sie bis dahin gefunden hatte.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be opened: no program for it was found, or it did not start.</source>
+        <translation>„%1“ konnte nicht geöffnet werden: Es wurde kein Programm dafür gefunden, oder es ist nicht gestartet.</translation>
     </message>
 </context>
 <context>
@@ -1559,6 +1567,10 @@
     <message>
         <source>searching…</source>
         <translation>wird durchsucht …</translation>
+    </message>
+    <message>
+        <source>(Esc stops)</source>
+        <translation>(Esc hält an)</translation>
     </message>
 </context>
 <context>
@@ -1962,6 +1974,13 @@
         <source>Drop files here to copy them into it.</source>
         <translation>Ziehen Sie Dateien hierher, um sie in diesen Ordner zu kopieren.</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln entries could not be read.</source>
+        <translation>
+            <numerusform>%Ln Eintrag konnte nicht gelesen werden.</numerusform>
+            <numerusform>%Ln Einträge konnten nicht gelesen werden.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>tessary::GeneralNotices</name>
@@ -2241,6 +2260,14 @@
     <message>
         <source>Import Photos…</source>
         <translation>Fotos importieren …</translation>
+    </message>
+    <message>
+        <source>Files on the phone are still being changed.</source>
+        <translation>Auf dem Telefon werden noch Dateien geändert.</translation>
+    </message>
+    <message>
+        <source>Quitting stops this. What is done stays done.</source>
+        <translation>Beim Beenden wird das angehalten. Was getan ist, bleibt getan.</translation>
     </message>
 </context>
 <context>
@@ -2727,6 +2754,10 @@
     <message>
         <source>Keep the phone&apos;s</source>
         <translation>Die des Telefons behalten</translation>
+    </message>
+    <message>
+        <source>Copy Everything Again</source>
+        <translation>Alles noch einmal kopieren</translation>
     </message>
 </context>
 <context>

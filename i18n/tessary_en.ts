@@ -135,6 +135,16 @@
     </message>
 </context>
 <context>
+    <name>tessary::FolderNotice</name>
+    <message numerus="yes">
+        <source>%Ln entries could not be read.</source>
+        <translation>
+            <numerusform>%Ln entry could not be read.</numerusform>
+            <numerusform>%Ln entries could not be read.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>tessary::GeneralNotices</name>
     <message numerus="yes">
         <source>%Ln copies broke off.</source>

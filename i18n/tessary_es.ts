@@ -1164,10 +1164,6 @@
         <translation>No se ha podido mover «%1»: %2</translation>
     </message>
     <message>
-        <source>“%1” could not be dragged out: %2</source>
-        <translation>No se ha podido arrastrar «%1» fuera: %2</translation>
-    </message>
-    <message>
         <source>“%1” could not be deleted: %2</source>
         <translation>No se ha podido eliminar «%1»: %2</translation>
     </message>
@@ -1209,6 +1205,18 @@
     <message>
         <source>There is no “%1” on the phone.</source>
         <translation>No hay ningún «%1» en el teléfono.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be fetched: %2</source>
+        <translation>No se pudo obtener «%1»: %2</translation>
+    </message>
+    <message>
+        <source>The search was stopped. What it had found is shown.</source>
+        <translation>Se detuvo la búsqueda. Se muestra lo que había encontrado.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be opened: no program for it was found, or it did not start.</source>
+        <translation>No se pudo abrir «%1»: no se encontró ningún programa para ello o no se inició.</translation>
     </message>
 </context>
 <context>
@@ -1559,6 +1567,10 @@
     <message>
         <source>searching…</source>
         <translation>buscando…</translation>
+    </message>
+    <message>
+        <source>(Esc stops)</source>
+        <translation>(Esc detiene)</translation>
     </message>
 </context>
 <context>
@@ -1962,6 +1974,13 @@
         <source>Drop files here to copy them into it.</source>
         <translation>Suelta archivos aquí para copiarlos en la carpeta.</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln entries could not be read.</source>
+        <translation>
+            <numerusform>No se pudo leer %Ln entrada.</numerusform>
+            <numerusform>No se pudieron leer %Ln entradas.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>tessary::GeneralNotices</name>
@@ -2241,6 +2260,14 @@
     <message>
         <source>Import Photos…</source>
         <translation>Importar fotos…</translation>
+    </message>
+    <message>
+        <source>Files on the phone are still being changed.</source>
+        <translation>Todavía se están cambiando archivos en el teléfono.</translation>
+    </message>
+    <message>
+        <source>Quitting stops this. What is done stays done.</source>
+        <translation>Al salir se detiene. Lo hecho, hecho queda.</translation>
     </message>
 </context>
 <context>
@@ -2727,6 +2754,10 @@
     <message>
         <source>Keep the phone&apos;s</source>
         <translation>Conservar la del teléfono</translation>
+    </message>
+    <message>
+        <source>Copy Everything Again</source>
+        <translation>Copiar todo de nuevo</translation>
     </message>
 </context>
 <context>

@@ -1164,10 +1164,6 @@
         <translation>«&#xa0;%1&#xa0;» n’a pas pu être déplacé&#xa0;: %2</translation>
     </message>
     <message>
-        <source>“%1” could not be dragged out: %2</source>
-        <translation>«&#xa0;%1&#xa0;» n’a pas pu être glissé à l’extérieur&#xa0;: %2</translation>
-    </message>
-    <message>
         <source>“%1” could not be deleted: %2</source>
         <translation>«&#xa0;%1&#xa0;» n’a pas pu être supprimé&#xa0;: %2</translation>
     </message>
@@ -1209,6 +1205,18 @@
     <message>
         <source>There is no “%1” on the phone.</source>
         <translation>Il n’y a pas de «&#xa0;%1&#xa0;» sur le téléphone.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be fetched: %2</source>
+        <translation>« %1 » n’a pas pu être récupéré : %2</translation>
+    </message>
+    <message>
+        <source>The search was stopped. What it had found is shown.</source>
+        <translation>La recherche a été arrêtée. Ce qu’elle avait trouvé est affiché.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be opened: no program for it was found, or it did not start.</source>
+        <translation>« %1 » n’a pas pu être ouvert : aucun programme n’a été trouvé pour cela, ou il n’a pas démarré.</translation>
     </message>
 </context>
 <context>
@@ -1559,6 +1567,10 @@
     <message>
         <source>searching…</source>
         <translation>recherche…</translation>
+    </message>
+    <message>
+        <source>(Esc stops)</source>
+        <translation>(Échap pour arrêter)</translation>
     </message>
 </context>
 <context>
@@ -1962,6 +1974,13 @@
         <source>Drop files here to copy them into it.</source>
         <translation>Déposez des fichiers ici pour les copier dans ce dossier.</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln entries could not be read.</source>
+        <translation>
+            <numerusform>%Ln élément n’a pas pu être lu.</numerusform>
+            <numerusform>%Ln éléments n’ont pas pu être lus.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>tessary::GeneralNotices</name>
@@ -2241,6 +2260,14 @@
     <message>
         <source>Import Photos…</source>
         <translation>Importer des photos…</translation>
+    </message>
+    <message>
+        <source>Files on the phone are still being changed.</source>
+        <translation>Des fichiers du téléphone sont encore en cours de modification.</translation>
+    </message>
+    <message>
+        <source>Quitting stops this. What is done stays done.</source>
+        <translation>Quitter arrête cela. Ce qui est fait reste fait.</translation>
     </message>
 </context>
 <context>
@@ -2727,6 +2754,10 @@
     <message>
         <source>Keep the phone&apos;s</source>
         <translation>Garder celle du téléphone</translation>
+    </message>
+    <message>
+        <source>Copy Everything Again</source>
+        <translation>Tout recopier</translation>
     </message>
 </context>
 <context>

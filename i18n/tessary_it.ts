@@ -1164,10 +1164,6 @@
         <translation>Impossibile spostare «%1»: %2</translation>
     </message>
     <message>
-        <source>“%1” could not be dragged out: %2</source>
-        <translation>Impossibile trascinare fuori «%1»: %2</translation>
-    </message>
-    <message>
         <source>“%1” could not be deleted: %2</source>
         <translation>Impossibile eliminare «%1»: %2</translation>
     </message>
@@ -1209,6 +1205,18 @@
     <message>
         <source>There is no “%1” on the phone.</source>
         <translation>Sul telefono non c’è «%1».</translation>
+    </message>
+    <message>
+        <source>“%1” could not be fetched: %2</source>
+        <translation>Impossibile recuperare «%1»: %2</translation>
+    </message>
+    <message>
+        <source>The search was stopped. What it had found is shown.</source>
+        <translation>La ricerca è stata interrotta. È mostrato ciò che aveva trovato.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be opened: no program for it was found, or it did not start.</source>
+        <translation>Impossibile aprire «%1»: non è stato trovato un programma adatto, oppure non si è avviato.</translation>
     </message>
 </context>
 <context>
@@ -1559,6 +1567,10 @@
     <message>
         <source>searching…</source>
         <translation>ricerca in corso…</translation>
+    </message>
+    <message>
+        <source>(Esc stops)</source>
+        <translation>(Esc interrompe)</translation>
     </message>
 </context>
 <context>
@@ -1962,6 +1974,13 @@
         <source>Drop files here to copy them into it.</source>
         <translation>Trascina qui i file per copiarli nella cartella.</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln entries could not be read.</source>
+        <translation>
+            <numerusform>%Ln elemento non è leggibile.</numerusform>
+            <numerusform>%Ln elementi non sono leggibili.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>tessary::GeneralNotices</name>
@@ -2241,6 +2260,14 @@
     <message>
         <source>Import Photos…</source>
         <translation>Importa foto…</translation>
+    </message>
+    <message>
+        <source>Files on the phone are still being changed.</source>
+        <translation>I file sul telefono sono ancora in corso di modifica.</translation>
+    </message>
+    <message>
+        <source>Quitting stops this. What is done stays done.</source>
+        <translation>Uscendo, questo si interrompe. Ciò che è fatto resta fatto.</translation>
     </message>
 </context>
 <context>
@@ -2727,6 +2754,10 @@
     <message>
         <source>Keep the phone&apos;s</source>
         <translation>Mantieni quella del telefono</translation>
+    </message>
+    <message>
+        <source>Copy Everything Again</source>
+        <translation>Copia di nuovo tutto</translation>
     </message>
 </context>
 <context>

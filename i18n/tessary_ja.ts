@@ -1161,10 +1161,6 @@
         <translation>「%1」を移動できませんでした: %2</translation>
     </message>
     <message>
-        <source>“%1” could not be dragged out: %2</source>
-        <translation>「%1」を外へドラッグできませんでした: %2</translation>
-    </message>
-    <message>
         <source>“%1” could not be deleted: %2</source>
         <translation>「%1」を削除できませんでした: %2</translation>
     </message>
@@ -1203,6 +1199,18 @@
     <message>
         <source>There is no “%1” on the phone.</source>
         <translation>デバイスに「%1」はありません。</translation>
+    </message>
+    <message>
+        <source>“%1” could not be fetched: %2</source>
+        <translation>「%1」を取得できませんでした: %2</translation>
+    </message>
+    <message>
+        <source>The search was stopped. What it had found is shown.</source>
+        <translation>検索を中止しました。それまでに見つかったものを表示しています。</translation>
+    </message>
+    <message>
+        <source>“%1” could not be opened: no program for it was found, or it did not start.</source>
+        <translation>「%1」を開けませんでした: 対応するプログラムが見つからないか、起動しませんでした。</translation>
     </message>
 </context>
 <context>
@@ -1546,6 +1554,10 @@
     <message>
         <source>searching…</source>
         <translation>検索中…</translation>
+    </message>
+    <message>
+        <source>(Esc stops)</source>
+        <translation>(Esc で中止)</translation>
     </message>
 </context>
 <context>
@@ -1946,6 +1958,12 @@
         <source>Drop files here to copy them into it.</source>
         <translation>ここにファイルをドロップするとこのフォルダにコピーされます。</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln entries could not be read.</source>
+        <translation>
+            <numerusform>%Ln 項目を読み取れませんでした。</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>tessary::GeneralNotices</name>
@@ -2217,6 +2235,14 @@
     <message>
         <source>Import Photos…</source>
         <translation>写真を読み込む…</translation>
+    </message>
+    <message>
+        <source>Files on the phone are still being changed.</source>
+        <translation>デバイスのファイルをまだ変更しています。</translation>
+    </message>
+    <message>
+        <source>Quitting stops this. What is done stays done.</source>
+        <translation>終了すると中止されます。済んだものは元に戻りません。</translation>
     </message>
 </context>
 <context>
@@ -2699,6 +2725,10 @@
     <message>
         <source>Keep the phone&apos;s</source>
         <translation>デバイスのものを残す</translation>
+    </message>
+    <message>
+        <source>Copy Everything Again</source>
+        <translation>すべてコピーし直す</translation>
     </message>
 </context>
 <context>

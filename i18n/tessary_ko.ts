@@ -1161,10 +1161,6 @@
         <translation>“%1”을(를) 이동할 수 없습니다: %2</translation>
     </message>
     <message>
-        <source>“%1” could not be dragged out: %2</source>
-        <translation>“%1”을(를) 밖으로 드래그할 수 없습니다: %2</translation>
-    </message>
-    <message>
         <source>“%1” could not be deleted: %2</source>
         <translation>“%1”을(를) 삭제할 수 없습니다: %2</translation>
     </message>
@@ -1203,6 +1199,18 @@
     <message>
         <source>There is no “%1” on the phone.</source>
         <translation>휴대폰에 “%1”이(가) 없습니다.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be fetched: %2</source>
+        <translation>“%1”을(를) 가져올 수 없습니다: %2</translation>
+    </message>
+    <message>
+        <source>The search was stopped. What it had found is shown.</source>
+        <translation>검색을 중지했습니다. 그때까지 찾은 항목을 표시합니다.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be opened: no program for it was found, or it did not start.</source>
+        <translation>“%1”을(를) 열 수 없습니다: 알맞은 프로그램이 없거나 시작되지 않았습니다.</translation>
     </message>
 </context>
 <context>
@@ -1546,6 +1554,10 @@
     <message>
         <source>searching…</source>
         <translation>검색 중…</translation>
+    </message>
+    <message>
+        <source>(Esc stops)</source>
+        <translation>(Esc로 중지)</translation>
     </message>
 </context>
 <context>
@@ -1946,6 +1958,12 @@
         <source>Drop files here to copy them into it.</source>
         <translation>여기에 파일을 놓으면 이 폴더로 복사됩니다.</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln entries could not be read.</source>
+        <translation>
+            <numerusform>%Ln개 항목을 읽지 못했습니다.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>tessary::GeneralNotices</name>
@@ -2217,6 +2235,14 @@
     <message>
         <source>Import Photos…</source>
         <translation>사진 가져오기…</translation>
+    </message>
+    <message>
+        <source>Files on the phone are still being changed.</source>
+        <translation>휴대폰의 파일을 아직 변경하고 있습니다.</translation>
+    </message>
+    <message>
+        <source>Quitting stops this. What is done stays done.</source>
+        <translation>종료하면 중지됩니다. 이미 처리된 것은 그대로 남습니다.</translation>
     </message>
 </context>
 <context>
@@ -2699,6 +2725,10 @@
     <message>
         <source>Keep the phone&apos;s</source>
         <translation>휴대폰의 것 유지</translation>
+    </message>
+    <message>
+        <source>Copy Everything Again</source>
+        <translation>모두 다시 복사</translation>
     </message>
 </context>
 <context>

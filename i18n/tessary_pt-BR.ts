@@ -1164,10 +1164,6 @@
         <translation>Não foi possível mover “%1”: %2</translation>
     </message>
     <message>
-        <source>“%1” could not be dragged out: %2</source>
-        <translation>Não foi possível arrastar “%1” para fora: %2</translation>
-    </message>
-    <message>
         <source>“%1” could not be deleted: %2</source>
         <translation>Não foi possível apagar “%1”: %2</translation>
     </message>
@@ -1209,6 +1205,18 @@
     <message>
         <source>There is no “%1” on the phone.</source>
         <translation>Não há “%1” no telefone.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be fetched: %2</source>
+        <translation>Não foi possível obter “%1”: %2</translation>
+    </message>
+    <message>
+        <source>The search was stopped. What it had found is shown.</source>
+        <translation>A busca foi interrompida. É mostrado o que ela havia encontrado.</translation>
+    </message>
+    <message>
+        <source>“%1” could not be opened: no program for it was found, or it did not start.</source>
+        <translation>Não foi possível abrir “%1”: nenhum programa para isso foi encontrado, ou ele não iniciou.</translation>
     </message>
 </context>
 <context>
@@ -1559,6 +1567,10 @@
     <message>
         <source>searching…</source>
         <translation>procurando…</translation>
+    </message>
+    <message>
+        <source>(Esc stops)</source>
+        <translation>(Esc interrompe)</translation>
     </message>
 </context>
 <context>
@@ -1962,6 +1974,13 @@
         <source>Drop files here to copy them into it.</source>
         <translation>Solte arquivos aqui para copiá-los para a pasta.</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln entries could not be read.</source>
+        <translation>
+            <numerusform>%Ln item não pôde ser lido.</numerusform>
+            <numerusform>%Ln itens não puderam ser lidos.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>tessary::GeneralNotices</name>
@@ -2241,6 +2260,14 @@
     <message>
         <source>Import Photos…</source>
         <translation>Importar fotos…</translation>
+    </message>
+    <message>
+        <source>Files on the phone are still being changed.</source>
+        <translation>Arquivos no telefone ainda estão sendo alterados.</translation>
+    </message>
+    <message>
+        <source>Quitting stops this. What is done stays done.</source>
+        <translation>Sair interrompe isso. O que foi feito permanece feito.</translation>
     </message>
 </context>
 <context>
@@ -2727,6 +2754,10 @@
     <message>
         <source>Keep the phone&apos;s</source>
         <translation>Manter a do telefone</translation>
+    </message>
+    <message>
+        <source>Copy Everything Again</source>
+        <translation>Copiar tudo de novo</translation>
     </message>
 </context>
 <context>

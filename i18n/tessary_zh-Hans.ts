@@ -1161,10 +1161,6 @@
         <translation>无法移动“%1”：%2</translation>
     </message>
     <message>
-        <source>“%1” could not be dragged out: %2</source>
-        <translation>无法将“%1”拖出：%2</translation>
-    </message>
-    <message>
         <source>“%1” could not be deleted: %2</source>
         <translation>无法删除“%1”：%2</translation>
     </message>
@@ -1203,6 +1199,18 @@
     <message>
         <source>There is no “%1” on the phone.</source>
         <translation>手机上没有“%1”。</translation>
+    </message>
+    <message>
+        <source>“%1” could not be fetched: %2</source>
+        <translation>无法获取“%1”：%2</translation>
+    </message>
+    <message>
+        <source>The search was stopped. What it had found is shown.</source>
+        <translation>搜索已停止。显示的是已找到的内容。</translation>
+    </message>
+    <message>
+        <source>“%1” could not be opened: no program for it was found, or it did not start.</source>
+        <translation>无法打开“%1”：找不到适用的程序，或程序未能启动。</translation>
     </message>
 </context>
 <context>
@@ -1546,6 +1554,10 @@
     <message>
         <source>searching…</source>
         <translation>正在搜索…</translation>
+    </message>
+    <message>
+        <source>(Esc stops)</source>
+        <translation>（Esc 停止）</translation>
     </message>
 </context>
 <context>
@@ -1946,6 +1958,12 @@
         <source>Drop files here to copy them into it.</source>
         <translation>将文件拖到此处即可复制到此文件夹。</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln entries could not be read.</source>
+        <translation>
+            <numerusform>%Ln 个项目无法读取。</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>tessary::GeneralNotices</name>
@@ -2217,6 +2235,14 @@
     <message>
         <source>Import Photos…</source>
         <translation>导入照片…</translation>
+    </message>
+    <message>
+        <source>Files on the phone are still being changed.</source>
+        <translation>仍在更改手机上的文件。</translation>
+    </message>
+    <message>
+        <source>Quitting stops this. What is done stays done.</source>
+        <translation>退出会停止此操作。已完成的部分保持不变。</translation>
     </message>
 </context>
 <context>
@@ -2699,6 +2725,10 @@
     <message>
         <source>Keep the phone&apos;s</source>
         <translation>保留手机的版本</translation>
+    </message>
+    <message>
+        <source>Copy Everything Again</source>
+        <translation>全部重新复制</translation>
     </message>
 </context>
 <context>

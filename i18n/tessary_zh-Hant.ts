@@ -1161,10 +1161,6 @@
         <translation>無法移動「%1」：%2</translation>
     </message>
     <message>
-        <source>“%1” could not be dragged out: %2</source>
-        <translation>無法將「%1」拖出：%2</translation>
-    </message>
-    <message>
         <source>“%1” could not be deleted: %2</source>
         <translation>無法刪除「%1」：%2</translation>
     </message>
@@ -1203,6 +1199,18 @@
     <message>
         <source>There is no “%1” on the phone.</source>
         <translation>手機上沒有「%1」。</translation>
+    </message>
+    <message>
+        <source>“%1” could not be fetched: %2</source>
+        <translation>無法取得「%1」：%2</translation>
+    </message>
+    <message>
+        <source>The search was stopped. What it had found is shown.</source>
+        <translation>搜尋已停止。顯示的是已找到的內容。</translation>
+    </message>
+    <message>
+        <source>“%1” could not be opened: no program for it was found, or it did not start.</source>
+        <translation>無法開啟「%1」：找不到適用的程式，或程式未能啟動。</translation>
     </message>
 </context>
 <context>
@@ -1546,6 +1554,10 @@
     <message>
         <source>searching…</source>
         <translation>正在搜尋…</translation>
+    </message>
+    <message>
+        <source>(Esc stops)</source>
+        <translation>（Esc 停止）</translation>
     </message>
 </context>
 <context>
@@ -1946,6 +1958,12 @@
         <source>Drop files here to copy them into it.</source>
         <translation>將檔案拖到這裡即可複製到此資料夾。</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln entries could not be read.</source>
+        <translation>
+            <numerusform>%Ln 個項目無法讀取。</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>tessary::GeneralNotices</name>
@@ -2217,6 +2235,14 @@
     <message>
         <source>Import Photos…</source>
         <translation>輸入照片…</translation>
+    </message>
+    <message>
+        <source>Files on the phone are still being changed.</source>
+        <translation>仍在變更手機上的檔案。</translation>
+    </message>
+    <message>
+        <source>Quitting stops this. What is done stays done.</source>
+        <translation>結束會停止此操作。已完成的部分維持不變。</translation>
     </message>
 </context>
 <context>
@@ -2699,6 +2725,10 @@
     <message>
         <source>Keep the phone&apos;s</source>
         <translation>保留手機的版本</translation>
+    </message>
+    <message>
+        <source>Copy Everything Again</source>
+        <translation>全部重新複製</translation>
     </message>
 </context>
 <context>

@@ -58,11 +58,20 @@ TEST_F(FileBrowserViewModelTest, loadIsStoppedWhenTheUserGoesOnOrCancels) {
 
     browser_.navigateTo(u"/root/a"_s);
     ASSERT_TRUE(eventually([&] { return never.waiting() == 1; }));
+    EXPECT_TRUE(browser_.canCancelLoading());
     browser_.cancelLoading();
     EXPECT_FALSE(browser_.isLoading());
     EXPECT_EQ(browser_.state(), BrowserState::failed);
     EXPECT_TRUE(browser_.problem());
     ASSERT_TRUE(eventually([&] { return never.waiting() == 0; }));
+}
+
+TEST_F(FileBrowserViewModelTest, unreadableEntriesAreThoseOfTheFolderShown) {
+    files_->addUnreadable(u"/root/a/u"_s, Error(PhoneError::unreadable));
+    open("/root/a");
+    EXPECT_EQ(browser_.unreadableCount(), 1);
+    go("/root/b");
+    EXPECT_EQ(browser_.unreadableCount(), 0);
 }
 
 TEST_F(FileBrowserViewModelTest, failureKeepsTheRowsAndIsForgottenByTheReload) {

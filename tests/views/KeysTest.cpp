@@ -72,6 +72,12 @@ TEST_F(KeysTest, aFileOpensWithTheDesktopsProgram) {
     press(Qt::Key_Return);
     EXPECT_TRUE(wait([this] { return opened_.size() == 2; })) << "by Return";
     EXPECT_EQ(QFileInfo(opened_.back()).fileName(), u"beta.txt"_s);
+    EXPECT_FALSE(window_->browser().problem());
+    opensFiles_ = false;
+    press(Qt::Key_Return);
+    ASSERT_TRUE(wait([this] { return window_->browser().problem().has_value(); }));
+    EXPECT_EQ(window_->browser().problem()->what, BrowserProblem::What::open);
+    EXPECT_EQ(window_->browser().problem()->name, u"beta.txt"_s);
 }
 
 TEST_F(KeysTest, openWithOffersTheDesktopsProgramsAndStartsThem) {

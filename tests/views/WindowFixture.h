@@ -46,7 +46,10 @@ protected:
                                                          return filesToCopy_;
                                                      },
                                                      [](QWidget*) { return QString(); }},
-                                         [this](const QString& path) { opened_.append(path); });
+                                         [this](const QString& path) {
+                                             opened_.append(path);
+                                             return opensFiles_;
+                                         });
         window_->show();
         activate();
     }
@@ -78,6 +81,7 @@ protected:
     TemporaryFolder local_;
     TemporaryFolder records_; ///< of copies
     QStringList filesToCopy_;
+    bool opensFiles_ = true;              ///< there is a program for them
     QStringList opened_;                  ///< local files that the window had the desktop open
     QStringList shownFolders_;            ///< folders that it had the file manager show
     std::function<void()> whileChoosing_; ///< happens while the user looks for files

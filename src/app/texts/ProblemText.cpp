@@ -27,8 +27,8 @@ QString failedOne(What what, const QString& name, const QString& why) {
         return ProblemText::tr("“%1” could not be renamed: %2").arg(name, why);
     case What::move:
         return ProblemText::tr("“%1” could not be moved: %2").arg(name, why);
-    case What::drag:
-        return ProblemText::tr("“%1” could not be dragged out: %2").arg(name, why);
+    case What::fetch:
+        return ProblemText::tr("“%1” could not be fetched: %2").arg(name, why);
     default:
         return ProblemText::tr("“%1” could not be deleted: %2").arg(name, why);
     }
@@ -69,6 +69,14 @@ ErrorText problemText(const BrowserProblem& problem) {
         return {ProblemText::tr("The folder was not read."),
                 ProblemText::tr("Refresh it to try again."),
                 {}};
+    case What::notSearched:
+        return {ProblemText::tr("The search was stopped. What it had found is shown."), {}, {}};
+    case What::open:
+        return {ProblemText::tr("“%1” could not be opened: no program for it was found, or it did "
+                                "not start.")
+                    .arg(printable(problem.name)),
+                {},
+                {}};
     case What::appsNotRead:
         return {ProblemText::tr("The apps were not read."),
                 ProblemText::tr("Refresh the list to try again."),
@@ -93,7 +101,7 @@ ErrorText problemText(const BrowserProblem& problem) {
     case What::rename:
     case What::remove:
     case What::move:
-    case What::drag:
+    case What::fetch:
         return ofEdit(problem);
     }
     return {};

@@ -16,6 +16,7 @@ struct BrowserProblem {
     enum class What {
         load,        ///< the folder `name` could not be read: `failures`
         notRead,     ///< the user gave the reading up
+        notSearched, ///< the user stopped a search; what it had found is shown
         folderGone,  ///< the folder `name` is not there any more
         noSuchPath,  ///< nothing is at the path `name` that was typed
         unplugged,   ///< the phone is gone
@@ -23,7 +24,8 @@ struct BrowserProblem {
         rename,      ///< `name` could not be renamed
         remove,      ///< `failed` of `total` entries could not be deleted
         move,        ///< the same for moving
-        drag,        ///< `name` could not be dragged out
+        fetch,       ///< `name` could not be had as a file here, for a program or a drop
+        open,        ///< no program opened `name`
         apps,        ///< the apps of an iPhone could not be listed
         appsNotRead, ///< the user gave their listing up
         otherFolder, ///< a question was answered about a folder that is not shown any more

@@ -76,7 +76,7 @@ DragFiles copyBeforehand(PhoneFileSystem& files, const std::vector<FileItem>& it
 BrowserProblem problemOf(const DragFiles::NotReady& entry) {
     const QString name = lastComponent(entry.path);
     const auto because = [&name](const Error& error) {
-        return BrowserProblem::of(BrowserProblem::What::drag, name, error);
+        return BrowserProblem::of(BrowserProblem::What::fetch, name, error);
     };
     switch (entry.obstacle) {
     case Obstacle::name:

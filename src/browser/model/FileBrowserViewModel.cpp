@@ -56,14 +56,14 @@ bool FileBrowserViewModel::isLocal() const {
 
 void FileBrowserViewModel::takeDragFailures() {
     if (promises_ != nullptr)
-        promises_->reportFailuresTo([self = QPointer(this)](const FileItem& item,
-                                                            const Error& error) {
-            MainThread::post(
-                [self, problem = BrowserProblem::of(BrowserProblem::What::drag, item.name, error)] {
+        promises_->reportFailuresTo(
+            [self = QPointer(this)](const FileItem& item, const Error& error) {
+                MainThread::post([self, problem = BrowserProblem::of(BrowserProblem::What::fetch,
+                                                                     item.name, error)] {
                     if (self)
                         self->setProblem(problem);
                 });
-        });
+            });
 }
 
 FileBrowserViewModel::~FileBrowserViewModel() {
@@ -168,6 +168,7 @@ void FileBrowserViewModel::show(const QString& path) {
     setSearchedName({});
     selection_.restart();
     awaited_.reset();
+    unreadable_ = 0;
     typed_.forget();
     setProblem(std::nullopt);
     const bool isOther = path != currentPath();
@@ -237,6 +238,7 @@ void FileBrowserViewModel::searchBelow(const QString& name) {
         return;
     selection_.clear();
     awaited_.reset();
+    unreadable_ = 0;
     setProblem(std::nullopt);
     setSearchText({});
     setSearchedName(wanted);
@@ -254,7 +256,8 @@ void FileBrowserViewModel::load(Meanwhile meanwhile) {
                                 meanwhile == Meanwhile::nothing};
     if (!searchedName_.isEmpty())
         wanted.search = SearchBelow{searchedName_, rows_.showsHidden()};
-    setState(meanwhile == Meanwhile::shown ? state_ : BrowserState::ready, true);
+    isLoadingAnew_ = meanwhile != Meanwhile::shown;
+    setState(isLoadingAnew_ ? BrowserState::ready : state_, true);
     loader_.start(wanted, [this, meanwhile, begun = folders_.now()](const BrowserLoad& loaded) {
         if (loaded.listing && searchedName_.isEmpty())
             folders_.remember(files_->identity(), currentPath(), loaded.listing->items(), begun);
@@ -313,11 +316,11 @@ void FileBrowserViewModel::cancelLoading() {
         return;
     loader_.stop();
     const bool isShown = state_ != BrowserState::ready || rows_.listing().size() > 0;
+    const auto what = isShown && !searchedName_.isEmpty() ? BrowserProblem::What::notSearched
+                                                          : BrowserProblem::What::notRead;
     setState(isShown ? state_ : BrowserState::failed, false);
-    if (!isShown)
-        setProblem(
-            BrowserProblem{BrowserProblem::What::notRead, lastComponent(currentPath()), 1, 1, {}},
-            true);
+    // What has come of it may be a part.
+    setProblem(BrowserProblem{what, lastComponent(currentPath()), 1, 1, {}}, true);
 }
 
 void FileBrowserViewModel::setState(BrowserState state, bool isLoading) {

@@ -182,7 +182,11 @@ public:
     }
     /// Reads the folder again; selection and unchanged rows stay.
     void reload();
-    /// Gives up the load under way; what is shown stays.
+    /// A load for which the user waits; reading again what is shown is none.
+    [[nodiscard]] bool canCancelLoading() const {
+        return isLoading_ && isLoadingAnew_ && files_ != nullptr;
+    }
+    /// Gives up the load under way; what is shown stays, and is said to be what it is.
     void cancelLoading();
 
     /// Shows what has this in its name in the folder and all below it, as it is found; until
@@ -356,6 +360,7 @@ private:
     QHash<QString, BrowserHistory> left_; ///< of other connections, by PhoneFileSystem::identity()
     BrowserState state_ = BrowserState::ready;
     bool isLoading_ = true;
+    bool isLoadingAnew_ = true;
     std::optional<BrowserProblem> problem_;
     bool isProblemOfLoad_ = false; ///< else of an action: a reload leaves it
     QString livingFolder_;         ///< where "up" goes from a folder that is gone

@@ -249,7 +249,10 @@ void BrowserView::showStatus() {
                                               .arg(browser_.editProgress().total);
     else if (browser_.isLoading())
         text += QStringLiteral("  ·  ") +
-                (browser_.searchedName().isEmpty() ? tr("reading…") : tr("searching…"));
+                (browser_.searchedName().isEmpty() ? tr("reading…") : tr("searching…")) +
+                (browser_.canCancelLoading() ? QLatin1Char(' ') + tr("(Esc stops)") : QString());
+    else if (browser_.unreadableCount() > 0)
+        text += QStringLiteral("  ·  ") + FolderNotice::unreadableText(browser_.unreadableCount());
     status_->setText(browser_.state() == BrowserState::ready ? text : QString());
     updateActions();
 }
@@ -400,6 +403,8 @@ bool BrowserView::handleKey(const QKeyEvent& key) {
     case Qt::Key_Escape:
         if (browser_.isEditing())
             browser_.cancelEdits();
+        else if (browser_.canCancelLoading())
+            browser_.cancelLoading();
         else if (browser_.selection().ids().isEmpty())
             browser_.endSearch();
         else

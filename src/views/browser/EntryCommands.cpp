@@ -1,5 +1,6 @@
 #include "views/browser/EntryCommands.h"
 
+#include "base/text/PathNames.h"
 #include "base/text/Printable.h"
 #include "base/threads/Background.h"
 #include "browser/model/FileListModel.h"
@@ -24,7 +25,7 @@
 namespace tessary {
 
 OpenLocalFile systemOpenLocalFile() {
-    return [](const QString& path) { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); };
+    return [](const QString& path) { return QDesktopServices::openUrl(QUrl::fromLocalFile(path)); };
 }
 
 EntryCommands::EntryCommands(FileBrowserViewModel& browser, Views views,
@@ -71,8 +72,13 @@ void EntryCommands::open() {
     }
     fetchSelected([this](const QStringList& localPaths) {
         for (const QString& path : localPaths)
-            openLocalFile_(path);
+            if (!openLocalFile_(path))
+                tellNotOpened(path);
     });
+}
+
+void EntryCommands::tellNotOpened(const QString& path) {
+    browser_.showProblem(BrowserProblem{BrowserProblem::What::open, lastComponent(path), 1, 1, {}});
 }
 
 /// Gives the selected files as files of this computer; folders are left out.
@@ -118,8 +124,9 @@ void EntryCommands::fillOpenWith(QMenu& menu, const std::vector<DesktopProgram>&
     for (const DesktopProgram& program : programs)
         menu.addAction(QIcon::fromTheme(program.iconName), printable(program.name), this,
                        [this, program] {
-                           fetchSelected([program](const QStringList& localPaths) {
-                               (void)openWith(program, localPaths);
+                           fetchSelected([this, program](const QStringList& localPaths) {
+                               if (!openWith(program, localPaths))
+                                   tellNotOpened(localPaths.front());
                            });
                        });
 }

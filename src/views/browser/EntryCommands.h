@@ -27,8 +27,9 @@ struct FavoriteCommands {
     std::function<void(const QString& name, const QString& path)> toggle;
 };
 
-/// Opens a file of this computer with the program that the user has for it.
-using OpenLocalFile = std::function<void(const QString& path)>;
+/// Opens a file of this computer with the program that the user has for it; false when there is
+/// none, or it does not start.
+using OpenLocalFile = std::function<bool(const QString& path)>;
 [[nodiscard]] OpenLocalFile systemOpenLocalFile();
 
 /// What a user does with the selected entries of a folder, the copies apart: open, preview, rename,
@@ -77,6 +78,7 @@ public:
 private:
     void putOnClipboard(EntryMimeData::Use use);
     void fetchSelected(std::function<void(const QStringList& localPaths)> whenHere);
+    void tellNotOpened(const QString& path);
     void addOpenWith(QMenu& menu);
     void fillOpenWith(QMenu& menu, const std::vector<DesktopProgram>& programs);
 

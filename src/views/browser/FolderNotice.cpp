@@ -40,6 +40,10 @@ bool FolderNotice::takeState() {
     return true;
 }
 
+QString FolderNotice::unreadableText(int count) {
+    return tr("%Ln entries could not be read.", nullptr, count);
+}
+
 void FolderNotice::showFolderGone() {
     if (callbacks_.isFavorite(browser_.currentPath())) {
         show(QStringLiteral("folder"), tr("Folder Not Found"),
@@ -70,6 +74,9 @@ void FolderNotice::showEmpty() {
         show(QStringLiteral("edit-find"), tr("No Matching Files"),
              tr("Nothing here has “%1” in its name.").arg(printable(wanted)),
              tr("Clear the Filter"), [this] { callbacks_.clearFilter(); });
+    else if (browser_.unreadableCount() > 0)
+        show(QStringLiteral("dialog-warning"), unreadableText(browser_.unreadableCount()), {},
+             tr("Retry"), [this] { browser_.reload(); });
     else if (!browser_.items().empty())
         show(QStringLiteral("view-hidden"), tr("Only hidden files in here"),
              tr("Their names begin with a dot."), tr("Show Hidden Files"),
@@ -84,6 +91,10 @@ void FolderNotice::showEmptySearch() {
     const QString name = printable(browser_.searchedName());
     if (browser_.isLoading())
         show(QStringLiteral("edit-find"), tr("Searching for “%1”…").arg(name), {}, {}, {}, true);
+    else if (browser_.unreadableCount() > 0)
+        show(QStringLiteral("dialog-warning"), tr("Nothing Found"),
+             unreadableText(browser_.unreadableCount()), tr("Show the Folder"),
+             [this] { browser_.endSearch(); });
     else
         show(QStringLiteral("edit-find"), tr("Nothing Found"),
              tr("Nothing below this folder has “%1” in its name.").arg(name), tr("Show the Folder"),

@@ -25,6 +25,9 @@ public:
     /// Takes over what there is to say; false when files are to be shown instead.
     [[nodiscard]] bool takeState();
 
+    /// "3 entries could not be read."
+    [[nodiscard]] static QString unreadableText(int count);
+
 private:
     void showFolderGone();
     void showEmpty();

@@ -394,14 +394,21 @@ void MainWindow::connectSync() {
 
 /// What is under way is not thrown away by a slip of the hand.
 void MainWindow::closeEvent(QCloseEvent* event) {
+    // What this window deletes or moves ends with it, copies and syncs with the last one.
+    const bool isLast = isTheOnlyOne();
     const bool isCopying =
-        !app_.copyQueue().summary().isIdle() || app_.promisedFiles().isBeingRead();
-    if (isTheOnlyOne() && (isCopying || app_.syncManager().isRunning())) {
+        isLast && (!app_.copyQueue().summary().isIdle() || app_.promisedFiles().isBeingRead());
+    const bool isChanging =
+        browser_.isEditing() || import_.state() == ImportViewModel::State::removing;
+    if (isCopying || isChanging || (isLast && app_.syncManager().isRunning())) {
         QMessageBox question(QMessageBox::Question, tr("Quit Tessary"),
-                             isCopying ? tr("Files are still being copied.")
-                                       : tr("A sync is still running."),
+                             isCopying    ? tr("Files are still being copied.")
+                             : isChanging ? tr("Files on the phone are still being changed.")
+                                          : tr("A sync is still running."),
                              QMessageBox::NoButton, this);
-        question.setInformativeText(tr("Quitting cancels this. What has arrived whole stays."));
+        question.setInformativeText(isCopying || !isChanging
+                                        ? tr("Quitting cancels this. What has arrived whole stays.")
+                                        : tr("Quitting stops this. What is done stays done."));
         QAbstractButton* quit =
             question.addButton(tr("Quit Tessary"), QMessageBox::DestructiveRole);
         question.setDefaultButton(question.addButton(QMessageBox::Cancel));
