@@ -3,8 +3,6 @@
 
 #include "mtp/MTPFilesFixture.h"
 #include "support/UnderAttack.h"
-#include "transfer/copy/FileCopy.h"
-#include "transfer/local/LocalFileSystem.h"
 
 #include <random>
 
@@ -132,28 +130,6 @@ TEST_F(HostileMTPTest, anyByteMayBeAnother) {
         expectBounded(files_, uses[static_cast<std::size_t>(round) % uses.size()]);
     }
     expectUsableAgain();
-}
-
-TEST_F(HostileMTPTest, aFileIsNotLongerHereThanItWasAnnounced) {
-    const TemporaryFolder disk;
-    LocalFileSystem here(disk.path());
-    const FileItem file = item("/D/a.jpg");
-    setAttack([](const VirtualAnswer& answer, Bytes& bytes) {
-        if (!isData(answer))
-            return;
-        bytes.resize(bytes.size() + (30 << 20), std::byte{0x41});
-        putNumber(bytes, 0, static_cast<std::uint32_t>(bytes.size()));
-    });
-    EXPECT_NE(codeOf([&] {
-                  (void)copyFile({.from = files_,
-                                  .file = file,
-                                  .to = here,
-                                  .folder = disk.path(),
-                                  .name = u"a.jpg"_s},
-                                 {}, {});
-              }),
-              "");
-    EXPECT_EQ(disk.names(), QStringList());
 }
 
 } // namespace

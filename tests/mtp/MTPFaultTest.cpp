@@ -11,7 +11,6 @@ using Clock = std::chrono::steady_clock;
 
 constexpr std::size_t bigSize = 3'000'000;
 const char* const gone = "0x-1FFFFD40";
-const char* const stalled = "0x-1FFFBFB1";
 
 /// An operation with a data phase of `phaseBytes` bytes, header included.
 struct Operation {
@@ -30,24 +29,10 @@ void uploadNew(MTPClient& client, std::uint32_t) {
 }
 
 const std::vector<Operation> operations{
-    {"storages", USBDirection::in, 12 + 8,
-     [](auto& client, auto) { (void)client.getStorageIDs(); }},
-    {"storageInfo", USBDirection::in, 12 + 26 + 49 + 1,
-     [](auto& client, auto) { (void)client.getStorageInfo(onlyStorage); }},
-    {"battery", USBDirection::in, 12 + 1,
-     [](auto& client, auto) { (void)client.getBatteryLevel(); }},
     {"handles", USBDirection::in, 12 + 4 + 4 * 200,
      [](auto& client, auto) { (void)client.getObjectHandles(onlyStorage, mtpRootHandle); }},
-    {"objectInfo", USBDirection::in, 12 + 53,
-     [](auto& client, auto handle) { (void)client.getObjectInfo(handle); }},
-    {"objectSize", USBDirection::in, 12 + 8,
-     [](auto& client, auto handle) { (void)client.getObjectSize(handle); }},
     {"object", USBDirection::in, 12 + bigSize,
      [](auto& client, auto handle) { (void)client.getObject(handle); }},
-    {"folder", USBDirection::out, 12 + 64,
-     [](auto& client, auto) {
-         client.createFolder(QStringLiteral("new"), mtpRootHandle, onlyStorage);
-     }},
     {"rename", USBDirection::out, 12 + 9,
      [](auto& client, auto handle) { client.renameObject(handle, QStringLiteral("new")); }},
     {"uploadInfo", USBDirection::out, 12 + 64, uploadNew},
@@ -104,48 +89,6 @@ TEST_P(EveryOperationTest, unpluggingFailsAtOnceAndPluggingInMends) {
 
 INSTANTIATE_TEST_SUITE_P(Operations, EveryOperationTest, ::testing::ValuesIn(operations),
                          [](const auto& row) { return std::string(row.param.name); });
-
-TEST_F(MTPFaultTest, stalledAnswerFailsAndTheSessionGoesOn) {
-    for (const Operation& operation : operations) {
-        if (operation.direction == USBDirection::out)
-            continue; // a dataset is in the pipe whole before the phone can halt it
-        for (const std::uint64_t bytes : {std::uint64_t{0}, std::uint64_t{12},
-                                          operation.phaseBytes / 2, operation.phaseBytes}) {
-            SCOPED_TRACE(std::string(operation.name) + " " + std::to_string(bytes));
-            const std::uint32_t handle = find(client_, QStringLiteral("big"));
-            phone_.fault([&](VirtualFaults& faults) {
-                faults.stall = VirtualByteFault{operation.direction, bytes, 1};
-            });
-            EXPECT_THAT(mtpFailureOf([&] { operation.run(client_, handle); }), HasSubstr(stalled));
-            operation.run(client_, handle);
-        }
-    }
-    expectUsable();
-}
-
-TEST_F(MTPFaultTest, uploadIsStalledAnywhere) {
-    // The pipe holds a megabyte: only a write that waits for room notices.
-    for (const std::uint64_t bytes : {0, 1, 12, 512, 513, 262144, 300'000, 1'500'000}) {
-        SCOPED_TRACE(bytes);
-        phone_.fault([&](VirtualFaults& faults) {
-            faults.stall = VirtualByteFault{USBDirection::out, bytes, 2};
-        });
-        EXPECT_THAT(mtpFailureOf([&] { upload(client_, QStringLiteral("new"), bigContent); }),
-                    HasSubstr(stalled));
-        EXPECT_EQ(client_.getStorageIDs().size(), 1U);
-        EXPECT_FALSE(phone_.names().contains(QStringLiteral("new")));
-    }
-    expectUsable();
-}
-
-TEST_F(MTPFaultTest, indexingPauseAfterAnUploadIsWaitedFor) {
-    phone_.fault([](VirtualFaults& faults) {
-        faults.sendObjectPause = MTPTransportProtocol::pipeTimeout + std::chrono::milliseconds(300);
-    });
-    upload(client_, QStringLiteral("new"), patternOf(1000));
-    phone_.fault([](VirtualFaults& faults) { faults.sendObjectPause = {}; });
-    expectUsable();
-}
 
 /// What a client that dies without a word leaves behind.
 struct DeadClient {

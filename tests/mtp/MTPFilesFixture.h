@@ -26,9 +26,7 @@ inline VirtualAndroidConfig phoneWithCard() {
 /// The files of a virtual phone, over MTP.
 class MTPFilesFixture : public ::testing::Test {
 protected:
-    explicit MTPFilesFixture(VirtualAndroidConfig config = {},
-                             std::chrono::milliseconds idleTime = PhoneQueue::defaultIdleTime)
-        : phone_(bus_, std::move(config)), queue_(std::make_shared<PhoneQueue>(idleTime)) {}
+    explicit MTPFilesFixture(VirtualAndroidConfig config = {}) : phone_(bus_, std::move(config)) {}
 
     [[nodiscard]] PluggedPhone& phone() {
         return phone_;
@@ -83,13 +81,6 @@ protected:
         phone().android.unplug();
         ASSERT_NE(phone().android.plugInto(bus_), 0U);
     }
-    /// The number of requests that `work` makes.
-    template <typename Work>
-    std::size_t requestsOf(Work work) {
-        phone().android.clearRequestLog();
-        work();
-        return phone().android.requestCount();
-    }
 
     /// The code of the Error that `work` ends with; "" when it ends well.
     template <typename Work>
@@ -110,7 +101,7 @@ private:
     PluggedPhone phone_;
 
 protected:
-    const std::shared_ptr<PhoneQueue> queue_;
+    const std::shared_ptr<PhoneQueue> queue_ = std::make_shared<PhoneQueue>();
     MTPFileSystem files_{bus_, identityOf(phone_.info), queue_};
 };
 

@@ -1,8 +1,4 @@
 #include "mtp/MTPFilesFixture.h"
-#include "transfer/copy/FileCopy.h"
-#include "transfer/local/LocalFileSystem.h"
-
-#include <iostream>
 
 namespace tessary {
 namespace {
@@ -55,54 +51,6 @@ TEST_F(MTPLargeFileTest, moreThanFourGigabytesAreSentWhole) {
     EXPECT_EQ(film.size(), size);
     ASSERT_TRUE(film.seek(size - marked - 1));
     EXPECT_EQ(film.readAll(), QByteArray("\0mmmm", 5));
-}
-
-/// A cable that comes out at 70 % of 2 GiB, either way, and the copy that follows.
-TEST_F(MTPLargeFileTest, littleOfABrokenOffCopyComesAcrossAgain) {
-    constexpr qint64 film = qint64{2} << 30;
-    constexpr qint64 step = qint64{32} << 20; // from one mark to the next
-    const TemporaryFolder disk;
-    LocalFileSystem here(disk.path());
-    for (const bool isUpload : {true, false}) {
-        const QString name = isUpload ? u"up"_s : u"down"_s;
-        QFile source(isUpload ? disk.writeSparse(name, film)
-                              : phone().disk.writeSparse(u"0/"_s + name, film));
-        ASSERT_TRUE(source.open(QIODevice::ReadWrite));
-        for (qint64 at = 0; at < film; at += step)
-            ASSERT_TRUE(source.seek(at) && source.write(QByteArray::number(at)) > 0);
-        source.close();
-        PhoneFileSystem& from = isUpload ? static_cast<PhoneFileSystem&>(here) : files_;
-        PhoneFileSystem& to = isUpload ? static_cast<PhoneFileSystem&>(files_) : here;
-        const auto find = [&] {
-            return require(from, isUpload ? disk.path(name) : u'/' + name, {});
-        };
-        FileCopy copy{from, find(), to, isUpload ? u"/"_s : disk.path(), name};
-        qint64 arrived = 0;
-        EXPECT_THROW(copyFile(copy,
-                              [&](qint64 done) {
-                                  arrived = done;
-                                  if (done >= film / 10 * 7)
-                                      phone().android.unplug();
-                              },
-                              {}),
-                     Error);
-        ASSERT_LT(arrived, film);
-        ASSERT_NE(phone().android.plugInto(bus_), 0U);
-        copy.file = find(); // by another handle
-        qint64 first = -1;
-        EXPECT_EQ(copyFile(copy, [&](qint64 done) { first = first < 0 ? done : first; }, {}).size,
-                  film);
-        std::cout << name.toStdString() << ": " << arrived - first << " bytes of " << film
-                  << " a second time\n";
-        EXPECT_LE(arrived - first, qint64{9} << 20);
-        QFile target(isUpload ? phone().disk.path(u"0/"_s + name) : disk.path(name));
-        ASSERT_TRUE(target.open(QIODevice::ReadOnly));
-        EXPECT_EQ(target.size(), film);
-        for (qint64 at = 0; at < film; at += step) {
-            const QByteArray mark = QByteArray::number(at);
-            EXPECT_TRUE(target.seek(at) && target.read(mark.size()) == mark) << at;
-        }
-    }
 }
 
 } // namespace

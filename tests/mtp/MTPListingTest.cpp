@@ -101,11 +101,14 @@ TEST_F(MTPListingTest, emptyCardSlotIsNoStorage) {
 }
 
 TEST_F(MTPListingTest, lockedPhoneHasNoStorageUntilItIsUnlocked) {
-    phone().android.setLocked(true);
-    EXPECT_EQ(codeOf([&] { (void)list("/"); }), "noStorage");
-    EXPECT_EQ(codeOf([&] { (void)files_.liveInfo({}); }), "noStorage");
-    phone().android.setLocked(false);
-    EXPECT_EQ(list("/").size(), 2U);
+    for (const bool omitsList : {false, true}) {
+        phone().behave([&](VirtualBehaviour& b) { b.omitsEmptyStorageList = omitsList; });
+        phone().android.setLocked(true);
+        EXPECT_EQ(codeOf([&] { (void)list("/"); }), "noStorage");
+        EXPECT_EQ(codeOf([&] { (void)files_.liveInfo({}); }), "noStorage");
+        phone().android.setLocked(false);
+        EXPECT_EQ(list("/").size(), 2U);
+    }
 }
 
 TEST_F(MTPListingTest, rowsComeAsTheyArriveAndAStopEndsTheListing) {
@@ -174,6 +177,13 @@ TEST_F(MTPListingTest, hostileNamesAreListedAsTheyAre) {
     EXPECT_THAT(listedNames("/Bad"), testing::ElementsAreArray(names));
 }
 
+TEST_F(MTPListingTest, namesThatArePaddedWithNULsAreListedWithoutThem) {
+    phone().write(u"Padded/1"_s, "x");
+    phone().fault(
+        [](VirtualFaults& faults) { faults.nameOverrides[u"1"_s] = u"a.txt\u0000\u0000"_s; });
+    EXPECT_EQ(listedNames("/Padded"), QStringList(u"a.txt"_s));
+}
+
 TEST_F(MTPListingTest, liveInfoNeverWaits) {
     const auto info = files_.liveInfo({});
     ASSERT_TRUE(info);
@@ -191,26 +201,6 @@ TEST_F(MTPListingTest, liveInfoNeverWaits) {
     phone().android.clearRequestLog();
     (void)files_.liveInfo({});
     EXPECT_EQ(phone().requests(MTPOperationCode::getDevicePropValue), 0U);
-}
-
-/// A session that is closed soon.
-class MTPIdleTest : public MTPFilesFixture {
-protected:
-    MTPIdleTest() : MTPFilesFixture({}, 20ms) {}
-};
-
-TEST_F(MTPIdleTest, sessionIsClosedWhenThePhoneIsNotUsed) {
-    phone().write(u"A/B/x"_s, "x");
-    const FileItem file = item("/A/B/x");
-    const auto until = std::chrono::steady_clock::now() + 10s;
-    while (phone().requests(MTPOperationCode::closeSession) == 0 &&
-           std::chrono::steady_clock::now() < until)
-        std::this_thread::sleep_for(5ms);
-    EXPECT_EQ(phone().requests(MTPOperationCode::closeSession), 1U);
-    phone().android.clearRequestLog();
-    EXPECT_EQ(read(file), "x");
-    EXPECT_EQ(phone().requests(MTPOperationCode::openSession), 1U);
-    EXPECT_EQ(phone().requests(MTPOperationCode::getObjectHandles), 0U) << "it knows the way";
 }
 
 } // namespace

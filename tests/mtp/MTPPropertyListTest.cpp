@@ -180,19 +180,5 @@ TEST_F(MTPFolderPropertiesTest, phonesThatDoNotAnswerOrLieAreAskedOneByOne) {
     }
 }
 
-TEST_F(MTPFolderPropertiesTest, pictureInAPhotoComesWithoutThePhoto) {
-    const QByteArray small = QByteArray::fromHex("FFD8FF") + "small" + QByteArray::fromHex("FFD9");
-    const QByteArray head = QByteArray::fromHex("FFD8FFE1") + "Exif" + small;
-    phone().write(u"DCIM/big.jpg"_s, head + manyBytes(500'000));
-    phone().write(u"DCIM/none.txt"_s, "n");
-    EXPECT_TRUE(files_.capabilities({}).hasThumbnails);
-    EXPECT_EQ(files_.thumbnail(item("/DCIM/big.jpg"), 10'000, {}), small);
-    EXPECT_EQ(files_.thumbnail(item("/DCIM/big.jpg"), 9, {}), std::nullopt) << "too large";
-    EXPECT_EQ(files_.thumbnail(item("/DCIM/none.txt"), 10'000, {}), std::nullopt);
-    EXPECT_EQ(files_.thumbnail(item("/DCIM/sub"), 10'000, {}), std::nullopt);
-    EXPECT_EQ(phone().requests(getObject), 0U);
-    EXPECT_EQ(phone().requests(openSession), 1U);
-}
-
 } // namespace
 } // namespace tessary

@@ -12,22 +12,6 @@ protected:
     static constexpr qint64 large = MTPFileReader::largestWhole + 3'000'001;
 };
 
-TEST_F(MTPReadTest, listedFilesCostOneRequestEachAndAreTheOnesListed) {
-    for (int n = 0; n < 10; ++n)
-        phone().write(u"DCIM/%1"_s.arg(n), QByteArray::number(n));
-    const std::vector<FileItem> files = list("/DCIM");
-    EXPECT_LE(requestsOf([&] {
-                  for (const FileItem& file : files)
-                      EXPECT_EQ(read(file), file.name.toUtf8());
-              }),
-              files.size() + 4);
-    ASSERT_TRUE(QFile::remove(phone().disk.path(u"0/DCIM/7"_s)));
-    phone().write(u"DCIM/8"_s, "edited in place");
-    std::this_thread::sleep_for(MTPKnownFolder::freshness + std::chrono::milliseconds(50));
-    EXPECT_EQ(codeOf([&] { (void)read(files[7]); }), "notFound");
-    EXPECT_EQ(read(item("/DCIM/8")), "edited in place");
-}
-
 TEST_F(MTPReadTest, rangesCostNoMoreThanTheyHold) {
     const QByteArray bytes = manyBytes(200'000);
     phone().write(u"f.bin"_s, bytes);

@@ -17,13 +17,7 @@ std::string mtpFailureOf(Call&& call) {
     return "none";
 }
 
-/// The description of an `underlying` error.
-inline std::string mtpFailure(const char* message) {
-    return std::string("MTP Transport error: ") + message;
-}
-
 inline constexpr const char* mtpNotConnected = "MTP USB Transport is not connected.";
-inline constexpr const char* mtpTimeout = "MTP USB read/write operation timed out.";
 inline constexpr const char* mtpReadTimedOut = "MTP Transport error: USB Read failed: 0x-1FFFFD2A";
 
 } // namespace tessary

@@ -17,7 +17,6 @@ inline VirtualAndroidConfig phoneConfig(const char* serial, const char* location
 class PluggedPhone {
 public:
     static constexpr std::uint32_t firstStorage = 0x00010001;
-    static constexpr std::uint32_t secondStorage = 0x00020001;
 
     /// `storages` are what `config` names, or one; their folders are "0", "1", … of `disk`.
     explicit PluggedPhone(VirtualUSBBus& bus, VirtualAndroidConfig config = {})
@@ -64,12 +63,6 @@ public:
                 return container;
             };
         });
-    }
-    /// Leaves a container its header alone.
-    static void cutToHeader(Bytes& container) {
-        container = {std::byte{12}, {},           {},           {},           container[4],
-                     container[5],  container[6], container[7], container[8], container[9],
-                     container[10], container[11]};
     }
     /// Refuses an operation from now on, or once.
     void refuse(MTPOperationCode operation, MTPResponseCode code, bool always = true) {

@@ -18,24 +18,17 @@ struct ScriptedTransfer {
     USBCode code = usb::success;
 };
 
-struct ScriptedControl {
-    USBControlRequest request;
-    Bytes data;
-};
-
 struct ScriptedInterface {
     std::uint8_t interfaceClass = 6;
     std::uint8_t subclass = 1;
     std::vector<USBPipeProperties> pipes{{USBDirection::in, USBTransferType::bulk, 512},
                                          {USBDirection::out, USBTransferType::bulk, 512},
                                          {USBDirection::in, USBTransferType::interrupt, 64}};
-    std::deque<USBCode> openCodes; ///< of the next calls of open() and openSeize()
 };
 
 struct ScriptedDevice {
     USBDeviceEntry entry;
     std::vector<ScriptedInterface> interfaces{{}};
-    std::deque<USBCode> openCodes;
 };
 
 /// A bus in memory that answers from a script and never waits: an empty IN pipe is usb::timeout.
@@ -47,13 +40,9 @@ public:
     std::deque<ScriptedTransfer> incoming;
     std::deque<USBCode> writeCodes;           ///< of the next writes; then usb::success
     std::deque<USBCode> cancelCodes;          ///< of the next cancel requests; then usb::success
-    std::deque<Bytes> statusAnswers;          ///< to the next status requests; then nothing
     std::function<void(ByteView)> afterWrite; ///< what the device does after each write
 
     std::vector<std::string> log;
-    std::vector<ScriptedControl> controls;
-    Bytes written; ///< the first 4096 bytes
-    std::uint64_t writtenSize = 0;
     std::size_t mostWrites = 0;        ///< the most that were in flight at once
     std::uint64_t readBufferLimit = 0; ///< the most memory that was set aside for reads at once
 
@@ -69,9 +58,6 @@ public:
         device.entry.location = QString::fromLatin1(location);
         attached.push_back(device);
         return attached.back();
-    }
-    void unplug() {
-        gone_ = true;
     }
     void send(Bytes bytes) {
         incoming.push_back({std::move(bytes), 0, usb::success});
@@ -117,8 +103,6 @@ private:
 
     USBCode read(std::span<std::byte> buffer, std::size_t& transferred) {
         transferred = 0;
-        if (gone_)
-            return usb::noDevice;
         if (incoming.empty())
             return usb::timeout;
         ScriptedTransfer& front = incoming.front();
@@ -148,16 +132,10 @@ private:
     USBCode write(std::span<const std::byte> data, std::size_t& transferred) {
         transferred = 0;
         log.push_back("write " + std::to_string(data.size()));
-        if (gone_)
-            return usb::noDevice;
         const USBCode code = next(writeCodes, usb::success);
         if (code != usb::success)
             return code;
         transferred = data.size();
-        writtenSize += data.size();
-        const std::size_t kept = std::min(data.size(), 4096 - written.size());
-        written.insert(written.end(), data.begin(),
-                       data.begin() + static_cast<std::ptrdiff_t>(kept));
         if (afterWrite)
             afterWrite(data);
         return code;
@@ -165,20 +143,10 @@ private:
 
     USBCode control(const USBControlRequest& request, std::span<std::byte> data,
                     std::size_t& transferred) {
-        transferred = 0;
-        if (gone_)
-            return usb::noDevice;
         const bool isCancel = request.request == 0x64;
         log.push_back(isCancel ? "cancel" : "status");
-        controls.push_back({request, isCancel ? Bytes(data.begin(), data.end()) : Bytes()});
-        if (isCancel) {
-            transferred = data.size();
-            return next(cancelCodes, usb::success);
-        }
-        const Bytes answer = next(statusAnswers, Bytes());
-        transferred = answer.size();
-        std::copy(answer.begin(), answer.end(), data.begin());
-        return usb::success;
+        transferred = isCancel ? data.size() : 0;
+        return isCancel ? next(cancelCodes, usb::success) : usb::success;
     }
 
     class Stream : public USBReadStream {
@@ -262,11 +230,10 @@ private:
         }
         USBCode open() override {
             bus_.log.push_back("open interface " + std::to_string(number_));
-            return ScriptedUSBBus::next(script_.openCodes, usb::success);
+            return usb::success;
         }
         USBCode openSeize() override {
-            bus_.log.push_back("seize interface " + std::to_string(number_));
-            return ScriptedUSBBus::next(script_.openCodes, usb::success);
+            return open();
         }
         void close() override {}
         [[nodiscard]] std::uint8_t endpointCount() const override {
@@ -324,11 +291,10 @@ private:
         }
         USBCode open() override {
             bus_.log.push_back("open " + script_.entry.location.toStdString());
-            return ScriptedUSBBus::next(script_.openCodes, usb::success);
+            return usb::success;
         }
         USBCode openSeize() override {
-            bus_.log.push_back("seize " + script_.entry.location.toStdString());
-            return ScriptedUSBBus::next(script_.openCodes, usb::success);
+            return open();
         }
         void close() override {}
         [[nodiscard]] std::vector<std::unique_ptr<USBInterface>>
@@ -344,8 +310,6 @@ private:
         ScriptedUSBBus& bus_;
         ScriptedDevice& script_;
     };
-
-    bool gone_ = false;
 };
 
 } // namespace tessary
