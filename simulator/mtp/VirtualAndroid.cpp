@@ -59,10 +59,6 @@ std::vector<VirtualStorage> VirtualAndroid::storages() const {
     return responder_->store().storages();
 }
 
-void VirtualAndroid::setStorage(std::size_t index, const VirtualStorage& storage) {
-    responder_->store().setStorage(index, storage);
-}
-
 MTPResponderHooks& VirtualAndroid::hooks() {
     return responder_->hooks();
 }
@@ -79,7 +75,6 @@ VirtualUSBDescription VirtualAndroid::description() const {
     description.productName = config_.productName;
     description.serialNumber = config_.serialNumber;
     description.maxPacketSize = config_.maxPacketSize;
-    description.reportsNoPacketSize = config_.reportsNoPacketSize;
     description.interfaces = config_.interfaces;
     return description;
 }

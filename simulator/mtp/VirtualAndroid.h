@@ -22,7 +22,6 @@ struct VirtualAndroidConfig {
     QString serialNumber; ///< empty: none
     QString location = QStringLiteral("1-1");
     std::uint16_t maxPacketSize = 512; ///< 64, 512 or 1024
-    bool reportsNoPacketSize = false;
     std::vector<VirtualUSBInterfaceDescription> interfaces =
         std::vector<VirtualUSBInterfaceDescription>(1);
     /// Ids are 0x00010001, 0x00020001, … in this order.
@@ -61,8 +60,6 @@ public:
     void setBattery(int percent);
     /// The storages with their current free space.
     [[nodiscard]] std::vector<VirtualStorage> storages() const;
-    /// Changes all but the folder of the storage at `index`.
-    void setStorage(std::size_t index, const VirtualStorage& storage);
 
     /// May be changed at any time; a transaction under way sees it from its next step on.
     [[nodiscard]] Guarded<VirtualBehaviour>& behaviour();

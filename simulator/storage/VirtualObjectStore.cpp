@@ -74,15 +74,6 @@ std::vector<VirtualStorage> VirtualObjectStore::storages() const {
     return storages_;
 }
 
-void VirtualObjectStore::setStorage(std::size_t index, const VirtualStorage& storage) {
-    const std::lock_guard lock(mutex_);
-    if (index >= storages_.size())
-        return;
-    const QString folder = storages_[index].folder;
-    storages_[index] = storage;
-    storages_[index].folder = folder;
-}
-
 void VirtualObjectStore::setLocked(bool locked) {
     const std::lock_guard lock(mutex_);
     locked_ = locked;

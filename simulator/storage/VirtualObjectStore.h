@@ -37,7 +37,6 @@ public:
     void renewHandles();
 
     [[nodiscard]] std::vector<VirtualStorage> storages() const;
-    void setStorage(std::size_t index, const VirtualStorage& storage);
     void setLocked(bool locked);
 
     /// None while the phone is locked.

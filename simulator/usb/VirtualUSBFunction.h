@@ -30,7 +30,6 @@ struct VirtualUSBDescription {
     QString productName;
     QString serialNumber;
     std::uint16_t maxPacketSize = 512; ///< of the bulk pipes: 64, 512 or 1024 bytes
-    bool reportsNoPacketSize = false;  ///< the endpoint descriptors say 0
     /// Numbered from 0.
     std::vector<VirtualUSBInterfaceDescription> interfaces =
         std::vector<VirtualUSBInterfaceDescription>(1);

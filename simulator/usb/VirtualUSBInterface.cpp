@@ -66,9 +66,8 @@ std::optional<USBPipeProperties> VirtualUSBInterface::pipeProperties(std::uint8_
     properties.direction = pipe == VirtualUSBPort::outPipe ? USBDirection::out : USBDirection::in;
     properties.transferType =
         pipe == VirtualUSBPort::eventPipe ? USBTransferType::interrupt : USBTransferType::bulk;
-    if (!description.reportsNoPacketSize)
-        properties.maxPacketSize =
-            pipe == VirtualUSBPort::eventPipe ? eventPacketSize : description.maxPacketSize;
+    properties.maxPacketSize =
+        pipe == VirtualUSBPort::eventPipe ? eventPacketSize : description.maxPacketSize;
     return properties;
 }
 
