@@ -25,10 +25,8 @@ class StrangeDisk {
 public:
     struct Options {
         NameRules rules{};
-        bool isReadOnly = false;
-        qint64 largestFile = 0; ///< bytes; 0: no limit
-        qint64 capacity = 0;    ///< bytes; 0: no limit
-        qint64 saysFree = -1;   ///< instead of the truth
+        qint64 capacity = 0;  ///< bytes; 0: no limit
+        qint64 saysFree = -1; ///< instead of the truth
     };
 
     explicit StrangeDisk(Options options) : options_(options) {
@@ -110,8 +108,6 @@ private:
     }
     /// 0, or what is against a new entry of this path.
     [[nodiscard]] int refusalOf(const char* path) const {
-        if (options_.isReadOnly)
-            return -EROFS;
         const QString name = QString::fromUtf8(path).section(QLatin1Char('/'), -1);
         return options_.rules.accepts(name) ? 0 : -EINVAL;
     }
@@ -177,9 +173,6 @@ private:
             if (const int failure = fault(); failure != 0)
                 return failure;
             const Options& options = instance()->options_;
-            const auto end = offset + static_cast<off_t>(size);
-            if (options.largestFile > 0 && end > options.largestFile)
-                return -EFBIG;
             if (options.capacity > 0 &&
                 instance()->used() + static_cast<qint64>(size) > options.capacity)
                 return -ENOSPC;

@@ -1,9 +1,7 @@
 #include "transfer/copy/CopyCheck.h"
 
-#include "base/threads/CancellationError.h"
 #include "support/QtPrinters.h"
 #include "transfer/CopySides.h"
-#include "transfer/copy/ContentCount.h"
 #include "transfer/copy/Leftovers.h"
 
 #include <gmock/gmock.h>
@@ -11,8 +9,6 @@
 
 namespace tessary {
 namespace {
-
-using Operation = MemoryFileSystem::Operation;
 
 class CopyCheckTest : public testing::Test {
 protected:
@@ -63,24 +59,6 @@ TEST_F(CopyCheckTest, neededBytesFollowTheAnswers) {
     const ClashPolicy policy = policyFor({{a, ClashAnswer::skip}}, ClashAnswer::merge);
     EXPECT_EQ(policy({request.items[0].item, {}}), ClashAnswer::skip);
     EXPECT_EQ(policy({request.items[1].item, {}}), ClashAnswer::merge);
-}
-
-TEST_F(CopyCheckTest, aTargetThatCannotBeAskedCountsAsEmpty) {
-    target.memory->loseLink();
-    const CopyCheck check = checkCopy(request, {}, {}, {});
-    EXPECT_FALSE(check.items[0].existing);
-    EXPECT_FALSE(check.freeBytes);
-}
-
-TEST(ContentCounts, whatCannotBeReadIsCountedAsSuch) {
-    MemorySide side;
-    side.fill({{s("a"), "1"}, {s("d/b"), "22"}, {s("d/e/c"), "333"}, {s("d/x/y"), "4"}}, noon);
-    side.memory->addUnreadable(s("/side/d/u"), {PhoneError::unreadable});
-    side.memory->fail(Operation::list, s("/side/d/x"), {PhoneError::accessDenied});
-    EXPECT_EQ(countContent(*side.memory, side.items(), {}, {}),
-              (ContentCount{.files = 3, .folders = 2, .bytes = 6, .unreadable = 2}));
-    side.memory->loseLink();
-    EXPECT_THROW((void)countContent(*side.memory, {side.memory->item(s("/side"))}, {}, {}), Error);
 }
 
 } // namespace

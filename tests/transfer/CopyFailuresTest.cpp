@@ -84,26 +84,6 @@ TEST(TreeCopyErrors, oneItemIsLeftOutAndThePhoneEndsAll) {
     }
 }
 
-TEST(TreeCopyErrors, aListingOlderThanItsFileIsLookedUpOnceMore) {
-    MemorySide source({.queue = std::make_shared<PhoneQueue>()});
-    DiskSide target;
-    source.put(s("a"), "short", noon);
-    TreeCopyRequest request = requestFor(source, target, ClashAnswer::skip);
-    source.put(s("a"), "much longer", noon.addSecs(5));
-    request.items[0].item.size = 500;
-    EXPECT_EQ(run(std::move(request)).end(), CopyOutcome::End::done);
-    EXPECT_EQ(target.contents().value(s("a")), "much longer");
-}
-
-TEST(TreeCopyErrors, aFileThatIsTooLargeForTheCardIsLeftOut) {
-    DiskSide source;
-    MemorySide target({.capabilities = {.largestFile = 100}});
-    source.fill({{s("large"), QByteArray(101, 'l')}, {s("small"), "s"}}, noon);
-    const CopyOutcome outcome = run(requestFor(source, target, ClashAnswer::skip));
-    EXPECT_THAT(namesLeftOut(outcome), ElementsAre(s("large: tooLarge")));
-    EXPECT_EQ(target.contents().keys(), QStringList{s("small")});
-}
-
 TEST(TreeCopyErrors, aFolderIsNotCopiedIntoItself) {
     MemorySide side({.queue = std::make_shared<PhoneQueue>()});
     side.fill({{s("a/b/c"), "c"}, {s("d"), "d"}}, noon);
@@ -189,68 +169,6 @@ TEST_P(TreeCopyLostLink, atEveryRequest) {
     EXPECT_GT(requests, 10);
 }
 
-TEST(SmallFilesTogether, whatDoesNotGoThatWayGoesAloneAndSaysWhy) {
-    const Contents coming{{s("a"), "1"}, {s("b"), "2"}, {s("c"), "3"}, {s("d"), "4"}};
-    DiskSide source;
-    MemorySide target({.capabilities = {.setsDates = true, .writesTogether = true},
-                       .queue = std::make_shared<PhoneQueue>()});
-    source.fill(coming, noon);
-    target.memory->fail(Operation::write, s("/side/b"), {PhoneError::refused}); // not as a part
-    target.memory->beforeEach([&](const MemoryFileSystem::Request& request) {
-        if (request.operation == Operation::write && request.path == s("/side/c"))
-            target.memory->addFile(s("/side/c"), "another's", noon);
-    });
-    const CopyOutcome outcome = run(requestFor(source, target, ClashAnswer::skip));
-    EXPECT_THAT(namesLeftOut(outcome), testing::ElementsAre(s("c: taken")));
-    EXPECT_EQ(outcome.files, 3);
-    Contents expected = coming;
-    expected[s("c")] = "another's";
-    EXPECT_EQ(target.contents(), expected);
-}
-
-TEST(SmallFilesTogether, whatArrivedBeforeTheCableWentIsCounted) {
-    std::set<qint64> counts;
-    for (int lostAt = 1; lostAt < 25; ++lostAt) {
-        SCOPED_TRACE(lostAt);
-        MemorySide source(
-            {.capabilities = {.readsTogether = true}, .queue = std::make_shared<PhoneQueue>()});
-        MemorySide target({.identity = s("target"), .queue = std::make_shared<PhoneQueue>()});
-        source.fill({{s("a"), "1"}, {s("b"), "2"}, {s("c"), "3"}, {s("d"), "4"}}, noon);
-        target.memory->loseLink(lostAt);
-        const CopyOutcome outcome = run(requestFor(source, target, ClashAnswer::skip));
-        QStringList named;
-        for (const QString& name : target.contents().keys())
-            if (!isPartName(name))
-                named << target.at(name);
-        EXPECT_EQ(outcome.files, named.size());
-        EXPECT_EQ(outcome.made, named);
-        counts.insert(outcome.files);
-    }
-    EXPECT_THAT(counts, ElementsAre(0, 1, 2, 3, 4));
-}
-
-/// A copy that broke off goes on under the names that it gave, and what was left out alone.
-TEST(TreeCopyAgain, goesOnWhereItBrokeOff) {
-    DiskSide source;
-    MemorySide target({.queue = std::make_shared<PhoneQueue>()});
-    source.fill({{s("d/"), {}}, {s("d/a"), "a"}, {s("d/b"), film}, {s("d/c"), "c"}}, noon);
-    target.fill({{s("d/"), {}}, {s("d/x"), "x"}}, noon);
-    TreeCopyRequest request = requestFor(source, target, ClashAnswer::keepBoth);
-    target.memory->loseLink(9);
-    const CopyOutcome broken = run(request);
-    ASSERT_EQ(broken.end(), CopyOutcome::End::failed);
-    ASSERT_GE(broken.files, 1);
-    target.memory->restoreLink();
-    target.memory->forgetRequests();
-    request.items = broken.items;
-    request.skipsSame = true;
-    const CopyOutcome rest = run(request);
-    EXPECT_EQ(rest.end(), CopyOutcome::End::done);
-    EXPECT_EQ(rest.alreadyThere, broken.files);
-    EXPECT_EQ(target.contents().keys(), (QStringList{s("d (2)/"), s("d (2)/a"), s("d (2)/b"),
-                                                     s("d (2)/c"), s("d/"), s("d/x")}));
-}
-
 /// Wherever the cable goes: what is there already is neither copied twice nor left at its source.
 TEST(TreeCopyAgain, aMoveGoesOnWhereItBrokeOff) {
     const Contents tree{
@@ -292,31 +210,6 @@ TEST(TreeCopyAgain, aMoveThatGoesOnRemovesNothingThatIsNotThere) {
     EXPECT_THAT(namesLeftOut(run(std::move(request))), ElementsAre(s("a: taken")));
     EXPECT_EQ(source.contents(), (Contents{{s("a"), "this"}}));
     EXPECT_EQ(target.contents(), (Contents{{s("a"), "that"}}));
-}
-
-TEST(TreeCopyAgain, whatWasLeftOutIsCopiedAlone) {
-    MemorySide source({.queue = std::make_shared<PhoneQueue>()});
-    DiskSide target;
-    source.fill({{s("d/e/a"), "a"}, {s("d/e/b"), "b"}, {s("d/e/c"), "c"}}, noon);
-    target.fill({{s("d/"), {}}, {s("d/e/"), {}}, {s("d/e/b"), "the user's own"}}, noon);
-    TreeCopyRequest request = requestFor(source, target, ClashAnswer::keepBoth);
-    source.memory->fail(Operation::read, s("/side/d/e/b"), {PhoneError::refused}, 1);
-    const CopyOutcome first = run(request);
-    ASSERT_EQ(first.leftOut.size(), 1U);
-    EXPECT_EQ(first.leftOut[0].item.folder, s("d (2)/e"));
-    request.items = {first.leftOut[0].item};
-    source.memory->forgetRequests();
-    EXPECT_EQ(run(request).end(), CopyOutcome::End::done);
-    EXPECT_EQ(source.memory->bytes(Operation::read), 1);
-    EXPECT_EQ(target.contents().value(s("d (2)/e/b")), "b");
-    EXPECT_EQ(target.contents().value(s("d/e/b")), "the user's own");
-    // Nor does a folder that has gone, or become a file, keep the others from being copied.
-    request.items.push_back(first.leftOut[0].item);
-    request.items[0].folder = s("x/y");
-    request.items[1].folder = s("d (2)/e/a/z");
-    const CopyOutcome again = run(request);
-    EXPECT_THAT(namesLeftOut(again), ElementsAre(s("b: notAFolder")));
-    EXPECT_EQ(target.contents().value(s("x/y/b")), "b");
 }
 
 } // namespace

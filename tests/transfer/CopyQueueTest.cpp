@@ -65,30 +65,6 @@ protected:
     int finished = 0;
 };
 
-TEST_F(CopyQueueTest, aJobShowsWhatItIsAndWhatItDid) {
-    QString told;
-    const QUuid id = queue.enqueue({.from = one.files(),
-                                    .to = here.files(),
-                                    .items = {{one.memory->item(s("/side/b")), s("b")},
-                                              {one.memory->item(s("/side/d")), s("d")}},
-                                    .folder = here.root()},
-                                   [&told](const CopyJob& job) { told = job.name; });
-    EXPECT_EQ(job(id).direction, CopyJob::Direction::toComputer);
-    EXPECT_EQ(job(id).name, s("b"));
-    EXPECT_EQ(job(id).things, 2);
-    EXPECT_EQ(job(id).phone, s("one"));
-    EXPECT_TRUE(job(id).isMeasuring); // there is a folder
-    finishAll();
-    EXPECT_EQ(job(id).status, Status::done);
-    EXPECT_EQ(job(id).progress.completedFiles, 2);
-    EXPECT_EQ(job(id).fractionDone(), 1);
-    EXPECT_EQ(job(id).made, (QStringList{here.at(s("b")), here.at(s("d"))}));
-    EXPECT_EQ(told, s("b"));
-    EXPECT_EQ(finished, 1);
-    EXPECT_EQ(queue.summary().doneBytes, film.size() + 1);
-    EXPECT_EQ(queue.summary().fractionDone(), std::nullopt) << "nothing is under way";
-}
-
 TEST_F(CopyQueueTest, onePhoneCopiesInOrderAndTwoSideBySide) {
     hold(one);
     copy(one, "a");
@@ -151,26 +127,6 @@ TEST_F(CopyQueueTest, whatIsPausedWaitsAndGoesOn) {
     EXPECT_EQ(job(d).status, Status::done);
 }
 
-TEST_F(CopyQueueTest, whatLostItsPhoneGoesOnWithoutCopyingTwice) {
-    one.memory->failAfterBytes(Operation::read, s("/side/b"), 1000, {PhoneError::unplugged});
-    const QUuid id = queue.enqueue({.from = one.files(),
-                                    .to = here.files(),
-                                    .items = {{one.memory->item(s("/side/a")), s("a")},
-                                              {one.memory->item(s("/side/b")), s("b")}},
-                                    .folder = here.root()});
-    finishAll();
-    EXPECT_EQ(job(id).status, Status::failed);
-    EXPECT_TRUE(job(id).hasLostPhone());
-    EXPECT_EQ(job(id).error, Error(PhoneError::unplugged));
-    one.memory->forgetRequests();
-    queue.goOn(id);
-    finishAll();
-    EXPECT_EQ(job(id).status, Status::done);
-    EXPECT_FALSE(job(id).error);
-    EXPECT_EQ(one.memory->bytes(Operation::read), film.size());
-    EXPECT_EQ(here.contents().keys(), (QStringList{s("a"), s("b")}));
-}
-
 /// The answers were given about other clashes than those that a second try meets.
 TEST_F(CopyQueueTest, whatWasLeftOutReplacesNothingWhenItIsTriedAgain) {
     here.fill({{s("d/"), {}}, {s("d/e"), "the user's own"}}, noon);
@@ -228,17 +184,6 @@ TEST_F(CopyQueueTest, jobsThatWaitCanBeReordered) {
     gate.open();
     finishAll();
     EXPECT_THAT(order, ElementsAre(s("a"), s("d"), s("b")));
-}
-
-TEST_F(CopyQueueTest, bytesOnTheWayAreCountedAgainstTheirTarget) {
-    hold(one);
-    copy(one, "a");
-    copy(one, "b");
-    EXPECT_EQ(queue.bytesOnTheWayTo(here.files()->identity()), film.size() + 1);
-    EXPECT_EQ(queue.bytesOnTheWayTo(other.files()->identity()), 0);
-    gate.open();
-    finishAll();
-    EXPECT_EQ(queue.bytesOnTheWayTo(here.files()->identity()), 0);
 }
 
 /// What broke off is gone on with in another run of the program, from its record.
@@ -305,18 +250,6 @@ TEST_F(CopyQueueTest, historyForgetsWhatIsOldAndSurvivesWhatIsBroken) {
     EXPECT_EQ(CopyHistory(disk.path()).find({}).size(), 1U);
     history.clear();
     EXPECT_TRUE(CopyHistory(disk.path()).find({}).empty());
-}
-
-TEST_F(CopyQueueTest, stoppingEndsWhatRunsAndStartsNothing) {
-    hold(one);
-    copy(one, "b");
-    copy(one, "a");
-    ASSERT_TRUE(eventually([this] { return gate.waiting() > 0; }));
-    EXPECT_FALSE(queue.stop(10ms));
-    gate.open();
-    EXPECT_TRUE(queue.stop(10s));
-    turnFor(50ms);
-    EXPECT_TRUE(here.contents().isEmpty());
 }
 
 } // namespace

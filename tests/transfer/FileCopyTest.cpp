@@ -68,20 +68,6 @@ TEST(FileCopies, whatChangedSinceItWasSeenStays) {
     }
 }
 
-TEST(FileCopies, aWayThatCannotRenameGetsNewFilesOnly) {
-    MemoryFileSystem source;
-    MemoryFileSystem target({.capabilities = {.renames = false, .moves = false}});
-    source.addFile(s("/s"), "new", noon);
-    target.addFile(s("/t"), "old", noon);
-    FileCopy copy{source, source.item(s("/s")), target, s("/"), s("u")};
-    EXPECT_EQ(copyFile(copy, {}, {}).path, s("/u"));
-    copy.name = s("t");
-    copy.replaces = target.item(s("/t"));
-    EXPECT_THROW(copyFile(copy, {}, {}), Error);
-    EXPECT_EQ(target.content(s("/t")), "old");
-    EXPECT_EQ(target.count(Operation::write), 1);
-}
-
 TEST(FileCopies, nothingIsReadOfWhatTheTargetCannotHold) {
     MemoryFileSystem source;
     MemoryFileSystem target({.capabilities = {.largestFile = 99}});
@@ -142,27 +128,6 @@ TEST(Leftovers, areFinishedOrRemovedAndNothingElseIs) {
                                            {s("new"), "n"}}));
 }
 
-TEST(Leftovers, areNoneOfTheUsersFiles) {
-    MemorySide source;
-    DiskSide target;
-    source.fill({{s("d/a"), "a"}, {s("d/") + newPartName({}), "part"}}, noon);
-    EXPECT_EQ(run(requestFor(source, target, ClashAnswer::skip)).end(), CopyOutcome::End::done);
-    EXPECT_EQ(target.contents().keys(), (QStringList{s("d/"), s("d/a")}));
-}
-
-TEST(Leftovers, foldersOfOursGoWithAllInThemOnceTheyAreOld) {
-    MemorySide target({.rules = {}});
-    const QDateTime now = QDateTime::currentDateTime();
-    target.memory->addFile(s("/side/.tessary-part-old/x"), "x", now);
-    target.memory->addFile(s("/side/.tessary-part-new/x"), "x", now);
-    std::vector<FileItem> items = listAll(*target.memory, s("/side"), {}).items;
-    for (FileItem& item : items)
-        item.modifiedDate = item.name == s(".tessary-part-old") ? now.addSecs(-3600) : now;
-    EXPECT_THAT(tidied(*target.memory, items, {}, {}, {}), testing::IsEmpty());
-    EXPECT_EQ(target.memory->tree(), (QStringList{s("/side/"), s("/side/.tessary-part-new/"),
-                                                  s("/side/.tessary-part-new/x")}));
-}
-
 TEST(Leftovers, ofTheCallersOwnGoAtOnceAndWhatIsTheUsersIsNeverRemoved) {
     Call call;
     call.partOwner = partOwner(s("me"));
@@ -207,21 +172,6 @@ TEST(LargeFiles, beginAnewWhenTheSourceChanged) {
     source.put(s("film"), other, noon.addSecs(1));
     EXPECT_EQ(run(requestFor(source, target, ClashAnswer::skip)).end(), CopyOutcome::End::done);
     EXPECT_EQ(target.contents().value(s("film")), other);
-}
-
-TEST(LargeFiles, thatWereGivenUpAreRemovedAfterAWeek) {
-    MemorySide source({.queue = std::make_shared<PhoneQueue>()});
-    DiskSide target;
-    source.put(s("a"), "a", noon);
-    const FileItem item = source.items()[0];
-    const QDateTime now = QDateTime::currentDateTime();
-    FileItem other = item;
-    other.path += s("2");
-    const QString young = resumableName(*source.memory, item);
-    target.put(young, "y", now.addDays(-6));
-    target.put(resumableName(*source.memory, other), "o", now.addDays(-8));
-    EXPECT_EQ(run(requestFor(source, target, ClashAnswer::skip)).end(), CopyOutcome::End::done);
-    EXPECT_EQ(target.contents(), (Contents{{young, "y"}, {s("a"), "a"}}));
 }
 
 } // namespace

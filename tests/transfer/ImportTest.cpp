@@ -13,8 +13,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 using Operation = MemoryRequests::Operation;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 FileItem fileAt(const char* path, const QDateTime& date = lunch, qint64 size = 10) {
     const QString at = QString::fromUtf8(path);
@@ -66,18 +64,6 @@ TEST(Photos, whatBelongsTogetherIsOne) {
     }
 }
 
-TEST(Photos, newestFirstAndADayIsTheOneItWasTakenOn) {
-    FileItem undated = fileAt("/D/none.jpg");
-    undated.modifiedDate.reset();
-    const auto photos =
-        photosOf({undated, fileAt("/D/IMG_0001.JPG", lunch), fileAt("/D/new.jpg", lunch.addDays(1)),
-                  fileAt("/D/IMG_E0001.JPG", lunch.addDays(40))});
-    EXPECT_EQ(shown(photos),
-              (QStringList{u"new.jpg"_s, u"IMG_E0001.JPG+IMG_0001.JPG"_s, u"none.jpg"_s}));
-    EXPECT_EQ(photos[1].day(), lunch.date());
-    EXPECT_EQ(photos[2].day(), std::nullopt);
-}
-
 TEST(CameraFolders, areThoseOfEachStorageAndListedDeep) {
     DeviceInfo device;
     device.platform = DevicePlatform::android;
@@ -116,20 +102,6 @@ TEST(Import, interruptedItGoesOnWithWhatIsMissing) {
     EXPECT_EQ(import.here().size(), 9);
 }
 
-TEST(Import, aKilledOneFindsItsCopiesAgain) {
-    const ImportFixture import;
-    import.take("IMG_1.JPG", "one");
-    import.take("IMG_2.JPG", "two");
-    (void)import.fetch();
-    const QString ledger = import.find().ledger->file();
-    ASSERT_TRUE(QFile::resize(ledger, QFileInfo(ledger).size() - 10)); // the last line is cut
-    import.phone->forgetRequests();
-    EXPECT_EQ(import.fetch().files, 0);
-    EXPECT_EQ(import.phone->count(Operation::read), 0);
-    EXPECT_THAT(import.plan().alreadyHere, IsEmpty()); // it was noted
-    EXPECT_THAT(import.plan().items, IsEmpty());
-}
-
 TEST(Import, aCopyThatWasRenamedOrDeletedHereIsNotFetchedAgain) {
     const ImportFixture import;
     import.take("IMG_1.JPG", "one");
@@ -147,21 +119,6 @@ TEST(Import, aCopyThatWasRenamedOrDeletedHereIsNotFetchedAgain) {
     EXPECT_EQ(again.items.size(), 2U);
 }
 
-TEST(Import, twoPhonesWithEqualNamesAreTwo) {
-    const ImportFixture one(u"PHONE1"_s);
-    ImportFixture other(u"PHONE2"_s);
-    other.disk = one.disk;
-    one.take("IMG_1.JPG", "mine!");
-    one.take("IMG_1.MOV", "moves");
-    other.take("IMG_1.JPG", "yours", lunch.addDays(2));
-    other.take("IMG_1.MOV", "waves", lunch.addDays(2));
-    (void)one.fetch();
-    EXPECT_EQ(other.fetch().files, 2);
-    EXPECT_EQ(one.here(), (QStringList{u"IMG_1 (2).JPG=yours"_s, u"IMG_1 (2).MOV=waves"_s,
-                                       u"IMG_1.JPG=mine!"_s, u"IMG_1.MOV=moves"_s}));
-    EXPECT_EQ(one.fetch().files + other.fetch().files, 0);
-}
-
 TEST(Import, filesOfOnePhotoGetOneFolderAndOneNumber) {
     const ImportFixture import;
     import.disk->write(u"pictures/2026/2026-05-17/IMG_0001.MOV"_s, "a stranger");
@@ -177,16 +134,6 @@ TEST(Import, filesOfOnePhotoGetOneFolderAndOneNumber) {
                                           u"2026/2026-05-17/IMG_E0001 (2).HEIC=better"_s}));
     EXPECT_EQ(QFileInfo(import.target() + u"/2026/2026-05-17/IMG_0001 (2).HEIC"_s).lastModified(),
               lunch);
-}
-
-TEST(Import, twinsOfOneNameBothArrive) {
-    ImportFixture import;
-    import.phone = std::make_shared<MemoryFileSystem>(
-        MemoryFileSystem::Options{.givesHandles = true, .queue = std::make_shared<PhoneQueue>()});
-    import.take("IMG_1.JPG", "first");
-    import.phone->addTwin(u"/DCIM/IMG_1.JPG"_s, "another", lunch);
-    EXPECT_EQ(import.fetch().files, 2);
-    EXPECT_EQ(import.here(), (QStringList{u"IMG_1 (2).JPG=another"_s, u"IMG_1.JPG=first"_s}));
 }
 
 TEST(ImportLedger, knowsAFileByPathSizeAndDate) {

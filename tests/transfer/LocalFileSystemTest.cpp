@@ -1,16 +1,11 @@
 #include "transfer/local/LocalFileSystem.h"
 
 #include "base/text/PathNames.h"
-#include "base/threads/CancellationError.h"
-#include "support/OrdinaryUser.h"
 #include "support/QtPrinters.h"
 #include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <QCryptographicHash>
-#include <QFileInfo>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -77,19 +72,6 @@ std::optional<ErrorCode> codeOf(const std::function<void()>& work) {
         return error.code();
     }
     return std::nullopt;
-}
-
-TEST_F(LocalFileSystemTest, aListingHandsOutEveryEntryOnce) {
-    QStringList names;
-    for (int i = 0; i < 1300; ++i)
-        names << QStringLiteral("%1.txt").arg(i, 4, 10, QLatin1Char('0'));
-    for (const QString& name : names)
-        disk.write(QStringLiteral("base/") + name, {});
-    QStringList listed;
-    for (const FileItem& one : listAll(files, files.folder(), {}).items)
-        listed << one.name;
-    listed.sort();
-    EXPECT_EQ(listed, names);
 }
 
 TEST_F(LocalFileSystemTest, whatIsNoEntryIsReportedAndNeverLeftOut) {
@@ -169,14 +151,6 @@ TEST_F(LocalFileSystemTest, nothingLeavesTheFolder) {
     EXPECT_THAT(disk.names(), ElementsAre(QStringLiteral("base"), QStringLiteral("elsewhere")));
 }
 
-TEST_F(LocalFileSystemTest, theUsersOwnPathMayHoldLinks) {
-    link(QStringLiteral("."), QStringLiteral("way"));
-    LocalFileSystem through(at(QStringLiteral("way/deep")));
-    disk.makeFolder(QStringLiteral("base/deep"));
-    through.makeFolder(through.folder(), QStringLiteral("new"), {});
-    EXPECT_TRUE(disk.has(QStringLiteral("base/deep/new")));
-}
-
 TEST_F(LocalFileSystemTest, takenNamesAreRefusedOrReplacedAsAsked) {
     const FileItem a = write(files.folder(), QStringLiteral("a"), "a");
     const FileItem b = write(files.folder(), QStringLiteral("b"), "b");
@@ -221,52 +195,6 @@ TEST_F(LocalFileSystemTest, removalsTakeWhatWasSeenAndNoMore) {
               ErrorCode(PhoneError::wholeStorage));
 }
 
-TEST_F(LocalFileSystemTest, failuresHaveTheirCodes) {
-    write(files.folder(), QStringLiteral("file"), "f");
-    disk.makeFolder(QStringLiteral("base/closed"));
-    ASSERT_EQ(::chmod(at(QStringLiteral("closed")).toUtf8().constData(), 0), 0);
-    ASSERT_EQ(::chmod(disk.path().toUtf8().constData(), 0755), 0);
-    const QString tooLong(256, QLatin1Char('n'));
-    LocalFileSystem missing(at(QStringLiteral("missing")));
-    auto user = std::make_unique<OrdinaryUser>();
-    const struct {
-        const char* name;
-        std::function<void()> work;
-        ErrorCode code;
-    } rows[] = {
-        {"a base that is not there", [&] { (void)listAll(missing, missing.folder(), {}); },
-         LocalError::notFound},
-        {"a folder that is not there",
-         [&] { write(at(QStringLiteral("missing")), QStringLiteral("x"), "x"); },
-         LocalError::notFound},
-        {"a file as a folder", [&] { (void)listAll(files, at(QStringLiteral("file")), {}); },
-         LocalError::notAFolder},
-        {"a closed folder", [&] { (void)listAll(files, at(QStringLiteral("closed")), {}); },
-         LocalError::cannotRead},
-        {"a folder that is not ours", [&] { write(files.folder(), QStringLiteral("x"), "x"); },
-         LocalError::cannotWrite},
-        {"the same for a folder",
-         [&] { files.makeFolder(files.folder(), QStringLiteral("x"), {}); },
-         LocalError::cannotMakeFolder},
-        {"and for a removal", [&] { files.remove(item(QStringLiteral("file")), {}); },
-         LocalError::cannotDelete},
-        {"a name that is too long", [&] { write(files.folder(), tooLong, "x"); },
-         LocalError::nameTooLong},
-        {"a folder that is read as a file",
-         [&] {
-             (void)read({QStringLiteral("closed"), at(QStringLiteral("closed")), false, 0, {}});
-         },
-         LocalError::cannotRead},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(codeOf(row.work), row.code) << row.name;
-    EXPECT_EQ(files.find(at(QStringLiteral("missing")), {}), std::nullopt);
-    EXPECT_EQ(files.find(at(QStringLiteral("file/below")), {}), std::nullopt);
-    EXPECT_GT(files.freeBytes(files.folder(), {}).value_or(0), 0U);
-    user.reset();
-    ASSERT_EQ(::chmod(at(QStringLiteral("closed")).toUtf8().constData(), 0700), 0);
-}
-
 TEST_F(LocalFileSystemTest, rulesComeFromTheKindOfDisk) {
     constexpr quint64 fat = 0x4D44;
     constexpr quint64 fuse = 0x65735546;
@@ -281,17 +209,6 @@ TEST_F(LocalFileSystemTest, rulesComeFromTheKindOfDisk) {
     EXPECT_NE(here.key(QStringLiteral("a")), here.key(QStringLiteral("A")));
     EXPECT_TRUE(here.accepts(QStringLiteral("1 10:20.txt")));
     EXPECT_THAT(disk.names(QStringLiteral("base")), IsEmpty());
-}
-
-TEST_F(LocalFileSystemTest, whatTheUserPointsAtIsOpened) {
-    disk.write(QStringLiteral("elsewhere/real/a.txt"), "a");
-    link(disk.path(QStringLiteral("elsewhere/real")), QStringLiteral("my link"));
-    const LocalItem opened = openLocalItem(at(QStringLiteral("my link")));
-    EXPECT_EQ(opened.item.name, QStringLiteral("my link"));
-    EXPECT_TRUE(opened.item.isDirectory);
-    EXPECT_EQ(listAll(*opened.files, opened.item.path, {}).items.size(), 1U);
-    EXPECT_EQ(codeOf([&] { (void)openLocalItem(at(QStringLiteral("missing"))); }),
-              ErrorCode(LocalError::notFound));
 }
 
 } // namespace

@@ -14,24 +14,6 @@ INSTANTIATE_TEST_SUITE_P(
                     Way{"withinOnePhone", overADB, overADB}),
     [](const auto& way) { return way.param.name; });
 
-/// What many small files cost is what a person waits for.
-TEST(RequestsOverMTP, aSmallFileTakesFew) {
-    constexpr std::size_t files = 50;
-    constexpr std::size_t around = 10; // for the folder, and to begin with
-    for (const bool isUpload : {true, false}) {
-        MTPSide phone("REQUESTS");
-        DiskSide disk;
-        CopyEnd& from = isUpload ? static_cast<CopyEnd&>(disk) : phone;
-        CopyEnd& to = isUpload ? static_cast<CopyEnd&>(phone) : disk;
-        for (std::size_t n = 0; n < files; ++n)
-            from.put(s("d/%1.jpg").arg(n), "small", noon);
-        TreeCopyRequest request = requestFor(from, to, ClashAnswer::skip);
-        const std::size_t requests = phone.requestsOf(
-            [&] { EXPECT_EQ(run(std::move(request)).end(), CopyOutcome::End::done); });
-        EXPECT_LE(requests, files * (isUpload ? 5 : 1) + around);
-    }
-}
-
 /// A cable that comes out in the middle of a large file, either way.
 TEST(UnpluggedOverMTP, onlyWhatWasUnderWayComesAcrossAgain) {
     constexpr qint64 size = qint64{160} << 20;

@@ -1,17 +1,12 @@
 #include "transfer/mount/PhoneMount.h"
 
-#include "base/threads/CancellationError.h"
 #include "support/Gate.h"
 #include "support/QtPrinters.h"
-#include "sync/ForwardedFiles.h"
 #include "transfer/CopySides.h"
-#include "transfer/mount/DragMount.h"
-#include "transfer/mount/PhoneFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QCryptographicHash>
 #include <QProcess>
 
 #include <array>
@@ -21,7 +16,6 @@
 namespace tessary {
 namespace {
 
-using testing::ElementsAre;
 using Operation = MemoryFileSystem::Operation;
 
 MemoryFileSystem::Options phoneWithRanges(bool readsRanges) {
@@ -51,21 +45,6 @@ bool soon(const std::function<bool()>& isSo) {
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
     return isSo();
 }
-
-/// A phone that is silent once it is asked what it can.
-class SilentPhone final : public ForwardedFiles {
-public:
-    using ForwardedFiles::ForwardedFiles;
-
-    FileSystemCapabilities capabilities(const Call& call) override {
-        isAsked = true;
-        while (!call.stop.stop_requested())
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));
-        throw CancellationError();
-    }
-
-    std::atomic<bool> isAsked = false;
-};
 
 /// Bytes of which each tells where it lies.
 QByteArray countingBytes(qsizetype size) {
@@ -129,30 +108,6 @@ TEST_P(PhoneMountTest, programsSeeAndCopyWhatIsThere) {
     EXPECT_FALSE(succeeds(s("touch"), {at("d/new")}));
 }
 
-TEST_P(PhoneMountTest, severalTreesLieSideBySide) {
-    mounted.reset();
-    mount({{phone.at(s("d")), s("Card")}, {phone.at(s("d/e")), s("Card")}, {s("/"), s("../x")}});
-    QByteArray names;
-    ASSERT_TRUE(prints(s("ls '%1'; cat '%1/Card/a.txt' '%1/Card (2)/b'").arg(top), &names));
-    EXPECT_EQ(names, "Card\nCard (2)\nphone\nab");
-}
-
-TEST_P(PhoneMountTest, aFolderOfItsOwnIsCalledAfterThePhone) {
-    qputenv("XDG_RUNTIME_DIR", disk.makeFolder(s("run")).toUtf8());
-    for (const auto& [name, shown] : {std::pair(s("Ann\u2019s phone"), s("Ann\u2019s phone")),
-                                      std::pair(s("../x"), s("phone"))}) {
-        auto own = PhoneMount::mountByName(phone.files(), {{phone.root(), name}}, name, {});
-        ASSERT_TRUE(own);
-        const QString path = own->path();
-        EXPECT_EQ(lastComponent(path), shown);
-        QByteArray content;
-        EXPECT_TRUE(prints(s("cat '%1/d/a.txt'").arg(path), &content));
-        EXPECT_EQ(content, "a");
-        own.reset();
-        EXPECT_FALSE(QFileInfo::exists(parentPath(path)));
-    }
-}
-
 TEST_P(PhoneMountTest, aSeekFetchesLittleMoreThanIsRead) {
     QByteArray bytes;
     ASSERT_TRUE(
@@ -167,15 +122,6 @@ TEST_P(PhoneMountTest, aSeekFetchesLittleMoreThanIsRead) {
     EXPECT_EQ(bytes, long_.right(700) + long_.left(300));
 }
 
-TEST_P(PhoneMountTest, aFileIsFetchedOnceForAllWhoReadIt) {
-    QByteArray sums;
-    ASSERT_TRUE(
-        prints(s("for n in 1 2 3 4; do md5sum < '%1' & done; wait").arg(at("film")), &sums));
-    const QByteArray sum = QCryptographicHash::hash(long_, QCryptographicHash::Md5).toHex();
-    EXPECT_EQ(sums.count(sum), 4);
-    EXPECT_LE(phone.memory->bytes(Operation::read), long_.size() * 5 / 4);
-}
-
 TEST_P(PhoneMountTest, namesAreThoseThatCanLieHereAndTheRestIsTold) {
     phone.memory->addTwin(s("/side/d/a.txt"), "twin", noon);
     phone.memory->addHostile(s("/side/d"), s("x/y"), "hostile");
@@ -187,26 +133,6 @@ TEST_P(PhoneMountTest, namesAreThoseThatCanLieHereAndTheRestIsTold) {
     EXPECT_EQ(names, "a (2).txt\na.txt\ne\n" + QByteArray(247, 'l') + " (2).txt\nm." +
                          QByteArray(249, 'm') + " (2)\nnone\ntwin");
     EXPECT_EQ(failures, 2) << "x/y and u";
-}
-
-TEST_P(PhoneMountTest, aFolderOfTenThousandIsListedOnce) {
-    for (int n = 0; n < 10'000; ++n)
-        phone.memory->addFile(s("/side/many/%1.jpg").arg(n), "j", noon);
-    QByteArray count;
-    ASSERT_TRUE(prints(s("find '%1' -size -2 -type f | wc -l").arg(at("many")), &count));
-    EXPECT_EQ(count.trimmed(), "10000");
-    EXPECT_EQ(phone.memory->count(Operation::list), 2);
-}
-
-TEST_P(PhoneMountTest, whatWasChangedByUsIsListedAnew) {
-    phone.memory->addUnreadable(s("/side/d/e/u"), {PhoneError::unreadable});
-    QByteArray names;
-    ASSERT_TRUE(prints(s("ls '%1'").arg(at("d/e")), &names));
-    phone.memory->addFile(s("/side/d/e/new"), "n", noon);
-    phone.files()->queue()->noteEdit();
-    ASSERT_TRUE(prints(s("sleep 1.2; ls '%1'").arg(at("d/e")), &names));
-    EXPECT_EQ(names, "b\nnew\n");
-    EXPECT_EQ(failures, 1) << "what is left out is told once";
 }
 
 TEST_P(PhoneMountTest, aPhoneThatGoesIsAnErrorAndNoShorterFile) {
@@ -248,80 +174,6 @@ TEST_P(PhoneMountTest, readersThatAreKilledGoAtOnceAndSoDoesTheMount) {
     EXPECT_TRUE(programs.back().waitForFinished(10'000));
     EXPECT_NE(programs.back().exitCode(), 0);
     EXPECT_TRUE(disk.names(s("mnt")).isEmpty());
-}
-
-class DragMountTest : public testing::Test {
-protected:
-    DragMountTest() {
-        qputenv("XDG_CACHE_HOME", disk.path(s("cache")).toUtf8());
-        qputenv("XDG_RUNTIME_DIR", disk.makeFolder(s("run")).toUtf8());
-        phone.fill({{s("film"), film}, {s("d/a.txt"), "a"}, {s("d/e/b"), "b"}}, noon);
-        mount.reportFailuresTo([this](const FileItem& item, const Error&) {
-            if (!wasReported.exchange(true))
-                reported.set_value(item.name);
-        });
-    }
-    QStringList promise(const std::vector<const char*>& names) {
-        std::vector<FileItem> items;
-        for (const char* name : names)
-            items.push_back(phone.memory->item(phone.at(s(name))));
-        return mount.promise(phone.files(), items);
-    }
-
-    const TemporaryFolder disk;
-    MemorySide phone{phoneWithRanges(true)};
-    std::atomic<bool> wasReported = false;
-    std::promise<QString> reported;
-    DragMount mount;
-};
-
-TEST(PhoneFolderTest, whoWaitsForASilentPhoneHoldsUpNobodyAndCanBeStopped) {
-    MemorySide phone;
-    phone.fill({{s("a"), "a"}}, noon);
-    const auto silent = std::make_shared<SilentPhone>(*phone.memory);
-    PhoneFolder folder(silent, phone.memory->item(phone.root()),
-                       PhoneFolder::Listings::keptForSeconds, [](const auto&, const auto&) {});
-    auto open = std::async(std::launch::async, [&] { return folder.open({s("a")}); });
-    ASSERT_TRUE(soon([&] { return silent->isAsked.load(); }));
-    EXPECT_EQ(folder.list({}).size(), 1U);
-    folder.stop();
-    EXPECT_THROW((void)open.get(), std::system_error);
-}
-
-TEST_F(DragMountTest, whatWasPromisedArrivesAsItIsRead) {
-    const QStringList paths = promise({"film", "d"});
-    if (paths.isEmpty())
-        GTEST_SKIP() << "this machine mounts nothing for its users";
-    EXPECT_TRUE(phone.memory->requests().empty());
-    const QString copy = disk.makeFolder(s("copy"));
-    ASSERT_TRUE(succeeds(s("cp"), QStringList{s("-r")} + paths + QStringList{copy}));
-    EXPECT_EQ(disk.read(s("copy/film")), film);
-    EXPECT_EQ(disk.read(s("copy/d/a.txt")), "a");
-    EXPECT_EQ(disk.read(s("copy/d/e/b")), "b");
-    EXPECT_TRUE(soon([this] { return !mount.isBeingRead(); }));
-    mount.stop();
-    EXPECT_FALSE(QFileInfo::exists(paths[0]));
-    EXPECT_TRUE(promise({"film"}).isEmpty());
-}
-
-TEST_F(DragMountTest, aFolderThatCannotBeHadWholeIsNotHadInPart) {
-    const QStringList paths = promise({"d"});
-    if (paths.isEmpty())
-        GTEST_SKIP() << "this machine mounts nothing for its users";
-    phone.memory->addUnreadable(s("/side/d/e/u"), {PhoneError::unreadable});
-    EXPECT_FALSE(succeeds(s("cp"), {s("-r"), paths[0], disk.path(s("copy"))}));
-    EXPECT_EQ(reported.get_future().get(), s("e"));
-}
-
-TEST_F(DragMountTest, promisesOfLongAgoAreForgotten) {
-    const QStringList first = promise({"film"});
-    if (first.isEmpty())
-        GTEST_SKIP() << "this machine mounts nothing for its users";
-    QStringList last;
-    for (int n = 0; n < 32; ++n)
-        last = promise({"film"});
-    EXPECT_FALSE(succeeds(s("cat"), first));
-    EXPECT_TRUE(succeeds(s("cat"), last));
 }
 
 } // namespace

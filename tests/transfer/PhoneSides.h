@@ -23,12 +23,6 @@ public:
     [[nodiscard]] QString root() const override {
         return QStringLiteral("/side");
     }
-    /// Requests that `work` makes.
-    [[nodiscard]] std::size_t requestsOf(const std::function<void()>& work) {
-        phone_->plugged.android.clearRequestLog();
-        work();
-        return phone_->plugged.android.requestCount();
-    }
 
     void unplug() {
         phone_->plugged.android.unplug();

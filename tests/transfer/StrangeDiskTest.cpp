@@ -11,7 +11,6 @@
 namespace tessary {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 /// Downloads onto disks that this machine's kernel does not have.
@@ -55,17 +54,6 @@ TEST_F(StrangeDiskTest, rulesAreFoundOutByTryingAndLeaveNothing) {
         EXPECT_THAT(disk->names(), IsEmpty());
         disk.reset();
     }
-}
-
-TEST_F(StrangeDiskTest, twinsAreNumberedAndWhatCannotLieThereIsNamed) {
-    mount({.rules = card});
-    if (IsSkipped())
-        return;
-    const CopyOutcome outcome = download(
-        {{s("Foto.jpg"), "1"}, {s("foto.jpg"), "2"}, {s("1 10:20.txt"), "3"}, {s("z.txt"), "4"}});
-    EXPECT_EQ(disk->names(), (QStringList{s("Foto.jpg"), s("foto (2).jpg"), s("z.txt")}));
-    EXPECT_THAT(namesLeftOut(outcome), ElementsAre(s("1 10:20.txt: nameNotAllowed")));
-    EXPECT_EQ(outcome.files, 3);
 }
 
 /// As a cache on a disk of the network may be: without files that never had a name.
@@ -129,15 +117,6 @@ TEST_F(StrangeDiskTest, aFullDiskEndsTheCopyAndKeepsNoPart) {
         EXPECT_EQ(disk->names(), QStringList{s("a")});
         disk.reset();
     }
-}
-
-TEST_F(StrangeDiskTest, aReadOnlyDiskLeavesAllOutAndSaysWhy) {
-    mount({.isReadOnly = true});
-    if (IsSkipped())
-        return;
-    const CopyOutcome outcome = download({{s("a"), "a"}, {s("d/e"), "e"}});
-    EXPECT_THAT(namesLeftOut(outcome), ElementsAre(s("a: cannotWrite"), s("d: cannotMakeFolder")));
-    EXPECT_EQ(outcome.end(), CopyOutcome::End::incomplete);
 }
 
 TEST_F(StrangeDiskTest, anyRequestMayFailAndNothingIsLostOrCalledDone) {
