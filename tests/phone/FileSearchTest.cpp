@@ -22,16 +22,6 @@ struct Found {
     }
 };
 
-/// Whether it ends with this error.
-bool failsWith(PhoneError code, const std::function<void()>& call) {
-    try {
-        call();
-    } catch (const Error& error) {
-        return error.is(code);
-    }
-    return false;
-}
-
 } // namespace
 
 TEST(NamePatternTest, partsAndPatternsMatchNamesWhateverTheirCase) {
@@ -69,18 +59,4 @@ TEST(FileSearchTest, everythingBelowIsFoundAndWhatCannotBeReadIsNamed) {
     EXPECT_EQ(found.paths,
               (QStringList{u"/a/b/Trip 2"_s, u"/a/b/Trip 2/trip.txt"_s, u"/a/trip.jpg"_s}));
     EXPECT_EQ(found.unreadable, (QStringList{u"/a/closed"_s, u"/a/odd"_s}));
-}
-
-TEST(FileSearchTest, aLostPhoneAndAMissingFolderEndIt) {
-    MemoryFileSystem files;
-    files.addFile(u"/a/b/c.txt"_s, "x");
-    Found found;
-    EXPECT_TRUE(failsWith(PhoneError::notFound, [&] {
-        searchFiles(files, u"/nowhere"_s, NamePattern(u"c"_s), found.receiver(), {});
-    }));
-    files.fail(MemoryRequests::Operation::list, u"/a/b"_s, Error(PhoneError::unplugged));
-    EXPECT_TRUE(failsWith(PhoneError::unplugged, [&] {
-        searchFiles(files, u"/a"_s, NamePattern(u"c"_s), found.receiver(), {});
-    }));
-    EXPECT_EQ(found.paths, QStringList());
 }

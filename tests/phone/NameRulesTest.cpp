@@ -10,29 +10,6 @@ namespace {
 
 constexpr NameRules strict{}; // a Linux disk
 constexpr NameRules fat{true, false, true, 255, 0};
-constexpr NameRules phone{true, true, false, 254, 0};
-
-TEST(NameRules, namesWithOneKeyAreOneName) {
-    struct Row {
-        const char* what;
-        NameRules rules;
-        const char* one;
-        const char* other;
-        bool same;
-    };
-    const Row rows[] = {
-        {"disk, case", strict, "Foto.jpg", "foto.jpg", false},
-        {"card, case", fat, "Foto.jpg", "foto.jpg", true},
-        {"card, unicode form", fat, "\xC3\xA4", "a\xCC\x88", false},
-        {"phone, unicode form and case", phone, "\xC3\x84", "a\xCC\x88", true},
-        {"phone, others", phone, "a", "b", false},
-    };
-    for (const Row& row : rows)
-        EXPECT_EQ(row.rules.key(QString::fromUtf8(row.one)) ==
-                      row.rules.key(QString::fromUtf8(row.other)),
-                  row.same)
-            << row.what;
-}
 
 TEST(NameRules, namesThatAFolderCannotHoldAreTold) {
     struct Row {

@@ -51,23 +51,6 @@ TEST_F(PhoneQueueTest, thoseWhoWaitForAnAnswerComeBeforeCopiesAndEachInTheOrderO
     EXPECT_THAT(order_, ElementsAre("user 1", "user 2", "copy 1", "copy 2"));
 }
 
-TEST_F(PhoneQueueTest, onlyOneHasATurnAtATime) {
-    std::atomic<int> inside = 0;
-    std::atomic<bool> overlapped = false;
-    {
-        std::vector<std::jthread> threads;
-        for (int n = 0; n < 4; ++n)
-            threads.emplace_back([&] {
-                for (int turns = 0; turns < 200; ++turns) {
-                    const PhoneQueue::Turn turn = queue_->take({std::stop_token(), Urgency::copy});
-                    overlapped = overlapped || ++inside > 1;
-                    --inside;
-                }
-            });
-    }
-    EXPECT_FALSE(overlapped);
-}
-
 TEST_F(PhoneQueueTest, whoIsAskedToStopIsLetGoAndDoesNotHoldUpTheNext) {
     std::stop_source stop;
     std::optional<PhoneQueue::Turn> turn = queue_->take({});
@@ -133,19 +116,6 @@ TEST_F(PhoneQueueTest, connectionIsClosedOnceThePhoneIsIdleAndAgainAfterEachUse)
     }
     std::this_thread::sleep_for(80ms);
     EXPECT_EQ(closed, 3);
-}
-
-TEST(PhoneQueues, onePhoneHasOneQueueWhateverItsFigures) {
-    PhoneQueues queues;
-    DeviceInfo device;
-    device.udid = QStringLiteral("A");
-    device.batteryLevel = 20;
-    const auto queue = queues.of(identityOf(device));
-    device.batteryLevel = 21;
-    device.isLocked = true;
-    EXPECT_EQ(queues.of(identityOf(device)), queue);
-    device.usbLocation = QStringLiteral("1-2");
-    EXPECT_NE(queues.of(identityOf(device)), queue) << "its twin at another port";
 }
 
 } // namespace
