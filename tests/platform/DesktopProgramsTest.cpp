@@ -2,48 +2,13 @@
 #include "support/QtPrinters.h"
 #include "support/TemporaryFolder.h"
 
-#include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QFile>
-#include <QThread>
 #include <gmock/gmock.h>
 
 namespace tessary {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-QString entry(const char* more) {
-    return u"[Desktop Entry]\nType=Application\nName=Viewer\nExec=viewer %f\n"_s +
-           QString::fromUtf8(more);
-}
-
-TEST(DesktopEntry, namesAProgramAndWhatItOpens) {
-    const std::tuple<QString, const char*, const char*, QStringList> rows[] = {
-        // text, language, name, types
-        {entry("MimeType=image/png;image/jpeg;\n"),
-         "en",
-         "Viewer",
-         {u"image/png"_s, u"image/jpeg"_s}},
-        {entry("Name[de]=Betrachter\nName[pt_BR]=Visualizador\n"), "de_AT", "Betrachter", {}},
-        {entry("Name[pt]=Visor\nName[pt_BR]=Visualizador\n"), "pt_BR", "Visualizador", {}},
-        {entry("[Desktop Action New]\nName=New Window\n"), "en", "Viewer", {}},
-        {entry("NoDisplay=true\n"), "en", "", {}},
-        {entry("Hidden=true\n"), "en", "", {}},
-        {entry("Terminal=true\n"), "en", "", {}},
-        {entry("TryExec=/no/such/program\n"), "en", "", {}},
-        {u"[Desktop Entry]\nType=Link\nName=x\n"_s, "en", "", {}},
-        {u"Name=x"_s, "en", "", {}},
-        {u"=\n[\n]\n[]=\n"_s, "en", "", {}},
-    };
-    for (const auto& [text, language, name, types] : rows) {
-        QStringList found;
-        const DesktopProgram program =
-            parseDesktopEntry(text, QString::fromLatin1(language), found);
-        EXPECT_EQ(program.name, QString::fromUtf8(name)) << text.toStdString();
-        EXPECT_EQ(program.name.isEmpty() ? types : found, types) << text.toStdString();
-    }
-}
 
 TEST(DesktopEntry, execLinesTakeFilesAsTheySay) {
     using Commands = std::vector<QStringList>;
@@ -109,22 +74,6 @@ TEST_F(DesktopProgramsTest, theUsersChoicesComeFirstAndHideTheSystems) {
                                       "[Added Associations]\nimage/png=test-text.desktop;\n"
                                       "[Removed Associations]\nimage/png=test-apple.desktop;\n");
     EXPECT_EQ(namesFor(u"x.png"_s), (QStringList{u"Zebra"_s, u"Text"_s, u"Mine"_s}));
-}
-
-TEST_F(DesktopProgramsTest, aProgramIsStartedWithTheFiles) {
-    const QString out = config_.path(u"out.txt"_s);
-    const QString script = config_.write(
-        u"show it"_s, "#!/bin/sh\nprintf '%s|' \"$@\" > \"" + out.toUtf8() + ".new\"\nmv \"" +
-                          out.toUtf8() + ".new\" \"" + out.toUtf8() + "\"\n");
-    ASSERT_TRUE(QFile::setPermissions(script, QFile::ReadOwner | QFile::ExeOwner));
-    const DesktopProgram program{u"t.desktop"_s, u"T"_s, {}, u"\"%1\" -x %F"_s.arg(script)};
-    EXPECT_TRUE(openWith(program, {u"/a b"_s, u"/c"_s}));
-    QElapsedTimer clock;
-    clock.start();
-    while (!QFile::exists(out) && clock.elapsed() < 10'000)
-        QThread::msleep(20);
-    EXPECT_EQ(config_.read(u"out.txt"_s), "-x|/a b|/c|");
-    EXPECT_FALSE(openWith({u"t.desktop"_s, u"T"_s, {}, u"/no/such/program %f"_s}, {u"/a"_s}));
 }
 
 } // namespace

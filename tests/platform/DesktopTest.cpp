@@ -1,7 +1,6 @@
 #include "platform/desktop/DesktopNotifier.h"
 #include "platform/desktop/FileManager.h"
 #include "platform/desktop/MuteSessionBus.h"
-#include "platform/desktop/TaskbarProgress.h"
 #include "support/Application.h"
 #include "support/QtPrinters.h"
 #include "support/TemporaryFolder.h"
@@ -28,31 +27,6 @@ public:
         return bus.send(message.createReply(QVariant(1U)));
     }
     std::vector<QDBusMessage> calls;
-};
-
-/// A dock that listens for what programs tell of themselves.
-class Dock final : public QObject {
-    Q_OBJECT
-
-public:
-    explicit Dock(QDBusConnection bus) {
-        bus.connect(QString(), QString(), QStringLiteral("com.canonical.Unity.LauncherEntry"),
-                    QStringLiteral("Update"), this, SLOT(update(QString, QVariantMap)));
-    }
-    struct Shown {
-        int percents = 0;
-        bool isVisible = false;
-        bool operator==(const Shown&) const = default;
-    };
-    std::vector<Shown> shown;
-    QString program;
-
-private Q_SLOTS:
-    void update(const QString& application, const QVariantMap& properties) {
-        program = application;
-        shown.push_back({qRound(properties.value(QStringLiteral("progress")).toDouble() * 100),
-                         properties.value(QStringLiteral("progress-visible")).toBool()});
-    }
 };
 
 class DesktopTest : public Application, public testing::Test {};
@@ -97,24 +71,6 @@ TEST_F(DesktopTest, messagesAndFilesReachTheDesktopAndNobodyIsNoFailure) {
     bus.unregisterObject(QStringLiteral("/org/freedesktop/Notifications"));
 }
 
-TEST_F(DesktopTest, theDockShowsWholePercentsAndIsClearedAtTheEnd) {
-    Dock dock(QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("dock")));
-    {
-        TaskbarProgress progress;
-        for (const double fraction : {0.0, 0.001, 0.25, 0.2501, 7.0})
-            progress.show(fraction);
-        progress.show(std::nullopt);
-        progress.show(std::nullopt);
-        progress.show(0.5);
-    }
-    using Shown = Dock::Shown;
-    const std::vector<Shown> expected{{0, true},  {25, true}, {100, true},
-                                      {0, false}, {50, true}, {0, false}};
-    EXPECT_TRUE(eventually([&] { return dock.shown.size() >= expected.size(); }));
-    EXPECT_EQ(dock.shown, expected);
-    EXPECT_EQ(dock.program, QStringLiteral("application://tessary.desktop"));
-}
-
 TEST_F(DesktopTest, aBusThatNeverAnswersIsLeftAloneAndAnyOtherIsKept) {
     const QByteArray bus = qgetenv("DBUS_SESSION_BUS_ADDRESS");
     EXPECT_FALSE(leaveMuteSessionBus());
@@ -132,5 +88,3 @@ TEST_F(DesktopTest, aBusThatNeverAnswersIsLeftAloneAndAnyOtherIsKept) {
 }
 
 } // namespace
-
-#include "DesktopTest.moc"

@@ -4,14 +4,11 @@
 #include "support/QtPrinters.h"
 #include "support/TemporaryFolder.h"
 
-#include <QElapsedTimer>
 #include <QJsonArray>
 #include <QJsonObject>
-#include <QLockFile>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <thread>
 
 #include <sys/stat.h>
@@ -123,50 +120,6 @@ TEST_F(JsonUserDefaultsTest, listThatTwoProgramsChangeKeepsWhatBothDid) {
         ASSERT_TRUE(demo.store(patience));
         EXPECT_EQ(wordsOf(JsonUserDefaults(file_).value(listKey)), QString::fromLatin1(row.after));
     }
-}
-
-TEST_F(JsonUserDefaultsTest, changeThatMeetsALockHoldsAtOnceAndIsStoredLater) {
-    {
-        JsonUserDefaults defaults(file_);
-        defaults.setValue(QStringLiteral("gone"), 1);
-        folder_.write(QStringLiteral("tessary/any"), {});
-        QLockFile other(file_ + QStringLiteral(".lock"));
-        ASSERT_TRUE(other.tryLock(10'000));
-        QElapsedTimer timer;
-        timer.start();
-        defaults.setValue(key, 1);
-        defaults.setValue(QStringLiteral("gone"), QJsonValue::Undefined);
-        EXPECT_LT(timer.elapsed(), 1000);
-        EXPECT_EQ(defaults.value(key), 1);
-    }
-    const JsonUserDefaults again(file_);
-    EXPECT_EQ(again.value(key), 1);
-    EXPECT_TRUE(again.value(QStringLiteral("gone")).isUndefined());
-}
-
-TEST_F(JsonUserDefaultsTest, whatCannotBeStoredIsToldAndStoredLater) {
-    using Kind = SettingsTrouble::Kind;
-    // A file where the folder should be: no user may write below it.
-    folder_.write(QStringLiteral("tessary"), "in the way");
-    JsonUserDefaults defaults(file_);
-    EXPECT_EQ(defaults.trouble(), std::nullopt);
-    std::atomic<int> told = 0;
-    defaults.whenTroubleChanges([&] { ++told; });
-    defaults.setValue(key, QStringLiteral("fr"));
-    EXPECT_FALSE(defaults.store(patience));
-    EXPECT_EQ(defaults.value(key), QStringLiteral("fr"));
-    EXPECT_EQ(folder_.read(QStringLiteral("tessary")), "in the way");
-    ASSERT_TRUE(defaults.trouble());
-    EXPECT_EQ(defaults.trouble()->kind, Kind::notStored);
-    EXPECT_EQ(defaults.trouble()->file, file_);
-    EXPECT_FALSE(defaults.trouble()->reason.isEmpty());
-    EXPECT_EQ(told, 1);
-
-    ASSERT_TRUE(QFile::remove(folder_.path(QStringLiteral("tessary"))));
-    EXPECT_TRUE(defaults.store(patience));
-    EXPECT_EQ(defaults.trouble(), std::nullopt);
-    EXPECT_EQ(told, 2);
-    EXPECT_EQ(JsonUserDefaults(file_).value(key), QStringLiteral("fr"));
 }
 
 TEST_F(JsonUserDefaultsTest, fileThatCannotBeReadIsLeftAlone) {

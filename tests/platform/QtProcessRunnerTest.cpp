@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
-#include <filesystem>
 #include <thread>
 
 #include <sys/wait.h>
@@ -16,7 +15,6 @@ namespace tessary {
 namespace {
 
 using namespace std::chrono_literals;
-using Outcome = ProcessResult::Outcome;
 
 ProcessRequest shell(const char* script) {
     ProcessRequest request;
@@ -26,58 +24,10 @@ ProcessRequest shell(const char* script) {
     return request;
 }
 
-/// How many threads of this process have children, dead ones that nobody waited for included.
-int threadsWithChildren() {
-    int count = 0;
-    for (const auto& task : std::filesystem::directory_iterator("/proc/self/task")) {
-        QFile children(QString::fromStdString((task.path() / "children").string()));
-        if (children.open(QIODevice::ReadOnly) && !children.readAll().trimmed().isEmpty())
-            ++count;
-    }
-    return count;
-}
-
 class QtProcessRunnerTest : public testing::Test {
 protected:
     QtProcessRunner runner_;
 };
-
-TEST_F(QtProcessRunnerTest, unusualEndsAreToldApart) {
-    EXPECT_EQ(runner_.follow(shell("kill -SEGV $$")).outcome, Outcome::crashed);
-    ProcessRequest missing;
-    missing.program = QStringLiteral("/nowhere/adb");
-    EXPECT_EQ(runner_.follow(missing).outcome, Outcome::notStarted);
-
-    ProcessRequest slow = shell("exec sleep 60");
-    slow.limit = 50ms;
-    EXPECT_EQ(runner_.follow(slow).outcome, Outcome::timedOut);
-
-    ProcessRequest talkative = shell("exec yes");
-    talkative.outputLimit = 100'000;
-    EXPECT_EQ(runner_.follow(talkative).outcome, Outcome::flooded);
-    EXPECT_EQ(threadsWithChildren(), 0);
-}
-
-TEST_F(QtProcessRunnerTest, stopRequestEndsTheChildAndWaitsForIt) {
-    const TemporaryFolder folder;
-    std::stop_source stop;
-    ProcessRequest request = shell("echo started; : > \"$0\"; exec sleep 60");
-    request.arguments.append(folder.path(QStringLiteral("begun")));
-    request.stop = stop.get_token();
-    request.limit = 60s;
-    std::chrono::steady_clock::time_point asked;
-    request.whileRunning = [&] {
-        if (folder.names().isEmpty())
-            return;
-        asked = std::chrono::steady_clock::now();
-        stop.request_stop();
-    };
-    const ProcessResult result = runner_.follow(request);
-    EXPECT_EQ(result.outcome, Outcome::cancelled);
-    EXPECT_EQ(result.standardOutput, "started\n");
-    EXPECT_LT(std::chrono::steady_clock::now() - asked, 10s);
-    EXPECT_EQ(threadsWithChildren(), 0);
-}
 
 TEST_F(QtProcessRunnerTest, serverThatKeepsTheOutputOpenHoldsNobodyUp) {
     const auto start = std::chrono::steady_clock::now();

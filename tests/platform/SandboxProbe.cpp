@@ -23,11 +23,9 @@
 #include <sys/mman.h>
 #include <sys/prctl.h>
 #include <sys/ptrace.h>
-#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
-#include <sys/time.h>
 #include <sys/un.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -100,16 +98,6 @@ long take(std::size_t bytes) {
     return 0;
 }
 
-long raiseLimit() {
-    const rlimit more{RLIM_INFINITY, RLIM_INFINITY};
-    return setrlimit(RLIMIT_AS, &more);
-}
-
-long putOffAlarm() {
-    const itimerval never{};
-    return setitimer(ITIMER_REAL, &never, nullptr);
-}
-
 [[noreturn]] void compute() {
     for (volatile unsigned int count = 0;;)
         count = count + 1;
@@ -148,27 +136,17 @@ const std::map<std::string, Action> actions{
     {"follow link", [](auto& at) { return openAndRead(at + "/readable/link"); }},
     {"write readable", [](auto& at) { return openAndRead(at + "/readable/file", O_RDWR); }},
     {"open secret", [](auto& at) { return openAndRead(at + "/secret"); }},
-    {"open system's", [](auto&) { return openAndRead("/etc/passwd"); }},
     {"list root", [](auto&) { return open("/", O_RDONLY | O_DIRECTORY); }},
     {"make file", [](auto& at) { return openAndRead(at + "/new", O_RDWR | O_CREAT); }},
-    {"make folder", [](auto& at) { return mkdir((at + "/new").c_str(), 0700); }},
     {"remove", [](auto& at) { return unlink((at + "/secret").c_str()); }},
     {"rename", [](auto& at) { return rename((at + "/secret").c_str(), (at + "/new").c_str()); }},
     {"link", [](auto& at) { return link((at + "/secret").c_str(), (at + "/new").c_str()); }},
-    {"truncate", [](auto& at) { return truncate((at + "/secret").c_str(), 0); }},
-    {"change rights", [](auto& at) { return chmod((at + "/secret").c_str(), 0777); }},
-    {"change kept's rights", [](auto&) { return fchmod(keptDescriptor, 0777); }},
     {"make memory file", [](auto&) { return memfd_create("code", 0); }},
     {"connect daemon", [](auto& at) { return connectUnix(at + "/socket"); }},
     {"connect TCP", [](auto&) { return connectTcp(); }},
     {"UDP", [](auto&) { return socket(AF_INET, SOCK_DGRAM, 0); }},
     {"netlink", [](auto&) { return socket(AF_NETLINK, SOCK_RAW, 0); }},
     {"listen", [](auto&) { return listen(keptDescriptor, 1); }},
-    {"socket pair",
-     [](auto&) {
-         int two[2];
-         return socketpair(AF_UNIX, SOCK_STREAM, 0, two);
-     }},
     {"fork", [](auto&) { return born(fork()); }},
     {"vfork",
      [](auto&) { return syscall(SYS_clone, CLONE_VM | CLONE_VFORK | SIGCHLD, 0, 0, 0, 0); }},
@@ -181,16 +159,9 @@ const std::map<std::string, Action> actions{
     {"signal parent", [](auto&) { return kill(getppid(), 0); }},
     {"signal parent's thread", [](auto&) { return syscall(SYS_tgkill, getppid(), getppid(), 0); }},
     {"trace parent", [](auto&) { return ptrace(PTRACE_ATTACH, getppid(), 0, 0); }},
-    {"read parent's memory",
-     [](auto&) { return syscall(SYS_process_vm_readv, getppid(), 0, 0, 0, 0, 0); }},
     {"get privileges back", [](auto&) { return prctl(PR_SET_DUMPABLE, 1, 0, 0, 0); }},
-    {"raise limit", [](auto&) { return raiseLimit(); }},
-    {"put off alarm", [](auto&) { return putOffAlarm(); }},
     {"ignore alarm", [](auto&) { return signalled(SIGALRM); }},
     {"ignore pipe", [](auto&) { return signalled(SIGPIPE); }},
-    {"own user space", [](auto&) { return unshare(CLONE_NEWUSER); }},
-    {"asynchronous calls", [](auto&) { return syscall(SYS_io_uring_setup, 1, nullptr); }},
-    {"kernel programs", [](auto&) { return syscall(SYS_bpf, 0, nullptr, 0); }},
 };
 
 /// Opens what stays and what goes, under the numbers that the actions know.
