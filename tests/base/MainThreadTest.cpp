@@ -2,63 +2,12 @@
 #include "support/MainLoop.h"
 
 #include <atomic>
-#include <stdexcept>
-#include <string>
 #include <thread>
-#include <vector>
 
 namespace tessary {
 namespace {
 
 using MainThreadTest = MainLoop;
-
-TEST_F(MainThreadTest, postsOfEachThreadArriveOnTheMainThreadInTheirOrder) {
-    constexpr int threads = 4;
-    constexpr int posts = 500;
-    std::vector<std::vector<int>> arrived(threads);
-    int total = 0;
-    {
-        std::vector<std::jthread> workers;
-        for (std::size_t t = 0; t < threads; ++t)
-            workers.emplace_back([&, t] {
-                for (int i = 0; i < posts; ++i)
-                    MainThread::post([&, t, i] {
-                        EXPECT_TRUE(MainThread::isCurrent());
-                        arrived[t].push_back(i);
-                        ++total;
-                    });
-            });
-    }
-    EXPECT_EQ(total, 0) << "called within the post";
-    ASSERT_TRUE(eventually([&] { return total == threads * posts; }));
-    for (const std::vector<int>& order : arrived)
-        EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
-}
-
-TEST_F(MainThreadTest, resultAndExceptionOfTheWorkAreDelivered) {
-    QObject context;
-    std::optional<int> value;
-    std::optional<std::string> failure;
-    runInBackground(
-        &context, [] { return std::make_unique<int>(42); }, // a value that cannot be copied
-        [&](BackgroundResult<std::unique_ptr<int>> result) {
-            EXPECT_TRUE(MainThread::isCurrent());
-            value = *result.take();
-        });
-    runInBackground(
-        &context, [] { throw std::runtime_error("no luck"); },
-        [&](BackgroundResult<void> result) {
-            EXPECT_FALSE(result.succeeded());
-            try {
-                result.take();
-            } catch (const std::runtime_error& error) {
-                failure = error.what();
-            }
-        });
-    ASSERT_TRUE(eventually([&] { return value && failure; }));
-    EXPECT_EQ(*value, 42);
-    EXPECT_EQ(*failure, "no luck");
-}
 
 TEST_F(MainThreadTest, resultForAContextThatIsGoneIsDropped) {
     std::atomic<bool> mayEnd = false;

@@ -57,21 +57,6 @@ TEST_F(Records, byteFormatPicksTheUnitAfterRounding) {
         EXPECT_EQ(formatBytes(bytes), QString::fromLatin1(text)) << bytes;
 }
 
-TEST_F(Records, byteFormatFollowsTheDefaultLocale) {
-    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-    EXPECT_EQ(formatBytes(1'250'000'000), QStringLiteral("1,25 GB"));
-    EXPECT_EQ(formatBytes(12), QStringLiteral("12 Bytes"));
-}
-
-TEST(PathNames, areTakenApart) {
-    const std::tuple<const char*, const char*, const char*> rows[] = {
-        {"/", "/", ""}, {"/a/", "/", "a"}, {"/a/b.txt", "/a", "b.txt"}, {"/a/b//", "/a", "b"}};
-    for (const auto& [path, parent, last] : rows) {
-        EXPECT_EQ(parentPath(QString::fromLatin1(path)), QString::fromLatin1(parent));
-        EXPECT_EQ(lastComponent(QString::fromLatin1(path)), QString::fromLatin1(last));
-    }
-}
-
 TEST(PathNames, onlyAPlainNameIsSafe) {
     for (const QString& name :
          {QString(), QStringLiteral("."), QStringLiteral(".."), QStringLiteral("a/b"),

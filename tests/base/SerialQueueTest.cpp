@@ -3,15 +3,11 @@
 #include "base/threads/CancellationError.h"
 
 #include <gtest/gtest.h>
-#include <pthread.h>
 
-#include <array>
 #include <atomic>
 #include <future>
 #include <latch>
-#include <string>
 #include <thread>
-#include <vector>
 
 namespace tessary {
 namespace {
@@ -26,21 +22,6 @@ struct Hang {
     std::shared_future<void> released = release.get_future().share();
     std::latch begun{1};
 };
-
-TEST(SerialQueue, runsOneAtATimeInOrderOnItsNamedThread) {
-    SerialQueue queue("com.tessary.afc");
-    std::vector<int> order;
-    for (int i = 0; i < 20; ++i)
-        queue.post([&order, i] { order.push_back(i); });
-    const std::string name = queue.run([] {
-        std::array<char, 16> text{};
-        pthread_getname_np(pthread_self(), text.data(), text.size());
-        return std::string(text.data());
-    });
-    EXPECT_EQ(name, "com.tessary.afc");
-    ASSERT_EQ(order.size(), 20U);
-    EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
-}
 
 TEST(SerialQueue, aCallerThatIsStoppedLeavesWorkThatDoesNotEnd) {
     Hang hang;
