@@ -91,15 +91,5 @@ TEST(PhoneThumbnail, comesTurnedAndWithoutThePhoto) {
     EXPECT_EQ(phone.requests(getThumb), asked);
 }
 
-TEST(PhoneThumbnail, isSoughtForPhotosAndVideosOfAnySize) {
-    const std::pair<QString, bool> rows[] = {
-        {u"a.jpg"_s, true},  {u"a.HEIC"_s, true}, {u"a.mp4"_s, true}, {u"a.MOV"_s, true},
-        {u"a.txt"_s, false}, {u"a.pdf"_s, false}, {u"mp4"_s, false},  {u"a."_s, false},
-    };
-    for (const auto& [name, expected] : rows)
-        EXPECT_EQ(mayHavePhoneThumbnail({name, u"/"_s + name, false, 900'000'000, {}}), expected)
-            << name.toStdString();
-}
-
 } // namespace
 } // namespace tessary

@@ -146,12 +146,6 @@ TEST_F(PictureDecoderTest, everyKindIsDecodedAndMadeToFit) {
     }
 }
 
-TEST_F(PictureDecoderTest, documentsAreShownPageByPage) {
-    EXPECT_EQ(decode(pdf("0 0 100 100", 3), 64, 2).pages, 3);
-    for (const int page : {-1, 3})
-        EXPECT_THROW((void)decode(pdf("0 0 100 100", 3), 64, page), PictureError);
-}
-
 TEST_F(PictureDecoderTest, textIsDrawnWithThisComputersFonts) {
     if (!hasFileWall())
         GTEST_SKIP() << "this kernel has no Landlock";

@@ -1,7 +1,5 @@
 #include "preview/TextSample.h"
-#include "preview/ThumbnailCache.h"
 #include "support/QtPrinters.h"
-#include "support/TemporaryFolder.h"
 
 #include <QStringEncoder>
 #include <gmock/gmock.h>
@@ -54,34 +52,4 @@ TEST(TextSample, bytesThatAreNoTextAreNotShownAsOne) {
     for (const auto& [name, bytes] : rows)
         EXPECT_FALSE(textSampleOf(bytes)) << name;
     EXPECT_FALSE(readTextSample(u"/no/such/file"_s));
-}
-
-TEST(TextSample, longTextIsCutWithoutBreakingACharacter) {
-    const TemporaryFolder folder;
-    const QByteArray bytes = "x" + QByteArray("é").repeated(TextSample::maxBytes);
-    const auto sample = readTextSample(folder.write(u"long.txt"_s, bytes));
-    ASSERT_TRUE(sample);
-    EXPECT_TRUE(sample->isCut);
-    EXPECT_EQ(sample->text.size(), 1 + (TextSample::maxBytes - 1) / 2);
-    EXPECT_FALSE(sample->text.contains(QChar::ReplacementCharacter));
-}
-
-TEST(ThumbnailCache, keepsWhatFitsAndForgetsWhatItCannotRead) {
-    const TemporaryFolder folder;
-    ThumbnailCache cache(folder.path(u"cache"_s), 3'000);
-    QImage image(64, 48, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::green);
-    cache.store(u"one"_s, image);
-    const auto loaded = cache.load(u"one"_s);
-    ASSERT_TRUE(loaded);
-    EXPECT_EQ(loaded->pixelColor(63, 47), QColor(Qt::green));
-    folder.write(u"cache/two.png"_s, "no picture");
-    EXPECT_FALSE(cache.load(u"two"_s));
-    for (int i = 0; i < 100; ++i)
-        cache.store(QString::number(i), image);
-    qint64 bytes = 0;
-    for (const QString& name : folder.names(u"cache"_s))
-        bytes += folder.read(u"cache/"_s + name).size();
-    EXPECT_LE(bytes, 3'300);
-    EXPECT_GT(bytes, 0);
 }
