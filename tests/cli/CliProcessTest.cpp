@@ -176,27 +176,6 @@ TEST_F(CliIPhoneTest, anAppsFilesAreCopiedBothWaysAndEdited) {
     EXPECT_FALSE(iphone_.has(u"folder/b.txt"_s));
 }
 
-TEST_F(CliIPhoneTest, anAppsFolderIsKeptInStep) {
-    here_.write(u"notes/mine.txt"_s, "mine");
-    const QStringList pair{here_.path(u"notes"_s), u"/folder"_s, u"--mode"_s, u"both"_s,
-                           u"--yes"_s};
-    const ProgramRun plan = inApp(u"sync"_s, pair + QStringList{u"--dry-run"_s});
-    EXPECT_EQ(plan.status, 0) << plan.error.toStdString();
-    EXPECT_TRUE(plan.out.contains("download b.txt  6 bytes\nupload   mine.txt  4 bytes\n"));
-    EXPECT_FALSE(iphone_.has(u"folder/mine.txt"_s));
-
-    const ProgramRun first = inApp(u"sync"_s, pair);
-    EXPECT_EQ(first.status, 0) << first.error.toStdString();
-    EXPECT_EQ(first.out.trimmed(), "1 uploaded, 1 downloaded");
-    EXPECT_EQ(iphone_.read(u"folder/mine.txt"_s), QByteArray("mine"));
-    EXPECT_EQ(here_.read(u"notes/b.txt"_s), QByteArray("second"));
-
-    ASSERT_TRUE(QFile::remove(here_.path(u"notes/b.txt"_s)));
-    const ProgramRun second = inApp(u"sync"_s, pair + QStringList{u"--dry-run"_s});
-    EXPECT_TRUE(second.out.contains("delete   b.txt  (on the device)\n"));
-    EXPECT_TRUE(iphone_.has(u"folder/b.txt"_s));
-}
-
 TEST_F(CliIPhoneTest, refusalsAreOneClearLine) {
     const std::pair<QStringList, const char*> rows[] = {
         // arguments, text

@@ -137,25 +137,6 @@ TEST_F(CliRunnerTest, devicesAreListedWithBatteryAndStorage) {
     EXPECT_TRUE(run(Command::devices).out.contains(u"unlock it"_s));
 }
 
-TEST_F(CliNetworkPhoneTest, isReachedByItsAddress) {
-    folder_.write(u"local/album/a.txt"_s, "a");
-    folder_.write(u"local/album/sub/b.txt"_s, "b");
-    const Result put = run(request(Command::put, u"/sdcard"_s, folder_.path(u"local/album"_s)));
-    EXPECT_EQ(put.status, CliRunner::done) << put.error.toStdString();
-    EXPECT_EQ(folder_.read(u"phone/album/sub/b.txt"_s), "b");
-    EXPECT_TRUE(run(request(Command::list, u"/sdcard/album"_s)).out.contains(u"a.txt"_s));
-    folder_.makeFolder(u"back"_s);
-    const Result get =
-        run(request(Command::get, u"/sdcard/album"_s, folder_.path(u"back/album"_s)));
-    EXPECT_EQ(get.status, CliRunner::done) << get.error.toStdString();
-    EXPECT_EQ(folder_.read(u"back/album/sub/b.txt"_s), "b");
-    EXPECT_EQ(processes_.calls().size(), 0U) << "nothing was started";
-    adbd_.stop();
-    const Result gone = run(request(Command::list, u"/"_s));
-    EXPECT_EQ(gone.status, CliRunner::failed);
-    EXPECT_EQ(gone.error.count(u'\n'), 1) << gone.error.toStdString();
-}
-
 TEST_F(CliNetworkPhoneTest, phoneOnACableWithoutADBIsToldSo) {
     CliRequest cable = request(Command::list, u"/"_s);
     cable.device = u"ABC"_s;
@@ -256,27 +237,6 @@ TEST_F(CliRunnerTest, listingShowsFoldersFirstAndNoTerminalCommands) {
     EXPECT_EQ(missing.status, CliRunner::failed);
     EXPECT_EQ(missing.error.count(QLatin1Char('\n')), 1);
     EXPECT_TRUE(missing.out.isEmpty());
-}
-
-TEST_F(CliRunnerTest, getCopiesIntoAFolderOrUnderANewName) {
-    EXPECT_EQ(run(Command::get, {u"/DCIM/one.txt"_s}, folder_.path()).status, CliRunner::done);
-    EXPECT_EQ(folder_.read(u"one.txt"_s), "one");
-    EXPECT_EQ(run(Command::get, {u"/DCIM"_s}, folder_.path(u"copy"_s)).status, CliRunner::done);
-    EXPECT_EQ(folder_.read(u"copy/sub/two.txt"_s), "second");
-}
-
-TEST_F(CliRunnerTest, filesAreFoundByNameWhereverTheyLie) {
-    CliRequest request;
-    request.command = Command::find;
-    request.device = device_;
-    request.paths = QStringList(u"/"_s);
-    request.pattern = u"*.txt"_s;
-    const Result text = run(request);
-    EXPECT_EQ(text.status, CliRunner::done);
-    EXPECT_TRUE(text.out.contains(u"/DCIM/one.txt\n"_s)) << text.out.toStdString();
-    EXPECT_TRUE(text.out.contains(u"/DCIM/sub/two.txt\n"_s)) << text.out.toStdString();
-    request.json = true;
-    EXPECT_EQ(run(request).json().array().size(), 2);
 }
 
 TEST_F(CliRunnerTest, aPhoneIsMountedUntilItGoes) {

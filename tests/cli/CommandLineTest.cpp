@@ -83,18 +83,6 @@ TEST(CommandLine, emptyWordOfAScriptIsWrongUsage) {
         EXPECT_FALSE(request(line)) << line;
 }
 
-TEST(CommandLine, importTakesAFolderHere) {
-    const auto import = request("import P here --by-date --dry-run");
-    ASSERT_TRUE(import);
-    EXPECT_EQ(import->command, CliRequest::Command::importPhotos);
-    EXPECT_EQ(import->localPath, QDir::current().absoluteFilePath(u"here"_s));
-    EXPECT_TRUE(import->byDate && import->isDryRun && !import->deletesFromPhone);
-    EXPECT_TRUE(request("import P here --delete")->deletesFromPhone);
-    EXPECT_FALSE(request("import P here --delete --dry-run"));
-    EXPECT_FALSE(request("import P"));
-    EXPECT_FALSE(request("import P here --app com.example.notes"));
-}
-
 TEST(CommandLine, syncTakesItsModeAndOneAnswer) {
     const auto move =
         request("sync P /tmp/x /Music --mode to-mac --move --no-delete --yes-all --dry-run "
