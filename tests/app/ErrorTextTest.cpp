@@ -2,9 +2,7 @@
 #include "adb/files/ADBPhoneErrors.h"
 #include "app/InterfaceTexts.h"
 #include "app/LanguageManager.h"
-#include "app/texts/CopyText.h"
 #include "base/local/LocalError.h"
-#include "mtp/protocol/MTPError.h"
 #include "phone/PhoneError.h"
 #include "platform/http/HttpError.h"
 #include "support/Application.h"
@@ -84,11 +82,6 @@ TEST_F(ErrorTextTest, sentencesNameTheItemAndSayWhatToDo) {
         const char* english;
         const char* german;
     } rows[] = {
-        {"on a phone by its name", Error(PhoneError::notFound, {u"/DCIM/a.jpg"_s}),
-         "There is no “a.jpg” on the phone. It may have been deleted or renamed: refresh the "
-         "folder.",
-         "Auf dem Telefon gibt es kein „a.jpg“. Vielleicht wurde es gelöscht oder umbenannt: Laden "
-         "Sie den Ordner neu."},
         {"here by its path", Error(LocalError::cannotWrite, {u"/home/a"_s, u"odd"_s}),
          "“/home/a” cannot be written: odd", "„/home/a“ kann nicht geschrieben werden: odd"},
         {"numbers", Error(PhoneError::wrongSize, {u"/a"_s, 1'000, qint64(12'345'678'901)}),
@@ -102,17 +95,6 @@ TEST_F(ErrorTextTest, sentencesNameTheItemAndSayWhatToDo) {
          "eines der beiden um."},
         {"a name that turns the line round", Error(PhoneError::taken, {u"a\u202Egpj\nb"_s}),
          "“a\\u202egpj\\u000ab” is already there.", "„a\\u202egpj\\u000ab“ ist schon vorhanden."},
-        {"the root", Error(PhoneError::accessDenied, {u"/"_s}),
-         "The phone does not allow this with “/”. Unlock it, and try another folder.",
-         "Das Telefon erlaubt das mit „/“ nicht. Entsperren Sie es und versuchen Sie einen anderen "
-         "Ordner."},
-        {"without a name", Error(PhoneError::notAFile), "It is not a file.", "Es ist keine Datei."},
-        {"more from adb", Error(PhoneError::notReachable, {}, Error(ADBError::severalPhones)),
-         "adb reaches several phones and cannot tell which one is meant. Unplug the others, or "
-         "switch "
-         "to Standard MTP.",
-         "adb erreicht mehrere Telefone und weiß nicht, welches gemeint ist. Ziehen Sie die "
-         "anderen ab oder wechseln Sie zu Standard-MTP."},
         {"the reason alone", Error(ADBError::refused, {u"host:features"_s, u"%1 is offline"_s}),
          "adb could not reach the phone: %1 is offline. Turn on USB debugging on it, or switch to "
          "Standard MTP.",
@@ -124,11 +106,6 @@ TEST_F(ErrorTextTest, sentencesNameTheItemAndSayWhatToDo) {
          "and try again.",
          "gvfs benutzt das Telefon. Beenden Sie es oder hängen Sie das Telefon im Dateimanager des "
          "Desktops aus, und versuchen Sie es noch einmal."},
-        {"an unknown program", Error(PhoneError::held, {QString()}),
-         "Another program is using the phone. Close it, or unmount the phone in the desktop's file "
-         "manager, and try again.",
-         "Ein anderes Programm benutzt das Telefon. Beenden Sie es oder hängen Sie das Telefon im "
-         "Dateimanager des Desktops aus, und versuchen Sie es noch einmal."},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
@@ -137,40 +114,6 @@ TEST_F(ErrorTextTest, sentencesNameTheItemAndSayWhatToDo) {
         use(AppLanguage::de);
         EXPECT_EQ(errorText(row.error).text(), QString::fromUtf8(row.german));
     }
-    use(AppLanguage::en);
-}
-
-TEST_F(ErrorTextTest, theProtocolsNumbersStandInTheDetailsAlone) {
-    const std::pair<Error, const char*> rows[] = {
-        {Error(PhoneError::full), ""},
-        {Error(PhoneError::full, {u"/a"_s}, Error(MTPError::refused, {0x200C})),
-         "MTP refused (0x200c)"},
-        {Error(PhoneError::full, {u"/a"_s},
-               Error(PhoneError::refused, {}, Error(LocalError::cannotWrite, {u"x\u202E"_s, 5}))),
-         "phone: refused; this computer: cannotWrite (x\\u202e, 5)"},
-    };
-    for (const auto& [error, details] : rows) {
-        EXPECT_EQ(errorText(error).what, u"The storage of the phone is full."_s);
-        EXPECT_EQ(errorText(error).details, QString::fromUtf8(details));
-    }
-}
-
-TEST_F(ErrorTextTest, whatACopyLeftOutIsCountedAndTheFirstFewAreNamed) {
-    const auto left = [](const char* folder, const char* item, const Error& error) {
-        return LeftOut{{FileItem(), QString::fromUtf8(item), QString::fromUtf8(folder)}, error};
-    };
-    const LeftOut link = left("", "a\n%1 %2", Error(LocalError::link, {u"/a"_s}));
-    const LeftOut large = left("d/e", "b", Error(PhoneError::tooLarge, {u"/b"_s}));
-    EXPECT_EQ(leftOutText({}, 7), QString());
-    EXPECT_EQ(leftOutText({link}, 1'234),
-              u"1 of 1,235 items was not copied: a\\u000a%1 %2 (it is a link; links are not "
-              u"followed)"_s);
-    use(AppLanguage::de);
-    EXPECT_EQ(
-        leftOutText({large, large, large, link, link}, 0),
-        u"5 von 5 Objekten wurden nicht kopiert: d/e/b (es ist zu groß für diesen Speicher des "
-        u"Telefons), d/e/b (es ist zu groß für diesen Speicher des Telefons), d/e/b (es ist zu "
-        u"groß für diesen Speicher des Telefons) und 2 weitere"_s);
     use(AppLanguage::en);
 }
 

@@ -10,7 +10,6 @@
 
 using namespace Qt::StringLiterals;
 using namespace tessary;
-using Result = FavoritesManager::AddFavoriteResult;
 
 namespace {
 
@@ -37,21 +36,6 @@ protected:
     std::shared_ptr<UserDefaults> store_ = std::make_shared<MemoryUserDefaults>();
     FavoritesManager favorites_{store_};
 };
-
-TEST_F(FavoritesManagerTest, aFolderIsAddedOncePerDeviceAndApp) {
-    const QString path = u"/DCIM"_s;
-    EXPECT_EQ(favorites_.addFavorite(phone, u"DCIM"_s, path), Result::added);
-    EXPECT_EQ(favorites_.addFavorite(phone, u"Again"_s, path), Result::duplicate);
-    EXPECT_EQ(favorites_.addFavorite(phone, u"DCIM"_s, path, app), Result::added);
-    EXPECT_EQ(favorites_.addFavorite(other, u"DCIM"_s, path), Result::added);
-    EXPECT_EQ(favorites_.favorites(phone).size(), 2u);
-    EXPECT_FALSE(favorites_.isFavorite(other, path, app));
-
-    EXPECT_EQ(favorites_.toggleFavorite(phone, QString(), path), std::nullopt);
-    EXPECT_TRUE(favorites_.isFavorite(phone, path, app));
-    EXPECT_EQ(favorites_.toggleFavorite(phone, u"DCIM"_s, path), Result::added);
-    EXPECT_EQ(stored(), favorites_.favorites());
-}
 
 TEST_F(FavoritesManagerTest, storedSettingsOfAnyShapeStartWithAnEmptyList) {
     add(phone, u"/A"_s);
@@ -82,28 +66,6 @@ TEST_F(FavoritesManagerTest, storedSettingsOfAnyShapeStartWithAnEmptyList) {
     }
     store_->setValue(key, with("appName", QJsonValue::Null));
     EXPECT_EQ(stored().size(), 2u);
-}
-
-TEST_F(FavoritesManagerTest, draggingReordersOneDeviceAndLeavesTheOthers) {
-    const std::tuple<const char*, std::set<int>, int, const char*> rows[] = {
-        // name, from, to, after
-        {"down", {0}, 2, "/b /a /c /d"},       {"to the end", {0}, 4, "/b /c /d /a"},
-        {"around", {0, 3}, 2, "/b /a /d /c"},  {"onto itself", {1}, 1, "/a /b /c /d"},
-        {"beyond", {0, 9}, 99, "/b /c /d /a"}, {"before", {1, -4}, -1, "/b /a /c /d"},
-    };
-    for (const auto& [name, from, to, after] : rows) {
-        SCOPED_TRACE(name);
-        store_->setValue(key, QJsonValue::Undefined);
-        FavoritesManager manager(store_);
-        for (const char* path : {"/a", "/b", "/c", "/d"}) {
-            manager.addFavorite(phone, QString(), QString::fromLatin1(path));
-            manager.addFavorite(other, QString(), QString::fromLatin1(path));
-        }
-        manager.moveFavorites(phone, from, to);
-        EXPECT_EQ(paths(manager.favorites(phone)), QString::fromLatin1(after));
-        EXPECT_EQ(paths(manager.favorites(other)), u"/a /b /c /d"_s);
-        EXPECT_EQ(stored(), manager.favorites());
-    }
 }
 
 TEST_F(FavoritesManagerTest, aDeletedFolderTakesTheFavoritesBelowItAlong) {

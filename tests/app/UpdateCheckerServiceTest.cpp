@@ -65,18 +65,6 @@ TEST_F(UpdateCheckerServiceTest, aNewerVersionIsOfferedUntilItIsSkipped) {
     EXPECT_TRUE(isSilent());
 }
 
-TEST_F(UpdateCheckerServiceTest, eachRequestHasAnAddressOfItsOwnAndAsksNoCache) {
-    const Server server(Server::ok(manifest("1.9")));
-    start(server);
-    check(false);
-    check(false);
-    const auto requests = server.requests();
-    ASSERT_EQ(requests.size(), 2u);
-    EXPECT_TRUE(requests[0].startsWith("GET /tessary/version.json?random="));
-    EXPECT_NE(requests[0].split('\n')[0], requests[1].split('\n')[0]);
-    EXPECT_TRUE(requests[0].contains("Cache-Control: no-cache, no-store, must-revalidate\r\n"));
-}
-
 TEST_F(UpdateCheckerServiceTest, onlyACheckOfTheUsersTellsThatItFailed) {
     const std::pair<QByteArray, Error> rows[] = {
         {"HTTP/1.1 503 Busy\r\nContent-Length: 0\r\n\r\n", Error(HttpError::badStatus, {503})},
@@ -100,22 +88,6 @@ TEST_F(UpdateCheckerServiceTest, onlyACheckOfTheUsersTellsThatItFailed) {
     EXPECT_TRUE(checker_->checkFailure().has_value());
 }
 
-TEST_F(UpdateCheckerServiceTest, aLateAnswerStillCountsAndTheUserMayJoinTheSilentCheck) {
-    std::promise<void> answerNow;
-    const Server server([&, wait = answerNow.get_future().share()](const QByteArray&) {
-        wait.wait();
-        return Server::ok(manifest("1.9"));
-    });
-    start(server);
-    checker_->checkForUpdates(false);
-    checker_->checkForUpdates(true);
-    turnFor(100ms);
-    EXPECT_TRUE(checker_->isChecking());
-    answerNow.set_value();
-    EXPECT_TRUE(eventually([this] { return checker_->showUpToDateAlert(); }));
-    EXPECT_EQ(server.requests().size(), 1u);
-}
-
 TEST_F(UpdateCheckerServiceTest, theProgramEndsWhileTheServerIsStillSilent) {
     const Server server{QByteArray()};
     start(server);
@@ -125,21 +97,6 @@ TEST_F(UpdateCheckerServiceTest, theProgramEndsWhileTheServerIsStillSilent) {
     checker_.reset();
     EXPECT_TRUE(Background::shutDown(10s));
     EXPECT_LT(std::chrono::steady_clock::now() - begin, 5s);
-}
-
-TEST_F(UpdateCheckerServiceTest, theSettingGovernsOnlyTheCheckAtTheStart) {
-    const Server server(Server::ok(manifest("1.10")));
-    start(server);
-    EXPECT_TRUE(checker_->checksAutomatically());
-    checker_->setChecksAutomatically(false);
-    checker_->checkAtStart();
-    EXPECT_FALSE(checker_->isChecking());
-    check(true);
-    EXPECT_TRUE(checker_->availableUpdate().has_value());
-    // What is stored there may be anything.
-    store_->setValue(UpdateCheckerService::autoCheckKey, u"maybe"_s);
-    store_->setValue(UpdateCheckerService::skippedVersionKey, 1.1);
-    EXPECT_TRUE(checker_->checksAutomatically());
 }
 
 TEST_F(UpdateCheckerServiceTest, onlySafeAddressesReachTheBrowser) {
