@@ -7,20 +7,16 @@
 
 namespace tessary {
 
-/// Starts nothing: keeps what was asked of it, and answers each call with `result`. Thread-safe.
+/// Starts nothing: keeps what was asked of it. Thread-safe.
 class FakeProcessRunner final : public ProcessRunner {
 public:
     [[nodiscard]] ProcessResult run(const QString& program, const QStringList& arguments,
                                     std::chrono::milliseconds) override {
         const std::scoped_lock lock(mutex_);
         calls_.push_back(QStringList(program) + arguments);
-        return result_;
+        return {};
     }
 
-    void setResult(ProcessResult::Outcome outcome, int exitStatus = 0) {
-        const std::scoped_lock lock(mutex_);
-        result_ = {outcome, exitStatus, {}, {}};
-    }
     /// Each call as the program followed by its arguments.
     [[nodiscard]] std::vector<QStringList> calls() const {
         const std::scoped_lock lock(mutex_);
@@ -29,7 +25,6 @@ public:
 
 private:
     mutable std::mutex mutex_; ///< guards all below
-    ProcessResult result_;
     std::vector<QStringList> calls_;
 };
 
