@@ -1,16 +1,12 @@
 #include "adb/protocol/ADBAuthManager.h"
-#include "adb/AsciiBytes.h"
 #include "platform/keys/FileKeyStore.h"
 #include "platform/process/QtProcessRunner.h"
 #include "simulator/faults/FaultyADBD.h"
 #include "support/QtPrinters.h"
 #include "support/TemporaryFolder.h"
 
-#include <sys/wait.h>
-
 #include <gmock/gmock.h>
 
-#include <array>
 #include <chrono>
 
 namespace tessary {
@@ -19,6 +15,12 @@ namespace {
 
 using namespace std::chrono_literals;
 using testing::HasSubstr;
+using std::operator""sv;
+
+Bytes bytesOf(std::string_view text) {
+    const auto* data = reinterpret_cast<const std::byte*>(text.data());
+    return {data, data + text.size()};
+}
 
 const Bytes token = bytesOf("\0\x01token of 20 bytes!"sv);
 
@@ -79,31 +81,6 @@ TEST_F(ADBAuthManagerTest, keyOfTheADBToolSignsForItsPublicKeyAndForOurs) {
         EXPECT_TRUE(phone.hasSigned(token, signature));
         EXPECT_FALSE(phone.hasSigned(makeADBDToken(), signature));
     }
-}
-
-TEST_F(ADBAuthManagerTest, processesThatStartTogetherEndWithOneKey) {
-    std::array<pid_t, 6> children{};
-    std::array<int, 2> start{};
-    ASSERT_EQ(::pipe(start.data()), 0);
-    for (std::size_t i = 0; i < children.size(); ++i) {
-        children[i] = ::fork();
-        if (children[i] == 0) {
-            ::close(start[1]);
-            char none = 0;
-            (void)!::read(start[0], &none, 1); // until the pipe is closed
-            folder_.write(QStringLiteral("payload%1").arg(i),
-                          textOf(manager().getPublicKeyPayload()));
-            ::_exit(0);
-        }
-    }
-    ::close(start[0]);
-    ::close(start[1]);
-    for (const pid_t child : children)
-        EXPECT_EQ(::waitpid(child, nullptr, 0), child);
-    for (std::size_t i = 0; i < children.size(); ++i)
-        EXPECT_EQ(folder_.read(QStringLiteral("payload%1").arg(i)),
-                  textOf(manager().getPublicKeyPayload()));
-    EXPECT_EQ(folder_.names(QStringLiteral("keys")), QStringList{ADBAuthManager::keyTag});
 }
 
 TEST_F(ADBAuthManagerTest, whatCannotBeUsedIsAnErrorAndStaysAsItIs) {

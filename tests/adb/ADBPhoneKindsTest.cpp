@@ -142,17 +142,6 @@ TEST_P(CardPhoneTest, storagesAreVolumesRootsAndWorkAlike) {
     files_->removeTree(dcim, {});
 }
 
-TEST_P(CardPhoneTest, storageThatCannotBeMeasuredIsThereWithoutASize) {
-    const QString away = cardFolder_.path() + u"/away"_s;
-    ASSERT_TRUE(QDir().rename(cardFolder_.path() + u"/card"_s, away));
-    const auto info = files_->liveInfo({});
-    ASSERT_TRUE(QDir().rename(away, cardFolder_.path() + u"/card"_s));
-    ASSERT_EQ(info->volumes.size(), 3U);
-    EXPECT_EQ(info->volumes[0].freeBytes, std::uint64_t{64} << 30);
-    EXPECT_EQ(info->volumes[1].totalBytes, 0U);
-    EXPECT_EQ(info->volumes[2].totalBytes, std::uint64_t{32} << 30);
-}
-
 TEST_P(CardPhoneTest, storageThatMTPOnlyNumbersIsNotGuessed) {
     EXPECT_EQ(codeOf([&] { (void)listed(u"/storage/131073"_s); }), "notFound");
     EXPECT_EQ(codeOf([&] { (void)item(u"/storage/131073/x"_s); }), "notFound");

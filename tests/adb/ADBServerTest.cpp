@@ -1,10 +1,9 @@
 #include "adb/server/ADBServerConnection.h"
 
-#include "adb/ADBFilesFixture.h"
-#include "simulator/wire/PhoneSockets.h"
+#include "support/CodeOf.h"
+#include "support/QtPrinters.h"
 
-#include <poll.h>
-#include <sys/socket.h>
+#include <gtest/gtest.h>
 
 namespace tessary {
 
@@ -68,89 +67,6 @@ TEST(ADBServerConnection, phoneIsChosenByPlaceThenNameThenItsOwnSerial) {
         EXPECT_EQ(chosen == nullptr ? -1 : static_cast<int>(chosen - all.data()), found);
     }
 }
-
-/// Whatever listens where an adb server should: gives each connection one answer and ends it.
-class WrongServer {
-public:
-    explicit WrongServer(QByteArray answer)
-        : socket_(PhoneSockets::listenAt(u"127.0.0.1"_s, 0)),
-          answer_(std::move(answer)),
-          thread_([this] {
-              for (;;) {
-                  pollfd waiting{socket_.get(), POLLIN, 0};
-                  ::poll(&waiting, 1, -1);
-                  const FileHandle one(::accept(socket_.get(), nullptr, nullptr));
-                  if (!one.isOpen())
-                      return;
-                  (void)!::send(one.get(), answer_.constData(),
-                                static_cast<std::size_t>(answer_.size()), MSG_NOSIGNAL);
-                  ::shutdown(one.get(), SHUT_WR);
-                  char byte = 0;
-                  while (::recv(one.get(), &byte, 1, 0) > 0) {
-                  }
-              }
-          }) {}
-    ~WrongServer() {
-        ::shutdown(socket_.get(), SHUT_RDWR);
-    }
-    [[nodiscard]] ADBServerClient client() const {
-        ADBServerAddress address;
-        address.port = PhoneSockets::portOf(socket_);
-        return ADBServerClient(address);
-    }
-
-private:
-    const FileHandle socket_;
-    const QByteArray answer_;
-    std::jthread thread_;
-};
-
-TEST(ADBServerClient, whatIsNoServerOrBreaksOffIsAnError) {
-    const std::pair<const char*, const char*> rows[] = {
-        {"", "brokenOff"},
-        {"OK", "brokenOff"},
-        {"HTTP/1.1 400", "nonsense"},
-        {"OKAYzzzz", "nonsense"},
-        {"OKAY0005ab", "brokenOff"},
-        {"FAIL0003no!", "refused"},
-        {"FAIL0010device not foun", "brokenOff"},
-        {"FAIL0010device not found", "notFound"},
-        {"FAIL000edevice offline", "offline"},
-        {"FAIL0014device unauthorized.", "unauthorized"},
-    };
-    for (const auto& [answer, code] : rows) {
-        const WrongServer server{QByteArray(answer)};
-        EXPECT_EQ(codeOf([&] {
-                      (void)server.client().ask("host:features", {{}, 5s});
-                  }),
-                  code)
-            << answer;
-    }
-}
-
-TEST(ADBServerClient, noServerIsKnownAtOnceAndSilenceIsBounded) {
-    const FileHandle silent = PhoneSockets::listenAt(u"127.0.0.1"_s, 0);
-    ADBServerAddress address;
-    address.port = PhoneSockets::portOf(silent);
-    EXPECT_EQ(codeOf([&] { (void)ADBServerClient(address).version({{}, 100ms}); }), "timedOut");
-    FileHandle gone = PhoneSockets::listenAt(u"127.0.0.1"_s, 0);
-    address.port = PhoneSockets::portOf(gone);
-    gone.close();
-    EXPECT_EQ(ADBServerClient(address).version({{}, 1s}), std::nullopt);
-    address.host = u"no.such.name"_s;
-    EXPECT_EQ(ADBServerClient(address).version({{}, 1s}), std::nullopt);
-}
-
-struct ADBServerPhoneTest : testing::Test, ADBPhone {
-    void SetUp() override {
-        connectPhone();
-    }
-    [[nodiscard]] std::shared_ptr<ADBServerClient> client() const {
-        ADBServerAddress address;
-        address.port = server_.port();
-        return std::make_shared<ADBServerClient>(address);
-    }
-};
 
 } // namespace
 

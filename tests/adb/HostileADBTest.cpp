@@ -15,8 +15,10 @@ namespace {
 using namespace Qt::StringLiterals;
 
 /// What becomes of the bytes of a stream on their way. `served` are those that came before them on
-/// it. No value: nothing comes, without end.
+/// it. No value: nothing comes, without end. Throws StreamEnd where the stream ends.
 using Lie = std::function<std::optional<Bytes>(std::uint64_t served, Bytes bytes)>;
+
+struct StreamEnd {};
 
 class LyingStream final : public ADBStream {
 public:
@@ -24,22 +26,24 @@ public:
         : stream_(std::move(stream)), lie_(std::move(lie)) {}
 
     std::size_t read(std::span<std::byte> to, const Wait& wait) override {
-        while (said_.empty()) {
-            // What goes on for ever needs nothing to begin with.
-            auto said = lie_(served_, {});
-            Bytes bytes;
-            if (said && said->empty()) {
-                bytes.resize(to.size());
-                bytes.resize(stream_->read(bytes, wait));
-                said = lie_(served_, bytes);
+        try {
+            while (said_.empty()) {
+                // What goes on for ever needs nothing to begin with.
+                auto said = lie_(served_, {});
+                if (said && said->empty()) {
+                    Bytes bytes(to.size());
+                    bytes.resize(stream_->read(bytes, wait));
+                    if (bytes.empty())
+                        return 0;
+                    const std::uint64_t before = std::exchange(served_, served_ + bytes.size());
+                    said = lie_(before, std::move(bytes));
+                }
+                if (!said)
+                    awaitStop(wait);
+                said_ = *std::move(said);
             }
-            const bool isOver = bytes.empty();
-            served_ += bytes.size();
-            if (!said)
-                awaitStop(wait);
-            said_ = *std::move(said);
-            if (isOver && said_.empty())
-                return 0;
+        } catch (const StreamEnd&) {
+            return 0;
         }
         const std::size_t count = std::min(to.size(), said_.size());
         std::copy_n(said_.begin(), count, to.begin());
@@ -90,7 +94,11 @@ public:
             });
     }
     QByteArrayList features(const Wait& wait) override {
-        return phone_->features(wait);
+        return knowsOnlyFirstVersions_ ? QByteArrayList() : phone_->features(wait);
+    }
+    /// It takes the older requests alone; to be said before the first one.
+    void knowOnlyFirstVersions() {
+        knowsOnlyFirstVersions_ = true;
     }
     void release() override {
         phone_->release();
@@ -98,6 +106,7 @@ public:
 
 private:
     const std::shared_ptr<ADBConnection> phone_;
+    bool knowsOnlyFirstVersions_ = false;
     std::mutex mutex_;
     Lie lie_;            ///< guarded by mutex_
     QByteArray service_; ///< guarded by mutex_
@@ -175,7 +184,7 @@ INSTANTIATE_TEST_SUITE_P(Ways, HostileADBTest, testing::Values(ADBWay::server, A
 TEST_P(HostileADBTest, everyLieIsBoundedAndForgiven) {
     const std::pair<const char*, Lie> lies[] = {
         {"says nothing", [](std::uint64_t, Bytes) { return std::nullopt; }},
-        {"ends at once", [](std::uint64_t, Bytes) { return Bytes(); }},
+        {"ends at once", [](std::uint64_t, Bytes) -> Bytes { throw StreamEnd(); }},
         {"zeros for ever", [](std::uint64_t, Bytes) { return Bytes(60'000); }},
         {"all ones for ever", [](std::uint64_t, Bytes) { return Bytes(60'000, std::byte{0xFF}); }},
         {"entries for ever", endless("DNT2", 77)},
@@ -240,8 +249,10 @@ TEST_P(HostileADBTest, anyByteMayBeAnotherAndTheAnswerMayEndAtIt) {
         const bool ends = round % 3 == 0;
         expectBoundedUnder(
             [=](std::uint64_t served, Bytes bytes) -> std::optional<Bytes> {
+                if (ends && place < served)
+                    throw StreamEnd();
                 if (place < served || place >= served + bytes.size())
-                    return ends && place < served ? Bytes() : bytes;
+                    return bytes;
                 const auto at = static_cast<std::size_t>(place - served);
                 bytes[at] = value;
                 if (ends)
@@ -251,6 +262,39 @@ TEST_P(HostileADBTest, anyByteMayBeAnotherAndTheAnswerMayEndAtIt) {
             uses_[round % uses_.size()]);
     }
     expectUsableAgain();
+}
+
+TEST_P(HostileADBTest, whatIsCutAnywhereIsAnErrorOrWholeAndNeverLess) {
+    for (const bool isOld : {false, true}) {
+        const auto phone = std::make_shared<LyingPhone>(connect());
+        if (isOld)
+            phone->knowOnlyFirstVersions();
+        ADBFileSystem files(identity(), queue_, phone);
+        const FileItem second = require(files, u"/sdcard/D/second.txt"_s, {});
+        const QString made = u"phone/D/made"_s;
+        const std::pair<const char*, std::function<void()>> rows[] = {
+            {"list", [&] { EXPECT_EQ(listAll(files, u"/sdcard/D"_s, {}).items.size(), 2U); }},
+            {"read", [&] { EXPECT_EQ(files.read(second, {}, [](ByteView) {}, {}), 1); }},
+            {"space", [&] { EXPECT_EQ(files.freeBytes(u"/sdcard"_s, {}), 64LL << 30); }},
+            {"folder",
+             [&] {
+                 (void)files.makeFolder(u"/sdcard/D"_s, u"made"_s, {});
+                 EXPECT_TRUE(disk_.has(made));
+             }},
+        };
+        for (const auto& [name, work] : rows)
+            for (std::uint64_t place = 0; place < 180; place += isOld ? 3 : 7) {
+                SCOPED_TRACE(testing::Message() << name << ' ' << place << ' ' << isOld);
+                phone->setLie([place](std::uint64_t served, Bytes bytes) {
+                    if (served >= place)
+                        throw StreamEnd();
+                    bytes.resize(std::min<std::uint64_t>(bytes.size(), place - served));
+                    return std::optional(bytes);
+                });
+                EXPECT_THAT(codeOf(work), testing::AnyOf("nothing", "brokenOff", "nonsense"));
+                (void)QDir(disk_.path(made)).removeRecursively();
+            }
+    }
 }
 
 TEST_P(HostileADBTest, aCopyTakesNoMoreThanWasAnnouncedAndStaysInItsFolder) {
