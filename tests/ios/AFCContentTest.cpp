@@ -29,14 +29,6 @@ protected:
             faults.statuses[QString::fromLatin1(request)] = {status, false};
         });
     }
-    /// Stops a call once the phone has seen so many requests of a kind.
-    std::jthread stopAfter(const char* request, std::size_t requests, std::stop_source& stop) {
-        return std::jthread([this, request, requests, stop]() mutable {
-            while (iphone_.count(request) < requests)
-                std::this_thread::sleep_for(1ms);
-            stop.request_stop();
-        });
-    }
     [[nodiscard]] std::size_t requests() {
         std::size_t count = 0;
         for (const char* request :
@@ -184,11 +176,6 @@ TEST_F(AFCContentTest, aCopyThatThePhoneKeptOnlyInPartIsAnError) {
     EXPECT_EQ(iphone_.names(u"/"_s), QStringList());
 }
 
-TEST_F(AFCContentTest, aDateThatThePhoneDoesNotTakeDoesNotFailTheCopy) {
-    refuse("afc.setFileModTime", 15);
-    EXPECT_NE(iphone_.put({u"/"_s, u"up"_s, 1, someDate}, "1").modifiedDate, someDate);
-}
-
 TEST_F(AFCContentTest, onASlowLinkACancelIsHeardWithinASecondAndNoPartStays) {
     iphone_.faults([](VirtualIPhoneFaults& faults) { faults.megabytesPerSecond = 0.5; });
     std::stop_source stop;
@@ -203,46 +190,6 @@ TEST_F(AFCContentTest, onASlowLinkACancelIsHeardWithinASecondAndNoPartStays) {
                  CancellationError);
     EXPECT_LT(std::chrono::steady_clock::now() - asked, 1200ms);
     EXPECT_EQ(iphone_.names(u"/"_s), QStringList());
-}
-
-TEST_F(AFCContentTest, aSilentPhoneKeepsNobodyWhoWantsToStop) {
-    iphone_.write(u"big"_s, manyBytes(4 * mebibyte));
-    const FileItem big = iphone_.item(u"/big"_s);
-    for (const char* request : {"afc.readDir", "afc.fileRead", "afc.fileOpen"}) {
-        SCOPED_TRACE(request);
-        iphone_.faults(
-            [&](VirtualIPhoneFaults& faults) { faults.hang = {QString::fromLatin1(request)}; });
-        std::stop_source stop;
-        const auto stopper = stopAfter(request, iphone_.count(request) + 1, stop);
-        const auto begin = std::chrono::steady_clock::now();
-        EXPECT_THROW(
-            {
-                if (request == std::string("afc.readDir"))
-                    (void)listAll(files_, u"/"_s, stop.get_token());
-                else
-                    files_.read(
-                        big, {}, [](ByteView) {}, stop.get_token());
-            },
-            CancellationError);
-        EXPECT_LT(std::chrono::steady_clock::now() - begin, 3s);
-        // It comes to its senses, and nobody waits for what was asked before.
-        iphone_.faults([](VirtualIPhoneFaults& faults) { faults.hang.clear(); });
-        const auto next = std::chrono::steady_clock::now();
-        EXPECT_EQ(iphone_.names(u"/"_s), QStringList(u"big"_s));
-        EXPECT_LT(std::chrono::steady_clock::now() - next, 4s);
-    }
-}
-
-TEST(AFCContent, passesOverWifiToo) {
-    VirtualIPhoneConfig config;
-    config.wifiAddress = u"127.0.0.41"_s;
-    IPhoneFiles iphone(config);
-    ASSERT_NE(iphone.phone.joinWifi(iphone.mux), 0U);
-    iphone.phone.unplug();
-    const QByteArray content = manyBytes(3 * mebibyte);
-    const FileItem made = iphone.put({u"/"_s, u"up"_s, content.size(), someDate}, content);
-    EXPECT_EQ(made.modifiedDate, someDate);
-    EXPECT_EQ(iphone.get(u"/up"_s), content);
 }
 
 TEST(AFCContent, silenceWithoutAnEndIsNoAnswer) {

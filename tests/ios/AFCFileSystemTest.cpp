@@ -59,25 +59,6 @@ TEST(AFCFileSystem, opensDocumentsWhereverTheContainerHasThem) {
     }
 }
 
-TEST(AFCFileSystem, anAppThatCannotBeOpenedIsTheAppsRefusal) {
-    const struct {
-        const char* reason;
-        const char* error;
-    } rows[] = {{"InstallationLookupFailed", "notReachable, caused by houseArrest "
-                                             "(com.example.notes, InstallationLookupFailed)"},
-                {"PasswordProtected", "locked, caused by houseArrest"}};
-    for (const auto& row : rows) {
-        IPhoneFiles iphone;
-        iphone.faults([&](VirtualIPhoneFaults& faults) {
-            for (const QString& command : {u"VendDocuments"_s, u"VendContainer"_s})
-                faults.houseArrestErrors[command] = QString::fromLatin1(row.reason);
-        });
-        EXPECT_THAT(errorOf([&] { (void)iphone.names(u"/"_s); }), StartsWith(row.error));
-        EXPECT_EQ(iphone.count("houseArrest.VendDocuments"), 1U);
-        EXPECT_EQ(iphone.count("houseArrest.VendContainer"), 1U);
-    }
-}
-
 TEST_F(AFCFileSystemTest, listsFactsAndNamesWhatCannotBeRead) {
     iphone_.write(u"b.txt"_s, "12345");
     iphone_.disk.makeFolder(iphone_.inDocuments(u"zoo"_s));
@@ -129,15 +110,6 @@ TEST_F(AFCFileSystemTest, aLongFolderIsListedByTwoConnectionsInThePhonesOrder) {
     EXPECT_EQ(iphone_.count("houseArrest.VendDocuments"), 2U);
     EXPECT_LT(time, count * 2ms); // what one connection takes at the least
     EXPECT_LT(first, time / 2);
-
-    // A phone that has but one to give takes longer, and lists the same.
-    AFCFileSystem alone(iphone_.identity(), IPhoneFiles::notes(), iphone_.queue);
-    (void)alone.freeBytes(u"/"_s, {});
-    iphone_.faults([](VirtualIPhoneFaults& faults) {
-        faults.delayEach = 0ms;
-        faults.serviceErrors[u"com.apple.mobile.house_arrest"_s] = u"ServiceLimit"_s;
-    });
-    EXPECT_EQ(listAll(alone, u"/many"_s, {}).items.size(), std::size_t{count});
 }
 
 TEST_F(AFCFileSystemTest, aLongListingThatIsCutOnEitherConnectionIsAnError) {
@@ -240,16 +212,6 @@ TEST(AFCFileSystem, aFullFolderStaysUnlessTheTreeIsMeantWhateverTheRefusalsNumbe
     }
 }
 
-TEST_F(AFCFileSystemTest, aFolderWhoseLastEntryWentMeanwhileIsRemovedAllTheSame) {
-    iphone_.disk.makeFolder(iphone_.inDocuments(u"tree"_s));
-    const FileItem tree = iphone_.item(u"/tree"_s);
-    iphone_.faults([](VirtualIPhoneFaults& faults) {
-        faults.statuses[u"afc.removePath"_s] = {.status = 33, .always = false};
-    });
-    files_.removeTree(tree, {});
-    EXPECT_FALSE(iphone_.has(u"tree"_s));
-}
-
 TEST_F(AFCFileSystemTest, removalStaysInItsFolderWhateverNamesAreListed) {
     iphone_.write(u"tree/inner"_s, "1");
     iphone_.write(u"precious"_s, "2");
@@ -316,16 +278,6 @@ TEST(AFCFileSystem, theMediaFolderIsReadAndWrittenWhereThePhoneTakesIt) {
     EXPECT_EQ(iphone.put({u"/Downloads"_s, u"b"_s, 1, {}}, "b").size, 1);
     iphone.files.remove(iphone.item(u"/DCIM/100APPLE/IMG_0001.HEIC"_s), {});
     EXPECT_FALSE(media.has(u"DCIM/100APPLE/IMG_0001.HEIC"_s));
-}
-
-TEST_F(AFCFileSystemTest, oneConnectionServesManyCallsAndIsClosedWhenIdle) {
-    for (int i = 0; i < 3; ++i)
-        (void)iphone_.names(u"/"_s);
-    EXPECT_EQ(iphone_.count("houseArrest.VendDocuments"), 1U);
-    // The multiplexer's threads of the two connections (lockdown and AFC) end with them.
-    std::this_thread::sleep_for(600ms);
-    (void)iphone_.names(u"/"_s);
-    EXPECT_EQ(iphone_.count("houseArrest.VendDocuments"), 2U);
 }
 
 } // namespace

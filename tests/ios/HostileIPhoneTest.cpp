@@ -188,20 +188,6 @@ TEST(IPhoneHelper, thatCannotBeUsedIsAnError) {
     }
 }
 
-/// As after an update, when the program that runs is an older one.
-TEST(IPhoneHelper, ofAnotherVersionSaysSo) {
-    const TemporaryFolder folder;
-    const QString program = folder.write(
-        u"helper"_s,
-        "#!/bin/sh\nexec '" + installedHelper(u"tessary-iphone"_s).toUtf8() + "' 0 \"$2\"\n");
-    ASSERT_TRUE(QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner));
-    IPhoneHelper::Limits limits;
-    limits.program = program;
-    IPhoneHelper helper(u"x"_s, limits);
-    EXPECT_EQ(errorOf([&] { (void)helper.ask(HelperOperation::facts); }),
-              "notReachable, caused by helper (another version)");
-}
-
 TEST(IPhoneHelper, anAnswerThatIsTooLongIsNotTaken) {
     PluggedIPhone iphone;
     IPhoneHelper::Limits limits;

@@ -1,6 +1,4 @@
 #include "ios/AFCFileInfo.h"
-#include "ios/AppLister.h"
-#include "ios/Lockdown.h"
 #include "support/QtPrinters.h"
 
 #include <QTimeZone>
@@ -15,37 +13,6 @@ namespace tessary {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-TEST(DiskUsage, isReadInEachForm) {
-    constexpr qint64 largest = std::numeric_limits<qint64>::max();
-    const struct {
-        const char* name;
-        std::vector<std::pair<const char*, std::uint64_t>> values;
-        std::optional<StorageInfo> expected;
-    } rows[] = {
-        {"whole disk",
-         {{"TotalDiskCapacity", 100},
-          {"TotalDataCapacity", 80},
-          {"AmountDataAvailable", 30},
-          {"TotalDataAvailable", 40}},
-         StorageInfo{30, 100}},
-        {"data only, and clamped",
-         {{"TotalDataCapacity", 64'000'000'000}, {"TotalDataAvailable", 70'000'000'000}},
-         StorageInfo{64'000'000'000, 64'000'000'000}},
-        {"zero is not missing", {{"TotalDiskCapacity", 0}, {"TotalDataCapacity", 80}}, {}},
-        {"no capacity", {{"AmountDataAvailable", 30}}, {}},
-        {"above 63 bits",
-         {{"TotalDiskCapacity", std::numeric_limits<std::uint64_t>::max()},
-          {"AmountDataAvailable", std::uint64_t{1} << 63}},
-         StorageInfo{largest, largest}},
-    };
-    for (const auto& row : rows) {
-        const PlistHandle usage(plist_new_dict());
-        for (const auto& [key, value] : row.values)
-            plist_dict_set_item(usage.get(), key, plist_new_uint(value));
-        EXPECT_EQ(storageFromDiskUsage(usage.get()), row.expected) << row.name;
-    }
-}
 
 QDateTime utc(qint64 milliseconds) {
     return QDateTime::fromMSecsSinceEpoch(milliseconds, QTimeZone::utc());
