@@ -1,11 +1,8 @@
 #include "devices/list/ADBPhones.h"
 #include "devices/list/AndroidDevices.h"
-#include "devices/list/IPhoneDevices.h"
 #include "support/QtPrinters.h"
 
 #include <gmock/gmock.h>
-
-#include <array>
 
 namespace tessary {
 namespace {
@@ -77,25 +74,6 @@ TEST(AndroidDevicesTest, interfacesCountForMoreThanNames) {
     }
 }
 
-TEST(AndroidDevicesTest, hintsCountForUnknownVendors) {
-    const std::tuple<const char*, const char*, const char*, const char*, bool> rows[] = {
-        // name, vendor, product, registry, accepted
-        {"product", "Acme", "my ANDROID phone", "", true},
-        {"the word in the vendor is no hint", "Android", "Acme", "", false},
-        {"vendor", "SAMSUNG Electronics", "SM-1", "", true},
-        {"nothing known", "Acme", "Phone", "", false},
-        {"registry name stands in for the product", "Acme", "", "Galaxy Tab", true},
-        {"registry name is no hint beside a product", "Acme", "Phone", "Galaxy Tab", false},
-        {"registry name excludes", "Samsung", "", "Apple Hub", false},
-        {"no name counts as one of an Android", "Acme", "", "", true},
-    };
-    for (const auto& [name, vendor, product, registry, accepted] : rows) {
-        USBDeviceEntry entry = entryOf(unknownVendor, vendor, product);
-        entry.registryName = QString::fromUtf8(registry);
-        EXPECT_EQ(extractAndroidDevice(entry).has_value(), accepted) << name;
-    }
-}
-
 QStringList udidsOf(const std::vector<USBDeviceEntry>& entries, const AttachedUdids& named = {}) {
     QStringList udids;
     for (const DeviceInfo& device : androidDevices(entries, {}, named))
@@ -164,29 +142,6 @@ TEST(ADBPhonesTest, phoneThatBothKnowIsOneEntryInTurboMode) {
         ASSERT_EQ(phones.size(), 2u) << row.name;
         EXPECT_EQ(phones[0].protocolMode, row.first) << row.name;
         EXPECT_EQ(phones[1].protocolMode, row.second) << row.name;
-    }
-}
-
-constexpr ConnectionType cable = ConnectionType::usb;
-constexpr ConnectionType wifi = ConnectionType::network;
-
-MultiplexerEntry entry(const char* udid, std::uint32_t handle, ConnectionType type) {
-    return {QString::fromLatin1(udid), handle, 0x12A8, type};
-}
-
-TEST(IPhoneDevices, aPhoneOnCableAndWifiIsOneDeviceOnTheCable) {
-    const std::tuple<const char*, std::vector<MultiplexerEntry>, std::uint32_t, ConnectionType>
-        rows[] = {
-            // name, entries, handle, type
-            {"wifiFirst", {entry("a", 1, wifi), entry("a", 2, cable)}, 2, cable},
-            {"cableFirst", {entry("a", 1, cable), entry("a", 2, wifi)}, 1, cable},
-            {"twiceOnWifi", {entry("a", 1, wifi), entry("a", 2, wifi)}, 1, wifi},
-        };
-    for (const auto& [name, entries, handle, type] : rows) {
-        const auto devices = iosDevices(entries);
-        ASSERT_EQ(devices.size(), 1U) << name;
-        EXPECT_EQ(devices.front().handle, handle) << name;
-        EXPECT_EQ(devices.front().connectionType, type) << name;
     }
 }
 

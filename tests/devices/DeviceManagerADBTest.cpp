@@ -95,19 +95,6 @@ TEST_F(DeviceManagerADBTest, phoneThatBusAndADBKnowIsOneRowWhoseModeIsTheUsersCh
     EXPECT_EQ(mode("SERIAL"), ProtocolMode::adbTurbo);
 }
 
-TEST_F(DeviceManagerADBTest, phoneThatOnlyADBReachesComesAndGoesWithADB) {
-    connectPhone();
-    const QByteArray udid = serial().toUtf8();
-    ASSERT_TRUE(isFoundByPolls([&] { return hasStorage(udid.constData()); }));
-    const auto phone = device(udid.constData());
-    EXPECT_EQ(phone->connectionType, ConnectionType::network);
-    EXPECT_EQ(phone->protocolMode, ProtocolMode::adbTurbo);
-    EXPECT_EQ(phone->deviceName, u"Pixel 7"_s);
-    EXPECT_EQ(phone->batteryLevel, 80);
-    server_.disconnect(serial());
-    EXPECT_TRUE(isFoundByPolls([&] { return udids().isEmpty(); }));
-}
-
 TEST_F(DeviceManagerADBTest, phoneShowsAtOnceWhenADBTellsOfIt) {
     manager_->startListening();
     ASSERT_TRUE(eventually([&] { return rounds_ > 0; }));

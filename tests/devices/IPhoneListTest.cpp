@@ -100,19 +100,5 @@ TEST_F(IPhoneListTest, aPhoneThatHasForgottenThisComputerWantsToBePluggedInAgain
     EXPECT_EQ(iphone.count("lockdown.Pair"), 0U);
 }
 
-TEST_F(IPhoneListTest, aBusyPhoneIsLeftAlone) {
-    PluggedIPhone iphone;
-    {
-        DeviceInfo device;
-        device.udid = iphone.udid();
-        const PhoneQueue::Job job = services_.files().queueOf(device)->beginJob();
-        refresh(true);
-        ASSERT_NE(only(), nullptr);
-        EXPECT_EQ(iphone.count("lockdown.StartSession"), 0U);
-    }
-    refresh(true);
-    EXPECT_TRUE(eventually([&] { return hasDetails(); }));
-}
-
 } // namespace
 } // namespace tessary
