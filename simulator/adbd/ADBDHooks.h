@@ -26,10 +26,6 @@ public:
     /// The strict shell refused a command line.
     virtual void lineRefused(const QByteArray& /*line*/) {}
 
-    /// A command of the shell ("ls"), or "sync", is never answered.
-    [[nodiscard]] virtual bool hangs(const QByteArray& /*command*/) {
-        return false;
-    }
     /// Another output of a command line, with the exit status 0; no value leaves both.
     [[nodiscard]] virtual std::optional<QByteArray> rewrite(const QByteArray& /*line*/) {
         return std::nullopt;

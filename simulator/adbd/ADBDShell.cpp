@@ -128,19 +128,15 @@ ADBDShell::ADBDShell(ADBDState& state, const std::string& line, bool isVersion2)
     : state_(state), isVersion2_(isVersion2), isInteractive_(line.empty()) {
     if (isInteractive_)
         return;
-    const auto status = runLine(line);
-    if (status && isVersion2)
-        appendStatus(*status);
+    const int status = runLine(line);
+    if (isVersion2)
+        appendStatus(status);
 }
 
-/// Runs a line and keeps its output. No value when the phone hangs on it.
-std::optional<int> ADBDShell::runLine(const std::string& line) {
+/// Runs a line and keeps its output.
+int ADBDShell::runLine(const std::string& line) {
     const QByteArray command = QByteArray::fromStdString(line);
     state_.hooks->requestAsked(command);
-    if (state_.hooks->hangs(command.left(command.indexOf(' ')))) {
-        hangs_ = true;
-        return std::nullopt;
-    }
     ADBDShellResult result;
     if (const auto rewritten = state_.hooks->rewrite(command))
         result.output = rewritten->toStdString();
@@ -172,10 +168,10 @@ void ADBDShell::appendStatus(int status) {
 void ADBDShell::receive(ByteView bytes) {
     constexpr std::size_t frontSize = 5;
     constexpr std::size_t longestLine = 64 * 1024;
-    if (!isInteractive_ || hangs_ || isOver_)
+    if (!isInteractive_ || isOver_)
         return;
     in_.insert(in_.end(), bytes.begin(), bytes.end());
-    while (in_.size() >= frontSize && !hangs_) {
+    while (in_.size() >= frontSize) {
         const std::size_t length = readLittleEndian<std::uint32_t>(in_, 1);
         if (in_.size() < frontSize + length)
             break;
@@ -184,8 +180,8 @@ void ADBDShell::receive(ByteView bytes) {
         isOver_ = isOver_ || in_[0] == std::byte{3};
         in_.erase(in_.begin(), in_.begin() + static_cast<std::ptrdiff_t>(frontSize + length));
     }
-    for (std::size_t end = 0; !hangs_ && (end = endOfLine(line_)) != std::string::npos;) {
-        lastStatus_ = runLine(line_.substr(0, end)).value_or(lastStatus_);
+    for (std::size_t end = 0; (end = endOfLine(line_)) != std::string::npos;) {
+        lastStatus_ = runLine(line_.substr(0, end));
         line_.erase(0, end + 1);
     }
     isOver_ = isOver_ || line_.size() > longestLine;
@@ -206,7 +202,7 @@ Bytes ADBDShell::produce(std::size_t most) {
 }
 
 bool ADBDShell::isOver() const {
-    return !hangs_ && output_.empty() && (!isInteractive_ || isOver_);
+    return output_.empty() && (!isInteractive_ || isOver_);
 }
 
 } // namespace tessary

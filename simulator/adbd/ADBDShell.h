@@ -38,7 +38,7 @@ public:
     [[nodiscard]] bool isOver() const override;
 
 private:
-    [[nodiscard]] std::optional<int> runLine(const std::string& line);
+    [[nodiscard]] int runLine(const std::string& line);
     void appendStatus(int status);
 
     ADBDState& state_;
@@ -50,7 +50,6 @@ private:
     bool isOver_ = false;
     Bytes output_;
     std::size_t sent_ = 0;
-    bool hangs_ = false;
 };
 
 } // namespace tessary

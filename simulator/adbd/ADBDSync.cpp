@@ -41,8 +41,7 @@ std::uint32_t low32(T value) {
 
 } // namespace
 
-ADBDSync::ADBDSync(ADBDState& state)
-    : state_(state), files_(state.config), hangs_(state.hooks->hangs("sync")) {}
+ADBDSync::ADBDSync(ADBDState& state) : state_(state), files_(state.config) {}
 
 ADBDSync::~ADBDSync() {
     pushed_.close();
@@ -51,8 +50,6 @@ ADBDSync::~ADBDSync() {
 }
 
 void ADBDSync::receive(ByteView bytes) {
-    if (hangs_)
-        return;
     if (isAnswering())
         waiting_.insert(waiting_.end(), bytes.begin(), bytes.end());
     else

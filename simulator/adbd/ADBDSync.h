@@ -49,7 +49,6 @@ private:
     Bytes waiting_; ///< what came while a file was pulled or a folder listed
     Bytes out_;     ///< answers that were not taken
     bool isOver_ = false;
-    bool hangs_ = false;
 
     /// One request after another: what comes meanwhile waits.
     [[nodiscard]] bool isAnswering() const {

@@ -21,10 +21,6 @@ public:
         violations.update([&line](auto& all) { all.push_back(line); });
     }
 
-    bool hangs(const QByteArray& command) override {
-        return faults.update(
-            [&command](const ADBDFaults& now) { return now.hang.contains(command); });
-    }
     std::optional<QByteArray> rewrite(const QByteArray& line) override {
         // Called without the lock: it may change the faults.
         const auto hook = faults.update([](const ADBDFaults& now) { return now.rewrite; });

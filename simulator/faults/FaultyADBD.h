@@ -5,7 +5,6 @@
 
 #include <functional>
 #include <optional>
-#include <set>
 
 namespace tessary {
 
@@ -14,8 +13,6 @@ struct ADBDFaults {
     /// Cuts the connection once this many bytes of service data have passed in either direction
     /// since it was set. Happens once.
     std::optional<std::uint64_t> dropAfter;
-    /// Commands of the shell ("ls"), or "sync", that are never answered.
-    std::set<QByteArray> hang;
     bool readOnly = false;
     /// Added to each size that the phone tells.
     std::int64_t sizeLie = 0;

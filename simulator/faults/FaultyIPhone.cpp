@@ -2,16 +2,6 @@
 
 namespace tessary {
 
-namespace {
-
-/// No text when the map has none.
-QString textAt(const std::map<QString, QString>& texts, const QString& key) {
-    const auto found = texts.find(key);
-    return found == texts.end() ? QString() : found->second;
-}
-
-} // namespace
-
 class FaultyIPhone::Hooks final : public VirtualIPhoneHooks {
 public:
     Guarded<VirtualIPhoneFaults> faults;
@@ -72,17 +62,6 @@ public:
             --now.handshakesToFail;
             return now.handshakeError;
         });
-    }
-    QString serviceError(const QString& service) override {
-        return faults.update(
-            [&](const VirtualIPhoneFaults& now) { return textAt(now.serviceErrors, service); });
-    }
-    QString houseArrestError(const QString& command) override {
-        return faults.update(
-            [&](const VirtualIPhoneFaults& now) { return textAt(now.houseArrestErrors, command); });
-    }
-    QString browseError() override {
-        return faults.update([](const VirtualIPhoneFaults& now) { return now.browseError; });
     }
     std::uint64_t status(const QString& request) override {
         return faults.update([&request](VirtualIPhoneFaults& now) -> std::uint64_t {

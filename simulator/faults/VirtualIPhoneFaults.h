@@ -42,12 +42,6 @@ struct VirtualIPhoneFaults {
     /// one the connection ends instead.
     unsigned handshakesToFail = 0;
     QString handshakeError;
-    /// Services that lockdown does not start, and the "Error".
-    std::map<QString, QString> serviceErrors;
-    /// House arrest commands that are refused with this "Error".
-    std::map<QString, QString> houseArrestErrors;
-    /// The installation proxy refuses to browse with this "Error".
-    QString browseError;
 
     std::map<QString, VirtualAFCStatus> statuses;
     /// Status 18 for what would make a file longer than this.

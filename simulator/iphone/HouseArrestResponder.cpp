@@ -24,16 +24,14 @@ void HouseArrestResponder::run() {
     const auto& apps = phone_.config().apps;
     const auto app = std::find_if(apps.begin(), apps.end(),
                                   [&](const auto& each) { return each.bundleID == bundleID; });
-    QString error = phone_.hooks().houseArrestError(command);
+    QString error;
     const bool documents = command == u"VendDocuments"_s;
-    if (error.isEmpty()) {
-        if (!documents && command != u"VendContainer"_s)
-            error = u"UnknownCommand"_s;
-        else if (app == apps.end())
-            error = u"ApplicationLookupFailed"_s;
-        else if (documents ? !app->sharesFiles : !app->isDebuggable)
-            error = u"InstallationLookupFailed"_s;
-    }
+    if (!documents && command != u"VendContainer"_s)
+        error = u"UnknownCommand"_s;
+    else if (app == apps.end())
+        error = u"ApplicationLookupFailed"_s;
+    else if (documents ? !app->sharesFiles : !app->isDebuggable)
+        error = u"InstallationLookupFailed"_s;
     const QVariantMap answer = error.isEmpty() ? QVariantMap{{u"Status"_s, u"Complete"_s}}
                                                : QVariantMap{{u"Error"_s, error}};
     if (!phone_.answering(stream_, logged) || !stream_.writeMessage(answer) || !error.isEmpty())

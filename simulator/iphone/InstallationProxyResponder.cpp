@@ -87,9 +87,6 @@ QVariantList InstallationProxyResponder::apps(const QVariantMap& options) const 
 }
 
 bool InstallationProxyResponder::browse(const QString& logged, const QVariantMap& options) {
-    const QString error = phone_.hooks().browseError();
-    if (!error.isEmpty())
-        return answer(logged, {{u"Error"_s, error}});
     const QVariantList all = apps(options);
     const qsizetype step = std::max(1, phone_.config().appsPerAnswer);
     for (qsizetype at = 0; at < all.size(); at += step) {

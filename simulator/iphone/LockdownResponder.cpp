@@ -198,9 +198,6 @@ QVariantMap LockdownResponder::startService(const QVariantMap& request) {
         return error(u"MissingService"_s);
     if (sessionID_.isEmpty())
         return error(u"SessionInactive"_s);
-    const QString refusal = phone_.hooks().serviceError(service);
-    if (!refusal.isEmpty())
-        return error(refusal);
     if (phone_.state().locked)
         return error(u"PasswordProtected"_s);
     const std::array known{HouseArrestResponder::service, InstallationProxyResponder::service,

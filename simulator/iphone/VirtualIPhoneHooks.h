@@ -64,20 +64,11 @@ public:
         return std::nullopt;
     }
 
-    // Refusals. An empty text is none.
+    // Refusals
 
     /// With an empty text the session's connection ends.
     [[nodiscard]] virtual std::optional<QString> handshakeError() {
         return std::nullopt;
-    }
-    [[nodiscard]] virtual QString serviceError(const QString& /*service*/) {
-        return {};
-    }
-    [[nodiscard]] virtual QString houseArrestError(const QString& /*command*/) {
-        return {};
-    }
-    [[nodiscard]] virtual QString browseError() {
-        return {};
     }
     /// The AFC status that a request is refused with; 0 for none.
     [[nodiscard]] virtual std::uint64_t status(const QString& /*request*/) {

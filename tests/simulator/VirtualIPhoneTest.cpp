@@ -1,4 +1,3 @@
-#include "ios/AFCConnection.h"
 #include "support/PluggedIPhone.h"
 #include "support/QtPrinters.h"
 
@@ -47,34 +46,6 @@ TEST(VirtualIPhone, toolsListPhonesTheirValuesAndApps) {
         EXPECT_THAT(run(iphone, "ideviceinstaller", "-l"),
                     HasSubstr("com.example.notes, \"42\", \"Notes\"\n"));
     }
-}
-
-TEST(VirtualIPhone, noPathLeavesTheContainer) {
-    const PluggedIPhone iphone;
-    const QString outside = iphone.disk.write(u"outside/secret"_s, "secret");
-    iphone.write(u"inside"_s, "inside");
-    QFile::link(iphone.disk.path(u"outside"_s), iphone.disk.path(iphone.inDocuments(u"link"_s)));
-    QFile::link(outside, iphone.disk.path(iphone.inDocuments(u"file"_s)));
-    AFCConnection client(std::make_unique<Lockdown>(iphone.udid()), PluggedIPhone::bundleId, [] {});
-    for (const QString& path : {u"/Documents/../../outside/secret"_s, u"/Documents/link/secret"_s,
-                                u"/Documents/file"_s, u"/Documents/../.."_s, u"/Documents/.."_s}) {
-        SCOPED_TRACE(path.toStdString());
-        EXPECT_THROW(AFCFile(client, path, AFC_FOPEN_RDONLY), Error);
-        EXPECT_THROW((void)client.readNames(path), Error);
-        try {
-            // It may take the place of a link, and go no further.
-            AFCFile file(client, path, AFC_FOPEN_WRONLY);
-            (void)file.write(std::as_bytes(std::span("inside", 6)));
-        } catch (const Error&) {
-        }
-    }
-    EXPECT_NO_THROW(client.removePath(u"/Documents/link"_s));
-    EXPECT_THROW(client.removePath(u"/Documents/.."_s), Error);
-    EXPECT_THROW(client.renamePath(u"/Documents/inside"_s, u"/Documents/../../out"_s), Error);
-    EXPECT_EQ(iphone.disk.names(), (QStringList{u"notes"_s, u"outside"_s}));
-    EXPECT_EQ(iphone.disk.names(u"outside"_s), QStringList(u"secret"_s));
-    EXPECT_EQ(iphone.disk.read(u"outside/secret"_s), "secret");
-    EXPECT_EQ(iphone.read(u"inside"_s), "inside");
 }
 
 } // namespace
