@@ -134,13 +134,22 @@ private:
             return answer(path != nullptr ? ::lstat(instance()->at(path), facts)
                                           : ::fstat(static_cast<int>(info->fh), facts));
         };
-        calls.readdir = [](const char* path, void* buffer, fuse_fill_dir_t fill, off_t,
-                           fuse_file_info*, fuse_readdir_flags) {
+        calls.opendir = [](const char* path, fuse_file_info* info) {
+            const int folder = ::open(instance()->at(path), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+            info->fh = static_cast<std::uint64_t>(folder);
+            return answer(folder);
+        };
+        calls.releasedir = [](const char*, fuse_file_info* info) {
+            return answer(::close(static_cast<int>(info->fh)));
+        };
+        calls.readdir = [](const char*, void* buffer, fuse_fill_dir_t fill, off_t,
+                           fuse_file_info* info, fuse_readdir_flags) {
             if (const int failure = fault(); failure != 0)
                 return failure;
-            DIR* const folder = ::opendir(instance()->at(path));
+            DIR* const folder = ::fdopendir(::dup(static_cast<int>(info->fh)));
             if (folder == nullptr)
                 return -errno;
+            ::rewinddir(folder);
             while (const dirent* entry = ::readdir(folder))
                 fill(buffer, entry->d_name, nullptr, 0, {});
             ::closedir(folder);
@@ -209,10 +218,12 @@ private:
                 return refusal;
             return answer(::rename(instance()->at(from), instance()->at(to)));
         };
-        calls.utimens = [](const char* path, const timespec times[2], fuse_file_info*) {
+        calls.utimens = [](const char* path, const timespec times[2], fuse_file_info* info) {
             if (const int failure = fault(); failure != 0)
                 return failure;
-            return answer(::utimensat(AT_FDCWD, instance()->at(path), times, AT_SYMLINK_NOFOLLOW));
+            return answer(path != nullptr ? ::utimensat(AT_FDCWD, instance()->at(path), times,
+                                                        AT_SYMLINK_NOFOLLOW)
+                                          : ::futimens(static_cast<int>(info->fh), times));
         };
         calls.statfs = [](const char*, struct statvfs* facts) {
             if (const int failure = fault(); failure != 0)
