@@ -17,6 +17,7 @@ class ImportWindowTest : public AppWindowFixture {
 protected:
     ImportWindowTest() : iphone_(media(camera_)), android_(bus_, phoneConfig("BESIDE")) {
         android_.write(u"DCIM/Camera/IMG_9.jpg"_s, "of the other phone");
+        Background::restart();
         app_ = std::make_unique<TessaryApp>(DeviceSources(bus_, &multiplexer_), services_,
                                             TessaryAppSetup{});
         app_->defaults().setValue(u"importFolder"_s, local_.path(u"pictures"_s));
