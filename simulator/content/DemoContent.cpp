@@ -39,7 +39,8 @@ constexpr std::array documents{
 /// Writes files below one folder, dated backwards from one moment.
 class Filler {
 public:
-    Filler(const QString& folder, const QDateTime& until) : folder_(folder), until_(until) {}
+    Filler(const QString& folder, std::stop_token stop)
+        : folder_(folder), until_(DemoContent::newest()), stop_(std::move(stop)) {}
 
     void add(const QString& path, const QByteArray& content, const QDateTime& date) {
         const QString full = folder_.filePath(path);
@@ -54,6 +55,12 @@ public:
                     complete_;
     }
 
+    /// False from a stop on: what is there is not all then.
+    [[nodiscard]] bool goesOn() {
+        complete_ = complete_ && !stop_.stop_requested();
+        return !stop_.stop_requested();
+    }
+
     /// The moment at `part` (0 the oldest, 1 the newest) of the two years.
     [[nodiscard]] QDateTime dateAt(double part) const {
         constexpr double twoYears = 2 * 365.0 * 24 * 3600;
@@ -66,7 +73,7 @@ public:
             int width, height;
         };
         constexpr std::array sizes{Size{640, 480}, Size{480, 640}, Size{800, 600}, Size{320, 320}};
-        for (int i = 0; i < count; ++i) {
+        for (int i = 0; i < count && goesOn(); ++i) {
             const Size size = sizes[static_cast<std::size_t>(i) % sizes.size()];
             const QDateTime date = dateAt((i + 1.0) / count);
             add(u"%1/IMG_%2.png"_s.arg(folder, date.toString(u"yyyyMMdd_HHmmss"_s)),
@@ -81,7 +88,7 @@ public:
     void addCamera(const QString& folder, int count, std::uint32_t seed) {
         constexpr int aDay = 4;
         constexpr qint64 dayLength = 24 * 3600;
-        for (int i = 0; i < count; ++i) {
+        for (int i = 0; i < count && goesOn(); ++i) {
             const QString number = u"%1"_s.arg(i + 1, 4, 10, QLatin1Char('0'));
             const QDateTime date =
                 until_.addSecs(-((count - 1 - i) / aDay) * dayLength - (aDay - i % aDay) * 1200);
@@ -102,7 +109,7 @@ public:
     }
 
     void addMusic(const QString& folder, int count, std::uint32_t seed) {
-        for (int i = 0; i < count; ++i)
+        for (int i = 0; i < count && goesOn(); ++i)
             add(u"%1/%2 Melody.wav"_s.arg(folder).arg(i + 1, 2, 10, QLatin1Char('0')),
                 DemoMedia::melody(20 + 5 * i, seed + static_cast<std::uint32_t>(i)),
                 dateAt(0.3 + 0.05 * i));
@@ -117,7 +124,7 @@ public:
     }
 
     void addArchive(const QString& folder, int count) {
-        for (int i = 0; i < count; ++i)
+        for (int i = 0; i < count && goesOn(); ++i)
             add(u"%1/record-%2.txt"_s.arg(folder).arg(i + 1, 4, 10, QLatin1Char('0')),
                 "Record " + QByteArray::number(i + 1) + "\n" + QByteArray(i % 400, '.') + "\n",
                 dateAt(static_cast<double>(i) / count));
@@ -129,7 +136,8 @@ public:
 
 private:
     QDir folder_;
-    QDateTime until_;
+    const QDateTime until_;
+    const std::stop_token stop_;
     QString parent_;
     bool complete_ = true;
 };
@@ -140,8 +148,8 @@ QDateTime DemoContent::newest() {
     return QDateTime(QDate(2026, 10, 31), QTime(18, 30));
 }
 
-bool DemoContent::fillPhone(const QString& folder, const QDateTime& until) {
-    Filler filler(folder, until);
+bool DemoContent::fillPhone(const QString& folder, const std::stop_token& stop) {
+    Filler filler(folder, stop);
     filler.addPictures(u"DCIM/Camera"_s, 36, 1);
     filler.addPictures(u"Pictures/Screenshots"_s, 6, 1000);
     filler.addMusic(u"Music/First Songs"_s, 6, 3);
@@ -150,35 +158,35 @@ bool DemoContent::fillPhone(const QString& folder, const QDateTime& until) {
     return filler.isComplete();
 }
 
-bool DemoContent::fillCard(const QString& folder, const QDateTime& until) {
-    Filler filler(folder, until);
+bool DemoContent::fillCard(const QString& folder, const std::stop_token& stop) {
+    Filler filler(folder, stop);
     filler.addPictures(u"DCIM/Card"_s, 8, 5000);
     filler.addMusic(u"Music"_s, 3, 40);
     return filler.isComplete();
 }
 
-bool DemoContent::fillNotes(const QString& folder, const QDateTime& until) {
-    Filler filler(folder, until);
+bool DemoContent::fillNotes(const QString& folder, const std::stop_token& stop) {
+    Filler filler(folder, stop);
     filler.addDocuments();
     filler.addArchive(u"Journal"_s, notesFiles);
     return filler.isComplete();
 }
 
-bool DemoContent::fillPictures(const QString& folder, const QDateTime& until) {
-    Filler filler(folder, until);
+bool DemoContent::fillPictures(const QString& folder, const std::stop_token& stop) {
+    Filler filler(folder, stop);
     filler.addPictures(u"Albums/Mountains"_s, 8, 9000);
     filler.addPictures(u"Albums/Sketches"_s, 4, 9500);
     return filler.isComplete();
 }
 
-bool DemoContent::fillCamera(const QString& folder, const QDateTime& until) {
-    Filler filler(folder, until);
+bool DemoContent::fillCamera(const QString& folder, const std::stop_token& stop) {
+    Filler filler(folder, stop);
     filler.addCamera(u"DCIM/100APPLE"_s, 26, 3000);
     return filler.isComplete();
 }
 
-bool DemoContent::fillMusic(const QString& folder, const QDateTime& until) {
-    Filler filler(folder, until);
+bool DemoContent::fillMusic(const QString& folder, const std::stop_token& stop) {
+    Filler filler(folder, stop);
     filler.addMusic(u"Recordings"_s, 5, 70);
     return filler.isComplete();
 }

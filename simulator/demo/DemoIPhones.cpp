@@ -29,7 +29,8 @@ VirtualIPhoneApp closedApp(const QString& bundleID, const QString& name, const Q
 
 DemoIPhones::DemoIPhones(const QString& socketPath) : mux_(socketPath) {}
 
-void DemoIPhones::plugIn(const QString& folder, double megabytesPerSecond, const Maker& maker) {
+void DemoIPhones::plugIn(const QString& folder, double megabytesPerSecond, const Maker& maker,
+                         const std::stop_token& stop) {
     const QDir disk(folder);
     const bool isNew = !disk.exists(u"iphone"_s);
     const auto container = [&disk](const QString& name) { return disk.filePath(name); };
@@ -57,11 +58,11 @@ void DemoIPhones::plugIn(const QString& folder, double megabytesPerSecond, const
 
     if (isNew) {
         const QString documents = u"/Documents"_s;
-        (void)DemoContent::fillNotes(phone.apps[0].folder + documents);
-        (void)DemoContent::fillPictures(phone.apps[1].folder + documents);
-        (void)DemoContent::fillMusic(phone.apps[2].folder + documents);
-        (void)DemoContent::fillCamera(phone.mediaFolder);
-        (void)DemoContent::fillPictures(tablet.apps[0].folder + documents);
+        (void)DemoContent::fillNotes(phone.apps[0].folder + documents, stop);
+        (void)DemoContent::fillPictures(phone.apps[1].folder + documents, stop);
+        (void)DemoContent::fillMusic(phone.apps[2].folder + documents, stop);
+        (void)DemoContent::fillCamera(phone.mediaFolder, stop);
+        (void)DemoContent::fillPictures(tablet.apps[0].folder + documents, stop);
     }
     for (VirtualIPhoneConfig* config : {&phone, &tablet}) {
         config->megabytesPerSecond = megabytesPerSecond;

@@ -20,9 +20,10 @@ public:
 
     /// Blocking, some tenths of a second. The apps' containers lie below `folder`, which is the
     /// caller's; what an earlier run left there is used as it is. `megabytesPerSecond` slows the
-    /// phones down; 0 for no limit. To be called once.
+    /// phones down; 0 for no limit. A stop leaves content out. To be called once.
     void plugIn(const QString& folder, double megabytesPerSecond = 0,
-                const Maker& maker = std::make_unique<VirtualIPhone, VirtualIPhoneConfig>);
+                const Maker& maker = std::make_unique<VirtualIPhone, VirtualIPhoneConfig>,
+                const std::stop_token& stop = {});
 
     [[nodiscard]] VirtualMux& mux() {
         return mux_;

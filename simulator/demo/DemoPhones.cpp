@@ -38,19 +38,21 @@ DemoPhones::DemoPhones(const QString& folder, double megabytesPerSecond, const D
     }
 
     if (when == PluggedIn::atOnce) {
-        plugIn(disk, isNew, megabytesPerSecond, makers);
+        plugIn(disk, isNew, megabytesPerSecond, makers, {});
         return;
     }
-    pluggingIn_ = std::jthread([=, this] {
+    pluggingIn_ = std::jthread([=, this](const std::stop_token& stop) {
         nameCurrentThread("demo-content");
-        plugIn(disk, isNew, megabytesPerSecond, makers);
+        plugIn(disk, isNew, megabytesPerSecond, makers, stop);
     });
 }
 
-DemoPhones::~DemoPhones() = default;
+DemoPhones::~DemoPhones() {
+    pluggingIn_.request_stop(); // which the thread that starts adb waits for
+}
 
 void DemoPhones::plugIn(const QString& folder, bool isNew, double megabytesPerSecond,
-                        const DemoMakers& makers) {
+                        const DemoMakers& makers, const std::stop_token& stop) {
     const QDir disk(folder);
     VirtualAndroidConfig first;
     first.serialNumber = debuggedSerial;
@@ -76,9 +78,9 @@ void DemoPhones::plugIn(const QString& folder, bool isNew, double megabytesPerSe
     second.storages[0].free = std::uint64_t{9} << 30;
 
     if (isNew) {
-        (void)DemoContent::fillPhone(first.storages[0].folder);
-        (void)DemoContent::fillCard(first.storages[1].folder);
-        (void)DemoContent::fillCard(second.storages[0].folder);
+        (void)DemoContent::fillPhone(first.storages[0].folder, stop);
+        (void)DemoContent::fillCard(first.storages[1].folder, stop);
+        (void)DemoContent::fillCard(second.storages[0].folder, stop);
     }
     for (VirtualAndroidConfig* config : {&first, &second}) {
         config->megabytesPerSecond = megabytesPerSecond;
@@ -86,7 +88,7 @@ void DemoPhones::plugIn(const QString& folder, bool isNew, double megabytesPerSe
     }
 
     if (iPhones_)
-        iPhones_->plugIn(folder, megabytesPerSecond, makers.iPhone);
+        iPhones_->plugIn(folder, megabytesPerSecond, makers.iPhone, stop);
     isPluggedIn_.set_value();
 }
 

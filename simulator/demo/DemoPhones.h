@@ -92,7 +92,7 @@ public:
 private:
     [[nodiscard]] QString ownFolder(const QString& name) const;
     void plugIn(const QString& folder, bool isNew, double megabytesPerSecond,
-                const DemoMakers& makers);
+                const DemoMakers& makers, const std::stop_token& stop);
 
     const PrivateFolder parent_{PrivateFolder::Place::runtime, QStringLiteral("demo")};
     const ScratchFolder own_{parent_}; ///< short of name, as a socket's path has to be
