@@ -5,6 +5,8 @@
 
 #include <QMimeDatabase>
 
+#include <utility>
+
 namespace tessary {
 
 namespace {
@@ -38,7 +40,10 @@ std::optional<QString> FileKinds::kindOf(const QString& fileName) {
             byEnding_.clear();
         const QMimeType type = QMimeDatabase().mimeTypeForFile(QLatin1Char('x') + ending,
                                                                QMimeDatabase::MatchExtension);
-        known = byEnding_.insert(ending, type.isDefault() ? QString() : type.comment());
+        QString kind = type.isDefault() ? QString() : type.comment();
+        if (!kind.isEmpty())
+            kind[0] = kind[0].toUpper(); // "plain text document" stands beside "Folder"
+        known = byEnding_.insert(ending, std::move(kind));
     }
     return known->isEmpty() ? std::nullopt : std::optional(*known);
 }
