@@ -233,7 +233,7 @@ void ADBWays::connect(const QString& address, const std::stop_token& stop) {
     const auto parts = hostAndPort(address);
     if (!parts)
         throw Error(ADBError::notFound, {address});
-    if (ensureServer(stop)) {
+    if (startServer(stop)) {
         // The server has words only for how it went.
         const QString answer = QString::fromUtf8(
             server_->ask("host:connect:" + address.toUtf8(), {stop, networkPatience}));
@@ -267,7 +267,7 @@ void ADBWays::connect(const QString& address, const std::stop_token& stop) {
 }
 
 void ADBWays::pair(const QString& address, const QString& code, const std::stop_token& stop) {
-    if (!ensureServer(stop))
+    if (!startServer(stop))
         throw tool_.find() ? Error(ADBError::noServer, {setup_.server.text()})
                            : Error(ADBError::noADB);
     // Over the socket: a code among a process's arguments can be read by every user.
