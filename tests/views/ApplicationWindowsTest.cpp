@@ -117,24 +117,4 @@ TEST_F(ApplicationWindowsTest, theProgramEndsWithItsLastMainWindow) {
     EXPECT_TRUE(hasEnded);
 }
 
-TEST_F(ApplicationWindowsTest, aWindowThatIsTooTallStartsInTheMiddleAtASensibleHeight) {
-    ApplicationWindows windows(window_);
-    const QRect fine(40, 20, 700, AppDelegate::tallestWindow);
-    for (const int more : {0, 1}) {
-        window_.setGeometry(fine.adjusted(0, 0, 0, more));
-        windows.delegate().applicationDidFinishLaunching();
-        QTest::qWait(50);
-        EXPECT_EQ(window_.height(), more == 0 ? fine.height() : AppDelegate::sensibleHeight);
-    }
-    EXPECT_EQ(window_.geometry().center(), windows.screen().center());
-}
-
-TEST_F(ApplicationWindowsTest, aMinimizedWindowComesBack) {
-    ApplicationWindows windows(window_);
-    window_.showMinimized();
-    windows.delegate().reopen();
-    EXPECT_FALSE(window_.isMinimized());
-    EXPECT_TRUE(window_.isVisible());
-}
-
 } // namespace

@@ -162,17 +162,6 @@ TEST_F(ClipboardTest, moveToAndCopyToAskForAFolderOfThePhone) {
     EXPECT_EQ(phone_.content(u"DCIM/beta.txt"_s), "bb");
 }
 
-TEST_F(ClipboardTest, pathsAreCopiedAsText) {
-    openFolder();
-    press(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"/sdcard/DCIM"_s);
-    click(u"alpha.txt"_s);
-    click(u"beta.txt"_s, Qt::ControlModifier);
-    press(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(QGuiApplication::clipboard()->text(),
-              u"/sdcard/DCIM/alpha.txt\n/sdcard/DCIM/beta.txt"_s);
-}
-
 /// Nobody could paste it once its window is closed.
 TEST_F(ClipboardTest, whatIsCopiedGoesWithTheWindow) {
     openFolder();

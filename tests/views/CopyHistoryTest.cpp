@@ -3,11 +3,9 @@
 #include "views/common/StatusBanner.h"
 
 #include <QAction>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QToolButton>
-#include <QTreeWidget>
 
 namespace tessary {
 namespace {
@@ -113,52 +111,6 @@ TEST_F(CopyHistoryTest, anotherStartOfTheProgramOffersItAndWhoDeclinesIsNotAsked
     ASSERT_TRUE(wait([&] { return list.count() == 1 && retry.isEnabled(); }));
     expectToGoOn([&] { retry.click(); });
     EXPECT_TRUE(wait([&] { return list.count() == 1 && !retry.isEnabled(); }));
-}
-
-TEST_F(CopyHistoryTest, aProgramThatWasKilledLeavesACopyToGoOnWith) {
-    setSpeed(4);
-    download(u"film.mp4"_s);
-    const QString records = u"copies.json"_s;
-    ASSERT_TRUE(wait([&] { return jobs().size() == 1 && records_.has(records); }));
-    const QByteArray asItWas = records_.read(records);
-    window_->copyQueue().cancelAll();
-    close();
-    records_.write(records, asItWas);
-    setSpeed(0);
-    open(bus_);
-    ASSERT_TRUE(wait([this] { return offer() != nullptr; }));
-    QTest::mouseClick(offer(), Qt::LeftButton);
-    EXPECT_TRUE(wait([this] { return isFilmHere(); }));
-    EXPECT_EQ(local_.names(), QStringList(u"film.mp4"_s));
-}
-
-TEST_F(CopyHistoryTest, whatWasLeftOutIsNamedFoundAndBroughtAlone) {
-    local_.makeFolder(u"DCIM"_s);
-    phone_.refuse(MTPOperationCode::getObject, MTPResponseCode::accessDenied, false);
-    download(u"DCIM"_s);
-    ASSERT_TRUE(wait([this] { return !jobs().empty() && jobs().front().isFinished(); }));
-    ASSERT_EQ(jobs().front().status, CopyJob::Status::incomplete);
-    download(u"readme.md"_s);
-    ASSERT_TRUE(wait([this] { return local_.has(u"readme.md"_s); }));
-
-    QDialog* dialog = history();
-    auto& list = *dialog->findChild<QListWidget*>(u"historyList"_s);
-    auto& leftOut = *dialog->findChild<QTreeWidget*>(u"historyLeftOut"_s);
-    ASSERT_TRUE(wait([&] { return list.count() == 2; }));
-    auto& search = *dialog->findChild<QLineEdit*>(u"historySearch"_s);
-    const QString missing = jobs().front().leftOut.front().item.item.name;
-    QTest::keyClicks(&search, u"dcim "_s + missing);
-    ASSERT_TRUE(wait([&] { return list.count() == 1 && leftOut.topLevelItemCount() == 1; }));
-    EXPECT_TRUE(leftOut.topLevelItem(0)->text(0).endsWith(missing));
-    EXPECT_FALSE(leftOut.topLevelItem(0)->text(1).isEmpty());
-    phone_.android.clearRequestLog();
-    auto& retry = *dialog->findChild<QPushButton*>(u"historyRetry"_s);
-    ASSERT_TRUE(wait([&] { return retry.isEnabled(); }));
-    retry.click();
-    EXPECT_TRUE(wait([&] { return leftOut.topLevelItemCount() == 0 && !retry.isEnabled(); }));
-    EXPECT_EQ(phone_.requests(MTPOperationCode::getObject), 1U);
-    EXPECT_EQ(local_.read(u"DCIM (2)/alpha.txt"_s), "a");
-    EXPECT_EQ(local_.read(u"DCIM (2)/beta.txt"_s), "bb");
 }
 
 } // namespace

@@ -84,16 +84,5 @@ TEST_F(FolderPositionsTest, anotherPhoneAndBackLeadsToWhatWasLeft) {
     close();
 }
 
-TEST_F(FolderPositionsTest, whatIsGoneMeanwhileIsNotSelected) {
-    go(u"/sdcard/Many"_s, u"file 000.txt"_s);
-    window_->browser().selection().select(window_->browser().rows().item(3).id());
-    go(u"/sdcard/More"_s, u"file 000.txt"_s);
-    ASSERT_TRUE(QFile::remove(phone_.disk.path(u"0/Many/file 003.txt"_s)));
-    window_->browser().folders().forgetAll();
-    press(Qt::Key_Left, Qt::AltModifier);
-    ASSERT_TRUE(wait([this] { return isShown(u"file 004.txt"_s); }));
-    EXPECT_TRUE(selectedNames().isEmpty());
-}
-
 } // namespace
 } // namespace tessary

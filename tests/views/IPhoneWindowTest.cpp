@@ -5,9 +5,6 @@
 
 #include <QLineEdit>
 #include <QToolButton>
-#include <QtEndian>
-
-#include <algorithm>
 
 namespace tessary {
 namespace {
@@ -76,17 +73,6 @@ TEST_F(IPhoneWindowTest, appIsChosenAndItsDocumentsAreCopied) {
     EXPECT_TRUE(wait([this] { return showsLetter() && !appList().isVisible(); }));
 }
 
-TEST_F(IPhoneWindowTest, replugReturnsToTheAppThatWasOpen) {
-    ASSERT_TRUE(wait([this] { return showsApps(); }));
-    clickApp(u"Notes"_s);
-    ASSERT_TRUE(wait([this] { return showsLetter(); }));
-    phone_.phone.unplug();
-    EXPECT_TRUE(wait([this] { return window_->browser().state() == BrowserState::deviceLost; }));
-    phone_.phone.plugInto(phone_.mux);
-    EXPECT_TRUE(wait(
-        [this] { return window_->browser().state() == BrowserState::ready && showsLetter(); }));
-}
-
 TEST_F(IPhoneWindowTest, theWayBackToTheAppsIsUp) {
     auto& listing = window_->browserView();
     const struct {
@@ -149,15 +135,6 @@ TEST_F(PhotosIPhoneWindowTest, theyAreAVolumeBesideTheApps) {
     });
     window_->browserView().actions().remove->trigger();
     EXPECT_TRUE(asked.contains(u"Recently Deleted"_s)) << asked.toStdString();
-
-    window_->browser().selection().clear();
-    window_->browserView().actions().favorite->trigger();
-    clickRow(list("volumeList"), 1);
-    ASSERT_TRUE(wait([this] { return showsApps(); }));
-    clickApp(u"Notes"_s);
-    ASSERT_TRUE(wait([this] { return showsLetter(); }));
-    clickRow(list("favoriteList"), 0);
-    EXPECT_TRUE(wait([this] { return shows(u"IMG_0001.JPG"_s); }));
     clickRow(list("volumeList"), 1);
     ASSERT_TRUE(wait([this] { return showsApps(); }));
     clickApp(u"Photos & Videos"_s);
@@ -165,10 +142,15 @@ TEST_F(PhotosIPhoneWindowTest, theyAreAVolumeBesideTheApps) {
 }
 
 /// The page of an iPhone that cannot be read yet.
-class WaitingIPhoneWindowTest : public IPhoneWindowTest {
+class UntrustingIPhoneWindowTest : public IPhoneWindowTest {
 protected:
-    using IPhoneWindowTest::IPhoneWindowTest;
-
+    UntrustingIPhoneWindowTest() : IPhoneWindowTest(wishes()) {}
+    static VirtualIPhoneConfig wishes() {
+        VirtualIPhoneConfig config;
+        config.isPaired = false;
+        config.trust = VirtualTrust::asking;
+        return config;
+    }
     [[nodiscard]] bool saysWhatToDo(const QString& advice) const {
         const auto& device = app_->deviceManager().devices();
         const auto trouble =
@@ -181,17 +163,6 @@ protected:
     }
 };
 
-class UntrustingIPhoneWindowTest : public WaitingIPhoneWindowTest {
-protected:
-    UntrustingIPhoneWindowTest() : WaitingIPhoneWindowTest(wishes()) {}
-    static VirtualIPhoneConfig wishes() {
-        VirtualIPhoneConfig config;
-        config.isPaired = false;
-        config.trust = VirtualTrust::asking;
-        return config;
-    }
-};
-
 TEST_F(UntrustingIPhoneWindowTest, itsAppsAreShownOnceItTrustsThisComputer) {
     ASSERT_TRUE(wait([this] {
         return saysWhatToDo(u"Unlock the phone and answer its question: tap “Trust” or “Allow”."_s);
@@ -200,45 +171,6 @@ TEST_F(UntrustingIPhoneWindowTest, itsAppsAreShownOnceItTrustsThisComputer) {
     phone_.phone.setTrust(VirtualTrust::trusted);
     EXPECT_TRUE(showsAppsSoon());
     EXPECT_EQ(phone_.count("lockdown.Pair"), 1U);
-}
-
-TEST_F(WaitingIPhoneWindowTest, aHostileOneIsItsOwnTroubleAndOtherPhonesGoOn) {
-    phone_.phone.unplug();
-    const QByteArray deep = "<plist>" + QByteArray("<array>").repeated(600'000);
-    phone_.faults([&](VirtualIPhoneFaults& faults) {
-        QByteArray head(4, Qt::Uninitialized);
-        qToBigEndian(static_cast<quint32>(deep.size()), head.data());
-        faults.rawAnswers[u"lockdown.QueryType"_s] = {head + deep};
-    });
-    PluggedPhone android(bus_, phoneConfig("BESIDE"));
-    android.write(u"beside.txt"_s, "here");
-    phone_.phone.plugInto(phone_.mux);
-    const auto& manager = app_->deviceManager();
-    const auto rowOf = [&](DevicePlatform platform) {
-        const auto found = std::ranges::find(manager.devices(), platform, &DeviceInfo::platform);
-        return found == manager.devices().end()
-                   ? -1
-                   : static_cast<int>(found - manager.devices().begin());
-    };
-    const auto isTroubled = [&] {
-        const int row = rowOf(DevicePlatform::iOS);
-        return row >= 0 &&
-               manager.trouble(manager.devices()[static_cast<std::size_t>(row)].id()).has_value();
-    };
-    EXPECT_TRUE(wait(isTroubled));
-    ASSERT_TRUE(wait([&] { return rowOf(DevicePlatform::android) >= 0; }));
-    clickRow(list("deviceList"), rowOf(DevicePlatform::android));
-    EXPECT_TRUE(wait([this] {
-        const auto& items = window_->browser().items();
-        return std::ranges::any_of(
-            items, [](const FileItem& item) { return item.name == u"beside.txt"_s; });
-    }));
-    EXPECT_TRUE(isTroubled());
-    // It was but a bad moment.
-    phone_.faults([](VirtualIPhoneFaults& faults) { faults.rawAnswers.clear(); });
-    EXPECT_TRUE(wait([&] { return !isTroubled(); }));
-    clickRow(list("deviceList"), rowOf(DevicePlatform::iOS));
-    EXPECT_TRUE(wait([this] { return showsApps(); }));
 }
 
 } // namespace

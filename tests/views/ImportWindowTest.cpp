@@ -2,8 +2,6 @@
 #include "ios/Multiplexer.h"
 #include "support/PluggedIPhone.h"
 
-#include <QCheckBox>
-#include <QProgressBar>
 #include <QPushButton>
 
 namespace tessary {
@@ -12,17 +10,16 @@ namespace {
 using namespace Qt::StringLiterals;
 using State = ImportViewModel::State;
 
-/// A window with an iPhone whose camera was used, and an Android phone beside it.
+/// A window with an iPhone whose camera was used.
 class ImportWindowTest : public AppWindowFixture {
 protected:
-    ImportWindowTest() : iphone_(media(camera_)), android_(bus_, phoneConfig("BESIDE")) {
-        android_.write(u"DCIM/Camera/IMG_9.jpg"_s, "of the other phone");
+    ImportWindowTest() : iphone_(media(camera_)) {
         Background::restart();
         app_ = std::make_unique<TessaryApp>(DeviceSources(bus_, &multiplexer_), services_,
                                             TessaryAppSetup{});
         app_->defaults().setValue(u"importFolder"_s, local_.path(u"pictures"_s));
         openWindow();
-        EXPECT_TRUE(wait([this] { return app_->deviceManager().devices().size() == 2; }));
+        EXPECT_TRUE(wait([this] { return app_->deviceManager().devices().size() == 1; }));
     }
     ~ImportWindowTest() override {
         close();
@@ -42,12 +39,6 @@ protected:
 
     static QDateTime today() {
         return {QDate::currentDate(), QTime(12, 0)};
-    }
-    void choose(DevicePlatform platform) {
-        const auto& devices = app_->deviceManager().devices();
-        for (std::size_t i = 0; i < devices.size(); ++i)
-            if (devices[i].platform == platform)
-                clickRow(list("deviceList"), static_cast<int>(i));
     }
     /// Opens the page, as the sidebar's button does.
     void look() {
@@ -87,12 +78,10 @@ protected:
 
     TemporaryFolder camera_;
     PluggedIPhone iphone_;
-    PluggedPhone android_;
     SystemMultiplexer multiplexer_;
 };
 
 TEST_F(ImportWindowTest, whatIsChosenIsFetchedAndThenGoesFromThePhoneWhenAsked) {
-    choose(DevicePlatform::iOS);
     look();
     auto& photos = list("photoList");
     EXPECT_TRUE(photos.isVisible());
@@ -132,40 +121,6 @@ TEST_F(ImportWindowTest, whatIsChosenIsFetchedAndThenGoesFromThePhoneWhenAsked) 
     EXPECT_EQ(rows().last(), u"IMG_0003.MOV"_s);
     press(u"importLeave"_s);
     EXPECT_TRUE(wait([this] { return list("appList").isVisible(); }));
-}
-
-TEST_F(ImportWindowTest, aSecondLookShowsWhatIsNewAndOnWishAll) {
-    choose(DevicePlatform::iOS);
-    look();
-    press(u"importProceed"_s);
-    ASSERT_TRUE(wait([this] { return state() == State::copied; }));
-    camera_.write(u"DCIM/101APPLE/IMG_0001.JPG"_s, "a newer one of that name");
-    look();
-    ASSERT_EQ(rows().size(), 2);
-    EXPECT_EQ(rows().last(), u"IMG_0001.JPG"_s);
-    QTest::mouseClick(&find<QCheckBox>(u"importAll"_s), Qt::LeftButton, {},
-                      {8, find<QCheckBox>(u"importAll"_s).height() / 2});
-    EXPECT_EQ(rows().size(), 5);
-    EXPECT_EQ(window_->import().chosenCount(), 1);
-    press(u"importProceed"_s);
-    ASSERT_TRUE(wait([this] { return state() == State::copied; }));
-    EXPECT_EQ(here().size(), 5);
-    look();
-    EXPECT_FALSE(list("photoList").isVisible());
-    EXPECT_EQ(rows(), QStringList());
-}
-
-TEST_F(ImportWindowTest, anAndroidPhoneIsAskedForItsCamera) {
-    choose(DevicePlatform::android);
-    look();
-    EXPECT_EQ(rows().last(), u"IMG_9.jpg"_s);
-    press(u"importProceed"_s);
-    ASSERT_TRUE(wait([this] { return state() == State::copied; }));
-    EXPECT_EQ(here(), QStringList(u"IMG_9.jpg"_s));
-    // A place in the sidebar leads away from the page.
-    clickRow(list("volumeList"), 0);
-    EXPECT_TRUE(wait([this] { return window_->browserView().isVisible(); }));
-    EXPECT_EQ(state(), State::closed);
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 #include "WindowFixture.h"
 
 #include "app/LanguageManager.h"
-#include "views/window/MenuMnemonics.h"
 
 #include <QContextMenuEvent>
 #include <QMenu>
@@ -118,13 +117,6 @@ TEST_F(KeysTest, openWithOffersTheDesktopsProgramsAndStartsThem) {
     qunsetenv("XDG_DATA_HOME");
 }
 
-TEST_F(KeysTest, fullScreenComesAndGoes) {
-    press(Qt::Key_F11);
-    EXPECT_TRUE(wait([this] { return window_->isFullScreen(); }));
-    press(Qt::Key_F11);
-    EXPECT_TRUE(wait([this] { return !window_->isFullScreen(); }));
-}
-
 TEST_F(KeysTest, theMenusOpenByTheirLettersAndByF10) {
     const auto opens = [this] {
         const bool hasOpened = wait([] { return QApplication::activePopupWidget() != nullptr; });
@@ -137,20 +129,6 @@ TEST_F(KeysTest, theMenusOpenByTheirLettersAndByF10) {
     activate();
     press(Qt::Key_F10);
     EXPECT_NE(window_->menuBar()->activeAction(), nullptr);
-}
-
-TEST(MenuMnemonics, everyMenuHasALetterOfItsOwn) {
-    const QList<std::pair<QStringList, QStringList>> rows{
-        {{u"File"_s, u"Edit"_s, u"View"_s, u"Go"_s, u"Help"_s},
-         {u"&File"_s, u"&Edit"_s, u"&View"_s, u"&Go"_s, u"&Help"_s}},
-        {{u"Datei"_s, u"Diashow"_s, u"Daten"_s}, {u"&Datei"_s, u"D&iashow"_s, u"D&aten"_s}},
-        {{u"ファイル"_s, u"編集"_s}, {u"ファイル(&F)"_s, u"編集(&E)"_s}},
-        {{u"&File"_s, u"ファイル(&F)"_s},
-         {u"&File"_s, u"ファイル(&E)"_s}}, // as they were marked before
-        {{u"aa"_s, u"aa"_s}, {u"&aa"_s, u"aa(&F)"_s}},
-    };
-    for (const auto& [titles, marked] : rows)
-        EXPECT_EQ(withMnemonics(titles), marked);
 }
 
 TEST_F(KeysTest, theMenusHaveLettersInEveryLanguage) {

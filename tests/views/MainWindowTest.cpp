@@ -10,20 +10,6 @@ using namespace Qt::StringLiterals;
 
 class MainWindowTest : public WindowFixture {};
 
-TEST_F(MainWindowTest, foldersAreEnteredAndLeftByMouseAndKeys) {
-    openFolder();
-    press(Qt::Key_Left, Qt::AltModifier);
-    EXPECT_TRUE(wait([this] { return isShown(u"readme.md"_s); }));
-    press(Qt::Key_Right, Qt::AltModifier);
-    EXPECT_TRUE(wait([this] { return isShown(u"beta.txt"_s); }));
-    click(u"Trip"_s);
-    press(Qt::Key_Return);
-    EXPECT_TRUE(wait([this] { return isShown(u"one.txt"_s); }));
-    press(Qt::Key_Backspace);
-    EXPECT_TRUE(wait([this] { return isShown(u"Trip"_s); }));
-    EXPECT_EQ(window_->browser().currentPath(), u"/sdcard/DCIM"_s);
-}
-
 TEST_F(MainWindowTest, typingSelectsAndTheFilterNarrows) {
     openFolder();
     table().setFocus();
@@ -65,28 +51,6 @@ TEST_F(MainWindowTest, newFolderIsMadeAndNamedInPlace) {
     QTest::keyClick(editor, Qt::Key_Return);
     EXPECT_TRUE(wait([this] { return isShown(u"Letters"_s); }));
     EXPECT_TRUE(phone_.names().contains(u"Letters"_s));
-}
-
-TEST_F(MainWindowTest, unpluggedPhoneComesBackWhereItWas) {
-    openFolder();
-    phone_.android.unplug();
-    EXPECT_TRUE(wait([this] { return window_->browser().state() == BrowserState::deviceLost; }));
-    phone_.android.plugInto(bus_);
-    EXPECT_TRUE(wait([this] { return isShown(u"alpha.txt"_s); }));
-    EXPECT_EQ(window_->browser().currentPath(), u"/sdcard/DCIM"_s);
-}
-
-TEST_F(MainWindowTest, lockedPhoneIsExplainedAndFollowedWhenUnlocked) {
-    const auto explained = [this] {
-        for (const QWidget* page : window_->findChildren<QWidget*>(u"placeholder"_s))
-            if (page->isVisible() && page->accessibleName() == u"This phone is locked"_s)
-                return true;
-        return false;
-    };
-    phone_.android.setLocked(true);
-    EXPECT_TRUE(wait(explained));
-    phone_.android.setLocked(false);
-    EXPECT_TRUE(wait([&] { return !explained() && isShown(u"DCIM"_s); }));
 }
 
 TEST_F(MainWindowTest, mainThreadNeverWaitsForThePhone) {

@@ -45,15 +45,6 @@ TEST_F(NoticesTest, damagedSettingsAreSaidAndKept) {
     EXPECT_FALSE(banner().isVisible()) << "once is enough";
 }
 
-TEST_F(NoticesTest, settingsThatCannotBeStoredAreSaid) {
-    (void)local_.write(u"in the way"_s, "a file where the folder should be");
-    defaults_ = std::make_shared<JsonUserDefaults>(local_.path(u"in the way/settings.json"_s));
-    open(bus_);
-    EXPECT_FALSE(banner().isVisible());
-    defaults_->setValue(u"key"_s, 1);
-    EXPECT_TRUE(wait([&] { return says(u"could not be stored"_s); }));
-}
-
 TEST_F(NoticesTest, aProgramThatOpensPhonesIsSaidWhereNoFilesAreShown) {
     open(bus_);
     EXPECT_FALSE(banner().isVisible());

@@ -4,12 +4,10 @@
 #include "views/window/LocalPane.h"
 
 #include <QClipboard>
-#include <QHeaderView>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QPointer>
-#include <QTreeWidget>
 
 #include <algorithm>
 #include <stdexcept>
@@ -137,36 +135,6 @@ TEST_F(PanesTest, aSecondWindowBeginsWhereTheFirstIsAndGoesAlone) {
     phone_.android.unplug();
     EXPECT_TRUE(wait([this] { return window_->browser().state() == BrowserState::deviceLost; }))
         << "the first still hears of phones";
-}
-
-TEST_F(PanesTest, theHelpListsEveryKeyOfTheMenus) {
-    press(Qt::Key_F1);
-    QTreeWidget* keys = nullptr;
-    ASSERT_TRUE(wait([&] {
-        keys = window_->findChild<QTreeWidget*>(u"helpKeys"_s);
-        return keys != nullptr;
-    }));
-    QStringList listed;
-    for (int i = 0; i < keys->topLevelItemCount(); ++i)
-        for (int j = 0; j < keys->topLevelItem(i)->childCount(); ++j)
-            listed += keys->topLevelItem(i)->child(j)->text(1).split(u",  "_s);
-    for (const char* key : {"F1", "F3", "Ctrl+N", "Ctrl+V", "F2", "Alt+Up", "Ctrl+Shift+F"})
-        EXPECT_TRUE(listed.contains(QString::fromLatin1(key))) << key;
-    keys->window()->close();
-}
-
-TEST_F(PanesTest, columnsAreChosenInTheMenu) {
-    auto& columns = window_->browserView().columnMenu();
-    EXPECT_TRUE(menu(u"View"_s).actions().contains(columns.menuAction()));
-    for (QAction* column : columns.actions()) {
-        column->trigger();
-        EXPECT_TRUE(table().isColumnHidden(1 + static_cast<int>(columns.actions().indexOf(column))))
-            << column->text().toStdString();
-    }
-    EXPECT_EQ(table().header()->length(), table().viewport()->width()) << "names take all the room";
-    EXPECT_TRUE(wait([this] {
-        return row(u"readme.md"_s).siblingAtColumn(3).data().toString() == u"Markdown document";
-    }));
 }
 
 } // namespace

@@ -8,7 +8,6 @@
 #include "views/dialogs/PropertiesDialog.h"
 #include "views/listing/ThumbnailStore.h"
 
-#include <QBuffer>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QProgressBar>
@@ -131,21 +130,6 @@ TEST_F(PreviewTest, arrowKeysWalkThroughEveryKindOfFile) {
     EXPECT_EQ(preview(), nullptr);
 }
 
-TEST_F(PreviewTest, fetchingShowsProgressAndCanBeCancelled) {
-    phone_.write(u"big.png"_s, QByteArray(30'000'000, 'x'));
-    phone_.fault([](VirtualFaults& faults) { faults.megabytesPerSecond = 2; });
-    press(Qt::Key_F5);
-    ASSERT_TRUE(wait([this] { return !idOf(u"big.png"_s).isEmpty(); }));
-    openPreview(u"big.png"_s);
-    EXPECT_TRUE(wait([this] {
-        const auto* bar = shown<QProgressBar>("previewProgress");
-        return bar != nullptr && bar->maximum() > 0 && bar->value() > 0;
-    }));
-    QTest::mouseClick(shown<QPushButton>("previewCancel"), Qt::LeftButton);
-    EXPECT_EQ(shown<QProgressBar>("previewProgress"), nullptr);
-    EXPECT_EQ(textOf("previewNote"), u"Cancelled"_s);
-}
-
 TEST_F(PreviewTest, previewFollowsTheListingAndGoesWithItsFile) {
     openPreview(u"a picture.png"_s);
     browser().selection().select(idOf(u"b text.txt"_s));
@@ -170,24 +154,6 @@ TEST_F(PreviewTest, propertiesTellTheExactFactsAndCountWhatIsInFolders) {
     EXPECT_EQ(textOf("propertiesContent"), u"Files: 3, folders: 1"_s);
     EXPECT_THAT(textOf("propertiesSize").toStdString(), testing::HasSubstr("6,000 bytes"));
     EXPECT_EQ(shown<QPushButton>("propertiesStop"), nullptr);
-}
-
-TEST_F(PreviewTest, countingCanBeStoppedAndDiesWithItsDialog) {
-    for (int i = 0; i < 60; ++i)
-        phone_.write(u"Folder/Many/%1/x"_s.arg(i), "x");
-    phone_.fault([](VirtualFaults& faults) { faults.delayEach = std::chrono::milliseconds(20); });
-    click(u"Folder"_s);
-    PropertiesDialog* dialog = openProperties();
-    EXPECT_TRUE(wait([this] { return textOf("propertiesContent").contains(u"folders: 6"_s); }))
-        << textOf("propertiesContent").toStdString();
-    QTest::mouseClick(shown<QPushButton>("propertiesStop"), Qt::LeftButton);
-    EXPECT_FALSE(dialog->isCounting());
-    EXPECT_THAT(textOf("propertiesSize").toStdString(), testing::StartsWith("≥"));
-    EXPECT_THAT(textOf("propertiesNote").toStdString(), testing::HasSubstr("stopped"));
-    dialog->close();
-    // As if he had seen enough at once.
-    activate();
-    openProperties()->close();
 }
 
 TEST_F(PreviewTest, gridShowsThumbnailsOfWhatIsSeenAndNeverWaitsForThem) {
@@ -226,29 +192,6 @@ TEST_F(PreviewTest, gridShowsThumbnailsOfWhatIsSeenAndNeverWaitsForThem) {
     ThumbnailStore another(browser(), 96);
     EXPECT_TRUE(wait([&] { return !another.find(last, 1).isNull(); }));
     EXPECT_EQ(requests(), asked);
-}
-
-TEST_F(PreviewTest, picturesThatThePhoneHasItselfComeWithoutThePhotos) {
-    QImage image(200, 150, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    QBuffer small;
-    small.open(QIODevice::WriteOnly);
-    ASSERT_TRUE(image.save(&small, "JPG"));
-    const QByteArray photo = "\xFF\xD8" + small.data() + QByteArray(20'000'000, 'x');
-    for (const QString& name : {u"a.jpg"_s, u"b.jpg"_s, u"film.mp4"_s})
-        phone_.write(u"Camera/"_s + name, photo); // above the limit for whole ones
-    press(Qt::Key_F5);
-    ASSERT_TRUE(wait([this] { return !idOf(u"Camera"_s).isEmpty(); }));
-    browser().setViewMode(ViewMode::grid);
-    browser().navigateTo(u"/sdcard/Camera"_s);
-    auto& store = *window_->findChild<QListView*>(u"fileGrid"_s)->findChild<ThumbnailStore*>();
-    EXPECT_TRUE(wait([this] { return !idOf(u"film.mp4"_s).isEmpty(); }));
-    for (const QString& name : {u"a.jpg"_s, u"b.jpg"_s, u"film.mp4"_s})
-        EXPECT_TRUE(
-            QTest::qWaitFor([&] { return !store.find(idOf(name), 1).isNull(); }, slowPatience))
-            << name.toStdString();
-    EXPECT_EQ(phone_.requests(MTPOperationCode::getObject), 0U);
-    EXPECT_EQ(phone_.requests(MTPOperationCode::getThumb), 3U);
 }
 
 TEST_F(PreviewTest, thumbnailsWaitForTransfers) {

@@ -123,19 +123,6 @@ TEST_F(RealInputTest, whatIsDraggedToAnotherWindowArrives) {
     EXPECT_EQ(phone_.content(u"DCIM/alpha.txt"_s), "a") << "a copy leaves the phone as it is";
 }
 
-TEST_F(RealInputTest, favoritesAreReorderedByDragging) {
-    press(Qt::Key_B, Qt::ControlModifier);
-    click(u"Trip"_s);
-    press(Qt::Key_B, Qt::ControlModifier);
-    ASSERT_EQ(favorites(), (QStringList{u"DCIM"_s, u"Trip"_s}));
-    QListView& view = list("favoriteList");
-    QCoreApplication::processEvents();
-    const QModelIndex last = view.model()->index(1, 0);
-    const QPoint belowIt(0, view.visualRect(last).height() / 2 - 1);
-    drag(middleOf(view, view.model()->index(0, 0)), middleOf(view, last) + belowIt);
-    EXPECT_TRUE(wait([&] { return favorites() == QStringList{u"Trip"_s, u"DCIM"_s}; }));
-}
-
 TEST_F(RealInputTest, keysSelectRenameAndWalk) {
     const auto keys = [](const QStringList& more) {
         EXPECT_TRUE(run(u"xdotool"_s, QStringList{u"key"_s, u"--delay"_s, u"30"_s} + more));

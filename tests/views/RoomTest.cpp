@@ -45,25 +45,6 @@ TEST_F(RoomTest, thePathIsTheLastToGiveWay) {
     EXPECT_TRUE(wait([&] { return !filter->isVisible(); }));
 }
 
-TEST_F(RoomTest, theColumnsFillTheList) {
-    const QHeaderView& columns = *table().header();
-    const auto fill = [&] {
-        int width = 0;
-        for (int i = 0; i < columns.count(); ++i)
-            width += columns.sectionSize(i);
-        return width == table().viewport()->width();
-    };
-    EXPECT_TRUE(fill());
-    for (const QSize size : {QSize(1300, 740), QSize(800, 500), QSize(1180, 740)}) {
-        window_->resize(size);
-        EXPECT_TRUE(wait(fill)) << size.width();
-    }
-    window_->browser().searchBelow(u"a"_s);
-    EXPECT_TRUE(wait(fill)) << "with the folders of what was found";
-    window_->browser().endSearch();
-    EXPECT_TRUE(wait(fill));
-}
-
 TEST_F(RoomTest, theEdgeThatIsDraggedMovesAlone) {
     QHeaderView& columns = *table().header();
     const auto widths = [&] {

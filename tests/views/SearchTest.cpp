@@ -85,21 +85,5 @@ TEST_F(SearchTest, whatIsFoundIsUsedAsInAFolder) {
     EXPECT_TRUE(field().text().isEmpty());
 }
 
-TEST_F(SearchTest, theFieldServesOnePurposeAtATime) {
-    openFolder();
-    press(Qt::Key_F, Qt::ControlModifier);
-    QTest::keyClicks(&field(), u"alp"_s);
-    EXPECT_EQ(shown(), QStringList(u"alpha.txt"_s));
-    search(u"zzz"_s);
-    EXPECT_TRUE(shown().isEmpty());
-    EXPECT_TRUE(window_->browser().searchText().isEmpty()) << "no filter on what is found";
-    press(Qt::Key_F, Qt::ControlModifier);
-    EXPECT_TRUE(wait([this] { return isShown(u"alpha.txt"_s); })) << "the folder itself again";
-    QTest::keyClicks(&field(), u"bet"_s);
-    EXPECT_EQ(shown(), QStringList(u"beta.txt"_s));
-    QTest::keyClick(&field(), Qt::Key_Escape);
-    EXPECT_TRUE(isShown(u"alpha.txt"_s));
-}
-
 } // namespace
 } // namespace tessary

@@ -5,7 +5,6 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTreeWidget>
 
@@ -67,9 +66,6 @@ protected:
         ASSERT_NO_FATAL_FAILURE(makePair());
         clickButton("syncPreview", u"Sync Now"_s);
         ASSERT_TRUE(wait([this] { return hasSynced(); }));
-    }
-    QWidget* banner() {
-        return window_->findChild<QWidget*>(u"statusBanner"_s);
     }
     /// Deletes a file here, and syncs until that is asked about.
     void deleteAndRun() {
@@ -151,49 +147,6 @@ TEST_F(SyncWindowTest, deletionAndConflictAreDecidedInThePreview) {
         return shown != nullptr && shown->findChild<QTreeWidget*>()->topLevelItemCount() > 0;
     })) << "every run leaves a report";
     dialog("syncReports")->close();
-}
-
-TEST_F(SyncWindowTest, pairIsEdited) {
-    ASSERT_NO_FATAL_FAILURE(syncOnce());
-    window_->sync().requestEdit(app_->syncManager().syncPairs().front().id);
-    ASSERT_TRUE(wait([this] { return dialog("syncPairSheet") != nullptr; }));
-    dialog("syncPairSheet")
-        ->findChild<QPlainTextEdit*>(u"syncPatterns"_s)
-        ->setPlainText(u"*.tmp"_s);
-    clickButton("syncPairSheet", u"Save"_s);
-    EXPECT_EQ(app_->syncManager().syncPairs().front().patterns, QStringList{u"*.tmp"_s});
-    EXPECT_TRUE(app_->syncManager().syncPairs().front().lastSyncedAt);
-}
-
-TEST_F(SyncWindowTest, unpluggedPhoneEndsTheRunAndItsQuestion) {
-    ASSERT_NO_FATAL_FAILURE(syncOnce());
-    ASSERT_NO_FATAL_FAILURE(deleteAndRun());
-    phone_.android.unplug();
-    clickButton("syncQuestion", u"Delete"_s);
-    EXPECT_TRUE(wait([this] {
-        return app_->syncManager().syncPairs().front().status.kind == SyncStatus::Kind::error;
-    }));
-    EXPECT_EQ(dialog("syncQuestion"), nullptr);
-    EXPECT_TRUE(banner()->isVisible());
-    EXPECT_TRUE(banner()->accessibleName().contains(u"was not finished"_s));
-}
-
-TEST_F(SyncWindowTest, runThatLeftSomethingSaysSoUntilItsReportIsSeen) {
-    ASSERT_NO_FATAL_FAILURE(syncOnce());
-    EXPECT_FALSE(banner()->isVisible());
-    // A folder there, and a file here.
-    local_.write(u"kind/inside"_s, "1");
-    phone_.write(u"DCIM/kind"_s, "2");
-    local_.write(u"more.txt"_s, "3");
-    runAgain();
-    ASSERT_TRUE(wait([this] { return banner()->isVisible(); }));
-    EXPECT_TRUE(banner()->accessibleName().contains(u"left some files"_s));
-    EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/more.txt"_s) == "3"; }));
-    for (auto* button : banner()->findChildren<QPushButton*>())
-        if (button->text() == u"Show Report"_s)
-            button->click();
-    ASSERT_TRUE(wait([this] { return dialog("syncReports") != nullptr; }));
-    EXPECT_FALSE(banner()->isVisible());
 }
 
 } // namespace

@@ -1,11 +1,8 @@
 #include "WindowFixture.h"
 #include "views/common/StatusBanner.h"
 
-#include <QAbstractItemView>
-#include <QCompleter>
 #include <QGuiApplication>
 #include <QLineEdit>
-#include <QToolButton>
 
 namespace tessary {
 namespace {
@@ -65,31 +62,6 @@ TEST_F(TypedPathTest, aWrongPathIsNamedAndCanBeMended) {
     QTest::keyClicks(edit(), u"M"_s);
     QTest::keyClick(edit(), Qt::Key_Return);
     EXPECT_TRUE(wait([&] { return folder() == u"/sdcard/DCIM"_s; }));
-}
-
-TEST_F(TypedPathTest, foldersSeenBeforeCompleteThePath) {
-    openFolder();
-    startTyping(u"/sdcard/d"_s);
-    EXPECT_TRUE(edit()->completer()->popup()->isVisible());
-    QTest::keyClick(edit()->completer()->popup(), Qt::Key_Tab);
-    EXPECT_EQ(edit()->text(), u"/sdcard/DCIM/"_s);
-    EXPECT_TRUE(edit()->completer()->popup()->isVisible());
-    QTest::keyClick(edit()->completer()->popup(), Qt::Key_Down);
-    EXPECT_EQ(edit()->text(), u"/sdcard/DCIM/Trip"_s);
-    QTest::keyClick(edit()->completer()->popup(), Qt::Key_Return);
-    EXPECT_TRUE(wait([&] { return folder() == u"/sdcard/DCIM/Trip"_s; }));
-}
-
-TEST_F(TypedPathTest, aClickBesideThePartsStartsAndEscapeEnds) {
-    auto* crumbs = window_->findChild<QWidget*>(u"breadcrumbs"_s);
-    QTest::mouseClick(crumbs, Qt::LeftButton, {}, {crumbs->width() - 5, crumbs->height() / 2});
-    ASSERT_NE(edit(), nullptr);
-    QTest::keyClicks(edit(), u"nowhere"_s);
-    QTest::keyClick(edit(), Qt::Key_Escape);
-    EXPECT_EQ(edit(), nullptr);
-    EXPECT_TRUE(wait([&] { return table().hasFocus(); }));
-    EXPECT_EQ(folder(), u"/sdcard"_s);
-    EXPECT_TRUE(wait([&] { return crumbs->findChild<QToolButton*>()->isVisible(); }));
 }
 
 } // namespace

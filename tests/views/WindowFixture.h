@@ -32,7 +32,6 @@ protected:
                          QUrl(QStringLiteral("https://tessary.example")), QStringLiteral("1.0")};
         setup.defaults = defaults_;
         setup.copyRecords = records_.path();
-        setup.showFolder = [this](const QString& path) { shownFolders_.append(path); };
         app_ = std::make_unique<TessaryApp>(sources, services_, std::move(setup));
         openWindow();
     }
@@ -83,7 +82,6 @@ protected:
     QStringList filesToCopy_;
     bool opensFiles_ = true;              ///< there is a program for them
     QStringList opened_;                  ///< local files that the window had the desktop open
-    QStringList shownFolders_;            ///< folders that it had the file manager show
     std::function<void()> whileChoosing_; ///< happens while the user looks for files
     std::shared_ptr<UserDefaults> defaults_ = std::make_shared<MemoryUserDefaults>();
     VirtualUSBBus bus_;
@@ -166,12 +164,6 @@ protected:
     void openFolder() {
         doubleClick(QStringLiteral("DCIM"));
         ASSERT_TRUE(wait([this] { return isShown(QStringLiteral("alpha.txt")); }));
-    }
-    [[nodiscard]] QStringList favorites() const {
-        QStringList names;
-        for (const DeviceFavorite& favorite : app_->favoritesManager().favorites())
-            names.append(favorite.name);
-        return names;
     }
     [[nodiscard]] QStringList selectedNames() const {
         QStringList names;

@@ -1,11 +1,9 @@
 #include "WindowFixture.h"
 #include "transfer/local/LocalFileSystem.h"
-#include "views/listing/DragOut.h"
 
 #include <QDropEvent>
 #include <QListView>
 #include <QMimeData>
-#include <QProcess>
 
 namespace tessary {
 namespace {
@@ -28,30 +26,16 @@ protected:
         if (move.isAccepted())
             QApplication::sendEvent(&view, &drop);
     }
+    [[nodiscard]] QStringList favorites() const {
+        QStringList names;
+        for (const DeviceFavorite& favorite : app_->favoritesManager().favorites())
+            names.append(favorite.name);
+        return names;
+    }
     [[nodiscard]] const FileItem& entry(const QString& name) const {
         return *window_->browser().itemWithId(row(name).data(FileListModel::idRole).toString());
     }
 };
-
-TEST_F(WindowPlacesTest, favoritesLeadToTheirFolderAndGoWithIt) {
-    openFolder();
-    press(Qt::Key_B, Qt::ControlModifier);
-    EXPECT_EQ(favorites(), QStringList{u"DCIM"_s});
-    click(u"Trip"_s);
-    press(Qt::Key_B, Qt::ControlModifier);
-    EXPECT_EQ(favorites(), (QStringList{u"DCIM"_s, u"Trip"_s}));
-
-    clickRow(list("favoriteList"), 1);
-    EXPECT_TRUE(wait([this] { return isShown(u"one.txt"_s); }));
-    ASSERT_TRUE(wait([this] { return list("volumeList").model()->rowCount() > 0; }));
-    clickRow(list("volumeList"), 0);
-    ASSERT_TRUE(wait([this] { return isShown(u"readme.md"_s); }));
-
-    click(u"DCIM"_s);
-    whileAsked(u"Delete"_s);
-    press(Qt::Key_Delete);
-    EXPECT_TRUE(wait([this] { return favorites().isEmpty(); }));
-}
 
 TEST_F(WindowPlacesTest, onlyFoldersOfThisPhoneBecomeFavorites) {
     QAbstractItemModel& model = *list("favoriteList").model();
@@ -87,28 +71,6 @@ TEST_F(WindowPlacesTest, aDragWithinThePhoneMovesAndWithCtrlCopies) {
     EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/Trip/beta.txt"_s) == "bb"; }));
     EXPECT_TRUE(wait([this] { return !row(u"beta.txt"_s).isValid(); }));
     EXPECT_EQ(phone_.names(u"DCIM"_s), (QStringList{u"Trip"_s, u"alpha.txt"_s}));
-}
-
-TEST_F(WindowPlacesTest, whatIsDraggedOutIsWholeOrNothing) {
-    openFolder();
-    const auto urlsOf = [this](std::vector<FileItem> items) {
-        const DragOutData data(window_->browser(), std::move(items));
-        EXPECT_TRUE(data.hasUrls());
-        return data.urls();
-    };
-    const QList<QUrl> urls = urlsOf({entry(u"beta.txt"_s)});
-    ASSERT_EQ(urls.size(), 1);
-    const auto outputOf = [](const QString& program, const QUrl& of) {
-        QProcess process;
-        process.start(program, {of.toLocalFile()});
-        EXPECT_TRUE(process.waitForFinished(windowPatience));
-        return process.readAllStandardOutput();
-    };
-    EXPECT_EQ(outputOf(u"cat"_s, urls.front()), "bb");
-    // Folders go out where this machine mounts a folder for what is dragged; elsewhere nothing
-    // does.
-    const QList<QUrl> both = urlsOf({entry(u"beta.txt"_s), entry(u"Trip"_s)});
-    EXPECT_TRUE(both.isEmpty() || outputOf(u"ls"_s, both.back()) == "one.txt\n");
 }
 
 TEST_F(WindowPlacesTest, shortcutsLeadOnlyToFoldersThatAreThere) {

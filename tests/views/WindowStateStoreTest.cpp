@@ -59,17 +59,5 @@ TEST_F(WindowStateStoreTest, nonsenseInTheSettingsLeavesAUsableWindow) {
     }
 }
 
-TEST_F(WindowStateStoreTest, switchedOffItForgets) {
-    auto* store = window_->findChild<QObject*>(u"windowStateStore"_s);
-    ASSERT_NE(store, nullptr);
-    press(Qt::Key_2, Qt::ControlModifier);
-    static_cast<WindowStateStore*>(store)->setOn(false);
-    window_->resize(1000, 600); // room for all columns: the last one has no edge to move
-    openAnew();
-    EXPECT_NE(window_->width(), 760);
-    EXPECT_EQ(window_->browser().viewMode(), ViewMode::list);
-    EXPECT_TRUE(app_->defaults().value(WindowStateStore::devicesKey).isUndefined());
-}
-
 } // namespace
 } // namespace tessary

@@ -1,8 +1,6 @@
 #include "WindowFixture.h"
 #include "views/common/StatusBanner.h"
 
-#include <QAction>
-#include <QDir>
 #include <QLabel>
 #include <QPushButton>
 
@@ -56,28 +54,6 @@ TEST_F(WindowTroubleTest, answersCountOnlyForThePhoneThatWasAskedAbout) {
     EXPECT_FALSE(window_->browser().isEditing());
     for (const QLabel* label : window_->findChildren<QLabel*>())
         EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->text().toStdString();
-}
-
-TEST_F(WindowTroubleTest, folderThatVanishesLeadsBackToWhatIsLeft) {
-    for (const bool isFavorite : {false, true}) {
-        phone_.write(u"DCIM/Trip/one.txt"_s, "one");
-        window_->browser().navigateTo(u"/sdcard/DCIM/Trip"_s);
-        ASSERT_TRUE(wait([this] { return isShown(u"one.txt"_s); }));
-        if (isFavorite)
-            window_->browserView().actions().favorite->trigger();
-        EXPECT_EQ(app_->favoritesManager().favorites().size(), isFavorite ? 1U : 0U);
-        ASSERT_TRUE(QDir(phone_.disk.path(u"0/DCIM/Trip"_s)).removeRecursively());
-        press(Qt::Key_F5);
-        ASSERT_TRUE(
-            wait([this] { return window_->browser().state() == BrowserState::folderGone; }));
-        if (!isFavorite)
-            press(Qt::Key_Up, Qt::AltModifier);
-        for (QPushButton* button : window_->browserView().findChildren<QPushButton*>())
-            if (button->isVisible() && button->text() == u"Remove from Favorites"_s)
-                QTest::mouseClick(button, Qt::LeftButton);
-        EXPECT_TRUE(wait([this] { return isShown(u"alpha.txt"_s); }));
-        EXPECT_TRUE(app_->favoritesManager().favorites().empty());
-    }
 }
 
 TEST_F(WindowTroubleTest, aHeldPhoneIsToldOnceWithOneButton) {
