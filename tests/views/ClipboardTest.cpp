@@ -1,10 +1,8 @@
 #include "WindowFixture.h"
 
 #include <QClipboard>
-#include <QDialog>
 #include <QListWidget>
 #include <QMimeData>
-#include <QPushButton>
 
 namespace tessary {
 namespace {

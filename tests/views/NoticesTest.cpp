@@ -2,7 +2,6 @@
 #include "platform/settings/JsonUserDefaults.h"
 #include "views/common/StatusBanner.h"
 
-#include <QMenuBar>
 #include <QProcess>
 #include <QTabWidget>
 #include <QToolButton>

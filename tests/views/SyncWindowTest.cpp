@@ -3,7 +3,6 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QFile>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTreeWidget>

@@ -2,7 +2,6 @@
 #include "transfer/local/LocalFileSystem.h"
 
 #include <QDropEvent>
-#include <QListView>
 #include <QMimeData>
 
 namespace tessary {
