@@ -161,7 +161,8 @@ public:
         requireFree(folder, file.name, nullptr);
         Node& node = addNode(folder, path);
         node.content = content;
-        node.modified = file.modified.value_or(QDateTime::currentDateTime());
+        node.modified = options_.datesItself ? QDateTime::currentDateTime()
+                                             : file.modified.value_or(QDateTime::currentDateTime());
         return itemOf(node);
     }
 

@@ -23,6 +23,7 @@ struct MemoryOptions {
     bool givesHandles = false;               ///< items carry handles, and twins are possible
     /// A write may bring more or fewer bytes than announced, as on a computer's disk.
     bool takesOtherSizes = false;
+    bool datesItself = false; ///< a new file is of now, whatever date it is to have
     std::size_t rowsAtOnce = 3;
     std::size_t pieceSize = 1000; ///< bytes
     std::shared_ptr<PhoneQueue> queue{};

@@ -2,7 +2,6 @@
 
 #include "support/MemoryFileSystem.h"
 #include "support/QtPrinters.h"
-#include "sync/ForwardedFiles.h"
 #include "sync/run/SyncRun.h"
 
 #include <QTimeZone>
@@ -33,11 +32,8 @@ using MemoryTree = std::map<QString, MemoryFile>;
 struct MemoryDevice {
     bool setsDates = true;
     bool renamesOntoTaken = false;
-    bool renames = true;
     bool hasHashes = false;
-    bool ignoresCase = true;
     std::chrono::milliseconds dateStep{1000};
-    std::optional<std::uint64_t> capacity{};
 };
 
 /// A computer's folder and a phone's, in memory, with a clock and runs between them.
@@ -47,8 +43,7 @@ public:
     static inline const QString deviceRoot = QStringLiteral("/Sync");
 
     explicit MemoryPair(const MemoryDevice& device = {})
-        : local_(computerOptions()), device_(phoneOptions(device)), phone_(device_) {
-        phone_.datesItself = !device.setsDates;
+        : local_(computerOptions()), device_(phoneOptions(device)) {
         local_.addFolder(localRoot);
         device_.addFolder(deviceRoot);
         pair.deviceUDID = QStringLiteral("ABC");
@@ -153,7 +148,6 @@ public:
             if (onStatus)
                 onStatus(message);
         };
-        events.progress = [this](const SyncProgress& progress) { last = progress; };
         SyncComputer computer{local_, [this] { local_.addFolder(localRoot); },
                               [this] {
                                   if (isDead)
@@ -164,7 +158,7 @@ public:
                               },
                               trash};
         return SyncRun({pair, QStringLiteral("HOST"), QStringLiteral("Desk"), std::move(computer),
-                        phone_, [this] { return later(runsLater); }, lockFile, decisions},
+                        device_, [this] { return later(runsLater); }, lockFile, decisions},
                        std::move(events), stop);
     }
     SyncReport run(const std::stop_token& stop = {}) {
@@ -212,7 +206,6 @@ public:
     std::function<bool(const QString&)> trash;
     std::function<void(const MemoryFileSystem::Request&)> beforeCall;
     std::vector<SyncQuestion> questions;
-    SyncProgress last;
     MemoryTree flushed;              ///< the computer's files at the last flush
     std::optional<Error> flushError; ///< the next flush fails with it
     qint64 clock = 1'700'000'000;
@@ -235,20 +228,18 @@ private:
     }
     static MemoryFileSystem::Options phoneOptions(const MemoryDevice& device) {
         MemoryFileSystem::Options options;
-        options.rules.ignoresCase = device.ignoresCase;
-        options.capabilities = {.renames = device.renames,
-                                .renamesOntoTaken = device.renamesOntoTaken,
+        options.rules.ignoresCase = true;
+        options.datesItself = !device.setsDates;
+        options.capabilities = {.renamesOntoTaken = device.renamesOntoTaken,
                                 .setsDates = device.setsDates,
                                 .hasHashes = device.hasHashes};
         options.capabilities.dateStep = device.dateStep;
-        options.capacity = device.capacity;
         options.queue = std::make_shared<PhoneQueue>();
         return options;
     }
 
     MemoryFileSystem local_;
     MemoryFileSystem device_;
-    ForwardedFiles phone_;
 };
 
 } // namespace tessary

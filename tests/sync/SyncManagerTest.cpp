@@ -113,59 +113,6 @@ TEST_F(SyncManagerTest, pairsRunOneAfterTheOtherAndAreSaved) {
     EXPECT_EQ(sync_->syncPairs().size(), 1U);
 }
 
-TEST_F(SyncManagerTest, questionDeletesOnlyWhatWasConfirmedAndGoesWithItsRun) {
-    const SyncPair pair = addPair("one");
-    view_ = std::make_unique<SyncViewModel>(*sync_, *manager_);
-    local_.write(u"one/a"_s, "a");
-    local_.write(u"one/stays"_s, "a");
-    ASSERT_NO_FATAL_FAILURE(runFirst(pair));
-    EXPECT_EQ(phone_->content(u"Sync/a"_s), "a");
-    enum class Answer { stop, cancel, keep, remove };
-    for (const Answer answer : {Answer::stop, Answer::cancel, Answer::keep, Answer::remove}) {
-        SCOPED_TRACE(static_cast<int>(answer));
-        QFile::remove(local_.path(u"one/a"_s));
-        view_->run(pair.id);
-        ASSERT_TRUE(eventually([this] { return view_->question().has_value(); }));
-        ASSERT_EQ(view_->question()->candidates.size(), 1U);
-        const SyncQuestion question = *view_->question();
-        if (answer == Answer::cancel)
-            view_->cancel(pair.id);
-        else
-            view_->answer(answer == Answer::stop   ? SyncAnswer::stop()
-                          : answer == Answer::keep ? SyncAnswer::keepAll()
-                                                   : SyncAnswer::deleteAll(question));
-        wait();
-        EXPECT_FALSE(view_->question());
-        const bool isDone = answer == Answer::keep || answer == Answer::remove;
-        EXPECT_EQ(status(pair), isDone ? SyncStatus::completed() : SyncStatus());
-        EXPECT_EQ(sync_->lastReport(pair.id)->outcome, isDone ? Outcome::done : Outcome::cancelled);
-        EXPECT_EQ(phone_->content(u"Sync/a"_s), answer == Answer::remove ? "" : "a");
-        EXPECT_EQ(local_.has(u"one/a"_s), answer == Answer::keep);
-    }
-}
-
-TEST_F(SyncManagerTest, previewsDecisionsAreTheRuns) {
-    const SyncPair pair = addPair("one");
-    view_ = std::make_unique<SyncViewModel>(*sync_, *manager_);
-    for (const QString& name : {u"a"_s, u"b"_s, u"c"_s})
-        local_.write(u"one/"_s + name, "1");
-    ASSERT_NO_FATAL_FAILURE(runFirst(pair));
-    QFile::remove(local_.path(u"one/a"_s));
-    QFile::remove(local_.path(u"one/b"_s));
-    view_->requestPreview(*sync_->pair(pair.id));
-    ASSERT_TRUE(eventually([this] { return !view_->preview()->isLoading(); }));
-    EXPECT_EQ(view_->preview()->plan->counts(),
-              (std::map<SyncDeed, qint64>{{SyncDeed::deleteOnDevice, 2}}));
-    SyncDecisions decisions;
-    decisions.deletions = {u"a"_s};
-    decisions.kept = {u"b"_s};
-    view_->confirmPreview(decisions);
-    wait();
-    EXPECT_EQ(phone_->names(u"Sync"_s).filter(u"."_s).size(), 1) << "the record alone";
-    EXPECT_EQ(phone_->content(u"Sync/a"_s), "");
-    EXPECT_EQ(local_.read(u"one/b"_s), "1");
-}
-
 TEST_F(SyncManagerTest, pairRunsByItselfWheneverItsPhoneComes) {
     SyncPair pair = addPair("one");
     view_ = std::make_unique<SyncViewModel>(*sync_, *manager_);

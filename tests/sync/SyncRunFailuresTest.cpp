@@ -19,7 +19,6 @@ using Operation = MemoryFileSystem::Operation;
 using Outcome = SyncReport::Outcome;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::Not;
 
 QString paths(const std::vector<SyncSkippedItem>& skipped) {
     QStringList names;
@@ -28,8 +27,6 @@ QString paths(const std::vector<SyncSkippedItem>& skipped) {
     names.sort();
     return names.join(u' ');
 }
-
-const QByteArray longOne = QByteArray(20'000, 'x');
 
 TEST(SyncRunFailuresTest, recordOfOneSideTellsOfNoDeletion) {
     const std::pair<const char*, void (*)(MemoryPair&)> rows[] = {
@@ -94,17 +91,6 @@ TEST(SyncRunFailuresTest, nothingIsRecordedThatIsNotOnTheDisk) {
     };
     (void)pair.goodRun();
     EXPECT_EQ(manifests, 4) << "two at the beginning, two at the end";
-    // A move's source goes once its copy is on the disk.
-    pair.pair.syncMode = SyncMode::toMac;
-    pair.pair.moveFilesEnabled = true;
-    pair.there("c", "moved");
-    pair.beforeCall = [&](const MemoryFileSystem::Request& request) {
-        if (request.is(Operation::remove, MemoryPair::path(true, u"c"_s))) {
-            EXPECT_TRUE(pair.flushed.contains(u"c"_s));
-        }
-    };
-    (void)pair.goodRun();
-    EXPECT_FALSE(pair.users(true).contains(u"c"_s));
 }
 
 TEST(SyncRunFailuresTest, whatCannotBeReadIsNotGone) {
@@ -140,20 +126,6 @@ TEST(SyncRunFailuresTest, listingThatBreaksOffEndsTheRun) {
     EXPECT_EQ(pair.hereContents(), pair.thereContents());
 }
 
-TEST(SyncRunFailuresTest, whatArrivedIsKnownWhereItsFolderCannotBeListed) {
-    MemoryPair pair;
-    for (const char* name : {"a", "b", "c"})
-        pair.here(name, name);
-    pair.beforeCall = [&](const MemoryFileSystem::Request& request) {
-        if (request.operation == Operation::rename && request.other == u"c"_s)
-            pair.device().fail(Operation::list, MemoryPair::deviceRoot,
-                               Error(PhoneError::accessDenied, {MemoryPair::deviceRoot}), 1);
-    };
-    EXPECT_THAT(pair.goodRun().skipped, IsEmpty());
-    pair.beforeCall = nullptr;
-    pair.expectQuietRun();
-}
-
 TEST(SyncRunFailuresTest, oneRefusedFileStopsNothingElse) {
     const Error reasons[] = {Error(PhoneError::accessDenied), Error(PhoneError::tooLarge),
                              Error(PhoneError::nameNotAllowed), Error(PhoneError::refused)};
@@ -173,19 +145,6 @@ TEST(SyncRunFailuresTest, oneRefusedFileStopsNothingElse) {
         EXPECT_EQ(pair.goodRun().items.size(), 2U) << "the next run tries again";
         EXPECT_EQ(pair.hereContents(), pair.thereContents());
     }
-}
-
-TEST(SyncRunFailuresTest, fullTargetEndsTheRunAndWhatIsDoneIsRecorded) {
-    MemoryPair pair({.capacity = 30'000});
-    pair.here("a", longOne);
-    pair.here("b", longOne);
-    const SyncReport report = pair.run();
-    EXPECT_EQ(report.outcome, Outcome::failed);
-    EXPECT_TRUE(report.failure && report.failure->is(PhoneError::full));
-    EXPECT_THAT(report.paths({SyncDeed::upload}), ElementsAre(u"a"_s));
-    pair.removeHere("b");
-    EXPECT_FALSE(pair.goodRun().hasChanges());
-    pair.expectQuietRun();
 }
 
 TEST(SyncRunFailuresTest, emptySideAndMissingFolderAreAskedAbout) {
@@ -249,60 +208,6 @@ TEST(SyncRunFailuresTest, recordThatCannotBeStoredIsReported) {
     // Plain edits go across without conflict copies all the same.
     pair.here("a", "11");
     EXPECT_THAT(pair.run().paths({SyncDeed::replaceOnDevice}), ElementsAre(u"a"_s));
-}
-
-/// The copy has the size of the file that the record names, and a phone that dates files itself may
-/// give it the same date.
-TEST(SyncRunFailuresTest, movedFileIsNoDeletionWhereverTheRunIsKilled) {
-    for (int at = 0;; ++at) {
-        SCOPED_TRACE(at);
-        MemoryPair pair({.setsDates = false});
-        pair.here("a", "old");
-        pair.here("b", "other");
-        (void)pair.goodRun();
-        pair.here("a", "new");
-        pair.pair.syncMode = SyncMode::toiPhone;
-        pair.pair.moveFilesEnabled = true;
-        pair.killAt = at;
-        EXPECT_THROW(
-            {
-                (void)pair.run();
-                throw Killed();
-            },
-            Killed);
-        const bool wasKilled = std::exchange(pair.isDead, false);
-        pair.killAt = -1;
-        pair.pair.syncMode = SyncMode::biDirectional;
-        pair.pair.deleteSyncEnabled = true;
-        pair.confirmAll();
-        (void)pair.goodRun();
-        EXPECT_TRUE(pair.isAnywhere("new"));
-        EXPECT_TRUE(pair.isAnywhere("other"));
-        EXPECT_EQ(pair.hereContents(), pair.thereContents());
-        if (!wasKilled) {
-            EXPECT_GT(at, 20);
-            break;
-        }
-    }
-}
-
-TEST(SyncRunFailuresTest, movedFileStaysWhereTheRecordCannotBeStored) {
-    MemoryPair pair;
-    pair.here("a", "old");
-    (void)pair.goodRun();
-    pair.here("a", "new");
-    pair.pair.syncMode = SyncMode::toiPhone;
-    pair.pair.moveFilesEnabled = true;
-    const QString manifest = MemoryPair::path(true, SyncManifest::fileName);
-    pair.beforeCall = [&](const MemoryFileSystem::Request& request) {
-        if (request.is(Operation::remove, manifest))
-            throw Error(PhoneError::accessDenied, {manifest});
-    };
-    const SyncReport report = pair.run();
-    EXPECT_EQ(pair.hereContents(), "a=new");
-    EXPECT_EQ(pair.thereContents(), "a=new");
-    EXPECT_FALSE(report.hasChanges());
-    EXPECT_THAT(report.skipped, Not(testing::IsEmpty()));
 }
 
 TEST(SyncRunFailuresTest, movedFilesThatMayNotBeOnTheDiskKeepTheirSources) {

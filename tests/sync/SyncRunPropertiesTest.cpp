@@ -183,6 +183,7 @@ void expectSourceKept(const State& before, const Options& options, World& world)
         }
         RC_ASSERT(options.moves);
         RC_ASSERT(target.contains(name) && target.at(name).content == file.content);
+        world.synced.erase(name); // it was not the user who deleted it
     }
 }
 

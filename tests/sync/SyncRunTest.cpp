@@ -8,9 +8,7 @@ namespace tessary {
 namespace {
 
 using namespace Qt::StringLiterals;
-using Outcome = SyncReport::Outcome;
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 
@@ -37,20 +35,6 @@ TEST(SyncRunTest, editOfTheSameSizeBehindAnySampleArrives) {
             EXPECT_FALSE(pair.goodRun().hasChanges());
             pair.expectQuietRun();
         }
-}
-
-TEST(SyncRunTest, editOfTheSameSizeASecondLaterArrives) {
-    for (const bool onDevice : {false, true}) {
-        MemoryPair pair;
-        pair.put(onDevice, u"a"_s, longOne);
-        (void)pair.goodRun();
-        MemoryFileSystem& side = pair.side(onDevice);
-        const QString path = MemoryPair::path(onDevice, u"a"_s);
-        side.addFile(path, editedLate(longOne), side.item(path).modifiedDate.value().addSecs(1));
-        (void)pair.goodRun();
-        EXPECT_EQ(pair.users(!onDevice).at(u"a"_s).content, editedLate(longOne));
-        pair.expectQuietRun();
-    }
 }
 
 TEST(SyncRunTest, datesCutToTheMinuteHideNoEdit) {
@@ -147,21 +131,6 @@ TEST(SyncRunTest, halfArrivedFileLosesTheConflict) {
         }
 }
 
-TEST(SyncRunTest, conflictKeepsBothOnBothSides) {
-    for (const bool deviceIsNewer : {false, true}) {
-        MemoryPair pair;
-        pair.put(!deviceIsNewer, u"d/n.txt"_s, "old version");
-        pair.put(deviceIsNewer, u"d/n.txt"_s, "newer version!");
-        const SyncReport report = pair.goodRun();
-        ASSERT_EQ(report.items.size(), 1U);
-        EXPECT_THAT(report.items[0].other.toStdString(), HasSubstr("d/n (conflict 2023-11-1"));
-        EXPECT_EQ(pair.hereContents(), pair.thereContents());
-        EXPECT_EQ(pair.users(false).at(u"d/n.txt"_s).content, "newer version!");
-        EXPECT_EQ(pair.users(false).at(report.items[0].other).content, "old version");
-        pair.expectQuietRun();
-    }
-}
-
 TEST(SyncRunTest, editDuringARunIsLeftForTheNext) {
     // An edit on either side at every single call of a run.
     for (const bool onDevice : {false, true})
@@ -192,23 +161,6 @@ TEST(SyncRunTest, editDuringARunIsLeftForTheNext) {
         }
 }
 
-TEST(SyncRunTest, stopChangesNothingAndIsTheDefault) {
-    MemoryPair pair;
-    pair.here("a", "1");
-    pair.here("b", "2");
-    (void)pair.goodRun();
-    pair.removeHere("a");
-    pair.here("new", "3");
-    const std::string before = pair.thereContents();
-    const SyncReport report = pair.run();
-    EXPECT_EQ(report.outcome, Outcome::cancelled);
-    EXPECT_FALSE(report.hasChanges());
-    ASSERT_EQ(pair.questions.size(), 1U);
-    EXPECT_EQ(pair.thereContents(), before);
-    pair.keepAll();
-    EXPECT_THAT(pair.goodRun().paths({SyncDeed::download}), ElementsAre(u"a"_s));
-}
-
 TEST(SyncRunTest, whatWasDecidedAtAPreviewIsNotAskedAgain) {
     MemoryPair pair;
     for (const char* name : {"a", "b", "c"})
@@ -225,34 +177,6 @@ TEST(SyncRunTest, whatWasDecidedAtAPreviewIsNotAskedAgain) {
     pair.removeHere("c"); // was not in the preview
     (void)pair.run();
     EXPECT_EQ(pair.questions.size(), 1U);
-}
-
-TEST(SyncRunTest, previewTellsAndTouchesNothing) {
-    MemoryPair pair;
-    pair.here("gone", "1");
-    pair.here("Case", "2");
-    pair.here("edited", "3");
-    (void)pair.goodRun();
-    pair.removeThere("gone");
-    pair.removeHere("Case");
-    pair.here("case", "2");
-    pair.here("edited", "33");
-    pair.here("new", "4");
-    const MemoryTree here = pair.all(false);
-    const MemoryTree there = pair.all(true);
-    const SyncPreview preview = pair.makeRun().preview();
-    QStringList lines;
-    for (const SyncPreviewItem& item : preview.items)
-        lines.append(QString::fromLatin1(item.deed ? deedName(*item.deed) : "-") + u' ' +
-                     item.path);
-    EXPECT_THAT(lines, ElementsAre(u"renameOnDevice case"_s, u"replaceOnDevice edited"_s,
-                                   u"deleteHere gone"_s, u"upload new"_s));
-    EXPECT_EQ(pair.all(false), here);
-    EXPECT_EQ(pair.all(true), there);
-    pair.confirmAll();
-    EXPECT_EQ(pair.goodRun().items.size(), 4U);
-    EXPECT_EQ(pair.hereContents(), pair.thereContents());
-    pair.expectQuietRun();
 }
 
 TEST(SyncRunTest, patternsLeaveOut) {

@@ -71,17 +71,6 @@ TEST(SyncManifestTest, jsonIsSortedAndDatedInWholeSeconds) {
     EXPECT_EQ(SyncManifest::decode(zoned), sample());
 }
 
-TEST(SyncManifestTest, anyNameSurvives) {
-    SyncManifest manifest = sample();
-    auto& files = manifest.hosts.begin()->second.files;
-    for (const QString& name : {u"\"quoted\"\\"_s, u"line\nbreak\x01"_s, u"snow ☃ and 😀"_s,
-                                QString(QChar(0xD83D)) + u"x"_s, u"é"_s, u"e\u0301"_s, u"… x"_s})
-        files[name] = {1, date(2020, 1, 1), {}, {}};
-    const QByteArray json = manifest.encode();
-    EXPECT_FALSE(QJsonDocument::fromJson(json).isNull());
-    EXPECT_EQ(SyncManifest::decode(json), manifest);
-}
-
 TEST(SyncManifestTest, textThatIsNoManifestIsNone) {
     const QByteArray whole(sampleJson);
     for (qsizetype length = 0; length < whole.size(); ++length)
@@ -96,20 +85,6 @@ TEST(SyncManifestTest, textThatIsNoManifestIsNone) {
     for (const auto& [from, to] : replacements)
         EXPECT_FALSE(SyncManifest::decode(QByteArray(whole).replace(from, to))) << to;
     EXPECT_FALSE(SyncManifest::decode(QByteArray(100'000, '[')));
-}
-
-TEST(SyncManifestTest, olderTextWithoutARunIsRead) {
-    QByteArray json(sampleJson);
-    for (const char* field :
-         {"      \"appBundleID\" : \"device.storage\",\n", ",\n      \"runID\" : \"RUN-7\"",
-          ",\n      \"runNumber\" : 7", ",\n      \"startedAt\" : \"2024-05-01T09:59:01Z\""})
-        json.replace(field, "");
-    const auto manifest = SyncManifest::decode(json);
-    ASSERT_TRUE(manifest);
-    const SyncHostEntry& host = manifest->hosts.begin()->second;
-    EXPECT_EQ(host.runID, QString());
-    EXPECT_EQ(host.runNumber, 0);
-    EXPECT_EQ(host.files, sample().hosts.begin()->second.files);
 }
 
 TEST(SyncManifestTest, hostileKeysAndSizesAreLeftOut) {
@@ -130,24 +105,6 @@ TEST(SyncManifestTest, hostileKeysAndSizesAreLeftOut) {
         SyncManifest::decode(QByteArray(sampleJson).replace("\"version\" : 1", "\"version\" : -3"))
             ->version,
         1);
-}
-
-TEST(SyncManifestTest, deviceCopyWinsInAMerge) {
-    const auto with = [](std::initializer_list<const char*> hosts, const char* name, int version) {
-        SyncManifest manifest;
-        manifest.version = version;
-        for (const char* host : hosts)
-            manifest.hosts[QString::fromLatin1(host)].macName = QString::fromLatin1(name);
-        return manifest;
-    };
-    const SyncManifest both =
-        SyncManifest::merged(with({"H1", "H2"}, "here", 2), with({"H2", "H3"}, "device", 3));
-    EXPECT_EQ(both.version, 3);
-    ASSERT_EQ(both.hosts.size(), 3U);
-    EXPECT_EQ(both.hosts.at(u"H1"_s).macName, u"here"_s);
-    EXPECT_EQ(both.hosts.at(u"H2"_s).macName, u"device"_s);
-    EXPECT_EQ(SyncManifest::merged({}, {}), SyncManifest());
-    EXPECT_EQ(SyncManifest::merged(with({}, "", -5), {}).version, 1);
 }
 
 SyncPair samplePair() {
@@ -194,27 +151,6 @@ TEST(SyncPairTest, fieldsThatOlderListsLackHaveDefaults) {
     const auto pairs = decodeSyncPairs(QJsonArray{object});
     ASSERT_TRUE(pairs);
     EXPECT_EQ(pairs->at(0), samplePair());
-}
-
-TEST(SyncPairTest, listWithABadPairIsNoList) {
-    using Change = void (*)(QJsonObject&);
-    const std::pair<const char*, Change> rows[] = {
-        {"no device", [](QJsonObject& o) { o.remove(u"deviceUDID"_s); }},
-        {"bad mode", [](QJsonObject& o) { o[u"syncMode"_s] = u"Up"_s; }},
-        {"bad id", [](QJsonObject& o) { o[u"id"_s] = u"7"_s; }},
-        {"status of two keys",
-         [](QJsonObject& o) {
-             o[u"status"_s] = QJsonObject{{u"idle"_s, QJsonObject()}, {u"error"_s, QJsonObject()}};
-         }},
-        {"endless date", [](QJsonObject& o) { o[u"lastSyncedAt"_s] = 1e300; }},
-    };
-    for (const auto& [name, change] : rows) {
-        QJsonObject object = onlyPair(encodeSyncPairs({samplePair()}));
-        change(object);
-        EXPECT_FALSE(decodeSyncPairs(QJsonArray{object})) << name;
-    }
-    EXPECT_FALSE(decodeSyncPairs(QJsonObject()));
-    EXPECT_FALSE(decodeSyncPairs(QJsonValue::Undefined));
 }
 
 } // namespace

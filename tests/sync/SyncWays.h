@@ -7,18 +7,10 @@
 #include "support/Application.h"
 #include "support/IPhoneFiles.h"
 #include "support/PluggedPhone.h"
-#include "sync/ForwardedFiles.h"
 #include "sync/SyncFolders.h"
 #include "sync/run/SyncRun.h"
 
-#include <stdexcept>
-
 namespace tessary {
-
-/// The program is killed: nothing that it still does has an effect.
-struct ProgramKilled : std::runtime_error {
-    ProgramKilled() : std::runtime_error("killed") {}
-};
 
 /// Runs between the folders of a SyncFolders. A part of fixtures that have the phone.
 class SyncWay : protected SyncFolders {
@@ -39,51 +31,29 @@ protected:
     /// Files of the phone that were read or written since, by their last name.
     [[nodiscard]] virtual QStringList openedFiles() = 0;
 
-    /// One run of a program of its own; it is killed at a call, or at a piece of a file that is
-    /// written, when `killAt` is not negative.
-    SyncReport run(const std::stop_token& stop = {}) {
+    /// One run of a program of its own.
+    SyncReport run() {
         const auto phone = open();
         LocalFileSystem disk(pair_.localFolderPath);
-        ForwardedFiles device(*phone);
-        ForwardedFiles local(disk);
-        calls_ = 0;
-        bool isDead = false;
-        const auto step = [&] {
-            isDead |= calls_++ == killAt_;
-            if (isDead)
-                throw ProgramKilled();
-        };
-        for (ForwardedFiles* files : {&device, &local})
-            files->beforeCall = files->beforePiece = step;
         SyncComputer computer = syncComputer(disk);
-        const SyncComputer real = computer;
-        SyncComputer watched{local,
-                             real.makeFolder,
-                             [&] {
-                                 step();
-                                 if (flushes_)
-                                     real.flush();
-                             },
-                             {}};
+        computer.trash = {};
+        if (!flushes_)
+            computer.flush = [] {};
         SyncRunEvents events;
         events.ask = [this](const SyncQuestion& question) {
             questions_.push_back(question);
             return confirms_ ? SyncAnswer::deleteAll(question) : SyncAnswer::keepAll();
         };
-        events.progress = [this](const SyncProgress& progress) {
-            last_ = progress;
-            if (onProgress_)
-                onProgress_();
-        };
+        events.progress = [this](const SyncProgress& progress) { last_ = progress; };
         return SyncRun({pair_,
                         QStringLiteral("HOST"),
                         QStringLiteral("Desk"),
-                        std::move(watched),
-                        device,
+                        std::move(computer),
+                        *phone,
                         [] { return QDateTime::currentDateTime(); },
                         {},
                         {}},
-                       events, stop)
+                       events, {})
             .run();
     }
     SyncReport goodRun() {
@@ -107,11 +77,8 @@ protected:
     SyncPair pair_;
     bool confirms_ = true;
     bool flushes_ = true; ///< waits for this computer's disk
-    int killAt_ = -1;
-    int calls_ = 0;
     std::vector<SyncQuestion> questions_;
     SyncProgress last_;
-    std::function<void()> onProgress_;
 };
 
 /// By MTP.

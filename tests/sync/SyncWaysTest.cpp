@@ -67,7 +67,7 @@ TYPED_TEST(SyncWaysTest, editsConflictsDeletionsAndMovesGoAcross) {
     this->removeHere(u"gone"_s);
     this->removeOnPhone(u"dir/gone there"_s);
     this->here(u"both"_s, "mine");
-    this->onPhone(u"both"_s, "theirs");
+    this->onPhone(u"both"_s, "theirs", 50);
     const SyncReport report = this->goodRun();
     EXPECT_THAT(report.paths({SyncDeed::replaceOnDevice}), ElementsAre(u"edited"_s));
     EXPECT_THAT(report.paths({SyncDeed::replaceHere}), ElementsAre(u"edited there"_s));
@@ -76,6 +76,7 @@ TYPED_TEST(SyncWaysTest, editsConflictsDeletionsAndMovesGoAcross) {
     EXPECT_EQ(report.paths({SyncDeed::keepBoth}).size(), 1);
     EXPECT_EQ(this->hereFiles(), this->phoneFiles());
     EXPECT_EQ(this->hereFiles().size(), 4U);
+    EXPECT_EQ(this->hereFiles().at(u"both"_s), "theirs") << "the newer one keeps the name";
     for (const QByteArray& content :
          {longContent('2'), longContent('3'), QByteArray("mine"), QByteArray("theirs")})
         EXPECT_TRUE(this->holds(content));
@@ -131,59 +132,6 @@ TYPED_TEST(SyncWaysTest, nameThatChangedInCaseOnlyIsARename) {
     EXPECT_EQ(this->hereFiles(), this->phoneFiles());
     EXPECT_THAT(this->questions_, IsEmpty());
     this->expectQuietRun();
-}
-
-/// The program is killed before every call and every piece of a file of a run that does all that
-/// there is to do; then a run in peace.
-// At every third call; with TESSARY_EVERY_CALL=1 in the environment, some minutes, at each.
-TYPED_TEST(SyncWaysTest, killedAtAnyStepARunLosesNothing) {
-    int killed = 0;
-    this->flushes_ = false; // what a program wrote outlives it
-    const int step = qEnvironmentVariableIsSet("TESSARY_EVERY_CALL") ? 1 : 3;
-    for (int at = 0;; at += step) {
-        SCOPED_TRACE(at);
-        this->clear();
-        this->here(u"edited"_s, longContent('1'));
-        this->here(u"edited there"_s, longContent('2'));
-        this->here(u"gone"_s, "gone");
-        (void)this->goodRun();
-        this->here(u"edited"_s, longContent('3'), 50);
-        this->onPhone(u"edited there"_s, longContent('4'), 50);
-        this->removeHere(u"gone"_s);
-        this->here(u"d/up"_s, "up");
-        this->onPhone(u"e/down"_s, "down");
-        for (int n = 0; n < 4; ++n) { // these may go together
-            this->here(u"d/small %1"_s.arg(n), "small here" + QByteArray::number(n));
-            this->onPhone(u"e/small %1"_s.arg(n), "small there" + QByteArray::number(n));
-        }
-        this->here(u"both"_s, "mine");
-        this->onPhone(u"both"_s, "theirs");
-        this->killAt_ = at;
-        bool wasKilled = false;
-        try {
-            (void)this->run();
-        } catch (const ProgramKilled&) {
-            wasKilled = true;
-        }
-        wasKilled |= this->calls_ > at; // also where the copy dealt with it
-        this->killAt_ = -1;
-        if (!wasKilled)
-            break;
-        ++killed;
-        for (const QByteArray& content :
-             {QByteArray("up"), QByteArray("down"), QByteArray("mine"), QByteArray("theirs")})
-            EXPECT_TRUE(this->holds(content)) << content.constData();
-        (void)this->goodRun();
-        EXPECT_EQ(this->hereFiles(), this->phoneFiles());
-        for (const QByteArray& content :
-             {longContent('3'), longContent('4'), QByteArray("up"), QByteArray("down"),
-              QByteArray("mine"), QByteArray("theirs")})
-            EXPECT_TRUE(this->holds(content)) << content.right(8).constData();
-        EXPECT_FALSE(this->hereFiles().contains(u"gone"_s));
-        EXPECT_THAT(this->parts(), IsEmpty());
-        this->expectQuietRun();
-    }
-    EXPECT_GT(killed, 20);
 }
 
 TEST_F(SyncByMTP, cableThatComesOutAtAnyPhaseLosesNothing) {
