@@ -9,44 +9,6 @@ namespace {
 using namespace Qt::StringLiterals;
 
 using testing::ElementsAre;
-using testing::IsEmpty;
-
-std::vector<FileItem> listing(const char* name) {
-    const QString text = QString::fromLatin1(name);
-    return {FileItem(text, u"/"_s + text, false, 1, std::nullopt)};
-}
-
-class DirectoryCacheTest : public testing::Test {
-protected:
-    [[nodiscard]] bool has(const char* key) {
-        return cache_.get(QString::fromLatin1(key)).has_value();
-    }
-
-    std::chrono::steady_clock::time_point now_{1h};
-    DirectoryCache cache_{10, [this] { return now_; }};
-    const QString a_ = u"a"_s;
-};
-
-TEST_F(DirectoryCacheTest, entryHoldsForItsTimeAndIsThenGoneForGood) {
-    cache_.set(a_, listing("old"));
-    now_ += 9s;
-    cache_.set(a_, listing("new"));
-    now_ += 10s;
-    EXPECT_EQ(cache_.get(a_), listing("new")) << "neither the age counts on, nor is 10 s over 10 s";
-    now_ += 1ms;
-    EXPECT_FALSE(has("a"));
-    now_ -= 5s;
-    EXPECT_FALSE(has("a"));
-}
-
-TEST_F(DirectoryCacheTest, aboveTheLimitTheOneNotUsedForLongestGoes) {
-    for (std::size_t n = 0; n < DirectoryCache::countLimit; ++n)
-        cache_.set(QString::number(n), {});
-    EXPECT_TRUE(has("0"));
-    cache_.set(a_, {});
-    EXPECT_TRUE(has("0") && has("2") && has("a"));
-    EXPECT_FALSE(has("1"));
-}
 
 /// A browser whose phone answers no listing until the gate opens.
 class RememberedFolderTest : public FileBrowserFixture {
@@ -88,57 +50,6 @@ TEST_F(RememberedFolderTest, folderAppearsAtOnceAndItsRefreshMovesNothing) {
     EXPECT_EQ(browser_.state(), BrowserState::ready);
 }
 
-TEST_F(RememberedFolderTest, whatTheProgramChangesIsForgotten) {
-    const QString file = local_.write(u"new.txt"_s, "x");
-    const char* const all[] = {"/root/a", "/root/a/deep", "/root/b"};
-    const std::tuple<const char*, std::function<void()>, std::vector<std::string>> rows[] = {
-        // what is done, change, left
-        {"upload", [&] { uploadNow(browser_, {file}, u"/root/a"_s); }, {"/root/a/deep", "/root/b"}},
-        {"create",
-         [&] { browser_.createFolder(u"deep"_s); },
-         {"/root/a", "/root/a/deep", "/root/b"}},
-        {"move",
-         [&] {
-             browser_.changes().move(browser_.itemsWithIds(ids({"/root/c.txt"})), u"/root/a"_s);
-         },
-         {"/root/a/deep", "/root/b"}},
-        {"rename", [&] { browser_.renameItem(u"/root/b"_s, u"x"_s); }, {"/root/a", "/root/a/deep"}},
-        {"delete", [&] { browser_.deleteItems(ids({"/root/a"})); }, {"/root/b"}},
-    };
-    for (const auto& [what, change, left] : rows) {
-        SCOPED_TRACE(what);
-        visit();
-        const int listings = count(Operation::list, "/root");
-        const auto jobs = queue_.jobs().size();
-        change();
-        ASSERT_TRUE(std::string_view(what) != "upload" ||
-                    eventually([&] { return queue_.jobs().size() > jobs; }));
-        settle();
-        EXPECT_FALSE(browser_.problem());
-        EXPECT_TRUE(!isRemembered("/root") || count(Operation::list, "/root") > listings);
-        std::vector<std::string> kept;
-        for (const char* folder : all)
-            if (isRemembered(folder))
-                kept.emplace_back(folder);
-        EXPECT_EQ(kept, left);
-    }
-}
-
-TEST_F(RememberedFolderTest, whatAListingShowsToBeGoneIsForgotten) {
-    visit();
-    for (const QString& path : ids({"/root/a", "/root/b", "/root/c.txt"}))
-        files_->removeQuietly(path);
-    browser_.reload();
-    settle();
-    EXPECT_FALSE(isRemembered("/root/a") || isRemembered("/root/a/deep"));
-    EXPECT_TRUE(isRemembered("/root"));
-
-    files_->fail(Operation::list, u"/root"_s, Error(PhoneError::nonsense));
-    browser_.reload();
-    settle();
-    EXPECT_FALSE(isRemembered("/root")) << "it could not be read";
-}
-
 TEST_F(RememberedFolderTest, listingThatAChangeOvertookIsNotKept) {
     visit();
     holdAt(gate_, Operation::list, "");
@@ -148,27 +59,6 @@ TEST_F(RememberedFolderTest, listingThatAChangeOvertookIsNotKept) {
     gate_.open();
     settle();
     EXPECT_FALSE(isRemembered("/root/a"));
-}
-
-TEST_F(RememberedFolderTest, deviceThatGoesTakesItsFoldersAlong) {
-    fill("/root", {"a/"});
-    DeviceInfo phone;
-    phone.udid = u"P"_s;
-    phone.platform = DevicePlatform::android;
-    DeviceInfo replugged = phone;
-    replugged.handle = 2;
-    DeviceInfo turbo = phone;
-    turbo.protocolMode = ProtocolMode::adbTurbo;
-    for (const auto& lose : std::vector<std::function<void()>>{
-             [&] { browser_.folders().keepOnly({replugged}); }, [&] { browser_.loseDevice(); },
-             [&] { browser_.updateDevice(turbo); }}) {
-        browser_.connectAndroid(phone, u"/root"_s);
-        settle();
-        browser_.folders().keepOnly({phone});
-        EXPECT_TRUE(isRemembered("/root"));
-        lose();
-        EXPECT_FALSE(isRemembered("/root"));
-    }
 }
 
 } // namespace

@@ -73,24 +73,6 @@ TEST_F(EntryChangesTest, whatCannotBeTakenBackSaysWhyAndHarmsNothing) {
     EXPECT_TRUE(files_->has(u"/root/x"_s));
 }
 
-TEST_F(EntryChangesTest, whatFailedToBeTakenBackCanBeTriedAgain) {
-    const QStringList before = files_->tree();
-    browser_.changes().move(browser_.itemsWithIds(ids({"/root/b.txt", "/root/c.txt"})),
-                            u"/root/a"_s);
-    settle();
-    files_->fail(Operation::move, u"/root/a/b.txt"_s, Error(PhoneError::locked), 1);
-    undo();
-    EXPECT_TRUE(browser_.problem());
-    undo();
-    EXPECT_EQ(files_->tree(), before);
-
-    browser_.renameItem(u"/root/b.txt"_s, u"x"_s);
-    settle();
-    files_->removeQuietly(u"/root/x"_s);
-    undo();
-    EXPECT_EQ(undoable(), std::nullopt) << "it is gone for good";
-}
-
 TEST_F(EntryChangesTest, aFailedChangeIsNotTakenBack) {
     files_->fail(Operation::move, u"/root/b.txt"_s, Error(PhoneError::accessDenied));
     browser_.changes().move(browser_.itemsWithIds(ids({"/root/b.txt", "/root/c.txt"})),
@@ -151,41 +133,6 @@ TEST_F(EntryChangesTest, aStoppedMoveDoesNotGoOnAsACopy) {
     EXPECT_EQ(files_->tree(), before);
 }
 
-TEST_F(EntryChangesTest, whatCannotBeOpenedHereIsCountedAndTriedAgain) {
-    local_.write(u"good"_s, "content");
-    uploadNow(browser_, {local_.path(u"one"_s), local_.path(u"good"_s), local_.path(u"two"_s)});
-    settleCopies();
-    ASSERT_EQ(queue_.jobs().size(), 1U);
-    const CopyJob& job = queue_.jobs().front();
-    EXPECT_EQ(job.status, CopyJob::Status::incomplete);
-    ASSERT_EQ(job.leftOut.size(), 2U);
-    EXPECT_EQ(job.leftOut[1].item.name, u"two"_s);
-    EXPECT_TRUE(job.leftOut[1].error.is(LocalError::notFound));
-    EXPECT_EQ(files_->content(u"/root/good"_s), "content");
-    local_.write(u"one"_s, "late");
-    queue_.goOn(job.id);
-    settleCopies();
-    EXPECT_EQ(queue_.jobs().front().leftOut.size(), 1U);
-    EXPECT_EQ(files_->content(u"/root/one"_s), "late");
-}
-
-TEST_F(EntryChangesTest, copiesBesideTheirSourceAreNumberedUnasked) {
-    bool hasClashes = true;
-    browser_.copies().prepareTransfer(
-        files_, {files_->item(u"/root/b.txt"_s), files_->item(u"/root/a"_s)}, {},
-        [&](const PreparedCopy& copy) {
-            hasClashes = std::ranges::any_of(copy.parts.front().check.items, [](const auto& one) {
-                return one.existing.has_value();
-            });
-            browser_.copies().start(copy, {});
-        });
-    settleCopies();
-    EXPECT_FALSE(hasClashes);
-    EXPECT_TRUE(files_->has(u"/root/b (2).txt"_s));
-    EXPECT_TRUE(files_->has(u"/root/a (2)/deep"_s));
-    EXPECT_TRUE(files_->has(u"/root/b.txt"_s));
-}
-
 TEST_F(EntryChangesTest, hiddenEntriesAreCountedAndShownOnRequest) {
     EXPECT_EQ(names(), (QStringList{u"a"_s, u"b.txt"_s, u"c.txt"_s}));
     EXPECT_EQ(browser_.unfilteredCount(), 3);
@@ -199,24 +146,6 @@ TEST_F(EntryChangesTest, hiddenEntriesAreCountedAndShownOnRequest) {
     browser_.selection().select(u"/root/a"_s);
     browser_.selection().invert();
     EXPECT_EQ(browser_.selection().ids(), (QSet<QString>{u"/root/b.txt"_s, u"/root/c.txt"_s}));
-}
-
-TEST(UndoHistory, forgetsTheOldestAndKeepsConnectionsApart) {
-    UndoHistory history;
-    const auto step = [](const char* identity, const QString& now) {
-        return UndoStep{UndoStep::Kind::rename, QString::fromUtf8(identity), {{u"/a"_s, now}}};
-    };
-    history.record({UndoStep::Kind::move, u"one"_s, {}});
-    EXPECT_FALSE(history.newestOf(u"one"_s)) << "nothing was changed";
-    history.record(step("one", u"/first"_s));
-    history.record(step("two", u"/second"_s));
-    EXPECT_EQ(history.take(u"one"_s), step("one", u"/first"_s));
-    EXPECT_FALSE(history.take(u"one"_s));
-    for (std::size_t i = 0; i < UndoHistory::mostSteps; ++i)
-        history.record(step("one", QString::number(i)));
-    EXPECT_FALSE(history.newestOf(u"two"_s));
-    for (std::size_t i = UndoHistory::mostSteps; i-- > 0;)
-        EXPECT_EQ(history.take(u"one"_s), step("one", QString::number(i)));
 }
 
 } // namespace

@@ -224,20 +224,6 @@ TEST_F(SelectionTest, clicksReplaceToggleOrExtendFromTheAnchor) {
     }
 }
 
-TEST_F(SelectionTest, keysMoveAndExtendWithinTheRows) {
-    const std::tuple<int, bool, const char*> keys[] = {
-        {1, false, "a"},  {-1, false, "a"}, {1, true, "ab"},
-        {1, true, "abc"}, {-1, true, "ab"}, {1000, false, "e"},
-    };
-    for (const auto& [by, extends, letters] : keys) {
-        selection_.move(rows_, by, extends);
-        EXPECT_EQ(selected(), letters);
-    }
-    selection_.clear();
-    selection_.move(rows_, -1, false);
-    EXPECT_EQ(selected(), "e") << "going back starts at the end";
-}
-
 class TypeaheadTest : public FileBrowserRowsTest {
 protected:
     TypeaheadTest() {

@@ -3,7 +3,6 @@
 #include "support/ShownItems.h"
 
 #include <QAbstractItemModelTester>
-#include <QFileInfo>
 
 #include <gmock/gmock.h>
 
@@ -21,17 +20,6 @@ protected:
         fill("/root/a/deep", {"two.txt"});
     }
 };
-
-TEST_F(FileBrowserViewModelTest, hiddenEntriesAreNoLongerSelected) {
-    open("/root");
-    browser_.selection().selectAll();
-    browser_.setSearchText(u"photo"_s);
-    EXPECT_EQ(browser_.selection().ids(), QSet<QString>{u"/root/Photo.jpg"_s});
-    browser_.setSearchText(u"nothing like it"_s);
-    EXPECT_TRUE(shownItems(browser_).empty());
-    EXPECT_EQ(browser_.items().size(), 4U);
-    EXPECT_TRUE(browser_.selection().ids().isEmpty());
-}
 
 TEST_F(FileBrowserViewModelTest, listingThatArrivesAfterTheUserWentOnIsDropped) {
     open("/root");
@@ -64,14 +52,6 @@ TEST_F(FileBrowserViewModelTest, loadIsStoppedWhenTheUserGoesOnOrCancels) {
     EXPECT_EQ(browser_.state(), BrowserState::failed);
     EXPECT_TRUE(browser_.problem());
     ASSERT_TRUE(eventually([&] { return never.waiting() == 0; }));
-}
-
-TEST_F(FileBrowserViewModelTest, unreadableEntriesAreThoseOfTheFolderShown) {
-    files_->addUnreadable(u"/root/a/u"_s, Error(PhoneError::unreadable));
-    open("/root/a");
-    EXPECT_EQ(browser_.unreadableCount(), 1);
-    go("/root/b");
-    EXPECT_EQ(browser_.unreadableCount(), 0);
 }
 
 TEST_F(FileBrowserViewModelTest, failureKeepsTheRowsAndIsForgottenByTheReload) {
@@ -192,17 +172,6 @@ TEST_F(FileBrowserEditTest, lostDeviceEndsTheEditAndCountsTheRest) {
     EXPECT_EQ(count(Operation::removeTree, "/root/c.txt"), 0);
 }
 
-TEST_F(FileBrowserEditTest, cancelledEditLeavesTheRestAndIsNoFailure) {
-    Gate gate;
-    holdAt(gate, Operation::removeTree, "/root/b.txt");
-    browser_.deleteItems(ids({"/root/a.txt", "/root/b.txt", "/root/c.txt"}));
-    ASSERT_TRUE(eventually([&] { return gate.waiting() == 1; }));
-    browser_.cancelEdits();
-    settle();
-    EXPECT_FALSE(browser_.problem());
-    EXPECT_THAT(names(), ElementsAre(u"dir"_s, u"b.txt"_s, u"c.txt"_s, u"d.txt"_s, u"e.txt"_s));
-}
-
 TEST_F(FileBrowserEditTest, withoutAMountOnlyWholeCopiesAreDragged) {
     files_->addHostile(u"/root"_s, u"-/../x"_s, "x");
     files_->fail(Operation::read, u"/root/c.txt"_s, Error(PhoneError::unreadable, {u"c"_s}));
@@ -234,37 +203,6 @@ TEST_F(FileBrowserEditTest, withoutAMountOnlyWholeCopiesAreDragged) {
     ASSERT_TRUE(eventually([&] { return late.has_value(); }));
     ASSERT_EQ(late->notReady.size(), 1U);
     EXPECT_EQ(late->notReady.front().obstacle, Obstacle::stillCopying);
-}
-
-class FileBrowserPreviewTest : public FileBrowserFixture {
-protected:
-    FileBrowserPreviewTest() {
-        QObject::connect(&browser_, &FileBrowserViewModel::previewReady,
-                         [this](const QString& id, const QString& path) {
-                             ready_ << id;
-                             lastPath_ = path;
-                         });
-        QObject::connect(&browser_, &FileBrowserViewModel::previewFailed,
-                         [](const QString& id) { ADD_FAILURE() << id.toStdString(); });
-    }
-
-    QStringList ready_;
-    QString lastPath_;
-};
-
-TEST_F(FileBrowserPreviewTest, browserAnswersForTheLastOneAskedFor) {
-    fill("/root", {"a.jpg", "b.jpg"});
-    open("/root");
-    Gate gate;
-    holdAt(gate, Operation::read, "/root/a.jpg");
-    browser_.cacheFileForPreview(u"/root/a.jpg"_s);
-    ASSERT_TRUE(eventually([&] { return gate.waiting() == 1; }));
-    browser_.cacheFileForPreview(u"/root/b.jpg"_s);
-    ASSERT_TRUE(eventually([this] { return !ready_.isEmpty(); }));
-    ASSERT_TRUE(eventually([&] { return gate.waiting() == 0; })) << "the first was stopped";
-    turnFor(20ms);
-    EXPECT_THAT(ready_, ElementsAre(u"/root/b.jpg"_s));
-    EXPECT_TRUE(QFileInfo::exists(lastPath_));
 }
 
 } // namespace
