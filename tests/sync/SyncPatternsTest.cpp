@@ -52,15 +52,6 @@ TEST(SyncPatternsTest, rulesOfGitignore) {
     }
 }
 
-TEST(SyncPatternsTest, defaultsLeaveOutWhatSystemsStrewAbout) {
-    const SyncPatterns patterns(SyncPatterns::defaults());
-    for (const char* path :
-         {".DS_Store", "a/Thumbs.db", "a/b/desktop.ini", "DCIM/.thumbnails", ".Trash-1000"})
-        EXPECT_TRUE(patterns.excludes(QString::fromUtf8(path), false)) << path;
-    EXPECT_FALSE(patterns.excludes(u"a/Trash-1000"_s, true));
-    EXPECT_FALSE(SyncPatterns().excludes(u".DS_Store"_s, false));
-}
-
 TEST(SyncPatternsTest, hostilePatternTakesNoTime) {
     const SyncPatterns patterns(
         {QString(u"*a"_s).repeated(200) + u"b"_s, QString(u"**/a/"_s).repeated(100) + u"b"_s});
