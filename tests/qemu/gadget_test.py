@@ -2,12 +2,13 @@
 """Tests against a second foreign phone, a stricter one: umtp-responder behind Linux's own gadget
 framework. The emulated machine is phone and computer at once, joined by dummy_hcd."""
 
+import functools
 import sys
 
 import initramfs
 import kernel
 from machine import Machine
-from mtp_test import MIB, Test, check, main, perform
+from mtp_test import MIB, Failure, Test, check, main, perform
 
 EDGE_SIZES = (0, 1, 499, 500, 501, 512, 1012, 4084, 4085, 262132, 262144, 524276, 1048565)
 PHONE = "/tmp/phone"
@@ -106,12 +107,30 @@ class GadgetTest(Test):
         self.stop_phone()
         self.start_phone("still-image")
 
+    def while_it_lives(self, step):
+        """This responder now and then reads through a null pointer while a session ends and a file
+        changes at once: what a step then shows is not our doing."""
+
+        @functools.wraps(step)
+        def attempt(tries=3):
+            try:
+                return step()
+            except Failure:
+                if tries == 1 or self.machine.run("pidof umtprd").status == 0:
+                    raise
+                self.restart_phone()
+                return attempt(tries - 1)
+
+        return attempt
+
     def broken_off_upload_goes_on(self):
+        self.shell(f"rm -f {PHONE}/film {PHONE}/.tessary-part-of-*")
         self.restart_phone()
         return self.copy_twice(f"put {self.device} /tmp/film /", "/tmp/film", PHONE, FILM)
 
     def broken_off_download_goes_on(self):
-        self.shell(f"mkdir /tmp/clips; head -c {CLIP * MIB} /tmp/film >{PHONE}/clip")
+        self.shell("rm -rf /tmp/clips; mkdir /tmp/clips")
+        self.shell(f"head -c {CLIP * MIB} /tmp/film >{PHONE}/clip")
         command = f"get {self.device} /clip /tmp/clips/clip"
         return self.copy_twice(command, f"{PHONE}/clip", "/tmp/clips", CLIP)
 
@@ -152,8 +171,8 @@ def run(arguments, scratch):
             test.device_is_listed,
             test.sizes_beyond_32_bits_are_told,
             test.edge_sizes_go_there_and_back,
-            test.broken_off_download_goes_on,
-            test.broken_off_upload_goes_on,
+            test.while_it_lives(test.broken_off_download_goes_on),
+            test.while_it_lives(test.broken_off_upload_goes_on),
             test.vendor_specific_interface_is_a_phone,
         ]
 
