@@ -104,7 +104,7 @@ public:
 
     /// Bytes read into the front of `buffer`; 0 at the end of the file.
     [[nodiscard]] std::size_t read(std::span<std::byte> buffer);
-    /// Reading goes on from this offset.
+    /// Reading and writing go on from this offset.
     void seek(qint64 offset);
     /// Bytes that the device has taken. At most AFCConnection::requestLimit() at a time.
     [[nodiscard]] std::size_t write(ByteView bytes);

@@ -6,6 +6,7 @@
 #include "support/ManyBytes.h"
 #include "support/QtPrinters.h"
 
+#include <QFile>
 #include <QTimeZone>
 
 #include <gmock/gmock.h>
@@ -36,6 +37,14 @@ protected:
               "fileSeek", "setFileModTime", "removePath", "renamePath"})
             count += iphone_.count(("afc." + std::string(request)).c_str());
         return count;
+    }
+
+    [[nodiscard]] std::size_t timesOpened(const QString& name) {
+        const auto requests = iphone_.phone.log().requests();
+        return static_cast<std::size_t>(
+            std::count_if(requests.begin(), requests.end(), [&](const auto& one) {
+                return one.request == u"afc.fileOpen"_s && one.detail.endsWith(u'/' + name);
+            }));
     }
 
     IPhoneFiles iphone_;
@@ -174,6 +183,111 @@ TEST_F(AFCContentTest, aCopyThatThePhoneKeptOnlyInPartIsAnError) {
               }),
               "wrongSize (/up, 4, 5)");
     EXPECT_EQ(iphone_.names(u"/"_s), QStringList());
+}
+
+TEST_F(AFCContentTest, othersUseThePhoneWhileALargeFileCrosses) {
+    const QByteArray content = manyBytes(3 * mebibyte);
+    const auto inTurn = [&](const std::function<void()>& work) {
+        const PhoneQueue::Turn turn = iphone_.queue->take({});
+        work();
+    };
+    const char* none = "nothing was thrown";
+    const struct {
+        const char* name;
+        std::function<void(const QString& file)> meanwhile;
+        std::string error;
+    } rows[] = {
+        {"a listing", [&](const QString&) { EXPECT_EQ(iphone_.names(u"/"_s).size(), 2); }, none},
+        {"a file is read", [&](const QString&) { (void)iphone_.get(u"/small"_s); }, none},
+        {"a file is written",
+         [&](const QString&) {
+             iphone_.put({u"/"_s, u"new"_s, 3, {}}, "new");
+         },
+         none},
+        {"what is written fails",
+         [&](const QString&) {
+             const ByteSource broken = [](std::span<std::byte>) -> std::size_t {
+                 throw Error(PhoneError::refused);
+             };
+             EXPECT_EQ(errorOf([&] {
+                           files_.write({u"/"_s, u"n"_s, 1, {}}, broken, {}, {});
+                       }),
+                       "refused");
+         },
+         none},
+        {"the link is lost",
+         [&](const QString&) {
+             iphone_.faults([](VirtualIPhoneFaults& faults) {
+                 faults.requestFault = {u"afc.readDir"_s, 1, false, VirtualCut::close};
+             });
+             (void)iphone_.names(u"/"_s);
+         },
+         none},
+        {"it is cut short",
+         [&](const QString& file) { inTurn([&] { iphone_.write(file, "short"); }); },
+         "changed (/large)"},
+        {"it is removed",
+         [&](const QString& file) {
+             inTurn([&] { QFile::remove(iphone_.disk.path(iphone_.inDocuments(file))); });
+         },
+         "notFound (/large)"},
+    };
+    const QString large = u"large"_s;
+    for (const auto& row : rows)
+        for (const bool isUpload : {false, true}) {
+            SCOPED_TRACE(std::string(row.name) + (isUpload ? " up" : " down"));
+            for (const QString& left : iphone_.disk.names(iphone_.inDocuments({})))
+                QFile::remove(iphone_.disk.path(iphone_.inDocuments(left)));
+            iphone_.faults([](VirtualIPhoneFaults& faults) { faults = {}; });
+            iphone_.write(u"small"_s, "small");
+            if (!isUpload)
+                iphone_.write(large, content);
+            const FileItem seen = isUpload ? FileItem() : iphone_.item(u"/large"_s);
+            iphone_.faults([](VirtualIPhoneFaults& faults) { faults.megabytesPerSecond = 10; });
+            const std::size_t opened = timesOpened(large);
+            std::jthread other;
+            QByteArray arrived;
+            const auto meet = [&] {
+                if (arrived.size() < mebibyte || other.joinable())
+                    return;
+                other = std::jthread([&] { row.meanwhile(large); });
+                while (iphone_.queue->waitingCount() == 0)
+                    std::this_thread::yield();
+            };
+            const Call call{{}, Urgency::copy};
+            const std::string error = errorOf([&] {
+                if (isUpload) {
+                    iphone_.files.write(
+                        {u"/"_s, large, content.size(), {}},
+                        [&](std::span<std::byte> room) {
+                            const auto piece =
+                                content.mid(arrived.size(), static_cast<qsizetype>(room.size()));
+                            std::copy_n(piece.constData(), piece.size(),
+                                        reinterpret_cast<char*>(room.data()));
+                            arrived += piece;
+                            meet();
+                            return static_cast<std::size_t>(piece.size());
+                        },
+                        {}, call);
+                    return;
+                }
+                iphone_.files.read(
+                    seen, {},
+                    [&](ByteView bytes) {
+                        arrived.append(reinterpret_cast<const char*>(bytes.data()),
+                                       static_cast<qsizetype>(bytes.size()));
+                        meet();
+                    },
+                    call);
+            });
+            other.join();
+            EXPECT_EQ(error, row.error);
+            if (row.error != none)
+                continue;
+            EXPECT_EQ(timesOpened(large), opened + 2);
+            EXPECT_TRUE(iphone_.read(large) == content);
+            EXPECT_TRUE(arrived == content);
+        }
 }
 
 TEST_F(AFCContentTest, onASlowLinkACancelIsHeardWithinASecondAndNoPartStays) {

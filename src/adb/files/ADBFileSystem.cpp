@@ -6,7 +6,7 @@
 #include "adb/files/ADBSmallFiles.h"
 #include "base/log/DiagnosticsLogger.h"
 #include "base/text/PathNames.h"
-#include "base/threads/CancellationError.h"
+#include "phone/PassingTurn.h"
 
 #include <algorithm>
 
@@ -50,35 +50,12 @@ private:
     const ByteSink& sink_;
 };
 
+void letOthersIn(PassingTurn& turn) {
+    if (turn.isDue())
+        turn.pass();
+}
+
 } // namespace
-
-/// A turn that a long copy passes to those who wait, between two pieces of a file.
-class ADBFileSystem::PassingTurn {
-public:
-    PassingTurn(PhoneQueue& queue, const Call& call)
-        : queue_(queue), call_(call), turn_(queue.take(call)) {}
-
-    /// Has a turn again when it returns or throws, which is CancellationError alone.
-    void letOthersIn() {
-        constexpr std::chrono::milliseconds least(50); // for one's own work
-        if (call_.urgency != Urgency::copy || Clock::now() - since_ < least ||
-            queue_.waitingCount() == 0)
-            return;
-        turn_.reset();
-        turn_.emplace(
-            queue_.take({{}, call_.urgency})); // what is cancelled is cleaned up in a turn
-        since_ = Clock::now();
-        throwIfStopped(call_.stop);
-    }
-
-private:
-    using Clock = std::chrono::steady_clock;
-
-    PhoneQueue& queue_;
-    const Call& call_;
-    std::optional<PhoneQueue::Turn> turn_;
-    Clock::time_point since_ = Clock::now();
-};
 
 ADBFileSystem::ADBFileSystem(PhoneIdentity phone, std::shared_ptr<PhoneQueue> queue,
                              std::shared_ptr<ADBConnection> connection)
@@ -203,7 +180,7 @@ qint64 ADBFileSystem::read(const FileItem& file, ByteRange range, const ByteSink
         if (!isPart || !shell.isExact()) {
             const auto takeInTurns = [&](ByteView bytes) {
                 const bool wantsMore = take(bytes);
-                turn.letOthersIn();
+                letOthersIn(turn);
                 return wantsMore;
             };
             session_.apart(call.stop, true, [&](ADBSyncClient& sync) {
@@ -238,7 +215,7 @@ FileItem ADBFileSystem::write(const NewFile& file, const ByteSource& content,
         const auto progressInTurns = [&](qint64 done) {
             if (progress)
                 progress(done);
-            turn.letOthersIn();
+            letOthersIn(turn);
         };
         return ADBEdits(session_, call.stop).write(there, content, progressInTurns);
     });

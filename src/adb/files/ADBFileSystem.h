@@ -61,8 +61,6 @@ public:
     [[nodiscard]] QStringList programsHolding() override;
 
 private:
-    class PassingTurn;
-
     [[nodiscard]] QString enteredPath(const QString& path, const Call& call);
     [[nodiscard]] FileItem editable(const FileItem& item) const;
     template <typename Work>

@@ -3,9 +3,11 @@
 #include "base/log/DiagnosticsLogger.h"
 #include "base/text/PathNames.h"
 #include "ios/AFCStatus.h"
-#include "ios/files/AFCContent.h"
+#include "ios/files/AFCFileReader.h"
+#include "ios/files/AFCFileWriter.h"
 #include "ios/files/AFCListing.h"
 #include "ios/files/AFCSteps.h"
+#include "phone/PassingTurn.h"
 #include "phone/TreeLimits.h"
 
 #include <algorithm>
@@ -17,7 +19,6 @@ namespace {
 using Opened = AFCSession::Opened;
 
 constexpr QLatin1Char slash('/');
-/// Deeper trees are a phone's mistake: paths of a real one are far shorter.
 
 /// A path whose components a phone can have; any other leads nowhere.
 void requirePath(const QString& path) {
@@ -93,13 +94,18 @@ QString AFCFileSystem::canonicalPath(const QString& path) const {
 
 PhoneQueue::Turn AFCFileSystem::takeTurn(const Call& call) {
     PhoneQueue::Turn turn = queue_->take(call);
-    if (!std::exchange(closesWhenIdle_, true))
-        queue_->closeWhenIdle(this, [this] {
-            session_.close();
-            if (second_)
-                second_->close();
-        });
+    closeWhenIdle();
     return turn;
+}
+
+void AFCFileSystem::closeWhenIdle() {
+    if (std::exchange(closesWhenIdle_, true))
+        return;
+    queue_->closeWhenIdle(this, [this] {
+        session_.close();
+        if (second_)
+            second_->close();
+    });
 }
 
 FileSystemCapabilities AFCFileSystem::capabilities(const Call&) {
@@ -107,6 +113,7 @@ FileSystemCapabilities AFCFileSystem::capabilities(const Call&) {
     can.renamesOntoTaken = renamesOntoTaken_;
     can.setsDates = true;
     can.readsRanges = true;
+    can.appends = true;
     can.dateStep = std::chrono::milliseconds(1);
     return can;
 }
@@ -160,9 +167,13 @@ qint64 AFCFileSystem::read(const FileItem& file, ByteRange range, const ByteSink
                            const Call& call) {
     const QString path = canonicalPath(file.path);
     requireItem(path);
-    const PhoneQueue::Turn turn = takeTurn(call);
+    AFCFileReader reader(session_, path, file, range, sink, call.stop);
+    PassingTurn turn(*queue_, call);
+    closeWhenIdle();
     try {
-        return readContent(session_, path, file.size, range, sink, call.stop);
+        while (reader.step([&turn] { return turn.isDue(); }))
+            turn.pass();
+        return reader.received();
     } catch (...) {
         session_.abandon();
         // Opening shows it, too, without a request of its own.
@@ -176,17 +187,30 @@ FileItem AFCFileSystem::write(const NewFile& file, const ByteSource& content,
     requirePath(folder);
     if (!nameRules(folder, call).accepts(file.name))
         throw Error(PhoneError::nameNotAllowed, {file.name});
-    const QString path = joinPath(folder, file.name);
-    const PhoneQueue::Turn turn = takeTurn(call);
+    return send(AFCFileWriter(session_, joinPath(folder, file.name), file, std::nullopt, content,
+                              progress, call.stop),
+                call);
+}
+
+FileItem AFCFileSystem::append(const FileItem& begun, qint64 keptBytes, const NewFile& whole,
+                               const ByteSource& content, const ByteProgress& progress,
+                               const Call& call) {
+    const QString path = canonicalPath(begun.path);
+    requireItem(path);
+    return send(AFCFileWriter(session_, path, whole, keptBytes, content, progress, call.stop),
+                call);
+}
+
+FileItem AFCFileSystem::send(AFCFileWriter writer, const Call& call) {
+    PassingTurn turn(*queue_, call);
+    closeWhenIdle();
     const Edit edit(*queue_);
     try {
-        session_.begin([path](Opened& opened) { create(opened, path); }, call.stop);
-        const qint64 sent = sendContent(session_, content, progress, call.stop);
-        return session_.step([path, sent, date = file.modified](
-                                 Opened& opened) { return finish(opened, path, sent, date); },
-                             call.stop);
+        while (writer.step([&turn] { return turn.isDue(); }))
+            turn.pass();
+        return writer.made();
     } catch (...) {
-        session_.abandon();
+        writer.abandon();
         throw;
     }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ios/files/AFCFileWriter.h"
 #include "ios/files/AFCSession.h"
 #include "phone/PhoneFileSystem.h"
 #include "phone/PhoneQueue.h"
@@ -43,6 +44,9 @@ public:
                 const Call& call) override;
     FileItem write(const NewFile& file, const ByteSource& content, const ByteProgress& progress,
                    const Call& call) override;
+    FileItem append(const FileItem& begun, qint64 keptBytes, const NewFile& whole,
+                    const ByteSource& content, const ByteProgress& progress,
+                    const Call& call) override;
     FileItem makeFolder(const QString& parent, const QString& name, const Call& call) override;
     void remove(const FileItem& item, const Call& call) override;
     /// One request a file; a folder is listed only where it holds something.
@@ -57,6 +61,8 @@ public:
 
 private:
     [[nodiscard]] PhoneQueue::Turn takeTurn(const Call& call);
+    void closeWhenIdle();
+    FileItem send(AFCFileWriter writer, const Call& call);
     [[nodiscard]] AFCSession* helperOfLongListings(const std::stop_token& stop);
     void removeBelow(const QString& path, int depth, const Call& call);
     FileItem renameTo(const FileItem& item, const QString& target, TakenName taken,

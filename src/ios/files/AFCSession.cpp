@@ -16,15 +16,14 @@ AFCSession::~AFCSession() {
     close();
 }
 
-void AFCSession::abandon() {
-    queue_.post([slot = slot_] {
+void AFCSession::abandon(const Unfinished& unfinished) {
+    queue_.post([slot = slot_, unfinished] {
         Opened& opened = slot->opened;
         opened.file.reset();
-        const QString made = std::exchange(opened.made, QString());
-        if (made.isEmpty() || !slot->isUsable())
+        if (!unfinished || unfinished->isEmpty() || !slot->isUsable())
             return;
         try {
-            opened.link->removePath(made);
+            opened.link->removePath(*unfinished);
         } catch (const Error&) {
             // A later visit removes it.
         }
@@ -88,7 +87,6 @@ bool AFCSession::Slot::mayTryAgain(bool wasOpen) const {
 void AFCSession::Slot::close() {
     opened.file.reset();
     opened.link.reset();
-    opened.made.clear();
     opened.finished.reset();
     opened.finishedBefore.reset();
 }

@@ -31,8 +31,6 @@ public:
         /// look at it again.
         std::optional<FileItem> finished;
         std::optional<FileItem> finishedBefore;
-        /// The device's path of a file that is not whole yet; empty when there is none.
-        QString made;
     };
 
     /// Opens nothing yet. An empty `bundleId` means the media folder.
@@ -83,9 +81,12 @@ public:
         }
     }
 
-    /// Ends the action that is under way: closes its file, and removes what it has made and not
-    /// finished, while the link lasts. Comes after all steps; nobody waits for it.
-    void abandon();
+    /// What an action has made and not finished: the device's path of it, empty when there is
+    /// nothing. Touched by work only.
+    using Unfinished = std::shared_ptr<QString>;
+    /// Ends the action that is under way: closes its file, and removes what is unfinished, while
+    /// the link lasts. Comes after all steps; nobody waits for it.
+    void abandon(const Unfinished& unfinished = {});
     /// Closes the connection, in its turn; nobody waits for it.
     void close();
 

@@ -1,8 +1,8 @@
 #include "ios/files/AFCSteps.h"
 
-#include "base/local/PartFile.h"
 #include "base/text/PathNames.h"
 #include "ios/AFCStatus.h"
+#include "phone/PartNames.h"
 
 namespace tessary {
 
@@ -119,20 +119,34 @@ std::vector<AFCRow> rowsOf(const Opened& opened, const QString& folder,
 
 void create(Opened& opened, const QString& path) {
     // Nobody else has these names, and each is used once.
-    if (!lastComponent(path).startsWith(PartFile::namePrefix))
+    const auto part = partNameOf(lastComponent(path), {});
+    if (!part || part->kind != PartName::Kind::arriving)
         requireFree(opened, path);
     AFCLink& link = *opened.link;
-    opened.file = link.openFile(link.inContainer(path), AFCLink::Mode::write);
-    opened.made = link.inContainer(path);
+    opened.file = link.openFile(link.inContainer(path), AFCFileMode::create);
 }
 
-FileItem finish(Opened& opened, const QString& path, qint64 sent,
-                const std::optional<QDateTime>& date) {
+void goOn(Opened& opened, const QString& path, qint64 offset) {
+    const FileItem now = itemFrom(path, infoAt(opened, path));
+    if (now.isDirectory || now.size < offset)
+        throw Error(PhoneError::changed, {path});
+    AFCLink& link = *opened.link;
+    opened.file = link.openFile(link.inContainer(path), AFCFileMode::change);
+    if (offset > 0)
+        opened.file->seek(offset);
+}
+
+void closeFile(Opened& opened) {
     opened.file->close();
     opened.file.reset();
+}
+
+FileItem finish(Opened& opened, const QString& path, qint64 size,
+                const std::optional<QDateTime>& date) {
+    closeFile(opened);
     try {
         if (date)
-            opened.link->setModifiedDate(opened.made, *date);
+            opened.link->setModifiedDate(opened.link->inContainer(path), *date);
     } catch (const Error&) {
         // A copy is whole without its date. A lost link shows at the next request.
     }
@@ -140,9 +154,8 @@ FileItem finish(Opened& opened, const QString& path, qint64 sent,
     if (!info)
         throw Error(PhoneError::notDone, {path});
     FileItem item = itemFrom(path, info);
-    if (item.isDirectory || item.size != sent)
-        throw Error(PhoneError::wrongSize, {path, item.size, sent});
-    opened.made.clear();
+    if (item.isDirectory || item.size != size)
+        throw Error(PhoneError::wrongSize, {path, item.size, size});
     opened.finished = item;
     return item;
 }

@@ -38,11 +38,15 @@ void requireFree(const AFCSession::Opened& opened, const QString& path);
 /// Removes a file or an empty folder; PhoneError::folderNotEmpty for any other.
 void removeOne(const AFCSession::Opened& opened, const QString& path);
 
-/// Makes the file that is going to be sent.
+/// Makes the file that is going to be sent, and opens it.
 void create(AFCSession::Opened& opened, const QString& path);
-/// Closes it, dates it and looks at what has become of it: PhoneError::wrongSize unless it has all
-/// bytes that were `sent`.
-[[nodiscard]] FileItem finish(AFCSession::Opened& opened, const QString& path, qint64 sent,
+/// Opens one to go on with behind its first bytes: PhoneError::changed when they are not there.
+void goOn(AFCSession::Opened& opened, const QString& path, qint64 offset);
+/// Closes the file that is open, whose answer is the proof that what came before came whole.
+void closeFile(AFCSession::Opened& opened);
+/// Closes it, dates it and looks at what has become of it: PhoneError::wrongSize unless it has so
+/// many bytes.
+[[nodiscard]] FileItem finish(AFCSession::Opened& opened, const QString& path, qint64 size,
                               const std::optional<QDateTime>& date);
 
 } // namespace tessary

@@ -81,9 +81,9 @@ void AFCLink::setModifiedDate(const QString& path, const QDateTime& date) {
     request(HelperOperation::setDate, path, date.toMSecsSinceEpoch());
 }
 
-std::unique_ptr<AFCLinkFile> AFCLink::openFile(const QString& path, Mode mode) {
-    hasTouched_ = hasTouched_ || mode == Mode::write;
-    request(HelperOperation::openFile, path, mode == Mode::write);
+std::unique_ptr<AFCLinkFile> AFCLink::openFile(const QString& path, AFCFileMode mode) {
+    hasTouched_ = hasTouched_ || mode != AFCFileMode::read;
+    request(HelperOperation::openFile, path, static_cast<quint8>(mode));
     return std::make_unique<AFCLinkFile>(*this);
 }
 

@@ -21,8 +21,6 @@ class AFCLinkFile;
 /// workingRootPath(), over the device's AFCStatus. Once the link has failed every call fails.
 class AFCLink {
 public:
-    enum class Mode { read, write };
-
     /// Starts the helper and opens the container of `bundleId`; an empty one means the media
     /// folder. Errors as lockdown's and house arrest's; CancellationError when `stop` asks
     /// meanwhile.
@@ -75,7 +73,7 @@ public:
     void renamePath(const QString& from, const QString& to);
     void setModifiedDate(const QString& path, const QDateTime& date);
     /// One file is open at a time. It must not outlive the link.
-    [[nodiscard]] std::unique_ptr<AFCLinkFile> openFile(const QString& path, Mode mode);
+    [[nodiscard]] std::unique_ptr<AFCLinkFile> openFile(const QString& path, AFCFileMode mode);
     /// Bytes that are free on the device; no value when it does not tell.
     [[nodiscard]] std::optional<std::uint64_t> freeBytes();
     [[nodiscard]] IPhoneFacts facts();
@@ -113,7 +111,7 @@ public:
     [[nodiscard]] std::size_t read(std::span<std::byte> buffer);
     /// Bytes that the device has taken of a part of AFCLink::content().
     [[nodiscard]] std::size_t write(ByteView bytes);
-    /// Reading goes on from this offset.
+    /// Reading and writing go on from this offset.
     void seek(qint64 offset);
     /// Throws what the device says when the file is closed. Nothing once it is closed.
     void close();

@@ -22,7 +22,7 @@ namespace tessary {
 
 /// Raised with each change of what follows: an update may exchange the helper under a program that
 /// runs.
-inline constexpr int helperVersion = 3;
+inline constexpr int helperVersion = 4;
 
 /// Arguments and results stand behind each.
 enum class HelperOperation : std::uint8_t {
@@ -37,11 +37,18 @@ enum class HelperOperation : std::uint8_t {
     rename,     ///< two paths; nothing
     setDate,    ///< path, milliseconds since 1970; nothing
     freeBytes,  ///< nothing; a number, or none
-    openFile,   ///< path, whether to write; nothing. One file is open at a time
+    openFile,   ///< path, AFCFileMode; nothing. One file is open at a time
     closeFile,  ///< nothing; nothing
     read,       ///< offset in the shared memory, most bytes; bytes
     write,      ///< offset in the shared memory, bytes; bytes that were taken
     seek,       ///< offset in the file; nothing
+};
+
+/// What a file is opened for.
+enum class AFCFileMode : std::uint8_t {
+    read,
+    create, ///< it is made, or emptied
+    change, ///< what it holds stays
 };
 
 /// What is told of one of several paths: its facts, none when nothing is there, or an error.

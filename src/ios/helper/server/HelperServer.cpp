@@ -20,6 +20,18 @@ Error nothingOpen() {
                  Error(IPhoneError::helper, {QStringLiteral("nothing is open")}));
 }
 
+std::optional<afc_file_mode_t> modeOf(quint8 mode) {
+    switch (static_cast<AFCFileMode>(mode)) {
+    case AFCFileMode::read:
+        return AFC_FOPEN_RDONLY;
+    case AFCFileMode::create:
+        return AFC_FOPEN_WR;
+    case AFCFileMode::change:
+        return AFC_FOPEN_RW;
+    }
+    return std::nullopt;
+}
+
 template <typename... Values>
 bool read(QDataStream& stream, Values&... values) {
     (stream >> ... >> values);
@@ -120,7 +132,6 @@ bool HelperServer::carryOut(HelperOperation operation, QDataStream& arguments,
     QString path;
     QString target;
     qint64 number = 0;
-    bool writes = false;
     switch (operation) {
     case HelperOperation::facts:
         result << lockdown().facts();
@@ -176,13 +187,17 @@ bool HelperServer::carryOut(HelperOperation operation, QDataStream& arguments,
         connection().setModifiedDate(path,
                                      QDateTime::fromMSecsSinceEpoch(number, QTimeZone::utc()));
         break;
-    case HelperOperation::openFile:
-        if (!read(arguments, path, writes))
+    case HelperOperation::openFile: {
+        quint8 wanted = 0;
+        if (!read(arguments, path, wanted))
+            return false;
+        const auto mode = modeOf(wanted);
+        if (!mode)
             return false;
         file_.reset(); // closed before the next one is opened
-        file_ =
-            std::make_unique<AFCFile>(connection(), path, writes ? AFC_FOPEN_WR : AFC_FOPEN_RDONLY);
+        file_ = std::make_unique<AFCFile>(connection(), path, *mode);
         break;
+    }
     case HelperOperation::closeFile: {
         const auto closing = std::move(file_);
         if (!closing)
