@@ -1,7 +1,6 @@
 #include "simulator/adbd/ADBDCommands.h"
 
 #include "base/local/FileHandle.h"
-#include "simulator/adbd/ADBDListing.h"
 
 #include <QCryptographicHash>
 #include <QDateTime>

@@ -18,7 +18,7 @@ struct ADBDShellResult {
 
 /// Runs one command of a virtual phone, by its words: ls, stat, mkdir, rm, rmdir, mv, find, dd,
 /// sha256sum, touch, sm, dumpsys battery, getprop and echo, each exactly in the forms that are
-/// asked of real phones. No value for any other. Starts no program.
+/// asked of real phones. No value for any other. Starts no program. See ADBDInput, too.
 [[nodiscard]] std::optional<ADBDShellResult> runADBDCommand(ADBDState& state,
                                                             const std::vector<std::string>& words);
 

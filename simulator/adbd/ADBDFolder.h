@@ -3,6 +3,7 @@
 #include <dirent.h>
 #include <sys/stat.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -17,6 +18,10 @@ struct ADBDEntry {
     struct stat status = {};
     std::string target; ///< of a link
 };
+
+/// An entry's line of `ls -la` as current phones print it, with its line break, in local time.
+/// `sizeLie` is added to the size.
+[[nodiscard]] std::string adbdListingLine(const ADBDEntry& entry, std::int64_t sizeLie);
 
 /// A folder of a virtual adbd whose entries are read one by one, in the disk's order.
 class ADBDFolder {

@@ -38,6 +38,10 @@ public:
     [[nodiscard]] virtual bool isReadOnly() {
         return false;
     }
+    /// How many of the next `bytes` of a file's content, behind the first `at`, have room.
+    [[nodiscard]] virtual std::size_t roomFor(std::uint64_t /*at*/, std::size_t bytes) {
+        return bytes;
+    }
     /// Added to each size that the phone tells.
     [[nodiscard]] virtual std::int64_t sizeLie() {
         return 0;

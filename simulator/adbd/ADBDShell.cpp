@@ -129,24 +129,38 @@ ADBDShell::ADBDShell(ADBDState& state, const std::string& line, bool isVersion2)
     if (isInteractive_)
         return;
     const int status = runLine(line);
-    if (isVersion2)
+    if (isVersion2 && !input_)
         appendStatus(status);
 }
 
-/// Runs a line and keeps its output.
+/// Runs a line and keeps its output, or begins the command that reads.
 int ADBDShell::runLine(const std::string& line) {
     const QByteArray command = QByteArray::fromStdString(line);
     state_.hooks->requestAsked(command);
     ADBDShellResult result;
-    if (const auto rewritten = state_.hooks->rewrite(command))
+    if (const auto rewritten = state_.hooks->rewrite(command)) {
         result.output = rewritten->toStdString();
-    else
+    } else {
+        const auto commands = parseADBDCommandLine(line);
+        if (commands && commands->size() == 1 && isVersion2_ && !isInteractive_)
+            input_ = ADBDInput::of(state_, commands->front().words);
+        if (input_) {
+            if (input_->hasFailed())
+                endInput();
+            return 0;
+        }
         result = runADBDCommandLine(state_, line, !isVersion2_);
+    }
+    appendResult(result);
+    return result.status;
+}
+
+void ADBDShell::appendResult(const ADBDShellResult& result) {
     if (!isVersion2_) {
         const std::string text = result.output + result.errors;
         const auto* data = reinterpret_cast<const std::byte*>(text.data());
         output_.insert(output_.end(), data, data + text.size());
-        return result.status;
+        return;
     }
     constexpr std::uint8_t standardOutput = 1;
     constexpr std::uint8_t standardError = 2;
@@ -155,7 +169,6 @@ int ADBDShell::runLine(const std::string& line) {
         appendPacket(output_, standardOutput, std::string_view(result.output).substr(at, piece));
     if (!result.errors.empty())
         appendPacket(output_, standardError, result.errors);
-    return result.status;
 }
 
 void ADBDShell::appendStatus(int status) {
@@ -164,22 +177,24 @@ void ADBDShell::appendStatus(int status) {
     appendPacket(output_, exitStatus, {&byte, 1});
 }
 
-/// Packets of the host: lines on standard input (0), or its end (3).
+/// Packets of the host: its standard input (0), or the end of that (4).
 void ADBDShell::receive(ByteView bytes) {
     constexpr std::size_t frontSize = 5;
     constexpr std::size_t longestLine = 64 * 1024;
-    if (!isInteractive_ || isOver_)
+    if ((!isInteractive_ && !input_) || isOver_)
         return;
     in_.insert(in_.end(), bytes.begin(), bytes.end());
-    while (in_.size() >= frontSize) {
-        const std::size_t length = readLittleEndian<std::uint32_t>(in_, 1);
-        if (in_.size() < frontSize + length)
+    std::size_t taken = 0;
+    while (in_.size() - taken >= frontSize) {
+        const std::size_t length = readLittleEndian<std::uint32_t>(in_, taken + 1);
+        if (in_.size() - taken < frontSize + length)
             break;
-        if (in_[0] == std::byte{0})
-            line_.append(reinterpret_cast<const char*>(in_.data()) + frontSize, length);
-        isOver_ = isOver_ || in_[0] == std::byte{3};
-        in_.erase(in_.begin(), in_.begin() + static_cast<std::ptrdiff_t>(frontSize + length));
+        takeInput(in_[taken], ByteView(in_).subspan(taken + frontSize, length));
+        taken += frontSize + length;
     }
+    in_.erase(in_.begin(), in_.begin() + static_cast<std::ptrdiff_t>(taken));
+    if (!isInteractive_)
+        return;
     for (std::size_t end = 0; (end = endOfLine(line_)) != std::string::npos;) {
         lastStatus_ = runLine(line_.substr(0, end));
         line_.erase(0, end + 1);
@@ -187,6 +202,30 @@ void ADBDShell::receive(ByteView bytes) {
     isOver_ = isOver_ || line_.size() > longestLine;
     if (isOver_)
         appendStatus(lastStatus_);
+}
+
+void ADBDShell::takeInput(std::byte kind, ByteView content) {
+    constexpr std::byte standardInput{0};
+    constexpr std::byte endOfInput{4};
+    if (isOver_ || (kind != standardInput && kind != endOfInput))
+        return;
+    const bool isEnd = kind == endOfInput;
+    if (input_) {
+        if (!isEnd)
+            input_->take(content);
+        if (isEnd || input_->hasFailed())
+            endInput();
+    } else if (isEnd) {
+        isOver_ = true;
+    } else {
+        line_.append(reinterpret_cast<const char*>(content.data()), content.size());
+    }
+}
+
+void ADBDShell::endInput() {
+    appendResult(input_->result());
+    appendStatus(input_->result().status);
+    isOver_ = true;
 }
 
 Bytes ADBDShell::produce(std::size_t most) {
@@ -202,7 +241,7 @@ Bytes ADBDShell::produce(std::size_t most) {
 }
 
 bool ADBDShell::isOver() const {
-    return output_.empty() && (!isInteractive_ || isOver_);
+    return output_.empty() && ((!isInteractive_ && !input_) || isOver_);
 }
 
 } // namespace tessary

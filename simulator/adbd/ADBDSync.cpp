@@ -298,6 +298,7 @@ void ADBDSync::beginPush(const std::string& pathAndMode) {
     if (!pushed_.isOpen())
         return fail(std::string("couldn't create file: ") + std::strerror(errno));
     pushedPath_ = *local;
+    pushedBytes_ = 0;
 }
 
 /// DATA with a length, whose bytes follow, or DONE with the time.
@@ -317,11 +318,13 @@ void ADBDSync::takePushRecord(ByteView bytes) {
 void ADBDSync::writePushed(ByteView bytes) {
     slowDown(bytes.size());
     while (pushed_.isOpen() && !bytes.empty()) {
-        const ssize_t count = ::write(pushed_.get(), bytes.data(), bytes.size());
-        if (count < 0) {
+        const std::size_t room = state_.hooks->roomFor(pushedBytes_, bytes.size());
+        const ssize_t count = ::write(pushed_.get(), bytes.data(), room);
+        if (count <= 0) {
             pushed_.close();
             return fail("write failed: No space left on device");
         }
+        pushedBytes_ += static_cast<std::uint64_t>(count);
         bytes = bytes.subspan(static_cast<std::size_t>(count));
     }
 }

@@ -60,8 +60,9 @@ private:
     bool listsNew_ = false; ///< in records of the second version
 
     bool isPushing_ = false;
-    FileHandle pushed_;         ///< closed after a failure: what still comes is thrown away
-    std::string pushedPath_;    ///< on this machine; empty when nothing has to be removed
+    FileHandle pushed_;      ///< closed after a failure: what still comes is thrown away
+    std::string pushedPath_; ///< on this machine; empty when nothing has to be removed
+    std::uint64_t pushedBytes_ = 0;
     std::size_t chunkLeft_ = 0; ///< bytes of the DATA record under way
 };
 

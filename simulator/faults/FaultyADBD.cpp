@@ -2,6 +2,8 @@
 
 #include "simulator/adbd/ADBDHooks.h"
 
+#include <algorithm>
+
 namespace tessary {
 
 class FaultyADBD::Hooks final : public ADBDHooks {
@@ -41,6 +43,10 @@ public:
 
     bool isReadOnly() override {
         return faults.update([](const ADBDFaults& now) { return now.readOnly; });
+    }
+    std::size_t roomFor(std::uint64_t at, std::size_t bytes) override {
+        const auto limit = faults.update([](const ADBDFaults& now) { return now.storeFullAfter; });
+        return limit ? std::min<std::size_t>(bytes, *limit - std::min(*limit, at)) : bytes;
     }
     std::int64_t sizeLie() override {
         return faults.update([](const ADBDFaults& now) { return now.sizeLie; });

@@ -14,6 +14,8 @@ struct ADBDFaults {
     /// since it was set. Happens once.
     std::optional<std::uint64_t> dropAfter;
     bool readOnly = false;
+    /// There is no room for what would make a file longer than this.
+    std::optional<std::uint64_t> storeFullAfter;
     /// Added to each size that the phone tells.
     std::int64_t sizeLie = 0;
     double megabytesPerSecond = 0; ///< of 10^6 bytes, for contents of files; 0 for no limit

@@ -12,8 +12,17 @@
 
 namespace tessary {
 
+/// A virtual phone, whose cable can come out.
+class PhoneSide : public FolderSide {
+public:
+    using FolderSide::FolderSide;
+
+    virtual void unplug() = 0;
+    virtual void plugIn() = 0;
+};
+
 /// A virtual phone over MTP.
-class MTPSide final : public FolderSide {
+class MTPSide final : public PhoneSide {
 public:
     explicit MTPSide(const char* serial) : MTPSide(std::make_unique<Phone>(serial)) {}
 
@@ -24,10 +33,10 @@ public:
         return QStringLiteral("/side");
     }
 
-    void unplug() {
+    void unplug() override {
         phone_->plugged.android.unplug();
     }
-    void plugIn() {
+    void plugIn() override {
         ASSERT_NE(phone_->plugged.android.plugInto(phone_->bus), 0U);
     }
 
@@ -40,14 +49,14 @@ private:
     };
 
     explicit MTPSide(std::unique_ptr<Phone> phone)
-        : FolderSide(phone->plugged.disk, QStringLiteral("0/side")), phone_(std::move(phone)) {}
+        : PhoneSide(phone->plugged.disk, QStringLiteral("0/side")), phone_(std::move(phone)) {}
 
     const std::unique_ptr<Phone> phone_;
     const std::shared_ptr<MTPFileSystem> files_ = std::make_shared<MTPFileSystem>(
         phone_->bus, identityOf(phone_->plugged.info), std::make_shared<PhoneQueue>());
 };
 
-inline std::unique_ptr<CopyEnd> overMTP() {
+inline std::unique_ptr<PhoneSide> overMTP() {
     return std::make_unique<MTPSide>("MTPSIDE1");
 }
 inline std::unique_ptr<CopyEnd> overMTPToAnother() {
@@ -61,7 +70,7 @@ inline QString nextFolder() {
 }
 
 /// A virtual phone by the real adb server.
-class ADBSide final : public FolderSide {
+class ADBSide final : public PhoneSide {
 public:
     ADBSide() : ADBSide(nextFolder()) {}
 
@@ -70,6 +79,12 @@ public:
     }
     [[nodiscard]] QString root() const override {
         return QStringLiteral("/sdcard/") + folder_;
+    }
+    void unplug() override {
+        phone().cut();
+    }
+    void plugIn() override {
+        phone().comeBack();
     }
 
 private:
@@ -85,6 +100,12 @@ private:
                 std::make_shared<ADBServerConnection>(std::make_shared<ADBServerClient>(address),
                                                       ADBPhoneSought{serial(), {}}));
         }
+        void cut() {
+            adbd_->cut();
+        }
+        void comeBack() {
+            ASSERT_TRUE(reaches(QStringLiteral("device")));
+        }
         using ADBPhone::disk_;
         std::shared_ptr<ADBFileSystem> files;
     };
@@ -94,14 +115,14 @@ private:
     }
 
     explicit ADBSide(const QString& folder)
-        : FolderSide(phone().disk_, QStringLiteral("phone/") + folder), folder_(folder) {}
+        : PhoneSide(phone().disk_, QStringLiteral("phone/") + folder), folder_(folder) {}
 
     const QString folder_;
     const std::shared_ptr<ADBFileSystem> files_ = phone().files;
 };
 
 /// A virtual iPhone's app by the real library.
-class AFCSide final : public FolderSide {
+class AFCSide final : public PhoneSide {
 public:
     AFCSide() : AFCSide(nextFolder()) {}
 
@@ -110,6 +131,12 @@ public:
     }
     [[nodiscard]] QString root() const override {
         return QLatin1Char('/') + folder_;
+    }
+    void unplug() override {
+        phone().plugged.phone.unplug();
+    }
+    void plugIn() override {
+        phone().plugged.phone.plugInto(phone().plugged.mux);
     }
 
 private:
@@ -125,16 +152,16 @@ private:
     }
 
     explicit AFCSide(const QString& folder)
-        : FolderSide(phone().plugged.disk, phone().plugged.inDocuments(folder)), folder_(folder) {}
+        : PhoneSide(phone().plugged.disk, phone().plugged.inDocuments(folder)), folder_(folder) {}
 
     const QString folder_;
     const std::shared_ptr<AFCFileSystem> files_ = phone().files;
 };
 
-inline std::unique_ptr<CopyEnd> overADB() {
+inline std::unique_ptr<PhoneSide> overADB() {
     return std::make_unique<ADBSide>();
 }
-inline std::unique_ptr<CopyEnd> overAFC() {
+inline std::unique_ptr<PhoneSide> overAFC() {
     return std::make_unique<AFCSide>();
 }
 

@@ -87,14 +87,12 @@ FileItem ADBEdits::makeFolder(const QString& parent, const QString& name) {
     return itemOf(name, path, *after);
 }
 
-void ADBEdits::remove(const FileItem& item, bool withContents) {
+void ADBEdits::remove(const FileItem& item) {
     const QByteArray path = phonePath(item.path);
     const auto before = session_.facts(path, false, stop_);
     requireKind(item, before);
     if (!before->isFolder())
         session_.run({"rm", "-f", path}, ADBSession::longPatience, stop_);
-    else if (withContents)
-        session_.run({"rm", "-rf", path}, ADBSession::longPatience, stop_);
     else
         session_.run({"rmdir", path}, ADBSession::patience, stop_);
     if (isThere(path))
@@ -174,6 +172,8 @@ FileItem ADBEdits::write(const NewFile& file, const ByteSource& content,
     const auto before = session_.facts({{phonePath(file.folder), true}, {bytes, false}}, stop_);
     requireFolder(file.folder, before[0]);
     (void)requireFree(file.folder, file.name, before[1], {});
+    if (file.staysWhenBroken && file.size >= appendsFrom && session_.shell(stop_).isExact())
+        return fill(file, 0, content, progress);
     std::uint64_t done = 0;
     try {
         const ADBFacts facts = session_.apart(stop_, false, [&](ADBSyncClient& sync) {
@@ -204,6 +204,55 @@ FileItem ADBEdits::write(const NewFile& file, const ByteSource& content,
         removeRest(bytes);
         std::rethrow_exception(failure);
     }
+}
+
+FileItem ADBEdits::append(const FileItem& begun, qint64 keptBytes, const NewFile& whole,
+                          const ByteSource& content, const ByteProgress& progress) {
+    const auto before = session_.facts(phonePath(begun.path), false, stop_);
+    requireKind(begun, before);
+    if (!before->isFile() || before->size < static_cast<std::uint64_t>(keptBytes))
+        throw Error(PhoneError::changed, {begun.path});
+    return fill(whole, keptBytes, content, progress);
+}
+
+/// By a command, since the sync service removes what it did not get whole. Each byte goes to its
+/// own place: what an earlier command has still under way does no harm.
+FileItem ADBEdits::fill(const NewFile& file, qint64 keptBytes, const ByteSource& content,
+                        const ByteProgress& progress) {
+    const QString path = joinPath(file.folder, file.name);
+    const QByteArray bytes = phonePath(path);
+    qint64 block = 64 * 1024;
+    while (keptBytes % block != 0)
+        block /= 2;
+    qint64 done = keptBytes;
+    const auto sent = [&](std::uint64_t bytesSent) {
+        done = keptBytes + static_cast<qint64>(bytesSent);
+        if (progress)
+            progress(done);
+    };
+    ADBShellClient shell = session_.shell(stop_); // others may use the session meanwhile
+    const ADBCommandResult result = shell.feed(
+        ADBSession::lineOf({"dd", "of=" + bytes, "bs=" + QByteArray::number(block),
+                            "seek=" + QByteArray::number(keptBytes / block), "conv=notrunc"}),
+        content, sent, {stop_, ADBSession::patience});
+    session_.throwIfFailed("dd", result);
+    auto after = session_.facts(bytes, false, stop_);
+    if (!after || !after->isFile())
+        throw Error(PhoneError::notDone, {path});
+    if (after->size != static_cast<std::uint64_t>(file.size) || done != file.size)
+        throw Error(PhoneError::wrongSize, {path, static_cast<qint64>(after->size), file.size});
+    FileItem made = itemOf(file.name, path, *after);
+    if (!file.modified)
+        return made;
+    try {
+        setModified(made, *file.modified);
+        made.modifiedDate = QDateTime::fromSecsSinceEpoch(secondsOf(file.modified));
+    } catch (const Error& error) {
+        if (!error.is(PhoneError::notDone) && !error.is(ADBError::commandFailed))
+            throw;
+        // A copy is whole without its date.
+    }
+    return made;
 }
 
 /// A phone removes what was not sent whole by itself, but not what it took and we refuse.

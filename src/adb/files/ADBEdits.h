@@ -16,12 +16,19 @@ public:
         : session_(session), stop_(std::move(stop)) {}
 
     FileItem makeFolder(const QString& parent, const QString& name);
-    void remove(const FileItem& item, bool withContents);
+    void remove(const FileItem& item);
     /// Into another folder or to another name.
     FileItem rename(const FileItem& item, const QString& folder, const QString& name,
                     TakenName taken);
     void setModified(const FileItem& file, const QDateTime& date);
     FileItem write(const NewFile& file, const ByteSource& content, const ByteProgress& progress);
+    /// What comes behind the first `keptBytes` of a file that is there. What has arrived stays when
+    /// it fails.
+    FileItem append(const FileItem& begun, qint64 keptBytes, const NewFile& whole,
+                    const ByteSource& content, const ByteProgress& progress);
+
+    /// Of smaller files nothing stays: they are sent by the sync service, in fewer steps.
+    static constexpr qint64 appendsFrom = qint64{16} << 20;
 
     /// PhoneError::changed when something of another kind is there now, ::notFound for nothing.
     static void requireKind(const FileItem& item, const std::optional<ADBFacts>& facts);
@@ -38,6 +45,8 @@ private:
     [[nodiscard]] bool requireFree(const QString& folder, const QString& name,
                                    const std::optional<ADBFacts>& there, const QString& own);
     void removeRest(const QByteArray& path);
+    [[nodiscard]] FileItem fill(const NewFile& file, qint64 keptBytes, const ByteSource& content,
+                                const ByteProgress& progress);
     [[nodiscard]] FileItem respell(const FileItem& item, const QString& newPath);
     [[nodiscard]] bool isThere(const QByteArray& path);
 

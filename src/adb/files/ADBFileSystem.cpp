@@ -3,6 +3,7 @@
 #include "adb/files/ADBEdits.h"
 #include "adb/files/ADBListing.h"
 #include "adb/files/ADBPhoneErrors.h"
+#include "adb/files/ADBRangeReader.h"
 #include "adb/files/ADBSmallFiles.h"
 #include "base/log/DiagnosticsLogger.h"
 #include "base/text/PathNames.h"
@@ -16,43 +17,18 @@ namespace {
 
 constexpr QLatin1Char slash('/');
 
-/// Reads what lies in a range of a file by whole blocks. True when `sink` got all of it.
-class RangeReader {
-public:
-    RangeReader(ByteRange range, const ByteSink& sink)
-        : skip_(static_cast<std::uint64_t>(range.offset)),
-          left_(range.length < 0 ? ~std::uint64_t{0} : static_cast<std::uint64_t>(range.length)),
-          sink_(sink) {}
-
-    /// The next bytes of the file from `skip_` on; false when that is all.
-    bool take(ByteView bytes) {
-        const std::size_t skipped = std::min<std::uint64_t>(skip_, bytes.size());
-        skip_ -= skipped;
-        bytes = bytes.subspan(skipped);
-        bytes = bytes.first(std::min<std::uint64_t>(left_, bytes.size()));
-        left_ -= bytes.size();
-        done_ += static_cast<qint64>(bytes.size());
-        if (!bytes.empty())
-            sink_(bytes);
-        return left_ > 0;
-    }
-    void skipBlocks(std::uint64_t bytes) {
-        skip_ -= bytes;
-    }
-    [[nodiscard]] qint64 done() const {
-        return done_;
-    }
-
-private:
-    std::uint64_t skip_;
-    std::uint64_t left_;
-    qint64 done_ = 0;
-    const ByteSink& sink_;
-};
-
 void letOthersIn(PassingTurn& turn) {
     if (turn.isDue())
         turn.pass();
+}
+
+/// Progress after which others get their turn.
+ByteProgress inTurns(const ByteProgress& progress, PassingTurn& turn) {
+    return [&progress, &turn](qint64 done) {
+        if (progress)
+            progress(done);
+        letOthersIn(turn);
+    };
 }
 
 } // namespace
@@ -118,6 +94,8 @@ FileSystemCapabilities ADBFileSystem::capabilities(const Call& call) {
         can.renamesOntoTaken = true;
         can.setsDates = true;
         can.readsRanges = session_.shell(call.stop).isExact();
+        can.appends = can.readsRanges;
+        can.appendsFrom = ADBEdits::appendsFrom;
         can.readsTogether = true;
         can.writesTogether = can.readsRanges;
         can.hasHashes = !session_.hashCommand(call.stop).isEmpty();
@@ -165,7 +143,7 @@ qint64 ADBFileSystem::read(const FileItem& file, ByteRange range, const ByteSink
     constexpr qint64 shortRange = qint64{4} << 20;
     const QString path = canonicalPath(file.path);
     return inPassingTurn(path, call, [&](PassingTurn& turn) {
-        RangeReader reader(range, sink);
+        ADBRangeReader reader(range, sink);
         const auto take = [&](ByteView bytes) { return reader.take(bytes); };
         const auto check = [&](const ADBFacts& facts) {
             if (facts.error == 0 && facts.isFolder())
@@ -212,12 +190,23 @@ FileItem ADBFileSystem::write(const NewFile& file, const ByteSource& content,
     there.folder = canonicalPath(file.folder);
     return inPassingTurn(joinPath(there.folder, file.name), call, [&](PassingTurn& turn) {
         queue_->noteEdit();
-        const auto progressInTurns = [&](qint64 done) {
-            if (progress)
-                progress(done);
-            letOthersIn(turn);
-        };
-        return ADBEdits(session_, call.stop).write(there, content, progressInTurns);
+        return ADBEdits(session_, call.stop).write(there, content, inTurns(progress, turn));
+    });
+}
+
+FileItem ADBFileSystem::append(const FileItem& begun, qint64 keptBytes, const NewFile& whole,
+                               const ByteSource& content, const ByteProgress& progress,
+                               const Call& call) {
+    const FileItem part = editable(begun);
+    NewFile there = whole;
+    there.folder = parentPath(part.path);
+    there.name = part.name;
+    return inPassingTurn(part.path, call, [&](PassingTurn& turn) {
+        if (!session_.shell(call.stop).isExact())
+            throw Error(PhoneError::notSupported, {part.path});
+        queue_->noteEdit();
+        return ADBEdits(session_, call.stop)
+            .append(part, keptBytes, there, content, inTurns(progress, turn));
     });
 }
 
@@ -278,15 +267,26 @@ void ADBFileSystem::remove(const FileItem& item, const Call& call) {
     const FileItem there = editable(item);
     inTurn(there.path, call, [&] {
         queue_->noteEdit();
-        ADBEdits(session_, call.stop).remove(there, false);
+        ADBEdits(session_, call.stop).remove(there);
     });
 }
 
 void ADBFileSystem::removeTree(const FileItem& item, const Call& call) {
+    if (!item.isDirectory)
+        return remove(item, call);
     const FileItem there = editable(item);
+    const QByteArray path = phonePath(there.path);
+    const PhoneQueue::Job job = queue_->beginJob();
+    const ADBShellClient shell = inTurn(there.path, call, [&] {
+        queue_->noteEdit();
+        ADBEdits::requireKind(there, session_.facts(path, false, call.stop));
+        return session_.shell(call.stop);
+    });
+    (void)runApart(shell, {"rm", "-rf", path}, there.path, call);
     inTurn(there.path, call, [&] {
         queue_->noteEdit();
-        ADBEdits(session_, call.stop).remove(there, true);
+        if (session_.facts(path, false, call.stop))
+            throw Error(PhoneError::notDone, {there.path});
     });
 }
 
@@ -342,22 +342,47 @@ std::optional<LiveDeviceInfo> ADBFileSystem::liveInfo(const std::stop_token& sto
 
 std::optional<QByteArray> ADBFileSystem::hash(const FileItem& file, const Call& call) {
     const QString path = canonicalPath(file.path);
-    return inTurn(path, call, [&]() -> std::optional<QByteArray> {
-        const QByteArrayList& command = session_.hashCommand(call.stop);
-        if (command.isEmpty())
-            return std::nullopt;
-        const auto facts = session_.facts(phonePath(path), true, call.stop);
-        ADBEdits::requireKind(file, facts);
-        QByteArray output = session_.run(command + QByteArrayList{phonePath(path)},
-                                         ADBSession::longPatience, call.stop);
-        if (output.startsWith('\\')) // a name with a "\" or a line break in it
-            output.remove(0, 1);
-        constexpr qsizetype digits = 64;
-        const QByteArray hash = QByteArray::fromHex(output.left(digits));
-        if (hash.size() != digits / 2 || hash.toHex() != output.left(digits))
-            throw Error(PhoneError::nonsense);
-        return hash;
+    constexpr qint64 longFile = qint64{16} << 20; // worth a shell of its own
+    const PhoneQueue::Job job = queue_->beginJob();
+    std::optional<ADBShellClient> apart;
+    QByteArrayList words;
+    QByteArray output;
+    inTurn(path, call, [&] {
+        words = session_.hashCommand(call.stop);
+        if (words.isEmpty())
+            return;
+        words.append(phonePath(path));
+        ADBEdits::requireKind(file, session_.facts(words.last(), true, call.stop));
+        if (file.size >= longFile)
+            apart.emplace(session_.shell(call.stop));
+        else
+            output = session_.run(words, ADBSession::longPatience, call.stop);
     });
+    if (words.isEmpty())
+        return std::nullopt;
+    if (apart)
+        output = runApart(*apart, words, path, call);
+    if (output.startsWith('\\')) // a name with a "\" or a line break in it
+        output.remove(0, 1);
+    constexpr qsizetype digits = 64;
+    const QByteArray hash = QByteArray::fromHex(output.left(digits));
+    if (hash.size() != digits / 2 || hash.toHex() != output.left(digits))
+        throw Error(PhoneError::nonsense);
+    return hash;
+}
+
+/// Runs a command that works for long, in a shell of its own and without the turn: others use the
+/// phone meanwhile. Returns its output.
+QByteArray ADBFileSystem::runApart(ADBShellClient shell, const QByteArrayList& words,
+                                   const QString& path, const Call& call) const {
+    try {
+        const ADBCommandResult result =
+            shell.run(ADBSession::lineOf(words), {call.stop, ADBSession::longPatience});
+        session_.throwIfFailed(words.first(), result);
+        return result.output;
+    } catch (const Error& error) {
+        throw phoneErrorOf(error, path);
+    }
 }
 
 QStringList ADBFileSystem::programsHolding() {

@@ -41,6 +41,9 @@ public:
                 const Call& call) override;
     FileItem write(const NewFile& file, const ByteSource& content, const ByteProgress& progress,
                    const Call& call) override;
+    FileItem append(const FileItem& begun, qint64 keptBytes, const NewFile& whole,
+                    const ByteSource& content, const ByteProgress& progress,
+                    const Call& call) override;
     [[nodiscard]] std::vector<std::optional<QByteArray>>
     readTogether(const std::vector<FileItem>& files, const Call& call) override;
     std::vector<std::optional<FileItem>>
@@ -63,6 +66,8 @@ public:
 private:
     [[nodiscard]] QString enteredPath(const QString& path, const Call& call);
     [[nodiscard]] FileItem editable(const FileItem& item) const;
+    [[nodiscard]] QByteArray runApart(ADBShellClient shell, const QByteArrayList& words,
+                                      const QString& path, const Call& call) const;
     template <typename Work>
     auto inTurn(const QString& path, const Call& call, Work work);
     template <typename Work>

@@ -86,9 +86,13 @@ PhoneError phoneErrorOfErrno(std::uint32_t number) {
 }
 
 PhoneError phoneErrorOfReason(const QString& reason) {
-    const QString end = reason.trimmed();
-    const auto* found = std::find_if(errnos.begin(), errnos.end(),
-                                     [&](const Errno& row) { return end.endsWith(row.words); });
+    // Some commands have figures to tell behind it.
+    const QStringList lines = reason.split(QLatin1Char('\n'));
+    const auto* found = std::find_if(errnos.begin(), errnos.end(), [&](const Errno& row) {
+        return std::any_of(lines.begin(), lines.end(), [&](const QString& line) {
+            return QStringView(line).trimmed().endsWith(row.words);
+        });
+    });
     return found == errnos.end() ? PhoneError::refused : found->error;
 }
 

@@ -3,6 +3,8 @@
 #include "adb/protocol/ADBError.h"
 #include "adb/services/ADBShellPacket.h"
 
+#include <algorithm>
+
 namespace tessary {
 
 namespace {
@@ -41,6 +43,54 @@ ADBCommandResult ADBShellClient::stream(const QByteArray& line,
                                         const Wait& wait) {
     const auto service = connection_.open("shell,v2,raw:" + line, wait);
     ADBReader reader(*service);
+    return resultOf(reader, output, wait);
+}
+
+ADBCommandResult
+ADBShellClient::feed(const QByteArray& line,
+                     const std::function<std::size_t(std::span<std::byte>)>& source,
+                     const std::function<void(std::uint64_t)>& sent, const Wait& wait) {
+    constexpr std::size_t piece = 64 * 1024;
+    const auto service = connection_.open("shell,v2,raw:" + line, wait);
+    ADBReader reader(*service);
+    Bytes packet(ADBShellPacket::frontSize + piece);
+    const auto takes = [&](std::byte kind, std::size_t count) {
+        Bytes front;
+        ADBShellPacket::appendFront(front, kind, count);
+        std::copy(front.begin(), front.end(), packet.begin());
+        try {
+            service->write(ByteView(packet).first(front.size() + count), wait);
+            return true;
+        } catch (const Error& error) {
+            if (!error.is(ADBError::brokenOff))
+                throw;
+            return false; // it has ended, and what it said may still be there
+        }
+    };
+    std::uint64_t total = 0;
+    while (!reader.hasBytes()) {
+        const std::size_t count = source(std::span(packet).subspan(ADBShellPacket::frontSize));
+        if (count == 0 || !takes(ADBShellPacket::standardInput, count))
+            break;
+        sent(total += count);
+    }
+    (void)takes(ADBShellPacket::endOfInput, 0);
+    QByteArray output;
+    ADBCommandResult result = resultOf(
+        reader,
+        [&](ByteView bytes) {
+            appendOutput(output, bytes, outputLimit);
+            return true;
+        },
+        wait);
+    result.output = std::move(output);
+    return result;
+}
+
+/// All that a command says, its output handed on until `output` says that it is enough.
+ADBCommandResult ADBShellClient::resultOf(ADBReader& reader,
+                                          const std::function<bool(ByteView)>& output,
+                                          const Wait& wait) {
     ADBCommandResult result;
     ADBPassedOver passedOver;
     for (;;) {

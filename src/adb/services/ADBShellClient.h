@@ -1,10 +1,13 @@
 #pragma once
 
+#include "adb/services/ADBReader.h"
 #include "adb/services/ADBStream.h"
 
 #include <QByteArray>
 
+#include <cstdint>
 #include <functional>
+#include <span>
 
 namespace tessary {
 
@@ -39,10 +42,19 @@ public:
     [[nodiscard]] ADBCommandResult
     stream(const QByteArray& line, const std::function<bool(ByteView)>& output, const Wait& wait);
 
+    /// The same, with what `source` fills buffers with, until it returns 0, as the command's
+    /// standard input; `sent` is told the bytes handed over so far. A command that says something
+    /// gets no more. Only where isExact().
+    [[nodiscard]] ADBCommandResult
+    feed(const QByteArray& line, const std::function<std::size_t(std::span<std::byte>)>& source,
+         const std::function<void(std::uint64_t)>& sent, const Wait& wait);
+
     static constexpr qsizetype outputLimit = qsizetype{16} << 20; ///< bytes
 
 private:
     [[nodiscard]] ADBCommandResult runOld(const QByteArray& line, const Wait& wait);
+    [[nodiscard]] static ADBCommandResult
+    resultOf(ADBReader& reader, const std::function<bool(ByteView)>& output, const Wait& wait);
 
     ADBConnection& connection_;
     const bool hasVersion2_;

@@ -6,14 +6,18 @@
 namespace tessary {
 
 ADBShellPacket ADBShellPacket::take(ADBReader& reader, const Wait& wait) {
-    constexpr std::size_t frontSize = 5;
     const ByteView front = reader.take(frontSize, wait);
     return {front[0], readLittleEndian<std::uint32_t>(front, 1)};
 }
 
+void ADBShellPacket::appendFront(Bytes& bytes, std::byte kind, std::size_t length) {
+    bytes.push_back(kind);
+    appendLittleEndian(bytes, static_cast<std::uint32_t>(length));
+}
+
 Bytes ADBShellPacket::input(const QByteArray& text) {
-    Bytes packet{standardInput};
-    appendLittleEndian(packet, static_cast<std::uint32_t>(text.size()));
+    Bytes packet;
+    appendFront(packet, standardInput, static_cast<std::size_t>(text.size()));
     const auto* data = reinterpret_cast<const std::byte*>(text.constData());
     packet.insert(packet.end(), data, data + text.size());
     return packet;

@@ -15,11 +15,16 @@ struct ADBShellPacket {
     static constexpr auto standardOutput = std::byte{1};
     static constexpr auto standardError = std::byte{2};
     static constexpr auto exitStatus = std::byte{3};
+    static constexpr auto endOfInput = std::byte{4}; ///< to the phone
+
+    static constexpr std::size_t frontSize = 5;
 
     std::byte kind{};
     std::uint32_t length = 0; ///< as the phone claims
 
     [[nodiscard]] static ADBShellPacket take(ADBReader& reader, const Wait& wait);
+    /// The front of a packet with so many bytes.
+    static void appendFront(Bytes& bytes, std::byte kind, std::size_t length);
     /// A whole packet of standard input.
     [[nodiscard]] static Bytes input(const QByteArray& text);
 };

@@ -198,7 +198,9 @@ std::optional<Resumption> resumptionOf(const FileCopy& copy, const FileSystemCap
         return found;
     // The last piece may not have been written out whole when the power went.
     constexpr qint64 lastPiece = 1024 * 1024;
-    found.keptBytes = std::max<qint64>(std::min(found.begun->size, copy.file.size) - lastPiece, 0);
+    constexpr qint64 step = 64 * 1024; // what some write in
+    const qint64 kept = std::min(found.begun->size, copy.file.size) - lastPiece;
+    found.keptBytes = std::max<qint64>(kept - kept % step, 0);
     return found;
 }
 
@@ -247,9 +249,17 @@ FileItem copyFile(const FileCopy& copy, const ByteProgress& progress, const Call
     FileStream stream(copy.from, copy.file,
                       areBothPhones ? FileStream::Way::readFirst : FileStream::Way::ahead,
                       mayGrowBy, call, put.keptBytes);
-    if (copy.verifies)
+    // What a phone keeps of an earlier try is compared where that costs neither side a transfer.
+    const bool verifies =
+        copy.verifies || (put.keptBytes > 0 && can.hasHashes && !copy.from.queue());
+    if (verifies)
         stream.beginHash([&](const ByteSink& sink) {
-            if (put.keptBytes > 0)
+            if (put.keptBytes == 0)
+                return;
+            // What this computer's disk keeps is not fetched again from a phone.
+            if (copy.to.queue())
+                copy.from.read(copy.file, {0, put.keptBytes}, sink, call);
+            else
                 copy.to.read(*put.begun, {0, put.keptBytes}, sink, call);
         });
     const auto check = [&](const FileItem& part) {
@@ -258,7 +268,7 @@ FileItem copyFile(const FileCopy& copy, const ByteProgress& progress, const Call
             if (!now || !isAsSeen(copy.file, *now))
                 throw changedError(copy.from, copy.file.path);
         }
-        if (!copy.verifies)
+        if (!verifies)
             return;
         const QByteArray hash = stream.hash();
         if (hashOf(copy.to, part, call) != hash)
