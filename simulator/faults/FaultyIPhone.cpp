@@ -68,6 +68,10 @@ public:
             const auto found = now.statuses.find(request);
             if (found == now.statuses.end())
                 return 0;
+            if (found->second.before > 0) {
+                --found->second.before;
+                return 0;
+            }
             const VirtualAFCStatus fault = found->second;
             if (!fault.always)
                 now.statuses.erase(found);

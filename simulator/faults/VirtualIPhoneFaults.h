@@ -33,6 +33,7 @@ struct VirtualIPhoneRequestFault {
 struct VirtualAFCStatus {
     std::uint64_t status = 1;
     bool always = false; ///< else once
+    unsigned before = 0; ///< so many requests of the name are carried out first
 };
 
 /// What a virtual iPhone does wrong: parameters, all off at first. Keys are requests as

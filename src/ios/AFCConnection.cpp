@@ -35,8 +35,8 @@ bool isDocumentsOf(AFCConnection& opened) {
             return !ofContainers.contains(name) && !name.startsWith('.') &&
                    !name.startsWith("iTunes");
         });
-    } catch (const Error&) {
-        if (opened.isLost())
+    } catch (const Error& error) {
+        if (error.find<AFCStatus>() != AFCStatus::permissionDenied)
             throw;
         return false;
     }
@@ -116,9 +116,12 @@ void AFCConnection::openContainer() {
     const std::int32_t probe =
         ask([&](afc_client_t afc) { return afc_read_directory(afc, "/Documents", &texts); });
     const AFCTexts owner(texts);
-    if (isLost_)
-        throw errorOf(probe, {});
-    if (probe == AFC_E_SUCCESS && texts != nullptr && !isDocumentsOf(*this))
+    // Where the look itself was refused, nobody knows which folder would be opened.
+    if (probe == AFC_E_OBJECT_NOT_FOUND)
+        return;
+    if (probe != AFC_E_SUCCESS)
+        throw errorOf(probe, QString(slash));
+    if (!isDocumentsOf(*this))
         workingRootPath_ = QStringLiteral("/Documents");
 }
 
@@ -179,10 +182,13 @@ std::vector<QByteArray> AFCConnection::readNames(const QString& path) {
 std::optional<AFCFileInfo> AFCConnection::findInfo(const QString& path) {
     char** texts = nullptr;
     const QByteArray name = path.toUtf8();
-    const std::int32_t status =
-        ask([&](afc_client_t afc) { return afc_get_file_info(afc, name.constData(), &texts); });
+    const std::int32_t status = ask([&](afc_client_t afc) {
+        const afc_error_t answer = afc_get_file_info(afc, name.constData(), &texts);
+        // Nothing at all is told of no file: the answer was cut short.
+        return answer == AFC_E_SUCCESS && texts == nullptr ? AFC_E_NOT_ENOUGH_DATA : answer;
+    });
     const AFCTexts owner(texts);
-    if (status == AFC_E_OBJECT_NOT_FOUND || (status == AFC_E_SUCCESS && texts == nullptr))
+    if (status == AFC_E_OBJECT_NOT_FOUND)
         return std::nullopt;
     if (status != AFC_E_SUCCESS)
         throw errorOf(status, path);

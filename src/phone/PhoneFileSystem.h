@@ -60,6 +60,7 @@ struct FileTreeRoot {
 struct UnreadableEntry {
     QString path; ///< as far as it is known; the name may be a stand-in
     Error error;
+    bool isNamed = true; ///< else nobody knows what it is called: any name may be its own
 };
 
 /// Where a listing goes as it arrives, on the thread of the call.

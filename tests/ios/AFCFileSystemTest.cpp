@@ -59,6 +59,28 @@ TEST(AFCFileSystem, opensDocumentsWhereverTheContainerHasThem) {
     }
 }
 
+/// Whoever keeps folders in step would find another folder in the place of his own.
+TEST(AFCFileSystem, aLookForTheDocumentsThatIsRefusedOpensNoOtherFolder) {
+    constexpr std::uint64_t permissionDenied = 10;
+    for (const bool areRoot : {false, true})
+        for (const unsigned before : {0, 1}) // the look at "/Documents", and that at "/"
+            for (const std::uint64_t status : {1, 10}) {
+                SCOPED_TRACE(std::to_string(before) + ", status " + std::to_string(status));
+                if (before == 1 && status == permissionDenied)
+                    continue; // so phones keep to themselves what lies beside the documents
+                VirtualIPhoneConfig config;
+                config.documentsAreRoot = areRoot;
+                IPhoneFiles iphone(config);
+                iphone.write(u"Documents/a"_s, "1");
+                iphone.write(u"keep"_s, "2");
+                iphone.faults([&](VirtualIPhoneFaults& faults) {
+                    faults.statuses[u"afc.readDir"_s] = {status, false, before};
+                });
+                EXPECT_NE(errorOf([&] { (void)iphone.names(u"/"_s); }), "nothing was thrown");
+                EXPECT_EQ(iphone.names(u"/"_s), (QStringList{u"Documents"_s, u"keep"_s}));
+            }
+}
+
 TEST_F(AFCFileSystemTest, listsFactsAndNamesWhatCannotBeRead) {
     iphone_.write(u"b.txt"_s, "12345");
     iphone_.disk.makeFolder(iphone_.inDocuments(u"zoo"_s));

@@ -88,6 +88,14 @@ TEST_F(MTPListingTest, listOfHandlesThatContradictsItselfIsNoEmptyFolder) {
         EXPECT_EQ(codeOf([&] { (void)list("/DCIM/Camera"); }), "listingBroken") << name;
         EXPECT_EQ(codeOf([&] { (void)list("/"); }), "listingBroken") << name;
     }
+    // The root is asked for in another way when it is refused, which may show nothing.
+    phone().rewriteData(MTPOperationCode::getObjectHandles, [](Bytes& list) {
+        list.assign(list.begin(), list.begin() + 12);
+        list.resize(16);
+        list[0] = std::byte{16};
+    });
+    phone().refuse(MTPOperationCode::getObjectHandles, MTPResponseCode::generalError, false);
+    EXPECT_EQ(codeOf([&] { (void)list("/"); }), "refused");
     phone().fault([](VirtualFaults& faults) { faults.rewrite = {}; });
     EXPECT_EQ(list("/DCIM/Camera").size(), 2U);
 }

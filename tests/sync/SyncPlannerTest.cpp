@@ -295,6 +295,7 @@ TEST(SyncPlannerTest, whatCannotBeSyncedIsSkippedWithAReason) {
                                             "new: download"},
         {"uncertain name in a folder", "d/a !d/? @d/e/x @y | d/e/x y d/a | d/a: conflict, "
                                        "d/e/x: skip, y: delete remote"},
+        {"new in a folder of an uncertain name", "d/new @d/old | !? | d/new: skip, d/old: skip"},
         {"unreadable name is certain", "!x @x @gone | x gone | gone: delete remote, x: skip"},
         {"case", "A.txt b | a.txt | A.txt: skip, a.txt: skip, b: upload"},
         {"case of a folder", "Dir/a | dir/b | Dir/a: skip, dir/b: skip"},

@@ -134,6 +134,27 @@ TYPED_TEST(SyncWaysTest, nameThatChangedInCaseOnlyIsARename) {
     this->expectQuietRun();
 }
 
+/// A phone that keeps an object to itself for once is not without the folder, and one without its
+/// card has it nowhere else.
+TEST_F(SyncByMTP, folderThatIsNotShownIsMadeNowhereElse) {
+    here(u"a"_s, "1");
+    here(u"b"_s, "2");
+    (void)goodRun();
+    const Files all = phoneFiles();
+    const QStringList names = phone_.names();
+    const auto info = static_cast<std::uint16_t>(MTPOperationCode::getObjectInfo);
+    phone_.fault([&](VirtualFaults& faults) { faults.errors[info] = {.always = true}; });
+    EXPECT_EQ(run().outcome, SyncReport::Outcome::failed);
+    phone_.fault([&](VirtualFaults& faults) { faults.errors.clear(); });
+    pair_.remoteFolderPath = u"/storage/131073/Sync"_s;
+    EXPECT_EQ(run().outcome, SyncReport::Outcome::failed);
+    EXPECT_EQ(phone_.names(), names);
+    EXPECT_EQ(phoneFiles(), all);
+    EXPECT_THAT(questions_, IsEmpty());
+    pair_.remoteFolderPath = u"/Sync"_s;
+    expectQuietRun();
+}
+
 TEST_F(SyncByMTP, cableThatComesOutAtAnyPhaseLosesNothing) {
     int broken = 0;
     flushes_ = false;

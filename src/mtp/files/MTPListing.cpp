@@ -35,7 +35,7 @@ void MTPListing::add(const MTPObjectInfo& info, const MTPLocation& folder) {
 void MTPListing::addUnreadable(std::uint32_t handle, const MTPTransportError& failure,
                                const MTPLocation& folder) {
     const QString path = folder.child(QStringLiteral("(object %1)").arg(handle)).shownPath();
-    UnreadableEntry entry{path, phoneErrorOf(failure, path)};
+    UnreadableEntry entry{path, phoneErrorOf(failure, path), false};
     if (receiver_.unreadable)
         receiver_.unreadable(std::move(entry));
     else

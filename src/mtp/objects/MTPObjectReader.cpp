@@ -45,13 +45,24 @@ std::vector<std::uint32_t> MTPObjectReader::childHandles(std::uint32_t storageID
     if (folder != mtpRootHandle)
         return client_.getObjectHandles(storageID, folder);
     std::vector<std::uint32_t> handles;
+    std::optional<MTPTransportError> refusal;
     try {
         handles = client_.getObjectHandles(storageID, mtpRootHandle);
     } catch (const MTPTransportError& error) {
         if (endsSession(error))
             throw;
+        const Error meaning = phoneErrorOf(error, {});
+        const bool hasOtherRoot =
+            meaning.is(PhoneError::notFound) || meaning.is(PhoneError::notSupported) ||
+            error.response() == static_cast<std::uint16_t>(MTPResponseCode::invalidParameter);
+        if (!hasOtherRoot)
+            refusal = error;
     }
-    return handles.empty() ? client_.getObjectHandles(storageID, alternativeRoot) : handles;
+    if (handles.empty())
+        handles = client_.getObjectHandles(storageID, alternativeRoot);
+    if (handles.empty() && refusal)
+        throw *refusal; // which says nothing of an empty storage
+    return handles;
 }
 
 bool MTPObjectReader::take(MTPKnownFolder& folder, const MTPObjectInfo& info,

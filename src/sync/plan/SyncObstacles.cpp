@@ -34,14 +34,21 @@ std::set<QString> gaps(const SyncTree& side, const SyncTree& other, const SyncFi
     return folders;
 }
 
-/// Whether a path, or a folder above it, is missing from a folder with a gap.
-bool mayBeInGap(const QString& path, const std::set<QString>& gaps, const SyncTree& side) {
+/// Whether a path, or a folder above it, is missing from a folder with a gap and was known.
+bool mayBeInGap(const QString& path, const std::set<QString>& gaps, const SyncTree& side,
+                const SyncFiles& record) {
     if (gaps.empty())
         return false;
+    const auto wasKnown = [&record](const QString& name) {
+        const QString below = name + QLatin1Char('/');
+        const auto first = record.lower_bound(below);
+        return record.contains(name) || (first != record.end() && first->first.startsWith(below));
+    };
     for (qsizetype end = path.indexOf(u'/');; end = path.indexOf(u'/', end + 1)) {
         const QString name = end < 0 ? path : path.left(end);
         const QString folder = name.left(std::max<qsizetype>(0, name.lastIndexOf(u'/')));
-        if (gaps.contains(folder) && !side.files.contains(name) && !side.folders.contains(name))
+        if (gaps.contains(folder) && !side.files.contains(name) && !side.folders.contains(name) &&
+            wasKnown(name))
             return true;
         if (end < 0)
             return false;
@@ -125,6 +132,7 @@ typename Container::const_iterator SyncObstacles::Follower<Container>::find(cons
 SyncObstacles::SyncObstacles(const SyncTree& local, const SyncTree& device, const SyncFiles& record)
     : local_(local),
       device_(device),
+      record_(record),
       localFolders_(local.folders),
       deviceFolders_(device.folders),
       localUnknown_(local.unknown),
@@ -132,8 +140,7 @@ SyncObstacles::SyncObstacles(const SyncTree& local, const SyncTree& device, cons
       localGaps_(gaps(local, device, record)),
       deviceGaps_(gaps(device, local, record)) {}
 
-Reason SyncObstacles::reasonFor(const QString& path, bool isLocalFile, bool isDeviceFile,
-                                bool isRecorded) {
+Reason SyncObstacles::reasonFor(const QString& path, bool isLocalFile, bool isDeviceFile) {
     for (auto* unknown : {&localUnknown_, &deviceUnknown_})
         if (const auto it = unknown->find(path); !unknown->isEnd(it))
             return std::make_shared<const Error>(it->second);
@@ -141,8 +148,8 @@ Reason SyncObstacles::reasonFor(const QString& path, bool isLocalFile, bool isDe
     const bool deviceFolder = !deviceFolders_.isEnd(deviceFolders_.find(path));
     if ((isLocalFile && deviceFolder) || (isDeviceFile && localFolder))
         return std::make_shared<const Error>(SyncError::kindsDiffer, QVariantList{path});
-    if (isRecorded && ((!isLocalFile && mayBeInGap(path, localGaps_, local_)) ||
-                       (!isDeviceFile && mayBeInGap(path, deviceGaps_, device_))))
+    if ((!isLocalFile && mayBeInGap(path, localGaps_, local_, record_)) ||
+        (!isDeviceFile && mayBeInGap(path, deviceGaps_, device_, record_)))
         return std::make_shared<const Error>(SyncError::notListed, QVariantList{path});
     const QStringView folder =
         QStringView(path).left(std::max<qsizetype>(0, path.lastIndexOf(u'/')));

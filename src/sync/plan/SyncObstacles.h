@@ -20,7 +20,7 @@ public:
 
     /// Why nothing may be done with a path; null when nothing is in its way.
     [[nodiscard]] std::shared_ptr<const Error> reasonFor(const QString& path, bool isLocalFile,
-                                                         bool isDeviceFile, bool isRecorded);
+                                                         bool isDeviceFile);
 
 private:
     /// Walks a sorted container beside ascending questions.
@@ -43,6 +43,7 @@ private:
 
     const SyncTree& local_;
     const SyncTree& device_;
+    const SyncFiles& record_;
     Follower<std::set<QString>> localFolders_;
     Follower<std::set<QString>> deviceFolders_;
     Follower<std::map<QString, Error>> localUnknown_;

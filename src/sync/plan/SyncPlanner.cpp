@@ -98,8 +98,8 @@ SyncPlanner::SyncPlanner(const SyncPlanInput& input) : input_(input) {
                     action.device = device;
                     action.record = known;
                     Pending pending = Pending::nothing;
-                    SyncReason obstacle = obstacles.reasonFor(path, local != nullptr,
-                                                              device != nullptr, known != nullptr);
+                    SyncReason obstacle =
+                        obstacles.reasonFor(path, local != nullptr, device != nullptr);
                     if (!obstacle && (local != nullptr || device != nullptr)) {
                         pending = decide(action);
                         const bool acts = action.isWork() || (pending != Pending::nothing &&

@@ -14,8 +14,6 @@ namespace tessary {
 
 namespace {
 
-/// Paths of a real tree are far shorter.
-
 QString below(const QString& folder, const QString& name) {
     return folder.isEmpty() ? name : folder + QLatin1Char('/') + name;
 }
@@ -69,7 +67,26 @@ bool SyncSide::exists(const Call& call) {
     }
     if (found && !found->isDirectory)
         throw Error(SyncError::sourceIsNoFolder, {root_});
+    if (!found && files_.queue()) // of this computer's disk there is no doubt
+        requireAbsent(call);
     return found.has_value();
+}
+
+/// An entry that the phone keeps to itself may be the folder, and the paths of a storage that is
+/// not in lead into another one.
+void SyncSide::requireAbsent(const Call& call) {
+    const QString top = files_.rootOf(root_).path;
+    for (QString path = root_; path.size() > 1; path = parentPath(path)) {
+        if (path == top)
+            throw Error(PhoneError::noStorage);
+        const QString above = parentPath(path);
+        if (!files_.find(above, call))
+            continue;
+        for (const UnreadableEntry& entry : listAll(files_, above, call).unreadable)
+            if (!entry.isNamed || entry.path == path)
+                throw Error(SyncError::notListed, {path}, entry.error);
+        return;
+    }
 }
 
 std::optional<FileItem> SyncSide::findFile(const QString& relativePath, const Call& call) {

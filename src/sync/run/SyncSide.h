@@ -27,7 +27,9 @@ public:
     /// The item of a file as a scan saw it.
     [[nodiscard]] FileItem itemOf(const QString& relativePath, const SyncFile& seen) const;
 
-    /// False when nothing is there; SyncError::sourceIsNoFolder for anything but a folder.
+    /// False when nothing is there, for certain: SyncError::notListed where that cannot be told and
+    /// PhoneError::noStorage where its storage is missing. SyncError::sourceIsNoFolder for anything
+    /// but a folder.
     [[nodiscard]] bool exists(const Call& call);
     /// What is there now; no value for nothing and for a folder.
     [[nodiscard]] std::optional<FileItem> findFile(const QString& relativePath, const Call& call);
@@ -53,6 +55,9 @@ public:
     void removeEmptyFolders(QString relativeFolder, const Call& call);
 
 private:
+    /// Throws unless nothing being found at the root means that nothing is there.
+    void requireAbsent(const Call& call);
+
     struct Folder {
         QString relativePath;
         int depth = 0;
