@@ -14,22 +14,26 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <functional>
 #include <mutex>
 #include <thread>
 
 namespace tessary {
 
-/// A disk that is stricter than those of this machine, or fuller: mounted by FUSE over a plain
-/// folder. One at a time in a process.
+/// A disk that is stricter than those of this machine, or fuller, or tells of each change: mounted
+/// by FUSE over a plain folder. One at a time in a process.
 class StrangeDisk {
 public:
     struct Options {
         NameRules rules{};
         qint64 capacity = 0;  ///< bytes; 0: no limit
         qint64 saysFree = -1; ///< instead of the truth
+        QString at{};         ///< the folder that it is mounted on; empty: one of its own
+        /// Called after each change, on the disk's thread, before whoever made it is answered.
+        std::function<void()> changed{};
     };
 
-    explicit StrangeDisk(Options options) : options_(options) {
+    explicit StrangeDisk(Options options) : options_(std::move(options)) {
         behind_.makeFolder(QStringLiteral("files"));
         shown_.makeFolder(QStringLiteral("disk"));
         instance() = this;
@@ -61,7 +65,7 @@ public:
         return isMounted_;
     }
     [[nodiscard]] QString path() const {
-        return shown_.path(QStringLiteral("disk"));
+        return options_.at.isEmpty() ? shown_.path(QStringLiteral("disk")) : options_.at;
     }
     /// The n-th request from now on (the next is 1) fails with this errno; 0: none does.
     void failRequest(int n, int error) {
@@ -89,6 +93,8 @@ private:
     /// Where a path lies behind the disk, by the disk's rules about names.
     [[nodiscard]] QByteArray at(const char* path) const {
         QString reached = behind_.path(QStringLiteral("files"));
+        if (!options_.rules.ignoresCase && !options_.rules.ignoresUnicodeForm)
+            return reached.toUtf8() + path;
         for (const QString& name :
              QString::fromUtf8(path).split(QLatin1Char('/'), Qt::SkipEmptyParts)) {
             QString found = name;
@@ -119,6 +125,13 @@ private:
     }
     static int answer(int result) {
         return result < 0 ? -errno : 0;
+    }
+    /// The same of what changes the disk.
+    static int changed(int result) {
+        const int answered = answer(result);
+        if (result >= 0 && instance()->options_.changed)
+            instance()->options_.changed();
+        return answered;
     }
 
     static fuse_operations operations() {
@@ -169,7 +182,7 @@ private:
                 return refusal;
             const int file = ::open(instance()->at(path), O_CREAT | O_EXCL | O_RDWR, mode);
             info->fh = static_cast<std::uint64_t>(file);
-            return answer(file);
+            return changed(file);
         };
         calls.read = [](const char*, char* into, std::size_t size, off_t offset,
                         fuse_file_info* info) {
@@ -185,7 +198,13 @@ private:
             if (options.capacity > 0 &&
                 instance()->used() + static_cast<qint64>(size) > options.capacity)
                 return -ENOSPC;
-            return static_cast<int>(::pwrite(static_cast<int>(info->fh), bytes, size, offset));
+            const auto done = ::pwrite(static_cast<int>(info->fh), bytes, size, offset);
+            const int failure = changed(static_cast<int>(done));
+            return failure != 0 ? failure : static_cast<int>(done);
+        };
+        calls.truncate = [](const char* path, off_t size, fuse_file_info* info) {
+            return changed(path != nullptr ? ::truncate(instance()->at(path), size)
+                                           : ::ftruncate(static_cast<int>(info->fh), size));
         };
         calls.flush = [](const char*, fuse_file_info*) { return fault(); };
         calls.fsync = [](const char*, int, fuse_file_info*) { return fault(); };
@@ -197,17 +216,17 @@ private:
                 return failure;
             if (const int refusal = instance()->refusalOf(path); refusal != 0)
                 return refusal;
-            return answer(::mkdir(instance()->at(path), mode));
+            return changed(::mkdir(instance()->at(path), mode));
         };
         calls.unlink = [](const char* path) {
             if (const int failure = fault(); failure != 0)
                 return failure;
-            return answer(::unlink(instance()->at(path)));
+            return changed(::unlink(instance()->at(path)));
         };
         calls.rmdir = [](const char* path) {
             if (const int failure = fault(); failure != 0)
                 return failure;
-            return answer(::rmdir(instance()->at(path)));
+            return changed(::rmdir(instance()->at(path)));
         };
         calls.rename = [](const char* from, const char* to, unsigned flags) {
             if (const int failure = fault(); failure != 0)
@@ -216,14 +235,14 @@ private:
                 return -EINVAL; // as many do not know them
             if (const int refusal = instance()->refusalOf(to); refusal != 0)
                 return refusal;
-            return answer(::rename(instance()->at(from), instance()->at(to)));
+            return changed(::rename(instance()->at(from), instance()->at(to)));
         };
         calls.utimens = [](const char* path, const timespec times[2], fuse_file_info* info) {
             if (const int failure = fault(); failure != 0)
                 return failure;
-            return answer(path != nullptr ? ::utimensat(AT_FDCWD, instance()->at(path), times,
-                                                        AT_SYMLINK_NOFOLLOW)
-                                          : ::futimens(static_cast<int>(info->fh), times));
+            return changed(path != nullptr ? ::utimensat(AT_FDCWD, instance()->at(path), times,
+                                                         AT_SYMLINK_NOFOLLOW)
+                                           : ::futimens(static_cast<int>(info->fh), times));
         };
         calls.statfs = [](const char*, struct statvfs* facts) {
             if (const int failure = fault(); failure != 0)

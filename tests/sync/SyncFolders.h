@@ -22,7 +22,7 @@ protected:
 
     /// The phone's folder as this computer has it.
     [[nodiscard]] virtual QString phoneFolder() = 0;
-    [[nodiscard]] QString localFolder() const {
+    [[nodiscard]] virtual QString localFolder() const {
         return computer_.path(QStringLiteral("mac"));
     }
 

@@ -101,18 +101,18 @@ LocalFileSystem::Place LocalFileSystem::placeOf(const QString& path) const {
     return {base_.open(parentPath(clean)), localName(lastComponent(clean))};
 }
 
-DiskTraits LocalFileSystem::traits(const FileHandle& folder) {
+DiskTraits LocalFileSystem::traits(const FileHandle& folder, const Call& call) {
     struct stat facts {};
     if (::fstat(folder.get(), &facts) != 0)
         return {};
     const std::scoped_lock lock(mutex_);
     auto known = traits_.find(facts.st_dev);
     if (known == traits_.end())
-        known = traits_.insert(facts.st_dev, traitsOfDisk(folder.get()));
+        known = traits_.insert(facts.st_dev, traitsOfDisk(folder.get(), call.partOwner));
     return traitsOfFolder(*known, folder.get());
 }
 
-FileSystemCapabilities LocalFileSystem::capabilities(const Call&) {
+FileSystemCapabilities LocalFileSystem::capabilities(const Call& call) {
     FileSystemCapabilities can{.renames = true,
                                .renamesOntoTaken = true,
                                .moves = true,
@@ -120,14 +120,14 @@ FileSystemCapabilities LocalFileSystem::capabilities(const Call&) {
                                .readsRanges = true,
                                .hasHashes = true,
                                .appends = true};
-    const DiskTraits disk = traits(base_.open(base_.path()));
+    const DiskTraits disk = traits(base_.open(base_.path()), call);
     can.dateStep = disk.dateStep;
     can.largestFile = disk.largestFile;
     return can;
 }
 
-NameRules LocalFileSystem::nameRules(const QString& folder, const Call&) {
-    return traits(base_.open(folder)).names;
+NameRules LocalFileSystem::nameRules(const QString& folder, const Call& call) {
+    return traits(base_.open(folder), call).names;
 }
 
 FileItem LocalFileSystem::itemAt(int folder, const QByteArray& diskName, const QString& name,
@@ -327,13 +327,13 @@ void LocalFileSystem::removeTree(const FileItem& item, const Call& call) {
 }
 
 FileItem LocalFileSystem::rename(const FileItem& item, const QString& newName, TakenName taken,
-                                 const Call&) {
+                                 const Call& call) {
     const Place place = placeOf(item.path);
     const QByteArray name = localName(newName);
     const QString path = joinPath(parentPath(item.path), newName);
     requireKind(place, item);
     const int folder = place.folder.get();
-    const NameRules rules = traits(place.folder).names;
+    const NameRules rules = traits(place.folder, call).names;
     const bool isItself = newName != lastComponent(item.path) &&
                           rules.key(newName) == rules.key(lastComponent(item.path)) &&
                           !isListed(folder, name);

@@ -80,7 +80,7 @@ private:
     [[nodiscard]] FileHandle openToRead(const FileItem& file) const;
     static FileItem fill(const FileHandle& opened, qint64 done, const NewFile& file,
                          const ByteSource& content, const ByteProgress& progress, const Call& call);
-    [[nodiscard]] DiskTraits traits(const FileHandle& folder);
+    [[nodiscard]] DiskTraits traits(const FileHandle& folder, const Call& call);
 
     const LocalFolder base_;
     const LocalLinks links_;

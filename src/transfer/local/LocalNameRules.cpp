@@ -1,7 +1,7 @@
 #include "transfer/local/LocalNameRules.h"
 
 #include "base/local/FileHandle.h"
-#include "base/local/PartFile.h"
+#include "phone/PartNames.h"
 
 #include <fcntl.h>
 #include <linux/fs.h>
@@ -73,16 +73,16 @@ bool isThere(int folder, const QString& name) {
     return ::fstatat(folder, name.toUtf8().constData(), &facts, AT_SYMLINK_NOFOLLOW) == 0;
 }
 
-DiskTraits tryOut(int folder, qint64 longestName) {
+DiskTraits tryOut(int folder, qint64 longestName, const QString& partOwner) {
     DiskTraits traits{.names = {}, .dateStep = 1s};
-    const QString composed = PartFile::newName() + QStringLiteral("\u00e9");
+    const QString composed = newPartName(partOwner) + QStringLiteral("\u00e9");
     const TrialFile plain(folder, composed.toUtf8());
     if (!plain.wasMade())
         return traits;
     traits.names.ignoresCase = isThere(folder, composed.toUpper());
     traits.names.ignoresUnicodeForm =
         isThere(folder, composed.normalized(QString::NormalizationForm_D));
-    const TrialFile special(folder, (PartFile::newName() + QStringLiteral(":?*|<>\"")).toUtf8());
+    const TrialFile special(folder, (newPartName(partOwner) + QStringLiteral(":?*|<>\"")).toUtf8());
     traits.names.forbidsFATCharacters = !special.wasMade();
     constexpr qint64 longestUsual = 255;
     if (longestName > longestUsual) { // counts its own units, several bytes each
@@ -107,12 +107,12 @@ std::optional<DiskTraits> diskTraitsOf(quint64 type) {
     return found == knownDisks.end() ? std::nullopt : std::optional(found->traits);
 }
 
-DiskTraits traitsOfDisk(int folder) {
+DiskTraits traitsOfDisk(int folder, const QString& partOwner) {
     struct statfs facts {};
     if (::fstatfs(folder, &facts) != 0)
         return {};
     const auto known = diskTraitsOf(static_cast<quint32>(facts.f_type));
-    return known ? *known : tryOut(folder, facts.f_namelen);
+    return known ? *known : tryOut(folder, facts.f_namelen, partOwner);
 }
 
 DiskTraits traitsOfFolder(DiskTraits disk, int folder) {

@@ -23,9 +23,9 @@ struct DiskTraits {
 [[nodiscard]] std::optional<DiskTraits> diskTraitsOf(quint64 type);
 
 /// What the file system of an open folder does with names: known by its type, else tried out in
-/// that folder with files of ours that are gone again afterwards. Names are taken for distinct
-/// where nothing can be written. Blocking; never fails.
-[[nodiscard]] DiskTraits traitsOfDisk(int folder);
+/// that folder with files of `partOwner` (see PartName) that are gone again afterwards. Names are
+/// taken for distinct where nothing can be written. Blocking; never fails.
+[[nodiscard]] DiskTraits traitsOfDisk(int folder, const QString& partOwner);
 
 /// The same for one folder of a disk: each may ignore case where its disk does not.
 [[nodiscard]] DiskTraits traitsOfFolder(DiskTraits disk, int folder);
