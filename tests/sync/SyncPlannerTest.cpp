@@ -54,6 +54,7 @@ struct Setting {
     bool moves = false;
     NameRules deviceNames;
     qint64 filesOnceSynced = 0;
+    QDateTime now = at(0);
 
     /// A record that both sides hold, of a run that began long after its files were made.
     void remember(SyncFiles files) {
@@ -61,7 +62,7 @@ struct Setting {
     }
     [[nodiscard]] SyncPlanner planner() const {
         return SyncPlanner({local, device, record ? &*record : nullptr, mode, deletes, moves, true,
-                            NameRules(), deviceNames, at(0), filesOnceSynced});
+                            NameRules(), deviceNames, now, filesOnceSynced});
     }
     /// What becomes of the one path.
     [[nodiscard]] QString outcome(bool confirmed, SyncComparison comparison) const {
@@ -203,13 +204,15 @@ TEST(SyncPlannerTest, onlyACertainRecordStandsForAComparison) {
         bool isShared;
         int startedAt; ///< of the run that wrote the record
         bool compares;
+        bool isFresh = false; ///< a mere copy is content with another date
     };
     const Row rows[] = {
         {"known", file(5, 0), known(5, 0), true, 1000, false},
         {"unseen content", file(5, 0), {5, at(0), {}, {}, false}, true, 1000, true},
         {"record of one side", file(5, 0), known(5, 0), false, 1000, true},
-        {"made while the run began", file(5, 999), known(5, 999), true, 1000, true},
-        {"made after the run began", file(5, 1005), known(5, 1005), true, 1000, true},
+        {"made while the run began", file(5, 1004), known(5, 1004), true, 1005, true, true},
+        {"made after the run began", file(5, 1005), known(5, 1005), true, 1000, true, true},
+        {"dated by the phone", file(5, 0), {5, at(0), at(1005), {}, true}, true, 1000, true},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
@@ -217,15 +220,19 @@ TEST(SyncPlannerTest, onlyACertainRecordStandsForAComparison) {
         setting.mode = SyncMode::toiPhone;
         setting.moves = true;
         setting.local.files[path] = row.local;
-        setting.device.files[path] = {row.record.size, row.record.modifiedDate};
+        setting.device.files[path] = {row.record.size, row.record.deviceDate()};
         setting.record = SyncRecord{{{path, row.record}}, row.isShared, 1, at(row.startedAt)};
         EXPECT_EQ(setting.planner().pathsToCompare().size(), row.compares ? 1 : 0);
         EXPECT_EQ(setting.outcome(false, SyncComparison::equal), u"delete source"_s);
         EXPECT_EQ(setting.outcome(false, SyncComparison::differing),
                   row.compares ? u"conflict moving"_s : u"delete source"_s);
-        // A mere copy is content with the date.
         setting.moves = false;
-        EXPECT_THAT(setting.planner().pathsToCompare(), IsEmpty());
+        for (const int now : {1006, 2000}) { // within the second, and long after it
+            setting.now = at(now);
+            const bool looks = row.isFresh && now == 2000;
+            EXPECT_EQ(setting.planner().pathsToCompare().size(), looks ? 1 : 0) << now;
+            EXPECT_EQ(setting.planner().plan({}, {}).settlesDates, looks) << now;
+        }
     }
 }
 

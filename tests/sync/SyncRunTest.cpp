@@ -69,7 +69,7 @@ TEST(SyncRunTest, moveAndDeletionTrustNoSampleAndNoDate) {
     }
 }
 
-TEST(SyncRunTest, editThatLeftTheDateIsFoundAfterTheRunThatReadsNothing) {
+TEST(SyncRunTest, editThatLeftTheDateIsFoundByTheNextRun) {
     for (const bool onDevice : {false, true}) {
         MemoryPair pair;
         pair.runsLater = 1;
@@ -78,11 +78,8 @@ TEST(SyncRunTest, editThatLeftTheDateIsFoundAfterTheRunThatReadsNothing) {
         const QString path = MemoryPair::path(onDevice, u"a"_s);
         MemoryFileSystem& source = pair.side(onDevice);
         source.addFile(path, editedLate(longOne), source.item(path).modifiedDate);
-        pair.expectQuietRun();
         pair.runsLater = 10;
-        pair.here("other", "that the record is written for");
-        (void)pair.goodRun();
-        (void)pair.goodRun();
+        EXPECT_EQ(pair.goodRun().items.size(), 1U);
         for (const bool there : {false, true})
             for (const QByteArray& content : {longOne, editedLate(longOne)})
                 EXPECT_TRUE(pair.holds(there, content));

@@ -67,6 +67,8 @@ struct SyncPlan {
     std::vector<SyncPlannedAction> actions;
     qint64 totalFiles = 0; ///< actions that are work
     qint64 totalBytes = 0;
+    /// Files were looked at whose dates told nothing until now: the record is to be written.
+    bool settlesDates = false;
 };
 
 /// Two files of one size whose contents have to be compared whole before anything is decided.

@@ -141,12 +141,18 @@ void SyncPlanner::decideResemblances() {
     }
 }
 
-/// Where the record is written anew, dates that were fresh at the last run count as settled from
-/// then on: now is the time to look. A run that finds nothing to do reads no content.
+/// What was written at the time of the last run is looked at once, as soon as a further edit would
+/// have another date, or where the record is written anyway: its date counts as settled from then
+/// on. So a run right after another reads no content.
 void SyncPlanner::decideFreshOnes(bool changesRecord) {
+    const auto isOver = [this](const SyncPlannedAction& action) {
+        return action.local->date.addMSecs(dateTolerance.count()) < input_.now;
+    };
+    for (std::size_t n = 0; n < actions_.size(); ++n)
+        settlesDates_ |= pending_[n] == Pending::freshness && isOver(actions_[n]);
     for (Pending& pending : pending_)
         if (pending == Pending::freshness)
-            pending = changesRecord ? Pending::comparison : Pending::nothing;
+            pending = changesRecord || settlesDates_ ? Pending::comparison : Pending::nothing;
 }
 
 SyncPlanner::Change SyncPlanner::change(const SyncFile& file, qint64 recordedSize,
@@ -198,7 +204,8 @@ SyncPlanner::Pending SyncPlanner::decideBoth(SyncPlannedAction& action) const {
         if (isMove() && !(isCertain && vouches(action)))
             return Pending::comparison;
         settleEqual(action, action.record->isContentKnown);
-        return isCertain ? Pending::nothing : Pending::freshness;
+        // A phone that dates its files itself dates what a run sends it by that run.
+        return localChanged == Change::none ? Pending::nothing : Pending::freshness;
     }
     if (local.size != device.size) {
         settleDiffering(action);
@@ -403,6 +410,7 @@ SyncPlan SyncPlanner::plan(const SyncDecisions& decisions, const SyncComparisons
         plan.totalBytes = addByteCounts(plan.totalBytes, action.bytes());
     }
     plan.actions = std::move(actions_);
+    plan.settlesDates = settlesDates_;
     return plan;
 }
 

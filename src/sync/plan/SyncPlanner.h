@@ -59,7 +59,7 @@ private:
         nothing,
         comparison,
         resemblance, ///< never synced, and of one size and date
-        freshness,   ///< in sync, unless it was edited at the very time of the last run
+        freshness,   ///< in sync, unless it was edited in the very second of the last run
         deletion,
     };
     /// How a side stands to the record.
@@ -98,6 +98,7 @@ private:
     SyncPlanInput input_;
     std::chrono::seconds localShift_{0}; ///< of all dates since the record was written
     std::chrono::seconds deviceShift_{0};
+    bool settlesDates_ = false;
     // In the order of the paths, of one length:
     std::vector<SyncPlannedAction> actions_;
     std::vector<Pending> pending_;

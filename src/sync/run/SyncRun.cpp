@@ -310,7 +310,7 @@ void SyncRun::carryOut(const SyncPlan& plan) {
     if (plan.totalFiles == 0)
         progress_.tell(QStringLiteral("Up to date"));
     SyncFiles files = worker.takeFiles();
-    if (!isRecorded(files))
+    if (plan.settlesDates || !isRecorded(files))
         writeManifests(std::move(files), true);
 }
 
