@@ -28,9 +28,9 @@ def _libraries(program):
     return re.findall(r"(/\S+) \(0x", listing.stdout)
 
 
-def build(target, modules, programs, texts=None, parameters=None):
-    """Writes the archive. `programs` land in /bin under their own names, `texts` under theirs;
-    `parameters` are of modules, by their names."""
+def build(target, modules, programs, texts=None, parameters=None, files=()):
+    """Writes the archive. `programs` land in /bin under their own names, `texts` under theirs,
+    `files` where they are here; `parameters` are of modules, by their names."""
     busybox = shutil.which("busybox")
     if not busybox:
         raise FileNotFoundError("busybox is needed (package busybox-static)")
@@ -48,7 +48,7 @@ def build(target, modules, programs, texts=None, parameters=None):
         for program in programs:
             put(program, f"bin/{program.name}")
             libraries.update(pathlib.Path(library) for library in _libraries(program))
-        for library in libraries:
+        for library in [*libraries, *files]:
             if library.is_file():
                 put(library, str(library).lstrip("/"))
         for module in modules:
@@ -62,7 +62,7 @@ def build(target, modules, programs, texts=None, parameters=None):
         ]
         (root / "init").write_text(INIT.replace("{loading}", "\n".join(loading)))
         (root / "init").chmod(0o755)
-        files = "\n".join(str(path.relative_to(root)) for path in sorted(root.rglob("*")))
+        names = "\n".join(str(path.relative_to(root)) for path in sorted(root.rglob("*")))
         with open(target, "wb") as archive:
             subprocess.run(["cpio", "--quiet", "-o", "-H", "newc"], cwd=root, stdout=archive,
-                           input=files.encode(), check=True)  # fmt: skip
+                           input=names.encode(), check=True)  # fmt: skip

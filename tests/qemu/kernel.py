@@ -19,6 +19,8 @@ GADGET_MODULES = USB_MODULES + [
     "drivers/usb/gadget/function/usb_f_fs.ko",
     "drivers/usb/gadget/udc/dummy_hcd.ko",
 ]
+# Of other clients, which show a phone as a file system
+FUSE_MODULES = ["fs/fuse/fuse.ko"]
 
 
 class KernelError(Exception):
@@ -84,13 +86,13 @@ def _fetch(cache, kept, name, wanted):
 def _kernel_parts(tree):
     modules = next(tree.glob("lib/modules/*/kernel"))
     yield next(tree.glob("boot/vmlinuz-*")), "vmlinuz"
-    for module in MODULES + GADGET_MODULES:
+    for module in MODULES + GADGET_MODULES + FUSE_MODULES:
         yield modules / module, pathlib.Path(module).name
 
 
 def kernel_files(cache, wanted=MODULES):
     """(kernel, modules in the order of loading). Downloads the package unless the cache has it."""
-    folder = _fetch(cache, "kernel-with-gadgets", _package_name, _kernel_parts)
+    folder = _fetch(cache, "kernel-with-modules", _package_name, _kernel_parts)
     return folder / "vmlinuz", [folder / pathlib.Path(module).name for module in wanted]
 
 

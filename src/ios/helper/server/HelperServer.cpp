@@ -6,6 +6,7 @@
 #include "phone/PhoneError.h"
 #include "platform/process/ChildChannel.h"
 
+#include <QIODevice>
 #include <QTimeZone>
 
 #include <algorithm>
