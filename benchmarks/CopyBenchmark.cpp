@@ -11,6 +11,7 @@
 
 #include <QFile>
 #include <QProcess>
+#include <QStandardPaths>
 
 #include <algorithm>
 #include <chrono>
@@ -59,6 +60,27 @@ struct Phone {
         bus, identityOf(plugged.info), std::make_shared<PhoneQueue>());
 };
 
+bool isInstalled(const char* program) {
+    const bool is = !QStandardPaths::findExecutable(QString::fromLatin1(program)).isEmpty();
+    if (!is)
+        std::printf("%-28s not installed\n", program);
+    return is;
+}
+
+/// Ten minutes of video whose index lies at its end, as a camera writes it.
+bool makeVideo(Phone& phone) {
+    const TemporaryFolder disk;
+    const QString video = disk.path() + u"/video.mp4"_s;
+    if (QProcess::execute(u"ffmpeg"_s,
+                          u"-v error -f lavfi -i testsrc2=size=1280x720:rate=30 -t 600 "
+                          "-c:v mpeg4 -b:v 4M -g 60"_s.split(u' ') +
+                              QStringList{video}) != 0)
+        return false;
+    QFile file(video);
+    return file.open(QIODevice::ReadOnly) &&
+           (phone.plugged.write(u"video.mp4"_s, file.readAll()), true);
+}
+
 /// What other programs do with a mounted folder of ten thousand files, and how soon fifty readers
 /// of the film can be killed.
 bool showTools(Phone& phone, const QString& top) {
@@ -66,6 +88,7 @@ bool showTools(Phone& phone, const QString& top) {
     for (int n = 0; n < files; ++n)
         phone.plugged.write(u"many/%1.jpg"_s.arg(n), "jpeg");
     const TemporaryFolder disk;
+    const bool hasVideo = isInstalled("ffmpeg") && makeVideo(phone);
     const auto mounted = PhoneMount::mount(phone.files, {{u"/"_s, u"phone"_s}}, top,
                                            [](const FileItem&, const Error&) {});
     const auto time = [](const char* what, const QString& command) {
@@ -80,7 +103,15 @@ bool showTools(Phone& phone, const QString& top) {
     const QString many = top + u"/many"_s;
     return time("find, 10,000 files", u"test $(find '%1' -type f | wc -l) = 10000"_s.arg(many)) &&
            time("the same again", u"test $(find '%1' -type f | wc -l) = 10000"_s.arg(many)) &&
-           time("cp -r of them", u"cp -r '%1' '%2'"_s.arg(many, disk.path())) &&
+           time("cp -a of them", u"cp -a '%1' '%2'"_s.arg(many, disk.path())) &&
+           (!isInstalled("rsync") ||
+            time("rsync -n, nothing to do",
+                 u"test $(rsync -ani '%1/' '%2/many/' | grep -c '^>f') = 0"_s.arg(many,
+                                                                                  disk.path()))) &&
+           (!hasVideo ||
+            time("ffmpeg -ss 500, one picture",
+                 u"ffmpeg -v error -ss 500 -i '%1/video.mp4' -frames:v 1 '%2/picture.png'"_s.arg(
+                     top, disk.path()))) &&
            time("a seek to the film's end", u"tail -c 100000 '%1/film' > /dev/null"_s.arg(top)) &&
            time("50 readers, killed after 1 s",
                 u"for n in $(seq 50); do timeout -s KILL 1 cat '%1/film' > /dev/null & done; "
