@@ -1,9 +1,14 @@
 #include "base/log/DiagnosticsLogger.h"
+#include "base/log/LogQueue.h"
 #include "base/log/SystemLogSink.h"
 #include "support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <future>
+#include <memory>
+#include <mutex>
 #include <thread>
 #include <vector>
 
@@ -57,6 +62,44 @@ TEST(DiagnosticsLogger, standardErrorLinesCarryTheFieldsAndNeverMix) {
     for (int i = 0; i < 200; ++i)
         expected += "com.velmora.tessary ui default: tick\n";
     EXPECT_EQ(testing::internal::GetCapturedStderr(), expected);
+}
+
+TEST(LogQueue, aLogThatHangsHoldsNobodyUp) {
+    constexpr std::size_t tooMany = LogQueue::mostWaiting + 5;
+    struct Log {
+        std::mutex hangs;
+        std::vector<QString> lines;
+    };
+    const auto log = std::make_shared<Log>();
+    {
+        LogQueue queue([log](const LogRecord& record) {
+            const std::scoped_lock lock(log->hangs);
+            log->lines.push_back(record.message);
+        });
+        {
+            const std::scoped_lock hung(log->hangs);
+            for (std::size_t n = 0; n < tooMany; ++n)
+                queue.add({"", "", LogLevel::standard, QString::number(n)});
+        }
+        // It goes on: the next one that finds room tells of those that did not.
+        bool isTold = false;
+        while (!isTold) {
+            queue.add({"", "", LogLevel::standard, u"more"_s});
+            const std::scoped_lock lock(log->hangs);
+            isTold = std::ranges::any_of(log->lines, [](const QString& line) {
+                return line.endsWith(u"messages were dropped"_s);
+            });
+        }
+        const std::scoped_lock lock(log->hangs);
+        EXPECT_EQ(log->lines.front(), u"0");
+    }
+
+    // One that hangs to the end is left to its thread.
+    std::promise<void> ends;
+    LogQueue([wait = ends.get_future().share(), log](const LogRecord&) {
+        wait.wait();
+    }).add({"", "", LogLevel::standard, u"never"_s});
+    ends.set_value();
 }
 
 } // namespace

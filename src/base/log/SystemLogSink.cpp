@@ -1,5 +1,7 @@
 #include "base/log/SystemLogSink.h"
 
+#include "base/log/LogQueue.h"
+
 #include <QFileInfo>
 
 #include <array>
@@ -46,8 +48,15 @@ LogSink makeStandardErrorSink(LogLevel minimum) {
 
 LogSink makeSystemLogSink() {
 #ifdef TESSARY_HAVE_JOURNAL
-    if (QFileInfo::exists(QStringLiteral("/run/systemd/journal/socket")))
-        return {[](LogLevel) { return true; }, writeToJournal};
+    if (QFileInfo::exists(QStringLiteral("/run/systemd/journal/socket"))) {
+        // Destroyed when the program ends: what is logged after that is dropped.
+        static const auto queue = std::make_shared<LogQueue>(writeToJournal);
+        return {[](LogLevel) { return true; },
+                [waiting = std::weak_ptr(queue)](const LogRecord& record) {
+                    if (const auto there = waiting.lock())
+                        there->add(record);
+                }};
+    }
 #endif
     return makeStandardErrorSink(minimumFromEnvironment());
 }
