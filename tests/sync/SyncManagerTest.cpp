@@ -141,6 +141,21 @@ TEST_F(SyncManagerTest, pairRunsByItselfWheneverItsPhoneComes) {
     EXPECT_EQ(runs, 1);
 }
 
+TEST_F(SyncManagerTest, questionGoesWithItsRun) {
+    const SyncPair pair = addPair("one");
+    view_ = std::make_unique<SyncViewModel>(*sync_, *manager_);
+    local_.write(u"one/a"_s, "a");
+    ASSERT_NO_FATAL_FAILURE(runFirst(pair));
+    QFile::remove(local_.path(u"one/a"_s));
+    view_->run(pair.id);
+    ASSERT_TRUE(eventually([this] { return view_->question().has_value(); }));
+    view_->cancel(pair.id);
+    wait();
+    EXPECT_FALSE(view_->question());
+    EXPECT_EQ(sync_->lastReport(pair.id)->outcome, Outcome::cancelled);
+    EXPECT_EQ(phone_->content(u"Sync/a"_s), "a");
+}
+
 TEST_F(SyncManagerTest, failuresAreStatusesAndReports) {
     SyncPair pair = addPair("one");
     pair.deviceUDID = u"ANOTHER"_s;

@@ -210,6 +210,25 @@ TEST(SyncRunFailuresTest, recordThatCannotBeStoredIsReported) {
     EXPECT_THAT(pair.run().paths({SyncDeed::replaceOnDevice}), ElementsAre(u"a"_s));
 }
 
+TEST(SyncRunFailuresTest, movedFileThatARecordStillNamesKeepsItsSource) {
+    MemoryPair pair;
+    pair.here("a", "1");
+    (void)pair.goodRun();
+    pair.pair.syncMode = SyncMode::toMac;
+    pair.pair.moveFilesEnabled = true;
+    const QString manifest = MemoryPair::path(true, SyncManifest::fileName);
+    pair.beforeCall = [&](const MemoryFileSystem::Request& request) {
+        if (request.is(Operation::remove, manifest))
+            throw Error(PhoneError::accessDenied, {manifest});
+    };
+    EXPECT_TRUE(paths(pair.runTo(Outcome::incomplete).skipped).contains(u"a"_s));
+    EXPECT_EQ(pair.thereContents(), "a=1");
+    pair.beforeCall = nullptr;
+    (void)pair.goodRun();
+    EXPECT_EQ(pair.thereContents(), "");
+    EXPECT_EQ(pair.hereContents(), "a=1");
+}
+
 TEST(SyncRunFailuresTest, movedFilesThatMayNotBeOnTheDiskKeepTheirSources) {
     MemoryPair pair;
     pair.pair.syncMode = SyncMode::toMac;
@@ -227,6 +246,32 @@ TEST(SyncRunFailuresTest, movedFilesThatMayNotBeOnTheDiskKeepTheirSources) {
     pair.beforeCall = nullptr;
     EXPECT_EQ(pair.goodRun().items.size(), 3U);
     EXPECT_EQ(pair.thereContents(), "");
+}
+
+TEST(SyncRunFailuresTest, openQuestionHoldsUpNobodyAndIsAskedAgainWhereItChanged) {
+    const TemporaryFolder folder;
+    MemoryPair pair;
+    pair.lockFile = folder.path(u"runs.lock"_s);
+    for (const char* name : {"a", "b", "c"})
+        pair.here(name, name);
+    (void)pair.goodRun();
+    pair.removeHere("a");
+    pair.removeHere("b");
+    pair.answer = [&](const SyncQuestion& question) {
+        std::stop_source stopped;
+        stopped.request_stop();
+        EXPECT_NO_THROW(SyncLock(pair.lockFile, nullptr, stopped.get_token()));
+        EXPECT_TRUE(pair.device().queue()->tryTake());
+        if (pair.questions.size() == 1) {
+            pair.here("a", "a, back again");
+            pair.removeHere("c");
+        }
+        return SyncAnswer::deleteAll(question);
+    };
+    (void)pair.goodRun();
+    EXPECT_EQ(pair.questions.size(), 2U);
+    EXPECT_EQ(pair.hereContents(), "a=a, back again");
+    EXPECT_EQ(pair.thereContents(), "a=a, back again");
 }
 
 TEST(SyncRunFailuresTest, runsOfOneUserWaitForEachOther) {

@@ -1,6 +1,7 @@
 #include "cli/commands/SyncCommand.h"
 
 #include "app/texts/ErrorText.h"
+#include "app/texts/SyncGuardText.h"
 #include "base/text/ByteFormat.h"
 #include "base/text/Printable.h"
 #include "base/threads/CancellationError.h"
@@ -56,27 +57,6 @@ static_assert(deedWords.size() == static_cast<std::size_t>(SyncDeed::renameHere)
 
 const DeedWords& wordsOf(SyncDeed deed) {
     return deedWords[static_cast<std::size_t>(deed)];
-}
-
-QString guardText(const SyncGuard& guard) {
-    using Kind = SyncGuard::Kind;
-    switch (guard.kind) {
-    case Kind::nothing:
-        break;
-    case Kind::localEmpty:
-        return QStringLiteral("The folder on this computer is empty, although %1 files were in it "
-                              "after the last sync. Is its disk missing?")
-            .arg(guard.recorded);
-    case Kind::deviceEmpty:
-        return QStringLiteral("The folder on the device is empty, although %1 files were in it "
-                              "after the last sync. Is its memory card missing?")
-            .arg(guard.recorded);
-    case Kind::manyDeletions:
-        return QStringLiteral("%1 of the %2 files of the last sync would be deleted.")
-            .arg(guard.deletions)
-            .arg(guard.recorded);
-    }
-    return {};
 }
 
 QJsonObject toJson(const SyncPreview& preview) {

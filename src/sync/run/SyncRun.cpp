@@ -75,30 +75,26 @@ void SyncRun::tell(const QString& message) {
 
 /// A folder that was synced before and is gone may be on a disk that is missing: only the user
 /// knows whether to begin anew.
-void SyncRun::ensureLocalFolder() {
-    if (local_.exists(call_))
-        return;
+std::optional<SyncQuestion> SyncRun::questionOfFolder() {
+    if (mayMakeFolder_ || local_.exists(call_))
+        return std::nullopt;
     const auto before = filesOnceSynced({}, deviceManifest_, setup_.hostID, setup_.pair);
-    if (setup_.pair.lastSyncedAt || before) {
-        SyncQuestion question;
-        question.kind = SyncQuestion::Kind::missingLocalFolder;
-        question.path = setup_.pair.localFolderPath;
-        question.guard = {SyncGuard::Kind::localEmpty, before.value_or(0), 0};
-        if (!events_.ask || !events_.ask(question).goesOn)
-            throw Error(SyncError::folderMissing, {setup_.pair.localFolderPath});
-        throwIfStopped(call_.stop);
-        decisions_.guard = SyncGuard::Kind::localEmpty; // he has just said so
-    }
-    setup_.computer.makeFolder();
+    if (!setup_.pair.lastSyncedAt && !before)
+        return std::nullopt;
+    SyncQuestion question;
+    question.kind = SyncQuestion::Kind::missingLocalFolder;
+    question.path = setup_.pair.localFolderPath;
+    question.guard = {SyncGuard::Kind::localEmpty, before.value_or(0), 0};
+    return question;
 }
 
 void SyncRun::loadManifests() {
     deviceManifest_ = loadManifest(device_, call_);
+    localManifest_.reset();
     if (local_.exists(call_))
         localManifest_ = loadManifest(local_, call_);
     record_ = syncRecord(localManifest_, deviceManifest_, setup_.hostID, setup_.pair);
-    if (record_)
-        remembered_ = record_->files;
+    remembered_ = record_ ? record_->files : SyncFiles();
 }
 
 void SyncRun::scan(SyncSide::Leftovers leftovers) {
@@ -133,8 +129,8 @@ SyncPlanner SyncRun::makePlanner() {
              filesOnceSynced(localManifest_, deviceManifest_, setup_.hostID, pair).value_or(0)});
 }
 
-/// Asks the user what he was not asked yet.
-void SyncRun::ask(const SyncPlanner& planner) {
+/// What the user was not asked yet; no value where all is decided.
+std::optional<SyncQuestion> SyncRun::questionOf(const SyncPlanner& planner) const {
     SyncQuestion question;
     question.guard = planner.guard();
     question.candidates = planner.deletionCandidates();
@@ -147,15 +143,30 @@ void SyncRun::ask(const SyncPlanner& planner) {
                                decisions_.kept.contains(candidate.relativePath);
                     });
     if (isWarned && isDecided)
-        return;
+        return std::nullopt;
     if (question.candidates.empty())
         question.kind = SyncQuestion::Kind::emptySide;
-    tell(QStringLiteral("Awaiting deletion confirmation…"));
+    return question;
+}
+
+void SyncRun::ask(const SyncQuestion& question) {
+    const bool isFolder = question.kind == SyncQuestion::Kind::missingLocalFolder;
+    if (!isFolder)
+        tell(QStringLiteral("Awaiting deletion confirmation…"));
     const SyncAnswer answer = events_.ask ? events_.ask(question) : SyncAnswer::stop();
     throwIfStopped(call_.stop);
     if (!answer.goesOn)
-        throw Error(SyncError::stopped);
+        throw isFolder ? Error(SyncError::folderMissing, {question.path})
+                       : Error(SyncError::stopped);
+    mayMakeFolder_ = mayMakeFolder_ || isFolder;
+    decisions_.guard = question.guard.kind; // he has just been told
+    if (isFolder)
+        return;
     decisions_.deletions = answer.deletions;
+    decisions_.kept.clear();
+    for (const DeletionCandidate& candidate : question.candidates)
+        if (!answer.deletions.contains(candidate.relativePath))
+            decisions_.kept.insert(candidate.relativePath);
 }
 
 /// A name that cannot be taken over leaves its files alone, as they are on both sides.
@@ -314,20 +325,48 @@ void SyncRun::carryOut(const SyncPlan& plan) {
         writeManifests(std::move(files), true);
 }
 
-void SyncRun::runToEnd() {
-    throwIfStopped(call_.stop);
-    std::optional<SyncLock> lock;
-    if (!setup_.lockFile.isEmpty())
-        lock.emplace(
-            setup_.lockFile, [this] { tell(QStringLiteral("Waiting for another sync…")); },
-            call_.stop);
-    std::optional<PhoneQueue::Job> job;
-    if (const auto queue = setup_.device.queue())
-        job.emplace(queue->beginJob());
+/// Keeps other runs from the folders, and from the phone who only wants to know figures.
+class SyncRun::Hold {
+public:
+    explicit Hold(SyncRun& run) {
+        if (!run.setup_.lockFile.isEmpty())
+            lock_.emplace(
+                run.setup_.lockFile,
+                [&run] { run.tell(QStringLiteral("Waiting for another sync…")); }, run.call_.stop);
+        if (const auto queue = run.setup_.device.queue())
+            job_.emplace(queue->beginJob());
+    }
+
+private:
+    std::optional<SyncLock> lock_;
+    std::optional<PhoneQueue::Job> job_;
+};
+
+/// Looks at both sides, and returns what the user has to say first.
+std::optional<SyncQuestion> SyncRun::lookAtBoth() {
     loadManifests();
-    ensureLocalFolder();
+    if (auto question = questionOfFolder())
+        return question;
+    if (!local_.exists(call_))
+        setup_.computer.makeFolder();
     scan(SyncSide::Leftovers::finished);
-    ask(makePlanner());
+    return questionOf(makePlanner());
+}
+
+void SyncRun::runToEnd() {
+    // So often the folders may have become others while a question was open.
+    constexpr int mostQuestions = 5;
+    throwIfStopped(call_.stop);
+    std::optional<Hold> hold(std::in_place, *this);
+    int asked = 0;
+    while (const auto question = lookAtBoth()) {
+        if (++asked > mostQuestions)
+            throw Error(SyncError::changedMeanwhile, {setup_.pair.localFolderPath});
+        // He may take hours: others need not wait, and what they do meanwhile is seen then.
+        hold.reset();
+        ask(*question);
+        hold.emplace(*this);
+    }
     tell(QStringLiteral("Analyzing files…"));
     carryOutRenames();
     SyncPlanner planner = makePlanner();

@@ -30,8 +30,8 @@ struct SyncRunSetup {
 };
 
 /// One run of one pair, once the device is connected: scans both folders, asks what has to be
-/// asked, plans, carries the plan out and writes the record to both sides. Blocking; used once, by
-/// one thread.
+/// asked, plans, carries the plan out and writes the record to both sides. While it asks it holds
+/// up nobody, and looks at both sides anew afterwards. Blocking; used once, by one thread.
 class SyncRun {
 public:
     SyncRun(SyncRunSetup setup, SyncRunEvents events, std::stop_token stop);
@@ -44,12 +44,16 @@ public:
     [[nodiscard]] SyncPreview preview();
 
 private:
+    class Hold;
+
     void runToEnd();
-    void ensureLocalFolder();
+    [[nodiscard]] std::optional<SyncQuestion> lookAtBoth();
+    [[nodiscard]] std::optional<SyncQuestion> questionOfFolder();
+    [[nodiscard]] std::optional<SyncQuestion> questionOf(const SyncPlanner& planner) const;
+    void ask(const SyncQuestion& question);
     void loadManifests();
     void scan(SyncSide::Leftovers leftovers);
     [[nodiscard]] SyncPlanner makePlanner();
-    void ask(const SyncPlanner& planner);
     void carryOutRenames();
     [[nodiscard]] SyncComparisons compare(const QStringList& paths, bool isRenamed);
     void carryOut(const SyncPlan& plan);
@@ -81,6 +85,7 @@ private:
     NameRules deviceNames_;
     std::vector<SyncRename> renames_;
     SyncDecisions decisions_;
+    bool mayMakeFolder_ = false; ///< the user wants the computer's folder made again
 };
 
 } // namespace tessary

@@ -1,6 +1,7 @@
 #include "views/sync/SyncPreviewDialog.h"
 
 #include "app/texts/ErrorText.h"
+#include "app/texts/SyncGuardText.h"
 #include "base/text/ByteFormat.h"
 #include "views/common/Icons.h"
 #include "views/common/PlainText.h"

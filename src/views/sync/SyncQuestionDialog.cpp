@@ -1,9 +1,9 @@
 #include "views/sync/SyncQuestionDialog.h"
 
+#include "app/texts/SyncGuardText.h"
 #include "base/text/Printable.h"
 #include "views/common/PlainText.h"
 #include "views/sync/SyncFileList.h"
-#include "views/sync/SyncTexts.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>

@@ -98,27 +98,6 @@ const char* deedIcon(SyncDeed deed) {
     return lookOf(deed).icon;
 }
 
-QString guardText(const SyncGuard& guard) {
-    using Kind = SyncGuard::Kind;
-    const auto count = static_cast<int>(guard.recorded);
-    switch (guard.kind) {
-    case Kind::nothing:
-        break;
-    case Kind::localEmpty:
-        return Texts::tr("The folder on this computer is empty, although %Ln files were in it "
-                         "after the last sync. Is its disk missing?",
-                         nullptr, count);
-    case Kind::deviceEmpty:
-        return Texts::tr("The folder on the phone is empty, although %Ln files were in it after "
-                         "the last sync. Is its memory card missing?",
-                         nullptr, count);
-    case Kind::manyDeletions:
-        return Texts::tr("More than half of the %Ln files of the last sync would be deleted.",
-                         nullptr, count);
-    }
-    return {};
-}
-
 QString countsText(const std::map<SyncDeed, qint64>& counts) {
     QStringList parts;
     for (const auto& [deed, count] : counts)

@@ -16,8 +16,6 @@ namespace tessary {
 [[nodiscard]] QString deedText(SyncDeed deed);
 /// The icon of a deed.
 [[nodiscard]] const char* deedIcon(SyncDeed deed);
-/// Why a run looks like a mistake; empty when it does not.
-[[nodiscard]] QString guardText(const SyncGuard& guard);
 /// How often each thing is done: "Copy to the phone: 3  ·  Delete on the phone: 1".
 [[nodiscard]] QString countsText(const std::map<SyncDeed, qint64>& counts);
 /// How a run went, in one line.
