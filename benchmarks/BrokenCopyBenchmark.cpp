@@ -3,6 +3,7 @@
 // crossed twice. The size in MiB may be given.
 
 #include "base/threads/CancellationError.h"
+#include "phone/PartNames.h"
 #include "transfer/PhoneSides.h"
 #include "transfer/copy/FileCopy.h"
 
@@ -46,6 +47,9 @@ bool breakOff(const char* name, FolderSide& from, FolderSide& to, qint64 size) {
         return false;
     } catch (const CancellationError&) {
     }
+    for (const FileItem& item : to.items()) // what was on its way has arrived meanwhile
+        if (isPartName(item.name))
+            before.last = std::max(before.last, item.size);
     Run after;
     const auto began = std::chrono::steady_clock::now();
     const FileItem made = copyFile(copy, [&](qint64 done) { after.note(done); }, {});

@@ -1,10 +1,9 @@
 #include "simulator/adbd/ADBDCommands.h"
 
+#include "base/hash/ContentHash.h"
 #include "base/local/FileHandle.h"
 
-#include <QCryptographicHash>
 #include <QDateTime>
-#include <QFile>
 #include <QTimeZone>
 
 #include <fcntl.h>
@@ -218,14 +217,20 @@ ADBDShellResult copyBlocks(ADBDState& state, const Words& words) {
 /// `[toybox] sha256sum FILE`
 ADBDShellResult hash(ADBDState& state, const Words& words) {
     const std::string& path = words.back();
-    QCryptographicHash sum(QCryptographicHash::Sha256);
+    ContentHash sum;
     if (path != "/dev/null") {
         const auto local = ADBDFiles(state.config).resolve(path);
-        QFile file(local ? QString::fromStdString(local->string()) : QString());
-        if (!local || !file.open(QIODevice::ReadOnly) || !sum.addData(&file))
+        std::ifstream file(local.value_or("/nowhere"), std::ios::binary);
+        if (!file || std::filesystem::is_directory(*local))
             return failed("sha256sum: " + path + ": " + reason(ENOENT));
+        Bytes piece(std::size_t{1} << 20);
+        do {
+            file.read(reinterpret_cast<char*>(piece.data()),
+                      static_cast<std::streamsize>(piece.size()));
+            sum.add(ByteView(piece).first(static_cast<std::size_t>(file.gcount())));
+        } while (file);
     }
-    return {sum.result().toHex().toStdString() + "  " + path + '\n', {}, 0};
+    return {sum.finish().toHex().toStdString() + "  " + path + '\n', {}, 0};
 }
 
 /// `touch -m -t YYYYMMDDhhmm.ss FILE` in the world's own time

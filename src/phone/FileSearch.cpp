@@ -1,14 +1,13 @@
 #include "phone/FileSearch.h"
 
 #include "base/threads/CancellationError.h"
+#include "phone/PartNames.h"
 #include "phone/TreeLimits.h"
 
 #include <deque>
 #include <utility>
 
 namespace tessary {
-
-namespace {} // namespace
 
 NamePattern::NamePattern(const QString& text) {
     constexpr QLatin1StringView wildcards("*?[");
@@ -50,6 +49,8 @@ void searchFiles(PhoneFileSystem& files, const QString& folder, const NamePatter
                                            throw Error(PhoneError::listingBroken, {folder});
                                        std::vector<FileItem> found;
                                        for (FileItem& item : items) {
+                                           if (isUnfinishedName(item.name))
+                                               continue;
                                            if (item.isDirectory && now.depth + 1 < deepestFolder)
                                                folders.push_back({item.path, now.depth + 1});
                                            else if (item.isDirectory)

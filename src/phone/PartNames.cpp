@@ -54,6 +54,12 @@ bool isPartName(const QString& name) {
     return name.startsWith(PartFile::namePrefix);
 }
 
+bool isUnfinishedName(const QString& name) {
+    const auto part = partNameOf(name, {});
+    return part &&
+           (part->kind == PartName::Kind::arriving || part->kind == PartName::Kind::resumable);
+}
+
 QString partOwner(const QString& text) {
     return digitsOf(text, ownerDigits);
 }

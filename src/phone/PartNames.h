@@ -29,6 +29,10 @@ namespace tessary {
 /// it for the user's.
 [[nodiscard]] bool isPartName(const QString& name);
 
+/// Whether it is one that is not whole, or a folder of such: nobody needs to see it. What waits for
+/// its name is whole, and may be the only one.
+[[nodiscard]] bool isUnfinishedName(const QString& name);
+
 /// The name of an owner: 16 digits that stand for a text.
 [[nodiscard]] QString partOwner(const QString& text);
 

@@ -52,6 +52,12 @@ const Operation operations[] = {
      [](auto& phone) {
          phone.put({u"/"_s, u"up"_s, size, QDateTime::currentDateTime()}, manyBytes(size));
      }},
+    {"append", "getFileInfo fileOpen fileSeek fileWrite fileClose setFileModTime",
+     [](auto& phone) {
+         phone.files.append(listed(u"a"_s, false), size / 2,
+                            {u"/"_s, u"a"_s, size, QDateTime::currentDateTime(), true},
+                            IPhoneFiles::sourceOf(manyBytes(size).mid(size / 2)), {}, {});
+     }},
     {"read", "fileOpen fileRead fileClose",
      [](auto& phone) { phone.files.read(listed(u"a"_s, false), {}, [](ByteView) {}, {}); }},
     {"freeBytes", "getDeviceInfo", [](auto& phone) { (void)phone.files.freeBytes(u"/"_s, {}); }},

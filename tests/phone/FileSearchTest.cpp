@@ -1,4 +1,5 @@
 #include "phone/FileSearch.h"
+#include "phone/PartNames.h"
 #include "support/MemoryFileSystem.h"
 #include "support/QtPrinters.h"
 
@@ -49,6 +50,7 @@ TEST(FileSearchTest, everythingBelowIsFoundAndWhatCannotBeReadIsNamed) {
     files.addFile(u"/a/b/Trip 2/trip.txt"_s, "x");
     files.addFile(u"/elsewhere/trip.png"_s, "x");
     files.addFile(u"/a/closed/trip.gif"_s, "x");
+    files.addFile(u"/a/"_s + newPartName({}) + u"/trip.jpg"_s, "not whole");
     files.addUnreadable(u"/a/odd"_s, Error(PhoneError::unreadable, {u"/a/odd"_s}));
     files.fail(MemoryRequests::Operation::list, u"/a/closed"_s,
                Error(PhoneError::accessDenied, {u"/a/closed"_s}));

@@ -41,17 +41,21 @@ public:
     }
     /// Writes a file by the file system, from memory.
     FileItem put(const NewFile& file, const QByteArray& content, const Call& call = {}) {
-        qsizetype at = 0;
         return files.write(
-            file,
-            [&](std::span<std::byte> room) {
-                const auto count =
-                    std::min(static_cast<qsizetype>(room.size()), content.size() - at);
-                std::copy_n(content.constData() + at, count, reinterpret_cast<char*>(room.data()));
-                at += count;
-                return static_cast<std::size_t>(count);
-            },
-            [this](qint64 done) { progress.push_back(done); }, call);
+            file, sourceOf(content), [this](qint64 done) { progress.push_back(done); }, call);
+    }
+    /// A source of these bytes; `drawn` is told how many of them were.
+    [[nodiscard]] static ByteSource sourceOf(const QByteArray& content,
+                                             std::function<void(qint64)> drawn = {}) {
+        return [content, drawn = std::move(drawn),
+                at = qsizetype{0}](std::span<std::byte> room) mutable {
+            const auto count = std::min(static_cast<qsizetype>(room.size()), content.size() - at);
+            std::copy_n(content.constData() + at, count, reinterpret_cast<char*>(room.data()));
+            at += count;
+            if (drawn)
+                drawn(at);
+            return static_cast<std::size_t>(count);
+        };
     }
     [[nodiscard]] QByteArray get(const QString& path, ByteRange range = {}, const Call& call = {}) {
         QByteArray content;

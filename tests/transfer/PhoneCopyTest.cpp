@@ -1,6 +1,8 @@
 #include "transfer/CopyRows.h"
 #include "transfer/PhoneSides.h"
 
+#include "phone/PartNames.h"
+
 namespace tessary {
 namespace {
 
@@ -14,28 +16,92 @@ INSTANTIATE_TEST_SUITE_P(
                     Way{"withinOnePhone", overADB, overADB}),
     [](const auto& way) { return way.param.name; });
 
-struct Cable {
+struct Strange {
     const char* name;
     qint64 size;      ///< from which on the way goes on with a file
     qint64 mostTwice; ///< a piece, and what may not have been written out, or is in buffers
     std::function<std::unique_ptr<PhoneSide>()> phone;
 };
 
-void PrintTo(const Cable& cable, std::ostream* stream) {
-    *stream << cable.name;
+void PrintTo(const Strange& strange, std::ostream* stream) {
+    *stream << strange.name;
 }
 
-class Unplugged : public testing::TestWithParam<Cable> {};
+class StrangePhone : public testing::TestWithParam<Strange> {};
 
 INSTANTIATE_TEST_SUITE_P(
-    Ways, Unplugged,
-    testing::Values(Cable{"overMTP", qint64{80} << 20, qint64{9} << 20, overMTP},
-                    Cable{"overADB", qint64{40} << 20, qint64{16} << 20, overADB},
-                    Cable{"overAFC", qint64{40} << 20, qint64{9} << 20, overAFC}),
-    [](const auto& cable) { return cable.param.name; });
+    Ways, StrangePhone,
+    testing::Values(Strange{"overMTP", qint64{80} << 20, qint64{9} << 20, overMTP},
+                    Strange{"overADB", qint64{40} << 20, qint64{16} << 20, overADB},
+                    Strange{"overAFC", qint64{40} << 20, qint64{9} << 20, overAFC}),
+    [](const auto& strange) { return strange.param.name; });
+
+/// Of a file that is not gone on with something may stay.
+TEST_P(StrangePhone, whatStaysOfASmallFileGoesWithALaterCopyIntoItsFolder) {
+    const auto phone = GetParam().phone();
+    DiskSide disk;
+    disk.put(s("film"), QByteArray(3'000'000, 'f'), noon);
+    FileCopy copy{*disk.files(), require(*disk.files(), disk.at(s("film")), {}), *phone->files(),
+                  phone->root(), s("film")};
+    EXPECT_THROW(copyFile(copy, [&](qint64) { phone->unplug(); }, {}), Error);
+    phone->plugIn();
+    const QDateTime now = QDateTime::currentDateTime();
+    const QString young = newPartName({});
+    phone->put(newPartName({}), "old", now.addSecs(-700));
+    phone->put(young, "young", now);
+    for (const QString& left : phone->contents().keys()) {
+        EXPECT_TRUE(isUnfinishedName(left)) << left.toStdString();
+        if (left != young)
+            phone->put(left, "left", now.addSecs(-700));
+    }
+    EXPECT_EQ(run(requestFor(disk, *phone, ClashAnswer::skip)).end(), CopyOutcome::End::done);
+    EXPECT_EQ(phone->contents().keys(), (QStringList{young, s("film")}));
+}
+
+TEST_P(StrangePhone, strangeTargetsKeepWhatArrivedAndSayWhatDidNot) {
+    using End = CopyOutcome::End;
+    const bool ignoresCase = GetParam().phone()->files()->nameRules(s("/"), {}).ignoresCase;
+    EXPECT_EQ(ignoresCase, std::string(GetParam().name) != "overAFC");
+    const QString small(s("Foto.jpg"));
+    const QString large(s("foto.jpg"));
+    const struct {
+        const char* name;
+        std::function<void(PhoneSide&)> becomes;
+        End end;
+        QStringList there;
+        qsizetype leftOut;
+    } rows[] = {
+        {"names in two cases",
+         [](auto&) {},
+         End::done,
+         {small, ignoresCase ? s("foto (2).jpg") : large},
+         0},
+        {"full", [](auto& phone) { phone.fillUpAt(1'200'000); }, End::failed, {small}, 0},
+        {"read only", [](auto& phone) { phone.becomeReadOnly(); }, End::incomplete, {}, 2},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        const auto phone = GetParam().phone();
+        DiskSide disk;
+        disk.fill({{small, QByteArray(1'100'000, 's')}, {large, film}}, noon);
+        TreeCopyRequest request = requestFor(disk, *phone, ClashAnswer::keepBoth);
+        std::sort(request.items.begin(), request.items.end(),
+                  [](const CopyItem& a, const CopyItem& b) { return a.name < b.name; });
+        row.becomes(*phone);
+        const CopyOutcome outcome = run(std::move(request));
+        phone->becomeSound();
+        (void)phone->items(); // what failed has been cleaned up then
+        EXPECT_EQ(outcome.end(), row.end);
+        EXPECT_EQ(outcome.failure && outcome.failure->is(PhoneError::full), row.end == End::failed);
+        EXPECT_EQ(namesLeftOut(outcome).size(), row.leftOut);
+        QStringList there = phone->contents().keys();
+        there.sort();
+        EXPECT_EQ(there, row.there);
+    }
+}
 
 /// A cable that comes out in the middle of a large file, either way.
-TEST_P(Unplugged, onlyWhatWasUnderWayComesAcrossAgain) {
+TEST_P(StrangePhone, onlyWhatWasUnderWayComesAcrossAgain) {
     const qint64 size = GetParam().size;
     const qint64 unplugAt = size / 10 * 7;
     for (const bool isUpload : {true, false}) {

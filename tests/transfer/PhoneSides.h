@@ -19,6 +19,10 @@ public:
 
     virtual void unplug() = 0;
     virtual void plugIn() = 0;
+    /// No file becomes longer than that.
+    virtual void fillUpAt(std::uint64_t bytes) = 0;
+    virtual void becomeReadOnly() = 0;
+    virtual void becomeSound() = 0;
 };
 
 /// A virtual phone over MTP.
@@ -38,6 +42,15 @@ public:
     }
     void plugIn() override {
         ASSERT_NE(phone_->plugged.android.plugInto(phone_->bus), 0U);
+    }
+    void fillUpAt(std::uint64_t bytes) override {
+        phone_->plugged.fault([&](VirtualFaults& faults) { faults.storeFullAfter = bytes; });
+    }
+    void becomeReadOnly() override {
+        phone_->plugged.refuse(MTPOperationCode::sendObjectInfo, MTPResponseCode::storeReadOnly);
+    }
+    void becomeSound() override {
+        phone_->plugged.fault([](VirtualFaults& faults) { faults = {}; });
     }
 
 private:
@@ -86,10 +99,19 @@ public:
     void plugIn() override {
         phone().comeBack();
     }
+    void fillUpAt(std::uint64_t bytes) override {
+        phone().fault([&](ADBDFaults& faults) { faults.storeFullAfter = bytes; });
+    }
+    void becomeReadOnly() override {
+        phone().fault([](ADBDFaults& faults) { faults.readOnly = true; });
+    }
+    void becomeSound() override {
+        phone().fault([](ADBDFaults& faults) { faults = {}; });
+    }
 
 private:
     struct Phone : ADBPhone {
-        Phone() {
+        Phone() : ADBPhone({.folder = {}, .ignoresCase = true}) {
             connectPhone();
             PhoneIdentity identity;
             identity.udid = identity.serialNumber = serial();
@@ -102,6 +124,9 @@ private:
         }
         void cut() {
             adbd_->cut();
+        }
+        void fault(const std::function<void(ADBDFaults&)>& change) {
+            adbd_->faults().update(change);
         }
         void comeBack() {
             ASSERT_TRUE(reaches(QStringLiteral("device")));
@@ -137,6 +162,18 @@ public:
     }
     void plugIn() override {
         phone().plugged.phone.plugInto(phone().plugged.mux);
+    }
+    void fillUpAt(std::uint64_t bytes) override {
+        phone().plugged.faults([&](VirtualIPhoneFaults& faults) { faults.storeFullAfter = bytes; });
+    }
+    void becomeReadOnly() override {
+        constexpr std::uint64_t permissionDenied = 10;
+        phone().plugged.faults([](VirtualIPhoneFaults& faults) {
+            faults.statuses[QStringLiteral("afc.fileOpen")] = {permissionDenied, true};
+        });
+    }
+    void becomeSound() override {
+        phone().plugged.faults([](VirtualIPhoneFaults& faults) { faults = {}; });
     }
 
 private:

@@ -7,6 +7,7 @@
 #include "cli/terminal/CliFailure.h"
 #include "cli/terminal/FileLine.h"
 #include "cli/terminal/RecordJson.h"
+#include "phone/PartNames.h"
 #include "transfer/copy/TreeCopy.h"
 #include "transfer/local/LocalFileSystem.h"
 
@@ -44,6 +45,7 @@ void copy(CliSession& session, TreeCopyRequest request) {
 void listFolder(CliSession& session) {
     Listing listing = listAll(session.files(), session.request().paths.front(), session.stop());
     std::vector<FileItem> items = std::move(listing.items);
+    std::erase_if(items, [](const FileItem& item) { return isUnfinishedName(item.name); });
     std::stable_sort(items.begin(), items.end(), [](const FileItem& a, const FileItem& b) {
         if (a.isDirectory != b.isDirectory)
             return a.isDirectory;

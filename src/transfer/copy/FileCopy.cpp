@@ -1,5 +1,6 @@
 #include "transfer/copy/FileCopy.h"
 
+#include "base/hash/ContentHash.h"
 #include "base/local/LocalError.h"
 #include "base/log/DiagnosticsLogger.h"
 #include "base/text/PathNames.h"
@@ -129,15 +130,10 @@ QByteArray hashOf(PhoneFileSystem& files, const FileItem& item, const Call& call
     if (files.capabilities(call).hasHashes)
         if (auto known = files.hash(item, call))
             return *std::move(known);
-    QCryptographicHash hash(QCryptographicHash::Sha256);
+    ContentHash hash;
     files.read(
-        item, {},
-        [&hash](ByteView bytes) {
-            hash.addData(QByteArrayView(reinterpret_cast<const char*>(bytes.data()),
-                                        static_cast<qsizetype>(bytes.size())));
-        },
-        call);
-    return hash.result();
+        item, {}, [&hash](ByteView bytes) { hash.add(bytes); }, call);
+    return hash.finish();
 }
 
 } // namespace

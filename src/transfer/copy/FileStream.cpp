@@ -102,18 +102,13 @@ std::size_t FileStream::takeAhead(std::span<std::byte> into) {
 std::size_t FileStream::read(std::span<std::byte> into) {
     const std::size_t count = thread_.joinable() ? takeAhead(into) : spool_.read(into);
     if (hash_)
-        addToHash(into.first(count));
+        hash_->add(into.first(count));
     return count;
 }
 
 void FileStream::beginHash(const std::function<void(const ByteSink&)>& before) {
-    hash_.emplace(QCryptographicHash::Sha256);
-    before([this](ByteView bytes) { addToHash(bytes); });
-}
-
-void FileStream::addToHash(ByteView bytes) {
-    hash_->addData(QByteArrayView(reinterpret_cast<const char*>(bytes.data()),
-                                  static_cast<qsizetype>(bytes.size())));
+    hash_.emplace();
+    before([this](ByteView bytes) { hash_->add(bytes); });
 }
 
 } // namespace tessary

@@ -1,9 +1,8 @@
 #pragma once
 
+#include "base/hash/ContentHash.h"
 #include "phone/PhoneFileSystem.h"
 #include "transfer/copy/Spool.h"
-
-#include <QCryptographicHash>
 
 #include <condition_variable>
 #include <deque>
@@ -44,14 +43,13 @@ public:
     std::size_t read(std::span<std::byte> into);
     /// From now on what is drawn is hashed, after `before`, what lies before the offset.
     void beginHash(const std::function<void(const ByteSink&)>& before);
-    /// SHA-256, after beginHash().
-    [[nodiscard]] QByteArray hash() const {
-        return hash_->result();
+    /// SHA-256, after beginHash(). Once, when all was drawn.
+    [[nodiscard]] QByteArray hash() {
+        return hash_->finish();
     }
 
 private:
     void fetch(const std::function<void(ByteView)>& sink, const Call& call);
-    void addToHash(ByteView bytes);
     void fetchAhead(const std::stop_token& stop);
     void put(ByteView bytes, const std::stop_token& stop);
     [[nodiscard]] std::size_t takeAhead(std::span<std::byte> into);
@@ -62,7 +60,7 @@ private:
     const qint64 announced_; ///< from the offset on
     const qint64 most_;
     const Call call_;
-    std::optional<QCryptographicHash> hash_;
+    std::optional<ContentHash> hash_;
     Spool spool_; ///< all of it, unless `thread_` runs
 
     std::mutex mutex_; ///< guards the four below

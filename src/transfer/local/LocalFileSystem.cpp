@@ -1,5 +1,6 @@
 #include "transfer/local/LocalFileSystem.h"
 
+#include "base/hash/ContentHash.h"
 #include "base/local/FolderEntries.h"
 #include "base/local/TreeRemoval.h"
 #include "base/local/Unfinished.h"
@@ -7,7 +8,6 @@
 #include "base/threads/CancellationError.h"
 #include "transfer/local/LocalContent.h"
 
-#include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
 #include <QSysInfo>
@@ -377,15 +377,10 @@ std::optional<std::uint64_t> LocalFileSystem::freeBytes(const QString& folder, c
 }
 
 std::optional<QByteArray> LocalFileSystem::hash(const FileItem& file, const Call& call) {
-    QCryptographicHash hash(QCryptographicHash::Sha256);
+    ContentHash hash;
     (void)read(
-        file, {},
-        [&hash](ByteView bytes) {
-            hash.addData(QByteArrayView(reinterpret_cast<const char*>(bytes.data()),
-                                        static_cast<qsizetype>(bytes.size())));
-        },
-        call);
-    return hash.result();
+        file, {}, [&hash](ByteView bytes) { hash.add(bytes); }, call);
+    return hash.finish();
 }
 
 void LocalFileSystem::flush() {

@@ -3,6 +3,7 @@
 #include "base/log/DiagnosticsLogger.h"
 #include "base/text/PathNames.h"
 #include "base/threads/CancellationError.h"
+#include "phone/PartNames.h"
 #include "phone/PhoneQueue.h"
 
 #include <algorithm>
@@ -109,6 +110,8 @@ std::shared_ptr<const PhoneFolder::Listing> PhoneFolder::ask(const FileItem& fol
     files_->list(folder.path,
                  {[&](std::vector<FileItem>&& rows) {
                       for (FileItem& item : rows) {
+                          if (isUnfinishedName(item.name))
+                              continue;
                           if (!canLieHere(item.name)) {
                               leaveOut(item.path, {PhoneError::nameNotAllowed, {item.name}});
                               continue;
