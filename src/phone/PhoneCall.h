@@ -9,8 +9,9 @@ namespace tessary {
 
 /// How soon a call wants its turn with a phone.
 enum class Urgency {
-    user, ///< somebody waits for the answer: before every copy, and not without end
-    copy, ///< a step of a longer job: waits until it is its turn
+    user,  ///< somebody waits for the answer: before every copy, and not without end
+    copy,  ///< a step of a longer job: waits until it is its turn
+    spare, ///< nobody waits for it: only while nobody else wants the phone and no job runs
 };
 
 /// What comes along with every call to a phone: what stops it, how soon it wants its turn, and on

@@ -44,12 +44,10 @@ PhoneQueue::Turn PhoneQueue::take(const Call& call) {
     std::unique_lock lock(mutex_);
     const auto self = waiting_.insert(waiting_.end(), {call.urgency});
     const auto isNext = [&] {
-        if (isTaken_)
+        if (isTaken_ || (call.urgency == Urgency::spare && !isSpare()))
             return false;
-        const auto firstUser =
-            std::find_if(waiting_.begin(), waiting_.end(),
-                         [](const Waiting& one) { return one.urgency == Urgency::user; });
-        return self == (firstUser == waiting_.end() ? waiting_.begin() : firstUser);
+        // The first of the most urgent.
+        return self == std::ranges::min_element(waiting_, {}, &Waiting::urgency);
     };
     const bool hasTurn = call.urgency == Urgency::user
                              ? changed_.wait_for(lock, call.stop, userPatience, isNext)
@@ -81,6 +79,18 @@ PhoneQueue::Job PhoneQueue::beginJob() {
 bool PhoneQueue::isBusy() const {
     const std::scoped_lock lock(mutex_);
     return isTaken_ || jobs_ > 0 || !waiting_.empty();
+}
+
+/// Nobody wants the phone but those who have time.
+bool PhoneQueue::isSpare() const {
+    return jobs_ == 0 && std::ranges::all_of(waiting_, [](const Waiting& one) {
+               return one.urgency == Urgency::spare;
+           });
+}
+
+bool PhoneQueue::isWanted() const {
+    const std::scoped_lock lock(mutex_);
+    return !isSpare();
 }
 
 std::size_t PhoneQueue::waitingCount() const {

@@ -20,8 +20,8 @@ namespace tessary {
 
 /// Orders everything that speaks to one phone: one user at a time, in the order of asking, those
 /// for whom somebody waits first. A copy takes a turn for each of its steps, so that listings and
-/// edits get in between. The connection stays open between two turns and is closed once the phone
-/// has not been used for a while. Thread-safe.
+/// edits get in between; what nobody waits for comes after all of them. The connection stays open
+/// between two turns and is closed once the phone has not been used for a while. Thread-safe.
 class PhoneQueue : public std::enable_shared_from_this<PhoneQueue> {
 public:
     /// How long somebody who waits for an answer waits for his turn.
@@ -69,6 +69,8 @@ public:
     [[nodiscard]] bool isBusy() const;
     /// Who waits for a turn.
     [[nodiscard]] std::size_t waitingCount() const;
+    /// Whether who has a spare turn stands in the way: of somebody who waits, or of a job.
+    [[nodiscard]] bool isWanted() const;
 
     /// Has `close` called, in a turn of its own and on a thread of the queue, once the phone has
     /// not been used for the idle time; again after each later use. Called by who has a turn.
@@ -87,6 +89,7 @@ private:
         Urgency urgency;
     };
 
+    [[nodiscard]] bool isSpare() const;
     void give();
     void endJob();
     void watchIdleness(const std::stop_token& stop);

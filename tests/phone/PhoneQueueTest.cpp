@@ -42,13 +42,16 @@ TEST_F(PhoneQueueTest, thoseWhoWaitForAnAnswerComeBeforeCopiesAndEachInTheOrderO
     std::vector<std::jthread> threads;
     {
         const PhoneQueue::Turn turn = queue_->take({});
+        threads.push_back(ask("spare", Urgency::spare));
+        EXPECT_FALSE(queue_->isWanted());
         threads.push_back(ask("copy 1", Urgency::copy));
+        EXPECT_TRUE(queue_->isWanted());
         threads.push_back(ask("user 1", Urgency::user));
         threads.push_back(ask("copy 2", Urgency::copy));
         threads.push_back(ask("user 2", Urgency::user));
     }
     threads.clear();
-    EXPECT_THAT(order_, ElementsAre("user 1", "user 2", "copy 1", "copy 2"));
+    EXPECT_THAT(order_, ElementsAre("user 1", "user 2", "copy 1", "copy 2", "spare"));
 }
 
 TEST_F(PhoneQueueTest, whoIsAskedToStopIsLetGoAndDoesNotHoldUpTheNext) {
