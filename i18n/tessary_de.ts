@@ -2289,6 +2289,61 @@
     </message>
 </context>
 <context>
+    <name>tessary::PhonePage</name>
+    <message>
+        <source>Phone</source>
+        <translation>Telefon</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>Apps</translation>
+    </message>
+    <message>
+        <source>Import Photos…</source>
+        <translation>Fotos importieren …</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>Jetzt abgleichen</translation>
+    </message>
+    <message>
+        <source>Storage</source>
+        <translation>Speicher</translation>
+    </message>
+    <message>
+        <source>Looking at what fills it…</source>
+        <translation>Es wird ermittelt, was ihn füllt …</translation>
+    </message>
+    <message>
+        <source>Folders Kept in Step</source>
+        <translation>Abgeglichene Ordner</translation>
+    </message>
+    <message>
+        <source>Wireless</source>
+        <translation>Drahtlos</translation>
+    </message>
+    <message>
+        <source>Browse Photos</source>
+        <translation>Fotos zeigen</translation>
+    </message>
+    <message>
+        <source>Browse Files</source>
+        <translation>Dateien zeigen</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Telefon freigeben</translation>
+    </message>
+    <message>
+        <source>This phone is locked</source>
+        <translation>Dieses Telefon ist gesperrt</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>Es zeigt seine Dateien, sobald Sie es entsperren und in seiner USB-Benachrichtigung „Dateiübertragung“ wählen. Dieses Fenster zieht von selbst nach.</translation>
+    </message>
+</context>
+<context>
     <name>tessary::PhotoListModel</name>
     <message>
         <source>No Date</source>
@@ -3024,6 +3079,37 @@
     <message>
         <source>Later</source>
         <translation>Später</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::VolumeCard</name>
+    <message>
+        <source>Photos</source>
+        <translation>Fotos</translation>
+    </message>
+    <message>
+        <source>Videos</source>
+        <translation>Videos</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Musik</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>Apps</translation>
+    </message>
+    <message>
+        <source>In use</source>
+        <translation>Belegt</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>Sonstiges</translation>
+    </message>
+    <message>
+        <source>Free</source>
+        <translation>Frei</translation>
     </message>
 </context>
 <context>

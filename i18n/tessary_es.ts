@@ -2289,6 +2289,61 @@
     </message>
 </context>
 <context>
+    <name>tessary::PhonePage</name>
+    <message>
+        <source>Phone</source>
+        <translation>Teléfono</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>Aplicaciones</translation>
+    </message>
+    <message>
+        <source>Import Photos…</source>
+        <translation>Importar fotos…</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>Sincronizar ahora</translation>
+    </message>
+    <message>
+        <source>Storage</source>
+        <translation>Almacenamiento</translation>
+    </message>
+    <message>
+        <source>Looking at what fills it…</source>
+        <translation>Averiguando qué lo ocupa…</translation>
+    </message>
+    <message>
+        <source>Folders Kept in Step</source>
+        <translation>Carpetas sincronizadas</translation>
+    </message>
+    <message>
+        <source>Wireless</source>
+        <translation>Inalámbrico</translation>
+    </message>
+    <message>
+        <source>Browse Photos</source>
+        <translation>Explorar fotos</translation>
+    </message>
+    <message>
+        <source>Browse Files</source>
+        <translation>Explorar archivos</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Liberar el teléfono</translation>
+    </message>
+    <message>
+        <source>This phone is locked</source>
+        <translation>Este teléfono está bloqueado</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>Mostrará sus archivos cuando lo desbloquees y elijas «Transferencia de archivos» en su notificación USB. Esta ventana se actualiza sola.</translation>
+    </message>
+</context>
+<context>
     <name>tessary::PhotoListModel</name>
     <message>
         <source>No Date</source>
@@ -3024,6 +3079,37 @@
     <message>
         <source>Later</source>
         <translation>Más tarde</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::VolumeCard</name>
+    <message>
+        <source>Photos</source>
+        <translation>Fotos</translation>
+    </message>
+    <message>
+        <source>Videos</source>
+        <translation>Vídeos</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Música</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>Aplicaciones</translation>
+    </message>
+    <message>
+        <source>In use</source>
+        <translation>En uso</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>Otros</translation>
+    </message>
+    <message>
+        <source>Free</source>
+        <translation>Libre</translation>
     </message>
 </context>
 <context>

@@ -1208,7 +1208,7 @@
     </message>
     <message>
         <source>“%1” could not be fetched: %2</source>
-        <translation>« %1 » n’a pas pu être récupéré : %2</translation>
+        <translation>«&#xa0;%1&#xa0;» n’a pas pu être récupéré&#xa0;: %2</translation>
     </message>
     <message>
         <source>The search was stopped. What it had found is shown.</source>
@@ -1216,7 +1216,7 @@
     </message>
     <message>
         <source>“%1” could not be opened: no program for it was found, or it did not start.</source>
-        <translation>« %1 » n’a pas pu être ouvert : aucun programme n’a été trouvé pour cela, ou il n’a pas démarré.</translation>
+        <translation>«&#xa0;%1&#xa0;» n’a pas pu être ouvert&#xa0;: aucun programme n’a été trouvé pour cela, ou il n’a pas démarré.</translation>
     </message>
 </context>
 <context>
@@ -1721,7 +1721,7 @@
     </message>
     <message>
         <source>“%1” will be moved to the trash.</source>
-        <translation>« %1 » sera mis à la corbeille.</translation>
+        <translation>«&#xa0;%1&#xa0;» sera mis à la corbeille.</translation>
     </message>
     <message numerus="yes">
         <source>%Ln items will be moved to the trash.</source>
@@ -2052,7 +2052,7 @@
     <name>tessary::HelpDialog</name>
     <message>
         <source>Plug the phone in and unlock it. On an Android phone choose “File transfer” in its USB notification; on an iPhone tap “Trust”.</source>
-        <translation>Branchez le téléphone et déverrouillez-le. Sur un téléphone Android, choisissez « Transfert de fichiers » dans sa notification USB ; sur un iPhone, touchez « Faire confiance ».</translation>
+        <translation>Branchez le téléphone et déverrouillez-le. Sur un téléphone Android, choisissez «&#xa0;Transfert de fichiers&#xa0;» dans sa notification USB&#xa0;; sur un iPhone, touchez «&#xa0;Faire confiance&#xa0;».</translation>
     </message>
     <message>
         <source>Drag files out of the window to copy them here, and into it to copy them to the phone.</source>
@@ -2060,11 +2060,11 @@
     </message>
     <message>
         <source>F3 shows a folder of this computer beside the phone&apos;s: drag or paste from one to the other.</source>
-        <translation>F3 affiche un dossier de cet ordinateur à côté de celui du téléphone : faites glisser ou collez de l’un à l’autre.</translation>
+        <translation>F3 affiche un dossier de cet ordinateur à côté de celui du téléphone&#xa0;: faites glisser ou collez de l’un à l’autre.</translation>
     </message>
     <message>
         <source>“Import Photos…” fetches what is new on the camera, and “Sync” keeps a folder here and one on the phone the same.</source>
-        <translation>« Importer des photos… » récupère les nouveautés de l’appareil photo, et « Synchronisation » garde identiques un dossier d’ici et un du téléphone.</translation>
+        <translation>«&#xa0;Importer des photos…&#xa0;» récupère les nouveautés de l’appareil photo, et «&#xa0;Synchronisation&#xa0;» garde identiques un dossier d’ici et un du téléphone.</translation>
     </message>
     <message>
         <source>While files are dragged, Ctrl copies, Shift moves and Alt asks.</source>
@@ -2286,6 +2286,61 @@
     <message>
         <source>This Computer Beside the Phone</source>
         <translation>Cet ordinateur à côté du téléphone</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PhonePage</name>
+    <message>
+        <source>Phone</source>
+        <translation>Téléphone</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>Apps</translation>
+    </message>
+    <message>
+        <source>Import Photos…</source>
+        <translation>Importer des photos…</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>Synchroniser maintenant</translation>
+    </message>
+    <message>
+        <source>Storage</source>
+        <translation>Stockage</translation>
+    </message>
+    <message>
+        <source>Looking at what fills it…</source>
+        <translation>Analyse de ce qui l’occupe…</translation>
+    </message>
+    <message>
+        <source>Folders Kept in Step</source>
+        <translation>Dossiers synchronisés</translation>
+    </message>
+    <message>
+        <source>Wireless</source>
+        <translation>Sans fil</translation>
+    </message>
+    <message>
+        <source>Browse Photos</source>
+        <translation>Parcourir les photos</translation>
+    </message>
+    <message>
+        <source>Browse Files</source>
+        <translation>Parcourir les fichiers</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Libérer le téléphone</translation>
+    </message>
+    <message>
+        <source>This phone is locked</source>
+        <translation>Ce téléphone est verrouillé</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>Il montrera ses fichiers dès que vous l’aurez déverrouillé et aurez choisi « Transfert de fichiers » dans sa notification USB. Cette fenêtre suit d’elle-même.</translation>
     </message>
 </context>
 <context>
@@ -3024,6 +3079,37 @@
     <message>
         <source>Later</source>
         <translation>Plus tard</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::VolumeCard</name>
+    <message>
+        <source>Photos</source>
+        <translation>Photos</translation>
+    </message>
+    <message>
+        <source>Videos</source>
+        <translation>Vidéos</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Musique</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>Apps</translation>
+    </message>
+    <message>
+        <source>In use</source>
+        <translation>Occupé</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>Autre</translation>
+    </message>
+    <message>
+        <source>Free</source>
+        <translation>Libre</translation>
     </message>
 </context>
 <context>

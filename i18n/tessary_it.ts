@@ -2289,6 +2289,61 @@
     </message>
 </context>
 <context>
+    <name>tessary::PhonePage</name>
+    <message>
+        <source>Phone</source>
+        <translation>Telefono</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>App</translation>
+    </message>
+    <message>
+        <source>Import Photos…</source>
+        <translation>Importa foto…</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>Sincronizza ora</translation>
+    </message>
+    <message>
+        <source>Storage</source>
+        <translation>Memoria</translation>
+    </message>
+    <message>
+        <source>Looking at what fills it…</source>
+        <translation>Verifica di ciò che la occupa…</translation>
+    </message>
+    <message>
+        <source>Folders Kept in Step</source>
+        <translation>Cartelle sincronizzate</translation>
+    </message>
+    <message>
+        <source>Wireless</source>
+        <translation>Senza fili</translation>
+    </message>
+    <message>
+        <source>Browse Photos</source>
+        <translation>Sfoglia le foto</translation>
+    </message>
+    <message>
+        <source>Browse Files</source>
+        <translation>Sfoglia i file</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Libera il telefono</translation>
+    </message>
+    <message>
+        <source>This phone is locked</source>
+        <translation>Questo telefono è bloccato</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>Mostrerà i suoi file quando lo sbloccherai e sceglierai «Trasferimento file» nella notifica USB. Questa finestra si aggiorna da sola.</translation>
+    </message>
+</context>
+<context>
     <name>tessary::PhotoListModel</name>
     <message>
         <source>No Date</source>
@@ -3024,6 +3079,37 @@
     <message>
         <source>Later</source>
         <translation>Più tardi</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::VolumeCard</name>
+    <message>
+        <source>Photos</source>
+        <translation>Foto</translation>
+    </message>
+    <message>
+        <source>Videos</source>
+        <translation>Video</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Musica</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>App</translation>
+    </message>
+    <message>
+        <source>In use</source>
+        <translation>Occupato</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>Altro</translation>
+    </message>
+    <message>
+        <source>Free</source>
+        <translation>Libero</translation>
     </message>
 </context>
 <context>

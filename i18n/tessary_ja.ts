@@ -2264,6 +2264,61 @@
     </message>
 </context>
 <context>
+    <name>tessary::PhonePage</name>
+    <message>
+        <source>Phone</source>
+        <translation>デバイス</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>アプリ</translation>
+    </message>
+    <message>
+        <source>Import Photos…</source>
+        <translation>写真を読み込む…</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>今すぐ同期</translation>
+    </message>
+    <message>
+        <source>Storage</source>
+        <translation>ストレージ</translation>
+    </message>
+    <message>
+        <source>Looking at what fills it…</source>
+        <translation>使用内訳を調べています…</translation>
+    </message>
+    <message>
+        <source>Folders Kept in Step</source>
+        <translation>同期しているフォルダ</translation>
+    </message>
+    <message>
+        <source>Wireless</source>
+        <translation>ワイヤレス</translation>
+    </message>
+    <message>
+        <source>Browse Photos</source>
+        <translation>写真を表示</translation>
+    </message>
+    <message>
+        <source>Browse Files</source>
+        <translation>ファイルを表示</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>デバイスを解放</translation>
+    </message>
+    <message>
+        <source>This phone is locked</source>
+        <translation>このデバイスはロックされています</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>ロックを解除し、USB の通知で「ファイル転送」を選ぶとファイルが表示されます。このウインドウは自動的に更新されます。</translation>
+    </message>
+</context>
+<context>
     <name>tessary::PhotoListModel</name>
     <message>
         <source>No Date</source>
@@ -2992,6 +3047,37 @@
     <message>
         <source>Later</source>
         <translation>後で</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::VolumeCard</name>
+    <message>
+        <source>Photos</source>
+        <translation>写真</translation>
+    </message>
+    <message>
+        <source>Videos</source>
+        <translation>ビデオ</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>ミュージック</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>アプリ</translation>
+    </message>
+    <message>
+        <source>In use</source>
+        <translation>使用中</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>その他</translation>
+    </message>
+    <message>
+        <source>Free</source>
+        <translation>空き</translation>
     </message>
 </context>
 <context>

@@ -2264,6 +2264,61 @@
     </message>
 </context>
 <context>
+    <name>tessary::PhonePage</name>
+    <message>
+        <source>Phone</source>
+        <translation>휴대폰</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>앱</translation>
+    </message>
+    <message>
+        <source>Import Photos…</source>
+        <translation>사진 가져오기…</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>지금 동기화</translation>
+    </message>
+    <message>
+        <source>Storage</source>
+        <translation>저장소</translation>
+    </message>
+    <message>
+        <source>Looking at what fills it…</source>
+        <translation>무엇이 차지하는지 확인하는 중…</translation>
+    </message>
+    <message>
+        <source>Folders Kept in Step</source>
+        <translation>동기화되는 폴더</translation>
+    </message>
+    <message>
+        <source>Wireless</source>
+        <translation>무선</translation>
+    </message>
+    <message>
+        <source>Browse Photos</source>
+        <translation>사진 둘러보기</translation>
+    </message>
+    <message>
+        <source>Browse Files</source>
+        <translation>파일 둘러보기</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>휴대폰 연결 풀기</translation>
+    </message>
+    <message>
+        <source>This phone is locked</source>
+        <translation>이 휴대폰은 잠겨 있습니다</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>잠금을 해제하고 USB 알림에서 “파일 전송”을 선택하면 파일이 표시됩니다. 이 창은 자동으로 바뀝니다.</translation>
+    </message>
+</context>
+<context>
     <name>tessary::PhotoListModel</name>
     <message>
         <source>No Date</source>
@@ -2992,6 +3047,37 @@
     <message>
         <source>Later</source>
         <translation>나중에</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::VolumeCard</name>
+    <message>
+        <source>Photos</source>
+        <translation>사진</translation>
+    </message>
+    <message>
+        <source>Videos</source>
+        <translation>동영상</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>음악</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>앱</translation>
+    </message>
+    <message>
+        <source>In use</source>
+        <translation>사용 중</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>기타</translation>
+    </message>
+    <message>
+        <source>Free</source>
+        <translation>사용 가능</translation>
     </message>
 </context>
 <context>

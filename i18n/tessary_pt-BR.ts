@@ -2289,6 +2289,61 @@
     </message>
 </context>
 <context>
+    <name>tessary::PhonePage</name>
+    <message>
+        <source>Phone</source>
+        <translation>Telefone</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>Apps</translation>
+    </message>
+    <message>
+        <source>Import Photos…</source>
+        <translation>Importar fotos…</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>Sincronizar agora</translation>
+    </message>
+    <message>
+        <source>Storage</source>
+        <translation>Armazenamento</translation>
+    </message>
+    <message>
+        <source>Looking at what fills it…</source>
+        <translation>Verificando o que o ocupa…</translation>
+    </message>
+    <message>
+        <source>Folders Kept in Step</source>
+        <translation>Pastas sincronizadas</translation>
+    </message>
+    <message>
+        <source>Wireless</source>
+        <translation>Sem fio</translation>
+    </message>
+    <message>
+        <source>Browse Photos</source>
+        <translation>Explorar fotos</translation>
+    </message>
+    <message>
+        <source>Browse Files</source>
+        <translation>Explorar arquivos</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Liberar o telefone</translation>
+    </message>
+    <message>
+        <source>This phone is locked</source>
+        <translation>Este telefone está bloqueado</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>Ele mostrará seus arquivos quando você o desbloquear e escolher “Transferência de arquivos” na notificação USB. Esta janela se atualiza sozinha.</translation>
+    </message>
+</context>
+<context>
     <name>tessary::PhotoListModel</name>
     <message>
         <source>No Date</source>
@@ -3024,6 +3079,37 @@
     <message>
         <source>Later</source>
         <translation>Depois</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::VolumeCard</name>
+    <message>
+        <source>Photos</source>
+        <translation>Fotos</translation>
+    </message>
+    <message>
+        <source>Videos</source>
+        <translation>Vídeos</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Música</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>Apps</translation>
+    </message>
+    <message>
+        <source>In use</source>
+        <translation>Em uso</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>Outros</translation>
+    </message>
+    <message>
+        <source>Free</source>
+        <translation>Livre</translation>
     </message>
 </context>
 <context>

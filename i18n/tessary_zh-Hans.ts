@@ -2264,6 +2264,61 @@
     </message>
 </context>
 <context>
+    <name>tessary::PhonePage</name>
+    <message>
+        <source>Phone</source>
+        <translation>手机</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>应用</translation>
+    </message>
+    <message>
+        <source>Import Photos…</source>
+        <translation>导入照片…</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>立即同步</translation>
+    </message>
+    <message>
+        <source>Storage</source>
+        <translation>存储空间</translation>
+    </message>
+    <message>
+        <source>Looking at what fills it…</source>
+        <translation>正在查看占用情况…</translation>
+    </message>
+    <message>
+        <source>Folders Kept in Step</source>
+        <translation>同步的文件夹</translation>
+    </message>
+    <message>
+        <source>Wireless</source>
+        <translation>无线</translation>
+    </message>
+    <message>
+        <source>Browse Photos</source>
+        <translation>浏览照片</translation>
+    </message>
+    <message>
+        <source>Browse Files</source>
+        <translation>浏览文件</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>释放手机</translation>
+    </message>
+    <message>
+        <source>This phone is locked</source>
+        <translation>此手机已锁定</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>解锁手机并在其 USB 通知中选择“文件传输”后即可显示文件。此窗口会自动更新。</translation>
+    </message>
+</context>
+<context>
     <name>tessary::PhotoListModel</name>
     <message>
         <source>No Date</source>
@@ -2992,6 +3047,37 @@
     <message>
         <source>Later</source>
         <translation>稍后</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::VolumeCard</name>
+    <message>
+        <source>Photos</source>
+        <translation>照片</translation>
+    </message>
+    <message>
+        <source>Videos</source>
+        <translation>视频</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>音乐</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>应用</translation>
+    </message>
+    <message>
+        <source>In use</source>
+        <translation>已用</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>其他</translation>
+    </message>
+    <message>
+        <source>Free</source>
+        <translation>可用</translation>
     </message>
 </context>
 <context>

@@ -2264,6 +2264,61 @@
     </message>
 </context>
 <context>
+    <name>tessary::PhonePage</name>
+    <message>
+        <source>Phone</source>
+        <translation>手機</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>App</translation>
+    </message>
+    <message>
+        <source>Import Photos…</source>
+        <translation>輸入照片…</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>立即同步</translation>
+    </message>
+    <message>
+        <source>Storage</source>
+        <translation>儲存空間</translation>
+    </message>
+    <message>
+        <source>Looking at what fills it…</source>
+        <translation>正在檢視佔用情況…</translation>
+    </message>
+    <message>
+        <source>Folders Kept in Step</source>
+        <translation>同步的資料夾</translation>
+    </message>
+    <message>
+        <source>Wireless</source>
+        <translation>無線</translation>
+    </message>
+    <message>
+        <source>Browse Photos</source>
+        <translation>瀏覽照片</translation>
+    </message>
+    <message>
+        <source>Browse Files</source>
+        <translation>瀏覽檔案</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>釋放手機</translation>
+    </message>
+    <message>
+        <source>This phone is locked</source>
+        <translation>此手機已鎖定</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>解鎖手機並在其 USB 通知中選擇「檔案傳輸」後即可顯示檔案。此視窗會自動更新。</translation>
+    </message>
+</context>
+<context>
     <name>tessary::PhotoListModel</name>
     <message>
         <source>No Date</source>
@@ -2992,6 +3047,37 @@
     <message>
         <source>Later</source>
         <translation>稍後</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::VolumeCard</name>
+    <message>
+        <source>Photos</source>
+        <translation>照片</translation>
+    </message>
+    <message>
+        <source>Videos</source>
+        <translation>影片</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>音樂</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>App</translation>
+    </message>
+    <message>
+        <source>In use</source>
+        <translation>已用</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>其他</translation>
+    </message>
+    <message>
+        <source>Free</source>
+        <translation>可用</translation>
     </message>
 </context>
 <context>

@@ -1,5 +1,7 @@
 #include "tour/TourDevices.h"
 
+#include "app/LanguageManager.h"
+#include "browser/storage/StorageUses.h"
 #include "support/CopyNow.h"
 #include "views/listing/ThumbnailStore.h"
 
@@ -7,6 +9,25 @@
 #include <QTemporaryDir>
 
 namespace tessary {
+
+namespace {
+
+/// The phone's own page, once it is known what fills the phone.
+void tourPhonePage(TourStage& stage) {
+    MainWindow& window = stage.window();
+    const auto& uses = *window.findChild<StorageUses*>();
+    stage.shoot(QStringLiteral("phone"));
+    stage.waitFor("what fills the phone", [&] { return !uses.isLooking(); });
+    stage.shoot(QStringLiteral("phone-known"));
+    const QSize size = window.size();
+    LanguageManager::shared().setSelectedLanguage(AppLanguage::de);
+    window.resize(800, 500);
+    stage.shoot(QStringLiteral("phone-small-de"));
+    LanguageManager::shared().setSelectedLanguage(AppLanguage::en);
+    window.resize(size);
+}
+
+} // namespace
 
 void tourWelcome(TourStage& stage) {
     MainWindow& window = stage.window();
@@ -17,6 +38,8 @@ void tourWelcome(TourStage& stage) {
         const auto& device = window.browser().activeDevice();
         return device && device->isDataAccessible() && !window.browser().isLoading();
     });
+    tourPhonePage(stage);
+    window.choice().browseFiles();
 }
 
 void tourLosses(TourStage& stage) {
@@ -28,6 +51,9 @@ void tourLosses(TourStage& stage) {
         return device && device->isLocked;
     });
     stage.shoot(QStringLiteral("locked"));
+    window.choice().showPhone();
+    stage.shoot(QStringLiteral("phone-locked"));
+    window.browser().goBack();
     phones.setLocked(false);
     stage.waitFor("the unlocked phone", [&] {
         const auto& device = window.browser().activeDevice();
@@ -90,6 +116,12 @@ void tourIPhone(TourStage& stage) {
     stage.shoot(QStringLiteral("iphone-untrusted"));
     phones.setTrusted(true);
     apps.reload();
+    stage.waitFor("the iPhone's storage", [&] {
+        const auto& device = apps.device();
+        return device && device->totalStorageBytes && !window.browser().isLoading();
+    });
+    stage.shoot(QStringLiteral("iphone"));
+    window.choice().showApps();
     stage.waitFor("the apps", [&] {
         const auto& device = apps.device();
         return apps.state() == AppListState::ready && device && device->totalStorageBytes;

@@ -89,6 +89,7 @@ TEST_F(ClipboardTest, entriesGoFromPhoneToPhone) {
     ASSERT_TRUE(wait([&] { return devices.model()->rowCount() == 2; }));
     clickRow(devices, 1 - devices.currentIndex().row());
     ASSERT_TRUE(wait([this] { return isShown(u"here.txt"_s); }));
+    window_->choice().browseFiles();
     activate();
     paste();
     EXPECT_TRUE(wait([&] { return other.content(u"Trip/one.txt"_s) == "one"; }));

@@ -4,6 +4,7 @@
 #include "support/PluggedIPhone.h"
 
 #include <QLineEdit>
+#include <QPushButton>
 #include <QToolButton>
 
 namespace tessary {
@@ -27,6 +28,13 @@ protected:
     }
     [[nodiscard]] bool showsApps() const {
         return appList().isVisible() && appList().model()->rowCount() > 1;
+    }
+    /// From the phone's own page to its apps.
+    void openApps() const {
+        auto* apps = window_->findChild<QPushButton*>(u"showApps"_s);
+        ASSERT_TRUE(wait([&] { return apps->isVisible(); }));
+        QTest::mouseClick(apps, Qt::LeftButton);
+        ASSERT_TRUE(wait([this] { return showsApps(); }));
     }
     /// An app, or the photos beside them.
     void clickApp(const QString& name) const {
@@ -52,7 +60,7 @@ protected:
 };
 
 TEST_F(IPhoneWindowTest, appIsChosenAndItsDocumentsAreCopied) {
-    ASSERT_TRUE(wait([this] { return showsApps(); }));
+    openApps();
     auto& search = *window_->findChild<QLineEdit*>(u"appSearch"_s);
     QTest::keyClicks(&search, u"zzz"_s);
     EXPECT_TRUE(wait([this] { return !appList().isVisible(); }));
@@ -82,10 +90,9 @@ TEST_F(IPhoneWindowTest, theWayBackToTheAppsIsUp) {
         {"Up", [&] { listing.actions().up->trigger(); }},
         {"Backspace", [&] { QTest::keyClick(&listing.currentListing(), Qt::Key_Backspace); }},
         {"the path", [&] { QTest::mouseClick(pathPart(u"Apps"_s), Qt::LeftButton); }},
-        {"the phone", [&] { clickRow(list("deviceList"), 0); }},
         {"the sidebar", [&] { clickRow(list("volumeList"), 1); }},
     };
-    ASSERT_TRUE(wait([this] { return showsApps(); }));
+    openApps();
     for (const auto& way : ways) {
         SCOPED_TRACE(way.name);
         clickApp(u"Notes"_s);
@@ -95,6 +102,8 @@ TEST_F(IPhoneWindowTest, theWayBackToTheAppsIsUp) {
         way.go();
         EXPECT_TRUE(wait([this] { return showsApps(); }));
     }
+    QTest::keyClick(&appList(), Qt::Key_Backspace);
+    EXPECT_TRUE(window_->choice().isAtPhone()) << "above the apps";
 }
 
 class PhotosIPhoneWindowTest : public IPhoneWindowTest {
@@ -115,7 +124,7 @@ protected:
 };
 
 TEST_F(PhotosIPhoneWindowTest, theyAreAVolumeBesideTheApps) {
-    ASSERT_TRUE(wait([this] { return showsApps(); }));
+    ASSERT_TRUE(wait([this] { return list("volumeList").model()->rowCount() == 2; }));
     clickRow(list("volumeList"), 0);
     ASSERT_TRUE(wait([this] { return shows(u"DCIM"_s); }));
     EXPECT_NE(pathPart(u"Photos && Videos"_s), nullptr);
@@ -168,8 +177,13 @@ TEST_F(UntrustingIPhoneWindowTest, itsAppsAreShownOnceItTrustsThisComputer) {
         return saysWhatToDo(u"Unlock the phone and answer its question: tap “Trust” or “Allow”."_s);
     }));
     EXPECT_EQ(phone_.count("lockdown.Pair"), 1U);
+    const auto* trouble = window_->findChild<QWidget*>(u"phoneTrouble"_s);
+    EXPECT_TRUE(trouble->isVisible()) << "on the phone's own page";
+    window_->choice().showApps();
     phone_.phone.setTrust(VirtualTrust::trusted);
     EXPECT_TRUE(showsAppsSoon());
+    window_->choice().showPhone();
+    EXPECT_FALSE(trouble->isVisible());
     EXPECT_EQ(phone_.count("lockdown.Pair"), 1U);
 }
 

@@ -120,7 +120,7 @@ TEST_F(ImportWindowTest, whatIsChosenIsFetchedAndThenGoesFromThePhoneWhenAsked) 
     ASSERT_TRUE(wait([this] { return state() == State::choosing; }));
     EXPECT_EQ(rows().last(), u"IMG_0003.MOV"_s);
     press(u"importLeave"_s);
-    EXPECT_TRUE(wait([this] { return list("appList").isVisible(); }));
+    EXPECT_TRUE(wait([this] { return window_->choice().isAtPhone(); })) << "where one came from";
 }
 
 } // namespace

@@ -27,8 +27,6 @@ TEST_F(KeysTest, beginInTheFilesAndComeBackFromTheSidebar) {
         return window_->browser().currentPath() == u"/sdcard/DCIM"_s;
     }));
     EXPECT_TRUE(window_->browserView().isAncestorOf(focus()));
-    clickRow(list("deviceList"), 0);
-    EXPECT_TRUE(window_->browserView().isAncestorOf(focus()));
 }
 
 TEST_F(KeysTest, theFirstArrowSelectsTheFirstEntryAndEscapeNothing) {

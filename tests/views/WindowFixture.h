@@ -103,12 +103,18 @@ protected:
         phone_.write(QStringLiteral("DCIM/Trip/one.txt"), "one");
         phone_.write(QStringLiteral("readme.md"), "hello");
         open(bus_);
-        EXPECT_TRUE(wait([this] { return isShown(QStringLiteral("DCIM")); }));
+        browse();
     }
     ~WindowFixture() override {
         close();
     }
 
+    /// From the phone's own page, which comes first, to its files.
+    void browse() {
+        EXPECT_TRUE(wait([this] { return isShown(QStringLiteral("DCIM")); }));
+        window_->choice().browseFiles();
+        EXPECT_TRUE(wait([this] { return isShown(QStringLiteral("DCIM")); }));
+    }
     [[nodiscard]] QTreeView& table() const {
         return *window_->browserView().findChild<QTreeView*>(QStringLiteral("fileTable"));
     }

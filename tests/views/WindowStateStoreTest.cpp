@@ -16,7 +16,7 @@ protected:
     void openAnew() {
         window_.reset();
         openWindow();
-        ASSERT_TRUE(wait([this] { return isShown(u"DCIM"_s); }));
+        browse();
     }
 };
 

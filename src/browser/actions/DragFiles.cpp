@@ -2,11 +2,14 @@
 
 #include "base/local/LocalError.h"
 #include "base/text/PathNames.h"
+#include "base/threads/Background.h"
 #include "base/threads/CancellationError.h"
 #include "base/threads/CombinedStopToken.h"
 #include "transfer/local/LocalFileSystem.h"
 #include "transfer/mount/DragMount.h"
 #include "transfer/staging/StagedFiles.h"
+
+#include <QPointer>
 
 #include <chrono>
 #include <condition_variable>
@@ -91,23 +94,49 @@ BrowserProblem problemOf(const DragFiles::NotReady& entry) {
     return because(entry.error.value_or(Error(PhoneError::unreadable, {entry.path})));
 }
 
-DragFiles prepareDrag(const std::shared_ptr<PhoneFileSystem>& files,
-                      const std::vector<FileItem>& items, DragMount* mount, StagedFiles& copies,
-                      const std::stop_token& stop) {
+DragFiles prepareDrag(const DragRequest& request, const std::stop_token& stop) {
     DragFiles drag;
-    for (const FileItem& item : items)
+    for (const FileItem& item : request.items)
         if (!isSafeName(item.name) || isTooLongName(item.name))
             drag.notReady.push_back({item.path, Obstacle::name});
     if (!drag.notReady.empty())
         return drag;
-    if (dynamic_cast<const LocalFileSystem*>(files.get()) != nullptr) {
-        for (const FileItem& item : items)
+    if (dynamic_cast<const LocalFileSystem*>(request.files.get()) != nullptr) {
+        for (const FileItem& item : request.items)
             drag.localPaths << item.path;
         return drag;
     }
-    if (mount != nullptr)
-        drag.localPaths = mount->promise(files, items);
-    return drag.localPaths.isEmpty() ? copyBeforehand(*files, items, copies, stop) : drag;
+    if (request.mount != nullptr)
+        drag.localPaths = request.mount->promise(request.files, request.items);
+    return drag.localPaths.isEmpty()
+               ? copyBeforehand(*request.files, request.items, request.copies, stop)
+               : drag;
+}
+
+std::stop_source prepareDrag(QObject* context, DragRequest request,
+                             std::function<void(const DragFiles&)> whenReady) {
+    return runInBackground(
+        context,
+        [request = std::move(request)](const std::stop_token& stop) {
+            return prepareDrag(request, stop);
+        },
+        [whenReady = std::move(whenReady)](BackgroundResult<DragFiles> result) {
+            if (result.succeeded())
+                whenReady(result.take());
+        });
+}
+
+void tellFailures(DragMount& mount, QObject* context,
+                  std::function<void(const BrowserProblem&)> tell) {
+    mount.reportFailuresTo([context = QPointer(context),
+                            tell = std::move(tell)](const FileItem& item, const Error& error) {
+        MainThread::post(
+            [context, tell,
+             problem = BrowserProblem::of(BrowserProblem::What::fetch, item.name, error)] {
+                if (context)
+                    tell(problem);
+            });
+    });
 }
 
 } // namespace tessary

@@ -3,8 +3,10 @@
 #include "browser/actions/BrowserProblem.h"
 #include "phone/PhoneFileSystem.h"
 
+#include <QObject>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <stop_token>
 #include <utility>
@@ -36,12 +38,27 @@ struct DragFiles {
 /// What kept an entry from being had here, as a problem of the browser.
 [[nodiscard]] BrowserProblem problemOf(const DragFiles::NotReady& entry);
 
+/// What is to be had as local files.
+struct DragRequest {
+    std::shared_ptr<PhoneFileSystem> files;
+    std::vector<FileItem> items;
+    DragMount* mount = nullptr;
+    StagedFiles& copies;
+};
+
 /// Local paths for entries; those of this computer have theirs. Where this system can show them on
 /// demand (`mount` is not null) they are there at once, and copied as another program reads them;
 /// elsewhere they are copied beforehand into `copies`: folders, and what takes more than about two
 /// seconds, are not ready then. Blocking; throws nothing but CancellationError.
-[[nodiscard]] DragFiles prepareDrag(const std::shared_ptr<PhoneFileSystem>& files,
-                                    const std::vector<FileItem>& items, DragMount* mount,
-                                    StagedFiles& copies, const std::stop_token& stop);
+[[nodiscard]] DragFiles prepareDrag(const DragRequest& request, const std::stop_token& stop);
+/// The same off the main thread, on which `whenReady` is called; not when it was asked to stop, or
+/// `context` is gone by then.
+std::stop_source prepareDrag(QObject* context, DragRequest request,
+                             std::function<void(const DragFiles&)> whenReady);
+
+/// Has what goes wrong with files that other programs read told on the main thread, while `context`
+/// is there.
+void tellFailures(DragMount& mount, QObject* context,
+                  std::function<void(const BrowserProblem&)> tell);
 
 } // namespace tessary

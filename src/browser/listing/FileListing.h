@@ -50,6 +50,11 @@ public:
     [[nodiscard]] int indexOf(const QString& id) const {
         return indexes_.value(id, -1);
     }
+    /// Null when there is none.
+    [[nodiscard]] const FileItem* itemWithId(const QString& id) const {
+        const int index = indexOf(id);
+        return index < 0 ? nullptr : &item(index);
+    }
     /// A text in the form in which names are compared without regard to case.
     [[nodiscard]] QString folded(const QString& text) const;
     [[nodiscard]] const QString& foldedName(int index) const {

@@ -6,7 +6,8 @@
 
 namespace tessary {
 
-/// The folders that were visited, with a position among them. A value.
+/// The folders that were visited, with a position among them; an empty path is the phone itself. A
+/// value.
 class BrowserHistory {
 public:
     /// Records a folder after the position, which moves to it. What lay ahead is dropped, as in a

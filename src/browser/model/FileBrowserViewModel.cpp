@@ -56,14 +56,7 @@ bool FileBrowserViewModel::isLocal() const {
 
 void FileBrowserViewModel::takeDragFailures() {
     if (promises_ != nullptr)
-        promises_->reportFailuresTo(
-            [self = QPointer(this)](const FileItem& item, const Error& error) {
-                MainThread::post([self, problem = BrowserProblem::of(BrowserProblem::What::fetch,
-                                                                     item.name, error)] {
-                    if (self)
-                        self->setProblem(problem);
-                });
-            });
+        tellFailures(*promises_, this, [this](const BrowserProblem& p) { setProblem(p); });
 }
 
 FileBrowserViewModel::~FileBrowserViewModel() {
@@ -113,11 +106,14 @@ void FileBrowserViewModel::open(std::shared_ptr<PhoneFileSystem> files,
     typed_.known().clear();
     folders_.open(files_->identity(), device ? device->id() : QString());
     Q_EMIT connectionChanged();
-    if (history_.paths().empty())
-        history_.record(
-            files_->canonicalPath(initialPath.isEmpty() ? QStringLiteral("/") : initialPath));
+    const QString top = files_->canonicalPath(QStringLiteral("/"));
+    if (device && history_.paths().empty())
+        history_.record({}); // a phone begins with itself
+    if (history_.paths().empty() || !initialPath.isEmpty())
+        history_.record(files_->canonicalPath(initialPath.isEmpty() ? top : initialPath));
     Q_EMIT historyChanged();
-    show(history_.current());
+    const bool isAtPhone = history_.current().isEmpty();
+    show(isAtPhone ? top : history_.current(), isAtPhone);
 }
 
 void FileBrowserViewModel::loseDevice() {
@@ -156,15 +152,16 @@ void FileBrowserViewModel::navigateTo(const QString& path, bool recordHistory) {
     if (!files_)
         return;
     const QString target = files_->canonicalPath(path);
-    if (recordHistory && target != currentPath()) {
+    if (recordHistory && (isAtPhone_ || target != currentPath())) {
         history_.record(target);
         Q_EMIT historyChanged();
     }
     show(target);
 }
 
-/// Goes to another folder, or anew to the one shown.
-void FileBrowserViewModel::show(const QString& path) {
+/// Goes to another folder, or anew to the one shown; below the phone itself for the time being.
+void FileBrowserViewModel::show(const QString& path, bool isAtPhone) {
+    setAtPhone(isAtPhone);
     setSearchedName({});
     selection_.restart();
     awaited_.reset();
@@ -206,30 +203,40 @@ void FileBrowserViewModel::navigateUp() {
         selectAwaited();
 }
 
-void FileBrowserViewModel::goBack() {
-    if (!files_ || !history_.canGoBack())
+void FileBrowserViewModel::showPhone() {
+    if (!activeDevice_ || isAtPhone_)
         return;
-    const QString path = history_.back();
-    Q_EMIT historyChanged();
-    show(path);
+    history_.record({});
+    visit(history_.current());
+}
+
+void FileBrowserViewModel::goBack() {
+    if (files_ && history_.canGoBack())
+        visit(history_.back());
 }
 
 void FileBrowserViewModel::goForward() {
-    if (!files_ || !history_.canGoForward())
-        return;
-    const QString path = history_.forward();
+    if (files_ && history_.canGoForward())
+        visit(history_.forward());
+}
+
+/// Shows what the history has come to.
+void FileBrowserViewModel::visit(const QString& path) {
     Q_EMIT historyChanged();
-    show(path);
+    if (path.isEmpty())
+        setAtPhone(true);
+    else
+        show(path);
+}
+
+void FileBrowserViewModel::setAtPhone(bool isAtPhone) {
+    if (std::exchange(isAtPhone_, isAtPhone) != isAtPhone)
+        Q_EMIT atPhoneChanged();
 }
 
 void FileBrowserViewModel::reload() {
     if (files_)
         load(Meanwhile::shown);
-}
-
-void FileBrowserViewModel::setSearchedName(const QString& name) {
-    if (std::exchange(searchedName_, name) != name)
-        Q_EMIT searchedNameChanged();
 }
 
 void FileBrowserViewModel::searchBelow(const QString& name) {
@@ -340,8 +347,7 @@ void FileBrowserViewModel::setProblem(const std::optional<BrowserProblem>& probl
 }
 
 const FileItem* FileBrowserViewModel::itemWithId(const QString& id) const {
-    const int index = rows_.listing().indexOf(id);
-    return index < 0 ? nullptr : &rows_.listing().item(index);
+    return rows_.listing().itemWithId(id);
 }
 
 std::vector<FileItem> FileBrowserViewModel::itemsWithIds(const QStringList& ids) const {
@@ -423,14 +429,7 @@ FileBrowserViewModel::prepareDragURLs(const QStringList& ids,
                                       std::function<void(const DragFiles&)> whenReady) {
     if (!files_)
         return std::stop_source(std::nostopstate);
-    return runInBackground(
-        this,
-        [files = files_, items = itemsWithIds(ids), mount = promises_, &copies = staged_](
-            const std::stop_token& stop) { return prepareDrag(files, items, mount, copies, stop); },
-        [whenReady = std::move(whenReady)](BackgroundResult<DragFiles> result) {
-            if (result.succeeded())
-                whenReady(result.take());
-        });
+    return prepareDrag(this, {files_, itemsWithIds(ids), promises_, staged_}, std::move(whenReady));
 }
 
 QStringList FileBrowserViewModel::pathCompletions(const QString& typed) const {

@@ -27,6 +27,7 @@
 #include <memory>
 #include <optional>
 #include <stop_token>
+#include <utility>
 #include <vector>
 
 namespace tessary {
@@ -72,14 +73,15 @@ public:
 
     // --- connection ---
     /// Opens an Android device at `initialPath`, with a new history; where that is empty, with the
-    /// history and at the folder that its files were last left at, or at the top.
+    /// history and at the place that it was last left at, or at the phone itself.
     void connectAndroid(const DeviceInfo& device, const QString& initialPath);
     using QObject::connect;
     /// Opens the documents of an iPhone app at `targetPath`, in the same way. `device` has this
     /// udid.
     void connect(const QString& udid, const QString& bundleId, const QString& appName,
                  const DeviceInfo& device, const QString& targetPath);
-    /// Opens any connection, in the same way. `device` is empty when none stands behind it.
+    /// Opens any connection, in the same way. `device` is empty when none stands behind it: its
+    /// history begins with a folder, that of a device with the device itself.
     void open(std::shared_ptr<PhoneFileSystem> files, const std::optional<DeviceInfo>& device,
               const QString& initialPath);
     /// The device has been unplugged.
@@ -120,6 +122,12 @@ public:
     }
 
     // --- where we are ---
+    /// At the phone itself, above all of its folders. currentPath() is the folder last shown.
+    [[nodiscard]] bool isAtPhone() const {
+        return isAtPhone_;
+    }
+    /// Goes there, as to a folder. Nothing happens without a device.
+    void showPhone();
     [[nodiscard]] const QString& currentPath() const {
         return place_.path;
     }
@@ -303,8 +311,9 @@ public:
 Q_SIGNALS:
     void connectionChanged(); ///< activeDevice, files, appName
     void pathChanged();       ///< currentPath, rootPath, breadcrumbs
-    void historyChanged();    ///< canGoBack, canGoForward
-    void stateChanged();      ///< state, isLoading
+    void atPhoneChanged();
+    void historyChanged(); ///< canGoBack, canGoForward
+    void stateChanged();   ///< state, isLoading
     void problemChanged();
     void searchTextChanged();
     void searchedNameChanged();
@@ -335,8 +344,13 @@ private:
         shown,      ///< the same folder
     };
     void stopAll();
-    void show(const QString& path);
-    void setSearchedName(const QString& name);
+    void show(const QString& path, bool isAtPhone = false);
+    void visit(const QString& path);
+    void setAtPhone(bool isAtPhone);
+    void setSearchedName(const QString& name) {
+        if (std::exchange(searchedName_, name) != name)
+            Q_EMIT searchedNameChanged();
+    }
     void load(Meanwhile meanwhile);
     void applyLoad(const BrowserLoad& load, Meanwhile meanwhile);
     void forgetAfter(const BrowserLoad& failure);
@@ -354,6 +368,7 @@ private:
     std::optional<DeviceInfo> activeDevice_;
     QString appName_ = QStringLiteral("Documents");
     bool isMedia_ = false;
+    bool isAtPhone_ = false;
     BrowserPlace place_;
     int unreadable_ = 0;
     BrowserHistory history_;

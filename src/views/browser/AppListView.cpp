@@ -91,11 +91,13 @@ public:
 
 } // namespace
 
-AppListView::AppListView(AppListViewModel& apps, Choose choose, Choose openOutside, QWidget* parent)
+AppListView::AppListView(AppListViewModel& apps, Choose choose, Choose openOutside,
+                         std::function<void()> goUp, QWidget* parent)
     : QWidget(parent),
       apps_(apps),
       choose_(std::move(choose)),
       openOutside_(std::move(openOutside)),
+      goUp_(std::move(goUp)),
       search_(new QLineEdit),
       stack_(new QStackedWidget),
       list_(new QListView),
@@ -234,6 +236,10 @@ bool AppListView::eventFilter(QObject* watched, QEvent* event) {
     const int key = static_cast<QKeyEvent*>(event)->key();
     if (key == Qt::Key_Return || key == Qt::Key_Enter) {
         open(list_->currentIndex());
+        return true;
+    }
+    if (watched == list_ && key == Qt::Key_Backspace) {
+        goUp_();
         return true;
     }
     if (watched == search_ && key == Qt::Key_Escape)

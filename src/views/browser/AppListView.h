@@ -24,9 +24,9 @@ public:
     using Choose = std::function<void(const AppInfo&)>;
 
     /// `apps` must outlive the view. `openOutside` opens an app's documents in the desktop's file
-    /// manager.
+    /// manager, `goUp` leads to the phone, above its apps.
     AppListView(AppListViewModel& apps, Choose choose, Choose openOutside,
-                QWidget* parent = nullptr);
+                std::function<void()> goUp, QWidget* parent = nullptr);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -40,6 +40,7 @@ private:
     AppListViewModel& apps_;
     const Choose choose_;
     const Choose openOutside_;
+    const std::function<void()> goUp_;
     std::vector<AppInfo> shown_;
     QLineEdit* search_;
     QStackedWidget* stack_;

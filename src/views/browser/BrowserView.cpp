@@ -261,12 +261,14 @@ void BrowserView::setShowApps(std::function<void()> showApps) {
     showApps_ = std::move(showApps);
 }
 
-/// Above the documents of an app are the apps.
+/// Above the documents of an app are the apps, above all else is the phone itself.
 void BrowserView::goUp() {
     if (browser_.canNavigateUp())
         browser_.navigateUp();
-    else if (isInApp() && showApps_)
+    else if (isInApp() && !browser_.isMedia() && showApps_)
         showApps_();
+    else
+        browser_.showPhone();
 }
 
 void BrowserView::doubleClicked() {
@@ -315,11 +317,13 @@ void BrowserView::setGrid(bool grid) {
 void BrowserView::updateActions() {
     (browser_.viewMode() == ViewMode::grid ? actions_.asGrid : actions_.asList)->setChecked(true);
     const std::size_t selected = static_cast<std::size_t>(browser_.selection().ids().size());
-    const bool isUsable =
+    const bool isThere =
         browser_.files() != nullptr && browser_.state() != BrowserState::deviceLost;
-    actions_.back->setEnabled(isUsable && browser_.canGoBack());
-    actions_.forward->setEnabled(isUsable && browser_.canGoForward());
-    actions_.up->setEnabled(isUsable && (browser_.canNavigateUp() || isInApp()));
+    actions_.back->setEnabled(isThere && browser_.canGoBack());
+    actions_.forward->setEnabled(isThere && browser_.canGoForward());
+    // What another page covers is not changed behind it.
+    const bool isUsable = isThere && isVisible();
+    actions_.up->setEnabled(isUsable && (browser_.canNavigateUp() || browser_.activeDevice()));
     for (QAction* action :
          {actions_.goTo, actions_.reload, actions_.search, actions_.newFolder, actions_.uploadFiles,
           actions_.uploadFolder, actions_.paste, actions_.copyPath, actions_.selectAll,
@@ -437,6 +441,16 @@ bool BrowserView::handleKey(const QKeyEvent& key) {
     default:
         return false;
     }
+}
+
+void BrowserView::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    updateActions();
+}
+
+void BrowserView::hideEvent(QHideEvent* event) {
+    QWidget::hideEvent(event);
+    updateActions();
 }
 
 /// The files have the keys. A focus proxy would make the Tab key pass by the toolbar.

@@ -13,17 +13,13 @@
 
 namespace tessary {
 
-namespace {
-
-QString nameOf(const DeviceInfo& device) {
+QString deviceTitle(const DeviceInfo& device) {
     if (device.deviceName)
         return printable(*device.deviceName);
     // An iPhone tells its name only to computers that it trusts.
     return device.platform == DevicePlatform::iOS ? QStringLiteral("iPhone / iPad")
                                                   : printable(device.udid);
 }
-
-} // namespace
 
 DeviceListModel::DeviceListModel(const DeviceManager& manager, const PhoneMounts& mounts,
                                  QObject* parent)
@@ -56,13 +52,12 @@ QVariant DeviceListModel::data(const QModelIndex& index, int role) const {
     const DeviceInfo* device = deviceAt(index);
     if (device == nullptr)
         return {};
-    const QString name = nameOf(*device);
+    const QString name = deviceTitle(*device);
     switch (role) {
     case Qt::DisplayRole:
         return name;
     case Qt::DecorationRole:
-        return icon(looksLikeTablet(name) ? QStringLiteral("tabletPicture")
-                                          : systemImage(device->platform));
+        return devicePicture(*device);
     case Qt::ToolTipRole:
         return plainToolTip(QStringLiteral("%1\n%2").arg(name, printable(device->udid)) +
                             (mounts_.isOpen(device->udid)
@@ -120,6 +115,11 @@ void DeviceListModel::update() {
             Q_EMIT dataChanged(index(row), index(row));
         }
     }
+}
+
+QIcon devicePicture(const DeviceInfo& device) {
+    return icon(looksLikeTablet(deviceTitle(device)) ? QStringLiteral("tabletPicture")
+                                                     : systemImage(device.platform));
 }
 
 QString deviceDetail(const DeviceInfo& device) {

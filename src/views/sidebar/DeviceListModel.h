@@ -4,6 +4,7 @@
 #include "devices/list/DeviceManager.h"
 
 #include <QAbstractListModel>
+#include <QIcon>
 
 #include <vector>
 
@@ -39,11 +40,15 @@ private:
     std::vector<DeviceInfo> devices_;
 };
 
+/// What a device is called, also before it has told its name.
+[[nodiscard]] QString deviceTitle(const DeviceInfo& device);
 /// The line below a device's name: its mode and battery.
 [[nodiscard]] QString deviceDetail(const DeviceInfo& device);
 /// The line below its storage bar: what is free, or what is waited for.
 [[nodiscard]] QString deviceStorageText(const DeviceInfo& device);
 
+/// A phone's or a tablet's.
+[[nodiscard]] QIcon devicePicture(const DeviceInfo& device);
 /// Whether a device of this name has a tablet's picture rather than a phone's: nothing else tells.
 /// Pure.
 [[nodiscard]] bool looksLikeTablet(const QString& name);

@@ -31,6 +31,8 @@ QPushButton* modeButton(ProtocolMode mode, const char* toolTip) {
     auto* button = new ModeButton;
     button->setCheckable(true);
     button->setFlat(false);
+    // They share what room the sidebar has.
+    button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     QFont small = button->font();
     small.setPointSizeF(small.pointSizeF() * 0.88);
     button->setFont(small);

@@ -249,7 +249,7 @@ void Sidebar::showPlaces() {
         });
     shortcutModel_.setPlaces(std::move(shortcuts));
     volumeModel_.setPlaces(device_ ? volumesOf(*device_) : std::vector<Place>());
-    showFolder(folder_);
+    showPlace(shown_, folder_);
 }
 
 void Sidebar::setKnownFolders(const std::optional<QSet<QString>>& names) {
@@ -264,16 +264,18 @@ void Sidebar::setDrops(const EntryDrop& drops) {
         list->setDrops(drops);
 }
 
-void Sidebar::showFolder(const QString& path) {
-    folder_ = path;
-    favoriteList_->mark(favoriteModel_.indexOf(path));
-    shortcutList_->mark(shortcutModel_.indexOf(path));
+void Sidebar::showPlace(Shown shown, const QString& path) {
+    shown_ = shown;
+    folder_ = shown == Shown::folder ? path : QString();
+    favoriteList_->mark(favoriteModel_.indexOf(folder_));
+    shortcutList_->mark(shortcutModel_.indexOf(folder_));
     const bool isIPhone = device_ && device_->platform == DevicePlatform::iOS;
     const bool isMedia =
-        isIPhone && !path.isEmpty() && source_.appBundleId && isMediaFolder(*source_.appBundleId);
-    volumeList_->mark(isMedia    ? volumeModel_.indexOf(Place::Target::media)
-                      : isIPhone ? volumeModel_.indexOf(Place::Target::apps)
-                                 : volumeModel_.indexOf(path));
+        shown == Shown::folder && source_.appBundleId && isMediaFolder(*source_.appBundleId);
+    volumeList_->mark(shown == Shown::itself ? QModelIndex()
+                      : isIPhone && isMedia  ? volumeModel_.indexOf(Place::Target::media)
+                      : isIPhone             ? volumeModel_.indexOf(Place::Target::apps)
+                                             : volumeModel_.indexOf(folder_));
 }
 
 void Sidebar::changeEvent(QEvent* event) {

@@ -50,8 +50,10 @@ public:
     void setKnownFolders(const std::optional<QSet<QString>>& names);
     /// What makes the places targets of drops. It must outlive the sidebar.
     void setDrops(const EntryDrop& drops);
-    /// Marks the place that is this folder.
-    void showFolder(const QString& path);
+    /// What is shown of the device.
+    enum class Shown { itself, apps, folder };
+    /// Marks the place that is shown; `path` is of the folder.
+    void showPlace(Shown shown, const QString& path = {});
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -71,7 +73,8 @@ private:
     Callbacks callbacks_;
     std::optional<DeviceInfo> device_;
     FavoriteSource source_;
-    QString folder_;
+    Shown shown_ = Shown::itself;
+    QString folder_; ///< that is shown
     std::optional<QSet<QString>> knownFolders_;
     QListView* deviceList_;
     QLabel* noDevices_;

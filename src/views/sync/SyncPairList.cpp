@@ -7,6 +7,8 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace tessary {
 
 SyncPairList::SyncPairList(SyncViewModel& sync, QWidget* parent)
@@ -48,6 +50,11 @@ SyncPairList::SyncPairList(SyncViewModel& sync, QWidget* parent)
     });
 }
 
+void SyncPairList::showDevice(const QString& udid) {
+    if (std::exchange(udid_, udid) != udid)
+        rebuild();
+}
+
 void SyncPairList::setTallestRows(int height) {
     scroll_->setMaximumHeight(height);
 }
@@ -59,6 +66,8 @@ void SyncPairList::rebuild() {
     }
     rowOf_.clear();
     for (const SyncPair& pair : sync_.manager().syncPairs()) {
+        if (udid_ && *udid_ != pair.deviceUDID)
+            continue;
         auto* row = new SyncPairRow(sync_, pair.id);
         rows_->addWidget(row);
         rowOf_.insert(pair.id, row);

@@ -6,6 +6,8 @@
 #include <QUuid>
 #include <QWidget>
 
+#include <optional>
+
 class QLabel;
 class QVBoxLayout;
 
@@ -21,6 +23,8 @@ public:
     /// `sync` must outlive it.
     explicit SyncPairList(SyncViewModel& sync, QWidget* parent = nullptr);
 
+    /// Shows the pairs of one device only.
+    void showDevice(const QString& udid);
     /// Beyond this height in pixels the rows scroll.
     void setTallestRows(int height);
 
@@ -28,6 +32,7 @@ private:
     void rebuild();
 
     SyncViewModel& sync_;
+    std::optional<QString> udid_; ///< no value: all pairs
     QLabel* none_;
     QWidget* scroll_;
     QVBoxLayout* rows_;

@@ -9,6 +9,7 @@
 #include "views/dialogs/HelpDialog.h"
 #include "views/dialogs/WirelessDialog.h"
 #include "views/import/ImportView.h"
+#include "views/phone/PhonePage.h"
 #include "views/settings/FileSettings.h"
 #include "views/settings/SettingsWindow.h"
 #include "views/sync/SyncDialogs.h"
@@ -16,6 +17,7 @@
 #include "views/transfers/CopyHistoryDialog.h"
 #include "views/transfers/TransferPanel.h"
 #include "views/window/ApplicationWindows.h"
+#include "views/window/BrowserSetups.h"
 #include "views/window/MainMenu.h"
 #include "views/window/Panes.h"
 #include "views/window/WelcomeView.h"
@@ -25,7 +27,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDir>
 #include <QFileDialog>
 #include <QHideEvent>
 #include <QListView>
@@ -41,31 +42,6 @@
 namespace tessary {
 
 namespace {
-
-BrowserSetup browserSetup(TessaryApp& app) {
-    BrowserSetup setup;
-    setup.openAndroid = [&app](const DeviceInfo& device) {
-        return app.services().files().open(device);
-    };
-    setup.openApp = [&app](const DeviceInfo& device, const AppInfo& chosen) {
-        return app.services().files().openApp(device, chosen);
-    };
-    setup.staged = &app.stagedFiles();
-    setup.promises = &app.promisedFiles();
-    setup.comparesCopies = [&app] {
-        return app.defaults().value(BrowserCopies::comparesKey).toBool();
-    };
-    return setup;
-}
-
-/// What the user has the folder for copies set to is not asked for.
-CopyDialogs withDownloadFolder(CopyDialogs dialogs, UserDefaults& defaults) {
-    dialogs.chooseTargetFolder = [&defaults, ask = dialogs.chooseTargetFolder](QWidget* asker) {
-        const QString folder = defaults.value(downloadFolderKey).toString();
-        return !folder.isEmpty() && QDir(folder).exists() ? folder : ask(asker);
-    };
-    return dialogs;
-}
 
 QString chooseLocalFolder(QWidget* asker, const QString& startAt) {
     return QFileDialog::getExistingDirectory(asker, MainWindow::tr("Folder on this computer"),
@@ -95,15 +71,17 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
       browserView_(new BrowserView(browser_, dialogs_, openLocalFile_)),
       importView_(new ImportView({import_, app.copyQueue(), app.stagedFiles(), app.defaults()},
                                  {chooseLocalFolder, app.setup().showInFolder})),
+      phonePage_(makePhonePage()),
       banner_(new WindowBanner({app, browser_, common_.notices, choice_})),
       pages_(new WindowPages(
-          {new WelcomeView([&app] { app.startDemo(); }),
+          {new WelcomeView([&app] { app.startDemo(); }), phonePage_,
            new AppListView(
                apps_, [this](const AppInfo& info) { choice_.openApp(info, QStringLiteral("/")); },
                [this](const AppInfo& info) {
                    if (const auto device = apps_.device())
                        app_.phoneMounts().open(*device, info, {});
-               }),
+               },
+               [this] { choice_.showPhone(); }),
            browserView_, importView_},
           app, browser_, choice_, *banner_)),
       syncPanel_(new SyncPanel(
@@ -222,8 +200,12 @@ void MainWindow::connectBrowser() {
     connect(&app_.favoritesManager(), &FavoritesManager::favoritesChanged, browserView_,
             &BrowserView::updateActions);
     connect(&browser_, &FileBrowserViewModel::connectionChanged, this, &MainWindow::showSidebar);
-    connect(&browser_, &FileBrowserViewModel::pathChanged, this,
-            [this] { sidebar_->showFolder(browser_.currentPath()); });
+    connect(&browser_, &FileBrowserViewModel::pathChanged, this, &MainWindow::showPlace);
+    connect(&browser_, &FileBrowserViewModel::atPhoneChanged, this, [this] {
+        showPlace();
+        showPage();
+        banner_->update();
+    });
     connect(&browser_, &FileBrowserViewModel::stateChanged, this, [this] {
         sidebar_->setKnownFolders(knownFolders());
         showPage();
@@ -256,11 +238,9 @@ void MainWindow::connectChoice() {
                 choice_.choose(devices_.deviceAt(index));
             });
     connect(&list, &QListView::clicked, this, [this] {
-        // A click on the phone whose files are shown leads up to its apps.
-        if (!std::exchange(wasChosenByPress_, false)) {
-            choice_.leaveImport();
-            choice_.showApps();
-        }
+        // A click on the phone of which something is shown leads up to itself.
+        if (!std::exchange(wasChosenByPress_, false))
+            choice_.showPhone();
         pages_->currentWidget()->setFocus();
     });
     connect(&app_.deviceManager(), &DeviceManager::devicesChanged, this,
@@ -374,7 +354,7 @@ void MainWindow::connectSync() {
         common_.dialogs->setNotifier(app_.setup().notifier);
     browserView_->setShowSync([this](const QWidget& anchor) {
         std::optional<DeviceInfo> device;
-        if (browser_.state() == BrowserState::ready && !choice_.isChoosingApp())
+        if (browser_.state() == BrowserState::ready && browserView_->isVisible())
             device = browser_.activeDevice();
         app_.syncManager().setBrowsingContext(device, choice_.app(), browser_.currentPath());
         syncPanel_->popUpBelow(anchor);
@@ -439,8 +419,19 @@ void MainWindow::showSidebar() {
     importAction_->setEnabled(
         device && (device->platform == DevicePlatform::iOS || device->isDataAccessible()));
     sidebar_->showDevice(device, source);
-    sidebar_->showFolder(source.files && !choice_.isChoosingApp() ? browser_.currentPath()
-                                                                  : QString());
+    phonePage_->showDevice(device);
+    showPlace();
+}
+
+void MainWindow::showPlace() {
+    using Shown = Sidebar::Shown;
+    const auto device = chosenDevice();
+    const auto& active = browser_.activeDevice();
+    const bool isBrowsed = device && active && active->udid == device->udid;
+    sidebar_->showPlace(choice_.isChoosingApp()             ? Shown::apps
+                        : isBrowsed && !choice_.isAtPhone() ? Shown::folder
+                                                            : Shown::itself,
+                        browser_.currentPath());
 }
 
 void MainWindow::deviceListChanged() {
@@ -460,7 +451,26 @@ void MainWindow::troubleChanged(const QString& deviceId) {
     if (listed && listed->id() == deviceId && apps_.state() == AppListState::failed &&
         !app_.deviceManager().trouble(deviceId))
         apps_.reload();
+    const auto& active = browser_.activeDevice();
+    if (active && active->id() == deviceId && browser_.state() == BrowserState::failed &&
+        !app_.deviceManager().trouble(deviceId))
+        browser_.reload();
     showPage();
+}
+
+PhonePage* MainWindow::makePhonePage() {
+    return new PhonePage(
+        {app_.deviceManager(), common_.sync,
+         [&files = app_.services().files()](const DeviceInfo& device) {
+             return device.platform == DevicePlatform::iOS ? files.openMedia(device)
+                                                           : files.open(device);
+         }},
+        {[this] { choice_.browseFiles(); },
+         [this](const QString& path) {
+             browser_.navigateTo(path);
+             pages_->currentWidget()->setFocus();
+         },
+         [this] { choice_.showApps(); }, importAction_, [this] { banner_->releaseDevice(); }});
 }
 
 void MainWindow::showPage() {

@@ -25,6 +25,7 @@ namespace tessary {
 class CopyHistoryDialog;
 class ImportView;
 class Panes;
+class PhonePage;
 class SettingsWindow;
 class SyncDialogs;
 class SyncPanel;
@@ -103,6 +104,8 @@ private:
     [[nodiscard]] std::optional<DeviceInfo> chosenDevice() const;
     void showSidebar();
     void showPage();
+    void showPlace();
+    [[nodiscard]] PhonePage* makePhonePage();
     [[nodiscard]] std::optional<QSet<QString>> knownFolders();
 
     /// What there is once, whatever the number of windows.
@@ -132,6 +135,7 @@ private:
     Sidebar* sidebar_;
     BrowserView* browserView_;
     ImportView* importView_;
+    PhonePage* phonePage_;
     WindowBanner* banner_;
     WindowPages* pages_;
     SyncPanel* syncPanel_;

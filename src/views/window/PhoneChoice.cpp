@@ -37,11 +37,9 @@ void PhoneChoice::choose(const DeviceInfo* device) {
     if (device != nullptr) {
         const bool isShown = isBrowsed(*device);
         if (device->platform == DevicePlatform::iOS) {
-            const auto last = lastApps_.constFind(device->udid);
-            isChoosingApp_ = !isShown && last == lastApps_.constEnd();
             parts_.apps.setDevice(*device);
-            if (!isShown && !isChoosingApp_)
-                connectApp(*last, {});
+            if (!isShown)
+                connectApp(lastApps_.value(device->udid, mediaFolder()), {});
         } else if (!isShown || parts_.browser.activeDevice()->id() != device->id()) {
             app_.reset();
             parts_.browser.connectAndroid(*device, {}); // where it was left
@@ -73,7 +71,7 @@ void PhoneChoice::followBrowsed(const DeviceInfo& active) {
     }
     const bool wasLocked = !active.isDataAccessible();
     const bool hasOtherMode = active.protocolMode != now->protocolMode;
-    const QString path = browser.currentPath();
+    const QString path = browser.isAtPhone() ? QString() : browser.currentPath();
     browser.updateDevice(*now);
     if (isLost && app_)
         browser.connect(now->udid, app_->bundleIdentifier, app_->displayName, *now, path);
@@ -121,9 +119,30 @@ void PhoneChoice::showApps() {
         return;
     leaveImport();
     isChoosingApp_ = true;
-    lastApps_.remove(chosen->udid);
     parts_.apps.setDevice(*chosen);
     Q_EMIT changed();
+    Q_EMIT focusWanted();
+}
+
+bool PhoneChoice::isAtPhone() const {
+    return parts_.browser.isAtPhone() && !isChoosingApp_ && !isImporting() && device();
+}
+
+void PhoneChoice::showPhone() {
+    leaveImport();
+    isChoosingApp_ = false;
+    parts_.browser.showPhone();
+    Q_EMIT changed();
+    Q_EMIT focusWanted();
+}
+
+void PhoneChoice::browseFiles() {
+    const auto chosen = device();
+    if (chosen && chosen->platform == DevicePlatform::iOS) {
+        openMedia();
+        return;
+    }
+    parts_.browser.navigateTo(QStringLiteral("/"));
     Q_EMIT focusWanted();
 }
 

@@ -13,8 +13,9 @@
 
 namespace tessary {
 
-/// Which phone a window shows, and what of it: its files, an app's documents, the list of its apps
-/// or the import. Follows the phones as they come, go and change. Lives on the main thread.
+/// Which phone a window shows, and what of it: itself, its files, an app's documents, the list of
+/// its apps or the import. Follows the phones as they come, go and change. Lives on the main
+/// thread.
 class PhoneChoice : public QObject {
     Q_OBJECT
 
@@ -44,6 +45,8 @@ public:
         return isChoosingApp_;
     }
     [[nodiscard]] bool isImporting() const;
+    /// The phone itself is shown, with what there is to do with it.
+    [[nodiscard]] bool isAtPhone() const;
 
     /// The user chose a phone, or none.
     void choose(const DeviceInfo* device);
@@ -54,6 +57,9 @@ public:
     /// An iPhone's photos and videos: at the top when they are open, else where they were left.
     void openMedia();
     void showApps();
+    void showPhone();
+    /// An Android phone's files at their top, an iPhone's photos.
+    void browseFiles();
     void openFavorite(const DeviceFavorite& favorite);
     void openImport();
     /// Another page is wanted. A copy goes on.

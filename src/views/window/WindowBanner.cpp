@@ -31,20 +31,23 @@ std::optional<DeviceTrouble> WindowBanner::troubleInTheWay() const {
 }
 
 void WindowBanner::update() {
-    const bool isChoosingApp = parts_.choice.isChoosingApp();
-    if (!isChoosingApp && troubleInTheWay()) {
+    // What keeps the apps from being listed stands where they would be; the phone's own page says
+    // what is the matter with it.
+    const bool isAtPhone = parts_.choice.isAtPhone();
+    const bool saysSoItself = parts_.choice.isChoosingApp() || isAtPhone;
+    if (!saysSoItself && troubleInTheWay()) {
         clear(); // the page says so
         return;
     }
-    // What keeps the apps from being listed stands where they would be.
     const auto& active = parts_.browser.activeDevice();
     const auto trouble =
-        active && !isChoosingApp ? parts_.app.deviceManager().trouble(active->id()) : std::nullopt;
+        active && !saysSoItself ? parts_.app.deviceManager().trouble(active->id()) : std::nullopt;
     // A folder that could not be read says so where the files would be.
     const bool isReady = parts_.browser.state() == BrowserState::ready;
     if (trouble)
         showTrouble(*trouble);
-    else if (const auto& problem = parts_.browser.problem(); problem && isReady)
+    else if (const auto& problem = parts_.browser.problem();
+             problem && isReady && !(isAtPhone && parts_.browser.isProblemOfLoad()))
         showProblem(*problem);
     else if (const auto notice = parts_.notices.current(parts_.browser.files() && isReady))
         show(*notice);

@@ -13,8 +13,8 @@ WindowPages::WindowPages(const Pages& pages, TessaryApp& app, FileBrowserViewMod
       browser_(browser),
       choice_(choice),
       banner_(banner) {
-    for (QWidget* page :
-         {pages.welcome, static_cast<QWidget*>(notice_), pages.apps, pages.files, pages.import})
+    for (QWidget* page : {pages.welcome, pages.phone, static_cast<QWidget*>(notice_), pages.apps,
+                          pages.files, pages.import})
         addWidget(page);
 }
 
@@ -27,6 +27,8 @@ QWidget* WindowPages::wanted() {
         return pages_.import;
     if (choice_.isChoosingApp() && choice_.device())
         return pages_.apps;
+    if (choice_.isAtPhone() && !isLost)
+        return pages_.phone;
     if (active && !isLost && active->isLocked && !app_.deviceManager().trouble(active->id())) {
         notice_->show(QStringLiteral("object-locked"), tr("This phone is locked"),
                       tr("It shows its files once you unlock it and choose “File transfer” in its "

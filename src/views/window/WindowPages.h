@@ -11,8 +11,8 @@ namespace tessary {
 
 class PlaceholderView;
 
-/// The pages of a window: the welcome, what keeps a phone's files from being shown, its apps, the
-/// import, and the files. It shows the one that is meant.
+/// The pages of a window: the welcome, the phone itself, what keeps a phone's files from being
+/// shown, its apps, the import, and the files. It shows the one that is meant.
 class WindowPages : public QStackedWidget {
     Q_OBJECT
 
@@ -20,6 +20,7 @@ public:
     /// The pages that are made elsewhere; it takes them over.
     struct Pages {
         QWidget* welcome;
+        QWidget* phone;
         QWidget* apps;
         QWidget* files;
         QWidget* import;

@@ -1,0 +1,364 @@
+#include "views/phone/PhonePage.h"
+
+#include "app/LanguageManager.h"
+#include "app/texts/DisplayNames.h"
+#include "app/texts/ErrorText.h"
+#include "base/text/ByteCount.h"
+#include "base/text/Printable.h"
+#include "views/common/Icons.h"
+#include "views/common/PlainText.h"
+#include "views/common/StatusBanner.h"
+#include "views/phone/VolumeCard.h"
+#include "views/sidebar/DeviceListModel.h"
+#include "views/sync/SyncPairList.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace tessary {
+
+namespace {
+
+constexpr int pictureSide = 88;
+constexpr int widest = 760; // pixels of the column: longer lines are hard to read
+constexpr int margin = 28;
+
+QLabel* heading() {
+    auto* label = new QLabel;
+    QFont font = label->font();
+    font.setPointSizeF(font.pointSizeF() * 1.1);
+    font.setWeight(QFont::DemiBold);
+    label->setFont(font);
+    return label;
+}
+
+QPushButton* command(const char* name, const char* iconName) {
+    auto* button = new QPushButton(lineIcon(QString::fromLatin1(iconName)), QString());
+    button->setObjectName(QString::fromLatin1(name));
+    button->setIconSize({18, 18});
+    return button;
+}
+
+/// Bytes of one of a phone's storages, by its place in volumes(); an iPhone has one.
+VolumeCard::Room roomOf(const DeviceInfo& device, std::size_t volume) {
+    if (volume < device.volumes.size())
+        return VolumeCard::Room::of(device.volumes[volume].totalBytes,
+                                    device.volumes[volume].freeBytes);
+    const auto bytes = [](const std::optional<qint64>& count) {
+        return static_cast<std::uint64_t>(std::max<qint64>(count.value_or(0), 0));
+    };
+    return VolumeCard::Room::of(bytes(device.totalStorageBytes), bytes(device.freeStorageBytes));
+}
+
+QString rootOf(const Place& volume) {
+    return volume.path.isEmpty() ? QStringLiteral("/") : volume.path;
+}
+
+} // namespace
+
+PhonePage::PhonePage(Parts parts, Callbacks callbacks, QWidget* parent)
+    : QScrollArea(parent),
+      parts_(std::move(parts)),
+      callbacks_(std::move(callbacks)),
+      uses_(this),
+      picture_(new QLabel),
+      name_(new QLabel),
+      detail_(new QLabel),
+      trouble_(new StatusBanner),
+      browse_(command("browseFiles", "folder-open")),
+      apps_(command("showApps", "view-list-icons")),
+      import_(command("importFromPage", "camera-photo")),
+      sync_(command("syncNow", "folder-sync")),
+      storageHeading_(heading()),
+      looking_(new QLabel),
+      cards_(new QVBoxLayout),
+      syncHeading_(heading()),
+      pairs_(new SyncPairList(parts_.sync)) {
+    setObjectName(QStringLiteral("phonePage"));
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFocusPolicy(Qt::NoFocus);
+    trouble_->setObjectName(QStringLiteral("phoneTrouble"));
+    looking_->setForegroundRole(QPalette::PlaceholderText);
+    auto* storageLine = new QHBoxLayout;
+    storageLine->addWidget(storageHeading_);
+    storageLine->addStretch(1);
+    storageLine->addWidget(looking_);
+    cards_->setSpacing(16);
+
+    auto* column = new QWidget;
+    column->setMaximumWidth(widest);
+    auto* content = new QVBoxLayout(column);
+    content->setContentsMargins(0, 0, 0, 0);
+    content->setSpacing(12);
+    content->addWidget(makeHeader());
+    content->addWidget(trouble_);
+    content->addWidget(makeCommands());
+    content->addSpacing(10);
+    content->addLayout(storageLine);
+    content->addLayout(cards_);
+    content->addSpacing(10);
+    content->addWidget(syncHeading_);
+    content->addWidget(pairs_);
+    content->addStretch(1);
+    auto* all = new QWidget;
+    auto* row = new QHBoxLayout(all);
+    row->setContentsMargins(margin, margin, margin, margin);
+    row->addStretch(1);
+    row->addWidget(column, 1000);
+    row->addStretch(1);
+    setWidget(all);
+    for (QWidget* ground : {static_cast<QWidget*>(this), viewport(), all})
+        ground->setBackgroundRole(QPalette::Base);
+
+    connect(&uses_, &StorageUses::changed, this, &PhonePage::showUse);
+    connect(&parts_.devices, &DeviceManager::troubleChanged, this, &PhonePage::showTrouble);
+    SyncManager& syncs = parts_.sync.manager();
+    connect(&syncs, &SyncManager::syncPairsChanged, this, &PhonePage::showSync);
+    connect(&syncs, &SyncManager::syncPairChanged, this, &PhonePage::showSync);
+    keepTranslated(this, [this] { showTexts(); });
+    makePlain(*this);
+}
+
+QWidget* PhonePage::makeHeader() {
+    auto* header = new QWidget;
+    QFont large = name_->font();
+    large.setPointSizeF(large.pointSizeF() * 1.7);
+    large.setWeight(QFont::DemiBold);
+    name_->setFont(large);
+    name_->setObjectName(QStringLiteral("phoneName"));
+    name_->setWordWrap(true);
+    detail_->setWordWrap(true);
+    detail_->setForegroundRole(QPalette::PlaceholderText);
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(2);
+    texts->addStretch(1);
+    texts->addWidget(name_);
+    texts->addWidget(detail_);
+    texts->addStretch(1);
+    auto* row = new QHBoxLayout(header);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(18);
+    row->addWidget(picture_, 0, Qt::AlignTop);
+    row->addLayout(texts, 1);
+    return header;
+}
+
+QWidget* PhonePage::makeCommands() {
+    connect(browse_, &QPushButton::clicked, this, [this] { callbacks_.browseFiles(); });
+    connect(apps_, &QPushButton::clicked, this, [this] { callbacks_.showApps(); });
+    QAction* import = callbacks_.importPhotos;
+    connect(import_, &QPushButton::clicked, import, &QAction::trigger);
+    connect(import, &QAction::changed, import_,
+            [this, import] { import_->setEnabled(import->isEnabled()); });
+    connect(sync_, &QPushButton::clicked, this, &PhonePage::syncNow);
+    auto* commands = new QWidget;
+    auto* row = new QHBoxLayout(commands);
+    row->setContentsMargins(0, 0, 0, 0);
+    for (QPushButton* button : {browse_, apps_, import_, sync_})
+        row->addWidget(button);
+    row->addStretch(1);
+    return commands;
+}
+
+void PhonePage::showTexts() {
+    setAccessibleName(tr("Phone"));
+    apps_->setText(tr("Apps"));
+    import_->setText(tr("Import Photos…"));
+    sync_->setText(tr("Sync Now"));
+    storageHeading_->setText(tr("Storage"));
+    looking_->setText(tr("Looking at what fills it…"));
+    syncHeading_->setText(tr("Folders Kept in Step"));
+    volumes_.clear(); // their names are anew
+    showDevice(device_);
+}
+
+void PhonePage::showDevice(const std::optional<DeviceInfo>& device) {
+    if (!device)
+        return;
+    const bool isOther = !device_ || device_->id() != device->id() ||
+                         device_->isDataAccessible() != device->isDataAccessible();
+    device_ = device;
+    const bool isIPhone = device->platform == DevicePlatform::iOS;
+    picture_->setPixmap(devicePicture(*device).pixmap(pictureSide, pictureSide));
+    const QString title = deviceTitle(*device);
+    name_->setText(title);
+    QStringList details;
+    const QString maker = printable(device->manufacturer.value_or(QString()));
+    if (!maker.isEmpty() && !title.contains(maker, Qt::CaseInsensitive))
+        details << maker;
+    details << deviceDetail(*device);
+    if (device->connectionType == ConnectionType::network)
+        details << tr("Wireless");
+    detail_->setText(details.join(QStringLiteral("  ·  ")));
+    browse_->setText(isIPhone ? tr("Browse Photos") : tr("Browse Files"));
+    browse_->setEnabled(!device->isLocked);
+    apps_->setVisible(isIPhone);
+    pairs_->showDevice(device->udid);
+    showTrouble();
+    showVolumes();
+    showSync();
+    if (isOther && isVisible())
+        look();
+    if (hasFocus())
+        focusFirst(); // it could do nothing before
+}
+
+void PhonePage::showTrouble() {
+    if (!device_)
+        return;
+    BannerMessage message;
+    message.kind = BannerMessage::Kind::warning;
+    message.canBeClosed = false;
+    if (const auto trouble = parts_.devices.trouble(device_->id())) {
+        const ErrorText words = errorText(trouble->error);
+        message.text = words.what;
+        message.advice = words.advice;
+        if (trouble->isHeld())
+            message.actions.push_back({tr("Release the Phone"), callbacks_.releaseDevice});
+    } else if (device_->isLocked) {
+        message.text = tr("This phone is locked");
+        message.advice = tr("It shows its files once you unlock it and choose “File transfer” in "
+                            "its USB notification. This window follows by itself.");
+    } else {
+        trouble_->clear();
+        return;
+    }
+    trouble_->show(message);
+}
+
+/// The storages that have a card.
+std::vector<Place> PhonePage::volumes() const {
+    if (device_->platform == DevicePlatform::android)
+        return volumesOf(*device_);
+    if (device_->totalStorageBytes.value_or(0) <= 0)
+        return {};
+    return {{QStringLiteral("drive-harddisk"),
+             placeDisplayName(QStringLiteral("Internal Storage")),
+             {},
+             {}}};
+}
+
+void PhonePage::showVolumes() {
+    const std::vector<Place> now = volumes();
+    const auto isSame = [](const Place& a, const Place& b) {
+        return a.path == b.path && a.title == b.title;
+    };
+    if (!std::ranges::equal(now, volumes_, isSame)) {
+        volumes_ = now;
+        for (VolumeCard* card : cardOf_)
+            delete card;
+        cardOf_.clear();
+        for (const Place& volume : volumes_) {
+            std::function<void()> open;
+            if (!volume.path.isEmpty())
+                open = [this, path = volume.path] { callbacks_.openFolder(path); };
+            auto* card = new VolumeCard(volume, std::move(open));
+            makePlain(*card);
+            cards_->addWidget(card);
+            cardOf_.push_back(card);
+        }
+        // Rows come in the order in which they are read.
+        QWidget* before = sync_;
+        for (const VolumeCard* card : cardOf_) {
+            setTabOrder(before, &card->heading());
+            before = &card->heading();
+        }
+        if (isVisible())
+            look();
+    }
+    storageHeading_->setVisible(!volumes_.empty());
+    showUse();
+}
+
+void PhonePage::showUse() {
+    looking_->setVisible(uses_.isLooking() && !volumes_.empty());
+    if (!device_ || cardOf_.empty())
+        return;
+    const auto files = parts_.open(*device_);
+    for (std::size_t i = 0; i < cardOf_.size(); ++i)
+        cardOf_[i]->show(roomOf(*device_, i), uses_.of(*files, rootOf(volumes_[i])));
+}
+
+void PhonePage::look() {
+    if (!device_ || !device_->isDataAccessible() || volumes_.empty())
+        return;
+    std::vector<StorageUses::Storage> storages;
+    for (std::size_t i = 0; i < volumes_.size(); ++i) {
+        const VolumeCard::Room room = roomOf(*device_, i);
+        storages.push_back({rootOf(volumes_[i]), room.total - room.free});
+    }
+    uses_.look(parts_.open(*device_), std::move(storages));
+    showUse();
+}
+
+void PhonePage::showSync() {
+    const auto& pairs = parts_.sync.manager().syncPairs();
+    sync_->setEnabled(device_ && device_->isDataAccessible() &&
+                      std::ranges::any_of(pairs, [this](const SyncPair& pair) {
+                          return pair.deviceUDID == device_->udid &&
+                                 !parts_.sync.manager().isRunningOrWaiting(pair.id);
+                      }));
+}
+
+/// Runs this phone's pairs. One that was never synced is shown first; then it is the only one.
+void PhonePage::syncNow() {
+    std::vector<QUuid> known;
+    std::optional<QUuid> unknown;
+    for (const SyncPair& pair : parts_.sync.manager().syncPairs()) {
+        if (pair.deviceUDID != device_->udid)
+            continue;
+        if (pair.lastSyncedAt)
+            known.push_back(pair.id);
+        else if (!unknown)
+            unknown = pair.id;
+    }
+    if (known.empty() && unknown)
+        known.push_back(*unknown);
+    for (const QUuid& id : known)
+        parts_.sync.run(id);
+}
+
+/// Gives the keys to the first command that can be used.
+void PhonePage::focusFirst() {
+    for (QPushButton* button : {browse_, import_, sync_})
+        if (button->isEnabled()) {
+            button->setFocus(Qt::OtherFocusReason);
+            return;
+        }
+}
+
+void PhonePage::focusInEvent(QFocusEvent* event) {
+    QScrollArea::focusInEvent(event);
+    focusFirst();
+}
+
+/// Return does what the Space bar does, as in a listing.
+void PhonePage::keyPressEvent(QKeyEvent* event) {
+    auto* button = qobject_cast<QAbstractButton*>(focusWidget());
+    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && button != nullptr)
+        button->click();
+    else
+        QScrollArea::keyPressEvent(event);
+}
+
+void PhonePage::showEvent(QShowEvent* event) {
+    QScrollArea::showEvent(event);
+    look();
+}
+
+void PhonePage::hideEvent(QHideEvent* event) {
+    QScrollArea::hideEvent(event);
+    uses_.stop();
+}
+
+} // namespace tessary

@@ -1,0 +1,91 @@
+#include "views/phone/VolumeCard.h"
+
+#include "app/texts/DisplayNames.h"
+#include "base/text/ByteCount.h"
+#include "views/common/Icons.h"
+#include "views/phone/UseBar.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <array>
+
+namespace tessary {
+
+namespace {
+
+using Kind = StorageUse::Kind;
+
+struct KindRow {
+    Kind kind;
+    const char* name; ///< English
+    QRgb colour;
+};
+
+// To be told apart on a light and on a dark ground.
+constexpr std::array<KindRow, 4> kinds{{
+    {Kind::photos, QT_TRANSLATE_NOOP("tessary::VolumeCard", "Photos"), 0xffe3a52d},
+    {Kind::videos, QT_TRANSLATE_NOOP("tessary::VolumeCard", "Videos"), 0xffd1583f},
+    {Kind::music, QT_TRANSLATE_NOOP("tessary::VolumeCard", "Music"), 0xff9a63c8},
+    {Kind::apps, QT_TRANSLATE_NOOP("tessary::VolumeCard", "Apps"), 0xff3aa37a},
+}};
+constexpr QRgb otherColour = 0xff7f8c9b;
+
+} // namespace
+
+VolumeCard::Room VolumeCard::Room::of(std::uint64_t total, std::uint64_t free) {
+    return {clampedByteCount(total), clampedByteCount(std::min(free, total))};
+}
+
+VolumeCard::VolumeCard(const Place& place, std::function<void()> open, QWidget* parent)
+    : QWidget(parent), heading_(new QToolButton), free_(new QLabel), bar_(new UseBar) {
+    heading_->setText(QString(place.title).replace(QLatin1Char('&'), QStringLiteral("&&")));
+    heading_->setAccessibleName(place.title);
+    heading_->setIcon(icon(place.iconName));
+    heading_->setIconSize({18, 18});
+    heading_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    heading_->setAutoRaise(true);
+    QFont bold = heading_->font();
+    bold.setWeight(QFont::DemiBold);
+    heading_->setFont(bold);
+    const bool hasTarget = static_cast<bool>(open);
+    if (hasTarget)
+        connect(heading_, &QToolButton::clicked, this, [run = std::move(open)] { run(); });
+    else
+        heading_->setFocusPolicy(Qt::NoFocus);
+    heading_->setAttribute(Qt::WA_TransparentForMouseEvents, !hasTarget);
+    bar_->setAccessibleName(place.title);
+    free_->setForegroundRole(QPalette::PlaceholderText);
+    auto* line = new QHBoxLayout;
+    line->addWidget(heading_);
+    line->addStretch(1);
+    line->addWidget(free_);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(4);
+    column->addLayout(line);
+    column->addWidget(bar_);
+}
+
+void VolumeCard::show(Room room, const std::optional<StorageUse>& use) {
+    const qint64 used = room.total - room.free;
+    std::vector<UseBar::Piece> pieces;
+    qint64 left = used;
+    // Nothing is larger than what is in use, whatever files claim.
+    for (const KindRow& row : kinds) {
+        const qint64 bytes = use ? std::min(use->of(row.kind), left) : 0;
+        left -= bytes;
+        pieces.push_back({tr(row.name), bytes, QColor::fromRgb(row.colour)});
+    }
+    // Most of it is the phone's own, which no listing shows.
+    pieces.push_back({left == used ? tr("In use") : tr("Other"), left, QColor(otherColour)});
+    pieces.push_back({tr("Free"), room.free, {}});
+    bar_->setPieces(std::move(pieces));
+    free_->setText(freeSpaceText(static_cast<std::uint64_t>(room.free),
+                                 static_cast<std::uint64_t>(room.total)));
+}
+
+} // namespace tessary

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "phone/StorageUse.h"
+#include "views/sidebar/PlaceListModel.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <optional>
+
+class QLabel;
+class QToolButton;
+
+namespace tessary {
+
+class UseBar;
+
+/// A storage of a phone: its name, which opens it, how much is free, and what fills it.
+class VolumeCard : public QWidget {
+    Q_OBJECT
+
+public:
+    /// Bytes of a storage.
+    struct Room {
+        qint64 total = 0;
+        qint64 free = 0; ///< at most the total
+
+        /// What a phone says, which may be anything.
+        [[nodiscard]] static Room of(std::uint64_t total, std::uint64_t free);
+    };
+
+    /// Without `open` the name is a name only.
+    VolumeCard(const Place& place, std::function<void()> open, QWidget* parent = nullptr);
+
+    /// `use` is what is known of what fills it.
+    void show(Room room, const std::optional<StorageUse>& use);
+    [[nodiscard]] QToolButton& heading() const {
+        return *heading_;
+    }
+
+private:
+    QToolButton* heading_;
+    QLabel* free_;
+    UseBar* bar_;
+};
+
+} // namespace tessary

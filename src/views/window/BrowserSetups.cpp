@@ -1,0 +1,35 @@
+#include "views/window/BrowserSetups.h"
+
+#include "views/settings/FileSettings.h"
+
+#include <QDir>
+
+#include <utility>
+
+namespace tessary {
+
+BrowserSetup browserSetup(TessaryApp& app) {
+    BrowserSetup setup;
+    setup.openAndroid = [&app](const DeviceInfo& device) {
+        return app.services().files().open(device);
+    };
+    setup.openApp = [&app](const DeviceInfo& device, const AppInfo& chosen) {
+        return app.services().files().openApp(device, chosen);
+    };
+    setup.staged = &app.stagedFiles();
+    setup.promises = &app.promisedFiles();
+    setup.comparesCopies = [&app] {
+        return app.defaults().value(BrowserCopies::comparesKey).toBool();
+    };
+    return setup;
+}
+
+CopyDialogs withDownloadFolder(CopyDialogs dialogs, UserDefaults& defaults) {
+    dialogs.chooseTargetFolder = [&defaults, ask = dialogs.chooseTargetFolder](QWidget* asker) {
+        const QString folder = defaults.value(downloadFolderKey).toString();
+        return !folder.isEmpty() && QDir(folder).exists() ? folder : ask(asker);
+    };
+    return dialogs;
+}
+
+} // namespace tessary
