@@ -1,18 +1,20 @@
 #pragma once
 
+#include "base/local/PrivateFolder.h"
 #include "phone/PhoneFileSystem.h"
 
 #include <QImage>
 
+#include <memory>
 #include <mutex>
 #include <optional>
 
 namespace tessary {
 
-/// Thumbnails on the local disk, in the folder "TessaryThumbnails" of the user's caches: one PNG
-/// each, named by a hash of connection, path, size and date, so that a file that changed is another
-/// one. Together they stay below a number of bytes; the oldest go first. Thread-safe; all but key()
-/// blocks.
+/// Thumbnails on the local disk, in a folder of this user's cache that nobody else can reach: one
+/// PNG each, named by a hash of connection, path, size and date, so that a file that changed is
+/// another one. Together they stay below a number of bytes; the oldest go first. Thread-safe; all
+/// but key() blocks.
 class ThumbnailCache {
 public:
     static constexpr qint64 defaultMaxBytes = 200'000'000;
@@ -20,8 +22,9 @@ public:
     /// The one of this user.
     [[nodiscard]] static ThumbnailCache& shared();
 
-    /// `folder` is made when it is needed; every PNG in it belongs to the cache.
-    explicit ThumbnailCache(QString folder, qint64 maxBytes = defaultMaxBytes);
+    /// `name` is the folder's in the cache, made when it is needed; everything in it belongs to the
+    /// thumbnails.
+    explicit ThumbnailCache(QString name, qint64 maxBytes = defaultMaxBytes);
 
     /// What stands for a file in this state. Pure.
     [[nodiscard]] static QString key(const PhoneFileSystem& files, const FileItem& item);
@@ -32,14 +35,15 @@ public:
     void store(const QString& key, const QImage& image);
 
 private:
-    [[nodiscard]] QString pathOf(const QString& key) const;
+    [[nodiscard]] int folder() const;
     void makeRoom();
 
-    const QString folder_;
+    const QString name_;
     const qint64 maxBytes_;
-    std::mutex mutex_;
-    qint64 storedSinceCount_ = 0; ///< guarded by mutex_
-    bool isCounted_ = false;      ///< guarded by mutex_
+    mutable std::mutex mutex_;
+    mutable std::unique_ptr<PrivateFolder> folder_; ///< null until it is needed; guarded
+    qint64 storedSinceCount_ = 0;                   ///< guarded
+    bool isCounted_ = false;                        ///< guarded
 };
 
 } // namespace tessary
