@@ -70,6 +70,17 @@ protected:
             texts << model.index(row, 0).data().toString();
         return texts;
     }
+    /// Presses the page's button for it, and answers the question.
+    void deleteFromThePhone() const {
+        QTimer::singleShot(100, window_.get(), [] {
+            auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(question, nullptr);
+            for (QAbstractButton* button : question->buttons())
+                if (button->text() == u"Delete"_s)
+                    button->click();
+        });
+        pressText(u"Delete from the Phone…"_s);
+    }
     /// What has been imported, by name.
     [[nodiscard]] QStringList here() const {
         const QString year = QDate::currentDate().toString(u"yyyy/yyyy-MM-dd"_s);
@@ -105,14 +116,7 @@ TEST_F(ImportWindowTest, whatIsChosenIsFetchedAndThenGoesFromThePhoneWhenAsked) 
     EXPECT_EQ(here(), (QStringList{u"IMG_0001.HEIC"_s, u"IMG_0001.MOV"_s, u"IMG_0002.JPG"_s}));
     EXPECT_EQ(window_->import().arrivedCount(), 2);
 
-    QTimer::singleShot(100, window_.get(), [] {
-        auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        ASSERT_NE(question, nullptr);
-        for (QAbstractButton* button : question->buttons())
-            if (button->text() == u"Delete"_s)
-                button->click();
-    });
-    pressText(u"Delete from the Phone…"_s);
+    deleteFromThePhone();
     ASSERT_TRUE(wait([this] { return state() == State::removed; }));
     EXPECT_EQ(camera_.names(u"DCIM/100APPLE"_s), QStringList(u"IMG_0003.MOV"_s));
 
@@ -121,6 +125,22 @@ TEST_F(ImportWindowTest, whatIsChosenIsFetchedAndThenGoesFromThePhoneWhenAsked) 
     EXPECT_EQ(rows().last(), u"IMG_0003.MOV"_s);
     press(u"importLeave"_s);
     EXPECT_TRUE(wait([this] { return window_->choice().isAtPhone(); })) << "where one came from";
+}
+
+TEST_F(ImportWindowTest, aRemovalGoesOnWhenItsPageIsLeftAndSaysHowItEnded) {
+    look();
+    press(u"importProceed"_s);
+    ASSERT_TRUE(wait([this] { return state() == State::copied; }));
+    deleteFromThePhone();
+    ASSERT_EQ(state(), State::removing);
+    clickRow(list("deviceList"), 0);
+    EXPECT_FALSE(find<QWidget>(u"importView"_s).isVisible());
+    EXPECT_TRUE(window_->import().isRemoving()); // quitting asks
+    const auto& banner = find<QWidget>(u"statusBanner"_s);
+    ASSERT_TRUE(wait([&] { return banner.isVisible(); }));
+    EXPECT_EQ(banner.accessibleName(), u"3 photos and videos deleted from the phone"_s);
+    EXPECT_EQ(camera_.names(u"DCIM/100APPLE"_s), QStringList());
+    EXPECT_FALSE(window_->import().isRemoving());
 }
 
 } // namespace

@@ -48,6 +48,8 @@ ImportViewModel::ImportViewModel(CopyQueue& queue, QString ledgers, QObject* par
 
 ImportViewModel::~ImportViewModel() {
     stop_.request_stop();
+    for (auto& [number, stop] : removals_)
+        stop.request_stop();
     endInBackground(this, std::move(files_));
 }
 
@@ -234,19 +236,41 @@ void ImportViewModel::removeFromPhone() {
     if (state_ != State::copied || arrived_.empty())
         return;
     const std::uint64_t number = ++number_;
+    removedSoFar_ = 0;
     setState(State::removing);
-    stop_ = runInBackground(
+    const auto tell = [self = QPointer(this), number](qint64 photosDone) {
+        MainThread::post([self, number, photosDone] {
+            if (!self || self->number_ != number)
+                return;
+            self->removedSoFar_ = photosDone;
+            Q_EMIT self->stateChanged();
+        });
+    };
+    removals_[number] = runInBackground(
         this,
-        [files = files_, photos = arrived_, ledger = found_.ledger](const std::stop_token& stop) {
-            return removeImported(*files, photos, *ledger, {}, stop);
+        [files = files_, photos = arrived_, ledger = found_.ledger,
+         tell](const std::stop_token& stop) {
+            return removeImported(*files, photos, *ledger, tell, stop);
         },
         [this, number](BackgroundResult<ImportRemoval> result) {
-            if (number != number_)
-                return;
-            removal_ = result.take();
-            arrived_.clear();
-            setState(State::removed);
+            takeRemoval(result.take(), number);
         });
+}
+
+void ImportViewModel::cancelRemoval() {
+    if (const auto current = removals_.find(number_); current != removals_.end())
+        current->second.request_stop();
+}
+
+void ImportViewModel::takeRemoval(const ImportRemoval& removal, std::uint64_t number) {
+    removals_.erase(number);
+    const bool isShown = number == number_;
+    if (isShown) {
+        removal_ = removal;
+        arrived_.clear();
+        setState(State::removed);
+    }
+    Q_EMIT removalEnded(removal, isShown);
 }
 
 void ImportViewModel::chooseMore() {

@@ -8,6 +8,7 @@
 #include <QObject>
 #include <QSet>
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <stop_token>
@@ -17,7 +18,8 @@ namespace tessary {
 
 /// Importing from one phone: what it has that is new, what the user chooses of it, the copy, and
 /// what can go from the phone afterwards. Lives on the main thread; phone and disk are asked in the
-/// background. The copy is a job of the queue: it goes on when this is closed.
+/// background. The copy is a job of the queue: it goes on when this is closed, and so does a
+/// removal, which then tells of its end by itself.
 class ImportViewModel : public QObject {
     Q_OBJECT
 
@@ -105,6 +107,16 @@ public:
 
     /// Removes what has arrived from the phone, where it still lies here whole.
     void removeFromPhone();
+    /// What is gone stays gone.
+    void cancelRemoval();
+    /// A removal is under way, here or of what was closed before its end.
+    [[nodiscard]] bool isRemoving() const {
+        return !removals_.empty();
+    }
+    /// While it is removing: the photos looked at so far.
+    [[nodiscard]] qint64 removedSoFar() const {
+        return removedSoFar_;
+    }
     [[nodiscard]] const ImportRemoval& removal() const {
         return removal_;
     }
@@ -112,9 +124,11 @@ public:
     void chooseMore();
 
 Q_SIGNALS:
-    void stateChanged(); ///< also filesFound, and the progress of the copy
+    void stateChanged(); ///< also filesFound, and the progress of the copy or the removal
     void photosChanged();
     void chosenChanged();
+    /// A removal has ended. `isShown`: state() says so, too.
+    void removalEnded(const tessary::ImportRemoval& removal, bool isShown);
 
 private:
     void setState(State state);
@@ -123,6 +137,7 @@ private:
     void takeStock();
     void enqueue(ImportPlan plan, std::shared_ptr<LocalFileSystem> to);
     void takeEnd(const QUuid& job);
+    void takeRemoval(const ImportRemoval& removal, std::uint64_t number);
 
     CopyQueue& queue_;
     const QString ledgers_;
@@ -144,6 +159,9 @@ private:
     std::vector<Photo> copied_;  ///< what the copy is about
     std::vector<Photo> arrived_; ///< of them
     ImportRemoval removal_;
+    qint64 removedSoFar_ = 0;
+    std::map<std::uint64_t, std::stop_source>
+        removals_;             ///< under way, by the number they began with
     std::uint64_t number_ = 0; ///< answers to older questions are dropped
     std::stop_source stop_{std::nostopstate};
 };

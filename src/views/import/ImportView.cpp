@@ -1,7 +1,6 @@
 #include "views/import/ImportView.h"
 
 #include "app/LanguageManager.h"
-#include "app/texts/ErrorText.h"
 #include "base/text/ByteFormat.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
@@ -142,6 +141,8 @@ ImportView::ImportView(const Setup& setup, Callbacks callbacks, QWidget* parent)
     connect(leave_, &QPushButton::clicked, this, [this] {
         if (import_.state() == State::copying)
             import_.cancelCopy();
+        else if (import_.state() == State::removing)
+            import_.cancelRemoval();
         else
             import_.close();
     });
@@ -175,7 +176,8 @@ void ImportView::show() {
     proceed_->setEnabled(true);
     proceed_->setVisible(hasPhotos || state == State::failed || state == State::copied ||
                          state == State::removed);
-    leave_->setText(state == State::copying ? tr("Cancel") : tr("Close"));
+    const bool isUnderWay = state == State::copying || state == State::removing;
+    leave_->setText(isUnderWay ? tr("Cancel") : tr("Close"));
     switch (state) {
     case State::closed:
         break;
@@ -200,7 +202,9 @@ void ImportView::show() {
         showEnd();
         break;
     case State::removing:
-        showPlaceholder(QStringLiteral("edit-delete"), tr("Deleting from the phone…"), {}, true);
+        showPlaceholder(QStringLiteral("edit-delete"), tr("Deleting from the phone…"),
+                        tr("%1 of %2").arg(import_.removedSoFar()).arg(import_.arrivedCount()),
+                        true);
         break;
     case State::removed:
         showRemoval();
@@ -269,20 +273,31 @@ void ImportView::showEnd() {
     proceed_->setText(tr("Import More"));
 }
 
-void ImportView::showRemoval() {
-    const ImportRemoval& removal = import_.removal();
+ErrorText ImportView::removalText(const ImportRemoval& removal) {
     QStringList lines;
-    if (!removal.leftOut.empty())
+    QString details;
+    if (!removal.leftOut.empty()) {
         lines << tr("%Ln files stayed, the first because: %1", nullptr,
                     static_cast<int>(removal.leftOut.size()))
                      .arg(reasonText(removal.leftOut.front().error));
-    if (removal.failure)
-        lines << errorText(*removal.failure).text();
-    const bool isAll = lines.isEmpty() && !removal.isCancelled;
+        details = errorText(removal.leftOut.front().error).details;
+    }
+    if (removal.failure) {
+        const ErrorText words = errorText(*removal.failure);
+        lines << words.text();
+        details = words.details;
+    }
+    return {tr("%Ln photos and videos deleted from the phone", nullptr,
+               static_cast<int>(removal.photos)),
+            lines.join(QLatin1Char('\n')), details};
+}
+
+void ImportView::showRemoval() {
+    const ImportRemoval& removal = import_.removal();
+    const ErrorText words = removalText(removal);
+    const bool isAll = words.advice.isEmpty() && !removal.isCancelled;
     showPlaceholder(isAll ? QStringLiteral("dialog-ok") : QStringLiteral("dialog-warning"),
-                    tr("%Ln photos and videos deleted from the phone", nullptr,
-                       static_cast<int>(removal.photos)),
-                    lines.join(QLatin1Char('\n')));
+                    words.what, words.advice);
     proceed_->setText(tr("Import More"));
 }
 

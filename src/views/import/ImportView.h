@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/texts/ErrorText.h"
 #include "browser/model/ImportViewModel.h"
 #include "platform/settings/UserDefaults.h"
 #include "transfer/staging/StagedFiles.h"
@@ -41,6 +42,9 @@ public:
     };
 
     ImportView(const Setup& setup, Callbacks callbacks, QWidget* parent = nullptr);
+
+    /// How a removal ended.
+    [[nodiscard]] static ErrorText removalText(const ImportRemoval& removal);
 
     /// Where the photos will go.
     [[nodiscard]] const QString& folder() const {

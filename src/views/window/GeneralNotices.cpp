@@ -3,6 +3,7 @@
 #include "base/text/Printable.h"
 #include "base/threads/Background.h"
 #include "base/threads/MainThread.h"
+#include "views/import/ImportView.h"
 #include "views/sync/SyncTexts.h"
 
 #include <QPointer>
@@ -44,6 +45,8 @@ std::optional<BannerMessage> GeneralNotices::current(bool isPhoneReadable) {
         return ofSettings(*trouble);
     if (notMounted_)
         return ofMount();
+    if (removal_)
+        return ofRemoval(*removal_);
     if (auto notice = ofSync())
         return notice;
     if (auto notice = ofCopies())
@@ -101,6 +104,25 @@ std::optional<BannerMessage> GeneralNotices::ofCopies() {
     message.advice = tr("The phone is back. What has arrived is not copied again.");
     message.actions.push_back({tr("Continue Copying"), [&copies] { copies.goOnWithOffered(); }});
     message.closed = [&copies] { copies.declineOffered(); };
+    return message;
+}
+
+void GeneralNotices::tellRemoval(const ImportRemoval& removal) {
+    removal_ = removal;
+    Q_EMIT changed();
+}
+
+BannerMessage GeneralNotices::ofRemoval(const ImportRemoval& removal) {
+    const ErrorText words = ImportView::removalText(removal);
+    BannerMessage message;
+    message.kind =
+        words.advice.isEmpty() ? BannerMessage::Kind::information : BannerMessage::Kind::warning;
+    message.text = words.what;
+    message.advice = words.advice;
+    message.closed = [this] {
+        removal_.reset();
+        Q_EMIT changed();
+    };
     return message;
 }
 

@@ -2,6 +2,7 @@
 
 #include "app/TessaryApp.h"
 #include "sync/manager/SyncViewModel.h"
+#include "transfer/import/ImportRemoval.h"
 #include "views/common/StatusBanner.h"
 
 #include <QObject>
@@ -11,9 +12,9 @@
 namespace tessary {
 
 /// What the window says when it has nothing to say about the phone: settings that could not be read
-/// or stored, a sync that did not do all it should, copies that broke off and can go on, and
-/// programs that may keep phones from it. What the user has closed stays closed until there is
-/// other news. On the main thread.
+/// or stored, photos that went from a phone meanwhile, a sync that did not do all it should, copies
+/// that broke off and can go on, and programs that may keep phones from it. What the user has
+/// closed stays closed until there is other news. On the main thread.
 class GeneralNotices : public QObject {
     Q_OBJECT
 
@@ -25,6 +26,9 @@ public:
     /// `isPhoneReadable`: then nobody has to be told of programs that may be in the way.
     [[nodiscard]] std::optional<BannerMessage> current(bool isPhoneReadable);
 
+    /// Tells how a removal from a phone ended that nobody looked at any more.
+    void tellRemoval(const ImportRemoval& removal);
+
     /// Ends the programs that hold phones, and looks for phones again.
     void releaseDevice();
 
@@ -35,12 +39,14 @@ private:
     [[nodiscard]] BannerMessage ofSettings(const SettingsTrouble& trouble);
     [[nodiscard]] std::optional<BannerMessage> ofSync();
     [[nodiscard]] std::optional<BannerMessage> ofCopies();
+    [[nodiscard]] BannerMessage ofRemoval(const ImportRemoval& removal);
     [[nodiscard]] BannerMessage ofMount();
     [[nodiscard]] BannerMessage ofConflict();
 
     TessaryApp& app_;
     SyncViewModel& sync_;
     std::optional<SettingsTrouble> closedTrouble_;
+    std::optional<ImportRemoval> removal_;
     std::optional<QString> notMounted_; ///< a phone that the file manager could not be given
     bool isConflictClosed_ = false;
 };

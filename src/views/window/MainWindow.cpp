@@ -231,6 +231,14 @@ void MainWindow::connectChoice() {
         if (choice_.isImporting() != (pages_->currentWidget() == importView_))
             showPage();
     });
+    connect(&import_, &ImportViewModel::removalEnded, this,
+            [this](const ImportRemoval& removal, bool isShown) {
+                browser_.folders().forgetAll();
+                if (browser_.state() == BrowserState::ready)
+                    browser_.reload();
+                if (!isShown)
+                    common_.notices.tellRemoval(removal);
+            });
     QListView& list = sidebar_->deviceList();
     connect(list.selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& index) {
@@ -378,8 +386,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     const bool isLast = isTheOnlyOne();
     const bool isCopying =
         isLast && (!app_.copyQueue().summary().isIdle() || app_.promisedFiles().isBeingRead());
-    const bool isChanging =
-        browser_.isEditing() || import_.state() == ImportViewModel::State::removing;
+    const bool isChanging = browser_.isEditing() || import_.isRemoving();
     if (isCopying || isChanging || (isLast && app_.syncManager().isRunning())) {
         QMessageBox question(QMessageBox::Question, tr("Quit Tessary"),
                              isCopying    ? tr("Files are still being copied.")
