@@ -1,3 +1,4 @@
+#include "browser/listing/DayGroups.h"
 #include "browser/listing/FileRows.h"
 #include "browser/selection/BrowserSelection.h"
 #include "browser/selection/Typeahead.h"
@@ -107,6 +108,36 @@ TEST_F(FileBrowserRowsTest, everyFieldSortsBothWaysAfterFoldersAndTiesGoByName) 
     }
 }
 
+TEST_F(FileBrowserRowsTest, filesOfADayStandTogetherTheLastDayFirst) {
+    const auto on = [](const QString& name, int day, int hour) {
+        return FileItem(name, u"/"_s + name, false, 10 - hour,
+                        QDateTime(QDate(2025, 3, day), QTime(hour, 0)).toUTC());
+    };
+    FileItem undated(u"x.jpg"_s, u"/x.jpg"_s, false, 1, std::nullopt);
+    show({on(u"b.jpg"_s, 1, 0), on(u"c.jpg"_s, 1, 9), on(u"a.jpg"_s, 12, 9), on(u"d.jpg"_s, 1, 5),
+          undated, folder(u"zoo"_s)});
+    EXPECT_TRUE(rows_.listing().isMostlyPictures());
+    rows_.setDayRule([](const FileListing& listing) { return listing.isMostlyPictures(); });
+    const std::tuple<const char*, FileSortOrder, const char*> table[] = {
+        {"name", {{FileField::name, false}}, "zoo a.jpg b.jpg c.jpg d.jpg x.jpg"},
+        {"size", {{FileField::size, false}}, "zoo a.jpg c.jpg d.jpg b.jpg x.jpg"},
+        {"date down", {{FileField::modified, true}}, "zoo a.jpg c.jpg d.jpg b.jpg x.jpg"},
+        {"date up", {{FileField::modified, false}}, "zoo x.jpg b.jpg d.jpg c.jpg a.jpg"},
+    };
+    for (const auto& [name, order, names] : table) {
+        rows_.setSortOrder(order);
+        EXPECT_EQ(namesOf(rows_).join(u' '), QString::fromLatin1(names)) << name;
+    }
+    rows_.setSortOrder({{FileField::name, false}});
+    EXPECT_EQ(dayGroupsOf(rows_),
+              (std::vector<DayGroup>{{0, DayGroup::Kind::folders},
+                                     {1, DayGroup::Kind::day, QDate(2025, 3, 12)},
+                                     {2, DayGroup::Kind::day, QDate(2025, 3, 1)},
+                                     {5, DayGroup::Kind::undated}}));
+    show({on(u"b.txt"_s, 1, 0), on(u"c.jpg"_s, 1, 9)});
+    EXPECT_FALSE(rows_.groupsByDay());
+}
+
 TEST_F(FileBrowserRowsTest, longFolderIsOrderedAsAWhole) {
     const int count = 20'011; // a prime; ordered by several threads
     std::vector<FileItem> items;
@@ -138,7 +169,8 @@ TEST_F(FileBrowserRowsTest, filterIgnoresCaseAsTheLanguageDoes) {
     for (const auto& [locale, name, filter, isShown] : table) {
         const auto listing =
             listingOf({file(QString::fromUtf8(name))}, QLocale(QString::fromLatin1(locale)));
-        EXPECT_EQ(listing->rows(QString::fromUtf8(filter), {}, true).size(), isShown ? 1U : 0U)
+        EXPECT_EQ(listing->rows({.filter = QString::fromUtf8(filter), .withHidden = true}).size(),
+                  isShown ? 1U : 0U)
             << name << " by " << filter;
     }
 }

@@ -3,6 +3,7 @@
 #include "base/text/NameOrder.h"
 
 #include <algorithm>
+#include <atomic>
 #include <functional>
 #include <future>
 #include <numeric>
@@ -53,6 +54,7 @@ FileListing::FileListing(std::vector<FileItem> items, const QLocale& locale)
     : items_(std::move(items)), locale_(locale) {
     giveIds();
     orderNames();
+    findDays();
     for (int index = 0; index < size(); ++index)
         hiddenCount_ += isHidden(index) ? 1 : 0;
 }
@@ -115,6 +117,30 @@ void FileListing::orderNames() {
         std::inplace_merge(nameAt(0), nameAt(bounds[part - 1]), nameAt(bounds[part]), isBefore);
 }
 
+void FileListing::findDays() {
+    days_.assign(items_.size(), noDay);
+    std::atomic<int> files = 0;
+    std::atomic<int> pictures = 0;
+    inParts(items_.size(), [&](std::size_t begin, std::size_t end) {
+        int filesHere = 0;
+        int picturesHere = 0;
+        for (std::size_t i = begin; i < end; ++i) {
+            if (isFolder_[i])
+                continue;
+            const FileItem& item = items_[i];
+            if (item.modifiedDate && item.modifiedDate->isValid())
+                days_[i] = item.modifiedDate->toLocalTime().date().toJulianDay();
+            const FileCategory category = item.category();
+            ++filesHere;
+            if (category == FileCategory::image || category == FileCategory::video)
+                ++picturesHere;
+        }
+        files += filesHere;
+        pictures += picturesHere;
+    });
+    isMostlyPictures_ = 2 * pictures > files;
+}
+
 QString FileListing::folded(const QString& text) const {
     if (isAscii(text) && hasEnglishCase(locale_)) { // at a tenth of the cost
         QString lower = text;
@@ -155,17 +181,17 @@ std::vector<qint64> FileListing::valuesOf(FileField field) const {
     return values;
 }
 
-std::vector<int> FileListing::rows(const QString& filter, const FileSortOrder& sortOrder,
-                                   bool withHidden) const {
-    const QString wanted = folded(filter.trimmed());
+std::vector<int> FileListing::rows(const RowsWanted& which) const {
+    const FileSortOrder& sortOrder = which.order;
+    const QString wanted = folded(which.filter.trimmed());
     std::vector<int> rows;
     rows.reserve(items_.size());
     for (const int index : byName_)
-        if ((withHidden || hiddenCount_ == 0 || !isHidden(index)) &&
+        if ((which.withHidden || hiddenCount_ == 0 || !isHidden(index)) &&
             (wanted.isEmpty() || foldedName(index).contains(wanted)))
             rows.push_back(index);
     std::stable_partition(rows.begin(), rows.end(), [this](int index) { return isFolder(index); });
-    if (sortOrder == FileSortOrder{{FileField::name, false}})
+    if (sortOrder == FileSortOrder{{FileField::name, false}} && !which.byDay)
         return rows;
 
     struct Column {
@@ -173,6 +199,8 @@ std::vector<int> FileListing::rows(const QString& filter, const FileSortOrder& s
         bool descending;
     };
     std::vector<Column> columns;
+    if (which.byDay)
+        columns.push_back({days_, sortOrder != FileSortOrder{{FileField::modified, false}}});
     for (const FileComparator& comparator : sortOrder)
         columns.push_back({valuesOf(comparator.field), comparator.descending});
     const auto isBefore = [&](int left, int right) {

@@ -7,10 +7,20 @@
 #include <QLocale>
 #include <QString>
 
+#include <limits>
 #include <memory>
 #include <vector>
 
 namespace tessary {
+
+/// Which entries of a folder are shown, and in what order.
+struct RowsWanted {
+    QString filter{}; ///< what names contain; blanks around it do not count, nor does case
+    FileSortOrder order{{FileField::name, false}};
+    bool withHidden = false;
+    /// Those of one day stand together, the last day first unless the order is by ascending dates.
+    bool byDay = false;
+};
 
 /// The entries of one folder with everything worked out that filtering, sorting and looking up
 /// need, so that each is quick even for a hundred thousand. Immutable; made in the background,
@@ -55,16 +65,24 @@ public:
         const int index = indexOf(id);
         return index < 0 ? nullptr : &item(index);
     }
+    /// The day that a file was modified on here, as QDate counts them; noDay for folders and for
+    /// what has no date.
+    [[nodiscard]] qint64 day(int index) const {
+        return days_[static_cast<std::size_t>(index)];
+    }
+    static constexpr qint64 noDay = std::numeric_limits<qint64>::min();
+    /// Whether most of its files are pictures or films, as in the folders of a camera.
+    [[nodiscard]] bool isMostlyPictures() const {
+        return isMostlyPictures_;
+    }
     /// A text in the form in which names are compared without regard to case.
     [[nodiscard]] QString folded(const QString& text) const;
     [[nodiscard]] const QString& foldedName(int index) const {
         return keys_[static_cast<std::size_t>(index)].foldedName;
     }
 
-    /// The indexes of the entries whose name contains `filter` (blanks around it do not count,
-    /// nor does case), in order; without those that are hidden unless `withHidden`.
-    [[nodiscard]] std::vector<int> rows(const QString& filter, const FileSortOrder& order,
-                                        bool withHidden) const;
+    /// The indexes of the entries that are wanted, in order.
+    [[nodiscard]] std::vector<int> rows(const RowsWanted& wanted) const;
 
 private:
     struct Key {
@@ -75,15 +93,18 @@ private:
     FileListing(std::vector<FileItem> items, const QLocale& locale);
     void giveIds();
     void orderNames();
+    void findDays();
     /// What each entry counts for in an order by `field`, at its index.
     [[nodiscard]] std::vector<qint64> valuesOf(FileField field) const;
 
     std::vector<FileItem> items_;
     std::vector<Key> keys_;      ///< of the entry at the same index
     std::vector<bool> isFolder_; ///< whether the entry at the same index is one
+    std::vector<qint64> days_;   ///< see day()
     std::vector<int> byName_;    ///< indexes in order of name
     QHash<QString, int> indexes_;
     int hiddenCount_ = 0;
+    bool isMostlyPictures_ = false;
     QLocale locale_;
 };
 

@@ -43,34 +43,44 @@ int FileRows::rowOf(const QString& id) const {
     return index < 0 ? -1 : rowAt_[static_cast<std::size_t>(index)];
 }
 
+std::vector<int> FileRows::wantedOf(const FileListing& listing) {
+    wanted_.byDay = isGroupedByDay_ && isGroupedByDay_(listing);
+    return listing.rows(wanted_);
+}
+
 void FileRows::reset(std::shared_ptr<const FileListing> listing) {
     MainThread::assertCurrent();
-    std::vector<int> wanted = listing->rows(filter_, sortOrder_, showsHidden_);
+    std::vector<int> wanted = wantedOf(*listing);
     resetTo(std::move(listing), std::move(wanted));
 }
 
 void FileRows::update(std::shared_ptr<const FileListing> listing) {
-    MainThread::assertCurrent();
-    std::vector<int> wanted = listing->rows(filter_, sortOrder_, showsHidden_);
-    show(std::move(listing), std::move(wanted));
+    show(std::move(listing));
 }
 
 void FileRows::setFilter(const QString& filter) {
-    MainThread::assertCurrent();
-    filter_ = filter;
-    show(listing_, listing_->rows(filter_, sortOrder_, showsHidden_));
+    wanted_.filter = filter;
+    show(listing_);
 }
 
 void FileRows::setShowsHidden(bool shows) {
-    MainThread::assertCurrent();
-    showsHidden_ = shows;
-    show(listing_, listing_->rows(filter_, sortOrder_, showsHidden_));
+    wanted_.withHidden = shows;
+    show(listing_);
 }
 
 void FileRows::setSortOrder(const FileSortOrder& order) {
-    MainThread::assertCurrent();
-    sortOrder_ = order;
-    show(listing_, listing_->rows(filter_, sortOrder_, showsHidden_));
+    wanted_.order = order;
+    show(listing_);
+}
+
+void FileRows::setDayRule(std::function<bool(const FileListing&)> isGrouped) {
+    isGroupedByDay_ = std::move(isGrouped);
+    dayRuleChanged();
+}
+
+void FileRows::dayRuleChanged() {
+    if (wanted_.byDay != (isGroupedByDay_ && isGroupedByDay_(*listing_)))
+        show(listing_);
 }
 
 void FileRows::resetTo(std::shared_ptr<const FileListing> listing, std::vector<int> wanted) {
@@ -82,14 +92,17 @@ void FileRows::resetTo(std::shared_ptr<const FileListing> listing, std::vector<i
 }
 
 void FileRows::indexRows() {
+    ++revision_;
     rowAt_.assign(static_cast<std::size_t>(listing_->size()), -1);
     for (int row = 0; row < count(); ++row)
         at(rowAt_, at(shown_, row)) = row;
 }
 
-/// Goes from what is shown to `wanted` (indexes into `listing`) in steps that a model can follow:
-/// rows go, what is left is put in order, rows come.
-void FileRows::show(std::shared_ptr<const FileListing> listing, std::vector<int> wanted) {
+/// Goes from what is shown to what is wanted of `listing` in steps that a model can follow: rows
+/// go, what is left is put in order, rows come.
+void FileRows::show(std::shared_ptr<const FileListing> listing) {
+    MainThread::assertCurrent();
+    std::vector<int> wanted = wantedOf(*listing);
     std::vector<int> wantedRow(static_cast<std::size_t>(listing->size()), -1);
     for (std::size_t row = 0; row < wanted.size(); ++row)
         at(wantedRow, wanted[row]) = static_cast<int>(row);

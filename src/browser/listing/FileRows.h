@@ -7,6 +7,8 @@
 #include <QObject>
 #include <QString>
 
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -42,19 +44,31 @@ public:
     [[nodiscard]] const FileListing& listing() const {
         return *listing_;
     }
+    /// FileListing::day() of the row.
+    [[nodiscard]] qint64 day(int row) const {
+        return listing_->day(shown_[static_cast<std::size_t>(row)]);
+    }
     [[nodiscard]] const QString& filter() const {
-        return filter_;
+        return wanted_.filter;
     }
     [[nodiscard]] const FileSortOrder& sortOrder() const {
-        return sortOrder_;
+        return wanted_.order;
+    }
+    /// The files of one day stand together.
+    [[nodiscard]] bool groupsByDay() const {
+        return wanted_.byDay;
+    }
+    /// Another number after each change of which entry is in which row.
+    [[nodiscard]] std::uint64_t revision() const {
+        return revision_;
     }
 
     [[nodiscard]] bool showsHidden() const {
-        return showsHidden_;
+        return wanted_.withHidden;
     }
     /// The rows that there would be without a filter.
     [[nodiscard]] int unfilteredCount() const {
-        return listing_->size() - (showsHidden_ ? 0 : listing_->hiddenCount());
+        return listing_->size() - (showsHidden() ? 0 : listing_->hiddenCount());
     }
 
     /// Another folder: a reset.
@@ -65,6 +79,10 @@ public:
     /// Entries whose name begins with a dot; off at first.
     void setShowsHidden(bool shows);
     void setSortOrder(const FileSortOrder& order);
+    /// What decides for each listing whether its files are grouped by day; never at first.
+    void setDayRule(std::function<bool(const FileListing&)> isGrouped);
+    /// The rule decides otherwise now.
+    void dayRuleChanged();
 
 Q_SIGNALS:
     void aboutToBeReset();
@@ -80,16 +98,17 @@ Q_SIGNALS:
     void changed(int first, int last);
 
 private:
-    void show(std::shared_ptr<const FileListing> listing, std::vector<int> wanted);
+    [[nodiscard]] std::vector<int> wantedOf(const FileListing& listing);
+    void show(std::shared_ptr<const FileListing> listing);
     void resetTo(std::shared_ptr<const FileListing> listing, std::vector<int> wanted);
     void indexRows();
 
     std::shared_ptr<const FileListing> listing_;
     std::vector<int> shown_; ///< indexes into listing_
     std::vector<int> rowAt_; ///< the row of each index of listing_; -1 when it is not shown
-    QString filter_;
-    bool showsHidden_ = false;
-    FileSortOrder sortOrder_{{FileField::name, false}};
+    RowsWanted wanted_;
+    std::function<bool(const FileListing&)> isGroupedByDay_;
+    std::uint64_t revision_ = 0;
 };
 
 } // namespace tessary

@@ -8,6 +8,7 @@
 #include "browser/model/BrowserCopies.h"
 #include "browser/model/BrowserHistory.h"
 #include "browser/model/BrowserPlace.h"
+#include "browser/model/DayGrouping.h"
 #include "browser/model/EntryChanges.h"
 #include "browser/model/FolderLoader.h"
 #include "browser/model/TypedPaths.h"
@@ -254,6 +255,10 @@ public:
     static constexpr int normalPicture = 96;
     static constexpr int largestPicture = 256;
 
+    /// Whether the files stand in groups by day.
+    [[nodiscard]] DayGrouping& dayGrouping() {
+        return dayGrouping_;
+    }
     [[nodiscard]] EntrySelection& selection() {
         return selection_;
     }
@@ -388,6 +393,7 @@ private:
     ViewMode viewMode_ = ViewMode::list;
     int pictureSide_ = normalPicture;
     std::optional<Awaited> awaited_;
+    DayGrouping dayGrouping_{*this, rows_};
 
     bool isConnecting_ = false; ///< to an app: the first load is under way
     FolderLoader loader_;

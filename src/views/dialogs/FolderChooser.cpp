@@ -158,7 +158,7 @@ void FolderChooser::take(const Listing& listing, const Marked& marked) {
         if (item.isDirectory && (browser_.showsHidden() || !item.name.startsWith(QLatin1Char('.'))))
             folders.push_back(item);
     const auto ordered = FileListing::make(std::move(folders), QLocale());
-    for (const int index : ordered->rows({}, {{FileField::name, false}}, true)) {
+    for (const int index : ordered->rows({.withHidden = true})) {
         const QString& name = ordered->item(index).name;
         auto* row = new QListWidgetItem(fileIcon(QStringLiteral("folder.fill")), printable(name));
         row->setData(nameRole, name);
