@@ -125,7 +125,17 @@
     </message>
 </context>
 <context>
-    <name>tessary::FileTableView</name>
+    <name>tessary::FileGridView</name>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln item</numerusform>
+            <numerusform>%Ln items</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tessary::FileViews</name>
     <message numerus="yes">
         <source>%Ln items</source>
         <translation>

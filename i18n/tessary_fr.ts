@@ -143,6 +143,14 @@
         <source>Open</source>
         <translation>Ouvrir</translation>
     </message>
+    <message>
+        <source>Group by Day</source>
+        <translation>Grouper par jour</translation>
+    </message>
+    <message>
+        <source>Select the Day</source>
+        <translation>Sélectionner le jour</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>
@@ -384,6 +392,18 @@
     <message>
         <source>Incomplete</source>
         <translation>Incomplet</translation>
+    </message>
+    <message>
+        <source>No Date</source>
+        <translation>Sans date</translation>
+    </message>
+    <message>
+        <source>Today</source>
+        <translation>Aujourd’hui</translation>
+    </message>
+    <message>
+        <source>Yesterday</source>
+        <translation>Hier</translation>
     </message>
 </context>
 <context>
@@ -1762,6 +1782,16 @@
     </message>
 </context>
 <context>
+    <name>tessary::FileGridView</name>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln élément</numerusform>
+            <numerusform>%Ln éléments</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>tessary::FileItemDelegate</name>
     <message>
         <source>Folder name</source>
@@ -1820,17 +1850,13 @@
     </message>
 </context>
 <context>
-    <name>tessary::FileTableView</name>
+    <name>tessary::FileViews</name>
     <message numerus="yes">
         <source>%Ln items</source>
         <translation>
             <numerusform>%Ln élément</numerusform>
             <numerusform>%Ln éléments</numerusform>
         </translation>
-    </message>
-    <message>
-        <source>Columns</source>
-        <translation>Colonnes</translation>
     </message>
 </context>
 <context>
@@ -2230,6 +2256,10 @@
         <source>Delete</source>
         <translation>Supprimer</translation>
     </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 sur %2</translation>
+    </message>
 </context>
 <context>
     <name>tessary::MainWindow</name>
@@ -2340,14 +2370,7 @@
     </message>
     <message>
         <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
-        <translation>Il montrera ses fichiers dès que vous l’aurez déverrouillé et aurez choisi « Transfert de fichiers » dans sa notification USB. Cette fenêtre suit d’elle-même.</translation>
-    </message>
-</context>
-<context>
-    <name>tessary::PhotoListModel</name>
-    <message>
-        <source>No Date</source>
-        <translation>Sans date</translation>
+        <translation>Il montrera ses fichiers dès que vous l’aurez déverrouillé et aurez choisi «&#xa0;Transfert de fichiers&#xa0;» dans sa notification USB. Cette fenêtre suit d’elle-même.</translation>
     </message>
 </context>
 <context>
@@ -2910,6 +2933,13 @@
     <message>
         <source>What was done</source>
         <translation>Ce qui a été fait</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TableColumns</name>
+    <message>
+        <source>Columns</source>
+        <translation>Colonnes</translation>
     </message>
 </context>
 <context>

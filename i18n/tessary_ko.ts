@@ -143,6 +143,14 @@
         <source>Open</source>
         <translation>열기</translation>
     </message>
+    <message>
+        <source>Group by Day</source>
+        <translation>날짜별로 묶기</translation>
+    </message>
+    <message>
+        <source>Select the Day</source>
+        <translation>그날 모두 선택</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>
@@ -381,6 +389,18 @@
     <message>
         <source>Incomplete</source>
         <translation>일부만 완료됨</translation>
+    </message>
+    <message>
+        <source>No Date</source>
+        <translation>날짜 없음</translation>
+    </message>
+    <message>
+        <source>Today</source>
+        <translation>오늘</translation>
+    </message>
+    <message>
+        <source>Yesterday</source>
+        <translation>어제</translation>
     </message>
 </context>
 <context>
@@ -1747,6 +1767,15 @@
     </message>
 </context>
 <context>
+    <name>tessary::FileGridView</name>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>항목 %Ln개</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>tessary::FileItemDelegate</name>
     <message>
         <source>Folder name</source>
@@ -1805,16 +1834,12 @@
     </message>
 </context>
 <context>
-    <name>tessary::FileTableView</name>
+    <name>tessary::FileViews</name>
     <message numerus="yes">
         <source>%Ln items</source>
         <translation>
             <numerusform>항목 %Ln개</numerusform>
         </translation>
-    </message>
-    <message>
-        <source>Columns</source>
-        <translation>열</translation>
     </message>
 </context>
 <context>
@@ -2205,6 +2230,10 @@
         <source>Delete</source>
         <translation>삭제</translation>
     </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1/%2</translation>
+    </message>
 </context>
 <context>
     <name>tessary::MainWindow</name>
@@ -2316,13 +2345,6 @@
     <message>
         <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
         <translation>잠금을 해제하고 USB 알림에서 “파일 전송”을 선택하면 파일이 표시됩니다. 이 창은 자동으로 바뀝니다.</translation>
-    </message>
-</context>
-<context>
-    <name>tessary::PhotoListModel</name>
-    <message>
-        <source>No Date</source>
-        <translation>날짜 없음</translation>
     </message>
 </context>
 <context>
@@ -2880,6 +2902,13 @@
     <message>
         <source>What was done</source>
         <translation>실행한 내용</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TableColumns</name>
+    <message>
+        <source>Columns</source>
+        <translation>열</translation>
     </message>
 </context>
 <context>

@@ -143,6 +143,14 @@
         <source>Open</source>
         <translation>Abrir</translation>
     </message>
+    <message>
+        <source>Group by Day</source>
+        <translation>Agrupar por dia</translation>
+    </message>
+    <message>
+        <source>Select the Day</source>
+        <translation>Selecionar o dia</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>
@@ -384,6 +392,18 @@
     <message>
         <source>Incomplete</source>
         <translation>Incompleto</translation>
+    </message>
+    <message>
+        <source>No Date</source>
+        <translation>Sem data</translation>
+    </message>
+    <message>
+        <source>Today</source>
+        <translation>Hoje</translation>
+    </message>
+    <message>
+        <source>Yesterday</source>
+        <translation>Ontem</translation>
     </message>
 </context>
 <context>
@@ -1762,6 +1782,16 @@
     </message>
 </context>
 <context>
+    <name>tessary::FileGridView</name>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln item</numerusform>
+            <numerusform>%Ln itens</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>tessary::FileItemDelegate</name>
     <message>
         <source>Folder name</source>
@@ -1820,17 +1850,13 @@
     </message>
 </context>
 <context>
-    <name>tessary::FileTableView</name>
+    <name>tessary::FileViews</name>
     <message numerus="yes">
         <source>%Ln items</source>
         <translation>
             <numerusform>%Ln item</numerusform>
             <numerusform>%Ln itens</numerusform>
         </translation>
-    </message>
-    <message>
-        <source>Columns</source>
-        <translation>Colunas</translation>
     </message>
 </context>
 <context>
@@ -2230,6 +2256,10 @@
         <source>Delete</source>
         <translation>Apagar</translation>
     </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 de %2</translation>
+    </message>
 </context>
 <context>
     <name>tessary::MainWindow</name>
@@ -2341,13 +2371,6 @@
     <message>
         <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
         <translation>Ele mostrará seus arquivos quando você o desbloquear e escolher “Transferência de arquivos” na notificação USB. Esta janela se atualiza sozinha.</translation>
-    </message>
-</context>
-<context>
-    <name>tessary::PhotoListModel</name>
-    <message>
-        <source>No Date</source>
-        <translation>Sem data</translation>
     </message>
 </context>
 <context>
@@ -2910,6 +2933,13 @@
     <message>
         <source>What was done</source>
         <translation>O que foi feito</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TableColumns</name>
+    <message>
+        <source>Columns</source>
+        <translation>Colunas</translation>
     </message>
 </context>
 <context>

@@ -143,6 +143,14 @@
         <source>Open</source>
         <translation>打开</translation>
     </message>
+    <message>
+        <source>Group by Day</source>
+        <translation>按日期分组</translation>
+    </message>
+    <message>
+        <source>Select the Day</source>
+        <translation>选择当天</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>
@@ -381,6 +389,18 @@
     <message>
         <source>Incomplete</source>
         <translation>未全部完成</translation>
+    </message>
+    <message>
+        <source>No Date</source>
+        <translation>无日期</translation>
+    </message>
+    <message>
+        <source>Today</source>
+        <translation>今天</translation>
+    </message>
+    <message>
+        <source>Yesterday</source>
+        <translation>昨天</translation>
     </message>
 </context>
 <context>
@@ -1747,6 +1767,15 @@
     </message>
 </context>
 <context>
+    <name>tessary::FileGridView</name>
+    <message numerus="yes">
+        <source>%Ln items</source>
+        <translation>
+            <numerusform>%Ln 项</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>tessary::FileItemDelegate</name>
     <message>
         <source>Folder name</source>
@@ -1805,16 +1834,12 @@
     </message>
 </context>
 <context>
-    <name>tessary::FileTableView</name>
+    <name>tessary::FileViews</name>
     <message numerus="yes">
         <source>%Ln items</source>
         <translation>
             <numerusform>%Ln 项</numerusform>
         </translation>
-    </message>
-    <message>
-        <source>Columns</source>
-        <translation>列</translation>
     </message>
 </context>
 <context>
@@ -2205,6 +2230,10 @@
         <source>Delete</source>
         <translation>删除</translation>
     </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1/%2</translation>
+    </message>
 </context>
 <context>
     <name>tessary::MainWindow</name>
@@ -2316,13 +2345,6 @@
     <message>
         <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
         <translation>解锁手机并在其 USB 通知中选择“文件传输”后即可显示文件。此窗口会自动更新。</translation>
-    </message>
-</context>
-<context>
-    <name>tessary::PhotoListModel</name>
-    <message>
-        <source>No Date</source>
-        <translation>无日期</translation>
     </message>
 </context>
 <context>
@@ -2880,6 +2902,13 @@
     <message>
         <source>What was done</source>
         <translation>执行内容</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::TableColumns</name>
+    <message>
+        <source>Columns</source>
+        <translation>列</translation>
     </message>
 </context>
 <context>

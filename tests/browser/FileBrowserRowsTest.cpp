@@ -116,8 +116,8 @@ TEST_F(FileBrowserRowsTest, filesOfADayStandTogetherTheLastDayFirst) {
     FileItem undated(u"x.jpg"_s, u"/x.jpg"_s, false, 1, std::nullopt);
     show({on(u"b.jpg"_s, 1, 0), on(u"c.jpg"_s, 1, 9), on(u"a.jpg"_s, 12, 9), on(u"d.jpg"_s, 1, 5),
           undated, folder(u"zoo"_s)});
-    EXPECT_TRUE(rows_.listing().isMostlyPictures());
-    rows_.setDayRule([](const FileListing& listing) { return listing.isMostlyPictures(); });
+    EXPECT_TRUE(rows_.listing().isAlbum());
+    rows_.setDayRule([](const FileListing& listing) { return listing.isAlbum(); });
     const std::tuple<const char*, FileSortOrder, const char*> table[] = {
         {"name", {{FileField::name, false}}, "zoo a.jpg b.jpg c.jpg d.jpg x.jpg"},
         {"size", {{FileField::size, false}}, "zoo a.jpg c.jpg d.jpg b.jpg x.jpg"},

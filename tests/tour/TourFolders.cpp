@@ -27,10 +27,17 @@ void tourListings(TourStage& stage) {
     stage.shoot(QStringLiteral("list"));
     browser.setViewMode(ViewMode::grid);
     window.browserView().currentListing().setFocus();
-    auto* thumbnails = window.browserView().currentListing().findChild<ThumbnailStore*>();
-    stage.waitFor("the thumbnails",
-                  [thumbnails] { return thumbnails != nullptr && thumbnails->isIdle(); });
-    stage.shoot(QStringLiteral("grid"));
+    QAbstractItemView& grid = window.browserView().currentListing();
+    auto* thumbnails = grid.findChild<ThumbnailStore*>();
+    const auto shootGrid = [&](const char* name) {
+        grid.viewport()->repaint(); // what is painted is asked for
+        stage.waitFor("the thumbnails", [thumbnails] { return thumbnails->isIdle(); });
+        stage.shoot(QString::fromLatin1(name));
+    };
+    shootGrid("grid");
+    browser.dayGrouping().setOn(!browser.dayGrouping().isOn());
+    shootGrid(browser.dayGrouping().isOn() ? "grid-by-day" : "grid-without-days");
+    browser.dayGrouping().setOn(!browser.dayGrouping().isOn());
     browser.setViewMode(ViewMode::list);
     stage.open(QStringLiteral("/sdcard/Download/Archive"));
     browser.setSearchText(QStringLiteral("12"));

@@ -55,8 +55,10 @@ protected:
     [[nodiscard]] static QPoint middleOf(const QAbstractItemView& view, const QModelIndex& index) {
         return view.viewport()->mapToGlobal(view.visualRect(index).center());
     }
+    /// On the name: what is beside it does not take hold of the entry.
     [[nodiscard]] QPoint placeOf(const QString& name) const {
-        return middleOf(table(), row(name));
+        const QRect cell = table().visualRect(row(name));
+        return table().viewport()->mapToGlobal(QPoint(cell.left() + 40, cell.center().y()));
     }
     /// At a hand's pace: each window on the way is asked what it takes.
     static void drag(const QPoint& from, const QPoint& to) {

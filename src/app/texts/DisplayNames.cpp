@@ -3,6 +3,7 @@
 #include "base/text/ByteFormat.h"
 
 #include <QCoreApplication>
+#include <QLocale>
 
 #include <algorithm>
 #include <array>
@@ -133,6 +134,15 @@ QString remoteDisplayPath(const SyncPair& pair) {
         return place + QStringLiteral(": ") + pair.remoteFolderPath;
     return place + QStringLiteral(" / ") +
            pair.remoteFolderPath.section(QLatin1Char('/'), -1, -1, QString::SectionSkipEmpty);
+}
+
+QString dayDisplayName(const QDate& day) {
+    if (!day.isValid())
+        return DisplayNames::tr("No Date");
+    const qint64 ago = day.daysTo(QDate::currentDate());
+    if (ago == 0)
+        return DisplayNames::tr("Today");
+    return ago == 1 ? DisplayNames::tr("Yesterday") : QLocale().toString(day, QLocale::LongFormat);
 }
 
 } // namespace tessary

@@ -5,6 +5,7 @@
 #include "sync/pair/SyncPair.h"
 #include "transfer/queue/CopyJob.h"
 
+#include <QDate>
 #include <QString>
 
 #include <cstdint>
@@ -31,5 +32,8 @@ namespace tessary {
 /// Where a pair's folder lies on the phone: the app's or the storage's name, and
 /// the folder.
 [[nodiscard]] QString remoteDisplayPath(const SyncPair& pair);
+
+/// "Today", "Yesterday", "Wednesday, 12 March 2025"; "No Date" for none.
+[[nodiscard]] QString dayDisplayName(const QDate& day);
 
 } // namespace tessary

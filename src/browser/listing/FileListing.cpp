@@ -138,7 +138,12 @@ void FileListing::findDays() {
         files += filesHere;
         pictures += picturesHere;
     });
-    isMostlyPictures_ = 2 * pictures > files;
+    std::vector<qint64> days = days_;
+    std::erase(days, noDay);
+    std::ranges::sort(days);
+    const auto differing = std::ranges::unique(days).begin() - days.begin();
+    constexpr int leastOfADay = 2; // on average
+    isAlbum_ = 2 * pictures > files && pictures >= leastOfADay * differing;
 }
 
 QString FileListing::folded(const QString& text) const {

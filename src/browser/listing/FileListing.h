@@ -71,9 +71,10 @@ public:
         return days_[static_cast<std::size_t>(index)];
     }
     static constexpr qint64 noDay = std::numeric_limits<qint64>::min();
-    /// Whether most of its files are pictures or films, as in the folders of a camera.
-    [[nodiscard]] bool isMostlyPictures() const {
-        return isMostlyPictures_;
+    /// Whether most of its files are pictures or films, and so many of a day, as in the folders of
+    /// a camera, that to group them by days makes sense.
+    [[nodiscard]] bool isAlbum() const {
+        return isAlbum_;
     }
     /// A text in the form in which names are compared without regard to case.
     [[nodiscard]] QString folded(const QString& text) const;
@@ -104,7 +105,7 @@ private:
     std::vector<int> byName_;    ///< indexes in order of name
     QHash<QString, int> indexes_;
     int hiddenCount_ = 0;
-    bool isMostlyPictures_ = false;
+    bool isAlbum_ = false;
     QLocale locale_;
 };
 

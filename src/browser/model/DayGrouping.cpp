@@ -28,7 +28,7 @@ bool DayGrouping::isOn() const {
 }
 
 bool DayGrouping::isGrouped(const FileListing& listing) const {
-    return isOffered() && chosen().value_or(listing.isMostlyPictures());
+    return isOffered() && chosen().value_or(listing.isAlbum());
 }
 
 /// The same folder over whichever way it is reached.

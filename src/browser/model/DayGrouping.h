@@ -14,8 +14,8 @@ class FileListing;
 class FileRows;
 
 /// Whether a browser's files stand in groups by day. Only the grid has groups: by themselves in
-/// folders that hold mostly pictures, elsewhere where the user wants them; what he chose for a
-/// folder is remembered. What a search has found has none. On the main thread.
+/// folders that hold mostly pictures, several of a day; elsewhere where the user wants them; what
+/// he chose for a folder is remembered. What a search has found has none. On the main thread.
 class DayGrouping : public QObject {
     Q_OBJECT
 

@@ -44,9 +44,9 @@ QList<QKeySequence> keys(auto... sequences) {
     return {QKeySequence(sequences)...};
 }
 
-const std::array<Row, 35>& commands() {
+const std::array<Row, 37>& commands() {
     using Actions = BrowserActions;
-    static const std::array<Row, 35> rows{{
+    static const std::array<Row, 37> rows{{
         {&Actions::back, "go-previous", QT_TRANSLATE_NOOP("BrowserActions", "Back"), keys(backKey)},
         {&Actions::forward, "go-next", QT_TRANSLATE_NOOP("BrowserActions", "Forward"),
          keys(forwardKey)},
@@ -106,6 +106,10 @@ const std::array<Row, 35>& commands() {
          keys(Qt::CTRL | Qt::Key_Minus)},
         {&Actions::zoomReset, "zoom-original",
          QT_TRANSLATE_NOOP("BrowserActions", "Icons of Normal Size"), keys(Qt::CTRL | Qt::Key_0)},
+        {&Actions::groupByDay, "view-calendar-day",
+         QT_TRANSLATE_NOOP("BrowserActions", "Group by Day"), keys(Qt::CTRL | Qt::Key_G)},
+        {&Actions::selectDay, "edit-select", QT_TRANSLATE_NOOP("BrowserActions", "Select the Day"),
+         keys(Qt::CTRL | Qt::SHIFT | Qt::Key_S)},
         {&Actions::showHidden, "view-hidden", QT_TRANSLATE_NOOP("BrowserActions", "Hidden Files"),
          keys(Qt::CTRL | Qt::Key_H)},
         {&Actions::favorite, "bookmark-new",
@@ -147,6 +151,7 @@ BrowserActions::BrowserActions(QWidget& owner) {
     }
     asList->setChecked(true);
     showHidden->setCheckable(true);
+    groupByDay->setCheckable(true);
     // A key that also edits text belongs to the field that has the focus.
     for (QAction* action : {undo, cut, remove, selectAll, rename, copy, paste})
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);

@@ -42,6 +42,8 @@ struct BrowserActions {
     QAction* zoomIn;
     QAction* zoomOut;
     QAction* zoomReset;
+    QAction* groupByDay;
+    QAction* selectDay; ///< of the entry that the keyboard is on
     QAction* showHidden;
     QAction* favorite;
     QAction* apps; ///< back to the apps of an iPhone

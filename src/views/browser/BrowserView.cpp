@@ -9,6 +9,9 @@
 #include "views/browser/BrowserToolbar.h"
 #include "views/browser/DropMark.h"
 #include "views/browser/FolderNotice.h"
+#include "views/common/TableColumns.h"
+#include "views/listing/FileGridView.h"
+#include "views/listing/FileTableView.h"
 #include "views/listing/FileViews.h"
 #include "views/listing/FolderPositions.h"
 
@@ -16,7 +19,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QDropEvent>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
@@ -132,6 +134,9 @@ void BrowserView::connectActions() {
     on(actions_.zoomOut, [this] { zoom(-1); });
     on(actions_.zoomReset,
        [this] { browser_.setPictureSide(FileBrowserViewModel::normalPicture); });
+    on(actions_.groupByDay,
+       [this] { browser_.dayGrouping().setOn(!browser_.dayGrouping().isOn()); });
+    on(actions_.selectDay, [this] { grid_->selectDay(); });
     on(actions_.showHidden, [this] { browser_.setShowsHidden(!browser_.showsHidden()); });
     on(actions_.favorite, [this] { entries_.toggleFavorite(); });
     on(actions_.apps, [this] {
@@ -172,6 +177,7 @@ void BrowserView::connectBrowser() {
     on(&FileBrowserViewModel::editingChanged, &BrowserView::showStatus);
     on(&FileBrowserViewModel::showsHiddenChanged, &BrowserView::showContent);
     on(&FileBrowserViewModel::searchedNameChanged, &BrowserView::showContent);
+    connect(&browser_.dayGrouping(), &DayGrouping::changed, this, &BrowserView::updateActions);
     connect(&browser_.changes(), &EntryChanges::undoableChanged, this, &BrowserView::updateActions);
     connect(&model_, &QAbstractItemModel::modelReset, this, &BrowserView::showContent);
     connect(&model_, &QAbstractItemModel::rowsInserted, this, &BrowserView::showContent);
@@ -192,11 +198,11 @@ QAbstractItemView& BrowserView::currentListing() const {
 }
 
 QMenu& BrowserView::columnMenu() const {
-    return table_->columnMenu();
+    return table_->columns().menu();
 }
 
-QHeaderView& BrowserView::columns() const {
-    return *table_->header();
+TableColumns& BrowserView::columns() const {
+    return table_->columns();
 }
 
 void BrowserView::showPath() {
@@ -335,6 +341,10 @@ void BrowserView::updateActions() {
                             actions_.quickLook, actions_.properties})
         action->setEnabled(isUsable && selected > 0);
     actions_.showHidden->setChecked(browser_.showsHidden());
+    const DayGrouping& days = browser_.dayGrouping();
+    actions_.groupByDay->setEnabled(isUsable && days.isOffered());
+    actions_.groupByDay->setChecked(days.isOn());
+    actions_.selectDay->setEnabled(isUsable && days.isOn());
     actions_.zoomIn->setEnabled(browser_.pictureSide() < FileBrowserViewModel::largestPicture);
     actions_.zoomOut->setEnabled(browser_.pictureSide() > FileBrowserViewModel::smallestPicture);
     showUndo();

@@ -13,7 +13,6 @@
 #include <functional>
 
 class QAbstractItemView;
-class QHeaderView;
 class QLabel;
 class QMenu;
 class QStackedWidget;
@@ -25,6 +24,7 @@ class DropMark;
 class FileGridView;
 class FileTableView;
 class FolderNotice;
+class TableColumns;
 
 /// The files of one device: toolbar, listing, and a line about what is selected. It shows what the
 /// browser's view model has, and hands every wish of the user to it.
@@ -61,7 +61,7 @@ public:
     /// Which of its columns the table shows.
     [[nodiscard]] QMenu& columnMenu() const;
     /// The table's columns.
-    [[nodiscard]] QHeaderView& columns() const;
+    [[nodiscard]] TableColumns& columns() const;
 
 protected:
     void showEvent(QShowEvent* event) override;

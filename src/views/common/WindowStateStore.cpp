@@ -1,13 +1,13 @@
 #include "views/common/WindowStateStore.h"
 
+#include "views/common/TableColumns.h"
+
 #include <QEvent>
-#include <QHeaderView>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QMainWindow>
 #include <QScopedValueRollback>
 #include <QScreen>
-#include <QSignalBlocker>
 #include <QSplitter>
 
 #include <algorithm>
@@ -18,8 +18,6 @@ namespace {
 
 using View = QLatin1StringView;
 
-constexpr int narrowestColumn = 48;
-constexpr int widestColumn = 800;
 constexpr int fieldsInAll = 4; // of FileField
 constexpr View gridName("grid");
 constexpr View listName("list");
@@ -46,6 +44,9 @@ WindowStateStore::WindowStateStore(Parts parts, UserDefaults& defaults)
             &WindowStateStore::showDevice);
     connect(&browser, &FileBrowserViewModel::viewModeChanged, this, &WindowStateStore::keepDevice);
     connect(&browser, &FileBrowserViewModel::sortOrderChanged, this, &WindowStateStore::keepDevice);
+    connect(&parts.columns, &TableColumns::choicesChanged, this, &WindowStateStore::keepColumns);
+    connect(&browser.dayGrouping(), &DayGrouping::choicesChanged, this,
+            &WindowStateStore::keepDays);
 }
 
 bool WindowStateStore::isOn() const {
@@ -57,9 +58,11 @@ void WindowStateStore::setOn(bool on) {
     if (on) {
         keepWindow();
         keepDevice();
+        keepColumns();
+        keepDays();
         return;
     }
-    for (const View key : {windowKey, devicesKey})
+    for (const View key : {windowKey, columnsKey, daysKey, devicesKey})
         defaults_.setValue(key, QJsonValue::Undefined);
 }
 
@@ -88,12 +91,18 @@ void WindowStateStore::restoreWindow() {
         const int bounded = std::min(sidebar, inAll / 2);
         parts_.split.setSizes({bounded, inAll - bounded});
     }
-    // The first column takes what the others leave.
-    const QJsonArray columns = kept.value(View("columns")).toArray();
-    const QSignalBlocker asTheyWere(parts_.columns); // none of them gives room to its neighbour
-    for (int i = 1; i < parts_.columns.count() && i - 1 < columns.size(); ++i)
-        if (const int width = columns.at(i - 1).toInt(); width > 0)
-            parts_.columns.resizeSection(i, std::clamp(width, narrowestColumn, widestColumn));
+    parts_.columns.restore(defaults_.value(columnsKey).toObject());
+    parts_.browser.dayGrouping().restore(defaults_.value(daysKey).toArray());
+}
+
+void WindowStateStore::keepColumns() {
+    if (isOn())
+        defaults_.setValue(columnsKey, parts_.columns.choices());
+}
+
+void WindowStateStore::keepDays() {
+    if (isOn())
+        defaults_.setValue(daysKey, parts_.browser.dayGrouping().choices());
 }
 
 void WindowStateStore::keepWindow() {
@@ -102,16 +111,12 @@ void WindowStateStore::keepWindow() {
     const QMainWindow& window = parts_.window;
     const bool isMaximized = window.isMaximized();
     const QSize size = isMaximized ? window.normalGeometry().size() : window.size();
-    QJsonArray columns;
-    for (int i = 1; i < parts_.columns.count(); ++i)
-        columns.append(parts_.columns.sectionSize(i));
     defaults_.setValue(windowKey, QJsonObject{{View("width"), size.width()},
                                               {View("height"), size.height()},
                                               {View("maximized"), isMaximized},
                                               {View("hidden"), parts_.browser.showsHidden()},
                                               {View("pictures"), parts_.browser.pictureSide()},
-                                              {View("sidebar"), parts_.split.sizes().value(0)},
-                                              {View("columns"), columns}});
+                                              {View("sidebar"), parts_.split.sizes().value(0)}});
 }
 
 void WindowStateStore::showDevice() {

@@ -5,19 +5,23 @@
 
 #include <QObject>
 
-class QHeaderView;
 class QMainWindow;
 class QSplitter;
 
 namespace tessary {
 
-/// Keeps what the main window looks like in the user's settings: its size, the sidebar's and the
-/// columns' widths, and for each device how its files are shown and sorted. What is read from the
+class TableColumns;
+
+/// Keeps what the main window looks like in the user's settings: its size, the sidebar's
+/// width, the columns, for each device how its files are shown and sorted, and which folders are
+/// grouped by day. What is read from the
 /// settings may be anything and is taken only as far as it makes sense.
 class WindowStateStore : public QObject {
 public:
     static constexpr QLatin1StringView isOffKey{"Tessary_ForgetsWindow"};
     static constexpr QLatin1StringView windowKey{"Tessary_Window"};
+    static constexpr QLatin1StringView columnsKey{"Tessary_Columns"};
+    static constexpr QLatin1StringView daysKey{"Tessary_GroupedByDay"};
     static constexpr QLatin1StringView devicesKey{"Tessary_DeviceViews"};
     /// Whether the files of a device that was never shown begin as pictures.
     static constexpr QLatin1StringView newDevicesInGridKey{"Tessary_NewPhonesInGrid"};
@@ -27,7 +31,7 @@ public:
     struct Parts {
         QMainWindow& window;
         QSplitter& split; ///< sidebar and files
-        QHeaderView& columns;
+        TableColumns& columns;
         FileBrowserViewModel& browser;
     };
 
@@ -46,6 +50,8 @@ private:
     void keepWindow();
     void showDevice();
     void keepDevice();
+    void keepColumns();
+    void keepDays();
 
     Parts parts_;
     UserDefaults& defaults_;

@@ -1,5 +1,7 @@
 #include "views/import/PhotoListModel.h"
 
+#include "app/texts/DisplayNames.h"
+
 #include "base/text/ByteFormat.h"
 #include "base/text/Printable.h"
 #include "views/common/PlainText.h"
@@ -66,7 +68,7 @@ QVariant PhotoListModel::dataOfDay(const Row& row, int role) const {
     switch (role) {
     case Qt::DisplayRole:
     case Qt::AccessibleTextRole:
-        return day ? QLocale().toString(*day, QLocale::LongFormat) : tr("No Date");
+        return dayDisplayName(day.value_or(QDate()));
     case isDayRole:
         return true;
     default:

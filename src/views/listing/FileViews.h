@@ -3,63 +3,23 @@
 #include "browser/model/FileBrowserViewModel.h"
 #include "browser/model/FileListModel.h"
 
-#include <QListView>
-#include <QSet>
-#include <QTreeView>
-
-class QMenu;
+class QAbstractItemView;
+class QMouseEvent;
 
 namespace tessary {
 
-/// The files as a table with sortable columns.
-class FileTableView : public QTreeView {
-    Q_OBJECT
+class FileItemDelegate;
 
-public:
-    FileTableView(FileBrowserViewModel& browser, FileListModel& model, QWidget* parent = nullptr);
+// What the views of a browser's files have in common, whatever they look like.
 
-    void keyboardSearch(const QString& search) override;
-    /// The user's choice of columns; also the header's menu.
-    [[nodiscard]] QMenu& columnMenu() const {
-        return *columnMenu_;
-    }
+void setUpListing(QAbstractItemView& view, FileListModel& model, FileItemDelegate* delegate);
 
-protected:
-    void mousePressEvent(QMouseEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
-    void startDrag(Qt::DropActions supportedActions) override;
+/// A press beside the entries drops the selection, whichever button it is: a menu is about the
+/// folder then. With Ctrl or Shift the selection stays.
+void dropSelectionBeside(QAbstractItemView& view, const QMouseEvent& press);
 
-private:
-    void makeColumnMenu();
-    void columnResized(int column, int oldSize, int newSize);
-    void fitNames();
-    void fitColumns();
-    void fitPictures();
-
-    FileBrowserViewModel& browser_;
-    QMenu* columnMenu_;
-    QSet<int> unwanted_; ///< columns that the user does not want to see
-    bool isFittingColumns_ = false;
-};
-
-/// The files as a grid of icons.
-class FileGridView : public QListView {
-public:
-    FileGridView(FileBrowserViewModel& browser, FileListModel& model, QWidget* parent = nullptr);
-
-    void keyboardSearch(const QString& search) override;
-
-    /// Entries beside one another.
-    [[nodiscard]] int columns() const;
-
-protected:
-    void startDrag(Qt::DropActions supportedActions) override;
-
-private:
-    void fitPictures();
-
-    FileBrowserViewModel& browser_;
-};
+/// Drags the selected entries, under a picture of what is dragged.
+void dragSelected(QAbstractItemView& view, FileBrowserViewModel& browser);
 
 /// Keeps the selection of a view and that of the browser the same, in both directions.
 void connectSelection(QAbstractItemView& view, FileListModel& model, FileBrowserViewModel& browser);

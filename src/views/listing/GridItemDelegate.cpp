@@ -30,6 +30,18 @@ QRect nameOf(const QStyleOptionViewItem& option) {
     return {cell.left() + margin, top, cell.width() - 2 * margin, cell.bottom() + 1 - top};
 }
 
+/// The lines of a name.
+QRect linesPlace(const QStyleOptionViewItem& option, const QStringList& lines) {
+    const int height = QFontMetrics(option.font).lineSpacing() * static_cast<int>(lines.size());
+    return {nameOf(option).topLeft(), QSize(nameOf(option).width(), height)};
+}
+
+QRect groundAround(const QStyleOptionViewItem& option, const QRect& name) {
+    return (pictureOf(option) | name)
+        .adjusted(-margin, -margin, margin, margin)
+        .intersected(option.rect);
+}
+
 } // namespace
 
 QStringList GridItemDelegate::linesOf(const QString& plain, const QFont& font, int width) {
@@ -74,12 +86,8 @@ void GridItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& plai
     const QColor accent = option.palette.color(group, QPalette::Highlight);
     const QStringList lines = linesOf(option.text, option.font, nameOf(option).width());
     const QFontMetrics metrics(option.font);
-    const QRect name(
-        nameOf(option).topLeft(),
-        QSize(nameOf(option).width(), metrics.lineSpacing() * static_cast<int>(lines.size())));
-    const QRect ground = (pictureOf(option) | name)
-                             .adjusted(-margin, -margin, margin, margin)
-                             .intersected(option.rect);
+    const QRect name = linesPlace(option, lines);
+    const QRect ground = groundAround(option, name);
 
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
@@ -116,6 +124,14 @@ void GridItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& plai
         painter->drawRoundedRect(ground, radius, radius);
     }
     painter->restore();
+}
+
+QRect GridItemDelegate::groundOf(const QStyleOptionViewItem& plain,
+                                 const QModelIndex& index) const {
+    QStyleOptionViewItem option = plain;
+    initStyleOption(&option, index);
+    const QStringList lines = linesOf(option.text, option.font, nameOf(option).width());
+    return groundAround(option, linesPlace(option, lines));
 }
 
 QSize GridItemDelegate::sizeHint(const QStyleOptionViewItem& option,

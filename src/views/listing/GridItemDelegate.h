@@ -24,6 +24,10 @@ public:
     bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                    const QModelIndex& index) override;
 
+    /// What an entry covers of its cell: its picture and its name.
+    [[nodiscard]] QRect groundOf(const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const;
+
     static constexpr int mostLines = 3;
 
     /// The lines that a name takes in `width` pixels; the last of `mostLines` is cut in its middle.

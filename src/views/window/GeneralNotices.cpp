@@ -107,7 +107,9 @@ std::optional<BannerMessage> GeneralNotices::ofCopies() {
     return message;
 }
 
-void GeneralNotices::tellRemoval(const ImportRemoval& removal) {
+void GeneralNotices::tellRemoval(const ImportRemoval& removal, bool isShown) {
+    if (isShown)
+        return;
     removal_ = removal;
     Q_EMIT changed();
 }

@@ -26,8 +26,8 @@ public:
     /// `isPhoneReadable`: then nobody has to be told of programs that may be in the way.
     [[nodiscard]] std::optional<BannerMessage> current(bool isPhoneReadable);
 
-    /// Tells how a removal from a phone ended that nobody looked at any more.
-    void tellRemoval(const ImportRemoval& removal);
+    /// Tells how a removal from a phone ended, unless its page shows it.
+    void tellRemoval(const ImportRemoval& removal, bool isShown);
 
     /// Ends the programs that hold phones, and looks for phones again.
     void releaseDevice();

@@ -231,14 +231,8 @@ void MainWindow::connectChoice() {
         if (choice_.isImporting() != (pages_->currentWidget() == importView_))
             showPage();
     });
-    connect(&import_, &ImportViewModel::removalEnded, this,
-            [this](const ImportRemoval& removal, bool isShown) {
-                browser_.folders().forgetAll();
-                if (browser_.state() == BrowserState::ready)
-                    browser_.reload();
-                if (!isShown)
-                    common_.notices.tellRemoval(removal);
-            });
+    connect(&import_, &ImportViewModel::removalEnded, &common_.notices,
+            &GeneralNotices::tellRemoval);
     QListView& list = sidebar_->deviceList();
     connect(list.selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& index) {

@@ -4,7 +4,14 @@
 
 namespace tessary {
 
-PhoneChoice::PhoneChoice(Parts parts, Chosen chosen) : parts_(parts), chosen_(std::move(chosen)) {}
+PhoneChoice::PhoneChoice(Parts parts, Chosen chosen) : parts_(parts), chosen_(std::move(chosen)) {
+    // What has gone from the phone is not shown any more.
+    connect(&parts_.import, &ImportViewModel::removalEnded, this, [this] {
+        parts_.browser.folders().forgetAll();
+        if (parts_.browser.state() == BrowserState::ready)
+            parts_.browser.reload();
+    });
+}
 
 std::optional<QString> PhoneChoice::appId() const {
     return app_ ? std::optional(app_->bundleIdentifier) : std::nullopt;

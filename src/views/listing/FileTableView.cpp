@@ -1,0 +1,132 @@
+#include "views/listing/FileTableView.h"
+
+#include "views/common/TableColumns.h"
+#include "views/listing/FileItemDelegate.h"
+#include "views/listing/FileViews.h"
+#include "views/listing/ThumbnailStore.h"
+
+#include <QHeaderView>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace tessary {
+
+namespace {
+
+using Name = QLatin1StringView;
+
+constexpr int roomForKinds = 560; // pixels of a list that shows them; icons tell them elsewhere
+constexpr int roomForDates = 420; // the same
+
+} // namespace
+
+FileTableView::FileTableView(FileBrowserViewModel& browser, FileListModel& model, QWidget* parent)
+    : QTreeView(parent),
+      browser_(browser),
+      columns_(nullptr),
+      band_(*this, [this](const QRect& content) { return rowsIn(content); }) {
+    setObjectName(QStringLiteral("fileTable"));
+    setUpListing(*this, model, new FileItemDelegate(this));
+    setRootIsDecorated(false);
+    setUniformRowHeights(true);
+    setAlternatingRowColors(true);
+    setAllColumnsShowFocus(true);
+    setTextElideMode(Qt::ElideMiddle);
+    setSortingEnabled(true);
+    fitPictures();
+    connect(&browser, &FileBrowserViewModel::pictureSideChanged, this, &FileTableView::fitPictures);
+    sortByColumn(FileListModel::nameColumn, Qt::AscendingOrder);
+    connect(&browser, &FileBrowserViewModel::sortOrderChanged, this, [this] {
+        if (browser_.sortOrder().empty())
+            return;
+        const FileComparator& first = browser_.sortOrder().front();
+        header()->setSortIndicator(static_cast<int>(first.field),
+                                   first.descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+    });
+    header()->setHighlightSections(false);
+    header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    // What a search has found lies in many folders: then their column stands where the kinds do.
+    const auto isSearch = [this] { return !browser_.searchedName().isEmpty(); };
+    columns_ = new TableColumns(
+        *this, {{FileListModel::sizeColumn, Name("size"), 110},
+                {FileListModel::dateColumn, Name("date"), 170, roomForDates},
+                {FileListModel::kindColumn, Name("kind"), 130, roomForKinds, true,
+                 [isSearch] { return !isSearch(); }},
+                {FileListModel::folderColumn, Name("folder"), 230, 0, false, isSearch}});
+    connect(&browser, &FileBrowserViewModel::searchedNameChanged, columns_, &TableColumns::fit);
+    showThumbnails(*this, model, browser);
+}
+
+void FileTableView::resizeEvent(QResizeEvent* event) {
+    QTreeView::resizeEvent(event);
+    columns_->fit();
+}
+
+void FileTableView::keyboardSearch(const QString& search) {
+    browser_.selection().type(search);
+}
+
+void FileTableView::fitPictures() {
+    constexpr int share = 4; // of what the grid shows
+    constexpr int smallest = 16;
+    const int side = std::max(browser_.pictureSide() / share, smallest);
+    setIconSize({side, side});
+    scheduleDelayedItemsLayout();
+}
+
+void FileTableView::startDrag(Qt::DropActions) {
+    dragSelected(*this, browser_);
+}
+
+/// On the picture or the letters of a name.
+bool FileTableView::isOnName(const QPoint& place) const {
+    const QModelIndex index = indexAt(place);
+    if (index.column() != FileListModel::nameColumn)
+        return false;
+    constexpr int around = 12; // pixels before, between and after the two
+    const int width = iconSize().width() + around +
+                      fontMetrics().horizontalAdvance(index.data(Qt::DisplayRole).toString());
+    return place.x() < visualRect(index).left() + width;
+}
+
+QItemSelection FileTableView::rowsIn(const QRect& content) const {
+    const int rows = model()->rowCount();
+    const int height = rows == 0 ? 0 : rowHeight(model()->index(0, 0));
+    if (height == 0 || content.left() >= header()->length() || content.bottom() < 0 ||
+        content.top() >= rows * height)
+        return {};
+    const int first = std::max(content.top(), 0) / height;
+    const int last = std::min(content.bottom() / height, rows - 1);
+    return {model()->index(first, FileListModel::nameColumn),
+            model()->index(last, FileListModel::nameColumn)};
+}
+
+void FileTableView::mousePressEvent(QMouseEvent* event) {
+    const QPoint place = event->position().toPoint();
+    dropSelectionBeside(*this, *event);
+    // Whoever has selected several may take hold of them anywhere.
+    const bool isHold = isOnName(place) || selectionModel()->isSelected(indexAt(place));
+    if (event->button() == Qt::LeftButton && !isHold)
+        band_.press(*event);
+    QTreeView::mousePressEvent(event);
+}
+
+void FileTableView::mouseMoveEvent(QMouseEvent* event) {
+    if (!band_.move(*event))
+        QTreeView::mouseMoveEvent(event);
+}
+
+void FileTableView::mouseReleaseEvent(QMouseEvent* event) {
+    if (!band_.release())
+        QTreeView::mouseReleaseEvent(event);
+}
+
+void FileTableView::paintEvent(QPaintEvent* event) {
+    QTreeView::paintEvent(event);
+    QPainter painter(viewport());
+    band_.paint(painter);
+}
+
+} // namespace tessary
