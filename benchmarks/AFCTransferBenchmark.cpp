@@ -6,6 +6,9 @@
 // after the other, so that what else the machine does counts for both. The exit status is 1 when a
 // ratio is below 90 %: the content passes the helper. All files lie in memory where there is such a
 // file system: a disk's moods are larger than what is measured.
+//
+// With "list" it lists 3,000 entries instead, at 2 ms a request: as the first long folder, when the
+// second connection is still to be opened, and after it.
 
 #include "ios/AFCConnection.h"
 #include "support/Application.h"
@@ -21,6 +24,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <string_view>
 #include <vector>
 
 namespace tessary {
@@ -168,11 +172,29 @@ int run() {
     return isWhole && down >= wanted && up >= wanted ? 0 : 1;
 }
 
+int list() {
+    constexpr int entries = 3000;
+    const Application application;
+    IPhoneFiles iphone;
+    for (int n = 0; n < entries; ++n)
+        iphone.write(u"many/%1"_s.arg(n), "x");
+    iphone.faults(
+        [](VirtualIPhoneFaults& faults) { faults.delayEach = std::chrono::milliseconds(2); });
+    bool isWhole = iphone.names(u"/"_s).size() == 1;
+    for (const char* when : {"first", "then"}) {
+        const auto begin = Clock::now();
+        isWhole = isWhole && iphone.names(u"/many"_s).size() == entries;
+        const std::chrono::duration<double> time = Clock::now() - begin;
+        std::printf("%-5s %.2f s\n", when, time.count());
+    }
+    return isWhole ? 0 : 1;
+}
+
 } // namespace
 } // namespace tessary
 
-int main() {
+int main(int argc, char* argv[]) {
     if (!qEnvironmentVariableIsSet("TMPDIR") && QFileInfo(QStringLiteral("/dev/shm")).isWritable())
         qputenv("TMPDIR", "/dev/shm");
-    return tessary::run();
+    return argc > 1 && std::string_view(argv[1]) == "list" ? tessary::list() : tessary::run();
 }

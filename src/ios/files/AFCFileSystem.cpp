@@ -1,6 +1,5 @@
 #include "ios/files/AFCFileSystem.h"
 
-#include "base/log/DiagnosticsLogger.h"
 #include "base/text/PathNames.h"
 #include "ios/AFCStatus.h"
 #include "ios/files/AFCFileReader.h"
@@ -126,22 +125,13 @@ void AFCFileSystem::list(const QString& folder, const ListingReceiver& receiver,
     const QString at = canonicalPath(folder);
     requirePath(at);
     const PhoneQueue::Turn turn = takeTurn(call);
-    listAFCFolder(
-        session_, [&] { return helperOfLongListings(call.stop); }, at, receiver, call.stop);
-}
-
-/// Null when the phone allows no second connection: the first one does it alone then.
-AFCSession* AFCFileSystem::helperOfLongListings(const std::stop_token& stop) {
-    if (!second_)
-        second_ = std::make_unique<AFCSession>(
-            phone_.udid, app_ ? app_->bundleIdentifier : QString(), patience_);
-    try {
-        second_->begin([](const Opened&) {}, stop);
-        return second_.get();
-    } catch (const Error& error) {
-        DiagnosticsLogger::shared().afc.error("No second connection: %s", {error.logText()});
-        return nullptr;
-    }
+    const auto second = [this]() -> AFCSession& {
+        if (!second_)
+            second_ = std::make_unique<AFCSession>(
+                phone_.udid, app_ ? app_->bundleIdentifier : QString(), patience_);
+        return *second_;
+    };
+    listAFCFolder(session_, second, at, receiver, call.stop);
 }
 
 std::optional<FileItem> AFCFileSystem::find(const QString& path, const Call& call) {

@@ -63,7 +63,6 @@ private:
     [[nodiscard]] PhoneQueue::Turn takeTurn(const Call& call);
     void closeWhenIdle();
     FileItem send(AFCFileWriter writer, const Call& call);
-    [[nodiscard]] AFCSession* helperOfLongListings(const std::stop_token& stop);
     void removeBelow(const QString& path, int depth, const Call& call);
     FileItem renameTo(const FileItem& item, const QString& target, TakenName taken,
                       const Call& call);

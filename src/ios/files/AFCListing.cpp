@@ -36,44 +36,77 @@ void handOver(std::vector<AFCRow>&& rows, const ListingReceiver& receiver) {
         receiver.rows(std::move(items));
 }
 
+/// Asks for the rows of a folder's names, in their order.
+class RowQuestions {
+public:
+    RowQuestions(QString folder, std::shared_ptr<const std::vector<QByteArray>> names)
+        : folder_(std::move(folder)), names_(std::move(names)) {}
+
+    /// Gives a connection as much to do as keeps it busy; false when there is nothing left.
+    bool ask(AFCSession& by) {
+        constexpr std::ptrdiff_t most = 3;
+        const auto isBy = [&by](const Asked& one) { return one.by == &by; };
+        while (next_ < names_->size() && std::count_if(asked_.begin(), asked_.end(), isBy) < most) {
+            const std::size_t count = std::min(rowsAtATime, names_->size() - next_);
+            asked_.push_back({&by, by.start([folder = folder_, names = names_, begin = next_,
+                                             count](const Opened& opened) {
+                                  return rowsOf(opened, folder,
+                                                std::span(*names).subspan(begin, count));
+                              })});
+            next_ += count;
+        }
+        return next_ < names_->size();
+    }
+    [[nodiscard]] bool isOver() const {
+        return asked_.empty();
+    }
+    [[nodiscard]] std::vector<AFCRow> next(const std::stop_token& stop) {
+        const Asked first = std::move(asked_.front());
+        asked_.pop_front();
+        return first.by->waitFor(first.rows, stop);
+    }
+
+private:
+    struct Asked {
+        AFCSession* by = nullptr;
+        SerialQueue::Started<std::vector<AFCRow>> rows;
+    };
+
+    const QString folder_;
+    const std::shared_ptr<const std::vector<QByteArray>> names_;
+    std::size_t next_ = 0; ///< that nobody was asked about
+    std::deque<Asked> asked_;
+};
+
 } // namespace
 
-void listAFCFolder(AFCSession& session, const std::function<AFCSession*()>& secondSession,
+void listAFCFolder(AFCSession& session, const std::function<AFCSession&()>& secondSession,
                    const QString& folder, const ListingReceiver& receiver,
                    const std::stop_token& stop) {
     const auto names = std::make_shared<const std::vector<QByteArray>>(
         session.begin([folder](const Opened& opened) { return namesIn(opened, folder); }, stop));
-    AFCSession* const second = names->size() >= longListing ? secondSession() : nullptr;
-    const auto ask = [&](AFCSession& by, std::size_t begin) {
-        const std::size_t count = std::min(rowsAtATime, names->size() - begin);
-        return by.start([folder, names, begin, count](const Opened& opened) {
-            return rowsOf(opened, folder, std::span(*names).subspan(begin, count));
-        });
-    };
-    using Answer = decltype(ask(session, 0));
-    std::deque<Answer> answers; // of one connection and the other by turns
-    std::size_t asked = 0;
-    const auto askNext = [&] {
-        if (asked >= names->size())
-            return;
-        const bool isSeconds = second != nullptr && asked / rowsAtATime % 2 == 1;
-        answers.push_back(ask(isSeconds ? *second : session, asked));
-        asked += rowsAtATime;
-    };
-    // Each connection has one piece under way and one that waits.
-    for (int n = 0; n < (second != nullptr ? 4 : 2); ++n)
-        askNext();
-    while (!answers.empty()) {
-        std::vector<AFCRow> rows = session.waitFor(answers.front(), stop);
-        answers.pop_front();
+    RowQuestions questions(folder, names);
+    AFCSession* const second = names->size() >= longListing ? &secondSession() : nullptr;
+    const auto isSecondOpen = second != nullptr ? second->openSoon(stop) : nullptr;
+    bool hasAskedSecond = false;
+    for (;;) {
+        const bool isMore = questions.ask(session);
+        if (isMore && isSecondOpen && *isSecondOpen) {
+            (void)questions.ask(*second);
+            hasAskedSecond = true;
+        }
+        if (questions.isOver())
+            break;
+        std::vector<AFCRow> rows = questions.next(stop);
         throwIfStopped(stop);
-        askNext();
         handOver(std::move(rows), receiver);
     }
     // What came last is known to have come in full only when another answer follows it.
-    for (AFCSession* each : {&session, second})
-        if (each != nullptr && !names->empty())
-            each->step([](const Opened& opened) { opened.link->requireLink(); }, stop);
+    const auto requireLink = [](const Opened& opened) { opened.link->requireLink(); };
+    if (!names->empty())
+        session.step(requireLink, stop);
+    if (hasAskedSecond)
+        second->step(requireLink, stop);
 }
 
 } // namespace tessary

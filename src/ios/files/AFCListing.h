@@ -8,9 +8,10 @@
 namespace tessary {
 
 /// Hands over what is in a folder: a phone is asked about each entry, of a long folder by two
-/// connections side by side. `secondSession` gives the other one, or null when the phone allows
-/// none. Returns only when the listing came whole; PhoneError::notAFolder for a file.
-void listAFCFolder(AFCSession& session, const std::function<AFCSession*()>& secondSession,
+/// connections side by side. `secondSession` gives the other one, which joins in once it is open;
+/// where the phone allows none, the first one does it alone. Returns only when the listing came
+/// whole; PhoneError::notAFolder for a file.
+void listAFCFolder(AFCSession& session, const std::function<AFCSession&()>& secondSession,
                    const QString& folder, const ListingReceiver& receiver,
                    const std::stop_token& stop);
 

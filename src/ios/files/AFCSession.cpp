@@ -1,5 +1,6 @@
 #include "ios/files/AFCSession.h"
 
+#include "base/log/DiagnosticsLogger.h"
 #include "ios/Multiplexer.h"
 #include "ios/PairingQuestions.h"
 
@@ -28,6 +29,22 @@ void AFCSession::abandon(const Unfinished& unfinished) {
             // A later visit removes it.
         }
     });
+}
+
+std::shared_ptr<const std::atomic<bool>> AFCSession::openSoon(const std::stop_token& stop) {
+    endWhatWasLeft(stop);
+    auto isOpen = std::make_shared<std::atomic<bool>>(false);
+    queue_.post([slot = slot_, isOpen, stop] {
+        try {
+            if (!slot->isUsable())
+                slot->open(stop);
+            *isOpen = true;
+        } catch (const std::exception& error) {
+            DiagnosticsLogger::shared().afc.error("No second connection: %s",
+                                                  {QString::fromUtf8(error.what())});
+        }
+    });
+    return isOpen;
 }
 
 void AFCSession::close() {

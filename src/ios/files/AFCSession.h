@@ -8,6 +8,7 @@
 
 #include <QString>
 
+#include <atomic>
 #include <chrono>
 #include <memory>
 #include <mutex>
@@ -87,6 +88,9 @@ public:
     /// Ends the action that is under way: closes its file, and removes what is unfinished, while
     /// the link lasts. Comes after all steps; nobody waits for it.
     void abandon(const Unfinished& unfinished = {});
+    /// Opens a connection where there is none, in its turn; nobody waits for it. Becomes true once
+    /// there is one, and never when it fails.
+    [[nodiscard]] std::shared_ptr<const std::atomic<bool>> openSoon(const std::stop_token& stop);
     /// Closes the connection, in its turn; nobody waits for it.
     void close();
 
