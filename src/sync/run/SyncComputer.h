@@ -20,7 +20,7 @@ struct SyncComputer {
     std::function<bool(const QString& path)> trash;
 };
 
-/// A real folder; must outlive the result. LocalError::cannotMakeFolder from `makeFolder`.
+/// A real folder; must outlive the result. A code of LocalError from `makeFolder`.
 [[nodiscard]] SyncComputer syncComputer(LocalFileSystem& folder);
 
 /// The desktop's trash.
