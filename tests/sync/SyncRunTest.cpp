@@ -59,8 +59,6 @@ TEST(SyncRunTest, moveAndDeletionTrustNoSampleAndNoDate) {
         MemoryFileSystem& source = pair.side(fromDevice);
         const QString path = MemoryPair::path(fromDevice, u"a"_s);
         source.addFile(path, editedLate(longOne), source.item(path).modifiedDate);
-        pair.here("other", "that the record is written for");
-        (void)pair.goodRun();
         pair.pair.syncMode = mode;
         pair.pair.moveFilesEnabled = true;
         (void)pair.goodRun();
@@ -130,6 +128,7 @@ TEST(SyncRunTest, halfArrivedFileLosesTheConflict) {
 
 TEST(SyncRunTest, editDuringARunIsLeftForTheNext) {
     // An edit on either side at every single call of a run.
+    const QStringList names{u"up"_s, u"down"_s, u"gone"_s};
     for (const bool onDevice : {false, true})
         for (int at = 0;; ++at) {
             SCOPED_TRACE(at);
@@ -143,17 +142,24 @@ TEST(SyncRunTest, editDuringARunIsLeftForTheNext) {
             pair.removeHere("gone");
             pair.confirmAll();
             int call = 0;
-            pair.beforeCall = [&](const auto&) {
-                if (call++ == at)
-                    for (const QString& name : {u"up"_s, u"down"_s, u"gone"_s})
-                        pair.put(onDevice, name, "edited meanwhile");
+            bool isTooLate = false;
+            pair.beforeCall = [&](const MemoryFileSystem::Request& request) {
+                if (call++ != at)
+                    return;
+                // It was looked at right before this: nobody can do more.
+                isTooLate = request.operation == MemoryFileSystem::Operation::remove ||
+                            (names.contains(request.other) && !onDevice);
+                for (const QString& name : names)
+                    pair.put(onDevice, name, "edited meanwhile: " + name.toUtf8());
             };
             EXPECT_FALSE(pair.run().failure);
             pair.beforeCall = nullptr;
             if (call <= at)
                 break;
             (void)pair.goodRun();
-            EXPECT_TRUE(pair.isAnywhere("edited meanwhile"));
+            for (const QString& name : names)
+                EXPECT_TRUE(isTooLate || pair.isAnywhere("edited meanwhile: " + name.toUtf8()))
+                    << name.toStdString();
             EXPECT_EQ(pair.hereContents(), pair.thereContents());
         }
 }

@@ -206,7 +206,9 @@ TEST_F(SyncByADB, manySmallFilesTakeNotMuchLongerThanAPush) {
         QDir(phoneFolder()).removeRecursively();
         QDir().mkpath(phoneFolder());
         QFile::remove(localFolder() + u'/' + SyncManifest::fileName);
+        forgetRequests();
         first = std::min(first, seconds([this] { (void)goodRun(); }));
+        EXPECT_LE(requestCount(), static_cast<std::size_t>(6 * files)) << "one by one";
         EXPECT_EQ(phoneFiles().size(), static_cast<std::size_t>(files));
     }
     const double second = seconds([this] { EXPECT_FALSE(goodRun().hasChanges()); });
@@ -279,6 +281,25 @@ TEST_F(SyncByAFC, cutConnectionLosesNothing) {
         }
     }
     EXPECT_GT(broken, 2);
+}
+
+TEST_F(SyncByAFC, fileWithoutASizeIsNotAnEmptyOne) {
+    here(u"a"_s, "1");
+    here(u"b"_s, "2");
+    (void)goodRun();
+    here(u"b"_s, "22", 50);
+    iphone_.faults([](VirtualIPhoneFaults& faults) {
+        faults.rewriteFileInfo = [](const QString& path, QStringList pairs) {
+            if (path.endsWith(u"/a"_s))
+                pairs.remove(pairs.indexOf(u"st_size"_s), 2);
+            return pairs;
+        };
+    });
+    const SyncReport report = run();
+    EXPECT_THAT(report.paths({SyncDeed::replaceOnDevice}), ElementsAre(u"b"_s));
+    ASSERT_EQ(report.skipped.size(), 1U);
+    EXPECT_EQ(report.skipped.front().path, u"a"_s);
+    EXPECT_EQ(hereFiles().at(u"a"_s), "1");
 }
 
 /// In a folder of a thousand a changed file costs what it costs alone: each other one is asked for

@@ -75,20 +75,23 @@ FileItem giveName(PhoneFileSystem& to, const FilePut& put, bool renamesOntoTaken
         part.keep();
         return named;
     }
-    const FileItem old = lookAgain(to, put.folder, *put.replaces, call);
+    const auto look = [&] { return lookAgain(to, put.folder, *put.replaces, call); };
     const auto replaceAtOnce = [&] {
         FileItem named = to.rename(part.item(), put.name, TakenName::replaced, call);
         part.keep();
         return named;
     };
-    if (renamesOntoTaken && !put.trash)
+    if (renamesOntoTaken && !put.trash) {
+        (void)look();
         return replaceAtOnce();
+    }
     const QString waiting = waitingName(to.nameRules(put.folder, call), put.name, call.partOwner);
     const PartInUse use(waiting);
     part.setItem(to.rename(part.item(), waiting, TakenName::refused, call));
     // Nothing is cancelled between the removal and the new name.
     const Call whole{{}, call.urgency};
     throwIfStopped(call.stop);
+    const FileItem old = look();
     if (put.trash && put.trash(old.path)) {
         part.keep();
         return to.rename(part.item(), put.name, TakenName::refused, whole);
