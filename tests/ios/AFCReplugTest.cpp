@@ -148,6 +148,33 @@ TEST(AFCReplug, aCutInTheMiddleOfTheDataIsAnErrorAndNeverAShorterFile) {
     }
 }
 
+TEST(AFCReplug, whereverAnAppendIsCutThePartIsABeginningOfTheFileAndIsGoneOnWith) {
+    const QByteArray whole = manyBytes(size);
+    constexpr qint64 kept = size / 2;
+    IPhoneFiles iphone;
+    const auto append = [&] {
+        return errorOf([&] {
+            iphone.files.append(iphone.item(u"/a"_s), kept, {u"/"_s, u"a"_s, size, {}, true},
+                                IPhoneFiles::sourceOf(whole.mid(kept)), {}, {});
+        });
+    };
+    for (const auto direction : {VirtualDirection::toPhone, VirtualDirection::toHost})
+        for (const std::uint64_t bytes : {100, 200, 300, 400, 131'500, 131'600, 700'000}) {
+            SCOPED_TRACE(bytes);
+            iphone.write(u"a"_s, whole.first(kept + 1000));
+            iphone.faults([&](VirtualIPhoneFaults& faults) {
+                faults.byteFault = {direction, bytes, VirtualCut::close};
+            });
+            const std::string error = append();
+            iphone.faults([](VirtualIPhoneFaults& faults) { faults = {}; });
+            const QByteArray there = iphone.read(u"a"_s);
+            EXPECT_TRUE(whole.startsWith(there) && there.size() >= kept + 1000) << there.size();
+            EXPECT_TRUE(error != "nothing was thrown" || there == whole);
+            EXPECT_EQ(append(), "nothing was thrown");
+            EXPECT_TRUE(iphone.read(u"a"_s) == whole);
+        }
+}
+
 TEST(AFCReplug, aListingThatIsCutIsAnErrorOrWholeAndNeverShorter) {
     for (std::uint64_t bytes = 1; bytes < 700; bytes += 7) {
         IPhoneFiles iphone;
