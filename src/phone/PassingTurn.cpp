@@ -9,8 +9,8 @@ PassingTurn::PassingTurn(PhoneQueue& queue, const Call& call)
 
 bool PassingTurn::isDue() const {
     constexpr std::chrono::milliseconds least(50); // for one's own work
-    return call_.urgency == Urgency::copy && Clock::now() - since_ >= least &&
-           queue_.waitingCount() > 0;
+    return call_.urgency != Urgency::user && Clock::now() - since_ >= least &&
+           queue_.isAwaited(call_.urgency);
 }
 
 void PassingTurn::pass() {

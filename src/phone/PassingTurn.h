@@ -15,8 +15,8 @@ public:
     /// Waits as PhoneQueue::take() does. Both must outlive it.
     PassingTurn(PhoneQueue& queue, const Call& call);
 
-    /// Whether somebody waits, and there was some time for one's own work; only where the call is
-    /// a step of a copy.
+    /// Whether somebody waits who is no less urgent, and there was some time for one's own work;
+    /// never where somebody waits for this call itself.
     [[nodiscard]] bool isDue() const;
     /// Has a turn again when it returns or throws, which is CancellationError alone: what is
     /// cancelled is cleaned up in a turn.

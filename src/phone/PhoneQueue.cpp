@@ -93,6 +93,12 @@ bool PhoneQueue::isWanted() const {
     return !isSpare();
 }
 
+bool PhoneQueue::isAwaited(Urgency urgency) const {
+    const std::scoped_lock lock(mutex_);
+    return std::ranges::any_of(waiting_,
+                               [urgency](const Waiting& one) { return one.urgency <= urgency; });
+}
+
 std::size_t PhoneQueue::waitingCount() const {
     const std::scoped_lock lock(mutex_);
     return waiting_.size();

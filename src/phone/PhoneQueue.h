@@ -69,6 +69,8 @@ public:
     [[nodiscard]] bool isBusy() const;
     /// Who waits for a turn.
     [[nodiscard]] std::size_t waitingCount() const;
+    /// Whether somebody waits who wants his turn as soon as this, or sooner.
+    [[nodiscard]] bool isAwaited(Urgency urgency) const;
     /// Whether who has a spare turn stands in the way: of somebody who waits, or of a job.
     [[nodiscard]] bool isWanted() const;
 

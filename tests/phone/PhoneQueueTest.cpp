@@ -44,8 +44,10 @@ TEST_F(PhoneQueueTest, thoseWhoWaitForAnAnswerComeBeforeCopiesAndEachInTheOrderO
         const PhoneQueue::Turn turn = queue_->take({});
         threads.push_back(ask("spare", Urgency::spare));
         EXPECT_FALSE(queue_->isWanted());
+        EXPECT_FALSE(queue_->isAwaited(Urgency::copy)) << "a copy passes it no turn";
         threads.push_back(ask("copy 1", Urgency::copy));
         EXPECT_TRUE(queue_->isWanted());
+        EXPECT_TRUE(queue_->isAwaited(Urgency::copy));
         threads.push_back(ask("user 1", Urgency::user));
         threads.push_back(ask("copy 2", Urgency::copy));
         threads.push_back(ask("user 2", Urgency::user));
