@@ -144,7 +144,11 @@ qint64 ADBFileSystem::read(const FileItem& file, ByteRange range, const ByteSink
     const QString path = canonicalPath(file.path);
     return inPassingTurn(path, call, [&](PassingTurn& turn) {
         ADBRangeReader reader(range, sink);
-        const auto take = [&](ByteView bytes) { return reader.take(bytes); };
+        const auto take = [&](ByteView bytes) {
+            const bool wantsMore = reader.take(bytes);
+            letOthersIn(turn);
+            return wantsMore;
+        };
         const auto check = [&](const ADBFacts& facts) {
             if (facts.error == 0 && facts.isFolder())
                 throw Error(PhoneError::changed, {path});
@@ -156,13 +160,8 @@ qint64 ADBFileSystem::read(const FileItem& file, ByteRange range, const ByteSink
         const bool isPart = range.offset > 0 || (range.length > 0 && range.length <= shortRange &&
                                                  file.size - range.length > shortRange);
         if (!isPart || !shell.isExact()) {
-            const auto takeInTurns = [&](ByteView bytes) {
-                const bool wantsMore = take(bytes);
-                letOthersIn(turn);
-                return wantsMore;
-            };
             session_.apart(call.stop, true, [&](ADBSyncClient& sync) {
-                return sync.receive(phonePath(path), check, takeInTurns,
+                return sync.receive(phonePath(path), check, take,
                                     {call.stop, ADBSession::patience});
             });
             return reader.done();
