@@ -113,6 +113,18 @@ TEST(SyncRunFailuresTest, whatCannotBeReadIsNotGone) {
     EXPECT_THAT(pair.goodRun().paths({SyncDeed::deleteOnDevice}), ElementsAre(u"dir/b"_s));
 }
 
+TEST(SyncRunFailuresTest, recordThatIsRefusedOnceIsReadAllTheSame) {
+    MemoryPair pair;
+    pair.here("a", "1");
+    pair.here("b", "2");
+    (void)pair.goodRun();
+    pair.removeHere("a");
+    pair.confirmAll();
+    const QString manifest = MemoryPair::path(true, SyncManifest::fileName);
+    pair.device().fail(Operation::read, manifest, Error(PhoneError::refused, {manifest}), 1);
+    EXPECT_THAT(pair.goodRun().paths({SyncDeed::deleteOnDevice}), ElementsAre(u"a"_s));
+}
+
 TEST(SyncRunFailuresTest, listingThatBreaksOffEndsTheRun) {
     MemoryPair pair;
     for (const char* name : {"a", "b", "c", "d/e"})

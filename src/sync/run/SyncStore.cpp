@@ -1,5 +1,6 @@
 #include "sync/run/SyncStore.h"
 
+#include "base/log/DiagnosticsLogger.h"
 #include "phone/PartNames.h"
 #include "transfer/copy/CopyErrors.h"
 #include "transfer/copy/FileCopy.h"
@@ -14,35 +15,46 @@ namespace {
 /// Ends the reading of what grows beyond any manifest.
 struct TooLong {};
 
+/// The manifest's text; no value where there is none, or one that is too long for any.
+std::optional<QByteArray> textOf(SyncSide& side, const Call& call) {
+    auto file = side.findFile(SyncManifest::fileName, call);
+    if (!file) {
+        // A run that broke off may have left it there, short of its name.
+        const NameRules rules = side.files().nameRules(side.pathOf({}), call);
+        file = side.findFile(waitingName(rules, SyncManifest::fileName, call.partOwner), call);
+    }
+    if (!file)
+        return std::nullopt;
+    QByteArray json;
+    const auto append = [&json](ByteView bytes) {
+        if (json.size() + std::ssize(bytes) > SyncManifest::maxBytes)
+            throw TooLong{};
+        json.append(reinterpret_cast<const char*>(bytes.data()), std::ssize(bytes));
+    };
+    try {
+        side.files().read(*file, {}, append, call);
+    } catch (const TooLong&) {
+        return std::nullopt;
+    }
+    return json;
+}
+
 } // namespace
 
 std::optional<SyncManifest> loadManifest(SyncSide& side, const Call& call) {
-    QByteArray json;
-    try {
-        auto file = side.findFile(SyncManifest::fileName, call);
-        if (!file) {
-            // A run that broke off may have left it there, short of its name.
-            const NameRules rules = side.files().nameRules(side.pathOf({}), call);
-            file = side.findFile(waitingName(rules, SyncManifest::fileName, call.partOwner), call);
+    // Without it a run knows nothing of what was deleted: a refusal has to come twice.
+    for (int refusals = 0; refusals < 2; ++refusals) {
+        try {
+            const auto json = textOf(side, call);
+            return json ? SyncManifest::decode(*json) : std::nullopt;
+        } catch (const Error& error) {
+            if (endsCopy(error))
+                throw;
+            DiagnosticsLogger::shared().transfer.error("sync record not read: %s",
+                                                       {error.logText()});
         }
-        if (!file)
-            return std::nullopt;
-        side.files().read(
-            *file, {},
-            [&json](ByteView bytes) {
-                if (json.size() + std::ssize(bytes) > SyncManifest::maxBytes)
-                    throw TooLong{};
-                json.append(reinterpret_cast<const char*>(bytes.data()), std::ssize(bytes));
-            },
-            call);
-    } catch (const TooLong&) {
-        return std::nullopt;
-    } catch (const Error& error) {
-        if (endsCopy(error))
-            throw;
-        return std::nullopt;
     }
-    return SyncManifest::decode(json);
+    return std::nullopt;
 }
 
 void saveManifest(SyncSide& side, const SyncManifest& manifest, const Call& call) {
