@@ -164,6 +164,20 @@ TEST(SyncRunTest, editDuringARunIsLeftForTheNext) {
         }
 }
 
+TEST(SyncRunTest, previewShowsWhatALastRunLeftAndFinishesNothing) {
+    MemoryPair pair;
+    pair.here("a", "1");
+    (void)pair.goodRun();
+    pair.there(".tessary-part-for-b", "whole");
+    const MemoryTree before = pair.all(true);
+    const SyncPreview preview = pair.makeRun().preview();
+    EXPECT_EQ(pair.all(true), before);
+    ASSERT_EQ(preview.items.size(), 1U);
+    EXPECT_EQ(preview.items[0].path, u"b"_s);
+    (void)pair.goodRun();
+    EXPECT_EQ(pair.hereContents(), "a=1 b=whole");
+}
+
 TEST(SyncRunTest, whatWasDecidedAtAPreviewIsNotAskedAgain) {
     MemoryPair pair;
     for (const char* name : {"a", "b", "c"})
