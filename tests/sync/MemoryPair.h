@@ -140,6 +140,7 @@ public:
 
     [[nodiscard]] SyncRun makeRun(const std::stop_token& stop = {}) {
         SyncRunEvents events;
+        events.answer = saidBeforehand;
         events.ask = [this](const SyncQuestion& question) {
             questions.push_back(question);
             return answer ? answer(question) : SyncAnswer::stop();
@@ -200,6 +201,7 @@ public:
 
     SyncPair pair;
     std::function<SyncAnswer(const SyncQuestion&)> answer;
+    std::function<std::optional<SyncAnswer>(const SyncQuestion&)> saidBeforehand;
     SyncDecisions decisions;
     QString lockFile;
     std::function<void(const QString&)> onStatus;

@@ -286,6 +286,19 @@ TEST(SyncRunFailuresTest, openQuestionHoldsUpNobodyAndIsAskedAgainWhereItChanged
     EXPECT_EQ(pair.questions.size(), 2U);
     EXPECT_EQ(pair.hereContents(), "a=a, back again");
     EXPECT_EQ(pair.thereContents(), "a=a, back again");
+
+    // What was said beforehand takes no second look.
+    pair.removeHere("a");
+    pair.here("d", "d");
+    pair.saidBeforehand = SyncAnswer::deleteAll;
+    pair.device().forgetRequests();
+    (void)pair.goodRun();
+    EXPECT_EQ(pair.questions.size(), 2U);
+    EXPECT_EQ(pair.thereContents(), "d=d");
+    const auto requests = pair.device().requests();
+    EXPECT_EQ(std::count_if(requests.begin(), requests.end(),
+                            [](const auto& each) { return each.operation == Operation::list; }),
+              1);
 }
 
 TEST(SyncRunFailuresTest, runsOfOneUserWaitForEachOther) {

@@ -23,6 +23,7 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <optional>
 
 namespace tessary {
 
@@ -216,16 +217,21 @@ CliFailure unanswered(const SyncQuestion& question) {
                        "delete; --dry-run shows what."));
 }
 
-/// The user's word on a question, or what the options say. Throws where neither tells.
+/// What the options say to a question.
+std::optional<SyncAnswer> saidBeforehand(const CliSession& session, const SyncQuestion& question) {
+    const bool isGuarded = question.guard.kind != SyncGuard::Kind::nothing;
+    const Answer answer = session.request().answer;
+    if (answer == Answer::yesAll || (answer == Answer::yes && !isGuarded))
+        return SyncAnswer::deleteAll(question);
+    if (answer == Answer::keep && question.kind != SyncQuestion::Kind::missingLocalFolder)
+        return SyncAnswer::keepAll();
+    return std::nullopt;
+}
+
+/// The user's word on a question. Throws where nobody is there to say it.
 SyncAnswer answerTo(const CliSession& session, const SyncQuestion& question) {
     using Kind = SyncQuestion::Kind;
     const bool isGuarded = question.guard.kind != SyncGuard::Kind::nothing;
-    if (session.request().answer == Answer::yesAll)
-        return SyncAnswer::deleteAll(question);
-    if (session.request().answer == Answer::keep && question.kind != Kind::missingLocalFolder)
-        return SyncAnswer::keepAll();
-    if (session.request().answer == Answer::yes && !isGuarded)
-        return SyncAnswer::deleteAll(question);
     const bool mayAsk = session.request().answer == Answer::ask && isatty(STDIN_FILENO) != 0 &&
                         isatty(fileno(session.errors())) != 0;
     if (!mayAsk)
@@ -313,6 +319,9 @@ void syncFolders(CliSession& session) {
         events.progress = [&printer](const SyncProgress& progress) {
             if (progress.totalFiles > 0)
                 printer.show(transferProgress(progress));
+        };
+        events.answer = [&session](const SyncQuestion& question) {
+            return saidBeforehand(session, question);
         };
         events.ask = [&session](const SyncQuestion& question) {
             return answerTo(session, question);

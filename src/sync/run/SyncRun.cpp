@@ -149,12 +149,16 @@ std::optional<SyncQuestion> SyncRun::questionOf(const SyncPlanner& planner) cons
     return question;
 }
 
-void SyncRun::ask(const SyncQuestion& question) {
-    const bool isFolder = question.kind == SyncQuestion::Kind::missingLocalFolder;
-    if (!isFolder)
+SyncAnswer SyncRun::ask(const SyncQuestion& question) {
+    if (question.kind != SyncQuestion::Kind::missingLocalFolder)
         tell(QStringLiteral("Awaiting deletion confirmation…"));
-    const SyncAnswer answer = events_.ask ? events_.ask(question) : SyncAnswer::stop();
+    SyncAnswer answer = events_.ask ? events_.ask(question) : SyncAnswer::stop();
     throwIfStopped(call_.stop);
+    return answer;
+}
+
+void SyncRun::heed(const SyncQuestion& question, const SyncAnswer& answer) {
+    const bool isFolder = question.kind == SyncQuestion::Kind::missingLocalFolder;
     if (!answer.goesOn)
         throw isFolder ? Error(SyncError::folderMissing, {question.path})
                        : Error(SyncError::stopped);
@@ -362,9 +366,15 @@ void SyncRun::runToEnd() {
     while (const auto question = lookAtBoth()) {
         if (++asked > mostQuestions)
             throw Error(SyncError::changedMeanwhile, {setup_.pair.localFolderPath});
+        if (const auto known = events_.answer ? events_.answer(*question) : std::nullopt) {
+            heed(*question, *known);
+            if (question->kind == SyncQuestion::Kind::missingLocalFolder)
+                continue;
+            break;
+        }
         // He may take hours: others need not wait, and what they do meanwhile is seen then.
         hold.reset();
-        ask(*question);
+        heed(*question, ask(*question));
         hold.emplace(*this);
     }
     tell(QStringLiteral("Analyzing files…"));

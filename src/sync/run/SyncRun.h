@@ -50,7 +50,8 @@ private:
     [[nodiscard]] std::optional<SyncQuestion> lookAtBoth();
     [[nodiscard]] std::optional<SyncQuestion> questionOfFolder();
     [[nodiscard]] std::optional<SyncQuestion> questionOf(const SyncPlanner& planner) const;
-    void ask(const SyncQuestion& question);
+    [[nodiscard]] SyncAnswer ask(const SyncQuestion& question);
+    void heed(const SyncQuestion& question, const SyncAnswer& answer);
     void loadManifests();
     void scan(SyncSide::Leftovers leftovers);
     [[nodiscard]] SyncPlanner makePlanner();

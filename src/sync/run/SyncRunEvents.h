@@ -4,6 +4,7 @@
 #include "sync/plan/SyncReport.h"
 
 #include <functional>
+#include <optional>
 
 namespace tessary {
 
@@ -11,6 +12,8 @@ namespace tessary {
 struct SyncRunEvents {
     std::function<void(const QString& message)> status;
     std::function<void(const SyncProgress&)> progress; ///< also for each piece of a file
+    /// What was said beforehand of any such question; no value: the user is asked. May be empty.
+    std::function<std::optional<SyncAnswer>(const SyncQuestion&)> answer;
     /// Blocks until the user has answered. No function: SyncAnswer::stop().
     std::function<SyncAnswer(const SyncQuestion&)> ask;
 };
