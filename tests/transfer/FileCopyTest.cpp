@@ -1,5 +1,6 @@
 #include "transfer/copy/FileCopy.h"
 
+#include "base/threads/CancellationError.h"
 #include "support/CodeOf.h"
 #include "support/QtPrinters.h"
 #include "transfer/CopySides.h"
@@ -172,6 +173,28 @@ TEST(LargeFiles, beginAnewWhenTheSourceChanged) {
     source.put(s("film"), other, noon.addSecs(1));
     EXPECT_EQ(run(requestFor(source, target, ClashAnswer::skip)).end(), CopyOutcome::End::done);
     EXPECT_EQ(target.contents().value(s("film")), other);
+}
+
+/// However old the file is: its part is not.
+TEST(LargeFiles, areNotFetchedAgainWhenTheirComparisonWasCancelled) {
+    MemorySide source({.pieceSize = 100'000, .queue = std::make_shared<PhoneQueue>()});
+    DiskSide target;
+    const QByteArray content(6'000'000, 'a');
+    source.put(s("film"), content, noon);
+    std::stop_source stop;
+    source.memory->beforeEach([&](const MemoryFileSystem::Request& request) {
+        if (request.operation == Operation::find)
+            stop.request_stop(); // when all is across
+    });
+    FileCopy copy{*source.files(), source.memory->item(source.at(s("film"))), *target.files(),
+                  target.root(), s("film")};
+    copy.verifies = true;
+    EXPECT_THROW(copyFile(copy, {}, stop.get_token()), CancellationError);
+    const auto before = source.memory->bytes(Operation::read);
+    EXPECT_EQ(run(requestFor(source, target, ClashAnswer::skip)).end(), CopyOutcome::End::done);
+    EXPECT_LT(source.memory->bytes(Operation::read) - before, 1'500'000);
+    EXPECT_EQ(target.contents(), (Contents{{s("film"), content}}));
+    EXPECT_EQ(require(*target.files(), target.at(s("film")), {}).modifiedDate, noon);
 }
 
 } // namespace

@@ -120,7 +120,8 @@ FileItem dated(PhoneFileSystem& to, FileItem item, const FilePut& put,
         return item;
     try {
         to.setModified(item, *put.modified, call);
-        item.modifiedDate = put.modified;
+        if (const auto now = to.find(item.path, call)) // in the steps that dates go there
+            item.modifiedDate = now->modifiedDate;
     } catch (const Error& error) {
         if (endsEverything(error))
             throw;
@@ -155,9 +156,12 @@ bool isAsSeen(const FileItem& seen, const FileItem& now) {
 namespace {
 
 /// Writes the part, or what is missing of it.
-FileItem writePart(PhoneFileSystem& to, const FilePut& put, const QString& name,
+FileItem writePart(PhoneFileSystem& to, const FilePut& put, const QString& name, bool isDatedLater,
                    const ByteSource& content, const ByteProgress& progress, const Call& call) {
-    const NewFile whole{put.folder, name, put.size, put.modified, put.staysWhenBroken};
+    NewFile whole{put.folder, name, put.size, put.modified, put.staysWhenBroken};
+    // By the date of its last byte a part is told from an old one.
+    if (put.staysWhenBroken && isDatedLater)
+        whole.modified.reset();
     const auto removeBroken = [&] {
         const Call last{{}, call.urgency};
         if (const auto broken = to.find(joinPath(put.folder, name), last))
@@ -215,16 +219,29 @@ FileItem putFile(PhoneFileSystem& to, const FilePut& put, const ByteSource& cont
                               : put.partName ? *put.partName
                                              : newPartName(call.partOwner);
     const PartInUse use(writtenAs);
-    PartOnTarget part(to, writePart(to, put, writtenAs, content, progress, call), call);
-    throwIfStopped(call.stop);
-    part.setItem(dated(to, part.item(), put, can, call));
-    if (beforeNaming)
-        beforeNaming(part.item());
-    if (!can.renames) {
+    PartOnTarget part(to, writePart(to, put, writtenAs, can.setsDates, content, progress, call),
+                      call);
+    const auto keepForLater = [&] {
+        if (put.staysWhenBroken && part.item().name == writtenAs)
+            part.keep();
+    };
+    try {
+        throwIfStopped(call.stop);
+        if (beforeNaming)
+            beforeNaming(part.item());
+        part.setItem(dated(to, part.item(), put, can, call));
+        if (can.renames)
+            return giveName(to, put, can.renamesOntoTaken, part, call);
         part.keep();
         return part.item();
+    } catch (const CancellationError&) {
+        keepForLater();
+        throw;
+    } catch (const Error& error) {
+        if (endsEverything(error))
+            keepForLater();
+        throw;
     }
-    return giveName(to, put, can.renamesOntoTaken, part, call);
 }
 
 FileItem copyFile(const FileCopy& copy, const ByteProgress& progress, const Call& call) {

@@ -31,7 +31,8 @@ struct FilePut {
 /// again: when it is not what `replaces` says (size, date, kind), it stays and PhoneError::changed
 /// (LocalError::changed here) is thrown; a name that was free and is taken now is a taken one.
 /// Whatever fails, the old file is there, or the new one waits under a name that tidied() finishes.
-/// `beforeNaming` is called when all bytes are across; what it throws takes the new file away.
+/// `beforeNaming` is called when all bytes are across; what it throws takes the new file away,
+/// unless it was cancelled, or the phone lost, and the file can be gone on with.
 ///
 /// Where nothing can be renamed, the file goes straight to its name, and replacing is
 /// PhoneError::notSupported.
