@@ -5,9 +5,9 @@
 
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
 
 #include <algorithm>
+#include <vector>
 
 namespace tessary {
 
@@ -41,54 +41,32 @@ QColor colourOf(const CopyJob& job, const QPalette& palette) {
 
 /// The strokes that say how a job stands, in a square of 24 units: a tick, a cross, two bars, or an
 /// arrow in the direction of the copy.
-QPainterPath strokesOf(const CopyJob& job) {
+std::vector<QLineF> strokesOf(const CopyJob& job) {
     using Status = CopyJob::Status;
-    QPainterPath path;
     switch (job.status) {
     case Status::done:
-        path.moveTo(7, 12.5);
-        path.lineTo(10.5, 16);
-        path.lineTo(17, 8.5);
-        return path;
+        return {{7, 12.5, 10.5, 16}, {10.5, 16, 17, 8.5}};
     case Status::failed:
     case Status::cancelled:
-        path.moveTo(8.5, 8.5);
-        path.lineTo(15.5, 15.5);
-        path.moveTo(15.5, 8.5);
-        path.lineTo(8.5, 15.5);
-        return path;
+        return {{8.5, 8.5, 15.5, 15.5}, {15.5, 8.5, 8.5, 15.5}};
     case Status::incomplete:
-        path.moveTo(12, 7);
-        path.lineTo(12, 13);
-        path.moveTo(12, 16.6);
-        path.lineTo(12, 16.9);
-        return path;
+        return {{12, 7, 12, 13}, {12, 16.6, 12, 16.9}};
     case Status::paused:
-        path.moveTo(9.5, 8);
-        path.lineTo(9.5, 16);
-        path.moveTo(14.5, 8);
-        path.lineTo(14.5, 16);
-        return path;
+        return {{9.5, 8, 9.5, 16}, {14.5, 8, 14.5, 16}};
     case Status::queued:
     case Status::running:
         break;
     }
-    const bool isUp = job.direction == CopyJob::Direction::toPhone;
-    const double tip = isUp ? 6.5 : 17.5;
-    const double wing = isUp ? 11.5 : 12.5;
-    path.moveTo(12, isUp ? 17.5 : 6.5);
-    path.lineTo(12, tip);
-    path.moveTo(7, wing);
-    path.lineTo(12, tip);
-    path.lineTo(17, wing);
-    return path;
+    if (job.direction == CopyJob::Direction::toPhone)
+        return {{12, 17.5, 12, 6.5}, {7, 11.5, 12, 6.5}, {12, 6.5, 17, 11.5}};
+    return {{12, 6.5, 12, 17.5}, {7, 12.5, 12, 17.5}, {12, 17.5, 17, 12.5}};
 }
 
 /// A disc with the strokes in it: filled once the job has ended, for what is under way a ring.
 void paintMark(QPainter& painter, const QRectF& place, const CopyJob& job,
                const QPalette& palette) {
     constexpr double units = 24;
-    constexpr double stroke = 2;
+    constexpr double width = 2;
     const QColor colour = colourOf(job, palette);
     painter.save();
     painter.translate(place.topLeft());
@@ -100,9 +78,10 @@ void paintMark(QPainter& painter, const QRectF& place, const CopyJob& job,
     painter.setBrush(ground);
     painter.drawEllipse(QRectF(1, 1, units - 2, units - 2));
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(job.isFinished() ? QColor(Qt::white) : colour, stroke, Qt::SolidLine,
+    painter.setPen(QPen(job.isFinished() ? QColor(Qt::white) : colour, width, Qt::SolidLine,
                         Qt::RoundCap, Qt::RoundJoin));
-    painter.drawPath(strokesOf(job));
+    for (const QLineF& stroke : strokesOf(job))
+        painter.drawLine(stroke);
     painter.restore();
 }
 
