@@ -1,8 +1,10 @@
 #include "WindowFixture.h"
 #include "views/common/StatusBanner.h"
 
+#include <QClipboard>
 #include <QLabel>
 #include <QPushButton>
+#include <QToolButton>
 
 namespace tessary {
 namespace {
@@ -54,6 +56,30 @@ TEST_F(WindowTroubleTest, answersCountOnlyForThePhoneThatWasAskedAbout) {
     EXPECT_FALSE(window_->browser().isEditing());
     for (const QLabel* label : window_->findChildren<QLabel*>())
         EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->text().toStdString();
+}
+
+TEST_F(WindowTroubleTest, theNumbersBehindAFailureAreFoldedAwayAndCanBeCopied) {
+    openFolder();
+    phone_.fault([](VirtualFaults& faults) {
+        faults.errors[static_cast<std::uint16_t>(MTPOperationCode::deleteObject)] = {
+            static_cast<std::uint16_t>(MTPResponseCode::accessDenied), true};
+    });
+    click(u"alpha.txt"_s);
+    whileAsked(u"Delete"_s, [] {});
+    press(Qt::Key_Delete);
+    auto* banner = window_->findChild<StatusBanner*>();
+    ASSERT_TRUE(wait([&] { return banner->isVisible(); }));
+    auto* fold = banner->findChild<QToolButton*>(u"errorDetailsFold"_s);
+    const auto* text = banner->findChild<QLabel*>(u"errorDetailsText"_s);
+    ASSERT_TRUE(fold->isVisible());
+    EXPECT_FALSE(text->isVisible());
+    QTest::keyClick(fold, Qt::Key_Space);
+    EXPECT_TRUE(text->isVisible());
+    EXPECT_TRUE(text->text().contains(u"0x200f"_s)) << text->text().toStdString();
+    QTest::mouseClick(banner->findChild<QToolButton*>(u"errorDetailsCopy"_s), Qt::LeftButton);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), text->text());
+    window_->browser().showProblem({BrowserProblem::What::otherFolder, {}, 1, 1, {}});
+    EXPECT_FALSE(fold->isVisible()) << "there is nothing behind it";
 }
 
 TEST_F(WindowTroubleTest, aHeldPhoneIsToldOnceWithOneButton) {

@@ -185,6 +185,7 @@ void AppListView::show() {
         placeholder_->show(QStringLiteral("dialog-error"), tr("Connection Failed"),
                            words.advice + QLatin1Char('\n') + words.what, tr("Retry"),
                            [this] { apps_.reload(); });
+        placeholder_->setDetails(words.details);
         break;
     }
     stack_->setCurrentWidget(placeholder_);

@@ -30,6 +30,7 @@ bool FolderNotice::takeState() {
         show(QStringLiteral("dialog-error"), tr("Connection Failed"),
              words.what + QLatin1Char('\n') + words.advice, tr("Retry"),
              [this] { browser_.reload(); });
+        setDetails(words.details);
         return true;
     case BrowserState::ready:
         break;

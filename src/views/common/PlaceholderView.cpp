@@ -1,5 +1,6 @@
 #include "views/common/PlaceholderView.h"
 
+#include "views/common/ErrorDetails.h"
 #include "views/common/Icons.h"
 
 #include <QLabel>
@@ -14,6 +15,7 @@ PlaceholderView::PlaceholderView(QWidget* parent)
       picture_(new QLabel),
       title_(new QLabel),
       detail_(new QLabel),
+      details_(new ErrorDetails),
       button_(new QPushButton),
       other_(new QPushButton),
       busy_(new QProgressBar) {
@@ -51,6 +53,7 @@ PlaceholderView::PlaceholderView(QWidget* parent)
     content->addSpacing(4);
     content->addWidget(button_, 0, Qt::AlignHCenter);
     content->addWidget(other_, 0, Qt::AlignHCenter);
+    content->addWidget(details_);
     auto* outer = new QVBoxLayout(this);
     outer->addStretch(2);
     outer->addWidget(column, 0, Qt::AlignHCenter);
@@ -67,10 +70,15 @@ void PlaceholderView::show(const QString& iconName, const QString& title, const 
     button_->setText(actionTitle);
     button_->setVisible(static_cast<bool>(action_));
     other_->setVisible(false);
+    details_->setText({});
     busy_->setVisible(isBusy);
     busy_->setAccessibleName(title);
     setAccessibleName(title);
     setAccessibleDescription(detail);
+}
+
+void PlaceholderView::setDetails(const QString& details) {
+    details_->setText(details);
 }
 
 void PlaceholderView::addChoice(const QString& title, std::function<void()> action) {

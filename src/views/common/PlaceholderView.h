@@ -10,6 +10,8 @@ class QPushButton;
 
 namespace tessary {
 
+class ErrorDetails;
+
 /// A picture and a few words where there are no files to show, with a step or two to take.
 class PlaceholderView : public QWidget {
 public:
@@ -19,6 +21,8 @@ public:
     void show(const QString& iconName, const QString& title, const QString& detail,
               const QString& actionTitle = {}, std::function<void()> action = {},
               bool isBusy = false);
+    /// Until the next show(): ErrorText::details of what is said.
+    void setDetails(const QString& details);
     /// Until the next show(): another step, after the first.
     void addChoice(const QString& title, std::function<void()> action);
 
@@ -26,6 +30,7 @@ private:
     QLabel* picture_;
     QLabel* title_;
     QLabel* detail_;
+    ErrorDetails* details_;
     QPushButton* button_;
     QPushButton* other_;
     QProgressBar* busy_;

@@ -1,6 +1,7 @@
 #include "views/common/StatusBanner.h"
 
 #include "app/LanguageManager.h"
+#include "views/common/ErrorDetails.h"
 #include "views/common/Icons.h"
 
 #include <QEvent>
@@ -42,6 +43,7 @@ StatusBanner::StatusBanner(QWidget* parent)
       icon_(new QLabel),
       text_(new QLabel),
       advice_(new QLabel),
+      details_(new ErrorDetails),
       buttons_(new QHBoxLayout),
       close_(new QToolButton) {
     setObjectName(QStringLiteral("statusBanner"));
@@ -68,6 +70,7 @@ StatusBanner::StatusBanner(QWidget* parent)
     texts->setSpacing(2);
     texts->addWidget(text_);
     texts->addWidget(advice_);
+    texts->addWidget(details_);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(14, 10, 8, 10);
     row->setSpacing(12);
@@ -88,6 +91,7 @@ void StatusBanner::show(const BannerMessage& message) {
     text_->setText(message.text);
     advice_->setText(message.advice);
     advice_->setVisible(!message.advice.isEmpty());
+    details_->setText(message.details);
     close_->setVisible(message.canBeClosed);
     if (!keepsButtons)
         makeButtons();

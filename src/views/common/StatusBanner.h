@@ -12,6 +12,8 @@ class QToolButton;
 
 namespace tessary {
 
+class ErrorDetails;
+
 /// One step that a banner offers.
 struct BannerAction {
     QString title;
@@ -21,9 +23,10 @@ struct BannerAction {
 struct BannerMessage {
     enum class Kind { information, warning, error };
     Kind kind = Kind::information;
-    QString text;   ///< what happened
-    QString advice; ///< what to do; may be empty
-    std::vector<BannerAction> actions;
+    QString text;      ///< what happened
+    QString advice;    ///< what to do; may be empty
+    QString details{}; ///< the protocol's numbers; may be empty
+    std::vector<BannerAction> actions{};
     bool canBeClosed = true;
     std::function<void()> closed{}; ///< by the user
 };
@@ -50,6 +53,7 @@ private:
     QLabel* icon_;
     QLabel* text_;
     QLabel* advice_;
+    ErrorDetails* details_;
     QHBoxLayout* buttons_;
     QToolButton* close_;
     BannerMessage message_;

@@ -189,6 +189,7 @@ void ImportView::show() {
     case State::failed: {
         const ErrorText words = errorText(*import_.problem());
         showPlaceholder(QStringLiteral("dialog-error"), words.what, words.advice);
+        placeholder_->setDetails(words.details);
         proceed_->setText(tr("Retry"));
         break;
     }
@@ -298,6 +299,7 @@ void ImportView::showRemoval() {
     const bool isAll = words.advice.isEmpty() && !removal.isCancelled;
     showPlaceholder(isAll ? QStringLiteral("dialog-ok") : QStringLiteral("dialog-warning"),
                     words.what, words.advice);
+    placeholder_->setDetails(words.details);
     proceed_->setText(tr("Import More"));
 }
 

@@ -121,6 +121,7 @@ BannerMessage GeneralNotices::ofRemoval(const ImportRemoval& removal) {
         words.advice.isEmpty() ? BannerMessage::Kind::information : BannerMessage::Kind::warning;
     message.text = words.what;
     message.advice = words.advice;
+    message.details = words.details;
     message.closed = [this] {
         removal_.reset();
         Q_EMIT changed();

@@ -55,6 +55,7 @@ void LocalPane::showProblem() {
     message.kind = BannerMessage::Kind::error;
     message.text = words.what;
     message.advice = words.advice;
+    message.details = words.details;
     message.closed = [this] { browser_.dismissProblem(); };
     banner_->show(message);
 }

@@ -61,6 +61,7 @@ void WindowBanner::showTrouble(const DeviceTrouble& trouble) {
     message.kind = BannerMessage::Kind::warning;
     message.text = words.what;
     message.advice = words.advice;
+    message.details = words.details;
     message.canBeClosed = false;
     if (trouble.isHeld())
         message.actions.push_back({tr("Release the Phone"), [this] { releaseDevice(); }});
@@ -73,6 +74,7 @@ void WindowBanner::showProblem(const BrowserProblem& problem) {
     message.kind = BannerMessage::Kind::error;
     message.text = words.what;
     message.advice = words.advice;
+    message.details = words.details;
     if (parts_.browser.isProblemOfLoad())
         message.actions.push_back({tr("Retry"), [this] {
                                        parts_.browser.dismissProblem();

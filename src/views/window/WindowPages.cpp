@@ -40,6 +40,7 @@ QWidget* WindowPages::wanted() {
         notice_->show(QStringLiteral("dialog-warning"), words.what, words.advice,
                       trouble->isHeld() ? tr("Release the Phone") : QString(),
                       [this] { banner_.releaseDevice(); });
+        notice_->setDetails(words.details);
         return notice_;
     }
     return pages_.files;

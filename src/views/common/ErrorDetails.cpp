@@ -1,0 +1,68 @@
+#include "views/common/ErrorDetails.h"
+
+#include "app/LanguageManager.h"
+#include "views/common/Icons.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QToolButton>
+
+namespace tessary {
+
+ErrorDetails::ErrorDetails(QWidget* parent)
+    : QWidget(parent),
+      fold_(new QToolButton),
+      page_(new QWidget),
+      text_(new QLabel),
+      copy_(new QToolButton) {
+    setObjectName(QStringLiteral("errorDetails"));
+    fold_->setObjectName(QStringLiteral("errorDetailsFold"));
+    fold_->setCheckable(true);
+    fold_->setAutoRaise(true);
+    fold_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    text_->setObjectName(QStringLiteral("errorDetailsText"));
+    text_->setWordWrap(true);
+    text_->setTextFormat(Qt::PlainText);
+    text_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    text_->setForegroundRole(QPalette::PlaceholderText);
+    copy_->setObjectName(QStringLiteral("errorDetailsCopy"));
+    copy_->setAutoRaise(true);
+    copy_->setIcon(icon("edit-copy"));
+    connect(fold_, &QToolButton::toggled, this, &ErrorDetails::unfold);
+    connect(copy_, &QToolButton::clicked, this,
+            [this] { QGuiApplication::clipboard()->setText(text_->text()); });
+
+    auto* line = new QHBoxLayout(page_);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->addWidget(text_, 1);
+    line->addWidget(copy_, 0, Qt::AlignTop);
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(fold_, 0, Qt::AlignTop);
+    row->addWidget(page_, 1);
+    keepTranslated(this, [this] {
+        fold_->setText(tr("Details"));
+        copy_->setAccessibleName(tr("Copy Details"));
+        copy_->setToolTip(tr("Copy Details"));
+    });
+    setText({});
+}
+
+void ErrorDetails::setText(const QString& details) {
+    setVisible(!details.isEmpty());
+    if (details == text_->text() && !details.isEmpty())
+        return;
+    text_->setText(details);
+    text_->setAccessibleName(details);
+    fold_->setChecked(false);
+    unfold(false);
+}
+
+void ErrorDetails::unfold(bool isOpen) {
+    fold_->setArrowType(isOpen ? Qt::DownArrow : Qt::RightArrow);
+    page_->setVisible(isOpen);
+}
+
+} // namespace tessary
