@@ -1238,6 +1238,18 @@
         <source>“%1” could not be opened: no program for it was found, or it did not start.</source>
         <translation>„%1“ konnte nicht geöffnet werden: Es wurde kein Programm dafür gefunden, oder es ist nicht gestartet.</translation>
     </message>
+    <message>
+        <source>Folders cannot be dragged to other programs here.</source>
+        <translation>Ordner können hier nicht in andere Programme gezogen werden.</translation>
+    </message>
+    <message>
+        <source>Copy it to this computer first.</source>
+        <translation>Kopieren Sie es zuerst auf diesen Computer.</translation>
+    </message>
+    <message>
+        <source>“%1” takes too long to be copied while it is dragged.</source>
+        <translation>„%1“ zu kopieren dauert für ein Ziehen zu lange.</translation>
+    </message>
 </context>
 <context>
     <name>QPlatformTheme</name>
@@ -1764,6 +1776,17 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::ErrorDetails</name>
+    <message>
+        <source>Details</source>
+        <translation>Einzelheiten</translation>
+    </message>
+    <message>
+        <source>Copy Details</source>
+        <translation>Einzelheiten kopieren</translation>
     </message>
 </context>
 <context>
@@ -2309,6 +2332,24 @@
     <message>
         <source>Faster and sees more. Needs USB debugging on the phone.</source>
         <translation>Schneller und sieht mehr. Braucht USB-Debugging auf dem Telefon.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::OpenProgress</name>
+    <message>
+        <source>Fetching “%1” to open it…</source>
+        <translation>„%1“ wird zum Öffnen geholt …</translation>
+    </message>
+    <message numerus="yes">
+        <source>Fetching %Ln files to open them…</source>
+        <translation>
+            <numerusform>%Ln Datei wird zum Öffnen geholt …</numerusform>
+            <numerusform>%Ln Dateien werden zum Öffnen geholt …</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
     </message>
 </context>
 <context>

@@ -217,6 +217,16 @@
     </message>
 </context>
 <context>
+    <name>tessary::OpenProgress</name>
+    <message numerus="yes">
+        <source>Fetching %Ln files to open them…</source>
+        <translation>
+            <numerusform>Fetching %Ln file to open it…</numerusform>
+            <numerusform>Fetching %Ln files to open them…</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>tessary::PropertiesDialog</name>
     <message numerus="yes">
         <source>%1 bytes</source>

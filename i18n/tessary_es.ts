@@ -1238,6 +1238,18 @@
         <source>“%1” could not be opened: no program for it was found, or it did not start.</source>
         <translation>No se pudo abrir «%1»: no se encontró ningún programa para ello o no se inició.</translation>
     </message>
+    <message>
+        <source>Folders cannot be dragged to other programs here.</source>
+        <translation>Aquí no se pueden arrastrar carpetas a otros programas.</translation>
+    </message>
+    <message>
+        <source>Copy it to this computer first.</source>
+        <translation>Cópialo antes en este ordenador.</translation>
+    </message>
+    <message>
+        <source>“%1” takes too long to be copied while it is dragged.</source>
+        <translation>«%1» tarda demasiado en copiarse mientras se arrastra.</translation>
+    </message>
 </context>
 <context>
     <name>QPlatformTheme</name>
@@ -1764,6 +1776,17 @@
     <message>
         <source>Cancel</source>
         <translation>Cancelar</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::ErrorDetails</name>
+    <message>
+        <source>Details</source>
+        <translation>Detalles</translation>
+    </message>
+    <message>
+        <source>Copy Details</source>
+        <translation>Copiar los detalles</translation>
     </message>
 </context>
 <context>
@@ -2309,6 +2332,24 @@
     <message>
         <source>Faster and sees more. Needs USB debugging on the phone.</source>
         <translation>Más rápido y ve más. Requiere depuración USB en el teléfono.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::OpenProgress</name>
+    <message>
+        <source>Fetching “%1” to open it…</source>
+        <translation>Obteniendo «%1» para abrirlo…</translation>
+    </message>
+    <message numerus="yes">
+        <source>Fetching %Ln files to open them…</source>
+        <translation>
+            <numerusform>Obteniendo %Ln archivo para abrirlo…</numerusform>
+            <numerusform>Obteniendo %Ln archivos para abrirlos…</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Abrir</translation>
     </message>
 </context>
 <context>

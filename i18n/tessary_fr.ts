@@ -1238,6 +1238,18 @@
         <source>“%1” could not be opened: no program for it was found, or it did not start.</source>
         <translation>«&#xa0;%1&#xa0;» n’a pas pu être ouvert&#xa0;: aucun programme n’a été trouvé pour cela, ou il n’a pas démarré.</translation>
     </message>
+    <message>
+        <source>Folders cannot be dragged to other programs here.</source>
+        <translation>Les dossiers ne peuvent pas être glissés ici vers d’autres programmes.</translation>
+    </message>
+    <message>
+        <source>Copy it to this computer first.</source>
+        <translation>Copiez-le d’abord sur cet ordinateur.</translation>
+    </message>
+    <message>
+        <source>“%1” takes too long to be copied while it is dragged.</source>
+        <translation>La copie de « %1 » est trop longue pour un glisser-déposer.</translation>
+    </message>
 </context>
 <context>
     <name>QPlatformTheme</name>
@@ -1764,6 +1776,17 @@
     <message>
         <source>Cancel</source>
         <translation>Annuler</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::ErrorDetails</name>
+    <message>
+        <source>Details</source>
+        <translation>Détails</translation>
+    </message>
+    <message>
+        <source>Copy Details</source>
+        <translation>Copier les détails</translation>
     </message>
 </context>
 <context>
@@ -2309,6 +2332,24 @@
     <message>
         <source>Faster and sees more. Needs USB debugging on the phone.</source>
         <translation>Plus rapide et voit davantage. Nécessite le débogage USB sur le téléphone.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::OpenProgress</name>
+    <message>
+        <source>Fetching “%1” to open it…</source>
+        <translation>Récupération de « %1 » pour l’ouvrir…</translation>
+    </message>
+    <message numerus="yes">
+        <source>Fetching %Ln files to open them…</source>
+        <translation>
+            <numerusform>Récupération de %Ln fichier pour l’ouvrir…</numerusform>
+            <numerusform>Récupération de %Ln fichiers pour les ouvrir…</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Ouvrir</translation>
     </message>
 </context>
 <context>

@@ -1238,6 +1238,18 @@
         <source>“%1” could not be opened: no program for it was found, or it did not start.</source>
         <translation>Impossibile aprire «%1»: non è stato trovato un programma adatto, oppure non si è avviato.</translation>
     </message>
+    <message>
+        <source>Folders cannot be dragged to other programs here.</source>
+        <translation>Qui le cartelle non possono essere trascinate in altri programmi.</translation>
+    </message>
+    <message>
+        <source>Copy it to this computer first.</source>
+        <translation>Copialo prima su questo computer.</translation>
+    </message>
+    <message>
+        <source>“%1” takes too long to be copied while it is dragged.</source>
+        <translation>La copia di «%1» richiede troppo tempo durante il trascinamento.</translation>
+    </message>
 </context>
 <context>
     <name>QPlatformTheme</name>
@@ -1764,6 +1776,17 @@
     <message>
         <source>Cancel</source>
         <translation>Annulla</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::ErrorDetails</name>
+    <message>
+        <source>Details</source>
+        <translation>Dettagli</translation>
+    </message>
+    <message>
+        <source>Copy Details</source>
+        <translation>Copia i dettagli</translation>
     </message>
 </context>
 <context>
@@ -2309,6 +2332,24 @@
     <message>
         <source>Faster and sees more. Needs USB debugging on the phone.</source>
         <translation>Più veloce e vede di più. Richiede il debug USB sul telefono.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::OpenProgress</name>
+    <message>
+        <source>Fetching “%1” to open it…</source>
+        <translation>Recupero di «%1» per aprirlo…</translation>
+    </message>
+    <message numerus="yes">
+        <source>Fetching %Ln files to open them…</source>
+        <translation>
+            <numerusform>Recupero di %Ln file per aprirlo…</numerusform>
+            <numerusform>Recupero di %Ln file per aprirli…</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Apri</translation>
     </message>
 </context>
 <context>

@@ -1232,6 +1232,18 @@
         <source>“%1” could not be opened: no program for it was found, or it did not start.</source>
         <translation>「%1」を開けませんでした: 対応するプログラムが見つからないか、起動しませんでした。</translation>
     </message>
+    <message>
+        <source>Folders cannot be dragged to other programs here.</source>
+        <translation>ここではフォルダをほかのプログラムへドラッグできません。</translation>
+    </message>
+    <message>
+        <source>Copy it to this computer first.</source>
+        <translation>先にこのコンピュータへコピーしてください。</translation>
+    </message>
+    <message>
+        <source>“%1” takes too long to be copied while it is dragged.</source>
+        <translation>「%1」のコピーには、ドラッグ中では間に合わない時間がかかります。</translation>
+    </message>
 </context>
 <context>
     <name>QPlatformTheme</name>
@@ -1749,6 +1761,17 @@
     <message>
         <source>Cancel</source>
         <translation>キャンセル</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::ErrorDetails</name>
+    <message>
+        <source>Details</source>
+        <translation>詳細</translation>
+    </message>
+    <message>
+        <source>Copy Details</source>
+        <translation>詳細をコピー</translation>
     </message>
 </context>
 <context>
@@ -2283,6 +2306,23 @@
     <message>
         <source>Faster and sees more. Needs USB debugging on the phone.</source>
         <translation>高速で、より多くの項目を表示します。デバイスのUSBデバッグが必要です。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::OpenProgress</name>
+    <message>
+        <source>Fetching “%1” to open it…</source>
+        <translation>「%1」を開くために取得しています…</translation>
+    </message>
+    <message numerus="yes">
+        <source>Fetching %Ln files to open them…</source>
+        <translation>
+            <numerusform>%Ln 個のファイルを開くために取得しています…</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>開く</translation>
     </message>
 </context>
 <context>

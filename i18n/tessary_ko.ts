@@ -1232,6 +1232,18 @@
         <source>“%1” could not be opened: no program for it was found, or it did not start.</source>
         <translation>“%1”을(를) 열 수 없습니다: 알맞은 프로그램이 없거나 시작되지 않았습니다.</translation>
     </message>
+    <message>
+        <source>Folders cannot be dragged to other programs here.</source>
+        <translation>여기에서는 폴더를 다른 프로그램으로 끌어 놓을 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>Copy it to this computer first.</source>
+        <translation>먼저 이 컴퓨터로 복사하세요.</translation>
+    </message>
+    <message>
+        <source>“%1” takes too long to be copied while it is dragged.</source>
+        <translation>“%1”은(는) 끌어 놓는 동안 복사하기에는 시간이 너무 오래 걸립니다.</translation>
+    </message>
 </context>
 <context>
     <name>QPlatformTheme</name>
@@ -1749,6 +1761,17 @@
     <message>
         <source>Cancel</source>
         <translation>취소</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::ErrorDetails</name>
+    <message>
+        <source>Details</source>
+        <translation>자세히</translation>
+    </message>
+    <message>
+        <source>Copy Details</source>
+        <translation>자세한 내용 복사</translation>
     </message>
 </context>
 <context>
@@ -2283,6 +2306,23 @@
     <message>
         <source>Faster and sees more. Needs USB debugging on the phone.</source>
         <translation>더 빠르고 더 많이 보여 줍니다. 휴대폰의 USB 디버깅이 필요합니다.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::OpenProgress</name>
+    <message>
+        <source>Fetching “%1” to open it…</source>
+        <translation>“%1”을(를) 열기 위해 가져오는 중…</translation>
+    </message>
+    <message numerus="yes">
+        <source>Fetching %Ln files to open them…</source>
+        <translation>
+            <numerusform>파일 %Ln개를 열기 위해 가져오는 중…</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>열기</translation>
     </message>
 </context>
 <context>

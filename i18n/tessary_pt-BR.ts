@@ -1238,6 +1238,18 @@
         <source>“%1” could not be opened: no program for it was found, or it did not start.</source>
         <translation>Não foi possível abrir “%1”: nenhum programa para isso foi encontrado, ou ele não iniciou.</translation>
     </message>
+    <message>
+        <source>Folders cannot be dragged to other programs here.</source>
+        <translation>Aqui não é possível arrastar pastas para outros programas.</translation>
+    </message>
+    <message>
+        <source>Copy it to this computer first.</source>
+        <translation>Copie-o primeiro para este computador.</translation>
+    </message>
+    <message>
+        <source>“%1” takes too long to be copied while it is dragged.</source>
+        <translation>A cópia de “%1” demora demais para ser feita enquanto se arrasta.</translation>
+    </message>
 </context>
 <context>
     <name>QPlatformTheme</name>
@@ -1764,6 +1776,17 @@
     <message>
         <source>Cancel</source>
         <translation>Cancelar</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::ErrorDetails</name>
+    <message>
+        <source>Details</source>
+        <translation>Detalhes</translation>
+    </message>
+    <message>
+        <source>Copy Details</source>
+        <translation>Copiar detalhes</translation>
     </message>
 </context>
 <context>
@@ -2309,6 +2332,24 @@
     <message>
         <source>Faster and sees more. Needs USB debugging on the phone.</source>
         <translation>Mais rápido e vê mais. Requer depuração USB no telefone.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::OpenProgress</name>
+    <message>
+        <source>Fetching “%1” to open it…</source>
+        <translation>Obtendo “%1” para abrir…</translation>
+    </message>
+    <message numerus="yes">
+        <source>Fetching %Ln files to open them…</source>
+        <translation>
+            <numerusform>Obtendo %Ln arquivo para abrir…</numerusform>
+            <numerusform>Obtendo %Ln arquivos para abrir…</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Abrir</translation>
     </message>
 </context>
 <context>

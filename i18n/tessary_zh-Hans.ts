@@ -1232,6 +1232,18 @@
         <source>“%1” could not be opened: no program for it was found, or it did not start.</source>
         <translation>无法打开“%1”：找不到适用的程序，或程序未能启动。</translation>
     </message>
+    <message>
+        <source>Folders cannot be dragged to other programs here.</source>
+        <translation>此处无法将文件夹拖到其他程序。</translation>
+    </message>
+    <message>
+        <source>Copy it to this computer first.</source>
+        <translation>请先将其复制到此电脑。</translation>
+    </message>
+    <message>
+        <source>“%1” takes too long to be copied while it is dragged.</source>
+        <translation>复制“%1”所需的时间太长，无法在拖动时完成。</translation>
+    </message>
 </context>
 <context>
     <name>QPlatformTheme</name>
@@ -1749,6 +1761,17 @@
     <message>
         <source>Cancel</source>
         <translation>取消</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::ErrorDetails</name>
+    <message>
+        <source>Details</source>
+        <translation>详细信息</translation>
+    </message>
+    <message>
+        <source>Copy Details</source>
+        <translation>复制详细信息</translation>
     </message>
 </context>
 <context>
@@ -2283,6 +2306,23 @@
     <message>
         <source>Faster and sees more. Needs USB debugging on the phone.</source>
         <translation>更快，可见内容更多。需要在手机上开启 USB 调试。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::OpenProgress</name>
+    <message>
+        <source>Fetching “%1” to open it…</source>
+        <translation>正在获取“%1”以便打开…</translation>
+    </message>
+    <message numerus="yes">
+        <source>Fetching %Ln files to open them…</source>
+        <translation>
+            <numerusform>正在获取 %Ln 个文件以便打开…</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>打开</translation>
     </message>
 </context>
 <context>

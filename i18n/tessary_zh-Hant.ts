@@ -1232,6 +1232,18 @@
         <source>“%1” could not be opened: no program for it was found, or it did not start.</source>
         <translation>無法開啟「%1」：找不到適用的程式，或程式未能啟動。</translation>
     </message>
+    <message>
+        <source>Folders cannot be dragged to other programs here.</source>
+        <translation>此處無法將資料夾拖曳到其他程式。</translation>
+    </message>
+    <message>
+        <source>Copy it to this computer first.</source>
+        <translation>請先將其複製到此電腦。</translation>
+    </message>
+    <message>
+        <source>“%1” takes too long to be copied while it is dragged.</source>
+        <translation>複製「%1」所需的時間太長，無法在拖曳時完成。</translation>
+    </message>
 </context>
 <context>
     <name>QPlatformTheme</name>
@@ -1749,6 +1761,17 @@
     <message>
         <source>Cancel</source>
         <translation>取消</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::ErrorDetails</name>
+    <message>
+        <source>Details</source>
+        <translation>詳細資訊</translation>
+    </message>
+    <message>
+        <source>Copy Details</source>
+        <translation>複製詳細資訊</translation>
     </message>
 </context>
 <context>
@@ -2283,6 +2306,23 @@
     <message>
         <source>Faster and sees more. Needs USB debugging on the phone.</source>
         <translation>更快，可見內容更多。需要在手機上開啟 USB 偵錯。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::OpenProgress</name>
+    <message>
+        <source>Fetching “%1” to open it…</source>
+        <translation>正在取得「%1」以便開啟…</translation>
+    </message>
+    <message numerus="yes">
+        <source>Fetching %Ln files to open them…</source>
+        <translation>
+            <numerusform>正在取得 %Ln 個檔案以便開啟…</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>開啟</translation>
     </message>
 </context>
 <context>

@@ -5,6 +5,7 @@
 #include "support/CopyNow.h"
 #include "views/listing/ThumbnailStore.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QTemporaryDir>
 
@@ -84,6 +85,12 @@ void tourImport(TourStage& stage) {
     window.choice().openApp(mediaFolder(), QStringLiteral("/DCIM/100APPLE"));
     stage.waitFor("the photos", [&] { return !browser.isLoading() && browser.items().size() > 9; });
     stage.shoot(QStringLiteral("iphone-photos"));
+    browser.setViewMode(ViewMode::grid);
+    auto* grid = window.browserView().currentListing().findChild<ThumbnailStore*>();
+    window.browserView().currentListing().viewport()->repaint(); // what is painted is asked for
+    stage.waitFor("the days' thumbnails", [grid] { return grid->isIdle(); });
+    stage.shoot(QStringLiteral("iphone-photos-by-day"));
+    browser.setViewMode(ViewMode::list);
     ImportViewModel& import = window.import();
     using State = ImportViewModel::State;
     window.findChild<QAction*>(QStringLiteral("importAction"))->trigger();

@@ -5,6 +5,7 @@
 #include <QContextMenuEvent>
 #include <QMenu>
 #include <QMenuBar>
+#include <QProgressDialog>
 
 namespace tessary {
 namespace {
@@ -58,6 +59,18 @@ TEST_F(KeysTest, backspaceLeadsUpFromPagesWithoutFiles) {
     EXPECT_FALSE(selectedNames().isEmpty()) << "the keys are the listing's again";
 }
 
+TEST_F(KeysTest, noKeyMeansTwoThings) {
+    QHash<QKeySequence, QString> meanings;
+    for (const QAction* action : window_->findChildren<QAction*>())
+        for (const QKeySequence& key : action->shortcuts()) {
+            EXPECT_FALSE(meanings.contains(key))
+                << key.toString().toStdString() << ": " << meanings[key].toStdString() << ", "
+                << action->text().toStdString();
+            meanings.insert(key, action->text());
+        }
+    EXPECT_GT(meanings.size(), 30);
+}
+
 TEST_F(KeysTest, aFileOpensWithTheDesktopsProgram) {
     openFolder();
     doubleClick(u"alpha.txt"_s);
@@ -75,6 +88,31 @@ TEST_F(KeysTest, aFileOpensWithTheDesktopsProgram) {
     ASSERT_TRUE(wait([this] { return window_->browser().problem().has_value(); }));
     EXPECT_EQ(window_->browser().problem()->what, BrowserProblem::What::open);
     EXPECT_EQ(window_->browser().problem()->name, u"beta.txt"_s);
+}
+
+TEST_F(KeysTest, withoutAMountAFileOpensHoweverLongItTakes) {
+    app_->promisedFiles().stop();
+    openFolder();
+    phone_.write(u"DCIM/film.mp4"_s, QByteArray(250'000, 'f'));
+    phone_.write(u"DCIM/long.mp4"_s, QByteArray(250'000, 'l'));
+    window_->browser().reload();
+    ASSERT_TRUE(wait([this] { return isShown(u"long.mp4"_s); }));
+    phone_.fault([](VirtualFaults& faults) { faults.megabytesPerSecond = 0.1; }); // 2.5 s each
+    const auto progress = [this] { return window_->findChild<QProgressDialog*>(); };
+    click(u"film.mp4"_s);
+    press(Qt::Key_Return);
+    EXPECT_TRUE(wait([&] { return progress() != nullptr && progress()->isVisible(); }));
+    ASSERT_TRUE(wait([this] { return opened_.size() == 1; }));
+    EXPECT_TRUE(wait([&] { return progress() == nullptr; }));
+    EXPECT_FALSE(window_->browser().problem());
+
+    click(u"long.mp4"_s);
+    press(Qt::Key_Return);
+    ASSERT_TRUE(wait([&] { return progress() != nullptr && progress()->isVisible(); }));
+    QTest::keyClick(progress(), Qt::Key_Escape);
+    EXPECT_TRUE(wait([&] { return progress() == nullptr; }));
+    EXPECT_EQ(opened_.size(), 1);
+    EXPECT_FALSE(window_->browser().problem());
 }
 
 TEST_F(KeysTest, openWithOffersTheDesktopsProgramsAndStartsThem) {

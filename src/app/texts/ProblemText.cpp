@@ -71,6 +71,15 @@ ErrorText problemText(const BrowserProblem& problem) {
                 {}};
     case What::notSearched:
         return {ProblemText::tr("The search was stopped. What it had found is shown."), {}, {}};
+    case What::dragFolder:
+        return {ProblemText::tr("Folders cannot be dragged to other programs here."),
+                ProblemText::tr("Copy it to this computer first."),
+                {}};
+    case What::dragLong:
+        return {ProblemText::tr("“%1” takes too long to be copied while it is dragged.")
+                    .arg(printable(problem.name)),
+                ProblemText::tr("Copy it to this computer first."),
+                {}};
     case What::open:
         return {ProblemText::tr("“%1” could not be opened: no program for it was found, or it did "
                                 "not start.")

@@ -25,6 +25,8 @@ struct BrowserProblem {
         remove,      ///< `failed` of `total` entries could not be deleted
         move,        ///< the same for moving
         fetch,       ///< `name` could not be had as a file here, for a program or a drop
+        dragFolder,  ///< folders are not copied for a drag, and `name` is one
+        dragLong,    ///< `name` could not be copied while a drag lasts
         open,        ///< no program opened `name`
         apps,        ///< the apps of an iPhone could not be listed
         appsNotRead, ///< the user gave their listing up

@@ -1,6 +1,7 @@
 #include "browser/actions/DragFiles.h"
 
 #include "base/local/LocalError.h"
+#include "base/text/ByteCount.h"
 #include "base/text/PathNames.h"
 #include "base/threads/Background.h"
 #include "base/threads/CancellationError.h"
@@ -49,6 +50,31 @@ private:
     std::jthread thread_; // last: it uses all above
 };
 
+/// Copies each file. Where `until` is reached first the rest is not ready; `stop` throws.
+DragFiles copyEach(PhoneFileSystem& files, const std::vector<FileItem>& items, StagedFiles& copies,
+                   const ByteProgress& progress, const std::stop_token& until,
+                   const std::stop_token& stop) {
+    DragFiles drag;
+    qint64 before = 0; // bytes of those that are here
+    const CombinedStopToken either(stop, until);
+    for (const FileItem& item : items) {
+        const auto tell = [&progress, before](qint64 done) {
+            if (progress)
+                progress(before + done);
+        };
+        try {
+            drag.localPaths << copies.fetch(files, item, tell, either.token());
+        } catch (const CancellationError&) {
+            throwIfStopped(stop);
+            drag.notReady.push_back({item.path, Obstacle::stillCopying});
+        } catch (const Error& error) {
+            drag.notReady.push_back({item.path, Obstacle::failed, error});
+        }
+        before = addByteCounts(before, item.size);
+    }
+    return drag;
+}
+
 /// Copies each entry beforehand.
 DragFiles copyBeforehand(PhoneFileSystem& files, const std::vector<FileItem>& items,
                          StagedFiles& copies, const std::stop_token& stop) {
@@ -60,18 +86,29 @@ DragFiles copyBeforehand(PhoneFileSystem& files, const std::vector<FileItem>& it
     if (!drag.notReady.empty())
         return drag;
     const Deadline deadline(patience);
-    const CombinedStopToken either(stop, deadline.token());
-    for (const FileItem& item : items) {
-        try {
-            drag.localPaths << copies.fetch(files, item, {}, either.token());
-        } catch (const CancellationError&) {
-            throwIfStopped(stop);
-            drag.notReady.push_back({item.path, Obstacle::stillCopying});
-        } catch (const Error& error) {
-            drag.notReady.push_back({item.path, Obstacle::failed, error});
-        }
+    return copyEach(files, items, copies, {}, deadline.token(), stop);
+}
+
+/// What needs no copy: the paths, or the names that this computer cannot hold; neither when copies
+/// are to be made.
+DragFiles atOnce(const DragRequest& request) {
+    DragFiles drag;
+    for (const FileItem& item : request.items)
+        if (!isSafeName(item.name) || isTooLongName(item.name))
+            drag.notReady.push_back({item.path, Obstacle::name});
+    if (!drag.notReady.empty())
+        return drag;
+    if (dynamic_cast<const LocalFileSystem*>(request.files.get()) != nullptr) {
+        for (const FileItem& item : request.items)
+            drag.localPaths << item.path;
+    } else if (request.mount != nullptr) {
+        drag.localPaths = request.mount->promise(request.files, request.items);
     }
     return drag;
+}
+
+bool isDecided(const DragFiles& drag) {
+    return !drag.notReady.empty() || !drag.localPaths.isEmpty();
 }
 
 } // namespace
@@ -85,9 +122,9 @@ BrowserProblem problemOf(const DragFiles::NotReady& entry) {
     case Obstacle::name:
         return because(Error(LocalError::nameNotUsable, {name}));
     case Obstacle::folder:
-        return because(Error(PhoneError::notAFile, {entry.path}));
+        return {BrowserProblem::What::dragFolder, name, 1, 1, {}};
     case Obstacle::stillCopying:
-        return because(Error(PhoneError::busy));
+        return {BrowserProblem::What::dragLong, name, 1, 1, {}};
     case Obstacle::failed:
         break;
     }
@@ -95,22 +132,17 @@ BrowserProblem problemOf(const DragFiles::NotReady& entry) {
 }
 
 DragFiles prepareDrag(const DragRequest& request, const std::stop_token& stop) {
-    DragFiles drag;
-    for (const FileItem& item : request.items)
-        if (!isSafeName(item.name) || isTooLongName(item.name))
-            drag.notReady.push_back({item.path, Obstacle::name});
-    if (!drag.notReady.empty())
-        return drag;
-    if (dynamic_cast<const LocalFileSystem*>(request.files.get()) != nullptr) {
-        for (const FileItem& item : request.items)
-            drag.localPaths << item.path;
-        return drag;
-    }
-    if (request.mount != nullptr)
-        drag.localPaths = request.mount->promise(request.files, request.items);
-    return drag.localPaths.isEmpty()
-               ? copyBeforehand(*request.files, request.items, request.copies, stop)
-               : drag;
+    DragFiles drag = atOnce(request);
+    return isDecided(drag) ? drag
+                           : copyBeforehand(*request.files, request.items, request.copies, stop);
+}
+
+DragFiles fetchToOpen(const DragRequest& request, const ByteProgress& progress,
+                      const std::stop_token& stop) {
+    DragFiles drag = atOnce(request);
+    return isDecided(drag)
+               ? drag
+               : copyEach(*request.files, request.items, request.copies, progress, {}, stop);
 }
 
 std::stop_source prepareDrag(QObject* context, DragRequest request,

@@ -51,8 +51,12 @@ struct DragRequest {
 /// elsewhere they are copied beforehand into `copies`: folders, and what takes more than about two
 /// seconds, are not ready then. Blocking; throws nothing but CancellationError.
 [[nodiscard]] DragFiles prepareDrag(const DragRequest& request, const std::stop_token& stop);
-/// The same off the main thread, on which `whenReady` is called; not when it was asked to stop, or
-/// `context` is gone by then.
+/// The same for files that somebody wants to open: what has to be copied takes as long as it takes.
+/// `progress` gets the bytes of all.
+[[nodiscard]] DragFiles fetchToOpen(const DragRequest& request, const ByteProgress& progress,
+                                    const std::stop_token& stop);
+/// prepareDrag() off the main thread, on which `whenReady` is called; not when it was asked to
+/// stop, or `context` is gone by then.
 std::stop_source prepareDrag(QObject* context, DragRequest request,
                              std::function<void(const DragFiles&)> whenReady);
 

@@ -3,11 +3,8 @@
 #include "base/log/DiagnosticsLogger.h"
 #include "base/threads/Background.h"
 #include "base/threads/CancellationError.h"
+#include "browser/actions/LatestFigure.h"
 #include "transfer/staging/StagedFiles.h"
-
-#include <QPointer>
-
-#include <atomic>
 
 namespace tessary {
 
@@ -19,18 +16,10 @@ void PreviewFetch::start(std::shared_ptr<PhoneFileSystem> files, const FileItem&
                          const QString& id) {
     cancel();
     const std::uint64_t number = number_;
-    // The main thread shows the newest figure, however many there were.
-    const QPointer<PreviewFetch> self(this);
-    const auto shown = std::make_shared<std::atomic<bool>>(true);
-    const auto tell = [self, shown, id, number, total = item.size](qint64 done) {
-        if (!shown->exchange(false))
-            return;
-        MainThread::post([self, shown, id, number, done, total] {
-            *shown = true;
-            if (self && number == self->number_)
-                Q_EMIT self->progress(id, done, total);
-        });
-    };
+    const auto tell = tellLatest(this, [this, id, number, total = item.size](qint64 done) {
+        if (number == number_)
+            Q_EMIT progress(id, done, total);
+    });
     stop_ = runInBackground(
         this,
         [files = std::move(files), item, &copies = copies_, tell](const std::stop_token& stop) {

@@ -117,6 +117,10 @@ public:
     [[nodiscard]] StagedFiles& stagedFiles() {
         return staged_;
     }
+    /// How files are shown here that are fetched when they are read; null where they are copied.
+    [[nodiscard]] DragMount* promises() const {
+        return promises_;
+    }
     /// Where copies are queued.
     [[nodiscard]] const CopyQueue& queue() const {
         return queue_;

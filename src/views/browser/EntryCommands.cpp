@@ -82,19 +82,11 @@ void EntryCommands::tellNotOpened(const QString& path) {
 }
 
 /// Gives the selected files as files of this computer; folders are left out.
-void EntryCommands::fetchSelected(std::function<void(const QStringList&)> whenHere) {
-    QStringList ids;
-    for (const FileItem& item : browser_.selection().entries())
-        if (!item.isDirectory)
-            ids.append(item.id());
-    if (ids.isEmpty())
-        return;
-    browser_.prepareDragURLs(ids, [this, whenHere = std::move(whenHere)](const DragFiles& files) {
-        if (!files.localPaths.isEmpty())
-            whenHere(files.localPaths);
-        if (!files.notReady.empty())
-            browser_.showProblem(problemOf(files.notReady.front()));
-    });
+void EntryCommands::fetchSelected(WhenHere whenHere) {
+    std::vector<FileItem> items = browser_.selection().entries();
+    std::erase_if(items, [](const FileItem& item) { return item.isDirectory; });
+    if (!items.empty() && browser_.files())
+        fetchForOpening(browser_, std::move(items), std::move(whenHere), parent_);
 }
 
 /// The desktop's programs are looked up while the menu is open.

@@ -3,6 +3,7 @@
 #include "browser/listing/EntryMimeData.h"
 #include "browser/model/FileBrowserViewModel.h"
 #include "platform/desktop/DesktopPrograms.h"
+#include "views/browser/OpenProgress.h"
 
 #include <QMimeData>
 #include <QObject>
@@ -77,7 +78,7 @@ public:
 
 private:
     void putOnClipboard(EntryMimeData::Use use);
-    void fetchSelected(std::function<void(const QStringList& localPaths)> whenHere);
+    void fetchSelected(WhenHere whenHere);
     void tellNotOpened(const QString& path);
     void addOpenWith(QMenu& menu);
     void fillOpenWith(QMenu& menu, const std::vector<DesktopProgram>& programs);

@@ -27,8 +27,10 @@ DragOutData::DragOutData(FileBrowserViewModel& browser, std::vector<FileItem> it
         browser.prepareDragURLs(idsOf(this->items()), [copies = copies_](const DragFiles& files) {
             copies->areMade = true;
             // All or nothing: half of what was dragged would look like all of it.
-            if (!files.notReady.empty())
+            if (!files.notReady.empty()) {
+                copies->problem = problemOf(files.notReady.front());
                 return;
+            }
             for (const QString& path : files.localPaths)
                 copies->urls.append(QUrl::fromLocalFile(path));
         });
@@ -46,10 +48,18 @@ QStringList DragOutData::formats() const {
     return EntryMimeData::formats() + QStringList{QString(uriList), QString(gnomeFiles)};
 }
 
+std::optional<BrowserProblem> DragOutData::problem() const {
+    if (!copies_->wereWanted || !copies_->urls.isEmpty())
+        return std::nullopt;
+    const BrowserProblem isLong{BrowserProblem::What::dragLong, items().front().name, 1, 1, {}};
+    return copies_->areMade ? copies_->problem : isLong;
+}
+
 QVariant DragOutData::retrieveData(const QString& mimeType, QMetaType type) const {
     if (mimeType != uriList && mimeType != gnomeFiles)
         return EntryMimeData::retrieveData(mimeType, type);
     const std::shared_ptr<Copies> copies = copies_;
+    copies->wereWanted = true;
     QElapsedTimer clock;
     clock.start();
     while (!copies->areMade && clock.elapsed() < std::chrono::milliseconds(patience).count()) {

@@ -7,6 +7,7 @@
 #include <QUrl>
 
 #include <memory>
+#include <optional>
 #include <stop_token>
 
 namespace tessary {
@@ -25,12 +26,17 @@ public:
     [[nodiscard]] bool hasFormat(const QString& mimeType) const override;
     [[nodiscard]] QStringList formats() const override;
 
+    /// Why another program that wanted copies got none.
+    [[nodiscard]] std::optional<BrowserProblem> problem() const;
+
 protected:
     QVariant retrieveData(const QString& mimeType, QMetaType type) const override;
 
 private:
     struct Copies {
         bool areMade = false;
+        bool wereWanted = false; ///< by another program
+        std::optional<BrowserProblem> problem;
         QList<QVariant> urls;
     };
     std::stop_source stop_{std::nostopstate};

@@ -10,6 +10,7 @@
 #include <QDrag>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 
 #include <algorithm>
 
@@ -98,11 +99,15 @@ void dragSelected(QAbstractItemView& view, FileBrowserViewModel& browser) {
         painter.drawText(ground.adjusted(iconSize + 2 * margin, 0, -margin, 0),
                          Qt::AlignVCenter | Qt::AlignLeft, label);
     }
-    auto* drag = new QDrag(&view);
-    drag->setMimeData(new DragOutData(browser, std::move(items)));
+    const QPointer drag(new QDrag(&view));
+    auto* data = new DragOutData(browser, std::move(items));
+    drag->setMimeData(data);
     drag->setPixmap(picture);
     drag->setHotSpot({margin, margin});
     drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::CopyAction);
+    // The data lives as long as the drag, which the view's end would take along.
+    if (const auto problem = drag ? data->problem() : std::nullopt)
+        browser.showProblem(*problem);
 }
 
 void connectSelection(QAbstractItemView& view, FileListModel& model,

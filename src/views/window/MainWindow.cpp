@@ -99,7 +99,7 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
     makeMenus();
     importAction_->setObjectName(QStringLiteral("importAction"));
     importAction_->setIcon(lineIcon(QStringLiteral("camera-photo")));
-    importAction_->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_I));
+    importAction_->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P));
     sidebar_->setDrops(browserView_->drops());
     browserView_->setFavorites(favoriteCommands());
     browserView_->setShowApps([this] { choice_.showApps(); });
