@@ -66,7 +66,7 @@ SyncRun::SyncRun(SyncRunSetup setup, SyncRunEvents events, std::stop_token stop)
       local_(setup_.computer.files, setup_.pair.localFolderPath),
       device_(setup_.device, setup_.pair.remoteFolderPath),
       transfer_(local_, device_, setup_.computer, call_),
-      decisions_(setup_.decisions) {}
+      consent_(setup_.decisions) {}
 
 void SyncRun::tell(const QString& message) {
     throwIfStopped(call_.stop);
@@ -76,7 +76,7 @@ void SyncRun::tell(const QString& message) {
 /// A folder that was synced before and is gone may be on a disk that is missing: only the user
 /// knows whether to begin anew.
 std::optional<SyncQuestion> SyncRun::questionOfFolder() {
-    if (mayMakeFolder_ || local_.exists(call_))
+    if (consent_.mayMakeFolder() || local_.exists(call_))
         return std::nullopt;
     const auto before = filesOnceSynced({}, deviceManifest_, setup_.hostID, setup_.pair);
     if (!setup_.pair.lastSyncedAt && !before)
@@ -129,48 +129,12 @@ SyncPlanner SyncRun::makePlanner() {
              filesOnceSynced(localManifest_, deviceManifest_, setup_.hostID, pair).value_or(0)});
 }
 
-/// What the user was not asked yet; no value where all is decided.
-std::optional<SyncQuestion> SyncRun::questionOf(const SyncPlanner& planner) const {
-    SyncQuestion question;
-    question.guard = planner.guard();
-    question.candidates = planner.deletionCandidates();
-    const bool isWarned =
-        question.guard.kind == SyncGuard::Kind::nothing || question.guard.kind == decisions_.guard;
-    const bool isDecided =
-        std::all_of(question.candidates.begin(), question.candidates.end(),
-                    [this](const DeletionCandidate& candidate) {
-                        return decisions_.deletions.contains(candidate.relativePath) ||
-                               decisions_.kept.contains(candidate.relativePath);
-                    });
-    if (isWarned && isDecided)
-        return std::nullopt;
-    if (question.candidates.empty())
-        question.kind = SyncQuestion::Kind::emptySide;
-    return question;
-}
-
 SyncAnswer SyncRun::ask(const SyncQuestion& question) {
     if (question.kind != SyncQuestion::Kind::missingLocalFolder)
         tell(QStringLiteral("Awaiting deletion confirmation…"));
     SyncAnswer answer = events_.ask ? events_.ask(question) : SyncAnswer::stop();
     throwIfStopped(call_.stop);
     return answer;
-}
-
-void SyncRun::heed(const SyncQuestion& question, const SyncAnswer& answer) {
-    const bool isFolder = question.kind == SyncQuestion::Kind::missingLocalFolder;
-    if (!answer.goesOn)
-        throw isFolder ? Error(SyncError::folderMissing, {question.path})
-                       : Error(SyncError::stopped);
-    mayMakeFolder_ = mayMakeFolder_ || isFolder;
-    decisions_.guard = question.guard.kind; // he has just been told
-    if (isFolder)
-        return;
-    decisions_.deletions = answer.deletions;
-    decisions_.kept.clear();
-    for (const DeletionCandidate& candidate : question.candidates)
-        if (!answer.deletions.contains(candidate.relativePath))
-            decisions_.kept.insert(candidate.relativePath);
 }
 
 /// A name that cannot be taken over leaves its files alone, as they are on both sides.
@@ -354,7 +318,7 @@ std::optional<SyncQuestion> SyncRun::lookAtBoth() {
     if (!local_.exists(call_))
         setup_.computer.makeFolder();
     scan(SyncSide::Leftovers::finished);
-    return questionOf(makePlanner());
+    return consent_.questionOf(makePlanner());
 }
 
 void SyncRun::runToEnd() {
@@ -367,21 +331,21 @@ void SyncRun::runToEnd() {
         if (++asked > mostQuestions)
             throw Error(SyncError::changedMeanwhile, {setup_.pair.localFolderPath});
         if (const auto known = events_.answer ? events_.answer(*question) : std::nullopt) {
-            heed(*question, *known);
+            consent_.heed(*question, *known);
             if (question->kind == SyncQuestion::Kind::missingLocalFolder)
                 continue;
             break;
         }
         // He may take hours: others need not wait, and what they do meanwhile is seen then.
         hold.reset();
-        heed(*question, ask(*question));
+        consent_.heed(*question, ask(*question));
         hold.emplace(*this);
     }
     tell(QStringLiteral("Analyzing files…"));
     carryOutRenames();
     SyncPlanner planner = makePlanner();
     const SyncComparisons comparisons = compare(planner.pathsToCompare(), true);
-    carryOut(planner.plan(decisions_, comparisons));
+    carryOut(planner.plan(consent_.decisions(), comparisons));
 }
 
 SyncReport SyncRun::run() {

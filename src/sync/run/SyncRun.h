@@ -3,6 +3,7 @@
 #include "sync/plan/SyncPlanner.h"
 #include "sync/plan/SyncRecord.h"
 #include "sync/plan/SyncReport.h"
+#include "sync/run/SyncConsent.h"
 #include "sync/run/SyncRunEvents.h"
 #include "sync/run/SyncTransfer.h"
 
@@ -49,9 +50,7 @@ private:
     void runToEnd();
     [[nodiscard]] std::optional<SyncQuestion> lookAtBoth();
     [[nodiscard]] std::optional<SyncQuestion> questionOfFolder();
-    [[nodiscard]] std::optional<SyncQuestion> questionOf(const SyncPlanner& planner) const;
     [[nodiscard]] SyncAnswer ask(const SyncQuestion& question);
-    void heed(const SyncQuestion& question, const SyncAnswer& answer);
     void loadManifests();
     void scan(SyncSide::Leftovers leftovers);
     [[nodiscard]] SyncPlanner makePlanner();
@@ -85,8 +84,7 @@ private:
     NameRules localNames_;
     NameRules deviceNames_;
     std::vector<SyncRename> renames_;
-    SyncDecisions decisions_;
-    bool mayMakeFolder_ = false; ///< the user wants the computer's folder made again
+    SyncConsent consent_;
 };
 
 } // namespace tessary
