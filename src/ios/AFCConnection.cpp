@@ -36,7 +36,8 @@ bool isDocumentsOf(AFCConnection& opened) {
                    !name.startsWith("iTunes");
         });
     } catch (const Error& error) {
-        if (error.find<AFCStatus>() != AFCStatus::permissionDenied)
+        const auto status = error.find<AFCStatus>();
+        if (status != AFCStatus::permissionDenied && status != AFCStatus::objectNotFound)
             throw;
         return false;
     }
