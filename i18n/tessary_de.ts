@@ -151,6 +151,10 @@
         <source>Select the Day</source>
         <translation>Tag auswählen</translation>
     </message>
+    <message>
+        <source>Open in New Tab</source>
+        <translation>In neuem Tab öffnen</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>
@@ -1140,6 +1144,22 @@
         <source>Help</source>
         <translation>Hilfe</translation>
     </message>
+    <message>
+        <source>New Tab</source>
+        <translation>Neuer Tab</translation>
+    </message>
+    <message>
+        <source>Close Tab</source>
+        <translation>Tab schließen</translation>
+    </message>
+    <message>
+        <source>Next Tab</source>
+        <translation>Nächster Tab</translation>
+    </message>
+    <message>
+        <source>Previous Tab</source>
+        <translation>Vorheriger Tab</translation>
+    </message>
 </context>
 <context>
     <name>ProblemText</name>
@@ -1577,22 +1597,6 @@
         <translation>In „%1“</translation>
     </message>
     <message>
-        <source>Undo</source>
-        <translation>Rückgängig</translation>
-    </message>
-    <message>
-        <source>Undo Rename</source>
-        <translation>Umbenennen rückgängig machen</translation>
-    </message>
-    <message>
-        <source>Undo Move</source>
-        <translation>Verschieben rückgängig machen</translation>
-    </message>
-    <message>
-        <source>Undo New Folder</source>
-        <translation>Neuen Ordner rückgängig machen</translation>
-    </message>
-    <message>
         <source>Apps</source>
         <translation>Apps</translation>
     </message>
@@ -1762,6 +1766,22 @@
             <numerusform>%Ln Objekte werden in den Papierkorb gelegt.</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Undo Rename</source>
+        <translation>Umbenennen rückgängig machen</translation>
+    </message>
+    <message>
+        <source>Undo Move</source>
+        <translation>Verschieben rückgängig machen</translation>
+    </message>
+    <message>
+        <source>Undo New Folder</source>
+        <translation>Neuen Ordner rückgängig machen</translation>
+    </message>
 </context>
 <context>
     <name>tessary::EntryDrop</name>
@@ -1870,6 +1890,18 @@
     <message>
         <source>Always the same folder</source>
         <translation>immer denselben Ordner</translation>
+    </message>
+    <message>
+        <source>Turbo mode is used</source>
+        <translation>Der Turbomodus wird benutzt</translation>
+    </message>
+    <message>
+        <source>with every phone that allows it</source>
+        <translation>bei jedem Telefon, das ihn zulässt</translation>
+    </message>
+    <message>
+        <source>only where it was chosen</source>
+        <translation>nur, wo er gewählt wurde</translation>
     </message>
 </context>
 <context>
@@ -2322,6 +2354,14 @@
         <source>Quitting stops this. What is done stays done.</source>
         <translation>Beim Beenden wird das angehalten. Was getan ist, bleibt getan.</translation>
     </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Closing stops this. What is done stays done.</source>
+        <translation>Beim Schließen wird das angehalten. Was getan ist, bleibt getan.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::ModeSwitch</name>
@@ -2412,6 +2452,17 @@
     <message>
         <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
         <translation>Es zeigt seine Dateien, sobald Sie es entsperren und in seiner USB-Benachrichtigung „Dateiübertragung“ wählen. Dieses Fenster zieht von selbst nach.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PhoneTab</name>
+    <message>
+        <source>Import Photos</source>
+        <translation>Fotos importieren</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>Apps</translation>
     </message>
 </context>
 <context>
@@ -2981,6 +3032,17 @@
     <message>
         <source>Columns</source>
         <translation>Spalten</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::Tabs</name>
+    <message>
+        <source>Tabs</source>
+        <translation>Tabs</translation>
+    </message>
+    <message>
+        <source>Close Tab</source>
+        <translation>Tab schließen</translation>
     </message>
 </context>
 <context>

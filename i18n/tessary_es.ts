@@ -151,6 +151,10 @@
         <source>Select the Day</source>
         <translation>Seleccionar el día</translation>
     </message>
+    <message>
+        <source>Open in New Tab</source>
+        <translation>Abrir en una pestaña nueva</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>
@@ -1140,6 +1144,22 @@
         <source>Help</source>
         <translation>Ayuda</translation>
     </message>
+    <message>
+        <source>New Tab</source>
+        <translation>Nueva pestaña</translation>
+    </message>
+    <message>
+        <source>Close Tab</source>
+        <translation>Cerrar pestaña</translation>
+    </message>
+    <message>
+        <source>Next Tab</source>
+        <translation>Pestaña siguiente</translation>
+    </message>
+    <message>
+        <source>Previous Tab</source>
+        <translation>Pestaña anterior</translation>
+    </message>
 </context>
 <context>
     <name>ProblemText</name>
@@ -1577,22 +1597,6 @@
         <translation>En «%1»</translation>
     </message>
     <message>
-        <source>Undo</source>
-        <translation>Deshacer</translation>
-    </message>
-    <message>
-        <source>Undo Rename</source>
-        <translation>Deshacer el cambio de nombre</translation>
-    </message>
-    <message>
-        <source>Undo Move</source>
-        <translation>Deshacer el movimiento</translation>
-    </message>
-    <message>
-        <source>Undo New Folder</source>
-        <translation>Deshacer la nueva carpeta</translation>
-    </message>
-    <message>
         <source>Apps</source>
         <translation>Aplicaciones</translation>
     </message>
@@ -1762,6 +1766,22 @@
             <numerusform>Se moverán %Ln elementos a la papelera.</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Undo</source>
+        <translation>Deshacer</translation>
+    </message>
+    <message>
+        <source>Undo Rename</source>
+        <translation>Deshacer el cambio de nombre</translation>
+    </message>
+    <message>
+        <source>Undo Move</source>
+        <translation>Deshacer el movimiento</translation>
+    </message>
+    <message>
+        <source>Undo New Folder</source>
+        <translation>Deshacer la nueva carpeta</translation>
+    </message>
 </context>
 <context>
     <name>tessary::EntryDrop</name>
@@ -1870,6 +1890,18 @@
     <message>
         <source>Always the same folder</source>
         <translation>siempre la misma carpeta</translation>
+    </message>
+    <message>
+        <source>Turbo mode is used</source>
+        <translation>El modo turbo se usa</translation>
+    </message>
+    <message>
+        <source>with every phone that allows it</source>
+        <translation>con todos los teléfonos que lo permiten</translation>
+    </message>
+    <message>
+        <source>only where it was chosen</source>
+        <translation>solo donde se eligió</translation>
     </message>
 </context>
 <context>
@@ -2322,6 +2354,14 @@
         <source>Quitting stops this. What is done stays done.</source>
         <translation>Al salir se detiene. Lo hecho, hecho queda.</translation>
     </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>Closing stops this. What is done stays done.</source>
+        <translation>Al cerrar, esto se detiene. Lo hecho, hecho queda.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::ModeSwitch</name>
@@ -2412,6 +2452,17 @@
     <message>
         <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
         <translation>Mostrará sus archivos cuando lo desbloquees y elijas «Transferencia de archivos» en su notificación USB. Esta ventana se actualiza sola.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PhoneTab</name>
+    <message>
+        <source>Import Photos</source>
+        <translation>Importar fotos</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>Aplicaciones</translation>
     </message>
 </context>
 <context>
@@ -2981,6 +3032,17 @@
     <message>
         <source>Columns</source>
         <translation>Columnas</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::Tabs</name>
+    <message>
+        <source>Tabs</source>
+        <translation>Pestañas</translation>
+    </message>
+    <message>
+        <source>Close Tab</source>
+        <translation>Cerrar pestaña</translation>
     </message>
 </context>
 <context>

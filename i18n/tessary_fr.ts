@@ -151,6 +151,10 @@
         <source>Select the Day</source>
         <translation>Sélectionner le jour</translation>
     </message>
+    <message>
+        <source>Open in New Tab</source>
+        <translation>Ouvrir dans un nouvel onglet</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>
@@ -1140,6 +1144,22 @@
         <source>Help</source>
         <translation>Aide</translation>
     </message>
+    <message>
+        <source>New Tab</source>
+        <translation>Nouvel onglet</translation>
+    </message>
+    <message>
+        <source>Close Tab</source>
+        <translation>Fermer l’onglet</translation>
+    </message>
+    <message>
+        <source>Next Tab</source>
+        <translation>Onglet suivant</translation>
+    </message>
+    <message>
+        <source>Previous Tab</source>
+        <translation>Onglet précédent</translation>
+    </message>
 </context>
 <context>
     <name>ProblemText</name>
@@ -1577,22 +1597,6 @@
         <translation>Dans «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
-        <source>Undo</source>
-        <translation>Annuler</translation>
-    </message>
-    <message>
-        <source>Undo Rename</source>
-        <translation>Annuler le renommage</translation>
-    </message>
-    <message>
-        <source>Undo Move</source>
-        <translation>Annuler le déplacement</translation>
-    </message>
-    <message>
-        <source>Undo New Folder</source>
-        <translation>Annuler le nouveau dossier</translation>
-    </message>
-    <message>
         <source>Apps</source>
         <translation>Apps</translation>
     </message>
@@ -1762,6 +1766,22 @@
             <numerusform>%Ln éléments seront mis à la corbeille.</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Undo Rename</source>
+        <translation>Annuler le renommage</translation>
+    </message>
+    <message>
+        <source>Undo Move</source>
+        <translation>Annuler le déplacement</translation>
+    </message>
+    <message>
+        <source>Undo New Folder</source>
+        <translation>Annuler le nouveau dossier</translation>
+    </message>
 </context>
 <context>
     <name>tessary::EntryDrop</name>
@@ -1870,6 +1890,18 @@
     <message>
         <source>Always the same folder</source>
         <translation>toujours le même dossier</translation>
+    </message>
+    <message>
+        <source>Turbo mode is used</source>
+        <translation>Le mode turbo est utilisé</translation>
+    </message>
+    <message>
+        <source>with every phone that allows it</source>
+        <translation>avec chaque téléphone qui le permet</translation>
+    </message>
+    <message>
+        <source>only where it was chosen</source>
+        <translation>seulement là où il a été choisi</translation>
     </message>
 </context>
 <context>
@@ -2322,6 +2354,14 @@
         <source>Quitting stops this. What is done stays done.</source>
         <translation>Quitter arrête cela. Ce qui est fait reste fait.</translation>
     </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>Closing stops this. What is done stays done.</source>
+        <translation>La fermeture arrête cela. Ce qui est fait reste fait.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::ModeSwitch</name>
@@ -2412,6 +2452,17 @@
     <message>
         <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
         <translation>Il montrera ses fichiers dès que vous l’aurez déverrouillé et aurez choisi «&#xa0;Transfert de fichiers&#xa0;» dans sa notification USB. Cette fenêtre suit d’elle-même.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PhoneTab</name>
+    <message>
+        <source>Import Photos</source>
+        <translation>Importer des photos</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>Apps</translation>
     </message>
 </context>
 <context>
@@ -2981,6 +3032,17 @@
     <message>
         <source>Columns</source>
         <translation>Colonnes</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::Tabs</name>
+    <message>
+        <source>Tabs</source>
+        <translation>Onglets</translation>
+    </message>
+    <message>
+        <source>Close Tab</source>
+        <translation>Fermer l’onglet</translation>
     </message>
 </context>
 <context>

@@ -151,6 +151,10 @@
         <source>Select the Day</source>
         <translation>Seleziona il giorno</translation>
     </message>
+    <message>
+        <source>Open in New Tab</source>
+        <translation>Apri in una nuova scheda</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>
@@ -1140,6 +1144,22 @@
         <source>Help</source>
         <translation>Aiuto</translation>
     </message>
+    <message>
+        <source>New Tab</source>
+        <translation>Nuova scheda</translation>
+    </message>
+    <message>
+        <source>Close Tab</source>
+        <translation>Chiudi la scheda</translation>
+    </message>
+    <message>
+        <source>Next Tab</source>
+        <translation>Scheda successiva</translation>
+    </message>
+    <message>
+        <source>Previous Tab</source>
+        <translation>Scheda precedente</translation>
+    </message>
 </context>
 <context>
     <name>ProblemText</name>
@@ -1577,22 +1597,6 @@
         <translation>In «%1»</translation>
     </message>
     <message>
-        <source>Undo</source>
-        <translation>Annulla modifica</translation>
-    </message>
-    <message>
-        <source>Undo Rename</source>
-        <translation>Annulla la ridenominazione</translation>
-    </message>
-    <message>
-        <source>Undo Move</source>
-        <translation>Annulla lo spostamento</translation>
-    </message>
-    <message>
-        <source>Undo New Folder</source>
-        <translation>Annulla la nuova cartella</translation>
-    </message>
-    <message>
         <source>Apps</source>
         <translation>App</translation>
     </message>
@@ -1762,6 +1766,22 @@
             <numerusform>%Ln elementi verranno spostati nel cestino.</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annulla modifica</translation>
+    </message>
+    <message>
+        <source>Undo Rename</source>
+        <translation>Annulla la ridenominazione</translation>
+    </message>
+    <message>
+        <source>Undo Move</source>
+        <translation>Annulla lo spostamento</translation>
+    </message>
+    <message>
+        <source>Undo New Folder</source>
+        <translation>Annulla la nuova cartella</translation>
+    </message>
 </context>
 <context>
     <name>tessary::EntryDrop</name>
@@ -1870,6 +1890,18 @@
     <message>
         <source>Always the same folder</source>
         <translation>sempre la stessa cartella</translation>
+    </message>
+    <message>
+        <source>Turbo mode is used</source>
+        <translation>La modalità turbo si usa</translation>
+    </message>
+    <message>
+        <source>with every phone that allows it</source>
+        <translation>con ogni telefono che la consente</translation>
+    </message>
+    <message>
+        <source>only where it was chosen</source>
+        <translation>solo dove è stata scelta</translation>
     </message>
 </context>
 <context>
@@ -2322,6 +2354,14 @@
         <source>Quitting stops this. What is done stays done.</source>
         <translation>Uscendo, questo si interrompe. Ciò che è fatto resta fatto.</translation>
     </message>
+    <message>
+        <source>Close</source>
+        <translation>Chiudi</translation>
+    </message>
+    <message>
+        <source>Closing stops this. What is done stays done.</source>
+        <translation>La chiusura interrompe l’operazione. Ciò che è fatto resta fatto.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::ModeSwitch</name>
@@ -2412,6 +2452,17 @@
     <message>
         <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
         <translation>Mostrerà i suoi file quando lo sbloccherai e sceglierai «Trasferimento file» nella notifica USB. Questa finestra si aggiorna da sola.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PhoneTab</name>
+    <message>
+        <source>Import Photos</source>
+        <translation>Importa foto</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>App</translation>
     </message>
 </context>
 <context>
@@ -2981,6 +3032,17 @@
     <message>
         <source>Columns</source>
         <translation>Colonne</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::Tabs</name>
+    <message>
+        <source>Tabs</source>
+        <translation>Schede</translation>
+    </message>
+    <message>
+        <source>Close Tab</source>
+        <translation>Chiudi la scheda</translation>
     </message>
 </context>
 <context>

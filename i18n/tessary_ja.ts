@@ -151,6 +151,10 @@
         <source>Select the Day</source>
         <translation>その日をすべて選択</translation>
     </message>
+    <message>
+        <source>Open in New Tab</source>
+        <translation>新しいタブで開く</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>
@@ -1137,6 +1141,22 @@
         <source>Help</source>
         <translation>ヘルプ</translation>
     </message>
+    <message>
+        <source>New Tab</source>
+        <translation>新しいタブ</translation>
+    </message>
+    <message>
+        <source>Close Tab</source>
+        <translation>タブを閉じる</translation>
+    </message>
+    <message>
+        <source>Next Tab</source>
+        <translation>次のタブ</translation>
+    </message>
+    <message>
+        <source>Previous Tab</source>
+        <translation>前のタブ</translation>
+    </message>
 </context>
 <context>
     <name>ProblemText</name>
@@ -1564,22 +1584,6 @@
         <translation>「%1」へ</translation>
     </message>
     <message>
-        <source>Undo</source>
-        <translation>元に戻す</translation>
-    </message>
-    <message>
-        <source>Undo Rename</source>
-        <translation>名前の変更を元に戻す</translation>
-    </message>
-    <message>
-        <source>Undo Move</source>
-        <translation>移動を元に戻す</translation>
-    </message>
-    <message>
-        <source>Undo New Folder</source>
-        <translation>新規フォルダの作成を元に戻す</translation>
-    </message>
-    <message>
         <source>Apps</source>
         <translation>アプリ</translation>
     </message>
@@ -1747,6 +1751,22 @@
             <numerusform>%Ln 項目がゴミ箱に移動されます。</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Undo</source>
+        <translation>元に戻す</translation>
+    </message>
+    <message>
+        <source>Undo Rename</source>
+        <translation>名前の変更を元に戻す</translation>
+    </message>
+    <message>
+        <source>Undo Move</source>
+        <translation>移動を元に戻す</translation>
+    </message>
+    <message>
+        <source>Undo New Folder</source>
+        <translation>新規フォルダの作成を元に戻す</translation>
+    </message>
 </context>
 <context>
     <name>tessary::EntryDrop</name>
@@ -1854,6 +1874,18 @@
     <message>
         <source>Always the same folder</source>
         <translation>常に同じフォルダ</translation>
+    </message>
+    <message>
+        <source>Turbo mode is used</source>
+        <translation>ターボモードの使用</translation>
+    </message>
+    <message>
+        <source>with every phone that allows it</source>
+        <translation>対応するすべてのデバイスで使う</translation>
+    </message>
+    <message>
+        <source>only where it was chosen</source>
+        <translation>選択したデバイスでのみ使う</translation>
     </message>
 </context>
 <context>
@@ -2296,6 +2328,14 @@
         <source>Quitting stops this. What is done stays done.</source>
         <translation>終了すると中止されます。済んだものは元に戻りません。</translation>
     </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>Closing stops this. What is done stays done.</source>
+        <translation>閉じると中止されます。済んだものは元に戻りません。</translation>
+    </message>
 </context>
 <context>
     <name>tessary::ModeSwitch</name>
@@ -2385,6 +2425,17 @@
     <message>
         <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
         <translation>ロックを解除し、USB の通知で「ファイル転送」を選ぶとファイルが表示されます。このウインドウは自動的に更新されます。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PhoneTab</name>
+    <message>
+        <source>Import Photos</source>
+        <translation>写真を取り込む</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>アプリ</translation>
     </message>
 </context>
 <context>
@@ -2949,6 +3000,17 @@
     <message>
         <source>Columns</source>
         <translation>列</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::Tabs</name>
+    <message>
+        <source>Tabs</source>
+        <translation>タブ</translation>
+    </message>
+    <message>
+        <source>Close Tab</source>
+        <translation>タブを閉じる</translation>
     </message>
 </context>
 <context>

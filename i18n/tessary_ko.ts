@@ -151,6 +151,10 @@
         <source>Select the Day</source>
         <translation>그날 모두 선택</translation>
     </message>
+    <message>
+        <source>Open in New Tab</source>
+        <translation>새 탭에서 열기</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>
@@ -1137,6 +1141,22 @@
         <source>Help</source>
         <translation>도움말</translation>
     </message>
+    <message>
+        <source>New Tab</source>
+        <translation>새 탭</translation>
+    </message>
+    <message>
+        <source>Close Tab</source>
+        <translation>탭 닫기</translation>
+    </message>
+    <message>
+        <source>Next Tab</source>
+        <translation>다음 탭</translation>
+    </message>
+    <message>
+        <source>Previous Tab</source>
+        <translation>이전 탭</translation>
+    </message>
 </context>
 <context>
     <name>ProblemText</name>
@@ -1564,22 +1584,6 @@
         <translation>“%1”(으)로</translation>
     </message>
     <message>
-        <source>Undo</source>
-        <translation>실행 취소</translation>
-    </message>
-    <message>
-        <source>Undo Rename</source>
-        <translation>이름 변경 취소</translation>
-    </message>
-    <message>
-        <source>Undo Move</source>
-        <translation>이동 취소</translation>
-    </message>
-    <message>
-        <source>Undo New Folder</source>
-        <translation>새 폴더 취소</translation>
-    </message>
-    <message>
         <source>Apps</source>
         <translation>앱</translation>
     </message>
@@ -1747,6 +1751,22 @@
             <numerusform>항목 %Ln개가 휴지통으로 이동됩니다.</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Undo</source>
+        <translation>실행 취소</translation>
+    </message>
+    <message>
+        <source>Undo Rename</source>
+        <translation>이름 변경 취소</translation>
+    </message>
+    <message>
+        <source>Undo Move</source>
+        <translation>이동 취소</translation>
+    </message>
+    <message>
+        <source>Undo New Folder</source>
+        <translation>새 폴더 취소</translation>
+    </message>
 </context>
 <context>
     <name>tessary::EntryDrop</name>
@@ -1854,6 +1874,18 @@
     <message>
         <source>Always the same folder</source>
         <translation>항상 같은 폴더</translation>
+    </message>
+    <message>
+        <source>Turbo mode is used</source>
+        <translation>터보 모드 사용</translation>
+    </message>
+    <message>
+        <source>with every phone that allows it</source>
+        <translation>허용하는 모든 휴대폰에서</translation>
+    </message>
+    <message>
+        <source>only where it was chosen</source>
+        <translation>선택한 휴대폰에서만</translation>
     </message>
 </context>
 <context>
@@ -2296,6 +2328,14 @@
         <source>Quitting stops this. What is done stays done.</source>
         <translation>종료하면 중지됩니다. 이미 처리된 것은 그대로 남습니다.</translation>
     </message>
+    <message>
+        <source>Close</source>
+        <translation>닫기</translation>
+    </message>
+    <message>
+        <source>Closing stops this. What is done stays done.</source>
+        <translation>닫으면 중단됩니다. 완료된 것은 그대로 유지됩니다.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::ModeSwitch</name>
@@ -2385,6 +2425,17 @@
     <message>
         <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
         <translation>잠금을 해제하고 USB 알림에서 “파일 전송”을 선택하면 파일이 표시됩니다. 이 창은 자동으로 바뀝니다.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PhoneTab</name>
+    <message>
+        <source>Import Photos</source>
+        <translation>사진 가져오기</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>앱</translation>
     </message>
 </context>
 <context>
@@ -2949,6 +3000,17 @@
     <message>
         <source>Columns</source>
         <translation>열</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::Tabs</name>
+    <message>
+        <source>Tabs</source>
+        <translation>탭</translation>
+    </message>
+    <message>
+        <source>Close Tab</source>
+        <translation>탭 닫기</translation>
     </message>
 </context>
 <context>

@@ -151,6 +151,10 @@
         <source>Select the Day</source>
         <translation>Selecionar o dia</translation>
     </message>
+    <message>
+        <source>Open in New Tab</source>
+        <translation>Abrir em nova aba</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>
@@ -1140,6 +1144,22 @@
         <source>Help</source>
         <translation>Ajuda</translation>
     </message>
+    <message>
+        <source>New Tab</source>
+        <translation>Nova aba</translation>
+    </message>
+    <message>
+        <source>Close Tab</source>
+        <translation>Fechar aba</translation>
+    </message>
+    <message>
+        <source>Next Tab</source>
+        <translation>Próxima aba</translation>
+    </message>
+    <message>
+        <source>Previous Tab</source>
+        <translation>Aba anterior</translation>
+    </message>
 </context>
 <context>
     <name>ProblemText</name>
@@ -1577,22 +1597,6 @@
         <translation>Para “%1”</translation>
     </message>
     <message>
-        <source>Undo</source>
-        <translation>Desfazer</translation>
-    </message>
-    <message>
-        <source>Undo Rename</source>
-        <translation>Desfazer renomear</translation>
-    </message>
-    <message>
-        <source>Undo Move</source>
-        <translation>Desfazer mover</translation>
-    </message>
-    <message>
-        <source>Undo New Folder</source>
-        <translation>Desfazer nova pasta</translation>
-    </message>
-    <message>
         <source>Apps</source>
         <translation>Apps</translation>
     </message>
@@ -1762,6 +1766,22 @@
             <numerusform>%Ln itens serão movidos para a lixeira.</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Undo</source>
+        <translation>Desfazer</translation>
+    </message>
+    <message>
+        <source>Undo Rename</source>
+        <translation>Desfazer renomear</translation>
+    </message>
+    <message>
+        <source>Undo Move</source>
+        <translation>Desfazer mover</translation>
+    </message>
+    <message>
+        <source>Undo New Folder</source>
+        <translation>Desfazer nova pasta</translation>
+    </message>
 </context>
 <context>
     <name>tessary::EntryDrop</name>
@@ -1870,6 +1890,18 @@
     <message>
         <source>Always the same folder</source>
         <translation>sempre a mesma pasta</translation>
+    </message>
+    <message>
+        <source>Turbo mode is used</source>
+        <translation>O modo turbo é usado</translation>
+    </message>
+    <message>
+        <source>with every phone that allows it</source>
+        <translation>com todo telefone que o permite</translation>
+    </message>
+    <message>
+        <source>only where it was chosen</source>
+        <translation>só onde foi escolhido</translation>
     </message>
 </context>
 <context>
@@ -2322,6 +2354,14 @@
         <source>Quitting stops this. What is done stays done.</source>
         <translation>Sair interrompe isso. O que foi feito permanece feito.</translation>
     </message>
+    <message>
+        <source>Close</source>
+        <translation>Fechar</translation>
+    </message>
+    <message>
+        <source>Closing stops this. What is done stays done.</source>
+        <translation>Fechar interrompe isto. O que foi feito permanece feito.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::ModeSwitch</name>
@@ -2412,6 +2452,17 @@
     <message>
         <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
         <translation>Ele mostrará seus arquivos quando você o desbloquear e escolher “Transferência de arquivos” na notificação USB. Esta janela se atualiza sozinha.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PhoneTab</name>
+    <message>
+        <source>Import Photos</source>
+        <translation>Importar fotos</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>Apps</translation>
     </message>
 </context>
 <context>
@@ -2981,6 +3032,17 @@
     <message>
         <source>Columns</source>
         <translation>Colunas</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::Tabs</name>
+    <message>
+        <source>Tabs</source>
+        <translation>Abas</translation>
+    </message>
+    <message>
+        <source>Close Tab</source>
+        <translation>Fechar aba</translation>
     </message>
 </context>
 <context>

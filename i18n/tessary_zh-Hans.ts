@@ -151,6 +151,10 @@
         <source>Select the Day</source>
         <translation>选择当天</translation>
     </message>
+    <message>
+        <source>Open in New Tab</source>
+        <translation>在新标签页中打开</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>
@@ -1137,6 +1141,22 @@
         <source>Help</source>
         <translation>帮助</translation>
     </message>
+    <message>
+        <source>New Tab</source>
+        <translation>新建标签页</translation>
+    </message>
+    <message>
+        <source>Close Tab</source>
+        <translation>关闭标签页</translation>
+    </message>
+    <message>
+        <source>Next Tab</source>
+        <translation>下一个标签页</translation>
+    </message>
+    <message>
+        <source>Previous Tab</source>
+        <translation>上一个标签页</translation>
+    </message>
 </context>
 <context>
     <name>ProblemText</name>
@@ -1564,22 +1584,6 @@
         <translation>到“%1”</translation>
     </message>
     <message>
-        <source>Undo</source>
-        <translation>撤销</translation>
-    </message>
-    <message>
-        <source>Undo Rename</source>
-        <translation>撤销重命名</translation>
-    </message>
-    <message>
-        <source>Undo Move</source>
-        <translation>撤销移动</translation>
-    </message>
-    <message>
-        <source>Undo New Folder</source>
-        <translation>撤销新建文件夹</translation>
-    </message>
-    <message>
         <source>Apps</source>
         <translation>应用</translation>
     </message>
@@ -1747,6 +1751,22 @@
             <numerusform>将把 %Ln 个项目移到回收站。</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Undo</source>
+        <translation>撤销</translation>
+    </message>
+    <message>
+        <source>Undo Rename</source>
+        <translation>撤销重命名</translation>
+    </message>
+    <message>
+        <source>Undo Move</source>
+        <translation>撤销移动</translation>
+    </message>
+    <message>
+        <source>Undo New Folder</source>
+        <translation>撤销新建文件夹</translation>
+    </message>
 </context>
 <context>
     <name>tessary::EntryDrop</name>
@@ -1854,6 +1874,18 @@
     <message>
         <source>Always the same folder</source>
         <translation>始终为同一文件夹</translation>
+    </message>
+    <message>
+        <source>Turbo mode is used</source>
+        <translation>使用极速模式</translation>
+    </message>
+    <message>
+        <source>with every phone that allows it</source>
+        <translation>用于所有允许的手机</translation>
+    </message>
+    <message>
+        <source>only where it was chosen</source>
+        <translation>仅用于选择了它的手机</translation>
     </message>
 </context>
 <context>
@@ -2296,6 +2328,14 @@
         <source>Quitting stops this. What is done stays done.</source>
         <translation>退出会停止此操作。已完成的部分保持不变。</translation>
     </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Closing stops this. What is done stays done.</source>
+        <translation>关闭会停止此操作。已完成的部分保持不变。</translation>
+    </message>
 </context>
 <context>
     <name>tessary::ModeSwitch</name>
@@ -2385,6 +2425,17 @@
     <message>
         <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
         <translation>解锁手机并在其 USB 通知中选择“文件传输”后即可显示文件。此窗口会自动更新。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PhoneTab</name>
+    <message>
+        <source>Import Photos</source>
+        <translation>导入照片</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>应用</translation>
     </message>
 </context>
 <context>
@@ -2949,6 +3000,17 @@
     <message>
         <source>Columns</source>
         <translation>列</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::Tabs</name>
+    <message>
+        <source>Tabs</source>
+        <translation>标签页</translation>
+    </message>
+    <message>
+        <source>Close Tab</source>
+        <translation>关闭标签页</translation>
     </message>
 </context>
 <context>

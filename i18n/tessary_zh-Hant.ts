@@ -151,6 +151,10 @@
         <source>Select the Day</source>
         <translation>選取當天</translation>
     </message>
+    <message>
+        <source>Open in New Tab</source>
+        <translation>在新分頁中開啟</translation>
+    </message>
 </context>
 <context>
     <name>BrowserEdit</name>
@@ -1137,6 +1141,22 @@
         <source>Help</source>
         <translation>輔助說明</translation>
     </message>
+    <message>
+        <source>New Tab</source>
+        <translation>新增分頁</translation>
+    </message>
+    <message>
+        <source>Close Tab</source>
+        <translation>關閉分頁</translation>
+    </message>
+    <message>
+        <source>Next Tab</source>
+        <translation>下一個分頁</translation>
+    </message>
+    <message>
+        <source>Previous Tab</source>
+        <translation>上一個分頁</translation>
+    </message>
 </context>
 <context>
     <name>ProblemText</name>
@@ -1564,22 +1584,6 @@
         <translation>到「%1」</translation>
     </message>
     <message>
-        <source>Undo</source>
-        <translation>復原</translation>
-    </message>
-    <message>
-        <source>Undo Rename</source>
-        <translation>復原重新命名</translation>
-    </message>
-    <message>
-        <source>Undo Move</source>
-        <translation>復原移動</translation>
-    </message>
-    <message>
-        <source>Undo New Folder</source>
-        <translation>復原新增資料夾</translation>
-    </message>
-    <message>
         <source>Apps</source>
         <translation>App</translation>
     </message>
@@ -1747,6 +1751,22 @@
             <numerusform>將把 %Ln 個項目移到垃圾桶。</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Undo</source>
+        <translation>復原</translation>
+    </message>
+    <message>
+        <source>Undo Rename</source>
+        <translation>復原重新命名</translation>
+    </message>
+    <message>
+        <source>Undo Move</source>
+        <translation>復原移動</translation>
+    </message>
+    <message>
+        <source>Undo New Folder</source>
+        <translation>復原新增資料夾</translation>
+    </message>
 </context>
 <context>
     <name>tessary::EntryDrop</name>
@@ -1854,6 +1874,18 @@
     <message>
         <source>Always the same folder</source>
         <translation>一律使用同一個資料夾</translation>
+    </message>
+    <message>
+        <source>Turbo mode is used</source>
+        <translation>使用極速模式</translation>
+    </message>
+    <message>
+        <source>with every phone that allows it</source>
+        <translation>用於所有允許的手機</translation>
+    </message>
+    <message>
+        <source>only where it was chosen</source>
+        <translation>僅用於選擇了它的手機</translation>
     </message>
 </context>
 <context>
@@ -2296,6 +2328,14 @@
         <source>Quitting stops this. What is done stays done.</source>
         <translation>結束會停止此操作。已完成的部分維持不變。</translation>
     </message>
+    <message>
+        <source>Close</source>
+        <translation>關閉</translation>
+    </message>
+    <message>
+        <source>Closing stops this. What is done stays done.</source>
+        <translation>關閉會停止此操作。已完成的部分維持不變。</translation>
+    </message>
 </context>
 <context>
     <name>tessary::ModeSwitch</name>
@@ -2385,6 +2425,17 @@
     <message>
         <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
         <translation>解鎖手機並在其 USB 通知中選擇「檔案傳輸」後即可顯示檔案。此視窗會自動更新。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::PhoneTab</name>
+    <message>
+        <source>Import Photos</source>
+        <translation>匯入照片</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>App</translation>
     </message>
 </context>
 <context>
@@ -2949,6 +3000,17 @@
     <message>
         <source>Columns</source>
         <translation>欄位</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::Tabs</name>
+    <message>
+        <source>Tabs</source>
+        <translation>分頁</translation>
+    </message>
+    <message>
+        <source>Close Tab</source>
+        <translation>關閉分頁</translation>
     </message>
 </context>
 <context>

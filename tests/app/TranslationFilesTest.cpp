@@ -91,7 +91,8 @@ bool hasWords(const QString& text) {
 TEST(TranslationFiles, everyTextIsTranslatedInEachFormThatTheLanguageHas) {
     // Words that are the same in English, and what has no words.
     const QMap<AppLanguage, QString> same{
-        {AppLanguage::de, u"Apps|Updates|Version|Downloads|Filter|Name|Video|Videos|Audio|OK"_s},
+        {AppLanguage::de,
+         u"Apps|Updates|Version|Downloads|Filter|Name|Video|Videos|Audio|Tabs|OK"_s},
         {AppLanguage::es, u"General|Audio|&No|1 byte"_s},
         {AppLanguage::fr, u"Documents|Photos|Apps|Version|Image|Audio|Document|Archive|OK"_s},
         {AppLanguage::it, u"File|Video|Audio|OK|&No|1 byte"_s},

@@ -2,7 +2,7 @@
 
 #include "support/CopyNow.h"
 #include "views/dialogs/ClashQuestion.h"
-#include "views/window/GeneralNotices.h"
+#include "views/tabs/GeneralNotices.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -47,6 +47,13 @@ void tourPanes(TourStage& stage) {
     stage.shoot(QStringLiteral("cut"));
     split(stage); // together again
 
+    PhoneTab& music = window.openTab(QStringLiteral("/sdcard/Music"), true);
+    stage.waitFor("the second tab", [&] { return !window.browser().isLoading(); });
+    window.openTab(QStringLiteral("/sdcard/DCIM/Camera"), false);
+    stage.shoot(QStringLiteral("tabs"));
+    window.closeTab(music);
+    window.closeTab(window.tab());
+
     window.browserView().columnMenu().popup(window.mapToGlobal(QPoint(700, 120)));
     stage.shoot(QStringLiteral("columns"));
     window.browserView().columnMenu().close();

@@ -77,6 +77,9 @@ void tourDark(TourStage& stage) {
     QApplication::setPalette(darkPalette());
     stage.selectNamed({QStringLiteral("Documents")});
     stage.shoot(QStringLiteral("dark-list"));
+    window.choice().showPhone();
+    stage.shoot(QStringLiteral("dark-phone"));
+    window.browser().goBack();
     stage.open(QStringLiteral("/sdcard/DCIM/Camera"));
     window.browser().setViewMode(ViewMode::grid);
     stage.shoot(QStringLiteral("dark-grid"));

@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QComboBox>
+#include <QDialog>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -79,6 +80,13 @@ protected:
         ASSERT_TRUE(wait([this] { return settings() != nullptr && settings()->isVisible(); }));
         settings()->activateWindow();
         ASSERT_TRUE(wait([this] { return QApplication::activeWindow() == settings(); }));
+    }
+    void addPair() {
+        SyncPair pair;
+        pair.deviceUDID = phone_.info.udid;
+        pair.deviceName = pair.appName = u"Phone"_s;
+        pair.localFolderPath = local_.path();
+        app_->syncManager().addSyncPair(pair);
     }
     [[nodiscard]] QTabWidget& tabs() const {
         return *settings()->findChild<QTabWidget*>();
@@ -199,11 +207,44 @@ TEST_F(SettingsTest, nothingIsReachedByTheMouseAlone) {
     EXPECT_THAT(notReachedIn(*window_), testing::IsEmpty());
     EXPECT_THAT(buttonsForTheMouseAlone(*window_), testing::IsEmpty());
     EXPECT_THAT(namelessIn(*window_), testing::IsEmpty());
+    press(Qt::Key_F3);
+    press(Qt::Key_T, Qt::ControlModifier); // and with it the bar of tabs
+    addPair();
+    window_->choice().showPhone();
+    EXPECT_THAT(notReachedIn(*window_), testing::IsEmpty());
+    EXPECT_THAT(namelessIn(*window_), testing::IsEmpty());
+    window_->choice().openImport();
+    ASSERT_TRUE(
+        wait([this] { return window_->import().state() != ImportViewModel::State::looking; }));
+    EXPECT_THAT(notReachedIn(*window_), testing::IsEmpty());
+    EXPECT_THAT(namelessIn(*window_), testing::IsEmpty());
     openSettings();
     for (int i = 0; i < tabs().count(); ++i) {
         tabs().setCurrentIndex(i);
         tabs().tabBar()->setFocus();
         EXPECT_THAT(notReachedIn(*settings()), testing::IsEmpty()) << "tab " << i;
+    }
+    settings()->close();
+    const std::function<void()> dialogs[] = {[this] { window_->showCopyHistory(); },
+                                             [this] { window_->showWireless(); },
+                                             [this] { press(Qt::Key_F1); }};
+    for (const auto& open : dialogs) {
+        activate();
+        open();
+        QWidget* dialog = nullptr;
+        ASSERT_TRUE(wait([&] {
+            for (QDialog* each : window_->findChildren<QDialog*>())
+                if (each->isVisible())
+                    dialog = each;
+            if (dialog != nullptr)
+                dialog->activateWindow();
+            return dialog != nullptr && QApplication::focusWidget() != nullptr &&
+                   QApplication::focusWidget()->window() == dialog;
+        }));
+        EXPECT_THAT(namelessIn(*dialog), testing::IsEmpty());
+        EXPECT_THAT(notReachedIn(*dialog), testing::IsEmpty())
+            << dialog->objectName().toStdString();
+        dialog->close();
     }
 }
 
@@ -218,11 +259,7 @@ TEST_F(SettingsTest, everyControlHasAnAccessibleName) {
     press(Qt::Key_2, Qt::ControlModifier);
     window_->browser().setSearchText(u"no such name"_s);
     EXPECT_THAT(namelessIn(*window_), testing::IsEmpty());
-    SyncPair pair;
-    pair.deviceUDID = phone_.info.udid;
-    pair.deviceName = pair.appName = u"Phone"_s;
-    pair.localFolderPath = local_.path();
-    app_->syncManager().addSyncPair(pair);
+    addPair();
     openSettings();
     for (int i = 0; i < tabs().count(); ++i) {
         tabs().setCurrentIndex(i);

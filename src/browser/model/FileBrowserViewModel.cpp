@@ -60,8 +60,6 @@ void FileBrowserViewModel::takeDragFailures() {
 }
 
 FileBrowserViewModel::~FileBrowserViewModel() {
-    if (promises_ != nullptr)
-        promises_->reportFailuresTo({});
     stopAll();
     endInBackground(this, std::move(files_));
 }

@@ -44,9 +44,9 @@ QList<QKeySequence> keys(auto... sequences) {
     return {QKeySequence(sequences)...};
 }
 
-const std::array<Row, 37>& commands() {
+const std::array<Row, 38>& commands() {
     using Actions = BrowserActions;
-    static const std::array<Row, 37> rows{{
+    static const std::array<Row, 38> rows{{
         {&Actions::back, "go-previous", QT_TRANSLATE_NOOP("BrowserActions", "Back"), keys(backKey)},
         {&Actions::forward, "go-next", QT_TRANSLATE_NOOP("BrowserActions", "Forward"),
          keys(forwardKey)},
@@ -57,6 +57,8 @@ const std::array<Row, 37>& commands() {
          keys(Qt::Key_F5, Qt::CTRL | Qt::Key_R)},
         {&Actions::open, "document-open", QT_TRANSLATE_NOOP("BrowserActions", "Open"),
          keys(openKey)},
+        {&Actions::openInTab, "tab-new", QT_TRANSLATE_NOOP("BrowserActions", "Open in New Tab"),
+         keys(Qt::CTRL | Qt::Key_Return, Qt::CTRL | Qt::Key_Enter)},
         {&Actions::newFolder, "folder-new", QT_TRANSLATE_NOOP("BrowserActions", "New Folder"),
          keys(Qt::CTRL | Qt::SHIFT | Qt::Key_N)},
         {&Actions::undo, "edit-undo", QT_TRANSLATE_NOOP("BrowserActions", "Undo"),
@@ -164,18 +166,17 @@ void useKeys(const BrowserActions& actions, bool areUsed) {
         (actions.*row.action)->setShortcuts(areUsed ? row.shortcuts : QList<QKeySequence>());
 }
 
+void replaceInMenus(QAction& before, QAction& next, const QMenuBar& menus) {
+    for (const QAction* title : menus.actions())
+        if (QMenu* menu = title->menu(); menu != nullptr && menu->actions().contains(&before)) {
+            menu->insertAction(&before, &next);
+            menu->removeAction(&before);
+        }
+}
+
 void handOver(const BrowserActions& before, const BrowserActions& next, const QMenuBar& menus) {
-    for (const QAction* title : menus.actions()) {
-        QMenu* menu = title->menu();
-        if (menu == nullptr)
-            continue;
-        const QList<QAction*> entries = menu->actions();
-        for (const Row& row : commands())
-            if (QAction* old = before.*row.action; entries.contains(old)) {
-                menu->insertAction(old, next.*row.action);
-                menu->removeAction(old);
-            }
-    }
+    for (const Row& row : commands())
+        replaceInMenus(*(before.*row.action), *(next.*row.action), menus);
     useKeys(before, false);
     useKeys(next, true);
 }

@@ -19,6 +19,7 @@ struct BrowserActions {
     QAction* goTo; ///< a path that is typed
     QAction* reload;
     QAction* open;
+    QAction* openInTab;
     QAction* newFolder;
     QAction* undo;
     QAction* cut;
@@ -54,6 +55,8 @@ struct BrowserActions {
 
 /// Which of two browsers' commands a window's keys and menus mean: those of `next` from now on.
 void handOver(const BrowserActions& before, const BrowserActions& next, const QMenuBar& menus);
+/// Puts another command in the place of one.
+void replaceInMenus(QAction& before, QAction& next, const QMenuBar& menus);
 /// Gives the commands their keys, or takes these away while another browser has them.
 void useKeys(const BrowserActions& actions, bool areUsed);
 

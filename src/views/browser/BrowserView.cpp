@@ -112,6 +112,8 @@ void BrowserView::connectActions() {
     on(actions_.up, [this] { goUp(); });
     on(actions_.reload, [this] { browser_.reload(); });
     on(actions_.open, [this] { entries_.open(); });
+    on(actions_.openInTab, [this] { entries_.openInTab(browser_.selection().entries()); });
+    actions_.openInTab->setVisible(false);
     on(actions_.newFolder, [this] { browser_.createFolder(); });
     on(actions_.rename, [this] { entries_.rename(); });
     on(actions_.remove, [this] { entries_.remove(); });
@@ -336,6 +338,7 @@ void BrowserView::updateActions() {
           actions_.invertSelection, actions_.find})
         action->setEnabled(isUsable);
     actions_.rename->setEnabled(isUsable && selected == 1);
+    actions_.openInTab->setEnabled(isUsable && selected == 1);
     for (QAction* action : {actions_.open, actions_.cut, actions_.copy, actions_.moveTo,
                             actions_.copyTo, actions_.duplicate, actions_.remove, actions_.download,
                             actions_.quickLook, actions_.properties})
@@ -347,27 +350,14 @@ void BrowserView::updateActions() {
     actions_.selectDay->setEnabled(isUsable && days.isOn());
     actions_.zoomIn->setEnabled(browser_.pictureSide() < FileBrowserViewModel::largestPicture);
     actions_.zoomOut->setEnabled(browser_.pictureSide() > FileBrowserViewModel::smallestPicture);
-    showUndo();
+    actions_.undo->setText(entries_.undoText());
+    actions_.undo->setEnabled(browser_.changes().undoable().has_value() && !browser_.isEditing() &&
+                              browser_.state() != BrowserState::deviceLost);
     actions_.apps->setVisible(isInApp());
     const QString path = entries_.favoriteCandidate().second;
     actions_.favorite->setEnabled(isUsable && !path.isEmpty());
     actions_.favorite->setText(entries_.isFavorite(path) ? tr("Remove from Favorites")
                                                          : tr("Add to Favorites"));
-}
-
-/// The command says what it would take back.
-void BrowserView::showUndo() {
-    const auto step = browser_.changes().undoable();
-    actions_.undo->setEnabled(step.has_value() && !browser_.isEditing() &&
-                              browser_.state() != BrowserState::deviceLost);
-    if (!step)
-        actions_.undo->setText(tr("Undo"));
-    else if (step->kind == UndoStep::Kind::rename)
-        actions_.undo->setText(tr("Undo Rename"));
-    else if (step->kind == UndoStep::Kind::move)
-        actions_.undo->setText(tr("Undo Move"));
-    else
-        actions_.undo->setText(tr("Undo New Folder"));
 }
 
 /// A step larger or smaller, by a quarter.
@@ -389,7 +379,7 @@ void BrowserView::showContextMenu(const QPoint& position) {
 
 bool BrowserView::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::MouseButtonPress)
-        return handleMouseButton(static_cast<QMouseEvent*>(event)->button());
+        return handleMouseButton(*static_cast<QMouseEvent*>(event));
     if (event->type() == QEvent::Wheel) {
         const auto& wheel = *static_cast<QWheelEvent*>(event);
         if (!wheel.modifiers().testFlag(Qt::ControlModifier) || wheel.angleDelta().y() == 0)
@@ -402,8 +392,21 @@ bool BrowserView::eventFilter(QObject* watched, QEvent* event) {
            handleKey(*static_cast<QKeyEvent*>(event));
 }
 
-/// The buttons at a mouse's side walk through the history.
-bool BrowserView::handleMouseButton(Qt::MouseButton button) {
+void BrowserView::setOpenTab(std::function<void(const QString& path)> openTab) {
+    entries_.setOpenTab(std::move(openTab));
+    actions_.openInTab->setVisible(true);
+}
+
+/// The buttons at a mouse's side walk through the history, the middle one opens a tab.
+bool BrowserView::handleMouseButton(const QMouseEvent& press) {
+    const Qt::MouseButton button = press.button();
+    if (button == Qt::MiddleButton) {
+        const QModelIndex row = currentListing().indexAt(press.position().toPoint());
+        entries_.openInTab(browser_.itemsWithIds({row.siblingAtColumn(FileListModel::nameColumn)
+                                                      .data(FileListModel::idRole)
+                                                      .toString()}));
+        return true;
+    }
     if (button == Qt::BackButton)
         browser_.goBack();
     else if (button == Qt::ForwardButton)
@@ -453,14 +456,11 @@ bool BrowserView::handleKey(const QKeyEvent& key) {
     }
 }
 
-void BrowserView::showEvent(QShowEvent* event) {
-    QWidget::showEvent(event);
-    updateActions();
-}
-
-void BrowserView::hideEvent(QHideEvent* event) {
-    QWidget::hideEvent(event);
-    updateActions();
+bool BrowserView::event(QEvent* event) {
+    const bool isDone = QWidget::event(event);
+    if (event->type() == QEvent::Show || event->type() == QEvent::Hide)
+        updateActions();
+    return isDone;
 }
 
 /// The files have the keys. A focus proxy would make the Tab key pass by the toolbar.

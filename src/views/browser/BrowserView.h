@@ -43,6 +43,10 @@ public:
     [[nodiscard]] const EntryDrop& drops() const {
         return drops_;
     }
+    /// What another view, which closes, has put on the clipboard stays there as long as this one.
+    void takeClipboard(BrowserView& from) {
+        entries_.takeClipboard(from.entries_);
+    }
     void setFavorites(FavoriteCommands favorites);
     /// What leads back to the apps of an iPhone.
     void setShowApps(std::function<void()> showApps);
@@ -52,6 +56,8 @@ public:
     void setFileClick(std::function<FileClick()> fileClick) {
         fileClick_ = std::move(fileClick);
     }
+    /// What opens a folder in another tab; where there are none it is not offered.
+    void setOpenTab(std::function<void(const QString& path)> openTab);
     /// What opens the sync menu below a widget.
     void setShowSync(std::function<void(const QWidget& anchor)> showSync);
     /// Favorites have changed.
@@ -64,8 +70,7 @@ public:
     [[nodiscard]] TableColumns& columns() const;
 
 protected:
-    void showEvent(QShowEvent* event) override;
-    void hideEvent(QHideEvent* event) override;
+    bool event(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
@@ -85,11 +90,10 @@ private:
     void showStatus();
     void showContextMenu(const QPoint& position);
     void setGrid(bool grid);
-    void showUndo();
     void zoom(int steps);
     [[nodiscard]] bool isInApp() const;
     [[nodiscard]] bool handleKey(const QKeyEvent& key);
-    [[nodiscard]] bool handleMouseButton(Qt::MouseButton button);
+    [[nodiscard]] bool handleMouseButton(const QMouseEvent& press);
 
     FileBrowserViewModel& browser_;
     std::function<void()> showApps_;

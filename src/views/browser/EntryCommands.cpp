@@ -77,6 +77,11 @@ void EntryCommands::open() {
     });
 }
 
+void EntryCommands::openInTab(const std::vector<FileItem>& items) const {
+    if (openTab_ && items.size() == 1 && items.front().isDirectory)
+        openTab_(browser_.files()->canonicalPath(items.front().path));
+}
+
 void EntryCommands::tellNotOpened(const QString& path) {
     browser_.showProblem(BrowserProblem{BrowserProblem::What::open, lastComponent(path), 1, 1, {}});
 }
@@ -211,6 +216,15 @@ void EntryCommands::remove() {
         browser_.deleteItems(ids);
 }
 
+QString EntryCommands::undoText() const {
+    const auto step = browser_.changes().undoable();
+    if (!step)
+        return tr("Undo");
+    if (step->kind == UndoStep::Kind::rename)
+        return tr("Undo Rename");
+    return step->kind == UndoStep::Kind::move ? tr("Undo Move") : tr("Undo New Folder");
+}
+
 void EntryCommands::addTo(QMenu& menu, const BrowserActions& actions) {
     const auto selected = browser_.selection().entries();
     if (selected.empty()) {
@@ -227,6 +241,8 @@ void EntryCommands::addTo(QMenu& menu, const BrowserActions& actions) {
     }
     const bool isOneFolder = selected.size() == 1 && selected.front().isDirectory;
     menu.addAction(actions.open);
+    if (isOneFolder)
+        menu.addAction(actions.openInTab);
     addOpenWith(menu);
     menu.addAction(actions.quickLook);
     menu.addAction(actions.download);

@@ -63,15 +63,29 @@ public:
 
     /// Enters a folder. A file opens with the program that the desktop has for it, once it is here.
     void open();
+    /// What opens a folder in another tab.
+    void setOpenTab(std::function<void(const QString& path)> openTab) {
+        openTab_ = std::move(openTab);
+    }
+    /// One folder; anything else stays as it is.
+    void openInTab(const std::vector<FileItem>& items) const;
     void preview();
     /// Puts the selected entries on the clipboard. Other programs get copies, also of what was cut.
     void copy();
     void cut();
+    /// What another has put there goes with this one, not with that.
+    void takeClipboard(EntryCommands& from) {
+        if (from.onClipboard_)
+            onClipboard_ = std::exchange(from.onClipboard_, nullptr);
+    }
     /// Puts the paths of the selected entries, or of the folder, on the clipboard as text.
     void copyPath() const;
     void rename();
     void remove();
     void showProperties();
+
+    /// What the command says that it would take back.
+    [[nodiscard]] QString undoText() const;
 
     /// The commands for what is selected, or for the folder.
     void addTo(QMenu& menu, const BrowserActions& actions);
@@ -88,6 +102,7 @@ private:
     const OpenLocalFile openLocalFile_;
     QWidget& parent_;
     FavoriteCommands favorites_;
+    std::function<void(const QString&)> openTab_;
     QPointer<const QMimeData> onClipboard_; ///< what this has put there last
     PreviewWindow* preview_ = nullptr;      ///< made when it is first opened
 };

@@ -35,18 +35,33 @@ QJsonObject written(const FileBrowserViewModel& browser, const QString& udid) {
 } // namespace
 
 WindowStateStore::WindowStateStore(Parts parts, UserDefaults& defaults)
-    : QObject(&parts.window), parts_(parts), defaults_(defaults) {
+    : QObject(&parts.window), parts_(std::move(parts)), defaults_(defaults) {
     setObjectName(QStringLiteral("windowStateStore"));
     restoreWindow();
-    parts.window.installEventFilter(this);
-    FileBrowserViewModel& browser = parts.browser;
+    follow(parts_.shown());
+    parts_.window.installEventFilter(this);
+}
+
+void WindowStateStore::addTab(Shown tab) {
+    const Shown before = parts_.shown();
+    tab.browser.setShowsHidden(before.browser.showsHidden());
+    tab.browser.setPictureSide(before.browser.pictureSide());
+    tab.columns.restore(before.columns.choices());
+    tab.browser.dayGrouping().restore(before.browser.dayGrouping().choices());
+    follow(tab);
+}
+
+void WindowStateStore::follow(Shown tab) {
+    FileBrowserViewModel& browser = tab.browser;
     connect(&browser, &FileBrowserViewModel::connectionChanged, this,
-            &WindowStateStore::showDevice);
-    connect(&browser, &FileBrowserViewModel::viewModeChanged, this, &WindowStateStore::keepDevice);
-    connect(&browser, &FileBrowserViewModel::sortOrderChanged, this, &WindowStateStore::keepDevice);
-    connect(&parts.columns, &TableColumns::choicesChanged, this, &WindowStateStore::keepColumns);
+            [this, &browser, udid = QString()]() mutable { showDevice(browser, udid); });
+    for (auto signal :
+         {&FileBrowserViewModel::viewModeChanged, &FileBrowserViewModel::sortOrderChanged})
+        connect(&browser, signal, this, [this, &browser] { keepDevice(browser); });
+    connect(&tab.columns, &TableColumns::choicesChanged, this,
+            [this, &columns = tab.columns] { keepColumns(columns); });
     connect(&browser.dayGrouping(), &DayGrouping::choicesChanged, this,
-            &WindowStateStore::keepDays);
+            [this, &browser] { keepDays(browser); });
 }
 
 bool WindowStateStore::isOn() const {
@@ -56,10 +71,11 @@ bool WindowStateStore::isOn() const {
 void WindowStateStore::setOn(bool on) {
     defaults_.setValue(isOffKey, on ? QJsonValue(QJsonValue::Undefined) : QJsonValue(true));
     if (on) {
+        const Shown tab = parts_.shown();
         keepWindow();
-        keepDevice();
-        keepColumns();
-        keepDays();
+        keepDevice(tab.browser);
+        keepColumns(tab.columns);
+        keepDays(tab.browser);
         return;
     }
     for (const View key : {windowKey, columnsKey, daysKey, devicesKey})
@@ -81,9 +97,10 @@ void WindowStateStore::restoreWindow() {
     const QSize size(kept.value(View("width")).toInt(), kept.value(View("height")).toInt());
     if (!size.isEmpty())
         window.resize(size.boundedTo(room).expandedTo(window.minimumSize()));
-    parts_.browser.setShowsHidden(kept.value(View("hidden")).toBool());
+    const Shown tab = parts_.shown();
+    tab.browser.setShowsHidden(kept.value(View("hidden")).toBool());
     if (const int side = kept.value(View("pictures")).toInt(); side > 0)
-        parts_.browser.setPictureSide(side);
+        tab.browser.setPictureSide(side);
     if (kept.value(View("maximized")).toBool())
         window.setWindowState(window.windowState() | Qt::WindowMaximized);
     if (const int sidebar = kept.value(View("sidebar")).toInt(); sidebar > 0) {
@@ -91,59 +108,62 @@ void WindowStateStore::restoreWindow() {
         const int bounded = std::min(sidebar, inAll / 2);
         parts_.split.setSizes({bounded, inAll - bounded});
     }
-    parts_.columns.restore(defaults_.value(columnsKey).toObject());
-    parts_.browser.dayGrouping().restore(defaults_.value(daysKey).toArray());
+    tab.columns.restore(defaults_.value(columnsKey).toObject());
+    tab.browser.dayGrouping().restore(defaults_.value(daysKey).toArray());
 }
 
-void WindowStateStore::keepColumns() {
+void WindowStateStore::keepColumns(const TableColumns& columns) {
     if (isOn())
-        defaults_.setValue(columnsKey, parts_.columns.choices());
+        defaults_.setValue(columnsKey, columns.choices());
 }
 
-void WindowStateStore::keepDays() {
+void WindowStateStore::keepDays(FileBrowserViewModel& browser) {
     if (isOn())
-        defaults_.setValue(daysKey, parts_.browser.dayGrouping().choices());
+        defaults_.setValue(daysKey, browser.dayGrouping().choices());
 }
 
 void WindowStateStore::keepWindow() {
     if (!isOn())
         return;
+    const Shown tab = parts_.shown();
     const QMainWindow& window = parts_.window;
     const bool isMaximized = window.isMaximized();
     const QSize size = isMaximized ? window.normalGeometry().size() : window.size();
     defaults_.setValue(windowKey, QJsonObject{{View("width"), size.width()},
                                               {View("height"), size.height()},
                                               {View("maximized"), isMaximized},
-                                              {View("hidden"), parts_.browser.showsHidden()},
-                                              {View("pictures"), parts_.browser.pictureSide()},
+                                              {View("hidden"), tab.browser.showsHidden()},
+                                              {View("pictures"), tab.browser.pictureSide()},
                                               {View("sidebar"), parts_.split.sizes().value(0)}});
 }
 
-void WindowStateStore::showDevice() {
-    const auto& device = parts_.browser.activeDevice();
-    if (!device || device->udid == udid_)
+/// `udid` is of the device that was shown last.
+void WindowStateStore::showDevice(FileBrowserViewModel& browser, QString& udid) {
+    const auto& device = browser.activeDevice();
+    if (!device || device->udid == udid)
         return;
-    udid_ = device->udid;
+    udid = device->udid;
     const bool isInGrid = defaults_.value(newDevicesInGridKey).toBool();
     QJsonObject kept{{View("view"), isInGrid ? QJsonValue(QString(gridName)) : QJsonValue()}};
     for (const QJsonValue& entry : defaults_.value(devicesKey).toArray())
-        if (isOn() && entry.toObject().value(View("device")).toString() == udid_)
+        if (isOn() && entry.toObject().value(View("device")).toString() == udid)
             kept = entry.toObject();
     const QScopedValueRollback restoring(isRestoring_, true);
     const int column = std::clamp(kept.value(View("column")).toInt(), 0, fieldsInAll - 1);
-    parts_.browser.setSortOrder(
+    browser.setSortOrder(
         {{static_cast<FileField>(column), kept.value(View("descending")).toBool()}});
-    parts_.browser.setViewMode(kept.value(View("view")).toString() == gridName ? ViewMode::grid
-                                                                               : ViewMode::list);
+    browser.setViewMode(kept.value(View("view")).toString() == gridName ? ViewMode::grid
+                                                                        : ViewMode::list);
 }
 
-void WindowStateStore::keepDevice() {
-    if (isRestoring_ || udid_.isEmpty() || !isOn())
+void WindowStateStore::keepDevice(const FileBrowserViewModel& browser) {
+    const auto& device = browser.activeDevice();
+    if (isRestoring_ || !device || !isOn())
         return;
-    QJsonArray devices{written(parts_.browser, udid_)};
+    QJsonArray devices{written(browser, device->udid)};
     for (const QJsonValue& entry : defaults_.value(devicesKey).toArray())
         if (devices.size() < mostDevices && entry.isObject() &&
-            entry.toObject().value(View("device")).toString() != udid_)
+            entry.toObject().value(View("device")).toString() != device->udid)
             devices.append(entry);
     defaults_.setValue(devicesKey, devices);
 }

@@ -5,6 +5,8 @@
 
 #include <QObject>
 
+#include <functional>
+
 class QMainWindow;
 class QSplitter;
 
@@ -12,10 +14,9 @@ namespace tessary {
 
 class TableColumns;
 
-/// Keeps what the main window looks like in the user's settings: its size, the sidebar's
-/// width, the columns, for each device how its files are shown and sorted, and which folders are
-/// grouped by day. What is read from the
-/// settings may be anything and is taken only as far as it makes sense.
+/// Keeps what a window looks like in the user's settings: its size, the sidebar's width, the
+/// columns, for each device how its files are shown and sorted, and which folders are grouped by
+/// day. What is read from the settings may be anything and is taken only as far as it makes sense.
 class WindowStateStore : public QObject {
 public:
     static constexpr QLatin1StringView isOffKey{"Tessary_ForgetsWindow"};
@@ -27,17 +28,24 @@ public:
     static constexpr QLatin1StringView newDevicesInGridKey{"Tessary_NewPhonesInGrid"};
     static constexpr int mostDevices = 50; ///< the one that was changed longest ago goes
 
+    /// What a tab of the window shows.
+    struct Shown {
+        FileBrowserViewModel& browser;
+        TableColumns& columns;
+    };
     /// What is kept of; all must outlive it.
     struct Parts {
         QMainWindow& window;
-        QSplitter& split; ///< sidebar and files
-        TableColumns& columns;
-        FileBrowserViewModel& browser;
+        QSplitter& split;             ///< sidebar and files
+        std::function<Shown()> shown; ///< the tab whose looks the next one begins with
     };
 
     /// Makes the window as it was left. `defaults` must outlive it.
     WindowStateStore(Parts parts, UserDefaults& defaults);
 
+    /// A tab that was just made: it begins as the one that is shown looks, and what the user makes
+    /// of it is kept from now on.
+    void addTab(Shown tab);
     [[nodiscard]] bool isOn() const;
     /// Off also forgets what is kept.
     void setOn(bool on);
@@ -48,14 +56,14 @@ protected:
 private:
     void restoreWindow();
     void keepWindow();
-    void showDevice();
-    void keepDevice();
-    void keepColumns();
-    void keepDays();
+    void follow(Shown tab);
+    void showDevice(FileBrowserViewModel& browser, QString& udid);
+    void keepDevice(const FileBrowserViewModel& browser);
+    void keepColumns(const TableColumns& columns);
+    void keepDays(FileBrowserViewModel& browser);
 
     Parts parts_;
     UserDefaults& defaults_;
-    QString udid_; ///< of the device that is browsed
     bool isRestoring_ = false;
 };
 

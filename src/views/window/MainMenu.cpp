@@ -37,44 +37,48 @@ QMenu* addMenu(QMenuBar& bar, const char* title, std::initializer_list<QAction*>
 void makeMainMenus(QMenuBar& bar, const BrowserActions& actions,
                    const MainMenuCallbacks& callbacks) {
     const auto& a = actions;
-    auto* settings = new QAction(icon("configure"), QString(), &bar);
-    settings->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
-    settings->setMenuRole(QAction::PreferencesRole);
-    QObject::connect(settings, &QAction::triggered, &bar, callbacks.showSettings);
-    auto* wireless = new QAction(icon("network-wireless"), QString(), &bar);
-    QObject::connect(wireless, &QAction::triggered, &bar, callbacks.showWireless);
-    auto* history = new QAction(icon("view-history"), QString(), &bar);
-    history->setObjectName(QStringLiteral("copyHistoryAction"));
-    history->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_H));
-    QObject::connect(history, &QAction::triggered, &bar, callbacks.showCopyHistory);
-    auto* fullScreen = new QAction(icon("view-fullscreen"), QString(), &bar);
-    fullScreen->setShortcut(QKeySequence(Qt::Key_F11));
-    QObject::connect(fullScreen, &QAction::triggered, &bar, callbacks.toggleFullScreen);
-    auto* quit = new QAction(icon("application-exit"), QString(), &bar);
-    quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
-    quit->setMenuRole(QAction::QuitRole);
-    QObject::connect(quit, &QAction::triggered, &bar, callbacks.quit);
-    auto* newWindow = new QAction(icon("window-new"), QString(), &bar);
+    using Callback = std::function<void()> MainMenuCallbacks::*;
+    const auto command = [&](const char* iconName, const char* text, QKeySequence key,
+                             Callback run) {
+        auto* action = new QAction(icon(iconName), QString(), &bar);
+        action->setShortcut(key);
+        QObject::connect(action, &QAction::triggered, &bar, callbacks.*run);
+        keepTranslated(action, [action, text] { action->setText(MainMenu::tr(text)); });
+        return action;
+    };
+    using Callbacks = MainMenuCallbacks;
+    QAction* newWindow = command("window-new", QT_TRANSLATE_NOOP("MainMenu", "New Window"),
+                                 QKeySequence::New, &Callbacks::newWindow);
     newWindow->setObjectName(QStringLiteral("newWindowAction"));
-    newWindow->setShortcut(QKeySequence::New);
-    QObject::connect(newWindow, &QAction::triggered, &bar, callbacks.newWindow);
-    auto* help = new QAction(icon("help-contents"), QString(), &bar);
-    help->setShortcut(QKeySequence::HelpContents);
-    QObject::connect(help, &QAction::triggered, &bar, callbacks.showHelp);
-    keepTranslated(settings, [settings, wireless, history, fullScreen, quit, newWindow, help] {
-        newWindow->setText(MainMenu::tr("New Window"));
-        help->setText(MainMenu::tr("Help"));
-        settings->setText(MainMenu::tr("Settings"));
-        wireless->setText(MainMenu::tr("Wireless Devices…"));
-        history->setText(MainMenu::tr("Copy History…"));
-        fullScreen->setText(MainMenu::tr("Full Screen"));
-        quit->setText(MainMenu::tr("Quit Tessary"));
-    });
+    QAction* newTab = command("tab-new", QT_TRANSLATE_NOOP("MainMenu", "New Tab"),
+                              Qt::CTRL | Qt::Key_T, &Callbacks::newTab);
+    QAction* closeTab = command("tab-close", QT_TRANSLATE_NOOP("MainMenu", "Close Tab"),
+                                Qt::CTRL | Qt::Key_W, &Callbacks::closeTab);
+    QAction* nextTab = command("go-next", QT_TRANSLATE_NOOP("MainMenu", "Next Tab"),
+                               Qt::CTRL | Qt::Key_PageDown, &Callbacks::nextTab);
+    QAction* previousTab = command("go-previous", QT_TRANSLATE_NOOP("MainMenu", "Previous Tab"),
+                                   Qt::CTRL | Qt::Key_PageUp, &Callbacks::previousTab);
+    QAction* settings = command("configure", QT_TRANSLATE_NOOP("MainMenu", "Settings"),
+                                Qt::CTRL | Qt::Key_Comma, &Callbacks::showSettings);
+    settings->setMenuRole(QAction::PreferencesRole);
+    QAction* wireless =
+        command("network-wireless", QT_TRANSLATE_NOOP("MainMenu", "Wireless Devices…"), {},
+                &Callbacks::showWireless);
+    QAction* history = command("view-history", QT_TRANSLATE_NOOP("MainMenu", "Copy History…"),
+                               Qt::CTRL | Qt::SHIFT | Qt::Key_H, &Callbacks::showCopyHistory);
+    history->setObjectName(QStringLiteral("copyHistoryAction"));
+    QAction* fullScreen = command("view-fullscreen", QT_TRANSLATE_NOOP("MainMenu", "Full Screen"),
+                                  Qt::Key_F11, &Callbacks::toggleFullScreen);
+    QAction* quit = command("application-exit", QT_TRANSLATE_NOOP("MainMenu", "Quit Tessary"),
+                            Qt::CTRL | Qt::Key_Q, &Callbacks::quit);
+    quit->setMenuRole(QAction::QuitRole);
+    QAction* help = command("help-contents", QT_TRANSLATE_NOOP("MainMenu", "Help"),
+                            QKeySequence::HelpContents, &Callbacks::showHelp);
 
     addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "File"),
-            {newWindow, nullptr, a.newFolder, a.open, a.download, a.uploadFiles, a.uploadFolder,
-             a.sync, callbacks.importPhotos, nullptr, a.quickLook, a.properties, nullptr, settings,
-             nullptr, quit});
+            {newWindow, newTab, nullptr, a.newFolder, a.open, a.openInTab, a.download,
+             a.uploadFiles, a.uploadFolder, a.sync, callbacks.importPhotos, nullptr, a.quickLook,
+             a.properties, nullptr, settings, nullptr, closeTab, quit});
     addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "Edit"),
             {a.undo, nullptr, a.cut, a.copy, a.paste, a.copyPath, nullptr, a.moveTo, a.copyTo,
              a.duplicate, nullptr, a.rename, a.remove, nullptr, a.selectAll, a.selectDay,
@@ -83,9 +87,9 @@ void makeMainMenus(QMenuBar& bar, const BrowserActions& actions,
             {a.asList, a.asGrid, nullptr, a.zoomIn, a.zoomOut, a.zoomReset, nullptr, a.groupByDay,
              a.showHidden, callbacks.columns->menuAction(), callbacks.split, fullScreen, nullptr,
              a.reload});
-    addMenu(
-        bar, QT_TRANSLATE_NOOP("MainMenu", "Go"),
-        {a.back, a.forward, a.up, a.goTo, a.apps, nullptr, a.favorite, nullptr, wireless, history});
+    addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "Go"),
+            {a.back, a.forward, a.up, a.goTo, a.apps, nullptr, nextTab, previousTab, nullptr,
+             a.favorite, nullptr, wireless, history});
     addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "Help"), {help})
         ->setObjectName(QStringLiteral("helpMenu"));
     new MenuMnemonics(bar);

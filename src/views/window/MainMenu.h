@@ -13,6 +13,10 @@ namespace tessary {
 /// What the menus do besides the browser's commands.
 struct MainMenuCallbacks {
     std::function<void()> newWindow;
+    std::function<void()> newTab;
+    std::function<void()> closeTab;
+    std::function<void()> nextTab;
+    std::function<void()> previousTab;
     QAction* split = nullptr; ///< a folder of this computer beside the phone's
     QMenu* columns = nullptr; ///< which columns the list has
     std::function<void()> showHelp;

@@ -1,15 +1,11 @@
 #pragma once
 
 #include "app/TessaryApp.h"
-#include "browser/model/AppListViewModel.h"
-#include "browser/model/FileBrowserViewModel.h"
-#include "browser/model/ImportViewModel.h"
 #include "sync/manager/SyncViewModel.h"
-#include "views/browser/BrowserView.h"
 #include "views/sidebar/DeviceListModel.h"
 #include "views/sidebar/Sidebar.h"
-#include "views/window/GeneralNotices.h"
-#include "views/window/PhoneChoice.h"
+#include "views/tabs/GeneralNotices.h"
+#include "views/tabs/PhoneTab.h"
 
 #include <QMainWindow>
 #include <QPointer>
@@ -23,16 +19,13 @@ class QSplitter;
 namespace tessary {
 
 class CopyHistoryDialog;
-class ImportView;
 class Panes;
-class PhonePage;
 class SettingsWindow;
 class SyncDialogs;
 class SyncPanel;
+class Tabs;
 class TransferNotice;
 class TransferPanel;
-class WindowBanner;
-class WindowPages;
 class WindowStateStore;
 class WirelessDialog;
 
@@ -51,9 +44,17 @@ public:
 
     /// Opens another window, on the phone and folder of this one.
     MainWindow& openWindow();
+    /// Opens a tab on the phone of this one, at a folder, and shows it or leaves what is shown.
+    PhoneTab& openTab(const QString& path, bool isShown);
+    /// Ends a tab, and with the last one the window, once the user agrees to what ends with it.
+    void closeTab(PhoneTab& tab);
+    /// Ends the program, once the user agrees to what ends with it; all windows stay otherwise.
+    void quit();
 
+    /// The tab that is shown; what follows is its.
+    [[nodiscard]] PhoneTab& tab() const;
     [[nodiscard]] FileBrowserViewModel& browser() {
-        return browser_;
+        return tab().browser();
     }
     [[nodiscard]] CopyQueue& copyQueue() {
         return app_.copyQueue();
@@ -62,14 +63,16 @@ public:
         return common_.sync;
     }
     [[nodiscard]] AppListViewModel& apps() {
-        return apps_;
+        return tab().apps();
     }
     [[nodiscard]] ImportViewModel& import() {
-        return import_;
+        return tab().import();
     }
-    /// Which phone is shown, and what of it.
     [[nodiscard]] PhoneChoice& choice() {
-        return choice_;
+        return tab().choice();
+    }
+    [[nodiscard]] BrowserView& browserView() {
+        return tab().view();
     }
     /// Opens the settings, or brings them to the front.
     void showSettings();
@@ -77,9 +80,6 @@ public:
     void showWireless();
     /// Opens what was copied in the last month, or brings it to the front.
     void showCopyHistory();
-    [[nodiscard]] BrowserView& browserView() {
-        return *browserView_;
-    }
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -90,23 +90,22 @@ protected:
 private:
     [[nodiscard]] Sidebar::Callbacks sidebarCallbacks();
     [[nodiscard]] bool isTheOnlyOne() const;
+    [[nodiscard]] PhoneTab* makeTab();
     [[nodiscard]] QWidget* makeContent();
     void makeMenus();
+    void connectSidebar();
+    void connectTabs();
     void showHelp();
     void showTexts();
-    void connectBrowser();
-    void connectChoice();
-    void connectSync();
+    void showSync(const QWidget& anchor);
     void deviceListChanged();
-    void troubleChanged(const QString& deviceId);
-    [[nodiscard]] FavoriteCommands favoriteCommands();
-    /// The device that is chosen in the sidebar.
-    [[nodiscard]] std::optional<DeviceInfo> chosenDevice() const;
-    void showSidebar();
-    void showPage();
-    void showPlace();
-    [[nodiscard]] PhonePage* makePhonePage();
-    [[nodiscard]] std::optional<QSet<QString>> knownFolders();
+    void tabChanged();
+    void endTab(PhoneTab& closed);
+    void chooseFirst();
+    void followTab();
+    [[nodiscard]] std::vector<MainWindow*> allWindows();
+    [[nodiscard]] bool isChanging() const;
+    [[nodiscard]] bool mayEnd(bool endsAll, bool endsChanges);
 
     /// What there is once, whatever the number of windows.
     struct Common {
@@ -125,19 +124,13 @@ private:
     std::unique_ptr<Common> ownCommon_;
     Common& common_;
     std::vector<QPointer<MainWindow>> others_; ///< of the first one: those opened from it
-    FileBrowserViewModel browser_;
-    AppListViewModel apps_;
-    bool wasChosenByPress_ = false; ///< until the button is let go
+    bool wasChosenByPress_ = false;            ///< until the button is let go
+    bool isFollowing_ = false; ///< the sidebar shows what the tab does, and is not chosen in
+    bool hasAgreed_ = false;   ///< the user has, to what ends with this window
     DeviceListModel devices_;
-    ImportViewModel import_;
     QAction* importAction_;
-    PhoneChoice choice_;
     Sidebar* sidebar_;
-    BrowserView* browserView_;
-    ImportView* importView_;
-    PhonePage* phonePage_;
-    WindowBanner* banner_;
-    WindowPages* pages_;
+    Tabs* tabs_;
     SyncPanel* syncPanel_;
     QSplitter* split_; ///< sidebar and files
     Panes* panes_;

@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QMenu>
 #include <QMenuBar>
 
 #include <utility>
@@ -13,7 +14,7 @@ namespace tessary {
 
 Panes::Panes(QWidget* phone, BrowserView& phoneView, QMenuBar& menus, MakeLocal makeLocal)
     : QSplitter(Qt::Horizontal),
-      phoneView_(phoneView),
+      phoneView_(&phoneView),
       used_(&phoneView),
       menus_(menus),
       makeLocal_(std::move(makeLocal)),
@@ -48,8 +49,15 @@ void Panes::show(bool isSplit) {
         local_->view().setFocus();
         return;
     }
-    use(phoneView_);
-    phoneView_.setFocus();
+    use(*phoneView_);
+    phoneView_->setFocus();
+}
+
+void Panes::usePhone(BrowserView& view) {
+    const bool isInUse = used_ == phoneView_;
+    phoneView_ = &view;
+    if (isInUse)
+        use(view);
 }
 
 void Panes::follow(const QWidget* focus) {
@@ -57,13 +65,15 @@ void Panes::follow(const QWidget* focus) {
     if (local_ == nullptr || focus == nullptr || focus->window() != window() ||
         menus_.isAncestorOf(focus) || focus == &menus_)
         return;
-    use(local_->isAncestorOf(focus) ? local_->view() : phoneView_);
+    use(local_->isAncestorOf(focus) ? local_->view() : *phoneView_);
 }
 
 void Panes::use(BrowserView& view) {
     BrowserView* before = std::exchange(used_, &view);
-    if (before != &view)
-        handOver(before->actions(), view.actions(), menus_);
+    if (before == &view)
+        return;
+    handOver(before->actions(), view.actions(), menus_);
+    replaceInMenus(*before->columnMenu().menuAction(), *view.columnMenu().menuAction(), menus_);
 }
 
 } // namespace tessary

@@ -24,6 +24,8 @@ public:
     Panes(QWidget* phone, BrowserView& phoneView, QMenuBar& menus, MakeLocal makeLocal);
     ~Panes() override;
 
+    /// Another view of the phone's files is shown.
+    void usePhone(BrowserView& view);
     /// Shows or hides the folder of this computer; a checkable command.
     [[nodiscard]] QAction& toggle() const {
         return *toggle_;
@@ -34,7 +36,7 @@ private:
     void follow(const QWidget* focus);
     void use(BrowserView& view);
 
-    BrowserView& phoneView_;
+    BrowserView* phoneView_;
     BrowserView* used_;
     QMenuBar& menus_;
     const MakeLocal makeLocal_;

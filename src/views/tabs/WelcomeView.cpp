@@ -1,4 +1,4 @@
-#include "views/window/WelcomeView.h"
+#include "views/tabs/WelcomeView.h"
 
 #include "app/LanguageManager.h"
 #include "views/common/Icons.h"

@@ -12,4 +12,7 @@ namespace tessary {
 /// The same dialogs, but where the user has set a folder for copies that one is not asked for.
 [[nodiscard]] CopyDialogs withDownloadFolder(CopyDialogs dialogs, UserDefaults& defaults);
 
+/// Asks for a folder of this computer; empty when the user declined.
+[[nodiscard]] QString chooseLocalFolder(QWidget* asker, const QString& startAt);
+
 } // namespace tessary

@@ -1,4 +1,4 @@
-#include "views/window/WindowPages.h"
+#include "views/tabs/WindowPages.h"
 
 #include "app/texts/ErrorText.h"
 #include "views/common/PlaceholderView.h"

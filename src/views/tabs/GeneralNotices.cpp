@@ -1,4 +1,4 @@
-#include "views/window/GeneralNotices.h"
+#include "views/tabs/GeneralNotices.h"
 
 #include "base/text/Printable.h"
 #include "base/threads/Background.h"

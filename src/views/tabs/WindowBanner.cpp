@@ -1,4 +1,4 @@
-#include "views/window/WindowBanner.h"
+#include "views/tabs/WindowBanner.h"
 
 #include "app/texts/ErrorText.h"
 #include "app/texts/ProblemText.h"

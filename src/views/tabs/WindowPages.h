@@ -1,7 +1,7 @@
 #pragma once
 
-#include "views/window/PhoneChoice.h"
-#include "views/window/WindowBanner.h"
+#include "views/tabs/PhoneChoice.h"
+#include "views/tabs/WindowBanner.h"
 
 #include <QStackedWidget>
 

@@ -2,8 +2,8 @@
 
 #include "app/TessaryApp.h"
 #include "views/common/StatusBanner.h"
-#include "views/window/GeneralNotices.h"
-#include "views/window/PhoneChoice.h"
+#include "views/tabs/GeneralNotices.h"
+#include "views/tabs/PhoneChoice.h"
 
 #include <functional>
 #include <optional>

@@ -1,4 +1,4 @@
-#include "views/window/PhoneChoice.h"
+#include "views/tabs/PhoneChoice.h"
 
 #include <utility>
 

@@ -1,8 +1,10 @@
-#include "views/window/BrowserSetups.h"
+#include "views/tabs/BrowserSetups.h"
 
 #include "views/settings/FileSettings.h"
 
+#include <QCoreApplication>
 #include <QDir>
+#include <QFileDialog>
 
 #include <utility>
 
@@ -30,6 +32,12 @@ CopyDialogs withDownloadFolder(CopyDialogs dialogs, UserDefaults& defaults) {
         return !folder.isEmpty() && QDir(folder).exists() ? folder : ask(asker);
     };
     return dialogs;
+}
+
+QString chooseLocalFolder(QWidget* asker, const QString& startAt) {
+    return QFileDialog::getExistingDirectory(
+        asker, QCoreApplication::translate("tessary::MainWindow", "Folder on this computer"),
+        startAt);
 }
 
 } // namespace tessary

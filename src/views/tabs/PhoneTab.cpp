@@ -1,0 +1,252 @@
+#include "views/tabs/PhoneTab.h"
+
+#include "app/LanguageManager.h"
+#include "app/texts/DisplayNames.h"
+#include "base/text/Printable.h"
+#include "views/browser/AppListView.h"
+#include "views/common/PlainText.h"
+#include "views/import/ImportView.h"
+#include "views/phone/PhonePage.h"
+#include "views/settings/FileSettings.h"
+#include "views/sidebar/DeviceListModel.h"
+#include "views/tabs/BrowserSetups.h"
+#include "views/tabs/WelcomeView.h"
+#include "views/tabs/WindowBanner.h"
+#include "views/tabs/WindowPages.h"
+
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace tessary {
+
+PhoneTab::PhoneTab(const Shared& shared)
+    : shared_(shared),
+      app_(shared.app),
+      browser_(app_.copyQueue(), browserSetup(app_)),
+      apps_([&services = app_.services()](const DeviceInfo& device, const std::stop_token& stop) {
+          return services.apps(device, stop);
+      }),
+      import_(app_.copyQueue(), app_.importLedgers()),
+      choice_({app_, browser_, apps_, import_}, [this] { return device(); }),
+      view_(new BrowserView(browser_, shared.dialogs, shared.openLocalFile)),
+      importView_(new ImportView({import_, app_.copyQueue(), app_.stagedFiles(), app_.defaults()},
+                                 {chooseLocalFolder, app_.setup().showInFolder})),
+      phonePage_(makePhonePage()),
+      banner_(new WindowBanner({app_, browser_, shared_.notices, choice_})),
+      pages_(makePages()) {
+    // The banner comes from below: nothing moves away under the pointer.
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(pages_, 1);
+    column->addWidget(banner_);
+    view_->setFavorites(favoriteCommands());
+    view_->setShowApps([this] { choice_.showApps(); });
+    view_->setShowSync(shared_.showSync);
+    view_->setOpenTab(shared_.openFolder);
+    view_->setFileClick([&defaults = app_.defaults()] { return fileClickOf(defaults); });
+    connectBrowser();
+    connectChoice();
+    keepTranslated(this, [this] { show(); });
+    makePlain(*this);
+}
+
+PhoneTab::~PhoneTab() {
+    // The views show what the members below hold: they go first.
+    browser_.disconnect(this);
+    delete pages_;
+    delete banner_;
+}
+
+WindowPages* PhoneTab::makePages() {
+    auto* apps = new AppListView(
+        apps_, [this](const AppInfo& info) { choice_.openApp(info, QStringLiteral("/")); },
+        [this](const AppInfo& info) {
+            if (const auto device = apps_.device())
+                app_.phoneMounts().open(*device, info, {});
+        },
+        [this] { choice_.showPhone(); });
+    return new WindowPages(
+        {new WelcomeView([&app = app_] { app.startDemo(); }), phonePage_, apps, view_, importView_},
+        app_, browser_, choice_, *banner_);
+}
+
+PhonePage* PhoneTab::makePhonePage() {
+    return new PhonePage({app_.deviceManager(), shared_.sync,
+                          [&files = app_.services().files()](const DeviceInfo& device) {
+                              return device.platform == DevicePlatform::iOS
+                                         ? files.openMedia(device)
+                                         : files.open(device);
+                          }},
+                         {[this] { choice_.browseFiles(); },
+                          [this](const QString& path) {
+                              browser_.navigateTo(path);
+                              focusPage();
+                          },
+                          [this] { choice_.showApps(); }, shared_.importPhotos,
+                          [this] { banner_->releaseDevice(); }});
+}
+
+void PhoneTab::connectBrowser() {
+    connect(&app_.favoritesManager(), &FavoritesManager::favoritesChanged, view_,
+            &BrowserView::updateActions);
+    for (auto signal :
+         {&FileBrowserViewModel::connectionChanged, &FileBrowserViewModel::pathChanged})
+        connect(&browser_, signal, this, &PhoneTab::changed);
+    connect(&browser_, &FileBrowserViewModel::atPhoneChanged, this, &PhoneTab::show);
+    connect(&browser_, &FileBrowserViewModel::stateChanged, this, &PhoneTab::show);
+    connect(&browser_, &FileBrowserViewModel::itemsDeleted, this, [this](const QStringList& paths) {
+        const auto& device = browser_.activeDevice();
+        for (const QString& path : paths)
+            if (device)
+                app_.favoritesManager().removeFavorites(browser_.files()->canonicalPath(path),
+                                                        device->udid, choice_.appId());
+    });
+    SyncManager& syncs = app_.syncManager();
+    connect(&syncs, &SyncManager::syncDidComplete, this, [this, &syncs](const QUuid& id) {
+        browser_.folders().forgetAll();
+        const SyncPair* pair = syncs.pair(id);
+        const auto& device = browser_.activeDevice();
+        if (pair != nullptr && device && device->udid == pair->deviceUDID &&
+            browser_.state() != BrowserState::deviceLost)
+            browser_.reload();
+    });
+    // One that failed has changed something, too.
+    connect(&syncs, &SyncManager::idle, this, [this] { browser_.folders().forgetAll(); });
+}
+
+void PhoneTab::connectChoice() {
+    connect(&choice_, &PhoneChoice::changed, this, &PhoneTab::show);
+    connect(&choice_, &PhoneChoice::focusWanted, this, [this] {
+        if (isVisible())
+            focusPage();
+    });
+    connect(&import_, &ImportViewModel::stateChanged, this, [this] {
+        if (choice_.isImporting() != (pages_->currentWidget() == importView_))
+            show();
+    });
+    connect(&import_, &ImportViewModel::removalEnded, &shared_.notices,
+            &GeneralNotices::tellRemoval);
+    connect(&app_.deviceManager(), &DeviceManager::troubleChanged, this, &PhoneTab::troubleChanged);
+}
+
+FavoriteCommands PhoneTab::favoriteCommands() {
+    return {[this](const QString& path) {
+                const auto& device = browser_.activeDevice();
+                return device &&
+                       app_.favoritesManager().isFavorite(device->udid, path, choice_.appId());
+            },
+            [this](const QString& name, const QString& path) {
+                const auto& app = choice_.app();
+                if (const auto& device = browser_.activeDevice())
+                    app_.favoritesManager().toggleFavorite(
+                        device->udid, name, path, choice_.appId(),
+                        app ? std::optional(app->displayName) : std::nullopt);
+            }};
+}
+
+std::optional<DeviceInfo> PhoneTab::device() const {
+    const auto& all = app_.deviceManager().devices();
+    const auto found = std::ranges::find(all, udid_, &DeviceInfo::udid);
+    return found == all.end() ? std::nullopt : std::optional(*found);
+}
+
+void PhoneTab::choose(const DeviceInfo* device) {
+    udid_ = device == nullptr ? QString() : device->udid;
+    choice_.choose(device);
+}
+
+void PhoneTab::openLike(const PhoneTab& other, const QString& path) {
+    const auto shown = other.device();
+    if (!shown)
+        return;
+    choose(&*shown);
+    if (path.isEmpty())
+        return;
+    if (shown->platform == DevicePlatform::android)
+        browser_.navigateTo(path);
+    else if (other.choice_.app())
+        choice_.openApp(*other.choice_.app(), path);
+}
+
+FavoriteSource PhoneTab::favoriteSource() const {
+    const auto shown = device();
+    const auto& active = browser_.activeDevice();
+    if (!shown || !active || active->udid != shown->udid)
+        return {};
+    FavoriteSource source{browser_.files(), choice_.appId(), {}};
+    if (choice_.app())
+        source.appName = choice_.app()->displayName;
+    return source;
+}
+
+std::optional<QSet<QString>> PhoneTab::knownFolders() {
+    if (!browser_.files())
+        return std::nullopt;
+    const auto items =
+        browser_.folders().recall(browser_.files()->identity(), QStringLiteral("/sdcard"));
+    if (!items)
+        return std::nullopt;
+    QSet<QString> names;
+    for (const FileItem& item : *items)
+        if (item.isDirectory)
+            names.insert(item.name);
+    return names;
+}
+
+QString PhoneTab::title() const {
+    const auto shown = device();
+    if (!shown)
+        return QStringLiteral("Tessary");
+    if (choice_.isImporting())
+        return tr("Import Photos");
+    if (choice_.isChoosingApp())
+        return tr("Apps");
+    const auto& path = browser_.breadcrumbs();
+    if (choice_.isAtPhone() || path.empty())
+        return deviceTitle(*shown);
+    return printable(path.size() == 1 ? placeDisplayName(path.front().name) : path.back().name);
+}
+
+bool PhoneTab::isChanging() const {
+    return browser_.isEditing() || import_.isRemoving();
+}
+
+bool PhoneTab::showsFolder() const {
+    return pages_->currentWidget() == view_ && browser_.state() == BrowserState::ready;
+}
+
+void PhoneTab::focusPage() {
+    pages_->currentWidget()->setFocus();
+}
+
+void PhoneTab::follow() {
+    choice_.follow();
+    show();
+}
+
+void PhoneTab::troubleChanged(const QString& deviceId) {
+    if (app_.deviceManager().trouble(deviceId)) {
+        show();
+        return;
+    }
+    // It was unlocked, or trusts this computer now.
+    const auto listed = apps_.device();
+    if (listed && listed->id() == deviceId && apps_.state() == AppListState::failed)
+        apps_.reload();
+    const auto& active = browser_.activeDevice();
+    if (active && active->id() == deviceId && browser_.state() == BrowserState::failed)
+        browser_.reload();
+    show();
+}
+
+/// Shows what is meant now.
+void PhoneTab::show() {
+    phonePage_->showDevice(device());
+    pages_->update(shared_.keepsKeys);
+    banner_->update();
+    Q_EMIT changed();
+}
+
+} // namespace tessary

@@ -1,0 +1,117 @@
+#pragma once
+
+#include "app/TessaryApp.h"
+#include "browser/model/AppListViewModel.h"
+#include "browser/model/FileBrowserViewModel.h"
+#include "browser/model/ImportViewModel.h"
+#include "sync/manager/SyncViewModel.h"
+#include "views/browser/BrowserView.h"
+#include "views/sidebar/PlaceListModel.h"
+#include "views/tabs/GeneralNotices.h"
+#include "views/tabs/PhoneChoice.h"
+
+#include <QSet>
+#include <QWidget>
+
+#include <functional>
+#include <optional>
+
+class QAction;
+
+namespace tessary {
+
+class ImportView;
+class PhonePage;
+class WindowBanner;
+class WindowPages;
+
+/// One tab of a window: a phone, and what is shown of it, with a place and a history of its own.
+class PhoneTab : public QWidget {
+    Q_OBJECT
+
+public:
+    /// What the tabs of a window have in common; all outlive them.
+    struct Shared {
+        TessaryApp& app;
+        SyncViewModel& sync;
+        GeneralNotices& notices;
+        CopyDialogs dialogs;
+        OpenLocalFile openLocalFile;
+        QAction* importPhotos = nullptr;                ///< never null
+        std::function<bool(const QWidget&)> keepsKeys;  ///< a new page does not take them away
+        std::function<void(const QWidget&)> showSync;   ///< opens the sync menu below a widget
+        std::function<void(const QString&)> openFolder; ///< in another tab
+    };
+
+    explicit PhoneTab(const Shared& shared);
+    ~PhoneTab() override;
+
+    [[nodiscard]] FileBrowserViewModel& browser() {
+        return browser_;
+    }
+    [[nodiscard]] AppListViewModel& apps() {
+        return apps_;
+    }
+    [[nodiscard]] ImportViewModel& import() {
+        return import_;
+    }
+    /// What of the phone is shown.
+    [[nodiscard]] PhoneChoice& choice() {
+        return choice_;
+    }
+    [[nodiscard]] const PhoneChoice& choice() const {
+        return choice_;
+    }
+    [[nodiscard]] BrowserView& view() {
+        return *view_;
+    }
+
+    /// The phone as it is now; no value when there is none, or it is away.
+    [[nodiscard]] std::optional<DeviceInfo> device() const;
+    /// Shows a phone at the place where it was left, or nothing.
+    void choose(const DeviceInfo* device);
+    /// Shows the phone of another tab, at a folder of what that one browses.
+    void openLike(const PhoneTab& other, const QString& path);
+    /// What is browsed of device(), for favorites.
+    [[nodiscard]] FavoriteSource favoriteSource() const;
+    /// The names of the folders in the main storage of the phone that is browsed, once it was
+    /// listed.
+    [[nodiscard]] std::optional<QSet<QString>> knownFolders();
+    /// The place, in a word or two.
+    [[nodiscard]] QString title() const;
+    /// Something on the phone is being deleted, moved or renamed.
+    [[nodiscard]] bool isChanging() const;
+    /// A folder is what is shown.
+    [[nodiscard]] bool showsFolder() const;
+    /// Gives the keys to what is shown.
+    void focusPage();
+    /// The phones that are there have changed.
+    void follow();
+
+Q_SIGNALS:
+    void changed(); ///< the phone, or what is shown of it
+
+private:
+    void connectBrowser();
+    void connectChoice();
+    [[nodiscard]] PhonePage* makePhonePage();
+    [[nodiscard]] WindowPages* makePages();
+    [[nodiscard]] FavoriteCommands favoriteCommands();
+    void troubleChanged(const QString& deviceId);
+    void show();
+
+    const Shared shared_;
+    TessaryApp& app_;
+    QString udid_; ///< of the phone that was chosen
+    FileBrowserViewModel browser_;
+    AppListViewModel apps_;
+    ImportViewModel import_;
+    PhoneChoice choice_;
+    BrowserView* view_;
+    ImportView* importView_;
+    PhonePage* phonePage_;
+    WindowBanner* banner_;
+    WindowPages* pages_;
+};
+
+} // namespace tessary
