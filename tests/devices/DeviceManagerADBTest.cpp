@@ -79,6 +79,12 @@ TEST_F(DeviceManagerADBTest, phoneThatBusAndADBKnowIsOneRowWhoseModeIsTheUsersCh
     connectPhone();
     ASSERT_TRUE(isFoundByPolls([&] { return mode("SERIAL") == ProtocolMode::adbTurbo; }));
     EXPECT_EQ(udids(), QStringList{u"SERIAL"_s});
+    defaults_->setValue(DeviceManager::turboByChoiceKey, true);
+    refresh(true);
+    EXPECT_EQ(mode("SERIAL"), ProtocolMode::mtp) << "not by itself";
+    defaults_->setValue(DeviceManager::turboByChoiceKey, false);
+    refresh(true);
+    EXPECT_EQ(mode("SERIAL"), ProtocolMode::adbTurbo);
 
     manager_->chooseProtocolMode(u"SERIAL"_s, ProtocolMode::mtp);
     for (int poll = 0; poll < 6; ++poll) {

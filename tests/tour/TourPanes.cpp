@@ -53,6 +53,7 @@ void tourPanes(TourStage& stage) {
     stage.shoot(QStringLiteral("tabs"));
     window.closeTab(music);
     window.closeTab(window.tab());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // they are gone
 
     window.browserView().columnMenu().popup(window.mapToGlobal(QPoint(700, 120)));
     stage.shoot(QStringLiteral("columns"));

@@ -312,6 +312,10 @@ void DeviceManager::carryOverDetails(DeviceInfo& fresh) const {
         fresh.totalStorageBytes = known->totalStorageBytes;
         fresh.volumes = known->volumes;
     }
+    const bool isOnBus =
+        fresh.platform == DevicePlatform::android && fresh.connectionType == ConnectionType::usb;
+    if (isOnBus && defaults_ && defaults_->value(turboByChoiceKey).toBool())
+        fresh.protocolMode = ProtocolMode::mtp;
     fresh.protocolMode = chosenModes_.value(fresh.udid, fresh.protocolMode);
 }
 

@@ -88,6 +88,9 @@ public:
     void rememberModesIn(std::shared_ptr<UserDefaults> defaults);
     /// Of the store: an object of modes, as their raw values, by udid.
     static inline const QString protocolModesKey = QStringLiteral("Tessary_ProtocolModes");
+    /// Of the store: whether phones on the bus are used in Turbo mode only where the user has
+    /// chosen it for them. What is set counts from the next refresh on.
+    static inline const QString turboByChoiceKey = QStringLiteral("Tessary_TurboByChoice");
 
 Q_SIGNALS:
     /// The list differs from what it was, in any field of any device.

@@ -338,7 +338,9 @@ void BrowserView::updateActions() {
           actions_.invertSelection, actions_.find})
         action->setEnabled(isUsable);
     actions_.rename->setEnabled(isUsable && selected == 1);
-    actions_.openInTab->setEnabled(isUsable && selected == 1);
+    const FileItem* only =
+        selected == 1 ? browser_.itemWithId(*browser_.selection().ids().cbegin()) : nullptr;
+    actions_.openInTab->setEnabled(isUsable && only != nullptr && only->isDirectory);
     for (QAction* action : {actions_.open, actions_.cut, actions_.copy, actions_.moveTo,
                             actions_.copyTo, actions_.duplicate, actions_.remove, actions_.download,
                             actions_.quickLook, actions_.properties})

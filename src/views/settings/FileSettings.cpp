@@ -2,6 +2,7 @@
 
 #include "app/LanguageManager.h"
 #include "base/text/Printable.h"
+#include "devices/list/DeviceManager.h"
 #include "views/common/WindowStateStore.h"
 
 #include <QComboBox>
@@ -43,12 +44,16 @@ FileSettings::FileSettings(UserDefaults& defaults)
       clickLabel_(new QLabel),
       click_(makeChoice("fileClick", 3, *clickLabel_)),
       viewLabel_(new QLabel),
-      view_(makeChoice("newPhonesView", 2, *viewLabel_)) {
+      view_(makeChoice("newPhonesView", 2, *viewLabel_)),
+      turboLabel_(new QLabel),
+      turbo_(makeChoice("automaticTurbo", 2, *turboLabel_)) {
     auto* form = new QFormLayout(this);
     form->setContentsMargins(0, 0, 0, 0);
     form->setHorizontalSpacing(16);
-    for (auto [label, box] :
-         {std::pair{folderLabel_, folder_}, {clickLabel_, click_}, {viewLabel_, view_}}) {
+    for (auto [label, box] : {std::pair{folderLabel_, folder_},
+                              {clickLabel_, click_},
+                              {viewLabel_, view_},
+                              {turboLabel_, turbo_}}) {
         auto* field = new QHBoxLayout;
         field->addWidget(box);
         field->addStretch(1);
@@ -56,6 +61,10 @@ FileSettings::FileSettings(UserDefaults& defaults)
     }
     click_->setCurrentIndex(static_cast<int>(fileClickOf(defaults)));
     view_->setCurrentIndex(defaults.value(WindowStateStore::newDevicesInGridKey).toBool() ? 1 : 0);
+    turbo_->setCurrentIndex(defaults.value(DeviceManager::turboByChoiceKey).toBool() ? 1 : 0);
+    connect(turbo_, &QComboBox::activated, this, [this](int choice) {
+        defaults_.setValue(DeviceManager::turboByChoiceKey, choice == 1);
+    });
     connect(folder_, &QComboBox::activated, this, &FileSettings::takeFolder);
     connect(click_, &QComboBox::activated, this,
             [this](int choice) { defaults_.setValue(fileClickKey, choice); });
@@ -80,6 +89,9 @@ void FileSettings::showTexts() {
     click_->setItemText(static_cast<int>(FileClick::copies), tr("copies it to this computer"));
     view_->setItemText(0, tr("in a list"));
     view_->setItemText(1, tr("as pictures"));
+    set(turboLabel_, turbo_, tr("Turbo mode is used"));
+    turbo_->setItemText(0, tr("with every phone that allows it"));
+    turbo_->setItemText(1, tr("only where it was chosen"));
     showFolder();
 }
 

@@ -18,8 +18,8 @@ inline constexpr QLatin1StringView fileClickKey{"Tessary_FileClick"};
 /// What is stored may be anything; then files open.
 [[nodiscard]] FileClick fileClickOf(const UserDefaults& defaults);
 
-/// The settings of what becomes of files: where copies go, what a double click does, and how the
-/// files of a new phone are shown.
+/// The settings of phones and their files: where copies go, what a double click does, how the files
+/// of a new phone are shown, and how it is reached.
 class FileSettings : public QWidget {
     Q_OBJECT
 
@@ -39,6 +39,8 @@ private:
     QComboBox* click_;
     QLabel* viewLabel_;
     QComboBox* view_;
+    QLabel* turboLabel_;
+    QComboBox* turbo_;
 };
 
 } // namespace tessary

@@ -196,7 +196,8 @@ std::optional<QSet<QString>> PhoneTab::knownFolders() {
 }
 
 QString PhoneTab::title() const {
-    const auto shown = device();
+    const auto there = device();
+    const auto& shown = there ? there : browser_.activeDevice(); // it may be away
     if (!shown)
         return QStringLiteral("Tessary");
     if (choice_.isImporting())
