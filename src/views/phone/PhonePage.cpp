@@ -223,6 +223,7 @@ void PhonePage::showTrouble() {
         const ErrorText words = errorText(trouble->error);
         message.text = words.what;
         message.advice = words.advice;
+        message.details = words.details;
         if (trouble->isHeld())
             message.actions.push_back({tr("Release the Phone"), callbacks_.releaseDevice});
     } else if (device_->isLocked) {
