@@ -8,6 +8,8 @@
 
 #include <gmock/gmock.h>
 
+#include <ctime>
+
 namespace tessary {
 namespace {
 
@@ -136,6 +138,24 @@ TEST_F(FileBrowserRowsTest, filesOfADayStandTogetherTheLastDayFirst) {
                                      {5, DayGroup::Kind::undated}}));
     show({on(u"b.txt"_s, 1, 0), on(u"c.jpg"_s, 1, 9)});
     EXPECT_FALSE(rows_.groupsByDay());
+}
+
+TEST_F(FileBrowserRowsTest, daysAreThoseOfThisComputersClock) {
+    qputenv("TZ", "Europe/Berlin");
+    ::tzset();
+    std::vector<FileItem> items;
+    const QDateTime start(QDate(2024, 3, 29), QTime(0, 0),
+                          Qt::UTC); // two days before the clocks go
+    for (int n = 0; n < 400; ++n)
+        items.emplace_back(u"%1"_s.arg(n), u"/%1"_s.arg(n), false, 1,
+                           start.addSecs((n % 2 == 0 ? n : -n) * 1799LL));
+    const auto listing = listingOf(items);
+    for (std::size_t n = 0; n < items.size(); ++n)
+        EXPECT_EQ(listing->day(static_cast<int>(n)),
+                  items[n].modifiedDate->toLocalTime().date().toJulianDay())
+            << items[n].modifiedDate->toString(Qt::ISODate).toStdString();
+    qunsetenv("TZ");
+    ::tzset();
 }
 
 TEST_F(FileBrowserRowsTest, longFolderIsOrderedAsAWhole) {

@@ -43,6 +43,33 @@ inParts(std::size_t count, const std::function<void(std::size_t begin, std::size
     return bounds;
 }
 
+/// Tells the day here of moments, as QDate counts days. The system is asked twice for each day and
+/// not for each moment, which would take longer than all the rest.
+class DaysHere {
+public:
+    [[nodiscard]] qint64 of(const QDateTime& moment) {
+        if (moment.timeSpec() == Qt::LocalTime)
+            return moment.date().toJulianDay();
+        constexpr qint64 dayLength = 24 * 3600 * 1000; // ms
+        const qint64 at = moment.toMSecsSinceEpoch();
+        const qint64 begin = at - (at % dayLength + dayLength) % dayLength;
+        auto known = known_.constFind(begin);
+        if (known == known_.constEnd()) {
+            const QDate day = QDateTime::fromMSecsSinceEpoch(begin).date();
+            known = known_.insert(
+                begin, {day.toJulianDay(), day.addDays(1).startOfDay().toMSecsSinceEpoch()});
+        }
+        return known->day + (at < known->nextBegins ? 0 : 1);
+    }
+
+private:
+    struct Day {
+        qint64 day;
+        qint64 nextBegins; ///< ms since the epoch
+    };
+    QHash<qint64, Day> known_; ///< the day here at the beginning of one of UTC
+};
+
 } // namespace
 
 std::shared_ptr<const FileListing> FileListing::make(std::vector<FileItem> items,
@@ -122,6 +149,7 @@ void FileListing::findDays() {
     std::atomic<int> files = 0;
     std::atomic<int> pictures = 0;
     inParts(items_.size(), [&](std::size_t begin, std::size_t end) {
+        DaysHere days;
         int filesHere = 0;
         int picturesHere = 0;
         for (std::size_t i = begin; i < end; ++i) {
@@ -129,7 +157,7 @@ void FileListing::findDays() {
                 continue;
             const FileItem& item = items_[i];
             if (item.modifiedDate && item.modifiedDate->isValid())
-                days_[i] = item.modifiedDate->toLocalTime().date().toJulianDay();
+                days_[i] = days.of(*item.modifiedDate);
             const FileCategory category = item.category();
             ++filesHere;
             if (category == FileCategory::image || category == FileCategory::video)

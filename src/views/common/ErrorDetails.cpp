@@ -8,10 +8,11 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 namespace tessary {
 
-ErrorDetails::ErrorDetails(QWidget* parent)
+ErrorDetails::ErrorDetails(Qt::Alignment alignment, QWidget* parent)
     : QWidget(parent),
       fold_(new QToolButton),
       page_(new QWidget),
@@ -34,14 +35,16 @@ ErrorDetails::ErrorDetails(QWidget* parent)
     connect(copy_, &QToolButton::clicked, this,
             [this] { QGuiApplication::clipboard()->setText(text_->text()); });
 
+    text_->setAlignment(alignment);
     auto* line = new QHBoxLayout(page_);
     line->setContentsMargins(0, 0, 0, 0);
     line->addWidget(text_, 1);
     line->addWidget(copy_, 0, Qt::AlignTop);
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(fold_, 0, Qt::AlignTop);
-    row->addWidget(page_, 1);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(fold_, 0, alignment);
+    column->addWidget(page_);
     keepTranslated(this, [this] {
         fold_->setText(tr("Details"));
         copy_->setAccessibleName(tr("Copy Details"));

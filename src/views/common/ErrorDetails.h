@@ -14,7 +14,8 @@ class ErrorDetails : public QWidget {
     Q_OBJECT
 
 public:
-    explicit ErrorDetails(QWidget* parent = nullptr);
+    /// `alignment` is that of the words above: to the left, or in the middle.
+    explicit ErrorDetails(Qt::Alignment alignment, QWidget* parent = nullptr);
 
     /// ErrorText::details; what is new begins folded.
     void setText(const QString& details);

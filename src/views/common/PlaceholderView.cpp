@@ -15,7 +15,7 @@ PlaceholderView::PlaceholderView(QWidget* parent)
       picture_(new QLabel),
       title_(new QLabel),
       detail_(new QLabel),
-      details_(new ErrorDetails),
+      details_(new ErrorDetails(Qt::AlignHCenter)),
       button_(new QPushButton),
       other_(new QPushButton),
       busy_(new QProgressBar) {

@@ -43,7 +43,7 @@ StatusBanner::StatusBanner(QWidget* parent)
       icon_(new QLabel),
       text_(new QLabel),
       advice_(new QLabel),
-      details_(new ErrorDetails),
+      details_(new ErrorDetails(Qt::AlignLeft)),
       buttons_(new QHBoxLayout),
       close_(new QToolButton) {
     setObjectName(QStringLiteral("statusBanner"));
