@@ -195,6 +195,37 @@ TEST_F(ListingTest, aFrameSelectsFromWhatIsBesideTheNames) {
     EXPECT_TRUE(window_->browser().selection().ids().isEmpty());
 }
 
+TEST_F(ListingTest, shiftGoesOnFromWhereTheHandWasLast) {
+    for (const bool isGrid : {false, true}) {
+        if (isGrid)
+            showGrid();
+        QAbstractItemView& view = window_->browserView().currentListing();
+        const auto clickOn = [&](int n, Qt::KeyboardModifiers keys = {}) {
+            const QRect cell = view.visualRect(row(nameOf(n)));
+            QTest::mouseClick(view.viewport(), Qt::LeftButton, keys,
+                              cell.topLeft() + QPoint(50, 12));
+        };
+        clickOn(1);
+        for (const Qt::Key key : {Qt::Key_P, Qt::Key_0, Qt::Key_4})
+            press(key);
+        EXPECT_EQ(selected(), "4");
+        clickOn(6, Qt::ShiftModifier);
+        EXPECT_EQ(selected(), "4 5 6") << "from what was typed";
+        press(Qt::Key_Escape);
+        press(Qt::Key_Right, Qt::ShiftModifier);
+        press(Qt::Key_Down, Qt::ShiftModifier);
+        EXPECT_TRUE(selected().starts_with("6 7")) << "not from before Esc: " << selected();
+
+        clickOn(2);
+        window_->browser().setSortOrder({{FileField::name, true}});
+        QCoreApplication::processEvents();
+        const QPoint middle = view.visualRect(row(nameOf(2))).center();
+        EXPECT_TRUE(view.viewport()->rect().contains(middle)) << "what is selected stays in sight";
+        window_->browser().setSortOrder({{FileField::name, false}});
+        QCoreApplication::processEvents();
+    }
+}
+
 TEST_F(ListingTest, columnsAreKeptAsTheyWereLeft) {
     QHeaderView* columns = table().header();
     const auto width = [&] { return table().viewport()->width(); };

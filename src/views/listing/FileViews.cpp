@@ -121,18 +121,23 @@ void connectSelection(QAbstractItemView& view, FileListModel& model,
         browser.selection().set(selectedIds(*selection), current);
     };
     QObject::connect(selection, &QItemSelectionModel::selectionChanged, &browser, take);
+    QObject::connect(&browser, &FileBrowserViewModel::sortOrderChanged, &view, [&view, selection] {
+        if (selection->isSelected(view.currentIndex()))
+            view.scrollTo(view.currentIndex()); // it stays in sight
+    });
     QObject::connect(
         &browser.selection(), &EntrySelection::changed, selection,
         [&view, &model, &browser, selection] {
             if (selectedIds(*selection) == browser.selection().ids())
                 return;
             const QSignalBlocker quiet(&browser.selection());
-            // First: the browser takes a selection over with the view's current entry.
+            const QSet<QString> ids = browser.selection().ids();
             const auto current = browser.selection().currentId();
             const QModelIndex index = current ? model.indexOf(*current) : QModelIndex();
-            if (index.isValid())
-                selection->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
-            selection->select(rangesOf(model, browser.selection().ids()),
+            // By way of the view: with Shift its next key or click goes on from there, and not from
+            // where it was used last.
+            view.setCurrentIndex(index.isValid() ? index : view.currentIndex());
+            selection->select(rangesOf(model, ids),
                               QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
             if (index.isValid())
                 view.scrollTo(index);
