@@ -3,6 +3,8 @@
 #include "app/texts/ProblemText.h"
 #include "transfer/local/LocalFileSystem.h"
 #include "views/common/StatusBanner.h"
+#include "views/common/TableColumns.h"
+#include "views/common/WindowStateStore.h"
 
 #include <QDir>
 #include <QVBoxLayout>
@@ -29,6 +31,7 @@ LocalPane::LocalPane(TessaryApp& app, BrowserSetup setup, CopyDialogs dialogs,
     connect(&browser_, &FileBrowserViewModel::stateChanged, this, &LocalPane::showProblem);
     connect(&browser_, &FileBrowserViewModel::pathChanged, this,
             [this] { app_.defaults().setValue(folderKey, browser_.currentPath()); });
+    keepColumns();
     const QString home = QDir::homePath();
     QString folder = QDir::cleanPath(app.defaults().value(folderKey).toString(home));
     if (!QDir::isAbsolutePath(folder) || !QDir(folder).exists())
@@ -37,6 +40,20 @@ LocalPane::LocalPane(TessaryApp& app, BrowserSetup setup, CopyDialogs dialogs,
     const bool isInHome = folder == home || folder.startsWith(home + QLatin1Char('/'));
     browser_.open(std::make_shared<LocalFileSystem>(isInHome ? home : folder), std::nullopt,
                   folder);
+}
+
+/// Its own, and not those of the phone beside it, which has other room.
+void LocalPane::keepColumns() {
+    const auto isKept = [this] {
+        return !app_.defaults().value(WindowStateStore::isOffKey).toBool();
+    };
+    TableColumns& columns = view_->columns();
+    if (isKept())
+        columns.restore(app_.defaults().value(columnsKey).toObject());
+    connect(&columns, &TableColumns::choicesChanged, this, [this, isKept, &columns] {
+        if (isKept())
+            app_.defaults().setValue(columnsKey, columns.choices());
+    });
 }
 
 LocalPane::~LocalPane() {

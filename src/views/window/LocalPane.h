@@ -18,6 +18,7 @@ class LocalPane : public QWidget {
 public:
     /// The folder that is shown at first, in the user's settings; his home where it is gone.
     static constexpr QLatin1StringView folderKey{"Tessary_LocalFolder"};
+    static constexpr QLatin1StringView columnsKey{"Tessary_LocalColumns"};
 
     /// `app` must outlive it.
     LocalPane(TessaryApp& app, BrowserSetup setup, CopyDialogs dialogs,
@@ -32,6 +33,7 @@ public:
     }
 
 private:
+    void keepColumns();
     void showProblem();
 
     TessaryApp& app_;
