@@ -136,8 +136,12 @@ QString SyncPairs::difference(const Pair& pair) {
                : missing;
 }
 
-/// A run of this pair has just gone well, and nothing has been edited since it began.
+/// A run of this pair has just gone well, and nothing has been edited since it began. What it had
+/// to leave out is for a later one.
 void SyncPairs::compare(const QUuid& id) {
+    const SyncReport* const report = program_.sync.lastReport(id);
+    if (report != nullptr && !report->skipped.empty())
+        return;
     for (const auto& pair : pairs_) {
         if (pair->id != id || !problem_.isEmpty())
             continue;

@@ -51,6 +51,8 @@ TEST_F(MTPListingTest, whatOthersMadeWithoutAWordIsFoundByItsName) {
     (void)list("/DCIM");
     phone().write(u"DCIM/theirs.txt"_s, "t");
     EXPECT_TRUE(files_.find(u"/DCIM/theirs.txt"_s, {}));
+    phone().disk.write(u"0/DCIM/Theirs/photo"_s, "p");
+    EXPECT_THAT(listedNames("/DCIM/Theirs"), testing::ElementsAre(u"photo"_s));
 }
 
 TEST_F(MTPListingTest, pathThatLeadsNowhereIsAnErrorForEveryCall) {

@@ -270,6 +270,8 @@ std::optional<MTPFound> MTPTree::find(const QString& path, const std::stop_token
 MTPFound MTPTree::requireFolder(const QString& path, const std::stop_token& stop) {
     auto found = tryBoth(path, false, stop);
     if (!found)
+        found = tryBoth(path, true, stop); // it may have been made a moment ago, by others
+    if (!found)
         throw Error(PhoneError::notFound, {path});
     if (!found->object.isDirectory())
         throw Error(PhoneError::notAFolder, {path});
