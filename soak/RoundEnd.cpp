@@ -105,20 +105,20 @@ void Round::checkJobs() {
         story_.add("bytes of completed jobs", job.doneBytes());
         if (!copy.sources.isEmpty() && job.made.size() != copy.sources.size())
             throw Broken(u"%1 things came of %2"_s.arg(job.made.size()).arg(copy.sources.size()));
-        for (qsizetype n = 0; n < copy.sources.size(); ++n) {
-            const QString& from = copy.sources[n];
-            const QString to = job.direction == CopyJob::Direction::toPhone
-                                   ? copy.phone->onDisk(job.made[n])
-                                   : job.made[n];
-            if (!QFileInfo(from).isDir()) {
-                if (Content::seedOf(from) != Content::seedOf(to))
-                    throw Broken(u"%1 is not what %2 is"_s.arg(to, from));
-                continue;
-            }
-            const QString missing = Content::firstMissing(Content::read(from), Content::read(to));
-            if (!missing.isEmpty())
-                throw Broken(u"%1 of %2 is not in %3"_s.arg(missing, from, to));
-        }
+        // Small files arrive together, in whatever order.
+        const bool isUpload = job.direction == CopyJob::Direction::toPhone;
+        const auto isCopy = [&](const QString& from, const QString& made) {
+            const QString to = isUpload ? copy.phone->onDisk(made) : made;
+            if (QFileInfo(from).isDir() != QFileInfo(to).isDir())
+                return false;
+            return QFileInfo(from).isDir()
+                       ? Content::firstMissing(Content::read(from), Content::read(to)).isEmpty()
+                       : Content::seedOf(from) == Content::seedOf(to);
+        };
+        for (const QString& from : copy.sources)
+            if (std::none_of(job.made.begin(), job.made.end(),
+                             [&](const QString& made) { return isCopy(from, made); }))
+                throw Broken(u"%1 has no whole copy among %2"_s.arg(from, job.made.join(u", ")));
     }
 }
 
