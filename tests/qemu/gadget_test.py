@@ -140,8 +140,7 @@ class GadgetTest(Test):
         self.expect_broken_off(self.machine.finish(30), 1)
         part = int(self.shell(f"stat -c %s {target}/.tessary-part-of-*"))
         check(part > mebibytes * MIB // 2, f"{part} bytes wait to be gone on with")
-        self.plug()
-        self.await_enumeration()
+        self.restart_phone()
         watch = f"while usleep 20000; do {self.moved()}; done 2>/dev/null >/tmp/moved"
         copy = f"{self.CLI} {command}; status=$?; kill $watch; exit $status"
         result = self.machine.run(f"({watch}) & watch=$!; {copy}", 90)
