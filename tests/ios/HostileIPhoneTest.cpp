@@ -5,13 +5,13 @@
 #include "base/threads/CancellationError.h"
 #include "support/IPhoneFiles.h"
 #include "support/QtPrinters.h"
+#include "support/UnderAttack.h"
 
 #include <QtEndian>
 
 #include <gmock/gmock.h>
 
 #include <csignal>
-#include <fstream>
 #include <thread>
 
 namespace tessary {
@@ -132,17 +132,10 @@ TEST_F(HostileIPhoneTest, itsFilesAreOneErrorToo) {
 
 TEST_F(HostileIPhoneTest, anEndlessAppListTakesNoMemoryHereAndEndsByItself) {
     send(u"installationProxy.Browse"_s, endlessList());
-    const auto memory = [] {
-        std::ifstream file("/proc/self/statm");
-        long all = 0;
-        long resident = 0;
-        file >> all >> resident;
-        return resident * 4096L;
-    };
-    const long before = memory();
+    const std::size_t before = usedMemory();
     EXPECT_THAT(errorOf([&] { (void)askIPhoneApps(hostile_.udid(), {}, shortPatience()); }),
                 isRefused);
-    EXPECT_LT(memory() - before, 64L << 20); // the phone itself is in this process
+    EXPECT_LT(usedMemory(), before + (64 << 20)); // the phone itself is in this process
 }
 
 TEST_F(HostileIPhoneTest, aSilentOneIsLeftAtOnceByWhoStops) {
