@@ -12,10 +12,12 @@
 #include <thread>
 #include <vector>
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#include <sanitizer/allocator_interface.h>
-#else
 #include <malloc.h>
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+/// Of the sanitizer's runtime; the compiler comes without its header.
+extern "C" std::size_t
+__sanitizer_get_current_allocated_bytes(); // NOLINT(bugprone-reserved-identifier)
 #endif
 
 namespace tessary {
