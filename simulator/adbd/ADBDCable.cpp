@@ -96,7 +96,7 @@ VirtualUSBDescription ADBDCable::description() const {
     description.vendorName = QStringLiteral("Google");
     description.productName = QStringLiteral("Pixel 7");
     description.serialNumber = serialNumber_;
-    description.interfaces = {{255, 66, true}};
+    description.interfaces = {{255, 66, 1, 2}};
     return description;
 }
 

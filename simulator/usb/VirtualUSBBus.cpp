@@ -78,6 +78,10 @@ std::uint64_t VirtualUSBBus::State::attach(VirtualUSBFunction& function, const Q
     entry.registryName = description.productName;
     entry.serialNumber = description.serialNumber;
     entry.location = location;
+    for (const VirtualUSBInterfaceDescription& one : description.interfaces)
+        entry.interfaces.push_back({static_cast<std::uint8_t>(entry.interfaces.size()),
+                                    one.interfaceClass, one.interfaceSubclass, one.protocol,
+                                    one.name});
     std::shared_ptr<VirtualUSBPort> port;
     {
         const std::lock_guard lock(mutex_);

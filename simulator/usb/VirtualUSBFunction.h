@@ -17,9 +17,11 @@ class VirtualUSBPort;
 struct VirtualUSBInterfaceDescription {
     std::uint8_t interfaceClass = 6; ///< still image
     std::uint8_t interfaceSubclass = 1;
-    /// Whether it has the three pipes of MTP: 1 bulk in, 2 bulk out, 3 interrupt in. The pipes of
-    /// all such interfaces are the same ones.
-    bool hasPipes = true;
+    std::uint8_t protocol = 1;
+    /// How many it has of the three pipes of MTP: 1 bulk in, 2 bulk out, 3 interrupt in. The pipes
+    /// of all interfaces are the same ones.
+    std::uint8_t pipes = 3;
+    QString name{};
 };
 
 /// What a virtual device tells of itself.

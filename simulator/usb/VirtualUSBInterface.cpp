@@ -7,7 +7,6 @@ namespace tessary {
 
 namespace {
 
-constexpr std::uint8_t pipeCount = 3;
 constexpr std::uint16_t eventPacketSize = 28;
 
 } // namespace
@@ -55,7 +54,7 @@ void VirtualUSBInterface::close() {
 }
 
 std::uint8_t VirtualUSBInterface::endpointCount() const {
-    return described().hasPipes ? pipeCount : 0;
+    return described().pipes;
 }
 
 std::optional<USBPipeProperties> VirtualUSBInterface::pipeProperties(std::uint8_t pipe) const {

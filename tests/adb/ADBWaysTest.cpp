@@ -3,9 +3,7 @@
 #include "adb/ADBFilesFixture.h"
 #include "simulator/wire/PhoneSockets.h"
 #include "support/FakeProcessRunner.h"
-
-#include <poll.h>
-#include <sys/socket.h>
+#include "support/ScriptedADBServer.h"
 
 #include <atomic>
 
@@ -55,7 +53,6 @@ protected:
         setup.keys = std::make_shared<ADBAuthManager>(std::make_unique<FileKeyStore>(keys_.path()),
                                                       ADBHostIdentity{u"ann"_s, u"desk"_s});
         setup.changed = [this] { ++changes_; };
-        setup.speaksADB = [](const USBDeviceEntry& entry) { return entry.vendorID == 0x18D1; };
         return setup;
     }
     [[nodiscard]] bool hasServer() const {
@@ -162,25 +159,12 @@ TEST_F(ADBWaysTest, pairingThatAnOldServerDoesNotKnowIsToldSo) {
 }
 
 TEST_F(ADBWaysTest, runningServerOfAnotherVersionIsLeftAlone) {
-    const FileHandle socket = PhoneSockets::listenAt(u"127.0.0.1"_s, 0);
-    const std::jthread server([&](const std::stop_token& stop) {
-        while (!stop.stop_requested()) {
-            pollfd waiting{socket.get(), POLLIN, 0};
-            if (::poll(&waiting, 1, 50) <= 0)
-                continue;
-            const FileHandle one(::accept(socket.get(), nullptr, nullptr));
-            constexpr std::string_view answer = "OKAY00040099";
-            (void)!::send(one.get(), answer.data(), answer.size(), MSG_NOSIGNAL);
-            char bytes[64];
-            (void)!::recv(one.get(), bytes, sizeof bytes, 0);
-        }
-    });
+    const ScriptedADBServer server([](const QByteArray&) { return QByteArray(); }, "0099");
     FakeProcessRunner processes;
     VirtualUSBBus bus;
     ADBWays::Setup with{bus, processes};
-    with.server.port = PhoneSockets::portOf(socket);
+    with.server = server.address();
     with.adbPaths = QStringList{realADB()};
-    with.speaksADB = [](const USBDeviceEntry&) { return true; };
     ADBDCable cable(*adbd_, u"CABLE"_s);
     cable.plugInto(bus, u"1-1"_s);
     ADBWays ways(with);

@@ -21,8 +21,9 @@ public:
     /// for no answer.
     using Answer = std::function<QByteArray(const QByteArray& request)>;
 
-    explicit ScriptedADBServer(Answer answer)
+    explicit ScriptedADBServer(Answer answer, QByteArray version = "0029")
         : answer_(std::move(answer)),
+          version_(std::move(version)),
           socket_(PhoneSockets::listenAt(QStringLiteral("127.0.0.1"), 0)),
           thread_([this](const std::stop_token& stop) {
               while (!stop.stop_requested()) {
@@ -54,7 +55,7 @@ private:
         (void)!::recv(connection.get(), request.data(), static_cast<std::size_t>(request.size()),
                       MSG_WAITALL);
         if (request == "host:version")
-            return send(connection, "OKAY" + counted("0029"));
+            return send(connection, "OKAY" + counted(version_));
         if (request.startsWith("host:track-devices")) {
             send(connection, "OKAY" + counted({}));
             kept_.push_back(std::move(connection));
@@ -78,6 +79,7 @@ private:
     }
 
     const Answer answer_;
+    const QByteArray version_;
     mutable std::mutex mutex_;
     QByteArrayList requests_; ///< guarded by mutex_
     const FileHandle socket_;

@@ -107,9 +107,7 @@ std::vector<ADBDevice> ADBWays::devices() {
 
 /// The places on the bus where a device speaks adb.
 QStringList ADBWays::placesWithADB() const {
-    const auto speaksADB = [&](const USBDeviceEntry& entry) {
-        if (setup_.speaksADB)
-            return setup_.speaksADB(entry);
+    const auto speaksADB = [](const USBDeviceEntry& entry) {
         return std::any_of(entry.interfaces.begin(), entry.interfaces.end(), [](const auto& one) {
             return one.interfaceClass == ADBUSBInterfaceKind::interfaceClass &&
                    one.subclass == ADBUSBInterfaceKind::subclass &&

@@ -31,9 +31,6 @@ public:
         std::optional<QStringList> adbPaths{};            ///< instead of the usual places
         std::shared_ptr<ADBAuthManager> keys{};           ///< null: this computer's
         std::function<void()> changed{};                  ///< devices() has another answer
-                                         /// Whether a device on the bus speaks adb; empty: by the
-                                         /// interfaces that it declares.
-        std::function<bool(const USBDeviceEntry&)> speaksADB{};
     };
 
     explicit ADBWays(Setup setup);
