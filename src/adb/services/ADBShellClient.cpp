@@ -10,6 +10,7 @@ namespace tessary {
 namespace {
 
 constexpr qsizetype errorsLimit = 64 * 1024;
+constexpr const char* newShell = "shell,v2,raw:";
 
 /// What stands before the exit status where the protocol has no place for it.
 const QByteArray& statusMark() {
@@ -26,22 +27,15 @@ QByteArray shellQuoted(const QByteArray& text) {
 ADBCommandResult ADBShellClient::run(const QByteArray& line, const Wait& wait) {
     if (!hasVersion2_)
         return runOld(line, wait);
-    QByteArray output;
-    ADBCommandResult result = stream(
-        line,
-        [&](ByteView bytes) {
-            appendOutput(output, bytes, outputLimit);
-            return true;
-        },
-        wait);
-    result.output = std::move(output);
-    return result;
+    const auto service = connection_.open(newShell + line, wait);
+    ADBReader reader(*service);
+    return wholeResultOf(reader, wait);
 }
 
 ADBCommandResult ADBShellClient::stream(const QByteArray& line,
                                         const std::function<bool(ByteView)>& output,
                                         const Wait& wait) {
-    const auto service = connection_.open("shell,v2,raw:" + line, wait);
+    const auto service = connection_.open(newShell + line, wait);
     ADBReader reader(*service);
     return resultOf(reader, output, wait);
 }
@@ -51,7 +45,7 @@ ADBShellClient::feed(const QByteArray& line,
                      const std::function<std::size_t(std::span<std::byte>)>& source,
                      const std::function<void(std::uint64_t)>& sent, const Wait& wait) {
     constexpr std::size_t piece = 64 * 1024;
-    const auto service = connection_.open("shell,v2,raw:" + line, wait);
+    const auto service = connection_.open(newShell + line, wait);
     ADBReader reader(*service);
     Bytes packet(ADBShellPacket::frontSize + piece);
     const auto takes = [&](std::byte kind, std::size_t count) {
@@ -75,6 +69,11 @@ ADBShellClient::feed(const QByteArray& line,
         sent(total += count);
     }
     (void)takes(ADBShellPacket::endOfInput, 0);
+    return wholeResultOf(reader, wait);
+}
+
+/// All that a command says, its output included.
+ADBCommandResult ADBShellClient::wholeResultOf(ADBReader& reader, const Wait& wait) {
     QByteArray output;
     ADBCommandResult result = resultOf(
         reader,

@@ -53,6 +53,7 @@ public:
 
 private:
     [[nodiscard]] ADBCommandResult runOld(const QByteArray& line, const Wait& wait);
+    [[nodiscard]] static ADBCommandResult wholeResultOf(ADBReader& reader, const Wait& wait);
     [[nodiscard]] static ADBCommandResult
     resultOf(ADBReader& reader, const std::function<bool(ByteView)>& output, const Wait& wait);
 
