@@ -1,7 +1,7 @@
 #pragma once
 
+#include "ScriptedUSBBus.h"
 #include "support/MTPContainers.h"
-#include "support/ScriptedUSBBus.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,5 @@
 #include "adb/ADBFilesFixture.h"
 
-#include <atomic>
-
 namespace tessary {
 
 namespace {
@@ -138,42 +136,6 @@ TEST_P(ADBManyFilesTest, cancelledOrLostOnesHaveNoNameAndTheCallEndsSoon) {
     ASSERT_TRUE(comesBack());
     for (const QString& name : listed(u"/many"_s))
         EXPECT_TRUE(name.startsWith(u".tessary-part-"_s)) << name.toStdString();
-}
-
-TEST_P(ADBManyFilesTest, longCopyLetsAListingInBetweenItsPieces) {
-    const QByteArray bytes = manyBytes(20'000'000);
-    write(u"big"_s, bytes);
-    const FileItem big = item(u"/big"_s);
-    breakPhone([](ADBDFaults& faults) { faults.megabytesPerSecond = 5; });
-    const Call copying({}, Urgency::copy);
-    QByteArray got;
-    const std::pair<const char*, std::function<void()>> copies[] = {
-        {"read",
-         [&] {
-             (void)files_->read(
-                 big, {},
-                 [&](ByteView piece) {
-                     got.append(reinterpret_cast<const char*>(piece.data()),
-                                static_cast<qsizetype>(piece.size()));
-                 },
-                 copying);
-         }},
-        {"write", [&] { (void)write(u"/"_s, u"copy"_s, bytes, copying); }},
-    };
-    for (const auto& [name, copy] : copies) {
-        SCOPED_TRACE(name);
-        std::atomic<bool> isOver = false;
-        std::jthread other([&, &copy = copy] {
-            EXPECT_EQ(codeOf(copy), "nothing");
-            isOver = true;
-        });
-        std::this_thread::sleep_for(300ms);
-        EXPECT_TRUE(listed(u"/"_s).contains(u"big"_s));
-        (void)files_->makeFolder(u"/"_s, QString::fromLatin1(name), {});
-        EXPECT_FALSE(isOver) << "the copy was to take four seconds";
-    }
-    EXPECT_EQ(got, bytes);
-    EXPECT_EQ(content(u"copy"_s), bytes);
 }
 
 INSTANTIATE_TEST_SUITE_P(Ways, ADBManyFilesTest, allADBWays, testing::PrintToStringParamName());

@@ -1,6 +1,4 @@
 #include "mtp/MTPFilesFixture.h"
-#include "mtp/protocol/MTPPacketCodec.h"
-#include "support/MTPContainers.h"
 
 namespace tessary {
 namespace {
@@ -8,19 +6,6 @@ namespace {
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using enum MTPOperationCode;
-using testing::ElementsAre;
-
-TEST(MTPEventContainer, codeAndFirstParameterAreRead) {
-    const auto event = [](const char* bytes) {
-        return MTPPacketCodec::decodeEvent(hexBytes(bytes));
-    };
-    EXPECT_EQ(event("10000000 0400 0240 07000000 2A000000"), (MTPEvent{0x4002, 42}));
-    EXPECT_EQ(event("0C000000 0400 0B40 07000000"), (MTPEvent{0x400B, 0}));
-    EXPECT_EQ(event("0C000000 0400 0240 07000000 2A000000"), (MTPEvent{0x4002, 0})) << "its length";
-    EXPECT_EQ(event("10000000 0400 0240 07000000 2A0000"), (MTPEvent{0x4002, 0})) << "cut";
-    EXPECT_EQ(event("10000000 0300 0120 07000000 2A000000"), std::nullopt) << "a response";
-    EXPECT_EQ(event("10000000 0400"), std::nullopt);
-}
 
 class MTPEventsTest : public MTPFilesFixture {
 protected:

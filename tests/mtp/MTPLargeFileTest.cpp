@@ -4,6 +4,7 @@ namespace tessary {
 namespace {
 
 using namespace Qt::StringLiterals;
+using enum MTPOperationCode;
 
 constexpr qint64 size = (qint64{4} << 30) + 5'000;
 constexpr qint64 marked = 4; ///< the last bytes
@@ -16,22 +17,46 @@ TEST_F(MTPLargeFileTest, moreThanFourGigabytesComeWhole) {
     ASSERT_TRUE(film.open(QIODevice::ReadWrite) && film.seek(size - marked));
     ASSERT_EQ(film.write("mark"), marked);
     film.close();
-    qint64 arrived = 0;
-    QByteArray end;
-    const FileItem item = this->item("/film");
-    EXPECT_EQ(item.size, size);
-    const qint64 count =
-        files_.read(item, {},
-                    [&](ByteView bytes) {
-                        arrived += static_cast<qint64>(bytes.size());
-                        end = (end + QByteArray(reinterpret_cast<const char*>(bytes.data()),
-                                                static_cast<qsizetype>(bytes.size())))
-                                  .right(marked);
-                    },
-                    {});
-    EXPECT_EQ(count, size);
-    EXPECT_EQ(arrived, size);
-    EXPECT_EQ(end, "mark");
+    const std::pair<const char*, std::function<void()>> rows[] = {
+        {"in pieces", [] {}},
+        {"in one, of a length that 32 bits cannot tell",
+         [&] {
+             phone().behave([](VirtualBehaviour& behaviour) {
+                 for (const auto part : {androidGetPartialObject64, getPartialObject})
+                     behaviour.unsupportedOperations.insert(static_cast<std::uint16_t>(part));
+             });
+         }},
+        {"in one, of a length cut to 32 bits",
+         [&] {
+             phone().rewriteData(getObject, [](Bytes& header) {
+                 for (const std::size_t high : {2U, 3U})
+                     header[high] = std::byte{};
+                 header[0] = std::byte{(size + 12) & 0xFF};
+                 header[1] = std::byte{(size + 12) >> 8 & 0xFF};
+             });
+         }},
+    };
+    for (const auto& [name, change] : rows) {
+        SCOPED_TRACE(name);
+        change();
+        replug();
+        (void)list("/"); // what a phone can is known from when its session began
+        qint64 arrived = 0;
+        QByteArray end;
+        const FileItem item = this->item("/film");
+        EXPECT_EQ(item.size, size);
+        const auto sink = [&](ByteView bytes) {
+            arrived += static_cast<qint64>(bytes.size());
+            end = (end + QByteArray(reinterpret_cast<const char*>(bytes.data()),
+                                    static_cast<qsizetype>(bytes.size())))
+                      .right(marked);
+        };
+        EXPECT_EQ(files_.read(item, {}, sink, {}), size);
+        EXPECT_EQ(arrived, size);
+        EXPECT_EQ(end, "mark");
+    }
+    EXPECT_GT(phone().requests(androidGetPartialObject64), 100U);
+    EXPECT_EQ(phone().requests(getObject), 2U);
 }
 
 TEST_F(MTPLargeFileTest, moreThanFourGigabytesAreSentWhole) {

@@ -176,17 +176,6 @@ TEST_F(MTPListingTest, sizesThatThePhoneCutsTo32BitsAreListedWhole) {
     EXPECT_EQ(item("/films/a").size, fiveGiB);
 }
 
-TEST_F(MTPListingTest, hostileNamesAreListedAsTheyAre) {
-    const QString names[] = {u".."_s, u"a/b"_s, QString(), QString(254, u'n'), u"x\u0000y"_s};
-    phone().fault([&](VirtualFaults& faults) {
-        for (int n = 0; n < 5; ++n) {
-            phone().write(u"Bad/%1"_s.arg(n), "x");
-            faults.nameOverrides[QString::number(n)] = names[n];
-        }
-    });
-    EXPECT_THAT(listedNames("/Bad"), testing::ElementsAreArray(names));
-}
-
 TEST_F(MTPListingTest, namesThatArePaddedWithNULsAreListedWithoutThem) {
     phone().write(u"Padded/1"_s, "x");
     phone().fault(

@@ -44,11 +44,6 @@ inline Bytes dataOf(std::uint16_t operation, std::uint32_t transactionID, ByteVi
     return wholeContainer(2, operation, transactionID, payload);
 }
 
-inline Bytes responseOf(std::uint16_t code, std::uint32_t transactionID,
-                        const std::vector<std::uint32_t>& parameters = {}) {
-    return wholeContainer(3, code, transactionID, wordsOf(parameters));
-}
-
 /// The bytes of hexadecimal digits; blanks are skipped and "'abc'" stands for the letters as
 /// UTF-16 units in little-endian order: "04 'abc' 0000".
 inline Bytes hexBytes(std::string_view text) {

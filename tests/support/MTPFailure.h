@@ -18,6 +18,5 @@ std::string mtpFailureOf(Call&& call) {
 }
 
 inline constexpr const char* mtpNotConnected = "MTP USB Transport is not connected.";
-inline constexpr const char* mtpReadTimedOut = "MTP Transport error: USB Read failed: 0x-1FFFFD2A";
 
 } // namespace tessary

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <deque>
-#include <string>
 #include <vector>
 
 namespace tessary {
@@ -32,7 +31,6 @@ struct ScriptedDevice {
 };
 
 /// A bus in memory that answers from a script and never waits: an empty IN pipe is usb::timeout.
-/// All devices share one pair of pipes. `log` tells each call in order ("open 1-1", "write 512").
 /// For one thread.
 class ScriptedUSBBus : public USBBus {
 public:
@@ -42,22 +40,15 @@ public:
     std::deque<USBCode> cancelCodes;          ///< of the next cancel requests; then usb::success
     std::function<void(ByteView)> afterWrite; ///< what the device does after each write
 
-    std::vector<std::string> log;
-    std::size_t mostWrites = 0;        ///< the most that were in flight at once
     std::uint64_t readBufferLimit = 0; ///< the most memory that was set aside for reads at once
 
     ScriptedUSBBus() {
-        attach("1-1");
-    }
-    ScriptedDevice& attach(const char* location, const QString& serial = {}) {
         ScriptedDevice device;
-        device.entry.id = attached.size() + 1;
+        device.entry.id = 1;
         device.entry.vendorID = 0x18D1;
         device.entry.productID = 0x4EE1;
-        device.entry.serialNumber = serial;
-        device.entry.location = QString::fromLatin1(location);
-        attached.push_back(device);
-        return attached.back();
+        device.entry.location = QStringLiteral("1-1");
+        attached.push_back(std::move(device));
     }
     void send(Bytes bytes) {
         incoming.push_back({std::move(bytes), 0, usb::success});
@@ -67,9 +58,6 @@ public:
     }
     void fail(USBCode code) {
         incoming.push_back({{}, 0, code});
-    }
-    [[nodiscard]] std::size_t logged(const std::string& line) const {
-        return static_cast<std::size_t>(std::count(log.begin(), log.end(), line));
     }
 
     [[nodiscard]] std::vector<USBDeviceEntry> devices() override {
@@ -131,7 +119,6 @@ private:
 
     USBCode write(std::span<const std::byte> data, std::size_t& transferred) {
         transferred = 0;
-        log.push_back("write " + std::to_string(data.size()));
         const USBCode code = next(writeCodes, usb::success);
         if (code != usb::success)
             return code;
@@ -144,7 +131,6 @@ private:
     USBCode control(const USBControlRequest& request, std::span<std::byte> data,
                     std::size_t& transferred) {
         const bool isCancel = request.request == 0x64;
-        log.push_back(isCancel ? "cancel" : "status");
         transferred = isCancel ? data.size() : 0;
         return isCancel ? next(cancelCodes, usb::success) : usb::success;
     }
@@ -193,7 +179,6 @@ private:
         USBCode submit(std::size_t length) override {
             flying_.emplace_back(buffer_.begin(),
                                  buffer_.begin() + static_cast<std::ptrdiff_t>(length));
-            bus_.mostWrites = std::max(bus_.mostWrites, flying_.size());
             return usb::success;
         }
         USBCode next(std::size_t& transferred, USBTimeouts) override {
@@ -229,7 +214,6 @@ private:
             return script_.subclass;
         }
         USBCode open() override {
-            bus_.log.push_back("open interface " + std::to_string(number_));
             return usb::success;
         }
         USBCode openSeize() override {
@@ -254,8 +238,7 @@ private:
                             USBTimeouts) override {
             return bus_.write(data, transferred);
         }
-        USBCode clearPipeStallBothEnds(std::uint8_t pipe) override {
-            bus_.log.push_back("clear " + std::to_string(pipe));
+        USBCode clearPipeStallBothEnds(std::uint8_t) override {
             return usb::success;
         }
         [[nodiscard]] std::unique_ptr<USBReadStream>
@@ -290,7 +273,6 @@ private:
             return script_.entry.productID;
         }
         USBCode open() override {
-            bus_.log.push_back("open " + script_.entry.location.toStdString());
             return usb::success;
         }
         USBCode openSeize() override {
