@@ -97,8 +97,7 @@ public:
             };
             add("IMG_%1.PNG", DemoMedia::picture(800, 600, seed + static_cast<std::uint32_t>(i)));
             if (i % aDay == 0)
-                add("IMG_%1.MOV",
-                    QByteArray("\0\0\0\x14", 4) + "ftypqt  " + QByteArray(40'000, 'm'));
+                add("IMG_%1.MOV", DemoMedia::film());
             if (i % aDay == 1) {
                 add("IMG_%1.AAE",
                     "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict/></plist>\n");

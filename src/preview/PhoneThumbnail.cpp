@@ -63,12 +63,10 @@ int orientationInExif(const QByteArray& block) {
 } // namespace
 
 bool mayHavePhoneThumbnail(const FileItem& item) {
-    constexpr QLatin1StringView videos(" mp4 mov m4v 3gp mkv webm avi ");
-    const QString extension = item.fileExtension();
-    const bool isVideo = !item.isDirectory && !extension.isEmpty() &&
-                         !extension.contains(QLatin1Char(' ')) &&
-                         videos.contains(QLatin1Char(' ') + extension + QLatin1Char(' '));
-    return item.size > 0 && (isVideo || previewKindOf(item) == PreviewKind::picture);
+    const PreviewKind kind = previewKindOf(item);
+    const bool isOtherFilm = !item.isDirectory && item.fileExtension() == QLatin1StringView("avi");
+    return item.size > 0 &&
+           (kind == PreviewKind::picture || kind == PreviewKind::film || isOtherFilm);
 }
 
 int orientationOf(const QByteArray& beginningOfJPEG) {

@@ -4,7 +4,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstring>
+
+#include <unistd.h>
 
 namespace tessary {
 
@@ -58,6 +61,30 @@ std::optional<Picture> decodePicture(const QByteArray& bytes) {
                              static_cast<int>(std::min(fullHeight, longest)));
     picture.pages = static_cast<int>(pages);
     return picture;
+}
+
+bool writePicture(const Picture& picture, int descriptor) {
+    const QByteArray bytes = encodePicture(picture);
+    for (qsizetype written = 0; written < bytes.size();) {
+        const auto step = ::write(descriptor, bytes.constData() + written,
+                                  static_cast<std::size_t>(bytes.size() - written));
+        if (step < 0 && errno != EINTR)
+            return false;
+        if (step > 0)
+            written += step;
+    }
+    return true;
+}
+
+void checkSize(const QSize& size, qint64 most) {
+    if (size.width() <= 0 || size.height() <= 0 || qint64{size.width()} * size.height() > most)
+        throw PictureError("the picture has too many pixels, or none");
+}
+
+QSize fitted(const QSize& size, int maxSide) {
+    if (std::max(size.width(), size.height()) <= maxSide)
+        return size;
+    return size.scaled(maxSide, maxSide, Qt::KeepAspectRatio).expandedTo({1, 1});
 }
 
 } // namespace tessary

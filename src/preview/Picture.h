@@ -49,4 +49,13 @@ public:
 /// Nothing for bytes of any other form and for a picture with a side above maxPictureSide.
 [[nodiscard]] std::optional<Picture> decodePicture(const QByteArray& bytes);
 
+/// Writes encodePicture() of it to a pipe. False when that cannot be done.
+[[nodiscard]] bool writePicture(const Picture& picture, int descriptor);
+
+/// PictureError when a picture has too many pixels, or none. Pure.
+void checkSize(const QSize& size, qint64 maxPixels);
+
+/// `size` made to fit into a square, never larger; sides are at least 1. Pure.
+[[nodiscard]] QSize fitted(const QSize& size, int maxSide);
+
 } // namespace tessary

@@ -1,6 +1,5 @@
 #include "preview/PictureDecoder.h"
 
-#include "base/local/FileHandle.h"
 #include "base/log/DiagnosticsLogger.h"
 #include "base/threads/CancellationError.h"
 #include "platform/process/QtProcessRunner.h"
@@ -47,12 +46,12 @@ void sayWhatIsMissing() {
 PictureDecoder::PictureDecoder(QString program, std::chrono::milliseconds limit)
     : program_(std::move(program)), limit_(limit) {}
 
-QString PictureDecoder::installedProgram() {
+QString PictureDecoder::installedProgram(const char* name) {
     // Beside this program, where packages put helpers, and where a build puts its programs.
     for (const char* folder : {".", "../libexec/tessary", "../../bin"}) {
-        const QFileInfo file(
-            QStringLiteral("%1/%2/tessary-decode")
-                .arg(QCoreApplication::applicationDirPath(), QString::fromLatin1(folder)));
+        const QFileInfo file(QStringLiteral("%1/%2/%3")
+                                 .arg(QCoreApplication::applicationDirPath(),
+                                      QString::fromLatin1(folder), QString::fromLatin1(name)));
         if (file.isFile() && file.isExecutable())
             return file.canonicalFilePath();
     }
@@ -61,7 +60,7 @@ QString PictureDecoder::installedProgram() {
 
 Picture PictureDecoder::decode(const PictureRequest& request, const std::stop_token& stop) const {
     const FileHandle file = openFile(request.file);
-    return decode(file.get(), request.maxSide, request.page, stop);
+    return decode(file, request.maxSide, request.page, stop);
 }
 
 Picture PictureDecoder::decode(const QByteArray& bytes, int maxSide,
@@ -71,10 +70,11 @@ Picture PictureDecoder::decode(const QByteArray& bytes, int maxSide,
     if (!file.isOpen() || ::write(file.get(), bytes.constData(), bytes.size()) != size ||
         ::lseek(file.get(), 0, SEEK_SET) != 0)
         throw PictureError("there is no memory for the picture");
-    return decode(file.get(), maxSide, 0, stop);
+    return decode(file, maxSide, 0, stop);
 }
 
-Picture PictureDecoder::decode(int file, int maxSide, int page, const std::stop_token& stop) const {
+Picture PictureDecoder::decode(const FileHandle& file, int maxSide, int page,
+                               const std::stop_token& stop) const {
     throwIfStopped(stop);
     if (program_.isEmpty())
         throw PictureError("the program that decodes pictures is missing");
@@ -82,7 +82,7 @@ Picture PictureDecoder::decode(int file, int maxSide, int page, const std::stop_
     ProcessRequest child;
     child.program = program_;
     child.arguments = {QString::number(maxSide), QString::number(page)};
-    child.standardInput = file;
+    child.standardInput = file.get();
     child.limit = limit_;
     child.stop = stop;
     child.outputLimit = longestOutput;

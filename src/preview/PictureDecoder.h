@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/local/FileHandle.h"
 #include "preview/Picture.h"
 
 #include <chrono>
@@ -15,7 +16,7 @@ public:
     static constexpr std::chrono::milliseconds defaultLimit{60'000};
 
     /// `program` is the decoding program's path; by default the one that comes with this program.
-    explicit PictureDecoder(QString program = installedProgram(),
+    explicit PictureDecoder(QString program = installedProgram("tessary-decode"),
                             std::chrono::milliseconds limit = defaultLimit);
 
     static constexpr qint64 longestFile = 400'000'000; ///< bytes
@@ -28,13 +29,14 @@ public:
     [[nodiscard]] Picture decode(const QByteArray& bytes, int maxSide,
                                  const std::stop_token& stop) const;
 
-    /// Empty when there is none.
-    [[nodiscard]] static QString installedProgram();
-
-private:
-    [[nodiscard]] Picture decode(int file, int maxSide, int page,
+    /// The same for an open file, from its beginning.
+    [[nodiscard]] Picture decode(const FileHandle& file, int maxSide, int page,
                                  const std::stop_token& stop) const;
 
+    /// The path of a program that comes with this one. Empty when there is none.
+    [[nodiscard]] static QString installedProgram(const char* name);
+
+private:
     QString program_;
     std::chrono::milliseconds limit_;
 };

@@ -16,6 +16,7 @@ struct Row {
 constexpr std::array rows{
     Row{PreviewKind::picture, View(" jpg jpeg jpe png webp gif bmp heic heif ")},
     Row{PreviewKind::document, View(" pdf ")},
+    Row{PreviewKind::film, View(" mp4 mov m4v 3gp 3g2 mkv webm ")},
     Row{PreviewKind::text,
         View(" txt text md markdown log csv tsv json xml html htm css js ts swift kt java py c cpp "
              "cc h hpp sh ini conf cfg yaml yml toml properties srt vtt vcf ics sql tex gpx rtf ")},
@@ -40,6 +41,7 @@ qint64 previewLimit(PreviewKind kind) {
         return 300'000'000;
     case PreviewKind::text:
         return 50'000'000;
+    case PreviewKind::film:
     case PreviewKind::facts:
         break;
     }
@@ -48,6 +50,8 @@ qint64 previewLimit(PreviewKind kind) {
 
 bool hasThumbnail(const FileItem& item) {
     const PreviewKind kind = previewKindOf(item);
+    if (kind == PreviewKind::film)
+        return item.size > 0;
     return (kind == PreviewKind::picture || kind == PreviewKind::document) && item.size > 0 &&
            item.size <= thumbnailLimit;
 }

@@ -1,6 +1,7 @@
 #include "preview/PictureDecoder.h"
 #include "base/threads/CancellationError.h"
 #include "platform/sandbox/Sandbox.h"
+#include "simulator/content/DemoMedia.h"
 #include "support/Application.h"
 #include "support/TemporaryFolder.h"
 
@@ -158,27 +159,31 @@ TEST_F(PictureDecoderTest, textIsDrawnWithThisComputersFonts) {
 }
 
 TEST_F(PictureDecoderTest, decodingProcessHasGivenUpEverythingElse) {
-    // Its picture is more than a pipe holds, and is not read: it waits with it, walled in.
-    QProcess process;
-    process.setStandardInputFile(folder_.write(u"file"_s, saved("PNG", {1000, 1000})));
-    process.start(PictureDecoder::installedProgram(), {u"1000"_s, u"0"_s});
-    ASSERT_TRUE(process.waitForStarted());
-    const QString about = QStringLiteral("/proc/%1/").arg(process.processId());
-    const auto textOf = [&](const char* name) {
-        QFile file(about + QString::fromLatin1(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    };
-    QElapsedTimer clock;
-    for (clock.start(); !textOf("wchan").contains("pipe_write") && clock.elapsed() < 10'000;)
-        std::this_thread::sleep_for(5ms);
-    const QByteArray status = textOf("status");
-    EXPECT_THAT(status.toStdString(), testing::HasSubstr("NoNewPrivs:\t1"));
-    EXPECT_THAT(status.toStdString(), testing::HasSubstr("Seccomp:\t2"));
-    // Only the superuser may look at them.
-    EXPECT_THAT(QDir(about + u"fd"_s).entryList(QDir::System | QDir::Files),
-                testing::IsSubsetOf({u"0"_s, u"1"_s, u"2"_s}));
-    process.kill();
-    process.waitForFinished();
+    for (const auto& [program, file] : {std::pair("tessary-decode", saved("PNG", {1000, 1000})),
+                                        {"tessary-film", DemoMedia::film()}}) {
+        SCOPED_TRACE(program);
+        // Its picture is more than a pipe holds, and is not read: it waits with it, walled in.
+        QProcess process;
+        process.setStandardInputFile(folder_.write(u"file"_s, file));
+        process.start(PictureDecoder::installedProgram(program), {u"1000"_s, u"0"_s});
+        ASSERT_TRUE(process.waitForStarted());
+        const QString about = QStringLiteral("/proc/%1/").arg(process.processId());
+        const auto textOf = [&](const char* name) {
+            QFile facts(about + QString::fromLatin1(name));
+            return facts.open(QIODevice::ReadOnly) ? facts.readAll() : QByteArray();
+        };
+        QElapsedTimer clock;
+        for (clock.start(); !textOf("wchan").contains("pipe_write") && clock.elapsed() < 10'000;)
+            std::this_thread::sleep_for(5ms);
+        const QByteArray status = textOf("status");
+        EXPECT_THAT(status.toStdString(), testing::HasSubstr("NoNewPrivs:\t1"));
+        EXPECT_THAT(status.toStdString(), testing::HasSubstr("Seccomp:\t2"));
+        // Only the superuser may look at them.
+        EXPECT_THAT(QDir(about + u"fd"_s).entryList(QDir::System | QDir::Files),
+                    testing::IsSubsetOf({u"0"_s, u"1"_s, u"2"_s}));
+        process.kill();
+        process.waitForFinished();
+    }
 }
 
 TEST_F(PictureDecoderTest, hostileFilesAreRefusedSoon) {

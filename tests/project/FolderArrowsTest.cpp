@@ -71,6 +71,7 @@ const std::map<std::string, std::vector<std::string>> arrows = {
     {"browser/storage", {"phone"}},
     {"preview", {"base/log", "phone", "platform/process", "platform/sandbox"}},
     {"preview/decoding", {"preview"}},
+    {"preview/film", {"preview"}},
     {"app/copies", {"devices/list", "transfer/local", "transfer/queue"}},
     {"app/favorites", {"platform/settings"}},
     {"app/mounts", {"app/texts", "devices/list", "transfer/mount"}},
@@ -110,7 +111,8 @@ const std::map<std::string, std::vector<std::string>> arrows = {
     {"simulator/faults", {"simulator/adbd", "simulator/iphone", "simulator/mtp"}},
     // A main file puts its program together: it may also start the virtual phones.
     {"programs",
-     {"views/window", "cli/commands", "ios/helper/server", "preview/decoding", "simulator/demo"}},
+     {"views/window", "cli/commands", "ios/helper/server", "preview/decoding", "preview/film",
+      "simulator/demo"}},
     {"browser/actions", {"transfer/mount", "transfer/staging", "browser/listing"}},
 };
 

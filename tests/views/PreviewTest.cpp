@@ -33,7 +33,8 @@ const QByteArray document = "%PDF-1.4\n1 0 obj<</Type/Catalog/Pages 2 0 R>>endob
 class PreviewTest : public WindowFixture {
 protected:
     PreviewTest()
-        : WindowFixture({{u"a picture.png"_s, DemoMedia::picture(320, 200, 3)},
+        : WindowFixture({{u"a film.mov"_s, DemoMedia::film()},
+                         {u"a picture.png"_s, DemoMedia::picture(320, 200, 3)},
                          {u"b text.txt"_s, "first line\nsecond line\n"},
                          {u"c document.pdf"_s, document},
                          {u"d broken.jpg"_s, "no picture"},
@@ -90,9 +91,14 @@ protected:
 };
 
 TEST_F(PreviewTest, arrowKeysWalkThroughEveryKindOfFile) {
-    openPreview(u"a picture.png"_s);
-    EXPECT_TRUE(wait([this] { return shown<PictureView>("previewPicture") != nullptr; }));
-    EXPECT_EQ(shown<PictureView>("previewPicture")->image().size(), QSize(320, 200));
+    openPreview(u"a film.mov"_s);
+    const auto isPicture = [this](const QSize& size) {
+        const auto* view = shown<PictureView>("previewPicture");
+        return view != nullptr && view->image().size() == size;
+    };
+    EXPECT_TRUE(wait([&] { return isPicture({320, 240}); }));
+    pressOn(preview(), Qt::Key_Down);
+    EXPECT_TRUE(wait([&] { return isPicture({320, 200}); }));
     EXPECT_THAT(textOf("previewCaption").toStdString(), testing::HasSubstr("320 × 200"));
 
     pressOn(preview(), Qt::Key_Down);

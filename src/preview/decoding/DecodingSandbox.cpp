@@ -8,8 +8,6 @@
 #include <QFile>
 #include <QImageReader>
 
-#include <cerrno>
-
 #include <unistd.h>
 
 namespace tessary {
@@ -57,18 +55,6 @@ QByteArray restOf(int descriptor) {
         file.isSequential() || file.size() > PictureDecoder::longestFile)
         throw PictureError("the file cannot be read");
     return file.readAll(); // read(n) takes n bytes of memory before it reads
-}
-
-bool writeTo(int descriptor, const QByteArray& bytes) {
-    for (qsizetype written = 0; written < bytes.size();) {
-        const auto step = ::write(descriptor, bytes.constData() + written,
-                                  static_cast<std::size_t>(bytes.size() - written));
-        if (step < 0 && errno != EINTR)
-            return false;
-        if (step > 0)
-            written += step;
-    }
-    return true;
 }
 
 } // namespace tessary

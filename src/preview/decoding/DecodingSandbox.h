@@ -14,7 +14,4 @@ void enterDecodingSandbox(int input, int output);
 /// than PictureDecoder::longestFile.
 [[nodiscard]] QByteArray restOf(int descriptor);
 
-/// Writes all of it. False when that cannot be done.
-[[nodiscard]] bool writeTo(int descriptor, const QByteArray& bytes);
-
 } // namespace tessary

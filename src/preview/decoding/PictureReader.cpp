@@ -48,17 +48,6 @@ Picture readImage(const QByteArray& bytes, int maxSide) {
 
 } // namespace
 
-void checkSize(const QSize& size, qint64 most) {
-    if (size.width() <= 0 || size.height() <= 0 || qint64{size.width()} * size.height() > most)
-        throw PictureError("the picture has too many pixels, or none");
-}
-
-QSize fitted(const QSize& size, int maxSide) {
-    if (std::max(size.width(), size.height()) <= maxSide)
-        return size;
-    return size.scaled(maxSide, maxSide, Qt::KeepAspectRatio).expandedTo({1, 1});
-}
-
 Picture readPicture(const QByteArray& bytes, int maxSide, int page) {
     const int side = std::clamp(maxSide, 1, maxPictureSide);
     if (bytes.startsWith("%PDF-"))

@@ -20,10 +20,4 @@ inline constexpr std::array<const char*, 5> pictureFormats{"jpeg", "png", "webp"
 [[nodiscard]] Picture readHeic(const QByteArray& bytes, int maxSide);
 [[nodiscard]] Picture readPdfPage(const QByteArray& bytes, int page, int maxSide);
 
-/// PictureError when a picture has too many pixels, or none.
-void checkSize(const QSize& size, qint64 maxPixels);
-
-/// `size` made to fit into a square, never larger; sides are at least 1.
-[[nodiscard]] QSize fitted(const QSize& size, int maxSide);
-
 } // namespace tessary

@@ -39,7 +39,7 @@ int main(int argc, char** argv) {
         enterDecodingSandbox(STDIN_FILENO, STDOUT_FILENO);
         const Picture picture =
             readPicture(restOf(STDIN_FILENO), arguments[1].toInt(), arguments[2].toInt());
-        end(writeTo(STDOUT_FILENO, encodePicture(picture)) ? 0 : 1);
+        end(writePicture(picture, STDOUT_FILENO) ? 0 : 1);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "tessary-decode: %s\n", error.what());
         end(1);

@@ -5,6 +5,8 @@
 #include "base/text/Printable.h"
 #include "base/threads/Background.h"
 #include "base/threads/CancellationError.h"
+#include "preview/FilmPicture.h"
+#include "preview/PhoneThumbnail.h"
 #include "views/common/Icons.h"
 #include "views/dialogs/FactsView.h"
 #include "views/dialogs/PictureView.h"
@@ -30,6 +32,19 @@ QToolButton* footerButton(const char* iconName) {
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::NoFocus); // the keys walk through the listing
     return button;
+}
+
+/// A film's first picture, or the small one that the phone itself has of it.
+Picture pictureOfFilm(PhoneFileSystem& files, const FileItem& item, const PictureDecoder& decoder,
+                      const std::stop_token& stop) {
+    try {
+        return firstPictureOf(files, item, shownSide, stop);
+    } catch (const PictureError&) {
+        const auto own = phoneThumbnail(files, item, stop);
+        if (!own)
+            throw;
+        return decoder.decode(*own, shownSide, stop);
+    }
 }
 
 void name(QToolButton& button, const QString& text) {
@@ -196,7 +211,7 @@ void PreviewWindow::follow() {
     showFacts({});
     if (kind_ == PreviewKind::facts || item_->size == 0)
         return;
-    if (item_->size > previewLimit(kind_)) {
+    if (kind_ != PreviewKind::film && item_->size > previewLimit(kind_)) {
         showFacts(tr("“%1” is too large for a preview. Copy it to this computer first.")
                       .arg(printable(item_->name)));
         return;
@@ -206,7 +221,13 @@ void PreviewWindow::follow() {
 
 void PreviewWindow::fetch() {
     facts_->showProgress(0, 0);
-    browser_.cacheFileForPreview(item_->id());
+    if (kind_ != PreviewKind::film)
+        browser_.cacheFileForPreview(item_->id());
+    else
+        decode([decoder = decoder_, files = browser_.files(),
+                item = *item_](const std::stop_token& stop) {
+            return pictureOfFilm(*files, item, decoder, stop);
+        });
 }
 
 void PreviewWindow::showFile(const QString& localFile) {
@@ -228,17 +249,21 @@ void PreviewWindow::turnTo(int page) {
         return;
     stop_.request_stop();
     page_ = page;
+    decode([decoder = decoder_, request = PictureRequest{localFile_, shownSide, page}](
+               const std::stop_token& stop) { return decoder.decode(request, stop); });
+}
+
+void PreviewWindow::decode(std::function<Picture(const std::stop_token&)> work) {
     stop_ = runInBackground(
-        this,
-        [decoder = decoder_, request = PictureRequest{localFile_, shownSide, page}](
-            const std::stop_token& stop) { return decoder.decode(request, stop); },
-        [this, number = ++number_](BackgroundResult<Picture> result) {
+        this, std::move(work), [this, number = ++number_](BackgroundResult<Picture> result) {
             if (number != number_)
                 return;
             try {
                 showPicture(result.take());
             } catch (const CancellationError&) {
                 // Another one is on its way.
+            } catch (const Error& error) {
+                showFacts(errorText(error).what);
             } catch (const std::exception&) {
                 showFacts(tr("It cannot be shown: it is damaged, too large or protected."));
             }

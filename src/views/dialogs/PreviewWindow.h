@@ -23,8 +23,9 @@ class FactsView;
 class PictureView;
 
 /// What the entry that the keyboard is on looks like, in a window of its own: pictures, pages of
-/// documents, the beginning of texts, and the facts of everything else. Arrow keys walk on through
-/// the listing, space and escape close it. It follows the browser's selection while it is open.
+/// documents, the first picture of films, the beginning of texts, and the facts of everything else.
+/// Arrow keys walk on through the listing, space and escape close it. It follows the browser's
+/// selection while it is open.
 class PreviewWindow : public QDialog {
     Q_OBJECT
 
@@ -56,6 +57,7 @@ private:
     void showPicture(const Picture& picture);
     void showFacts(const QString& note);
     void turnTo(int page);
+    void decode(std::function<Picture(const std::stop_token&)> work);
     void drop();
     bool handleKey(const QKeyEvent& event);
     [[nodiscard]] bool isShowing(const QString& id) const;

@@ -3,6 +3,7 @@
 #include "base/threads/Background.h"
 #include "base/threads/CancellationError.h"
 #include "browser/model/FileListModel.h"
+#include "preview/FilmPicture.h"
 #include "preview/PhoneThumbnail.h"
 #include "preview/PreviewKind.h"
 #include "views/listing/FileItemDelegate.h"
@@ -31,7 +32,8 @@ bool isEnough(const QImage& image, int side) {
     return 3 * std::max(image.width(), image.height()) >= 2 * side;
 }
 
-/// The phone's own picture; else one that is made of the file, of one that is not too large.
+/// The phone's own picture; else one that is made of a film's beginning, or of a file that is not
+/// too large.
 QImage makeThumbnail(PhoneFileSystem& files, const FileItem& item, StagedFiles& copies,
                      const PictureDecoder& decoder, ThumbnailCache& disk, const QString& key,
                      int side, const std::stop_token& stop) {
@@ -48,7 +50,9 @@ QImage makeThumbnail(PhoneFileSystem& files, const FileItem& item, StagedFiles& 
     if (!hasThumbnail(item))
         throw PictureError("there is no small picture of the file");
     const QImage image =
-        decoder.decode({copies.fetch(files, item, {}, stop), storedSide, 0}, stop).image;
+        previewKindOf(item) == PreviewKind::film
+            ? firstPictureOf(files, item, storedSide, stop).image
+            : decoder.decode({copies.fetch(files, item, {}, stop), storedSide, 0}, stop).image;
     disk.store(key, image);
     return image;
 }
