@@ -145,10 +145,7 @@ public:
             questions.push_back(question);
             return answer ? answer(question) : SyncAnswer::stop();
         };
-        events.status = [this](const QString& message) {
-            if (onStatus)
-                onStatus(message);
-        };
+        events.stage = onStage;
         SyncComputer computer{local_, [this] { local_.addFolder(localRoot); },
                               [this] {
                                   if (isDead)
@@ -204,7 +201,7 @@ public:
     std::function<std::optional<SyncAnswer>(const SyncQuestion&)> saidBeforehand;
     SyncDecisions decisions;
     QString lockFile;
-    std::function<void(const QString&)> onStatus;
+    std::function<void(SyncStage)> onStage;
     std::function<bool(const QString&)> trash;
     std::function<void(const MemoryFileSystem::Request&)> beforeCall;
     std::vector<SyncQuestion> questions;

@@ -128,7 +128,7 @@ TEST(SyncPairTest, pairListSurvivesItsJson) {
     pairs[0].lastSyncedAt = QDateTime(QDate(2024, 2, 29), QTime(1, 2, 3, 500), QTimeZone::utc());
     pairs[0].status = SyncStatus::error(u"boom"_s);
     pairs[0].progress.completedBytes = (1LL << 53) + 1;
-    pairs[1].status = SyncStatus::syncing(u"Scanning folders…"_s);
+    pairs[1].status = SyncStatus::syncing(SyncStage::scanning);
     pairs[1].moveFilesEnabled = true;
     pairs[1].runsWhenPluggedIn = true;
     pairs[1].patterns = {u"*.tmp"_s};

@@ -57,8 +57,8 @@ private:
         FileHandle opened(::openat(folder, name.constData(), flags));
         if (!opened.isOpen() && errno == EACCES) {
             // Ours, and closed against ourselves, as folders of phones can be. No link: see above.
-            (void)::fchmodat(folder, name.constData(), S_IRWXU, 0);
-            opened = FileHandle(::openat(folder, name.constData(), flags));
+            if (::fchmodat(folder, name.constData(), S_IRWXU, 0) == 0)
+                opened = FileHandle(::openat(folder, name.constData(), flags));
         }
         if (!opened.isOpen())
             return note(errno);

@@ -205,10 +205,10 @@ SyncRunEvents SyncManager::eventsOf(const QUuid& id) {
     const QPointer<SyncManager> self(this);
     const auto latest = std::make_shared<LatestProgress>();
     SyncRunEvents events;
-    events.status = [self, id](const QString& message) {
-        MainThread::post([self, id, message] {
+    events.stage = [self, id](SyncStage stage) {
+        MainThread::post([self, id, stage] {
             if (self && self->running_ && self->running_->id == id)
-                self->setStatus(id, SyncStatus::syncing(message));
+                self->setStatus(id, SyncStatus::syncing(stage));
         });
     };
     events.progress = [self, id, latest](const SyncProgress& progress) {
@@ -234,7 +234,7 @@ SyncRunEvents SyncManager::eventsOf(const QUuid& id) {
 void SyncManager::start(const Job& job) {
     const QUuid id = job.id;
     setProgress(id, {});
-    setStatus(id, SyncStatus::syncing(QStringLiteral("Connecting to device…")));
+    setStatus(id, SyncStatus::syncing(SyncStage::connecting));
     const SyncPair pair = *find(id);
     const auto device = deviceOf(pair, job.deviceManager);
     if (!device) {
@@ -291,18 +291,18 @@ void SyncManager::ended(const QUuid& id, SyncReport report) {
     switch (outcome) {
     case Outcome::done:
     case Outcome::incomplete: // the report says what is missing
-        finish(id, SyncStatus::completed(), QStringLiteral("Completed"));
+        finish(id, SyncStatus::completed(), SyncStage::completed);
         Q_EMIT syncDidComplete(id);
         break;
     case Outcome::cancelled:
-        finish(id, {}, {});
+        finish(id, {}, SyncStage::none);
         break;
     case Outcome::failed:
         finish(id,
                SyncStatus::error(failure && failure->is(PhoneError::notConnected)
                                      ? QStringLiteral("Device disconnected")
                                      : setup_.words(failure.value_or(Error(PhoneError::nonsense)))),
-               QStringLiteral("Error"));
+               SyncStage::failed);
         break;
     }
     Q_EMIT runEnded(id);
@@ -310,7 +310,7 @@ void SyncManager::ended(const QUuid& id, SyncReport report) {
 }
 
 /// The end of a run in the pair list.
-void SyncManager::finish(const QUuid& id, const SyncStatus& status, const QString& stage) {
+void SyncManager::finish(const QUuid& id, const SyncStatus& status, SyncStage stage) {
     SyncPair* pair = find(id);
     if (pair == nullptr)
         return;
@@ -324,7 +324,7 @@ void SyncManager::finish(const QUuid& id, const SyncStatus& status, const QStrin
 void SyncManager::setStatus(const QUuid& id, const SyncStatus& status) {
     if (SyncPair* pair = find(id)) {
         pair->status = status;
-        pair->progress.stage = status.message;
+        pair->progress.stage = status.stage;
         Q_EMIT syncPairChanged(id);
     }
 }

@@ -134,7 +134,7 @@ private:
     void setStatus(const QUuid& id, const SyncStatus& status);
     void setProgress(const QUuid& id, const SyncProgress& progress);
     void ended(const QUuid& id, SyncReport report);
-    void finish(const QUuid& id, const SyncStatus& status, const QString& stage);
+    void finish(const QUuid& id, const SyncStatus& status, SyncStage stage);
     void loadLastReports();
 
     UserDefaults& defaults_;

@@ -15,11 +15,27 @@ using View = QLatin1StringView;
 using Location = DeletionCandidate::DeletionLocation;
 
 constexpr std::array modeNames{View("Bi-directional"), View("To iPhone"), View("To Mac")};
+constexpr std::array<QStringView, 15> stageNames{u"",
+                                                 u"Connecting to device…",
+                                                 u"Waiting for another sync…",
+                                                 u"Scanning folders…",
+                                                 u"Awaiting deletion confirmation…",
+                                                 u"Analyzing files…",
+                                                 u"Starting transfer…",
+                                                 u"Uploading",
+                                                 u"Downloading",
+                                                 u"Moving",
+                                                 u"Moving (already on destination)",
+                                                 u"Deleting",
+                                                 u"Up to date",
+                                                 u"Completed",
+                                                 u"Error"};
+static_assert(stageNames.size() == static_cast<std::size_t>(SyncStage::failed) + 1);
 constexpr std::array locationNames{View("Mac"), View("iPhone"), View("Android")};
 
-template <typename Enum, std::size_t count>
-std::optional<Enum> fromName(const std::array<View, count>& names, const QString& text) {
-    for (std::size_t n = 0; n < count; ++n)
+template <typename Enum, typename Names>
+std::optional<Enum> fromName(const Names& names, const QString& text) {
+    for (std::size_t n = 0; n < names.size(); ++n)
         if (text == names[n])
             return static_cast<Enum>(n);
     return std::nullopt;
@@ -33,6 +49,14 @@ QString rawValue(SyncMode mode) {
 
 std::optional<SyncMode> syncModeFromRawValue(const QString& text) {
     return fromName<SyncMode>(modeNames, text);
+}
+
+QString rawValue(SyncStage stage) {
+    return stageNames[static_cast<std::size_t>(stage)].toString();
+}
+
+SyncStage syncStageFromRawValue(const QString& text) {
+    return fromName<SyncStage>(stageNames, text).value_or(SyncStage::none);
 }
 
 QString rawValue(Location location) {

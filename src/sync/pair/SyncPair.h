@@ -22,21 +22,46 @@ inline constexpr std::array allSyncModes{SyncMode::biDirectional, SyncMode::toiP
 [[nodiscard]] QString rawValue(SyncMode mode);
 [[nodiscard]] std::optional<SyncMode> syncModeFromRawValue(const QString& text);
 
+/// What a run is at.
+enum class SyncStage {
+    none,
+    connecting,
+    waiting, ///< for another run
+    scanning,
+    confirming, ///< the user is asked about deletions
+    planning,
+    starting,
+    uploading,
+    downloading,
+    moving,
+    clearing, ///< what is moved is on the other side already
+    deleting,
+    upToDate,
+    completed,
+    failed,
+};
+
+/// The text of a stage in JSON; for people it is put into words where they are shown it.
+[[nodiscard]] QString rawValue(SyncStage stage);
+/// SyncStage::none for any other text.
+[[nodiscard]] SyncStage syncStageFromRawValue(const QString& text);
+
 /// The state of one pair. A value.
 struct SyncStatus {
     enum class Kind { idle, syncing, completed, error };
 
     Kind kind = Kind::idle;
-    QString message; ///< of `syncing` the current step, of `error` what went wrong; else empty
+    SyncStage stage = SyncStage::none; ///< of `syncing`
+    QString message;                   ///< of `error`: what went wrong; else empty
 
-    [[nodiscard]] static SyncStatus syncing(const QString& progressMessage) {
-        return {Kind::syncing, progressMessage};
+    [[nodiscard]] static SyncStatus syncing(SyncStage stage) {
+        return {Kind::syncing, stage, {}};
     }
     [[nodiscard]] static SyncStatus completed() {
-        return {Kind::completed, {}};
+        return {Kind::completed, SyncStage::none, {}};
     }
     [[nodiscard]] static SyncStatus error(const QString& message) {
-        return {Kind::error, message};
+        return {Kind::error, SyncStage::none, message};
     }
 
     bool operator==(const SyncStatus&) const = default;
@@ -50,7 +75,7 @@ struct SyncProgress {
     qint64 completedBytes = 0; ///< of finished transfers
     qint64 currentFileBytes = 0;
     QString currentFileName; ///< relative path
-    QString stage;
+    SyncStage stage = SyncStage::none;
 
     /// "2/3", the file under way included once it has moved; empty without files.
     [[nodiscard]] QString filesDescription() const;

@@ -68,7 +68,7 @@ std::optional<QJsonValue> optionalOf(const QJsonObject& object, View key, QJsonV
 QJsonObject statusJson(const SyncStatus& status) {
     QJsonObject payload;
     if (status.kind == Kind::syncing)
-        payload.insert(View("progressMessage"), status.message);
+        payload.insert(View("progressMessage"), rawValue(status.stage));
     if (status.kind == Kind::error)
         payload.insert(View("_0"), status.message);
     return {{statusNames[static_cast<std::size_t>(status.kind)], payload}};
@@ -83,17 +83,18 @@ SyncStatus statusOf(const QJsonObject& object) {
         const QJsonObject payload = object.begin().value().toObject();
         const auto kind = static_cast<Kind>(n);
         if (kind == Kind::syncing)
-            return {kind, requireText(payload, View("progressMessage"))};
+            return SyncStatus::syncing(
+                syncStageFromRawValue(requireText(payload, View("progressMessage"))));
         if (kind == Kind::error)
-            return {kind, requireText(payload, View("_0"))};
-        return {kind, {}};
+            return SyncStatus::error(requireText(payload, View("_0")));
+        return {kind, SyncStage::none, {}};
     }
     throw BadValue{};
 }
 
 QJsonObject progressJson(const SyncProgress& progress) {
     QJsonObject object{{View("currentFileName"), progress.currentFileName},
-                       {View("stage"), progress.stage}};
+                       {View("stage"), rawValue(progress.stage)}};
     for (const Counter& counter : counters)
         object.insert(counter.key, progress.*counter.member);
     return object;
@@ -108,7 +109,7 @@ SyncProgress progressOf(const QJsonObject& object) {
         progress.*counter.member = value.toInteger();
     }
     progress.currentFileName = requireText(object, View("currentFileName"));
-    progress.stage = requireText(object, View("stage"));
+    progress.stage = syncStageFromRawValue(requireText(object, View("stage")));
     return progress;
 }
 

@@ -68,9 +68,9 @@ SyncRun::SyncRun(SyncRunSetup setup, SyncRunEvents events, std::stop_token stop)
       transfer_(local_, device_, setup_.computer, call_),
       consent_(setup_.decisions) {}
 
-void SyncRun::tell(const QString& message) {
+void SyncRun::enter(SyncStage stage) {
     throwIfStopped(call_.stop);
-    progress_.tell(message);
+    progress_.enter(stage);
 }
 
 /// A folder that was synced before and is gone may be on a disk that is missing: only the user
@@ -98,7 +98,7 @@ void SyncRun::loadManifests() {
 }
 
 void SyncRun::scan(SyncSide::Leftovers leftovers) {
-    tell(QStringLiteral("Scanning folders…"));
+    enter(SyncStage::scanning);
     const SyncPatterns patterns(setup_.pair.patterns);
     const auto scanned = [&](SyncSide& side, NameRules& names) {
         if (!side.exists(call_))
@@ -131,7 +131,7 @@ SyncPlanner SyncRun::makePlanner() {
 
 SyncAnswer SyncRun::ask(const SyncQuestion& question) {
     if (question.kind != SyncQuestion::Kind::missingLocalFolder)
-        tell(QStringLiteral("Awaiting deletion confirmation…"));
+        enter(SyncStage::confirming);
     SyncAnswer answer = events_.ask ? events_.ask(question) : SyncAnswer::stop();
     throwIfStopped(call_.stop);
     return answer;
@@ -265,7 +265,7 @@ void SyncRun::recordBrokenOff(SyncWorker& worker, const SyncPlan& plan, std::siz
 
 void SyncRun::carryOut(const SyncPlan& plan) {
     progress_.setTotals(plan.totalFiles, plan.totalBytes);
-    tell(QStringLiteral("Starting transfer…"));
+    enter(SyncStage::starting);
     if (!record_ && plan.totalFiles > 0) {
         // Both sides hold a record from the beginning: should this run break off, the next one
         // knows what it has done.
@@ -287,7 +287,7 @@ void SyncRun::carryOut(const SyncPlan& plan) {
         throw;
     }
     if (plan.totalFiles == 0)
-        progress_.tell(QStringLiteral("Up to date"));
+        progress_.enter(SyncStage::upToDate);
     SyncFiles files = worker.takeFiles();
     if (plan.settlesDates || !isRecorded(files))
         writeManifests(std::move(files), true);
@@ -299,8 +299,7 @@ public:
     explicit Hold(SyncRun& run) {
         if (!run.setup_.lockFile.isEmpty())
             lock_.emplace(
-                run.setup_.lockFile,
-                [&run] { run.tell(QStringLiteral("Waiting for another sync…")); }, run.call_.stop);
+                run.setup_.lockFile, [&run] { run.enter(SyncStage::waiting); }, run.call_.stop);
         if (const auto queue = run.setup_.device.queue())
             job_.emplace(queue->beginJob());
     }
@@ -341,7 +340,7 @@ void SyncRun::runToEnd() {
         consent_.heed(*question, ask(*question));
         hold.emplace(*this);
     }
-    tell(QStringLiteral("Analyzing files…"));
+    enter(SyncStage::planning);
     carryOutRenames();
     SyncPlanner planner = makePlanner();
     const SyncComparisons comparisons = compare(planner.pathsToCompare(), true);

@@ -63,7 +63,7 @@ private:
     [[nodiscard]] bool isRecorded(const SyncFiles& files) const;
     bool writeManifests(SyncFiles files, bool onDevice);
     [[nodiscard]] bool forgetMoved(const QStringList& paths);
-    void tell(const QString& message);
+    void enter(SyncStage stage);
 
     SyncRunSetup setup_;
     SyncRunEvents events_;

@@ -10,7 +10,7 @@ namespace tessary {
 
 /// What a run tells while it works, on its thread.
 struct SyncRunEvents {
-    std::function<void(const QString& message)> status;
+    std::function<void(SyncStage)> stage;
     std::function<void(const SyncProgress&)> progress; ///< also for each piece of a file
     /// What was said beforehand of any such question; no value: the user is asked. May be empty.
     std::function<std::optional<SyncAnswer>(const SyncQuestion&)> answer;
@@ -23,21 +23,20 @@ class SyncRunProgress {
 public:
     explicit SyncRunProgress(const SyncRunEvents& events) : events_(events) {}
 
-    /// The current step, in a few words of English that are known to whoever shows them.
-    void tell(const QString& message) {
-        counters_.stage = message;
-        if (events_.status)
-            events_.status(message);
+    void enter(SyncStage stage) {
+        counters_.stage = stage;
+        if (events_.stage)
+            events_.stage(stage);
         show();
     }
     void setTotals(qint64 files, qint64 bytes) {
         counters_.totalFiles = files;
         counters_.totalBytes = bytes;
     }
-    void beginFile(const QString& stage, const QString& path) {
+    void beginFile(SyncStage stage, const QString& path) {
         counters_.currentFileName = path;
         counters_.currentFileBytes = 0;
-        tell(stage);
+        enter(stage);
     }
     void setBytes(qint64 done) {
         counters_.currentFileBytes = done;

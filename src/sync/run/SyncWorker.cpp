@@ -95,7 +95,7 @@ void SyncWorker::act(const Action& action) {
     case Kind::moveDeleteSourceOnly:
     case Kind::moveDeleteRemoteSourceOnly: {
         const bool toDevice = action.kind == Kind::moveDeleteSourceOnly;
-        progress_.beginFile(QStringLiteral("Moving (already on destination)"), path);
+        progress_.beginFile(SyncStage::clearing, path);
         removals_.add(
             {toDevice, path, toDevice ? *action.local : *action.device, action.record != nullptr});
         break;
@@ -124,9 +124,9 @@ FileItem SyncWorker::copy(const SyncTransfer::Copy& copy) {
 
 void SyncWorker::transfer(const Action& action, bool toDevice) {
     const QString& path = action.relativePath;
-    progress_.beginFile(action.deletesSource ? QStringLiteral("Moving")
-                        : toDevice           ? QStringLiteral("Uploading")
-                                             : QStringLiteral("Downloading"),
+    progress_.beginFile(action.deletesSource ? SyncStage::moving
+                        : toDevice           ? SyncStage::uploading
+                                             : SyncStage::downloading,
                         path);
     const SyncFile& source = toDevice ? *action.local : *action.device;
     const FileItem arrived =
@@ -191,7 +191,7 @@ void SyncWorker::carryOutTogether(std::span<const Action> actions) {
     const bool toDevice = actions.front().kind == Kind::upload;
     SyncSide& from = transfer_.side(!toDevice);
     SyncSide& to = transfer_.side(toDevice);
-    progress_.beginFile(toDevice ? QStringLiteral("Uploading") : QStringLiteral("Downloading"),
+    progress_.beginFile(toDevice ? SyncStage::uploading : SyncStage::downloading,
                         actions.front().relativePath);
     std::vector<bool> isMade(actions.size());
     const auto note = [&](std::size_t n, const FileItem& made) {
@@ -231,7 +231,7 @@ void SyncWorker::resolveConflict(const Action& action) {
     const QString& path = action.relativePath;
     const SyncedFile file{path, *action.local, path, *action.device};
     bool deviceWins = action.deviceWins;
-    progress_.beginFile(QStringLiteral("Downloading"), path);
+    progress_.beginFile(SyncStage::downloading, path);
     if (action.prefixLoses &&
         isOneBeginningOfOther(transfer_.side(false), transfer_.side(true), file, transfer_.call()))
         deviceWins = file.device.size > file.local.size;
@@ -245,8 +245,7 @@ void SyncWorker::resolveConflict(const Action& action) {
         if (transfer_.side(!deviceWins).files().capabilities(transfer_.call()).renames)
             last.replaced = nullptr; // it has got another name
     }
-    progress_.beginFile(deviceWins ? QStringLiteral("Downloading") : QStringLiteral("Uploading"),
-                        path);
+    progress_.beginFile(deviceWins ? SyncStage::downloading : SyncStage::uploading, path);
     const SyncFile there = syncFileOf(copy(last));
     addItem(SyncDeed::keepBoth, path, winner.size, action.conflictName);
     if (action.deletesSource)
@@ -264,7 +263,7 @@ void SyncWorker::keepLoserOnBoth(const Action& action, bool deviceWins) {
         here = syncFileOf(transfer_.copyBeside(false, path, *action.local, name, byteProgress()));
     else
         here = syncFileOf(copy({false, path, *action.device, name, nullptr}));
-    progress_.beginFile(QStringLiteral("Uploading"), name);
+    progress_.beginFile(SyncStage::uploading, name);
     const SyncFile there = syncFileOf(copy({true, name, here, name, nullptr}));
     enter(name, here, there, true);
 }
@@ -280,7 +279,7 @@ void SyncWorker::keepLoserAtTarget(const Action& action) {
 void SyncWorker::deleteConfirmed(const Action& action) {
     const QString& path = action.relativePath;
     const bool fromDevice = action.kind == Kind::deleteRemote;
-    progress_.beginFile(QStringLiteral("Deleting"), path);
+    progress_.beginFile(SyncStage::deleting, path);
     // It is to go because the other side had deleted it: it may be back by now.
     if (transfer_.side(!fromDevice).findFile(path, transfer_.call())) {
         keepRecord(action);

@@ -131,7 +131,7 @@ QString SyncPairRow::stateOf(const SyncPair& pair) const {
     if (isRunning && pair.status.kind != SyncStatus::Kind::syncing)
         return tr("Queued");
     if (isRunning) {
-        QString state = stageText(pair.status.message);
+        QString state = stageText(pair.status.stage);
         if (pair.progress.totalFiles > 0)
             state += QStringLiteral("  ") + pair.progress.filesDescription() +
                      QStringLiteral("  ·  ") + pair.progress.bytesDescription();

@@ -38,7 +38,9 @@ constexpr std::array looks{
 };
 static_assert(looks.size() == static_cast<std::size_t>(SyncDeed::renameHere) + 1);
 
+/// In the order of SyncStage.
 constexpr std::array stages{
+    "",
     QT_TRANSLATE_NOOP("SyncTexts", "Connecting to device…"),
     QT_TRANSLATE_NOOP("SyncTexts", "Waiting for another sync…"),
     QT_TRANSLATE_NOOP("SyncTexts", "Scanning folders…"),
@@ -52,6 +54,7 @@ constexpr std::array stages{
     QT_TRANSLATE_NOOP("SyncTexts", "Deleting"),
     QT_TRANSLATE_NOOP("SyncTexts", "Up to date"),
 };
+static_assert(stages.size() == static_cast<std::size_t>(SyncStage::upToDate) + 1);
 
 const DeedLook& lookOf(SyncDeed deed) {
     return looks[static_cast<std::size_t>(deed)];
@@ -83,11 +86,10 @@ QString sentenceOf(const SyncPair& pair) {
                            "deleted.");
 }
 
-QString stageText(const QString& stage) {
-    for (const char* known : stages)
-        if (stage == QString::fromUtf8(known))
-            return Texts::tr(known);
-    return stage;
+QString stageText(SyncStage stage) {
+    const auto index = static_cast<std::size_t>(stage);
+    return stage == SyncStage::none || index >= stages.size() ? QString()
+                                                              : Texts::tr(stages[index]);
 }
 
 QString deedText(SyncDeed deed) {

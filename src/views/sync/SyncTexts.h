@@ -10,8 +10,8 @@ namespace tessary {
 
 /// What a run of a pair does, in one plain sentence.
 [[nodiscard]] QString sentenceOf(const SyncPair& pair);
-/// A step of a run as SyncStatus names it: "Scanning folders…".
-[[nodiscard]] QString stageText(const QString& stage);
+/// What a run is at: "Scanning folders…". Empty where there is nothing to tell.
+[[nodiscard]] QString stageText(SyncStage stage);
 /// "Copy to the phone"
 [[nodiscard]] QString deedText(SyncDeed deed);
 /// The icon of a deed.

@@ -122,6 +122,7 @@ void Tabs::showTitle(const PhoneTab& tab) {
 void Tabs::handleDrag(QEvent& event) {
     if (event.type() == QEvent::DragLeave) {
         rest_.stop();
+        rested_ = -1;
         return;
     }
     auto& drag = static_cast<QDropEvent&>(event);
@@ -133,8 +134,10 @@ void Tabs::handleDrag(QEvent& event) {
     if (std::exchange(rested_, index) != index)
         rest_.start(bar_->style()->styleHint(QStyle::SH_TabBar_ChangeCurrentDelay));
     PhoneTab* tab = index < 0 ? nullptr : tabs_[static_cast<std::size_t>(index)];
-    if (event.type() == QEvent::Drop)
+    if (event.type() == QEvent::Drop) {
         rest_.stop();
+        rested_ = -1;
+    }
     if (tab == nullptr || !tab->showsFolder()) {
         drag.ignore();
         return;

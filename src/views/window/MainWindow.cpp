@@ -255,25 +255,19 @@ void MainWindow::showTexts() {
 void MainWindow::showSettings() {
     if (settings_ == nullptr)
         settings_ = new SettingsWindow(app_, common_.sync, *stateStore_, this);
-    settings_->show();
-    settings_->raise();
-    settings_->activateWindow();
+    bringToFront(*settings_);
 }
 
 void MainWindow::showWireless() {
     if (wireless_ == nullptr)
         wireless_ = new WirelessDialog(app_.network(), app_.services().adbWays(), this);
-    wireless_->show();
-    wireless_->raise();
-    wireless_->activateWindow();
+    bringToFront(*wireless_);
 }
 
 void MainWindow::showCopyHistory() {
     if (history_ == nullptr)
         history_ = new CopyHistoryDialog(app_.rememberedCopies(), app_.setup().showInFolder, this);
-    history_->show();
-    history_->raise();
-    history_->activateWindow();
+    bringToFront(*history_);
 }
 
 Sidebar::Callbacks MainWindow::sidebarCallbacks() {
