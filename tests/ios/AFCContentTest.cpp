@@ -5,6 +5,7 @@
 #include "support/IPhoneFiles.h"
 #include "support/ManyBytes.h"
 #include "support/QtPrinters.h"
+#include "support/Soon.h"
 
 #include <QFile>
 #include <QTimeZone>
@@ -279,7 +280,7 @@ TEST_F(AFCContentTest, othersUseThePhoneWhileALargeFileCrosses) {
         }
 }
 
-TEST_F(AFCContentTest, onASlowLinkACancelIsHeardWithinASecondAndNoPartStays) {
+TEST_F(AFCContentTest, onASlowLinkACancelIsHeardAndNoPartStays) {
     iphone_.faults([](VirtualIPhoneFaults& faults) { faults.megabytesPerSecond = 0.5; });
     std::stop_source stop;
     std::chrono::steady_clock::time_point asked;
@@ -291,7 +292,7 @@ TEST_F(AFCContentTest, onASlowLinkACancelIsHeardWithinASecondAndNoPartStays) {
     EXPECT_THROW(iphone_.put({u"/"_s, u"up"_s, 16 * mebibyte, {}}, manyBytes(16 * mebibyte),
                              stop.get_token()),
                  CancellationError);
-    EXPECT_LT(std::chrono::steady_clock::now() - asked, 1200ms);
+    EXPECT_LT(std::chrono::steady_clock::now() - asked, soon);
     EXPECT_EQ(iphone_.names(u"/"_s), QStringList());
 }
 

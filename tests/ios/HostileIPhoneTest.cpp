@@ -107,7 +107,7 @@ TEST_F(HostileIPhoneTest, whateverItSendsIsOneErrorOfItsOwn) {
             EXPECT_TRUE(testing::Value(error, isRefused) ||
                         (mayBeNone && error == "nothing was thrown"))
                 << error;
-            EXPECT_LT(std::chrono::steady_clock::now() - begin, 12s);
+            EXPECT_LT(std::chrono::steady_clock::now() - begin, 2 * soon);
         }
     }
     hostile_.faults([](VirtualIPhoneFaults& faults) { faults.rawAnswers.clear(); });
@@ -123,7 +123,7 @@ TEST_F(HostileIPhoneTest, itsFilesAreOneErrorToo) {
                                 {.afterStop = 100ms, .ofSilence = 5s});
             const auto begin = std::chrono::steady_clock::now();
             EXPECT_NE(errorOf([&] { (void)listAll(files, u"/"_s, {}); }), "nothing was thrown");
-            EXPECT_LT(std::chrono::steady_clock::now() - begin, 12s);
+            EXPECT_LT(std::chrono::steady_clock::now() - begin, 2 * soon);
         }
     }
     hostile_.faults([](VirtualIPhoneFaults& faults) { faults.rawAnswers.clear(); });
@@ -152,7 +152,7 @@ TEST_F(HostileIPhoneTest, aSilentOneIsLeftAtOnceByWhoStops) {
         });
         EXPECT_THROW((void)askIPhoneApps(hostile_.udid(), stop.get_token()), CancellationError);
         stopper.join();
-        EXPECT_LT(std::chrono::steady_clock::now() - asked, 1s);
+        EXPECT_LT(std::chrono::steady_clock::now() - asked, soon);
     }
 }
 
@@ -177,7 +177,7 @@ TEST(IPhoneHelper, thatCannotBeUsedIsAnError) {
                         (void)helper.ask(HelperOperation::facts);
                     }),
                     StartsWith(row.error));
-        EXPECT_LT(std::chrono::steady_clock::now() - begin, 5s);
+        EXPECT_LT(std::chrono::steady_clock::now() - begin, soon);
     }
 }
 

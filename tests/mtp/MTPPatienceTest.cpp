@@ -1,4 +1,5 @@
 #include "mtp/MTPFilesFixture.h"
+#include "support/Soon.h"
 
 namespace tessary {
 namespace {
@@ -71,7 +72,7 @@ protected:
     }
 };
 
-TEST_P(MTPPatienceTest, aStopIsHeardWithinASecondAndTheNextCallWorks) {
+TEST_P(MTPPatienceTest, aStopIsHeardAndTheNextCallWorks) {
     keepWaiting(60s);
     std::stop_source stop;
     std::jthread hand([&] {
@@ -82,7 +83,7 @@ TEST_P(MTPPatienceTest, aStopIsHeardWithinASecondAndTheNextCallWorks) {
     });
     const auto start = Clock::now();
     EXPECT_EQ(codeOf([&] { GetParam().run(files_, stop.get_token()); }), "cancelled");
-    EXPECT_LT(Clock::now() - start, 1500ms);
+    EXPECT_LT(Clock::now() - start, soon);
     hand.join();
     keepWaiting(0ms);
     QFile::remove(phone().disk.path(u"0/D/new"_s)); // all of it had arrived
@@ -114,7 +115,7 @@ TEST_F(MTPSilenceTest, phoneThatDoesNotAnswerIsGivenUpAndFoundAgain) {
     });
     const auto start = Clock::now();
     EXPECT_EQ(codeOf([&] { (void)listAll(files, u"/D"_s, {}); }), "noAnswer");
-    EXPECT_LT(Clock::now() - start, 3s);
+    EXPECT_LT(Clock::now() - start, soon);
     phone().fault([](VirtualFaults& faults) { faults.hang.clear(); });
     EXPECT_EQ(listAll(files, u"/D"_s, {}).items.size(), 1U);
 }

@@ -2,6 +2,7 @@
 
 #include "base/threads/CancellationError.h"
 #include "phone/PhoneFileSystem.h"
+#include "support/Soon.h"
 
 #include <gtest/gtest.h>
 
@@ -74,7 +75,6 @@ inline void expectBounded(PhoneFileSystem& files, const PhoneUse& use) {
     using Clock = std::chrono::steady_clock;
     using namespace std::chrono_literals;
     constexpr auto patience = 300ms;
-    constexpr auto toHearIt = 1500ms;
     // One answer may have 64 MiB, and the phone that sends it is in this process, too.
     constexpr std::size_t mostMemory = 160 << 20;
 
@@ -100,7 +100,7 @@ inline void expectBounded(PhoneFileSystem& files, const PhoneUse& use) {
     const auto end = Clock::now();
     hasEnded = true;
     impatient.join();
-    EXPECT_LT(end - std::min(stopped, end), toHearIt);
+    EXPECT_LT(end - std::min(stopped, end), soon);
     EXPECT_LT(peak, before + mostMemory);
 }
 
