@@ -127,6 +127,12 @@ void MTPResponder::join() {
         thread_.join();
 }
 
+std::size_t MTPResponder::unreadEvents() const {
+    const std::lock_guard lock(threadMutex_);
+    const auto port = port_.lock();
+    return port ? port->events().unread() : 0;
+}
+
 void MTPResponder::sendEvent(std::uint16_t code, std::uint32_t parameter) {
     MTPContainerHeader header;
     header.length = MTPContainerHeader::size + sizeof parameter;

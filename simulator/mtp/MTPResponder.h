@@ -42,6 +42,7 @@ public:
     }
     /// Tells the host of something. Without an attachment nobody hears it.
     void sendEvent(std::uint16_t code, std::uint32_t parameter);
+    [[nodiscard]] std::size_t unreadEvents() const;
     void setBattery(int percent) {
         state_.battery = percent;
     }
@@ -79,7 +80,7 @@ private:
     MTPResponderContents contents_{state_};
     MTPResponderEdits edits_{state_};
 
-    std::mutex threadMutex_; ///< guards both
+    mutable std::mutex threadMutex_; ///< guards both
     std::weak_ptr<VirtualUSBPort> port_;
     std::jthread thread_;
 };

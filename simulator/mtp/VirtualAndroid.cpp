@@ -47,6 +47,10 @@ void VirtualAndroid::sendEvent(MTPEventCode code, std::uint32_t parameter) {
     responder_->sendEvent(static_cast<std::uint16_t>(code), parameter);
 }
 
+std::size_t VirtualAndroid::unreadEvents() const {
+    return responder_->unreadEvents();
+}
+
 void VirtualAndroid::setLocked(bool locked) {
     responder_->store().setLocked(locked);
 }

@@ -55,6 +55,8 @@ public:
 
     /// Tells the host of something, with a handle or a storage.
     void sendEvent(MTPEventCode code, std::uint32_t parameter);
+    /// How many of those the host has not read.
+    [[nodiscard]] std::size_t unreadEvents() const;
 
     void setLocked(bool locked);
     void setBattery(int percent);

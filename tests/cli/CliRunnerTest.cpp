@@ -257,7 +257,6 @@ TEST_F(CliRunnerTest, aPhoneIsMountedUntilItGoes) {
             if (file.open(QIODevice::ReadOnly))
                 content = file.readAll();
         }
-        std::this_thread::sleep_for(500ms); // the phone was listed
         phone_.android.unplug();
     });
     const Result result = run(request);

@@ -16,7 +16,12 @@ protected:
     /// Tells of something, and waits until it was read.
     void tell(MTPEventCode code, std::uint32_t parameter) {
         phone().android.sendEvent(code, parameter);
-        std::this_thread::sleep_for(50ms);
+        waitUntilTold();
+    }
+    void waitUntilTold() {
+        for (int n = 0; n < 2000 && phone().android.unreadEvents() > 0; ++n)
+            std::this_thread::sleep_for(5ms);
+        std::this_thread::sleep_for(50ms); // the reader has them, and notes them
     }
 };
 
@@ -64,7 +69,7 @@ TEST_F(MTPEventsTest, foldersThatOthersRemoveMayBeKnown) {
             phone().android.sendEvent(MTPEventCode::objectRemoved, *row.handle);
         for (const FileItem& row : rows)
             ASSERT_TRUE(QDir().rmdir(phone().disk.path(u"0"_s + row.path)));
-        std::this_thread::sleep_for(20ms);
+        waitUntilTold();
         EXPECT_EQ(files_.find(rows[0].path, {}), std::nullopt);
     }
 }

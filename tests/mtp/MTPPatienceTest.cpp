@@ -94,7 +94,7 @@ TEST_P(MTPPatienceTest, aStopIsHeardAndTheNextCallWorks) {
 }
 
 TEST_P(MTPPatienceTest, aPauseOfThePhoneIsWaitedFor) {
-    constexpr MTPPatience patience{500ms, 700ms};
+    constexpr MTPPatience patience{5s, 5s};
     MTPFileSystem files(bus_, identityOf(phone().info), std::make_shared<PhoneQueue>(), patience);
     keepWaiting(400ms);
     EXPECT_NO_THROW(GetParam().run(files, {}));

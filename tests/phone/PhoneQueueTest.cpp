@@ -90,7 +90,7 @@ TEST_F(PhoneQueueTest, figuresAreNotAskedForWhileAnybodyUsesThePhoneOrAJobRuns) 
 TEST_F(PhoneQueueTest, connectionIsClosedOnceThePhoneIsIdleAndAgainAfterEachUse) {
     std::atomic<int> closed = 0;
     const auto closedTimes = [&](int times) {
-        for (int n = 0; n < 400 && closed < times; ++n)
+        for (int n = 0; n < 4000 && closed < times; ++n)
             std::this_thread::sleep_for(5ms);
         return closed.load();
     };

@@ -69,6 +69,7 @@ void mountFiles(CliSession& session) {
     }
     DeviceFollower devices(DeviceFollower::Mode::listening, session.sources(), session.services(),
                            session.request().alsoAccept);
+    const bool isOnUSB = !session.device().usbLocation.isEmpty();
     bool wasThere = false;
     while (isMounted(folder)) {
         const auto now = devices.next(session.stop(), lookInterval);
@@ -80,7 +81,8 @@ void mountFiles(CliSession& session) {
             std::any_of(now->devices.begin(), now->devices.end(), [&](const DeviceInfo& device) {
                 return device.udid == session.device().udid;
             });
-        if (wasThere && !isThere)
+        // It may be gone before the first look at the bus.
+        if (!isThere && (wasThere || (isOnUSB && now->isSettled)))
             throw CliFailure(
                 QStringLiteral("The phone was unplugged: %1 is unmounted.").arg(folder));
         wasThere = isThere;
