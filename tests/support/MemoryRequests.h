@@ -39,8 +39,9 @@ public:
         qint64 bytes = 0;  ///< that went across, for read and write
         ByteRange range{}; ///< of a read
 
+        /// `at` is any path when it is empty.
         [[nodiscard]] bool is(Operation wanted, const QString& at) const {
-            return operation == wanted && path == at;
+            return operation == wanted && (at.isEmpty() || path == at);
         }
     };
 
@@ -57,12 +58,19 @@ public:
         faults_.push_back(
             {.operation = operation, .path = path, .error = error, .timesLeft = times});
     }
-    /// The next read or write of a path fails when this many bytes are across.
-    void failAfterBytes(Operation operation, const QString& path, qint64 bytes,
-                        const Error& error) {
+    /// The next reads or writes of a path, this many, fail when so many bytes are across.
+    void failAfterBytes(Operation operation, const QString& path, qint64 bytes, const Error& error,
+                        int times = 1) {
         const std::scoped_lock lock(mutex_);
-        faults_.push_back(
-            {.operation = operation, .path = path, .error = error, .timesLeft = 1, .bytes = bytes});
+        faults_.push_back({.operation = operation,
+                           .path = path,
+                           .error = error,
+                           .timesLeft = times,
+                           .bytes = bytes});
+    }
+    void forgetFaults() {
+        const std::scoped_lock lock(mutex_);
+        faults_.clear();
     }
     /// Listings of a folder break off after this many rows.
     void cutListing(const QString& folder, int rows) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/threads/CancellationError.h"
+#include "support/ManyBytes.h"
 #include "support/QtPrinters.h"
 #include "transfer/CopySides.h"
 #include "transfer/copy/FileCopy.h"
@@ -53,6 +54,11 @@ TEST_P(TreeCopyOverWays, rows) {
     Contents merged = old;
     merged[s("a (2).txt")] = "new";
     merged[s("dir/b (2).txt")] = "newer";
+    const Contents changed{{s("a.txt"), "same"}, {s("b.txt"), "new"}, {s("c.txt"), "longer"}};
+    const Contents partly{{s("a.txt"), "same"}, {s("c.txt"), "short"}};
+    Contents pieces;
+    for (const int size : {1, 65'535, 65'536, 65'537, 131'071, 131'072, 131'073})
+        pieces[QString::number(size)] = manyBytes(size);
     const std::vector<Row> rows{
         {.name = "a tree", .source = tree, .target = {}, .expected = tree, .copied = 4},
         {.name = "both are kept", .source = coming, .target = old, .expected = both, .copied = 2},
@@ -89,8 +95,8 @@ TEST_P(TreeCopyOverWays, rows) {
          .expected = old,
          .stayed = 2},
         {.name = "only what is new",
-         .source = {{s("a.txt"), "same"}, {s("b.txt"), "new"}, {s("c.txt"), "longer"}},
-         .target = {{s("a.txt"), "same"}, {s("c.txt"), "short"}},
+         .source = changed,
+         .target = partly,
          .skipsSame = true,
          .expected = {{s("a.txt"), "same"},
                       {s("b.txt"), "new"},
@@ -98,6 +104,35 @@ TEST_P(TreeCopyOverWays, rows) {
                       {s("c (2).txt"), "longer"}},
          .copied = 2,
          .stayed = 1},
+        {.name = "only what is new, and what differs stays",
+         .source = changed,
+         .target = partly,
+         .answer = ClashAnswer::skip,
+         .skipsSame = true,
+         .expected = {{s("a.txt"), "same"}, {s("b.txt"), "new"}, {s("c.txt"), "short"}},
+         .copied = 1,
+         .stayed = 2},
+        {.name = "only what is new, and what differs is replaced",
+         .source = changed,
+         .target = partly,
+         .answer = ClashAnswer::replace,
+         .skipsSame = true,
+         .expected = changed,
+         .copied = 2,
+         .stayed = 1},
+        {.name = "only what is new, and what is older is replaced",
+         .source = changed,
+         .target = partly,
+         .answer = ClashAnswer::replaceOlder,
+         .skipsSame = true,
+         .targetIsNewerBy = -60,
+         .expected = changed,
+         .copied = 3},
+        {.name = "sizes around a piece",
+         .source = pieces,
+         .target = {},
+         .expected = pieces,
+         .copied = pieces.size()},
         {.name = "what was numbered before is not new",
          .source = {{s("c.txt"), "longer"}},
          .target = {{s("c.txt"), "short"}, {s("c (2).txt"), "longer"}},
@@ -184,6 +219,27 @@ TEST_P(TreeCopyOverWays, aLargeFileGoesOnInItsMiddle) {
     if (can.appends && can.appendsFrom <= large.size()) {
         EXPECT_GT(first, 4'000'000);
     }
+}
+
+TEST_P(TreeCopyOverWays, whatWasLeftOutIsTriedAgainAlone) {
+    const auto source = GetParam().source();
+    const auto target = GetParam().target();
+    const Contents coming{{s("a"), "a"}, {s("b"), "b"}, {s("d/"), {}}, {s("d/c"), "c"}};
+    source->fill(coming, noon);
+    target->fill({{s("b/"), {}}, {s("d/"), {}}, {s("d/c/"), {}}}, noon);
+    TreeCopyRequest request = requestFor(*source, *target, ClashAnswer::replace);
+    const CopyOutcome first = run(request);
+    EXPECT_EQ(first.files, 1);
+    EXPECT_EQ(namesLeftOut(first), (QStringList{s("b: folderInTheWay"), s("c: folderInTheWay")}));
+    for (const char* path : {"b", "d/c"})
+        target->files()->removeTree(require(*target->files(), target->at(s(path)), {}), {});
+    request.items.clear();
+    for (const LeftOut& one : first.leftOut)
+        request.items.push_back(one.item);
+    const CopyOutcome rest = run(request);
+    EXPECT_EQ(rest.end(), CopyOutcome::End::done);
+    EXPECT_EQ(rest.files, 2);
+    EXPECT_EQ(target->contents(), coming);
 }
 
 TEST_P(TreeCopyOverWays, totalsAreKnownBeforeTheFirstByteAndReachedAtTheEnd) {

@@ -5,6 +5,8 @@
 #include "transfer/copy/TreeCopy.h"
 #include "transfer/local/LocalFileSystem.h"
 
+#include <gtest/gtest.h>
+
 #include <QDirIterator>
 #include <QMap>
 
@@ -25,6 +27,8 @@ public:
     [[nodiscard]] virtual QString root() const = 0;
     virtual void put(const QString& path, const QByteArray& content, const QDateTime& date) = 0;
     virtual void putFolder(const QString& path) = 0;
+    /// Changes the first byte of a file and nothing else.
+    virtual void damage(const QString& path) = 0;
     [[nodiscard]] virtual Contents contents() const = 0;
 
     void fill(const Contents& contents, const QDateTime& date) {
@@ -44,7 +48,18 @@ public:
     }
 };
 
-class MemorySide final : public CopyEnd {
+/// A phone, whose cable can come out.
+class PhoneEnd : public virtual CopyEnd {
+public:
+    virtual void unplug() = 0;
+    virtual void plugIn() = 0;
+    /// No file becomes longer than that.
+    virtual void fillUpAt(qint64 bytes) = 0;
+    virtual void becomeReadOnly() = 0;
+    virtual void becomeSound() = 0;
+};
+
+class MemorySide : public virtual CopyEnd {
 public:
     explicit MemorySide(MemoryFileSystem::Options options = {})
         : memory(std::make_shared<MemoryFileSystem>(std::move(options))) {
@@ -71,11 +86,41 @@ public:
         return found;
     }
 
+    void damage(const QString& path) override {
+        QByteArray content = memory->content(at(path));
+        content[0] = static_cast<char>(~content[0]);
+        memory->addFile(at(path), content, memory->item(at(path)).modifiedDate);
+    }
+
     const std::shared_ptr<MemoryFileSystem> memory;
 };
 
+class MemoryPhone final : public MemorySide, public PhoneEnd {
+public:
+    using MemorySide::MemorySide;
+
+    void unplug() override {
+        memory->loseLink(0);
+    }
+    void plugIn() override {
+        memory->restoreLink();
+    }
+    void fillUpAt(qint64 bytes) override {
+        memory->failAfterBytes(Operation::write, {}, bytes, {PhoneError::full}, 1000);
+    }
+    void becomeReadOnly() override {
+        memory->fail(Operation::write, {}, {PhoneError::writeProtected});
+    }
+    void becomeSound() override {
+        memory->forgetFaults();
+    }
+
+private:
+    using Operation = MemoryFileSystem::Operation;
+};
+
 /// A side whose files lie in a folder of this computer: the disk itself, or a virtual phone.
-class FolderSide : public CopyEnd {
+class FolderSide : public virtual CopyEnd {
 public:
     void put(const QString& path, const QByteArray& content, const QDateTime& date) override {
         disk_.write(inFolder(path), content);
@@ -85,6 +130,12 @@ public:
     }
     void putFolder(const QString& path) override {
         disk_.makeFolder(inFolder(path));
+    }
+    void damage(const QString& path) override {
+        QFile file(disk_.path(inFolder(path)));
+        char first = 0;
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.getChar(&first) && file.seek(0) &&
+                    file.putChar(static_cast<char>(~first)));
     }
     /// A file of zeros that takes no room, below a side of a phone or of the disk.
     void putSparse(const QString& path, qint64 size) {

@@ -162,19 +162,6 @@ TEST(Leftovers, ofTheCallersOwnGoAtOnceAndWhatIsTheUsersIsNeverRemoved) {
                                            {s("dcim/1.jpg"), "one"}}));
 }
 
-TEST(LargeFiles, beginAnewWhenTheSourceChanged) {
-    MemorySide source({.pieceSize = 100'000, .queue = std::make_shared<PhoneQueue>()});
-    DiskSide target;
-    source.put(s("film"), QByteArray(6'000'000, 'a'), noon);
-    source.memory->failAfterBytes(Operation::read, s("/side/film"), 5'500'000,
-                                  {PhoneError::unplugged});
-    EXPECT_EQ(run(requestFor(source, target, ClashAnswer::skip)).end(), CopyOutcome::End::failed);
-    const QByteArray other(6'000'000, 'b');
-    source.put(s("film"), other, noon.addSecs(1));
-    EXPECT_EQ(run(requestFor(source, target, ClashAnswer::skip)).end(), CopyOutcome::End::done);
-    EXPECT_EQ(target.contents().value(s("film")), other);
-}
-
 /// However old the file is: its part is not.
 TEST(LargeFiles, areNotFetchedAgainWhenTheirComparisonWasCancelled) {
     MemorySide source({.pieceSize = 100'000, .queue = std::make_shared<PhoneQueue>()});

@@ -12,17 +12,13 @@
 
 namespace tessary {
 
-/// A virtual phone, whose cable can come out.
-class PhoneSide : public FolderSide {
+/// A virtual phone.
+class PhoneSide : public FolderSide, public PhoneEnd {
 public:
     using FolderSide::FolderSide;
 
-    virtual void unplug() = 0;
-    virtual void plugIn() = 0;
-    /// No file becomes longer than that.
-    virtual void fillUpAt(std::uint64_t bytes) = 0;
-    virtual void becomeReadOnly() = 0;
-    virtual void becomeSound() = 0;
+    /// Of 10^6 bytes a second, for contents of files.
+    virtual void slowDownTo(double megabytesPerSecond) = 0;
 };
 
 /// A virtual phone over MTP.
@@ -43,14 +39,20 @@ public:
     void plugIn() override {
         ASSERT_NE(phone_->plugged.android.plugInto(phone_->bus), 0U);
     }
-    void fillUpAt(std::uint64_t bytes) override {
-        phone_->plugged.fault([&](VirtualFaults& faults) { faults.storeFullAfter = bytes; });
+    void fillUpAt(qint64 bytes) override {
+        phone_->plugged.fault([&](VirtualFaults& faults) {
+            faults.storeFullAfter = static_cast<std::uint64_t>(bytes);
+        });
     }
     void becomeReadOnly() override {
         phone_->plugged.refuse(MTPOperationCode::sendObjectInfo, MTPResponseCode::storeReadOnly);
     }
     void becomeSound() override {
         phone_->plugged.fault([](VirtualFaults& faults) { faults = {}; });
+    }
+    void slowDownTo(double megabytesPerSecond) override {
+        phone_->plugged.fault(
+            [&](VirtualFaults& faults) { faults.megabytesPerSecond = megabytesPerSecond; });
     }
 
 private:
@@ -85,7 +87,8 @@ inline QString nextFolder() {
 /// A virtual phone by the real adb server.
 class ADBSide final : public PhoneSide {
 public:
-    ADBSide() : ADBSide(nextFolder()) {}
+    explicit ADBSide(bool isOnAnother = false)
+        : ADBSide(nextFolder(), isOnAnother ? another() : phone()) {}
 
     [[nodiscard]] std::shared_ptr<PhoneFileSystem> files() override {
         return files_;
@@ -94,19 +97,23 @@ public:
         return QStringLiteral("/sdcard/") + folder_;
     }
     void unplug() override {
-        phone().cut();
+        phone_.cut();
     }
     void plugIn() override {
-        phone().comeBack();
+        phone_.comeBack();
     }
-    void fillUpAt(std::uint64_t bytes) override {
-        phone().fault([&](ADBDFaults& faults) { faults.storeFullAfter = bytes; });
+    void fillUpAt(qint64 bytes) override {
+        phone_.fault(
+            [&](ADBDFaults& faults) { faults.storeFullAfter = static_cast<std::uint64_t>(bytes); });
     }
     void becomeReadOnly() override {
-        phone().fault([](ADBDFaults& faults) { faults.readOnly = true; });
+        phone_.fault([](ADBDFaults& faults) { faults.readOnly = true; });
     }
     void becomeSound() override {
-        phone().fault([](ADBDFaults& faults) { faults = {}; });
+        phone_.fault([](ADBDFaults& faults) { faults = {}; });
+    }
+    void slowDownTo(double megabytesPerSecond) override {
+        phone_.fault([&](ADBDFaults& faults) { faults.megabytesPerSecond = megabytesPerSecond; });
     }
 
 private:
@@ -138,18 +145,30 @@ private:
         static Phone phone;
         return phone;
     }
+    static Phone& another() {
+        static Phone phone;
+        return phone;
+    }
 
-    explicit ADBSide(const QString& folder)
-        : PhoneSide(phone().disk_, QStringLiteral("phone/") + folder), folder_(folder) {}
+    ADBSide(const QString& folder, Phone& phone)
+        : PhoneSide(phone.disk_, QStringLiteral("phone/") + folder),
+          phone_(phone),
+          folder_(folder) {}
 
+    Phone& phone_;
     const QString folder_;
-    const std::shared_ptr<ADBFileSystem> files_ = phone().files;
+    const std::shared_ptr<ADBFileSystem> files_ = phone_.files;
 };
 
 /// A virtual iPhone's app by the real library.
 class AFCSide final : public PhoneSide {
 public:
     AFCSide() : AFCSide(nextFolder()) {}
+
+    /// Where another one can be plugged in.
+    [[nodiscard]] static IPhoneFiles& plugged() {
+        return phone().plugged;
+    }
 
     [[nodiscard]] std::shared_ptr<PhoneFileSystem> files() override {
         return files_;
@@ -158,22 +177,28 @@ public:
         return QLatin1Char('/') + folder_;
     }
     void unplug() override {
-        phone().plugged.phone.unplug();
+        plugged().phone.unplug();
     }
     void plugIn() override {
-        phone().plugged.phone.plugInto(phone().plugged.mux);
+        plugged().phone.plugInto(plugged().mux);
     }
-    void fillUpAt(std::uint64_t bytes) override {
-        phone().plugged.faults([&](VirtualIPhoneFaults& faults) { faults.storeFullAfter = bytes; });
+    void fillUpAt(qint64 bytes) override {
+        plugged().faults([&](VirtualIPhoneFaults& faults) {
+            faults.storeFullAfter = static_cast<std::uint64_t>(bytes);
+        });
     }
     void becomeReadOnly() override {
         constexpr std::uint64_t permissionDenied = 10;
-        phone().plugged.faults([](VirtualIPhoneFaults& faults) {
+        plugged().faults([](VirtualIPhoneFaults& faults) {
             faults.statuses[QStringLiteral("afc.fileOpen")] = {permissionDenied, true};
         });
     }
     void becomeSound() override {
-        phone().plugged.faults([](VirtualIPhoneFaults& faults) { faults = {}; });
+        plugged().faults([](VirtualIPhoneFaults& faults) { faults = {}; });
+    }
+    void slowDownTo(double megabytesPerSecond) override {
+        plugged().faults(
+            [&](VirtualIPhoneFaults& faults) { faults.megabytesPerSecond = megabytesPerSecond; });
     }
 
 private:
@@ -183,13 +208,14 @@ private:
         std::shared_ptr<AFCFileSystem> files = std::make_shared<AFCFileSystem>(
             plugged.identity(), IPhoneFiles::notes(), std::make_shared<PhoneQueue>());
     };
+
     static Phone& phone() {
         static Phone phone;
         return phone;
     }
 
     explicit AFCSide(const QString& folder)
-        : PhoneSide(phone().plugged.disk, phone().plugged.inDocuments(folder)), folder_(folder) {}
+        : PhoneSide(plugged().disk, plugged().inDocuments(folder)), folder_(folder) {}
 
     const QString folder_;
     const std::shared_ptr<AFCFileSystem> files_ = phone().files;

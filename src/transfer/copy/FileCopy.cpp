@@ -262,22 +262,24 @@ FileItem copyFile(const FileCopy& copy, const ByteProgress& progress, const Call
     const bool areBothPhones = copy.from.queue() && copy.to.queue();
     // Only a disk here takes more bytes than it was told of.
     const qint64 mayGrowBy = copy.to.queue() ? 0 : FileStream::slack;
-    FileStream stream(copy.from, copy.file,
-                      areBothPhones ? FileStream::Way::readFirst : FileStream::Way::ahead,
-                      mayGrowBy, call, put.keptBytes);
     // What a phone keeps of an earlier try is compared where that costs neither side a transfer.
     const bool verifies =
         copy.verifies || (put.keptBytes > 0 && can.hasHashes && !copy.from.queue());
-    if (verifies)
-        stream.beginHash([&](const ByteSink& sink) {
-            if (put.keptBytes == 0)
-                return;
-            // What this computer's disk keeps is not fetched again from a phone.
-            if (copy.to.queue())
-                copy.from.read(copy.file, {0, put.keptBytes}, sink, call);
-            else
-                copy.to.read(*put.begun, {0, put.keptBytes}, sink, call);
-        });
+    // What was kept is compared, too, with what it comes from: whoever removes the source
+    // afterwards has nothing else. A phone that works hashes out need not send it again for that.
+    const bool sourceHashes =
+        put.keptBytes > 0 && copy.from.queue() && copy.from.capabilities(call).hasHashes;
+    std::optional<ContentHash> hash;
+    if (verifies && !sourceHashes)
+        hash.emplace();
+    if (hash && put.keptBytes > 0) // before the stream begins to ask the phone for the rest
+        copy.from.read(
+            copy.file, {0, put.keptBytes}, [&hash](ByteView bytes) { hash->add(bytes); }, call);
+    FileStream stream(copy.from, copy.file,
+                      areBothPhones ? FileStream::Way::readFirst : FileStream::Way::ahead,
+                      mayGrowBy, call, put.keptBytes);
+    if (hash)
+        stream.beginHash(*std::move(hash));
     const auto check = [&](const FileItem& part) {
         if (copy.checksSource) {
             const auto now = copy.from.find(copy.file.path, call);
@@ -286,11 +288,11 @@ FileItem copyFile(const FileCopy& copy, const ByteProgress& progress, const Call
         }
         if (!verifies)
             return;
-        const QByteArray hash = stream.hash();
-        if (hashOf(copy.to, part, call) != hash)
+        const QByteArray wanted = sourceHashes ? hashOf(copy.from, copy.file, call) : stream.hash();
+        if (hashOf(copy.to, part, call) != wanted)
             throw Error(PhoneError::notDone, {joinPath(copy.folder, copy.name)});
         if (copy.verified)
-            copy.verified(hash);
+            copy.verified(wanted);
     };
     return putFile(
         copy.to, put, [&stream](std::span<std::byte> into) { return stream.read(into); }, check,

@@ -106,9 +106,4 @@ std::size_t FileStream::read(std::span<std::byte> into) {
     return count;
 }
 
-void FileStream::beginHash(const std::function<void(const ByteSink&)>& before) {
-    hash_.emplace();
-    before([this](ByteView bytes) { hash_->add(bytes); });
-}
-
 } // namespace tessary

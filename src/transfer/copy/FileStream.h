@@ -41,8 +41,10 @@ public:
     /// The next bytes; 0 once all were drawn. Throws what the reading threw, and
     /// CancellationError.
     std::size_t read(std::span<std::byte> into);
-    /// From now on what is drawn is hashed, after `before`, what lies before the offset.
-    void beginHash(const std::function<void(const ByteSink&)>& before);
+    /// From now on what is drawn is hashed, after what lies before the offset.
+    void beginHash(ContentHash before) {
+        hash_ = std::move(before);
+    }
     /// SHA-256, after beginHash(). Once, when all was drawn.
     [[nodiscard]] QByteArray hash() {
         return hash_->finish();
