@@ -1,10 +1,12 @@
 #!/usr/bin/env python3
 """Times whole commands over the real USB stack of an emulated machine, against Debian's other MTP
-clients, by turns in one boot: once with umtp-responder, once with QEMU's own device. Neither answers
-a list of properties for a whole folder, so that a listing is a request a file. Prints medians of
-five, start-up included.
+clients, by turns in one boot a device: the virtual phone, umtp-responder, and QEMU's own device. Only
+the first answers a list of properties for a whole folder; with the others a listing is a request a
+file. Prints medians of five, start-up included.
 
     benchmarks/mtp_peers.py --cli build/release/bin/tessary-cli --cache build/machine
+        --phone build/release/tests/qemu/GadgetPhone [--devices virtual responder qemu]
+        [--counts 1000 10000]
 """
 
 import argparse
@@ -30,7 +32,6 @@ MIB = 1024 * 1024
 SIZE = 64  # MiB
 PACKAGES = ["mtp-tools", "libmtp9", "libmtp-common", "jmtpfs", "libfuse2", "libmagic1", "libmagic-mgc"]
 PEERS = ["mtp-files", "mtp-filetree", "mtp-getfile", "mtp-sendfile", "jmtpfs"]
-COUNTS = (1000, 10000)
 CONVERTERS = pathlib.Path("/usr/lib/x86_64-linux-gnu/gconv")  # between character sets
 
 
@@ -49,38 +50,39 @@ def fetch_peers(cache):
 class Comparison(gadget_test.GadgetTest):
     """One device, by our command line and by the others."""
 
-    def __init__(self, machine, storage, name, cli):
+    def __init__(self, machine, counts, storage, name, cli):
         super().__init__(machine)
-        self.storage, self.NAME, self.CLI = storage, name, cli
+        self.counts, self.storage, self.NAME, self.CLI = counts, storage, name, cli
 
     def shell(self, command, seconds=30):
         needed = " ".join(f"{name}={os.environ[name]}" for name in ("LD_LIBRARY_PATH", "MAGIC"))
         return super().shell(f"export {needed}; {command}", seconds)
 
-    def median(self, command, before="true", after="true"):
-        """The guest's seconds for a command, without what goes before and after each run."""
-        times = []
-        for _ in range(RUNS):
-            took = self.shell(
-                f"{before}; read start x </proc/uptime; {command} >/tmp/said 2>&1; status=$?; "
-                f"read end x </proc/uptime; {after}; echo $start $end; "
-                "[ $status = 0 ] || { cat /tmp/said; exit $status; }", 400)
-            start, end = map(float, took.split())
-            times.append(end - start)
-        return statistics.median(times)
+    def seconds(self, command, before="true", after="true"):
+        """The guest's seconds for a command, without what goes before and after it."""
+        took = self.shell(
+            f"{before}; read start x </proc/uptime; {command} >/tmp/said 2>&1; status=$?; "
+            f"read end x </proc/uptime; {after}; echo $start $end; "
+            "[ $status = 0 ] || { cat /tmp/said; exit $status; }", 400)
+        start, end = map(float, took.split())
+        return end - start
 
     def compare(self, what, ours, **peers):
-        mine = self.median(**ours)
-        theirs = {}
-        failed = []
-        for name, peer in peers.items():
-            try:
-                theirs[name] = self.median(**peer)
-            except Failure:
-                failed.append(f"{name} failed")
-                self.begin_anew()
-        listed = ", ".join([f"{name} {time:.2f}" for name, time in theirs.items()] + failed)
-        share = f": {mine / min(theirs.values()):.2f} of the best" if theirs else ""
+        """By turns, so that what else the machine does meets all alike."""
+        times = {"tessary-cli": []} | {name: [] for name in peers}
+        commands = {"tessary-cli": ours} | peers
+        for _ in range(RUNS):
+            for name in list(times):
+                try:
+                    times[name].append(self.seconds(**commands[name]))
+                except Failure as failure:
+                    print(f"  {what}: {name} failed: {str(failure)[-300:]}", flush=True)
+                    del times[name]
+                    self.begin_anew()
+        medians = {name: statistics.median(taken) for name, taken in times.items()}
+        mine = medians.pop("tessary-cli")
+        listed = ", ".join(f"{name} {time:.2f}" for name, time in medians.items())
+        share = f": {mine / min(medians.values()):.2f} of the best" if medians else ""
         print(f"  {what}: tessary-cli {mine:.2f} s, {listed}{share}", flush=True)
 
     def mounted(self, command, **around):
@@ -131,7 +133,7 @@ class OnResponder(Comparison):
         self.shell("cp /tmp/up /tmp/phone/film")
         self.start_phone("still-image")
         first = 1
-        for count in COUNTS:
+        for count in self.counts:
             names = f"$(seq {first} {count})"
             self.shell(f"cd /tmp/phone/many; for n in {names}; do echo $n >IMG_$n.JPG; done", 120)
             self.restart_phone()
@@ -141,6 +143,10 @@ class OnResponder(Comparison):
         self.shell("rm -r /tmp/phone/many", 60)
         self.restart_phone()
         self.copy_film(clear="rm -f /tmp/phone/up")
+
+
+class OnVirtualPhone(OnResponder):
+    RESPONDER = f"GadgetPhone {gadget_test.PHONE} /dev/ffs"
 
 
 class OnEmulatedDevice(Comparison):
@@ -156,7 +162,7 @@ class OnEmulatedDevice(Comparison):
         many.mkdir(parents=True)
         (self.phone / "film").write_bytes(os.urandom(SIZE * MIB))
         first = 1
-        for count in COUNTS:
+        for count in self.counts:
             for number in range(first, count + 1):
                 (many / f"IMG_{number}.JPG").write_text(f"{number}\n")
             self.plug_in()
@@ -180,10 +186,13 @@ class OnEmulatedDevice(Comparison):
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    for name in ("cli", "cache"):
+    for name in ("cli", "cache", "phone"):
         parser.add_argument(f"--{name}", type=pathlib.Path, required=True)
+    known = ["virtual", "responder", "qemu"]
+    parser.add_argument("--devices", nargs="+", choices=known, default=known)
+    parser.add_argument("--counts", nargs="+", type=int, default=[1000, 10000])
     arguments = parser.parse_args()
-    peers = fetch_peers(arguments.cache)
+    peers = fetch_peers(arguments.cache.resolve())
     libraries = [peers / "usr/lib/x86_64-linux-gnu", peers / "lib/x86_64-linux-gnu"]
     magic = peers / "usr/lib/file/magic.mgc"
     os.environ["MAGIC"] = str(magic)
@@ -198,21 +207,28 @@ def main():
 
     with tempfile.TemporaryDirectory() as scratch:
         scratch = pathlib.Path(scratch)
-        responder = [kernel.responder_file(arguments.cache)]
-        with boot(scratch, kernel.GADGET_MODULES, responder, []) as machine:
-            print("umtp-responder")
-            begin(machine)
-            OnResponder(machine, "Gadget storage", "Gadget", "tessary-cli").run()
+        gadgets = [
+            ("virtual", OnVirtualPhone, arguments.phone, "Virtual storage"),
+            ("responder", OnResponder, kernel.responder_file(arguments.cache), "Gadget storage"),
+        ]
+        for device, comparison, program, storage in gadgets:
+            if device not in arguments.devices:
+                continue
+            with boot(scratch, kernel.GADGET_MODULES, [program], []) as machine:
+                begin(machine, device)
+                comparison(machine, arguments.counts, storage, "Gadget", "tessary-cli").run()
+        if "qemu" not in arguments.devices:
+            return
         with boot(scratch, kernel.MODULES, [], ["qemu-xhci,id=xhci"]) as machine:
-            print("QEMU's device")
-            begin(machine)
+            begin(machine, "qemu")
             command = "tessary-cli --usb 46F4:0004"
             OnEmulatedDevice(
-                machine, "MTP drive", "QEMU", command, phone=scratch / "phone"
+                machine, arguments.counts, "MTP drive", "QEMU", command, phone=scratch / "phone"
             ).run()
 
 
-def begin(machine):
+def begin(machine, device):
+    print(device, flush=True)
     machine.await_text("@@booted\n", 120)
     machine.run("ln -s /proc/mounts /etc/mtab")
 

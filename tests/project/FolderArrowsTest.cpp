@@ -100,6 +100,7 @@ const std::map<std::string, std::vector<std::string>> arrows = {
      {"cli/devices", "sync/manager", "transfer/import", "transfer/local", "transfer/mount"}},
     {"simulator/wire", {"base/local"}},
     {"simulator/usb", {"base/threads", "platform/usb", "simulator/wire"}},
+    {"simulator/gadget", {"base/local", "platform/usb"}},
     {"simulator/storage", {"base/local", "mtp/protocol"}},
     {"simulator/mtp", {"mtp/protocol", "simulator/storage", "simulator/usb"}},
     {"simulator/adbd",

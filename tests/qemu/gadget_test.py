@@ -66,6 +66,7 @@ TEXTS = {"bin/setup": SETUP} | {
 class GadgetTest(Test):
     CLI = "tessary-cli"
     NAME = "Gadget"
+    RESPONDER = "umtprd"
 
     def shell(self, command, seconds=30):
         result = self.machine.run(command, seconds)
@@ -75,7 +76,7 @@ class GadgetTest(Test):
     def start_phone(self, kind):
         self.shell(f"cp /etc/umtprd/{kind}.conf /etc/umtprd/umtprd.conf")
         self.shell("mount -t functionfs mtp /dev/ffs")
-        self.shell("umtprd >/tmp/umtprd.log 2>&1 & usleep 500000")
+        self.shell(f"{self.RESPONDER} >/tmp/responder.log 2>&1 &")
         self.plug()
         self.await_enumeration()
 
@@ -83,10 +84,13 @@ class GadgetTest(Test):
         return super().file_system_works(f"PHONE_FOLDER={PHONE}")
 
     def stop_phone(self):
-        self.shell(f"{UNPLUG}; killall umtprd; usleep 300000; umount /dev/ffs")
+        name = self.RESPONDER.split()[0]
+        self.shell(f"{UNPLUG}; killall {name}; usleep 300000; umount /dev/ffs")
 
     def plug(self):
-        self.shell(f"echo dummy_udc.0 >{CABLE}")
+        """Once the responder has told what it is."""
+        attempt = f"echo dummy_udc.0 >{CABLE} && exit 0"
+        self.shell(f"for n in $(seq 99); do {attempt}; usleep 100000; done 2>/dev/null; exit 1")
 
     def is_there(self):
         return "grep -q 18d1 /sys/bus/usb/devices/*/idVendor"
