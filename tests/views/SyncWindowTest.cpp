@@ -1,4 +1,5 @@
 #include "WindowFixture.h"
+#include "simulator/adbd/VirtualADBD.h"
 
 #include <QComboBox>
 #include <QDialog>
@@ -91,6 +92,27 @@ TEST_F(SyncWindowTest, returnGoesOnFromTheSheetAndFromThePreview) {
     runAgain();
     EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/new.txt"_s) == "new"; }));
     EXPECT_TRUE(wait([this] { return isShown(u"new.txt"_s); })) << "the folder shown is read again";
+}
+
+TEST_F(SyncWindowTest, phoneOnTheNetworkIsBrowsedSyncedAndCopiedToWithoutADB) {
+    VirtualADBD adbd({.folder = phone_.disk.path(u"0"_s)});
+    adbd.start();
+    close();
+    phone_.android.unplug();
+    open({bus_, nullptr, true});
+    EXPECT_EQ(list("deviceList").model()->rowCount(), 0);
+    services_.adbWays().connect(adbd.address(), {});
+    ASSERT_TRUE(wait([this] { return list("deviceList").model()->rowCount() == 1; }));
+    clickRow(list("deviceList"), 0);
+    browse();
+    ASSERT_NO_FATAL_FAILURE(syncOnce());
+    EXPECT_EQ(local_.read(u"Trip/one.txt"_s), "one");
+    const TemporaryFolder elsewhere;
+    filesToCopy_ = {elsewhere.write(u"up.txt"_s, "up")};
+    click(u"alpha.txt"_s); // into the files again
+    press(Qt::Key_U, Qt::ControlModifier);
+    EXPECT_TRUE(wait([this] { return isShown(u"up.txt"_s); }));
+    EXPECT_EQ(phone_.content(u"DCIM/up.txt"_s), "up");
 }
 
 TEST_F(SyncWindowTest, deletionIsAskedAboutAndOnlyThenDone) {

@@ -86,7 +86,9 @@ protected:
     std::shared_ptr<UserDefaults> defaults_ = std::make_shared<MemoryUserDefaults>();
     VirtualUSBBus bus_;
     QtProcessRunner processes_;
-    DeviceServices services_{{bus_, processes_}};
+    /// With no adb, and no server of one, whatever lies on this machine.
+    DeviceServices services_{
+        {bus_, processes_, {QStringLiteral("127.0.0.1"), 1, {}}, QStringList()}};
     std::unique_ptr<TessaryApp> app_;
     std::unique_ptr<MainWindow> window_;
 };
