@@ -69,11 +69,8 @@ TEST_P(ADBFileSystemTest, contentAndDateToTheSecondTravelBothWays) {
     EXPECT_EQ(readAll(made), bytes);
     files_->setModified(made, date.addSecs(1), {});
     EXPECT_EQ(item(u"/film.mp4"_s).modifiedDate, date.addSecs(1));
-    for (const qint64 size : {0, 1, 65'535, 65'536, 65'537}) {
-        const FileItem there = write(u"/"_s, u"f%1"_s.arg(size), manyBytes(size));
-        EXPECT_EQ(there.size, size);
-        EXPECT_EQ(readAll(there), manyBytes(size));
-    }
+    for (const qint64 size : {0, 65'535, 65'536, 65'537})
+        EXPECT_EQ(readAll(write(u"/"_s, u"f%1"_s.arg(size), manyBytes(size))), manyBytes(size));
 }
 
 TEST_P(ADBFileSystemTest, rangesAreReadWithoutWhatLiesAround) {

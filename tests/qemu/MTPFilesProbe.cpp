@@ -37,12 +37,6 @@ PhoneIdentity attachedPhone(USBBus& bus) {
 
 class MTPFilesProbe : public testing::Test {
 protected:
-    static QByteArray bytesOf(qsizetype size) {
-        QByteArray bytes(size, Qt::Uninitialized);
-        for (qsizetype n = 0; n < size; ++n)
-            bytes[n] = static_cast<char>(n * 31 + n / 251);
-        return bytes;
-    }
     FileItem write(const QString& folder, const QString& name, const QByteArray& bytes) {
         const auto source = [&bytes, at = qsizetype{0}](std::span<std::byte> buffer) mutable {
             const auto count = std::min(buffer.size(), static_cast<std::size_t>(bytes.size() - at));
@@ -68,20 +62,6 @@ protected:
     const std::unique_ptr<USBBus> bus_ = makeSystemUSBBus();
     MTPFileSystem files_{*bus_, attachedPhone(*bus_), std::make_shared<PhoneQueue>()};
 };
-
-TEST_F(MTPFilesProbe, everySizeGoesThereAndBack) {
-    const FileItem folder = files_.makeFolder(u"/"_s, u"probe"_s, {});
-    for (const int size : {0, 1, 499, 500, 501, 1012, 4084, 4085, 262'132, 262'144, 1'048'600}) {
-        const QByteArray bytes = bytesOf(size);
-        const FileItem made = write(folder.path, QString::number(size), bytes);
-        EXPECT_EQ(made.size, size);
-        EXPECT_EQ(read(made), bytes) << size;
-        EXPECT_EQ(read(made, {0, 5}), bytes.left(5)) << size;
-        files_.remove(made, {});
-    }
-    EXPECT_THAT(listAll(files_, folder.path, {}).items, IsEmpty());
-    files_.remove(folder, {});
-}
 
 TEST_F(MTPFilesProbe, manyFilesAreListedAndKnownAfterwards) {
     const auto start = std::chrono::steady_clock::now();
