@@ -66,13 +66,6 @@ TEST(UpdateManifest, withoutAVersionThereIsNothing) {
         EXPECT_EQ(parseUpdateManifest(body), std::nullopt) << body.left(20).toStdString();
 }
 
-TEST(UpdateManifest, everyCutOfAManifestIsTaken) {
-    for (qsizetype size = 0; size < whole.size(); ++size) {
-        const auto info = parseUpdateManifest(whole.left(size));
-        EXPECT_TRUE(!info || info->version == u"1.10.2"_s) << size;
-    }
-}
-
 TEST(Versions, digitsCompareAsNumbers) {
     const std::pair<const char*, const char*> rows[] = {
         {"1.10", "1.9"},

@@ -133,20 +133,5 @@ TEST_F(EntryChangesTest, aStoppedMoveDoesNotGoOnAsACopy) {
     EXPECT_EQ(files_->tree(), before);
 }
 
-TEST_F(EntryChangesTest, hiddenEntriesAreCountedAndShownOnRequest) {
-    EXPECT_EQ(names(), (QStringList{u"a"_s, u"b.txt"_s, u"c.txt"_s}));
-    EXPECT_EQ(browser_.unfilteredCount(), 3);
-    browser_.selection().selectAll();
-    EXPECT_EQ(browser_.selection().ids().size(), 3) << "what is not seen is not selected";
-    browser_.setShowsHidden(true);
-    EXPECT_EQ(names(), (QStringList{u"a"_s, u".hidden"_s, u"b.txt"_s, u"c.txt"_s}));
-    browser_.selection().selectAll();
-    browser_.setShowsHidden(false);
-    EXPECT_EQ(browser_.selection().ids().size(), 3);
-    browser_.selection().select(u"/root/a"_s);
-    browser_.selection().invert();
-    EXPECT_EQ(browser_.selection().ids(), (QSet<QString>{u"/root/b.txt"_s, u"/root/c.txt"_s}));
-}
-
 } // namespace
 } // namespace tessary

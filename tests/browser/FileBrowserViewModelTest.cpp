@@ -36,6 +36,18 @@ TEST_F(FileBrowserViewModelTest, listingThatArrivesAfterTheUserWentOnIsDropped) 
     EXPECT_EQ(browser_.currentPath(), u"/root/a/deep"_s);
 }
 
+TEST_F(FileBrowserViewModelTest, listingThatAChangeOvertookIsNotRemembered) {
+    open("/root");
+    Gate slow;
+    holdAt(slow, Operation::list, "/root/a");
+    browser_.navigateTo(u"/root/a"_s);
+    ASSERT_TRUE(eventually([&] { return slow.waiting() == 1; }));
+    browser_.folders().entryChanged(files_->identity(), u"/root/a/one.txt"_s);
+    slow.open();
+    settle();
+    EXPECT_FALSE(browser_.folders().recall(files_->identity(), u"/root/a"_s));
+}
+
 TEST_F(FileBrowserViewModelTest, loadIsStoppedWhenTheUserGoesOnOrCancels) {
     Gate never;
     holdAt(never, Operation::list, "/root/a");

@@ -1,8 +1,7 @@
 #include "browser/model/WirelessViewModel.h"
 #include "adb/protocol/ADBError.h"
-#include "simulator/demo/DemoNetwork.h"
+#include "platform/process/QtProcessRunner.h"
 #include "simulator/usb/VirtualUSBBus.h"
-#include "support/ADBFixture.h"
 #include "support/MainLoop.h"
 #include "support/ScriptedADBServer.h"
 #include "support/ScriptedNetwork.h"
@@ -14,36 +13,13 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-using Phone = WirelessViewModel::Phone;
-using State = WirelessViewModel::State;
 using Step = WirelessViewModel::Step;
 using testing::ElementsAre;
 
-/// The list of a network with one phone to connect to, the first, and one to pair.
 class WirelessViewModelTest : public MainLoop {
 protected:
     ~WirelessViewModelTest() override {
         EXPECT_TRUE(Background::shutDown(30s)); // before what the work uses goes
-    }
-    void start(WirelessViewModel& phones) {
-        EXPECT_EQ(phones.state(), State::starting);
-        phones.start();
-        ASSERT_TRUE(eventually([&] { return phones.phones().size() == 2; }));
-        EXPECT_EQ(phones.state(), State::looking);
-        EXPECT_FALSE(phones.phones()[0].device.isPairing);
-        EXPECT_TRUE(phones.phones()[1].device.isPairing);
-    }
-    /// How the first phone is after a try to connect to it.
-    Phone connectFirst(WirelessViewModel& phones) {
-        const QString id = phones.phones()[0].device.id;
-        phones.connectTo(id);
-        EXPECT_TRUE(phones.isWorking());
-        EXPECT_EQ(phones.phones()[0].step, Step::working);
-        EXPECT_TRUE(eventually([&] { return !phones.isWorking(); }, 40s));
-        return phones.phones()[0];
-    }
-    std::shared_ptr<DemoNetwork> networkWith(ServiceAddress address) {
-        return std::make_shared<DemoNetwork>([address] { return address; });
     }
     ADBWays::Setup waysBy(const ADBServerAddress& server) {
         return {.bus = bus_, .processes = runner_, .server = server, .adbPaths = QStringList()};
@@ -90,40 +66,6 @@ TEST_F(WirelessViewModelTest, phoneThatAnnouncesBothIsPairedAndConnectedTo) {
         EXPECT_THAT(server.requests(), ElementsAre("host:pair:123456:[fe80::1%lo]:4711",
                                                    "host:connect:[fe80::1%lo]:4711"));
     }
-}
-
-TEST_F(WirelessViewModelTest, serverThatNeverAnswersHoldsUpNobody) {
-    const ScriptedADBServer server([](const QByteArray&) { return "HANG"; });
-    ADBWays ways(waysBy(server.address()));
-    const auto begun = std::chrono::steady_clock::now();
-    {
-        WirelessViewModel phones(networkWith(ServiceAddress{u"10.0.0.2"_s, 4711}), ways);
-        start(phones);
-        phones.connectTo(phones.phones()[0].device.id);
-        EXPECT_TRUE(eventually([&] { return server.requests().size() == 1; }));
-        phones.stop();
-        EXPECT_FALSE(phones.isWorking());
-    }
-    EXPECT_TRUE(Background::shutDown(5s)) << "what was asked is given up";
-    EXPECT_LT(std::chrono::steady_clock::now() - begun, 5s);
-    Background::restart();
-}
-
-class WirelessADBTest : public WirelessViewModelTest, protected ADBPhone {};
-
-TEST_F(WirelessADBTest, connectedPhoneIsReachedByTheRealADB) {
-    ADBServerAddress server;
-    server.port = server_.port();
-    ADBWays ways(waysBy(server));
-    WirelessViewModel phones(networkWith(ServiceAddress{u"127.0.0.1"_s, adbd_->port()}), ways);
-    start(phones);
-    const Phone phone = connectFirst(phones);
-    EXPECT_EQ(phone.step, Step::done) << (phone.failure ? phone.failure->what() : "");
-    EXPECT_TRUE(reaches(u"device"_s));
-
-    ADBPhone::server_.disconnect(serial());
-    adbd_->stop();
-    EXPECT_EQ(connectFirst(phones).step, Step::failed);
 }
 
 } // namespace

@@ -10,34 +10,6 @@ using namespace Qt::StringLiterals;
 
 class MainWindowTest : public WindowFixture {};
 
-TEST_F(MainWindowTest, typingSelectsAndTheFilterNarrows) {
-    openFolder();
-    table().setFocus();
-    QTest::keyClicks(&table(), u"be"_s);
-    EXPECT_EQ(selectedNames(), QStringList{u"beta.txt"_s});
-    press(Qt::Key_F, Qt::ControlModifier);
-    QTest::keyClicks(QApplication::focusWidget(), u"ALPHA"_s);
-    EXPECT_TRUE(wait([this] { return table().model()->rowCount() == 1; }));
-    press(Qt::Key_Escape);
-    EXPECT_TRUE(wait([this] { return table().model()->rowCount() == 3; }));
-}
-
-TEST_F(MainWindowTest, deletingAsksFirst) {
-    openFolder();
-    for (const bool confirms : {false, true}) {
-        click(u"beta.txt"_s);
-        bool wasAsked = false;
-        whileAsked(confirms ? u"Delete"_s : u"Cancel"_s, [&] {
-            wasAsked = true;
-            EXPECT_EQ(phone_.content(u"DCIM/beta.txt"_s), "bb");
-        });
-        press(Qt::Key_Delete);
-        EXPECT_TRUE(wasAsked);
-        EXPECT_TRUE(wait([&] { return !confirms || !row(u"beta.txt"_s).isValid(); }));
-        EXPECT_EQ(phone_.content(u"DCIM/beta.txt"_s).isNull(), confirms);
-    }
-}
-
 TEST_F(MainWindowTest, newFolderIsMadeAndNamedInPlace) {
     press(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_TRUE(wait([this] {

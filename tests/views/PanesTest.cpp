@@ -49,18 +49,6 @@ protected:
     }
 };
 
-TEST_F(PanesTest, eachSideKeepsColumnsOfItsOwn) {
-    split();
-    pane()->view().columnMenu().actions().at(0)->trigger();
-    window_.reset();
-    openWindow();
-    ASSERT_TRUE(wait([this] { return isShown(u"DCIM"_s); }));
-    split();
-    const auto* here = pane()->findChild<QTreeView*>(u"fileTable"_s);
-    EXPECT_TRUE(here->isColumnHidden(FileListModel::sizeColumn));
-    EXPECT_FALSE(table().isColumnHidden(FileListModel::sizeColumn));
-}
-
 TEST_F(PanesTest, filesGoFromSideToSideByTheClipboard) {
     openFolder();
     split();

@@ -136,14 +136,6 @@ TEST_F(PreviewTest, arrowKeysWalkThroughEveryKindOfFile) {
     EXPECT_EQ(preview(), nullptr);
 }
 
-TEST_F(PreviewTest, previewFollowsTheListingAndGoesWithItsFile) {
-    openPreview(u"a picture.png"_s);
-    browser().selection().select(idOf(u"b text.txt"_s));
-    EXPECT_EQ(preview()->item()->name, u"b text.txt"_s);
-    phone_.android.unplug();
-    EXPECT_TRUE(wait([this] { return preview() == nullptr; }));
-}
-
 TEST_F(PreviewTest, propertiesTellTheExactFactsAndCountWhatIsInFolders) {
     click(u"e data.bin"_s);
     PropertiesDialog* dialog = openProperties();

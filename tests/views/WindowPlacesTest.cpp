@@ -1,5 +1,4 @@
 #include "WindowFixture.h"
-#include "transfer/local/LocalFileSystem.h"
 
 #include <QDropEvent>
 #include <QMimeData>
@@ -25,29 +24,10 @@ protected:
         if (move.isAccepted())
             QApplication::sendEvent(&view, &drop);
     }
-    [[nodiscard]] QStringList favorites() const {
-        QStringList names;
-        for (const DeviceFavorite& favorite : app_->favoritesManager().favorites())
-            names.append(favorite.name);
-        return names;
-    }
     [[nodiscard]] const FileItem& entry(const QString& name) const {
         return *window_->browser().itemWithId(row(name).data(FileListModel::idRole).toString());
     }
 };
-
-TEST_F(WindowPlacesTest, onlyFoldersOfThisPhoneBecomeFavorites) {
-    QAbstractItemModel& model = *list("favoriteList").model();
-    const auto files = window_->browser().files();
-    const EntryMimeData folder(files, {entry(u"DCIM"_s)});
-    const EntryMimeData file(files, {entry(u"readme.md"_s)});
-    const EntryMimeData foreign(std::make_shared<LocalFileSystem>(local_.path()),
-                                {entry(u"DCIM"_s)});
-    for (const EntryMimeData* refused : {&file, &foreign})
-        EXPECT_FALSE(model.canDropMimeData(refused, Qt::CopyAction, 0, 0, {}));
-    EXPECT_TRUE(model.dropMimeData(&folder, Qt::CopyAction, 0, 0, {}));
-    EXPECT_EQ(favorites(), QStringList{u"DCIM"_s});
-}
 
 /// What is in the folder is read first; the user goes on meanwhile.
 TEST_F(WindowPlacesTest, filesDroppedOnAFolderArriveWhateverIsShownByThen) {

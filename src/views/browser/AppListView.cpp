@@ -5,6 +5,7 @@
 #include "app/texts/ProblemText.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
+#include "views/common/Layouts.h"
 #include "views/common/PlaceholderView.h"
 #include "views/common/RowGround.h"
 
@@ -120,9 +121,7 @@ AppListView::AppListView(AppListViewModel& apps, Choose choose, Choose openOutsi
     stack_->addWidget(list_);
     stack_->addWidget(placeholder_);
     auto* title = new QLabel;
-    QFont bold = title->font();
-    bold.setWeight(QFont::DemiBold);
-    title->setFont(bold);
+    title->setFont(demiBold(title->font()));
     keepTranslated(this, [this, title] {
         title->setText(tr("Apps"));
         search_->setPlaceholderText(tr("Filter…"));
@@ -136,9 +135,7 @@ AppListView::AppListView(AppListViewModel& apps, Choose choose, Choose openOutsi
     bar->addWidget(title);
     bar->addStretch(1);
     bar->addWidget(search_);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
+    auto* column = makeColumn(*this);
     column->addLayout(bar);
     column->addWidget(stack_, 1);
 

@@ -9,6 +9,7 @@
 #include "views/browser/BrowserToolbar.h"
 #include "views/browser/DropMark.h"
 #include "views/browser/FolderNotice.h"
+#include "views/common/Layouts.h"
 #include "views/common/TableColumns.h"
 #include "views/listing/FileGridView.h"
 #include "views/listing/FileTableView.h"
@@ -93,9 +94,7 @@ BrowserView::BrowserView(FileBrowserViewModel& browser, CopyDialogs dialogs,
     status_->setForegroundRole(QPalette::PlaceholderText);
     status_->setObjectName(QStringLiteral("browserStatus"));
 
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
+    auto* column = makeColumn(*this);
     column->addWidget(toolbar_);
     column->addWidget(stack_, 1);
     column->addWidget(status_);

@@ -2,6 +2,7 @@
 
 #include "app/LanguageManager.h"
 #include "views/common/Icons.h"
+#include "views/common/Layouts.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -40,9 +41,7 @@ ErrorDetails::ErrorDetails(Qt::Alignment alignment, QWidget* parent)
     line->setContentsMargins(0, 0, 0, 0);
     line->addWidget(text_, 1);
     line->addWidget(copy_, 0, Qt::AlignTop);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
+    auto* column = makeColumn(*this);
     column->addWidget(fold_, 0, alignment);
     column->addWidget(page_);
     keepTranslated(this, [this] {

@@ -3,6 +3,7 @@
 #include "app/LanguageManager.h"
 #include "views/common/ErrorDetails.h"
 #include "views/common/Icons.h"
+#include "views/common/Layouts.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -50,9 +51,7 @@ StatusBanner::StatusBanner(QWidget* parent)
     setFrameShape(QFrame::NoFrame);
     setAutoFillBackground(true);
 
-    QFont bold = text_->font();
-    bold.setWeight(QFont::DemiBold);
-    text_->setFont(bold);
+    text_->setFont(demiBold(text_->font()));
     for (QLabel* label : {text_, advice_}) {
         label->setWordWrap(true);
         label->setTextFormat(Qt::PlainText);

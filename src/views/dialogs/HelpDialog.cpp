@@ -1,5 +1,6 @@
 #include "views/dialogs/HelpDialog.h"
 
+#include "views/common/Layouts.h"
 #include "views/common/PlainText.h"
 
 #include <QAction>
@@ -61,9 +62,7 @@ QTreeWidget* keysOf(const QMenuBar& menus) {
         if (title->menu() == nullptr)
             continue;
         auto* group = new QTreeWidgetItem(keys, {withoutMark(title->text())});
-        QFont bold = keys->font();
-        bold.setWeight(QFont::DemiBold);
-        group->setFont(0, bold);
+        group->setFont(0, demiBold(keys->font()));
         for (const QAction* command : title->menu()->actions()) {
             QStringList sequences;
             for (const QKeySequence& sequence : command->shortcuts())

@@ -8,6 +8,7 @@
 #include "preview/FilmPicture.h"
 #include "preview/PhoneThumbnail.h"
 #include "views/common/Icons.h"
+#include "views/common/Layouts.h"
 #include "views/dialogs/FactsView.h"
 #include "views/dialogs/PictureView.h"
 
@@ -93,9 +94,7 @@ PreviewWindow::PreviewWindow(FileBrowserViewModel& browser, std::function<int()>
         showFacts(tr("Cancelled"));
     });
 
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
+    auto* column = makeColumn(*this);
     column->addWidget(stack_, 1);
     column->addWidget(makeFooter());
     fetchTimer_.setSingleShot(true);

@@ -4,6 +4,7 @@
 #include "base/text/ByteFormat.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
+#include "views/common/Layouts.h"
 #include "views/common/PlaceholderView.h"
 #include "views/common/PlainText.h"
 #include "views/import/PhotoDelegate.h"
@@ -88,9 +89,7 @@ ImportView::ImportView(const Setup& setup, Callbacks callbacks, QWidget* parent)
     folder_ = defaults_.value(folderKey).toString(
         QStandardPaths::writableLocation(QStandardPaths::PicturesLocation));
     byDate_->setChecked(defaults_.value(byDateKey).toBool(true));
-    QFont bold = title_->font();
-    bold.setWeight(QFont::DemiBold);
-    title_->setFont(bold);
+    title_->setFont(demiBold(title_->font()));
     proceed_->setDefault(true);
     target_->setIcon(icon("folder"));
     list_->setModel(photos_);
@@ -117,9 +116,7 @@ ImportView::ImportView(const Setup& setup, Callbacks callbacks, QWidget* parent)
     for (QWidget* each : {static_cast<QWidget*>(byDate_), static_cast<QWidget*>(target_),
                           static_cast<QWidget*>(leave_), static_cast<QWidget*>(proceed_)})
         bottom->addWidget(each);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
+    auto* column = makeColumn(*this);
     column->addLayout(top);
     column->addWidget(stack_, 1);
     column->addLayout(bottom);

@@ -1,6 +1,7 @@
 #include "views/import/PhotoDelegate.h"
 
 #include "views/common/Icons.h"
+#include "views/common/Layouts.h"
 #include "views/import/PhotoListModel.h"
 #include "views/listing/ThumbnailStore.h"
 
@@ -90,9 +91,7 @@ void PhotoDelegate::paintDay(QPainter& painter, const QStyleOptionViewItem& opti
     QRect mark(0, 0, markSide, markSide);
     mark.moveCenter({row.left() + markSide / 2, row.center().y()});
     paintMark(painter, mark, checkStateOf(index), option.palette);
-    QFont bold = option.font;
-    bold.setWeight(QFont::DemiBold);
-    painter.setFont(bold);
+    painter.setFont(demiBold(option.font));
     painter.setPen(option.palette.color(QPalette::WindowText));
     painter.drawText(row.adjusted(markSide + margin, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft,
                      index.data(Qt::DisplayRole).toString());

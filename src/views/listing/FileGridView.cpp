@@ -1,6 +1,7 @@
 #include "views/listing/FileGridView.h"
 
 #include "app/texts/DisplayNames.h"
+#include "views/common/Layouts.h"
 #include "views/listing/FileViews.h"
 #include "views/listing/GridItemDelegate.h"
 #include "views/listing/ThumbnailStore.h"
@@ -25,20 +26,22 @@ constexpr int belowHeading = 6;   // the same, below
 } // namespace
 
 FileGridView::FileGridView(FileBrowserViewModel& browser, FileListModel& model, QWidget* parent)
-    : QListView(parent),
-      browser_(browser),
-      delegate_(new GridItemDelegate(this)),
-      band_(*this, [this](const QRect& content) {
-          QItemSelection touched;
-          for (const GridLayout::Range& range : grid().entriesIn(content))
-              touched.append(selectionOf(range).first());
-          return touched;
-      }) {
+    : ListingView(
+          browser,
+          [this](const QRect& content) {
+              QItemSelection touched;
+              for (const GridLayout::Range& range : grid().entriesIn(content))
+                  touched.append(selectionOf(range).first());
+              return touched;
+          },
+          parent),
+      delegate_(new GridItemDelegate(this)) {
     setObjectName(QStringLiteral("fileGrid"));
     setUpListing(*this, model, delegate_);
     setModelColumn(FileListModel::nameColumn);
     setViewMode(QListView::IconMode);
     setMovement(QListView::Static);
+    setSelectionRectVisible(false); // the frame is our own
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     fitPictures();
     connect(&browser, &FileBrowserViewModel::pictureSideChanged, this, &FileGridView::fitPictures);
@@ -68,10 +71,8 @@ void FileGridView::fitPictures() {
 
 const GridLayout& FileGridView::grid() const {
     const FileRows& rows = browser_.rows();
-    QFont bold = font();
-    bold.setWeight(QFont::DemiBold);
     const Basis basis{rows.revision(), viewport()->width(), gridSize().expandedTo({1, 1}),
-                      QFontMetrics(bold).height() + aboveHeading + belowHeading};
+                      QFontMetrics(demiBold(font())).height() + aboveHeading + belowHeading};
     if (basis == basis_)
         return grid_;
     basis_ = basis;
@@ -208,9 +209,7 @@ void FileGridView::paintHeading(QPainter& painter, int section) const {
                             .translated(-horizontalOffset(), -verticalOffset())
                             .adjusted(beforeHeading, aboveHeading, -beforeHeading, -belowHeading);
     painter.save();
-    QFont bold = font();
-    bold.setWeight(QFont::DemiBold);
-    painter.setFont(bold);
+    painter.setFont(demiBold(font()));
     painter.setPen(palette().color(QPalette::Text));
     const QString day = dayDisplayName(group.day);
     QRect used;
@@ -224,7 +223,7 @@ void FileGridView::paintHeading(QPainter& painter, int section) const {
 }
 
 /// On the picture or the name of an entry, or on one that is selected.
-bool FileGridView::isOnEntry(const QPoint& place) const {
+bool FileGridView::isHold(const QPoint& place) const {
     const QModelIndex index = indexAt(place);
     if (!index.isValid() || selectionModel()->isSelected(index))
         return index.isValid();
@@ -235,38 +234,22 @@ bool FileGridView::isOnEntry(const QPoint& place) const {
 }
 
 void FileGridView::mousePressEvent(QMouseEvent* event) {
-    const QPoint place = event->position().toPoint();
-    dropSelectionBeside(*this, *event);
-    const bool isLeft = event->button() == Qt::LeftButton;
-    pressedHeading_ = isLeft ? grid().headingAt(inContent(place)) : -1;
-    if (isLeft && !isOnEntry(place))
-        band_.press(*event);
-    QListView::mousePressEvent(event);
-}
-
-void FileGridView::mouseMoveEvent(QMouseEvent* event) {
-    if (!band_.move(*event))
-        QAbstractItemView::mouseMoveEvent(event);
+    pressedHeading_ = event->button() == Qt::LeftButton
+                          ? grid().headingAt(inContent(event->position().toPoint()))
+                          : -1;
+    ListingView::mousePressEvent(event);
 }
 
 void FileGridView::mouseReleaseEvent(QMouseEvent* event) {
-    if (band_.release())
-        return;
-    QAbstractItemView::mouseReleaseEvent(event);
+    const bool wasFrame = band_.isDrawn();
+    ListingView::mouseReleaseEvent(event);
     const int heading = std::exchange(pressedHeading_, -1);
-    if (heading < 0 || heading != grid().headingAt(inContent(event->position().toPoint())))
+    if (wasFrame || heading < 0 ||
+        heading != grid().headingAt(inContent(event->position().toPoint())))
         return;
     const bool adds = event->modifiers() & (Qt::ControlModifier | Qt::ShiftModifier);
     selectSection(heading,
                   adds ? QItemSelectionModel::Select : QItemSelectionModel::ClearAndSelect);
-}
-
-void FileGridView::startDrag(Qt::DropActions) {
-    dragSelected(*this, browser_);
-}
-
-void FileGridView::keyboardSearch(const QString& search) {
-    browser_.selection().type(search);
 }
 
 /// The base would look for its own layout to tell which entry has the keyboard.

@@ -3,7 +3,7 @@
 #include "browser/listing/DayGroups.h"
 #include "browser/model/FileListModel.h"
 #include "views/listing/GridLayout.h"
-#include "views/listing/RubberBand.h"
+#include "views/listing/ListingView.h"
 
 #include <QListView>
 
@@ -17,13 +17,12 @@ class GridItemDelegate;
 /// selects the day. Places are worked out when they are asked for, so that a hundred thousand
 /// entries need no time. It is a QListView to assistive technology, which knows it as one, and for
 /// its style; where its entries stand and how they are selected is its own.
-class FileGridView : public QListView {
+class FileGridView : public ListingView<QListView> {
     Q_OBJECT
 
 public:
     FileGridView(FileBrowserViewModel& browser, FileListModel& model, QWidget* parent = nullptr);
 
-    void keyboardSearch(const QString& search) override;
     /// Entries beside one another.
     [[nodiscard]] int columns() const;
     /// Selects the day of the entry that the keyboard is on.
@@ -36,6 +35,7 @@ public:
     void reset() override;
 
 protected:
+    [[nodiscard]] bool isHold(const QPoint& place) const override;
     void rowsInserted(const QModelIndex& parent, int first, int last) override;
     void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
                      const QList<int>& roles) override;
@@ -45,9 +45,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
-    void startDrag(Qt::DropActions supportedActions) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) override;
     [[nodiscard]] QRegion visualRegionForSelection(const QItemSelection& selection) const override;
@@ -61,7 +59,6 @@ private:
     [[nodiscard]] QModelIndex nameOf(int entry) const;
     [[nodiscard]] QItemSelection selectionOf(GridLayout::Range entries) const;
     [[nodiscard]] int turnedPage(int entry, int pages) const;
-    [[nodiscard]] bool isOnEntry(const QPoint& place) const;
     void selectSection(int section, QItemSelectionModel::SelectionFlags command);
     void paintEntry(QPainter& painter, QStyleOptionViewItem option, int entry) const;
     void paintHeading(QPainter& painter, int section) const;
@@ -76,12 +73,10 @@ private:
         bool operator==(const Basis&) const = default;
     };
 
-    FileBrowserViewModel& browser_;
     GridItemDelegate* delegate_;
     mutable Basis basis_;
     mutable GridLayout grid_;
     mutable std::vector<DayGroup> groups_; ///< empty without groups
-    RubberBand band_;
     int pressedHeading_ = -1;
     bool wasGrouped_ = false;
 };

@@ -23,10 +23,9 @@ constexpr int roomForDates = 420; // the same
 } // namespace
 
 FileTableView::FileTableView(FileBrowserViewModel& browser, FileListModel& model, QWidget* parent)
-    : QTreeView(parent),
-      browser_(browser),
-      columns_(nullptr),
-      band_(*this, [this](const QRect& content) { return rowsIn(content); }) {
+    : ListingView(
+          browser, [this](const QRect& content) { return rowsIn(content); }, parent),
+      columns_(nullptr) {
     setObjectName(QStringLiteral("fileTable"));
     setUpListing(*this, model, new FileItemDelegate(this));
     setRootIsDecorated(false);
@@ -64,20 +63,12 @@ void FileTableView::resizeEvent(QResizeEvent* event) {
     columns_->fit();
 }
 
-void FileTableView::keyboardSearch(const QString& search) {
-    browser_.selection().type(search);
-}
-
 void FileTableView::fitPictures() {
     constexpr int share = 4; // of what the grid shows
     constexpr int smallest = 16;
     const int side = std::max(browser_.pictureSide() / share, smallest);
     setIconSize({side, side});
     scheduleDelayedItemsLayout();
-}
-
-void FileTableView::startDrag(Qt::DropActions) {
-    dragSelected(*this, browser_);
 }
 
 /// On the picture or the letters of a name.
@@ -91,6 +82,11 @@ bool FileTableView::isOnName(const QPoint& place) const {
     return place.x() < visualRect(index).left() + width;
 }
 
+/// Whoever has selected several may take hold of them anywhere.
+bool FileTableView::isHold(const QPoint& place) const {
+    return isOnName(place) || selectionModel()->isSelected(indexAt(place));
+}
+
 QItemSelection FileTableView::rowsIn(const QRect& content) const {
     const int rows = model()->rowCount();
     const int height = rows == 0 ? 0 : rowHeight(model()->index(0, 0));
@@ -101,26 +97,6 @@ QItemSelection FileTableView::rowsIn(const QRect& content) const {
     const int last = std::min(content.bottom() / height, rows - 1);
     return {model()->index(first, FileListModel::nameColumn),
             model()->index(last, FileListModel::nameColumn)};
-}
-
-void FileTableView::mousePressEvent(QMouseEvent* event) {
-    const QPoint place = event->position().toPoint();
-    dropSelectionBeside(*this, *event);
-    // Whoever has selected several may take hold of them anywhere.
-    const bool isHold = isOnName(place) || selectionModel()->isSelected(indexAt(place));
-    if (event->button() == Qt::LeftButton && !isHold)
-        band_.press(*event);
-    QTreeView::mousePressEvent(event);
-}
-
-void FileTableView::mouseMoveEvent(QMouseEvent* event) {
-    if (!band_.move(*event))
-        QTreeView::mouseMoveEvent(event);
-}
-
-void FileTableView::mouseReleaseEvent(QMouseEvent* event) {
-    if (!band_.release())
-        QTreeView::mouseReleaseEvent(event);
 }
 
 void FileTableView::paintEvent(QPaintEvent* event) {

@@ -30,6 +30,10 @@ public:
     [[nodiscard]] bool move(const QMouseEvent& event);
     /// True when there was a frame.
     [[nodiscard]] bool release();
+    /// Whether there is a frame now.
+    [[nodiscard]] bool isDrawn() const {
+        return isDrawn_;
+    }
     void paint(QPainter& painter) const;
 
 private:

@@ -6,6 +6,7 @@
 #include "base/text/ByteCount.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
+#include "views/common/Layouts.h"
 #include "views/common/PlainText.h"
 #include "views/common/StatusBanner.h"
 #include "views/phone/VolumeCard.h"
@@ -97,9 +98,7 @@ PhonePage::PhonePage(Parts parts, Callbacks callbacks, QWidget* parent)
 
     auto* column = new QWidget;
     column->setMaximumWidth(widest);
-    auto* content = new QVBoxLayout(column);
-    content->setContentsMargins(0, 0, 0, 0);
-    content->setSpacing(12);
+    auto* content = makeColumn(*column, 12);
     content->addWidget(makeHeader());
     content->addWidget(trouble_);
     content->addWidget(makeCommands());

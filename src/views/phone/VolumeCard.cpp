@@ -3,6 +3,7 @@
 #include "app/texts/DisplayNames.h"
 #include "base/text/ByteCount.h"
 #include "views/common/Icons.h"
+#include "views/common/Layouts.h"
 #include "views/phone/UseBar.h"
 
 #include <QHBoxLayout>
@@ -48,9 +49,7 @@ VolumeCard::VolumeCard(const Place& place, std::function<void()> open, QWidget* 
     heading_->setIconSize({18, 18});
     heading_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     heading_->setAutoRaise(true);
-    QFont bold = heading_->font();
-    bold.setWeight(QFont::DemiBold);
-    heading_->setFont(bold);
+    heading_->setFont(demiBold(heading_->font()));
     const bool hasTarget = static_cast<bool>(open);
     if (hasTarget)
         connect(heading_, &QToolButton::clicked, this, [run = std::move(open)] { run(); });
@@ -63,9 +62,7 @@ VolumeCard::VolumeCard(const Place& place, std::function<void()> open, QWidget* 
     line->addWidget(heading_);
     line->addStretch(1);
     line->addWidget(free_);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(4);
+    auto* column = makeColumn(*this, 4);
     column->addLayout(line);
     column->addWidget(bar_);
 }

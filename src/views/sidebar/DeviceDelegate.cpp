@@ -1,6 +1,7 @@
 #include "views/sidebar/DeviceDelegate.h"
 
 #include "views/common/Icons.h"
+#include "views/common/Layouts.h"
 #include "views/common/RowGround.h"
 #include "views/sidebar/DeviceListModel.h"
 
@@ -98,13 +99,11 @@ void DeviceDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
         paintBattery(*painter, glyph, *device->batteryLevel, faint);
         texts.setRight(glyph.left() - width - 12);
     }
-    QFont bold = option.font;
-    bold.setWeight(QFont::DemiBold);
-    painter->setFont(bold);
+    painter->setFont(demiBold(option.font));
     painter->setPen(text);
     painter->drawText(
         QRect(texts.left(), texts.top(), texts.width(), line), Qt::AlignLeft | Qt::AlignVCenter,
-        QFontMetrics(bold).elidedText(index.data().toString(), Qt::ElideRight, texts.width()));
+        painter->fontMetrics().elidedText(index.data().toString(), Qt::ElideRight, texts.width()));
 
     texts.setRight(inner.right());
     int stateTop = texts.top() + line + 4;

@@ -2,6 +2,7 @@
 
 #include "app/LanguageManager.h"
 #include "views/common/EntryDrop.h"
+#include "views/common/Layouts.h"
 #include "views/common/RowGround.h"
 #include "views/sidebar/PlaceListModel.h"
 
@@ -94,9 +95,7 @@ PlaceList::PlaceList(const char* heading, PlaceListModel& model, QWidget* parent
     QFont small = hint_->font();
     small.setPointSizeF(small.pointSizeF() * 0.88);
     hint_->setFont(small);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
+    auto* column = makeColumn(*this);
     column->addWidget(makeSectionHeading(heading));
     column->addWidget(hint_);
     column->addWidget(view_);

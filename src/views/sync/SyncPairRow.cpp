@@ -3,6 +3,7 @@
 #include "app/texts/DisplayNames.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
+#include "views/common/Layouts.h"
 #include "views/common/PlainText.h"
 #include "views/sync/SyncTexts.h"
 
@@ -58,9 +59,7 @@ SyncPairRow::SyncPairRow(SyncViewModel& sync, const QUuid& id, QWidget* parent)
       cancel_(button("dialog-cancel")),
       more_(button("overflow-menu")),
       menu_(new QMenu(this)) {
-    QFont bold = title_->font();
-    bold.setWeight(QFont::DemiBold);
-    title_->setFont(bold);
+    title_->setFont(demiBold(title_->font()));
     QFont small = detail_->font();
     small.setPointSizeF(small.pointSizeF() * 0.88);
     for (QLabel* label : {detail_, state_}) {

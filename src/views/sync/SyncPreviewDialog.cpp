@@ -4,6 +4,7 @@
 #include "app/texts/SyncGuardText.h"
 #include "base/text/ByteFormat.h"
 #include "views/common/Icons.h"
+#include "views/common/Layouts.h"
 #include "views/common/PlainText.h"
 #include "views/sync/SyncFileList.h"
 #include "views/sync/SyncTexts.h"
@@ -57,9 +58,7 @@ SyncPreviewDialog::SyncPreviewDialog(QWidget* parent)
     setObjectName(QStringLiteral("syncPreview"));
     setWindowTitle(tr("What Will Happen"));
     resize(680, 460);
-    QFont bold = title_->font();
-    bold.setWeight(QFont::DemiBold);
-    title_->setFont(bold);
+    title_->setFont(demiBold(title_->font()));
     for (QLabel* label : {title_, counts_, warning_})
         label->setWordWrap(true);
     counts_->setObjectName(QStringLiteral("syncCounts"));

@@ -2,6 +2,7 @@
 
 #include "app/texts/SyncGuardText.h"
 #include "base/text/Printable.h"
+#include "views/common/Layouts.h"
 #include "views/common/PlainText.h"
 #include "views/sync/SyncFileList.h"
 
@@ -46,9 +47,7 @@ QTreeWidget* makeList(const std::vector<DeletionCandidate>& candidates) {
 
 QLabel* boldLabel(const QString& text) {
     auto* label = new QLabel(text);
-    QFont bold = label->font();
-    bold.setWeight(QFont::DemiBold);
-    label->setFont(bold);
+    label->setFont(demiBold(label->font()));
     label->setWordWrap(true);
     return label;
 }

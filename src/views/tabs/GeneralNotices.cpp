@@ -56,6 +56,13 @@ std::optional<BannerMessage> GeneralNotices::current(bool isPhoneReadable) {
     return std::nullopt;
 }
 
+std::function<void()> GeneralNotices::closing(std::function<void()> forget) {
+    return [this, forget = std::move(forget)] {
+        forget();
+        Q_EMIT changed();
+    };
+}
+
 BannerMessage GeneralNotices::ofSettings(const SettingsTrouble& trouble) {
     BannerMessage message;
     message.kind = BannerMessage::Kind::warning;
@@ -68,10 +75,7 @@ BannerMessage GeneralNotices::ofSettings(const SettingsTrouble& trouble) {
         message.text = tr("Your settings could not be stored: %1").arg(printable(trouble.reason));
         message.advice = tr("They hold until Tessary ends, and are tried again with each change.");
     }
-    message.closed = [this, trouble] {
-        closedTrouble_ = trouble;
-        Q_EMIT changed();
-    };
+    message.closed = closing([this, trouble] { closedTrouble_ = trouble; });
     return message;
 }
 
@@ -122,10 +126,7 @@ BannerMessage GeneralNotices::ofRemoval(const ImportRemoval& removal) {
     message.text = words.what;
     message.advice = words.advice;
     message.details = words.details;
-    message.closed = [this] {
-        removal_.reset();
-        Q_EMIT changed();
-    };
+    message.closed = closing([this] { removal_.reset(); });
     return message;
 }
 
@@ -134,10 +135,7 @@ BannerMessage GeneralNotices::ofMount() {
     message.kind = BannerMessage::Kind::error;
     message.text = tr("“%1” could not be opened in the file manager.").arg(printable(*notMounted_));
     message.advice = tr("This computer mounts nothing for its users. FUSE may not be installed.");
-    message.closed = [this] {
-        notMounted_.reset();
-        Q_EMIT changed();
-    };
+    message.closed = closing([this] { notMounted_.reset(); });
     return message;
 }
 
@@ -147,10 +145,7 @@ BannerMessage GeneralNotices::ofConflict() {
     message.text = tr("Another program on this computer opens phones, too.");
     message.advice = tr("If a phone does not show its files here, have that program release it.");
     message.actions.push_back({tr("Release the Phone"), [this] { releaseDevice(); }});
-    message.closed = [this] {
-        isConflictClosed_ = true;
-        Q_EMIT changed();
-    };
+    message.closed = closing([this] { isConflictClosed_ = true; });
     return message;
 }
 

@@ -36,6 +36,8 @@ Q_SIGNALS:
     void changed();
 
 private:
+    /// For a notice's end by the user: forgets what it was about, and shows what comes next.
+    [[nodiscard]] std::function<void()> closing(std::function<void()> forget);
     [[nodiscard]] BannerMessage ofSettings(const SettingsTrouble& trouble);
     [[nodiscard]] std::optional<BannerMessage> ofSync();
     [[nodiscard]] std::optional<BannerMessage> ofCopies();

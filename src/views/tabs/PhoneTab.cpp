@@ -4,6 +4,7 @@
 #include "app/texts/DisplayNames.h"
 #include "base/text/Printable.h"
 #include "views/browser/AppListView.h"
+#include "views/common/Layouts.h"
 #include "views/common/PlainText.h"
 #include "views/import/ImportView.h"
 #include "views/phone/PhonePage.h"
@@ -36,9 +37,7 @@ PhoneTab::PhoneTab(const Shared& shared)
       banner_(new WindowBanner({app_, browser_, shared_.notices, choice_})),
       pages_(makePages()) {
     // The banner comes from below: nothing moves away under the pointer.
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
+    auto* column = makeColumn(*this);
     column->addWidget(pages_, 1);
     column->addWidget(banner_);
     view_->setFavorites(favoriteCommands());

@@ -1,6 +1,7 @@
 #include "views/tabs/Tabs.h"
 
 #include "app/LanguageManager.h"
+#include "views/common/Layouts.h"
 #include "views/common/PlainText.h"
 #include "views/tabs/PhoneTab.h"
 
@@ -28,9 +29,7 @@ Tabs::Tabs(Make make, QWidget* parent)
     bar_->setAcceptDrops(true);
     bar_->installEventFilter(this);
     keepTranslated(bar_, [this] { bar_->setAccessibleName(tr("Tabs")); });
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
+    auto* column = makeColumn(*this);
     column->addWidget(bar_);
     column->addWidget(stack_, 1);
     insert(0);

@@ -3,6 +3,7 @@
 #include "app/LanguageManager.h"
 #include "base/text/ByteFormat.h"
 #include "views/common/Icons.h"
+#include "views/common/Layouts.h"
 #include "views/transfers/TransferDelegate.h"
 
 #include <QHBoxLayout>
@@ -44,9 +45,7 @@ TransferPanel::TransferPanel(CopyQueue& queue, Callbacks callbacks, QWidget* par
       list_(new QListView) {
     setObjectName(QStringLiteral("transferPanel"));
     auto* heading = new QLabel;
-    QFont bold = heading->font();
-    bold.setWeight(QFont::DemiBold);
-    heading->setFont(bold);
+    heading->setFont(demiBold(heading->font()));
     title_->setForegroundRole(QPalette::PlaceholderText);
     title_->setObjectName(QStringLiteral("transferSummary"));
 
@@ -95,9 +94,7 @@ TransferPanel::TransferPanel(CopyQueue& queue, Callbacks callbacks, QWidget* par
     header->addWidget(cancelAll_);
     header->addWidget(clear_);
     header->addWidget(history_);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
+    auto* column = makeColumn(*this);
     column->addLayout(header);
     column->addWidget(list_, 1);
     keepTranslated(this, [this, heading] {

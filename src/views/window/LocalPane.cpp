@@ -2,6 +2,7 @@
 
 #include "app/texts/ProblemText.h"
 #include "transfer/local/LocalFileSystem.h"
+#include "views/common/Layouts.h"
 #include "views/common/StatusBanner.h"
 #include "views/common/TableColumns.h"
 #include "views/common/WindowStateStore.h"
@@ -20,9 +21,7 @@ LocalPane::LocalPane(TessaryApp& app, BrowserSetup setup, CopyDialogs dialogs,
       view_(new BrowserView(browser_, std::move(dialogs), std::move(openLocalFile))),
       banner_(new StatusBanner) {
     setObjectName(QStringLiteral("localPane"));
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
+    auto* column = makeColumn(*this);
     column->addWidget(view_, 1);
     column->addWidget(banner_);
     setMinimumWidth(260);

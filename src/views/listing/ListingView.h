@@ -1,0 +1,52 @@
+#pragma once
+
+#include "browser/model/FileBrowserViewModel.h"
+#include "views/listing/FileViews.h"
+#include "views/listing/RubberBand.h"
+
+#include <QMouseEvent>
+
+#include <utility>
+
+namespace tessary {
+
+/// What the files' table and grid do alike, on the view of Qt's that each of them is: drags, frames
+/// that select, and letters that lead to a name.
+template <typename View>
+class ListingView : public View {
+public:
+    void keyboardSearch(const QString& search) override {
+        browser_.selection().type(search);
+    }
+
+protected:
+    /// `browser` outlives the view.
+    ListingView(FileBrowserViewModel& browser, RubberBand::Touched touched, QWidget* parent)
+        : View(parent), browser_(browser), band_(*this, std::move(touched)) {}
+
+    /// Whether a press there takes hold of an entry; elsewhere a frame begins.
+    [[nodiscard]] virtual bool isHold(const QPoint& place) const = 0;
+
+    void mousePressEvent(QMouseEvent* event) override {
+        dropSelectionBeside(*this, *event);
+        if (event->button() == Qt::LeftButton && !isHold(event->position().toPoint()))
+            band_.press(*event);
+        View::mousePressEvent(event);
+    }
+    void mouseMoveEvent(QMouseEvent* event) override {
+        if (!band_.move(*event))
+            View::mouseMoveEvent(event);
+    }
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        if (!band_.release())
+            View::mouseReleaseEvent(event);
+    }
+    void startDrag(Qt::DropActions) override {
+        dragSelected(*this, browser_);
+    }
+
+    FileBrowserViewModel& browser_;
+    RubberBand band_;
+};
+
+} // namespace tessary
