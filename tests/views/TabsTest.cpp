@@ -1,9 +1,13 @@
 #include "views/tabs/Tabs.h"
 #include "WindowFixture.h"
+#include "views/common/WindowStateStore.h"
 #include "views/listing/TranslatedFileModel.h"
+#include "views/window/WindowSession.h"
 
 #include <QDropEvent>
+#include <QJsonObject>
 #include <QMenuBar>
+#include <QStyle>
 #include <QTabBar>
 
 namespace tessary {
@@ -25,10 +29,35 @@ protected:
     [[nodiscard]] bool isIn(const QString& folder) const {
         return path() == folder && !window_->browser().isLoading() && table().hasFocus();
     }
+    /// Has the window of a new start of the program begin where the last one ended.
+    void startAgain() {
+        close();
+        open(bus_);
+        session_ = std::make_unique<WindowSession>(*window_, *defaults_);
+        session_->reopen();
+    }
+    void close() {
+        session_.reset();
+        AppWindowFixture::close();
+    }
+    ~TabsTest() override {
+        close();
+    }
+    [[nodiscard]] QStringList titles() const {
+        QStringList all;
+        for (int i = 0; i < bar().count(); ++i)
+            all.append(bar().tabText(i));
+        return all;
+    }
+    [[nodiscard]] QPoint middleOf(int tab) const {
+        return bar().tabRect(tab).center();
+    }
     void middleClick(const QString& name) const {
         QTest::mouseClick(table().viewport(), Qt::MiddleButton, {},
                           table().visualRect(row(name)).center());
     }
+
+    std::unique_ptr<WindowSession> session_ = std::make_unique<WindowSession>(*window_, *defaults_);
 };
 
 TEST_F(TabsTest, eachTabHasAPlaceAndKeysOfItsOwn) {
@@ -72,9 +101,10 @@ TEST_F(TabsTest, eachTabHasAPlaceAndKeysOfItsOwn) {
     EXPECT_FALSE(window_->isVisible()) << "with the last one goes the window";
 }
 
-TEST_F(TabsTest, aFolderOpensBehindByTheMiddleButtonAndTakesWhatIsDroppedOnItsTab) {
+TEST_F(TabsTest, aFolderOpensBehindAndTakesWhatIsDroppedOnItsTab) {
     openFolder();
-    middleClick(u"Trip"_s);
+    click(u"Trip"_s);
+    press(Qt::Key_Return, Qt::ControlModifier);
     middleClick(u"alpha.txt"_s);
     ASSERT_EQ(bar().count(), 2) << "a file is no folder";
     EXPECT_EQ(path(), u"/sdcard/DCIM"_s) << "what is shown stays";
@@ -83,26 +113,73 @@ TEST_F(TabsTest, aFolderOpensBehindByTheMiddleButtonAndTakesWhatIsDroppedOnItsTa
 
     const QString id = row(u"alpha.txt"_s).data(FileListModel::idRole).toString();
     const EntryMimeData dragged(window_->browser().files(), {*window_->browser().itemWithId(id)});
-    const auto drop = [&](int tab) {
-        const QPoint spot = bar().tabRect(tab).center();
-        const Qt::DropActions actions = Qt::MoveAction | Qt::CopyAction;
-        QDragEnterEvent enter(spot, actions, &dragged, Qt::LeftButton, {});
+    const Qt::DropActions actions = Qt::MoveAction | Qt::CopyAction;
+    const auto hover = [&](int tab) {
+        QDragEnterEvent enter(middleOf(tab), actions, &dragged, Qt::LeftButton, {});
         QApplication::sendEvent(&bar(), &enter);
-        QDragMoveEvent move(spot, actions, &dragged, Qt::LeftButton, {});
+        QDragMoveEvent move(middleOf(tab), actions, &dragged, Qt::LeftButton, {});
         QApplication::sendEvent(&bar(), &move);
-        QDropEvent end(spot, actions, &dragged, Qt::LeftButton, {});
-        if (move.isAccepted())
-            QApplication::sendEvent(&bar(), &end);
         return move.isAccepted();
+    };
+    const auto drop = [&](int tab) {
+        const bool isTaken = hover(tab);
+        QDropEvent end(middleOf(tab), actions, &dragged, Qt::LeftButton, {});
+        if (isTaken)
+            QApplication::sendEvent(&bar(), &end);
+        return isTaken;
     };
     EXPECT_FALSE(drop(0)) << "it is there already";
     EXPECT_TRUE(drop(1));
     EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/Trip/alpha.txt"_s) == "a"; }));
     EXPECT_TRUE(phone_.content(u"DCIM/alpha.txt"_s).isNull());
+
+    // Where a drag rests, its tab is shown; one that went on in time is not.
+    (void)hover(1);
+    QDragLeaveEvent leave;
+    QApplication::sendEvent(&bar(), &leave);
+    QTest::qWait(2 * bar().style()->styleHint(QStyle::SH_TabBar_ChangeCurrentDelay));
+    EXPECT_EQ(bar().currentIndex(), 0);
+    (void)hover(1);
+    EXPECT_TRUE(wait([this] { return isIn(u"/sdcard/DCIM/Trip"_s); }));
+}
+
+TEST_F(TabsTest, theyComeBackAsTheyWereMovedAtTheNextStart) {
+    session_->reopen();
+    openFolder();
+    middleClick(u"Trip"_s);
+    ASSERT_TRUE(wait([this] { return titles() == QStringList{u"DCIM"_s, u"Trip"_s}; }));
+    const QPoint to = middleOf(1) + QPoint(bar().tabRect(1).width() / 2, 0);
+    QTest::mousePress(&bar(), Qt::LeftButton, {}, middleOf(0));
+    QTest::mouseMove(&bar(), (middleOf(0) + to) / 2);
+    QTest::mouseMove(&bar(), to);
+    QTest::mouseRelease(&bar(), Qt::LeftButton, {}, to);
+    ASSERT_TRUE(wait([this] { return titles() == QStringList{u"Trip"_s, u"DCIM"_s}; }));
+    press(Qt::Key_PageUp, Qt::ControlModifier);
+    EXPECT_TRUE(wait([this] { return isIn(u"/sdcard/DCIM/Trip"_s); })) << "what is shown moved too";
+    window_->openWindow({phone_.info.udid, std::nullopt, u"/sdcard"_s});
+    activate();
+    press(Qt::Key_Q, Qt::ControlModifier);
+    phone_.android.unplug();
+
+    startAgain();
+    EXPECT_EQ(titles(), (QStringList{u"Trip"_s, u"DCIM"_s})) << "the phone is not there yet";
+    ASSERT_EQ(window_->allWindows().size(), 2U);
+    EXPECT_FALSE(window_->browser().problem());
+    PluggedPhone another(bus_, phoneConfig("ANOTHER", "1-2"));
+    phone_.android.plugInto(bus_);
+    EXPECT_TRUE(wait([this] { return path() == u"/sdcard/DCIM/Trip"_s && isShown(u"one.txt"_s); }));
+    EXPECT_EQ(tabs()[1]->browser().currentPath(), u"/sdcard/DCIM"_s);
+    EXPECT_EQ(window_->allWindows()[1]->browser().currentPath(), u"/sdcard"_s);
+
+    defaults_->setValue(WindowStateStore::openTabsKey,
+                        QJsonArray{5, QJsonObject{{u"tabs"_s, QJsonArray{u"x"_s, QJsonObject()}}}});
+    startAgain();
+    EXPECT_EQ(window_->allWindows().size(), 1U) << "nonsense opens nothing";
+    close();
 }
 
 TEST_F(TabsTest, quittingAsksOnceAndClosesAllWindowsOrNone) {
-    MainWindow& second = window_->openWindow();
+    MainWindow& second = window_->openWindow(window_->place());
     activate();
     phone_.fault([](VirtualFaults& faults) { faults.delayEach = std::chrono::milliseconds(500); });
     openFolder();

@@ -23,6 +23,7 @@
 #include "views/dialogs/UpdateAlerts.h"
 #include "views/window/ApplicationWindows.h"
 #include "views/window/MainWindow.h"
+#include "views/window/WindowSession.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -173,6 +174,8 @@ int main(int argc, char** argv) {
     MainWindow window(app);
     window.show();
     ApplicationWindows windows(window);
+    WindowSession session(window, app.defaults());
+    session.reopen();
     UpdateAlerts alerts(app.updateChecker(), window);
     alerts.addCommand(*window.menuBar());
     TaskbarProgress taskbar;

@@ -78,7 +78,7 @@ void WindowStateStore::setOn(bool on) {
         keepDays(tab.browser);
         return;
     }
-    for (const View key : {windowKey, columnsKey, daysKey, devicesKey})
+    for (const View key : {windowKey, columnsKey, daysKey, devicesKey, openTabsKey})
         defaults_.setValue(key, QJsonValue::Undefined);
 }
 

@@ -24,6 +24,7 @@ public:
     static constexpr QLatin1StringView columnsKey{"Tessary_Columns"};
     static constexpr QLatin1StringView daysKey{"Tessary_GroupedByDay"};
     static constexpr QLatin1StringView devicesKey{"Tessary_DeviceViews"};
+    static constexpr QLatin1StringView openTabsKey{"Tessary_OpenTabs"};
     /// Whether the files of a device that was never shown begin as pictures.
     static constexpr QLatin1StringView newDevicesInGridKey{"Tessary_NewPhonesInGrid"};
     static constexpr int mostDevices = 50; ///< the one that was changed longest ago goes

@@ -18,6 +18,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace tessary {
 
@@ -154,19 +155,47 @@ std::optional<DeviceInfo> PhoneTab::device() const {
 void PhoneTab::choose(const DeviceInfo* device) {
     udid_ = device == nullptr ? QString() : device->udid;
     choice_.choose(device);
+    if (awaited_ && awaited_->udid == udid_)
+        goToAwaited();
 }
 
-void PhoneTab::openLike(const PhoneTab& other, const QString& path) {
-    const auto shown = other.device();
-    if (!shown)
+std::optional<TabPlace> PhoneTab::place() const {
+    if (awaited_ && udid_.isEmpty())
+        return awaited_;
+    const auto& active = browser_.activeDevice();
+    if (!active)
+        return std::nullopt;
+    if (choice_.isAtPhone())
+        return TabPlace{active->udid, std::nullopt, {}};
+    return TabPlace{active->udid, choice_.app(), browser_.currentPath()};
+}
+
+void PhoneTab::open(const TabPlace& place) {
+    constexpr std::chrono::seconds start(10);
+    if (place.udid.isEmpty())
         return;
-    choose(&*shown);
-    if (path.isEmpty())
+    awaited_ = place;
+    isStarting_.setRemainingTime(start);
+    lookForAwaited();
+    Q_EMIT changed();
+}
+
+void PhoneTab::lookForAwaited() {
+    const auto& all = app_.deviceManager().devices();
+    const auto found = std::ranges::find(all, awaited_->udid, &DeviceInfo::udid);
+    if (found != all.end())
+        choose(&*found);
+}
+
+/// The phone is chosen.
+void PhoneTab::goToAwaited() {
+    const TabPlace place = *std::exchange(awaited_, std::nullopt);
+    if (place.path.isEmpty())
         return;
-    if (shown->platform == DevicePlatform::android)
-        browser_.navigateTo(path);
-    else if (other.choice_.app())
-        choice_.openApp(*other.choice_.app(), path);
+    if (place.app)
+        choice_.openApp(*place.app, place.path);
+    else
+        browser_.navigateTo(place.path);
 }
 
 FavoriteSource PhoneTab::favoriteSource() const {
@@ -198,7 +227,9 @@ QString PhoneTab::title() const {
     const auto there = device();
     const auto& shown = there ? there : browser_.activeDevice(); // it may be away
     if (!shown)
-        return QStringLiteral("Tessary");
+        return awaited_ && !awaited_->path.isEmpty()
+                   ? printable(awaited_->path.section(QLatin1Char('/'), -1))
+                   : QStringLiteral("Tessary");
     if (choice_.isImporting())
         return tr("Import Photos");
     if (choice_.isChoosingApp())
@@ -222,6 +253,9 @@ void PhoneTab::focusPage() {
 }
 
 void PhoneTab::follow() {
+    // Another phone that came before it was shown meanwhile.
+    if (awaited_ && (udid_.isEmpty() || (!isStarting_.hasExpired() && choice_.isAtPhone())))
+        lookForAwaited();
     choice_.follow();
     show();
 }

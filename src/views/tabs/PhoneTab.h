@@ -9,7 +9,9 @@
 #include "views/sidebar/PlaceListModel.h"
 #include "views/tabs/GeneralNotices.h"
 #include "views/tabs/PhoneChoice.h"
+#include "views/tabs/TabPlace.h"
 
+#include <QDeadlineTimer>
 #include <QSet>
 #include <QWidget>
 
@@ -70,8 +72,11 @@ public:
     [[nodiscard]] std::optional<DeviceInfo> device() const;
     /// Shows a phone at the place where it was left, or nothing.
     void choose(const DeviceInfo* device);
-    /// Shows the phone of another tab, at a folder of what that one browses.
-    void openLike(const PhoneTab& other, const QString& path);
+    /// What is shown, or waited for; no value without a phone.
+    [[nodiscard]] std::optional<TabPlace> place() const;
+    /// Shows a place, at once or when its phone comes. Until then nothing, or what the user
+    /// chooses.
+    void open(const TabPlace& place);
     /// What is browsed of device(), for favorites.
     [[nodiscard]] FavoriteSource favoriteSource() const;
     /// The names of the folders in the main storage of the phone that is browsed, once it was
@@ -98,11 +103,15 @@ private:
     [[nodiscard]] WindowPages* makePages();
     [[nodiscard]] FavoriteCommands favoriteCommands();
     void troubleChanged(const QString& deviceId);
+    void lookForAwaited();
+    void goToAwaited();
     void show();
 
     const Shared shared_;
     TessaryApp& app_;
-    QString udid_; ///< of the phone that was chosen
+    QString udid_;                    ///< of the phone that was chosen
+    std::optional<TabPlace> awaited_; ///< of a phone that was not there yet
+    QDeadlineTimer isStarting_;       ///< phones come one by one
     FileBrowserViewModel browser_;
     AppListViewModel apps_;
     ImportViewModel import_;

@@ -91,6 +91,7 @@ PhoneTab* MainWindow::makeTab() {
                       [this](const QWidget& focus) { return sidebar_->isAncestorOf(&focus); },
                       [this](const QWidget& anchor) { showSync(anchor); },
                       [this](const QString& path) { openTab(path, false); }});
+    connect(tab, &PhoneTab::changed, &firstWindow(), &MainWindow::placesChanged);
     connect(tab, &PhoneTab::changed, this, [this, tab] {
         if (tab == &this->tab())
             followTab();
@@ -123,10 +124,8 @@ QWidget* MainWindow::makeContent() {
 
 void MainWindow::makeMenus() {
     MainMenuCallbacks callbacks;
-    callbacks.newWindow = [this] { openWindow(); };
-    callbacks.newTab = [this] {
-        openTab(choice().isAtPhone() ? QString() : browser().currentPath(), true);
-    };
+    callbacks.newWindow = [this] { openWindow(place()); };
+    callbacks.newTab = [this] { openTab(place(), true); };
     callbacks.closeTab = [this] { closeTab(tab()); };
     callbacks.nextTab = [this] { tabs_->step(1); };
     callbacks.previousTab = [this] { tabs_->step(-1); };
@@ -146,16 +145,29 @@ PhoneTab& MainWindow::tab() const {
     return tabs_->current();
 }
 
+TabPlace MainWindow::place() const {
+    return tab().place().value_or(TabPlace());
+}
+
 PhoneTab& MainWindow::openTab(const QString& path, bool isShown) {
-    PhoneTab& from = tab();
+    TabPlace there = place();
+    there.path = path;
+    return openTab(there, isShown);
+}
+
+PhoneTab& MainWindow::openTab(const TabPlace& place, bool isShown) {
     PhoneTab& opened = tabs_->add();
     useKeys(opened.view().actions(), false);
     stateStore_->addTab({opened.browser(), opened.view().columns()});
-    opened.openLike(from, path);
+    opened.open(place);
     browser().takeDragFailures(); // the new one has them otherwise
     if (isShown)
         tabs_->show(opened);
     return opened;
+}
+
+void MainWindow::showTab(PhoneTab& tab) {
+    tabs_->show(tab);
 }
 
 void MainWindow::closeTab(PhoneTab& tab) {
@@ -167,15 +179,20 @@ void MainWindow::closeTab(PhoneTab& tab) {
 
 void MainWindow::endTab(PhoneTab& closed) {
     tabs_->close(closed);
+    Q_EMIT firstWindow().placesChanged();
     tab().view().takeClipboard(closed.view());
 }
 
-MainWindow& MainWindow::openWindow() {
-    MainWindow& first = first_ == nullptr ? *this : *first_;
+MainWindow& MainWindow::firstWindow() {
+    return first_ == nullptr ? *this : *first_;
+}
+
+MainWindow& MainWindow::openWindow(const TabPlace& place) {
+    MainWindow& first = firstWindow();
     auto* window = new MainWindow(app_, dialogs_, openLocalFile_, &first);
     window->setAttribute(Qt::WA_DeleteOnClose);
     first.others_.emplace_back(window);
-    window->tab().openLike(tab(), choice().isAtPhone() ? QString() : browser().currentPath());
+    window->tab().open(place);
     window->followTab();
     constexpr QPoint aside(36, 36);
     window->move(pos() + aside);
@@ -192,7 +209,7 @@ bool MainWindow::isTheOnlyOne() const {
 }
 
 std::vector<MainWindow*> MainWindow::allWindows() {
-    MainWindow& first = first_ == nullptr ? *this : *first_;
+    MainWindow& first = firstWindow();
     std::vector<MainWindow*> all{&first};
     for (const QPointer<MainWindow>& other : first.others_)
         if (other)
@@ -294,12 +311,14 @@ void MainWindow::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     if (!event->spontaneous())
         app_.deviceManager().startListening();
+    Q_EMIT firstWindow().placesChanged();
 }
 
 void MainWindow::hideEvent(QHideEvent* event) {
     QMainWindow::hideEvent(event);
     if (!event->spontaneous() && isTheOnlyOne())
         app_.deviceManager().stopListening();
+    Q_EMIT firstWindow().placesChanged();
 }
 
 void MainWindow::changeEvent(QEvent* event) {
@@ -352,6 +371,7 @@ void MainWindow::quit() {
     const auto windows = allWindows();
     if (!mayEnd(true, std::ranges::any_of(windows, &MainWindow::isChanging)))
         return;
+    Q_EMIT firstWindow().quitting();
     for (MainWindow* window : windows)
         window->hasAgreed_ = true;
     QApplication::closeAllWindows();
@@ -367,6 +387,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 /// Another tab is shown: keys, menus and sidebar are its own now.
 void MainWindow::tabChanged() {
+    Q_EMIT firstWindow().placesChanged();
     chooseFirst();
     panes_->usePhone(browserView());
     sidebar_->setDrops(browserView().drops());

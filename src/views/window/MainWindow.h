@@ -42,15 +42,26 @@ public:
                         MainWindow* first = nullptr);
     ~MainWindow() override;
 
-    /// Opens another window, on the phone and folder of this one.
-    MainWindow& openWindow();
-    /// Opens a tab on the phone of this one, at a folder, and shows it or leaves what is shown.
+    /// Opens another window at a place.
+    MainWindow& openWindow(const TabPlace& place);
+    /// Opens a tab at a place, and shows it or leaves what is shown.
+    PhoneTab& openTab(const TabPlace& place, bool isShown);
+    /// The same on the phone of the tab that is shown, at a folder of what that one browses.
     PhoneTab& openTab(const QString& path, bool isShown);
+    void showTab(PhoneTab& tab);
     /// Ends a tab, and with the last one the window, once the user agrees to what ends with it.
     void closeTab(PhoneTab& tab);
     /// Ends the program, once the user agrees to what ends with it; all windows stay otherwise.
     void quit();
 
+    /// This one and all others, in the order in which they were opened; one that was closed is
+    /// there, and hidden, if it is the first.
+    [[nodiscard]] std::vector<MainWindow*> allWindows();
+    [[nodiscard]] const Tabs& tabs() const {
+        return *tabs_;
+    }
+    /// Where a window or tab that is opened from this one begins.
+    [[nodiscard]] TabPlace place() const;
     /// The tab that is shown; what follows is its.
     [[nodiscard]] PhoneTab& tab() const;
     [[nodiscard]] FileBrowserViewModel& browser() {
@@ -81,6 +92,12 @@ public:
     /// Opens what was copied in the last month, or brings it to the front.
     void showCopyHistory();
 
+Q_SIGNALS:
+    /// Of the first window: what one of the windows shows, or which of them are open.
+    void placesChanged();
+    /// The same: the user wants to quit, and all windows close.
+    void quitting();
+
 protected:
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
@@ -90,6 +107,7 @@ protected:
 private:
     [[nodiscard]] Sidebar::Callbacks sidebarCallbacks();
     [[nodiscard]] bool isTheOnlyOne() const;
+    [[nodiscard]] MainWindow& firstWindow();
     [[nodiscard]] PhoneTab* makeTab();
     [[nodiscard]] QWidget* makeContent();
     void makeMenus();
@@ -103,7 +121,6 @@ private:
     void endTab(PhoneTab& closed);
     void chooseFirst();
     void followTab();
-    [[nodiscard]] std::vector<MainWindow*> allWindows();
     [[nodiscard]] bool isChanging() const;
     [[nodiscard]] bool mayEnd(bool endsAll, bool endsChanges);
 

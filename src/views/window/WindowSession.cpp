@@ -1,0 +1,97 @@
+#include "views/window/WindowSession.h"
+
+#include "views/common/WindowStateStore.h"
+#include "views/tabs/Tabs.h"
+#include "views/window/MainWindow.h"
+
+#include <QCoreApplication>
+#include <QJsonObject>
+
+#include <algorithm>
+
+namespace tessary {
+
+namespace {
+
+using Field = QLatin1StringView;
+
+QJsonObject written(MainWindow& window) {
+    QJsonArray tabs;
+    qsizetype shown = 0;
+    for (const PhoneTab* tab : window.tabs().all()) {
+        const auto place = tab->place();
+        if (!place)
+            continue;
+        if (tab == &window.tab())
+            shown = tabs.size();
+        tabs.append(place->toJson());
+    }
+    return {{Field("tabs"), tabs}, {Field("shown"), shown}};
+}
+
+std::vector<TabPlace> placesOf(const QJsonObject& window) {
+    std::vector<TabPlace> places;
+    for (const QJsonValue& tab : window.value(Field("tabs")).toArray())
+        if (const auto place = TabPlace::fromJson(tab.toObject());
+            place && places.size() < WindowSession::mostTabs)
+            places.push_back(*place);
+    return places;
+}
+
+void openTabs(MainWindow& window, const std::vector<TabPlace>& places, qsizetype shown) {
+    // Each is opened beside the one that is shown: the last ones first.
+    for (std::size_t i = places.size(); i-- > 1;)
+        window.openTab(places[i], false);
+    const auto& tabs = window.tabs().all();
+    window.showTab(*tabs[static_cast<std::size_t>(
+        std::clamp<qsizetype>(shown, 0, static_cast<qsizetype>(tabs.size()) - 1))]);
+}
+
+} // namespace
+
+WindowSession::WindowSession(MainWindow& first, UserDefaults& defaults)
+    : first_(first), defaults_(defaults) {
+    connect(&first, &MainWindow::quitting, this, [this] { isOver_ = true; });
+    connect(qApp, &QCoreApplication::aboutToQuit, this, [this] { isOver_ = true; });
+}
+
+void WindowSession::reopen() {
+    MainWindow* window = nullptr;
+    qsizetype count = 0;
+    if (!defaults_.value(WindowStateStore::isOffKey).toBool())
+        for (const QJsonValue& each : defaults_.value(WindowStateStore::openTabsKey).toArray()) {
+            const QJsonObject json = each.toObject();
+            const std::vector<TabPlace> places = placesOf(json);
+            if (places.empty() || ++count > mostWindows)
+                continue;
+            if (window == nullptr) {
+                window = &first_;
+                first_.tab().open(places.front());
+            } else {
+                window = &window->openWindow(places.front());
+            }
+            openTabs(*window, places, json.value(Field("shown")).toInteger());
+        }
+    connect(&first_, &MainWindow::placesChanged, this, &WindowSession::keep);
+}
+
+QJsonArray WindowSession::openNow() const {
+    QJsonArray windows;
+    for (MainWindow* window : first_.allWindows())
+        if (window->isVisible())
+            windows.append(written(*window));
+    return windows;
+}
+
+/// The last window that closes is what comes back: without one there is nothing to keep.
+void WindowSession::keep() {
+    if (isOver_ || defaults_.value(WindowStateStore::isOffKey).toBool())
+        return;
+    const QJsonArray now = openNow();
+    if (now.isEmpty() || now == kept_)
+        return;
+    kept_ = now;
+    defaults_.setValue(WindowStateStore::openTabsKey, now);
+}
+
+} // namespace tessary
