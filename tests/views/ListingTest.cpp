@@ -226,6 +226,25 @@ TEST_F(ListingTest, shiftGoesOnFromWhereTheHandWasLast) {
     }
 }
 
+TEST_F(ListingTest, theEntryBehindWhatWasDeletedHasTheKeyboard) {
+    for (const bool isGrid : {false, true}) {
+        if (isGrid)
+            showGrid();
+        const int first = isGrid ? 6 : 2;
+        const auto idOf = [&](int n) {
+            return row(nameOf(n)).data(FileListModel::idRole).toString();
+        };
+        window_->browser().selection().set({idOf(first), idOf(first + 2)}, idOf(first));
+        whileAsked(u"Delete"_s);
+        press(Qt::Key_Delete);
+        ASSERT_TRUE(wait([&] { return !row(nameOf(first + 2)).isValid(); }));
+        activate();
+        EXPECT_EQ(window_->browserView().currentListing().currentIndex().data(), nameOf(first + 1));
+        press(Qt::Key_Down, Qt::ShiftModifier);
+        EXPECT_TRUE(selected().starts_with(std::to_string(first + 1))) << selected();
+    }
+}
+
 TEST_F(ListingTest, columnsAreKeptAsTheyWereLeft) {
     QHeaderView* columns = table().header();
     const auto width = [&] { return table().viewport()->width(); };

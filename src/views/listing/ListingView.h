@@ -4,6 +4,7 @@
 #include "views/listing/FileViews.h"
 #include "views/listing/RubberBand.h"
 
+#include <QItemSelectionModel>
 #include <QMouseEvent>
 
 #include <utility>
@@ -27,6 +28,14 @@ protected:
     /// Whether a press there takes hold of an entry; elsewhere a frame begins.
     [[nodiscard]] virtual bool isHold(const QPoint& place) const = 0;
 
+    /// Behind what goes, the keyboard is on the entry that comes next; Qt would go back by one.
+    void rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last) override {
+        const QModelIndex current = this->currentIndex();
+        if (current.row() >= first && current.row() <= last && last + 1 < this->model()->rowCount())
+            this->selectionModel()->setCurrentIndex(current.siblingAtRow(last + 1),
+                                                    QItemSelectionModel::NoUpdate);
+        View::rowsAboutToBeRemoved(parent, first, last);
+    }
     void mousePressEvent(QMouseEvent* event) override {
         dropSelectionBeside(*this, *event);
         if (event->button() == Qt::LeftButton && !isHold(event->position().toPoint()))
