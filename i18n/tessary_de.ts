@@ -1463,6 +1463,50 @@
         <source>The sync with %1 left some files as they are.</source>
         <translation>Der Abgleich mit %1 hat einige Dateien gelassen, wie sie sind.</translation>
     </message>
+    <message>
+        <source>Copied to the phone</source>
+        <translation>Auf das Telefon kopiert</translation>
+    </message>
+    <message>
+        <source>Replaced on the phone</source>
+        <translation>Auf dem Telefon ersetzt</translation>
+    </message>
+    <message>
+        <source>Copied to this computer</source>
+        <translation>Auf diesen Computer kopiert</translation>
+    </message>
+    <message>
+        <source>Replaced on this computer</source>
+        <translation>Auf diesem Computer ersetzt</translation>
+    </message>
+    <message>
+        <source>Moved to the phone</source>
+        <translation>Auf das Telefon verschoben</translation>
+    </message>
+    <message>
+        <source>Moved to this computer</source>
+        <translation>Auf diesen Computer verschoben</translation>
+    </message>
+    <message>
+        <source>Kept both versions</source>
+        <translation>Beide Fassungen behalten</translation>
+    </message>
+    <message>
+        <source>Deleted on the phone</source>
+        <translation>Auf dem Telefon gelöscht</translation>
+    </message>
+    <message>
+        <source>Deleted on this computer</source>
+        <translation>Auf diesem Computer gelöscht</translation>
+    </message>
+    <message>
+        <source>Renamed on the phone</source>
+        <translation>Auf dem Telefon umbenannt</translation>
+    </message>
+    <message>
+        <source>Renamed on this computer</source>
+        <translation>Auf diesem Computer umbenannt</translation>
+    </message>
 </context>
 <context>
     <name>tessary::AppListView</name>

@@ -1463,6 +1463,50 @@
         <source>The sync with %1 left some files as they are.</source>
         <translation>La sincronización con %1 dejó algunos archivos como están.</translation>
     </message>
+    <message>
+        <source>Copied to the phone</source>
+        <translation>Copiado al teléfono</translation>
+    </message>
+    <message>
+        <source>Replaced on the phone</source>
+        <translation>Reemplazado en el teléfono</translation>
+    </message>
+    <message>
+        <source>Copied to this computer</source>
+        <translation>Copiado a este ordenador</translation>
+    </message>
+    <message>
+        <source>Replaced on this computer</source>
+        <translation>Reemplazado en este ordenador</translation>
+    </message>
+    <message>
+        <source>Moved to the phone</source>
+        <translation>Movido al teléfono</translation>
+    </message>
+    <message>
+        <source>Moved to this computer</source>
+        <translation>Movido a este ordenador</translation>
+    </message>
+    <message>
+        <source>Kept both versions</source>
+        <translation>Se conservaron ambas versiones</translation>
+    </message>
+    <message>
+        <source>Deleted on the phone</source>
+        <translation>Eliminado en el teléfono</translation>
+    </message>
+    <message>
+        <source>Deleted on this computer</source>
+        <translation>Eliminado en este ordenador</translation>
+    </message>
+    <message>
+        <source>Renamed on the phone</source>
+        <translation>Renombrado en el teléfono</translation>
+    </message>
+    <message>
+        <source>Renamed on this computer</source>
+        <translation>Renombrado en este ordenador</translation>
+    </message>
 </context>
 <context>
     <name>tessary::AppListView</name>

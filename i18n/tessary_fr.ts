@@ -1268,7 +1268,7 @@
     </message>
     <message>
         <source>“%1” takes too long to be copied while it is dragged.</source>
-        <translation>La copie de « %1 » est trop longue pour un glisser-déposer.</translation>
+        <translation>La copie de «&#xa0;%1&#xa0;» est trop longue pour un glisser-déposer.</translation>
     </message>
 </context>
 <context>
@@ -1462,6 +1462,50 @@
     <message>
         <source>The sync with %1 left some files as they are.</source>
         <translation>La synchronisation avec %1 a laissé certains fichiers tels quels.</translation>
+    </message>
+    <message>
+        <source>Copied to the phone</source>
+        <translation>Copié sur le téléphone</translation>
+    </message>
+    <message>
+        <source>Replaced on the phone</source>
+        <translation>Remplacé sur le téléphone</translation>
+    </message>
+    <message>
+        <source>Copied to this computer</source>
+        <translation>Copié sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>Replaced on this computer</source>
+        <translation>Remplacé sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>Moved to the phone</source>
+        <translation>Déplacé vers le téléphone</translation>
+    </message>
+    <message>
+        <source>Moved to this computer</source>
+        <translation>Déplacé vers cet ordinateur</translation>
+    </message>
+    <message>
+        <source>Kept both versions</source>
+        <translation>Les deux versions ont été gardées</translation>
+    </message>
+    <message>
+        <source>Deleted on the phone</source>
+        <translation>Supprimé sur le téléphone</translation>
+    </message>
+    <message>
+        <source>Deleted on this computer</source>
+        <translation>Supprimé sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>Renamed on the phone</source>
+        <translation>Renommé sur le téléphone</translation>
+    </message>
+    <message>
+        <source>Renamed on this computer</source>
+        <translation>Renommé sur cet ordinateur</translation>
     </message>
 </context>
 <context>
@@ -2378,7 +2422,7 @@
     <name>tessary::OpenProgress</name>
     <message>
         <source>Fetching “%1” to open it…</source>
-        <translation>Récupération de « %1 » pour l’ouvrir…</translation>
+        <translation>Récupération de «&#xa0;%1&#xa0;» pour l’ouvrir…</translation>
     </message>
     <message numerus="yes">
         <source>Fetching %Ln files to open them…</source>

@@ -1463,6 +1463,50 @@
         <source>The sync with %1 left some files as they are.</source>
         <translation>La sincronizzazione con %1 ha lasciato alcuni file come sono.</translation>
     </message>
+    <message>
+        <source>Copied to the phone</source>
+        <translation>Copiato sul telefono</translation>
+    </message>
+    <message>
+        <source>Replaced on the phone</source>
+        <translation>Sostituito sul telefono</translation>
+    </message>
+    <message>
+        <source>Copied to this computer</source>
+        <translation>Copiato su questo computer</translation>
+    </message>
+    <message>
+        <source>Replaced on this computer</source>
+        <translation>Sostituito su questo computer</translation>
+    </message>
+    <message>
+        <source>Moved to the phone</source>
+        <translation>Spostato sul telefono</translation>
+    </message>
+    <message>
+        <source>Moved to this computer</source>
+        <translation>Spostato su questo computer</translation>
+    </message>
+    <message>
+        <source>Kept both versions</source>
+        <translation>Mantenute entrambe le versioni</translation>
+    </message>
+    <message>
+        <source>Deleted on the phone</source>
+        <translation>Eliminato sul telefono</translation>
+    </message>
+    <message>
+        <source>Deleted on this computer</source>
+        <translation>Eliminato su questo computer</translation>
+    </message>
+    <message>
+        <source>Renamed on the phone</source>
+        <translation>Rinominato sul telefono</translation>
+    </message>
+    <message>
+        <source>Renamed on this computer</source>
+        <translation>Rinominato su questo computer</translation>
+    </message>
 </context>
 <context>
     <name>tessary::AppListView</name>

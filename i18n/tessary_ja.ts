@@ -1453,6 +1453,50 @@
         <source>The sync with %1 left some files as they are.</source>
         <translation>%1 との同期では、一部のファイルをそのままにしました。</translation>
     </message>
+    <message>
+        <source>Copied to the phone</source>
+        <translation>デバイスにコピーしました</translation>
+    </message>
+    <message>
+        <source>Replaced on the phone</source>
+        <translation>デバイスで置き換えました</translation>
+    </message>
+    <message>
+        <source>Copied to this computer</source>
+        <translation>このコンピュータにコピーしました</translation>
+    </message>
+    <message>
+        <source>Replaced on this computer</source>
+        <translation>このコンピュータで置き換えました</translation>
+    </message>
+    <message>
+        <source>Moved to the phone</source>
+        <translation>デバイスに移動しました</translation>
+    </message>
+    <message>
+        <source>Moved to this computer</source>
+        <translation>このコンピュータに移動しました</translation>
+    </message>
+    <message>
+        <source>Kept both versions</source>
+        <translation>両方のバージョンを残しました</translation>
+    </message>
+    <message>
+        <source>Deleted on the phone</source>
+        <translation>デバイスで削除しました</translation>
+    </message>
+    <message>
+        <source>Deleted on this computer</source>
+        <translation>このコンピュータで削除しました</translation>
+    </message>
+    <message>
+        <source>Renamed on the phone</source>
+        <translation>デバイスで名前を変更しました</translation>
+    </message>
+    <message>
+        <source>Renamed on this computer</source>
+        <translation>このコンピュータで名前を変更しました</translation>
+    </message>
 </context>
 <context>
     <name>tessary::AppListView</name>

@@ -1453,6 +1453,50 @@
         <source>The sync with %1 left some files as they are.</source>
         <translation>%1 동기화에서 일부 파일을 그대로 두었습니다.</translation>
     </message>
+    <message>
+        <source>Copied to the phone</source>
+        <translation>휴대폰으로 복사함</translation>
+    </message>
+    <message>
+        <source>Replaced on the phone</source>
+        <translation>휴대폰에서 대치함</translation>
+    </message>
+    <message>
+        <source>Copied to this computer</source>
+        <translation>이 컴퓨터로 복사함</translation>
+    </message>
+    <message>
+        <source>Replaced on this computer</source>
+        <translation>이 컴퓨터에서 대치함</translation>
+    </message>
+    <message>
+        <source>Moved to the phone</source>
+        <translation>휴대폰으로 이동함</translation>
+    </message>
+    <message>
+        <source>Moved to this computer</source>
+        <translation>이 컴퓨터로 이동함</translation>
+    </message>
+    <message>
+        <source>Kept both versions</source>
+        <translation>두 버전 모두 유지함</translation>
+    </message>
+    <message>
+        <source>Deleted on the phone</source>
+        <translation>휴대폰에서 삭제함</translation>
+    </message>
+    <message>
+        <source>Deleted on this computer</source>
+        <translation>이 컴퓨터에서 삭제함</translation>
+    </message>
+    <message>
+        <source>Renamed on the phone</source>
+        <translation>휴대폰에서 이름 변경함</translation>
+    </message>
+    <message>
+        <source>Renamed on this computer</source>
+        <translation>이 컴퓨터에서 이름 변경함</translation>
+    </message>
 </context>
 <context>
     <name>tessary::AppListView</name>

@@ -1463,6 +1463,50 @@
         <source>The sync with %1 left some files as they are.</source>
         <translation>A sincronização com %1 deixou alguns arquivos como estão.</translation>
     </message>
+    <message>
+        <source>Copied to the phone</source>
+        <translation>Copiado para o telefone</translation>
+    </message>
+    <message>
+        <source>Replaced on the phone</source>
+        <translation>Substituído no telefone</translation>
+    </message>
+    <message>
+        <source>Copied to this computer</source>
+        <translation>Copiado para este computador</translation>
+    </message>
+    <message>
+        <source>Replaced on this computer</source>
+        <translation>Substituído neste computador</translation>
+    </message>
+    <message>
+        <source>Moved to the phone</source>
+        <translation>Movido para o telefone</translation>
+    </message>
+    <message>
+        <source>Moved to this computer</source>
+        <translation>Movido para este computador</translation>
+    </message>
+    <message>
+        <source>Kept both versions</source>
+        <translation>As duas versões foram mantidas</translation>
+    </message>
+    <message>
+        <source>Deleted on the phone</source>
+        <translation>Apagado no telefone</translation>
+    </message>
+    <message>
+        <source>Deleted on this computer</source>
+        <translation>Apagado neste computador</translation>
+    </message>
+    <message>
+        <source>Renamed on the phone</source>
+        <translation>Renomeado no telefone</translation>
+    </message>
+    <message>
+        <source>Renamed on this computer</source>
+        <translation>Renomeado neste computador</translation>
+    </message>
 </context>
 <context>
     <name>tessary::AppListView</name>

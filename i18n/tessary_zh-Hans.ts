@@ -1453,6 +1453,50 @@
         <source>The sync with %1 left some files as they are.</source>
         <translation>与 %1 的同步使一些文件保持原样。</translation>
     </message>
+    <message>
+        <source>Copied to the phone</source>
+        <translation>已复制到手机</translation>
+    </message>
+    <message>
+        <source>Replaced on the phone</source>
+        <translation>已在手机上替换</translation>
+    </message>
+    <message>
+        <source>Copied to this computer</source>
+        <translation>已复制到此电脑</translation>
+    </message>
+    <message>
+        <source>Replaced on this computer</source>
+        <translation>已在此电脑上替换</translation>
+    </message>
+    <message>
+        <source>Moved to the phone</source>
+        <translation>已移到手机</translation>
+    </message>
+    <message>
+        <source>Moved to this computer</source>
+        <translation>已移到此电脑</translation>
+    </message>
+    <message>
+        <source>Kept both versions</source>
+        <translation>已保留两个版本</translation>
+    </message>
+    <message>
+        <source>Deleted on the phone</source>
+        <translation>已在手机上删除</translation>
+    </message>
+    <message>
+        <source>Deleted on this computer</source>
+        <translation>已在此电脑上删除</translation>
+    </message>
+    <message>
+        <source>Renamed on the phone</source>
+        <translation>已在手机上重命名</translation>
+    </message>
+    <message>
+        <source>Renamed on this computer</source>
+        <translation>已在此电脑上重命名</translation>
+    </message>
 </context>
 <context>
     <name>tessary::AppListView</name>

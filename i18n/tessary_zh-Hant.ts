@@ -1453,6 +1453,50 @@
         <source>The sync with %1 left some files as they are.</source>
         <translation>與 %1 的同步使一些檔案保持原樣。</translation>
     </message>
+    <message>
+        <source>Copied to the phone</source>
+        <translation>已複製到手機</translation>
+    </message>
+    <message>
+        <source>Replaced on the phone</source>
+        <translation>已在手機上取代</translation>
+    </message>
+    <message>
+        <source>Copied to this computer</source>
+        <translation>已複製到此電腦</translation>
+    </message>
+    <message>
+        <source>Replaced on this computer</source>
+        <translation>已在此電腦上取代</translation>
+    </message>
+    <message>
+        <source>Moved to the phone</source>
+        <translation>已移到手機</translation>
+    </message>
+    <message>
+        <source>Moved to this computer</source>
+        <translation>已移到此電腦</translation>
+    </message>
+    <message>
+        <source>Kept both versions</source>
+        <translation>已保留兩個版本</translation>
+    </message>
+    <message>
+        <source>Deleted on the phone</source>
+        <translation>已在手機上刪除</translation>
+    </message>
+    <message>
+        <source>Deleted on this computer</source>
+        <translation>已在此電腦上刪除</translation>
+    </message>
+    <message>
+        <source>Renamed on the phone</source>
+        <translation>已在手機上重新命名</translation>
+    </message>
+    <message>
+        <source>Renamed on this computer</source>
+        <translation>已在此電腦上重新命名</translation>
+    </message>
 </context>
 <context>
     <name>tessary::AppListView</name>

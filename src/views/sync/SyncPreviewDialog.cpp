@@ -39,7 +39,7 @@ int rank(const SyncPreviewItem& item) {
 
 QString actionText(const SyncPreviewItem& item) {
     if (item.deed)
-        return deedText(*item.deed);
+        return deedText(*item.deed, SyncTense::planned);
     const QString left = SyncPreviewDialog::tr("Leave as it is");
     return item.reason ? left + QStringLiteral(": ") + errorText(*item.reason).what : left;
 }
@@ -147,7 +147,7 @@ void SyncPreviewDialog::fill(const SyncPreview& plan) {
     run_->setText(isSideEmpty && deletions_.isEmpty() ? tr("Copy Everything Again")
                                                       : tr("Sync Now"));
     title_->setText(parts.join(QStringLiteral("  ·  ")));
-    counts_->setText(countsText(plan.counts()));
+    counts_->setText(countsText(plan.counts(), SyncTense::planned));
 }
 
 void SyncPreviewDialog::addChoices() {
@@ -157,7 +157,7 @@ void SyncPreviewDialog::addChoices() {
         auto* choice = new QComboBox;
         choice->setAccessibleName(tr("Action"));
         const std::pair<QString, ConflictChoice> choices[] = {
-            {deedText(SyncDeed::keepBoth), ConflictChoice::keepBoth},
+            {deedText(SyncDeed::keepBoth, SyncTense::planned), ConflictChoice::keepBoth},
             {tr("Keep this computer's"), ConflictChoice::keepLocal},
             {tr("Keep the phone's"), ConflictChoice::keepDevice},
             {tr("Leave as it is"), ConflictChoice::leave},

@@ -3,6 +3,7 @@
 #include "app/texts/ErrorText.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
+#include "views/common/Layouts.h"
 #include "views/common/PlainText.h"
 #include "views/sync/SyncFileList.h"
 #include "views/sync/SyncTexts.h"
@@ -20,7 +21,7 @@ namespace tessary {
 namespace {
 
 QTreeWidgetItem* rowOf(const SyncReportItem& item) {
-    QString words = deedText(item.deed);
+    QString words = deedText(item.deed, SyncTense::done);
     if (!item.other.isEmpty())
         words += QStringLiteral(": ") + printable(item.other);
     auto* row = makeSyncFileRow(item.path, item.size, words);
@@ -47,11 +48,9 @@ SyncReportDialog::SyncReportDialog(QWidget* parent)
     outcome_->setWordWrap(true);
     outcome_->setText(tr("There is no report yet."));
     setUpSyncFileList(*files_, tr("What was done"));
-    files_->setUniformRowHeights(false); // of sentences
-    files_->setWordWrap(true);
+    wrapLastColumn(*files_); // of sentences
     auto* right = new QWidget;
-    auto* column = new QVBoxLayout(right);
-    column->setContentsMargins(0, 0, 0, 0);
+    auto* column = makeColumn(*right, 6);
     column->addWidget(outcome_);
     column->addWidget(files_, 1);
     auto* halves = new QSplitter;

@@ -18,23 +18,35 @@ class Texts {
 };
 
 struct DeedLook {
-    const char* text;
+    const char* planned;
+    const char* done;
     const char* icon;
 };
 
 /// In the order of SyncDeed.
 constexpr std::array looks{
-    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Copy to the phone"), "copyToPhone"},
-    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Replace on the phone"), "copyToPhone"},
-    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Copy to this computer"), "copyFromPhone"},
-    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Replace on this computer"), "copyFromPhone"},
-    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Move to the phone"), "copyToPhone"},
-    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Move to this computer"), "copyFromPhone"},
-    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Keep both versions"), "edit-copy"},
-    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Delete on the phone"), "edit-delete"},
-    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Delete on this computer"), "edit-delete"},
-    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Rename on the phone"), "edit-rename"},
-    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Rename on this computer"), "edit-rename"},
+    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Copy to the phone"),
+             QT_TRANSLATE_NOOP("SyncTexts", "Copied to the phone"), "copyToPhone"},
+    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Replace on the phone"),
+             QT_TRANSLATE_NOOP("SyncTexts", "Replaced on the phone"), "copyToPhone"},
+    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Copy to this computer"),
+             QT_TRANSLATE_NOOP("SyncTexts", "Copied to this computer"), "copyFromPhone"},
+    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Replace on this computer"),
+             QT_TRANSLATE_NOOP("SyncTexts", "Replaced on this computer"), "copyFromPhone"},
+    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Move to the phone"),
+             QT_TRANSLATE_NOOP("SyncTexts", "Moved to the phone"), "copyToPhone"},
+    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Move to this computer"),
+             QT_TRANSLATE_NOOP("SyncTexts", "Moved to this computer"), "copyFromPhone"},
+    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Keep both versions"),
+             QT_TRANSLATE_NOOP("SyncTexts", "Kept both versions"), "edit-copy"},
+    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Delete on the phone"),
+             QT_TRANSLATE_NOOP("SyncTexts", "Deleted on the phone"), "edit-delete"},
+    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Delete on this computer"),
+             QT_TRANSLATE_NOOP("SyncTexts", "Deleted on this computer"), "edit-delete"},
+    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Rename on the phone"),
+             QT_TRANSLATE_NOOP("SyncTexts", "Renamed on the phone"), "edit-rename"},
+    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Rename on this computer"),
+             QT_TRANSLATE_NOOP("SyncTexts", "Renamed on this computer"), "edit-rename"},
 };
 static_assert(looks.size() == static_cast<std::size_t>(SyncDeed::renameHere) + 1);
 
@@ -92,18 +104,20 @@ QString stageText(SyncStage stage) {
                                                               : Texts::tr(stages[index]);
 }
 
-QString deedText(SyncDeed deed) {
-    return Texts::tr(lookOf(deed).text);
+QString deedText(SyncDeed deed, SyncTense tense) {
+    const DeedLook& look = lookOf(deed);
+    return Texts::tr(tense == SyncTense::done ? look.done : look.planned);
 }
 
 const char* deedIcon(SyncDeed deed) {
     return lookOf(deed).icon;
 }
 
-QString countsText(const std::map<SyncDeed, qint64>& counts) {
+QString countsText(const std::map<SyncDeed, qint64>& counts, SyncTense tense) {
     QStringList parts;
     for (const auto& [deed, count] : counts)
-        parts.append(QStringLiteral("%1: %2").arg(deedText(deed), QLocale().toString(count)));
+        parts.append(
+            QStringLiteral("%1: %2").arg(deedText(deed, tense), QLocale().toString(count)));
     return parts.join(QStringLiteral("  ·  "));
 }
 
@@ -114,7 +128,7 @@ QString reportText(const SyncReport& report) {
     else if (report.outcome == SyncReport::Outcome::cancelled)
         parts.append(Texts::tr("Cancelled"));
     if (report.hasChanges())
-        parts.append(countsText(report.counts()));
+        parts.append(countsText(report.counts(), SyncTense::done));
     else if (report.outcome == SyncReport::Outcome::done)
         parts.append(Texts::tr("Up to date"));
     if (!report.skipped.empty())

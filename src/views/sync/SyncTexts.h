@@ -12,12 +12,15 @@ namespace tessary {
 [[nodiscard]] QString sentenceOf(const SyncPair& pair);
 /// What a run is at: "Scanning folders…". Empty where there is nothing to tell.
 [[nodiscard]] QString stageText(SyncStage stage);
-/// "Copy to the phone"
-[[nodiscard]] QString deedText(SyncDeed deed);
+
+enum class SyncTense { planned, done };
+
+/// "Copy to the phone", and once it is done "Copied to the phone".
+[[nodiscard]] QString deedText(SyncDeed deed, SyncTense tense);
 /// The icon of a deed.
 [[nodiscard]] const char* deedIcon(SyncDeed deed);
 /// How often each thing is done: "Copy to the phone: 3  ·  Delete on the phone: 1".
-[[nodiscard]] QString countsText(const std::map<SyncDeed, qint64>& counts);
+[[nodiscard]] QString countsText(const std::map<SyncDeed, qint64>& counts, SyncTense tense);
 /// How a run went, in one line.
 [[nodiscard]] QString reportText(const SyncReport& report);
 /// That a run failed, or left files as they are.
