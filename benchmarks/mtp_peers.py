@@ -54,10 +54,6 @@ class Comparison(gadget_test.GadgetTest):
         super().__init__(machine)
         self.counts, self.storage, self.NAME, self.CLI = counts, storage, name, cli
 
-    def shell(self, command, seconds=30):
-        needed = " ".join(f"{name}={os.environ[name]}" for name in ("LD_LIBRARY_PATH", "MAGIC"))
-        return super().shell(f"export {needed}; {command}", seconds)
-
     def seconds(self, command, before="true", after="true"):
         """The guest's seconds for a command, without what goes before and after it."""
         took = self.shell(
@@ -85,9 +81,14 @@ class Comparison(gadget_test.GadgetTest):
         share = f": {mine / min(medians.values()):.2f} of the best" if medians else ""
         print(f"  {what}: tessary-cli {mine:.2f} s, {listed}{share}", flush=True)
 
+    def theirs(self, command):
+        """With the libraries that came with them."""
+        needed = " ".join(f"{name}={os.environ[name]}" for name in ("LD_LIBRARY_PATH", "MAGIC"))
+        return f"{needed} {command}"
+
     def mounted(self, command, **around):
         around["before"] = "mkdir -p /tmp/mount; " + around.get("before", "true")
-        work = f"jmtpfs /tmp/mount && {command}; status=$?; umount /tmp/mount; [ $status = 0 ]"
+        work = f"{self.theirs('jmtpfs /tmp/mount')} && {command}; status=$?; umount /tmp/mount; [ $status = 0 ]"
         return dict(command=f"({work})", **around)
 
     def list_folder(self, count):
@@ -95,25 +96,25 @@ class Comparison(gadget_test.GadgetTest):
             f"{count} files listed",
             dict(command=f"{self.CLI} ls '{self.device}' /many --json"),
             jmtpfs=self.mounted(f"ls -l '/tmp/mount/{self.storage}/many'"),
-            mtp_filetree=dict(command="mtp-filetree"),
+            mtp_filetree=dict(command=self.theirs("mtp-filetree")),
         )
 
     def copy_film(self, clear):
         down = dict(before="rm -f /tmp/down")
-        files = self.shell("mtp-files", 400)
+        files = self.shell(self.theirs("mtp-files"), 400)
         number = re.search(r"File ID: (\d+)\s+Filename: film\s", files)[1]
         self.compare(
             f"{SIZE} MiB down",
             dict(command=f"{self.CLI} get '{self.device}' /film /tmp/down", **down),
             jmtpfs=self.mounted(f"cp '/tmp/mount/{self.storage}/film' /tmp/down", **down),
-            mtp_getfile=dict(command=f"mtp-getfile {number} /tmp/down", **down),
+            mtp_getfile=dict(command=self.theirs(f"mtp-getfile {number} /tmp/down"), **down),
         )
         up = dict(before=clear, after=clear)
         self.compare(
             f"{SIZE} MiB up",
             dict(command=f"{self.CLI} put '{self.device}' /tmp/up /", **up),
             jmtpfs=self.mounted(f"cp /tmp/up '/tmp/mount/{self.storage}/up'", **up),
-            mtp_sendfile=dict(command="mtp-sendfile /tmp/up up", **up),
+            mtp_sendfile=dict(command=self.theirs("mtp-sendfile /tmp/up up"), **up),
         )
 
 
@@ -223,7 +224,7 @@ def main():
             begin(machine, "qemu")
             command = "tessary-cli --usb 46F4:0004"
             OnEmulatedDevice(
-                machine, arguments.counts, "MTP drive", "QEMU", command, phone=scratch / "phone"
+                machine, arguments.counts, "phone", "QEMU", command, phone=scratch / "phone"
             ).run()
 
 
