@@ -105,6 +105,12 @@ constexpr scmp_datum_t datum(Number number) {
     return static_cast<scmp_datum_t>(number);
 }
 
+/// That the argument of this number, from 0 on, is `value`.
+template <typename Number>
+constexpr scmp_arg_cmp equals(unsigned int argument, Number value) {
+    return {argument, SCMP_CMP_EQ, datum(value), 0};
+}
+
 class Filter {
 public:
     Filter() : context_(seccomp_init(SCMP_ACT_ERRNO(EPERM))) {
@@ -152,15 +158,15 @@ void allowInPart(Filter& filter) {
     // Its flags lie in memory where a filter cannot look: the C library then takes the older call.
     filter.refuse(SCMP_SYS(clone3), ENOSYS);
     // abort()
-    filter.allow(SCMP_SYS(tgkill), {SCMP_A0(SCMP_CMP_EQ, datum(getpid()))});
+    filter.allow(SCMP_SYS(tgkill), {equals(0, getpid())});
     // The limit of time stays deadly.
-    filter.allow(SCMP_SYS(rt_sigaction), {SCMP_A0(SCMP_CMP_NE, datum(SIGALRM))});
-    filter.allow(SCMP_SYS(prlimit64), {SCMP_A2(SCMP_CMP_EQ, 0)});
-    filter.allow(SCMP_SYS(prctl), {SCMP_A0(SCMP_CMP_EQ, datum(PR_SET_NAME))});
+    filter.allow(SCMP_SYS(rt_sigaction), {SCMP_A0(SCMP_CMP_NE, datum(SIGALRM), 0)});
+    filter.allow(SCMP_SYS(prlimit64), {equals(2, 0)});
+    filter.allow(SCMP_SYS(prctl), {equals(0, PR_SET_NAME)});
     for (const auto request : {TCGETS, FIONREAD, FIONBIO})
-        filter.allow(SCMP_SYS(ioctl), {SCMP_A1(SCMP_CMP_EQ, datum(request))});
+        filter.allow(SCMP_SYS(ioctl), {equals(1, request)});
     for (const int command : {F_GETFD, F_SETFD, F_GETFL, F_SETFL, F_DUPFD_CLOEXEC})
-        filter.allow(SCMP_SYS(fcntl), {SCMP_A1(SCMP_CMP_EQ, datum(command))});
+        filter.allow(SCMP_SYS(fcntl), {equals(1, command)});
     // How the C library asks about an open descriptor.
     filter.allow(SCMP_SYS(newfstatat),
                  {SCMP_A3(SCMP_CMP_MASKED_EQ, datum(AT_EMPTY_PATH), datum(AT_EMPTY_PATH))});
@@ -177,8 +183,8 @@ void allowStreams(Filter& filter) {
     filter.allow(streamCalls);
     constexpr scmp_datum_t kind = ~datum(SOCK_NONBLOCK | SOCK_CLOEXEC) & 0xFFFFFFFFU;
     for (const int family : {AF_UNIX, AF_INET, AF_INET6})
-        filter.allow(SCMP_SYS(socket), {SCMP_A0(SCMP_CMP_EQ, datum(family)),
-                                        SCMP_A1(SCMP_CMP_MASKED_EQ, kind, datum(SOCK_STREAM))});
+        filter.allow(SCMP_SYS(socket),
+                     {equals(0, family), SCMP_A1(SCMP_CMP_MASKED_EQ, kind, datum(SOCK_STREAM))});
 }
 
 } // namespace
