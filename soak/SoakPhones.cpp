@@ -4,7 +4,9 @@
 
 #include <QStringList>
 
+#include <algorithm>
 #include <array>
+#include <vector>
 
 namespace tessary {
 
@@ -32,6 +34,29 @@ const QStringList& requests() {
         u"afc.makeDir"_s,    u"lockdown.StartService"_s, u"houseArrest.VendDocuments"_s};
     return names;
 }
+
+/// What a hostile phone makes of its answers. What it says of its files stays true: a rename that
+/// it tells of but does not do is nothing that anybody could find out.
+struct Lie {
+    const char* name;
+    void (*change)(Bytes& container);
+};
+
+const std::vector<Lie> lies{
+    {"4 GiB announced", [](Bytes& bytes) { std::fill_n(bytes.begin(), 4, std::byte{0xFF}); }},
+    {"nothing announced", [](Bytes& bytes) { std::fill_n(bytes.begin(), 4, std::byte{0}); }},
+    {"of no kind", [](Bytes& bytes) { bytes.at(4) = std::byte{9}; }},
+    {"of another request", [](Bytes& bytes) { bytes.at(8) ^= std::byte{0x55}; }},
+    {"cut", [](Bytes& bytes) { bytes.resize(bytes.size() / 2); }},
+    {"2 MB more", [](Bytes& bytes) { bytes.resize(bytes.size() + 2'000'000); }},
+};
+
+const std::vector<VirtualRawAnswer> rawAnswers{
+    {QByteArray(4096, '\0'), true},
+    {QByteArray(4096, '\xFF'), true},
+    {QByteArray("\0\1\0\0<plist><array>", 18) + QByteArray(66'000, '<')},
+    {"no answer of any kind"},
+};
 
 std::uint64_t someBytes(Dice& dice) {
     return static_cast<std::uint64_t>(dice.between(12, dice.happens(50) ? 2000 : 400'000));
@@ -87,7 +112,18 @@ QString SoakAndroid::breakDown(Dice& dice) {
         android_.setLocked(true);
         return u"locked"_s;
     }
+    const Lie& lie = dice.oneOf(lies);
     return android_.faults().update([&](VirtualFaults& faults) -> QString {
+        if (kind > 80) {
+            faults.rewrite = [lie, code](const VirtualAnswer& said) -> std::optional<Bytes> {
+                if (said.operation != code)
+                    return std::nullopt;
+                Bytes container = said.container;
+                lie.change(container);
+                return container;
+            };
+            return u"answers of %1 are %2"_s.arg(code, 0, 16).arg(QLatin1StringView(lie.name));
+        }
         if (kind > 55) {
             faults.unplug = bytes;
             return u"unplug after %1 bytes of phase %2"_s.arg(bytes.bytes).arg(bytes.phase);
@@ -154,6 +190,10 @@ QString SoakIPhone::breakDown(Dice& dice) {
         return u"asks whether to trust"_s;
     }
     return iPhone_.faults().update([&](VirtualIPhoneFaults& faults) -> QString {
+        if (kind > 80) {
+            faults.rawAnswers[request] = dice.oneOf(rawAnswers);
+            return u"%1 answered with nonsense"_s.arg(request);
+        }
         if (kind > 55) {
             using Direction = VirtualDirection;
             const auto direction = dice.happens(50) ? Direction::toHost : Direction::toPhone;
@@ -207,9 +247,14 @@ SoakADBPhone::SoakADBPhone(ADBServer& server, const QString& folder)
 
 QString SoakADBPhone::breakDown(Dice& dice) {
     return adbd_.faults().update([&](ADBDFaults& faults) -> QString {
-        if (dice.happens(70)) {
+        if (dice.happens(60)) {
             faults.dropAfter = someBytes(dice);
             return u"cut after %1 bytes"_s.arg(*faults.dropAfter);
+        }
+        if (dice.happens(60)) {
+            faults.extraNames = {"..", ".", "../outside", "/etc/passwd", "a/b"};
+            faults.sizeLie = dice.between(-3, 3) * 1'000'000;
+            return u"names that lead elsewhere, sizes %1 more"_s.arg(faults.sizeLie);
         }
         faults.readOnly = true;
         return u"read-only"_s;
