@@ -1295,6 +1295,25 @@
     </message>
 </context>
 <context>
+    <name>ReleaseQuestion</name>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Telefon freigeben</translation>
+    </message>
+    <message>
+        <source>To release the phone, these programs are ended: %1</source>
+        <translation>Um das Telefon freizugeben, werden diese Programme beendet: %1</translation>
+    </message>
+    <message>
+        <source>What they are copying breaks off, and the folders of phones that they show close. Changes to files on a phone that are not saved yet may be lost.</source>
+        <translation>Was sie gerade kopieren, bricht ab, und die Ordner von Telefonen, die sie zeigen, schließen sich. Noch nicht gesicherte Änderungen an Dateien auf einem Telefon können verloren gehen.</translation>
+    </message>
+    <message>
+        <source>End Programs</source>
+        <translation>Programme beenden</translation>
+    </message>
+</context>
+<context>
     <name>SyncFileList</name>
     <message>
         <source>Name</source>

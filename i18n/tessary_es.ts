@@ -1295,6 +1295,25 @@
     </message>
 </context>
 <context>
+    <name>ReleaseQuestion</name>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Liberar el teléfono</translation>
+    </message>
+    <message>
+        <source>To release the phone, these programs are ended: %1</source>
+        <translation>Para liberar el teléfono se cierran estos programas: %1</translation>
+    </message>
+    <message>
+        <source>What they are copying breaks off, and the folders of phones that they show close. Changes to files on a phone that are not saved yet may be lost.</source>
+        <translation>Lo que están copiando se interrumpe y las carpetas de teléfonos que muestran se cierran. Los cambios sin guardar en archivos de un teléfono pueden perderse.</translation>
+    </message>
+    <message>
+        <source>End Programs</source>
+        <translation>Cerrar los programas</translation>
+    </message>
+</context>
+<context>
     <name>SyncFileList</name>
     <message>
         <source>Name</source>

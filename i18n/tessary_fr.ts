@@ -1295,6 +1295,25 @@
     </message>
 </context>
 <context>
+    <name>ReleaseQuestion</name>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Libérer le téléphone</translation>
+    </message>
+    <message>
+        <source>To release the phone, these programs are ended: %1</source>
+        <translation>Pour libérer le téléphone, ces programmes sont arrêtés : %1</translation>
+    </message>
+    <message>
+        <source>What they are copying breaks off, and the folders of phones that they show close. Changes to files on a phone that are not saved yet may be lost.</source>
+        <translation>Ce qu’ils copient s’interrompt et les dossiers de téléphones qu’ils affichent se ferment. Les modifications pas encore enregistrées de fichiers d’un téléphone peuvent être perdues.</translation>
+    </message>
+    <message>
+        <source>End Programs</source>
+        <translation>Arrêter les programmes</translation>
+    </message>
+</context>
+<context>
     <name>SyncFileList</name>
     <message>
         <source>Name</source>

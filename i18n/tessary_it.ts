@@ -1295,6 +1295,25 @@
     </message>
 </context>
 <context>
+    <name>ReleaseQuestion</name>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Libera il telefono</translation>
+    </message>
+    <message>
+        <source>To release the phone, these programs are ended: %1</source>
+        <translation>Per liberare il telefono vengono chiusi questi programmi: %1</translation>
+    </message>
+    <message>
+        <source>What they are copying breaks off, and the folders of phones that they show close. Changes to files on a phone that are not saved yet may be lost.</source>
+        <translation>Ciò che stanno copiando si interrompe e le cartelle dei telefoni che mostrano si chiudono. Le modifiche non ancora salvate a file di un telefono possono andare perse.</translation>
+    </message>
+    <message>
+        <source>End Programs</source>
+        <translation>Chiudi i programmi</translation>
+    </message>
+</context>
+<context>
     <name>SyncFileList</name>
     <message>
         <source>Name</source>

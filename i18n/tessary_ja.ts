@@ -1289,6 +1289,25 @@
     </message>
 </context>
 <context>
+    <name>ReleaseQuestion</name>
+    <message>
+        <source>Release the Phone</source>
+        <translation>デバイスを解放</translation>
+    </message>
+    <message>
+        <source>To release the phone, these programs are ended: %1</source>
+        <translation>デバイスを解放するために、次のプログラムを終了します: %1</translation>
+    </message>
+    <message>
+        <source>What they are copying breaks off, and the folders of phones that they show close. Changes to files on a phone that are not saved yet may be lost.</source>
+        <translation>それらが行っているコピーは中断され、表示中のデバイスのフォルダは閉じられます。デバイス上のファイルへの未保存の変更は失われることがあります。</translation>
+    </message>
+    <message>
+        <source>End Programs</source>
+        <translation>プログラムを終了</translation>
+    </message>
+</context>
+<context>
     <name>SyncFileList</name>
     <message>
         <source>Name</source>

@@ -1289,6 +1289,25 @@
     </message>
 </context>
 <context>
+    <name>ReleaseQuestion</name>
+    <message>
+        <source>Release the Phone</source>
+        <translation>휴대폰 연결 풀기</translation>
+    </message>
+    <message>
+        <source>To release the phone, these programs are ended: %1</source>
+        <translation>휴대폰 연결을 풀기 위해 다음 프로그램을 종료합니다: %1</translation>
+    </message>
+    <message>
+        <source>What they are copying breaks off, and the folders of phones that they show close. Changes to files on a phone that are not saved yet may be lost.</source>
+        <translation>이 프로그램들이 하던 복사는 중단되고, 표시하던 휴대폰의 폴더는 닫힙니다. 휴대폰에 있는 파일의 저장하지 않은 변경 내용은 잃을 수 있습니다.</translation>
+    </message>
+    <message>
+        <source>End Programs</source>
+        <translation>프로그램 종료</translation>
+    </message>
+</context>
+<context>
     <name>SyncFileList</name>
     <message>
         <source>Name</source>

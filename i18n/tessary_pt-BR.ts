@@ -1295,6 +1295,25 @@
     </message>
 </context>
 <context>
+    <name>ReleaseQuestion</name>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Liberar o telefone</translation>
+    </message>
+    <message>
+        <source>To release the phone, these programs are ended: %1</source>
+        <translation>Para liberar o telefone, estes programas são encerrados: %1</translation>
+    </message>
+    <message>
+        <source>What they are copying breaks off, and the folders of phones that they show close. Changes to files on a phone that are not saved yet may be lost.</source>
+        <translation>O que eles estão copiando é interrompido e as pastas de telefones que eles mostram se fecham. Alterações ainda não salvas em arquivos de um telefone podem se perder.</translation>
+    </message>
+    <message>
+        <source>End Programs</source>
+        <translation>Encerrar os programas</translation>
+    </message>
+</context>
+<context>
     <name>SyncFileList</name>
     <message>
         <source>Name</source>

@@ -1289,6 +1289,25 @@
     </message>
 </context>
 <context>
+    <name>ReleaseQuestion</name>
+    <message>
+        <source>Release the Phone</source>
+        <translation>释放手机</translation>
+    </message>
+    <message>
+        <source>To release the phone, these programs are ended: %1</source>
+        <translation>为释放手机，将结束这些程序：%1</translation>
+    </message>
+    <message>
+        <source>What they are copying breaks off, and the folders of phones that they show close. Changes to files on a phone that are not saved yet may be lost.</source>
+        <translation>它们正在进行的复制会中断，它们显示的手机文件夹会关闭。对手机上文件的未保存更改可能会丢失。</translation>
+    </message>
+    <message>
+        <source>End Programs</source>
+        <translation>结束程序</translation>
+    </message>
+</context>
+<context>
     <name>SyncFileList</name>
     <message>
         <source>Name</source>

@@ -1289,6 +1289,25 @@
     </message>
 </context>
 <context>
+    <name>ReleaseQuestion</name>
+    <message>
+        <source>Release the Phone</source>
+        <translation>釋放手機</translation>
+    </message>
+    <message>
+        <source>To release the phone, these programs are ended: %1</source>
+        <translation>為釋放手機，將結束這些程式：%1</translation>
+    </message>
+    <message>
+        <source>What they are copying breaks off, and the folders of phones that they show close. Changes to files on a phone that are not saved yet may be lost.</source>
+        <translation>它們正在進行的複製會中斷，它們顯示的手機資料夾會關閉。對手機上檔案的未儲存變更可能會遺失。</translation>
+    </message>
+    <message>
+        <source>End Programs</source>
+        <translation>結束程式</translation>
+    </message>
+</context>
+<context>
     <name>SyncFileList</name>
     <message>
         <source>Name</source>

@@ -73,10 +73,11 @@ TEST(TranslationFiles, everyTextOfTheSourcesIsInEveryLanguageAndNoOther) {
 /// A context that no class has comes of a text that lupdate could not place: it would not be found
 /// when the program runs.
 TEST(TranslationFiles, contextsAreClassesOrNamedByTheSources) {
-    const QSet<QString> named{u"BrowserActions"_s, u"BrowserEdit"_s,  u"ByteFormat"_s,
-                              u"ClashQuestion"_s,  u"DisplayNames"_s, u"CopyText"_s,
-                              u"ErrorText"_s,      u"ProblemText"_s,  u"MainMenu"_s,
-                              u"QPlatformTheme"_s, u"SyncFileList"_s, u"SyncTexts"_s};
+    const QSet<QString> named{u"BrowserActions"_s,  u"BrowserEdit"_s,    u"ByteFormat"_s,
+                              u"ClashQuestion"_s,   u"DisplayNames"_s,   u"CopyText"_s,
+                              u"ErrorText"_s,       u"ProblemText"_s,    u"MainMenu"_s,
+                              u"ReleaseQuestion"_s, u"QPlatformTheme"_s, u"SyncFileList"_s,
+                              u"SyncTexts"_s};
     for (const TranslatedText& text : translationsOf(AppLanguage::de))
         EXPECT_TRUE(text.context.startsWith(u"tessary::"_s) || named.contains(text.context))
             << at(AppLanguage::de, text);

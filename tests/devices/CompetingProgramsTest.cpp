@@ -13,24 +13,27 @@ namespace tessary {
 namespace {
 
 using namespace Qt::StringLiterals;
-using Outcome = ProcessResult::Outcome;
 
 TEST(CompetingPrograms, areKnownByTheWholeNameOfTheirExecutable) {
-    FakeProcessRunner processes;
+    FakeProcessRunner processes({ProcessResult::Outcome::exited, 0,
+                                 "71 kiod6\n309 gvfsd-mtp\n4 gvfsd-mtp\n", QByteArray()});
     CompetingPrograms programs(processes);
-    (void)programs.isAnyRunning();
-    programs.end();
+    EXPECT_TRUE(programs.isAnyRunning());
+    programs.end({}); // is nobody's
+    const QStringList running = programs.running();
+    EXPECT_EQ(running, (QStringList{u"gvfsd-mtp"_s, u"kiod6"_s}));
+    programs.end(running);
     const auto calls = processes.calls();
-    ASSERT_EQ(calls.size(), 2U);
+    ASSERT_EQ(calls.size(), 3U);
     const QString user = QString::number(::geteuid());
     EXPECT_EQ(calls[0].mid(0, 4), (QStringList{u"/usr/bin/pgrep"_s, u"-u"_s, user, u"-x"_s}));
-    EXPECT_EQ(calls[1].mid(0, 5),
-              (QStringList{u"/usr/bin/pkill"_s, u"-TERM"_s, u"-u"_s, user, u"-x"_s}));
+    EXPECT_EQ(calls[2], (QStringList{u"/usr/bin/pkill"_s, u"-TERM"_s, u"-u"_s, user, u"-x"_s,
+                                     u"gvfsd-mtp|kiod6"_s}));
     // As the two programs match them: the whole name, of which the kernel keeps 15 characters.
     const struct {
         const char* name;
         bool holdsPhones;
-        bool isEnded;
+        bool isAskedAbout;
     } rows[] = {{"gvfsd-mtp", true, true},
                 {"gvfsd-gphoto2", true, true},
                 {"jmtpfs", true, true},
@@ -48,7 +51,7 @@ TEST(CompetingPrograms, areKnownByTheWholeNameOfTheirExecutable) {
                 .hasMatch();
         };
         EXPECT_EQ(matches(calls[0]), row.holdsPhones) << row.name;
-        EXPECT_EQ(matches(calls[1]), row.isEnded) << row.name;
+        EXPECT_EQ(matches(calls[1]), row.isAskedAbout) << row.name;
     }
 }
 

@@ -7,14 +7,16 @@
 
 namespace tessary {
 
-/// Starts nothing: keeps what was asked of it. Thread-safe.
+/// Starts nothing: keeps what was asked of it, and answers the same each time. Thread-safe.
 class FakeProcessRunner final : public ProcessRunner {
 public:
+    explicit FakeProcessRunner(ProcessResult answer = {}) : answer_(std::move(answer)) {}
+
     [[nodiscard]] ProcessResult run(const QString& program, const QStringList& arguments,
                                     std::chrono::milliseconds) override {
         const std::scoped_lock lock(mutex_);
         calls_.push_back(QStringList(program) + arguments);
-        return {};
+        return answer_;
     }
 
     /// Each call as the program followed by its arguments.
@@ -24,6 +26,7 @@ public:
     }
 
 private:
+    const ProcessResult answer_;
     mutable std::mutex mutex_; ///< guards all below
     std::vector<QStringList> calls_;
 };

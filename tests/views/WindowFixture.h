@@ -18,9 +18,47 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <mutex>
+
 namespace tessary {
 
 inline constexpr int windowPatience = 15'000; // ms
+
+/// The programs of this machine, but those that hold phones are the ones that a test names.
+class ProgramsOfTest final : public ProcessRunner {
+public:
+    void setHolders(const QByteArrayList& names) {
+        const std::scoped_lock lock(mutex_);
+        holders_ = names;
+    }
+    /// Whom somebody asked to end, as pkill takes them; null when nobody did.
+    [[nodiscard]] QString ended() const {
+        const std::scoped_lock lock(mutex_);
+        return ended_;
+    }
+    [[nodiscard]] ProcessResult run(const QString& program, const QStringList& arguments,
+                                    std::chrono::milliseconds limit) override {
+        const bool asks = program == QLatin1StringView("/usr/bin/pgrep");
+        if (!asks && program != QLatin1StringView("/usr/bin/pkill"))
+            return processes_.run(program, arguments, limit);
+        const std::scoped_lock lock(mutex_);
+        if (!asks)
+            ended_ = arguments.last();
+        ProcessResult result{ProcessResult::Outcome::exited, holders_.isEmpty() ? 1 : 0, {}, {}};
+        for (const QByteArray& name : holders_)
+            result.standardOutput += "71 " + name + '\n';
+        return result;
+    }
+    [[nodiscard]] ProcessResult follow(const ProcessRequest& request) override {
+        return processes_.follow(request);
+    }
+
+private:
+    mutable std::mutex mutex_;
+    QByteArrayList holders_; ///< guarded by mutex_
+    QString ended_;          ///< guarded by mutex_
+    QtProcessRunner processes_;
+};
 
 /// The main window of an application, used by mouse and keyboard.
 class AppWindowFixture : public ::testing::Test {
@@ -85,7 +123,7 @@ protected:
     std::function<void()> whileChoosing_; ///< happens while the user looks for files
     std::shared_ptr<UserDefaults> defaults_ = std::make_shared<MemoryUserDefaults>();
     VirtualUSBBus bus_;
-    QtProcessRunner processes_;
+    ProgramsOfTest processes_;
     /// With no adb, and no server of one, whatever lies on this machine.
     DeviceServices services_{
         {bus_, processes_, {QStringLiteral("127.0.0.1"), 1, {}}, QStringList()}};

@@ -82,23 +82,41 @@ TEST_F(WindowTroubleTest, theNumbersBehindAFailureAreFoldedAwayAndCanBeCopied) {
     EXPECT_FALSE(fold->isVisible()) << "there is nothing behind it";
 }
 
-TEST_F(WindowTroubleTest, aHeldPhoneIsToldOnceWithOneButton) {
+TEST_F(WindowTroubleTest, programsThatHoldAPhoneAreEndedOnceTheUserHasAgreed) {
     VirtualOpenFaults faults;
     faults.interfaceOpen = faults.interfaceSeize = usb::exclusiveAccess;
     phone_.android.unplug();
     bus_.setOpenFaults(phone_.android.config().location, faults);
     bus_.setProgramsHolding(phone_.android.config().location, {u"gvfsd-mtp (2841)"_s});
+    processes_.setHolders({"kiod6", "gvfsd-mtp", "gvfsd-mtp"});
     phone_.android.plugInto(bus_);
     const auto buttons = [this] {
-        qsizetype count = 0;
-        for (const QAbstractButton* button : window_->findChildren<QAbstractButton*>())
-            count += button->isVisible() && button->text() == u"Release the Phone"_s;
-        return count;
+        QList<QAbstractButton*> shown;
+        for (QAbstractButton* button : window_->findChildren<QAbstractButton*>())
+            if (button->isVisible() && button->text() == u"Release the Phone"_s)
+                shown << button;
+        return shown;
     };
-    EXPECT_TRUE(wait([&] { return buttons() == 1; })) << buttons();
-    EXPECT_FALSE(window_->findChild<StatusBanner*>(u"statusBanner"_s)->isVisible());
+    const auto* banner = window_->findChild<StatusBanner*>(u"statusBanner"_s);
+    ASSERT_TRUE(wait([&] { return buttons().size() == 1 && !banner->isVisible(); }))
+        << buttons().size();
     for (const QPushButton* button : window_->findChildren<QPushButton*>())
         EXPECT_FALSE(button->isVisible() && button->text() == u"Retry"_s);
+
+    const auto answer = [&](const QList<Qt::Key>& keys) {
+        QTest::keyClick(buttons().value(0), Qt::Key_Space);
+        ASSERT_TRUE(wait([] { return question() != nullptr; }));
+        EXPECT_TRUE(question()->text().endsWith(u": gvfsd-mtp, kiod6"_s));
+        for (const Qt::Key key : keys)
+            QTest::keyClick(question()->focusWidget(), key);
+        EXPECT_TRUE(wait([] { return question() == nullptr; }));
+    };
+    for (const Qt::Key refuses : {Qt::Key_Return, Qt::Key_Space, Qt::Key_Escape}) {
+        answer({refuses});
+        EXPECT_EQ(processes_.ended(), QString());
+    }
+    answer({Qt::Key_Tab, Qt::Key_Space});
+    EXPECT_TRUE(wait([this] { return processes_.ended() == u"gvfsd-mtp|kiod6"_s; }));
 }
 
 } // namespace

@@ -43,11 +43,27 @@ bool CompetingPrograms::isAnyRunning() {
         .succeeded();
 }
 
-void CompetingPrograms::end() {
-    (void)processes_.run(
-        QStringLiteral("/usr/bin/pkill"),
-        {QStringLiteral("-TERM"), QStringLiteral("-u"), user(), QStringLiteral("-x"), suspects()},
+QStringList CompetingPrograms::running() {
+    const auto found = processes_.run(
+        QStringLiteral("/usr/bin/pgrep"),
+        {QStringLiteral("-l"), QStringLiteral("-u"), user(), QStringLiteral("-x"), suspects()},
         processLimit);
+    QStringList names;
+    for (const QByteArray& line : found.standardOutput.split('\n'))
+        if (const auto space = line.indexOf(' '); space > 0) // behind the process's number
+            names << QString::fromLatin1(line.mid(space + 1));
+    names.sort();
+    names.removeDuplicates();
+    return names;
+}
+
+void CompetingPrograms::end(const QStringList& names) {
+    if (names.isEmpty())
+        return;
+    (void)processes_.run(QStringLiteral("/usr/bin/pkill"),
+                         {QStringLiteral("-TERM"), QStringLiteral("-u"), user(),
+                          QStringLiteral("-x"), names.join(QLatin1Char('|'))},
+                         processLimit);
 }
 
 } // namespace tessary

@@ -2,6 +2,8 @@
 
 #include "platform/process/ProcessRunner.h"
 
+#include <QStringList>
+
 namespace tessary {
 
 /// Programs that are known to take phones for themselves.
@@ -12,9 +14,12 @@ public:
 
     /// Whether one runs. Blocking.
     [[nodiscard]] bool isAnyRunning();
-    /// Asks them to end, and unmounts with them; whoever calls it has asked the user. Those that
-    /// the desktop starts again when they are next needed are among them. Blocking.
-    void end();
+    /// The names of those that run, each once, with those that may have a phone but need not; the
+    /// kernel keeps 15 characters of a name. Blocking.
+    [[nodiscard]] QStringList running();
+    /// Asks those of `names`, which running() gave and the user has agreed to, to end; what they
+    /// have mounted goes with them. Blocking.
+    void end(const QStringList& names);
 
 private:
     ProcessRunner& processes_;

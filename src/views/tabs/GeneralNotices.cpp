@@ -3,6 +3,7 @@
 #include "base/text/Printable.h"
 #include "base/threads/Background.h"
 #include "base/threads/MainThread.h"
+#include "views/dialogs/ReleaseQuestion.h"
 #include "views/import/ImportView.h"
 #include "views/sync/SyncTexts.h"
 
@@ -34,13 +35,25 @@ GeneralNotices::~GeneralNotices() {
     app_.defaults().whenTroubleChanges({});
 }
 
-void GeneralNotices::releaseDevice() {
+void GeneralNotices::releaseDevice(QWidget& window) {
+    CompetingPrograms& programs = app_.services().competingPrograms();
+    const auto end = [this, &programs](const QStringList& names) {
+        runInBackground(
+            this, [&programs, names] { programs.end(names); },
+            [this](BackgroundResult<void>) { app_.deviceManager().refreshDeviceList(true); });
+    };
     runInBackground(
-        this, [&services = app_.services()] { services.competingPrograms().end(); },
-        [this](BackgroundResult<void>) { app_.deviceManager().refreshDeviceList(true); });
+        this, [&programs] { return programs.running(); },
+        [end, window = QPointer(&window)](BackgroundResult<QStringList> result) {
+            const QStringList names = result.succeeded() ? result.take() : QStringList();
+            if (names.isEmpty())
+                end({}); // it may have let go by itself
+            else if (window)
+                askToEndPrograms(*window, names, [end, names] { end(names); });
+        });
 }
 
-std::optional<BannerMessage> GeneralNotices::current(bool isPhoneReadable) {
+std::optional<BannerMessage> GeneralNotices::current(bool isPhoneReadable, QWidget& window) {
     if (const auto trouble = app_.defaults().trouble(); trouble && trouble != closedTrouble_)
         return ofSettings(*trouble);
     if (notMounted_)
@@ -52,7 +65,7 @@ std::optional<BannerMessage> GeneralNotices::current(bool isPhoneReadable) {
     if (auto notice = ofCopies())
         return notice;
     if (app_.deviceManager().hasUSBConflict() && !isPhoneReadable && !isConflictClosed_)
-        return ofConflict();
+        return ofConflict(window);
     return std::nullopt;
 }
 
@@ -139,12 +152,13 @@ BannerMessage GeneralNotices::ofMount() {
     return message;
 }
 
-BannerMessage GeneralNotices::ofConflict() {
+BannerMessage GeneralNotices::ofConflict(QWidget& window) {
     BannerMessage message;
     message.kind = BannerMessage::Kind::information;
     message.text = tr("Another program on this computer opens phones, too.");
     message.advice = tr("If a phone does not show its files here, have that program release it.");
-    message.actions.push_back({tr("Release the Phone"), [this] { releaseDevice(); }});
+    message.actions.push_back(
+        {tr("Release the Phone"), [this, &window] { releaseDevice(window); }});
     message.closed = closing([this] { isConflictClosed_ = true; });
     return message;
 }

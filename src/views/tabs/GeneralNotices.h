@@ -23,14 +23,16 @@ public:
     GeneralNotices(TessaryApp& app, SyncViewModel& sync);
     ~GeneralNotices() override;
 
-    /// `isPhoneReadable`: then nobody has to be told of programs that may be in the way.
-    [[nodiscard]] std::optional<BannerMessage> current(bool isPhoneReadable);
+    /// `isPhoneReadable`: then nobody has to be told of programs that may be in the way. Its
+    /// actions ask their questions in `window`.
+    [[nodiscard]] std::optional<BannerMessage> current(bool isPhoneReadable, QWidget& window);
 
     /// Tells how a removal from a phone ended, unless its page shows it.
     void tellRemoval(const ImportRemoval& removal, bool isShown);
 
-    /// Ends the programs that hold phones, and looks for phones again.
-    void releaseDevice();
+    /// Ends the programs that hold phones, once the user has agreed to it in `window`, and looks
+    /// for phones again.
+    void releaseDevice(QWidget& window);
 
 Q_SIGNALS:
     void changed();
@@ -43,7 +45,7 @@ private:
     [[nodiscard]] std::optional<BannerMessage> ofCopies();
     [[nodiscard]] BannerMessage ofRemoval(const ImportRemoval& removal);
     [[nodiscard]] BannerMessage ofMount();
-    [[nodiscard]] BannerMessage ofConflict();
+    [[nodiscard]] BannerMessage ofConflict(QWidget& window);
 
     TessaryApp& app_;
     SyncViewModel& sync_;

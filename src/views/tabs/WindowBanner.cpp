@@ -49,7 +49,7 @@ void WindowBanner::update() {
     else if (const auto& problem = parts_.browser.problem();
              problem && isReady && !(isAtPhone && parts_.browser.isProblemOfLoad()))
         showProblem(*problem);
-    else if (const auto notice = parts_.notices.current(parts_.browser.files() && isReady))
+    else if (const auto notice = parts_.notices.current(parts_.browser.files() && isReady, *this))
         show(*notice);
     else
         clear();
@@ -84,7 +84,7 @@ void WindowBanner::showProblem(const BrowserProblem& problem) {
 }
 
 void WindowBanner::releaseDevice() {
-    parts_.notices.releaseDevice();
+    parts_.notices.releaseDevice(*this);
 }
 
 } // namespace tessary
