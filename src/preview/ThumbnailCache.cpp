@@ -13,7 +13,6 @@
 #include <QImageReader>
 
 #include <algorithm>
-#include <ctime>
 #include <functional>
 #include <vector>
 
@@ -24,9 +23,8 @@ namespace tessary {
 
 namespace {
 
-constexpr int longestSide = 1024;               // pixels; what is larger was not made here
-constexpr qint64 longestFile = 4'000'000;       // bytes
-constexpr std::time_t abandonedAfter = 10 * 60; // s
+constexpr int longestSide = 1024;         // pixels; what is larger was not made here
+constexpr qint64 longestFile = 4'000'000; // bytes
 
 QByteArray fileNameOf(const QString& key) {
     return key.toLatin1() + ".png";
@@ -140,7 +138,7 @@ void ThumbnailCache::makeRoom() {
         if (name.endsWith(".png") && S_ISREG(facts.st_mode))
             stored.push_back(
                 {name, facts.st_size, facts.st_mtim.tv_sec * perSecond + facts.st_mtim.tv_nsec});
-        else if (std::time(nullptr) - facts.st_mtime > abandonedAfter)
+        else if (isLeftAlone(facts))
             (void)removeTreeAt(folder, name);
     }
     std::ranges::sort(stored, std::greater(), &Stored::written);

@@ -125,11 +125,13 @@ TEST_F(PrivateFolderTest, scratchFoldersOfEndedProgramsAreRemovedOnceTheyAreOld)
     const PrivateFolder ours(disk.path(), u"ours"_s);
     const ScratchFolder running(ours);
     disk.makeFolder(u"outside"_s);
-    for (const char* name : {"scratch-old/deep", "scratch-young", "something-old"})
+    for (const char* name : {"scratch-old/deep", "scratch-young", "scratch-ahead", "something-old"})
         disk.write(u"ours/"_s + QString::fromLatin1(name) + u"/file"_s, "content");
     QFile::link(disk.path(u"outside"_s), disk.path(u"ours/scratch-link"_s));
     for (const QString& name : disk.names(u"ours"_s))
-        setAge(disk.path(u"ours/"_s + name), name == u"scratch-young"_s ? 9 * 60 : 11 * 60);
+        setAge(disk.path(u"ours/"_s + name), name == u"scratch-young"_s   ? 9 * 60
+                                             : name == u"scratch-ahead"_s ? -11 * 60
+                                                                          : 11 * 60);
     ours.removeAbandoned();
     QStringList left = disk.names(u"ours"_s);
     EXPECT_EQ(left.removeAll(running.path().section(u'/', -1)), 1) << "its program runs";

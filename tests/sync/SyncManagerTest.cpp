@@ -216,7 +216,8 @@ TEST(SyncReportStoreTest, reportsAreKeptForAMonth) {
     report.failure = Error(PhoneError::full, {u"/Sync"_s});
     report.outcome = Outcome::failed;
     report.transferredBytes = 1LL << 40;
-    for (const int daysAgo : {40, 20, 1}) {
+    // A clock that was a year ahead told the time of one.
+    for (const int daysAgo : {-365, 40, 20, 1}) {
         report.startedAt = now.addDays(-daysAgo);
         report.endedAt = report.startedAt.addSecs(60);
         store.add(pair, report, now);

@@ -238,6 +238,9 @@ TEST_F(CopyQueueTest, historyForgetsWhatIsOldAndSurvivesWhatIsBroken) {
         EXPECT_TRUE(history.find({}).empty());
         history.add({record});
         EXPECT_EQ(history.find({}).size(), 1U);
+        old.ended = record.ended.addYears(5); // by a clock that was wrong
+        history.add({old});
+        EXPECT_LE(history.find({})[0].ended, QDateTime::currentDateTime());
     }
     const QByteArray whole = disk.read(s("copies.json"));
     for (qsizetype length = 0; length < whole.size(); length += 7) {

@@ -109,6 +109,9 @@ TEST(Leftovers, areFinishedOrRemovedAndNothingElseIs) {
     const QString old = newPartName({});
     const QString young = newPartName({});
     const QString used = newPartName({});
+    const QString otherZone = newPartName({});
+    target.put(newPartName({}), "of a clock that was wrong", now.addYears(1));
+    target.put(otherZone, "z", now.addSecs(14 * 3600));
     target.put(old, "o", now.addSecs(-700));
     target.put(young, "y", now.addSecs(-500));
     target.put(used, "u", now.addSecs(-700));
@@ -122,6 +125,7 @@ TEST(Leftovers, areFinishedOrRemovedAndNothingElseIs) {
     EXPECT_EQ(run(requestFor(source, target, ClashAnswer::skip)).end(), CopyOutcome::End::done);
     EXPECT_EQ(target.contents(), (Contents{{young, "y"},
                                            {used, "u"},
+                                           {otherZone, "z"},
                                            {s("film.mp4"), "whole"},
                                            {s("taken"), "t"},
                                            {longName, "long"},

@@ -27,7 +27,6 @@ namespace tessary {
 namespace {
 
 constexpr mode_t forUsAlone = S_IRWXU;
-constexpr std::time_t abandonedAfter = 10 * 60; // s
 
 [[noreturn]] void fail(const QString& path, const QString& reason) {
     throw Error(LocalError::cannotMakeFolder, {path, reason});
@@ -112,12 +111,17 @@ struct CloseFolder {
 /// Whether a folder is of no running program, and older than it takes to make one.
 bool isAbandoned(int folder) {
     struct stat facts {};
-    return fstat(folder, &facts) == 0 && facts.st_uid == geteuid() &&
-           std::time(nullptr) - facts.st_mtime > abandonedAfter &&
+    return fstat(folder, &facts) == 0 && facts.st_uid == geteuid() && isLeftAlone(facts) &&
            flock(folder, LOCK_EX | LOCK_NB) == 0;
 }
 
 } // namespace
+
+bool isLeftAlone(const struct stat& facts) {
+    constexpr std::time_t longEnough = 10 * 60; // s
+    const std::time_t now = std::time(nullptr);
+    return facts.st_mtime < now - longEnough || facts.st_mtime > now + longEnough;
+}
 
 PrivateFolder::PrivateFolder(Place place, const QString& name) {
     const QString own = QStringLiteral("tessary");

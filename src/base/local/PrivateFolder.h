@@ -4,7 +4,13 @@
 
 #include <QString>
 
+#include <sys/stat.h>
+
 namespace tessary {
+
+/// Whether nobody has written to a file or folder of ours for ten minutes. What is dated further
+/// ahead than that counts, too: the clock was set back since.
+[[nodiscard]] bool isLeftAlone(const struct stat& facts);
 
 /// A folder of this program's own outside the folders that the user works in: made for this user
 /// alone (0700), and used only when its open descriptor says that it is a folder and this user's.

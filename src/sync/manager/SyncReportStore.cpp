@@ -53,11 +53,13 @@ void SyncReportStore::add(const QUuid& pair, const SyncReport& report, const QDa
                                              {QString::fromUtf8(error.what())});
     }
     const QString oldest = fileName(now.addDays(-keptFor.count()));
+    // What a clock that was wrong has dated ahead would be the latest report for as long.
+    const QString latest = fileName(now.addDays(1));
     for (const QString& each : QDir(folder_).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
         const QDir reports(folder_ + QLatin1Char('/') + each);
         // Whatever it ends in: what is not finished has the date in its name, too.
         for (const QString& name : reports.entryList(QDir::Files))
-            if (name < oldest)
+            if (name < oldest || name > latest)
                 QFile::remove(reports.filePath(name));
     }
 }

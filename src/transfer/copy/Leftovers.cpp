@@ -22,11 +22,15 @@ InUse& inUse() {
     return all;
 }
 
+/// By this computer's clock; a phone's own may show the time of another zone.
 bool isOld(const FileItem& item, PartName::Kind kind) {
-    const std::chrono::milliseconds most =
-        kind == PartName::Kind::resumable ? oldestBrokenOff : oldestPart;
-    return item.modifiedDate &&
-           item.modifiedDate->msecsTo(QDateTime::currentDateTime()) > most.count();
+    if (!item.modifiedDate)
+        return false;
+    const std::chrono::milliseconds age(item.modifiedDate->msecsTo(QDateTime::currentDateTime()));
+    // What can be gone on with is found by its name, however wrong a clock was.
+    if (kind == PartName::Kind::resumable)
+        return age > oldestBrokenOff;
+    return age > oldestPart || age < -std::chrono::hours(24);
 }
 
 /// Runs a step of tidying up that may fail.

@@ -9,9 +9,10 @@ namespace tessary {
 
 // One rule for what a run that broke off has left behind, on either side: the next visit to its
 // folder removes it once it is older than ten minutes and of no running program; its owner, see
-// PartName, at once. Only what can be gone on with is kept longer; its name is the record of that,
-// and says of which file, size and date it is a part (resumableName()). It is kept for as long as
-// going on with its copy is offered.
+// PartName, at once; one that is dated a day ahead was made before a clock was set back. Only what
+// can be gone on with is kept longer; its name is the record of that, and says of which file, size
+// and date it is a part (resumableName()). It is kept for as long as going on with its copy is
+// offered.
 
 inline constexpr std::chrono::minutes oldestPart{10};
 inline constexpr std::chrono::hours oldestBrokenOff{7 * 24};

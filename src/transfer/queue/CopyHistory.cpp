@@ -46,7 +46,11 @@ void CopyHistory::load() {
 }
 
 void CopyHistory::save() {
-    const QDateTime oldest = QDateTime::currentDateTime().addDays(-keptDays);
+    const QDateTime now = QDateTime::currentDateTime();
+    const QDateTime oldest = now.addDays(-keptDays);
+    // What a clock that was wrong has dated ahead ages from now on.
+    for (CopyRecord& one : records_)
+        one.ended = std::min(one.ended, now);
     std::erase_if(records_, [&oldest](const CopyRecord& one) { return one.ended < oldest; });
     if (records_.size() > mostRecords)
         records_.resize(mostRecords);
