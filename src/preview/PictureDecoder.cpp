@@ -66,8 +66,9 @@ Picture PictureDecoder::decode(const PictureRequest& request, const std::stop_to
 Picture PictureDecoder::decode(const QByteArray& bytes, int maxSide,
                                const std::stop_token& stop) const {
     const FileHandle file(::memfd_create("picture", MFD_CLOEXEC));
-    const auto size = static_cast<ssize_t>(bytes.size());
-    if (!file.isOpen() || ::write(file.get(), bytes.constData(), bytes.size()) != size ||
+    const auto size = static_cast<std::size_t>(bytes.size());
+    if (!file.isOpen() ||
+        ::write(file.get(), bytes.constData(), size) != static_cast<ssize_t>(size) ||
         ::lseek(file.get(), 0, SEEK_SET) != 0)
         throw PictureError("there is no memory for the picture");
     return decode(file, maxSide, 0, stop);
