@@ -145,6 +145,13 @@ void Round::browse(SoakPhone& phone) {
     }
 }
 
+std::function<void(const PreparedCopy&)> Round::queuing(SoakPhone& phone) {
+    return [this, &phone, goesOn = std::weak_ptr(goesOn_)](const PreparedCopy& prepared) {
+        if (goesOn.lock())
+            copy(phone, prepared);
+    };
+}
+
 /// Queues a copy with answers at random to what it will meet.
 void Round::copy(SoakPhone& phone, const PreparedCopy& prepared) {
     const auto answer =
@@ -174,9 +181,7 @@ void Round::copy(SoakPhone& phone, const PreparedCopy& prepared) {
 void Round::download(SoakPhone& phone) {
     if (!show(phone, dice_.happens(70) ? camera : camera + u"/d2"_s))
         return;
-    program_.browser.copies().prepareDownload(
-        someIds(4), downloads_,
-        [this, &phone](const PreparedCopy& prepared) { copy(phone, prepared); });
+    program_.browser.copies().prepareDownload(someIds(4), downloads_, queuing(phone));
 }
 
 void Round::upload(SoakPhone& phone) {
@@ -188,8 +193,7 @@ void Round::upload(SoakPhone& phone) {
     for (int count = dice_.between(1, 3); count > 0; --count)
         sources << dice_.oneOf(all).filePath();
     sources.removeDuplicates();
-    program_.browser.copies().prepareUpload(
-        sources, {}, [this, &phone](const PreparedCopy& prepared) { copy(phone, prepared); });
+    program_.browser.copies().prepareUpload(sources, {}, queuing(phone));
 }
 
 void Round::edit(SoakPhone& phone) {

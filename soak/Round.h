@@ -7,6 +7,7 @@
 #include <QHash>
 #include <QUuid>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -54,6 +55,8 @@ private:
     void disturb(SoakPhone& phone);
     [[nodiscard]] bool show(SoakPhone& phone, const QString& path);
     [[nodiscard]] QStringList someIds(int most);
+    /// What queues a copy once it is prepared, unless the round is over by then.
+    [[nodiscard]] std::function<void(const PreparedCopy&)> queuing(SoakPhone& phone);
     void copy(SoakPhone& phone, const PreparedCopy& prepared);
 
     void settle();
@@ -73,6 +76,7 @@ private:
     QHash<QUuid, Copy> copies_;
     QHash<SoakPhone*, Tree> edits_; ///< what lay in "Edits" before
     bool hasDeleted_ = false;
+    const std::shared_ptr<const bool> goesOn_ = std::make_shared<const bool>(true);
     QString problem_; ///< that a signal brought, which must not throw
 };
 
