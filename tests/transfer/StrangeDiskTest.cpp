@@ -1,12 +1,16 @@
 #include "support/StrangeDisk.h"
 
+#include "platform/settings/JsonUserDefaults.h"
 #include "support/CodeOf.h"
 #include "support/QtPrinters.h"
 #include "transfer/CopySides.h"
+#include "transfer/ImportFixture.h"
 #include "transfer/copy/Spool.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <map>
 
 namespace tessary {
 namespace {
@@ -32,10 +36,13 @@ protected:
     }
 
     MemorySide phone{{.rules = {}, .queue = std::make_shared<PhoneQueue>()}};
-    std::optional<StrangeDisk> disk;
+    DiskSide here;
+    ImportFixture import;
+    std::optional<StrangeDisk> disk; ///< may be mounted over one of the two
     std::shared_ptr<LocalFileSystem> files;
 };
 
+constexpr std::chrono::seconds patience(30);
 const NameRules card{.ignoresCase = true, .ignoresUnicodeForm = true, .forbidsFATCharacters = true};
 
 TEST_F(StrangeDiskTest, rulesAreFoundOutByTryingAndLeaveNothing) {
@@ -119,51 +126,157 @@ TEST_F(StrangeDiskTest, aFullDiskEndsTheCopyAndKeepsNoPart) {
     }
 }
 
-TEST_F(StrangeDiskTest, anyRequestMayFailAndNothingIsLostOrCalledDone) {
-    mount({});
-    if (IsSkipped())
-        return;
-    const auto contentOf = [this](const char* path) {
-        QFile file(disk->path() + QLatin1Char('/') + s(path));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    };
-    const QByteArray older(1000, 'o');
-    const Contents newer{{s("taken.txt"), QByteArray(200'000, 'n')},
-                         {s("made/first.txt"), "first"},
-                         {s("made/second.txt"), QByteArray(70'000, 's')}};
-    for (const int error : {EIO, ENOSPC, EDQUOT, EACCES, EROFS, EMFILE, ENOMEM}) {
+/// Something that uses the disk, and what has to hold however it went.
+struct DiskUse {
+    std::function<void()> prepare;
+    std::function<void()> run;
+    std::function<void()> check;
+    std::vector<int> errors{EIO, ENOSPC, EDQUOT, EACCES, EROFS, EMFILE, ENOMEM};
+    int leastRequests = 20;
+};
+
+/// Each of its requests to the disk fails once, in each way.
+void expectToStandFaults(StrangeDisk& disk, const DiskUse& use) {
+    for (const int error : use.errors) {
         int failing = 1;
         for (bool hasFailed = true; hasFailed; ++failing) {
             SCOPED_TRACE(QStringLiteral("%1 at request %2")
                              .arg(QLatin1StringView(::strerrorname_np(error)))
                              .arg(failing)
                              .toStdString());
-            for (const QString& name :
-                 QDir(disk->path())
-                     .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot))
-                if (!QFile::remove(disk->path() + QLatin1Char('/') + name))
-                    QDir(disk->path() + QLatin1Char('/') + name).removeRecursively();
-            QFile taken(disk->path() + s("/taken.txt"));
-            ASSERT_TRUE(taken.open(QIODevice::WriteOnly) && taken.write(older) == older.size());
-            taken.close();
-
-            disk->failRequest(failing, error);
-            const CopyOutcome outcome = download(newer, ClashAnswer::replace);
-            hasFailed = disk->requests() >= failing;
-            disk->failRequest(0, 0);
-
-            bool isAllThere = true;
-            for (auto file = newer.begin(); file != newer.end(); ++file) {
-                const QByteArray there = contentOf(file.key().toUtf8().constData());
-                isAllThere = isAllThere && there == *file;
-                EXPECT_TRUE(there == *file || there.isNull() || there == older)
-                    << file.key().toStdString() << " holds " << there.size() << " bytes";
-            }
-            EXPECT_FALSE(contentOf("taken.txt").isEmpty()) << "the old one went with nothing new";
-            EXPECT_TRUE(isAllThere || outcome.end() != CopyOutcome::End::done);
+            use.prepare();
+            disk.failRequest(failing, error);
+            use.run();
+            hasFailed = disk.requests() >= failing;
+            disk.failRequest(0, 0);
+            use.check();
+            if (testing::Test::HasFailure())
+                return;
         }
-        EXPECT_GT(failing, 20);
+        EXPECT_GT(failing, use.leastRequests);
     }
+}
+
+const QByteArray older(1000, 'o');
+const Contents newer{{s("taken.txt"), QByteArray(200'000, 'n')},
+                     {s("made/first.txt"), "first"},
+                     {s("made/second.txt"), QByteArray(70'000, 's')}};
+
+/// Each file is the new one or the old one, whole, and what is called done is all there.
+void expectWhole(const Contents& there, const CopyOutcome& outcome) {
+    bool isAllThere = true;
+    for (auto file = newer.begin(); file != newer.end(); ++file) {
+        const auto found = there.find(file.key());
+        isAllThere = isAllThere && found != there.end() && *found == *file;
+        EXPECT_TRUE(found == there.end() || *found == *file || *found == older)
+            << file.key().toStdString() << " holds " << found->size() << " bytes";
+    }
+    EXPECT_TRUE(there.contains(s("taken.txt"))) << "the old one went with nothing new";
+    EXPECT_TRUE(isAllThere || outcome.end() != CopyOutcome::End::done);
+}
+
+TEST_F(StrangeDiskTest, anyRequestOfADownloadMayFail) {
+    mount({.at = here.root()});
+    if (IsSkipped())
+        return;
+    CopyOutcome outcome;
+    expectToStandFaults(*disk, {.prepare =
+                                    [&] {
+                                        QDir(here.root()).removeRecursively();
+                                        here.put(s("taken.txt"), older, noon.addDays(-1));
+                                    },
+                                .run = [&] { outcome = download(newer, ClashAnswer::replace); },
+                                .check = [&] { expectWhole(here.contents(), outcome); }});
+}
+
+TEST_F(StrangeDiskTest, anyRequestOfAnUploadMayFail) {
+    mount({.at = here.root()});
+    if (IsSkipped())
+        return;
+    here.fill(newer, noon);
+    const auto items = listAll(*files, disk->path(), {}).items;
+    CopyOutcome outcome;
+    std::optional<MemorySide> there;
+    expectToStandFaults(
+        *disk, {.prepare = [&] { there.emplace().put(s("taken.txt"), older, noon.addDays(-1)); },
+                .run =
+                    [&] {
+                        TreeCopyRequest request{
+                            .from = files, .to = there->files(), .folder = there->root()};
+                        request.policy = [](const Clash&) { return ClashAnswer::replace; };
+                        for (const FileItem& item : items)
+                            request.items.push_back({item, item.name});
+                        outcome = TreeCopy(std::move(request)).run({}, {});
+                    },
+                .check = [&] { expectWhole(there->contents(), outcome); },
+                .errors = {EIO, EACCES, EMFILE, ENOMEM},
+                .leastRequests = 8});
+}
+
+/// Its ledger lies on the disk, too. What is deleted from the phone then is here, whole.
+TEST_F(StrangeDiskTest, anyRequestOfAnImportMayFail) {
+    mount({.at = import.disk->path()});
+    if (IsSkipped())
+        return;
+    const std::map<const char*, QByteArray> photos{
+        {"IMG_1.JPG", QByteArray(90'000, '1')}, {"IMG_2.JPG", "2"}, {"IMG_3.JPG", "3"}};
+    const auto isHere = [&](const QByteArray& content) {
+        const QStringList found = import.here();
+        return std::count_if(found.begin(), found.end(), [&](const QString& line) {
+            return line.endsWith(QLatin1Char('=') + QString::fromUtf8(content));
+        });
+    };
+    expectToStandFaults(*disk, {.prepare =
+                                    [&] {
+                                        QDir(disk->path()).removeRecursively();
+                                        for (const auto& [name, content] : photos)
+                                            import.take(name, content);
+                                    },
+                                .run =
+                                    [&] {
+                                        try {
+                                            (void)import.fetch();
+                                        } catch (const std::exception&) {
+                                        }
+                                    },
+                                .check =
+                                    [&] {
+                                        (void)import.removeAll();
+                                        for (const auto& [name, content] : photos)
+                                            EXPECT_TRUE(isHere(content) == 1 ||
+                                                        import.phone->has(s("/DCIM/") + s(name)));
+                                        (void)import.fetch();
+                                        for (const auto& [name, content] : photos)
+                                            EXPECT_EQ(isHere(content), 1) << name;
+                                    },
+                                .errors = {EIO, ENOSPC}});
+}
+
+TEST_F(StrangeDiskTest, anyRequestOfSettingsMayFail) {
+    mount({});
+    if (IsSkipped())
+        return;
+    const QString file = disk->path() + s("/tessary/settings.json");
+    const auto isStored = [&file](const char* value) {
+        JsonUserDefaults defaults(file);
+        defaults.setValue(s("changed"), s(value));
+        const bool isDone = defaults.store(patience);
+        EXPECT_TRUE(isDone || defaults.trouble());
+        return isDone;
+    };
+    JsonUserDefaults(file).setValue(s("other"), s("as it was"));
+    QString expected;
+    expectToStandFaults(*disk,
+                        {.prepare = [&] { EXPECT_TRUE(isStored("before")); },
+                         .run = [&] { expected = isStored("after") ? s("after") : s("before"); },
+                         .check =
+                             [&] {
+                                 const JsonUserDefaults defaults(file);
+                                 EXPECT_EQ(defaults.value(s("changed")).toString(), expected);
+                                 EXPECT_EQ(defaults.value(s("other")).toString(), s("as it was"));
+                             },
+                         .errors = {EIO, ENOSPC, EMFILE},
+                         .leastRequests = 12});
 }
 
 } // namespace

@@ -1,11 +1,12 @@
 #include "platform/desktop/SingleInstance.h"
 
+#include "base/local/LocalError.h"
+#include "base/local/PrivateFolder.h"
 #include "base/log/DiagnosticsLogger.h"
 
 #include <QDeadlineTimer>
 #include <QLocalServer>
 #include <QLocalSocket>
-#include <QStandardPaths>
 #include <QThread>
 #include <QTimer>
 
@@ -30,7 +31,12 @@ SingleInstance::SingleInstance(const QString& name, const QString& folder)
 SingleInstance::~SingleInstance() = default;
 
 QString SingleInstance::runtimeFolder() {
-    return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    try {
+        return PrivateFolder(PrivateFolder::Place::runtime, QStringLiteral("window")).path();
+    } catch (const Error& error) {
+        DiagnosticsLogger::shared().ui.error("Cannot tell later starts: %s", {error.logText()});
+        return {}; // which takes no files
+    }
 }
 
 SingleInstance::Outcome SingleInstance::claim(Raise raise, const QByteArray& activationToken) {

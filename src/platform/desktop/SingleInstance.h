@@ -33,7 +33,7 @@ public:
     /// Blocks for a few seconds at most, and only while another one starts, ends or hangs.
     [[nodiscard]] Outcome claim(Raise raise, const QByteArray& activationToken = {});
 
-    /// $XDG_RUNTIME_DIR, or its substitute.
+    /// One of this user's own, whatever the environment says; empty when none can be made.
     [[nodiscard]] static QString runtimeFolder();
 
 private:

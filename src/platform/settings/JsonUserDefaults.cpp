@@ -1,5 +1,8 @@
 #include "platform/settings/JsonUserDefaults.h"
 
+#include "base/local/FileLock.h"
+#include "base/local/LocalError.h"
+#include "base/local/WholeFile.h"
 #include "base/log/DiagnosticsLogger.h"
 #include "platform/settings/SystemUserDefaults.h"
 
@@ -9,23 +12,26 @@
 #include <QHash>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QLockFile>
-#include <QSaveFile>
 #include <QStandardPaths>
 
+#include <cerrno>
 #include <chrono>
+#include <cstring>
 #include <future>
 #include <mutex>
 #include <optional>
 #include <utility>
 #include <vector>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+
 namespace tessary {
 
 namespace {
 
 constexpr qint64 largestFile = 16 * 1024 * 1024;
-constexpr int lockTimeout = 10'000; // ms; a change takes a few
+constexpr std::chrono::seconds lockTimeout(10); // a change takes milliseconds
 constexpr std::chrono::seconds patienceAtEnd(3);
 
 /// By key, in the order in which they were made.
@@ -46,15 +52,21 @@ struct Content {
 };
 
 Content read(const QString& path) {
-    QFile file(path);
-    const QFileInfo info(path);
-    if (!info.exists() && !info.isSymLink())
+    const FileHandle opened(
+        ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    // Only what is said to be missing is: whatever else keeps it from being read is no reason to
+    // write a new one in its place.
+    if (!opened.isOpen() && errno == ENOENT && !QFileInfo(path).isSymLink())
         return {};
-    if (!info.isFile())
+    struct stat facts {};
+    QFile file;
+    if (!opened.isOpen() || ::fstat(opened.get(), &facts) != 0)
+        return {Content::Kind::unreadable, {}, QString::fromLocal8Bit(std::strerror(errno))};
+    if (!S_ISREG(facts.st_mode))
         return {Content::Kind::unreadable, {}, QStringLiteral("it is no file")};
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(opened.get(), QIODevice::ReadOnly))
         return {Content::Kind::unreadable, {}, file.errorString()};
-    if (info.size() > largestFile)
+    if (facts.st_size > largestFile)
         return {Content::Kind::damaged, {}, {}};
     const QByteArray bytes = file.readAll();
     if (file.error() != QFile::NoError)
@@ -81,15 +93,6 @@ QString putAside(const QString& path) {
         if (!QFileInfo::exists(aside) && !QFileInfo(aside).isSymLink())
             break;
     }
-    return {};
-}
-
-/// What went wrong; empty for success.
-QString write(const QString& path, const QJsonObject& values) {
-    QSaveFile out(path);
-    const QByteArray bytes = QJsonDocument(values).toJson();
-    if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size() || !out.commit())
-        return out.errorString();
     return {};
 }
 
@@ -164,11 +167,13 @@ void JsonUserDefaults::Store::write() {
 /// What went wrong; empty for success.
 QString JsonUserDefaults::Store::store(const Changes& changes) {
     QDir().mkpath(QFileInfo(file).absolutePath());
-    QLockFile fileLock(file + QStringLiteral(".lock"));
-    if (!fileLock.tryLock(lockTimeout))
-        return fileLock.error() == QLockFile::LockFailedError
-                   ? QStringLiteral("another program holds its lock")
-                   : QStringLiteral("its folder cannot be written to");
+    std::optional<FileLock> fileLock;
+    try {
+        if (!fileLock.emplace(file + QStringLiteral(".lock")).tryLock(lockTimeout))
+            return QStringLiteral("another program holds its lock");
+    } catch (const Error&) {
+        return QStringLiteral("its folder cannot be written to");
+    }
     Content current = read(file);
     if (current.kind == Content::Kind::unreadable)
         return current.reason; // what is in it must not be lost
@@ -186,7 +191,12 @@ QString JsonUserDefaults::Store::store(const Changes& changes) {
         values = current.values;
         makeChanges(unwritten, values);
     }
-    return tessary::write(file, current.values);
+    try {
+        writeWholeFile(file, QJsonDocument(current.values).toJson());
+        return {};
+    } catch (const Error& error) {
+        return error.arguments().value(1).toString();
+    }
 }
 
 JsonUserDefaults::JsonUserDefaults(QString file)

@@ -1,6 +1,7 @@
 #include "sync/manager/SyncReportStore.h"
 
 #include "base/local/LocalError.h"
+#include "base/local/WholeFile.h"
 #include "base/log/DiagnosticsLogger.h"
 #include "sync/plan/SyncReportJson.h"
 
@@ -8,7 +9,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 namespace tessary {
@@ -45,9 +45,7 @@ void SyncReportStore::add(const QUuid& pair, const SyncReport& report, const QDa
     try {
         if (!QDir().mkpath(folder))
             throw Error(LocalError::cannotMakeFolder, {folder, QString()});
-        QSaveFile file(folder + QLatin1Char('/') + fileName(report.endedAt));
-        if (!file.open(QIODevice::WriteOnly) || file.write(json) != json.size() || !file.commit())
-            throw Error(LocalError::cannotWrite, {file.fileName(), file.errorString()});
+        writeWholeFile(folder + QLatin1Char('/') + fileName(report.endedAt), json);
     } catch (const std::exception& error) {
         DiagnosticsLogger::shared().ui.error("sync report not stored: %s",
                                              {QString::fromUtf8(error.what())});

@@ -1,41 +1,29 @@
 #include "sync/run/SyncLock.h"
 
-#include "base/local/LocalError.h"
 #include "base/local/PrivateFolder.h"
 #include "base/threads/CancellationError.h"
 
-#include <QFile>
-
-#include <cerrno>
 #include <chrono>
-#include <cstring>
-#include <fcntl.h>
-#include <sys/file.h>
-#include <thread>
 
 namespace tessary {
 
 SyncLock::SyncLock(const QString& file, const std::function<void()>& waits,
                    const std::stop_token& stop)
-    : file_(::open(QFile::encodeName(file).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600)) {
-    constexpr std::chrono::milliseconds pause{100};
-    const auto failure = [&file] {
-        return Error(LocalError::cannotWrite, {file, QString::fromLocal8Bit(std::strerror(errno))});
-    };
-    if (!file_.isOpen())
-        throw failure();
-    for (bool isFirst = true; ::flock(file_.get(), LOCK_EX | LOCK_NB) != 0; isFirst = false) {
-        if (errno != EWOULDBLOCK && errno != EINTR)
-            throw failure();
-        if (isFirst && waits)
-            waits();
+    : lock_(file) {
+    constexpr std::chrono::milliseconds step{100};
+    if (lock_.tryLock())
+        return;
+    if (waits)
+        waits();
+    do
         throwIfStopped(stop);
-        std::this_thread::sleep_for(pause);
-    }
+    while (!lock_.tryLock(step));
 }
 
 QString SyncLock::defaultFile() {
-    return PrivateFolder(PrivateFolder::Place::runtime, QStringLiteral("sync")).path() +
+    // Not in the runtime folder: a program that a timer or another machine's shell starts may be
+    // told of none, and would have a lock of its own.
+    return PrivateFolder(PrivateFolder::Place::cache, QStringLiteral("sync")).path() +
            QStringLiteral("/runs.lock");
 }
 

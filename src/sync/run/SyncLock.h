@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/local/FileHandle.h"
+#include "base/local/FileLock.h"
 
 #include <QString>
 
@@ -21,7 +21,7 @@ public:
     [[nodiscard]] static QString defaultFile();
 
 private:
-    FileHandle file_;
+    FileLock lock_;
 };
 
 } // namespace tessary

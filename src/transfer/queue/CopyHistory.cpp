@@ -1,6 +1,6 @@
 #include "transfer/queue/CopyHistory.h"
 
-#include "base/local/LocalError.h"
+#include "base/local/WholeFile.h"
 #include "base/log/DiagnosticsLogger.h"
 #include "transfer/copy/Leftovers.h"
 
@@ -8,7 +8,6 @@
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -58,12 +57,8 @@ void CopyHistory::save() {
     for (const CopyRecord& record : records_)
         all.append(toJson(record));
     QDir().mkpath(folder_);
-    QSaveFile file(QDir(folder_).filePath(fileName));
-    const QByteArray json = QJsonDocument(all).toJson(QJsonDocument::Compact);
-    if (!file.open(QIODevice::WriteOnly) ||
-        !file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner) ||
-        file.write(json) != json.size() || !file.commit())
-        throw Error(LocalError::cannotWrite, {file.fileName(), file.errorString()});
+    writeWholeFile(QDir(folder_).filePath(fileName),
+                   QJsonDocument(all).toJson(QJsonDocument::Compact));
 }
 
 void CopyHistory::add(std::vector<CopyRecord> records) {
