@@ -103,7 +103,7 @@ SyncTree SyncSide::scan(const SyncPatterns& patterns, Leftovers leftovers, const
         throwIfStopped(call.stop);
         const Folder folder = std::move(waiting.back());
         waiting.pop_back();
-        if (static_cast<qint64>(tree.files.size() + tree.unknown.size()) + tree.folders.size() >
+        if (static_cast<qint64>(tree.files.size() + tree.unknown.size() + tree.folders.size()) >
             mostWalkedEntries)
             throw Error(PhoneError::listingBroken, {pathOf(folder.relativePath)});
         try {
