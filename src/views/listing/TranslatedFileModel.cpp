@@ -50,9 +50,20 @@ QString TranslatedFileModel::kindOf(const QModelIndex& index) const {
     return kinds_.kindOf(shown_.rows().item(index.row()).name).value_or(category);
 }
 
+/// The heading that the entry stands under, for who does not see it.
+QString TranslatedFileModel::dayOf(int row) const {
+    const FileRows& rows = shown_.rows();
+    if (!rows.groupsByDay() || rows.isFolder(row))
+        return {};
+    const qint64 day = rows.day(row);
+    return dayDisplayName(day == FileListing::noDay ? QDate() : QDate::fromJulianDay(day));
+}
+
 QVariant TranslatedFileModel::data(const QModelIndex& index, int role) const {
     if (role == Qt::DisplayRole && index.column() == kindColumn)
         return kindOf(index);
+    if (role == Qt::AccessibleDescriptionRole)
+        return dayOf(index.row());
     if (role == isCutRole)
         return !cut_.isEmpty() && cut_.contains(FileListModel::data(index, idRole).toString());
     return FileListModel::data(index, role);

@@ -25,6 +25,7 @@ public:
 
 private:
     [[nodiscard]] QString kindOf(const QModelIndex& index) const;
+    [[nodiscard]] QString dayOf(int row) const;
     void takeClipboard();
     void allChanged();
 
