@@ -7,8 +7,9 @@
 // ratio is below 90 %: the content passes the helper. All files lie in memory where there is such a
 // file system: a disk's moods are larger than what is measured.
 //
-// With "list" it lists 3,000 entries instead, at 2 ms a request: as the first long folder, when the
-// second connection is still to be opened, and after it.
+// The file's size in MiB may be given. With "list" it lists 3,000 entries instead, at 2 ms a
+// request: as the first long folder, when the second connection is still to be opened, and after
+// it.
 
 #include "ios/AFCConnection.h"
 #include "support/Application.h"
@@ -24,6 +25,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <string_view>
 #include <vector>
 
@@ -33,9 +35,7 @@ namespace {
 using namespace Qt::StringLiterals;
 using Clock = std::chrono::steady_clock;
 
-constexpr qint64 fileSize = qint64{256} << 20;
 constexpr std::uint32_t piece = 1U << 20;
-constexpr int rounds = 15;
 
 /// The container as the library opens it, with nothing of ours in between.
 class BareConnection {
@@ -90,7 +90,7 @@ private:
     std::vector<char> buffer_ = std::vector<char>(piece);
 };
 
-double megabytesPerSecond(const std::function<void()>& copy) {
+double megabytesPerSecond(qint64 fileSize, const std::function<void()>& copy) {
     const auto begin = Clock::now();
     copy();
     const std::chrono::duration<double> time = Clock::now() - begin;
@@ -103,17 +103,18 @@ double median(std::vector<double> values) {
 }
 
 /// The client's speed as a part of the bare loop's.
-double compare(const char* direction, const std::function<void()>& bare,
+double compare(const char* direction, qint64 fileSize, const std::function<void()>& bare,
                const std::function<void()>& ours) {
+    const int rounds = fileSize > qint64{512} << 20 ? 5 : 15;
     std::vector<double> bareSpeeds;
     std::vector<double> ourSpeeds;
     std::vector<double> ratios;
     for (int round = 0; round < rounds; ++round) {
         const bool bareFirst = round % 2 == 0;
-        double speed = bareFirst ? megabytesPerSecond(bare) : 0;
-        ourSpeeds.push_back(megabytesPerSecond(ours));
+        double speed = bareFirst ? megabytesPerSecond(fileSize, bare) : 0;
+        ourSpeeds.push_back(megabytesPerSecond(fileSize, ours));
         if (!bareFirst)
-            speed = megabytesPerSecond(bare);
+            speed = megabytesPerSecond(fileSize, bare);
         bareSpeeds.push_back(speed);
         ratios.push_back(ourSpeeds.back() / speed);
     }
@@ -123,7 +124,7 @@ double compare(const char* direction, const std::function<void()>& bare,
     return ratio;
 }
 
-int run() {
+int run(qint64 fileSize) {
     const Application application;
     const TemporaryFolder here;
     IPhoneFiles iphone;
@@ -143,7 +144,7 @@ int run() {
     const FileItem big = iphone.item(u"/big"_s);
     bool isWhole = true;
     const double down = compare(
-        "download",
+        "download", fileSize,
         [&] { isWhole = isWhole && bare.download("/Documents/big", localPath.constData()); },
         [&] {
             const int out = ::open(localPath.constData(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
@@ -155,7 +156,8 @@ int run() {
             ::close(out);
         });
     const double up = compare(
-        "upload", [&] { isWhole = isWhole && bare.upload(localPath.constData(), "/Documents/up"); },
+        "upload", fileSize,
+        [&] { isWhole = isWhole && bare.upload(localPath.constData(), "/Documents/up"); },
         [&] {
             QFile::remove(iphone.disk.path(iphone.inDocuments(u"ours"_s)));
             const int in = ::open(localPath.constData(), O_RDONLY);
@@ -196,5 +198,8 @@ int list() {
 int main(int argc, char* argv[]) {
     if (!qEnvironmentVariableIsSet("TMPDIR") && QFileInfo(QStringLiteral("/dev/shm")).isWritable())
         qputenv("TMPDIR", "/dev/shm");
-    return argc > 1 && std::string_view(argv[1]) == "list" ? tessary::list() : tessary::run();
+    if (argc > 1 && std::string_view(argv[1]) == "list")
+        return tessary::list();
+    constexpr qint64 usual = 256;
+    return tessary::run((argc > 1 ? std::strtoll(argv[1], nullptr, 10) : usual) << 20);
 }

@@ -100,6 +100,17 @@ TEST(AFCReplug, whatWasNotBegunIsDoneOnANewConnectionAfterAReplug) {
     }
 }
 
+/// As many readers of a mounted phone may have waited.
+TEST(AFCReplug, aPhoneThatIsGoneIsNotLookedForByAHelperEachTime) {
+    IPhoneFiles iphone;
+    (void)iphone.names(u"/"_s);
+    iphone.phone.unplug();
+    const auto begin = std::chrono::steady_clock::now();
+    for (int n = 0; n < 300; ++n)
+        EXPECT_THAT(errorOf([&] { (void)iphone.files.find(u"/a"_s, {}); }), isLost);
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, 3 * bound);
+}
+
 TEST(AFCReplug, aChangeWhoseAnswerWasLostIsNotMadeTwice) {
     for (const Operation& operation : operations) {
         for (const QString& request : QString::fromLatin1(operation.requests).split(u' ')) {

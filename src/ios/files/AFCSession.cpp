@@ -89,7 +89,9 @@ void AFCSession::Slot::giveUp() {
 }
 
 void AFCSession::Slot::open(const std::stop_token& stop) {
-    close(); // the old one ends before the new one begins
+    close();                 // the old one ends before the new one begins
+    if (!attachmentOf(udid)) // to find that out a helper takes a hundred times as long
+        throw Error(PhoneError::notConnected);
     askingForTrust(udid,
                    [&] { opened.link = std::make_shared<AFCLink>(udid, bundleId, limits, stop); });
     const std::scoped_lock lock(mutex);
