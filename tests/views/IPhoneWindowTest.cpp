@@ -29,6 +29,10 @@ protected:
     [[nodiscard]] bool showsApps() const {
         return appList().isVisible() && appList().model()->rowCount() > 1;
     }
+    /// Shown by itself: in two seconds, but on a busy machine.
+    [[nodiscard]] bool showsAppsSoon() const {
+        return QTest::qWaitFor([this] { return showsApps(); }, 10'000);
+    }
     /// From the phone's own page to its apps.
     void openApps() const {
         auto* apps = window_->findChild<QPushButton*>(u"showApps"_s);
@@ -166,10 +170,6 @@ protected:
             device.size() == 1 ? app_->deviceManager().trouble(device[0].id()) : std::nullopt;
         return trouble && errorText(trouble->error).advice == advice && !showsApps();
     }
-    /// Shown by itself, within the time that a person would take for "at once".
-    [[nodiscard]] bool showsAppsSoon() const {
-        return QTest::qWaitFor([this] { return showsApps(); }, 2000);
-    }
 };
 
 TEST_F(UntrustingIPhoneWindowTest, itsAppsAreShownOnceItTrustsThisComputer) {
@@ -185,6 +185,102 @@ TEST_F(UntrustingIPhoneWindowTest, itsAppsAreShownOnceItTrustsThisComputer) {
     window_->choice().showPhone();
     EXPECT_FALSE(trouble->isVisible());
     EXPECT_EQ(phone_.count("lockdown.Pair"), 1U);
+}
+
+TEST_F(IPhoneWindowTest, whatIsDoneRightAfterAReplugWorks) {
+    openApps();
+    clickApp(u"Notes"_s);
+    ASSERT_TRUE(wait([this] { return showsLetter(); }));
+    window_->browser().selection().selectAll();
+    phone_.phone.unplug();
+    phone_.phone.plugInto(phone_.mux);
+    window_->browserView().actions().download->trigger();
+    EXPECT_TRUE(wait([this] { return local_.read(u"letter.txt"_s) == "dear"; }));
+    EXPECT_FALSE(window_->browser().problem());
+}
+
+TEST_F(IPhoneWindowTest, aFileThatBecameAFolderIsNotDeletedAsTheFile) {
+    openApps();
+    clickApp(u"Notes"_s);
+    ASSERT_TRUE(wait([this] { return showsLetter(); }));
+    window_->browser().selection().selectAll();
+    ASSERT_TRUE(QFile::remove(phone_.disk.path(phone_.inDocuments(u"letter.txt"_s))));
+    phone_.write(u"letter.txt/precious"_s, "p");
+    QTimer::singleShot(50, window_.get(), [] {
+        auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(question, nullptr);
+        for (QAbstractButton* each : question->buttons())
+            if (each->text() == u"Delete"_s)
+                each->click();
+    });
+    window_->browserView().actions().remove->trigger();
+    EXPECT_TRUE(wait([this] { return window_->browser().problem().has_value(); }));
+    EXPECT_EQ(phone_.read(u"letter.txt/precious"_s), "p");
+}
+
+/// An iPhone that answers one request with what breaks or holds up whoever listens, and an Android
+/// phone beside it.
+struct Hostility {
+    const char* name;
+    const char* request;
+    std::optional<VirtualRawAnswer> answer; ///< none at all
+};
+
+void PrintTo(const Hostility& hostility, std::ostream* stream) {
+    *stream << hostility.name;
+}
+
+class HostileIPhoneWindowTest : public IPhoneWindowTest,
+                                public testing::WithParamInterface<Hostility> {
+protected:
+    HostileIPhoneWindowTest() {
+        android_.write(u"DCIM/photo.jpg"_s, "photo");
+        EXPECT_TRUE(wait([this] { return app_->deviceManager().devices().size() == 2; }));
+    }
+    void choose(DevicePlatform platform) {
+        const auto& devices = app_->deviceManager().devices();
+        for (std::size_t n = 0; n < devices.size(); ++n)
+            if (devices[n].platform == platform)
+                clickRow(list("deviceList"), static_cast<int>(n));
+    }
+
+    PluggedPhone android_{bus_, phoneConfig("ANDROID1")};
+};
+
+const QByteArray deep = "<plist>" + QByteArray("<array>").repeated(600'000);
+INSTANTIATE_TEST_SUITE_P(
+    Answers, HostileIPhoneWindowTest,
+    testing::Values(Hostility{"deep", "lockdown.StartSession",
+                              VirtualRawAnswer{QByteArray("\0\x40\x1a\x47", 4) + deep, false}},
+                    Hostility{"endless", "installationProxy.Browse",
+                              VirtualRawAnswer{
+                                  QByteArray("\0\0\xff\xff", 4) + QByteArray(65'535, '<'), true}},
+                    Hostility{"mute", "installationProxy.Browse", std::nullopt}),
+    [](const auto& hostility) { return hostility.param.name; });
+
+TEST_P(HostileIPhoneWindowTest, leavesThePhoneBesideItToWork) {
+    const QString request = QString::fromLatin1(GetParam().request);
+    phone_.faults([&](VirtualIPhoneFaults& faults) {
+        if (GetParam().answer)
+            faults.rawAnswers = {{request, *GetParam().answer}};
+        else
+            faults.hang = {request};
+    });
+    const std::size_t asked = phone_.count(GetParam().request);
+    choose(DevicePlatform::iOS);
+    window_->choice().showApps();
+    window_->browserView().actions().reload->trigger();
+    ASSERT_TRUE(wait([&] { return phone_.count(GetParam().request) > asked; }));
+    choose(DevicePlatform::android);
+    window_->choice().browseFiles();
+    window_->browser().navigateTo(u"/sdcard/DCIM"_s);
+    EXPECT_TRUE(wait([this] {
+        return !window_->browser().isLoading() && window_->browser().items().size() == 1;
+    }));
+    window_->browser().selection().selectAll();
+    window_->browserView().actions().download->trigger();
+    EXPECT_TRUE(wait([this] { return local_.read(u"photo.jpg"_s) == "photo"; }));
+    EXPECT_FALSE(window_->browser().problem());
 }
 
 } // namespace
