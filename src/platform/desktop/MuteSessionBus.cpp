@@ -4,11 +4,15 @@
 #include "platform/net/NetworkError.h"
 #include "platform/net/StreamSocket.h"
 
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCall>
 #include <QFileInfo>
 
 #include <unistd.h>
 
 #include <array>
+#include <vector>
 
 namespace tessary {
 
@@ -28,13 +32,9 @@ QString socketOfSessionBus() {
                                  : QString();
 }
 
-} // namespace
-
-bool leaveMuteSessionBus() {
+/// The bus itself greets.
+bool greets(const QString& path) {
     using namespace std::chrono_literals;
-    const QString path = socketOfSessionBus();
-    if (!QFileInfo::exists(path))
-        return false;
     try {
         // The beginning of a handshake, which each bus answers at once, be it by a refusal.
         const Wait wait{{}, 1s};
@@ -44,11 +44,45 @@ bool leaveMuteSessionBus() {
         socket.write(std::as_bytes(std::span(hello)), wait);
         std::array<std::byte, 64> answer{};
         (void)socket.read(answer, wait);
-        return false;
+        return true;
     } catch (const Error& error) {
-        if (!error.is(NetworkError::timedOut))
-            return false;
+        return !error.is(NetworkError::timedOut);
     }
+}
+
+/// Those on it that Qt waits for, half a minute for each answer, where they run at all.
+bool areServicesAnswering(const QString& path) {
+    constexpr int limit = 2000; // ms, for all of them
+    const QString name = QStringLiteral("tessary-look");
+    bool areAnswering = true;
+    {
+        const QDBusConnection bus =
+            QDBusConnection::connectToBus(QStringLiteral("unix:path=") + path, name);
+        std::vector<QDBusPendingCall> asked;
+        for (const char* service :
+             {"org.a11y.Bus", "com.canonical.AppMenu.Registrar", "org.kde.StatusNotifierWatcher",
+              "org.freedesktop.portal.Desktop"}) {
+            QDBusMessage ping = QDBusMessage::createMethodCall(
+                QString::fromLatin1(service), QStringLiteral("/"),
+                QStringLiteral("org.freedesktop.DBus.Peer"), QStringLiteral("Ping"));
+            ping.setAutoStartService(false);
+            asked.push_back(bus.asyncCall(ping, limit));
+        }
+        for (QDBusPendingCall& call : asked) {
+            call.waitForFinished();
+            areAnswering = areAnswering && call.error().type() != QDBusError::NoReply;
+        }
+    }
+    QDBusConnection::disconnectFromBus(name);
+    return areAnswering;
+}
+
+} // namespace
+
+bool leaveMuteSessionBus() {
+    const QString path = socketOfSessionBus();
+    if (!QFileInfo::exists(path) || (greets(path) && areServicesAnswering(path)))
+        return false;
     DiagnosticsLogger::shared().ui.error("the session bus does not answer: going without it");
     qputenv(addressVariable, "unix:path=/dev/null/mute");
     return true;
