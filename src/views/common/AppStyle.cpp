@@ -12,6 +12,21 @@ constexpr QLatin1StringView plainStyle("fusion");
 
 AppStyle::AppStyle() : QProxyStyle(QString(plainStyle)) {}
 
+void AppStyle::polish(QPalette& palette) {
+    QProxyStyle::polish(palette);
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        const int ground = palette.color(group, QPalette::Base).lightness();
+        const auto isLighter = [&](QPalette::ColorRole role) {
+            return palette.color(group, role).lightness() > ground;
+        };
+        if (isLighter(QPalette::PlaceholderText) == isLighter(QPalette::Text))
+            continue;
+        QColor faded = palette.color(group, QPalette::Text);
+        faded.setAlphaF(0.55F);
+        palette.setColor(group, QPalette::PlaceholderText, faded);
+    }
+}
+
 QSize AppStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                                  const QWidget* widget) const {
     const QSize plain = QProxyStyle::sizeFromContents(type, option, size, widget);

@@ -10,6 +10,9 @@ class AppStyle : public QProxyStyle {
 public:
     AppStyle();
 
+    using QProxyStyle::polish;
+    /// Hints stay readable where a desktop's dark colours have none for them.
+    void polish(QPalette& palette) override;
     [[nodiscard]] QSize sizeFromContents(ContentsType type, const QStyleOption* option,
                                          const QSize& size, const QWidget* widget) const override;
     [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option,
