@@ -2,7 +2,6 @@
 #include "platform/settings/JsonUserDefaults.h"
 #include "views/common/StatusBanner.h"
 
-#include <QProcess>
 #include <QTabWidget>
 #include <QToolButton>
 
@@ -47,11 +46,7 @@ TEST_F(NoticesTest, damagedSettingsAreSaidAndKept) {
 TEST_F(NoticesTest, aProgramThatOpensPhonesIsSaidWhereNoFilesAreShown) {
     open(bus_);
     EXPECT_FALSE(banner().isVisible());
-    const QString name = local_.path(u"gvfsd-mtp"_s);
-    ASSERT_TRUE(QFile::copy(u"/bin/sleep"_s, name));
-    QProcess other;
-    other.start(name, {u"60"_s});
-    ASSERT_TRUE(other.waitForStarted());
+    processes_.setHolders({"gvfsd-mtp"});
     EXPECT_TRUE(wait([&] {
         app_->deviceManager().refreshDeviceList(
             true); // one may still look that began before it ran
@@ -70,8 +65,6 @@ TEST_F(NoticesTest, aProgramThatOpensPhonesIsSaidWhereNoFilesAreShown) {
         EXPECT_TRUE(wait([&] { return banner().isVisible(); }));
         close();
     }
-    other.kill();
-    other.waitForFinished();
 }
 
 TEST_F(NoticesTest, whatLeadsNowhereIsNotOffered) {
