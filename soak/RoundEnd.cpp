@@ -136,7 +136,7 @@ void Round::checkFolders() {
             return !parts.isEmpty();
         };
         QElapsedTimer sincePeace;
-        for (sincePeace.start(); leftParts() && sincePeace.elapsed() < 5000;)
+        for (sincePeace.start(); leftParts() && sincePeace.elapsed() < 60'000;)
             Program::turnFor(50ms);
         if (!parts.isEmpty() && !phone->isDisturbed)
             throw Broken(parts.front() + u" was left on the phone"_s);
