@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/text/ByteCount.h"
 #include "sync/pair/SyncPair.h"
 #include "sync/plan/SyncReport.h"
 
@@ -44,7 +45,7 @@ public:
     }
     void endFile(qint64 bytes) {
         ++counters_.completedFiles;
-        counters_.completedBytes += bytes;
+        counters_.completedBytes = addByteCounts(counters_.completedBytes, bytes);
         counters_.currentFileBytes = 0;
         show();
     }
