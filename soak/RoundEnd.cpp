@@ -136,7 +136,8 @@ void Round::checkFolders() {
             return !parts.isEmpty();
         };
         QElapsedTimer sincePeace;
-        for (sincePeace.start(); leftParts() && sincePeace.elapsed() < 60'000;)
+        for (sincePeace.start();
+             leftParts() && !phone->isDisturbed && sincePeace.elapsed() < 60'000;)
             Program::turnFor(50ms);
         if (!parts.isEmpty() && !phone->isDisturbed)
             throw Broken(parts.front() + u" was left on the phone"_s);

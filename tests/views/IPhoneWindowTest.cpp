@@ -112,11 +112,11 @@ TEST_F(IPhoneWindowTest, theWayBackToTheAppsIsUp) {
 
 class PhotosIPhoneWindowTest : public IPhoneWindowTest {
 protected:
-    PhotosIPhoneWindowTest() : IPhoneWindowTest(wishes(camera_)) {}
-    static VirtualIPhoneConfig wishes(const TemporaryFolder& camera) {
-        camera.write(u"DCIM/100APPLE/IMG_0001.JPG"_s, "a picture");
-        VirtualIPhoneConfig config;
-        config.mediaFolder = camera.path();
+    explicit PhotosIPhoneWindowTest(const VirtualIPhoneConfig& config = {})
+        : IPhoneWindowTest(withPhotos(config)) {}
+    static VirtualIPhoneConfig withPhotos(VirtualIPhoneConfig config) {
+        camera_.write(u"DCIM/100APPLE/IMG_0001.JPG"_s, "a picture");
+        config.mediaFolder = camera_.path();
         return config;
     }
     [[nodiscard]] bool shows(const QString& name) const {
@@ -185,6 +185,25 @@ TEST_F(UntrustingIPhoneWindowTest, itsAppsAreShownOnceItTrustsThisComputer) {
     window_->choice().showPhone();
     EXPECT_FALSE(trouble->isVisible());
     EXPECT_EQ(phone_.count("lockdown.Pair"), 1U);
+}
+
+class LockedIPhoneWindowTest : public PhotosIPhoneWindowTest {
+protected:
+    LockedIPhoneWindowTest() : PhotosIPhoneWindowTest(wishes()) {}
+    static VirtualIPhoneConfig wishes() {
+        VirtualIPhoneConfig config;
+        config.isPaired = false;
+        config.isLocked = true;
+        return config;
+    }
+};
+
+TEST_F(LockedIPhoneWindowTest, itsPhotosAreShownOnceItIsUnlocked) {
+    window_->choice().openMedia();
+    ASSERT_TRUE(wait([this] { return window_->browser().state() == BrowserState::failed; }));
+    phone_.phone.setLocked(false);
+    EXPECT_TRUE(wait([this] { return shows(u"DCIM"_s); }));
+    EXPECT_FALSE(window_->browser().problem());
 }
 
 TEST_F(IPhoneWindowTest, whatIsDoneRightAfterAReplugWorks) {

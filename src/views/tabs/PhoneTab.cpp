@@ -22,6 +22,17 @@
 
 namespace tessary {
 
+namespace {
+
+bool waitedForUser(const std::optional<BrowserProblem>& problem) {
+    return problem && std::ranges::any_of(problem->failures, [](const auto& failure) {
+               return failure.error.is(PhoneError::locked) ||
+                      failure.error.is(PhoneError::notTrusted);
+           });
+}
+
+} // namespace
+
 PhoneTab::PhoneTab(const Shared& shared)
     : shared_(shared),
       app_(shared.app),
@@ -129,6 +140,13 @@ void PhoneTab::connectChoice() {
     connect(&import_, &ImportViewModel::removalEnded, &shared_.notices,
             &GeneralNotices::tellRemoval);
     connect(&app_.deviceManager(), &DeviceManager::troubleChanged, this, &PhoneTab::troubleChanged);
+    connect(&app_.deviceManager(), &DeviceManager::detailsSettled, this, [this] {
+        // Nobody else may have met it while it was locked.
+        const auto& active = browser_.activeDevice();
+        if (active && (waitedForUser(browser_.problem()) || waitedForUser(apps_.problem())) &&
+            !app_.deviceManager().trouble(active->id()))
+            readAgain(active->id());
+    });
 }
 
 FavoriteCommands PhoneTab::favoriteCommands() {
@@ -265,14 +283,17 @@ void PhoneTab::troubleChanged(const QString& deviceId) {
         show();
         return;
     }
-    // It was unlocked, or trusts this computer now.
+    readAgain(deviceId); // it was unlocked, or trusts this computer now
+    show();
+}
+
+void PhoneTab::readAgain(const QString& deviceId) {
     const auto listed = apps_.device();
     if (listed && listed->id() == deviceId && apps_.state() == AppListState::failed)
         apps_.reload();
     const auto& active = browser_.activeDevice();
     if (active && active->id() == deviceId && browser_.state() == BrowserState::failed)
         browser_.reload();
-    show();
 }
 
 /// Shows what is meant now.

@@ -103,6 +103,8 @@ private:
     [[nodiscard]] WindowPages* makePages();
     [[nodiscard]] FavoriteCommands favoriteCommands();
     void troubleChanged(const QString& deviceId);
+    /// Reads what of a phone could not be read before.
+    void readAgain(const QString& deviceId);
     void lookForAwaited();
     void goToAwaited();
     void show();
