@@ -1,6 +1,6 @@
 #include "preview/decoding/DecodingSandbox.h"
 
-#include "platform/sandbox/Sandbox.h"
+#include "preview/DecoderProgram.h"
 #include "preview/PictureDecoder.h"
 #include "preview/decoding/PictureReader.h"
 
@@ -8,14 +8,9 @@
 #include <QFile>
 #include <QImageReader>
 
-#include <unistd.h>
-
 namespace tessary {
 
 namespace {
-
-constexpr std::chrono::seconds maxProcessorTime{15};
-constexpr qint64 maxMemory = qint64{1} << 30; // bytes of address space
 
 /// Where systems keep fonts, their list, and what PDF needs to know of foreign scripts. Nothing of
 /// this user's own.
@@ -38,13 +33,9 @@ void loadPlugins() {
 
 } // namespace
 
-void enterDecodingSandbox(int input, int output) {
+void enterDecodingSandbox() {
     loadPlugins();
-    SandboxRules rules;
-    rules.descriptors = {input, output, STDERR_FILENO};
-    rules.memory = maxMemory;
-    rules.processorTime = maxProcessorTime;
-    rules.wallTime = std::chrono::duration_cast<std::chrono::seconds>(PictureDecoder::defaultLimit);
+    SandboxRules rules = decoderRules();
     rules.readable = publicFiles;
     enterSandbox(rules);
 }

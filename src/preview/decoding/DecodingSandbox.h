@@ -4,11 +4,11 @@
 
 namespace tessary {
 
-/// Leaves this process what decoding takes and nothing else, for good: the descriptors `input` and
-/// `output`, memory and time for one picture, and this computer's own fonts, for documents that
-/// bring none along. What the libraries would load later is loaded before. std::system_error when
-/// that is not possible: nothing may be decoded then. Needs an application object.
-void enterDecodingSandbox(int input, int output);
+/// Leaves this process what decoding takes and nothing else, for good: decoderRules(), and this
+/// computer's own fonts, for documents that bring none along. What the libraries would load later
+/// is loaded before. std::system_error when that is not possible: nothing may be decoded then.
+/// Needs an application object.
+void enterDecodingSandbox();
 
 /// All that is left to be read of a descriptor. PictureError when it cannot be read or is longer
 /// than PictureDecoder::longestFile.
