@@ -119,7 +119,9 @@ void tourIPhone(TourStage& stage) {
     AppListViewModel& apps = window.apps();
     phones.setTrusted(false);
     phones.plugInIPhone();
-    stage.waitFor("the untrusted iPhone", [&] { return apps.state() == AppListState::failed; });
+    const auto* trouble = window.findChild<QWidget*>(QStringLiteral("phoneTrouble"));
+    stage.waitFor("the untrusted iPhone",
+                  [trouble] { return trouble != nullptr && trouble->isVisible(); });
     stage.shoot(QStringLiteral("iphone-untrusted"));
     phones.setTrusted(true);
     apps.reload();

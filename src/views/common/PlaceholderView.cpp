@@ -20,6 +20,8 @@ PlaceholderView::PlaceholderView(QWidget* parent)
       other_(new QPushButton),
       busy_(new QProgressBar) {
     setObjectName(QStringLiteral("placeholder"));
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::Base); // the list's, whose place it takes
     QFont font = title_->font();
     font.setPointSizeF(font.pointSizeF() * 1.35);
     font.setWeight(QFont::DemiBold);
@@ -62,7 +64,7 @@ PlaceholderView::PlaceholderView(QWidget* parent)
 
 void PlaceholderView::show(const QString& iconName, const QString& title, const QString& detail,
                            const QString& actionTitle, std::function<void()> action, bool isBusy) {
-    picture_->setPixmap(icon(iconName).pixmap(72, 72));
+    picture_->setPixmap(icon(iconName).pixmap(72, 72, QIcon::Disabled)); // faded
     title_->setText(title);
     detail_->setText(detail);
     detail_->setVisible(!detail.isEmpty());

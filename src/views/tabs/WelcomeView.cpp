@@ -53,6 +53,8 @@ QWidget* step(int number, const char* title, const char* detail) {
 
 WelcomeView::WelcomeView(std::function<void()> startDemo, QWidget* parent) : QWidget(parent) {
     setObjectName(QStringLiteral("welcomeView"));
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::Base);
     auto* picture = new QLabel;
     picture->setPixmap(programIcon().pixmap(96, 96));
     picture->setAlignment(Qt::AlignCenter);
