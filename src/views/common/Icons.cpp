@@ -2,9 +2,12 @@
 
 #include <QGuiApplication>
 #include <QHash>
+#include <QIconEngine>
+#include <QPainter>
 #include <QPalette>
 
 #include <array>
+#include <utility>
 
 /// Outside of any namespace, as the macro wants it.
 static void useOwnPictures() {
@@ -36,6 +39,41 @@ constexpr std::array symbols{
     Row{QLatin1StringView("doc"), QLatin1StringView("text-x-generic")},
 };
 
+/// A theme's drawing of one colour, in that of the text: the theme's own fits one ground only.
+class LineIconEngine : public QIconEngine {
+public:
+    explicit LineIconEngine(QIcon drawing) : drawing_(std::move(drawing)) {}
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode,
+               QIcon::State state) override {
+        const qreal ratio = painter->device()->devicePixelRatio();
+        const QPixmap drawn = pixmap((QSizeF(rect.size()) * ratio).toSize(), mode, state);
+        QRectF place(QPointF(), QSizeF(drawn.size()) / ratio);
+        place.moveCenter(QRectF(rect).center());
+        painter->drawPixmap(place, drawn, drawn.rect());
+    }
+    [[nodiscard]] QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap drawn = drawing_.pixmap(size, 1, QIcon::Normal, state);
+        if (drawn.isNull())
+            return drawn;
+        const QPalette colours = QGuiApplication::palette();
+        QPainter painter(&drawn);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+        painter.fillRect(drawn.rect(),
+                         mode == QIcon::Disabled
+                             ? colours.color(QPalette::Disabled, QPalette::WindowText)
+                             : colours.color(mode == QIcon::Selected ? QPalette::HighlightedText
+                                                                     : QPalette::WindowText));
+        return drawn;
+    }
+    [[nodiscard]] QIconEngine* clone() const override {
+        return new LineIconEngine(*this);
+    }
+
+private:
+    const QIcon drawing_;
+};
+
 } // namespace
 
 QIcon icon(const QString& name) {
@@ -54,7 +92,10 @@ QIcon programIcon() {
 }
 
 QIcon lineIcon(const QString& name) {
-    return QIcon::fromTheme(name + QLatin1StringView("-symbolic"), icon(name));
+    const QString symbolic = name + QLatin1StringView("-symbolic");
+    if (!QIcon::hasThemeIcon(symbolic))
+        return icon(name);
+    return QIcon(new LineIconEngine(QIcon::fromTheme(symbolic)));
 }
 
 QIcon fileIcon(const QString& symbol) {
